@@ -1,0 +1,44 @@
+// Where the program's own files lie, and the few questions asked of a path text. Texts name a file beside the
+// program with a leading backslash ("\Trace.LOG"); the separator written is the platform's.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+inline constexpr char kSeparator = '/';
+
+/// The folder where a file "beside the program" lies. Its text has no separator at the end.
+class ProgramFolder {
+ public:
+  explicit ProgramFolder(std::string path);
+
+  [[nodiscard]] const std::string& path() const { return path_; }
+
+  /// The path of "\Name" or "Name" in this folder.
+  [[nodiscard]] std::string beside(std::string_view name) const;
+
+ private:
+  std::string path_;
+};
+
+/// `$KVO5_HOME` if set; else `executableFolder` when it holds KVO5.INI (a portable copy); else KVO5 in
+/// `$XDG_DATA_HOME`, by default `~/.local/share`. `environment` gives a variable's text, empty when unset.
+ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& environment,
+                                const std::string& executableFolder);
+
+/// The folder of the running executable, empty when the system does not tell.
+std::string executableFolder();
+
+/// `folder` with one separator at its end; an empty text stays empty.
+std::string withSeparator(std::string_view folder);
+
+/// What stands behind the last separator. A web address is a name as a whole.
+std::string_view fileNamePart(std::string_view path);
+
+/// What stands up to and with the last separator, empty when there is none.
+std::string_view folderPart(std::string_view path);
+
+}  // namespace kvo

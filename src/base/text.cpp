@@ -1,0 +1,134 @@
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace kvo {
+namespace {
+
+char upperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char lowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool sameLetter(char a, char b) { return upperChar(a) == upperChar(b); }
+
+void appendUtf8(std::string& out, std::uint32_t code) {
+  if (code < 0x80) {
+    out += static_cast<char>(code);
+  } else if (code < 0x800) {
+    out += static_cast<char>(0xC0U | (code >> 6U));
+    out += static_cast<char>(0x80U | (code & 0x3FU));
+  } else {
+    out += static_cast<char>(0xE0U | (code >> 12U));
+    out += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
+    out += static_cast<char>(0x80U | (code & 0x3FU));
+  }
+}
+
+// Windows-1252 differs from Latin-1 in 0x80 to 0x9F; the five holes keep their own number.
+constexpr std::array<std::uint16_t, 32> kWindows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+// Length of the well-formed UTF-8 sequence at the start of `s` (RFC 3629), 0 when there is none.
+std::size_t sequenceLength(std::string_view s) {
+  const auto at = [&](std::size_t i) { return static_cast<unsigned char>(s[i]); };
+  const auto follows = [&](std::size_t i) { return i < s.size() && (at(i) & 0xC0U) == 0x80U; };
+  const unsigned char b = at(0);
+  if (b < 0x80) return 1;
+  if (b >= 0xC2 && b <= 0xDF) return follows(1) ? 2 : 0;
+  if (b >= 0xE0 && b <= 0xEF) {
+    if (!follows(1) || !follows(2)) return 0;
+    if ((b == 0xE0 && at(1) < 0xA0) || (b == 0xED && at(1) > 0x9F)) return 0;
+    return 3;
+  }
+  if (b >= 0xF0 && b <= 0xF4) {
+    if (!follows(1) || !follows(2) || !follows(3)) return 0;
+    if ((b == 0xF0 && at(1) < 0x90) || (b == 0xF4 && at(1) > 0x8F)) return 0;
+    return 4;
+  }
+  return 0;
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::string upper(std::string_view text) {
+  std::string out(text);
+  std::transform(out.begin(), out.end(), out.begin(), upperChar);
+  return out;
+}
+
+std::string lower(std::string_view text) {
+  std::string out(text);
+  std::transform(out.begin(), out.end(), out.begin(), lowerChar);
+  return out;
+}
+
+bool sameText(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), sameLetter);
+}
+
+bool holdsText(std::string_view text, std::string_view part) {
+  return std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter) != text.end() || part.empty();
+}
+
+std::string replaced(std::string_view text, std::string_view from, std::string_view to) {
+  std::string out;
+  if (from.empty()) return std::string(text);
+  for (auto at = text.find(from); at != std::string_view::npos; at = text.find(from)) {
+    out.append(text.substr(0, at)).append(to);
+    text.remove_prefix(at + from.size());
+  }
+  return out.append(text);
+}
+
+std::string_view cutTo(std::string_view text, std::size_t count) {
+  if (text.size() <= count) return text;
+  while (count > 0 && (static_cast<unsigned char>(text[count]) & 0xC0U) == 0x80U) --count;
+  return text.substr(0, count);
+}
+
+std::string quoted(std::string_view text) {
+  std::string out;
+  out.reserve(text.size() + 2);
+  return out.append(1, '"').append(text).append(1, '"');
+}
+
+std::string blanks(std::size_t count) { return std::string(count, ' '); }
+
+std::string extensionOf(std::string_view name) {
+  auto last = name.substr(name.size() - std::min<std::size_t>(3, name.size()));
+  if (const auto stop = last.rfind('.'); stop != std::string_view::npos) last.remove_prefix(stop + 1);
+  return upper(last);
+}
+
+bool isUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const auto length = sequenceLength(bytes);
+    if (length == 0) return false;
+    bytes.remove_prefix(length);
+  }
+  return true;
+}
+
+std::string textFromBytes(std::string bytes) {
+  if (isUtf8(bytes)) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
+    return bytes;
+  }
+  std::string out;
+  out.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const auto b = static_cast<unsigned char>(c);
+    appendUtf8(out, b >= 0x80 && b <= 0x9F ? kWindows1252.at(b - 0x80U) : b);
+  }
+  return out;
+}
+
+}  // namespace kvo

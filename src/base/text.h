@@ -1,0 +1,45 @@
+// Text as the documents and files of the program hold it: UTF-8 in memory, CR LF at line ends, letters
+// compared in the ASCII range only, and never a glance at the locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+inline constexpr std::string_view kCrLf = "\r\n";
+
+/// The text without the blanks and tabs at its two ends.
+std::string_view trimmed(std::string_view text);
+
+std::string upper(std::string_view text);
+std::string lower(std::string_view text);
+
+/// True when both are the same but for the case of ASCII letters.
+bool sameText(std::string_view a, std::string_view b);
+
+/// True when `text` holds `part`, ASCII letters of either case being the same.
+bool holdsText(std::string_view text, std::string_view part);
+
+/// Every `from` replaced by `to`, left to right, what was put in not searched again.
+std::string replaced(std::string_view text, std::string_view from, std::string_view to);
+
+/// The first `count` bytes, less if that would cut a UTF-8 character in two.
+std::string_view cutTo(std::string_view text, std::size_t count);
+
+/// `text` between two quote characters (34), nothing escaped.
+std::string quoted(std::string_view text);
+
+std::string blanks(std::size_t count);
+
+/// The kind of a file by its name: the last three characters, or what follows a full stop inside those
+/// three, in capitals. So "a.jpeg" gives "PEG" and "a.au" gives "AU".
+std::string extensionOf(std::string_view name);
+
+bool isUtf8(std::string_view bytes);
+
+/// Bytes of a text file as UTF-8: a byte order mark is taken off, and what is not valid UTF-8 is read as
+/// Windows-1252 as a whole.
+std::string textFromBytes(std::string bytes);
+
+}  // namespace kvo

@@ -1,0 +1,104 @@
+// Reads and writes a collection: one INI-form text that holds the preferences and the clips. What is not for
+// this room: dialogs, lists, the commands New, Open and Save.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/collection.h"
+#include "core/error_log.h"
+#include "core/section_reader.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/message_boxes.h"
+
+namespace kvo {
+
+/// A collection file beyond this many bytes is refused unread.
+inline constexpr std::uint64_t kMaxCollectionBytes = 512ULL << 20U;
+
+/// Hears how far a long load or save has come and may stop a load.
+class LoadWatch {
+ public:
+  LoadWatch() = default;
+  LoadWatch(const LoadWatch&) = delete;
+  LoadWatch& operator=(const LoadWatch&) = delete;
+  virtual ~LoadWatch() = default;
+
+  virtual void status(std::string_view text) = 0;
+  virtual bool abortClicked() = 0;
+};
+
+struct ReadOptions {
+  /// False leaves the file as it stands, whatever the read finds: for commands that only look or render.
+  bool mayRewrite = true;
+  /// A clip whose file is missing stays in the list, and no question is asked.
+  bool keepMissingClips = false;
+  /// Shows "Loading Clip i of n" and can abort; null shows nothing.
+  LoadWatch* watch = nullptr;
+};
+
+enum class ReadEnd {
+  Done,
+  Cancelled,    ///< the user chose not to go on without a missing file; nothing was written
+  Aborted,      ///< the user stopped the load; what came before is in the lists; nothing was written
+  NotReadable,  ///< no [KVO] section could be read: the program cannot go on with this file
+  NotValid,     ///< [KVO] is there and is not that of a collection
+};
+
+struct ReadReport {
+  ReadEnd end = ReadEnd::Done;
+  std::vector<std::string> missingFiles;
+  std::vector<int> skippedClips;  ///< numbers of clip sections without a usable name or folder
+  bool damaged = false;           ///< sections were missing or out of order
+};
+
+class CollectionFile {
+ public:
+  CollectionFile(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log, const ProgramFolder& folder,
+                 KVO2& settings, Collection& collection);
+
+  /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
+  /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
+  /// written back; when clips were lost on the way the old file is kept beside it with ".old" behind its name.
+  ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
+
+  /// Writes settings and lists to `folder` + `file` in one durable step, reads the head back and clears
+  /// KVO2.IsDirty. False when the file could not be written or checked; it then is what it was before.
+  bool WriteINI(std::string folder, const std::string& file, bool quiet, LoadWatch* watch = nullptr);
+
+  /// True when [KVO] has "DefaultStartupVid" in row 5.
+  bool IsValidCollection(const std::string& fileName);
+
+  /// The first value of [KVO], or "Unknown and Corrupt". `isOther` is true unless it begins "Ver 3.1".
+  std::string CollectionVersion(const std::string& fileName, bool& isOther);
+
+ private:
+  using Rows = std::vector<SectionRow>;
+
+  void readHead(SectionReader& reader, struct HeadRead& head);
+  void readAnimations(SectionReader& reader);
+  void readClips(SectionReader& reader, const ReadOptions& options, ReadReport& report);
+  bool readClip(SectionReader& reader, int number, Movie& clip, int& failures, bool& skipped);
+  void readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report);
+  bool askAboutMissing(const Movie& clip);
+  void rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options);
+  std::string folderField(const SectionRow& row) const;
+  bool fileIsThere(Movie& clip, const Rows& main) const;
+  Long clockKey() const;
+
+  Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step);
+  bool failWrite(std::string_view step, std::string_view why);
+
+  Files& files_;
+  const Clock& clock_;
+  MessageBoxes& boxes_;
+  ErrorLog& log_;
+  const ProgramFolder& folder_;
+  KVO2& settings_;
+  Collection& collection_;
+  ChangePoster poster_;
+};
+
+}  // namespace kvo

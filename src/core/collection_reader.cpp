@@ -1,0 +1,296 @@
+#include "base/text.h"
+#include "core/clip_rows.h"
+#include "core/collection_file.h"
+#include "core/deployment.h"
+#include "core/head_rows.h"
+#include "core/messages.h"
+
+namespace kvo {
+namespace {
+
+constexpr std::size_t kUnusedLength = 128;
+constexpr int kMaxAnimations = 100;
+constexpr int kMaxCorruptAudio = 4;
+constexpr int kShowEvery = 5;
+
+bool isCurrentFolderWord(std::string_view text) { return sameText(text, "CURRDIR"); }
+
+bool isCollectionHead(const std::vector<SectionRow>& rows) {
+  return rows.size() >= 5 && rows[4].key == "DefaultStartupVid";
+}
+
+template <class Record>
+void takeRows(Record& record, std::span<const FieldRow<Record>> rows, const std::vector<SectionRow>& values,
+              std::size_t from = 0) {
+  for (std::size_t i = from; i < std::min(rows.size(), values.size()); ++i) {
+    if (rows[i].take != nullptr) rows[i].take(record, values[i].value);
+  }
+}
+
+std::string numbered(std::string_view name, int number, std::string_view part = {}) {
+  return std::string(name).append(std::to_string(number)).append(part);
+}
+
+std::string lines(std::initializer_list<std::string_view> all) {
+  std::string out;
+  for (const auto line : all) out.append(out.empty() ? "" : kCrLf).append(line);
+  return out;
+}
+
+bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, int count) {
+  if (options.watch == nullptr || i % kShowEvery != 0) return false;
+  options.watch->status(std::string(what) + std::to_string(i) + " of " + std::to_string(count));
+  return options.watch->abortClicked();
+}
+
+}  // namespace
+
+CollectionFile::CollectionFile(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log,
+                               const ProgramFolder& folder, KVO2& settings, Collection& collection)
+    : files_(files),
+      clock_(clock),
+      boxes_(boxes),
+      log_(log),
+      folder_(folder),
+      settings_(settings),
+      collection_(collection),
+      poster_(settings) {}
+
+Long CollectionFile::clockKey() const { return toLongClamped(secondsSinceMidnight(clock_)); }
+
+ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOptions& options) {
+  const auto path = fileName.empty() ? folder_.beside(collection_.IniName) : fileName;
+  ReadReport report;
+  collection_.clearLists();
+  collection_.kind = CollectionKind::Plain;
+  collection_.filesMissing = false;
+  settings_.ProgramVersion(programVersionText());
+
+  auto bytes = files_.read(path, kMaxCollectionBytes);
+  if (!bytes) bytes = files_.read(path, kMaxCollectionBytes);
+  SectionReader reader(bytes ? textFromBytes(std::move(*bytes)) : std::string());
+  Rows rows;
+  if (!reader.GetSection("KVO", rows, 0)) {
+    log_.LogError(std::string(LoadResString(121)) + path + (bytes ? "" : " - " + bytes.error().text));
+    boxes_.show({"Kavio V5",
+                 lines({LoadResString(117), LoadResString(118), LoadResString(119), LoadResString(120)}),
+                 BoxButtons::Ok, BoxIcon::Critical});
+    report.end = ReadEnd::NotReadable;
+    return report;
+  }
+  if (!isCollectionHead(rows)) {
+    log_.LogError(std::string(LoadResString(124)) + path);
+    boxes_.show({"Kavio V5", lines({LoadResString(122), LoadResString(124)}), BoxButtons::Ok, BoxIcon::Critical});
+    report.end = ReadEnd::NotValid;
+    return report;
+  }
+
+  HeadRead head{settings_, folder_};
+  readHead(reader, head);
+  readAnimations(reader);
+  readClips(reader, options, report);
+  if (report.end == ReadEnd::Done) readKeyframes(reader, options, report);
+  if (report.end == ReadEnd::Done && head.rewrite && options.mayRewrite) rewrite(path, report, options);
+  return report;
+}
+
+void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
+  Rows rows;
+  for (const auto& section : headSections()) {
+    const bool found = reader.GetSection(section.name, rows, 0);
+    if (!found && section.name == "Fonts") {
+      log_.LogError("<<ERR031>> - Font Read Failure ");
+      boxes_.show({"KVO V5 - Error",
+                   "Unable to write to disk or sharing violation (Non Fatal) - Please check the access rights. ",
+                   BoxButtons::Ok, BoxIcon::Warning});
+    } else if (!found && section.name == "Directories") {
+      log_.LogError("<<ERR031>> - Bmp Save Failure INI Read Error");
+    } else if (!found && section.name == "AudioAnimation") {
+      log_.LogError("<<ERR031>> - AudioAnimation Read Failure Errc=INI Read Error");
+    } else if (!found && section.name == "Prefs") {
+      log_.LogError("<<ERR031>> - Prefs Read Failure Errc=");
+    }
+    if (!found && section.missing != nullptr) {
+      section.missing(head);
+      continue;
+    }
+    for (std::size_t i = 0; i < section.rows.size() && (!found || i < rows.size()); ++i) {
+      if (section.rows[i].take != nullptr) section.rows[i].take(head, found ? rows[i].value : std::string_view());
+    }
+  }
+}
+
+std::string CollectionFile::folderField(const SectionRow& row) const {
+  if (isCurrentFolderWord(row.value)) return withSeparator(folder_.path());
+  return row.value.size() == kUnusedLength ? std::string() : std::string(row.value);
+}
+
+void CollectionFile::readAnimations(SectionReader& reader) {
+  Rows rows;
+  for (int i = 1; i <= kMaxAnimations && reader.GetSection(numbered("AudMovie", i), rows, 0); ++i) {
+    AudMovies animation;
+    takeRows(animation, audMovieRows(), rows);
+    if (animation.MovieName.size() == kUnusedLength) animation.MovieName.clear();
+    animation.Path = withSeparator(rows.size() > 1 ? folderField(rows[1]) : std::string());
+    if (files_.exists(animation.Path + animation.MovieName)) {
+      collection_.AudMovieList.add(std::move(animation));
+    } else {
+      collection_.filesMissing = true;
+    }
+  }
+}
+
+void CollectionFile::readClips(SectionReader& reader, const ReadOptions& options, ReadReport& report) {
+  const int count = settings_.MoviesInGroup();
+  int audioFailures = 0;
+  for (int i = 1; i <= count; ++i) {
+    if (shownAndAborted(options, "Loading Clip ", i, count)) {
+      report.end = ReadEnd::Aborted;
+      return;
+    }
+    Rows main;
+    if (!reader.GetSection(numbered("Movie", i, "Main"), main, i)) {
+      log_.LogError(std::string("<<ERR033>> - ").append(LoadResString(172)).append(LoadResString(173)));
+      report.damaged = true;
+      return;
+    }
+    Movie clip;
+    clip.listener(nullptr);
+    clip.MovieName(std::string(fileNamePart(main[0].value)));
+    if (holdsText(clip.MovieName(), ".CDA")) collection_.kind = CollectionKind::HoldsCDTracks;
+    if (main.size() > 1) clip.Path(folderField(main[1]));
+    takeRows(clip, movieMainRows(), main, 2);
+    if (clip.Playspeed() == 999) {
+      clip.IsExtendedCD(true);
+      collection_.kind = CollectionKind::HoldsExtendedCD;
+    }
+    if (clip.KeyID() == 0) clip.KeyID(clockKey());
+
+    bool skipped = clip.MovieName().empty() || (clip.Path().empty() && clip.MovieName().find("//") == std::string::npos);
+    if (skipped) {
+      report.skippedClips.push_back(i);
+      continue;
+    }
+    if (!readClip(reader, i, clip, audioFailures, report.damaged)) return;
+    if (audioFailures > kMaxCorruptAudio) return;
+
+    if (!fileIsThere(clip, main)) {
+      report.missingFiles.push_back(clip.Path() + clip.MovieName());
+      collection_.filesMissing = true;
+      if (!options.keepMissingClips) {
+        if (askAboutMissing(clip)) continue;
+        report.end = ReadEnd::Cancelled;
+        return;
+      }
+    }
+    collection_.MovieList.add(std::move(clip)).listener(&poster_);
+  }
+}
+
+// The sections behind Main. False when the load has to stop here.
+bool CollectionFile::readClip(SectionReader& reader, int number, Movie& clip, int& failures, bool& damaged) {
+  Rows rows;
+  if (reader.GetSection(numbered("Movie", number, "Audio"), rows, number)) {
+    takeRows(clip, movieAudioRows(), rows);
+  } else {
+    damaged = true;
+    if (++failures > kMaxCorruptAudio) return false;
+    log_.LogError("<<ERR034>> - Corrupt Audio Descriptions. ");
+  }
+  if (rows.size() < 2) clip.AudioOutputLevel(1.0F);
+
+  if (reader.GetSection(numbered("Movie", number, "Looping"), rows, number)) {
+    takeRows(clip, movieLoopingRows(), rows);
+    // Once more, now that the durations are known, so that the frame fields can be derived.
+    if (!rows.empty()) clip.LoopEnd(Value(rows[0].value));
+  } else {
+    damaged = true;
+    log_.LogError(std::string("<<ERR035>> - Corrupt Looping Descriptions. ").append(LoadResString(174)));
+  }
+
+  if (reader.GetSection(numbered("Movie", number, "Display"), rows, number)) {
+    takeRows(clip, movieDisplayRows(), rows);
+  } else {
+    damaged = true;
+    log_.LogError(std::string(LoadResString(175)).append("<<ERR036>> - Corrupt Display Failure "));
+  }
+  return true;
+}
+
+bool CollectionFile::fileIsThere(Movie& clip, const Rows& main) const {
+  if (clip.MovieName().find("://") != std::string::npos || clip.IsExtendedCD()) return true;
+  if (files_.exists(clip.Path() + clip.MovieName())) return true;
+  // A name or folder with a comma was cut there; the rest of its line may still tell the file.
+  const auto name = fileNamePart(main[0].wholeLine);
+  const auto folder = main.size() > 1 && !isCurrentFolderWord(main[1].value) ? main[1].wholeLine : clip.Path();
+  for (const auto& [f, n] : {std::pair{std::string_view(clip.Path()), name}, std::pair{std::string_view(folder), name},
+                             std::pair{std::string_view(folder), std::string_view(clip.MovieName())}}) {
+    if (!files_.exists(std::string(f).append(n))) continue;
+    const std::string foundFolder(f);
+    clip.MovieName(std::string(n));
+    clip.Path(foundFolder);
+    return true;
+  }
+  return false;
+}
+
+bool CollectionFile::askAboutMissing(const Movie& clip) {
+  const auto text = lines({"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
+                           std::string("File Name = ").append(cutTo(clip.MovieName(), 20)),
+                           "Click OK to continue loading the collection and all",
+                           "missing files will be removed or Cancel to abort",
+                           "and no changes will be made to the collection"});
+  return boxes_.show({"KVO5 - File or Drive not found ", text, BoxButtons::OkCancel, BoxIcon::Question}) == Answer::Ok;
+}
+
+void CollectionFile::readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report) {
+  const int count = settings_.KeyframeCount();
+  Rows rows;
+  for (int i = 1; i <= count; ++i) {
+    if (shownAndAborted(options, "Loading Keyframe ", i, count)) {
+      report.end = ReadEnd::Aborted;
+      return;
+    }
+    if (!reader.GetSection(numbered("KeyFrame", i), rows, i)) {
+      log_.LogError(std::string("<<ERR033>> - ").append(LoadResString(172)).append(LoadResString(173)));
+      report.damaged = true;
+      return;
+    }
+    Keyframe keyframe;
+    takeRows(keyframe, keyframeRows(), rows);
+    if (keyframe.FrameNo >= 0) collection_.KeyframeList.add(std::move(keyframe));
+  }
+}
+
+void CollectionFile::rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options) {
+  if (options.watch != nullptr) options.watch->status("Please Wait \r\nAnalysing Collection");
+  const bool losesClips = report.damaged || !report.skippedClips.empty() || !report.missingFiles.empty();
+  if (losesClips) {
+    const auto old = files_.read(fileName, kMaxCollectionBytes);
+    if (!old || !writeDurably(files_, fileName + ".old", *old)) {
+      log_.LogError("Cannot keep a copy of the old collection, so it is left as it stands - " + fileName);
+      return;
+    }
+  }
+  WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
+}
+
+bool CollectionFile::IsValidCollection(const std::string& fileName) {
+  auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  if (!bytes) return false;
+  SectionReader reader(textFromBytes(std::move(*bytes)));
+  Rows rows;
+  return reader.GetSection("KVO", rows, 0) && isCollectionHead(rows);
+}
+
+std::string CollectionFile::CollectionVersion(const std::string& fileName, bool& isOther) {
+  auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  SectionReader reader(bytes ? textFromBytes(std::move(*bytes)) : std::string());
+  Rows rows;
+  std::string version = "Unknown and Corrupt";
+  if (reader.GetSection("KVO", rows, 0)) version = rows[0].value;
+  isOther = version.substr(0, 7) != "Ver 3.1";
+  return version;
+}
+
+}  // namespace kvo

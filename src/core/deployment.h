@@ -1,0 +1,21 @@
+// What differs from one deployment of the program to the next.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+inline constexpr int kMajor = 5;
+inline constexpr int kMinor = 0;
+inline constexpr int kRevision = 1;
+
+inline constexpr std::string_view kSupportLine = "Please mail support@kvo5.example if you need help.";
+inline constexpr std::string_view kContactAddress = "support@kvo5.example";
+
+/// "Ver 5.0 - Rev - 1"
+inline std::string programVersionText() {
+  return "Ver " + std::to_string(kMajor) + "." + std::to_string(kMinor) + " - Rev - " + std::to_string(kRevision);
+}
+
+}  // namespace kvo

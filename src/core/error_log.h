@@ -1,0 +1,35 @@
+// The error log: one entry for each failure, appended to the file that the settings name.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/paths.h"
+#include "core/settings.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+
+namespace kvo {
+
+class ErrorLog {
+ public:
+  ErrorLog(Files& files, const Clock& clock, KVO2& settings, const ProgramFolder& folder)
+      : files_(files), clock_(clock), settings_(settings), folder_(folder) {}
+
+  /// Appends `text` with date and time. An empty log path in the settings becomes "\KVOError.Log" beside the
+  /// program.
+  void LogError(std::string_view text);
+
+  /// The texts logged since the program began, without date and time.
+  [[nodiscard]] const std::vector<std::string>& texts() const { return texts_; }
+
+ private:
+  Files& files_;
+  const Clock& clock_;
+  KVO2& settings_;
+  const ProgramFolder& folder_;
+  std::vector<std::string> texts_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,19 @@
+// What a clip is for the timeline, by its name and record.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/movie.h"
+
+namespace kvo {
+
+inline std::string clipFile(const Movie& clip) { return clip.Path() + clip.MovieName(); }
+
+/// "WMA", "MP3", "WAV", "AIF", "IFF": a clip of sound alone, which has no place in the video group.
+bool isOverlayAudio(std::string_view name);
+
+/// "CUT" in any case, or empty: no transition leads into the clip.
+bool isCut(std::string_view transType);
+
+}  // namespace kvo

@@ -1,0 +1,66 @@
+// The port to the file system: what the program asks about files, and how a file that a user would miss is
+// replaced. Paths are byte strings as the system knows them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace kvo {
+
+/// The new contents of a file while they are being written. Nothing is seen under the file's name before
+/// commit(); a replacement that is destroyed without it, or whose process dies, leaves the name as it was.
+class Replacement {
+ public:
+  Replacement() = default;
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+  virtual ~Replacement() = default;
+
+  /// Puts `bytes` at byte position `at`; what lies between the end and `at` reads as zeros.
+  virtual Outcome write(std::uint64_t at, std::string_view bytes) = 0;
+
+  /// Bytes so far.
+  [[nodiscard]] virtual std::uint64_t size() const = 0;
+
+  /// Brings the contents to the disk and then, in one step, under the file's name.
+  virtual Outcome commit() = 0;
+};
+
+class Files {
+ public:
+  Files() = default;
+  Files(const Files&) = delete;
+  Files& operator=(const Files&) = delete;
+  virtual ~Files() = default;
+
+  /// True when a regular file of this name can be looked up.
+  [[nodiscard]] virtual bool exists(const std::string& path) const = 0;
+
+  /// The whole file; fails beyond `limit` bytes.
+  [[nodiscard]] virtual Result<std::string> read(const std::string& path, std::uint64_t limit) const = 0;
+
+  /// Begins new contents for `path`, which need not exist; its folder must.
+  virtual Result<std::unique_ptr<Replacement>> replace(const std::string& path) = 0;
+
+  /// Adds to the end of a file, made when it is missing.
+  virtual Outcome append(const std::string& path, std::string_view bytes) = 0;
+
+  /// True when the file is gone afterwards.
+  virtual bool remove(const std::string& path) = 0;
+
+  /// Makes the folder and those above it.
+  virtual Outcome makeFolder(const std::string& path) = 0;
+
+  /// True when both names lead to one and the same file.
+  [[nodiscard]] virtual bool sameFile(const std::string& a, const std::string& b) const = 0;
+};
+
+/// A whole small file in one step.
+Outcome writeDurably(Files& files, const std::string& path, std::string_view bytes);
+
+}  // namespace kvo

@@ -1,0 +1,31 @@
+// The port to what a media file holds: the kinds of its streams, size, rate and length.
+#pragma once
+
+#include <string>
+
+#include "base/result.h"
+
+namespace kvo {
+
+struct StreamFacts {
+  bool hasVideo = false;  ///< moving or still picture
+  bool hasAudio = false;
+  bool isStill = false;       ///< a single picture without a length
+  int width = 0;              ///< pixels, as coded
+  int height = 0;
+  double frameRate = 0;       ///< frames a second, the average of a variable rate; 0 when there is none
+  double duration = 0;        ///< seconds, 0 for a still or when the file does not tell
+};
+
+class FrameSource {
+ public:
+  FrameSource() = default;
+  FrameSource(const FrameSource&) = delete;
+  FrameSource& operator=(const FrameSource&) = delete;
+  virtual ~FrameSource() = default;
+
+  /// Fails with a line that names the file when it is not there or is no media file.
+  virtual Result<StreamFacts> facts(const std::string& path) = 0;
+};
+
+}  // namespace kvo

@@ -1,0 +1,16 @@
+#include "platform/posix/posix_clock.h"
+
+#include <ctime>
+
+namespace kvo {
+
+LocalTime PosixClock::now() const {
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  tm t{};
+  ::localtime_r(&now.tv_sec, &t);
+  return {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday,
+          t.tm_hour,        t.tm_min,     t.tm_sec + static_cast<double>(now.tv_nsec) / 1e9};
+}
+
+}  // namespace kvo

@@ -1,0 +1,13 @@
+// The system's time of day.
+#pragma once
+
+#include "platform/clock.h"
+
+namespace kvo {
+
+class PosixClock : public Clock {
+ public:
+  [[nodiscard]] LocalTime now() const override;
+};
+
+}  // namespace kvo

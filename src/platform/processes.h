@@ -1,0 +1,33 @@
+// The port to other programs: start one with arguments that no shell ever sees, read what it prints, end it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+
+namespace kvo {
+
+struct ProcessEnd {
+  int exitCode = 0;     ///< 128 + signal number when a signal ended it
+  bool ended = false;   ///< true when it was ended by this side before it was done
+};
+
+class Processes {
+ public:
+  Processes() = default;
+  Processes(const Processes&) = delete;
+  Processes& operator=(const Processes&) = delete;
+  virtual ~Processes() = default;
+
+  /// Runs `program` to its end. `line` hears each line of its standard output; standard error is shared.
+  /// `stop` is asked at least ten times a second, and a true answer ends the process.
+  virtual Result<ProcessEnd> run(const std::string& program, const std::vector<std::string>& arguments,
+                                 const std::function<void(std::string_view)>& line,
+                                 const std::function<bool()>& stop) = 0;
+};
+
+}  // namespace kvo
