@@ -1,0 +1,195 @@
+#include "editor/timeline/clip_line.h"
+
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "editor/timeline/audio_tracks.h"
+#include "editor/timeline/clip_kinds.h"
+#include "editor/timeline/durations.h"
+#include "editor/timeline/preview_params.h"
+#include "editor/timeline/transition_element.h"
+
+namespace kvo {
+namespace {
+
+constexpr int kQuietChange = 98;  // change codes from here on run without the progress display
+
+/// Compiling is no change of the user's: the dirty flags are put back when the pass ends.
+class KeepDirtyFlags {
+ public:
+  explicit KeepDirtyFlags(const Compilation& c) : c_(c), settings_(c.settings.IsDirty()) {
+    for (int i = 1; i <= c.clips().count(); ++i) clips_.push_back(c.clips()[i].IsDirty());
+  }
+  KeepDirtyFlags(const KeepDirtyFlags&) = delete;
+  KeepDirtyFlags& operator=(const KeepDirtyFlags&) = delete;
+  ~KeepDirtyFlags() {
+    for (int i = 1; i <= c_.clips().count(); ++i) c_.clips()[i].IsDirty(clips_[static_cast<std::size_t>(i - 1)]);
+    c_.settings.IsDirty(settings_);
+  }
+
+ private:
+  const Compilation& c_;
+  bool settings_;
+  std::vector<bool> clips_;
+};
+
+struct ClipTimes {
+  std::string mstart;
+  std::string mstop;
+  std::string start;
+  std::string stop;
+};
+
+std::string_view stretchModeText(Integer mode) {
+  switch (mode) {
+    case 1:
+      return "preserveaspectratio";
+    case 2:
+      return "preserveaAspectrationoletterbox";
+    case 3:
+      return "crop";
+    default:
+      return "stretch";
+  }
+}
+
+// Place of clip i in a whole-collection pass; `running` comes in as the end of the clip before and goes out as
+// the clip's start.
+ClipTimes placeOnTimeline(const Compilation& c, int i, double& running) {
+  auto& clip = c.clips()[i];
+  if (i > 1 && !isCut(clip.TransType()) && clip.TransIn() != 0) {
+    const double end = clip.Playspeed() == 10 ? c.clips()[i - 1].TimeLineStop().number() : running;
+    running = end - secondsFromTenths(clip.TransIn());
+  }
+  ClipTimes times{clip.LoopStart().text(), fixedText(clip.LoopEnd().number()), "0", ""};
+  if (i > 1) times.start = startText(running);
+  times.stop = fixedText((i > 1 ? running : 0) + timelineLength(clip));
+  clip.TimeLineStart(Value(times.start));
+  clip.TimeLineStop(Value(times.stop));
+  return times;
+}
+
+// The section of clip i that a transition preview shows.
+ClipTimes placeInPreview(const Compilation& c, int i, const ClipLineOptions& o) {
+  const auto& clip = c.clips()[i];
+  const auto& last = c.clips()[o.LastClip];
+  const double start = clip.LoopStart().number();
+  const double end = clip.LoopEnd().number();
+  const double speed = speedOf(clip);
+  const bool isFirst = i == o.FirstClip;
+  if (o.FixedDuration) {
+    const double d = ToNumber(ShortText(o.FixedSeconds));
+    if (isFirst) return {ShortText(end - speed * d), fixedText(end), "0", fixedText(d)};
+    return {clip.LoopStart().text(), fixedText(start + speed * d), ShortText(d), fixedText(2 * d)};
+  }
+  if (o.FirstClip == o.LastClip) {
+    return {clip.LoopStart().text(), fixedText(end), "0", fixedText(timelineLength(clip))};
+  }
+  const double t = secondsFromTenths(last.TransIn());
+  const auto stop = fixedText(t / speedOf(last));
+  if (isFirst) return {ShortText(end - t * speed), fixedText(end), "0", stop};
+  return {clip.LoopStart().text(), fixedText(start + t * speed), "0", stop};
+}
+
+// A still has no sound, and a length only when it is given one.
+void normaliseStill(const Compilation& c, Movie& clip) {
+  clip.HasAudio(false);
+  clip.RenderAudio(false);
+  const auto change = c.settings.ObjectChange();
+  if (clip.LoopStart().number() == 0) clip.LoopStart(Value("0"));
+  if (clip.LoopEnd().number() == 0) clip.LoopEnd(Value(ShortText(c.settings.DefaultStillDuration())));
+  c.settings.ObjectChange(change);
+}
+
+std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourceFile, bool withEffects) {
+  const auto file = useSourceFile && !clip.SrcPath().empty() ? clip.SrcPath() + clip.SrcName() : clipFile(clip);
+  auto text = blanks(10) + "<track>\r\n" + blanks(10) + "<clip src=" + quoted(file) + " ";
+  if (clip.IsStill()) text += " stretchmode=" + quoted(stretchModeText(clip.stretchmode())) + "  ";
+  text += "mstart=" + quoted(times.mstart) + " mstop=" + quoted(times.mstop) + " start=" + quoted(times.start) +
+          " stop=" + quoted(times.stop) + " >\r\n";
+  // The effect blocks of a clip go here, each on a line of its own; the colour block's line stands even when it
+  // has nothing to say.
+  if (withEffects) text += "\r\n" + blanks(15);
+  return text + "\r\n" + blanks(10) + " </clip>\r\n\r\n";
+}
+
+TransitionOptions transitionOptions(const Compilation& c, int i, std::string start, std::string stop) {
+  const auto& clip = c.clips()[i];
+  return {.Start = std::move(start),
+          .Stop = std::move(stop),
+          .Name = clip.TransType(),
+          .Duration = ShortText(secondsFromTenths(clip.TransIn())),
+          .ClipNo = i};
+}
+
+}  // namespace
+
+void CreateClipLine(const Compilation& c, ClipLineOptions o) {
+  const KeepDirtyFlags keep(c);
+  auto& editor = c.editor;
+  auto& settings = c.settings;
+  if (GetNumAudioTracks(c) >= 1) settings.DubInPlaylistAudioTrks(true);
+  UpdateTrackFade(c, true);
+  const bool preview = o.TransitionPreview;
+  static_cast<void>(GetPreviewParams(c, settings.PreviewCPU()));
+  const bool showProgress = !preview && settings.ObjectChange() < kQuietChange;
+  if (preview) {
+    settings.RenderTransitions(true);
+  } else {
+    editor.AudioTotalTime.clear();
+    editor.controls.progressVisible = showProgress;
+    editor.controls.Lbl_Status = o.Analysing ? "Analysing Video" : "Preparing Video";
+    editor.controls.progressCaption = "Analysing";
+  }
+
+  const int first = preview ? o.FirstClip : 1;
+  const int last = preview ? o.LastClip : c.clips().count();
+  const bool fullCompile = settings.ObjectChange() == 0;
+  auto& tracks = editor.texts.VideoTrackText;
+  const auto endTrack = [&] { tracks += blanks(10) + "</track>\r\n\r\n"; };
+  double running = 0;
+  std::string lastStop;
+  for (int i = first; i <= last; ++i) {
+    auto& clip = c.clips()[i];
+    if (fullCompile && editor.controls.progressVisible) editor.controls.progressValue = i;
+    if (isOverlayAudio(clip.MovieName())) continue;
+    if (clip.IsStill()) {
+      normaliseStill(c, clip);
+    } else if (fullCompile) {
+      const auto facts = c.streams.facts(clipFile(clip));
+      clip.HasAudio(facts && facts->hasAudio);
+    }
+
+    const auto times = preview ? placeInPreview(c, i, o) : placeOnTimeline(c, i, running);
+    lastStop = times.stop;
+    tracks += clipElement(clip, times, o.UseSourceFile, fullCompile);
+    if (clip.TransType().empty()) clip.TransType("CUT");
+
+    if (isCut(clip.TransType())) {
+      endTrack();
+    } else if (o.TransitionPreview && i == o.FirstClip) {
+      o.TransitionPreview = false;
+      endTrack();
+      continue;
+    } else {
+      o.TransitionPreview = false;
+      if (!fullCompile) {
+        endTrack();
+      } else if (o.TransitionZero) {
+        AddTransition(c, tracks, transitionOptions(c, i, "0", ShortText(editor.controls.Sld_In.Value / 10)));
+      } else {
+        AddTransition(c, tracks, transitionOptions(c, i, i == 1 ? "0" : ShortText(running), times.stop));
+      }
+    }
+    running = o.FixedDuration ? static_cast<double>(o.FixedSeconds) : running + timelineLength(clip);
+    editor.LastClipStop = clip.TimeLineStop().text();
+  }
+
+  editor.VideoTotalTime = lastStop.empty() ? "0" : lastStop;
+  editor.controls.progressVisible = false;
+  if (ToNumber(lastStop) > ToNumber(editor.LastClipStop)) editor.LastClipStop = lastStop;
+  editor.controls.Fra_Preview = "0 to " + FormatMask(ToNumber(editor.LastClipStop), "0.00") + " (s)";
+}
+
+}  // namespace kvo

@@ -1,0 +1,118 @@
+#include "editor/timeline/render_file.h"
+
+#include <algorithm>
+
+#include "base/file_print.h"
+#include "editor/timeline/audio_tracks.h"
+#include "editor/timeline/clip_kinds.h"
+#include "editor/timeline/clip_line.h"
+#include "editor/timeline/durations.h"
+#include "editor/timeline/video_group.h"
+
+namespace kvo {
+namespace {
+
+constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
+
+// A render compiles at full power whatever the preview is set to.
+class FullPower {
+ public:
+  explicit FullPower(const Compilation& c) : c_(c), power_(c.settings.PreviewCPU()), dirty_(c.settings.IsDirty()) {
+    c.settings.PreviewCPU(kRenderMode);
+    c.settings.IsDirty(dirty_);
+  }
+  FullPower(const FullPower&) = delete;
+  FullPower& operator=(const FullPower&) = delete;
+  ~FullPower() {
+    c_.settings.PreviewCPU(power_);
+    c_.settings.IsDirty(dirty_);
+  }
+
+ private:
+  const Compilation& c_;
+  Integer power_;
+  bool dirty_;
+};
+
+void shortenTransitions(const Compilation& c) {
+  for (int i = 1; i <= c.clips().count(); ++i) {
+    auto& clip = c.clips()[i];
+    if (isOverlayAudio(clip.MovieName()) || isCut(clip.TransType())) continue;
+    const bool wasDirty = clip.IsDirty();
+    SortTransitionTimes(c, i);
+    clip.IsDirty(wasDirty);
+  }
+}
+
+}  // namespace
+
+std::string renderFileText(const Compilation& c, bool hasAudioTracks) {
+  auto& editor = c.editor;
+  const auto& texts = editor.texts;
+  FilePrint file;
+  file.print("<timeline>\r\n");
+  if (HaveAtleastOneVidTrack(c)) file.print(blanks(5) + texts.VideoGroupText + "\r\n\r\n");
+  file.print(texts.VideoTrackText + "\r\n\r\n");
+  if (ToNumber(editor.VideoTotalTime) > 0) file.print(blanks(5) + "</group>\r\n\r\n");
+  if (!hasAudioTracks) CreateAudioGroup(editor, kAudioRate);
+  file.print(blanks(5) + texts.AudioGroupText + "\r\n\r\n");
+  if (hasAudioTracks) file.print(blanks(10) + texts.AudioTrackText + "\r\n\r\n");
+  file.print(blanks(5) + "</group>\r\n\r\n");
+  file.print("</timeline>\r\n");
+  return file.bytes();
+}
+
+Outcome WriteRenderFile(const Compilation& c, bool hasAudioTracks, const std::string& fileName) {
+  return writeDurably(c.files, fileName, renderFileText(c, hasAudioTracks));
+}
+
+void AnalyseRenderFile(const Compilation& c, const std::string& fileName) {
+  auto& stops = c.editor.ClipStopList;
+  stops.clear();
+  const auto bytes = c.files.read(fileName, kMaxDocument);
+  if (!bytes) return;
+  std::string_view rest(*bytes);
+  while (!rest.empty()) {
+    const auto line = rest.substr(0, rest.find('\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    if (line.find("SamplingRate=") != std::string_view::npos) return;
+    const auto at = line.find(" stop=");
+    if (line.find("<clip src=") == std::string_view::npos || at == std::string_view::npos) continue;
+    auto text = replaced(replaced(line.substr(at, 20), "/>", ""), "stop=", "");
+    const auto stop = static_cast<float>(ToNumber(replaced(text, "\"", "")));
+    if (std::find(stops.begin(), stops.end(), stop) == stops.end()) stops.push_back(stop);
+  }
+}
+
+Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
+  auto& editor = c.editor;
+  const FullPower full(c);
+  ClearGlobals(editor);
+  c.settings.ObjectChange(0);
+  shortenTransitions(c);
+
+  if (HaveAtleastOneVidTrack(c)) {
+    int width = c.settings.RenderWidth();
+    int height = c.settings.RenderHeight();
+    GetHeightWidth(editor.controls, height, width);
+    int depth = c.settings.OutputColorDepth();
+    Single rate = 0;
+    CreateVideoGroup(c, depth, width, height, rate, kRenderMode);
+  }
+  CreateClipLine(c, {.UseSourceFile = true});
+  bool audio = false;
+  editor.texts.AudioTrackText.clear();
+  if (editor.controls.Chk_RenderClipAudio) {
+    CreateAudioGroup(editor, kAudioRate);
+    CreateAudioClipLine(c);
+    audio = true;
+  }
+  if (c.settings.DubInPlaylistAudioTrks()) {
+    CreateAudioGroup(editor, kAudioRate);
+    AddOverlayAudioTracks(c, true);
+    audio = true;
+  }
+  return WriteRenderFile(c, audio, fileName);
+}
+
+}  // namespace kvo

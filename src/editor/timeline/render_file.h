@@ -1,0 +1,24 @@
+// The frame of a timeline document, the file, and the whole compile of a collection for a render.
+#pragma once
+
+#include <string>
+
+#include "base/result.h"
+#include "editor/timeline/compilation.h"
+
+namespace kvo {
+
+/// The document's text from the working texts. Without audio tracks it has an audio group all the same.
+std::string renderFileText(const Compilation& c, bool hasAudioTracks);
+
+/// Writes the document to `fileName`, in place of what is there.
+Outcome WriteRenderFile(const Compilation& c, bool hasAudioTracks, const std::string& fileName);
+
+/// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
+void AnalyseRenderFile(const Compilation& c, const std::string& fileName);
+
+/// Compiles the collection for a render at full power into `fileName`: video group and tracks, clip audio and
+/// overlay audio as the controls say. Transitions that are too long for their clips are shortened first.
+Outcome CompileForRender(const Compilation& c, const std::string& fileName);
+
+}  // namespace kvo

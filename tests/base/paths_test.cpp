@@ -1,0 +1,32 @@
+#include "base/paths.h"
+
+#include <map>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+TEST(ProgramFolder, IsFoundByEnvironment) {
+  std::map<std::string, std::string> variables{{"HOME", "/home/u"}};
+  const auto find = [&] {
+    return findProgramFolder([&](const char* name) { return variables[name]; }, "/nowhere").path();
+  };
+  EXPECT_EQ(find(), "/home/u/.local/share/KVO5");
+  variables["XDG_DATA_HOME"] = "/data/";
+  EXPECT_EQ(find(), "/data/KVO5");
+  variables["KVO5_HOME"] = "/kvo/";
+  EXPECT_EQ(find(), "/kvo");
+}
+
+TEST(Paths, TakeNamesApart) {
+  EXPECT_EQ(ProgramFolder("/p").beside("\\Trace.LOG"), "/p/Trace.LOG");
+  EXPECT_EQ(ProgramFolder("/").beside("\\a"), "/a");
+  EXPECT_EQ(fileNamePart("/a/b\\c.avi"), "b\\c.avi");
+  EXPECT_EQ(fileNamePart("http://x/y.asx"), "http://x/y.asx");
+  EXPECT_EQ(folderPart("/a/b.avi"), "/a/");
+  EXPECT_EQ(withSeparator(""), "");
+}
+
+}  // namespace
+}  // namespace kvo

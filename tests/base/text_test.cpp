@@ -1,0 +1,42 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include "base/value.h"
+
+namespace kvo {
+namespace {
+
+TEST(Text, ExtensionIsTheLastThreeCharacters) {
+  const std::pair<const char*, const char*> rows[] = {{"a.avi", "AVI"},  {"a.jpeg", "PEG"}, {"a.au", "AU"},
+                                                      {"x", "X"},        {"", ""},          {"a.aiff", "IFF"},
+                                                      {"a.", ""},        {"a.b.c", "C"}};
+  for (const auto& [name, kind] : rows) EXPECT_EQ(extensionOf(name), kind) << name;
+}
+
+TEST(Text, BytesThatAreNotUtf8AreWindows1252) {
+  EXPECT_EQ(textFromBytes("caf\xE9 \x80"), "caf\xC3\xA9 \xE2\x82\xAC");
+  EXPECT_EQ(textFromBytes("caf\xC3\xA9"), "caf\xC3\xA9");
+  EXPECT_EQ(textFromBytes("\xEF\xBB\xBF[KVO]"), "[KVO]");
+  for (const auto* bad : {"\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82"}) EXPECT_FALSE(isUtf8(bad));
+}
+
+TEST(Text, CutsBetweenCharacters) {
+  EXPECT_EQ(cutTo("a\xC3\xA9z", 2), "a");
+  EXPECT_EQ(cutTo("abc", 20), "abc");
+  EXPECT_EQ(replaced("a--b-", "-", ""), "ab");
+  EXPECT_TRUE(holdsText("44.1 Khz", "KHZ"));
+  EXPECT_EQ(quoted("a\"b"), "\"a\"b\"");
+}
+
+TEST(Value, IsEmptyUntilSet) {
+  EXPECT_FALSE(Value().isSet());
+  EXPECT_EQ(Value().text(), "");
+  EXPECT_EQ(Value(1.5).text(), "1.5");
+  EXPECT_EQ(Value("1.50").text(), "1.50");
+  EXPECT_EQ(Value("1.50 s").number(), 1.5);
+  EXPECT_FALSE(Value("N/A").wholeNumber());
+}
+
+}  // namespace
+}  // namespace kvo
