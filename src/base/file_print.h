@@ -2,10 +2,10 @@
 // line ends the printed text has.
 #pragma once
 
+#include "base/text.h"
+
 #include <string>
 #include <string_view>
-
-#include "base/text.h"
 
 namespace kvo {
 

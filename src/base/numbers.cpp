@@ -1,12 +1,12 @@
 #include "base/numbers.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
-
-#include "base/text.h"
 
 namespace kvo {
 namespace {
@@ -24,8 +24,9 @@ Decimal decimalOf(double value, int significant) {
   Decimal d;
   if (!std::isfinite(value) || value == 0.0) return d;
   std::array<char, 64> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, significant - 1).ptr;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
+                                 significant - 1)
+                       .ptr;
   std::string_view rest(text.data(), static_cast<std::size_t>(end - text.data()));
   if (rest.front() == '-') {
     d.negative = true;
@@ -70,7 +71,8 @@ std::pair<std::string, std::string> roundedDigits(const Decimal& d, std::size_t 
     return i >= 0 && i < static_cast<int>(d.digits.size()) ? d.digits[static_cast<std::size_t>(i)] : '0';
   };
   std::string all;
-  for (int power = std::max(d.exponent, 0); power >= -static_cast<int>(places); --power) all += digitAt(power);
+  for (int power = std::max(d.exponent, 0); power >= -static_cast<int>(places); --power)
+    all += digitAt(power);
   if (!d.digits.empty() && digitAt(-static_cast<int>(places) - 1) >= '5') {
     auto at = all.rbegin();
     for (; at != all.rend() && *at == '9'; ++at) *at = '0';

@@ -18,7 +18,8 @@ ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& e
                                 const std::string& executableFolder) {
   if (auto home = environment("KVO5_HOME"); !home.empty()) return ProgramFolder(std::move(home));
   std::error_code ignored;
-  if (!executableFolder.empty() && std::filesystem::exists(withSeparator(executableFolder) + "KVO5.INI", ignored)) {
+  if (!executableFolder.empty() &&
+      std::filesystem::exists(withSeparator(executableFolder) + "KVO5.INI", ignored)) {
     return ProgramFolder(executableFolder);
   }
   auto data = environment("XDG_DATA_HOME");

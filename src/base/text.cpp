@@ -75,7 +75,8 @@ bool sameText(std::string_view a, std::string_view b) {
 }
 
 bool holdsText(std::string_view text, std::string_view part) {
-  return std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter) != text.end() || part.empty();
+  return std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter) != text.end() ||
+         part.empty();
 }
 
 std::string replaced(std::string_view text, std::string_view from, std::string_view to) {

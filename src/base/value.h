@@ -2,23 +2,23 @@
 // notes and colours. Its text form is what goes to files.
 #pragma once
 
+#include "base/numbers.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
-
-#include "base/numbers.h"
 
 namespace kvo {
 
 class Value {
  public:
   Value() = default;
-  Value(double number) : held_(number) {}                 // NOLINT(google-explicit-constructor)
-  Value(int number) : held_(static_cast<double>(number)) {}  // NOLINT(google-explicit-constructor)
-  Value(std::string text) : held_(std::move(text)) {}     // NOLINT(google-explicit-constructor)
+  Value(double number) : held_(number) {}                     // NOLINT(google-explicit-constructor)
+  Value(int number) : held_(static_cast<double>(number)) {}   // NOLINT(google-explicit-constructor)
+  Value(std::string text) : held_(std::move(text)) {}         // NOLINT(google-explicit-constructor)
   Value(std::string_view text) : held_(std::string(text)) {}  // NOLINT(google-explicit-constructor)
-  Value(const char* text) : held_(std::string(text)) {}   // NOLINT(google-explicit-constructor)
+  Value(const char* text) : held_(std::string(text)) {}       // NOLINT(google-explicit-constructor)
 
   /// False until a number or a text was stored.
   [[nodiscard]] bool isSet() const { return held_.index() != 0; }

@@ -1,27 +1,26 @@
 #include "core/clip_rows.h"
 
+#include "base/text.h"
+
 #include <array>
 #include <type_traits>
-
-#include "base/text.h"
 
 namespace kvo {
 namespace {
 
 // A field behind a getter and a setter of one name.
-#define KVO_ROW(Key, Name)                                                        \
-  FieldRow<Movie> {                                                               \
-    Key, [](const Movie& m) { return fieldText(m.Name()); },                      \
-        [](Movie& m, std::string_view text) {                                     \
-          std::decay_t<decltype(m.Name())> value = m.Name();                      \
-          if (takeField(value, text)) m.Name(std::move(value));                   \
-        }                                                                         \
+#define KVO_ROW(Key, Name)                                                                         \
+  FieldRow<Movie> {                                                                                \
+    Key, [](const Movie& m) { return fieldText(m.Name()); }, [](Movie& m, std::string_view text) { \
+      std::decay_t<decltype(m.Name())> value = m.Name();                                           \
+      if (takeField(value, text)) m.Name(std::move(value));                                        \
+    }                                                                                              \
   }
 
 // A plain member.
-#define KVO_MEMBER_ROW(Record, Key, Member)                               \
-  FieldRow<Record> {                                                      \
-    Key, [](const Record& r) { return fieldText(r.Member); },             \
+#define KVO_MEMBER_ROW(Record, Key, Member)                                 \
+  FieldRow<Record> {                                                        \
+    Key, [](const Record& r) { return fieldText(r.Member); },               \
         [](Record& r, std::string_view text) { takeField(r.Member, text); } \
   }
 
@@ -119,22 +118,16 @@ constexpr std::array kAudioRows = {
 };
 
 constexpr std::array kLoopingRows = {
-    KVO_ROW("LoopEnd        = ", LoopEnd),
-    KVO_ROW("LoopForever    = ", LoopForever),
-    KVO_ROW("LoopOnce       = ", LoopOnce),
-    KVO_ROW("LoopStart      = ", LoopStart),
-    KVO_ROW("DurationFrames = ", DurationFrames),
-    KVO_ROW("DurationTime   = ", DurationTime),
-    KVO_ROW("StillH         = ", StillH),
-    KVO_ROW("StillW         = ", StillW),
+    KVO_ROW("LoopEnd        = ", LoopEnd),        KVO_ROW("LoopForever    = ", LoopForever),
+    KVO_ROW("LoopOnce       = ", LoopOnce),       KVO_ROW("LoopStart      = ", LoopStart),
+    KVO_ROW("DurationFrames = ", DurationFrames), KVO_ROW("DurationTime   = ", DurationTime),
+    KVO_ROW("StillH         = ", StillH),         KVO_ROW("StillW         = ", StillW),
     KVO_ROW("IsStill        = ", IsStill),
 };
 
 constexpr std::array kDisplayRows = {
-    KVO_ROW("ZoomLevel      = ", ZoomLevel),
-    KVO_ROW("Resolution     = ", Resolution),
-    KVO_ROW("PlayFullScreen = ", PlayFullscreen),
-    KVO_ROW("Playsize       = ", Playsize),
+    KVO_ROW("ZoomLevel      = ", ZoomLevel),      KVO_ROW("Resolution     = ", Resolution),
+    KVO_ROW("PlayFullScreen = ", PlayFullscreen), KVO_ROW("Playsize       = ", Playsize),
     KVO_ROW("Size           = ", Size),
 };
 

@@ -2,12 +2,12 @@
 // format: a reader goes by row number, and new rows are only ever added at a section's end.
 #pragma once
 
+#include "core/movie.h"
+#include "core/small_records.h"
+
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "core/movie.h"
-#include "core/small_records.h"
 
 namespace kvo {
 

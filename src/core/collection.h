@@ -1,14 +1,14 @@
 // The open collection: its three ordered lists, the clip in hand, its name. Clip numbers are 1-based.
 #pragma once
 
+#include "core/movie.h"
+#include "core/settings.h"
+#include "core/small_records.h"
+
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "core/movie.h"
-#include "core/settings.h"
-#include "core/small_records.h"
 
 namespace kvo {
 

@@ -2,16 +2,16 @@
 // this room: dialogs, lists, the commands New, Open and Save.
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "core/collection.h"
 #include "core/error_log.h"
 #include "core/section_reader.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/message_boxes.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace kvo {
 
@@ -56,12 +56,13 @@ struct ReadReport {
 
 class CollectionFile {
  public:
-  CollectionFile(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log, const ProgramFolder& folder,
-                 KVO2& settings, Collection& collection);
+  CollectionFile(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log,
+                 const ProgramFolder& folder, KVO2& settings, Collection& collection);
 
   /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
   /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
-  /// written back; when clips were lost on the way the old file is kept beside it with ".old" behind its name.
+  /// written back; when clips were lost on the way the old file is kept beside it with ".old" behind its
+  /// name.
   ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
 
   /// Writes settings and lists to `folder` + `file` in one durable step, reads the head back and clears

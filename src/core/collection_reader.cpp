@@ -80,7 +80,8 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   }
   if (!isCollectionHead(rows)) {
     log_.LogError(std::string(LoadResString(124)) + path);
-    boxes_.show({"Kavio V5", lines({LoadResString(122), LoadResString(124)}), BoxButtons::Ok, BoxIcon::Critical});
+    boxes_.show(
+        {"Kavio V5", lines({LoadResString(122), LoadResString(124)}), BoxButtons::Ok, BoxIcon::Critical});
     report.end = ReadEnd::NotValid;
     return report;
   }
@@ -100,9 +101,10 @@ void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
     const bool found = reader.GetSection(section.name, rows, 0);
     if (!found && section.name == "Fonts") {
       log_.LogError("<<ERR031>> - Font Read Failure ");
-      boxes_.show({"KVO V5 - Error",
-                   "Unable to write to disk or sharing violation (Non Fatal) - Please check the access rights. ",
-                   BoxButtons::Ok, BoxIcon::Warning});
+      boxes_.show(
+          {"KVO V5 - Error",
+           "Unable to write to disk or sharing violation (Non Fatal) - Please check the access rights. ",
+           BoxButtons::Ok, BoxIcon::Warning});
     } else if (!found && section.name == "Directories") {
       log_.LogError("<<ERR031>> - Bmp Save Failure INI Read Error");
     } else if (!found && section.name == "AudioAnimation") {
@@ -115,7 +117,8 @@ void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
       continue;
     }
     for (std::size_t i = 0; i < section.rows.size() && (!found || i < rows.size()); ++i) {
-      if (section.rows[i].take != nullptr) section.rows[i].take(head, found ? rows[i].value : std::string_view());
+      if (section.rows[i].take != nullptr)
+        section.rows[i].take(head, found ? rows[i].value : std::string_view());
     }
   }
 }
@@ -166,7 +169,8 @@ void CollectionFile::readClips(SectionReader& reader, const ReadOptions& options
     }
     if (clip.KeyID() == 0) clip.KeyID(clockKey());
 
-    bool skipped = clip.MovieName().empty() || (clip.Path().empty() && clip.MovieName().find("//") == std::string::npos);
+    bool skipped =
+        clip.MovieName().empty() || (clip.Path().empty() && clip.MovieName().find("//") == std::string::npos);
     if (skipped) {
       report.skippedClips.push_back(i);
       continue;
@@ -222,9 +226,11 @@ bool CollectionFile::fileIsThere(Movie& clip, const Rows& main) const {
   if (files_.exists(clip.Path() + clip.MovieName())) return true;
   // A name or folder with a comma was cut there; the rest of its line may still tell the file.
   const auto name = fileNamePart(main[0].wholeLine);
-  const auto folder = main.size() > 1 && !isCurrentFolderWord(main[1].value) ? main[1].wholeLine : clip.Path();
-  for (const auto& [f, n] : {std::pair{std::string_view(clip.Path()), name}, std::pair{std::string_view(folder), name},
-                             std::pair{std::string_view(folder), std::string_view(clip.MovieName())}}) {
+  const auto folder =
+      main.size() > 1 && !isCurrentFolderWord(main[1].value) ? main[1].wholeLine : clip.Path();
+  for (const auto& [f, n] :
+       {std::pair{std::string_view(clip.Path()), name}, std::pair{std::string_view(folder), name},
+        std::pair{std::string_view(folder), std::string_view(clip.MovieName())}}) {
     if (!files_.exists(std::string(f).append(n))) continue;
     const std::string foundFolder(f);
     clip.MovieName(std::string(n));
@@ -235,12 +241,13 @@ bool CollectionFile::fileIsThere(Movie& clip, const Rows& main) const {
 }
 
 bool CollectionFile::askAboutMissing(const Movie& clip) {
-  const auto text = lines({"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
-                           std::string("File Name = ").append(cutTo(clip.MovieName(), 20)),
-                           "Click OK to continue loading the collection and all",
-                           "missing files will be removed or Cancel to abort",
-                           "and no changes will be made to the collection"});
-  return boxes_.show({"KVO5 - File or Drive not found ", text, BoxButtons::OkCancel, BoxIcon::Question}) == Answer::Ok;
+  const auto text = lines(
+      {"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
+       std::string("File Name = ").append(cutTo(clip.MovieName(), 20)),
+       "Click OK to continue loading the collection and all",
+       "missing files will be removed or Cancel to abort", "and no changes will be made to the collection"});
+  return boxes_.show({"KVO5 - File or Drive not found ", text, BoxButtons::OkCancel, BoxIcon::Question}) ==
+         Answer::Ok;
 }
 
 void CollectionFile::readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report) {
@@ -262,7 +269,8 @@ void CollectionFile::readKeyframes(SectionReader& reader, const ReadOptions& opt
   }
 }
 
-void CollectionFile::rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options) {
+void CollectionFile::rewrite(const std::string& fileName, const ReadReport& report,
+                             const ReadOptions& options) {
   if (options.watch != nullptr) options.watch->status("Please Wait \r\nAnalysing Collection");
   const bool losesClips = report.damaged || !report.skippedClips.empty() || !report.missingFiles.empty();
   if (losesClips) {

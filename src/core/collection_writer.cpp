@@ -21,7 +21,9 @@ void appendRow(std::string& out, std::string_view key, std::string value) {
   out.append(key).append(value).append(kCrLf);
 }
 
-void appendHeading(std::string& out, std::string_view name) { out.append("[").append(name).append("]").append(kCrLf); }
+void appendHeading(std::string& out, std::string_view name) {
+  out.append("[").append(name).append("]").append(kCrLf);
+}
 
 void endSection(std::string& out) { out.append(kCrLf).append(kCrLf); }
 
@@ -57,7 +59,8 @@ std::string cutNote(const std::string& note) {
 void fillUnset(Movie& clip) {
   const bool wasDirty = clip.IsDirty();
   const auto note = clip.Notes().text();
-  if (const auto cut = cutNote(note); !clip.Notes().isSet() || cut.size() != note.size()) clip.Notes(Value(cut));
+  if (const auto cut = cutNote(note); !clip.Notes().isSet() || cut.size() != note.size())
+    clip.Notes(Value(cut));
   if (clip.AltName().empty()) clip.AltName(" ");
   if (clip.LoopStart().text().empty()) {
     clip.listener(nullptr);
@@ -103,7 +106,8 @@ class PrintTo {
 
 bool CollectionFile::failWrite(std::string_view step, std::string_view why) {
   boxes_.show({"KVO V5 - Error", std::string(LoadResString(188)), BoxButtons::Ok, BoxIcon::Critical});
-  log_.LogError(std::string("<<ERR040>> - General WriteINI Failure - Sect=").append(step).append("  -  ").append(why));
+  log_.LogError(
+      std::string("<<ERR040>> - General WriteINI Failure - Sect=").append(step).append("  -  ").append(why));
   return false;
 }
 
@@ -128,12 +132,14 @@ bool CollectionFile::WriteINI(std::string folder, const std::string& file, bool 
   step = "Sec 1";
   auto out = files_.replace(path);
   if (!out) return failWrite("Sec 2", out.error().text);
-  if (auto written = writeSections(**out, quiet, watch, step); !written) return failWrite(step, written.error().text);
+  if (auto written = writeSections(**out, quiet, watch, step); !written)
+    return failWrite(step, written.error().text);
   if (auto committed = (*out)->commit(); !committed) return failWrite(step, committed.error().text);
 
   if (!files_.exists(path)) {
     log_.LogError(
-        "<<Warning003>> >> - WriteINI - Failed to write - Probable cause is Access Permissions or Sharing Violation if "
+        "<<Warning003>> >> - WriteINI - Failed to write - Probable cause is Access Permissions or Sharing "
+        "Violation if "
         "the INI is being edited. Passed in values were " +
         inBrackets() + " ");
     return false;
@@ -141,7 +147,8 @@ bool CollectionFile::WriteINI(std::string folder, const std::string& file, bool 
   const auto failCheck = [&](std::string_view warning) {
     log_.LogError(std::string(warning) + path);
     boxes_.show({"KVO V5 - Error",
-                 "Failed to read Written initialisation data - \r\nClose any other programs you may have open and try "
+                 "Failed to read Written initialisation data - \r\nClose any other programs you may have "
+                 "open and try "
                  "again.",
                  BoxButtons::Ok, BoxIcon::Critical});
     return false;

@@ -15,7 +15,8 @@ inline constexpr std::string_view kContactAddress = "support@kvo5.example";
 
 /// "Ver 5.0 - Rev - 1"
 inline std::string programVersionText() {
-  return "Ver " + std::to_string(kMajor) + "." + std::to_string(kMinor) + " - Rev - " + std::to_string(kRevision);
+  return "Ver " + std::to_string(kMajor) + "." + std::to_string(kMinor) + " - Rev - " +
+         std::to_string(kRevision);
 }
 
 }  // namespace kvo

@@ -1,14 +1,14 @@
 // The error log: one entry for each failure, appended to the file that the settings name.
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "base/paths.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace kvo {
 

@@ -1,9 +1,9 @@
 #include "core/field_types.h"
 
+#include "base/text.h"
+
 #include <cmath>
 #include <limits>
-
-#include "base/text.h"
 
 namespace kvo {
 

@@ -1,11 +1,11 @@
 // The types that the fields of records and settings have, and their forms as text in a collection file.
 #pragma once
 
+#include "base/value.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "base/value.h"
 
 namespace kvo {
 

@@ -1,10 +1,10 @@
 #include "core/head_rows.h"
 
-#include <array>
-#include <optional>
-
 #include "base/text.h"
 #include "core/deployment.h"
+
+#include <array>
+#include <optional>
 
 namespace kvo {
 namespace {
@@ -26,8 +26,8 @@ bool strictBoolean(HeadRead& read, std::string_view text, bool otherwise) {
   return otherwise;
 }
 
-// The number as a whole of the field's type. Not numeric, or refused by `accept`: the default with the rewrite
-// flag. Numeric and out of the type's range: nothing, the field stays as it was.
+// The number as a whole of the field's type. Not numeric, or refused by `accept`: the default with the
+// rewrite flag. Numeric and out of the type's range: nothing, the field stays as it was.
 template <class Type, class Accept>
 std::optional<Type> numberOr(HeadRead& read, std::string_view text, Type otherwise, Accept accept) {
   const auto number = numberIn(text);
@@ -48,15 +48,17 @@ std::string flagText(Long flag) { return fieldText(flag != 0); }
 #define KVO_TEXT(Name) [](const KVO2& s) { return fieldText(s.Name()); }
 #define KVO_TAKE(Body) [](HeadRead& r, std::string_view t) { Body }
 // A row whose read rule is plain conversion: what does not convert leaves the field as it was.
-#define KVO_PLAIN(Key, Name)                                                                     \
-  HeadRow {                                                                                      \
-    Key, KVO_TEXT(Name), KVO_TAKE(std::decay_t<decltype(r.settings.Name())> v = r.settings.Name(); \
-                                  if (takeField(v, t)) r.settings.Name(std::move(v));)           \
+#define KVO_PLAIN(Key, Name)                                                      \
+  HeadRow {                                                                       \
+    Key, KVO_TEXT(Name),                                                          \
+        KVO_TAKE(std::decay_t<decltype(r.settings.Name())> v = r.settings.Name(); \
+                 if (takeField(v, t)) r.settings.Name(std::move(v));)             \
   }
-#define KVO_NUMBER(Key, Name, ...)                                                   \
-  HeadRow {                                                                          \
-    Key, KVO_TEXT(Name), KVO_TAKE(using Type = std::decay_t<decltype(r.settings.Name())>; \
-                                  if (const auto v = numberOr<Type>(r, t, __VA_ARGS__)) r.settings.Name(*v);) \
+#define KVO_NUMBER(Key, Name, ...)                                                           \
+  HeadRow {                                                                                  \
+    Key, KVO_TEXT(Name),                                                                     \
+        KVO_TAKE(using Type = std::decay_t<decltype(r.settings.Name())>;                     \
+                 if (const auto v = numberOr<Type>(r, t, __VA_ARGS__)) r.settings.Name(*v);) \
   }
 #define KVO_WRITTEN_ONLY(Key, Name) \
   HeadRow { Key, KVO_TEXT(Name), nullptr }
@@ -70,7 +72,8 @@ constexpr std::array kKvoRows = {
             KVO_TAKE(r.settings.ErrorLog(textOr(r, t, r.folder.beside("\\KVOError.Log")));)},
     KVO_PLAIN("SoundCard            = ", SoundCard),
     HeadRow{"DefaultStartupVid    = ", KVO_TEXT(DefaultStartupVid),
-            KVO_TAKE(r.settings.DefaultStartupVid(t.size() == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));)},
+            KVO_TAKE(r.settings.DefaultStartupVid(
+                t.size() == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));)},
     KVO_NUMBER("MoviesInGroup        = ", MoviesInGroup, -1),
     HeadRow{"Support              = ", KVO_TEXT(Support),
             [](HeadRead& r, std::string_view) { r.settings.Support(std::string(kSupportLine)); }},
@@ -101,17 +104,21 @@ constexpr std::array kUserRows = {
 };
 
 constexpr std::array kFontRows = {
-    HeadRow{"Font                 = ", KVO_TEXT(TextFont), KVO_TAKE(r.settings.TextFont(textOr(r, t, "Ariel"));)},
-    HeadRow{"Size                 = ", KVO_TEXT(TextSize), KVO_TAKE(r.settings.TextSize(textOr(r, t, "10"));)},
+    HeadRow{"Font                 = ", KVO_TEXT(TextFont),
+            KVO_TAKE(r.settings.TextFont(textOr(r, t, "Ariel"));)},
+    HeadRow{"Size                 = ", KVO_TEXT(TextSize),
+            KVO_TAKE(r.settings.TextSize(textOr(r, t, "10"));)},
     HeadRow{"Color                = ", KVO_TEXT(TextColor),
             KVO_TAKE(r.settings.TextColor(textOr(r, t, "&H00FF0000&"));)},
-    HeadRow{"Style                = ", KVO_TEXT(TextStyle), KVO_TAKE(r.settings.TextStyle(textOr(r, t, "Regular"));)},
+    HeadRow{"Style                = ", KVO_TEXT(TextStyle),
+            KVO_TAKE(r.settings.TextStyle(textOr(r, t, "Regular"));)},
 };
 
 constexpr std::array kDirectoryRows = {
     HeadRow{"JoinSaveAs            = ", KVO_TEXT(JoinSaveAs),
             KVO_TAKE(r.settings.JoinSaveAs(textOr(r, t, r.folder.path()));)},
-    HeadRow{"LoadFrom             = ", KVO_TEXT(LoadFrom), KVO_TAKE(r.settings.LoadFrom(textOr(r, t, "C:\\"));)},
+    HeadRow{"LoadFrom             = ", KVO_TEXT(LoadFrom),
+            KVO_TAKE(r.settings.LoadFrom(textOr(r, t, "C:\\"));)},
     HeadRow{"ColLoadFrom          = ", KVO_TEXT(ColLoadFrom),
             KVO_TAKE(r.settings.ColLoadFrom(textOr(r, t, r.folder.path()));)},
 };

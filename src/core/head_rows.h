@@ -2,12 +2,12 @@
 // defaults that hold when a value is bad or a section is missing.
 #pragma once
 
+#include "base/paths.h"
+#include "core/settings.h"
+
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "base/paths.h"
-#include "core/settings.h"
 
 namespace kvo {
 
@@ -27,7 +27,8 @@ struct HeadRow {
 struct HeadSection {
   std::string_view name;
   std::span<const HeadRow> rows;
-  void (*missing)(HeadRead&);  ///< applies what holds without the section; null when every row is read as empty
+  void (*missing)(
+      HeadRead&);  ///< applies what holds without the section; null when every row is read as empty
 };
 
 /// [KVO], [User], [Fonts], [Directories], [AudioAnimation], [Prefs], [EditDecisionListPrefs].

@@ -2,10 +2,10 @@
 // number, Playspeed is in tenths of normal speed, TransIn and TransOut in tenths of a second.
 #pragma once
 
+#include "core/field_types.h"
+
 #include <string>
 #include <utility>
-
-#include "core/field_types.h"
 
 namespace kvo {
 

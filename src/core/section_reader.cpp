@@ -1,8 +1,8 @@
 #include "core/section_reader.h"
 
-#include <algorithm>
-
 #include "base/text.h"
+
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -64,7 +64,8 @@ bool SectionReader::GetSection(std::string_view name, std::vector<SectionRow>& r
       break;
     }
     const bool last = keepOpen >= 1 && isLastRow(item.text);
-    if (!last && item.text.find('[') != std::string_view::npos && item.text.find('.') == std::string_view::npos) {
+    if (!last && item.text.find('[') != std::string_view::npos &&
+        item.text.find('.') == std::string_view::npos) {
       at_ = itemStart;
       insideLine_ = wasInside;
       break;
@@ -72,7 +73,9 @@ bool SectionReader::GetSection(std::string_view name, std::vector<SectionRow>& r
     const auto equals = item.text.find('=');
     if (equals != std::string_view::npos) {
       const auto key = trimmed(item.text.substr(0, equals));
-      if (!key.empty()) rows.push_back({key, trimmed(item.text.substr(equals + 1)), trimmed(item.toLineEnd.substr(equals + 1))});
+      if (!key.empty())
+        rows.push_back(
+            {key, trimmed(item.text.substr(equals + 1)), trimmed(item.toLineEnd.substr(equals + 1))});
     }
     if (last) break;
   }

@@ -23,9 +23,9 @@ class SectionReader {
   SectionReader(const SectionReader&) = delete;
   SectionReader& operator=(const SectionReader&) = delete;
 
-  /// Fills `rows` with the section `name` (no brackets); true when there was at least one row. A `keepOpen` of
-  /// 1 or more goes on from where the last such call stopped and ends at the known last rows of clip sections;
-  /// 0 searches from the top and forgets the place.
+  /// Fills `rows` with the section `name` (no brackets); true when there was at least one row. A `keepOpen`
+  /// of 1 or more goes on from where the last such call stopped and ends at the known last rows of clip
+  /// sections; 0 searches from the top and forgets the place.
   bool GetSection(std::string_view name, std::vector<SectionRow>& rows, int keepOpen);
 
  private:

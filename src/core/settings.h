@@ -1,33 +1,33 @@
-// KVO2: every preference and the run-time state that rooms share, as named fields. The preferences travel with
-// the collection file; opening another collection replaces them. A fresh object holds the values that apply
-// when a file has no section for them.
+// KVO2: every preference and the run-time state that rooms share, as named fields. The preferences travel
+// with the collection file; opening another collection replaces them. A fresh object holds the values that
+// apply when a file has no section for them.
 #pragma once
+
+#include "core/field_types.h"
 
 #include <string>
 #include <utility>
 
-#include "core/field_types.h"
-
 namespace kvo {
 
-#define KVO_SETTING(Type, Name, Default)                          \
- public:                                                          \
-  [[nodiscard]] const Type& Name() const { return field##Name; }  \
-  void Name(Type value) { field##Name = std::move(value); }       \
-                                                                  \
- private:                                                         \
+#define KVO_SETTING(Type, Name, Default)                         \
+ public:                                                         \
+  [[nodiscard]] const Type& Name() const { return field##Name; } \
+  void Name(Type value) { field##Name = std::move(value); }      \
+                                                                 \
+ private:                                                        \
   Type field##Name { Default }
 
 // As KVO_SETTING, and the setter marks the collection as changed.
-#define KVO_SAVED_SETTING(Type, Name, Default)                    \
- public:                                                          \
-  [[nodiscard]] const Type& Name() const { return field##Name; }  \
-  void Name(Type value) {                                         \
-    field##Name = std::move(value);                               \
-    fieldIsDirty = true;                                          \
-  }                                                               \
-                                                                  \
- private:                                                         \
+#define KVO_SAVED_SETTING(Type, Name, Default)                   \
+ public:                                                         \
+  [[nodiscard]] const Type& Name() const { return field##Name; } \
+  void Name(Type value) {                                        \
+    field##Name = std::move(value);                              \
+    fieldIsDirty = true;                                         \
+  }                                                              \
+                                                                 \
+ private:                                                        \
   Type field##Name { Default }
 
 class KVO2 {
@@ -57,7 +57,7 @@ class KVO2 {
   KVO_SETTING(std::string, CDROMDrive, );
   KVO_SETTING(Long, ToolTipsOn, 0);  // flag
   KVO_SAVED_SETTING(std::string, DisplayColor, "&H00FF0000&");
-  KVO_SETTING(Long, AcceptedAgreement, -1);   // flag
+  KVO_SETTING(Long, AcceptedAgreement, -1);  // flag
   KVO_SAVED_SETTING(std::string, JoinSaveAs, );
   KVO_SAVED_SETTING(std::string, LoadFrom, );
   KVO_SETTING(Long, NoofUses, 0);
@@ -81,7 +81,7 @@ class KVO2 {
   KVO_SETTING(Single, DefaultStillDuration, 7);  // seconds
   KVO_SETTING(Boolean, StillsIndividual, false);
   KVO_SAVED_SETTING(Integer, OutputResolution, 8);
-  KVO_SAVED_SETTING(Single, OutPutFrameRate, 25);  // frames a second
+  KVO_SAVED_SETTING(Single, OutPutFrameRate, 25);    // frames a second
   KVO_SAVED_SETTING(Integer, OutputColorDepth, 24);  // bits: 16, 24 or 32
   KVO_SAVED_SETTING(Integer, PreviewType, 0);
   KVO_SETTING(Boolean, ShowFrameOrTime, false);

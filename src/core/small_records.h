@@ -1,10 +1,10 @@
 // The three small records beside Movie: plain data, stored with the collection (markers are not).
 #pragma once
 
+#include "core/field_types.h"
+
 #include <array>
 #include <string>
-
-#include "core/field_types.h"
 
 namespace kvo {
 

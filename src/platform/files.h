@@ -2,13 +2,13 @@
 // replaced. Paths are byte strings as the system knows them.
 #pragma once
 
+#include "base/result.h"
+
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "base/result.h"
 
 namespace kvo {
 

@@ -1,20 +1,20 @@
 // The port to what a media file holds: the kinds of its streams, size, rate and length.
 #pragma once
 
-#include <string>
-
 #include "base/result.h"
+
+#include <string>
 
 namespace kvo {
 
 struct StreamFacts {
   bool hasVideo = false;  ///< moving or still picture
   bool hasAudio = false;
-  bool isStill = false;       ///< a single picture without a length
-  int width = 0;              ///< pixels, as coded
+  bool isStill = false;  ///< a single picture without a length
+  int width = 0;         ///< pixels, as coded
   int height = 0;
-  double frameRate = 0;       ///< frames a second, the average of a variable rate; 0 when there is none
-  double duration = 0;        ///< seconds, 0 for a still or when the file does not tell
+  double frameRate = 0;  ///< frames a second, the average of a variable rate; 0 when there is none
+  double duration = 0;   ///< seconds, 0 for a still or when the file does not tell
 };
 
 class FrameSource {

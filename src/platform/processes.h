@@ -1,19 +1,19 @@
 // The port to other programs: start one with arguments that no shell ever sees, read what it prints, end it.
 #pragma once
 
+#include "base/result.h"
+
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "base/result.h"
-
 namespace kvo {
 
 struct ProcessEnd {
-  int exitCode = 0;     ///< 128 + signal number when a signal ended it
-  bool ended = false;   ///< true when it was ended by this side before it was done
+  int exitCode = 0;    ///< 128 + signal number when a signal ended it
+  bool ended = false;  ///< true when it was ended by this side before it was done
 };
 
 class Processes {

@@ -1,16 +1,16 @@
 #include "base/text.h"
 
-#include <gtest/gtest.h>
-
 #include "base/value.h"
+
+#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
 TEST(Text, ExtensionIsTheLastThreeCharacters) {
-  const std::pair<const char*, const char*> rows[] = {{"a.avi", "AVI"},  {"a.jpeg", "PEG"}, {"a.au", "AU"},
-                                                      {"x", "X"},        {"", ""},          {"a.aiff", "IFF"},
-                                                      {"a.", ""},        {"a.b.c", "C"}};
+  const std::pair<const char*, const char*> rows[] = {{"a.avi", "AVI"}, {"a.jpeg", "PEG"}, {"a.au", "AU"},
+                                                      {"x", "X"},       {"", ""},          {"a.aiff", "IFF"},
+                                                      {"a.", ""},       {"a.b.c", "C"}};
   for (const auto& [name, kind] : rows) EXPECT_EQ(extensionOf(name), kind) << name;
 }
 
@@ -18,7 +18,8 @@ TEST(Text, BytesThatAreNotUtf8AreWindows1252) {
   EXPECT_EQ(textFromBytes("caf\xE9 \x80"), "caf\xC3\xA9 \xE2\x82\xAC");
   EXPECT_EQ(textFromBytes("caf\xC3\xA9"), "caf\xC3\xA9");
   EXPECT_EQ(textFromBytes("\xEF\xBB\xBF[KVO]"), "[KVO]");
-  for (const auto* bad : {"\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82"}) EXPECT_FALSE(isUtf8(bad));
+  for (const auto* bad : {"\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82"})
+    EXPECT_FALSE(isUtf8(bad));
 }
 
 TEST(Text, CutsBetweenCharacters) {

@@ -2,17 +2,17 @@
 // clock that stands still, and streams told by name.
 #pragma once
 
-#include <deque>
-#include <map>
-#include <string>
-#include <vector>
-
 #include "core/collection_file.h"
 #include "editor/timeline/compilation.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/frame_source.h"
 #include "platform/message_boxes.h"
+
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
 
 namespace kvo::test {
 
@@ -133,7 +133,8 @@ struct Bench {
     clip.RenderAudio(true);
     clip.Resolution("640 x 480");
     clip.TransType("CUT");
-    streams.all[path + name] = {.hasVideo = true, .hasAudio = true, .width = 640, .height = 480, .frameRate = 25};
+    streams.all[path + name] = {
+        .hasVideo = true, .hasAudio = true, .width = 640, .height = 480, .frameRate = 25};
     files.all[path + name] = "x";
     return clip;
   }

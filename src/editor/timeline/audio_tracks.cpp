@@ -1,19 +1,19 @@
 #include "editor/timeline/audio_tracks.h"
 
-#include <algorithm>
-#include <array>
-
 #include "base/text.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/volume_envelope.h"
 
+#include <algorithm>
+#include <array>
+
 namespace kvo {
 namespace {
 
 std::string trackHead(std::string_view file, double mstart, double mstop) {
-  return blanks(10) + "<track>\r\n" + blanks(10) + "<clip src=" + quoted(file) + " mstart=" +
-         quoted(fixedText(mstart)) + " mstop=" + quoted(fixedText(mstop)) + " ";
+  return blanks(10) + "<track>\r\n" + blanks(10) + "<clip src=" + quoted(file) +
+         " mstart=" + quoted(fixedText(mstart)) + " mstop=" + quoted(fixedText(mstop)) + " ";
 }
 
 std::string placeText(std::string_view startText, std::string_view stopText) {
@@ -25,7 +25,8 @@ std::string trackEnd() { return blanks(10) + "</track>\r\n\r\n\r\n"; }
 template <std::size_t N>
 bool anyOfKinds(const Compilation& c, const std::array<std::string_view, N>& kinds) {
   for (int i = 1; i <= c.clips().count(); ++i) {
-    if (std::find(kinds.begin(), kinds.end(), extensionOf(c.clips()[i].MovieName())) != kinds.end()) return true;
+    if (std::find(kinds.begin(), kinds.end(), extensionOf(c.clips()[i].MovieName())) != kinds.end())
+      return true;
   }
   return false;
 }
@@ -79,8 +80,8 @@ void addClipAudio(const Compilation& c, int number) {
 
 // The running end of the overlay tracks and what holds them.
 struct OverlayPass {
-  double end = 0;        // seconds: where the next track in sequence starts
-  double videoEnd = 0;   // 0 when nothing is trimmed
+  double end = 0;       // seconds: where the next track in sequence starts
+  double videoEnd = 0;  // 0 when nothing is trimmed
   int count = 0;
   bool stopped = false;  // a track was cut at the video's end; later ones are left out
   std::string lastStop;
@@ -144,8 +145,8 @@ void addOverlay(const Compilation& c, int number, OverlayPass& pass) {
 
 void CreateAudioGroup(EditorState& editor, std::string_view rate) {
   editor.AudioLevelingCount = 0;
-  editor.texts.AudioGroupText =
-      "<group type=" + quoted("audio") + " SamplingRate=" + quoted(rate) + " name=" + quoted("AUDIO") + ">\r\n";
+  editor.texts.AudioGroupText = "<group type=" + quoted("audio") + " SamplingRate=" + quoted(rate) +
+                                " name=" + quoted("AUDIO") + ">\r\n";
 }
 
 void CreateAudioClipLine(const Compilation& c) {
@@ -200,7 +201,8 @@ bool CheckForAudiotrack(const Compilation& c) {
 }
 
 bool AtLeastOneAudioInCollection(const Compilation& c) {
-  return anyOfKinds(c, std::array<std::string_view, 8>{"WAV", "WMA", "AIF", "MID", "MP3", "AU", "IDI", "SND"});
+  return anyOfKinds(c,
+                    std::array<std::string_view, 8>{"WAV", "WMA", "AIF", "MID", "MP3", "AU", "IDI", "SND"});
 }
 
 bool IsAudioBeforeVideo(const Compilation& c) {

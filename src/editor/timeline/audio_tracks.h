@@ -1,10 +1,10 @@
-// The audio group: the clips' own sound under their pictures, the overlay audio of the collection, and the checks
-// on where audio clips stand.
+// The audio group: the clips' own sound under their pictures, the overlay audio of the collection, and the
+// checks on where audio clips stand.
 #pragma once
 
-#include <string_view>
-
 #include "editor/timeline/compilation.h"
+
+#include <string_view>
 
 namespace kvo {
 
@@ -13,8 +13,8 @@ inline constexpr std::string_view kAudioRate = "44100";  ///< samples a second o
 /// Sets AudioGroupText and starts the count of envelopes.
 void CreateAudioGroup(EditorState& editor, std::string_view rate);
 
-/// Starts AudioTrackText and appends a track for each clip with a picture whose sound is wanted. CreateClipLine
-/// has to run first: the sound lies where the picture lies.
+/// Starts AudioTrackText and appends a track for each clip with a picture whose sound is wanted.
+/// CreateClipLine has to run first: the sound lies where the picture lies.
 void CreateAudioClipLine(const Compilation& c);
 
 /// Appends a track for each overlay audio clip and leaves AudioTotalTime. `quiet` shows no status.

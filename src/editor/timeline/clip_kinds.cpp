@@ -9,6 +9,8 @@ bool isOverlayAudio(std::string_view name) {
   return kind == "WMA" || kind == "MP3" || kind == "WAV" || kind == "AIF" || kind == "IFF";
 }
 
-bool isCut(std::string_view transType) { return trimmed(transType).empty() || sameText(trimmed(transType), "CUT"); }
+bool isCut(std::string_view transType) {
+  return trimmed(transType).empty() || sameText(trimmed(transType), "CUT");
+}
 
 }  // namespace kvo

@@ -1,10 +1,10 @@
 // What a clip is for the timeline, by its name and record.
 #pragma once
 
+#include "core/movie.h"
+
 #include <string>
 #include <string_view>
-
-#include "core/movie.h"
 
 namespace kvo {
 

@@ -1,14 +1,14 @@
 #include "editor/timeline/clip_line.h"
 
-#include <string>
-#include <vector>
-
 #include "base/text.h"
 #include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/transition_element.h"
+
+#include <string>
+#include <vector>
 
 namespace kvo {
 namespace {
@@ -24,7 +24,8 @@ class KeepDirtyFlags {
   KeepDirtyFlags(const KeepDirtyFlags&) = delete;
   KeepDirtyFlags& operator=(const KeepDirtyFlags&) = delete;
   ~KeepDirtyFlags() {
-    for (int i = 1; i <= c_.clips().count(); ++i) c_.clips()[i].IsDirty(clips_[static_cast<std::size_t>(i - 1)]);
+    for (int i = 1; i <= c_.clips().count(); ++i)
+      c_.clips()[i].IsDirty(clips_[static_cast<std::size_t>(i - 1)]);
     c_.settings.IsDirty(settings_);
   }
 
@@ -54,8 +55,8 @@ std::string_view stretchModeText(Integer mode) {
   }
 }
 
-// Place of clip i in a whole-collection pass; `running` comes in as the end of the clip before and goes out as
-// the clip's start.
+// Place of clip i in a whole-collection pass; `running` comes in as the end of the clip before and goes out
+// as the clip's start.
 ClipTimes placeOnTimeline(const Compilation& c, int i, double& running) {
   auto& clip = c.clips()[i];
   if (i > 1 && !isCut(clip.TransType()) && clip.TransIn() != 0) {
@@ -103,13 +104,14 @@ void normaliseStill(const Compilation& c, Movie& clip) {
 }
 
 std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourceFile, bool withEffects) {
-  const auto file = useSourceFile && !clip.SrcPath().empty() ? clip.SrcPath() + clip.SrcName() : clipFile(clip);
+  const auto file =
+      useSourceFile && !clip.SrcPath().empty() ? clip.SrcPath() + clip.SrcName() : clipFile(clip);
   auto text = blanks(10) + "<track>\r\n" + blanks(10) + "<clip src=" + quoted(file) + " ";
   if (clip.IsStill()) text += " stretchmode=" + quoted(stretchModeText(clip.stretchmode())) + "  ";
-  text += "mstart=" + quoted(times.mstart) + " mstop=" + quoted(times.mstop) + " start=" + quoted(times.start) +
-          " stop=" + quoted(times.stop) + " >\r\n";
-  // The effect blocks of a clip go here, each on a line of its own; the colour block's line stands even when it
-  // has nothing to say.
+  text += "mstart=" + quoted(times.mstart) + " mstop=" + quoted(times.mstop) +
+          " start=" + quoted(times.start) + " stop=" + quoted(times.stop) + " >\r\n";
+  // The effect blocks of a clip go here, each on a line of its own; the colour block's line stands even when
+  // it has nothing to say.
   if (withEffects) text += "\r\n" + blanks(15);
   return text + "\r\n" + blanks(10) + " </clip>\r\n\r\n";
 }

@@ -16,9 +16,9 @@ struct ClipLineOptions {
   bool UseSourceFile = false;  ///< SrcPath + SrcName where set, in place of Path + MovieName
 };
 
-/// Fills VideoTrackText with a track for each clip that has a picture and writes TimeLineStart and TimeLineStop
-/// into the records. Leaves VideoTotalTime and LastClipStop. A record's or the settings' dirty flag, and the
-/// change code, are the same afterwards.
+/// Fills VideoTrackText with a track for each clip that has a picture and writes TimeLineStart and
+/// TimeLineStop into the records. Leaves VideoTotalTime and LastClipStop. A record's or the settings' dirty
+/// flag, and the change code, are the same afterwards.
 void CreateClipLine(const Compilation& c, ClipLineOptions options);
 
 }  // namespace kvo

@@ -1,9 +1,9 @@
 #include "editor/timeline/durations.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "editor/timeline/clip_kinds.h"
+
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -58,7 +58,8 @@ void SortTransitionTimes(const Compilation& c, int clipNo) {
 }
 
 Single CalcMinimumDur(const Compilation& c, int clipA, int clipB) {
-  const auto m = static_cast<Single>(std::min(timelineLength(c.clips()[clipA]), timelineLength(c.clips()[clipB])));
+  const auto m =
+      static_cast<Single>(std::min(timelineLength(c.clips()[clipA]), timelineLength(c.clips()[clipB])));
   if (m < 0.25F) return m;
   if (m < 0.5F) return 0.25F;
   if (m < 1.0F) return 0.5F;
@@ -72,7 +73,8 @@ Long FindShortestCut(const Compilation& c, bool audioOnly) {
   Long shortest = kNone;
   for (int i = 1; i <= c.clips().count(); ++i) {
     const auto& clip = c.clips()[i];
-    const auto kind = upper(clip.MovieName().substr(std::min(clip.MovieName().rfind('.') + 1, clip.MovieName().size())));
+    const auto kind =
+        upper(clip.MovieName().substr(std::min(clip.MovieName().rfind('.') + 1, clip.MovieName().size())));
     const bool isAudio = kind == "WAV" || kind == "WMA" || kind == "MP3" || kind == "AIFF";
     if (isAudio != audioOnly) continue;
     shortest = std::min(shortest, toLongClamped(clip.LoopEnd().number() - clip.LoopStart().number()));

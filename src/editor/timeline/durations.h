@@ -2,10 +2,10 @@
 // what follows from both. All times are seconds; TransIn and the sliders are in tenths of a second.
 #pragma once
 
+#include "editor/timeline/compilation.h"
+
 #include <string>
 #include <string_view>
-
-#include "editor/timeline/compilation.h"
 
 namespace kvo {
 
@@ -34,11 +34,12 @@ void SortTransitionTimes(const Compilation& c, int clipNo);
 /// The section length in seconds for previewing a plain cut between two clips.
 Single CalcMinimumDur(const Compilation& c, int clipA, int clipB);
 
-/// The shortest source range among the sound clips, or among the others, in whole seconds; 0 when there is none.
+/// The shortest source range among the sound clips, or among the others, in whole seconds; 0 when there is
+/// none.
 Long FindShortestCut(const Compilation& c, bool audioOnly);
 
-/// True walks the clips and sets HasAudioFade of those with a video stream; false holds VideoTrackFadeAmt within
-/// the shortest clip.
+/// True walks the clips and sets HasAudioFade of those with a video stream; false holds VideoTrackFadeAmt
+/// within the shortest clip.
 void UpdateTrackFade(const Compilation& c, bool audioPass);
 
 struct Autofade {
@@ -47,8 +48,8 @@ struct Autofade {
   std::string FadeOutStart;  ///< seconds from the clip's start; empty when left alone
 };
 
-/// Whether an automatic fade of `amount` seconds (0 counts as 2) fits. `startText` and `stopText` have the forms
-/// start="4" and stop="8.0000".
+/// Whether an automatic fade of `amount` seconds (0 counts as 2) fits. `startText` and `stopText` have the
+/// forms start="4" and stop="8.0000".
 Autofade CalcAutofade(std::string_view startText, std::string_view stopText, Single amount);
 
 /// The number in a text of the form start="4".

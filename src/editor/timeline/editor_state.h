@@ -1,5 +1,6 @@
-// What the editor holds while it compiles a collection: the working texts, the totals that come out of a pass,
-// and the state of the controls that steer it. Plain data; a window draws the controls, nothing here knows one.
+// What the editor holds while it compiles a collection: the working texts, the totals that come out of a
+// pass, and the state of the controls that steer it. Plain data; a window draws the controls, nothing here
+// knows one.
 #pragma once
 
 #include <string>

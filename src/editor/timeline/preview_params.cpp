@@ -1,10 +1,10 @@
 #include "editor/timeline/preview_params.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <array>
 #include <vector>
-
-#include "base/text.h"
 
 namespace kvo {
 namespace {

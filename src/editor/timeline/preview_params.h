@@ -6,15 +6,16 @@
 namespace kvo {
 
 struct PreviewParams {
-  double Scale = 1;    ///< the output size is divided by it
-  int Depth = 24;      ///< bits
-  Single Rate = 25;    ///< frames a second
+  double Scale = 1;  ///< the output size is divided by it
+  int Depth = 24;    ///< bits
+  Single Rate = 25;  ///< frames a second
   bool Effects = true;
   bool Transitions = true;
 };
 
-/// Reads the section of the power value (1 to 10; 0 counts as 10), sets RenderEffects and RenderTransitions, and
-/// holds depth and rate to the output's. A rate of 99 is the output rate. A missing file is written first.
+/// Reads the section of the power value (1 to 10; 0 counts as 10), sets RenderEffects and RenderTransitions,
+/// and holds depth and rate to the output's. A rate of 99 is the output rate. A missing file is written
+/// first.
 PreviewParams GetPreviewParams(const Compilation& c, int power);
 
 }  // namespace kvo

@@ -1,13 +1,13 @@
 #include "editor/timeline/render_file.h"
 
-#include <algorithm>
-
 #include "base/file_print.h"
 #include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/clip_line.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/video_group.h"
+
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -17,7 +17,8 @@ constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
 // A render compiles at full power whatever the preview is set to.
 class FullPower {
  public:
-  explicit FullPower(const Compilation& c) : c_(c), power_(c.settings.PreviewCPU()), dirty_(c.settings.IsDirty()) {
+  explicit FullPower(const Compilation& c)
+      : c_(c), power_(c.settings.PreviewCPU()), dirty_(c.settings.IsDirty()) {
     c.settings.PreviewCPU(kRenderMode);
     c.settings.IsDirty(dirty_);
   }

@@ -1,10 +1,10 @@
 // The frame of a timeline document, the file, and the whole compile of a collection for a render.
 #pragma once
 
-#include <string>
-
 #include "base/result.h"
 #include "editor/timeline/compilation.h"
+
+#include <string>
 
 namespace kvo {
 

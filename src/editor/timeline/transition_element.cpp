@@ -1,10 +1,10 @@
 #include "editor/timeline/transition_element.h"
 
-#include <algorithm>
-#include <array>
-
 #include "base/text.h"
 #include "editor/timeline/durations.h"
+
+#include <algorithm>
+#include <array>
 
 namespace kvo {
 namespace {
@@ -51,7 +51,9 @@ std::string extraParam(std::string_view name, std::string_view value) {
   return "<param name=" + quoted(name) + " value=" + quoted(value) + " />";
 }
 
-std::string firstExtraParam(const Movie& clip) { return extraParam(clip.ExtraParamName1(), clip.ExtraParamValue1()); }
+std::string firstExtraParam(const Movie& clip) {
+  return extraParam(clip.ExtraParamName1(), clip.ExtraParamValue1());
+}
 
 std::string secondExtraParam(const Movie& clip) {
   const auto& name = clip.ExtraParamName2();
@@ -68,7 +70,8 @@ void addGeneric(std::string& text, const Movie& clip, const TransitionOptions& o
   text += blanks(20) + firstExtraParam(clip) + "\r\n";
   text += blanks(20) + secondExtraParam(clip) + "\r\n\r\n";
   text += blanks(20) + "<param name=\"Progress\" value=\"0.0\">\r\n";
-  text += blanks(25) + "<linear time=" + quoted(ShortText(ToNumber(o.Duration) - kMargin)) + " value=\"1\"/>\r\n";
+  text +=
+      blanks(25) + "<linear time=" + quoted(ShortText(ToNumber(o.Duration) - kMargin)) + " value=\"1\"/>\r\n";
   text += blanks(20) + "</param>\r\n";
   text += blanks(15) + "</transition>\r\n";
 }
@@ -90,7 +93,8 @@ void AddTransition(const Compilation& c, std::string& trackText, TransitionOptio
 }
 
 std::string_view TransitionFriendlyNameToCLSID(std::string_view name) {
-  const auto* found = std::find_if(kClasses.begin(), kClasses.end(), [&](const auto& k) { return k.name == name; });
+  const auto* found =
+      std::find_if(kClasses.begin(), kClasses.end(), [&](const auto& k) { return k.name == name; });
   return found == kClasses.end() ? std::string_view() : found->clsid;
 }
 

@@ -13,7 +13,8 @@ void ClearGlobals(EditorState& editor) {
   editor.LastClipStop.clear();
 }
 
-void CreateVideoGroup(const Compilation& c, int& depth, int& width, int& height, Single& frameRate, int mode) {
+void CreateVideoGroup(const Compilation& c, int& depth, int& width, int& height, Single& frameRate,
+                      int mode) {
   auto& settings = c.settings;
   if (settings.PreviewCPU() == 0) settings.PreviewCPU(10);
   auto tail = "buffering=" + quoted(settings.DirectXPrebuffer()) + " ";
@@ -27,10 +28,10 @@ void CreateVideoGroup(const Compilation& c, int& depth, int& width, int& height,
     height = toLongClamped(height / params.Scale);
     tail += "PreviewMode=" + quoted("True") + " ";
   }
-  c.editor.texts.VideoGroupText = "<group type=" + quoted("video") + " bitdepth=" + quoted(std::to_string(depth)) +
-                                  " width=" + quoted(std::to_string(width)) + " height=" +
-                                  quoted(std::to_string(height)) + " framerate=" + quoted(ShortText(frameRate)) +
-                                  " name=" + quoted("VIDEO") + " " + tail + " >\r\n";
+  c.editor.texts.VideoGroupText =
+      "<group type=" + quoted("video") + " bitdepth=" + quoted(std::to_string(depth)) +
+      " width=" + quoted(std::to_string(width)) + " height=" + quoted(std::to_string(height)) +
+      " framerate=" + quoted(ShortText(frameRate)) + " name=" + quoted("VIDEO") + " " + tail + " >\r\n";
   c.editor.OutputWidth = width;
   c.editor.OutputHeight = height;
 }

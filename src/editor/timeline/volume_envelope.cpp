@@ -33,7 +33,8 @@ std::string linesWithoutFades(const Compilation& c, const Movie& clip, const Lev
     text += clip.HasAudioFade() ? line(fixedText(ToNumber(o.AutoFadeIn)), level) : line("0.01", level);
   }
   if (clip.HasAudioFade() && !o.AutoFadeOut.empty()) {
-    text += line(fixedText(ToNumber(o.AutoFadeOut)), level) + line(fixedText(d), level) + line(fixedText(d), "0");
+    text +=
+        line(fixedText(ToNumber(o.AutoFadeOut)), level) + line(fixedText(d), level) + line(fixedText(d), "0");
   }
   return text;
 }
@@ -56,7 +57,8 @@ void AddLevelingInfo(const Compilation& c, std::string& trackText, const Levelin
   trackText += blanks(15) + "<effect start=\"0\" " +
                (isFirst ? " stop=" + quoted(FormatMask(stop, "0.0")) : "stop=" + quoted(fixedText(d))) +
                " clsid=" + quoted(kAudioEnvelopeClass) + " >\r\n";
-  trackText += blanks(20) + "<param name=" + quoted("Vol") + " value=" + quoted(o.FadeIn > 0 ? "0" : level) + ">\r\n";
+  trackText +=
+      blanks(20) + "<param name=" + quoted("Vol") + " value=" + quoted(o.FadeIn > 0 ? "0" : level) + ">\r\n";
   trackText += o.WithFades ? linesWithFades(clip, o, d, level) : linesWithoutFades(c, clip, o, d, level);
   if (!clip.HasAudioFade()) {
     if (o.Silent) {
@@ -71,7 +73,8 @@ void AddLevelingInfo(const Compilation& c, std::string& trackText, const Levelin
 std::string constantEnvelope(double length, Single level) {
   return blanks(15) + "<effect start=" + quoted("0") + " stop=" + quoted(fixedText(length)) +
          " clsid=" + quoted(kAudioEnvelopeClass) + " >\r\n" + blanks(20) + "<param name=" + quoted("Vol") +
-         " value=" + quoted(ShortText(level)) + ">\r\n" + blanks(20) + "</param>\r\n" + blanks(15) + "</effect>\r\n";
+         " value=" + quoted(ShortText(level)) + ">\r\n" + blanks(20) + "</param>\r\n" + blanks(15) +
+         "</effect>\r\n";
 }
 
 }  // namespace kvo

@@ -1,10 +1,10 @@
 // The volume envelope of one clip in the audio group. Its times count from the clip's start on the timeline.
 #pragma once
 
+#include "editor/timeline/compilation.h"
+
 #include <string>
 #include <string_view>
-
-#include "editor/timeline/compilation.h"
 
 namespace kvo {
 
@@ -14,8 +14,8 @@ struct LevelingOptions {
   int ClipNo = 1;
   std::string StartText;  ///< start="4", or a plain number
   std::string StopText;
-  double FadeIn = 0;         ///< seconds
-  double FadeOut = 0;        ///< seconds
+  double FadeIn = 0;          ///< seconds
+  double FadeOut = 0;         ///< seconds
   std::string AutoFadeIn{};   ///< seconds, empty for none
   std::string AutoFadeOut{};  ///< seconds from the clip's start, empty for none
   bool Silent = false;

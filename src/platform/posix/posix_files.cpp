@@ -1,18 +1,17 @@
 #include "platform/posix/posix_files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "base/paths.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <optional>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
-
-#include "base/paths.h"
 
 namespace kvo {
 namespace {
@@ -151,10 +150,12 @@ Result<std::unique_ptr<Replacement>> PosixFiles::replace(const std::string& path
   Descriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode));
   if (!file.valid() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
     scratch = target + ".new" + std::to_string(::getpid());
-    Descriptor named(::open(scratch.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
+    Descriptor named(
+        ::open(scratch.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
     if (!named.valid()) return failure("cannot write", path);
     if (mode) ::fchmod(named.get(), *mode);
-    return std::unique_ptr<Replacement>(std::make_unique<PosixReplacement>(std::move(named), target, scratch));
+    return std::unique_ptr<Replacement>(
+        std::make_unique<PosixReplacement>(std::move(named), target, scratch));
   }
   if (!file.valid()) return failure("cannot write", path);
   if (mode) ::fchmod(file.get(), *mode);

@@ -1,15 +1,14 @@
 #include "platform/posix/posix_processes.h"
 
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <array>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
 
 extern char** environ;  // NOLINT(readability-redundant-declaration)
 
@@ -42,7 +41,8 @@ Result<ProcessEnd> PosixProcesses::run(const std::string& program, const std::ve
                                        const std::function<void(std::string_view)>& line,
                                        const std::function<bool()>& stop) {
   std::array<int, 2> pipe{};
-  if (::pipe2(pipe.data(), O_CLOEXEC) != 0) return Error{std::string("cannot make a pipe: ") + std::strerror(errno)};
+  if (::pipe2(pipe.data(), O_CLOEXEC) != 0)
+    return Error{std::string("cannot make a pipe: ") + std::strerror(errno)};
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);

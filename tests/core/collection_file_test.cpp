@@ -1,0 +1,303 @@
+#include "core/collection_file.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fakes.h"
+#include "support/golden.h"
+
+namespace kvo {
+namespace {
+
+using test::Bench;
+
+std::string withRow(std::string text, const std::string& key, const std::string& value) {
+  const auto at = text.find(key);
+  EXPECT_NE(at, std::string::npos) << key;
+  const auto end = text.find("\r\n", at);
+  return text.replace(at + key.size(), end - at - key.size(), value);
+}
+
+// The text of a saved collection of one clip.
+std::string savedText(const std::function<void(Bench&)>& change = {}) {
+  Bench b;
+  auto& clip = b.addVideo("a.avi", 0, 5);
+  clip.KeyID(42);
+  if (change) change(b);
+  EXPECT_TRUE(b.file.WriteINI("/col", "t.INI", true));
+  return b.files.all["/col/t.INI"];
+}
+
+Bench& load(Bench& b, const std::string& text, const ReadOptions& options = {}) {
+  b.files.all["/col/t.INI"] = text;
+  b.files.all.emplace("/v/a.avi", "x");
+  b.file.ReadINI("/col/t.INI", options);
+  return b;
+}
+
+TEST(CollectionFile, WritesItsExactBytes) {
+  Bench b;
+  auto& clip = b.addVideo("a.avi", 1.5, 5);
+  clip.Notes(Value("a note\r\nof two lines"));
+  clip.TransType("Fade");
+  clip.TransIn(10);
+  clip.KeyID(42);
+  clip.Size("1-2");
+  AudMovies animation;
+  animation.MovieName = "anim.avi";
+  animation.Path = "/v/";
+  b.collection.AudMovieList.add(animation);
+  Keyframe keyframe;
+  keyframe.FrameNo = 12;
+  keyframe.EffectNo = 8;
+  keyframe.Param[0] = Value("0.5");
+  keyframe.ClipName = 42;
+  b.collection.KeyframeList.add(keyframe);
+  ASSERT_TRUE(b.file.WriteINI("/col", "t.INI", true));
+  test::expectGolden("collection.INI", b.files.all["/col/t.INI"]);
+}
+
+TEST(CollectionFile, WhatIsWrittenReadsBackTheSame) {
+  const auto text = savedText([](Bench& b) {
+    auto& clip = b.addVideo("b c.avi", 0.25, 3);
+    clip.KeyID(43);
+    clip.Playspeed(25);
+    clip.AudioOutputLevel(0.4F);
+    clip.EffectWord("1000000000000000000000000000000000000000000000");
+    clip.BorderColor(Value("&H00FF00&"));
+    clip.stretchmode(2);
+    b.settings.DefZoom("75");
+    b.settings.FadInVal(1.25F);
+    b.settings.SkinPath("Quirl");
+  });
+  Bench b;
+  b.files.all["/v/b c.avi"] = "x";
+  load(b, text);
+  ASSERT_EQ(b.collection.MovieList.count(), 2);
+  // The load counts a use and fills what is the deployment's; those rows aside the text is the same.
+  auto again = b.files.all["/col/t.INI"];
+  auto before = text;
+  for (const auto* key : {"ProgramVersion       = ", "ErrorLog             = ", "Support              = ",
+                          "ReplyTo              = ", "TimesUsed            = ", "JoinSaveAs            = ",
+                          "LoadFrom             = ", "ColLoadFrom          = ", "StillDelayTimer      = ",
+                          "PreviewType          = ", "GrfFileName          = "}) {
+    again = withRow(again, key, "");
+    before = withRow(before, key, "");
+  }
+  EXPECT_EQ(again, before);
+}
+
+TEST(CollectionFile, HeadValuesAreHeldToTheirLimits) {
+  const auto text = savedText();
+  struct Row {
+    const char* key;
+    const char* value;
+    std::string (*read)(const KVO2&);
+    const char* becomes;
+  };
+#define FIELD(Name) [](const KVO2& s) { return fieldText(s.Name()); }
+  const Row rows[] = {
+      {"OutputColorDepth     = ", "15", FIELD(OutputColorDepth), "24"},
+      {"OutputColorDepth     = ", "32", FIELD(OutputColorDepth), "32"},
+      {"PreviewType          = ", "0", FIELD(PreviewType), "5"},
+      {"PreviewType          = ", "11", FIELD(PreviewType), "10"},
+      {"PreviewType          = ", "x", FIELD(PreviewType), "10"},
+      {"FadeInDuration       = ", "0", FIELD(FadInVal), "0.2"},
+      {"FadeInDuration       = ", "x", FIELD(FadInVal), "3"},
+      {"FadeOutDuration      = ", "x", FIELD(FadOutVal), "5"},
+      {"OutputFrameRate      = ", "1.5", FIELD(OutPutFrameRate), "24"},
+      {"OutputFrameRate      = ", "x", FIELD(OutPutFrameRate), "25"},
+      {"OutputResolution     = ", "1001", FIELD(OutputResolution), "8"},
+      {"OutputResolution     = ", "1000", FIELD(OutputResolution), "1000"},
+      {"MouseWheelControl    = ", "1", FIELD(MouseWheelControl), "2"},
+      {"MouseWheelControl    = ", "3", FIELD(MouseWheelControl), "3"},
+      {"MouseWheelBufferTime = ", "0", FIELD(ScrollDelay), "0.2"},
+      {"ModemSpeed           = ", "0", FIELD(ModemType), "350"},
+      {"PreviewCPU           = ", "11", FIELD(PreviewCPU), "5"},
+      {"DirectXPrebuffer     = ", "1024", FIELD(DirectXPrebuffer), "30"},
+      {"DirectXPrebuffer     = ", "1023", FIELD(DirectXPrebuffer), "1023"},
+      {"MaxParticles         = ", "31001", FIELD(MaxParticles), "64"},
+      {"MaxParticles         = ", "40000", FIELD(MaxParticles), "64"},
+      {"ParticleSpinSpeed    = ", "0", FIELD(ParticleSpinSpeed), "35"},
+      {"DefaultStartupVid    = ", "NO DEFAULT", FIELD(DefaultStartupVid), ""},
+      {"MuteAtStart          = ", " true ", FIELD(MuteAtStart), "True"},
+      {"MuteAtStart          = ", "yes", FIELD(MuteAtStart), "False"},
+      {"AutoAnimation        = ", "maybe", FIELD(CDAutoAnim), "True"},
+      {"RunAs                = ", "NOT RUN", FIELD(RunMode), "CREATOR"},
+      {"TimesUsed            = ", "7", FIELD(NoofUses), "8"},
+      {"TimesUsed            = ", "x", FIELD(NoofUses), "1"},
+      {"GrfFileName          = ", "a\\\\b.grf", FIELD(GrfFileName), "a\\b.grf"},
+  };
+#undef FIELD
+  for (const auto& row : rows) {
+    Bench b;
+    load(b, withRow(text, row.key, row.value));
+    EXPECT_EQ(row.read(b.settings), row.becomes) << row.key << row.value;
+  }
+  for (const auto& [length, becomes] : {std::pair{128U, std::string("Unknown")}, {127U, std::string(127, 'e')},
+                                        {129U, std::string(129, 'e')}}) {
+    Bench b;
+    load(b, withRow(text, "EMail                = ", std::string(length, 'e')));
+    EXPECT_EQ(b.settings.Email(), becomes);
+  }
+}
+
+TEST(CollectionFile, MissingSectionsTakeTheirDefaults) {
+  auto text = savedText([](Bench& b) { b.settings.RenderHeight(99); });
+  const auto edit = text.find("[EditDecisionListPrefs]");
+  text.erase(edit, text.find("[Movie1Main]") - edit);
+  const auto fonts = text.find("[Fonts]");
+  text.erase(fonts, text.find("[Directories]") - fonts);
+  Bench b;
+  b.settings.RenderHeight(1);
+  load(b, text);
+  EXPECT_EQ(b.settings.RenderHeight(), 320);
+  EXPECT_EQ(b.settings.RenderWidth(), 240);
+  EXPECT_EQ(b.settings.PreviewType(), 0);
+  EXPECT_EQ(b.settings.TextFont().text(), "Ariel");
+  ASSERT_FALSE(b.log.texts().empty());
+  EXPECT_EQ(b.log.texts()[0], "<<ERR031>> - Font Read Failure ");
+}
+
+TEST(CollectionFile, ClipRowsHaveTheirOwnRules) {
+  const auto text = savedText();
+  struct Row {
+    const char* key;
+    std::string value;
+    std::string (*read)(const Movie&);
+    std::string becomes;
+  };
+  const Row rows[] = {
+      {"Notes           = ", "before, behind", [](const Movie& m) { return m.Notes().text(); }, "before"},
+      {"AltName         = ", "False", [](const Movie& m) { return m.AltName(); }, " "},
+      {"AltName         = ", std::string(128, 'n'), [](const Movie& m) { return m.AltName(); }, " "},
+      {"KeyID          = ", "0", [](const Movie& m) { return fieldText(m.KeyID()); }, "50709"},
+      {"PlaySpeed       = ", "999", [](const Movie& m) { return fieldText(m.IsExtendedCD()); }, "True"},
+      {"OutputLevel = ", "5.5", [](const Movie& m) { return fieldText(m.AudioOutputLevel()); }, "1"},
+      {"OutputLevel = ", "x", [](const Movie& m) { return fieldText(m.AudioOutputLevel()); }, "1"},
+      {"OutputLevel = ", "5", [](const Movie& m) { return fieldText(m.AudioOutputLevel()); }, "5"},
+      {"BlurInt         = ", "40000", [](const Movie& m) { return fieldText(m.BlurInt()); }, "0"},
+      {"Corona         = ", "-1", [](const Movie& m) { return fieldText(m.IsCorona()); }, "True"},
+  };
+  for (const auto& row : rows) {
+    Bench b;
+    load(b, withRow(text, row.key, row.value));
+    ASSERT_EQ(b.collection.MovieList.count(), 1) << row.key;
+    EXPECT_EQ(row.read(b.collection.MovieList[1]), row.becomes) << row.key << row.value;
+    EXPECT_FALSE(b.collection.MovieList[1].KeyID() == 0);
+  }
+}
+
+TEST(CollectionFile, CurrentFolderWordMeansTheProgramFolder) {
+  Bench b;
+  b.files.all["/prog/a.avi"] = "x";
+  load(b, withRow(savedText(), "Path            = ", "CURRDIR"));
+  ASSERT_EQ(b.collection.MovieList.count(), 1);
+  EXPECT_EQ(b.collection.MovieList[1].Path(), "/prog/");
+}
+
+TEST(CollectionFile, FoldersThatTheReaderWouldMisreadSurvive) {
+  for (const auto& folder : {std::string("/v/[clips]/"), "/" + std::string(126, 'd') + "/"}) {
+    const auto text = savedText([&](Bench& b) { b.collection.MovieList[1].Path(folder); });
+    Bench b;
+    b.files.all[folder + "./a.avi"] = "x";
+    load(b, text);
+    EXPECT_EQ(b.collection.MovieList.count(), 1) << folder;
+  }
+  Bench comma;
+  comma.files.all["/v/a, b.avi"] = "x";
+  load(comma, savedText([](Bench& b) { b.collection.MovieList[1].MovieName("a, b.avi"); }));
+  ASSERT_EQ(comma.collection.MovieList.count(), 1);
+  EXPECT_EQ(comma.collection.MovieList[1].MovieName(), "a, b.avi");
+}
+
+TEST(CollectionFile, AMissingClipIsAskedAbout) {
+  const auto text = savedText([](Bench& b) { b.addVideo("gone.avi", 0, 1); });
+  Bench ok;
+  load(ok, text);
+  ASSERT_EQ(ok.boxes.shown.size(), 1U);
+  EXPECT_EQ(ok.boxes.shown[0].caption, "KVO5 - File or Drive not found ");
+  EXPECT_EQ(ok.boxes.shown[0].text,
+            "KVO could not verify the file :- \r\nPath = /v/\r\nFile Name = gone.avi\r\n"
+            "Click OK to continue loading the collection and all\r\nmissing files will be removed or Cancel to abort\r\n"
+            "and no changes will be made to the collection");
+  EXPECT_EQ(ok.collection.MovieList.count(), 1);
+  EXPECT_EQ(ok.files.all["/col/t.INI"].find("gone.avi"), std::string::npos);
+  EXPECT_EQ(ok.files.all["/col/t.INI.old"], text) << "what was dropped is still beside it";
+
+  Bench cancel;
+  cancel.boxes.answers = {Answer::Cancel};
+  load(cancel, text);
+  EXPECT_EQ(cancel.files.all["/col/t.INI"], text);
+
+  Bench look;
+  load(look, text, {.mayRewrite = false, .keepMissingClips = true});
+  EXPECT_EQ(look.collection.MovieList.count(), 2);
+  EXPECT_EQ(look.files.all["/col/t.INI"], text);
+  EXPECT_TRUE(look.boxes.shown.empty());
+}
+
+TEST(CollectionFile, DamageEndsTheLoadWithoutLoss) {
+  auto text = savedText([](Bench& b) { b.addVideo("b.avi", 0, 1); });
+  text.replace(text.find("[Movie2Main]"), 12, "[Movie3Main]");
+  Bench b;
+  b.files.all["/v/b.avi"] = "x";
+  load(b, text);
+  EXPECT_EQ(b.collection.MovieList.count(), 1);
+  EXPECT_EQ(b.log.texts().back(), "<<ERR033>> - Corrupt Movie Descriptions. Corrupt Descriptions Failure ");
+  EXPECT_EQ(b.files.all["/col/t.INI.old"], text);
+}
+
+TEST(CollectionFile, KeyframesAreCountedByTheHead) {
+  const auto text = savedText([](Bench& b) {
+    for (Long i = 0; i < 3; ++i) {
+      Keyframe k;
+      k.FrameNo = i - 1;
+      b.collection.KeyframeList.add(k);
+    }
+  });
+  Bench b;
+  load(b, text);
+  EXPECT_EQ(b.collection.KeyframeList.count(), 2) << "a frame below 0 is dropped";
+  Bench many;
+  load(many, withRow(text, "Keyframes            = ", "10001"), {.mayRewrite = false});
+  EXPECT_EQ(many.collection.KeyframeList.count(), 0);
+}
+
+TEST(CollectionFile, OnlyAHundredAnimationsAreRead) {
+  const auto text = savedText([](Bench& b) {
+    for (int i = 0; i < 101; ++i) {
+      AudMovies a;
+      a.MovieName = "anim.avi";
+      a.Path = "/v";
+      b.collection.AudMovieList.add(a);
+    }
+  });
+  Bench b;
+  b.files.all["/v/anim.avi"] = "x";
+  load(b, text, {.mayRewrite = false});
+  EXPECT_EQ(b.collection.AudMovieList.count(), 100);
+}
+
+TEST(CollectionFile, WhatIsNoCollectionIsRefused) {
+  Bench b;
+  b.files.all["/col/x.INI"] = "hello\r\n";
+  EXPECT_EQ(b.file.ReadINI("/col/x.INI").end, ReadEnd::NotReadable);
+  b.files.all["/col/x.INI"] = "[KVO]\r\na = 1\r\nb = 1\r\nc = 1\r\nd = 1\r\ne = 1\r\n";
+  EXPECT_EQ(b.file.ReadINI("/col/x.INI").end, ReadEnd::NotValid);
+  EXPECT_FALSE(b.file.IsValidCollection("/col/x.INI"));
+  bool other = false;
+  b.files.all["/col/old.INI"] = "[KVO]\r\nProgramVersion = Ver 3.1 - x\r\n";
+  EXPECT_EQ(b.file.CollectionVersion("/col/old.INI", other), "Ver 3.1 - x");
+  EXPECT_FALSE(other);
+  EXPECT_EQ(b.file.CollectionVersion("/col/none.INI", other), "Unknown and Corrupt");
+}
+
+TEST(CollectionFile, LogEntriesHaveTheirExactBytes) {
+  Bench b;
+  b.log.LogError("text");
+  EXPECT_EQ(b.files.all["/prog/KVOError.Log"],
+            "text Error Logged at >>  - 07-03-2026  -  \r 07-03-2026  -   2:05:09 PM\r\n");
+}
+
+}  // namespace
+}  // namespace kvo
