@@ -1,9 +1,9 @@
 #include "core/collection_file.h"
 
-#include <gtest/gtest.h>
-
 #include "support/fakes.h"
 #include "support/golden.h"
+
+#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -133,7 +133,8 @@ TEST(CollectionFile, HeadValuesAreHeldToTheirLimits) {
     load(b, withRow(text, row.key, row.value));
     EXPECT_EQ(row.read(b.settings), row.becomes) << row.key << row.value;
   }
-  for (const auto& [length, becomes] : {std::pair{128U, std::string("Unknown")}, {127U, std::string(127, 'e')},
+  for (const auto& [length, becomes] : {std::pair{128U, std::string("Unknown")},
+                                        {127U, std::string(127, 'e')},
                                         {129U, std::string(129, 'e')}}) {
     Bench b;
     load(b, withRow(text, "EMail                = ", std::string(length, 'e')));
@@ -218,7 +219,8 @@ TEST(CollectionFile, AMissingClipIsAskedAbout) {
   EXPECT_EQ(ok.boxes.shown[0].caption, "KVO5 - File or Drive not found ");
   EXPECT_EQ(ok.boxes.shown[0].text,
             "KVO could not verify the file :- \r\nPath = /v/\r\nFile Name = gone.avi\r\n"
-            "Click OK to continue loading the collection and all\r\nmissing files will be removed or Cancel to abort\r\n"
+            "Click OK to continue loading the collection and all\r\nmissing files will be removed or Cancel "
+            "to abort\r\n"
             "and no changes will be made to the collection");
   EXPECT_EQ(ok.collection.MovieList.count(), 1);
   EXPECT_EQ(ok.files.all["/col/t.INI"].find("gone.avi"), std::string::npos);

@@ -1,14 +1,13 @@
 // A save that is cut off at any point leaves the old file or the new one, whole.
-#include <sys/wait.h>
-#include <unistd.h>
+#include "platform/posix/posix_files.h"
+#include "support/fakes.h"
 
 #include <csignal>
 #include <filesystem>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
-
-#include "platform/posix/posix_files.h"
-#include "support/fakes.h"
 
 namespace kvo {
 namespace {
@@ -87,7 +86,8 @@ TEST(DurableSave, AKillLeavesTheOldFileOrTheNewOne) {
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     finished = WIFEXITED(status);
     const auto text = *plain.read(folder + "/t.INI", 1U << 30U);
-    EXPECT_TRUE(text == oldText || text == newText) << "killed at call " << n << ": " << text.size() << " bytes";
+    EXPECT_TRUE(text == oldText || text == newText)
+        << "killed at call " << n << ": " << text.size() << " bytes";
     if (finished) {
       EXPECT_EQ(text, newText);
     }

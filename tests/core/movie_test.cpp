@@ -1,8 +1,8 @@
 #include "core/movie.h"
 
-#include <gtest/gtest.h>
-
 #include "support/fakes.h"
+
+#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -79,10 +79,10 @@ TEST(Movie, PostsChangeCodesByTheirConditions) {
     Integer after;
   };
   const Row rows[] = {
-      {0, [](Movie& m) { m.LoopStart(Value(1)); }, 1},       {95, [](Movie& m) { m.LoopStart(Value(1)); }, 1},
-      {96, [](Movie& m) { m.LoopStart(Value(1)); }, 96},     {0, [](Movie& m) { m.LoopEnd(Value(1)); }, 1},
-      {95, [](Movie& m) { m.LoopEnd(Value(1)); }, 95},       {1, [](Movie& m) { m.LoopEndFrames(5); }, 96},
-      {99, [](Movie& m) { m.LoopStartFrames(5); }, 99},      {1, [](Movie& m) { m.AudioOutputLevel(1); }, 1},
+      {0, [](Movie& m) { m.LoopStart(Value(1)); }, 1},   {95, [](Movie& m) { m.LoopStart(Value(1)); }, 1},
+      {96, [](Movie& m) { m.LoopStart(Value(1)); }, 96}, {0, [](Movie& m) { m.LoopEnd(Value(1)); }, 1},
+      {95, [](Movie& m) { m.LoopEnd(Value(1)); }, 95},   {1, [](Movie& m) { m.LoopEndFrames(5); }, 96},
+      {99, [](Movie& m) { m.LoopStartFrames(5); }, 99},  {1, [](Movie& m) { m.AudioOutputLevel(1); }, 1},
       {95, [](Movie& m) { m.AudioOutputLevel(1); }, 95},
   };
   for (const auto& row : rows) {

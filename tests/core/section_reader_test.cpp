@@ -36,7 +36,8 @@ TEST(SectionReader, FollowsTheItemRule) {
 
 TEST(SectionReader, KeepsItsPlaceAndStopsAtKnownLastRows) {
   SectionReader reader(
-      "[M1Main]\r\nNotes = [odd]\r\nlost = 1\r\n\r\n[M1Audio]\r\nVolume = 1\r\nBalance = 2\r\nHasAudioFade= x\r\n\r\n"
+      "[M1Main]\r\nNotes = [odd]\r\nlost = 1\r\n\r\n[M1Audio]\r\nVolume = 1\r\nBalance = 2\r\nHasAudioFade= "
+      "x\r\n\r\n"
       "[M2Main]\r\na = 1\r\n[M2Audio]\r\nVolume = 3\r\n");
   std::vector<SectionRow> rows;
   EXPECT_FALSE(reader.GetSection("M1Main", rows, 1));

@@ -25,7 +25,8 @@ inline void expectGolden(const std::string& name, const std::string& bytes) {
   const auto at = static_cast<std::size_t>(
       std::mismatch(bytes.begin(), bytes.end(), expected.begin(), expected.end()).first - bytes.begin());
   EXPECT_TRUE(bytes == expected) << name << " differs from byte " << at << ": \"" << bytes.substr(at, 80)
-                                 << "\" instead of \"" << expected.substr(std::min(at, expected.size()), 80) << "\"";
+                                 << "\" instead of \"" << expected.substr(std::min(at, expected.size()), 80)
+                                 << "\"";
 }
 
 }  // namespace kvo::test

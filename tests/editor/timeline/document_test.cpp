@@ -1,12 +1,12 @@
 // Whole timeline documents, compared to the byte.
-#include <gtest/gtest.h>
-
 #include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_line.h"
 #include "editor/timeline/render_file.h"
 #include "editor/timeline/video_group.h"
 #include "support/fakes.h"
 #include "support/golden.h"
+
+#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -63,7 +63,8 @@ TEST(Document, StillsInAllStretchModes) {
 TEST(Document, SpeedsChangeTheTimelineOnly) {
   Bench b;
   int i = 0;
-  for (const float speed : {5.0F, 10.0F, 20.0F}) b.addVideo("v" + std::to_string(i++) + ".avi", 2, 6).Playspeed(speed);
+  for (const float speed : {5.0F, 10.0F, 20.0F})
+    b.addVideo("v" + std::to_string(i++) + ".avi", 2, 6).Playspeed(speed);
   auto& last = b.addVideo("w.avi", 0, 1.0 / 3);
   last.Playspeed(15);
   last.TransType("Dissolve");
@@ -84,7 +85,8 @@ TEST(Document, OverlaysInSequenceAndStackedTrimmedAndNot) {
       faded.AudioFadeInTime(1.5F);
       faded.AudioFadeOutTime(2);
       b.addMusic("o.wma", 0, 5).AudioOutputLevel(0.25F);
-      const auto name = std::string("overlay-") + (stacked ? "stacked" : "sequence") + (trim ? "-trim" : "") + ".xtl";
+      const auto name =
+          std::string("overlay-") + (stacked ? "stacked" : "sequence") + (trim ? "-trim" : "") + ".xtl";
       test::expectGolden(name, compiled(b));
     }
   }
@@ -134,19 +136,29 @@ TEST(Document, TransitionPreviewTakesTheTwoEnds) {
   clip.TransType("Fade");
   clip.TransIn(15);
   b.editor.controls.Sld_In.Value = 15;
-  CreateClipLine(b.compilation,
-                 {.Analysing = true, .TransitionPreview = true, .FirstClip = 1, .LastClip = 2, .TransitionZero = true});
+  CreateClipLine(
+      b.compilation,
+      {.Analysing = true, .TransitionPreview = true, .FirstClip = 1, .LastClip = 2, .TransitionZero = true});
   const auto& text = b.editor.texts.VideoTrackText;
-  EXPECT_NE(text.find("mstart=\"7\" mstop=\"10.0000\" start=\"0\" stop=\"1.5000\""), std::string::npos) << text;
-  EXPECT_NE(text.find("mstart=\"2\" mstop=\"3.5000\" start=\"0\" stop=\"1.5000\""), std::string::npos) << text;
+  EXPECT_NE(text.find("mstart=\"7\" mstop=\"10.0000\" start=\"0\" stop=\"1.5000\""), std::string::npos)
+      << text;
+  EXPECT_NE(text.find("mstart=\"2\" mstop=\"3.5000\" start=\"0\" stop=\"1.5000\""), std::string::npos)
+      << text;
   EXPECT_NE(text.find("<transition start=\"0\" stop=\"1.5\""), std::string::npos) << text;
   EXPECT_FALSE(clip.TimeLineStart().isSet());
 
   b.editor.texts = {};
-  CreateClipLine(b.compilation, {.Analysing = true, .TransitionPreview = true, .FirstClip = 1, .LastClip = 2,
-                                 .TransitionZero = true, .FixedDuration = true, .FixedSeconds = 2});
-  EXPECT_NE(text.find("mstart=\"6\" mstop=\"10.0000\" start=\"0\" stop=\"2.0000\""), std::string::npos) << text;
-  EXPECT_NE(text.find("mstart=\"2\" mstop=\"4.0000\" start=\"2\" stop=\"4.0000\""), std::string::npos) << text;
+  CreateClipLine(b.compilation, {.Analysing = true,
+                                 .TransitionPreview = true,
+                                 .FirstClip = 1,
+                                 .LastClip = 2,
+                                 .TransitionZero = true,
+                                 .FixedDuration = true,
+                                 .FixedSeconds = 2});
+  EXPECT_NE(text.find("mstart=\"6\" mstop=\"10.0000\" start=\"0\" stop=\"2.0000\""), std::string::npos)
+      << text;
+  EXPECT_NE(text.find("mstart=\"2\" mstop=\"4.0000\" start=\"2\" stop=\"4.0000\""), std::string::npos)
+      << text;
 }
 
 TEST(Document, TheVideoGroupFollowsThePower) {
@@ -156,9 +168,10 @@ TEST(Document, TheVideoGroupFollowsThePower) {
   int height = 481;
   float rate = 0;
   CreateVideoGroup(b.compilation, depth, width, height, rate, 7);
-  EXPECT_EQ(b.editor.texts.VideoGroupText,
-            "<group type=\"video\" bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"10\" name=\"VIDEO\" "
-            "buffering=\"30\" PreviewMode=\"True\"  >\r\n");
+  EXPECT_EQ(
+      b.editor.texts.VideoGroupText,
+      "<group type=\"video\" bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"10\" name=\"VIDEO\" "
+      "buffering=\"30\" PreviewMode=\"True\"  >\r\n");
   EditorControls controls;
   controls.Opt_Preset = true;
   controls.Cmb_Res = "720 x 576";
@@ -186,9 +199,10 @@ TEST(Document, AudioAheadOfVideoIsRefused) {
   b.addVideo("a.avi", 0, 5);
   EXPECT_TRUE(IsAudioBeforeVideo(b.compilation));
   ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_EQ(b.boxes.shown[0].text,
-            "Audio tracks should be grouped together and placed at the end of the collection !\r\nPlease move the "
-            "audio track :-\r\n<m.mp3>\r\nto the end of the collection.");
+  EXPECT_EQ(
+      b.boxes.shown[0].text,
+      "Audio tracks should be grouped together and placed at the end of the collection !\r\nPlease move the "
+      "audio track :-\r\n<m.mp3>\r\nto the end of the collection.");
   Bench good;
   good.addVideo("a.avi", 0, 5);
   good.addMusic("m.mp3", 0, 5).Resolution("0 x 0");

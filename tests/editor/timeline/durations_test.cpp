@@ -1,9 +1,9 @@
 #include "editor/timeline/durations.h"
 
-#include <gtest/gtest.h>
-
 #include "editor/timeline/preview_params.h"
 #include "support/fakes.h"
+
+#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -41,7 +41,8 @@ TEST(Durations, AStaleTransitionIsBroughtWithinItsLimit) {
 }
 
 TEST(Durations, ACutIsPreviewedByTheLadder) {
-  const std::pair<double, float> rows[] = {{0.2, 0.2F}, {0.25, 0.25F}, {0.6, 0.5F}, {1.2, 0.75F}, {1.5, 1.0F}, {10, 2.0F}};
+  const std::pair<double, float> rows[] = {{0.2, 0.2F},  {0.25, 0.25F}, {0.6, 0.5F},
+                                           {1.2, 0.75F}, {1.5, 1.0F},   {10, 2.0F}};
   for (const auto& [length, section] : rows) {
     Bench b;
     b.addVideo("a.avi", 0, length);
