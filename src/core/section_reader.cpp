@@ -24,7 +24,7 @@ bool SectionReader::nextItem(Item& item) {
   const auto lineEnd = feed > at_ && text_[feed - 1] == '\r' ? feed - 1 : feed;
   const auto line = std::string_view(text_).substr(0, lineEnd);
   const auto first = std::min(line.find_first_not_of(" \t", at_), lineEnd);
-  auto end = lineEnd;
+  std::size_t end = 0;
   if (first < lineEnd && line[first] == '"') {
     const auto close = std::min(line.find('"', first + 1), lineEnd);
     item.text = line.substr(first + 1, close - first - 1);
