@@ -1,0 +1,46 @@
+#include "media/ffmpeg.h"
+
+namespace kvo::media {
+namespace {
+
+// Larger pictures are refused ahead of any allocation: 128 million pixels is a 16K frame.
+constexpr std::int64_t kMaxPixels = 128LL << 20;
+
+}  // namespace
+
+Result<FormatHandle> openInput(const std::string& path) {
+  AVDictionary* options = nullptr;
+  av_dict_set(&options, "protocol_whitelist", "file", 0);
+  av_dict_set(&options, "pattern_type", "none", 0);
+  AVFormatContext* raw = nullptr;
+  const int opened = avformat_open_input(&raw, ("file:" + path).c_str(), nullptr, &options);
+  av_dict_free(&options);
+  if (opened < 0) return ffmpegError("cannot open " + path, opened);
+  FormatHandle format(raw);
+  if (const int found = avformat_find_stream_info(format.get(), nullptr); found < 0) {
+    return ffmpegError("cannot read " + path, found);
+  }
+  return format;
+}
+
+Result<CodecHandle> openDecoder(AVFormatContext& format, int stream, const std::string& path, int threads) {
+  const auto* parameters = format.streams[stream]->codecpar;
+  const auto* codec = avcodec_find_decoder(parameters->codec_id);
+  if (codec == nullptr) {
+    return Error{"cannot decode " + path + ": no decoder for " + avcodec_get_name(parameters->codec_id)};
+  }
+  CodecHandle decoder(avcodec_alloc_context3(codec));
+  if (!decoder) return Error{"cannot decode " + path + ": out of memory"};
+  if (const int taken = avcodec_parameters_to_context(decoder.get(), parameters); taken < 0) {
+    return ffmpegError("cannot decode " + path, taken);
+  }
+  decoder->pkt_timebase = format.streams[stream]->time_base;
+  decoder->max_pixels = kMaxPixels;
+  decoder->thread_count = threads;
+  if (const int opened = avcodec_open2(decoder.get(), codec, nullptr); opened < 0) {
+    return ffmpegError("cannot decode " + path, opened);
+  }
+  return decoder;
+}
+
+}  // namespace kvo::media
