@@ -1,0 +1,28 @@
+#include "engine/timeline.h"
+
+#include <algorithm>
+
+namespace kvo::engine {
+
+double Keyed::at(double time) const {
+  double from = 0;
+  double held = value;
+  for (const auto& key : keys) {
+    if (time < key.time) {
+      if (!key.linear || key.time <= from) return held;
+      return held + (key.value - held) * (time - from) / (key.time - from);
+    }
+    from = key.time;
+    held = key.value;
+  }
+  return held;
+}
+
+double Timeline::length() const {
+  double end = 0;
+  for (const auto& clip : video) end = std::max(end, clip.stop);
+  for (const auto& clip : audio) end = std::max(end, clip.stop);
+  return end;
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,23 @@
+#include "engine/transitions/fade.h"
+
+#include "engine/kernels.h"
+
+#include <cmath>
+
+namespace kvo::engine {
+
+void drawFade(const media::Picture& below, const media::Picture& above, double progress,
+              media::Picture& out) {
+  const int share = static_cast<int>(std::lround(progress * kFullShare));
+  for (int plane = 0; plane < 3; ++plane) {
+    const int width = plane == 0 ? out.width() : out.width() / 2;
+    const int height = plane == 0 ? out.height() : out.height() / 2;
+    for (int y = 0; y < height; ++y) {
+      mixRow(below.plane(plane) + static_cast<std::ptrdiff_t>(y) * below.stride(plane),
+             above.plane(plane) + static_cast<std::ptrdiff_t>(y) * above.stride(plane),
+             out.plane(plane) + static_cast<std::ptrdiff_t>(y) * out.stride(plane), width, share);
+    }
+  }
+}
+
+}  // namespace kvo::engine
