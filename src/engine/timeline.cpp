@@ -1,6 +1,7 @@
 #include "engine/timeline.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kvo::engine {
 
@@ -23,6 +24,10 @@ double Timeline::length() const {
   for (const auto& clip : video) end = std::max(end, clip.stop);
   for (const auto& clip : audio) end = std::max(end, clip.stop);
   return end;
+}
+
+std::int64_t Timeline::frameFrom(double seconds) const {
+  return static_cast<std::int64_t>(std::ceil(seconds * frameRate - 0.01));
 }
 
 }  // namespace kvo::engine

@@ -4,6 +4,7 @@
 
 #include "media/picture.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -63,6 +64,10 @@ struct Timeline {
 
   /// The end of the last clip, in seconds.
   [[nodiscard]] double length() const;
+
+  /// The first frame whose time is `seconds` or later. Times of a document are rounded to a few decimals, so
+  /// one that lies a hundredth of a frame behind still counts.
+  [[nodiscard]] std::int64_t frameFrom(double seconds) const;
 };
 
 }  // namespace kvo::engine

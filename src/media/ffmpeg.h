@@ -46,8 +46,11 @@ inline Error ffmpegError(const std::string& what, int code) {
   return {what + ": " + text.data()};
 }
 
-/// Opens a local file for reading and finds its streams. The name is never taken for an address or a pattern,
-/// and nothing that the file refers to is opened.
+/// Opens a local file and reads its head. The name is never taken for an address or a pattern, and nothing
+/// that the file refers to is opened.
+Result<FormatHandle> openHead(const std::string& path);
+
+/// As openHead, and finds out about the streams.
 Result<FormatHandle> openInput(const std::string& path);
 
 /// A decoder for one stream of `format`; `threads` of 0 lets the decoder choose.

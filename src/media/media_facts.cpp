@@ -28,4 +28,11 @@ Result<StreamFacts> readFacts(const std::string& path) {
   return facts;
 }
 
+Outcome checkInput(const std::string& path) {
+  const auto opened = openHead(path);
+  return opened ? Outcome() : Outcome(opened.error());
+}
+
+void silenceRemarks() { av_log_set_level(AV_LOG_QUIET); }
+
 }  // namespace kvo::media

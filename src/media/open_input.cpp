@@ -1,14 +1,19 @@
 #include "media/ffmpeg.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace kvo::media {
 namespace {
 
 // Larger pictures are refused ahead of any allocation: 128 million pixels is a 16K frame.
 constexpr std::int64_t kMaxPixels = 128LL << 20;
 
+constexpr std::array<std::string_view, 5> kLists = {"concat", "dash", "hls", "imf", "sdp"};
+
 }  // namespace
 
-Result<FormatHandle> openInput(const std::string& path) {
+Result<FormatHandle> openHead(const std::string& path) {
   AVDictionary* options = nullptr;
   av_dict_set(&options, "protocol_whitelist", "file", 0);
   av_dict_set(&options, "pattern_type", "none", 0);
@@ -17,7 +22,18 @@ Result<FormatHandle> openInput(const std::string& path) {
   av_dict_free(&options);
   if (opened < 0) return ffmpegError("cannot open " + path, opened);
   FormatHandle format(raw);
-  if (const int found = avformat_find_stream_info(format.get(), nullptr); found < 0) {
+  // A list of other files is no clip.
+  const std::string_view kind(format->iformat->name);
+  if (std::find(kLists.begin(), kLists.end(), kind) != kLists.end()) {
+    return Error{"cannot open " + path + ": it is a list of other files"};
+  }
+  return format;
+}
+
+Result<FormatHandle> openInput(const std::string& path) {
+  auto format = openHead(path);
+  if (!format) return format;
+  if (const int found = avformat_find_stream_info(format->get(), nullptr); found < 0) {
     return ffmpegError("cannot read " + path, found);
   }
   return format;

@@ -1,0 +1,67 @@
+#include "app/engine_arguments.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+
+#include <string_view>
+
+namespace kvo {
+namespace {
+
+// "/[1.50-4.00]", blanks inside the brackets allowed.
+std::optional<engine::Slice> sliceIn(std::string_view text) {
+  if (!text.ends_with(']')) return std::nullopt;
+  text = text.substr(2, text.size() - 3);
+  const auto dash = text.find('-');
+  if (dash == std::string_view::npos) return std::nullopt;
+  const auto from = numberIn(text.substr(0, dash));
+  const auto to = numberIn(text.substr(dash + 1));
+  if (!from || !to || *from < 0 || *to <= *from) return std::nullopt;
+  return engine::Slice{*from, *to};
+}
+
+std::optional<media::VideoCodec> codecNamed(std::string_view name) {
+  if (sameText(name, "raw")) return media::VideoCodec::Raw;
+  if (sameText(name, "mpeg4")) return media::VideoCodec::Mpeg4;
+  return std::nullopt;
+}
+
+}  // namespace
+
+Result<EngineArguments> readEngineArguments(const std::vector<std::string>& arguments) {
+  if (arguments.empty()) return Error{"no document is named"};
+  EngineArguments read;
+  read.document = arguments.back();
+  const std::size_t options = arguments.size() - 1;
+  for (std::size_t i = 0; i < options; ++i) {
+    const auto& option = arguments[i];
+    if (option.starts_with("/[")) {
+      read.job.slice = sliceIn(option);
+      if (!read.job.slice) return Error{"the range " + option + " is not of the form /[1.50-4.00]"};
+      continue;
+    }
+    if (!sameText(option, "/P") && !sameText(option, "/C") && !sameText(option, "/W")) {
+      return Error{"there is no option " + option};
+    }
+    if (i + 1 >= options) return Error{"the option " + option + " needs a value"};
+    const auto& value = arguments[++i];
+    if (sameText(option, "/W")) {
+      read.job.output = value;
+    } else if (sameText(option, "/P")) {
+      const auto number = numberIn(value);
+      const auto whole = number ? toInteger(*number) : std::nullopt;
+      if (!whole || *whole != *number || *whole < 0 || *whole >= kSystemProfiles) {
+        return Error{"the profile " + value + " is not a number from 0 to 25"};
+      }
+      read.profile = *whole;
+    } else {
+      const auto codec = codecNamed(value);
+      if (!codec) return Error{"there is no codec " + value + "; there are raw and mpeg4"};
+      read.job.aviCodec = *codec;
+    }
+  }
+  if (read.job.output.empty()) return Error{"no output file is named: /W OUTPUT"};
+  return read;
+}
+
+}  // namespace kvo

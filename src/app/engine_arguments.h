@@ -1,0 +1,26 @@
+// The command line of the render engine:
+//   KVORender [/[from-to]] [/P n] [/C codec] /W OUTPUT DOCUMENT
+#pragma once
+
+#include "base/result.h"
+#include "engine/renderer.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+/// Windows Media system profiles are numbered below this.
+inline constexpr int kSystemProfiles = 26;
+
+struct EngineArguments {
+  engine::RenderJob job;
+  std::optional<int> profile;  ///< number of a Windows Media system profile
+  std::string document;
+};
+
+/// Fails with a line on what is wrong with the arguments (without the program's name).
+Result<EngineArguments> readEngineArguments(const std::vector<std::string>& arguments);
+
+}  // namespace kvo

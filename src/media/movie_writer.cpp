@@ -1,0 +1,378 @@
+#include "media/movie_writer.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "media/audio_reader.h"
+#include "media/ffmpeg.h"
+#include "media/scaler.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace kvo::media {
+namespace {
+
+constexpr int kIoBuffer = 1 << 18;
+constexpr int kQuantiser = 3;
+constexpr int kGroupOfPictures = 12;
+constexpr int kMaxRateTerm = 65535;  // MPEG-4 counts the ticks of a second in 16 bits
+constexpr std::int64_t kMovieSoundRate = 128000;
+constexpr std::int64_t kSoundOnlyRate = 192000;
+
+struct FreePool {
+  void operator()(AVBufferPool* p) const { av_buffer_pool_uninit(&p); }
+};
+struct FreeIo {
+  void operator()(AVIOContext* io) const {
+    av_freep(static_cast<void*>(&io->buffer));
+    avio_context_free(&io);
+  }
+};
+struct FreeMuxer {
+  void operator()(AVFormatContext* c) const { avformat_free_context(c); }
+};
+
+// Where the muxer's bytes go.
+struct Sink {
+  Replacement& target;
+  std::int64_t at = 0;
+  Outcome done;
+
+  static int write(void* self, std::uint8_t* bytes, int count) {
+    auto& sink = *static_cast<Sink*>(self);
+    if (!sink.done) return AVERROR(EIO);
+    sink.done = sink.target.write(static_cast<std::uint64_t>(sink.at),
+                                  {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count)});
+    if (!sink.done) return AVERROR(EIO);
+    sink.at += count;
+    return count;
+  }
+
+  static std::int64_t seek(void* self, std::int64_t offset, int whence) {
+    auto& sink = *static_cast<Sink*>(self);
+    const auto size = static_cast<std::int64_t>(sink.target.size());
+    if ((whence & AVSEEK_SIZE) != 0) return size;
+    switch (whence & ~AVSEEK_FORCE) {
+      case SEEK_SET:
+        sink.at = offset;
+        break;
+      case SEEK_CUR:
+        sink.at += offset;
+        break;
+      case SEEK_END:
+        sink.at = size + offset;
+        break;
+      default:
+        return AVERROR(EINVAL);
+    }
+    return sink.at;
+  }
+};
+
+const char* muxerOf(Container container) {
+  switch (container) {
+    case Container::Avi:
+      return "avi";
+    case Container::Wav:
+      return "wav";
+    default:
+      return "asf";
+  }
+}
+
+AVPixelFormat rawFormat(int bitDepth) {
+  return bitDepth == 16 ? AV_PIX_FMT_RGB555LE : bitDepth == 32 ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR24;
+}
+
+}  // namespace
+
+struct MovieWriter::State {
+  State(Replacement& target, MovieFormat wanted, std::string fileName)
+      : sink{target, 0, {}}, format(std::move(wanted)), name(std::move(fileName)) {}
+
+  Sink sink;
+  MovieFormat format;
+  std::string name;
+  std::unique_ptr<AVIOContext, FreeIo> io;
+  std::unique_ptr<AVFormatContext, FreeMuxer> muxer;
+  CodecHandle videoEncoder;  // none for raw video
+  CodecHandle audioEncoder;
+  AVStream* video = nullptr;
+  AVStream* audio = nullptr;
+  AVRational frameTime{1, 25};
+  PacketHandle packet{av_packet_alloc()};
+  std::int64_t frames = 0;
+  std::int64_t samples = 0;
+  std::vector<float> held;  // samples that do not fill an encoder's frame yet
+
+  // Raw video
+  std::unique_ptr<AVBufferPool, FreePool> rawPool;
+  std::size_t rawStride = 0;
+  std::vector<std::uint8_t> rawRow;
+
+  Error failure(const std::string& what, int code) const {
+    return sink.done ? ffmpegError(what + " " + name, code) : sink.done.error();
+  }
+
+  Outcome begin() {
+    auto* buffer = static_cast<unsigned char*>(av_malloc(kIoBuffer));
+    io.reset(avio_alloc_context(buffer, kIoBuffer, 1, &sink, nullptr, &Sink::write, &Sink::seek));
+    AVFormatContext* raw = nullptr;
+    if (const int made = avformat_alloc_output_context2(&raw, nullptr, muxerOf(format.container), nullptr);
+        made < 0) {
+      return failure("cannot write", made);
+    }
+    muxer.reset(raw);
+    io->seekable = AVIO_SEEKABLE_NORMAL;
+    io->direct = 1;  // whole frames go to the file without a copy into the buffer
+    muxer->pb = io.get();
+    muxer->flags |= AVFMT_FLAG_CUSTOM_IO;
+    if (format.video) {
+      if (auto done = addVideo(*format.video); !done) return done;
+    }
+    if (format.audio) {
+      if (auto done = addAudio(); !done) return done;
+    }
+    AVDictionary* options = nullptr;
+    if (format.container == Container::Avi) av_dict_set(&options, "flipped_raw_rgb", "1", 0);
+    if (format.container == Container::Wav) av_dict_set(&options, "rf64", "auto", 0);
+    const int begun = avformat_write_header(muxer.get(), &options);
+    av_dict_free(&options);
+    return begun < 0 ? Outcome(failure("cannot write", begun)) : Outcome();
+  }
+
+  Outcome addVideo(const VideoFormat& v) {
+    frameTime = av_inv_q(av_d2q(v.frameRate, kMaxRateTerm));
+    video = avformat_new_stream(muxer.get(), nullptr);
+    if (video == nullptr) return failure("cannot write", AVERROR(ENOMEM));
+    video->time_base = frameTime;
+    video->avg_frame_rate = av_inv_q(frameTime);
+    if (v.codec == VideoCodec::Raw) return addRawVideo(v);
+
+    const auto id = v.codec == VideoCodec::Mpeg4 ? AV_CODEC_ID_MPEG4 : AV_CODEC_ID_WMV2;
+    const auto* codec = avcodec_find_encoder(id);
+    if (codec == nullptr) {
+      return Error{"cannot write " + name + ": no encoder for " + avcodec_get_name(id)};
+    }
+    videoEncoder.reset(avcodec_alloc_context3(codec));
+    auto& c = *videoEncoder;
+    c.width = v.width;
+    c.height = v.height;
+    c.pix_fmt = AV_PIX_FMT_YUV420P;
+    c.time_base = frameTime;
+    c.framerate = av_inv_q(frameTime);
+    c.gop_size = kGroupOfPictures;
+    c.max_b_frames = 0;
+    c.flags |= AV_CODEC_FLAG_QSCALE;
+    c.global_quality = FF_QP2LAMBDA * kQuantiser;
+    c.thread_count = 1;
+    if ((muxer->oformat->flags & AVFMT_GLOBALHEADER) != 0) c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    return openEncoder(c, *video);
+  }
+
+  Outcome addRawVideo(const VideoFormat& v) {
+    auto& p = *video->codecpar;
+    p.codec_type = AVMEDIA_TYPE_VIDEO;
+    p.codec_id = AV_CODEC_ID_RAWVIDEO;
+    p.format = rawFormat(v.bitDepth);
+    p.width = v.width;
+    p.height = v.height;
+    p.bits_per_coded_sample = v.bitDepth;
+    // Rows of a device-independent bitmap are whole multiples of four bytes.
+    rawStride = (static_cast<std::size_t>(v.width) * static_cast<std::size_t>(v.bitDepth) + 31) / 32 * 4;
+    rawPool.reset(av_buffer_pool_init(
+        rawStride * static_cast<std::size_t>(v.height) + AV_INPUT_BUFFER_PADDING_SIZE, nullptr));
+    rawRow.resize(static_cast<std::size_t>(v.width) * 3);
+    return {};
+  }
+
+  Outcome addAudio() {
+    const bool isAsf = format.container == Container::Wmv || format.container == Container::Wma;
+    const auto id = isAsf ? AV_CODEC_ID_WMAV2 : AV_CODEC_ID_PCM_S16LE;
+    const auto* codec = avcodec_find_encoder(id);
+    if (codec == nullptr) {
+      return Error{"cannot write " + name + ": no encoder for " + avcodec_get_name(id)};
+    }
+    audio = avformat_new_stream(muxer.get(), nullptr);
+    if (audio == nullptr) return failure("cannot write", AVERROR(ENOMEM));
+    audioEncoder.reset(avcodec_alloc_context3(codec));
+    auto& c = *audioEncoder;
+    c.sample_rate = kSampleRate;
+    c.ch_layout = AV_CHANNEL_LAYOUT_STEREO;
+    c.sample_fmt = isAsf ? AV_SAMPLE_FMT_FLTP : AV_SAMPLE_FMT_S16;
+    c.time_base = {1, kSampleRate};
+    if (isAsf) c.bit_rate = format.video ? kMovieSoundRate : kSoundOnlyRate;
+    audio->time_base = c.time_base;
+    return openEncoder(c, *audio);
+  }
+
+  Outcome openEncoder(AVCodecContext& encoder, AVStream& stream) const {
+    int done = avcodec_open2(&encoder, encoder.codec, nullptr);
+    if (done >= 0) done = avcodec_parameters_from_context(stream.codecpar, &encoder);
+    return done < 0 ? Outcome(failure("cannot encode", done)) : Outcome();
+  }
+
+  Outcome mux(AVPacket& p, const AVStream& stream, AVRational timeBase) {
+    av_packet_rescale_ts(&p, timeBase, stream.time_base);
+    p.stream_index = stream.index;
+    const int written = av_interleaved_write_frame(muxer.get(), &p);
+    return written < 0 || !sink.done ? Outcome(failure("cannot write", written)) : Outcome();
+  }
+
+  // A null frame asks for what the encoder still holds.
+  Outcome encode(AVCodecContext& encoder, const AVStream& stream, const AVFrame* frame, int duration) {
+    if (const int sent = avcodec_send_frame(&encoder, frame); sent < 0 && sent != AVERROR_EOF) {
+      return failure("cannot encode", sent);
+    }
+    for (;;) {
+      const int got = avcodec_receive_packet(&encoder, packet.get());
+      if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return {};
+      if (got < 0) return failure("cannot encode", got);
+      if (packet->duration == 0) packet->duration = duration;
+      if (auto done = mux(*packet, stream, encoder.time_base); !done) return done;
+    }
+  }
+
+  Outcome writeEncoded(const Picture& picture) {
+    auto frame = newFrame();
+    if (!frame || av_frame_ref(frame.get(), picture.frame().get()) < 0) {
+      return failure("cannot encode", AVERROR(ENOMEM));
+    }
+    frame->width = format.video->width;
+    frame->height = format.video->height;
+    frame->pts = frames++;
+    // What the source's stream said of its frame does not hold for ours.
+    frame->pict_type = AV_PICTURE_TYPE_NONE;
+    frame->quality = videoEncoder->global_quality;
+    frame->sample_aspect_ratio = {0, 1};
+    return encode(*videoEncoder, *video, frame.get(), 1);
+  }
+
+  void convertRow(const Picture& picture, int y, std::uint8_t* out) {
+    const auto row = [&](int plane, int line) {
+      return picture.plane(plane) + static_cast<std::ptrdiff_t>(line) * picture.stride(plane);
+    };
+    const auto& v = *format.video;
+    const auto width = static_cast<std::size_t>(v.width);
+    auto* bgr = v.bitDepth == 24 ? out : rawRow.data();
+    yuvToBgr(row(0, y), row(1, y / 2), row(2, y / 2), bgr, width, usualMatrix(picture.height()));
+    if (v.bitDepth == 32) {
+      for (std::size_t x = 0; x < width; ++x) {
+        std::copy_n(bgr + 3 * x, 3, out + 4 * x);
+        out[4 * x + 3] = 0xFF;
+      }
+    } else if (v.bitDepth == 16) {
+      for (std::size_t x = 0; x < width; ++x) {
+        const unsigned word =
+            (bgr[3 * x] >> 3U) | (bgr[3 * x + 1] >> 3U) << 5U | (bgr[3 * x + 2] >> 3U) << 10U;
+        out[2 * x] = static_cast<std::uint8_t>(word & 0xFFU);
+        out[2 * x + 1] = static_cast<std::uint8_t>(word >> 8U);
+      }
+    }
+  }
+
+  Outcome writeRaw(const Picture& picture) {
+    const int height = format.video->height;
+    packet->buf = av_buffer_pool_get(rawPool.get());
+    if (packet->buf == nullptr) return failure("cannot write", AVERROR(ENOMEM));
+    packet->data = packet->buf->data;
+    packet->size = static_cast<int>(rawStride) * height;
+    for (int y = 0; y < height; ++y) {
+      convertRow(picture, y, packet->data + rawStride * static_cast<std::size_t>(height - 1 - y));
+    }
+    packet->pts = packet->dts = frames++;
+    packet->duration = 1;
+    packet->flags |= AV_PKT_FLAG_KEY;
+    return mux(*packet, *video, frameTime);
+  }
+
+  Outcome writeSamples(std::span<const float> part) {
+    auto frame = newFrame();
+    frame->format = audioEncoder->sample_fmt;
+    frame->nb_samples = static_cast<int>(part.size()) / kChannels;
+    frame->ch_layout = AV_CHANNEL_LAYOUT_STEREO;
+    frame->sample_rate = kSampleRate;
+    frame->pts = samples;
+    if (av_frame_get_buffer(frame.get(), 0) < 0) return failure("cannot encode", AVERROR(ENOMEM));
+    if (audioEncoder->sample_fmt == AV_SAMPLE_FMT_S16) {
+      auto* out = reinterpret_cast<std::int16_t*>(frame->data[0]);
+      std::transform(part.begin(), part.end(), out, [](float s) {
+        return static_cast<std::int16_t>(std::clamp(std::lrint(s * 32768.0F), -32768L, 32767L));
+      });
+    } else {
+      for (int channel = 0; channel < kChannels; ++channel) {
+        auto* out = reinterpret_cast<float*>(frame->extended_data[channel]);
+        for (int i = 0; i < frame->nb_samples; ++i) {
+          out[i] = part[static_cast<std::size_t>(i * kChannels + channel)];
+        }
+      }
+    }
+    samples += frame->nb_samples;
+    return encode(*audioEncoder, *audio, frame.get(), frame->nb_samples);
+  }
+};
+
+MovieWriter::MovieWriter(std::unique_ptr<State> state) : state_(std::move(state)) {}
+MovieWriter::MovieWriter(MovieWriter&&) noexcept = default;
+MovieWriter& MovieWriter::operator=(MovieWriter&&) noexcept = default;
+MovieWriter::~MovieWriter() = default;
+
+std::optional<Container> containerOf(std::string_view path) {
+  constexpr std::array<std::pair<std::string_view, Container>, 4> kKinds = {{{".avi", Container::Avi},
+                                                                             {".wav", Container::Wav},
+                                                                             {".wmv", Container::Wmv},
+                                                                             {".wma", Container::Wma}}};
+  for (const auto& [extension, kind] : kKinds) {
+    if (path.size() > extension.size() && sameText(path.substr(path.size() - extension.size()), extension)) {
+      return kind;
+    }
+  }
+  return std::nullopt;
+}
+
+Result<MovieWriter> MovieWriter::open(Replacement& target, const MovieFormat& format,
+                                      const std::string& name) {
+  auto state = std::make_unique<State>(target, format, name);
+  if (auto begun = state->begin(); !begun) return begun.error();
+  return MovieWriter(std::move(state));
+}
+
+Outcome MovieWriter::writeVideo(const Picture& picture) {
+  return state_->videoEncoder ? state_->writeEncoded(picture) : state_->writeRaw(picture);
+}
+
+Outcome MovieWriter::writeAudio(std::span<const float> samples) {
+  auto& s = *state_;
+  const auto chunk = static_cast<std::size_t>(s.audioEncoder->frame_size) * kChannels;
+  if (chunk == 0) return samples.empty() ? Outcome() : s.writeSamples(samples);
+  s.held.insert(s.held.end(), samples.begin(), samples.end());
+  std::size_t used = 0;
+  for (; s.held.size() - used >= chunk; used += chunk) {
+    if (auto done = s.writeSamples(std::span<const float>(s.held).subspan(used, chunk)); !done) return done;
+  }
+  s.held.erase(s.held.begin(), s.held.begin() + static_cast<std::ptrdiff_t>(used));
+  return {};
+}
+
+Outcome MovieWriter::finish() {
+  auto& s = *state_;
+  if (!s.held.empty()) {
+    // The encoder takes whole frames only.
+    s.held.resize(static_cast<std::size_t>(s.audioEncoder->frame_size) * kChannels, 0.0F);
+    if (auto done = s.writeSamples(s.held); !done) return done;
+    s.held.clear();
+  }
+  if (s.videoEncoder) {
+    if (auto done = s.encode(*s.videoEncoder, *s.video, nullptr, 1); !done) return done;
+  }
+  if (s.audioEncoder) {
+    if (auto done = s.encode(*s.audioEncoder, *s.audio, nullptr, 0); !done) return done;
+  }
+  const int ended = av_write_trailer(s.muxer.get());
+  avio_flush(s.io.get());
+  return ended < 0 || !s.sink.done ? Outcome(s.failure("cannot write", ended)) : Outcome();
+}
+
+}  // namespace kvo::media

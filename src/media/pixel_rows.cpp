@@ -1,0 +1,162 @@
+#include "media/pixel_rows.h"
+
+#include <algorithm>
+
+// Compiled once for each instruction set that Highway knows; the best is chosen when the program runs.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "media/pixel_rows.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+#ifndef KVO_PIXEL_ROWS_ONCE
+#define KVO_PIXEL_ROWS_ONCE
+namespace kvo::media {
+
+// The weights in units of 1/8192, so that a sample in units of 1/128 gives a colour in units of 1/32.
+struct YuvWeights {
+  std::int16_t luma, redV, greenU, greenV, blueU;
+};
+
+constexpr YuvWeights weightsOf(Matrix matrix) {
+  return matrix == Matrix::Bt709 ? YuvWeights{9539, 14686, -1747, -4366, 17305}
+                                 : YuvWeights{9539, 13075, -3209, -6660, 16525};
+}
+
+}  // namespace kvo::media
+#endif
+
+HWY_BEFORE_NAMESPACE();
+namespace kvo::media::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+void mixRowSimd(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* out, std::size_t count,
+                int share) {
+  const hn::ScalableTag<std::uint16_t> wide;
+  const hn::RebindToSigned<decltype(wide)> wideSigned;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const auto shareAbove = hn::Set(wide, static_cast<std::uint16_t>(share));
+  const auto shareBelow = hn::Set(wide, static_cast<std::uint16_t>(kFullShare - share));
+  const auto half = hn::Set(wide, 128);
+  const std::size_t lanes = hn::Lanes(wide);
+  std::size_t i = 0;
+  for (; i + lanes <= count; i += lanes) {
+    const auto b = hn::PromoteTo(wide, hn::LoadU(narrow, below + i));
+    const auto a = hn::PromoteTo(wide, hn::LoadU(narrow, above + i));
+    const auto sum = hn::Add(hn::Add(hn::Mul(b, shareBelow), hn::Mul(a, shareAbove)), half);
+    hn::StoreU(hn::DemoteTo(narrow, hn::BitCast(wideSigned, hn::ShiftRight<8>(sum))), narrow, out + i);
+  }
+  for (; i < count; ++i) {
+    out[i] = static_cast<std::uint8_t>((below[i] * (kFullShare - share) + above[i] * share + 128) >> 8);
+  }
+}
+
+void halveRowsSimd(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
+                   std::size_t outCount) {
+  std::size_t i = 0;
+#if HWY_TARGET != HWY_SCALAR  // a lane of one byte has no pairs
+  const hn::ScalableTag<std::uint16_t> wide;
+  const hn::RebindToSigned<decltype(wide)> wideSigned;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const hn::Repartition<std::uint8_t, decltype(wide)> bytes;
+  const auto low = hn::Set(wide, 0x00FF);
+  const auto two = hn::Set(wide, 2);
+  const std::size_t lanes = hn::Lanes(wide);
+  // Two neighbouring bytes are the low and the high byte of one 16-bit lane.
+  const auto pairSum = [&](const std::uint8_t* row) HWY_ATTR {
+    const auto pairs = hn::BitCast(wide, hn::LoadU(bytes, row));
+    return hn::Add(hn::And(pairs, low), hn::ShiftRight<8>(pairs));
+  };
+  for (; i + lanes <= outCount; i += lanes) {
+    const auto sum = hn::Add(hn::Add(pairSum(upper + 2 * i), pairSum(lower + 2 * i)), two);
+    hn::StoreU(hn::DemoteTo(narrow, hn::BitCast(wideSigned, hn::ShiftRight<2>(sum))), narrow, out + i);
+  }
+#endif
+  for (; i < outCount; ++i) {
+    out[i] = static_cast<std::uint8_t>(
+        (upper[2 * i] + upper[2 * i + 1] + lower[2 * i] + lower[2 * i + 1] + 2) >> 2);
+  }
+}
+
+std::uint8_t colour(int lumaPart, int a, int b) {
+  return static_cast<std::uint8_t>(std::clamp((lumaPart + a + b + 16) >> 5, 0, 255));
+}
+
+// A 16-bit product of a sample in 1/128 with a weight, rounded as the vector form rounds it.
+int weigh(int sample, int weight) { return (sample * 128 * weight + (1 << 14)) >> 15; }
+
+void yuvToBgrSimd(const std::uint8_t* y, const std::uint8_t* u, const std::uint8_t* v, std::uint8_t* bgr,
+                  std::size_t count, const YuvWeights& w) {
+  std::size_t i = 0;
+#if HWY_TARGET != HWY_SCALAR
+  // A chroma sample serves the two pixels of one pair: even pixels in one vector, odd ones in another.
+  const hn::ScalableTag<std::int16_t> wide;
+  const hn::Repartition<std::uint8_t, decltype(wide)> bytes;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const hn::RebindToUnsigned<decltype(wide)> wideUnsigned;
+  const std::size_t lanes = hn::Lanes(wide);
+  const auto sixteen = hn::Set(wide, 16);
+  const auto middle = hn::Set(wide, 128);
+  const auto lowByte = hn::Set(wideUnsigned, 0x00FF);
+  const auto scaled = [&](auto sample, std::int16_t weight) HWY_ATTR {
+    return hn::MulFixedPoint15(hn::ShiftLeft<7>(sample), hn::Set(wide, weight));
+  };
+  for (; i + 2 * lanes <= count; i += 2 * lanes) {
+    const auto pairs = hn::BitCast(wideUnsigned, hn::LoadU(bytes, y + i));
+    const auto even = hn::BitCast(wide, hn::And(pairs, lowByte));
+    const auto odd = hn::BitCast(wide, hn::ShiftRight<8>(pairs));
+    const auto cu = hn::Sub(hn::PromoteTo(wide, hn::LoadU(narrow, u + i / 2)), middle);
+    const auto cv = hn::Sub(hn::PromoteTo(wide, hn::LoadU(narrow, v + i / 2)), middle);
+    const auto red = hn::Add(scaled(cv, w.redV), sixteen);
+    const auto green = hn::Add(hn::Add(scaled(cu, w.greenU), scaled(cv, w.greenV)), sixteen);
+    const auto blue = hn::Add(scaled(cu, w.blueU), sixteen);
+    const auto lumaEven = scaled(hn::Sub(even, sixteen), w.luma);
+    const auto lumaOdd = scaled(hn::Sub(odd, sixteen), w.luma);
+    // Clamped to a byte, even pixels below, odd ones above, so that the lanes read in pixel order.
+    const auto join = [&](auto part) HWY_ATTR {
+      const auto zero = hn::Zero(wide);
+      const auto most = hn::Set(wide, 255);
+      const auto e = hn::Min(hn::Max(hn::ShiftRight<5>(hn::Add(lumaEven, part)), zero), most);
+      const auto o = hn::Min(hn::Max(hn::ShiftRight<5>(hn::Add(lumaOdd, part)), zero), most);
+      return hn::BitCast(bytes, hn::Or(e, hn::ShiftLeft<8>(o)));
+    };
+    hn::StoreInterleaved3(join(blue), join(green), join(red), bytes, bgr + 3 * i);
+  }
+#endif
+  for (; i < count; ++i) {
+    const int luma = weigh(y[i] - 16, w.luma);
+    const int cu = u[i / 2] - 128;
+    const int cv = v[i / 2] - 128;
+    bgr[3 * i] = colour(luma, weigh(cu, w.blueU), 0);
+    bgr[3 * i + 1] = colour(luma, weigh(cu, w.greenU), weigh(cv, w.greenV));
+    bgr[3 * i + 2] = colour(luma, weigh(cv, w.redV), 0);
+  }
+}
+
+}  // namespace kvo::media::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace kvo::media {
+
+HWY_EXPORT(mixRowSimd);
+HWY_EXPORT(halveRowsSimd);
+HWY_EXPORT(yuvToBgrSimd);
+
+void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* out, std::size_t count,
+            int share) {
+  HWY_DYNAMIC_DISPATCH(mixRowSimd)(below, above, out, count, share);
+}
+
+void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
+               std::size_t outCount) {
+  HWY_DYNAMIC_DISPATCH(halveRowsSimd)(upper, lower, out, outCount);
+}
+
+void yuvToBgr(const std::uint8_t* y, const std::uint8_t* u, const std::uint8_t* v, std::uint8_t* bgr,
+              std::size_t count, Matrix matrix) {
+  HWY_DYNAMIC_DISPATCH(yuvToBgrSimd)(y, u, v, bgr, count, weightsOf(matrix));
+}
+
+}  // namespace kvo::media
+#endif

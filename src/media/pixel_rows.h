@@ -1,0 +1,26 @@
+// The inner loops of compositing and conversion: dumb and fast, one row at a time.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace kvo::media {
+
+inline constexpr int kFullShare = 256;  ///< all of the upper picture
+
+/// out = below + (above - below) * share / 256, rounded; `out` may be `below`.
+void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* out, std::size_t count,
+            int share);
+
+/// Halves two rows into one: each sample is the mean of a square of four.
+void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out, std::size_t outCount);
+
+/// Which luma weights a YUV picture was made with.
+enum class Matrix { Bt601, Bt709 };
+
+/// One row of limited-range YUV 4:2:0 as packed blue, green, red bytes. The chroma rows are `count` / 2 long,
+/// rounded up.
+void yuvToBgr(const std::uint8_t* y, const std::uint8_t* u, const std::uint8_t* v, std::uint8_t* bgr,
+              std::size_t count, Matrix matrix);
+
+}  // namespace kvo::media
