@@ -57,8 +57,10 @@ Outcome Mixer::addClip(std::size_t number) {
   const float step =
       (gainAt(clip, begin + static_cast<double>(count) / kSampleRate) - gain) / static_cast<float>(count);
   auto* out = block_.data() + (first - position_) * kChannels;
-  for (std::size_t i = 0; i < clipBlock_.size(); ++i) {
-    out[i] += clipBlock_[i] * (gain + step * static_cast<float>(i / kChannels));
+  for (std::size_t sample = 0; sample < count; ++sample) {
+    const float factor = gain + step * static_cast<float>(sample);
+    for (std::size_t i = sample * kChannels; i < (sample + 1) * kChannels; ++i)
+      out[i] += clipBlock_[i] * factor;
   }
   return {};
 }

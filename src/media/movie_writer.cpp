@@ -89,8 +89,8 @@ AVPixelFormat rawFormat(int bitDepth) {
 }  // namespace
 
 struct MovieWriter::State {
-  State(Replacement& target, MovieFormat wanted, std::string fileName)
-      : sink{target, 0, {}}, format(std::move(wanted)), name(std::move(fileName)) {}
+  State(Replacement& target, const MovieFormat& wanted, std::string fileName)
+      : sink{target, 0, {}}, format(wanted), name(std::move(fileName)) {}
 
   Sink sink;
   MovieFormat format;
@@ -304,9 +304,7 @@ struct MovieWriter::State {
     } else {
       for (int channel = 0; channel < kChannels; ++channel) {
         auto* out = reinterpret_cast<float*>(frame->extended_data[channel]);
-        for (int i = 0; i < frame->nb_samples; ++i) {
-          out[i] = part[static_cast<std::size_t>(i * kChannels + channel)];
-        }
+        for (auto i = static_cast<std::size_t>(channel); i < part.size(); i += kChannels) *out++ = part[i];
       }
     }
     samples += frame->nb_samples;

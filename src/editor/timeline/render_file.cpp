@@ -85,7 +85,7 @@ void AnalyseRenderFile(const Compilation& c, const std::string& fileName) {
   }
 }
 
-Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
+std::string compileText(const Compilation& c) {
   auto& editor = c.editor;
   const FullPower full(c);
   ClearGlobals(editor);
@@ -113,7 +113,11 @@ Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
     AddOverlayAudioTracks(c, true);
     audio = true;
   }
-  return WriteRenderFile(c, audio, fileName);
+  return renderFileText(c, audio);
+}
+
+Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
+  return writeDurably(c.files, fileName, compileText(c));
 }
 
 }  // namespace kvo

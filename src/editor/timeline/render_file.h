@@ -17,8 +17,11 @@ Outcome WriteRenderFile(const Compilation& c, bool hasAudioTracks, const std::st
 /// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
 void AnalyseRenderFile(const Compilation& c, const std::string& fileName);
 
-/// Compiles the collection for a render at full power into `fileName`: video group and tracks, clip audio and
-/// overlay audio as the controls say. Transitions that are too long for their clips are shortened first.
+/// Compiles the collection for a render at full power: video group and tracks, clip audio and overlay audio
+/// as the controls say. Transitions that are too long for their clips are shortened first.
+std::string compileText(const Compilation& c);
+
+/// As compileText, into `fileName`.
 Outcome CompileForRender(const Compilation& c, const std::string& fileName);
 
 }  // namespace kvo

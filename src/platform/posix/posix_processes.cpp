@@ -46,9 +46,17 @@ Result<ProcessEnd> PosixProcesses::run(const std::string& program, const std::ve
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
+  // The child answers to every signal, whatever this side holds back for itself.
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  sigset_t none;
+  sigemptyset(&none);
+  posix_spawnattr_setsigmask(&attributes, &none);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
   pid_t child = 0;
   auto pointers = argumentPointers(program, arguments);
-  const int failed = ::posix_spawn(&child, program.c_str(), &actions, nullptr, pointers.data(), environ);
+  const int failed = ::posix_spawn(&child, program.c_str(), &actions, &attributes, pointers.data(), environ);
+  posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
   ::close(pipe[1]);
   if (failed != 0) {

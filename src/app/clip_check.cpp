@@ -1,0 +1,56 @@
+#include "app/clip_check.h"
+
+#include "base/text.h"
+#include "editor/timeline/clip_kinds.h"
+#include "editor/timeline/durations.h"
+#include "editor/timeline/transition_element.h"
+#include "engine/transitions/registry.h"
+
+namespace kvo {
+namespace {
+
+constexpr double kDurationSlack = 0.5;  // seconds that a mark may lie behind the end
+
+}  // namespace
+
+std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
+  const auto& clip = c.clips()[clipNo];
+  const auto path = clipFile(clip);
+  if (!c.files.exists(path)) return {"the file is missing"};
+  const auto facts = c.streams.facts(path);
+  if (!facts) return {facts.error().text};
+  std::vector<std::string> faults;
+  const bool sound = isOverlayAudio(clip.MovieName());
+  if (sound && !facts->hasAudio) faults.emplace_back("there is no sound in it");
+  if (!sound && !facts->hasVideo) faults.emplace_back("there is no picture in it");
+  const double start = clip.LoopStart().number();
+  const double end = clip.LoopEnd().number();
+  if (end <= start) faults.push_back("its section ends at " + ShortText(end) + " s, ahead of its start");
+  if (!clip.IsStill() && facts->duration > 0 && end > facts->duration + kDurationSlack) {
+    faults.push_back("its section ends at " + ShortText(end) + " s, the file at " +
+                     FormatMask(facts->duration, "0.00") + " s");
+  }
+  if (!sound && !isCut(clip.TransType()) &&
+      engine::findTransition(TransitionFriendlyNameToCLSID(clip.TransType())) == nullptr) {
+    faults.push_back("the transition " + clip.TransType() + " cannot be rendered yet");
+  }
+  return faults;
+}
+
+std::vector<std::string> clipOmissions(const Movie& clip) {
+  std::vector<std::string> omitted;
+  const auto& effect = clip.EffectWord();
+  if (!trimmed(effect).empty()) omitted.push_back("the effect " + effect);
+  for (const auto& [level, name] :
+       {std::pair{clip.Brightness(), "brightness"}, std::pair{clip.Contrast(), "contrast"},
+        std::pair{clip.Gamma(), "gamma"}, std::pair{clip.Red(), "red"}, std::pair{clip.Green(), "green"},
+        std::pair{clip.Blue(), "blue"}, std::pair{clip.Threshold(), "threshold"}}) {
+    if (level != 0) omitted.push_back("its level of " + std::string(name));
+  }
+  if (clip.Sepia()) omitted.emplace_back("sepia");
+  if (clip.HasKeyFrames()) omitted.emplace_back("its keyframes");
+  if (!trimmed(clip.HasPicInPic()).empty()) omitted.emplace_back("its picture-in-picture");
+  return omitted;
+}
+
+}  // namespace kvo

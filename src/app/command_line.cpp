@@ -1,0 +1,133 @@
+#include "app/command_line.h"
+
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr double kMaxSide = 3000;  // pixels, the limit of the editor's size boxes
+constexpr double kMaxRate = 240;
+
+std::optional<std::pair<double, double>> pairIn(std::string_view text, char between) {
+  const auto at = text.find(between);
+  if (at == std::string_view::npos) return std::nullopt;
+  const auto a = numberIn(text.substr(0, at));
+  const auto b = numberIn(text.substr(at + 1));
+  if (!a || !b) return std::nullopt;
+  return std::pair{*a, *b};
+}
+
+bool isWhole(double value) { return RoundToWhole(value) == value; }
+
+Outcome readRange(CommandLine& line, const std::string& value) {
+  const auto range = pairIn(value, '-');
+  if (!range || range->first < 0 || range->second <= range->first) {
+    return Error{"--range " + value + ": give two times in seconds, like 1.5-4"};
+  }
+  line.range = engine::Slice{range->first, range->second};
+  return {};
+}
+
+Outcome readSize(CommandLine& line, const std::string& value) {
+  const auto size = pairIn(value, 'x');
+  const auto fits = [](double side) { return isWhole(side) && side >= 2 && side <= kMaxSide; };
+  if (!size || !fits(size->first) || !fits(size->second)) {
+    return Error{"--size " + value + ": give width x height in pixels, 2 to 3000, like 640x360"};
+  }
+  line.size = PictureSize{static_cast<int>(size->first), static_cast<int>(size->second)};
+  return {};
+}
+
+Outcome readRate(CommandLine& line, const std::string& value) {
+  line.rate = numberIn(value);
+  if (line.rate && *line.rate > 0 && *line.rate <= kMaxRate) return {};
+  return Error{"--rate " + value + ": give frames a second, up to 240, like 25"};
+}
+
+Outcome readCodec(CommandLine& line, const std::string& value) {
+  line.codec = value;
+  if (value == "raw" || value == "mpeg4") return {};
+  return Error{"--codec " + value + ": there are raw and mpeg4"};
+}
+
+Outcome readOutput(CommandLine& line, const std::string& value) {
+  line.output = value;
+  return value.empty() ? Outcome(Error{"--output: the name is empty"}) : Outcome();
+}
+
+struct RenderOption {
+  std::string_view name;
+  Outcome (*read)(CommandLine& line, const std::string& value);
+};
+
+constexpr std::array kRenderOptions = {
+    RenderOption{"--output", readOutput}, RenderOption{"--range", readRange},
+    RenderOption{"--size", readSize},     RenderOption{"--rate", readRate},
+    RenderOption{"--codec", readCodec},
+};
+
+Outcome readRenderOptions(CommandLine& line, const std::vector<std::string>& arguments) {
+  for (std::size_t i = 2; i < arguments.size(); i += 2) {
+    const auto* option = std::find_if(kRenderOptions.begin(), kRenderOptions.end(),
+                                      [&](const auto& o) { return o.name == arguments[i]; });
+    if (option == kRenderOptions.end()) return Error{"--render has no option " + arguments[i]};
+    if (i + 1 == arguments.size()) return Error{arguments[i] + " needs a value"};
+    if (auto done = option->read(line, arguments[i + 1]); !done) return done;
+  }
+  return line.output.empty() ? Outcome(Error{"--render needs --output FILE"}) : Outcome();
+}
+
+}  // namespace
+
+Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
+  if (arguments.empty())
+    return Error{"there is no window yet; see kvo5 --help for what can be done without one"};
+  CommandLine line;
+  const auto& task = arguments[0];
+  if (task == "--help" || task == "-h" || task == "--version") {
+    if (arguments.size() > 1) return Error{task + " takes nothing behind it"};
+    line.task = task == "--version" ? Task::Version : Task::Help;
+    return line;
+  }
+  if (task != "--render" && task != "--check" && task != "--document") {
+    return Error{"there is no command " + task};
+  }
+  if (arguments.size() < 2) return Error{task + " needs a collection"};
+  line.collection = arguments[1];
+  if (task == "--render") {
+    line.task = Task::Render;
+    if (auto done = readRenderOptions(line, arguments); !done) return done.error();
+    return line;
+  }
+  const std::size_t wanted = task == "--check" ? 2 : 3;
+  if (arguments.size() < wanted) return Error{"--document needs a file to write"};
+  if (arguments.size() > wanted) return Error{task + " takes nothing behind " + arguments[wanted - 1]};
+  line.task = task == "--check" ? Task::Check : Task::Document;
+  if (line.task == Task::Document) line.output = arguments[2];
+  return line;
+}
+
+std::string_view helpText() {
+  return R"(kvo5 - media player and movie maker
+
+kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
+    Makes a movie of a collection. FILE ends in .avi, .wmv, .wav or .wma.
+      --range FROM-TO   only this part of the movie, in seconds: 1.5-4
+      --size WxH        picture size in pixels: 640x360
+      --rate FPS        frames a second: 25
+      --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
+kvo5 --check COLLECTION
+    Lists the clips with their times, and what is wrong with them.
+kvo5 --document COLLECTION FILE
+    Writes the timeline document that a render would be made from.
+kvo5 --help
+kvo5 --version
+
+Exit codes: 0 done, 1 failed, 2 wrong usage, 130 stopped by the user.
+)";
+}
+
+}  // namespace kvo

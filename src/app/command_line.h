@@ -1,0 +1,36 @@
+// The command line of the program where it works without a screen.
+#pragma once
+
+#include "base/result.h"
+#include "engine/renderer.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvo {
+
+enum class Task { Help, Version, Render, Check, Document };
+
+struct PictureSize {
+  int width = 0;  ///< pixels
+  int height = 0;
+};
+
+struct CommandLine {
+  Task task = Task::Help;
+  std::string collection;
+  std::string output;
+  std::optional<engine::Slice> range;
+  std::optional<PictureSize> size;
+  std::optional<double> rate;  ///< frames a second
+  std::string codec;           ///< of an AVI; empty for uncompressed
+};
+
+/// Fails with a line on what is wrong with the arguments (without the program's name).
+Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments);
+
+std::string_view helpText();
+
+}  // namespace kvo

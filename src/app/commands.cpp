@@ -1,0 +1,205 @@
+#include "app/commands.h"
+
+#include "app/clip_check.h"
+#include "app/progress_line.h"
+#include "base/text.h"
+#include "editor/timeline/audio_tracks.h"
+#include "editor/timeline/clip_kinds.h"
+#include "editor/timeline/durations.h"
+#include "editor/timeline/render_file.h"
+#include "platform/posix/stop_signals.h"
+#include "platform/posix/temporary_folder.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <unistd.h>
+
+namespace kvo {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point then) {
+  return std::chrono::duration<double>(Clock::now() - then).count();
+}
+
+void print(const std::string& text) {
+  std::fputs(text.c_str(), stdout);
+  std::fflush(stdout);
+}
+
+void warn(const std::string& text) { std::fprintf(stderr, "kvo5: %s\n", text.c_str()); }
+
+std::string clipName(int number, const Movie& clip) {
+  return "clip " + std::to_string(number) + " " + clipFile(clip);
+}
+
+// Shows the engine's lines: one line in place on a terminal, a line each tenth of the way elsewhere.
+class ProgressShow {
+ public:
+  void hear(std::string_view line) {
+    if (!line.starts_with("progress ")) {
+      report_ = line;
+      return;
+    }
+    line.remove_prefix(9);
+    const auto blank = line.find(' ');
+    if (blank == std::string_view::npos) return;
+    const double done = ToNumber(line.substr(0, blank));
+    const double total = ToNumber(line.substr(blank + 1));
+    const auto text = progressText(done, total, secondsSince(begun_));
+    if (onTerminal_) {
+      print("\r" + text + "\x1b[K");
+    } else if (const int tenth = static_cast<int>(total > 0 ? done / total * 10 : 0); tenth > shownTenth_) {
+      shownTenth_ = tenth;
+      print(text + "\n");
+    }
+  }
+
+  // Takes the line off the terminal again.
+  void end() const {
+    if (onTerminal_) print("\r\x1b[K");
+  }
+
+  // "made out.avi: 300 frames, 12.00 s, 5.2 MB, in 1.90 s (6.32 x real time)"
+  [[nodiscard]] std::string summary(const std::string& output) const {
+    std::string_view rest(report_);
+    std::array<double, 3> numbers{};
+    rest.remove_prefix(std::min<std::size_t>(rest.size(), 5));
+    for (auto& number : numbers) {
+      number = ToNumber(rest);
+      rest.remove_prefix(std::min(rest.size(), rest.find(' ') + 1));
+    }
+    const auto [frames, seconds, bytes] = numbers;
+    const double took = secondsSince(begun_);
+    return "made " + output + ": " + (frames > 0 ? ShortText(frames) + " frames, " : std::string()) +
+           FormatMask(seconds, "0.00") + " s, " + bytesText(bytes) + ", in " + FormatMask(took, "0.00") +
+           " s (" + FormatMask(seconds / took, "0.00") + " x real time)\n";
+  }
+
+ private:
+  const bool onTerminal_ = ::isatty(STDOUT_FILENO) == 1;
+  const Clock::time_point begun_ = Clock::now();
+  int shownTenth_ = -1;
+  std::string report_;
+};
+
+std::vector<std::string> engineArguments(const CommandLine& line, const std::string& document) {
+  std::vector<std::string> arguments;
+  if (line.range) {
+    arguments.push_back("/[" + FormatMask(line.range->from, "0.00") + "-" +
+                        FormatMask(line.range->to, "0.00") + "]");
+  }
+  if (!line.codec.empty()) arguments.insert(arguments.end(), {"/C", line.codec});
+  arguments.insert(arguments.end(), {"/W", line.output, document});
+  return arguments;
+}
+
+// Faults that no render survives, and a word on what is left out.
+Outcome checkForRender(Session& session, const ReadReport& report) {
+  auto& clips = session.collection.MovieList;
+  for (const int number : report.skippedClips) {
+    warn("clip " + std::to_string(number) + " has no usable name or folder and is left out");
+  }
+  if (report.damaged) warn("the collection is damaged; clips may be missing");
+  if (clips.empty()) return Error{"the collection has no clips"};
+  if (!report.missingFiles.empty())
+    return Error{"the file of a clip is missing: " + report.missingFiles.front()};
+  for (int i = 1; i <= clips.count(); ++i) {
+    for (const auto& what : clipOmissions(clips[i]))
+      warn(clipName(i, clips[i]) + ": " + what + " is not rendered yet");
+  }
+  if (IsAudioBeforeVideo(session.compilation))
+    return Error{"an audio track stands ahead of a clip with a picture"};
+  return {};
+}
+
+}  // namespace
+
+int fail(const std::string& text, int code) {
+  warn(text);
+  return code;
+}
+
+int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+  StopSignals signals;
+  const auto report = session.open(line.collection);
+  if (!report) return fail(report.error().text);
+  if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
+  if (session.files.sameFile(line.collection, line.output)) {
+    return fail("cannot write " + line.output + ": it is the collection");
+  }
+  auto& controls = session.editor.controls;
+  if (line.size) {
+    controls.txtWidth = line.size->width;
+    controls.txtHeight = line.size->height;
+  }
+  if (line.rate) session.settings.OutPutFrameRate(static_cast<Single>(*line.rate));
+
+  const auto folder = TemporaryFolder::make();
+  if (!folder) return fail(folder.error().text);
+  const auto document = folder->path() + "/movie.xtl";
+  if (auto done = CompileForRender(session.compilation, document); !done) return fail(done.error().text);
+
+  ProgressShow show;
+  const auto end = session.processes.run(
+      engine, engineArguments(line, document), [&](std::string_view text) { show.hear(text); },
+      [&] { return signals.came(); });
+  show.end();
+  if (!end) return fail(end.error().text);
+  if (end->ended || signals.came()) return fail("stopped; nothing was written", kExitStopped);
+  if (end->exitCode > 2) return fail("the render engine ended with code " + std::to_string(end->exitCode));
+  if (end->exitCode != 0) return kExitFailed;  // it has said why
+  print(show.summary(line.output));
+  return kExitDone;
+}
+
+int runCheck(Session& session, const CommandLine& line) {
+  const auto report = session.open(line.collection);
+  if (!report) return fail(report.error().text);
+  const auto& c = session.compilation;
+  static_cast<void>(compileText(c));
+  int problems = 0;
+  const auto problem = [&](const std::string& text) {
+    ++problems;
+    print("      problem: " + text + "\n");
+  };
+  print(line.collection + ": " + std::to_string(c.clips().count()) + " clips, " +
+        FormatMask(ToNumber(session.editor.LastClipStop), "0.00") + " s of picture\n");
+  for (int i = 1; i <= c.clips().count(); ++i) {
+    const auto& clip = c.clips()[i];
+    print(FormatMask(i, "####") + "  " + clipFile(clip) + "\n      section " +
+          FormatMask(clip.LoopStart().number(), "0.00") + " to " +
+          FormatMask(clip.LoopEnd().number(), "0.00") + " s, speed " + ShortText(speedOf(clip)) +
+          ", in the movie " + FormatMask(clip.TimeLineStart().number(), "0.00") + " to " +
+          FormatMask(clip.TimeLineStop().number(), "0.00") + " s" +
+          (isCut(clip.TransType())
+               ? std::string()
+               : ", " + clip.TransType() + " of " + ShortText(secondsFromTenths(clip.TransIn())) + " s") +
+          "\n");
+    for (const auto& text : clipFaults(c, i)) problem(text);
+    for (const auto& text : clipOmissions(clip)) problem(text + " is not rendered yet");
+  }
+  for (const int number : report->skippedClips) {
+    problem("clip section " + std::to_string(number) + " has no usable name or folder");
+  }
+  if (report->damaged) problem("sections of the collection are missing or out of order");
+  print(problems == 0 ? "no problems\n"
+                      : std::to_string(problems) + (problems == 1 ? " problem\n" : " problems\n"));
+  return problems == 0 ? kExitDone : kExitFailed;
+}
+
+int runDocument(Session& session, const CommandLine& line) {
+  const auto report = session.open(line.collection);
+  if (!report) return fail(report.error().text);
+  if (session.files.sameFile(line.collection, line.output)) {
+    return fail("cannot write " + line.output + ": it is the collection");
+  }
+  if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
+  if (auto done = CompileForRender(session.compilation, line.output); !done) return fail(done.error().text);
+  return kExitDone;
+}
+
+}  // namespace kvo

@@ -1,0 +1,25 @@
+// What the program does without a screen. Each command gives the exit code of the process: 0 done, 1 failed,
+// 130 stopped by the user; what went wrong is one line on standard error.
+#pragma once
+
+#include "app/command_line.h"
+#include "app/session.h"
+
+namespace kvo {
+
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitFailed = 1;
+inline constexpr int kExitUsage = 2;
+inline constexpr int kExitStopped = 130;
+
+/// Compiles the collection and has the engine, the program `engine`, render it.
+int runRender(Session& session, const CommandLine& line, const std::string& engine);
+
+int runCheck(Session& session, const CommandLine& line);
+
+int runDocument(Session& session, const CommandLine& line);
+
+/// Prints one line on standard error.
+int fail(const std::string& text, int code = kExitFailed);
+
+}  // namespace kvo

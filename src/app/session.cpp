@@ -1,0 +1,42 @@
+#include "app/session.h"
+
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr std::array<std::string_view, 1> kShippedFiles = {"silence.wav"};
+constexpr std::uint64_t kMaxShipped = 64ULL << 20U;
+
+}  // namespace
+
+Outcome Session::prepareProgramFolder(const std::string& shippedFolder) {
+  if (auto done = files.makeFolder(folder.path()); !done) return done;
+  for (const auto name : kShippedFiles) {
+    const auto target = folder.beside(name);
+    if (files.exists(target)) continue;
+    const auto bytes = files.read(withSeparator(shippedFolder).append(name), kMaxShipped);
+    if (!bytes) return bytes.error();
+    if (auto done = writeDurably(files, target, *bytes); !done) return done;
+  }
+  return {};
+}
+
+Result<ReadReport> Session::open(const std::string& collectionPath) {
+  if (!files.exists(collectionPath)) return Error{"there is no collection " + collectionPath};
+  if (const auto bytes = files.read(collectionPath, kMaxCollectionBytes); !bytes) return bytes.error();
+  if (!file.IsValidCollection(collectionPath)) return Error{collectionPath + " is not a collection"};
+  auto report = file.ReadINI(collectionPath, {.mayRewrite = false, .keepMissingClips = true});
+  if (report.end != ReadEnd::Done) return Error{collectionPath + " cannot be read as a collection"};
+  // The editor's boxes stand as the collection left them.
+  auto& controls = editor.controls;
+  controls.Chk_RenderClipAudio = settings.RenderVideoAudio();
+  controls.Chk_AutoTrim = settings.AutoTrimAudio();
+  controls.Opt_StackOverlay =
+      settings.ExternalAudioStack() ? OverlayOrder::InSequence : OverlayOrder::Stacked;
+  controls.txtWidth = settings.RenderWidth();
+  controls.txtHeight = settings.RenderHeight();
+  return report;
+}
+
+}  // namespace kvo

@@ -1,0 +1,38 @@
+// The one owner of everything: settings, collection, editor state and the adapters behind the ports.
+#pragma once
+
+#include "core/collection_file.h"
+#include "editor/timeline/compilation.h"
+#include "platform/media/media_frame_source.h"
+#include "platform/posix/console_boxes.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_processes.h"
+
+namespace kvo {
+
+class Session {
+ public:
+  explicit Session(ProgramFolder programFolder) : folder(std::move(programFolder)) {}
+
+  /// Makes the program folder and copies in what the program ships with and is missing there.
+  Outcome prepareProgramFolder(const std::string& shippedFolder);
+
+  /// Reads a collection without touching its file. Clips whose file is missing stay in the list.
+  Result<ReadReport> open(const std::string& collectionPath);
+
+  PosixFiles files;
+  PosixClock clock;
+  PosixProcesses processes;
+  ConsoleBoxes boxes;
+  MediaFrameSource streams;
+  ProgramFolder folder;
+  KVO2 settings;
+  Collection collection;
+  EditorState editor;
+  ErrorLog log{files, clock, settings, folder};
+  CollectionFile file{files, clock, boxes, log, folder, settings, collection};
+  Compilation compilation{collection, settings, editor, streams, files, boxes, folder};
+};
+
+}  // namespace kvo

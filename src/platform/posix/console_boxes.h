@@ -1,0 +1,13 @@
+// Boxes where there is no display: printed on standard error, answered with the default.
+#pragma once
+
+#include "platform/message_boxes.h"
+
+namespace kvo {
+
+class ConsoleBoxes : public MessageBoxes {
+ public:
+  Answer show(const Box& box) override;
+};
+
+}  // namespace kvo
