@@ -39,8 +39,8 @@ std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
 
 std::vector<std::string> clipOmissions(const Movie& clip) {
   std::vector<std::string> omitted;
-  const auto& effect = clip.EffectWord();
-  if (!trimmed(effect).empty()) omitted.push_back("the effect " + effect);
+  const auto& effects = clip.EffectWord();  // one digit a switch
+  if (effects.find_first_not_of(" 0") != std::string::npos) omitted.push_back("the effects " + effects);
   for (const auto& [level, name] :
        {std::pair{clip.Brightness(), "brightness"}, std::pair{clip.Contrast(), "contrast"},
         std::pair{clip.Gamma(), "gamma"}, std::pair{clip.Red(), "red"}, std::pair{clip.Green(), "green"},

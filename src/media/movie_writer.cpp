@@ -104,7 +104,7 @@ struct MovieWriter::State {
   AVRational frameTime{1, 25};
   PacketHandle packet{av_packet_alloc()};
   std::int64_t frames = 0;
-  std::int64_t samples = 0;
+  std::int64_t samples = 0;  // time of the next one
   std::vector<float> held;  // samples that do not fill an encoder's frame yet
 
   // Raw video
@@ -205,7 +205,14 @@ struct MovieWriter::State {
     c.time_base = {1, kSampleRate};
     if (isAsf) c.bit_rate = format.video ? kMovieSoundRate : kSoundOnlyRate;
     audio->time_base = c.time_base;
-    return openEncoder(c, *audio);
+    auto opened = openEncoder(c, *audio);
+    if (opened && isAsf) {
+      // A decoder throws away the first two frames. One is the encoder's own delay, which its time stamps
+      // count; the other is put ahead here.
+      held.assign(static_cast<std::size_t>(c.frame_size) * kChannels, 0.0F);
+      samples = -c.frame_size;
+    }
+    return opened;
   }
 
   Outcome openEncoder(AVCodecContext& encoder, AVStream& stream) const {
