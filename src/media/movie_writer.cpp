@@ -272,8 +272,8 @@ struct MovieWriter::State {
       }
     } else if (v.bitDepth == 16) {
       for (std::size_t x = 0; x < width; ++x) {
-        const unsigned word =
-            (bgr[3 * x] >> 3U) | (bgr[3 * x + 1] >> 3U) << 5U | (bgr[3 * x + 2] >> 3U) << 10U;
+        const auto five = [&](std::size_t colour) { return static_cast<unsigned>(bgr[3 * x + colour]) >> 3U; };
+        const unsigned word = five(0) | five(1) << 5U | five(2) << 10U;
         out[2 * x] = static_cast<std::uint8_t>(word & 0xFFU);
         out[2 * x + 1] = static_cast<std::uint8_t>(word >> 8U);
       }

@@ -15,7 +15,8 @@ void drawFade(const media::Picture& below, const media::Picture& above, double p
     for (int y = 0; y < height; ++y) {
       media::mixRow(below.plane(plane) + static_cast<std::ptrdiff_t>(y) * below.stride(plane),
                     above.plane(plane) + static_cast<std::ptrdiff_t>(y) * above.stride(plane),
-                    out.plane(plane) + static_cast<std::ptrdiff_t>(y) * out.stride(plane), width, share);
+                    out.plane(plane) + static_cast<std::ptrdiff_t>(y) * out.stride(plane),
+                    static_cast<std::size_t>(width), share);
     }
   }
 }
