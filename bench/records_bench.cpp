@@ -86,6 +86,10 @@ void writeCollection(benchmark::State& state) {
 }
 
 BENCHMARK(readCollection)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond)->Complexity();
-BENCHMARK(writeCollection)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(writeCollection)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
 
 }  // namespace

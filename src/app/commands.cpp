@@ -108,6 +108,13 @@ Outcome checkForRender(Session& session, const ReadReport& report) {
   if (!report.missingFiles.empty())
     return Error{"the file of a clip is missing: " + report.missingFiles.front()};
   for (int i = 1; i <= clips.count(); ++i) {
+    const auto facts = session.streams.facts(clipFile(clips[i]));
+    if (!facts) return facts.error();
+    if (!facts->hasVideo && !isOverlayAudio(clips[i].MovieName())) {
+      return Error{"there is no picture in " + clipFile(clips[i])};
+    }
+  }
+  for (int i = 1; i <= clips.count(); ++i) {
     for (const auto& what : clipOmissions(clips[i]))
       warn(clipName(i, clips[i]) + ": " + what + " is not rendered yet");
   }

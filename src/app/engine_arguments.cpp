@@ -8,8 +8,9 @@
 namespace kvo {
 namespace {
 
-// "/[1.50-4.00]", blanks inside the brackets allowed.
+// "/[1.50-4.00]", with blanks inside the brackets or behind them.
 std::optional<engine::Slice> sliceIn(std::string_view text) {
+  text = trimmed(text);
   if (!text.ends_with(']')) return std::nullopt;
   text = text.substr(2, text.size() - 3);
   const auto dash = text.find('-');

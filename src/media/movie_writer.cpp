@@ -105,7 +105,7 @@ struct MovieWriter::State {
   PacketHandle packet{av_packet_alloc()};
   std::int64_t frames = 0;
   std::int64_t samples = 0;  // time of the next one
-  std::vector<float> held;  // samples that do not fill an encoder's frame yet
+  std::vector<float> held;   // samples that do not fill an encoder's frame yet
 
   // Raw video
   std::unique_ptr<AVBufferPool, FreePool> rawPool;
@@ -272,7 +272,9 @@ struct MovieWriter::State {
       }
     } else if (v.bitDepth == 16) {
       for (std::size_t x = 0; x < width; ++x) {
-        const auto five = [&](std::size_t colour) { return static_cast<unsigned>(bgr[3 * x + colour]) >> 3U; };
+        const auto five = [&](std::size_t colour) {
+          return static_cast<unsigned>(bgr[3 * x + colour]) >> 3U;
+        };
         const unsigned word = five(0) | five(1) << 5U | five(2) << 10U;
         out[2 * x] = static_cast<std::uint8_t>(word & 0xFFU);
         out[2 * x + 1] = static_cast<std::uint8_t>(word >> 8U);

@@ -11,15 +11,25 @@ constexpr std::int64_t kMaxPixels = 128LL << 20;
 
 constexpr std::array<std::string_view, 5> kLists = {"concat", "dash", "hls", "imf", "sdp"};
 
+// Opens the file itself, and nothing that it refers to.
+int openOnlyOnce(AVFormatContext* context, AVIOContext** io, const char* url, int flags,
+                 AVDictionary** options) {
+  return context->pb != nullptr ? AVERROR(EACCES)
+                                : avio_open2(io, url, flags, &context->interrupt_callback, options);
+}
+
 }  // namespace
 
 Result<FormatHandle> openHead(const std::string& path) {
+  AVFormatContext* raw = avformat_alloc_context();
+  if (raw == nullptr) return Error{"cannot open " + path + ": out of memory"};
+  raw->io_open = openOnlyOnce;
   AVDictionary* options = nullptr;
-  av_dict_set(&options, "protocol_whitelist", "file", 0);
   av_dict_set(&options, "pattern_type", "none", 0);
-  AVFormatContext* raw = nullptr;
   const int opened = avformat_open_input(&raw, ("file:" + path).c_str(), nullptr, &options);
   av_dict_free(&options);
+  if (opened == AVERROR_INVALIDDATA)
+    return Error{"cannot open " + path + ": it is no media file, or damaged"};
   if (opened < 0) return ffmpegError("cannot open " + path, opened);
   FormatHandle format(raw);
   // A list of other files is no clip.

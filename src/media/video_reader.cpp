@@ -146,7 +146,7 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads) {
   }
   const auto* stream = state->format->streams[state->stream];
   if (stream->codecpar->width <= 0 || stream->codecpar->height <= 0) {
-    return Error{"the picture in " + path + " has no size"};
+    return Error{"the picture in " + path + " has no size, or one that is too large"};
   }
   auto decoder = openDecoder(*state->format, state->stream, path, threads);
   if (!decoder) return decoder.error();

@@ -16,8 +16,7 @@ void check(const kvo::engine::Clip& clip) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto timeline =
-      kvo::engine::readDocument(std::string(reinterpret_cast<const char*>(data), size));
+  const auto timeline = kvo::engine::readDocument(std::string(reinterpret_cast<const char*>(data), size));
   if (!timeline) return 0;
   for (const auto& clip : timeline->video) {
     check(clip);

@@ -1,0 +1,80 @@
+#include "app/command_line.h"
+#include "app/engine_arguments.h"
+#include "app/progress_line.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(EngineArguments, TakeTheirForms) {
+  const auto all = readEngineArguments(
+      {"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/W", "/out/my movie.avi", "/x/doc.xtl"});
+  ASSERT_TRUE(all) << all.error().text;
+  ASSERT_TRUE(all->job.slice);
+  EXPECT_EQ(all->job.slice->from, 1.5);
+  EXPECT_EQ(all->job.slice->to, 4);
+  EXPECT_EQ(all->profile, 12);
+  EXPECT_EQ(all->job.aviCodec, media::VideoCodec::Mpeg4);
+  EXPECT_EQ(all->job.output, "/out/my movie.avi");
+  EXPECT_EQ(all->document, "/x/doc.xtl");
+  const auto least = readEngineArguments({"/w", "o.wav", "d.xtl"});
+  ASSERT_TRUE(least);
+  EXPECT_FALSE(least->job.slice || least->profile);
+
+  const Words wrong[] = {{},
+                         {"d.xtl"},
+                         {"/W", "d.xtl"},
+                         {"/P", "26", "/W", "o.wmv", "d.xtl"},
+                         {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
+                         {"/C", "h264", "/W", "o.avi", "d.xtl"},
+                         {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
+                         {"/[1.50]", "/W", "o.avi", "d.xtl"},
+                         {"/Q", "/W", "o.avi", "d.xtl"}};
+  for (const auto& words : wrong) EXPECT_FALSE(readEngineArguments(words)) << testing::PrintToString(words);
+}
+
+TEST(CommandLine, TakesItsCommands) {
+  const auto render = readCommandLine({"--render", "c.INI", "--output", "-o.avi", "--range", "1.5-4",
+                                       "--size", "640x360", "--rate", "29.97", "--codec", "mpeg4"});
+  ASSERT_TRUE(render) << render.error().text;
+  EXPECT_EQ(render->task, Task::Render);
+  EXPECT_EQ(render->output, "-o.avi");
+  EXPECT_EQ(render->range->to, 4);
+  EXPECT_EQ(render->size->height, 360);
+  EXPECT_EQ(*render->rate, 29.97);
+  EXPECT_EQ(readCommandLine({"--check", "-c.INI"})->collection, "-c.INI");
+  EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl"})->output, "d.xtl");
+  EXPECT_EQ(readCommandLine({"--version"})->task, Task::Version);
+
+  const Words wrong[] = {{"--nonsense"},
+                         {"--render"},
+                         {"--render", "c.INI"},
+                         {"--render", "c.INI", "--output"},
+                         {"--render", "c.INI", "--output", "o.avi", "--range", "4-1"},
+                         {"--render", "c.INI", "--output", "o.avi", "--size", "640"},
+                         {"--render", "c.INI", "--output", "o.avi", "--size", "1x1"},
+                         {"--render", "c.INI", "--output", "o.avi", "--size", "20000x20000"},
+                         {"--render", "c.INI", "--output", "o.avi", "--rate", "0"},
+                         {"--render", "c.INI", "--output", "o.avi", "--rate", "1,5"},
+                         {"--render", "c.INI", "--output", "o.avi", "--colour", "x"},
+                         {"--check"},
+                         {"--check", "a", "b"},
+                         {"--document", "a"}};
+  for (const auto& words : wrong) EXPECT_FALSE(readCommandLine(words)) << testing::PrintToString(words);
+}
+
+TEST(ProgressLine, TellsShareSpeedAndTimeLeft) {
+  EXPECT_EQ(progressText(0, 10, 0), "  0%");
+  EXPECT_EQ(progressText(5, 20, 2), " 25%  2.50 x real time  0:06 left");
+  EXPECT_EQ(progressText(20, 20, 8), "100%  2.50 x real time  0:00 left");
+  EXPECT_EQ(clockText(3661), "1:01:01");
+  EXPECT_EQ(clockText(59.2), "1:00");
+  EXPECT_EQ(bytesText(812), "812 bytes");
+  EXPECT_EQ(bytesText(17432000), "17.4 MB");
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,195 @@
+// The programs themselves, started as a user or a script starts them.
+#include "core/collection_file.h"
+#include "platform/posix/posix_files.h"
+#include "support/fakes.h"
+#include "support/real_world.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ProgramEnd;
+using test::ScratchFolder;
+
+class Program : public testing::Test {
+ protected:
+  Program() {
+    ::setenv("KVO5_HOME", (home_.path() + "/program").c_str(), 1);
+    video_ = test::makeCountingVideo(work_, "count.avi", "25", 50);
+  }
+
+  static ProgramEnd kvo5(std::vector<std::string> arguments, int signal = 0) {
+    arguments.insert(arguments.begin(), KVO_PROGRAMS "/kvo5");
+    return test::runProgram(arguments, signal);
+  }
+
+  // A collection of one clip each of `files`, two seconds long.
+  std::string collection(const std::string& name, const std::vector<std::string>& files,
+                         const std::function<void(test::Bench&)>& change = {}) {
+    test::Bench b;
+    for (const auto& file : files) {
+      const std::filesystem::path path(file);
+      auto& clip = b.addVideo(path.filename().string(), 0, 2, path.parent_path().string() + "/");
+      clip.RenderAudio(false);
+    }
+    b.settings.RenderWidth(64);
+    b.settings.RenderHeight(48);
+    if (change) change(b);
+    PosixFiles files2;
+    CollectionFile file(files2, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
+    EXPECT_TRUE(file.WriteINI(work_.path(), name, true));
+    return work_ / name;
+  }
+
+  ScratchFolder home_;
+  ScratchFolder work_;
+  std::string video_;
+};
+
+TEST_F(Program, RendersACollection) {
+  const auto path = collection("c.INI", {video_, video_}, [](test::Bench& b) {
+    b.collection.MovieList[2].TransType("Fade");
+    b.collection.MovieList[2].TransIn(10);
+  });
+  const auto before = PosixFiles().read(path, 1U << 20U).value();
+  const auto end = kvo5({"--render", path, "--output", work_ / "o.avi"});
+  EXPECT_EQ(end.exitCode, 0) << end.err;
+  EXPECT_NE(end.out.find("75 frames, 3.00 s"), std::string::npos) << end.out;
+  EXPECT_EQ(test::picturesOf(work_ / "o.avi", 64, 48).size(), 75U);
+  EXPECT_EQ(PosixFiles().read(path, 1U << 20U).value(), before) << "a render does not touch the collection";
+
+  const auto part = kvo5(
+      {"--render", path, "--output", work_ / "p.avi", "--range", "1-2", "--size", "32x24", "--rate", "10"});
+  EXPECT_EQ(part.exitCode, 0) << part.err;
+  EXPECT_EQ(test::picturesOf(work_ / "p.avi", 32, 24).size(), 10U);
+}
+
+TEST_F(Program, ChecksACollection) {
+  const auto good = kvo5({"--check", collection("good.INI", {video_})});
+  EXPECT_EQ(good.exitCode, 0) << good.out;
+  EXPECT_NE(good.out.find("no problems"), std::string::npos) << good.out;
+  std::ofstream(work_ / "text.avi") << "no movie";
+  const auto bad =
+      kvo5({"--check", collection("bad.INI", {video_, work_ / "gone.avi", work_ / "text.avi"},
+                                  [](test::Bench& b) { b.collection.MovieList[1].LoopEnd(Value(9)); })});
+  EXPECT_EQ(bad.exitCode, 1);
+  for (const auto* said :
+       {"its section ends at 9 s", "the file is missing", "text.avi: it is no media file", "3 problems"}) {
+    EXPECT_NE(bad.out.find(said), std::string::npos) << said << ":\n" << bad.out;
+  }
+}
+
+TEST_F(Program, PlaysThroughFilesOfAnyName) {
+  for (const std::string name :
+       {"with blanks .avi", "it's \"quoted\".avi", "a&b<c>.avi", "$(touch pwned).avi", "`touch pwned`.avi",
+        "-dash.avi", "%s%n.avi", "\xC3\xBC\xE6\x97\xA5.avi", "semi;colon, comma.avi", "br[ack]et.avi",
+        "hash#?.avi"}) {
+    std::filesystem::copy(video_, work_ / name);
+    const auto path = collection("odd.INI", {work_ / name});
+    const auto end = kvo5({"--render", path, "--output", work_ / ("to " + name)});
+    EXPECT_EQ(end.exitCode, 0) << name << ": " << end.err;
+    EXPECT_TRUE(std::filesystem::exists(work_ / ("to " + name)));
+  }
+  const auto names = work_.names();
+  EXPECT_EQ(std::count(names.begin(), names.end(), "pwned"), 0);
+  // A name that is no UTF-8 cannot stand in a collection.
+  std::filesystem::copy(video_, work_ / "inv\xFF.avi");
+  const auto end =
+      kvo5({"--render", collection("inv.INI", {work_ / "inv\xFF.avi"}), "--output", work_ / "o.avi"});
+  EXPECT_EQ(end.exitCode, 1);
+  EXPECT_NE(end.err.find("missing"), std::string::npos) << end.err;
+}
+
+TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
+  std::ofstream(work_ / "text.INI") << "this is no collection\r\n";
+  std::ofstream(work_ / "empty.avi");
+  std::ofstream(work_ / "huge.ppm") << "P6\n20000 20000\n255\n";
+  const auto good = collection("good.INI", {video_});
+  const auto o = work_ / "o.avi";
+  struct Row {
+    std::vector<std::string> arguments;
+    int code;
+    std::string says;
+  };
+  const Row rows[] = {
+      {{"--render", work_ / "none.INI", "--output", o}, 1, "none.INI"},
+      {{"--render", work_ / "text.INI", "--output", o}, 1, "text.INI is not a collection"},
+      {{"--render", work_.path(), "--output", o}, 1, work_.path()},
+      {{"--render", collection("1.INI", {}), "--output", o}, 1, "no clips"},
+      {{"--render", collection("2.INI", {work_ / "gone.avi"}), "--output", o}, 1, "gone.avi"},
+      {{"--render", collection("3.INI", {work_ / "empty.avi"}), "--output", o}, 1, "empty.avi"},
+      {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
+      {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi"},
+      {{"--render", good, "--output", work_ / "o.mov"}, 1, "o.mov"},
+      {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
+      {{"--render", good, "--output", good}, 1, "it is the collection"},
+      {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
+      {{"--render", good}, 2, "--output"},
+      {{"--nonsense"}, 2, "--nonsense"},
+  };
+  const auto before = work_.names();
+  for (const auto& row : rows) {
+    const auto end = kvo5(row.arguments);
+    EXPECT_EQ(end.exitCode, row.code) << row.says << ": " << end.err;
+    EXPECT_NE(end.err.find(row.says), std::string::npos) << end.err;
+    EXPECT_EQ(std::count(end.err.begin(), end.err.end(), '\n'), 1) << end.err;
+    EXPECT_EQ(work_.names(), before);
+  }
+}
+
+TEST_F(Program, FullDisksLeaveNothingBehind) {
+  // A file size limit stands in for a disk that is full.
+  const auto path = collection("c.INI", {video_});
+  const auto end = test::runProgram(
+      {"bash", "-c", "trap '' XFSZ; ulimit -f 100; exec \"$0\" --render \"$1\" --output \"$2\"",
+       KVO_PROGRAMS "/kvo5", path, work_ / "o.avi"});
+  EXPECT_EQ(end.exitCode, 1);
+  EXPECT_NE(end.err.find("o.avi: File too large"), std::string::npos) << end.err;
+  EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi"));
+}
+
+TEST_F(Program, AStopSignalEndsTheEngineAndLeavesNoFile) {
+  const auto lasting = test::makeMedia(work_, "long.mp4",
+                                       {"-f", "lavfi", "-i", "testsrc2=size=640x360:rate=25:duration=60",
+                                        "-c:v", "libx264", "-preset", "ultrafast"});
+  const auto path =
+      collection("c.INI", {lasting}, [](test::Bench& b) { b.collection.MovieList[1].LoopEnd(Value(60)); });
+  const auto before = work_.names();
+  for (const int signal : {SIGINT, SIGTERM}) {
+    const auto end = kvo5(
+        {"--render", path, "--output", work_ / "o.avi", "--size", "1280x720", "--codec", "mpeg4"}, signal);
+    EXPECT_EQ(end.exitCode, 130) << end.err;
+    EXPECT_NE(end.err.find("stopped"), std::string::npos);
+    EXPECT_EQ(work_.names(), before);
+  }
+}
+
+TEST_F(Program, WritesTheDocumentAlone) {
+  const auto end = kvo5({"--document", collection("c.INI", {video_}), work_ / "d.xtl"});
+  EXPECT_EQ(end.exitCode, 0) << end.err;
+  const auto text = PosixFiles().read(work_ / "d.xtl", 1U << 20U).value();
+  EXPECT_NE(
+      text.find("<clip src=\"" + video_ + "\" mstart=\"0\" mstop=\"2.0000\" start=\"0\" stop=\"2.0000\" >"),
+      std::string::npos)
+      << text;
+  const auto render =
+      test::runProgram({KVO_PROGRAMS "/KVORender", "/[0.40-1.20] ", "/W", work_ / "s.avi", work_ / "d.xtl"});
+  EXPECT_EQ(render.exitCode, 0) << render.err;
+  const auto pictures = test::picturesOf(work_ / "s.avi", 64, 48);
+  ASSERT_EQ(pictures.size(), 20U);
+  EXPECT_EQ(test::frameNumber(pictures[0]), 10);
+}
+
+TEST_F(Program, TellsItsHelpAndVersion) {
+  EXPECT_NE(kvo5({"--help"}).out.find("--render COLLECTION"), std::string::npos);
+  EXPECT_EQ(kvo5({"--version"}).out.substr(0, 5), "KVO5 ");
+}
+
+}  // namespace
+}  // namespace kvo

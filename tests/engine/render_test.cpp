@@ -1,0 +1,331 @@
+// Whole renders of real media, measured on what comes out.
+#include "base/numbers.h"
+#include "base/text.h"
+#include "engine/document_reader.h"
+#include "engine/renderer.h"
+#include "platform/posix/posix_files.h"
+#include "support/real_world.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace kvo::engine {
+namespace {
+
+using test::ScratchFolder;
+
+struct DocumentClip {
+  std::string src;
+  double mstart = 0;
+  double mstop = 1;
+  double start = 0;
+  double stop = 1;
+  std::string inside{};      // elements of the clip
+  std::string behind{};      // elements behind the clip
+  std::string attributes{};  // stretchmode and the like
+};
+
+std::string group(const std::string& head, const std::vector<DocumentClip>& clips) {
+  std::string text = "<group " + head + ">\r\n";
+  for (const auto& c : clips) {
+    text += "<track>\r\n<clip src=" + kvo::quoted(c.src) + " " + c.attributes +
+            "mstart=" + kvo::quoted(ShortText(c.mstart)) + " mstop=" + kvo::quoted(ShortText(c.mstop)) +
+            " start=" + kvo::quoted(ShortText(c.start)) + " stop=" + kvo::quoted(ShortText(c.stop)) +
+            " >\r\n" + c.inside + "</clip>\r\n" + c.behind + "</track>\r\n";
+  }
+  return text + "</group>\r\n";
+}
+
+std::string videoHead(int width = 64, int height = 48, const std::string& rate = "25") {
+  return "type=\"video\" bitdepth=\"24\" width=" + kvo::quoted(std::to_string(width)) +
+         " height=" + kvo::quoted(std::to_string(height)) + " framerate=" + kvo::quoted(rate);
+}
+
+std::string movie(const std::vector<DocumentClip>& video, const std::vector<DocumentClip>& audio = {},
+                  const std::string& head = videoHead()) {
+  return "<timeline>\r\n" + (video.empty() ? std::string() : group(head, video)) +
+         group("type=\"audio\" SamplingRate=\"44100\"", audio) + "</timeline>\r\n";
+}
+
+std::string fade(double start, double stop, double length) {
+  return "<transition start=" + kvo::quoted(ShortText(start)) + " stop=" + kvo::quoted(ShortText(stop)) +
+         " clsid=\"{16B280C5-EE70-11D1-9066-00C04FD9189D}\">\r\n<param name=\"Progress\" "
+         "value=\"0.0\">\r\n<linear time=" +
+         kvo::quoted(ShortText(length)) + " value=\"1\"/>\r\n</param>\r\n</transition>\r\n";
+}
+
+std::string envelope(const std::string& first, const std::vector<std::pair<double, double>>& keys) {
+  std::string text =
+      "<effect start=\"0\" stop=\"9\" clsid=\"{036A9790-C153-11d2-9EF7-006008039E37}\" >\r\n<param "
+      "name=\"Vol\" value=" +
+      kvo::quoted(first) + ">\r\n";
+  for (const auto& [time, value] : keys)
+    text +=
+        "<linear time=" + kvo::quoted(ShortText(time)) + " value=" + kvo::quoted(ShortText(value)) + "/>\r\n";
+  return text + "</param>\r\n</effect>\r\n";
+}
+
+class Render : public testing::Test {
+ protected:
+  Result<RenderReport> tryRender(const std::string& text, const std::string& name, RenderJob job = {}) {
+    const auto timeline = readDocument(text);
+    if (!timeline) return timeline.error();
+    job.output = out_ / name;
+    return render(*timeline, job, files_, {});
+  }
+
+  std::string rendered(const std::string& text, const std::string& name, const RenderJob& job = {}) {
+    const auto report = tryRender(text, name, job);
+    EXPECT_TRUE(report) << report.error().text;
+    return out_ / name;
+  }
+
+  ScratchFolder media_;
+  ScratchFolder out_;
+  PosixFiles files_;
+};
+
+TEST_F(Render, ShowsTheSourceFrameOfEachTimeAtAnySpeed) {
+  const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 100);
+  struct Row {
+    double mstart, mstop, length;
+  };
+  for (const auto& row : {Row{0, 2, 2}, Row{1, 3, 1}, Row{0.4, 1.4, 2}, Row{0.52, 1.02, 1.5}}) {
+    const auto path = rendered(movie({{source, row.mstart, row.mstop, 0, row.length}}), "speed.avi");
+    const auto pictures = test::picturesOf(path, 64, 48);
+    ASSERT_EQ(pictures.size(), static_cast<std::size_t>(std::lround(row.length * 25)));
+    const double ratio = (row.mstop - row.mstart) / row.length;
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+      const double at = row.mstart + static_cast<double>(i) / 25 * ratio;
+      EXPECT_EQ(test::frameNumber(pictures[i]), std::floor(at * 25 + 0.02))
+          << "frame " << i << " at ratio " << ratio;
+    }
+  }
+}
+
+TEST_F(Render, BringsSourcesOfOtherRatesAndUnevenOnesToTheMoviesRate) {
+  const auto film = test::makeCountingVideo(media_, "film.mkv", "24", 60);
+  const auto uneven = test::makeMedia(
+      media_, "uneven.mkv",
+      {"-f", "lavfi", "-i", "color=black:size=64x48:rate=30,format=yuv420p,geq=lum='16+2*N':cb=128:cr=128",
+       "-frames:v", "60", "-vf", "select='if(lt(n,30),not(mod(n,3)),1)'", "-fps_mode", "vfr", "-c:v",
+       "ffv1"});
+  const auto pictures =
+      test::picturesOf(rendered(movie({{film, 0, 2, 0, 2}, {uneven, 0, 1.8, 2, 3.8}}), "rates.avi"), 64, 48);
+  ASSERT_EQ(pictures.size(), 95U);
+  for (int i = 0; i < 50; ++i) {
+    EXPECT_EQ(test::frameNumber(pictures[static_cast<std::size_t>(i)]), std::floor(i / 25.0 * 24 + 0.02))
+        << i;
+  }
+  for (int i = 0; i < 45; ++i) {
+    const int source = static_cast<int>(std::floor(i / 25.0 * 30 + 0.03));
+    EXPECT_EQ(test::frameNumber(pictures[static_cast<std::size_t>(50 + i)]),
+              source < 30 ? source / 3 * 3 : source)
+        << i;
+  }
+}
+
+TEST_F(Render, FadesFromOneClipIntoTheNext) {
+  const auto black =
+      test::makeMedia(media_, "black.mkv",
+                      {"-f", "lavfi", "-i", "color=black:size=64x48:rate=25:duration=3", "-c:v", "ffv1"});
+  const auto white =
+      test::makeMedia(media_, "white.mkv",
+                      {"-f", "lavfi", "-i", "color=white:size=64x48:rate=25:duration=3", "-c:v", "ffv1"});
+  const auto pictures = test::picturesOf(
+      rendered(movie({{black, 0, 2, 0, 2}, {white, 0, 2, 1, 3, "", fade(1, 3, 0.875)}}), "fade.avi"), 64, 48);
+  ASSERT_EQ(pictures.size(), 75U);
+  for (int i = 0; i < 75; ++i) {
+    const double progress = std::clamp((i - 25) / 25.0 / 0.875, 0.0, 1.0);
+    EXPECT_NEAR(pictures[static_cast<std::size_t>(i)].mean(), progress * 255, 2) << "frame " << i;
+  }
+}
+
+TEST_F(Render, ShowsBlackWhereThereIsNoClip) {
+  const auto white =
+      test::makeMedia(media_, "white.mkv",
+                      {"-f", "lavfi", "-i", "color=white:size=64x48:rate=25:duration=3", "-c:v", "ffv1"});
+  const auto pictures = test::picturesOf(rendered(movie({{white, 0, 1, 1, 2}}), "gap.avi"), 64, 48);
+  ASSERT_EQ(pictures.size(), 50U);
+  EXPECT_LT(pictures[24].mean(), 2);
+  EXPECT_GT(pictures[25].mean(), 253);
+}
+
+TEST_F(Render, PlacesStillsByTheirStretchMode) {
+  // Red, 80 x 20, with a white middle of 20 x 20.
+  const auto still = test::makeMedia(
+      media_, "still.png",
+      {"-f", "lavfi", "-i", "color=red:size=80x20,format=rgb24,drawbox=x=30:y=0:w=20:h=20:color=white:t=fill",
+       "-frames:v", "1"});
+  struct Row {
+    const char* mode;
+    int corner, side, middle;  // green at (2,2), at (4,24), and at (32,24): 255 in white, 0 in red and black
+    int cornerRed;
+  };
+  const Row rows[] = {{"stretch", 0, 0, 255, 254},
+                      {"preserveaspectratio", 0, 0, 255, 0},                // bars above and below
+                      {"preserveaAspectrationoletterbox", 0, 0, 255, 254},  // fills, sides cut off
+                      {"crop", 0, 0, 255, 0}};                              // not scaled: black about it
+  for (const auto& row : rows) {
+    DocumentClip clip{still, 0, 1, 0, 0.2};
+    clip.attributes = std::string(" stretchmode=") + kvo::quoted(row.mode) + "  ";
+    const auto picture = test::picturesOf(rendered(movie({clip}), "still.avi"), 64, 48).front();
+    EXPECT_NEAR(picture.at(2, 2, 0), row.cornerRed, 4) << row.mode;
+    EXPECT_NEAR(picture.at(2, 2, 1), row.corner, 4) << row.mode;
+    EXPECT_NEAR(picture.at(4, 24, 1), row.side, 4) << row.mode;
+    EXPECT_NEAR(picture.at(32, 24, 1), row.middle, 4) << row.mode;
+  }
+}
+
+TEST_F(Render, KeepsTheSoundInStepToTheSample) {
+  const auto clicks = test::makeMedia(
+      media_, "click.wav",
+      {"-f", "lavfi", "-i", "aevalsrc='if(eq(mod(n,22050),0),0.8,0)':s=44100:d=6", "-c:a", "pcm_s16le"});
+  const auto text = movie({}, {{clicks, 0.25, 2.25, 0, 2}, {clicks, 1.9, 3.9, 2.5, 4.5}});
+  // 0.5 s of the source stands at 0.25 s, and 2.0 s of it at 2.6 s.
+  for (const auto* name : {"clicks.wav", "clicks.wma"}) {
+    const auto samples = test::samplesOf(rendered(text, name));
+    for (const double at : {0.25, 0.75, 1.25, 2.6, 3.1}) {
+      const auto wanted = static_cast<std::ptrdiff_t>(std::lround(at * 44100));
+      const auto loudest = std::max_element(samples.begin() + wanted - 2000, samples.begin() + wanted + 2000,
+                                            [](float a, float b) { return std::fabs(a) < std::fabs(b); });
+      EXPECT_NEAR(static_cast<double>(loudest - samples.begin()), static_cast<double>(wanted), 44)
+          << name << " at " << at;
+      EXPECT_GT(std::fabs(*loudest), 0.2F);
+    }
+  }
+  const auto wav = test::samplesOf(rendered(text, "length.wav"));
+  EXPECT_EQ(wav.size(), static_cast<std::size_t>(4.5 * 44100));
+}
+
+TEST_F(Render, KeepsThePitchAtAnySpeed) {
+  const auto tone = test::makeMedia(media_, "tone.wav",
+                                    {"-f", "lavfi", "-i", "sine=frequency=441:sample_rate=44100:duration=8"});
+  for (const auto& [source, shown] : {std::pair{4.0, 2.0}, std::pair{1.5, 3.0}, std::pair{2.0, 2.0}}) {
+    const auto samples = test::samplesOf(rendered(movie({}, {{tone, 1, 1 + source, 0, shown}}), "tone.wav"));
+    ASSERT_EQ(samples.size(), static_cast<std::size_t>(shown * 44100));
+    int crossings = 0;
+    const auto from = static_cast<std::size_t>(0.5 * 44100);
+    const auto to = static_cast<std::size_t>(1.5 * 44100);
+    for (auto i = from; i < to; ++i) crossings += samples[i] < 0 && samples[i + 1] >= 0 ? 1 : 0;
+    EXPECT_NEAR(crossings, 441, 4) << source << " s in " << shown << " s";
+    EXPECT_NEAR(test::levelOf(samples, 0.1, 0.4), test::levelOf(samples, 1.2, 1.5), 1.5)
+        << "from the start on";
+  }
+}
+
+TEST_F(Render, FollowsVolumeEnvelopes) {
+  const auto tone = test::makeMedia(media_, "tone.wav",
+                                    {"-f", "lavfi", "-i", "sine=frequency=441:sample_rate=44100:duration=5"});
+  const auto plain = test::samplesOf(rendered(movie({}, {{tone, 0, 4, 0, 4}}), "plain.wav"));
+  DocumentClip clip{tone, 0, 4, 0, 4};
+  clip.inside = envelope("0", {{1, 0.5}, {3, 0.5}, {4, 0}});
+  const auto shaped = test::samplesOf(rendered(movie({}, {clip}), "shaped.wav"));
+  for (const auto& [at, factor] :
+       {std::pair{0.25, 0.125}, std::pair{0.5, 0.25}, std::pair{2.0, 0.5}, std::pair{3.5, 0.25}}) {
+    EXPECT_NEAR(test::levelOf(shaped, at - 0.01, at + 0.01),
+                test::levelOf(plain, at - 0.01, at + 0.01) + 20 * std::log10(factor), 0.2)
+        << at;
+  }
+  EXPECT_LT(test::levelOf(shaped, 3.999, 4), -60);
+}
+
+TEST_F(Render, AddsOverlappingSoundWithinFullScale) {
+  const auto loud = test::makeMedia(media_, "loud.wav",
+                                    {"-f", "lavfi", "-i", "aevalsrc='0.9*sin(2*PI*300*t)':s=44100:d=3"});
+  const auto samples =
+      test::samplesOf(rendered(movie({}, {{loud, 0, 2, 0, 2}, {loud, 0, 2, 1, 3}}), "sum.wav"));
+  float peak = 0;
+  float step = 0;
+  for (std::size_t i = 1; i < samples.size(); ++i) {
+    peak = std::max(peak, std::fabs(samples[i]));
+    step = std::max(step, std::fabs(samples[i] - samples[i - 1]));
+  }
+  EXPECT_LE(peak, 1.0F);
+  EXPECT_GT(test::levelOf(samples, 1.4, 1.6), -4);
+  EXPECT_LT(step, 0.15F) << "no click";
+}
+
+TEST_F(Render, MakesASliceLikeThePartOfTheWhole) {
+  const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 100);
+  const auto tone = test::makeMedia(
+      media_, "sweep.wav", {"-f", "lavfi", "-i", "aevalsrc='0.5*sin(2*PI*(200+100*t)*t)':s=44100:d=5"});
+  const auto text = movie({{source, 0, 2, 0, 2}, {source, 2, 4, 1.5, 3.5, "", fade(1.5, 3.5, 0.5)}},
+                          {{tone, 0, 3.5, 0, 3.5}});
+  const auto whole = rendered(text, "whole.avi");
+  RenderJob job;
+  job.slice = Slice{1.6, 2.4};
+  const auto slice = rendered(text, "slice.avi", job);
+  const auto all = test::picturesOf(whole, 64, 48);
+  const auto part = test::picturesOf(slice, 64, 48);
+  ASSERT_EQ(part.size(), 20U);
+  for (std::size_t i = 0; i < part.size(); ++i) EXPECT_EQ(part[i].rgb, all[40 + i].rgb) << i;
+  const auto sound = test::samplesOf(whole);
+  const auto cut = test::samplesOf(slice);
+  ASSERT_EQ(cut.size(), static_cast<std::size_t>(0.8 * 44100));
+  for (std::size_t i = 0; i < cut.size(); ++i) ASSERT_NEAR(cut[i], sound[70560 + i], 1e-4F) << i;
+}
+
+TEST_F(Render, WritesEachKindWithItsStreams) {
+  const auto source = test::makeMedia(media_, "av.mkv",
+                                      {"-f", "lavfi", "-i", "testsrc=size=128x96:rate=25:duration=2", "-f",
+                                       "lavfi", "-i", "sine=duration=2", "-c:v", "ffv1", "-c:a", "flac"});
+  const auto text = movie({{source, 0, 2, 0, 2}}, {{source, 0, 2, 0, 2}}, videoHead(100, 75));
+  RenderJob mpeg4;
+  mpeg4.aviCodec = media::VideoCodec::Mpeg4;
+  EXPECT_EQ(test::probed(rendered(text, "a.AVI"), "stream=codec_name,nb_frames"),
+            "rawvideo 50 pcm_s16le 88200");
+  EXPECT_EQ(test::probed(rendered(text, "m.avi", mpeg4), "stream=codec_name,width,height,nb_frames"),
+            "mpeg4 100 75 50 pcm_s16le 88200");
+  EXPECT_EQ(test::probed(rendered(text, "b.wav"), "stream=codec_name,sample_rate,channels"),
+            "pcm_s16le 44100 2");
+  EXPECT_EQ(test::probed(rendered(text, "c.wmv"), "stream=codec_name,width,height"), "wmv2 100 75 wmav2");
+  EXPECT_EQ(test::picturesOf(out_ / "c.wmv", 100, 75).size(), 50U);
+  EXPECT_EQ(test::probed(rendered(text, "d.wma"), "stream=codec_name"), "wmav2");
+}
+
+TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
+  const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 25);
+  const auto sound = test::makeMedia(media_, "tone.wav", {"-f", "lavfi", "-i", "sine=duration=1"});
+  std::filesystem::copy(source, out_ / "source.avi");
+  auto cut = *files_.read(source, 1U << 24U);
+  ASSERT_TRUE(writeDurably(files_, media_ / "cut.mkv", cut.substr(0, cut.size() / 2)));
+  struct Row {
+    std::string text;
+    const char* output;
+    const char* says;
+    RenderJob job{};
+  };
+  RenderJob behind;
+  behind.slice = Slice{5, 6};
+  const Row rows[] = {
+      {movie({{media_ / "none.avi", 0, 1, 0, 1}}), "o.avi", "none.avi"},
+      {movie({{sound, 0, 1, 0, 1}}), "o.avi", "no picture in"},
+      {movie({{source, 0, 1, 0, 1}}, {{source, 0, 1, 0, 1}}), "o.avi", "no sound in"},
+      {movie({{source, 0, 9, 0, 9}}), "o.avi", "count.mkv ends at 1.00 s"},
+      {movie({{media_ / "cut.mkv", 0, 1, 0, 1}}), "o.avi", "cut.mkv"},
+      {movie({{out_ / "source.avi", 0, 1, 0, 1}}), "source.avi", "it is one of the clips"},
+      {movie({{source, 0, 1, 0, 1}}), "none/o.avi", "No such file"},
+      {movie({{source, 0, 1, 0, 1}}), "o.mov", "must end in"},
+      {movie({{source, 0, 1, 0, 1}}), "o.wav", "no sound"},
+      {movie({}, {{sound, 0, 1, 0, 1}}), "o.avi", "no picture"},
+      {movie({{source, 0, 1, 0, 1}}), "o.avi", "not within", behind},
+  };
+  ASSERT_TRUE(writeDurably(files_, out_ / "o.avi", "the old movie"));
+  const auto before = out_.names();
+  const auto sourceBytes = files_.read(out_ / "source.avi", 1U << 24U).value();
+  for (const auto& row : rows) {
+    const auto report = tryRender(row.text, row.output, row.job);
+    ASSERT_FALSE(report) << row.says;
+    EXPECT_NE(report.error().text.find(row.says), std::string::npos) << report.error().text;
+    EXPECT_EQ(out_.names(), before);
+  }
+  EXPECT_EQ(*files_.read(out_ / "o.avi", 100), "the old movie");
+  EXPECT_EQ(files_.read(out_ / "source.avi", 1U << 24U).value(), sourceBytes);
+}
+
+}  // namespace
+}  // namespace kvo::engine

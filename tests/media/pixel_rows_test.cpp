@@ -1,0 +1,99 @@
+#include "media/pixel_rows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace kvo::media {
+namespace {
+
+// Lengths about the widths of vectors, so that bodies and rests of the loops are both run.
+constexpr std::size_t kLengths[] = {1, 2, 7, 16, 31, 32, 33, 64, 127, 640};
+
+std::vector<std::uint8_t> noise(std::size_t count, std::uint32_t state) {
+  std::vector<std::uint8_t> bytes(count);
+  for (auto& b : bytes) {
+    state = state * 1664525U + 1013904223U;
+    b = static_cast<std::uint8_t>(state >> 24U);
+  }
+  return bytes;
+}
+
+TEST(PixelRows, MixingIsExactAtBothEndsAndRoundsBetween) {
+  for (const auto count : kLengths) {
+    const auto below = noise(count, 1);
+    const auto above = noise(count, 2);
+    std::vector<std::uint8_t> out(count);
+    for (const int share : {0, 1, 77, 128, 255, kFullShare}) {
+      mixRow(below.data(), above.data(), out.data(), count, share);
+      for (std::size_t i = 0; i < count; ++i) {
+        const double wanted = below[i] + (above[i] - below[i]) * share / 256.0;
+        ASSERT_NEAR(out[i], wanted, 0.5) << "sample " << i << " of " << count << ", share " << share;
+      }
+    }
+    auto inPlace = below;
+    mixRow(inPlace.data(), above.data(), inPlace.data(), count, 128);
+    mixRow(below.data(), above.data(), out.data(), count, 128);
+    EXPECT_EQ(inPlace, out);
+  }
+}
+
+TEST(PixelRows, HalvingTakesTheMeanOfFour) {
+  for (const auto count : kLengths) {
+    const auto upper = noise(2 * count, 3);
+    const auto lower = noise(2 * count, 4);
+    std::vector<std::uint8_t> out(count);
+    halveRows(upper.data(), lower.data(), out.data(), count);
+    for (std::size_t i = 0; i < count; ++i) {
+      const double mean = (upper[2 * i] + upper[2 * i + 1] + lower[2 * i] + lower[2 * i + 1]) / 4.0;
+      ASSERT_NEAR(out[i], mean, 0.51) << "sample " << i << " of " << count;
+    }
+  }
+}
+
+// ITU-R BT.601 and BT.709, limited range.
+TEST(PixelRows, ColoursFollowTheStandards) {
+  for (const auto matrix : {Matrix::Bt601, Matrix::Bt709}) {
+    const double kr = matrix == Matrix::Bt601 ? 0.299 : 0.2126;
+    const double kb = matrix == Matrix::Bt601 ? 0.114 : 0.0722;
+    for (const auto count : kLengths) {
+      const auto y = noise(count, 5);
+      const auto u = noise((count + 1) / 2, 6);
+      const auto v = noise((count + 1) / 2, 7);
+      std::vector<std::uint8_t> bgr(3 * count);
+      yuvToBgr(y.data(), u.data(), v.data(), bgr.data(), count, matrix);
+      for (std::size_t i = 0; i < count; ++i) {
+        const double luma = (y[i] - 16) / 219.0;
+        const double pb = (u[i / 2] - 128) / 224.0;
+        const double pr = (v[i / 2] - 128) / 224.0;
+        const double red = luma + 2 * (1 - kr) * pr;
+        const double blue = luma + 2 * (1 - kb) * pb;
+        const double green = (luma - kr * red - kb * blue) / (1 - kr - kb);
+        const auto wanted = [](double c) { return std::clamp(c * 255, 0.0, 255.0); };
+        ASSERT_NEAR(bgr[3 * i], wanted(blue), 1.5) << i;
+        ASSERT_NEAR(bgr[3 * i + 1], wanted(green), 1.5) << i;
+        ASSERT_NEAR(bgr[3 * i + 2], wanted(red), 1.5) << i;
+      }
+    }
+  }
+}
+
+TEST(PixelRows, AGreyRampComesOutGrey) {
+  std::vector<std::uint8_t> y(220);
+  std::iota(y.begin(), y.end(), std::uint8_t{16});
+  const std::vector<std::uint8_t> none(110, 128);
+  std::vector<std::uint8_t> bgr(660);
+  yuvToBgr(y.data(), none.data(), none.data(), bgr.data(), y.size(), Matrix::Bt601);
+  EXPECT_EQ(bgr.front(), 0);
+  EXPECT_EQ(bgr.back(), 255);
+  for (std::size_t i = 0; i < bgr.size(); i += 3) {
+    EXPECT_EQ(bgr[i], bgr[i + 1]);
+    EXPECT_EQ(bgr[i], bgr[i + 2]);
+  }
+}
+
+}  // namespace
+}  // namespace kvo::media

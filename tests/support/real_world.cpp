@@ -1,0 +1,175 @@
+#include "support/real_world.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <poll.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace kvo::test {
+namespace {
+
+constexpr double kGreyStep = 2 * 255.0 / 219;  // a counting video adds 2 of 219 steps of luma each frame
+
+std::string bytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::stringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
+}
+
+std::vector<std::string> joined(std::vector<std::string> a, const std::vector<std::string>& b) {
+  a.insert(a.end(), b.begin(), b.end());
+  return a;
+}
+
+// What ffmpeg decodes a file into, as raw bytes.
+std::string decoded(const std::string& path, const std::vector<std::string>& format) {
+  const ScratchFolder folder;
+  const auto raw = folder / "raw";
+  auto command = joined({"ffmpeg", "-v", "error", "-nostdin", "-i", path}, format);
+  command.push_back(raw);
+  const auto end = runProgram(command);
+  EXPECT_EQ(end.exitCode, 0) << path << ": " << end.err;
+  return bytesOf(raw);
+}
+
+}  // namespace
+
+ScratchFolder::ScratchFolder() {
+  auto name = (std::filesystem::temp_directory_path() / "kvo-test-XXXXXX").string();
+  path_ = ::mkdtemp(name.data());
+}
+
+ScratchFolder::~ScratchFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+std::vector<std::string> ScratchFolder::names() const {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(path_))
+    names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOutput) {
+  std::array<std::array<int, 2>, 2> pipes{};
+  for (auto& pipe : pipes) EXPECT_EQ(::pipe(pipe.data()), 0);
+  const auto child = ::fork();
+  if (child == 0) {
+    ::setpgid(0, 0);
+    ::dup2(pipes[0][1], STDOUT_FILENO);
+    ::dup2(pipes[1][1], STDERR_FILENO);
+    for (auto& pipe : pipes) {
+      ::close(pipe[0]);
+      ::close(pipe[1]);
+    }
+    std::vector<char*> arguments;
+    for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
+    arguments.push_back(nullptr);
+    ::execvp(arguments[0], arguments.data());
+    ::_exit(127);
+  }
+  for (auto& pipe : pipes) ::close(pipe[1]);
+  ProgramEnd end;
+  std::array<pollfd, 2> open{{{pipes[0][0], POLLIN, 0}, {pipes[1][0], POLLIN, 0}}};
+  const std::array<std::string*, 2> texts = {&end.out, &end.err};
+  while (open[0].fd >= 0 || open[1].fd >= 0) {
+    ::poll(open.data(), open.size(), -1);
+    for (std::size_t i = 0; i < open.size(); ++i) {
+      if (open[i].fd < 0 || open[i].revents == 0) continue;
+      std::array<char, 4096> buffer{};
+      const auto got = ::read(open[i].fd, buffer.data(), buffer.size());
+      if (got <= 0) {
+        open[i].fd = -1;
+        continue;
+      }
+      texts[i]->append(buffer.data(), static_cast<std::size_t>(got));
+      if (i == 0 && signalAfterOutput != 0) ::kill(child, std::exchange(signalAfterOutput, 0));
+    }
+  }
+  for (auto& pipe : pipes) ::close(pipe[0]);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  end.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return end;
+}
+
+std::string makeMedia(const ScratchFolder& folder, const std::string& name,
+                      const std::vector<std::string>& arguments) {
+  auto command = joined({"ffmpeg", "-v", "error", "-nostdin", "-y"}, arguments);
+  command.push_back(folder / name);
+  const auto end = runProgram(command);
+  EXPECT_EQ(end.exitCode, 0) << name << ": " << end.err;
+  return folder / name;
+}
+
+std::string makeCountingVideo(const ScratchFolder& folder, const std::string& name, const std::string& rate,
+                              int frames) {
+  return makeMedia(folder, name,
+                   {"-f", "lavfi", "-i",
+                    "color=black:size=64x48:rate=" + rate + ",format=yuv420p,geq=lum='16+2*N':cb=128:cr=128",
+                    "-frames:v", std::to_string(frames), "-c:v", "ffv1"});
+}
+
+double DecodedPicture::mean(int colour) const {
+  double sum = 0;
+  for (auto i = static_cast<std::size_t>(colour); i < rgb.size(); i += 3) sum += rgb[i];
+  return sum * 3 / static_cast<double>(rgb.size());
+}
+
+std::vector<DecodedPicture> picturesOf(const std::string& path, int width, int height) {
+  const auto bytes = decoded(path, {"-fps_mode", "passthrough", "-f", "rawvideo", "-pix_fmt", "rgb24"});
+  const auto size = static_cast<std::size_t>(3 * width * height);
+  std::vector<DecodedPicture> pictures;
+  EXPECT_EQ(bytes.size() % size, 0U) << path << " is not " << width << " x " << height;
+  for (std::size_t at = 0; at + size <= bytes.size(); at += size) {
+    pictures.push_back({width,
+                        {bytes.begin() + static_cast<std::ptrdiff_t>(at),
+                         bytes.begin() + static_cast<std::ptrdiff_t>(at + size)}});
+  }
+  return pictures;
+}
+
+int frameNumber(const DecodedPicture& picture) {
+  return static_cast<int>(std::lround(picture.mean() / kGreyStep));
+}
+
+std::vector<float> samplesOf(const std::string& path, int channel) {
+  const auto bytes = decoded(path, {"-ac", "2", "-ar", "44100", "-f", "f32le"});
+  std::vector<float> both(bytes.size() / sizeof(float));
+  std::copy_n(bytes.data(), both.size() * sizeof(float), reinterpret_cast<char*>(both.data()));
+  std::vector<float> one;
+  for (auto i = static_cast<std::size_t>(channel); i < both.size(); i += 2) one.push_back(both[i]);
+  return one;
+}
+
+double levelOf(const std::vector<float>& samples, double from, double to) {
+  const auto first = static_cast<std::size_t>(from * 44100);
+  const auto last = std::min(static_cast<std::size_t>(to * 44100), samples.size());
+  double sum = 0;
+  for (auto i = first; i < last; ++i)
+    sum += static_cast<double>(samples[i]) * static_cast<double>(samples[i]);
+  return 10 * std::log10(sum / static_cast<double>(last - first) + 1e-12);
+}
+
+std::string probed(const std::string& path, const std::string& entries) {
+  const auto end =
+      runProgram({"ffprobe", "-v", "error", "-show_entries", entries, "-of", "default=nw=1:nk=1", path});
+  EXPECT_EQ(end.exitCode, 0) << path << ": " << end.err;
+  auto text = end.out;
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  while (text.ends_with(' ')) text.pop_back();
+  return text;
+}
+
+}  // namespace kvo::test

@@ -1,0 +1,71 @@
+// Real media for tests, made on the spot by ffmpeg's test sources, and finished files taken apart by ffmpeg
+// again, so that what our own room of FFmpeg does is checked from outside.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kvo::test {
+
+/// A folder of the test's own that is gone with the object.
+class ScratchFolder {
+ public:
+  ScratchFolder();
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  ~ScratchFolder();
+
+  [[nodiscard]] std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+  [[nodiscard]] const std::string& path() const { return path_; }
+  /// Names of what is in it, sorted.
+  [[nodiscard]] std::vector<std::string> names() const;
+
+ private:
+  std::string path_;
+};
+
+struct ProgramEnd {
+  int exitCode = 0;
+  std::string out;
+  std::string err;
+};
+
+/// Runs a program without a shell. `signalAfterOutput`, when not 0, is sent as soon as it has printed
+/// something.
+ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOutput = 0);
+
+/// ffmpeg with `arguments` and the file to make. The test fails when ffmpeg does.
+std::string makeMedia(const ScratchFolder& folder, const std::string& name,
+                      const std::vector<std::string>& arguments);
+
+/// 64 x 48 pictures whose grey tells the number of the frame: read back by frameNumber(). Lossless.
+std::string makeCountingVideo(const ScratchFolder& folder, const std::string& name, const std::string& rate,
+                              int frames);
+
+struct DecodedPicture {
+  int width = 0;
+  std::vector<std::uint8_t> rgb;
+  [[nodiscard]] int at(int x, int y, int colour) const {
+    return rgb[static_cast<std::size_t>(3 * (y * width + x) + colour)];
+  }
+  /// Mean of one colour over the whole picture.
+  [[nodiscard]] double mean(int colour = 0) const;
+};
+
+/// Every frame of a movie, in order.
+std::vector<DecodedPicture> picturesOf(const std::string& path, int width, int height);
+
+/// The number that a frame of a counting video tells.
+int frameNumber(const DecodedPicture& picture);
+
+/// The sound as 44.1 kHz samples of one channel (0 left, 1 right), full scale 1.
+std::vector<float> samplesOf(const std::string& path, int channel = 0);
+
+/// Root mean square of a part, in dB of full scale.
+double levelOf(const std::vector<float>& samples, double from, double to);
+
+/// A value that ffprobe tells, like "stream=codec_name", the lines joined by blanks.
+std::string probed(const std::string& path, const std::string& entries);
+
+}  // namespace kvo::test
