@@ -61,8 +61,8 @@ class CollectionFile {
 
   /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
   /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
-  /// written back; when clips were lost on the way the old file is kept beside it with ".old" behind its
-  /// name.
+  /// written back; when clips were lost on the way, or it could not be read at all, the old file is kept
+  /// beside it with ".old" behind its name.
   ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
 
   /// Writes settings and lists to `folder` + `file` in one durable step, reads the head back and clears
@@ -84,6 +84,7 @@ class CollectionFile {
   bool readClip(SectionReader& reader, int number, Movie& clip, int& failures, bool& skipped);
   void readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report);
   bool askAboutMissing(const Movie& clip);
+  void replaceUnreadable(const std::string& fileName, const Error& why);
   void rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options);
   std::string folderField(const SectionRow& row) const;
   bool fileIsThere(Movie& clip, const Rows& main) const;

@@ -67,7 +67,10 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   settings_.ProgramVersion(programVersionText());
 
   auto bytes = files_.read(path, kMaxCollectionBytes);
-  if (!bytes) bytes = files_.read(path, kMaxCollectionBytes);
+  if (!bytes && options.mayRewrite && files_.exists(path)) {
+    replaceUnreadable(path, bytes.error());
+    bytes = files_.read(path, kMaxCollectionBytes);
+  }
   SectionReader reader(bytes ? textFromBytes(std::move(*bytes)) : std::string());
   Rows rows;
   if (!reader.GetSection("KVO", rows, 0)) {
@@ -93,6 +96,20 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   if (report.end == ReadEnd::Done) readKeyframes(reader, options, report);
   if (report.end == ReadEnd::Done && head.rewrite && options.mayRewrite) rewrite(path, report, options);
   return report;
+}
+
+// A file that the disk does not give back gets a fresh one in its place, so that the program can go on; the
+// old one is kept beside it.
+void CollectionFile::replaceUnreadable(const std::string& fileName, const Error& why) {
+  log_.LogError(std::string(LoadResString(177)).append(why.text));
+  log_.LogError("<<Corrupt INI - Re-Write initiated>> on - " + fileName);
+  settings_.AnimMovRand(false);
+  settings_.CDDBMode(1);
+  settings_.TitleDispClr("8421504");
+  settings_.NoofUses(40);
+  settings_.DisplayColor("9079296");
+  if (auto done = files_.rename(fileName, fileName + ".old"); !done) return log_.LogError(done.error().text);
+  WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
 }
 
 void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {

@@ -50,6 +50,9 @@ class Files {
   /// Adds to the end of a file, made when it is missing.
   virtual Outcome append(const std::string& path, std::string_view bytes) = 0;
 
+  /// Gives a file another name, in place of what bears that name.
+  virtual Outcome rename(const std::string& from, const std::string& to) = 0;
+
   /// True when the file is gone afterwards.
   virtual bool remove(const std::string& path) = 0;
 

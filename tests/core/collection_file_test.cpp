@@ -249,6 +249,23 @@ TEST(CollectionFile, DamageEndsTheLoadWithoutLoss) {
   EXPECT_EQ(b.files.all["/col/t.INI.old"], text);
 }
 
+TEST(CollectionFile, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
+  Bench b;
+  b.files.all["/col/t.INI"] = "what the disk does not give back";
+  b.files.unreadable.insert("/col/t.INI");
+  EXPECT_EQ(b.file.ReadINI("/col/t.INI", {.mayRewrite = false}).end, ReadEnd::NotReadable);
+  EXPECT_FALSE(b.files.all.contains("/col/t.INI.old"));
+  EXPECT_EQ(b.file.ReadINI("/col/t.INI").end, ReadEnd::Done);
+  EXPECT_EQ(b.files.all["/col/t.INI.old"], "what the disk does not give back");
+  EXPECT_TRUE(b.file.IsValidCollection("/col/t.INI"));
+  EXPECT_EQ(b.settings.DisplayColor(), "9079296");
+  EXPECT_EQ(b.settings.TitleDispClr(), "8421504");
+  EXPECT_EQ(b.settings.NoofUses(), 41) << "40, and this use";
+  const auto& log = b.log.texts();
+  EXPECT_NE(std::find(log.begin(), log.end(), "<<Corrupt INI - Re-Write initiated>> on - /col/t.INI"),
+            log.end());
+}
+
 TEST(CollectionFile, KeyframesAreCountedByTheHead) {
   const auto text = savedText([](Bench& b) {
     for (Long i = 0; i < 3; ++i) {

@@ -11,6 +11,7 @@
 
 #include <deque>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ namespace kvo::test {
 class MemoryFiles : public Files {
  public:
   std::map<std::string, std::string> all;
+  std::set<std::string> unreadable;
   std::vector<std::string> removed;
   int failAt = 0;  // the number of the changing call that fails, 0 for none
   int calls = 0;
@@ -27,6 +29,7 @@ class MemoryFiles : public Files {
 
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override {
     const auto found = all.find(path);
+    if (unreadable.contains(path)) return Error{"cannot read " + path + ": Input/output error"};
     if (found == all.end()) return Error{"cannot read " + path + ": No such file or directory"};
     if (found->second.size() > limit) return Error{"cannot read " + path + ": File too large"};
     return found->second;
@@ -39,6 +42,14 @@ class MemoryFiles : public Files {
 
   Outcome append(const std::string& path, std::string_view bytes) override {
     all[path].append(bytes);
+    return {};
+  }
+
+  Outcome rename(const std::string& from, const std::string& to) override {
+    if (fails()) return Error{"cannot rename " + from + ": injected"};
+    all[to] = std::move(all[from]);
+    all.erase(from);
+    unreadable.erase(from);
     return {};
   }
 

@@ -174,6 +174,10 @@ Outcome PosixFiles::append(const std::string& path, std::string_view bytes) {
   return {};
 }
 
+Outcome PosixFiles::rename(const std::string& from, const std::string& to) {
+  return ::rename(from.c_str(), to.c_str()) == 0 ? Outcome() : Outcome(failure("cannot rename", from));
+}
+
 bool PosixFiles::remove(const std::string& path) { return ::unlink(path.c_str()) == 0 || errno == ENOENT; }
 
 Outcome PosixFiles::makeFolder(const std::string& path) {

@@ -12,6 +12,7 @@ class PosixFiles : public Files {
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override;
   Result<std::unique_ptr<Replacement>> replace(const std::string& path) override;
   Outcome append(const std::string& path, std::string_view bytes) override;
+  Outcome rename(const std::string& from, const std::string& to) override;
   bool remove(const std::string& path) override;
   Outcome makeFolder(const std::string& path) override;
   [[nodiscard]] bool sameFile(const std::string& a, const std::string& b) const override;
