@@ -16,6 +16,8 @@ namespace {
 class NoBoxes : public kvo::MessageBoxes {
  public:
   kvo::Answer show(const kvo::Box& /*box*/) override { std::abort(); }
+  kvo::StyledAnswer showStyled(const kvo::StyledBox& /*box*/) override { std::abort(); }
+  void answerOpenBox() override {}
 };
 
 // A collection on disk whose clips all name one file that is there.

@@ -82,9 +82,12 @@ Outcome readRenderOptions(CommandLine& line, const std::vector<std::string>& arg
 
 }  // namespace
 
+bool isConsoleCommand(const std::vector<std::string>& arguments) {
+  return !arguments.empty() && (arguments[0].starts_with("--") || arguments[0] == "-h");
+}
+
 Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
-  if (arguments.empty())
-    return Error{"there is no window yet; see kvo5 --help for what can be done without one"};
+  if (arguments.empty()) return Error{"there is nothing to do"};
   CommandLine line;
   const auto& task = arguments[0];
   if (task == "--help" || task == "-h" || task == "--version") {
@@ -113,6 +116,11 @@ Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
 std::string_view helpText() {
   return R"(kvo5 - media player and movie maker
 
+kvo5 [SWITCH]... [FILE]...
+    Opens the window. FILE is a collection (.INI) to open, or a clip to add. Where a copy runs already, it is
+    handed the files.
+      /FULLSC           full screen, when the collection has clips
+      /HUNPCT           the same with the least about the picture
 kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
     Makes a movie of a collection. FILE ends in .avi, .wmv, .wav or .wma.
       --range FROM-TO   only this part of the movie, in seconds: 1.5-4
@@ -125,6 +133,8 @@ kvo5 --document COLLECTION FILE
     Writes the timeline document that a render would be made from.
 kvo5 --help
 kvo5 --version
+
+Files of the program (KVO5.INI, KVOError.Log and others) lie in ~/.local/share/KVO5, or in $KVO5_HOME.
 
 Exit codes: 0 done, 1 failed, 2 wrong usage, 130 stopped by the user.
 )";

@@ -28,6 +28,9 @@ struct CommandLine {
   std::string codec;           ///< of an AVI; empty for uncompressed
 };
 
+/// True when the arguments ask for something that needs no screen: a long option comes first.
+bool isConsoleCommand(const std::vector<std::string>& arguments);
+
 /// Fails with a line on what is wrong with the arguments (without the program's name).
 Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments);
 

@@ -1,7 +1,9 @@
-// The program: what it can do without a screen.
+// The program: with its window, or, by a long option, without a screen.
 #include "app/commands.h"
+#include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
+#include "platform/posix/console_boxes.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,7 +18,8 @@ std::string environment(const char* name) {
 int run(const kvo::CommandLine& line) {
   kvo::media::silenceRemarks();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
-  kvo::Session session(kvo::findProgramFolder(environment, beside));
+  kvo::ConsoleBoxes boxes;
+  kvo::Session session(kvo::findProgramFolder(environment, beside), boxes);
   if (auto done = session.prepareProgramFolder(beside + "../share/kvo5"); !done) {
     return kvo::fail(done.error().text);
   }
@@ -30,9 +33,19 @@ int run(const kvo::CommandLine& line) {
   }
 }
 
+int runWindow(int argc, char** argv) {
+  kvo::media::silenceRemarks();
+  if (!kvo::hasDisplay()) {
+    return kvo::fail("there is no display to show a window on; see kvo5 --help for what works without one");
+  }
+  const auto beside = kvo::withSeparator(kvo::executableFolder());
+  return kvo::runWindow(argc, argv, kvo::findProgramFolder(environment, beside), beside);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!kvo::isConsoleCommand({argv + 1, argv + argc})) return runWindow(argc, argv);
   const auto line = kvo::readCommandLine({argv + 1, argv + argc});
   if (!line) return kvo::fail(line.error().text, kvo::kExitUsage);
   switch (line->task) {

@@ -5,7 +5,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::array<std::string_view, 1> kShippedFiles = {"silence.wav"};
+constexpr std::array<std::string_view, 2> kShippedFiles = {"silence.wav", "KVO5.INI"};
 constexpr std::uint64_t kMaxShipped = 64ULL << 20U;
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "core/collection_file.h"
 #include "editor/timeline/compilation.h"
 #include "platform/media/media_frame_source.h"
-#include "platform/posix/console_boxes.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_processes.h"
@@ -13,7 +12,9 @@ namespace kvo {
 
 class Session {
  public:
-  explicit Session(ProgramFolder programFolder) : folder(std::move(programFolder)) {}
+  /// `messageBoxes` outlives the session.
+  Session(ProgramFolder programFolder, MessageBoxes& messageBoxes)
+      : boxes(messageBoxes), folder(std::move(programFolder)) {}
 
   /// Makes the program folder and copies in what the program ships with and is missing there.
   Outcome prepareProgramFolder(const std::string& shippedFolder);
@@ -24,7 +25,7 @@ class Session {
   PosixFiles files;
   PosixClock clock;
   PosixProcesses processes;
-  ConsoleBoxes boxes;
+  MessageBoxes& boxes;
   MediaFrameSource streams;
   ProgramFolder folder;
   KVO2 settings;

@@ -4,6 +4,7 @@
 
 #include "core/collection.h"
 #include "core/error_log.h"
+#include "core/failures.h"
 #include "core/section_reader.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -101,6 +102,7 @@ class CollectionFile {
   KVO2& settings_;
   Collection& collection_;
   ChangePoster poster_;
+  Failures failures_;
 };
 
 }  // namespace kvo

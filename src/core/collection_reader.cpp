@@ -54,7 +54,8 @@ CollectionFile::CollectionFile(Files& files, const Clock& clock, MessageBoxes& b
       folder_(folder),
       settings_(settings),
       collection_(collection),
-      poster_(settings) {}
+      poster_(settings),
+      failures_(log, boxes, settings, [] {}) {}
 
 Long CollectionFile::clockKey() const { return toLongClamped(secondsSinceMidnight(clock_)); }
 
@@ -74,17 +75,14 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   SectionReader reader(bytes ? textFromBytes(std::move(*bytes)) : std::string());
   Rows rows;
   if (!reader.GetSection("KVO", rows, 0)) {
-    log_.LogError(std::string(LoadResString(121)) + path + (bytes ? "" : " - " + bytes.error().text));
-    boxes_.show({"Kavio V5",
-                 lines({LoadResString(117), LoadResString(118), LoadResString(119), LoadResString(120)}),
-                 BoxButtons::Ok, BoxIcon::Critical});
+    failures_.ReportInitError(
+        lines({LoadResString(117), LoadResString(118), LoadResString(119), LoadResString(120)}), 6,
+        LoadResString(121), bytes ? path : bytes.error().text, true);
     report.end = ReadEnd::NotReadable;
     return report;
   }
   if (!isCollectionHead(rows)) {
-    log_.LogError(std::string(LoadResString(124)) + path);
-    boxes_.show(
-        {"Kavio V5", lines({LoadResString(122), LoadResString(124)}), BoxButtons::Ok, BoxIcon::Critical});
+    failures_.ReportInitError(LoadResString(122), 8, LoadResString(124), path, true);
     report.end = ReadEnd::NotValid;
     return report;
   }

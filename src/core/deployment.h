@@ -12,6 +12,7 @@ inline constexpr int kRevision = 1;
 
 inline constexpr std::string_view kSupportLine = "Please mail support@kvo5.example if you need help.";
 inline constexpr std::string_view kContactAddress = "support@kvo5.example";
+inline constexpr std::string_view kReleasePage = "https://kvo5.example/releases";
 
 /// "Ver 5.0 - Rev - 1"
 inline std::string programVersionText() {

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "core/messages.h"
 
 namespace kvo {
 namespace {
@@ -16,6 +17,11 @@ std::string timeText(const LocalTime& t) {
          FormatMask(static_cast<int>(t.second), "00") + (t.hour < 12 ? " AM" : " PM");
 }
 
+// One entry: the text, the date field, the time.
+std::string entryOf(std::string_view text, std::string_view date, std::string_view time) {
+  return std::string(text).append(" ").append(date).append(" ").append(time).append(kCrLf);
+}
+
 }  // namespace
 
 void ErrorLog::LogError(std::string_view text) {
@@ -23,11 +29,18 @@ void ErrorLog::LogError(std::string_view text) {
   if (settings_.ErrorLog().empty()) settings_.ErrorLog(folder_.beside("\\KVOError.Log"));
   const auto now = clock_.now();
   const auto date = dateText(now) + "  -  ";
-  std::string entry(text);
-  entry.append(" Error Logged at >> ").append(" - ").append(date).append("\r");
-  entry.append(" ").append(date).append(" ").append(timeText(now)).append(kCrLf);
-  // A log that cannot be written must not stop the work that had something to say.
-  static_cast<void>(files_.append(settings_.ErrorLog(), entry));
+  const auto told = std::string(text) + " Error Logged at >>  - " + date + "\r";
+  if (files_.append(settings_.ErrorLog(), entryOf(told, date, timeText(now)))) return;
+  // Should this fail too, there is nobody left to tell: the work that had something to say goes on.
+  static_cast<void>(files_.append(folder_.beside("\\KVOERROR.LOG"), std::string(" **** W A R N I N G ****")
+                                                                        .append(LoadResString(180))
+                                                                        .append(LoadResString(181))
+                                                                        .append(LoadResString(182))
+                                                                        .append(kCrLf)));
+}
+
+void ErrorLog::trace(std::string_view text) {
+  static_cast<void>(files_.append(folder_.beside("\\Trace.LOG"), entryOf(text, "", "")));
 }
 
 }  // namespace kvo

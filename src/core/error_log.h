@@ -1,4 +1,4 @@
-// The error log: one entry for each failure, appended to the file that the settings name.
+// The error log: one entry for each failure, appended to the file that the settings name; and the trace file.
 #pragma once
 
 #include "base/paths.h"
@@ -18,8 +18,11 @@ class ErrorLog {
       : files_(files), clock_(clock), settings_(settings), folder_(folder) {}
 
   /// Appends `text` with date and time. An empty log path in the settings becomes "\KVOError.Log" beside the
-  /// program.
+  /// program. A log that cannot be written is told of in "\KVOERROR.LOG" there, and nothing else happens.
   void LogError(std::string_view text);
+
+  /// Appends `text` to "\Trace.LOG" beside the program.
+  void trace(std::string_view text);
 
   /// The texts logged since the program began, without date and time.
   [[nodiscard]] const std::vector<std::string>& texts() const { return texts_; }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/field_types.h"
+#include "platform/user_store.h"
 
 #include <string>
 #include <utility>
@@ -28,6 +29,17 @@ namespace kvo {
   }                                                              \
                                                                  \
  private:                                                        \
+  Type field##Name { Default }
+
+#define KVO_USER_SETTING(Type, Name, InStore, Default)                                       \
+ public:                                                                                     \
+  [[nodiscard]] Type Name() const { return fromStore<Type>(InStore, field##Name, Default); } \
+  void Name(Type value) {                                                                    \
+    field##Name = value;                                                                     \
+    if (store_ != nullptr) store_->write(InStore, fieldText(value));                         \
+  }                                                                                          \
+                                                                                             \
+ private:                                                                                    \
   Type field##Name { Default }
 
 class KVO2 {
@@ -150,25 +162,44 @@ class KVO2 {
   KVO_SETTING(Boolean, EditorFramesizeWarn, false);
   KVO_SETTING(Boolean, EditorMorphMode, false);
 
-  // Per user: the collection file only mirrors these.
-  KVO_SETTING(Boolean, ShowWavWithVideo, false);
-  KVO_SETTING(Integer, SliderSpeed, 450);
-  KVO_SETTING(Boolean, DefaultZoom100, false);
-  KVO_SETTING(Boolean, MPEGRoutingVMR, false);
-  KVO_SETTING(Boolean, SliderPauseOnRepo, false);
-  KVO_SETTING(Boolean, RewAtEnd, false);
-  KVO_SETTING(Boolean, LoopPreviews, false);
-  KVO_SETTING(Boolean, LoopCol, false);
-  KVO_SETTING(Integer, StillDelayTimer, 7);  // seconds
+  // Per user: with a store attached each read sees what any copy of the program wrote last. The collection
+  // file only mirrors these.
+  KVO_USER_SETTING(Boolean, ShowWavWithVideo, "ShowWavWithVideo", false);
+  KVO_USER_SETTING(Integer, SliderSpeed, "SliderSpeed", 450);  // milliseconds
+  KVO_USER_SETTING(Boolean, DefaultZoom100, "DefaultZoom100", false);
+  KVO_USER_SETTING(Boolean, MPEGRoutingVMR, "MPEGRoutingVMR", false);
+  KVO_USER_SETTING(Boolean, SliderPauseOnRepo, "SliderPauseOnRepo", false);
+  KVO_USER_SETTING(Boolean, RewAtEnd, "RewAtEnd", false);
+  KVO_USER_SETTING(Boolean, LoopPreviews, "LoopPreviews", false);
+  KVO_USER_SETTING(Boolean, LoopCol, "LoopCol", false);
+  KVO_USER_SETTING(Integer, StillDelayTimer, "Stilldelay", 7);  // seconds
+
+ public:
+  /// Where the per-user values are kept, not owned; null keeps them in memory.
+  void attach(UserStore* store) { store_ = store; }
 
  public:
   /// The change code becomes `code` if it is below `below` now.
   void postChange(Integer code, Integer below) {
     if (fieldObjectChange < below) fieldObjectChange = code;
   }
+
+ private:
+  // The value in the store; one that is missing is written with its default.
+  template <class Type>
+  [[nodiscard]] Type fromStore(std::string_view name, Type inMemory, Type otherwise) const {
+    if (store_ == nullptr) return inMemory;
+    const auto text = store_->read(name);
+    if (text.empty()) store_->write(name, fieldText(otherwise));
+    takeField(otherwise, text);
+    return otherwise;
+  }
+
+  UserStore* store_ = nullptr;
 };
 
 #undef KVO_SETTING
 #undef KVO_SAVED_SETTING
+#undef KVO_USER_SETTING
 
 }  // namespace kvo

@@ -11,7 +11,9 @@ Result<StreamFacts> readFacts(const std::string& path) {
   if (!format) return format.error();
   StreamFacts facts;
   const int video = av_find_best_stream(format->get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-  facts.hasAudio = av_find_best_stream(format->get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0) >= 0;
+  const int audio = av_find_best_stream(format->get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+  facts.hasAudio = audio >= 0;
+  if (audio >= 0) facts.sampleRate = (*format)->streams[audio]->codecpar->sample_rate;
   if (video >= 0) {
     const auto* stream = (*format)->streams[video];
     // The cover picture of a music file is no video.

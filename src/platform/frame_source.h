@@ -14,6 +14,7 @@ struct StreamFacts {
   int width = 0;         ///< pixels, as coded
   int height = 0;
   double frameRate = 0;  ///< frames a second, the average of a variable rate; 0 when there is none
+  int sampleRate = 0;    ///< of the sound, samples a second
   double duration = 0;   ///< seconds, 0 for a still or when the file does not tell
 };
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kvo {
 
@@ -15,6 +17,27 @@ struct Box {
   std::string text;  ///< lines joined by CR LF
   BoxButtons buttons = BoxButtons::Ok;
   BoxIcon icon = BoxIcon::Information;
+  /// Other captions for buttons: "Yes" to "Replace".
+  std::vector<std::pair<std::string, std::string>> renamed{};
+};
+
+/// The button that Enter presses: Ok or Yes.
+constexpr Answer defaultAnswer(BoxButtons buttons) {
+  return buttons == BoxButtons::YesNo || buttons == BoxButtons::YesNoCancel ? Answer::Yes : Answer::Ok;
+}
+
+/// The program's own box for tips and warnings.
+struct StyledBox {
+  std::string caption;
+  std::string message;  ///< lines joined by CR LF
+  std::string prompt;   ///< beside the buttons
+  bool yesAndNo = false;
+  bool offersNeverAgain = false;  ///< has a check box for never showing the message again
+};
+
+struct StyledAnswer {
+  Answer answer = Answer::Ok;
+  bool neverAgain = false;
 };
 
 class MessageBoxes {
@@ -25,6 +48,10 @@ class MessageBoxes {
   virtual ~MessageBoxes() = default;
 
   virtual Answer show(const Box& box) = 0;
+  virtual StyledAnswer showStyled(const StyledBox& box) = 0;
+
+  /// Presses the default button of the box that is open, if one is.
+  virtual void answerOpenBox() = 0;
 };
 
 }  // namespace kvo

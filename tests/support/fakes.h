@@ -100,6 +100,15 @@ class ScriptedBoxes : public MessageBoxes {
     answers.pop_front();
     return answer;
   }
+  StyledAnswer showStyled(const StyledBox& box) override {
+    styled.push_back(box);
+    return styledAnswer;
+  }
+  void answerOpenBox() override { ++answeredByTime; }
+
+  std::vector<StyledBox> styled;
+  StyledAnswer styledAnswer;
+  int answeredByTime = 0;
 };
 
 class StillClock : public Clock {

@@ -5,17 +5,22 @@
 #include <cstdio>
 
 namespace kvo {
+namespace {
+
+void print(const std::string& caption, const std::string& text) {
+  std::fprintf(stderr, "%s: %s\n", caption.c_str(), replaced(text, kCrLf, " ").c_str());
+}
+
+}  // namespace
 
 Answer ConsoleBoxes::show(const Box& box) {
-  const auto text = replaced(box.text, kCrLf, " ");
-  std::fprintf(stderr, "%s: %s\n", box.caption.c_str(), text.c_str());
-  switch (box.buttons) {
-    case BoxButtons::YesNo:
-    case BoxButtons::YesNoCancel:
-      return Answer::Yes;
-    default:
-      return Answer::Ok;
-  }
+  print(box.caption, box.text);
+  return defaultAnswer(box.buttons);
+}
+
+StyledAnswer ConsoleBoxes::showStyled(const StyledBox& box) {
+  print(box.caption, box.message);
+  return {box.yesAndNo ? Answer::Yes : Answer::Ok, false};
 }
 
 }  // namespace kvo

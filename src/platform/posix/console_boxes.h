@@ -8,6 +8,8 @@ namespace kvo {
 class ConsoleBoxes : public MessageBoxes {
  public:
   Answer show(const Box& box) override;
+  StyledAnswer showStyled(const StyledBox& box) override;
+  void answerOpenBox() override {}
 };
 
 }  // namespace kvo

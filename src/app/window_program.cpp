@@ -1,0 +1,123 @@
+#include "app/window_program.h"
+
+#include "app/commands.h"
+#include "app/session.h"
+#include "base/text.h"
+#include "core/clip_list.h"
+#include "core/messages.h"
+#include "core/start_up.h"
+#include "intake/add_clips.h"
+#include "platform/posix/socket_handover.h"
+#include "platform/qt/qt_boxes.h"
+#include "platform/qt/qt_desktop.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_file_dialogs.h"
+#include "platform/qt/settings_store.h"
+#include "playback/windows/frm_file_open.h"
+
+#include <QApplication>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+
+namespace kvo {
+namespace {
+
+// The program wired to its window. One that lives as long as the process.
+class WindowProgram {
+ public:
+  explicit WindowProgram(const ProgramFolder& programFolder)
+      : session_(programFolder, boxes_),
+        handover_(handoverFolder(), handoverName(programFolder.path())),
+        loop_([this] { window_.draw(); }),
+        commands_({session_.files, boxes_, dialogs_, loop_, session_.folder}, session_.file,
+                  session_.settings, session_.collection, state_),
+        intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
+                session_.collection, state_),
+        startUp_({session_.files, boxes_, loop_, handover_, store_, desktop_, session_.folder}, session_.file,
+                 session_.settings, session_.collection, commands_, intake_, state_),
+        window_(state_, windowCommands()) {}
+
+  int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
+    if (auto done = session_.prepareProgramFolder(shippedFolder); !done) return fail(done.error().text);
+    Failures failures(session_.log, boxes_, session_.settings, [] { std::exit(kExitFailed); });
+    try {
+      switch (startUp_.run(arguments, std::filesystem::current_path().string())) {
+        case StartEnd::HandedOver:
+          return kExitDone;
+        case StartEnd::Failed:
+          return kExitFailed;
+        case StartEnd::Run:
+          break;
+      }
+      startUp_.introEnded();  // nothing plays yet, so an intro is over as soon as it has begun
+      window_.draw();
+      return QApplication::exec();
+    } catch (const std::exception& thrown) {
+      failures.LogError(std::string(LoadResString(179)) + " - " + thrown.what(), true);
+      return kExitFailed;
+    }
+  }
+
+ private:
+  FrmFileOpen::Commands windowCommands() {
+    return {[this] { commands_.New(); },
+            [this] { commands_.Open(); },
+            [this] { commands_.Save(); },
+            [this] { return startUp_.exit(); },
+            [this] { addMedia(); },
+            [this](const std::vector<std::string>& paths) { take(paths); },
+            [this](int number) { PreviewMovie(state_, session_.collection, number); }};
+  }
+
+  void addMedia() {
+    take(dialogs_.openSeveral(
+        {std::string(LoadResString(386)), {{"All Files", "*"}}, session_.settings.LoadFrom(), {}}));
+  }
+
+  // A collection takes the place of the one that is open; anything else joins it.
+  void take(const std::vector<std::string>& paths) {
+    for (const auto& path : paths) {
+      if (path.size() > 4 && sameText(path.substr(path.size() - 4), ".INI")) {
+        if (commands_.mayLeaveChanges(LoadResString(345))) commands_.openFile(path);
+        break;
+      }
+      intake_.AddMoviesm(path);
+    }
+    showCollection(state_, session_.collection);
+    window_.draw();
+  }
+
+  QtBoxes boxes_;
+  Session session_;
+  MainWindowState state_;
+  QtFileDialogs dialogs_;
+  QtDesktop desktop_;
+  SettingsStore store_;
+  SocketHandover handover_;
+  QtEventLoop loop_;
+  CollectionCommands commands_;
+  AddClips intake_;
+  StartUp startUp_;
+  FrmFileOpen window_;
+};
+
+}  // namespace
+
+bool hasDisplay() {
+  const auto isSet = [](const char* name) {
+    const char* text = std::getenv(name);
+    return text != nullptr && *text != '\0';
+  };
+  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
+int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("KVO5");
+  QApplication::setStyle("Fusion");
+  WindowProgram program(folder);
+  return program.run({argv + 1, argv + argc}, executableFolder + "../share/kvo5");
+}
+
+}  // namespace kvo

@@ -1,0 +1,18 @@
+// The program with its window.
+#pragma once
+
+#include "base/paths.h"
+
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+/// True when there is a display to show a window on.
+bool hasDisplay();
+
+/// Runs until the user ends it; the exit code of the process. `argc` and `argv` are those of main, whose
+/// words about the display Qt takes out.
+int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder);
+
+}  // namespace kvo

@@ -1,0 +1,285 @@
+#include "core/start_up.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/clip_list.h"
+#include "core/deployment.h"
+#include "core/messages.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr int kIntroInterval = 350;    // milliseconds
+constexpr int kMailboxInterval = 200;  // milliseconds
+constexpr std::array<std::string_view, 6> kWorkFiles = {"\\KVOSamp.xtl", "\\KVORender.xtl", "\\KVORender.bat",
+                                                        "\\Rendone.txt", "\\KVOProps.bat",  "\\KVOovl.bmp"};
+constexpr std::array<Long, 12> kUpgradeCounts = {4, 12, 20, 40, 60, 80, 100, 120, 150, 200, 400, 500};
+constexpr std::array<std::string_view, 8> kSoundKinds = {"CDA", "MP2", "MP3", "WAV",
+                                                         "WMA", "WAX", "AU",  "MID"};
+constexpr std::string_view kRemovePreview = "KILLSQUASHPREV";
+
+std::string joined(std::initializer_list<int> numbers) {
+  std::string text;
+  for (const int number : numbers) text.append(text.empty() ? "" : kCrLf).append(LoadResString(number));
+  return text;
+}
+
+bool isSound(const Movie& clip) {
+  const auto kind = extensionOf(clip.MovieName());
+  return std::find(kSoundKinds.begin(), kSoundKinds.end(), kind) != kSoundKinds.end();
+}
+
+std::vector<std::string> linesOf(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    if (const auto line = trimmed(text.substr(0, end)); !line.empty()) lines.emplace_back(line);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+}  // namespace
+
+StartUp::StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+                 CollectionCommands& commands, ClipIntake& intake, MainWindowState& window)
+    : ports_(ports),
+      file_(file),
+      settings_(settings),
+      collection_(collection),
+      commands_(commands),
+      intake_(intake),
+      window_(window),
+      introEnder_(ports.loop.timer([this] { introTick(); })),
+      timer6_(ports.loop.timer([this] { readMailbox(); })) {}
+
+StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::string& workingFolder) {
+  window_.NoMediaPrompt = LoadResString(491);
+  if (!ports_.handover.becomeFirst()) {
+    ports_.handover.send(handoverText(arguments, workingFolder, ports_.files));
+    return StartEnd::HandedOver;
+  }
+  const auto command = readStartCommand(arguments, ports_.files);
+  startupFiles_ = command.clips;
+  collection_.IniName = "KVO5.INI";
+  collection_.IniFullPath = ports_.folder.beside("\\KVO5.INI");
+  settings_.attach(&ports_.store);
+  const auto end = file_.ReadINI(command.collection).end;
+  if (end == ReadEnd::NotReadable || end == ReadEnd::NotValid) return StartEnd::Failed;
+  deleteWorkFiles();
+  askAboutUpgrades();
+  ports_.store.write("InstallDir", quoted(ports_.folder.path()));
+  if (!command.collection.empty()) {
+    collection_.IniName = fileNamePart(command.collection);
+    collection_.IniFullPath = command.collection;
+  }
+  checkScreen();
+
+  ClearDirtyFlags(collection_, settings_);
+  startingUp_ = true;
+  loadWindow();
+  fillClipList(window_, collection_);
+  if (!startupFiles_.empty()) {
+    savedStartupVid_ = settings_.DefaultStartupVid();
+    settings_.DefaultStartupVid(startupFiles_.front());
+    settings_.IsDirty(false);
+  }
+  const bool anyClips = !collection_.MovieList.empty();
+  if (anyClips && (command.fullScreen || command.hundredPercent)) {
+    window_.fullScreen = true;
+    window_.minimumDetails = command.hundredPercent;
+    startingUp_ = false;
+    showCollection(window_, collection_);
+    PreviewMovie(window_, collection_, 1);
+  } else if (settings_.DefaultStartupVid().empty()) {
+    introRunning_ = false;
+    showFirstClip();
+  } else {
+    ShowStartupVid();
+  }
+  window_.visible = true;
+  timer6_->start(kMailboxInterval);
+  if (collection_.filesMissing) {
+    ports_.boxes.show(
+        {std::string(LoadResString(343)), std::string(LoadResString(342)), BoxButtons::Ok, BoxIcon::Warning});
+  }
+  return StartEnd::Run;
+}
+
+void StartUp::deleteWorkFiles() {
+  for (const auto name : kWorkFiles) ports_.files.remove(ports_.folder.beside(name));
+}
+
+void StartUp::askAboutUpgrades() {
+  const auto used = settings_.NoofUses();
+  if (std::find(kUpgradeCounts.begin(), kUpgradeCounts.end(), used) == kUpgradeCounts.end()) return;
+  const auto answer = ports_.boxes.show(
+      {std::string(kProductName), "Do you wish KVO to check for the latest upgrades and release notes ?",
+       BoxButtons::YesNo, BoxIcon::Question});
+  if (answer == Answer::Yes) ports_.desktop.openPage(std::string(kReleasePage));
+}
+
+void StartUp::checkScreen() {
+  const auto screen = ports_.desktop.screen();
+  const auto tell = [&](std::string text, std::string title) {
+    ports_.boxes.show({std::move(title), std::move(text), BoxButtons::Ok, BoxIcon::Information});
+  };
+  if (screen.bitsPerPixel > 0 && screen.bitsPerPixel <= 8) {
+    tell(joined({101, 102, 103, 104}), std::string(LoadResString(105)));
+  }
+  if (screen.width == 640 && screen.height == 480) {
+    tell(joined({106, 107, 108}), std::string(LoadResString(109)));
+  }
+  if (screen.width == 800 && screen.height == 600) {
+    tell(joined({186, 187, 108}), std::string(LoadResString(109)));
+  }
+  if (screen.monitors >= 2) {
+    tell("This release of KVO does not yet support Multi-Monitor output (KVO6 will).",
+         std::string(kProductName) + " - Multiple Monitors not supported.");
+  }
+}
+
+void StartUp::loadWindow() {
+  GetKVORegistryValues(settings_, ports_.store, window_);
+  settings_.ShowWavWithVideo(false);
+  settings_.ShowFillist(true);
+  settings_.ToolTipsOn(kFlagOn);
+  settings_.HideKVOOnWebshow(true);
+  settings_.DefZoom(std::string(trimmed(settings_.DefZoom())));
+  if (settings_.SkinPath().empty() || settings_.SkinPath().size() == 128) settings_.SkinPath("Def");
+  if (settings_.SliderSpeed() < 50) settings_.SliderSpeed(450);
+  settings_.IsDirty(false);
+  window_.listMenuEnabled = !collection_.MovieList.empty();
+}
+
+// The normal window with the clip that comes first.
+void StartUp::showFirstClip() {
+  settings_.ShowFillist(true);
+  settings_.AllDetOff(false);
+  startingUp_ = false;
+  window_.mnu_Remote = true;
+  window_.controlsEnabled = true;
+  showCollection(window_, collection_);
+  const int count = collection_.MovieList.count();
+  if (count == 0) return;
+  PreviewMovie(window_, collection_, startupFiles_.empty() ? 1 : count);
+  window_.playButton = "PLAYON";
+  window_.pauseButton = "PAUSEON";
+}
+
+// The clip named on the command line, or the intro of the collection, comes ahead of everything.
+void StartUp::ShowStartupVid() {
+  const bool isNamed = !startupFiles_.empty();
+  window_.detailsVisible = window_.listVisible = false;
+  window_.playerParked = true;
+  settings_.AllDetOff(true);
+  bool added = false;
+  if (isNamed) {
+    for (const auto& file : startupFiles_) added |= intake_.AddMoviesm(file);
+  } else {
+    window_.controlsEnabled = false;
+    added = intake_.AddMoviesm(ports_.folder.beside(settings_.DefaultStartupVid()));
+    if (settings_.NoofUses() == 1) {
+      settings_.AllDetOff(false);
+      window_.detailsVisible = true;
+    }
+  }
+  const auto& clips = collection_.MovieList;
+  if (!added || clips.empty() || isSound(clips[clips.count()])) return showFirstClip();
+  introRunning_ = !clips[clips.count()].IsStill();  // a still has no end to wait for
+  introEnder_->start(kIntroInterval);
+}
+
+void StartUp::introTick() {
+  if (introRunning_) return;
+  introEnder_->stop();
+  if (startupFiles_.empty()) {
+    // The intro itself does not stay.
+    collection_.MovieList.remove(collection_.MovieList.count());
+    settings_.DefaultStartupVid("");
+    settings_.IsDirty(false);
+  } else {
+    settings_.DefaultStartupVid(savedStartupVid_);
+  }
+  fillClipList(window_, collection_);
+  showFirstClip();
+}
+
+void StartUp::readMailbox() {
+  if (auto text = ports_.handover.take()) takeHandover(std::move(*text));
+}
+
+void StartUp::takeHandover(std::string text) {
+  introEnder_->stop();
+  introRunning_ = false;
+  if (trimmed(text) == kRemovePreview) {
+    collection_.MovieList.removeIf(
+        [](const Movie& clip) { return sameText(clip.MovieName(), "PREVIEW.WMV"); });
+    fillClipList(window_, collection_);
+    return showCollection(window_, collection_);
+  }
+  window_.visible = true;
+  const auto command = readStartCommand(linesOf(replaced(text, "\"", "")), ports_.files);
+  if (!command.collection.empty()) {
+    if (commands_.mayLeaveChanges(LoadResString(345))) commands_.openFile(command.collection);
+    return;
+  }
+  bool added = false;
+  for (const auto& clip : command.clips) added |= intake_.AddMoviesm(clip);
+  if (!added) return;
+  showCollection(window_, collection_);
+  window_.pauseButton = "PAUSEOFF";
+  window_.playButton = "PLAYON";
+}
+
+bool StartUp::exit() {
+  introEnder_->stop();
+  deleteWorkFiles();
+  window_.playerParked = true;
+  ports_.loop.yield();
+  ports_.loop.yield();
+  settings_.ShowWavWithVideo(false);
+  if (!commands_.mayLeaveChanges(LoadResString(345))) {
+    PreviewMovie(window_, collection_, collection_.icurMov);
+    showCollection(window_, collection_);
+    return false;
+  }
+  timer6_->stop();
+  window_.visible = false;
+  return true;
+}
+
+void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {
+  const auto value = [&](std::string_view name, std::string_view otherwise) {
+    auto text = store.read(name);
+    if (text.empty()) {
+      text = otherwise;
+      store.write(name, text);
+    }
+    return text;
+  };
+  const auto flag = [&](std::string_view name) {
+    Boolean on = false;
+    takeField(on, value(name, "False"));
+    return on;
+  };
+  const auto number = [&](std::string_view name, std::string_view otherwise) {
+    Integer whole = 0;
+    takeField(whole, value(name, otherwise));
+    return whole;
+  };
+  settings.ShowWavWithVideo(flag("ShowWavWithVideo"));
+  settings.DefaultZoom100(window.mnu_DefaultZoom100 = flag("DefaultZoom100"));
+  settings.LoopPreviews(window.mnu_Looping = flag("LoopPreviews"));
+  settings.LoopCol(window.mnu_LoopCol = flag("LoopCol"));
+  settings.RewAtEnd(window.mnu_RewAtEnd = flag("RewAtEnd"));
+  settings.SliderPauseOnRepo(window.mnu_SliderPause = flag("SliderPauseOnRepo"));
+  settings.SliderSpeed(number("SliderSpeed", "500"));
+  window.mnu_SldNormal = settings.SliderSpeed() == 500;
+  settings.StillDelayTimer(number("StillDelayTimer", "7"));
+}
+
+}  // namespace kvo

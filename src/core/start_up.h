@@ -1,0 +1,81 @@
+// The life of the program apart from its windows: start-up in its order, the intro clip, what another copy
+// hands over, and shut-down.
+#pragma once
+
+#include "core/clip_intake.h"
+#include "core/collection_commands.h"
+#include "core/failures.h"
+#include "core/start_command.h"
+#include "platform/desktop.h"
+#include "platform/handover.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+enum class StartEnd {
+  Run,         ///< the window is shown
+  HandedOver,  ///< another copy runs and has the command line now
+  Failed,      ///< the collection cannot be read; the user has been told
+};
+
+class StartUp {
+ public:
+  struct Ports {
+    Files& files;
+    MessageBoxes& boxes;
+    EventLoop& loop;
+    Handover& handover;
+    UserStore& store;
+    Desktop& desktop;
+    const ProgramFolder& folder;
+  };
+
+  StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+          CollectionCommands& commands, ClipIntake& intake, MainWindowState& window);
+
+  /// Everything from the command line to the first clip. `workingFolder` is where its file names begin.
+  StartEnd run(const std::vector<std::string>& arguments, const std::string& workingFolder);
+
+  /// The intro clip has reached its end.
+  void introEnded() { introRunning_ = false; }
+  [[nodiscard]] bool IntroRunning() const { return introRunning_; }
+  [[nodiscard]] bool StartingUp() const { return startingUp_; }
+
+  /// Ends the program's work and asks about unsaved changes. False on Cancel: the program goes on.
+  bool exit();
+
+ private:
+  void loadWindow();
+  void askAboutUpgrades();
+  void checkScreen();
+  void showFirstClip();
+  void ShowStartupVid();
+  void introTick();
+  void readMailbox();
+  void takeHandover(std::string text);
+  void deleteWorkFiles();
+
+  Ports ports_;
+  CollectionFile& file_;
+  KVO2& settings_;
+  Collection& collection_;
+  CollectionCommands& commands_;
+  ClipIntake& intake_;
+  MainWindowState& window_;
+
+  std::vector<std::string> startupFiles_;  // named on the command line
+  std::string savedStartupVid_;            // DefaultStartupVid while a named clip runs in its place
+  bool introRunning_ = false;
+  bool startingUp_ = true;
+  std::unique_ptr<Timer> introEnder_;
+  std::unique_ptr<Timer> timer6_;
+};
+
+/// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
+/// ticks that follow from them.
+void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window);
+
+}  // namespace kvo

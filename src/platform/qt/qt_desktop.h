@@ -1,0 +1,14 @@
+// The desktop by Qt.
+#pragma once
+
+#include "platform/desktop.h"
+
+namespace kvo {
+
+class QtDesktop : public Desktop {
+ public:
+  [[nodiscard]] ScreenFacts screen() const override;
+  bool openPage(const std::string& address) override;
+};
+
+}  // namespace kvo
