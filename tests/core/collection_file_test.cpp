@@ -311,12 +311,5 @@ TEST(CollectionFile, WhatIsNoCollectionIsRefused) {
   EXPECT_EQ(b.file.CollectionVersion("/col/none.INI", other), "Unknown and Corrupt");
 }
 
-TEST(CollectionFile, LogEntriesHaveTheirExactBytes) {
-  Bench b;
-  b.log.LogError("text");
-  EXPECT_EQ(b.files.all["/prog/KVOError.Log"],
-            "text Error Logged at >>  - 07-03-2026  -  \r 07-03-2026  -   2:05:09 PM\r\n");
-}
-
 }  // namespace
 }  // namespace kvo

@@ -10,6 +10,7 @@
 #include "platform/message_boxes.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -21,6 +22,7 @@ class MemoryFiles : public Files {
  public:
   std::map<std::string, std::string> all;
   std::set<std::string> unreadable;
+  std::set<std::string> unwritable;
   std::vector<std::string> removed;
   int failAt = 0;  // the number of the changing call that fails, 0 for none
   int calls = 0;
@@ -41,6 +43,7 @@ class MemoryFiles : public Files {
   }
 
   Outcome append(const std::string& path, std::string_view bytes) override {
+    if (unwritable.contains(path)) return Error{"cannot write " + path + ": Permission denied"};
     all[path].append(bytes);
     return {};
   }
@@ -95,6 +98,7 @@ class ScriptedBoxes : public MessageBoxes {
 
   Answer show(const Box& box) override {
     shown.push_back(box);
+    whileShown();
     if (answers.empty()) return Answer::Ok;
     const auto answer = answers.front();
     answers.pop_front();
@@ -106,6 +110,7 @@ class ScriptedBoxes : public MessageBoxes {
   }
   void answerOpenBox() override { ++answeredByTime; }
 
+  std::function<void()> whileShown = [] {};
   std::vector<StyledBox> styled;
   StyledAnswer styledAnswer;
   int answeredByTime = 0;

@@ -1,0 +1,108 @@
+#include "core/failures.h"
+
+#include "core/message_table.h"
+#include "core/messages.h"
+#include "support/virtual_loop.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ProgramBench;
+
+TEST(ErrorLog, EntriesHaveTheirExactBytes) {
+  ProgramBench b;
+  b.log.LogError("text");
+  EXPECT_EQ(b.files.all["/prog/KVOError.Log"],
+            "text Error Logged at >>  - 07-03-2026  -  \r 07-03-2026  -   2:05:09 PM\r\n");
+  b.log.trace("step 1");
+  EXPECT_EQ(b.files.all["/prog/Trace.LOG"], "step 1  \r\n");
+  EXPECT_EQ(b.settings.ErrorLog(), "/prog/KVOError.Log");
+  for (const auto& [hour, text] :
+       {std::pair{0, "12:05:09 AM"}, std::pair{12, "12:05:09 PM"}, std::pair{9, "9:05:09 AM"}}) {
+    b.files.all.clear();
+    b.clock.time.hour = hour;
+    b.log.LogError("t");
+    EXPECT_NE(b.files.all["/prog/KVOError.Log"].find(text), std::string::npos) << text;
+  }
+}
+
+TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
+  ProgramBench b;
+  b.settings.ErrorLog("/no/such/drive.log");
+  b.files.unwritable.insert("/no/such/drive.log");
+  b.log.LogError("lost");
+  EXPECT_EQ(b.files.all["/prog/KVOERROR.LOG"],
+            " **** W A R N I N G ****Error Handler did not process an error correctly. Possibly check  the "
+            "Errorlog "
+            "path is not set to an incorrect drive mapping in the INI file Or  You do not have Write "
+            "permissions for "
+            "this workstation. Contact your system administrator.\r\n");
+  EXPECT_TRUE(b.boxes.shown.empty());
+  b.files.unwritable.insert("/prog/KVOERROR.LOG");
+  b.log.LogError("lost again");
+}
+
+TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
+  ProgramBench b;
+  b.settings.Support("Mail us.");
+  int ended = 0;
+  Failures failures(b.log, b.boxes, b.settings, [&] { ++ended; });
+  failures.LogError("minor");
+  EXPECT_TRUE(b.boxes.shown.empty());
+  failures.LogError("the end", true);
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].caption, "KVO Fatal Error");
+  EXPECT_EQ(b.boxes.shown[0].text, "An Error has occured - KVO is terminating. \r\nthe end\r\nMail us.");
+  EXPECT_EQ(ended, 1);
+  failures.LogError("traced", false, true);
+  EXPECT_EQ(b.log.texts().size(), 2U);
+  failures.ShowErrorBox("what", "before: ", " - Error");
+  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text, "KVO5 - Error|before: what");
+}
+
+TEST(TimedMessageBox, AnswersItselfWhenItsTimeIsUp) {
+  ProgramBench b;
+  b.boxes.whileShown = [&] { b.loop.advance(10000); };
+  TimedMessageBox(b.loop, b.boxes, {"c", "t", BoxButtons::YesNo}, 9.9);
+  EXPECT_EQ(b.boxes.answeredByTime, 1);
+  TimedMessageBox(b.loop, b.boxes, {"c", "t"}, 10.1);
+  EXPECT_EQ(b.boxes.answeredByTime, 1);
+  b.loop.advance(10000);
+  EXPECT_EQ(b.boxes.answeredByTime, 1) << "an answered box is not answered again";
+  TimedMessageBox(b.loop, b.boxes, {"c", "t"}, 0);
+  EXPECT_EQ(b.boxes.answeredByTime, 1) << "0 waits for the user";
+}
+
+TEST(FrmMessage, IsNotShownAgainWhereTheUserSaidSo) {
+  ProgramBench b;
+  Frm_Message message(b.boxes, b.store);
+  b.boxes.styledAnswer = {Answer::Ok, true};
+  message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");
+  message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");
+  message.ShowWarningOKOnly("Tip", "Another", "SECONDTIP");
+  ASSERT_EQ(b.boxes.styled.size(), 2U);
+  EXPECT_EQ(b.boxes.styled[0].prompt, "Click OK to continue");
+  EXPECT_TRUE(b.boxes.styled[0].offersNeverAgain);
+  message.ShowWarningOKOnly("Tip", "Every time", kNoShowCheck);
+  message.ShowWarningOKOnly("Tip", "Every time", kNoShowCheck);
+  EXPECT_EQ(b.boxes.styled.size(), 4U);
+  b.boxes.styledAnswer = {Answer::No, false};
+  EXPECT_EQ(message.ShowWarningBox("Sure", "Really ?"), Answer::No);
+  EXPECT_TRUE(b.boxes.styled.back().yesAndNo && !b.boxes.styled.back().offersNeverAgain);
+}
+
+TEST(Messages, AreFoundByTheirNumbers) {
+  EXPECT_EQ(LoadResString(491), "Right Click to Add Media");
+  EXPECT_EQ(LoadResString(101), "KVO is designed to work with a minimum color depth of 65000 colors.");
+  EXPECT_EQ(LoadResString(1129).substr(0, 9), "Keyframes");
+  int last = 0;
+  for (const auto& text : kNumberedTexts) {
+    EXPECT_LT(last, text.number) << "in order, each once";
+    last = text.number;
+  }
+}
+
+}  // namespace
+}  // namespace kvo
