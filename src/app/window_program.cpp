@@ -39,7 +39,10 @@ class WindowProgram {
         window_(state_, windowCommands()) {}
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
-    if (auto done = session_.prepareProgramFolder(shippedFolder); !done) return fail(done.error().text);
+    if (auto done = session_.prepareProgramFolder(shippedFolder); !done) {
+      boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
+      return kExitFailed;
+    }
     Failures failures(session_.log, boxes_, session_.settings, [] { std::exit(kExitFailed); });
     try {
       switch (startUp_.run(arguments, std::filesystem::current_path().string())) {

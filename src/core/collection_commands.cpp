@@ -18,7 +18,7 @@ const FileFilter kAllFiles{"All Files (*.*)", "*"};
 }  // namespace
 
 // Shows how far a load or save is, and hears of a click on the abort text.
-class CollectionCommands::Watch : public LoadWatch {
+class CollectionCommands::Watch final : public LoadWatch {
  public:
   Watch(MainWindowState& window, EventLoop& loop, std::string_view first, std::string_view abortText)
       : window_(window), loop_(loop) {

@@ -26,6 +26,7 @@ struct MainWindowState {
   bool fullScreen = false;
   bool minimumDetails = false;
   bool visible = false;
+  bool raise = false;                    ///< the window is to come to the front; it clears this
   std::string playButton = "PLAYOFF";    ///< "PLAYON" or "PLAYOFF"
   std::string pauseButton = "PAUSEOFF";  ///< "PAUSEON" or "PAUSEOFF"
 

@@ -209,10 +209,10 @@ void StartUp::introTick() {
 }
 
 void StartUp::readMailbox() {
-  if (auto text = ports_.handover.take()) takeHandover(std::move(*text));
+  if (const auto text = ports_.handover.take()) takeHandover(*text);
 }
 
-void StartUp::takeHandover(std::string text) {
+void StartUp::takeHandover(const std::string& text) {
   introEnder_->stop();
   introRunning_ = false;
   if (trimmed(text) == kRemovePreview) {
@@ -221,7 +221,7 @@ void StartUp::takeHandover(std::string text) {
     fillClipList(window_, collection_);
     return showCollection(window_, collection_);
   }
-  window_.visible = true;
+  window_.visible = window_.raise = true;
   const auto command = readStartCommand(linesOf(replaced(text, "\"", "")), ports_.files);
   if (!command.collection.empty()) {
     if (commands_.mayLeaveChanges(LoadResString(345))) commands_.openFile(command.collection);

@@ -55,7 +55,7 @@ class StartUp {
   void ShowStartupVid();
   void introTick();
   void readMailbox();
-  void takeHandover(std::string text);
+  void takeHandover(const std::string& text);
   void deleteWorkFiles();
 
   Ports ports_;

@@ -15,6 +15,7 @@
 #include <QStringListModel>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -24,6 +25,13 @@ constexpr int kWidth = 8430 / kTwipsPerPixel;
 constexpr int kHeight = 6150 / kTwipsPerPixel;
 constexpr int kListShare = 3;  // of five parts of the width
 constexpr int kDetailsShare = 2;
+constexpr int kGap = 8;  // pixels
+
+// Widgets belong to their parents.
+template <class Widget, class... Arguments>
+Widget* made(Arguments... arguments) {
+  return new Widget(arguments...);  // NOLINT(cppcoreguidelines-owning-memory)
+}
 
 QString shown(const std::string& text) { return QString::fromStdString(text); }
 
@@ -39,10 +47,9 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, Commands commands)
 }
 
 void FrmFileOpen::makePanel() {
-  panel_ =
-      new QStackedWidget(this);  // NOLINT(cppcoreguidelines-owning-memory): widgets belong to their parents
+  panel_ = made<QStackedWidget>(this);
 
-  emptyPane_ = new QPushButton(panel_);  // NOLINT(cppcoreguidelines-owning-memory)
+  emptyPane_ = made<QPushButton>(panel_);
   emptyPane_->setFlat(true);
   emptyPane_->setObjectName("emptyPane");
   emptyPane_->setStyleSheet(
@@ -53,19 +60,20 @@ void FrmFileOpen::makePanel() {
   connect(emptyPane_, &QPushButton::clicked, [this] { commands_.AddMedia(); });
   panel_->addWidget(emptyPane_);
 
-  auto* page = new QWidget(panel_);       // NOLINT(cppcoreguidelines-owning-memory)
-  auto* columns = new QHBoxLayout(page);  // NOLINT(cppcoreguidelines-owning-memory)
-  auto* listSide = new QVBoxLayout;       // NOLINT(cppcoreguidelines-owning-memory)
-  listCaption_ = new QLabel(page);        // NOLINT(cppcoreguidelines-owning-memory)
-  fillist_ = new QListView(page);         // NOLINT(cppcoreguidelines-owning-memory)
-  clips_ = new QStringListModel(this);    // NOLINT(cppcoreguidelines-owning-memory)
-  details_ = new QLabel(page);            // NOLINT(cppcoreguidelines-owning-memory)
+  auto* page = made<QWidget>(panel_);
+  auto* columns = made<QHBoxLayout>(page);
+  auto* listSide = made<QVBoxLayout>();
+  listCaption_ = made<QLabel>(page);
+  fillist_ = made<QListView>(page);
+  clips_ = made<QStringListModel>(this);
+  details_ = made<QLabel>(page);
   auto font = listCaption_->font();
   font.setBold(true);
   listCaption_->setFont(font);
   listCaption_->setTextFormat(Qt::PlainText);
   listCaption_->setBuddy(fillist_);
   fillist_->setModel(clips_);
+  fillist_->setStyleSheet("QListView::item { padding: 3px; }");
   fillist_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   fillist_->setUniformItemSizes(true);
   fillist_->setAlternatingRowColors(true);
@@ -75,6 +83,7 @@ void FrmFileOpen::makePanel() {
     commands_.selectClip(row.row() + 1);
     draw();
   });
+  details_->setContentsMargins(kGap, 0, 0, 0);
   details_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   details_->setWordWrap(true);
   details_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -85,8 +94,8 @@ void FrmFileOpen::makePanel() {
   panel_->addWidget(page);
   setCentralWidget(panel_);
 
-  status_ = new QLabel(this);      // NOLINT(cppcoreguidelines-owning-memory)
-  abort_ = new QPushButton(this);  // NOLINT(cppcoreguidelines-owning-memory)
+  status_ = made<QLabel>(this);
+  abort_ = made<QPushButton>(this);
   abort_->setFlat(true);
   connect(abort_, &QPushButton::clicked, [this] { state_.abortClicked = true; });
   statusBar()->addWidget(status_, 1);
@@ -131,6 +140,10 @@ void FrmFileOpen::draw() {
   if (!isVisible()) {
     state_.fullScreen ? showFullScreen() : show();
     (state_.listVisible ? static_cast<QWidget*>(fillist_) : emptyPane_)->setFocus();
+  }
+  if (std::exchange(state_.raise, false)) {
+    raise();
+    activateWindow();
   }
 }
 

@@ -1,0 +1,192 @@
+// The program in a real window, driven by keys as a user drives it.
+#include "platform/posix/posix_files.h"
+#include "support/real_world.h"
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ScratchFolder;
+
+pid_t startProgram(const std::vector<std::string>& command, int passedDescriptor = -1) {
+  const auto child = ::fork();
+  if (child != 0) return child;
+  if (passedDescriptor < 0) {
+    ::close(STDOUT_FILENO);
+    ::close(STDERR_FILENO);
+  }
+  std::vector<char*> arguments;
+  for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
+  arguments.push_back(nullptr);
+  ::execvp(arguments[0], arguments.data());
+  ::_exit(127);
+}
+
+bool eventually(const std::function<bool()>& holds) {
+  for (int i = 0; i < 200; ++i) {
+    if (holds()) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  return false;
+}
+
+// A screen of the test's own, with a window manager.
+class Screen {
+ public:
+  Screen() {
+    std::array<int, 2> pipe{};
+    EXPECT_EQ(::pipe(pipe.data()), 0);
+    server_ = startProgram(
+        {"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", "1024x768x24", "-nolisten", "tcp"},
+        pipe[1]);
+    ::close(pipe[1]);
+    std::string number;
+    for (char c = 0; ::read(pipe[0], &c, 1) == 1 && c != '\n';) number += c;
+    ::close(pipe[0]);
+    ::setenv("DISPLAY", (":" + number).c_str(), 1);
+    manager_ = startProgram({"openbox"});
+  }
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+  ~Screen() {
+    for (const auto child : {manager_, server_}) {
+      ::kill(child, SIGTERM);
+      ::waitpid(child, nullptr, 0);
+    }
+  }
+
+ private:
+  pid_t server_ = 0;
+  pid_t manager_ = 0;
+};
+
+class Window : public testing::Test {
+ protected:
+  Window() {
+    ::setenv("HOME", home_.path().c_str(), 1);
+    ::setenv("XDG_RUNTIME_DIR", home_.path().c_str(), 1);
+    ::unsetenv("KVO5_HOME");
+    ::unsetenv("XDG_DATA_HOME");
+    ::unsetenv("XDG_CONFIG_HOME");
+    video_ = test::makeCountingVideo(work_, "count.avi", "25", 25);
+  }
+  ~Window() override {
+    if (program_ == 0) return;
+    ::kill(program_, SIGKILL);
+    ::waitpid(program_, nullptr, 0);
+  }
+
+  void start(const std::vector<std::string>& arguments = {}) {
+    std::vector<std::string> command{KVO_PROGRAMS "/kvo5"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    program_ = startProgram(command);
+  }
+
+  // True when a window whose name holds `name` comes to have the keys.
+  static bool comes(const std::string& name) {
+    return eventually([&] {
+      return test::runProgram({"xdotool", "getactivewindow", "getwindowname"}).out.find(name) !=
+             std::string::npos;
+    });
+  }
+
+  static void press(const std::string& keys) { test::runProgram({"xdotool", "key", keys}); }
+  static void type(const std::string& text) { test::runProgram({"xdotool", "type", "--delay", "1", text}); }
+
+  bool ends() {
+    const bool ended = eventually([&] { return ::waitpid(program_, &status_, WNOHANG) == program_; });
+    if (ended) program_ = 0;
+    return ended;
+  }
+
+  ScratchFolder home_;
+  ScratchFolder work_;
+  Screen screen_;
+  std::string video_;
+  pid_t program_ = 0;
+  int status_ = 0;
+};
+
+TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
+  start();
+  ASSERT_TRUE(comes("KVO5"));
+  const auto folder = home_ / ".local/share/KVO5";
+  EXPECT_TRUE(std::filesystem::exists(folder + "/KVO5.INI"));
+  EXPECT_TRUE(std::filesystem::exists(folder + "/silence.wav"));
+
+  // A second copy hands its clip over and ends at once.
+  EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", video_}).exitCode, 0);
+  ASSERT_TRUE(comes("count.avi - KVO5"));
+
+  press("ctrl+s");
+  ASSERT_TRUE(comes("Save Collection"));
+  type(work_ / "mine");
+  press("Return");
+  ASSERT_TRUE(eventually([&] { return std::filesystem::exists(work_ / "mine.INI"); }));
+  ASSERT_TRUE(comes("count.avi - KVO5"));
+
+  press("ctrl+n");
+  ASSERT_TRUE(comes("New Collection"));
+  press("ctrl+o");
+  ASSERT_TRUE(comes("Open existing Collection"));
+  type(work_ / "mine.INI");
+  press("Return");
+  ASSERT_TRUE(comes("count.avi - KVO5"));
+  press("ctrl+q");
+  ASSERT_TRUE(ends());
+  EXPECT_EQ(WEXITSTATUS(status_), 0);
+  EXPECT_EQ(PosixFiles().read(folder + "/KVOError.Log", 1U << 20U).ok(), false) << "nothing went wrong";
+}
+
+TEST_F(Window, ExitWithUnsavedChangesAsks) {
+  start({video_});
+  ASSERT_TRUE(comes("count.avi - KVO5"));
+  press("ctrl+q");
+  ASSERT_TRUE(comes("Save changes"));
+  press("Escape");
+  ASSERT_TRUE(comes("count.avi - KVO5"));
+  press("alt+F4");
+  ASSERT_TRUE(comes("Save changes"));
+  press("Return");  // Yes is the default
+  ASSERT_TRUE(comes("Save Collection"));
+  press("Escape");
+  ASSERT_TRUE(comes("count.avi - KVO5")) << "no name, no end";
+  press("ctrl+q");
+  ASSERT_TRUE(comes("Save changes"));
+  press("alt+n");
+  ASSERT_TRUE(ends());
+}
+
+TEST_F(Window, ACollectionThatCannotBeReadIsTold) {
+  std::filesystem::create_directories(home_ / ".local/share/KVO5");
+  PosixFiles files;
+  ASSERT_TRUE(writeDurably(files, home_ / ".local/share/KVO5/KVO5.INI", "junk"));
+  start();
+  ASSERT_TRUE(comes("Kavio V5"));
+  press("Return");
+  ASSERT_TRUE(ends());
+  EXPECT_EQ(WEXITSTATUS(status_), 1);
+  EXPECT_EQ(files.read(home_ / ".local/share/KVO5/KVO5.INI", 100).value(), "junk");
+}
+
+TEST(WithoutADisplay, TheWindowIsRefusedInALine) {
+  ::unsetenv("DISPLAY");
+  ::unsetenv("WAYLAND_DISPLAY");
+  ::unsetenv("QT_QPA_PLATFORM");
+  const auto end = test::runProgram({KVO_PROGRAMS "/kvo5"});
+  EXPECT_EQ(end.exitCode, 1);
+  EXPECT_NE(end.err.find("no display"), std::string::npos) << end.err;
+}
+
+}  // namespace
+}  // namespace kvo
