@@ -3,7 +3,7 @@
 #include "base/text.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
-#include "editor/timeline/transition_element.h"
+#include "editor/timeline/transition_names.h"
 #include "engine/transitions/registry.h"
 
 namespace kvo {

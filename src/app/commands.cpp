@@ -148,7 +148,8 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   const auto folder = TemporaryFolder::make();
   if (!folder) return fail(folder.error().text);
   const auto document = folder->path() + "/movie.xtl";
-  if (auto done = CompileForRender(session.compilation, document); !done) return fail(done.error().text);
+  if (auto done = CompileForRender(session.compilation, document, false); !done)
+    return fail(done.error().text);
 
   ProgressShow show;
   const auto end = session.processes.run(

@@ -4,6 +4,7 @@
 #include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
+#include "editor/timeline/effect_elements.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/transition_element.h"
 
@@ -103,16 +104,28 @@ void normaliseStill(const Compilation& c, Movie& clip) {
   c.settings.ObjectChange(change);
 }
 
-std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourceFile, bool withEffects) {
+// The effect blocks of a clip, each on a line of its own; the colour block's line stands even when it has
+// nothing to say.
+std::string effectBlocks(const Compilation& c, const KeyframeIndex& keyframes, int clipNo, std::string stop) {
+  const auto& clip = c.clips()[clipNo];
+  std::string text;
+  if (ToNumber(clip.EffectWord()) != 0) {
+    std::string block;
+    CreateBasicImageStringFromEffectWord(c, keyframes, clipNo, clip.EffectWord(), "0", stop, block);
+    text += "\r\n" + blanks(15) + block;
+  }
+  return text + "\r\n" + blanks(15) + AddColorContrastAdjust(c, clipNo, "0");
+}
+
+std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourceFile,
+                        const std::string& effects) {
   const auto file =
       useSourceFile && !clip.SrcPath().empty() ? clip.SrcPath() + clip.SrcName() : clipFile(clip);
   auto text = blanks(10) + "<track>\r\n" + blanks(10) + "<clip src=" + quoted(file) + " ";
   if (clip.IsStill()) text += " stretchmode=" + quoted(stretchModeText(clip.stretchmode())) + "  ";
   text += "mstart=" + quoted(times.mstart) + " mstop=" + quoted(times.mstop) +
           " start=" + quoted(times.start) + " stop=" + quoted(times.stop) + " >\r\n";
-  // The effect blocks of a clip go here, each on a line of its own; the colour block's line stands even when
-  // it has nothing to say.
-  if (withEffects) text += "\r\n" + blanks(15);
+  text += effects;
   return text + "\r\n" + blanks(10) + " </clip>\r\n\r\n";
 }
 
@@ -122,7 +135,14 @@ TransitionOptions transitionOptions(const Compilation& c, int i, std::string sta
           .Stop = std::move(stop),
           .Name = clip.TransType(),
           .Duration = ShortText(secondsFromTenths(clip.TransIn())),
-          .ClipNo = i};
+          .ClipNo = i,
+          .BorderWidth = clip.BorderWidth(),
+          .BorderColor = clip.BorderColor().text(),
+          .BorderSoftness = clip.BorderSoftness(),
+          .ReplicateX = clip.ReplicateX(),
+          .ReplicateY = clip.ReplicateY(),
+          .MaskName = clip.MaskName(),
+          .UseDefaults = c.settings.UseParticleDefaults()};
 }
 
 }  // namespace
@@ -145,6 +165,8 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
     editor.controls.progressCaption = "Analysing";
   }
 
+  if (o.LeaveOutEffects) settings.RenderEffects(false);
+  const KeyframeIndex keyframes(c);
   const int first = preview ? o.FirstClip : 1;
   const int last = preview ? o.LastClip : c.clips().count();
   const bool fullCompile = settings.ObjectChange() == 0;
@@ -165,7 +187,8 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
 
     const auto times = preview ? placeInPreview(c, i, o) : placeOnTimeline(c, i, running);
     lastStop = times.stop;
-    tracks += clipElement(clip, times, o.UseSourceFile, fullCompile);
+    tracks += clipElement(clip, times, o.UseSourceFile,
+                          fullCompile ? effectBlocks(c, keyframes, i, times.stop) : std::string());
     if (clip.TransType().empty()) clip.TransType("CUT");
 
     if (isCut(clip.TransType())) {

@@ -3,6 +3,8 @@
 // knows one.
 #pragma once
 
+#include "editor/timeline/effects_table.h"
+
 #include <string>
 #include <vector>
 
@@ -46,6 +48,7 @@ struct EditorControls {
 };
 
 struct EditorState {
+  EffectsTable effects;
   WorkingTexts texts;
   EditorControls controls;
   std::string VideoTotalTime = "0";  ///< seconds: the last clip's stop

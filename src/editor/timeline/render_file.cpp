@@ -5,6 +5,7 @@
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/clip_line.h"
 #include "editor/timeline/durations.h"
+#include "editor/timeline/keyframes.h"
 #include "editor/timeline/video_group.h"
 
 #include <algorithm>
@@ -85,7 +86,7 @@ void AnalyseRenderFile(const Compilation& c, const std::string& fileName) {
   }
 }
 
-std::string compileText(const Compilation& c) {
+std::string compileText(const Compilation& c, bool withEffects) {
   auto& editor = c.editor;
   const FullPower full(c);
   ClearGlobals(editor);
@@ -100,7 +101,8 @@ std::string compileText(const Compilation& c) {
     Single rate = 0;
     CreateVideoGroup(c, depth, width, height, rate, kRenderMode);
   }
-  CreateClipLine(c, {.UseSourceFile = true});
+  ValidateKeyFrames(c);
+  CreateClipLine(c, {.LeaveOutEffects = !withEffects, .UseSourceFile = true});
   bool audio = false;
   editor.texts.AudioTrackText.clear();
   if (editor.controls.Chk_RenderClipAudio) {
@@ -116,8 +118,8 @@ std::string compileText(const Compilation& c) {
   return renderFileText(c, audio);
 }
 
-Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
-  return writeDurably(c.files, fileName, compileText(c));
+Outcome CompileForRender(const Compilation& c, const std::string& fileName, bool withEffects) {
+  return writeDurably(c.files, fileName, compileText(c, withEffects));
 }
 
 }  // namespace kvo

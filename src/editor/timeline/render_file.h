@@ -19,9 +19,10 @@ void AnalyseRenderFile(const Compilation& c, const std::string& fileName);
 
 /// Compiles the collection for a render at full power: video group and tracks, clip audio and overlay audio
 /// as the controls say. Transitions that are too long for their clips are shortened first.
-std::string compileText(const Compilation& c);
+/// `withEffects` false leaves the elements of effects out, for an engine that draws none.
+std::string compileText(const Compilation& c, bool withEffects = true);
 
 /// As compileText, into `fileName`.
-Outcome CompileForRender(const Compilation& c, const std::string& fileName);
+Outcome CompileForRender(const Compilation& c, const std::string& fileName, bool withEffects = true);
 
 }  // namespace kvo

@@ -1,50 +1,21 @@
 #include "editor/timeline/transition_element.h"
 
 #include "base/text.h"
+#include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
+#include "editor/timeline/transition_families.h"
+#include "editor/timeline/transition_names.h"
 
 #include <algorithm>
-#include <array>
 
 namespace kvo {
 namespace {
 
 constexpr double kMargin = 0.125;  // seconds that Progress ends ahead of the overlap
 
-struct ClassOfName {
-  std::string_view name;
-  std::string_view clsid;
-};
-
-constexpr std::array kClasses = {
-    ClassOfName{"Barn", "{C3BDF740-0B58-11d2-A484-00C04F8EFB69}"},
-    ClassOfName{"Blinds", "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}"},
-    ClassOfName{"Bounce1", "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}"},
-    ClassOfName{"Bounce2", "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}"},
-    ClassOfName{"Bounce3", "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}"},
-    ClassOfName{"Bounce4", "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}"},
-    ClassOfName{"QuartileMove", "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}"},
-    ClassOfName{"Checkerboard", "{B3EE7802-8224-4787-A1EA-F0DE16DEABD3}"},
-    ClassOfName{"ColorFade", "{2A54C908-07AA-11D2-8D6D-00C04F8EF8E0}"},
-    ClassOfName{"Compositor", "{9A43A844-0831-11D1-817F-0000F87557DB}"},
-    ClassOfName{"Curtains", "{AA0D4D12-06A3-11D2-8F98-00C04FB92EB7}"},
-    ClassOfName{"Dissolve", "{F7F4A1B6-8E87-452f-A2D7-3077F508DBC0}"},
-    ClassOfName{"Fade", "{16B280C5-EE70-11D1-9066-00C04FD9189D}"},
-    ClassOfName{"FadeWhite", "{107045CC-06E0-11D2-8D6D-00C04F8EF8E0}"},
-    ClassOfName{"Inset", "{93073C40-0BA5-11d2-A484-00C04F8EFB69}"},
-    ClassOfName{"Iris", "{3F69F351-0379-11D2-A484-00C04F8EFB69}"},
-    ClassOfName{"Pixelate", "{4CCEA634-FBE0-11d1-906A-00C04FD9189D}"},
-    ClassOfName{"RadialWipe", "{424B71AF-0695-11D2-A484-00C04F8EFB69}"},
-    ClassOfName{"RollDown", "{9C61F46E-0530-11D2-8F98-00C04FB92EB7}"},
-    ClassOfName{"Slide", "{810E402F-056B-11D2-A484-00C04F8EFB69}"},
-    ClassOfName{"SMPTE Wipe", "{dE75D012-7A65-11D2-8CEA-00A0C9441E20}"},
-    ClassOfName{"Spiral", "{ACA97E00-0C7D-11d2-A484-00C04F8EFB69}"},
-    ClassOfName{"Stretch", "{7658F2A2-0A83-11d2-A484-00C04F8EFB69}"},
-    ClassOfName{"Threshold", "{2A54C915-07AA-11D2-8D6D-00C04F8EF8E0}"},
-    ClassOfName{"Wheel", "{5AE1DAE0-1461-11d2-A484-00C04F8EFB69}"},
-    ClassOfName{"Wipe Normal", "{AF279B30-86EB-11D1-81BF-0000F87557DB}"},
-    ClassOfName{"Zigzag", "{E6E73D20-0C8A-11d2-A484-00C04F8EFB69}"},
-};
+constexpr std::string_view kWipeClass = "{dE75D012-7A65-11D2-8CEA-00A0C9441E20}";
+constexpr std::string_view k3DClass = "{C63344D8-70D3-4032-9B32-7A3CAD5091A5}";
+constexpr std::string_view kNoTransition = "{99999999-9999-9999-9999-999999999999}";
 
 std::string extraParam(std::string_view name, std::string_view value) {
   if (name.empty()) return {};
@@ -63,22 +34,47 @@ std::string secondExtraParam(const Movie& clip) {
   return extraParam(lower(name), value);
 }
 
+std::string openingLine(std::string_view start, std::string_view stop, std::string_view clsid) {
+  return blanks(15) + "<transition start=" + quoted(start) + " stop=" + quoted(stop) +
+         " clsid=" + quoted(clsid) + ">\r\n";
+}
+
+std::string closingLine() { return blanks(15) + "</transition>\r\n"; }
+
 // One class with free options, whose Progress runs from 0 to 1 over the overlap.
-void addGeneric(std::string& text, const Movie& clip, const TransitionOptions& o) {
-  text += blanks(15) + "<transition start=" + quoted(o.Start) + " stop=" + quoted(o.Stop) +
-          " clsid=" + quoted(TransitionFriendlyNameToCLSID(o.Name)) + ">\r\n";
-  text += blanks(20) + firstExtraParam(clip) + "\r\n";
-  text += blanks(20) + secondExtraParam(clip) + "\r\n\r\n";
-  text += blanks(20) + "<param name=\"Progress\" value=\"0.0\">\r\n";
-  text +=
-      blanks(25) + "<linear time=" + quoted(ShortText(ToNumber(o.Duration) - kMargin)) + " value=\"1\"/>\r\n";
-  text += blanks(20) + "</param>\r\n";
-  text += blanks(15) + "</transition>\r\n";
+std::string genericElement(const Movie& clip, const TransitionOptions& o) {
+  return openingLine(o.Start, o.Stop, TransitionFriendlyNameToCLSID(o.Name)) + blanks(20) +
+         firstExtraParam(clip) + "\r\n" + blanks(20) + secondExtraParam(clip) + "\r\n\r\n" + blanks(20) +
+         "<param name=\"Progress\" value=\"0.0\">\r\n" + blanks(25) +
+         "<linear time=" + quoted(ShortText(ToNumber(o.Duration) - kMargin)) + " value=\"1\"/>\r\n" +
+         blanks(20) + "</param>\r\n" + closingLine();
+}
+
+std::string elementOf(const Compilation& c, const Movie& clip, const TransitionOptions& o) {
+  if (isCut(o.Name)) {
+    return blanks(15) + "<transition clsid=" + quoted(kNoTransition) +
+           " start=" + quoted(ShortText(ToNumber(o.Start))) + " stop=" + quoted(o.Stop) + " />\r\n";
+  }
+  std::string params;
+  const auto duration = static_cast<Single>(ToNumber(o.Duration) - kMargin);
+  if (AddBounce(o.Name, params, duration, c.editor.OutputWidth, c.editor.OutputHeight)) {
+    return openingLine(o.Start, o.Stop, TransitionFriendlyNameToCLSID(o.Name)) + params + closingLine();
+  }
+  // These span the overlap only.
+  const auto stop = ShortText(ToNumber(o.Start) + secondsFromTenths(clip.TransIn()) - kMargin);
+  if (addWipe(params, o)) return openingLine(o.Start, stop, kWipeClass) + params + closingLine();
+  if (addParticlesOr3D(params, o, c.settings))
+    return openingLine(o.Start, stop, k3DClass) + params + closingLine();
+  return genericElement(clip, o);
 }
 
 }  // namespace
 
 void AddTransition(const Compilation& c, std::string& trackText, TransitionOptions o) {
+  o.BorderWidth = std::clamp(o.BorderWidth, 0, 255);
+  o.BorderSoftness = std::clamp(o.BorderSoftness, 0.0F, 255.0F);
+  o.ReplicateX = std::clamp(o.ReplicateX, 1, 255);
+  o.ReplicateY = std::clamp(o.ReplicateY, 1, 255);
   if (c.settings.RenderTransitions()) {
     auto& clip = c.clips()[o.ClipNo];
     SortTransitionTimes(c, o.ClipNo);
@@ -87,15 +83,9 @@ void AddTransition(const Compilation& c, std::string& trackText, TransitionOptio
       clip.ExtraParamValue1("");
     }
     if (o.Duration == "0") o.Duration = "0.01";
-    addGeneric(trackText, clip, o);
+    trackText += elementOf(c, clip, o);
   }
   trackText += blanks(10) + "</track>\r\n\r\n";
-}
-
-std::string_view TransitionFriendlyNameToCLSID(std::string_view name) {
-  const auto* found =
-      std::find_if(kClasses.begin(), kClasses.end(), [&](const auto& k) { return k.name == name; });
-  return found == kClasses.end() ? std::string_view() : found->clsid;
 }
 
 }  // namespace kvo

@@ -4,7 +4,6 @@
 #include "editor/timeline/compilation.h"
 
 #include <string>
-#include <string_view>
 
 namespace kvo {
 
@@ -14,14 +13,17 @@ struct TransitionOptions {
   std::string Name;      ///< friendly name
   std::string Duration;  ///< seconds, TransIn / 10
   int ClipNo = 1;
+  int BorderWidth = 0;        ///< held to 0 to 255
+  std::string BorderColor{};  ///< as the record has it
+  Single BorderSoftness = 0;  ///< held to 0 to 255
+  int ReplicateX = 1;         ///< held to 1 to 255
+  int ReplicateY = 1;         ///< held to 1 to 255
+  std::string MaskName{};     ///< a picture as the mask; empty for none
+  bool UseDefaults = true;    ///< particles as each transition has them, not as the settings do
 };
 
 /// Appends the element and `</track>` to `trackText`; only `</track>` while KVO2.RenderTransitions is off.
 /// Brings the clip's TransIn within its limits.
 void AddTransition(const Compilation& c, std::string& trackText, TransitionOptions options);
-
-/// The class identifier behind a friendly name, in its own case; empty for a name that the table does not
-/// hold.
-std::string_view TransitionFriendlyNameToCLSID(std::string_view name);
 
 }  // namespace kvo

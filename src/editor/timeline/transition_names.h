@@ -1,0 +1,32 @@
+// The transitions a user can choose, and what each name stands for. The class identifiers are the public ones
+// of the objects that draw them, in their own case; the mask numbers are SMPTE 258M wipe codes.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace kvo {
+
+/// Every name on offer, in the order of the list.
+std::span<const std::string_view> transitionNames();
+
+/// The class identifier behind a friendly name, in its own case; empty for a name that the table does not
+/// hold.
+std::string_view TransitionFriendlyNameToCLSID(std::string_view name);
+
+/// The SMPTE wipe code of a name of the mask table.
+std::optional<int> maskNumber(std::string_view name);
+
+/// The free options that a transition offers.
+struct TransitionOptionSet {
+  std::string_view firstCaption;   ///< a number is asked for; empty for none
+  std::string_view secondCaption;  ///< one of `secondValues`; empty for none
+  std::span<const std::string_view> secondValues;
+  bool bordersAndMask = false;  ///< border boxes, replication and a mask picture
+  bool particles = false;       ///< the particle options window
+};
+
+TransitionOptionSet ShowTransOptions(std::string_view name);
+
+}  // namespace kvo
