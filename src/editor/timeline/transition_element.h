@@ -8,10 +8,10 @@
 namespace kvo {
 
 struct TransitionOptions {
-  std::string Start;     ///< timeline seconds
-  std::string Stop;      ///< timeline seconds
-  std::string Name;      ///< friendly name
-  std::string Duration;  ///< seconds, TransIn / 10
+  std::string Start{};     ///< timeline seconds
+  std::string Stop{};      ///< timeline seconds
+  std::string Name{};      ///< friendly name
+  std::string Duration{};  ///< seconds, TransIn / 10
   int ClipNo = 1;
   int BorderWidth = 0;        ///< held to 0 to 255
   std::string BorderColor{};  ///< as the record has it
