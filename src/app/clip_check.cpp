@@ -49,7 +49,6 @@ std::vector<std::string> clipOmissions(const Movie& clip) {
   }
   if (clip.Sepia()) omitted.emplace_back("sepia");
   if (clip.HasKeyFrames()) omitted.emplace_back("its keyframes");
-  if (!trimmed(clip.HasPicInPic()).empty()) omitted.emplace_back("its picture-in-picture");
   return omitted;
 }
 

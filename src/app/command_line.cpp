@@ -105,6 +105,16 @@ Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
     if (auto done = readRenderOptions(line, arguments); !done) return done.error();
     return line;
   }
+  if (task == "--document" && arguments.size() == 5 && arguments[3] == "--preview") {
+    const auto power = numberIn(arguments[4]);
+    if (!power || !isWhole(*power) || *power < 1 || *power > 10) {
+      return Error{"--preview " + arguments[4] + ": give a power from 1 to 10"};
+    }
+    line.task = Task::Document;
+    line.output = arguments[2];
+    line.previewPower = static_cast<int>(*power);
+    return line;
+  }
   const std::size_t wanted = task == "--check" ? 2 : 3;
   if (arguments.size() < wanted) return Error{"--document needs a file to write"};
   if (arguments.size() > wanted) return Error{task + " takes nothing behind " + arguments[wanted - 1]};
@@ -129,8 +139,8 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
 kvo5 --check COLLECTION
     Lists the clips with their times, and what is wrong with them.
-kvo5 --document COLLECTION FILE
-    Writes the timeline document that a render would be made from.
+kvo5 --document COLLECTION FILE [--preview POWER]
+    Writes the timeline document that a render would be made from, or a preview of power 1 to 10.
 kvo5 --help
 kvo5 --version
 

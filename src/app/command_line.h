@@ -24,8 +24,9 @@ struct CommandLine {
   std::string output;
   std::optional<engine::Slice> range;
   std::optional<PictureSize> size;
-  std::optional<double> rate;  ///< frames a second
-  std::string codec;           ///< of an AVI; empty for uncompressed
+  std::optional<double> rate;       ///< frames a second
+  std::optional<int> previewPower;  ///< of --document, 1 to 10
+  std::string codec;                ///< of an AVI; empty for uncompressed
 };
 
 /// True when the arguments ask for something that needs no screen: a long option comes first.

@@ -97,7 +97,7 @@ std::vector<std::string> engineArguments(const CommandLine& line, const std::str
   return arguments;
 }
 
-// Faults that no render survives, and a word on what is left out.
+// Faults that no render survives.
 Outcome checkForRender(Session& session, const ReadReport& report) {
   auto& clips = session.collection.MovieList;
   for (const int number : report.skippedClips) {
@@ -114,13 +114,17 @@ Outcome checkForRender(Session& session, const ReadReport& report) {
       return Error{"there is no picture in " + clipFile(clips[i])};
     }
   }
+  if (IsAudioBeforeVideo(session.compilation))
+    return Error{"an audio track stands ahead of a clip with a picture"};
+  return {};
+}
+
+void warnOfOmissions(const Session& session) {
+  const auto& clips = session.collection.MovieList;
   for (int i = 1; i <= clips.count(); ++i) {
     for (const auto& what : clipOmissions(clips[i]))
       warn(clipName(i, clips[i]) + ": " + what + " is not rendered yet");
   }
-  if (IsAudioBeforeVideo(session.compilation))
-    return Error{"an audio track stands ahead of a clip with a picture"};
-  return {};
 }
 
 }  // namespace
@@ -135,6 +139,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   const auto report = session.open(line.collection);
   if (!report) return fail(report.error().text);
   if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
+  warnOfOmissions(session);
   if (session.files.sameFile(line.collection, line.output)) {
     return fail("cannot write " + line.output + ": it is the collection");
   }
@@ -206,7 +211,9 @@ int runDocument(Session& session, const CommandLine& line) {
     return fail("cannot write " + line.output + ": it is the collection");
   }
   if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
-  if (auto done = CompileForRender(session.compilation, line.output); !done) return fail(done.error().text);
+  const auto& c = session.compilation;
+  const auto text = line.previewPower ? compilePreviewText(c, *line.previewPower) : compileText(c);
+  if (auto done = writeDurably(session.files, line.output, text); !done) return fail(done.error().text);
   return kExitDone;
 }
 

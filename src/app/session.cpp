@@ -1,11 +1,13 @@
 #include "app/session.h"
 
+#include "editor/timeline/still_options.h"
+
 #include <array>
 
 namespace kvo {
 namespace {
 
-constexpr std::array<std::string_view, 2> kShippedFiles = {"silence.wav", "KVO5.INI"};
+constexpr std::array<std::string_view, 3> kShippedFiles = {"silence.wav", "KVO5.INI", "ParamCols.dat"};
 constexpr std::uint64_t kMaxShipped = 64ULL << 20U;
 
 }  // namespace
@@ -36,6 +38,8 @@ Result<ReadReport> Session::open(const std::string& collectionPath) {
       settings.ExternalAudioStack() ? OverlayOrder::InSequence : OverlayOrder::Stacked;
   controls.txtWidth = settings.RenderWidth();
   controls.txtHeight = settings.RenderHeight();
+  LoadEffects(editor.effects, files, boxes, log, folder);
+  GetStillOpts(compilation);
   return report;
 }
 

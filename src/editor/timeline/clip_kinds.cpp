@@ -13,4 +13,17 @@ bool isCut(std::string_view transType) {
   return trimmed(transType).empty() || sameText(trimmed(transType), "CUT");
 }
 
+std::string_view stretchModeText(Integer mode) {
+  switch (mode) {
+    case 1:
+      return "preserveaspectratio";
+    case 2:
+      return "preserveaAspectrationoletterbox";
+    case 3:
+      return "crop";
+    default:
+      return "stretch";
+  }
+}
+
 }  // namespace kvo

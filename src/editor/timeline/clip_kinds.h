@@ -16,4 +16,7 @@ bool isOverlayAudio(std::string_view name);
 /// "CUT" in any case, or empty: no transition leads into the clip.
 bool isCut(std::string_view transType);
 
+/// The stretchmode attribute of a still, spelled as readers of a document know it.
+std::string_view stretchModeText(Integer mode);
+
 }  // namespace kvo

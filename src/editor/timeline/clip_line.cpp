@@ -1,10 +1,12 @@
 #include "editor/timeline/clip_line.h"
 
 #include "base/text.h"
+#include "core/deployment.h"
 #include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/effect_elements.h"
+#include "editor/timeline/effect_panel.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/transition_element.h"
 
@@ -42,19 +44,6 @@ struct ClipTimes {
   std::string start;
   std::string stop;
 };
-
-std::string_view stretchModeText(Integer mode) {
-  switch (mode) {
-    case 1:
-      return "preserveaspectratio";
-    case 2:
-      return "preserveaAspectrationoletterbox";
-    case 3:
-      return "crop";
-    default:
-      return "stretch";
-  }
-}
 
 // Place of clip i in a whole-collection pass; `running` comes in as the end of the clip before and goes out
 // as the clip's start.
@@ -177,6 +166,7 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
   for (int i = first; i <= last; ++i) {
     auto& clip = c.clips()[i];
     if (fullCompile && editor.controls.progressVisible) editor.controls.progressValue = i;
+    ResetObjForNonEffectOs(clip, kSystemTag);
     if (isOverlayAudio(clip.MovieName())) continue;
     if (clip.IsStill()) {
       normaliseStill(c, clip);

@@ -62,14 +62,17 @@ std::vector<std::string> upperLines(std::string_view text) {
 PreviewParams GetPreviewParams(const Compilation& c, int power) {
   if (power == 0) power = 10;
   const auto path = c.folder.beside("\\PreviewDefaults.dat");
-  auto bytes = c.files.read(path, kMaxFile);
-  if (!bytes) {
-    bytes = defaultFile();
-    // A folder that cannot be written does not hinder the preview: the values are the same.
-    static_cast<void>(writeDurably(c.files, path, *bytes));
+  const auto section = "[PREVIEW" + std::to_string(power) + "]";
+  const auto bytes = c.files.read(path, kMaxFile);
+  auto lines = upperLines(bytes ? textFromBytes(*bytes) : std::string());
+  auto line = std::find(lines.begin(), lines.end(), section);
+  if (line == lines.end()) {
+    // A file that is missing or broken is written anew. A folder that cannot be written does not hinder the
+    // preview: the values are the same.
+    static_cast<void>(writeDurably(c.files, path, defaultFile()));
+    lines = upperLines(defaultFile());
+    line = std::find(lines.begin(), lines.end(), section);
   }
-  const auto lines = upperLines(textFromBytes(std::move(*bytes)));
-  auto line = std::find(lines.begin(), lines.end(), "[PREVIEW" + std::to_string(power) + "]");
   const auto next = [&](std::string_view key, double otherwise) {
     if (line == lines.end() || ++line == lines.end()) return otherwise;
     return ToNumber(replaced(*line, key, ""));
@@ -89,6 +92,27 @@ PreviewParams GetPreviewParams(const Compilation& c, int power) {
   c.settings.RenderEffects(params.Effects);
   c.settings.RenderTransitions(params.Transitions);
   return params;
+}
+
+std::string ShowUserPreviewParams(const Compilation& c, const PreviewParams& p) {
+  const auto& settings = c.settings;
+  const int outputDepth = settings.OutputColorDepth();
+  const auto outputRate = ShortText(settings.OutPutFrameRate());
+  const auto depth = std::to_string(p.Depth) + " bit";
+  std::string text = "\r\n\r\n";
+  text += p.Scale == 1 ? "H x W is output dimensions " : "H x W reduced by " + ShortText(p.Scale);
+  text += "\r\n\r\nAspect Ratio is maintained\r\n";
+  text += outputDepth <= p.Depth ? "Color maintained at " + depth
+                                 : "Color drop from " + std::to_string(outputDepth) + " to " + depth;
+  text += kCrLf;
+  text += p.Rate >= settings.OutPutFrameRate()
+              ? "FPS maintained at " + ShortText(p.Rate) + " fps"
+              : "FPS drop from " + outputRate + " to " + ShortText(p.Rate) + " fps ";
+  text += "\r\n\r\n";
+  text += p.Transitions ? "Transitions ARE shown" : "Transitions are NOT shown";
+  text += kCrLf;
+  text += p.Effects ? "Clip Effects ARE shown" : "Clip Effects are NOT shown";
+  return text + "\r\n";
 }
 
 }  // namespace kvo

@@ -3,6 +3,8 @@
 
 #include "editor/timeline/compilation.h"
 
+#include <string>
+
 namespace kvo {
 
 struct PreviewParams {
@@ -17,5 +19,8 @@ struct PreviewParams {
 /// and holds depth and rate to the output's. A rate of 99 is the output rate. A missing file is written
 /// first.
 PreviewParams GetPreviewParams(const Compilation& c, int power);
+
+/// What the parameters mean, in words, for the label beside the power slider.
+std::string ShowUserPreviewParams(const Compilation& c, const PreviewParams& params);
 
 }  // namespace kvo

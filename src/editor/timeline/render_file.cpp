@@ -86,36 +86,59 @@ void AnalyseRenderFile(const Compilation& c, const std::string& fileName) {
   }
 }
 
-std::string compileText(const Compilation& c, bool withEffects) {
-  auto& editor = c.editor;
-  const FullPower full(c);
-  ClearGlobals(editor);
-  c.settings.ObjectChange(0);
-  shortenTransitions(c);
+namespace {
 
-  if (HaveAtleastOneVidTrack(c)) {
-    int width = c.settings.RenderWidth();
-    int height = c.settings.RenderHeight();
-    GetHeightWidth(editor.controls, height, width);
-    int depth = c.settings.OutputColorDepth();
-    Single rate = 0;
-    CreateVideoGroup(c, depth, width, height, rate, kRenderMode);
-  }
-  ValidateKeyFrames(c);
-  CreateClipLine(c, {.LeaveOutEffects = !withEffects, .UseSourceFile = true});
-  bool audio = false;
+void createGroup(const Compilation& c, int power) {
+  if (!HaveAtleastOneVidTrack(c)) return;
+  int width = c.settings.RenderWidth();
+  int height = c.settings.RenderHeight();
+  GetHeightWidth(c.editor.controls, height, width);
+  int depth = c.settings.OutputColorDepth();
+  Single rate = 0;
+  CreateVideoGroup(c, depth, width, height, rate, power);
+}
+
+// The sound of the collection. False when the document gets none.
+bool createSound(const Compilation& c, bool clipAudio) {
+  auto& editor = c.editor;
   editor.texts.AudioTrackText.clear();
-  if (editor.controls.Chk_RenderClipAudio) {
+  if (clipAudio) {
     CreateAudioGroup(editor, kAudioRate);
     CreateAudioClipLine(c);
-    audio = true;
   }
-  if (c.settings.DubInPlaylistAudioTrks()) {
+  const bool overlays = c.settings.DubInPlaylistAudioTrks();
+  if (overlays) {
     CreateAudioGroup(editor, kAudioRate);
     AddOverlayAudioTracks(c, true);
-    audio = true;
   }
-  return renderFileText(c, audio);
+  return clipAudio || overlays;
+}
+
+}  // namespace
+
+std::string compileText(const Compilation& c, bool withEffects) {
+  const FullPower full(c);
+  ClearGlobals(c.editor);
+  c.settings.ObjectChange(0);
+  shortenTransitions(c);
+  ValidateKeyFrames(c);
+  createGroup(c, kRenderMode);
+  CreateClipLine(c, {.LeaveOutEffects = !withEffects, .UseSourceFile = true});
+  return renderFileText(c, createSound(c, c.editor.controls.Chk_RenderClipAudio));
+}
+
+std::string compilePreviewText(const Compilation& c, int power) {
+  const bool wasDirty = c.settings.IsDirty();
+  c.settings.PreviewCPU(static_cast<Integer>(power));
+  c.settings.IsDirty(wasDirty);
+  ClearGlobals(c.editor);
+  c.settings.ObjectChange(0);
+  shortenTransitions(c);
+  ValidateKeyFrames(c);
+  createGroup(c, power);
+  CreateClipLine(c, {.Analysing = true});
+  createSound(c, true);
+  return renderFileText(c, true);
 }
 
 Outcome CompileForRender(const Compilation& c, const std::string& fileName, bool withEffects) {

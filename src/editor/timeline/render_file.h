@@ -22,6 +22,10 @@ void AnalyseRenderFile(const Compilation& c, const std::string& fileName);
 /// `withEffects` false leaves the elements of effects out, for an engine that draws none.
 std::string compileText(const Compilation& c, bool withEffects = true);
 
+/// Compiles the collection for a preview of the given power (1 to 10): reduced size, depth and rate, the
+/// clips' own sound always, the overlays when there are any.
+std::string compilePreviewText(const Compilation& c, int power);
+
 /// As compileText, into `fileName`.
 Outcome CompileForRender(const Compilation& c, const std::string& fileName, bool withEffects = true);
 
