@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|movies]...: all of them without a name. KVO_BENCH_RUNS says how often each movie is made
+# run.sh [kernels|records|compile|movies]...: all of them without a name. KVO_BENCH_RUNS says how often each movie is made
 # (3); the figures are the medians.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -81,10 +81,10 @@ movies() {
   runs=1 movie dissolve 360 96 mpeg4 ours
 }
 
-[ $# -gt 0 ] || set -- kernels records movies
+[ $# -gt 0 ] || set -- kernels records compile movies
 for part; do
   case $part in
-    kernels | records) "$bin/bench_$part" ;;
+    kernels | records | compile) "$bin/bench_$part" ;;
     movies) movies ;;
     *)
       echo "bench: there is no part '$part'" >&2

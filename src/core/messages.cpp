@@ -13,8 +13,9 @@ std::string_view LoadResString(int number) {
   const auto* end = std::end(kNumberedTexts);
   const auto* found = std::lower_bound(std::begin(kNumberedTexts), end, number,
                                        [](const NumberedText& t, int n) { return t.number < n; });
-  if (found != end && found->number == number) return found->text;
-  assert(!"a text of this number");
+  const bool isThere = found != end && found->number == number;
+  assert(isThere);
+  if (isThere) return found->text;
   std::fprintf(stderr, "kvo5: there is no text number %d\n", number);
   return {};
 }

@@ -47,6 +47,8 @@ TEST(CommandLine, TakesItsCommands) {
   EXPECT_EQ(*render->rate, 29.97);
   EXPECT_EQ(readCommandLine({"--check", "-c.INI"})->collection, "-c.INI");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl"})->output, "d.xtl");
+  EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "7"})->previewPower, 7);
+  EXPECT_FALSE(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "11"}));
   EXPECT_EQ(readCommandLine({"--version"})->task, Task::Version);
 
   const Words wrong[] = {{"--nonsense"},

@@ -1,8 +1,18 @@
 #include "editor/timeline/clip_kinds.h"
 
+#include "base/numbers.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace kvo {
+namespace {
+
+int numberAtEnd(std::string_view row, std::size_t width) {
+  return toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(width, row.size())))));
+}
+
+}  // namespace
 
 bool isOverlayAudio(std::string_view name) {
   const auto kind = extensionOf(name);
@@ -25,5 +35,12 @@ std::string_view stretchModeText(Integer mode) {
       return "stretch";
   }
 }
+
+int GetIndividualClipNo(std::string_view row) {
+  const int number = numberAtEnd(row, 4);
+  return number == 0 ? 1 : number;
+}
+
+int GetEffectClipNo(std::string_view row) { return numberAtEnd(row, 10); }
 
 }  // namespace kvo

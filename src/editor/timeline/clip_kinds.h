@@ -16,6 +16,12 @@ bool isOverlayAudio(std::string_view name);
 /// "CUT" in any case, or empty: no transition leads into the clip.
 bool isCut(std::string_view transType);
 
+/// The clip number at the end of a list's row: its last four characters, trimmed. 0 gives 1.
+int GetIndividualClipNo(std::string_view row);
+
+/// The same of the effect lists, whose rows end in ten characters for the number; 0 when there is none.
+int GetEffectClipNo(std::string_view row);
+
 /// The stretchmode attribute of a still, spelled as readers of a document know it.
 std::string_view stretchModeText(Integer mode);
 

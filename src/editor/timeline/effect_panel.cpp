@@ -110,6 +110,20 @@ void switchEffect(const Compilation& c, EffectControls& controls, int position, 
   CreateStaticClipEffectWord(c, controls, clipNo);
 }
 
+bool configureEffect(const Compilation& c, int position) {
+  if (position < kFirstSlot) {
+    c.boxes.show({"KVO - No Configurable Options", "There are no configurable options for this effect.",
+                  BoxButtons::Ok, BoxIcon::Information});
+    return false;
+  }
+  int id = position == static_cast<int>(EffectSwitch::Blur)         ? kBlurEffect
+           : position == static_cast<int>(EffectSwitch::MotionBlur) ? kMotionBlurEffect
+                                                                    : 0;
+  if (id == 0) c.editor.effects.GetEffectIDFromName(effectCaption(c, position), id);
+  c.settings.KeyframeEffectNo(static_cast<Integer>(id));
+  return id > 0;
+}
+
 void applyEaseDefaultIn(Movie& clip) { applyEase(clip, 0.75F, ""); }
 
 void applyEaseDefaultOut(Movie& clip) { applyEase(clip, 1, "out"); }

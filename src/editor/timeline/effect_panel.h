@@ -34,6 +34,9 @@ void ValidateEffectWordfromInterface(const Compilation& c, const EffectControls&
 /// can be seen, the base keyframe, the word.
 void switchEffect(const Compilation& c, EffectControls& controls, int position, bool on);
 
+/// A right click on a switch that is on: true opens the keyframes of its effect; one without options says so.
+bool configureEffect(const Compilation& c, int position);
+
 /// The presets of the ease panel.
 void applyEaseDefaultIn(Movie& clip);
 void applyEaseDefaultOut(Movie& clip);

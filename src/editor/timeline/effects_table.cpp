@@ -186,6 +186,20 @@ const EffectRow* EffectsTable::named(std::string_view name) const {
   return const_cast<EffectsTable*>(this)->named(name);  // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
+bool EffectsTable::WriteEffectParamsToArray(const EffectRow& values) {
+  const auto found =
+      std::find_if(rows_.begin(), rows_.end(), [&](const auto& row) { return row.name == values.name; });
+  if (found == rows_.end()) return false;
+  const auto noneAsEmpty = [](const std::string& text) { return text == "None" ? std::string() : text; };
+  found->Control = values.Control;
+  found->Transparency = values.Transparency;
+  found->foreColor = noneAsEmpty(values.foreColor);
+  found->backColor = noneAsEmpty(values.backColor);
+  found->extraColor = noneAsEmpty(values.extraColor);
+  found->texture = noneAsEmpty(values.texture);
+  return true;
+}
+
 std::string EffectsTable::GetEffectNameFromID(int id) const {
   return id >= 1 && id <= kRows ? std::string(trimmed(rows_[static_cast<std::size_t>(id - 1)].name))
                                 : std::string();
@@ -198,6 +212,10 @@ bool EffectsTable::GetEffectIDFromName(std::string_view name, int& id) const {
   const auto* row = named(name);
   if (row != nullptr) id = row->number;
   return row != nullptr;
+}
+
+Outcome WriteEffectsArrayToDisk(const EffectsTable& table, Files& files, const ProgramFolder& folder) {
+  return writeDurably(files, folder.beside("\\EffectParams.dat"), table.text(true));
 }
 
 void LoadEffects(EffectsTable& table, Files& files, MessageBoxes& boxes, ErrorLog& log,

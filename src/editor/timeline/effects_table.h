@@ -50,6 +50,10 @@ class EffectsTable {
   [[nodiscard]] EffectRow* named(std::string_view name);
   [[nodiscard]] const EffectRow* named(std::string_view name) const;
 
+  /// Replaces the values of the row of that very name; "None" for a colour or the texture is none. False when
+  /// there is no such row.
+  bool WriteEffectParamsToArray(const EffectRow& values);
+
   /// The row's number. False, and 0, for a name that is not in the table and for the seven built-in effects.
   bool GetEffectIDFromName(std::string_view name, int& id) const;
 
@@ -60,6 +64,9 @@ class EffectsTable {
   std::array<EffectRow, kRows> rows_;
   bool tooManySelected_ = false;
 };
+
+/// Writes the table as it stands to "\EffectParams.dat".
+Outcome WriteEffectsArrayToDisk(const EffectsTable& table, Files& files, const ProgramFolder& folder);
 
 /// Reads the table from its file. A missing file is written with the defaults; one that cannot be used is
 /// told of and replaced by them.

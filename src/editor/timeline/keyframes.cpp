@@ -74,6 +74,17 @@ std::string startValue(const std::vector<const Keyframe*>& all, const Keyframe& 
   return ShortText(ToNumber(movingValue(first, name, effectNo)));
 }
 
+// List numbers of the keyframes of the clip in hand and the effect being worked on.
+std::vector<int> ownKeyframes(const Compilation& c) {
+  const auto keyId = c.clips()[c.collection.icurMov].KeyID();
+  const auto& list = c.collection.KeyframeList;
+  std::vector<int> own;
+  for (int i = 1; i <= list.count(); ++i) {
+    if (list[i].ClipName == keyId && list[i].EffectNo == c.settings.KeyframeEffectNo()) own.push_back(i);
+  }
+  return own;
+}
+
 std::string noneAsEmpty(const std::string& text) { return text == "None" ? std::string() : text; }
 
 }  // namespace
@@ -216,6 +227,39 @@ void AddSingleBaseKeyFrame(const Compilation& c) {
   c.clips()[clipNo].HasKeyFrames(true);
 }
 
+bool AddKeyFrame(const Compilation& c, Long frameNo, Keyframe values) {
+  const int clipNo = c.collection.icurMov;
+  const int effectNo = c.settings.KeyframeEffectNo();
+  if (KeyFrameExists(c, clipNo, frameNo, effectNo)) {
+    c.boxes.show(
+        {"KVO5 - Duplicate Keyframe warning",
+         "Frame " + std::to_string(frameNo) +
+             " is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.",
+         BoxButtons::Ok, BoxIcon::Warning});
+    return false;
+  }
+  auto& list = c.collection.KeyframeList;
+  const auto own = ownKeyframes(c);
+  if (own.size() == 1 && effectNo != kBlurEffect && effectNo != kMotionBlurEffect) {
+    auto& first = list[own.front()];
+    if (first.Transparency != 100) first.Transparency = first.Transparency >= 50 ? 100.0F : 0.0F;
+  }
+  values.FrameNo = frameNo;
+  values.EffectNo = static_cast<Integer>(effectNo);
+  values.ClipName = c.clips()[clipNo].KeyID();
+  values.Time = Value(std::max(frameNo / ToNumber(ShortText(c.settings.OutPutFrameRate())), 0.0));
+  list.add(std::move(values));
+  c.clips()[clipNo].HasKeyFrames(true);
+  return true;
+}
+
+bool deleteKeyframe(const Compilation& c, int line) {
+  const auto own = ownKeyframes(c);
+  if (own.size() < 2 || line < 1 || line > static_cast<int>(own.size())) return false;
+  c.collection.KeyframeList.remove(own[static_cast<std::size_t>(line - 1)]);
+  return true;
+}
+
 void ValidateKeyFrames(const Compilation& c) {
   std::map<Long, Movie*> owners;
   for (int i = 1; i <= c.clips().count(); ++i) owners.emplace(c.clips()[i].KeyID(), &c.clips()[i]);
@@ -246,10 +290,8 @@ std::vector<std::string> AddKeyFramesToList(const Compilation& c) {
       clip.IsStill() ? clip.LoopStartFrames() : toFrames(clip.LoopStart().number(), c.settings);
   const auto last = endFrame(c, clip);
   std::vector<std::string> lines;
-  const auto& list = c.collection.KeyframeList;
-  for (int i = 1; i <= list.count(); ++i) {
-    const auto& k = list[i];
-    if (k.ClipName != clip.KeyID() || k.EffectNo != c.settings.KeyframeEffectNo()) continue;
+  for (const int i : ownKeyframes(c)) {
+    const auto& k = c.collection.KeyframeList[i];
     const auto* text = k.FrameNo > last    ? "IGNORED - Point after Mark Out - Keyframe No = "
                        : k.FrameNo < first ? "IGNORED - Point before Mark In - Keyframe No = "
                                            : "Keyframe No = ";

@@ -60,6 +60,13 @@ void AddSingleBaseKeyFrame(const Compilation& c);
 /// The list index, from 1, of the keyframe of the clip in hand at frame 0 for the effect being worked on.
 std::optional<int> GetBaseKeyFrameLink(const Compilation& c);
 
+/// Adds a keyframe with these values to the clip in hand and the effect being worked on. False, with a box,
+/// when the frame has one already. A second keyframe brings the first one's level to 0 or 100.
+bool AddKeyFrame(const Compilation& c, Long frameNo, Keyframe values);
+
+/// Deletes line `line` of the keyframe list, counted from 1. False when it is the only one: that stays.
+bool deleteKeyframe(const Compilation& c, int line);
+
 /// Sets HasKeyFrames of the clips that own keyframes and removes keyframes whose clip is gone.
 void ValidateKeyFrames(const Compilation& c);
 

@@ -1,5 +1,6 @@
 #include "editor/timeline/durations.h"
 
+#include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/preview_params.h"
 #include "support/fakes.h"
 
@@ -58,6 +59,14 @@ TEST(Durations, TheShortestCutHoldsTheTrackFade) {
   EXPECT_EQ(FindShortestCut(b.compilation, true), 4);
   UpdateTrackFade(b.compilation, false);
   EXPECT_FLOAT_EQ(b.settings.VideoTrackFadeAmt(), -0.5F);
+}
+
+TEST(Durations, RowsEndInTheirClipNumber) {
+  EXPECT_EQ(GetIndividualClipNo("beach.avi   12"), 12);
+  EXPECT_EQ(GetIndividualClipNo("clip 79999"), 9999);
+  EXPECT_EQ(GetIndividualClipNo(""), 1);
+  EXPECT_EQ(GetEffectClipNo("beach.avi         7"), 7);
+  EXPECT_EQ(GetEffectClipNo("none"), 0);
 }
 
 TEST(Durations, AnAutomaticFadeNeedsRoom) {

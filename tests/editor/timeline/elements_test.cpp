@@ -289,6 +289,18 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
                                       "IGNORED - Point after Mark Out - Keyframe No = 0000120"}));
   KillAllKeyframeData(b.compilation);
   EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "the base keyframe stays";
+  EXPECT_FALSE(deleteKeyframe(b.compilation, 1)) << "the only one stays";
+  b.collection.KeyframeList[1].Transparency = 60;
+  Keyframe second;
+  second.Transparency = 20;
+  EXPECT_TRUE(AddKeyFrame(b.compilation, 50, second));
+  EXPECT_EQ(b.collection.KeyframeList[1].Transparency, 100) << "a level begins at 0 or 100";
+  EXPECT_EQ(b.collection.KeyframeList[2].Time.number(), 2);
+  EXPECT_FALSE(AddKeyFrame(b.compilation, 50, second));
+  EXPECT_EQ(
+      b.boxes.shown.back().text,
+      "Frame 50 is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.");
+  EXPECT_TRUE(deleteKeyframe(b.compilation, 2));
   addKeyframe(b, 8, 1, 1, "1", 0).ClipName = 999;
   b.collection.MovieList[1].HasKeyFrames(false);
   ValidateKeyFrames(b.compilation);
@@ -314,6 +326,13 @@ TEST(EffectsTable, IsWrittenAndReadToTheByte) {
   EXPECT_EQ(id, 0);
   EXPECT_EQ(again.slot(1)->name, "Angled Strokes");
   EXPECT_EQ(again.slot(35), nullptr);
+  auto grain = *again.named("Grain");
+  grain.Control[0] = "5";
+  grain.foreColor = "None";
+  EXPECT_TRUE(again.WriteEffectParamsToArray(grain));
+  grain.name = "grain";
+  EXPECT_FALSE(again.WriteEffectParamsToArray(grain)) << "by its very name only";
+  EXPECT_EQ(again.named("Grain")->Control[0] + again.named("Grain")->foreColor, "5");
 }
 
 TEST(EffectsTable, IsRebuiltWhereTheFileCannotBeUsed) {

@@ -188,6 +188,11 @@ TEST(EffectPanel, SwitchesHaveTheirConsequences) {
   EXPECT_EQ(clip.EffectWord(), "");
   EXPECT_EQ(b.collection.KeyframeList.count(), 0);
 
+  EXPECT_FALSE(configureEffect(b.compilation, 3));
+  EXPECT_EQ(b.boxes.shown.back().caption, "KVO - No Configurable Options");
+  EXPECT_TRUE(configureEffect(b.compilation, 43));
+  EXPECT_EQ(b.settings.KeyframeEffectNo(), 100);
+
   applyEaseDefaultIn(clip);
   EXPECT_EQ(SetEaseSliderHeadings(clip),
             (std::vector<std::string>{"Ease Progress speed - Log(n) - 0.0", "Motion Speed - 1.0",

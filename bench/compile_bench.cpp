@@ -1,0 +1,72 @@
+// The compiler: clips with a transition, two effects and three keyframes each. A thousand are to take less
+// than half a second, growing in a straight line.
+#include "editor/timeline/effect_word.h"
+#include "editor/timeline/render_file.h"
+#include "platform/posix/posix_files.h"
+
+#include <filesystem>
+#include <string>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+class NoBoxes : public kvo::MessageBoxes {
+ public:
+  kvo::Answer show(const kvo::Box& box) override { return kvo::defaultAnswer(box.buttons); }
+  kvo::StyledAnswer showStyled(const kvo::StyledBox& /*box*/) override { return {}; }
+  void answerOpenBox() override {}
+};
+
+class SameStreams : public kvo::FrameSource {
+ public:
+  kvo::Result<kvo::StreamFacts> facts(const std::string& /*path*/) override {
+    return kvo::StreamFacts{.hasVideo = true, .hasAudio = true};
+  }
+};
+
+void compileCollection(benchmark::State& state) {
+  kvo::Collection collection;
+  for (int i = 1; i <= state.range(0); ++i) {
+    kvo::Movie clip;
+    clip.MovieName("clip" + std::to_string(i) + ".avi");
+    clip.Path("/v/");
+    clip.LoopEnd(kvo::Value(10));
+    clip.AudioOutputLevel(1);
+    clip.RenderAudio(true);
+    clip.TransType("Heart");
+    clip.TransIn(10);
+    clip.KeyID(i);
+    kvo::EffectWord word;
+    word.set(14, true);
+    word.set(static_cast<int>(kvo::EffectSwitch::Blur), true);
+    clip.EffectWord(word.text());
+    collection.MovieList.add(std::move(clip));
+    for (int k = 0; k < 3; ++k) {
+      kvo::Keyframe keyframe;
+      keyframe.EffectNo = 8;
+      keyframe.FrameNo = 50 * k;
+      keyframe.Time = kvo::Value(2.0 * k);
+      for (auto& parameter : keyframe.Param) parameter = kvo::Value("5");
+      keyframe.ClipName = i;
+      collection.KeyframeList.add(std::move(keyframe));
+    }
+  }
+  kvo::KVO2 settings;
+  kvo::EditorState editor;
+  SameStreams streams;
+  kvo::PosixFiles files;
+  NoBoxes boxes;
+  const kvo::ProgramFolder folder(std::filesystem::temp_directory_path().string());
+  const kvo::Compilation c{collection, settings, editor, streams, files, boxes, folder};
+  for (auto _ : state) benchmark::DoNotOptimize(kvo::compileText(c));
+  state.SetComplexityN(state.range(0));
+}
+
+BENCHMARK(compileCollection)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
+
+}  // namespace
