@@ -23,6 +23,20 @@
 namespace kvo {
 namespace {
 
+// Leaves what another copy sent in the mailbox while a box or a dialog waits for the user.
+class PatientHandover : public Handover {
+ public:
+  explicit PatientHandover(Handover& mailbox) : mailbox_(mailbox) {}
+  bool becomeFirst() override { return mailbox_.becomeFirst(); }
+  bool send(std::string_view text) override { return mailbox_.send(text); }
+  std::optional<std::string> take() override {
+    return QApplication::activeModalWidget() == nullptr ? mailbox_.take() : std::nullopt;
+  }
+
+ private:
+  Handover& mailbox_;
+};
+
 // The program wired to its window. One that lives as long as the process.
 class WindowProgram {
  public:
@@ -34,7 +48,7 @@ class WindowProgram {
                   session_.settings, session_.collection, state_),
         intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
                 session_.collection, state_),
-        startUp_({session_.files, boxes_, loop_, handover_, store_, desktop_, session_.folder}, session_.file,
+        startUp_({session_.files, boxes_, loop_, patient_, store_, desktop_, session_.folder}, session_.file,
                  session_.settings, session_.collection, commands_, intake_, state_),
         window_(state_, windowCommands()) {}
 
@@ -98,6 +112,7 @@ class WindowProgram {
   QtDesktop desktop_;
   SettingsStore store_;
   SocketHandover handover_;
+  PatientHandover patient_{handover_};
   QtEventLoop loop_;
   CollectionCommands commands_;
   AddClips intake_;

@@ -44,6 +44,9 @@ struct MainWindowState {
   std::string status;     ///< "Loading Clip 5 of 20"
   std::string abortText;  ///< a click on it stops the load; empty while nothing can be stopped
   bool abortClicked = false;
+
+  /// True while a load or save is under way and lets events through: nothing else may touch the collection.
+  [[nodiscard]] bool busy() const { return !status.empty(); }
 };
 
 }  // namespace kvo

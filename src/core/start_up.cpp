@@ -209,6 +209,7 @@ void StartUp::introTick() {
 }
 
 void StartUp::readMailbox() {
+  if (window_.busy()) return;  // it is taken at a later tick
   if (const auto text = ports_.handover.take()) takeHandover(*text);
 }
 

@@ -115,6 +115,13 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   EXPECT_FALSE(b.handover.mailbox);
   EXPECT_EQ(b.window.playButton + b.window.pauseButton, "PLAYONPAUSEOFF");
 
+  b.window.status = "Loading Clip 5 of 20";
+  b.handover.mailbox = "/v/new.avi";
+  b.loop.advance(1000);
+  EXPECT_EQ(b.intake.asked.size(), 1U) << "it waits for the end of a load";
+  b.window.status.clear();
+  b.handover.mailbox.reset();
+
   for (const auto* junk : {"", "   ", "\n\n", "/NONSENSE", "\x01\xFF\xFE", "//////"}) {
     b.handover.mailbox = junk;
     b.loop.advance(200);

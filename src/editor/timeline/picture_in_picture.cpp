@@ -216,6 +216,12 @@ PictureBox overlayBox(int position, double w, double h) {
   return boxes[std::clamp(position, 1, 15) - 1];
 }
 
+std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look) {
+  const auto seconds = [](int milliseconds) { return FormatMask(milliseconds / 1000.0, "0.0##") + "s"; };
+  return {"Max Opacity " + std::to_string(look.maxOpacity) + "%", "In over " + seconds(look.fadeIn),
+          "Out over " + seconds(look.fadeOut)};
+}
+
 int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo) {
   const double longer = std::max(timelineLength(c.clips()[backdropNo]), timelineLength(c.clips()[overlayNo]));
   return toLongClamped(longer / 2 * 1000);

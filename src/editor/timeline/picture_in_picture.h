@@ -4,6 +4,7 @@
 
 #include "editor/timeline/compilation.h"
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,6 +47,9 @@ struct PicInPicOptions {
   bool backdropAudio = false;  ///< the box is enabled and ticked
   bool overlayAudio = false;
 };
+
+/// The labels of the three sliders: opacity, fade-in, fade-out.
+std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look);
 
 /// Maximum of the two fade sliders in milliseconds: half of the longer clip.
 int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo);

@@ -79,7 +79,7 @@ void FrmFileOpen::makePanel() {
   fillist_->setAlternatingRowColors(true);
   fillist_->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(fillist_->selectionModel(), &QItemSelectionModel::currentChanged, [this](const QModelIndex& row) {
-    if (!row.isValid() || row.row() == state_.ListIndex) return;
+    if (!row.isValid() || row.row() == state_.ListIndex || state_.busy()) return;
     commands_.selectClip(row.row() + 1);
     draw();
   });
@@ -108,7 +108,7 @@ void FrmFileOpen::makeMenus() {
     auto* action = file->addAction(text);
     action->setShortcut(keys);
     connect(action, &QAction::triggered, [this, command = std::move(command)] {
-      if (!state_.abortText.empty()) return;  // a load is running
+      if (state_.busy()) return;
       command();
       draw();
     });
@@ -169,12 +169,17 @@ void FrmFileOpen::drawDetails() {
 }
 
 void FrmFileOpen::closeEvent(QCloseEvent* event) {
+  if (state_.busy()) {
+    state_.abortClicked = true;
+    event->ignore();
+    return;
+  }
   event->setAccepted(commands_.Exit());
   draw();
 }
 
 void FrmFileOpen::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls() && !state_.busy()) event->acceptProposedAction();
 }
 
 void FrmFileOpen::dropEvent(QDropEvent* event) {

@@ -3,6 +3,7 @@
 #include "editor/timeline/effect_panel.h"
 #include "editor/timeline/keyframes.h"
 #include "editor/timeline/picture_in_picture.h"
+#include "editor/timeline/preview.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/render_file.h"
 #include "editor/timeline/sample_documents.h"
@@ -73,6 +74,7 @@ TEST(PicInPic, TheEdgesOfItsRules) {
             std::string::npos);
   EXPECT_NE(text.find("width=\"170\" height=\"70\""), std::string::npos);
   EXPECT_EQ(text.find("type=\"audio\""), std::string::npos);
+  EXPECT_EQ(SetPicInPicSliderTexts({1, OverlayStyle::Uniform, 1, 80, 1500, 0, false})[1], "In over 1.5s");
   EXPECT_EQ(fadeSliderMaximum(b.compilation, 1, 2), 4000);
   EXPECT_FALSE(overlayAudioBox(still).enabled);
   backdrop.HasAudio(true);
@@ -160,6 +162,28 @@ TEST(Preview, CompilesReducedByItsPower) {
   EXPECT_EQ(ShowUserPreviewParams(b.compilation, params),
             "\r\n\r\nH x W reduced by 3\r\n\r\nAspect Ratio is maintained\r\nColor drop from 24 to 16 bit\r\n"
             "FPS drop from 25 to 10 fps \r\n\r\nTransitions ARE shown\r\nClip Effects are NOT shown\r\n");
+}
+
+TEST(Preview, TellsItsLengths) {
+  Bench b;
+  EXPECT_FALSE(CreatePreview(b.compilation, {}));
+  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
+            "KVO - Nothing to Render|Nothing to render");
+  b.addVideo("a.avi", 0, 12.5);
+  const auto silent = CreatePreview(b.compilation, {});
+  ASSERT_TRUE(silent);
+  EXPECT_EQ(silent->lbl_VideoTotTime + "|" + silent->Lbl_AudTotal, "012.500|No Audio");
+  EXPECT_EQ(silent->FSB_RenderRangeMax, 12);
+  EXPECT_TRUE(b.files.exists("/prog/KVORender.xtl"));
+  EXPECT_EQ(b.editor.ClipStopList, std::vector<float>{12.5F});
+  b.settings.AutoTrimAudio(false);
+  b.addMusic("m.mp3", 0, 20);
+  const auto uneven = CreatePreview(b.compilation, {});
+  EXPECT_EQ(uneven->Lbl_AudTotal, "020.000");
+  EXPECT_TRUE(uneven->audioIsRed);
+  b.settings.AutoTrimAudio(true);
+  EXPECT_FALSE(CreatePreview(b.compilation, {})->audioIsRed);
+  EXPECT_EQ(powerCaption(7), "70% CPU - Preview Performance \\ CPU Power Required");
 }
 
 TEST(EffectPanel, SwitchesHaveTheirConsequences) {
