@@ -118,22 +118,6 @@ std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourc
   return text + "\r\n" + blanks(10) + " </clip>\r\n\r\n";
 }
 
-TransitionOptions transitionOptions(const Compilation& c, int i, std::string start, std::string stop) {
-  const auto& clip = c.clips()[i];
-  return {.Start = std::move(start),
-          .Stop = std::move(stop),
-          .Name = clip.TransType(),
-          .Duration = ShortText(secondsFromTenths(clip.TransIn())),
-          .ClipNo = i,
-          .BorderWidth = clip.BorderWidth(),
-          .BorderColor = clip.BorderColor().text(),
-          .BorderSoftness = clip.BorderSoftness(),
-          .ReplicateX = clip.ReplicateX(),
-          .ReplicateY = clip.ReplicateY(),
-          .MaskName = clip.MaskName(),
-          .UseDefaults = c.settings.UseParticleDefaults()};
-}
-
 }  // namespace
 
 void CreateClipLine(const Compilation& c, ClipLineOptions o) {
@@ -192,9 +176,9 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
       if (!fullCompile) {
         endTrack();
       } else if (o.TransitionZero) {
-        AddTransition(c, tracks, transitionOptions(c, i, "0", ShortText(editor.controls.Sld_In.Value / 10)));
+        AddTransition(c, tracks, recordedTransition(c, i, "0", ShortText(editor.controls.Sld_In.Value / 10)));
       } else {
-        AddTransition(c, tracks, transitionOptions(c, i, i == 1 ? "0" : ShortText(running), times.stop));
+        AddTransition(c, tracks, recordedTransition(c, i, i == 1 ? "0" : ShortText(running), times.stop));
       }
     }
     running = o.FixedDuration ? static_cast<double>(o.FixedSeconds) : running + timelineLength(clip);

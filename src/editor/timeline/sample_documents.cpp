@@ -45,19 +45,7 @@ std::string firstClipTrack(const Compilation& c) {
               " mstart=" + quoted(fixedText(start)) + " mstop=" + quoted(fixedText(end)) +
               " start=\"0\" stop=" + quoted(stop) + " > " + effectText(c, KeyframeIndex(c), 1, stop) +
               "\r\n" + blanks(10) + "</clip>\r\n\r\n";
-  AddTransition(c, text,
-                {.Start = "0",
-                 .Stop = ShortText(c.editor.controls.Sld_In.Max / 10.0),
-                 .Name = clip.TransType(),
-                 .Duration = ShortText(duration),
-                 .ClipNo = 1,
-                 .BorderWidth = clip.BorderWidth(),
-                 .BorderColor = clip.BorderColor().text(),
-                 .BorderSoftness = clip.BorderSoftness(),
-                 .ReplicateX = clip.ReplicateX(),
-                 .ReplicateY = clip.ReplicateY(),
-                 .MaskName = clip.MaskName(),
-                 .UseDefaults = c.settings.UseParticleDefaults()});
+  AddTransition(c, text, recordedTransition(c, 1, "0", ShortText(c.editor.controls.Sld_In.Max / 10.0)));
   return text;
 }
 

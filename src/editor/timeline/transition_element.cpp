@@ -70,6 +70,22 @@ std::string elementOf(const Compilation& c, const Movie& clip, const TransitionO
 
 }  // namespace
 
+TransitionOptions recordedTransition(const Compilation& c, int clipNo, std::string start, std::string stop) {
+  const auto& clip = c.clips()[clipNo];
+  return {.Start = std::move(start),
+          .Stop = std::move(stop),
+          .Name = clip.TransType(),
+          .Duration = ShortText(secondsFromTenths(clip.TransIn())),
+          .ClipNo = clipNo,
+          .BorderWidth = clip.BorderWidth(),
+          .BorderColor = clip.BorderColor().text(),
+          .BorderSoftness = clip.BorderSoftness(),
+          .ReplicateX = clip.ReplicateX(),
+          .ReplicateY = clip.ReplicateY(),
+          .MaskName = clip.MaskName(),
+          .UseDefaults = c.settings.UseParticleDefaults()};
+}
+
 void AddTransition(const Compilation& c, std::string& trackText, TransitionOptions o) {
   o.BorderWidth = std::clamp(o.BorderWidth, 0, 255);
   o.BorderSoftness = std::clamp(o.BorderSoftness, 0.0F, 255.0F);

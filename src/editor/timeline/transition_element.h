@@ -22,6 +22,9 @@ struct TransitionOptions {
   bool UseDefaults = true;    ///< particles as each transition has them, not as the settings do
 };
 
+/// What the clip's record says of the transition into it, between the two timeline times.
+TransitionOptions recordedTransition(const Compilation& c, int clipNo, std::string start, std::string stop);
+
 /// Appends the element and `</track>` to `trackText`; only `</track>` while KVO2.RenderTransitions is off.
 /// Brings the clip's TransIn within its limits.
 void AddTransition(const Compilation& c, std::string& trackText, TransitionOptions options);
