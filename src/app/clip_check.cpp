@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
+#include "editor/timeline/picture_in_picture.h"
 #include "editor/timeline/transition_names.h"
 #include "engine/transitions/registry.h"
 
@@ -25,6 +26,8 @@ std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
   if (!sound && !facts->hasVideo) faults.emplace_back("there is no picture in it");
   const double start = clip.LoopStart().number();
   const double end = clip.LoopEnd().number();
+  if (clip.Playspeed() < 0)
+    faults.push_back("its speed of " + ShortText(speedOf(clip)) + " cannot be played");
   if (end <= start) faults.push_back("its section ends at " + ShortText(end) + " s, ahead of its start");
   if (!clip.IsStill() && facts->duration > 0 && end > facts->duration + kDurationSlack) {
     faults.push_back("its section ends at " + ShortText(end) + " s, the file at " +
@@ -35,6 +38,25 @@ std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
     faults.push_back("the transition " + clip.TransType() + " cannot be rendered yet");
   }
   return faults;
+}
+
+std::vector<std::string> clipClamps(const Movie& clip) {
+  std::vector<std::string> clamps;
+  const auto hold = [&](std::string_view name, double value, double least, double most, double heldToLeast) {
+    if (value >= least && value <= most) return;
+    clamps.push_back("its " + std::string(name) + " of " + ShortText(value) + " is held to " +
+                     ShortText(value < least ? heldToLeast : most));
+  };
+  // A replication of 0 is one that was never set.
+  hold("border width", clip.BorderWidth(), 0, 255, 0);
+  hold("border softness", static_cast<double>(clip.BorderSoftness()), 0, 255, 0);
+  hold("horizontal replication", clip.ReplicateX(), 0, 255, 1);
+  hold("vertical replication", clip.ReplicateY(), 0, 255, 1);
+  if (clip.IsStill()) hold("stretch mode", clip.stretchmode(), 0, 3, 0);
+  if (!trimmed(clip.HasPicInPic()).empty() && !readPicInPic(clip.HasPicInPic())) {
+    clamps.emplace_back("its picture-in-picture field makes no sense and is left out");
+  }
+  return clamps;
 }
 
 std::vector<std::string> clipOmissions(const Movie& clip) {

@@ -12,6 +12,9 @@ namespace kvo {
 /// The clip has been compiled before, so that its times are known.
 std::vector<std::string> clipFaults(const Compilation& c, int clipNo);
 
+/// Values beyond their range, and what a compile holds them to.
+std::vector<std::string> clipClamps(const Movie& clip);
+
 /// What the collection asks for and no render gives yet.
 std::vector<std::string> clipOmissions(const Movie& clip);
 

@@ -193,6 +193,7 @@ int runCheck(Session& session, const CommandLine& line) {
                : ", " + clip.TransType() + " of " + ShortText(secondsFromTenths(clip.TransIn())) + " s") +
           "\n");
     for (const auto& text : clipFaults(c, i)) problem(text);
+    for (const auto& text : clipClamps(clip)) problem(text);
     for (const auto& text : clipOmissions(clip)) problem(text + " is not rendered yet");
   }
   for (const int number : report->skippedClips) {

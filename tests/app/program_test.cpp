@@ -75,12 +75,16 @@ TEST_F(Program, ChecksACollection) {
   EXPECT_EQ(good.exitCode, 0) << good.out;
   EXPECT_NE(good.out.find("no problems"), std::string::npos) << good.out;
   std::ofstream(work_ / "text.avi") << "no movie";
-  const auto bad =
-      kvo5({"--check", collection("bad.INI", {video_, work_ / "gone.avi", work_ / "text.avi"},
-                                  [](test::Bench& b) { b.collection.MovieList[1].LoopEnd(Value(9)); })});
+  const auto bad = kvo5(
+      {"--check", collection("bad.INI", {video_, work_ / "gone.avi", work_ / "text.avi"}, [](test::Bench& b) {
+         b.collection.MovieList[1].LoopEnd(Value(9));
+         b.collection.MovieList[1].BorderWidth(300);
+         b.collection.MovieList[1].Playspeed(-5);
+       })});
   EXPECT_EQ(bad.exitCode, 1);
   for (const auto* said :
-       {"its section ends at 9 s", "the file is missing", "text.avi: it is no media file", "3 problems"}) {
+       {"its section ends at 9 s", "the file is missing", "text.avi: it is no media file",
+        "its border width of 300 is held to 255", "its speed of -0.5 cannot be played", "5 problems"}) {
     EXPECT_NE(bad.out.find(said), std::string::npos) << said << ":\n" << bad.out;
   }
 }
