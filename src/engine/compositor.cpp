@@ -47,9 +47,11 @@ std::vector<Compositor::Layer> Compositor::layersAt(double time,
 }
 
 void Compositor::closeUnused(const std::vector<std::size_t>& active) {
-  std::erase_if(open_, [&](const auto& entry) {
-    return !std::binary_search(active.begin(), active.end(), entry.first);
-  });
+  const auto unused = [&](std::size_t clip) {
+    return !std::binary_search(active.begin(), active.end(), clip);
+  };
+  std::erase_if(open_, [&](const auto& entry) { return unused(entry.first); });
+  std::erase_if(painters_, [&](const auto& entry) { return unused(entry.first.first); });
 }
 
 Result<Compositor::Source*> Compositor::source(std::size_t clip) {
@@ -77,6 +79,12 @@ Result<media::Picture> Compositor::pictureOf(std::size_t clip, double time) {
   return s.picture;
 }
 
+const PaintTransition& Compositor::painter(const Layer& layer) {
+  auto& paint = painters_[{layer.clip, layer.transition}];
+  if (!paint) paint = findTransition(layer.transition->clsid)(layer.transition->params, width_, height_);
+  return paint;
+}
+
 Result<media::Picture> Compositor::frame(std::int64_t number) {
   const double time = static_cast<double>(number) / timeline_.frameRate;
   const auto& active = clips_.at(number);
@@ -100,7 +108,7 @@ Result<media::Picture> Compositor::frame(std::int64_t number) {
     }
     auto mixed = ours ? shown : media::Picture::make(width_, height_);
     if (!mixed) return noMemory;
-    findTransition(layer->transition->clsid)(shown, *picture, layer->progress, mixed);
+    painter (*layer)(shown, *picture, layer->progress, mixed);
     shown = std::move(mixed);
     ours = true;
   }

@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <map>
+#include <utility>
 
 namespace kvo::engine {
 
@@ -38,6 +39,7 @@ class Compositor {
   [[nodiscard]] std::vector<Layer> layersAt(double time, const std::vector<std::size_t>& active) const;
   void closeUnused(const std::vector<std::size_t>& active);
   Result<Source*> source(std::size_t clip);
+  const PaintTransition& painter(const Layer& layer);
   Result<media::Picture> pictureOf(std::size_t clip, double time);
 
   const Timeline& timeline_;
@@ -45,6 +47,7 @@ class Compositor {
   int height_;
   ActiveSet clips_;
   std::map<std::size_t, Source> open_;
+  std::map<std::pair<std::size_t, const Transition*>, PaintTransition> painters_;  // of clips that are open
 };
 
 }  // namespace kvo::engine

@@ -104,7 +104,7 @@ Outcome readVideoTrack(const pugi::xml_node& track, Timeline& timeline) {
   for (const auto& node : track.children("transition")) {
     if (timeline.video.empty()) return Error{"a transition of the document stands ahead of every clip"};
     auto& clip = timeline.video.back();
-    Transition transition{attribute(node, "clsid"), 0, 0, {}};
+    Transition transition{attribute(node, "clsid"), 0, 0, {}, {}};
     const auto start = numberAttribute(node, "start");
     const auto stop = numberAttribute(node, "stop");
     if (!start || !stop) return Error{"clip " + clip.src + ": the times of its transition are no numbers"};
@@ -114,6 +114,9 @@ Outcome readVideoTrack(const pugi::xml_node& track, Timeline& timeline) {
     }
     transition.start = *start;
     transition.stop = *stop;
+    for (const auto& param : node.children("param")) {
+      transition.params.emplace(lower(param.attribute("name").value()), param.attribute("value").value());
+    }
     transition.progress = keyedParam(paramNamed(node, "Progress"));
     clip.transitions.push_back(std::move(transition));
   }

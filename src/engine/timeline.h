@@ -2,6 +2,7 @@
 // the timeline or of the source, as the document gives it.
 #pragma once
 
+#include "engine/transitions/registry.h"
 #include "media/picture.h"
 
 #include <cstdint>
@@ -28,7 +29,8 @@ struct Transition {
   std::string clsid;
   double start = 0;  ///< timeline seconds
   double stop = 0;
-  Keyed progress;  ///< 0 is what lies below, 1 the clip itself
+  TransitionParams params{};  ///< the other parameters
+  Keyed progress;             ///< 0 is what lies below, 1 the clip itself
 };
 
 struct Clip {

@@ -51,6 +51,30 @@ void mixRowSimd(const std::uint8_t* below, const std::uint8_t* above, std::uint8
   }
 }
 
+void mixRowBySharesSimd(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* shares,
+                        std::uint8_t* out, std::size_t count) {
+  const hn::ScalableTag<std::uint16_t> wide;
+  const hn::RebindToSigned<decltype(wide)> wideSigned;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const auto full = hn::Set(wide, 255);
+  const auto half = hn::Set(wide, 128);
+  const std::size_t lanes = hn::Lanes(wide);
+  std::size_t i = 0;
+  for (; i + lanes <= count; i += lanes) {
+    const auto b = hn::PromoteTo(wide, hn::LoadU(narrow, below + i));
+    const auto a = hn::PromoteTo(wide, hn::LoadU(narrow, above + i));
+    const auto s = hn::PromoteTo(wide, hn::LoadU(narrow, shares + i));
+    // Division by 255, rounded: (v + 128 + (v + 128) / 256) / 256.
+    const auto v = hn::Add(hn::Add(hn::Mul(b, hn::Sub(full, s)), hn::Mul(a, s)), half);
+    const auto mixed = hn::ShiftRight<8>(hn::Add(v, hn::ShiftRight<8>(v)));
+    hn::StoreU(hn::DemoteTo(narrow, hn::BitCast(wideSigned, mixed)), narrow, out + i);
+  }
+  for (; i < count; ++i) {
+    const int v = below[i] * (255 - shares[i]) + above[i] * shares[i] + 128;
+    out[i] = static_cast<std::uint8_t>((v + (v >> 8)) >> 8);
+  }
+}
+
 void halveRowsSimd(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
                    std::size_t outCount) {
   std::size_t i = 0;
@@ -140,12 +164,18 @@ HWY_AFTER_NAMESPACE();
 namespace kvo::media {
 
 HWY_EXPORT(mixRowSimd);
+HWY_EXPORT(mixRowBySharesSimd);
 HWY_EXPORT(halveRowsSimd);
 HWY_EXPORT(yuvToBgrSimd);
 
 void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* out, std::size_t count,
             int share) {
   HWY_DYNAMIC_DISPATCH(mixRowSimd)(below, above, out, count, share);
+}
+
+void mixRowByShares(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* shares,
+                    std::uint8_t* out, std::size_t count) {
+  HWY_DYNAMIC_DISPATCH(mixRowBySharesSimd)(below, above, shares, out, count);
 }
 
 void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,

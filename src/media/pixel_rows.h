@@ -12,6 +12,10 @@ inline constexpr int kFullShare = 256;  ///< all of the upper picture
 void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* out, std::size_t count,
             int share);
 
+/// As mixRow with a share for each sample, 0 to 255; 255 is all of the upper picture.
+void mixRowByShares(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* shares,
+                    std::uint8_t* out, std::size_t count);
+
 /// Halves two rows into one: each sample is the mean of a square of four.
 void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out, std::size_t outCount);
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 namespace kvo::engine {
+namespace {
 
 void drawFade(const media::Picture& below, const media::Picture& above, double progress,
               media::Picture& out) {
@@ -19,6 +20,12 @@ void drawFade(const media::Picture& below, const media::Picture& above, double p
                     static_cast<std::size_t>(width), share);
     }
   }
+}
+
+}  // namespace
+
+PaintTransition makeFade(const TransitionParams& /*params*/, int /*width*/, int /*height*/) {
+  return drawFade;
 }
 
 }  // namespace kvo::engine

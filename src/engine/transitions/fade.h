@@ -1,10 +1,10 @@
 // Fade: the upper picture comes in over the lower by even mixing.
 #pragma once
 
-#include "media/picture.h"
+#include "engine/transitions/registry.h"
 
 namespace kvo::engine {
 
-void drawFade(const media::Picture& below, const media::Picture& above, double progress, media::Picture& out);
+PaintTransition makeFade(const TransitionParams& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -1,0 +1,14 @@
+#include "engine/transitions/barn.h"
+
+#include "engine/transitions/threshold.h"
+
+#include <cmath>
+
+namespace kvo::engine {
+
+PaintTransition makeBarn(const TransitionParams& /*params*/, int width, int height) {
+  return byThresholds(width, height, pixelSoftness(width / 2),
+                      [](double x, double /*y*/) { return std::fabs(x - 0.5) * 2; });
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,10 @@
+// Barn: two doors open from the middle to the sides.
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+namespace kvo::engine {
+
+PaintTransition makeBarn(const TransitionParams& params, int width, int height);
+
+}  // namespace kvo::engine

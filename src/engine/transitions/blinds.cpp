@@ -1,0 +1,22 @@
+#include "engine/transitions/blinds.h"
+
+#include "engine/transitions/threshold.h"
+
+#include <cmath>
+
+namespace kvo::engine {
+
+PaintTransition makeBlinds(const TransitionParams& params, int width, int height) {
+  constexpr double kBands = 10;
+  const double bands = countParam(params, "bands", kBands);
+  const auto direction = wordParam(params, "direction");
+  const bool upright = direction != "up" && direction != "down";
+  const bool backward = direction == "left" || direction == "up";
+  const int pixels = static_cast<int>((upright ? width : height) / bands) + 1;
+  return byThresholds(width, height, pixelSoftness(pixels), [=](double x, double y) {
+    const double inBand = std::fmod((upright ? x : y) * bands, 1.0);
+    return backward ? 1 - inBand : inBand;
+  });
+}
+
+}  // namespace kvo::engine

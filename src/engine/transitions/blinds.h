@@ -1,0 +1,10 @@
+// Blinds: slats turn over together. `bands` slats, moving in a `direction`.
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+namespace kvo::engine {
+
+PaintTransition makeBlinds(const TransitionParams& params, int width, int height);
+
+}  // namespace kvo::engine

@@ -1,0 +1,21 @@
+#include "engine/transitions/checkerboard.h"
+
+#include "engine/transitions/threshold.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvo::engine {
+
+PaintTransition makeCheckerboard(const TransitionParams& params, int width, int height) {
+  constexpr double kSquares = 8;  // across; as many rows as make them square
+  const double across = countParam(params, "squaresx", kSquares);
+  const double down = countParam(params, "squaresy", std::max(1.0, std::round(across * height / width)));
+  return byThresholds(
+      width, height, pixelSoftness(static_cast<int>(2 * width / across) + 1), [=](double x, double y) {
+        const bool second = (static_cast<int>(x * across) + static_cast<int>(y * down)) % 2 == 1;
+        return (std::fmod(x * across, 1.0) + (second ? 1 : 0)) / 2;
+      });
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,10 @@
+// Dissolve: single pixels change over, in an order that has no pattern.
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+namespace kvo::engine {
+
+PaintTransition makeDissolve(const TransitionParams& params, int width, int height);
+
+}  // namespace kvo::engine

@@ -1,0 +1,10 @@
+// Iris: an opening grows from the middle. `irisstyle`: circle, cross, plus, square, star.
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+namespace kvo::engine {
+
+PaintTransition makeIris(const TransitionParams& params, int width, int height);
+
+}  // namespace kvo::engine

@@ -1,0 +1,10 @@
+// RadialWipe: a hand goes round. `wipestyle`: clock, wedge (two hands from the top), radial (from a corner).
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+namespace kvo::engine {
+
+PaintTransition makeRadialWipe(const TransitionParams& params, int width, int height);
+
+}  // namespace kvo::engine

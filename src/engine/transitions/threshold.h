@@ -1,0 +1,20 @@
+// Transitions by thresholds: each pixel changes over at a progress of its own. A map of the thresholds is
+// made once; a frame then costs one pass over the pictures.
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+#include <functional>
+
+namespace kvo::engine {
+
+/// The threshold of a point, 0 (changes first) to 1 (last). Coordinates run from 0 to 1 across the picture.
+using ThresholdAt = std::function<double(double x, double y)>;
+
+/// Edges are `softness` wide, as a share of the whole way; what changes at once gets 0.
+PaintTransition byThresholds(int width, int height, double softness, const ThresholdAt& thresholdAt);
+
+/// The softness that makes an edge about a pixel wide.
+constexpr double pixelSoftness(int pixels) { return 1.0 / pixels; }
+
+}  // namespace kvo::engine

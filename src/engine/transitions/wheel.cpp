@@ -1,0 +1,22 @@
+#include "engine/transitions/wheel.h"
+
+#include "engine/transitions/threshold.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace kvo::engine {
+
+PaintTransition makeWheel(const TransitionParams& params, int width, int height) {
+  constexpr double kSpokes = 4;
+  const double spokes = countParam(params, "spokes", kSpokes);
+  const double shape = static_cast<double>(width) / height;
+  return byThresholds(width, height, pixelSoftness(static_cast<int>(2 * (width + height) / spokes) + 1),
+                      [=](double x, double y) {
+                        const double angle =
+                            std::atan2((x - 0.5) * shape, 0.5 - y) / (2 * std::numbers::pi) + 1;
+                        return std::fmod(angle * spokes, 1.0);
+                      });
+}
+
+}  // namespace kvo::engine

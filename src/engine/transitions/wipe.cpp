@@ -1,0 +1,11 @@
+#include "engine/transitions/wipe.h"
+
+#include "engine/transitions/threshold.h"
+
+namespace kvo::engine {
+
+PaintTransition makeWipe(const TransitionParams& /*params*/, int width, int height) {
+  return byThresholds(width, height, pixelSoftness(width), [](double x, double /*y*/) { return x; });
+}
+
+}  // namespace kvo::engine

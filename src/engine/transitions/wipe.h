@@ -1,0 +1,10 @@
+// Wipe Normal: an edge moves from the left to the right.
+#pragma once
+
+#include "engine/transitions/registry.h"
+
+namespace kvo::engine {
+
+PaintTransition makeWipe(const TransitionParams& params, int width, int height);
+
+}  // namespace kvo::engine
