@@ -14,6 +14,11 @@ constexpr double kDurationSlack = 0.5;  // seconds that a mark may lie behind th
 
 }  // namespace
 
+bool transitionIsDrawn(const Movie& clip) {
+  return isCut(clip.TransType()) ||
+         engine::findTransition(TransitionFriendlyNameToCLSID(clip.TransType())) != nullptr;
+}
+
 std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
   const auto& clip = c.clips()[clipNo];
   const auto path = clipFile(clip);
@@ -33,8 +38,7 @@ std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
     faults.push_back("its section ends at " + ShortText(end) + " s, the file at " +
                      FormatMask(facts->duration, "0.00") + " s");
   }
-  if (!sound && !isCut(clip.TransType()) &&
-      engine::findTransition(TransitionFriendlyNameToCLSID(clip.TransType())) == nullptr) {
+  if (!sound && !transitionIsDrawn(clip)) {
     faults.push_back("the transition " + clip.TransType() + " cannot be rendered yet");
   }
   return faults;

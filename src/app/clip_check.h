@@ -8,6 +8,9 @@
 
 namespace kvo {
 
+/// False when the engine cannot draw the transition into a clip yet.
+bool transitionIsDrawn(const Movie& clip);
+
 /// Faults that make a render fail or give something else than the collection says, as words for a person.
 /// The clip has been compiled before, so that its times are known.
 std::vector<std::string> clipFaults(const Compilation& c, int clipNo);

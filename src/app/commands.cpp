@@ -119,6 +119,17 @@ Outcome checkForRender(Session& session, const ReadReport& report) {
   return {};
 }
 
+// A movie with another transition than the one asked for would be no help.
+Outcome checkTransitions(const Session& session) {
+  const auto& clips = session.collection.MovieList;
+  for (int i = 1; i <= clips.count(); ++i) {
+    if (isOverlayAudio(clips[i].MovieName()) || transitionIsDrawn(clips[i])) continue;
+    return Error{clipName(i, clips[i]) + ": the transition " + clips[i].TransType() +
+                 " cannot be rendered yet"};
+  }
+  return {};
+}
+
 void warnOfOmissions(const Session& session) {
   const auto& clips = session.collection.MovieList;
   for (int i = 1; i <= clips.count(); ++i) {
@@ -139,6 +150,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   const auto report = session.open(line.collection);
   if (!report) return fail(report.error().text);
   if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
+  if (auto done = checkTransitions(session); !done) return fail(done.error().text);
   warnOfOmissions(session);
   if (session.files.sameFile(line.collection, line.output)) {
     return fail("cannot write " + line.output + ": it is the collection");

@@ -134,6 +134,12 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
       {{"--render", good, "--output", good}, 1, "it is the collection"},
       {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
+      {{"--render",
+        collection("5.INI", {video_, video_},
+                   [](test::Bench& b) { b.collection.MovieList[2].TransType("Heart"); }),
+        "--output", o},
+       1,
+       "the transition Heart cannot be rendered yet"},
       {{"--render", good}, 2, "--output"},
       {{"--nonsense"}, 2, "--nonsense"},
   };
