@@ -17,3 +17,4 @@ for i in 1 2 3 4 5 6; do
       -c:v libx264 -preset veryfast -crf "$quality" -pix_fmt yuv420p -g 50 -c:a aac -b:a 128k -shortest
   done
 done
+make music.wav -f lavfi -i "anoisesrc=colour=pink:seed=7:sample_rate=44100:duration=90" -ac 2 -af volume=0.3 -c:a pcm_s16le

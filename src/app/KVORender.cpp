@@ -1,16 +1,21 @@
 // The render engine as a process of its own. On standard output it tells how far it is, one line at a time:
 //   progress DONE TOTAL           seconds of the movie, a few times a second
 //   done FRAMES SECONDS BYTES     the file is in place
+// With --sheet it draws a row of small frames of each document instead, for looking at.
 // A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "app/engine_arguments.h"
 #include "base/numbers.h"
 #include "engine/document_reader.h"
 #include "engine/renderer.h"
+#include "engine/sheet.h"
 #include "media/media_facts.h"
 #include "platform/posix/posix_files.h"
 
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -38,23 +43,57 @@ kvo::engine::RenderWatch progressPrinter() {
   };
 }
 
-}  // namespace
+kvo::Result<kvo::engine::Timeline> load(kvo::Files& files, const std::string& document) {
+  auto text = files.read(document, kvo::engine::kMaxDocumentBytes);
+  if (!text) return text.error();
+  auto timeline = kvo::engine::readDocument(std::move(*text));
+  if (!timeline) return kvo::Error{document + ": " + timeline.error().text};
+  return timeline;
+}
 
-int main(int argc, char** argv) {
-  const auto arguments = kvo::readEngineArguments({argv + 1, argv + argc});
-  if (!arguments) {
-    std::fputs("usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] /W OUTPUT DOCUMENT\n", stderr);
-    return fail(arguments.error(), kWrongUsage);
+// "a/fade.xtl" is shown as "fade".
+std::string labelOf(const std::string& document) { return std::filesystem::path(document).stem().string(); }
+
+int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
+  std::vector<kvo::engine::SheetRow> rows;
+  for (const auto& document : arguments.documents) {
+    auto timeline = load(files, document);
+    if (!timeline) return fail(timeline.error(), kFailed);
+    rows.push_back({labelOf(document), std::move(*timeline)});
   }
-  kvo::media::silenceRemarks();
-  kvo::PosixFiles files;
-  auto text = files.read(arguments->document, kvo::engine::kMaxDocumentBytes);
-  if (!text) return fail(text.error(), kFailed);
-  const auto timeline = kvo::engine::readDocument(std::move(*text));
-  if (!timeline) return fail({arguments->document + ": " + timeline.error().text}, kFailed);
-  const auto report = kvo::engine::render(*timeline, arguments->job, files, progressPrinter());
+  const auto png = kvo::engine::drawSheet(rows);
+  if (!png) return fail(png.error(), kFailed);
+  if (auto done = kvo::writeDurably(files, arguments.output, *png); !done) return fail(done.error(), kFailed);
+  return kDone;
+}
+
+int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
+  const auto timeline = load(files, arguments.document);
+  if (!timeline) return fail(timeline.error(), kFailed);
+  const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
   if (!report) return fail(report.error(), kFailed);
   print("done " + std::to_string(report->frames) + " " + kvo::FormatMask(report->seconds, "0.000") + " " +
         std::to_string(report->bytes) + "\n");
   return kDone;
+}
+
+int wrongUsage(const kvo::Error& error) {
+  std::fputs(
+      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] /W OUTPUT DOCUMENT\n"
+      "       KVORender --sheet FILE.png DOCUMENT...\n",
+      stderr);
+  return fail(error, kWrongUsage);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> given(argv + 1, argv + argc);
+  kvo::media::silenceRemarks();
+  kvo::PosixFiles files;
+  const auto sheet = kvo::readSheetArguments(given);
+  if (!sheet) return wrongUsage(sheet.error());
+  if (*sheet) return makeSheet(files, **sheet);
+  const auto arguments = kvo::readEngineArguments(given);
+  return arguments ? makeMovie(files, *arguments) : wrongUsage(arguments.error());
 }

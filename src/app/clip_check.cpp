@@ -5,7 +5,6 @@
 #include "editor/timeline/durations.h"
 #include "editor/timeline/picture_in_picture.h"
 #include "editor/timeline/transition_names.h"
-#include "engine/transitions/registry.h"
 
 namespace kvo {
 namespace {
@@ -13,11 +12,6 @@ namespace {
 constexpr double kDurationSlack = 0.5;  // seconds that a mark may lie behind the end
 
 }  // namespace
-
-bool transitionIsDrawn(const Movie& clip) {
-  return isCut(clip.TransType()) ||
-         engine::findTransition(TransitionFriendlyNameToCLSID(clip.TransType())) != nullptr;
-}
 
 std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
   const auto& clip = c.clips()[clipNo];
@@ -38,8 +32,8 @@ std::vector<std::string> clipFaults(const Compilation& c, int clipNo) {
     faults.push_back("its section ends at " + ShortText(end) + " s, the file at " +
                      FormatMask(facts->duration, "0.00") + " s");
   }
-  if (!sound && !transitionIsDrawn(clip)) {
-    faults.push_back("the transition " + clip.TransType() + " cannot be rendered yet");
+  if (!sound && !isCut(clip.TransType()) && !isTransition(clip.TransType())) {
+    faults.push_back("there is no transition " + clip.TransType());
   }
   return faults;
 }
@@ -61,21 +55,6 @@ std::vector<std::string> clipClamps(const Movie& clip) {
     clamps.emplace_back("its picture-in-picture field makes no sense and is left out");
   }
   return clamps;
-}
-
-std::vector<std::string> clipOmissions(const Movie& clip) {
-  std::vector<std::string> omitted;
-  const auto& effects = clip.EffectWord();  // one digit a switch
-  if (effects.find_first_not_of(" 0") != std::string::npos) omitted.push_back("the effects " + effects);
-  for (const auto& [level, name] :
-       {std::pair{clip.Brightness(), "brightness"}, std::pair{clip.Contrast(), "contrast"},
-        std::pair{clip.Gamma(), "gamma"}, std::pair{clip.Red(), "red"}, std::pair{clip.Green(), "green"},
-        std::pair{clip.Blue(), "blue"}, std::pair{clip.Threshold(), "threshold"}}) {
-    if (level != 0) omitted.push_back("its level of " + std::string(name));
-  }
-  if (clip.Sepia()) omitted.emplace_back("sepia");
-  if (clip.HasKeyFrames()) omitted.emplace_back("its keyframes");
-  return omitted;
 }
 
 }  // namespace kvo

@@ -8,17 +8,11 @@
 
 namespace kvo {
 
-/// False when the engine cannot draw the transition into a clip yet.
-bool transitionIsDrawn(const Movie& clip);
-
 /// Faults that make a render fail or give something else than the collection says, as words for a person.
 /// The clip has been compiled before, so that its times are known.
 std::vector<std::string> clipFaults(const Compilation& c, int clipNo);
 
 /// Values beyond their range, and what a compile holds them to.
 std::vector<std::string> clipClamps(const Movie& clip);
-
-/// What the collection asks for and no render gives yet.
-std::vector<std::string> clipOmissions(const Movie& clip);
 
 }  // namespace kvo

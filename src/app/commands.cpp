@@ -7,6 +7,7 @@
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/render_file.h"
+#include "editor/timeline/transition_names.h"
 #include "platform/posix/stop_signals.h"
 #include "platform/posix/temporary_folder.h"
 
@@ -123,19 +124,11 @@ Outcome checkForRender(Session& session, const ReadReport& report) {
 Outcome checkTransitions(const Session& session) {
   const auto& clips = session.collection.MovieList;
   for (int i = 1; i <= clips.count(); ++i) {
-    if (isOverlayAudio(clips[i].MovieName()) || transitionIsDrawn(clips[i])) continue;
-    return Error{clipName(i, clips[i]) + ": the transition " + clips[i].TransType() +
-                 " cannot be rendered yet"};
+    const auto& name = clips[i].TransType();
+    if (isOverlayAudio(clips[i].MovieName()) || isCut(name) || isTransition(name)) continue;
+    return Error{clipName(i, clips[i]) + ": there is no transition " + name};
   }
   return {};
-}
-
-void warnOfOmissions(const Session& session) {
-  const auto& clips = session.collection.MovieList;
-  for (int i = 1; i <= clips.count(); ++i) {
-    for (const auto& what : clipOmissions(clips[i]))
-      warn(clipName(i, clips[i]) + ": " + what + " is not rendered yet");
-  }
 }
 
 }  // namespace
@@ -151,7 +144,6 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   if (!report) return fail(report.error().text);
   if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
   if (auto done = checkTransitions(session); !done) return fail(done.error().text);
-  warnOfOmissions(session);
   if (session.files.sameFile(line.collection, line.output)) {
     return fail("cannot write " + line.output + ": it is the collection");
   }
@@ -165,8 +157,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   const auto folder = TemporaryFolder::make();
   if (!folder) return fail(folder.error().text);
   const auto document = folder->path() + "/movie.xtl";
-  if (auto done = CompileForRender(session.compilation, document, false); !done)
-    return fail(done.error().text);
+  if (auto done = CompileForRender(session.compilation, document); !done) return fail(done.error().text);
 
   ProgressShow show;
   const auto end = session.processes.run(
@@ -206,7 +197,6 @@ int runCheck(Session& session, const CommandLine& line) {
           "\n");
     for (const auto& text : clipFaults(c, i)) problem(text);
     for (const auto& text : clipClamps(clip)) problem(text);
-    for (const auto& text : clipOmissions(clip)) problem(text + " is not rendered yet");
   }
   for (const int number : report->skippedClips) {
     problem("clip section " + std::to_string(number) + " has no usable name or folder");

@@ -29,6 +29,15 @@ std::optional<media::VideoCodec> codecNamed(std::string_view name) {
 
 }  // namespace
 
+Result<std::optional<SheetArguments>> readSheetArguments(const std::vector<std::string>& arguments) {
+  if (arguments.empty() || arguments.front() != "--sheet") return std::optional<SheetArguments>();
+  if (arguments.size() < 3) return Error{"--sheet needs a file to write and at least one document"};
+  SheetArguments sheet{arguments[1], {arguments.begin() + 2, arguments.end()}};
+  if (!lower(sheet.output).ends_with(".png"))
+    return Error{"cannot write " + sheet.output + ": its name must end in .png"};
+  return std::optional(std::move(sheet));
+}
+
 Result<EngineArguments> readEngineArguments(const std::vector<std::string>& arguments) {
   if (arguments.empty()) return Error{"no document is named"};
   EngineArguments read;

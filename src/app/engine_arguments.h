@@ -1,5 +1,6 @@
 // The command line of the render engine:
 //   KVORender [/[from-to]] [/P n] [/C codec] /W OUTPUT DOCUMENT
+//   KVORender --sheet FILE.png DOCUMENT...
 #pragma once
 
 #include "base/result.h"
@@ -19,6 +20,14 @@ struct EngineArguments {
   std::optional<int> profile;  ///< number of a Windows Media system profile
   std::string document;
 };
+
+struct SheetArguments {
+  std::string output;
+  std::vector<std::string> documents;
+};
+
+/// Nothing when the command line asks for no contact sheet. Fails when it asks for one in the wrong way.
+Result<std::optional<SheetArguments>> readSheetArguments(const std::vector<std::string>& arguments);
 
 /// Fails with a line on what is wrong with the arguments (without the program's name).
 Result<EngineArguments> readEngineArguments(const std::vector<std::string>& arguments);

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "engine/effects/registry.h"
 #include "engine/transitions/registry.h"
 
 #include <algorithm>
@@ -54,25 +55,28 @@ media::Fit fitOf(std::string_view mode) {
   return media::Fit::Stretch;
 }
 
-Keyed keyedParam(const pugi::xml_node& param) {
-  Keyed keyed{ToNumber(param.attribute("value").value()), {}};
+Keyed keyedNumber(const pugi::xml_node& param) {
+  Keyed keyed{valueOf(param.attribute("value").value()), {}};
   for (const auto& key : param.children()) {
     const std::string_view kind(key.name());
     if (kind != "linear" && kind != "at") continue;
-    keyed.keys.push_back({ToNumber(key.attribute("time").value()), ToNumber(key.attribute("value").value()),
-                          kind == "linear"});
+    keyed.keys.push_back(
+        {ToNumber(key.attribute("time").value()), valueOf(key.attribute("value").value()), kind == "linear"});
   }
   std::stable_sort(keyed.keys.begin(), keyed.keys.end(),
                    [](const auto& a, const auto& b) { return a.time < b.time; });
   return keyed;
 }
 
-pugi::xml_node paramNamed(const pugi::xml_node& node, std::string_view name) {
+Params paramsOf(const pugi::xml_node& node) {
+  Params params;
   for (const auto& param : node.children("param")) {
-    if (sameText(param.attribute("name").value(), name)) return param;
+    params.add(param.attribute("name").value(), {attribute(param, "value"), keyedNumber(param)});
   }
-  return {};
+  return params;
 }
+
+Error tooManyClips() { return {"the document has more than " + std::to_string(kMaxClips) + " clips"}; }
 
 Outcome readClip(const pugi::xml_node& node, Clip& clip) {
   clip.src = attribute(node, "src");
@@ -92,36 +96,93 @@ Outcome readClip(const pugi::xml_node& node, Clip& clip) {
   return {};
 }
 
-Outcome readVideoTrack(const pugi::xml_node& track, Timeline& timeline) {
-  for (const auto& node : track.children("clip")) {
-    VideoClip clip;
-    if (auto done = readClip(node, clip); !done) return done;
-    if (const auto effect = node.child("effect")) {
-      return Error{"clip " + clip.src + ": there is no effect " + attribute(effect, "clsid")};
+// What a layer is called in an error line.
+std::string nameOf(const Layer& layer) { return layer.src.empty() ? "a composition" : "clip " + layer.src; }
+
+Outcome readEffects(const pugi::xml_node& node, Layer& layer) {
+  for (const auto& child : node.children("effect")) {
+    Effect effect{.clsid = attribute(child, "clsid")};
+    if (findEffect(effect.clsid) == nullptr) {
+      return Error{nameOf(layer) + ": there is no effect " + effect.clsid};
     }
-    timeline.video.push_back(std::move(clip));
-  }
-  for (const auto& node : track.children("transition")) {
-    if (timeline.video.empty()) return Error{"a transition of the document stands ahead of every clip"};
-    auto& clip = timeline.video.back();
-    Transition transition{attribute(node, "clsid"), 0, 0, {}, {}};
-    const auto start = numberAttribute(node, "start");
-    const auto stop = numberAttribute(node, "stop");
-    if (!start || !stop) return Error{"clip " + clip.src + ": the times of its transition are no numbers"};
-    if (isCutElement(transition.clsid)) continue;
-    if (findTransition(transition.clsid) == nullptr) {
-      return Error{"clip " + clip.src + ": there is no transition " + transition.clsid};
-    }
-    transition.start = *start;
-    transition.stop = *stop;
-    for (const auto& param : node.children("param")) {
-      transition.params.emplace(lower(param.attribute("name").value()), param.attribute("value").value());
-    }
-    transition.progress = keyedParam(paramNamed(node, "Progress"));
-    clip.transitions.push_back(std::move(transition));
+    const auto start = numberAttribute(child, "start");
+    const auto stop = numberAttribute(child, "stop");
+    if (!start || !stop) return Error{nameOf(layer) + ": the times of its effect are no numbers"};
+    effect.start = *start;
+    effect.stop = *stop;
+    effect.params = paramsOf(child);
+    layer.effects.push_back(std::move(effect));
   }
   return {};
 }
+
+Outcome readTransitions(const pugi::xml_node& node, Layer& layer) {
+  for (const auto& child : node.children("transition")) {
+    Transition transition{.clsid = attribute(child, "clsid")};
+    const auto start = numberAttribute(child, "start");
+    const auto stop = numberAttribute(child, "stop");
+    if (!start || !stop) return Error{nameOf(layer) + ": the times of its transition are no numbers"};
+    if (isCutElement(transition.clsid)) continue;
+    if (findTransition(transition.clsid) == nullptr) {
+      return Error{nameOf(layer) + ": there is no transition " + transition.clsid};
+    }
+    transition.start = *start;
+    transition.stop = *stop;
+    transition.params = paramsOf(child);
+    layer.transitions.push_back(std::move(transition));
+  }
+  return {};
+}
+
+class VideoReading {
+ public:
+  // The tracks and compositions of a group or composition, one above the other.
+  Outcome readLayers(const pugi::xml_node& node, std::vector<Layer>& layers, int depth = 0) {
+    if (depth > kMaxDepth) return Error{"the compositions of the document are nested too deep"};
+    for (const auto& child : node.children()) {
+      const std::string_view kind(child.name());
+      if (kind == "composite") {
+        Layer composition;
+        if (auto done = readLayers(child, composition.inside, depth + 1); !done) return done;
+        if (composition.inside.empty()) continue;
+        composition.start = composition.inside.front().start;
+        for (const auto& inner : composition.inside) {
+          composition.start = std::min(composition.start, inner.start);
+          composition.stop = std::max(composition.stop, inner.stop);
+        }
+        if (auto done = readEffects(child, composition); !done) return done;
+        if (auto done = readTransitions(child, composition); !done) return done;
+        layers.push_back(std::move(composition));
+      } else if (kind == "track") {
+        if (auto done = readTrack(child, layers); !done) return done;
+      }
+    }
+    return {};
+  }
+
+  [[nodiscard]] std::size_t clips() const { return clips_; }
+
+ private:
+  static constexpr int kMaxDepth = 16;
+
+  Outcome readTrack(const pugi::xml_node& track, std::vector<Layer>& layers) {
+    const auto before = layers.size();
+    for (const auto& node : track.children("clip")) {
+      Layer layer;
+      if (auto done = readClip(node, layer); !done) return done;
+      if (auto done = readEffects(node, layer); !done) return done;
+      layers.push_back(std::move(layer));
+      if (++clips_ > kMaxClips) return tooManyClips();
+    }
+    if (layers.size() > before) return readTransitions(track, layers.back());
+    const auto first = track.child("transition");
+    return first && !isCutElement(attribute(first, "clsid"))
+               ? Outcome(Error{"a transition of the document stands on a track without a clip"})
+               : Outcome();
+  }
+
+  std::size_t clips_ = 0;
+};
 
 Outcome readAudioTrack(const pugi::xml_node& track, Timeline& timeline) {
   for (const auto& node : track.children("clip")) {
@@ -131,7 +192,10 @@ Outcome readAudioTrack(const pugi::xml_node& track, Timeline& timeline) {
       if (!sameText(attribute(effect, "clsid"), kAudioEnvelope)) {
         return Error{"clip " + clip.src + ": there is no sound effect " + attribute(effect, "clsid")};
       }
-      clip.envelopes.push_back(keyedParam(paramNamed(effect, "Vol")));
+      // The volume stands in the effect or, where that is closed at once, behind it in the clip.
+      const auto params = paramsOf(effect.child("param") ? effect : node);
+      const auto* volume = params.find("vol");
+      clip.envelopes.push_back(volume == nullptr ? Keyed{1, {}} : volume->number);
     }
     timeline.audio.push_back(std::move(clip));
   }
@@ -175,17 +239,18 @@ Result<Timeline> readDocument(std::string text) {
   if (!root) return Error{"this is no timeline document: it has no <timeline>"};
 
   Timeline timeline;
+  VideoReading video;
   for (const auto& group : root.children("group")) {
-    const bool isVideo = sameText(group.attribute("type").value(), "video");
-    if (isVideo) {
-      if (auto done = readVideoGroup(group, timeline); !done) return done.error();
-    }
-    for (const auto& track : group.children("track")) {
-      if (auto done = isVideo ? readVideoTrack(track, timeline) : readAudioTrack(track, timeline); !done) {
-        return done.error();
+    if (sameText(group.attribute("type").value(), "video")) {
+      // A further group lies above the first, which says what the movie is like.
+      if (!timeline.hasVideo) {
+        if (auto done = readVideoGroup(group, timeline); !done) return done.error();
       }
-      if (timeline.video.size() + timeline.audio.size() > kMaxClips) {
-        return Error{"the document has more than " + std::to_string(kMaxClips) + " clips"};
+      if (auto done = video.readLayers(group, timeline.video); !done) return done.error();
+    } else {
+      for (const auto& track : group.children("track")) {
+        if (auto done = readAudioTrack(track, timeline); !done) return done.error();
+        if (video.clips() + timeline.audio.size() > kMaxClips) return tooManyClips();
       }
     }
   }

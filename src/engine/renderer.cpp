@@ -1,9 +1,9 @@
 #include "engine/renderer.h"
 
 #include "base/numbers.h"
-#include "engine/bounded_queue.h"
-#include "engine/compositor.h"
+#include "engine/frame_line.h"
 #include "engine/mixer.h"
+#include "engine/stretches.h"
 #include "media/audio_reader.h"
 #include "media/media_facts.h"
 
@@ -19,14 +19,7 @@ using media::Container;
 using media::kChannels;
 using media::kSampleRate;
 
-constexpr std::size_t kQueueRoom = 8;
 constexpr double kSoundStep = 0.1;  // seconds of a step of a sound file
-
-// What is handed to the encoder: a frame and the sound that goes with it.
-struct Step {
-  media::Picture picture;
-  std::vector<float> sound;
-};
 
 // The steps of a render: frames of a movie, or tenths of a second of a sound file, from `first` up to `stop`.
 struct Plan {
@@ -81,7 +74,7 @@ Result<Plan> planOf(const Timeline& timeline, const RenderJob& job) {
 // Each source must be there and be a media file ahead of the first frame, and none may be the output.
 Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files& files) {
   std::set<std::string> sources;
-  for (const auto& clip : timeline.video) sources.insert(clip.src);
+  for (const auto& file : pictureFiles(timeline.video)) sources.insert(file);
   for (const auto& clip : timeline.audio) sources.insert(clip.src);
   for (const auto& source : sources) {
     if (!files.exists(source)) return Error{"clip " + source + ": the file is missing"};
@@ -93,64 +86,75 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
   return {};
 }
 
-// The thread that encodes. It ends when its queue is closed, or at the first failure.
-class Encoder {
+// Whether whole stretches can wait for their turn: encoded they are small, as pictures they may not be.
+bool canWait(const media::VideoFormat& video) {
+  constexpr double kFrames = 150;
+  constexpr double kBytes = 64e6;
+  return video.codec != media::VideoCodec::Raw || kFrames * 1.5 * video.width * video.height <= kBytes;
+}
+
+// Frames as files have them, in order.
+class Pictures {
  public:
-  explicit Encoder(media::MovieWriter writer)
-      : writer_(std::move(writer)), queue_(kQueueRoom), thread_([this] { run(); }) {}
-  Encoder(const Encoder&) = delete;
-  Encoder& operator=(const Encoder&) = delete;
-  ~Encoder() {
-    queue_.close();
-    if (thread_.joinable()) thread_.join();
+  Pictures(const Timeline& timeline, const Plan& plan, const media::MovieWriter& writer)
+      : line_(
+            timeline,
+            canWait(*plan.format.video) ? stretchesOf(timeline, plan.first, plan.stop)
+                                        : std::vector<Stretch>{{plan.first, plan.stop}},
+            plan.format.video->codec == media::VideoCodec::Raw
+                ? FrameLine::NewEncoder()
+                : [&writer] { return writer.newVideoEncoder(); },
+            static_cast<int>(std::thread::hardware_concurrency())) {}
+
+  Outcome begin(const media::MovieWriter& writer) {
+    auto encoder = writer.newVideoEncoder();
+    if (!encoder) return encoder.error();
+    encoder_.emplace(std::move(*encoder));
+    return {};
   }
 
-  // False when encoding has failed; finish() tells why.
-  bool take(Step step) { return queue_.push(std::move(step)); }
-
-  Outcome finish() {
-    queue_.close();
-    thread_.join();
-    return outcome_ ? writer_.finish() : outcome_;
+  Result<media::EncodedFrame> next() {
+    auto frame = line_.next();
+    if (!frame) return frame.error();
+    const auto number = number_++;
+    return frame->encoded ? Result<media::EncodedFrame>(std::move(frame->encoded))
+                          : encoder_->encode(frame->picture, number);
   }
+
+  [[nodiscard]] std::int64_t made() const { return line_.made(); }
 
  private:
-  void run() {
-    while (auto step = queue_.pop()) {
-      if (step->picture) outcome_ = writer_.writeVideo(step->picture);
-      if (outcome_ && !step->sound.empty()) outcome_ = writer_.writeAudio(step->sound);
-      if (!outcome_) return queue_.close();
-    }
-  }
-
-  media::MovieWriter writer_;
-  BoundedQueue<Step> queue_;
-  Outcome outcome_;
-  std::thread thread_;
+  FrameLine line_;
+  std::optional<media::VideoEncoder> encoder_;  // of pictures that come as they are
+  std::int64_t number_ = 0;
 };
 
-Outcome feed(const Timeline& timeline, const Plan& plan, Encoder& encoder, const RenderWatch& watch) {
-  std::optional<Compositor> compositor;
-  if (plan.format.video) compositor.emplace(timeline);
+Outcome feed(const Timeline& timeline, const Plan& plan, media::MovieWriter& writer,
+             const RenderWatch& watch) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.sampleOf(plan.first));
-
+  std::optional<Pictures> pictures;
+  if (plan.format.video) {
+    pictures.emplace(timeline, plan, writer);
+    if (auto done = pictures->begin(writer); !done) return done;
+  }
+  std::vector<float> sound;
   for (auto number = plan.first; number < plan.stop; ++number) {
-    Step step;
-    if (compositor) {
-      auto picture = compositor->frame(number);
-      if (!picture) return picture.error();
-      step.picture = std::move(*picture);
+    if (pictures) {
+      const auto frame = pictures->next();
+      if (!frame) return frame.error();
+      if (auto done = writer.writeVideo(*frame); !done) return done;
     }
     if (mixer) {
       const auto count = plan.sampleOf(number + 1) - plan.sampleOf(number);
-      step.sound.resize(static_cast<std::size_t>(count) * kChannels);
-      if (auto done = mixer->read(step.sound); !done) return done;
+      sound.resize(static_cast<std::size_t>(count) * kChannels);
+      if (auto done = mixer->read(sound); !done) return done;
+      if (auto done = writer.writeAudio(sound); !done) return done;
     }
-    if (!encoder.take(std::move(step))) return {};
-    if (watch) watch(static_cast<double>(number + 1 - plan.first) / plan.stepsPerSecond, plan.seconds());
+    const auto made = pictures ? pictures->made() : number + 1 - plan.first;
+    if (watch) watch(static_cast<double>(made) / plan.stepsPerSecond, plan.seconds());
   }
-  return {};
+  return writer.finish();
 }
 
 }  // namespace
@@ -164,11 +168,7 @@ Result<RenderReport> render(const Timeline& timeline, const RenderJob& job, File
   if (!target) return target.error();
   auto writer = media::MovieWriter::open(**target, plan->format, job.output);
   if (!writer) return writer.error();
-  {
-    Encoder encoder(std::move(*writer));
-    if (auto done = feed(timeline, *plan, encoder, watch); !done) return done.error();
-    if (auto done = encoder.finish(); !done) return done.error();
-  }
+  if (auto done = feed(timeline, *plan, *writer, watch); !done) return done.error();
   if (auto done = (*target)->commit(); !done) return done.error();
   return RenderReport{plan->format.video ? plan->stop - plan->first : 0,
                       plan->format.video

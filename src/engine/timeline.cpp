@@ -5,29 +5,35 @@
 
 namespace kvo::engine {
 
-double Keyed::at(double time) const {
-  double from = 0;
-  double held = value;
-  for (const auto& key : keys) {
-    if (time < key.time) {
-      if (!key.linear || key.time <= from) return held;
-      return held + (key.value - held) * (time - from) / (key.time - from);
-    }
-    from = key.time;
-    held = key.value;
-  }
-  return held;
+double Transition::progressAt(double time) const {
+  const auto* progress = params.find("progress");
+  if (progress != nullptr) return std::clamp(progress->number.at(time - start), 0.0, 1.0);
+  return stop > start ? std::clamp((time - start) / (stop - start), 0.0, 1.0) : 1;
 }
 
 double Timeline::length() const {
   double end = 0;
-  for (const auto& clip : video) end = std::max(end, clip.stop);
+  for (const auto& layer : video) end = std::max(end, layer.stop);
   for (const auto& clip : audio) end = std::max(end, clip.stop);
   return end;
 }
 
-std::int64_t Timeline::frameFrom(double seconds) const {
+std::int64_t frameFrom(double seconds, double frameRate) {
   return static_cast<std::int64_t>(std::ceil(seconds * frameRate - 0.01));
+}
+
+std::vector<std::string> pictureFiles(const std::vector<Layer>& layers) {
+  std::vector<std::string> files;
+  for (const auto& layer : layers) {
+    if (!layer.src.empty()) files.push_back(layer.src);
+    for (const auto& transition : layer.transitions) {
+      const auto* mask = transition.params.find("maskname");
+      if (mask != nullptr && !mask->text.empty()) files.push_back(mask->text);
+    }
+    const auto inner = pictureFiles(layer.inside);
+    files.insert(files.end(), inner.begin(), inner.end());
+  }
+  return files;
 }
 
 }  // namespace kvo::engine

@@ -1,8 +1,8 @@
-// A timeline document as the engine works on it: tracks of clips from bottom to top, every time in seconds of
-// the timeline or of the source, as the document gives it.
+// A timeline document as the engine works on it: layers from bottom to top, every time in seconds of the
+// timeline or of the source, as the document gives it.
 #pragma once
 
-#include "engine/transitions/registry.h"
+#include "engine/params.h"
 #include "media/picture.h"
 
 #include <cstdint>
@@ -11,30 +11,27 @@
 
 namespace kvo::engine {
 
-/// A parameter that changes over time. Times count from the start of what it belongs to.
-struct Keyed {
-  struct Key {
-    double time = 0;
-    double value = 0;
-    bool linear = true;  ///< runs to its value from the key before; else jumps there
-  };
-  double value = 0;  ///< at time 0
-  std::vector<Key> keys;
-
-  /// The value at `time` seconds; the last key's value holds on.
-  [[nodiscard]] double at(double time) const;
+/// What happens to a clip's picture. Times count from the clip's start.
+struct Effect {
+  std::string clsid;
+  double start = 0;  ///< seconds
+  double stop = 0;
+  Params params{};
 };
 
+/// How a layer comes in over what lies below.
 struct Transition {
   std::string clsid;
   double start = 0;  ///< timeline seconds
   double stop = 0;
-  TransitionParams params{};  ///< the other parameters
-  Keyed progress;             ///< 0 is what lies below, 1 the clip itself
+  Params params{};
+
+  /// 0 is what lies below, 1 the layer itself: by the parameter "Progress", else the share of the time.
+  [[nodiscard]] double progressAt(double time) const;
 };
 
 struct Clip {
-  std::string src;
+  std::string src{};
   double mstart = 0;  ///< source seconds
   double mstop = 0;
   double start = 0;  ///< timeline seconds
@@ -47,12 +44,15 @@ struct Clip {
   [[nodiscard]] double sourceTime(double t) const { return mstart + (t - start) * ratio(); }
 };
 
-struct VideoClip : Clip {
-  std::vector<Transition> transitions;
+/// A clip, or a composition of layers that is one towards what lies below.
+struct Layer : Clip {
+  std::vector<Effect> effects{};
+  std::vector<Transition> transitions{};
+  std::vector<Layer> inside{};  ///< bottom to top; of a composition, which has no source of its own
 };
 
 struct AudioClip : Clip {
-  std::vector<Keyed> envelopes;  ///< factors; all of them apply
+  std::vector<Keyed> envelopes{};  ///< factors; all of them apply
 };
 
 struct Timeline {
@@ -60,16 +60,19 @@ struct Timeline {
   int bitDepth = 24;
   int width = 0;  ///< pixels
   int height = 0;
-  double frameRate = 25;         ///< frames a second
-  std::vector<VideoClip> video;  ///< bottom to top
-  std::vector<AudioClip> audio;
+  double frameRate = 25;       ///< frames a second
+  std::vector<Layer> video{};  ///< bottom to top
+  std::vector<AudioClip> audio{};
 
   /// The end of the last clip, in seconds.
   [[nodiscard]] double length() const;
-
-  /// The first frame whose time is `seconds` or later. Times of a document are rounded to a few decimals, so
-  /// one that lies a hundredth of a frame behind still counts.
-  [[nodiscard]] std::int64_t frameFrom(double seconds) const;
 };
+
+/// The first frame whose time is `seconds` or later. Times of a document are rounded to a few decimals, so
+/// one that lies a hundredth of a frame behind still counts.
+std::int64_t frameFrom(double seconds, double frameRate);
+
+/// Every file that the pictures are made from, those inside of compositions and the masks of transitions too.
+std::vector<std::string> pictureFiles(const std::vector<Layer>& layers);
 
 }  // namespace kvo::engine

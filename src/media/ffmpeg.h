@@ -39,6 +39,9 @@ using PacketHandle = std::unique_ptr<AVPacket, FreePacket>;
 using ScalerHandle = std::unique_ptr<SwsContext, FreeScaler>;
 using ResamplerHandle = std::unique_ptr<SwrContext, FreeResampler>;
 
+/// The time of one frame. MPEG-4 counts the ticks of a second in 16 bits.
+inline AVRational frameTimeOf(double frameRate) { return av_inv_q(av_d2q(frameRate, 65535)); }
+
 /// "cannot open /a/b.avi: Invalid data found when processing input"
 inline Error ffmpegError(const std::string& what, int code) {
   std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};

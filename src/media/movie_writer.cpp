@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "media/audio_reader.h"
 #include "media/ffmpeg.h"
-#include "media/scaler.h"
 
 #include <algorithm>
 #include <array>
@@ -15,15 +14,9 @@ namespace kvo::media {
 namespace {
 
 constexpr int kIoBuffer = 1 << 18;
-constexpr int kQuantiser = 3;
-constexpr int kGroupOfPictures = 12;
-constexpr int kMaxRateTerm = 65535;  // MPEG-4 counts the ticks of a second in 16 bits
 constexpr std::int64_t kMovieSoundRate = 128000;
 constexpr std::int64_t kSoundOnlyRate = 192000;
 
-struct FreePool {
-  void operator()(AVBufferPool* p) const { av_buffer_pool_uninit(&p); }
-};
 struct FreeIo {
   void operator()(AVIOContext* io) const {
     av_freep(static_cast<void*>(&io->buffer));
@@ -82,10 +75,6 @@ const char* muxerOf(Container container) {
   }
 }
 
-AVPixelFormat rawFormat(int bitDepth) {
-  return bitDepth == 16 ? AV_PIX_FMT_RGB555LE : bitDepth == 32 ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR24;
-}
-
 }  // namespace
 
 struct MovieWriter::State {
@@ -97,20 +86,13 @@ struct MovieWriter::State {
   std::string name;
   std::unique_ptr<AVIOContext, FreeIo> io;
   std::unique_ptr<AVFormatContext, FreeMuxer> muxer;
-  CodecHandle videoEncoder;  // none for raw video
   CodecHandle audioEncoder;
   AVStream* video = nullptr;
   AVStream* audio = nullptr;
   AVRational frameTime{1, 25};
   PacketHandle packet{av_packet_alloc()};
-  std::int64_t frames = 0;
   std::int64_t samples = 0;  // time of the next one
   std::vector<float> held;   // samples that do not fill an encoder's frame yet
-
-  // Raw video
-  std::unique_ptr<AVBufferPool, FreePool> rawPool;
-  std::size_t rawStride = 0;
-  std::vector<std::uint8_t> rawRow;
 
   Error failure(const std::string& what, int code) const {
     return sink.done ? ffmpegError(what + " " + name, code) : sink.done.error();
@@ -143,49 +125,16 @@ struct MovieWriter::State {
     return begun < 0 ? Outcome(failure("cannot write", begun)) : Outcome();
   }
 
+  [[nodiscard]] bool headerInFile() const { return (muxer->oformat->flags & AVFMT_GLOBALHEADER) != 0; }
+
   Outcome addVideo(const VideoFormat& v) {
-    frameTime = av_inv_q(av_d2q(v.frameRate, kMaxRateTerm));
+    frameTime = frameTimeOf(v.frameRate);
     video = avformat_new_stream(muxer.get(), nullptr);
     if (video == nullptr) return failure("cannot write", AVERROR(ENOMEM));
     video->time_base = frameTime;
     video->avg_frame_rate = av_inv_q(frameTime);
-    if (v.codec == VideoCodec::Raw) return addRawVideo(v);
-
-    const auto id = v.codec == VideoCodec::Mpeg4 ? AV_CODEC_ID_MPEG4 : AV_CODEC_ID_WMV2;
-    const auto* codec = avcodec_find_encoder(id);
-    if (codec == nullptr) {
-      return Error{"cannot write " + name + ": no encoder for " + avcodec_get_name(id)};
-    }
-    videoEncoder.reset(avcodec_alloc_context3(codec));
-    auto& c = *videoEncoder;
-    c.width = v.width;
-    c.height = v.height;
-    c.pix_fmt = AV_PIX_FMT_YUV420P;
-    c.time_base = frameTime;
-    c.framerate = av_inv_q(frameTime);
-    c.gop_size = kGroupOfPictures;
-    c.max_b_frames = 0;
-    c.flags |= AV_CODEC_FLAG_QSCALE;
-    c.global_quality = FF_QP2LAMBDA * kQuantiser;
-    c.thread_count = 1;
-    if ((muxer->oformat->flags & AVFMT_GLOBALHEADER) != 0) c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    return openEncoder(c, *video);
-  }
-
-  Outcome addRawVideo(const VideoFormat& v) {
-    auto& p = *video->codecpar;
-    p.codec_type = AVMEDIA_TYPE_VIDEO;
-    p.codec_id = AV_CODEC_ID_RAWVIDEO;
-    p.format = rawFormat(v.bitDepth);
-    p.width = v.width;
-    p.height = v.height;
-    p.bits_per_coded_sample = v.bitDepth;
-    // Rows of a device-independent bitmap are whole multiples of four bytes.
-    rawStride = (static_cast<std::size_t>(v.width) * static_cast<std::size_t>(v.bitDepth) + 31) / 32 * 4;
-    rawPool.reset(av_buffer_pool_init(
-        rawStride * static_cast<std::size_t>(v.height) + AV_INPUT_BUFFER_PADDING_SIZE, nullptr));
-    rawRow.resize(static_cast<std::size_t>(v.width) * 3);
-    return {};
+    const auto encoder = VideoEncoder::open(v, headerInFile(), name);
+    return encoder ? encoder->describe(*video->codecpar) : encoder.error();
   }
 
   Outcome addAudio() {
@@ -242,58 +191,11 @@ struct MovieWriter::State {
     }
   }
 
-  Outcome writeEncoded(const Picture& picture) {
-    auto frame = newFrame();
-    if (!frame || av_frame_ref(frame.get(), picture.frame().get()) < 0) {
-      return failure("cannot encode", AVERROR(ENOMEM));
+  Outcome writeFrame(const EncodedFrame& frame) {
+    // The muxer takes what it is given; the frame stays the caller's.
+    if (const int taken = av_packet_ref(packet.get(), frame.packet().get()); taken < 0) {
+      return failure("cannot write", taken);
     }
-    frame->width = format.video->width;
-    frame->height = format.video->height;
-    frame->pts = frames++;
-    // What the source's stream said of its frame does not hold for ours.
-    frame->pict_type = AV_PICTURE_TYPE_NONE;
-    frame->quality = videoEncoder->global_quality;
-    frame->sample_aspect_ratio = {0, 1};
-    return encode(*videoEncoder, *video, frame.get(), 1);
-  }
-
-  void convertRow(const Picture& picture, int y, std::uint8_t* out) {
-    const auto row = [&](int plane, int line) {
-      return picture.plane(plane) + static_cast<std::ptrdiff_t>(line) * picture.stride(plane);
-    };
-    const auto& v = *format.video;
-    const auto width = static_cast<std::size_t>(v.width);
-    auto* bgr = v.bitDepth == 24 ? out : rawRow.data();
-    yuvToBgr(row(0, y), row(1, y / 2), row(2, y / 2), bgr, width, usualMatrix(picture.height()));
-    if (v.bitDepth == 32) {
-      for (std::size_t x = 0; x < width; ++x) {
-        std::copy_n(bgr + 3 * x, 3, out + 4 * x);
-        out[4 * x + 3] = 0xFF;
-      }
-    } else if (v.bitDepth == 16) {
-      for (std::size_t x = 0; x < width; ++x) {
-        const auto five = [&](std::size_t colour) {
-          return static_cast<unsigned>(bgr[3 * x + colour]) >> 3U;
-        };
-        const unsigned word = five(0) | five(1) << 5U | five(2) << 10U;
-        out[2 * x] = static_cast<std::uint8_t>(word & 0xFFU);
-        out[2 * x + 1] = static_cast<std::uint8_t>(word >> 8U);
-      }
-    }
-  }
-
-  Outcome writeRaw(const Picture& picture) {
-    const int height = format.video->height;
-    packet->buf = av_buffer_pool_get(rawPool.get());
-    if (packet->buf == nullptr) return failure("cannot write", AVERROR(ENOMEM));
-    packet->data = packet->buf->data;
-    packet->size = static_cast<int>(rawStride) * height;
-    for (int y = 0; y < height; ++y) {
-      convertRow(picture, y, packet->data + rawStride * static_cast<std::size_t>(height - 1 - y));
-    }
-    packet->pts = packet->dts = frames++;
-    packet->duration = 1;
-    packet->flags |= AV_PKT_FLAG_KEY;
     return mux(*packet, *video, frameTime);
   }
 
@@ -346,9 +248,11 @@ Result<MovieWriter> MovieWriter::open(Replacement& target, const MovieFormat& fo
   return MovieWriter(std::move(state));
 }
 
-Outcome MovieWriter::writeVideo(const Picture& picture) {
-  return state_->videoEncoder ? state_->writeEncoded(picture) : state_->writeRaw(picture);
+Result<VideoEncoder> MovieWriter::newVideoEncoder() const {
+  return VideoEncoder::open(*state_->format.video, state_->headerInFile(), state_->name);
 }
+
+Outcome MovieWriter::writeVideo(const EncodedFrame& frame) { return state_->writeFrame(frame); }
 
 Outcome MovieWriter::writeAudio(std::span<const float> samples) {
   auto& s = *state_;
@@ -370,9 +274,6 @@ Outcome MovieWriter::finish() {
     s.held.resize(static_cast<std::size_t>(s.audioEncoder->frame_size) * kChannels, 0.0F);
     if (auto done = s.writeSamples(s.held); !done) return done;
     s.held.clear();
-  }
-  if (s.videoEncoder) {
-    if (auto done = s.encode(*s.videoEncoder, *s.video, nullptr, 1); !done) return done;
   }
   if (s.audioEncoder) {
     if (auto done = s.encode(*s.audioEncoder, *s.audio, nullptr, 0); !done) return done;

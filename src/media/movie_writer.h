@@ -1,9 +1,10 @@
-// Encodes pictures and sound into a movie or sound file: AVI (with an OpenDML index beyond 1 GB), WAV (RIFF,
-// RF64 beyond 4 GB), WMV and WMA (ASF).
+// Writes encoded pictures, and sound that it encodes, into a movie or sound file: AVI (with an OpenDML index
+// beyond 1 GB), WAV (RIFF, RF64 beyond 4 GB), WMV and WMA (ASF).
 #pragma once
 
 #include "base/result.h"
 #include "media/picture.h"
+#include "media/video_encoder.h"
 #include "platform/files.h"
 
 #include <memory>
@@ -18,20 +19,6 @@ enum class Container { Avi, Wav, Wmv, Wma };
 
 /// By the extension of a file name in any case; nothing for another one.
 std::optional<Container> containerOf(std::string_view path);
-
-enum class VideoCodec {
-  Raw,    ///< uncompressed, bottom row first, at the bit depth asked for
-  Mpeg4,  ///< MPEG-4 part 2, constant quantiser 3
-  Wmv2,   ///< Windows Media Video 8, constant quantiser 3
-};
-
-struct VideoFormat {
-  VideoCodec codec = VideoCodec::Raw;
-  int width = 0;  ///< pixels
-  int height = 0;
-  double frameRate = 25;
-  int bitDepth = 24;  ///< 16 (5-5-5), 24 or 32; for Raw
-};
 
 struct MovieFormat {
   Container container = Container::Avi;
@@ -49,8 +36,11 @@ class MovieWriter {
   MovieWriter& operator=(MovieWriter&&) noexcept;
   ~MovieWriter();
 
-  /// The next frame. A picture may be larger than the movie by one row and column, which are cut off.
-  Outcome writeVideo(const Picture& picture);
+  /// An encoder for the movie's frames, or for a stretch of them.
+  [[nodiscard]] Result<VideoEncoder> newVideoEncoder() const;
+
+  /// The next frame.
+  Outcome writeVideo(const EncodedFrame& frame);
 
   /// The next samples, left and right in turn; full scale is 1.
   Outcome writeAudio(std::span<const float> samples);

@@ -75,6 +75,104 @@ void mixRowBySharesSimd(const std::uint8_t* below, const std::uint8_t* above, co
   }
 }
 
+// Division by 255, rounded, of what fits into 16 bits.
+int by255(int v) { return (v + 128 + ((v + 128) >> 8)) >> 8; }
+
+void overRowSimd(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* alpha,
+                 std::uint8_t* out, std::size_t count, std::uint8_t black) {
+  const hn::ScalableTag<std::uint16_t> wide;
+  const hn::RebindToSigned<decltype(wide)> wideSigned;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const auto full = hn::Set(wide, 255);
+  const auto half = hn::Set(wide, 128);
+  const auto dark = hn::Set(wide, black);
+  const std::size_t lanes = hn::Lanes(wide);
+  std::size_t i = 0;
+  // below * (255 - alpha) + black * alpha is at most 255 * 255; what is black twice is taken off at the end.
+  for (; i + lanes <= count; i += lanes) {
+    const auto b = hn::PromoteTo(wide, hn::LoadU(narrow, below + i));
+    const auto a = hn::PromoteTo(wide, hn::LoadU(narrow, above + i));
+    const auto s = hn::PromoteTo(wide, hn::LoadU(narrow, alpha + i));
+    const auto v = hn::Add(hn::Add(hn::Mul(b, hn::Sub(full, s)), hn::Mul(dark, s)), half);
+    const auto left = hn::ShiftRight<8>(hn::Add(v, hn::ShiftRight<8>(v)));
+    const auto sum = hn::Sub(hn::BitCast(wideSigned, hn::Add(left, a)), hn::BitCast(wideSigned, dark));
+    hn::StoreU(hn::DemoteTo(narrow, sum), narrow, out + i);
+  }
+  for (; i < count; ++i) {
+    const int left = by255(below[i] * (255 - alpha[i]) + black * alpha[i]);
+    out[i] = static_cast<std::uint8_t>(std::clamp(left + above[i] - black, 0, 255));
+  }
+}
+
+void fadeRowSimd(const std::uint8_t* row, const std::uint8_t* factors, std::uint8_t* out, std::size_t count,
+                 std::uint8_t black) {
+  const hn::ScalableTag<std::uint16_t> wide;
+  const hn::RebindToSigned<decltype(wide)> wideSigned;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const auto full = hn::Set(wide, 255);
+  const auto half = hn::Set(wide, 128);
+  const auto dark = hn::Set(wide, black);
+  const std::size_t lanes = hn::Lanes(wide);
+  std::size_t i = 0;
+  for (; i + lanes <= count; i += lanes) {
+    const auto r = hn::PromoteTo(wide, hn::LoadU(narrow, row + i));
+    const auto f = hn::PromoteTo(wide, hn::LoadU(narrow, factors + i));
+    const auto v = hn::Add(hn::Add(hn::Mul(r, f), hn::Mul(dark, hn::Sub(full, f))), half);
+    const auto faded = hn::ShiftRight<8>(hn::Add(v, hn::ShiftRight<8>(v)));
+    hn::StoreU(hn::DemoteTo(narrow, hn::BitCast(wideSigned, faded)), narrow, out + i);
+  }
+  for (; i < count; ++i)
+    out[i] = static_cast<std::uint8_t>(by255(row[i] * factors[i] + black * (255 - factors[i])));
+}
+
+void sharesRowSimd(const std::uint16_t* thresholds, int position, int softness, std::uint8_t* shares,
+                   std::size_t count) {
+  const hn::ScalableTag<std::int32_t> wide;
+  const hn::Rebind<std::uint16_t, decltype(wide)> thresholdLane;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const int scale = (255 * 65536 + softness / 2) / softness;
+  const auto at = hn::Set(wide, position);
+  const auto most = hn::Set(wide, softness);
+  const auto factor = hn::Set(wide, scale);
+  const auto half = hn::Set(wide, 32768);
+  const std::size_t lanes = hn::Lanes(wide);
+  std::size_t i = 0;
+  for (; i + lanes <= count; i += lanes) {
+    const auto t = hn::PromoteTo(wide, hn::LoadU(thresholdLane, thresholds + i));
+    const auto past = hn::Min(hn::Max(hn::Sub(at, t), hn::Zero(wide)), most);
+    hn::StoreU(hn::DemoteTo(narrow, hn::ShiftRight<16>(hn::Add(hn::Mul(past, factor), half))), narrow,
+               shares + i);
+  }
+  for (; i < count; ++i) {
+    const int past = std::clamp(position - thresholds[i], 0, softness);
+    shares[i] = static_cast<std::uint8_t>((past * scale + 32768) >> 16);
+  }
+}
+
+constexpr int kCombed =
+    10;  // a sample that stands out from both neighbours by this much is of another moment
+
+void weaveRowSimd(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
+                  std::uint8_t* out, std::size_t count) {
+  const hn::ScalableTag<std::uint8_t> bytes;
+  const auto limit = hn::Set(bytes, kCombed);
+  const std::size_t lanes = hn::Lanes(bytes);
+  std::size_t i = 0;
+  for (; i + lanes <= count; i += lanes) {
+    const auto a = hn::LoadU(bytes, above + i);
+    const auto r = hn::LoadU(bytes, row + i);
+    const auto b = hn::LoadU(bytes, below + i);
+    const auto standsOut = hn::Or(hn::Gt(hn::SaturatedSub(r, hn::Max(a, b)), limit),
+                                  hn::Gt(hn::SaturatedSub(hn::Min(a, b), r), limit));
+    hn::StoreU(hn::IfThenElse(standsOut, hn::AverageRound(a, b), r), bytes, out + i);
+  }
+  for (; i < count; ++i) {
+    const bool standsOut =
+        row[i] - std::max(above[i], below[i]) > kCombed || std::min(above[i], below[i]) - row[i] > kCombed;
+    out[i] = standsOut ? static_cast<std::uint8_t>((above[i] + below[i] + 1) / 2) : row[i];
+  }
+}
+
 void halveRowsSimd(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
                    std::size_t outCount) {
   std::size_t i = 0;
@@ -165,6 +263,10 @@ namespace kvo::media {
 
 HWY_EXPORT(mixRowSimd);
 HWY_EXPORT(mixRowBySharesSimd);
+HWY_EXPORT(overRowSimd);
+HWY_EXPORT(fadeRowSimd);
+HWY_EXPORT(sharesRowSimd);
+HWY_EXPORT(weaveRowSimd);
 HWY_EXPORT(halveRowsSimd);
 HWY_EXPORT(yuvToBgrSimd);
 
@@ -176,6 +278,26 @@ void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* 
 void mixRowByShares(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* shares,
                     std::uint8_t* out, std::size_t count) {
   HWY_DYNAMIC_DISPATCH(mixRowBySharesSimd)(below, above, shares, out, count);
+}
+
+void overRow(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* alpha,
+             std::uint8_t* out, std::size_t count, std::uint8_t black) {
+  HWY_DYNAMIC_DISPATCH(overRowSimd)(below, above, alpha, out, count, black);
+}
+
+void fadeRow(const std::uint8_t* row, const std::uint8_t* factors, std::uint8_t* out, std::size_t count,
+             std::uint8_t black) {
+  HWY_DYNAMIC_DISPATCH(fadeRowSimd)(row, factors, out, count, black);
+}
+
+void sharesRow(const std::uint16_t* thresholds, int position, int softness, std::uint8_t* shares,
+               std::size_t count) {
+  HWY_DYNAMIC_DISPATCH(sharesRowSimd)(thresholds, position, softness, shares, count);
+}
+
+void weaveRow(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
+              std::uint8_t* out, std::size_t count) {
+  HWY_DYNAMIC_DISPATCH(weaveRowSimd)(above, row, below, out, count);
 }
 
 void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,

@@ -16,6 +16,25 @@ void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* 
 void mixRowByShares(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* shares,
                     std::uint8_t* out, std::size_t count);
 
+/// out = above over below, premultiplied: above + (below - black) * (255 - alpha) / 255. `black` is what the
+/// plane holds where nothing is seen; `out` may be `below`.
+void overRow(const std::uint8_t* below, const std::uint8_t* above, const std::uint8_t* alpha,
+             std::uint8_t* out, std::size_t count, std::uint8_t black);
+
+/// out = black + (row - black) * factors / 255.
+void fadeRow(const std::uint8_t* row, const std::uint8_t* factors, std::uint8_t* out, std::size_t count,
+             std::uint8_t black);
+
+/// The share, 0 to 255, of each sample that changes over between its threshold and `softness` beyond it, when
+/// the way has come to `position`. `softness` is 1 to 65535.
+void sharesRow(const std::uint16_t* thresholds, int position, int softness, std::uint8_t* shares,
+               std::size_t count);
+
+/// One row of the later field of an interlaced frame: kept where it fits between its neighbours, else the
+/// mean of the two.
+void weaveRow(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
+              std::uint8_t* out, std::size_t count);
+
 /// Halves two rows into one: each sample is the mean of a square of four.
 void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out, std::size_t outCount);
 

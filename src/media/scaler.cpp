@@ -1,6 +1,7 @@
 #include "media/scaler.h"
 
 #include "media/ffmpeg.h"
+#include "media/orientation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,7 +25,8 @@ struct Conversion {
   AVPixelFormat format = AV_PIX_FMT_NONE;
   Size from;
   Size to;
-  Matrix matrix = Matrix::Bt601;
+  AVPixelFormat made = AV_PIX_FMT_YUV420P;
+  int weights = SWS_CS_ITU601;
   bool fullRange = false;
   bool operator==(const Conversion&) const = default;
 };
@@ -53,33 +55,63 @@ AVPixelFormat withoutRange(AVPixelFormat format) {
   }
 }
 
-Matrix matrixOf(const AVFrame& frame, Matrix otherwise) {
+int weightsOf(Matrix matrix) { return matrix == Matrix::Bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601; }
+
+// The luma weights that a frame says it was made with. A frame that says nothing keeps its numbers.
+int weightsOf(const AVFrame& frame, Matrix otherwise) {
   switch (frame.colorspace) {
     case AVCOL_SPC_BT709:
-      return Matrix::Bt709;
+      return SWS_CS_ITU709;
     case AVCOL_SPC_BT470BG:
     case AVCOL_SPC_SMPTE170M:
     case AVCOL_SPC_FCC:
-      return Matrix::Bt601;
+      return SWS_CS_ITU601;
+    case AVCOL_SPC_SMPTE240M:
+      return SWS_CS_SMPTE240M;
+    case AVCOL_SPC_BT2020_NCL:
+    case AVCOL_SPC_BT2020_CL:
+      return SWS_CS_BT2020;
     default:
-      return otherwise;
+      return weightsOf(otherwise);
   }
+}
+
+// A palette may hold alpha.
+bool mayHaveAlpha(AVPixelFormat format) {
+  const auto* kind = av_pix_fmt_desc_get(format);
+  return format == AV_PIX_FMT_PAL8 || (kind != nullptr && (kind->flags & AV_PIX_FMT_FLAG_ALPHA) != 0);
+}
+
+// Colours and greys use all of their range unless they say otherwise; YUV does not.
+bool isFullRange(const AVFrame& frame, AVPixelFormat plain) {
+  if (frame.format != plain || frame.color_range == AVCOL_RANGE_JPEG) return true;
+  const auto* kind = av_pix_fmt_desc_get(plain);
+  const bool isYuv = kind != nullptr && kind->nb_components >= 3 && (kind->flags & AV_PIX_FMT_FLAG_RGB) == 0;
+  return !isYuv && frame.color_range != AVCOL_RANGE_MPEG;
 }
 
 int evenAtMost(double side, int most) {
   return std::clamp(static_cast<int>(std::lround(side / 2)) * 2, 2, most);
 }
 
+double pixelShape(const AVFrame& frame) {
+  const auto pixel = frame.sample_aspect_ratio;
+  const double shape = pixel.num > 0 && pixel.den > 0 ? av_q2d(pixel) : 1;
+  return std::clamp(shape, 0.05, 20.0);
+}
+
 Placing placingOf(const AVFrame& frame, Size canvas, Fit fit) {
   const Size whole{frame.width, frame.height};
   if (fit == Fit::Stretch) return {whole, canvas};
-  if (fit == Fit::Crop) {
-    const Size shown{std::min(whole.width, canvas.width), std::min(whole.height, canvas.height)};
-    return {shown, {(shown.width + 1) & ~1, (shown.height + 1) & ~1}};
+  const double pixel = pixelShape(frame);
+  if (fit == Fit::Crop) {  // square pixels are kept as they are, others are made square by their width
+    const int room = static_cast<int>(std::ceil(canvas.width / pixel));
+    const Size shown{std::min(whole.width, room), std::min(whole.height, canvas.height)};
+    return {shown,
+            {pixel == 1 ? (shown.width + 1) & ~1 : evenAtMost(shown.width * pixel, canvas.width),
+             (shown.height + 1) & ~1}};
   }
-  const auto pixel = frame.sample_aspect_ratio;
-  const double pixelShape = pixel.num > 0 && pixel.den > 0 ? av_q2d(pixel) : 1;
-  const double shape = whole.width * pixelShape / whole.height;
+  const double shape = whole.width * pixel / whole.height;
   const double canvasShape = static_cast<double>(canvas.width) / canvas.height;
   if (fit == Fit::Letterbox) {
     return shape > canvasShape
@@ -108,12 +140,10 @@ SharedFrame middleOf(const SharedFrame& frame, Size crop) {
 Picture halved(const AVFrame& frame) {
   auto out = Picture::make(frame.width / 2, frame.height / 2);
   for (int plane = 0; out && plane < 3; ++plane) {
-    const int shift = plane == 0 ? 0 : 1;
-    for (int y = 0; y < out.height() >> shift; ++y) {
+    for (int y = 0; y < out.height(plane); ++y) {
       const auto* upper = frame.data[plane] + static_cast<std::ptrdiff_t>(2 * y) * frame.linesize[plane];
-      halveRows(upper, upper + frame.linesize[plane],
-                out.plane(plane) + static_cast<std::ptrdiff_t>(y) * out.stride(plane),
-                static_cast<std::size_t>(out.width() >> shift));
+      halveRows(upper, upper + frame.linesize[plane], out.row(plane, y),
+                static_cast<std::size_t>(out.width(plane)));
     }
   }
   return out;
@@ -122,16 +152,39 @@ Picture halved(const AVFrame& frame) {
 void copyInto(Picture& canvas, const Picture& part) {
   const int left = ((canvas.width() - part.width()) / 2) & ~1;
   const int top = ((canvas.height() - part.height()) / 2) & ~1;
-  for (int plane = 0; plane < 3; ++plane) {
-    const int shift = plane == 0 ? 0 : 1;
-    for (int y = 0; y < part.height() >> shift; ++y) {
-      std::memcpy(canvas.plane(plane) +
-                      static_cast<std::ptrdiff_t>((top >> shift) + y) * canvas.stride(plane) +
-                      (left >> shift),
-                  part.plane(plane) + static_cast<std::ptrdiff_t>(y) * part.stride(plane),
-                  static_cast<std::size_t>(part.width() >> shift));
+  for (int plane = 0; plane < std::min(canvas.planes(), part.planes()); ++plane) {
+    const int shift = Picture::isChroma(plane) ? 1 : 0;
+    for (int y = 0; y < part.height(plane); ++y) {
+      std::memcpy(canvas.row(plane, (top >> shift) + y) + (left >> shift), part.row(plane, y),
+                  static_cast<std::size_t>(part.width(plane)));
     }
   }
+}
+
+// Each colour times its alpha, in place. `pixels` are packed blue, green, red, alpha.
+void premultiply(AVFrame& pixels) {
+  for (int y = 0; y < pixels.height; ++y) {
+    auto* pixel = pixels.data[0] + static_cast<std::ptrdiff_t>(y) * pixels.linesize[0];
+    for (int x = 0; x < pixels.width; ++x, pixel += 4) {
+      for (int colour = 0; colour < 3; ++colour) {
+        pixel[colour] = static_cast<std::uint8_t>((pixel[colour] * pixel[3] + 127) / 255);
+      }
+    }
+  }
+}
+
+bool coversAll(const Picture& picture) {
+  for (int y = 0; y < picture.height(); ++y) {
+    const auto* row = picture.row(3, y);
+    if (!std::all_of(row, row + picture.width(), [](auto alpha) { return alpha == 255; })) return false;
+  }
+  return true;
+}
+
+Picture withoutAlpha(const Picture& picture) {
+  auto plain = Picture::make(picture.width(), picture.height());
+  if (plain) copyInto(plain, picture);
+  return plain;
 }
 
 }  // namespace
@@ -140,22 +193,113 @@ struct Scaler::State {
   Size canvas;
   Conversion conversion;
   ScalerHandle scaler;
+  Conversion plainConversion;
+  ScalerHandle plainScaler;  // to blue, green, red, alpha
 
-  Outcome prepare(const Conversion& wanted) {
-    if (scaler && wanted == conversion) return {};
-    scaler.reset(sws_getContext(wanted.from.width, wanted.from.height, wanted.format, wanted.to.width,
-                                wanted.to.height, AV_PIX_FMT_YUV420P, SWS_BICUBIC, nullptr, nullptr,
-                                nullptr));
-    if (!scaler) return Error{"a picture of this format cannot be converted"};
-    const auto weights = [](Matrix m) {
-      return sws_getCoefficients(m == Matrix::Bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601);
-    };
-    sws_setColorspaceDetails(scaler.get(), weights(wanted.matrix), wanted.fullRange ? 1 : 0,
-                             weights(usualMatrix(canvas.height)), 0, 0, 1 << 16, 1 << 16);
-    conversion = wanted;
-    return {};
-  }
+  Result<Picture> scaled(const AVFrame& part, Conversion wanted);
+  Result<SharedFrame> premultiplied(const AVFrame& frame, Conversion wanted);
+  Result<Picture> placeUpright(const SharedFrame& frame, Fit fit);
 };
+
+namespace {
+
+Outcome prepare(ScalerHandle& scaler, Conversion& conversion, const Conversion& wanted, Matrix working) {
+  if (scaler && wanted == conversion) return {};
+  scaler.reset(sws_getContext(
+      wanted.from.width, wanted.from.height, wanted.format, wanted.to.width, wanted.to.height, wanted.made,
+      SWS_BICUBIC | (wanted.fullRange ? SWS_ACCURATE_RND : 0), nullptr, nullptr, nullptr));
+  if (!scaler) return Error{"a picture of this format cannot be converted"};
+  const bool madeFull = wanted.made == AV_PIX_FMT_BGRA;
+  sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(wanted.weights), wanted.fullRange ? 1 : 0,
+                           sws_getCoefficients(weightsOf(working)), madeFull ? 1 : 0, 0, 1 << 16, 1 << 16);
+  conversion = wanted;
+  return {};
+}
+
+Outcome convert(SwsContext& scaler, const AVFrame& from, AVFrame& to) {
+  if (sws_scale(&scaler, from.data, from.linesize, 0, from.height, to.data, to.linesize) < 0) {
+    return Error{"a picture cannot be converted"};
+  }
+  return {};
+}
+
+const Error kNoMemory{"out of memory for a picture"};
+
+}  // namespace
+
+Result<Picture> Scaler::State::scaled(const AVFrame& part, Conversion wanted) {
+  wanted.from = {part.width, part.height};
+  if (auto ready = prepare(scaler, conversion, wanted, usualMatrix(canvas.height)); !ready)
+    return ready.error();
+  auto made = wanted.made == AV_PIX_FMT_YUVA420P ? Picture::makeWithAlpha(wanted.to.width, wanted.to.height)
+                                                 : Picture::make(wanted.to.width, wanted.to.height);
+  if (!made) return kNoMemory;
+  if (auto done = convert(*scaler, part, *made.frame()); !done) return done.error();
+  return made;
+}
+
+// Colours are weighed by their alpha ahead of scaling, so that none bleeds out of what cannot be seen.
+Result<SharedFrame> Scaler::State::premultiplied(const AVFrame& frame, Conversion wanted) {
+  wanted.from = wanted.to = {frame.width, frame.height};
+  wanted.made = AV_PIX_FMT_BGRA;
+  if (auto ready = prepare(plainScaler, plainConversion, wanted, Matrix::Bt601); !ready) return ready.error();
+  auto plain = newFrame();
+  if (!plain) return kNoMemory;
+  plain->format = AV_PIX_FMT_BGRA;
+  plain->width = frame.width;
+  plain->height = frame.height;
+  if (av_frame_get_buffer(plain.get(), 64) < 0) return kNoMemory;
+  if (auto done = convert(*plainScaler, frame, *plain); !done) return done.error();
+  premultiply(*plain);
+  return plain;
+}
+
+Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
+  const auto native = static_cast<AVPixelFormat>(frame->format);
+  const auto working = usualMatrix(canvas.height);
+  Conversion wanted{.format = withoutRange(native), .from = {}, .to = {}};
+  wanted.weights = weightsOf(*frame, working);
+  wanted.fullRange = isFullRange(*frame, wanted.format);
+  const auto placing = placingOf(*frame, canvas, fit);
+  wanted.to = placing.to;
+
+  const bool sameColours =
+      wanted.format == AV_PIX_FMT_YUV420P && !wanted.fullRange && wanted.weights == weightsOf(working);
+  const bool uncut = placing.crop == Size{frame->width, frame->height} && placing.to == canvas;
+  if (sameColours && uncut) {
+    if (placing.crop == canvas) return Picture(frame);
+    if (frame->width == 2 * canvas.width && frame->height == 2 * canvas.height) {
+      auto half = halved(*frame);
+      return half ? Result<Picture>(std::move(half)) : Result<Picture>(kNoMemory);
+    }
+  }
+
+  auto part = middleOf(frame, placing.crop);
+  if (!part) return kNoMemory;
+  const bool alpha = mayHaveAlpha(wanted.format);
+  if (alpha) {
+    auto weighed = premultiplied(*part, wanted);
+    if (!weighed) return weighed.error();
+    part = std::move(*weighed);
+    wanted.format = AV_PIX_FMT_BGRA;
+    wanted.made = AV_PIX_FMT_YUVA420P;
+    wanted.fullRange = true;
+  }
+  auto picture = scaled(*part, wanted);
+  if (!picture) return picture;
+  const bool opaque = !alpha || coversAll(*picture);
+  if (wanted.to == canvas) {
+    if (alpha && opaque) *picture = withoutAlpha(*picture);
+    return picture ? picture : Result<Picture>(kNoMemory);
+  }
+  auto whole =
+      opaque ? Picture::black(canvas.width, canvas.height) : Picture::clear(canvas.width, canvas.height);
+  if (!whole) return kNoMemory;
+  if (alpha && opaque) *picture = withoutAlpha(*picture);
+  if (!*picture) return kNoMemory;
+  copyInto(whole, *picture);
+  return whole;
+}
 
 Scaler::Scaler(int width, int height) : state_(std::make_unique<State>()) {
   state_->canvas = {width, height};
@@ -166,40 +310,16 @@ Scaler::~Scaler() = default;
 
 Result<Picture> Scaler::place(const SharedFrame& frame, Fit fit) {
   auto& s = *state_;
-  const Error noMemory{"out of memory for a picture"};
-  const auto native = static_cast<AVPixelFormat>(frame->format);
-  const auto working = usualMatrix(s.canvas.height);
-  Conversion wanted{withoutRange(native), {}, {}, matrixOf(*frame, working), false};
-  wanted.fullRange = native != wanted.format || frame->color_range == AVCOL_RANGE_JPEG;
-  const auto placing = placingOf(*frame, s.canvas, fit);
-  wanted.to = placing.to;
-
-  const bool sameColours =
-      wanted.format == AV_PIX_FMT_YUV420P && !wanted.fullRange && wanted.matrix == working;
-  const bool uncut = placing.crop == Size{frame->width, frame->height} && placing.to == s.canvas;
-  if (sameColours && uncut) {
-    if (placing.crop == s.canvas) return Picture(frame);
-    if (frame->width == 2 * s.canvas.width && frame->height == 2 * s.canvas.height) {
-      auto half = halved(*frame);
-      return half ? Result<Picture>(std::move(half)) : Result<Picture>(noMemory);
-    }
-  }
-
-  const auto part = middleOf(frame, placing.crop);
-  if (!part) return noMemory;
-  wanted.from = {part->width, part->height};
-  if (auto ready = s.prepare(wanted); !ready) return ready.error();
-  auto scaled = Picture::make(wanted.to.width, wanted.to.height);
-  if (!scaled) return noMemory;
-  if (sws_scale(s.scaler.get(), part->data, part->linesize, 0, part->height, scaled.frame()->data,
-                scaled.frame()->linesize) < 0) {
-    return Error{"a picture cannot be converted"};
-  }
-  if (wanted.to == s.canvas) return scaled;
-  auto canvas = Picture::black(s.canvas.width, s.canvas.height);
-  if (!canvas) return noMemory;
-  copyInto(canvas, scaled);
-  return canvas;
+  const auto turn = orientationOf(*frame);
+  if (turn == Orientation{}) return s.placeUpright(frame, fit);
+  // Scaled lying, then turned: the canvas lies as the frame does.
+  const Size upright = s.canvas;
+  if (turn.swapsSides) s.canvas = {upright.height, upright.width};
+  auto lying = s.placeUpright(frame, fit);
+  s.canvas = upright;
+  if (!lying) return lying;
+  auto turned = oriented(*lying, turn);
+  return turned ? Result<Picture>(std::move(turned)) : Result<Picture>(kNoMemory);
 }
 
 }  // namespace kvo::media

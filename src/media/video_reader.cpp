@@ -1,8 +1,10 @@
 #include "media/video_reader.h"
 
 #include "base/numbers.h"
+#include "media/deinterlace.h"
 #include "media/ffmpeg.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kvo::media {
@@ -36,6 +38,17 @@ struct VideoReader::State {
   SharedFrame next;
   double currentTime = 0;
   double nextTime = 0;
+
+  // What the container says of how the picture lies goes with each frame.
+  void addDisplayMatrix(AVFrame& frame) const {
+    if (av_frame_get_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX) != nullptr) return;
+    std::size_t size = 0;
+    const auto* matrix = av_stream_get_side_data(format->streams[stream], AV_PKT_DATA_DISPLAYMATRIX, &size);
+    if (matrix == nullptr || size == 0) return;
+    if (auto* side = av_frame_new_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX, size)) {
+      std::copy_n(matrix, size, side->data);
+    }
+  }
 
   double timeOf(const AVFrame& frame, double otherwise) const {
     const auto pts = frame.best_effort_timestamp;
@@ -80,6 +93,12 @@ struct VideoReader::State {
       const int got = avcodec_receive_frame(decoder.get(), frame.get());
       if (got >= 0) {
         nextTime = timeOf(*frame, nextTime + frameLength);
+        addDisplayMatrix(*frame);
+        if (frame->sample_aspect_ratio.num == 0) {
+          frame->sample_aspect_ratio = format->streams[stream]->sample_aspect_ratio;
+        }
+        if (frame->interlaced_frame != 0) frame = deinterlaced(frame);
+        if (!frame) return Error{"out of memory for a picture of " + path};
         next = std::move(frame);
         return {};
       }

@@ -136,10 +136,10 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
       {{"--render",
         collection("5.INI", {video_, video_},
-                   [](test::Bench& b) { b.collection.MovieList[2].TransType("Heart"); }),
+                   [](test::Bench& b) { b.collection.MovieList[2].TransType("Hart"); }),
         "--output", o},
        1,
-       "the transition Heart cannot be rendered yet"},
+       "there is no transition Hart"},
       {{"--render", good}, 2, "--output"},
       {{"--nonsense"}, 2, "--nonsense"},
   };

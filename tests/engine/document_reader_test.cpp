@@ -44,7 +44,7 @@ TEST(DocumentReader, TakesClipsTransitionsAndEnvelopes) {
   EXPECT_EQ(video.ratio(), 2);
   EXPECT_EQ(video.sourceTime(1.5), 4);
   ASSERT_EQ(video.transitions.size(), 1U) << "the plain cut draws nothing";
-  EXPECT_NEAR(video.transitions[0].progress.at(0.4375), 0.5, 1e-9);
+  EXPECT_NEAR(video.transitions[0].progressAt(0.4375), 0.5, 1e-9);
   ASSERT_EQ(timeline->audio.size(), 1U);
   ASSERT_EQ(timeline->audio[0].envelopes.size(), 1U);
   EXPECT_EQ(timeline->audio[0].envelopes[0].at(0.999), 0);

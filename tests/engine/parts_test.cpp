@@ -2,6 +2,8 @@
 #include "engine/active_set.h"
 #include "engine/bounded_queue.h"
 #include "engine/limiter.h"
+#include "engine/params.h"
+#include "engine/stretches.h"
 #include "engine/timeline.h"
 
 #include <cmath>
@@ -25,14 +27,12 @@ TEST(Keyed, RunsStraightJumpsAndHolds) {
 }
 
 TEST(Timeline, FramesBeginAtOrBehindTheirTime) {
-  Timeline timeline;
-  timeline.frameRate = 25;
-  EXPECT_EQ(timeline.frameFrom(0), 0);
-  EXPECT_EQ(timeline.frameFrom(0.04), 1);
-  EXPECT_EQ(timeline.frameFrom(0.05), 2);
-  timeline.frameRate = 30000.0 / 1001;
-  EXPECT_EQ(timeline.frameFrom(1.0010), 30) << "four decimals are near enough";
-  EXPECT_EQ(timeline.frameFrom(0.0334), 1);
+  EXPECT_EQ(frameFrom(0, 25), 0);
+  EXPECT_EQ(frameFrom(0.04, 25), 1);
+  EXPECT_EQ(frameFrom(0.05, 25), 2);
+  constexpr double kNtsc = 30000.0 / 1001;
+  EXPECT_EQ(frameFrom(1.0010, kNtsc), 30) << "four decimals are near enough";
+  EXPECT_EQ(frameFrom(0.0334, kNtsc), 1);
 }
 
 TEST(ActiveSet, HoldsTheRangesAtAPosition) {
@@ -87,6 +87,64 @@ TEST(BoundedQueue, WaitsForRoomAndEndsWhenClosed) {
   producer.join();
   EXPECT_EQ(expected, 1000);
   EXPECT_FALSE(queue.push(1));
+}
+
+// Layers one behind the other, each over the one before by `overlap` seconds.
+Timeline movieOf(int clips, double seconds, double overlap) {
+  Timeline timeline;
+  timeline.hasVideo = true;
+  timeline.frameRate = 25;
+  for (int i = 0; i < clips; ++i) {
+    Layer layer;
+    layer.src = "c.avi";
+    layer.start = i * (seconds - overlap);
+    layer.stop = layer.start + seconds;
+    layer.mstop = seconds;
+    if (i > 0 && overlap > 0) {
+      layer.transitions.push_back({.clsid = "", .start = layer.start, .stop = layer.start + overlap});
+    }
+    timeline.video.push_back(layer);
+  }
+  return timeline;
+}
+
+TEST(Stretches, BeginAtCutsAndBehindTransitions) {
+  using Stretches = std::vector<Stretch>;
+  EXPECT_EQ(stretchesOf(movieOf(3, 8, 0), 0, 600), (Stretches{{0, 200}, {200, 400}, {400, 600}}));
+  EXPECT_EQ(stretchesOf(movieOf(3, 8, 1), 0, 550), (Stretches{{0, 200}, {200, 375}, {375, 550}}))
+      << "where the transition is over";
+  EXPECT_EQ(stretchesOf(movieOf(30, 1, 0), 0, 750), (Stretches{{0, 200}, {200, 400}, {400, 600}, {600, 750}}))
+      << "several short clips in one";
+  EXPECT_EQ(stretchesOf(movieOf(1, 6, 0), 0, 150), (Stretches{{0, 150}})) << "too short to part";
+  EXPECT_EQ(stretchesOf(movieOf(1, 100, 0), 0, 2500),
+            (Stretches{{0, 750}, {750, 1500}, {1500, 2250}, {2250, 2500}}));
+  for (const auto first : {0, 33, 199}) {
+    std::int64_t at = first;
+    for (const auto& stretch : stretchesOf(movieOf(20, 7.3, 0.9), first, 3000)) {
+      EXPECT_EQ(stretch.first, at);
+      EXPECT_GE(stretch.stop - stretch.first, 100);
+      at = stretch.stop;
+    }
+    EXPECT_EQ(at, 3000);
+  }
+}
+
+TEST(Params, AreReadByNameInAnyCase) {
+  Params params;
+  params.add("Bands", {"7.6", {7.6, {}}});
+  params.add("bands", {"9", {9, {}}});
+  params.add("Add", {"True", {valueOf("True"), {}}});
+  params.add("Style", {" CIRCLE ", {}});
+  params.add("Level", {"0", {0, {{2, 1, true}}}});
+  EXPECT_EQ(params.count("bands", 1), 8) << "the first of a name stands";
+  EXPECT_EQ(params.count("spokes", 4), 4);
+  EXPECT_EQ(params.word("style"), "circle");
+  EXPECT_TRUE(params.flag("add"));
+  EXPECT_FALSE(params.flag("nothing"));
+  EXPECT_EQ(params.number("level", 1, 9), 0.5);
+  EXPECT_EQ(params.number("level", 9, 9, 0, 0.75), 0.75);
+  EXPECT_TRUE(params.moves());
+  EXPECT_FALSE(Params().moves());
 }
 
 }  // namespace

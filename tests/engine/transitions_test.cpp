@@ -2,6 +2,8 @@
 // a shape of its own.
 #include "engine/transitions/registry.h"
 #include "media/pixel_rows.h"
+#include "support/pictures.h"
+#include "support/real_world.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,8 +23,15 @@ constexpr int kAbove = 200;
 struct Kind {
   const char* name;
   const char* clsid;
-  TransitionParams params{};
+  std::vector<std::pair<const char*, const char*>> params{};
 };
+
+constexpr const char* kSmpte = "{dE75D012-7A65-11D2-8CEA-00A0C9441E20}";
+constexpr const char* kSpace = "{C63344D8-70D3-4032-9B32-7A3CAD5091A5}";
+constexpr const char* kIris = "{3F69F351-0379-11D2-A484-00C04F8EFB69}";
+constexpr const char* kSlide = "{810E402F-056B-11D2-A484-00C04F8EFB69}";
+constexpr const char* kStretch = "{7658F2A2-0A83-11d2-A484-00C04F8EFB69}";
+constexpr const char* kPlacing = "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}";
 
 const std::vector<Kind>& kinds() {
   static const std::vector<Kind> kAll = {
@@ -32,11 +41,11 @@ const std::vector<Kind>& kinds() {
       {"blinds", "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}"},
       {"five blinds up", "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}", {{"bands", "5"}, {"direction", "Up"}}},
       {"checkerboard", "{B3EE7802-8224-4787-A1EA-F0DE16DEABD3}"},
-      {"iris", "{3F69F351-0379-11D2-A484-00C04F8EFB69}", {{"irisstyle", "CIRCLE"}}},
-      {"iris square", "{3F69F351-0379-11D2-A484-00C04F8EFB69}", {{"irisstyle", "SQUARE"}}},
-      {"iris plus", "{3F69F351-0379-11D2-A484-00C04F8EFB69}", {{"irisstyle", "PLUS"}}},
-      {"iris cross", "{3F69F351-0379-11D2-A484-00C04F8EFB69}", {{"irisstyle", "CROSS"}}},
-      {"iris star", "{3F69F351-0379-11D2-A484-00C04F8EFB69}", {{"irisstyle", "STAR"}}},
+      {"iris", kIris, {{"irisStyle", "CIRCLE"}}},
+      {"iris square", kIris, {{"irisStyle", "SQUARE"}}},
+      {"iris plus", kIris, {{"irisStyle", "PLUS"}}},
+      {"iris cross", kIris, {{"irisStyle", "CROSS"}}},
+      {"iris star", kIris, {{"irisStyle", "STAR"}}},
       {"clock", "{424B71AF-0695-11D2-A484-00C04F8EFB69}"},
       {"wedge", "{424B71AF-0695-11D2-A484-00C04F8EFB69}", {{"wipestyle", "wedge"}}},
       {"radial", "{424B71AF-0695-11D2-A484-00C04F8EFB69}", {{"wipestyle", "radial"}}},
@@ -45,44 +54,73 @@ const std::vector<Kind>& kinds() {
       {"wheel of ten", "{5AE1DAE0-1461-11d2-A484-00C04F8EFB69}", {{"spokes", "10"}}},
       {"wipe", "{AF279B30-86EB-11D1-81BF-0000F87557DB}"},
       {"zigzag", "{E6E73D20-0C8A-11d2-A484-00C04F8EFB69}"},
+      {"inset", "{93073C40-0BA5-11d2-A484-00C04F8EFB69}"},
+      {"curtains", "{AA0D4D12-06A3-11D2-8F98-00C04FB92EB7}"},
+      {"roll down", "{9C61F46E-0530-11D2-8F98-00C04FB92EB7}"},
+      {"pixelate", "{4CCEA634-FBE0-11d1-906A-00C04FD9189D}"},
+      {"slide", kSlide},
+      {"slide hide", kSlide, {{"slideStyle", "HIDE"}}},
+      {"slide push", kSlide, {{"slideStyle", "PUSH"}, {"bands", "3"}}},
+      {"slide swap", kSlide, {{"slideStyle", "SWAP"}}},
+      {"stretch", kStretch},
+      {"stretch hide", kStretch, {{"stretchStyle", "hide"}}},
+      {"stretch push", kStretch, {{"stretchStyle", "push"}}},
+      {"circle", kSmpte, {{"MaskNum", "119"}}},
+      {"eight circles", kSmpte, {{"MaskNum", "119"}, {"ReplicateX", "4"}, {"ReplicateY", "2"}}},
+      {"soft wipe", kSmpte, {{"MaskNum", "1"}, {"Borderwidth", "1"}, {"Bordersoftness", "60"}}},
+      {"barn vertical", kSmpte, {{"MaskNum", "22"}}},
+      {"heart", kSmpte, {{"MaskNum", "130"}}},
+      {"matrix", kSmpte, {{"MaskNum", "303"}}},
+      {"whirlwind",
+       kSpace,
+       {{"InternalName", "ParticleSystem"}, {"MaxParticles", "60"}, {"BothDirections", "true"}}},
+      {"shatter down",
+       kSpace,
+       {{"InternalName", "ParticleSystem"}, {"ScatterDirection", "down"}, {"ParticleSpeed", "3.5"}}},
+      {"shatter in",
+       kSpace,
+       {{"InternalName", "ParticleSystem"}, {"ScatterDirection", "out"}, {"ParticleSpeed", "40"}}},
+      {"spin out",
+       kSpace,
+       {{"InternalName", "Simple3D"}, {"ScaleA", "smaller"}, {"RotateA", "left"}, {"FadeStartA", "0.2"}}},
+      {"roll out",
+       kSpace,
+       {{"InternalName", "Simple3D"}, {"RotateA", "right"}, {"RotateCenterA", "lowerright"}}},
+      {"page curl",
+       kSpace,
+       {{"InternalName", "Simple3D"}, {"PageCurlA", "lowerleft"}, {"ShowABack", "true"}}},
   };
   return kAll;
 }
 
-media::Picture plain(int value) {
-  auto picture = media::Picture::make(kWidth, kHeight);
-  for (int plane = 0; plane < 3; ++plane) {
-    std::fill_n(picture.plane(plane),
-                static_cast<std::ptrdiff_t>(picture.stride(plane)) * (plane == 0 ? kHeight : kHeight / 2),
-                static_cast<std::uint8_t>(value));
-  }
-  return picture;
+PaintTransition painterOf(const Kind& kind) {
+  Params params;
+  for (const auto& [name, value] : kind.params) params.add(name, {value, Keyed{valueOf(value), {}}});
+  auto made = findTransition(kind.clsid)->make(params, kWidth, kHeight);
+  EXPECT_TRUE(made) << kind.name;
+  return std::move(*made);
 }
 
 class Drawn {
  public:
-  Drawn(const std::string& name, double progress) {
-    const auto kind =
-        std::find_if(kinds().begin(), kinds().end(), [&](const auto& k) { return k.name == name; });
-    findTransition(kind->clsid)(kind->params, kWidth, kHeight)(plain(kBelow), plain(kAbove), progress,
-                                                               picture_);
+  Drawn(const Kind& kind, double progress, const media::Picture& below, const media::Picture& above)
+      : picture_(media::Picture::makeLike(below)) {
+    painterOf(kind)(below, above, {progress, progress}, picture_);
   }
+  Drawn(const std::string& name, double progress)
+      : Drawn(*std::find_if(kinds().begin(), kinds().end(), [&](const auto& k) { return k.name == name; }),
+              progress, test::plainPicture(kWidth, kHeight, kBelow),
+              test::plainPicture(kWidth, kHeight, kAbove)) {}
 
   /// The share of the second picture at a point, 0 to 1; coordinates run from 0 to 1.
   [[nodiscard]] double at(double x, double y, int plane = 0) const {
-    const int side = plane == 0 ? 1 : 2;
+    const int side = media::Picture::isChroma(plane) ? 2 : 1;
     const int column = std::min(static_cast<int>(x * kWidth), kWidth - 1) / side;
     const int row = std::min(static_cast<int>(y * kHeight), kHeight - 1) / side;
-    const auto value =
-        picture_.plane(plane)[static_cast<std::ptrdiff_t>(row) * picture_.stride(plane) + column];
-    return (value - kBelow) / static_cast<double>(kAbove - kBelow);
+    return (picture_.row(plane, row)[column] - kBelow) / static_cast<double>(kAbove - kBelow);
   }
   [[nodiscard]] double share(int plane = 0) const {
-    double sum = 0;
-    for (int y = 0; y < kHeight; ++y) {
-      for (int x = 0; x < kWidth; ++x) sum += at((x + 0.5) / kWidth, (y + 0.5) / kHeight, plane);
-    }
-    return sum / (kWidth * kHeight);
+    return (test::mean(picture_, plane) - kBelow) / (kAbove - kBelow);
   }
   /// How often the picture changes along a circle about the middle.
   [[nodiscard]] int edgesAround(double radius) const {
@@ -97,26 +135,34 @@ class Drawn {
     }
     return edges;
   }
+  [[nodiscard]] const media::Picture& picture() const { return picture_; }
 
  private:
-  media::Picture picture_ = media::Picture::make(kWidth, kHeight);
+  media::Picture picture_;
 };
 
 TEST(Transitions, BeginWithTheFirstPictureAndEndWithTheSecond) {
   for (const auto& kind : kinds()) {
-    const Drawn first(kind.name, 0);
-    const Drawn last(kind.name, 1);
+    const bool inSpace = kind.clsid == kSpace;  // light, shade, and pieces that cross what is uncovered
+    const auto below = test::plainPicture(kWidth, kHeight, kBelow);
+    const auto above = test::plainPicture(kWidth, kHeight, kAbove);
+    const Drawn first(kind, 0, below, above);
+    const Drawn last(kind, 1, below, above);
     for (int plane = 0; plane < 3; ++plane) {
-      EXPECT_EQ(first.share(plane), 0) << kind.name << " plane " << plane;
-      EXPECT_EQ(last.share(plane), 1) << kind.name << " plane " << plane;
+      EXPECT_EQ(test::difference(first.picture(), below, plane), 0) << kind.name << " plane " << plane;
+      EXPECT_EQ(test::difference(last.picture(), above, plane), 0) << kind.name << " plane " << plane;
     }
     double before = 0;
     for (int i = 1; i < 20; ++i) {
-      const double share = Drawn(kind.name, i / 20.0).share();
-      EXPECT_GE(share, before) << kind.name << " at " << i;
+      const double share = Drawn(kind, i / 20.0, below, above).share(inSpace ? 1 : 0);
+      EXPECT_GE(share, before - (inSpace ? 0.02 : 0)) << kind.name << " at " << i;
       before = share;
     }
-    EXPECT_NEAR(Drawn(kind.name, 0.5).share(), 0.5, 0.35) << kind.name;
+    EXPECT_NEAR(Drawn(kind, 0.5, below, above).share(), 0.5, 0.45) << kind.name;
+    // With alpha it is the same picture.
+    const Drawn opaque(kind, 0.4, withAlpha(below), withAlpha(above));
+    EXPECT_LT(test::difference(opaque.picture(), Drawn(kind, 0.4, below, above).picture()), 0.5) << kind.name;
+    EXPECT_EQ(test::mean(opaque.picture(), 3), 255) << kind.name;
   }
 }
 
@@ -160,6 +206,167 @@ TEST(Transitions, HaveTheirOwnShapes) {
   EXPECT_EQ(zigzag.at(0.5, 0.9), 0);
 }
 
+TEST(Transitions, OfShapesAreTrueToAPixelOrTwo) {
+  // Mask 119 at any progress: the edge lies at one distance from the middle in every direction.
+  for (const double progress : {0.2, 0.4, 0.55}) {
+    const Drawn circle("circle", progress);
+    const double wanted = progress * std::hypot(kWidth, kHeight) / 2;
+    for (int degrees = 0; degrees < 360; degrees += 15) {
+      const double radians = degrees * 3.14159265 / 180;
+      double radius = 0;
+      while (radius < 200 && circle.at(0.5 + radius * std::cos(radians) / kWidth,
+                                       0.5 + radius * std::sin(radians) / kHeight) > 0.5) {
+        radius += 0.25;
+        if (std::fabs(radius * std::sin(radians)) > kHeight / 2.0 - 1) break;
+      }
+      const bool cutOff = std::fabs(wanted * std::sin(radians)) > kHeight / 2.0 - 2;
+      if (!cutOff) {
+        EXPECT_NEAR(radius, wanted, 1.5) << degrees << " degrees at " << progress;
+      }
+    }
+  }
+  const Drawn eight("eight circles", 0.3);
+  for (int column = 0; column < 4; ++column) {
+    for (int row = 0; row < 2; ++row) {
+      EXPECT_EQ(eight.at((column + 0.5) / 4, (row + 0.5) / 2), 1) << column << ", " << row;
+      EXPECT_EQ(eight.at((column + 0.02) / 4, (row + 0.04) / 2), 0) << column << ", " << row;
+    }
+  }
+  const Drawn barn("barn vertical", 0.5);
+  EXPECT_EQ(barn.at(0.1, 0.5) + barn.at(0.9, 0.5), 2);
+  EXPECT_EQ(barn.at(0.5, 0.1) + barn.at(0.5, 0.9), 0);
+  const Drawn heart("heart", 0.25);
+  const auto top = [&](double x) {
+    double y = 0;
+    while (y < 1 && heart.at(x, y) < 0.5) y += 0.01;
+    return y;
+  };
+  EXPECT_GT(top(0.5), top(0.42) + 0.04) << "a notch between two humps";
+  EXPECT_NEAR(top(0.42), top(0.58), 0.02);
+  const auto width = [&](double y) {
+    double sum = 0;
+    for (double x = 0; x < 1; x += 0.01) sum += heart.at(x, y);
+    return sum;
+  };
+  EXPECT_GT(width(0.45), 3 * width(0.74)) << "a point below";
+  EXPECT_GT(width(0.74), 0);
+  const Drawn soft("soft wipe", 0.5);
+  double last = 1;
+  for (double x = 0.35; x < 0.65; x += 0.02) {
+    EXPECT_LE(soft.at(x, 0.5), last);
+    last = soft.at(x, 0.5);
+  }
+  EXPECT_NEAR(soft.at(0.5, 0.5), 0.5, 0.05);
+}
+
+TEST(Transitions, OfPlacesMoveWholePictures) {
+  const auto below = test::scene(kWidth, kHeight);
+  auto above = test::plainPicture(kWidth, kHeight, 200);
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) above.row(0, y)[x] = static_cast<std::uint8_t>(40 + x);
+  }
+  const Kind push{"push", kSlide, {{"slideStyle", "PUSH"}}};
+  const auto pushed = Drawn(push, 0.25, below, above).picture();
+  EXPECT_EQ(pushed.row(0, 9)[100], below.row(0, 9)[60]) << "the first goes on to the right by a quarter";
+  EXPECT_EQ(pushed.row(0, 9)[10], above.row(0, 9)[130]) << "and the second follows";
+  const Kind bands{"bands", kSlide, {{"slideStyle", "HIDE"}, {"bands", "2"}}};
+  const auto hidden = Drawn(bands, 0.5, below, above).picture();
+  EXPECT_EQ(hidden.row(0, 10)[90], below.row(0, 10)[10]);
+  EXPECT_EQ(hidden.row(0, 80)[10], below.row(0, 80)[90]) << "the second band goes the other way";
+  const Kind squeeze{"squeeze", kStretch, {{"stretchStyle", "push"}}};
+  const auto squeezed = Drawn(squeeze, 0.5, below, above).picture();
+  EXPECT_NEAR(squeezed.row(0, 9)[40], 40 + 80, 2) << "the second in half the width";
+  const Kind placed{
+      "placed",
+      kPlacing,
+      {{"OffsetX", "80"}, {"OffsetY", "0"}, {"Width", "80"}, {"Height", "44"}, {"SrcWidth", "80"}}};
+  const auto corner = Drawn(placed, 0.5, below, above).picture();
+  EXPECT_NEAR(corner.row(0, 20)[120], 40 + 40, 2) << "half of the second, its left, in the upper right";
+  EXPECT_EQ(corner.row(0, 20)[70], below.row(0, 20)[70]);
+  EXPECT_EQ(corner.row(0, 60)[120], below.row(0, 60)[120]);
+}
+
+TEST(Transitions, PlacingFollowsItsKeysAndEndsAsACut) {
+  Params params;
+  params.add("Width", {"0", {0, {{1, kWidth, true}}}});
+  params.add("Height", {"0", {kHeight, {{0.5, kHeight / 2.0, false}, {1, kHeight, false}}}});
+  const auto* kind = findTransition(kPlacing);
+  const auto paint = *kind->make(params, kWidth, kHeight);
+  auto out = media::Picture::make(kWidth, kHeight);
+  paint(test::plainPicture(kWidth, kHeight, kBelow), test::plainPicture(kWidth, kHeight, kAbove), {0.5, 0.75},
+        out);
+  EXPECT_EQ(out.row(0, 10)[115], kAbove) << "three quarters wide: run to in a line";
+  EXPECT_EQ(out.row(0, 10)[125], kBelow);
+  EXPECT_EQ(out.row(0, 40)[10], kAbove) << "half as high: jumped to";
+  EXPECT_EQ(out.row(0, 50)[10], kBelow);
+  EXPECT_FALSE(kind->coversAll(params, 0.99, kWidth, kHeight));
+  EXPECT_TRUE(kind->coversAll(params, 1, kWidth, kHeight));
+}
+
+TEST(Transitions, BordersHaveTheirWidthAndColour) {
+  const Kind wipe{
+      "bordered",
+      kSmpte,
+      {{"MaskNum", "1"}, {"BorderWidth", "20"}, {"BorderColor", "FF0000"}, {"BorderSoftness", "0"}}};
+  const auto picture =
+      Drawn(wipe, 0.5, test::plainPicture(kWidth, kHeight, 128), test::plainPicture(kWidth, kHeight, 128))
+          .picture();
+  int red = 0;
+  for (int x = 0; x < kWidth / 2; ++x) red += picture.row(2, 20)[x] > 200 ? 2 : 0;
+  EXPECT_NEAR(red, 20, 3);
+  EXPECT_EQ(picture.row(2, 20)[2], 128);
+  EXPECT_EQ(picture.row(2, 20)[kWidth / 2 - 2], 128);
+}
+
+TEST(Transitions, TakeAPictureForTheirMask) {
+  const test::ScratchFolder folder;
+  const auto mask = test::makeMedia(
+      folder, "mask.jpg",
+      {"-f", "lavfi", "-i", "color=white:size=160x90,drawbox=x=0:y=0:w=80:h=90:color=black:t=fill",
+       "-frames:v", "1", "-q:v", "2"});
+  const Kind masked{"masked", kSmpte, {{"MaskNum", "1"}, {"MaskName", mask.c_str()}}};
+  const Drawn half(masked, 0.5, test::plainPicture(kWidth, kHeight, kBelow),
+                   test::plainPicture(kWidth, kHeight, kAbove));
+  EXPECT_EQ(half.at(0.2, 0.5), 1) << "the dark half has changed over";
+  EXPECT_EQ(half.at(0.8, 0.5), 0);
+  Params params;
+  params.add("MaskName", {folder / "none.jpg", {}});
+  const auto missing = findTransition(kSmpte)->make(params, kWidth, kHeight);
+  ASSERT_FALSE(missing);
+  EXPECT_NE(missing.error().text.find("none.jpg"), std::string::npos);
+}
+
+TEST(Transitions, InSpaceHavePerspectiveAndShade) {
+  const auto below = test::plainPicture(kWidth, kHeight, kBelow);
+  const auto above = test::plainPicture(kWidth, kHeight, kAbove);
+  const Kind flip{"flip",
+                  kSpace,
+                  {{"InternalName", "Simple3D"},
+                   {"RevolveCamera", "true"},
+                   {"ShowAFront", "true"},
+                   {"ShowABack", "false"},
+                   {"ShowBFront", "false"},
+                   {"ShowBBack", "true"}}};
+  const auto early = Drawn(flip, 0.3, below, above).picture();
+  // The lower edge has come nearer: it is wider than the upper one.
+  const auto widthAt = [](const media::Picture& picture, int y) {
+    return std::count_if(picture.row(0, y), picture.row(0, y) + kWidth, [](int v) { return v > 20; });
+  };
+  int first = 0;
+  int last = kHeight - 1;
+  while (widthAt(early, first) < 10) ++first;
+  while (widthAt(early, last) < 10) --last;
+  EXPECT_GT(first, 5);
+  EXPECT_NE(widthAt(early, first + 1), widthAt(early, last - 1));
+  EXPECT_LT(early.row(0, kHeight / 2)[kWidth / 2], kBelow) << "the first, in the shade";
+  EXPECT_GT(Drawn(flip, 0.8, below, above).picture().row(0, kHeight / 2)[kWidth / 2], kBelow) << "the second";
+  const Kind curl{
+      "curl", kSpace, {{"InternalName", "Simple3D"}, {"PageCurlA", "lowerleft"}, {"ShowABack", "true"}}};
+  const auto page = Drawn(curl, 0.4, below, above).picture();
+  EXPECT_EQ(page.row(1, kHeight / 2 - 3)[2], kAbove) << "uncovered at the corner";
+  EXPECT_EQ(page.row(0, 2)[kWidth - 3], kBelow) << "still in place at the far one";
+}
+
 TEST(Transitions, SharesMixExactly) {
   std::vector<std::uint8_t> below(300), above(300), shares(300), out(300);
   for (std::size_t i = 0; i < 300; ++i) {
@@ -176,9 +383,20 @@ TEST(Transitions, SharesMixExactly) {
 }
 
 TEST(Transitions, TakeNonsenseForTheirOptions) {
-  for (const auto* value : {"", "-3", "0", "1e9", "x"}) {
-    EXPECT_GE(countParam({{"bands", value}}, "bands", 10), 1) << value;
-    EXPECT_LE(countParam({{"bands", value}}, "bands", 10), 200) << value;
+  const auto below = test::plainPicture(kWidth, kHeight, kBelow);
+  const auto above = test::plainPicture(kWidth, kHeight, kAbove);
+  for (const auto* value : {"", "-3", "0", "1e9", "-1e9", "x"}) {
+    for (const auto* name :
+         {"bands", "spokes", "MaskNum", "ReplicateX", "ReplicateY", "ScaleY", "BorderWidth", "BorderSoftness",
+          "BorderColor", "MaxParticles", "ParticleSpeed", "ScaleA", "OffsetX", "Width", "SrcWidth",
+          "maxsquare", "FadeStartA", "ExponentialProgressScale"}) {
+      for (const auto* clsid : {kSmpte, kSpace, kSlide, kPlacing, "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}",
+                                "{4CCEA634-FBE0-11d1-906A-00C04FD9189D}"}) {
+        const Kind odd{"odd", clsid, {{"InternalName", "ParticleSystem"}, {name, value}}};
+        Drawn(odd, 0.5, below, above);
+      }
+      Drawn({"odd", kSpace, {{name, value}}}, 0.5, below, above);
+    }
   }
   EXPECT_EQ(findTransition("{no such class}"), nullptr);
 }

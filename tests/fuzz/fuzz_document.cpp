@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const auto& clip : timeline->video) {
     check(clip);
     for (const auto& transition : clip.transitions) {
-      if (!std::isfinite(transition.progress.at(0.5))) std::abort();
+      if (!std::isfinite(transition.progressAt(0.5))) std::abort();
     }
   }
   for (const auto& clip : timeline->audio) {

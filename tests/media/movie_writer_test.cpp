@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +24,16 @@ Picture filled(int width, int height, int luma, int u, int v) {
   return picture;
 }
 
+bool write(MovieWriter& writer, const std::vector<Picture>& pictures) {
+  auto encoder = writer.newVideoEncoder();
+  std::int64_t number = 0;
+  for (const auto& picture : pictures) {
+    const auto frame = encoder ? encoder->encode(picture, number++) : Result<EncodedFrame>(encoder.error());
+    if (!frame || !writer.writeVideo(*frame)) return false;
+  }
+  return true;
+}
+
 TEST(MovieWriter, RawPicturesKeepTheirColoursAtEveryDepth) {
   const test::ScratchFolder folder;
   PosixFiles files;
@@ -37,8 +49,8 @@ TEST(MovieWriter, RawPicturesKeepTheirColoursAtEveryDepth) {
     auto writer = MovieWriter::open(
         **target, {Container::Avi, VideoFormat{VideoCodec::Raw, 31, 21, 25, row.depth}, false}, path);
     ASSERT_TRUE(writer) << writer.error().text;
-    ASSERT_TRUE(writer->writeVideo(filled(32, 22, 81, 90, 240)));  // red
-    ASSERT_TRUE(writer->writeVideo(filled(32, 22, 145, 54, 34)));  // green
+    ASSERT_TRUE(write(*writer, {filled(32, 22, 81, 90, 240),     // red
+                                filled(32, 22, 145, 54, 34)}));  // green
     ASSERT_TRUE(writer->finish());
     ASSERT_TRUE((*target)->commit());
     EXPECT_EQ(test::probed(path, "stream=pix_fmt"), row.format);
@@ -62,7 +74,7 @@ TEST(MovieWriter, TheFirstRowOfARawPictureComesLastInTheFile) {
   ASSERT_TRUE(writer);
   auto picture = filled(16, 16, 16, 128, 128);
   std::fill_n(picture.plane(0), picture.stride(0), std::uint8_t{235});
-  ASSERT_TRUE(writer->writeVideo(picture));
+  ASSERT_TRUE(write(*writer, {picture}));
   ASSERT_TRUE(writer->finish());
   ASSERT_TRUE((*target)->commit());
   const auto decoded = test::picturesOf(path, 16, 16);
@@ -73,6 +85,35 @@ TEST(MovieWriter, TheFirstRowOfARawPictureComesLastInTheFile) {
   const auto frame = bytes.find("00dc", bytes.find("movi"));
   ASSERT_NE(frame, std::string::npos);
   EXPECT_EQ(bytes.substr(frame + 8, 3), std::string(3, '\0')) << "the bottom row stands first";
+}
+
+// A movie parted between encoders plays like one from a single encoder.
+TEST(MovieWriter, TakesStretchesOfSeveralEncoders) {
+  const test::ScratchFolder folder;
+  PosixFiles files;
+  for (const auto& [name, container, codec] : {std::tuple{"m.avi", Container::Avi, VideoCodec::Mpeg4},
+                                               std::tuple{"w.wmv", Container::Wmv, VideoCodec::Wmv2}}) {
+    const auto path = folder / name;
+    auto target = files.replace(path);
+    auto writer = MovieWriter::open(**target, {container, VideoFormat{codec, 64, 48, 25, 24}, false}, path);
+    ASSERT_TRUE(writer) << writer.error().text;
+    for (const auto& [first, stop] : {std::pair{0, 17}, std::pair{17, 29}, std::pair{29, 60}}) {
+      auto encoder = writer->newVideoEncoder();
+      ASSERT_TRUE(encoder);
+      for (int i = first; i < stop; ++i) {
+        const auto frame = encoder->encode(filled(64, 48, 20 + 3 * i, 128, 128), i);
+        ASSERT_TRUE(frame && writer->writeVideo(*frame)) << name << " " << i;
+      }
+    }
+    ASSERT_TRUE(writer->finish());
+    ASSERT_TRUE((*target)->commit());
+    const auto pictures = test::picturesOf(path, 64, 48);
+    ASSERT_EQ(pictures.size(), 60U) << name;
+    for (int i = 0; i < 60; ++i) {
+      EXPECT_NEAR(pictures[static_cast<std::size_t>(i)].mean(), (4 + 3 * i) * 255 / 219.0, 3)
+          << name << " " << i;
+    }
+  }
 }
 
 // Keeps where each chunk of a file begins and what its first bytes are, not the pictures themselves.
@@ -108,7 +149,7 @@ TEST(MovieWriter, AnAviBeyondTwoGigabytesHasAnOpenDmlIndex) {
   ASSERT_TRUE(writer);
   const auto picture = filled(4096, 4096, 126, 128, 128);
   constexpr int kFrames = 34;  // 64 MB each
-  for (int i = 0; i < kFrames; ++i) ASSERT_TRUE(writer->writeVideo(picture));
+  for (int i = 0; i < kFrames; ++i) ASSERT_TRUE(write(*writer, {picture}));
   ASSERT_TRUE(writer->finish());
   EXPECT_GT(outline.size(), 2ULL << 30U);
   EXPECT_EQ(outline.count("AVIX"), 2);

@@ -41,6 +41,58 @@ TEST(PixelRows, MixingIsExactAtBothEndsAndRoundsBetween) {
   }
 }
 
+TEST(PixelRows, LayingOverWeighsByAlpha) {
+  for (const auto count : kLengths) {
+    const auto below = noise(count, 5);
+    const auto alpha = noise(count, 7);
+    for (const auto black : {std::uint8_t{0}, std::uint8_t{16}, std::uint8_t{128}}) {
+      std::vector<std::uint8_t> faded(count);
+      const auto colour = noise(count, 6);
+      fadeRow(colour.data(), alpha.data(), faded.data(), count, black);
+      std::vector<std::uint8_t> out(count);
+      overRow(below.data(), faded.data(), alpha.data(), out.data(), count, black);
+      for (std::size_t i = 0; i < count; ++i) {
+        const double share = alpha[i] / 255.0;
+        ASSERT_NEAR(faded[i], black + (colour[i] - black) * share, 0.51) << i << " of " << count;
+        ASSERT_NEAR(out[i], std::clamp(below[i] * (1 - share) + colour[i] * share, 0.0, 255.0), 1.01)
+            << i << " of " << count << ", black " << int{black};
+      }
+    }
+  }
+}
+
+TEST(PixelRows, SharesRunFromTheThresholdOverTheSoftness) {
+  std::vector<std::uint16_t> thresholds(640);
+  for (std::size_t i = 0; i < thresholds.size(); ++i) thresholds[i] = static_cast<std::uint16_t>(i * 102);
+  std::vector<std::uint8_t> shares(thresholds.size());
+  for (const auto& [position, softness] :
+       {std::pair{0, 1}, {30000, 1}, {30000, 9000}, {131070, 65535}, {-5, 300}}) {
+    for (const auto count : kLengths) {
+      sharesRow(thresholds.data(), position, softness, shares.data(), count);
+      for (std::size_t i = 0; i < count; ++i) {
+        const double past = std::clamp(position - thresholds[i], 0, softness);
+        ASSERT_NEAR(shares[i], past * 255 / softness, 0.51) << i << " at " << position;
+      }
+    }
+  }
+}
+
+TEST(PixelRows, WeavingKeepsWhatFitsAndMendsWhatIsCombed) {
+  for (const auto count : kLengths) {
+    const std::vector<std::uint8_t> above(count, 100);
+    const std::vector<std::uint8_t> below(count, 120);
+    std::vector<std::uint8_t> row(count);
+    std::vector<std::uint8_t> out(count);
+    for (std::size_t i = 0; i < count; ++i)
+      row[i] = static_cast<std::uint8_t>(i % 3 == 0 ? 110 : i % 3 == 1 ? 200 : 20);
+    weaveRow(above.data(), row.data(), below.data(), out.data(), count);
+    for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(out[i], 110) << i;
+    const std::vector<std::uint8_t> edge(count, 125);
+    weaveRow(above.data(), edge.data(), below.data(), out.data(), count);
+    EXPECT_EQ(out, edge) << "a little beyond is detail";
+  }
+}
+
 TEST(PixelRows, HalvingTakesTheMeanOfFour) {
   for (const auto count : kLengths) {
     const auto upper = noise(2 * count, 3);

@@ -138,7 +138,6 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
     editor.controls.progressCaption = "Analysing";
   }
 
-  if (o.LeaveOutEffects) settings.RenderEffects(false);
   const KeyframeIndex keyframes(c);
   const int first = preview ? o.FirstClip : 1;
   const int last = preview ? o.LastClip : c.clips().count();

@@ -13,8 +13,7 @@ struct ClipLineOptions {
   bool TransitionZero = false;  ///< transitions start at 0 and last as the slider says
   bool FixedDuration = false;   ///< a cut is shown with FixedSeconds of each side
   Single FixedSeconds = 0;
-  bool LeaveOutEffects = false;  ///< for an engine that draws none: their elements are not written
-  bool UseSourceFile = false;    ///< SrcPath + SrcName where set, in place of Path + MovieName
+  bool UseSourceFile = false;  ///< SrcPath + SrcName where set, in place of Path + MovieName
 };
 
 /// Fills VideoTrackText with a track for each clip that has a picture and writes TimeLineStart and

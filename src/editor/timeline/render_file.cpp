@@ -116,14 +116,14 @@ bool createSound(const Compilation& c, bool clipAudio) {
 
 }  // namespace
 
-std::string compileText(const Compilation& c, bool withEffects) {
+std::string compileText(const Compilation& c) {
   const FullPower full(c);
   ClearGlobals(c.editor);
   c.settings.ObjectChange(0);
   shortenTransitions(c);
   ValidateKeyFrames(c);
   createGroup(c, kRenderMode);
-  CreateClipLine(c, {.LeaveOutEffects = !withEffects, .UseSourceFile = true});
+  CreateClipLine(c, {.UseSourceFile = true});
   return renderFileText(c, createSound(c, c.editor.controls.Chk_RenderClipAudio));
 }
 
@@ -141,8 +141,8 @@ std::string compilePreviewText(const Compilation& c, int power) {
   return renderFileText(c, true);
 }
 
-Outcome CompileForRender(const Compilation& c, const std::string& fileName, bool withEffects) {
-  return writeDurably(c.files, fileName, compileText(c, withEffects));
+Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
+  return writeDurably(c.files, fileName, compileText(c));
 }
 
 }  // namespace kvo

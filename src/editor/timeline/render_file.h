@@ -19,14 +19,13 @@ void AnalyseRenderFile(const Compilation& c, const std::string& fileName);
 
 /// Compiles the collection for a render at full power: video group and tracks, clip audio and overlay audio
 /// as the controls say. Transitions that are too long for their clips are shortened first.
-/// `withEffects` false leaves the elements of effects out, for an engine that draws none.
-std::string compileText(const Compilation& c, bool withEffects = true);
+std::string compileText(const Compilation& c);
 
 /// Compiles the collection for a preview of the given power (1 to 10): reduced size, depth and rate, the
 /// clips' own sound always, the overlays when there are any.
 std::string compilePreviewText(const Compilation& c, int power);
 
 /// As compileText, into `fileName`.
-Outcome CompileForRender(const Compilation& c, const std::string& fileName, bool withEffects = true);
+Outcome CompileForRender(const Compilation& c, const std::string& fileName);
 
 }  // namespace kvo

@@ -105,6 +105,11 @@ std::string_view TransitionFriendlyNameToCLSID(std::string_view name) {
   return found == kClasses.end() ? std::string_view() : found->clsid;
 }
 
+bool isTransition(std::string_view name) {
+  return !TransitionFriendlyNameToCLSID(name).empty() ||
+         std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
+}
+
 std::optional<int> maskNumber(std::string_view name) {
   const auto* found =
       std::find_if(std::begin(kMasks), std::end(kMasks), [&](const auto& m) { return m.name == name; });

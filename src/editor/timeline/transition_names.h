@@ -15,6 +15,9 @@ std::span<const std::string_view> transitionNames();
 /// hold.
 std::string_view TransitionFriendlyNameToCLSID(std::string_view name);
 
+/// Whether a clip may have a transition of this name: one on offer, or one that only the table holds.
+bool isTransition(std::string_view name);
+
 /// The SMPTE wipe code of a name of the mask table.
 std::optional<int> maskNumber(std::string_view name);
 

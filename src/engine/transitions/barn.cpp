@@ -6,7 +6,7 @@
 
 namespace kvo::engine {
 
-PaintTransition makeBarn(const TransitionParams& /*params*/, int width, int height) {
+Result<PaintTransition> makeBarn(const Params& /*params*/, int width, int height) {
   return byThresholds(width, height, pixelSoftness(width / 2),
                       [](double x, double /*y*/) { return std::fabs(x - 0.5) * 2; });
 }

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeBarn(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeBarn(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

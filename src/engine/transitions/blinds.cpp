@@ -6,10 +6,10 @@
 
 namespace kvo::engine {
 
-PaintTransition makeBlinds(const TransitionParams& params, int width, int height) {
+Result<PaintTransition> makeBlinds(const Params& params, int width, int height) {
   constexpr double kBands = 10;
-  const double bands = countParam(params, "bands", kBands);
-  const auto direction = wordParam(params, "direction");
+  const double bands = params.count("bands", kBands);
+  const auto direction = params.word("direction");
   const bool upright = direction != "up" && direction != "down";
   const bool backward = direction == "left" || direction == "up";
   const int pixels = static_cast<int>((upright ? width : height) / bands) + 1;

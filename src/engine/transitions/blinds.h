@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeBlinds(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeBlinds(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -7,10 +7,10 @@
 
 namespace kvo::engine {
 
-PaintTransition makeCheckerboard(const TransitionParams& params, int width, int height) {
+Result<PaintTransition> makeCheckerboard(const Params& params, int width, int height) {
   constexpr double kSquares = 8;  // across; as many rows as make them square
-  const double across = countParam(params, "squaresx", kSquares);
-  const double down = countParam(params, "squaresy", std::max(1.0, std::round(across * height / width)));
+  const double across = params.count("squaresx", kSquares);
+  const double down = params.count("squaresy", std::max(1.0, std::round(across * height / width)));
   return byThresholds(
       width, height, pixelSoftness(static_cast<int>(2 * width / across) + 1), [=](double x, double y) {
         const bool second = (static_cast<int>(x * across) + static_cast<int>(y * down)) % 2 == 1;

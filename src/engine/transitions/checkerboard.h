@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeCheckerboard(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeCheckerboard(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

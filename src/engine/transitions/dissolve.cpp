@@ -17,7 +17,7 @@ double scattered(std::uint32_t x, std::uint32_t y) {
 
 }  // namespace
 
-PaintTransition makeDissolve(const TransitionParams& /*params*/, int width, int height) {
+Result<PaintTransition> makeDissolve(const Params& /*params*/, int width, int height) {
   return byThresholds(width, height, 0, [=](double x, double y) {
     return scattered(static_cast<std::uint32_t>(x * width), static_cast<std::uint32_t>(y * height));
   });

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeDissolve(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeDissolve(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -5,27 +5,21 @@
 #include <cmath>
 
 namespace kvo::engine {
-namespace {
 
-void drawFade(const media::Picture& below, const media::Picture& above, double progress,
-              media::Picture& out) {
-  const int share = static_cast<int>(std::lround(progress * media::kFullShare));
-  for (int plane = 0; plane < 3; ++plane) {
-    const int width = plane == 0 ? out.width() : out.width() / 2;
-    const int height = plane == 0 ? out.height() : out.height() / 2;
-    for (int y = 0; y < height; ++y) {
-      media::mixRow(below.plane(plane) + static_cast<std::ptrdiff_t>(y) * below.stride(plane),
-                    above.plane(plane) + static_cast<std::ptrdiff_t>(y) * above.stride(plane),
-                    out.plane(plane) + static_cast<std::ptrdiff_t>(y) * out.stride(plane),
-                    static_cast<std::size_t>(width), share);
+void mixPictures(const media::Picture& below, const media::Picture& above, double share,
+                 media::Picture& out) {
+  const int whole = static_cast<int>(std::lround(share * media::kFullShare));
+  for (int plane = 0; plane < out.planes(); ++plane) {
+    for (int y = 0; y < out.height(plane); ++y) {
+      media::mixRow(below.row(plane, y), above.row(plane, y), out.row(plane, y),
+                    static_cast<std::size_t>(out.width(plane)), whole);
     }
   }
 }
 
-}  // namespace
-
-PaintTransition makeFade(const TransitionParams& /*params*/, int /*width*/, int /*height*/) {
-  return drawFade;
+Result<PaintTransition> makeFade(const Params& /*params*/, int /*width*/, int /*height*/) {
+  return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
+                            media::Picture& out) { mixPictures(below, above, moment.progress, out); });
 }
 
 }  // namespace kvo::engine

@@ -1,10 +1,13 @@
-// Fade: the upper picture comes in over the lower by even mixing.
+// Fade: the second picture shines through the first, ever more.
 #pragma once
 
 #include "engine/transitions/registry.h"
 
 namespace kvo::engine {
 
-PaintTransition makeFade(const TransitionParams& params, int width, int height);
+/// out = below + (above - below) * share; all of one size and kind. `out` may be one of the two.
+void mixPictures(const media::Picture& below, const media::Picture& above, double share, media::Picture& out);
+
+Result<PaintTransition> makeFade(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -34,8 +34,8 @@ std::function<double(double, double)> distanceOf(std::string_view style) {
 
 }  // namespace
 
-PaintTransition makeIris(const TransitionParams& params, int width, int height) {
-  const auto style = wordParam(params, "irisstyle");
+Result<PaintTransition> makeIris(const Params& params, int width, int height) {
+  const auto style = params.word("irisstyle");
   const double shape = static_cast<double>(width) / height;
   const auto distance = distanceOf(style);
   // What lies farthest changes last: a corner, or the middle of a side.

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeIris(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeIris(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

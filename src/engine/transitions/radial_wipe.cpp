@@ -7,8 +7,8 @@
 
 namespace kvo::engine {
 
-PaintTransition makeRadialWipe(const TransitionParams& params, int width, int height) {
-  const auto style = wordParam(params, "wipestyle");
+Result<PaintTransition> makeRadialWipe(const Params& params, int width, int height) {
+  const auto style = params.word("wipestyle");
   const double shape = static_cast<double>(width) / height;
   const double softness = pixelSoftness(2 * (width + height));
   if (style == "radial") {

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeRadialWipe(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeRadialWipe(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

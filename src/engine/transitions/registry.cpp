@@ -1,66 +1,72 @@
 #include "engine/transitions/registry.h"
 
-#include "base/numbers.h"
 #include "base/text.h"
 #include "engine/transitions/barn.h"
 #include "engine/transitions/blinds.h"
 #include "engine/transitions/checkerboard.h"
+#include "engine/transitions/colour_fade.h"
+#include "engine/transitions/curtains.h"
 #include "engine/transitions/dissolve.h"
 #include "engine/transitions/fade.h"
+#include "engine/transitions/inset.h"
 #include "engine/transitions/iris.h"
+#include "engine/transitions/luma_threshold.h"
+#include "engine/transitions/pixelate.h"
+#include "engine/transitions/placing.h"
 #include "engine/transitions/radial_wipe.h"
+#include "engine/transitions/roll_down.h"
+#include "engine/transitions/slide.h"
+#include "engine/transitions/smpte_wipe.h"
+#include "engine/transitions/space.h"
 #include "engine/transitions/spiral.h"
+#include "engine/transitions/stretch.h"
 #include "engine/transitions/wheel.h"
 #include "engine/transitions/wipe.h"
 #include "engine/transitions/zigzag.h"
 
-#include <algorithm>
 #include <array>
 
 namespace kvo::engine {
 namespace {
 
-constexpr double kMostParts = 200;  // bands, spokes, squares
-
-struct Entry {
-  std::string_view clsid;
-  MakeTransition make;
-};
-
 constexpr std::array kTransitions = {
-    Entry{"{16B280C5-EE70-11D1-9066-00C04FD9189D}", makeFade},
-    Entry{"{F7F4A1B6-8E87-452f-A2D7-3077F508DBC0}", makeDissolve},
-    Entry{"{C3BDF740-0B58-11d2-A484-00C04F8EFB69}", makeBarn},
-    Entry{"{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}", makeBlinds},
-    Entry{"{B3EE7802-8224-4787-A1EA-F0DE16DEABD3}", makeCheckerboard},
-    Entry{"{3F69F351-0379-11D2-A484-00C04F8EFB69}", makeIris},
-    Entry{"{424B71AF-0695-11D2-A484-00C04F8EFB69}", makeRadialWipe},
-    Entry{"{ACA97E00-0C7D-11d2-A484-00C04F8EFB69}", makeSpiral},
-    Entry{"{5AE1DAE0-1461-11d2-A484-00C04F8EFB69}", makeWheel},
-    Entry{"{AF279B30-86EB-11D1-81BF-0000F87557DB}", makeWipe},
-    Entry{"{E6E73D20-0C8A-11d2-A484-00C04F8EFB69}", makeZigzag},
+    TransitionKind{"{16B280C5-EE70-11D1-9066-00C04FD9189D}", makeFade},
+    TransitionKind{"{F7F4A1B6-8E87-452f-A2D7-3077F508DBC0}", makeDissolve},
+    TransitionKind{"{dE75D012-7A65-11D2-8CEA-00A0C9441E20}", makeSmpteWipe},
+    TransitionKind{"{C3BDF740-0B58-11d2-A484-00C04F8EFB69}", makeBarn},
+    TransitionKind{"{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}", makeBlinds},
+    TransitionKind{"{B3EE7802-8224-4787-A1EA-F0DE16DEABD3}", makeCheckerboard},
+    TransitionKind{"{2A54C908-07AA-11D2-8D6D-00C04F8EF8E0}", makeColourFade},
+    TransitionKind{"{107045CC-06E0-11D2-8D6D-00C04F8EF8E0}", makeFadeThroughWhite},
+    TransitionKind{"{AA0D4D12-06A3-11D2-8F98-00C04FB92EB7}", makeCurtains},
+    TransitionKind{"{93073C40-0BA5-11d2-A484-00C04F8EFB69}", makeInset},
+    TransitionKind{"{3F69F351-0379-11D2-A484-00C04F8EFB69}", makeIris},
+    TransitionKind{"{4CCEA634-FBE0-11d1-906A-00C04FD9189D}", makePixelate},
+    TransitionKind{"{424B71AF-0695-11D2-A484-00C04F8EFB69}", makeRadialWipe},
+    TransitionKind{"{9C61F46E-0530-11D2-8F98-00C04FB92EB7}", makeRollDown},
+    TransitionKind{"{810E402F-056B-11D2-A484-00C04F8EFB69}", makeSlide},
+    TransitionKind{"{ACA97E00-0C7D-11d2-A484-00C04F8EFB69}", makeSpiral},
+    TransitionKind{"{7658F2A2-0A83-11d2-A484-00C04F8EFB69}", makeStretch},
+    TransitionKind{"{2A54C915-07AA-11D2-8D6D-00C04F8EF8E0}", makeLumaThreshold},
+    TransitionKind{"{5AE1DAE0-1461-11d2-A484-00C04F8EFB69}", makeWheel},
+    TransitionKind{"{AF279B30-86EB-11D1-81BF-0000F87557DB}", makeWipe},
+    TransitionKind{"{E6E73D20-0C8A-11d2-A484-00C04F8EFB69}", makeZigzag},
+    TransitionKind{"{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}", makePlacing, placesAll},
+    TransitionKind{"{9A43A844-0831-11D1-817F-0000F87557DB}", makePlacing, placesAll},
+    TransitionKind{"{C63344D8-70D3-4032-9B32-7A3CAD5091A5}", makeSpace},
 };
 
 }  // namespace
 
-double countParam(const TransitionParams& params, std::string_view name, double otherwise) {
-  const auto found = params.find(name);
-  const double count = found == params.end() ? 0 : RoundToWhole(ToNumber(found->second));
-  return count >= 1 ? std::min(count, kMostParts) : otherwise;
-}
-
-std::string wordParam(const TransitionParams& params, std::string_view name) {
-  const auto found = params.find(name);
-  return found == params.end() ? std::string() : lower(trimmed(found->second));
-}
-
-MakeTransition findTransition(std::string_view clsid) {
-  for (const auto& entry : kTransitions) {
-    if (sameText(entry.clsid, clsid)) return entry.make;
+const TransitionKind* findTransition(std::string_view clsid) {
+  for (const auto& kind : kTransitions) {
+    if (sameText(kind.clsid, clsid)) return &kind;
   }
   return nullptr;
 }
 
-bool isCutElement(std::string_view clsid) { return clsid == "{99999999-9999-9999-9999-999999999999}"; }
+bool isCutElement(std::string_view clsid) {
+  return sameText(clsid, "{99999999-9999-9999-9999-999999999999}");
+}
 
 }  // namespace kvo::engine

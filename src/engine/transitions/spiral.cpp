@@ -6,7 +6,7 @@
 
 namespace kvo::engine {
 
-PaintTransition makeSpiral(const TransitionParams& /*params*/, int width, int height) {
+Result<PaintTransition> makeSpiral(const Params& /*params*/, int width, int height) {
   constexpr int kCells = 9;  // odd, so that the path ends in the middle
   static_assert(kCells % 2 == 1);
   return byThresholds(width, height, pixelSoftness(kCells * kCells * width / kCells), [](double x, double y) {

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeSpiral(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeSpiral(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -3,8 +3,12 @@
 #pragma once
 
 #include "engine/transitions/registry.h"
+#include "media/colour.h"
 
+#include <cstdint>
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace kvo::engine {
 
@@ -16,5 +20,21 @@ PaintTransition byThresholds(int width, int height, double softness, const Thres
 
 /// The softness that makes an edge about a pixel wide.
 constexpr double pixelSoftness(int pixels) { return 1.0 / pixels; }
+
+/// A line between the two pictures.
+struct Border {
+  double width = 0;  ///< as a share of the whole way
+  media::YuvColour colour{};
+};
+
+/// The thresholds of every pixel of a plane, row by row.
+struct ThresholdMap {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint16_t> values{};  ///< 0 to 65535
+};
+
+/// `map` is of the size of the pictures.
+PaintTransition byThresholdMap(ThresholdMap map, double softness, const std::optional<Border>& border);
 
 }  // namespace kvo::engine

@@ -7,9 +7,9 @@
 
 namespace kvo::engine {
 
-PaintTransition makeWheel(const TransitionParams& params, int width, int height) {
+Result<PaintTransition> makeWheel(const Params& params, int width, int height) {
   constexpr double kSpokes = 4;
-  const double spokes = countParam(params, "spokes", kSpokes);
+  const double spokes = params.count("spokes", kSpokes);
   const double shape = static_cast<double>(width) / height;
   return byThresholds(width, height, pixelSoftness(static_cast<int>(2 * (width + height) / spokes) + 1),
                       [=](double x, double y) {

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeWheel(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeWheel(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

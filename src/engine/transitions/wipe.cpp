@@ -4,7 +4,7 @@
 
 namespace kvo::engine {
 
-PaintTransition makeWipe(const TransitionParams& /*params*/, int width, int height) {
+Result<PaintTransition> makeWipe(const Params& /*params*/, int width, int height) {
   return byThresholds(width, height, pixelSoftness(width), [](double x, double /*y*/) { return x; });
 }
 

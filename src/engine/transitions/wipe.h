@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeWipe(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeWipe(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

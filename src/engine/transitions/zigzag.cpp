@@ -4,7 +4,7 @@
 
 namespace kvo::engine {
 
-PaintTransition makeZigzag(const TransitionParams& /*params*/, int width, int height) {
+Result<PaintTransition> makeZigzag(const Params& /*params*/, int width, int height) {
   constexpr int kAcross = 16;
   constexpr int kDown = 9;
   return byThresholds(width, height, 0, [](double x, double y) {

@@ -5,6 +5,6 @@
 
 namespace kvo::engine {
 
-PaintTransition makeZigzag(const TransitionParams& params, int width, int height);
+Result<PaintTransition> makeZigzag(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -1,0 +1,12 @@
+// A picture in squares of one colour each.
+#pragma once
+
+#include "media/picture.h"
+
+namespace kvo::engine {
+
+/// Every square of `size` pixels, from the middle out, becomes its mean. `size` is 2 or more; chroma follows
+/// luma.
+void makeBlocks(media::Picture& picture, double size);
+
+}  // namespace kvo::engine

@@ -1,0 +1,27 @@
+#include "engine/effects/motion_blur.h"
+
+#include "engine/effects/streaks.h"
+#include "engine/planes.h"
+#include "engine/transitions/fade.h"
+
+namespace kvo::engine {
+
+DrawEffect makeMotionBlur(const Params& params, int /*width*/, int /*height*/) {
+  return [params](const media::Picture& picture, const EffectMoment& moment) {
+    const double strength = params.number("strength", moment.time, 0, 0, 500);
+    if (strength < 1) return picture;
+    // From up, clockwise, to from the right, counter-clockwise.
+    const double angle = 90 - params.number("direction", moment.time, 0, -3600, 3600);
+    auto out = media::Picture::makeLike(picture);
+    for (int plane = 0; out && plane < out.planes(); ++plane) {
+      const double length = media::Picture::isChroma(plane) ? strength / 2 : strength;
+      streaks(planeOf(picture, plane), angle, length).copyTo(planeOf(out, plane));
+    }
+    if (out && params.number("add", moment.time, 0) > 0.5) {
+      mixPictures(picture, out, 0.5, out);
+    }
+    return out;
+  };
+}
+
+}  // namespace kvo::engine

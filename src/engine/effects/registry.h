@@ -1,0 +1,34 @@
+// The effects the engine can draw, by class id. One file an effect, one line in the table.
+#pragma once
+
+#include "engine/params.h"
+#include "media/picture.h"
+
+#include <functional>
+#include <string_view>
+
+namespace kvo::engine {
+
+/// When an effect is drawn.
+struct EffectMoment {
+  double time = 0;    ///< seconds since the start of the effect
+  double length = 0;  ///< seconds that its clip is shown
+};
+
+/// A clip's picture as the effect makes it, or the same picture; empty when memory is short.
+using DrawEffect = std::function<media::Picture(const media::Picture& picture, const EffectMoment& moment)>;
+
+/// Prepares an effect for pictures of one size.
+using MakeEffect = DrawEffect (*)(const Params& params, int width, int height);
+
+struct EffectKind {
+  std::string_view clsid;
+  MakeEffect make;
+  /// Whether it differs from frame to frame though its parameters do not; null: never.
+  bool (*moves)(const Params& params) = nullptr;
+};
+
+/// Null for a class id that is not known.
+const EffectKind* findEffect(std::string_view clsid);
+
+}  // namespace kvo::engine

@@ -1,0 +1,37 @@
+#include "engine/effects/relief.h"
+
+#include "engine/planes.h"
+
+#include <opencv2/imgproc.hpp>
+
+namespace kvo::engine {
+namespace {
+
+constexpr double kGrey = 126;
+
+// Light from the upper left falls on slopes that face it.
+DrawEffect relief(double raised) {
+  return [raised](const media::Picture& picture, const EffectMoment& /*moment*/) {
+    auto out = copyOf(picture);
+    if (!out) return out;
+    const cv::Matx33f slope(-1, -1, 0, -1, 0, 1, 0, 1, 1);
+    cv::filter2D(planeOf(picture, 0), planeOf(out, 0), CV_8U, cv::Mat(slope) * raised, {-1, -1}, kGrey,
+                 cv::BORDER_REPLICATE);
+    out.fill(1, 128);
+    out.fill(2, 128);
+    if (out.hasAlpha()) {
+      cv::Mat seen;
+      planeOf(out, 3).convertTo(seen, CV_8U, (kGrey - 16) / 255, 16);
+      cv::Mat luma = planeOf(out, 0);
+      cv::min(luma, seen, luma);
+    }
+    return out;
+  };
+}
+
+}  // namespace
+
+DrawEffect makeEmboss(const Params& /*params*/, int /*width*/, int /*height*/) { return relief(1); }
+DrawEffect makeEngrave(const Params& /*params*/, int /*width*/, int /*height*/) { return relief(-1); }
+
+}  // namespace kvo::engine

@@ -1,0 +1,31 @@
+#include "engine/transitions/colour_fade.h"
+
+#include "engine/drawing.h"
+#include "engine/transitions/fade.h"
+
+namespace kvo::engine {
+namespace {
+
+PaintTransition through(const media::YuvColour& colour) {
+  return [colour](const media::Picture& below, const media::Picture& above, const Moment& moment,
+                  media::Picture& out) {
+    drawColour(wholeOf(out), colour, out);
+    if (moment.progress < 0.5) {
+      mixPictures(below, out, 2 * moment.progress, out);
+    } else {
+      mixPictures(out, above, 2 * moment.progress - 1, out);
+    }
+  };
+}
+
+}  // namespace
+
+Result<PaintTransition> makeColourFade(const Params& params, int /*width*/, int height) {
+  return through(media::yuvOf(media::parseColour(params.word("color")).value_or(media::Colour{}), height));
+}
+
+Result<PaintTransition> makeFadeThroughWhite(const Params& /*params*/, int /*width*/, int height) {
+  return through(media::yuvOf({255, 255, 255}, height));
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,14 @@
+#include "engine/transitions/inset.h"
+
+#include "engine/transitions/threshold.h"
+
+#include <algorithm>
+
+namespace kvo::engine {
+
+Result<PaintTransition> makeInset(const Params& /*params*/, int width, int height) {
+  return byThresholds(width, height, pixelSoftness(std::max(width, height)),
+                      [](double x, double y) { return std::max(1 - x, 1 - y); });
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,40 @@
+#include "engine/transitions/luma_threshold.h"
+
+#include "media/pixel_rows.h"
+
+#include <vector>
+
+namespace kvo::engine {
+namespace {
+
+constexpr int kSoft = 5000;  // of 65535
+constexpr int kWay = 65535;
+
+void paint(const media::Picture& below, const media::Picture& above, double progress, media::Picture& out) {
+  const int position = static_cast<int>(progress * (kWay + kSoft));
+  const auto width = static_cast<std::size_t>(out.width());
+  std::vector<std::uint16_t> thresholds(width);
+  std::vector<std::uint8_t> shares(width);
+  for (int plane = 0; plane < out.planes(); ++plane) {
+    const int step = media::Picture::isChroma(plane) ? 2 : 1;
+    const auto count = static_cast<std::size_t>(out.width(plane));
+    for (int y = 0; y < out.height(plane); ++y) {
+      const auto* luma = below.row(0, y * step);
+      for (std::size_t x = 0; x < count; ++x) {
+        thresholds[x] = static_cast<std::uint16_t>(kWay - luma[x * static_cast<std::size_t>(step)] * 257);
+      }
+      media::sharesRow(thresholds.data(), position, kSoft, shares.data(), count);
+      media::mixRowByShares(below.row(plane, y), above.row(plane, y), shares.data(), out.row(plane, y),
+                            count);
+    }
+  }
+}
+
+}  // namespace
+
+Result<PaintTransition> makeLumaThreshold(const Params& /*params*/, int /*width*/, int /*height*/) {
+  return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
+                            media::Picture& out) { paint(below, above, moment.progress, out); });
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,109 @@
+#include "engine/transitions/simple_3d.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvo::engine {
+namespace {
+
+constexpr double kTurns = 360;        // degrees of a whole way in the plane
+constexpr double kTiltDegrees = 180;  // about the x axis
+
+double lastScale(const Params& params) {
+  const auto word = params.word("scalea");
+  if (word == "smaller") return 0;
+  if (word == "larger") return 3;
+  return params.number("scalea", 0, 1, 0, 100);
+}
+
+// The signed area of what is seen: negative from behind.
+bool seenFromBehind(const Corners& c) {
+  double area = 0;
+  for (std::size_t i = 0; i < 4; ++i) area += c[i].cross(c[(i + 1) % 4]);
+  return area < 0;
+}
+
+}  // namespace
+
+Motion motionOf(const Params& params, int width, int height, double way) {
+  const double first = params.number("initialscalea", 0, 1, 0, 100);
+  const double scale = first + (lastScale(params) - first) * way;
+  const double speed = params.number("movespeeda", 0, 1, 0, 100);
+  const auto move = params.word("movea");
+  Point shift;
+  if (move == "left") shift.x = -speed * way * width;
+  if (move == "right") shift.x = speed * way * width;
+  if (move == "up") shift.y = -speed * way * height;
+  if (move == "down") shift.y = speed * way * height;
+  if (move == "in") shift.z = -std::min(0.9, 0.5 * speed * way) * 1.5 * width;
+  if (move == "out") shift.z = speed * way * 1.5 * width;
+
+  const auto rotate = params.word("rotatea");
+  Point turn;
+  if (rotate == "left") turn.z = -kTurns * way;
+  if (rotate == "right") turn.z = kTurns * way;
+  if (rotate == "up") turn.x = kTurns * way;
+  if (rotate == "down") turn.x = -kTurns * way;
+  if (params.flag("revolvecamera")) turn.x += kTiltDegrees * way;
+
+  const auto centre = params.word("rotatecentera");
+  Point pivot{width / 2.0, height / 2.0, 0};
+  if (centre.find("left") != std::string::npos) pivot.x = 0;
+  if (centre.find("right") != std::string::npos) pivot.x = width;
+  if (centre.find("upper") != std::string::npos) pivot.y = 0;
+  if (centre.find("lower") != std::string::npos) pivot.y = height;
+  // About a corner a quarter of a turn takes a picture off the screen.
+  if (!centre.empty()) turn.z *= 0.36;
+
+  const Camera camera(width, height);
+  const Point middle{width / 2.0, height / 2.0, 0};
+  const double w = width;
+  const double h = height;
+  const std::array<Point, 4> flat = {Point{0, 0, 0}, {w, 0, 0}, {w, h, 0}, {0, h, 0}};
+  Motion motion;
+  for (std::size_t i = 0; i < flat.size(); ++i) {
+    const Point scaled = middle + (flat[i] - middle) * scale;
+    motion.corners[i] = camera.seen(pivot + turned(scaled - pivot, turn) + shift);
+  }
+  motion.back = seenFromBehind(motion.corners);
+  return motion;
+}
+
+namespace {
+
+void paintFlip(const Params& params, const media::Picture& below, const media::Picture& above,
+               double progress, media::Picture& out) {
+  drawColour(wholeOf(out), {}, out);
+  auto motion = motionOf(params, out.width(), out.height(), unevenProgress(params, progress));
+  const double light = 1 - 0.4 * (1 - std::fabs(2 * progress - 1));
+  if (!motion.back) return drawTurned(below, wholeOf(below), motion.corners, {1, light}, out);
+  // The second stands on its head on the back, so that it is upright when it has come round.
+  std::swap(motion.corners[0], motion.corners[3]);
+  std::swap(motion.corners[1], motion.corners[2]);
+  drawTurned(above, wholeOf(above), motion.corners, {1, light}, out);
+}
+
+void paint(const Params& params, const media::Picture& below, const media::Picture& above, double progress,
+           media::Picture& out) {
+  if (progress <= 0 || progress >= 1) return drawAll(progress <= 0 ? below : above, out);
+  if (params.flag("revolvecamera")) return paintFlip(params, below, above, progress, out);
+  drawAll(above, out);
+  const double way = unevenProgress(params, progress);
+  const auto motion = motionOf(params, out.width(), out.height(), way);
+  if (motion.back && !params.flag("showaback")) return;
+  const double fadeStart = params.number("fadestarta", 0, 1, 0, 1);
+  // What has not left by itself is gone at the end all the same.
+  const double fadeFrom = fadeStart < 1 ? fadeStart : 0.85;
+  const double opacity = std::clamp((1 - progress) / (1 - fadeFrom), 0.0, 1.0);
+  drawTurned(below, wholeOf(below), motion.corners, {opacity, motion.back ? 1.6 : 1.0}, out);
+}
+
+}  // namespace
+
+Result<PaintTransition> makeSimple3D(const Params& params, int /*width*/, int /*height*/) {
+  return PaintTransition(
+      [params](const media::Picture& below, const media::Picture& above, const Moment& moment,
+               media::Picture& out) { paint(params, below, above, moment.progress, out); });
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,167 @@
+// Every transition and effect that a user can choose, from its name in a collection to the picture.
+#include "editor/timeline/effects_table.h"
+#include "editor/timeline/picture_in_picture.h"
+#include "editor/timeline/render_file.h"
+#include "editor/timeline/transition_names.h"
+#include "engine/compositor.h"
+#include "engine/document_reader.h"
+#include "support/fakes.h"
+#include "support/pictures.h"
+#include "support/real_world.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+constexpr int kWidth = 128;
+constexpr int kHeight = 72;
+
+class DrawnNames : public testing::Test {
+ protected:
+  DrawnNames() {
+    picture("black.png", "color=black:size=128x72");
+    picture("white.png", "color=white:size=128x72");
+    picture("scene.png", "testsrc=size=128x72");
+  }
+
+  void picture(const std::string& name, const std::string& source) {
+    test::makeMedia(folder_, name, {"-f", "lavfi", "-i", source, "-frames:v", "1"});
+  }
+
+  Movie& addStill(test::Bench& b, const std::string& name, double seconds) const {
+    auto& clip = b.addVideo(name, 0, seconds, folder_.path() + "/");
+    clip.IsStill(true);
+    return clip;
+  }
+
+  static engine::Timeline compiled(test::Bench& b, const std::string& what) {
+    b.editor.controls.txtWidth = kWidth;
+    b.editor.controls.txtHeight = kHeight;
+    b.editor.controls.Chk_RenderClipAudio = false;
+    auto timeline = engine::readDocument(compileText(b.compilation));
+    EXPECT_TRUE(timeline) << what << ": " << timeline.error().text;
+    return timeline ? std::move(*timeline) : engine::Timeline{};
+  }
+
+  static media::Picture frame(engine::Compositor& compositor, std::int64_t number, const std::string& what) {
+    auto picture = compositor.frame(number);
+    EXPECT_TRUE(picture) << what << ": " << picture.error().text;
+    return picture ? std::move(*picture) : media::Picture::black(kWidth, kHeight);
+  }
+
+  test::ScratchFolder folder_;
+};
+
+// From black to white over two seconds, at 25 frames a second.
+TEST_F(DrawnNames, EveryTransitionLeadsFromOneClipToTheNext) {
+  std::vector<std::string> names(transitionNames().begin(), transitionNames().end());
+  for (const auto* more :
+       {"ColorFade", "Compositor", "Curtains", "FadeWhite", "Inset", "RollDown", "SMPTE Wipe", "Threshold"}) {
+    names.emplace_back(more);
+  }
+  for (const auto& name : names) {
+    test::Bench b;
+    addStill(b, "black.png", 2);
+    auto& second = addStill(b, "white.png", 2);
+    second.TransType(name);
+    second.TransIn(20);
+    const auto timeline = compiled(b, name);
+    engine::Compositor compositor(timeline);
+    // These stand in a corner of the first at once, as their keys say; that one is a cut.
+    const bool placed = name.starts_with("Bounce") || name == "QuartileMove" || name == "Compositor";
+    const bool throughOther = name == "ColorFade" || name == "FadeWhite" || name == "Threshold";
+    const bool inSpace = name.starts_with("Whirl") || name.starts_with("Shatter") || name == "Flip";
+    double before = 0;
+    double middle = 0;
+    for (int number = 0; number < 50; number += 7) {
+      const double share = (test::mean(frame(compositor, number, name)) - 16) / 219;
+      if (number == 0 && !placed) {
+        EXPECT_LT(share, 0.001) << name << " begins with the first";
+      }
+      if (!placed && !throughOther) {
+        EXPECT_GE(share, before - (inSpace ? 0.03 : 0.002)) << name << " at " << number;
+      }
+      if (number == 28) middle = share;
+      before = share;
+    }
+    if (name != "Compositor" && name != "Threshold") {
+      EXPECT_GT(middle, 0.002) << name << " is on its way";
+      EXPECT_LT(middle, name == "FadeWhite" ? 1.01 : 0.995) << name << " is on its way";
+    }
+    EXPECT_GT(test::mean(frame(compositor, 49, name)), 234.5) << name << " ends with the second";
+  }
+}
+
+TEST_F(DrawnNames, EveryEffectIsSeen) {
+  const auto plain = [&] {
+    test::Bench b;
+    addStill(b, "scene.png", 3);
+    const auto timeline = compiled(b, "plain");
+    engine::Compositor compositor(timeline);
+    return frame(compositor, 60, "plain");
+  }();
+  for (std::size_t position = 0; position < 46; ++position) {
+    test::Bench b;
+    LoadEffects(b.editor.effects, b.files, b.boxes, b.log, b.folder);
+    auto& clip = addStill(b, "scene.png", 3);
+    std::string word(46, '0');
+    word[position] = '1';
+    clip.EffectWord(word);
+    clip.BlurInt(5);
+    clip.MBlurStrength(14);
+    clip.MBlurDirection(20);
+    clip.AgeIntensity(35);
+    clip.ScaleA(1);
+    clip.InitialScaleA(0.75F);
+    const auto what = "switch " + std::to_string(position + 1);
+    const auto timeline = compiled(b, what);
+    ASSERT_EQ(timeline.video.at(0).effects.size(), 1U) << what;
+    // InkOutline's level in the table is 0: it waits for the user to raise it.
+    const auto* level = timeline.video[0].effects[0].params.find("transparency");
+    if (level != nullptr && level->number.value == 0) continue;
+    engine::Compositor compositor(timeline);
+    const auto picture = frame(compositor, 60, what);
+    EXPECT_GT(test::difference(plain, picture) + test::difference(plain, picture, 1), 0.3) << what;
+  }
+}
+
+TEST_F(DrawnNames, APictureInAPictureStandsInItsPlace) {
+  test::Bench b;
+  auto& backdrop = addStill(b, "black.png", 4);
+  auto& overlay = addStill(b, "white.png", 4);
+  backdrop.DurationTime(Value(4));
+  overlay.DurationTime(Value(4));
+  b.editor.controls.txtWidth = kWidth;
+  b.editor.controls.txtHeight = kHeight;
+  for (const auto& [position, x, y] :
+       {std::tuple{1, 10, 10}, std::tuple{4, 100, 60}, std::tuple{12, 110, 66}, std::tuple{15, 64, 36}}) {
+    backdrop.HasPicInPic(
+        picInPicText({.overlayClip = 2, .position = position, .fadeIn = 1000, .fadeOut = 1000}));
+    const auto text = CreatePinPPreview(b.compilation, 1, {.backdropAudio = true});
+    const auto timeline = engine::readDocument(text);
+    ASSERT_TRUE(timeline) << timeline.error().text << text;
+    engine::Compositor compositor(*timeline);
+    const auto at = [&](int number) {
+      return (frame(compositor, number, "picture in picture").row(0, y)[x] - 16) / 219.0;
+    };
+    EXPECT_NEAR(at(1), 0.04, 0.03) << position;
+    EXPECT_NEAR(at(12), 0.5, 0.05) << position << ": half way in";
+    EXPECT_NEAR(at(50), 1, 0.01) << position;
+    EXPECT_NEAR(at(87), 0.5, 0.05) << position << ": half way out";
+    const auto whole = frame(compositor, 50, "");
+    const double share = position == 1 || position == 4 ? 0.25 : 1 / 9.0;
+    EXPECT_NEAR((test::mean(whole) - 16) / 219, share, 0.01) << position;
+  }
+  // The radial style fades out to nothing at its rim.
+  backdrop.HasPicInPic(picInPicText({.overlayClip = 2, .style = OverlayStyle::Radial, .position = 8}));
+  const auto timeline = engine::readDocument(CreatePinPPreview(b.compilation, 1, {}));
+  ASSERT_TRUE(timeline);
+  engine::Compositor compositor(*timeline);
+  const auto round = frame(compositor, 20, "");
+  EXPECT_GT(round.row(0, kHeight / 2)[kWidth / 2], 225);
+  EXPECT_LT(round.row(0, 2)[2], 20);
+}
+
+}  // namespace
+}  // namespace kvo

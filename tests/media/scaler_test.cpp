@@ -1,0 +1,251 @@
+// Frames of any kind as pictures: sizes, shapes, colours, alpha, and how they lie.
+#include "media/scaler.h"
+
+#include "media/bgr.h"
+#include "media/colour.h"
+#include "media/png.h"
+#include "media/video_reader.h"
+#include "support/pictures.h"
+#include "support/real_world.h"
+
+#include <cmath>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace kvo::media {
+namespace {
+
+using test::ScratchFolder;
+
+Picture placed(const std::string& path, int width, int height, Fit fit = Fit::Stretch) {
+  auto reader = VideoReader::open(path, 1);
+  EXPECT_TRUE(reader) << reader.error().text;
+  const auto frame = reader->frameAt(0);
+  EXPECT_TRUE(frame) << frame.error().text;
+  auto picture = Scaler(width, height).place(*frame, fit);
+  EXPECT_TRUE(picture) << picture.error().text;
+  return *picture;
+}
+
+TEST(Scaler, AGreyRampComesOutGreyWhateverTheFormatSpaceAndRange) {
+  const ScratchFolder folder;
+  struct Row {
+    const char* name;
+    std::vector<std::string> arguments;
+  };
+  const std::vector<std::string> ramp = {
+      "-f", "lavfi", "-i", "color=black:size=256x64,format=gray,geq=lum='X'", "-frames:v", "1"};
+  const Row rows[] = {
+      {"rgb.png", {"-pix_fmt", "rgb24"}},
+      {"grey.png", {"-pix_fmt", "gray"}},
+      {"rgba.png", {"-pix_fmt", "rgba"}},
+      {"deep.png", {"-pix_fmt", "rgb48be"}},
+      {"full.mkv", {"-vf", "scale=out_range=full,format=yuvj420p", "-c:v", "ffv1"}},
+      {"limited.mkv", {"-vf", "scale=out_range=limited,format=yuv420p", "-c:v", "ffv1"}},
+      {"wide.mkv", {"-vf", "scale=out_range=limited,format=yuv422p10le", "-c:v", "ffv1"}},
+      {"hd.mkv",
+       {"-vf", "scale=out_range=limited:out_color_matrix=bt709,format=yuv444p", "-c:v", "ffv1", "-colorspace",
+        "bt709"}},
+      {"photo.jpg", {"-q:v", "2", "-pix_fmt", "yuvj444p"}},
+  };
+  for (const auto& row : rows) {
+    auto arguments = ramp;
+    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+    const auto picture = placed(test::makeMedia(folder, row.name, arguments), 256, 64);
+    EXPECT_FALSE(picture.hasAlpha()) << row.name << ": what covers all needs no alpha";
+    for (const int x : {2, 64, 128, 200, 253}) {
+      EXPECT_NEAR(picture.row(0, 30)[x], 16 + x * 219 / 255.0, 3) << row.name << " at " << x;
+      EXPECT_NEAR(picture.row(1, 15)[x / 2], 128, 2) << row.name << " at " << x;
+      EXPECT_NEAR(picture.row(2, 15)[x / 2], 128, 2) << row.name << " at " << x;
+    }
+  }
+}
+
+// A colour is the same colour, from a source of either space into a picture of either.
+TEST(Scaler, ColoursKeepTheirPlaceBetweenTheSpaces) {
+  const ScratchFolder folder;
+  for (const auto* matrix : {"bt601", "bt709"}) {
+    const auto path = test::makeMedia(
+        folder, std::string(matrix) + ".mkv",
+        {"-f", "lavfi", "-i", "color=0x3060C0:size=64x64,format=rgb24", "-frames:v", "1", "-vf",
+         std::string("scale=out_color_matrix=") + matrix + ":out_range=limited,format=yuv420p", "-c:v",
+         "ffv1", "-colorspace", matrix == std::string("bt601") ? "smpte170m" : "bt709"});
+    for (const int height : {64, 720}) {
+      const auto picture = placed(path, 64, height);
+      const auto wanted = yuvOf({0x30, 0x60, 0xC0}, height);
+      EXPECT_NEAR(picture.row(0, 9)[9], wanted.y, 2) << matrix << " " << height;
+      EXPECT_NEAR(picture.row(1, 9)[9], wanted.u, 2) << matrix << " " << height;
+      EXPECT_NEAR(picture.row(2, 9)[9], wanted.v, 2) << matrix << " " << height;
+    }
+  }
+}
+
+TEST(Scaler, AlphaOfAStillIsKept) {
+  const ScratchFolder folder;
+  // Red, its left half clear with green hidden in it, a strip in the middle half clear.
+  const auto path = test::makeMedia(folder, "alpha.png",
+                                    {"-f", "lavfi", "-i",
+                                     "color=red:size=80x40,format=rgba,geq=r='if(lt(X,40),0,255)':g='if(lt(X,"
+                                     "40),255,0)':b=0:a='if(lt(X,40),0,if(lt(X,60),128,255))'",
+                                     "-frames:v", "1"});
+  const auto picture = placed(path, 160, 80);
+  ASSERT_TRUE(picture.hasAlpha());
+  const auto red = yuvOf({255, 0, 0}, 80);
+  EXPECT_EQ(picture.row(3, 40)[20], 0);
+  EXPECT_NEAR(picture.row(3, 40)[100], 128, 2);
+  EXPECT_EQ(picture.row(3, 40)[140], 255);
+  EXPECT_EQ(picture.row(0, 40)[20], 16);
+  EXPECT_NEAR(picture.row(0, 40)[100], 16 + (red.y - 16) / 2.0, 2);
+  EXPECT_NEAR(picture.row(2, 20)[70], red.v, 2);
+  // The hidden green does not shine into the edge: it darkens, and gets no greener.
+  for (int x = 74; x < 86; ++x) EXPECT_LE(picture.row(0, 40)[x], 16 + (red.y - 16) / 2 + 6) << x;
+  const auto boxed = placed(path, 80, 80, Fit::Letterbox);
+  EXPECT_EQ(boxed.row(3, 4)[60], 0) << "around it nothing is seen";
+}
+
+TEST(Scaler, PixelsThatAreNotSquareKeepTheShapeOfThePicture) {
+  const ScratchFolder folder;
+  // 64 x 64 pixels, each twice as wide as high: a picture of 2 to 1.
+  const auto path = test::makeMedia(
+      folder, "wide.mkv",
+      {"-f", "lavfi", "-i", "color=white:size=64x64", "-frames:v", "1", "-vf", "setsar=2", "-c:v", "ffv1"});
+  const auto boxed = placed(path, 128, 128, Fit::Letterbox);
+  EXPECT_EQ(boxed.row(0, 20)[64], 16);
+  EXPECT_EQ(boxed.row(0, 40)[4], 235) << "full width, half height";
+  const auto filled = placed(path, 128, 128, Fit::Fill);
+  EXPECT_EQ(filled.row(0, 2)[2], 235);
+  const auto cropped = placed(path, 256, 128, Fit::Crop);
+  EXPECT_EQ(cropped.row(0, 64)[70], 235) << "128 wide in the middle";
+  EXPECT_EQ(cropped.row(0, 64)[58], 16);
+}
+
+TEST(Scaler, PicturesAreTurnedUpright) {
+  const ScratchFolder folder;
+  // White in the upper left quarter.
+  const auto lying = test::makeMedia(
+      folder, "lying.mp4",
+      {"-f", "lavfi", "-i",
+       "color=black:size=64x32:rate=25:duration=1,drawbox=x=0:y=0:w=32:h=16:color=white:t=fill", "-c:v",
+       "mpeg4", "-q:v", "2"});
+  for (const int degrees : {90, 180, 270}) {
+    const auto turned = folder / (std::to_string(degrees) + ".mp4");
+    const auto end =
+        test::runProgram({"ffmpeg", "-hide_banner", "-loglevel", "error", "-y", "-i", lying,
+                          "-metadata:s:v:0", "rotate=" + std::to_string(degrees), "-c", "copy", turned});
+    ASSERT_EQ(end.exitCode, 0) << end.err;
+    const int width = degrees == 180 ? 64 : 32;
+    const int height = degrees == 180 ? 32 : 64;
+    const auto picture = placed(turned, width, height);
+    const auto wanted = test::picturesOf(turned, width, height).front();  // ffmpeg turns it upright as well
+    int white = 0;
+    for (const double x : {0.25, 0.75}) {
+      for (const double y : {0.25, 0.75}) {
+        const int column = static_cast<int>(x * width);
+        const int row = static_cast<int>(y * height);
+        const bool isWhite = wanted.at(column, row, 0) > 128;
+        EXPECT_EQ(picture.row(0, row)[column] > 128, isWhite) << degrees << " degrees at " << x << ", " << y;
+        white += isWhite ? 1 : 0;
+      }
+    }
+    EXPECT_EQ(white, 1) << degrees;
+  }
+}
+
+TEST(VideoReader, DeinterlacesWhatIsInterlaced) {
+  const ScratchFolder folder;
+  // A white bar that moves by 8 pixels from one half picture to the next.
+  const auto path = test::makeMedia(folder, "tv.mpg",
+                                    {"-f", "lavfi", "-i",
+                                     "color=black:size=128x64:rate=50:duration=1,format=yuv420p,geq=lum='if("
+                                     "between(X-8*N,0,20),235,16)':cb=128:cr=128",
+                                     "-vf", "interlace=scan=tff:lowpass=off,setfield=tff", "-r", "25", "-c:v",
+                                     "mpeg2video", "-flags", "+ilme+ildct", "-top", "1", "-q:v", "2"});
+  auto reader = VideoReader::open(path, 1);
+  ASSERT_TRUE(reader);
+  const auto frame = reader->frameAt(0.12);
+  ASSERT_TRUE(frame);
+  const auto picture = *Scaler(128, 64).place(*frame, Fit::Stretch);
+  // Neighbouring rows agree: no comb is left.
+  int combed = 0;
+  for (int y = 1; y + 1 < 64; ++y) {
+    for (int x = 0; x < 128; ++x) {
+      const int v = picture.row(0, y)[x];
+      const int above = picture.row(0, y - 1)[x];
+      const int below = picture.row(0, y + 1)[x];
+      combed += std::abs(v - above) > 60 && std::abs(v - below) > 60 ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(combed, 0);
+  EXPECT_GT(test::mean(picture), 40) << "the bar is there";
+}
+
+TEST(Colours, AreReadFromTheirTexts) {
+  const std::pair<const char*, Colour> rows[] = {{"ALICEBLUE", {240, 248, 255}}, {"red", {255, 0, 0}},
+                                                 {" #00ff80 ", {0, 255, 128}},   {"0x102030", {16, 32, 48}},
+                                                 {"FF8000", {255, 128, 0}},      {"255", {255, 0, 0}},
+                                                 {"16711680", {0, 0, 255}},      {"0", {0, 0, 0}}};
+  for (const auto& [text, colour] : rows) EXPECT_EQ(parseColour(text), colour) << text;
+  for (const auto* text : {"", "None", "no colour", "random", "99999999999", "-1", "red@0.5", "#12"}) {
+    EXPECT_FALSE(parseColour(text)) << text;
+  }
+}
+
+TEST(Colours, EveryNameOfTheShippedListIsOne) {
+  std::ifstream list(std::string(KVO_GOLDEN) + "/../../assets/share/ParamCols.dat");
+  int count = 0;
+  for (std::string name; std::getline(list, name, '\r'); list.ignore(1), ++count) {
+    EXPECT_TRUE(parseColour(name)) << name;
+  }
+  EXPECT_GT(count, 100);
+}
+
+TEST(Bgr, GoesThereAndBack) {
+  for (const int height : {96, 720}) {
+    const auto picture = test::scene(128, height);
+    std::vector<std::uint8_t> bgr(128U * 3 * static_cast<std::size_t>(height));
+    toBgr(picture, bgr.data(), 128U * 3);
+    auto back = copyOf(picture);
+    fromBgr(bgr.data(), 128U * 3, back);
+    EXPECT_LT(test::difference(picture, back), 0.8);
+    EXPECT_LT(test::difference(picture, back, 1), 1.5);
+    EXPECT_LT(test::difference(picture, back, 2), 1.5);
+  }
+  // Half transparent, the colours are the same ones.
+  auto half = withAlpha(test::scene(64, 48));
+  half.fill(3, 128);
+  for (int plane = 0; plane < 3; ++plane) {
+    for (int y = 0; y < half.height(plane); ++y) {
+      for (int x = 0; x < half.width(plane); ++x) {
+        const int black = Picture::blackOf(plane);
+        half.row(plane, y)[x] =
+            static_cast<std::uint8_t>(black + (half.row(plane, y)[x] - black) * 128 / 255);
+      }
+    }
+  }
+  std::vector<std::uint8_t> bgr(64U * 3 * 48);
+  auto out = copyOf(half);
+  toBgr(half, bgr.data(), 64U * 3);
+  fromBgr(bgr.data(), 64U * 3, out);
+  EXPECT_LT(test::difference(half, out), 1.2);
+  EXPECT_LT(test::difference(half, out, 2), 1.2);
+}
+
+TEST(Png, IsReadBackTheSame) {
+  const ScratchFolder folder;
+  std::vector<std::uint8_t> bgr(31U * 3 * 17);
+  for (std::size_t i = 0; i < bgr.size(); ++i) bgr[i] = static_cast<std::uint8_t>(i * 7);
+  const auto png = encodePng(bgr.data(), 31U * 3, 31, 17);
+  ASSERT_TRUE(png) << png.error().text;
+  std::ofstream(folder / "a.png", std::ios::binary) << *png;
+  const auto pictures = test::picturesOf(folder / "a.png", 31, 17);
+  ASSERT_EQ(pictures.size(), 1U);
+  for (const auto& [x, y] : {std::pair{0, 0}, std::pair{30, 16}, std::pair{7, 3}}) {
+    for (int c = 0; c < 3; ++c) {
+      EXPECT_EQ(pictures[0].at(x, y, c), bgr[static_cast<std::size_t>(3 * (y * 31 + x) + 2 - c)]);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kvo::media
