@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 floor() {
   case "$1" in
     base/*) echo 1 ;;
-    platform/posix/* | platform/media/*) echo 2 ;;
+    platform/posix/* | platform/media/* | platform/sdl/*) echo 2 ;;
     platform/* | media/*) echo 2 ;;
     core/*) echo 3 ;;
     intake/* | cd/* | audio/* | editor/timeline/* | engine/*) echo 4 ;;

@@ -1,6 +1,5 @@
 // The small parts of the engine, without media.
 #include "engine/active_set.h"
-#include "engine/bounded_queue.h"
 #include "engine/limiter.h"
 #include "engine/params.h"
 #include "engine/stretches.h"
@@ -8,7 +7,6 @@
 
 #include <cmath>
 #include <numbers>
-#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -72,21 +70,6 @@ TEST(Limiter, PassesWhatFitsAndHoldsWhatDoesNot) {
   }
   EXPECT_LT(step, 0.2F) << "no click where it turns down";
   EXPECT_EQ(loudOut[100], loudIn[100]);
-}
-
-TEST(BoundedQueue, WaitsForRoomAndEndsWhenClosed) {
-  BoundedQueue<int> queue(2);
-  std::thread producer([&] {
-    for (int i = 0; i < 1000; ++i) {
-      if (!queue.push(i)) return;
-    }
-    queue.close();
-  });
-  int expected = 0;
-  while (const auto item = queue.pop()) EXPECT_EQ(*item, expected++);
-  producer.join();
-  EXPECT_EQ(expected, 1000);
-  EXPECT_FALSE(queue.push(1));
 }
 
 // Layers one behind the other, each over the one before by `overlap` seconds.

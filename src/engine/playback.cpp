@@ -1,0 +1,135 @@
+#include "engine/playback.h"
+
+#include "media/audio_reader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace kvo::engine {
+namespace {
+
+constexpr double kSoundAhead = 0.4;  // seconds that are queued ahead of what is heard
+constexpr double kSoundStep = 0.05;  // seconds queued at a time
+constexpr double kStands = 3600;     // nothing is due
+constexpr int kDecoderThreads = 2;   // a seek has to decode from the key frame on
+
+std::int64_t framesOf(const Timeline& timeline) {
+  return std::max<std::int64_t>(1, std::llround(timeline.length() * timeline.frameRate));
+}
+
+}  // namespace
+
+Playback::Playback(Timeline timeline, SoundOutput* sound)
+    : timeline_(std::move(timeline)),
+      sound_(timeline_.audio.empty() ? nullptr : sound),
+      frames_(framesOf(timeline_)) {
+  if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, kDecoderThreads);
+  if (sound_ != nullptr && !sound_->open()) sound_ = nullptr;
+}
+
+void Playback::standAt(std::int64_t frame) {
+  wanted_ = std::clamp<std::int64_t>(frame, 0, frames_ - 1);
+  mixer_.reset();
+  queued_ = 0;
+  if (sound_ != nullptr) {
+    sound_->hold();
+    sound_->clear();
+  }
+}
+
+void Playback::play(double now) {
+  if (state_ == PlayState::Playing || state_ == PlayState::Failed) return;
+  standAt(state_ == PlayState::Ended ? 0 : wanted_);
+  began_ = now;
+  state_ = PlayState::Playing;
+}
+
+void Playback::pause(double now) {
+  if (state_ != PlayState::Playing) return;
+  const auto at = static_cast<std::int64_t>(std::floor(heardUpTo(now) * timeline_.frameRate));
+  standAt(std::max(at, wanted_));
+  state_ = PlayState::Paused;
+}
+
+void Playback::stop() {
+  if (state_ == PlayState::Failed) return;
+  standAt(0);
+  state_ = PlayState::Stopped;
+}
+
+void Playback::seek(std::int64_t frame, double now) {
+  if (state_ == PlayState::Failed) return;
+  standAt(frame);
+  began_ = now;
+  if (state_ != PlayState::Playing) state_ = wanted_ == 0 ? PlayState::Stopped : PlayState::Paused;
+}
+
+// Seconds of the timeline: by what has been heard where there is sound, else by the clock.
+double Playback::heardUpTo(double now) const {
+  const double from = static_cast<double>(wanted_) / timeline_.frameRate;
+  if (sound_ == nullptr) return from + (now - began_);
+  const double heard = static_cast<double>(queued_) / media::kSampleRate - sound_->waiting();
+  return from + std::max(heard, 0.0);
+}
+
+Outcome Playback::queueSound() {
+  if (sound_ == nullptr) return {};
+  if (!mixer_) {
+    mixer_.emplace(timeline_,
+                   std::llround(static_cast<double>(wanted_) * media::kSampleRate / timeline_.frameRate));
+  }
+  const bool begins = queued_ == 0;
+  std::vector<float> samples(static_cast<std::size_t>(kSoundStep * media::kSampleRate) * media::kChannels);
+  while (sound_->waiting() < kSoundAhead) {
+    if (auto done = mixer_->read(samples); !done) return done;
+    sound_->queue(samples);
+    queued_ += static_cast<std::int64_t>(samples.size()) / media::kChannels;
+  }
+  if (begins) sound_->run();
+  return {};
+}
+
+Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
+  if (frame == shown_) return std::optional<Shown>();
+  Shown shown{frame, {}};
+  if (compositor_) {
+    auto picture = compositor_->frame(frame);
+    if (!picture) {
+      standAt(wanted_);
+      state_ = PlayState::Failed;
+      return picture.error();
+    }
+    shown.picture = std::move(*picture);
+  }
+  shown_ = frame;
+  return std::optional(std::move(shown));
+}
+
+Result<std::optional<Playback::Shown>> Playback::step(double now) {
+  if (state_ == PlayState::Failed) return std::optional<Shown>();
+  if (state_ != PlayState::Playing) return show(state_ == PlayState::Ended ? frames_ - 1 : wanted_);
+  if (auto done = queueSound(); !done) {
+    standAt(wanted_);
+    state_ = PlayState::Failed;
+    return done.error();
+  }
+  const auto due = static_cast<std::int64_t>(std::floor(heardUpTo(now) * timeline_.frameRate + 1e-6));
+  if (due < frames_) return show(std::max(due, wanted_));
+  standAt(frames_ - 1);
+  state_ = PlayState::Ended;
+  return show(frames_ - 1);
+}
+
+double Playback::dueIn(double now) const {
+  if (state_ != PlayState::Playing) {
+    const auto stands = state_ == PlayState::Ended ? frames_ - 1 : wanted_;
+    return state_ == PlayState::Failed || shown_ == stands ? kStands : 0;
+  }
+  const double next =
+      static_cast<double>(std::max(shown_, wanted_) + 1) / timeline_.frameRate - heardUpTo(now);
+  // The sound must not run dry between two frames of a slow rate.
+  return std::clamp(next, 0.0, sound_ != nullptr ? kSoundAhead / 4 : kStands);
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,222 @@
+// The player: its steps on virtual time, and the real one on a thread.
+#include "engine/playback.h"
+
+#include "engine/document_reader.h"
+#include "engine/engine_player.h"
+#include "platform/sdl/sdl_sound_output.h"
+#include "support/real_world.h"
+
+#include <chrono>
+#include <cmath>
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace kvo::engine {
+namespace {
+
+// Loudspeakers on virtual time: what is queued is heard as the clock goes on.
+class FakeSound : public SoundOutput {
+ public:
+  explicit FakeSound(const double& now) : now_(now) {}
+  Outcome open() override { return {}; }
+  void queue(std::span<const float> samples) override {
+    settle();
+    queued_ += static_cast<double>(samples.size()) / 2 / 44100;
+    heard.insert(heard.end(), samples.begin(), samples.end());
+  }
+  [[nodiscard]] double waiting() const override {
+    return std::max(0.0, queued_ - (running_ ? now_ - since_ : 0));
+  }
+  void clear() override { queued_ = 0; }
+  void run() override {
+    running_ = true;
+    since_ = now_;
+  }
+  void hold() override {
+    settle();
+    running_ = false;
+  }
+  std::vector<float> heard;
+
+ private:
+  void settle() {
+    queued_ = waiting();
+    since_ = now_;
+  }
+  const double& now_;
+  double since_ = 0;
+  double queued_ = 0;
+  bool running_ = false;
+};
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+class PlaybackTest : public testing::Test {
+ protected:
+  PlaybackTest() {
+    video_ = test::makeCountingVideo(media_, "count.mkv", "25", 100);
+    tone_ = test::makeMedia(media_, "tone.wav", {"-f", "lavfi", "-i", "sine=frequency=441:duration=4"});
+  }
+
+  // Two seconds of the counting video from its second 1, at 64 x 48 and 25 frames a second.
+  [[nodiscard]] std::string document(bool withSound) const {
+    const auto clip = [](const std::string& file) {
+      return "<track><clip src=" + quoted(file) +
+             " mstart=\"1\" mstop=\"3\" start=\"0\" stop=\"2\"></clip></track>";
+    };
+    return "<timeline><group type=\"video\" bitdepth=\"24\" width=\"64\" height=\"48\" framerate=\"25\">" +
+           clip(video_) + "</group>" +
+           (withSound ? "<group type=\"audio\" SamplingRate=\"44100\">" + clip(tone_) + "</group>"
+                      : std::string()) +
+           "</timeline>";
+  }
+
+  static int numberOf(const media::Picture& picture) {
+    return static_cast<int>(std::lround((picture.row(0, 9)[9] - 16) / 2.0));
+  }
+
+  test::ScratchFolder media_;
+  std::string video_;
+  std::string tone_;
+};
+
+TEST_F(PlaybackTest, ShowsTheFrameThatIsDueAndStopsAtTheEnd) {
+  for (const bool withSound : {false, true}) {
+    double now = 100;
+    FakeSound sound(now);
+    Playback playback(*readDocument(document(withSound)), &sound);
+    EXPECT_EQ(playback.frames(), 50);
+    auto first = playback.step(now);
+    ASSERT_TRUE(first && *first);
+    EXPECT_EQ(numberOf((*first)->picture), 25);
+    EXPECT_FALSE(*playback.step(now)) << "it is shown already";
+    EXPECT_GT(playback.dueIn(now), 60) << "it stands";
+    playback.play(now);
+    std::int64_t last = 0;
+    for (int i = 0; i < 200 && playback.state() == PlayState::Playing; ++i) {
+      now += std::clamp(playback.dueIn(now), 0.001, 0.1);
+      const auto shown = playback.step(now);
+      ASSERT_TRUE(shown);
+      if (!*shown) continue;
+      EXPECT_EQ(numberOf((*shown)->picture), 25 + (*shown)->frame);
+      EXPECT_NEAR((now - 100) * 25, static_cast<double>((*shown)->frame), 1.1) << "sound " << withSound;
+      EXPECT_LE((*shown)->frame, last + 1) << "none is left out while there is time";
+      last = (*shown)->frame;
+    }
+    EXPECT_EQ(playback.state(), PlayState::Ended);
+    EXPECT_EQ(playback.position(), 49);
+    if (withSound) {
+      EXPECT_GT(sound.heard.size(), 2U * 88000);
+    }
+    playback.play(now);
+    ASSERT_TRUE(playback.step(now));
+    EXPECT_EQ(playback.position(), 0) << "from the start again";
+  }
+}
+
+TEST_F(PlaybackTest, LeavesOutWhatIsLateAndKeepsItsPlace) {
+  double now = 0;
+  Playback playback(*readDocument(document(false)), nullptr);
+  playback.play(now);
+  ASSERT_TRUE(playback.step(now));
+  now = 0.5;  // a slow machine
+  const auto late = playback.step(now);
+  ASSERT_TRUE(late && *late);
+  EXPECT_EQ((*late)->frame, 12);
+  playback.pause(now);
+  now = 9;
+  ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.position(), 12);
+  EXPECT_EQ(playback.state(), PlayState::Paused);
+  playback.seek(40, now);
+  const auto sought = playback.step(now);
+  ASSERT_TRUE(sought && *sought);
+  EXPECT_EQ(numberOf((*sought)->picture), 65);
+  EXPECT_EQ(playback.state(), PlayState::Paused) << "a seek does not start it";
+  playback.play(now);
+  now += 0.2;
+  ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.position(), 45);
+  playback.seek(5, now);
+  ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.position(), 5);
+  EXPECT_EQ(playback.state(), PlayState::Playing) << "nor does it stop it";
+  playback.seek(-7, now);
+  ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.position(), 0);
+  playback.seek(999, now);
+  ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.position(), 49);
+  playback.stop();
+  ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.position(), 0);
+  EXPECT_EQ(playback.state(), PlayState::Stopped);
+}
+
+TEST_F(PlaybackTest, SoundGoesWithThePictureAfterASeek) {
+  double now = 0;
+  FakeSound sound(now);
+  Playback playback(*readDocument(document(true)), &sound);
+  playback.seek(25, now);
+  playback.play(now);
+  for (; now < 0.4; now += 0.02) ASSERT_TRUE(playback.step(now));
+  EXPECT_NEAR(static_cast<double>(playback.position()), 25 + 0.4 * 25, 1.1);
+  // The first sample that is heard is that of second 1 of the timeline: second 2 of the tone (of one
+  // channel).
+  for (std::size_t i = 100; i < 4000; ++i) {
+    const double wanted =
+        0.125 * std::sqrt(0.5) * std::sin(2 * 3.14159265358979 * 441 * (2 + static_cast<double>(i) / 44100));
+    ASSERT_NEAR(sound.heard[2 * i], wanted, 0.01) << i;
+  }
+}
+
+TEST_F(PlaybackTest, TheRealPlayerPlaysOnItsThread) {
+  ::setenv("SDL_AUDIODRIVER", "dummy", 1);
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::vector<std::pair<std::int64_t, int>> shown;  // frame, and the grey of its picture
+  EnginePlayer player(std::make_unique<SdlSoundOutput>(), [&](auto frame, auto picture) {
+    const std::lock_guard lock(mutex);
+    shown.emplace_back(frame, picture->bgr.at(3 * 64 * 9 + 27));
+    EXPECT_EQ(picture->width * 1000 + picture->height, 64048);
+    changed.notify_all();
+  });
+  const auto waitFor = [&](auto what) {
+    std::unique_lock lock(mutex);
+    return changed.wait_for(lock, std::chrono::seconds(20), what);
+  };
+  EXPECT_EQ(player.state(), PlayState::Empty);
+  player.play();  // nothing to play
+  EXPECT_FALSE(player.load("no document"));
+  ASSERT_TRUE(player.load(document(true)));
+  EXPECT_TRUE(waitFor([&] { return shown.size() == 1; }));
+  player.seek(30);
+  EXPECT_TRUE(waitFor([&] { return shown.back().first == 30; }));
+  EXPECT_NEAR(shown.back().second, 2 * 55 * 255 / 219, 3);
+  player.play();
+  EXPECT_TRUE(waitFor([&] { return shown.back().first == 49; }));
+  for (int i = 0; i < 200 && player.state() != PlayState::Ended; ++i) {
+    std::unique_lock lock(mutex);
+    changed.wait_for(lock, std::chrono::milliseconds(50));
+  }
+  EXPECT_EQ(player.state(), PlayState::Ended);
+  EXPECT_EQ(player.frames(), 50);
+  EXPECT_EQ(player.frameRate(), 25);
+  // A document whose clip is not there.
+  auto broken = document(false);
+  broken.replace(broken.find(video_), video_.size(), media_ / "none.mkv");
+  ASSERT_TRUE(player.load(broken));
+  for (int i = 0; i < 200 && player.state() != PlayState::Failed; ++i) {
+    std::unique_lock lock(mutex);
+    changed.wait_for(lock, std::chrono::milliseconds(50));
+  }
+  EXPECT_EQ(player.state(), PlayState::Failed);
+  EXPECT_NE(player.failure().find("none.mkv"), std::string::npos) << player.failure();
+}
+
+}  // namespace
+}  // namespace kvo::engine
