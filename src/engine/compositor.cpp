@@ -7,10 +7,10 @@ constexpr int even(int side) { return (side + 1) & ~1; }
 
 }  // namespace
 
-Compositor::Compositor(const Timeline& timeline, int decoderThreads)
+Compositor::Compositor(const Timeline& timeline, const Habits& habits)
     : width_(even(timeline.width)),
       height_(even(timeline.height)),
-      stack_(timeline.video, {width_, height_, timeline.frameRate, decoderThreads}) {}
+      stack_(timeline.video, {width_, height_, timeline.frameRate, habits.decoderThreads, habits.keptOpen}) {}
 
 Result<media::Picture> Compositor::frame(std::int64_t number) {
   auto seen = stack_.frame(number);

@@ -12,8 +12,16 @@ namespace kvo::engine {
 
 class Compositor {
  public:
-  /// `timeline` outlives the compositor and has video. Each decoder uses so many threads.
-  explicit Compositor(const Timeline& timeline, int decoderThreads = 1);
+  /// How it works on files: each decoder with so many threads, and how many of the files that are not needed
+  /// now stay open, for one who goes to and fro.
+  struct Habits {
+    int decoderThreads = 1;
+    std::size_t keptOpen = 0;
+  };
+
+  /// `timeline` outlives the compositor and has video.
+  explicit Compositor(const Timeline& timeline, const Habits& habits);
+  explicit Compositor(const Timeline& timeline) : Compositor(timeline, Habits{}) {}
 
   /// Frame `number` of the timeline, counted from 0; black where there is no clip. The picture's sides are
   /// the timeline's, rounded up to even. Forward is cheap. Files are open only while their clips are shown.

@@ -64,7 +64,7 @@ void FrameLine::work() {
 
 Outcome FrameLine::makeStretch(std::size_t number) {
   const auto& stretch = stretches_[number];
-  Compositor compositor(timeline_, decoderThreads_);
+  Compositor compositor(timeline_, {.decoderThreads = decoderThreads_});
   std::optional<media::VideoEncoder> encoder;
   if (newEncoder_) {
     auto made = newEncoder_();

@@ -12,7 +12,8 @@ namespace {
 constexpr double kSoundAhead = 0.4;  // seconds that are queued ahead of what is heard
 constexpr double kSoundStep = 0.05;  // seconds queued at a time
 constexpr double kStands = 3600;     // nothing is due
-constexpr int kDecoderThreads = 2;   // a seek has to decode from the key frame on
+// A seek has to decode from the key frame on, and goes to and fro between clips.
+constexpr Compositor::Habits kHabits = {.decoderThreads = 4, .keptOpen = 4};
 
 std::int64_t framesOf(const Timeline& timeline) {
   return std::max<std::int64_t>(1, std::llround(timeline.length() * timeline.frameRate));
@@ -24,7 +25,7 @@ Playback::Playback(Timeline timeline, SoundOutput* sound)
     : timeline_(std::move(timeline)),
       sound_(timeline_.audio.empty() ? nullptr : sound),
       frames_(framesOf(timeline_)) {
-  if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, kDecoderThreads);
+  if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, kHabits);
   if (sound_ != nullptr && !sound_->open()) sound_ = nullptr;
 }
 

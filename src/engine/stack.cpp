@@ -52,7 +52,8 @@ struct Stack::Open {
   std::vector<DrawEffect> effects;
   bool changes = false;  // the effects make something else of the same picture in another frame
   std::map<const Transition*, PaintTransition> painters;
-  media::SharedFrame shown;  // what `placed` was made from
+  std::int64_t lastFrame = 0;  // by the count of frames that were asked for
+  media::SharedFrame shown;    // what `placed` was made from
   Picture placed;
   Picture drawn;  // `placed` with its effects
 };
@@ -61,6 +62,25 @@ Stack::Stack(const std::vector<Layer>& layers, const Setting& setting)
     : layers_(layers), setting_(setting), active_(frameRanges(layers, setting.frameRate)) {}
 Stack::Stack(Stack&&) noexcept = default;
 Stack::~Stack() = default;
+
+void Stack::closeUnused(const std::vector<std::size_t>& active) {
+  const auto unused = [&](const auto& entry) {
+    return !std::binary_search(active.begin(), active.end(), entry.first);
+  };
+  const auto count = static_cast<std::size_t>(std::count_if(open_.begin(), open_.end(), unused));
+  if (count <= setting_.keptOpen) return;
+  if (setting_.keptOpen == 0) {
+    std::erase_if(open_, unused);
+    return;
+  }
+  // The one that was shown the longest ago goes.
+  auto oldest = open_.end();
+  for (auto entry = open_.begin(); entry != open_.end(); ++entry) {
+    if (unused(*entry) && (oldest == open_.end() || entry->second->lastFrame < oldest->second->lastFrame))
+      oldest = entry;
+  }
+  open_.erase(oldest);
+}
 
 Stack::Part Stack::partOf(std::size_t layer, double time) const {
   Part part{layer};
@@ -86,7 +106,7 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
   if (wanted.inside.empty()) {
     auto reader = media::VideoReader::open(wanted.src, setting_.decoderThreads);
     if (!reader) return reader.error();
-    open->source.emplace(std::move(*reader), media::Scaler(setting_.width, setting_.height));
+    open->source = Open::Source{std::move(*reader), media::Scaler(setting_.width, setting_.height)};
   } else {
     open->inside = std::make_unique<Stack>(wanted.inside, setting_);
   }
@@ -120,6 +140,7 @@ Result<Picture> Stack::picture(std::size_t layer, std::int64_t number) {
   auto found = opened(layer);
   if (!found) return found.error();
   auto& open = **found;
+  open.lastFrame = asked_;
   bool same = false;
   auto shown = source(layer, open, number, same);
   if (!shown || !*shown || open.effects.empty()) return shown;
@@ -166,9 +187,8 @@ Result<Picture> Stack::over(const Picture& below, const Part& part, const Pictur
 Result<Picture> Stack::frame(std::int64_t number) {
   const double time = static_cast<double>(number) / setting_.frameRate;
   const auto& active = active_.at(number);
-  std::erase_if(open_, [&](const auto& entry) {
-    return !std::binary_search(active.begin(), active.end(), entry.first);
-  });
+  ++asked_;
+  closeUnused(active);
 
   // From the uppermost down to the first that covers all below it.
   std::vector<std::pair<Part, Picture>> seen;

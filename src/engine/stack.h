@@ -24,7 +24,8 @@ class Stack {
     int width = 0;  ///< pixels, even
     int height = 0;
     double frameRate = 25;
-    int decoderThreads = 1;  ///< of each file
+    int decoderThreads = 1;    ///< of each file
+    std::size_t keptOpen = 0;  ///< files that stay open though their clips are not shown now
   };
 
   /// `layers`, bottom to top, outlive the stack.
@@ -46,6 +47,7 @@ class Stack {
     double progress = 1;
   };
 
+  void closeUnused(const std::vector<std::size_t>& active);
   [[nodiscard]] Part partOf(std::size_t layer, double time) const;
   Result<Open*> opened(std::size_t layer);
   Result<media::Picture> source(std::size_t layer, Open& open, std::int64_t number, bool& same);
@@ -56,6 +58,7 @@ class Stack {
   const std::vector<Layer>& layers_;
   Setting setting_;
   ActiveSet active_;
+  std::int64_t asked_ = 0;
   std::map<std::size_t, std::unique_ptr<Open>> open_;
 };
 

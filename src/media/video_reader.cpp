@@ -30,8 +30,9 @@ struct VideoReader::State {
   double origin = 0;       // the container's time of its start
   double frameLength = 0;  // nominal, seconds
   bool still = false;
-  bool fed = false;    // the decoder was given the end of the stream
-  bool ended = false;  // and has given everything back
+  bool steady = false;  // a constant frame rate
+  bool fed = false;     // the decoder was given the end of the stream
+  bool ended = false;   // and has given everything back
   bool positioned = false;
   int badPackets = 0;
   SharedFrame current;
@@ -55,11 +56,13 @@ struct VideoReader::State {
     return pts == AV_NOPTS_VALUE ? otherwise : static_cast<double>(pts) * timeBase - origin;
   }
 
-  // Non-reference frames well ahead of the wanted time are never shown, so they need not be decoded.
+  // Non-reference frames well ahead of the wanted time are never shown, so they need not be decoded. Where
+  // the rate varies the frame that is shown may have begun a while ago.
   void skipAheadOf(double wanted) const {
     const auto pts = packet->pts;
-    const bool wellAhead = pts != AV_NOPTS_VALUE &&
-                           static_cast<double>(pts) * timeBase - origin < wanted - 4 * frameLength - 0.2;
+    const double margin = steady ? 1.5 * frameLength : 4 * frameLength + 0.2;
+    const bool wellAhead =
+        pts != AV_NOPTS_VALUE && static_cast<double>(pts) * timeBase - origin < wanted - margin;
     decoder->skip_frame = wellAhead ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
   }
 
@@ -176,6 +179,8 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads) {
   }
   const auto rate = stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
   state->frameLength = rate.num > 0 && rate.den > 0 ? av_q2d(av_inv_q(rate)) : 0.04;
+  state->steady = stream->avg_frame_rate.num > 0 && stream->r_frame_rate.num > 0 &&
+                  std::fabs(av_q2d(stream->avg_frame_rate) / av_q2d(stream->r_frame_rate) - 1) < 0.001;
   const std::string_view name(state->format->iformat->name);
   state->still = name.ends_with("_pipe") || name == "image2";
   return VideoReader(std::move(state));
