@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|movies]...: all of them without a name. KVO_BENCH_RUNS says how often each movie is made
-# (3); the figures are the medians.
+# run.sh [kernels|records|compile|movies|lengths]...: all of them without a name. KVO_BENCH_RUNS says how often each movie
+# is made (5); the figures are the medians.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=$PWD/build/bin
 work=$PWD/out/bench
-runs=${KVO_BENCH_RUNS:-3}
+runs=${KVO_BENCH_RUNS:-5}
 
 have() { command -v "$1" >/dev/null; }
 
@@ -71,21 +71,52 @@ movie() {  # KIND LINES CLIPS CODEC PEER...
   done
 }
 
+# What nobody can do without: every clip decoded, and a movie encoded, each alone.
+floor() {  # LINES
+  local letter=c size=640x360 log=$work/floor i
+  if [ "$1" = 1080 ]; then letter=h size=1920x1080; fi
+  local job=$work/cuts-$1-6
+  bash bench/make_job.sh cuts "$1" 6 "$work/corpus" "$job"
+  render ours "$job" mpeg4 "$work/movie.avi" >/dev/null
+  ffmpeg -hide_banner -loglevel error -nostdin -y -i "$work/movie.avi" -an -pix_fmt yuv420p -f rawvideo "$work/movie.yuv"
+  : >"$log"
+  for i in 1 2 3 4 5 6; do
+    /usr/bin/time -a -o "$log" -f '%U %S' ffmpeg -hide_banner -loglevel error -nostdin -threads 1 -ss 1 -t 8 \
+      -i "$work/corpus/$letter$i.mp4" -map 0:v -f null -
+  done
+  /usr/bin/time -a -o "$log" -f '%U %S' ffmpeg -hide_banner -loglevel error -nostdin -y -f rawvideo -s "$size" -r 25 \
+    -pix_fmt yuv420p -i "$work/movie.yuv" -threads 1 -c:v mpeg4 -q:v 3 -bf 0 "$work/movie.avi"
+  awk -v lines="$1" '{ s += $1 + $2 } END { printf "floor, %s lines: decoding and encoding alone take %.2f s CPU\n", lines, s }' "$log"
+  rm -f "$work/movie.yuv" "$work/movie.avi"
+}
+
 movies() {
   mkdir -p "$work"
   bash bench/make_corpus.sh "$work/corpus"
-  movie cuts 360 6 mpeg4 ours ffmpeg melt
-  movie dissolve 360 6 mpeg4 ours ffmpeg melt
-  movie dissolve 360 6 raw ours ffmpeg melt
-  movie dissolve 1080 6 mpeg4 ours ffmpeg melt
-  runs=1 movie dissolve 360 96 mpeg4 ours
+  local lines kind codec
+  for lines in 360 1080; do
+    floor "$lines"
+    for kind in cuts dissolve wipe effects; do
+      for codec in mpeg4 raw; do movie "$kind" "$lines" 6 "$codec" ours ffmpeg melt; done
+    done
+  done
 }
 
-[ $# -gt 0 ] || set -- kernels records compile movies
+# Cost and memory by the number of clips, and a start.
+lengths() {
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  local clips
+  for clips in 6 96 1000; do runs=1 movie dissolve 360 "$clips" mpeg4 ours; done
+  runs=1 movie dissolve 1080 96 mpeg4 ours
+  runs=1 movie dissolve 360 260 mpeg4 ours  # half an hour
+}
+
+[ $# -gt 0 ] || set -- kernels records compile movies lengths
 for part; do
   case $part in
     kernels | records | compile) "$bin/bench_$part" ;;
-    movies) movies ;;
+    movies | lengths) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

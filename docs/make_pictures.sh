@@ -43,7 +43,13 @@ transitions() {  # SHEET NAME...   a name may be "Name|option|value"
     "$bin/kvo5" --document "$work/c.INI" "$work/$label.xtl"
     documents+=("$work/$label.xtl")
   done
-  "$bin/KVORender" --sheet "$out/$1.png" "${documents[@]}"
+  drawn "$1" "${documents[@]}"
+}
+
+# A sheet, small enough to be kept.
+drawn() {  # SHEET DOCUMENT...
+  "$bin/KVORender" --sheet "$work/$1.png" "${@:2}"
+  ffmpeg -hide_banner -loglevel error -nostdin -y -i "$work/$1.png" -q:v 5 -pix_fmt yuvj420p "$out/$1.jpg"
 }
 
 effect() {  # LABEL CLSID PARAM...   a param is "Name=value" or "Name=first>last", which runs over the clip
@@ -66,7 +72,7 @@ add() {  # LABEL CLSID PARAM...
   documents+=("$work/$1.xtl")
 }
 sheet() {
-  "$bin/KVORender" --sheet "$out/$1.png" "${documents[@]}"
+  drawn "$1" "${documents[@]}"
   documents=()
 }
 

@@ -9,7 +9,6 @@ namespace {
 
 constexpr std::size_t kRoom = 8;              // frames that wait in the lane that is handed out
 constexpr std::size_t kMaxHeld = 64U << 20U;  // bytes that wait in the others
-constexpr int kThreadsOfOneDecoder = 2;
 
 std::size_t bytesOf(const MadeFrame& frame) {
   if (frame.encoded) return frame.encoded.bytes();
@@ -20,15 +19,14 @@ std::size_t bytesOf(const MadeFrame& frame) {
 }  // namespace
 
 FrameLine::FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, NewEncoder newEncoder,
-                     int workers)
+                     const Crew& crew)
     : timeline_(timeline),
       stretches_(std::move(stretches)),
       newEncoder_(std::move(newEncoder)),
-      decoderThreads_(workers > 1 && stretches_.size() > 1 ? 1 : kThreadsOfOneDecoder),
+      decoderThreads_(crew.decoderThreads),
       lanes_(stretches_.size()) {
-  const auto count =
-      std::clamp<std::size_t>(static_cast<std::size_t>(std::max(workers, 1)), 1, stretches_.size());
-  for (std::size_t i = 0; i < count; ++i) threads_.emplace_back([this] { work(); });
+  const auto workers = std::min(static_cast<std::size_t>(std::max(crew.workers, 1)), stretches_.size());
+  for (std::size_t i = 0; i < workers; ++i) threads_.emplace_back([this] { work(); });
 }
 
 FrameLine::~FrameLine() {
@@ -104,7 +102,7 @@ bool FrameLine::put(std::size_t lane, MadeFrame frame) {
 
 Result<MadeFrame> FrameLine::next() {
   std::unique_lock lock(mutex_);
-  for (;;) {
+  while (handedOut_ < lanes_.size()) {
     changed_.wait(lock,
                   [&] { return failed_ || !lanes_[handedOut_].frames.empty() || lanes_[handedOut_].done; });
     if (failed_) return *failed_;
@@ -116,9 +114,10 @@ Result<MadeFrame> FrameLine::next() {
       changed_.notify_all();
       return frame;
     }
-    if (++handedOut_ == lanes_.size()) return Error{"there are no more frames"};
+    ++handedOut_;
     changed_.notify_all();
   }
+  return Error{"there are no more frames"};
 }
 
 }  // namespace kvo::engine

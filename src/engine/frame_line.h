@@ -30,9 +30,15 @@ class FrameLine {
   /// An encoder for a stretch; none leaves the pictures as they are.
   using NewEncoder = std::function<Result<media::VideoEncoder>()>;
 
-  /// `timeline` outlives the line. Begins at once with as many threads as `workers`, no more than there are
-  /// stretches; a single one decodes with two threads of its own.
-  FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, NewEncoder newEncoder, int workers);
+  /// Who works: threads that each make a stretch at a time, and the threads of each of their decoders.
+  struct Crew {
+    int workers = 1;
+    int decoderThreads = 1;
+  };
+
+  /// `timeline` outlives the line. Begins at once.
+  FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, NewEncoder newEncoder,
+            const Crew& crew);
   FrameLine(const FrameLine&) = delete;
   FrameLine& operator=(const FrameLine&) = delete;
   ~FrameLine();

@@ -93,18 +93,26 @@ bool canWait(const media::VideoFormat& video) {
   return video.codec != media::VideoCodec::Raw || kFrames * 1.5 * video.width * video.height <= kBytes;
 }
 
+std::vector<Stretch> partsOf(const Timeline& timeline, const Plan& plan) {
+  if (!canWait(*plan.format.video)) return {{plan.first, plan.stop}};
+  return stretchesOf(timeline, plan.first, plan.stop);
+}
+
+// A worker to a core, as long as memory stays small: each holds the reference frames of what it decodes.
+// Cores that are left help the decoders.
+FrameLine::Crew crewFor(const media::VideoFormat& video, std::size_t stretches) {
+  constexpr int kLargePicture = 1 << 20;  // pixels
+  const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+  const int most = video.width * video.height > kLargePicture ? 2 : 4;
+  const int workers = std::min({cores, most, static_cast<int>(std::min<std::size_t>(stretches, 64))});
+  return {workers, std::clamp(cores / workers, 1, 4)};
+}
+
 // Frames as files have them, in order.
 class Pictures {
  public:
   Pictures(const Timeline& timeline, const Plan& plan, const media::MovieWriter& writer)
-      : line_(
-            timeline,
-            canWait(*plan.format.video) ? stretchesOf(timeline, plan.first, plan.stop)
-                                        : std::vector<Stretch>{{plan.first, plan.stop}},
-            plan.format.video->codec == media::VideoCodec::Raw
-                ? FrameLine::NewEncoder()
-                : [&writer] { return writer.newVideoEncoder(); },
-            static_cast<int>(std::thread::hardware_concurrency())) {}
+      : Pictures(timeline, *plan.format.video, partsOf(timeline, plan), writer) {}
 
   Outcome begin(const media::MovieWriter& writer) {
     auto encoder = writer.newVideoEncoder();
@@ -124,6 +132,14 @@ class Pictures {
   [[nodiscard]] std::int64_t made() const { return line_.made(); }
 
  private:
+  Pictures(const Timeline& timeline, const media::VideoFormat& video, const std::vector<Stretch>& stretches,
+           const media::MovieWriter& writer)
+      : line_(
+            timeline, stretches,
+            video.codec == media::VideoCodec::Raw ? FrameLine::NewEncoder()
+                                                  : [&writer] { return writer.newVideoEncoder(); },
+            crewFor(video, stretches.size())) {}
+
   FrameLine line_;
   std::optional<media::VideoEncoder> encoder_;  // of pictures that come as they are
   std::int64_t number_ = 0;

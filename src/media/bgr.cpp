@@ -4,6 +4,7 @@
 #include "media/scaler.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace kvo::media {
@@ -16,10 +17,10 @@ struct Weights {
   int vRed, vGreen, vBlue;
 };
 
-constexpr Weights weightsOf(double kr, double kb) {
+Weights weightsOf(double kr, double kb) {
   const double kg = 1 - kr - kb;
-  const auto luma = [](double v) { return static_cast<int>(v * 219 / 255 * 65536 + 0.5); };
-  const auto chroma = [](double v) { return static_cast<int>(v * 224 / 255 * 65536 + (v < 0 ? -0.5 : 0.5)); };
+  const auto luma = [](double v) { return static_cast<int>(std::lround(v * 219 / 255 * 65536)); };
+  const auto chroma = [](double v) { return static_cast<int>(std::lround(v * 224 / 255 * 65536)); };
   return {luma(kr),
           luma(kg),
           luma(kb),
@@ -30,9 +31,6 @@ constexpr Weights weightsOf(double kr, double kb) {
           chroma(-kg / (2 * (1 - kr))),
           chroma(-kb / (2 * (1 - kr)))};
 }
-
-constexpr Weights kBt601 = weightsOf(0.299, 0.114);
-constexpr Weights kBt709 = weightsOf(0.2126, 0.0722);
 
 std::uint8_t straight(int value, int black, int alpha) {
   return static_cast<std::uint8_t>(std::clamp(black + ((value - black) * 255) / std::max(alpha, 1), 0, 255));
@@ -84,7 +82,8 @@ void toBgr(const Picture& picture, std::uint8_t* bgr, std::size_t stride) {
 }
 
 void fromBgr(const std::uint8_t* bgr, std::size_t stride, Picture& picture) {
-  const auto& w = usualMatrix(picture.height()) == Matrix::Bt709 ? kBt709 : kBt601;
+  const auto w =
+      usualMatrix(picture.height()) == Matrix::Bt709 ? weightsOf(0.2126, 0.0722) : weightsOf(0.299, 0.114);
   constexpr int kHalf = 1 << 15;
   for (int y = 0; y < picture.height(); y += 2) {
     const auto* upper = bgr + static_cast<std::size_t>(y) * stride;

@@ -102,7 +102,8 @@ TEST(AudioReader, StandsAtTheRightSampleAfterASeek) {
                       {"a.mp4", {"-c:a", "aac", "-b:a", "256k"}, 44},
                       {"a.mp3", {"-c:a", "libmp3lame", "-b:a", "320k"}, 44},
                       {"a8k.wav", {"-ar", "8000", "-c:a", "pcm_s16le"}, 44},
-                      {"a96k.wav", {"-ar", "96000", "-ac", "6", "-c:a", "pcm_s24le"}, 44}};
+                      {"a96k.wav", {"-ar", "96000", "-ac", "6", "-c:a", "pcm_s24le"}, 44},
+                      {"a192k.wav", {"-ar", "192000", "-ac", "8", "-c:a", "pcm_s32le"}, 44}};
   for (const auto& row : rows) {
     std::vector<std::string> arguments = {"-f", "lavfi", "-i", clicks};
     arguments.insert(arguments.end(), row.codec.begin(), row.codec.end());

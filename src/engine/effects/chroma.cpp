@@ -30,8 +30,8 @@ DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
         const double away = std::hypot(out.row(1, y)[x] - key.u, out.row(2, y)[x] - key.v);
         const double share = std::clamp((away / tolerance - (1 - kSoft)) / kSoft, 0.0, 1.0);
         const auto value = static_cast<std::uint8_t>(std::lround(255 * share));
-        half[static_cast<std::size_t>(x)] = value;
-        full[static_cast<std::size_t>(2 * x)] = full[static_cast<std::size_t>(2 * x + 1)] = value;
+        const auto column = static_cast<std::size_t>(x);
+        half[column] = full[2 * column] = full[2 * column + 1] = value;
       }
       for (int plane = 0; plane < 4; ++plane) {
         const bool chroma = media::Picture::isChroma(plane);

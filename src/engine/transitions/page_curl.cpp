@@ -106,7 +106,7 @@ void paintPlane(const Curl& curl, bool showBack, int plane, const media::Picture
       }
       float value = kind == Seen::Second ? under[x] : on[x];
       if (kind == Seen::Back) value = showBack ? 0.4F * value + 0.6F * paper : paper;
-      row[x] = static_cast<std::uint8_t>(dark + (value - dark) * light.ptr<float>(y)[x] + 0.5F);
+      row[x] = cv::saturate_cast<std::uint8_t>(dark + (value - dark) * light.ptr<float>(y)[x]);
     }
   }
 }

@@ -28,7 +28,7 @@ ThresholdMap halved(const ThresholdMap& map) {
   for (int y = 0; y < half.height; ++y) {
     const auto* upper = map.values.data() + static_cast<std::ptrdiff_t>(2 * y) * map.width;
     const auto* lower = upper + map.width;
-    for (int x = 0; x < half.width; ++x) {
+    for (std::size_t x = 0; x < static_cast<std::size_t>(half.width); ++x) {
       half.values.push_back(static_cast<std::uint16_t>(
           (upper[2 * x] + upper[2 * x + 1] + lower[2 * x] + lower[2 * x + 1] + 2) / 4));
     }

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kSampleRate = 44100;
 constexpr int kChannels = 2;
-constexpr double kBytesPerSecond = kSampleRate * kChannels * sizeof(float);
+constexpr double kBytesPerSecond = 1.0 * kSampleRate * kChannels * sizeof(float);
 constexpr int kBlock = 1024;  // samples that the device takes at a time: 23 ms
 
 Error noSound() { return {std::string("there is no sound: ") + SDL_GetError()}; }

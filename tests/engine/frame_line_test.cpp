@@ -1,0 +1,72 @@
+// Frames made side by side come out in order, the same from any number of threads.
+#include "engine/frame_line.h"
+
+#include "engine/document_reader.h"
+#include "support/real_world.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace kvo::engine {
+namespace {
+
+class FrameLineTest : public testing::Test {
+ protected:
+  FrameLineTest() : video_(test::makeCountingVideo(media_, "count.mkv", "25", 100)) {}
+
+  // Clips of four seconds, one behind the other; the frames of each count from 0.
+  [[nodiscard]] Timeline movie(const std::vector<std::string>& files) const {
+    std::string text = "<timeline><group type=\"video\" width=\"64\" height=\"48\" framerate=\"25\">";
+    int start = 0;
+    for (const auto& file : files) {
+      text += "<track><clip src=\"" + file + "\" mstart=\"0\" mstop=\"4\" start=\"" + std::to_string(start) +
+              "\" stop=\"" + std::to_string(start + 4) + "\"></clip></track>";
+      start += 4;
+    }
+    return *readDocument(text + "</group></timeline>");
+  }
+
+  test::ScratchFolder media_;
+  std::string video_;
+};
+
+TEST_F(FrameLineTest, HandsFramesOutInOrder) {
+  const auto timeline = movie({video_, video_, video_, video_, video_});
+  const auto stretches = stretchesOf(timeline, 10, 500);
+  ASSERT_GT(stretches.size(), 1U);
+  for (const int workers : {1, 2, 7}) {
+    FrameLine line(timeline, stretches, {}, {.workers = workers});
+    for (int frame = 10; frame < 500; ++frame) {
+      const auto made = line.next();
+      ASSERT_TRUE(made) << made.error().text;
+      ASSERT_EQ(std::lround((made->picture.row(0, 5)[5] - 16) / 2.0), frame % 100) << workers << " threads";
+    }
+    EXPECT_EQ(line.made(), 490);
+    for (int again = 0; again < 2; ++again) EXPECT_FALSE(line.next()) << "there are no more";
+  }
+}
+
+TEST_F(FrameLineTest, EndsWithTheFirstFailure) {
+  const auto timeline = movie({video_, video_, video_, media_ / "gone.mkv", video_, video_});
+  for (const int workers : {1, 3}) {
+    FrameLine line(timeline, stretchesOf(timeline, 0, 600), {}, {.workers = workers});
+    std::string failure;
+    for (int frame = 0; frame < 600 && failure.empty(); ++frame) {
+      const auto made = line.next();
+      if (!made) failure = made.error().text;
+    }
+    EXPECT_NE(failure.find("gone.mkv"), std::string::npos) << failure;
+  }
+}
+
+TEST_F(FrameLineTest, CanBeLeftAtAnyTime) {
+  const auto timeline = movie({video_, video_, video_, video_});
+  for (const int frames : {0, 1, 30, 150}) {
+    FrameLine line(timeline, stretchesOf(timeline, 0, 400), {}, {.workers = 3, .decoderThreads = 2});
+    for (int frame = 0; frame < frames; ++frame) ASSERT_TRUE(line.next());
+  }
+}
+
+}  // namespace
+}  // namespace kvo::engine
