@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|movies|lengths]...: all of them without a name. KVO_BENCH_RUNS says how often each movie
+# run.sh [kernels|records|compile|seeks|movies|lengths]...: all of them without a name. KVO_BENCH_RUNS says how often each movie
 # is made (5); the figures are the medians.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -125,11 +125,26 @@ lengths() {
     "$work/cuts-360-6/movie.xtl" >/dev/null
 }
 
-[ $# -gt 0 ] || set -- kernels records compile movies lengths
+# From a seek of the player to its picture: the sample collection as a preview of default power, and clips of noise
+# with a key frame every two seconds, which cost the most.
+seeks() {
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  bash assets/sample/make_media.sh "$work/sample"
+  local template
+  template=$(<assets/sample/Sample.INI)
+  printf '%s\n' "${template//@FOLDER@/"$work/sample"}" >"$work/sample/Sample.INI"
+  "$bin/kvo5" --document "$work/sample/Sample.INI" "$work/sample.xtl" --preview 5
+  bash bench/make_job.sh dissolve 360 6 "$work/corpus" "$work/dissolve-360-6"
+  "$bin/bench_seeks" "$work/sample.xtl"
+  "$bin/bench_seeks" "$work/dissolve-360-6/movie.xtl"
+}
+
+[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths
 for part; do
   case $part in
     kernels | records | compile) "$bin/bench_$part" ;;
-    movies | lengths) "$part" ;;
+    movies | lengths | seeks) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

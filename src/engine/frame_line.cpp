@@ -8,7 +8,7 @@ namespace kvo::engine {
 namespace {
 
 constexpr std::size_t kRoom = 8;              // frames that wait in the lane that is handed out
-constexpr std::size_t kMaxHeld = 64U << 20U;  // bytes that wait in the others
+constexpr std::size_t kMaxHeld = 48U << 20U;  // bytes that wait in the others
 
 std::size_t bytesOf(const MadeFrame& frame) {
   if (frame.encoded) return frame.encoded.bytes();

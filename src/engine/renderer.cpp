@@ -89,7 +89,7 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
 // Whether whole stretches can wait for their turn: encoded they are small, as pictures they may not be.
 bool canWait(const media::VideoFormat& video) {
   constexpr double kFrames = 150;
-  constexpr double kBytes = 64e6;
+  constexpr double kBytes = 56e6;
   return video.codec != media::VideoCodec::Raw || kFrames * 1.5 * video.width * video.height <= kBytes;
 }
 

@@ -239,6 +239,95 @@ TEST(PaletteEffects, AllFollowTheirLevelControlsAndColours) {
   EXPECT_EQ(drawn(kPalette, {{"EffectID", "49"}}, plain).frame(), plain.frame());
 }
 
+// What each of the 48 does to a picture that can be counted.
+TEST(PaletteEffects, EachHasItsMark) {
+  const auto plain = scene(320, 180);
+  const auto lumas = [](const Picture& picture) {
+    std::set<int> seen;
+    for (int y = 0; y < picture.height(); ++y)
+      seen.insert(picture.row(0, y), picture.row(0, y) + picture.width());
+    return static_cast<double>(seen.size());
+  };
+  const auto colourful = [](const Picture& picture) {
+    double sum = 0;
+    for (const int plane : {1, 2}) {
+      for (int y = 0; y < picture.height(plane); ++y) {
+        for (int x = 0; x < picture.width(plane); ++x) sum += std::abs(picture.row(plane, y)[x] - 128);
+      }
+    }
+    return sum / (2.0 * picture.width(1) * picture.height(1));
+  };
+  const auto inTwoTones = [](const Picture& picture) {
+    double count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+      count += static_cast<double>(std::count_if(picture.row(0, y), picture.row(0, y) + picture.width(),
+                                                 [](int v) { return v < 40 || v > 210; }));
+    }
+    return count / (picture.width() * picture.height());
+  };
+  const auto highlights = [](const Picture& picture) {
+    std::ptrdiff_t count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+      count += std::count_if(picture.row(0, y), picture.row(0, y) + picture.width(),
+                             [](int v) { return v > 228; });
+    }
+    return count;
+  };
+  enum Mark { Grey, TwoTones, Calmer, Rougher, Darker, Lighter, FewTones, Glossy, Moved };
+  struct Row {
+    int id;
+    Mark mark;
+  };
+  const Row rows[] = {
+      {1, Lighter},  {2, Rougher},   {3, Rougher},   {4, Rougher},  {5, Grey},      {6, Grey},
+      {7, Grey},     {8, Lighter},   {9, Darker},    {10, Rougher}, {11, FewTones}, {12, Rougher},
+      {13, Lighter}, {14, Calmer},   {15, Grey},     {16, Rougher}, {17, Darker},   {18, Lighter},
+      {19, Calmer},  {20, Darker},   {21, Rougher},  {22, Grey},    {23, Darker},   {24, Darker},
+      {25, Calmer},  {26, Calmer},   {27, Calmer},   {28, Glossy},  {29, Darker},   {30, Moved},
+      {31, Grey},    {32, Calmer},   {33, Darker},   {34, Moved},   {35, TwoTones}, {36, Grey},
+      {37, Calmer},  {38, TwoTones}, {39, TwoTones}, {40, Calmer},  {41, Rougher},  {42, Darker},
+      {43, Moved},   {44, Rougher},  {45, Rougher},  {46, Rougher}, {47, Rougher},  {48, Moved}};
+  ASSERT_EQ(std::size(rows), 48U);
+  for (const auto& row : rows) {
+    const auto picture = drawn(kPalette, {{"EffectID", std::to_string(row.id)}}, plain);
+    const auto name = paletteNames()[static_cast<std::size_t>(row.id - 1)];
+    const double change =
+        detail(picture, 1, 0) + detail(picture, 0, 1) - detail(plain, 1, 0) - detail(plain, 0, 1);
+    switch (row.mark) {
+      case Grey:
+        EXPECT_LT(colourful(picture), 1) << name;
+        break;
+      case TwoTones:
+        EXPECT_GT(inTwoTones(picture), 0.7) << name;
+        break;
+      case Calmer:
+        EXPECT_LT(change, 0) << name;
+        break;
+      case Rougher:
+        EXPECT_GT(change, 0) << name;
+        break;
+      case Darker:
+        EXPECT_LT(mean(picture), mean(plain) - 1) << name;
+        break;
+      case Lighter:
+        EXPECT_GT(mean(picture), mean(plain) + 1) << name;
+        break;
+      case Glossy:  // highlights that were not there
+        EXPECT_GT(highlights(picture), highlights(plain) + 50) << name;
+        break;
+      case Moved: {  // what is even stays, what has edges does not
+        const auto even = test::plainPicture(320, 180, 128);
+        EXPECT_LT(difference(even, drawn(kPalette, {{"EffectID", std::to_string(row.id)}}, even)), 8) << name;
+        EXPECT_GT(difference(plain, picture), 5) << name;
+        break;
+      }
+      case FewTones:
+        EXPECT_LT(lumas(picture), 0.7 * lumas(plain)) << name;
+        break;
+    }
+  }
+}
+
 TEST(PaletteEffects, LookLikeTheirNames) {
   const auto plain = scene(kWidth, kHeight);
   const auto made = [&](int id, Values more = {}) {

@@ -1,6 +1,7 @@
 // Every transition on two plain pictures: nothing of the second at 0, all of it at 1, ever more between, and
 // a shape of its own.
 #include "engine/transitions/registry.h"
+#include "engine/transitions/smpte_patterns.h"
 #include "media/pixel_rows.h"
 #include "support/pictures.h"
 #include "support/real_world.h"
@@ -257,6 +258,62 @@ TEST(Transitions, OfShapesAreTrueToAPixelOrTwo) {
     last = soft.at(x, 0.5);
   }
   EXPECT_NEAR(soft.at(0.5, 0.5), 0.5, 0.05);
+}
+
+// Of each pattern, points in the order in which they change over.
+TEST(SmptePatterns, ChangeWhereTheirNamesSay) {
+  struct Row {
+    const char* name;
+    int code;
+    std::vector<std::pair<double, double>> order;
+  };
+  const Row rows[] = {
+      {"Inset Left Top", 3, {{0.1, 0.1}, {0.2, 0.5}, {0.6, 0.3}, {0.9, 0.9}}},
+      {"Inset Right Top", 4, {{0.9, 0.1}, {0.5, 0.2}, {0.1, 0.9}}},
+      {"Inset Right Bottom", 5, {{0.9, 0.9}, {0.5, 0.6}, {0.1, 0.1}}},
+      {"Inset Left Bottom", 6, {{0.1, 0.9}, {0.4, 0.5}, {0.9, 0.1}}},
+      {"Four Corners", 7, {{0.95, 0.95}, {0.2, 0.2}, {0.5, 0.1}}},
+      {"Barn Vertical", 22, {{0.1, 0.5}, {0.9, 0.3}, {0.5, 0.05}}},
+      {"TopCenter", 23, {{0.5, 0.1}, {0.3, 0.3}, {0.5, 0.9}}},
+      {"Bow Tie Vertical", 43, {{0.5, 0.05}, {0.5, 0.95 - 0.4}, {0.05, 0.5}}},
+      {"Bow Tie Horizontal", 44, {{0.05, 0.5}, {0.45, 0.5}, {0.5, 0.05}}},
+      {"Diamond", 48, {{0.5, 0.5}, {0.3, 0.5}, {0.2, 0.2}}},
+      {"SawLeft", 71, {{0.1, 0.4}, {0.5, 0.4}, {0.9, 0.4}}},
+      {"SawTop", 72, {{0.4, 0.1}, {0.4, 0.9}}},
+      {"SawVert", 73, {{0.5, 0.4}, {0.1, 0.4}}},
+      {"SawHoriz", 74, {{0.4, 0.5}, {0.4, 0.1}}},
+      {"Filled V Up", 103, {{0.5, 0.95}, {0.5, 0.5}, {0.1, 0.5}, {0.1, 0.1}}},
+      {"Filled V Right", 104, {{0.05, 0.5}, {0.5, 0.5}, {0.5, 0.1}}},
+      {"Filled V Down", 105, {{0.5, 0.05}, {0.5, 0.5}, {0.1, 0.5}}},
+      {"Filled V Left", 106, {{0.95, 0.5}, {0.5, 0.5}, {0.5, 0.1}}},
+      {"Circle1", 119, {{0.5, 0.5}, {0.5, 0.2}, {0.1, 0.5}, {0.05, 0.05}}},
+      {"Star4", 127, {{0.5, 0.2}, {0.66, 0.2}}},
+      {"Star5", 128, {{0.5, 0.1}, {0.5, 0.9}}},
+      {"Star6", 129, {{0.5, 0.1}, {0.72, 0.15}}},
+      {"Heart", 130, {{0.5, 0.8}, {0.75, 0.8}}},
+      {"Keyhole", 131, {{0.5, 0.36}, {0.5, 0.75}, {0.3, 0.75}}},
+      {"Diagonal Rotate", 225, {{0.9, 0.02}, {0.6, 0.6}, {0.02, 0.9}}},
+      {"Fold", 228, {{0.98, 0.9}, {0.4, 0.6}, {0.1, 0.02}}},
+      {"Radial Box", 263, {{0.05, 0.1}, {0.4, 0.5}, {0.05, 0.9}}},
+      {"Matrix Diag", 303, {{0.02, 0.02}, {0.4, 0.4}, {0.98, 0.98}}},
+      {"Matrix2x", 341, {{0.02, 0.02}, {0.45, 0.02}, {0.02, 0.98}}},
+      {"Matrix4x", 344, {{0.02, 0.02}, {0.45, 0.02}, {0.45, 0.45}}},
+      {"Waterfall Left", 350, {{0.02, 0.02}, {0.02, 0.6}, {0.98, 0.02}}},
+      {"Waterfall Right", 351, {{0.98, 0.02}, {0.98, 0.6}, {0.02, 0.02}}},
+  };
+  for (const auto& row : rows) {
+    const auto pattern = smptePattern(row.code, 16.0 / 9);
+    for (std::size_t i = 1; i < row.order.size(); ++i) {
+      const auto& [x0, y0] = row.order[i - 1];
+      const auto& [x1, y1] = row.order[i];
+      EXPECT_LT(pattern(x0, y0), pattern(x1, y1)) << row.name << ", point " << i;
+    }
+  }
+  // Random: neighbouring cells have nothing to do with each other, and no two runs differ.
+  const auto random = smptePattern(409, 1);
+  int rising = 0;
+  for (int i = 0; i < 15; ++i) rising += random((i + 0.5) / 16, 0.5) < random((i + 1.5) / 16, 0.5) ? 1 : 0;
+  EXPECT_NEAR(rising, 7.5, 5);
 }
 
 TEST(Transitions, OfPlacesMoveWholePictures) {

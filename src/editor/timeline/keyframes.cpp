@@ -201,7 +201,10 @@ void WriteBaseKeyFrameToCollection(const Compilation& c, BaseKeyframe base, bool
   const std::size_t stored = isTableEffect ? 8 : effectNo == kBlurEffect ? 1 : 3;
   for (std::size_t i = 0; i < stored; ++i) k.Param[i] = Value(base.param[i]);
   if (isTableEffect) {
-    k.Transparency = static_cast<Single>(ToNumber(base.transparency));
+    // A row without a level means the whole effect: at level 0 nothing would be seen of what was just
+    // switched on.
+    const bool noLevel = trimmed(base.transparency).empty() || (!update && effectNo < kFirstFullRow);
+    k.Transparency = noLevel ? 100 : static_cast<Single>(ToNumber(base.transparency));
     k.FC = noneAsEmpty(base.foreColor);
     k.BC = noneAsEmpty(base.backColor);
     k.EC = noneAsEmpty(base.extraColor);

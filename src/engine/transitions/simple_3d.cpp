@@ -71,16 +71,27 @@ Motion motionOf(const Params& params, int width, int height, double way) {
 
 namespace {
 
+// The first picture is on the front of a card and the second on its back, unless the switches say otherwise.
 void paintFlip(const Params& params, const media::Picture& below, const media::Picture& above,
                double progress, media::Picture& out) {
   drawColour(wholeOf(out), {}, out);
   auto motion = motionOf(params, out.width(), out.height(), unevenProgress(params, progress));
-  const double light = 1 - 0.4 * (1 - std::fabs(2 * progress - 1));
-  if (!motion.back) return drawTurned(below, wholeOf(below), motion.corners, {1, light}, out);
-  // The second stands on its head on the back, so that it is upright when it has come round.
-  std::swap(motion.corners[0], motion.corners[3]);
-  std::swap(motion.corners[1], motion.corners[2]);
-  drawTurned(above, wholeOf(above), motion.corners, {1, light}, out);
+  const auto shows = [&](const char* side, bool otherwise) {
+    return params.find(side) == nullptr ? otherwise : params.flag(side);
+  };
+  const Look look{1, 1 - 0.4 * (1 - std::fabs(2 * progress - 1))};
+  if (!motion.back) {
+    if (shows("showafront", true)) return drawTurned(below, wholeOf(below), motion.corners, look, out);
+    if (shows("showbfront", false)) drawTurned(above, wholeOf(above), motion.corners, look, out);
+    return;
+  }
+  if (shows("showbback", true)) {
+    // It stands on its head there, so that it is upright when it has come round.
+    std::swap(motion.corners[0], motion.corners[3]);
+    std::swap(motion.corners[1], motion.corners[2]);
+    return drawTurned(above, wholeOf(above), motion.corners, look, out);
+  }
+  if (shows("showaback", false)) drawTurned(below, wholeOf(below), motion.corners, look, out);
 }
 
 void paint(const Params& params, const media::Picture& below, const media::Picture& above, double progress,

@@ -10,6 +10,7 @@ namespace kvo::engine {
 /// The parameters "RevolveCamera", and of the first picture "ScaleA" (smaller, larger, or a factor),
 /// "InitialScaleA", "RotateA" (left and right in its plane; up and down about the x axis), "RotateCenterA" (a
 /// corner), "MoveA" (in, out, left, right, up, down), "MoveSpeedA", "FadeStartA" (a progress), "ShowABack".
+/// Of what goes round "ShowAFront", "ShowABack", "ShowBFront" and "ShowBBack" say what is on either side.
 Result<PaintTransition> makeSimple3D(const Params& params, int width, int height);
 
 /// Where a picture moves to by those parameters, at a way of 0 to 1.

@@ -266,6 +266,18 @@ TEST(Keyframes, NumbersAndOrderAtTheirEdges) {
   EXPECT_EQ(text, "");
 }
 
+TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
+  for (const auto& [effect, level] : {std::pair{4, 100}, {9, 100}, {17, 0}, {27, 30}}) {
+    Bench b;
+    addLevels(b.addVideo("a.avi", 0, 4));
+    LoadEffects(b.editor.effects, b.files, b.boxes, b.log, b.folder);
+    b.collection.icurMov = 1;
+    b.settings.KeyframeEffectNo(static_cast<Integer>(effect));
+    AddSingleBaseKeyFrame(b.compilation);
+    EXPECT_EQ(b.collection.KeyframeList[1].Transparency, level) << effect;
+  }
+}
+
 TEST(Keyframes, ComeAndGoByTheirRules) {
   Bench b;
   addLevels(b.addVideo("a.avi", 0, 4));
@@ -275,6 +287,7 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
   ASSERT_EQ(b.collection.KeyframeList.count(), 1);
   const auto& base = b.collection.KeyframeList[1];
   EXPECT_EQ(base.Param[1].text() + "|" + base.FC, "10|BLUEVIOLET");
+  EXPECT_EQ(base.Transparency, 30);
   EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
   AddSingleBaseKeyFrame(b.compilation);
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
