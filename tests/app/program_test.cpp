@@ -153,6 +153,49 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   }
 }
 
+TEST_F(Program, DrawsAContactSheet) {
+  const auto path = collection("c.INI", {video_, video_}, [](test::Bench& b) {
+    b.collection.MovieList[2].TransType("Heart");
+    b.collection.MovieList[2].TransIn(10);
+  });
+  for (const auto* name : {"one.xtl", "two.xtl"}) {
+    ASSERT_EQ(kvo5({"--document", path, work_ / name}).exitCode, 0);
+  }
+  const auto sheet = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {KVO_PROGRAMS "/KVORender", "--sheet"});
+    return test::runProgram(arguments);
+  };
+  const auto drawn = sheet({work_ / "s.png", work_ / "one.xtl", work_ / "two.xtl"});
+  EXPECT_EQ(drawn.exitCode, 0) << drawn.err;
+  // Two rows of six frames, each 120 x 90 under a line of text.
+  EXPECT_EQ(test::probed(work_ / "s.png", "stream=codec_name,width,height"), "png 762 234");
+  const auto picture = test::picturesOf(work_ / "s.png", 762, 234).front();
+  EXPECT_NE(picture.at(60, 70, 0), picture.at(60 + 126 * 5, 70, 0)) << "the frames differ";
+  EXPECT_EQ(picture.at(60, 70, 0), picture.at(60, 70 + 114, 0)) << "the rows are the same";
+  EXPECT_EQ(sheet({work_ / "s.jpg", work_ / "one.xtl"}).exitCode, 2);
+  EXPECT_EQ(sheet({work_ / "s.png"}).exitCode, 2);
+  const auto missing = sheet({work_ / "none.png", work_ / "none.xtl"});
+  EXPECT_EQ(missing.exitCode, 1);
+  EXPECT_NE(missing.err.find("none.xtl"), std::string::npos) << missing.err;
+  EXPECT_FALSE(std::filesystem::exists(work_ / "none.png"));
+}
+
+TEST_F(Program, ManyRendersLeaveNothingElse) {
+  const auto path = collection("c.INI", {video_});
+  const auto temporary = work_ / "temporary";
+  std::filesystem::create_directory(temporary);
+  ::setenv("TMPDIR", temporary.c_str(), 1);
+  const auto before = work_.names();
+  for (int i = 0; i < 20; ++i) {
+    ASSERT_EQ(kvo5({"--render", path, "--output", work_ / "o.avi", "--range", "0-0.2"}).exitCode, 0);
+  }
+  ::unsetenv("TMPDIR");
+  auto after = work_.names();
+  std::erase(after, "o.avi");
+  EXPECT_EQ(after, before);
+  EXPECT_TRUE(std::filesystem::is_empty(temporary));
+}
+
 TEST_F(Program, FullDisksLeaveNothingBehind) {
   // A file size limit stands in for a disk that is full.
   const auto path = collection("c.INI", {video_});

@@ -51,6 +51,46 @@ TEST(DocumentReader, TakesClipsTransitionsAndEnvelopes) {
   EXPECT_EQ(timeline->audio[0].envelopes[0].at(1), 0.5);
 }
 
+TEST(DocumentReader, TakesCompositionsGroupsAndEffects) {
+  const auto text =
+      "<timeline><group type=\"video\" width=\"320\" height=\"240\" framerate=\"25\"><composite "
+      "username=\"x\">" +
+      clip("a.avi", kTimes)
+          .replace(clip("a.avi", kTimes).find("</clip>"), 7,
+                   "<effect clsid=\"{7312498D-E87A-11d1-81E0-0000F87557DB}\" start=\"0\" "
+                   "stop=\"16\"><param name=\"PixelRadius\" value=\"0\"><linear "
+                   "time=\"000002.5\"  value=\"40\"/></param></effect></clip>") +
+      "</track>" + clip("b.avi", "mstart=\"0\" mstop=\"9\" start=\"1\" stop=\"10\"") +
+      "<transition start=\"1\" stop=\"10\" clsid=\"{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}\"><param "
+      "name=\"Width\" "
+      "value=\"160\"/></transition></track><transition start=\"0\" stop=\"1\" clsid=\"" +
+      kFade +
+      "\"></transition></composite></group><group type=\"video\" width=\"64\" height=\"48\" "
+      "framerate=\"10\">" +
+      clip("c.avi", kTimes) + "</track></group><group type=\"audio\">" +
+      clip("d.wav", kTimes)
+          .replace(clip("d.wav", kTimes).find("</clip>"), 7,
+                   "<effect start=\"0\" stop=\"2\" clsid=\"{036A9790-C153-11d2-9EF7-006008039E37}\" "
+                   "/><param name=\"Vol\" value=\"0.25\" /></clip>") +
+      "</track></group></timeline>";
+  const auto timeline = readDocument(text);
+  ASSERT_TRUE(timeline) << timeline.error().text;
+  EXPECT_EQ(timeline->width * 1000 + timeline->frameRate, 320025)
+      << "the first group says what the movie is like";
+  ASSERT_EQ(timeline->video.size(), 2U) << "a composition is one layer, the further group lies above";
+  const auto& composition = timeline->video[0];
+  EXPECT_TRUE(composition.src.empty());
+  EXPECT_EQ(composition.start, 0);
+  EXPECT_EQ(composition.stop, 10) << "as long as what is in it";
+  EXPECT_EQ(composition.transitions.size(), 1U);
+  ASSERT_EQ(composition.inside.size(), 2U);
+  ASSERT_EQ(composition.inside[0].effects.size(), 1U);
+  EXPECT_EQ(composition.inside[0].effects[0].params.number("pixelradius", 1.25, 0), 20);
+  EXPECT_EQ(composition.inside[1].transitions.at(0).params.number("width", 0, 0), 160);
+  EXPECT_EQ(timeline->video[1].src, "c.avi");
+  EXPECT_EQ(timeline->audio.at(0).envelopes.at(0).at(1), 0.25) << "a volume behind a closed effect";
+}
+
 TEST(DocumentReader, NamesStandAsTheyAre) {
   for (const auto* name : {"a b.avi", "it's.avi", "say \"so\".avi", "a&b;.avi", "&amp;.avi", "<i>.avi",
                            "$(x)`y`.avi", "\xC3\xBC.avi", "a=\"1\".avi", "-dash.avi"}) {
@@ -81,6 +121,15 @@ TEST(DocumentReader, RefusesWhatCannotBeRenderedAndSaysWhy) {
     for (int i = 0; i < 100000; ++i) open += "<a>";
     return open;
   }();
+  const auto withEffect = [](const std::string& clsid, const std::string& times) {
+    auto text = clip("a.avi", kTimes);
+    text.insert(text.find("</clip>"), "<effect clsid=\"" + clsid + "\" " + times + "></effect>");
+    return text + "</track>";
+  };
+  std::string deep;
+  for (int i = 0; i < 40; ++i) deep += "<composite>";
+  deep += clip("a.avi", kTimes) + "</track>";
+  for (int i = 0; i < 40; ++i) deep += "</composite>";
   struct Row {
     std::string text;
     const char* says;
@@ -104,6 +153,13 @@ TEST(DocumentReader, RefusesWhatCannotBeRenderedAndSaysWhy) {
       {document(clip("a.avi", kTimes) +
                 "<transition start=\"0\" stop=\"1\" clsid=\"{x}\"></transition></track>"),
        "{x}"},
+      {document("<track><transition start=\"0\" stop=\"1\" clsid=\"" + std::string(kFade) +
+                "\"></transition></track>"),
+       "without a clip"},
+      {document(withEffect("{x}", "start=\"0\" stop=\"2\"")), "there is no effect {x}"},
+      {document(withEffect("{7312498D-E87A-11d1-81E0-0000F87557DB}", "start=\"0\"")),
+       "a.avi: the times of its effect"},
+      {document(deep), "nested too deep"},
       {document(clip("a.avi", kTimes) + "</track>", "width=\"0\" height=\"0\""), "0 x 0"},
       {document(clip("a.avi", kTimes) + "</track>", "width=\"20000\" height=\"20000\""), "20000 x 20000"},
   };
