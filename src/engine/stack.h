@@ -35,7 +35,8 @@ class Stack {
   ~Stack();
 
   /// What is seen at frame `number` of the timeline, counted from 0: with alpha where not all is covered,
-  /// empty where there is nothing. Forward is cheap. Files are open only while their clips are shown.
+  /// empty where there is nothing. Forward is cheap. Files are open only while
+  /// their clips are shown, but for those that the setting keeps.
   Result<media::Picture> frame(std::int64_t number);
 
  private:

@@ -1,6 +1,7 @@
 // Every effect on a picture in memory: nothing at level 0, ever more with the level, and what its name says.
 #include "engine/effects/palette/palette_effect.h"
 #include "engine/effects/registry.h"
+#include "engine/params_of.h"
 #include "media/colour.h"
 #include "support/pictures.h"
 
@@ -34,12 +35,6 @@ constexpr const char* kAdjust = "{B4DC8DD9-2CC1-4081-9B2B-20D7030234EF}";
 constexpr const char* kPalette = "{E673DCF2-C316-4c6f-AA96-4E4DC6DC291E}";
 
 using Values = std::vector<std::pair<std::string, std::string>>;
-
-Params paramsOf(const Values& values) {
-  Params params;
-  for (const auto& [name, value] : values) params.add(name, {value, Keyed{valueOf(value), {}}});
-  return params;
-}
 
 Picture drawn(const char* clsid, const Values& values, const Picture& picture = scene(kWidth, kHeight),
               const EffectMoment& moment = {1, 4}) {

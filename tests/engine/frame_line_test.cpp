@@ -4,7 +4,9 @@
 #include "engine/document_reader.h"
 #include "support/real_world.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +47,27 @@ TEST_F(FrameLineTest, HandsFramesOutInOrder) {
     EXPECT_EQ(line.made(), 490);
     for (int again = 0; again < 2; ++again) EXPECT_FALSE(line.next()) << "there are no more";
   }
+}
+
+TEST_F(FrameLineTest, EncodesTheSameMovieOnAnyNumberOfThreads) {
+  const auto timeline = movie({video_, video_, video_});
+  const auto sizesWith = [&](const FrameLine::Crew& crew) {
+    FrameLine line(
+        timeline, stretchesOf(timeline, 0, 300),
+        [] {
+          return media::VideoEncoder::open({media::VideoCodec::Mpeg4, 64, 48, 25, 24}, false, "m");
+        },
+        crew);
+    std::vector<std::size_t> sizes;
+    for (int frame = 0; frame < 300; ++frame) {
+      const auto made = line.next();
+      sizes.push_back(made ? made->encoded.bytes() : 0);
+    }
+    return sizes;
+  };
+  const auto alone = sizesWith({.workers = 1, .decoderThreads = 2});
+  EXPECT_EQ(std::count(alone.begin(), alone.end(), 0U), 0);
+  EXPECT_EQ(sizesWith({.workers = 3}), alone);
 }
 
 TEST_F(FrameLineTest, EndsWithTheFirstFailure) {

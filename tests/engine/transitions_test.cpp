@@ -1,5 +1,6 @@
 // Every transition on two plain pictures: nothing of the second at 0, all of it at 1, ever more between, and
 // a shape of its own.
+#include "engine/params_of.h"
 #include "engine/transitions/registry.h"
 #include "engine/transitions/smpte_patterns.h"
 #include "media/pixel_rows.h"
@@ -95,9 +96,7 @@ const std::vector<Kind>& kinds() {
 }
 
 PaintTransition painterOf(const Kind& kind) {
-  Params params;
-  for (const auto& [name, value] : kind.params) params.add(name, {value, Keyed{valueOf(value), {}}});
-  auto made = findTransition(kind.clsid)->make(params, kWidth, kHeight);
+  auto made = findTransition(kind.clsid)->make(paramsOf(kind.params), kWidth, kHeight);
   EXPECT_TRUE(made) << kind.name;
   return std::move(*made);
 }
@@ -361,18 +360,22 @@ TEST(Transitions, PlacingFollowsItsKeysAndEndsAsACut) {
 }
 
 TEST(Transitions, BordersHaveTheirWidthAndColour) {
-  const Kind wipe{
-      "bordered",
-      kSmpte,
-      {{"MaskNum", "1"}, {"BorderWidth", "20"}, {"BorderColor", "FF0000"}, {"BorderSoftness", "0"}}};
-  const auto picture =
-      Drawn(wipe, 0.5, test::plainPicture(kWidth, kHeight, 128), test::plainPicture(kWidth, kHeight, 128))
-          .picture();
-  int red = 0;
-  for (int x = 0; x < kWidth / 2; ++x) red += picture.row(2, 20)[x] > 200 ? 2 : 0;
-  EXPECT_NEAR(red, 20, 3);
-  EXPECT_EQ(picture.row(2, 20)[2], 128);
-  EXPECT_EQ(picture.row(2, 20)[kWidth / 2 - 2], 128);
+  const auto grey = test::plainPicture(kWidth, kHeight, 128);
+  const auto bordered = [&](const Kind& wipe, int plane, auto isBorder) {
+    const auto picture = Drawn(wipe, 0.5, grey, grey).picture();
+    EXPECT_EQ(picture.row(plane, 20)[2], 128);
+    EXPECT_EQ(picture.row(plane, 20)[picture.width(plane) - 3], 128);
+    const auto count =
+        std::count_if(picture.row(plane, 20), picture.row(plane, 20) + picture.width(plane), isBorder);
+    return static_cast<double>(count) * kWidth / picture.width(plane);
+  };
+  const Kind red{"red", kSmpte, {{"MaskNum", "1"}, {"BorderWidth", "20"}, {"BorderColor", "FF0000"}}};
+  EXPECT_NEAR(bordered(red, 2, [](int v) { return v > 200; }), 20, 3);
+  const Kind empty{"empty", kSmpte, {{"MaskNum", "1"}, {"BorderWidth", "20"}, {"BorderColor", ""}}};
+  EXPECT_NEAR(bordered(empty, 0, [](int v) { return v < 30; }), 20, 3)
+      << "black where the colour was left empty";
+  const Kind none{"none", kSmpte, {{"MaskNum", "1"}, {"Borderwidth", "20"}}};
+  EXPECT_EQ(bordered(none, 0, [](int v) { return v != 128; }), 0) << "no colour, no border";
 }
 
 TEST(Transitions, TakeAPictureForTheirMask) {

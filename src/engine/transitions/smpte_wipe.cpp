@@ -93,9 +93,11 @@ Result<PaintTransition> makeSmpteWipe(const Params& params, int width, int heigh
   const double softness = params.number("bordersoftness", 0, 0, 0, 255) + 1;
   const double borderWidth = params.number("borderwidth", 0, 0, 0, 255);
   std::optional<Border> border;
-  // A border without a colour of its own is not seen; a soft edge takes its place.
-  const auto colour = media::parseColour(params.word("bordercolor"));
-  if (borderWidth > 0 && colour) border = Border{borderWidth / field->pixels, media::yuvOf(*colour, height)};
+  // A border whose colour was left empty is black; where a document speaks of no colour there is none.
+  if (const auto* colour = params.find("bordercolor"); colour != nullptr && borderWidth > 0) {
+    border = Border{borderWidth / field->pixels,
+                    media::yuvOf(media::parseColour(colour->text).value_or(media::Colour{}), height)};
+  }
   return byThresholdMap(std::move(field->map), softness / field->pixels, border);
 }
 
