@@ -2,39 +2,59 @@
 
 #include "base/numbers.h"
 #include "media/deinterlace.h"
-#include "media/ffmpeg.h"
+#include "media/frame_clock.h"
+#include "media/source.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string_view>
+#include <vector>
 
 namespace kvo::media {
 namespace {
 
-// Containers that count in milliseconds put a frame up to half of one late or early.
+// A mark is written with a few decimals and a stamp may count milliseconds: a frame that begins this little
+// later is meant.
 constexpr double kTimeTolerance = 0.00075;
 // Ahead by more than this it is cheaper to seek to a key frame than to decode all between.
 constexpr double kSeekAhead = 4.0;
-// How long the last frame stands when the sound, or the marks, go on.
+// How long the last frame stands when the marks go on behind the file's end.
 constexpr double kHoldLast = 0.5;
-constexpr int kMaxBadPackets = 100;
+// Where a seek lands behind the wanted time, the next one aims this much further back, in seconds: some
+// containers find a place by its bytes, with the key frame anywhere ahead of it.
+constexpr double kStepsBack[] = {0, 1, 3, 9, 27, 81};
+constexpr int kMaxBadPackets = 100;  // in a row
+// A group of pictures that begins with no key frame is taken as it is after this long, in seconds.
+constexpr double kLongestHole = 10;
+
+bool isFaulty(const AVFrame& frame) {
+  return frame.decode_error_flags != 0 || (frame.flags & AV_FRAME_FLAG_CORRUPT) != 0;
+}
 
 }  // namespace
 
 struct VideoReader::State {
-  std::string path;
-  FormatHandle format;
-  CodecHandle decoder;
+  Source source;
+  FrameClock clock;
   PacketHandle packet{av_packet_alloc()};
-  int stream = 0;
-  double timeBase = 0;
-  double origin = 0;       // the container's time of its start
-  double frameLength = 0;  // nominal, seconds
+  int threads = 1;
+  DamageList* damage = nullptr;
+  std::optional<Deinterlacer> deinterlacer;  // from the first interlaced frame on
+  double origin = 0;
+  std::optional<double>
+      soundEnd;  // seconds after the first picture; looked for when the pictures are at their end
   bool still = false;
-  bool steady = false;  // a constant frame rate
-  bool fed = false;     // the decoder was given the end of the stream
-  bool ended = false;   // and has given everything back
+  bool atEnd = false;  // the decoder has given everything back
+  bool ended = false;  // and the deinterlacer too
   bool positioned = false;
+  bool needsKey = false;  // behind a seek into a stream: what comes ahead of a key frame is no picture
   int badPackets = 0;
+  double wanted = 0;              // the time that the caller asked for
+  double packetTime = 0;          // of the packet that was sent last; 0 when it has none
+  double decodedEnd = 0;          // where the last good frame ends
+  std::optional<double> faultAt;  // what is shown from here on cannot be decoded
+  std::vector<Damage> holes;      // behind the current frame
   SharedFrame current;
   SharedFrame next;
   double currentTime = 0;
@@ -44,99 +64,253 @@ struct VideoReader::State {
   void addDisplayMatrix(AVFrame& frame) const {
     if (av_frame_get_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX) != nullptr) return;
     std::size_t size = 0;
-    const auto* matrix = av_stream_get_side_data(format->streams[stream], AV_PKT_DATA_DISPLAYMATRIX, &size);
+    const auto* matrix = av_stream_get_side_data(&source.stream(), AV_PKT_DATA_DISPLAYMATRIX, &size);
     if (matrix == nullptr || size == 0) return;
     if (auto* side = av_frame_new_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX, size)) {
       std::copy_n(matrix, size, side->data);
     }
   }
 
-  double timeOf(const AVFrame& frame, double otherwise) const {
-    const auto pts = frame.best_effort_timestamp;
-    return pts == AV_NOPTS_VALUE ? otherwise : static_cast<double>(pts) * timeBase - origin;
+  // What only the container knows of a frame.
+  void complete(AVFrame& frame) const {
+    addDisplayMatrix(frame);
+    if (frame.sample_aspect_ratio.num == 0) {
+      frame.sample_aspect_ratio = source.stream().sample_aspect_ratio;
+    }
+    const auto order = source.stream().codecpar->field_order;
+    if (frame.interlaced_frame == 0 && order > AV_FIELD_PROGRESSIVE && reportsNoFields()) {
+      frame.interlaced_frame = 1;
+      frame.top_field_first = order == AV_FIELD_TT || order == AV_FIELD_TB ? 1 : 0;
+    }
+  }
+
+  // Codecs that have no word for fields of their own, so that the container's holds.
+  [[nodiscard]] bool reportsNoFields() const {
+    const auto* kind = avcodec_descriptor_get(source.decoder->codec_id);
+    return kind != nullptr && (kind->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
   }
 
   // Non-reference frames well ahead of the wanted time are never shown, so they need not be decoded. Where
   // the rate varies the frame that is shown may have begun a while ago.
-  void skipAheadOf(double wanted) const {
-    const auto pts = packet->pts;
-    const double margin = steady ? 1.5 * frameLength : 4 * frameLength + 0.2;
-    const bool wellAhead =
-        pts != AV_NOPTS_VALUE && static_cast<double>(pts) * timeBase - origin < wanted - margin;
-    decoder->skip_frame = wellAhead ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+  void skipAheadOfWanted() const {
+    const double margin = clock.steady() ? 1.5 * clock.frameLength() : 4 * clock.frameLength() + 0.2;
+    double seconds = 0;
+    const bool wellAhead = clock.timeOf(*packet, seconds) && seconds < wanted - margin;
+    source.decoder->skip_frame = wellAhead ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
   }
 
-  Outcome feed(double wanted) {
+  // Something that belongs at `seconds` cannot be decoded, nor what is made from it: all up to the next key
+  // frame.
+  void loseFrom(double seconds) {
+    if (clock.isFirst() || needsKey) return;
+    faultAt = faultAt ? std::min(*faultAt, seconds) : seconds;
+  }
+
+  Outcome meetFault(int code) {
+    if (++badPackets > kMaxBadPackets) return ffmpegError("cannot decode " + source.path, code);
+    loseFrom(std::max(packetTime, decodedEnd));
+    return {};
+  }
+
+  // Pictures are good again from `seconds` on.
+  void closeHole(double seconds) {
+    if (seconds > decodedEnd + clock.frameLength() / 2) holes.push_back({source.path, decodedEnd, seconds});
+    faultAt.reset();
+  }
+
+  // Tells of the hole that lies at a time that is shown.
+  void reportHoleAt(double seconds) {
+    std::erase_if(holes, [&](const Damage& hole) {
+      const bool shown = seconds >= hole.from - kTimeTolerance && seconds < hole.to;
+      if (shown && damage != nullptr) damage->add(hole);
+      return shown;
+    });
+  }
+
+  Outcome feed() {
     for (;;) {
-      const int got = av_read_frame(format.get(), packet.get());
-      if (got == AVERROR_EOF || (got < 0 && format->pb != nullptr && format->pb->eof_reached != 0)) {
-        fed = true;
-        avcodec_send_packet(decoder.get(), nullptr);
+      const int got = av_read_frame(source.format.get(), packet.get());
+      const auto* io = source.format->pb;
+      if (got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0)) {
+        avcodec_send_packet(source.decoder.get(), nullptr);
         return {};
       }
-      if (got < 0) return ffmpegError("cannot read " + path, got);
-      if (packet->stream_index != stream) {
+      if (got < 0) {
+        if (auto done = meetFault(got); !done) return done;
+        continue;
+      }
+      if (packet->stream_index != source.index) {
         av_packet_unref(packet.get());
         continue;
       }
-      skipAheadOf(wanted);
-      const int sent = avcodec_send_packet(decoder.get(), packet.get());
+      packetTime = 0;
+      static_cast<void>(clock.timeOf(*packet, packetTime));
+      skipAheadOfWanted();
+      clock.mark(*packet);
+      const bool corrupt = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0;
+      const int sent = avcodec_send_packet(source.decoder.get(), packet.get());
       av_packet_unref(packet.get());
-      if (sent < 0 && sent != AVERROR(EAGAIN) && ++badPackets > kMaxBadPackets) {
-        return ffmpegError("cannot decode " + path, sent);
+      if (corrupt) loseFrom(std::max(packetTime, decodedEnd));
+      return sent < 0 && sent != AVERROR(EAGAIN) ? meetFault(sent) : Outcome();
+    }
+  }
+
+  // The next frame out of the decoder; none at the end.
+  Outcome decode(SharedFrame& frame) {
+    frame = newFrame();
+    if (!frame) return Error{"out of memory for a picture of " + source.path};
+    for (;;) {
+      const int got = avcodec_receive_frame(source.decoder.get(), frame.get());
+      if (got >= 0) return {};
+      if (got == AVERROR_EOF) {
+        frame.reset();
+        return {};
       }
+      if (got == AVERROR(EAGAIN)) {
+        if (auto done = feed(); !done) return done;
+      } else if (auto done = meetFault(got); !done) {
+        return done;
+      }
+    }
+  }
+
+  // The time of a frame that is to be shown; nothing for one that is not whole.
+  std::optional<double> timeOfGood(const AVFrame& frame) {
+    const bool key = frame.key_frame != 0;
+    if (needsKey && !key) return std::nullopt;
+    needsKey = false;
+    const bool faulty = isFaulty(frame) && !clock.isFirst();
+    const double seconds = clock.timeOf(frame, *source.decoder);
+    badPackets = 0;
+    if (faulty) loseFrom(seconds);
+    if (!faultAt || (seconds < *faultAt && !faulty)) return seconds;
+    if ((faulty || !key) && seconds < *faultAt + kLongestHole) return std::nullopt;
+    closeHole(seconds);
+    return seconds;
+  }
+
+  // The next good frame out of the decoder, with its time; none at the end.
+  Outcome decodeGood(TimedFrame& good) {
+    for (;;) {
+      SharedFrame frame;
+      if (auto done = decode(frame); !done || !frame) {
+        good = {};
+        return done;
+      }
+      const auto seconds = timeOfGood(*frame);
+      if (!seconds) continue;
+      complete(*frame);
+      decodedEnd = *seconds + std::max(clock.frameLength(), lengthOf(*frame));
+      good = {std::move(frame), *seconds};
       return {};
     }
   }
 
-  // Decodes one frame more into `next`, or finds the end.
-  Outcome decodeNext(double wanted) {
-    auto frame = newFrame();
-    while (!ended) {
-      const int got = avcodec_receive_frame(decoder.get(), frame.get());
-      if (got >= 0) {
-        nextTime = timeOf(*frame, nextTime + frameLength);
-        addDisplayMatrix(*frame);
-        if (frame->sample_aspect_ratio.num == 0) {
-          frame->sample_aspect_ratio = format->streams[stream]->sample_aspect_ratio;
-        }
-        if (frame->interlaced_frame != 0) frame = deinterlaced(frame);
-        if (!frame) return Error{"out of memory for a picture of " + path};
-        next = std::move(frame);
+  // What a frame says of how long it is shown, seconds.
+  [[nodiscard]] double lengthOf(const AVFrame& frame) const {
+    return clock.kind() == FrameClock::Kind::Stamps && !clock.steady() && frame.pkt_duration > 0
+               ? static_cast<double>(frame.pkt_duration) * clock.timeBase()
+               : 0;
+  }
+
+  // A good frame goes to `next`, by way of the deinterlacer where there is one.
+  Outcome accept(TimedFrame good) {
+    if (good.frame->interlaced_frame != 0 && !deinterlacer) deinterlacer.emplace(threads);
+    if (deinterlacer) return deinterlacer->push(std::move(good));
+    next = std::move(good.frame);
+    nextTime = good.seconds;
+    return {};
+  }
+
+  bool takeDeinterlaced() {
+    if (!deinterlacer) return false;
+    auto made = deinterlacer->pull();
+    if (!made.frame) return false;
+    next = std::move(made.frame);
+    nextTime = made.seconds;
+    return true;
+  }
+
+  // Brings one frame more into `next`, or finds the end.
+  Outcome decodeNext() {
+    while (!takeDeinterlaced() && !next && !ended) {
+      if (atEnd) {
+        ended = true;
         return {};
       }
-      if (got == AVERROR_EOF) {
-        ended = true;
-      } else if (got == AVERROR(EAGAIN)) {
-        if (auto done = feed(wanted); !done) return done;
-      } else if (++badPackets > kMaxBadPackets) {
-        return ffmpegError("cannot decode " + path, got);
+      TimedFrame good;
+      if (auto done = decodeGood(good); !done) return done;
+      if (good.frame) {
+        if (auto done = accept(std::move(good)); !done) return done;
+        continue;
+      }
+      atEnd = true;
+      if (pictureEnd() > decodedEnd + kHoldLast) closeHole(pictureEnd());
+      if (deinterlacer) {
+        if (auto done = deinterlacer->end(); !done) return done;
       }
     }
     return {};
   }
 
+  // Where the container says that the pictures end; 0 when it does not.
+  [[nodiscard]] double pictureEnd() const {
+    const auto length = source.stream().duration;
+    return length > 0 && clock.kind() != FrameClock::Kind::Count
+               ? static_cast<double>(length) * clock.timeBase()
+               : 0;
+  }
+
+  // What was decoded is of no use any more.
+  void forget() {
+    avcodec_flush_buffers(source.decoder.get());
+    clock.restart();
+    if (deinterlacer) deinterlacer.emplace(threads);
+    atEnd = ended = false;
+    faultAt.reset();
+    holes.clear();
+    badPackets = 0;
+    current.reset();
+    next.reset();
+    nextTime = decodedEnd = 0;
+    needsKey = false;
+  }
+
+  // To the first picture. Where the container cannot find it, the file is opened anew.
+  Outcome toStart() {
+    const auto first = static_cast<std::int64_t>(std::llround(origin / clock.timeBase()));
+    if (clock.kind() == FrameClock::Kind::Stamps &&
+        avformat_seek_file(source.format.get(), source.index, INT64_MIN, first, INT64_MAX, 0) >= 0) {
+      forget();
+      if (auto done = decodeNext(); !done) return done;
+      if (next && nextTime <= kTimeTolerance) return {};
+    }
+    if (auto done = reopen(source); !done) return done;
+    forget();
+    return decodeNext();
+  }
+
   Outcome seek(double seconds) {
-    const auto wanted = static_cast<std::int64_t>(std::floor((seconds + origin + kTimeTolerance) / timeBase));
-    for (const double back : {0.0, 2.0, 1e9}) {
-      const auto at = back > 1e8 ? INT64_MIN : wanted - static_cast<std::int64_t>(back / timeBase);
-      const bool fromStart = at == INT64_MIN || seconds - back <= 0;
-      if (avformat_seek_file(
-              format.get(), stream, INT64_MIN, fromStart ? static_cast<std::int64_t>(origin / timeBase) : at,
-              fromStart ? static_cast<std::int64_t>(origin / timeBase) : at, AVSEEK_FLAG_BACKWARD) < 0 &&
-          !fromStart) {
+    positioned = true;
+    if (clock.kind() == FrameClock::Kind::Count) {
+      if (current && seconds >= currentTime) return {};  // they can only be counted on
+      return toStart();
+    }
+    for (const double back : kStepsBack) {
+      const double from = seconds - back;
+      if (from <= kTimeTolerance) break;
+      const auto at =
+          static_cast<std::int64_t>(std::floor((from + origin + kTimeTolerance) / clock.timeBase()));
+      if (avformat_seek_file(source.format.get(), source.index, INT64_MIN, at, at, AVSEEK_FLAG_BACKWARD) <
+          0) {
         continue;
       }
-      avcodec_flush_buffers(decoder.get());
-      fed = ended = false;
-      current.reset();
-      next.reset();
-      nextTime = 0;
-      if (auto done = decodeNext(seconds); !done) return done;
-      if (fromStart || (next && nextTime <= seconds + kTimeTolerance)) break;
+      forget();
+      needsKey = !reordersFar(*source.decoder);
+      if (auto done = decodeNext(); !done) return done;
+      if (next && nextTime <= seconds + kTimeTolerance) return {};
     }
-    positioned = true;
-    return {};
+    return toStart();
   }
 
   Outcome advance(double seconds) {
@@ -144,9 +318,32 @@ struct VideoReader::State {
       current = std::move(next);
       next.reset();
       currentTime = nextTime;
-      if (auto done = decodeNext(seconds); !done) return done;
+      if (auto done = decodeNext(); !done) return done;
     }
     return {};
+  }
+
+  Outcome goTo(double seconds) {
+    wanted = seconds;
+    const bool back = current && seconds < currentTime - kTimeTolerance && currentTime > kTimeTolerance;
+    const bool farAhead = !ended && seconds > nextTime + kSeekAhead;
+    if (!positioned && seconds <= kTimeTolerance) {  // a file is read from its start without a seek
+      positioned = true;
+      if (auto done = decodeNext(); !done) return done;
+    } else if (!positioned || back || farAhead) {
+      if (auto done = seek(seconds); !done) return done;
+    }
+    return advance(seconds);
+  }
+
+  // Behind the last picture: it stands as long as the file goes on, and a little longer.
+  Outcome checkEnd(double seconds) {
+    if (!ended || still || seconds <= decodedEnd + kHoldLast) return {};
+    if (!soundEnd) soundEnd = endOfSound(source.path, decodedEnd + origin) - origin;
+    const double end = std::max(decodedEnd, *soundEnd);
+    if (seconds <= end + kHoldLast) return {};
+    return Error{source.path + " ends at " + FormatMask(end, "0.00") + " s, the clip goes on to " +
+                 FormatMask(seconds, "0.00") + " s"};
   }
 };
 
@@ -155,64 +352,52 @@ VideoReader::VideoReader(VideoReader&&) noexcept = default;
 VideoReader& VideoReader::operator=(VideoReader&&) noexcept = default;
 VideoReader::~VideoReader() = default;
 
-Result<VideoReader> VideoReader::open(const std::string& path, int threads) {
+Result<VideoReader> VideoReader::open(const std::string& path, int threads, DamageList* damage) {
+  auto source = openSource(path, AVMEDIA_TYPE_VIDEO, "no picture in ", threads);
+  if (!source) return source.error();
   auto state = std::make_unique<State>();
-  state->path = path;
-  auto format = openInput(path);
-  if (!format) return format.error();
-  state->format = std::move(*format);
-  state->stream = av_find_best_stream(state->format.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-  if (state->stream < 0) return Error{"no picture in " + path};
-  for (unsigned i = 0; i < state->format->nb_streams; ++i) {
-    if (static_cast<int>(i) != state->stream) state->format->streams[i]->discard = AVDISCARD_ALL;
-  }
-  const auto* stream = state->format->streams[state->stream];
-  if (stream->codecpar->width <= 0 || stream->codecpar->height <= 0) {
+  auto& s = *state;
+  s.source = std::move(*source);
+  s.threads = threads;
+  s.damage = damage;
+  const auto& stream = s.source.stream();
+  if (stream.codecpar->width <= 0 || stream.codecpar->height <= 0) {
     return Error{"the picture in " + path + " has no size, or one that is too large"};
   }
-  auto decoder = openDecoder(*state->format, state->stream, path, threads);
-  if (!decoder) return decoder.error();
-  state->decoder = std::move(*decoder);
-  state->timeBase = av_q2d(stream->time_base);
-  if (state->format->start_time != AV_NOPTS_VALUE) {
-    state->origin = static_cast<double>(state->format->start_time) / AV_TIME_BASE;
+  s.clock = FrameClock(*s.source.format, stream, *s.source.decoder);
+  const std::string_view name(s.source.format->iformat->name);
+  s.still = name.ends_with("_pipe") || name == "image2";
+  if (mayStartInsideGroup(*s.source.format)) {
+    TimedFrame first;
+    if (auto done = s.decodeGood(first); !done) return done.error();
+    if (!first.frame) return Error{"no picture can be decoded in " + path};
+    s.origin = first.seconds;
+    s.decodedEnd -= s.origin;
+    first.seconds = 0;
+    s.positioned = true;
+    if (auto done = s.accept(std::move(first)); !done) return done.error();
+    s.clock.origin(s.origin);
+    if (auto done = s.decodeNext(); !done) return done.error();
+  } else if (s.clock.kind() == FrameClock::Kind::Stamps) {
+    s.origin = startOf(*s.source.format);
+    s.clock.origin(s.origin);
   }
-  const auto rate = stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
-  state->frameLength = rate.num > 0 && rate.den > 0 ? av_q2d(av_inv_q(rate)) : 0.04;
-  state->steady = stream->avg_frame_rate.num > 0 && stream->r_frame_rate.num > 0 &&
-                  std::fabs(av_q2d(stream->avg_frame_rate) / av_q2d(stream->r_frame_rate) - 1) < 0.001;
-  const std::string_view name(state->format->iformat->name);
-  state->still = name.ends_with("_pipe") || name == "image2";
   return VideoReader(std::move(state));
 }
 
 Result<SharedFrame> VideoReader::frameAt(double seconds) {
   auto& s = *state_;
-  if (s.still) seconds = 0;
-  const bool far =
-      !s.positioned ||
-      (s.current && seconds < s.currentTime - kTimeTolerance && s.currentTime > kTimeTolerance) ||
-      seconds > s.nextTime + kSeekAhead;
-  if (far && !(s.still && s.current)) {
-    // A file is read from its start without a seek.
-    if (s.positioned || seconds > kTimeTolerance) {
-      if (auto done = s.seek(seconds); !done) return done.error();
-    } else {
-      s.positioned = true;
-      if (auto done = s.decodeNext(seconds); !done) return done.error();
-    }
-  }
-  if (auto done = s.advance(seconds); !done) return done.error();
-  if (!s.current) return Error{"no picture can be decoded in " + s.path};
-  if (s.ended && !s.still && seconds > s.currentTime + s.frameLength + kHoldLast) {
-    return Error{s.path + " ends at " + FormatMask(s.currentTime + s.frameLength, "0.00") +
-                 " s, the clip goes on to " + FormatMask(seconds, "0.00") + " s"};
-  }
+  if (s.still && s.current) return s.current;
+  if (auto done = s.goTo(s.still ? 0 : seconds); !done) return done.error();
+  if (!s.current) return Error{"no picture can be decoded in " + s.source.path};
+  if (auto done = s.checkEnd(seconds); !done) return done.error();
+  s.reportHoleAt(seconds);
   return s.current;
 }
 
-int VideoReader::width() const { return state_->decoder->width; }
-int VideoReader::height() const { return state_->decoder->height; }
+double VideoReader::origin() const { return state_->origin; }
+int VideoReader::width() const { return state_->source.decoder->width; }
+int VideoReader::height() const { return state_->source.decoder->height; }
 bool VideoReader::isStill() const { return state_->still; }
 
 }  // namespace kvo::media
