@@ -31,11 +31,9 @@ bool canBeSought(const Source& source) {
 
 // What counts as the file's start: its first picture, if it has one.
 Result<double> originOf(const Source& source) {
-  if (!mayStartInsideGroup(*source.format)) return startOf(*source.format);
-  auto& format = *source.format;
-  if (av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0) < 0) return startOf(format);
+  if (!mustDecodeForStart(*source.format)) return startOf(*source.format);
   const auto pictures = VideoReader::open(source.path, 1);
-  return pictures ? pictures->origin() : startOf(format);
+  return pictures ? pictures->origin() : startOf(*source.format);
 }
 
 // Samples without a gap; the first is number `start` of the file.

@@ -10,10 +10,11 @@ namespace {
 // its time.
 constexpr double kStampError = 0.0011;
 
-FrameClock::Kind kindOf(const AVFormatContext& format) {
+FrameClock::Kind kindOf(const AVFormatContext& format, const AVStream& stream) {
   if (std::string_view(format.iformat->name) == "avi") return FrameClock::Kind::DecodeOrder;
-  return (format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0 ? FrameClock::Kind::Count
-                                                           : FrameClock::Kind::Stamps;
+  const bool tellsNothing =
+      (format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0 || stream.start_time == AV_NOPTS_VALUE;
+  return tellsNothing ? FrameClock::Kind::Count : FrameClock::Kind::Stamps;
 }
 
 bool isKnown(AVRational rate) { return rate.num > 0 && rate.den > 0; }
@@ -25,7 +26,7 @@ bool reordersFar(const AVCodecContext& decoder) {
 }
 
 FrameClock::FrameClock(const AVFormatContext& format, const AVStream& stream, const AVCodecContext& decoder)
-    : kind_(kindOf(format)), timeBase_(av_q2d(stream.time_base)) {
+    : kind_(kindOf(format, stream)), timeBase_(av_q2d(stream.time_base)) {
   const auto average = stream.avg_frame_rate;
   const auto guessed = stream.r_frame_rate;  // one of the usual rates, exactly, where the pictures keep one
   steady_ = isKnown(average) && isKnown(guessed) && std::fabs(av_q2d(average) / av_q2d(guessed) - 1) < 0.001;
@@ -64,7 +65,7 @@ double FrameClock::numbered(const AVFrame& frame, const AVCodecContext& decoder)
   } else {
     number_ = after;
   }
-  return static_cast<double>(number_) * timeBase_;
+  return static_cast<double>(number_) * timeBase_ - origin_;
 }
 
 double FrameClock::timeOf(const AVFrame& frame, const AVCodecContext& decoder) {

@@ -12,6 +12,15 @@ void readOnly(AVFormatContext& format, int index) {
   }
 }
 
+// The best stream of pictures that move; the cover of a music file does not count. Below 0 when there is
+// none.
+int videoOf(const AVFormatContext& format) {
+  const int video =
+      av_find_best_stream(const_cast<AVFormatContext*>(&format), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+  const bool isCover = video >= 0 && (format.streams[video]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
+  return isCover ? -1 : video;
+}
+
 }  // namespace
 
 Result<Source> openSource(const std::string& path, AVMediaType kind, const char* noneOf, int threads) {
@@ -41,10 +50,8 @@ Outcome reopen(Source& source) {
 }
 
 double startOf(const AVFormatContext& format) {
-  const int video =
-      av_find_best_stream(const_cast<AVFormatContext*>(&format), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-  const bool isCover = video >= 0 && (format.streams[video]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
-  if (video >= 0 && !isCover && format.streams[video]->start_time != AV_NOPTS_VALUE) {
+  const int video = videoOf(format);
+  if (video >= 0 && format.streams[video]->start_time != AV_NOPTS_VALUE) {
     return static_cast<double>(format.streams[video]->start_time) * av_q2d(format.streams[video]->time_base);
   }
   return format.start_time == AV_NOPTS_VALUE ? 0 : static_cast<double>(format.start_time) / AV_TIME_BASE;
@@ -74,9 +81,9 @@ double endOfSound(const std::string& path, double from) {
   return lastPacketEnd(**format, *(*format)->streams[index], from);
 }
 
-bool mayStartInsideGroup(const AVFormatContext& format) {
+bool mustDecodeForStart(const AVFormatContext& format) {
   const std::string_view name(format.iformat->name);
-  return name == "mpegts" || name == "mpeg";
+  return videoOf(format) >= 0 && (name == "mpegts" || name == "mpeg");
 }
 
 }  // namespace kvo::media

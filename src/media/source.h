@@ -36,8 +36,8 @@ double lastPacketEnd(AVFormatContext& format, const AVStream& stream, double fro
 /// Where the sound of a file ends that goes on at `from`, in the container's seconds; 0 when there is none.
 double endOfSound(const std::string& path, double from);
 
-/// Whether the container's word for its start cannot be trusted, as a recording may begin inside a group of
+/// Whether only decoding tells when the first picture is shown, as a recording may begin inside a group of
 /// pictures, of which the first cannot be decoded.
-bool mayStartInsideGroup(const AVFormatContext& format);
+bool mustDecodeForStart(const AVFormatContext& format);
 
 }  // namespace kvo::media

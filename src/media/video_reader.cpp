@@ -367,7 +367,10 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads, Dama
   s.clock = FrameClock(*s.source.format, stream, *s.source.decoder);
   const std::string_view name(s.source.format->iformat->name);
   s.still = name.ends_with("_pipe") || name == "image2";
-  if (mayStartInsideGroup(*s.source.format)) {
+  // An AVI whose pictures are reordered may begin with empty places, which its sound does not know of.
+  const bool mayBeginLate =
+      s.clock.kind() == FrameClock::Kind::DecodeOrder && stream.codecpar->video_delay > 0;
+  if (mayBeginLate || mustDecodeForStart(*s.source.format)) {
     TimedFrame first;
     if (auto done = s.decodeGood(first); !done) return done.error();
     if (!first.frame) return Error{"no picture can be decoded in " + path};
