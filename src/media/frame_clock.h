@@ -27,8 +27,9 @@ class FrameClock {
   void origin(double seconds);
   /// The next picture is the first one behind a seek.
   void restart();
-  /// A packet on its way to the decoder. Where pictures are numbered, it is given its number to carry.
-  void mark(AVPacket& packet) const;
+  /// A packet on its way to the decoder. Where pictures are numbered, it is given its number to carry: by the
+  /// index, as a reader that met a damaged part has lost count.
+  void mark(AVPacket& packet, AVStream& stream);
   /// Seconds after time 0 at which the picture that was just decoded is shown. Of a constant rate whose
   /// container counts in milliseconds it is the picture's place on the even grid.
   double timeOf(const AVFrame& frame, const AVCodecContext& decoder);
@@ -54,6 +55,7 @@ class FrameClock {
   bool steady_ = false;
   bool first_ = true;
   double last_ = 0;          // the time of the picture before
+  int indexPlace_ = 0;       // of the packet before
   std::int64_t number_ = 0;  // and its number, where they are numbered
 };
 
