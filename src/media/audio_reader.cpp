@@ -4,6 +4,7 @@
 #include "media/picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -55,6 +56,9 @@ struct AudioReader::State {
                                    static_cast<AVSampleFormat>(frame.format), frame.sample_rate, 0, nullptr);
     av_channel_layout_uninit(&layout);
     resampler.reset(raw);
+    // One channel comes from both sides as loud as it is; the resampler would take 3 dB off.
+    constexpr std::array<double, kChannels> kBothSides = {1, 1};
+    if (made >= 0 && frame.ch_layout.nb_channels == 1) made = swr_set_matrix(raw, kBothSides.data(), 1);
     if (made >= 0) made = swr_init(raw);
     if (made < 0) return ffmpegError("cannot convert the sound of " + path, made);
     sourceRate = frame.sample_rate;
