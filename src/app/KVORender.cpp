@@ -35,10 +35,11 @@ void print(const std::string& line) {
 
 kvo::engine::RenderWatch progressPrinter() {
   using Clock = std::chrono::steady_clock;
-  return [next = Clock::now()](double done, double total) mutable {
+  return [next = Clock::now(), told = -1.0](double done, double total) mutable {
     const auto now = Clock::now();
-    if (now < next && done < total) return;
+    if (done == told || (now < next && done < total)) return;
     next = now + std::chrono::milliseconds(200);
+    told = done;
     print("progress " + kvo::FormatMask(done, "0.000") + " " + kvo::FormatMask(total, "0.000") + "\n");
   };
 }
