@@ -10,10 +10,12 @@
 #include "engine/sheet.h"
 #include "media/media_facts.h"
 #include "platform/posix/posix_files.h"
+#include "platform/posix/starter_watch.h"
 
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -69,6 +71,13 @@ int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
 }
 
 int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
+  std::optional<kvo::StarterWatch> watch;
+  if (arguments.starter) watch.emplace(*arguments.starter);
+  if (arguments.profile) {
+    return fail({"the system profile of /P " + std::to_string(*arguments.profile) +
+                 " cannot be used: the engine has no profiles yet"},
+                kFailed);
+  }
   const auto timeline = load(files, arguments.document);
   if (!timeline) return fail(timeline.error(), kFailed);
   const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
@@ -80,7 +89,7 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
 
 int wrongUsage(const kvo::Error& error) {
   std::fputs(
-      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] /W OUTPUT DOCUMENT\n"
+      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/S PROCESS] /W OUTPUT DOCUMENT\n"
       "       KVORender --sheet FILE.png DOCUMENT...\n",
       stderr);
   return fail(error, kWrongUsage);
