@@ -4,6 +4,7 @@
 // With --sheet it draws a row of small frames of each document instead, for looking at.
 // A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "app/engine_arguments.h"
+#include "base/guarded.h"
 #include "base/numbers.h"
 #include "engine/document_reader.h"
 #include "engine/renderer.h"
@@ -49,7 +50,7 @@ kvo::engine::RenderWatch progressPrinter() {
 kvo::Result<kvo::engine::Timeline> load(kvo::Files& files, const std::string& document) {
   auto text = files.read(document, kvo::engine::kMaxDocumentBytes);
   if (!text) return text.error();
-  auto timeline = kvo::engine::readDocument(std::move(*text));
+  auto timeline = kvo::guarded([&] { return kvo::engine::readDocument(std::move(*text)); });
   if (!timeline) return kvo::Error{document + ": " + timeline.error().text};
   return timeline;
 }
@@ -64,7 +65,7 @@ int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
     if (!timeline) return fail(timeline.error(), kFailed);
     rows.push_back({labelOf(document), std::move(*timeline)});
   }
-  const auto png = kvo::engine::drawSheet(rows);
+  const auto png = kvo::guarded([&] { return kvo::engine::drawSheet(rows); });
   if (!png) return fail(png.error(), kFailed);
   if (auto done = kvo::writeDurably(files, arguments.output, *png); !done) return fail(done.error(), kFailed);
   return kDone;

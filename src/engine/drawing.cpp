@@ -60,7 +60,7 @@ void layOver(const Overlay& overlay, Picture& out) {
   cv::Mat cover = alpha ? overlay.drawn[3] : overlay.share;
   if (alpha && !overlay.share.empty()) cover = overlay.drawn[3].mul(overlay.share, 1.0 / 255);
   const std::array<cv::Mat, 2> covers = {cover, halved(cover)};
-  const std::array<cv::Mat, 2> shares = {overlay.share, halved(overlay.share)};
+  const std::array<cv::Mat, 2> shares = {overlay.share, alpha ? halved(overlay.share) : cv::Mat()};
   std::vector<std::uint8_t> faded(static_cast<std::size_t>(overlay.at.width));
   for (int plane = 0; plane < out.planes(); ++plane) {
     const auto at = samplesOf(overlay.at, plane);

@@ -1,5 +1,7 @@
 #include "engine/document_reader.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 namespace kvo::engine {
@@ -92,6 +94,20 @@ TEST(DocumentReader, TakesCompositionsGroupsAndEffects) {
   EXPECT_EQ(composition.inside[1].transitions.at(0).params.number("width", 0, 0), 160);
   EXPECT_EQ(timeline->video[1].src, "c.avi");
   EXPECT_EQ(timeline->audio.at(0).envelopes.at(0).at(1), 0.25) << "a volume behind a closed effect";
+}
+
+TEST(DocumentReader, NumbersOfParametersCanBeReckonedWith) {
+  const auto timeline =
+      readDocument(document(clip("a.avi", kTimes) + "<transition start=\"0\" stop=\"2\" clsid=\"" + kFade +
+                            "\"><param name=\"a\" value=\"-1e308\"><linear time=\"1e300\" "
+                            "value=\"1e308\"/></param><param name=\"b\" "
+                            "value=\"nan\"><linear time=\"1\" value=\"inf\"/></param></transition></track>"));
+  ASSERT_TRUE(timeline) << timeline.error().text;
+  for (const auto* name : {"a", "b"}) {
+    for (const double time : {0.0, 0.5, 1.0, 1e301}) {
+      EXPECT_LE(std::fabs(timeline->video[0].transitions.at(0).params.number(name, time, 0)), 1e9) << name;
+    }
+  }
 }
 
 TEST(DocumentReader, NamesStandAsTheyAre) {

@@ -1,5 +1,6 @@
 #include "platform/posix/starter_watch.h"
 
+#include <cerrno>
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
@@ -25,7 +26,7 @@ bool isStopped(pid_t process) {
 }
 
 [[noreturn]] void endWithout(const char* why) {
-  std::fprintf(stderr, "KVORender: %s\n", why);
+  std::fprintf(stderr, "%s: %s\n", program_invocation_short_name, why);
   ::_exit(1);
 }
 
