@@ -4,16 +4,19 @@
 // With --sheet it draws a row of small frames of each document instead, for looking at.
 // A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "app/engine_arguments.h"
+#include "base/guarded.h"
 #include "base/numbers.h"
 #include "engine/document_reader.h"
 #include "engine/renderer.h"
 #include "engine/sheet.h"
 #include "media/media_facts.h"
 #include "platform/posix/posix_files.h"
+#include "platform/posix/starter_watch.h"
 
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,10 +38,11 @@ void print(const std::string& line) {
 
 kvo::engine::RenderWatch progressPrinter() {
   using Clock = std::chrono::steady_clock;
-  return [next = Clock::now()](double done, double total) mutable {
+  return [next = Clock::now(), told = -1.0](double done, double total) mutable {
     const auto now = Clock::now();
-    if (now < next && done < total) return;
+    if (done == told || (now < next && done < total)) return;
     next = now + std::chrono::milliseconds(200);
+    told = done;
     print("progress " + kvo::FormatMask(done, "0.000") + " " + kvo::FormatMask(total, "0.000") + "\n");
   };
 }
@@ -46,7 +50,7 @@ kvo::engine::RenderWatch progressPrinter() {
 kvo::Result<kvo::engine::Timeline> load(kvo::Files& files, const std::string& document) {
   auto text = files.read(document, kvo::engine::kMaxDocumentBytes);
   if (!text) return text.error();
-  auto timeline = kvo::engine::readDocument(std::move(*text));
+  auto timeline = kvo::guarded([&] { return kvo::engine::readDocument(std::move(*text)); });
   if (!timeline) return kvo::Error{document + ": " + timeline.error().text};
   return timeline;
 }
@@ -61,13 +65,20 @@ int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
     if (!timeline) return fail(timeline.error(), kFailed);
     rows.push_back({labelOf(document), std::move(*timeline)});
   }
-  const auto png = kvo::engine::drawSheet(rows);
+  const auto png = kvo::guarded([&] { return kvo::engine::drawSheet(rows); });
   if (!png) return fail(png.error(), kFailed);
   if (auto done = kvo::writeDurably(files, arguments.output, *png); !done) return fail(done.error(), kFailed);
   return kDone;
 }
 
 int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
+  std::optional<kvo::StarterWatch> watch;
+  if (arguments.starter) watch.emplace(*arguments.starter);
+  if (arguments.profile) {
+    return fail({"the system profile of /P " + std::to_string(*arguments.profile) +
+                 " cannot be used: the engine has no profiles yet"},
+                kFailed);
+  }
   const auto timeline = load(files, arguments.document);
   if (!timeline) return fail(timeline.error(), kFailed);
   const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
@@ -79,7 +90,7 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
 
 int wrongUsage(const kvo::Error& error) {
   std::fputs(
-      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] /W OUTPUT DOCUMENT\n"
+      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/S PROCESS] /W OUTPUT DOCUMENT\n"
       "       KVORender --sheet FILE.png DOCUMENT...\n",
       stderr);
   return fail(error, kWrongUsage);

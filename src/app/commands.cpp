@@ -94,7 +94,7 @@ std::vector<std::string> engineArguments(const CommandLine& line, const std::str
                         FormatMask(line.range->to, "0.00") + "]");
   }
   if (!line.codec.empty()) arguments.insert(arguments.end(), {"/C", line.codec});
-  arguments.insert(arguments.end(), {"/W", line.output, document});
+  arguments.insert(arguments.end(), {"/S", std::to_string(::getpid()), "/W", line.output, document});
   return arguments;
 }
 

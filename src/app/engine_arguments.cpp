@@ -3,6 +3,8 @@
 #include "base/numbers.h"
 #include "base/text.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace kvo {
@@ -19,6 +21,12 @@ std::optional<engine::Slice> sliceIn(std::string_view text) {
   const auto to = numberIn(text.substr(dash + 1));
   if (!from || !to || *from < 0 || *to <= *from) return std::nullopt;
   return engine::Slice{*from, *to};
+}
+
+std::optional<int> wholeIn(std::string_view text) {
+  const auto number = numberIn(text);
+  const auto whole = number ? toLong(*number) : std::nullopt;
+  return whole && *whole == *number ? whole : std::nullopt;
 }
 
 std::optional<media::VideoCodec> codecNamed(std::string_view name) {
@@ -50,7 +58,8 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
       if (!read.job.slice) return Error{"the range " + option + " is not of the form /[1.50-4.00]"};
       continue;
     }
-    if (!sameText(option, "/P") && !sameText(option, "/C") && !sameText(option, "/W")) {
+    constexpr std::array<std::string_view, 4> kWithValue = {"/P", "/C", "/S", "/W"};
+    if (std::none_of(kWithValue.begin(), kWithValue.end(), [&](auto o) { return sameText(option, o); })) {
       return Error{"there is no option " + option};
     }
     if (i + 1 >= options) return Error{"the option " + option + " needs a value"};
@@ -58,12 +67,13 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
     if (sameText(option, "/W")) {
       read.job.output = value;
     } else if (sameText(option, "/P")) {
-      const auto number = numberIn(value);
-      const auto whole = number ? toInteger(*number) : std::nullopt;
-      if (!whole || *whole != *number || *whole < 0 || *whole >= kSystemProfiles) {
+      read.profile = wholeIn(value);
+      if (!read.profile || *read.profile < 0 || *read.profile >= kSystemProfiles) {
         return Error{"the profile " + value + " is not a number from 0 to 25"};
       }
-      read.profile = *whole;
+    } else if (sameText(option, "/S")) {
+      read.starter = wholeIn(value);
+      if (!read.starter || *read.starter < 1) return Error{"the process " + value + " is no number of one"};
     } else {
       const auto codec = codecNamed(value);
       if (!codec) return Error{"there is no codec " + value + "; there are raw and mpeg4"};

@@ -1,5 +1,5 @@
 // The command line of the render engine:
-//   KVORender [/[from-to]] [/P n] [/C codec] /W OUTPUT DOCUMENT
+//   KVORender [/[from-to]] [/P n] [/C codec] [/S process] /W OUTPUT DOCUMENT
 //   KVORender --sheet FILE.png DOCUMENT...
 #pragma once
 
@@ -18,6 +18,7 @@ inline constexpr int kSystemProfiles = 26;
 struct EngineArguments {
   engine::RenderJob job;
   std::optional<int> profile;  ///< number of a Windows Media system profile
+  std::optional<int> starter;  ///< number of the process that it ends with
   std::string document;
 };
 

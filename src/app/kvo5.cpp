@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "media/media_facts.h"
 #include "platform/posix/console_boxes.h"
+#include "platform/posix/temporary_folder.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,7 @@ std::string environment(const char* name) {
 
 int run(const kvo::CommandLine& line) {
   kvo::media::silenceRemarks();
+  kvo::TemporaryFolder::sweep();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   kvo::ConsoleBoxes boxes;
   kvo::Session session(kvo::findProgramFolder(environment, beside), boxes);
@@ -35,6 +37,7 @@ int run(const kvo::CommandLine& line) {
 
 int runWindow(int argc, char** argv) {
   kvo::media::silenceRemarks();
+  kvo::TemporaryFolder::sweep();
   if (!kvo::hasDisplay()) {
     return kvo::fail("there is no display to show a window on; see kvo5 --help for what works without one");
   }

@@ -57,13 +57,18 @@ media::Fit fitOf(std::string_view mode) {
   return media::Fit::Stretch;
 }
 
+// Held within what can be reckoned with; 0 for what is no number.
+double bounded(double value) { return std::isnan(value) ? 0 : std::clamp(value, -1e9, 1e9); }
+
 Keyed keyedNumber(const pugi::xml_node& param) {
-  Keyed keyed{valueOf(param.attribute("value").value()), {}};
+  const auto valueIn = [](const pugi::xml_node& node) {
+    return bounded(valueOf(node.attribute("value").value()));
+  };
+  Keyed keyed{valueIn(param), {}};
   for (const auto& key : param.children()) {
     const std::string_view kind(key.name());
     if (kind != "linear" && kind != "at") continue;
-    keyed.keys.push_back(
-        {ToNumber(key.attribute("time").value()), valueOf(key.attribute("value").value()), kind == "linear"});
+    keyed.keys.push_back({bounded(ToNumber(key.attribute("time").value())), valueIn(key), kind == "linear"});
   }
   std::stable_sort(keyed.keys.begin(), keyed.keys.end(),
                    [](const auto& a, const auto& b) { return a.time < b.time; });
@@ -207,14 +212,15 @@ Outcome readAudioTrack(const pugi::xml_node& track, Timeline& timeline) {
 Outcome readVideoGroup(const pugi::xml_node& group, Timeline& timeline) {
   const auto width = numberAttribute(group, "width");
   const auto height = numberAttribute(group, "height");
-  const auto rate = numberAttribute(group, "framerate");
+  const auto perSecond = numberAttribute(group, "framerate");
   const auto depth = numberAttribute(group, "bitdepth");
   if (!width || !height || *width < 2 || *height < 2 || *width > kMaxSide || *height > kMaxSide) {
     return Error{"the movie's size " + attribute(group, "width") + " x " + attribute(group, "height") +
                  " is not within 2 to " + std::to_string(kMaxSide)};
   }
-  if (!rate || *rate <= 0 || *rate > 1000) {
-    return Error{"the movie's frame rate " + attribute(group, "framerate") + " is not within 0 to 1000"};
+  const auto rate = FrameRate::fromDecimal(perSecond.value_or(0));
+  if (!rate || *perSecond < 1 || *perSecond > 1000) {
+    return Error{"the movie's frame rate " + attribute(group, "framerate") + " is not within 1 to 1000"};
   }
   timeline.hasVideo = true;
   timeline.width = toLongClamped(*width);

@@ -13,63 +13,83 @@ namespace {
 
 using media::Picture;
 
-// Whole samples of a plane that an area covers, within the plane.
-cv::Rect samplesOf(const Area& area, const Picture& picture, int plane) {
-  const double scale = Picture::isChroma(plane) ? 0.5 : 1;
-  const auto at = [&](double v, int most) {
-    return std::clamp(static_cast<int>(std::lround(std::clamp(v * scale, -1e6, 1e6))), 0, most);
+// Whole pixels that an area covers, within a picture.
+cv::Rect pixelsOf(const Area& area, const Picture& picture) {
+  const auto at = [](double v, int most) {
+    return std::clamp(static_cast<int>(std::lround(std::clamp(v, -1e6, 1e6))), 0, most);
   };
-  const int left = at(area.x, picture.width(plane));
-  const int top = at(area.y, picture.height(plane));
-  return {left, top, at(area.x + area.width, picture.width(plane)) - left,
-          at(area.y + area.height, picture.height(plane)) - top};
+  const int left = at(area.x, picture.width());
+  const int top = at(area.y, picture.height());
+  return {left, top, at(area.x + area.width, picture.width()) - left,
+          at(area.y + area.height, picture.height()) - top};
 }
 
-// Lays the samples `drawn`, of which `shares` (0 to 255) is to be seen, over a part of a plane.
+// The same, widened to whole samples of chroma.
+cv::Rect evened(const cv::Rect& pixels) {
+  const int left = pixels.x & ~1;
+  const int top = pixels.y & ~1;
+  return {left, top, ((pixels.x + pixels.width + 1) & ~1) - left,
+          ((pixels.y + pixels.height + 1) & ~1) - top};
+}
+
+cv::Rect samplesOf(const cv::Rect& pixels, int plane) {
+  return Picture::isChroma(plane) ? cv::Rect(pixels.x / 2, pixels.y / 2, pixels.width / 2, pixels.height / 2)
+                                  : pixels;
+}
+
+cv::Mat halved(const cv::Mat& full) {
+  cv::Mat half(full.rows / 2, full.cols / 2, CV_8UC1);
+  for (int y = 0; y < half.rows; ++y) {
+    media::halveRows(full.ptr<std::uint8_t>(2 * y), full.ptr<std::uint8_t>(2 * y + 1),
+                     half.ptr<std::uint8_t>(y), static_cast<std::size_t>(half.cols));
+  }
+  return half;
+}
+
+// What is to be laid over a part of a picture.
 struct Overlay {
-  std::array<cv::Mat, 4> drawn{};
-  std::array<cv::Mat, 4> shares{};
-  std::array<cv::Rect, 4> at{};
+  cv::Rect at;                     // pixels, even
+  std::array<cv::Mat, 4> drawn{};  // the planes of the part; what is empty is left as it is
+  cv::Mat share;                   // how much of each pixel is to be seen, 0 to 255; empty for all
 };
 
-void layOver(const Overlay& overlay, bool alpha, Picture& out) {
-  std::vector<std::uint8_t> faded;
-  std::vector<std::uint8_t> cover;
+// A sample of chroma is covered as the mean of its four pixels is.
+void layOver(const Overlay& overlay, Picture& out) {
+  const bool alpha = !overlay.drawn[3].empty();
+  // How much of what lies below each pixel is hidden.
+  cv::Mat cover = alpha ? overlay.drawn[3] : overlay.share;
+  if (alpha && !overlay.share.empty()) cover = overlay.drawn[3].mul(overlay.share, 1.0 / 255);
+  const std::array<cv::Mat, 2> covers = {cover, halved(cover)};
+  const std::array<cv::Mat, 2> shares = {overlay.share, alpha ? halved(overlay.share) : cv::Mat()};
+  std::vector<std::uint8_t> faded(static_cast<std::size_t>(overlay.at.width));
   for (int plane = 0; plane < out.planes(); ++plane) {
-    const auto p = static_cast<std::size_t>(plane);
-    const auto& at = overlay.at[p];
+    const auto at = samplesOf(overlay.at, plane);
     const auto count = static_cast<std::size_t>(at.width);
-    for (int y = 0; y < at.height; ++y) {
+    const auto black = Picture::blackOf(plane);
+    const std::size_t size = Picture::isChroma(plane) ? 1 : 0;
+    const auto& drawn = overlay.drawn.at(static_cast<std::size_t>(plane));
+    for (int y = 0; y < at.height && !drawn.empty(); ++y) {
       auto* row = out.row(plane, at.y + y) + at.x;
-      const auto* share = overlay.shares[p].ptr<std::uint8_t>(y);
+      const auto* hides = covers[size].ptr<std::uint8_t>(y);
+      const auto* above = drawn.ptr<std::uint8_t>(y);
       if (!alpha) {
-        if (plane == 3) {
-          const std::vector<std::uint8_t> all(count, 255);
-          media::mixRowByShares(row, all.data(), share, row, count);
-        } else {
-          media::mixRowByShares(row, overlay.drawn[p].ptr<std::uint8_t>(y), share, row, count);
-        }
+        media::mixRowByShares(row, above, hides, row, count);
         continue;
       }
-      faded.resize(count);
-      cover.resize(count);
-      const auto black = Picture::blackOf(plane);
-      // Alpha in the size of the plane stands in `drawn` of plane 3, or of its half in a chroma plane's
-      // shares.
-      media::fadeRow(overlay.drawn[p].ptr<std::uint8_t>(y), share, faded.data(), count, black);
-      const auto* alphaRow =
-          Picture::isChroma(plane)
-              ? overlay.drawn[3].ptr<std::uint8_t>(std::min(2 * y, overlay.drawn[3].rows - 1))
-              : overlay.drawn[3].ptr<std::uint8_t>(y);
-      for (std::size_t x = 0; x < count; ++x) {
-        const auto source = Picture::isChroma(plane)
-                                ? std::min(2 * x, static_cast<std::size_t>(overlay.drawn[3].cols - 1))
-                                : x;
-        cover[x] = static_cast<std::uint8_t>(alphaRow[source] * share[x] / 255);
+      if (plane == 3) {
+        above = hides;
+      } else if (!overlay.share.empty()) {
+        media::fadeRow(above, shares[size].ptr<std::uint8_t>(y), faded.data(), count, black);
+        above = faded.data();
       }
-      media::overRow(row, faded.data(), cover.data(), row, count, black);
+      media::overRow(row, above, hides, row, count, black);
     }
   }
+}
+
+void drawInto(cv::Mat target, const cv::Mat& source) {
+  const bool smaller = target.cols <= source.cols && target.rows <= source.rows;
+  cv::resize(source, target, target.size(), 0, 0, smaller ? cv::INTER_AREA : cv::INTER_CUBIC);
 }
 
 void lighten(cv::Mat& samples, int plane, double light) {
@@ -133,27 +153,28 @@ void drawScaled(const Picture& picture, const Area& part, const Area& place, Pic
                {}, out);
     return;
   }
-  Overlay overlay;
-  for (int plane = 0; plane < std::max(out.planes(), picture.planes()); ++plane) {
-    const auto p = static_cast<std::size_t>(plane);
-    const auto from = samplesOf(part, picture, plane);
-    overlay.at[p] = samplesOf(place, out, plane);
-    if (from.empty() || overlay.at[p].empty()) return;
-    if (plane >= picture.planes()) {
-      planeOf(out, plane)(overlay.at[p]).setTo(255);
+  const auto from = evened(pixelsOf(part, picture));
+  const auto pixels = pixelsOf(place, out);
+  if (from.empty() || pixels.empty()) return;
+  Overlay overlay{evened(pixels), {}, {}};
+  const bool evenPlace = pixels == overlay.at;
+  for (int plane = 0; plane < picture.planes(); ++plane) {
+    const auto source = planeOf(picture, plane)(samplesOf(from, plane));
+    const auto at = samplesOf(overlay.at, plane);
+    if (!picture.hasAlpha() && (evenPlace || plane == 0)) {
+      drawInto(planeOf(out, plane)(plane == 0 ? pixels : at), source);
       continue;
     }
-    const bool smaller = overlay.at[p].width <= from.width && overlay.at[p].height <= from.height;
-    const int method = smaller ? cv::INTER_AREA : cv::INTER_CUBIC;
-    if (picture.hasAlpha()) {
-      cv::resize(planeOf(picture, plane)(from), overlay.drawn[p], overlay.at[p].size(), 0, 0, method);
-      overlay.shares[p] = cv::Mat(overlay.at[p].size(), CV_8UC1, cv::Scalar(255));
-    } else {
-      auto target = planeOf(out, plane)(overlay.at[p]);
-      cv::resize(planeOf(picture, plane)(from), target, target.size(), 0, 0, method);
-    }
+    auto& drawn = overlay.drawn.at(static_cast<std::size_t>(plane));
+    drawn = cv::Mat(at.size(), CV_8UC1, cv::Scalar(Picture::blackOf(plane)));
+    drawInto(Picture::isChroma(plane) ? drawn : drawn(pixels - at.tl()), source);
   }
-  if (picture.hasAlpha()) layOver(overlay, true, out);
+  if (out.hasAlpha() && !picture.hasAlpha()) planeOf(out, 3)(pixels).setTo(255);
+  if (!evenPlace) {
+    overlay.share = cv::Mat::zeros(overlay.at.size(), CV_8UC1);
+    overlay.share(pixels - overlay.at.tl()).setTo(255);
+  }
+  if (picture.hasAlpha() || !evenPlace) layOver(overlay, out);
 }
 
 void drawTurned(const Picture& picture, const Area& part, const Corners& corners, const Look& look,
@@ -177,17 +198,14 @@ void drawTurned(const Picture& picture, const Area& part, const Corners& corners
   if (x0 >= x1 || y0 >= y1 || look.opacity <= 0) return;
 
   constexpr int kFraction = 4;  // bits of a corner's fraction
-  Overlay overlay;
-  for (int plane = 0; plane < std::max(out.planes(), picture.planes()); ++plane) {
-    const auto p = static_cast<std::size_t>(plane);
+  const Corners flat = {cv::Point2d{part.x, part.y},
+                        {part.x + part.width, part.y},
+                        {part.x + part.width, part.y + part.height},
+                        {part.x, part.y + part.height}};
+  Overlay overlay{{x0, y0, x1 - x0, y1 - y0}, {}, cv::Mat::zeros(y1 - y0, x1 - x0, CV_8UC1)};
+  for (int plane = 0; plane < picture.planes(); ++plane) {
     const double scale = Picture::isChroma(plane) ? 0.5 : 1;
-    const auto& at =
-        overlay.at[p] = {static_cast<int>(x0 * scale), static_cast<int>(y0 * scale),
-                         static_cast<int>((x1 - x0) * scale), static_cast<int>((y1 - y0) * scale)};
-    const Corners flat = {cv::Point2d{part.x, part.y},
-                          {part.x + part.width, part.y},
-                          {part.x + part.width, part.y + part.height},
-                          {part.x, part.y + part.height}};
+    const auto at = samplesOf(overlay.at, plane);
     std::array<cv::Point2f, 4> from;
     std::array<cv::Point2f, 4> to;
     std::array<cv::Point, 4> outline;
@@ -199,24 +217,25 @@ void drawTurned(const Picture& picture, const Area& part, const Corners& corners
       outline[i] = {static_cast<int>(std::lround(to[i].x * (1 << kFraction))),
                     static_cast<int>(std::lround(to[i].y * (1 << kFraction)))};
     }
-    overlay.shares[p] = cv::Mat::zeros(at.size(), CV_8UC1);
-    cv::fillConvexPoly(overlay.shares[p], outline.data(), 4, cv::Scalar(255 * std::min(look.opacity, 1.0)),
-                       cv::LINE_AA, kFraction);
-    if (plane >= picture.planes()) continue;
+    if (plane == 0) {
+      cv::fillConvexPoly(overlay.share, outline.data(), 4, cv::Scalar(255 * std::min(look.opacity, 1.0)),
+                         cv::LINE_AA, kFraction);
+    }
     const cv::Mat turn = cv::getPerspectiveTransform(from.data(), to.data());
     if (std::fabs(cv::determinant(turn)) < 1e-12) return;  // seen from its edge
-    cv::warpPerspective(planeOf(picture, plane), overlay.drawn[p], turn, at.size(), cv::INTER_LINEAR,
+    auto& drawn = overlay.drawn.at(static_cast<std::size_t>(plane));
+    cv::warpPerspective(planeOf(picture, plane), drawn, turn, at.size(), cv::INTER_LINEAR,
                         cv::BORDER_REPLICATE);
-    lighten(overlay.drawn[p], plane, look.light);
+    lighten(drawn, plane, look.light);
   }
-  layOver(overlay, picture.hasAlpha(), out);
+  if (out.hasAlpha() && !picture.hasAlpha())
+    overlay.drawn[3] = cv::Mat(overlay.at.size(), CV_8UC1, cv::Scalar(255));
+  layOver(overlay, out);
 }
 
-void drawColour(const Area& place, const media::YuvColour& colour, Picture& out) {
+void drawColour(const media::YuvColour& colour, Picture& out) {
   const std::array<std::uint8_t, 4> values = {colour.y, colour.u, colour.v, 255};
-  for (int plane = 0; plane < out.planes(); ++plane) {
-    planeOf(out, plane)(samplesOf(place, out, plane)).setTo(values[static_cast<std::size_t>(plane)]);
-  }
+  for (int plane = 0; plane < out.planes(); ++plane) out.fill(plane, values[static_cast<std::size_t>(plane)]);
 }
 
 }  // namespace kvo::engine

@@ -31,7 +31,7 @@ void drawAll(const media::Picture& picture, media::Picture& out);
 void drawMoved(const media::Picture& picture, const Area& part, double x, double y, media::Picture& out);
 
 /// Draws a part of `picture` over the area `place`, scaled. Within `out`'s edges, by its alpha where it has
-/// one.
+/// one. Places are rounded to whole pixels; samples of chroma that are covered in part are mixed.
 void drawScaled(const media::Picture& picture, const Area& part, const Area& place, media::Picture& out);
 
 struct Look {
@@ -43,7 +43,7 @@ struct Look {
 void drawTurned(const media::Picture& picture, const Area& part, const Corners& corners, const Look& look,
                 media::Picture& out);
 
-/// Fills an area with a colour.
-void drawColour(const Area& place, const media::YuvColour& colour, media::Picture& out);
+/// All of `out` becomes one colour.
+void drawColour(const media::YuvColour& colour, media::Picture& out);
 
 }  // namespace kvo::engine

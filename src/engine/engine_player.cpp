@@ -1,5 +1,6 @@
 #include "engine/engine_player.h"
 
+#include "base/guarded.h"
 #include "engine/document_reader.h"
 #include "engine/playback.h"
 #include "media/bgr.h"
@@ -44,6 +45,7 @@ struct EnginePlayer::State {
   std::condition_variable changed;
   std::vector<std::function<void(Playback&, double now)>> commands;
   std::optional<Timeline> toLoad;
+  bool drops = false;  // what is played is to make room for what is to be loaded, or for nothing
   bool ends = false;
   // What the playback said last, for whoever asks.
   PlayState state = PlayState::Empty;
@@ -57,15 +59,41 @@ struct EnginePlayer::State {
   void tell(const Playback& playback) {
     state = playback.state();
     position = std::max<std::int64_t>(playback.position(), 0);
-    frames = playback.frames();
-    frameRate = playback.frameRate();
+  }
+
+  // Takes a timeline in place of what there is, or nothing.
+  void take(std::optional<Timeline> timeline) {
+    const std::lock_guard lock(mutex);
+    commands.clear();
+    failure.clear();
+    state = timeline ? PlayState::Stopped : PlayState::Empty;
+    position = 0;
+    frames = timeline ? std::max<std::int64_t>(1, timeline->frames()) : 0;
+    frameRate = timeline ? timeline->frameRate.perSecond() : 0;
+    toLoad = std::move(timeline);
+    drops = true;
+    changed.notify_all();
   }
 
   void command(std::function<void(Playback&, double now)> what) {
     const std::lock_guard lock(mutex);
-    if (state == PlayState::Empty) return;
+    if (state == PlayState::Empty || state == PlayState::Failed) return;
     commands.push_back(std::move(what));
     changed.notify_all();
+  }
+
+  // Does `work` while nobody has to wait for it; false when something else is wanted by now, or it failed.
+  template <class Work>
+  bool unlocked(std::unique_lock<std::mutex>& lock, std::unique_ptr<Playback>& playback, const Work& work) {
+    lock.unlock();
+    const auto done = guarded(work);
+    if (!done) playback.reset();
+    lock.lock();
+    if (drops) return false;
+    if (done) return true;
+    state = PlayState::Failed;
+    failure = done.error().text;
+    return false;
   }
 
   void run() {
@@ -74,27 +102,36 @@ struct EnginePlayer::State {
     int height = 0;
     std::unique_lock lock(mutex);
     while (!ends) {
-      if (toLoad) {
-        width = toLoad->width;
-        height = toLoad->height;
-        playback.reset();  // the sound is free again
-        playback = std::make_unique<Playback>(std::move(*toLoad), sound.get());
-        toLoad.reset();
+      if (drops) {
+        drops = false;
+        auto next = std::exchange(toLoad, std::nullopt);
+        unlocked(lock, playback, [&]() -> Outcome {
+          playback.reset();  // the sound is free again
+          if (!next) return {};
+          width = next->width;
+          height = next->height;
+          playback = std::make_unique<Playback>(std::move(*next), sound.get());
+          return {};
+        });
+        continue;
       }
       if (!playback) {
         changed.wait(lock);
         continue;
       }
-      for (const auto& what : std::exchange(commands, {})) what(*playback, nowSeconds());
+      double wait = 0;
+      const auto asked = std::exchange(commands, {});
+      for (const auto& what : asked) what(*playback, nowSeconds());
       tell(*playback);
-      lock.unlock();
-      auto shown = playback->step(nowSeconds());
-      if (shown && *shown) show((*shown)->frame, bitmapOf((*shown)->picture, width, height));
-      const double wait = playback->dueIn(nowSeconds());
-      lock.lock();
-      if (toLoad) continue;
+      const bool shown = unlocked(lock, playback, [&]() -> Outcome {
+        auto due = playback->step(nowSeconds());
+        if (!due) return due.error();
+        if (*due) show((*due)->frame, bitmapOf((*due)->picture, width, height));
+        wait = playback->dueIn(nowSeconds());
+        return {};
+      });
+      if (!shown) continue;
       tell(*playback);
-      if (!shown) failure = shown.error().text;
       if (wait > 0 && commands.empty() && !ends) changed.wait_for(lock, std::chrono::duration<double>(wait));
     }
   }
@@ -117,15 +154,12 @@ EnginePlayer::~EnginePlayer() {
 }
 
 Outcome EnginePlayer::load(std::string document) {
-  auto timeline = readDocument(std::move(document));
-  if (!timeline) return timeline.error();
-  const std::lock_guard lock(state_->mutex);
-  state_->commands.clear();
-  state_->failure.clear();
-  state_->state = PlayState::Stopped;
-  state_->position = 0;
-  state_->toLoad = std::move(*timeline);
-  state_->changed.notify_all();
+  auto timeline = guarded([&] { return readDocument(std::move(document)); });
+  if (!timeline) {
+    state_->take(std::nullopt);
+    return timeline.error();
+  }
+  state_->take(std::move(*timeline));
   return {};
 }
 

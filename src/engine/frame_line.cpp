@@ -1,5 +1,6 @@
 #include "engine/frame_line.h"
 
+#include "base/guarded.h"
 #include "engine/compositor.h"
 
 #include <algorithm>
@@ -26,7 +27,13 @@ FrameLine::FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, N
       crew_(crew),
       lanes_(stretches_.size()) {
   const auto workers = std::min(static_cast<std::size_t>(std::max(crew.workers, 1)), stretches_.size());
-  for (std::size_t i = 0; i < workers; ++i) threads_.emplace_back([this] { work(); });
+  const auto begun = guarded([&]() -> Outcome {
+    threads_.reserve(workers);
+    for (std::size_t i = 0; i < workers; ++i) threads_.emplace_back([this] { work(); });
+    return {};
+  });
+  // Fewer threads than wanted do the same work.
+  if (!begun && threads_.empty()) fail(begun.error());
 }
 
 FrameLine::~FrameLine() {
@@ -53,7 +60,7 @@ void FrameLine::work() {
       if (stopped_ || taken_ == stretches_.size()) return;
       number = taken_++;
     }
-    if (auto done = makeStretch(number); !done) return fail(done.error());
+    if (auto done = guarded([&] { return makeStretch(number); }); !done) return fail(done.error());
     const std::lock_guard lock(mutex_);
     lanes_[number].done = true;
     changed_.notify_all();

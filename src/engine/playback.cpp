@@ -1,9 +1,9 @@
 #include "engine/playback.h"
 
+#include "base/guarded.h"
 #include "media/audio_reader.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace kvo::engine {
@@ -15,28 +15,29 @@ constexpr double kStands = 3600;     // nothing is due
 // A seek has to decode from the key frame on, and goes to and fro between clips.
 constexpr Compositor::Habits kHabits = {.decoderThreads = 4, .keptOpen = 4};
 
-std::int64_t framesOf(const Timeline& timeline) {
-  return std::max<std::int64_t>(1, std::llround(timeline.length() * timeline.frameRate));
-}
-
 }  // namespace
 
 Playback::Playback(Timeline timeline, SoundOutput* sound)
     : timeline_(std::move(timeline)),
       sound_(timeline_.audio.empty() ? nullptr : sound),
-      frames_(framesOf(timeline_)) {
+      frames_(std::max<std::int64_t>(1, timeline_.frames())) {
   if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, kHabits);
   if (sound_ != nullptr && !sound_->open()) sound_ = nullptr;
+}
+
+Playback::~Playback() { silence(); }
+
+void Playback::silence() {
+  if (sound_ == nullptr) return;
+  sound_->hold();
+  sound_->clear();
 }
 
 void Playback::standAt(std::int64_t frame) {
   wanted_ = std::clamp<std::int64_t>(frame, 0, frames_ - 1);
   mixer_.reset();
   queued_ = 0;
-  if (sound_ != nullptr) {
-    sound_->hold();
-    sound_->clear();
-  }
+  silence();
 }
 
 void Playback::play(double now) {
@@ -48,8 +49,7 @@ void Playback::play(double now) {
 
 void Playback::pause(double now) {
   if (state_ != PlayState::Playing) return;
-  const auto at = static_cast<std::int64_t>(std::floor(heardUpTo(now) * timeline_.frameRate));
-  standAt(std::max(at, wanted_));
+  standAt(dueFrame(now));
   state_ = PlayState::Paused;
 }
 
@@ -68,18 +68,19 @@ void Playback::seek(std::int64_t frame, double now) {
 
 // Seconds of the timeline: by what has been heard where there is sound, else by the clock.
 double Playback::heardUpTo(double now) const {
-  const double from = static_cast<double>(wanted_) / timeline_.frameRate;
+  const double from = timeline_.frameRate.secondsAt(wanted_);
   if (sound_ == nullptr) return from + (now - began_);
   const double heard = static_cast<double>(queued_) / media::kSampleRate - sound_->waiting();
   return from + std::max(heard, 0.0);
 }
 
+std::int64_t Playback::dueFrame(double now) const {
+  return std::max(timeline_.frameRate.frameAt(heardUpTo(now)), wanted_);
+}
+
 Outcome Playback::queueSound() {
   if (sound_ == nullptr) return {};
-  if (!mixer_) {
-    mixer_.emplace(timeline_,
-                   std::llround(static_cast<double>(wanted_) * media::kSampleRate / timeline_.frameRate));
-  }
+  if (!mixer_) mixer_.emplace(timeline_, timeline_.frameRate.unitsAt(wanted_, media::kSampleRate));
   const bool begins = queued_ == 0;
   std::vector<float> samples(static_cast<std::size_t>(kSoundStep * media::kSampleRate) * media::kChannels);
   while (sound_->waiting() < kSoundAhead) {
@@ -96,11 +97,7 @@ Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
   Shown shown{frame, {}};
   if (compositor_) {
     auto picture = compositor_->frame(frame);
-    if (!picture) {
-      standAt(wanted_);
-      state_ = PlayState::Failed;
-      return picture.error();
-    }
+    if (!picture) return picture.error();
     shown.picture = std::move(*picture);
   }
   shown_ = frame;
@@ -109,14 +106,18 @@ Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
 
 Result<std::optional<Playback::Shown>> Playback::step(double now) {
   if (state_ == PlayState::Failed) return std::optional<Shown>();
-  if (state_ != PlayState::Playing) return show(state_ == PlayState::Ended ? frames_ - 1 : wanted_);
-  if (auto done = queueSound(); !done) {
+  auto shown = guarded([&] { return due(now); });
+  if (!shown) {
     standAt(wanted_);
     state_ = PlayState::Failed;
-    return done.error();
   }
-  const auto due = static_cast<std::int64_t>(std::floor(heardUpTo(now) * timeline_.frameRate + 1e-6));
-  if (due < frames_) return show(std::max(due, wanted_));
+  return shown;
+}
+
+Result<std::optional<Playback::Shown>> Playback::due(double now) {
+  if (state_ != PlayState::Playing) return show(state_ == PlayState::Ended ? frames_ - 1 : wanted_);
+  if (auto done = queueSound(); !done) return done.error();
+  if (const auto frame = dueFrame(now); frame < frames_) return show(frame);
   standAt(frames_ - 1);
   state_ = PlayState::Ended;
   return show(frames_ - 1);
@@ -127,8 +128,7 @@ double Playback::dueIn(double now) const {
     const auto stands = state_ == PlayState::Ended ? frames_ - 1 : wanted_;
     return state_ == PlayState::Failed || shown_ == stands ? kStands : 0;
   }
-  const double next =
-      static_cast<double>(std::max(shown_, wanted_) + 1) / timeline_.frameRate - heardUpTo(now);
+  const double next = timeline_.frameRate.secondsAt(std::max(shown_, wanted_) + 1) - heardUpTo(now);
   // The sound must not run dry between two frames of a slow rate.
   return std::clamp(next, 0.0, sound_ != nullptr ? kSoundAhead / 4 : kStands);
 }

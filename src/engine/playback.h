@@ -21,6 +21,8 @@ class Playback {
   Playback(Timeline timeline, SoundOutput* sound);
   Playback(const Playback&) = delete;
   Playback& operator=(const Playback&) = delete;
+  /// The sound falls silent.
+  ~Playback();
 
   /// Times are seconds of a clock that runs steadily.
   void play(double now);
@@ -43,12 +45,15 @@ class Playback {
   [[nodiscard]] PlayState state() const { return state_; }
   [[nodiscard]] std::int64_t position() const { return shown_; }
   [[nodiscard]] std::int64_t frames() const { return frames_; }
-  [[nodiscard]] double frameRate() const { return timeline_.frameRate; }
+  [[nodiscard]] double frameRate() const { return timeline_.frameRate.perSecond(); }
 
  private:
   [[nodiscard]] double heardUpTo(double now) const;
+  [[nodiscard]] std::int64_t dueFrame(double now) const;
   Outcome queueSound();
+  void silence();
   void standAt(std::int64_t frame);
+  Result<std::optional<Shown>> due(double now);
   Result<std::optional<Shown>> show(std::int64_t frame);
 
   Timeline timeline_;

@@ -1,5 +1,6 @@
 #include "engine/renderer.h"
 
+#include "base/guarded.h"
 #include "base/numbers.h"
 #include "engine/frame_line.h"
 #include "engine/mixer.h"
@@ -19,20 +20,26 @@ using media::Container;
 using media::kChannels;
 using media::kSampleRate;
 
-constexpr double kSoundStep = 0.1;  // seconds of a step of a sound file
+constexpr FrameRate kSoundSteps = 10;  // steps a second of a sound file
+constexpr std::int64_t kStepSamples = kSampleRate / 10;
 
-// The steps of a render: frames of a movie, or tenths of a second of a sound file, from `first` up to `stop`.
+// The steps of a render, from `first` up to `stop`: frames of a movie, counted in the timeline, or parts of a
+// sound file, counted from its start.
 struct Plan {
   media::MovieFormat format;
-  double stepsPerSecond = 25;
+  FrameRate steps{};
   std::int64_t first = 0;
   std::int64_t stop = 0;
+  std::int64_t firstSample = 0;  // of the timeline
   std::int64_t lastSample = 0;
 
-  [[nodiscard]] double seconds() const { return static_cast<double>(stop - first) / stepsPerSecond; }
+  [[nodiscard]] double seconds() const {
+    return format.video ? steps.secondsAt(stop - first)
+                        : static_cast<double>(lastSample - firstSample) / kSampleRate;
+  }
   [[nodiscard]] std::int64_t sampleOf(std::int64_t step) const {
-    const auto sample = std::llround(static_cast<double>(step) * kSampleRate / stepsPerSecond);
-    return step == stop ? lastSample : std::min<std::int64_t>(sample, lastSample);
+    if (step == stop) return lastSample;
+    return firstSample + steps.unitsAt(step, kSampleRate) - steps.unitsAt(first, kSampleRate);
   }
 };
 
@@ -61,13 +68,18 @@ Result<Plan> planOf(const Timeline& timeline, const RenderJob& job) {
     return Error{"the range " + FormatMask(slice.from, "0.00") + "-" + FormatMask(slice.to, "0.00") +
                  " is not within the " + FormatMask(length, "0.00") + " s of the movie"};
   }
-  plan.stepsPerSecond = isMovie ? timeline.frameRate : 1 / kSoundStep;
-  plan.first = std::llround(slice.from * plan.stepsPerSecond);
-  plan.stop = std::max<std::int64_t>(plan.first + 1,
-                                     std::llround(isMovie ? std::round(to * plan.stepsPerSecond)
-                                                          : std::ceil(to * plan.stepsPerSecond - 1e-9)));
-  plan.lastSample = isMovie ? std::llround(static_cast<double>(plan.stop) * kSampleRate / plan.stepsPerSecond)
-                            : std::llround(to * kSampleRate);
+  if (isMovie) {
+    plan.steps = timeline.frameRate;
+    plan.stop = std::max<std::int64_t>(1, plan.steps.frameFrom(to));
+    plan.first = std::min(plan.steps.frameFrom(slice.from), plan.stop - 1);
+    plan.firstSample = plan.steps.unitsAt(plan.first, kSampleRate);
+    plan.lastSample = plan.steps.unitsAt(plan.stop, kSampleRate);
+  } else {
+    plan.steps = kSoundSteps;
+    plan.firstSample = std::llround(slice.from * kSampleRate);
+    plan.lastSample = std::max<std::int64_t>(plan.firstSample + 1, std::llround(to * kSampleRate));
+    plan.stop = (plan.lastSample - plan.firstSample + kStepSamples - 1) / kStepSamples;
+  }
   return plan;
 }
 
@@ -169,15 +181,13 @@ Outcome feed(const Timeline& timeline, const Plan& plan, media::MovieWriter& wri
       if (auto done = writer.writeAudio(sound); !done) return done;
     }
     const auto made = pictures ? pictures->made() : number + 1 - plan.first;
-    if (watch) watch(static_cast<double>(made) / plan.stepsPerSecond, plan.seconds());
+    if (watch) watch(std::min(plan.steps.secondsAt(made), plan.seconds()), plan.seconds());
   }
   return writer.finish();
 }
 
-}  // namespace
-
-Result<RenderReport> render(const Timeline& timeline, const RenderJob& job, Files& files,
-                            const RenderWatch& watch) {
+Result<RenderReport> renderUnguarded(const Timeline& timeline, const RenderJob& job, Files& files,
+                                     const RenderWatch& watch) {
   const auto plan = planOf(timeline, job);
   if (!plan) return plan.error();
   if (auto done = checkSources(timeline, job, files); !done) return done.error();
@@ -188,11 +198,15 @@ Result<RenderReport> render(const Timeline& timeline, const RenderJob& job, File
   media::DamageList damage;
   if (auto done = feed(timeline, *plan, *writer, damage, watch); !done) return done.error();
   if (auto done = (*target)->commit(); !done) return done.error();
-  return RenderReport{plan->format.video ? plan->stop - plan->first : 0,
-                      plan->format.video
-                          ? plan->seconds()
-                          : static_cast<double>(plan->lastSample - plan->sampleOf(plan->first)) / kSampleRate,
-                      (*target)->size(), damage.all()};
+  return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size(),
+                      damage.all()};
+}
+
+}  // namespace
+
+Result<RenderReport> render(const Timeline& timeline, const RenderJob& job, Files& files,
+                            const RenderWatch& watch) {
+  return guarded([&] { return renderUnguarded(timeline, job, files, watch); });
 }
 
 }  // namespace kvo::engine

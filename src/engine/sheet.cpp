@@ -46,8 +46,7 @@ Result<std::string> drawSheet(const std::vector<SheetRow>& rows, const SheetLayo
                 cv::Scalar::all(40), 1, cv::LINE_AA);
     Compositor compositor(row.timeline);
     const cv::Size size(frameWidth(row.timeline, layout.frameHeight), layout.frameHeight);
-    const auto last =
-        std::max<std::int64_t>(0, std::llround(row.timeline.length() * row.timeline.frameRate) - 1);
+    const auto last = std::max<std::int64_t>(0, row.timeline.frames() - 1);
     for (int i = 0; i < layout.frames; ++i) {
       const auto frame = smallFrame(compositor, last * i / std::max(1, layout.frames - 1), size);
       if (!frame) return frame.error();

@@ -12,11 +12,11 @@ using media::Picture;
 
 const Error kNoMemory{"out of memory for a picture"};
 
-std::vector<ActiveSet::Range> frameRanges(const std::vector<Layer>& layers, double frameRate) {
+std::vector<ActiveSet::Range> frameRanges(const std::vector<Layer>& layers, const FrameRate& rate) {
   std::vector<ActiveSet::Range> ranges;
   ranges.reserve(layers.size());
   for (const auto& layer : layers) {
-    ranges.push_back({frameFrom(layer.start, frameRate), frameFrom(layer.stop, frameRate)});
+    ranges.push_back({rate.frameFrom(layer.start), rate.frameFrom(layer.stop)});
   }
   return ranges;
 }
@@ -124,7 +124,7 @@ Result<Picture> Stack::source(std::size_t layer, Open& open, std::int64_t number
   same = false;
   if (open.inside) return open.inside->frame(number);
   const auto& clip = layers_[layer];
-  const double time = static_cast<double>(number) / setting_.frameRate;
+  const double time = setting_.frameRate.secondsAt(number);
   auto frame = open.source->reader.frameAt(std::max(clip.sourceTime(time), clip.mstart));
   if (!frame) return frame.error();
   same = *frame == open.shown;
@@ -146,7 +146,7 @@ Result<Picture> Stack::picture(std::size_t layer, std::int64_t number) {
   if (!shown || !*shown || open.effects.empty()) return shown;
   if (same && !open.changes) return open.drawn;
   const auto& clip = layers_[layer];
-  const double time = static_cast<double>(number) / setting_.frameRate - clip.start;
+  const double time = setting_.frameRate.secondsAt(number) - clip.start;
   for (std::size_t i = 0; i < open.effects.size(); ++i) {
     const auto& effect = clip.effects[i];
     if (time < effect.start || time >= effect.stop) continue;
@@ -185,7 +185,7 @@ Result<Picture> Stack::over(const Picture& below, const Part& part, const Pictur
 }
 
 Result<Picture> Stack::frame(std::int64_t number) {
-  const double time = static_cast<double>(number) / setting_.frameRate;
+  const double time = setting_.frameRate.secondsAt(number);
   const auto& active = active_.at(number);
   ++asked_;
   closeUnused(active);

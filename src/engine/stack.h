@@ -24,7 +24,7 @@ class Stack {
   struct Setting {
     int width = 0;  ///< pixels, even
     int height = 0;
-    double frameRate = 25;
+    FrameRate frameRate{};
     int decoderThreads = 1;               ///< of each file
     std::size_t keptOpen = 0;             ///< files that stay open though their clips are not shown now
     media::DamageList* damage = nullptr;  ///< is told what cannot be decoded; outlives the stack

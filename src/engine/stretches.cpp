@@ -3,7 +3,7 @@
 #include "engine/active_set.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <optional>
 
 namespace kvo::engine {
@@ -20,21 +20,21 @@ struct Beginning {
   std::size_t entered = 0;
 };
 
-std::int64_t endOf(const Transition& transition, double frameRate) {
+std::int64_t endOf(const Transition& transition, const FrameRate& rate) {
   const auto* progress = transition.params.find("progress");
   double end = transition.stop;
   if (progress != nullptr && !progress->number.keys.empty()) {
     end = std::min(end, transition.start + progress->number.keys.back().time);
   }
-  return frameFrom(end, frameRate);
+  return rate.frameFrom(end);
 }
 
 std::vector<Beginning> beginningsOf(const Timeline& timeline) {
-  const double rate = timeline.frameRate;
+  const auto& rate = timeline.frameRate;
   std::vector<ActiveSet::Range> shown;
   std::vector<std::int64_t> frames;
   for (const auto& layer : timeline.video) {
-    shown.push_back({frameFrom(layer.start, rate), frameFrom(layer.stop, rate)});
+    shown.push_back({rate.frameFrom(layer.start), rate.frameFrom(layer.stop)});
     frames.push_back(shown.back().first);
     for (const auto& transition : layer.transitions) frames.push_back(endOf(transition, rate));
   }
@@ -54,14 +54,14 @@ std::vector<Beginning> beginningsOf(const Timeline& timeline) {
 }  // namespace
 
 std::vector<Stretch> stretchesOf(const Timeline& timeline, std::int64_t first, std::int64_t stop) {
-  const auto frames = [&](double seconds) { return std::llround(seconds * timeline.frameRate); };
+  const auto frames = [&](double seconds) { return timeline.frameRate.frameFrom(seconds); };
   const auto beginnings = beginningsOf(timeline);
   std::vector<Stretch> stretches;
   auto from = first;
   while (stop - from >= frames(2 * kShortest)) {
     std::optional<Beginning> best;
     const auto worth = [&](const Beginning& b) {
-      return std::pair(b.entered, std::llabs(b.frame - from - frames(kUsual)));
+      return std::pair(b.entered, std::abs(b.frame - from - frames(kUsual)));
     };
     auto next = std::lower_bound(beginnings.begin(), beginnings.end(), from + frames(kShortest),
                                  [](const Beginning& b, std::int64_t frame) { return b.frame < frame; });

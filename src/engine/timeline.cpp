@@ -1,7 +1,6 @@
 #include "engine/timeline.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace kvo::engine {
 
@@ -16,10 +15,6 @@ double Timeline::length() const {
   for (const auto& layer : video) end = std::max(end, layer.stop);
   for (const auto& clip : audio) end = std::max(end, clip.stop);
   return end;
-}
-
-std::int64_t frameFrom(double seconds, double frameRate) {
-  return static_cast<std::int64_t>(std::ceil(seconds * frameRate - 0.01));
 }
 
 std::vector<std::string> pictureFiles(const std::vector<Layer>& layers) {

@@ -2,6 +2,7 @@
 // timeline or of the source, as the document gives it.
 #pragma once
 
+#include "base/frame_rate.h"
 #include "engine/params.h"
 #include "media/picture.h"
 
@@ -60,17 +61,15 @@ struct Timeline {
   int bitDepth = 24;
   int width = 0;  ///< pixels
   int height = 0;
-  double frameRate = 25;       ///< frames a second
+  FrameRate frameRate{};
   std::vector<Layer> video{};  ///< bottom to top
   std::vector<AudioClip> audio{};
 
   /// The end of the last clip, in seconds.
   [[nodiscard]] double length() const;
+  /// How many frames that is.
+  [[nodiscard]] std::int64_t frames() const { return frameRate.frameFrom(length()); }
 };
-
-/// The first frame whose time is `seconds` or later. Times of a document are rounded to a few decimals, so
-/// one that lies a hundredth of a frame behind still counts.
-std::int64_t frameFrom(double seconds, double frameRate);
 
 /// Every file that the pictures are made from, those inside of compositions and the masks of transitions too.
 std::vector<std::string> pictureFiles(const std::vector<Layer>& layers);

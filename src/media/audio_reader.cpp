@@ -5,6 +5,7 @@
 #include "media/video_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <deque>
 #include <optional>
@@ -82,6 +83,9 @@ struct AudioReader::State {
                                    static_cast<AVSampleFormat>(frame.format), frame.sample_rate, 0, nullptr);
     av_channel_layout_uninit(&layout);
     resampler.reset(raw);
+    // One channel comes from both sides as loud as it is; the resampler would take 3 dB off.
+    constexpr std::array<double, kChannels> kBothSides = {1, 1};
+    if (made >= 0 && frame.ch_layout.nb_channels == 1) made = swr_set_matrix(raw, kBothSides.data(), 1);
     if (made >= 0) made = swr_init(raw);
     if (made < 0) return ffmpegError("cannot convert the sound of " + source.path, made);
     sourceRate = frame.sample_rate;

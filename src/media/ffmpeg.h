@@ -5,11 +5,13 @@ extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
 #include <libavutil/imgutils.h>
+#include <libavutil/intreadwrite.h>
 #include <libavutil/opt.h>
 #include <libswresample/swresample.h>
 #include <libswscale/swscale.h>
 }
 
+#include "base/frame_rate.h"
 #include "base/result.h"
 
 #include <array>
@@ -39,8 +41,8 @@ using PacketHandle = std::unique_ptr<AVPacket, FreePacket>;
 using ScalerHandle = std::unique_ptr<SwsContext, FreeScaler>;
 using ResamplerHandle = std::unique_ptr<SwrContext, FreeResampler>;
 
-/// The time of one frame. MPEG-4 counts the ticks of a second in 16 bits.
-inline AVRational frameTimeOf(double frameRate) { return av_inv_q(av_d2q(frameRate, 65535)); }
+/// The time of one frame.
+inline AVRational frameTimeOf(const FrameRate& rate) { return {rate.denominator(), rate.numerator()}; }
 
 /// "cannot open /a/b.avi: Invalid data found when processing input"
 inline Error ffmpegError(const std::string& what, int code) {

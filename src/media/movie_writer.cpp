@@ -17,6 +17,15 @@ constexpr int kIoBuffer = 1 << 18;
 constexpr std::int64_t kMovieSoundRate = 128000;
 constexpr std::int64_t kSoundOnlyRate = 192000;
 
+// Advanced Systems Format: the header object of 30 bytes begins with the file properties object. From its
+// start, behind its name (16 bytes) and size (8), stand the file's name (16), size, date and number of
+// packets (8 each), and then, in units of 100 ns, the play duration, which counts the preroll too, and the
+// send duration.
+constexpr std::uint64_t kAsfPlayDuration = 30 + 16 + 8 + 16 + 3 * 8;
+constexpr std::uint64_t kAsfSendDuration = kAsfPlayDuration + 8;
+constexpr std::int32_t kAsfTicks = 10'000'000;         // a second
+constexpr std::int64_t kAsfPreroll = 3100LL * 10'000;  // what the muxer writes there, in ticks
+
 struct FreeIo {
   void operator()(AVIOContext* io) const {
     av_freep(static_cast<void*>(&io->buffer));
@@ -92,7 +101,10 @@ struct MovieWriter::State {
   AVRational frameTime{1, 25};
   PacketHandle packet{av_packet_alloc()};
   std::int64_t samples = 0;  // time of the next one
-  std::vector<float> held;   // samples that do not fill an encoder's frame yet
+  std::int64_t early = 0;    // the stamp of the next packet ahead of the movie, while there are any
+  std::int64_t framesGiven = 0;
+  std::int64_t samplesGiven = 0;
+  std::vector<float> held;  // samples that do not fill an encoder's frame yet
 
   Error failure(const std::string& what, int code) const {
     return sink.done ? ffmpegError(what + " " + name, code) : sink.done.error();
@@ -125,6 +137,9 @@ struct MovieWriter::State {
     return begun < 0 ? Outcome(failure("cannot write", begun)) : Outcome();
   }
 
+  [[nodiscard]] bool isAsf() const {
+    return format.container == Container::Wmv || format.container == Container::Wma;
+  }
   [[nodiscard]] bool headerInFile() const { return (muxer->oformat->flags & AVFMT_GLOBALHEADER) != 0; }
 
   Outcome addVideo(const VideoFormat& v) {
@@ -138,8 +153,7 @@ struct MovieWriter::State {
   }
 
   Outcome addAudio() {
-    const bool isAsf = format.container == Container::Wmv || format.container == Container::Wma;
-    const auto id = isAsf ? AV_CODEC_ID_WMAV2 : AV_CODEC_ID_PCM_S16LE;
+    const auto id = isAsf() ? AV_CODEC_ID_WMAV2 : AV_CODEC_ID_PCM_S16LE;
     const auto* codec = avcodec_find_encoder(id);
     if (codec == nullptr) {
       return Error{"cannot write " + name + ": no encoder for " + avcodec_get_name(id)};
@@ -150,16 +164,17 @@ struct MovieWriter::State {
     auto& c = *audioEncoder;
     c.sample_rate = kSampleRate;
     c.ch_layout = AV_CHANNEL_LAYOUT_STEREO;
-    c.sample_fmt = isAsf ? AV_SAMPLE_FMT_FLTP : AV_SAMPLE_FMT_S16;
+    c.sample_fmt = isAsf() ? AV_SAMPLE_FMT_FLTP : AV_SAMPLE_FMT_S16;
     c.time_base = {1, kSampleRate};
-    if (isAsf) c.bit_rate = format.video ? kMovieSoundRate : kSoundOnlyRate;
+    if (isAsf()) c.bit_rate = format.video ? kMovieSoundRate : kSoundOnlyRate;
     audio->time_base = c.time_base;
     auto opened = openEncoder(c, *audio);
-    if (opened && isAsf) {
+    if (opened && isAsf()) {
       // A decoder throws away the first two frames. One is the encoder's own delay, which its time stamps
       // count; the other is put ahead here.
       held.assign(static_cast<std::size_t>(c.frame_size) * kChannels, 0.0F);
       samples = -c.frame_size;
+      early = -2;
     }
     return opened;
   }
@@ -172,6 +187,8 @@ struct MovieWriter::State {
 
   Outcome mux(AVPacket& p, const AVStream& stream, AVRational timeBase) {
     av_packet_rescale_ts(&p, timeBase, stream.time_base);
+    // What a decoder throws away takes no time: the muxer moves all of the movie behind it.
+    if (p.pts < 0 && early < 0) p.pts = p.dts = early++;
     p.stream_index = stream.index;
     const int written = av_interleaved_write_frame(muxer.get(), &p);
     return written < 0 || !sink.done ? Outcome(failure("cannot write", written)) : Outcome();
@@ -197,6 +214,20 @@ struct MovieWriter::State {
       return failure("cannot write", taken);
     }
     return mux(*packet, *video, frameTime);
+  }
+
+  // The muxer reckons with what the encoder put ahead of the sound and behind it.
+  Outcome tellAsfLength() {
+    const auto rate = format.video ? format.video->frameRate : FrameRate();
+    const auto units = std::max(rate.unitsAt(framesGiven, kAsfTicks),
+                                FrameRate(kSampleRate).unitsAt(samplesGiven, kAsfTicks));
+    const auto field = [&](std::uint64_t at, std::int64_t value) {
+      std::array<char, 8> bytes{};
+      AV_WL64(bytes.data(), static_cast<std::uint64_t>(value));
+      return sink.target.write(at, {bytes.data(), bytes.size()});
+    };
+    if (auto done = field(kAsfPlayDuration, units + kAsfPreroll); !done) return done;
+    return field(kAsfSendDuration, units);
   }
 
   Outcome writeSamples(std::span<const float> part) {
@@ -252,10 +283,14 @@ Result<VideoEncoder> MovieWriter::newVideoEncoder() const {
   return VideoEncoder::open(*state_->format.video, state_->headerInFile(), state_->name);
 }
 
-Outcome MovieWriter::writeVideo(const EncodedFrame& frame) { return state_->writeFrame(frame); }
+Outcome MovieWriter::writeVideo(const EncodedFrame& frame) {
+  ++state_->framesGiven;
+  return state_->writeFrame(frame);
+}
 
 Outcome MovieWriter::writeAudio(std::span<const float> samples) {
   auto& s = *state_;
+  s.samplesGiven += static_cast<std::int64_t>(samples.size()) / kChannels;
   const auto chunk = static_cast<std::size_t>(s.audioEncoder->frame_size) * kChannels;
   if (chunk == 0) return samples.empty() ? Outcome() : s.writeSamples(samples);
   s.held.insert(s.held.end(), samples.begin(), samples.end());
@@ -280,7 +315,8 @@ Outcome MovieWriter::finish() {
   }
   const int ended = av_write_trailer(s.muxer.get());
   avio_flush(s.io.get());
-  return ended < 0 || !s.sink.done ? Outcome(s.failure("cannot write", ended)) : Outcome();
+  if (ended < 0 || !s.sink.done) return s.failure("cannot write", ended);
+  return s.isAsf() ? s.tellAsfLength() : Outcome();
 }
 
 }  // namespace kvo::media

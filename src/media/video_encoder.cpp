@@ -56,12 +56,18 @@ struct VideoEncoder::State {
     if (codec == nullptr) {
       return Error{"cannot write " + name + ": no encoder for " + avcodec_get_name(id)};
     }
+    if (format.codec == VideoCodec::Wmv2 && format.width % 2 != 0) {
+      return Error{"cannot write " + name + ": its width of " + std::to_string(format.width) +
+                   " is odd, and Windows Media Video has even widths only"};
+    }
     encoder.reset(avcodec_alloc_context3(codec));
     auto& c = *encoder;
     c.width = format.width;
     c.height = format.height;
     c.pix_fmt = AV_PIX_FMT_YUV420P;
-    c.time_base = frameTimeOf(format.frameRate);
+    // MPEG-4 counts the ticks of a second in 16 bits. A frame's number is its time here, whatever the unit.
+    const auto time = frameTimeOf(format.frameRate);
+    av_reduce(&c.time_base.num, &c.time_base.den, time.num, time.den, 65535);
     c.framerate = av_inv_q(c.time_base);
     c.gop_size = kGroupOfPictures;
     c.max_b_frames = 0;

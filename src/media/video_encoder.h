@@ -1,6 +1,7 @@
 // Makes the frames of a movie file from pictures.
 #pragma once
 
+#include "base/frame_rate.h"
 #include "base/result.h"
 #include "media/picture.h"
 
@@ -23,7 +24,7 @@ struct VideoFormat {
   VideoCodec codec = VideoCodec::Raw;
   int width = 0;  ///< pixels
   int height = 0;
-  double frameRate = 25;
+  FrameRate frameRate{};
   int bitDepth = 24;  ///< 16 (5-5-5), 24 or 32; for Raw
 };
 

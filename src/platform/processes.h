@@ -24,7 +24,8 @@ class Processes {
   virtual ~Processes() = default;
 
   /// Runs `program` to its end. `line` hears each line of its standard output; standard error is shared.
-  /// `stop` is asked at least ten times a second, and a true answer ends the process.
+  /// `stop` is asked at least ten times a second. A true answer ends the process: it is asked to end, and
+  /// killed when it has not a second later.
   virtual Result<ProcessEnd> run(const std::string& program, const std::vector<std::string>& arguments,
                                  const std::function<void(std::string_view)>& line,
                                  const std::function<bool()>& stop) = 0;

@@ -11,12 +11,13 @@ using Words = std::vector<std::string>;
 
 TEST(EngineArguments, TakeTheirForms) {
   const auto all = readEngineArguments(
-      {"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/W", "/out/my movie.avi", "/x/doc.xtl"});
+      {"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/W", "/out/my movie.avi", "/x/doc.xtl"});
   ASSERT_TRUE(all) << all.error().text;
   ASSERT_TRUE(all->job.slice);
   EXPECT_EQ(all->job.slice->from, 1.5);
   EXPECT_EQ(all->job.slice->to, 4);
   EXPECT_EQ(all->profile, 12);
+  EXPECT_EQ(all->starter, 4194303);
   EXPECT_EQ(all->job.aviCodec, media::VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
@@ -30,6 +31,8 @@ TEST(EngineArguments, TakeTheirForms) {
                          {"/P", "26", "/W", "o.wmv", "d.xtl"},
                          {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
                          {"/C", "h264", "/W", "o.avi", "d.xtl"},
+                         {"/S", "0", "/W", "o.avi", "d.xtl"},
+                         {"/S", "x", "/W", "o.avi", "d.xtl"},
                          {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
                          {"/[1.50]", "/W", "o.avi", "d.xtl"},
                          {"/Q", "/W", "o.avi", "d.xtl"}};

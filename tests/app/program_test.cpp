@@ -4,10 +4,15 @@
 #include "support/fakes.h"
 #include "support/real_world.h"
 
+#include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -221,6 +226,125 @@ TEST_F(Program, AStopSignalEndsTheEngineAndLeavesNoFile) {
     EXPECT_NE(end.err.find("stopped"), std::string::npos);
     EXPECT_EQ(work_.names(), before);
   }
+}
+
+// A program that runs beside the test, in a group of its own.
+class Running {
+ public:
+  explicit Running(const std::vector<std::string>& command) {
+    std::array<int, 2> pipe{};
+    EXPECT_EQ(::pipe(pipe.data()), 0);
+    process_ = ::fork();
+    if (process_ == 0) {
+      ::setpgid(0, 0);
+      ::dup2(pipe[1], STDOUT_FILENO);
+      ::close(pipe[0]);
+      std::vector<char*> arguments;
+      for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
+      arguments.push_back(nullptr);
+      ::execv(arguments[0], arguments.data());
+      ::_exit(127);
+    }
+    ::close(pipe[1]);
+    char first = 0;
+    EXPECT_EQ(::read(pipe[0], &first, 1), 1) << "it has begun to work";
+    output_ = pipe[0];
+    std::ifstream children("/proc/" + std::to_string(process_) + "/task/" + std::to_string(process_) +
+                           "/children");
+    children >> child_;
+    EXPECT_GT(child_, 0);
+  }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() {
+    if (child_ > 0) ::kill(child_, SIGKILL);
+    if (process_ > 0) ::kill(process_, SIGKILL);
+    end();
+    ::close(output_);
+  }
+
+  void signal(int number) const { ::kill(process_, number); }
+  void signalChild(int number) const { ::kill(child_, number); }
+
+  // Its exit code, when it has ended.
+  int end() {
+    if (process_ == 0) return -1;
+    int status = 0;
+    ::waitpid(std::exchange(process_, 0), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  }
+
+  // Waits for the end of what it has started.
+  [[nodiscard]] bool childEnds() {
+    for (int i = 0; i < 200; ++i) {
+      std::ifstream file("/proc/" + std::to_string(child_) + "/stat");
+      std::string text;
+      std::getline(file, text);
+      const auto name = text.rfind(')');
+      if (name == std::string::npos || text.compare(name, 3, ") Z") == 0) {
+        child_ = 0;
+        return true;
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return false;
+  }
+
+ private:
+  pid_t process_ = 0;
+  pid_t child_ = 0;
+  int output_ = -1;
+};
+
+TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
+  const auto lasting = test::makeMedia(work_, "long.mp4",
+                                       {"-f", "lavfi", "-i", "testsrc2=size=640x360:rate=25:duration=120",
+                                        "-c:v", "libx264", "-preset", "ultrafast"});
+  const auto path =
+      collection("c.INI", {lasting}, [](test::Bench& b) { b.collection.MovieList[1].LoopEnd(Value(120)); });
+  const auto temporary = work_ / "temporary";
+  std::filesystem::create_directory(temporary);
+  ::setenv("TMPDIR", temporary.c_str(), 1);
+  struct Row {
+    const char* what;
+    bool hangs;    // the engine
+    int signal;    // what kvo5 gets
+    int exitCode;  // of kvo5; -1 while it stands still
+    bool leavesFolder;
+  };
+  for (const auto& row : {Row{"killed", false, SIGKILL, 128 + SIGKILL, true},
+                          Row{"killed while the engine hangs", true, SIGKILL, 128 + SIGKILL, true},
+                          Row{"stopped", false, SIGSTOP, -1, true},
+                          Row{"interrupted while the engine hangs", true, SIGINT, 130, false}}) {
+    Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.avi", "--size",
+                     "1280x720", "--codec", "mpeg4"});
+    if (row.hangs) starter.signalChild(SIGSTOP);
+    starter.signal(row.signal);
+    EXPECT_TRUE(starter.childEnds()) << row.what;
+    if (row.exitCode >= 0) {
+      EXPECT_EQ(starter.end(), row.exitCode) << row.what;
+    } else {
+      EXPECT_EQ(kvo5({"--check", path}).exitCode, 0);
+      EXPECT_FALSE(std::filesystem::is_empty(temporary)) << "it may go on";
+      starter.signal(SIGKILL);
+      starter.end();
+    }
+    EXPECT_EQ(std::filesystem::is_empty(temporary), !row.leavesFolder) << row.what;
+    EXPECT_EQ(kvo5({"--check", path}).exitCode, 0);
+    EXPECT_TRUE(std::filesystem::is_empty(temporary)) << row.what << ": swept at the next start";
+    EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << row.what;
+  }
+  ::unsetenv("TMPDIR");
+}
+
+TEST_F(Program, ASystemProfileIsRefusedByItsNumber) {
+  ASSERT_EQ(kvo5({"--document", collection("c.INI", {video_}), work_ / "d.xtl"}).exitCode, 0);
+  const auto end =
+      test::runProgram({KVO_PROGRAMS "/KVORender", "/P", "7", "/W", work_ / "o.wmv", work_ / "d.xtl"});
+  EXPECT_EQ(end.exitCode, 1);
+  EXPECT_NE(end.err.find("/P 7"), std::string::npos) << end.err;
+  EXPECT_EQ(std::count(end.err.begin(), end.err.end(), '\n'), 1) << end.err;
+  EXPECT_FALSE(std::filesystem::exists(work_ / "o.wmv"));
 }
 
 TEST_F(Program, WritesTheDocumentAlone) {

@@ -1,5 +1,7 @@
 #include "engine/document_reader.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 namespace kvo::engine {
@@ -11,8 +13,11 @@ std::string clip(const std::string& src, const std::string& times) {
   return "<track>\r\n<clip src=\"" + src + "\" " + times + " >\r\n</clip>\r\n";
 }
 
-std::string document(const std::string& tracks, const std::string& size = "width=\"320\" height=\"240\"") {
-  return "<timeline>\r\n<group type=\"video\" bitdepth=\"24\" " + size +
+const std::string kSize = "width=\"320\" height=\"240\"";
+
+// `head` is the size and, where it is not 25, the rate: the first of an attribute stands.
+std::string document(const std::string& tracks, const std::string& head = kSize) {
+  return "<timeline>\r\n<group type=\"video\" bitdepth=\"24\" " + head +
          " framerate=\"25\" name=\"VIDEO\" buffering=\"30\"  >\r\n" + tracks + "</group>\r\n</timeline>\r\n";
 }
 
@@ -37,7 +42,7 @@ TEST(DocumentReader, TakesClipsTransitionsAndEnvelopes) {
   const auto timeline = readDocument(text);
   ASSERT_TRUE(timeline) << timeline.error().text;
   EXPECT_EQ(timeline->bitDepth, 16);
-  EXPECT_EQ(timeline->frameRate, 29.97);
+  EXPECT_EQ(timeline->frameRate, FrameRate(30000, 1001));
   ASSERT_EQ(timeline->video.size(), 1U);
   const auto& video = timeline->video[0];
   EXPECT_EQ(video.src, "C:\\a & <b>.avi");
@@ -75,7 +80,7 @@ TEST(DocumentReader, TakesCompositionsGroupsAndEffects) {
       "</track></group></timeline>";
   const auto timeline = readDocument(text);
   ASSERT_TRUE(timeline) << timeline.error().text;
-  EXPECT_EQ(timeline->width * 1000 + timeline->frameRate, 320025)
+  EXPECT_EQ(timeline->width * 1000 + timeline->frameRate.perSecond(), 320025)
       << "the first group says what the movie is like";
   ASSERT_EQ(timeline->video.size(), 2U) << "a composition is one layer, the further group lies above";
   const auto& composition = timeline->video[0];
@@ -89,6 +94,20 @@ TEST(DocumentReader, TakesCompositionsGroupsAndEffects) {
   EXPECT_EQ(composition.inside[1].transitions.at(0).params.number("width", 0, 0), 160);
   EXPECT_EQ(timeline->video[1].src, "c.avi");
   EXPECT_EQ(timeline->audio.at(0).envelopes.at(0).at(1), 0.25) << "a volume behind a closed effect";
+}
+
+TEST(DocumentReader, NumbersOfParametersCanBeReckonedWith) {
+  const auto timeline =
+      readDocument(document(clip("a.avi", kTimes) + "<transition start=\"0\" stop=\"2\" clsid=\"" + kFade +
+                            "\"><param name=\"a\" value=\"-1e308\"><linear time=\"1e300\" "
+                            "value=\"1e308\"/></param><param name=\"b\" "
+                            "value=\"nan\"><linear time=\"1\" value=\"inf\"/></param></transition></track>"));
+  ASSERT_TRUE(timeline) << timeline.error().text;
+  for (const auto* name : {"a", "b"}) {
+    for (const double time : {0.0, 0.5, 1.0, 1e301}) {
+      EXPECT_LE(std::fabs(timeline->video[0].transitions.at(0).params.number(name, time, 0)), 1e9) << name;
+    }
+  }
 }
 
 TEST(DocumentReader, NamesStandAsTheyAre) {
@@ -162,6 +181,11 @@ TEST(DocumentReader, RefusesWhatCannotBeRenderedAndSaysWhy) {
       {document(deep), "nested too deep"},
       {document(clip("a.avi", kTimes) + "</track>", "width=\"0\" height=\"0\""), "0 x 0"},
       {document(clip("a.avi", kTimes) + "</track>", "width=\"20000\" height=\"20000\""), "20000 x 20000"},
+      {document(clip("a.avi", kTimes) + "</track>", kSize + " framerate=\"0.1\""),
+       "rate 0.1 is not within 1 to 1000"},
+      {document(clip("a.avi", kTimes) + "</track>", kSize + " framerate=\"0.99\""), "rate 0.99 is not"},
+      {document(clip("a.avi", kTimes) + "</track>", kSize + " framerate=\"1e9\""), "rate 1e9 is not"},
+      {document(clip("a.avi", kTimes) + "</track>", kSize + " framerate=\"x\""), "rate x is not"},
   };
   for (const auto& row : rows) {
     const auto timeline = readDocument(row.text);

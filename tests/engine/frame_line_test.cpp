@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -80,6 +81,17 @@ TEST_F(FrameLineTest, EndsWithTheFirstFailure) {
       if (!made) failure = made.error().text;
     }
     EXPECT_NE(failure.find("gone.mkv"), std::string::npos) << failure;
+  }
+}
+
+TEST_F(FrameLineTest, EndsWithALineForWhatIsThrown) {
+  const auto timeline = movie({video_, video_});
+  for (const int workers : {1, 2}) {
+    FrameLine line(timeline, stretchesOf(timeline, 0, 200),
+                   []() -> Result<media::VideoEncoder> { throw std::bad_alloc(); }, {.workers = workers});
+    const auto made = line.next();
+    ASSERT_FALSE(made);
+    EXPECT_EQ(made.error().text, "out of memory");
   }
 }
 

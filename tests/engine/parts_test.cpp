@@ -24,15 +24,6 @@ TEST(Keyed, RunsStraightJumpsAndHolds) {
   EXPECT_EQ((Keyed{0, {{-0.115, 1, true}}}).at(0), 1) << "a key ahead of the start has been passed";
 }
 
-TEST(Timeline, FramesBeginAtOrBehindTheirTime) {
-  EXPECT_EQ(frameFrom(0, 25), 0);
-  EXPECT_EQ(frameFrom(0.04, 25), 1);
-  EXPECT_EQ(frameFrom(0.05, 25), 2);
-  constexpr double kNtsc = 30000.0 / 1001;
-  EXPECT_EQ(frameFrom(1.0010, kNtsc), 30) << "four decimals are near enough";
-  EXPECT_EQ(frameFrom(0.0334, kNtsc), 1);
-}
-
 TEST(ActiveSet, HoldsTheRangesAtAPosition) {
   ActiveSet set({{0, 10}, {5, 15}, {5, 5}, {12, 20}, {0, 100}});
   using Numbers = std::vector<std::size_t>;

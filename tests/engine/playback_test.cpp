@@ -6,11 +6,16 @@
 #include "platform/sdl/sdl_sound_output.h"
 #include "support/real_world.h"
 
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
 #include <cstdlib>
+#include <future>
 #include <mutex>
+#include <new>
+#include <opencv2/core.hpp>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -165,13 +170,124 @@ TEST_F(PlaybackTest, SoundGoesWithThePictureAfterASeek) {
   playback.play(now);
   for (; now < 0.4; now += 0.02) ASSERT_TRUE(playback.step(now));
   EXPECT_NEAR(static_cast<double>(playback.position()), 25 + 0.4 * 25, 1.1);
-  // The first sample that is heard is that of second 1 of the timeline: second 2 of the tone (of one
-  // channel).
+  // The first sample that is heard is that of second 1 of the timeline: second 2 of the tone.
   for (std::size_t i = 100; i < 4000; ++i) {
-    const double wanted =
-        0.125 * std::sqrt(0.5) * std::sin(2 * 3.14159265358979 * 441 * (2 + static_cast<double>(i) / 44100));
+    const double wanted = 0.125 * std::sin(2 * 3.14159265358979 * 441 * (2 + static_cast<double>(i) / 44100));
     ASSERT_NEAR(sound.heard[2 * i], wanted, 0.01) << i;
   }
+}
+
+TEST_F(PlaybackTest, APauseStandsAtTheFrameThatIsShown) {
+  for (const char* rate : {"25", "29.97", "23.976", "12.5", "60"}) {
+    auto text = document(false);
+    text.replace(text.find("framerate=\"25\""), 14, "framerate=" + quoted(rate));
+    text.replace(text.find("stop=\"2\""), 8, "stop=\"300\"");
+    auto timeline = *readDocument(text);
+    timeline.video.clear();  // what matters is the time
+    timeline.audio.push_back({});
+    timeline.audio.back().stop = 300;
+    Playback playback(std::move(timeline), nullptr);
+    int differ = 0;
+    for (std::int64_t frame = 1; frame < 3000; ++frame) {
+      playback.stop();
+      playback.play(0);
+      const double now = static_cast<double>(frame) / playback.frameRate();
+      ASSERT_TRUE(playback.step(now));
+      ASSERT_EQ(playback.position(), frame) << rate;
+      playback.pause(now);
+      ASSERT_TRUE(playback.step(now));
+      differ += playback.position() != frame ? 1 : 0;
+    }
+    EXPECT_EQ(differ, 0) << rate;
+  }
+}
+
+// Loudspeakers that take their time to open, or go wrong.
+class OddSound : public FakeSound {
+ public:
+  using FakeSound::FakeSound;
+  Outcome open() override {
+    if (!mayOpen.valid()) return {};
+    openedInTime = mayOpen.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+    return {};
+  }
+  void queue(std::span<const float> samples) override {
+    if (throws) throw std::bad_alloc();
+    FakeSound::queue(samples);
+  }
+  std::future<void> mayOpen;
+  std::atomic<bool> openedInTime = true;
+  std::atomic<bool> throws = false;
+};
+
+bool comesTo(const EnginePlayer& player, PlayState state) {
+  for (int i = 0; i < 400 && player.state() != state; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  return player.state() == state;
+}
+
+TEST_F(PlaybackTest, SoundThatIsSlowToOpenHoldsNobodyUp) {
+  const double now = 0;
+  auto sound = std::make_unique<OddSound>(now);
+  auto& speaker = *sound;
+  std::promise<void> open;
+  speaker.mayOpen = open.get_future();
+  EnginePlayer player(std::move(sound), [](auto /*frame*/, auto /*picture*/) {});
+  ASSERT_TRUE(player.load(document(true)));
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));  // the thread is at it
+  EXPECT_EQ(player.state(), PlayState::Stopped);
+  player.seek(7);
+  open.set_value();
+  for (int i = 0; i < 400 && player.position() != 7; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  EXPECT_EQ(player.position(), 7) << "what was asked for meanwhile is done";
+  EXPECT_TRUE(speaker.openedInTime);
+}
+
+TEST_F(PlaybackTest, ALoadThatFailsLeavesNothingLoaded) {
+  EnginePlayer player(nullptr, [](auto /*frame*/, auto /*picture*/) {});
+  ASSERT_TRUE(player.load(document(false)));
+  player.play();
+  ASSERT_TRUE(comesTo(player, PlayState::Playing));
+  EXPECT_FALSE(player.load("no document"));
+  player.seek(3);
+  EXPECT_TRUE(comesTo(player, PlayState::Empty));
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  EXPECT_EQ(player.state(), PlayState::Empty) << "the old document does not come back";
+  EXPECT_EQ(player.frames() + player.position(), 0);
+  EXPECT_EQ(player.frameRate(), 0);
+  ASSERT_TRUE(player.load(document(false)));
+  EXPECT_TRUE(comesTo(player, PlayState::Stopped));
+  EXPECT_EQ(player.frames(), 50);
+}
+
+TEST_F(PlaybackTest, WhatIsThrownEndsInTheStateFailed) {
+  double now = 0;
+  OddSound sound(now);
+  Playback playback(*readDocument(document(true)), &sound);
+  sound.throws = true;
+  playback.play(now);
+  const auto step = playback.step(now);
+  ASSERT_FALSE(step);
+  EXPECT_EQ(step.error().text, "out of memory");
+  EXPECT_EQ(playback.state(), PlayState::Failed);
+
+  // On the player's thread; the next document plays all the same.
+  std::atomic<bool> throws = true;
+  EnginePlayer player(nullptr, [&](auto /*frame*/, auto /*picture*/) {
+    if (throws) throw cv::Exception(cv::Error::StsBadArg, "a size of -1", "resize", "x.cpp", 1);
+  });
+  ASSERT_TRUE(player.load(document(false)));
+  EXPECT_TRUE(comesTo(player, PlayState::Failed));
+  EXPECT_NE(player.failure().find("a size of -1"), std::string::npos) << player.failure();
+  EXPECT_EQ(player.failure().find('\n'), std::string::npos) << player.failure();
+  throws = false;
+  ASSERT_TRUE(player.load(document(false)));
+  EXPECT_TRUE(comesTo(player, PlayState::Stopped));
+  player.play();
+  EXPECT_TRUE(comesTo(player, PlayState::Ended));
 }
 
 TEST_F(PlaybackTest, TheRealPlayerPlaysOnItsThread) {

@@ -269,6 +269,78 @@ TEST_F(Render, MakesASliceLikeThePartOfTheWhole) {
   for (std::size_t i = 0; i < cut.size(); ++i) ASSERT_NEAR(cut[i], sound[70560 + i], 1e-4F) << i;
 }
 
+TEST_F(Render, ASliceOfSoundBeginsAndEndsWhereItIsTold) {
+  const auto tone = test::makeMedia(
+      media_, "sweep.wav", {"-f", "lavfi", "-i", "aevalsrc='0.5*sin(2*PI*(200+100*t)*t)':s=44100:d=5"});
+  const auto text = movie({}, {{tone, 0, 4, 0, 4}});
+  const auto all = test::samplesOf(rendered(text, "all.wav"));
+  ASSERT_EQ(all.size(), 4U * 44100);
+  for (const auto& [from, to] : {std::pair{1.63, 2.41}, std::pair{0.05, 0.07}, std::pair{3.99, 9.0}}) {
+    RenderJob job;
+    job.slice = Slice{from, to};
+    const auto part = test::samplesOf(rendered(text, "part.wav", job));
+    const auto first = static_cast<std::size_t>(std::lround(from * 44100));
+    ASSERT_EQ(part.size(), std::lround(std::min(to, 4.0) * 44100) - std::lround(from * 44100));
+    for (std::size_t i = 0; i < part.size(); ++i)
+      ASSERT_NEAR(part[i], all[first + i], 1e-4F) << from << ": " << i;
+  }
+}
+
+// Rates that television has are ratios of 1001, however few decimals they are given with: in the header, in
+// the number of frames and in the length of the sound.
+TEST_F(Render, RatesOfTelevisionAreExact) {
+  const auto still =
+      test::makeMedia(media_, "still.png", {"-f", "lavfi", "-i", "color=red:size=16x16", "-frames:v", "1"});
+  const auto tone = test::makeMedia(media_, "tone.wav", {"-f", "lavfi", "-i", "sine=duration=61"});
+  struct Row {
+    const char* rate;
+    std::int64_t numerator, denominator;
+  };
+  for (const auto& row :
+       {Row{"23.976", 24000, 1001}, Row{"23.98", 24000, 1001}, Row{"23.97602", 24000, 1001},
+        Row{"29.97", 30000, 1001}, Row{"29.98", 30000, 1001}, Row{"59.94", 60000, 1001},
+        Row{"59.95", 60000, 1001}, Row{"24", 24, 1}, Row{"12.5", 25, 2}, Row{"33.33", 3333, 100}}) {
+    const auto text =
+        movie({{still, 0, 60.06, 0, 60.06}}, {{tone, 0, 60.06, 0, 60.06}}, videoHead(16, 16, row.rate));
+    // 60.06 s are a whole number of frames at the rates of television.
+    const auto frames = (6006 * row.numerator + 100 * row.denominator - 1) / (100 * row.denominator);
+    const auto samples = (frames * 44100 * row.denominator + row.numerator / 2) / row.numerator;
+    const auto ratio = std::to_string(row.numerator) + "/" + std::to_string(row.denominator);
+    EXPECT_EQ(test::probed(rendered(text, "rate.avi"), "stream=r_frame_rate,nb_frames,duration_ts"),
+              ratio + " " + std::to_string(frames) + " " + std::to_string(frames) + " 0/0 N/A " +
+                  std::to_string(samples))
+        << row.rate;
+  }
+}
+
+TEST_F(Render, HeadersOfWindowsMediaTellTheTrueLength) {
+  const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 100);
+  const auto tone = test::makeMedia(media_, "tone.wav", {"-f", "lavfi", "-i", "sine=duration=5"});
+  for (const double length : {0.4, 1.0, 3.48}) {
+    const DocumentClip picture{source, 0, length, 0, length};
+    const DocumentClip sound{tone, 0, length, 0, length};
+    for (const auto& [name, text] :
+         {std::pair{"both.wmv", movie({picture}, {sound})}, std::pair{"picture.wmv", movie({picture})},
+          std::pair{"sound.wma", movie({}, {sound})}}) {
+      EXPECT_NEAR(std::stod(test::probed(rendered(text, name), "format=duration")), length, 0.0025) << name;
+    }
+  }
+}
+
+TEST_F(Render, MonoKeepsItsLevel) {
+  const auto tone = test::makeMedia(media_, "mono.wav",
+                                    {"-f", "lavfi", "-i", "aevalsrc='0.5*sin(2*PI*300*t)':s=44100:d=2"});
+  const auto both = test::makeMedia(
+      media_, "stereo.wav",
+      {"-f", "lavfi", "-i", "aevalsrc='0.5*sin(2*PI*300*t)|0.25*sin(2*PI*300*t)':s=44100:d=2"});
+  const double full = 20 * std::log10(0.5 / std::sqrt(2));
+  for (const auto& [file, right] : {std::pair{tone, full}, std::pair{both, full - 6.02}}) {
+    const auto made = rendered(movie({}, {{file, 0, 2, 0, 2}}), "level.wav");
+    EXPECT_NEAR(test::levelOf(test::samplesOf(made, 0), 0.5, 1.5), full, 0.05) << file;
+    EXPECT_NEAR(test::levelOf(test::samplesOf(made, 1), 0.5, 1.5), right, 0.05) << file;
+  }
+}
+
 TEST_F(Render, WritesEachKindWithItsStreams) {
   const auto source = test::makeMedia(media_, "av.mkv",
                                       {"-f", "lavfi", "-i", "testsrc=size=128x96:rate=25:duration=2", "-f",
@@ -313,6 +385,7 @@ TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
       {movie({{source, 0, 1, 0, 1}}), "o.wav", "no sound"},
       {movie({}, {{sound, 0, 1, 0, 1}}), "o.avi", "no picture"},
       {movie({{source, 0, 1, 0, 1}}), "o.avi", "not within", behind},
+      {movie({{source, 0, 1, 0, 1}}, {}, videoHead(101, 76)), "o.wmv", "its width of 101 is odd"},
   };
   ASSERT_TRUE(writeDurably(files_, out_ / "o.avi", "the old movie"));
   const auto before = out_.names();

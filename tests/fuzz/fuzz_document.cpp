@@ -30,7 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       if (!std::isfinite(envelope.at(0.5))) std::abort();
     }
   }
-  if (timeline->hasVideo && (timeline->width < 2 || timeline->height < 2 || !(timeline->frameRate > 0))) {
+  if (timeline->hasVideo &&
+      (timeline->width < 2 || timeline->height < 2 || !(timeline->frameRate.perSecond() > 0))) {
     std::abort();
   }
   return 0;

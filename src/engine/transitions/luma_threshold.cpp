@@ -15,14 +15,17 @@ void paint(const media::Picture& below, const media::Picture& above, double prog
   const auto width = static_cast<std::size_t>(out.width());
   std::vector<std::uint16_t> thresholds(width);
   std::vector<std::uint8_t> shares(width);
+  std::vector<std::uint8_t> half(width);
   for (int plane = 0; plane < out.planes(); ++plane) {
-    const int step = media::Picture::isChroma(plane) ? 2 : 1;
     const auto count = static_cast<std::size_t>(out.width(plane));
     for (int y = 0; y < out.height(plane); ++y) {
-      const auto* luma = below.row(0, y * step);
-      for (std::size_t x = 0; x < count; ++x) {
-        thresholds[x] = static_cast<std::uint16_t>(kWay - luma[x * static_cast<std::size_t>(step)] * 257);
+      const auto* luma = below.row(0, y);
+      if (media::Picture::isChroma(plane)) {
+        media::halveRows(below.row(0, 2 * y), below.row(0, 2 * y + 1), half.data(), count);
+        luma = half.data();
       }
+      for (std::size_t x = 0; x < count; ++x)
+        thresholds[x] = static_cast<std::uint16_t>(kWay - luma[x] * 257);
       media::sharesRow(thresholds.data(), position, kSoft, shares.data(), count);
       media::mixRowByShares(below.row(plane, y), above.row(plane, y), shares.data(), out.row(plane, y),
                             count);

@@ -74,7 +74,7 @@ namespace {
 // The first picture is on the front of a card and the second on its back, unless the switches say otherwise.
 void paintFlip(const Params& params, const media::Picture& below, const media::Picture& above,
                double progress, media::Picture& out) {
-  drawColour(wholeOf(out), {}, out);
+  drawColour({}, out);
   auto motion = motionOf(params, out.width(), out.height(), unevenProgress(params, progress));
   const auto shows = [&](const char* side, bool otherwise) {
     return params.find(side) == nullptr ? otherwise : params.flag(side);

@@ -2,12 +2,19 @@
 
 #include "media/media_facts.h"
 
+#include <system_error>
+
 namespace kvo {
 
 Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
+  std::error_code failed;
+  const auto size = std::filesystem::file_size(path, failed);
+  const Stamp stamp{failed ? 0 : size, std::filesystem::last_write_time(path, failed)};
   const auto found = known_.find(path);
-  if (found != known_.end()) return found->second;
-  return known_.emplace(path, media::readFacts(path)).first->second;
+  if (!failed && found != known_.end() && found->second.stamp == stamp) return found->second.facts;
+  auto facts = media::readFacts(path);
+  if (facts && !failed) known_.insert_or_assign(path, Known{stamp, *facts});
+  return facts;
 }
 
 }  // namespace kvo

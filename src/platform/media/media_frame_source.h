@@ -1,8 +1,10 @@
-// What a media file holds, by FFmpeg. A file that was looked at once is not opened again.
+// What a media file holds, by FFmpeg. A file that was looked at is not opened again until it changes.
 #pragma once
 
 #include "platform/frame_source.h"
 
+#include <cstdint>
+#include <filesystem>
 #include <map>
 
 namespace kvo {
@@ -12,7 +14,17 @@ class MediaFrameSource : public FrameSource {
   Result<StreamFacts> facts(const std::string& path) override;
 
  private:
-  std::map<std::string, Result<StreamFacts>> known_;
+  // What tells that a file is the one that was looked at.
+  struct Stamp {
+    std::uintmax_t size = 0;
+    std::filesystem::file_time_type time{};
+    bool operator==(const Stamp&) const = default;
+  };
+  struct Known {
+    Stamp stamp{};
+    StreamFacts facts{};
+  };
+  std::map<std::string, Known> known_;
 };
 
 }  // namespace kvo

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -15,7 +17,8 @@ extern char** environ;  // NOLINT(readability-redundant-declaration)
 namespace kvo {
 namespace {
 
-constexpr int kAskEvery = 50;  // milliseconds between two questions whether to stop
+constexpr int kAskEvery = 50;                     // milliseconds between two questions whether to stop
+constexpr auto kGrace = std::chrono::seconds(1);  // between asking a process to end and killing it
 
 std::vector<char*> argumentPointers(const std::string& program, const std::vector<std::string>& arguments) {
   std::vector<char*> pointers;
@@ -34,6 +37,31 @@ void handOut(std::string& pending, const std::function<void(std::string_view)>& 
   }
   pending.erase(0, from);
 }
+
+// Ends a process when it is to stop: asks it to, and kills it when it does not listen.
+class Stopping {
+ public:
+  Stopping(pid_t process, const std::function<bool()>& stop) : process_(process), stop_(stop) {}
+
+  // True once it has been asked.
+  bool look() {
+    if (!asked_ && stop_()) {
+      asked_ = Clock::now();
+      ::kill(process_, SIGTERM);
+    } else if (asked_ && !killed_ && Clock::now() - *asked_ >= kGrace) {
+      killed_ = true;
+      ::kill(process_, SIGKILL);
+    }
+    return asked_.has_value();
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  pid_t process_;
+  const std::function<bool()>& stop_;
+  std::optional<Clock::time_point> asked_;
+  bool killed_ = false;
+};
 
 }  // namespace
 
@@ -65,13 +93,11 @@ Result<ProcessEnd> PosixProcesses::run(const std::string& program, const std::ve
   }
 
   ProcessEnd end;
+  Stopping stopping(child, stop);
   std::string pending;
   std::array<char, 4096> buffer{};
   for (bool open = true; open;) {
-    if (!end.ended && stop()) {
-      end.ended = true;
-      ::kill(child, SIGTERM);
-    }
+    end.ended = stopping.look();
     pollfd ready{pipe[0], POLLIN, 0};
     if (::poll(&ready, 1, kAskEvery) <= 0) continue;
     const auto got = ::read(pipe[0], buffer.data(), buffer.size());
@@ -85,7 +111,12 @@ Result<ProcessEnd> PosixProcesses::run(const std::string& program, const std::ve
   ::close(pipe[0]);
   if (!pending.empty()) line(pending);
   int status = 0;
-  while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  // It may have closed its output and work on.
+  for (pid_t ended = 0; ended == 0 || (ended < 0 && errno == EINTR);) {
+    ended = ::waitpid(child, &status, WNOHANG);
+    if (ended != 0) continue;
+    end.ended = stopping.look();
+    ::poll(nullptr, 0, kAskEvery);
   }
   end.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   return end;

@@ -12,7 +12,12 @@ class TemporaryFolder {
  public:
   static Result<TemporaryFolder> make();
 
-  TemporaryFolder(TemporaryFolder&& other) noexcept : path_(std::exchange(other.path_, {})) {}
+  /// Removes the folders of this user's processes that have ended without doing so. One belongs to a process
+  /// that has ended when no process of its number lives and nobody holds its lock.
+  static void sweep();
+
+  TemporaryFolder(TemporaryFolder&& other) noexcept
+      : path_(std::exchange(other.path_, {})), lock_(std::exchange(other.lock_, -1)) {}
   TemporaryFolder& operator=(TemporaryFolder&&) = delete;
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -21,8 +26,9 @@ class TemporaryFolder {
   [[nodiscard]] const std::string& path() const { return path_; }
 
  private:
-  explicit TemporaryFolder(std::string path) : path_(std::move(path)) {}
+  TemporaryFolder(std::string path, int lock) : path_(std::move(path)), lock_(lock) {}
   std::string path_;
+  int lock_;  // descriptor of the folder, locked for as long as it is open
 };
 
 }  // namespace kvo
