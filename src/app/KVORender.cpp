@@ -1,5 +1,6 @@
 // The render engine as a process of its own. On standard output it tells how far it is, one line at a time:
 //   progress DONE TOTAL           seconds of the movie, a few times a second
+//   damage FROM TO FILE           this part of a clip, in seconds after its start, could not be decoded
 //   done FRAMES SECONDS BYTES     the file is in place
 // With --sheet it draws a row of small frames of each document instead, for looking at.
 // A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
@@ -83,6 +84,10 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   if (!timeline) return fail(timeline.error(), kFailed);
   const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
   if (!report) return fail(report.error(), kFailed);
+  for (const auto& hole : report->damage) {
+    print("damage " + kvo::FormatMask(hole.from, "0.00") + " " + kvo::FormatMask(hole.to, "0.00") + " " +
+          hole.path + "\n");
+  }
   print("done " + std::to_string(report->frames) + " " + kvo::FormatMask(report->seconds, "0.000") + " " +
         std::to_string(report->bytes) + "\n");
   return kDone;

@@ -41,6 +41,7 @@ std::string clipName(int number, const Movie& clip) {
 class ProgressShow {
  public:
   void hear(std::string_view line) {
+    if (line.starts_with("damage ")) return hearDamage(line.substr(7));
     if (!line.starts_with("progress ")) {
       report_ = line;
       return;
@@ -77,14 +78,32 @@ class ProgressShow {
     const double took = secondsSince(begun_);
     return "made " + output + ": " + (frames > 0 ? ShortText(frames) + " frames, " : std::string()) +
            FormatMask(seconds, "0.00") + " s, " + bytesText(bytes) + ", in " + FormatMask(took, "0.00") +
-           " s (" + FormatMask(seconds / took, "0.00") + " x real time)\n";
+           " s (" + FormatMask(seconds / took, "0.00") + " x real time)" +
+           (damage_.empty() ? ""
+                            : ", with " + std::to_string(damage_.size()) +
+                                  (damage_.size() == 1 ? " damaged part" : " damaged parts")) +
+           "\n";
   }
 
+  // "holiday.avi: 1.20 to 1.84 s cannot be decoded; the picture ahead stands, the sound is silent"
+  [[nodiscard]] const std::vector<std::string>& damage() const { return damage_; }
+
  private:
+  // "FROM TO FILE"
+  void hearDamage(std::string_view rest) {
+    const auto blank = std::min(rest.find(' '), rest.size());
+    const auto next = std::min(rest.find(' ', blank + 1), rest.size());
+    damage_.push_back(std::string(rest.substr(std::min(next + 1, rest.size()))) + ": " +
+                      std::string(rest.substr(0, blank)) + " to " +
+                      std::string(rest.substr(blank + 1, next - blank - 1)) +
+                      " s cannot be decoded; the picture ahead stands, the sound is silent");
+  }
+
   const bool onTerminal_ = ::isatty(STDOUT_FILENO) == 1;
   const Clock::time_point begun_ = Clock::now();
   int shownTenth_ = -1;
   std::string report_;
+  std::vector<std::string> damage_;
 };
 
 std::vector<std::string> engineArguments(const CommandLine& line, const std::string& document) {
@@ -168,6 +187,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   if (end->ended || signals.came()) return fail("stopped; nothing was written", kExitStopped);
   if (end->exitCode > 2) return fail("the render engine ended with code " + std::to_string(end->exitCode));
   if (end->exitCode != 0) return kExitFailed;  // it has said why
+  for (const auto& text : show.damage()) warn(text);
   print(show.summary(line.output));
   return kExitDone;
 }

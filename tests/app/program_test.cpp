@@ -158,6 +158,27 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   }
 }
 
+TEST_F(Program, TellsWhichPartOfAClipIsDamaged) {
+  // Sound and pictures of a camcorder, with bytes of the middle overwritten.
+  const auto whole = test::makeMedia(work_, "whole.ts",
+                                     {"-f", "lavfi", "-i", "testsrc=size=64x48:rate=25:duration=3", "-c:v",
+                                      "libx264", "-g", "10", "-bf", "2", "-pix_fmt", "yuv420p"});
+  PosixFiles files;
+  auto bytes = *files.read(whole, 1U << 24U);
+  for (auto i = bytes.size() * 45 / 100; i < bytes.size() * 55 / 100; ++i)
+    bytes[i] = static_cast<char>(i * 31);
+  ASSERT_TRUE(writeDurably(files, work_ / "holed.ts", bytes));
+  const auto output = work_ / "holed.avi";
+  const auto end = kvo5({"--render", collection("Holed.INI", {work_ / "holed.ts"}), "--output", output});
+  ASSERT_EQ(end.exitCode, 0) << end.err;
+  EXPECT_NE(end.err.find("holed.ts: 1."), std::string::npos) << end.err;
+  EXPECT_NE(end.err.find(" s cannot be decoded"), std::string::npos) << end.err;
+  EXPECT_NE(end.out.find("damaged part"), std::string::npos) << end.out;
+  const auto good = kvo5({"--render", collection("Whole.INI", {whole}), "--output", output});
+  EXPECT_EQ(good.err, "");
+  EXPECT_EQ(good.out.find("damaged"), std::string::npos) << good.out;
+}
+
 TEST_F(Program, DrawsAContactSheet) {
   const auto path = collection("c.INI", {video_, video_}, [](test::Bench& b) {
     b.collection.MovieList[2].TransType("Heart");
