@@ -80,8 +80,8 @@ ClipSound::ClipSound(ClipSound&&) noexcept = default;
 ClipSound& ClipSound::operator=(ClipSound&&) noexcept = default;
 ClipSound::~ClipSound() = default;
 
-Result<ClipSound> ClipSound::open(const Clip& clip, std::int64_t offset) {
-  auto reader = media::AudioReader::open(clip.src);
+Result<ClipSound> ClipSound::open(const Clip& clip, std::int64_t offset, media::DamageList* damage) {
+  auto reader = media::AudioReader::open(clip.src, damage);
   if (!reader) return reader.error();
   const double source = clip.mstop - clip.mstart;
   const double shown = clip.stop - clip.start;

@@ -4,6 +4,7 @@
 
 #include "base/result.h"
 #include "engine/timeline.h"
+#include "media/damage.h"
 
 #include <cstdint>
 #include <memory>
@@ -13,8 +14,9 @@ namespace kvo::engine {
 
 class ClipSound {
  public:
-  /// Opens the clip's file; the first read begins `offset` samples behind the clip's start.
-  static Result<ClipSound> open(const Clip& clip, std::int64_t offset);
+  /// Opens the clip's file; the first read begins `offset` samples behind the clip's start. `damage`, which
+  /// outlives the sound, is told what cannot be decoded.
+  static Result<ClipSound> open(const Clip& clip, std::int64_t offset, media::DamageList* damage = nullptr);
 
   ClipSound(ClipSound&&) noexcept;
   ClipSound& operator=(ClipSound&&) noexcept;

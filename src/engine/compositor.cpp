@@ -10,7 +10,8 @@ constexpr int even(int side) { return (side + 1) & ~1; }
 Compositor::Compositor(const Timeline& timeline, const Habits& habits)
     : width_(even(timeline.width)),
       height_(even(timeline.height)),
-      stack_(timeline.video, {width_, height_, timeline.frameRate, habits.decoderThreads, habits.keptOpen}) {}
+      stack_(timeline.video,
+             {width_, height_, timeline.frameRate, habits.decoderThreads, habits.keptOpen, habits.damage}) {}
 
 Result<media::Picture> Compositor::frame(std::int64_t number) {
   auto seen = stack_.frame(number);

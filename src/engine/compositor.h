@@ -4,6 +4,7 @@
 #include "base/result.h"
 #include "engine/stack.h"
 #include "engine/timeline.h"
+#include "media/damage.h"
 #include "media/picture.h"
 
 #include <cstdint>
@@ -13,10 +14,12 @@ namespace kvo::engine {
 class Compositor {
  public:
   /// How it works on files: each decoder with so many threads, and how many of the files that are not needed
-  /// now stay open, for one who goes to and fro.
+  /// now stay open, for one who goes to and fro. What cannot be decoded is told to `damage`, which outlives
+  /// the compositor.
   struct Habits {
     int decoderThreads = 1;
     std::size_t keptOpen = 0;
+    media::DamageList* damage = nullptr;
   };
 
   /// `timeline` outlives the compositor and has video.

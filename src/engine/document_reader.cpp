@@ -48,7 +48,9 @@ std::optional<double> numberAttribute(const pugi::xml_node& node, const char* na
   return value && std::isfinite(*value) && std::fabs(*value) < 1e9 ? value : std::nullopt;
 }
 
+// A clip that says nothing keeps its shape.
 media::Fit fitOf(std::string_view mode) {
+  if (mode.empty()) return media::Fit::Letterbox;
   if (sameText(mode, "preserveaspectratio")) return media::Fit::Letterbox;
   if (sameText(mode, "preserveaAspectrationoletterbox")) return media::Fit::Fill;
   if (sameText(mode, "crop")) return media::Fit::Crop;

@@ -24,7 +24,7 @@ FrameLine::FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, N
     : timeline_(timeline),
       stretches_(std::move(stretches)),
       newEncoder_(std::move(newEncoder)),
-      decoderThreads_(crew.decoderThreads),
+      crew_(crew),
       lanes_(stretches_.size()) {
   const auto workers = std::min(static_cast<std::size_t>(std::max(crew.workers, 1)), stretches_.size());
   const auto begun = guarded([&]() -> Outcome {
@@ -69,7 +69,7 @@ void FrameLine::work() {
 
 Outcome FrameLine::makeStretch(std::size_t number) {
   const auto& stretch = stretches_[number];
-  Compositor compositor(timeline_, {.decoderThreads = decoderThreads_});
+  Compositor compositor(timeline_, {.decoderThreads = crew_.decoderThreads, .damage = crew_.damage});
   std::optional<media::VideoEncoder> encoder;
   if (newEncoder_) {
     auto made = newEncoder_();

@@ -4,6 +4,7 @@
 #include "base/result.h"
 #include "engine/stretches.h"
 #include "engine/timeline.h"
+#include "media/damage.h"
 #include "media/picture.h"
 #include "media/video_encoder.h"
 
@@ -30,10 +31,12 @@ class FrameLine {
   /// An encoder for a stretch; none leaves the pictures as they are.
   using NewEncoder = std::function<Result<media::VideoEncoder>()>;
 
-  /// Who works: threads that each make a stretch at a time, and the threads of each of their decoders.
+  /// Who works: threads that each make a stretch at a time, and the threads of each of their decoders. What
+  /// they cannot decode they tell to `damage`, which outlives the line.
   struct Crew {
     int workers = 1;
     int decoderThreads = 1;
+    media::DamageList* damage = nullptr;
   };
 
   /// `timeline` outlives the line. Begins at once.
@@ -64,7 +67,7 @@ class FrameLine {
   const Timeline& timeline_;
   const std::vector<Stretch> stretches_;
   const NewEncoder newEncoder_;
-  const int decoderThreads_;
+  const Crew crew_;
   std::atomic<std::int64_t> made_ = 0;
 
   std::mutex mutex_;

@@ -33,8 +33,8 @@ float gainAt(const AudioClip& clip, double seconds) {
 
 }  // namespace
 
-Mixer::Mixer(const Timeline& timeline, std::int64_t from)
-    : timeline_(timeline), clips_(sampleRanges(timeline)), position_(from) {}
+Mixer::Mixer(const Timeline& timeline, std::int64_t from, media::DamageList* damage)
+    : timeline_(timeline), damage_(damage), clips_(sampleRanges(timeline)), position_(from) {}
 
 Outcome Mixer::addClip(std::size_t number) {
   const auto& clip = timeline_.audio[number];
@@ -44,7 +44,7 @@ Outcome Mixer::addClip(std::size_t number) {
   if (first >= stop) return {};
   auto found = open_.find(number);
   if (found == open_.end()) {
-    auto sound = ClipSound::open(clip, first - range.first);
+    auto sound = ClipSound::open(clip, first - range.first, damage_);
     if (!sound) return sound.error();
     found = open_.emplace(number, std::move(*sound)).first;
   }

@@ -6,6 +6,7 @@
 #include "engine/clip_sound.h"
 #include "engine/limiter.h"
 #include "engine/timeline.h"
+#include "media/damage.h"
 
 #include <cstdint>
 #include <map>
@@ -16,8 +17,9 @@ namespace kvo::engine {
 
 class Mixer {
  public:
-  /// Begins at timeline sample `from` (44.1 kHz). `timeline` outlives the mixer.
-  Mixer(const Timeline& timeline, std::int64_t from);
+  /// Begins at timeline sample `from` (44.1 kHz). `timeline` outlives the mixer, and so does `damage`, which
+  /// is told what cannot be decoded.
+  Mixer(const Timeline& timeline, std::int64_t from, media::DamageList* damage = nullptr);
 
   /// Fills `samples` (stereo) on from where the last read ended. Files are open only while they sound.
   Outcome read(std::span<float> samples);
@@ -27,6 +29,7 @@ class Mixer {
   Outcome addClip(std::size_t clip);
 
   const Timeline& timeline_;
+  media::DamageList* damage_;
   ActiveSet clips_;
   std::int64_t position_;  // timeline sample that the next block begins with
   std::map<std::size_t, ClipSound> open_;

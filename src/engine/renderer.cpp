@@ -112,19 +112,20 @@ std::vector<Stretch> partsOf(const Timeline& timeline, const Plan& plan) {
 
 // A worker to a core, as long as memory stays small: each holds the reference frames of what it decodes.
 // Cores that are left help the decoders.
-FrameLine::Crew crewFor(const media::VideoFormat& video, std::size_t stretches) {
+FrameLine::Crew crewFor(const media::VideoFormat& video, std::size_t stretches, media::DamageList& damage) {
   constexpr int kLargePicture = 1 << 20;  // pixels
   const int cores = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
   const int most = video.width * video.height > kLargePicture ? 2 : 4;
   const int workers = std::min({cores, most, static_cast<int>(std::min<std::size_t>(stretches, 64))});
-  return {workers, std::clamp(cores / workers, 1, 4)};
+  return {workers, std::clamp(cores / workers, 1, 4), &damage};
 }
 
 // Frames as files have them, in order.
 class Pictures {
  public:
-  Pictures(const Timeline& timeline, const Plan& plan, const media::MovieWriter& writer)
-      : Pictures(timeline, *plan.format.video, partsOf(timeline, plan), writer) {}
+  Pictures(const Timeline& timeline, const Plan& plan, const media::MovieWriter& writer,
+           media::DamageList& damage)
+      : Pictures(timeline, *plan.format.video, partsOf(timeline, plan), writer, damage) {}
 
   Outcome begin(const media::MovieWriter& writer) {
     auto encoder = writer.newVideoEncoder();
@@ -145,12 +146,12 @@ class Pictures {
 
  private:
   Pictures(const Timeline& timeline, const media::VideoFormat& video, const std::vector<Stretch>& stretches,
-           const media::MovieWriter& writer)
+           const media::MovieWriter& writer, media::DamageList& damage)
       : line_(
             timeline, stretches,
             video.codec == media::VideoCodec::Raw ? FrameLine::NewEncoder()
                                                   : [&writer] { return writer.newVideoEncoder(); },
-            crewFor(video, stretches.size())) {}
+            crewFor(video, stretches.size(), damage)) {}
 
   FrameLine line_;
   std::optional<media::VideoEncoder> encoder_;  // of pictures that come as they are
@@ -158,12 +159,12 @@ class Pictures {
 };
 
 Outcome feed(const Timeline& timeline, const Plan& plan, media::MovieWriter& writer,
-             const RenderWatch& watch) {
+             media::DamageList& damage, const RenderWatch& watch) {
   std::optional<Mixer> mixer;
-  if (plan.format.audio) mixer.emplace(timeline, plan.sampleOf(plan.first));
+  if (plan.format.audio) mixer.emplace(timeline, plan.sampleOf(plan.first), &damage);
   std::optional<Pictures> pictures;
   if (plan.format.video) {
-    pictures.emplace(timeline, plan, writer);
+    pictures.emplace(timeline, plan, writer, damage);
     if (auto done = pictures->begin(writer); !done) return done;
   }
   std::vector<float> sound;
@@ -194,9 +195,11 @@ Result<RenderReport> renderUnguarded(const Timeline& timeline, const RenderJob& 
   if (!target) return target.error();
   auto writer = media::MovieWriter::open(**target, plan->format, job.output);
   if (!writer) return writer.error();
-  if (auto done = feed(timeline, *plan, *writer, watch); !done) return done.error();
+  media::DamageList damage;
+  if (auto done = feed(timeline, *plan, *writer, damage, watch); !done) return done.error();
   if (auto done = (*target)->commit(); !done) return done.error();
-  return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size()};
+  return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size(),
+                      damage.all()};
 }
 
 }  // namespace

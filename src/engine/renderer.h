@@ -3,6 +3,7 @@
 
 #include "base/result.h"
 #include "engine/timeline.h"
+#include "media/damage.h"
 #include "media/movie_writer.h"
 #include "platform/files.h"
 
@@ -10,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kvo::engine {
 
@@ -26,9 +28,10 @@ struct RenderJob {
 };
 
 struct RenderReport {
-  std::int64_t frames = 0;  ///< 0 for a sound file
-  double seconds = 0;       ///< length of what was rendered
-  std::uint64_t bytes = 0;  ///< size of the file
+  std::int64_t frames = 0;              ///< 0 for a sound file
+  double seconds = 0;                   ///< length of what was rendered
+  std::uint64_t bytes = 0;              ///< size of the file
+  std::vector<media::Damage> damage{};  ///< what could not be decoded of the clips
 };
 
 /// Hears after each frame how many seconds of how many are done.

@@ -104,7 +104,7 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
   const auto& wanted = layers_[layer];
   auto open = std::make_unique<Open>();
   if (wanted.inside.empty()) {
-    auto reader = media::VideoReader::open(wanted.src, setting_.decoderThreads);
+    auto reader = media::VideoReader::open(wanted.src, setting_.decoderThreads, setting_.damage);
     if (!reader) return reader.error();
     open->source = Open::Source{std::move(*reader), media::Scaler(setting_.width, setting_.height)};
   } else {

@@ -6,6 +6,7 @@
 #include "engine/effects/registry.h"
 #include "engine/timeline.h"
 #include "engine/transitions/registry.h"
+#include "media/damage.h"
 #include "media/picture.h"
 #include "media/scaler.h"
 #include "media/video_reader.h"
@@ -24,8 +25,9 @@ class Stack {
     int width = 0;  ///< pixels, even
     int height = 0;
     FrameRate frameRate{};
-    int decoderThreads = 1;    ///< of each file
-    std::size_t keptOpen = 0;  ///< files that stay open though their clips are not shown now
+    int decoderThreads = 1;               ///< of each file
+    std::size_t keptOpen = 0;             ///< files that stay open though their clips are not shown now
+    media::DamageList* damage = nullptr;  ///< is told what cannot be decoded; outlives the stack
   };
 
   /// `layers`, bottom to top, outlive the stack.

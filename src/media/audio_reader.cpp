@@ -1,11 +1,15 @@
 #include "media/audio_reader.h"
 
-#include "media/ffmpeg.h"
 #include "media/picture.h"
+#include "media/source.h"
+#include "media/video_reader.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <deque>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 namespace kvo::media {
@@ -13,31 +17,54 @@ namespace {
 
 constexpr int kMaxBadPackets = 100;
 constexpr std::int64_t kRestartGap = kSampleRate / 50;  // a jump in time of more than 20 ms is one
-constexpr double kPreroll = 0.25;                       // seconds decoded ahead of a seek's target
+constexpr std::int64_t kSameTime = kSampleRate / 1000;  // stamps are rounded by up to a millisecond
+// Seconds decoded ahead of a seek's target: several packets, as the first behind a seek may be a part only,
+// or need those ahead of it. Where that lands behind the target all the same, further back.
+constexpr double kPrerolls[] = {0.5, 2, 10};
+
+// The stamps of a compressed WAV or AIFF are guessed from its bit rate.
+bool canBeSought(const Source& source) {
+  const std::string_view name(source.format->iformat->name);
+  const bool byBitRate = name == "wav" || name == "aiff" || name == "w64" || name == "au" || name == "caf";
+  const std::string_view codec(avcodec_get_name(source.decoder->codec_id));
+  return !byBitRate || codec.starts_with("pcm_");
+}
+
+// What counts as the file's start: its first picture, if it has one.
+Result<double> originOf(const Source& source) {
+  if (!mustDecodeForStart(*source.format)) return startOf(*source.format);
+  const auto pictures = VideoReader::open(source.path, 1);
+  return pictures ? pictures->origin() : startOf(*source.format);
+}
+
+// Samples without a gap; the first is number `start` of the file.
+struct Run {
+  std::int64_t start = 0;
+  std::vector<float> samples;
+
+  [[nodiscard]] std::int64_t end() const {
+    return start + static_cast<std::int64_t>(samples.size()) / kChannels;
+  }
+};
 
 }  // namespace
 
 struct AudioReader::State {
-  std::string path;
-  FormatHandle format;
-  CodecHandle decoder;
+  Source source;
   ResamplerHandle resampler;
   PacketHandle packet{av_packet_alloc()};
-  int stream = 0;
+  DamageList* damage = nullptr;
   double origin = 0;
   int sourceRate = 0;
   AVSampleFormat sourceFormat = AV_SAMPLE_FMT_NONE;
   int sourceChannels = 0;
   bool ended = false;
-  int badPackets = 0;
-  std::int64_t position = 0;     // sample the next read begins with
-  std::int64_t bufferStart = 0;  // sample that the buffer begins with
-  std::vector<float> buffer;     // decoded and not yet read
-  bool bufferPlaced = false;
+  int badPackets = 0;         // in a row
+  bool faulty = false;        // something could not be decoded since the last good frame
+  std::int64_t position = 0;  // sample the next read begins with
+  std::deque<Run> runs;       // decoded and not yet read, in order; sound is laid behind the last one
 
-  std::int64_t bufferEnd() const {
-    return bufferStart + static_cast<std::int64_t>(buffer.size()) / kChannels;
-  }
+  [[nodiscard]] std::int64_t decodedEnd() const { return runs.empty() ? 0 : runs.back().end(); }
 
   Outcome configure(const AVFrame& frame) {
     if (resampler && frame.sample_rate == sourceRate && frame.format == sourceFormat &&
@@ -60,61 +87,77 @@ struct AudioReader::State {
     constexpr std::array<double, kChannels> kBothSides = {1, 1};
     if (made >= 0 && frame.ch_layout.nb_channels == 1) made = swr_set_matrix(raw, kBothSides.data(), 1);
     if (made >= 0) made = swr_init(raw);
-    if (made < 0) return ffmpegError("cannot convert the sound of " + path, made);
+    if (made < 0) return ffmpegError("cannot convert the sound of " + source.path, made);
     sourceRate = frame.sample_rate;
     sourceFormat = static_cast<AVSampleFormat>(frame.format);
     sourceChannels = frame.ch_layout.nb_channels;
     return {};
   }
 
-  // Lays converted samples behind the buffer; the first of a run is placed by its time.
+  // Lays converted samples behind the last run.
   Outcome take(const AVFrame* frame) {
     if (frame != nullptr) {
       if (auto done = configure(*frame); !done) return done;
       place(*frame);
     }
-    if (!resampler) return {};
+    if (!resampler || runs.empty()) return {};
+    auto& samples = runs.back().samples;
     const int input = frame != nullptr ? frame->nb_samples : 0;
     const int room = swr_get_out_samples(resampler.get(), input);
-    const auto before = buffer.size();
-    buffer.resize(before + static_cast<std::size_t>(std::max(room, 0)) * kChannels);
-    auto* out = reinterpret_cast<std::uint8_t*>(buffer.data() + before);
+    const auto before = samples.size();
+    samples.resize(before + static_cast<std::size_t>(std::max(room, 0)) * kChannels);
+    auto* out = reinterpret_cast<std::uint8_t*>(samples.data() + before);
     const auto** in = frame != nullptr ? const_cast<const std::uint8_t**>(frame->extended_data) : nullptr;
     const int got = swr_convert(resampler.get(), &out, room, in, input);
-    buffer.resize(before + static_cast<std::size_t>(std::max(got, 0)) * kChannels);
-    return got < 0 ? Outcome(ffmpegError("cannot convert the sound of " + path, got)) : Outcome();
+    samples.resize(before + static_cast<std::size_t>(std::max(got, 0)) * kChannels);
+    return got < 0 ? Outcome(ffmpegError("cannot convert the sound of " + source.path, got)) : Outcome();
   }
 
+  // Until the position is reached each frame is placed by its own stamp, as the first ones behind a seek may
+  // be stamped wrongly; from there on only a jump in time begins another run.
   void place(const AVFrame& frame) {
+    const auto expected = decodedEnd() + swr_get_delay(resampler.get(), kSampleRate);
     const auto pts = frame.best_effort_timestamp;
-    if (pts == AV_NOPTS_VALUE) {
-      bufferPlaced = true;
-      return;
+    const double seconds = static_cast<double>(pts) * source.timeBase() - origin;
+    const auto sample =
+        pts == AV_NOPTS_VALUE ? expected : static_cast<std::int64_t>(std::llround(seconds * kSampleRate));
+    const auto jump = sample - expected;
+    if (runs.empty()) {
+      runs.push_back({sample, {}});
+    } else if (expected < position && std::abs(jump) > kSameTime) {
+      runs = {Run{runs.back().end() + jump, {}}};
+    } else if (jump > kRestartGap) {
+      runs.push_back({runs.back().end() + jump, {}});
+      if (faulty && damage != nullptr && sample > position)
+        damage->add({source.path, secondsOf(std::max(expected, position)), secondsOf(sample)});
     }
-    const double seconds = static_cast<double>(pts) * av_q2d(format->streams[stream]->time_base) - origin;
-    const auto sample = static_cast<std::int64_t>(std::llround(seconds * kSampleRate));
-    if (!bufferPlaced) {
-      bufferStart = sample;
-      bufferPlaced = true;
-      return;
-    }
-    const auto expected = bufferEnd() + swr_get_delay(resampler.get(), kSampleRate);
-    if (sample > expected + kRestartGap) {
-      buffer.resize(buffer.size() + static_cast<std::size_t>(sample - expected) * kChannels, 0.0F);
-    }
+    faulty = false;
+  }
+
+  static double secondsOf(std::int64_t sample) { return static_cast<double>(sample) / kSampleRate; }
+
+  Outcome meetFault(int code) {
+    faulty = true;
+    return ++badPackets > kMaxBadPackets
+               ? Outcome(ffmpegError("cannot decode the sound of " + source.path, code))
+               : Outcome();
   }
 
   Outcome decodeMore() {
     auto frame = newFrame();
+    if (!frame) return Error{"out of memory for the sound of " + source.path};
     for (;;) {
-      const int got = avcodec_receive_frame(decoder.get(), frame.get());
-      if (got >= 0) return take(frame.get());
+      const int got = avcodec_receive_frame(source.decoder.get(), frame.get());
+      if (got >= 0) {
+        badPackets = 0;
+        return take(frame.get());
+      }
       if (got == AVERROR_EOF) {
         ended = true;
         return take(nullptr);
       }
-      if (got != AVERROR(EAGAIN) && ++badPackets > kMaxBadPackets) {
-        return ffmpegError("cannot decode the sound of " + path, got);
+      if (got != AVERROR(EAGAIN)) {
+        if (auto done = meetFault(got); !done) return done;
       }
       if (auto done = feed(); !done) return done;
     }
@@ -122,19 +165,54 @@ struct AudioReader::State {
 
   Outcome feed() {
     for (;;) {
-      const int got = av_read_frame(format.get(), packet.get());
+      const int got = av_read_frame(source.format.get(), packet.get());
+      const auto* io = source.format->pb;
+      if (got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0)) {
+        avcodec_send_packet(source.decoder.get(), nullptr);
+        return {};
+      }
       if (got < 0) {
-        avcodec_send_packet(decoder.get(), nullptr);
-        return got == AVERROR_EOF ? Outcome() : Outcome(ffmpegError("cannot read " + path, got));
+        if (auto done = meetFault(got); !done) return done;
+        continue;
       }
-      const bool wanted = packet->stream_index == stream;
-      const int sent = wanted ? avcodec_send_packet(decoder.get(), packet.get()) : 0;
+      const bool wanted = packet->stream_index == source.index;
+      const int sent = wanted ? avcodec_send_packet(source.decoder.get(), packet.get()) : 0;
       av_packet_unref(packet.get());
-      if (sent < 0 && sent != AVERROR(EAGAIN) && ++badPackets > kMaxBadPackets) {
-        return ffmpegError("cannot decode the sound of " + path, sent);
-      }
-      if (wanted) return {};
+      if (!wanted) continue;
+      return sent < 0 && sent != AVERROR(EAGAIN) ? meetFault(sent) : Outcome();
     }
+  }
+
+  // What was decoded is of no use any more; what comes next is placed by its stamp.
+  void forget() {
+    avcodec_flush_buffers(source.decoder.get());
+    resampler.reset();
+    runs.clear();
+    ended = faulty = false;
+    badPackets = 0;
+  }
+
+  // What lies ahead of the position is of no use any more, but the last run says where the next sound goes.
+  void letGo() {
+    while (runs.size() > 1 && runs.front().end() <= position) runs.pop_front();
+    if (runs.empty()) return;
+    auto& run = runs.front();
+    const auto used = std::clamp<std::int64_t>(position - run.start, 0, run.end() - run.start);
+    run.samples.erase(run.samples.begin(), run.samples.begin() + used * kChannels);
+    run.start += used;
+  }
+
+  // True when sound that begins at the position, or ahead of it, comes next.
+  Result<bool> seekAhead(double seconds) {
+    const auto target = static_cast<std::int64_t>(std::floor((seconds + origin) / source.timeBase()));
+    if (avformat_seek_file(source.format.get(), source.index, INT64_MIN, target, target,
+                           AVSEEK_FLAG_BACKWARD) < 0)
+      return false;
+    forget();
+    while (!ended && runs.empty()) {
+      if (auto done = decodeMore(); !done) return done.error();
+    }
+    return !runs.empty() && runs.front().start <= position;
   }
 };
 
@@ -143,73 +221,54 @@ AudioReader::AudioReader(AudioReader&&) noexcept = default;
 AudioReader& AudioReader::operator=(AudioReader&&) noexcept = default;
 AudioReader::~AudioReader() = default;
 
-Result<AudioReader> AudioReader::open(const std::string& path) {
+Result<AudioReader> AudioReader::open(const std::string& path, DamageList* damage) {
+  auto source = openSource(path, AVMEDIA_TYPE_AUDIO, "no sound in ", 1);
+  if (!source) return source.error();
+  const auto origin = originOf(*source);
+  if (!origin) return origin.error();
   auto state = std::make_unique<State>();
-  state->path = path;
-  auto format = openInput(path);
-  if (!format) return format.error();
-  state->format = std::move(*format);
-  state->stream = av_find_best_stream(state->format.get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
-  if (state->stream < 0) return Error{"no sound in " + path};
-  for (unsigned i = 0; i < state->format->nb_streams; ++i) {
-    if (static_cast<int>(i) != state->stream) state->format->streams[i]->discard = AVDISCARD_ALL;
-  }
-  auto decoder = openDecoder(*state->format, state->stream, path, 1);
-  if (!decoder) return decoder.error();
-  state->decoder = std::move(*decoder);
-  if (state->format->start_time != AV_NOPTS_VALUE) {
-    state->origin = static_cast<double>(state->format->start_time) / AV_TIME_BASE;
-  }
+  state->source = std::move(*source);
+  state->damage = damage;
+  state->origin = *origin;
   return AudioReader(std::move(state));
 }
 
 Outcome AudioReader::seek(std::int64_t sample) {
   auto& s = *state_;
-  const double seconds = static_cast<double>(sample) / kSampleRate;
-  const auto target =
-      static_cast<std::int64_t>((std::max(seconds - kPreroll, 0.0) + s.origin) * AV_TIME_BASE);
-  if (sample > 0 || s.position > 0 || s.bufferPlaced) {
-    const int done = avformat_seek_file(s.format.get(), -1, INT64_MIN, target, target, AVSEEK_FLAG_BACKWARD);
-    if (done < 0) return ffmpegError("cannot seek in " + s.path, done);
-  }
-  avcodec_flush_buffers(s.decoder.get());
-  s.resampler.reset();
-  s.buffer.clear();
-  s.bufferPlaced = false;
-  s.ended = false;
+  const bool fresh = s.position == 0 && s.runs.empty();
   s.position = sample;
-  s.bufferStart = sample;
+  const double seconds = State::secondsOf(sample);
+  const bool sought = canBeSought(s.source);
+  for (const double preroll : kPrerolls) {
+    if (!sought || seconds <= preroll) break;
+    const auto done = s.seekAhead(seconds - preroll);
+    if (!done) return done.error();
+    if (*done) return {};
+  }
+  if (fresh && s.runs.empty()) return {};
+  if (auto done = reopen(s.source); !done) return done;
+  s.forget();
   return {};
 }
 
 Outcome AudioReader::read(std::span<float> samples) {
   auto& s = *state_;
-  const auto count = static_cast<std::int64_t>(samples.size()) / kChannels;
-  while (!s.ended && s.bufferEnd() < s.position + count) {
+  const auto stop = s.position + static_cast<std::int64_t>(samples.size()) / kChannels;
+  while (!s.ended && (s.runs.empty() || s.decodedEnd() < stop)) {
     if (auto done = s.decodeMore(); !done) return done;
-    // What lies ahead of the position is of no use; it is let go in large pieces.
-    if (s.bufferPlaced && s.bufferEnd() < s.position) {
-      s.bufferStart = s.bufferEnd();
-      s.buffer.clear();
-    }
+    if (s.decodedEnd() < s.position) s.letGo();
   }
   std::fill(samples.begin(), samples.end(), 0.0F);
-  const auto from = std::max(s.position, s.bufferStart);
-  const auto to = std::min(s.position + count, s.bufferEnd());
-  if (from < to) {
-    std::copy_n(s.buffer.begin() + (from - s.bufferStart) * kChannels, (to - from) * kChannels,
+  for (const auto& run : s.runs) {
+    const auto from = std::max(s.position, run.start);
+    const auto to = std::min(stop, run.end());
+    if (from >= to) continue;
+    std::copy_n(run.samples.begin() + (from - run.start) * kChannels, (to - from) * kChannels,
                 samples.begin() + (from - s.position) * kChannels);
   }
-  s.position += count;
-  const auto used = std::clamp<std::int64_t>(s.position - s.bufferStart, 0, s.bufferEnd() - s.bufferStart);
-  s.buffer.erase(s.buffer.begin(), s.buffer.begin() + used * kChannels);
-  s.bufferStart += used;
+  s.position = stop;
+  s.letGo();
   return {};
-}
-
-double AudioReader::duration() const {
-  const auto length = state_->format->duration;
-  return length > 0 ? static_cast<double>(length) / AV_TIME_BASE : 0;
 }
 
 }  // namespace kvo::media

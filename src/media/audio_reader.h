@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/result.h"
+#include "media/damage.h"
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -14,22 +16,21 @@ inline constexpr int kChannels = 2;
 
 class AudioReader {
  public:
-  /// Fails with a line that names the file: missing, no sound in it, no decoder.
-  static Result<AudioReader> open(const std::string& path);
+  /// Fails with a line that names the file: missing, no sound in it, no decoder. `damage`, which outlives
+  /// the reader, is told of what cannot be decoded between the samples that are read.
+  static Result<AudioReader> open(const std::string& path, DamageList* damage = nullptr);
 
   AudioReader(AudioReader&&) noexcept;
   AudioReader& operator=(AudioReader&&) noexcept;
   ~AudioReader();
 
-  /// The next read begins at `sample`, counted at 44.1 kHz from the file's start.
+  /// The next read begins at `sample`, counted at 44.1 kHz from the file's first picture, or from its first
+  /// sound where it has no picture.
   Outcome seek(std::int64_t sample);
 
   /// Fills `samples` (left, right, left, ...) on from where the last read ended. Gaps and what lies behind
   /// the end are silence.
   Outcome read(std::span<float> samples);
-
-  /// The file's length in seconds, 0 when it does not tell.
-  [[nodiscard]] double duration() const;
 
  private:
   struct State;

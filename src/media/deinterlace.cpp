@@ -1,56 +1,59 @@
 #include "media/deinterlace.h"
 
-#include "media/ffmpeg.h"
-#include "media/pixel_rows.h"
-
-#include <algorithm>
-
-extern "C" {
-#include <libavutil/pixdesc.h>
-}
-
 namespace kvo::media {
 namespace {
 
-bool hasBytePlanes(const AVPixFmtDescriptor& kind) {
-  return (kind.flags & (AV_PIX_FMT_FLAG_PLANAR | AV_PIX_FMT_FLAG_BITSTREAM | AV_PIX_FMT_FLAG_HWACCEL)) ==
-             AV_PIX_FMT_FLAG_PLANAR &&
-         kind.comp[0].depth == 8;
-}
+// One picture a frame, whichever field comes first; what is whole already is left alone.
+constexpr const char* kFilter = "bwdif=mode=send_frame:parity=auto:deint=interlaced";
+constexpr int kLeastSide = 4;  // pixels; the filter takes no less
 
 }  // namespace
 
-SharedFrame deinterlaced(const SharedFrame& frame) {
-  const auto format = static_cast<AVPixelFormat>(frame->format);
-  const auto* kind = av_pix_fmt_desc_get(format);
-  if (kind == nullptr || !hasBytePlanes(*kind) || frame->height < 4) return frame;
-  auto out = newFrame();
-  if (!out) return nullptr;
-  out->format = frame->format;
-  out->width = frame->width;
-  out->height = frame->height;
-  if (av_frame_get_buffer(out.get(), 64) < 0 || av_frame_copy_props(out.get(), frame.get()) < 0)
-    return nullptr;
-  out->interlaced_frame = 0;
-  const int second = frame->top_field_first != 0 ? 1 : 0;  // its first row
-  for (int plane = 0; plane < av_pix_fmt_count_planes(format); ++plane) {
-    const auto width = static_cast<std::size_t>(av_image_get_linesize(format, frame->width, plane));
-    const bool chroma = plane == 1 || plane == 2;
-    const int height = chroma ? AV_CEIL_RSHIFT(frame->height, kind->log2_chroma_h) : frame->height;
-    const auto row = [&](int y) {
-      return frame->data[plane] +
-             static_cast<std::ptrdiff_t>(std::clamp(y, 0, height - 1)) * frame->linesize[plane];
-    };
-    for (int y = 0; y < height; ++y) {
-      auto* made = out->data[plane] + static_cast<std::ptrdiff_t>(y) * out->linesize[plane];
-      if (y % 2 != second) {
-        std::copy_n(row(y), width, made);
-      } else {
-        weaveRow(row(y == 0 ? 1 : y - 1), row(y), row(y == height - 1 ? y - 1 : y + 1), made, width);
-      }
-    }
+Outcome Deinterlacer::push(TimedFrame frame) {
+  if (frame.frame->width < kLeastSide || frame.frame->height < kLeastSide) {
+    ready_.push_back(std::move(frame));
+    return {};
   }
-  return out;
+  if (!graph_ || !graph_->fits(*frame.frame)) {
+    if (graph_) {
+      if (auto done = end(); !done) return done;
+    }
+    auto made = FilterGraph::make(kFilter, *frame.frame, threads_);
+    if (!made) return made.error();
+    graph_ = std::move(*made);
+  }
+  times_.push_back(frame.seconds);
+  // The filter wants stamps that rise; the times are kept here.
+  frame.frame->pts = static_cast<std::int64_t>(frame.seconds * 1e6);
+  if (auto done = graph_->push(frame.frame); !done) return done;
+  return drain();
+}
+
+Outcome Deinterlacer::end() {
+  if (!graph_) return {};
+  if (auto done = graph_->push(nullptr); !done) return done;
+  if (auto done = drain(); !done) return done;
+  graph_.reset();
+  times_.clear();
+  return {};
+}
+
+Outcome Deinterlacer::drain() {
+  for (;;) {
+    auto made = graph_->pull();
+    if (!made) return made.error();
+    if (!*made || times_.empty()) return {};
+    (*made)->interlaced_frame = 0;
+    ready_.push_back({std::move(*made), times_.front()});
+    times_.pop_front();
+  }
+}
+
+TimedFrame Deinterlacer::pull() {
+  if (ready_.empty()) return {};
+  auto next = std::move(ready_.front());
+  ready_.pop_front();
+  return next;
 }
 
 }  // namespace kvo::media

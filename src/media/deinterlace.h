@@ -1,12 +1,38 @@
-// Makes one whole picture of the two half pictures of an interlaced frame.
+// Makes one whole picture of the two half pictures of an interlaced frame, by what moves in the frames before
+// and behind it. For this room only.
 #pragma once
 
-#include "media/picture.h"
+#include "media/filter_graph.h"
+
+#include <deque>
+#include <optional>
 
 namespace kvo::media {
 
-/// The first field as it is; of the second what moved meanwhile is filled in from the first. A format whose
-/// samples are no plain bytes in planes is given back as it is. Null when memory is short.
-SharedFrame deinterlaced(const SharedFrame& frame);
+/// A picture and when it is shown.
+struct TimedFrame {
+  SharedFrame frame;
+  double seconds = 0;
+};
+
+class Deinterlacer {
+ public:
+  explicit Deinterlacer(int threads) : threads_(threads) {}
+
+  /// Frames in the order of showing; those that are not interlaced pass through as they are.
+  Outcome push(TimedFrame frame);
+  /// No more frames come.
+  Outcome end();
+  /// The next picture, with the time of its frame; null while the frame behind it is missing.
+  TimedFrame pull();
+
+ private:
+  int threads_;
+  std::optional<FilterGraph> graph_;
+  std::deque<double> times_;  // of the frames that are in the graph
+  std::deque<TimedFrame> ready_;
+
+  Outcome drain();
+};
 
 }  // namespace kvo::media

@@ -1,31 +1,69 @@
 #include "media/media_facts.h"
 
-#include "media/ffmpeg.h"
+#include "media/source.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace kvo::media {
+namespace {
+
+constexpr double kTail = 5;  // seconds ahead of the end that are looked through for the last picture
+
+// A bare stream has no times: its pictures are counted.
+double countedLength(AVFormatContext& format, const AVStream& stream, double frameRate) {
+  const PacketHandle packet(av_packet_alloc());
+  double count = 0;
+  while (packet && av_read_frame(&format, packet.get()) >= 0) {
+    count += packet->stream_index == stream.index ? 1 : 0;
+    av_packet_unref(packet.get());
+  }
+  return frameRate > 0 ? count / frameRate : 0;
+}
+
+double containerLength(const AVFormatContext& format) {
+  return format.duration > 0 ? static_cast<double>(format.duration) / AV_TIME_BASE : 0;
+}
+
+// How long there are pictures: sound may go on longer, and the container counts both.
+double pictureLength(AVFormatContext& format, const AVStream& stream, double frameRate, bool hasAudio) {
+  if ((format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0) return countedLength(format, stream, frameRate);
+  const double unit = av_q2d(stream.time_base);
+  if (stream.duration > 0) return static_cast<double>(stream.duration) * unit;
+  const double whole = containerLength(format);
+  if (!hasAudio || whole <= 0) return whole;
+  const double start =
+      stream.start_time == AV_NOPTS_VALUE ? 0 : static_cast<double>(stream.start_time) * unit;
+  const double origin =
+      format.start_time == AV_NOPTS_VALUE ? 0 : static_cast<double>(format.start_time) / AV_TIME_BASE;
+  double end = lastPacketEnd(format, stream, origin + whole - kTail);
+  if (end <= start) end = lastPacketEnd(format, stream, start);
+  return end > start ? end - start : whole;
+}
+
+}  // namespace
 
 Result<StreamFacts> readFacts(const std::string& path) {
-  auto format = openInput(path);
-  if (!format) return format.error();
+  auto opened = openInput(path);
+  if (!opened) return opened.error();
+  auto& format = **opened;
   StreamFacts facts;
-  const int video = av_find_best_stream(format->get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-  const int audio = av_find_best_stream(format->get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+  const int video = av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+  const int audio = av_find_best_stream(&format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
   facts.hasAudio = audio >= 0;
-  if (audio >= 0) facts.sampleRate = (*format)->streams[audio]->codecpar->sample_rate;
+  if (audio >= 0) facts.sampleRate = format.streams[audio]->codecpar->sample_rate;
+  facts.duration = containerLength(format);
   if (video >= 0) {
-    const auto* stream = (*format)->streams[video];
+    const auto& stream = *format.streams[video];
     // The cover picture of a music file is no video.
-    facts.hasVideo = (stream->disposition & AV_DISPOSITION_ATTACHED_PIC) == 0;
-    facts.width = stream->codecpar->width;
-    facts.height = stream->codecpar->height;
-    facts.frameRate = stream->avg_frame_rate.den > 0 ? av_q2d(stream->avg_frame_rate) : 0;
-    const std::string_view name((*format)->iformat->name);
+    facts.hasVideo = (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) == 0;
+    facts.width = stream.codecpar->width;
+    facts.height = stream.codecpar->height;
+    facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
+    const std::string_view name(format.iformat->name);
     facts.isStill = name.ends_with("_pipe") || name == "image2";
-  }
-  if ((*format)->duration > 0 && !facts.isStill) {
-    facts.duration = static_cast<double>((*format)->duration) / AV_TIME_BASE;
+    if (facts.hasVideo) facts.duration = pictureLength(format, stream, facts.frameRate, facts.hasAudio);
+    if (facts.isStill) facts.duration = 0;
   }
   return facts;
 }

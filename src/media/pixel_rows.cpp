@@ -149,30 +149,6 @@ void sharesRowSimd(const std::uint16_t* thresholds, int position, int softness, 
   }
 }
 
-constexpr int kCombed =
-    10;  // a sample that stands out from both neighbours by this much is of another moment
-
-void weaveRowSimd(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
-                  std::uint8_t* out, std::size_t count) {
-  const hn::ScalableTag<std::uint8_t> bytes;
-  const auto limit = hn::Set(bytes, kCombed);
-  const std::size_t lanes = hn::Lanes(bytes);
-  std::size_t i = 0;
-  for (; i + lanes <= count; i += lanes) {
-    const auto a = hn::LoadU(bytes, above + i);
-    const auto r = hn::LoadU(bytes, row + i);
-    const auto b = hn::LoadU(bytes, below + i);
-    const auto standsOut = hn::Or(hn::Gt(hn::SaturatedSub(r, hn::Max(a, b)), limit),
-                                  hn::Gt(hn::SaturatedSub(hn::Min(a, b), r), limit));
-    hn::StoreU(hn::IfThenElse(standsOut, hn::AverageRound(a, b), r), bytes, out + i);
-  }
-  for (; i < count; ++i) {
-    const bool standsOut =
-        row[i] - std::max(above[i], below[i]) > kCombed || std::min(above[i], below[i]) - row[i] > kCombed;
-    out[i] = standsOut ? static_cast<std::uint8_t>((above[i] + below[i] + 1) / 2) : row[i];
-  }
-}
-
 void halveRowsSimd(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
                    std::size_t outCount) {
   std::size_t i = 0;
@@ -266,7 +242,6 @@ HWY_EXPORT(mixRowBySharesSimd);
 HWY_EXPORT(overRowSimd);
 HWY_EXPORT(fadeRowSimd);
 HWY_EXPORT(sharesRowSimd);
-HWY_EXPORT(weaveRowSimd);
 HWY_EXPORT(halveRowsSimd);
 HWY_EXPORT(yuvToBgrSimd);
 
@@ -293,11 +268,6 @@ void fadeRow(const std::uint8_t* row, const std::uint8_t* factors, std::uint8_t*
 void sharesRow(const std::uint16_t* thresholds, int position, int softness, std::uint8_t* shares,
                std::size_t count) {
   HWY_DYNAMIC_DISPATCH(sharesRowSimd)(thresholds, position, softness, shares, count);
-}
-
-void weaveRow(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
-              std::uint8_t* out, std::size_t count) {
-  HWY_DYNAMIC_DISPATCH(weaveRowSimd)(above, row, below, out, count);
 }
 
 void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,

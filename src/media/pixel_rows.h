@@ -30,11 +30,6 @@ void fadeRow(const std::uint8_t* row, const std::uint8_t* factors, std::uint8_t*
 void sharesRow(const std::uint16_t* thresholds, int position, int softness, std::uint8_t* shares,
                std::size_t count);
 
-/// One row of the later field of an interlaced frame: kept where it fits between its neighbours, else the
-/// mean of the two.
-void weaveRow(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
-              std::uint8_t* out, std::size_t count);
-
 /// Halves two rows into one: each sample is the mean of a square of four.
 void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out, std::size_t outCount);
 

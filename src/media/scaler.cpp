@@ -2,6 +2,7 @@
 
 #include "media/ffmpeg.h"
 #include "media/orientation.h"
+#include "media/tone_map.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,6 +14,9 @@ extern "C" {
 
 namespace kvo::media {
 namespace {
+
+// Sizes are whole pixels, and even: a shape that differs by less is the same, and gets no hairline of a bar.
+constexpr double kSameShape = 0.005;
 
 struct Size {
   int width = 0;
@@ -57,8 +61,13 @@ AVPixelFormat withoutRange(AVPixelFormat format) {
 
 int weightsOf(Matrix matrix) { return matrix == Matrix::Bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601; }
 
-// The luma weights that a frame says it was made with. A frame that says nothing keeps its numbers.
-int weightsOf(const AVFrame& frame, Matrix otherwise) {
+bool isYuv(const AVFrame& frame) {
+  const auto* kind = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+  return kind != nullptr && kind->nb_components >= 3 && (kind->flags & AV_PIX_FMT_FLAG_RGB) == 0;
+}
+
+// The luma weights that a frame says it was made with, or that are usual for its height. Colours have none.
+int weightsOf(const AVFrame& frame, Matrix working) {
   switch (frame.colorspace) {
     case AVCOL_SPC_BT709:
       return SWS_CS_ITU709;
@@ -71,8 +80,10 @@ int weightsOf(const AVFrame& frame, Matrix otherwise) {
     case AVCOL_SPC_BT2020_NCL:
     case AVCOL_SPC_BT2020_CL:
       return SWS_CS_BT2020;
+    case AVCOL_SPC_RGB:
+      return weightsOf(working);
     default:
-      return weightsOf(otherwise);
+      return weightsOf(isYuv(frame) ? usualMatrix(frame.height) : working);
   }
 }
 
@@ -85,9 +96,7 @@ bool mayHaveAlpha(AVPixelFormat format) {
 // Colours and greys use all of their range unless they say otherwise; YUV does not.
 bool isFullRange(const AVFrame& frame, AVPixelFormat plain) {
   if (frame.format != plain || frame.color_range == AVCOL_RANGE_JPEG) return true;
-  const auto* kind = av_pix_fmt_desc_get(plain);
-  const bool isYuv = kind != nullptr && kind->nb_components >= 3 && (kind->flags & AV_PIX_FMT_FLAG_RGB) == 0;
-  return !isYuv && frame.color_range != AVCOL_RANGE_MPEG;
+  return !isYuv(frame) && frame.color_range != AVCOL_RANGE_MPEG;
 }
 
 int evenAtMost(double side, int most) {
@@ -113,6 +122,7 @@ Placing placingOf(const AVFrame& frame, Size canvas, Fit fit) {
   }
   const double shape = whole.width * pixel / whole.height;
   const double canvasShape = static_cast<double>(canvas.width) / canvas.height;
+  if (fit == Fit::Letterbox && std::fabs(shape / canvasShape - 1) < kSameShape) return {whole, canvas};
   if (fit == Fit::Letterbox) {
     return shape > canvasShape
                ? Placing{whole, {canvas.width, evenAtMost(canvas.width / shape, canvas.height)}}
@@ -199,6 +209,9 @@ struct Scaler::State {
   Result<Picture> scaled(const AVFrame& part, Conversion wanted);
   Result<SharedFrame> premultiplied(const AVFrame& frame, Conversion wanted);
   Result<Picture> placeUpright(const SharedFrame& frame, Fit fit);
+  Result<Picture> placeHighRange(const SharedFrame& frame, const Placing& placing);
+
+  ToneMap toneMap;
 };
 
 namespace {
@@ -254,6 +267,16 @@ Result<SharedFrame> Scaler::State::premultiplied(const AVFrame& frame, Conversio
   return plain;
 }
 
+// Brought down at the size that it is shown at, and then placed like any other.
+Result<Picture> Scaler::State::placeHighRange(const SharedFrame& frame, const Placing& placing) {
+  const auto part = middleOf(frame, placing.crop);
+  if (!part) return kNoMemory;
+  auto mapped = toneMap.map(part, placing.to.width, placing.to.height);
+  if (!mapped) return mapped.error();
+  (*mapped)->sample_aspect_ratio = {1, 1};
+  return placeUpright(*mapped, Fit::Crop);
+}
+
 Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
   const auto native = static_cast<AVPixelFormat>(frame->format);
   const auto working = usualMatrix(canvas.height);
@@ -261,6 +284,7 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
   wanted.weights = weightsOf(*frame, working);
   wanted.fullRange = isFullRange(*frame, wanted.format);
   const auto placing = placingOf(*frame, canvas, fit);
+  if (isHighRange(*frame)) return placeHighRange(frame, placing);
   wanted.to = placing.to;
 
   const bool sameColours =

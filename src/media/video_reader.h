@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/result.h"
+#include "media/damage.h"
 #include "media/picture.h"
 
 #include <memory>
@@ -13,17 +14,22 @@ namespace kvo::media {
 class VideoReader {
  public:
   /// Fails with a line that names the file: missing, no picture in it, no decoder, 0 x 0 or too large.
-  static Result<VideoReader> open(const std::string& path, int threads);
+  /// `threads` of the decoder; 0 lets it choose. `damage`, which outlives the reader, is told of what cannot
+  /// be decoded between the frames that are asked for.
+  static Result<VideoReader> open(const std::string& path, int threads, DamageList* damage = nullptr);
 
   VideoReader(VideoReader&&) noexcept;
   VideoReader& operator=(VideoReader&&) noexcept;
   ~VideoReader();
 
-  /// The frame shown `seconds` after the file's start: the last one that begins there or before, for a
-  /// constant or a variable rate. Before the first frame it is the first; for up to half a second behind the
-  /// last it is the last. Fails when the file ends earlier, or breaks.
+  /// The frame shown `seconds` after the first picture: the last one that begins there or before, for a
+  /// constant or a variable rate. Before the first frame it is the first; behind the last one it is the last
+  /// while the file's sound goes on, and half a second more. What is damaged is left out: the frame ahead of
+  /// it stands. Fails when the file ends earlier, or nothing of it can be decoded.
   Result<SharedFrame> frameAt(double seconds);
 
+  /// The container's time of the first picture, in seconds.
+  [[nodiscard]] double origin() const;
   [[nodiscard]] int width() const;
   [[nodiscard]] int height() const;
   /// A single picture, shown at every time.

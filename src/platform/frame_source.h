@@ -15,7 +15,7 @@ struct StreamFacts {
   int height = 0;
   double frameRate = 0;  ///< frames a second, the average of a variable rate; 0 when there is none
   int sampleRate = 0;    ///< of the sound, samples a second
-  double duration = 0;   ///< seconds, 0 for a still or when the file does not tell
+  double duration = 0;   ///< seconds, of the picture where there is one; 0 for a still or when the file does not tell
 };
 
 class FrameSource {

@@ -77,22 +77,6 @@ TEST(PixelRows, SharesRunFromTheThresholdOverTheSoftness) {
   }
 }
 
-TEST(PixelRows, WeavingKeepsWhatFitsAndMendsWhatIsCombed) {
-  for (const auto count : kLengths) {
-    const std::vector<std::uint8_t> above(count, 100);
-    const std::vector<std::uint8_t> below(count, 120);
-    std::vector<std::uint8_t> row(count);
-    std::vector<std::uint8_t> out(count);
-    for (std::size_t i = 0; i < count; ++i)
-      row[i] = static_cast<std::uint8_t>(i % 3 == 0 ? 110 : i % 3 == 1 ? 200 : 20);
-    weaveRow(above.data(), row.data(), below.data(), out.data(), count);
-    for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(out[i], 110) << i;
-    const std::vector<std::uint8_t> edge(count, 125);
-    weaveRow(above.data(), edge.data(), below.data(), out.data(), count);
-    EXPECT_EQ(out, edge) << "a little beyond is detail";
-  }
-}
-
 TEST(PixelRows, HalvingTakesTheMeanOfFour) {
   for (const auto count : kLengths) {
     const auto upper = noise(2 * count, 3);

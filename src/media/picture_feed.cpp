@@ -1,0 +1,258 @@
+#include "media/picture_feed.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace kvo::media {
+namespace {
+
+constexpr int kMaxBadPackets = 100;  // in a row
+// A hole that no key frame ends is taken for one no longer than this, in seconds.
+constexpr double kLongestHole = 10;
+// A container that promises pictures for this much longer, in seconds, has lost them.
+constexpr double kLostEnd = 0.5;
+
+bool isFaulty(const AVFrame& frame) {
+  return frame.decode_error_flags != 0 || (frame.flags & AV_FRAME_FLAG_CORRUPT) != 0;
+}
+
+// What the container says of how the picture lies goes with each frame.
+void addDisplayMatrix(AVFrame& frame, const AVStream& stream) {
+  if (av_frame_get_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX) != nullptr) return;
+  std::size_t size = 0;
+  const auto* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+  if (matrix == nullptr || size == 0) return;
+  if (auto* side = av_frame_new_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX, size)) {
+    std::copy_n(matrix, size, side->data);
+  }
+}
+
+// Codecs that have no word for fields of their own, so that the container's holds.
+bool reportsNoFields(AVCodecID codec) {
+  const auto* kind = avcodec_descriptor_get(codec);
+  return kind != nullptr && (kind->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
+}
+
+}  // namespace
+
+Result<PictureFeed> PictureFeed::open(const std::string& path, int threads) {
+  auto source = openSource(path, AVMEDIA_TYPE_VIDEO, "no picture in ", threads);
+  if (!source) return source.error();
+  PictureFeed feed;
+  feed.source_ = std::move(*source);
+  feed.threads_ = threads;
+  const auto& stream = feed.source_.stream();
+  if (stream.codecpar->width <= 0 || stream.codecpar->height <= 0) {
+    return Error{"the picture in " + path + " has no size, or one that is too large"};
+  }
+  feed.clock_ = FrameClock(*feed.source_.format, stream, *feed.source_.decoder);
+  if (auto done = feed.findStart(); !done) return done.error();
+  return feed;
+}
+
+Outcome PictureFeed::findStart() {
+  // An AVI whose pictures are reordered may begin with empty places, which its sound does not know of.
+  const bool mayBeginLate =
+      clock_.kind() == FrameClock::Kind::DecodeOrder && source_.stream().codecpar->video_delay > 0;
+  if (!mayBeginLate && !mustDecodeForStart(*source_.format)) {
+    if (clock_.kind() == FrameClock::Kind::Stamps) origin_ = startOf(*source_.format);
+    clock_.origin(origin_);
+    return {};
+  }
+  TimedFrame first;
+  if (auto done = decodeGood(first, 0); !done) return done;
+  if (!first.frame) return Error{"no picture can be decoded in " + source_.path};
+  origin_ = first.seconds;
+  clock_.origin(origin_);
+  end_ -= origin_;
+  first.seconds = 0;
+  return accept(std::move(first));
+}
+
+// What only the container knows of a frame.
+void PictureFeed::complete(AVFrame& frame) const {
+  const auto& stream = source_.stream();
+  addDisplayMatrix(frame, stream);
+  if (frame.sample_aspect_ratio.num == 0) frame.sample_aspect_ratio = stream.sample_aspect_ratio;
+  const auto order = stream.codecpar->field_order;
+  if (frame.interlaced_frame == 0 && order > AV_FIELD_PROGRESSIVE &&
+      reportsNoFields(stream.codecpar->codec_id)) {
+    frame.interlaced_frame = 1;
+    frame.top_field_first = order == AV_FIELD_TT || order == AV_FIELD_TB ? 1 : 0;
+  }
+}
+
+// Something that belongs at `seconds` cannot be decoded, nor what is made from it: all up to the next key
+// frame.
+void PictureFeed::loseFrom(double seconds) {
+  if (clock_.isFirst() || needsKey_) return;
+  faultAt_ = faultAt_ ? std::min(*faultAt_, seconds) : seconds;
+}
+
+Outcome PictureFeed::meetFault(int code) {
+  if (++badPackets_ > kMaxBadPackets) return ffmpegError("cannot decode " + source_.path, code);
+  loseFrom(std::max(packetTime_, end_));
+  return {};
+}
+
+// Pictures are good again from `seconds` on.
+void PictureFeed::closeHole(double seconds) {
+  if (seconds > end_ + clock_.frameLength() / 2) holes_.push_back({source_.path, end_, seconds});
+  faultAt_.reset();
+}
+
+// Non-reference frames well ahead of the wanted time are never shown, so they need not be decoded. Where the
+// rate varies the frame that is shown may have begun a while ago.
+bool PictureFeed::isLeftOut(const AVPacket& packet, double wanted) const {
+  const double margin = clock_.steady() ? 1.5 * clock_.frameLength() : 4 * clock_.frameLength() + 0.2;
+  double seconds = 0;
+  return clock_.timeOf(packet, seconds) && seconds < wanted - margin;
+}
+
+// The next packet of the stream to the decoder, or the word that there are no more.
+Outcome PictureFeed::send(double wanted) {
+  auto* decoder = source_.decoder.get();
+  for (;;) {
+    const int got = av_read_frame(source_.format.get(), packet_.get());
+    const auto* io = source_.format->pb;
+    if (got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0)) {
+      avcodec_send_packet(decoder, nullptr);
+      return {};
+    }
+    if (got < 0) {
+      if (auto done = meetFault(got); !done) return done;
+      continue;
+    }
+    if (packet_->stream_index != source_.index) {
+      av_packet_unref(packet_.get());
+      continue;
+    }
+    packetTime_ = 0;
+    static_cast<void>(clock_.timeOf(*packet_, packetTime_));
+    decoder->skip_frame = isLeftOut(*packet_, wanted) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+    clock_.mark(*packet_, source_.stream());
+    const bool corrupt = (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0;
+    const int sent = avcodec_send_packet(decoder, packet_.get());
+    av_packet_unref(packet_.get());
+    if (corrupt) loseFrom(std::max(packetTime_, end_));
+    return sent < 0 && sent != AVERROR(EAGAIN) ? meetFault(sent) : Outcome();
+  }
+}
+
+// The next frame out of the decoder; none at the end.
+Outcome PictureFeed::decode(SharedFrame& frame, double wanted) {
+  frame = newFrame();
+  if (!frame) return Error{"out of memory for a picture of " + source_.path};
+  for (;;) {
+    const int got = avcodec_receive_frame(source_.decoder.get(), frame.get());
+    if (got >= 0) return {};
+    if (got == AVERROR_EOF) {
+      frame.reset();
+      return {};
+    }
+    auto done = got == AVERROR(EAGAIN) ? send(wanted) : meetFault(got);
+    if (!done) return done;
+  }
+}
+
+// The time of a frame that is to be shown; nothing for one that is not whole.
+std::optional<double> PictureFeed::timeOfGood(const AVFrame& frame) {
+  const bool key = frame.key_frame != 0;
+  if (needsKey_ && !key) return std::nullopt;
+  needsKey_ = false;
+  const bool faulty = isFaulty(frame) && !clock_.isFirst();
+  const double seconds = clock_.timeOf(frame, *source_.decoder);
+  badPackets_ = 0;
+  if (faulty) loseFrom(seconds);
+  if (!faultAt_ || (seconds < *faultAt_ && !faulty)) return seconds;
+  if ((faulty || !key) && seconds < *faultAt_ + kLongestHole) return std::nullopt;
+  closeHole(seconds);
+  return seconds;
+}
+
+// The next whole frame, with its time; none at the end.
+Outcome PictureFeed::decodeGood(TimedFrame& good, double wanted) {
+  for (;;) {
+    SharedFrame frame;
+    if (auto done = decode(frame, wanted); !done || !frame) {
+      good = {};
+      return done;
+    }
+    const auto seconds = timeOfGood(*frame);
+    if (!seconds) continue;
+    complete(*frame);
+    end_ = *seconds + std::max(clock_.frameLength(), lengthOf(*frame));
+    good = {std::move(frame), *seconds};
+    return {};
+  }
+}
+
+// What a frame says of how long it is shown, seconds.
+double PictureFeed::lengthOf(const AVFrame& frame) const {
+  return clock_.kind() == FrameClock::Kind::Stamps && !clock_.steady() && frame.pkt_duration > 0
+             ? static_cast<double>(frame.pkt_duration) * clock_.timeBase()
+             : 0;
+}
+
+// Where the container says that the pictures end; 0 when it does not.
+double PictureFeed::promisedEnd() const {
+  const auto length = source_.stream().duration;
+  return length > 0 && !onlyForward() ? static_cast<double>(length) * clock_.timeBase() : 0;
+}
+
+Outcome PictureFeed::accept(TimedFrame good) {
+  if (good.frame->interlaced_frame != 0 && !deinterlacer_) deinterlacer_.emplace(threads_);
+  if (deinterlacer_) return deinterlacer_->push(std::move(good));
+  ready_ = std::move(good);
+  return {};
+}
+
+Outcome PictureFeed::finish() {
+  finished_ = true;
+  if (promisedEnd() > end_ + kLostEnd) closeHole(promisedEnd());
+  return deinterlacer_ ? deinterlacer_->end() : Outcome();
+}
+
+Result<TimedFrame> PictureFeed::next(double wanted) {
+  for (;;) {
+    auto ready = deinterlacer_ ? deinterlacer_->pull() : std::exchange(ready_, {});
+    if (ready.frame || finished_) return ready;
+    TimedFrame good;
+    if (auto done = decodeGood(good, wanted); !done) return done.error();
+    auto done = good.frame ? accept(std::move(good)) : finish();
+    if (!done) return done.error();
+  }
+}
+
+// What was decoded is of no use any more.
+void PictureFeed::forget() {
+  avcodec_flush_buffers(source_.decoder.get());
+  clock_.restart();
+  if (deinterlacer_) deinterlacer_.emplace(threads_);
+  ready_ = {};
+  finished_ = needsKey_ = false;
+  faultAt_.reset();
+  holes_.clear();
+  badPackets_ = 0;
+  end_ = 0;
+}
+
+Outcome PictureFeed::toStart() {
+  if (auto done = reopen(source_); !done) return done;
+  forget();
+  return {};
+}
+
+bool PictureFeed::seek(double seconds) {
+  const auto at = static_cast<std::int64_t>(std::floor((seconds + origin_) / clock_.timeBase()));
+  if (avformat_seek_file(source_.format.get(), source_.index, INT64_MIN, at, at, AVSEEK_FLAG_BACKWARD) < 0) {
+    return false;
+  }
+  forget();
+  // H.264 tells by itself from where on its pictures are whole, with key pictures or without.
+  needsKey_ = source_.decoder->codec_id != AV_CODEC_ID_H264;
+  return true;
+}
+
+}  // namespace kvo::media
