@@ -1,6 +1,5 @@
 // Every transition on two plain pictures: nothing of the second at 0, all of it at 1, ever more between, and
 // a shape of its own.
-#include "engine/drawing.h"
 #include "engine/params_of.h"
 #include "engine/transitions/registry.h"
 #include "engine/transitions/smpte_patterns.h"
@@ -399,58 +398,6 @@ TEST(Transitions, QuartileMoveGoesThroughTheQuartersAllTheWay) {
   EXPECT_EQ(order, (std::vector<std::string>{"#...", ".#..", "..#.", "...#", "####"}));
   EXPECT_LE(longest, 31) << "hundredths of a second of 90 that it stands still";
   EXPECT_TRUE(kind->coversAll(params, 0.9, kWidth, kHeight));
-}
-
-// A picture of one colour laid at places between the samples of chroma: each of those is of the new colour by
-// as much as its four pixels are.
-TEST(Drawing, ChromaIsCoveredAsItsFourPixelsAre) {
-  constexpr int kSide = 32;
-  auto opaque = test::plainPicture(kSide, kSide, 220);
-  opaque.fill(0, 200);
-  const auto clear = withAlpha(opaque);
-  auto half = copyOf(clear);  // its left half only
-  for (int plane = 0; plane < 4; ++plane) {
-    for (int y = 0; y < half.height(plane); ++y) {
-      std::fill(half.row(plane, y) + half.width(plane) / 2, half.row(plane, y) + half.width(plane),
-                media::Picture::blackOf(plane));
-    }
-  }
-  const std::vector<std::pair<const char*, media::Picture>> pictures = {
-      {"opaque", opaque}, {"with alpha", clear}, {"half", half}};
-  for (const auto& [name, above] : pictures) {
-    for (const bool turned : {false, true}) {
-      for (const bool outAlpha : {false, true}) {
-        for (const auto& [left, top] : {std::pair{4, 6}, std::pair{5, 6}, std::pair{4, 7}, std::pair{5, 7}}) {
-          auto out = test::plainPicture(64, 48, 60);
-          if (outAlpha) out = withAlpha(out);
-          const double x0 = left;
-          const double y0 = top;
-          if (turned) {
-            drawTurned(above, wholeOf(above),
-                       {cv::Point2d{x0, y0}, {x0 + kSide, y0}, {x0 + kSide, y0 + kSide}, {x0, y0 + kSide}},
-                       {}, out);
-          } else {
-            drawScaled(above, wholeOf(above), {x0, y0, kSide, kSide}, out);
-            EXPECT_NEAR(out.row(0, top)[left], 200, 1) << name;
-            EXPECT_NEAR(out.row(0, top)[left - 1] + out.row(0, top - 1)[left], 120, 2) << name;
-          }
-          double worst = 0;
-          for (int y = 0; y < 24; ++y) {
-            for (int x = 0; x < 32; ++x) {
-              const int luma = out.row(0, 2 * y)[2 * x] + out.row(0, 2 * y)[2 * x + 1] +
-                               out.row(0, 2 * y + 1)[2 * x] + out.row(0, 2 * y + 1)[2 * x + 1];
-              const double share = (luma / 4.0 - 60) / (200 - 60);
-              worst = std::max(worst, std::fabs(out.row(1, y)[x] - (60 + (220 - 60) * share)));
-            }
-          }
-          // Of the half, the edge inside is drawn by what stands to both sides of it.
-          EXPECT_LE(worst, name == std::string("half") ? 12 : 3)
-              << name << (turned ? ", turned" : "") << (outAlpha ? " into alpha" : "") << " at " << left
-              << ", " << top;
-        }
-      }
-    }
-  }
 }
 
 TEST(Transitions, BordersHaveTheirWidthAndColour) {
