@@ -1,5 +1,6 @@
 #include "media/audio_reader.h"
 
+#include "media/avi_index.h"
 #include "media/picture.h"
 #include "media/source.h"
 #include "media/video_reader.h"
@@ -54,6 +55,7 @@ struct AudioReader::State {
   ResamplerHandle resampler;
   PacketHandle packet{av_packet_alloc()};
   DamageList* damage = nullptr;
+  std::optional<AviIndex> index;  // of an AVI
   double origin = 0;
   int sourceRate = 0;
   AVSampleFormat sourceFormat = AV_SAMPLE_FMT_NONE;
@@ -176,6 +178,7 @@ struct AudioReader::State {
         continue;
       }
       const bool wanted = packet->stream_index == source.index;
+      if (wanted && index) index->correct(*packet, source.stream());
       const int sent = wanted ? avcodec_send_packet(source.decoder.get(), packet.get()) : 0;
       av_packet_unref(packet.get());
       if (!wanted) continue;
@@ -229,6 +232,7 @@ Result<AudioReader> AudioReader::open(const std::string& path, DamageList* damag
   auto state = std::make_unique<State>();
   state->source = std::move(*source);
   state->damage = damage;
+  if (std::string_view(state->source.format->iformat->name) == "avi") state->index.emplace();
   state->origin = *origin;
   return AudioReader(std::move(state));
 }

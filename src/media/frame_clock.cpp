@@ -17,8 +17,6 @@ FrameClock::Kind kindOf(const AVFormatContext& format, const AVStream& stream) {
   return tellsNothing ? FrameClock::Kind::Count : FrameClock::Kind::Stamps;
 }
 
-constexpr std::int64_t kChunkHead = 8;  // bytes of a RIFF chunk's name and size
-
 bool isKnown(AVRational rate) { return rate.num > 0 && rate.den > 0; }
 
 }  // namespace
@@ -53,22 +51,7 @@ void FrameClock::restart() {
 
 void FrameClock::mark(AVPacket& packet, AVStream& stream) {
   if (kind_ != Kind::DecodeOrder) return;
-  const auto distance = [&](int place) {
-    return avformat_index_get_entry(&stream, place)->pos + kChunkHead - packet.pos;
-  };
-  // The one behind the packet before, as a rule; else it is looked for by its place in the file.
-  const int entries = avformat_index_get_entries_count(&stream);
-  int place = indexPlace_ + 1;
-  if (place >= entries || distance(place) != 0) {
-    place = 0;
-    for (int count = entries; count > 0; count /= 2) {
-      while (place + count <= entries && distance(place + count - 1) < 0) place += count;
-    }
-  }
-  if (place < entries && distance(place) == 0) {
-    indexPlace_ = place;
-    packet.dts = avformat_index_get_entry(&stream, place)->timestamp;
-  }
+  index_.correct(packet, stream);
   packet.pts = packet.dts;
 }
 

@@ -1,7 +1,7 @@
 // When a decoded picture is shown: by what its container is known to say. For this room only.
 #pragma once
 
-#include "media/ffmpeg.h"
+#include "media/avi_index.h"
 
 #include <cstdint>
 
@@ -27,8 +27,7 @@ class FrameClock {
   void origin(double seconds);
   /// The next picture is the first one behind a seek.
   void restart();
-  /// A packet on its way to the decoder. Where pictures are numbered, it is given its number to carry: by the
-  /// index, as a reader that met a damaged part has lost count.
+  /// A packet on its way to the decoder. Where pictures are numbered, it is given its number to carry.
   void mark(AVPacket& packet, AVStream& stream);
   /// Seconds after time 0 at which the picture that was just decoded is shown. Of a constant rate whose
   /// container counts in milliseconds it is the picture's place on the even grid.
@@ -54,8 +53,8 @@ class FrameClock {
   double frameLength_ = 0.04;
   bool steady_ = false;
   bool first_ = true;
-  double last_ = 0;          // the time of the picture before
-  int indexPlace_ = 0;       // of the packet before
+  double last_ = 0;  // the time of the picture before
+  AviIndex index_;
   std::int64_t number_ = 0;  // and its number, where they are numbered
 };
 

@@ -1,0 +1,363 @@
+#include "corpus/corpus_files.h"
+
+#include "corpus/beeps.h"
+#include "corpus/pattern.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace kvo::test {
+namespace {
+
+// The encoder's own delay, of which an AVI has no word.
+constexpr double kLameDelay = 1105.0 / 48000;
+
+#define X264 "-c:v libx264 -preset ultrafast -crf 24 -g 15 "
+#define X264B X264 "-bf 2 "
+#define X265 "-c:v libx265 -preset ultrafast -x265-params log-level=error:bframes=2:keyint=15:pools=1 "
+#define MPEG2B "-c:v mpeg2video -q:v 4 -g 15 -bf 2 "
+#define INTERLACED "-flags +ildct+ilme "
+#define DV "-c:v dvvideo -s 720x576 -pix_fmt yuv420p -aspect 16:9 "
+#define HDR "-pix_fmt yuv420p10le -color_primaries bt2020 -colorspace bt2020nc -color_range tv "
+constexpr const char* kFilm = "24000/1001";
+constexpr const char* kNtsc = "30000/1001";
+constexpr const char* kNtscTwice = "60000/1001";
+
+const MediaFile kFiles[] = {
+    // AVI
+    {.name = "mpeg4-b.avi",
+     .rate = "25",
+     .encoding = "-c:v mpeg4 -q:v 4 -bf 2 -g 15 -c:a libmp3lame",
+     .codecDelay = kLameDelay},
+    {"h264-b.avi", "25", X264B "-c:a pcm_s16le"},
+    {"h264-b-ntsc.avi", kNtsc, X264B "-c:a ac3"},
+    {.name = "xvid-packed.avi",
+     .rate = "25",
+     .encoding = "-c:v libxvid -q:v 4 -bf 2 -g 15 -c:a mp2",
+     .dropped = 2},
+    {"msmpeg4.avi", kFilm, "-c:v msmpeg4 -q:v 4 -g 15 -c:a adpcm_ms"},
+    {"mjpeg.avi", "15", "-c:v mjpeg -q:v 3 -pix_fmt yuvj420p -c:a adpcm_ima_wav"},
+    {"huffyuv.avi", "30", "-c:v huffyuv -pix_fmt yuv422p -c:a pcm_s16le"},
+    {"dv.avi", "25", DV "-c:a pcm_s16le"},
+    {"camera.dv", "25", DV "-c:a pcm_s16le"},
+    // MP4, QuickTime, 3GP
+    {"h264.mp4", "25", X264B "-c:a aac"},
+    {"h264-film.mp4", kFilm, X264B "-c:a aac"},
+    {"h264-twice.mp4", kNtscTwice, X264B "-c:a aac"},
+    {"h264-50.mp4", "50", X264B "-c:a ac3"},
+    {"hevc.mp4", "30", X265 "-tag:v hvc1 -c:a aac"},
+    {"mpeg4.mp4", "24", "-c:v mpeg4 -q:v 4 -bf 2 -g 15 -c:a libmp3lame"},
+    {"mono.mp4", "25", X264B "-af pan=mono|c0=c0 -c:a aac"},
+    {"prores.mov", "24", "-c:v prores_ks -profile:v 0 -c:a pcm_s16le"},
+    {"mjpeg.mov", kNtsc, "-c:v mjpeg -q:v 3 -pix_fmt yuvj420p -c:a adpcm_ima_qt"},
+    {"phone.3gp", "15", X264 "-c:a aac -ar 44100"},
+    // Matroska, WebM
+    {"h264-film.mkv", kFilm, X264B "-c:a ac3"},
+    {"h264-ntsc.mkv", kNtsc, X264B "-c:a libvorbis"},
+    {"h264-twice.mkv", kNtscTwice, X264B "-c:a flac"},
+    {"hevc.mkv", "50", X265 "-c:a libopus"},
+    {"ffv1.mkv", kNtsc, "-c:v ffv1 -c:a pcm_s16le"},
+    {"vp8.webm", kNtsc, "-c:v libvpx -deadline realtime -cpu-used 8 -b:v 900k -g 15 -c:a libvorbis"},
+    {"vp9.webm", kFilm, "-c:v libvpx-vp9 -deadline realtime -cpu-used 8 -b:v 600k -g 15 -c:a libopus"},
+    // MPEG streams
+    {"h264-b.ts", "25", X264B "-c:a ac3"},
+    {"h264-twice.m2ts", kNtscTwice, X264B "-c:a ac3 -f mpegts -mpegts_m2ts_mode 1"},
+    {"hevc.ts", "50", X265 "-c:a aac"},
+    {"mpeg2-b.ts", kNtsc, MPEG2B "-c:a mp2"},
+    {"ten-hours.ts", "25", X264B "-c:a mp2 -output_ts_offset 36000"},
+    {"mpeg1.mpg", "30", "-c:v mpeg1video -q:v 4 -g 15 -bf 2 -c:a mp2"},
+    {"mpeg2-ac3.mpg", "25", MPEG2B "-c:a ac3 -f vob"},
+    {"mpeg2.vob", kNtsc, MPEG2B "-c:a mp2 -f vob"},
+    {"raw.h264", "25", X264B "-an"},
+    {"raw.m2v", "25", MPEG2B "-an"},
+    // Flash, Windows Media, Ogg
+    {"flv1.flv", "25", "-c:v flv -q:v 4 -g 15 -c:a libmp3lame -ar 44100"},
+    {"h264-ntsc.flv", kNtsc, X264B "-c:a aac"},
+    // A decoder of Windows Media sound swallows the first block.
+    {.name = "wmv2.wmv", .rate = "25", .encoding = "-c:v wmv2 -q:v 4 -g 15 -c:a wmav2", .unsure = {0, 0.1}},
+    {.name = "wmv2-ntsc.wmv",
+     .rate = kNtsc,
+     .encoding = "-c:v wmv2 -q:v 4 -g 15 -c:a wmav2",
+     .unsure = {0, 0.1}},
+    {"theora.ogv", "30", "-c:v libtheora -q:v 8 -g 15 -c:a libvorbis"},
+    // Starts apart, cuts, lengths, rates
+    {.name = "sound-first.mkv",
+     .rate = kNtsc,
+     .encoding = "-fps_mode passthrough " X264B "-c:a libvorbis",
+     .soundLate = -0.3},
+    {.name = "sound-first.flv",
+     .rate = "25",
+     .encoding = "-fps_mode passthrough " X264B "-c:a aac",
+     .soundLate = -0.32},
+    {.name = "sound-first.ts",
+     .rate = "25",
+     .encoding = "-fps_mode passthrough " X264B "-c:a mp2",
+     .soundLate = -0.32},
+    {.name = "sound-first.mp4",
+     .rate = "25",
+     .encoding = "-fps_mode passthrough " X264B "-c:a aac",
+     .soundLate = -0.32},
+    {.name = "sound-late.mkv", .rate = kFilm, .encoding = X264B "-c:a ac3", .soundLate = 0.3},
+    {.name = "sound-late.mp4", .rate = "25", .encoding = X264B "-c:a aac", .soundLate = 0.3},
+    {.name = "sound-late.mpg", .rate = "25", .encoding = MPEG2B "-c:a mp2 -f vob", .soundLate = 0.3},
+    {.name = "edit-list.mp4", .rate = "25", .encoding = "-ss 1.12", .startsAt = 1.12, .source = "h264.mp4"},
+    {.name = "sound-longer.mp4", .rate = "25", .encoding = X264B "-c:a aac", .soundLonger = 1},
+    {.name = "sound-longer.avi", .rate = "25", .encoding = X264B "-c:a pcm_s16le", .soundLonger = 1},
+    {.name = "sound-longer.mkv", .rate = "25", .encoding = X264B "-c:a flac", .soundLonger = 1},
+    {.name = "uneven.mkv",
+     .rate = "30",
+     .encoding = R"(-vf select=lt(n\,30)+gte(n\,60)+not(mod(n\,3)) -fps_mode vfr )" X264B "-c:a flac",
+     .uneven = true},
+    {.name = "uneven.mp4",
+     .rate = "30",
+     .encoding = R"(-vf select=lt(n\,30)+gte(n\,60)+not(mod(n\,3)) -fps_mode vfr )" X264B "-c:a aac",
+     .uneven = true},
+    // Shapes, fields, colours
+    {.name = "rotated.mp4", .rate = "25", .encoding = "-vf transpose=1 " X264B "-c:a aac", .turned = 90},
+    {.name = "upside-down.mov", .rate = "25", .encoding = "-vf hflip,vflip " X264B "-c:a aac", .turned = 180},
+    {"anamorphic.mp4", "25", "-vf scale=220:180,setsar=16/11 " X264B "-c:a aac"},
+    {"anamorphic.mpg", "25", "-vf scale=240:180 " MPEG2B "-aspect 16:9 -c:a mp2"},
+    {.name = "top-first.ts",
+     .rate = "50",
+     .encoding = "-vf tinterlace=interleave_top " INTERLACED "-top 1 " MPEG2B "-c:a mp2",
+     .numbersAFrame = 2},
+    {.name = "bottom-first.mpg",
+     .rate = "50",
+     .encoding = "-vf tinterlace=interleave_bottom " INTERLACED "-top 0 " MPEG2B "-c:a mp2 -f vob",
+     .numbersAFrame = 2},
+    {.name = "camcorder.mts",
+     .rate = "50",
+     .encoding = "-vf tinterlace=interleave_top " INTERLACED "-x264-params tff=1 " X264B
+                 "-c:a ac3 -f mpegts -mpegts_m2ts_mode 1",
+     .numbersAFrame = 2},
+    {.name = "untagged-720.mp4",
+     .rate = "25",
+     .encoding = "-vf scale=1280:720:flags=neighbor " X264B "-c:a aac",
+     .highDefinition = true},
+    {.name = "tagged-709.mkv",
+     .rate = "25",
+     .encoding = X264B "-colorspace bt709 -color_primaries bt709 -color_trc bt709 -c:a aac",
+     .highDefinition = true},
+    // White of 203 nits, in the code values of each curve: seen as it is, it would be a light grey.
+    {.name = "pq.mp4",
+     .rate = "25",
+     .encoding = "-vf lutyuv=y=16+(val-16)*0.58 " HDR "-color_trc smpte2084 " X265 "-tag:v hvc1 -c:a aac",
+     .tones = {{165, 256}, {35, 150}}},
+    {.name = "hlg.mkv",
+     .rate = "25",
+     .encoding = "-vf lutyuv=y=16+(val-16)*0.75 " HDR "-color_trc arib-std-b67 " X265 "-c:a aac",
+     .tones = {{198, 256}, {60, 170}}},
+    // Damage
+    {.name = "damaged.ts",
+     .rate = "25",
+     .encoding = "",
+     .source = "h264-b.ts",
+     .overwritten = {0.45, 0.52},
+     .unsure = {1.1, 2.7}},
+    {.name = "damaged.mpg",
+     .rate = "25",
+     .encoding = "",
+     .source = "mpeg2-ac3.mpg",
+     .overwritten = {0.45, 0.52},
+     .unsure = {1.1, 2.7}},
+    {.name = "damaged.avi",
+     .rate = "25",
+     .encoding = "",
+     .codecDelay = kLameDelay,
+     .source = "mpeg4-b.avi",
+     .overwritten = {0.45, 0.52},
+     .unsure = {1.1, 2.7}},
+    {.name = "damaged.mkv",
+     .rate = kNtsc,
+     .encoding = "",
+     .source = "h264-ntsc.mkv",
+     .overwritten = {0.45, 0.52},
+     .unsure = {1.1, 2.7}},
+    {.name = "cut-off.ts",
+     .rate = "25",
+     .encoding = "",
+     .source = "h264-b.ts",
+     .keptBytes = 0.6,
+     .unsure = {1.5, 9}},
+    {.name = "cut-off.avi",
+     .rate = "25",
+     .encoding = "",
+     .codecDelay = kLameDelay,
+     .source = "mpeg4-b.avi",
+     .keptBytes = 0.6,
+     .unsure = {1.5, 9}},
+    {.name = "cut-off.mkv",
+     .rate = kNtsc,
+     .encoding = "",
+     .source = "h264-ntsc.mkv",
+     .keptBytes = 0.6,
+     .unsure = {1.5, 9}},
+    {.name = "cut-off.flv",
+     .rate = "25",
+     .encoding = "",
+     .source = "flv1.flv",
+     .keptBytes = 0.6,
+     .unsure = {1.5, 9}},
+// Stills
+#define STILL R"(-an -vf select=eq(n\,77) -frames:v 1 -update 1 )"
+    {.name = "still.png", .rate = "25", .encoding = STILL, .still = true},
+    {.name = "still.jpg", .rate = "25", .encoding = STILL "-q:v 2", .still = true},
+    {.name = "still.bmp", .rate = "25", .encoding = STILL, .still = true},
+    {.name = "still.tiff", .rate = "25", .encoding = STILL, .still = true},
+    {.name = "still.webp", .rate = "25", .encoding = STILL "-c:v libwebp -q:v 90", .still = true},
+    // Sounds
+    {"sound.wav", "", "-vn -c:a pcm_s16le"},
+    {"adpcm-ima.wav", "", "-vn -c:a adpcm_ima_wav"},
+    {"adpcm-ms.wav", "", "-vn -c:a adpcm_ms"},
+    {"sound.aiff", "", "-vn -c:a pcm_s16be"},
+    {"sound.mp3", "", "-vn -c:a libmp3lame"},
+    {"sound.flac", "", "-vn -c:a flac"},
+    {"sound.ogg", "", "-vn -c:a libvorbis"},
+    {"sound.opus", "", "-vn -c:a libopus"},
+    {"sound.m4a", "", "-vn -c:a aac"},
+    {.name = "sound.aac", .rate = "", .encoding = "-vn -c:a aac", .codecDelay = 1024.0 / 48000},
+    {"sound.mp2", "", "-vn -c:a mp2"},
+    {"sound.ac3", "", "-vn -c:a ac3"},
+    {.name = "sound.wma",
+     .rate = "",
+     .encoding = "-vn -c:a wmav2",
+     .codecDelay = 2048.0 / 48000,
+     .unsure = {0, 0.1}},
+    {"sound.au", "", "-vn -c:a pcm_s16be"},
+    {"mono.wav", "", "-vn -af pan=mono|c0=c0 -c:a pcm_s16le"},
+};
+
+std::string text(double value) { return std::to_string(value); }
+
+std::string inputRate(const MediaFile& file) { return *file.rate == 0 ? "25" : file.rate; }
+
+bool sharesInput(const MediaFile& a, const MediaFile& b) {
+  return *a.source == 0 && *b.source == 0 && inputRate(a) == inputRate(b) && a.soundLate == b.soundLate &&
+         a.soundLonger == b.soundLonger && a.highDefinition == b.highDefinition;
+}
+
+void addWords(std::vector<std::string>& command, const std::string& words) {
+  std::istringstream stream(words);
+  for (std::string word; stream >> word;) command.push_back(word);
+}
+
+void run(const std::vector<std::string>& command) {
+  const auto end = runProgram(command);
+  EXPECT_EQ(end.exitCode, 0) << end.err;
+}
+
+void damage(const std::string& path, const MediaFile& file) {
+  const auto size = static_cast<double>(std::filesystem::file_size(path));
+  std::fstream bytes(path, std::ios::in | std::ios::out | std::ios::binary);
+  unsigned random = 1;
+  bytes.seekp(static_cast<std::streamoff>(size * file.overwritten.from));
+  for (auto at = size * file.overwritten.from; at < size * file.overwritten.to; ++at) {
+    random = random * 1664525U + 1013904223U;
+    bytes.put(static_cast<char>(random >> 24U));
+  }
+  bytes.close();
+  std::filesystem::resize_file(path, static_cast<std::uintmax_t>(size * file.keptBytes));
+}
+
+void tellToTurn(const std::string& path, int degrees) {
+  const auto told = std::filesystem::path(path).replace_filename(
+      "turned-" + std::filesystem::path(path).filename().string());
+  run({"ffmpeg", "-v", "error", "-nostdin", "-y", "-i", path, "-c", "copy", "-metadata:s:v:0",
+       "rotate=" + std::to_string(degrees), told.string()});
+  std::filesystem::rename(told, path);
+}
+
+}  // namespace
+
+void PrintTo(const MediaFile& file, std::ostream* out) { *out << file.name; }
+
+std::span<const MediaFile> mediaFiles() { return kFiles; }
+
+double rateOf(const MediaFile& file) {
+  const std::string rate = inputRate(file);
+  const auto slash = rate.find('/');
+  return std::stod(rate) / (slash == std::string::npos ? 1 : std::stod(rate.substr(slash + 1))) /
+         file.numbersAFrame;
+}
+
+int picturesOf(const MediaFile& file) {
+  return static_cast<int>(std::lround(std::ceil((kMediaSeconds - file.startsAt) * rateOf(file) - 1e-6)));
+}
+
+bool hasSound(const MediaFile& file) {
+  return !file.still && std::string_view(file.encoding).find("-an") == std::string_view::npos;
+}
+
+int shownNumber(const MediaFile& file, int number) {
+  if (file.still) return kStillNumber;
+  const int held = std::clamp(number, 0, picturesOf(file) - 1);
+  if (file.uneven && held >= 30 && held < 60) return held / 3 * 3;
+  return (held + static_cast<int>(std::lround(file.startsAt * rateOf(file)))) * file.numbersAFrame;
+}
+
+Corpus::Corpus() {
+  for (const auto weights : {Weights::Bt601, Weights::Bt709}) {
+    std::ofstream pictures(folder_ / (weights == Weights::Bt601 ? "601.yuv" : "709.yuv"), std::ios::binary);
+    for (int number = 0; number < (weights == Weights::Bt601 ? kNumbers : 100); ++number) {
+      pictures << drawnPattern(number, kPictureWidth, kPictureHeight, weights);
+    }
+  }
+  std::ofstream(folder_ / "beeps", std::ios::binary) << drawnBeeps();
+}
+
+std::string Corpus::pathOf(const MediaFile& file) {
+  const auto path = folder_ / file.name;
+  if (made_.contains(file.name)) return path;
+  if (*file.source == 0) {
+    makeLike(file);
+    return path;
+  }
+  const auto* source = std::find_if(std::begin(kFiles), std::end(kFiles), [&](const auto& row) {
+    return std::string_view(row.name) == file.source;
+  });
+  const auto from = pathOf(*source);
+  if (*file.encoding != 0) {
+    std::vector<std::string> command = {"ffmpeg", "-v", "error", "-nostdin", "-y"};
+    addWords(command, file.encoding);
+    command.insert(command.end(), {"-i", from, "-c", "copy", path});
+    run(command);
+  } else {
+    std::filesystem::copy_file(from, path);
+    damage(path, file);
+  }
+  made_.insert(file.name);
+  return path;
+}
+
+void Corpus::makeLike(const MediaFile& file) {
+  std::vector<std::string> command = {"ffmpeg", "-v", "error", "-nostdin", "-y"};
+  const auto late = [&](double seconds) {
+    if (seconds > 0) command.insert(command.end(), {"-itsoffset", text(seconds)});
+  };
+  late(-file.soundLate);
+  command.insert(command.end(), {"-f", "rawvideo", "-pixel_format", "yuv420p", "-video_size",
+                                 std::to_string(kPictureWidth) + "x" + std::to_string(kPictureHeight),
+                                 "-framerate", inputRate(file), "-t", text(kMediaSeconds), "-i",
+                                 folder_ / (file.highDefinition ? "709.yuv" : "601.yuv")});
+  late(file.soundLate);
+  command.insert(command.end(), {"-f", "s16le", "-ar", std::to_string(kBeepRate), "-ac", "2", "-t",
+                                 text(kMediaSeconds + file.soundLonger), "-i", folder_ / "beeps"});
+  for (const auto& row : kFiles) {
+    if (!sharesInput(file, row)) continue;
+    addWords(command, row.encoding);
+    command.push_back(folder_ / row.name);
+    made_.insert(row.name);
+  }
+  run(command);
+  for (const auto& row : kFiles) {
+    if (row.turned != 0 && sharesInput(file, row)) tellToTurn(folder_ / row.name, row.turned);
+  }
+}
+
+}  // namespace kvo::test

@@ -1,0 +1,257 @@
+// Real media through the engine: the number in every picture, the beeps, the colours, or the refusal.
+#include "base/numbers.h"
+#include "base/text.h"
+#include "corpus/beeps.h"
+#include "corpus/corpus_files.h"
+#include "corpus/pattern.h"
+#include "engine/compositor.h"
+#include "engine/document_reader.h"
+#include "engine/mixer.h"
+#include "media/audio_reader.h"
+#include "media/media_facts.h"
+#include "platform/posix/posix_files.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <memory>
+#include <optional>
+
+#include <gtest/gtest.h>
+
+namespace kvo::test {
+namespace {
+
+constexpr double kBeepTolerance = 0.020;  // seconds of the source: what is stretched is blurred with it
+constexpr double kColourTolerance = 14;   // levels
+constexpr double kLevelTolerance = 0.2;   // a beep's peak, as a share
+
+// A part of a file as it is shown.
+struct Section {
+  double from = 0;    // source seconds
+  double length = 0;  // source seconds
+  double speed = 1;
+  double rate = 25;  // the movie's
+  int width = kPictureWidth;
+  int height = kPictureHeight;
+
+  [[nodiscard]] double shown() const { return length / speed; }
+  [[nodiscard]] std::string text() const {
+    return "from " + FormatMask(from, "0.000") + " s for " + FormatMask(length, "0.00") + " s, speed " +
+           ShortText(speed) + ", " + FormatMask(rate, "0.00") + " a second, " + std::to_string(width) +
+           " x " + std::to_string(height) + ": ";
+  }
+};
+
+std::string documentOf(const std::string& path, const Section& section, bool picture, bool sound) {
+  const auto clip = "<track>\r\n<clip src=" + kvo::quoted(path) +
+                    " mstart=" + kvo::quoted(ShortText(section.from)) +
+                    " mstop=" + kvo::quoted(ShortText(section.from + section.length)) +
+                    " start=\"0\" stop=" + kvo::quoted(ShortText(section.shown())) +
+                    " >\r\n</clip>\r\n</track>\r\n</group>\r\n";
+  std::string text = "<timeline>\r\n";
+  if (picture) {
+    text += "<group type=\"video\" bitdepth=\"24\" width=" + kvo::quoted(std::to_string(section.width)) +
+            " height=" + kvo::quoted(std::to_string(section.height)) +
+            " framerate=" + kvo::quoted(ShortText(section.rate)) + ">\r\n" + clip;
+  }
+  if (sound) text += "<group type=\"audio\" SamplingRate=\"44100\">\r\n" + clip;
+  return text + "</timeline>\r\n";
+}
+
+// The whole of the display shape within the canvas, bars left and right or above and below.
+Part placeIn(const Section& section) {
+  const double scale = std::min(1.0 * section.width / kPictureWidth, 1.0 * section.height / kPictureHeight);
+  const double width = kPictureWidth * scale;
+  const double height = kPictureHeight * scale;
+  return {(section.width - width) / 2, (section.height - height) / 2, width, height};
+}
+
+// Counts the faults of one kind and keeps the words of the first.
+class Faults {
+ public:
+  void add(const std::string& fault) {
+    if (count_++ == 0) first_ = fault;
+  }
+  [[nodiscard]] std::string text(const std::string& what, std::int64_t of) const {
+    if (count_ == 0) return "";
+    return std::to_string(count_) + " of " + std::to_string(of) + " " + what + " wrong, first " + first_ +
+           "; ";
+  }
+
+ private:
+  std::int64_t count_ = 0;
+  std::string first_;
+};
+
+std::string colourFault(const MediaFile& file, const Reading& reading) {
+  const auto words = [](const Rgb& c) {
+    return FormatMask(c[0], "0") + "," + FormatMask(c[1], "0") + "," + FormatMask(c[2], "0");
+  };
+  const bool isLight = file.tones.white.to > 0;
+  if (isLight) {
+    const bool right =
+        file.tones.white.holds(reading.white[1]) && file.tones.grey.holds(reading.patches[3][1]);
+    return right ? "" : "white is " + words(reading.white) + ", grey " + words(reading.patches[3]);
+  }
+  for (std::size_t patch = 0; patch < kPatches.size(); ++patch) {
+    for (std::size_t i = 0; i < 3; ++i) {
+      if (std::fabs(reading.patches[patch][i] - kPatches[patch][i]) > kColourTolerance) {
+        return "patch " + std::to_string(patch) + " is " + words(reading.patches[patch]) + ", not " +
+               words(kPatches[patch]);
+      }
+    }
+  }
+  return "";
+}
+
+// What is missing of a file that was cut off is refused in words that say where it ends.
+bool isRefusedEnd(const MediaFile& file, double time, const Error& error) {
+  return file.keptBytes < 1 && file.unsure.holds(time) &&
+         error.text.find(std::string(file.name) + " ends at ") != std::string::npos &&
+         error.text.find(" s, the clip goes on to ") != std::string::npos;
+}
+
+// Each frame shows the picture that begins there or before. Where the movie runs at the file's own rate from
+// a frame's begin on, there is no room for another; else a neighbour will do.
+std::string pictureFaults(const MediaFile& file, const Section& section, const engine::Timeline& timeline) {
+  engine::Compositor compositor(timeline);
+  const double rate = rateOf(file);
+  const auto frames = timeline.frameRate.frameFrom(timeline.length());
+  const bool exact = section.speed == 1 && std::fabs(section.rate - rate) < 1e-6 && !file.uneven;
+  Faults numbers;
+  Faults colours;
+  Faults shapes;
+  for (std::int64_t i = 0; i < frames; ++i) {
+    const double time = section.from + static_cast<double>(i) / section.rate * section.speed;
+    const auto picture = compositor.frame(i);
+    if (!picture && isRefusedEnd(file, time, picture.error())) break;
+    if (!picture) return "frame " + std::to_string(i) + ": " + picture.error().text + "; ";
+    if (file.unsure.holds(time)) continue;
+    const auto mean = meansOf(*picture);
+    const auto place = placeIn(section);
+    const auto reading = readPattern(mean, place);
+    const auto at = "frame " + std::to_string(i) + ": ";
+    const int wanted = static_cast<int>(std::floor(time * rate + 0.01));
+    const int least = shownNumber(file, exact ? wanted : wanted - 1) - file.dropped;
+    const int most = shownNumber(file, exact ? wanted : wanted + 1) + file.numbersAFrame - 1;
+    if (!reading.number || *reading.number < least || *reading.number > most) {
+      numbers.add(at + (reading.number ? std::to_string(*reading.number) : "nothing legible") + " for " +
+                  std::to_string(shownNumber(file, wanted)));
+      continue;
+    }
+    if (const auto fault = colourFault(file, reading); !fault.empty()) colours.add(at + fault);
+    if (!fills(mean, place, section.width, section.height)) shapes.add(at + "edges are elsewhere");
+  }
+  return numbers.text("numbers", frames) + colours.text("colours", frames) + shapes.text("shapes", frames);
+}
+
+// Every beep that belongs into the section is heard in its place, as loud as it was, and no other.
+std::string soundFaults(const MediaFile& file, const Section& section, const engine::Timeline& timeline) {
+  engine::Mixer mixer(timeline, 0);
+  std::vector<float> samples(2 * static_cast<std::size_t>(std::lround(section.shown() * media::kSampleRate)));
+  if (const auto done = mixer.read(samples); !done) return "sound: " + done.error().text + "; ";
+  const double tolerance = kBeepTolerance / std::min(section.speed, 1.0);
+  std::string faults;
+  auto heard = beepsIn(samples);
+  for (int second = 0; second < kBeeps; ++second) {
+    const double source = second + file.soundLate + file.codecDelay - file.startsAt;
+    if (second >= kMediaSeconds + file.soundLonger) continue;
+    const double at = (source - section.from) / section.speed;
+    const auto found = std::find_if(heard.begin(), heard.end(), [&](const Beep& beep) {
+      return beep.second == second && std::fabs(beep.at - at) <= tolerance;
+    });
+    if (found != heard.end()) {
+      if (section.speed == 1 && std::fabs(found->level / kBeepLevel - 1) > kLevelTolerance &&
+          found->at + kBeepLength < section.shown() && at > -0.005) {
+        faults += "beep " + std::to_string(second) + " peaks at " + FormatMask(found->level, "0.00") + "; ";
+      }
+      heard.erase(found);
+    } else if (at >= -0.001 && at + kBeepLength <= section.shown() && !file.unsure.holds(source)) {
+      faults += "no beep " + std::to_string(second) + " at " + FormatMask(at, "0.000") + " s; ";
+    }
+  }
+  for (const auto& beep : heard) {
+    // One that began ahead of the section is heard to its end.
+    if (beep.at < tolerance || file.unsure.holds(section.from + beep.at * section.speed)) continue;
+    faults += "beep " + std::to_string(beep.second) + " at " + FormatMask(beep.at, "0.000") + " s; ";
+  }
+  return faults;
+}
+
+std::vector<Section> sectionsOf(const MediaFile& file) {
+  const double rate = rateOf(file);
+  const double end = picturesOf(file) / rate + file.soundLonger;
+  std::vector<Section> sections;
+  const auto add = [&](double from, double length, double speed, double movieRate) {
+    const double first = std::round(from * rate) / rate;
+    sections.push_back({first, std::min(length, end - first), speed, movieRate});
+  };
+  for (const double from : {0.0, 0.2, 1.6, end - 0.5}) {
+    for (const double speed : {1.0, 2.0, 0.5}) add(from, speed == 0.5 ? 0.5 : 1.2, speed, rate);
+  }
+  add(0, end, 1, rate);
+  add(0.2, 1.2, 1, 25);
+  sections.push_back({0, 0.2, 1, rate, 240, 240});
+  sections.push_back({1 / rate * std::floor(rate), 0.2, 1, rate, 480, 180});
+  return sections;
+}
+
+class CorpusFile : public testing::TestWithParam<MediaFile> {
+ protected:
+  static void SetUpTestSuite() {
+    media::silenceRemarks();
+    corpus() = std::make_unique<Corpus>();
+  }
+  static void TearDownTestSuite() { corpus().reset(); }
+  static std::unique_ptr<Corpus>& corpus() {
+    static std::unique_ptr<Corpus> made;
+    return made;
+  }
+};
+
+TEST_P(CorpusFile, ShowsAndSoundsInItsPlace) {
+  const auto& file = GetParam();
+  const bool picture = *file.rate != 0;
+  const auto path = corpus()->pathOf(file);
+  std::string faults;
+  for (const auto& section : sectionsOf(file)) {
+    const auto timeline = engine::readDocument(documentOf(path, section, picture, hasSound(file)));
+    ASSERT_TRUE(timeline) << timeline.error().text;
+    std::string found;
+    if (picture) found += pictureFaults(file, section, *timeline);
+    if (hasSound(file)) found += soundFaults(file, section, *timeline);
+    if (!found.empty()) faults += "\n  " + section.text() + found;
+  }
+  EXPECT_TRUE(faults.empty()) << file.name << faults;
+}
+
+INSTANTIATE_TEST_SUITE_P(Media, CorpusFile, testing::ValuesIn(mediaFiles().begin(), mediaFiles().end()),
+                         [](const auto& row) {
+                           std::string name = row.param.name;
+                           std::replace_if(
+                               name.begin(), name.end(), [](char c) { return c == '-' || c == '.'; }, '_');
+                           return name;
+                         });
+
+TEST(Pattern, IsReadBackAfterAHarshEncoding) {
+  const ScratchFolder folder;
+  std::ofstream raw(folder / "raw", std::ios::binary);
+  for (int number = 0; number < kNumbers; ++number) raw << drawnPattern(number, 160, 90, Weights::Bt601);
+  raw.close();
+  const auto movie = makeMedia(folder, "harsh.avi",
+                               {"-f", "rawvideo", "-pixel_format", "yuv420p", "-video_size", "160x90", "-i",
+                                folder / "raw", "-c:v", "mpeg4", "-q:v", "24"});
+  const auto pictures = picturesOf(movie, 160, 90);
+  ASSERT_EQ(pictures.size(), static_cast<std::size_t>(kNumbers));
+  for (int number = 0; number < kNumbers; ++number) {
+    const auto mean = meansOf(pictures[static_cast<std::size_t>(number)]);
+    const Part whole{0, 0, 160, 90};
+    EXPECT_EQ(readPattern(mean, whole).number, number);
+    EXPECT_TRUE(fills(mean, whole, 160, 90)) << number;
+    EXPECT_FALSE(fills(mean, {10, 0, 140, 90}, 160, 90)) << number;
+  }
+}
+
+}  // namespace
+}  // namespace kvo::test
