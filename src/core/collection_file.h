@@ -89,7 +89,7 @@ class CollectionFile {
   void rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options);
   std::string folderField(const SectionRow& row) const;
   bool fileIsThere(Movie& clip, const Rows& main) const;
-  Long clockKey() const;
+  void giveMissingKeys();
 
   Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step);
   bool failWrite(std::string_view step, std::string_view why);
