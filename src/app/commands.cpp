@@ -1,13 +1,11 @@
 #include "app/commands.h"
 
-#include "app/clip_check.h"
 #include "app/progress_line.h"
 #include "base/text.h"
-#include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_kinds.h"
+#include "editor/timeline/collection_faults.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/render_file.h"
-#include "editor/timeline/transition_names.h"
 #include "platform/posix/stop_signals.h"
 #include "platform/posix/temporary_folder.h"
 
@@ -117,37 +115,22 @@ std::vector<std::string> engineArguments(const CommandLine& line, const std::str
   return arguments;
 }
 
-// Faults that no render survives.
-Outcome checkForRender(Session& session, const ReadReport& report) {
-  auto& clips = session.collection.MovieList;
-  for (const int number : report.skippedClips) {
-    warn("clip " + std::to_string(number) + " has no usable name or folder and is left out");
-  }
-  if (report.damaged) warn("the collection is damaged; clips may be missing");
-  if (clips.empty()) return Error{"the collection has no clips"};
-  if (!report.missingFiles.empty())
-    return Error{"the file of a clip is missing: " + report.missingFiles.front()};
-  for (int i = 1; i <= clips.count(); ++i) {
-    const auto facts = session.streams.facts(clipFile(clips[i]));
-    if (!facts) return facts.error();
-    if (!facts->hasVideo && !isOverlayAudio(clips[i].MovieName())) {
-      return Error{"there is no picture in " + clipFile(clips[i])};
-    }
-  }
-  if (IsAudioBeforeVideo(session.compilation))
-    return Error{"an audio track stands ahead of a clip with a picture"};
-  return {};
+std::string faultText(const Compilation& c, const CollectionFault& fault) {
+  return fault.clip == 0 ? fault.text : clipName(fault.clip, c.clips()[fault.clip]) + ": " + fault.text;
 }
 
-// A movie with another transition than the one asked for would be no help.
-Outcome checkTransitions(const Session& session) {
-  const auto& clips = session.collection.MovieList;
-  for (int i = 1; i <= clips.count(); ++i) {
-    const auto& name = clips[i].TransType();
-    if (isOverlayAudio(clips[i].MovieName()) || isCut(name) || isTransition(name)) continue;
-    return Error{clipName(i, clips[i]) + ": there is no transition " + name};
+// The document of a collection, unless a fault stands in its way. What was wrong with its reading is told.
+Result<std::string> compileWithoutFaults(Session& session, const ReadReport& report,
+                                         std::optional<int> previewPower) {
+  const auto& c = session.compilation;
+  auto text = previewPower ? compilePreviewText(c, *previewPower) : compileText(c);
+  const auto faults = collectionFaults(c, report);
+  for (const auto& fault : faults) {
+    if (fault.clip == 0 && !fault.stopsRender) warn(fault.text);
   }
-  return {};
+  const auto stops = std::find_if(faults.begin(), faults.end(), [](const auto& f) { return f.stopsRender; });
+  if (stops != faults.end()) return Error{faultText(c, *stops)};
+  return text;
 }
 
 }  // namespace
@@ -161,8 +144,6 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   StopSignals signals;
   const auto report = session.open(line.collection);
   if (!report) return fail(report.error().text);
-  if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
-  if (auto done = checkTransitions(session); !done) return fail(done.error().text);
   if (session.files.sameFile(line.collection, line.output)) {
     return fail("cannot write " + line.output + ": it is the collection");
   }
@@ -173,10 +154,12 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   }
   if (line.rate) session.settings.OutPutFrameRate(static_cast<Single>(*line.rate));
 
+  const auto text = compileWithoutFaults(session, *report, std::nullopt);
+  if (!text) return fail(text.error().text);
   const auto folder = TemporaryFolder::make();
   if (!folder) return fail(folder.error().text);
   const auto document = folder->path() + "/movie.xtl";
-  if (auto done = CompileForRender(session.compilation, document); !done) return fail(done.error().text);
+  if (auto done = writeDocument(session.files, document, *text); !done) return fail(done.error().text);
 
   ProgressShow show;
   const auto end = session.processes.run(
@@ -204,6 +187,9 @@ int runCheck(Session& session, const CommandLine& line) {
   };
   print(line.collection + ": " + std::to_string(c.clips().count()) + " clips, " +
         FormatMask(ToNumber(session.editor.LastClipStop), "0.00") + " s of picture\n");
+  const auto faults = collectionFaults(c, *report);
+  auto fault = std::find_if(faults.begin(), faults.end(), [](const auto& f) { return f.clip > 0; });
+  std::for_each(faults.begin(), fault, [&](const auto& f) { problem(f.text); });
   for (int i = 1; i <= c.clips().count(); ++i) {
     const auto& clip = c.clips()[i];
     print(FormatMask(i, "####") + "  " + clipFile(clip) + "\n      section " +
@@ -215,13 +201,8 @@ int runCheck(Session& session, const CommandLine& line) {
                ? std::string()
                : ", " + clip.TransType() + " of " + ShortText(secondsFromTenths(clip.TransIn())) + " s") +
           "\n");
-    for (const auto& text : clipFaults(c, i)) problem(text);
-    for (const auto& text : clipClamps(clip)) problem(text);
+    for (; fault != faults.end() && fault->clip == i; ++fault) problem(fault->text);
   }
-  for (const int number : report->skippedClips) {
-    problem("clip section " + std::to_string(number) + " has no usable name or folder");
-  }
-  if (report->damaged) problem("sections of the collection are missing or out of order");
   print(problems == 0 ? "no problems\n"
                       : std::to_string(problems) + (problems == 1 ? " problem\n" : " problems\n"));
   return problems == 0 ? kExitDone : kExitFailed;
@@ -233,10 +214,9 @@ int runDocument(Session& session, const CommandLine& line) {
   if (session.files.sameFile(line.collection, line.output)) {
     return fail("cannot write " + line.output + ": it is the collection");
   }
-  if (auto done = checkForRender(session, *report); !done) return fail(done.error().text);
-  const auto& c = session.compilation;
-  const auto text = line.previewPower ? compilePreviewText(c, *line.previewPower) : compileText(c);
-  if (auto done = writeDurably(session.files, line.output, text); !done) return fail(done.error().text);
+  const auto text = compileWithoutFaults(session, *report, line.previewPower);
+  if (!text) return fail(text.error().text);
+  if (auto done = writeDocument(session.files, line.output, *text); !done) return fail(done.error().text);
   return kExitDone;
 }
 

@@ -1,5 +1,6 @@
 #include "app/session.h"
 
+#include "editor/timeline/effects_file.h"
 #include "editor/timeline/still_options.h"
 
 #include <array>
@@ -38,7 +39,7 @@ Result<ReadReport> Session::open(const std::string& collectionPath) {
       settings.ExternalAudioStack() ? OverlayOrder::InSequence : OverlayOrder::Stacked;
   controls.txtWidth = settings.RenderWidth();
   controls.txtHeight = settings.RenderHeight();
-  LoadEffects(editor.effects, files, boxes, log, folder);
+  LoadEffects(compilation);
   GetStillOpts(compilation);
   return report;
 }

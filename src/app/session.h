@@ -33,7 +33,7 @@ class Session {
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
   CollectionFile file{files, clock, boxes, log, folder, settings, collection};
-  Compilation compilation{collection, settings, editor, streams, files, boxes, folder};
+  Compilation compilation{collection, settings, editor, streams, files, boxes, folder, log, clock};
 };
 
 }  // namespace kvo

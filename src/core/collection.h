@@ -56,6 +56,10 @@ struct Collection {
   }
 };
 
+/// KeyIDs for `count` clips that come in at `clock` seconds since midnight: that number, raised past those of
+/// clips and of keyframes, which would else go over to the new clip. Never 0, which means none.
+std::vector<Long> freshKeyIDs(const Collection& collection, Long clock, std::size_t count);
+
 /// Makes every record and the settings equal to the file.
 void ClearDirtyFlags(Collection& collection, KVO2& settings);
 

@@ -50,9 +50,9 @@ enum class ReadEnd {
 
 struct ReadReport {
   ReadEnd end = ReadEnd::Done;
-  std::vector<std::string> missingFiles;
-  std::vector<int> skippedClips;  ///< numbers of clip sections without a usable name or folder
-  bool damaged = false;           ///< sections were missing or out of order
+  std::vector<std::string> missingFiles{};
+  std::vector<int> skippedClips{};  ///< numbers of clip sections without a usable name or folder
+  bool damaged = false;             ///< sections were missing or out of order
 };
 
 class CollectionFile {
@@ -89,7 +89,7 @@ class CollectionFile {
   void rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options);
   std::string folderField(const SectionRow& row) const;
   bool fileIsThere(Movie& clip, const Rows& main) const;
-  Long clockKey() const;
+  void giveMissingKeys();
 
   Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step);
   bool failWrite(std::string_view step, std::string_view why);

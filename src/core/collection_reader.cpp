@@ -57,8 +57,6 @@ CollectionFile::CollectionFile(Files& files, const Clock& clock, MessageBoxes& b
       poster_(settings),
       failures_(log, boxes, settings, [] {}) {}
 
-Long CollectionFile::clockKey() const { return toLongClamped(secondsSinceMidnight(clock_)); }
-
 ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOptions& options) {
   const auto path = fileName.empty() ? folder_.beside(collection_.IniName) : fileName;
   ReadReport report;
@@ -92,8 +90,19 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   readAnimations(reader);
   readClips(reader, options, report);
   if (report.end == ReadEnd::Done) readKeyframes(reader, options, report);
+  giveMissingKeys();
   if (report.end == ReadEnd::Done && head.rewrite && options.mayRewrite) rewrite(path, report, options);
   return report;
+}
+
+// A clip that was saved without a key gets one, now that all keys of the file are known.
+void CollectionFile::giveMissingKeys() {
+  std::vector<Movie*> without;
+  for (int i = 1; i <= collection_.MovieList.count(); ++i) {
+    if (collection_.MovieList[i].KeyID() == 0) without.push_back(&collection_.MovieList[i]);
+  }
+  const auto keys = freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(clock_)), without.size());
+  for (std::size_t i = 0; i < without.size(); ++i) without[i]->KeyID(keys[i]);
 }
 
 // A file that the disk does not give back gets a fresh one in its place, so that the program can go on; the
@@ -182,7 +191,6 @@ void CollectionFile::readClips(SectionReader& reader, const ReadOptions& options
       clip.IsExtendedCD(true);
       collection_.kind = CollectionKind::HoldsExtendedCD;
     }
-    if (clip.KeyID() == 0) clip.KeyID(clockKey());
 
     bool skipped =
         clip.MovieName().empty() || (clip.Path().empty() && clip.MovieName().find("//") == std::string::npos);

@@ -1,12 +1,12 @@
 #include "engine/document_reader.h"
 
+#include "base/document_names.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "engine/effects/registry.h"
 #include "engine/transitions/registry.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <optional>
 #include <string_view>
@@ -17,24 +17,6 @@ namespace kvo::engine {
 namespace {
 
 constexpr std::string_view kAudioEnvelope = "{036A9790-C153-11d2-9EF7-006008039E37}";
-constexpr char kHiddenQuote = '\x01';  // stands for a quote inside a name while the XML is parsed
-
-// A name may hold quote characters. A clip's name ends where its next attribute begins.
-void hideQuotesInNames(std::string& text) {
-  constexpr std::string_view kOpen = "<clip src=\"";
-  constexpr std::array<std::string_view, 3> kEnds = {"\" mstart=\"", "\"  stretchmode=\"",
-                                                     "\" stretchmode=\""};
-  for (auto at = text.find(kOpen); at != std::string::npos; at = text.find(kOpen, at)) {
-    at += kOpen.size();
-    const auto lineEnd = std::min(text.find('\n', at), text.size());
-    const auto line = std::string_view(text).substr(0, lineEnd);
-    auto end = std::string_view::npos;
-    for (const auto mark : kEnds) end = std::min(end, line.find(mark, at));
-    if (end != std::string_view::npos)
-      std::replace(text.begin() + static_cast<std::ptrdiff_t>(at),
-                   text.begin() + static_cast<std::ptrdiff_t>(end), '"', kHiddenQuote);
-  }
-}
 
 std::string attribute(const pugi::xml_node& node, const char* name) {
   std::string text = node.attribute(name).value();

@@ -4,19 +4,20 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/clip_list.h"
+#include "core/media_kinds.h"
 #include "core/messages.h"
 
 namespace kvo {
 namespace {
 
 // What the streams tell, as the record keeps it.
-void takeFacts(Movie& clip, const StreamFacts& facts) {
+void takeFacts(Movie& clip, const StreamFacts& facts, bool hasPicture) {
   clip.IsStill(facts.isStill);
   clip.HasAudio(facts.hasAudio);
   clip.RenderAudio(facts.hasAudio);
   clip.FrameRate(static_cast<Single>(facts.isStill ? 0 : facts.frameRate));
   const auto side = [](int pixels) { return toInteger(pixels).value_or(0); };
-  if (facts.hasVideo) {
+  if (hasPicture) {
     clip.Resolution(Value(std::to_string(facts.width) + " x " + std::to_string(facts.height)));
     clip.MovieWidth(side(facts.width));
     clip.MovieHeight(side(facts.height));
@@ -31,7 +32,7 @@ void takeFacts(Movie& clip, const StreamFacts& facts) {
     return;
   }
   clip.DurationTime(Value(ToNumber(FormatMask(facts.duration, "0.000"))));
-  clip.DurationFrames(facts.hasVideo ? Value(RoundToWhole(facts.duration * facts.frameRate)) : Value("N/A"));
+  clip.DurationFrames(hasPicture ? Value(RoundToWhole(facts.duration * facts.frameRate)) : Value("N/A"));
   clip.LoopStart(Value(0));
   clip.LoopEnd(clip.DurationTime());
 }
@@ -53,13 +54,13 @@ bool AddClips::AddMoviesm(const std::string& text) {
     return false;
   }
   Movie clip;
-  clip.KeyID(toLongClamped(secondsSinceMidnight(ports_.clock)));
+  clip.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
   clip.MovieName(std::string(fileNamePart(text)));
   clip.AudioOutputLevel(1.0F);
   clip.IsStream(false);
   clip.Path(std::string(folderPart(text)));
   clip.Orderinplaylist(toInteger(collection_.MovieList.count() + 1).value_or(0));
-  takeFacts(clip, *facts);
+  takeFacts(clip, *facts, mediaClass(clip.MovieName(), &*facts) != MediaClass::Sound);
   collection_.MovieList.add(std::move(clip)).listener(&poster_);
   settings_.LoadFrom(std::string(folderPart(text)));
   settings_.IsDirty(true);

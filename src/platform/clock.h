@@ -1,4 +1,4 @@
-// The port to the time of day.
+// The port to the time of day and its passing.
 #pragma once
 
 namespace kvo {
@@ -20,6 +20,9 @@ class Clock {
   virtual ~Clock() = default;
 
   [[nodiscard]] virtual LocalTime now() const = 0;
+
+  /// Lets `milliseconds` pass, a tenth of a second or so: nothing else happens meanwhile.
+  virtual void pause(int milliseconds) const = 0;
 };
 
 /// Seconds since midnight, with their fraction.

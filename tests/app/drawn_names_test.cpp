@@ -1,5 +1,5 @@
 // Every transition and effect that a user can choose, from its name in a collection to the picture.
-#include "editor/timeline/effects_table.h"
+#include "editor/timeline/effects_file.h"
 #include "editor/timeline/picture_in_picture.h"
 #include "editor/timeline/render_file.h"
 #include "editor/timeline/transition_names.h"
@@ -103,7 +103,7 @@ TEST_F(DrawnNames, EveryEffectIsSeen) {
   }();
   for (std::size_t position = 0; position < 46; ++position) {
     test::Bench b;
-    LoadEffects(b.editor.effects, b.files, b.boxes, b.log, b.folder);
+    LoadEffects(b.compilation);
     auto& clip = addStill(b, "scene.png", 3);
     std::string word(46, '0');
     word[position] = '1';

@@ -282,6 +282,22 @@ TEST(CollectionFile, KeyframesAreCountedByTheHead) {
   EXPECT_EQ(many.collection.KeyframeList.count(), 0);
 }
 
+TEST(CollectionFile, AClipWithoutAKeyGetsOneThatNoOtherHas) {
+  const Long clock = 14 * 3600 + 5 * 60 + 9;
+  const auto text = savedText([&](Bench& b) {
+    for (const Long key : {Long{0}, clock, Long{0}, clock + 1, Long{5}}) b.addVideo("a.avi", 0, 5).KeyID(key);
+    b.settings.KeyframeCount(1);
+    Keyframe keyframe;
+    keyframe.ClipName = clock + 2;
+    b.collection.KeyframeList.add(keyframe);
+  });
+  Bench b;
+  load(b, text, {.mayRewrite = false, .keepMissingClips = true});
+  std::vector<Long> keys;
+  for (int i = 1; i <= b.collection.MovieList.count(); ++i) keys.push_back(b.collection.MovieList[i].KeyID());
+  EXPECT_EQ(keys, (std::vector<Long>{42, clock + 3, clock, clock + 4, clock + 1, 5}));
+}
+
 TEST(CollectionFile, OnlyAHundredAnimationsAreRead) {
   const auto text = savedText([](Bench& b) {
     for (int i = 0; i < 101; ++i) {

@@ -27,7 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   b.file.ReadINI("/col/a.INI", {.mayRewrite = false, .keepMissingClips = true});
   while (b.collection.MovieList.count() > kMaxClips)
     b.collection.MovieList.remove(b.collection.MovieList.count());
-  const kvo::Compilation c{b.collection, b.settings, b.editor, streams, b.files, b.boxes, b.folder};
+  const kvo::Compilation c{b.collection, b.settings, b.editor, streams, b.files,
+                           b.boxes,      b.folder,   b.log,    b.clock};
   kvo::compileText(c);
   kvo::compilePreviewText(c, 1 + static_cast<int>(size % 10));
   for (int i = 1; i <= std::min(c.clips().count(), 3); ++i) {

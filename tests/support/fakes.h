@@ -24,7 +24,8 @@ class MemoryFiles : public Files {
   std::set<std::string> unreadable;
   std::set<std::string> unwritable;
   std::vector<std::string> removed;
-  int failAt = 0;  // the number of the changing call that fails, 0 for none
+  int failedReplaces = 0;  // the number of times that writing a file anew fails from now on
+  int failAt = 0;          // the number of the changing call that fails, 0 for none
   int calls = 0;
 
   [[nodiscard]] bool exists(const std::string& path) const override { return all.contains(path); }
@@ -38,7 +39,8 @@ class MemoryFiles : public Files {
   }
 
   Result<std::unique_ptr<Replacement>> replace(const std::string& path) override {
-    if (fails()) return Error{"cannot write " + path + ": injected"};
+    if (fails() || (failedReplaces > 0 && failedReplaces-- > 0))
+      return Error{"cannot write " + path + ": injected"};
     return std::unique_ptr<Replacement>(std::make_unique<InMemory>(*this, path));
   }
 
@@ -119,7 +121,9 @@ class ScriptedBoxes : public MessageBoxes {
 class StillClock : public Clock {
  public:
   LocalTime time{2026, 3, 7, 14, 5, 9};
+  mutable std::vector<int> pauses;  // milliseconds
   [[nodiscard]] LocalTime now() const override { return time; }
+  void pause(int milliseconds) const override { pauses.push_back(milliseconds); }
 };
 
 class NamedStreams : public FrameSource {
@@ -145,7 +149,8 @@ struct Bench {
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
   CollectionFile file{files, clock, boxes, log, folder, settings, collection};
-  Compilation compilation{collection, settings, editor, streams, files, boxes, folder};
+  Compilation compilation{collection, settings, editor, streams, files, boxes, folder, log, clock};
+  ChangePoster poster{settings};
 
   /// A clip with picture and sound at normal speed.
   Movie& addVideo(const std::string& name, double start, double end, const std::string& path = "/v/") {
@@ -161,6 +166,7 @@ struct Bench {
     streams.all[path + name] = {
         .hasVideo = true, .hasAudio = true, .width = 640, .height = 480, .frameRate = 25};
     files.all[path + name] = "x";
+    clip.listener(&poster);  // as a clip of the running program, which has been loaded or added
     return clip;
   }
 

@@ -6,7 +6,6 @@
 #include "editor/timeline/volume_envelope.h"
 
 #include <algorithm>
-#include <array>
 
 namespace kvo {
 namespace {
@@ -17,16 +16,14 @@ std::string trackHead(std::string_view file, double mstart, double mstop) {
 }
 
 std::string placeText(std::string_view startText, std::string_view stopText) {
-  return std::string(startText).append(" ").append(stopText).append("  >\r\n");
+  return std::string(startText).append(" ").append(stopText);
 }
 
 std::string trackEnd() { return blanks(10) + "</track>\r\n\r\n\r\n"; }
 
-template <std::size_t N>
-bool anyOfKinds(const Compilation& c, const std::array<std::string_view, N>& kinds) {
+bool anyClip(const Compilation& c, bool (*is)(const Compilation&, const Movie&)) {
   for (int i = 1; i <= c.clips().count(); ++i) {
-    if (std::find(kinds.begin(), kinds.end(), extensionOf(c.clips()[i].MovieName())) != kinds.end())
-      return true;
+    if (is(c, c.clips()[i])) return true;
   }
   return false;
 }
@@ -52,7 +49,7 @@ void addClipAudio(const Compilation& c, int number) {
                     clip.LoopEnd().number());
   const auto start = "start=" + quoted(number == 1 ? "0" : startText(clip.TimeLineStart().number()));
   const auto stop = "stop=" + quoted(stopOfClipAudio(clip, number));
-  text += placeText(start, stop);
+  text += placeText(start, stop) + "  >\r\n";
   if (!hasSound) {
     AddLevelingInfo(c, text,
                     {.ClipNo = number,
@@ -78,11 +75,12 @@ void addClipAudio(const Compilation& c, int number) {
   text += trackEnd();
 }
 
+constexpr double kShortestSeconds = 0.00005;  // less is nothing at the four decimals of a document
+
 // The running end of the overlay tracks and what holds them.
 struct OverlayPass {
-  double end = 0;       // seconds: where the next track in sequence starts
-  double videoEnd = 0;  // 0 when nothing is trimmed
-  int count = 0;
+  double end = 0;        // seconds: where the next track in sequence starts
+  double videoEnd = 0;   // 0 when nothing is trimmed
   bool stopped = false;  // a track was cut at the video's end; later ones are left out
   std::string lastStop;
 };
@@ -106,7 +104,6 @@ Place nextPlace(const Compilation& c, const Movie& clip, OverlayPass& pass) {
 
 void addOverlay(const Compilation& c, int number, OverlayPass& pass) {
   auto& clip = c.clips()[number];
-  ++pass.count;
   const auto place = nextPlace(c, clip, pass);
   // The ratio of source range to timeline range is the speed, so a track that is cut loses source in step.
   const double mstart = clip.LoopStart().number();
@@ -116,7 +113,9 @@ void addOverlay(const Compilation& c, int number, OverlayPass& pass) {
   pass.lastStop = fixedText(place.stopSeconds);
   const auto start = "start=" + quoted(place.start);
   const auto stop = "stop=" + quoted(pass.lastStop);
-  text += trackHead(clipFile(clip), mstart, mstop) + placeText(start, stop);
+  const bool inSequence = c.editor.controls.Opt_StackOverlay == OverlayOrder::InSequence;
+  text += trackHead(clipFile(clip), mstart, mstop) + placeText(start, stop) +
+          (inSequence ? "   >\r\n" : "  >\r\n");
   clip.TimeLineStart(Value(place.start));
   clip.TimeLineStop(Value(pass.lastStop));
 
@@ -154,7 +153,7 @@ void CreateAudioClipLine(const Compilation& c) {
   c.editor.controls.Lbl_Status = "Analysing Audio";
   for (int i = 1; i <= c.clips().count(); ++i) {
     auto& clip = c.clips()[i];
-    if (isOverlayAudio(clip.MovieName()) || extensionOf(clip.MovieName()) == "ZZX") continue;
+    if (isSound(c, clip) || extensionOf(clip.MovieName()) == "ZZX") continue;
     const bool wasDirty = clip.IsDirty();
     addClipAudio(c, i);
     clip.IsDirty(wasDirty);
@@ -169,18 +168,17 @@ void AddOverlayAudioTracks(const Compilation& c, bool quiet) {
   if (c.settings.AutoTrimAudio()) pass.videoEnd = ToNumber(editor.LastClipStop);
   for (int i = 1; i <= c.clips().count() && !pass.stopped; ++i) {
     const auto& clip = c.clips()[i];
-    if (!clip.RenderAudio() || !isOverlayAudio(clip.MovieName())) continue;
+    if (!clip.RenderAudio() || !isMusic(c, clip)) continue;
     const bool inSequence = editor.controls.Opt_StackOverlay == OverlayOrder::InSequence;
-    if (inSequence && pass.videoEnd > 0 && pass.end >= pass.videoEnd) break;  // the video is covered
+    const double left = pass.videoEnd - pass.end;
+    if (inSequence && pass.videoEnd > 0 && left < kShortestSeconds) break;  // the video is covered
     addOverlay(c, i, pass);
   }
-  if (pass.count > 0) {
-    editor.AudioTotalTime = ShortText(ToNumber(pass.lastStop));
-    if (c.settings.AutoTrimAudio() && ToNumber(editor.VideoTotalTime) >= ToNumber(pass.lastStop)) {
-      editor.AudioTotalTime = editor.VideoTotalTime;
-    }
-    editor.controls.Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), "000.000");
+  editor.AudioTotalTime = ShortText(ToNumber(pass.lastStop));
+  if (c.settings.AutoTrimAudio() && ToNumber(editor.VideoTotalTime) >= ToNumber(pass.lastStop)) {
+    editor.AudioTotalTime = editor.VideoTotalTime;
   }
+  editor.controls.Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), "000.000");
   editor.controls.Lbl_Status.clear();
 }
 
@@ -196,39 +194,34 @@ int GetNumAudioTracks(const Compilation& c) {
   return count;
 }
 
-bool CheckForAudiotrack(const Compilation& c) {
-  return anyOfKinds(c, std::array<std::string_view, 6>{"WAV", "WMA", "MP3", "MP2", "AIF", "IFF"});
-}
+bool CheckForAudiotrack(const Compilation& c) { return anyClip(c, isMusic); }
 
-bool AtLeastOneAudioInCollection(const Compilation& c) {
-  return anyOfKinds(c,
-                    std::array<std::string_view, 8>{"WAV", "WMA", "AIF", "MID", "MP3", "AU", "IDI", "SND"});
+bool AtLeastOneAudioInCollection(const Compilation& c) { return anyClip(c, isSound); }
+
+int misplacedSound(const Compilation& c) {
+  int sound = 0;
+  for (int i = 1; i <= c.clips().count(); ++i) {
+    if (!isSound(c, c.clips()[i])) {
+      if (sound > 0) return sound;
+    } else if (sound == 0) {
+      sound = i;
+    }
+  }
+  return 0;
 }
 
 bool IsAudioBeforeVideo(const Compilation& c) {
-  const int count = c.clips().count();
-  int lastWide = 0;  // the last clip whose Resolution, or MovieHeight, tells of a picture
-  int lastHigh = 0;
-  for (int i = 1; i <= count; ++i) {
-    auto& clip = c.clips()[i];
-    if (extensionOf(clip.MovieName()) == "WAV") clip.MovieHeight(0);
-    if (ToNumber(clip.Resolution().text()) > 0) lastWide = i;
-    if (clip.MovieHeight() > 0) lastHigh = i;
+  for (int i = 1; i <= c.clips().count(); ++i) {
+    if (extensionOf(c.clips()[i].MovieName()) == "WAV") c.clips()[i].MovieHeight(0);
   }
-  if (!AtLeastOneAudioInCollection(c)) return false;
-  for (int i = 1; i <= count; ++i) {
-    const auto& clip = c.clips()[i];
-    const bool noWidth = ToNumber(clip.Resolution().text().substr(0, 3)) == 0;
-    const bool misplaced = (noWidth && i < lastWide) || (clip.MovieHeight() == 0 && i < lastHigh);
-    if (!misplaced || !isOverlayAudio(clip.MovieName())) continue;
-    c.boxes.show({"KVO - Incorrectly placed Audio track",
-                  "Audio tracks should be grouped together and placed at the end of the collection !\r\n"
-                  "Please move the audio track :-\r\n<" +
-                      clip.MovieName() + ">\r\nto the end of the collection.",
-                  BoxButtons::Ok, BoxIcon::Warning});
-    return true;
-  }
-  return false;
+  const int misplaced = misplacedSound(c);
+  if (misplaced == 0) return false;
+  c.boxes.show({"KVO - Incorrectly placed Audio track",
+                "Audio tracks should be grouped together and placed at the end of the collection !\r\n"
+                "Please move the audio track :-\r\n<" +
+                    c.clips()[misplaced].MovieName() + ">\r\nto the end of the collection.",
+                BoxButtons::Ok, BoxIcon::Warning});
+  return true;
 }
 
 }  // namespace kvo

@@ -23,11 +23,14 @@ void AddOverlayAudioTracks(const Compilation& c, bool quiet);
 /// The number of clips that count as audio by their Resolution text.
 int GetNumAudioTracks(const Compilation& c);
 
-/// True if any clip is an audio file: "WAV", "WMA", "MP3", "MP2", "AIF", "IFF".
+/// True if any clip is music that can be laid under a movie.
 bool CheckForAudiotrack(const Compilation& c);
 
-/// As above with "WAV", "WMA", "AIF", "MID", "MP3", "AU", "IDI", "SND".
+/// True if any clip is sound alone, also of a kind that cannot.
 bool AtLeastOneAudioInCollection(const Compilation& c);
+
+/// The number of the first clip of sound that stands ahead of one with a picture, 0 when there is none.
+int misplacedSound(const Compilation& c);
 
 /// Checks that audio clips stand at the end; true, with a warning box that names the clip, when one does not.
 bool IsAudioBeforeVideo(const Compilation& c);

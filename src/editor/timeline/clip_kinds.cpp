@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "core/media_kinds.h"
 
 #include <algorithm>
 
@@ -14,9 +15,16 @@ int numberAtEnd(std::string_view row, std::size_t width) {
 
 }  // namespace
 
-bool isOverlayAudio(std::string_view name) {
-  const auto kind = extensionOf(name);
-  return kind == "WMA" || kind == "MP3" || kind == "WAV" || kind == "AIF" || kind == "IFF";
+bool isSound(const Compilation& c, const Movie& clip) {
+  const auto* kind = mediaKind(clip.MovieName());
+  if (kind != nullptr && kind->byNameAlone) return kind->mediaClass == MediaClass::Sound;
+  const auto facts = c.streams.facts(clipFile(clip));
+  return mediaClass(clip.MovieName(), facts ? &*facts : nullptr) == MediaClass::Sound;
+}
+
+bool isMusic(const Compilation& c, const Movie& clip) {
+  const auto* kind = mediaKind(clip.MovieName());
+  return (kind == nullptr || kind->canBeInMovie) && isSound(c, clip);
 }
 
 bool isCut(std::string_view transType) {

@@ -1,7 +1,7 @@
 // What a clip is for the timeline, by its name and record.
 #pragma once
 
-#include "core/movie.h"
+#include "editor/timeline/compilation.h"
 
 #include <string>
 #include <string_view>
@@ -10,8 +10,11 @@ namespace kvo {
 
 inline std::string clipFile(const Movie& clip) { return clip.Path() + clip.MovieName(); }
 
-/// "WMA", "MP3", "WAV", "AIF", "IFF": a clip of sound alone, which has no place in the video group.
-bool isOverlayAudio(std::string_view name);
+/// A clip of sound alone, which has no place in the video group.
+bool isSound(const Compilation& c, const Movie& clip);
+
+/// The same, of a kind that can be laid under a movie.
+bool isMusic(const Compilation& c, const Movie& clip);
 
 /// "CUT" in any case, or empty: no transition leads into the clip.
 bool isCut(std::string_view transType);

@@ -7,36 +7,16 @@
 #include "editor/timeline/durations.h"
 #include "editor/timeline/effect_elements.h"
 #include "editor/timeline/effect_panel.h"
+#include "editor/timeline/keep_records.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/transition_element.h"
 
 #include <string>
-#include <vector>
 
 namespace kvo {
 namespace {
 
 constexpr int kQuietChange = 98;  // change codes from here on run without the progress display
-
-/// Compiling is no change of the user's: the dirty flags are put back when the pass ends.
-class KeepDirtyFlags {
- public:
-  explicit KeepDirtyFlags(const Compilation& c) : c_(c), settings_(c.settings.IsDirty()) {
-    for (int i = 1; i <= c.clips().count(); ++i) clips_.push_back(c.clips()[i].IsDirty());
-  }
-  KeepDirtyFlags(const KeepDirtyFlags&) = delete;
-  KeepDirtyFlags& operator=(const KeepDirtyFlags&) = delete;
-  ~KeepDirtyFlags() {
-    for (int i = 1; i <= c_.clips().count(); ++i)
-      c_.clips()[i].IsDirty(clips_[static_cast<std::size_t>(i - 1)]);
-    c_.settings.IsDirty(settings_);
-  }
-
- private:
-  const Compilation& c_;
-  bool settings_;
-  std::vector<bool> clips_;
-};
 
 struct ClipTimes {
   std::string mstart;
@@ -53,7 +33,7 @@ ClipTimes placeOnTimeline(const Compilation& c, int i, double& running) {
     const double end = clip.Playspeed() == 10 ? c.clips()[i - 1].TimeLineStop().number() : running;
     running = end - secondsFromTenths(clip.TransIn());
   }
-  ClipTimes times{clip.LoopStart().text(), fixedText(clip.LoopEnd().number()), "0", ""};
+  ClipTimes times{secondsText(clip.LoopStart()), fixedText(clip.LoopEnd().number()), "0", ""};
   if (i > 1) times.start = startText(running);
   times.stop = fixedText((i > 1 ? running : 0) + timelineLength(clip));
   clip.TimeLineStart(Value(times.start));
@@ -72,25 +52,15 @@ ClipTimes placeInPreview(const Compilation& c, int i, const ClipLineOptions& o) 
   if (o.FixedDuration) {
     const double d = ToNumber(ShortText(o.FixedSeconds));
     if (isFirst) return {ShortText(end - speed * d), fixedText(end), "0", fixedText(d)};
-    return {clip.LoopStart().text(), fixedText(start + speed * d), ShortText(d), fixedText(2 * d)};
+    return {secondsText(clip.LoopStart()), fixedText(start + speed * d), ShortText(d), fixedText(2 * d)};
   }
   if (o.FirstClip == o.LastClip) {
-    return {clip.LoopStart().text(), fixedText(end), "0", fixedText(timelineLength(clip))};
+    return {secondsText(clip.LoopStart()), fixedText(end), "0", fixedText(timelineLength(clip))};
   }
   const double t = secondsFromTenths(last.TransIn());
   const auto stop = fixedText(t / speedOf(last));
   if (isFirst) return {ShortText(end - t * speed), fixedText(end), "0", stop};
-  return {clip.LoopStart().text(), fixedText(start + t * speed), "0", stop};
-}
-
-// A still has no sound, and a length only when it is given one.
-void normaliseStill(const Compilation& c, Movie& clip) {
-  clip.HasAudio(false);
-  clip.RenderAudio(false);
-  const auto change = c.settings.ObjectChange();
-  if (clip.LoopStart().number() == 0) clip.LoopStart(Value("0"));
-  if (clip.LoopEnd().number() == 0) clip.LoopEnd(Value(ShortText(c.settings.DefaultStillDuration())));
-  c.settings.ObjectChange(change);
+  return {secondsText(clip.LoopStart()), fixedText(start + t * speed), "0", stop};
 }
 
 // The effect blocks of a clip, each on a line of its own; the colour block's line stands even when it has
@@ -121,13 +91,18 @@ std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourc
 }  // namespace
 
 void CreateClipLine(const Compilation& c, ClipLineOptions o) {
-  const KeepDirtyFlags keep(c);
+  const KeepRecords keep(c);
   auto& editor = c.editor;
   auto& settings = c.settings;
   if (GetNumAudioTracks(c) >= 1) settings.DubInPlaylistAudioTrks(true);
   UpdateTrackFade(c, true);
   const bool preview = o.TransitionPreview;
-  static_cast<void>(GetPreviewParams(c, settings.PreviewCPU()));
+  if (o.Analysing) {
+    static_cast<void>(GetPreviewParams(c, settings.PreviewCPU()));
+  } else {
+    settings.RenderEffects(true);
+    settings.RenderTransitions(true);
+  }
   const bool showProgress = !preview && settings.ObjectChange() < kQuietChange;
   if (preview) {
     settings.RenderTransitions(true);
@@ -150,9 +125,11 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
     auto& clip = c.clips()[i];
     if (fullCompile && editor.controls.progressVisible) editor.controls.progressValue = i;
     ResetObjForNonEffectOs(clip, kSystemTag);
-    if (isOverlayAudio(clip.MovieName())) continue;
+    if (isSound(c, clip)) continue;
     if (clip.IsStill()) {
-      normaliseStill(c, clip);
+      clip.HasAudio(false);
+      clip.RenderAudio(false);
+      giveStillLength(c, clip);
     } else if (fullCompile) {
       const auto facts = c.streams.facts(clipFile(clip));
       clip.HasAudio(facts && facts->hasAudio);

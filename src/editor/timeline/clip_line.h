@@ -6,7 +6,7 @@
 namespace kvo {
 
 struct ClipLineOptions {
-  bool Analysing = false;
+  bool Analysing = false;  ///< effects and transitions as the preview's power says; a render has them all
   bool TransitionPreview = false;  ///< only FirstClip to LastClip, and the records are left alone
   int FirstClip = 1;
   int LastClip = 1;

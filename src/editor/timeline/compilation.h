@@ -3,8 +3,10 @@
 
 #include "base/paths.h"
 #include "core/collection.h"
+#include "core/error_log.h"
 #include "core/settings.h"
 #include "editor/timeline/editor_state.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/frame_source.h"
 #include "platform/message_boxes.h"
@@ -19,6 +21,8 @@ struct Compilation {
   Files& files;
   MessageBoxes& boxes;
   const ProgramFolder& folder;
+  ErrorLog& log;
+  const Clock& clock;
 
   [[nodiscard]] RecordList<Movie>& clips() const { return collection.MovieList; }
 };

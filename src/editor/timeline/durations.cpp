@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "editor/timeline/clip_kinds.h"
+#include "editor/timeline/keep_records.h"
 
 #include <algorithm>
 
@@ -10,10 +11,14 @@ namespace {
 
 constexpr double kLongestTransition = 25.0;  // seconds
 
-// The timeline length, or the length of the whole source where no section is marked.
-double lengthOrDuration(const Movie& clip) {
-  const double length = timelineLength(clip);
-  return length > 0 ? length : clip.DurationTime().number() / speedOf(clip);
+// The timeline length, or the length of the whole source where no section is marked. A still that has neither
+// will last as long as stills do.
+double lengthOrDuration(const Compilation& c, int clipNo) {
+  const auto& clip = c.clips()[clipNo];
+  if (const double length = timelineLength(clip); length > 0) return length;
+  const double duration = clip.DurationTime().number();
+  const bool usesDefault = clip.IsStill() && duration <= 0;
+  return (usesDefault ? ToNumber(ShortText(c.settings.DefaultStillDuration())) : duration) / speedOf(clip);
 }
 
 }  // namespace
@@ -30,9 +35,13 @@ std::string startText(double seconds) { return ShortText(ToNumber(fixedText(seco
 
 std::string fixedText(double seconds) { return FormatMask(seconds, "0.0000"); }
 
+std::string secondsText(const Value& seconds) {
+  return seconds.wholeNumber() ? seconds.text() : ShortText(seconds.number());
+}
+
 std::string CalcMaxTransitionDuration(const Compilation& c, int clipNo) {
-  const double a = lengthOrDuration(c.clips()[clipNo]);
-  const double b = clipNo == 1 ? a : lengthOrDuration(c.clips()[clipNo - 1]);
+  const double a = lengthOrDuration(c, clipNo);
+  const double b = clipNo == 1 ? a : lengthOrDuration(c, clipNo - 1);
   return FormatMask(std::min({a, b, kLongestTransition}), "0.0");
 }
 
@@ -40,11 +49,10 @@ void SortTransitionTimes(const Compilation& c, int clipNo) {
   auto& clip = c.clips()[clipNo];
   auto& slider = c.editor.controls.Sld_In;
   if (clip.TransType().empty()) clip.TransType("CUT");
+  const auto change = c.settings.ObjectChange();
   if (clip.LoopEnd().text() == "N/A") clip.LoopEnd(Value(ShortText(c.settings.DefaultStillDuration())));
-  if (timelineLength(clip) == 0 && clip.IsStill()) {
-    clip.LoopEnd(Value(ShortText(c.settings.DefaultStillDuration())));
-    clip.LoopStart(Value(0));
-  }
+  c.settings.ObjectChange(change);
+  giveStillLength(c, clip);
   if (clipNo != 1) {
     const double most = ToNumber(CalcMaxTransitionDuration(c, clipNo)) * 10;
     slider.Max = most >= 1 ? toLongClamped(most) : 1;
@@ -73,10 +81,7 @@ Long FindShortestCut(const Compilation& c, bool audioOnly) {
   Long shortest = kNone;
   for (int i = 1; i <= c.clips().count(); ++i) {
     const auto& clip = c.clips()[i];
-    const auto kind =
-        upper(clip.MovieName().substr(std::min(clip.MovieName().rfind('.') + 1, clip.MovieName().size())));
-    const bool isAudio = kind == "WAV" || kind == "WMA" || kind == "MP3" || kind == "AIFF";
-    if (isAudio != audioOnly) continue;
+    if (isSound(c, clip) != audioOnly) continue;
     shortest = std::min(shortest, toLongClamped(clip.LoopEnd().number() - clip.LoopStart().number()));
   }
   return shortest == kNone ? 0 : shortest;

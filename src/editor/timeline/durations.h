@@ -24,6 +24,10 @@ std::string startText(double seconds);
 /// Four decimals, always: 5.0000.
 std::string fixedText(double seconds);
 
+/// A record's seconds as a document gives them: as they stand where they are a number, else the number that
+/// they read as.
+std::string secondsText(const Value& seconds);
+
 /// The longest allowed transition into the clip in seconds, one decimal: the shorter of the clip and the one
 /// before it, at most 25.
 std::string CalcMaxTransitionDuration(const Compilation& c, int clipNo);

@@ -8,8 +8,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::uint64_t kMaxFile = 1U << 20U;
-constexpr int kWriteTries = 3;
 constexpr std::size_t kColumns = 16;
 
 struct DefaultRow {
@@ -212,34 +210,6 @@ bool EffectsTable::GetEffectIDFromName(std::string_view name, int& id) const {
   const auto* row = named(name);
   if (row != nullptr) id = row->number;
   return row != nullptr;
-}
-
-Outcome WriteEffectsArrayToDisk(const EffectsTable& table, Files& files, const ProgramFolder& folder) {
-  return writeDurably(files, folder.beside("\\EffectParams.dat"), table.text(true));
-}
-
-void LoadEffects(EffectsTable& table, Files& files, MessageBoxes& boxes, ErrorLog& log,
-                 const ProgramFolder& folder) {
-  const auto path = folder.beside("\\EffectParams.dat");
-  const auto writeDefaults = [&] {
-    table = EffectsTable();
-    for (int i = 0; i < kWriteTries; ++i) {
-      if (writeDurably(files, path, table.text(false))) return;
-    }
-    log.LogError("EffectsDefaultWrite  Err -  - Aborting after 3 Attempts");
-  };
-  if (!files.exists(path)) writeDefaults();
-  const auto bytes = files.read(path, kMaxFile);
-  if (bytes && table.read(textFromBytes(*bytes))) return;
-  if (table.tooManySelected()) {
-    boxes.show({"KVO - Rebuild Effect table",
-                "KVOErr: IFIMGL004 - Too Many Effects in effects palette selected", BoxButtons::Ok,
-                BoxIcon::Warning});
-  }
-  log.LogError("Failed to load Effects data");
-  boxes.show({"KVO - Rebuilding Effect table", "KVOErr: IFIMGL003 - Failed to load Effects - Rebuilding",
-              BoxButtons::Ok, BoxIcon::Warning});
-  writeDefaults();
 }
 
 }  // namespace kvo

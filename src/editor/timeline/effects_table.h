@@ -1,11 +1,6 @@
-// The table of named effects behind the palette: 48 rows, kept in "\EffectParams.dat" beside the program as
-// comma-separated text. Just 34 rows are selected; the selected ones are the palette's slots, in their order.
+// The table of named effects behind the palette: 48 rows, kept in a file as comma-separated
+// text. Just 34 rows are selected; the selected ones are the palette's slots, in their order.
 #pragma once
-
-#include "base/paths.h"
-#include "core/error_log.h"
-#include "platform/files.h"
-#include "platform/message_boxes.h"
 
 #include <array>
 #include <string>
@@ -64,13 +59,5 @@ class EffectsTable {
   std::array<EffectRow, kRows> rows_;
   bool tooManySelected_ = false;
 };
-
-/// Writes the table as it stands to "\EffectParams.dat".
-Outcome WriteEffectsArrayToDisk(const EffectsTable& table, Files& files, const ProgramFolder& folder);
-
-/// Reads the table from its file. A missing file is written with the defaults; one that cannot be used is
-/// told of and replaced by them.
-void LoadEffects(EffectsTable& table, Files& files, MessageBoxes& boxes, ErrorLog& log,
-                 const ProgramFolder& folder);
 
 }  // namespace kvo

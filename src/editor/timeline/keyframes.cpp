@@ -2,9 +2,11 @@
 
 #include "base/text.h"
 #include "editor/timeline/durations.h"
+#include "editor/timeline/effects_file.h"
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 namespace kvo {
 namespace {
@@ -187,13 +189,14 @@ void WriteBaseKeyFrameToCollection(const Compilation& c, BaseKeyframe base, bool
   auto& clip = c.clips()[c.collection.icurMov];
   if (sameText(trimmed(base.name), "MOTIONBLUR")) {
     settings.KeyframeEffectNo(kMotionBlurEffect);
-  } else if (const auto* row = c.editor.effects.named(base.name);
-             row != nullptr && settings.KeyframeEffectNo() >= kFirstFullRow) {
+  }
+  int effectNo = settings.KeyframeEffectNo();
+  const bool isTableEffect = effectNo != kBlurEffect && effectNo != kMotionBlurEffect;
+  const auto* row = isTableEffect ? GetEffectParams(c, base.name, effectNo) : nullptr;
+  if (row != nullptr) {
     base = {row->name,      row->Control,    row->Transparency, row->foreColor,
             row->backColor, row->extraColor, row->texture};
   }
-  const int effectNo = settings.KeyframeEffectNo();
-  const bool isTableEffect = effectNo != kBlurEffect && effectNo != kMotionBlurEffect;
   Keyframe fresh;
   const auto link = update ? GetBaseKeyFrameLink(c) : std::nullopt;
   if (update && !link) return;
@@ -264,13 +267,17 @@ bool deleteKeyframe(const Compilation& c, int line) {
 }
 
 void ValidateKeyFrames(const Compilation& c) {
-  std::map<Long, Movie*> owners;
-  for (int i = 1; i <= c.clips().count(); ++i) owners.emplace(c.clips()[i].KeyID(), &c.clips()[i]);
+  std::set<Long> keys;
+  std::set<Long> owners;
+  for (int i = 1; i <= c.clips().count(); ++i) keys.insert(c.clips()[i].KeyID());
   c.collection.KeyframeList.removeIf([&](const Keyframe& k) {
-    const auto owner = owners.find(k.ClipName);
-    if (owner != owners.end()) owner->second->HasKeyFrames(true);
-    return owner == owners.end();
+    const bool isOwned = keys.contains(k.ClipName);
+    if (isOwned) owners.insert(k.ClipName);
+    return !isOwned;
   });
+  for (int i = 1; i <= c.clips().count(); ++i) {
+    if (owners.contains(c.clips()[i].KeyID())) c.clips()[i].HasKeyFrames(true);
+  }
 }
 
 void KillAllKeyframeData(const Compilation& c) {

@@ -7,6 +7,7 @@
 #include "editor/timeline/durations.h"
 #include "editor/timeline/effect_elements.h"
 #include "editor/timeline/effect_word.h"
+#include "editor/timeline/keep_records.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/transition_families.h"
 #include "editor/timeline/video_group.h"
@@ -35,12 +36,11 @@ std::string digits(int value, std::size_t width) {
   return text.size() > width ? std::string(width, '9') : text;
 }
 
-bool isStillLike(const Movie& clip) { return clip.DurationTime().text() == "N/A"; }
-
-// A still takes part with the default length.
-void giveStillLength(const Compilation& c, Movie& clip, bool isOverlay) {
-  if (!isStillLike(clip)) return;
-  clip.DurationTime(Value(ToNumber(ShortText(c.settings.DefaultStillDuration())) / 1000));
+// A still takes part with the default length. A backdrop keeps a section that it has been given.
+void giveDuration(const Compilation& c, Movie& clip, bool isOverlay) {
+  giveStillLength(c, clip);
+  if (clip.DurationTime().text() != "N/A") return;
+  clip.DurationTime(Value(ToNumber(ShortText(c.settings.DefaultStillDuration()))));
   if (!isOverlay) return;
   clip.LoopStart(Value(0));
   clip.LoopEnd(clip.DurationTime());
@@ -150,7 +150,7 @@ void AddPictureInPicture(const Compilation& c, const KeyframeIndex& keyframes, i
   const auto look = readPicInPic(c.clips()[backdropNo].HasPicInPic());
   if (!look || look->overlayClip > c.clips().count()) return;
   auto& clip = c.clips()[look->overlayClip];
-  giveStillLength(c, clip, true);
+  giveDuration(c, clip, true);
   const double stop = timelineLength(c.clips()[backdropNo]);
   const auto overlay = overlayTimes(clip, *look, stop);
 
@@ -228,6 +228,7 @@ int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo) {
 }
 
 std::string CreatePinPPreview(const Compilation& c, int backdropNo, const PicInPicOptions& options) {
+  const KeepRecords keep(c);
   if (c.settings.PreviewCPU() == 0) c.settings.PreviewCPU(10);
   const auto params = GetPreviewParams(c, c.settings.PreviewCPU());
   c.settings.PreviewFrameRate(params.Rate);
@@ -238,7 +239,7 @@ std::string CreatePinPPreview(const Compilation& c, int backdropNo, const PicInP
   const auto rate = options.preview ? params.Rate : c.settings.OutPutFrameRate();
 
   auto& backdrop = c.clips()[backdropNo];
-  giveStillLength(c, backdrop, false);
+  giveDuration(c, backdrop, false);
   const Times times{backdrop.LoopStart().number(), backdrop.LoopEnd().number(), timelineLength(backdrop)};
   const KeyframeIndex keyframes(c);
   Texts texts;

@@ -22,7 +22,7 @@ PreviewLabels labelsOf(const EditorState& editor) {
     return labels;
   }
   labels.Lbl_AudTotal = FormatMask(audio, kTotalMask);
-  labels.audioIsRed = labels.Lbl_AudTotal != labels.lbl_VideoTotTime;
+  labels.audioIsRed = editor.AudioTotalTime != editor.VideoTotalTime;  // as texts
   labels.audioToolTip =
       labels.audioIsRed
           ? "Audio Length does not match video Length - Either trim manually or use 'Auto trim' in "
@@ -47,7 +47,7 @@ Result<PreviewLabels> CreatePreview(const Compilation& c, const StillControls& s
   ApplyStillSettings(c, stills);
   const int power = c.settings.PreviewCPU() == 0 ? 10 : c.settings.PreviewCPU();
   const auto path = c.folder.beside("\\KVORender.xtl");
-  if (auto done = writeDurably(c.files, path, compilePreviewText(c, power)); !done) return done.error();
+  if (auto done = writeDocument(c.files, path, compilePreviewText(c, power)); !done) return done.error();
   AnalyseRenderFile(c, path);
   return labelsOf(c.editor);
 }

@@ -4,7 +4,9 @@
 #include "editor/timeline/audio_tracks.h"
 #include "editor/timeline/clip_kinds.h"
 #include "editor/timeline/clip_line.h"
+#include "editor/timeline/document_check.h"
 #include "editor/timeline/durations.h"
+#include "editor/timeline/keep_records.h"
 #include "editor/timeline/keyframes.h"
 #include "editor/timeline/video_group.h"
 
@@ -15,38 +17,20 @@ namespace {
 
 constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
 
-// A render compiles at full power whatever the preview is set to.
-class FullPower {
- public:
-  explicit FullPower(const Compilation& c)
-      : c_(c), power_(c.settings.PreviewCPU()), dirty_(c.settings.IsDirty()) {
-    c.settings.PreviewCPU(kRenderMode);
-    c.settings.IsDirty(dirty_);
-  }
-  FullPower(const FullPower&) = delete;
-  FullPower& operator=(const FullPower&) = delete;
-  ~FullPower() {
-    c_.settings.PreviewCPU(power_);
-    c_.settings.IsDirty(dirty_);
-  }
-
- private:
-  const Compilation& c_;
-  Integer power_;
-  bool dirty_;
-};
-
 void shortenTransitions(const Compilation& c) {
   for (int i = 1; i <= c.clips().count(); ++i) {
-    auto& clip = c.clips()[i];
-    if (isOverlayAudio(clip.MovieName()) || isCut(clip.TransType())) continue;
-    const bool wasDirty = clip.IsDirty();
-    SortTransitionTimes(c, i);
-    clip.IsDirty(wasDirty);
+    const auto& clip = c.clips()[i];
+    if (!isSound(c, clip) && !isCut(clip.TransType())) SortTransitionTimes(c, i);
   }
 }
 
 }  // namespace
+
+Outcome writeDocument(Files& files, const std::string& fileName, const std::string& text) {
+  if (auto sound = checkDocument(text); !sound)
+    return Error{"cannot write " + fileName + ": " + sound.error().text};
+  return writeDurably(files, fileName, text);
+}
 
 std::string renderFileText(const Compilation& c, bool hasAudioTracks) {
   auto& editor = c.editor;
@@ -65,7 +49,7 @@ std::string renderFileText(const Compilation& c, bool hasAudioTracks) {
 }
 
 Outcome WriteRenderFile(const Compilation& c, bool hasAudioTracks, const std::string& fileName) {
-  return writeDurably(c.files, fileName, renderFileText(c, hasAudioTracks));
+  return writeDocument(c.files, fileName, renderFileText(c, hasAudioTracks));
 }
 
 void AnalyseRenderFile(const Compilation& c, const std::string& fileName) {
@@ -98,6 +82,16 @@ void createGroup(const Compilation& c, int power) {
   CreateVideoGroup(c, depth, width, height, rate, power);
 }
 
+// A full compile: all that it reads is in order first, so that no step sees a clip in two states.
+void begin(const Compilation& c) {
+  ClearGlobals(c.editor);
+  c.settings.ObjectChange(0);
+  const KeepRecords keep(c);
+  giveStillsLength(c);
+  shortenTransitions(c);
+  ValidateKeyFrames(c);
+}
+
 // The sound of the collection. False when the document gets none.
 bool createSound(const Compilation& c, bool clipAudio) {
   auto& editor = c.editor;
@@ -117,24 +111,17 @@ bool createSound(const Compilation& c, bool clipAudio) {
 }  // namespace
 
 std::string compileText(const Compilation& c) {
-  const FullPower full(c);
-  ClearGlobals(c.editor);
-  c.settings.ObjectChange(0);
-  shortenTransitions(c);
-  ValidateKeyFrames(c);
+  begin(c);
+  const KeepRecords keep(c);
   createGroup(c, kRenderMode);
   CreateClipLine(c, {.UseSourceFile = true});
   return renderFileText(c, createSound(c, c.editor.controls.Chk_RenderClipAudio));
 }
 
 std::string compilePreviewText(const Compilation& c, int power) {
-  const bool wasDirty = c.settings.IsDirty();
+  begin(c);
+  const KeepRecords keep(c);
   c.settings.PreviewCPU(static_cast<Integer>(power));
-  c.settings.IsDirty(wasDirty);
-  ClearGlobals(c.editor);
-  c.settings.ObjectChange(0);
-  shortenTransitions(c);
-  ValidateKeyFrames(c);
   createGroup(c, power);
   CreateClipLine(c, {.Analysing = true});
   createSound(c, true);
@@ -142,7 +129,7 @@ std::string compilePreviewText(const Compilation& c, int power) {
 }
 
 Outcome CompileForRender(const Compilation& c, const std::string& fileName) {
-  return writeDurably(c.files, fileName, compileText(c));
+  return writeDocument(c.files, fileName, compileText(c));
 }
 
 }  // namespace kvo

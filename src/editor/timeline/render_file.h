@@ -11,14 +11,19 @@ namespace kvo {
 /// The document's text from the working texts. Without audio tracks it has an audio group all the same.
 std::string renderFileText(const Compilation& c, bool hasAudioTracks);
 
-/// Writes the document to `fileName`, in place of what is there.
+/// Writes a document to `fileName`, in place of what is there. Fails, and writes nothing, when the text is
+/// not well formed.
+Outcome writeDocument(Files& files, const std::string& fileName, const std::string& text);
+
+/// Writes the working texts as a document.
 Outcome WriteRenderFile(const Compilation& c, bool hasAudioTracks, const std::string& fileName);
 
 /// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
 void AnalyseRenderFile(const Compilation& c, const std::string& fileName);
 
-/// Compiles the collection for a render at full power: video group and tracks, clip audio and overlay audio
-/// as the controls say. Transitions that are too long for their clips are shortened first.
+/// Compiles the collection for a render at full power, with every effect and transition: video group and
+/// tracks, clip audio and overlay audio as the controls say. Transitions that are too long for their clips
+/// are shortened first.
 std::string compileText(const Compilation& c);
 
 /// Compiles the collection for a preview of the given power (1 to 10): reduced size, depth and rate, the

@@ -7,6 +7,7 @@
 #include "editor/timeline/clip_line.h"
 #include "editor/timeline/durations.h"
 #include "editor/timeline/effect_elements.h"
+#include "editor/timeline/keep_records.h"
 #include "editor/timeline/preview_params.h"
 #include "editor/timeline/transition_element.h"
 
@@ -54,14 +55,16 @@ std::string clipSample(const Compilation& c, int clipNo, int width, int height, 
   const auto params = GetPreviewParams(c, c.settings.PreviewCPU());
   c.settings.PreviewFrameRate(params.Rate);
   c.settings.RenderEffects(true);
-  const auto& clip = c.clips()[clipNo];
+  const KeepRecords keep(c);
+  auto& clip = c.clips()[clipNo];
+  giveStillLength(c, clip);
   const double length = timelineLength(clip);
   const auto stop = ShortText(length);
   const auto& buffering = c.settings.DirectXPrebuffer();
 
   auto track = blanks(10) + "<track>\r\n" + blanks(10) + "<clip start=\"0\" stop=" + quoted(stop) +
-               " src=" + quoted(clipFile(clip)) + " mstart=" + quoted(clip.LoopStart().text()) +
-               " mstop=" + quoted(clip.LoopEnd().text());
+               " src=" + quoted(clipFile(clip)) + " mstart=" + quoted(secondsText(clip.LoopStart())) +
+               " mstop=" + quoted(secondsText(clip.LoopEnd()));
   if (showsStretch && clip.IsStill()) track += " stretchmode=" + quoted(stretchModeText(clip.stretchmode()));
   track += " >\r\n" + effectText(c, KeyframeIndex(c), clipNo, stop) + colourText(c, clipNo) + "\r\n" +
            blanks(10) + "</clip>\r\n" + blanks(10) + "</track>";
@@ -85,6 +88,8 @@ std::string transitionClipsText(const Compilation& c, int clipNo) {
 }
 
 std::string Previewtransition(const Compilation& c, int clipNo) {
+  const KeepRecords keep(c);
+  for (int i = std::max(clipNo - 1, 1); i <= clipNo; ++i) giveStillLength(c, c.clips()[i]);
   constexpr int kWidth = 150;
   constexpr int kHeight = 90;
   auto& editor = c.editor;

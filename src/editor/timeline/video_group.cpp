@@ -39,10 +39,7 @@ void CreateVideoGroup(const Compilation& c, int& depth, int& width, int& height,
 bool HaveAtleastOneVidTrack(const Compilation& c) {
   c.editor.hasNoVideo = false;
   for (int i = 1; i <= c.clips().count(); ++i) {
-    const auto& clip = c.clips()[i];
-    const auto kind = extensionOf(clip.MovieName());
-    if (clip.IsStill() || kind == "PEG" || kind == "MPG") return true;
-    if (const auto facts = c.streams.facts(clipFile(clip)); facts && facts->hasVideo) return true;
+    if (!isSound(c, c.clips()[i])) return true;
   }
   c.editor.hasNoVideo = true;
   c.editor.controls.Chk_RenderClipAudio = false;

@@ -8,6 +8,7 @@ namespace kvo {
 class PosixClock : public Clock {
  public:
   [[nodiscard]] LocalTime now() const override;
+  void pause(int milliseconds) const override;
 };
 
 }  // namespace kvo

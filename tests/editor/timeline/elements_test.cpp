@@ -1,6 +1,8 @@
 // The elements that transitions, effects and keyframes become, one golden file for each family.
 #include "editor/timeline/effect_elements.h"
 #include "editor/timeline/effect_word.h"
+#include "editor/timeline/effects_file.h"
+#include "editor/timeline/keyframes.h"
 #include "editor/timeline/render_file.h"
 #include "editor/timeline/transition_element.h"
 #include "editor/timeline/transition_names.h"
@@ -270,7 +272,7 @@ TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
   for (const auto& [effect, level] : {std::pair{4, 100}, {9, 100}, {17, 0}, {27, 30}}) {
     Bench b;
     addLevels(b.addVideo("a.avi", 0, 4));
-    LoadEffects(b.editor.effects, b.files, b.boxes, b.log, b.folder);
+    LoadEffects(b.compilation);
     b.collection.icurMov = 1;
     b.settings.KeyframeEffectNo(static_cast<Integer>(effect));
     AddSingleBaseKeyFrame(b.compilation);
@@ -323,8 +325,8 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
 
 TEST(EffectsTable, IsWrittenAndReadToTheByte) {
   Bench b;
-  EffectsTable table;
-  LoadEffects(table, b.files, b.boxes, b.log, b.folder);
+  auto& table = b.editor.effects;
+  LoadEffects(b.compilation);
   test::expectGolden("EffectParams.dat", b.files.all["/prog/EffectParams.dat"]);
   EXPECT_TRUE(b.boxes.shown.empty());
   table.named("chrome")->Control[0] = "7";
@@ -356,12 +358,51 @@ TEST(EffectsTable, IsRebuiltWhereTheFileCannotBeUsed) {
                                     std::pair{good.text(false).substr(0, 900), 1U}, std::pair{tooMany, 2U}}) {
     Bench b;
     b.files.all["/prog/EffectParams.dat"] = text;
-    EffectsTable table;
-    LoadEffects(table, b.files, b.boxes, b.log, b.folder);
+    LoadEffects(b.compilation);
     EXPECT_EQ(b.boxes.shown.size(), boxes);
     EXPECT_EQ(b.boxes.shown.back().text, "KVOErr: IFIMGL003 - Failed to load Effects - Rebuilding");
+    if (boxes == 2U) {
+      EXPECT_EQ(b.boxes.shown[0].text, "KVOErr: IFIMGL004 - Too many Effects in effects palette selected");
+    }
     EXPECT_EQ(b.files.all["/prog/EffectParams.dat"], good.text(false));
   }
+}
+
+TEST(EffectsTable, AWriteThatFailsIsTriedThreeTimesATenthOfASecondApart) {
+  for (int failures = 0; failures <= 3; ++failures) {
+    Bench b;
+    b.files.failedReplaces = failures;
+    LoadEffects(b.compilation);
+    EXPECT_EQ(b.clock.pauses, std::vector<int>(static_cast<std::size_t>(std::min(failures, 2)), 100))
+        << failures;
+    const auto& log = b.files.all["/prog/KVOError.Log"];
+    const bool gaveUp =
+        log.find("EffectsDefaultWrite  Err -  - Aborting after 3 Attempts") != std::string::npos;
+    EXPECT_EQ(gaveUp, failures == 3) << log;
+    EXPECT_TRUE(b.files.exists("/prog/EffectParams.dat")) << "written at the second go if not before";
+  }
+}
+
+TEST(EffectsTable, AnEffectThatIsNotInItIsLoggedAndTheTableRebuilt) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5).KeyID(7);
+  b.collection.icurMov = 1;
+  LoadEffects(b.compilation);
+  b.editor.effects.named("Grain")->Control[0] = "5";
+  ASSERT_TRUE(WriteEffectsArrayToDisk(b.compilation));
+  for (const int known : {2, 21, kBlurEffect, kMotionBlurEffect}) {
+    b.settings.KeyframeEffectNo(static_cast<Integer>(known));
+    AddSingleBaseKeyFrame(b.compilation);
+  }
+  EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], "5");
+  EXPECT_FALSE(b.files.exists("/prog/KVOError.Log"));
+  b.settings.KeyframeEffectNo(49);
+  AddSingleBaseKeyFrame(b.compilation);
+  EXPECT_NE(b.files.all["/prog/KVOError.Log"].find(
+                "GetEffectParams Err - Failed to Find effect - rebuilding Effects table"),
+            std::string::npos);
+  EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], "0");
+  EXPECT_EQ(b.files.all["/prog/EffectParams.dat"], EffectsTable().text(false));
 }
 
 TEST(Documents, EverythingAClipCanCarry) {

@@ -66,13 +66,21 @@ TEST(PicInPic, TheEdgesOfItsRules) {
   backdrop.HasPicInPic(picInPicText({9, OverlayStyle::Uniform, 1, 100, 0, 0, false}));
   EXPECT_EQ(CreatePinPPreview(b.compilation, 1, {.preview = true}).find("<transition"), std::string::npos)
       << "no clip of that number";
-  b.settings.DefaultStillDuration(7000);
+  b.settings.DefaultStillDuration(7);
   backdrop.HasPicInPic(picInPicText({2, OverlayStyle::Uniform, 8, 100, 0, 0, false}));
   const auto text = CreatePinPPreview(b.compilation, 1, {.preview = true});
   EXPECT_NE(text.find("s.jpg\" mstart=\"0\" mstop=\"7\""), std::string::npos) << text;
   EXPECT_NE(text.find("<param name=\"opacity\" value=\"100\">\r\n" + std::string(20, ' ') + "</param>"),
             std::string::npos);
   EXPECT_NE(text.find("width=\"170\" height=\"70\""), std::string::npos);
+  Bench stillBack;
+  auto& back = stillBack.addVideo("s.jpg", 0, 0);
+  back.IsStill(true);
+  back.DurationTime(Value("N/A"));
+  EXPECT_NE(CreatePinPPreview(stillBack.compilation, 1, {.preview = true})
+                .find("mstop=\"7\" start=\"0\" stop=\"7\""),
+            std::string::npos);
+  EXPECT_EQ(stillBack.settings.ObjectChange(), 0);
   EXPECT_EQ(text.find("type=\"audio\""), std::string::npos);
   EXPECT_EQ(SetPicInPicSliderTexts({1, OverlayStyle::Uniform, 1, 80, 1500, 0, false})[1], "In over 1.5s");
   EXPECT_EQ(fadeSliderMaximum(b.compilation, 1, 2), 4000);
@@ -181,6 +189,8 @@ TEST(Preview, TellsItsLengths) {
   const auto uneven = CreatePreview(b.compilation, {});
   EXPECT_EQ(uneven->Lbl_AudTotal, "020.000");
   EXPECT_TRUE(uneven->audioIsRed);
+  b.collection.MovieList[2].LoopEnd(Value(12.5));
+  EXPECT_TRUE(CreatePreview(b.compilation, {})->audioIsRed) << "\"12.5\" is another text than \"12.5000\"";
   b.settings.AutoTrimAudio(true);
   EXPECT_FALSE(CreatePreview(b.compilation, {})->audioIsRed);
   EXPECT_EQ(powerCaption(7), "70% CPU - Preview Performance \\ CPU Power Required");

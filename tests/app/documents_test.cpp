@@ -1,0 +1,113 @@
+// What records hold on its way through the documents into the engine: names of files, and times.
+#include "editor/timeline/collection_faults.h"
+#include "editor/timeline/picture_in_picture.h"
+#include "editor/timeline/render_file.h"
+#include "editor/timeline/sample_documents.h"
+#include "engine/document_reader.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+void addClips(test::Bench& b, const std::string& name, bool still) {
+  for (int i = 1; i <= 2; ++i) {
+    auto& clip = b.addVideo(name, 0, 5);
+    clip.IsStill(still);
+    clip.EffectWord("1");
+    clip.TransType("Heart");
+    clip.TransIn(10);
+    clip.MaskName("/m/" + name);
+  }
+  b.addMusic(name + ".mp3", 0, 4);
+  b.collection.MovieList[1].HasPicInPic(picInPicText({2, OverlayStyle::Uniform, 1, 100, 0, 0, false}));
+}
+
+std::vector<std::pair<std::string, std::string>> documentsOf(const test::Bench& b) {
+  const auto& c = b.compilation;
+  return {{"render", compileText(c)},
+          {"preview", compilePreviewText(c, 7)},
+          {"transition", Previewtransition(c, 2)},
+          {"first transition", Previewtransition(c, 1)},
+          {"effect", PreviewEffect(c, 1)},
+          {"colours", PreviewColourAdjust(c, 1)},
+          {"picture-in-picture preview", CreatePinPPreview(c, 1, {.preview = true})},
+          {"picture-in-picture", CreatePinPPreview(c, 1, {.backdropAudio = true, .overlayAudio = true})}};
+}
+
+// What every layer and every sound of the timeline plays, and its mask.
+void expectNames(const std::vector<engine::Layer>& layers, const std::string& name, const std::string& what) {
+  for (const auto& layer : layers) {
+    if (layer.src.empty()) {
+      expectNames(layer.inside, name, what);
+    } else {
+      EXPECT_EQ(layer.src, "/v/" + name) << what;
+    }
+    for (const auto& transition : layer.transitions) {
+      const auto* mask = transition.params.find("maskname");
+      if (mask != nullptr) {
+        EXPECT_EQ(mask->text, "/m/" + name) << what;
+      }
+    }
+  }
+}
+
+TEST(Names, StandAsTheyAreInEveryDocument) {
+  for (const std::string name :
+       {"plain.avi", "say \"so\".avi", "\"", "a\" b=\"c.avi", "a=\"1\".avi", "a\">b.avi", "a\" >b.avi",
+        "a\" mstart=\"1.avi", "a\" stretchmode=\"crop.avi", "<i> & </i>.avi", "a\"\"b.avi",
+        "two\nlines\".avi", "&quot;.avi"}) {
+    for (const bool still : {false, true}) {
+      test::Bench b;
+      addClips(b, name, still);
+      for (const auto& [what, text] : documentsOf(b)) {
+        const auto timeline = engine::readDocument(text);
+        ASSERT_TRUE(timeline) << name << ", " << what << ": " << timeline.error().text << text;
+        ASSERT_FALSE(timeline->video.empty()) << what;
+        expectNames(timeline->video, name, name + ", " + what);
+        for (const auto& sound : timeline->audio)
+          EXPECT_TRUE(sound.src == "/v/" + name || sound.src == "/v/" + name + ".mp3" || still) << sound.src;
+      }
+    }
+  }
+}
+
+// Whatever times a record holds: a document that the engine refuses is announced as a fault.
+TEST(Times, ThatTheEngineRefusesAreFaults) {
+  const Value starts[] = {Value(), "", "N/A", "abc", "-5", "3", "4.99999", "1e300", "2e9"};
+  const Value ends[] = {Value(), "", "N/A", "-1", "0.00001", "3", "5", "3e9", "1e300"};
+  int refused = 0;
+  for (const auto& start : starts) {
+    for (const auto& end : ends) {
+      for (const Single speed : {10.0F, -5.0F, 0.0F, 0.0001F, 1e20F}) {
+        for (const Single transition : {0.0F, 20.0F, -20.0F, 1e12F}) {
+          for (const int odd : {1, 2, 3, 4}) {
+            test::Bench b;
+            for (const auto* name : {"a.avi", "s.png"}) b.addVideo(name, 0, 5);
+            b.collection.MovieList[2].IsStill(true);
+            for (const auto* name : {"m.mp3", "n.flac"}) b.addMusic(name, 0, 2);
+            auto& clip = b.collection.MovieList[odd];
+            clip.LoopStart(start);
+            clip.LoopEnd(end);
+            clip.Playspeed(speed);
+            b.collection.MovieList[2].TransType("Fade");
+            b.collection.MovieList[2].TransIn(transition);
+            const auto timeline = engine::readDocument(compileText(b.compilation));
+            if (timeline) continue;
+            ++refused;
+            const auto faults = collectionFaults(b.compilation);
+            EXPECT_TRUE(
+                std::any_of(faults.begin(), faults.end(), [](const auto& f) { return f.stopsRender; }))
+                << odd << ": " << start.text() << " to " << end.text() << " at " << speed << ", transition "
+                << transition << ": " << timeline.error().text;
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(refused, 100);
+}
+
+}  // namespace
+}  // namespace kvo
