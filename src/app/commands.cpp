@@ -157,7 +157,10 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   const auto folder = TemporaryFolder::make();
   if (!folder) return fail(folder.error().text);
   const auto document = folder->path() + "/movie.xtl";
-  if (auto done = CompileForRender(session.compilation, document); !done) return fail(done.error().text);
+  if (auto done = CompileForRender(session.compilation, document); !done) {
+    // The user knows nothing of that file.
+    return fail(replaced(done.error().text, document, "the timeline document"));
+  }
 
   ProgressShow show;
   const auto end = session.processes.run(

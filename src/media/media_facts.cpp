@@ -14,6 +14,9 @@ Result<StreamFacts> readFacts(const std::string& path) {
   const int audio = av_find_best_stream(format->get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
   facts.hasAudio = audio >= 0;
   if (audio >= 0) facts.sampleRate = (*format)->streams[audio]->codecpar->sample_rate;
+  // A file that is sound by its name alone holds none that could be found.
+  if (video < 0 && audio >= 0 && facts.sampleRate == 0)
+    return Error{"cannot open " + path + ": it is no media file, or damaged"};
   if (video >= 0) {
     const auto* stream = (*format)->streams[video];
     // The cover picture of a music file is no video.
