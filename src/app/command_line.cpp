@@ -9,6 +9,7 @@ namespace kvo {
 namespace {
 
 constexpr double kMaxSide = 3000;  // pixels, the limit of the editor's size boxes
+constexpr double kMinRate = 2;     // frames a second, the least that a collection takes
 constexpr double kMaxRate = 240;
 
 std::optional<std::pair<double, double>> pairIn(std::string_view text, char between) {
@@ -43,8 +44,8 @@ Outcome readSize(CommandLine& line, const std::string& value) {
 
 Outcome readRate(CommandLine& line, const std::string& value) {
   line.rate = numberIn(value);
-  if (line.rate && *line.rate > 0 && *line.rate <= kMaxRate) return {};
-  return Error{"--rate " + value + ": give frames a second, up to 240, like 25"};
+  if (line.rate && *line.rate >= kMinRate && *line.rate <= kMaxRate) return {};
+  return Error{"--rate " + value + ": give frames a second, 2 to 240, like 25"};
 }
 
 Outcome readCodec(CommandLine& line, const std::string& value) {
@@ -135,7 +136,7 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
     Makes a movie of a collection. FILE ends in .avi, .wmv, .wav or .wma.
       --range FROM-TO   only this part of the movie, in seconds: 1.5-4
       --size WxH        picture size in pixels: 640x360
-      --rate FPS        frames a second: 25
+      --rate FPS        frames a second, 2 to 240: 25
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
 kvo5 --check COLLECTION
     Lists the clips with their times, and what is wrong with them.

@@ -159,7 +159,10 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   const auto folder = TemporaryFolder::make();
   if (!folder) return fail(folder.error().text);
   const auto document = folder->path() + "/movie.xtl";
-  if (auto done = writeDocument(session.files, document, *text); !done) return fail(done.error().text);
+  if (auto done = writeDocument(session.files, document, *text); !done) {
+    // The user knows nothing of that file.
+    return fail(replaced(done.error().text, document, "the timeline document"));
+  }
 
   ProgressShow show;
   const auto end = session.processes.run(

@@ -8,12 +8,42 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace {
 
 std::string environment(const char* name) {
   const char* text = std::getenv(name);
-  return text == nullptr ? std::string() : std::string(text);
+  if (text != nullptr) return text;
+  // A user whose environment tells no home has one all the same.
+  const auto* user = std::strcmp(name, "HOME") == 0 ? ::getpwuid(::getuid()) : nullptr;
+  return user == nullptr || user->pw_dir == nullptr ? std::string() : std::string(user->pw_dir);
+}
+
+// The program folder, or, where that cannot be written, the folder of what the program ships with: enough for
+// work that only reads.
+kvo::ProgramFolder folderToRead(const std::string& beside) {
+  const auto shipped = beside + "../share/kvo5";
+  const auto folder = kvo::findProgramFolder(environment, beside);
+  kvo::PosixFiles files;
+  return kvo::prepareProgramFolder(files, folder, shipped) ? folder : kvo::ProgramFolder(shipped);
+}
+
+// What was printed has to arrive.
+int afterPrinting(int code) {
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return code;
+  return code == kvo::kExitDone ? kvo::fail("cannot write the output") : code;
+}
+
+// Where the program was started with a standard stream closed, no file of its own may take that number.
+// Opened to read, it tells of every write.
+void keepStandardNumbers() {
+  for (int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(number, F_GETFD) == -1) static_cast<void>(::open("/dev/null", O_RDONLY));
+  }
 }
 
 int run(const kvo::CommandLine& line) {
@@ -21,10 +51,7 @@ int run(const kvo::CommandLine& line) {
   kvo::TemporaryFolder::sweep();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   kvo::ConsoleBoxes boxes;
-  kvo::Session session(kvo::findProgramFolder(environment, beside), boxes);
-  if (auto done = session.prepareProgramFolder(beside + "../share/kvo5"); !done) {
-    return kvo::fail(done.error().text);
-  }
+  kvo::Session session(folderToRead(beside), boxes);
   switch (line.task) {
     case kvo::Task::Render:
       return kvo::runRender(session, line, beside + "KVORender");
@@ -48,17 +75,18 @@ int runWindow(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  keepStandardNumbers();
   if (!kvo::isConsoleCommand({argv + 1, argv + argc})) return runWindow(argc, argv);
   const auto line = kvo::readCommandLine({argv + 1, argv + argc});
   if (!line) return kvo::fail(line.error().text, kvo::kExitUsage);
   switch (line->task) {
     case kvo::Task::Help:
       std::fputs(std::string(kvo::helpText()).c_str(), stdout);
-      return kvo::kExitDone;
+      return afterPrinting(kvo::kExitDone);
     case kvo::Task::Version:
       std::puts("KVO5 " KVO_VERSION);
-      return kvo::kExitDone;
+      return afterPrinting(kvo::kExitDone);
     default:
-      return run(*line);
+      return afterPrinting(run(*line));
   }
 }

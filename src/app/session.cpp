@@ -13,7 +13,7 @@ constexpr std::uint64_t kMaxShipped = 64ULL << 20U;
 
 }  // namespace
 
-Outcome Session::prepareProgramFolder(const std::string& shippedFolder) {
+Outcome prepareProgramFolder(Files& files, const ProgramFolder& folder, const std::string& shippedFolder) {
   if (auto done = files.makeFolder(folder.path()); !done) return done;
   for (const auto name : kShippedFiles) {
     const auto target = folder.beside(name);
@@ -29,6 +29,7 @@ Result<ReadReport> Session::open(const std::string& collectionPath) {
   if (!files.exists(collectionPath)) return Error{"there is no collection " + collectionPath};
   if (const auto bytes = files.read(collectionPath, kMaxCollectionBytes); !bytes) return bytes.error();
   if (!file.IsValidCollection(collectionPath)) return Error{collectionPath + " is not a collection"};
+  if (auto size = file.checkSize(collectionPath); !size) return size.error();
   auto report = file.ReadINI(collectionPath, {.mayRewrite = false, .keepMissingClips = true});
   if (report.end != ReadEnd::Done) return Error{collectionPath + " cannot be read as a collection"};
   // The editor's boxes stand as the collection left them.

@@ -10,14 +10,14 @@
 
 namespace kvo {
 
+/// Makes the program folder and copies in what the program ships with and is missing there.
+Outcome prepareProgramFolder(Files& files, const ProgramFolder& folder, const std::string& shippedFolder);
+
 class Session {
  public:
   /// `messageBoxes` outlives the session.
   Session(ProgramFolder programFolder, MessageBoxes& messageBoxes)
       : boxes(messageBoxes), folder(std::move(programFolder)) {}
-
-  /// Makes the program folder and copies in what the program ships with and is missing there.
-  Outcome prepareProgramFolder(const std::string& shippedFolder);
 
   /// Reads a collection without touching its file. Clips whose file is missing stay in the list.
   Result<ReadReport> open(const std::string& collectionPath);

@@ -2,7 +2,6 @@
 
 #include "app/commands.h"
 #include "app/session.h"
-#include "base/text.h"
 #include "core/clip_list.h"
 #include "core/messages.h"
 #include "core/start_up.h"
@@ -53,7 +52,7 @@ class WindowProgram {
         window_(state_, windowCommands()) {}
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
-    if (auto done = session_.prepareProgramFolder(shippedFolder); !done) {
+    if (auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder); !done) {
       boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
       return kExitFailed;
     }
@@ -83,26 +82,21 @@ class WindowProgram {
             [this] { commands_.Save(); },
             [this] { return startUp_.exit(); },
             [this] { addMedia(); },
-            [this](const std::vector<std::string>& paths) { take(paths); },
-            [this](int number) { PreviewMovie(state_, session_.collection, number); }};
+            [this](const std::vector<std::string>& paths) { startUp_.takeFiles(paths); },
+            [this](int number) {
+              if (const CommandPass pass(state_); pass) PreviewMovie(state_, session_.collection, number);
+            }};
   }
 
   void addMedia() {
-    take(dialogs_.openSeveral(
-        {std::string(LoadResString(386)), {{"All Files", "*"}}, session_.settings.LoadFrom(), {}}));
-  }
-
-  // A collection takes the place of the one that is open; anything else joins it.
-  void take(const std::vector<std::string>& paths) {
-    for (const auto& path : paths) {
-      if (path.size() > 4 && sameText(path.substr(path.size() - 4), ".INI")) {
-        if (commands_.mayLeaveChanges(LoadResString(345))) commands_.openFile(path);
-        break;
-      }
-      intake_.AddMoviesm(path);
+    std::vector<std::string> paths;
+    if (const CommandPass pass(state_); pass) {
+      paths = dialogs_.openSeveral({std::string(LoadResString(386)),
+                                    {{"All Files", "*"}},
+                                    mediaFolder(session_.settings, desktop_),
+                                    {}});
     }
-    showCollection(state_, session_.collection);
-    window_.draw();
+    startUp_.takeFiles(paths);
   }
 
   QtBoxes boxes_;

@@ -22,9 +22,12 @@ ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& e
       std::filesystem::exists(withSeparator(executableFolder) + "KVO5.INI", ignored)) {
     return ProgramFolder(executableFolder);
   }
-  auto data = environment("XDG_DATA_HOME");
-  if (data.empty() || data.front() != kSeparator) data = withSeparator(environment("HOME")) + ".local/share";
-  return ProgramFolder(withSeparator(data) + "KVO5");
+  const auto isAbsolute = [](const std::string& path) { return path.starts_with(kSeparator); };
+  if (const auto data = environment("XDG_DATA_HOME"); isAbsolute(data))
+    return ProgramFolder(withSeparator(data) + "KVO5");
+  if (const auto home = environment("HOME"); isAbsolute(home))
+    return ProgramFolder(withSeparator(home) + ".local/share/KVO5");
+  return ProgramFolder(executableFolder.empty() ? "/" : executableFolder);
 }
 
 std::string executableFolder() {
@@ -33,6 +36,14 @@ std::string executableFolder() {
   return failed ? std::string() : file.parent_path().string();
 }
 
+std::string absoluteName(std::string_view name, std::string_view folder) {
+  if (name.starts_with(kSeparator) || isAddress(name)) return std::string(name);
+  while (name.starts_with("./")) name.remove_prefix(2);
+  return withSeparator(folder).append(name);
+}
+
+bool isAddress(std::string_view text) { return text.find("://") != std::string_view::npos; }
+
 std::string withSeparator(std::string_view folder) {
   std::string out(folder);
   if (!out.empty() && out.back() != kSeparator) out += kSeparator;
@@ -40,13 +51,13 @@ std::string withSeparator(std::string_view folder) {
 }
 
 std::string_view fileNamePart(std::string_view path) {
-  if (path.find("://") != std::string_view::npos) return path;
+  if (isAddress(path)) return path;
   const auto at = path.rfind(kSeparator);
   return at == std::string_view::npos ? path : path.substr(at + 1);
 }
 
 std::string_view folderPart(std::string_view path) {
-  if (path.find("://") != std::string_view::npos) return {};
+  if (isAddress(path)) return {};
   const auto at = path.rfind(kSeparator);
   return at == std::string_view::npos ? std::string_view() : path.substr(0, at + 1);
 }

@@ -25,12 +25,19 @@ class ProgramFolder {
 };
 
 /// `$KVO5_HOME` if set; else `executableFolder` when it holds KVO5.INI (a portable copy); else KVO5 in
-/// `$XDG_DATA_HOME`, by default `~/.local/share`. `environment` gives a variable's text, empty when unset.
+/// `$XDG_DATA_HOME`, by default `~/.local/share`; else, without a home, `executableFolder`. `environment`
+/// gives a variable's text, empty when unset.
 ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& environment,
                                 const std::string& executableFolder);
 
 /// The folder of the running executable, empty when the system does not tell.
 std::string executableFolder();
+
+/// The full path of `name`, which begins at `folder` unless it begins at the root or is a web address.
+std::string absoluteName(std::string_view name, std::string_view folder);
+
+/// True for a web address: it holds "://".
+bool isAddress(std::string_view text);
 
 /// `folder` with one separator at its end; an empty text stays empty.
 std::string withSeparator(std::string_view folder);

@@ -50,6 +50,10 @@ std::size_t sequenceLength(std::string_view s) {
   return 0;
 }
 
+bool beginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -89,10 +93,19 @@ std::string replaced(std::string_view text, std::string_view from, std::string_v
   return out.append(text);
 }
 
+std::size_t characterCount(std::string_view text) {
+  if (!isUtf8(text)) return text.size();
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
+}
+
 std::string_view cutTo(std::string_view text, std::size_t count) {
   if (text.size() <= count) return text;
-  while (count > 0 && (static_cast<unsigned char>(text[count]) & 0xC0U) == 0x80U) --count;
-  return text.substr(0, count);
+  if (!isUtf8(text)) return text.substr(0, count);
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    if (beginsCharacter(text[end]) && count-- == 0) break;
+  }
+  return text.substr(0, end);
 }
 
 std::string quoted(std::string_view text) {
@@ -118,16 +131,25 @@ bool isUtf8(std::string_view bytes) {
   return true;
 }
 
-std::string textFromBytes(std::string bytes) {
-  if (isUtf8(bytes)) {
-    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
-    return bytes;
-  }
+std::string lineFromBytes(std::string_view bytes) {
+  if (isUtf8(bytes)) return std::string(bytes);
   std::string out;
   out.reserve(bytes.size() + bytes.size() / 8);
   for (const char c : bytes) {
     const auto b = static_cast<unsigned char>(c);
     appendUtf8(out, b >= 0x80 && b <= 0x9F ? kWindows1252.at(b - 0x80U) : b);
+  }
+  return out;
+}
+
+std::string textFromBytes(std::string bytes) {
+  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  if (isUtf8(bytes)) return bytes;
+  std::string out;
+  for (std::string_view rest(bytes); !rest.empty();) {
+    const auto line = rest.substr(0, std::min(rest.find('\n'), rest.size() - 1) + 1);
+    out += lineFromBytes(line);
+    rest.remove_prefix(line.size());
   }
   return out;
 }

@@ -24,7 +24,10 @@ bool holdsText(std::string_view text, std::string_view part);
 /// Every `from` replaced by `to`, left to right, what was put in not searched again.
 std::string replaced(std::string_view text, std::string_view from, std::string_view to);
 
-/// The first `count` bytes, less if that would cut a UTF-8 character in two.
+/// How many characters a text has. One that is no UTF-8 counts a byte a character, as Windows-1252 does.
+std::size_t characterCount(std::string_view text);
+
+/// The first `count` characters, counted in the same way.
 std::string_view cutTo(std::string_view text, std::size_t count);
 
 /// `text` between two quote characters (34), nothing escaped.
@@ -38,8 +41,10 @@ std::string extensionOf(std::string_view name);
 
 bool isUtf8(std::string_view bytes);
 
-/// Bytes of a text file as UTF-8: a byte order mark is taken off, and what is not valid UTF-8 is read as
-/// Windows-1252 as a whole.
+/// One line's bytes as UTF-8: what is not valid UTF-8 is read as Windows-1252.
+std::string lineFromBytes(std::string_view bytes);
+
+/// Bytes of a text file as UTF-8, line by line. A byte order mark is taken off.
 std::string textFromBytes(std::string bytes);
 
 }  // namespace kvo

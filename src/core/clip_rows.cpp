@@ -24,24 +24,37 @@ namespace {
         [](Record& r, std::string_view text) { takeField(r.Member, text); } \
   }
 
-// A folder as the file can carry it: the reader takes 128 characters for an unused field and a "[" without a
-// full stop for a heading, so such a folder is written with "./" behind it, which names the same folder.
-std::string storedFolder(const std::string& folder) {
-  const bool likeHeading = folder.find('[') != std::string::npos && folder.find('.') == std::string::npos;
-  return folder.size() == 128 || (likeHeading && folder.ends_with('/')) ? folder + "./" : folder;
+// The reader takes a "[" without a full stop in its line for a heading.
+bool likeHeading(const std::string& text) {
+  return text.find('[') != std::string::npos && text.find('.') == std::string::npos;
 }
 
+// A folder as the file can carry it: the reader takes 128 characters for an unused field too, so such a
+// folder is written with "./" behind it, which names the same folder.
+std::string storedFolder(const std::string& folder) {
+  const bool misread = characterCount(folder) == 128 || likeHeading(folder);
+  return misread && folder.ends_with('/') ? folder + "./" : folder;
+}
+
+std::string storedName(const std::string& name) { return likeHeading(name) ? "./" + name : name; }
+
+#define KVO_NAME_ROW(Key, Name, Stored, Taken)                                          \
+  FieldRow<Movie> {                                                                     \
+    Key, [](const Movie& m) { return Stored(m.Name()); },                               \
+        [](Movie& m, std::string_view text) { m.Name(std::string(Taken(text))); }, true \
+  }
+
 constexpr std::array kMainRows = {
-    KVO_ROW("MovieName       = ", MovieName),
-    FieldRow<Movie>{"Path            = ", [](const Movie& m) { return storedFolder(m.Path()); },
-                    [](Movie& m, std::string_view text) { m.Path(std::string(text)); }},
+    KVO_NAME_ROW("MovieName       = ", MovieName, storedName, nameFromFile),
+    KVO_NAME_ROW("Path            = ", Path, storedFolder, folderFromFile),
     KVO_ROW("Orderinplaylist = ", Orderinplaylist),
     KVO_ROW("Notes           = ", Notes),
     KVO_ROW("IsQT4           = ", IsTrueQT4),
     KVO_ROW("PlaySpeed       = ", Playspeed),
     FieldRow<Movie>{"AltName         = ", [](const Movie& m) { return m.AltName(); },
                     [](Movie& m, std::string_view text) {
-                      const bool none = text == "False" || text.starts_with('\0') || text.size() == 128;
+                      const bool none =
+                          text == "False" || text.starts_with('\0') || characterCount(text) == 128;
                       m.AltName(none ? " " : std::string(text));
                     }},
     KVO_ROW("DispChange      = ", DispChange),
@@ -70,9 +83,8 @@ constexpr std::array kMainRows = {
     KVO_ROW("MBlurDirection  = ", MBlurDirection),
     KVO_ROW("AgeIntensity    = ", AgeIntensity),
     KVO_ROW("HasPicInPic    = ", HasPicInPic),
-    FieldRow<Movie>{"SrcPath        = ", [](const Movie& m) { return storedFolder(m.SrcPath()); },
-                    [](Movie& m, std::string_view text) { m.SrcPath(std::string(text)); }},
-    KVO_ROW("SrcName        = ", SrcName),
+    KVO_NAME_ROW("SrcPath        = ", SrcPath, storedFolder, folderFromFile),
+    KVO_NAME_ROW("SrcName        = ", SrcName, storedName, nameFromFile),
     KVO_ROW("Brightness     = ", Brightness),
     KVO_ROW("Contrast       = ", Contrast),
     KVO_ROW("Gamma          = ", Gamma),
@@ -97,7 +109,7 @@ constexpr std::array kMainRows = {
     KVO_ROW("BorderSoftness  = ", BorderSoftness),
     KVO_ROW("ReplicateX      = ", ReplicateX),
     KVO_ROW("ReplicateY      = ", ReplicateY),
-    KVO_ROW("MaskName        = ", MaskName),
+    KVO_NAME_ROW("MaskName        = ", MaskName, std::string, std::string),
     KVO_ROW("IsTV            = ", IsTV),
     KVO_ROW("HasAudioFade    = ", HasAudioFade),
     KVO_ROW("AudioFadeInTime = ", AudioFadeInTime),
@@ -132,8 +144,10 @@ constexpr std::array kDisplayRows = {
 };
 
 constexpr std::array kAudMovieRows = {
-    KVO_MEMBER_ROW(AudMovies, "MovieName       = ", MovieName),
-    KVO_MEMBER_ROW(AudMovies, "MoviePath       = ", Path),
+    FieldRow<AudMovies>{"MovieName       = ", [](const AudMovies& a) { return storedName(a.MovieName); },
+                        [](AudMovies& a, std::string_view text) { a.MovieName = nameFromFile(text); }, true},
+    FieldRow<AudMovies>{"MoviePath       = ", [](const AudMovies& a) { return storedFolder(a.Path); },
+                        [](AudMovies& a, std::string_view text) { a.Path = folderFromFile(text); }, true},
     KVO_MEMBER_ROW(AudMovies, "MoviePlayTime   = ", MoviePlayTime),
     KVO_MEMBER_ROW(AudMovies, "MovieSpeed      = ", Playspeed),
     KVO_MEMBER_ROW(AudMovies, "PlayCount       = ", PlayCount),
@@ -161,14 +175,26 @@ constexpr std::array kKeyframeRows = {
     KVO_MEMBER_ROW(Keyframe, "FC              = ", FC),
     KVO_MEMBER_ROW(Keyframe, "EC              = ", EC),
     KVO_MEMBER_ROW(Keyframe, "BC              = ", BC),
-    KVO_MEMBER_ROW(Keyframe, "TextureFile     = ", TextureFile),
+    FieldRow<Keyframe>{"TextureFile     = ", [](const Keyframe& k) { return k.TextureFile; },
+                       [](Keyframe& k, std::string_view text) { k.TextureFile = text; }, true},
     KVO_MEMBER_ROW(Keyframe, "ClipName        = ", ClipName),
 };
 
 #undef KVO_ROW
+#undef KVO_NAME_ROW
 #undef KVO_MEMBER_ROW
 
 }  // namespace
+
+std::string_view folderFromFile(std::string_view stored) {
+  if (stored.ends_with("/./")) stored.remove_suffix(2);
+  return stored;
+}
+
+std::string_view nameFromFile(std::string_view stored) {
+  if (stored.starts_with("./")) stored.remove_prefix(2);
+  return stored;
+}
 
 std::span<const FieldRow<Movie>> movieMainRows() { return kMainRows; }
 std::span<const FieldRow<Movie>> movieAudioRows() { return kAudioRows; }

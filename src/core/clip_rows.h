@@ -16,7 +16,18 @@ struct FieldRow {
   std::string_view key;  ///< as written, up to and with the blank behind the equals sign
   std::string (*text)(const Record&);
   void (*take)(Record&, std::string_view);  ///< null for a row that is written and not read back
+  bool namesFile = false;                   ///< a name or folder of a file, whose bytes count
 };
+
+/// Rows that reading comes back to, counted from 0.
+inline constexpr std::size_t kSrcPathRow = 33;
+inline constexpr std::size_t kSrcNameRow = 34;
+inline constexpr std::size_t kMaskNameRow = 59;
+inline constexpr std::size_t kTextureFileRow = 15;
+
+/// A folder or name of a file as it was before the writer put "./" to it.
+std::string_view folderFromFile(std::string_view stored);
+std::string_view nameFromFile(std::string_view stored);
 
 std::span<const FieldRow<Movie>> movieMainRows();
 std::span<const FieldRow<Movie>> movieAudioRows();

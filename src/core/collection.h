@@ -1,6 +1,7 @@
 // The open collection: its three ordered lists, the clip in hand, its name. Clip numbers are 1-based.
 #pragma once
 
+#include "base/paths.h"
 #include "core/movie.h"
 #include "core/settings.h"
 #include "core/small_records.h"
@@ -36,6 +37,9 @@ class RecordList {
   std::vector<std::unique_ptr<Record>> records_;
 };
 
+inline constexpr int kMaxClips = 32767;      ///< of a collection: its file counts them in 16 bits
+inline constexpr int kMaxKeyframes = 10000;  ///< of a collection: a reader takes a larger count for none
+
 enum class CollectionKind { Plain = 0, HoldsCDTracks = 1, HoldsExtendedCD = 2 };
 
 struct Collection {
@@ -47,6 +51,12 @@ struct Collection {
   std::string IniName = "KVO5.INI";
   std::string IniFullPath;
   bool filesMissing = false;  ///< the last load met files that are not there
+
+  /// A name for what has no file of its own; `folder` is the program's.
+  void becomeUntitled(const ProgramFolder& folder) {
+    IniName = "Untitled.INI";
+    IniFullPath = folder.beside(IniName);
+  }
 
   void clearLists() {
     MovieList.clear();

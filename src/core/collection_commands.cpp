@@ -5,6 +5,7 @@
 #include "core/clip_list.h"
 #include "core/failures.h"
 #include "core/messages.h"
+#include "core/start_command.h"
 
 namespace kvo {
 namespace {
@@ -45,15 +46,25 @@ class CollectionCommands::Watch final : public LoadWatch {
   EventLoop& loop_;
 };
 
+bool CollectionCommands::pass(const std::function<bool()>& command) {
+  const CommandPass pass(window_);
+  if (!pass) return false;
+  beforeEach_();
+  return command();
+}
+
 bool CollectionCommands::New() {
+  return pass([this] { return empty(); });
+}
+
+bool CollectionCommands::empty() {
   if (!mayLeaveChanges(LoadResString(345))) {
     PreviewMovie(window_, collection_, collection_.icurMov);
     return false;
   }
   collection_.clearLists();
   collection_.kind = CollectionKind::Plain;
-  collection_.IniName = "Untitled.INI";
-  collection_.IniFullPath = ports_.folder.beside(collection_.IniName);
+  collection_.becomeUntitled(ports_.folder);
   ClearDirtyFlags(collection_, settings_);
   fillClipList(window_, collection_);
   showCollection(window_, collection_);
@@ -63,22 +74,38 @@ bool CollectionCommands::New() {
 }
 
 bool CollectionCommands::Open() {
-  if (!mayLeaveChanges(LoadResString(345))) return false;
-  const auto path = ports_.dialogs.open({std::string(LoadResString(335)),
-                                         {{"Movie Collections (*.Ini)", "*.ini *.INI *.Ini"}, kAllFiles},
-                                         settings_.ColLoadFrom(),
-                                         {}});
-  return path && openFile(*path);
+  return pass([this] {
+    if (!mayLeaveChanges(LoadResString(345))) return false;
+    const auto path = ports_.dialogs.open({std::string(LoadResString(335)),
+                                           {{"Movie Collections (*.Ini)", "*.ini *.INI *.Ini"}, kAllFiles},
+                                           settings_.ColLoadFrom(),
+                                           {}});
+    if (!path) return false;
+    return hasIniExtension(*path) ? load(*path) : refuse(336, 337);
+  });
 }
 
 bool CollectionCommands::openFile(const std::string& path) {
-  const auto refuse = [&](int text, int title) {
-    ports_.boxes.show({std::string(LoadResString(title)), std::string(LoadResString(text)), BoxButtons::Ok,
-                       BoxIcon::Warning});
-    return false;
-  };
-  if (!hasIniExtension(path)) return refuse(336, 337);
+  return pass([&] { return load(path); });
+}
+
+bool CollectionCommands::openNamed(const std::string& path) {
+  return pass([&] { return mayLeaveChanges(LoadResString(345)) && load(path); });
+}
+
+bool CollectionCommands::refuse(int text, int title) {
+  ports_.boxes.show({std::string(LoadResString(title)), std::string(LoadResString(text)), BoxButtons::Ok,
+                     BoxIcon::Warning});
+  return false;
+}
+
+bool CollectionCommands::load(const std::string& path) {
+  if (!namesCollection(path)) return refuse(336, 337);
   if (!file_.IsValidCollection(path)) return refuse(339, 340);
+  if (const auto size = file_.checkSize(path); !size) {
+    ports_.boxes.show({std::string(LoadResString(340)), size.error().text, BoxButtons::Ok, BoxIcon::Warning});
+    return false;
+  }
 
   collection_.clearLists();
   fillClipList(window_, collection_);
@@ -87,23 +114,29 @@ bool CollectionCommands::openFile(const std::string& path) {
     Watch watch(window_, ports_.loop, LoadResString(338), LoadResString(341));
     report = file_.ReadINI(path, {.watch = &watch});
   }
-  collection_.IniName = fileNamePart(path);
-  collection_.IniFullPath = path;
+  const bool whole = report.end == ReadEnd::Done;
+  if (whole) {
+    collection_.IniName = fileNamePart(path);
+    collection_.IniFullPath = path;
+  } else {
+    collection_.becomeUntitled(ports_.folder);
+  }
   settings_.ColLoadFrom(std::string(folderPart(path)));
   fillClipList(window_, collection_);
   showCollection(window_, collection_);
   PreviewMovie(window_, collection_, 1);
   ClearDirtyFlags(collection_, settings_);
-  // What was not read in full must not replace the file without a question.
-  if (report.end != ReadEnd::Done) settings_.IsDirty(true);
-  if (collection_.filesMissing) {
-    ports_.boxes.show(
-        {std::string(LoadResString(343)), std::string(LoadResString(342)), BoxButtons::Ok, BoxIcon::Warning});
-  }
+  // What was not read in full must not be lost without a question.
+  if (!whole) settings_.IsDirty(true);
+  if (collection_.filesMissing) refuse(342, 343);
   return true;
 }
 
 bool CollectionCommands::Save() {
+  return pass([this] { return save(); });
+}
+
+bool CollectionCommands::save() {
   const bool isDefault = sameText(collection_.IniName, "KVO5.INI");
   auto folder = isDefault ? withSeparator(ports_.folder.path()) : settings_.ColLoadFrom();
   auto path = ports_.dialogs.save({std::string(kProductName).append(LoadResString(355)),
@@ -111,12 +144,12 @@ bool CollectionCommands::Save() {
                                    std::move(folder),
                                    collection_.IniName});
   if (!path) return false;
-  if (fileNamePart(*path).find('.') == std::string_view::npos) *path += ".INI";
-  if (!hasIniExtension(*path)) {
-    ports_.boxes.show(
-        {std::string(LoadResString(358)), std::string(LoadResString(357)), BoxButtons::Ok, BoxIcon::Warning});
-    return false;
+  if (fileNamePart(*path).find('.') == std::string_view::npos) {
+    *path += ".INI";
+    if (ports_.files.exists(*path) && !mayReplace(*path))
+      return false;  // the dialog asked about another name
   }
+  if (!hasIniExtension(*path)) return refuse(357, 358);
   settings_.ColLoadFrom(std::string(folderPart(*path)));
   bool written = false;
   {
@@ -136,13 +169,19 @@ bool CollectionCommands::Save() {
   return written;
 }
 
+bool CollectionCommands::mayReplace(const std::string& path) {
+  return ports_.boxes.show({std::string(kProductName).append(LoadResString(355)),
+                            "<" + path + std::string(LoadResString(300)), BoxButtons::YesNo,
+                            BoxIcon::Question}) == Answer::Yes;
+}
+
 bool CollectionCommands::mayLeaveChanges(std::string_view title) {
   if (!isDirty(collection_, settings_)) return true;
   const auto answer =
       ports_.boxes.show({std::string(title), std::string(LoadResString(344)) + collection_.IniName + "' ?",
                          BoxButtons::YesNoCancel, BoxIcon::Question});
   if (answer == Answer::Cancel) return false;
-  return answer != Answer::Yes || Save();
+  return answer != Answer::Yes || save();
 }
 
 }  // namespace kvo

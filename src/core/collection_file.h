@@ -42,10 +42,11 @@ struct ReadOptions {
 
 enum class ReadEnd {
   Done,
-  Cancelled,    ///< the user chose not to go on without a missing file; nothing was written
-  Aborted,      ///< the user stopped the load; what came before is in the lists; nothing was written
-  NotReadable,  ///< no [KVO] section could be read: the program cannot go on with this file
-  NotValid,     ///< [KVO] is there and is not that of a collection
+  Cancelled,     ///< the user chose not to go on without a missing file; nothing was written
+  Aborted,       ///< the user stopped the load; what came before is in the lists; nothing was written
+  NotReadable,   ///< no [KVO] section could be read: the program cannot go on with this file
+  NotValid,      ///< [KVO] is there and is not that of a collection
+  TooManyClips,  ///< more than a collection can hold; nothing was read
 };
 
 struct ReadReport {
@@ -62,16 +63,21 @@ class CollectionFile {
 
   /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
   /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
-  /// written back; when clips were lost on the way, or it could not be read at all, the old file is kept
-  /// beside it with ".old" behind its name.
+  /// written back; when anything was lost on the way, or it could not be read at all, the old file is kept
+  /// beside it with ".old" behind its name, or ".old2" and so on where there is one of that name.
   ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
 
   /// Writes settings and lists to `folder` + `file` in one durable step, reads the head back and clears
-  /// KVO2.IsDirty. False when the file could not be written or checked; it then is what it was before.
+  /// KVO2.IsDirty. False when the file could not be written or checked; it then is what it was before. A text
+  /// that the format cannot carry is written as near to it as can be: this is told, and what stood there is
+  /// kept as by ReadINI.
   bool WriteINI(std::string folder, const std::string& file, bool quiet, LoadWatch* watch = nullptr);
 
   /// True when [KVO] has "DefaultStartupVid" in row 5.
   bool IsValidCollection(const std::string& fileName);
+
+  /// Fails when the file holds more clips than a collection can, with a line for a person.
+  Outcome checkSize(const std::string& fileName);
 
   /// The first value of [KVO], or "Unknown and Corrupt". `isOther` is true unless it begins "Ver 3.1".
   std::string CollectionVersion(const std::string& fileName, bool& isOther);
@@ -86,13 +92,22 @@ class CollectionFile {
   void readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report);
   bool askAboutMissing(const Movie& clip);
   void replaceUnreadable(const std::string& fileName, const Error& why);
-  void rewrite(const std::string& fileName, const ReadReport& report, const ReadOptions& options);
-  std::string folderField(const SectionRow& row) const;
+  void rewrite(const std::string& fileName, const SectionReader& reader, const ReadReport& report,
+               const ReadOptions& options);
+  Result<std::string> keepCopy(const std::string& fileName);
+  [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;
+  [[nodiscard]] std::string folderField(std::string_view value) const;
+  bool findFile(std::string& folder, std::string& name, const SectionRow* folderRow,
+                const SectionRow& nameRow) const;
   bool fileIsThere(Movie& clip, const Rows& main) const;
   void giveMissingKeys();
+  void findOtherFiles(Movie& clip, const Rows& main) const;
+  [[nodiscard]] std::string fileField(const SectionRow& row) const;
 
-  Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step);
-  bool failWrite(std::string_view step, std::string_view why);
+  Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step,
+                        std::vector<std::string>& changedTexts);
+  Outcome keepAhead(const std::string& path, const std::vector<std::string>& changedTexts, bool quiet);
+  bool failWrite(std::string_view step, std::string_view why, std::string_view told = {});
 
   Files& files_;
   const Clock& clock_;

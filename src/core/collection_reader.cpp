@@ -5,6 +5,8 @@
 #include "core/head_rows.h"
 #include "core/messages.h"
 
+#include <algorithm>
+
 namespace kvo {
 namespace {
 
@@ -14,6 +16,18 @@ constexpr int kMaxCorruptAudio = 4;
 constexpr int kShowEvery = 5;
 
 bool isCurrentFolderWord(std::string_view text) { return sameText(text, "CURRDIR"); }
+
+// What a row may mean where it names a file, the likeliest first: its bytes as they stand, to the end of the
+// line, ahead of what the platform's reading makes of them.
+std::vector<std::string> meaningsOf(const SectionRow& row) {
+  const auto line = trimmed(row.bytes);
+  std::vector<std::string> meanings{std::string(row.bytes)};
+  for (auto text : {std::string(line), lineFromBytes(line), std::string(row.value)}) {
+    if (std::find(meanings.begin(), meanings.end(), text) == meanings.end())
+      meanings.push_back(std::move(text));
+  }
+  return meanings;
+}
 
 bool isCollectionHead(const std::vector<SectionRow>& rows) {
   return rows.size() >= 5 && rows[4].key == "DefaultStartupVid";
@@ -35,6 +49,13 @@ std::string lines(std::initializer_list<std::string_view> all) {
   std::string out;
   for (const auto line : all) out.append(out.empty() ? "" : kCrLf).append(line);
   return out;
+}
+
+Outcome sizeOf(const SectionReader& reader, const std::string& fileName) {
+  const int clips = reader.countSections("Movie", "Main");
+  if (clips <= kMaxClips) return {};
+  return Error{fileName + " holds " + std::to_string(clips) + " clips; a collection holds at most " +
+               std::to_string(kMaxClips)};
 }
 
 bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, int count) {
@@ -70,7 +91,7 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
     replaceUnreadable(path, bytes.error());
     bytes = files_.read(path, kMaxCollectionBytes);
   }
-  SectionReader reader(bytes ? textFromBytes(std::move(*bytes)) : std::string());
+  SectionReader reader(bytes ? std::move(*bytes) : std::string());
   Rows rows;
   if (!reader.GetSection("KVO", rows, 0)) {
     failures_.ReportInitError(
@@ -85,13 +106,20 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
     return report;
   }
 
+  if (const auto size = sizeOf(reader, path); !size) {
+    boxes_.show({"KVO V5 - Error", size.error().text, BoxButtons::Ok, BoxIcon::Critical});
+    report.end = ReadEnd::TooManyClips;
+    return report;
+  }
+
   HeadRead head{settings_, folder_};
   readHead(reader, head);
   readAnimations(reader);
   readClips(reader, options, report);
   if (report.end == ReadEnd::Done) readKeyframes(reader, options, report);
   giveMissingKeys();
-  if (report.end == ReadEnd::Done && head.rewrite && options.mayRewrite) rewrite(path, report, options);
+  if (report.end == ReadEnd::Done && head.rewrite && options.mayRewrite)
+    rewrite(path, reader, report, options);
   return report;
 }
 
@@ -115,7 +143,8 @@ void CollectionFile::replaceUnreadable(const std::string& fileName, const Error&
   settings_.TitleDispClr("8421504");
   settings_.NoofUses(40);
   settings_.DisplayColor("9079296");
-  if (auto done = files_.rename(fileName, fileName + ".old"); !done) return log_.LogError(done.error().text);
+  if (auto done = files_.rename(fileName, freeCopyName(fileName, {})); !done)
+    return log_.LogError(done.error().text);
   WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
 }
 
@@ -147,9 +176,31 @@ void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
   }
 }
 
-std::string CollectionFile::folderField(const SectionRow& row) const {
-  if (isCurrentFolderWord(row.value)) return withSeparator(folder_.path());
-  return row.value.size() == kUnusedLength ? std::string() : std::string(row.value);
+std::string CollectionFile::folderField(std::string_view value) const {
+  if (isCurrentFolderWord(value)) return withSeparator(folder_.path());
+  if (characterCount(value) == kUnusedLength) return {};
+  return std::string(folderFromFile(value));
+}
+
+// True, with `folder` and `name` as the disk knows them, when one of the meanings of their rows is a file.
+bool CollectionFile::findFile(std::string& folder, std::string& name, const SectionRow* folderRow,
+                              const SectionRow& nameRow) const {
+  std::vector<std::string> folders;
+  if (folderRow != nullptr) {
+    for (const auto& meaning : meaningsOf(*folderRow)) folders.push_back(folderField(meaning));
+    if (folderRow->value != folders.back()) folders.emplace_back(folderRow->value);
+  }
+  if (folders.empty() || folder != folders.back()) folders.push_back(folder);
+  for (const auto& f : folders) {
+    for (const auto& meaning : meaningsOf(nameRow)) {
+      const auto n = fileNamePart(meaning);
+      if (n.empty() || !files_.exists(std::string(f).append(n))) continue;
+      name = n;
+      folder = f;
+      return true;
+    }
+  }
+  return false;
 }
 
 void CollectionFile::readAnimations(SectionReader& reader) {
@@ -157,9 +208,12 @@ void CollectionFile::readAnimations(SectionReader& reader) {
   for (int i = 1; i <= kMaxAnimations && reader.GetSection(numbered("AudMovie", i), rows, 0); ++i) {
     AudMovies animation;
     takeRows(animation, audMovieRows(), rows);
-    if (animation.MovieName.size() == kUnusedLength) animation.MovieName.clear();
-    animation.Path = withSeparator(rows.size() > 1 ? folderField(rows[1]) : std::string());
-    if (files_.exists(animation.Path + animation.MovieName)) {
+    if (characterCount(animation.MovieName) == kUnusedLength) animation.MovieName.clear();
+    animation.Path = withSeparator(rows.size() > 1 ? folderField(rows[1].value) : std::string());
+    const bool found =
+        files_.exists(animation.Path + animation.MovieName) ||
+        findFile(animation.Path, animation.MovieName, rows.size() > 1 ? &rows[1] : nullptr, rows[0]);
+    if (found) {
       collection_.AudMovieList.add(std::move(animation));
     } else {
       collection_.filesMissing = true;
@@ -185,7 +239,7 @@ void CollectionFile::readClips(SectionReader& reader, const ReadOptions& options
     clip.listener(nullptr);
     clip.MovieName(std::string(fileNamePart(main[0].value)));
     if (holdsText(clip.MovieName(), ".CDA")) collection_.kind = CollectionKind::HoldsCDTracks;
-    if (main.size() > 1) clip.Path(folderField(main[1]));
+    if (main.size() > 1) clip.Path(folderField(main[1].value));
     takeRows(clip, movieMainRows(), main, 2);
     if (clip.Playspeed() == 999) {
       clip.IsExtendedCD(true);
@@ -210,6 +264,7 @@ void CollectionFile::readClips(SectionReader& reader, const ReadOptions& options
         return;
       }
     }
+    findOtherFiles(clip, main);
     collection_.MovieList.add(std::move(clip)).listener(&poster_);
   }
 }
@@ -245,22 +300,34 @@ bool CollectionFile::readClip(SectionReader& reader, int number, Movie& clip, in
 }
 
 bool CollectionFile::fileIsThere(Movie& clip, const Rows& main) const {
-  if (clip.MovieName().find("://") != std::string::npos || clip.IsExtendedCD()) return true;
-  if (files_.exists(clip.Path() + clip.MovieName())) return true;
-  // A name or folder with a comma was cut there; the rest of its line may still tell the file.
-  const auto name = fileNamePart(main[0].wholeLine);
-  const auto folder =
-      main.size() > 1 && !isCurrentFolderWord(main[1].value) ? main[1].wholeLine : clip.Path();
-  for (const auto& [f, n] :
-       {std::pair{std::string_view(clip.Path()), name}, std::pair{std::string_view(folder), name},
-        std::pair{std::string_view(folder), std::string_view(clip.MovieName())}}) {
-    if (!files_.exists(std::string(f).append(n))) continue;
-    const std::string foundFolder(f);
-    clip.MovieName(std::string(n));
-    clip.Path(foundFolder);
-    return true;
+  if (isAddress(clip.MovieName()) || clip.IsExtendedCD()) return true;
+  auto folder = clip.Path();
+  auto name = clip.MovieName();
+  if (!findFile(folder, name, main.size() > 1 ? &main[1] : nullptr, main[0])) return false;
+  clip.Path(std::move(folder));
+  clip.MovieName(std::move(name));
+  return true;
+}
+
+// The files beside the clip's own: what an overlay is made of, and the mask.
+void CollectionFile::findOtherFiles(Movie& clip, const Rows& main) const {
+  if (main.size() > kSrcNameRow && !clip.SrcName().empty()) {
+    auto folder = clip.SrcPath();
+    auto name = clip.SrcName();
+    if (findFile(folder, name, &main[kSrcPathRow], main[kSrcNameRow])) {
+      clip.SrcPath(std::move(folder));
+      clip.SrcName(std::move(name));
+    }
   }
-  return false;
+  if (main.size() > kMaskNameRow) clip.MaskName(fileField(main[kMaskNameRow]));
+}
+
+// A name with its folder, in the meaning that is a file where there is one.
+std::string CollectionFile::fileField(const SectionRow& row) const {
+  for (auto& meaning : meaningsOf(row)) {
+    if (!meaning.empty() && files_.exists(meaning)) return meaning;
+  }
+  return std::string(row.value);
 }
 
 bool CollectionFile::askAboutMissing(const Movie& clip) {
@@ -288,35 +355,61 @@ void CollectionFile::readKeyframes(SectionReader& reader, const ReadOptions& opt
     }
     Keyframe keyframe;
     takeRows(keyframe, keyframeRows(), rows);
+    if (rows.size() > kTextureFileRow) keyframe.TextureFile = fileField(rows[kTextureFileRow]);
     if (keyframe.FrameNo >= 0) collection_.KeyframeList.add(std::move(keyframe));
   }
 }
 
-void CollectionFile::rewrite(const std::string& fileName, const ReadReport& report,
-                             const ReadOptions& options) {
+void CollectionFile::rewrite(const std::string& fileName, const SectionReader& reader,
+                             const ReadReport& report, const ReadOptions& options) {
   if (options.watch != nullptr) options.watch->status("Please Wait \r\nAnalysing Collection");
-  const bool losesClips = report.damaged || !report.skippedClips.empty() || !report.missingFiles.empty();
-  if (losesClips) {
-    const auto old = files_.read(fileName, kMaxCollectionBytes);
-    if (!old || !writeDurably(files_, fileName + ".old", *old)) {
-      log_.LogError("Cannot keep a copy of the old collection, so it is left as it stands - " + fileName);
-      return;
-    }
+  const bool loses = report.damaged || !report.skippedClips.empty() || reader.droppedText() ||
+                     reader.countSections("Movie", "Main") > collection_.MovieList.count() ||
+                     reader.countSections("AudMovie") > collection_.AudMovieList.count() ||
+                     reader.countSections("KeyFrame") > collection_.KeyframeList.count();
+  if (loses && !keepCopy(fileName)) {
+    log_.LogError("Cannot keep a copy of the old collection, so it is left as it stands - " + fileName);
+    return;
   }
   WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
+}
+
+// The first name of "x.INI.old", "x.INI.old2" and so on that is free, or holds these bytes already.
+std::string CollectionFile::freeCopyName(const std::string& fileName, const std::string& bytes) const {
+  auto name = fileName + ".old";
+  for (int n = 2; files_.exists(name); ++n) {
+    const auto there = files_.read(name, kMaxCollectionBytes);
+    if (!bytes.empty() && there && *there == bytes) break;
+    name = fileName + ".old" + std::to_string(n);
+  }
+  return name;
+}
+
+// The name of the copy.
+Result<std::string> CollectionFile::keepCopy(const std::string& fileName) {
+  const auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  if (!bytes) return bytes.error();
+  auto name = freeCopyName(fileName, *bytes);
+  if (auto done = writeDurably(files_, name, *bytes); !done) return done.error();
+  return name;
+}
+
+Outcome CollectionFile::checkSize(const std::string& fileName) {
+  auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  return bytes ? sizeOf(SectionReader(std::move(*bytes)), fileName) : Outcome(bytes.error());
 }
 
 bool CollectionFile::IsValidCollection(const std::string& fileName) {
   auto bytes = files_.read(fileName, kMaxCollectionBytes);
   if (!bytes) return false;
-  SectionReader reader(textFromBytes(std::move(*bytes)));
+  SectionReader reader(std::move(*bytes));
   Rows rows;
   return reader.GetSection("KVO", rows, 0) && isCollectionHead(rows);
 }
 
 std::string CollectionFile::CollectionVersion(const std::string& fileName, bool& isOther) {
   auto bytes = files_.read(fileName, kMaxCollectionBytes);
-  SectionReader reader(bytes ? textFromBytes(std::move(*bytes)) : std::string());
+  SectionReader reader(bytes ? std::move(*bytes) : std::string());
   Rows rows;
   std::string version = "Unknown and Corrupt";
   if (reader.GetSection("KVO", rows, 0)) version = rows[0].value;

@@ -3,7 +3,9 @@
 #include "base/text.h"
 #include "core/deployment.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 
 namespace kvo {
@@ -13,9 +15,15 @@ constexpr std::size_t kUnusedLength = 128;  // a text of just this length marks 
 
 // The text, or the default with the rewrite flag where the text is empty or unused.
 std::string textOr(HeadRead& read, std::string_view text, std::string_view otherwise) {
-  if (!text.empty() && text.size() != kUnusedLength) return std::string(text);
+  if (!text.empty() && characterCount(text) != kUnusedLength) return std::string(text);
   read.rewrite = true;
   return std::string(otherwise);
+}
+
+// A folder; the writer may have put "/." ahead of one that would be misread.
+std::string folderOr(HeadRead& read, std::string_view text, std::string_view otherwise) {
+  auto folder = textOr(read, text, otherwise);
+  return folder.starts_with("/./") ? folder.substr(2) : folder;
 }
 
 // "TRUE" or "FALSE" in any case, or the default with the rewrite flag.
@@ -26,14 +34,23 @@ bool strictBoolean(HeadRead& read, std::string_view text, bool otherwise) {
   return otherwise;
 }
 
-// The number as a whole of the field's type. Not numeric, or refused by `accept`: the default with the
-// rewrite flag. Numeric and out of the type's range: nothing, the field stays as it was.
+// The number held to the limits of the field's type, so that the limits of the row can be asked.
+template <class Type>
+Type heldToType(double number) {
+  using Limits = std::numeric_limits<Type>;
+  number = std::clamp(number, static_cast<double>(Limits::lowest()), static_cast<double>(Limits::max()));
+  return static_cast<Type>(Limits::is_integer ? RoundToWhole(number) : number);
+}
+
+// The number as a value of the field's type. Not numeric, or refused by `accept`: the default with the
+// rewrite flag. Accepted and out of the type's range: nothing, the field stays as it was.
 template <class Type, class Accept>
 std::optional<Type> numberOr(HeadRead& read, std::string_view text, Type otherwise, Accept accept) {
   const auto number = numberIn(text);
-  Type value{};
-  if (number && !takeField(value, text)) return std::nullopt;
-  if (number && accept(value)) return value;
+  if (number && accept(heldToType<Type>(*number))) {
+    Type value{};
+    return takeField(value, text) ? std::optional(value) : std::nullopt;
+  }
   read.rewrite = true;
   return otherwise;
 }
@@ -41,6 +58,15 @@ std::optional<Type> numberOr(HeadRead& read, std::string_view text, Type otherwi
 template <class Type>
 std::optional<Type> numberOr(HeadRead& read, std::string_view text, Type otherwise) {
   return numberOr(read, text, otherwise, [](Type) { return true; });
+}
+
+// The same for a row where what is below its least becomes another value than what is no number.
+template <class Type, class Low>
+std::optional<Type> numberOr(HeadRead& read, std::string_view text, Type otherwise, Low isLow, Type low) {
+  const auto number = numberIn(text);
+  const bool tooLow = number && isLow(heldToType<Type>(*number));
+  if (tooLow) read.rewrite = true;
+  return tooLow ? low : numberOr<Type>(read, text, otherwise);
 }
 
 std::string flagText(Long flag) { return fieldText(flag != 0); }
@@ -73,8 +99,9 @@ constexpr std::array kKvoRows = {
     KVO_PLAIN("SoundCard            = ", SoundCard),
     HeadRow{"DefaultStartupVid    = ", KVO_TEXT(DefaultStartupVid),
             KVO_TAKE(r.settings.DefaultStartupVid(
-                t.size() == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));)},
-    KVO_NUMBER("MoviesInGroup        = ", MoviesInGroup, -1),
+                characterCount(t) == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));)},
+    HeadRow{"MoviesInGroup        = ", KVO_TEXT(MoviesInGroup),
+            KVO_TAKE(const auto v = numberOr<Integer>(r, t, -1); r.settings.MoviesInGroup(v.value_or(-1));)},
     HeadRow{"Support              = ", KVO_TEXT(Support),
             [](HeadRead& r, std::string_view) { r.settings.Support(std::string(kSupportLine)); }},
     KVO_NUMBER("DelayTimer           = ", DelayTimer, 0),
@@ -116,11 +143,11 @@ constexpr std::array kFontRows = {
 
 constexpr std::array kDirectoryRows = {
     HeadRow{"JoinSaveAs            = ", KVO_TEXT(JoinSaveAs),
-            KVO_TAKE(r.settings.JoinSaveAs(textOr(r, t, r.folder.path()));)},
+            KVO_TAKE(r.settings.JoinSaveAs(folderOr(r, t, r.folder.path()));)},
     HeadRow{"LoadFrom             = ", KVO_TEXT(LoadFrom),
-            KVO_TAKE(r.settings.LoadFrom(textOr(r, t, "C:\\"));)},
+            KVO_TAKE(r.settings.LoadFrom(folderOr(r, t, "C:\\"));)},
     HeadRow{"ColLoadFrom          = ", KVO_TEXT(ColLoadFrom),
-            KVO_TAKE(r.settings.ColLoadFrom(textOr(r, t, r.folder.path()));)},
+            KVO_TAKE(r.settings.ColLoadFrom(folderOr(r, t, r.folder.path()));)},
 };
 
 constexpr std::array kAudioAnimationRows = {
@@ -156,27 +183,23 @@ constexpr std::array kPrefsRows = {
 };
 
 void fade(HeadRead& r, std::string_view text, Single otherwise, void (KVO2::*set)(Single)) {
-  if (const auto v = numberOr<Single>(r, text, otherwise)) {
-    if (*v <= 0) r.rewrite = true;
-    (r.settings.*set)(*v <= 0 ? 0.2F : *v);
-  }
+  const auto v = numberOr<Single>(
+      r, text, otherwise, [](Single n) { return n <= 0; }, 0.2F);
+  if (v) (r.settings.*set)(*v);
 }
 
 constexpr std::array kEditRows = {
     KVO_NUMBER("OutputResolution     = ", OutputResolution, 8, [](Integer v) { return v <= 1000; }),
     HeadRow{"OutputFrameRate      = ", KVO_TEXT(OutPutFrameRate),
-            KVO_TAKE(if (const auto v = numberOr<Single>(r, t, 25.0F)) {
-              if (*v < 2.0F) r.rewrite = true;
-              r.settings.OutPutFrameRate(*v < 2.0F ? 24.0F : *v);
-            })},
+            KVO_TAKE(const auto v = numberOr<Single>(
+                         r, t, 25.0F, [](Single n) { return n < 2.0F; }, 24.0F);
+                     if (v) r.settings.OutPutFrameRate(*v);)},
     KVO_NUMBER("OutputColorDepth     = ", OutputColorDepth, 24,
                [](Integer v) { return v == 16 || v == 24 || v == 32; }),
     HeadRow{"PreviewType          = ", KVO_TEXT(PreviewType),
-            KVO_TAKE(if (const auto v = numberOr<Integer>(r, t, 10)) {
-              const Integer held = *v > 10 ? Integer{10} : *v <= 0 ? Integer{5} : *v;
-              if (held != *v) r.rewrite = true;
-              r.settings.PreviewType(held);
-            })},
+            KVO_TAKE(const auto v = numberOr<Integer>(r, t, 10, [](Integer n) { return n <= 10; });
+                     const bool low = v.value_or(0) <= 0; if (low) r.rewrite = true;
+                     r.settings.PreviewType(low ? Integer{5} : *v);)},
     HeadRow{"FadeInDuration       = ", KVO_TEXT(FadInVal), KVO_TAKE(fade(r, t, 3.0F, &KVO2::FadInVal);)},
     HeadRow{"FadeOutDuration      = ", KVO_TEXT(FadOutVal), KVO_TAKE(fade(r, t, 5.0F, &KVO2::FadOutVal);)},
     KVO_NUMBER("PreviewCPU           = ", PreviewCPU, 5, [](Integer v) { return v >= 1 && v <= 10; }),

@@ -44,9 +44,29 @@ struct MainWindowState {
   std::string status;     ///< "Loading Clip 5 of 20"
   std::string abortText;  ///< a click on it stops the load; empty while nothing can be stopped
   bool abortClicked = false;
+  bool commandRuns = false;  ///< see CommandPass
 
-  /// True while a load or save is under way and lets events through: nothing else may touch the collection.
-  [[nodiscard]] bool busy() const { return !status.empty(); }
+  /// True while a command is under way and lets events through: nothing else may touch the collection.
+  [[nodiscard]] bool busy() const { return commandRuns || !status.empty(); }
+};
+
+/// The one gate of everything that the user can ask for: a command holds a pass while it runs, and one that
+/// gets none does nothing. Loads, boxes and dialogs let events through, and so may ask for a second command.
+class CommandPass {
+ public:
+  explicit CommandPass(MainWindowState& window) : window_(window), given_(!window.busy()) {
+    if (given_) window_.commandRuns = true;
+  }
+  CommandPass(const CommandPass&) = delete;
+  CommandPass& operator=(const CommandPass&) = delete;
+  ~CommandPass() {
+    if (given_) window_.commandRuns = false;
+  }
+  explicit operator bool() const { return given_; }
+
+ private:
+  MainWindowState& window_;
+  const bool given_;
 };
 
 }  // namespace kvo

@@ -4,22 +4,25 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kvo {
 
-/// A row of a section, both sides trimmed. The views live as long as the reader's text.
+/// A row of a section. The views live as long as the reader.
 struct SectionRow {
-  std::string_view key;
-  std::string_view value;
-  std::string_view wholeLine;  ///< as `value`, but on past a comma to the end of the line
+  std::string_view key;    ///< trimmed
+  std::string_view value;  ///< trimmed, in UTF-8
+  /// What stands behind "= " as it is in the file: to the end of its line, not trimmed, in whatever encoding.
+  std::string_view bytes;
 };
 
 class SectionReader {
  public:
-  explicit SectionReader(std::string text) : text_(std::move(text)) {}
+  /// `bytes` as they stand in the file: each line that is no UTF-8 is read as Windows-1252.
+  explicit SectionReader(std::string bytes);
   SectionReader(const SectionReader&) = delete;
   SectionReader& operator=(const SectionReader&) = delete;
 
@@ -28,18 +31,30 @@ class SectionReader {
   /// sections; 0 searches from the top and forgets the place.
   bool GetSection(std::string_view name, std::vector<SectionRow>& rows, int keepOpen);
 
+  /// How many headings of the form [before + number + behind] the file holds.
+  [[nodiscard]] int countSections(std::string_view before, std::string_view behind = {}) const;
+
+  /// True when a section that was read held text which made no row: behind a comma, or behind a bracket that
+  /// ended it early.
+  [[nodiscard]] bool droppedText() const { return droppedText_; }
+
  private:
   struct Item {
     std::string_view text;
-    std::string_view toLineEnd;
+    std::string_view toLineEnd;  // not trimmed at its end
     bool isEmptyLine = false;
+    bool isRest = false;  // another item stood ahead of it in its line
   };
   bool nextItem(Item& item);
+  std::string_view inUtf8(std::string_view text);
 
   std::string text_;
+  bool isUtf8_ = true;
+  std::deque<std::string> decoded_;  // values of lines that are no UTF-8
   std::size_t at_ = 0;
   bool open_ = false;
   bool insideLine_ = false;  // items of the current line were read already
+  bool droppedText_ = false;
 };
 
 }  // namespace kvo

@@ -22,11 +22,12 @@ bool endsWith(std::string_view text, std::string_view end) {
   return text.size() >= end.size() && sameText(text.substr(text.size() - end.size()), end);
 }
 
-bool isAddress(std::string_view text) { return text.find("://") != std::string_view::npos; }
-
 }  // namespace
 
-StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files) {
+bool namesCollection(std::string_view path) { return endsWith(path, ".INI") || endsWith(path, ".KVO"); }
+
+StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
+                              const std::string& workingFolder) {
   StartCommand command;
   for (const auto& raw : arguments) {
     if (const auto word = switchIn(trimmed(raw), files); !word.empty()) {
@@ -34,12 +35,14 @@ StartCommand readStartCommand(const std::vector<std::string>& arguments, const F
       command.hundredPercent |= word == "/HUNPCT";
       continue;
     }
-    const bool thereOrTrusted = isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(raw);
-    if (raw.empty() || !thereOrTrusted) continue;
-    if (endsWith(raw, ".INI") || endsWith(raw, ".KVO")) {
-      command.collection = raw;
+    if (raw.empty()) continue;
+    auto name = absoluteName(raw, workingFolder);
+    const bool thereOrTrusted = isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(name);
+    if (!thereOrTrusted) continue;
+    if (namesCollection(name)) {
+      command.collection = std::move(name);
     } else {
-      command.clips.push_back(raw);
+      command.clips.push_back(std::move(name));
     }
   }
   return command;
@@ -49,10 +52,11 @@ std::string handoverText(const std::vector<std::string>& arguments, const std::s
                          const Files& files) {
   std::string text;
   for (const auto& argument : arguments) {
-    const auto word = std::string(trimmed(argument));
-    const bool isRelative =
-        !word.empty() && word.front() != kSeparator && !isAddress(word) && files.exists(argument);
-    text.append(text.empty() ? "" : "\n").append(isRelative ? withSeparator(workingFolder) + argument : word);
+    const auto word = trimmed(argument);
+    if (word.empty()) continue;
+    const auto name = absoluteName(argument, workingFolder);
+    const bool isWord = !switchIn(word, files).empty() || (word == kRemovePreview && !files.exists(name));
+    text.append(text.empty() ? "" : "\n").append(isWord ? word : name);
   }
   return text;
 }

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kvo {
@@ -15,9 +16,17 @@ struct StartCommand {
   std::vector<std::string> clips;  ///< files and addresses to show, in order
 };
 
+/// The text that takes the previews of the converter tool out of the list again.
+inline constexpr std::string_view kRemovePreview = "KILLSQUASHPREV";
+
+/// True for the name of a collection: it ends in ".INI" or ".KVO".
+bool namesCollection(std::string_view path);
+
 /// Switches stand anywhere, in any case; unknown ones are ignored. A file that is not there is dropped,
 /// unless its name holds a blank. What ends in ".INI" or ".KVO" is the collection to read.
-StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files);
+/// Names begin at `workingFolder`.
+StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
+                              const std::string& workingFolder = {});
 
 /// The command line as one text for the copy that runs already: a line for each argument, files by their full
 /// path from `workingFolder` on.

@@ -19,7 +19,7 @@ constexpr std::array<std::string_view, 6> kWorkFiles = {"\\KVOSamp.xtl", "\\KVOR
 constexpr std::array<Long, 12> kUpgradeCounts = {4, 12, 20, 40, 60, 80, 100, 120, 150, 200, 400, 500};
 constexpr std::array<std::string_view, 8> kSoundKinds = {"CDA", "MP2", "MP3", "WAV",
                                                          "WMA", "WAX", "AU",  "MID"};
-constexpr std::string_view kRemovePreview = "KILLSQUASHPREV";
+constexpr std::string_view kNoFolder = "C:\\";  // as a collection file has it ahead of the first addition
 
 std::string joined(std::initializer_list<int> numbers) {
   std::string text;
@@ -36,7 +36,7 @@ std::vector<std::string> linesOf(std::string_view text) {
   std::vector<std::string> lines;
   while (!text.empty()) {
     const auto end = std::min(text.find('\n'), text.size());
-    if (const auto line = trimmed(text.substr(0, end)); !line.empty()) lines.emplace_back(line);
+    if (const auto line = text.substr(0, end); !trimmed(line).empty()) lines.emplace_back(line);
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return lines;
@@ -54,7 +54,9 @@ StartUp::StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Colle
       intake_(intake),
       window_(window),
       introEnder_(ports.loop.timer([this] { introTick(); })),
-      timer6_(ports.loop.timer([this] { readMailbox(); })) {}
+      timer6_(ports.loop.timer([this] { readMailbox(); })) {
+  commands_.beforeEach([this] { leaveIntro(); });
+}
 
 StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::string& workingFolder) {
   window_.NoMediaPrompt = LoadResString(491);
@@ -62,13 +64,15 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
     ports_.handover.send(handoverText(arguments, workingFolder, ports_.files));
     return StartEnd::HandedOver;
   }
-  const auto command = readStartCommand(arguments, ports_.files);
+  workingFolder_ = workingFolder;
+  const auto command = readStartCommand(arguments, ports_.files, workingFolder);
   startupFiles_ = command.clips;
   collection_.IniName = "KVO5.INI";
   collection_.IniFullPath = ports_.folder.beside("\\KVO5.INI");
   settings_.attach(&ports_.store);
   const auto end = file_.ReadINI(command.collection).end;
-  if (end == ReadEnd::NotReadable || end == ReadEnd::NotValid) return StartEnd::Failed;
+  if (end == ReadEnd::NotReadable || end == ReadEnd::NotValid || end == ReadEnd::TooManyClips)
+    return StartEnd::Failed;
   deleteWorkFiles();
   askAboutUpgrades();
   ports_.store.write("InstallDir", quoted(ports_.folder.path()));
@@ -76,17 +80,13 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
     collection_.IniName = fileNamePart(command.collection);
     collection_.IniFullPath = command.collection;
   }
+  if (end != ReadEnd::Done) collection_.becomeUntitled(ports_.folder);  // it is not the whole of that file
   checkScreen();
 
   ClearDirtyFlags(collection_, settings_);
   startingUp_ = true;
   loadWindow();
   fillClipList(window_, collection_);
-  if (!startupFiles_.empty()) {
-    savedStartupVid_ = settings_.DefaultStartupVid();
-    settings_.DefaultStartupVid(startupFiles_.front());
-    settings_.IsDirty(false);
-  }
   const bool anyClips = !collection_.MovieList.empty();
   if (anyClips && (command.fullScreen || command.hundredPercent)) {
     window_.fullScreen = true;
@@ -94,7 +94,7 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
     startingUp_ = false;
     showCollection(window_, collection_);
     PreviewMovie(window_, collection_, 1);
-  } else if (settings_.DefaultStartupVid().empty()) {
+  } else if (startupFiles_.empty() && settings_.DefaultStartupVid().empty()) {
     introRunning_ = false;
     showFirstClip();
   } else {
@@ -149,7 +149,7 @@ void StartUp::loadWindow() {
   settings_.ToolTipsOn(kFlagOn);
   settings_.HideKVOOnWebshow(true);
   settings_.DefZoom(std::string(trimmed(settings_.DefZoom())));
-  if (settings_.SkinPath().empty() || settings_.SkinPath().size() == 128) settings_.SkinPath("Def");
+  if (settings_.SkinPath().empty() || characterCount(settings_.SkinPath()) == 128) settings_.SkinPath("Def");
   if (settings_.SliderSpeed() < 50) settings_.SliderSpeed(450);
   settings_.IsDirty(false);
   window_.listMenuEnabled = !collection_.MovieList.empty();
@@ -181,28 +181,44 @@ void StartUp::ShowStartupVid() {
     for (const auto& file : startupFiles_) added |= intake_.AddMoviesm(file);
   } else {
     window_.controlsEnabled = false;
-    added = intake_.AddMoviesm(ports_.folder.beside(settings_.DefaultStartupVid()));
+    added = addIntro();
     if (settings_.NoofUses() == 1) {
       settings_.AllDetOff(false);
       window_.detailsVisible = true;
     }
   }
   const auto& clips = collection_.MovieList;
-  if (!added || clips.empty() || isSound(clips[clips.count()])) return showFirstClip();
+  if (!added || clips.empty() || (isNamed && isSound(clips[clips.count()]))) return showFirstClip();
   introRunning_ = !clips[clips.count()].IsStill();  // a still has no end to wait for
   introEnder_->start(kIntroInterval);
 }
 
+// The intro is a guest: it changes nothing of what the user has.
+bool StartUp::addIntro() {
+  const auto name = settings_.DefaultStartupVid();
+  const auto lastFolder = settings_.LoadFrom();
+  const bool added = intake_.AddMoviesm(isAddress(name) ? name : ports_.folder.beside(name));
+  settings_.LoadFrom(lastFolder);
+  settings_.IsDirty(false);
+  if (added) intro_ = &collection_.MovieList[collection_.MovieList.count()];
+  return added;
+}
+
 void StartUp::introTick() {
-  if (introRunning_) return;
+  if (!introRunning_ && !window_.busy()) leaveIntro();
+}
+
+// Takes the intro out again, by whatever road it ends; of a clip that ran in its place only the running ends.
+void StartUp::leaveIntro() {
+  introRunning_ = false;
+  if (!introEnder_->running()) return;
   introEnder_->stop();
-  if (startupFiles_.empty()) {
-    // The intro itself does not stay.
-    collection_.MovieList.remove(collection_.MovieList.count());
+  if (intro_ != nullptr) {
+    const bool wasDirty = settings_.IsDirty();
+    collection_.MovieList.removeIf([this](const Movie& clip) { return &clip == intro_; });
+    intro_ = nullptr;
     settings_.DefaultStartupVid("");
-    settings_.IsDirty(false);
-  } else {
-    settings_.DefaultStartupVid(savedStartupVid_);
+    settings_.IsDirty(wasDirty);
   }
   fillClipList(window_, collection_);
   showFirstClip();
@@ -214,8 +230,7 @@ void StartUp::readMailbox() {
 }
 
 void StartUp::takeHandover(const std::string& text) {
-  introEnder_->stop();
-  introRunning_ = false;
+  leaveIntro();
   if (trimmed(text) == kRemovePreview) {
     collection_.MovieList.removeIf(
         [](const Movie& clip) { return sameText(clip.MovieName(), "PREVIEW.WMV"); });
@@ -223,21 +238,47 @@ void StartUp::takeHandover(const std::string& text) {
     return showCollection(window_, collection_);
   }
   window_.visible = window_.raise = true;
-  const auto command = readStartCommand(linesOf(replaced(text, "\"", "")), ports_.files);
-  if (!command.collection.empty()) {
-    if (commands_.mayLeaveChanges(LoadResString(345))) commands_.openFile(command.collection);
-    return;
+  auto lines = linesOf(text);
+  for (auto& line : lines) {
+    if (!ports_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
   }
-  bool added = false;
-  for (const auto& clip : command.clips) added |= intake_.AddMoviesm(clip);
-  if (!added) return;
-  showCollection(window_, collection_);
+  if (!take(readStartCommand(lines, ports_.files, workingFolder_))) return;
   window_.pauseButton = "PAUSEOFF";
   window_.playButton = "PLAYON";
 }
 
+void StartUp::takeFiles(const std::vector<std::string>& paths) {
+  StartCommand command;
+  for (const auto& path : paths) {
+    if (namesCollection(path)) {
+      command.collection = path;
+    } else {
+      command.clips.push_back(path);
+    }
+  }
+  take(command);
+}
+
+// True when a clip was added.
+bool StartUp::take(const StartCommand& command) {
+  if (!command.collection.empty() && !commands_.openNamed(command.collection)) return false;
+  const CommandPass pass(window_);
+  if (!pass || command.clips.empty()) return false;
+  leaveIntro();
+  bool added = false;
+  for (const auto& clip : command.clips) added |= intake_.AddMoviesm(clip);
+  showCollection(window_, collection_);
+  return added;
+}
+
 bool StartUp::exit() {
-  introEnder_->stop();
+  if (ended_) return true;
+  const CommandPass pass(window_);
+  if (!pass) {
+    window_.abortClicked = true;
+    return false;
+  }
+  leaveIntro();
   deleteWorkFiles();
   window_.playerParked = true;
   ports_.loop.yield();
@@ -250,7 +291,13 @@ bool StartUp::exit() {
   }
   timer6_->stop();
   window_.visible = false;
+  ended_ = true;
   return true;
+}
+
+std::string mediaFolder(const KVO2& settings, const Desktop& desktop) {
+  const auto& last = settings.LoadFrom();
+  return last.empty() || last == kNoFolder ? desktop.videosFolder() : last;
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {

@@ -44,7 +44,12 @@ class StartUp {
   [[nodiscard]] bool IntroRunning() const { return introRunning_; }
   [[nodiscard]] bool StartingUp() const { return startingUp_; }
 
-  /// Ends the program's work and asks about unsaved changes. False on Cancel: the program goes on.
+  /// Files that the user drops or chooses: a collection takes the place of the one that is open, unsaved
+  /// changes being asked about; everything else is added.
+  void takeFiles(const std::vector<std::string>& paths);
+
+  /// Ends the program's work and asks about unsaved changes. False on Cancel, and while another command is
+  /// under way, which is asked to stop: the program goes on.
   bool exit();
 
  private:
@@ -53,9 +58,12 @@ class StartUp {
   void checkScreen();
   void showFirstClip();
   void ShowStartupVid();
+  bool addIntro();
   void introTick();
+  void leaveIntro();
   void readMailbox();
   void takeHandover(const std::string& text);
+  bool take(const StartCommand& command);
   void deleteWorkFiles();
 
   Ports ports_;
@@ -66,13 +74,19 @@ class StartUp {
   ClipIntake& intake_;
   MainWindowState& window_;
 
-  std::vector<std::string> startupFiles_;  // named on the command line
-  std::string savedStartupVid_;            // DefaultStartupVid while a named clip runs in its place
+  std::string workingFolder_;
+  std::vector<std::string> startupFiles_;  // named on the command line; they run in place of the intro
+  const Movie* intro_ = nullptr;           // the clip of DefaultStartupVid while it is in the list
   bool introRunning_ = false;
   bool startingUp_ = true;
+  bool ended_ = false;
   std::unique_ptr<Timer> introEnder_;
   std::unique_ptr<Timer> timer6_;
 };
+
+/// Where the dialog that adds media starts: the folder of the last addition, or the user's videos ahead of
+/// the first.
+std::string mediaFolder(const KVO2& settings, const Desktop& desktop);
 
 /// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
 /// ticks that follow from them.

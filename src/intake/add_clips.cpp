@@ -40,6 +40,12 @@ void takeFacts(Movie& clip, const StreamFacts& facts, bool hasPicture) {
 }  // namespace
 
 bool AddClips::AddMoviesm(const std::string& text) {
+  if (collection_.MovieList.count() >= kMaxClips) {
+    ports_.boxes.show({std::string(LoadResString(398)),
+                       "A collection holds at most " + std::to_string(kMaxClips) + " clips.", BoxButtons::Ok,
+                       BoxIcon::Warning});
+    return false;
+  }
   const bool isAddress = text.find("://") != std::string::npos;
   const auto facts = isAddress ? Result<StreamFacts>(Error{"streams cannot be played yet: " + text})
                                : ports_.streams.facts(text);

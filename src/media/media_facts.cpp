@@ -52,6 +52,9 @@ Result<StreamFacts> readFacts(const std::string& path) {
   const int audio = av_find_best_stream(&format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
   facts.hasAudio = audio >= 0;
   if (audio >= 0) facts.sampleRate = format.streams[audio]->codecpar->sample_rate;
+  // A file may be taken for sound by its name alone, and hold none.
+  if (video < 0 && facts.sampleRate == 0)
+    return Error{"cannot open " + path + ": it is no media file, or damaged"};
   facts.duration = containerLength(format);
   if (video >= 0) {
     const auto& stream = *format.streams[video];

@@ -20,6 +20,8 @@ class Desktop {
   virtual ~Desktop() = default;
 
   [[nodiscard]] virtual ScreenFacts screen() const = 0;
+  /// The user's folder for videos; empty when there is none.
+  [[nodiscard]] virtual std::string videosFolder() const { return {}; }
   /// Shows a web address in the user's browser. False when there is none.
   virtual bool openPage(const std::string& address) = 0;
 };

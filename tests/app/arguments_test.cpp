@@ -54,6 +54,12 @@ TEST(CommandLine, TakesItsCommands) {
   EXPECT_FALSE(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "11"}));
   EXPECT_EQ(readCommandLine({"--version"})->task, Task::Version);
 
+  EXPECT_EQ(*readCommandLine({"--render", "c.INI", "--output", "o.avi", "--rate", "2"})->rate, 2);
+  EXPECT_NE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--rate", "1"})
+                .error()
+                .text.find("2 to 240"),
+            std::string::npos);
+
   const Words wrong[] = {{"--nonsense"},
                          {"--render"},
                          {"--render", "c.INI"},
@@ -63,6 +69,8 @@ TEST(CommandLine, TakesItsCommands) {
                          {"--render", "c.INI", "--output", "o.avi", "--size", "1x1"},
                          {"--render", "c.INI", "--output", "o.avi", "--size", "20000x20000"},
                          {"--render", "c.INI", "--output", "o.avi", "--rate", "0"},
+                         {"--render", "c.INI", "--output", "o.avi", "--rate", "0.1"},
+                         {"--render", "c.INI", "--output", "o.avi", "--rate", "1.99"},
                          {"--render", "c.INI", "--output", "o.avi", "--rate", "1,5"},
                          {"--render", "c.INI", "--output", "o.avi", "--colour", "x"},
                          {"--check"},

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -98,26 +99,25 @@ TEST_F(Program, PlaysThroughFilesOfAnyName) {
   for (const std::string name :
        {"with blanks .avi", "it's \"quoted\".avi", "a&b<c>.avi", "$(touch pwned).avi", "`touch pwned`.avi",
         "-dash.avi", "%s%n.avi", "\xC3\xBC\xE6\x97\xA5.avi", "semi;colon, comma.avi", "br[ack]et.avi",
-        "hash#?.avi"}) {
+        "hash#?.avi", "inv\xFF.avi", " blank ahead.avi", "no full [stop], here"}) {
     std::filesystem::copy(video_, work_ / name);
     const auto path = collection("odd.INI", {work_ / name});
-    const auto end = kvo5({"--render", path, "--output", work_ / ("to " + name)});
+    const auto output = work_ / ("to " + name + ".avi");
+    const auto end = kvo5({"--render", path, "--output", output});
     EXPECT_EQ(end.exitCode, 0) << name << ": " << end.err;
-    EXPECT_TRUE(std::filesystem::exists(work_ / ("to " + name)));
+    EXPECT_TRUE(std::filesystem::exists(output));
   }
   const auto names = work_.names();
   EXPECT_EQ(std::count(names.begin(), names.end(), "pwned"), 0);
-  // A name that is no UTF-8 cannot stand in a collection.
-  std::filesystem::copy(video_, work_ / "inv\xFF.avi");
-  const auto end =
-      kvo5({"--render", collection("inv.INI", {work_ / "inv\xFF.avi"}), "--output", work_ / "o.avi"});
-  EXPECT_EQ(end.exitCode, 1);
-  EXPECT_NE(end.err.find("missing"), std::string::npos) << end.err;
 }
 
 TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   std::ofstream(work_ / "text.INI") << "this is no collection\r\n";
   std::ofstream(work_ / "empty.avi");
+  std::mt19937 noise(3);
+  std::ofstream random(work_ / "random.mp3", std::ios::binary);
+  for (int i = 0; i < 200000; ++i) random.put(static_cast<char>(noise()));
+  random.close();
   std::ofstream(work_ / "huge.ppm") << "P6\n20000 20000\n255\n";
   const auto good = collection("good.INI", {video_});
   const auto o = work_ / "o.avi";
@@ -133,6 +133,10 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", collection("1.INI", {}), "--output", o}, 1, "no clips"},
       {{"--render", collection("2.INI", {work_ / "gone.avi"}), "--output", o}, 1, "gone.avi"},
       {{"--render", collection("3.INI", {work_ / "empty.avi"}), "--output", o}, 1, "empty.avi"},
+      {{"--render", collection("6.INI", {work_ / "random.mp3"}), "--output", o},
+       1,
+       "random.mp3: it is no media file, or damaged"},
+      {{"--render", good, "--output", o, "--rate", "0.4"}, 2, "2 to 240"},
       {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
       {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi"},
       {{"--render", good, "--output", work_ / "o.mov"}, 1, "o.mov"},
@@ -382,6 +386,51 @@ TEST_F(Program, WritesTheDocumentAlone) {
   const auto pictures = test::picturesOf(work_ / "s.avi", 64, 48);
   ASSERT_EQ(pictures.size(), 20U);
   EXPECT_EQ(test::frameNumber(pictures[0]), 10);
+}
+
+TEST_F(Program, AProgramFolderThatCannotBeWrittenIsNoObstacle) {
+  const auto path = collection("c.INI", {video_});
+  ::setenv("KVO5_HOME", "/proc", 1);  // where nobody can make a file
+  const auto check = kvo5({"--check", path});
+  EXPECT_EQ(check.exitCode, 0) << check.err;
+  EXPECT_EQ(check.err, "");
+  const auto render = kvo5({"--render", path, "--output", work_ / "o.avi"});
+  EXPECT_EQ(render.exitCode, 0) << render.err;
+}
+
+TEST_F(Program, OutputThatCannotBeWrittenIsAFailure) {
+  const auto path = collection("c.INI", {video_});
+  for (const std::string words :
+       {"--help", "--version", "--check \"$1\"", "--render \"$1\" --output \"$2\""}) {
+    const auto end = test::runProgram(
+        {"bash", "-c", "exec \"$0\" " + words + " > /dev/full", KVO_PROGRAMS "/kvo5", path, work_ / "o.avi"});
+    EXPECT_EQ(end.exitCode, 1) << words;
+    EXPECT_NE(end.err.find("cannot write the output"), std::string::npos) << words << ": " << end.err;
+  }
+}
+
+TEST_F(Program, WithoutAHomeNothingIsMadeInTheWorkingFolder) {
+  const auto path = collection("c.INI", {video_});
+  const auto here = work_ / "here";
+  std::filesystem::create_directory(here);
+  const auto end =
+      test::runProgram({"bash", "-c",
+                        "cd \"$2\" && unset KVO5_HOME HOME XDG_DATA_HOME && export XDG_DATA_HOME=rel && "
+                        "exec \"$0\" --check \"$1\"",
+                        KVO_PROGRAMS "/kvo5", path, here});
+  EXPECT_EQ(end.exitCode, 0) << end.err;
+  EXPECT_TRUE(std::filesystem::is_empty(here));
+}
+
+TEST_F(Program, NoMessageNamesATemporaryFile) {
+  const auto path = collection("c.INI", {video_});
+  ASSERT_EQ(kvo5({"--check", path}).exitCode, 0);
+  const auto end = test::runProgram({"bash", "-c",
+                                     "trap '' XFSZ; ulimit -f 0; exec \"$0\" --render \"$1\" --output \"$2\"",
+                                     KVO_PROGRAMS "/kvo5", path, work_ / "o.avi"});
+  EXPECT_EQ(end.exitCode, 1);
+  EXPECT_NE(end.err.find("File too large"), std::string::npos) << end.err;
+  EXPECT_EQ(end.err.find("kvo5-"), std::string::npos) << end.err;
 }
 
 TEST_F(Program, TellsItsHelpAndVersion) {

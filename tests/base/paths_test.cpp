@@ -17,6 +17,10 @@ TEST(ProgramFolder, IsFoundByEnvironment) {
   EXPECT_EQ(find(), "/data/KVO5");
   variables["KVO5_HOME"] = "/kvo/";
   EXPECT_EQ(find(), "/kvo");
+  for (const auto* home : {"", "relative"}) {
+    variables = {{"HOME", home}};
+    EXPECT_EQ(find().front(), '/') << "never below the working folder";
+  }
 }
 
 TEST(Paths, TakeNamesApart) {

@@ -18,12 +18,15 @@ TEST(Text, BytesThatAreNotUtf8AreWindows1252) {
   EXPECT_EQ(textFromBytes("caf\xE9 \x80"), "caf\xC3\xA9 \xE2\x82\xAC");
   EXPECT_EQ(textFromBytes("caf\xC3\xA9"), "caf\xC3\xA9");
   EXPECT_EQ(textFromBytes("\xEF\xBB\xBF[KVO]"), "[KVO]");
+  // Line by line: one that is no UTF-8 spoils no other.
+  EXPECT_EQ(textFromBytes("\xC3\xA9\r\ncaf\xE9\r\n\xC3\xA9"), "\xC3\xA9\r\ncaf\xC3\xA9\r\n\xC3\xA9");
   for (const auto* bad : {"\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82"})
     EXPECT_FALSE(isUtf8(bad));
 }
 
 TEST(Text, CutsBetweenCharacters) {
-  EXPECT_EQ(cutTo("a\xC3\xA9z", 2), "a");
+  EXPECT_EQ(cutTo("a\xC3\xA9z", 2), "a\xC3\xA9") << "characters are counted, not bytes";
+  EXPECT_EQ(cutTo("\xE6\x97\xA5\xE6\x97\xA5", 1), "\xE6\x97\xA5");
   EXPECT_EQ(cutTo("abc", 20), "abc");
   EXPECT_EQ(replaced("a--b-", "-", ""), "ab");
   EXPECT_TRUE(holdsText("44.1 Khz", "KHZ"));

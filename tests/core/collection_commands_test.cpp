@@ -52,6 +52,94 @@ TEST(CollectionCommands, OpenShowsHowFarItIsAndCanBeStopped) {
   EXPECT_EQ(b.window.status + b.window.abortText, "");
   EXPECT_EQ(b.files.all["/c/big.Ini"], before) << "what was not read is not lost";
   EXPECT_TRUE(isDirty(b.collection, b.settings)) << "and is asked about before anything replaces it";
+  EXPECT_EQ(b.collection.IniName, "Untitled.INI") << "and a save does not offer the whole file's name";
+  EXPECT_EQ(b.collection.IniFullPath, "/prog/Untitled.INI");
+}
+
+TEST(CollectionCommands, ALoadThatTheUserTookBackDoesNotBearTheFilesName) {
+  ProgramBench b;
+  b.saveCollection("/prog/KVO5.INI", {"a.avi", "gone.avi"});
+  b.saveCollection("/c/Trip.INI", {"a.avi", "gone.avi"});
+  b.files.all.erase("/v/gone.avi");
+  b.boxes.answers = {Answer::Cancel};
+  b.startUp.run({}, "/");
+  EXPECT_EQ(b.collection.IniName, "Untitled.INI");
+  b.boxes.answers = {Answer::Cancel};
+  b.commands.openFile("/c/Trip.INI");
+  EXPECT_EQ(b.collection.IniName, "Untitled.INI");
+}
+
+TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
+  ProgramBench b;
+  b.saveCollection("/prog/KVO5.INI", {"a.avi"});
+  b.saveCollection("/c/other.INI", {"o.avi"});
+  b.startUp.run({}, "/");
+  std::vector<std::string> names;
+  for (int i = 1; i <= 20; ++i) names.push_back("c" + std::to_string(i) + ".avi");
+  b.saveCollection("/c/big.INI", names);
+  int tried = 0;
+  const auto tryAll = [&] {
+    if (b.dialogs.asked.size() > 20 || ++tried > 20) return;  // an open gate would go on without end
+    const auto count = b.collection.MovieList.count();
+    const auto boxes = b.boxes.shown.size();
+    const auto dialogs = b.dialogs.asked.size();
+    b.dialogs.answers = {"/c/other.INI", "/c/other.INI"};
+    EXPECT_FALSE(b.commands.New());
+    EXPECT_FALSE(b.commands.Open());
+    EXPECT_FALSE(b.commands.Save());
+    EXPECT_FALSE(b.commands.openFile("/c/other.INI"));
+    EXPECT_FALSE(b.startUp.exit());
+    b.window.abortClicked = false;
+    b.handover.mailbox = "/v/a.avi";
+    b.loop.advance(200);
+    b.handover.mailbox.reset();
+    EXPECT_EQ(b.collection.MovieList.count(), count);
+    EXPECT_EQ(b.boxes.shown.size(), boxes);
+    EXPECT_EQ(b.dialogs.asked.size(), dialogs);
+    b.dialogs.answers.clear();
+  };
+  b.loop.onYield = tryAll;
+  EXPECT_TRUE(b.commands.openFile("/c/big.INI"));
+  EXPECT_EQ(b.collection.MovieList.count(), 20);
+  EXPECT_GT(std::exchange(tried, 0), 3) << "a load";
+
+  b.loop.onYield = [] {};
+  b.dialogs.answers = {"/c/copy.INI"};
+  b.loop.onYield = [&, done = false]() mutable {
+    if (!std::exchange(done, true)) tryAll();
+  };
+  EXPECT_TRUE(b.commands.Save());
+  EXPECT_EQ(std::exchange(tried, 0), 1) << "a save";
+
+  // A box is open: the question of New, and that of Exit.
+  b.loop.onYield = [] {};
+  for (const bool exits : {false, true}) {
+    b.collection.MovieList[1].IsDirty(true);
+    b.boxes.answers = {Answer::Cancel};
+    b.boxes.whileShown = [&, done = false]() mutable {
+      if (!std::exchange(done, true)) tryAll();
+    };
+    EXPECT_FALSE(exits ? b.startUp.exit() : b.commands.New());
+    EXPECT_EQ(std::exchange(tried, 0), 1);
+  }
+  EXPECT_TRUE(b.commands.openFile("/c/other.INI")) << "and the gate is open again";
+}
+
+TEST(CollectionCommands, SaveAsksBeforeANameWithoutExtensionReplacesAFile) {
+  for (const auto answer : {Answer::No, Answer::Yes}) {
+    ProgramBench b;
+    b.saveCollection("/prog/KVO5.INI", {"a.avi"});
+    b.startUp.run({}, "/");
+    b.files.all["/c/Mine.INI"] = "what stands there";
+    b.dialogs.answers = {"/c/Mine"};
+    b.boxes.answers = {answer};
+    EXPECT_EQ(b.commands.Save(), answer == Answer::Yes);
+    ASSERT_EQ(b.boxes.shown.size(), 1U);
+    EXPECT_NE(b.boxes.shown[0].text.find("Mine.INI"), std::string::npos);
+    EXPECT_EQ(b.boxes.shown[0].buttons, BoxButtons::YesNo);
+    EXPECT_EQ(b.files.all["/c/Mine.INI"] == "what stands there", answer == Answer::No);
+    EXPECT_EQ(b.collection.IniName, answer == Answer::No ? "KVO5.INI" : "Mine.INI");
+  }
 }
 
 TEST(CollectionCommands, SaveTakesTheNameAndTellsOfFailure) {
@@ -112,6 +200,10 @@ TEST(ClipList, NamesClipsAndCutsItsCaption) {
   Collection collection;
   collection.IniName = std::string(60, 'n') + ".INI";
   EXPECT_EQ(listCaption(collection).size(), 50U);
+  std::string name;
+  for (int i = 0; i < 60; ++i) name += "\xE6\x97\xA5";
+  collection.IniName = name + ".INI";
+  EXPECT_EQ(listCaption(collection), name.substr(0, 150)) << "50 characters, not bytes";
 }
 
 }  // namespace

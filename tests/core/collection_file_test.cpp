@@ -188,6 +188,209 @@ TEST(CollectionFile, ClipRowsHaveTheirOwnRules) {
   }
 }
 
+TEST(CollectionFile, NumbersBeyondTheirTypeFollowTheLimits) {
+  const auto text = savedText();
+  struct Row {
+    const char* key;
+    const char* value;
+    std::string (*read)(const KVO2&);
+    const char* becomes;
+  };
+#define FIELD(Name) [](const KVO2& s) { return fieldText(s.Name()); }
+  const Row rows[] = {
+      {"OutputResolution     = ", "70000", FIELD(OutputResolution), "8"},
+      {"OutputResolution     = ", "32768", FIELD(OutputResolution), "8"},
+      {"OutputColorDepth     = ", "65552", FIELD(OutputColorDepth), "24"},
+      {"PreviewType          = ", "65546", FIELD(PreviewType), "10"},
+      {"PreviewType          = ", "-70000", FIELD(PreviewType), "5"},
+      {"PreviewCPU           = ", "100000", FIELD(PreviewCPU), "5"},
+      {"PreviewCPU           = ", "-100000", FIELD(PreviewCPU), "5"},
+      {"MaxParticles         = ", "70000", FIELD(MaxParticles), "64"},
+      {"Keyframes            = ", "3000000000", FIELD(KeyframeCount), "0"},
+      {"OutputFrameRate      = ", "-1E+60", FIELD(OutPutFrameRate), "24"},
+      {"FadeInDuration       = ", "-1E+60", FIELD(FadInVal), "0.2"},
+      {"MoviesInGroup        = ", "-70000", FIELD(MoviesInGroup), "-1"},
+      // No limit is given for it, so what does not convert leaves it alone.
+      {"WheelTripPlay        = ", "70000", FIELD(WheelTripPlay), "3"},
+  };
+#undef FIELD
+  for (const auto& row : rows) {
+    Bench b;
+    b.settings.OutputResolution(3);
+    b.settings.PreviewType(3);
+    b.settings.PreviewCPU(3);
+    b.settings.MaxParticles(3);
+    b.settings.OutPutFrameRate(3);
+    b.settings.FadInVal(3);
+    b.settings.MoviesInGroup(3);
+    b.settings.WheelTripPlay(3);
+    load(b, withRow(text, row.key, row.value), {.mayRewrite = false});
+    EXPECT_EQ(row.read(b.settings), row.becomes) << row.key << row.value;
+  }
+}
+
+TEST(CollectionFile, MoreClipsThanTheHeadCanCountAreRefusedInWords) {
+  constexpr int kClips = 32768;
+  auto text = savedText([](Bench& b) { b.collection.MovieList.clear(); });
+  for (int i = 1; i <= kClips; ++i) {
+    text += "[Movie" + std::to_string(i) + "Main]\r\nMovieName = a.avi\r\nPath = /v/\r\n\r\n\r\n";
+  }
+  text = withRow(text, "MoviesInGroup        = ", std::to_string(kClips));
+  Bench b;
+  load(b, text);
+  ASSERT_FALSE(b.boxes.shown.empty());
+  EXPECT_NE(b.boxes.shown[0].text.find("32767"), std::string::npos) << b.boxes.shown[0].text;
+  EXPECT_EQ(b.files.all["/col/t.INI"], text);
+
+  Bench full;
+  for (int i = 0; i < kClips; ++i) full.collection.MovieList.add({});
+  EXPECT_FALSE(full.file.WriteINI("/col", "t.INI", false));
+  EXPECT_FALSE(full.files.exists("/col/t.INI"));
+  ASSERT_FALSE(full.boxes.shown.empty());
+  EXPECT_NE(full.boxes.shown[0].text.find("32767"), std::string::npos) << full.boxes.shown[0].text;
+}
+
+TEST(CollectionFile, ALineInAnotherEncodingSpoilsNoOther) {
+  const auto text = savedText([](Bench& b) {
+    b.collection.MovieList[1].Notes(Value("\xC3\xBC"));
+    b.addVideo("inv\xFF.avi", 0, 5, "/d\xE9/");
+    b.addVideo("\xE6\x97\xA5.avi", 0, 5);
+    b.collection.MovieList[3].SrcPath("/s\xFE/");
+    b.collection.MovieList[3].SrcName("over\xFE.avi");
+  });
+  Bench b;
+  for (const auto* there : {"/d\xE9/inv\xFF.avi", "/v/\xE6\x97\xA5.avi", "/s\xFE/over\xFE.avi"}) {
+    b.files.all[there] = "x";
+  }
+  load(b, withRow(text, "AltName         = ", "caf\xE9"));
+  EXPECT_TRUE(b.boxes.shown.empty()) << b.boxes.shown[0].text;
+  ASSERT_EQ(b.collection.MovieList.count(), 3);
+  const auto& clips = b.collection.MovieList;
+  EXPECT_EQ(clips[1].Notes().text(), "\xC3\xBC");
+  EXPECT_EQ(clips[1].AltName(), "caf\xC3\xA9");
+  EXPECT_EQ(clips[2].Path() + clips[2].MovieName(), "/d\xE9/inv\xFF.avi");
+  EXPECT_EQ(clips[3].MovieName(), "\xE6\x97\xA5.avi");
+  EXPECT_EQ(clips[3].SrcPath() + clips[3].SrcName(), "/s\xFE/over\xFE.avi");
+}
+
+TEST(CollectionFile, TextsComeBackAsTheyWereSaved) {
+  struct Row {
+    std::string folder, name, note;
+  };
+  const Row rows[] = {
+      {"/v/", "a.avi", "before, behind"},
+      {"/v/", "a.avi", ",,"},
+      {"/v/", "a.avi", "[Movie1Audio] is the v1.0 heading, [so] it is"},
+      {"/v/", "a.avi", "say \"a\" twice"},
+      {"/v/", "a.avi", "Balance, Size, IsStill"},
+      {"/v/x, y/", "a, b.avi", ""},
+      {"/v/[clips]/", "[a] clip, [b]", ""},
+      {"/v/", "br[ack]et", ""},
+      {"/v/", " blank at both ends ", ""},
+      {"/v/", "\"quoted\", and not.avi", ""},
+      {"/" + std::string(126, 'd') + "/", "a.avi", ""},
+      {"/" + std::string(120, 'd') + "\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC/", "a.avi", ""},
+  };
+  for (const auto& row : rows) {
+    Bench b;
+    auto& clip = b.addVideo(row.name, 0, 5, row.folder);
+    clip.KeyID(42);
+    clip.Notes(Value(row.note));
+    clip.SrcPath(row.folder);
+    clip.SrcName(row.name);
+    clip.RenderAudio(true);
+    b.settings.LoadFrom(row.folder);
+    ASSERT_TRUE(b.file.WriteINI("/col", "t.INI", false));
+    EXPECT_TRUE(b.boxes.shown.empty()) << row.name << row.note << b.boxes.shown[0].text;
+    Bench again;
+    again.files.all = b.files.all;
+    again.file.ReadINI("/col/t.INI", {.mayRewrite = false});
+    ASSERT_EQ(again.collection.MovieList.count(), 1) << row.name;
+    const auto& read = again.collection.MovieList[1];
+    EXPECT_EQ(read.Path(), row.folder);
+    EXPECT_EQ(read.MovieName(), row.name);
+    EXPECT_EQ(read.Notes().text(), row.note);
+    EXPECT_EQ(read.SrcPath() + read.SrcName(), row.folder + row.name);
+    EXPECT_TRUE(read.RenderAudio()) << "the last row is read for " << row.name << row.note;
+    if (row.folder.size() < 126) {
+      EXPECT_EQ(again.settings.LoadFrom(), row.folder);
+    }
+  }
+}
+
+TEST(CollectionFile, ASaveThatCannotKeepATextSaysSoAndKeepsTheFileBefore) {
+  for (const auto* note : {"two\r\nlines", "see [here]", "say \"a\", \"b\"", "My Audio]"}) {
+    Bench b;
+    b.addVideo("a.avi", 0, 5).RenderAudio(true);
+    b.files.all["/col/t.INI"] = "what stood there";
+    b.files.all["/col/t.INI.old"] = "an older one";
+    b.collection.MovieList[1].Notes(Value(note));
+    EXPECT_TRUE(b.file.WriteINI("/col", "t.INI", false));
+    ASSERT_EQ(b.boxes.shown.size(), 1U) << note;
+    EXPECT_NE(b.boxes.shown[0].text.find("t.INI.old2"), std::string::npos) << b.boxes.shown[0].text;
+    EXPECT_EQ(b.files.all["/col/t.INI.old"], "an older one");
+    EXPECT_EQ(b.files.all["/col/t.INI.old2"], "what stood there") << note;
+    Bench again;
+    load(again, b.files.all["/col/t.INI"], {.mayRewrite = false});
+    ASSERT_EQ(again.collection.MovieList.count(), 1);
+    EXPECT_TRUE(again.collection.MovieList[1].RenderAudio()) << "only the note suffers from " << note;
+  }
+}
+
+TEST(CollectionFile, ALossyLoadKeepsACopyEachTime) {
+  const auto text = savedText([](Bench& b) {
+    b.addVideo("b.avi", 0, 1);
+    b.files.all["/v/anim.avi"] = "x";
+    for (int i = 0; i < 2; ++i) {
+      auto& animation = b.collection.AudMovieList.add({});
+      animation.MovieName = "anim.avi";
+      animation.Path = "/v/";
+      b.collection.KeyframeList.add({}).FrameNo = i;
+    }
+  });
+  const auto gone = [&](const std::string& what, const std::string& with) {
+    auto out = text;
+    return out.replace(out.find(what), what.size(), with);
+  };
+  struct Row {
+    const char* what;
+    std::string text;
+  };
+  const Row rows[] = {
+      {"count not numeric", withRow(text, "MoviesInGroup        = ", "two")},
+      {"count too small", withRow(text, "MoviesInGroup        = ", "1")},
+      {"count negative", withRow(text, "MoviesInGroup        = ", "-4")},
+      {"count out of range", withRow(text, "MoviesInGroup        = ", "70000")},
+      {"count too large", withRow(text, "MoviesInGroup        = ", "3")},
+      {"10,001 keyframes", withRow(text, "Keyframes            = ", "10001")},
+      {"fewer keyframes", withRow(text, "Keyframes            = ", "1")},
+      {"keyframes not numeric", withRow(text, "Keyframes            = ", "x")},
+      {"a frame below 0", withRow(text, "FrameNo         = ", "-1")},
+      {"a missing animation", gone("= anim.avi", "= gone.avi")},
+      {"animations out of order", gone("[AudMovie1]", "[AudMovie3]")},
+      {"no edit section", gone("[EditDecisionListPrefs]", "[Other]")},
+      {"a heading inside a note", withRow(text, "Notes           = ", "see [here]")},
+      {"a comma in a note", withRow(text, "Notes           = ", "before, behind")},
+      {"no name", withRow(text, "MovieName       = ", "")},
+  };
+  for (const auto& row : rows) {
+    Bench b;
+    b.files.all["/v/b.avi"] = b.files.all["/v/anim.avi"] = "x";
+    load(b, row.text);
+    EXPECT_EQ(b.files.all["/col/t.INI.old"], row.text) << row.what;
+    EXPECT_NE(b.files.all["/col/t.INI"], row.text) << row.what;
+    // A second file of that name that loses something does not take the place of the first copy.
+    auto other = withRow(row.text, "DefZoom              = ", "31");
+    load(b, other);
+    EXPECT_EQ(b.files.all["/col/t.INI.old"], row.text) << row.what;
+    EXPECT_EQ(b.files.all["/col/t.INI.old2"], other) << row.what;
+  }
+  Bench whole;
+  whole.files.all["/v/b.avi"] = whole.files.all["/v/anim.avi"] = "x";
+  load(whole, text);
+  EXPECT_FALSE(whole.files.exists("/col/t.INI.old")) << "nothing was lost";
+}
+
 TEST(CollectionFile, CurrentFolderWordMeansTheProgramFolder) {
   Bench b;
   b.files.all["/prog/a.avi"] = "x";
@@ -252,6 +455,7 @@ TEST(CollectionFile, DamageEndsTheLoadWithoutLoss) {
 TEST(CollectionFile, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
   Bench b;
   b.files.all["/col/t.INI"] = "what the disk does not give back";
+  b.files.all["/col/t.INI.old2"] = "an older one";
   b.files.unreadable.insert("/col/t.INI");
   EXPECT_EQ(b.file.ReadINI("/col/t.INI", {.mayRewrite = false}).end, ReadEnd::NotReadable);
   EXPECT_FALSE(b.files.all.contains("/col/t.INI.old"));

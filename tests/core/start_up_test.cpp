@@ -91,6 +91,50 @@ TEST(StartUp, EndsWithABoxWhenTheCollectionCannotBeRead) {
   EXPECT_EQ(junk.files.all["/prog/KVO5.INI"].size(), 32U) << "it is left as it is";
 }
 
+TEST(StartUp, NamesBeginAtTheWorkingFolder) {
+  struct Row {
+    Words arguments;
+    Words asked;
+    const char* name;
+    const char* path;
+  };
+  const Row rows[] = {
+      {{"new.avi"}, {"/w/new.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
+      {{"./sub/new.avi", "/FULLSC"}, {}, "KVO5.INI", "/prog/KVO5.INI"},
+      {{" new.avi"}, {"/w/ new.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
+      {{"gone too.avi"}, {"/w/gone too.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
+      {{"http://h/x.asx"}, {"http://h/x.asx"}, "KVO5.INI", "/prog/KVO5.INI"},
+      {{"Trip.INI"}, {}, "Trip.INI", "/w/Trip.INI"},
+      {{"old.Kvo"}, {}, "old.Kvo", "/w/old.Kvo"},
+  };
+  for (const auto& row : rows) {
+    ProgramBench b;
+    for (const auto* path : {"/prog/KVO5.INI", "/w/Trip.INI", "/w/old.Kvo"}) {
+      b.saveCollection(path, {"a.avi"});
+    }
+    for (const auto* there : {"/w/new.avi", "/w/sub/new.avi", "/w/ new.avi"}) b.files.all[there] = "x";
+    b.startUp.run(row.arguments, "/w");
+    EXPECT_EQ(b.intake.asked, row.asked);
+    EXPECT_EQ(b.collection.IniName, row.name);
+    EXPECT_EQ(b.collection.IniFullPath, row.path);
+    EXPECT_TRUE(b.log.texts().empty()) << b.log.texts()[0];
+    EXPECT_NE(b.files.all[row.path].find("TimesUsed            = 31"), std::string::npos)
+        << row.name << " is written back";
+
+    ProgramBench second;
+    second.handover.isFirst = false;
+    second.files.all = b.files.all;
+    second.startUp.run(row.arguments, "/w");
+    std::string sent;
+    for (const auto& argument : row.arguments) {
+      const bool isWhole = argument.starts_with('/') || argument.starts_with("http");
+      const auto name = argument.starts_with("./") ? argument.substr(2) : argument;
+      sent += (sent.empty() ? "" : "\n") + (isWhole ? argument : "/w/" + name);
+    }
+    EXPECT_EQ(second.handover.sent, (Words{sent}));
+  }
+}
+
 TEST(StartUp, ASecondCopyHandsItsCommandLineOver) {
   ProgramBench b;
   b.handover.isFirst = false;
@@ -135,6 +179,14 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.loop.advance(200);
   EXPECT_EQ(b.window.Fillist, (Words{"a.avi", "new.avi"}));
 
+  for (const auto* odd : {"/v/a \"b\".avi", "/v/ends with a blank "}) {
+    b.files.all[odd] = "x";
+    b.handover.mailbox = odd;
+    b.loop.advance(200);
+    EXPECT_EQ(b.intake.asked.back(), odd);
+    b.collection.MovieList.remove(b.collection.MovieList.count());
+  }
+
   b.collection.MovieList[1].IsDirty(true);
   b.boxes.answers = {Answer::Cancel};
   b.handover.mailbox = "/c/Trip.INI";
@@ -144,6 +196,83 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.handover.mailbox = "/c/Trip.INI";
   b.loop.advance(200);
   EXPECT_EQ(b.window.Fillist, (Words{"t.avi"}));
+  b.saveCollection("/c/old.kvo", {"o.avi", "p.avi"});
+  b.handover.mailbox = "/c/old.kvo";
+  b.loop.advance(200);
+  EXPECT_EQ(b.window.Fillist, (Words{"o.avi", "p.avi"}));
+}
+
+TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
+  struct Row {
+    const char* what;
+    const char* intro;
+    Words arguments;
+    std::function<void(ProgramBench&)> leave;
+    Words clips;
+    const char* DefaultStartupVid;
+  };
+  const auto ends = [](ProgramBench& b) {
+    b.startUp.introEnded();
+    b.loop.advance(350);
+  };
+  const auto handedOver = [](ProgramBench& b) {
+    b.handover.mailbox = "/v/more.avi";
+    b.loop.advance(200);
+  };
+  const auto opens = [](ProgramBench& b) { b.commands.openFile("/c/Trip.INI"); };
+  const auto exits = [](ProgramBench& b) { b.startUp.exit(); };
+  const auto none = [](ProgramBench& /*b*/) {};
+  const Row rows[] = {
+      {"film, to its end", "intro.avi", {}, ends, {"a.avi"}, ""},
+      {"sound, to its end", "intro.mp3", {}, ends, {"a.avi"}, ""},
+      {"still", "intro.jpg", {}, ends, {"a.avi"}, ""},
+      {"handed over", "intro.avi", {}, handedOver, {"a.avi", "more.avi"}, ""},
+      {"exit", "intro.avi", {}, exits, {"a.avi"}, ""},
+      {"missing", "gone.avi", {}, ends, {"a.avi"}, "gone.avi"},
+      {"named film", "intro.avi", {"/v/n.avi"}, ends, {"a.avi", "n.avi"}, "intro.avi"},
+      {"named sound", "intro.avi", {"/v/n.mp3"}, none, {"a.avi", "n.mp3"}, "intro.avi"},
+      {"named and missing", "intro.avi", {"/v/is gone.avi"}, none, {"a.avi"}, "intro.avi"},
+      {"named, full screen", "intro.avi", {"/v/n.avi", "/FULLSC"}, none, {"a.avi"}, "intro.avi"},
+      {"named, handed over",
+       "intro.avi",
+       {"/v/n.avi"},
+       handedOver,
+       {"a.avi", "n.avi", "more.avi"},
+       "intro.avi"},
+      {"named, exit", "intro.avi", {"/v/n.avi"}, exits, {"a.avi", "n.avi"}, "intro.avi"},
+      {"opened", "intro.avi", {}, opens, {"t.avi"}, "trip.avi"},
+      {"named, opened", "intro.avi", {"/v/n.avi"}, opens, {"t.avi"}, "trip.avi"},
+  };
+  for (const auto& row : rows) {
+    ProgramBench b;
+    b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [&](KVO2& s) {
+      s.DefaultStartupVid(row.intro);
+      s.LoadFrom("/my/films/");
+    });
+    b.saveCollection("/c/Trip.INI", {"t.avi"}, [](KVO2& s) { s.DefaultStartupVid("trip.avi"); });
+    for (const auto* there :
+         {"/prog/intro.avi", "/prog/intro.mp3", "/prog/intro.jpg", "/v/n.avi", "/v/n.mp3", "/v/more.avi"}) {
+      b.files.all[there] = "x";
+    }
+    b.intake.settings = &b.settings;
+    b.startUp.run(row.arguments, "/");
+    row.leave(b);
+    b.startUp.introEnded();
+    b.loop.advance(1000);
+    Words clips;
+    for (int i = 1; i <= b.collection.MovieList.count(); ++i)
+      clips.push_back(b.collection.MovieList[i].MovieName());
+    EXPECT_EQ(clips, row.clips) << row.what;
+    EXPECT_EQ(b.settings.DefaultStartupVid(), row.DefaultStartupVid) << row.what;
+    if (row.arguments.empty() && row.clips.size() == 1 && row.clips[0] == "a.avi") {
+      EXPECT_EQ(b.settings.LoadFrom(), "/my/films/") << row.what;
+      EXPECT_FALSE(isDirty(b.collection, b.settings)) << row.what;
+    }
+  }
+  ProgramBench stream;
+  stream.saveCollection("/prog/KVO5.INI", {}, [](KVO2& s) { s.DefaultStartupVid("http://h/i.asx"); });
+  stream.startUp.run({}, "/");
+  EXPECT_EQ(stream.intake.asked, (Words{"http://h/i.asx"}));
 }
 
 TEST(StartUp, TheIntroRunsOnceAndDoesNotStay) {

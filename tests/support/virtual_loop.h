@@ -129,6 +129,7 @@ class PlainIntake : public ClipIntake {
  public:
   PlainIntake(MemoryFiles& files, Collection& collection) : files_(files), collection_(collection) {}
   std::vector<std::string> asked;
+  KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
   bool AddMoviesm(const std::string& text) override {
     asked.push_back(text);
     if (!files_.exists(text)) return false;
@@ -137,6 +138,10 @@ class PlainIntake : public ClipIntake {
     clip.Path(std::string(folderPart(text)));
     clip.IsStill(text.ends_with(".jpg"));
     collection_.MovieList.add(std::move(clip));
+    if (settings != nullptr) {
+      settings->LoadFrom(std::string(folderPart(text)));
+      settings->IsDirty(true);
+    }
     return true;
   }
 

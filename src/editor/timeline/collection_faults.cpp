@@ -86,7 +86,8 @@ class Faults {
       if (std::fabs(seconds) >= kLongestTime)
         return fault("its time of " + ShortText(seconds) + " s is beyond what a movie can hold");
     }
-    if (end <= std::max(start, 0.0))
+    const double heardFrom = ToNumber(fixedText(start));  // sound is cut at four decimals
+    if (end <= std::max({start, 0.0, clip.RenderAudio() ? heardFrom : start}))
       return fault("its section ends at " + ShortText(end) + " s, ahead of its start");
     if (start < 0) tell("its section starts at " + ShortText(start) + " s, ahead of the file");
     if (!clip.TimeLineStop().isSet()) return;  // left out of the movie

@@ -1,8 +1,10 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QUrl>
 
 namespace kvo {
@@ -12,6 +14,10 @@ ScreenFacts QtDesktop::screen() const {
   if (first == nullptr) return {};
   const auto size = first->size() * first->devicePixelRatio();
   return {size.width(), size.height(), first->depth(), static_cast<int>(QGuiApplication::screens().size())};
+}
+
+std::string QtDesktop::videosFolder() const {
+  return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::MoviesLocation)).toStdString();
 }
 
 bool QtDesktop::openPage(const std::string& address) {

@@ -8,6 +8,7 @@ namespace kvo {
 class QtDesktop : public Desktop {
  public:
   [[nodiscard]] ScreenFacts screen() const override;
+  [[nodiscard]] std::string videosFolder() const override;
   bool openPage(const std::string& address) override;
 };
 

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
@@ -79,7 +78,7 @@ void FrmFileOpen::makePanel() {
   fillist_->setAlternatingRowColors(true);
   fillist_->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(fillist_->selectionModel(), &QItemSelectionModel::currentChanged, [this](const QModelIndex& row) {
-    if (!row.isValid() || row.row() == state_.ListIndex || state_.busy()) return;
+    if (!row.isValid() || row.row() == state_.ListIndex) return;
     commands_.selectClip(row.row() + 1);
     draw();
   });
@@ -108,7 +107,6 @@ void FrmFileOpen::makeMenus() {
     auto* action = file->addAction(text);
     action->setShortcut(keys);
     connect(action, &QAction::triggered, [this, command = std::move(command)] {
-      if (state_.busy()) return;
       command();
       draw();
     });
@@ -169,24 +167,22 @@ void FrmFileOpen::drawDetails() {
 }
 
 void FrmFileOpen::closeEvent(QCloseEvent* event) {
-  if (state_.busy()) {
-    state_.abortClicked = true;
-    event->ignore();
-    return;
-  }
   event->setAccepted(commands_.Exit());
   draw();
 }
 
 void FrmFileOpen::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && !state_.busy()) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
 }
 
 void FrmFileOpen::dropEvent(QDropEvent* event) {
   std::vector<std::string> paths;
   for (const auto& url : event->mimeData()->urls()) {
-    paths.push_back(url.isLocalFile() ? QFile::encodeName(url.toLocalFile()).toStdString()
-                                      : url.toString().toStdString());
+    // A local name is taken by its bytes, which need not be UTF-8.
+    paths.push_back(
+        url.isLocalFile()
+            ? QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString()
+            : url.toString().toStdString());
   }
   event->acceptProposedAction();
   commands_.takeDropped(std::move(paths));
