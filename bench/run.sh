@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|seeks|movies|lengths]...: all of them without a name. KVO_BENCH_RUNS says how often each movie
-# is made (5); the figures are the medians.
+# run.sh [kernels|records|compile|seeks|movies|lengths|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
+# KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=$PWD/build/bin
@@ -12,8 +13,9 @@ have() { command -v "$1" >/dev/null; }
 render() {  # PEER JOB CODEC OUTPUT
   local codec
   case $1 in
-    ours)
+    ours | before | again)
       codec=(/C "$3")
+      [ "$1" = ours ] || local bin=$KVO_BENCH_BEFORE
       "$bin/KVORender" "${codec[@]}" /W "$4" "$2/movie.xtl"
       ;;
     ffmpeg)
@@ -38,7 +40,7 @@ measured() {
   local log=$work/time
   (
     export -f render
-    export bin
+    export bin KVO_BENCH_BEFORE=${KVO_BENCH_BEFORE:-}
     /usr/bin/time -o "$log" -f '%e %U %S %M' bash -c 'render "$@"' - "$@" >/dev/null
   )
   awk 'END { printf "%.2f %.2f %.0f\n", $1, $2 + $3, $4 / 1024 }' "$log"
@@ -102,6 +104,43 @@ movies() {
   done
 }
 
+# One job by the engine and by the one before, in turn.
+compared() {  # KIND LINES CLIPS CODEC
+  local job=$work/$1-$2-$3 peer r
+  bash bench/make_job.sh "$1" "$2" "$3" "$work/corpus" "$job"
+  for ((r = 0; r < runs; ++r)); do
+    for peer in before ours again; do printf '%s %s\n' "$peer" "$(measured "$peer" "$job" "$4" "$work/movie.avi")"; done
+  done >"$work/compared"
+  awk -v what="$1, $2 lines, $4" '
+    function median(peer, column,    n, i, j, t, v) {
+      for (i = 1; i <= NR; ++i) if (name[i] == peer) v[++n] = figure[i, column]
+      for (i = 1; i <= n; ++i) for (j = i + 1; j <= n; ++j) if (v[j] < v[i]) { t = v[i]; v[i] = v[j]; v[j] = t }
+      return v[int((n + 1) / 2)]
+    }
+    { name[NR] = $1; figure[NR, 1] = $2; figure[NR, 2] = $3; figure[NR, 3] = $4 }
+    END {
+      printf "%-28s", what
+      split("wall s,CPU s,MB", unit, ",")
+      for (c = 1; c <= 3; ++c) {
+        b = median("before", c); o = median("ours", c); a = median("again", c)
+        printf "  %6.2f -> %6.2f %-6s (%+5.1f %%, chance %+5.1f %%)", b, o, unit[c], 100 * (o / b - 1), 100 * (a / b - 1)
+      }
+      printf "\n"
+    }' "$work/compared"
+}
+
+before() {
+  : "${KVO_BENCH_BEFORE:?names the folder of the engine to compare with}"
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  local lines kind codec
+  for lines in ${KVO_BENCH_LINES:-360 1080}; do
+    for kind in cuts dissolve wipe effects; do
+      for codec in mpeg4 raw; do compared "$kind" "$lines" 6 "$codec"; done
+    done
+  done
+}
+
 # Forty seconds out of the middle of a movie: what is not on screen costs nothing.
 slice() {  # CLIPS
   local job=$work/dissolve-360-$1 from=$(($1 * 7 / 2))
@@ -144,7 +183,7 @@ seeks() {
 for part; do
   case $part in
     kernels | records | compile) "$bin/bench_$part" ;;
-    movies | lengths | seeks) "$part" ;;
+    movies | lengths | seeks | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

@@ -1,25 +1,25 @@
 #include "media/filter_graph.h"
 
-extern "C" {
-#include <libavfilter/avfilter.h>
-#include <libavfilter/buffersink.h>
-#include <libavfilter/buffersrc.h>
-}
+#include "media/filter_library.h"
 
 namespace kvo::media {
 namespace {
 
 struct FreePads {
-  void operator()(AVFilterInOut* pads) const { avfilter_inout_free(&pads); }
+  const FilterLibrary* library;
+  void operator()(AVFilterInOut* pads) const { library->avfilter_inout_free(&pads); }
 };
 
 }  // namespace
 
-void FreeFilterGraph::operator()(AVFilterGraph* graph) const { avfilter_graph_free(&graph); }
+void FreeFilterGraph::operator()(AVFilterGraph* graph) const { library->avfilter_graph_free(&graph); }
 
 Result<FilterGraph> FilterGraph::make(const std::string& filters, const AVFrame& like, int threads) {
+  const auto library = filterLibrary();
+  if (!library) return library.error();
+  const auto& f = **library;
   FilterGraph made;
-  made.graph_.reset(avfilter_graph_alloc());
+  made.graph_ = {f.avfilter_graph_alloc(), FreeFilterGraph{&f}};
   auto* graph = made.graph_.get();
   if (graph == nullptr) return Error{"out of memory for a filter"};
   graph->nb_threads = threads;
@@ -29,25 +29,25 @@ Result<FilterGraph> FilterGraph::make(const std::string& filters, const AVFrame&
   // The times of the pictures are the caller's, in units of the caller's.
   const auto source = "video_size=" + std::to_string(like.width) + "x" + std::to_string(like.height) +
                       ":pix_fmt=" + std::to_string(like.format) + ":time_base=1/1000000";
-  int done = avfilter_graph_create_filter(&made.entry_, avfilter_get_by_name("buffer"), "in", source.c_str(),
-                                          nullptr, graph);
+  int done = f.avfilter_graph_create_filter(&made.entry_, f.avfilter_get_by_name("buffer"), "in",
+                                            source.c_str(), nullptr, graph);
   if (done >= 0) {
-    done = avfilter_graph_create_filter(&made.exit_, avfilter_get_by_name("buffersink"), "out", nullptr,
-                                        nullptr, graph);
+    done = f.avfilter_graph_create_filter(&made.exit_, f.avfilter_get_by_name("buffersink"), "out", nullptr,
+                                          nullptr, graph);
   }
   if (done < 0) return ffmpegError("a filter cannot be made", done);
-  AVFilterInOut* outputs = avfilter_inout_alloc();
-  AVFilterInOut* inputs = avfilter_inout_alloc();
+  AVFilterInOut* outputs = f.avfilter_inout_alloc();
+  AVFilterInOut* inputs = f.avfilter_inout_alloc();
   if (outputs != nullptr && inputs != nullptr) {
     *outputs = {av_strdup("in"), made.entry_, 0, nullptr};
     *inputs = {av_strdup("out"), made.exit_, 0, nullptr};
-    done = avfilter_graph_parse_ptr(graph, filters.c_str(), &inputs, &outputs, nullptr);
+    done = f.avfilter_graph_parse_ptr(graph, filters.c_str(), &inputs, &outputs, nullptr);
   } else {
     done = AVERROR(ENOMEM);
   }
-  const std::unique_ptr<AVFilterInOut, FreePads> freeOutputs(outputs);
-  const std::unique_ptr<AVFilterInOut, FreePads> freeInputs(inputs);
-  if (done >= 0) done = avfilter_graph_config(graph, nullptr);
+  const std::unique_ptr<AVFilterInOut, FreePads> freeOutputs(outputs, FreePads{&f});
+  const std::unique_ptr<AVFilterInOut, FreePads> freeInputs(inputs, FreePads{&f});
+  if (done >= 0) done = f.avfilter_graph_config(graph, nullptr);
   if (done < 0) return ffmpegError("the filter " + filters + " cannot be made", done);
   return made;
 }
@@ -57,14 +57,15 @@ bool FilterGraph::fits(const AVFrame& frame) const {
 }
 
 Outcome FilterGraph::push(const SharedFrame& frame) {
-  const int done = av_buffersrc_add_frame_flags(entry_, frame.get(), AV_BUFFERSRC_FLAG_KEEP_REF);
+  const int done = graph_.get_deleter().library->av_buffersrc_add_frame_flags(entry_, frame.get(),
+                                                                              AV_BUFFERSRC_FLAG_KEEP_REF);
   return done < 0 ? Outcome(ffmpegError("a picture cannot be filtered", done)) : Outcome();
 }
 
 Result<SharedFrame> FilterGraph::pull() {
   auto frame = newFrame();
   if (!frame) return Error{"out of memory for a picture"};
-  const int got = av_buffersink_get_frame(exit_, frame.get());
+  const int got = graph_.get_deleter().library->av_buffersink_get_frame(exit_, frame.get());
   if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return SharedFrame();
   if (got < 0) return ffmpegError("a picture cannot be filtered", got);
   return frame;

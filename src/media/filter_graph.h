@@ -12,7 +12,10 @@ struct AVFilterGraph;
 
 namespace kvo::media {
 
+struct FilterLibrary;
+
 struct FreeFilterGraph {
+  const FilterLibrary* library = nullptr;
   void operator()(AVFilterGraph* graph) const;
 };
 

@@ -22,6 +22,34 @@ constexpr YuvWeights weightsOf(Matrix matrix) {
                                  : YuvWeights{9539, 13075, -3209, -6660, 16525};
 }
 
+// What a sample of chroma adds to luma and to the two chromas when the weights change, in units of 1/32768.
+struct MatrixChange {
+  std::int16_t lumaU, lumaV, uU, uV, vU, vV;
+};
+
+constexpr MatrixChange changeFrom(Matrix from) {
+  struct Shares {  // of luma
+    double red, blue;
+  };
+  constexpr Shares k709{0.2126, 0.0722};
+  constexpr Shares k601{0.299, 0.114};
+  const auto a = from == Matrix::Bt709 ? k709 : k601;
+  const auto b = from == Matrix::Bt709 ? k601 : k709;
+  const double redV = 2 * (1 - a.red);
+  const double blueU = 2 * (1 - a.blue);
+  const double greens = (1 - b.red - b.blue) / (1 - a.red - a.blue);
+  const double lumaU = blueU * (b.blue - greens * a.blue);
+  const double lumaV = redV * (b.red - greens * a.red);
+  const double toU = 2 * (1 - b.blue);
+  const double toV = 2 * (1 - b.red);
+  const auto fixed = [](double factor) {
+    return static_cast<std::int16_t>(factor * 32768 + (factor < 0 ? -0.5 : 0.5));
+  };
+  constexpr double kLumaRange = 219.0 / 224;
+  return {fixed(lumaU * kLumaRange), fixed(lumaV * kLumaRange), fixed((blueU - lumaU) / toU - 1),
+          fixed(-lumaV / toU),       fixed(-lumaU / toV),       fixed((redV - lumaV) / toV - 1)};
+}
+
 }  // namespace kvo::media
 #endif
 
@@ -231,6 +259,61 @@ void yuvToBgrSimd(const std::uint8_t* y, const std::uint8_t* u, const std::uint8
   }
 }
 
+// A sum of parts in 1/128, to the nearest whole.
+int whole(int parts) { return (parts + 64) >> 7; }
+
+void changeMatrixSimd(std::uint8_t* upper, std::uint8_t* lower, std::uint8_t* u, std::uint8_t* v,
+                      std::size_t chromaCount, const MatrixChange& m) {
+  std::size_t i = 0;
+#if HWY_TARGET != HWY_SCALAR
+  const hn::ScalableTag<std::int16_t> wide;
+  const hn::Repartition<std::uint8_t, decltype(wide)> bytes;
+  const hn::Rebind<std::uint8_t, decltype(wide)> narrow;
+  const hn::RebindToUnsigned<decltype(wide)> wideUnsigned;
+  const std::size_t lanes = hn::Lanes(wide);
+  const auto middle = hn::Set(wide, 128);
+  const auto half = hn::Set(wide, 64);
+  const auto lowByte = hn::Set(wideUnsigned, 0x00FF);
+  const auto weighed = [&](auto cu, std::int16_t byU, auto cv, std::int16_t byV) HWY_ATTR {
+    return hn::Add(hn::MulFixedPoint15(cu, hn::Set(wide, byU)), hn::MulFixedPoint15(cv, hn::Set(wide, byV)));
+  };
+  const auto rounded = [&](auto parts) HWY_ATTR { return hn::ShiftRight<7>(hn::Add(parts, half)); };
+  for (; i + lanes <= chromaCount; i += lanes) {
+    const auto cu = hn::ShiftLeft<7>(hn::Sub(hn::PromoteTo(wide, hn::LoadU(narrow, u + i)), middle));
+    const auto cv = hn::ShiftLeft<7>(hn::Sub(hn::PromoteTo(wide, hn::LoadU(narrow, v + i)), middle));
+    const auto luma = rounded(weighed(cu, m.lumaU, cv, m.lumaV));
+    for (auto* row : {upper, lower}) {
+      const auto pairs = hn::BitCast(wideUnsigned, hn::LoadU(bytes, row + 2 * i));
+      const auto zero = hn::Zero(wide);
+      const auto most = hn::Set(wide, 255);
+      const auto even =
+          hn::Min(hn::Max(hn::Add(hn::BitCast(wide, hn::And(pairs, lowByte)), luma), zero), most);
+      const auto odd =
+          hn::Min(hn::Max(hn::Add(hn::BitCast(wide, hn::ShiftRight<8>(pairs)), luma), zero), most);
+      hn::StoreU(hn::BitCast(bytes, hn::Or(even, hn::ShiftLeft<8>(odd))), bytes, row + 2 * i);
+    }
+    const auto newU = hn::Add(rounded(hn::Add(cu, weighed(cu, m.uU, cv, m.uV))), middle);
+    const auto newV = hn::Add(rounded(hn::Add(cv, weighed(cu, m.vU, cv, m.vV))), middle);
+    hn::StoreU(hn::DemoteTo(narrow, newU), narrow, u + i);
+    hn::StoreU(hn::DemoteTo(narrow, newV), narrow, v + i);
+  }
+#endif
+  for (; i < chromaCount; ++i) {
+    const int cu = u[i] - 128;
+    const int cv = v[i] - 128;
+    const int luma = whole(weigh(cu, m.lumaU) + weigh(cv, m.lumaV));
+    for (auto* row : {upper, lower}) {
+      for (const auto x : {2 * i, 2 * i + 1})
+        row[x] = static_cast<std::uint8_t>(std::clamp(row[x] + luma, 0, 255));
+    }
+    const auto changed = [&](int own, int parts) {
+      return static_cast<std::uint8_t>(std::clamp(whole(own * 128 + parts) + 128, 0, 255));
+    };
+    u[i] = changed(cu, weigh(cu, m.uU) + weigh(cv, m.uV));
+    v[i] = changed(cv, weigh(cu, m.vU) + weigh(cv, m.vV));
+  }
+}
+
 }  // namespace kvo::media::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
@@ -244,6 +327,7 @@ HWY_EXPORT(fadeRowSimd);
 HWY_EXPORT(sharesRowSimd);
 HWY_EXPORT(halveRowsSimd);
 HWY_EXPORT(yuvToBgrSimd);
+HWY_EXPORT(changeMatrixSimd);
 
 void mixRow(const std::uint8_t* below, const std::uint8_t* above, std::uint8_t* out, std::size_t count,
             int share) {
@@ -278,6 +362,14 @@ void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_
 void yuvToBgr(const std::uint8_t* y, const std::uint8_t* u, const std::uint8_t* v, std::uint8_t* bgr,
               std::size_t count, Matrix matrix) {
   HWY_DYNAMIC_DISPATCH(yuvToBgrSimd)(y, u, v, bgr, count, weightsOf(matrix));
+}
+
+void changeMatrix(std::uint8_t* upper, std::uint8_t* lower, std::uint8_t* u, std::uint8_t* v,
+                  std::size_t chromaCount, Matrix from) {
+  constexpr auto kFrom601 = changeFrom(Matrix::Bt601);
+  constexpr auto kFrom709 = changeFrom(Matrix::Bt709);
+  HWY_DYNAMIC_DISPATCH(changeMatrixSimd)
+  (upper, lower, u, v, chromaCount, from == Matrix::Bt709 ? kFrom709 : kFrom601);
 }
 
 }  // namespace kvo::media

@@ -36,6 +36,11 @@ void halveRows(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_
 /// Which luma weights a YUV picture was made with.
 enum class Matrix { Bt601, Bt709 };
 
+/// Two rows of luma and the chroma rows that go with them, made with the weights of one matrix, in those of
+/// the other; in place. The luma rows are 2 x `chromaCount` long.
+void changeMatrix(std::uint8_t* upper, std::uint8_t* lower, std::uint8_t* u, std::uint8_t* v,
+                  std::size_t chromaCount, Matrix from);
+
 /// One row of limited-range YUV 4:2:0 as packed blue, green, red bytes. The chroma rows are `count` / 2 long,
 /// rounded up.
 void yuvToBgr(const std::uint8_t* y, const std::uint8_t* u, const std::uint8_t* v, std::uint8_t* bgr,

@@ -59,6 +59,8 @@ AVPixelFormat withoutRange(AVPixelFormat format) {
   }
 }
 
+constexpr Matrix otherThan(Matrix matrix) { return matrix == Matrix::Bt709 ? Matrix::Bt601 : Matrix::Bt709; }
+
 int weightsOf(Matrix matrix) { return matrix == Matrix::Bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601; }
 
 bool isYuv(const AVFrame& frame) {
@@ -157,6 +159,14 @@ Picture halved(const AVFrame& frame) {
     }
   }
   return out;
+}
+
+// From the weights of one matrix to those of the other.
+void reweigh(Picture& picture, Matrix from) {
+  for (int y = 0; y < picture.height(1); ++y) {
+    changeMatrix(picture.row(0, 2 * y), picture.row(0, 2 * y + 1), picture.row(1, y), picture.row(2, y),
+                 static_cast<std::size_t>(picture.width(1)), from);
+  }
 }
 
 void copyInto(Picture& canvas, const Picture& part) {
@@ -287,13 +297,15 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
   if (isHighRange(*frame)) return placeHighRange(frame, placing);
   wanted.to = placing.to;
 
-  const bool sameColours =
-      wanted.format == AV_PIX_FMT_YUV420P && !wanted.fullRange && wanted.weights == weightsOf(working);
+  const bool plain = wanted.format == AV_PIX_FMT_YUV420P && !wanted.fullRange;
   const bool uncut = placing.crop == Size{frame->width, frame->height} && placing.to == canvas;
-  if (sameColours && uncut) {
-    if (placing.crop == canvas) return Picture(frame);
-    if (frame->width == 2 * canvas.width && frame->height == 2 * canvas.height) {
+  if (plain && uncut) {
+    const bool sameColours = wanted.weights == weightsOf(working);
+    if (sameColours && placing.crop == canvas) return Picture(frame);
+    const bool changes = wanted.weights == weightsOf(otherThan(working));
+    if ((sameColours || changes) && frame->width == 2 * canvas.width && frame->height == 2 * canvas.height) {
       auto half = halved(*frame);
+      if (half && changes) reweigh(half, otherThan(working));
       return half ? Result<Picture>(std::move(half)) : Result<Picture>(kNoMemory);
     }
   }

@@ -34,6 +34,7 @@ struct Section {
   double rate = 25;  // the movie's
   int width = kPictureWidth;
   int height = kPictureHeight;
+  bool heard = true;  // stretching is slow: each speed is heard at two places, and seen at all
 
   [[nodiscard]] double shown() const { return length / speed; }
   [[nodiscard]] std::string text() const {
@@ -188,7 +189,10 @@ std::vector<Section> sectionsOf(const MediaFile& file) {
     sections.push_back({first, std::min(length, end - first), speed, movieRate});
   };
   for (const double from : {0.0, 0.2, 1.6, end - 0.5}) {
-    for (const double speed : {1.0, 2.0, 0.5}) add(from, speed == 0.5 ? 0.5 : 1.2, speed, rate);
+    for (const double speed : {1.0, 2.0, 0.5}) {
+      add(from, speed == 0.5 ? 0.5 : 1.2, speed, rate);
+      sections.back().heard = speed == 1 || (speed == 2) == (from == 0.2 || from == end - 0.5);
+    }
   }
   add(0, end, 1, rate);
   add(0.2, 1.2, 1, 25);
@@ -220,7 +224,7 @@ TEST_P(CorpusFile, ShowsAndSoundsInItsPlace) {
     ASSERT_TRUE(timeline) << timeline.error().text;
     std::string found;
     if (picture) found += pictureFaults(file, section, *timeline);
-    if (hasSound(file)) found += soundFaults(file, section, *timeline);
+    if (hasSound(file) && section.heard) found += soundFaults(file, section, *timeline);
     if (!found.empty()) faults += "\n  " + section.text() + found;
   }
   EXPECT_TRUE(faults.empty()) << file.name << faults;

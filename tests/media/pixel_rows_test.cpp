@@ -90,6 +90,38 @@ TEST(PixelRows, HalvingTakesTheMeanOfFour) {
   }
 }
 
+// A colour is the same by either matrix.
+TEST(PixelRows, ChangingTheMatrixKeepsTheColours) {
+  for (const auto from : {Matrix::Bt601, Matrix::Bt709}) {
+    const auto to = from == Matrix::Bt601 ? Matrix::Bt709 : Matrix::Bt601;
+    for (const auto count : kLengths) {
+      // Mild colours, so that none is beyond what a byte can hold.
+      const auto mild = [](std::vector<std::uint8_t> row, int middle) {
+        for (auto& v : row) v = static_cast<std::uint8_t>(middle + (v - 128) / 3);
+        return row;
+      };
+      auto upper = mild(noise(2 * count, 8), 120);
+      auto lower = mild(noise(2 * count, 9), 120);
+      auto u = mild(noise(count, 10), 128);
+      auto v = mild(noise(count, 11), 128);
+      std::vector<std::uint8_t> before(6 * count);
+      std::vector<std::uint8_t> after(6 * count);
+      for (auto* row : {&upper, &lower}) {
+        auto otherRow = *row;
+        auto newRow = *row;
+        auto newU = u;
+        auto newV = v;
+        yuvToBgr(row->data(), u.data(), v.data(), before.data(), 2 * count, from);
+        changeMatrix(newRow.data(), otherRow.data(), newU.data(), newV.data(), count, from);
+        EXPECT_EQ(newRow, otherRow) << "both rows alike";
+        yuvToBgr(newRow.data(), newU.data(), newV.data(), after.data(), 2 * count, to);
+        for (std::size_t i = 0; i < before.size(); ++i)
+          ASSERT_NEAR(before[i], after[i], 3) << i << " of " << count;
+      }
+    }
+  }
+}
+
 // ITU-R BT.601 and BT.709, limited range.
 TEST(PixelRows, ColoursFollowTheStandards) {
   for (const auto matrix : {Matrix::Bt601, Matrix::Bt709}) {
