@@ -1,8 +1,8 @@
 // The compiler: clips with a transition, two effects and three keyframes each. A thousand are to take less
 // than half a second, growing in a straight line.
-#include "editor/timeline/effect_word.h"
-#include "editor/timeline/render_file.h"
-#include "platform/posix/posix_files.h"
+#include "adapters/posix/posix_files.h"
+#include "editor/compiler/effect_word.h"
+#include "editor/compiler/render_file.h"
 
 #include <filesystem>
 #include <string>

@@ -1,8 +1,8 @@
 // The collection reader and writer: 10 to 10,000 clips, the largest with 10,000 keyframes. Times are CPU
 // seconds; they are to grow in a straight line, and 10,000 clips are to take about one.
-#include "core/collection_file.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_files.h"
+#include "adapters/posix/posix_clock.h"
+#include "adapters/posix/posix_files.h"
+#include "core/file/collection_file.h"
 
 #include <cstdlib>
 #include <filesystem>

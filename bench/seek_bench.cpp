@@ -1,6 +1,6 @@
 // How long the player takes from a seek to the picture: bench_seeks DOCUMENT
-#include "engine/document_reader.h"
-#include "engine/playback.h"
+#include "engine/document/document_reader.h"
+#include "engine/run/playback.h"
 #include "media/media_facts.h"
 
 #include <algorithm>

@@ -4,15 +4,15 @@
 //   done FRAMES SECONDS BYTES     the file is in place
 // With --sheet it draws a row of small frames of each document instead, for looking at.
 // A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/starter_watch.h"
 #include "app/engine_arguments.h"
 #include "base/guarded.h"
 #include "base/numbers.h"
-#include "engine/document_reader.h"
-#include "engine/renderer.h"
-#include "engine/sheet.h"
+#include "engine/document/document_reader.h"
+#include "engine/run/renderer.h"
+#include "engine/run/sheet.h"
 #include "media/media_facts.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/starter_watch.h"
 
 #include <chrono>
 #include <cstdio>

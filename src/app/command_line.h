@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "engine/renderer.h"
+#include "engine/run/renderer.h"
 
 #include <optional>
 #include <string>

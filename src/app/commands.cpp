@@ -1,13 +1,13 @@
 #include "app/commands.h"
 
+#include "adapters/posix/stop_signals.h"
+#include "adapters/posix/temporary_folder.h"
 #include "app/progress_line.h"
 #include "base/text.h"
-#include "editor/timeline/clip_kinds.h"
-#include "editor/timeline/collection_faults.h"
-#include "editor/timeline/durations.h"
-#include "editor/timeline/render_file.h"
-#include "platform/posix/stop_signals.h"
-#include "platform/posix/temporary_folder.h"
+#include "editor/compiler/clip_kinds.h"
+#include "editor/compiler/collection_faults.h"
+#include "editor/compiler/durations.h"
+#include "editor/compiler/render_file.h"
 
 #include <algorithm>
 #include <array>

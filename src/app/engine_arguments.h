@@ -4,7 +4,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "engine/renderer.h"
+#include "engine/run/renderer.h"
 
 #include <optional>
 #include <string>

@@ -1,10 +1,10 @@
 // The program: with its window, or, by a long option, without a screen.
+#include "adapters/posix/console_boxes.h"
+#include "adapters/posix/temporary_folder.h"
 #include "app/commands.h"
 #include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
-#include "platform/posix/console_boxes.h"
-#include "platform/posix/temporary_folder.h"
 
 #include <cstdio>
 #include <cstdlib>

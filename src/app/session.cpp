@@ -1,7 +1,7 @@
 #include "app/session.h"
 
-#include "editor/timeline/effects_file.h"
-#include "editor/timeline/still_options.h"
+#include "editor/compiler/effects_file.h"
+#include "editor/compiler/still_options.h"
 
 #include <array>
 

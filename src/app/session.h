@@ -1,12 +1,12 @@
 // The one owner of everything: settings, collection, editor state and the adapters behind the ports.
 #pragma once
 
-#include "core/collection_file.h"
-#include "editor/timeline/compilation.h"
-#include "platform/media/media_frame_source.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/posix_processes.h"
+#include "adapters/media/media_frame_source.h"
+#include "adapters/posix/posix_clock.h"
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_processes.h"
+#include "core/file/collection_file.h"
+#include "editor/compiler/compilation.h"
 
 namespace kvo {
 

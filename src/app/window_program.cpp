@@ -1,18 +1,18 @@
 #include "app/window_program.h"
 
+#include "adapters/posix/socket_handover.h"
+#include "adapters/qt/qt_boxes.h"
+#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/qt_event_loop.h"
+#include "adapters/qt/qt_file_dialogs.h"
+#include "adapters/qt/settings_store.h"
 #include "app/commands.h"
 #include "app/session.h"
-#include "core/clip_list.h"
-#include "core/messages.h"
-#include "core/start_up.h"
+#include "core/telling/messages.h"
 #include "intake/add_clips.h"
-#include "platform/posix/socket_handover.h"
-#include "platform/qt/qt_boxes.h"
-#include "platform/qt/qt_desktop.h"
-#include "platform/qt/qt_event_loop.h"
-#include "platform/qt/qt_file_dialogs.h"
-#include "platform/qt/settings_store.h"
-#include "playback/windows/frm_file_open.h"
+#include "program/clip_list.h"
+#include "program/start_up.h"
+#include "windows/main/frm_file_open.h"
 
 #include <QApplication>
 #include <cstdlib>
@@ -46,7 +46,7 @@ class WindowProgram {
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder}, session_.file,
                   session_.settings, session_.collection, state_),
         intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
-                session_.collection, state_),
+                session_.collection, [this](int number) { showAdded(number); }),
         startUp_({session_.files, boxes_, loop_, patient_, store_, desktop_, session_.folder}, session_.file,
                  session_.settings, session_.collection, commands_, intake_, state_),
         window_(state_, windowCommands()) {}
@@ -97,6 +97,11 @@ class WindowProgram {
                                     {}});
     }
     startUp_.takeFiles(paths);
+  }
+
+  void showAdded(int number) {
+    fillClipList(state_, session_.collection);
+    PreviewMovie(state_, session_.collection, number);
   }
 
   QtBoxes boxes_;

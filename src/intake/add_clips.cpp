@@ -3,9 +3,8 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "core/clip_list.h"
-#include "core/media_kinds.h"
-#include "core/messages.h"
+#include "core/records/media_kinds.h"
+#include "core/telling/messages.h"
 
 namespace kvo {
 namespace {
@@ -71,8 +70,7 @@ bool AddClips::AddMoviesm(const std::string& text) {
   settings_.LoadFrom(std::string(folderPart(text)));
   settings_.IsDirty(true);
   settings_.postChange(99, 99);
-  fillClipList(window_, collection_);
-  PreviewMovie(window_, collection_, collection_.MovieList.count());
+  added_(collection_.MovieList.count());
   return true;
 }
 

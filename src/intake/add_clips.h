@@ -1,13 +1,16 @@
 // Makes a clip record of a media file by what its streams tell.
 #pragma once
 
-#include "core/clip_intake.h"
-#include "core/collection.h"
-#include "core/main_window_state.h"
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/frame_source.h"
-#include "platform/message_boxes.h"
+#include "core/records/collection.h"
+#include "intake/clip_intake.h"
+#include "ports/clock.h"
+#include "ports/files.h"
+#include "ports/frame_source.h"
+#include "ports/message_boxes.h"
+
+#include <functional>
+#include <string>
+#include <utility>
 
 namespace kvo {
 
@@ -20,8 +23,15 @@ class AddClips : public ClipIntake {
     FrameSource& streams;
   };
 
-  AddClips(const Ports& ports, KVO2& settings, Collection& collection, MainWindowState& window)
-      : ports_(ports), settings_(settings), collection_(collection), window_(window), poster_(settings) {}
+  /// Hears the number of a clip that has just joined the collection.
+  using Added = std::function<void(int number)>;
+
+  AddClips(const Ports& ports, KVO2& settings, Collection& collection, Added added)
+      : ports_(ports),
+        settings_(settings),
+        collection_(collection),
+        added_(std::move(added)),
+        poster_(settings) {}
 
   bool AddMoviesm(const std::string& text) override;
 
@@ -29,7 +39,7 @@ class AddClips : public ClipIntake {
   Ports ports_;
   KVO2& settings_;
   Collection& collection_;
-  MainWindowState& window_;
+  Added added_;
   ChangePoster poster_;
 };
 

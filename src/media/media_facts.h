@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "platform/frame_source.h"
+#include "ports/frame_source.h"
 
 #include <string>
 

@@ -5,7 +5,7 @@
 #include "base/result.h"
 #include "media/picture.h"
 #include "media/video_encoder.h"
-#include "platform/files.h"
+#include "ports/files.h"
 
 #include <memory>
 #include <optional>

@@ -1,9 +1,9 @@
 // What records hold on its way through the documents into the engine: names of files, and times.
-#include "editor/timeline/collection_faults.h"
-#include "editor/timeline/picture_in_picture.h"
-#include "editor/timeline/render_file.h"
-#include "editor/timeline/sample_documents.h"
-#include "engine/document_reader.h"
+#include "editor/compiler/collection_faults.h"
+#include "editor/compiler/picture_in_picture.h"
+#include "editor/compiler/render_file.h"
+#include "editor/compiler/sample_documents.h"
+#include "engine/document/document_reader.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

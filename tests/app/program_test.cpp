@@ -1,6 +1,6 @@
 // The programs themselves, started as a user or a script starts them.
-#include "core/collection_file.h"
-#include "platform/posix/posix_files.h"
+#include "adapters/posix/posix_files.h"
+#include "core/file/collection_file.h"
 #include "support/fakes.h"
 #include "support/real_world.h"
 

@@ -1,5 +1,5 @@
 // The program in a real window, driven by keys as a user drives it.
-#include "platform/posix/posix_files.h"
+#include "adapters/posix/posix_files.h"
 #include "support/real_world.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "core/collection_file.h"
+#include "core/file/collection_file.h"
 
 #include "support/fakes.h"
 #include "support/golden.h"

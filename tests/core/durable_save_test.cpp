@@ -1,5 +1,5 @@
 // A save that is cut off at any point leaves the old file or the new one, whole.
-#include "platform/posix/posix_files.h"
+#include "adapters/posix/posix_files.h"
 #include "support/fakes.h"
 
 #include <csignal>

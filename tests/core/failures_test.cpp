@@ -1,7 +1,9 @@
-#include "core/failures.h"
+#include "core/telling/failures.h"
 
-#include "core/message_table.h"
-#include "core/messages.h"
+#include "core/telling/message_table.h"
+#include "core/telling/messages.h"
+#include "support/fakes.h"
+#include "support/memory_store.h"
 #include "support/virtual_loop.h"
 
 #include <gtest/gtest.h>
@@ -9,10 +11,13 @@
 namespace kvo {
 namespace {
 
-using test::ProgramBench;
+struct FailuresBench : test::Bench {
+  test::VirtualLoop loop;
+  test::MemoryStore store;
+};
 
 TEST(ErrorLog, EntriesHaveTheirExactBytes) {
-  ProgramBench b;
+  FailuresBench b;
   b.log.LogError("text");
   EXPECT_EQ(b.files.all["/prog/KVOError.Log"],
             "text Error Logged at >>  - 07-03-2026  -  \r 07-03-2026  -   2:05:09 PM\r\n");
@@ -29,7 +34,7 @@ TEST(ErrorLog, EntriesHaveTheirExactBytes) {
 }
 
 TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
-  ProgramBench b;
+  FailuresBench b;
   b.settings.ErrorLog("/no/such/drive.log");
   b.files.unwritable.insert("/no/such/drive.log");
   b.log.LogError("lost");
@@ -45,7 +50,7 @@ TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
 }
 
 TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
-  ProgramBench b;
+  FailuresBench b;
   b.settings.Support("Mail us.");
   int ended = 0;
   Failures failures(b.log, b.boxes, b.settings, [&] { ++ended; });
@@ -63,7 +68,7 @@ TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
 }
 
 TEST(TimedMessageBox, AnswersItselfWhenItsTimeIsUp) {
-  ProgramBench b;
+  FailuresBench b;
   b.boxes.whileShown = [&] { b.loop.advance(10000); };
   TimedMessageBox(b.loop, b.boxes, {"c", "t", BoxButtons::YesNo}, 9.9);
   EXPECT_EQ(b.boxes.answeredByTime, 1);
@@ -76,7 +81,7 @@ TEST(TimedMessageBox, AnswersItselfWhenItsTimeIsUp) {
 }
 
 TEST(FrmMessage, IsNotShownAgainWhereTheUserSaidSo) {
-  ProgramBench b;
+  FailuresBench b;
   Frm_Message message(b.boxes, b.store);
   b.boxes.styledAnswer = {Answer::Ok, true};
   message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");

@@ -1,4 +1,4 @@
-#include "core/movie.h"
+#include "core/records/movie.h"
 
 #include "support/fakes.h"
 

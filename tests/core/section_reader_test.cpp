@@ -1,4 +1,4 @@
-#include "core/section_reader.h"
+#include "core/file/section_reader.h"
 
 #include <gtest/gtest.h>
 

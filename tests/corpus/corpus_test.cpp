@@ -1,15 +1,15 @@
 // Real media through the engine: the number in every picture, the beeps, the colours, or the refusal.
+#include "adapters/posix/posix_files.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "corpus/beeps.h"
 #include "corpus/corpus_files.h"
 #include "corpus/pattern.h"
-#include "engine/compositor.h"
-#include "engine/document_reader.h"
-#include "engine/mixer.h"
+#include "engine/document/document_reader.h"
+#include "engine/picture/compositor.h"
+#include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
 #include "media/media_facts.h"
-#include "platform/posix/posix_files.h"
 
 #include <algorithm>
 #include <cmath>

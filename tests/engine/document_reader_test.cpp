@@ -1,4 +1,4 @@
-#include "engine/document_reader.h"
+#include "engine/document/document_reader.h"
 
 #include <cmath>
 

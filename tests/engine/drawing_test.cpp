@@ -1,5 +1,5 @@
 // Drawing of one picture into another, to the sample.
-#include "engine/drawing.h"
+#include "engine/picture/drawing.h"
 
 #include "support/pictures.h"
 

@@ -1,7 +1,7 @@
 // Frames made side by side come out in order, the same from any number of threads.
-#include "engine/frame_line.h"
+#include "engine/run/frame_line.h"
 
-#include "engine/document_reader.h"
+#include "engine/document/document_reader.h"
 #include "support/real_world.h"
 
 #include <algorithm>

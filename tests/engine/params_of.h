@@ -1,7 +1,7 @@
 // Parameters as a document would give them.
 #pragma once
 
-#include "engine/params.h"
+#include "engine/document/params.h"
 
 namespace kvo::engine {
 

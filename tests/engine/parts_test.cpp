@@ -1,9 +1,9 @@
 // The small parts of the engine, without media.
-#include "engine/active_set.h"
-#include "engine/limiter.h"
-#include "engine/params.h"
-#include "engine/stretches.h"
-#include "engine/timeline.h"
+#include "engine/document/active_set.h"
+#include "engine/document/params.h"
+#include "engine/document/timeline.h"
+#include "engine/run/stretches.h"
+#include "engine/sound/limiter.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,9 +1,9 @@
 // The player: its steps on virtual time, and the real one on a thread.
-#include "engine/playback.h"
+#include "engine/run/playback.h"
 
-#include "engine/document_reader.h"
-#include "engine/engine_player.h"
-#include "platform/sdl/sdl_sound_output.h"
+#include "adapters/sdl/sdl_sound_output.h"
+#include "engine/document/document_reader.h"
+#include "engine/run/engine_player.h"
 #include "support/real_world.h"
 
 #include <atomic>

@@ -1,9 +1,9 @@
 // Whole renders of real media, measured on what comes out.
+#include "adapters/posix/posix_files.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "engine/document_reader.h"
-#include "engine/renderer.h"
-#include "platform/posix/posix_files.h"
+#include "engine/document/document_reader.h"
+#include "engine/run/renderer.h"
 #include "support/real_world.h"
 
 #include <algorithm>

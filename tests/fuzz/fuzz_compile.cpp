@@ -1,7 +1,7 @@
 // Any records, read from any bytes, through the whole compiler: it must neither crash nor hang.
-#include "editor/timeline/picture_in_picture.h"
-#include "editor/timeline/render_file.h"
-#include "editor/timeline/sample_documents.h"
+#include "editor/compiler/picture_in_picture.h"
+#include "editor/compiler/render_file.h"
+#include "editor/compiler/sample_documents.h"
 #include "support/fakes.h"
 
 namespace {

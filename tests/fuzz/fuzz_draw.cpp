@@ -1,7 +1,7 @@
 // Documents with every kind of effect and transition and any parameters: what is drawn of them must neither
 // crash nor hang nor ask for memory without bound.
-#include "engine/compositor.h"
-#include "engine/document_reader.h"
+#include "engine/document/document_reader.h"
+#include "engine/picture/compositor.h"
 #include "media/media_facts.h"
 #include "media/png.h"
 

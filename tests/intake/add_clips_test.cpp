@@ -1,7 +1,7 @@
 // Media files becoming clip records.
 #include "intake/add_clips.h"
 
-#include "editor/timeline/keyframes.h"
+#include "editor/compiler/keyframes.h"
 #include "support/fakes.h"
 
 #include <set>
@@ -12,12 +12,14 @@ namespace kvo {
 namespace {
 
 struct IntakeBench : test::Bench {
-  MainWindowState window;
-  AddClips intake{{files, clock, boxes, streams}, settings, collection, window};
+  int lastAdded = 0;
+  AddClips intake{
+      {files, clock, boxes, streams}, settings, collection, [this](int number) { lastAdded = number; }};
 
   Movie& added(const std::string& path, const StreamFacts& facts) {
     streams.all[path] = facts;
     EXPECT_TRUE(intake.AddMoviesm(path)) << path;
+    EXPECT_EQ(lastAdded, collection.MovieList.count());
     return collection.MovieList[collection.MovieList.count()];
   }
 };

@@ -1,6 +1,6 @@
 #include "media/movie_writer.h"
 
-#include "platform/posix/posix_files.h"
+#include "adapters/posix/posix_files.h"
 #include "support/real_world.h"
 
 #include <algorithm>

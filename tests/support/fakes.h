@@ -2,12 +2,12 @@
 // clock that stands still, and streams told by name.
 #pragma once
 
-#include "core/collection_file.h"
-#include "editor/timeline/compilation.h"
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/frame_source.h"
-#include "platform/message_boxes.h"
+#include "core/file/collection_file.h"
+#include "editor/compiler/compilation.h"
+#include "ports/clock.h"
+#include "ports/files.h"
+#include "ports/frame_source.h"
+#include "ports/message_boxes.h"
 
 #include <deque>
 #include <functional>

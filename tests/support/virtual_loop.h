@@ -1,17 +1,14 @@
-// Time that moves only when told, and stand-ins for the ports of the window's logic.
+// Time that moves only when told, and work that comes home from other threads when it moves.
 #pragma once
 
-#include "core/clip_intake.h"
-#include "core/start_up.h"
-#include "support/fakes.h"
+#include "ports/event_loop.h"
 
 #include <algorithm>
-#include <map>
+#include <functional>
+#include <mutex>
 #include <set>
-#include <string>
+#include <utility>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 
@@ -25,13 +22,20 @@ class VirtualLoop : public EventLoop {
   }
   void yield() override {
     ++yields;
+    runPosted();
     onYield();
   }
+  void post(std::function<void()> work) override {
+    const std::lock_guard lock(mutex_);
+    posted_.push_back(std::move(work));
+  }
+  [[nodiscard]] std::chrono::milliseconds now() const override { return std::chrono::milliseconds(now_); }
 
   /// Lets `milliseconds` pass; timers tick in the order of their times.
   void advance(int milliseconds) {
     const int end = now_ + milliseconds;
     for (;;) {
+      runPosted();
       const auto next = std::min_element(running_.begin(), running_.end(),
                                          [](const auto* a, const auto* b) { return a->due < b->due; });
       if (next == running_.end() || (*next)->due > end) break;
@@ -42,7 +46,6 @@ class VirtualLoop : public EventLoop {
     }
     now_ = end;
   }
-  [[nodiscard]] int now() const { return now_; }
 
  private:
   struct VirtualTimer : Timer {
@@ -64,124 +67,19 @@ class VirtualLoop : public EventLoop {
     int due = 0;
   };
 
+  void runPosted() {
+    std::vector<std::function<void()>> work;
+    {
+      const std::lock_guard lock(mutex_);
+      work.swap(posted_);
+    }
+    for (const auto& piece : work) piece();
+  }
+
   int now_ = 0;
+  std::mutex mutex_;
+  std::vector<std::function<void()>> posted_;
   std::set<VirtualTimer*> running_;
-};
-
-class MemoryStore : public UserStore {
- public:
-  mutable std::map<std::string, std::string, std::less<>> all;
-  [[nodiscard]] std::string read(std::string_view name) const override {
-    const auto found = all.find(name);
-    return found == all.end() ? std::string() : found->second;
-  }
-  void write(std::string_view name, std::string_view text) override { all[std::string(name)] = text; }
-};
-
-class MemoryHandover : public Handover {
- public:
-  bool isFirst = true;
-  std::vector<std::string> sent;
-  std::optional<std::string> mailbox;
-
-  bool becomeFirst() override { return isFirst; }
-  bool send(std::string_view text) override {
-    sent.emplace_back(text);
-    return true;
-  }
-  std::optional<std::string> take() override { return std::exchange(mailbox, std::nullopt); }
-};
-
-class PlainDesktop : public Desktop {
- public:
-  ScreenFacts facts{1920, 1080, 24, 1};
-  std::vector<std::string> pages;
-  [[nodiscard]] ScreenFacts screen() const override { return facts; }
-  bool openPage(const std::string& address) override {
-    pages.push_back(address);
-    return true;
-  }
-};
-
-class ScriptedDialogs : public FileDialogs {
- public:
-  std::deque<std::optional<std::string>> answers;
-  std::vector<FileQuestion> asked;
-  std::optional<std::string> open(const FileQuestion& question) override { return next(question); }
-  std::optional<std::string> save(const FileQuestion& question) override { return next(question); }
-  std::vector<std::string> openSeveral(const FileQuestion& question) override {
-    const auto one = next(question);
-    return one ? std::vector{*one} : std::vector<std::string>();
-  }
-
- private:
-  std::optional<std::string> next(const FileQuestion& question) {
-    asked.push_back(question);
-    if (answers.empty()) return std::nullopt;
-    auto answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
-};
-
-/// Adds what the file system of the test holds, and refuses everything else.
-class PlainIntake : public ClipIntake {
- public:
-  PlainIntake(MemoryFiles& files, Collection& collection) : files_(files), collection_(collection) {}
-  std::vector<std::string> asked;
-  KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
-  bool AddMoviesm(const std::string& text) override {
-    asked.push_back(text);
-    if (!files_.exists(text)) return false;
-    Movie clip;
-    clip.MovieName(std::string(fileNamePart(text)));
-    clip.Path(std::string(folderPart(text)));
-    clip.IsStill(text.ends_with(".jpg"));
-    collection_.MovieList.add(std::move(clip));
-    if (settings != nullptr) {
-      settings->LoadFrom(std::string(folderPart(text)));
-      settings->IsDirty(true);
-    }
-    return true;
-  }
-
- private:
-  MemoryFiles& files_;
-  Collection& collection_;
-};
-
-/// The program without its window: everything that start-up and the File menu touch.
-struct ProgramBench : Bench {
-  VirtualLoop loop;
-  MemoryStore store;
-  MemoryHandover handover;
-  PlainDesktop desktop;
-  ScriptedDialogs dialogs;
-  MainWindowState window;
-  PlainIntake intake{files, collection};
-  CollectionCommands commands{{files, boxes, dialogs, loop, folder}, file, settings, collection, window};
-  StartUp startUp{{files, boxes, loop, handover, store, desktop, folder},
-                  file,
-                  settings,
-                  collection,
-                  commands,
-                  intake,
-                  window};
-
-  /// Puts a collection of these clips at `path`; their files are there.
-  void saveCollection(const std::string& path, const std::vector<std::string>& clips,
-                      const std::function<void(KVO2&)>& change = {}) {
-    Bench b;
-    for (const auto& clip : clips) {
-      b.addVideo(clip, 0, 5);
-      files.all["/v/" + clip] = "x";
-    }
-    b.settings.NoofUses(30);
-    b.settings.PreviewType(10);
-    if (change) change(b.settings);
-    EXPECT_TRUE(b.file.WriteINI(std::string(folderPart(path)), std::string(fileNamePart(path)), true));
-    files.all[path] = b.files.all[path];
-  }
 };
 
 }  // namespace kvo::test

@@ -1,7 +1,7 @@
 #include "engine/effects/adjustment.h"
 
-#include "engine/drawing.h"
 #include "engine/effects/by_image.h"
+#include "engine/picture/drawing.h"
 #include "engine/transitions/simple_3d.h"
 
 #include <algorithm>

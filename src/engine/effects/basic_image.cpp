@@ -1,7 +1,7 @@
 #include "engine/effects/basic_image.h"
 
-#include "engine/drawing.h"
-#include "engine/planes.h"
+#include "engine/picture/drawing.h"
+#include "engine/picture/planes.h"
 
 #include <cmath>
 #include <opencv2/core.hpp>

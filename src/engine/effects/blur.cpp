@@ -1,6 +1,6 @@
 #include "engine/effects/blur.h"
 
-#include "engine/planes.h"
+#include "engine/picture/planes.h"
 
 #include <cmath>
 #include <opencv2/imgproc.hpp>

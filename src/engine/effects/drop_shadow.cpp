@@ -1,7 +1,7 @@
 #include "engine/effects/drop_shadow.h"
 
-#include "engine/drawing.h"
-#include "engine/planes.h"
+#include "engine/picture/drawing.h"
+#include "engine/picture/planes.h"
 #include "media/pixel_rows.h"
 
 #include <algorithm>

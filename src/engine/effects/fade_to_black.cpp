@@ -1,6 +1,6 @@
 #include "engine/effects/fade_to_black.h"
 
-#include "engine/planes.h"
+#include "engine/picture/planes.h"
 
 #include <algorithm>
 

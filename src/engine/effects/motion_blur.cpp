@@ -1,7 +1,7 @@
 #include "engine/effects/motion_blur.h"
 
 #include "engine/effects/streaks.h"
-#include "engine/planes.h"
+#include "engine/picture/planes.h"
 #include "engine/transitions/fade.h"
 
 namespace kvo::engine {

@@ -1,6 +1,6 @@
 #include "engine/effects/pixelate.h"
 
-#include "engine/blocks.h"
+#include "engine/picture/blocks.h"
 
 namespace kvo::engine {
 

@@ -1,7 +1,7 @@
 // The effects the engine can draw, by class id. One file an effect, one line in the table.
 #pragma once
 
-#include "engine/params.h"
+#include "engine/document/params.h"
 #include "media/picture.h"
 
 #include <functional>

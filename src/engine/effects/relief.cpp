@@ -1,6 +1,6 @@
 #include "engine/effects/relief.h"
 
-#include "engine/planes.h"
+#include "engine/picture/planes.h"
 
 #include <opencv2/imgproc.hpp>
 

@@ -1,6 +1,6 @@
 #include "engine/transitions/colour_fade.h"
 
-#include "engine/drawing.h"
+#include "engine/picture/drawing.h"
 #include "engine/transitions/fade.h"
 
 namespace kvo::engine {

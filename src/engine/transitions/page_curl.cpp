@@ -1,8 +1,8 @@
 #include "engine/transitions/page_curl.h"
 
-#include "engine/drawing.h"
-#include "engine/planes.h"
-#include "engine/space.h"
+#include "engine/picture/drawing.h"
+#include "engine/picture/planes.h"
+#include "engine/picture/space.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "engine/transitions/particles.h"
 
-#include "engine/space.h"
+#include "engine/picture/space.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "engine/transitions/pixelate.h"
 
-#include "engine/blocks.h"
+#include "engine/picture/blocks.h"
 #include "engine/transitions/fade.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "engine/transitions/placing.h"
 
-#include "engine/drawing.h"
+#include "engine/picture/drawing.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "engine/params.h"
+#include "engine/document/params.h"
 #include "media/picture.h"
 
 #include <functional>

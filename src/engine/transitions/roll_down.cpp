@@ -1,6 +1,6 @@
 #include "engine/transitions/roll_down.h"
 
-#include "engine/drawing.h"
+#include "engine/picture/drawing.h"
 
 namespace kvo::engine {
 

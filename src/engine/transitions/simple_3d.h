@@ -2,7 +2,7 @@
 // camera goes round and finds the second on the back of the first.
 #pragma once
 
-#include "engine/space.h"
+#include "engine/picture/space.h"
 #include "engine/transitions/registry.h"
 
 namespace kvo::engine {

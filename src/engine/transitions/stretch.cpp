@@ -1,6 +1,6 @@
 #include "engine/transitions/stretch.h"
 
-#include "engine/drawing.h"
+#include "engine/picture/drawing.h"
 
 namespace kvo::engine {
 

@@ -1,7 +1,7 @@
 // What the controls and colours of a palette effect come to.
 #pragma once
 
-#include "engine/params.h"
+#include "engine/document/params.h"
 #include "media/colour.h"
 
 #include <opencv2/core.hpp>

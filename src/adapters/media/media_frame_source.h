@@ -1,0 +1,30 @@
+// What a media file holds, by FFmpeg. A file that was looked at is not opened again until it changes.
+#pragma once
+
+#include "ports/frame_source.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+
+namespace kvo {
+
+class MediaFrameSource : public FrameSource {
+ public:
+  Result<StreamFacts> facts(const std::string& path) override;
+
+ private:
+  // What tells that a file is the one that was looked at.
+  struct Stamp {
+    std::uintmax_t size = 0;
+    std::filesystem::file_time_type time{};
+    bool operator==(const Stamp&) const = default;
+  };
+  struct Known {
+    Stamp stamp{};
+    StreamFacts facts{};
+  };
+  std::map<std::string, Known> known_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,22 @@
+#include "adapters/posix/posix_clock.h"
+
+#include <chrono>
+#include <ctime>
+#include <thread>
+
+namespace kvo {
+
+LocalTime PosixClock::now() const {
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  tm t{};
+  ::localtime_r(&now.tv_sec, &t);
+  return {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday,
+          t.tm_hour,        t.tm_min,     t.tm_sec + static_cast<double>(now.tv_nsec) / 1e9};
+}
+
+void PosixClock::pause(int milliseconds) const {
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+}  // namespace kvo

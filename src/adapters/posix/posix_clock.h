@@ -1,0 +1,14 @@
+// The system's time of day.
+#pragma once
+
+#include "ports/clock.h"
+
+namespace kvo {
+
+class PosixClock : public Clock {
+ public:
+  [[nodiscard]] LocalTime now() const override;
+  void pause(int milliseconds) const override;
+};
+
+}  // namespace kvo

@@ -1,0 +1,197 @@
+#include "adapters/posix/posix_files.h"
+
+#include "base/paths.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <optional>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr mode_t kNewFileMode = 0666;  // less the umask
+
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  [[nodiscard]] int get() const { return fd_; }
+  [[nodiscard]] bool valid() const { return fd_ >= 0; }
+
+ private:
+  int fd_;
+};
+
+Error failure(std::string_view what, const std::string& path, int code = errno) {
+  return {std::string(what) + " " + path + ": " + std::strerror(code)};  // NOLINT(concurrency-mt-unsafe)
+}
+
+std::string folderOf(const std::string& path) {
+  const auto folder = folderPart(path);
+  return folder.empty() ? "." : std::string(folder);
+}
+
+// The file that a replacement of `path` has to stand in for: the target when `path` is a link.
+std::string targetOf(const std::string& path) {
+  std::error_code failed;
+  if (!std::filesystem::is_symlink(path, failed)) return path;
+  const auto target = std::filesystem::weakly_canonical(path, failed);
+  return failed ? path : target.string();
+}
+
+class PosixReplacement : public Replacement {
+ public:
+  PosixReplacement(Descriptor file, std::string path, std::string scratch)
+      : file_(std::move(file)), path_(std::move(path)), scratch_(std::move(scratch)) {}
+
+  ~PosixReplacement() override {
+    if (!scratch_.empty()) ::unlink(scratch_.c_str());
+  }
+
+  Outcome write(std::uint64_t at, std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const auto done = ::pwrite(file_.get(), bytes.data(), bytes.size(), static_cast<off_t>(at));
+      if (done < 0 && errno == EINTR) continue;
+      if (done <= 0) return failure("cannot write", path_);
+      bytes.remove_prefix(static_cast<std::size_t>(done));
+      at += static_cast<std::uint64_t>(done);
+      size_ = std::max(size_, at);
+    }
+    return {};
+  }
+
+  [[nodiscard]] std::uint64_t size() const override { return size_; }
+
+  Outcome commit() override {
+    if (::fsync(file_.get()) != 0) return failure("cannot write", path_);
+    if (auto named = name(); !named) return named;
+    if (::rename(scratch_.c_str(), path_.c_str()) != 0) return failure("cannot replace", path_);
+    scratch_.clear();
+    const Descriptor folder(::open(folderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.valid()) ::fsync(folder.get());
+    return {};
+  }
+
+ private:
+  // Gives an unnamed file a name beside the target, from where a rename puts it in place.
+  Outcome name() {
+    if (!scratch_.empty()) return {};
+    const auto self = "/proc/self/fd/" + std::to_string(file_.get());
+    for (int i = 0; i < 100; ++i) {
+      const auto name = path_ + ".new" + std::to_string(::getpid()) + "-" + std::to_string(i);
+      if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+        scratch_ = name;
+        return {};
+      }
+      if (errno != EEXIST) break;
+    }
+    return failure("cannot replace", path_);
+  }
+
+  Descriptor file_;
+  std::string path_;
+  std::string scratch_;  // the name of the new contents while they have one
+  std::uint64_t size_ = 0;
+};
+
+}  // namespace
+
+bool PosixFiles::exists(const std::string& path) const {
+  struct stat found {};
+  return ::stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
+}
+
+Result<std::string> PosixFiles::read(const std::string& path, std::uint64_t limit) const {
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.valid()) return failure("cannot read", path);
+  struct stat found {};
+  if (::fstat(file.get(), &found) != 0) return failure("cannot read", path);
+  if (S_ISDIR(found.st_mode)) return failure("cannot read", path, EISDIR);
+  if (static_cast<std::uint64_t>(found.st_size) > limit) return failure("cannot read", path, EFBIG);
+  std::string bytes;
+  bytes.resize(static_cast<std::size_t>(found.st_size));
+  std::size_t have = 0;
+  for (;;) {
+    if (have == bytes.size()) bytes.resize(have + 4096);
+    const auto got = ::read(file.get(), bytes.data() + have, bytes.size() - have);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return failure("cannot read", path);
+    if (got == 0) break;
+    have += static_cast<std::size_t>(got);
+    if (have > limit) return failure("cannot read", path, EFBIG);
+  }
+  bytes.resize(have);
+  return bytes;
+}
+
+Result<std::unique_ptr<Replacement>> PosixFiles::replace(const std::string& path) {
+  const auto target = targetOf(path);
+  const auto folder = folderOf(target);
+  std::optional<mode_t> mode;
+  struct stat old {};
+  if (::stat(target.c_str(), &old) == 0) {
+    if (!S_ISREG(old.st_mode)) return failure("cannot replace", path, S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
+    mode = (old.st_mode & 07777U) | S_IWUSR;
+  }
+  std::string scratch;
+  Descriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode));
+  if (!file.valid() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
+    scratch = target + ".new" + std::to_string(::getpid());
+    Descriptor named(
+        ::open(scratch.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
+    if (!named.valid()) return failure("cannot write", path);
+    if (mode) ::fchmod(named.get(), *mode);
+    return std::unique_ptr<Replacement>(
+        std::make_unique<PosixReplacement>(std::move(named), target, scratch));
+  }
+  if (!file.valid()) return failure("cannot write", path);
+  if (mode) ::fchmod(file.get(), *mode);
+  return std::unique_ptr<Replacement>(std::make_unique<PosixReplacement>(std::move(file), target, scratch));
+}
+
+Outcome PosixFiles::append(const std::string& path, std::string_view bytes) {
+  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, kNewFileMode));
+  if (!file.valid()) return failure("cannot write", path);
+  while (!bytes.empty()) {
+    const auto done = ::write(file.get(), bytes.data(), bytes.size());
+    if (done < 0 && errno == EINTR) continue;
+    if (done <= 0) return failure("cannot write", path);
+    bytes.remove_prefix(static_cast<std::size_t>(done));
+  }
+  return {};
+}
+
+Outcome PosixFiles::rename(const std::string& from, const std::string& to) {
+  return ::rename(from.c_str(), to.c_str()) == 0 ? Outcome() : Outcome(failure("cannot rename", from));
+}
+
+bool PosixFiles::remove(const std::string& path) { return ::unlink(path.c_str()) == 0 || errno == ENOENT; }
+
+Outcome PosixFiles::makeFolder(const std::string& path) {
+  std::error_code failed;
+  std::filesystem::create_directories(path, failed);
+  if (failed) return Error{"cannot make the folder " + path + ": " + failed.message()};
+  return {};
+}
+
+bool PosixFiles::sameFile(const std::string& a, const std::string& b) const {
+  struct stat one {};
+  struct stat two {};
+  return ::stat(a.c_str(), &one) == 0 && ::stat(b.c_str(), &two) == 0 && one.st_dev == two.st_dev &&
+         one.st_ino == two.st_ino;
+}
+
+}  // namespace kvo

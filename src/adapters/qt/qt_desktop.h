@@ -1,0 +1,15 @@
+// The desktop by Qt.
+#pragma once
+
+#include "ports/desktop.h"
+
+namespace kvo {
+
+class QtDesktop : public Desktop {
+ public:
+  [[nodiscard]] ScreenFacts screen() const override;
+  [[nodiscard]] std::string videosFolder() const override;
+  bool openPage(const std::string& address) override;
+};
+
+}  // namespace kvo

@@ -1,0 +1,123 @@
+// Reads and writes a collection: one INI-form text that holds the preferences and the clips. What is not for
+// this room: dialogs, lists, the commands New, Open and Save.
+#pragma once
+
+#include "core/file/section_reader.h"
+#include "core/records/collection.h"
+#include "core/telling/error_log.h"
+#include "core/telling/failures.h"
+#include "ports/clock.h"
+#include "ports/files.h"
+#include "ports/message_boxes.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvo {
+
+/// A collection file beyond this many bytes is refused unread.
+inline constexpr std::uint64_t kMaxCollectionBytes = 512ULL << 20U;
+
+/// Hears how far a long load or save has come and may stop a load.
+class LoadWatch {
+ public:
+  LoadWatch() = default;
+  LoadWatch(const LoadWatch&) = delete;
+  LoadWatch& operator=(const LoadWatch&) = delete;
+  virtual ~LoadWatch() = default;
+
+  virtual void status(std::string_view text) = 0;
+  virtual bool abortClicked() = 0;
+};
+
+struct ReadOptions {
+  /// False leaves the file as it stands, whatever the read finds: for commands that only look or render.
+  bool mayRewrite = true;
+  /// A clip whose file is missing stays in the list, and no question is asked.
+  bool keepMissingClips = false;
+  /// Shows "Loading Clip i of n" and can abort; null shows nothing.
+  LoadWatch* watch = nullptr;
+};
+
+enum class ReadEnd {
+  Done,
+  Cancelled,     ///< the user chose not to go on without a missing file; nothing was written
+  Aborted,       ///< the user stopped the load; what came before is in the lists; nothing was written
+  NotReadable,   ///< no [KVO] section could be read: the program cannot go on with this file
+  NotValid,      ///< [KVO] is there and is not that of a collection
+  TooManyClips,  ///< more than a collection can hold; nothing was read
+};
+
+struct ReadReport {
+  ReadEnd end = ReadEnd::Done;
+  std::vector<std::string> missingFiles{};
+  std::vector<int> skippedClips{};  ///< numbers of clip sections without a usable name or folder
+  bool damaged = false;             ///< sections were missing or out of order
+};
+
+class CollectionFile {
+ public:
+  CollectionFile(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log,
+                 const ProgramFolder& folder, KVO2& settings, Collection& collection);
+
+  /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
+  /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
+  /// written back; when anything was lost on the way, or it could not be read at all, the old file is kept
+  /// beside it with ".old" behind its name, or ".old2" and so on where there is one of that name.
+  ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
+
+  /// Writes settings and lists to `folder` + `file` in one durable step, reads the head back and clears
+  /// KVO2.IsDirty. False when the file could not be written or checked; it then is what it was before. A text
+  /// that the format cannot carry is written as near to it as can be: this is told, and what stood there is
+  /// kept as by ReadINI.
+  bool WriteINI(std::string folder, const std::string& file, bool quiet, LoadWatch* watch = nullptr);
+
+  /// True when [KVO] has "DefaultStartupVid" in row 5.
+  bool IsValidCollection(const std::string& fileName);
+
+  /// Fails when the file holds more clips than a collection can, with a line for a person.
+  Outcome checkSize(const std::string& fileName);
+
+  /// The first value of [KVO], or "Unknown and Corrupt". `isOther` is true unless it begins "Ver 3.1".
+  std::string CollectionVersion(const std::string& fileName, bool& isOther);
+
+ private:
+  using Rows = std::vector<SectionRow>;
+
+  void readHead(SectionReader& reader, struct HeadRead& head);
+  void readAnimations(SectionReader& reader);
+  void readClips(SectionReader& reader, const ReadOptions& options, ReadReport& report);
+  bool readClip(SectionReader& reader, int number, Movie& clip, int& failures, bool& skipped);
+  void readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report);
+  bool askAboutMissing(const Movie& clip);
+  void replaceUnreadable(const std::string& fileName, const Error& why);
+  void rewrite(const std::string& fileName, const SectionReader& reader, const ReadReport& report,
+               const ReadOptions& options);
+  Result<std::string> keepCopy(const std::string& fileName);
+  [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;
+  [[nodiscard]] std::string folderField(std::string_view value) const;
+  bool findFile(std::string& folder, std::string& name, const SectionRow* folderRow,
+                const SectionRow& nameRow) const;
+  bool fileIsThere(Movie& clip, const Rows& main) const;
+  void giveMissingKeys();
+  void findOtherFiles(Movie& clip, const Rows& main) const;
+  [[nodiscard]] std::string fileField(const SectionRow& row) const;
+
+  Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step,
+                        std::vector<std::string>& changedTexts);
+  Outcome keepAhead(const std::string& path, const std::vector<std::string>& changedTexts, bool quiet);
+  bool failWrite(std::string_view step, std::string_view why, std::string_view told = {});
+
+  Files& files_;
+  const Clock& clock_;
+  MessageBoxes& boxes_;
+  ErrorLog& log_;
+  const ProgramFolder& folder_;
+  KVO2& settings_;
+  Collection& collection_;
+  ChangePoster poster_;
+  Failures failures_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,28 @@
+// The fade sliders of the audio options, in tenths of a second.
+#pragma once
+
+#include "editor/compiler/compilation.h"
+
+#include <string>
+
+namespace kvo {
+
+struct AudioFadeControls {
+  bool renderAudio = false;  ///< Chk_RenderClipAudio of the clip in hand
+  double fadeIn = 0;         ///< tenths of a second
+  double fadeOut = 0;
+};
+
+/// Copies the sliders to the clip in hand, or, with `fromSliders` false, back. While Chk_AutoTrim is ticked a
+/// fade that is longer than the clip is warned of.
+void AdjustAudioTrackFadeObjects(const Compilation& c, AudioFadeControls& controls, bool fromSliders);
+
+struct AudioFadeTitles {
+  std::string fadeIn;
+  std::string fadeOut;
+};
+
+/// "Fade In Over 1.5s", or "- Cut" at 0.
+AudioFadeTitles UpdateAudioFadeSliderTxt(const AudioFadeControls& controls);
+
+}  // namespace kvo

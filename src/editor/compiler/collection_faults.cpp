@@ -1,0 +1,128 @@
+#include "editor/compiler/collection_faults.h"
+
+#include "base/text.h"
+#include "editor/compiler/audio_tracks.h"
+#include "editor/compiler/clip_kinds.h"
+#include "editor/compiler/durations.h"
+#include "editor/compiler/picture_in_picture.h"
+#include "editor/compiler/transition_names.h"
+
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr double kDurationSlack = 0.5;  // seconds that a mark may lie behind the end
+constexpr double kLongestTime = 1e9;    // seconds; a document cannot give more
+constexpr double kHighestRate = 1000;   // frames a second
+
+class Faults {
+ public:
+  Faults(const Compilation& c, const ReadReport& report) : c_(c) {
+    readFaults(report);
+    if (c.clips().empty()) stop("the collection has no clips");
+    if (!c.editor.hasNoVideo) outputFaults();
+    const int misplaced = misplacedSound(c);
+    for (number_ = 1; number_ <= c.clips().count(); ++number_) {
+      const auto& clip = c.clips()[number_];
+      const bool sound = isSound(c, clip);
+      if (number_ == misplaced) stop("it is sound and stands ahead of a clip with a picture");
+      fileFaults(clip, sound);
+      timeFaults(clip, sound);
+      if (!sound && !isCut(clip.TransType()) && !isTransition(clip.TransType()))
+        stop("there is no transition " + clip.TransType());
+      heldValues(clip);
+    }
+  }
+
+  std::vector<CollectionFault> all;
+
+ private:
+  void stop(std::string text) { all.push_back({number_, std::move(text), true}); }
+  void tell(std::string text) { all.push_back({number_, std::move(text), false}); }
+
+  void readFaults(const ReadReport& report) {
+    for (const int section : report.skippedClips)
+      tell("clip section " + std::to_string(section) + " has no usable name or folder and is left out");
+    if (report.damaged) tell("sections of the collection are missing or out of order; clips may be missing");
+  }
+
+  void outputFaults() {
+    const double rate = ToNumber(ShortText(c_.settings.OutPutFrameRate()));
+    if (rate <= 0 || rate > kHighestRate)
+      stop("its frame rate of " + ShortText(rate) + " is not within 0 to 1000");
+    const auto& editor = c_.editor;
+    if (editor.OutputWidth < 2 || editor.OutputHeight < 2) {
+      stop("its size of " + std::to_string(editor.OutputWidth) + " x " + std::to_string(editor.OutputHeight) +
+           " is too small for a movie");
+    }
+  }
+
+  void fileFaults(const Movie& clip, bool sound) {
+    const auto path = clipFile(clip);
+    if (!c_.files.exists(path)) return stop("the file is missing");
+    if (sound && !isMusic(c_, clip)) return stop("sound of its kind cannot be put into a movie");
+    const auto facts = c_.streams.facts(path);
+    if (!facts) return stop(facts.error().text);
+    if (sound && !facts->hasAudio) stop("there is no sound in it");
+    if (!sound && !facts->hasVideo) stop("there is no picture in it");
+    const double end = clip.LoopEnd().number();
+    if (!clip.IsStill() && facts->duration > 0 && end > facts->duration + kDurationSlack) {
+      tell("its section ends at " + ShortText(end) + " s, the file at " +
+           FormatMask(facts->duration, "0.00") + " s");
+    }
+  }
+
+  // The times as a document gives them, which a renderer refuses where they make no sense.
+  void timeFaults(const Movie& clip, bool sound) {
+    const bool takesPart = !sound || clip.RenderAudio();
+    const auto fault = [&](std::string text) { all.push_back({number_, std::move(text), takesPart}); };
+    if (clip.Playspeed() < 0) return fault("its speed of " + ShortText(speedOf(clip)) + " cannot be played");
+    const double start = ToNumber(secondsText(clip.LoopStart()));
+    const double end = ToNumber(fixedText(clip.LoopEnd().number()));
+    const double placed = ToNumber(clip.TimeLineStart().text());
+    const double stopped = ToNumber(clip.TimeLineStop().text());
+    for (const double seconds : {start, end, placed, stopped}) {
+      if (std::fabs(seconds) >= kLongestTime)
+        return fault("its time of " + ShortText(seconds) + " s is beyond what a movie can hold");
+    }
+    const double heardFrom = ToNumber(fixedText(start));  // sound is cut at four decimals
+    if (end <= std::max({start, 0.0, clip.RenderAudio() ? heardFrom : start}))
+      return fault("its section ends at " + ShortText(end) + " s, ahead of its start");
+    if (start < 0) tell("its section starts at " + ShortText(start) + " s, ahead of the file");
+    if (!clip.TimeLineStop().isSet()) return;  // left out of the movie
+    // Behind a clip that runs backwards all are placed ahead of the movie; that one has been told of.
+    if (placed < 0 && !isCut(clip.TransType()))
+      fault("its transition is longer than what stands ahead of it");
+    if (stopped <= placed) fault("it has no length in the movie at its speed of " + ShortText(speedOf(clip)));
+  }
+
+  // Values beyond their range, and what a compile holds them to.
+  void heldValues(const Movie& clip) {
+    const auto hold = [&](std::string_view name, double value, double least, double most,
+                          double heldToLeast) {
+      if (value >= least && value <= most) return;
+      tell("its " + std::string(name) + " of " + ShortText(value) + " is held to " +
+           ShortText(value < least ? heldToLeast : most));
+    };
+    // A replication of 0 is one that was never set.
+    hold("border width", clip.BorderWidth(), 0, 255, 0);
+    hold("border softness", static_cast<double>(clip.BorderSoftness()), 0, 255, 0);
+    hold("horizontal replication", clip.ReplicateX(), 0, 255, 1);
+    hold("vertical replication", clip.ReplicateY(), 0, 255, 1);
+    if (clip.IsStill()) hold("stretch mode", clip.stretchmode(), 0, 3, 0);
+    if (!trimmed(clip.HasPicInPic()).empty() && !readPicInPic(clip.HasPicInPic()))
+      tell("its picture-in-picture field makes no sense and is left out");
+  }
+
+  const Compilation& c_;
+  int number_ = 0;
+};
+
+}  // namespace
+
+std::vector<CollectionFault> collectionFaults(const Compilation& c, const ReadReport& report) {
+  return Faults(c, report).all;
+}
+
+}  // namespace kvo

@@ -1,0 +1,23 @@
+// What stands in the way of a good movie of a collection: one list for every room that makes or checks one.
+#pragma once
+
+#include "core/file/collection_file.h"
+#include "editor/compiler/compilation.h"
+
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+struct CollectionFault {
+  int clip = 0;      ///< clip number; 0 for the collection as a whole
+  std::string text;  ///< for a person: "the file is missing"
+  /// No movie can be made. Otherwise one can, and it will not be all that the collection says.
+  bool stopsRender = false;
+};
+
+/// All faults of the collection, in the order of its clips, those of the whole ahead of them. It has been
+/// compiled before, so that its times are known. `report` tells of its reading.
+std::vector<CollectionFault> collectionFaults(const Compilation& c, const ReadReport& report = {});
+
+}  // namespace kvo

@@ -1,0 +1,151 @@
+#include "editor/compiler/effect_panel.h"
+
+#include "base/text.h"
+#include "editor/compiler/keyframes.h"
+
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr std::string_view kBuiltIn[] = {"Mirror",    "Invert",  "Flip Vertical", "X-Ray",
+                                         "Grayscale", "Engrave", "Emboss",        "Fade to Black"};
+constexpr int kFirstSlot = static_cast<int>(EffectSwitch::FirstPaletteSlot);
+constexpr int kLastSlot = static_cast<int>(EffectSwitch::LastPaletteSlot);
+constexpr std::string_view kOlderSystems[] = {"ME", "98", "NT3", "2K", "NT4", "95"};
+
+void switchOnBlur(Movie& clip, EffectControls& controls) {
+  if (controls.Sld_Blur != 0) return;
+  controls.Sld_Blur = 4;
+  clip.BlurInt(4);
+}
+
+void switchOnMotionBlur(const Compilation& c, EffectControls& controls) {
+  if (controls.Sld_MotionBlurStrength < 2) controls.Sld_MotionBlurStrength = 14;
+  if (controls.Sld_MotionDir < 2) controls.Sld_MotionDir = 20;
+  BaseKeyframe base;
+  base.name = "MotionBlur";
+  base.param[0] = "14";
+  base.param[1] = "20";
+  WriteBaseKeyFrameToCollection(c, std::move(base), false);
+}
+
+void switchOnFilmAge(Movie& clip, EffectControls& controls) {
+  if (controls.Sld_FilmAge != 1) return;
+  controls.Sld_FilmAge = 35;
+  clip.AgeIntensity(35);
+}
+
+void applyEase(Movie& clip, Single initialScale, const char* direction) {
+  clip.EaseDuration(0);
+  clip.ScaleA(1);
+  clip.InitialScaleA(initialScale);
+  clip.MoveSpeedA(1);
+  clip.MoveADirection(direction);
+  clip.MoveARotationDirection("");
+  clip.RevolveCamera(false);
+}
+
+}  // namespace
+
+std::string effectCaption(const Compilation& c, int position) {
+  if (position < kFirstSlot) return std::string(kBuiltIn[position - 1]);
+  const auto* row = c.editor.effects.slot(position - kFirstSlot + 1);
+  return row == nullptr ? std::string() : row->name;
+}
+
+void CreateStaticClipEffectWord(const Compilation& c, const EffectControls& controls, int clipNo) {
+  if (clipNo < 1) return;
+  for (int i = 1; i <= kLastSlot; ++i) {
+    if (controls.switches.isOn(i)) continue;
+    int id = 0;
+    c.editor.effects.GetEffectIDFromName(effectCaption(c, i), id);
+    removeKeyframes(c, clipNo, id);
+  }
+  c.clips()[clipNo].EffectWord(controls.switches.text());
+}
+
+EffectControls DecodeStaticClipEffectWord(const Compilation& c, int clipNo) {
+  const auto& clip = c.clips()[clipNo];
+  return {EffectWord(clip.EffectWord()), clip.BlurInt(), clip.MBlurStrength(), clip.MBlurDirection(),
+          std::max<int>(clip.AgeIntensity(), 1)};
+}
+
+void ValidateEffectWordfromInterface(const Compilation& c, const EffectControls& controls, int clipNo) {
+  if (clipNo < 1 || controls.switches.any()) return;
+  c.clips()[clipNo].EffectWord("");
+  c.clips()[clipNo].HasKeyFrames(false);
+  removeKeyframes(c, clipNo, std::nullopt);
+}
+
+void switchEffect(const Compilation& c, EffectControls& controls, int position, bool on) {
+  const int clipNo = c.collection.icurMov;
+  if (clipNo < 1) return;
+  auto& clip = c.clips()[clipNo];
+  controls.switches.set(position, on);
+  int id = 0;
+  if (position <= kLastSlot) c.editor.effects.GetEffectIDFromName(effectCaption(c, position), id);
+  if (!on) {
+    if (position <= kLastSlot) removeKeyframes(c, clipNo, id);
+    CreateStaticClipEffectWord(c, controls, clipNo);
+    ValidateEffectWordfromInterface(c, controls, clipNo);
+    return;
+  }
+  switch (static_cast<EffectSwitch>(position)) {
+    case EffectSwitch::Blur:
+      switchOnBlur(clip, controls);
+      break;
+    case EffectSwitch::MotionBlur:
+      switchOnMotionBlur(c, controls);
+      break;
+    case EffectSwitch::FilmAge:
+      switchOnFilmAge(clip, controls);
+      break;
+    default:
+      if (id > 0) {
+        c.settings.KeyframeEffectNo(static_cast<Integer>(id));
+        AddSingleBaseKeyFrame(c);
+      }
+  }
+  CreateStaticClipEffectWord(c, controls, clipNo);
+}
+
+bool configureEffect(const Compilation& c, int position) {
+  if (position < kFirstSlot) {
+    c.boxes.show({"KVO - No Configurable Options", "There are no configurable options for this effect.",
+                  BoxButtons::Ok, BoxIcon::Information});
+    return false;
+  }
+  int id = position == static_cast<int>(EffectSwitch::Blur)         ? kBlurEffect
+           : position == static_cast<int>(EffectSwitch::MotionBlur) ? kMotionBlurEffect
+                                                                    : 0;
+  if (id == 0) c.editor.effects.GetEffectIDFromName(effectCaption(c, position), id);
+  c.settings.KeyframeEffectNo(static_cast<Integer>(id));
+  return id > 0;
+}
+
+void applyEaseDefaultIn(Movie& clip) { applyEase(clip, 0.75F, ""); }
+
+void applyEaseDefaultOut(Movie& clip) { applyEase(clip, 1, "out"); }
+
+std::vector<std::string> SetEaseSliderHeadings(const Movie& clip) {
+  const auto number = [](Single value, std::string_view mask) {
+    return FormatMask(ToNumber(ShortText(value)), mask);
+  };
+  return {"Ease Progress speed - Log(n) - " + number(clip.EaseDuration(), "0.0##"),
+          "Motion Speed - " + number(clip.MoveSpeedA(), "#0.0##"),
+          "Starting magnification - " + number(clip.InitialScaleA(), "#0.0##") + "x",
+          "Ending magnification - " + number(clip.ScaleA(), "#0.0##") + "x"};
+}
+
+void ResetObjForNonEffectOs(Movie& clip, std::string_view systemTag) {
+  if (std::find(std::begin(kOlderSystems), std::end(kOlderSystems), systemTag) == std::end(kOlderSystems))
+    return;
+  clip.Sepia(false);
+  clip.Red(0);
+  clip.Green(0);
+  clip.Blue(0);
+  clip.Threshold(0);
+}
+
+}  // namespace kvo

@@ -1,0 +1,68 @@
+// Picture-in-picture: one clip laid over another in a document of its own, apart from the collection's
+// timeline. The backdrop's record holds the overlay and its look in 21 digits.
+#pragma once
+
+#include "editor/compiler/compilation.h"
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+/// How the overlay's edges fade.
+enum class OverlayStyle { Uniform = 0, Radial = 2, Rectangular = 3 };
+
+struct PicInPic {
+  int overlayClip = 0;  ///< clip number; 0 for none
+  OverlayStyle style = OverlayStyle::Uniform;
+  int position = 1;      ///< 1 to 15
+  int maxOpacity = 100;  ///< per cent
+  int fadeIn = 0;        ///< milliseconds
+  int fadeOut = 0;       ///< milliseconds
+  bool trimToBackdrop = false;
+};
+
+/// The 21 digits, each number held to its width; empty for an overlay clip 0.
+std::string picInPicText(const PicInPic& look);
+
+/// Takes the digits apart; nothing when they are not 21, or name a style or a position that there is not.
+std::optional<PicInPic> readPicInPic(std::string_view text);
+
+/// The names of the 15 positions, in order.
+std::span<const std::string_view> overlayPositionNames();
+
+struct PictureBox {
+  double height = 0, width = 0;  ///< pixels
+  double offsetY = 0, offsetX = 0;
+};
+
+/// Where the overlay stands in a picture of `width` x `height`.
+PictureBox overlayBox(int position, double width, double height);
+
+struct PicInPicOptions {
+  bool preview = false;        ///< 170 x 70 at the preview's rate, else the output's size and rate
+  bool backdropAudio = false;  ///< the box is enabled and ticked
+  bool overlayAudio = false;
+};
+
+/// The labels of the three sliders: opacity, fade-in, fade-out.
+std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look);
+
+/// Maximum of the two fade sliders in milliseconds: half of the longer clip.
+int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo);
+
+/// The whole document for a backdrop, with its overlay if its record names one that is there.
+std::string CreatePinPPreview(const Compilation& c, int backdropNo, const PicInPicOptions& options);
+
+/// Captions of the two audio boxes, and whether they are enabled: overlay first.
+struct AudioBox {
+  std::string caption;
+  bool enabled = false;
+};
+AudioBox overlayAudioBox(const Movie& clip);
+AudioBox backdropAudioBox(const Movie& clip);
+
+}  // namespace kvo

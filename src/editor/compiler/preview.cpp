@@ -1,0 +1,55 @@
+#include "editor/compiler/preview.h"
+
+#include "base/text.h"
+#include "editor/compiler/render_file.h"
+
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr std::string_view kTotalMask = "000.000";
+
+PreviewLabels labelsOf(const EditorState& editor) {
+  const double video = ToNumber(editor.VideoTotalTime);
+  const double audio = ToNumber(editor.AudioTotalTime);
+  PreviewLabels labels;
+  labels.lbl_VideoTotTime = FormatMask(video, kTotalMask);
+  labels.FSB_RenderRangeMax = static_cast<int>(std::floor(video > 0 ? video : audio));
+  if (audio <= 0) {
+    labels.Lbl_AudTotal = "No Audio";
+    labels.audioToolTip = "The final movie will not have an audio track";
+    return labels;
+  }
+  labels.Lbl_AudTotal = FormatMask(audio, kTotalMask);
+  labels.audioIsRed = editor.AudioTotalTime != editor.VideoTotalTime;  // as texts
+  labels.audioToolTip =
+      labels.audioIsRed
+          ? "Audio Length does not match video Length - Either trim manually or use 'Auto trim' in "
+            "the Audio options tab"
+          : "Total length of the audio to be rendered";
+  return labels;
+}
+
+}  // namespace
+
+std::string powerToolTip(int power) { return std::to_string(power * 10) + "% CPU"; }
+
+std::string powerCaption(int power) {
+  return powerToolTip(power) + " - " + "Preview Performance \\ CPU Power Required";
+}
+
+Result<PreviewLabels> CreatePreview(const Compilation& c, const StillControls& stills) {
+  if (c.clips().empty()) {
+    c.boxes.show({"KVO - Nothing to Render", "Nothing to render", BoxButtons::Ok, BoxIcon::Information});
+    return Error{"Nothing to render"};
+  }
+  ApplyStillSettings(c, stills);
+  const int power = c.settings.PreviewCPU() == 0 ? 10 : c.settings.PreviewCPU();
+  const auto path = c.folder.beside("\\KVORender.xtl");
+  if (auto done = writeDocument(c.files, path, compilePreviewText(c, power)); !done) return done.error();
+  AnalyseRenderFile(c, path);
+  return labelsOf(c.editor);
+}
+
+}  // namespace kvo

@@ -1,0 +1,118 @@
+#include "editor/compiler/preview_params.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace kvo {
+namespace {
+
+struct Row {
+  std::string_view scale;
+  int depth;
+  int rate;
+  int effects;
+  int transitions;
+};
+
+constexpr std::array<Row, 10> kDefaults = {{{"6", 16, 10, 0, 0},
+                                            {"5", 24, 15, 1, 1},
+                                            {"4", 24, 15, 1, 1},
+                                            {"3", 16, 10, 0, 1},
+                                            {"3", 24, 10, 1, 1},
+                                            {"2", 24, 10, 0, 1},
+                                            {"2", 24, 10, 1, 1},
+                                            {"1.25", 24, 99, 1, 1},
+                                            {"1", 24, 15, 1, 1},
+                                            {"1", 24, 99, 1, 1}}};
+constexpr std::uint64_t kMaxFile = 1U << 20U;
+constexpr Single kOutputRate = 99;
+
+std::string defaultFile() {
+  std::string out;
+  for (std::size_t i = 0; i < kDefaults.size(); ++i) {
+    const auto& row = kDefaults[i];
+    out.append(i == 0 ? "" : "\r\n");
+    out.append("[Preview").append(std::to_string(i + 1)).append("]\r\n");
+    out.append("ScaleFactor = ").append(row.scale).append(kCrLf);
+    out.append("BitDepth = ").append(std::to_string(row.depth)).append(kCrLf);
+    out.append("FrameRate = ").append(std::to_string(row.rate)).append(kCrLf);
+    out.append("Effects = ").append(std::to_string(row.effects)).append(kCrLf);
+    out.append("Transitions = ").append(std::to_string(row.transitions)).append(kCrLf);
+  }
+  return out;
+}
+
+std::vector<std::string> upperLines(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    auto line = text.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    lines.push_back(upper(trimmed(line)));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+}  // namespace
+
+PreviewParams GetPreviewParams(const Compilation& c, int power) {
+  if (power == 0) power = 10;
+  const auto path = c.folder.beside("\\PreviewDefaults.dat");
+  const auto section = "[PREVIEW" + std::to_string(power) + "]";
+  const auto bytes = c.files.read(path, kMaxFile);
+  auto lines = upperLines(bytes ? textFromBytes(*bytes) : std::string());
+  auto line = std::find(lines.begin(), lines.end(), section);
+  if (line == lines.end()) {
+    // A file that is missing or broken is written anew. A folder that cannot be written does not hinder the
+    // preview: the values are the same.
+    static_cast<void>(writeDurably(c.files, path, defaultFile()));
+    lines = upperLines(defaultFile());
+    line = std::find(lines.begin(), lines.end(), section);
+  }
+  const auto next = [&](std::string_view key, double otherwise) {
+    if (line == lines.end() || ++line == lines.end()) return otherwise;
+    return ToNumber(replaced(*line, key, ""));
+  };
+
+  const auto& settings = c.settings;
+  PreviewParams params;
+  params.Scale = next("SCALEFACTOR = ", 1);
+  if (params.Scale <= 0) params.Scale = 1;
+  params.Depth = toLongClamped(next("BITDEPTH = ", 24));
+  params.Rate = static_cast<Single>(next("FRAMERATE = ", 99));
+  params.Effects = next("EFFECTS = ", 1) != 0;
+  params.Transitions = next("TRANSITIONS = ", 1) != 0;
+  if (params.Rate == kOutputRate) params.Rate = settings.OutPutFrameRate();
+  params.Depth = std::min<int>(params.Depth, settings.OutputColorDepth());
+  params.Rate = std::min(params.Rate, settings.OutPutFrameRate());
+  c.settings.RenderEffects(params.Effects);
+  c.settings.RenderTransitions(params.Transitions);
+  return params;
+}
+
+std::string ShowUserPreviewParams(const Compilation& c, const PreviewParams& p) {
+  const auto& settings = c.settings;
+  const int outputDepth = settings.OutputColorDepth();
+  const auto outputRate = ShortText(settings.OutPutFrameRate());
+  const auto depth = std::to_string(p.Depth) + " bit";
+  std::string text = "\r\n\r\n";
+  text += p.Scale == 1 ? "H x W is output dimensions " : "H x W reduced by " + ShortText(p.Scale);
+  text += "\r\n\r\nAspect Ratio is maintained\r\n";
+  text += outputDepth <= p.Depth ? "Color maintained at " + depth
+                                 : "Color drop from " + std::to_string(outputDepth) + " to " + depth;
+  text += kCrLf;
+  text += p.Rate >= settings.OutPutFrameRate()
+              ? "FPS maintained at " + ShortText(p.Rate) + " fps"
+              : "FPS drop from " + outputRate + " to " + ShortText(p.Rate) + " fps ";
+  text += "\r\n\r\n";
+  text += p.Transitions ? "Transitions ARE shown" : "Transitions are NOT shown";
+  text += kCrLf;
+  text += p.Effects ? "Clip Effects ARE shown" : "Clip Effects are NOT shown";
+  return text + "\r\n";
+}
+
+}  // namespace kvo

@@ -1,0 +1,38 @@
+// How stills take part in a movie: their length, and how they fit the frame.
+#pragma once
+
+#include "editor/compiler/compilation.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvo {
+
+/// The captions of the four ways to fit; the index is a record's stretchmode.
+std::span<const std::string_view> aspectCaptions();
+
+/// Reads DefaultStillDuration and DefaultStillFrameRate from "\RenderStillOpts.dat" beside the program; a
+/// file that is missing is written first.
+void GetStillOpts(const Compilation& c);
+
+struct StillControls {
+  double milliseconds = 7000;  ///< Slider1
+  int aspect = 0;              ///< Opt_Aspect
+  bool individually = false;   ///< Opt_GroupOrIndividual 1
+  int selectedClip = 0;        ///< the clip number of the selected line of Lst_Movies, 0 for none
+};
+
+/// Writes the controls into every still, or into the selected one.
+void ApplyStillSettings(const Compilation& c, const StillControls& controls);
+
+/// The duration slider was moved: a change of the user's that becomes the default.
+void moveStillSlider(const Compilation& c, StillControls& controls, double milliseconds);
+
+int GetStillsInCollection(const Compilation& c);
+
+/// The lines of Lst_Movies: a name, 200 blanks and the clip number, so that the number is out of sight.
+std::vector<std::string> PopulateStillListBox(const Compilation& c);
+
+}  // namespace kvo

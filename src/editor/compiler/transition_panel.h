@@ -1,0 +1,33 @@
+// The editor's controls for transitions as data, and what choosing one does to the clip in hand.
+#pragma once
+
+#include "editor/compiler/compilation.h"
+#include "editor/compiler/transition_names.h"
+
+#include <string>
+
+namespace kvo {
+
+struct TransitionPanel {
+  std::string selected{};            ///< in Lst_Transitions; empty for none
+  bool listVisible = true;           ///< else the clip has a plain cut
+  TransitionOptionSet options{};     ///< what the option boxes ask for
+  bool Cmd_ParticleOpts = false;     ///< the button of the particle options is shown
+  bool wantsParticleWindow = false;  ///< the particle options are to be opened
+  bool wantsPreview = false;         ///< a sample is to be played
+  std::string Fra_FadDur = "Transition Duration";
+  bool durationIsShort = false;  ///< the frame's caption is red
+  std::string currentMask{};     ///< "Current Mask=" and the file
+};
+
+/// A name was picked; a `mode` of 2 asks for the particle options where there are such.
+void DoTransition(const Compilation& c, TransitionPanel& panel, int mode);
+
+/// Stores the selected transition and its duration in the clip in hand. A duration that is too short to be
+/// seen is warned of.
+void ApplyTransitionDataToObjects(const Compilation& c, TransitionPanel& panel);
+
+/// Selects the transition that the clip in hand has.
+void MatchTransitionToList(const Compilation& c, TransitionPanel& panel);
+
+}  // namespace kvo

@@ -1,0 +1,39 @@
+// The picture of a timeline, frame by frame.
+#pragma once
+
+#include "base/result.h"
+#include "engine/document/timeline.h"
+#include "engine/picture/stack.h"
+#include "media/damage.h"
+#include "media/picture.h"
+
+#include <cstdint>
+
+namespace kvo::engine {
+
+class Compositor {
+ public:
+  /// How it works on files: each decoder with so many threads, and how many of the files that are not needed
+  /// now stay open, for one who goes to and fro. What cannot be decoded is told to `damage`, which outlives
+  /// the compositor.
+  struct Habits {
+    int decoderThreads = 1;
+    std::size_t keptOpen = 0;
+    media::DamageList* damage = nullptr;
+  };
+
+  /// `timeline` outlives the compositor and has video.
+  explicit Compositor(const Timeline& timeline, const Habits& habits);
+  explicit Compositor(const Timeline& timeline) : Compositor(timeline, Habits{}) {}
+
+  /// Frame `number` of the timeline, counted from 0; black where there is no clip. The picture's sides are
+  /// the timeline's, rounded up to even. Forward is cheap. Files are open only while their clips are shown.
+  Result<media::Picture> frame(std::int64_t number);
+
+ private:
+  int width_;
+  int height_;
+  Stack stack_;
+};
+
+}  // namespace kvo::engine

@@ -1,0 +1,200 @@
+#include "engine/run/engine_player.h"
+
+#include "base/guarded.h"
+#include "engine/document/document_reader.h"
+#include "engine/run/playback.h"
+#include "media/bgr.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace kvo::engine {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double nowSeconds() { return std::chrono::duration<double>(Clock::now().time_since_epoch()).count(); }
+
+std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, int width, int height) {
+  auto bitmap = std::make_shared<Bitmap>(Bitmap{width, height, {}});
+  if (!picture) return bitmap;
+  // A picture's sides are even; the timeline's may be one less.
+  const auto stride = static_cast<std::size_t>(picture.width()) * 3;
+  std::vector<std::uint8_t> whole(stride * static_cast<std::size_t>(picture.height()));
+  media::toBgr(picture, whole.data(), stride);
+  const auto rowBytes = static_cast<std::size_t>(width) * 3;
+  bitmap->bgr.reserve(rowBytes * static_cast<std::size_t>(height));
+  for (std::size_t y = 0; y < static_cast<std::size_t>(height); ++y) {
+    const auto row = whole.begin() + static_cast<std::ptrdiff_t>(y * stride);
+    bitmap->bgr.insert(bitmap->bgr.end(), row, row + static_cast<std::ptrdiff_t>(rowBytes));
+  }
+  return bitmap;
+}
+
+}  // namespace
+
+struct EnginePlayer::State {
+  std::unique_ptr<SoundOutput> sound;
+  ShowFrame show;
+
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::vector<std::function<void(Playback&, double now)>> commands;
+  std::optional<Timeline> toLoad;
+  bool drops = false;  // what is played is to make room for what is to be loaded, or for nothing
+  bool ends = false;
+  // What the playback said last, for whoever asks.
+  PlayState state = PlayState::Empty;
+  std::string failure;
+  std::int64_t position = 0;
+  std::int64_t frames = 0;
+  double frameRate = 0;
+
+  std::thread thread;
+
+  void tell(const Playback& playback) {
+    state = playback.state();
+    position = std::max<std::int64_t>(playback.position(), 0);
+  }
+
+  // Takes a timeline in place of what there is, or nothing.
+  void take(std::optional<Timeline> timeline) {
+    const std::lock_guard lock(mutex);
+    commands.clear();
+    failure.clear();
+    state = timeline ? PlayState::Stopped : PlayState::Empty;
+    position = 0;
+    frames = timeline ? std::max<std::int64_t>(1, timeline->frames()) : 0;
+    frameRate = timeline ? timeline->frameRate.perSecond() : 0;
+    toLoad = std::move(timeline);
+    drops = true;
+    changed.notify_all();
+  }
+
+  void command(std::function<void(Playback&, double now)> what) {
+    const std::lock_guard lock(mutex);
+    if (state == PlayState::Empty || state == PlayState::Failed) return;
+    commands.push_back(std::move(what));
+    changed.notify_all();
+  }
+
+  // Does `work` while nobody has to wait for it; false when something else is wanted by now, or it failed.
+  template <class Work>
+  bool unlocked(std::unique_lock<std::mutex>& lock, std::unique_ptr<Playback>& playback, const Work& work) {
+    lock.unlock();
+    const auto done = guarded(work);
+    if (!done) playback.reset();
+    lock.lock();
+    if (drops) return false;
+    if (done) return true;
+    state = PlayState::Failed;
+    failure = done.error().text;
+    return false;
+  }
+
+  void run() {
+    std::unique_ptr<Playback> playback;
+    int width = 0;
+    int height = 0;
+    std::unique_lock lock(mutex);
+    while (!ends) {
+      if (drops) {
+        drops = false;
+        auto next = std::exchange(toLoad, std::nullopt);
+        unlocked(lock, playback, [&]() -> Outcome {
+          playback.reset();  // the sound is free again
+          if (!next) return {};
+          width = next->width;
+          height = next->height;
+          playback = std::make_unique<Playback>(std::move(*next), sound.get());
+          return {};
+        });
+        continue;
+      }
+      if (!playback) {
+        changed.wait(lock);
+        continue;
+      }
+      double wait = 0;
+      const auto asked = std::exchange(commands, {});
+      for (const auto& what : asked) what(*playback, nowSeconds());
+      tell(*playback);
+      const bool shown = unlocked(lock, playback, [&]() -> Outcome {
+        auto due = playback->step(nowSeconds());
+        if (!due) return due.error();
+        if (*due) show((*due)->frame, bitmapOf((*due)->picture, width, height));
+        wait = playback->dueIn(nowSeconds());
+        return {};
+      });
+      if (!shown) continue;
+      tell(*playback);
+      if (wait > 0 && commands.empty() && !ends) changed.wait_for(lock, std::chrono::duration<double>(wait));
+    }
+  }
+};
+
+EnginePlayer::EnginePlayer(std::unique_ptr<SoundOutput> sound, ShowFrame show)
+    : state_(std::make_unique<State>()) {
+  state_->sound = std::move(sound);
+  state_->show = std::move(show);
+  state_->thread = std::thread([state = state_.get()] { state->run(); });
+}
+
+EnginePlayer::~EnginePlayer() {
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->ends = true;
+    state_->changed.notify_all();
+  }
+  state_->thread.join();
+}
+
+Outcome EnginePlayer::load(std::string document) {
+  auto timeline = guarded([&] { return readDocument(std::move(document)); });
+  if (!timeline) {
+    state_->take(std::nullopt);
+    return timeline.error();
+  }
+  state_->take(std::move(*timeline));
+  return {};
+}
+
+void EnginePlayer::play() {
+  state_->command([](Playback& playback, double now) { playback.play(now); });
+}
+void EnginePlayer::pause() {
+  state_->command([](Playback& playback, double now) { playback.pause(now); });
+}
+void EnginePlayer::stop() {
+  state_->command([](Playback& playback, double /*now*/) { playback.stop(); });
+}
+void EnginePlayer::seek(std::int64_t frame) {
+  state_->command([frame](Playback& playback, double now) { playback.seek(frame, now); });
+}
+
+PlayState EnginePlayer::state() const {
+  const std::lock_guard lock(state_->mutex);
+  return state_->state;
+}
+std::string EnginePlayer::failure() const {
+  const std::lock_guard lock(state_->mutex);
+  return state_->failure;
+}
+std::int64_t EnginePlayer::position() const {
+  const std::lock_guard lock(state_->mutex);
+  return state_->position;
+}
+std::int64_t EnginePlayer::frames() const {
+  const std::lock_guard lock(state_->mutex);
+  return state_->frames;
+}
+double EnginePlayer::frameRate() const {
+  const std::lock_guard lock(state_->mutex);
+  return state_->frameRate;
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,136 @@
+#include "engine/run/playback.h"
+
+#include "base/guarded.h"
+#include "media/audio_reader.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kvo::engine {
+namespace {
+
+constexpr double kSoundAhead = 0.4;  // seconds that are queued ahead of what is heard
+constexpr double kSoundStep = 0.05;  // seconds queued at a time
+constexpr double kStands = 3600;     // nothing is due
+// A seek has to decode from the key frame on, and goes to and fro between clips.
+constexpr Compositor::Habits kHabits = {.decoderThreads = 4, .keptOpen = 4};
+
+}  // namespace
+
+Playback::Playback(Timeline timeline, SoundOutput* sound)
+    : timeline_(std::move(timeline)),
+      sound_(timeline_.audio.empty() ? nullptr : sound),
+      frames_(std::max<std::int64_t>(1, timeline_.frames())) {
+  if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, kHabits);
+  if (sound_ != nullptr && !sound_->open()) sound_ = nullptr;
+}
+
+Playback::~Playback() { silence(); }
+
+void Playback::silence() {
+  if (sound_ == nullptr) return;
+  sound_->hold();
+  sound_->clear();
+}
+
+void Playback::standAt(std::int64_t frame) {
+  wanted_ = std::clamp<std::int64_t>(frame, 0, frames_ - 1);
+  mixer_.reset();
+  queued_ = 0;
+  silence();
+}
+
+void Playback::play(double now) {
+  if (state_ == PlayState::Playing || state_ == PlayState::Failed) return;
+  standAt(state_ == PlayState::Ended ? 0 : wanted_);
+  began_ = now;
+  state_ = PlayState::Playing;
+}
+
+void Playback::pause(double now) {
+  if (state_ != PlayState::Playing) return;
+  standAt(dueFrame(now));
+  state_ = PlayState::Paused;
+}
+
+void Playback::stop() {
+  if (state_ == PlayState::Failed) return;
+  standAt(0);
+  state_ = PlayState::Stopped;
+}
+
+void Playback::seek(std::int64_t frame, double now) {
+  if (state_ == PlayState::Failed) return;
+  standAt(frame);
+  began_ = now;
+  if (state_ != PlayState::Playing) state_ = wanted_ == 0 ? PlayState::Stopped : PlayState::Paused;
+}
+
+// Seconds of the timeline: by what has been heard where there is sound, else by the clock.
+double Playback::heardUpTo(double now) const {
+  const double from = timeline_.frameRate.secondsAt(wanted_);
+  if (sound_ == nullptr) return from + (now - began_);
+  const double heard = static_cast<double>(queued_) / media::kSampleRate - sound_->waiting();
+  return from + std::max(heard, 0.0);
+}
+
+std::int64_t Playback::dueFrame(double now) const {
+  return std::max(timeline_.frameRate.frameAt(heardUpTo(now)), wanted_);
+}
+
+Outcome Playback::queueSound() {
+  if (sound_ == nullptr) return {};
+  if (!mixer_) mixer_.emplace(timeline_, timeline_.frameRate.unitsAt(wanted_, media::kSampleRate));
+  const bool begins = queued_ == 0;
+  std::vector<float> samples(static_cast<std::size_t>(kSoundStep * media::kSampleRate) * media::kChannels);
+  while (sound_->waiting() < kSoundAhead) {
+    if (auto done = mixer_->read(samples); !done) return done;
+    sound_->queue(samples);
+    queued_ += static_cast<std::int64_t>(samples.size()) / media::kChannels;
+  }
+  if (begins) sound_->run();
+  return {};
+}
+
+Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
+  if (frame == shown_) return std::optional<Shown>();
+  Shown shown{frame, {}};
+  if (compositor_) {
+    auto picture = compositor_->frame(frame);
+    if (!picture) return picture.error();
+    shown.picture = std::move(*picture);
+  }
+  shown_ = frame;
+  return std::optional(std::move(shown));
+}
+
+Result<std::optional<Playback::Shown>> Playback::step(double now) {
+  if (state_ == PlayState::Failed) return std::optional<Shown>();
+  auto shown = guarded([&] { return due(now); });
+  if (!shown) {
+    standAt(wanted_);
+    state_ = PlayState::Failed;
+  }
+  return shown;
+}
+
+Result<std::optional<Playback::Shown>> Playback::due(double now) {
+  if (state_ != PlayState::Playing) return show(state_ == PlayState::Ended ? frames_ - 1 : wanted_);
+  if (auto done = queueSound(); !done) return done.error();
+  if (const auto frame = dueFrame(now); frame < frames_) return show(frame);
+  standAt(frames_ - 1);
+  state_ = PlayState::Ended;
+  return show(frames_ - 1);
+}
+
+double Playback::dueIn(double now) const {
+  if (state_ != PlayState::Playing) {
+    const auto stands = state_ == PlayState::Ended ? frames_ - 1 : wanted_;
+    return state_ == PlayState::Failed || shown_ == stands ? kStands : 0;
+  }
+  const double next = timeline_.frameRate.secondsAt(std::max(shown_, wanted_) + 1) - heardUpTo(now);
+  // The sound must not run dry between two frames of a slow rate.
+  return std::clamp(next, 0.0, sound_ != nullptr ? kSoundAhead / 4 : kStands);
+}
+
+}  // namespace kvo::engine

@@ -1,0 +1,71 @@
+// Plays a timeline step by step: which frame is due, and the sound ahead of it. It has no thread and no
+// clock; whoever drives it tells the time.
+#pragma once
+
+#include "base/result.h"
+#include "engine/document/timeline.h"
+#include "engine/picture/compositor.h"
+#include "engine/sound/mixer.h"
+#include "ports/sound_output.h"
+#include "ports/timeline_player.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace kvo::engine {
+
+class Playback {
+ public:
+  /// `sound` may be null: a player without loudspeakers. It outlives the playback.
+  Playback(Timeline timeline, SoundOutput* sound);
+  Playback(const Playback&) = delete;
+  Playback& operator=(const Playback&) = delete;
+  /// The sound falls silent.
+  ~Playback();
+
+  /// Times are seconds of a clock that runs steadily.
+  void play(double now);
+  void pause(double now);
+  void stop();
+  void seek(std::int64_t frame, double now);
+
+  struct Shown {
+    std::int64_t frame = 0;
+    media::Picture picture{};
+  };
+
+  /// Does what is due: gives the frame to show, or nothing while the one that is shown still stands. Frames
+  /// that are late are left out. Fails when a clip cannot be shown.
+  Result<std::optional<Shown>> step(double now);
+
+  /// When something will be due, in seconds from `now`; a long time when it stands.
+  [[nodiscard]] double dueIn(double now) const;
+
+  [[nodiscard]] PlayState state() const { return state_; }
+  [[nodiscard]] std::int64_t position() const { return shown_; }
+  [[nodiscard]] std::int64_t frames() const { return frames_; }
+  [[nodiscard]] double frameRate() const { return timeline_.frameRate.perSecond(); }
+
+ private:
+  [[nodiscard]] double heardUpTo(double now) const;
+  [[nodiscard]] std::int64_t dueFrame(double now) const;
+  Outcome queueSound();
+  void silence();
+  void standAt(std::int64_t frame);
+  Result<std::optional<Shown>> due(double now);
+  Result<std::optional<Shown>> show(std::int64_t frame);
+
+  Timeline timeline_;
+  SoundOutput* sound_;
+  std::int64_t frames_;
+  std::optional<Compositor> compositor_;
+  std::optional<Mixer> mixer_;
+  PlayState state_ = PlayState::Stopped;
+  std::int64_t shown_ = -1;  // nothing yet
+  std::int64_t wanted_ = 0;  // where it stands, or began to play
+  double began_ = 0;         // the clock when it began to play
+  std::int64_t queued_ = 0;  // samples queued since then
+};
+
+}  // namespace kvo::engine

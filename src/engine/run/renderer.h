@@ -1,0 +1,46 @@
+// Renders a timeline into a movie or sound file.
+#pragma once
+
+#include "base/result.h"
+#include "engine/document/timeline.h"
+#include "media/damage.h"
+#include "media/movie_writer.h"
+#include "ports/files.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvo::engine {
+
+/// A part of the timeline, in seconds.
+struct Slice {
+  double from = 0;
+  double to = 0;
+};
+
+struct RenderJob {
+  std::string output;          ///< its extension says the kind: .AVI, .WAV, .WMV or .WMA
+  std::optional<Slice> slice;  ///< without it the whole timeline
+  media::VideoCodec aviCodec = media::VideoCodec::Raw;
+};
+
+struct RenderReport {
+  std::int64_t frames = 0;              ///< 0 for a sound file
+  double seconds = 0;                   ///< length of what was rendered
+  std::uint64_t bytes = 0;              ///< size of the file
+  std::vector<media::Damage> damage{};  ///< what could not be decoded of the clips
+};
+
+/// Hears after each frame how many seconds of how many are done.
+using RenderWatch = std::function<void(double done, double total)>;
+
+/// Writes `job.output` in one durable step. Fails with one line that names the file or the clip at fault, and
+/// then nothing has changed under the output's name: a source that is missing or cannot be read, an output
+/// that is one of the sources, a slice outside of the timeline, a disk that is full.
+Result<RenderReport> render(const Timeline& timeline, const RenderJob& job, Files& files,
+                            const RenderWatch& watch);
+
+}  // namespace kvo::engine

@@ -1,0 +1,187 @@
+#include "program/collection_commands.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/telling/failures.h"
+#include "core/telling/messages.h"
+#include "program/clip_list.h"
+#include "program/start_command.h"
+
+namespace kvo {
+namespace {
+
+bool hasIniExtension(std::string_view path) {
+  return path.size() > 4 && sameText(path.substr(path.size() - 4), ".INI");
+}
+
+const FileFilter kAllFiles{"All Files (*.*)", "*"};
+
+}  // namespace
+
+// Shows how far a load or save is, and hears of a click on the abort text.
+class CollectionCommands::Watch final : public LoadWatch {
+ public:
+  Watch(MainWindowState& window, EventLoop& loop, std::string_view first, std::string_view abortText)
+      : window_(window), loop_(loop) {
+    window_.abortText = abortText;
+    window_.abortClicked = false;
+    status(first);
+  }
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
+  ~Watch() override {
+    window_.status.clear();
+    window_.abortText.clear();
+    window_.abortClicked = false;
+  }
+
+  void status(std::string_view text) override {
+    window_.status = text;
+    loop_.yield();
+  }
+  bool abortClicked() override { return window_.abortClicked; }
+
+ private:
+  MainWindowState& window_;
+  EventLoop& loop_;
+};
+
+bool CollectionCommands::pass(const std::function<bool()>& command) {
+  const CommandPass pass(window_);
+  if (!pass) return false;
+  beforeEach_();
+  return command();
+}
+
+bool CollectionCommands::New() {
+  return pass([this] { return empty(); });
+}
+
+bool CollectionCommands::empty() {
+  if (!mayLeaveChanges(LoadResString(345))) {
+    PreviewMovie(window_, collection_, collection_.icurMov);
+    return false;
+  }
+  collection_.clearLists();
+  collection_.kind = CollectionKind::Plain;
+  collection_.becomeUntitled(ports_.folder);
+  ClearDirtyFlags(collection_, settings_);
+  fillClipList(window_, collection_);
+  showCollection(window_, collection_);
+  window_.caption = LoadResString(349);
+  window_.listCaption = LoadResString(350);
+  return true;
+}
+
+bool CollectionCommands::Open() {
+  return pass([this] {
+    if (!mayLeaveChanges(LoadResString(345))) return false;
+    const auto path = ports_.dialogs.open({std::string(LoadResString(335)),
+                                           {{"Movie Collections (*.Ini)", "*.ini *.INI *.Ini"}, kAllFiles},
+                                           settings_.ColLoadFrom(),
+                                           {}});
+    if (!path) return false;
+    return hasIniExtension(*path) ? load(*path) : refuse(336, 337);
+  });
+}
+
+bool CollectionCommands::openFile(const std::string& path) {
+  return pass([&] { return load(path); });
+}
+
+bool CollectionCommands::openNamed(const std::string& path) {
+  return pass([&] { return mayLeaveChanges(LoadResString(345)) && load(path); });
+}
+
+bool CollectionCommands::refuse(int text, int title) {
+  ports_.boxes.show({std::string(LoadResString(title)), std::string(LoadResString(text)), BoxButtons::Ok,
+                     BoxIcon::Warning});
+  return false;
+}
+
+bool CollectionCommands::load(const std::string& path) {
+  if (!namesCollection(path)) return refuse(336, 337);
+  if (!file_.IsValidCollection(path)) return refuse(339, 340);
+  if (const auto size = file_.checkSize(path); !size) {
+    ports_.boxes.show({std::string(LoadResString(340)), size.error().text, BoxButtons::Ok, BoxIcon::Warning});
+    return false;
+  }
+
+  collection_.clearLists();
+  fillClipList(window_, collection_);
+  ReadReport report;
+  {
+    Watch watch(window_, ports_.loop, LoadResString(338), LoadResString(341));
+    report = file_.ReadINI(path, {.watch = &watch});
+  }
+  const bool whole = report.end == ReadEnd::Done;
+  if (whole) {
+    collection_.IniName = fileNamePart(path);
+    collection_.IniFullPath = path;
+  } else {
+    collection_.becomeUntitled(ports_.folder);
+  }
+  settings_.ColLoadFrom(std::string(folderPart(path)));
+  fillClipList(window_, collection_);
+  showCollection(window_, collection_);
+  PreviewMovie(window_, collection_, 1);
+  ClearDirtyFlags(collection_, settings_);
+  // What was not read in full must not be lost without a question.
+  if (!whole) settings_.IsDirty(true);
+  if (collection_.filesMissing) refuse(342, 343);
+  return true;
+}
+
+bool CollectionCommands::Save() {
+  return pass([this] { return save(); });
+}
+
+bool CollectionCommands::save() {
+  const bool isDefault = sameText(collection_.IniName, "KVO5.INI");
+  auto folder = isDefault ? withSeparator(ports_.folder.path()) : settings_.ColLoadFrom();
+  auto path = ports_.dialogs.save({std::string(kProductName).append(LoadResString(355)),
+                                   {{"INI Files (*.INI)", "*.INI *.ini"}, kAllFiles},
+                                   std::move(folder),
+                                   collection_.IniName});
+  if (!path) return false;
+  if (fileNamePart(*path).find('.') == std::string_view::npos) {
+    *path += ".INI";
+    if (ports_.files.exists(*path) && !mayReplace(*path))
+      return false;  // the dialog asked about another name
+  }
+  if (!hasIniExtension(*path)) return refuse(357, 358);
+  settings_.ColLoadFrom(std::string(folderPart(*path)));
+  bool written = false;
+  {
+    Watch watch(window_, ports_.loop, std::string(LoadResString(359)).append(LoadResString(360)), {});
+    written = file_.WriteINI(std::string(folderPart(*path)), std::string(fileNamePart(*path)), false, &watch);
+  }
+  collection_.IniName = fileNamePart(*path);
+  collection_.IniFullPath = *path;
+  window_.listCaption = listCaption(collection_);
+  if (written) {
+    ClearDirtyFlags(collection_, settings_);
+  } else {
+    settings_.IsDirty(true);  // what could not be saved is still to be saved
+    ports_.boxes.show({std::string(LoadResString(363)), std::string(LoadResString(361)), BoxButtons::Ok,
+                       BoxIcon::Critical});
+  }
+  return written;
+}
+
+bool CollectionCommands::mayReplace(const std::string& path) {
+  return ports_.boxes.show({std::string(kProductName).append(LoadResString(355)),
+                            "<" + path + std::string(LoadResString(300)), BoxButtons::YesNo,
+                            BoxIcon::Question}) == Answer::Yes;
+}
+
+bool CollectionCommands::mayLeaveChanges(std::string_view title) {
+  if (!isDirty(collection_, settings_)) return true;
+  const auto answer =
+      ports_.boxes.show({std::string(title), std::string(LoadResString(344)) + collection_.IniName + "' ?",
+                         BoxButtons::YesNoCancel, BoxIcon::Question});
+  if (answer == Answer::Cancel) return false;
+  return answer != Answer::Yes || save();
+}
+
+}  // namespace kvo

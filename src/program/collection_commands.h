@@ -1,0 +1,70 @@
+// The commands of the File menu: New, Open, Save, and the question about unsaved changes that New and Exit
+// ask. While one of them, or any other command, is under way they do nothing and give back false.
+#pragma once
+
+#include "core/file/collection_file.h"
+#include "ports/event_loop.h"
+#include "ports/file_dialogs.h"
+#include "program/main_window_state.h"
+
+#include <functional>
+#include <string>
+
+namespace kvo {
+
+class CollectionCommands {
+ public:
+  struct Ports {
+    Files& files;
+    MessageBoxes& boxes;
+    FileDialogs& dialogs;
+    EventLoop& loop;
+    const ProgramFolder& folder;
+  };
+
+  CollectionCommands(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+                     MainWindowState& window)
+      : ports_(ports), file_(file), settings_(settings), collection_(collection), window_(window) {}
+
+  /// Begins an empty collection, "Untitled". False when the user took it back.
+  bool New();
+
+  /// Asks for a collection and opens it. Unsaved changes are asked about first.
+  bool Open();
+
+  /// Opens a collection, also one whose name ends in ".KVO", by its path. False, with everything as it was,
+  /// when it is no collection. What the user stopped ahead of its end bears the name of no file.
+  bool openFile(const std::string& path);
+
+  /// As openFile; unsaved changes are asked about first.
+  bool openNamed(const std::string& path);
+
+  /// Asks for a name and saves. False when the user took it back or the file could not be written.
+  bool Save();
+
+  /// Asks whether to save what has changed, and saves on Yes. False on Cancel, and when Yes ended without a
+  /// file: the work that asked must not go on then.
+  bool mayLeaveChanges(std::string_view title);
+
+  /// What each command does ahead of its work.
+  void beforeEach(std::function<void()> work) { beforeEach_ = std::move(work); }
+
+ private:
+  class Watch;
+
+  bool pass(const std::function<bool()>& command);
+  bool empty();
+  bool load(const std::string& path);
+  bool save();
+  bool refuse(int text, int title);
+  bool mayReplace(const std::string& path);
+
+  Ports ports_;
+  CollectionFile& file_;
+  KVO2& settings_;
+  Collection& collection_;
+  MainWindowState& window_;
+  std::function<void()> beforeEach_ = [] {};
+};
+
+}  // namespace kvo

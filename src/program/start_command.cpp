@@ -1,0 +1,64 @@
+#include "program/start_command.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr std::array<std::string_view, 6> kSwitches = {"/PLAY", "/OPEN", "/EDIT", "/FULLSC", "/HUNPCT", "/C"};
+
+// One of the switches, in capitals; or empty. A file of that name counts as a file.
+std::string_view switchIn(std::string_view argument, const Files& files) {
+  for (const auto word : kSwitches) {
+    if (sameText(argument, word) && !files.exists(std::string(argument))) return word;
+  }
+  return {};
+}
+
+bool endsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && sameText(text.substr(text.size() - end.size()), end);
+}
+
+}  // namespace
+
+bool namesCollection(std::string_view path) { return endsWith(path, ".INI") || endsWith(path, ".KVO"); }
+
+StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
+                              const std::string& workingFolder) {
+  StartCommand command;
+  for (const auto& raw : arguments) {
+    if (const auto word = switchIn(trimmed(raw), files); !word.empty()) {
+      command.fullScreen |= word == "/FULLSC";
+      command.hundredPercent |= word == "/HUNPCT";
+      continue;
+    }
+    if (raw.empty()) continue;
+    auto name = absoluteName(raw, workingFolder);
+    const bool thereOrTrusted = isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(name);
+    if (!thereOrTrusted) continue;
+    if (namesCollection(name)) {
+      command.collection = std::move(name);
+    } else {
+      command.clips.push_back(std::move(name));
+    }
+  }
+  return command;
+}
+
+std::string handoverText(const std::vector<std::string>& arguments, const std::string& workingFolder,
+                         const Files& files) {
+  std::string text;
+  for (const auto& argument : arguments) {
+    const auto word = trimmed(argument);
+    if (word.empty()) continue;
+    const auto name = absoluteName(argument, workingFolder);
+    const bool isWord = !switchIn(word, files).empty() || (word == kRemovePreview && !files.exists(name));
+    text.append(text.empty() ? "" : "\n").append(isWord ? word : name);
+  }
+  return text;
+}
+
+}  // namespace kvo

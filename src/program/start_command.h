@@ -1,0 +1,36 @@
+// What a command line asks the window for.
+#pragma once
+
+#include "ports/files.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvo {
+
+struct StartCommand {
+  bool fullScreen = false;         ///< "/FULLSC"
+  bool hundredPercent = false;     ///< "/HUNPCT"
+  std::string collection;          ///< empty for the default one
+  std::vector<std::string> clips;  ///< files and addresses to show, in order
+};
+
+/// The text that takes the previews of the converter tool out of the list again.
+inline constexpr std::string_view kRemovePreview = "KILLSQUASHPREV";
+
+/// True for the name of a collection: it ends in ".INI" or ".KVO".
+bool namesCollection(std::string_view path);
+
+/// Switches stand anywhere, in any case; unknown ones are ignored. A file that is not there is dropped,
+/// unless its name holds a blank. What ends in ".INI" or ".KVO" is the collection to read.
+/// Names begin at `workingFolder`.
+StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
+                              const std::string& workingFolder = {});
+
+/// The command line as one text for the copy that runs already: a line for each argument, files by their full
+/// path from `workingFolder` on.
+std::string handoverText(const std::vector<std::string>& arguments, const std::string& workingFolder,
+                         const Files& files);
+
+}  // namespace kvo

@@ -1,0 +1,333 @@
+#include "program/start_up.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/telling/deployment.h"
+#include "core/telling/messages.h"
+#include "program/clip_list.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr int kIntroInterval = 350;    // milliseconds
+constexpr int kMailboxInterval = 200;  // milliseconds
+constexpr std::array<std::string_view, 6> kWorkFiles = {"\\KVOSamp.xtl", "\\KVORender.xtl", "\\KVORender.bat",
+                                                        "\\Rendone.txt", "\\KVOProps.bat",  "\\KVOovl.bmp"};
+constexpr std::array<Long, 12> kUpgradeCounts = {4, 12, 20, 40, 60, 80, 100, 120, 150, 200, 400, 500};
+constexpr std::array<std::string_view, 8> kSoundKinds = {"CDA", "MP2", "MP3", "WAV",
+                                                         "WMA", "WAX", "AU",  "MID"};
+constexpr std::string_view kNoFolder = "C:\\";  // as a collection file has it ahead of the first addition
+
+std::string joined(std::initializer_list<int> numbers) {
+  std::string text;
+  for (const int number : numbers) text.append(text.empty() ? "" : kCrLf).append(LoadResString(number));
+  return text;
+}
+
+bool isSound(const Movie& clip) {
+  const auto kind = extensionOf(clip.MovieName());
+  return std::find(kSoundKinds.begin(), kSoundKinds.end(), kind) != kSoundKinds.end();
+}
+
+std::vector<std::string> linesOf(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    if (const auto line = text.substr(0, end); !trimmed(line).empty()) lines.emplace_back(line);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+}  // namespace
+
+StartUp::StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+                 CollectionCommands& commands, ClipIntake& intake, MainWindowState& window)
+    : ports_(ports),
+      file_(file),
+      settings_(settings),
+      collection_(collection),
+      commands_(commands),
+      intake_(intake),
+      window_(window),
+      introEnder_(ports.loop.timer([this] { introTick(); })),
+      timer6_(ports.loop.timer([this] { readMailbox(); })) {
+  commands_.beforeEach([this] { leaveIntro(); });
+}
+
+StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::string& workingFolder) {
+  window_.NoMediaPrompt = LoadResString(491);
+  if (!ports_.handover.becomeFirst()) {
+    ports_.handover.send(handoverText(arguments, workingFolder, ports_.files));
+    return StartEnd::HandedOver;
+  }
+  workingFolder_ = workingFolder;
+  const auto command = readStartCommand(arguments, ports_.files, workingFolder);
+  startupFiles_ = command.clips;
+  collection_.IniName = "KVO5.INI";
+  collection_.IniFullPath = ports_.folder.beside("\\KVO5.INI");
+  settings_.attach(&ports_.store);
+  const auto end = file_.ReadINI(command.collection).end;
+  if (end == ReadEnd::NotReadable || end == ReadEnd::NotValid || end == ReadEnd::TooManyClips)
+    return StartEnd::Failed;
+  deleteWorkFiles();
+  askAboutUpgrades();
+  ports_.store.write("InstallDir", quoted(ports_.folder.path()));
+  if (!command.collection.empty()) {
+    collection_.IniName = fileNamePart(command.collection);
+    collection_.IniFullPath = command.collection;
+  }
+  if (end != ReadEnd::Done) collection_.becomeUntitled(ports_.folder);  // it is not the whole of that file
+  checkScreen();
+
+  ClearDirtyFlags(collection_, settings_);
+  startingUp_ = true;
+  loadWindow();
+  fillClipList(window_, collection_);
+  const bool anyClips = !collection_.MovieList.empty();
+  if (anyClips && (command.fullScreen || command.hundredPercent)) {
+    window_.fullScreen = true;
+    window_.minimumDetails = command.hundredPercent;
+    startingUp_ = false;
+    showCollection(window_, collection_);
+    PreviewMovie(window_, collection_, 1);
+  } else if (startupFiles_.empty() && settings_.DefaultStartupVid().empty()) {
+    introRunning_ = false;
+    showFirstClip();
+  } else {
+    ShowStartupVid();
+  }
+  window_.visible = true;
+  timer6_->start(kMailboxInterval);
+  if (collection_.filesMissing) {
+    ports_.boxes.show(
+        {std::string(LoadResString(343)), std::string(LoadResString(342)), BoxButtons::Ok, BoxIcon::Warning});
+  }
+  return StartEnd::Run;
+}
+
+void StartUp::deleteWorkFiles() {
+  for (const auto name : kWorkFiles) ports_.files.remove(ports_.folder.beside(name));
+}
+
+void StartUp::askAboutUpgrades() {
+  const auto used = settings_.NoofUses();
+  if (std::find(kUpgradeCounts.begin(), kUpgradeCounts.end(), used) == kUpgradeCounts.end()) return;
+  const auto answer = ports_.boxes.show(
+      {std::string(kProductName), "Do you wish KVO to check for the latest upgrades and release notes ?",
+       BoxButtons::YesNo, BoxIcon::Question});
+  if (answer == Answer::Yes) ports_.desktop.openPage(std::string(kReleasePage));
+}
+
+void StartUp::checkScreen() {
+  const auto screen = ports_.desktop.screen();
+  const auto tell = [&](std::string text, std::string title) {
+    ports_.boxes.show({std::move(title), std::move(text), BoxButtons::Ok, BoxIcon::Information});
+  };
+  if (screen.bitsPerPixel > 0 && screen.bitsPerPixel <= 8) {
+    tell(joined({101, 102, 103, 104}), std::string(LoadResString(105)));
+  }
+  if (screen.width == 640 && screen.height == 480) {
+    tell(joined({106, 107, 108}), std::string(LoadResString(109)));
+  }
+  if (screen.width == 800 && screen.height == 600) {
+    tell(joined({186, 187, 108}), std::string(LoadResString(109)));
+  }
+  if (screen.monitors >= 2) {
+    tell("This release of KVO does not yet support Multi-Monitor output (KVO6 will).",
+         std::string(kProductName) + " - Multiple Monitors not supported.");
+  }
+}
+
+void StartUp::loadWindow() {
+  GetKVORegistryValues(settings_, ports_.store, window_);
+  settings_.ShowWavWithVideo(false);
+  settings_.ShowFillist(true);
+  settings_.ToolTipsOn(kFlagOn);
+  settings_.HideKVOOnWebshow(true);
+  settings_.DefZoom(std::string(trimmed(settings_.DefZoom())));
+  if (settings_.SkinPath().empty() || characterCount(settings_.SkinPath()) == 128) settings_.SkinPath("Def");
+  if (settings_.SliderSpeed() < 50) settings_.SliderSpeed(450);
+  settings_.IsDirty(false);
+  window_.listMenuEnabled = !collection_.MovieList.empty();
+}
+
+// The normal window with the clip that comes first.
+void StartUp::showFirstClip() {
+  settings_.ShowFillist(true);
+  settings_.AllDetOff(false);
+  startingUp_ = false;
+  window_.mnu_Remote = true;
+  window_.controlsEnabled = true;
+  showCollection(window_, collection_);
+  const int count = collection_.MovieList.count();
+  if (count == 0) return;
+  PreviewMovie(window_, collection_, startupFiles_.empty() ? 1 : count);
+  window_.playButton = "PLAYON";
+  window_.pauseButton = "PAUSEON";
+}
+
+// The clip named on the command line, or the intro of the collection, comes ahead of everything.
+void StartUp::ShowStartupVid() {
+  const bool isNamed = !startupFiles_.empty();
+  window_.detailsVisible = window_.listVisible = false;
+  window_.playerParked = true;
+  settings_.AllDetOff(true);
+  bool added = false;
+  if (isNamed) {
+    for (const auto& file : startupFiles_) added |= intake_.AddMoviesm(file);
+  } else {
+    window_.controlsEnabled = false;
+    added = addIntro();
+    if (settings_.NoofUses() == 1) {
+      settings_.AllDetOff(false);
+      window_.detailsVisible = true;
+    }
+  }
+  const auto& clips = collection_.MovieList;
+  if (!added || clips.empty() || (isNamed && isSound(clips[clips.count()]))) return showFirstClip();
+  introRunning_ = !clips[clips.count()].IsStill();  // a still has no end to wait for
+  introEnder_->start(kIntroInterval);
+}
+
+// The intro is a guest: it changes nothing of what the user has.
+bool StartUp::addIntro() {
+  const auto name = settings_.DefaultStartupVid();
+  const auto lastFolder = settings_.LoadFrom();
+  const bool added = intake_.AddMoviesm(isAddress(name) ? name : ports_.folder.beside(name));
+  settings_.LoadFrom(lastFolder);
+  settings_.IsDirty(false);
+  if (added) intro_ = &collection_.MovieList[collection_.MovieList.count()];
+  return added;
+}
+
+void StartUp::introTick() {
+  if (!introRunning_ && !window_.busy()) leaveIntro();
+}
+
+// Takes the intro out again, by whatever road it ends; of a clip that ran in its place only the running ends.
+void StartUp::leaveIntro() {
+  introRunning_ = false;
+  if (!introEnder_->running()) return;
+  introEnder_->stop();
+  if (intro_ != nullptr) {
+    const bool wasDirty = settings_.IsDirty();
+    collection_.MovieList.removeIf([this](const Movie& clip) { return &clip == intro_; });
+    intro_ = nullptr;
+    settings_.DefaultStartupVid("");
+    settings_.IsDirty(wasDirty);
+  }
+  fillClipList(window_, collection_);
+  showFirstClip();
+}
+
+void StartUp::readMailbox() {
+  if (window_.busy()) return;  // it is taken at a later tick
+  if (const auto text = ports_.handover.take()) takeHandover(*text);
+}
+
+void StartUp::takeHandover(const std::string& text) {
+  leaveIntro();
+  if (trimmed(text) == kRemovePreview) {
+    collection_.MovieList.removeIf(
+        [](const Movie& clip) { return sameText(clip.MovieName(), "PREVIEW.WMV"); });
+    fillClipList(window_, collection_);
+    return showCollection(window_, collection_);
+  }
+  window_.visible = window_.raise = true;
+  auto lines = linesOf(text);
+  for (auto& line : lines) {
+    if (!ports_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
+  }
+  if (!take(readStartCommand(lines, ports_.files, workingFolder_))) return;
+  window_.pauseButton = "PAUSEOFF";
+  window_.playButton = "PLAYON";
+}
+
+void StartUp::takeFiles(const std::vector<std::string>& paths) {
+  StartCommand command;
+  for (const auto& path : paths) {
+    if (namesCollection(path)) {
+      command.collection = path;
+    } else {
+      command.clips.push_back(path);
+    }
+  }
+  take(command);
+}
+
+// True when a clip was added.
+bool StartUp::take(const StartCommand& command) {
+  if (!command.collection.empty() && !commands_.openNamed(command.collection)) return false;
+  const CommandPass pass(window_);
+  if (!pass || command.clips.empty()) return false;
+  leaveIntro();
+  bool added = false;
+  for (const auto& clip : command.clips) added |= intake_.AddMoviesm(clip);
+  showCollection(window_, collection_);
+  return added;
+}
+
+bool StartUp::exit() {
+  if (ended_) return true;
+  const CommandPass pass(window_);
+  if (!pass) {
+    window_.abortClicked = true;
+    return false;
+  }
+  leaveIntro();
+  deleteWorkFiles();
+  window_.playerParked = true;
+  ports_.loop.yield();
+  ports_.loop.yield();
+  settings_.ShowWavWithVideo(false);
+  if (!commands_.mayLeaveChanges(LoadResString(345))) {
+    PreviewMovie(window_, collection_, collection_.icurMov);
+    showCollection(window_, collection_);
+    return false;
+  }
+  timer6_->stop();
+  window_.visible = false;
+  ended_ = true;
+  return true;
+}
+
+std::string mediaFolder(const KVO2& settings, const Desktop& desktop) {
+  const auto& last = settings.LoadFrom();
+  return last.empty() || last == kNoFolder ? desktop.videosFolder() : last;
+}
+
+void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {
+  const auto value = [&](std::string_view name, std::string_view otherwise) {
+    auto text = store.read(name);
+    if (text.empty()) {
+      text = otherwise;
+      store.write(name, text);
+    }
+    return text;
+  };
+  const auto flag = [&](std::string_view name) {
+    Boolean on = false;
+    takeField(on, value(name, "False"));
+    return on;
+  };
+  const auto number = [&](std::string_view name, std::string_view otherwise) {
+    Integer whole = 0;
+    takeField(whole, value(name, otherwise));
+    return whole;
+  };
+  settings.ShowWavWithVideo(flag("ShowWavWithVideo"));
+  settings.DefaultZoom100(window.mnu_DefaultZoom100 = flag("DefaultZoom100"));
+  settings.LoopPreviews(window.mnu_Looping = flag("LoopPreviews"));
+  settings.LoopCol(window.mnu_LoopCol = flag("LoopCol"));
+  settings.RewAtEnd(window.mnu_RewAtEnd = flag("RewAtEnd"));
+  settings.SliderPauseOnRepo(window.mnu_SliderPause = flag("SliderPauseOnRepo"));
+  settings.SliderSpeed(number("SliderSpeed", "500"));
+  window.mnu_SldNormal = settings.SliderSpeed() == 500;
+  settings.StillDelayTimer(number("StillDelayTimer", "7"));
+}
+
+}  // namespace kvo

@@ -1,0 +1,386 @@
+// Whole timeline documents, compared to the byte.
+#include "editor/compiler/audio_tracks.h"
+#include "editor/compiler/clip_line.h"
+#include "editor/compiler/render_file.h"
+#include "editor/compiler/sample_documents.h"
+#include "editor/compiler/video_group.h"
+#include "support/fakes.h"
+#include "support/golden.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::Bench;
+
+std::string compiled(Bench& b) {
+  EXPECT_TRUE(CompileForRender(b.compilation, "/prog/KVORender.xtl"));
+  return b.files.all["/prog/KVORender.xtl"];
+}
+
+Movie& addStill(Bench& b, const std::string& name, Integer mode) {
+  auto& clip = b.addVideo(name, 0, 0);
+  clip.IsStill(true);
+  clip.stretchmode(mode);
+  return clip;
+}
+
+TEST(Document, TwoClipsWithAFade) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5, "C:\\");
+  auto& second = b.addVideo("b.avi", 2, 6, "C:\\");
+  second.TransType("Fade");
+  second.TransIn(10);
+  second.ExtraParamName1("bands");
+  const auto text = compiled(b);
+  test::expectGolden("two-clips-fade.xtl", text);
+  EXPECT_EQ(second.TimeLineStart().text(), "4");
+  EXPECT_EQ(second.TimeLineStop().text(), "8.0000");
+  EXPECT_EQ(second.ExtraParamName1(), "");
+  EXPECT_EQ(b.editor.VideoTotalTime, "8.0000");
+  EXPECT_EQ(b.settings.ObjectChange(), 0);
+}
+
+TEST(Document, AudioOnlyHasNoVideoGroup) {
+  Bench b;
+  b.addMusic("m.mp3", 0, 12.5);
+  b.addMusic("n.wav", 1, 3).AudioOutputLevel(0.5F);
+  const auto text = compiled(b);
+  EXPECT_EQ(text.find("type=\"video\""), std::string::npos);
+  EXPECT_FALSE(b.settings.AutoTrimAudio());
+  test::expectGolden("audio-only.xtl", text);
+}
+
+TEST(Document, StillsInAllStretchModes) {
+  Bench b;
+  b.settings.DefaultStillDuration(7);
+  for (Integer mode = 0; mode <= 4; ++mode) addStill(b, "s" + std::to_string(mode) + ".jpg", mode);
+  test::expectGolden("stills.xtl", compiled(b));
+  EXPECT_EQ(b.collection.MovieList[1].LoopEnd().text(), "7") << "it stays in the record";
+  EXPECT_EQ(b.settings.ObjectChange(), 0);
+}
+
+std::size_t countOf(const std::string& text, std::string_view part) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
+  return count;
+}
+
+TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
+  enum class Order { StillAhead, StillAheadWithACut, StillBehind };
+  for (const auto& noLength : {Value(0), Value(), Value(""), Value("N/A"), Value("0")}) {
+    for (const auto order : {Order::StillAhead, Order::StillAheadWithACut, Order::StillBehind}) {
+      const auto what = "order " + std::to_string(static_cast<int>(order)) + ", \"" + noLength.text() + "\"";
+      Bench b;
+      b.settings.DefaultStillDuration(7);
+      if (order == Order::StillBehind) b.addVideo("a.avi", 0, 5);
+      auto& still = addStill(b, "s.jpg", 0);
+      if (order != Order::StillBehind) b.addVideo("a.avi", 0, 5);
+      still.LoopEnd(noLength);
+      std::size_t transitions = 0;
+      for (int i = 1; i <= 2; ++i) {
+        auto& clip = b.collection.MovieList[i];
+        clip.EffectWord("1");
+        if (i == 1 && order == Order::StillAheadWithACut) continue;
+        clip.TransType("Fade");
+        clip.TransIn(20);
+        ++transitions;
+      }
+      ClearDirtyFlags(b.collection, b.settings);
+      const auto text = compiled(b);
+      EXPECT_EQ(countOf(text, "<transition "), transitions) << what;
+      EXPECT_EQ(countOf(text, "name=\"mirror\""), 2U) << what;
+      EXPECT_EQ(b.collection.MovieList[2].TransIn(), 20) << what;
+      EXPECT_EQ(still.LoopEnd().text(), "7") << what;
+      EXPECT_EQ(b.settings.ObjectChange(), 0) << what;
+      EXPECT_FALSE(isDirty(b.collection, b.settings)) << what;
+      EXPECT_EQ(compilePreviewText(b.compilation, 10).find("stop=\"0.0000\""), std::string::npos) << what;
+    }
+  }
+}
+
+TEST(Document, SecondsThatAreNoNumberAreWrittenAsTheNumberTheyReadAs) {
+  const std::pair<Value, const char*> rows[] = {
+      {Value(), "0"}, {Value(""), "0"}, {Value("N/A"), "0"}, {Value("1.5"), "1.5"}, {Value("2 s"), "2"}};
+  for (const auto& [start, written] : rows) {
+    Bench b;
+    b.addVideo("a.avi", 0, 5).LoopStart(start);
+    const auto attribute = std::string("mstart=\"") + written + "\"";
+    EXPECT_NE(compiled(b).find(attribute), std::string::npos) << start.text();
+    EXPECT_NE(PreviewEffect(b.compilation, 1).find(attribute), std::string::npos) << start.text();
+    EXPECT_NE(Previewtransition(b.compilation, 1).find(attribute), std::string::npos) << start.text();
+  }
+}
+
+TEST(Document, ARenderHasItsEffectsAndTransitionsWhateverThePreviewIsSetTo) {
+  for (const int power : {1, 4, 10}) {
+    Bench b;
+    b.addVideo("a.avi", 0, 5).EffectWord("1");
+    auto& second = b.addVideo("b.avi", 0, 5);
+    second.TransType("Fade");
+    second.TransIn(10);
+    b.settings.PreviewCPU(static_cast<Integer>(power));
+    b.files.all["/prog/PreviewDefaults.dat"] =
+        "[Preview1]\r\nScaleFactor = 6\r\nBitDepth = 16\r\nFrameRate = 10\r\nEffects = 0\r\nTransitions = "
+        "0\r\n"
+        "[Preview10]\r\nScaleFactor = 6\r\nBitDepth = 16\r\nFrameRate = 10\r\nEffects = 0\r\nTransitions = "
+        "0\r\n";
+    const auto text = compiled(b);
+    EXPECT_EQ(countOf(text, "<transition "), 1U) << power;
+    EXPECT_EQ(countOf(text, "<effect clsid"), 1U) << power;
+    EXPECT_NE(text.find("bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"25\""), std::string::npos);
+    EXPECT_EQ(b.settings.PreviewCPU(), power) << "the slider stands where it stood";
+  }
+}
+
+TEST(Document, SpeedsChangeTheTimelineOnly) {
+  Bench b;
+  int i = 0;
+  for (const float speed : {5.0F, 10.0F, 20.0F})
+    b.addVideo("v" + std::to_string(i++) + ".avi", 2, 6).Playspeed(speed);
+  auto& last = b.addVideo("w.avi", 0, 1.0 / 3);
+  last.Playspeed(15);
+  last.TransType("Dissolve");
+  last.TransIn(1);
+  test::expectGolden("speeds.xtl", compiled(b));
+}
+
+TEST(Document, OverlaysInSequenceAndStackedTrimmedAndNot) {
+  for (const bool stacked : {false, true}) {
+    for (const bool trim : {false, true}) {
+      Bench b;
+      b.settings.AutoTrimAudio(trim);
+      b.editor.controls.Opt_StackOverlay = stacked ? OverlayOrder::Stacked : OverlayOrder::InSequence;
+      b.addVideo("a.avi", 0, 20);
+      b.addMusic("m.mp3", 0, 12.5);
+      auto& faded = b.addMusic("n.wav", 1, 31);
+      faded.HasAudioFade(true);
+      faded.AudioFadeInTime(1.5F);
+      faded.AudioFadeOutTime(2);
+      b.addMusic("o.wma", 0, 5).AudioOutputLevel(0.25F);
+      const auto name =
+          std::string("overlay-") + (stacked ? "stacked" : "sequence") + (trim ? "-trim" : "") + ".xtl";
+      test::expectGolden(name, compiled(b));
+    }
+  }
+}
+
+TEST(Document, ClipSoundFadesAndSilence) {
+  Bench b;
+  auto& faded = b.addVideo("a.avi", 0, 10);
+  faded.AudioFadeInTime(1);
+  faded.AudioFadeOutTime(8);  // longer than half: a quarter
+  b.addVideo("mute.avi", 0, 4).AudioOutputLevel(0);
+  b.addVideo("silent.avi", 0, 4);
+  b.streams.all["/v/silent.avi"].hasAudio = false;
+  b.addVideo("short.avi", 0, 1.5).AudioOutputLevel(0.5F);
+  test::expectGolden("clip-sound.xtl", compiled(b));
+  EXPECT_FALSE(b.collection.MovieList[3].RenderAudio());
+}
+
+TEST(Document, CompilingChangesNothingTheUserMade) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5);
+  addStill(b, "s.jpg", 1);
+  b.addVideo("b.avi", 0, 4).TransType("");
+  ClearDirtyFlags(b.collection, b.settings);
+  compiled(b);
+  EXPECT_FALSE(isDirty(b.collection, b.settings));
+  EXPECT_EQ(b.collection.MovieList[3].TransType(), "CUT");
+}
+
+TEST(Document, ATimingPassWritesNoTransitions) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5);
+  auto& clip = b.addVideo("b.avi", 0, 4);
+  clip.TransType("Fade");
+  clip.TransIn(10);
+  b.settings.ObjectChange(96);
+  CreateClipLine(b.compilation, {.Analysing = true, .TransitionZero = true});
+  EXPECT_EQ(b.editor.texts.VideoTrackText.find("<transition"), std::string::npos);
+  EXPECT_EQ(clip.TimeLineStart().text(), "4");
+  EXPECT_EQ(b.editor.controls.Fra_Preview, "0 to 8.00 (s)");
+}
+
+TEST(Document, TransitionPreviewTakesTheTwoEnds) {
+  Bench b;
+  b.addVideo("a.avi", 0, 10).Playspeed(20);
+  auto& clip = b.addVideo("b.avi", 2, 9);
+  clip.TransType("Fade");
+  clip.TransIn(15);
+  b.editor.controls.Sld_In.Value = 15;
+  CreateClipLine(
+      b.compilation,
+      {.Analysing = true, .TransitionPreview = true, .FirstClip = 1, .LastClip = 2, .TransitionZero = true});
+  const auto& text = b.editor.texts.VideoTrackText;
+  EXPECT_NE(text.find("mstart=\"7\" mstop=\"10.0000\" start=\"0\" stop=\"1.5000\""), std::string::npos)
+      << text;
+  EXPECT_NE(text.find("mstart=\"2\" mstop=\"3.5000\" start=\"0\" stop=\"1.5000\""), std::string::npos)
+      << text;
+  EXPECT_NE(text.find("<transition start=\"0\" stop=\"1.5\""), std::string::npos) << text;
+  EXPECT_FALSE(clip.TimeLineStart().isSet());
+
+  b.editor.texts = {};
+  CreateClipLine(b.compilation, {.Analysing = true,
+                                 .TransitionPreview = true,
+                                 .FirstClip = 1,
+                                 .LastClip = 2,
+                                 .TransitionZero = true,
+                                 .FixedDuration = true,
+                                 .FixedSeconds = 2});
+  EXPECT_NE(text.find("mstart=\"6\" mstop=\"10.0000\" start=\"0\" stop=\"2.0000\""), std::string::npos)
+      << text;
+  EXPECT_NE(text.find("mstart=\"2\" mstop=\"4.0000\" start=\"2\" stop=\"4.0000\""), std::string::npos)
+      << text;
+}
+
+TEST(Document, TheVideoGroupFollowsThePower) {
+  Bench b;
+  int depth = 24;
+  int width = 641;
+  int height = 481;
+  float rate = 0;
+  CreateVideoGroup(b.compilation, depth, width, height, rate, 7);
+  EXPECT_EQ(
+      b.editor.texts.VideoGroupText,
+      "<group type=\"video\" bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"10\" name=\"VIDEO\" "
+      "buffering=\"30\" PreviewMode=\"True\"  >\r\n");
+  EditorControls controls;
+  controls.Opt_Preset = true;
+  controls.Cmb_Res = "720 x 576";
+  GetHeightWidth(controls, height, width);
+  EXPECT_EQ(width * 1000 + height, 720576);
+  controls.Opt_Preset = false;
+  controls.txtHeight = 3001;
+  controls.txtWidth = -1;
+  GetHeightWidth(controls, height, width);
+  EXPECT_EQ(width * 1000 + height, 240320);
+}
+
+TEST(Document, StopsAreReadBackFromTheFile) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5);
+  b.addVideo("b.avi", 0, 4);
+  compiled(b);
+  AnalyseRenderFile(b.compilation, "/prog/KVORender.xtl");
+  EXPECT_EQ(b.editor.ClipStopList, (std::vector<float>{5, 9}));
+}
+
+TEST(Document, EachClipGoesWhereItsKindBelongs) {
+  struct Row {
+    const char* name;
+    bool hasVideo;
+    bool hasAudio;
+    bool pictureTrack;
+    bool overlayTrack;
+  };
+  const Row rows[] = {
+      // By name alone, whatever they hold.
+      {"a.mp3", true, true, false, true},
+      {"a.WAV", false, true, false, true},
+      {"a.wma", true, true, false, true},
+      {"a.aif", false, true, false, true},
+      {"a.aiff", false, true, false, true},
+      {"a.iff", false, true, false, true},
+      {"a.mp2", false, true, false, true},
+      {"a.au", false, true, false, true},
+      {"a.avi", true, true, true, false},
+      {"a.mpeg", true, true, true, false},
+      // What they hold decides between sound and picture.
+      {"a.flac", false, true, false, true},
+      {"a.opus", false, true, false, true},
+      {"a.m4a", false, true, false, true},
+      {"a.aac", false, true, false, true},
+      {"a.ac3", false, true, false, true},
+      {"a.ogg", false, true, false, true},
+      {"a.ogg", true, true, true, false},
+      {"a.mp4", true, true, true, false},
+      {"a.mp4", false, true, false, true},
+      {"a.m2ts", true, true, true, false},
+      {"a.webm", false, true, false, true},
+      {"a.unheard", false, true, false, true},
+      // The last three letters of these are those of others.
+      {"a.tiff", true, false, true, false},
+      {"a.riff", true, true, true, false},
+      {"wav", true, true, true, false},
+  };
+  for (const auto& row : rows) {
+    Bench b;
+    b.settings.DubInPlaylistAudioTrks(true);
+    b.addVideo("first.avi", 0, 5);
+    b.addVideo(row.name, 0, 4);
+    b.streams.all[std::string("/v/") + row.name] = {.hasVideo = row.hasVideo, .hasAudio = row.hasAudio};
+    const auto text = compiled(b);
+    const auto sound = std::min(text.find("type=\"audio\""), text.size());
+    const auto src = std::string("<clip src=\"/v/") + row.name + "\"";
+    EXPECT_EQ(countOf(text.substr(0, sound), src), row.pictureTrack ? 1U : 0U) << row.name << row.hasVideo;
+    const auto soundTracks = row.overlayTrack || (row.pictureTrack && row.hasAudio) ? 1U : 0U;
+    EXPECT_EQ(countOf(text.substr(sound), src), soundTracks) << row.name << row.hasVideo;
+  }
+}
+
+TEST(Document, OverlayTagsInSequenceEndInThreeBlanks) {
+  for (const bool stacked : {false, true}) {
+    Bench b;
+    b.editor.controls.Opt_StackOverlay = stacked ? OverlayOrder::Stacked : OverlayOrder::InSequence;
+    b.addMusic("m.mp3", 0, 5);
+    EXPECT_NE(compiled(b).find(stacked ? "stop=\"5.0000\"  >\r\n" : "stop=\"5.0000\"   >\r\n"),
+              std::string::npos);
+  }
+}
+
+TEST(Document, TheSoundsTotalFollowsTheVideoWhereItIsTrimmedToIt) {
+  struct Row {
+    bool trim;
+    bool overlay;
+    const char* total;
+    const char* label;
+  };
+  for (const auto& row : {Row{true, true, "20.0000", "020.000"}, Row{true, false, "20.0000", "020.000"},
+                          Row{false, true, "12.5", "012.500"}, Row{false, false, "0", "000.000"}}) {
+    Bench b;
+    b.settings.AutoTrimAudio(row.trim);
+    b.addVideo("a.avi", 0, 20);
+    b.addMusic("m.mp3", 0, 12.5).RenderAudio(row.overlay);
+    compiled(b);
+    EXPECT_EQ(b.editor.AudioTotalTime, row.total) << row.trim << row.overlay;
+    EXPECT_EQ(b.editor.controls.Lbl_AudTotal, row.label) << row.trim << row.overlay;
+  }
+}
+
+TEST(Document, EverySoundAheadOfAPictureIsRefused) {
+  for (const auto* name : {"m.wav", "m.wma", "m.mp3", "m.mp2", "m.aif", "m.aiff", "m.iff", "m.mid", "m.midi",
+                           "m.au", "m.snd", "m.flac", "m.ogg"}) {
+    Bench b;
+    b.addMusic(name, 0, 5).Resolution("0 x 0");
+    b.addVideo("a.avi", 0, 5);
+    EXPECT_TRUE(IsAudioBeforeVideo(b.compilation)) << name;
+  }
+  for (const auto* name : {"s.jpg", "s.tiff", "s.png"}) {
+    Bench b;
+    addStill(b, name, 0).Resolution("0 x 0");
+    b.addVideo("a.avi", 0, 5).MovieHeight(480);
+    b.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
+    EXPECT_FALSE(IsAudioBeforeVideo(b.compilation)) << name;
+  }
+}
+
+TEST(Document, AudioAheadOfVideoIsRefused) {
+  Bench b;
+  b.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
+  b.addVideo("a.avi", 0, 5);
+  EXPECT_TRUE(IsAudioBeforeVideo(b.compilation));
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(
+      b.boxes.shown[0].text,
+      "Audio tracks should be grouped together and placed at the end of the collection !\r\nPlease move the "
+      "audio track :-\r\n<m.mp3>\r\nto the end of the collection.");
+  Bench good;
+  good.addVideo("a.avi", 0, 5);
+  good.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
+  EXPECT_FALSE(IsAudioBeforeVideo(good.compilation));
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,109 @@
+#include "editor/compiler/durations.h"
+
+#include "editor/compiler/clip_kinds.h"
+#include "editor/compiler/preview_params.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::Bench;
+
+TEST(Durations, LongestTransitionIsTheShorterNeighbour) {
+  struct Row {
+    double first;
+    double second;
+    const char* most;
+    int max;
+  };
+  for (const auto& row : {Row{60, 40, "25.0", 250}, Row{3.04, 9, "3.0", 30}, Row{0.05, 9, "0.1", 1}}) {
+    Bench b;
+    b.addVideo("a.avi", 0, row.first);
+    b.addVideo("b.avi", 0, row.second).TransType("Fade");
+    EXPECT_EQ(CalcMaxTransitionDuration(b.compilation, 2), row.most);
+    SortTransitionTimes(b.compilation, 2);
+    EXPECT_EQ(b.editor.controls.Sld_In.Max, row.max);
+  }
+}
+
+TEST(Durations, AStaleTransitionIsBroughtWithinItsLimit) {
+  Bench b;
+  b.addVideo("a.avi", 0, 3);
+  auto& clip = b.addVideo("b.avi", 0, 9);
+  clip.TransType("Fade");
+  clip.TransIn(80);
+  SortTransitionTimes(b.compilation, 2);
+  EXPECT_EQ(clip.TransIn(), 30);
+  b.collection.MovieList[1].TransIn(80);
+  SortTransitionTimes(b.compilation, 1);
+  EXPECT_EQ(b.collection.MovieList[1].TransIn(), 15) << "half of the clip for the first";
+}
+
+TEST(Durations, ACutIsPreviewedByTheLadder) {
+  const std::pair<double, float> rows[] = {{0.2, 0.2F},  {0.25, 0.25F}, {0.6, 0.5F},
+                                           {1.2, 0.75F}, {1.5, 1.0F},   {10, 2.0F}};
+  for (const auto& [length, section] : rows) {
+    Bench b;
+    b.addVideo("a.avi", 0, length);
+    b.addVideo("b.avi", 0, 12);
+    EXPECT_FLOAT_EQ(CalcMinimumDur(b.compilation, 1, 2), section) << length;
+  }
+}
+
+TEST(Durations, TheShortestCutHoldsTheTrackFade) {
+  Bench b;
+  b.addMusic("m.mp3", 0, 4);
+  EXPECT_EQ(FindShortestCut(b.compilation, false), 0);
+  EXPECT_EQ(FindShortestCut(b.compilation, true), 4);
+  UpdateTrackFade(b.compilation, false);
+  EXPECT_FLOAT_EQ(b.settings.VideoTrackFadeAmt(), -0.5F);
+}
+
+TEST(Durations, RowsEndInTheirClipNumber) {
+  EXPECT_EQ(GetIndividualClipNo("beach.avi   12"), 12);
+  EXPECT_EQ(GetIndividualClipNo("clip 79999"), 9999);
+  EXPECT_EQ(GetIndividualClipNo(""), 1);
+  EXPECT_EQ(GetEffectClipNo("beach.avi         7"), 7);
+  EXPECT_EQ(GetEffectClipNo("none"), 0);
+}
+
+TEST(Durations, AnAutomaticFadeNeedsRoom) {
+  struct Row {
+    const char* start;
+    const char* stop;
+    float amount;
+    bool fits;
+    const char* fade;
+    const char* out;
+  };
+  const Row rows[] = {
+      {"start=\"4\"", " stop=\"8.0000\"", 0, true, "2", "2.0000"},
+      {"start=\"4\"", " stop=\"6.0000\"", 0, false, "", ""},
+      {"start=\"0\"", " stop=\"5.00\"", 1, true, "1", "4.0000"},
+      {"start=\"0\"", " stop=\"1.0\"", 1, false, "", ""},
+  };
+  for (const auto& row : rows) {
+    const auto fade = CalcAutofade(row.start, row.stop, row.amount);
+    EXPECT_EQ(fade.fits, row.fits) << row.stop;
+    EXPECT_EQ(fade.FadeTime, row.fade) << row.stop;
+    EXPECT_EQ(fade.FadeOutStart, row.out) << row.stop;
+  }
+}
+
+TEST(PreviewParams, AreReadFromTheTableAndHeldToTheOutput) {
+  Bench b;
+  b.settings.OutPutFrameRate(12);
+  const auto p = GetPreviewParams(b.compilation, 8);
+  EXPECT_EQ(p.Scale, 1.25);
+  EXPECT_EQ(p.Rate, 12);
+  EXPECT_TRUE(b.files.exists("/prog/PreviewDefaults.dat"));
+  GetPreviewParams(b.compilation, 1);
+  EXPECT_FALSE(b.settings.RenderTransitions());
+  b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\nScaleFactor = 7\r\nBitDepth = 16\r\n";
+  EXPECT_EQ(GetPreviewParams(b.compilation, 1).Scale, 7);
+}
+
+}  // namespace
+}  // namespace kvo

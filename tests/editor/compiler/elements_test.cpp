@@ -1,0 +1,429 @@
+// The elements that transitions, effects and keyframes become, one golden file for each family.
+#include "editor/compiler/effect_elements.h"
+#include "editor/compiler/effect_word.h"
+#include "editor/compiler/effects_file.h"
+#include "editor/compiler/keyframes.h"
+#include "editor/compiler/render_file.h"
+#include "editor/compiler/transition_element.h"
+#include "editor/compiler/transition_names.h"
+#include "support/fakes.h"
+#include "support/golden.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::Bench;
+
+std::string transition(Bench& b, const std::string& name, TransitionOptions o = {}) {
+  o.Start = "4";
+  o.Stop = "8.0000";
+  o.Name = name;
+  o.Duration = "1";
+  o.ClipNo = 2;
+  std::string text;
+  AddTransition(b.compilation, text, o);
+  return text;
+}
+
+void addTwoClips(Bench& b) {
+  b.addVideo("a.avi", 0, 5);
+  auto& clip = b.addVideo("b.avi", 2, 6);
+  clip.TransType("Barn");
+  clip.TransIn(10);
+  b.editor.OutputWidth = 320;
+  b.editor.OutputHeight = 240;
+}
+
+TEST(Transitions, EachNameHasItsElement) {
+  EXPECT_EQ(transitionNames().size(), 74U);
+  std::string all;
+  for (const auto name : transitionNames()) {
+    Bench b;
+    addTwoClips(b);
+    all += "== " + std::string(name) + "\r\n" +
+           transition(b, std::string(name),
+                      {.BorderWidth = 300,
+                       .BorderColor = "&H00FF00&",
+                       .BorderSoftness = 2.5F,
+                       .ReplicateX = 0,
+                       .ReplicateY = 3});
+  }
+  for (const auto* name : {"CUT", "Curtains", "Threshold", "No such name"}) {
+    Bench b;
+    addTwoClips(b);
+    all += "== " + std::string(name) + "\r\n" + transition(b, name);
+  }
+  test::expectGolden("transitions.txt", all);
+}
+
+TEST(Transitions, ParticlesFollowTheSettingsWhereTheDefaultsAreOff) {
+  std::string all;
+  for (const auto name : transitionNames()) {
+    if (!ShowTransOptions(name).particles) continue;
+    Bench b;
+    addTwoClips(b);
+    all += "== " + std::string(name) + "\r\n" + transition(b, std::string(name), {.UseDefaults = false});
+  }
+  test::expectGolden("transitions-particles.txt", all);
+}
+
+TEST(Transitions, FreeOptionsHaveTheirOwnCase) {
+  struct Row {
+    const char* transition;
+    const char* name;
+    const char* value;
+    const char* line;
+  };
+  const Row rows[] = {{"Iris", "irisStyle", "Circle", "<param name=\"irisStyle\" value=\"CIRCLE\" />"},
+                      {"Slide", "slideStyle", "push", "<param name=\"slideStyle\" value=\"PUSH\" />"},
+                      {"Stretch", "stretchStyle", "HIDE", "<param name=\"stretchStyle\" value=\"hide\" />"},
+                      {"Blinds", "Direction", "Left", "<param name=\"direction\" value=\"Left\" />"}};
+  for (const auto& row : rows) {
+    Bench b;
+    addTwoClips(b);
+    b.collection.MovieList[2].ExtraParamName1("bands");
+    b.collection.MovieList[2].ExtraParamValue1("5");
+    b.collection.MovieList[2].ExtraParamName2(row.name);
+    b.collection.MovieList[2].ExtraParamValue2(row.value);
+    const auto text = transition(b, row.transition);
+    EXPECT_NE(text.find(row.line), std::string::npos) << text;
+    EXPECT_NE(text.find("<param name=\"bands\" value=\"5\" />"), std::string::npos) << text;
+  }
+  const auto iris = ShowTransOptions("Iris");
+  EXPECT_EQ(iris.secondCaption, "irisStyle");
+  EXPECT_EQ(iris.secondValues.size(), 5U);
+  EXPECT_TRUE(ShowTransOptions("Heart").bordersAndMask);
+}
+
+TEST(Transitions, EdgesOfTheirNumbers) {
+  Bench b;
+  addTwoClips(b);
+  b.collection.MovieList[2].TransIn(0);
+  TransitionOptions o{.Start = "4", .Stop = "8.0000", .Name = "Barn", .Duration = "0", .ClipNo = 2};
+  std::string text;
+  AddTransition(b.compilation, text, o);
+  EXPECT_NE(text.find("<linear time=\"-0.115\" value=\"1\"/>"), std::string::npos) << text;
+  b.settings.RenderTransitions(false);
+  text.clear();
+  AddTransition(b.compilation, text, o);
+  EXPECT_EQ(text, "          </track>\r\n\r\n");
+  Bench masked;
+  addTwoClips(masked);
+  EXPECT_NE(transition(masked, "Heart", {.MaskName = "/m/a.jpg"})
+                .find("<param name=\"MaskName\" value=\"/m/a.jpg\"/>"),
+            std::string::npos);
+}
+
+std::string effects(Bench& b, const std::string& word) {
+  ValidateKeyFrames(b.compilation);
+  const KeyframeIndex keyframes(b.compilation);
+  std::string stop = "5.0000";
+  std::string result;
+  CreateBasicImageStringFromEffectWord(b.compilation, keyframes, 1, word, "0", stop, result);
+  return result;
+}
+
+std::string wordWith(std::initializer_list<int> positions) {
+  EffectWord word;
+  for (const int p : positions) word.set(p, true);
+  return word.text();
+}
+
+void addLevels(Movie& clip) {
+  clip.KeyID(7);
+  clip.BlurInt(4);
+  clip.MBlurStrength(14);
+  clip.MBlurDirection(20);
+  clip.AgeIntensity(35);
+  clip.EaseDuration(0.5F);
+  clip.ScaleA(1);
+  clip.InitialScaleA(0.75F);
+  clip.MoveSpeedA(1);
+  clip.MoveADirection("out");
+}
+
+TEST(Effects, EachSwitchHasItsElement) {
+  std::string all;
+  for (int position = 1; position <= EffectWord::kSwitches; ++position) {
+    Bench b;
+    addLevels(b.addVideo("a.avi", 0, 5));
+    all += "== " + std::to_string(position) + "\r\n" + effects(b, wordWith({position}));
+  }
+  Bench b;
+  auto& clip = b.addVideo("a.avi", 0, 5);
+  addLevels(clip);
+  clip.RevolveCamera(true);
+  clip.MoveARotationDirection("left");
+  all += "== all that are built in\r\n" + effects(b, wordWith({1, 2, 3, 4, 5, 6, 7, 8, 43, 44, 45, 46, 9}));
+  test::expectGolden("effects.txt", all);
+  EXPECT_EQ(effects(b, ""), "");
+  b.settings.RenderEffects(false);
+  std::string stop = "5";
+  std::string untouched = "as it was";
+  CreateBasicImageStringFromEffectWord(b.compilation, KeyframeIndex(b.compilation), 1, wordWith({1}), "0",
+                                       stop, untouched);
+  EXPECT_EQ(untouched + stop, "as it was5");
+}
+
+TEST(Effects, ColourLevelsHaveTheirSlopes) {
+  struct Row {
+    const char* name;
+    void (*set)(Movie&);
+  };
+  const Row rows[] = {{"nothing", [](Movie&) {}},
+                      {"red 128", [](Movie& m) { m.Red(128); }},
+                      {"red 200", [](Movie& m) { m.Red(200); }},
+                      {"blue -10", [](Movie& m) { m.Blue(-10); }},
+                      {"brightness", [](Movie& m) { m.Brightness(1); }},
+                      {"contrast", [](Movie& m) { m.Contrast(5); }},
+                      {"gamma and threshold",
+                       [](Movie& m) {
+                         m.Gamma(0.15F);
+                         m.Threshold(300);
+                       }},
+                      {"sepia", [](Movie& m) { m.Sepia(true); }},
+                      {"sepia, green and gamma", [](Movie& m) {
+                         m.Sepia(true);
+                         m.Green(10);
+                         m.Gamma(1);
+                       }}};
+  std::string all;
+  for (const auto& row : rows) {
+    Bench b;
+    auto& clip = b.addVideo("a.avi", 1, 5);
+    clip.Playspeed(20);
+    row.set(clip);
+    all += std::string("== ") + row.name + "\r\n" + AddColorContrastAdjust(b.compilation, 1, "0");
+  }
+  test::expectGolden("colours.txt", all);
+}
+
+Keyframe& addKeyframe(Bench& b, int effectNo, Long frame, double time, const std::string& param1,
+                      Single transparency) {
+  Keyframe k;
+  k.EffectNo = static_cast<Integer>(effectNo);
+  k.FrameNo = frame;
+  k.Time = Value(time);
+  for (auto& p : k.Param) p = Value("0");
+  k.Param[0] = Value(param1);
+  k.Transparency = transparency;
+  k.ClipName = 7;
+  k.FC = "RED";
+  k.BC = frame == 0 ? "BLACK" : "WHITE";
+  return b.collection.KeyframeList.add(std::move(k));
+}
+
+TEST(Keyframes, EachPaletteRowMovesFromKeyToKey) {
+  std::string all;
+  for (int position = 9; position <= 42; ++position) {
+    Bench b;
+    auto& clip = b.addVideo("a.avi", 0, 5);
+    addLevels(clip);
+    int id = 0;
+    b.editor.effects.GetEffectIDFromName(b.editor.effects.slot(position - 8)->name, id);
+    addKeyframe(b, id, 100, 4, "5", 30);
+    addKeyframe(b, id, 0, 0, "10", 100);
+    addKeyframe(b, id, 62, 2.5, "40", 60);
+    addKeyframe(b, id, 126, 5.04, "99", 0);  // behind the mark out
+    all += "== " + b.editor.effects.slot(position - 8)->name + "\r\n" + effects(b, wordWith({position}));
+  }
+  test::expectGolden("keyframes-palette.txt", all);
+}
+
+TEST(Keyframes, BlurAndMotionBlurHaveTheirOwnParameters) {
+  Bench b;
+  auto& clip = b.addVideo("a.avi", 0, 5);
+  addLevels(clip);
+  clip.Playspeed(5);
+  addKeyframe(b, kBlurEffect, 0, 0, "4", 0);
+  addKeyframe(b, kBlurEffect, 50, 2, "9", 0);
+  auto& motion = addKeyframe(b, kMotionBlurEffect, 0, 0, "14", 0);
+  motion.Param[1] = Value("20");
+  motion.Param[2] = Value("True");
+  addKeyframe(b, kMotionBlurEffect, 75, 3, "0", 0);
+  test::expectGolden("keyframes-blur.txt", effects(b, wordWith({43, 44})));
+}
+
+TEST(Keyframes, NumbersAndOrderAtTheirEdges) {
+  Bench b;
+  addLevels(b.addVideo("a.avi", 1, 5));
+  addKeyframe(b, 8, 25, 0, "10", 40);
+  std::string text;
+  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Control1Value", 1, 8);
+  EXPECT_EQ(text, std::string(20, ' ') + "<param name=\"Control1Value\" value=\"10\">\r\n" +
+                      std::string(20, ' ') + "</param>\r\n");
+  text.clear();
+  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Transparency", 1, 8);
+  EXPECT_NE(text.find("value=\"40\">"), std::string::npos) << "one keyframe stands as it is";
+  addKeyframe(b, 8, 30, 0.2, "9", 0);
+  addKeyframe(b, 8, 30, 0.2, "10", 0);
+  text.clear();
+  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Control1Value", 1, 8);
+  EXPECT_LT(text.find("time=\"000000.2\"  value=\"10\""), text.find("time=\"000000.2\"  value=\"9\""))
+      << text;
+  text.clear();
+  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Control1Value", 1, 99);
+  EXPECT_EQ(text, "");
+}
+
+TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
+  for (const auto& [effect, level] : {std::pair{4, 100}, {9, 100}, {17, 0}, {27, 30}}) {
+    Bench b;
+    addLevels(b.addVideo("a.avi", 0, 4));
+    LoadEffects(b.compilation);
+    b.collection.icurMov = 1;
+    b.settings.KeyframeEffectNo(static_cast<Integer>(effect));
+    AddSingleBaseKeyFrame(b.compilation);
+    EXPECT_EQ(b.collection.KeyframeList[1].Transparency, level) << effect;
+  }
+}
+
+TEST(Keyframes, ComeAndGoByTheirRules) {
+  Bench b;
+  addLevels(b.addVideo("a.avi", 0, 4));
+  b.collection.icurMov = 1;
+  b.settings.KeyframeEffectNo(8);
+  AddSingleBaseKeyFrame(b.compilation);
+  ASSERT_EQ(b.collection.KeyframeList.count(), 1);
+  const auto& base = b.collection.KeyframeList[1];
+  EXPECT_EQ(base.Param[1].text() + "|" + base.FC, "10|BLUEVIOLET");
+  EXPECT_EQ(base.Transparency, 30);
+  EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
+  AddSingleBaseKeyFrame(b.compilation);
+  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
+            "KVO5 - Duplicate Keyframe warning|Frame 0 is already a keyframe.");
+  EXPECT_EQ(KeyframeCount(b.compilation, 8, 0), 1);
+  addKeyframe(b, 8, 50, 2, "1", 0);
+  addKeyframe(b, 8, 120, 4.8, "1", 0);
+  b.collection.MovieList[1].LoopStart(Value(1));
+  EXPECT_EQ(AddKeyFramesToList(b.compilation),
+            (std::vector<std::string>{"IGNORED - Point before Mark In - Keyframe No = 0000000",
+                                      "Keyframe No = 0000050",
+                                      "IGNORED - Point after Mark Out - Keyframe No = 0000120"}));
+  KillAllKeyframeData(b.compilation);
+  EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "the base keyframe stays";
+  EXPECT_FALSE(deleteKeyframe(b.compilation, 1)) << "the only one stays";
+  b.collection.KeyframeList[1].Transparency = 60;
+  Keyframe second;
+  second.Transparency = 20;
+  EXPECT_TRUE(AddKeyFrame(b.compilation, 50, second));
+  EXPECT_EQ(b.collection.KeyframeList[1].Transparency, 100) << "a level begins at 0 or 100";
+  EXPECT_EQ(b.collection.KeyframeList[2].Time.number(), 2);
+  EXPECT_FALSE(AddKeyFrame(b.compilation, 50, second));
+  EXPECT_EQ(
+      b.boxes.shown.back().text,
+      "Frame 50 is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.");
+  EXPECT_TRUE(deleteKeyframe(b.compilation, 2));
+  addKeyframe(b, 8, 1, 1, "1", 0).ClipName = 999;
+  b.collection.MovieList[1].HasKeyFrames(false);
+  ValidateKeyFrames(b.compilation);
+  EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "one without a clip goes";
+  EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
+}
+
+TEST(EffectsTable, IsWrittenAndReadToTheByte) {
+  Bench b;
+  auto& table = b.editor.effects;
+  LoadEffects(b.compilation);
+  test::expectGolden("EffectParams.dat", b.files.all["/prog/EffectParams.dat"]);
+  EXPECT_TRUE(b.boxes.shown.empty());
+  table.named("chrome")->Control[0] = "7";
+  EffectsTable again;
+  ASSERT_TRUE(again.read(table.text(true)));
+  EXPECT_EQ(again.text(true), table.text(true));
+  EXPECT_EQ(again.named(" CHROME ")->Control[0], "7");
+  int id = -1;
+  EXPECT_TRUE(again.GetEffectIDFromName("dry brush", id));
+  EXPECT_EQ(id, 14);
+  EXPECT_FALSE(again.GetEffectIDFromName("Emboss", id));
+  EXPECT_EQ(id, 0);
+  EXPECT_EQ(again.slot(1)->name, "Angled Strokes");
+  EXPECT_EQ(again.slot(35), nullptr);
+  auto grain = *again.named("Grain");
+  grain.Control[0] = "5";
+  grain.foreColor = "None";
+  EXPECT_TRUE(again.WriteEffectParamsToArray(grain));
+  grain.name = "grain";
+  EXPECT_FALSE(again.WriteEffectParamsToArray(grain)) << "by its very name only";
+  EXPECT_EQ(again.named("Grain")->Control[0] + again.named("Grain")->foreColor, "5");
+}
+
+TEST(EffectsTable, IsRebuiltWhereTheFileCannotBeUsed) {
+  const EffectsTable good;
+  auto tooMany = good.text(false);
+  tooMany.replace(tooMany.find("0,\"Accents\""), 1, "1");
+  for (const auto& [text, boxes] : {std::pair{std::string("junk"), 1U},
+                                    std::pair{good.text(false).substr(0, 900), 1U}, std::pair{tooMany, 2U}}) {
+    Bench b;
+    b.files.all["/prog/EffectParams.dat"] = text;
+    LoadEffects(b.compilation);
+    EXPECT_EQ(b.boxes.shown.size(), boxes);
+    EXPECT_EQ(b.boxes.shown.back().text, "KVOErr: IFIMGL003 - Failed to load Effects - Rebuilding");
+    if (boxes == 2U) {
+      EXPECT_EQ(b.boxes.shown[0].text, "KVOErr: IFIMGL004 - Too many Effects in effects palette selected");
+    }
+    EXPECT_EQ(b.files.all["/prog/EffectParams.dat"], good.text(false));
+  }
+}
+
+TEST(EffectsTable, AWriteThatFailsIsTriedThreeTimesATenthOfASecondApart) {
+  for (int failures = 0; failures <= 3; ++failures) {
+    Bench b;
+    b.files.failedReplaces = failures;
+    LoadEffects(b.compilation);
+    EXPECT_EQ(b.clock.pauses, std::vector<int>(static_cast<std::size_t>(std::min(failures, 2)), 100))
+        << failures;
+    const auto& log = b.files.all["/prog/KVOError.Log"];
+    const bool gaveUp =
+        log.find("EffectsDefaultWrite  Err -  - Aborting after 3 Attempts") != std::string::npos;
+    EXPECT_EQ(gaveUp, failures == 3) << log;
+    EXPECT_TRUE(b.files.exists("/prog/EffectParams.dat")) << "written at the second go if not before";
+  }
+}
+
+TEST(EffectsTable, AnEffectThatIsNotInItIsLoggedAndTheTableRebuilt) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5).KeyID(7);
+  b.collection.icurMov = 1;
+  LoadEffects(b.compilation);
+  b.editor.effects.named("Grain")->Control[0] = "5";
+  ASSERT_TRUE(WriteEffectsArrayToDisk(b.compilation));
+  for (const int known : {2, 21, kBlurEffect, kMotionBlurEffect}) {
+    b.settings.KeyframeEffectNo(static_cast<Integer>(known));
+    AddSingleBaseKeyFrame(b.compilation);
+  }
+  EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], "5");
+  EXPECT_FALSE(b.files.exists("/prog/KVOError.Log"));
+  b.settings.KeyframeEffectNo(49);
+  AddSingleBaseKeyFrame(b.compilation);
+  EXPECT_NE(b.files.all["/prog/KVOError.Log"].find(
+                "GetEffectParams Err - Failed to Find effect - rebuilding Effects table"),
+            std::string::npos);
+  EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], "0");
+  EXPECT_EQ(b.files.all["/prog/EffectParams.dat"], EffectsTable().text(false));
+}
+
+TEST(Documents, EverythingAClipCanCarry) {
+  Bench b;
+  const auto names = transitionNames();
+  for (int i = 0; i < 20; ++i) {
+    auto& clip = b.addVideo("v" + std::to_string(i) + ".avi", i % 3, 6 + i % 4);
+    addLevels(clip);
+    clip.KeyID(7 + (i == 4 ? 0 : i + 1));
+    clip.Playspeed(static_cast<Single>(5 + 5 * (i % 3)));
+    clip.EffectWord(wordWith({1 + i, 23 + i}));
+    if (i > 0) clip.TransType(std::string(names[static_cast<std::size_t>(i * 3)]));
+    clip.TransIn(static_cast<Single>(5 + i));
+    clip.BorderWidth(static_cast<Integer>(i));
+    if (i % 5 == 0) clip.Sepia(true);
+  }
+  addKeyframe(b, 8, 0, 0, "10", 100);
+  addKeyframe(b, 100, 10, 0.4, "3", 100);
+  EXPECT_TRUE(CompileForRender(b.compilation, "/prog/KVORender.xtl"));
+  test::expectGolden("everything.xtl", b.files.all["/prog/KVORender.xtl"]);
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,122 @@
+// What a check of a collection tells, and what a render refuses.
+#include "editor/compiler/collection_faults.h"
+#include "editor/compiler/document_check.h"
+#include "editor/compiler/render_file.h"
+#include "support/fakes.h"
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::Bench;
+
+std::string told(Bench& b, const ReadReport& report = {}) {
+  compileText(b.compilation);
+  std::string all;
+  for (const auto& fault : collectionFaults(b.compilation, report)) {
+    all += (all.empty() ? "" : "; ") + (fault.clip > 0 ? std::to_string(fault.clip) + " " : std::string()) +
+           fault.text + (fault.stopsRender ? "!" : "");
+  }
+  return all;
+}
+
+TEST(CollectionFaults, AreFoundInEveryClip) {
+  struct Row {
+    std::function<void(Bench&, Movie&)> change;  // the second of two clips
+    const char* faults;
+  };
+  const Row rows[] = {
+      {[](Bench&, Movie&) {}, ""},
+      {[](Bench&, Movie& m) { m.LoopStart(Value()); }, ""},
+      {[](Bench& b, Movie&) { b.files.all.erase("/v/b.avi"); }, "2 the file is missing!"},
+      {[](Bench& b, Movie&) { b.streams.all.erase("/v/b.avi"); }, "2 cannot open /v/b.avi!"},
+      {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"] = {.hasAudio = true}; },
+       "2 there is no picture in it!"},
+      {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"].duration = 3; },
+       "2 its section ends at 5 s, the file at 3.00 s"},
+      {[](Bench&, Movie& m) { m.LoopEnd(Value()); }, "2 its section ends at 0 s, ahead of its start!"},
+      {[](Bench&, Movie& m) { m.LoopStart(Value(-1)); }, "2 its section starts at -1 s, ahead of the file"},
+      {[](Bench&, Movie& m) { m.Playspeed(-5); }, "2 its speed of -0.5 cannot be played!"},
+      {[](Bench&, Movie& m) { m.Playspeed(1e9F); },
+       "2 it has no length in the movie at its speed of 100000000!"},
+      {[](Bench&, Movie& m) { m.TransType("Hart"); }, "2 there is no transition Hart!"},
+      {[](Bench&, Movie& m) { m.BorderWidth(300); }, "2 its border width of 300 is held to 255"},
+      {[](Bench&, Movie& m) { m.HasPicInPic("1"); },
+       "2 its picture-in-picture field makes no sense and is left out"},
+      {[](Bench& b, Movie&) { b.addMusic("m.mp3", 3, 2); }, "3 its section ends at 2 s, ahead of its start!"},
+      {[](Bench& b, Movie&) { b.addMusic("m.mp3", 3, 2).RenderAudio(false); },
+       "3 its section ends at 2 s, ahead of its start"},
+      {[](Bench& b, Movie&) {
+         b.addMusic("m.flac", 0, 2);
+         b.addVideo("c.avi", 0, 2);
+       },
+       "3 it is sound and stands ahead of a clip with a picture!"},
+      {[](Bench& b, Movie&) { b.addMusic("m.mid", 0, 2); },
+       "3 sound of its kind cannot be put into a movie!"},
+      {[](Bench& b, Movie&) { b.settings.OutPutFrameRate(0); },
+       "its frame rate of 0 is not within 0 to 1000!"},
+      {[](Bench& b, Movie&) { b.editor.controls.txtHeight = 0; },
+       "its size of 320 x 0 is too small for a movie!"},
+  };
+  for (const auto& row : rows) {
+    Bench b;
+    b.addVideo("a.avi", 0, 5);
+    auto& second = b.addVideo("b.avi", 0, 5);
+    row.change(b, second);
+    EXPECT_EQ(told(b), row.faults);
+    EXPECT_TRUE(b.boxes.shown.empty()) << "plain data, for whoever shows it";
+  }
+  Bench empty;
+  EXPECT_EQ(told(empty), "the collection has no clips!");
+  Bench damaged;
+  damaged.addVideo("a.avi", 0, 5);
+  EXPECT_EQ(
+      told(damaged, {.skippedClips = {4}, .damaged = true}),
+      "clip section 4 has no usable name or folder and is left out; sections of the collection are missing "
+      "or out of order; clips may be missing");
+}
+
+TEST(DocumentCheck, KnowsAWholeDocument) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"<timeline>\r\n<group type=\"video\" >\r\n<a b=\"<&>\"/>\r\n</group>\r\n</timeline>\r\n", ""},
+      {"<timeline><clip src=\"a\" & <b>\">\".avi\" mstart=\"0\" mstop=\"1.0\" start=\"0\" stop=\"1\" >\r\n"
+       "</clip></timeline>",
+       ""},
+      {"<timeline><param name=\"MaskName\" value=\"a\"b.jpg\"/></timeline>", ""},
+      {"<timeline></group></timeline>", "byte 10: </group> closes nothing"},
+      {"<timeline><group></timeline>", "byte 17: </timeline> closes nothing"},
+      {"<timeline><group>", "byte 17: <group> is not closed"},
+      {"<group></group>", "byte 0: <group> stands outside"},
+      {"<timeline></timeline><timeline></timeline>", "byte 21: <timeline> stands outside"},
+      {"<timeline><param name=\"BorderColor\" value=\"a\"b\"/></timeline>", "byte 10: a tag is not whole"},
+      {"<timeline><a b=\"</timeline>", "byte 10: a tag is not whole"},
+      {"<timeline", "byte 0: a tag is not whole"},
+      {"", "byte 0: there is no <timeline>"},
+  };
+  for (const auto& [text, fault] : rows) {
+    const auto sound = checkDocument(text);
+    EXPECT_EQ(sound ? std::string() : sound.error().text,
+              *fault == '\0' ? std::string() : std::string("the document would be damaged at ") + fault)
+        << text;
+  }
+}
+
+TEST(DocumentCheck, KeepsADamagedDocumentFromBeingWritten) {
+  Bench b;
+  b.addVideo("a.avi", 0, 5);
+  auto& clip = b.addVideo("b.avi", 0, 5);
+  clip.TransType("Heart");
+  clip.TransIn(10);
+  clip.BorderColor(Value("a \"b\""));
+  b.files.all["/prog/KVORender.xtl"] = "old";
+  const auto done = CompileForRender(b.compilation, "/prog/KVORender.xtl");
+  ASSERT_FALSE(done);
+  EXPECT_NE(done.error().text.find("/prog/KVORender.xtl"), std::string::npos) << done.error().text;
+  EXPECT_EQ(b.files.all["/prog/KVORender.xtl"], "old");
+}
+
+}  // namespace
+}  // namespace kvo
