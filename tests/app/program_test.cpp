@@ -76,10 +76,34 @@ TEST_F(Program, RendersACollection) {
   EXPECT_EQ(test::picturesOf(work_ / "p.avi", 32, 24).size(), 10U);
 }
 
+TEST_F(Program, RendersATiffUnderMusicOfALaterKind) {
+  const auto still =
+      test::makeMedia(work_, "s.tiff", {"-f", "lavfi", "-i", "color=white:size=64x48", "-frames:v", "1"});
+  const auto music = test::makeMedia(work_, "m.flac", {"-f", "lavfi", "-i", "sine=duration=2"});
+  const auto path = collection("c.INI", {still, music}, [](test::Bench& b) {
+    b.collection.MovieList[1].IsStill(true);
+    b.collection.MovieList[2].RenderAudio(true);
+    b.collection.MovieList[2].Resolution("44.1 KHz");
+  });
+  const auto check = kvo5({"--check", path});
+  EXPECT_EQ(check.exitCode, 0) << check.out;
+  const auto end = kvo5({"--render", path, "--output", work_ / "o.avi"});
+  EXPECT_EQ(end.exitCode, 0) << end.err;
+  EXPECT_EQ(test::picturesOf(work_ / "o.avi", 64, 48).size(), 50U);
+  EXPECT_GT(test::samplesOf(work_ / "o.avi").size(), 44100U);
+}
+
 TEST_F(Program, ChecksACollection) {
   const auto good = kvo5({"--check", collection("good.INI", {video_})});
   EXPECT_EQ(good.exitCode, 0) << good.out;
   EXPECT_NE(good.out.find("no problems"), std::string::npos) << good.out;
+  const auto empty = kvo5({"--check", collection("empty.INI", {})});
+  EXPECT_EQ(empty.exitCode, 1);
+  EXPECT_NE(empty.out.find("problem: the collection has no clips"), std::string::npos) << empty.out;
+  const auto unset =
+      collection("unset.INI", {video_}, [](test::Bench& b) { b.collection.MovieList[1].LoopStart(Value()); });
+  EXPECT_EQ(kvo5({"--check", unset}).exitCode, 0);
+  EXPECT_EQ(kvo5({"--render", unset, "--output", work_ / "unset.avi"}).exitCode, 0);
   std::ofstream(work_ / "text.avi") << "no movie";
   const auto bad = kvo5(
       {"--check", collection("bad.INI", {video_, work_ / "gone.avi", work_ / "text.avi"}, [](test::Bench& b) {

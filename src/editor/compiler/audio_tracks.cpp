@@ -109,7 +109,6 @@ void addOverlay(const Compilation& c, int number, OverlayPass& pass) {
   const double mstart = clip.LoopStart().number();
   const double mstop = pass.videoEnd > 0 ? mstart + (place.stopSeconds - place.startSeconds) * speedOf(clip)
                                          : clip.LoopEnd().number();
-  if (pass.videoEnd > 0 && mstop - std::max(mstart, 0.0) < kShortestSeconds) return;  // nothing is left of it
   auto& text = c.editor.texts.AudioTrackText;
   pass.lastStop = fixedText(place.stopSeconds);
   const auto start = "start=" + quoted(place.start);

@@ -7,6 +7,7 @@
 #include "editor/compiler/picture_in_picture.h"
 #include "editor/compiler/transition_names.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kvo {
@@ -86,15 +87,18 @@ class Faults {
       if (std::fabs(seconds) >= kLongestTime)
         return fault("its time of " + ShortText(seconds) + " s is beyond what a movie can hold");
     }
-    const double heardFrom = ToNumber(fixedText(start));  // sound is cut at four decimals
-    if (end <= std::max({start, 0.0, clip.RenderAudio() ? heardFrom : start}))
+    // A sound's section is written with four decimals at both ends.
+    const double soundStart = ToNumber(fixedText(start));
+    if (end <= std::max({start, soundStart, 0.0}))
       return fault("its section ends at " + ShortText(end) + " s, ahead of its start");
     if (start < 0) tell("its section starts at " + ShortText(start) + " s, ahead of the file");
     if (!clip.TimeLineStop().isSet()) return;  // left out of the movie
     // Behind a clip that runs backwards all are placed ahead of the movie; that one has been told of.
     if (placed < 0 && !isCut(clip.TransType()))
       fault("its transition is longer than what stands ahead of it");
-    if (stopped <= placed) fault("it has no length in the movie at its speed of " + ShortText(speedOf(clip)));
+    const double played = ToNumber(fixedText(soundStart + (stopped - placed) * speedOf(clip)));
+    if (stopped <= placed || (sound && played <= soundStart))
+      fault("it has no length in the movie at its speed of " + ShortText(speedOf(clip)));
   }
 
   // Values beyond their range, and what a compile holds them to.
