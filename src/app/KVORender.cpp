@@ -1,6 +1,8 @@
 // The render engine as a process of its own. On standard output it tells how far it is, one line at a time:
 //   progress DONE TOTAL           seconds of the movie, a few times a second
-//   damage FROM TO FILE           this part of a clip, in seconds after its start, could not be decoded
+//   damage KIND FROM TO FILE      the "picture" or "sound" of this part of a clip, in seconds after its
+//   start, could not
+//                                 be decoded
 //   done FRAMES SECONDS BYTES     the file is in place
 // With --sheet it draws a row of small frames of each document instead, for looking at.
 // A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
@@ -85,8 +87,9 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
   if (!report) return fail(report.error(), kFailed);
   for (const auto& hole : report->damage) {
-    print("damage " + kvo::FormatMask(hole.from, "0.00") + " " + kvo::FormatMask(hole.to, "0.00") + " " +
-          hole.path + "\n");
+    print(std::string("damage ") + (hole.lost == kvo::media::Lost::Sound ? "sound " : "picture ") +
+          kvo::FormatMask(hole.from, "0.00") + " " + kvo::FormatMask(hole.to, "0.00") + " " + hole.path +
+          "\n");
   }
   print("done " + std::to_string(report->frames) + " " + kvo::FormatMask(report->seconds, "0.000") + " " +
         std::to_string(report->bytes) + "\n");

@@ -83,18 +83,21 @@ class ProgressShow {
            "\n";
   }
 
-  // "holiday.avi: 1.20 to 1.84 s cannot be decoded; the picture ahead stands, the sound is silent"
+  // "holiday.avi: the picture from 1.20 to 1.84 s cannot be decoded; the one ahead stands"
   [[nodiscard]] const std::vector<std::string>& damage() const { return damage_; }
 
  private:
-  // "FROM TO FILE"
+  // "KIND FROM TO FILE"
   void hearDamage(std::string_view rest) {
-    const auto blank = std::min(rest.find(' '), rest.size());
-    const auto next = std::min(rest.find(' ', blank + 1), rest.size());
-    damage_.push_back(std::string(rest.substr(std::min(next + 1, rest.size()))) + ": " +
-                      std::string(rest.substr(0, blank)) + " to " +
-                      std::string(rest.substr(blank + 1, next - blank - 1)) +
-                      " s cannot be decoded; the picture ahead stands, the sound is silent");
+    std::array<std::string, 3> words;
+    for (auto& word : words) {
+      const auto blank = std::min(rest.find(' '), rest.size());
+      word = rest.substr(0, blank);
+      rest.remove_prefix(std::min(blank + 1, rest.size()));
+    }
+    const auto& [kind, from, to] = words;
+    damage_.push_back(std::string(rest) + ": the " + kind + " from " + from + " to " + to +
+                      " s cannot be decoded; " + (kind == "sound" ? "it is silent" : "the one ahead stands"));
   }
 
   const bool onTerminal_ = ::isatty(STDOUT_FILENO) == 1;
@@ -141,7 +144,6 @@ int fail(const std::string& text, int code) {
 }
 
 int runRender(Session& session, const CommandLine& line, const std::string& engine) {
-  StopSignals signals;
   const auto report = session.open(line.collection);
   if (!report) return fail(report.error().text);
   if (session.files.sameFile(line.collection, line.output)) {
@@ -156,6 +158,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
 
   const auto text = compileWithoutFaults(session, *report, std::nullopt);
   if (!text) return fail(text.error().text);
+  StopSignals signals;  // until here a signal ends the program by itself, and leaves nothing
   const auto folder = TemporaryFolder::make();
   if (!folder) return fail(folder.error().text);
   const auto document = folder->path() + "/movie.xtl";

@@ -16,9 +16,10 @@
 namespace kvo::media {
 namespace {
 
-constexpr int kMaxBadPackets = 100;
-constexpr std::int64_t kRestartGap = kSampleRate / 50;  // a jump in time of more than 20 ms is one
-constexpr std::int64_t kSameTime = kSampleRate / 1000;  // stamps are rounded by up to a millisecond
+constexpr int kMaxReadErrors = 100;                      // in a row: the file has ended, whatever it promised
+constexpr std::int64_t kRestartGap = kSampleRate / 50;   // a jump in time of more than 20 ms is one
+constexpr std::int64_t kLostGap = kSampleRate * 3 / 20;  // one of more than 150 ms is a hole
+constexpr std::int64_t kSameTime = kSampleRate / 1000;   // stamps are rounded by up to a millisecond
 // Seconds decoded ahead of a seek's target: several packets, as the first behind a seek may be a part only,
 // or need those ahead of it. Where that lands behind the target all the same, further back.
 constexpr double kPrerolls[] = {0.5, 2, 10};
@@ -29,6 +30,13 @@ bool canBeSought(const Source& source) {
   const bool byBitRate = name == "wav" || name == "aiff" || name == "w64" || name == "au" || name == "caf";
   const std::string_view codec(avcodec_get_name(source.decoder->codec_id));
   return !byBitRate || codec.starts_with("pcm_");
+}
+
+// AVI numbers the chunks of a stream, and only these kinds put the same time into each, or count their bytes.
+bool isCountedByAvi(AVCodecID codec) {
+  const std::string_view name(avcodec_get_name(codec));
+  return name.starts_with("pcm_") || name.starts_with("adpcm_") || name.starts_with("wma") || name == "mp3" ||
+         name == "mp2" || name == "ac3" || name == "aac";
 }
 
 // What counts as the file's start: its first picture, if it has one.
@@ -56,12 +64,13 @@ struct AudioReader::State {
   PacketHandle packet{av_packet_alloc()};
   DamageList* damage = nullptr;
   std::optional<AviIndex> index;  // of an AVI
+  bool counted = false;           // its stamps make no sense: the samples are counted from the first
   double origin = 0;
   int sourceRate = 0;
   AVSampleFormat sourceFormat = AV_SAMPLE_FMT_NONE;
   int sourceChannels = 0;
   bool ended = false;
-  int badPackets = 0;         // in a row
+  int readErrors = 0;         // in a row
   bool faulty = false;        // something could not be decoded since the last good frame
   std::int64_t position = 0;  // sample the next read begins with
   std::deque<Run> runs;       // decoded and not yet read, in order; sound is laid behind the last one
@@ -119,7 +128,7 @@ struct AudioReader::State {
   // be stamped wrongly; from there on only a jump in time begins another run.
   void place(const AVFrame& frame) {
     const auto expected = decodedEnd() + swr_get_delay(resampler.get(), kSampleRate);
-    const auto pts = frame.best_effort_timestamp;
+    const auto pts = counted ? AV_NOPTS_VALUE : frame.best_effort_timestamp;
     const double seconds = static_cast<double>(pts) * source.timeBase() - origin;
     const auto sample =
         pts == AV_NOPTS_VALUE ? expected : static_cast<std::int64_t>(std::llround(seconds * kSampleRate));
@@ -130,59 +139,49 @@ struct AudioReader::State {
       runs = {Run{runs.back().end() + jump, {}}};
     } else if (jump > kRestartGap) {
       runs.push_back({runs.back().end() + jump, {}});
-      if (faulty && damage != nullptr && sample > position)
-        damage->add({source.path, secondsOf(std::max(expected, position)), secondsOf(sample)});
+      if ((faulty || jump > kLostGap) && damage != nullptr && sample > position)
+        damage->add({source.path, Lost::Sound, secondsOf(std::max(expected, position)), secondsOf(sample)});
     }
     faulty = false;
   }
 
   static double secondsOf(std::int64_t sample) { return static_cast<double>(sample) / kSampleRate; }
 
-  Outcome meetFault(int code) {
-    faulty = true;
-    return ++badPackets > kMaxBadPackets
-               ? Outcome(ffmpegError("cannot decode the sound of " + source.path, code))
-               : Outcome();
-  }
-
   Outcome decodeMore() {
     auto frame = newFrame();
     if (!frame) return Error{"out of memory for the sound of " + source.path};
     for (;;) {
       const int got = avcodec_receive_frame(source.decoder.get(), frame.get());
-      if (got >= 0) {
-        badPackets = 0;
-        return take(frame.get());
-      }
+      if (got >= 0) return take(frame.get());
       if (got == AVERROR_EOF) {
         ended = true;
         return take(nullptr);
       }
-      if (got != AVERROR(EAGAIN)) {
-        if (auto done = meetFault(got); !done) return done;
-      }
-      if (auto done = feed(); !done) return done;
+      if (got != AVERROR(EAGAIN)) faulty = true;
+      feed();
     }
   }
 
-  Outcome feed() {
+  void feed() {
     for (;;) {
       const int got = av_read_frame(source.format.get(), packet.get());
       const auto* io = source.format->pb;
-      if (got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0)) {
+      const bool atEnd = got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0);
+      if (atEnd || (got < 0 && ++readErrors > kMaxReadErrors)) {
         avcodec_send_packet(source.decoder.get(), nullptr);
-        return {};
+        return;
       }
       if (got < 0) {
-        if (auto done = meetFault(got); !done) return done;
+        faulty = true;
         continue;
       }
+      readErrors = 0;
       const bool wanted = packet->stream_index == source.index;
       if (wanted && index) index->correct(*packet, source.stream());
       const int sent = wanted ? avcodec_send_packet(source.decoder.get(), packet.get()) : 0;
       av_packet_unref(packet.get());
-      if (!wanted) continue;
-      return sent < 0 && sent != AVERROR(EAGAIN) ? meetFault(sent) : Outcome();
+      if (sent < 0 && sent != AVERROR(EAGAIN)) faulty = true;
+      if (wanted) return;
     }
   }
 
@@ -192,7 +191,7 @@ struct AudioReader::State {
     resampler.reset();
     runs.clear();
     ended = faulty = false;
-    badPackets = 0;
+    readErrors = 0;
   }
 
   // What lies ahead of the position is of no use any more, but the last run says where the next sound goes.
@@ -232,7 +231,10 @@ Result<AudioReader> AudioReader::open(const std::string& path, DamageList* damag
   auto state = std::make_unique<State>();
   state->source = std::move(*source);
   state->damage = damage;
-  if (std::string_view(state->source.format->iformat->name) == "avi") state->index.emplace();
+  if (std::string_view(state->source.format->iformat->name) == "avi") {
+    state->counted = !isCountedByAvi(state->source.decoder->codec_id);
+    if (!state->counted) state->index.emplace();
+  }
   state->origin = *origin;
   return AudioReader(std::move(state));
 }
@@ -242,7 +244,7 @@ Outcome AudioReader::seek(std::int64_t sample) {
   const bool fresh = s.position == 0 && s.runs.empty();
   s.position = sample;
   const double seconds = State::secondsOf(sample);
-  const bool sought = canBeSought(s.source);
+  const bool sought = canBeSought(s.source) && !s.counted;
   for (const double preroll : kPrerolls) {
     if (!sought || seconds <= preroll) break;
     const auto done = s.seekAhead(seconds - preroll);

@@ -20,11 +20,13 @@ std::vector<Damage> DamageList::all() const {
     const std::lock_guard lock(mutex_);
     return holes_;
   }();
-  std::sort(holes.begin(), holes.end(),
-            [](const auto& a, const auto& b) { return std::tie(a.path, a.from) < std::tie(b.path, b.from); });
+  std::sort(holes.begin(), holes.end(), [](const auto& a, const auto& b) {
+    return std::tie(a.path, a.lost, a.from) < std::tie(b.path, b.lost, b.from);
+  });
   std::vector<Damage> merged;
   for (auto& hole : holes) {
-    if (!merged.empty() && merged.back().path == hole.path && hole.from <= merged.back().to + kTouching) {
+    if (!merged.empty() && merged.back().path == hole.path && merged.back().lost == hole.lost &&
+        hole.from <= merged.back().to + kTouching) {
       merged.back().to = std::max(merged.back().to, hole.to);
     } else {
       merged.push_back(std::move(hole));

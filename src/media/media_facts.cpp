@@ -29,7 +29,8 @@ double containerLength(const AVFormatContext& format) {
 double pictureLength(AVFormatContext& format, const AVStream& stream, double frameRate, bool hasAudio) {
   if ((format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0) return countedLength(format, stream, frameRate);
   const double unit = av_q2d(stream.time_base);
-  if (stream.duration > 0) return static_cast<double>(stream.duration) * unit;
+  if (stream.duration > 0 && (tellsLengthOfEach(format) || mustDecodeForStart(format)))
+    return static_cast<double>(stream.duration) * unit;
   const double whole = containerLength(format);
   if (!hasAudio || whole <= 0) return whole;
   const double start =
@@ -55,7 +56,7 @@ Result<StreamFacts> readFacts(const std::string& path) {
   // A file may be taken for sound by its name alone, and hold none.
   if (video < 0 && facts.sampleRate == 0)
     return Error{"cannot open " + path + ": it is no media file, or damaged"};
-  facts.duration = containerLength(format);
+  facts.duration = facts.wholeDuration = containerLength(format);
   if (video >= 0) {
     const auto& stream = *format.streams[video];
     // The cover picture of a music file is no video.
@@ -65,8 +66,10 @@ Result<StreamFacts> readFacts(const std::string& path) {
     facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
     const std::string_view name(format.iformat->name);
     facts.isStill = name.ends_with("_pipe") || name == "image2";
+    if (facts.hasVideo && (facts.width <= 0 || facts.height <= 0))
+      return Error{"the picture in " + path + " is damaged, or too large"};
     if (facts.hasVideo) facts.duration = pictureLength(format, stream, facts.frameRate, facts.hasAudio);
-    if (facts.isStill) facts.duration = 0;
+    if (facts.isStill) facts.duration = facts.wholeDuration = 0;
   }
   return facts;
 }

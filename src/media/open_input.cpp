@@ -1,7 +1,9 @@
 #include "media/ffmpeg.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 
 namespace kvo::media {
 namespace {
@@ -10,6 +12,18 @@ namespace {
 constexpr std::int64_t kMaxPixels = 128LL << 20;
 
 constexpr std::array<std::string_view, 5> kLists = {"concat", "dash", "hls", "imf", "sdp"};
+
+constexpr std::int64_t kFarProbe = 64LL << 20;  // bytes
+constexpr std::int64_t kFarSeconds = 30;
+
+bool lacksSize(const AVFormatContext& context) {
+  if (std::string_view(context.iformat->name) != "mpegts") return false;
+  for (unsigned i = 0; i < context.nb_streams; ++i) {
+    const auto& p = *context.streams[i]->codecpar;
+    if (p.codec_type == AVMEDIA_TYPE_VIDEO && p.width <= 0 && p.codec_id != AV_CODEC_ID_NONE) return true;
+  }
+  return false;
+}
 
 // Opens the file itself, and nothing that it refers to.
 int openOnlyOnce(AVFormatContext* context, AVIOContext** io, const char* url, int flags,
@@ -21,6 +35,11 @@ int openOnlyOnce(AVFormatContext* context, AVIOContext** io, const char* url, in
 }  // namespace
 
 Result<FormatHandle> openHead(const std::string& path) {
+  // A pipe or a device would keep whoever opens it waiting.
+  std::error_code code;
+  const auto kind = std::filesystem::status(path, code);
+  if (std::filesystem::exists(kind) && !std::filesystem::is_regular_file(kind))
+    return Error{"cannot open " + path + ": it is no file"};
   AVFormatContext* raw = avformat_alloc_context();
   if (raw == nullptr) return Error{"cannot open " + path + ": out of memory"};
   raw->io_open = openOnlyOnce;
@@ -33,8 +52,8 @@ Result<FormatHandle> openHead(const std::string& path) {
   if (opened < 0) return ffmpegError("cannot open " + path, opened);
   FormatHandle format(raw);
   // A list of other files is no clip.
-  const std::string_view kind(format->iformat->name);
-  if (std::find(kLists.begin(), kLists.end(), kind) != kLists.end()) {
+  const std::string_view name(format->iformat->name);
+  if (std::find(kLists.begin(), kLists.end(), name) != kLists.end()) {
     return Error{"cannot open " + path + ": it is a list of other files"};
   }
   return format;
@@ -43,10 +62,16 @@ Result<FormatHandle> openHead(const std::string& path) {
 Result<FormatHandle> openInput(const std::string& path) {
   auto format = openHead(path);
   if (!format) return format;
-  if (const int found = avformat_find_stream_info(format->get(), nullptr); found < 0) {
-    return ffmpegError("cannot read " + path, found);
+  int found = avformat_find_stream_info(format->get(), nullptr);
+  // A recording may begin far inside a group of pictures.
+  if (found >= 0 && lacksSize(**format)) {
+    format = openHead(path);
+    if (!format) return format;
+    (*format)->probesize = kFarProbe;
+    (*format)->max_analyze_duration = kFarSeconds * AV_TIME_BASE;
+    found = avformat_find_stream_info(format->get(), nullptr);
   }
-  return format;
+  return found < 0 ? Result<FormatHandle>(ffmpegError("cannot read " + path, found)) : std::move(format);
 }
 
 Result<CodecHandle> openDecoder(AVFormatContext& format, int stream, const std::string& path, int threads) {

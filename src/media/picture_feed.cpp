@@ -7,9 +7,15 @@
 namespace kvo::media {
 namespace {
 
-constexpr int kMaxBadPackets = 100;  // in a row
+constexpr int kMaxReadErrors = 100;  // in a row: the file has ended, whatever it promised
 // A hole that no key frame ends is taken for one no longer than this, in seconds.
 constexpr double kLongestHole = 10;
+// Of a constant rate pictures are lost where the next one comes this much later, in frames and in seconds;
+// less may have been left out on purpose. Where non-reference frames are skipped there are gaps of their
+// length.
+constexpr double kLostFrames = 3.5;
+constexpr double kLostSeconds = 0.15;
+constexpr double kLostWhileSkipping = 1;
 // A container that promises pictures for this much longer, in seconds, has lost them.
 constexpr double kLostEnd = 0.5;
 
@@ -44,7 +50,7 @@ Result<PictureFeed> PictureFeed::open(const std::string& path, int threads) {
   feed.threads_ = threads;
   const auto& stream = feed.source_.stream();
   if (stream.codecpar->width <= 0 || stream.codecpar->height <= 0) {
-    return Error{"the picture in " + path + " has no size, or one that is too large"};
+    return Error{"the picture in " + path + " is damaged, or too large"};
   }
   feed.clock_ = FrameClock(*feed.source_.format, stream, *feed.source_.decoder);
   if (auto done = feed.findStart(); !done) return done.error();
@@ -74,7 +80,7 @@ Outcome PictureFeed::findStart() {
 void PictureFeed::complete(AVFrame& frame) const {
   const auto& stream = source_.stream();
   addDisplayMatrix(frame, stream);
-  if (frame.sample_aspect_ratio.num == 0) frame.sample_aspect_ratio = stream.sample_aspect_ratio;
+  frame.sample_aspect_ratio = av_guess_sample_aspect_ratio(source_.format.get(), &source_.stream(), &frame);
   const auto order = stream.codecpar->field_order;
   if (frame.interlaced_frame == 0 && order > AV_FIELD_PROGRESSIVE &&
       reportsNoFields(stream.codecpar->codec_id)) {
@@ -90,15 +96,10 @@ void PictureFeed::loseFrom(double seconds) {
   faultAt_ = faultAt_ ? std::min(*faultAt_, seconds) : seconds;
 }
 
-Outcome PictureFeed::meetFault(int code) {
-  if (++badPackets_ > kMaxBadPackets) return ffmpegError("cannot decode " + source_.path, code);
-  loseFrom(std::max(packetTime_, end_));
-  return {};
-}
-
 // Pictures are good again from `seconds` on.
 void PictureFeed::closeHole(double seconds) {
-  if (seconds > end_ + clock_.frameLength() / 2) holes_.push_back({source_.path, end_, seconds});
+  if (seconds > end_ + clock_.frameLength() / 2)
+    holes_.push_back({source_.path, Lost::Picture, end_, seconds});
   faultAt_.reset();
 }
 
@@ -111,19 +112,21 @@ bool PictureFeed::isLeftOut(const AVPacket& packet, double wanted) const {
 }
 
 // The next packet of the stream to the decoder, or the word that there are no more.
-Outcome PictureFeed::send(double wanted) {
+void PictureFeed::send(double wanted) {
   auto* decoder = source_.decoder.get();
   for (;;) {
     const int got = av_read_frame(source_.format.get(), packet_.get());
     const auto* io = source_.format->pb;
-    if (got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0)) {
+    const bool ended = got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0);
+    if (ended || (got < 0 && ++readErrors_ > kMaxReadErrors)) {
       avcodec_send_packet(decoder, nullptr);
-      return {};
+      return;
     }
     if (got < 0) {
-      if (auto done = meetFault(got); !done) return done;
+      loseFrom(std::max(packetTime_, end_));
       continue;
     }
+    readErrors_ = 0;
     if (packet_->stream_index != source_.index) {
       av_packet_unref(packet_.get());
       continue;
@@ -132,11 +135,11 @@ Outcome PictureFeed::send(double wanted) {
     static_cast<void>(clock_.timeOf(*packet_, packetTime_));
     decoder->skip_frame = isLeftOut(*packet_, wanted) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
     clock_.mark(*packet_, source_.stream());
-    const bool corrupt = (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0;
+    const bool lost = (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0;
     const int sent = avcodec_send_packet(decoder, packet_.get());
     av_packet_unref(packet_.get());
-    if (corrupt) loseFrom(std::max(packetTime_, end_));
-    return sent < 0 && sent != AVERROR(EAGAIN) ? meetFault(sent) : Outcome();
+    if (lost || (sent < 0 && sent != AVERROR(EAGAIN))) loseFrom(std::max(packetTime_, end_));
+    return;
   }
 }
 
@@ -151,20 +154,30 @@ Outcome PictureFeed::decode(SharedFrame& frame, double wanted) {
       frame.reset();
       return {};
     }
-    auto done = got == AVERROR(EAGAIN) ? send(wanted) : meetFault(got);
-    if (!done) return done;
+    if (got == AVERROR(EAGAIN)) {
+      send(wanted);
+    } else {
+      loseFrom(std::max(packetTime_, end_));
+    }
   }
 }
 
+// Whether pictures are missing between the last one and one at `seconds`.
+bool PictureFeed::followsAGap(double seconds, double wanted) const {
+  const double least = end_ < wanted ? kLostWhileSkipping : kLostSeconds;
+  return clock_.steady() && !onlyForward() &&
+         seconds - end_ > std::max(least, kLostFrames * clock_.frameLength());
+}
+
 // The time of a frame that is to be shown; nothing for one that is not whole.
-std::optional<double> PictureFeed::timeOfGood(const AVFrame& frame) {
+std::optional<double> PictureFeed::timeOfGood(const AVFrame& frame, double wanted) {
   const bool key = frame.key_frame != 0;
   if (needsKey_ && !key) return std::nullopt;
   needsKey_ = false;
-  const bool faulty = isFaulty(frame) && !clock_.isFirst();
+  const bool first = clock_.isFirst();
   const double seconds = clock_.timeOf(frame, *source_.decoder);
-  badPackets_ = 0;
-  if (faulty) loseFrom(seconds);
+  const bool faulty = isFaulty(frame) && !first;
+  if (faulty || (!first && followsAGap(seconds, wanted))) loseFrom(seconds);
   if (!faultAt_ || (seconds < *faultAt_ && !faulty)) return seconds;
   if ((faulty || !key) && seconds < *faultAt_ + kLongestHole) return std::nullopt;
   closeHole(seconds);
@@ -179,7 +192,7 @@ Outcome PictureFeed::decodeGood(TimedFrame& good, double wanted) {
       good = {};
       return done;
     }
-    const auto seconds = timeOfGood(*frame);
+    const auto seconds = timeOfGood(*frame, wanted);
     if (!seconds) continue;
     complete(*frame);
     end_ = *seconds + std::max(clock_.frameLength(), lengthOf(*frame));
@@ -197,8 +210,9 @@ double PictureFeed::lengthOf(const AVFrame& frame) const {
 
 // Where the container says that the pictures end; 0 when it does not.
 double PictureFeed::promisedEnd() const {
-  const auto length = source_.stream().duration;
-  return length > 0 && !onlyForward() ? static_cast<double>(length) * clock_.timeBase() : 0;
+  return tellsLengthOfEach(*source_.format)
+             ? static_cast<double>(std::max<std::int64_t>(source_.stream().duration, 0)) * clock_.timeBase()
+             : 0;
 }
 
 Outcome PictureFeed::accept(TimedFrame good) {
@@ -234,7 +248,7 @@ void PictureFeed::forget() {
   finished_ = needsKey_ = false;
   faultAt_.reset();
   holes_.clear();
-  badPackets_ = 0;
+  readErrors_ = 0;
   end_ = 0;
 }
 

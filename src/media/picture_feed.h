@@ -43,15 +43,15 @@ class PictureFeed {
   PictureFeed() = default;
 
   Outcome findStart();
-  Outcome send(double wanted);
+  void send(double wanted);
   Outcome decode(SharedFrame& frame, double wanted);
   Outcome decodeGood(TimedFrame& good, double wanted);
-  std::optional<double> timeOfGood(const AVFrame& frame);
+  [[nodiscard]] bool followsAGap(double seconds, double wanted) const;
+  std::optional<double> timeOfGood(const AVFrame& frame, double wanted);
   Outcome accept(TimedFrame good);
   Outcome finish();
   void complete(AVFrame& frame) const;
   void loseFrom(double seconds);
-  Outcome meetFault(int code);
   void closeHole(double seconds);
   [[nodiscard]] double lengthOf(const AVFrame& frame) const;
   [[nodiscard]] double promisedEnd() const;
@@ -67,7 +67,7 @@ class PictureFeed {
   TimedFrame ready_;                          // where nothing is deinterlaced
   bool finished_ = false;                     // the decoder has given everything back
   bool needsKey_ = false;                     // behind a seek: what comes ahead of a key frame is no picture
-  int badPackets_ = 0;                        // in a row
+  int readErrors_ = 0;                        // in a row
   double packetTime_ = 0;                     // of the packet that was sent last; 0 when it has none
   double end_ = 0;
   std::optional<double> faultAt_;  // what is shown from here on cannot be decoded

@@ -81,6 +81,11 @@ double endOfSound(const std::string& path, double from) {
   return lastPacketEnd(**format, *(*format)->streams[index], from);
 }
 
+bool tellsLengthOfEach(const AVFormatContext& format) {
+  const std::string_view name(format.iformat->name);
+  return name.starts_with("mov,") || name == "avi";
+}
+
 bool mustDecodeForStart(const AVFormatContext& format) {
   const std::string_view name(format.iformat->name);
   return videoOf(format) >= 0 && (name == "mpegts" || name == "mpeg");

@@ -36,6 +36,9 @@ double lastPacketEnd(AVFormatContext& format, const AVStream& stream, double fro
 /// Where the sound of a file ends that goes on at `from`, in the container's seconds; 0 when there is none.
 double endOfSound(const std::string& path, double from);
 
+/// Whether the container tells the length of each of its streams, and not that of the file for each.
+bool tellsLengthOfEach(const AVFormatContext& format);
+
 /// Whether only decoding tells when the first picture is shown, as a recording may begin inside a group of
 /// pictures, of which the first cannot be decoded.
 bool mustDecodeForStart(const AVFormatContext& format);

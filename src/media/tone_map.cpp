@@ -6,14 +6,15 @@ namespace {
 // Scaled first, as all that follows is done in floating point. What a frame does not say of itself is
 // BT.2020, as both curves are defined with it.
 std::string chainFor(const AVFrame& frame, int width, int height) {
-  std::string in;
-  if (frame.colorspace == AVCOL_SPC_UNSPECIFIED) in += ":matrixin=2020_ncl";
-  if (frame.color_primaries == AVCOL_PRI_UNSPECIFIED) in += ":primariesin=2020";
-  if (frame.color_range == AVCOL_RANGE_UNSPECIFIED) in += ":rangein=limited";
-  const auto size = "w=" + std::to_string(width) + ":h=" + std::to_string(height);
-  return "zscale=" + size + in + ":filter=bicubic,zscale=transfer=linear:npl=203,format=gbrpf32le," +
-         "zscale=primaries=709,tonemap=mobius:desat=0," +
-         "zscale=transfer=709:matrix=709:range=limited,format=yuv420p";
+  std::string chain("zscale=w=");
+  chain.append(std::to_string(width)).append(":h=").append(std::to_string(height));
+  if (frame.colorspace == AVCOL_SPC_UNSPECIFIED) chain.append(":matrixin=2020_ncl");
+  if (frame.color_primaries == AVCOL_PRI_UNSPECIFIED) chain.append(":primariesin=2020");
+  if (frame.color_range == AVCOL_RANGE_UNSPECIFIED) chain.append(":rangein=limited");
+  return chain.append(
+      ":filter=bicubic,zscale=transfer=linear:npl=203,format=gbrpf32le,"
+      "zscale=primaries=709,tonemap=mobius:desat=0,"
+      "zscale=transfer=709:matrix=709:range=limited,format=yuv420p");
 }
 
 }  // namespace

@@ -13,9 +13,11 @@ struct StreamFacts {
   bool isStill = false;  ///< a single picture without a length
   int width = 0;         ///< pixels, as coded
   int height = 0;
-  double frameRate = 0;  ///< frames a second, the average of a variable rate; 0 when there is none
-  int sampleRate = 0;    ///< of the sound, samples a second
-  double duration = 0;   ///< seconds, of the picture where there is one; 0 for a still or when the file does not tell
+  double frameRate = 0;      ///< frames a second, the average of a variable rate; 0 when there is none
+  int sampleRate = 0;        ///< of the sound, samples a second
+  double wholeDuration = 0;  ///< seconds until sound and picture have both ended; 0 as below
+  double duration =
+      0;  ///< seconds, of the picture where there is one; 0 for a still or when the file does not tell
 };
 
 class FrameSource {

@@ -115,8 +115,9 @@ bool isRefusedEnd(const MediaFile& file, double time, const Error& error) {
 
 // Each frame shows the picture that begins there or before. Where the movie runs at the file's own rate from
 // a frame's begin on, there is no room for another; else a neighbour will do.
-std::string pictureFaults(const MediaFile& file, const Section& section, const engine::Timeline& timeline) {
-  engine::Compositor compositor(timeline);
+std::string pictureFaults(const MediaFile& file, const Section& section, const engine::Timeline& timeline,
+                          media::DamageList& damage) {
+  engine::Compositor compositor(timeline, {.damage = &damage});
   const double rate = rateOf(file);
   const auto frames = timeline.frameRate.frameFrom(timeline.length());
   const bool exact = section.speed == 1 && std::fabs(section.rate - rate) < 1e-6 && !file.uneven;
@@ -148,8 +149,9 @@ std::string pictureFaults(const MediaFile& file, const Section& section, const e
 }
 
 // Every beep that belongs into the section is heard in its place, as loud as it was, and no other.
-std::string soundFaults(const MediaFile& file, const Section& section, const engine::Timeline& timeline) {
-  engine::Mixer mixer(timeline, 0);
+std::string soundFaults(const MediaFile& file, const Section& section, const engine::Timeline& timeline,
+                        media::DamageList& damage) {
+  engine::Mixer mixer(timeline, 0, &damage);
   std::vector<float> samples(2 * static_cast<std::size_t>(std::lround(section.shown() * media::kSampleRate)));
   if (const auto done = mixer.read(samples); !done) return "sound: " + done.error().text + "; ";
   const double tolerance = kBeepTolerance / std::min(section.speed, 1.0);
@@ -178,6 +180,20 @@ std::string soundFaults(const MediaFile& file, const Section& section, const eng
     faults += "beep " + std::to_string(beep.second) + " at " + FormatMask(beep.at, "0.000") + " s; ";
   }
   return faults;
+}
+
+// What is damaged is told where it is shown, and nothing else is.
+std::string tellingFaults(const MediaFile& file, const Section& section,
+                          const std::vector<media::Damage>& told) {
+  const bool holed = file.overwritten.to > 0;
+  for (const auto& hole : told) {
+    if (!holed || hole.to < file.unsure.from || hole.from > file.unsure.to) {
+      return "damage is told from " + FormatMask(hole.from, "0.00") + " to " + FormatMask(hole.to, "0.00") +
+             " s; ";
+    }
+  }
+  const bool shown = section.from <= file.unsure.from && section.from + section.length >= file.unsure.to;
+  return holed && shown && told.empty() ? "no damage is told; " : "";
 }
 
 std::vector<Section> sectionsOf(const MediaFile& file) {
@@ -223,8 +239,10 @@ TEST_P(CorpusFile, ShowsAndSoundsInItsPlace) {
     const auto timeline = engine::readDocument(documentOf(path, section, picture, hasSound(file)));
     ASSERT_TRUE(timeline) << timeline.error().text;
     std::string found;
-    if (picture) found += pictureFaults(file, section, *timeline);
-    if (hasSound(file) && section.heard) found += soundFaults(file, section, *timeline);
+    media::DamageList damage;
+    if (picture) found += pictureFaults(file, section, *timeline, damage);
+    if (hasSound(file) && section.heard) found += soundFaults(file, section, *timeline, damage);
+    found += tellingFaults(file, section, damage.all());
     if (!found.empty()) faults += "\n  " + section.text() + found;
   }
   EXPECT_TRUE(faults.empty()) << file.name << faults;

@@ -15,7 +15,8 @@ namespace {
 
 constexpr double kDurationSlack = 0.5;  // seconds that a mark may lie behind the end
 constexpr double kLongestTime = 1e9;    // seconds; a document cannot give more
-constexpr double kHighestRate = 1000;   // frames a second
+constexpr double kLowestRate = 1;       // frames a second
+constexpr double kHighestRate = 1000;
 
 class Faults {
  public:
@@ -48,11 +49,21 @@ class Faults {
     if (report.damaged) tell("sections of the collection are missing or out of order; clips may be missing");
   }
 
+  [[nodiscard]] bool anyTakesPart() const {
+    for (int i = 1; i <= c_.clips().count(); ++i) {
+      const auto& clip = c_.clips()[i];
+      if (!isSound(c_, clip) || (clip.RenderAudio() && c_.settings.DubInPlaylistAudioTrks())) return true;
+    }
+    return false;
+  }
+
   void outputFaults() {
     const double rate = ToNumber(ShortText(c_.settings.OutPutFrameRate()));
-    if (rate <= 0 || rate > kHighestRate)
-      stop("its frame rate of " + ShortText(rate) + " is not within 0 to 1000");
+    if (rate < kLowestRate || rate > kHighestRate)
+      stop("its frame rate of " + ShortText(rate) + " is not within 1 to 1000");
     const auto& editor = c_.editor;
+    if (!anyTakesPart())
+      stop("nothing of it goes into a movie: there is no picture, and its sound is switched off");
     if (editor.OutputWidth < 2 || editor.OutputHeight < 2) {
       stop("its size of " + std::to_string(editor.OutputWidth) + " x " + std::to_string(editor.OutputHeight) +
            " is too small for a movie");
@@ -68,9 +79,10 @@ class Faults {
     if (sound && !facts->hasAudio) stop("there is no sound in it");
     if (!sound && !facts->hasVideo) stop("there is no picture in it");
     const double end = clip.LoopEnd().number();
-    if (!clip.IsStill() && facts->duration > 0 && end > facts->duration + kDurationSlack) {
-      tell("its section ends at " + ShortText(end) + " s, the file at " +
-           FormatMask(facts->duration, "0.00") + " s");
+    // The last picture stands while the sound goes on.
+    const double whole = std::max(facts->duration, facts->wholeDuration);
+    if (!clip.IsStill() && whole > 0 && end > whole + kDurationSlack) {
+      tell("its section ends at " + ShortText(end) + " s, the file at " + FormatMask(whole, "0.00") + " s");
     }
   }
 

@@ -57,7 +57,7 @@ TEST(CollectionFaults, AreFoundInEveryClip) {
       {[](Bench& b, Movie&) { b.addMusic("m.mid", 0, 2); },
        "3 sound of its kind cannot be put into a movie!"},
       {[](Bench& b, Movie&) { b.settings.OutPutFrameRate(0); },
-       "its frame rate of 0 is not within 0 to 1000!"},
+       "its frame rate of 0 is not within 1 to 1000!"},
       {[](Bench& b, Movie&) { b.editor.controls.txtHeight = 0; },
        "its size of 320 x 0 is too small for a movie!"},
   };
