@@ -11,6 +11,7 @@
 #include "app/engine_arguments.h"
 #include "base/guarded.h"
 #include "base/numbers.h"
+#include "base/text.h"
 #include "engine/document/document_reader.h"
 #include "engine/run/renderer.h"
 #include "engine/run/sheet.h"
@@ -50,11 +51,13 @@ kvo::engine::RenderWatch progressPrinter() {
   };
 }
 
-kvo::Result<kvo::engine::Timeline> load(kvo::Files& files, const std::string& document) {
+// `shownAs` is what the document is called where something is wrong with it.
+kvo::Result<kvo::engine::Timeline> load(kvo::Files& files, const std::string& document,
+                                        const std::string& shownAs) {
   auto text = files.read(document, kvo::engine::kMaxDocumentBytes);
-  if (!text) return text.error();
+  if (!text) return kvo::Error{kvo::replaced(text.error().text, document, shownAs)};
   auto timeline = kvo::guarded([&] { return kvo::engine::readDocument(std::move(*text)); });
-  if (!timeline) return kvo::Error{document + ": " + timeline.error().text};
+  if (!timeline) return kvo::Error{shownAs + ": " + timeline.error().text};
   return timeline;
 }
 
@@ -64,7 +67,7 @@ std::string labelOf(const std::string& document) { return std::filesystem::path(
 int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
   std::vector<kvo::engine::SheetRow> rows;
   for (const auto& document : arguments.documents) {
-    auto timeline = load(files, document);
+    auto timeline = load(files, document, document);
     if (!timeline) return fail(timeline.error(), kFailed);
     rows.push_back({labelOf(document), std::move(*timeline)});
   }
@@ -82,7 +85,9 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
                  " cannot be used: the engine has no profiles yet"},
                 kFailed);
   }
-  const auto timeline = load(files, arguments.document);
+  // A starter's document is a temporary file that its user knows nothing of.
+  const auto shownAs = arguments.starter ? std::string("the timeline document") : arguments.document;
+  const auto timeline = load(files, arguments.document, shownAs);
   if (!timeline) return fail(timeline.error(), kFailed);
   const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
   if (!report) return fail(report.error(), kFailed);

@@ -455,6 +455,12 @@ TEST_F(Program, NoMessageNamesATemporaryFile) {
   EXPECT_EQ(end.exitCode, 1);
   EXPECT_NE(end.err.find("File too large"), std::string::npos) << end.err;
   EXPECT_EQ(end.err.find("kvo5-"), std::string::npos) << end.err;
+
+  // The engine's own words on a document: here one of a sound alone that is not wanted in the movie.
+  const auto sound = test::makeMedia(work_, "s.mp3", {"-f", "lavfi", "-i", "sine=duration=2"});
+  const auto refused = kvo5({"--render", collection("s.INI", {sound}), "--output", work_ / "o.avi"});
+  EXPECT_EQ(refused.exitCode, 1);
+  EXPECT_EQ(refused.err.find("kvo5-"), std::string::npos) << refused.err;
 }
 
 TEST_F(Program, TellsItsHelpAndVersion) {

@@ -39,6 +39,16 @@ TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwn) {
   EXPECT_GT(b.added("/v/midnight.avi", {.hasVideo = true, .duration = 4}).KeyID(), 0);
 }
 
+TEST(AddClips, AFullCollectionTakesNoMore) {
+  IntakeBench b;
+  for (int i = 0; i < kMaxClips; ++i) b.collection.MovieList.add({});
+  b.streams.all["/v/a.avi"] = {.hasVideo = true, .duration = 4};
+  EXPECT_FALSE(b.intake.AddMoviesm("/v/a.avi"));
+  EXPECT_EQ(b.collection.MovieList.count(), kMaxClips);
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_NE(b.boxes.shown[0].text.find("32767"), std::string::npos);
+}
+
 TEST(AddClips, TheNameAndTheStreamsTellTheKind) {
   struct Row {
     const char* name;

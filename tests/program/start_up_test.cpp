@@ -364,6 +364,40 @@ TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
   EXPECT_TRUE(clean.boxes.shown.empty());
 }
 
+TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
+  ProgramBench b;
+  b.saveCollection("/prog/KVO5.INI", {"a.avi"});
+  b.saveCollection("/c/old.Kvo", {"o.avi"});
+  b.startUp.run({}, "/");
+  b.files.all["/v/n.avi"] = "x";
+  b.startUp.takeFiles({"/v/n.avi", "/v/n.avi"});
+  EXPECT_EQ(b.collection.MovieList.count(), 3);
+  {
+    const CommandPass pass(b.window);
+    b.startUp.takeFiles({"/v/n.avi"});
+    b.startUp.takeFiles({"/c/old.Kvo"});
+    EXPECT_EQ(b.collection.MovieList.count(), 3) << "not while another command runs";
+  }
+  b.collection.MovieList[1].IsDirty(true);
+  b.boxes.answers = {Answer::Cancel, Answer::No};
+  b.startUp.takeFiles({"/v/n.avi", "/c/old.Kvo"});
+  EXPECT_EQ(b.collection.MovieList.count(), 3) << "unsaved changes come first";
+  b.startUp.takeFiles({"/v/n.avi", "/c/old.Kvo"});
+  ASSERT_EQ(b.collection.MovieList.count(), 2);
+  EXPECT_EQ(b.collection.MovieList[1].MovieName(), "o.avi") << "whatever the order of the files";
+}
+
+TEST(StartUp, TheFirstAdditionBeginsAtTheVideosOfTheUser) {
+  test::PlainDesktop desktop;
+  desktop.videos = "/home/u/Videos";
+  KVO2 settings;
+  for (const auto& [last, starts] : {std::pair{"", "/home/u/Videos"}, std::pair{"C:\\", "/home/u/Videos"},
+                                     std::pair{"/my/films/", "/my/films/"}}) {
+    settings.LoadFrom(last);
+    EXPECT_EQ(mediaFolder(settings, desktop), starts);
+  }
+}
+
 TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {
   test::MemoryStore store;
   KVO2 settings;
