@@ -11,6 +11,7 @@ constexpr int kHeardRate = 44100;
 constexpr double kLoud = 0.12;              // of full scale: a beep, not its echo ahead
 constexpr std::size_t kStep = 44;           // samples of a look at the level: 1 ms
 constexpr std::size_t kQuietSteps = 50;     // so long it is quiet between two beeps
+constexpr std::size_t kBeepSamples = 3000;  // 68 ms: in these a beep comes to its peak
 constexpr std::size_t kPitchSamples = 700;  // 16 ms
 
 double pitchOf(int second) { return 600 + 300.0 * second; }
@@ -27,13 +28,17 @@ double shareOf(double pitch, const std::vector<float>& samples) {
   return std::hypot(real, imaginary);
 }
 
+// A beep that is heard from `first` on begins where it comes to half of its peak: codecs and stretching
+// spread some of it ahead.
 Beep beepAt(std::size_t first, std::span<const float> samples) {
-  Beep beep{static_cast<double>(first) / kHeardRate};
+  const auto levelAt = [&](std::size_t i) { return static_cast<double>(std::fabs(samples[2 * i])); };
+  const auto end = std::min(first + kBeepSamples, samples.size() / 2);
+  Beep beep;
+  for (auto i = first; i < end; ++i) beep.level = std::max(beep.level, levelAt(i));
+  while (levelAt(first) < beep.level / 2) ++first;
+  beep.at = static_cast<double>(first) / kHeardRate;
   std::vector<float> sound;
-  for (std::size_t i = first; i < std::min(first + kPitchSamples, samples.size() / 2); ++i) {
-    sound.push_back(samples[2 * i]);
-    beep.level = std::max(beep.level, static_cast<double>(std::fabs(samples[2 * i])));
-  }
+  for (auto i = first; i < std::min(first + kPitchSamples, end); ++i) sound.push_back(samples[2 * i]);
   double most = 0;
   for (int second = 0; second < kBeeps; ++second) {
     const double share = shareOf(pitchOf(second), sound);

@@ -46,6 +46,7 @@ struct MediaFile {
   const char* source = "";  ///< made of this file, without new encoding
   Stretch overwritten{};    ///< part of the bytes that is noise, as shares of the file
   double keptBytes = 1;     ///< share of the file that is there: what lies behind it is refused in words
+  double deafUntil = 0;     ///< seconds: the decoder swallows what sounds ahead of it
   Stretch unsure{};         ///< where damage may be seen and heard: any number, any sound
   Tones tones{};            ///< of a source of high dynamic range, in place of the patches' colours
   bool still = false;
