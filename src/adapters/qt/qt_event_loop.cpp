@@ -1,6 +1,7 @@
 #include "adapters/qt/qt_event_loop.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
 
 namespace kvo {
@@ -34,13 +35,29 @@ void QtEventLoop::yield() {
 }
 
 void QtEventLoop::post(std::function<void()> work) {
-  QMetaObject::invokeMethod(
-      &home_,
-      [work = std::move(work), this] {
-        work();
-        afterWork_();
-      },
-      Qt::QueuedConnection);
+  {
+    const std::lock_guard lock(mutex_);
+    posted_.push_back(std::move(work));
+  }
+  QCoreApplication::postEvent(&home_, new QEvent(QEvent::User));  // NOLINT(cppcoreguidelines-owning-memory)
+}
+
+bool QtEventLoop::Home::event(QEvent* event) {
+  if (event->type() != QEvent::User) return QObject::event(event);
+  loop_.doPosted();
+  return true;
+}
+
+void QtEventLoop::doPosted() {
+  std::vector<std::function<void()>> work;
+  {
+    const std::lock_guard lock(mutex_);
+    work.swap(posted_);
+  }
+  for (const auto& piece : work) {
+    piece();
+    afterWork_();
+  }
 }
 
 std::chrono::milliseconds QtEventLoop::now() const {

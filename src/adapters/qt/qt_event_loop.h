@@ -4,6 +4,9 @@
 #include "ports/event_loop.h"
 
 #include <QObject>
+#include <functional>
+#include <mutex>
+#include <vector>
 
 namespace kvo {
 
@@ -19,8 +22,22 @@ class QtEventLoop : public EventLoop {
   [[nodiscard]] std::chrono::milliseconds now() const override;
 
  private:
+  // Stands on the thread that made the loop, and is told there of work that has been posted.
+  class Home : public QObject {
+   public:
+    explicit Home(QtEventLoop& loop) : loop_(loop) {}
+    bool event(QEvent* event) override;
+
+   private:
+    QtEventLoop& loop_;
+  };
+
+  void doPosted();
+
   std::function<void()> afterWork_;
-  QObject home_;  // of the thread that made the loop
+  std::mutex mutex_;
+  std::vector<std::function<void()>> posted_;
+  Home home_{*this};
 };
 
 }  // namespace kvo
