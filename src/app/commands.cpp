@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "editor/compiler/clip_kinds.h"
 #include "editor/compiler/collection_faults.h"
+#include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/render_file.h"
 
@@ -185,7 +186,7 @@ int runCheck(Session& session, const CommandLine& line) {
   const auto report = session.open(line.collection);
   if (!report) return fail(report.error().text);
   const auto& c = session.compilation;
-  static_cast<void>(compileText(c));
+  const auto text = compileText(c);
   int problems = 0;
   const auto problem = [&](const std::string& text) {
     ++problems;
@@ -209,6 +210,9 @@ int runCheck(Session& session, const CommandLine& line) {
           "\n");
     for (; fault != faults.end() && fault->clip == i; ++fault) problem(fault->text);
   }
+  // What stops a render may spoil its document as well; it has been told.
+  const bool stops = std::any_of(faults.begin(), faults.end(), [](const auto& f) { return f.stopsRender; });
+  if (auto whole = checkDocument(text); !whole && !stops) problem(whole.error().text);
   print(problems == 0 ? "no problems\n"
                       : std::to_string(problems) + (problems == 1 ? " problem\n" : " problems\n"));
   return problems == 0 ? kExitDone : kExitFailed;

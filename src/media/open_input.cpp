@@ -47,7 +47,7 @@ Result<FormatHandle> openHead(const std::string& path) {
   av_dict_set(&options, "pattern_type", "none", 0);
   const int opened = avformat_open_input(&raw, ("file:" + path).c_str(), nullptr, &options);
   av_dict_free(&options);
-  if (opened == AVERROR_INVALIDDATA)
+  if (opened == AVERROR_INVALIDDATA || opened == AVERROR(EINVAL) || opened == AVERROR_EOF)
     return Error{"cannot open " + path + ": it is no media file, or damaged"};
   if (opened < 0) return ffmpegError("cannot open " + path, opened);
   FormatHandle format(raw);

@@ -54,6 +54,8 @@ struct ReadReport {
   std::vector<std::string> missingFiles{};
   std::vector<int> skippedClips{};  ///< numbers of clip sections without a usable name or folder
   bool damaged = false;             ///< sections were missing or out of order
+  int unreadClips = 0;              ///< sections of clips that the file's count leaves out
+  int unreadKeyframes = 0;
 };
 
 class CollectionFile {

@@ -118,6 +118,13 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   readClips(reader, options, report);
   if (report.end == ReadEnd::Done) readKeyframes(reader, options, report);
   giveMissingKeys();
+  if (report.end == ReadEnd::Done) {
+    const auto gone =
+        report.skippedClips.size() + (options.keepMissingClips ? 0 : report.missingFiles.size());
+    const int clips = collection_.MovieList.count() + static_cast<int>(gone);
+    report.unreadClips = std::max(0, reader.countSections("Movie", "Main") - clips);
+    report.unreadKeyframes = std::max(0, reader.countSections("KeyFrame") - collection_.KeyframeList.count());
+  }
   if (report.end == ReadEnd::Done && head.rewrite && options.mayRewrite)
     rewrite(path, reader, report, options);
   return report;
@@ -374,12 +381,22 @@ void CollectionFile::rewrite(const std::string& fileName, const SectionReader& r
   WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
 }
 
-// The first name of "x.INI.old", "x.INI.old2" and so on that is free, or holds these bytes already.
+// Whether two files differ by nothing, or by the count of uses alone, which every load raises.
+static bool isSameCollection(std::string_view a, std::string_view b) {
+  const auto withoutUses = [](std::string_view text) {
+    const auto at = std::min(text.find("TimesUsed"), text.size());
+    const auto end = std::min(text.find('\n', at), text.size());
+    return std::pair(text.substr(0, at), text.substr(end));
+  };
+  return withoutUses(a) == withoutUses(b);
+}
+
+// The first name of "x.INI.old", "x.INI.old2" and so on that is free, or holds the same collection already.
 std::string CollectionFile::freeCopyName(const std::string& fileName, const std::string& bytes) const {
   auto name = fileName + ".old";
   for (int n = 2; files_.exists(name); ++n) {
     const auto there = files_.read(name, kMaxCollectionBytes);
-    if (!bytes.empty() && there && *there == bytes) break;
+    if (!bytes.empty() && there && isSameCollection(*there, bytes)) break;
     name = fileName + ".old" + std::to_string(n);
   }
   return name;

@@ -189,6 +189,7 @@ int GetNumAudioTracks(const Compilation& c) {
     if (clip.IsHTML() || clip.IsStill() || clip.IsTrueQT4()) continue;
     const auto size = clip.Resolution().text();
     if (holdsText(size, "N/A")) continue;
+    if (trimmed(size).empty() && isMusic(c, clip)) ++count;  // not looked into yet
     if (holdsText(size, "KHZ") || holdsText(size, "UNKNOWN") || holdsText(trimmed(size), "0 X 0")) ++count;
   }
   return count;

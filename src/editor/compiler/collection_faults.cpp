@@ -16,6 +16,7 @@ namespace {
 constexpr double kDurationSlack = 0.5;  // seconds that a mark may lie behind the end
 constexpr double kLongestTime = 1e9;    // seconds; a document cannot give more
 constexpr double kLowestRate = 1;       // frames a second
+constexpr double kSlowest = 0.01;       // slower sound cannot be stretched
 constexpr double kHighestRate = 1000;
 
 class Faults {
@@ -46,6 +47,12 @@ class Faults {
   void readFaults(const ReadReport& report) {
     for (const int section : report.skippedClips)
       tell("clip section " + std::to_string(section) + " has no usable name or folder and is left out");
+    const auto leftOut = [&](int count, const char* what) {
+      if (count > 0)
+        tell(std::to_string(count) + what + " of the file are not in its count and are left out");
+    };
+    leftOut(report.unreadClips, " clips");
+    leftOut(report.unreadKeyframes, " keyframes");
     if (report.damaged) tell("sections of the collection are missing or out of order; clips may be missing");
   }
 
@@ -73,6 +80,9 @@ class Faults {
   void fileFaults(const Movie& clip, bool sound) {
     const auto path = clipFile(clip);
     if (!c_.files.exists(path)) return stop("the file is missing");
+    const auto instead = clip.SrcPath() + clip.SrcName();
+    if (!sound && !clip.SrcPath().empty() && !c_.files.exists(instead))
+      stop("the file that a movie takes in its place is missing: " + instead);
     if (sound && !isMusic(c_, clip)) return stop("sound of its kind cannot be put into a movie");
     const auto facts = c_.streams.facts(path);
     if (!facts) return stop(facts.error().text);
@@ -91,6 +101,8 @@ class Faults {
     const bool takesPart = !sound || clip.RenderAudio();
     const auto fault = [&](std::string text) { all.push_back({number_, std::move(text), takesPart}); };
     if (clip.Playspeed() < 0) return fault("its speed of " + ShortText(speedOf(clip)) + " cannot be played");
+    if (speedOf(clip) < kSlowest)
+      return fault("its speed of " + ShortText(speedOf(clip)) + " is below " + ShortText(kSlowest));
     const double start = ToNumber(secondsText(clip.LoopStart()));
     const double end = ToNumber(fixedText(clip.LoopEnd().number()));
     const double placed = ToNumber(clip.TimeLineStart().text());

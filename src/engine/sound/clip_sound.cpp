@@ -1,5 +1,6 @@
 #include "engine/sound/clip_sound.h"
 
+#include "base/numbers.h"
 #include "media/audio_reader.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ using RubberBand::RubberBandStretcher;
 
 // Lengths of a document are rounded; a clip that runs off its speed by less than this runs at speed 1.
 constexpr double kSameLength = 0.002;
+constexpr double kSlowest = 0.0099;   // the stretcher can do no more
 constexpr std::size_t kBlock = 1024;  // stereo samples given to the stretcher at a time
 
 using Planes = std::array<std::vector<float>, media::kChannels>;
@@ -86,6 +88,8 @@ Result<ClipSound> ClipSound::open(const Clip& clip, std::int64_t offset, media::
   const double source = clip.mstop - clip.mstart;
   const double shown = clip.stop - clip.start;
   const double ratio = std::fabs(source - shown) < kSameLength ? 1 : source / shown;
+  if (ratio < kSlowest)
+    return Error{"clip " + clip.src + ": its sound cannot be played at a speed of " + ShortText(ratio)};
   const double from = clip.mstart + static_cast<double>(offset) / media::kSampleRate * ratio;
   if (auto done = reader->seek(samplesOf(from)); !done) return done.error();
   return ClipSound(std::make_unique<State>(std::move(*reader), ratio));
