@@ -70,10 +70,11 @@ struct AudioReader::State {
   AVSampleFormat sourceFormat = AV_SAMPLE_FMT_NONE;
   int sourceChannels = 0;
   bool ended = false;
-  int readErrors = 0;         // in a row
-  bool faulty = false;        // something could not be decoded since the last good frame
-  std::int64_t position = 0;  // sample the next read begins with
-  std::deque<Run> runs;       // decoded and not yet read, in order; sound is laid behind the last one
+  int readErrors = 0;           // in a row
+  bool faulty = false;          // something could not be decoded since the last good frame
+  std::int64_t packetsEnd = 0;  // sample behind the last packet that was read, whole or not
+  std::int64_t position = 0;    // sample the next read begins with
+  std::deque<Run> runs;         // decoded and not yet read, in order; sound is laid behind the last one
 
   [[nodiscard]] std::int64_t decodedEnd() const { return runs.empty() ? 0 : runs.back().end(); }
 
@@ -155,7 +156,11 @@ struct AudioReader::State {
       if (got >= 0) return take(frame.get());
       if (got == AVERROR_EOF) {
         ended = true;
-        return take(nullptr);
+        if (auto done = take(nullptr); !done) return done;
+        if (faulty && damage != nullptr && packetsEnd > std::max(decodedEnd(), position) + kLostGap)
+          damage->add(
+              {source.path, Lost::Sound, secondsOf(std::max(decodedEnd(), position)), secondsOf(packetsEnd)});
+        return {};
       }
       if (got != AVERROR(EAGAIN)) faulty = true;
       feed();
@@ -178,6 +183,10 @@ struct AudioReader::State {
       readErrors = 0;
       const bool wanted = packet->stream_index == source.index;
       if (wanted && index) index->correct(*packet, source.stream());
+      if (wanted && packet->pts != AV_NOPTS_VALUE) {
+        const double end = static_cast<double>(packet->pts + packet->duration) * source.timeBase() - origin;
+        packetsEnd = std::max(packetsEnd, static_cast<std::int64_t>(end * kSampleRate));
+      }
       const int sent = wanted ? avcodec_send_packet(source.decoder.get(), packet.get()) : 0;
       av_packet_unref(packet.get());
       if (sent < 0 && sent != AVERROR(EAGAIN)) faulty = true;
@@ -191,6 +200,7 @@ struct AudioReader::State {
     resampler.reset();
     runs.clear();
     ended = faulty = false;
+    packetsEnd = 0;
     readErrors = 0;
   }
 

@@ -85,8 +85,9 @@ double FrameClock::timeOf(const AVFrame& frame, const AVCodecContext& decoder) {
 }
 
 bool FrameClock::timeOf(const AVPacket& packet, double& seconds) const {
-  if (kind_ != Kind::Stamps || packet.pts == AV_NOPTS_VALUE) return false;
-  seconds = static_cast<double>(packet.pts) * timeBase_ - origin_;
+  if (kind_ == Kind::Count || (kind_ == Kind::Stamps ? packet.pts : packet.dts) == AV_NOPTS_VALUE)
+    return false;
+  seconds = static_cast<double>(kind_ == Kind::Stamps ? packet.pts : packet.dts) * timeBase_ - origin_;
   return true;
 }
 

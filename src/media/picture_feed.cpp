@@ -4,6 +4,10 @@
 #include <cmath>
 #include <utility>
 
+extern "C" {
+#include <libavutil/parseutils.h>
+}
+
 namespace kvo::media {
 namespace {
 
@@ -108,7 +112,8 @@ void PictureFeed::closeHole(double seconds) {
 bool PictureFeed::isLeftOut(const AVPacket& packet, double wanted) const {
   const double margin = clock_.steady() ? 1.5 * clock_.frameLength() : 4 * clock_.frameLength() + 0.2;
   double seconds = 0;
-  return clock_.timeOf(packet, seconds) && seconds < wanted - margin;
+  return clock_.kind() == FrameClock::Kind::Stamps && clock_.timeOf(packet, seconds) &&
+         seconds < wanted - margin;
 }
 
 // The next packet of the stream to the decoder, or the word that there are no more.
@@ -132,7 +137,8 @@ void PictureFeed::send(double wanted) {
       continue;
     }
     packetTime_ = 0;
-    static_cast<void>(clock_.timeOf(*packet_, packetTime_));
+    if (clock_.timeOf(*packet_, packetTime_))
+      packetsEnd_ = std::max(packetsEnd_, packetTime_ + clock_.frameLength());
     decoder->skip_frame = isLeftOut(*packet_, wanted) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
     clock_.mark(*packet_, source_.stream());
     const bool lost = (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0;
@@ -210,8 +216,13 @@ double PictureFeed::lengthOf(const AVFrame& frame) const {
 
 // Where the container says that the pictures end; 0 when it does not.
 double PictureFeed::promisedEnd() const {
-  return tellsLengthOfEach(*source_.format)
-             ? static_cast<double>(std::max<std::int64_t>(source_.stream().duration, 0)) * clock_.timeBase()
+  if (tellsLengthOfEach(*source_.format))
+    return static_cast<double>(std::max<std::int64_t>(source_.stream().duration, 0)) * clock_.timeBase();
+  // Matroska's writers leave it beside the stream: "00:01:30.040000000".
+  const auto* tag = av_dict_get(source_.stream().metadata, "DURATION", nullptr, 0);
+  std::int64_t length = 0;
+  return tag != nullptr && av_parse_time(&length, tag->value, 1) >= 0
+             ? static_cast<double>(length) / AV_TIME_BASE - origin_
              : 0;
 }
 
@@ -224,7 +235,9 @@ Outcome PictureFeed::accept(TimedFrame good) {
 
 Outcome PictureFeed::finish() {
   finished_ = true;
-  if (promisedEnd() > end_ + kLostEnd) closeHole(promisedEnd());
+  // What was read but could not be decoded, and what the container promised, is a hole up to the end.
+  const double known = std::max(packetsEnd_, promisedEnd());
+  if ((faultAt_ && known > end_) || known > end_ + kLostEnd) closeHole(known);
   return deinterlacer_ ? deinterlacer_->end() : Outcome();
 }
 
@@ -249,7 +262,7 @@ void PictureFeed::forget() {
   faultAt_.reset();
   holes_.clear();
   readErrors_ = 0;
-  end_ = 0;
+  end_ = packetsEnd_ = 0;
 }
 
 Outcome PictureFeed::toStart() {

@@ -7,6 +7,7 @@
 #include "media/frame_clock.h"
 #include "media/source.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,8 @@ class PictureFeed {
   std::vector<Damage>& holes() { return holes_; }
   /// Where the last picture that was given ends, seconds.
   [[nodiscard]] double end() const { return end_; }
+  /// Where the pictures end that were read, whether they could be decoded or not.
+  [[nodiscard]] double readEnd() const { return std::max(end_, packetsEnd_); }
   /// The container's time of the first picture, seconds.
   [[nodiscard]] double origin() const { return origin_; }
   [[nodiscard]] const Source& source() const { return source_; }
@@ -70,6 +73,7 @@ class PictureFeed {
   int readErrors_ = 0;                        // in a row
   double packetTime_ = 0;                     // of the packet that was sent last; 0 when it has none
   double end_ = 0;
+  double packetsEnd_ = 0;          // where the last packet ends that was read, whole or not
   std::optional<double> faultAt_;  // what is shown from here on cannot be decoded
   std::vector<Damage> holes_;
 };

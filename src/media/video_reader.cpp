@@ -79,9 +79,9 @@ struct VideoReader::State {
 
   // Behind the last picture: it stands as long as the file's sound goes on, and a little longer.
   Outcome checkEnd(double seconds) {
-    if (!ended || seconds <= feed.end() + kHoldLast) return {};
+    if (!ended || seconds <= feed.readEnd() + kHoldLast) return {};
     if (!soundEnd) soundEnd = endOfSound(feed.source().path, feed.end() + feed.origin()) - feed.origin();
-    const double end = std::max(feed.end(), *soundEnd);
+    const double end = std::max(feed.readEnd(), *soundEnd);
     if (seconds <= end + kHoldLast) return {};
     return Error{feed.source().path + " ends at " + FormatMask(end, "0.00") + " s, the clip goes on to " +
                  FormatMask(seconds, "0.00") + " s"};

@@ -190,8 +190,9 @@ std::string soundFaults(const MediaFile& file, const Section& section, const eng
 std::string tellingFaults(const MediaFile& file, const Section& section,
                           const std::vector<media::Damage>& told) {
   const bool holed = file.overwritten.to > 0;
+  const bool cut = file.keptBytes < 1;  // the last picture may be half there, the promised length tells more
   for (const auto& hole : told) {
-    if (!holed || hole.to < file.unsure.from || hole.from > file.unsure.to) {
+    if ((!holed && !cut) || hole.to < file.unsure.from || hole.from > file.unsure.to) {
       return "damage is told from " + FormatMask(hole.from, "0.00") + " to " + FormatMask(hole.to, "0.00") +
              " s; ";
     }

@@ -49,12 +49,16 @@ bool QtEventLoop::Home::event(QEvent* event) {
 }
 
 void QtEventLoop::doPosted() {
-  std::vector<std::function<void()>> work;
-  {
-    const std::lock_guard lock(mutex_);
-    work.swap(posted_);
-  }
-  for (const auto& piece : work) {
+  // One at a time from the front: a piece that yields lets the next ones run ahead of its end, in their
+  // order.
+  for (;;) {
+    std::function<void()> piece;
+    {
+      const std::lock_guard lock(mutex_);
+      if (posted_.empty()) return;
+      piece = std::move(posted_.front());
+      posted_.pop_front();
+    }
     piece();
     afterWork_();
   }

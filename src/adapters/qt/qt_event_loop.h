@@ -4,9 +4,9 @@
 #include "ports/event_loop.h"
 
 #include <QObject>
+#include <deque>
 #include <functional>
 #include <mutex>
-#include <vector>
 
 namespace kvo {
 
@@ -36,7 +36,7 @@ class QtEventLoop : public EventLoop {
 
   std::function<void()> afterWork_;
   std::mutex mutex_;
-  std::vector<std::function<void()>> posted_;
+  std::deque<std::function<void()>> posted_;
   Home home_{*this};
 };
 

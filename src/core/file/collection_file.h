@@ -98,6 +98,7 @@ class CollectionFile {
                const ReadOptions& options);
   Result<std::string> keepCopy(const std::string& fileName);
   [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;
+  [[nodiscard]] std::string_view headText(const struct HeadRow& row, const SectionRow& read) const;
   [[nodiscard]] std::string folderField(std::string_view value) const;
   bool findFile(std::string& folder, std::string& name, const SectionRow* folderRow,
                 const SectionRow& nameRow) const;
@@ -108,7 +109,7 @@ class CollectionFile {
 
   Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step,
                         std::vector<std::string>& changedTexts);
-  Outcome keepAhead(const std::string& path, const std::vector<std::string>& changedTexts, bool quiet);
+  Result<std::string> keepAhead(const std::string& path, const std::vector<std::string>& changedTexts);
   bool failWrite(std::string_view step, std::string_view why, std::string_view told = {});
 
   Files& files_;

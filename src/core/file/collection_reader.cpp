@@ -178,9 +178,17 @@ void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
     }
     for (std::size_t i = 0; i < section.rows.size() && (!found || i < rows.size()); ++i) {
       if (section.rows[i].take != nullptr)
-        section.rows[i].take(head, found ? rows[i].value : std::string_view());
+        section.rows[i].take(head, found ? headText(section.rows[i], rows[i]) : std::string_view());
     }
   }
+}
+
+// A row's text, or its bytes where it is no UTF-8 and they name something that is there.
+std::string_view CollectionFile::headText(const HeadRow& row, const SectionRow& read) const {
+  const auto bytes = trimmed(read.bytes);
+  if (!row.namesFile || bytes == read.value || bytes.empty()) return read.value;
+  const std::string name(bytes);
+  return files_.exists(name) || files_.exists(folder_.beside("\\" + name)) ? bytes : read.value;
 }
 
 std::string CollectionFile::folderField(std::string_view value) const {

@@ -53,6 +53,7 @@ std::optional<Quotes> formOf(std::string_view value, bool namesFile) {
 // The value without what makes a reader stumble.
 std::string smoothed(std::string value) {
   for (char& c : value) {
+    if (c == '\r') c = ' ';
     if (c == '[') c = '(';
     if (c == ']') c = ')';
     if (c == '"') c = '\'';
@@ -66,9 +67,10 @@ class RowWriter {
   void row(std::string_view key, std::string value, bool namesFile = false) {
     if (isHarmless(value)) return append(key, value, Quotes::None);
     bool changed = false;
-    for (char& c : value) {  // a value stands on one line
-      if (c != '\r' && c != '\n') continue;
-      c = ' ';
+    for (std::size_t i = 0; i < value.size(); ++i) {  // a value stands on one line, which ends at a feed
+      if (value[i] != '\n') continue;
+      if (i > 0 && value[i - 1] == '\r') value[i - 1] = ' ';
+      value[i] = ' ';
       changed = true;
     }
     auto form = formOf(value, namesFile);
@@ -116,7 +118,7 @@ RowWriter headRows(const KVO2& settings) {
   RowWriter out;
   for (const auto& section : headSections()) {
     out.heading(section.name);
-    for (const auto& row : section.rows) out.row(row.key, row.text(settings));
+    for (const auto& row : section.rows) out.row(row.key, row.text(settings), row.namesFile);
     out.endSection();
   }
   return out;
@@ -178,10 +180,11 @@ bool CollectionFile::failWrite(std::string_view step, std::string_view why, std:
   return false;
 }
 
-// A save that changes texts keeps what stands under the name, and says so.
-Outcome CollectionFile::keepAhead(const std::string& path, const std::vector<std::string>& changedTexts,
-                                  bool quiet) {
-  if (changedTexts.empty()) return {};
+// A save that changes texts keeps what stands under the name. What is to be said of it once it is done; empty
+// when no text changes.
+Result<std::string> CollectionFile::keepAhead(const std::string& path,
+                                              const std::vector<std::string>& changedTexts) {
+  if (changedTexts.empty()) return std::string();
   auto told = changedTexts.front();
   if (const auto more = changedTexts.size() - 1; more > 0) told += " and " + std::to_string(more) + " more";
   told += ": a collection cannot keep every line end, bracket and quote. They were changed in the file.";
@@ -190,9 +193,7 @@ Outcome CollectionFile::keepAhead(const std::string& path, const std::vector<std
     if (!copy) return copy.error();
     told.append(kCrLf).append("What was saved before is kept as ").append(*copy);
   }
-  log_.LogError(told);
-  if (!quiet) boxes_.show({std::string(kProductName), told, BoxButtons::Ok, BoxIcon::Warning});
-  return {};
+  return told;
 }
 
 bool CollectionFile::WriteINI(std::string folder, const std::string& file, bool quiet, LoadWatch* watch) {
@@ -223,7 +224,8 @@ bool CollectionFile::WriteINI(std::string folder, const std::string& file, bool 
   std::vector<std::string> changedTexts;
   if (auto written = writeSections(**out, quiet, watch, step, changedTexts); !written)
     return failWrite(step, written.error().text);
-  if (auto kept = keepAhead(path, changedTexts, quiet); !kept) return failWrite(step, kept.error().text);
+  const auto changes = keepAhead(path, changedTexts);
+  if (!changes) return failWrite(step, changes.error().text);
   if (auto committed = (*out)->commit(); !committed) return failWrite(step, committed.error().text);
 
   if (!files_.exists(path)) {
@@ -253,6 +255,10 @@ bool CollectionFile::WriteINI(std::string folder, const std::string& file, bool 
     return failCheck("<<Warning006>> - WriteINI - Failed to retrieve written Integrity value ");
   }
   settings_.IsDirty(false);
+  if (!changes->empty()) {
+    log_.LogError(*changes);
+    if (!quiet) boxes_.show({std::string(kProductName), *changes, BoxButtons::Ok, BoxIcon::Warning});
+  }
   return true;
 }
 

@@ -95,11 +95,12 @@ constexpr std::array kKvoRows = {
     HeadRow{"RunAs                = ", KVO_TEXT(RunMode),
             KVO_TAKE(if (t == "NOT RUN") r.rewrite = true; r.settings.RunMode("CREATOR");)},
     HeadRow{"ErrorLog             = ", KVO_TEXT(ErrorLog),
-            KVO_TAKE(r.settings.ErrorLog(textOr(r, t, r.folder.beside("\\KVOError.Log")));)},
+            KVO_TAKE(r.settings.ErrorLog(textOr(r, t, r.folder.beside("\\KVOError.Log")));), true},
     KVO_PLAIN("SoundCard            = ", SoundCard),
     HeadRow{"DefaultStartupVid    = ", KVO_TEXT(DefaultStartupVid),
             KVO_TAKE(r.settings.DefaultStartupVid(
-                characterCount(t) == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));)},
+                characterCount(t) == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));),
+            true},
     HeadRow{"MoviesInGroup        = ", KVO_TEXT(MoviesInGroup),
             KVO_TAKE(const auto v = numberOr<Integer>(r, t, -1); r.settings.MoviesInGroup(v.value_or(-1));)},
     HeadRow{"Support              = ", KVO_TEXT(Support),
@@ -143,11 +144,11 @@ constexpr std::array kFontRows = {
 
 constexpr std::array kDirectoryRows = {
     HeadRow{"JoinSaveAs            = ", KVO_TEXT(JoinSaveAs),
-            KVO_TAKE(r.settings.JoinSaveAs(folderOr(r, t, r.folder.path()));)},
+            KVO_TAKE(r.settings.JoinSaveAs(folderOr(r, t, r.folder.path()));), true},
     HeadRow{"LoadFrom             = ", KVO_TEXT(LoadFrom),
-            KVO_TAKE(r.settings.LoadFrom(folderOr(r, t, "C:\\"));)},
+            KVO_TAKE(r.settings.LoadFrom(folderOr(r, t, "C:\\"));), true},
     HeadRow{"ColLoadFrom          = ", KVO_TEXT(ColLoadFrom),
-            KVO_TAKE(r.settings.ColLoadFrom(folderOr(r, t, r.folder.path()));)},
+            KVO_TAKE(r.settings.ColLoadFrom(folderOr(r, t, r.folder.path()));), true},
 };
 
 constexpr std::array kAudioAnimationRows = {
@@ -236,7 +237,8 @@ constexpr std::array kEditRows = {
     KVO_PLAIN("RenderAutoView_OFF    = ", RenderAutoView),
     KVO_PLAIN("AutoStartKeyFramePreviews = ", AutoStartKeyFramePreviews),
     KVO_PLAIN("KVOFastEdit           = ", KVOFastEdit),
-    KVO_PLAIN("StillSavePath         = ", StillSavePath),
+    HeadRow{"StillSavePath         = ", KVO_TEXT(StillSavePath),
+            KVO_TAKE(r.settings.StillSavePath(std::string(t));), true},
 };
 static_assert(kEditRows.size() == 35 && kPrefsRows.size() == 18);
 

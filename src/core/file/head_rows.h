@@ -22,6 +22,7 @@ struct HeadRow {
   std::string_view key;
   std::string (*text)(const KVO2&);
   void (*take)(HeadRead&, std::string_view);  ///< null for a row that is written and not read back
+  bool namesFile = false;                     ///< its bytes count where they name a file or folder
 };
 
 struct HeadSection {

@@ -47,7 +47,8 @@ int SectionReader::countSections(std::string_view before, std::string_view behin
 
 bool SectionReader::nextItem(Item& item) {
   if (at_ >= text_.size()) return false;
-  const auto feed = std::min(text_.find('\n', at_), text_.size());
+  if (!insideLine_ || lineFeed_ < at_) lineFeed_ = std::min(text_.find('\n', at_), text_.size());
+  const auto feed = lineFeed_;
   const auto lineEnd = feed > at_ && text_[feed - 1] == '\r' ? feed - 1 : feed;
   const auto line = std::string_view(text_).substr(0, lineEnd);
   const auto first = std::min(line.find_first_not_of(" \t", at_), lineEnd);

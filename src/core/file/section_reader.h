@@ -52,6 +52,7 @@ class SectionReader {
   bool isUtf8_ = true;
   std::deque<std::string> decoded_;  // values of lines that are no UTF-8
   std::size_t at_ = 0;
+  std::size_t lineFeed_ = 0;  // the end of the current line, while there is more of it
   bool open_ = false;
   bool insideLine_ = false;  // items of the current line were read already
   bool droppedText_ = false;
