@@ -155,7 +155,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
     controls.txtWidth = line.size->width;
     controls.txtHeight = line.size->height;
   }
-  if (line.rate) session.settings.OutPutFrameRate(static_cast<Single>(*line.rate));
+  if (line.rate) session.settings.change().OutPutFrameRate = static_cast<Single>(*line.rate);
 
   const auto text = compileWithoutFaults(session, *report, std::nullopt);
   if (!text) return fail(text.error().text);

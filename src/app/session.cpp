@@ -34,12 +34,12 @@ Result<ReadReport> Session::open(const std::string& collectionPath) {
   if (report.end != ReadEnd::Done) return Error{collectionPath + " cannot be read as a collection"};
   // The editor's boxes stand as the collection left them.
   auto& controls = editor.controls;
-  controls.Chk_RenderClipAudio = settings.RenderVideoAudio();
-  controls.Chk_AutoTrim = settings.AutoTrimAudio();
+  controls.Chk_RenderClipAudio = settings.preferences().RenderVideoAudio;
+  controls.Chk_AutoTrim = settings.preferences().AutoTrimAudio;
   controls.Opt_StackOverlay =
-      settings.ExternalAudioStack() ? OverlayOrder::InSequence : OverlayOrder::Stacked;
-  controls.txtWidth = settings.RenderWidth();
-  controls.txtHeight = settings.RenderHeight();
+      settings.preferences().ExternalAudioStack ? OverlayOrder::InSequence : OverlayOrder::Stacked;
+  controls.txtWidth = settings.preferences().RenderWidth;
+  controls.txtHeight = settings.preferences().RenderHeight;
   LoadEffects(compilation);
   GetStillOpts(compilation);
   return report;

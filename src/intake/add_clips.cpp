@@ -67,9 +67,9 @@ bool AddClips::AddMoviesm(const std::string& text) {
   clip.Orderinplaylist(toInteger(collection_.MovieList.count() + 1).value_or(0));
   takeFacts(clip, *facts, mediaClass(clip.MovieName(), &*facts) != MediaClass::Sound);
   collection_.MovieList.add(std::move(clip)).listener(&poster_);
-  settings_.LoadFrom(std::string(folderPart(text)));
-  settings_.IsDirty(true);
-  settings_.postChange(99, 99);
+  settings_.change().LoadFrom = std::string(folderPart(text));
+  settings_.state.IsDirty = true;
+  settings_.state.postChange(99, 99);
   added_(collection_.MovieList.count());
   return true;
 }

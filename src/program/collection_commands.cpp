@@ -78,7 +78,7 @@ bool CollectionCommands::Open() {
     if (!mayLeaveChanges(LoadResString(345))) return false;
     const auto path = ports_.dialogs.open({std::string(LoadResString(335)),
                                            {{"Movie Collections (*.Ini)", "*.ini *.INI *.Ini"}, kAllFiles},
-                                           settings_.ColLoadFrom(),
+                                           settings_.preferences().ColLoadFrom,
                                            {}});
     if (!path) return false;
     return hasIniExtension(*path) ? load(*path) : refuse(336, 337);
@@ -121,13 +121,13 @@ bool CollectionCommands::load(const std::string& path) {
   } else {
     collection_.becomeUntitled(ports_.folder);
   }
-  settings_.ColLoadFrom(std::string(folderPart(path)));
+  settings_.adjust().ColLoadFrom = std::string(folderPart(path));
   fillClipList(window_, collection_);
   showCollection(window_, collection_);
   PreviewMovie(window_, collection_, 1);
   ClearDirtyFlags(collection_, settings_);
   // What was not read in full must not be lost without a question.
-  if (!whole) settings_.IsDirty(true);
+  if (!whole) settings_.state.IsDirty = true;
   if (collection_.filesMissing) refuse(342, 343);
   return true;
 }
@@ -138,7 +138,7 @@ bool CollectionCommands::Save() {
 
 bool CollectionCommands::save() {
   const bool isDefault = sameText(collection_.IniName, "KVO5.INI");
-  auto folder = isDefault ? withSeparator(ports_.folder.path()) : settings_.ColLoadFrom();
+  auto folder = isDefault ? withSeparator(ports_.folder.path()) : settings_.preferences().ColLoadFrom;
   auto path = ports_.dialogs.save({std::string(kProductName).append(LoadResString(355)),
                                    {{"INI Files (*.INI)", "*.INI *.ini"}, kAllFiles},
                                    std::move(folder),
@@ -150,7 +150,7 @@ bool CollectionCommands::save() {
       return false;  // the dialog asked about another name
   }
   if (!hasIniExtension(*path)) return refuse(357, 358);
-  settings_.ColLoadFrom(std::string(folderPart(*path)));
+  settings_.adjust().ColLoadFrom = std::string(folderPart(*path));
   bool written = false;
   {
     Watch watch(window_, ports_.loop, std::string(LoadResString(359)).append(LoadResString(360)), {});
@@ -162,7 +162,7 @@ bool CollectionCommands::save() {
   if (written) {
     ClearDirtyFlags(collection_, settings_);
   } else {
-    settings_.IsDirty(true);  // what could not be saved is still to be saved
+    settings_.state.IsDirty = true;  // what could not be saved is still to be saved
     ports_.boxes.show({std::string(LoadResString(363)), std::string(LoadResString(361)), BoxButtons::Ok,
                        BoxIcon::Critical});
   }

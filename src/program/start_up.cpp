@@ -69,7 +69,7 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
   startupFiles_ = command.clips;
   collection_.IniName = "KVO5.INI";
   collection_.IniFullPath = ports_.folder.beside("\\KVO5.INI");
-  settings_.attach(&ports_.store);
+  settings_.user.attach(&ports_.store);
   const auto end = file_.ReadINI(command.collection).end;
   if (end == ReadEnd::NotReadable || end == ReadEnd::NotValid || end == ReadEnd::TooManyClips)
     return StartEnd::Failed;
@@ -94,7 +94,7 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
     startingUp_ = false;
     showCollection(window_, collection_);
     PreviewMovie(window_, collection_, 1);
-  } else if (startupFiles_.empty() && settings_.DefaultStartupVid().empty()) {
+  } else if (startupFiles_.empty() && settings_.preferences().DefaultStartupVid.empty()) {
     introRunning_ = false;
     showFirstClip();
   } else {
@@ -114,7 +114,7 @@ void StartUp::deleteWorkFiles() {
 }
 
 void StartUp::askAboutUpgrades() {
-  const auto used = settings_.NoofUses();
+  const auto used = settings_.preferences().NoofUses;
   if (std::find(kUpgradeCounts.begin(), kUpgradeCounts.end(), used) == kUpgradeCounts.end()) return;
   const auto answer = ports_.boxes.show(
       {std::string(kProductName), "Do you wish KVO to check for the latest upgrades and release notes ?",
@@ -144,21 +144,22 @@ void StartUp::checkScreen() {
 
 void StartUp::loadWindow() {
   GetKVORegistryValues(settings_, ports_.store, window_);
-  settings_.ShowWavWithVideo(false);
-  settings_.ShowFillist(true);
-  settings_.ToolTipsOn(kFlagOn);
-  settings_.HideKVOOnWebshow(true);
-  settings_.DefZoom(std::string(trimmed(settings_.DefZoom())));
-  if (settings_.SkinPath().empty() || characterCount(settings_.SkinPath()) == 128) settings_.SkinPath("Def");
-  if (settings_.SliderSpeed() < 50) settings_.SliderSpeed(450);
-  settings_.IsDirty(false);
+  settings_.user.ShowWavWithVideo = false;
+  settings_.state.ShowFillist = true;
+  settings_.state.ToolTipsOn = kFlagOn;
+  settings_.state.HideKVOOnWebshow = true;
+  settings_.adjust().DefZoom = std::string(trimmed(settings_.preferences().DefZoom));
+  if (settings_.preferences().SkinPath.empty() || characterCount(settings_.preferences().SkinPath) == 128)
+    settings_.adjust().SkinPath = "Def";
+  if (settings_.user.SliderSpeed < 50) settings_.user.SliderSpeed = 450;
+  settings_.state.IsDirty = false;
   window_.listMenuEnabled = !collection_.MovieList.empty();
 }
 
 // The normal window with the clip that comes first.
 void StartUp::showFirstClip() {
-  settings_.ShowFillist(true);
-  settings_.AllDetOff(false);
+  settings_.state.ShowFillist = true;
+  settings_.state.AllDetOff = false;
   startingUp_ = false;
   window_.mnu_Remote = true;
   window_.controlsEnabled = true;
@@ -175,15 +176,15 @@ void StartUp::ShowStartupVid() {
   const bool isNamed = !startupFiles_.empty();
   window_.detailsVisible = window_.listVisible = false;
   window_.playerParked = true;
-  settings_.AllDetOff(true);
+  settings_.state.AllDetOff = true;
   bool added = false;
   if (isNamed) {
     for (const auto& file : startupFiles_) added |= intake_.AddMoviesm(file);
   } else {
     window_.controlsEnabled = false;
     added = addIntro();
-    if (settings_.NoofUses() == 1) {
-      settings_.AllDetOff(false);
+    if (settings_.preferences().NoofUses == 1) {
+      settings_.state.AllDetOff = false;
       window_.detailsVisible = true;
     }
   }
@@ -195,11 +196,11 @@ void StartUp::ShowStartupVid() {
 
 // The intro is a guest: it changes nothing of what the user has.
 bool StartUp::addIntro() {
-  const auto name = settings_.DefaultStartupVid();
-  const auto lastFolder = settings_.LoadFrom();
+  const auto name = settings_.preferences().DefaultStartupVid;
+  const auto lastFolder = settings_.preferences().LoadFrom;
   const bool added = intake_.AddMoviesm(isAddress(name) ? name : ports_.folder.beside(name));
-  settings_.LoadFrom(lastFolder);
-  settings_.IsDirty(false);
+  settings_.change().LoadFrom = lastFolder;
+  settings_.state.IsDirty = false;
   if (added) intro_ = &collection_.MovieList[collection_.MovieList.count()];
   return added;
 }
@@ -214,11 +215,11 @@ void StartUp::leaveIntro() {
   if (!introEnder_->running()) return;
   introEnder_->stop();
   if (intro_ != nullptr) {
-    const bool wasDirty = settings_.IsDirty();
+    const bool wasDirty = settings_.state.IsDirty;
     collection_.MovieList.removeIf([this](const Movie& clip) { return &clip == intro_; });
     intro_ = nullptr;
-    settings_.DefaultStartupVid("");
-    settings_.IsDirty(wasDirty);
+    settings_.change().DefaultStartupVid = "";
+    settings_.state.IsDirty = wasDirty;
   }
   fillClipList(window_, collection_);
   showFirstClip();
@@ -283,7 +284,7 @@ bool StartUp::exit() {
   window_.playerParked = true;
   ports_.loop.yield();
   ports_.loop.yield();
-  settings_.ShowWavWithVideo(false);
+  settings_.user.ShowWavWithVideo = false;
   if (!commands_.mayLeaveChanges(LoadResString(345))) {
     PreviewMovie(window_, collection_, collection_.icurMov);
     showCollection(window_, collection_);
@@ -296,7 +297,7 @@ bool StartUp::exit() {
 }
 
 std::string mediaFolder(const KVO2& settings, const Desktop& desktop) {
-  const auto& last = settings.LoadFrom();
+  const auto& last = settings.preferences().LoadFrom;
   return last.empty() || last == kNoFolder ? desktop.videosFolder() : last;
 }
 
@@ -319,15 +320,15 @@ void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& win
     takeField(whole, value(name, otherwise));
     return whole;
   };
-  settings.ShowWavWithVideo(flag("ShowWavWithVideo"));
-  settings.DefaultZoom100(window.mnu_DefaultZoom100 = flag("DefaultZoom100"));
-  settings.LoopPreviews(window.mnu_Looping = flag("LoopPreviews"));
-  settings.LoopCol(window.mnu_LoopCol = flag("LoopCol"));
-  settings.RewAtEnd(window.mnu_RewAtEnd = flag("RewAtEnd"));
-  settings.SliderPauseOnRepo(window.mnu_SliderPause = flag("SliderPauseOnRepo"));
-  settings.SliderSpeed(number("SliderSpeed", "500"));
-  window.mnu_SldNormal = settings.SliderSpeed() == 500;
-  settings.StillDelayTimer(number("StillDelayTimer", "7"));
+  settings.user.ShowWavWithVideo = flag("ShowWavWithVideo");
+  settings.user.DefaultZoom100 = window.mnu_DefaultZoom100 = flag("DefaultZoom100");
+  settings.user.LoopPreviews = window.mnu_Looping = flag("LoopPreviews");
+  settings.user.LoopCol = window.mnu_LoopCol = flag("LoopCol");
+  settings.user.RewAtEnd = window.mnu_RewAtEnd = flag("RewAtEnd");
+  settings.user.SliderPauseOnRepo = window.mnu_SliderPause = flag("SliderPauseOnRepo");
+  settings.user.SliderSpeed = number("SliderSpeed", "500");
+  window.mnu_SldNormal = settings.user.SliderSpeed == 500;
+  settings.user.StillDelayTimer = number("StillDelayTimer", "7");
 }
 
 }  // namespace kvo

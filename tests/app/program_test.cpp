@@ -44,8 +44,8 @@ class Program : public testing::Test {
       auto& clip = b.addVideo(path.filename().string(), 0, 2, path.parent_path().string() + "/");
       clip.RenderAudio(false);
     }
-    b.settings.RenderWidth(64);
-    b.settings.RenderHeight(48);
+    b.settings.adjust().RenderWidth = 64;
+    b.settings.adjust().RenderHeight = 48;
     if (change) change(b);
     PosixFiles files2;
     CollectionFile file(files2, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);

@@ -65,9 +65,9 @@ TEST(CollectionFile, WhatIsWrittenReadsBackTheSame) {
     clip.EffectWord("1000000000000000000000000000000000000000000000");
     clip.BorderColor(Value("&H00FF00&"));
     clip.stretchmode(2);
-    b.settings.DefZoom("75");
-    b.settings.FadInVal(1.25F);
-    b.settings.SkinPath("Quirl");
+    b.settings.adjust().DefZoom = "75";
+    b.settings.change().FadInVal = 1.25F;
+    b.settings.adjust().SkinPath = "Quirl";
   });
   Bench b;
   b.files.all["/v/b c.avi"] = "x";
@@ -94,7 +94,7 @@ TEST(CollectionFile, HeadValuesAreHeldToTheirLimits) {
     std::string (*read)(const KVO2&);
     const char* becomes;
   };
-#define FIELD(Name) [](const KVO2& s) { return fieldText(s.Name()); }
+#define FIELD(Name) [](const KVO2& s) { return fieldText(s.preferences().Name); }
   const Row rows[] = {
       {"OutputColorDepth     = ", "15", FIELD(OutputColorDepth), "24"},
       {"OutputColorDepth     = ", "32", FIELD(OutputColorDepth), "32"},
@@ -138,23 +138,23 @@ TEST(CollectionFile, HeadValuesAreHeldToTheirLimits) {
                                         {129U, std::string(129, 'e')}}) {
     Bench b;
     load(b, withRow(text, "EMail                = ", std::string(length, 'e')));
-    EXPECT_EQ(b.settings.Email(), becomes);
+    EXPECT_EQ(b.settings.preferences().Email, becomes);
   }
 }
 
 TEST(CollectionFile, MissingSectionsTakeTheirDefaults) {
-  auto text = savedText([](Bench& b) { b.settings.RenderHeight(99); });
+  auto text = savedText([](Bench& b) { b.settings.adjust().RenderHeight = 99; });
   const auto edit = text.find("[EditDecisionListPrefs]");
   text.erase(edit, text.find("[Movie1Main]") - edit);
   const auto fonts = text.find("[Fonts]");
   text.erase(fonts, text.find("[Directories]") - fonts);
   Bench b;
-  b.settings.RenderHeight(1);
+  b.settings.adjust().RenderHeight = 1;
   load(b, text);
-  EXPECT_EQ(b.settings.RenderHeight(), 320);
-  EXPECT_EQ(b.settings.RenderWidth(), 240);
-  EXPECT_EQ(b.settings.PreviewType(), 0);
-  EXPECT_EQ(b.settings.TextFont().text(), "Ariel");
+  EXPECT_EQ(b.settings.preferences().RenderHeight, 320);
+  EXPECT_EQ(b.settings.preferences().RenderWidth, 240);
+  EXPECT_EQ(b.settings.preferences().PreviewType, 0);
+  EXPECT_EQ(b.settings.preferences().TextFont.text(), "Ariel");
   ASSERT_FALSE(b.log.texts().empty());
   EXPECT_EQ(b.log.texts()[0], "<<ERR031>> - Font Read Failure ");
 }
@@ -196,7 +196,7 @@ TEST(CollectionFile, NumbersBeyondTheirTypeFollowTheLimits) {
     std::string (*read)(const KVO2&);
     const char* becomes;
   };
-#define FIELD(Name) [](const KVO2& s) { return fieldText(s.Name()); }
+#define FIELD(Name) [](const KVO2& s) { return fieldText(s.preferences().Name); }
   const Row rows[] = {
       {"OutputResolution     = ", "70000", FIELD(OutputResolution), "8"},
       {"OutputResolution     = ", "32768", FIELD(OutputResolution), "8"},
@@ -216,14 +216,14 @@ TEST(CollectionFile, NumbersBeyondTheirTypeFollowTheLimits) {
 #undef FIELD
   for (const auto& row : rows) {
     Bench b;
-    b.settings.OutputResolution(3);
-    b.settings.PreviewType(3);
-    b.settings.PreviewCPU(3);
-    b.settings.MaxParticles(3);
-    b.settings.OutPutFrameRate(3);
-    b.settings.FadInVal(3);
-    b.settings.MoviesInGroup(3);
-    b.settings.WheelTripPlay(3);
+    b.settings.change().OutputResolution = 3;
+    b.settings.change().PreviewType = 3;
+    b.settings.change().PreviewCPU = 3;
+    b.settings.adjust().MaxParticles = 3;
+    b.settings.change().OutPutFrameRate = 3;
+    b.settings.change().FadInVal = 3;
+    b.settings.change().MoviesInGroup = 3;
+    b.settings.adjust().WheelTripPlay = 3;
     load(b, withRow(text, row.key, row.value), {.mayRewrite = false});
     EXPECT_EQ(row.read(b.settings), row.becomes) << row.key << row.value;
   }
@@ -299,7 +299,7 @@ TEST(CollectionFile, TextsComeBackAsTheyWereSaved) {
     clip.SrcPath(row.folder);
     clip.SrcName(row.name);
     clip.RenderAudio(true);
-    b.settings.LoadFrom(row.folder);
+    b.settings.change().LoadFrom = row.folder;
     ASSERT_TRUE(b.file.WriteINI("/col", "t.INI", false));
     EXPECT_TRUE(b.boxes.shown.empty()) << row.name << row.note << b.boxes.shown[0].text;
     Bench again;
@@ -313,7 +313,7 @@ TEST(CollectionFile, TextsComeBackAsTheyWereSaved) {
     EXPECT_EQ(read.SrcPath() + read.SrcName(), row.folder + row.name);
     EXPECT_TRUE(read.RenderAudio()) << "the last row is read for " << row.name << row.note;
     if (row.folder.size() < 126) {
-      EXPECT_EQ(again.settings.LoadFrom(), row.folder);
+      EXPECT_EQ(again.settings.preferences().LoadFrom, row.folder);
     }
   }
 }
@@ -462,9 +462,9 @@ TEST(CollectionFile, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
   EXPECT_EQ(b.file.ReadINI("/col/t.INI").end, ReadEnd::Done);
   EXPECT_EQ(b.files.all["/col/t.INI.old"], "what the disk does not give back");
   EXPECT_TRUE(b.file.IsValidCollection("/col/t.INI"));
-  EXPECT_EQ(b.settings.DisplayColor(), "9079296");
-  EXPECT_EQ(b.settings.TitleDispClr(), "8421504");
-  EXPECT_EQ(b.settings.NoofUses(), 41) << "40, and this use";
+  EXPECT_EQ(b.settings.preferences().DisplayColor, "9079296");
+  EXPECT_EQ(b.settings.preferences().TitleDispClr, "8421504");
+  EXPECT_EQ(b.settings.preferences().NoofUses, 41) << "40, and this use";
   const auto& log = b.log.texts();
   EXPECT_NE(std::find(log.begin(), log.end(), "<<Corrupt INI - Re-Write initiated>> on - /col/t.INI"),
             log.end());
@@ -490,7 +490,7 @@ TEST(CollectionFile, AClipWithoutAKeyGetsOneThatNoOtherHas) {
   const Long clock = 14 * 3600 + 5 * 60 + 9;
   const auto text = savedText([&](Bench& b) {
     for (const Long key : {Long{0}, clock, Long{0}, clock + 1, Long{5}}) b.addVideo("a.avi", 0, 5).KeyID(key);
-    b.settings.KeyframeCount(1);
+    b.settings.adjust().KeyframeCount = 1;
     Keyframe keyframe;
     keyframe.ClipName = clock + 2;
     b.collection.KeyframeList.add(keyframe);

@@ -23,7 +23,7 @@ TEST(ErrorLog, EntriesHaveTheirExactBytes) {
             "text Error Logged at >>  - 07-03-2026  -  \r 07-03-2026  -   2:05:09 PM\r\n");
   b.log.trace("step 1");
   EXPECT_EQ(b.files.all["/prog/Trace.LOG"], "step 1  \r\n");
-  EXPECT_EQ(b.settings.ErrorLog(), "/prog/KVOError.Log");
+  EXPECT_EQ(b.settings.preferences().ErrorLog, "/prog/KVOError.Log");
   for (const auto& [hour, text] :
        {std::pair{0, "12:05:09 AM"}, std::pair{12, "12:05:09 PM"}, std::pair{9, "9:05:09 AM"}}) {
     b.files.all.clear();
@@ -35,7 +35,7 @@ TEST(ErrorLog, EntriesHaveTheirExactBytes) {
 
 TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
   FailuresBench b;
-  b.settings.ErrorLog("/no/such/drive.log");
+  b.settings.adjust().ErrorLog = "/no/such/drive.log";
   b.files.unwritable.insert("/no/such/drive.log");
   b.log.LogError("lost");
   EXPECT_EQ(b.files.all["/prog/KVOERROR.LOG"],
@@ -51,7 +51,7 @@ TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
 
 TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
   FailuresBench b;
-  b.settings.Support("Mail us.");
+  b.settings.adjust().Support = "Mail us.";
   int ended = 0;
   Failures failures(b.log, b.boxes, b.settings, [&] { ++ended; });
   failures.LogError("minor");

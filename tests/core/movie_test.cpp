@@ -86,9 +86,9 @@ TEST(Movie, PostsChangeCodesByTheirConditions) {
       {95, [](Movie& m) { m.AudioOutputLevel(1); }, 95},
   };
   for (const auto& row : rows) {
-    settings.ObjectChange(row.before);
+    settings.state.ObjectChange = row.before;
     row.set(clip);
-    EXPECT_EQ(settings.ObjectChange(), row.after) << row.before;
+    EXPECT_EQ(settings.state.ObjectChange, row.after) << row.before;
   }
 }
 

@@ -246,10 +246,10 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
   for (const auto& row : rows) {
     ProgramBench b;
     b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [&](KVO2& s) {
-      s.DefaultStartupVid(row.intro);
-      s.LoadFrom("/my/films/");
+      s.change().DefaultStartupVid = row.intro;
+      s.change().LoadFrom = "/my/films/";
     });
-    b.saveCollection("/c/Trip.INI", {"t.avi"}, [](KVO2& s) { s.DefaultStartupVid("trip.avi"); });
+    b.saveCollection("/c/Trip.INI", {"t.avi"}, [](KVO2& s) { s.change().DefaultStartupVid = "trip.avi"; });
     for (const auto* there :
          {"/prog/intro.avi", "/prog/intro.mp3", "/prog/intro.jpg", "/v/n.avi", "/v/n.mp3", "/v/more.avi"}) {
       b.files.all[there] = "x";
@@ -263,21 +263,22 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
     for (int i = 1; i <= b.collection.MovieList.count(); ++i)
       clips.push_back(b.collection.MovieList[i].MovieName());
     EXPECT_EQ(clips, row.clips) << row.what;
-    EXPECT_EQ(b.settings.DefaultStartupVid(), row.DefaultStartupVid) << row.what;
+    EXPECT_EQ(b.settings.preferences().DefaultStartupVid, row.DefaultStartupVid) << row.what;
     if (row.arguments.empty() && row.clips.size() == 1 && row.clips[0] == "a.avi") {
-      EXPECT_EQ(b.settings.LoadFrom(), "/my/films/") << row.what;
+      EXPECT_EQ(b.settings.preferences().LoadFrom, "/my/films/") << row.what;
       EXPECT_FALSE(isDirty(b.collection, b.settings)) << row.what;
     }
   }
   ProgramBench stream;
-  stream.saveCollection("/prog/KVO5.INI", {}, [](KVO2& s) { s.DefaultStartupVid("http://h/i.asx"); });
+  stream.saveCollection("/prog/KVO5.INI", {},
+                        [](KVO2& s) { s.change().DefaultStartupVid = "http://h/i.asx"; });
   stream.startUp.run({}, "/");
   EXPECT_EQ(stream.intake.asked, (Words{"http://h/i.asx"}));
 }
 
 TEST(StartUp, TheIntroRunsOnceAndDoesNotStay) {
   ProgramBench b;
-  b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.DefaultStartupVid("intro.avi"); });
+  b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.change().DefaultStartupVid = "intro.avi"; });
   b.files.all["/prog/intro.avi"] = "x";
   b.startUp.run({}, "/");
   EXPECT_TRUE(b.startUp.IntroRunning());
@@ -289,13 +290,13 @@ TEST(StartUp, TheIntroRunsOnceAndDoesNotStay) {
   b.loop.advance(350);
   EXPECT_EQ(b.window.Fillist, (Words{"a.avi"}));
   EXPECT_TRUE(b.window.listVisible && b.window.controlsEnabled);
-  EXPECT_EQ(b.settings.DefaultStartupVid(), "");
+  EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "");
   EXPECT_FALSE(isDirty(b.collection, b.settings));
 }
 
 TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
   ProgramBench b;
-  b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.DefaultStartupVid("intro.avi"); });
+  b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.change().DefaultStartupVid = "intro.avi"; });
   b.files.all["/v/new.avi"] = "x";
   b.startUp.run({"/v/new.avi"}, "/");
   EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
@@ -303,7 +304,7 @@ TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
   b.loop.advance(350);
   EXPECT_EQ(b.window.Fillist, (Words{"a.avi", "new.avi"}));
   EXPECT_EQ(b.window.ListIndex, 1);
-  EXPECT_EQ(b.settings.DefaultStartupVid(), "intro.avi");
+  EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "intro.avi");
 
   for (const auto* atOnce : {"/v/still.jpg", "/v/song.mp3"}) {
     ProgramBench c;
@@ -317,7 +318,7 @@ TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
 
 TEST(StartUp, AsksAboutUpgradesAtItsCountsAndAboutTheScreen) {
   ProgramBench b;
-  b.saveCollection("/prog/KVO5.INI", {}, [](KVO2& s) { s.NoofUses(3); });
+  b.saveCollection("/prog/KVO5.INI", {}, [](KVO2& s) { s.adjust().NoofUses = 3; });
   b.desktop.facts = {800, 600, 8, 2};
   b.boxes.answers = {Answer::Yes};
   b.startUp.run({}, "/");
@@ -393,7 +394,7 @@ TEST(StartUp, TheFirstAdditionBeginsAtTheVideosOfTheUser) {
   KVO2 settings;
   for (const auto& [last, starts] : {std::pair{"", "/home/u/Videos"}, std::pair{"C:\\", "/home/u/Videos"},
                                      std::pair{"/my/films/", "/my/films/"}}) {
-    settings.LoadFrom(last);
+    settings.change().LoadFrom = last;
     EXPECT_EQ(mediaFolder(settings, desktop), starts);
   }
 }
@@ -402,7 +403,7 @@ TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {
   test::MemoryStore store;
   KVO2 settings;
   MainWindowState window;
-  settings.attach(&store);
+  settings.user.attach(&store);
   store.all["LoopCol"] = "True";
   GetKVORegistryValues(settings, store, window);
   EXPECT_EQ(store.all["DefaultZoom100"], "False");
@@ -410,13 +411,13 @@ TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {
   EXPECT_EQ(store.all["StillDelayTimer"], "7");
   EXPECT_TRUE(window.mnu_LoopCol && window.mnu_SldNormal && !window.mnu_Looping);
   store.all["LoopCol"] = "False";
-  EXPECT_FALSE(settings.LoopCol()) << "another copy changed it";
-  settings.RewAtEnd(true);
+  EXPECT_FALSE(settings.user.LoopCol) << "another copy changed it";
+  settings.user.RewAtEnd = true;
   EXPECT_EQ(store.all["RewAtEnd"], "True");
   store.all.clear();
-  EXPECT_EQ(settings.SliderSpeed(), 450);
+  EXPECT_EQ(settings.user.SliderSpeed, 450);
   EXPECT_EQ(store.all["SliderSpeed"], "450");
-  EXPECT_EQ(settings.StillDelayTimer(), 7);
+  EXPECT_EQ(settings.user.StillDelayTimer, 7);
   EXPECT_EQ(store.all["Stilldelay"], "7");
 }
 

@@ -79,8 +79,8 @@ class PlainIntake : public ClipIntake {
     clip.IsStill(text.ends_with(".jpg"));
     collection_.MovieList.add(std::move(clip));
     if (settings != nullptr) {
-      settings->LoadFrom(std::string(folderPart(text)));
-      settings->IsDirty(true);
+      settings->change().LoadFrom = std::string(folderPart(text));
+      settings->state.IsDirty = true;
     }
     return true;
   }
@@ -116,8 +116,8 @@ struct ProgramBench : Bench {
       b.addVideo(clip, 0, 5);
       files.all["/v/" + clip] = "x";
     }
-    b.settings.NoofUses(30);
-    b.settings.PreviewType(10);
+    b.settings.adjust().NoofUses = 30;
+    b.settings.change().PreviewType = 10;
     if (change) change(b.settings);
     EXPECT_TRUE(b.file.WriteINI(std::string(folderPart(path)), std::string(fileNamePart(path)), true));
     files.all[path] = b.files.all[path];

@@ -84,7 +84,7 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
   collection_.clearLists();
   collection_.kind = CollectionKind::Plain;
   collection_.filesMissing = false;
-  settings_.ProgramVersion(programVersionText());
+  settings_.adjust().ProgramVersion = programVersionText();
 
   auto bytes = files_.read(path, kMaxCollectionBytes);
   if (!bytes && options.mayRewrite && files_.exists(path)) {
@@ -145,11 +145,11 @@ void CollectionFile::giveMissingKeys() {
 void CollectionFile::replaceUnreadable(const std::string& fileName, const Error& why) {
   log_.LogError(std::string(LoadResString(177)).append(why.text));
   log_.LogError("<<Corrupt INI - Re-Write initiated>> on - " + fileName);
-  settings_.AnimMovRand(false);
-  settings_.CDDBMode(1);
-  settings_.TitleDispClr("8421504");
-  settings_.NoofUses(40);
-  settings_.DisplayColor("9079296");
+  settings_.adjust().AnimMovRand = false;
+  settings_.adjust().CDDBMode = 1;
+  settings_.adjust().TitleDispClr = "8421504";
+  settings_.adjust().NoofUses = 40;
+  settings_.change().DisplayColor = "9079296";
   if (auto done = files_.rename(fileName, freeCopyName(fileName, {})); !done)
     return log_.LogError(done.error().text);
   WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
@@ -237,7 +237,7 @@ void CollectionFile::readAnimations(SectionReader& reader) {
 }
 
 void CollectionFile::readClips(SectionReader& reader, const ReadOptions& options, ReadReport& report) {
-  const int count = settings_.MoviesInGroup();
+  const int count = settings_.preferences().MoviesInGroup;
   int audioFailures = 0;
   for (int i = 1; i <= count; ++i) {
     if (shownAndAborted(options, "Loading Clip ", i, count)) {
@@ -356,7 +356,7 @@ bool CollectionFile::askAboutMissing(const Movie& clip) {
 }
 
 void CollectionFile::readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report) {
-  const int count = settings_.KeyframeCount();
+  const int count = settings_.preferences().KeyframeCount;
   Rows rows;
   for (int i = 1; i <= count; ++i) {
     if (shownAndAborted(options, "Loading Keyframe ", i, count)) {

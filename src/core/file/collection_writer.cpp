@@ -254,7 +254,7 @@ bool CollectionFile::WriteINI(std::string folder, const std::string& file, bool 
   if (rows.size() < 5 || rows[4].key != "DefaultStartupVid") {
     return failCheck("<<Warning006>> - WriteINI - Failed to retrieve written Integrity value ");
   }
-  settings_.IsDirty(false);
+  settings_.state.IsDirty = false;
   if (!changes->empty()) {
     log_.LogError(*changes);
     if (!quiet) boxes_.show({std::string(kProductName), *changes, BoxButtons::Ok, BoxIcon::Warning});
@@ -267,10 +267,10 @@ Outcome CollectionFile::writeSections(Replacement& out, bool quiet, LoadWatch* w
   PrintTo file(out);
   step = "Sec 3";
   auto& clips = collection_.MovieList;
-  settings_.MoviesInGroup(static_cast<Integer>(clips.count()));
-  settings_.KeyframeCount(collection_.KeyframeList.count());
+  settings_.change().MoviesInGroup = static_cast<Integer>(clips.count());
+  settings_.adjust().KeyframeCount = collection_.KeyframeList.count();
   step = "Sec 41";
-  if (settings_.SkinPath().empty()) settings_.SkinPath("Quirl");
+  if (settings_.preferences().SkinPath.empty()) settings_.adjust().SkinPath = "Quirl";
   step = "Sec 5";
   const auto printRows = [&](const RowWriter& rows, const std::string& owner) {
     rows.tellChanged(changedTexts, owner);

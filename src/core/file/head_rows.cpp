@@ -71,122 +71,145 @@ std::optional<Type> numberOr(HeadRead& read, std::string_view text, Type otherwi
 
 std::string flagText(Long flag) { return fieldText(flag != 0); }
 
-#define KVO_TEXT(Name) [](const KVO2& s) { return fieldText(s.Name()); }
+// How a field of each struct is written.
+template <class Type>
+void put(KVO2& s, Type MarkingPreferences::*field, Type value) {
+  s.change().*field = std::move(value);
+}
+template <class Type>
+void put(KVO2& s, Type QuietPreferences::*field, Type value) {
+  s.adjust().*field = std::move(value);
+}
+
+#define KVO_TEXT(Name) [](const KVO2& s) { return fieldText(s.preferences().Name); }
 #define KVO_TAKE(Body) [](HeadRead& r, std::string_view t) { Body }
 // A row whose read rule is plain conversion: what does not convert leaves the field as it was.
-#define KVO_PLAIN(Key, Name)                                                      \
-  HeadRow {                                                                       \
-    Key, KVO_TEXT(Name),                                                          \
-        KVO_TAKE(std::decay_t<decltype(r.settings.Name())> v = r.settings.Name(); \
-                 if (takeField(v, t)) r.settings.Name(std::move(v));)             \
+#define KVO_PLAIN(Key, Name)                                                              \
+  HeadRow {                                                                               \
+    Key, KVO_TEXT(Name),                                                                  \
+        KVO_TAKE(auto v = r.settings.preferences().Name;                                  \
+                 if (takeField(v, t)) put(r.settings, &Preferences::Name, std::move(v));) \
   }
-#define KVO_NUMBER(Key, Name, ...)                                                           \
-  HeadRow {                                                                                  \
-    Key, KVO_TEXT(Name),                                                                     \
-        KVO_TAKE(using Type = std::decay_t<decltype(r.settings.Name())>;                     \
-                 if (const auto v = numberOr<Type>(r, t, __VA_ARGS__)) r.settings.Name(*v);) \
+#define KVO_NUMBER(Key, Name, ...)                                     \
+  HeadRow {                                                            \
+    Key, KVO_TEXT(Name),                                               \
+        KVO_TAKE(using Type = decltype(Preferences::Name);             \
+                 if (const auto v = numberOr<Type>(r, t, __VA_ARGS__)) \
+                     put(r.settings, &Preferences::Name, *v);)         \
   }
 #define KVO_WRITTEN_ONLY(Key, Name) \
   HeadRow { Key, KVO_TEXT(Name), nullptr }
+#define KVO_MIRROR(Key, Name)                                          \
+  HeadRow {                                                            \
+    Key, [](const KVO2& s) { return fieldText(s.user.Name); }, nullptr \
+  }
 
 constexpr std::array kKvoRows = {
     HeadRow{"ProgramVersion       = ", KVO_TEXT(ProgramVersion),
-            [](HeadRead& r, std::string_view) { r.settings.ProgramVersion(programVersionText()); }},
+            [](HeadRead& r, std::string_view) { r.settings.adjust().ProgramVersion = programVersionText(); }},
     HeadRow{"RunAs                = ", KVO_TEXT(RunMode),
-            KVO_TAKE(if (t == "NOT RUN") r.rewrite = true; r.settings.RunMode("CREATOR");)},
+            KVO_TAKE(if (t == "NOT RUN") r.rewrite = true; r.settings.adjust().RunMode = "CREATOR";)},
     HeadRow{"ErrorLog             = ", KVO_TEXT(ErrorLog),
-            KVO_TAKE(r.settings.ErrorLog(textOr(r, t, r.folder.beside("\\KVOError.Log")));), true},
+            KVO_TAKE(r.settings.adjust().ErrorLog = textOr(r, t, r.folder.beside("\\KVOError.Log"));), true},
     KVO_PLAIN("SoundCard            = ", SoundCard),
     HeadRow{"DefaultStartupVid    = ", KVO_TEXT(DefaultStartupVid),
-            KVO_TAKE(r.settings.DefaultStartupVid(
-                characterCount(t) == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t));),
+            KVO_TAKE(r.settings.change().DefaultStartupVid =
+                         characterCount(t) == kUnusedLength || t == "NO DEFAULT" ? "" : std::string(t);),
             true},
     HeadRow{"MoviesInGroup        = ", KVO_TEXT(MoviesInGroup),
-            KVO_TAKE(const auto v = numberOr<Integer>(r, t, -1); r.settings.MoviesInGroup(v.value_or(-1));)},
+            KVO_TAKE(const auto v = numberOr<Integer>(r, t, -1);
+                     r.settings.change().MoviesInGroup = v.value_or(-1);)},
     HeadRow{"Support              = ", KVO_TEXT(Support),
-            [](HeadRead& r, std::string_view) { r.settings.Support(std::string(kSupportLine)); }},
+            [](HeadRead& r, std::string_view) { r.settings.adjust().Support = std::string(kSupportLine); }},
     KVO_NUMBER("DelayTimer           = ", DelayTimer, 0),
-    KVO_NUMBER("StillDelayTimer      = ", StillDelayTimer, 0),
+    HeadRow{"StillDelayTimer      = ", [](const KVO2& s) { return fieldText(s.user.StillDelayTimer); },
+            KVO_TAKE(if (const auto v = numberOr<Integer>(r, t, 0)) r.settings.user.StillDelayTimer = *v;)},
 };
 
 constexpr std::array kUserRows = {
     KVO_WRITTEN_ONLY("UserName             = ", UserName),
     KVO_WRITTEN_ONLY("Organisation         = ", Organisation),
-    HeadRow{"ReplyTo              = ", KVO_TEXT(ReplyTo),
-            [](HeadRead& r, std::string_view) { r.settings.ReplyTo(std::string(kContactAddress)); }},
-    HeadRow{"EMail                = ", KVO_TEXT(Email), KVO_TAKE(r.settings.Email(textOr(r, t, "Unknown"));)},
+    HeadRow{
+        "ReplyTo              = ", KVO_TEXT(ReplyTo),
+        [](HeadRead& r, std::string_view) { r.settings.adjust().ReplyTo = std::string(kContactAddress); }},
+    HeadRow{"EMail                = ", KVO_TEXT(Email),
+            KVO_TAKE(r.settings.adjust().Email = textOr(r, t, "Unknown");)},
     KVO_WRITTEN_ONLY("ShowSplash           = ", ShowSplash),
     HeadRow{"MuteAtStart          = ", KVO_TEXT(MuteAtStart),
-            KVO_TAKE(r.settings.MuteAtStart(strictBoolean(r, t, false));)},
+            KVO_TAKE(r.settings.change().MuteAtStart = strictBoolean(r, t, false);)},
     HeadRow{"DisplayColor         = ", KVO_TEXT(DisplayColor),
-            KVO_TAKE(r.settings.DisplayColor(textOr(r, t, "&H00FF0000&"));)},
-    HeadRow{"AcceptedAgreement    = ", [](const KVO2& s) { return flagText(s.AcceptedAgreement()); },
-            [](HeadRead& r, std::string_view) { r.settings.AcceptedAgreement(kFlagOn); }},
+            KVO_TAKE(r.settings.change().DisplayColor = textOr(r, t, "&H00FF0000&");)},
+    HeadRow{
+        "AcceptedAgreement    = ", [](const KVO2& s) { return flagText(s.preferences().AcceptedAgreement); },
+        [](HeadRead& r, std::string_view) { r.settings.adjust().AcceptedAgreement = kFlagOn; }},
     HeadRow{"TimesUsed            = ", KVO_TEXT(NoofUses),
-            KVO_TAKE(if (r.settings.NoofUses() < 2) r.rewrite = true; const auto used = numberIn(t);
-                     if (used) r.rewrite = true; r.settings.NoofUses(used ? toLongClamped(*used + 1) : 0);
-                     if (r.settings.NoofUses() < 1) {
-                       r.settings.NoofUses(1);
+            KVO_TAKE(if (r.settings.preferences().NoofUses < 2) r.rewrite = true;
+                     const auto used = numberIn(t); if (used) r.rewrite = true;
+                     r.settings.adjust().NoofUses = used ? toLongClamped(*used + 1) : 0;
+                     if (r.settings.preferences().NoofUses < 1) {
+                       r.settings.adjust().NoofUses = 1;
                        r.rewrite = true;
                      })},
 };
 
 constexpr std::array kFontRows = {
     HeadRow{"Font                 = ", KVO_TEXT(TextFont),
-            KVO_TAKE(r.settings.TextFont(textOr(r, t, "Ariel"));)},
+            KVO_TAKE(r.settings.adjust().TextFont = Value(textOr(r, t, "Ariel"));)},
     HeadRow{"Size                 = ", KVO_TEXT(TextSize),
-            KVO_TAKE(r.settings.TextSize(textOr(r, t, "10"));)},
+            KVO_TAKE(r.settings.adjust().TextSize = Value(textOr(r, t, "10"));)},
     HeadRow{"Color                = ", KVO_TEXT(TextColor),
-            KVO_TAKE(r.settings.TextColor(textOr(r, t, "&H00FF0000&"));)},
+            KVO_TAKE(r.settings.adjust().TextColor = textOr(r, t, "&H00FF0000&");)},
     HeadRow{"Style                = ", KVO_TEXT(TextStyle),
-            KVO_TAKE(r.settings.TextStyle(textOr(r, t, "Regular"));)},
+            KVO_TAKE(r.settings.adjust().TextStyle = Value(textOr(r, t, "Regular"));)},
 };
 
 constexpr std::array kDirectoryRows = {
     HeadRow{"JoinSaveAs            = ", KVO_TEXT(JoinSaveAs),
-            KVO_TAKE(r.settings.JoinSaveAs(folderOr(r, t, r.folder.path()));), true},
+            KVO_TAKE(r.settings.change().JoinSaveAs = folderOr(r, t, r.folder.path());), true},
     HeadRow{"LoadFrom             = ", KVO_TEXT(LoadFrom),
-            KVO_TAKE(r.settings.LoadFrom(folderOr(r, t, "C:\\"));), true},
+            KVO_TAKE(r.settings.change().LoadFrom = folderOr(r, t, "C:\\");), true},
     HeadRow{"ColLoadFrom          = ", KVO_TEXT(ColLoadFrom),
-            KVO_TAKE(r.settings.ColLoadFrom(folderOr(r, t, r.folder.path()));), true},
+            KVO_TAKE(r.settings.adjust().ColLoadFrom = folderOr(r, t, r.folder.path());), true},
 };
 
 constexpr std::array kAudioAnimationRows = {
     HeadRow{"AutoAnimation        = ", KVO_TEXT(CDAutoAnim),
-            KVO_TAKE(r.settings.CDAutoAnim(strictBoolean(r, t, true));)},
+            KVO_TAKE(r.settings.adjust().CDAutoAnim = strictBoolean(r, t, true);)},
     KVO_WRITTEN_ONLY("AnimFullSC           = ", AnimFS),
     KVO_WRITTEN_ONLY("ShowText             = ", ShowAnimtext),
     HeadRow{"Random               = ", KVO_TEXT(AnimMovRand),
-            KVO_TAKE(r.settings.AnimMovRand(strictBoolean(r, t, true));)},
-    HeadRow{"ShowVids             = ", [](const KVO2& s) { return flagText(s.ShowVids()); }, nullptr},
+            KVO_TAKE(r.settings.adjust().AnimMovRand = strictBoolean(r, t, true);)},
+    HeadRow{"ShowVids             = ", [](const KVO2& s) { return flagText(s.preferences().ShowVids); },
+            nullptr},
 };
 
 constexpr std::array kPrefsRows = {
     KVO_PLAIN("Skin                 = ", SkinPath),
     KVO_PLAIN("DefZoom              = ", DefZoom),
-    KVO_WRITTEN_ONLY("LoopCol              = ", LoopCol),
+    KVO_MIRROR("LoopCol              = ", LoopCol),
     KVO_PLAIN("ShowPlayList         = ", ShowPlayList),
     KVO_PLAIN("UseWMPfirst          = ", UseWMPfirst),
     KVO_PLAIN("TitleDispClr         = ", TitleDispClr),
-    KVO_WRITTEN_ONLY("LoopPreviews         = ", LoopPreviews),
+    KVO_MIRROR("LoopPreviews         = ", LoopPreviews),
     KVO_NUMBER("CDDBMode             = ", CDDBMode, 1),
-    HeadRow{"VidVis               = ", [](const KVO2& s) { return flagText(s.ShowVids()); },
-            KVO_TAKE(Boolean on = false; if (takeField(on, t)) r.settings.ShowVids(on ? kFlagOn : 0);)},
+    HeadRow{
+        "VidVis               = ", [](const KVO2& s) { return flagText(s.preferences().ShowVids); },
+        KVO_TAKE(Boolean on = false; if (takeField(on, t)) r.settings.adjust().ShowVids = on ? kFlagOn : 0;)},
     KVO_NUMBER("ModemSpeed           = ", ModemType, 350, [](Long v) { return v != 0; }),
     KVO_NUMBER("MouseWheelControl    = ", MouseWheelControl, 2, [](Integer v) { return v != 1; }),
-    KVO_WRITTEN_ONLY("RewAtEnd             = ", RewAtEnd),
+    KVO_MIRROR("RewAtEnd             = ", RewAtEnd),
     KVO_NUMBER("MouseWheelBufferTime = ", ScrollDelay, 0.2, [](double v) { return v > 0; }),
     KVO_PLAIN("StillsIndividually   = ", StillsIndividual),
     KVO_NUMBER("WheelTripPlay        = ", WheelTripPlay, 7),
     KVO_NUMBER("EncodeProfiletoUse   = ", EncodeProfiletoUse, 1),
-    KVO_WRITTEN_ONLY("SliderPauseOnRepo    = ", SliderPauseOnRepo),
-    KVO_WRITTEN_ONLY("MPEGRoutingVMR       = ", MPEGRoutingVMR),
+    KVO_MIRROR("SliderPauseOnRepo    = ", SliderPauseOnRepo),
+    KVO_MIRROR("MPEGRoutingVMR       = ", MPEGRoutingVMR),
 };
 
-void fade(HeadRead& r, std::string_view text, Single otherwise, void (KVO2::*set)(Single)) {
+void fade(HeadRead& r, std::string_view text, Single otherwise, Single MarkingPreferences::*field) {
   const auto v = numberOr<Single>(
       r, text, otherwise, [](Single n) { return n <= 0; }, 0.2F);
-  if (v) (r.settings.*set)(*v);
+  if (v) r.settings.change().*field = *v;
 }
 
 constexpr std::array kEditRows = {
@@ -194,15 +217,17 @@ constexpr std::array kEditRows = {
     HeadRow{"OutputFrameRate      = ", KVO_TEXT(OutPutFrameRate),
             KVO_TAKE(const auto v = numberOr<Single>(
                          r, t, 25.0F, [](Single n) { return n < 2.0F; }, 24.0F);
-                     if (v) r.settings.OutPutFrameRate(*v);)},
+                     if (v) r.settings.change().OutPutFrameRate = *v;)},
     KVO_NUMBER("OutputColorDepth     = ", OutputColorDepth, 24,
                [](Integer v) { return v == 16 || v == 24 || v == 32; }),
     HeadRow{"PreviewType          = ", KVO_TEXT(PreviewType),
             KVO_TAKE(const auto v = numberOr<Integer>(r, t, 10, [](Integer n) { return n <= 10; });
                      const bool low = v.value_or(0) <= 0; if (low) r.rewrite = true;
-                     r.settings.PreviewType(low ? Integer{5} : *v);)},
-    HeadRow{"FadeInDuration       = ", KVO_TEXT(FadInVal), KVO_TAKE(fade(r, t, 3.0F, &KVO2::FadInVal);)},
-    HeadRow{"FadeOutDuration      = ", KVO_TEXT(FadOutVal), KVO_TAKE(fade(r, t, 5.0F, &KVO2::FadOutVal);)},
+                     r.settings.change().PreviewType = low ? Integer{5} : *v;)},
+    HeadRow{"FadeInDuration       = ", KVO_TEXT(FadInVal),
+            KVO_TAKE(fade(r, t, 3.0F, &Preferences::FadInVal);)},
+    HeadRow{"FadeOutDuration      = ", KVO_TEXT(FadOutVal),
+            KVO_TAKE(fade(r, t, 5.0F, &Preferences::FadOutVal);)},
     KVO_NUMBER("PreviewCPU           = ", PreviewCPU, 5, [](Integer v) { return v >= 1 && v <= 10; }),
     KVO_PLAIN("DubInAudioTrks       = ", DubInPlaylistAudioTrks),
     KVO_PLAIN("ExternalAudioStack   = ", ExternalAudioStack),
@@ -218,17 +243,17 @@ constexpr std::array kEditRows = {
     KVO_PLAIN("RenderWarnings       = ", OutputWarningsOn),
     HeadRow{"Keyframes            = ", KVO_TEXT(KeyframeCount),
             KVO_TAKE(const auto v = numberOr<Long>(r, t, 0, [](Long n) { return n >= 0 && n <= 10000; });
-                     r.settings.KeyframeCount(v.value_or(0));)},
+                     r.settings.adjust().KeyframeCount = v.value_or(0);)},
     HeadRow{"DirectXPrebuffer     = ", KVO_TEXT(DirectXPrebuffer),
             KVO_TAKE(const bool good = ToNumber(t) > 0 && ToNumber(t) < 1024; if (!good) r.rewrite = true;
-                     r.settings.DirectXPrebuffer(good ? std::string(t) : "30");)},
+                     r.settings.adjust().DirectXPrebuffer = good ? std::string(t) : "30";)},
     KVO_NUMBER("MaxParticles         = ", MaxParticles, 64, [](Integer v) { return v >= 2 && v <= 31000; }),
     KVO_NUMBER("ParticleMotionSpeed  = ", ParticleMotionSpeed, 35, [](Integer v) { return v != 0; }),
     KVO_NUMBER("ParticleSpinSpeed    = ", ParticleSpinSpeed, 35, [](Integer v) { return v != 0; }),
     KVO_PLAIN("UseParticleDefaults  = ", UseParticleDefaults),
     HeadRow{"GrfFileName          = ", KVO_TEXT(GrfFileName),
             KVO_TAKE(const auto name = t.empty() ? r.folder.beside("\\KVORender.grf") : std::string(t);
-                     r.settings.GrfFileName(replaced(replaced(name, "\\\\", "\\"), "//", "/"));)},
+                     r.settings.adjust().GrfFileName = replaced(replaced(name, "\\\\", "\\"), "//", "/");)},
     KVO_PLAIN("OutputGrf            = ", OutputGRF),
     KVO_PLAIN("PartExponProgDur     = ", PartExponentialProgressDuration),
     KVO_PLAIN("PartExponProgScale   = ", PartExponentialProgressScale),
@@ -238,7 +263,7 @@ constexpr std::array kEditRows = {
     KVO_PLAIN("AutoStartKeyFramePreviews = ", AutoStartKeyFramePreviews),
     KVO_PLAIN("KVOFastEdit           = ", KVOFastEdit),
     HeadRow{"StillSavePath         = ", KVO_TEXT(StillSavePath),
-            KVO_TAKE(r.settings.StillSavePath(std::string(t));), true},
+            KVO_TAKE(r.settings.adjust().StillSavePath = std::string(t);), true},
 };
 static_assert(kEditRows.size() == 35 && kPrefsRows.size() == 18);
 
@@ -247,66 +272,67 @@ static_assert(kEditRows.size() == 35 && kPrefsRows.size() == 18);
 #undef KVO_PLAIN
 #undef KVO_NUMBER
 #undef KVO_WRITTEN_ONLY
+#undef KVO_MIRROR
 
 void withoutPrefs(HeadRead& r) {
-  const KVO2 fresh;
+  const Preferences fresh;
   auto& s = r.settings;
-  s.SkinPath("");
-  s.DefZoom(fresh.DefZoom());
-  s.ShowPlayList(fresh.ShowPlayList());
-  s.UseWMPfirst(fresh.UseWMPfirst());
-  s.TitleDispClr(fresh.TitleDispClr());
-  s.LoopPreviews(true);
-  s.CDDBMode(fresh.CDDBMode());
-  s.ModemType(fresh.ModemType());
-  s.MouseWheelControl(fresh.MouseWheelControl());
-  s.RewAtEnd(false);
-  s.ScrollDelay(fresh.ScrollDelay());
-  s.WheelTripPlay(fresh.WheelTripPlay());
-  s.EncodeProfiletoUse(fresh.EncodeProfiletoUse());
-  s.SliderPauseOnRepo(true);
-  s.MPEGRoutingVMR(false);
+  s.adjust().SkinPath = "";
+  s.adjust().DefZoom = fresh.DefZoom;
+  s.adjust().ShowPlayList = fresh.ShowPlayList;
+  s.adjust().UseWMPfirst = fresh.UseWMPfirst;
+  s.adjust().TitleDispClr = fresh.TitleDispClr;
+  s.user.LoopPreviews = true;
+  s.adjust().CDDBMode = fresh.CDDBMode;
+  s.adjust().ModemType = fresh.ModemType;
+  s.adjust().MouseWheelControl = fresh.MouseWheelControl;
+  s.user.RewAtEnd = false;
+  s.adjust().ScrollDelay = fresh.ScrollDelay;
+  s.adjust().WheelTripPlay = fresh.WheelTripPlay;
+  s.adjust().EncodeProfiletoUse = fresh.EncodeProfiletoUse;
+  s.user.SliderPauseOnRepo = true;
+  s.user.MPEGRoutingVMR = false;
   r.rewrite = true;
 }
 
 void withoutEditPrefs(HeadRead& r) {
-  const KVO2 fresh;
+  const Preferences fresh;
   auto& s = r.settings;
-  s.OutputResolution(fresh.OutputResolution());
-  s.OutPutFrameRate(fresh.OutPutFrameRate());
-  s.OutputColorDepth(fresh.OutputColorDepth());
-  s.PreviewType(fresh.PreviewType());
-  s.FadInVal(fresh.FadInVal());
-  s.FadOutVal(fresh.FadOutVal());
-  s.PreviewCPU(fresh.PreviewCPU());
-  s.DubInPlaylistAudioTrks(fresh.DubInPlaylistAudioTrks());
-  s.ExternalAudioStack(fresh.ExternalAudioStack());
-  s.RenderVideoAudio(fresh.RenderVideoAudio());
-  s.RenderHeight(fresh.RenderHeight());
-  s.RenderWidth(fresh.RenderWidth());
-  s.AutoTrimAudio(fresh.AutoTrimAudio());
-  s.ApplyOverlayFadeInOut(fresh.ApplyOverlayFadeInOut());
-  s.TrackFadeInOut(fresh.TrackFadeInOut());
-  s.GlobalTransitions(fresh.GlobalTransitions());
-  s.VideoTrackFadeAmt(fresh.VideoTrackFadeAmt());
-  s.RenderEstimateSecs(fresh.RenderEstimateSecs());
-  s.OutputWarningsOn(fresh.OutputWarningsOn());
-  s.KeyframeCount(0);
-  s.DirectXPrebuffer(fresh.DirectXPrebuffer());
-  s.MaxParticles(fresh.MaxParticles());
-  s.ParticleMotionSpeed(fresh.ParticleMotionSpeed());
-  s.ParticleSpinSpeed(fresh.ParticleSpinSpeed());
-  s.UseParticleDefaults(fresh.UseParticleDefaults());
-  s.GrfFileName(r.folder.beside("\\KVORender.grf"));
-  s.OutputGRF(fresh.OutputGRF());
-  s.PartExponentialProgressDuration(fresh.PartExponentialProgressDuration());
-  s.PartExponentialProgressScale(fresh.PartExponentialProgressScale());
-  s.RenderDiskWarning(fresh.RenderDiskWarning());
-  s.RenderTimeWarning(fresh.RenderTimeWarning());
-  s.RenderAutoView(fresh.RenderAutoView());
-  s.AutoStartKeyFramePreviews(fresh.AutoStartKeyFramePreviews());
-  s.KVOFastEdit(fresh.KVOFastEdit());
-  s.StillSavePath(r.folder.beside("\\ExtractedFrames"));
+  s.change().OutputResolution = fresh.OutputResolution;
+  s.change().OutPutFrameRate = fresh.OutPutFrameRate;
+  s.change().OutputColorDepth = fresh.OutputColorDepth;
+  s.change().PreviewType = fresh.PreviewType;
+  s.change().FadInVal = fresh.FadInVal;
+  s.change().FadOutVal = fresh.FadOutVal;
+  s.change().PreviewCPU = fresh.PreviewCPU;
+  s.change().DubInPlaylistAudioTrks = fresh.DubInPlaylistAudioTrks;
+  s.change().ExternalAudioStack = fresh.ExternalAudioStack;
+  s.adjust().RenderVideoAudio = fresh.RenderVideoAudio;
+  s.adjust().RenderHeight = fresh.RenderHeight;
+  s.adjust().RenderWidth = fresh.RenderWidth;
+  s.adjust().AutoTrimAudio = fresh.AutoTrimAudio;
+  s.adjust().ApplyOverlayFadeInOut = fresh.ApplyOverlayFadeInOut;
+  s.change().TrackFadeInOut = fresh.TrackFadeInOut;
+  s.adjust().GlobalTransitions = fresh.GlobalTransitions;
+  s.change().VideoTrackFadeAmt = fresh.VideoTrackFadeAmt;
+  s.adjust().RenderEstimateSecs = fresh.RenderEstimateSecs;
+  s.adjust().OutputWarningsOn = fresh.OutputWarningsOn;
+  s.adjust().KeyframeCount = 0;
+  s.adjust().DirectXPrebuffer = fresh.DirectXPrebuffer;
+  s.adjust().MaxParticles = fresh.MaxParticles;
+  s.adjust().ParticleMotionSpeed = fresh.ParticleMotionSpeed;
+  s.adjust().ParticleSpinSpeed = fresh.ParticleSpinSpeed;
+  s.adjust().UseParticleDefaults = fresh.UseParticleDefaults;
+  s.adjust().GrfFileName = r.folder.beside("\\KVORender.grf");
+  s.adjust().OutputGRF = fresh.OutputGRF;
+  s.adjust().PartExponentialProgressDuration = fresh.PartExponentialProgressDuration;
+  s.adjust().PartExponentialProgressScale = fresh.PartExponentialProgressScale;
+  s.adjust().RenderDiskWarning = fresh.RenderDiskWarning;
+  s.adjust().RenderTimeWarning = fresh.RenderTimeWarning;
+  s.adjust().RenderAutoView = fresh.RenderAutoView;
+  s.adjust().AutoStartKeyFramePreviews = fresh.AutoStartKeyFramePreviews;
+  s.adjust().KVOFastEdit = fresh.KVOFastEdit;
+  s.adjust().StillSavePath = r.folder.beside("\\ExtractedFrames");
   r.rewrite = true;
 }
 

@@ -80,7 +80,7 @@ bool isDirty(const Collection& collection, const KVO2& settings);
 class ChangePoster : public RecordListener {
  public:
   explicit ChangePoster(KVO2& settings) : settings_(settings) {}
-  void postChange(Integer code, Integer below) override { settings_.postChange(code, below); }
+  void postChange(Integer code, Integer below) override { settings_.state.postChange(code, below); }
   void endOfPlayMoved(const Movie& /*clip*/) override {}
 
  private:

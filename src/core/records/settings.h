@@ -1,205 +1,225 @@
-// KVO2: every preference and the run-time state that rooms share, as named fields. The preferences travel
-// with the collection file; opening another collection replaces them. A fresh object holds the values that
-// apply when a file has no section for them.
+// KVO2: every preference and the run-time state that rooms share, as named fields in three structs. The
+// preferences travel with the collection file; opening another collection replaces them. The per-user values
+// stay with the user. The run-time state is never kept. A fresh object holds the values that apply when a
+// file has no section for them.
 #pragma once
 
 #include "core/records/field_types.h"
 #include "ports/user_store.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace kvo {
 
-#define KVO_SETTING(Type, Name, Default)                         \
- public:                                                         \
-  [[nodiscard]] const Type& Name() const { return field##Name; } \
-  void Name(Type value) { field##Name = std::move(value); }      \
-                                                                 \
- private:                                                        \
-  Type field##Name { Default }
+/// The preferences of which each change is a change of the collection: they are reached by KVO2::change().
+struct MarkingPreferences {
+  std::string DefaultStartupVid;
+  Integer MoviesInGroup = 0;
+  Boolean MuteAtStart = false;
+  Integer DelayTimer = 0;
+  std::string DisplayColor = "&H00FF0000&";
+  std::string JoinSaveAs;
+  std::string LoadFrom;
+  Integer OutputResolution = 8;
+  Single OutPutFrameRate = 25;    ///< frames a second
+  Integer OutputColorDepth = 24;  ///< bits: 16, 24 or 32
+  Integer PreviewType = 0;
+  std::string ExternalOverlayTrackName;  ///< the one that the file does not hold
+  Boolean DubInPlaylistAudioTrks = false;
+  Boolean ExternalAudioStack = true;
+  Single FadInVal = 0.5F;   ///< seconds
+  Single FadOutVal = 0.5F;  ///< seconds
+  Integer PreviewCPU = 5;   ///< power value 1 to 10
+  Single TrackFadeInOut = 4;
+  Single VideoTrackFadeAmt = 10;  ///< tenths of a second
+};
 
-// As KVO_SETTING, and the setter marks the collection as changed.
-#define KVO_SAVED_SETTING(Type, Name, Default)                   \
- public:                                                         \
-  [[nodiscard]] const Type& Name() const { return field##Name; } \
-  void Name(Type value) {                                        \
-    field##Name = std::move(value);                              \
-    fieldIsDirty = true;                                         \
-  }                                                              \
-                                                                 \
- private:                                                        \
-  Type field##Name { Default }
-
-#define KVO_USER_SETTING(Type, Name, InStore, Default)                                       \
- public:                                                                                     \
-  [[nodiscard]] Type Name() const { return fromStore<Type>(InStore, field##Name, Default); } \
-  void Name(Type value) {                                                                    \
-    field##Name = value;                                                                     \
-    if (store_ != nullptr) store_->write(InStore, fieldText(value));                         \
-  }                                                                                          \
-                                                                                             \
- private:                                                                                    \
-  Type field##Name { Default }
-
-class KVO2 {
+/// The others: who changes one says whether the collection is to be offered for saving.
+struct QuietPreferences {
   // Program and user
-  KVO_SETTING(std::string, ProgramVersion, );
-  KVO_SETTING(Boolean, ShowAnimtext, false);
-  KVO_SETTING(Boolean, AnimMovRand, true);
-  KVO_SETTING(std::string, RunMode, "CREATOR");
-  KVO_SETTING(std::string, ErrorLog, );
-  KVO_SETTING(Value, SoundCard, );
-  KVO_SAVED_SETTING(std::string, DefaultStartupVid, );
-  KVO_SAVED_SETTING(Integer, MoviesInGroup, 0);
-  KVO_SETTING(std::string, Support, );
-  KVO_SETTING(std::string, UserName, "Unknown");
-  KVO_SETTING(std::string, Organisation, "Unknown");
-  KVO_SETTING(std::string, ReplyTo, );
-  KVO_SETTING(std::string, Email, "Unknown");
-  KVO_SETTING(Boolean, ShowSplash, false);
-  KVO_SAVED_SETTING(Boolean, MuteAtStart, false);
-  KVO_SETTING(Boolean, CDAutoAnim, true);
-  KVO_SETTING(Boolean, AnimFS, false);
-  KVO_SAVED_SETTING(Integer, DelayTimer, 0);
-  KVO_SETTING(Long, ShowVids, 0);  // flag
-  KVO_SETTING(Long, ScrMarq, 0);   // flag
-  KVO_SETTING(std::string, DefZoom, "100");
-  KVO_SETTING(std::string, SkinPath, );
-  KVO_SETTING(std::string, CDROMDrive, );
-  KVO_SETTING(Long, ToolTipsOn, 0);  // flag
-  KVO_SAVED_SETTING(std::string, DisplayColor, "&H00FF0000&");
-  KVO_SETTING(Long, AcceptedAgreement, -1);  // flag
-  KVO_SAVED_SETTING(std::string, JoinSaveAs, );
-  KVO_SAVED_SETTING(std::string, LoadFrom, );
-  KVO_SETTING(Long, NoofUses, 0);
-  KVO_SETTING(Boolean, IsDirty, false);
-  KVO_SETTING(Value, TextFont, "Ariel");
-  KVO_SETTING(Value, TextStyle, "Regular");
-  KVO_SETTING(std::string, TextColor, "&H00FF0000&");
-  KVO_SETTING(Value, TextSize, 10);
-  KVO_SETTING(Boolean, ShowPlayList, true);
-  KVO_SETTING(Boolean, UseWMPfirst, false);
-  KVO_SETTING(std::string, TitleDispClr, "65280");
-  KVO_SETTING(std::string, SkinLoadfrom, );
-  KVO_SETTING(Boolean, HideKVOOnWebshow, false);
-  KVO_SETTING(Integer, CDDBMode, 1);
-  KVO_SETTING(Long, ModemType, 350);
-  KVO_SETTING(Integer, MouseWheelControl, 2);
-  KVO_SETTING(double, ScrollDelay, 0.2);  // seconds
+  std::string ProgramVersion;
+  Boolean ShowAnimtext = false;
+  Boolean AnimMovRand = true;
+  std::string RunMode = "CREATOR";
+  std::string ErrorLog;
+  Value SoundCard;
+  std::string Support;
+  std::string UserName = "Unknown";
+  std::string Organisation = "Unknown";
+  std::string ReplyTo;
+  std::string Email = "Unknown";
+  Boolean ShowSplash = false;
+  Boolean CDAutoAnim = true;
+  Boolean AnimFS = false;
+  Long ShowVids = 0;  ///< flag
+  std::string DefZoom = "100";
+  std::string SkinPath;
+  Long AcceptedAgreement = kFlagOn;  ///< flag
+  Long NoofUses = 0;
+  Value TextFont{"Ariel"};
+  Value TextStyle{"Regular"};
+  std::string TextColor = "&H00FF0000&";
+  Value TextSize{10};
+  Boolean ShowPlayList = true;
+  Boolean UseWMPfirst = false;
+  std::string TitleDispClr = "65280";
+  Integer CDDBMode = 1;
+  Long ModemType = 350;
+  Integer MouseWheelControl = 2;
+  double ScrollDelay = 0.2;  ///< seconds
 
   // Stills and output
-  KVO_SETTING(Single, DefaultStillFrameRate, 0);
-  KVO_SETTING(Single, DefaultStillDuration, 7);  // seconds
-  KVO_SETTING(Boolean, StillsIndividual, false);
-  KVO_SAVED_SETTING(Integer, OutputResolution, 8);
-  KVO_SAVED_SETTING(Single, OutPutFrameRate, 25);    // frames a second
-  KVO_SAVED_SETTING(Integer, OutputColorDepth, 24);  // bits: 16, 24 or 32
-  KVO_SAVED_SETTING(Integer, PreviewType, 0);
-  KVO_SETTING(Boolean, ShowFrameOrTime, false);
-  KVO_SAVED_SETTING(std::string, ExternalOverlayTrackName, );
-  KVO_SAVED_SETTING(Boolean, DubInPlaylistAudioTrks, false);
-  KVO_SAVED_SETTING(Boolean, ExternalAudioStack, true);
-  KVO_SETTING(Integer, RenderHeight, 320);
-  KVO_SETTING(Integer, RenderWidth, 240);
-  KVO_SETTING(std::string, ColLoadFrom, );
-  KVO_SAVED_SETTING(Single, FadInVal, 0.5F);   // seconds
-  KVO_SAVED_SETTING(Single, FadOutVal, 0.5F);  // seconds
-  KVO_SAVED_SETTING(Integer, PreviewCPU, 5);   // power value 1 to 10
-  KVO_SETTING(Boolean, ShuttleProInstalled, false);
-  KVO_SETTING(Boolean, RenderVideoAudio, true);
-  KVO_SETTING(Boolean, AutoTrimAudio, true);
-  KVO_SAVED_SETTING(Single, TrackFadeInOut, 4);
-  KVO_SETTING(Boolean, ApplyOverlayFadeInOut, false);
-  KVO_SETTING(Boolean, GlobalTransitions, true);
-  KVO_SAVED_SETTING(Single, VideoTrackFadeAmt, 10);  // tenths of a second
-  KVO_SETTING(Integer, ObjectChange, 0);             // change code
-  KVO_SETTING(Boolean, AllDetOff, false);
-  KVO_SETTING(Boolean, ShowFillist, false);
-  KVO_SETTING(Boolean, ShowCaps, false);
-  KVO_SETTING(Integer, InterClipDelay, 0);
-  KVO_SETTING(Integer, WheelTripPlay, 7);
-  KVO_SETTING(Integer, EncodeProfiletoUse, 1);
-  KVO_SETTING(Integer, FileToEncodeLength, 0);
-  KVO_SETTING(Boolean, RenderEffects, true);
-  KVO_SETTING(Boolean, RenderTransitions, true);
-  KVO_SETTING(Integer, RenderEstimateSecs, 5);
-  KVO_SETTING(Boolean, OutputWarningsOn, true);
-  KVO_SETTING(Integer, KeyframeMode, 0);
-  KVO_SETTING(Integer, KeyframeEffectNo, 0);
-  KVO_SETTING(Long, KeyframeCount, 0);
-  KVO_SETTING(Boolean, KeyframePreview, false);
-  KVO_SETTING(Single, PreviewFrameRate, 0);
-  KVO_SETTING(std::string, DirectXPrebuffer, "30");
-  KVO_SETTING(double, TimeLineVideoTotTime, 0);  // seconds
-  KVO_SETTING(Boolean, OutputGRF, false);
+  Boolean StillsIndividual = false;
+  Integer RenderHeight = 320;
+  Integer RenderWidth = 240;
+  std::string ColLoadFrom;
+  Boolean RenderVideoAudio = true;
+  Boolean AutoTrimAudio = true;
+  Boolean ApplyOverlayFadeInOut = false;
+  Boolean GlobalTransitions = true;
+  Integer WheelTripPlay = 7;
+  Integer EncodeProfiletoUse = 1;
+  Integer RenderEstimateSecs = 5;
+  Boolean OutputWarningsOn = true;
+  Long KeyframeCount = 0;
+  std::string DirectXPrebuffer = "30";
+  Boolean OutputGRF = false;
 
   // Particles
-  KVO_SETTING(Integer, MaxParticles, 64);
-  KVO_SETTING(Integer, ParticleMotionSpeed, 35);
-  KVO_SETTING(Integer, ParticleSpinSpeed, 10);
-  KVO_SETTING(std::string, GrfFileName, );
-  KVO_SETTING(Boolean, UseParticleDefaults, true);
-  KVO_SETTING(Single, PartExponentialProgressDuration, 0.9F);
-  KVO_SETTING(Single, PartExponentialProgressScale, 0.25F);
+  Integer MaxParticles = 64;
+  Integer ParticleMotionSpeed = 35;
+  Integer ParticleSpinSpeed = 10;
+  std::string GrfFileName;
+  Boolean UseParticleDefaults = true;
+  Single PartExponentialProgressDuration = 0.9F;
+  Single PartExponentialProgressScale = 0.25F;
 
-  // Preview, waveform, editor
-  KVO_SETTING(Boolean, IsPreviewRunning, false);
-  KVO_SETTING(Boolean, WavSpikesOn, false);
-  KVO_SETTING(std::string, CurrentWaveForm, );
-  KVO_SETTING(Integer, WavPollFreq, 0);
-  KVO_SETTING(Integer, WavSampleFreq, 0);
-  KVO_SETTING(Boolean, RenderDiskWarning, true);
-  KVO_SETTING(Boolean, RenderTimeWarning, true);
-  KVO_SETTING(Boolean, RenderAutoView, false);
-  KVO_SETTING(Long, WavPicWidth, 0);
-  KVO_SETTING(Boolean, KVOIsInEditMode, false);
-  KVO_SETTING(Boolean, KVOFastEdit, false);
-  KVO_SETTING(Boolean, AutoStartKeyFramePreviews, false);
-  KVO_SETTING(std::string, StillSavePath, );
-  KVO_SETTING(std::string, Instructs, );
-  KVO_SETTING(Integer, CurrTVChannel, 0);
-  KVO_SETTING(Boolean, EditorFramesizeWarn, false);
-  KVO_SETTING(Boolean, EditorMorphMode, false);
+  // Renders and the editor
+  Boolean RenderDiskWarning = true;
+  Boolean RenderTimeWarning = true;
+  Boolean RenderAutoView = false;
+  Boolean KVOFastEdit = false;
+  Boolean AutoStartKeyFramePreviews = false;
+  std::string StillSavePath;
+};
 
-  // Per user: with a store attached each read sees what any copy of the program wrote last. The collection
-  // file only mirrors these.
-  KVO_USER_SETTING(Boolean, ShowWavWithVideo, "ShowWavWithVideo", false);
-  KVO_USER_SETTING(Integer, SliderSpeed, "SliderSpeed", 450);  // milliseconds
-  KVO_USER_SETTING(Boolean, DefaultZoom100, "DefaultZoom100", false);
-  KVO_USER_SETTING(Boolean, MPEGRoutingVMR, "MPEGRoutingVMR", false);
-  KVO_USER_SETTING(Boolean, SliderPauseOnRepo, "SliderPauseOnRepo", false);
-  KVO_USER_SETTING(Boolean, RewAtEnd, "RewAtEnd", false);
-  KVO_USER_SETTING(Boolean, LoopPreviews, "LoopPreviews", false);
-  KVO_USER_SETTING(Boolean, LoopCol, "LoopCol", false);
-  KVO_USER_SETTING(Integer, StillDelayTimer, "Stilldelay", 7);  // seconds
+/// What the head of a collection file holds.
+struct Preferences : MarkingPreferences, QuietPreferences {};
 
+/// A per-user value: with a store attached each read sees what any copy of the program wrote last, and one
+/// that is missing is written with its default.
+template <class Type>
+class UserValue {
  public:
-  /// Where the per-user values are kept, not owned; null keeps them in memory.
-  void attach(UserStore* store) { store_ = store; }
+  UserValue(UserStore* const& store, std::string_view name, Type otherwise)
+      : store_(store), name_(name), otherwise_(otherwise), inMemory_(otherwise) {}
+  UserValue(const UserValue&) = delete;
+  UserValue& operator=(const UserValue&) = delete;
 
- public:
-  /// The change code becomes `code` if it is below `below` now.
-  void postChange(Integer code, Integer below) {
-    if (fieldObjectChange < below) fieldObjectChange = code;
+  operator Type() const {
+    if (store_ == nullptr) return inMemory_;
+    const auto text = store_->read(name_);
+    if (text.empty()) store_->write(name_, fieldText(otherwise_));
+    auto value = otherwise_;
+    takeField(value, text);
+    return value;
+  }
+  UserValue& operator=(Type value) {
+    inMemory_ = value;
+    if (store_ != nullptr) store_->write(name_, fieldText(value));
+    return *this;
   }
 
  private:
-  // The value in the store; one that is missing is written with its default.
-  template <class Type>
-  [[nodiscard]] Type fromStore(std::string_view name, Type inMemory, Type otherwise) const {
-    if (store_ == nullptr) return inMemory;
-    const auto text = store_->read(name);
-    if (text.empty()) store_->write(name, fieldText(otherwise));
-    takeField(otherwise, text);
-    return otherwise;
-  }
-
-  UserStore* store_ = nullptr;
+  UserStore* const& store_;
+  std::string_view name_;  // in the store
+  Type otherwise_;
+  Type inMemory_;
 };
 
-#undef KVO_SETTING
-#undef KVO_SAVED_SETTING
-#undef KVO_USER_SETTING
+/// What is the user's and no collection's; the collection file only mirrors it.
+class UserValues {
+  UserStore* store_ = nullptr;
+
+ public:
+  UserValue<Boolean> ShowWavWithVideo{store_, "ShowWavWithVideo", false};
+  UserValue<Integer> SliderSpeed{store_, "SliderSpeed", 450};  ///< milliseconds
+  UserValue<Boolean> DefaultZoom100{store_, "DefaultZoom100", false};
+  UserValue<Boolean> MPEGRoutingVMR{store_, "MPEGRoutingVMR", false};
+  UserValue<Boolean> SliderPauseOnRepo{store_, "SliderPauseOnRepo", false};
+  UserValue<Boolean> RewAtEnd{store_, "RewAtEnd", false};
+  UserValue<Boolean> LoopPreviews{store_, "LoopPreviews", false};
+  UserValue<Boolean> LoopCol{store_, "LoopCol", false};
+  UserValue<Integer> StillDelayTimer{store_, "Stilldelay", 7};  ///< seconds
+
+  /// Where the values are kept, not owned; null keeps them in memory.
+  void attach(UserStore* store) { store_ = store; }
+};
+
+/// What is never kept.
+struct RunState {
+  Boolean IsDirty = false;   ///< the preferences or the list differ from the file
+  Integer ObjectChange = 0;  ///< change code
+
+  /// The change code becomes `code` if it is below `below` now.
+  void postChange(Integer code, Integer below) {
+    if (ObjectChange < below) ObjectChange = code;
+  }
+
+  Long ScrMarq = 0;  ///< flag
+  std::string CDROMDrive;
+  Long ToolTipsOn = 0;  ///< flag
+  std::string SkinLoadfrom;
+  Boolean HideKVOOnWebshow = false;
+  Single DefaultStillFrameRate = 0;
+  Single DefaultStillDuration = 7;  ///< seconds
+  Boolean ShowFrameOrTime = false;
+  Boolean ShuttleProInstalled = false;
+  Boolean AllDetOff = false;
+  Boolean ShowFillist = false;
+  Boolean ShowCaps = false;
+  Integer InterClipDelay = 0;  ///< seconds
+  Integer FileToEncodeLength = 0;
+  Boolean RenderEffects = true;
+  Boolean RenderTransitions = true;
+  Integer KeyframeMode = 0;
+  Integer KeyframeEffectNo = 0;
+  Boolean KeyframePreview = false;
+  Single PreviewFrameRate = 0;
+  double TimeLineVideoTotTime = 0;  ///< seconds
+  Boolean IsPreviewRunning = false;
+  Boolean WavSpikesOn = false;
+  std::string CurrentWaveForm;
+  Integer WavPollFreq = 0;
+  Integer WavSampleFreq = 0;
+  Long WavPicWidth = 0;
+  Boolean KVOIsInEditMode = false;
+  std::string Instructs;
+  Integer CurrTVChannel = 0;
+  Boolean EditorFramesizeWarn = false;
+  Boolean EditorMorphMode = false;
+};
+
+class KVO2 {
+ public:
+  [[nodiscard]] const Preferences& preferences() const { return preferences_; }
+
+  /// To write those of which a change is a change of the collection: asking for them marks it as changed.
+  MarkingPreferences& change() {
+    state.IsDirty = true;
+    return preferences_;
+  }
+
+  /// To write the others.
+  QuietPreferences& adjust() { return preferences_; }
+
+  UserValues user;
+  RunState state;
+
+ private:
+  Preferences preferences_;
+};
 
 }  // namespace kvo

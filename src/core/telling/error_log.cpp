@@ -26,11 +26,12 @@ std::string entryOf(std::string_view text, std::string_view date, std::string_vi
 
 void ErrorLog::LogError(std::string_view text) {
   texts_.emplace_back(text);
-  if (settings_.ErrorLog().empty()) settings_.ErrorLog(folder_.beside("\\KVOError.Log"));
+  if (settings_.preferences().ErrorLog.empty())
+    settings_.adjust().ErrorLog = folder_.beside("\\KVOError.Log");
   const auto now = clock_.now();
   const auto date = dateText(now) + "  -  ";
   const auto told = std::string(text) + " Error Logged at >>  - " + date + "\r";
-  if (files_.append(settings_.ErrorLog(), entryOf(told, date, timeText(now)))) return;
+  if (files_.append(settings_.preferences().ErrorLog, entryOf(told, date, timeText(now)))) return;
   // Should this fail too, there is nobody left to tell: the work that had something to say goes on.
   static_cast<void>(files_.append(folder_.beside("\\KVOERROR.LOG"), std::string(" **** W A R N I N G ****")
                                                                         .append(LoadResString(180))

@@ -11,7 +11,8 @@ namespace {
 constexpr std::string_view kOkPrompt = "Click OK to continue";
 
 std::string_view supportLine(const KVO2& settings) {
-  return settings.Support().empty() ? kSupportLine : std::string_view(settings.Support());
+  return settings.preferences().Support.empty() ? kSupportLine
+                                                : std::string_view(settings.preferences().Support);
 }
 
 }  // namespace

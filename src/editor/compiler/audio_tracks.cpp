@@ -60,7 +60,7 @@ void addClipAudio(const Compilation& c, int number) {
                      .Silent = true,
                      .WithFades = false});
   } else {
-    const auto fade = CalcAutofade(start, stop, c.settings.VideoTrackFadeAmt() / 10);
+    const auto fade = CalcAutofade(start, stop, c.settings.preferences().VideoTrackFadeAmt / 10);
     AddLevelingInfo(c, text,
                     {.ClipNo = number,
                      .StartText = start,
@@ -165,7 +165,7 @@ void AddOverlayAudioTracks(const Compilation& c, bool quiet) {
   if (!quiet) editor.controls.Lbl_Status = "Analysing Overlay Audio";
   editor.texts.AudioTrackText += kCrLf;
   OverlayPass pass;
-  if (c.settings.AutoTrimAudio()) pass.videoEnd = ToNumber(editor.LastClipStop);
+  if (c.settings.preferences().AutoTrimAudio) pass.videoEnd = ToNumber(editor.LastClipStop);
   for (int i = 1; i <= c.clips().count() && !pass.stopped; ++i) {
     const auto& clip = c.clips()[i];
     if (!clip.RenderAudio() || !isMusic(c, clip)) continue;
@@ -175,7 +175,7 @@ void AddOverlayAudioTracks(const Compilation& c, bool quiet) {
     addOverlay(c, i, pass);
   }
   editor.AudioTotalTime = ShortText(ToNumber(pass.lastStop));
-  if (c.settings.AutoTrimAudio() && ToNumber(editor.VideoTotalTime) >= ToNumber(pass.lastStop)) {
+  if (c.settings.preferences().AutoTrimAudio && ToNumber(editor.VideoTotalTime) >= ToNumber(pass.lastStop)) {
     editor.AudioTotalTime = editor.VideoTotalTime;
   }
   editor.controls.Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), "000.000");

@@ -94,18 +94,18 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
   const KeepRecords keep(c);
   auto& editor = c.editor;
   auto& settings = c.settings;
-  if (GetNumAudioTracks(c) >= 1) settings.DubInPlaylistAudioTrks(true);
+  if (GetNumAudioTracks(c) >= 1) settings.change().DubInPlaylistAudioTrks = true;
   UpdateTrackFade(c, true);
   const bool preview = o.TransitionPreview;
   if (o.Analysing) {
-    static_cast<void>(GetPreviewParams(c, settings.PreviewCPU()));
+    static_cast<void>(GetPreviewParams(c, settings.preferences().PreviewCPU));
   } else {
-    settings.RenderEffects(true);
-    settings.RenderTransitions(true);
+    settings.state.RenderEffects = true;
+    settings.state.RenderTransitions = true;
   }
-  const bool showProgress = !preview && settings.ObjectChange() < kQuietChange;
+  const bool showProgress = !preview && settings.state.ObjectChange < kQuietChange;
   if (preview) {
-    settings.RenderTransitions(true);
+    settings.state.RenderTransitions = true;
   } else {
     editor.AudioTotalTime.clear();
     editor.controls.progressVisible = showProgress;
@@ -116,7 +116,7 @@ void CreateClipLine(const Compilation& c, ClipLineOptions o) {
   const KeyframeIndex keyframes(c);
   const int first = preview ? o.FirstClip : 1;
   const int last = preview ? o.LastClip : c.clips().count();
-  const bool fullCompile = settings.ObjectChange() == 0;
+  const bool fullCompile = settings.state.ObjectChange == 0;
   auto& tracks = editor.texts.VideoTrackText;
   const auto endTrack = [&] { tracks += blanks(10) + "</track>\r\n\r\n"; };
   double running = 0;

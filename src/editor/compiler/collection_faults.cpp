@@ -59,13 +59,14 @@ class Faults {
   [[nodiscard]] bool anyTakesPart() const {
     for (int i = 1; i <= c_.clips().count(); ++i) {
       const auto& clip = c_.clips()[i];
-      if (!isSound(c_, clip) || (clip.RenderAudio() && c_.settings.DubInPlaylistAudioTrks())) return true;
+      if (!isSound(c_, clip) || (clip.RenderAudio() && c_.settings.preferences().DubInPlaylistAudioTrks))
+        return true;
     }
     return false;
   }
 
   void outputFaults() {
-    const double rate = ToNumber(ShortText(c_.settings.OutPutFrameRate()));
+    const double rate = ToNumber(ShortText(c_.settings.preferences().OutPutFrameRate));
     if (rate < kLowestRate || rate > kHighestRate)
       stop("its frame rate of " + ShortText(rate) + " is not within 1 to 1000");
     const auto& editor = c_.editor;

@@ -18,7 +18,8 @@ double lengthOrDuration(const Compilation& c, int clipNo) {
   if (const double length = timelineLength(clip); length > 0) return length;
   const double duration = clip.DurationTime().number();
   const bool usesDefault = clip.IsStill() && duration <= 0;
-  return (usesDefault ? ToNumber(ShortText(c.settings.DefaultStillDuration())) : duration) / speedOf(clip);
+  return (usesDefault ? ToNumber(ShortText(c.settings.state.DefaultStillDuration)) : duration) /
+         speedOf(clip);
 }
 
 }  // namespace
@@ -49,9 +50,9 @@ void SortTransitionTimes(const Compilation& c, int clipNo) {
   auto& clip = c.clips()[clipNo];
   auto& slider = c.editor.controls.Sld_In;
   if (clip.TransType().empty()) clip.TransType("CUT");
-  const auto change = c.settings.ObjectChange();
-  if (clip.LoopEnd().text() == "N/A") clip.LoopEnd(Value(ShortText(c.settings.DefaultStillDuration())));
-  c.settings.ObjectChange(change);
+  const auto change = c.settings.state.ObjectChange;
+  if (clip.LoopEnd().text() == "N/A") clip.LoopEnd(Value(ShortText(c.settings.state.DefaultStillDuration)));
+  c.settings.state.ObjectChange = change;
   giveStillLength(c, clip);
   if (clipNo != 1) {
     const double most = ToNumber(CalcMaxTransitionDuration(c, clipNo)) * 10;
@@ -90,7 +91,7 @@ Long FindShortestCut(const Compilation& c, bool audioOnly) {
 void UpdateTrackFade(const Compilation& c, bool audioPass) {
   if (!audioPass) {
     const auto most = static_cast<Single>(FindShortestCut(c, false)) / 2 * 100 - 0.5F;
-    if (c.settings.VideoTrackFadeAmt() > most) c.settings.VideoTrackFadeAmt(most);
+    if (c.settings.preferences().VideoTrackFadeAmt > most) c.settings.change().VideoTrackFadeAmt = most;
     return;
   }
   for (int i = 1; i <= c.clips().count(); ++i) {
@@ -118,7 +119,7 @@ Autofade CalcAutofade(std::string_view startText, std::string_view stopText, Sin
 
 void SetAutoTrim(const Compilation& c) {
   const auto& controls = c.editor.controls;
-  c.settings.AutoTrimAudio(controls.Chk_AutoTrimEnabled && controls.Chk_AutoTrim);
+  c.settings.adjust().AutoTrimAudio = controls.Chk_AutoTrimEnabled && controls.Chk_AutoTrim;
 }
 
 }  // namespace kvo

@@ -131,7 +131,7 @@ Single mappedChannel(Single level) {
 void CreateBasicImageStringFromEffectWord(const Compilation& c, const KeyframeIndex& keyframes, int clipNo,
                                           const std::string& effectWord, const std::string& start,
                                           std::string& stop, std::string& result) {
-  if (!c.settings.RenderEffects()) return;
+  if (!c.settings.state.RenderEffects) return;
   stop = ShortText(ToNumber(stop) + kPastEnd);
   const EffectWord word(effectWord);
   const auto& clip = c.clips()[clipNo];
@@ -157,7 +157,7 @@ void CreateBasicImageStringFromEffectWord(const Compilation& c, const KeyframeIn
 }
 
 std::string AddColorContrastAdjust(const Compilation& c, int clipNo, const std::string& start) {
-  if (!c.settings.RenderEffects()) return {};
+  if (!c.settings.state.RenderEffects) return {};
   const auto& clip = c.clips()[clipNo];
   const Span span{start, ShortText(timelineLength(clip) + kColourPastEnd)};
   std::array<Single, 3> channels = {mappedChannel(clip.Red()), mappedChannel(clip.Green()),

@@ -103,7 +103,7 @@ void switchEffect(const Compilation& c, EffectControls& controls, int position, 
       break;
     default:
       if (id > 0) {
-        c.settings.KeyframeEffectNo(static_cast<Integer>(id));
+        c.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
         AddSingleBaseKeyFrame(c);
       }
   }
@@ -120,7 +120,7 @@ bool configureEffect(const Compilation& c, int position) {
            : position == static_cast<int>(EffectSwitch::MotionBlur) ? kMotionBlurEffect
                                                                     : 0;
   if (id == 0) c.editor.effects.GetEffectIDFromName(effectCaption(c, position), id);
-  c.settings.KeyframeEffectNo(static_cast<Integer>(id));
+  c.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
   return id > 0;
 }
 

@@ -51,7 +51,7 @@ Outcome WriteEffectsArrayToDisk(const Compilation& c) {
 }
 
 const EffectRow* GetEffectParams(const Compilation& c, std::string_view name, int& effectNo) {
-  if (effectNo == 0 && c.settings.KeyframeEffectNo() > 0) effectNo = c.settings.KeyframeEffectNo();
+  if (effectNo == 0 && c.settings.state.KeyframeEffectNo > 0) effectNo = c.settings.state.KeyframeEffectNo;
   const auto* row = c.editor.effects.named(name);
   if (row != nullptr) return effectNo >= kFirstFullRow ? row : nullptr;
   c.log.LogError("GetEffectParams Err - Failed to Find effect - rebuilding Effects table");

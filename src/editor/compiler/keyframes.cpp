@@ -22,7 +22,7 @@ std::string openLine(std::string_view name, std::string_view value) {
 std::string closeLine() { return blanks(20) + "</param>\r\n"; }
 
 Long toFrames(double seconds, const KVO2& settings) {
-  return toLongClamped(seconds * ToNumber(ShortText(settings.OutPutFrameRate())));
+  return toLongClamped(seconds * ToNumber(ShortText(settings.preferences().OutPutFrameRate)));
 }
 
 Long endFrame(const Compilation& c, const Movie& clip) {
@@ -82,7 +82,7 @@ std::vector<int> ownKeyframes(const Compilation& c) {
   const auto& list = c.collection.KeyframeList;
   std::vector<int> own;
   for (int i = 1; i <= list.count(); ++i) {
-    if (list[i].ClipName == keyId && list[i].EffectNo == c.settings.KeyframeEffectNo()) own.push_back(i);
+    if (list[i].ClipName == keyId && list[i].EffectNo == c.settings.state.KeyframeEffectNo) own.push_back(i);
   }
   return own;
 }
@@ -118,7 +118,7 @@ const std::vector<const Keyframe*>& KeyframeIndex::of(Long keyId, int effectNo) 
 }
 
 bool KeyFrameExists(const Compilation& c, int clipNo, Long frameNo, int effectNo) {
-  if (effectNo == 0) effectNo = c.settings.KeyframeEffectNo();
+  if (effectNo == 0) effectNo = c.settings.state.KeyframeEffectNo;
   const auto keyId = c.clips()[clipNo].KeyID();
   const auto& list = c.collection.KeyframeList;
   for (int i = 1; i <= list.count(); ++i) {
@@ -177,7 +177,7 @@ std::optional<int> GetBaseKeyFrameLink(const Compilation& c) {
   const auto keyId = c.clips()[c.collection.icurMov].KeyID();
   const auto& list = c.collection.KeyframeList;
   for (int i = 1; i <= list.count(); ++i) {
-    if (list[i].ClipName == keyId && list[i].EffectNo == c.settings.KeyframeEffectNo() &&
+    if (list[i].ClipName == keyId && list[i].EffectNo == c.settings.state.KeyframeEffectNo &&
         list[i].FrameNo == 0)
       return i;
   }
@@ -188,9 +188,9 @@ void WriteBaseKeyFrameToCollection(const Compilation& c, BaseKeyframe base, bool
   auto& settings = c.settings;
   auto& clip = c.clips()[c.collection.icurMov];
   if (sameText(trimmed(base.name), "MOTIONBLUR")) {
-    settings.KeyframeEffectNo(kMotionBlurEffect);
+    settings.state.KeyframeEffectNo = kMotionBlurEffect;
   }
-  int effectNo = settings.KeyframeEffectNo();
+  int effectNo = settings.state.KeyframeEffectNo;
   const bool isTableEffect = effectNo != kBlurEffect && effectNo != kMotionBlurEffect;
   const auto* row = isTableEffect ? GetEffectParams(c, base.name, effectNo) : nullptr;
   if (row != nullptr) {
@@ -222,20 +222,20 @@ void WriteBaseKeyFrameToCollection(const Compilation& c, BaseKeyframe base, bool
 
 void AddSingleBaseKeyFrame(const Compilation& c) {
   const int clipNo = c.collection.icurMov;
-  if (KeyFrameExists(c, clipNo, 0, c.settings.KeyframeEffectNo())) {
+  if (KeyFrameExists(c, clipNo, 0, c.settings.state.KeyframeEffectNo)) {
     c.boxes.show({"KVO5 - Duplicate Keyframe warning", "Frame 0 is already a keyframe.", BoxButtons::Ok,
                   BoxIcon::Warning});
     return;
   }
   BaseKeyframe base;
-  base.name = c.editor.effects.GetEffectNameFromID(c.settings.KeyframeEffectNo());
+  base.name = c.editor.effects.GetEffectNameFromID(c.settings.state.KeyframeEffectNo);
   WriteBaseKeyFrameToCollection(c, std::move(base), false);
   c.clips()[clipNo].HasKeyFrames(true);
 }
 
 bool AddKeyFrame(const Compilation& c, Long frameNo, Keyframe values) {
   const int clipNo = c.collection.icurMov;
-  const int effectNo = c.settings.KeyframeEffectNo();
+  const int effectNo = c.settings.state.KeyframeEffectNo;
   if (KeyFrameExists(c, clipNo, frameNo, effectNo)) {
     c.boxes.show(
         {"KVO5 - Duplicate Keyframe warning",
@@ -253,7 +253,7 @@ bool AddKeyFrame(const Compilation& c, Long frameNo, Keyframe values) {
   values.FrameNo = frameNo;
   values.EffectNo = static_cast<Integer>(effectNo);
   values.ClipName = c.clips()[clipNo].KeyID();
-  values.Time = Value(std::max(frameNo / ToNumber(ShortText(c.settings.OutPutFrameRate())), 0.0));
+  values.Time = Value(std::max(frameNo / ToNumber(ShortText(c.settings.preferences().OutPutFrameRate)), 0.0));
   list.add(std::move(values));
   c.clips()[clipNo].HasKeyFrames(true);
   return true;
@@ -282,7 +282,7 @@ void ValidateKeyFrames(const Compilation& c) {
 
 void KillAllKeyframeData(const Compilation& c) {
   const auto keyId = c.clips()[c.collection.icurMov].KeyID();
-  const int effectNo = c.settings.KeyframeEffectNo();
+  const int effectNo = c.settings.state.KeyframeEffectNo;
   c.collection.KeyframeList.removeIf([&](const Keyframe& k) {
     return k.ClipName == keyId && k.EffectNo == effectNo && k.Time.number() > 0;
   });

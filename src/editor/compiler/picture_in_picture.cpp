@@ -40,7 +40,7 @@ std::string digits(int value, std::size_t width) {
 void giveDuration(const Compilation& c, Movie& clip, bool isOverlay) {
   giveStillLength(c, clip);
   if (clip.DurationTime().text() != "N/A") return;
-  clip.DurationTime(Value(ToNumber(ShortText(c.settings.DefaultStillDuration()))));
+  clip.DurationTime(Value(ToNumber(ShortText(c.settings.state.DefaultStillDuration))));
   if (!isOverlay) return;
   clip.LoopStart(Value(0));
   clip.LoopEnd(clip.DurationTime());
@@ -229,14 +229,14 @@ int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo) {
 
 std::string CreatePinPPreview(const Compilation& c, int backdropNo, const PicInPicOptions& options) {
   const KeepRecords keep(c);
-  if (c.settings.PreviewCPU() == 0) c.settings.PreviewCPU(10);
-  const auto params = GetPreviewParams(c, c.settings.PreviewCPU());
-  c.settings.PreviewFrameRate(params.Rate);
-  c.settings.RenderEffects(true);
+  if (c.settings.preferences().PreviewCPU == 0) c.settings.change().PreviewCPU = 10;
+  const auto params = GetPreviewParams(c, c.settings.preferences().PreviewCPU);
+  c.settings.state.PreviewFrameRate = params.Rate;
+  c.settings.state.RenderEffects = true;
   int height = kPreviewHeight;
   int width = kPreviewWidth;
   if (!options.preview) GetHeightWidth(c.editor.controls, height, width);
-  const auto rate = options.preview ? params.Rate : c.settings.OutPutFrameRate();
+  const auto rate = options.preview ? params.Rate : c.settings.preferences().OutPutFrameRate;
 
   auto& backdrop = c.clips()[backdropNo];
   giveDuration(c, backdrop, false);

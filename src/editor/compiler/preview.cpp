@@ -45,7 +45,7 @@ Result<PreviewLabels> CreatePreview(const Compilation& c, const StillControls& s
     return Error{"Nothing to render"};
   }
   ApplyStillSettings(c, stills);
-  const int power = c.settings.PreviewCPU() == 0 ? 10 : c.settings.PreviewCPU();
+  const int power = c.settings.preferences().PreviewCPU == 0 ? 10 : c.settings.preferences().PreviewCPU;
   const auto path = c.folder.beside("\\KVORender.xtl");
   if (auto done = writeDocument(c.files, path, compilePreviewText(c, power)); !done) return done.error();
   AnalyseRenderFile(c, path);

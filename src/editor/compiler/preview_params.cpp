@@ -86,18 +86,18 @@ PreviewParams GetPreviewParams(const Compilation& c, int power) {
   params.Rate = static_cast<Single>(next("FRAMERATE = ", 99));
   params.Effects = next("EFFECTS = ", 1) != 0;
   params.Transitions = next("TRANSITIONS = ", 1) != 0;
-  if (params.Rate == kOutputRate) params.Rate = settings.OutPutFrameRate();
-  params.Depth = std::min<int>(params.Depth, settings.OutputColorDepth());
-  params.Rate = std::min(params.Rate, settings.OutPutFrameRate());
-  c.settings.RenderEffects(params.Effects);
-  c.settings.RenderTransitions(params.Transitions);
+  if (params.Rate == kOutputRate) params.Rate = settings.preferences().OutPutFrameRate;
+  params.Depth = std::min<int>(params.Depth, settings.preferences().OutputColorDepth);
+  params.Rate = std::min(params.Rate, settings.preferences().OutPutFrameRate);
+  c.settings.state.RenderEffects = params.Effects;
+  c.settings.state.RenderTransitions = params.Transitions;
   return params;
 }
 
 std::string ShowUserPreviewParams(const Compilation& c, const PreviewParams& p) {
   const auto& settings = c.settings;
-  const int outputDepth = settings.OutputColorDepth();
-  const auto outputRate = ShortText(settings.OutPutFrameRate());
+  const int outputDepth = settings.preferences().OutputColorDepth;
+  const auto outputRate = ShortText(settings.preferences().OutPutFrameRate);
   const auto depth = std::to_string(p.Depth) + " bit";
   std::string text = "\r\n\r\n";
   text += p.Scale == 1 ? "H x W is output dimensions " : "H x W reduced by " + ShortText(p.Scale);
@@ -105,7 +105,7 @@ std::string ShowUserPreviewParams(const Compilation& c, const PreviewParams& p) 
   text += outputDepth <= p.Depth ? "Color maintained at " + depth
                                  : "Color drop from " + std::to_string(outputDepth) + " to " + depth;
   text += kCrLf;
-  text += p.Rate >= settings.OutPutFrameRate()
+  text += p.Rate >= settings.preferences().OutPutFrameRate
               ? "FPS maintained at " + ShortText(p.Rate) + " fps"
               : "FPS drop from " + outputRate + " to " + ShortText(p.Rate) + " fps ";
   text += "\r\n\r\n";

@@ -74,10 +74,10 @@ namespace {
 
 void createGroup(const Compilation& c, int power) {
   if (!HaveAtleastOneVidTrack(c)) return;
-  int width = c.settings.RenderWidth();
-  int height = c.settings.RenderHeight();
+  int width = c.settings.preferences().RenderWidth;
+  int height = c.settings.preferences().RenderHeight;
   GetHeightWidth(c.editor.controls, height, width);
-  int depth = c.settings.OutputColorDepth();
+  int depth = c.settings.preferences().OutputColorDepth;
   Single rate = 0;
   CreateVideoGroup(c, depth, width, height, rate, power);
 }
@@ -85,7 +85,7 @@ void createGroup(const Compilation& c, int power) {
 // A full compile: all that it reads is in order first, so that no step sees a clip in two states.
 void begin(const Compilation& c) {
   ClearGlobals(c.editor);
-  c.settings.ObjectChange(0);
+  c.settings.state.ObjectChange = 0;
   const KeepRecords keep(c);
   giveStillsLength(c);
   shortenTransitions(c);
@@ -100,7 +100,7 @@ bool createSound(const Compilation& c, bool clipAudio) {
     CreateAudioGroup(editor, kAudioRate);
     CreateAudioClipLine(c);
   }
-  const bool overlays = c.settings.DubInPlaylistAudioTrks();
+  const bool overlays = c.settings.preferences().DubInPlaylistAudioTrks;
   if (overlays) {
     CreateAudioGroup(editor, kAudioRate);
     AddOverlayAudioTracks(c, true);
@@ -121,7 +121,7 @@ std::string compileText(const Compilation& c) {
 std::string compilePreviewText(const Compilation& c, int power) {
   begin(c);
   const KeepRecords keep(c);
-  c.settings.PreviewCPU(static_cast<Integer>(power));
+  c.settings.change().PreviewCPU = static_cast<Integer>(power);
   createGroup(c, power);
   CreateClipLine(c, {.Analysing = true});
   createSound(c, true);

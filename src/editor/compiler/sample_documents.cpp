@@ -51,15 +51,15 @@ std::string firstClipTrack(const Compilation& c) {
 
 std::string clipSample(const Compilation& c, int clipNo, int width, int height, bool showsStretch) {
   if (clipNo < 1 || clipNo > c.clips().count()) return {};
-  const auto params = GetPreviewParams(c, c.settings.PreviewCPU());
-  c.settings.PreviewFrameRate(params.Rate);
-  c.settings.RenderEffects(true);
+  const auto params = GetPreviewParams(c, c.settings.preferences().PreviewCPU);
+  c.settings.state.PreviewFrameRate = params.Rate;
+  c.settings.state.RenderEffects = true;
   const KeepRecords keep(c);
   auto& clip = c.clips()[clipNo];
   giveStillLength(c, clip);
   const double length = timelineLength(clip);
   const auto stop = ShortText(length);
-  const auto& buffering = c.settings.DirectXPrebuffer();
+  const auto& buffering = c.settings.preferences().DirectXPrebuffer;
 
   auto track = blanks(10) + "<track>\r\n" + blanks(10) + "<clip start=\"0\" stop=" + quoted(stop) +
                " src=" + quoted(clipFile(clip)) + " mstart=" + quoted(secondsText(clip.LoopStart())) +
@@ -92,8 +92,8 @@ std::string Previewtransition(const Compilation& c, int clipNo) {
   constexpr int kWidth = 150;
   constexpr int kHeight = 90;
   auto& editor = c.editor;
-  const auto params = GetPreviewParams(c, c.settings.PreviewCPU());
-  c.settings.RenderTransitions(true);
+  const auto params = GetPreviewParams(c, c.settings.preferences().PreviewCPU);
+  c.settings.state.RenderTransitions = true;
   editor.OutputWidth = kWidth;
   editor.OutputHeight = kHeight;
   editor.texts.VideoTrackText.clear();

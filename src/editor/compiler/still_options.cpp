@@ -46,10 +46,10 @@ void GetStillOpts(const Compilation& c) {
   const auto bytes = c.files.read(path, kMaxFile);
   const auto text = bytes ? textFromBytes(*bytes) : std::string(kDefaultFile);
   if (const auto v = sectionValue(text, "[DEFAULTGROUPSTILLDURATION]", "STILLDUR=")) {
-    c.settings.DefaultStillDuration(static_cast<Single>(*v));
+    c.settings.state.DefaultStillDuration = static_cast<Single>(*v);
   }
   if (const auto v = sectionValue(text, "[DEFAULTGROUPSTILLFRAMERATE]", "FRAMERATE=")) {
-    c.settings.DefaultStillFrameRate(static_cast<Single>(*v));
+    c.settings.state.DefaultStillFrameRate = static_cast<Single>(*v);
   }
 }
 
@@ -65,9 +65,9 @@ void ApplyStillSettings(const Compilation& c, const StillControls& controls) {
 
 void moveStillSlider(const Compilation& c, StillControls& controls, double milliseconds) {
   controls.milliseconds = milliseconds;
-  c.settings.DefaultStillDuration(static_cast<Single>(milliseconds / 1000));
+  c.settings.state.DefaultStillDuration = static_cast<Single>(milliseconds / 1000);
   ApplyStillSettings(c, controls);
-  c.settings.ObjectChange(kStillChanged);
+  c.settings.state.ObjectChange = kStillChanged;
 }
 
 int GetStillsInCollection(const Compilation& c) {

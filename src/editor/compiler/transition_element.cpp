@@ -83,7 +83,7 @@ TransitionOptions recordedTransition(const Compilation& c, int clipNo, std::stri
           .ReplicateX = clip.ReplicateX(),
           .ReplicateY = clip.ReplicateY(),
           .MaskName = clip.MaskName(),
-          .UseDefaults = c.settings.UseParticleDefaults()};
+          .UseDefaults = c.settings.preferences().UseParticleDefaults};
 }
 
 void AddTransition(const Compilation& c, std::string& trackText, TransitionOptions o) {
@@ -91,7 +91,7 @@ void AddTransition(const Compilation& c, std::string& trackText, TransitionOptio
   o.BorderSoftness = std::clamp(o.BorderSoftness, 0.0F, 255.0F);
   o.ReplicateX = std::clamp(o.ReplicateX, 1, 255);
   o.ReplicateY = std::clamp(o.ReplicateY, 1, 255);
-  if (c.settings.RenderTransitions()) {
+  if (c.settings.state.RenderTransitions) {
     auto& clip = c.clips()[o.ClipNo];
     SortTransitionTimes(c, o.ClipNo);
     if (o.Name == "Fade") {

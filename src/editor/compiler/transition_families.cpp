@@ -218,11 +218,13 @@ bool AddBounce(std::string_view name, std::string& text, Single duration, int wi
 }
 
 void AddParticleSystemOptions(std::string& text, const KVO2& settings) {
-  text += paramLine("MaxParticles", fieldText(settings.MaxParticles()));
-  text += paramLine("ParticleSpeed", fieldText(settings.ParticleMotionSpeed()));
-  text += paramLine("ParticleSpinSpeed", fieldText(settings.ParticleSpinSpeed()));
-  text += paramLine("ExponentialProgressDuration", fieldText(settings.PartExponentialProgressDuration()));
-  text += paramLine("ExponentialProgressScale", fieldText(settings.PartExponentialProgressScale()));
+  text += paramLine("MaxParticles", fieldText(settings.preferences().MaxParticles));
+  text += paramLine("ParticleSpeed", fieldText(settings.preferences().ParticleMotionSpeed));
+  text += paramLine("ParticleSpinSpeed", fieldText(settings.preferences().ParticleSpinSpeed));
+  text += paramLine("ExponentialProgressDuration",
+                    fieldText(settings.preferences().PartExponentialProgressDuration));
+  text +=
+      paramLine("ExponentialProgressScale", fieldText(settings.preferences().PartExponentialProgressScale));
 }
 
 bool addWipe(std::string& text, const TransitionOptions& o) {

@@ -16,10 +16,10 @@ void ClearGlobals(EditorState& editor) {
 void CreateVideoGroup(const Compilation& c, int& depth, int& width, int& height, Single& frameRate,
                       int mode) {
   auto& settings = c.settings;
-  if (settings.PreviewCPU() == 0) settings.PreviewCPU(10);
-  auto tail = "buffering=" + quoted(settings.DirectXPrebuffer()) + " ";
+  if (settings.preferences().PreviewCPU == 0) settings.change().PreviewCPU = 10;
+  auto tail = "buffering=" + quoted(settings.preferences().DirectXPrebuffer) + " ";
   if (mode >= kRenderMode) {
-    frameRate = settings.OutPutFrameRate();
+    frameRate = settings.preferences().OutPutFrameRate;
   } else {
     const auto params = GetPreviewParams(c, mode);
     depth = params.Depth;

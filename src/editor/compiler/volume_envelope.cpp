@@ -29,7 +29,7 @@ std::string linesWithoutFades(const Compilation& c, const Movie& clip, const Lev
   std::string text;
   if (o.Silent) {
     text += line("0.001", "0");
-  } else if (c.settings.DubInPlaylistAudioTrks()) {
+  } else if (c.settings.preferences().DubInPlaylistAudioTrks) {
     text += clip.HasAudioFade() ? line(fixedText(ToNumber(o.AutoFadeIn)), level) : line("0.01", level);
   }
   if (clip.HasAudioFade() && !o.AutoFadeOut.empty()) {

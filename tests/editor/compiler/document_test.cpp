@@ -39,7 +39,7 @@ TEST(Document, TwoClipsWithAFade) {
   EXPECT_EQ(second.TimeLineStop().text(), "8.0000");
   EXPECT_EQ(second.ExtraParamName1(), "");
   EXPECT_EQ(b.editor.VideoTotalTime, "8.0000");
-  EXPECT_EQ(b.settings.ObjectChange(), 0);
+  EXPECT_EQ(b.settings.state.ObjectChange, 0);
 }
 
 TEST(Document, AudioOnlyHasNoVideoGroup) {
@@ -48,17 +48,17 @@ TEST(Document, AudioOnlyHasNoVideoGroup) {
   b.addMusic("n.wav", 1, 3).AudioOutputLevel(0.5F);
   const auto text = compiled(b);
   EXPECT_EQ(text.find("type=\"video\""), std::string::npos);
-  EXPECT_FALSE(b.settings.AutoTrimAudio());
+  EXPECT_FALSE(b.settings.preferences().AutoTrimAudio);
   test::expectGolden("audio-only.xtl", text);
 }
 
 TEST(Document, StillsInAllStretchModes) {
   Bench b;
-  b.settings.DefaultStillDuration(7);
+  b.settings.state.DefaultStillDuration = 7;
   for (Integer mode = 0; mode <= 4; ++mode) addStill(b, "s" + std::to_string(mode) + ".jpg", mode);
   test::expectGolden("stills.xtl", compiled(b));
   EXPECT_EQ(b.collection.MovieList[1].LoopEnd().text(), "7") << "it stays in the record";
-  EXPECT_EQ(b.settings.ObjectChange(), 0);
+  EXPECT_EQ(b.settings.state.ObjectChange, 0);
 }
 
 std::size_t countOf(const std::string& text, std::string_view part) {
@@ -73,7 +73,7 @@ TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
     for (const auto order : {Order::StillAhead, Order::StillAheadWithACut, Order::StillBehind}) {
       const auto what = "order " + std::to_string(static_cast<int>(order)) + ", \"" + noLength.text() + "\"";
       Bench b;
-      b.settings.DefaultStillDuration(7);
+      b.settings.state.DefaultStillDuration = 7;
       if (order == Order::StillBehind) b.addVideo("a.avi", 0, 5);
       auto& still = addStill(b, "s.jpg", 0);
       if (order != Order::StillBehind) b.addVideo("a.avi", 0, 5);
@@ -93,7 +93,7 @@ TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
       EXPECT_EQ(countOf(text, "name=\"mirror\""), 2U) << what;
       EXPECT_EQ(b.collection.MovieList[2].TransIn(), 20) << what;
       EXPECT_EQ(still.LoopEnd().text(), "7") << what;
-      EXPECT_EQ(b.settings.ObjectChange(), 0) << what;
+      EXPECT_EQ(b.settings.state.ObjectChange, 0) << what;
       EXPECT_FALSE(isDirty(b.collection, b.settings)) << what;
       EXPECT_EQ(compilePreviewText(b.compilation, 10).find("stop=\"0.0000\""), std::string::npos) << what;
     }
@@ -120,7 +120,7 @@ TEST(Document, ARenderHasItsEffectsAndTransitionsWhateverThePreviewIsSetTo) {
     auto& second = b.addVideo("b.avi", 0, 5);
     second.TransType("Fade");
     second.TransIn(10);
-    b.settings.PreviewCPU(static_cast<Integer>(power));
+    b.settings.change().PreviewCPU = static_cast<Integer>(power);
     b.files.all["/prog/PreviewDefaults.dat"] =
         "[Preview1]\r\nScaleFactor = 6\r\nBitDepth = 16\r\nFrameRate = 10\r\nEffects = 0\r\nTransitions = "
         "0\r\n"
@@ -130,7 +130,7 @@ TEST(Document, ARenderHasItsEffectsAndTransitionsWhateverThePreviewIsSetTo) {
     EXPECT_EQ(countOf(text, "<transition "), 1U) << power;
     EXPECT_EQ(countOf(text, "<effect clsid"), 1U) << power;
     EXPECT_NE(text.find("bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"25\""), std::string::npos);
-    EXPECT_EQ(b.settings.PreviewCPU(), power) << "the slider stands where it stood";
+    EXPECT_EQ(b.settings.preferences().PreviewCPU, power) << "the slider stands where it stood";
   }
 }
 
@@ -150,7 +150,7 @@ TEST(Document, OverlaysInSequenceAndStackedTrimmedAndNot) {
   for (const bool stacked : {false, true}) {
     for (const bool trim : {false, true}) {
       Bench b;
-      b.settings.AutoTrimAudio(trim);
+      b.settings.adjust().AutoTrimAudio = trim;
       b.editor.controls.Opt_StackOverlay = stacked ? OverlayOrder::Stacked : OverlayOrder::InSequence;
       b.addVideo("a.avi", 0, 20);
       b.addMusic("m.mp3", 0, 12.5);
@@ -196,7 +196,7 @@ TEST(Document, ATimingPassWritesNoTransitions) {
   auto& clip = b.addVideo("b.avi", 0, 4);
   clip.TransType("Fade");
   clip.TransIn(10);
-  b.settings.ObjectChange(96);
+  b.settings.state.ObjectChange = 96;
   CreateClipLine(b.compilation, {.Analysing = true, .TransitionZero = true});
   EXPECT_EQ(b.editor.texts.VideoTrackText.find("<transition"), std::string::npos);
   EXPECT_EQ(clip.TimeLineStart().text(), "4");
@@ -307,7 +307,7 @@ TEST(Document, EachClipGoesWhereItsKindBelongs) {
   };
   for (const auto& row : rows) {
     Bench b;
-    b.settings.DubInPlaylistAudioTrks(true);
+    b.settings.change().DubInPlaylistAudioTrks = true;
     b.addVideo("first.avi", 0, 5);
     b.addVideo(row.name, 0, 4);
     b.streams.all[std::string("/v/") + row.name] = {.hasVideo = row.hasVideo, .hasAudio = row.hasAudio};
@@ -340,7 +340,7 @@ TEST(Document, TheSoundsTotalFollowsTheVideoWhereItIsTrimmedToIt) {
   for (const auto& row : {Row{true, true, "20.0000", "020.000"}, Row{true, false, "20.0000", "020.000"},
                           Row{false, true, "12.5", "012.500"}, Row{false, false, "0", "000.000"}}) {
     Bench b;
-    b.settings.AutoTrimAudio(row.trim);
+    b.settings.adjust().AutoTrimAudio = row.trim;
     b.addVideo("a.avi", 0, 20);
     b.addMusic("m.mp3", 0, 12.5).RenderAudio(row.overlay);
     compiled(b);

@@ -58,7 +58,7 @@ TEST(Durations, TheShortestCutHoldsTheTrackFade) {
   EXPECT_EQ(FindShortestCut(b.compilation, false), 0);
   EXPECT_EQ(FindShortestCut(b.compilation, true), 4);
   UpdateTrackFade(b.compilation, false);
-  EXPECT_FLOAT_EQ(b.settings.VideoTrackFadeAmt(), -0.5F);
+  EXPECT_FLOAT_EQ(b.settings.preferences().VideoTrackFadeAmt, -0.5F);
 }
 
 TEST(Durations, RowsEndInTheirClipNumber) {
@@ -94,13 +94,13 @@ TEST(Durations, AnAutomaticFadeNeedsRoom) {
 
 TEST(PreviewParams, AreReadFromTheTableAndHeldToTheOutput) {
   Bench b;
-  b.settings.OutPutFrameRate(12);
+  b.settings.change().OutPutFrameRate = 12;
   const auto p = GetPreviewParams(b.compilation, 8);
   EXPECT_EQ(p.Scale, 1.25);
   EXPECT_EQ(p.Rate, 12);
   EXPECT_TRUE(b.files.exists("/prog/PreviewDefaults.dat"));
   GetPreviewParams(b.compilation, 1);
-  EXPECT_FALSE(b.settings.RenderTransitions());
+  EXPECT_FALSE(b.settings.state.RenderTransitions);
   b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\nScaleFactor = 7\r\nBitDepth = 16\r\n";
   EXPECT_EQ(GetPreviewParams(b.compilation, 1).Scale, 7);
 }

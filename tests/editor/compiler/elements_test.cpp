@@ -105,7 +105,7 @@ TEST(Transitions, EdgesOfTheirNumbers) {
   std::string text;
   AddTransition(b.compilation, text, o);
   EXPECT_NE(text.find("<linear time=\"-0.115\" value=\"1\"/>"), std::string::npos) << text;
-  b.settings.RenderTransitions(false);
+  b.settings.state.RenderTransitions = false;
   text.clear();
   AddTransition(b.compilation, text, o);
   EXPECT_EQ(text, "          </track>\r\n\r\n");
@@ -159,7 +159,7 @@ TEST(Effects, EachSwitchHasItsElement) {
   all += "== all that are built in\r\n" + effects(b, wordWith({1, 2, 3, 4, 5, 6, 7, 8, 43, 44, 45, 46, 9}));
   test::expectGolden("effects.txt", all);
   EXPECT_EQ(effects(b, ""), "");
-  b.settings.RenderEffects(false);
+  b.settings.state.RenderEffects = false;
   std::string stop = "5";
   std::string untouched = "as it was";
   CreateBasicImageStringFromEffectWord(b.compilation, KeyframeIndex(b.compilation), 1, wordWith({1}), "0",
@@ -274,7 +274,7 @@ TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
     addLevels(b.addVideo("a.avi", 0, 4));
     LoadEffects(b.compilation);
     b.collection.icurMov = 1;
-    b.settings.KeyframeEffectNo(static_cast<Integer>(effect));
+    b.settings.state.KeyframeEffectNo = static_cast<Integer>(effect);
     AddSingleBaseKeyFrame(b.compilation);
     EXPECT_EQ(b.collection.KeyframeList[1].Transparency, level) << effect;
   }
@@ -284,7 +284,7 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
   Bench b;
   addLevels(b.addVideo("a.avi", 0, 4));
   b.collection.icurMov = 1;
-  b.settings.KeyframeEffectNo(8);
+  b.settings.state.KeyframeEffectNo = 8;
   AddSingleBaseKeyFrame(b.compilation);
   ASSERT_EQ(b.collection.KeyframeList.count(), 1);
   const auto& base = b.collection.KeyframeList[1];
@@ -391,12 +391,12 @@ TEST(EffectsTable, AnEffectThatIsNotInItIsLoggedAndTheTableRebuilt) {
   b.editor.effects.named("Grain")->Control[0] = "5";
   ASSERT_TRUE(WriteEffectsArrayToDisk(b.compilation));
   for (const int known : {2, 21, kBlurEffect, kMotionBlurEffect}) {
-    b.settings.KeyframeEffectNo(static_cast<Integer>(known));
+    b.settings.state.KeyframeEffectNo = static_cast<Integer>(known);
     AddSingleBaseKeyFrame(b.compilation);
   }
   EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], "5");
   EXPECT_FALSE(b.files.exists("/prog/KVOError.Log"));
-  b.settings.KeyframeEffectNo(49);
+  b.settings.state.KeyframeEffectNo = 49;
   AddSingleBaseKeyFrame(b.compilation);
   EXPECT_NE(b.files.all["/prog/KVOError.Log"].find(
                 "GetEffectParams Err - Failed to Find effect - rebuilding Effects table"),

@@ -56,7 +56,7 @@ TEST(CollectionFaults, AreFoundInEveryClip) {
        "3 it is sound and stands ahead of a clip with a picture!"},
       {[](Bench& b, Movie&) { b.addMusic("m.mid", 0, 2); },
        "3 sound of its kind cannot be put into a movie!"},
-      {[](Bench& b, Movie&) { b.settings.OutPutFrameRate(0); },
+      {[](Bench& b, Movie&) { b.settings.change().OutPutFrameRate = 0; },
        "its frame rate of 0 is not within 1 to 1000!"},
       {[](Bench& b, Movie&) { b.editor.controls.txtHeight = 0; },
        "its size of 320 x 0 is too small for a movie!"},

@@ -66,7 +66,7 @@ TEST(PicInPic, TheEdgesOfItsRules) {
   backdrop.HasPicInPic(picInPicText({9, OverlayStyle::Uniform, 1, 100, 0, 0, false}));
   EXPECT_EQ(CreatePinPPreview(b.compilation, 1, {.preview = true}).find("<transition"), std::string::npos)
       << "no clip of that number";
-  b.settings.DefaultStillDuration(7);
+  b.settings.state.DefaultStillDuration = 7;
   backdrop.HasPicInPic(picInPicText({2, OverlayStyle::Uniform, 8, 100, 0, 0, false}));
   const auto text = CreatePinPPreview(b.compilation, 1, {.preview = true});
   EXPECT_NE(text.find("s.jpg\" mstart=\"0\" mstop=\"7\""), std::string::npos) << text;
@@ -80,7 +80,7 @@ TEST(PicInPic, TheEdgesOfItsRules) {
   EXPECT_NE(CreatePinPPreview(stillBack.compilation, 1, {.preview = true})
                 .find("mstop=\"7\" start=\"0\" stop=\"7\""),
             std::string::npos);
-  EXPECT_EQ(stillBack.settings.ObjectChange(), 0);
+  EXPECT_EQ(stillBack.settings.state.ObjectChange, 0);
   EXPECT_EQ(text.find("type=\"audio\""), std::string::npos);
   EXPECT_EQ(SetPicInPicSliderTexts({1, OverlayStyle::Uniform, 1, 80, 1500, 0, false})[1], "In over 1.5s");
   EXPECT_EQ(fadeSliderMaximum(b.compilation, 1, 2), 4000);
@@ -96,12 +96,13 @@ TEST(Stills, TakeTheirDefaultsFromTheFile) {
   EXPECT_EQ(
       b.files.all["/prog/RenderStillOpts.dat"],
       "[DefaultGroupStillDuration]\r\nStillDur=7.000\r\n\r\n[DefaultGroupStillFrameRate]\r\nFrameRate=0\r\n");
-  EXPECT_EQ(b.settings.DefaultStillDuration(), 7);
+  EXPECT_EQ(b.settings.state.DefaultStillDuration, 7);
   b.files.all["/prog/RenderStillOpts.dat"] = "junk\n[defaultgroupstillduration] \n stilldur=2.5\n";
-  b.settings.DefaultStillFrameRate(12);
+  b.settings.state.DefaultStillFrameRate = 12;
   GetStillOpts(b.compilation);
-  EXPECT_EQ(b.settings.DefaultStillDuration(), 2.5F);
-  EXPECT_EQ(b.settings.DefaultStillFrameRate(), 12) << "a section that is not there leaves its value alone";
+  EXPECT_EQ(b.settings.state.DefaultStillDuration, 2.5F);
+  EXPECT_EQ(b.settings.state.DefaultStillFrameRate, 12)
+      << "a section that is not there leaves its value alone";
 }
 
 TEST(Stills, AreSetTogetherOrOneByOne) {
@@ -124,8 +125,8 @@ TEST(Stills, AreSetTogetherOrOneByOne) {
   EXPECT_EQ(b.collection.MovieList[2].LoopEnd().text(), "5");
   EXPECT_EQ(b.collection.MovieList[1].LoopEnd().number(), 5);
   EXPECT_EQ(b.collection.MovieList[1].LoopStart().number(), 1) << "a video is left alone";
-  EXPECT_EQ(b.settings.ObjectChange(), 98);
-  EXPECT_EQ(b.settings.DefaultStillDuration(), 5);
+  EXPECT_EQ(b.settings.state.ObjectChange, 98);
+  EXPECT_EQ(b.settings.state.DefaultStillDuration, 5);
 }
 
 TEST(Samples, ShowATransitionInItsFourCases) {
@@ -184,14 +185,14 @@ TEST(Preview, TellsItsLengths) {
   EXPECT_EQ(silent->FSB_RenderRangeMax, 12);
   EXPECT_TRUE(b.files.exists("/prog/KVORender.xtl"));
   EXPECT_EQ(b.editor.ClipStopList, std::vector<float>{12.5F});
-  b.settings.AutoTrimAudio(false);
+  b.settings.adjust().AutoTrimAudio = false;
   b.addMusic("m.mp3", 0, 20);
   const auto uneven = CreatePreview(b.compilation, {});
   EXPECT_EQ(uneven->Lbl_AudTotal, "020.000");
   EXPECT_TRUE(uneven->audioIsRed);
   b.collection.MovieList[2].LoopEnd(Value(12.5));
   EXPECT_TRUE(CreatePreview(b.compilation, {})->audioIsRed) << "\"12.5\" is another text than \"12.5000\"";
-  b.settings.AutoTrimAudio(true);
+  b.settings.adjust().AutoTrimAudio = true;
   EXPECT_FALSE(CreatePreview(b.compilation, {})->audioIsRed);
   EXPECT_EQ(powerCaption(7), "70% CPU - Preview Performance \\ CPU Power Required");
 }
@@ -212,7 +213,7 @@ TEST(EffectPanel, SwitchesHaveTheirConsequences) {
   switchEffect(b.compilation, controls, 45, true);
   EXPECT_EQ(clip.AgeIntensity(), 35);
   switchEffect(b.compilation, controls, 14, true);  // ColoredPencil, row 8
-  EXPECT_EQ(b.settings.KeyframeEffectNo(), 8);
+  EXPECT_EQ(b.settings.state.KeyframeEffectNo, 8);
   EXPECT_EQ(KeyframeCount(b.compilation, 8, 1), 1);
   EXPECT_EQ(EffectWord(clip.EffectWord()).text(), clip.EffectWord());
   EXPECT_TRUE(EffectWord(clip.EffectWord()).isOn(14));
@@ -225,7 +226,7 @@ TEST(EffectPanel, SwitchesHaveTheirConsequences) {
   EXPECT_FALSE(configureEffect(b.compilation, 3));
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - No Configurable Options");
   EXPECT_TRUE(configureEffect(b.compilation, 43));
-  EXPECT_EQ(b.settings.KeyframeEffectNo(), 100);
+  EXPECT_EQ(b.settings.state.KeyframeEffectNo, 100);
 
   applyEaseDefaultIn(clip);
   EXPECT_EQ(SetEaseSliderHeadings(clip),
