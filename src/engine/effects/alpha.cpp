@@ -1,5 +1,5 @@
-#include "engine/effects/alpha.h"
-
+// Alpha: how much of the picture is seen, evenly or fading outwards.
+#include "engine/effects/registry.h"
 #include "media/pixel_rows.h"
 
 #include <algorithm>
@@ -27,6 +27,8 @@ double wayAt(int style, double x, double y) {
 
 }  // namespace
 
+// The parameters "Opacity" and "FinishOpacity" (percent) and "Style": 0 the same everywhere, 1 from left to
+// right, 2 from the middle outwards in circles, 3 in rectangles.
 DrawEffect makeAlpha(const Params& params, int /*width*/, int /*height*/) {
   return [params](const media::Picture& picture, const EffectMoment& moment) {
     const int style = static_cast<int>(params.number("style", moment.time, 0, 0, 3));

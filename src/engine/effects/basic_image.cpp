@@ -1,5 +1,5 @@
-#include "engine/effects/basic_image.h"
-
+// Basic image: mirrored, turned, in greys, as a negative, as an X-ray picture.
+#include "engine/effects/registry.h"
 #include "engine/picture/drawing.h"
 #include "engine/picture/planes.h"
 
@@ -59,6 +59,7 @@ Picture turnedByQuarters(const Picture& picture, int quarters) {
 
 }  // namespace
 
+// The switches "mirror", "invert", "xray", "grayscale", and "rotation" in quarters of a turn, clockwise.
 DrawEffect makeBasicImage(const Params& params, int /*width*/, int /*height*/) {
   const bool mirror = params.flag("mirror");
   const bool invert = params.flag("invert");

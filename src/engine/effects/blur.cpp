@@ -1,5 +1,5 @@
-#include "engine/effects/blur.h"
-
+// Blur: everything out of focus.
+#include "engine/effects/registry.h"
 #include "engine/picture/planes.h"
 
 #include <cmath>
@@ -25,6 +25,7 @@ void blurPlane(const cv::Mat& from, cv::Mat to, double radius) {
 
 }  // namespace
 
+// The parameter "PixelRadius", 0 to 100 pixels.
 DrawEffect makeBlur(const Params& params, int /*width*/, int /*height*/) {
   return [params](const media::Picture& picture, const EffectMoment& moment) {
     const double radius = params.number("pixelradius", moment.time, 0, 0, 100);

@@ -1,5 +1,5 @@
-#include "engine/effects/chroma.h"
-
+// Chroma: one colour of the picture becomes transparent.
+#include "engine/effects/registry.h"
 #include "media/colour.h"
 #include "media/pixel_rows.h"
 
@@ -14,6 +14,7 @@ constexpr double kSoft = 0.4;  // of the tolerance: from here on inwards it is h
 
 }  // namespace
 
+// The parameters "Color" (green without it) and "Tolerance" (percent, 20 without it; 0 leaves all as it is).
 DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
   const auto key =
       media::yuvOf(media::parseColour(params.word("color")).value_or(media::Colour{0, 255, 0}), height);

@@ -1,5 +1,5 @@
-#include "engine/effects/drop_shadow.h"
-
+// Drop shadow: the picture throws a shadow on what lies below it.
+#include "engine/effects/registry.h"
 #include "engine/picture/drawing.h"
 #include "engine/picture/planes.h"
 #include "media/pixel_rows.h"
@@ -41,6 +41,8 @@ Picture shadowOf(const Picture& picture, double right, double down, const media:
 
 }  // namespace
 
+// The parameters "OffX" and "OffY" (pixels, 0 and 0 change nothing) and "Color" (grey without it). A picture
+// that fills its frame is made smaller, so that there is room for the shadow.
 DrawEffect makeDropShadow(const Params& params, int width, int height) {
   const auto colour =
       media::yuvOf(media::parseColour(params.word("color")).value_or(media::Colour{64, 64, 64}), height);

@@ -1,5 +1,5 @@
-#include "engine/effects/fade_to_black.h"
-
+// Fade to black: the clip goes dark over its last two seconds, or its last half if it is short.
+#include "engine/effects/registry.h"
 #include "engine/picture/planes.h"
 
 #include <algorithm>

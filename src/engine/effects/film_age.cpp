@@ -1,5 +1,5 @@
-#include "engine/effects/film_age.h"
-
+// Film age: an old film: faded to brown, flickering, with scratches, dust and grain.
+#include "engine/effects/registry.h"
 #include "engine/picture/planes.h"
 
 #include <cmath>
@@ -53,6 +53,7 @@ class Faults {
 
 }  // namespace
 
+// The parameter "age", 0 (new) to 100.
 DrawEffect makeFilmAge(const Params& params, int /*width*/, int height) {
   return [params, height](const media::Picture& picture, const EffectMoment& moment) {
     const double age = params.number("age", moment.time, 0, 0, 100) / 100;

@@ -1,11 +1,13 @@
-#include "engine/effects/motion_blur.h"
-
+// Motion blur: everything drawn out in one direction.
+#include "engine/effects/registry.h"
 #include "engine/effects/streaks.h"
 #include "engine/picture/planes.h"
 #include "engine/transitions/fade.h"
 
 namespace kvo::engine {
 
+// The parameters "Strength" (pixels), "Direction" (degrees, clockwise from up), and "Add": the sharp picture
+// shows through.
 DrawEffect makeMotionBlur(const Params& params, int /*width*/, int /*height*/) {
   return [params](const media::Picture& picture, const EffectMoment& moment) {
     const double strength = params.number("strength", moment.time, 0, 0, 500);

@@ -1,9 +1,10 @@
-#include "engine/effects/pixelate.h"
-
+// Pixelate: the picture in coarse squares.
+#include "engine/effects/registry.h"
 #include "engine/picture/blocks.h"
 
 namespace kvo::engine {
 
+// The parameter "MaxSquare": the side of a square in pixels; below 2 nothing changes.
 DrawEffect makePixelateEffect(const Params& params, int width, int /*height*/) {
   return [params, width](const media::Picture& picture, const EffectMoment& moment) {
     const double size = params.number("maxsquare", moment.time, width / 32.0, 0, 512);

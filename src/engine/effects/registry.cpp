@@ -1,22 +1,16 @@
 #include "engine/effects/registry.h"
 
 #include "base/text.h"
-#include "engine/effects/adjustment.h"
-#include "engine/effects/alpha.h"
-#include "engine/effects/basic_image.h"
-#include "engine/effects/blur.h"
-#include "engine/effects/chroma.h"
-#include "engine/effects/drop_shadow.h"
-#include "engine/effects/fade_to_black.h"
-#include "engine/effects/film_age.h"
-#include "engine/effects/motion_blur.h"
-#include "engine/effects/palette/palette_effect.h"
-#include "engine/effects/pixelate.h"
-#include "engine/effects/relief.h"
 
 #include <array>
 
 namespace kvo::engine {
+
+// Each is defined in the file of its name.
+MakeEffect makeAdjustment, makeAlpha, makeBasicImage, makeBlur, makeChroma, makeDropShadow, makeEmboss,
+    makeEngrave, makeFadeToBlack, makeFilmAge, makeMotionBlur, makePaletteEffect, makePixelateEffect;
+Moves movesInSpace, paletteEffectMoves;
+
 namespace {
 
 bool always(const Params& /*params*/) { return true; }

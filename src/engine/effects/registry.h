@@ -1,4 +1,4 @@
-// The effects the engine can draw, by class id. One file an effect, one line in the table.
+// The effects the engine can draw, by class id. Each is a file of its own and a line in registry.cpp.
 #pragma once
 
 #include "engine/document/params.h"
@@ -19,13 +19,15 @@ struct EffectMoment {
 using DrawEffect = std::function<media::Picture(const media::Picture& picture, const EffectMoment& moment)>;
 
 /// Prepares an effect for pictures of one size.
-using MakeEffect = DrawEffect (*)(const Params& params, int width, int height);
+using MakeEffect = DrawEffect(const Params& params, int width, int height);
+
+/// Whether an effect differs from frame to frame though its parameters do not.
+using Moves = bool(const Params& params);
 
 struct EffectKind {
   std::string_view clsid;
-  MakeEffect make;
-  /// Whether it differs from frame to frame though its parameters do not; null: never.
-  bool (*moves)(const Params& params) = nullptr;
+  MakeEffect* make;
+  Moves* moves = nullptr;  ///< null: never
 };
 
 /// Null for a class id that is not known.

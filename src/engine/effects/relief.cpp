@@ -1,5 +1,5 @@
-#include "engine/effects/relief.h"
-
+// Emboss and engrave: the picture as a grey relief, raised or cut in.
+#include "engine/effects/registry.h"
 #include "engine/picture/planes.h"
 
 #include <opencv2/imgproc.hpp>

@@ -1,5 +1,5 @@
-#include "engine/transitions/barn.h"
-
+// Barn: two doors open from the middle to the sides.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <cmath>

@@ -1,5 +1,5 @@
-#include "engine/transitions/blinds.h"
-
+// Blinds: slats turn over together. `bands` slats, moving in a `direction`.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <cmath>

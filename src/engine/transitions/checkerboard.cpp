@@ -1,5 +1,5 @@
-#include "engine/transitions/checkerboard.h"
-
+// Checkerboard: the squares of two colours are wiped one after the other.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
-#include "engine/transitions/colour_fade.h"
-
+// Fades through a colour: the first picture goes into it, the second comes out of it.
 #include "engine/picture/drawing.h"
 #include "engine/transitions/fade.h"
+#include "engine/transitions/registry.h"
 
 namespace kvo::engine {
 namespace {
@@ -20,6 +20,7 @@ PaintTransition through(const media::YuvColour& colour) {
 
 }  // namespace
 
+// Through the parameter "color", black without it.
 Result<PaintTransition> makeColourFade(const Params& params, int /*width*/, int height) {
   return through(media::yuvOf(media::parseColour(params.word("color")).value_or(media::Colour{}), height));
 }

@@ -1,6 +1,6 @@
-#include "engine/transitions/curtains.h"
-
+// Curtains: the first picture is drawn aside in two halves.
 #include "engine/picture/drawing.h"
+#include "engine/transitions/registry.h"
 
 namespace kvo::engine {
 

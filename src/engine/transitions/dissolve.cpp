@@ -1,5 +1,5 @@
-#include "engine/transitions/dissolve.h"
-
+// Dissolve: single pixels change over, in an order that has no pattern.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <cstdint>

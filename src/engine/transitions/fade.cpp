@@ -1,5 +1,7 @@
+// Fade: the second picture shines through the first, ever more.
 #include "engine/transitions/fade.h"
 
+#include "engine/transitions/registry.h"
 #include "media/pixel_rows.h"
 
 #include <cmath>

@@ -1,13 +1,11 @@
-// Fade: the second picture shines through the first, ever more.
+// The mix of two pictures, for all that fades.
 #pragma once
 
-#include "engine/transitions/registry.h"
+#include "media/picture.h"
 
 namespace kvo::engine {
 
 /// out = below + (above - below) * share; all of one size and kind. `out` may be one of the two.
 void mixPictures(const media::Picture& below, const media::Picture& above, double share, media::Picture& out);
-
-Result<PaintTransition> makeFade(const Params& params, int width, int height);
 
 }  // namespace kvo::engine

@@ -1,5 +1,5 @@
-#include "engine/transitions/inset.h"
-
+// Inset: the second picture grows out of a corner.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-#include "engine/transitions/iris.h"
-
+// Iris: an opening grows from the middle. `irisstyle`: circle, cross, plus, square, star.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-#include "engine/transitions/luma_threshold.h"
-
+// Threshold: the light parts of the first picture give way first, the dark ones last.
+#include "engine/transitions/registry.h"
 #include "media/pixel_rows.h"
 
 #include <vector>

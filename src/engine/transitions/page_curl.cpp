@@ -1,8 +1,8 @@
-#include "engine/transitions/page_curl.h"
-
+// Page curl: the first picture is turned like a page, from a corner, over a roll that crosses the screen.
+#include "engine/picture/camera.h"
 #include "engine/picture/drawing.h"
 #include "engine/picture/planes.h"
-#include "engine/picture/space.h"
+#include "engine/transitions/registry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -113,6 +113,8 @@ void paintPlane(const Curl& curl, bool showBack, int plane, const media::Picture
 
 }  // namespace
 
+// The parameters "PageCurlA" (the corner: lowerleft, lowerright, upperleft, upperright) and "ShowABack" (the
+// picture is seen, pale, on the back of the page; else the back is plain).
 Result<PaintTransition> makePageCurl(const Params& params, int width, int height) {
   const auto from = params.word("pagecurla");
   const bool right = from.find("right") != std::string::npos;

@@ -1,6 +1,6 @@
-#include "engine/transitions/particles.h"
-
-#include "engine/picture/space.h"
+// Particles: the first picture breaks into pieces that tumble away in space, from the second.
+#include "engine/picture/camera.h"
+#include "engine/transitions/registry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -158,6 +158,11 @@ void paint(const System& system, const media::Picture& below, const media::Pictu
 
 }  // namespace
 
+// The parameters "MaxParticles" (pieces), "ParticleSpeed" (how far they fly; 1 is about a picture's width),
+// "ParticleSpinSpeed" (turns on the way), "ScatterDirection" (up, down, left, right; in, to the front, at
+// the viewer; out, away into the depth; a whirl about the middle without it), "SpinDirection" (left or
+// right), "BothDirections" (every other piece turns the other way), "ExponentialProgressDuration" and
+// "ExponentialProgressScale".
 Result<PaintTransition> makeParticles(const Params& params, int width, int height) {
   auto system = std::make_shared<System>(System{width, height, params, {}});
   const double wanted = params.number("maxparticles", 0, 100, 1, kMostParticles);

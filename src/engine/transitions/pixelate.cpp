@@ -1,7 +1,7 @@
-#include "engine/transitions/pixelate.h"
-
+// Pixelate: the pictures fall apart into ever larger squares, change over, and come together again.
 #include "engine/picture/blocks.h"
 #include "engine/transitions/fade.h"
+#include "engine/transitions/registry.h"
 
 #include <algorithm>
 

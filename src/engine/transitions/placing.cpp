@@ -1,6 +1,7 @@
-#include "engine/transitions/placing.h"
-
+// Placing: the upper picture, or a part of it, stands in a rectangle over the lower one. The rectangle may
+// move and grow by keyframes: bounces, and picture-in-picture.
 #include "engine/picture/drawing.h"
+#include "engine/transitions/registry.h"
 
 #include <algorithm>
 #include <array>
@@ -57,6 +58,8 @@ bool placesAll(const Params& params, double time, int width, int height) {
          isWhole(areaOf(params, time, width, height, kPart), width, height);
 }
 
+// The parameters "OffsetX", "OffsetY", "Width", "Height" are the rectangle, "SrcOffsetX" and so on the part
+// of the upper picture, in pixels of the movie; all of it where they are not given.
 Result<PaintTransition> makePlacing(const Params& params, int width, int height) {
   return PaintTransition([=](const media::Picture& below, const media::Picture& above, const Moment& moment,
                              media::Picture& out) {

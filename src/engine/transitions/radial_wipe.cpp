@@ -1,5 +1,5 @@
-#include "engine/transitions/radial_wipe.h"
-
+// RadialWipe: a hand goes round. `wipestyle`: clock, wedge (two hands from the top), radial (from a corner).
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <cmath>

@@ -1,32 +1,18 @@
 #include "engine/transitions/registry.h"
 
 #include "base/text.h"
-#include "engine/transitions/barn.h"
-#include "engine/transitions/blinds.h"
-#include "engine/transitions/checkerboard.h"
-#include "engine/transitions/colour_fade.h"
-#include "engine/transitions/curtains.h"
-#include "engine/transitions/dissolve.h"
-#include "engine/transitions/fade.h"
-#include "engine/transitions/inset.h"
-#include "engine/transitions/iris.h"
-#include "engine/transitions/luma_threshold.h"
-#include "engine/transitions/pixelate.h"
-#include "engine/transitions/placing.h"
-#include "engine/transitions/radial_wipe.h"
-#include "engine/transitions/roll_down.h"
-#include "engine/transitions/slide.h"
-#include "engine/transitions/smpte_wipe.h"
-#include "engine/transitions/space.h"
-#include "engine/transitions/spiral.h"
-#include "engine/transitions/stretch.h"
-#include "engine/transitions/wheel.h"
-#include "engine/transitions/wipe.h"
-#include "engine/transitions/zigzag.h"
 
 #include <array>
 
 namespace kvo::engine {
+
+// Each is defined in the file of its name.
+MakeTransition makeBarn, makeBlinds, makeCheckerboard, makeColourFade, makeCurtains, makeDissolve, makeFade,
+    makeFadeThroughWhite, makeInSpace, makeInset, makeIris, makeLumaThreshold, makePixelate, makePlacing,
+    makeRadialWipe, makeRollDown, makeSlide, makeSmpteWipe, makeSpiral, makeStretch, makeWheel, makeWipe,
+    makeZigzag;
+CoversAll placesAll;
+
 namespace {
 
 constexpr std::array kTransitions = {
@@ -53,7 +39,7 @@ constexpr std::array kTransitions = {
     TransitionKind{"{E6E73D20-0C8A-11d2-A484-00C04F8EFB69}", makeZigzag},
     TransitionKind{"{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}", makePlacing, placesAll},
     TransitionKind{"{9A43A844-0831-11D1-817F-0000F87557DB}", makePlacing, placesAll},
-    TransitionKind{"{C63344D8-70D3-4032-9B32-7A3CAD5091A5}", makeSpace},
+    TransitionKind{"{C63344D8-70D3-4032-9B32-7A3CAD5091A5}", makeInSpace},
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The transitions the engine can draw, by class id. One file a transition, one line in the table.
+// The transitions the engine can draw, by class id. Each is a file of its own and a line in registry.cpp.
 #pragma once
 
 #include "base/result.h"
@@ -22,16 +22,16 @@ using PaintTransition = std::function<void(const media::Picture& below, const me
                                            const Moment& moment, media::Picture& out)>;
 
 /// Prepares a transition for pictures of one size. Fails when a file that it needs cannot be read.
-using MakeTransition = Result<PaintTransition> (*)(const Params& params, int width, int height);
+using MakeTransition = Result<PaintTransition>(const Params& params, int width, int height);
 
 /// Whether a layer that is placed by its transition shows all of itself, and nothing of what lies below, at
 /// `time`.
-using CoversAll = bool (*)(const Params& params, double time, int width, int height);
+using CoversAll = bool(const Params& params, double time, int width, int height);
 
 struct TransitionKind {
   std::string_view clsid;
-  MakeTransition make;
-  CoversAll coversAll = nullptr;  ///< of the kinds that last as long as their layer and have no progress
+  MakeTransition* make;
+  CoversAll* coversAll = nullptr;  ///< of the kinds that last as long as their layer and have no progress
 };
 
 /// Null for a class id that is not known.

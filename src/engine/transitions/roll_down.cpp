@@ -1,6 +1,6 @@
-#include "engine/transitions/roll_down.h"
-
+// Roll down: the second picture comes down over the first like a blind.
 #include "engine/picture/drawing.h"
+#include "engine/transitions/registry.h"
 
 namespace kvo::engine {
 

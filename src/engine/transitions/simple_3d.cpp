@@ -1,4 +1,8 @@
+// Simple 3D: the first picture moves, turns, grows or shrinks in space and so uncovers the second; or the
+// camera goes round and finds the second on the back of the first.
 #include "engine/transitions/simple_3d.h"
+
+#include "engine/transitions/registry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -111,6 +115,8 @@ void paint(const Params& params, const media::Picture& below, const media::Pictu
 
 }  // namespace
 
+// The parameters of motionOf(), "FadeStartA" (a progress) and "ShowABack". Of what goes round "ShowAFront",
+// "ShowABack", "ShowBFront" and "ShowBBack" say what is on either side.
 Result<PaintTransition> makeSimple3D(const Params& params, int /*width*/, int /*height*/) {
   return PaintTransition(
       [params](const media::Picture& below, const media::Picture& above, const Moment& moment,

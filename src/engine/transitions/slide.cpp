@@ -1,6 +1,6 @@
-#include "engine/transitions/slide.h"
-
+// Slide: whole pictures move aside, in bands that go opposite ways.
 #include "engine/picture/drawing.h"
+#include "engine/transitions/registry.h"
 
 #include <algorithm>
 

@@ -1,5 +1,6 @@
-#include "engine/transitions/smpte_wipe.h"
-
+// The wipes of the SMPTE mask table: a shape by its code, or by the lights and darks of a picture, with a
+// border between the two pictures, repeated across and down.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/smpte_patterns.h"
 #include "engine/transitions/threshold.h"
 #include "media/scaler.h"
@@ -87,6 +88,9 @@ Result<Field> fieldOf(const Params& params, int width, int height) {
 
 }  // namespace
 
+// The parameters "MaskNum" or "MaskName" (a picture file: dark changes first), "BorderWidth" and
+// "BorderSoftness" in pixels, "BorderColor", "ReplicateX" and "ReplicateY", "ScaleX", "ScaleY" (the shape's
+// size), "OffsetX", "OffsetY" (its place, in hundredths of a cell).
 Result<PaintTransition> makeSmpteWipe(const Params& params, int width, int height) {
   auto field = fieldOf(params, width, height);
   if (!field) return field.error();

@@ -1,5 +1,5 @@
-#include "engine/transitions/spiral.h"
-
+// Spiral: a square path runs from the rim to the middle.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include "engine/transitions/stretch.h"
-
+// Stretch: pictures are squeezed and drawn out sideways.
 #include "engine/picture/drawing.h"
+#include "engine/transitions/registry.h"
 
 namespace kvo::engine {
 

@@ -1,5 +1,5 @@
-#include "engine/transitions/wheel.h"
-
+// Wheel: `spokes` hands go round at once.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 #include <cmath>

@@ -1,5 +1,5 @@
-#include "engine/transitions/wipe.h"
-
+// Wipe Normal: an edge moves from the left to the right.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 namespace kvo::engine {

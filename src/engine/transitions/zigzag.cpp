@@ -1,5 +1,5 @@
-#include "engine/transitions/zigzag.h"
-
+// Zigzag: rows of blocks are filled from the top, forth and back.
+#include "engine/transitions/registry.h"
 #include "engine/transitions/threshold.h"
 
 namespace kvo::engine {

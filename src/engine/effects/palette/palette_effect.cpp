@@ -3,6 +3,7 @@
 #include "engine/effects/by_image.h"
 #include "engine/effects/palette/families.h"
 #include "engine/effects/palette/tools.h"
+#include "engine/effects/registry.h"
 #include "engine/transitions/fade.h"
 
 #include <algorithm>
@@ -140,11 +141,15 @@ const Row* rowOf(const Params& params) {
 
 std::span<const std::string_view> paletteNames() { return kNames; }
 
+// The grains are others in each frame.
 bool paletteEffectMoves(const Params& params) {
   const auto* row = rowOf(params);
   return row != nullptr && (row->draw == palette::filmGrain || row->draw == palette::grain);
 }
 
+// The parameters "EffectID" (1 to 48), "Transparency" (the level: 0 leaves the picture as it is, 100 or none
+// is the whole effect), "Control1Value" to "Control8Value" (see Style), "RGBForeColor", "RGBBackColor",
+// "RGBExtraColor" and "TextureURL" (colours). An id that is not known changes nothing.
 DrawEffect makePaletteEffect(const Params& params, int /*width*/, int height) {
   const auto* row = rowOf(params);
   return [params, row, height](const media::Picture& picture, const EffectMoment& moment) {

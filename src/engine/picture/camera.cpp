@@ -1,4 +1,4 @@
-#include "engine/picture/space.h"
+#include "engine/picture/camera.h"
 
 #include <algorithm>
 #include <cmath>
