@@ -11,6 +11,7 @@
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
 #include "program/clip_list.h"
+#include "program/media_commands.h"
 #include "program/start_up.h"
 #include "windows/main/frm_file_open.h"
 
@@ -49,7 +50,9 @@ class WindowProgram {
                 session_.collection, [this](int number) { showAdded(number); }),
         startUp_({session_.files, boxes_, loop_, patient_, store_, desktop_, session_.folder}, session_.file,
                  session_.settings, session_.collection, commands_, intake_, state_),
-        window_(state_, windowCommands()) {}
+        media_({dialogs_, desktop_}, session_.settings, state_, startUp_),
+        choice_(state_, session_.collection),
+        window_(state_, {commands_, media_, choice_, startUp_}) {}
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
     if (auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder); !done) {
@@ -76,29 +79,6 @@ class WindowProgram {
   }
 
  private:
-  FrmFileOpen::Commands windowCommands() {
-    return {[this] { commands_.New(); },
-            [this] { commands_.Open(); },
-            [this] { commands_.Save(); },
-            [this] { return startUp_.exit(); },
-            [this] { addMedia(); },
-            [this](const std::vector<std::string>& paths) { startUp_.takeFiles(paths); },
-            [this](int number) {
-              if (const CommandPass pass(state_); pass) PreviewMovie(state_, session_.collection, number);
-            }};
-  }
-
-  void addMedia() {
-    std::vector<std::string> paths;
-    if (const CommandPass pass(state_); pass) {
-      paths = dialogs_.openSeveral({std::string(LoadResString(386)),
-                                    {{"All Files", "*"}},
-                                    mediaFolder(session_.settings, desktop_),
-                                    {}});
-    }
-    startUp_.takeFiles(paths);
-  }
-
   void showAdded(int number) {
     fillClipList(state_, session_.collection);
     PreviewMovie(state_, session_.collection, number);
@@ -116,6 +96,8 @@ class WindowProgram {
   CollectionCommands commands_;
   AddClips intake_;
   StartUp startUp_;
+  MediaCommands media_;
+  ClipChoice choice_;
   FrmFileOpen window_;
 };
 

@@ -40,33 +40,38 @@ std::string listCaption(const Collection& collection) {
 
 void fillClipList(MainWindowState& window, Collection& collection) {
   auto& clips = collection.MovieList;
-  window.Fillist.clear();
-  for (int i = 1; i <= clips.count(); ++i) window.Fillist.push_back(listedName(clips[i]));
+  std::vector<std::string> names;
+  for (int i = 1; i <= clips.count(); ++i) names.push_back(listedName(clips[i]));
+  window.list.Fillist.assign(std::move(names));
   collection.icurMov = clips.empty() ? 0 : std::clamp(collection.icurMov, 1, clips.count());
-  window.ListIndex = collection.icurMov - 1;
-  window.listCaption = listCaption(collection);
+  window.list.ListIndex = collection.icurMov - 1;
+  window.list.caption = listCaption(collection);
 }
 
 void PreviewMovie(MainWindowState& window, Collection& collection, int number) {
   if (number == 0) number = 1;
   if (number < 1 || number > collection.MovieList.count()) return;
   collection.icurMov = number;
-  window.ListIndex = number - 1;
+  window.list.ListIndex = number - 1;
   const auto& clip = collection.MovieList[number];
-  window.caption = listedName(clip) + " - KVO5";
-  window.details = detailsOf(clip);
+  window.face.caption = listedName(clip) + " - KVO5";
+  window.details.rows = detailsOf(clip);
+}
+
+void ClipChoice::select(int number) {
+  if (const CommandPass pass(window_); pass) PreviewMovie(window_, collection_, number);
 }
 
 void showCollection(MainWindowState& window, const Collection& collection) {
   const bool any = !collection.MovieList.empty();
-  window.listVisible = any;
-  window.noVideoPanel = !any;
-  window.detailsVisible = any;
-  window.listMenuEnabled = any;
-  window.playerParked = !any;
+  window.list.visible = any;
+  window.emptyPane.visible = !any;
+  window.details.visible = any;
+  window.menu.clipsEnabled = any;
+  window.transport.playerParked = !any;
   if (any) return;
-  window.caption = "KVO5";
-  window.details.clear();
+  window.face.caption = "KVO5";
+  window.details.rows.clear();
 }
 
 }  // namespace kvo

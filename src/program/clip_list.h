@@ -17,6 +17,19 @@ void fillClipList(MainWindowState& window, Collection& collection);
 /// Makes clip `number` the one in hand; 0 is the first. Numbers that are not there change nothing.
 void PreviewMovie(MainWindowState& window, Collection& collection, int number);
 
+/// What the list asks.
+class ClipChoice {
+ public:
+  ClipChoice(MainWindowState& window, Collection& collection) : window_(window), collection_(collection) {}
+
+  /// Makes the clip of this number, counted from 1, the one in hand.
+  void select(int number);
+
+ private:
+  MainWindowState& window_;
+  Collection& collection_;
+};
+
 /// Shows the list, or the empty pane with its text when there is no clip.
 void showCollection(MainWindowState& window, const Collection& collection);
 

@@ -23,23 +23,23 @@ class CollectionCommands::Watch final : public LoadWatch {
  public:
   Watch(MainWindowState& window, EventLoop& loop, std::string_view first, std::string_view abortText)
       : window_(window), loop_(loop) {
-    window_.abortText = abortText;
-    window_.abortClicked = false;
+    window_.progress.abortText = abortText;
+    window_.progress.abortClicked = false;
     status(first);
   }
   Watch(const Watch&) = delete;
   Watch& operator=(const Watch&) = delete;
   ~Watch() override {
-    window_.status.clear();
-    window_.abortText.clear();
-    window_.abortClicked = false;
+    window_.progress.status.clear();
+    window_.progress.abortText.clear();
+    window_.progress.abortClicked = false;
   }
 
   void status(std::string_view text) override {
-    window_.status = text;
+    window_.progress.status = text;
     loop_.yield();
   }
-  bool abortClicked() override { return window_.abortClicked; }
+  bool abortClicked() override { return window_.progress.abortClicked; }
 
  private:
   MainWindowState& window_;
@@ -68,8 +68,8 @@ bool CollectionCommands::empty() {
   ClearDirtyFlags(collection_, settings_);
   fillClipList(window_, collection_);
   showCollection(window_, collection_);
-  window_.caption = LoadResString(349);
-  window_.listCaption = LoadResString(350);
+  window_.face.caption = LoadResString(349);
+  window_.list.caption = LoadResString(350);
   return true;
 }
 
@@ -158,7 +158,7 @@ bool CollectionCommands::save() {
   }
   collection_.IniName = fileNamePart(*path);
   collection_.IniFullPath = *path;
-  window_.listCaption = listCaption(collection_);
+  window_.list.caption = listCaption(collection_);
   if (written) {
     ClearDirtyFlags(collection_, settings_);
   } else {

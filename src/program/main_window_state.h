@@ -1,5 +1,8 @@
-// What the main window shows, as data: the logic writes it, the window draws it and decides nothing.
+// What the main window shows, as data: the logic writes it, the window draws it and decides nothing. One
+// struct for each part of the window, which is drawn by a drawer of its own.
 #pragma once
+
+#include "base/revised_list.h"
 
 #include <string>
 #include <utility>
@@ -7,30 +10,46 @@
 
 namespace kvo {
 
-struct MainWindowState {
-  // The clip list
-  std::vector<std::string> Fillist;  ///< a name for each clip, in the collection's order
-  int ListIndex = -1;                ///< the selected one, from 0; -1 for none
-  bool listVisible = false;
-  std::string listCaption;  ///< "Holiday Collection"
-
-  // The panel
-  std::string caption = "KVO5";  ///< of the window
-  std::string NoMediaPrompt;     ///< text of the empty pane
-  bool noVideoPanel = true;      ///< the empty pane is shown
-  bool detailsVisible = false;
-  std::vector<std::pair<std::string, std::string>> details;  ///< what is told of the clip in hand
-  bool playerParked = true;                                  ///< out of sight at the far left
-  bool controlsEnabled = true;
-  bool listMenuEnabled = false;  ///< the commands that need a clip
+/// The window itself.
+struct FaceState {
+  std::string caption = "KVO5";
+  bool visible = false;
+  bool raise = false;  ///< it is to come to the front; the window clears this
   bool fullScreen = false;
   bool minimumDetails = false;
-  bool visible = false;
-  bool raise = false;                    ///< the window is to come to the front; it clears this
-  std::string playButton = "PLAYOFF";    ///< "PLAYON" or "PLAYOFF"
-  std::string pauseButton = "PAUSEOFF";  ///< "PAUSEON" or "PAUSEOFF"
+  bool controlsEnabled = true;
+};
 
-  // Menu ticks
+struct ClipListState {
+  RevisedList<std::string> Fillist;  ///< a name for each clip, in the collection's order
+  int ListIndex = -1;                ///< the selected one, from 0; -1 for none
+  std::string caption;               ///< "Holiday Collection"
+  bool visible = false;
+};
+
+/// The pane that stands in the place of everything else while there is no clip.
+struct EmptyPaneState {
+  std::string NoMediaPrompt;
+  bool visible = true;
+};
+
+/// What is told of the clip in hand, by name and value.
+struct DetailsState {
+  std::vector<std::pair<std::string, std::string>> rows;
+  bool visible = false;
+};
+
+/// The states of the keys that play and pause; skins call them "PLAYON", "PLAYOFF", "PAUSEON" and "PAUSEOFF".
+enum class ButtonWord { PlayOn, PlayOff, PauseOn, PauseOff };
+
+struct TransportState {
+  ButtonWord play = ButtonWord::PlayOff;
+  ButtonWord pause = ButtonWord::PauseOff;
+  bool playerParked = true;  ///< out of sight at the far left
+};
+
+/// Ticks, and what can be chosen.
+struct MenuState {
   bool mnu_LoopCol = false;
   bool mnu_Looping = false;
   bool mnu_RewAtEnd = false;
@@ -39,15 +58,28 @@ struct MainWindowState {
   bool mnu_ShowWavWithVideo = false;
   bool mnu_SldNormal = false;  ///< else the fast slider entry is ticked
   bool mnu_Remote = false;
+  bool clipsEnabled = false;  ///< the commands that need a clip
+};
 
-  // Long work
-  std::string status;     ///< "Loading Clip 5 of 20"
-  std::string abortText;  ///< a click on it stops the load; empty while nothing can be stopped
+/// Long work that goes on.
+struct ProgressState {
+  std::string status;     ///< "Loading Clip 5 of 20"; empty while there is none
+  std::string abortText;  ///< a click on it stops the work; empty while nothing can be stopped
   bool abortClicked = false;
+};
+
+struct MainWindowState {
+  FaceState face;
+  ClipListState list;
+  EmptyPaneState emptyPane;
+  DetailsState details;
+  TransportState transport;
+  MenuState menu;
+  ProgressState progress;
   bool commandRuns = false;  ///< see CommandPass
 
   /// True while a command is under way and lets events through: nothing else may touch the collection.
-  [[nodiscard]] bool busy() const { return commandRuns || !status.empty(); }
+  [[nodiscard]] bool busy() const { return commandRuns || !progress.status.empty(); }
 };
 
 /// The one gate of everything that the user can ask for: a command holds a pass while it runs, and one that

@@ -19,7 +19,6 @@ constexpr std::array<std::string_view, 6> kWorkFiles = {"\\KVOSamp.xtl", "\\KVOR
 constexpr std::array<Long, 12> kUpgradeCounts = {4, 12, 20, 40, 60, 80, 100, 120, 150, 200, 400, 500};
 constexpr std::array<std::string_view, 8> kSoundKinds = {"CDA", "MP2", "MP3", "WAV",
                                                          "WMA", "WAX", "AU",  "MID"};
-constexpr std::string_view kNoFolder = "C:\\";  // as a collection file has it ahead of the first addition
 
 std::string joined(std::initializer_list<int> numbers) {
   std::string text;
@@ -59,7 +58,7 @@ StartUp::StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Colle
 }
 
 StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::string& workingFolder) {
-  window_.NoMediaPrompt = LoadResString(491);
+  window_.emptyPane.NoMediaPrompt = LoadResString(491);
   if (!ports_.handover.becomeFirst()) {
     ports_.handover.send(handoverText(arguments, workingFolder, ports_.files));
     return StartEnd::HandedOver;
@@ -89,8 +88,8 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
   fillClipList(window_, collection_);
   const bool anyClips = !collection_.MovieList.empty();
   if (anyClips && (command.fullScreen || command.hundredPercent)) {
-    window_.fullScreen = true;
-    window_.minimumDetails = command.hundredPercent;
+    window_.face.fullScreen = true;
+    window_.face.minimumDetails = command.hundredPercent;
     startingUp_ = false;
     showCollection(window_, collection_);
     PreviewMovie(window_, collection_, 1);
@@ -100,7 +99,7 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
   } else {
     ShowStartupVid();
   }
-  window_.visible = true;
+  window_.face.visible = true;
   timer6_->start(kMailboxInterval);
   if (collection_.filesMissing) {
     ports_.boxes.show(
@@ -153,7 +152,7 @@ void StartUp::loadWindow() {
     settings_.adjust().SkinPath = "Def";
   if (settings_.user.SliderSpeed < 50) settings_.user.SliderSpeed = 450;
   settings_.state.IsDirty = false;
-  window_.listMenuEnabled = !collection_.MovieList.empty();
+  window_.menu.clipsEnabled = !collection_.MovieList.empty();
 }
 
 // The normal window with the clip that comes first.
@@ -161,31 +160,31 @@ void StartUp::showFirstClip() {
   settings_.state.ShowFillist = true;
   settings_.state.AllDetOff = false;
   startingUp_ = false;
-  window_.mnu_Remote = true;
-  window_.controlsEnabled = true;
+  window_.menu.mnu_Remote = true;
+  window_.face.controlsEnabled = true;
   showCollection(window_, collection_);
   const int count = collection_.MovieList.count();
   if (count == 0) return;
   PreviewMovie(window_, collection_, startupFiles_.empty() ? 1 : count);
-  window_.playButton = "PLAYON";
-  window_.pauseButton = "PAUSEON";
+  window_.transport.play = ButtonWord::PlayOn;
+  window_.transport.pause = ButtonWord::PauseOn;
 }
 
 // The clip named on the command line, or the intro of the collection, comes ahead of everything.
 void StartUp::ShowStartupVid() {
   const bool isNamed = !startupFiles_.empty();
-  window_.detailsVisible = window_.listVisible = false;
-  window_.playerParked = true;
+  window_.details.visible = window_.list.visible = false;
+  window_.transport.playerParked = true;
   settings_.state.AllDetOff = true;
   bool added = false;
   if (isNamed) {
     for (const auto& file : startupFiles_) added |= intake_.AddMoviesm(file);
   } else {
-    window_.controlsEnabled = false;
+    window_.face.controlsEnabled = false;
     added = addIntro();
     if (settings_.preferences().NoofUses == 1) {
       settings_.state.AllDetOff = false;
-      window_.detailsVisible = true;
+      window_.details.visible = true;
     }
   }
   const auto& clips = collection_.MovieList;
@@ -238,14 +237,14 @@ void StartUp::takeHandover(const std::string& text) {
     fillClipList(window_, collection_);
     return showCollection(window_, collection_);
   }
-  window_.visible = window_.raise = true;
+  window_.face.visible = window_.face.raise = true;
   auto lines = linesOf(text);
   for (auto& line : lines) {
     if (!ports_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
   }
   if (!take(readStartCommand(lines, ports_.files, workingFolder_))) return;
-  window_.pauseButton = "PAUSEOFF";
-  window_.playButton = "PLAYON";
+  window_.transport.pause = ButtonWord::PauseOff;
+  window_.transport.play = ButtonWord::PlayOn;
 }
 
 void StartUp::takeFiles(const std::vector<std::string>& paths) {
@@ -276,12 +275,12 @@ bool StartUp::exit() {
   if (ended_) return true;
   const CommandPass pass(window_);
   if (!pass) {
-    window_.abortClicked = true;
+    window_.progress.abortClicked = true;
     return false;
   }
   leaveIntro();
   deleteWorkFiles();
-  window_.playerParked = true;
+  window_.transport.playerParked = true;
   ports_.loop.yield();
   ports_.loop.yield();
   settings_.user.ShowWavWithVideo = false;
@@ -291,14 +290,9 @@ bool StartUp::exit() {
     return false;
   }
   timer6_->stop();
-  window_.visible = false;
+  window_.face.visible = false;
   ended_ = true;
   return true;
-}
-
-std::string mediaFolder(const KVO2& settings, const Desktop& desktop) {
-  const auto& last = settings.preferences().LoadFrom;
-  return last.empty() || last == kNoFolder ? desktop.videosFolder() : last;
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {
@@ -321,13 +315,13 @@ void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& win
     return whole;
   };
   settings.user.ShowWavWithVideo = flag("ShowWavWithVideo");
-  settings.user.DefaultZoom100 = window.mnu_DefaultZoom100 = flag("DefaultZoom100");
-  settings.user.LoopPreviews = window.mnu_Looping = flag("LoopPreviews");
-  settings.user.LoopCol = window.mnu_LoopCol = flag("LoopCol");
-  settings.user.RewAtEnd = window.mnu_RewAtEnd = flag("RewAtEnd");
-  settings.user.SliderPauseOnRepo = window.mnu_SliderPause = flag("SliderPauseOnRepo");
+  settings.user.DefaultZoom100 = window.menu.mnu_DefaultZoom100 = flag("DefaultZoom100");
+  settings.user.LoopPreviews = window.menu.mnu_Looping = flag("LoopPreviews");
+  settings.user.LoopCol = window.menu.mnu_LoopCol = flag("LoopCol");
+  settings.user.RewAtEnd = window.menu.mnu_RewAtEnd = flag("RewAtEnd");
+  settings.user.SliderPauseOnRepo = window.menu.mnu_SliderPause = flag("SliderPauseOnRepo");
   settings.user.SliderSpeed = number("SliderSpeed", "500");
-  window.mnu_SldNormal = settings.user.SliderSpeed == 500;
+  window.menu.mnu_SldNormal = settings.user.SliderSpeed == 500;
   settings.user.StillDelayTimer = number("StillDelayTimer", "7");
 }
 

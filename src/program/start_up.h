@@ -84,10 +84,6 @@ class StartUp {
   std::unique_ptr<Timer> timer6_;
 };
 
-/// Where the dialog that adds media starts: the folder of the last addition, or the user's videos ahead of
-/// the first.
-std::string mediaFolder(const KVO2& settings, const Desktop& desktop);
-
 /// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
 /// ticks that follow from them.
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window);

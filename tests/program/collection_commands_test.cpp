@@ -23,7 +23,7 @@ TEST(CollectionCommands, OpenRefusesWhatIsNoCollectionAndKeepsTheOpenOne) {
     EXPECT_FALSE(b.commands.Open());
     EXPECT_EQ(b.boxes.shown.back().caption, caption);
     EXPECT_EQ(b.boxes.shown.back().text, text);
-    EXPECT_EQ(b.window.Fillist.size(), 1U);
+    EXPECT_EQ(b.window.list.Fillist.rows().size(), 1U);
     EXPECT_EQ(b.collection.IniName, "KVO5.INI");
   }
   EXPECT_EQ(b.dialogs.asked[0].title, "KVO - Open existing Collection");
@@ -40,16 +40,16 @@ TEST(CollectionCommands, OpenShowsHowFarItIsAndCanBeStopped) {
   std::vector<std::string> statuses;
   std::string abortText;
   b.loop.onYield = [&] {
-    statuses.push_back(b.window.status);
-    abortText = b.window.abortText;
-    if (b.window.status == "Loading Clip 10 of 20") b.window.abortClicked = true;
+    statuses.push_back(b.window.progress.status);
+    abortText = b.window.progress.abortText;
+    if (b.window.progress.status == "Loading Clip 10 of 20") b.window.progress.abortClicked = true;
   };
   EXPECT_TRUE(b.commands.openFile("/c/big.Ini"));
   EXPECT_EQ(statuses, (std::vector<std::string>{"Loading.. Please Wait", "Loading Clip 5 of 20",
                                                 "Loading Clip 10 of 20"}));
   EXPECT_EQ(abortText, "Click to abort the load");
-  EXPECT_EQ(b.window.Fillist.size(), 9U);
-  EXPECT_EQ(b.window.status + b.window.abortText, "");
+  EXPECT_EQ(b.window.list.Fillist.rows().size(), 9U);
+  EXPECT_EQ(b.window.progress.status + b.window.progress.abortText, "");
   EXPECT_EQ(b.files.all["/c/big.Ini"], before) << "what was not read is not lost";
   EXPECT_TRUE(isDirty(b.collection, b.settings)) << "and is asked about before anything replaces it";
   EXPECT_EQ(b.collection.IniName, "Untitled.INI") << "and a save does not offer the whole file's name";
@@ -89,7 +89,7 @@ TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
     EXPECT_FALSE(b.commands.Save());
     EXPECT_FALSE(b.commands.openFile("/c/other.INI"));
     EXPECT_FALSE(b.startUp.exit());
-    b.window.abortClicked = false;
+    b.window.progress.abortClicked = false;
     b.handover.mailbox = "/v/a.avi";
     b.loop.advance(200);
     b.handover.mailbox.reset();
@@ -166,7 +166,7 @@ TEST(CollectionCommands, SaveTakesTheNameAndTellsOfFailure) {
   b.dialogs.answers = {"/c/Mine"};
   EXPECT_TRUE(b.commands.Save());
   EXPECT_TRUE(b.files.exists("/c/Mine.INI")) << "a name without an extension gets one";
-  EXPECT_EQ(b.window.listCaption, "Mine Collection");
+  EXPECT_EQ(b.window.list.caption, "Mine Collection");
   EXPECT_EQ(b.collection.IniFullPath, "/c/Mine.INI");
   EXPECT_FALSE(isDirty(b.collection, b.settings));
   b.dialogs.answers = {std::nullopt};
@@ -182,12 +182,12 @@ TEST(CollectionCommands, NewAsksAndEmpties) {
   b.boxes.answers = {Answer::Cancel};
   EXPECT_FALSE(b.commands.New());
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Save changes to Current Colllection");
-  EXPECT_EQ(b.window.Fillist.size(), 1U);
+  EXPECT_EQ(b.window.list.Fillist.rows().size(), 1U);
   b.boxes.answers = {Answer::No};
   EXPECT_TRUE(b.commands.New());
-  EXPECT_TRUE(b.collection.MovieList.empty() && b.window.noVideoPanel);
+  EXPECT_TRUE(b.collection.MovieList.empty() && b.window.emptyPane.visible);
   EXPECT_EQ(b.collection.IniName, "Untitled.INI");
-  EXPECT_EQ(b.window.caption + "|" + b.window.listCaption, "New Collection|Untitled Collection");
+  EXPECT_EQ(b.window.face.caption + "|" + b.window.list.caption, "New Collection|Untitled Collection");
 }
 
 TEST(ClipList, NamesClipsAndCutsItsCaption) {

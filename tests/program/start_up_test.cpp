@@ -1,5 +1,6 @@
 #include "program/start_up.h"
 
+#include "program/media_commands.h"
 #include "support/golden.h"
 #include "support/program_bench.h"
 
@@ -48,9 +49,10 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   empty.saveCollection("/prog/KVO5.INI", {});
   for (const auto* work : {"/prog/KVORender.xtl", "/prog/Rendone.txt"}) empty.files.all[work] = "old";
   EXPECT_EQ(empty.startUp.run({"/FULLSC"}, "/"), StartEnd::Run);
-  EXPECT_TRUE(empty.window.visible && empty.window.noVideoPanel);
-  EXPECT_FALSE(empty.window.listVisible || empty.window.fullScreen) << "the switch acts only with clips";
-  EXPECT_EQ(empty.window.NoMediaPrompt, "Right Click to Add Media");
+  EXPECT_TRUE(empty.window.face.visible && empty.window.emptyPane.visible);
+  EXPECT_FALSE(empty.window.list.visible || empty.window.face.fullScreen)
+      << "the switch acts only with clips";
+  EXPECT_EQ(empty.window.emptyPane.NoMediaPrompt, "Right Click to Add Media");
   EXPECT_FALSE(empty.files.exists("/prog/KVORender.xtl") || empty.files.exists("/prog/Rendone.txt"));
   EXPECT_EQ(empty.store.all["InstallDir"], "\"/prog\"");
   EXPECT_FALSE(isDirty(empty.collection, empty.settings));
@@ -59,19 +61,20 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   ProgramBench some;
   some.saveCollection("/prog/KVO5.INI", {"a.avi", "b.avi"});
   EXPECT_EQ(some.startUp.run({}, "/"), StartEnd::Run);
-  EXPECT_TRUE(some.window.listVisible);
-  EXPECT_EQ(some.window.Fillist, (Words{"a.avi", "b.avi"}));
-  EXPECT_EQ(some.window.ListIndex, 0);
-  EXPECT_EQ(some.window.listCaption, "KVO5 Collection");
-  EXPECT_EQ(some.window.playButton + some.window.pauseButton, "PLAYONPAUSEON");
+  EXPECT_TRUE(some.window.list.visible);
+  EXPECT_EQ(some.window.list.Fillist.rows(), (Words{"a.avi", "b.avi"}));
+  EXPECT_EQ(some.window.list.ListIndex, 0);
+  EXPECT_EQ(some.window.list.caption, "KVO5 Collection");
+  EXPECT_EQ(some.window.transport.play, ButtonWord::PlayOn);
+  EXPECT_EQ(some.window.transport.pause, ButtonWord::PauseOn);
   EXPECT_FALSE(some.startUp.StartingUp());
 
   ProgramBench named;
   named.saveCollection("/prog/KVO5.INI", {"a.avi"});
   named.saveCollection("/c/Trip.INI", {"b.avi", "c.avi"});
   EXPECT_EQ(named.startUp.run({"/c/Trip.INI", "/FULLSC"}, "/"), StartEnd::Run);
-  EXPECT_EQ(named.window.listCaption, "Trip Collection");
-  EXPECT_TRUE(named.window.fullScreen);
+  EXPECT_EQ(named.window.list.caption, "Trip Collection");
+  EXPECT_TRUE(named.window.face.fullScreen);
 }
 
 TEST(StartUp, EndsWithABoxWhenTheCollectionCannotBeRead) {
@@ -141,7 +144,7 @@ TEST(StartUp, ASecondCopyHandsItsCommandLineOver) {
   b.files.all["/home/u/a b.avi"] = b.files.all["a b.avi"] = "x";
   EXPECT_EQ(b.startUp.run({"/PLAY", "a b.avi", "http://h/x.asx"}, "/home/u"), StartEnd::HandedOver);
   EXPECT_EQ(b.handover.sent, (Words{"/PLAY\n/home/u/a b.avi\nhttp://h/x.asx"}));
-  EXPECT_FALSE(b.window.visible);
+  EXPECT_FALSE(b.window.face.visible);
   EXPECT_TRUE(b.files.calls == 0) << "nothing was written";
 }
 
@@ -157,13 +160,14 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.loop.advance(1);
   EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
   EXPECT_FALSE(b.handover.mailbox);
-  EXPECT_EQ(b.window.playButton + b.window.pauseButton, "PLAYONPAUSEOFF");
+  EXPECT_EQ(b.window.transport.play, ButtonWord::PlayOn);
+  EXPECT_EQ(b.window.transport.pause, ButtonWord::PauseOff);
 
-  b.window.status = "Loading Clip 5 of 20";
+  b.window.progress.status = "Loading Clip 5 of 20";
   b.handover.mailbox = "/v/new.avi";
   b.loop.advance(1000);
   EXPECT_EQ(b.intake.asked.size(), 1U) << "it waits for the end of a load";
-  b.window.status.clear();
+  b.window.progress.status.clear();
   b.handover.mailbox.reset();
 
   for (const auto* junk : {"", "   ", "\n\n", "/NONSENSE", "\x01\xFF\xFE", "//////"}) {
@@ -177,7 +181,7 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.collection.MovieList.add(std::move(preview));
   b.handover.mailbox = "KILLSQUASHPREV";
   b.loop.advance(200);
-  EXPECT_EQ(b.window.Fillist, (Words{"a.avi", "new.avi"}));
+  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi", "new.avi"}));
 
   for (const auto* odd : {"/v/a \"b\".avi", "/v/ends with a blank "}) {
     b.files.all[odd] = "x";
@@ -195,11 +199,11 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.boxes.answers = {Answer::No};
   b.handover.mailbox = "/c/Trip.INI";
   b.loop.advance(200);
-  EXPECT_EQ(b.window.Fillist, (Words{"t.avi"}));
+  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"t.avi"}));
   b.saveCollection("/c/old.kvo", {"o.avi", "p.avi"});
   b.handover.mailbox = "/c/old.kvo";
   b.loop.advance(200);
-  EXPECT_EQ(b.window.Fillist, (Words{"o.avi", "p.avi"}));
+  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"o.avi", "p.avi"}));
 }
 
 TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
@@ -282,14 +286,14 @@ TEST(StartUp, TheIntroRunsOnceAndDoesNotStay) {
   b.files.all["/prog/intro.avi"] = "x";
   b.startUp.run({}, "/");
   EXPECT_TRUE(b.startUp.IntroRunning());
-  EXPECT_FALSE(b.window.listVisible || b.window.controlsEnabled);
+  EXPECT_FALSE(b.window.list.visible || b.window.face.controlsEnabled);
   EXPECT_EQ(b.collection.MovieList.count(), 2);
   b.loop.advance(5000);
   EXPECT_TRUE(b.startUp.IntroRunning()) << "it runs until its end";
   b.startUp.introEnded();
   b.loop.advance(350);
-  EXPECT_EQ(b.window.Fillist, (Words{"a.avi"}));
-  EXPECT_TRUE(b.window.listVisible && b.window.controlsEnabled);
+  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi"}));
+  EXPECT_TRUE(b.window.list.visible && b.window.face.controlsEnabled);
   EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "");
   EXPECT_FALSE(isDirty(b.collection, b.settings));
 }
@@ -302,8 +306,8 @@ TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
   EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
   b.startUp.introEnded();
   b.loop.advance(350);
-  EXPECT_EQ(b.window.Fillist, (Words{"a.avi", "new.avi"}));
-  EXPECT_EQ(b.window.ListIndex, 1);
+  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi", "new.avi"}));
+  EXPECT_EQ(b.window.list.ListIndex, 1);
   EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "intro.avi");
 
   for (const auto* atOnce : {"/v/still.jpg", "/v/song.mp3"}) {
@@ -312,7 +316,7 @@ TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
     c.files.all[atOnce] = "x";
     c.startUp.run({atOnce}, "/");
     c.loop.advance(350);
-    EXPECT_TRUE(c.window.listVisible) << atOnce;
+    EXPECT_TRUE(c.window.list.visible) << atOnce;
   }
 }
 
@@ -356,7 +360,7 @@ TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
     EXPECT_EQ(b.startUp.exit(), row.ends);
     EXPECT_EQ(b.boxes.shown.back().text, "Do you want to save the changes you made to 'KVO5.INI' ?");
     EXPECT_EQ(b.files.exists("/c/new.INI"), row.saved);
-    EXPECT_EQ(b.window.visible, !row.ends);
+    EXPECT_EQ(b.window.face.visible, !row.ends);
   }
   ProgramBench clean;
   clean.saveCollection("/prog/KVO5.INI", {"a.avi"});
@@ -409,7 +413,7 @@ TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {
   EXPECT_EQ(store.all["DefaultZoom100"], "False");
   EXPECT_EQ(store.all["SliderSpeed"], "500");
   EXPECT_EQ(store.all["StillDelayTimer"], "7");
-  EXPECT_TRUE(window.mnu_LoopCol && window.mnu_SldNormal && !window.mnu_Looping);
+  EXPECT_TRUE(window.menu.mnu_LoopCol && window.menu.mnu_SldNormal && !window.menu.mnu_Looping);
   store.all["LoopCol"] = "False";
   EXPECT_FALSE(settings.user.LoopCol) << "another copy changed it";
   settings.user.RewAtEnd = true;

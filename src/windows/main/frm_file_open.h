@@ -1,34 +1,33 @@
-// The main window: draws its state and hands on what the user does. It decides nothing.
+// The main window: puts its parts together. Each part draws its struct of the state and calls the logic for
+// what the user does there; nothing is decided here.
 #pragma once
 
-#include "program/main_window_state.h"
+#include "program/clip_list.h"
+#include "program/media_commands.h"
+#include "program/start_up.h"
 
 #include <QMainWindow>
-#include <functional>
-#include <string>
 
-class QLabel;
-class QListView;
-class QPushButton;
 class QStackedWidget;
-class QStringListModel;
 
 namespace kvo {
 
+class ClipListPart;
+class DetailsPart;
+class EmptyPanePart;
+class ProgressPart;
+
 class FrmFileOpen : public QMainWindow {
  public:
-  /// What the user can ask for.
-  struct Commands {
-    std::function<void()> New;
-    std::function<void()> Open;
-    std::function<void()> Save;
-    std::function<bool()> Exit;  ///< false: the program goes on
-    std::function<void()> AddMedia;
-    std::function<void(std::vector<std::string>)> takeDropped;
-    std::function<void(int)> selectClip;  ///< its number
+  /// Whom the parts ask.
+  struct Logic {
+    CollectionCommands& collection;
+    MediaCommands& media;
+    ClipChoice& choice;
+    StartUp& program;
   };
 
-  FrmFileOpen(MainWindowState& state, Commands commands);
+  FrmFileOpen(MainWindowState& state, const Logic& logic);
 
   /// Brings the widgets in line with the state.
   void draw();
@@ -39,22 +38,15 @@ class FrmFileOpen : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  void makeMenus();
-  void makePanel();
-  void drawList();
-  void drawDetails();
+  void drawFace();
 
   MainWindowState& state_;
-  Commands commands_;
-  std::vector<std::string> shownClips_;
-  QStackedWidget* panel_ = nullptr;
-  QPushButton* emptyPane_ = nullptr;
-  QLabel* listCaption_ = nullptr;
-  QListView* fillist_ = nullptr;
-  QStringListModel* clips_ = nullptr;
-  QLabel* details_ = nullptr;
-  QLabel* status_ = nullptr;
-  QPushButton* abort_ = nullptr;
+  Logic logic_;
+  QStackedWidget* panel_;
+  EmptyPanePart* emptyPane_;
+  ClipListPart* list_;
+  DetailsPart* details_;
+  ProgressPart* progress_;
 };
 
 }  // namespace kvo

@@ -1,0 +1,31 @@
+// A long list that a window shows. Each change counts the revision up, so that a drawer compares one number
+// instead of thousands of rows.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace kvo {
+
+template <class Row>
+class RevisedList {
+ public:
+  [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
+
+  /// Above 0 and higher after each change.
+  [[nodiscard]] std::uint64_t revision() const { return revision_; }
+
+  /// Rows that are as they were are no change.
+  void assign(std::vector<Row> rows) {
+    if (rows == rows_) return;
+    rows_ = std::move(rows);
+    ++revision_;
+  }
+
+ private:
+  std::vector<Row> rows_;
+  std::uint64_t revision_ = 1;
+};
+
+}  // namespace kvo

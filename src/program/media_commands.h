@@ -1,0 +1,36 @@
+// The command that adds media which the user chooses.
+#pragma once
+
+#include "ports/desktop.h"
+#include "ports/file_dialogs.h"
+#include "program/start_up.h"
+
+#include <string>
+
+namespace kvo {
+
+class MediaCommands {
+ public:
+  struct Ports {
+    FileDialogs& dialogs;
+    Desktop& desktop;
+  };
+
+  MediaCommands(const Ports& ports, const KVO2& settings, MainWindowState& window, StartUp& program)
+      : ports_(ports), settings_(settings), window_(window), program_(program) {}
+
+  /// Asks for files and takes them, a collection among them too.
+  void AddMedia();
+
+ private:
+  Ports ports_;
+  const KVO2& settings_;
+  MainWindowState& window_;
+  StartUp& program_;
+};
+
+/// Where the dialog that adds media starts: the folder of the last addition, or the user's videos ahead of
+/// the first.
+std::string mediaFolder(const KVO2& settings, const Desktop& desktop);
+
+}  // namespace kvo
