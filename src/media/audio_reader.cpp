@@ -1,9 +1,8 @@
 #include "media/audio_reader.h"
 
 #include "media/avi_index.h"
-#include "media/picture.h"
+#include "media/picture_feed.h"
 #include "media/source.h"
-#include "media/video_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +15,6 @@
 namespace kvo::media {
 namespace {
 
-constexpr int kMaxReadErrors = 100;                      // in a row: the file has ended, whatever it promised
 constexpr std::int64_t kRestartGap = kSampleRate / 50;   // a jump in time of more than 20 ms is one
 constexpr std::int64_t kLostGap = kSampleRate * 3 / 20;  // one of more than 150 ms is a hole
 constexpr std::int64_t kSameTime = kSampleRate / 1000;   // stamps are rounded by up to a millisecond
@@ -24,12 +22,9 @@ constexpr std::int64_t kSameTime = kSampleRate / 1000;   // stamps are rounded b
 // or need those ahead of it. Where that lands behind the target all the same, further back.
 constexpr double kPrerolls[] = {0.5, 2, 10};
 
-// The stamps of a compressed WAV or AIFF are guessed from its bit rate.
 bool canBeSought(const Source& source) {
-  const std::string_view name(source.format->iformat->name);
-  const bool byBitRate = name == "wav" || name == "aiff" || name == "w64" || name == "au" || name == "caf";
-  const std::string_view codec(avcodec_get_name(source.decoder->codec_id));
-  return !byBitRate || codec.starts_with("pcm_");
+  const std::string_view codec(avcodec_get_name(source.decoder().codec_id));
+  return !source.traits().guessesSoundTimes || codec.starts_with("pcm_");
 }
 
 // AVI numbers the chunks of a stream, and only these kinds put the same time into each, or count their bytes.
@@ -40,10 +35,11 @@ bool isCountedByAvi(AVCodecID codec) {
 }
 
 // What counts as the file's start: its first picture, if it has one.
-Result<double> originOf(const Source& source) {
-  if (!mustDecodeForStart(*source.format)) return startOf(*source.format);
-  const auto pictures = VideoReader::open(source.path, 1);
-  return pictures ? pictures->origin() : startOf(*source.format);
+double originOf(const Source& source) {
+  if (mustDecodeForStart(source.format())) {
+    if (const auto pictures = PictureFeed::open(source.path(), 1)) return pictures->origin();
+  }
+  return startOf(source.format());
 }
 
 // Samples without a gap; the first is number `start` of the file.
@@ -61,7 +57,6 @@ struct Run {
 struct AudioReader::State {
   Source source;
   ResamplerHandle resampler;
-  PacketHandle packet{av_packet_alloc()};
   DamageList* damage = nullptr;
   std::optional<AviIndex> index;  // of an AVI
   bool counted = false;           // its stamps make no sense: the samples are counted from the first
@@ -70,7 +65,6 @@ struct AudioReader::State {
   AVSampleFormat sourceFormat = AV_SAMPLE_FMT_NONE;
   int sourceChannels = 0;
   bool ended = false;
-  int readErrors = 0;           // in a row
   bool faulty = false;          // something could not be decoded since the last good frame
   std::int64_t packetsEnd = 0;  // sample behind the last packet that was read, whole or not
   std::int64_t position = 0;    // sample the next read begins with
@@ -99,7 +93,7 @@ struct AudioReader::State {
     constexpr std::array<double, kChannels> kBothSides = {1, 1};
     if (made >= 0 && frame.ch_layout.nb_channels == 1) made = swr_set_matrix(raw, kBothSides.data(), 1);
     if (made >= 0) made = swr_init(raw);
-    if (made < 0) return ffmpegError("cannot convert the sound of " + source.path, made);
+    if (made < 0) return ffmpegError("cannot convert the sound of " + source.path(), made);
     sourceRate = frame.sample_rate;
     sourceFormat = static_cast<AVSampleFormat>(frame.format);
     sourceChannels = frame.ch_layout.nb_channels;
@@ -122,7 +116,7 @@ struct AudioReader::State {
     const auto** in = frame != nullptr ? const_cast<const std::uint8_t**>(frame->extended_data) : nullptr;
     const int got = swr_convert(resampler.get(), &out, room, in, input);
     samples.resize(before + static_cast<std::size_t>(std::max(got, 0)) * kChannels);
-    return got < 0 ? Outcome(ffmpegError("cannot convert the sound of " + source.path, got)) : Outcome();
+    return got < 0 ? Outcome(ffmpegError("cannot convert the sound of " + source.path(), got)) : Outcome();
   }
 
   // Until the position is reached each frame is placed by its own stamp, as the first ones behind a seek may
@@ -141,67 +135,39 @@ struct AudioReader::State {
     } else if (jump > kRestartGap) {
       runs.push_back({runs.back().end() + jump, {}});
       if ((faulty || jump > kLostGap) && damage != nullptr && sample > position)
-        damage->add({source.path, Lost::Sound, secondsOf(std::max(expected, position)), secondsOf(sample)});
+        damage->add({source.path(), Lost::Sound, secondsOf(std::max(expected, position)), secondsOf(sample)});
     }
     faulty = false;
   }
 
   static double secondsOf(std::int64_t sample) { return static_cast<double>(sample) / kSampleRate; }
 
-  Outcome decodeMore() {
-    auto frame = newFrame();
-    if (!frame) return Error{"out of memory for the sound of " + source.path};
-    for (;;) {
-      const int got = avcodec_receive_frame(source.decoder.get(), frame.get());
-      if (got >= 0) return take(frame.get());
-      if (got == AVERROR_EOF) {
-        ended = true;
-        if (auto done = take(nullptr); !done) return done;
-        if (faulty && damage != nullptr && packetsEnd > std::max(decodedEnd(), position) + kLostGap)
-          damage->add(
-              {source.path, Lost::Sound, secondsOf(std::max(decodedEnd(), position)), secondsOf(packetsEnd)});
-        return {};
-      }
-      if (got != AVERROR(EAGAIN)) faulty = true;
-      feed();
-    }
+  // A packet on its way to the decoder.
+  void mark(AVPacket& packet) {
+    if (index) index->correct(packet, source.stream());
+    if (packet.pts == AV_NOPTS_VALUE) return;
+    const double end = static_cast<double>(packet.pts + packet.duration) * source.timeBase() - origin;
+    packetsEnd = std::max(packetsEnd, static_cast<std::int64_t>(end * kSampleRate));
   }
 
-  void feed() {
-    for (;;) {
-      const int got = av_read_frame(source.format.get(), packet.get());
-      const auto* io = source.format->pb;
-      const bool atEnd = got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0);
-      if (atEnd || (got < 0 && ++readErrors > kMaxReadErrors)) {
-        avcodec_send_packet(source.decoder.get(), nullptr);
-        return;
-      }
-      if (got < 0) {
-        faulty = true;
-        continue;
-      }
-      readErrors = 0;
-      const bool wanted = packet->stream_index == source.index;
-      if (wanted && index) index->correct(*packet, source.stream());
-      if (wanted && packet->pts != AV_NOPTS_VALUE) {
-        const double end = static_cast<double>(packet->pts + packet->duration) * source.timeBase() - origin;
-        packetsEnd = std::max(packetsEnd, static_cast<std::int64_t>(end * kSampleRate));
-      }
-      const int sent = wanted ? avcodec_send_packet(source.decoder.get(), packet.get()) : 0;
-      av_packet_unref(packet.get());
-      if (sent < 0 && sent != AVERROR(EAGAIN)) faulty = true;
-      if (wanted) return;
-    }
+  Outcome decodeMore() {
+    const auto frame = source.next({[this](AVPacket& packet) { mark(packet); }, [this] { faulty = true; }});
+    if (!frame) return frame.error();
+    if (*frame) return take(frame->get());
+    ended = true;
+    if (auto done = take(nullptr); !done) return done;
+    const auto known = std::max(decodedEnd(), position);
+    if (faulty && damage != nullptr && packetsEnd > known + kLostGap)
+      damage->add({source.path(), Lost::Sound, secondsOf(known), secondsOf(packetsEnd)});
+    return {};
   }
 
   // What was decoded is of no use any more; what comes next is placed by its stamp.
   void forget() {
-    avcodec_flush_buffers(source.decoder.get());
     resampler.reset();
     runs.clear();
     ended = faulty = false;
     packetsEnd = 0;
-    readErrors = 0;
   }
 
   // What lies ahead of the position is of no use any more, but the last run says where the next sound goes.
@@ -216,10 +182,7 @@ struct AudioReader::State {
 
   // True when sound that begins at the position, or ahead of it, comes next.
   Result<bool> seekAhead(double seconds) {
-    const auto target = static_cast<std::int64_t>(std::floor((seconds + origin) / source.timeBase()));
-    if (avformat_seek_file(source.format.get(), source.index, INT64_MIN, target, target,
-                           AVSEEK_FLAG_BACKWARD) < 0)
-      return false;
+    if (!source.seek(seconds + origin)) return false;
     forget();
     while (!ended && runs.empty()) {
       if (auto done = decodeMore(); !done) return done.error();
@@ -234,18 +197,16 @@ AudioReader& AudioReader::operator=(AudioReader&&) noexcept = default;
 AudioReader::~AudioReader() = default;
 
 Result<AudioReader> AudioReader::open(const std::string& path, DamageList* damage) {
-  auto source = openSource(path, AVMEDIA_TYPE_AUDIO, "no sound in ", 1);
+  auto source = Source::open(path, AVMEDIA_TYPE_AUDIO, "no sound in ", 1);
   if (!source) return source.error();
-  const auto origin = originOf(*source);
-  if (!origin) return origin.error();
   auto state = std::make_unique<State>();
   state->source = std::move(*source);
   state->damage = damage;
-  if (std::string_view(state->source.format->iformat->name) == "avi") {
-    state->counted = !isCountedByAvi(state->source.decoder->codec_id);
+  state->origin = originOf(state->source);
+  if (state->source.traits().numbersChunks) {
+    state->counted = !isCountedByAvi(state->source.decoder().codec_id);
     if (!state->counted) state->index.emplace();
   }
-  state->origin = *origin;
   return AudioReader(std::move(state));
 }
 
@@ -262,7 +223,7 @@ Outcome AudioReader::seek(std::int64_t sample) {
     if (*done) return {};
   }
   if (fresh && s.runs.empty()) return {};
-  if (auto done = reopen(s.source); !done) return done;
+  if (auto done = s.source.reopen(); !done) return done;
   s.forget();
   return {};
 }

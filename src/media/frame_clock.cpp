@@ -1,7 +1,8 @@
 #include "media/frame_clock.h"
 
+#include "media/container_traits.h"
+
 #include <cmath>
-#include <string_view>
 
 namespace kvo::media {
 namespace {
@@ -11,7 +12,7 @@ namespace {
 constexpr double kStampError = 0.0011;
 
 FrameClock::Kind kindOf(const AVFormatContext& format, const AVStream& stream) {
-  if (std::string_view(format.iformat->name) == "avi") return FrameClock::Kind::DecodeOrder;
+  if (traitsOf(format).numbersChunks) return FrameClock::Kind::DecodeOrder;
   const bool tellsNothing =
       (format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0 || stream.start_time == AV_NOPTS_VALUE;
   return tellsNothing ? FrameClock::Kind::Count : FrameClock::Kind::Stamps;

@@ -3,7 +3,6 @@
 #include "media/source.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace kvo::media {
 namespace {
@@ -29,7 +28,7 @@ double containerLength(const AVFormatContext& format) {
 double pictureLength(AVFormatContext& format, const AVStream& stream, double frameRate, bool hasAudio) {
   if ((format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0) return countedLength(format, stream, frameRate);
   const double unit = av_q2d(stream.time_base);
-  if (stream.duration > 0 && (tellsLengthOfEach(format) || mustDecodeForStart(format)))
+  if (stream.duration > 0 && (traitsOf(format).tellsLengthOfEach || mustDecodeForStart(format)))
     return static_cast<double>(stream.duration) * unit;
   const double whole = containerLength(format);
   if (!hasAudio || whole <= 0) return whole;
@@ -64,8 +63,7 @@ Result<StreamFacts> readFacts(const std::string& path) {
     facts.width = stream.codecpar->width;
     facts.height = stream.codecpar->height;
     facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
-    const std::string_view name(format.iformat->name);
-    facts.isStill = name.ends_with("_pipe") || name == "image2";
+    facts.isStill = traitsOf(format).isStill;
     if (facts.hasVideo && (facts.width <= 0 || facts.height <= 0))
       return Error{"the picture in " + path + " is damaged, or too large"};
     if (facts.hasVideo) facts.duration = pictureLength(format, stream, facts.frameRate, facts.hasAudio);

@@ -1,8 +1,7 @@
+#include "media/container_traits.h"
 #include "media/ffmpeg.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
 namespace kvo::media {
@@ -11,13 +10,11 @@ namespace {
 // Larger pictures are refused ahead of any allocation: 128 million pixels is a 16K frame.
 constexpr std::int64_t kMaxPixels = 128LL << 20;
 
-constexpr std::array<std::string_view, 5> kLists = {"concat", "dash", "hls", "imf", "sdp"};
-
 constexpr std::int64_t kFarProbe = 64LL << 20;  // bytes
 constexpr std::int64_t kFarSeconds = 30;
 
 bool lacksSize(const AVFormatContext& context) {
-  if (std::string_view(context.iformat->name) != "mpegts") return false;
+  if (!traitsOf(context).tellsSizeLate) return false;
   for (unsigned i = 0; i < context.nb_streams; ++i) {
     const auto& p = *context.streams[i]->codecpar;
     if (p.codec_type == AVMEDIA_TYPE_VIDEO && p.width <= 0 && p.codec_id != AV_CODEC_ID_NONE) return true;
@@ -51,11 +48,7 @@ Result<FormatHandle> openHead(const std::string& path) {
     return Error{"cannot open " + path + ": it is no media file, or damaged"};
   if (opened < 0) return ffmpegError("cannot open " + path, opened);
   FormatHandle format(raw);
-  // A list of other files is no clip.
-  const std::string_view name(format->iformat->name);
-  if (std::find(kLists.begin(), kLists.end(), name) != kLists.end()) {
-    return Error{"cannot open " + path + ": it is a list of other files"};
-  }
+  if (traitsOf(*format).refersToOthers) return Error{"cannot open " + path + ": it is a list of other files"};
   return format;
 }
 

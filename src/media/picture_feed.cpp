@@ -11,7 +11,6 @@ extern "C" {
 namespace kvo::media {
 namespace {
 
-constexpr int kMaxReadErrors = 100;  // in a row: the file has ended, whatever it promised
 // A hole that no key frame ends is taken for one no longer than this, in seconds.
 constexpr double kLongestHole = 10;
 // Of a constant rate pictures are lost where the next one comes this much later, in frames and in seconds;
@@ -47,7 +46,7 @@ bool reportsNoFields(AVCodecID codec) {
 }  // namespace
 
 Result<PictureFeed> PictureFeed::open(const std::string& path, int threads) {
-  auto source = openSource(path, AVMEDIA_TYPE_VIDEO, "no picture in ", threads);
+  auto source = Source::open(path, AVMEDIA_TYPE_VIDEO, "no picture in ", threads);
   if (!source) return source.error();
   PictureFeed feed;
   feed.source_ = std::move(*source);
@@ -56,7 +55,7 @@ Result<PictureFeed> PictureFeed::open(const std::string& path, int threads) {
   if (stream.codecpar->width <= 0 || stream.codecpar->height <= 0) {
     return Error{"the picture in " + path + " is damaged, or too large"};
   }
-  feed.clock_ = FrameClock(*feed.source_.format, stream, *feed.source_.decoder);
+  feed.clock_ = FrameClock(feed.source_.format(), stream, feed.source_.decoder());
   if (auto done = feed.findStart(); !done) return done.error();
   return feed;
 }
@@ -65,14 +64,14 @@ Outcome PictureFeed::findStart() {
   // An AVI whose pictures are reordered may begin with empty places, which its sound does not know of.
   const bool mayBeginLate =
       clock_.kind() == FrameClock::Kind::DecodeOrder && source_.stream().codecpar->video_delay > 0;
-  if (!mayBeginLate && !mustDecodeForStart(*source_.format)) {
-    if (clock_.kind() == FrameClock::Kind::Stamps) origin_ = startOf(*source_.format);
+  if (!mayBeginLate && !mustDecodeForStart(source_.format())) {
+    if (clock_.kind() == FrameClock::Kind::Stamps) origin_ = startOf(source_.format());
     clock_.origin(origin_);
     return {};
   }
   TimedFrame first;
   if (auto done = decodeGood(first, 0); !done) return done;
-  if (!first.frame) return Error{"no picture can be decoded in " + source_.path};
+  if (!first.frame) return Error{"no picture can be decoded in " + source_.path()};
   origin_ = first.seconds;
   clock_.origin(origin_);
   end_ -= origin_;
@@ -84,7 +83,7 @@ Outcome PictureFeed::findStart() {
 void PictureFeed::complete(AVFrame& frame) const {
   const auto& stream = source_.stream();
   addDisplayMatrix(frame, stream);
-  frame.sample_aspect_ratio = av_guess_sample_aspect_ratio(source_.format.get(), &source_.stream(), &frame);
+  frame.sample_aspect_ratio = av_guess_sample_aspect_ratio(&source_.format(), &source_.stream(), &frame);
   const auto order = stream.codecpar->field_order;
   if (frame.interlaced_frame == 0 && order > AV_FIELD_PROGRESSIVE &&
       reportsNoFields(stream.codecpar->codec_id)) {
@@ -103,7 +102,7 @@ void PictureFeed::loseFrom(double seconds) {
 // Pictures are good again from `seconds` on.
 void PictureFeed::closeHole(double seconds) {
   if (seconds > end_ + clock_.frameLength() / 2)
-    holes_.push_back({source_.path, Lost::Picture, end_, seconds});
+    holes_.push_back({source_.path(), Lost::Picture, end_, seconds});
   faultAt_.reset();
 }
 
@@ -116,56 +115,14 @@ bool PictureFeed::isLeftOut(const AVPacket& packet, double wanted) const {
          seconds < wanted - margin;
 }
 
-// The next packet of the stream to the decoder, or the word that there are no more.
-void PictureFeed::send(double wanted) {
-  auto* decoder = source_.decoder.get();
-  for (;;) {
-    const int got = av_read_frame(source_.format.get(), packet_.get());
-    const auto* io = source_.format->pb;
-    const bool ended = got == AVERROR_EOF || (got < 0 && io != nullptr && io->eof_reached != 0);
-    if (ended || (got < 0 && ++readErrors_ > kMaxReadErrors)) {
-      avcodec_send_packet(decoder, nullptr);
-      return;
-    }
-    if (got < 0) {
-      loseFrom(std::max(packetTime_, end_));
-      continue;
-    }
-    readErrors_ = 0;
-    if (packet_->stream_index != source_.index) {
-      av_packet_unref(packet_.get());
-      continue;
-    }
-    packetTime_ = 0;
-    if (clock_.timeOf(*packet_, packetTime_))
-      packetsEnd_ = std::max(packetsEnd_, packetTime_ + clock_.frameLength());
-    decoder->skip_frame = isLeftOut(*packet_, wanted) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
-    clock_.mark(*packet_, source_.stream());
-    const bool lost = (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0;
-    const int sent = avcodec_send_packet(decoder, packet_.get());
-    av_packet_unref(packet_.get());
-    if (lost || (sent < 0 && sent != AVERROR(EAGAIN))) loseFrom(std::max(packetTime_, end_));
-    return;
-  }
-}
-
-// The next frame out of the decoder; none at the end.
-Outcome PictureFeed::decode(SharedFrame& frame, double wanted) {
-  frame = newFrame();
-  if (!frame) return Error{"out of memory for a picture of " + source_.path};
-  for (;;) {
-    const int got = avcodec_receive_frame(source_.decoder.get(), frame.get());
-    if (got >= 0) return {};
-    if (got == AVERROR_EOF) {
-      frame.reset();
-      return {};
-    }
-    if (got == AVERROR(EAGAIN)) {
-      send(wanted);
-    } else {
-      loseFrom(std::max(packetTime_, end_));
-    }
-  }
+// A packet on its way to the decoder.
+void PictureFeed::mark(AVPacket& packet, double wanted) {
+  packetTime_ = 0;
+  if (clock_.timeOf(packet, packetTime_))
+    packetsEnd_ = std::max(packetsEnd_, packetTime_ + clock_.frameLength());
+  source_.decoder().skip_frame = isLeftOut(packet, wanted) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+  clock_.mark(packet, source_.stream());
+  if ((packet.flags & AV_PKT_FLAG_CORRUPT) != 0) loseWhatIsRead();
 }
 
 // Whether pictures are missing between the last one and one at `seconds`.
@@ -181,7 +138,7 @@ std::optional<double> PictureFeed::timeOfGood(const AVFrame& frame, double wante
   if (needsKey_ && !key) return std::nullopt;
   needsKey_ = false;
   const bool first = clock_.isFirst();
-  const double seconds = clock_.timeOf(frame, *source_.decoder);
+  const double seconds = clock_.timeOf(frame, source_.decoder());
   const bool faulty = isFaulty(frame) && !first;
   if (faulty || (!first && followsAGap(seconds, wanted))) loseFrom(seconds);
   if (!faultAt_ || (seconds < *faultAt_ && !faulty)) return seconds;
@@ -192,17 +149,17 @@ std::optional<double> PictureFeed::timeOfGood(const AVFrame& frame, double wante
 
 // The next whole frame, with its time; none at the end.
 Outcome PictureFeed::decodeGood(TimedFrame& good, double wanted) {
+  const Source::Watch watch{[&](AVPacket& packet) { mark(packet, wanted); }, [this] { loseWhatIsRead(); }};
   for (;;) {
-    SharedFrame frame;
-    if (auto done = decode(frame, wanted); !done || !frame) {
-      good = {};
-      return done;
-    }
-    const auto seconds = timeOfGood(*frame, wanted);
+    good = {};
+    auto frame = source_.next(watch);
+    if (!frame) return frame.error();
+    if (!*frame) return {};
+    const auto seconds = timeOfGood(**frame, wanted);
     if (!seconds) continue;
-    complete(*frame);
-    end_ = *seconds + std::max(clock_.frameLength(), lengthOf(*frame));
-    good = {std::move(frame), *seconds};
+    complete(**frame);
+    end_ = *seconds + std::max(clock_.frameLength(), lengthOf(**frame));
+    good = {std::move(*frame), *seconds};
     return {};
   }
 }
@@ -216,7 +173,7 @@ double PictureFeed::lengthOf(const AVFrame& frame) const {
 
 // Where the container says that the pictures end; 0 when it does not.
 double PictureFeed::promisedEnd() const {
-  if (tellsLengthOfEach(*source_.format))
+  if (source_.traits().tellsLengthOfEach)
     return static_cast<double>(std::max<std::int64_t>(source_.stream().duration, 0)) * clock_.timeBase();
   // Matroska's writers leave it beside the stream: "00:01:30.040000000".
   const auto* tag = av_dict_get(source_.stream().metadata, "DURATION", nullptr, 0);
@@ -254,31 +211,26 @@ Result<TimedFrame> PictureFeed::next(double wanted) {
 
 // What was decoded is of no use any more.
 void PictureFeed::forget() {
-  avcodec_flush_buffers(source_.decoder.get());
   clock_.restart();
   if (deinterlacer_) deinterlacer_.emplace(threads_);
   ready_ = {};
   finished_ = needsKey_ = false;
   faultAt_.reset();
   holes_.clear();
-  readErrors_ = 0;
   end_ = packetsEnd_ = 0;
 }
 
 Outcome PictureFeed::toStart() {
-  if (auto done = reopen(source_); !done) return done;
+  if (auto done = source_.reopen(); !done) return done;
   forget();
   return {};
 }
 
 bool PictureFeed::seek(double seconds) {
-  const auto at = static_cast<std::int64_t>(std::floor((seconds + origin_) / clock_.timeBase()));
-  if (avformat_seek_file(source_.format.get(), source_.index, INT64_MIN, at, at, AVSEEK_FLAG_BACKWARD) < 0) {
-    return false;
-  }
+  if (!source_.seek(seconds + origin_)) return false;
   forget();
   // H.264 tells by itself from where on its pictures are whole, with key pictures or without.
-  needsKey_ = source_.decoder->codec_id != AV_CODEC_ID_H264;
+  needsKey_ = source_.decoder().codec_id != AV_CODEC_ID_H264;
   return true;
 }
 

@@ -46,8 +46,7 @@ class PictureFeed {
   PictureFeed() = default;
 
   Outcome findStart();
-  void send(double wanted);
-  Outcome decode(SharedFrame& frame, double wanted);
+  void mark(AVPacket& packet, double wanted);
   Outcome decodeGood(TimedFrame& good, double wanted);
   [[nodiscard]] bool followsAGap(double seconds, double wanted) const;
   std::optional<double> timeOfGood(const AVFrame& frame, double wanted);
@@ -55,6 +54,7 @@ class PictureFeed {
   Outcome finish();
   void complete(AVFrame& frame) const;
   void loseFrom(double seconds);
+  void loseWhatIsRead() { loseFrom(std::max(packetTime_, end_)); }
   void closeHole(double seconds);
   [[nodiscard]] double lengthOf(const AVFrame& frame) const;
   [[nodiscard]] double promisedEnd() const;
@@ -63,14 +63,12 @@ class PictureFeed {
 
   Source source_;
   FrameClock clock_;
-  PacketHandle packet_{av_packet_alloc()};
   int threads_ = 1;
   double origin_ = 0;
   std::optional<Deinterlacer> deinterlacer_;  // from the first interlaced frame on
   TimedFrame ready_;                          // where nothing is deinterlaced
   bool finished_ = false;                     // the decoder has given everything back
   bool needsKey_ = false;                     // behind a seek: what comes ahead of a key frame is no picture
-  int readErrors_ = 0;                        // in a row
   double packetTime_ = 0;                     // of the packet that was sent last; 0 when it has none
   double end_ = 0;
   double packetsEnd_ = 0;          // where the last packet ends that was read, whole or not

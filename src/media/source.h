@@ -1,33 +1,66 @@
-// A media file as both readers begin with it: opened, with one of its streams and that stream's decoder. For
-// this room only.
+// One stream of a media file: opened, sought, and read through its decoder; and where streams begin and end.
+// For this room only.
 #pragma once
 
+#include "media/container_traits.h"
 #include "media/ffmpeg.h"
+#include "media/picture.h"
 
+#include <functional>
 #include <string>
 
 namespace kvo::media {
 
-struct Source {
-  std::string path;
-  FormatHandle format;
-  CodecHandle decoder;
-  int index = 0;  // of the stream
+class Source {
+ public:
+  /// What a reader has to say on the way: `packet` sees each packet of the stream ahead of the decoder and
+  /// may correct it; `fault` is called when something that was read cannot be decoded.
+  struct Watch {
+    std::function<void(AVPacket&)> packet;
+    std::function<void()> fault;
+  };
 
-  [[nodiscard]] AVStream& stream() const { return *format->streams[index]; }
+  /// The stream that is the best of its kind; the packets of all others are left out. `threads` of the
+  /// decoder; 0 lets it choose. Fails with a line that names the file: missing, no stream of the kind
+  /// (`noneOf`, "no sound in "), no decoder.
+  static Result<Source> open(const std::string& path, AVMediaType kind, const char* noneOf, int threads);
+
+  /// The next frame out of the decoder, damaged ones among them; null at the end. Fails when memory is short.
+  Result<SharedFrame> next(const Watch& watch);
+
+  /// What begins at `seconds` of the container's time, or some time ahead of it, comes next: false when it
+  /// finds no such place, and then nothing has changed.
+  bool seek(double seconds);
+  /// Opens the file anew, so that it is read from its first byte on. Fails when it is not the same any more.
+  Outcome reopen();
+
+  [[nodiscard]] const std::string& path() const { return path_; }
+  [[nodiscard]] AVFormatContext& format() const { return *format_; }
+  [[nodiscard]] AVStream& stream() const { return *format_->streams[index_]; }
+  [[nodiscard]] AVCodecContext& decoder() const { return *decoder_; }
+  [[nodiscard]] const ContainerTraits& traits() const { return traitsOf(*format_); }
+  /// Seconds of a unit of the stream's times.
   [[nodiscard]] double timeBase() const { return av_q2d(stream().time_base); }
+
+ private:
+  void send(const Watch& watch);
+  bool read(const Watch& watch);
+  void forget();
+
+  std::string path_;
+  FormatHandle format_;
+  CodecHandle decoder_;
+  PacketHandle packet_{av_packet_alloc()};
+  int index_ = 0;       // of the stream
+  int readErrors_ = 0;  // in a row
 };
-
-/// The stream that is the best of its kind; the packets of all others are left out. Fails with a line that
-/// names the file: missing, no stream of the kind (`noneOf`, "no sound in "), no decoder.
-Result<Source> openSource(const std::string& path, AVMediaType kind, const char* noneOf, int threads);
-
-/// Opens the file of `source` anew, so that it is read from its first byte on.
-Outcome reopen(Source& source);
 
 /// The container's time of the first picture, or of the first sound where there is no picture, in seconds:
 /// what counts as the file's start.
 double startOf(const AVFormatContext& format);
+
+/// Whether only decoding tells when the first picture is shown.
+bool mustDecodeForStart(const AVFormatContext& format);
 
 /// Where the last packet of a stream ends, by those that come at `from` or later, in the container's seconds;
 /// 0 when none comes. Moves the reading to the end.
@@ -35,12 +68,5 @@ double lastPacketEnd(AVFormatContext& format, const AVStream& stream, double fro
 
 /// Where the sound of a file ends that goes on at `from`, in the container's seconds; 0 when there is none.
 double endOfSound(const std::string& path, double from);
-
-/// Whether the container tells the length of each of its streams, and not that of the file for each.
-bool tellsLengthOfEach(const AVFormatContext& format);
-
-/// Whether only decoding tells when the first picture is shown, as a recording may begin inside a group of
-/// pictures, of which the first cannot be decoded.
-bool mustDecodeForStart(const AVFormatContext& format);
 
 }  // namespace kvo::media

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -80,10 +79,10 @@ struct VideoReader::State {
   // Behind the last picture: it stands as long as the file's sound goes on, and a little longer.
   Outcome checkEnd(double seconds) {
     if (!ended || seconds <= feed.readEnd() + kHoldLast) return {};
-    if (!soundEnd) soundEnd = endOfSound(feed.source().path, feed.end() + feed.origin()) - feed.origin();
+    if (!soundEnd) soundEnd = endOfSound(feed.source().path(), feed.end() + feed.origin()) - feed.origin();
     const double end = std::max(feed.readEnd(), *soundEnd);
     if (seconds <= end + kHoldLast) return {};
-    return Error{feed.source().path + " ends at " + FormatMask(end, "0.00") + " s, the clip goes on to " +
+    return Error{feed.source().path() + " ends at " + FormatMask(end, "0.00") + " s, the clip goes on to " +
                  FormatMask(seconds, "0.00") + " s"};
   }
 
@@ -106,8 +105,7 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads, Dama
   auto feed = PictureFeed::open(path, threads);
   if (!feed) return feed.error();
   auto state = std::make_unique<State>(State{std::move(*feed), damage});
-  const std::string_view name(state->feed.source().format->iformat->name);
-  state->still = name.ends_with("_pipe") || name == "image2";
+  state->still = state->feed.source().traits().isStill;
   return VideoReader(std::move(state));
 }
 
@@ -115,16 +113,15 @@ Result<SharedFrame> VideoReader::frameAt(double seconds) {
   auto& s = *state_;
   if (s.still && s.current.frame) return s.current.frame;
   if (auto done = s.goTo(s.still ? 0 : seconds); !done) return done.error();
-  if (!s.current.frame) return Error{"no picture can be decoded in " + s.feed.source().path};
+  if (!s.current.frame) return Error{"no picture can be decoded in " + s.feed.source().path()};
   if (s.still) return s.current.frame;
   if (auto done = s.checkEnd(seconds); !done) return done.error();
   s.reportHoleAt(seconds);
   return s.current.frame;
 }
 
-double VideoReader::origin() const { return state_->feed.origin(); }
-int VideoReader::width() const { return state_->feed.source().decoder->width; }
-int VideoReader::height() const { return state_->feed.source().decoder->height; }
+int VideoReader::width() const { return state_->feed.source().decoder().width; }
+int VideoReader::height() const { return state_->feed.source().decoder().height; }
 bool VideoReader::isStill() const { return state_->still; }
 
 }  // namespace kvo::media

@@ -28,8 +28,6 @@ class VideoReader {
   /// it stands. Fails when the file ends earlier, or nothing of it can be decoded.
   Result<SharedFrame> frameAt(double seconds);
 
-  /// The container's time of the first picture, in seconds.
-  [[nodiscard]] double origin() const;
   [[nodiscard]] int width() const;
   [[nodiscard]] int height() const;
   /// A single picture, shown at every time.
