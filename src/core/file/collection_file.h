@@ -4,6 +4,7 @@
 
 #include "core/file/section_reader.h"
 #include "core/records/collection.h"
+#include "core/records/setting_rows.h"
 #include "core/telling/error_log.h"
 #include "core/telling/failures.h"
 #include "ports/clock.h"
@@ -87,7 +88,7 @@ class CollectionFile {
  private:
   using Rows = std::vector<SectionRow>;
 
-  void readHead(SectionReader& reader, struct HeadRead& head);
+  void readHead(SectionReader& reader, SettingRead& head);
   void readAnimations(SectionReader& reader);
   void readClips(SectionReader& reader, const ReadOptions& options, ReadReport& report);
   bool readClip(SectionReader& reader, int number, Movie& clip, int& failures, bool& skipped);
@@ -98,7 +99,7 @@ class CollectionFile {
                const ReadOptions& options);
   Result<std::string> keepCopy(const std::string& fileName);
   [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;
-  [[nodiscard]] std::string_view headText(const struct HeadRow& row, const SectionRow& read) const;
+  [[nodiscard]] std::string_view headText(const SettingRow& row, const SectionRow& read) const;
   [[nodiscard]] std::string folderField(std::string_view value) const;
   bool findFile(std::string& folder, std::string& name, const SectionRow* folderRow,
                 const SectionRow& nameRow) const;

@@ -1,7 +1,7 @@
 #include "base/text.h"
 #include "core/file/clip_rows.h"
 #include "core/file/collection_file.h"
-#include "core/file/head_rows.h"
+#include "core/records/setting_rows.h"
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
 
@@ -112,7 +112,7 @@ ReadReport CollectionFile::ReadINI(const std::string& fileName, const ReadOption
     return report;
   }
 
-  HeadRead head{settings_, folder_};
+  SettingRead head{settings_, folder_};
   readHead(reader, head);
   readAnimations(reader);
   readClips(reader, options, report);
@@ -155,7 +155,7 @@ void CollectionFile::replaceUnreadable(const std::string& fileName, const Error&
   WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
 }
 
-void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
+void CollectionFile::readHead(SectionReader& reader, SettingRead& head) {
   Rows rows;
   for (const auto& section : headSections()) {
     const bool found = reader.GetSection(section.name, rows, 0);
@@ -172,21 +172,16 @@ void CollectionFile::readHead(SectionReader& reader, HeadRead& head) {
     } else if (!found && section.name == "Prefs") {
       log_.LogError("<<ERR031>> - Prefs Read Failure Errc=");
     }
-    if (!found && section.missing != nullptr) {
-      section.missing(head);
-      continue;
-    }
-    for (std::size_t i = 0; i < section.rows.size() && (!found || i < rows.size()); ++i) {
-      if (section.rows[i].take != nullptr)
-        section.rows[i].take(head, found ? headText(section.rows[i], rows[i]) : std::string_view());
-    }
+    if (!found) readWithoutSection(section, head);
+    for (std::size_t i = 0; i < std::min(section.rows.size(), rows.size()); ++i)
+      readSetting(section.rows[i], head, headText(section.rows[i], rows[i]));
   }
 }
 
 // A row's text, or its bytes where it is no UTF-8 and they name something that is there.
-std::string_view CollectionFile::headText(const HeadRow& row, const SectionRow& read) const {
+std::string_view CollectionFile::headText(const SettingRow& row, const SectionRow& read) const {
   const auto bytes = trimmed(read.bytes);
-  if (!row.namesFile || bytes == read.value || bytes.empty()) return read.value;
+  if (!row.namesFile() || bytes == read.value || bytes.empty()) return read.value;
   const std::string name(bytes);
   return files_.exists(name) || files_.exists(folder_.beside("\\" + name)) ? bytes : read.value;
 }

@@ -2,7 +2,7 @@
 #include "base/text.h"
 #include "core/file/clip_rows.h"
 #include "core/file/collection_file.h"
-#include "core/file/head_rows.h"
+#include "core/records/setting_rows.h"
 #include "core/telling/messages.h"
 
 #include <optional>
@@ -118,7 +118,7 @@ RowWriter headRows(const KVO2& settings) {
   RowWriter out;
   for (const auto& section : headSections()) {
     out.heading(section.name);
-    for (const auto& row : section.rows) out.row(row.key, row.text(settings), row.namesFile);
+    for (const auto& row : section.rows) out.row(row.key, row.text(settings), row.namesFile());
     out.endSection();
   }
   return out;
