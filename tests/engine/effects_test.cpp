@@ -1,9 +1,9 @@
 // Every effect on a picture in memory: nothing at level 0, ever more with the level, and what its name says.
-#include "engine/effects/palette/palette_effect.h"
 #include "engine/effects/registry.h"
 #include "engine/params_of.h"
 #include "media/colour.h"
 #include "support/pictures.h"
+#include "vocabulary/palette.h"
 
 #include <set>
 #include <string>
@@ -195,8 +195,7 @@ TEST(Effects, LeaveAnAlphaThatSaysWhatIsSeen) {
 TEST(PaletteEffects, AllFollowTheirLevelControlsAndColours) {
   // Large enough that every length is some pixels.
   const auto plain = scene(320, 180);
-  const auto names = paletteNames();
-  ASSERT_EQ(names.size(), 48U);
+  const auto& names = kPaletteNames;
   for (std::size_t i = 0; i < names.size(); ++i) {
     const auto id = std::to_string(i + 1);
     const auto with = [&](const Values& more) {
@@ -285,7 +284,7 @@ TEST(PaletteEffects, EachHasItsMark) {
   ASSERT_EQ(std::size(rows), 48U);
   for (const auto& row : rows) {
     const auto picture = drawn(kPalette, {{"EffectID", std::to_string(row.id)}}, plain);
-    const auto name = paletteNames()[static_cast<std::size_t>(row.id - 1)];
+    const auto name = kPaletteNames[static_cast<std::size_t>(row.id - 1)];
     const double change =
         detail(picture, 1, 0) + detail(picture, 0, 1) - detail(plain, 1, 0) - detail(plain, 0, 1);
     switch (row.mark) {

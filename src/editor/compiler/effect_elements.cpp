@@ -4,6 +4,7 @@
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_word.h"
 #include "editor/compiler/transition_families.h"
+#include "vocabulary/effects.h"
 
 #include <array>
 #include <cmath>
@@ -93,9 +94,8 @@ std::string paletteElement(const Compilation& c, const KeyframeIndex& keyframes,
   } else if (row != nullptr && effectNo >= kFirstFullRow) {
     params += tableParams(*row);
   }
-  return blanks(15) + "<effect clsid=" + quoted("{E673DCF2-C316-4c6f-AA96-4E4DC6DC291E}") +
-         " start=" + quoted(span.start) + " stop=" + quoted(span.stop) + " >\r\n" + params + blanks(15) +
-         "</effect>\r\n";
+  return blanks(15) + "<effect clsid=" + quoted(effect_ids::kPalette) + " start=" + quoted(span.start) +
+         " stop=" + quoted(span.stop) + " >\r\n" + params + blanks(15) + "</effect>\r\n";
 }
 
 std::string blurParams(const Compilation& c, const KeyframeIndex& keyframes, int clipNo) {

@@ -2,14 +2,13 @@
 
 #include "base/text.h"
 #include "editor/compiler/keyframes.h"
+#include "vocabulary/effects.h"
 
 #include <algorithm>
 
 namespace kvo {
 namespace {
 
-constexpr std::string_view kBuiltIn[] = {"Mirror",    "Invert",  "Flip Vertical", "X-Ray",
-                                         "Grayscale", "Engrave", "Emboss",        "Fade to Black"};
 constexpr int kFirstSlot = static_cast<int>(EffectSwitch::FirstPaletteSlot);
 constexpr int kLastSlot = static_cast<int>(EffectSwitch::LastPaletteSlot);
 constexpr std::string_view kOlderSystems[] = {"ME", "98", "NT3", "2K", "NT4", "95"};
@@ -49,7 +48,7 @@ void applyEase(Movie& clip, Single initialScale, const char* direction) {
 }  // namespace
 
 std::string effectCaption(const Compilation& c, int position) {
-  if (position < kFirstSlot) return std::string(kBuiltIn[position - 1]);
+  if (position < kFirstSlot) return std::string(kBuiltInEffects.at(static_cast<std::size_t>(position - 1)));
   const auto* row = c.editor.effects.slot(position - kFirstSlot + 1);
   return row == nullptr ? std::string() : row->name;
 }

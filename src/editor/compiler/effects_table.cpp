@@ -2,6 +2,8 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "vocabulary/effects.h"
+#include "vocabulary/palette.h"
 
 #include <algorithm>
 
@@ -12,61 +14,61 @@ constexpr std::size_t kColumns = 16;
 
 struct DefaultRow {
   int selected;
-  std::string_view name;
+  Palette effect;
   std::array<std::string_view, 8> controls;
   std::string_view transparency, foreColor, backColor, extraColor, texture;
 };
 
 // clang-format off
 constexpr DefaultRow kDefaults[] = {
-    {0, "Accents", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Angled Strokes", {"1", "10", "10", "0", "0", "0", "0", "0"}, "30", "ALICEBLUE", "BEIGE", "GREENYELLOW", ""},
-    {1, "BasRelief", {"10", "1", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Mosaic", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "ChalkCharcoal", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Charcoal", {"40", "30", "20", "0", "0", "0", "0", "0"}, "30", "", "", "", ""},
-    {1, "Chrome", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "ColoredPencil", {"1", "10", "20", "0", "0", "0", "0", "0"}, "30", "BLUEVIOLET", "SLATEBLUE", "OLIVEDRAB", ""},
-    {1, "Craquelure", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Crosshatch", {"3", "10", "3", "0", "0", "0", "0", "0"}, "20", "AQUAMARINE", "LIGHTYELLOW", "DARKGREEN", ""},
-    {1, "Cutout", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "DarkStrokes", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "DiffuseGlow", {"1", "10", "3", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Dry Brush", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Emboss", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "FilmGrain", {"4", "0", "10", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "InkOutline", {"12", "3", "4", "14", "15", "16", "17", "18"}, "0", "RED", "BLACK", "VIOLET", ""},
-    {1, "NotePaper", {"10", "10", "5", "0", "0", "0", "0", "0"}, "40", "", "", "", ""},
-    {1, "Fresco", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "GlowingEdges", {"1", "5", "3", "2", "0", "0", "0", ""}, "40", "AQUA", "BLUE", "VIOLET", ""},
-    {1, "Grain", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "HalfTone", {"1", "10", "3", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Patchwork", {"1", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Neon Glow", {"5", "100", "12", "10", "19", "0", "0", "0"}, "", "", "", "PURPLE", ""},
-    {1, "PaintDaubs", {"0", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "PalletteKnife", {"6", "11", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Plaster", {"10", "12", "12", "0", "0", "0", "0", "0"}, "30", "BLACK", "THISTLE", "BEIGE", ""},
-    {1, "PlasticWrap", {"20", "4", "16", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "PosterEdges", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Ripple", {"1", "10", "10", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Reticulation", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "SmudgeStick", {"1", "10", "3", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Sponge", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "SpraydStroks", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "Stamp", {"1", "1", "3", "0", "0", "0", "0", "0"}, "10", "", "", "", ""},
-    {0, "Photocopy", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Sumie", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "GraphicPen", {"15", "0", "40", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "TornEdges", {"15", "5", "4", "0", "0", "0", "0", "0"}, "", "RED", "GREEN", "BLUE", ""},
-    {1, "Watercolor", {"9", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "WaterPaper", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {1, "StainedGlass", {"1", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Glass", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Texturizer", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "Underpainting", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "ConteCrayon", {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
-    {0, "RoughPastel", {"2", "3", "4", "1", "2", "2", "6", "0"}, "80", "GREEN", "RED", "BLUE", "VIOLET"},
-    {1, "Spatter", {"23", "10", "4", "0", "0", "0", "0", "80"}, "", "", "", "", ""},
+    {0, Palette::Accents, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::AngledStrokes, {"1", "10", "10", "0", "0", "0", "0", "0"}, "30", "ALICEBLUE", "BEIGE", "GREENYELLOW", ""},
+    {1, Palette::BasRelief, {"10", "1", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Mosaic, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::ChalkCharcoal, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Charcoal, {"40", "30", "20", "0", "0", "0", "0", "0"}, "30", "", "", "", ""},
+    {1, Palette::Chrome, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::ColoredPencil, {"1", "10", "20", "0", "0", "0", "0", "0"}, "30", "BLUEVIOLET", "SLATEBLUE", "OLIVEDRAB", ""},
+    {1, Palette::Craquelure, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Crosshatch, {"3", "10", "3", "0", "0", "0", "0", "0"}, "20", "AQUAMARINE", "LIGHTYELLOW", "DARKGREEN", ""},
+    {1, Palette::Cutout, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::DarkStrokes, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::DiffuseGlow, {"1", "10", "3", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::DryBrush, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Emboss, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::FilmGrain, {"4", "0", "10", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::InkOutline, {"12", "3", "4", "14", "15", "16", "17", "18"}, "0", "RED", "BLACK", "VIOLET", ""},
+    {1, Palette::NotePaper, {"10", "10", "5", "0", "0", "0", "0", "0"}, "40", "", "", "", ""},
+    {1, Palette::Fresco, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::GlowingEdges, {"1", "5", "3", "2", "0", "0", "0", ""}, "40", "AQUA", "BLUE", "VIOLET", ""},
+    {1, Palette::Grain, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::HalfTone, {"1", "10", "3", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Patchwork, {"1", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::NeonGlow, {"5", "100", "12", "10", "19", "0", "0", "0"}, "", "", "", "PURPLE", ""},
+    {1, Palette::PaintDaubs, {"0", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::PalletteKnife, {"6", "11", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Plaster, {"10", "12", "12", "0", "0", "0", "0", "0"}, "30", "BLACK", "THISTLE", "BEIGE", ""},
+    {1, Palette::PlasticWrap, {"20", "4", "16", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::PosterEdges, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Ripple, {"1", "10", "10", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Reticulation, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::SmudgeStick, {"1", "10", "3", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Sponge, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::SpraydStroks, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::Stamp, {"1", "1", "3", "0", "0", "0", "0", "0"}, "10", "", "", "", ""},
+    {0, Palette::Photocopy, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Sumie, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::GraphicPen, {"15", "0", "40", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::TornEdges, {"15", "5", "4", "0", "0", "0", "0", "0"}, "", "RED", "GREEN", "BLUE", ""},
+    {1, Palette::Watercolor, {"9", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::WaterPaper, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {1, Palette::StainedGlass, {"1", "1", "1", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Glass, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Texturizer, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::Underpainting, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::ConteCrayon, {"0", "0", "0", "0", "0", "0", "0", "0"}, "", "", "", "", ""},
+    {0, Palette::RoughPastel, {"2", "3", "4", "1", "2", "2", "6", "0"}, "80", "GREEN", "RED", "BLUE", "VIOLET"},
+    {1, Palette::Spatter, {"23", "10", "4", "0", "0", "0", "0", "80"}, "", "", "", "", ""},
 };
 // clang-format on
 static_assert(std::size(kDefaults) == EffectsTable::kRows);
@@ -105,25 +107,21 @@ std::string_view nextLine(std::string_view& text) {
   return line;
 }
 
-constexpr std::string_view kBuiltIn[] = {"Mirror",    "Invert",  "Flip Vertical", "X-Ray",
-                                         "Grayscale", "Engrave", "Emboss"};
-
 }  // namespace
 
 EffectsTable::EffectsTable() {
-  int number = 0;
   for (const auto& d : kDefaults) {
     EffectRow row;
     row.selected = d.selected == 1;
-    row.name = d.name;
-    row.number = ++number;
+    row.number = static_cast<int>(d.effect);
+    row.name = kPaletteNames.at(static_cast<std::size_t>(row.number - 1));
     std::copy(d.controls.begin(), d.controls.end(), row.Control.begin());
     row.Transparency = d.transparency;
     row.foreColor = d.foreColor;
     row.backColor = d.backColor;
     row.extraColor = d.extraColor;
     row.texture = d.texture;
-    rows_[static_cast<std::size_t>(number - 1)] = std::move(row);
+    rows_.at(static_cast<std::size_t>(row.number - 1)) = row;
   }
 }
 
@@ -206,7 +204,7 @@ std::string EffectsTable::GetEffectNameFromID(int id) const {
 bool EffectsTable::GetEffectIDFromName(std::string_view name, int& id) const {
   id = 0;
   const auto isName = [&](std::string_view builtIn) { return sameText(builtIn, trimmed(name)); };
-  if (std::any_of(std::begin(kBuiltIn), std::end(kBuiltIn), isName)) return false;
+  if (std::any_of(kBuiltInEffects.begin(), kBuiltInEffects.end(), isName)) return false;
   const auto* row = named(name);
   if (row != nullptr) id = row->number;
   return row != nullptr;

@@ -12,13 +12,13 @@
 #include "editor/compiler/transition_families.h"
 #include "editor/compiler/video_group.h"
 #include "editor/compiler/volume_envelope.h"
+#include "vocabulary/effects.h"
 
 #include <algorithm>
 
 namespace kvo {
 namespace {
 
-constexpr std::string_view kCompositorClass = "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}";
 constexpr std::size_t kDigits = 21;
 constexpr int kPreviewWidth = 170;
 constexpr int kPreviewHeight = 70;
@@ -58,9 +58,10 @@ std::string clipLine(const Movie& clip, const Times& t) {
 
 std::string audioTrack(const Movie& clip, const Times& t) {
   return blanks(10) + "<track>\r\n" + clipLine(clip, t) + blanks(15) +
-         "<effect start=\"0\" stop=" + quoted(ShortText(t.stop)) + " clsid=" + quoted(kAudioEnvelopeClass) +
-         " />\r\n" + blanks(20) + "<param name=\"Vol\" value=" + quoted(ShortText(clip.AudioOutputLevel())) +
-         " />\r\n" + blanks(10) + "</clip>\r\n" + blanks(10) + "</track>\r\n";
+         "<effect start=\"0\" stop=" + quoted(ShortText(t.stop)) +
+         " clsid=" + quoted(effect_ids::kAudioEnvelope) + " />\r\n" + blanks(20) +
+         "<param name=\"Vol\" value=" + quoted(ShortText(clip.AudioOutputLevel())) + " />\r\n" + blanks(10) +
+         "</clip>\r\n" + blanks(10) + "</track>\r\n";
 }
 
 std::string effectBlocks(const Compilation& c, const KeyframeIndex& keyframes, int clipNo, double stop) {
@@ -88,7 +89,7 @@ std::string placing(const PictureBox& box, double srcHeight, double srcWidth, do
                     double stop) {
   const auto number = [](double v) { return ShortText(v); };
   return blanks(15) + "<transition start=\"0\" stop=" + quoted(number(stop)) +
-         " clsid=" + quoted(kCompositorClass) + ">\r\n" + paramLine("Height", number(box.height)) +
+         " clsid=" + quoted(transition_ids::kPlacing) + ">\r\n" + paramLine("Height", number(box.height)) +
          paramLine("Width", number(box.width)) + paramLine("OffsetY", number(box.offsetY)) +
          paramLine("OffsetX", number(box.offsetX)) + setAgain("SrcHeight", srcHeight, height) +
          setAgain("SrcWidth", srcWidth, width) + paramLine("SrcOffsetY", "0") + setAgain("SrcOffsetX", 0, 0) +
@@ -128,7 +129,7 @@ std::string alphaEffect(const PicInPic& look, const Overlay& o, double length) {
   const auto key = [](double time, std::string_view value) {
     return blanks(25) + "<linear time=" + quoted(ShortText(time)) + " value=" + quoted(value) + "/>\r\n";
   };
-  auto text = blanks(15) + "<effect clsid=" + quoted(GetEffectClsid("Alpha")) +
+  auto text = blanks(15) + "<effect clsid=" + quoted(effect_ids::kAlpha) +
               " start=\"0\" stop=" + quoted(ShortText(length + 1)) + ">\r\n" +
               paramLine("Style", std::to_string(static_cast<int>(look.style)));
   if (look.style != OverlayStyle::Uniform) text += paramLine("FinishOpacity", "0");

@@ -5,6 +5,7 @@
 #include "editor/compiler/durations.h"
 #include "editor/compiler/transition_families.h"
 #include "editor/compiler/transition_names.h"
+#include "vocabulary/transitions.h"
 
 #include <algorithm>
 
@@ -12,10 +13,6 @@ namespace kvo {
 namespace {
 
 constexpr double kMargin = 0.125;  // seconds that Progress ends ahead of the overlap
-
-constexpr std::string_view kWipeClass = "{dE75D012-7A65-11D2-8CEA-00A0C9441E20}";
-constexpr std::string_view k3DClass = "{C63344D8-70D3-4032-9B32-7A3CAD5091A5}";
-constexpr std::string_view kNoTransition = "{99999999-9999-9999-9999-999999999999}";
 
 std::string extraParam(std::string_view name, std::string_view value) {
   if (name.empty()) return {};
@@ -52,7 +49,7 @@ std::string genericElement(const Movie& clip, const TransitionOptions& o) {
 
 std::string elementOf(const Compilation& c, const Movie& clip, const TransitionOptions& o) {
   if (isCut(o.Name)) {
-    return blanks(15) + "<transition clsid=" + quoted(kNoTransition) +
+    return blanks(15) + "<transition clsid=" + quoted(transition_ids::kNone) +
            " start=" + quoted(ShortText(ToNumber(o.Start))) + " stop=" + quoted(o.Stop) + " />\r\n";
   }
   std::string params;
@@ -62,9 +59,10 @@ std::string elementOf(const Compilation& c, const Movie& clip, const TransitionO
   }
   // These span the overlap only.
   const auto stop = ShortText(ToNumber(o.Start) + secondsFromTenths(clip.TransIn()) - kMargin);
-  if (addWipe(params, o)) return openingLine(o.Start, stop, kWipeClass) + params + closingLine();
+  if (addWipe(params, o))
+    return openingLine(o.Start, stop, transition_ids::kSmpteWipe) + params + closingLine();
   if (addParticlesOr3D(params, o, c.settings))
-    return openingLine(o.Start, stop, k3DClass) + params + closingLine();
+    return openingLine(o.Start, stop, transition_ids::kParticlesAnd3D) + params + closingLine();
   return genericElement(clip, o);
 }
 

@@ -1,15 +1,13 @@
-// The transitions a user can choose, and what each name stands for. The class identifiers are the public ones
-// of the objects that draw them, in their own case; the mask numbers are SMPTE 258M wipe codes.
+// What the names of transitions stand for. The mask numbers are SMPTE 258M wipe codes.
 #pragma once
+
+#include "vocabulary/transitions.h"
 
 #include <optional>
 #include <span>
 #include <string_view>
 
 namespace kvo {
-
-/// Every name on offer, in the order of the list.
-std::span<const std::string_view> transitionNames();
 
 /// The class identifier behind a friendly name, in its own case; empty for a name that the table does not
 /// hold.

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "editor/compiler/durations.h"
+#include "vocabulary/effects.h"
 
 namespace kvo {
 namespace {
@@ -56,7 +57,7 @@ void AddLevelingInfo(const Compilation& c, std::string& trackText, const Levelin
 
   trackText += blanks(15) + "<effect start=\"0\" " +
                (isFirst ? " stop=" + quoted(FormatMask(stop, "0.0")) : "stop=" + quoted(fixedText(d))) +
-               " clsid=" + quoted(kAudioEnvelopeClass) + " >\r\n";
+               " clsid=" + quoted(effect_ids::kAudioEnvelope) + " >\r\n";
   trackText +=
       blanks(20) + "<param name=" + quoted("Vol") + " value=" + quoted(o.FadeIn > 0 ? "0" : level) + ">\r\n";
   trackText += o.WithFades ? linesWithFades(clip, o, d, level) : linesWithoutFades(c, clip, o, d, level);
@@ -72,9 +73,9 @@ void AddLevelingInfo(const Compilation& c, std::string& trackText, const Levelin
 
 std::string constantEnvelope(double length, Single level) {
   return blanks(15) + "<effect start=" + quoted("0") + " stop=" + quoted(fixedText(length)) +
-         " clsid=" + quoted(kAudioEnvelopeClass) + " >\r\n" + blanks(20) + "<param name=" + quoted("Vol") +
-         " value=" + quoted(ShortText(level)) + ">\r\n" + blanks(20) + "</param>\r\n" + blanks(15) +
-         "</effect>\r\n";
+         " clsid=" + quoted(effect_ids::kAudioEnvelope) + " >\r\n" + blanks(20) +
+         "<param name=" + quoted("Vol") + " value=" + quoted(ShortText(level)) + ">\r\n" + blanks(20) +
+         "</param>\r\n" + blanks(15) + "</effect>\r\n";
 }
 
 }  // namespace kvo

@@ -8,8 +8,6 @@
 
 namespace kvo {
 
-inline constexpr std::string_view kAudioEnvelopeClass = "{036A9790-C153-11d2-9EF7-006008039E37}";
-
 struct LevelingOptions {
   int ClipNo = 1;
   std::string StartText;  ///< start="4", or a plain number

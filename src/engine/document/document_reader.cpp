@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "engine/effects/registry.h"
 #include "engine/transitions/registry.h"
+#include "vocabulary/effects.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,8 +16,6 @@
 
 namespace kvo::engine {
 namespace {
-
-constexpr std::string_view kAudioEnvelope = "{036A9790-C153-11d2-9EF7-006008039E37}";
 
 std::string attribute(const pugi::xml_node& node, const char* name) {
   std::string text = node.attribute(name).value();
@@ -178,7 +177,7 @@ Outcome readAudioTrack(const pugi::xml_node& track, Timeline& timeline) {
     AudioClip clip;
     if (auto done = readClip(node, clip); !done) return done;
     for (const auto& effect : node.children("effect")) {
-      if (!sameText(attribute(effect, "clsid"), kAudioEnvelope)) {
+      if (!sameText(attribute(effect, "clsid"), effect_ids::kAudioEnvelope)) {
         return Error{"clip " + clip.src + ": there is no sound effect " + attribute(effect, "clsid")};
       }
       // The volume stands in the effect or, where that is closed at once, behind it in the clip.

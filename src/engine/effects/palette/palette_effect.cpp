@@ -1,10 +1,9 @@
-#include "engine/effects/palette/palette_effect.h"
-
 #include "engine/effects/by_image.h"
 #include "engine/effects/palette/families.h"
 #include "engine/effects/palette/tools.h"
 #include "engine/effects/registry.h"
 #include "engine/transitions/fade.h"
+#include "vocabulary/palette.h"
 
 #include <algorithm>
 #include <array>
@@ -18,68 +17,65 @@ constexpr unsigned kOwnColours = 1;  // it prints in the colours itself; others 
 constexpr unsigned kDirected = 2;    // it has strokes or light that come from somewhere
 
 struct Row {
-  std::string_view name;
+  Palette effect;
   void (*draw)(cv::Mat& bgr, const Style& style);
   unsigned traits = 0;
 };
 
-constexpr std::array<Row, 48> kRows = {{
-    {"Accents", palette::accents},
-    {"Angled Strokes", palette::angledStrokes, kDirected},
-    {"BasRelief", palette::basRelief, kOwnColours | kDirected},
-    {"Mosaic", palette::mosaic, kDirected},
-    {"ChalkCharcoal", palette::chalkCharcoal, kOwnColours | kDirected},
-    {"Charcoal", palette::charcoal, kOwnColours | kDirected},
-    {"Chrome", palette::chrome, kDirected},
-    {"ColoredPencil", palette::colouredPencil, kDirected},
-    {"Craquelure", palette::craquelure, kDirected},
-    {"Crosshatch", palette::crosshatch, kDirected},
-    {"Cutout", palette::cutout},
-    {"DarkStrokes", palette::darkStrokes, kDirected},
-    {"DiffuseGlow", palette::diffuseGlow},
-    {"Dry Brush", palette::dryBrush},
-    {"Emboss", palette::emboss, kDirected},
-    {"FilmGrain", palette::filmGrain},
-    {"InkOutline", palette::inkOutline, kDirected},
-    {"NotePaper", palette::notePaper, kOwnColours | kDirected},
-    {"Fresco", palette::fresco},
-    {"GlowingEdges", palette::glowingEdges},
-    {"Grain", palette::grain},
-    {"HalfTone", palette::halfTone, kOwnColours | kDirected},
-    {"Patchwork", palette::patchwork, kDirected},
-    {"Neon Glow", palette::neonGlow, kOwnColours},
-    {"PaintDaubs", palette::paintDaubs},
-    {"PalletteKnife", palette::paletteKnife, kDirected},
-    {"Plaster", palette::plaster, kOwnColours | kDirected},
-    {"PlasticWrap", palette::plasticWrap, kDirected},
-    {"PosterEdges", palette::posterEdges},
-    {"Ripple", palette::ripple, kDirected},
-    {"Reticulation", palette::reticulation, kOwnColours},
-    {"SmudgeStick", palette::smudgeStick, kDirected},
-    {"Sponge", palette::sponge},
-    {"SpraydStroks", palette::sprayedStrokes, kDirected},
-    {"Stamp", palette::stamp, kOwnColours},
-    {"Photocopy", palette::photocopy, kOwnColours},
-    {"Sumie", palette::sumie, kDirected},
-    {"GraphicPen", palette::graphicPen, kOwnColours | kDirected},
-    {"TornEdges", palette::tornEdges, kOwnColours | kDirected},
-    {"Watercolor", palette::watercolor},
-    {"WaterPaper", palette::waterPaper, kDirected},
-    {"StainedGlass", palette::stainedGlass},
-    {"Glass", palette::glass, kDirected},
-    {"Texturizer", palette::texturizer, kDirected},
-    {"Underpainting", palette::underpainting, kDirected},
-    {"ConteCrayon", palette::conteCrayon, kOwnColours},
-    {"RoughPastel", palette::roughPastel, kDirected},
-    {"Spatter", palette::spatter},
+constexpr std::array<Row, kPaletteNames.size()> kRows = {{
+    {Palette::Accents, palette::accents},
+    {Palette::AngledStrokes, palette::angledStrokes, kDirected},
+    {Palette::BasRelief, palette::basRelief, kOwnColours | kDirected},
+    {Palette::Mosaic, palette::mosaic, kDirected},
+    {Palette::ChalkCharcoal, palette::chalkCharcoal, kOwnColours | kDirected},
+    {Palette::Charcoal, palette::charcoal, kOwnColours | kDirected},
+    {Palette::Chrome, palette::chrome, kDirected},
+    {Palette::ColoredPencil, palette::colouredPencil, kDirected},
+    {Palette::Craquelure, palette::craquelure, kDirected},
+    {Palette::Crosshatch, palette::crosshatch, kDirected},
+    {Palette::Cutout, palette::cutout},
+    {Palette::DarkStrokes, palette::darkStrokes, kDirected},
+    {Palette::DiffuseGlow, palette::diffuseGlow},
+    {Palette::DryBrush, palette::dryBrush},
+    {Palette::Emboss, palette::emboss, kDirected},
+    {Palette::FilmGrain, palette::filmGrain},
+    {Palette::InkOutline, palette::inkOutline, kDirected},
+    {Palette::NotePaper, palette::notePaper, kOwnColours | kDirected},
+    {Palette::Fresco, palette::fresco},
+    {Palette::GlowingEdges, palette::glowingEdges},
+    {Palette::Grain, palette::grain},
+    {Palette::HalfTone, palette::halfTone, kOwnColours | kDirected},
+    {Palette::Patchwork, palette::patchwork, kDirected},
+    {Palette::NeonGlow, palette::neonGlow, kOwnColours},
+    {Palette::PaintDaubs, palette::paintDaubs},
+    {Palette::PalletteKnife, palette::paletteKnife, kDirected},
+    {Palette::Plaster, palette::plaster, kOwnColours | kDirected},
+    {Palette::PlasticWrap, palette::plasticWrap, kDirected},
+    {Palette::PosterEdges, palette::posterEdges},
+    {Palette::Ripple, palette::ripple, kDirected},
+    {Palette::Reticulation, palette::reticulation, kOwnColours},
+    {Palette::SmudgeStick, palette::smudgeStick, kDirected},
+    {Palette::Sponge, palette::sponge},
+    {Palette::SpraydStroks, palette::sprayedStrokes, kDirected},
+    {Palette::Stamp, palette::stamp, kOwnColours},
+    {Palette::Photocopy, palette::photocopy, kOwnColours},
+    {Palette::Sumie, palette::sumie, kDirected},
+    {Palette::GraphicPen, palette::graphicPen, kOwnColours | kDirected},
+    {Palette::TornEdges, palette::tornEdges, kOwnColours | kDirected},
+    {Palette::Watercolor, palette::watercolor},
+    {Palette::WaterPaper, palette::waterPaper, kDirected},
+    {Palette::StainedGlass, palette::stainedGlass},
+    {Palette::Glass, palette::glass, kDirected},
+    {Palette::Texturizer, palette::texturizer, kDirected},
+    {Palette::Underpainting, palette::underpainting, kDirected},
+    {Palette::ConteCrayon, palette::conteCrayon, kOwnColours},
+    {Palette::RoughPastel, palette::roughPastel, kDirected},
+    {Palette::Spatter, palette::spatter},
 }};
 
-constexpr std::array<std::string_view, kRows.size()> namesOf() {
-  std::array<std::string_view, kRows.size()> names{};
-  for (std::size_t i = 0; i < names.size(); ++i) names[i] = kRows[i].name;
-  return names;
-}
-constexpr auto kNames = namesOf();
+static_assert(std::all_of(kRows.begin(), kRows.end(), [](const Row& row) {
+  return &row - kRows.data() + 1 == static_cast<int>(row.effect);
+}));
 
 constexpr double kTint = 0.35;
 
@@ -138,8 +134,6 @@ const Row* rowOf(const Params& params) {
 }
 
 }  // namespace
-
-std::span<const std::string_view> paletteNames() { return kNames; }
 
 // The grains are others in each frame.
 bool paletteEffectMoves(const Params& params) {

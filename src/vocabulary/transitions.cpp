@@ -1,0 +1,58 @@
+#include "vocabulary/transitions.h"
+
+namespace kvo {
+namespace {
+
+// clang-format off
+constexpr std::string_view kNames[] = {
+    "Whirlwind Up", "Shatter Down", "Page Curl LowerLeft", "Page Curl LowerRight", "Page Curl UpperLeft",
+    "Page Curl UpperRight", "Flip", "Roll Out", "Spin Out", "Shatter Right", "Shatter Left", "Shatter In",
+    "Shatter Out", "Whirlwind", "Columns", "Barn", "Blinds", "Bounce1", "Bounce2", "Bounce3", "Bounce4",
+    "QuartileMove", "Checkerboard", "Dissolve", "Fade", "Inset Right Bottom", "Inset Left Bottom",
+    "Inset Right Top", "Inset Left Top", "Four Corners", "Bow Tie Horizontal", "Bow Tie Vertical", "Iris",
+    "Pixelate", "RadialWipe", "Slide", "Spiral", "Stretch", "Wheel", "Wipe Soft", "Wipe Normal",
+    "Wipe Hard", "Zigzag", "Barn Vertical", "TopCenter", "Diamond", "SawLeft", "SawTop", "SawVert",
+    "SawHoriz", "Circle1", "Circle2", "Circle4", "Circle8", "Circle16", "Circle32", "Star4", "Star5",
+    "Star6", "Heart", "Keyhole", "Diagonal Rotate", "Fold", "Radial Box", "Matrix Diag", "Matrix2x",
+    "Matrix4x", "Waterfall Left", "Waterfall Right", "Random", "Filled V Down", "Filled V Left",
+    "Filled V Right", "Filled V Up",
+};
+// clang-format on
+
+constexpr NamedClass kClasses[] = {
+    {"Barn", transition_ids::kBarn},
+    {"Blinds", transition_ids::kBlinds},
+    {"Bounce1", transition_ids::kPlacing},
+    {"Bounce2", transition_ids::kPlacing},
+    {"Bounce3", transition_ids::kPlacing},
+    {"Bounce4", transition_ids::kPlacing},
+    {"QuartileMove", transition_ids::kPlacing},
+    {"Checkerboard", transition_ids::kCheckerboard},
+    {"ColorFade", transition_ids::kColorFade},
+    {"Compositor", transition_ids::kCompositor},
+    {"Curtains", transition_ids::kCurtains},
+    {"Dissolve", transition_ids::kDissolve},
+    {"Fade", transition_ids::kFade},
+    {"FadeWhite", transition_ids::kFadeWhite},
+    {"Inset", transition_ids::kInset},
+    {"Iris", transition_ids::kIris},
+    {"Pixelate", transition_ids::kPixelate},
+    {"RadialWipe", transition_ids::kRadialWipe},
+    {"RollDown", transition_ids::kRollDown},
+    {"Slide", transition_ids::kSlide},
+    {"SMPTE Wipe", transition_ids::kSmpteWipe},
+    {"Spiral", transition_ids::kSpiral},
+    {"Stretch", transition_ids::kStretch},
+    {"Threshold", transition_ids::kThreshold},
+    {"Wheel", transition_ids::kWheel},
+    {"Wipe Normal", transition_ids::kWipe},
+    {"Zigzag", transition_ids::kZigzag},
+};
+
+}  // namespace
+
+std::span<const std::string_view> transitionNames() { return kNames; }
+
+std::span<const NamedClass> transitionClasses() { return kClasses; }
+
+}  // namespace kvo
