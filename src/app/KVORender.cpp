@@ -1,21 +1,16 @@
-// The render engine as a process of its own. On standard output it tells how far it is, one line at a time:
-//   progress DONE TOTAL           seconds of the movie, a few times a second
-//   damage KIND FROM TO FILE      the "picture" or "sound" of this part of a clip, in seconds after its
-//   start, could not
-//                                 be decoded
-//   done FRAMES SECONDS BYTES     the file is in place
-// With --sheet it draws a row of small frames of each document instead, for looking at.
-// A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
+// The render engine as a process of its own. What it tells on standard output stands in
+// render/engine_protocol.h. With --sheet it draws a row of small frames of each document instead, for looking
+// at. A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/starter_watch.h"
 #include "app/engine_arguments.h"
 #include "base/guarded.h"
-#include "base/numbers.h"
 #include "base/text.h"
 #include "engine/document/document_reader.h"
 #include "engine/run/renderer.h"
 #include "engine/run/sheet.h"
 #include "media/media_facts.h"
+#include "render/engine_protocol.h"
 
 #include <chrono>
 #include <cstdio>
@@ -26,17 +21,13 @@
 
 namespace {
 
-constexpr int kDone = 0;
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
-
 int fail(const kvo::Error& error, int code) {
   std::fprintf(stderr, "KVORender: %s\n", error.text.c_str());
   return code;
 }
 
 void print(const std::string& line) {
-  std::fputs(line.c_str(), stdout);
+  std::puts(line.c_str());
   std::fflush(stdout);
 }
 
@@ -47,7 +38,7 @@ kvo::engine::RenderWatch progressPrinter() {
     if (done == told || (now < next && done < total)) return;
     next = now + std::chrono::milliseconds(200);
     told = done;
-    print("progress " + kvo::FormatMask(done, "0.000") + " " + kvo::FormatMask(total, "0.000") + "\n");
+    print(kvo::engineLine(kvo::EngineProgress{done, total}));
   };
 }
 
@@ -68,13 +59,14 @@ int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
   std::vector<kvo::engine::SheetRow> rows;
   for (const auto& document : arguments.documents) {
     auto timeline = load(files, document, document);
-    if (!timeline) return fail(timeline.error(), kFailed);
+    if (!timeline) return fail(timeline.error(), kvo::kExitFailed);
     rows.push_back({labelOf(document), std::move(*timeline)});
   }
   const auto png = kvo::guarded([&] { return kvo::engine::drawSheet(rows); });
-  if (!png) return fail(png.error(), kFailed);
-  if (auto done = kvo::writeDurably(files, arguments.output, *png); !done) return fail(done.error(), kFailed);
-  return kDone;
+  if (!png) return fail(png.error(), kvo::kExitFailed);
+  if (auto done = kvo::writeDurably(files, arguments.output, *png); !done)
+    return fail(done.error(), kvo::kExitFailed);
+  return kvo::kExitDone;
 }
 
 int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
@@ -83,22 +75,20 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   if (arguments.profile) {
     return fail({"the system profile of /P " + std::to_string(*arguments.profile) +
                  " cannot be used: the engine has no profiles yet"},
-                kFailed);
+                kvo::kExitFailed);
   }
   // A starter's document is a temporary file that its user knows nothing of.
   const auto shownAs = arguments.starter ? std::string("the timeline document") : arguments.document;
   const auto timeline = load(files, arguments.document, shownAs);
-  if (!timeline) return fail(timeline.error(), kFailed);
+  if (!timeline) return fail(timeline.error(), kvo::kExitFailed);
   const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
-  if (!report) return fail(report.error(), kFailed);
+  if (!report) return fail(report.error(), kvo::kExitFailed);
   for (const auto& hole : report->damage) {
-    print(std::string("damage ") + (hole.lost == kvo::media::Lost::Sound ? "sound " : "picture ") +
-          kvo::FormatMask(hole.from, "0.00") + " " + kvo::FormatMask(hole.to, "0.00") + " " + hole.path +
-          "\n");
+    print(kvo::engineLine(
+        kvo::EngineDamage{hole.lost == kvo::media::Lost::Sound, hole.from, hole.to, hole.path}));
   }
-  print("done " + std::to_string(report->frames) + " " + kvo::FormatMask(report->seconds, "0.000") + " " +
-        std::to_string(report->bytes) + "\n");
-  return kDone;
+  print(kvo::engineLine(kvo::EngineReport{report->frames, report->seconds, report->bytes}));
+  return kvo::kExitDone;
 }
 
 int wrongUsage(const kvo::Error& error) {
@@ -106,7 +96,7 @@ int wrongUsage(const kvo::Error& error) {
       "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/S PROCESS] /W OUTPUT DOCUMENT\n"
       "       KVORender --sheet FILE.png DOCUMENT...\n",
       stderr);
-  return fail(error, kWrongUsage);
+  return fail(error, kvo::kExitUsage);
 }
 
 }  // namespace

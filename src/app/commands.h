@@ -3,14 +3,10 @@
 #pragma once
 
 #include "app/command_line.h"
+#include "app/console_render.h"
 #include "app/session.h"
 
 namespace kvo {
-
-inline constexpr int kExitDone = 0;
-inline constexpr int kExitFailed = 1;
-inline constexpr int kExitUsage = 2;
-inline constexpr int kExitStopped = 130;
 
 /// Compiles the collection and has the engine, the program `engine`, render it.
 int runRender(Session& session, const CommandLine& line, const std::string& engine);
@@ -18,8 +14,5 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
 int runCheck(Session& session, const CommandLine& line);
 
 int runDocument(Session& session, const CommandLine& line);
-
-/// Prints one line on standard error.
-int fail(const std::string& text, int code = kExitFailed);
 
 }  // namespace kvo

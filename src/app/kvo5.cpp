@@ -1,6 +1,6 @@
 // The program: with its window, or, by a long option, without a screen.
 #include "adapters/posix/console_boxes.h"
-#include "adapters/posix/temporary_folder.h"
+#include "adapters/posix/posix_temporary_folders.h"
 #include "app/commands.h"
 #include "app/window_program.h"
 #include "base/paths.h"
@@ -48,7 +48,7 @@ void keepStandardNumbers() {
 
 int run(const kvo::CommandLine& line) {
   kvo::media::silenceRemarks();
-  kvo::TemporaryFolder::sweep();
+  kvo::PosixTemporaryFolders().sweep();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   kvo::ConsoleBoxes boxes;
   kvo::Session session(folderToRead(beside), boxes);
@@ -64,7 +64,7 @@ int run(const kvo::CommandLine& line) {
 
 int runWindow(int argc, char** argv) {
   kvo::media::silenceRemarks();
-  kvo::TemporaryFolder::sweep();
+  kvo::PosixTemporaryFolders().sweep();
   if (!kvo::hasDisplay()) {
     return kvo::fail("there is no display to show a window on; see kvo5 --help for what works without one");
   }

@@ -5,6 +5,7 @@
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_processes.h"
+#include "adapters/posix/posix_temporary_folders.h"
 #include "core/file/collection_file.h"
 #include "editor/compiler/compilation.h"
 
@@ -25,6 +26,7 @@ class Session {
   PosixFiles files;
   PosixClock clock;
   PosixProcesses processes;
+  PosixTemporaryFolders temporaryFolders;
   MessageBoxes& boxes;
   MediaFrameSource streams;
   ProgramFolder folder;

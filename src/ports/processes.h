@@ -1,7 +1,8 @@
-// The port to other programs: start one with arguments that no shell ever sees, read what it prints, end it.
+// The port to other programs: start one with arguments that no shell ever sees, hear what it prints, end it.
 #pragma once
 
 #include "base/result.h"
+#include "ports/event_loop.h"
 
 #include <functional>
 #include <memory>
@@ -11,9 +12,45 @@
 
 namespace kvo {
 
+struct ProcessOrder {
+  std::string program;                   ///< path of the file to run
+  std::vector<std::string> arguments{};  ///< any bytes but 0
+  /// In a group of its own it is ended with all its children, and a terminal does not see it as part of this
+  /// program's job: Ctrl-C and Ctrl-Z do not reach it. Else it shares this program's group and ends alone.
+  bool ownGroup = true;
+};
+
 struct ProcessEnd {
-  int exitCode = 0;    ///< 128 + signal number when a signal ended it
-  bool ended = false;  ///< true when it was ended by this side before it was done
+  int exitCode = 0;  ///< 128 + signal number when a signal ended it
+  int signal = 0;    ///< that ended it; 0 for none
+};
+
+/// Hears a process, on the thread of the loop. A line comes without its end; one that is longer than
+/// kMaxProcessLine comes in pieces. Any of these may destroy the process.
+struct ProcessHearing {
+  std::function<void(std::string_view)> line = [](std::string_view) {};  ///< of its standard output
+  std::function<void(std::string_view)> errorLine{};  ///< of its standard error; without it, that is shared
+  /// Once, behind the last line. What its children print later is not heard.
+  std::function<void(const ProcessEnd&)> ended = [](const ProcessEnd&) {};
+};
+
+/// Bytes.
+inline constexpr std::size_t kMaxProcessLine = 64U << 10U;
+
+/// A program that has been started. One that is destroyed while it runs is killed, with all of its children,
+/// and nothing of it is heard any more.
+class Process {
+ public:
+  Process() = default;
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+  virtual ~Process() = default;
+
+  /// Asks it to end, and kills it when it has not a second later.
+  virtual void stop() = 0;
+
+  /// Ends it and its children at once.
+  virtual void kill() = 0;
 };
 
 class Processes {
@@ -23,12 +60,13 @@ class Processes {
   Processes& operator=(const Processes&) = delete;
   virtual ~Processes() = default;
 
-  /// Runs `program` to its end. `line` hears each line of its standard output; standard error is shared.
-  /// `stop` is asked at least ten times a second. A true answer ends the process: it is asked to end, and
-  /// killed when it has not a second later.
-  virtual Result<ProcessEnd> run(const std::string& program, const std::vector<std::string>& arguments,
-                                 const std::function<void(std::string_view)>& line,
-                                 const std::function<bool()>& stop) = 0;
+  /// Starts a program and goes on at once. Its standard input is empty. `loop` outlives the process. Fails
+  /// with a line that names the program when it cannot be started.
+  virtual Result<std::unique_ptr<Process>> start(EventLoop& loop, const ProcessOrder& order,
+                                                 ProcessHearing hearing) = 0;
+
+  /// The number that the system has for this program.
+  [[nodiscard]] virtual int ownNumber() const = 0;
 };
 
 }  // namespace kvo

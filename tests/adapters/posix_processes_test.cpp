@@ -1,6 +1,7 @@
 #include "adapters/posix/posix_processes.h"
 
-#include "adapters/posix/temporary_folder.h"
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/posix_temporary_folders.h"
 #include "support/real_world.h"
 
 #include <array>
@@ -8,29 +9,138 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <optional>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-TEST(PosixProcesses, EndWhatDoesNotEndWhenItIsAsked) {
+// A process that a test hears.
+struct Heard {
+  PollLoop loop;
+  std::vector<std::string> lines;
+  std::vector<std::string> errors;
+  std::optional<ProcessEnd> end;
+  std::unique_ptr<Process> process;
+  std::function<void()> afterLine = [] {};
+
+  void start(const std::string& script, const std::vector<std::string>& arguments = {}) {
+    std::vector<std::string> words{"-c", script, "bash"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    auto started = PosixProcesses().start(loop, {"/bin/bash", words},
+                                          {.line =
+                                               [this](std::string_view line) {
+                                                 lines.emplace_back(line);
+                                                 afterLine();
+                                               },
+                                           .errorLine = [this](auto line) { errors.emplace_back(line); },
+                                           .ended =
+                                               [this](const ProcessEnd& e) {
+                                                 end = e;
+                                                 loop.quit();
+                                               }});
+    ASSERT_TRUE(started) << started.error().text;
+    process = std::move(*started);
+  }
+};
+
+bool lives(const std::string& process) {
+  std::ifstream file("/proc/" + process + "/stat");
+  std::string text;
+  std::getline(file, text);
+  const auto name = text.rfind(") ");
+  return name != std::string::npos && text[name + 2] != 'Z';
+}
+
+// Waits for an end that comes from elsewhere. The limit is only for a fault.
+bool dies(const std::string& process) {
+  for (int i = 0; i < 600 && lives(process); ++i) ::usleep(50'000);
+  return !lives(process);
+}
+
+TEST(PosixProcesses, AreHeardToTheirEnd) {
+  const std::string odd = "a b'\"$(touch x)`;*\xFF\n-";
   struct Row {
     const char* script;
-    int signal;  // that ends it
+    std::vector<std::string> arguments, lines, errors;
+    int exitCode, signal;
   };
   for (const auto& row :
-       {Row{"echo go; exec sleep 8", SIGTERM}, Row{"trap '' TERM; echo go; exec sleep 8", SIGKILL},
-        Row{"echo go; exec sleep 8 >&-", SIGTERM}}) {
-    bool heard = false;
-    const auto end = PosixProcesses().run(
-        "/bin/bash", {"-c", row.script}, [&](std::string_view line) { heard = line == "go"; },
-        [&] { return heard; });
-    ASSERT_TRUE(end);
-    EXPECT_TRUE(end->ended) << row.script;
-    EXPECT_EQ(end->exitCode, 128 + row.signal) << row.script;
+       {Row{"echo one; echo; printf two", {}, {"one", "", "two"}, {}, 0, 0},
+        Row{"echo out; echo err >&2; exit 3", {}, {"out"}, {"err"}, 3, 0},
+        Row{"printf %s \"$1\" | wc -c; cat", {odd}, {std::to_string(odd.size())}, {}, 0, 0},
+        Row{"kill -SEGV $$", {}, {}, {}, 128 + SIGSEGV, SIGSEGV},
+        Row{"exec >&- 2>&-; sleep 0.1; exit 4", {}, {}, {}, 4, 0},  // it works on with its output closed
+        Row{"sleep 60 & echo done", {}, {"done"}, {}, 0, 0},        // a child holds the output open
+        Row{"head -c 100000 /dev/zero | tr '\\0' x",
+            {},
+            {std::string(kMaxProcessLine, 'x'), std::string(100000 - kMaxProcessLine, 'x')},
+            {},
+            0,
+            0}}) {
+    Heard heard;
+    heard.start(row.script, row.arguments);
+    heard.loop.run();
+    EXPECT_EQ(heard.lines, row.lines) << row.script;
+    EXPECT_EQ(heard.errors, row.errors) << row.script;
+    EXPECT_EQ(heard.end->exitCode, row.exitCode) << row.script;
+    EXPECT_EQ(heard.end->signal, row.signal) << row.script;
+  }
+  Heard heard;
+  const auto missing = PosixProcesses().start(heard.loop, {"/no/such/program"}, {});
+  ASSERT_FALSE(missing);
+  EXPECT_EQ(missing.error().text, "cannot start /no/such/program: No such file or directory");
+}
+
+TEST(PosixProcesses, OneWhoPrintsMuchIsHeardInOrder) {
+  Heard heard;
+  heard.afterLine = [&] {
+    if (heard.lines.size() % 1000 == 1) heard.loop.yield();
+  };
+  heard.start("seq 50000");
+  heard.loop.run();
+  ASSERT_EQ(heard.lines.size(), 50000U);
+  for (std::size_t i = 0; i < heard.lines.size(); ++i) ASSERT_EQ(heard.lines[i], std::to_string(i + 1));
+}
+
+TEST(PosixProcesses, EndWithTheirChildrenWhenTheyAreToEnd) {
+  // A child that belongs to nobody any more, but to the same group.
+  const std::string orphan = "(trap '' TERM; sleep 60 >&- 2>&- & echo $!); ";
+  enum class By { Stop, Kill, Destruction };
+  struct Row {
+    const char* before;
+    const char* after;
+    By by;
+    int signal;             // that ends it
+    std::size_t lines = 1;  // after which
+  };
+  for (const auto& row :
+       {Row{"", "exec sleep 60", By::Stop, SIGTERM}, Row{"", "exec sleep 60", By::Kill, SIGKILL},
+        Row{"trap '' TERM;", "exec sleep 60", By::Stop, SIGKILL},
+        Row{"", "exec sleep 60 >&-", By::Stop, SIGTERM}, Row{"", "exec sleep 60", By::Destruction, 0},
+        Row{"", "exec yes", By::Destruction, 0, 1000}, Row{"", "exit 0", By::Destruction, 0, 9}}) {
+    Heard heard;
+    heard.afterLine = [&] {
+      if (heard.lines.size() != row.lines) return;
+      if (row.by == By::Stop) return heard.process->stop();
+      if (row.by == By::Kill) return heard.process->kill();
+      heard.process.reset();
+      heard.loop.quit();
+    };
+    heard.start(row.before + orphan + row.after);
+    heard.loop.run();
+    const auto heardLines = heard.lines.size();
+    heard.process.reset();
+    heard.loop.yield();
+    EXPECT_EQ(heard.lines.size(), heardLines) << row.after << ": nothing is heard after the end";
+    EXPECT_EQ(heard.end ? heard.end->signal : 0, row.signal) << row.before << row.after;
+    EXPECT_TRUE(dies(heard.lines.front())) << row.before << row.after;
   }
 }
 
@@ -42,9 +152,9 @@ class FolderOwner {
     EXPECT_EQ(::pipe(pipe.data()), 0);
     process_ = ::fork();
     if (process_ == 0) {
-      const auto folder = TemporaryFolder::make();
-      std::ofstream(folder->path() + "/movie.xtl") << "text";
-      const auto& path = folder->path();
+      const auto folder = PosixTemporaryFolders().make();
+      std::ofstream((*folder)->path() + "/movie.xtl") << "text";
+      const auto& path = (*folder)->path();
       if (::write(pipe[1], path.data(), path.size()) > 0) ::pause();
       ::_exit(0);
     }
@@ -71,13 +181,13 @@ class FolderOwner {
   std::string folder_;
 };
 
-TEST(TemporaryFolder, IsSweptWhenItsOwnerIsGone) {
+TEST(TemporaryFolders, IsSweptWhenItsOwnerIsGone) {
   const test::ScratchFolder base;
   ::setenv("TMPDIR", base.path().c_str(), 1);
   {
     FolderOwner dead;
     FolderOwner alive;
-    const auto own = TemporaryFolder::make();
+    const auto own = PosixTemporaryFolders().make();
     ASSERT_TRUE(own);
     ASSERT_TRUE(dead.folderStands() && alive.folderStands());
     const auto deadProcess = std::to_string(dead.process());
@@ -92,10 +202,10 @@ TEST(TemporaryFolder, IsSweptWhenItsOwnerIsGone) {
       std::filesystem::create_directory(base / name);
     }
     const auto before = base.names().size();
-    TemporaryFolder::sweep();
+    PosixTemporaryFolders().sweep();
     EXPECT_FALSE(dead.folderStands());
     EXPECT_TRUE(alive.folderStands());
-    EXPECT_TRUE(std::filesystem::exists(own->path()));
+    EXPECT_TRUE(std::filesystem::exists((*own)->path()));
     EXPECT_TRUE(std::filesystem::exists(other + "/kept"));
     EXPECT_EQ(base.names().size(), before - 1);
   }

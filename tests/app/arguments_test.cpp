@@ -1,6 +1,5 @@
 #include "app/command_line.h"
 #include "app/engine_arguments.h"
-#include "app/progress_line.h"
 
 #include <gtest/gtest.h>
 
@@ -77,16 +76,6 @@ TEST(CommandLine, TakesItsCommands) {
                          {"--check", "a", "b"},
                          {"--document", "a"}};
   for (const auto& words : wrong) EXPECT_FALSE(readCommandLine(words)) << testing::PrintToString(words);
-}
-
-TEST(ProgressLine, TellsShareSpeedAndTimeLeft) {
-  EXPECT_EQ(progressText(0, 10, 0), "  0%");
-  EXPECT_EQ(progressText(5, 20, 2), " 25%  2.50 x real time  0:06 left");
-  EXPECT_EQ(progressText(20, 20, 8), "100%  2.50 x real time  0:00 left");
-  EXPECT_EQ(clockText(3661), "1:01:01");
-  EXPECT_EQ(clockText(59.2), "1:00");
-  EXPECT_EQ(bytesText(812), "812 bytes");
-  EXPECT_EQ(bytesText(17432000), "17.4 MB");
 }
 
 }  // namespace

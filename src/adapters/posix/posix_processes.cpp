@@ -1,125 +1,159 @@
 #include "adapters/posix/posix_processes.h"
 
+#include "adapters/posix/process_mail.h"
+#include "adapters/posix/spawn.h"
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <cstring>
-#include <fcntl.h>
-#include <optional>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/eventfd.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
-
-extern char** environ;  // NOLINT(readability-redundant-declaration)
 
 namespace kvo {
 namespace {
 
-constexpr int kAskEvery = 50;                     // milliseconds between two questions whether to stop
-constexpr auto kGrace = std::chrono::seconds(1);  // between asking a process to end and killing it
+constexpr int kGrace = 1000;  // milliseconds between asking a process to end and killing it
 
-std::vector<char*> argumentPointers(const std::string& program, const std::vector<std::string>& arguments) {
-  std::vector<char*> pointers;
-  pointers.push_back(const_cast<char*>(program.c_str()));  // NOLINT(cppcoreguidelines-pro-type-const-cast)
-  for (const auto& a : arguments) pointers.push_back(const_cast<char*>(a.c_str()));  // NOLINT
-  pointers.push_back(nullptr);
-  return pointers;
-}
-
-// Hands the whole lines at the front of `pending` to `line` and leaves the rest.
-void handOut(std::string& pending, const std::function<void(std::string_view)>& line) {
-  std::size_t from = 0;
-  for (auto at = pending.find('\n'); at != std::string::npos; at = pending.find('\n', from)) {
-    line(std::string_view(pending).substr(from, at - from));
-    from = at + 1;
-  }
-  pending.erase(0, from);
-}
-
-// Ends a process when it is to stop: asks it to, and kills it when it does not listen.
-class Stopping {
+// One stream of output, cut into lines.
+class Stream {
  public:
-  Stopping(pid_t process, const std::function<bool()>& stop) : process_(process), stop_(stop) {}
+  Stream(Descriptor& from, bool isErrors) : from_(from), isErrors_(isErrors) {}
 
-  // True once it has been asked.
-  bool look() {
-    if (!asked_ && stop_()) {
-      asked_ = Clock::now();
-      ::kill(process_, SIGTERM);
-    } else if (asked_ && !killed_ && Clock::now() - *asked_ >= kGrace) {
-      killed_ = true;
-      ::kill(process_, SIGKILL);
+  [[nodiscard]] int descriptor() const { return from_.get(); }
+
+  // Reads what waits, once, and adds the lines that are whole; at the end, also one that is not.
+  void read(std::vector<ProcessWord>& words) {
+    std::array<char, 1U << 14U> buffer{};
+    const auto got = ::read(from_.get(), buffer.data(), buffer.size());
+    if (got < 0 && errno == EINTR) return;
+    if (got <= 0) return close(words);
+    pending_.append(buffer.data(), static_cast<std::size_t>(got));
+    std::size_t from = 0;
+    for (auto end = lineEnd(from); end != std::string::npos; end = lineEnd(from)) {
+      words.emplace_back(OutputLine{pending_.substr(from, end - from), isErrors_});
+      from = end + (pending_[end] == '\n' ? 1 : 0);
     }
-    return asked_.has_value();
+    pending_.erase(0, from);
+  }
+
+  // Reads what is there now, and no more: a child of the process may print without end.
+  void finish(std::vector<ProcessWord>& words) {
+    int left = 0;
+    for (int i = 0; i < kMaxLeft && from_.open(); ++i) {
+      if (::ioctl(from_.get(), FIONREAD, &left) != 0 || left == 0) break;
+      read(words);
+    }
+    close(words);
   }
 
  private:
-  using Clock = std::chrono::steady_clock;
-  pid_t process_;
-  const std::function<bool()>& stop_;
-  std::optional<Clock::time_point> asked_;
-  bool killed_ = false;
+  static constexpr int kMaxLeft = 256;  // reads
+
+  // Where the line that begins at `from` ends, or npos when that is not known yet.
+  [[nodiscard]] std::size_t lineEnd(std::size_t from) const {
+    const auto end = std::min(pending_.find('\n', from), from + kMaxProcessLine);
+    return end < pending_.size() ? end : std::string::npos;
+  }
+
+  void close(std::vector<ProcessWord>& words) {
+    if (!pending_.empty()) words.emplace_back(OutputLine{std::exchange(pending_, {}), isErrors_});
+    from_.close();
+  }
+
+  Descriptor& from_;
+  const bool isErrors_;
+  std::string pending_;
+};
+
+ProcessEnd endOf(pid_t process) {
+  siginfo_t status{};
+  // It is left to be waited for: until then its number, and its group's, belong to nobody else.
+  while (::waitid(P_PID, static_cast<id_t>(process), &status, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
+  }
+  if (status.si_code == CLD_EXITED) return {status.si_status, 0};
+  return {128 + status.si_status, status.si_status};
+}
+
+// Reads a child to its end, or until `wake` can be read.
+void follow(Child& child, const Descriptor& wake, ProcessMail& mail) {
+  Stream output(child.output, false);
+  Stream errors(child.errors, true);
+  for (;;) {
+    std::array<pollfd, 4> ready{{{output.descriptor(), POLLIN, 0},
+                                 {errors.descriptor(), POLLIN, 0},
+                                 {child.end.get(), POLLIN, 0},
+                                 {wake.get(), POLLIN, 0}}};
+    if (::poll(ready.data(), ready.size(), -1) <= 0) continue;
+    if (ready[3].revents != 0) return;
+    std::vector<ProcessWord> words;
+    if (ready[2].revents != 0) {
+      output.finish(words);
+      errors.finish(words);
+      words.emplace_back(endOf(child.process));
+      return mail.post(std::move(words));
+    }
+    if (ready[0].revents != 0) output.read(words);
+    if (ready[1].revents != 0) errors.read(words);
+    mail.post(std::move(words));
+  }
+}
+
+class PosixProcess : public Process {
+ public:
+  PosixProcess(EventLoop& loop, Child child, Descriptor wake, ProcessHearing hearing)
+      : child_(std::move(child)),
+        wake_(std::move(wake)),
+        mail_(std::make_shared<ProcessMail>(loop, std::move(hearing))),
+        grace_(loop.timer([this] {
+          grace_->stop();
+          kill();
+        })),
+        thread_([this] { follow(child_, wake_, *mail_); }) {}
+  PosixProcess(const PosixProcess&) = delete;
+  PosixProcess& operator=(const PosixProcess&) = delete;
+  ~PosixProcess() override {
+    kill();
+    mail_->close();
+    ::eventfd_write(wake_.get(), 1);
+    thread_.join();
+    while (::waitpid(child_.process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+  }
+
+  void stop() override {
+    if (grace_->running()) return;
+    signal(SIGTERM);
+    grace_->start(kGrace);
+  }
+
+  void kill() override { signal(SIGKILL); }
+
+ private:
+  void signal(int number) const { ::kill(child_.ownGroup ? -child_.process : child_.process, number); }
+
+  Child child_;
+  Descriptor wake_;
+  std::shared_ptr<ProcessMail> mail_;
+  std::unique_ptr<Timer> grace_;
+  std::thread thread_;
 };
 
 }  // namespace
 
-Result<ProcessEnd> PosixProcesses::run(const std::string& program, const std::vector<std::string>& arguments,
-                                       const std::function<void(std::string_view)>& line,
-                                       const std::function<bool()>& stop) {
-  std::array<int, 2> pipe{};
-  if (::pipe2(pipe.data(), O_CLOEXEC) != 0)
-    return Error{std::string("cannot make a pipe: ") + std::strerror(errno)};
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
-  // The child answers to every signal, whatever this side holds back for itself.
-  posix_spawnattr_t attributes;
-  posix_spawnattr_init(&attributes);
-  sigset_t none;
-  sigemptyset(&none);
-  posix_spawnattr_setsigmask(&attributes, &none);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
-  pid_t child = 0;
-  auto pointers = argumentPointers(program, arguments);
-  const int failed = ::posix_spawn(&child, program.c_str(), &actions, &attributes, pointers.data(), environ);
-  posix_spawnattr_destroy(&attributes);
-  posix_spawn_file_actions_destroy(&actions);
-  ::close(pipe[1]);
-  if (failed != 0) {
-    ::close(pipe[0]);
-    return Error{"cannot start " + program + ": " + std::strerror(failed)};
-  }
-
-  ProcessEnd end;
-  Stopping stopping(child, stop);
-  std::string pending;
-  std::array<char, 4096> buffer{};
-  for (bool open = true; open;) {
-    end.ended = stopping.look();
-    pollfd ready{pipe[0], POLLIN, 0};
-    if (::poll(&ready, 1, kAskEvery) <= 0) continue;
-    const auto got = ::read(pipe[0], buffer.data(), buffer.size());
-    if (got < 0 && errno == EINTR) continue;
-    open = got > 0;
-    if (open) {
-      pending.append(buffer.data(), static_cast<std::size_t>(got));
-      handOut(pending, line);
-    }
-  }
-  ::close(pipe[0]);
-  if (!pending.empty()) line(pending);
-  int status = 0;
-  // It may have closed its output and work on.
-  for (pid_t ended = 0; ended == 0 || (ended < 0 && errno == EINTR);) {
-    ended = ::waitpid(child, &status, WNOHANG);
-    if (ended != 0) continue;
-    end.ended = stopping.look();
-    ::poll(nullptr, 0, kAskEvery);
-  }
-  end.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  return end;
+Result<std::unique_ptr<Process>> PosixProcesses::start(EventLoop& loop, const ProcessOrder& order,
+                                                       ProcessHearing hearing) {
+  Descriptor wake(::eventfd(0, EFD_CLOEXEC));
+  auto child = spawn(order, static_cast<bool>(hearing.errorLine));
+  if (!child) return child.error();
+  return std::unique_ptr<Process>(
+      std::make_unique<PosixProcess>(loop, std::move(*child), std::move(wake), std::move(hearing)));
 }
+
+int PosixProcesses::ownNumber() const { return ::getpid(); }
 
 }  // namespace kvo

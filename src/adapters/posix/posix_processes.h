@@ -7,9 +7,9 @@ namespace kvo {
 
 class PosixProcesses : public Processes {
  public:
-  Result<ProcessEnd> run(const std::string& program, const std::vector<std::string>& arguments,
-                         const std::function<void(std::string_view)>& line,
-                         const std::function<bool()>& stop) override;
+  Result<std::unique_ptr<Process>> start(EventLoop& loop, const ProcessOrder& order,
+                                         ProcessHearing hearing) override;
+  [[nodiscard]] int ownNumber() const override;
 };
 
 }  // namespace kvo

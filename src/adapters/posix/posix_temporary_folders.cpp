@@ -1,4 +1,6 @@
-#include "adapters/posix/temporary_folder.h"
+#include "adapters/posix/posix_temporary_folders.h"
+
+#include "adapters/posix/descriptor.h"
 
 #include <cerrno>
 #include <charconv>
@@ -40,47 +42,55 @@ std::optional<pid_t> ownerOf(std::string_view name) {
 
 bool lives(pid_t process) { return ::kill(process, 0) == 0 || errno != ESRCH; }
 
-int openFolder(const std::string& path) {
-  return ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+Descriptor openFolder(const std::string& path) {
+  return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 void removeIfLeft(const std::string& path) {
-  const int folder = openFolder(path);
-  if (folder < 0) return;
+  const auto folder = openFolder(path);
   struct stat found {};
-  if (::fstat(folder, &found) == 0 && found.st_uid == ::geteuid() &&
-      ::flock(folder, LOCK_EX | LOCK_NB) == 0) {
+  if (folder.open() && ::fstat(folder.get(), &found) == 0 && found.st_uid == ::geteuid() &&
+      ::flock(folder.get(), LOCK_EX | LOCK_NB) == 0) {
     std::error_code ignored;
     fs::remove_all(path, ignored);
   }
-  ::close(folder);
 }
+
+class LockedFolder : public TemporaryFolder {
+ public:
+  explicit LockedFolder(std::string path) : path_(std::move(path)), lock_(openFolder(path_)) {
+    if (lock_.open()) ::flock(lock_.get(), LOCK_EX | LOCK_NB);
+  }
+  LockedFolder(const LockedFolder&) = delete;
+  LockedFolder& operator=(const LockedFolder&) = delete;
+  ~LockedFolder() override {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+  }
+  [[nodiscard]] const std::string& path() const override { return path_; }
+
+ private:
+  const std::string path_;
+  const Descriptor lock_;  // of the folder, locked for as long as it is open
+};
 
 }  // namespace
 
-Result<TemporaryFolder> TemporaryFolder::make() {
+Result<std::unique_ptr<TemporaryFolder>> PosixTemporaryFolders::make() {
   auto path = (base() / kPrefix).string() + std::to_string(::getpid()) + "-XXXXXX";
   if (::mkdtemp(path.data()) == nullptr) {
     return Error{"cannot make a folder in " + base().string() + ": " + std::strerror(errno)};
   }
-  const int lock = openFolder(path);
-  if (lock >= 0) ::flock(lock, LOCK_EX | LOCK_NB);
-  return TemporaryFolder(path, lock);
+  return std::unique_ptr<TemporaryFolder>(std::make_unique<LockedFolder>(std::move(path)));
 }
 
-void TemporaryFolder::sweep() {
+void PosixTemporaryFolders::sweep() {
   std::error_code failed;
   for (auto entry = fs::directory_iterator(base(), failed); !failed && entry != fs::directory_iterator();
        entry.increment(failed)) {
     const auto owner = ownerOf(entry->path().filename().string());
     if (owner && !lives(*owner)) removeIfLeft(entry->path().string());
   }
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  if (!path_.empty()) fs::remove_all(path_, ignored);
-  if (lock_ >= 0) ::close(lock_);
 }
 
 }  // namespace kvo

@@ -1,0 +1,58 @@
+// What the render engine tells while it works: lines of text on its standard output, written and read here.
+//   progress DONE TOTAL           seconds of the movie, a few times a second
+//   damage KIND FROM TO FILE      the "picture" or "sound" of this part of a clip, in seconds after its
+//   start, could
+//                                 not be decoded
+//   done FRAMES SECONDS BYTES     the file is in place
+// A failure is one line on its standard error.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace kvo {
+
+/// Exit codes of the programs.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitFailed = 1;
+inline constexpr int kExitUsage = 2;
+inline constexpr int kExitStopped = 130;  ///< by the user
+
+/// Seconds of the movie.
+struct EngineProgress {
+  double done = 0;
+  double total = 0;
+  bool operator==(const EngineProgress&) const = default;
+};
+
+struct EngineDamage {
+  bool isSound = false;  ///< else the picture
+  double from = 0;       ///< seconds after the clip's start
+  double to = 0;
+  std::string file;
+  bool operator==(const EngineDamage&) const = default;
+};
+
+struct EngineReport {
+  std::int64_t frames = 0;  ///< 0 for a sound file
+  double seconds = 0;
+  std::uint64_t bytes = 0;
+  bool operator==(const EngineReport&) const = default;
+};
+
+/// Nothing stands for a line that makes no sense.
+using EngineWord = std::variant<std::monostate, EngineProgress, EngineDamage, EngineReport>;
+
+/// Without the end of the line.
+std::string engineLine(const EngineProgress& progress);
+std::string engineLine(const EngineDamage& damage);
+std::string engineLine(const EngineReport& report);
+
+EngineWord readEngineLine(std::string_view line);
+
+/// "holiday.avi: the picture from 1.20 to 1.84 s cannot be decoded; the one ahead stands"
+std::string damageText(const EngineDamage& damage);
+
+}  // namespace kvo

@@ -1,0 +1,67 @@
+#include "render/progress.h"
+
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace kvo {
+
+double shareDone(const RenderProgress& progress) {
+  const auto [done, total] = progress.movie;
+  return total > 0 ? std::clamp(done / total, 0.0, 1.0) : 0;
+}
+
+std::int64_t framesDone(const RenderProgress& progress) {
+  return std::llround(progress.movie.done * progress.frameRate);
+}
+
+std::int64_t framesInAll(const RenderProgress& progress) {
+  return std::llround(progress.movie.total * progress.frameRate);
+}
+
+std::optional<double> framesPerSecond(const RenderProgress& progress) {
+  const auto speed = speedOf(progress);
+  if (!speed || progress.frameRate <= 0) return std::nullopt;
+  return *speed * progress.frameRate;
+}
+
+std::optional<double> speedOf(const RenderProgress& progress) {
+  if (progress.movie.done <= 0 || progress.elapsed <= 0) return std::nullopt;
+  return progress.movie.done / progress.elapsed;
+}
+
+std::optional<double> secondsLeft(const RenderProgress& progress) {
+  const double share = shareDone(progress);
+  if (share <= 0 || !speedOf(progress)) return std::nullopt;
+  return progress.elapsed * (1 - share) / share;
+}
+
+std::string progressText(const RenderProgress& progress) {
+  auto percent = std::to_string(static_cast<int>(shareDone(progress) * 100));
+  percent.insert(0, 3 - std::min<std::size_t>(percent.size(), 3), ' ');
+  std::string text = percent + "%";
+  const auto left = secondsLeft(progress);
+  if (!left) return text;
+  return text + "  " + FormatMask(*speedOf(progress), "0.00") + " x real time  " + clockText(*left) + " left";
+}
+
+std::string clockText(double seconds) {
+  const auto whole = static_cast<long>(std::ceil(std::clamp(seconds, 0.0, 1e9)));
+  const auto two = [](long value) { return FormatMask(static_cast<double>(value), "00"); };
+  const auto hours = whole / 3600;
+  const auto minutes = whole / 60 % 60;
+  if (hours == 0) return std::to_string(minutes) + ":" + two(whole % 60);
+  return std::to_string(hours) + ":" + two(minutes) + ":" + two(whole % 60);
+}
+
+std::string bytesText(double bytes) {
+  constexpr std::array<const char*, 4> kUnits = {" kB", " MB", " GB", " TB"};
+  if (bytes < 1000) return ShortText(bytes) + " bytes";
+  std::size_t unit = 0;
+  for (bytes /= 1000; bytes >= 1000 && unit + 1 < kUnits.size(); ++unit) bytes /= 1000;
+  return FormatMask(bytes, "0.0") + kUnits.at(unit);
+}
+
+}  // namespace kvo

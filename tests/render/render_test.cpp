@@ -1,0 +1,160 @@
+#include "render/render_driver.h"
+#include "support/fake_processes.h"
+#include "support/fakes.h"
+#include "support/memory_folders.h"
+#include "support/virtual_loop.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(EngineProtocol, IsReadAsItIsWritten) {
+  EXPECT_EQ(std::get<EngineProgress>(readEngineLine(engineLine(EngineProgress{1.5, 12}))),
+            (EngineProgress{1.5, 12}));
+  for (const bool isSound : {false, true}) {
+    const EngineDamage damage{isSound, 1.2, 1.84, "/my clips/a  b.avi "};
+    EXPECT_EQ(std::get<EngineDamage>(readEngineLine(engineLine(damage))), damage);
+  }
+  const EngineReport report{300, 12.04, 5'000'000'000};
+  EXPECT_EQ(engineLine(report), "done 300 12.040 5000000000");
+  EXPECT_EQ(std::get<EngineReport>(readEngineLine(engineLine(report))), report);
+  for (const auto* line : {"", "progress", "progress 1", "progress x 2", "progress -1 2",
+                           "damage smell 1 2 a.avi", "damage sound 1 2 ", "damage sound 1 a.avi", "done 1 2",
+                           "done 1 2 1e300", "Progress 1 2", "progresses 1 2"}) {
+    EXPECT_EQ(readEngineLine(line).index(), 0U) << line;
+  }
+  EXPECT_EQ(damageText({false, 1.2, 1.84, "a.avi"}),
+            "a.avi: the picture from 1.20 to 1.84 s cannot be decoded; the one ahead stands");
+  EXPECT_EQ(damageText({true, 0, 2, "a.avi"}),
+            "a.avi: the sound from 0.00 to 2.00 s cannot be decoded; it is silent");
+}
+
+TEST(RenderProgress, TellsShareSpeedAndTimeLeft) {
+  EXPECT_EQ(progressText({{0, 10}, 25, 0}), "  0%");
+  EXPECT_EQ(progressText({{5, 20}, 25, 2}), " 25%  2.50 x real time  0:06 left");
+  EXPECT_EQ(progressText({{20, 20}, 25, 8}), "100%  2.50 x real time  0:00 left");
+  EXPECT_EQ(clockText(3661), "1:01:01");
+  EXPECT_EQ(clockText(59.2), "1:00");
+  EXPECT_EQ(bytesText(812), "812 bytes");
+  EXPECT_EQ(bytesText(17432000), "17.4 MB");
+  const RenderProgress progress{{5, 20}, 29.97, 2};
+  EXPECT_EQ(framesDone(progress), 150);
+  EXPECT_EQ(framesInAll(progress), 599);
+  EXPECT_DOUBLE_EQ(*framesPerSecond(progress), 74.925);
+  EXPECT_FALSE(framesPerSecond({{5, 20}, 0, 2})) << "of a sound file";
+  EXPECT_FALSE(framesPerSecond({{0, 20}, 25, 2}));
+}
+
+struct Driven {
+  test::MemoryFiles files;
+  test::MemoryFolders folders;
+  test::FakeProcesses processes;
+  test::VirtualLoop loop;
+  int changes = 0;
+  RenderDriver driver{{files, folders, processes, loop, "/bin/KVORender"}, [this] { ++changes; }};
+  RenderOrder order{.document = "<timeline>", .output = "/o.avi", .frameRate = 25};
+
+  void run() { EXPECT_TRUE(driver.start(order)); }
+};
+
+TEST(RenderDriver, FollowsTheEngineToTheMovie) {
+  Driven d;
+  d.order.range = {1.5, 4};
+  d.order.codec = "mpeg4";
+  d.order.sharesTerminal = true;
+  d.run();
+  const auto& order = d.processes.last().order;
+  EXPECT_EQ(order.program, "/bin/KVORender");
+  EXPECT_EQ(order.arguments,
+            (Words{"/[1.50-4.00]", "/C", "mpeg4", "/S", "77", "/W", "/o.avi", "/tmp/kvo/movie.xtl"}));
+  EXPECT_FALSE(order.ownGroup);
+  EXPECT_EQ(d.files.all["/tmp/kvo/movie.xtl"], "<timeline>");
+  EXPECT_FALSE(d.driver.start(d.order)) << "one at a time";
+
+  d.loop.advance(2000);
+  d.processes.say("progress 0.500 2.500");
+  EXPECT_EQ(d.changes, 1);
+  EXPECT_EQ(progressText(d.driver.state().progress), " 20%  0.25 x real time  0:08 left");
+  d.processes.say("nonsense");
+  EXPECT_EQ(d.driver.state().progress.movie.done, 0.5);
+  d.processes.say("damage sound 1.00 2.00 /a b.avi");
+  d.processes.say("done 63 2.500 1000");
+  EXPECT_EQ(d.folders.standing, 1);
+  d.processes.end(0);
+  const auto& state = d.driver.state();
+  EXPECT_EQ(state.phase, RenderPhase::Done);
+  EXPECT_EQ(state.report, (EngineReport{63, 2.5, 1000}));
+  EXPECT_EQ(state.damage, (std::vector{EngineDamage{true, 1, 2, "/a b.avi"}}));
+  EXPECT_EQ(d.folders.standing, 0);
+  EXPECT_TRUE(d.processes.last().destroyed);
+
+  d.run();
+  EXPECT_EQ(d.driver.state().phase, RenderPhase::Running) << "and again";
+  EXPECT_TRUE(d.driver.state().damage.empty());
+}
+
+TEST(RenderDriver, TellsHowARenderEnded) {
+  struct Row {
+    bool stop;
+    int exitCode;
+    const char* says;
+    RenderPhase phase;
+    std::string failure;
+  };
+  for (const auto& row :
+       {Row{false, 1, "KVORender: o.avi: File too large", RenderPhase::Failed, ""},
+        Row{false, 1, "", RenderPhase::Failed, "the render engine ended with code 1"},
+        Row{false, 139, "", RenderPhase::Failed, "the render engine ended with code 139"},
+        Row{false, 139, "oops", RenderPhase::Failed, "the render engine ended with code 139"},
+        Row{true, 143, "", RenderPhase::Stopped, ""}, Row{true, 137, "", RenderPhase::Stopped, ""},
+        Row{true, 0, "", RenderPhase::Done, ""}}) {  // it had ended already
+    Driven d;
+    d.run();
+    if (row.stop) d.driver.stop();
+    EXPECT_EQ(d.processes.last().stopped, row.stop);
+    EXPECT_EQ(d.driver.state().phase, row.stop ? RenderPhase::Stopping : RenderPhase::Running);
+    if (*row.says != '\0') d.processes.sayError(row.says);
+    d.processes.end(row.exitCode);
+    const auto& state = d.driver.state();
+    EXPECT_EQ(state.phase, row.phase) << row.exitCode;
+    EXPECT_EQ(state.failure, row.failure);
+    EXPECT_EQ(state.engineSays, *row.says == '\0' ? Words{} : Words{row.says});
+    EXPECT_TRUE(state.ended());
+    EXPECT_EQ(d.folders.standing, 0);
+    EXPECT_GE(d.changes, 1);
+  }
+}
+
+TEST(RenderDriver, WhatCannotBeginIsToldAndLeavesNothing) {
+  for (int failAt = 1; failAt <= 3; ++failAt) {
+    Driven d;
+    d.files.failAt = failAt;
+    const auto begun = d.driver.start(d.order);
+    ASSERT_FALSE(begun);
+    EXPECT_NE(begun.error().text.find("the timeline document"), std::string::npos) << begun.error().text;
+    EXPECT_EQ(d.folders.standing, 0);
+  }
+  Driven d;
+  d.processes.refusal = "cannot start it";
+  EXPECT_EQ(d.driver.start(d.order).error().text, "cannot start it");
+  EXPECT_EQ(d.folders.standing, 0);
+  d.folders.refusal = "no room";
+  EXPECT_EQ(d.driver.start(d.order).error().text, "no room");
+  EXPECT_EQ(d.driver.state().phase, RenderPhase::Idle);
+}
+
+TEST(RenderDriver, EndsTheEngineWithItself) {
+  Driven d;
+  {
+    RenderDriver driver({d.files, d.folders, d.processes, d.loop, "/bin/KVORender"}, [] {});
+    ASSERT_TRUE(driver.start(d.order));
+  }
+  EXPECT_TRUE(d.processes.last().destroyed);
+  EXPECT_EQ(d.folders.standing, 0);
+}
+
+}  // namespace
+}  // namespace kvo
