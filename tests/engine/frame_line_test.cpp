@@ -36,10 +36,10 @@ class FrameLineTest : public testing::Test {
 
 TEST_F(FrameLineTest, HandsFramesOutInOrder) {
   const auto timeline = movie({video_, video_, video_, video_, video_});
-  const auto stretches = stretchesOf(timeline, 10, 500);
-  ASSERT_GT(stretches.size(), 1U);
+  const auto segments = segmentsOf(timeline, 10, 500);
+  ASSERT_GT(segments.size(), 1U);
   for (const int workers : {1, 2, 7}) {
-    FrameLine line(timeline, stretches, {}, {.workers = workers});
+    FrameLine line(timeline, segments, {}, {.workers = workers});
     for (int frame = 10; frame < 500; ++frame) {
       const auto made = line.next();
       ASSERT_TRUE(made) << made.error().text;
@@ -52,9 +52,9 @@ TEST_F(FrameLineTest, HandsFramesOutInOrder) {
 
 TEST_F(FrameLineTest, EncodesTheSameMovieOnAnyNumberOfThreads) {
   const auto timeline = movie({video_, video_, video_});
-  const auto sizesWith = [&](const FrameLine::Crew& crew) {
+  const auto sizesWith = [&](const Crew& crew) {
     FrameLine line(
-        timeline, stretchesOf(timeline, 0, 300),
+        timeline, segmentsOf(timeline, 0, 300),
         [] {
           return media::VideoEncoder::open({media::VideoCodec::Mpeg4, 64, 48, 25, 24}, false, "m");
         },
@@ -74,7 +74,7 @@ TEST_F(FrameLineTest, EncodesTheSameMovieOnAnyNumberOfThreads) {
 TEST_F(FrameLineTest, EndsWithTheFirstFailure) {
   const auto timeline = movie({video_, video_, video_, media_ / "gone.mkv", video_, video_});
   for (const int workers : {1, 3}) {
-    FrameLine line(timeline, stretchesOf(timeline, 0, 600), {}, {.workers = workers});
+    FrameLine line(timeline, segmentsOf(timeline, 0, 600), {}, {.workers = workers});
     std::string failure;
     for (int frame = 0; frame < 600 && failure.empty(); ++frame) {
       const auto made = line.next();
@@ -87,7 +87,7 @@ TEST_F(FrameLineTest, EndsWithTheFirstFailure) {
 TEST_F(FrameLineTest, EndsWithALineForWhatIsThrown) {
   const auto timeline = movie({video_, video_});
   for (const int workers : {1, 2}) {
-    FrameLine line(timeline, stretchesOf(timeline, 0, 200),
+    FrameLine line(timeline, segmentsOf(timeline, 0, 200),
                    []() -> Result<media::VideoEncoder> { throw std::bad_alloc(); }, {.workers = workers});
     const auto made = line.next();
     ASSERT_FALSE(made);
@@ -98,7 +98,7 @@ TEST_F(FrameLineTest, EndsWithALineForWhatIsThrown) {
 TEST_F(FrameLineTest, CanBeLeftAtAnyTime) {
   const auto timeline = movie({video_, video_, video_, video_});
   for (const int frames : {0, 1, 30, 150}) {
-    FrameLine line(timeline, stretchesOf(timeline, 0, 400), {}, {.workers = 3, .decoderThreads = 2});
+    FrameLine line(timeline, segmentsOf(timeline, 0, 400), {}, {.workers = 3, .decoderThreads = 2});
     for (int frame = 0; frame < frames; ++frame) ASSERT_TRUE(line.next());
   }
 }

@@ -2,7 +2,7 @@
 #include "engine/document/active_set.h"
 #include "engine/document/params.h"
 #include "engine/document/timeline.h"
-#include "engine/run/stretches.h"
+#include "engine/run/segments.h"
 #include "engine/sound/limiter.h"
 
 #include <cmath>
@@ -75,29 +75,29 @@ Timeline movieOf(int clips, double seconds, double overlap) {
     layer.stop = layer.start + seconds;
     layer.mstop = seconds;
     if (i > 0 && overlap > 0) {
-      layer.transitions.push_back({.clsid = "", .start = layer.start, .stop = layer.start + overlap});
+      layer.transitions.push_back({.start = layer.start, .stop = layer.start + overlap});
     }
     timeline.video.push_back(layer);
   }
   return timeline;
 }
 
-TEST(Stretches, BeginAtCutsAndBehindTransitions) {
-  using Stretches = std::vector<Stretch>;
-  EXPECT_EQ(stretchesOf(movieOf(3, 8, 0), 0, 600), (Stretches{{0, 200}, {200, 400}, {400, 600}}));
-  EXPECT_EQ(stretchesOf(movieOf(3, 8, 1), 0, 550), (Stretches{{0, 200}, {200, 375}, {375, 550}}))
+TEST(Segments, BeginAtCutsAndBehindTransitions) {
+  using Segments = std::vector<Segment>;
+  EXPECT_EQ(segmentsOf(movieOf(3, 8, 0), 0, 600), (Segments{{0, 200}, {200, 400}, {400, 600}}));
+  EXPECT_EQ(segmentsOf(movieOf(3, 8, 1), 0, 550), (Segments{{0, 200}, {200, 375}, {375, 550}}))
       << "where the transition is over";
-  EXPECT_EQ(stretchesOf(movieOf(30, 1, 0), 0, 750), (Stretches{{0, 200}, {200, 400}, {400, 600}, {600, 750}}))
+  EXPECT_EQ(segmentsOf(movieOf(30, 1, 0), 0, 750), (Segments{{0, 200}, {200, 400}, {400, 600}, {600, 750}}))
       << "several short clips in one";
-  EXPECT_EQ(stretchesOf(movieOf(1, 6, 0), 0, 150), (Stretches{{0, 150}})) << "too short to part";
-  EXPECT_EQ(stretchesOf(movieOf(1, 100, 0), 0, 2500),
-            (Stretches{{0, 750}, {750, 1500}, {1500, 2250}, {2250, 2500}}));
+  EXPECT_EQ(segmentsOf(movieOf(1, 6, 0), 0, 150), (Segments{{0, 150}})) << "too short to part";
+  EXPECT_EQ(segmentsOf(movieOf(1, 100, 0), 0, 2500),
+            (Segments{{0, 750}, {750, 1500}, {1500, 2250}, {2250, 2500}}));
   for (const auto first : {0, 33, 199}) {
     std::int64_t at = first;
-    for (const auto& stretch : stretchesOf(movieOf(20, 7.3, 0.9), first, 3000)) {
-      EXPECT_EQ(stretch.first, at);
-      EXPECT_GE(stretch.stop - stretch.first, 100);
-      at = stretch.stop;
+    for (const auto& segment : segmentsOf(movieOf(20, 7.3, 0.9), first, 3000)) {
+      EXPECT_EQ(segment.first, at);
+      EXPECT_GE(segment.stop - segment.first, 100);
+      at = segment.stop;
     }
     EXPECT_EQ(at, 3000);
   }

@@ -89,10 +89,9 @@ std::string nameOf(const Layer& layer) { return layer.src.empty() ? "a compositi
 
 Outcome readEffects(const pugi::xml_node& node, Layer& layer) {
   for (const auto& child : node.children("effect")) {
-    Effect effect{.clsid = attribute(child, "clsid")};
-    if (findEffect(effect.clsid) == nullptr) {
-      return Error{nameOf(layer) + ": there is no effect " + effect.clsid};
-    }
+    const auto clsid = attribute(child, "clsid");
+    Effect effect{.kind = findEffect(clsid)};
+    if (effect.kind == nullptr) return Error{nameOf(layer) + ": there is no effect " + clsid};
     const auto start = numberAttribute(child, "start");
     const auto stop = numberAttribute(child, "stop");
     if (!start || !stop) return Error{nameOf(layer) + ": the times of its effect are no numbers"};
@@ -106,18 +105,14 @@ Outcome readEffects(const pugi::xml_node& node, Layer& layer) {
 
 Outcome readTransitions(const pugi::xml_node& node, Layer& layer) {
   for (const auto& child : node.children("transition")) {
-    Transition transition{.clsid = attribute(child, "clsid")};
     const auto start = numberAttribute(child, "start");
     const auto stop = numberAttribute(child, "stop");
     if (!start || !stop) return Error{nameOf(layer) + ": the times of its transition are no numbers"};
-    if (isCutElement(transition.clsid)) continue;
-    if (findTransition(transition.clsid) == nullptr) {
-      return Error{nameOf(layer) + ": there is no transition " + transition.clsid};
-    }
-    transition.start = *start;
-    transition.stop = *stop;
-    transition.params = paramsOf(child);
-    layer.transitions.push_back(std::move(transition));
+    const auto clsid = attribute(child, "clsid");
+    if (isCutElement(clsid)) continue;
+    const auto* kind = findTransition(clsid);
+    if (kind == nullptr) return Error{nameOf(layer) + ": there is no transition " + clsid};
+    layer.transitions.push_back({kind, *start, *stop, paramsOf(child)});
   }
   return {};
 }

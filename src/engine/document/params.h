@@ -51,6 +51,9 @@ class Params {
   /// Whether a parameter changes over time.
   [[nodiscard]] bool moves() const;
 
+  [[nodiscard]] auto begin() const { return all_.begin(); }
+  [[nodiscard]] auto end() const { return all_.end(); }
+
  private:
   std::map<std::string, Param, std::less<>> all_;
 };

@@ -12,18 +12,21 @@
 
 namespace kvo::engine {
 
+struct EffectKind;
+struct TransitionKind;
+
 /// What happens to a clip's picture. Times count from the clip's start.
 struct Effect {
-  std::string clsid;
-  double start = 0;  ///< seconds
+  const EffectKind* kind = nullptr;  ///< of the registry, never null
+  double start = 0;                  ///< seconds
   double stop = 0;
   Params params{};
 };
 
 /// How a layer comes in over what lies below.
 struct Transition {
-  std::string clsid;
-  double start = 0;  ///< timeline seconds
+  const TransitionKind* kind = nullptr;  ///< of the registry, never null
+  double start = 0;                      ///< timeline seconds
   double stop = 0;
   Params params{};
 

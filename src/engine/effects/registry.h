@@ -5,6 +5,7 @@
 #include "media/picture.h"
 
 #include <functional>
+#include <span>
 #include <string_view>
 
 namespace kvo::engine {
@@ -25,10 +26,14 @@ using MakeEffect = DrawEffect(const Params& params, int width, int height);
 using Moves = bool(const Params& params);
 
 struct EffectKind {
+  std::string_view name;  ///< in plans and tests
   std::string_view clsid;
   MakeEffect* make;
   Moves* moves = nullptr;  ///< null: never
 };
+
+/// All of them, each class id once.
+std::span<const EffectKind> effectKinds();
 
 /// Null for a class id that is not known.
 const EffectKind* findEffect(std::string_view clsid);

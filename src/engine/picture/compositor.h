@@ -3,6 +3,7 @@
 
 #include "base/result.h"
 #include "engine/document/timeline.h"
+#include "engine/picture/frame_plan.h"
 #include "engine/picture/stack.h"
 #include "media/damage.h"
 #include "media/picture.h"
@@ -31,8 +32,8 @@ class Compositor {
   Result<media::Picture> frame(std::int64_t number);
 
  private:
-  int width_;
-  int height_;
+  FrameSize size_;
+  FramePlanner planner_;
   Stack stack_;
 };
 

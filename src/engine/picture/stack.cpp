@@ -1,8 +1,13 @@
 #include "engine/picture/stack.h"
 
+#include "engine/effects/registry.h"
+#include "engine/transitions/registry.h"
 #include "media/pixel_rows.h"
+#include "media/scaler.h"
+#include "media/video_reader.h"
 
 #include <algorithm>
+#include <optional>
 #include <tuple>
 
 namespace kvo::engine {
@@ -11,15 +16,6 @@ namespace {
 using media::Picture;
 
 const Error kNoMemory{"out of memory for a picture"};
-
-std::vector<ActiveSet::Range> frameRanges(const std::vector<Layer>& layers, const FrameRate& rate) {
-  std::vector<ActiveSet::Range> ranges;
-  ranges.reserve(layers.size());
-  for (const auto& layer : layers) {
-    ranges.push_back({rate.frameFrom(layer.start), rate.frameFrom(layer.stop)});
-  }
-  return ranges;
-}
 
 }  // namespace
 
@@ -58,14 +54,13 @@ struct Stack::Open {
   Picture drawn;  // `placed` with its effects
 };
 
-Stack::Stack(const std::vector<Layer>& layers, const Setting& setting)
-    : layers_(layers), setting_(setting), active_(frameRanges(layers, setting.frameRate)) {}
+Stack::Stack(const std::vector<Layer>& layers, const Setting& setting) : layers_(layers), setting_(setting) {}
 Stack::Stack(Stack&&) noexcept = default;
 Stack::~Stack() = default;
 
-void Stack::closeUnused(const std::vector<std::size_t>& active) {
+void Stack::closeUnused(const FramePlan& plan) {
   const auto unused = [&](const auto& entry) {
-    return !std::binary_search(active.begin(), active.end(), entry.first);
+    return !std::ranges::binary_search(plan, entry.first, {}, &PlannedLayer::number);
   };
   const auto count = static_cast<std::size_t>(std::count_if(open_.begin(), open_.end(), unused));
   if (count <= setting_.keptOpen) return;
@@ -82,22 +77,6 @@ void Stack::closeUnused(const std::vector<std::size_t>& active) {
   open_.erase(oldest);
 }
 
-Stack::Part Stack::partOf(std::size_t layer, double time) const {
-  Part part{layer};
-  for (const auto& transition : layers_[layer].transitions) {
-    if (time < transition.start || time >= transition.stop) continue;
-    const auto* kind = findTransition(transition.clsid);
-    if (kind->coversAll != nullptr) {
-      if (!kind->coversAll(transition.params, time - transition.start, setting_.width, setting_.height)) {
-        part = {layer, &transition, 0.5};
-      }
-    } else if (const double progress = transition.progressAt(time); progress < 1) {
-      part = {layer, &transition, progress};
-    }
-  }
-  return part;
-}
-
 Result<Stack::Open*> Stack::opened(std::size_t layer) {
   const auto found = open_.find(layer);
   if (found != open_.end()) return found->second.get();
@@ -106,26 +85,23 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
   if (wanted.inside.empty()) {
     auto reader = media::VideoReader::open(wanted.src, setting_.decoderThreads, setting_.damage);
     if (!reader) return reader.error();
-    open->source = Open::Source{std::move(*reader), media::Scaler(setting_.width, setting_.height)};
+    open->source = Open::Source{std::move(*reader), media::Scaler(setting_.size.width, setting_.size.height)};
   } else {
     open->inside = std::make_unique<Stack>(wanted.inside, setting_);
   }
   for (const auto& effect : wanted.effects) {
-    const auto* kind = findEffect(effect.clsid);
-    open->effects.push_back(kind->make(effect.params, setting_.width, setting_.height));
-    open->changes |= effect.params.moves() || (kind->moves != nullptr && kind->moves(effect.params)) ||
-                     effect.start > 0 || effect.stop < wanted.stop - wanted.start;
+    open->effects.push_back(effect.kind->make(effect.params, setting_.size.width, setting_.size.height));
   }
+  open->changes = changesByItself(wanted);
   return open_.emplace(layer, std::move(open)).first->second.get();
 }
 
 // The picture of a layer ahead of its effects; `same` when it is the one of the frame before.
-Result<Picture> Stack::source(std::size_t layer, Open& open, std::int64_t number, bool& same) {
+Result<Picture> Stack::source(const PlannedLayer& planned, Open& open, bool& same) {
   same = false;
-  if (open.inside) return open.inside->frame(number);
-  const auto& clip = layers_[layer];
-  const double time = setting_.frameRate.secondsAt(number);
-  auto frame = open.source->reader.frameAt(std::max(clip.sourceTime(time), clip.mstart));
+  if (open.inside) return open.inside->draw(planned.inside);
+  const auto& clip = *planned.layer;
+  auto frame = open.source->reader.frameAt(planned.sourceTime);
   if (!frame) return frame.error();
   same = *frame == open.shown;
   if (same) return open.placed;
@@ -136,43 +112,39 @@ Result<Picture> Stack::source(std::size_t layer, Open& open, std::int64_t number
   return placed;
 }
 
-Result<Picture> Stack::picture(std::size_t layer, std::int64_t number) {
-  auto found = opened(layer);
+Result<Picture> Stack::picture(const PlannedLayer& planned) {
+  auto found = opened(planned.number);
   if (!found) return found.error();
   auto& open = **found;
   open.lastFrame = asked_;
   bool same = false;
-  auto shown = source(layer, open, number, same);
+  auto shown = source(planned, open, same);
   if (!shown || !*shown || open.effects.empty()) return shown;
   if (same && !open.changes) return open.drawn;
-  const auto& clip = layers_[layer];
-  const double time = setting_.frameRate.secondsAt(number) - clip.start;
-  for (std::size_t i = 0; i < open.effects.size(); ++i) {
-    const auto& effect = clip.effects[i];
-    if (time < effect.start || time >= effect.stop) continue;
-    *shown = open.effects[i](*shown, {time - effect.start, clip.stop - clip.start});
+  const auto& clip = *planned.layer;
+  for (const auto& effect : planned.effects) {
+    *shown = open.effects[effect.number](*shown, {effect.time, clip.stop - clip.start});
     if (!*shown) return kNoMemory;
   }
   open.drawn = *shown;
   return shown;
 }
 
-Result<Picture> Stack::over(const Picture& below, const Part& part, const Picture& above, double time) {
-  if (part.transition == nullptr) {
+Result<Picture> Stack::over(const Picture& below, const PlannedLayer& planned, const Picture& above) {
+  if (planned.transition == nullptr) {
     auto laid = layOver(below, above);
     return laid ? Result<Picture>(std::move(laid)) : Result<Picture>(kNoMemory);
   }
-  const auto& transition = *part.transition;
-  const auto* kind = findTransition(transition.clsid);
-  auto& paint = open_.at(part.layer)->painters[&transition];
+  const auto& transition = *planned.transition;
+  auto& paint = open_.at(planned.number)->painters[&transition];
   if (!paint) {
-    auto made = kind->make(transition.params, setting_.width, setting_.height);
+    auto made = transition.kind->make(transition.params, setting_.size.width, setting_.size.height);
     if (!made) return made.error();
     paint = std::move(*made);
   }
   Picture first = below;
   Picture second = above;
-  if (kind->coversAll == nullptr) {
+  if (transition.kind->coversAll == nullptr) {
     // What a transition leads to is what is seen behind it: the layer over what lies below.
     if (second.hasAlpha()) second = layOver(first, second);
     if (second && first.hasAlpha() != second.hasAlpha())
@@ -180,39 +152,36 @@ Result<Picture> Stack::over(const Picture& below, const Part& part, const Pictur
   }
   auto out = first ? Picture::makeLike(first) : Picture();
   if (!out || !second) return kNoMemory;
-  paint(first, second, {part.progress, time - transition.start}, out);
+  paint(first, second, {planned.progress, planned.time}, out);
   return out;
 }
 
-Result<Picture> Stack::frame(std::int64_t number) {
-  const double time = setting_.frameRate.secondsAt(number);
-  const auto& active = active_.at(number);
+Result<Picture> Stack::draw(const FramePlan& plan) {
   ++asked_;
-  closeUnused(active);
+  closeUnused(plan);
 
   // From the uppermost down to the first that covers all below it.
-  std::vector<std::pair<Part, Picture>> seen;
-  for (auto layer = active.rbegin(); layer != active.rend(); ++layer) {
-    const auto part = partOf(*layer, time);
-    if (part.progress <= 0) continue;
-    auto shown = picture(*layer, number);
+  std::vector<std::pair<const PlannedLayer*, Picture>> seen;
+  for (auto planned = plan.rbegin(); planned != plan.rend(); ++planned) {
+    if (planned->progress <= 0) continue;
+    auto shown = picture(*planned);
     if (!shown) return shown;
     if (!*shown) continue;  // a composition with nothing in it now
-    const bool coversAll = part.transition == nullptr && !shown->hasAlpha();
-    seen.emplace_back(part, std::move(*shown));
+    const bool coversAll = planned->transition == nullptr && !shown->hasAlpha();
+    seen.emplace_back(&*planned, std::move(*shown));
     if (coversAll) break;
   }
 
   Picture result;
   for (auto layer = seen.rbegin(); layer != seen.rend(); ++layer) {
-    const auto& [part, above] = *layer;
-    if (!result && part.transition == nullptr) {
+    const auto& [planned, above] = *layer;
+    if (!result && planned->transition == nullptr) {
       result = above;
       continue;
     }
-    if (!result) result = Picture::clear(setting_.width, setting_.height);
+    if (!result) result = Picture::clear(setting_.size.width, setting_.size.height);
     if (!result) return kNoMemory;
-    auto drawn = over(result, part, above, time);
+    auto drawn = over(result, *planned, above);
     if (!drawn) return drawn;
     result = std::move(*drawn);
   }

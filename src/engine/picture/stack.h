@@ -1,20 +1,15 @@
-// Layers drawn over one another, frame by frame.
+// Layers drawn over one another, frame by frame, as they are planned.
 #pragma once
 
 #include "base/result.h"
-#include "engine/document/active_set.h"
 #include "engine/document/timeline.h"
-#include "engine/effects/registry.h"
-#include "engine/transitions/registry.h"
+#include "engine/picture/frame_plan.h"
 #include "media/damage.h"
 #include "media/picture.h"
-#include "media/scaler.h"
-#include "media/video_reader.h"
 
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace kvo::engine {
@@ -22,9 +17,7 @@ namespace kvo::engine {
 class Stack {
  public:
   struct Setting {
-    int width = 0;  ///< pixels, even
-    int height = 0;
-    FrameRate frameRate{};
+    FrameSize size{};
     int decoderThreads = 1;               ///< of each file
     std::size_t keptOpen = 0;             ///< files that stay open though their clips are not shown now
     media::DamageList* damage = nullptr;  ///< is told what cannot be decoded; outlives the stack
@@ -36,32 +29,24 @@ class Stack {
   Stack& operator=(Stack&&) = delete;
   ~Stack();
 
-  /// What is seen at frame `number` of the timeline, counted from 0: with alpha where not all is covered,
-  /// empty where there is nothing. Forward is cheap. Files are open only while
-  /// their clips are shown, but for those that the setting keeps.
-  Result<media::Picture> frame(std::int64_t number);
+  /// What is seen of a frame, by the plan of these layers: with alpha where not all is covered, empty where
+  /// there is nothing. Forward is cheap. Files are open only while their clips are planned, but for those
+  /// that the setting keeps.
+  Result<media::Picture> draw(const FramePlan& plan);
 
  private:
   struct Open;
-  // A layer as it takes part in a frame.
-  struct Part {
-    std::size_t layer = 0;
-    const Transition* transition = nullptr;  // none: it is simply over what lies below
-    double progress = 1;
-  };
 
-  void closeUnused(const std::vector<std::size_t>& active);
-  [[nodiscard]] Part partOf(std::size_t layer, double time) const;
+  void closeUnused(const FramePlan& plan);
   Result<Open*> opened(std::size_t layer);
-  Result<media::Picture> source(std::size_t layer, Open& open, std::int64_t number, bool& same);
-  Result<media::Picture> picture(std::size_t layer, std::int64_t number);
-  Result<media::Picture> over(const media::Picture& below, const Part& part, const media::Picture& above,
-                              double time);
+  Result<media::Picture> source(const PlannedLayer& planned, Open& open, bool& same);
+  Result<media::Picture> picture(const PlannedLayer& planned);
+  Result<media::Picture> over(const media::Picture& below, const PlannedLayer& planned,
+                              const media::Picture& above);
 
   const std::vector<Layer>& layers_;
   Setting setting_;
-  ActiveSet active_;
-  std::int64_t asked_ = 0;
+  std::int64_t asked_ = 0;  // frames, so far
   std::map<std::size_t, std::unique_ptr<Open>> open_;
 };
 

@@ -19,14 +19,15 @@ std::size_t bytesOf(const MadeFrame& frame) {
 
 }  // namespace
 
-FrameLine::FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, NewEncoder newEncoder,
-                     const Crew& crew)
+FrameLine::FrameLine(const Timeline& timeline, std::vector<Segment> segments, NewEncoder newEncoder,
+                     const Crew& crew, media::DamageList* damage)
     : timeline_(timeline),
-      stretches_(std::move(stretches)),
+      segments_(std::move(segments)),
       newEncoder_(std::move(newEncoder)),
       crew_(crew),
-      lanes_(stretches_.size()) {
-  const auto workers = std::min(static_cast<std::size_t>(std::max(crew.workers, 1)), stretches_.size());
+      damage_(damage),
+      lanes_(segments_.size()) {
+  const auto workers = std::min(static_cast<std::size_t>(std::max(crew.workers, 1)), segments_.size());
   const auto begun = guarded([&]() -> Outcome {
     threads_.reserve(workers);
     for (std::size_t i = 0; i < workers; ++i) threads_.emplace_back([this] { work(); });
@@ -57,31 +58,31 @@ void FrameLine::work() {
     std::size_t number = 0;
     {
       const std::lock_guard lock(mutex_);
-      if (stopped_ || taken_ == stretches_.size()) return;
+      if (stopped_ || taken_ == segments_.size()) return;
       number = taken_++;
     }
-    if (auto done = guarded([&] { return makeStretch(number); }); !done) return fail(done.error());
+    if (auto done = guarded([&] { return makeSegment(number); }); !done) return fail(done.error());
     const std::lock_guard lock(mutex_);
     lanes_[number].done = true;
     changed_.notify_all();
   }
 }
 
-Outcome FrameLine::makeStretch(std::size_t number) {
-  const auto& stretch = stretches_[number];
-  Compositor compositor(timeline_, {.decoderThreads = crew_.decoderThreads, .damage = crew_.damage});
+Outcome FrameLine::makeSegment(std::size_t number) {
+  const auto& segment = segments_[number];
+  Compositor compositor(timeline_, {.decoderThreads = crew_.decoderThreads, .damage = damage_});
   std::optional<media::VideoEncoder> encoder;
   if (newEncoder_) {
     auto made = newEncoder_();
     if (!made) return made.error();
     encoder.emplace(std::move(*made));
   }
-  for (auto frame = stretch.first; frame < stretch.stop; ++frame) {
+  for (auto frame = segment.first; frame < segment.stop; ++frame) {
     auto picture = compositor.frame(frame);
     if (!picture) return picture.error();
     MadeFrame made;
     if (encoder) {
-      auto encoded = encoder->encode(*picture, frame - stretches_.front().first);
+      auto encoded = encoder->encode(*picture, frame - segments_.front().first);
       if (!encoded) return encoded.error();
       made.encoded = std::move(*encoded);
     } else {

@@ -1,9 +1,9 @@
-// Makes the frames of a movie, several stretches side by side, and hands them out in order.
+// Makes the frames of a movie, several segments side by side, and hands them out in order.
 #pragma once
 
 #include "base/result.h"
 #include "engine/document/timeline.h"
-#include "engine/run/stretches.h"
+#include "engine/run/render_plan.h"
 #include "media/damage.h"
 #include "media/picture.h"
 #include "media/video_encoder.h"
@@ -28,53 +28,47 @@ struct MadeFrame {
 
 class FrameLine {
  public:
-  /// An encoder for a stretch; none leaves the pictures as they are.
+  /// An encoder for a segment; none leaves the pictures as they are.
   using NewEncoder = std::function<Result<media::VideoEncoder>()>;
 
-  /// Who works: threads that each make a stretch at a time, and the threads of each of their decoders. What
-  /// they cannot decode they tell to `damage`, which outlives the line.
-  struct Crew {
-    int workers = 1;
-    int decoderThreads = 1;
-    media::DamageList* damage = nullptr;
-  };
-
-  /// `timeline` outlives the line. Begins at once.
-  FrameLine(const Timeline& timeline, std::vector<Stretch> stretches, NewEncoder newEncoder,
-            const Crew& crew);
+  /// Begins at once. `timeline` outlives the line, and so does `damage`, which is told what cannot be
+  /// decoded.
+  FrameLine(const Timeline& timeline, std::vector<Segment> segments, NewEncoder newEncoder, const Crew& crew,
+            media::DamageList* damage = nullptr);
   FrameLine(const FrameLine&) = delete;
   FrameLine& operator=(const FrameLine&) = delete;
   ~FrameLine();
 
-  /// The next frame in order; waits for it. Fails with the line of the stretch that failed.
+  /// The next frame in order; waits for it. Fails with the line of the segment that failed.
   Result<MadeFrame> next();
 
   /// How many frames have been made, in whatever order.
   [[nodiscard]] std::int64_t made() const { return made_; }
 
  private:
-  // What is ready of a stretch.
+  // What is ready of a segment.
   struct Lane {
     std::deque<MadeFrame> frames{};
     bool done = false;
   };
 
   void work();
-  Outcome makeStretch(std::size_t number);
+  Outcome makeSegment(std::size_t number);
   bool put(std::size_t lane, MadeFrame frame);
   void fail(const Error& error);
 
   const Timeline& timeline_;
-  const std::vector<Stretch> stretches_;
+  const std::vector<Segment> segments_;
   const NewEncoder newEncoder_;
   const Crew crew_;
+  media::DamageList* const damage_;
   std::atomic<std::int64_t> made_ = 0;
 
   std::mutex mutex_;
   std::condition_variable changed_;
-  std::vector<Lane> lanes_;    // one for each stretch
+  std::vector<Lane> lanes_;    // one for each segment
   std::size_t handedOut_ = 0;  // the lane that frames are taken from
-  std::size_t taken_ = 0;      // stretches that a thread has begun
+  std::size_t taken_ = 0;      // segments that a thread has begun
   std::size_t heldBytes_ = 0;  // in all lanes
   bool stopped_ = false;
   std::optional<Error> failed_;

@@ -3,29 +3,15 @@
 
 #include "base/result.h"
 #include "engine/document/timeline.h"
+#include "engine/run/render_plan.h"
 #include "media/damage.h"
-#include "media/movie_writer.h"
 #include "ports/files.h"
 
 #include <cstdint>
 #include <functional>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace kvo::engine {
-
-/// A part of the timeline, in seconds.
-struct Slice {
-  double from = 0;
-  double to = 0;
-};
-
-struct RenderJob {
-  std::string output;          ///< its extension says the kind: .AVI, .WAV, .WMV or .WMA
-  std::optional<Slice> slice;  ///< without it the whole timeline
-  media::VideoCodec aviCodec = media::VideoCodec::Raw;
-};
 
 struct RenderReport {
   std::int64_t frames = 0;              ///< 0 for a sound file

@@ -17,33 +17,35 @@ CoversAll placesAll;
 namespace {
 
 constexpr std::array kTransitions = {
-    TransitionKind{transition_ids::kFade, makeFade},
-    TransitionKind{transition_ids::kDissolve, makeDissolve},
-    TransitionKind{transition_ids::kSmpteWipe, makeSmpteWipe},
-    TransitionKind{transition_ids::kBarn, makeBarn},
-    TransitionKind{transition_ids::kBlinds, makeBlinds},
-    TransitionKind{transition_ids::kCheckerboard, makeCheckerboard},
-    TransitionKind{transition_ids::kColorFade, makeColourFade},
-    TransitionKind{transition_ids::kFadeWhite, makeFadeThroughWhite},
-    TransitionKind{transition_ids::kCurtains, makeCurtains},
-    TransitionKind{transition_ids::kInset, makeInset},
-    TransitionKind{transition_ids::kIris, makeIris},
-    TransitionKind{transition_ids::kPixelate, makePixelate},
-    TransitionKind{transition_ids::kRadialWipe, makeRadialWipe},
-    TransitionKind{transition_ids::kRollDown, makeRollDown},
-    TransitionKind{transition_ids::kSlide, makeSlide},
-    TransitionKind{transition_ids::kSpiral, makeSpiral},
-    TransitionKind{transition_ids::kStretch, makeStretch},
-    TransitionKind{transition_ids::kThreshold, makeLumaThreshold},
-    TransitionKind{transition_ids::kWheel, makeWheel},
-    TransitionKind{transition_ids::kWipe, makeWipe},
-    TransitionKind{transition_ids::kZigzag, makeZigzag},
-    TransitionKind{transition_ids::kPlacing, makePlacing, placesAll},
-    TransitionKind{transition_ids::kCompositor, makePlacing, placesAll},
-    TransitionKind{transition_ids::kParticlesAnd3D, makeInSpace},
+    TransitionKind{"Fade", transition_ids::kFade, makeFade},
+    TransitionKind{"Dissolve", transition_ids::kDissolve, makeDissolve},
+    TransitionKind{"SMPTE wipe", transition_ids::kSmpteWipe, makeSmpteWipe},
+    TransitionKind{"Barn", transition_ids::kBarn, makeBarn},
+    TransitionKind{"Blinds", transition_ids::kBlinds, makeBlinds},
+    TransitionKind{"Checkerboard", transition_ids::kCheckerboard, makeCheckerboard},
+    TransitionKind{"Colour fade", transition_ids::kColorFade, makeColourFade},
+    TransitionKind{"Fade through white", transition_ids::kFadeWhite, makeFadeThroughWhite},
+    TransitionKind{"Curtains", transition_ids::kCurtains, makeCurtains},
+    TransitionKind{"Inset", transition_ids::kInset, makeInset},
+    TransitionKind{"Iris", transition_ids::kIris, makeIris},
+    TransitionKind{"Pixelate", transition_ids::kPixelate, makePixelate},
+    TransitionKind{"Radial wipe", transition_ids::kRadialWipe, makeRadialWipe},
+    TransitionKind{"Roll down", transition_ids::kRollDown, makeRollDown},
+    TransitionKind{"Slide", transition_ids::kSlide, makeSlide},
+    TransitionKind{"Spiral", transition_ids::kSpiral, makeSpiral},
+    TransitionKind{"Stretch", transition_ids::kStretch, makeStretch},
+    TransitionKind{"Luma threshold", transition_ids::kThreshold, makeLumaThreshold},
+    TransitionKind{"Wheel", transition_ids::kWheel, makeWheel},
+    TransitionKind{"Wipe", transition_ids::kWipe, makeWipe},
+    TransitionKind{"Zigzag", transition_ids::kZigzag, makeZigzag},
+    TransitionKind{"Placing", transition_ids::kPlacing, makePlacing, placesAll},
+    TransitionKind{"Placing", transition_ids::kCompositor, makePlacing, placesAll},
+    TransitionKind{"In space", transition_ids::kParticlesAnd3D, makeInSpace},
 };
 
 }  // namespace
+
+std::span<const TransitionKind> transitionKinds() { return kTransitions; }
 
 const TransitionKind* findTransition(std::string_view clsid) {
   for (const auto& kind : kTransitions) {

@@ -6,6 +6,7 @@
 #include "media/picture.h"
 
 #include <functional>
+#include <span>
 #include <string_view>
 
 namespace kvo::engine {
@@ -29,10 +30,14 @@ using MakeTransition = Result<PaintTransition>(const Params& params, int width, 
 using CoversAll = bool(const Params& params, double time, int width, int height);
 
 struct TransitionKind {
+  std::string_view name;  ///< in plans and tests
   std::string_view clsid;
   MakeTransition* make;
   CoversAll* coversAll = nullptr;  ///< of the kinds that last as long as their layer and have no progress
 };
+
+/// All of them, each class id once.
+std::span<const TransitionKind> transitionKinds();
 
 /// Null for a class id that is not known.
 const TransitionKind* findTransition(std::string_view clsid);

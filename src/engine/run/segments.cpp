@@ -1,4 +1,4 @@
-#include "engine/run/stretches.h"
+#include "engine/run/segments.h"
 
 #include "engine/document/active_set.h"
 
@@ -11,10 +11,10 @@ namespace {
 
 constexpr double kShortest = 4;  // seconds
 constexpr double kUsual = 8;
-// Within a clip a beginning costs up to a group of pictures of its source, so such stretches are long.
+// Within a clip a beginning costs up to a group of pictures of its source, so such segments are long.
 constexpr double kLongest = 30;
 
-// A frame at which a stretch may begin, and how many layers are in the middle of their clips there.
+// A frame at which a segment may begin, and how many layers are in the middle of their clips there.
 struct Beginning {
   std::int64_t frame = 0;
   std::size_t entered = 0;
@@ -53,10 +53,10 @@ std::vector<Beginning> beginningsOf(const Timeline& timeline) {
 
 }  // namespace
 
-std::vector<Stretch> stretchesOf(const Timeline& timeline, std::int64_t first, std::int64_t stop) {
+std::vector<Segment> segmentsOf(const Timeline& timeline, std::int64_t first, std::int64_t stop) {
   const auto frames = [&](double seconds) { return timeline.frameRate.frameFrom(seconds); };
   const auto beginnings = beginningsOf(timeline);
-  std::vector<Stretch> stretches;
+  std::vector<Segment> segments;
   auto from = first;
   while (stop - from >= frames(2 * kShortest)) {
     std::optional<Beginning> best;
@@ -72,11 +72,11 @@ std::vector<Stretch> stretchesOf(const Timeline& timeline, std::int64_t first, s
     }
     const auto end = best ? best->frame : from + frames(kLongest);
     if (end > stop - frames(kShortest)) break;
-    stretches.push_back({from, end});
+    segments.push_back({from, end});
     from = end;
   }
-  stretches.push_back({from, stop});
-  return stretches;
+  segments.push_back({from, stop});
+  return segments;
 }
 
 }  // namespace kvo::engine

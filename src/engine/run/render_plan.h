@@ -1,0 +1,61 @@
+// How a timeline becomes a file: which frames and samples, in which segments, by how many threads and
+// encoders. Plain data, decided ahead of any file.
+#pragma once
+
+#include "base/result.h"
+#include "engine/document/timeline.h"
+#include "engine/run/segments.h"
+#include "media/movie_writer.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvo::engine {
+
+/// A part of the timeline, in seconds.
+struct Slice {
+  double from = 0;
+  double to = 0;
+};
+
+struct RenderJob {
+  std::string output;            ///< its extension says the kind: .AVI, .WAV, .WMV or .WMA
+  std::optional<Slice> slice{};  ///< without it the whole timeline
+  media::VideoCodec aviCodec = media::VideoCodec::Raw;
+};
+
+/// Who makes the pictures.
+struct Crew {
+  int workers = 1;         ///< threads that each make a segment at a time
+  int decoderThreads = 1;  ///< of each decoder
+};
+
+/// A render goes step by step: a frame of a movie, or a tenth of a second of a sound file.
+struct RenderPlan {
+  media::MovieFormat format;
+  FrameRate steps{};
+  std::int64_t first = 0;  ///< steps: frames of the timeline, or counted from the start of a sound file
+  std::int64_t stop = 0;
+  std::int64_t firstSample = 0;  ///< of the timeline
+  std::int64_t stopSample = 0;
+
+  std::vector<Segment> segments{};  ///< of a movie; all its frames
+  Crew crew{};
+  bool encodesInSegments = false;  ///< each segment by an encoder of its own; else one behind them all
+
+  [[nodiscard]] double seconds() const;
+  /// The timeline's sample that a step begins with.
+  [[nodiscard]] std::int64_t sampleOf(std::int64_t step) const;
+};
+
+/// Plans for a machine of so many cores. The segments do not depend on it, and so neither do the bytes of the
+/// movie. Fails with a line for an output of another kind, one for which there is no picture or sound, and a
+/// slice outside of the timeline.
+Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, int cores);
+
+/// The plan in a few lines, to be read.
+std::string toText(const RenderPlan& plan);
+
+}  // namespace kvo::engine
