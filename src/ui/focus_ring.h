@@ -1,0 +1,33 @@
+// The ring about the widget that has the keyboard, shown when the keyboard brought it there and not the
+// mouse.
+#pragma once
+
+#include <QFocusFrame>
+#include <QObject>
+#include <QPointer>
+
+class QApplication;
+
+namespace kvo {
+
+class FocusRing : public QObject {
+ public:
+  /// Sets up the one ring of the application, whose child it becomes.
+  static void follow(QApplication& application);
+
+  ~FocusRing() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  explicit FocusRing(QApplication& application);
+  void show(QWidget& widget, bool byKeyboard);
+  void hide();
+
+  QPointer<QFocusFrame> frame_;  // lives in the window that it is shown in, and may go with it
+  bool lastInputWasKey_ = true;
+};
+
+/// True where `widget` has to draw that it has the focus.
+bool showsFocus(const QWidget& widget);
+
+}  // namespace kvo

@@ -1,0 +1,226 @@
+#include "ui/kvo_style.h"
+
+#include "ui/painting.h"
+#include "ui/theme.h"
+
+#include <QPainterPath>
+#include <QStyleOption>
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr int kMark = 16;
+constexpr int kRoom = 4;  // about a mark or a handle, for the ring
+constexpr int kLeastHit = 24;
+constexpr int kHandle = 12;
+constexpr int kSlot = 4;
+constexpr int kToolTipDelay = 600;  // milliseconds
+
+bool isEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
+bool isOn(const QStyleOption& option) { return option.state.testFlag(QStyle::State_On); }
+bool hasKeyboard(const QStyleOption& option) {
+  return option.state.testFlag(QStyle::State_HasFocus) &&
+         option.state.testFlag(QStyle::State_KeyboardFocusChange);
+}
+
+void drawTick(QPainter& painter, const QRectF& mark, const QColor& colour) {
+  painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  const auto at = [&](double x, double y) {
+    return mark.topLeft() + QPointF(x * mark.width(), y * mark.height()) / kMark;
+  };
+  painter.drawPolyline(QPolygonF{at(3.9, 8.3), at(6.9, 11.3), at(12.3, 5.1)});
+}
+
+void drawDot(QPainter& painter, const QPointF& centre, const QColor& colour) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colour);
+  painter.drawEllipse(centre, 4, 4);
+}
+
+QColor rimOf(const QStyleOption& option) {
+  if (!isEnabled(option)) return toColour(token("line2"));
+  if (isOn(option)) return toColour(token("teal"));
+  return toColour(option.state.testFlag(QStyle::State_MouseOver) ? token("text2") : token("line3"));
+}
+
+void drawCheckBox(QPainter& painter, const QStyleOption& option) {
+  const Painting kept(painter);
+  painter.setPen(rimOf(option));
+  painter.setBrush(toColour(isOn(option) && isEnabled(option) ? token("teal") : token("ink0")));
+  painter.drawRoundedRect(onPixels(option.rect), 4, 4);
+  if (isOn(option)) {
+    drawTick(painter, option.rect, toColour(isEnabled(option) ? token("onTeal") : token("textOff")));
+  }
+}
+
+void drawOption(QPainter& painter, const QStyleOption& option) {
+  const Painting kept(painter);
+  painter.setPen(rimOf(option));
+  painter.setBrush(toColour(token("ink0")));
+  painter.drawEllipse(onPixels(option.rect));
+  if (isOn(option)) {
+    drawDot(painter, QRectF(option.rect).center(),
+            toColour(isEnabled(option) ? token("teal") : token("textOff")));
+  }
+}
+
+// A tick, or a dot where one of several is chosen.
+void drawMenuMark(QPainter& painter, const QStyleOption& option) {
+  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(&option);
+  if (item == nullptr || !item->checked) return;
+  const Painting kept(painter);
+  const QPointF centre = QRectF(option.rect).center();
+  const auto colour = toColour(isEnabled(option) ? token("teal") : token("textOff"));
+  if (item->checkType == QStyleOptionMenuItem::Exclusive) return drawDot(painter, centre, colour);
+  drawTick(painter, QRectF(centre - QPointF(kMark / 2.0, kMark / 2.0), QSizeF(kMark, kMark)), colour);
+}
+
+void drawHandle(QPainter& painter, const QRectF& handle, bool enabled) {
+  QLinearGradient body(handle.topLeft(), handle.bottomLeft());
+  body.setColorAt(0, toColour(token("handleTop")));
+  body.setColorAt(1, toColour(token("handleFoot")));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(enabled ? QBrush(body) : QBrush(toColour(token("ink4"))));
+  painter.drawRoundedRect(handle, 4, 4);
+  painter.setBrush(toColour(token("handleLine")));
+  painter.drawRect(QRectF(handle.center().x() - 0.5, handle.y() + 4, 1, 8));
+}
+
+void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRectF& handleCell) {
+  const Painting kept(painter);
+  const bool lies = option.orientation == Qt::Horizontal;
+  const QRectF all = option.rect;
+  const QPointF centre = handleCell.center();
+  QRectF slot(all.x() + 2, all.center().y() - kSlot / 2.0, all.width() - 4, kSlot);
+  if (!lies) slot = QRectF(all.center().x() - kSlot / 2.0, all.y() + 2, kSlot, all.height() - 4);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(toColour(token("void")));
+  painter.drawRoundedRect(slot, 2, 2);
+  // The part from the least value to the handle; `upsideDown` tells at which end that is.
+  if (lies) {
+    option.upsideDown ? slot.setLeft(centre.x()) : slot.setRight(centre.x());
+  } else {
+    option.upsideDown ? slot.setTop(centre.y()) : slot.setBottom(centre.y());
+  }
+  painter.setBrush(toColour(isEnabled(option) ? token("teal") : token("line2")));
+  painter.drawRoundedRect(slot, 2, 2);
+  const QRectF handle(centre - QPointF(kHandle / 2.0, kMark / 2.0), QSizeF(kHandle, kMark));
+  drawHandle(painter, handle, isEnabled(option));
+  if (hasKeyboard(option)) drawFocusRing(painter, handle.adjusted(-4, -4, 4, 4), 7);
+}
+
+}  // namespace
+
+void drawFocusRing(QPainter& painter, const QRectF& outer, double radius) {
+  const Painting kept(painter);
+  const auto line = outer.adjusted(1, 1, -1, -1);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(toColour(token("void")), 4));
+  painter.drawRoundedRect(line, radius, radius);
+  painter.setPen(QPen(toColour(token("focus")), 2));
+  painter.drawRoundedRect(line, radius, radius);
+}
+
+int KvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return kMark;
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+      return 8;
+    case PM_SliderThickness:
+    case PM_SliderControlThickness:
+      return kLeastHit;
+    case PM_SliderLength:
+      return kHandle + 2 * kRoom;
+    case PM_FocusFrameHMargin:
+    case PM_FocusFrameVMargin:
+      return 5;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int KvoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                        QStyleHintReturn* returned) const {
+  switch (hint) {
+    case SH_FocusFrame_AboveWidget:
+      return 1;
+    case SH_FocusFrame_Mask:
+      return 0;
+    case SH_ToolTip_WakeUpDelay:
+      return kToolTipDelay;
+    default:
+      return QProxyStyle::styleHint(hint, option, widget, returned);
+  }
+}
+
+QRect KvoStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+  const auto rect = QProxyStyle::subElementRect(element, option, widget);
+  switch (element) {
+    case SE_CheckBoxIndicator:
+    case SE_RadioButtonIndicator:
+      return rect.translated(option->direction == Qt::RightToLeft ? -kRoom : kRoom, 0);
+    case SE_CheckBoxContents:
+    case SE_RadioButtonContents:
+      return option->direction == Qt::RightToLeft ? rect.adjusted(0, 0, -kRoom, 0)
+                                                  : rect.adjusted(kRoom, 0, 0, 0);
+    case SE_CheckBoxFocusRect:
+      return subElementRect(SE_CheckBoxIndicator, option, widget).adjusted(-kRoom, -kRoom, kRoom, kRoom);
+    case SE_RadioButtonFocusRect:
+      return subElementRect(SE_RadioButtonIndicator, option, widget).adjusted(-kRoom, -kRoom, kRoom, kRoom);
+    default:
+      return rect;
+  }
+}
+
+QSize KvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                 const QWidget* widget) const {
+  auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type == CT_CheckBox || type == CT_RadioButton) {
+    size.rwidth() += kRoom;
+    size.setHeight(std::max(size.height(), kLeastHit));
+  }
+  return size;
+}
+
+void KvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  switch (element) {
+    case PE_IndicatorCheckBox:
+      return drawCheckBox(*painter, *option);
+    case PE_IndicatorRadioButton:
+      return option->type == QStyleOption::SO_MenuItem ? drawMenuMark(*painter, *option)
+                                                       : drawOption(*painter, *option);
+    case PE_IndicatorMenuCheckMark:
+      return drawMenuMark(*painter, *option);
+    case PE_FrameFocusRect:
+      if (hasKeyboard(*option)) drawFocusRing(*painter, QRectF(option->rect).adjusted(1, 1, -1, -1), 6);
+      return;
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void KvoStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                           const QWidget* widget) const {
+  if (element == CE_FocusFrame)
+    return drawFocusRing(*painter, QRectF(option->rect).adjusted(1, 1, -1, -1), 9);
+  QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void KvoStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                  QPainter* painter, const QWidget* widget) const {
+  const auto* slider = control == CC_Slider ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  if (slider != nullptr) {
+    return drawSlider(*painter, *slider, subControlRect(CC_Slider, slider, SC_SliderHandle, widget));
+  }
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+}  // namespace kvo

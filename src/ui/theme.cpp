@@ -1,0 +1,113 @@
+#include "ui/theme.h"
+
+#include "ui/focus_ring.h"
+#include "ui/kvo_style.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <algorithm>
+#include <array>
+#include <memory>
+
+// What a static library carries has to be asked for, from outside any namespace.
+static void carryResources() { Q_INIT_RESOURCE(ui); }
+
+namespace kvo {
+namespace {
+
+constexpr int kIconSide = 16;
+constexpr std::array kIconRatios = {1.0, 1.25, 1.5, 2.0};
+
+QByteArray resource(const QString& path) {
+  carryResources();
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+QPalette themePalette() {
+  struct Role {
+    QPalette::ColorRole role;
+    Rgb rgb;
+  };
+  constexpr std::array kRoles = {
+      Role{QPalette::Window, token("ink1")},      Role{QPalette::WindowText, token("text1")},
+      Role{QPalette::Base, token("ink0")},        Role{QPalette::AlternateBase, token("ink2")},
+      Role{QPalette::Text, token("text1")},       Role{QPalette::PlaceholderText, token("text3")},
+      Role{QPalette::Button, token("ink3")},      Role{QPalette::ButtonText, token("text1")},
+      Role{QPalette::Highlight, token("tealBg")}, Role{QPalette::HighlightedText, token("text1")},
+      Role{QPalette::ToolTipBase, token("tip")},  Role{QPalette::ToolTipText, token("text1")},
+      Role{QPalette::Link, token("teal")},        Role{QPalette::LinkVisited, token("violet")},
+      Role{QPalette::BrightText, token("red")},   Role{QPalette::Light, token("ink4")},
+      Role{QPalette::Midlight, token("ink3")},    Role{QPalette::Mid, token("line2")},
+      Role{QPalette::Dark, token("line1")},       Role{QPalette::Shadow, token("void")},
+  };
+  QPalette palette;
+  for (const auto& [role, rgb] : kRoles) palette.setColor(role, toColour(rgb));
+  for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
+    palette.setColor(QPalette::Disabled, role, toColour(token("textOff")));
+  }
+  return palette;
+}
+
+QString themeSheet() {
+  auto sheet = QString::fromUtf8(resource(":/theme/kvo5.qss"));
+  auto tokens = kTokens;  // of two names that begin alike the longer goes first
+  std::sort(tokens.begin(), tokens.end(),
+            [](const Token& a, const Token& b) { return a.name.size() > b.name.size(); });
+  for (const auto& [name, rgb] : tokens) {
+    sheet.replace("@" + QLatin1String(name.data(), static_cast<qsizetype>(name.size())),
+                  toColour(rgb).name());
+  }
+  return sheet;
+}
+
+QFont numberFont(double pixels) {
+  QFont font;
+  font.setFamilies({"JetBrains Mono", "Noto Sans Mono", "DejaVu Sans Mono"});
+  font.setPixelSize(qRound(pixels));
+  return font;
+}
+
+QPixmap iconPicture(const QString& name, Rgb colour, int side, double pixelRatio) {
+  auto svg = resource(":/icons/" + name + ".svg");
+  if (svg.isEmpty()) return {};
+  // The sources are drawn in the colour of text.
+  svg.replace(toColour(token("text1")).name().toUpper().toLatin1(), toColour(colour).name().toLatin1());
+  QPixmap picture(qRound(side * pixelRatio), qRound(side * pixelRatio));
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  QSvgRenderer(svg).render(&painter);
+  painter.end();
+  picture.setDevicePixelRatio(pixelRatio);
+  return picture;
+}
+
+QIcon themeIcon(const QString& name) {
+  QIcon icon;
+  for (double ratio : kIconRatios) {
+    const auto add = [&](Rgb colour, QIcon::Mode mode, QIcon::State state) {
+      icon.addPixmap(iconPicture(name, colour, kIconSide, ratio), mode, state);
+    };
+    add(token("text1"), QIcon::Normal, QIcon::Off);
+    add(token("tealHi"), QIcon::Normal, QIcon::On);
+    add(token("textOff"), QIcon::Disabled, QIcon::Off);
+  }
+  return icon;
+}
+
+void applyTheme(QApplication& application) {
+  QApplication::setStyle(std::make_unique<KvoStyle>().release());
+  QApplication::setPalette(themePalette());
+  QFont font;
+  font.setFamilies({"Inter", "Noto Sans", "DejaVu Sans"});
+  font.setPixelSize(12);
+  QApplication::setFont(font);
+  application.setStyleSheet(themeSheet());
+  FocusRing::follow(application);
+}
+
+}  // namespace kvo

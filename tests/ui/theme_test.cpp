@@ -1,0 +1,123 @@
+#include "ui/theme.h"
+
+#include <QCheckBox>
+#include <QFocusFrame>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+TEST(Tokens, TextAndMarksStandOutFromTheirGrounds) {
+  struct Row {
+    const char* what;
+    Rgb mark, ground;
+    double least;
+  };
+  constexpr Row kRows[] = {
+      {"text on a card", token("text1"), token("ink2"), 14},
+      {"second text on a card", token("text2"), token("ink2"), 8.5},
+      {"hint on a card", token("text3"), token("ink2"), 5.5},
+      {"hint on the window", token("text3"), token("ink1"), 4.5},
+      {"hint in a list", token("text3"), token("ink0"), 4.5},
+      {"text on a key", token("text1"), token("keyTop"), 4.5},
+      {"text on a key under the pointer", token("text1"), token("keyHover"), 4.5},
+      {"text on a chosen row", token("text1"), token("tealBg"), 4.5},
+      {"text on a chosen menu row", token("text3"), token("menu"), 4.5},
+      {"text of a tip", token("text1"), token("tip"), 4.5},
+      {"primary key, top", token("onTeal"), token("primaryTop"), 7},
+      {"primary key, foot", token("onTeal"), token("primaryFoot"), 6.5},
+      {"primary key, pressed", token("onTeal"), token("primaryDown"), 4.5},
+      {"key that is dangerous", token("dangerText"), token("redLo"), 4.5},
+      {"teal as text", token("teal"), token("ink2"), 8},
+      {"red as text", token("red"), token("ink2"), 6.5},
+      {"warning", token("amber"), token("amberLo"), 4.5},
+      {"digits", token("tealHi"), token("glass"), 7},
+      {"details", token("detail"), token("plate"), 4.5},
+      {"overlay audio", token("violet"), token("violetLo"), 4.5},
+      {"rim of a check box", token("line3"), token("ink2"), 3},
+      {"ring of focus", token("focus"), token("void"), 7},
+      {"bar of a chosen row", token("teal"), token("tealBg"), 3},
+  };
+  for (const auto& row : kRows) EXPECT_GE(contrast(row.mark, row.ground), row.least) << row.what;
+  EXPECT_NEAR(contrast(0x000000, 0xFFFFFF), 21, 1e-9);
+}
+
+TEST(Tokens, AChosenColourIsLightenedUntilItCanBeReadAndKeepsItsHue) {
+  for (Rgb colour : {0x0000FFU, 0x400000U, 0x203020U, 0x00C0C0U, 0x000000U}) {
+    const auto shown = readableOn(token("plate"), colour);
+    EXPECT_GE(contrast(shown, token("plate")), 4.5) << std::hex << colour;
+    const auto before = toColour(colour).hslHue();
+    EXPECT_NEAR(toColour(shown).hslHue(), before, 2) << std::hex << colour;
+  }
+  EXPECT_EQ(readableOn(token("plate"), 0x00C0C0), 0x00C0C0U) << "what can be read stays as it was chosen";
+}
+
+TEST(Theme, TheSheetHasColoursOfTheTableAlone) {
+  const auto sheet = themeSheet();
+  EXPECT_GT(sheet.size(), 1000);
+  EXPECT_FALSE(sheet.contains('@')) << sheet.mid(sheet.indexOf('@'), 20).toStdString();
+  QSet<QString> known;
+  for (const auto& [name, rgb] : kTokens) known.insert(toColour(rgb).name());
+  for (auto found = QRegularExpression("#[0-9A-Fa-f]{6}").globalMatch(sheet); found.hasNext();) {
+    const auto colour = found.next().captured();
+    EXPECT_TRUE(known.contains(colour)) << colour.toStdString();
+  }
+}
+
+TEST(Theme, AnIconIsDrawnInItsColourAndAsSharpAsTheScreen) {
+  const auto image = iconPicture("film", token("amber"), 16, 2).toImage();
+  EXPECT_EQ(image.size(), QSize(32, 32));
+  int inked = 0;
+  for (int y = 0; y < 32; ++y) {
+    for (int x = 0; x < 32; ++x) {
+      if (image.pixelColor(x, y).alpha() < 255) continue;
+      ++inked;
+      EXPECT_EQ(image.pixelColor(x, y), toColour(token("amber"))) << x << ',' << y;
+    }
+  }
+  EXPECT_GT(inked, 100);
+  EXPECT_TRUE(iconPicture("no such icon", token("amber")).isNull());
+}
+
+class Focus : public testing::Test {
+ protected:
+  Focus() {
+    auto* column = new QVBoxLayout(&window_);
+    for (QWidget* part : std::initializer_list<QWidget*>{&first_, &second_, &box_}) column->addWidget(part);
+    window_.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+  }
+  bool hasRing(const QWidget& widget) const {
+    for (const auto* frame : window_.findChildren<QFocusFrame*>()) {
+      if (frame->widget() == &widget && frame->isVisible()) return true;
+    }
+    return false;
+  }
+
+  QWidget window_;
+  QPushButton first_{"First", &window_}, second_{"Second", &window_};
+  QCheckBox box_{"Box", &window_};
+};
+
+TEST_F(Focus, IsShownWhereTheKeyboardBroughtItAndNotTheMouse) {
+  QTest::mouseClick(&first_, Qt::LeftButton);
+  first_.setFocus(Qt::MouseFocusReason);
+  EXPECT_TRUE(first_.hasFocus());
+  EXPECT_FALSE(hasRing(first_)) << "after a mouse press";
+  QTest::keyClick(&first_, Qt::Key_Tab);
+  EXPECT_TRUE(hasRing(second_)) << "after Tab";
+  const auto before = box_.grab().toImage();
+  QTest::keyClick(&second_, Qt::Key_Tab);
+  EXPECT_FALSE(hasRing(second_)) << "left";
+  EXPECT_FALSE(hasRing(box_)) << "a check box rings its mark, not its whole width";
+  EXPECT_NE(box_.grab().toImage(), before);
+}
+
+}  // namespace
+}  // namespace kvo
