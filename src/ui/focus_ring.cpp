@@ -1,9 +1,9 @@
 #include "ui/focus_ring.h"
 
-#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCheckBox>
 #include <QFocusEvent>
+#include <QFrame>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabBar>
@@ -31,7 +31,7 @@ bool drawsItsOwn(const QWidget& widget) {
          qobject_cast<const QRadioButton*>(&widget) != nullptr ||
          qobject_cast<const QSlider*>(&widget) != nullptr ||
          qobject_cast<const QTabBar*>(&widget) != nullptr ||
-         qobject_cast<const QAbstractScrollArea*>(&widget) != nullptr || widget.isWindow();
+         qobject_cast<const QFrame*>(&widget) != nullptr || widget.isWindow();
 }
 
 }  // namespace
