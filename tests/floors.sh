@@ -15,5 +15,7 @@ only 'libav|libsw' ':!src/media'
 only 'Q[A-Z]' ':!src/adapters/qt' ':!src/ui' ':!src/windows' ':!src/app'
 only 'SDL' ':!src/adapters/sdl'
 only 'opencv2|rubberband|pugixml' ':!src/engine'
+only 'cairo|librsvg' ':!src/art'
+only 'jpeglib' ':!src/art' ':!src/adapters/jpeg'
 only 'hwy/' ':!src/media'
 exit $bad

@@ -1,9 +1,12 @@
 #include "app/session.h"
 
+#include "base/guarded.h"
 #include "editor/compiler/effects_file.h"
 #include "editor/compiler/still_options.h"
 
 #include <array>
+#include <filesystem>
+#include <unistd.h>
 
 namespace kvo {
 namespace {
@@ -23,6 +26,26 @@ Outcome prepareProgramFolder(Files& files, const ProgramFolder& folder, const st
     if (auto done = writeDurably(files, target, *bytes); !done) return done;
   }
   return {};
+}
+
+Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& shippedFolder) {
+  namespace fs = std::filesystem;
+  return guarded([&]() -> Outcome {
+    for (const auto& entry : fs::recursive_directory_iterator(shippedFolder)) {
+      const auto target = folder.path() / entry.path().lexically_relative(shippedFolder);
+      if (fs::exists(target)) continue;
+      if (entry.is_directory()) {
+        fs::create_directory(target);
+        continue;
+      }
+      // A copy that was cut short must not be taken for the picture; another program may copy at the same
+      // time.
+      const auto beside = fs::path(target) += "." + std::to_string(::getpid());
+      fs::copy_file(entry.path(), beside, fs::copy_options::overwrite_existing);
+      fs::rename(beside, target);
+    }
+    return {};
+  });
 }
 
 Result<ReadReport> Session::open(const std::string& collectionPath) {

@@ -14,6 +14,9 @@ namespace kvo {
 /// Makes the program folder and copies in what the program ships with and is missing there.
 Outcome prepareProgramFolder(Files& files, const ProgramFolder& folder, const std::string& shippedFolder);
 
+/// Copies in what else is shipped, the pictures of the windows with their folders, where it is missing.
+Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& shippedFolder);
+
 class Session {
  public:
   /// `messageBoxes` outlives the session.

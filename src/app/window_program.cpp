@@ -16,6 +16,7 @@
 #include "windows/main/frm_file_open.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -55,7 +56,9 @@ class WindowProgram {
         window_(state_, {commands_, media_, choice_, startUp_}) {}
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
-    if (auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder); !done) {
+    auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder);
+    if (done) done = copyShippedPictures(session_.folder, shippedFolder);
+    if (!done) {
       boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
       return kExitFailed;
     }
@@ -101,6 +104,15 @@ class WindowProgram {
   FrmFileOpen window_;
 };
 
+// What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.
+QIcon programIcon(const std::string& shared) {
+  QIcon icon;
+  for (const char* size : {"16x16", "24x24", "32x32", "48x48", "64x64", "128x128", "256x256"}) {
+    icon.addFile(QString::fromStdString(shared + "/icons/hicolor/" + size + "/apps/kvo5.png"));
+  }
+  return icon;
+}
+
 }  // namespace
 
 bool hasDisplay() {
@@ -115,8 +127,10 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
   QApplication application(argc, argv);
   QApplication::setApplicationName("KVO5");
   QApplication::setStyle("Fusion");
+  const auto shared = executableFolder + "../share";
+  QApplication::setWindowIcon(programIcon(shared));
   WindowProgram program(folder);
-  return program.run({argv + 1, argv + argc}, executableFolder + "../share/kvo5");
+  return program.run({argv + 1, argv + argc}, shared + "/kvo5");
 }
 
 }  // namespace kvo

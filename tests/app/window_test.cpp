@@ -128,6 +128,7 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
   const auto folder = home_ / ".local/share/KVO5";
   EXPECT_TRUE(std::filesystem::exists(folder + "/KVO5.INI"));
   EXPECT_TRUE(std::filesystem::exists(folder + "/silence.wav"));
+  EXPECT_TRUE(std::filesystem::exists(folder + "/Skins/2/blue.bmp"));
 
   // A second copy hands its clip over and ends at once.
   EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", video_}).exitCode, 0);
