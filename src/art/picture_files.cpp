@@ -104,7 +104,7 @@ std::string jpegOf(const Picture& picture) {
   jpeg_finish_compress(&coder);
   jpeg_destroy_compress(&coder);
   std::string file(reinterpret_cast<const char*>(bytes), size);
-  std::free(bytes);
+  std::free(bytes);  // NOLINT(cppcoreguidelines-owning-memory): the library gives it so
   return file;
 }
 

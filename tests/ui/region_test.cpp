@@ -1,0 +1,354 @@
+// Shapes of windows: made from masks, given to windows, and their files, which are read back here by a reader
+// of the test's own.
+#include "adapters/posix/posix_files.h"
+#include "support/real_world.h"
+#include "ui/dib_section.h"
+#include "ui/dib_section_region.h"
+
+#include <QImage>
+#include <QWidget>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ScratchFolder;
+using Pixels = std::vector<std::string>;  // rows; '#' belongs to the shape
+
+Pixels drawn(int width, int height, const std::function<bool(double, double)>& isShape) {
+  Pixels rows(static_cast<std::size_t>(height), std::string(static_cast<std::size_t>(width), '.'));
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      if (isShape(x + 0.5, y + 0.5)) rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = '#';
+    }
+  }
+  return rows;
+}
+
+cDIBSection surfaceOf(const Pixels& pixels) {
+  QImage mask(static_cast<int>(pixels[0].size()), static_cast<int>(pixels.size()), QImage::Format_RGB32);
+  for (int y = 0; y < mask.height(); ++y) {
+    for (int x = 0; x < mask.width(); ++x) {
+      const bool isShape = pixels[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] == '#';
+      mask.setPixel(x, y, isShape ? 0xFFFFFFFF : 0xFF000000);
+    }
+  }
+  cDIBSection surface;
+  EXPECT_TRUE(surface.CreateFromPicture(mask));
+  return surface;
+}
+
+struct Head {
+  std::uint32_t size, kind, count, bytes;
+  std::int32_t left, top, right, bottom;
+};
+struct Rectangle {
+  std::int32_t left, top, right, bottom;
+};
+
+// The pixels that a region file covers; a pixel that is covered twice becomes '2'.
+Pixels covered(const std::string& data, int width, int height, Head& head) {
+  std::memcpy(&head, data.data(), sizeof head);
+  EXPECT_EQ(data.size(), sizeof head + head.bytes);
+  auto pixels = drawn(width, height, [](double, double) { return false; });
+  for (std::uint32_t i = 0; i < head.count; ++i) {
+    Rectangle r{};
+    std::memcpy(&r, data.data() + sizeof head + i * sizeof r, sizeof r);
+    for (auto y = r.top; y < r.bottom; ++y) {
+      for (auto x = r.left; x < r.right; ++x) {
+        auto& pixel = pixels.at(static_cast<std::size_t>(y)).at(static_cast<std::size_t>(x));
+        pixel = pixel == '.' ? '#' : '2';
+      }
+    }
+  }
+  return pixels;
+}
+
+TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
+  const auto circle = [](double x, double y) { return std::hypot(x - 40, y - 40) < 38; };
+  const auto ring = [&](double x, double y) { return circle(x, y) && std::hypot(x - 40, y - 40) > 20; };
+  struct Row {
+    const char* what;
+    Pixels mask;
+    int rectangles;  // -1: not counted
+    Rectangle bounds;
+  };
+  const Row rows[] = {
+      {"nothing keyed out", {"###", "###"}, 1, {0, 0, 3, 2}},
+      {"all keyed out", {"...", "..."}, 0, {0, 0, 0, 0}},
+      {"one column, a run to its end", {"#", ".", "."}, 1, {0, 0, 1, 1}},
+      {"one column, a run from its begin", {".", ".", "#"}, 1, {0, 2, 1, 3}},
+      {"five wide", {"#...#", "#...#", "#####"}, 3, {0, 0, 5, 3}},
+      {"a hole", {"####", "#..#", "#..#", "####"}, 4, {0, 0, 4, 4}},
+      {"a hole of a gap", {"##", "..", "##"}, 2, {0, 0, 2, 3}},
+      {"steps", {"#..", "##.", ".##"}, 3, {0, 0, 3, 3}},
+      {"a circle", drawn(80, 80, circle), -1, {2, 2, 78, 78}},
+      {"a ring", drawn(80, 80, ring), -1, {2, 2, 78, 78}},
+  };
+  for (const auto& row : rows) {
+    const auto region = regionWithout(surfaceOf(row.mask), 0);
+    const auto data = regionData(region);
+    Head head{};
+    EXPECT_EQ(covered(data, static_cast<int>(row.mask[0].size()), static_cast<int>(row.mask.size()), head),
+              row.mask)
+        << row.what;
+    if (row.rectangles >= 0) {
+      EXPECT_EQ(head.count, static_cast<std::uint32_t>(row.rectangles)) << row.what;
+    }
+    EXPECT_EQ((std::vector{head.left, head.top, head.right, head.bottom}),
+              (std::vector{row.bounds.left, row.bounds.top, row.bounds.right, row.bounds.bottom}))
+        << row.what;
+    EXPECT_EQ(regionOfData(data), region) << row.what;
+  }
+}
+
+TEST(Region, DataAreThePublishedFormToTheByte) {
+  const auto data = regionData(regionWithout(surfaceOf({"##", "#.", "#."}), 0));
+  const std::uint32_t expected[] = {32, 1, 2, 32, 0, 0, 2, 3, 0, 0, 2, 1, 0, 1, 1, 3};
+  ASSERT_EQ(data.size(), sizeof expected);
+  EXPECT_EQ(std::memcmp(data.data(), expected, sizeof expected), 0);
+}
+
+TEST(Region, KeyIsOneColourWithRedInTheLowByte) {
+  cDIBSection surface;
+  ASSERT_TRUE(surface.Create(4, 1));
+  const std::uint8_t bgr[] = {3, 2, 1, 3, 2, 2, 3, 3, 1, 4, 2, 1};
+  std::copy(std::begin(bgr), std::end(bgr), surface.DIBSectionBitsPtr().begin());
+  EXPECT_EQ(regionWithout(surface, 0x030201).rectangles, (std::vector<RegionRectangle>{{1, 0, 4, 1}}));
+}
+
+std::string dataOf(const std::vector<Rectangle>& rectangles, std::uint32_t kind = 1,
+                   std::uint32_t size = 32) {
+  const auto count = static_cast<std::uint32_t>(rectangles.size());
+  const Head head{size, kind, count, count * 16, 0, 0, 0, 0};
+  std::string data(reinterpret_cast<const char*>(&head), sizeof head);
+  data.append(reinterpret_cast<const char*>(rectangles.data()), rectangles.size() * sizeof(Rectangle));
+  return data;
+}
+
+TEST(Region, DataThatAreNoRegionAreRefused) {
+  const auto good = dataOf({{0, 0, 2, 1}, {3, 0, 4, 1}, {-5, 1, 2, 2}});
+  ASSERT_TRUE(regionOfData(good));
+  for (std::size_t length = 0; length < good.size(); ++length) {
+    EXPECT_FALSE(regionOfData(std::string_view(good).substr(0, length))) << length;
+  }
+  auto endless = good;
+  std::fill_n(endless.begin() + 8, 4, '\xFF');
+  const std::pair<const char*, std::string> rows[] = {
+      {"another kind", dataOf({{0, 0, 1, 1}}, 2)},
+      {"another head", dataOf({{0, 0, 1, 1}}, 1, 33)},
+      {"more rectangles than bytes", endless},
+      {"no width", dataOf({{1, 0, 1, 1}})},
+      {"upside down", dataOf({{0, 1, 1, 0}})},
+      {"overlap in a band", dataOf({{0, 0, 3, 1}, {2, 0, 4, 1}})},
+      {"bands that overlap", dataOf({{0, 0, 3, 2}, {0, 1, 3, 3}})},
+      {"from the bottom up", dataOf({{0, 4, 3, 5}, {0, 1, 3, 3}})},
+  };
+  for (const auto& [what, data] : rows) EXPECT_FALSE(regionOfData(data)) << what;
+}
+
+TEST(Region, DataInMoreRectanglesThanNeededAreBroughtToTheFewest) {
+  const auto region = regionOfData(dataOf({{0, 0, 1, 1}, {1, 0, 4, 1}, {0, 1, 4, 3}}));
+  ASSERT_TRUE(region);
+  EXPECT_EQ(region->rectangles, (std::vector<RegionRectangle>{{0, 0, 4, 3}}));
+}
+
+TEST(Region, RoundCornersAreQuartersOfAnEllipse) {
+  EXPECT_EQ(roundRectRegion(30, 20, 0, 0).rectangles, (std::vector<RegionRectangle>{{0, 0, 30, 20}}));
+  EXPECT_EQ(roundRectRegion(0, 20, 4, 4), Region{});
+  for (const auto& [width, height, across, down] :
+       {std::tuple{562, 410, 134, 90}, {440, 262, 284, 154}, {40, 30, 90, 90}}) {
+    const auto region = roundRectRegion(width, height, across, down);
+    double area = 0;
+    for (const auto& r : region.rectangles) {
+      area += (r.right - r.left) * (r.bottom - r.top);
+      EXPECT_EQ(r.left + r.right, width);
+    }
+    const double cornerArea = std::min(across, width) * std::min(down, height) * (1 - std::acos(-1) / 4);
+    EXPECT_NEAR(area, width * height - cornerArea, std::max(3.0, 0.001 * width * height)) << width;
+    EXPECT_EQ(boundsOf(region), (RegionRectangle{0, 0, width, height})) << width;
+  }
+}
+
+struct Shown : ShapedWindow {
+  void setShape(const Region* region) override { shape = region == nullptr ? Region{} : *region; }
+  Region shape;
+};
+
+TEST(DibSectionRegion, WindowsShareOneShapeUntilItIsDestroyed) {
+  Shown a;
+  Shown b;
+  Shown stranger;
+  const auto surface = surfaceOf({"##.", "###"});
+  const auto shape = regionWithout(surface, 0);
+  {
+    cDIBSectionRegion region;
+    region.Applied(a, true);
+    EXPECT_FALSE(region.Applied(a)) << "there is no region yet";
+    ASSERT_TRUE(region.Create(surface, 0));
+    region.Applied(a, true);
+    region.Applied(b, true);
+    region.Applied(a, true);
+    EXPECT_EQ(region.AppliedToCount(), 2);
+    EXPECT_EQ(region.hWndForIndex(1), &a);
+    EXPECT_EQ(region.hWndForIndex(3), nullptr);
+    EXPECT_EQ(b.shape, shape);
+
+    region.Applied(a, false);
+    EXPECT_EQ(region.hWndForIndex(1), &b) << "the gap is closed";
+    EXPECT_EQ(a.shape, Region{});
+    stranger.shape = shape;
+    region.Applied(stranger, false);
+    EXPECT_EQ(stranger.shape, Region{}) << "also a window that is not in the list";
+
+    EXPECT_FALSE(region.Create({}, 0));
+    EXPECT_EQ(b.shape, Region{});
+    EXPECT_EQ(region.region(), nullptr);
+
+    ASSERT_TRUE(region.Create(surface, 0));
+    region.Applied(b, true);
+  }
+  EXPECT_EQ(b.shape, Region{}) << "and when it is gone";
+}
+
+TEST(DibSectionRegion, AWidgetTakesTheShapeAsItsMask) {
+  QWidget widget;
+  ShapedWidget window(widget);
+  cDIBSectionRegion region;
+  ASSERT_TRUE(region.Create(surfaceOf({"##.", "###"}), 0));
+  region.Applied(window, true);
+  EXPECT_EQ(widget.mask(), QRegion(0, 0, 2, 1) + QRegion(0, 1, 3, 1));
+  region.Applied(window, false);
+  EXPECT_TRUE(widget.mask().isEmpty());
+  ASSERT_TRUE(region.Create(surfaceOf({"..."}), 0));
+  region.Applied(window, true);
+  EXPECT_FALSE(widget.mask().isEmpty());
+  EXPECT_FALSE(widget.mask().intersects(QRect(0, 0, 3, 1))) << "nothing is left to be seen";
+}
+
+TEST(DibSectionRegion, IsSavedAndLoaded) {
+  const ScratchFolder folder;
+  PosixFiles files;
+  cDIBSectionRegion region;
+  const auto path = folder / "shape.rgn";
+  auto fault = region.Save(files, path);
+  ASSERT_TRUE(fault);
+  EXPECT_EQ(fault->source, ".cDIBSectionRegion");
+  EXPECT_EQ(fault->text, "Unable to determine size of region");
+
+  ASSERT_TRUE(region.Create(surfaceOf({"##.", "###"}), 0));
+  std::ofstream(path)
+      << "an older and much longer file that has to go, whatever was in it, to the last byte of it, "
+         "and there are more bytes in it than in a region of two rectangles";
+  EXPECT_FALSE(region.Save(files, path));
+  EXPECT_EQ(files.read(path, 1000).value(), regionData(*region.region()));
+  fault = region.Save(files, folder / "missing/shape.rgn");
+  ASSERT_TRUE(fault);
+  EXPECT_EQ(fault->source, ".cDIBSectionRegion");
+
+  cDIBSectionRegion loaded;
+  EXPECT_TRUE(loaded.LoadFromFile(files, path));
+  EXPECT_EQ(*loaded.region(), *region.region());
+  std::ofstream(path) << "no region";
+  EXPECT_FALSE(loaded.LoadFromFile(files, path));
+  EXPECT_EQ(loaded.region(), nullptr);
+  EXPECT_FALSE(loaded.LoadFromFile(files, folder / "none"));
+}
+
+TEST(DibSectionRegion, IsLoadedFromALibraryOfResources) {
+  const ScratchFolder folder;
+  const auto shape = regionWithout(surfaceOf({"##.", "###"}), 0);
+  std::ofstream(folder / "shape.rgn") << regionData(shape);
+  std::ofstream(folder / "text") << "no region";
+  std::ofstream(folder / "shapes.qrc") << "<RCC><qresource prefix='REGION'><file alias='101'>shape.rgn</file>"
+                                          "<file alias='102'>text</file></qresource></RCC>";
+  const auto library = folder / "shapes.rcc";
+  ASSERT_EQ(test::runProgram({KVO_RCC, "--binary", folder / "shapes.qrc", "-o", library}).exitCode, 0);
+
+  cDIBSectionRegion region;
+  EXPECT_FALSE(region.LoadFromResource(library, "REGION", "101"));
+  ASSERT_NE(region.region(), nullptr);
+  EXPECT_EQ(*region.region(), shape);
+  const std::tuple<std::string, const char*, const char*> faults[] = {
+      {folder / "none.rcc", "101", "Can't open DLL for Resource Access"},
+      {folder / "text", "101", "Can't open DLL for Resource Access"},
+      {library, "7", "Resource with ID 7 could not be found"},
+      {library, "102", "Cannot access data for resource with ID 102"},
+  };
+  for (const auto& [path, id, text] : faults) {
+    const auto fault = region.LoadFromResource(path, "REGION", id);
+    ASSERT_TRUE(fault) << text;
+    EXPECT_EQ(fault->text, text);
+    EXPECT_EQ(fault->source, "KVO5.cDIBSectionRegion");
+    EXPECT_EQ(region.region(), nullptr);
+  }
+}
+
+TEST(DibSection, RowsAreFilledUpToFourBytes) {
+  for (const auto& [width, bytes] : {std::pair{1, 4U}, {4, 12U}, {5, 16U}, {6, 20U}}) {
+    cDIBSection surface;
+    ASSERT_TRUE(surface.Create(width, 3));
+    EXPECT_EQ(surface.BytesPerScanLine(), bytes);
+    EXPECT_EQ(surface.DIBSectionBitsPtr().size(), 3 * bytes);
+  }
+}
+
+TEST(DibSection, ThatCannotBeMadeIsEmpty) {
+  for (const auto& [width, height] :
+       {std::pair{0, 4}, {4, 0}, {-1, 4}, {20000, 20000}, {2147483647, 2147483647}}) {
+    cDIBSection surface;
+    ASSERT_TRUE(surface.Create(2, 2));
+    EXPECT_FALSE(surface.Create(width, height)) << width;
+    EXPECT_EQ(surface.dib_width(), 0);
+    EXPECT_TRUE(surface.DIBSectionBitsPtr().empty());
+  }
+}
+
+TEST(DibSection, WhatIsTransparentInAPictureIsBlack) {
+  QImage picture(2, 1, QImage::Format_ARGB32);
+  picture.setPixel(0, 0, 0x00FFFFFF);
+  picture.setPixel(1, 0, 0xFF010203);
+  cDIBSection surface;
+  ASSERT_TRUE(surface.CreateFromPicture(picture));
+  const auto row = surface.row(0);
+  EXPECT_EQ(std::vector(row.begin(), row.end()), (std::vector<std::uint8_t>{0, 0, 0, 3, 2, 1}));
+}
+
+TEST(DibSection, MeetsAnotherWithinBoth) {
+  cDIBSection source;
+  ASSERT_TRUE(source.Create(2, 2));
+  std::ranges::fill(source.DIBSectionBitsPtr(), std::uint8_t{0x0F});
+  struct Row {
+    int x, y, sourceX, sourceY;
+    RasterOperation operation;
+    Pixels expected;  // '#': met
+    int value;
+  };
+  using enum RasterOperation;
+  const Row rows[] = {
+      {0, 0, 0, 0, SRCCOPY, {"##.", "##."}, 0x0F}, {2, 1, 0, 0, SRCCOPY, {"...", "..#"}, 0x0F},
+      {-1, 0, 0, 0, SRCAND, {"#..", "#.."}, 0x03}, {0, -1, 0, 0, SRCPAINT, {"##.", "..."}, 0x3F},
+      {0, 0, 1, 1, SRCCOPY, {"#..", "..."}, 0x0F}, {0, 0, -1, 0, SRCCOPY, {".##", ".##"}, 0x0F},
+      {9, 0, 0, 0, SRCCOPY, {"...", "..."}, 0x0F},
+  };
+  for (const auto& row : rows) {
+    cDIBSection target;
+    ASSERT_TRUE(target.Create(3, 2));
+    std::ranges::fill(target.DIBSectionBitsPtr(), std::uint8_t{0x33});
+    source.PaintPicture(target, row.x, row.y, 9, 9, row.sourceX, row.sourceY, row.operation);
+    const auto met = drawn(3, 2, [&](double x, double y) {
+      const auto value = target.row(static_cast<int>(y))[static_cast<std::size_t>(x) * 3];
+      EXPECT_TRUE(value == 0x33 || value == row.value) << int{value};
+      return value != 0x33;
+    });
+    EXPECT_EQ(met, row.expected) << row.x << ' ' << row.sourceX;
+  }
+}
+
+}  // namespace
+}  // namespace kvo
