@@ -20,7 +20,7 @@ _kvo5() {
     --range | --size | --rate) return ;;
   esac
   if [[ $cur == --* || $first == --render ]]; then
-    local words='--render --check --document --help --version'
+    local words='--render --check --document --gallery --help --version'
     [[ $first == --render && $COMP_CWORD -gt 1 ]] && words='--output --range --size --rate --codec'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
   else

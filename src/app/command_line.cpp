@@ -91,9 +91,9 @@ Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
   if (arguments.empty()) return Error{"there is nothing to do"};
   CommandLine line;
   const auto& task = arguments[0];
-  if (task == "--help" || task == "-h" || task == "--version") {
+  if (task == "--help" || task == "-h" || task == "--version" || task == "--gallery") {
     if (arguments.size() > 1) return Error{task + " takes nothing behind it"};
-    line.task = task == "--version" ? Task::Version : Task::Help;
+    line.task = task == "--version" ? Task::Version : task == "--gallery" ? Task::Gallery : Task::Help;
     return line;
   }
   if (task != "--render" && task != "--check" && task != "--document") {
@@ -142,6 +142,8 @@ kvo5 --check COLLECTION
     Lists the clips with their times, and what is wrong with them.
 kvo5 --document COLLECTION FILE [--preview POWER]
     Writes the timeline document that a render would be made from, or a preview of power 1 to 10.
+kvo5 --gallery
+    Shows the widgets that the windows are made of, in all their states.
 kvo5 --help
 kvo5 --version
 

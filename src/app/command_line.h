@@ -11,7 +11,7 @@
 
 namespace kvo {
 
-enum class Task { Help, Version, Render, Check, Document };
+enum class Task { Help, Version, Gallery, Render, Check, Document };
 
 struct PictureSize {
   int width = 0;  ///< pixels
@@ -29,7 +29,7 @@ struct CommandLine {
   std::string codec;                ///< of an AVI; empty for uncompressed
 };
 
-/// True when the arguments ask for something that needs no screen: a long option comes first.
+/// True when the arguments ask for something else than the main window: a long option comes first.
 bool isConsoleCommand(const std::vector<std::string>& arguments);
 
 /// Fails with a line on what is wrong with the arguments (without the program's name).

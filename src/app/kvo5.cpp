@@ -62,12 +62,14 @@ int run(const kvo::CommandLine& line) {
   }
 }
 
+int failWithoutDisplay() {
+  return kvo::fail("there is no display to show a window on; see kvo5 --help for what works without one");
+}
+
 int runWindow(int argc, char** argv) {
   kvo::media::silenceRemarks();
   kvo::PosixTemporaryFolders().sweep();
-  if (!kvo::hasDisplay()) {
-    return kvo::fail("there is no display to show a window on; see kvo5 --help for what works without one");
-  }
+  if (!kvo::hasDisplay()) return failWithoutDisplay();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   return kvo::runWindow(argc, argv, kvo::findProgramFolder(environment, beside), beside);
 }
@@ -86,6 +88,8 @@ int main(int argc, char** argv) {
     case kvo::Task::Version:
       std::puts("KVO5 " KVO_VERSION);
       return afterPrinting(kvo::kExitDone);
+    case kvo::Task::Gallery:
+      return kvo::hasDisplay() ? kvo::runGallery(argc, argv) : failWithoutDisplay();
     default:
       return afterPrinting(run(*line));
   }

@@ -13,6 +13,8 @@
 #include "program/clip_list.h"
 #include "program/media_commands.h"
 #include "program/start_up.h"
+#include "ui/theme.h"
+#include "windows/gallery/gallery.h"
 #include "windows/main/frm_file_open.h"
 
 #include <QApplication>
@@ -131,6 +133,15 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
   QApplication::setWindowIcon(programIcon(shared));
   WindowProgram program(folder);
   return program.run({argv + 1, argv + argc}, shared + "/kvo5");
+}
+
+int runGallery(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("KVO5");
+  applyTheme(application);
+  Gallery gallery;
+  gallery.show();
+  return QApplication::exec();
 }
 
 }  // namespace kvo

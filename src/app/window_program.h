@@ -15,4 +15,7 @@ bool hasDisplay();
 /// words about the display Qt takes out.
 int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder);
 
+/// Shows the widgets that windows are made of, until the user closes them.
+int runGallery(int argc, char** argv);
+
 }  // namespace kvo

@@ -1,11 +1,11 @@
 #include "ui/cool_list_accessible.h"
 
 #include "ui/cool_list_view.h"
+#include "ui/made.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <map>
-#include <memory>
 
 namespace kvo {
 namespace {
@@ -76,8 +76,7 @@ class ListAccess : public QAccessibleWidget {
     if (index < 0 || index >= childCount()) return nullptr;
     auto found = items_.find(index);
     if (found == items_.end()) {
-      const auto id =
-          QAccessible::registerAccessibleInterface(std::make_unique<ItemAccess>(view_, index).release());
+      const auto id = QAccessible::registerAccessibleInterface(made<ItemAccess>(view_, index));
       found = items_.emplace(index, id).first;
     }
     return QAccessible::accessibleInterface(found->second);
@@ -105,7 +104,7 @@ class ListAccess : public QAccessibleWidget {
 
 QAccessibleInterface* makeAccess(const QString& /*className*/, QObject* object) {
   auto* view = dynamic_cast<CoolListView*>(object);
-  return view == nullptr ? nullptr : std::make_unique<ListAccess>(*view).release();
+  return view == nullptr ? nullptr : made<ListAccess>(*view);
 }
 
 }  // namespace

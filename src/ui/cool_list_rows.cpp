@@ -84,7 +84,7 @@ int wrappedFlags(const CoolListProperties& properties) {
   return Qt::TextWordWrap | Qt::AlignTop | kAlign[side];
 }
 
-void drawText(QPainter& painter, const CoolListRow& row, const CoolListProperties& properties) {
+void drawText(QPainter& painter, const CoolListRow& row, const CoolListProperties& properties, bool enabled) {
   const auto place = placeOfText(row, painter.font());
   if (properties.WordWrap) {
     painter.drawText(place, wrappedFlags(properties), row.shown);
@@ -94,7 +94,7 @@ void drawText(QPainter& painter, const CoolListRow& row, const CoolListPropertie
   }
   if (row.trailing.isEmpty()) return;
   painter.setFont(trailingFace(painter.font()));
-  painter.setPen(toColour(row.selected ? token("text2") : token("text3")));
+  painter.setPen(toColour(!enabled ? token("textOff") : row.selected ? token("text2") : token("text3")));
   painter.drawText(row.text.adjusted(0, 0, -kTrailingGap, 0),
                    Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine, row.trailing);
 }
@@ -148,7 +148,7 @@ void drawRow(QPainter& painter, const CoolListRow& row, const CoolListProperties
   font.setUnderline(row.selected && properties.SelectModeStyle == kUnderlined);
   painter.setFont(font);
   painter.setPen(of(row.selected ? properties.FontSelected : properties.FontNormal));
-  drawText(painter, row, properties);
+  drawText(painter, row, properties, palette.currentColorGroup() != QPalette::Disabled);
   painter.restore();
 }
 

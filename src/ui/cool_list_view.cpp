@@ -1,6 +1,7 @@
 #include "ui/cool_list_view.h"
 
 #include "ui/cool_list_accessible.h"
+#include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
 
@@ -63,9 +64,7 @@ std::optional<CoolList::Key> listKey(int key) {
 }  // namespace
 
 CoolListView::CoolListView(QWidget* parent)
-    : QFrame(parent),
-      bar_(std::make_unique<QScrollBar>(this).release()),
-      edit_(std::make_unique<QPlainTextEdit>(this).release()) {
+    : QFrame(parent), bar_(made<QScrollBar>(this)), edit_(made<QPlainTextEdit>(this)) {
   installCoolListAccessibility();
   setProperty("role", "list");
   setFrameShape(QFrame::StyledPanel);
@@ -76,6 +75,7 @@ CoolListView::CoolListView(QWidget* parent)
   bar_->hide();
   bar_->setFocusPolicy(Qt::NoFocus);
   edit_->setObjectName("txtEdit");
+  edit_->setAccessibleName("Text of the item");
   edit_->hide();
   edit_->installEventFilter(this);
   edit_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -1,5 +1,7 @@
 #include "ui/focus_ring.h"
 
+#include "ui/made.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QFocusEvent>
@@ -7,7 +9,6 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabBar>
-#include <memory>
 
 namespace kvo {
 namespace {
@@ -44,17 +45,13 @@ FocusRing::FocusRing(QApplication& application) : QObject(&application) {
   application.installEventFilter(this);
 }
 
-void FocusRing::follow(QApplication& application) {
-  static_cast<void>(std::unique_ptr<FocusRing>(new FocusRing(application)).release());
-}
-
 FocusRing::~FocusRing() { delete frame_.data(); }  // NOLINT(cppcoreguidelines-owning-memory)
 
 void FocusRing::show(QWidget& widget, bool byKeyboard) {
   // The style draws by the same rule, and Qt itself never takes this back.
   widget.window()->setAttribute(Qt::WA_KeyboardFocusChange, byKeyboard);
   if (!byKeyboard || drawsItsOwn(widget)) return hide();
-  if (frame_ == nullptr) frame_ = std::make_unique<QFocusFrame>().release();
+  if (frame_ == nullptr) frame_ = made<QFocusFrame>();
   frame_->setWidget(&widget);
 }
 

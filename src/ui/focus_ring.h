@@ -12,14 +12,12 @@ namespace kvo {
 
 class FocusRing : public QObject {
  public:
-  /// Sets up the one ring of the application, whose child it becomes.
-  static void follow(QApplication& application);
-
+  /// Becomes the application's child. One is enough.
+  explicit FocusRing(QApplication& application);
   ~FocusRing() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  explicit FocusRing(QApplication& application);
   void show(QWidget& widget, bool byKeyboard);
   void hide();
 

@@ -5,6 +5,7 @@
 
 #include <QPainterPath>
 #include <QStyleOption>
+#include <QTabBar>
 #include <algorithm>
 
 namespace kvo {
@@ -170,10 +171,6 @@ QRect KvoStyle::subElementRect(SubElement element, const QStyleOption* option, c
     case SE_RadioButtonContents:
       return option->direction == Qt::RightToLeft ? rect.adjusted(0, 0, -kRoom, 0)
                                                   : rect.adjusted(kRoom, 0, 0, 0);
-    case SE_CheckBoxFocusRect:
-      return subElementRect(SE_CheckBoxIndicator, option, widget).adjusted(-kRoom, -kRoom, kRoom, kRoom);
-    case SE_RadioButtonFocusRect:
-      return subElementRect(SE_RadioButtonIndicator, option, widget).adjusted(-kRoom, -kRoom, kRoom, kRoom);
     default:
       return rect;
   }
@@ -200,17 +197,38 @@ void KvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     case PE_IndicatorMenuCheckMark:
       return drawMenuMark(*painter, *option);
     case PE_FrameFocusRect:
-      if (hasKeyboard(*option)) drawFocusRing(*painter, QRectF(option->rect).adjusted(1, 1, -1, -1), 6);
+      // Of a tab, by the line of its text. All others have a ring about them or about their mark.
+      if (hasKeyboard(*option) && qobject_cast<const QTabBar*>(widget) != nullptr) {
+        drawFocusRing(*painter, QRectF(option->rect).adjusted(-8, -7, 8, 7), 6);
+      }
       return;
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
 }
 
+void KvoStyle::drawMarked(const QStyleOptionButton& option, QPainter& painter, const QWidget* widget,
+                          bool isBox) const {
+  auto part = option;
+  part.rect = subElementRect(isBox ? SE_CheckBoxIndicator : SE_RadioButtonIndicator, &option, widget);
+  drawPrimitive(isBox ? PE_IndicatorCheckBox : PE_IndicatorRadioButton, &part, &painter, widget);
+  if (hasKeyboard(option)) {
+    const auto outer = QRectF(part.rect).adjusted(-kRoom, -kRoom, kRoom, kRoom);
+    drawFocusRing(painter, outer, isBox ? 7 : outer.width() / 2 - 1);
+  }
+  part.rect = subElementRect(isBox ? SE_CheckBoxContents : SE_RadioButtonContents, &option, widget);
+  QProxyStyle::drawControl(isBox ? CE_CheckBoxLabel : CE_RadioButtonLabel, &part, &painter, widget);
+}
+
 void KvoStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const {
-  if (element == CE_FocusFrame)
+  if (element == CE_FocusFrame) {
     return drawFocusRing(*painter, QRectF(option->rect).adjusted(1, 1, -1, -1), 9);
+  }
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (button != nullptr && (element == CE_CheckBox || element == CE_RadioButton)) {
+    return drawMarked(*button, *painter, widget, element == CE_CheckBox);
+  }
   QProxyStyle::drawControl(element, option, painter, widget);
 }
 

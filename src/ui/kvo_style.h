@@ -3,6 +3,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionButton;
+
 namespace kvo {
 
 class KvoStyle : public QProxyStyle {
@@ -21,6 +23,11 @@ class KvoStyle : public QProxyStyle {
                    const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override;
+
+ private:
+  // A check box or an option: mark, ring and text.
+  void drawMarked(const QStyleOptionButton& option, QPainter& painter, const QWidget* widget,
+                  bool isBox) const;
 };
 
 /// The ring of focus, 2 px wide, its outer edge along `outer`, with a dark pixel on both of its sides.

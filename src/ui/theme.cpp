@@ -2,6 +2,7 @@
 
 #include "ui/focus_ring.h"
 #include "ui/kvo_style.h"
+#include "ui/made.h"
 
 #include <QApplication>
 #include <QFile>
@@ -9,7 +10,6 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <array>
-#include <memory>
 
 // What a static library carries has to be asked for, from outside any namespace.
 static void carryResources() { Q_INIT_RESOURCE(ui); }
@@ -100,14 +100,14 @@ QIcon themeIcon(const QString& name) {
 }
 
 void applyTheme(QApplication& application) {
-  QApplication::setStyle(std::make_unique<KvoStyle>().release());
+  QApplication::setStyle(made<KvoStyle>());
   QApplication::setPalette(themePalette());
   QFont font;
   font.setFamilies({"Inter", "Noto Sans", "DejaVu Sans"});
   font.setPixelSize(12);
   QApplication::setFont(font);
   application.setStyleSheet(themeSheet());
-  FocusRing::follow(application);
+  made<FocusRing>(application);
 }
 
 }  // namespace kvo

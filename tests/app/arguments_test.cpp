@@ -52,6 +52,7 @@ TEST(CommandLine, TakesItsCommands) {
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "7"})->previewPower, 7);
   EXPECT_FALSE(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "11"}));
   EXPECT_EQ(readCommandLine({"--version"})->task, Task::Version);
+  EXPECT_EQ(readCommandLine({"--gallery"})->task, Task::Gallery);
 
   EXPECT_EQ(*readCommandLine({"--render", "c.INI", "--output", "o.avi", "--rate", "2"})->rate, 2);
   EXPECT_NE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--rate", "1"})

@@ -110,7 +110,9 @@ TEST_F(Focus, IsShownWhereTheKeyboardBroughtItAndNotTheMouse) {
   first_.setFocus(Qt::MouseFocusReason);
   EXPECT_TRUE(first_.hasFocus());
   EXPECT_FALSE(hasRing(first_)) << "after a mouse press";
+  const auto drawn = second_.grab().toImage();
   QTest::keyClick(&first_, Qt::Key_Tab);
+  EXPECT_EQ(second_.grab().toImage(), drawn) << "the ring lies about the key, not in it";
   EXPECT_TRUE(hasRing(second_)) << "after Tab";
   const auto before = box_.grab().toImage();
   QTest::keyClick(&second_, Qt::Key_Tab);

@@ -1,0 +1,130 @@
+#include "ui/kvo_but.h"
+
+#include "ui/painting.h"
+#include "ui/theme.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLinearGradient>
+
+namespace kvo {
+namespace {
+
+constexpr int kKeyHeight = 28;
+constexpr int kKeyWidth = 36;
+constexpr int kPadding = 14;
+constexpr int kIconGap = 6;
+constexpr int kIcon = 16;
+constexpr double kRadius = 6;
+constexpr double kDisabledOpacity = 0.4;
+
+}  // namespace
+
+KVOBut::KVOBut(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void KVOBut::setPictures(const QString& rest, const QString& hover, const QString& pressed) {
+  setPictures(QPixmap(rest), QPixmap(hover), QPixmap(pressed));
+}
+
+void KVOBut::setPictures(const QPixmap& rest, const QPixmap& hover, const QPixmap& pressed) {
+  pictures_ = {rest, hover.isNull() ? rest : hover, pressed.isNull() ? rest : pressed};
+  updateGeometry();
+  update();
+}
+
+void KVOBut::setIconName(const QString& name) {
+  iconName_ = name;
+  updateGeometry();
+  update();
+}
+
+QSize KVOBut::sizeHint() const {
+  if (hasPictures()) return pictures_[Rest].deviceIndependentSize().toSize();
+  if (text().isEmpty()) return {kKeyWidth, kKeyHeight};
+  const int icon = iconName_.isEmpty() ? 0 : kIcon + kIconGap;
+  return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + icon + 2 * kPadding, kKeyHeight};
+}
+
+// A screen reader is told the tool tip, or else the text, and whether the key is lit.
+void KVOBut::describe() {
+  if (!toolTip().isEmpty()) setAccessibleName(toolTip());
+  const auto name = toolTip().isEmpty() ? text() : toolTip();
+  setAccessibleDescription(isCheckable() ? name + (isChecked() ? ", lit" : ", unlit") : QString());
+}
+
+void KVOBut::checkStateSet() { describe(); }
+
+void KVOBut::nextCheckState() {
+  QAbstractButton::nextCheckState();
+  describe();
+}
+
+bool KVOBut::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTipChange) describe();
+  return QAbstractButton::event(event);
+}
+
+void KVOBut::enterEvent(QEnterEvent* event) {
+  QAbstractButton::enterEvent(event);
+  update();
+}
+
+void KVOBut::leaveEvent(QEvent* event) {
+  QAbstractButton::leaveEvent(event);
+  update();
+}
+
+void KVOBut::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter) return click();
+  QAbstractButton::keyPressEvent(event);
+}
+
+void KVOBut::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (!hasPictures()) return drawKey(painter);
+  if (!isEnabled()) painter.setOpacity(kDisabledOpacity);
+  painter.drawPixmap(rect(), pictures_[isDown() ? Pressed : isEnabled() && underMouse() ? Hover : Rest]);
+}
+
+void KVOBut::drawKey(QPainter& painter) const {
+  const Painting kept(painter);
+  const bool lit = isChecked();
+  QLinearGradient body(0, 0, 0, height());
+  body.setColorAt(0, toColour(token("keyTop")));
+  body.setColorAt(1, toColour(token("ink3")));
+  QBrush ground(body);
+  if (isDown()) {
+    ground = toColour(token("keyDown"));
+  } else if (!isEnabled()) {
+    ground = toColour(token("ink2"));
+  } else if (lit) {
+    ground = toColour(token("tealBg"));
+  } else if (underMouse()) {
+    ground = toColour(token("keyHover"));
+  }
+  painter.setBrush(ground);
+  painter.setPen(toColour(!isEnabled() ? token("line1") : lit ? token("teal") : token("line2")));
+  painter.drawRoundedRect(onPixels(rect()), kRadius, kRadius);
+  if (isEnabled() && !isDown()) {  // the edge that catches the light
+    auto light = toColour(token("focus"));
+    light.setAlphaF(0.1F);
+    painter.setPen(light);
+    painter.drawLine(QPointF(kRadius, 1.5), QPointF(width() - kRadius, 1.5));
+  }
+
+  const auto ink = !isEnabled() ? token("textOff") : lit ? token("tealHi") : token("text1");
+  const int textWidth = text().isEmpty() ? 0 : fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+  const int iconWidth = iconName_.isEmpty() ? 0 : kIcon + (textWidth > 0 ? kIconGap : 0);
+  QPoint at((width() - textWidth - iconWidth) / 2, (height() - kIcon) / 2);
+  if (isDown()) at.ry() += 1;
+  if (!iconName_.isEmpty()) painter.drawPixmap(at, iconPicture(iconName_, ink, kIcon, devicePixelRatio()));
+  painter.setPen(toColour(ink));
+  painter.drawText(QRect(at.x() + iconWidth, at.y(), width() - at.x() - iconWidth, kIcon),
+                   Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text());
+}
+
+}  // namespace kvo

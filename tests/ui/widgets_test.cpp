@@ -1,0 +1,200 @@
+#include "ui/colour_button.h"
+#include "ui/digit_display.h"
+#include "ui/kvo_but.h"
+#include "ui/level_lights.h"
+#include "ui/message_card.h"
+#include "ui/progress_bar.h"
+#include "ui/theme.h"
+#include "windows/gallery/gallery.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTest>
+#include <bit>
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+constexpr std::array<Rgb, 3> kPictureColours = {0x102030, 0x405060, 0x708090};
+
+QPixmap filled(Rgb colour) {
+  QPixmap picture(36, 28);
+  picture.fill(toColour(colour));
+  return picture;
+}
+
+Rgb seen(QWidget& widget, const QPoint& at) { return widget.grab().toImage().pixel(at) & 0xFFFFFFU; }
+
+// How many pixels of a widget are of a colour.
+int countOf(QWidget& widget, Rgb colour) {
+  const auto image = widget.grab().toImage();
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) count += (image.pixel(x, y) & 0xFFFFFFU) == colour ? 1 : 0;
+  }
+  return count;
+}
+
+TEST(KvoBut, ShowsThePictureOfItsState) {
+  KVOBut button;
+  const QPoint middle(18, 14);
+  button.setPictures(filled(kPictureColours[0]), filled(kPictureColours[1]), filled(kPictureColours[2]));
+  EXPECT_EQ(button.sizeHint(), QSize(36, 28));
+  button.resize(button.sizeHint());
+  EXPECT_EQ(seen(button, middle), kPictureColours[0]);
+  button.setAttribute(Qt::WA_UnderMouse);
+  EXPECT_EQ(seen(button, middle), kPictureColours[1]);
+  QTest::mousePress(&button, Qt::LeftButton);
+  EXPECT_EQ(seen(button, middle), kPictureColours[2]);
+  QTest::mouseRelease(&button, Qt::LeftButton);
+  button.setEnabled(false);
+  EXPECT_NE(seen(button, middle), kPictureColours[0]);
+  EXPECT_NE(seen(button, middle), kPictureColours[1])
+      << "one that is disabled does not answer to the pointer";
+}
+
+TEST(KvoBut, IsAKeyWithTextWherePicturesAreMissing) {
+  const QTemporaryDir folder;
+  const auto path = folder.filePath("ADDNrm.bmp");
+  ASSERT_TRUE(filled(kPictureColours[0]).save(path));
+  KVOBut button;
+  button.setText("Add");
+  button.setPictures(path, folder.filePath("ADDHVR.bmp"), "");
+  EXPECT_TRUE(button.hasPictures());
+  button.setAttribute(Qt::WA_UnderMouse);
+  button.resize(36, 28);
+  EXPECT_EQ(seen(button, {18, 14}), kPictureColours[0]) << "the first stands in";
+  button.setAttribute(Qt::WA_UnderMouse, false);
+  button.setPictures(folder.filePath("none.bmp"), path, path);
+  EXPECT_FALSE(button.hasPictures());
+  button.resize(button.sizeHint());
+  EXPECT_GE(button.width(), button.fontMetrics().horizontalAdvance("Add") + 20);
+  const auto rest = button.grab().toImage();
+  button.setText("");
+  EXPECT_NE(button.grab().toImage(), rest) << "its text was drawn";
+}
+
+TEST(KvoBut, IsWorkedByMouseAndKeysAndNamedByItsToolTip) {
+  KVOBut button;
+  button.setText("Play");
+  button.setCheckable(true);
+  button.setToolTip("Play the clip");
+  int clicks = 0;
+  QObject::connect(&button, &KVOBut::clicked, [&] { ++clicks; });
+  QTest::mouseClick(&button, Qt::LeftButton);
+  QTest::mouseClick(&button, Qt::RightButton);
+  for (auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_A}) QTest::keyClick(&button, key);
+  EXPECT_EQ(clicks, 3);
+  auto* access = QAccessible::queryAccessibleInterface(&button);
+  ASSERT_NE(access, nullptr);
+  EXPECT_EQ(access->role(), QAccessible::CheckBox);
+  EXPECT_EQ(access->text(QAccessible::Name), "Play the clip");
+  EXPECT_EQ(access->text(QAccessible::Description), "Play the clip, lit");
+  button.setChecked(false);
+  EXPECT_EQ(access->text(QAccessible::Description), "Play the clip, unlit");
+}
+
+TEST(DigitDisplay, LightsTheBarsOfEachDigit) {
+  // Bars lit: top, middle, foot, upper left, upper right, lower left, lower right.
+  constexpr std::array kLit = {6, 2, 5, 5, 4, 5, 6, 3, 7, 6};
+  std::set<int> shapes;
+  for (char digit = '0'; digit <= '9'; ++digit) {
+    const auto bars = digitBars(digit);
+    EXPECT_EQ(std::popcount(bars), kLit[static_cast<std::size_t>(digit - '0')]) << digit;
+    EXPECT_NE(bars & 0x50, 0) << digit << " has a bar at the right";
+    shapes.insert(bars);
+  }
+  EXPECT_EQ(shapes.size(), 10U);
+  EXPECT_EQ(digitBars(' '), 0);
+
+  DigitDisplay display(36);
+  const auto lit = [&](const char* text) {
+    display.setText(text);
+    display.resize(display.sizeHint());
+    return countOf(display, token("tealHi"));
+  };
+  const int one = lit("1");
+  EXPECT_GT(one, 50);
+  EXPECT_GT(countOf(display, token("unlit")), one) << "five bars that are not lit are seen";
+  EXPECT_GT(lit("8"), 3 * one);
+  EXPECT_GT(lit("1."), one) << "a point is lit beside its digit";
+  EXPECT_EQ(widthOfDigits(100, "11.1"), widthOfDigits(100, "88.8")) << "no digit moves another";
+}
+
+TEST(LevelLights, AreTealAndThenAmber) {
+  struct Row {
+    int level, teal, amber;
+  };
+  LevelLights lights;
+  lights.resize(lights.sizeHint());
+  const int one = [&] {
+    lights.setLevel(1);
+    return countOf(lights, token("teal"));
+  }();
+  ASSERT_GT(one, 40);
+  for (const auto& [level, teal, amber] :
+       {Row{-3, 0, 0}, Row{6, 6, 0}, Row{7, 6, 1}, Row{10, 6, 4}, Row{99, 6, 4}}) {
+    lights.setLevel(level);
+    EXPECT_NEAR(countOf(lights, token("teal")), teal * one, one / 2) << level;
+    EXPECT_NEAR(countOf(lights, token("amber")), amber * one, one / 2) << level;
+  }
+}
+
+TEST(ProgressBar, FillsAsFarAsTheWorkIsAndTravelsWhereThatIsNotKnown) {
+  ProgressBar bar;
+  bar.resize(240, 6);
+  for (int value : {0, 3, 6, 12}) {
+    bar.setRange(0, 12);
+    bar.setValue(value);
+    EXPECT_NEAR(countOf(bar, token("teal")), 240 * 6 * value / 12, 60) << value;
+  }
+  bar.setRange(0, 0);
+  EXPECT_LE(countOf(bar, token("teal")), 240 * 6 / 3);
+}
+
+TEST(ColourButton, AsksAndTellsWhatWasChosen) {
+  ColourButton button(0x00C0C0);
+  std::vector<Rgb> told;
+  button.chosen = [&](Rgb colour) { told.push_back(colour); };
+  for (const auto& answer : {std::optional<Rgb>(0x112233), std::optional<Rgb>()}) {
+    button.ask = [&](Rgb) { return answer; };
+    button.click();
+    EXPECT_EQ(button.colour(), 0x112233U);
+  }
+  EXPECT_EQ(told, std::vector<Rgb>{0x112233});
+  EXPECT_EQ(button.text(), "#112233");
+}
+
+TEST(MessageCard, HasTheTextsAndKeysThatItWasGiven) {
+  const MessageCard card(
+      {MessageSign::Error, "Head", {"One <b>", "Two"}, "Prompt", "Never again", {"Yes", "No"}});
+  QStringList texts;
+  for (const auto* label : card.findChildren<QLabel*>()) texts += label->text();
+  for (const auto* text : {"Head", "One <b>", "Two", "Prompt"}) EXPECT_TRUE(texts.contains(text)) << text;
+  ASSERT_EQ(card.keys().size(), 2U);
+  EXPECT_EQ(card.keys()[0]->property("kind"), "primary");
+  EXPECT_EQ(card.neverAgain()->text(), "Never again");
+  EXPECT_EQ(MessageCard({}).neverAgain(), nullptr);
+}
+
+TEST(Gallery, EveryWidgetThatTheKeyboardReachesSaysWhatItIs) {
+  Gallery gallery;
+  int reached = 0;
+  for (auto* part : gallery.findChildren<QWidget*>()) {
+    if (part->window() != &gallery || part->objectName().startsWith("qt_") ||
+        !(part->focusPolicy() & Qt::TabFocus))
+      continue;
+    ++reached;
+    const auto* access = QAccessible::queryAccessibleInterface(part);
+    EXPECT_NE(access->text(QAccessible::Name), "") << part->metaObject()->className();
+  }
+  EXPECT_GT(reached, 60);
+}
+
+}  // namespace
+}  // namespace kvo
