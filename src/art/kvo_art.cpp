@@ -3,16 +3,17 @@
 // are that size times the scale, rounded to whole pixels, halves to even.
 #include "art/picture_files.h"
 #include "base/guarded.h"
-#include "base/numbers.h"
-#include "base/paths.h"
 
 #include <algorithm>
 #include <cairo.h>
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <span>
+#include <string_view>
 
 #include <librsvg/rsvg.h>
 
@@ -39,8 +40,8 @@ Result<Surface> render(RsvgHandle* svg, double scale) {
   double height = 0;
   if (!rsvg_handle_get_intrinsic_size_in_pixels(svg, &width, &height))
     return Error{"the size is not in pixels"};
-  const auto across = static_cast<int>(RoundToWhole(width * scale));
-  const auto down = static_cast<int>(RoundToWhole(height * scale));
+  const auto across = static_cast<int>(std::nearbyint(width * scale));
+  const auto down = static_cast<int>(std::nearbyint(height * scale));
   Surface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, across, down));
   const Context context(cairo_create(surface.get()));
   cairo_scale(context.get(), across / width, down / height);
@@ -70,7 +71,7 @@ Picture pictureOf(cairo_surface_t* surface) {
 }
 
 Outcome write(cairo_surface_t* surface, const std::string& path) {
-  std::filesystem::create_directories(folderPart(path));
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
   if (path.ends_with(".png")) {
     if (cairo_surface_write_to_png(surface, path.c_str()) != CAIRO_STATUS_SUCCESS)
       return Error{"cannot write " + path};
@@ -84,13 +85,19 @@ Outcome write(cairo_surface_t* surface, const std::string& path) {
   return {};
 }
 
+double scaleOf(std::string_view text) {
+  double scale = 0;
+  std::from_chars(text.data(), text.data() + text.size(), scale);
+  return scale;
+}
+
 Outcome run(std::span<char* const> arguments) {
   if (arguments.empty() || arguments.size() % 2 == 0) return Error{"kvo_art SOURCE.svg (OUTPUT SCALE)..."};
   GError* failed = nullptr;
   const Svg svg(rsvg_handle_new_from_file(arguments[0], &failed));
   if (svg == nullptr) return errorOf(failed);
   for (std::size_t i = 1; i < arguments.size(); i += 2) {
-    const auto surface = render(svg.get(), ToNumber(arguments[i + 1]));
+    const auto surface = render(svg.get(), scaleOf(arguments[i + 1]));
     if (!surface) return Error{std::string(arguments[0]) + ": " + surface.error().text};
     if (auto written = write(surface->get(), arguments[i]); !written) return written;
   }
