@@ -8,8 +8,12 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
+#include <array>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
+#include <jpeglib.h>
 
 #include <gtest/gtest.h>
 
@@ -137,6 +141,45 @@ TEST_F(LoadsJpeg, WithinALimitOfMemory) {
   const auto done = jpeg_.decode(large, 8, rows, 7500);
   ASSERT_FALSE(done);
   EXPECT_NE(done.error().text.find("Backing store"), std::string::npos) << done.error().text;
+}
+
+// A sound progressive file in which each coefficient, and then its last bit, has a pass of its own.
+std::string inPasses(int passes) {
+  std::vector<jpeg_scan_info> script;
+  for (int i = 0; i < passes; ++i) {
+    const int coefficient = i % DCTSIZE2;
+    script.push_back({1, {0}, coefficient, coefficient, i < DCTSIZE2 ? 0 : 1, i < DCTSIZE2 ? 1 : 0});
+  }
+  jpeg_compress_struct coder{};
+  jpeg_error_mgr errors{};
+  coder.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&coder);
+  unsigned char* bytes = nullptr;
+  unsigned long size = 0;
+  jpeg_mem_dest(&coder, &bytes, &size);
+  coder.image_width = coder.image_height = 8;
+  coder.input_components = 1;
+  coder.in_color_space = JCS_GRAYSCALE;
+  jpeg_set_defaults(&coder);
+  coder.scan_info = script.data();
+  coder.num_scans = passes;
+  jpeg_start_compress(&coder, TRUE);
+  std::array<JSAMPLE, 8> row = {10, 90, 30, 200, 120, 0, 255, 70};
+  JSAMPROW rows = row.data();
+  while (coder.next_scanline < 8) jpeg_write_scanlines(&coder, &rows, 1);
+  jpeg_finish_compress(&coder);
+  jpeg_destroy_compress(&coder);
+  std::string file(reinterpret_cast<const char*>(bytes), size);
+  std::free(bytes);
+  return file;
+}
+
+TEST_F(LoadsJpeg, InAHundredPassesAtMost) {
+  std::vector<std::uint8_t> rows(8 * 24);
+  EXPECT_TRUE(jpeg_.decode(inPasses(100), 1, rows, 24));
+  const auto done = jpeg_.decode(inPasses(128), 1, rows, 24);
+  ASSERT_FALSE(done);
+  EXPECT_EQ(done.error().text, "more than 100 passes over the picture");
 }
 
 TEST_F(LoadsJpeg, IntoRowsThatHoldIt) {
