@@ -65,10 +65,12 @@ void CoolList::setProperties(const CoolListProperties& properties) {
 }
 
 void CoolList::setSize(int width, int height) {
+  EndEdit(false);
+  const bool staysInView = rowsThatFit() == 0 || isInView(listIndex_);
   width_ = width;
   height_ = std::max(height, 0);
-  EndEdit(false);
   countChanged();
+  if (staysInView) bringIntoView(listIndex_);
 }
 
 void CoolList::AddItem(std::string text, int icon, int selectedIcon) {
@@ -178,7 +180,7 @@ bool CoolList::isInView(int index) const {
 }
 
 void CoolList::bringIntoView(int index) {
-  if (!has(index) || isInView(index)) return;
+  if (!has(index) || isInView(index) || rowsThatFit() == 0) return;
   setTopIndex(index < topIndex_ ? index : index - rowsThatFit() + 1);
 }
 

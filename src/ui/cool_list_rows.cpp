@@ -5,6 +5,7 @@
 
 #include <QFontMetrics>
 #include <QLinearGradient>
+#include <array>
 
 namespace kvo {
 namespace {
@@ -79,9 +80,7 @@ QRect placeOfText(const CoolListRow& row, const QFont& font) {
 }
 
 int wrappedFlags(const CoolListProperties& properties) {
-  constexpr int kAlign[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
-  const int side = properties.Alignment >= 0 && properties.Alignment <= 2 ? properties.Alignment : 0;
-  return Qt::TextWordWrap | Qt::AlignTop | kAlign[side];
+  return Qt::TextWordWrap | static_cast<int>(Qt::AlignTop | sideOf(properties));
 }
 
 void drawText(QPainter& painter, const CoolListRow& row, const CoolListProperties& properties, bool enabled) {
@@ -100,6 +99,12 @@ void drawText(QPainter& painter, const CoolListRow& row, const CoolListPropertie
 }
 
 }  // namespace
+
+Qt::Alignment sideOf(const CoolListProperties& properties) {
+  constexpr std::array kSides = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+  const auto side = static_cast<std::size_t>(properties.Alignment);
+  return side < kSides.size() ? kSides[side] : Qt::AlignLeft;
+}
 
 QRect toRect(const CoolList::Rect& rect) {
   return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};

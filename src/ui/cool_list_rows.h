@@ -27,6 +27,9 @@ struct CoolListRow {
 
 QRect toRect(const CoolList::Rect& rect);
 
+/// Where wrapped text stands.
+Qt::Alignment sideOf(const CoolListProperties& properties);
+
 /// A colour of the control with those of the desktop taken from `palette`.
 QColor resolved(ControlColour colour, const QPalette& palette);
 

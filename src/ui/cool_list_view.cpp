@@ -11,7 +11,9 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTextDocument>
+#include <QTextOption>
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
@@ -22,8 +24,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds kTypingPause{1000};
-constexpr int kWheelRows = 3;
-constexpr int kWheelNotch = 120;
+constexpr auto kCommandModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 template <class... Arguments>
 void tell(const std::function<void(Arguments...)>& event,
@@ -32,8 +33,7 @@ void tell(const std::function<void(Arguments...)>& event,
 }
 
 bool isCommand(const QKeyEvent& event) {
-  const auto others = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-  if (others != Qt::NoModifier || event.text().isEmpty()) return false;
+  if ((event.modifiers() & kCommandModifiers) != Qt::NoModifier || event.text().isEmpty()) return false;
   const auto first = event.text().front();
   return first.isLetterOrNumber() || first == ' ';
 }
@@ -99,9 +99,16 @@ void CoolListView::setProperties(const CoolListProperties& properties) {
   auto wanted = properties;
   if (wanted.ItemHeightAuto) wanted.ItemHeight = fontMetrics().height();
   const bool hasFrame = wanted.BorderStyle != 0;
+  const auto role = hasFrame ? QVariant("list") : QVariant();
+  if (property("role") != role) {
+    setProperty("role", role);
+    if (testAttribute(Qt::WA_WState_Polished)) {  // the sheet goes by it
+      style()->unpolish(this);
+      style()->polish(this);
+    }
+  }
   setFrameShape(hasFrame ? QFrame::StyledPanel : QFrame::NoFrame);
   setFrameShadow(wanted.Appearance != 0 ? QFrame::Sunken : QFrame::Plain);
-  setProperty("role", hasFrame ? QVariant("list") : QVariant());
   setEnabled(wanted.Enabled);
   setMouseTracking(wanted.HoverSelection);
   list_.setProperties(wanted);
@@ -135,6 +142,7 @@ QRect CoolListView::itemRect(int index) const {
 }
 
 void CoolListView::layOut() {
+  if (!hasSize_) return;  // what is in view shall not be decided by a size that it never has
   const auto inside = contentsRect();
   const int width = list_.properties().ScrollBarWidth;
   bar_->setGeometry(inside.right() + 1 - width, inside.top(), width, inside.height());
@@ -164,6 +172,9 @@ void CoolListView::showEdit() {
   edit_->setFont(font());
   edit_->setStyleSheet("border: none; padding: 0; background: " + back.name());
   edit_->setLineWrapMode(p.WordWrap ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+  auto lines = edit_->document()->defaultTextOption();
+  lines.setAlignment(p.WordWrap ? sideOf(p) : Qt::AlignLeft);
+  edit_->document()->setDefaultTextOption(lines);
   edit_->setPlainText(QString::fromStdString(list_.editText));
   edit_->selectAll();
   edit_->show();
@@ -252,6 +263,7 @@ void CoolListView::changeEvent(QEvent* event) {
 
 void CoolListView::resizeEvent(QResizeEvent* event) {
   QFrame::resizeEvent(event);
+  hasSize_ = true;
   layOut();
 }
 
@@ -271,12 +283,13 @@ void CoolListView::tellFocus() const {
 }
 
 // A list without an index gets one by the first key that moves, so that it can be reached without a mouse.
+// Left and Right mean nothing here and may mean something to the window.
 bool CoolListView::navigate(const QKeyEvent& event) {
+  if ((event.modifiers() & kCommandModifiers) != Qt::NoModifier) return false;
   const bool isSpace = event.key() == Qt::Key_Space && list_.properties().SelectMode == 1 && !commandKey;
   const auto key = isSpace ? std::optional(CoolList::Key::Space) : listKey(event.key());
-  if (!key) return false;
-  if (list_.ListIndex() < 0 && list_.ListCount() > 0 && *key != CoolList::Key::Left &&
-      *key != CoolList::Key::Right) {
+  if (!key || *key == CoolList::Key::Left || *key == CoolList::Key::Right) return false;
+  if (list_.ListIndex() < 0 && list_.ListCount() > 0) {
     return list_.setListIndex(*key == CoolList::Key::End ? list_.ListCount() - 1 : 0).ok();
   }
   list_.keyDown(*key);
@@ -349,9 +362,7 @@ void CoolListView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) tell(events.Click);
 }
 
-void CoolListView::wheelEvent(QWheelEvent* event) {
-  list_.setTopIndex(list_.TopIndex() - event->angleDelta().y() * kWheelRows / kWheelNotch);
-}
+void CoolListView::wheelEvent(QWheelEvent* event) { QCoreApplication::sendEvent(bar_, event); }
 
 void CoolListView::waitForStep() {
   const auto next = list_.nextStep();

@@ -105,6 +105,7 @@ class CoolListView : public QFrame {
   QPixmap selectionPicture_;
   QScrollBar* bar_;
   QPlainTextEdit* edit_;
+  bool hasSize_ = false;
   QElapsedTimer clock_;
   QBasicTimer step_;
   QString typed_;

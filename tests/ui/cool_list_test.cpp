@@ -112,6 +112,22 @@ TEST_F(List, MovingToAnItemDrawsTwoRowsAndBringsItIntoView) {
   EXPECT_EQ(changes, 5);
 }
 
+TEST_F(List, AnIndexInViewStaysThereInAnotherSize) {
+  make(0);
+  list.setSize(0, 0);
+  make(20);
+  list.setSize(0, 0);
+  ASSERT_TRUE(list.setListIndex(1).ok());
+  list.setSize(100, 50);
+  EXPECT_EQ(list.TopIndex(), 0) << "chosen ahead of the first size";
+  ASSERT_TRUE(list.setListIndex(4).ok());
+  list.setSize(100, 30);
+  EXPECT_EQ(list.TopIndex(), 2);
+  list.setTopIndex(10);
+  list.setSize(100, 50);
+  EXPECT_EQ(list.TopIndex(), 10) << "scrolled away from it";
+}
+
 TEST_F(List, ItsIndexStaysWithItsItem) {
   make(6);
   ASSERT_TRUE(list.setListIndex(3).ok());

@@ -176,6 +176,12 @@ TEST_F(ListView, GivesLettersDigitsAndSpaceToItsWindow) {
   QTest::keyClicks(&view, "iP5 ");
   QTest::keyClick(&view, Qt::Key_P, Qt::ControlModifier);
   EXPECT_EQ(keys, "iP5 ");
+  ASSERT_TRUE(view.list().setListIndex(-1).ok());
+  for (auto key : {Qt::Key_Left, Qt::Key_Right}) {
+    QKeyEvent event(QEvent::KeyPress, key, {});
+    QCoreApplication::sendEvent(&view, &event);
+    EXPECT_FALSE(event.isAccepted()) << key;
+  }
   EXPECT_EQ(view.list().ListIndex(), -1) << "no item was looked for";
 }
 
