@@ -76,6 +76,7 @@ class ListAccess : public QAccessibleWidget {
     if (index < 0 || index >= childCount()) return nullptr;
     auto found = items_.find(index);
     if (found == items_.end()) {
+      // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the register owns it
       const auto id = QAccessible::registerAccessibleInterface(made<ItemAccess>(view_, index));
       found = items_.emplace(index, id).first;
     }

@@ -1,7 +1,6 @@
 // Widgets, layouts and the like that a parent owns.
 #pragma once
 
-#include <memory>
 #include <utility>
 
 namespace kvo {
@@ -9,7 +8,7 @@ namespace kvo {
 /// Made from `arguments`; whoever they name as parent, or it is given to, deletes it.
 template <class Part, class... Arguments>
 Part* made(Arguments&&... arguments) {
-  return std::make_unique<Part>(std::forward<Arguments>(arguments)...).release();
+  return new Part(std::forward<Arguments>(arguments)...);  // NOLINT(cppcoreguidelines-owning-memory)
 }
 
 }  // namespace kvo

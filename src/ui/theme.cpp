@@ -99,6 +99,8 @@ QIcon themeIcon(const QString& name) {
   return icon;
 }
 
+// Qt owns what it is given.
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
 void applyTheme(QApplication& application) {
   QApplication::setStyle(made<KvoStyle>());
   QApplication::setPalette(themePalette());
@@ -109,5 +111,6 @@ void applyTheme(QApplication& application) {
   application.setStyleSheet(themeSheet());
   made<FocusRing>(application);
 }
+// NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 }  // namespace kvo

@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QRadioButton>
 #include <QSlider>
 #include <QSpinBox>
@@ -217,6 +218,13 @@ QWidget* statesPage() {
   return page;
 }
 
+QPixmap selectionPicture() {
+  QPixmap picture(32, 32);
+  picture.fill(toColour(token("violetLo")));
+  QPainter(&picture).fillRect(0, 24, 32, 8, toColour(token("violet")));
+  return picture;
+}
+
 CoolListView* list(int style, int count) {
   auto* view = made<CoolListView>();
   CoolListProperties p;
@@ -230,6 +238,7 @@ CoolListView* list(int style, int count) {
   p.WordWrap = false;
   view->setProperties(p);
   view->setFixedSize(238, 150);
+  view->setSelectionPicture(selectionPicture());
   std::vector<QPixmap> icons;
   for (const auto* icon : {"film", "music", "still"}) {
     icons.push_back(iconPicture(icon, token("text2"), 16, view->devicePixelRatio()));
