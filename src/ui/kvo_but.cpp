@@ -1,6 +1,7 @@
 #include "ui/kvo_but.h"
 
 #include "ui/painting.h"
+#include "ui/pictures.h"
 #include "ui/theme.h"
 
 #include <QEvent>
@@ -25,8 +26,16 @@ KVOBut::KVOBut(QWidget* parent) : QAbstractButton(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-void KVOBut::setPictures(const QString& rest, const QString& hover, const QString& pressed) {
-  setPictures(QPixmap(rest), QPixmap(hover), QPixmap(pressed));
+void KVOBut::setPictures(const QString& rest, const QString& hover, const QString& pressed,
+                         double interfaceSize) {
+  const double scale = interfaceSize * devicePixelRatio();
+  const auto read = [&](const QString& path) {
+    const auto file = pictureFile(path.toStdString(), scale);
+    QPixmap picture(QString::fromStdString(file.path));
+    if (!picture.isNull()) picture.setDevicePixelRatio(file.size / interfaceSize);
+    return picture;
+  };
+  setPictures(read(rest), read(hover), read(pressed));
 }
 
 void KVOBut::setPictures(const QPixmap& rest, const QPixmap& hover, const QPixmap& pressed) {
@@ -86,6 +95,7 @@ void KVOBut::keyPressEvent(QKeyEvent* event) {
 void KVOBut::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (!hasPictures()) return drawKey(painter);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   if (!isEnabled()) painter.setOpacity(kDisabledOpacity);
   painter.drawPixmap(rect(), pictures_[isDown() ? Pressed : isEnabled() && underMouse() ? Hover : Rest]);
 }

@@ -12,9 +12,11 @@ class KVOBut : public QAbstractButton {
  public:
   explicit KVOBut(QWidget* parent = nullptr);
 
-  /// Files of the pictures; the widget takes the size of the first. Where one is missing the first stands in
-  /// for it, and where that one is, all of them do not count.
-  void setPictures(const QString& rest, const QString& hover, const QString& pressed);
+  /// Files of the pictures for interface size 1; of those that lie beside them for other sizes the fitting
+  /// one is taken. The widget takes the size of the first. Where one is missing the first stands in for it,
+  /// and where that one is, all of them do not count.
+  void setPictures(const QString& rest, const QString& hover, const QString& pressed,
+                   double interfaceSize = 1);
   void setPictures(const QPixmap& rest, const QPixmap& hover, const QPixmap& pressed);
   [[nodiscard]] bool hasPictures() const { return !pictures_[Rest].isNull(); }
 

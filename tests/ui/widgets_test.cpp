@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QDir>
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
@@ -77,6 +78,27 @@ TEST(KvoBut, IsAKeyWithTextWherePicturesAreMissing) {
   const auto rest = button.grab().toImage();
   button.setText("");
   EXPECT_NE(button.grab().toImage(), rest) << "its text was drawn";
+}
+
+TEST(KvoBut, TakesThePicturesOfItsInterfaceSize) {
+  const QTemporaryDir folder;
+  ASSERT_TRUE(QDir(folder.path()).mkdir("2"));
+  ASSERT_TRUE(filled(kPictureColours[0]).save(folder.filePath("ADDNrm.bmp")));
+  ASSERT_TRUE(filled(kPictureColours[1]).scaled(72, 56).save(folder.filePath("2/ADDNrm.bmp")));
+  struct Row {
+    double size;
+    QSize shown;
+    Rgb colour;
+  };
+  for (const auto& [size, shown, colour] :
+       {Row{1, {36, 28}, kPictureColours[0]}, Row{1.5, {54, 42}, kPictureColours[1]},
+        Row{2, {72, 56}, kPictureColours[1]}}) {
+    KVOBut button;
+    button.setPictures(folder.filePath("ADDNRM.bmp"), "", "", size);
+    EXPECT_EQ(button.sizeHint(), shown) << size;
+    button.resize(button.sizeHint());
+    EXPECT_EQ(seen(button, {18, 14}), colour) << size;
+  }
 }
 
 TEST(KvoBut, IsWorkedByMouseAndKeysAndNamedByItsToolTip) {
