@@ -2,7 +2,7 @@
 // seconds; they are to grow in a straight line, and 10,000 clips are to take about one.
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
-#include "core/file/collection_file.h"
+#include "program/collection_store.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -71,7 +71,7 @@ class SavedCollection {
   kvo::ErrorLog log_{files_, clock_, settings_, program_};
 
  public:
-  kvo::CollectionFile file{files_, clock_, boxes_, log_, program_, settings_, collection};
+  kvo::CollectionStore file{files_, clock_, boxes_, log_, program_, settings_, collection};
 };
 
 void readCollection(benchmark::State& state) {

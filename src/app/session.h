@@ -6,8 +6,8 @@
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
-#include "core/file/collection_file.h"
 #include "editor/compiler/compilation.h"
+#include "program/collection_store.h"
 
 namespace kvo {
 
@@ -37,7 +37,7 @@ class Session {
   Collection collection;
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
-  CollectionFile file{files, clock, boxes, log, folder, settings, collection};
+  CollectionStore file{files, clock, boxes, log, folder, settings, collection};
   Compilation compilation{collection, settings, editor, streams, files, boxes, folder, log, clock};
 };
 

@@ -2,9 +2,9 @@
 // ask. While one of them, or any other command, is under way they do nothing and give back false.
 #pragma once
 
-#include "core/file/collection_file.h"
 #include "ports/event_loop.h"
 #include "ports/file_dialogs.h"
+#include "program/collection_store.h"
 #include "program/main_window_state.h"
 
 #include <functional>
@@ -22,7 +22,7 @@ class CollectionCommands {
     const ProgramFolder& folder;
   };
 
-  CollectionCommands(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+  CollectionCommands(const Ports& ports, CollectionStore& file, KVO2& settings, Collection& collection,
                      MainWindowState& window)
       : ports_(ports), file_(file), settings_(settings), collection_(collection), window_(window) {}
 
@@ -60,7 +60,7 @@ class CollectionCommands {
   bool mayReplace(const std::string& path);
 
   Ports ports_;
-  CollectionFile& file_;
+  CollectionStore& file_;
   KVO2& settings_;
   Collection& collection_;
   MainWindowState& window_;

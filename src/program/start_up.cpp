@@ -43,7 +43,7 @@ std::vector<std::string> linesOf(std::string_view text) {
 
 }  // namespace
 
-StartUp::StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+StartUp::StartUp(const Ports& ports, CollectionStore& file, KVO2& settings, Collection& collection,
                  CollectionCommands& commands, ClipIntake& intake, MainWindowState& window)
     : ports_(ports),
       file_(file),

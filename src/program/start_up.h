@@ -33,7 +33,7 @@ class StartUp {
     const ProgramFolder& folder;
   };
 
-  StartUp(const Ports& ports, CollectionFile& file, KVO2& settings, Collection& collection,
+  StartUp(const Ports& ports, CollectionStore& file, KVO2& settings, Collection& collection,
           CollectionCommands& commands, ClipIntake& intake, MainWindowState& window);
 
   /// Everything from the command line to the first clip. `workingFolder` is where its file names begin.
@@ -67,7 +67,7 @@ class StartUp {
   void deleteWorkFiles();
 
   Ports ports_;
-  CollectionFile& file_;
+  CollectionStore& file_;
   KVO2& settings_;
   Collection& collection_;
   CollectionCommands& commands_;

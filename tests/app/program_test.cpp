@@ -1,6 +1,6 @@
 // The programs themselves, started as a user or a script starts them.
 #include "adapters/posix/posix_files.h"
-#include "core/file/collection_file.h"
+#include "program/collection_store.h"
 #include "support/fakes.h"
 #include "support/real_world.h"
 
@@ -48,7 +48,7 @@ class Program : public testing::Test {
     b.settings.adjust().RenderHeight = 48;
     if (change) change(b);
     PosixFiles files2;
-    CollectionFile file(files2, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
+    CollectionStore file(files2, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
     EXPECT_TRUE(file.WriteINI(work_.path(), name, true));
     return work_ / name;
   }

@@ -2,7 +2,7 @@
 #include "editor/compiler/picture_in_picture.h"
 #include "editor/compiler/render_file.h"
 #include "editor/compiler/sample_documents.h"
-#include "support/fakes.h"
+#include "support/store_bench.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ class AllStreams : public kvo::FrameSource {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  kvo::test::Bench b;
+  kvo::test::StoreBench b;
   AllStreams streams;
   b.files.all["/col/a.INI"] = std::string(reinterpret_cast<const char*>(data), size);
   b.file.ReadINI("/col/a.INI", {.mayRewrite = false, .keepMissingClips = true});

@@ -2,7 +2,6 @@
 // clock that stands still, and streams told by name.
 #pragma once
 
-#include "core/file/collection_file.h"
 #include "editor/compiler/compilation.h"
 #include "ports/clock.h"
 #include "ports/files.h"
@@ -148,7 +147,6 @@ struct Bench {
   Collection collection;
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
-  CollectionFile file{files, clock, boxes, log, folder, settings, collection};
   Compilation compilation{collection, settings, editor, streams, files, boxes, folder, log, clock};
   ChangePoster poster{settings};
 

@@ -4,8 +4,8 @@
 
 #include "intake/clip_intake.h"
 #include "program/start_up.h"
-#include "support/fakes.h"
 #include "support/memory_store.h"
+#include "support/store_bench.h"
 #include "support/virtual_loop.h"
 
 #include <map>
@@ -91,7 +91,7 @@ class PlainIntake : public ClipIntake {
 };
 
 /// The program without its window: everything that start-up and the File menu touch.
-struct ProgramBench : Bench {
+struct ProgramBench : StoreBench {
   VirtualLoop loop;
   MemoryStore store;
   MemoryHandover handover;
@@ -111,7 +111,7 @@ struct ProgramBench : Bench {
   /// Puts a collection of these clips at `path`; their files are there.
   void saveCollection(const std::string& path, const std::vector<std::string>& clips,
                       const std::function<void(KVO2&)>& change = {}) {
-    Bench b;
+    StoreBench b;
     for (const auto& clip : clips) {
       b.addVideo(clip, 0, 5);
       files.all["/v/" + clip] = "x";

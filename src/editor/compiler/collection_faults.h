@@ -1,7 +1,7 @@
 // What stands in the way of a good movie of a collection: one list for every room that makes or checks one.
 #pragma once
 
-#include "core/file/collection_file.h"
+#include "core/file/read_report.h"
 #include "editor/compiler/compilation.h"
 
 #include <string>

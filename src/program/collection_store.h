@@ -1,15 +1,14 @@
-// Reads and writes a collection: one INI-form text that holds the preferences and the clips. What is not for
-// this room: dialogs, lists, the commands New, Open and Save.
+// Reads and writes the open collection as a file: asks about clips whose file is missing, keeps what would be
+// lost, tells of failures. What is not for here: dialogs, lists, the commands New, Open and Save.
 #pragma once
 
-#include "core/file/section_reader.h"
-#include "core/records/collection.h"
-#include "core/records/setting_rows.h"
+#include "core/file/collection_text.h"
 #include "core/telling/error_log.h"
 #include "core/telling/failures.h"
 #include "ports/clock.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
+#include "program/file_names.h"
 
 #include <string>
 #include <string_view>
@@ -41,28 +40,20 @@ struct ReadOptions {
   LoadWatch* watch = nullptr;
 };
 
-enum class ReadEnd {
-  Done,
-  Cancelled,     ///< the user chose not to go on without a missing file; nothing was written
-  Aborted,       ///< the user stopped the load; what came before is in the lists; nothing was written
-  NotReadable,   ///< no [KVO] section could be read: the program cannot go on with this file
-  NotValid,      ///< [KVO] is there and is not that of a collection
-  TooManyClips,  ///< more than a collection can hold; nothing was read
-};
-
-struct ReadReport {
-  ReadEnd end = ReadEnd::Done;
-  std::vector<std::string> missingFiles{};
-  std::vector<int> skippedClips{};  ///< numbers of clip sections without a usable name or folder
-  bool damaged = false;             ///< sections were missing or out of order
-  int unreadClips = 0;              ///< sections of clips that the file's count leaves out
-  int unreadKeyframes = 0;
-};
-
-class CollectionFile {
+class CollectionStore {
  public:
-  CollectionFile(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log,
-                 const ProgramFolder& folder, KVO2& settings, Collection& collection);
+  CollectionStore(Files& files, const Clock& clock, MessageBoxes& boxes, ErrorLog& log,
+                  const ProgramFolder& folder, KVO2& settings, Collection& collection)
+      : files_(files),
+        clock_(clock),
+        boxes_(boxes),
+        log_(log),
+        folder_(folder),
+        settings_(settings),
+        collection_(collection),
+        poster_(settings),
+        failures_(log, boxes, settings, [] {}),
+        names_(files, folder) {}
 
   /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
   /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
@@ -86,31 +77,25 @@ class CollectionFile {
   std::string CollectionVersion(const std::string& fileName, bool& isOther);
 
  private:
-  using Rows = std::vector<SectionRow>;
-
-  void readHead(SectionReader& reader, SettingRead& head);
-  void readAnimations(SectionReader& reader);
-  void readClips(SectionReader& reader, const ReadOptions& options, ReadReport& report);
-  bool readClip(SectionReader& reader, int number, Movie& clip, int& failures, bool& skipped);
-  void readKeyframes(SectionReader& reader, const ReadOptions& options, ReadReport& report);
+  bool takeHead(const ParsedCollection& parsed);
+  void takeAnimations(ParsedCollection& parsed);
+  void takeClips(ParsedCollection& parsed, const ReadOptions& options, ReadReport& report);
+  void takeKeyframes(ParsedCollection& parsed, const ReadOptions& options, ReadReport& report);
+  void tellUnreadable(ReadEnd end, const std::string& path, const std::string& why, int clips);
+  void tellMissing(std::string_view section);
   bool askAboutMissing(const Movie& clip);
+  void giveMissingKeys();
+
   void replaceUnreadable(const std::string& fileName, const Error& why);
-  void rewrite(const std::string& fileName, const SectionReader& reader, const ReadReport& report,
+  void rewrite(const std::string& fileName, const ParsedCollection& parsed, const ReadReport& report,
                const ReadOptions& options);
   Result<std::string> keepCopy(const std::string& fileName);
   [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;
-  [[nodiscard]] std::string_view headText(const SettingRow& row, const SectionRow& read) const;
-  [[nodiscard]] std::string folderField(std::string_view value) const;
-  bool findFile(std::string& folder, std::string& name, const SectionRow* folderRow,
-                const SectionRow& nameRow) const;
-  bool fileIsThere(Movie& clip, const Rows& main) const;
-  void giveMissingKeys();
-  void findOtherFiles(Movie& clip, const Rows& main) const;
-  [[nodiscard]] std::string fileField(const SectionRow& row) const;
 
-  Outcome writeSections(Replacement& out, bool quiet, LoadWatch* watch, std::string& step,
-                        std::vector<std::string>& changedTexts);
+  Outcome writeBlocks(Replacement& out, LoadWatch* watch, std::string_view& step,
+                      std::vector<std::string>& changedTexts);
   Result<std::string> keepAhead(const std::string& path, const std::vector<std::string>& changedTexts);
+  bool isWritten(const std::string& path, const std::string& given);
   bool failWrite(std::string_view step, std::string_view why, std::string_view told = {});
 
   Files& files_;
@@ -122,6 +107,7 @@ class CollectionFile {
   Collection& collection_;
   ChangePoster poster_;
   Failures failures_;
+  FileNames names_;
 };
 
 }  // namespace kvo

@@ -1,6 +1,6 @@
 // A save that is cut off at any point leaves the old file or the new one, whole.
 #include "adapters/posix/posix_files.h"
-#include "support/fakes.h"
+#include "support/store_bench.h"
 
 #include <csignal>
 #include <filesystem>
@@ -53,14 +53,14 @@ class DyingFiles : public PosixFiles {
   int left_;
 };
 
-void fill(test::Bench& b, int clips) {
+void fill(test::StoreBench& b, int clips) {
   for (int i = 0; i < clips; ++i) b.addVideo("clip" + std::to_string(i) + ".avi", 0, i + 1);
 }
 
 bool save(Files& files, const std::string& folder, int clips) {
-  test::Bench b;
+  test::StoreBench b;
   fill(b, clips);
-  CollectionFile file(files, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
+  CollectionStore file(files, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
   return file.WriteINI(folder, "t.INI", true);
 }
 
@@ -98,7 +98,7 @@ TEST(DurableSave, AKillLeavesTheOldFileOrTheNewOne) {
 }
 
 TEST(DurableSave, AFailureAtAnyCallLeavesTheOldFile) {
-  test::Bench b;
+  test::StoreBench b;
   fill(b, 300);
   b.files.all["/col/t.INI"] = "old";
   bool saved = false;

@@ -1,14 +1,14 @@
-#include "core/file/collection_file.h"
+#include "program/collection_store.h"
 
-#include "support/fakes.h"
 #include "support/golden.h"
+#include "support/store_bench.h"
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-using test::Bench;
+using Bench = test::StoreBench;
 
 std::string withRow(std::string text, const std::string& key, const std::string& value) {
   const auto at = text.find(key);
@@ -34,7 +34,7 @@ Bench& load(Bench& b, const std::string& text, const ReadOptions& options = {}) 
   return b;
 }
 
-TEST(CollectionFile, WritesItsExactBytes) {
+TEST(CollectionStore, WritesItsExactBytes) {
   Bench b;
   auto& clip = b.addVideo("a.avi", 1.5, 5);
   clip.Notes(Value("a note\r\nof two lines"));
@@ -56,7 +56,7 @@ TEST(CollectionFile, WritesItsExactBytes) {
   test::expectGolden("collection.INI", b.files.all["/col/t.INI"]);
 }
 
-TEST(CollectionFile, WhatIsWrittenReadsBackTheSame) {
+TEST(CollectionStore, WhatIsWrittenReadsBackTheSame) {
   const auto text = savedText([](Bench& b) {
     auto& clip = b.addVideo("b c.avi", 0.25, 3);
     clip.KeyID(43);
@@ -86,7 +86,7 @@ TEST(CollectionFile, WhatIsWrittenReadsBackTheSame) {
   EXPECT_EQ(again, before);
 }
 
-TEST(CollectionFile, HeadValuesAreHeldToTheirLimits) {
+TEST(CollectionStore, HeadValuesAreHeldToTheirLimits) {
   const auto text = savedText();
   struct Row {
     const char* key;
@@ -142,7 +142,7 @@ TEST(CollectionFile, HeadValuesAreHeldToTheirLimits) {
   }
 }
 
-TEST(CollectionFile, MissingSectionsTakeTheirDefaults) {
+TEST(CollectionStore, MissingSectionsTakeTheirDefaults) {
   auto text = savedText([](Bench& b) { b.settings.adjust().RenderHeight = 99; });
   const auto edit = text.find("[EditDecisionListPrefs]");
   text.erase(edit, text.find("[Movie1Main]") - edit);
@@ -159,7 +159,7 @@ TEST(CollectionFile, MissingSectionsTakeTheirDefaults) {
   EXPECT_EQ(b.log.texts()[0], "<<ERR031>> - Font Read Failure ");
 }
 
-TEST(CollectionFile, ClipRowsHaveTheirOwnRules) {
+TEST(CollectionStore, ClipRowsHaveTheirOwnRules) {
   const auto text = savedText();
   struct Row {
     const char* key;
@@ -188,7 +188,7 @@ TEST(CollectionFile, ClipRowsHaveTheirOwnRules) {
   }
 }
 
-TEST(CollectionFile, NumbersBeyondTheirTypeFollowTheLimits) {
+TEST(CollectionStore, NumbersBeyondTheirTypeFollowTheLimits) {
   const auto text = savedText();
   struct Row {
     const char* key;
@@ -229,7 +229,7 @@ TEST(CollectionFile, NumbersBeyondTheirTypeFollowTheLimits) {
   }
 }
 
-TEST(CollectionFile, MoreClipsThanTheHeadCanCountAreRefusedInWords) {
+TEST(CollectionStore, MoreClipsThanTheHeadCanCountAreRefusedInWords) {
   constexpr int kClips = 32768;
   auto text = savedText([](Bench& b) { b.collection.MovieList.clear(); });
   for (int i = 1; i <= kClips; ++i) {
@@ -250,7 +250,7 @@ TEST(CollectionFile, MoreClipsThanTheHeadCanCountAreRefusedInWords) {
   EXPECT_NE(full.boxes.shown[0].text.find("32767"), std::string::npos) << full.boxes.shown[0].text;
 }
 
-TEST(CollectionFile, ALineInAnotherEncodingSpoilsNoOther) {
+TEST(CollectionStore, ALineInAnotherEncodingSpoilsNoOther) {
   const auto text = savedText([](Bench& b) {
     b.collection.MovieList[1].Notes(Value("\xC3\xBC"));
     b.addVideo("inv\xFF.avi", 0, 5, "/d\xE9/");
@@ -273,7 +273,7 @@ TEST(CollectionFile, ALineInAnotherEncodingSpoilsNoOther) {
   EXPECT_EQ(clips[3].SrcPath() + clips[3].SrcName(), "/s\xFE/over\xFE.avi");
 }
 
-TEST(CollectionFile, TextsComeBackAsTheyWereSaved) {
+TEST(CollectionStore, TextsComeBackAsTheyWereSaved) {
   struct Row {
     std::string folder, name, note;
   };
@@ -318,7 +318,7 @@ TEST(CollectionFile, TextsComeBackAsTheyWereSaved) {
   }
 }
 
-TEST(CollectionFile, ASaveThatCannotKeepATextSaysSoAndKeepsTheFileBefore) {
+TEST(CollectionStore, ASaveThatCannotKeepATextSaysSoAndKeepsTheFileBefore) {
   for (const auto* note : {"two\r\nlines", "see [here]", "say \"a\", \"b\"", "My Audio]"}) {
     Bench b;
     b.addVideo("a.avi", 0, 5).RenderAudio(true);
@@ -337,7 +337,7 @@ TEST(CollectionFile, ASaveThatCannotKeepATextSaysSoAndKeepsTheFileBefore) {
   }
 }
 
-TEST(CollectionFile, ALossyLoadKeepsACopyEachTime) {
+TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
   const auto text = savedText([](Bench& b) {
     b.addVideo("b.avi", 0, 1);
     b.files.all["/v/anim.avi"] = "x";
@@ -391,7 +391,7 @@ TEST(CollectionFile, ALossyLoadKeepsACopyEachTime) {
   EXPECT_FALSE(whole.files.exists("/col/t.INI.old")) << "nothing was lost";
 }
 
-TEST(CollectionFile, CurrentFolderWordMeansTheProgramFolder) {
+TEST(CollectionStore, CurrentFolderWordMeansTheProgramFolder) {
   Bench b;
   b.files.all["/prog/a.avi"] = "x";
   load(b, withRow(savedText(), "Path            = ", "CURRDIR"));
@@ -399,7 +399,7 @@ TEST(CollectionFile, CurrentFolderWordMeansTheProgramFolder) {
   EXPECT_EQ(b.collection.MovieList[1].Path(), "/prog/");
 }
 
-TEST(CollectionFile, FoldersThatTheReaderWouldMisreadSurvive) {
+TEST(CollectionStore, FoldersThatTheReaderWouldMisreadSurvive) {
   for (const auto& folder : {std::string("/v/[clips]/"), "/" + std::string(126, 'd') + "/"}) {
     const auto text = savedText([&](Bench& b) { b.collection.MovieList[1].Path(folder); });
     Bench b;
@@ -414,7 +414,7 @@ TEST(CollectionFile, FoldersThatTheReaderWouldMisreadSurvive) {
   EXPECT_EQ(comma.collection.MovieList[1].MovieName(), "a, b.avi");
 }
 
-TEST(CollectionFile, AMissingClipIsAskedAbout) {
+TEST(CollectionStore, AMissingClipIsAskedAbout) {
   const auto text = savedText([](Bench& b) { b.addVideo("gone.avi", 0, 1); });
   Bench ok;
   load(ok, text);
@@ -441,7 +441,7 @@ TEST(CollectionFile, AMissingClipIsAskedAbout) {
   EXPECT_TRUE(look.boxes.shown.empty());
 }
 
-TEST(CollectionFile, DamageEndsTheLoadWithoutLoss) {
+TEST(CollectionStore, DamageEndsTheLoadWithoutLoss) {
   auto text = savedText([](Bench& b) { b.addVideo("b.avi", 0, 1); });
   text.replace(text.find("[Movie2Main]"), 12, "[Movie3Main]");
   Bench b;
@@ -452,7 +452,7 @@ TEST(CollectionFile, DamageEndsTheLoadWithoutLoss) {
   EXPECT_EQ(b.files.all["/col/t.INI.old"], text);
 }
 
-TEST(CollectionFile, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
+TEST(CollectionStore, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
   Bench b;
   b.files.all["/col/t.INI"] = "what the disk does not give back";
   b.files.all["/col/t.INI.old2"] = "an older one";
@@ -470,7 +470,7 @@ TEST(CollectionFile, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
             log.end());
 }
 
-TEST(CollectionFile, KeyframesAreCountedByTheHead) {
+TEST(CollectionStore, KeyframesAreCountedByTheHead) {
   const auto text = savedText([](Bench& b) {
     for (Long i = 0; i < 3; ++i) {
       Keyframe k;
@@ -486,7 +486,7 @@ TEST(CollectionFile, KeyframesAreCountedByTheHead) {
   EXPECT_EQ(many.collection.KeyframeList.count(), 0);
 }
 
-TEST(CollectionFile, AClipWithoutAKeyGetsOneThatNoOtherHas) {
+TEST(CollectionStore, AClipWithoutAKeyGetsOneThatNoOtherHas) {
   const Long clock = 14 * 3600 + 5 * 60 + 9;
   const auto text = savedText([&](Bench& b) {
     for (const Long key : {Long{0}, clock, Long{0}, clock + 1, Long{5}}) b.addVideo("a.avi", 0, 5).KeyID(key);
@@ -502,7 +502,7 @@ TEST(CollectionFile, AClipWithoutAKeyGetsOneThatNoOtherHas) {
   EXPECT_EQ(keys, (std::vector<Long>{42, clock + 3, clock, clock + 4, clock + 1, 5}));
 }
 
-TEST(CollectionFile, OnlyAHundredAnimationsAreRead) {
+TEST(CollectionStore, OnlyAHundredAnimationsAreRead) {
   const auto text = savedText([](Bench& b) {
     for (int i = 0; i < 101; ++i) {
       AudMovies a;
@@ -517,7 +517,7 @@ TEST(CollectionFile, OnlyAHundredAnimationsAreRead) {
   EXPECT_EQ(b.collection.AudMovieList.count(), 100);
 }
 
-TEST(CollectionFile, WhatIsNoCollectionIsRefused) {
+TEST(CollectionStore, WhatIsNoCollectionIsRefused) {
   Bench b;
   b.files.all["/col/x.INI"] = "hello\r\n";
   EXPECT_EQ(b.file.ReadINI("/col/x.INI").end, ReadEnd::NotReadable);

@@ -1,0 +1,212 @@
+#include "base/text.h"
+#include "core/telling/deployment.h"
+#include "core/telling/messages.h"
+#include "program/collection_store.h"
+
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr int kShowEvery = 5;
+
+std::string lines(std::initializer_list<std::string_view> all) {
+  std::string out;
+  for (const auto line : all) out.append(out.empty() ? "" : kCrLf).append(line);
+  return out;
+}
+
+std::string tooMany(const std::string& fileName, int clips) {
+  return fileName + " holds " + std::to_string(clips) + " clips; a collection holds at most " +
+         std::to_string(kMaxClips);
+}
+
+bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, int count) {
+  if (options.watch == nullptr || i % kShowEvery != 0) return false;
+  options.watch->status(std::string(what) + std::to_string(i) + " of " + std::to_string(count));
+  return options.watch->abortClicked();
+}
+
+}  // namespace
+
+ReadReport CollectionStore::ReadINI(const std::string& fileName, const ReadOptions& options) {
+  const auto path = fileName.empty() ? folder_.beside(collection_.IniName) : fileName;
+  ReadReport report;
+  collection_.clearLists();
+  collection_.kind = CollectionKind::Plain;
+  collection_.filesMissing = false;
+  settings_.adjust().ProgramVersion = programVersionText();
+
+  auto bytes = files_.read(path, kMaxCollectionBytes);
+  if (!bytes && options.mayRewrite && files_.exists(path)) {
+    replaceUnreadable(path, bytes.error());
+    bytes = files_.read(path, kMaxCollectionBytes);
+  }
+  auto parsed = parse(bytes ? std::move(*bytes) : std::string(), folder_, settings_.preferences());
+  if (parsed.end != ReadEnd::Done) {
+    tellUnreadable(parsed.end, path, bytes ? path : bytes.error().text, parsed.clipSections);
+    report.end = parsed.end;
+    return report;
+  }
+
+  const bool needsRewrite = takeHead(parsed);
+  takeAnimations(parsed);
+  takeClips(parsed, options, report);
+  if (report.end == ReadEnd::Done) takeKeyframes(parsed, options, report);
+  giveMissingKeys();
+  if (report.end != ReadEnd::Done) return report;
+
+  const auto gone = report.skippedClips.size() + (options.keepMissingClips ? 0 : report.missingFiles.size());
+  const int clips = collection_.MovieList.count() + static_cast<int>(gone);
+  report.unreadClips = std::max(0, parsed.clipSections - clips);
+  report.unreadKeyframes = std::max(0, parsed.keyframeSections - collection_.KeyframeList.count());
+  if (needsRewrite && options.mayRewrite) rewrite(path, parsed, report, options);
+  return report;
+}
+
+void CollectionStore::tellUnreadable(ReadEnd end, const std::string& path, const std::string& why,
+                                     int clips) {
+  if (end == ReadEnd::NotReadable) {
+    failures_.ReportInitError(
+        lines({LoadResString(117), LoadResString(118), LoadResString(119), LoadResString(120)}), 6,
+        LoadResString(121), why, true);
+  } else if (end == ReadEnd::NotValid) {
+    failures_.ReportInitError(LoadResString(122), 8, LoadResString(124), path, true);
+  } else {
+    boxes_.show({"KVO V5 - Error", tooMany(path, clips), BoxButtons::Ok, BoxIcon::Critical});
+  }
+}
+
+// True when the file has to be brought up to date.
+bool CollectionStore::takeHead(const ParsedCollection& parsed) {
+  SettingRead read{settings_, folder_};
+  for (std::size_t s = 0; s < parsed.head.size(); ++s) {
+    const auto& section = headSections()[s];
+    const auto& rows = parsed.head[s];
+    if (rows.empty()) {
+      tellMissing(section.name);
+      readWithoutSection(section, read);
+    }
+    for (std::size_t i = 0; i < std::min(section.rows.size(), rows.size()); ++i)
+      readSetting(section.rows[i], read, names_.headText(section.rows[i], rows[i]));
+  }
+  return read.rewrite;
+}
+
+void CollectionStore::tellMissing(std::string_view section) {
+  if (section == "Fonts") {
+    log_.LogError("<<ERR031>> - Font Read Failure ");
+    boxes_.show(
+        {"KVO V5 - Error",
+         "Unable to write to disk or sharing violation (Non Fatal) - Please check the access rights. ",
+         BoxButtons::Ok, BoxIcon::Warning});
+  } else if (section == "Directories") {
+    log_.LogError("<<ERR031>> - Bmp Save Failure INI Read Error");
+  } else if (section == "AudioAnimation") {
+    log_.LogError("<<ERR031>> - AudioAnimation Read Failure Errc=INI Read Error");
+  } else if (section == "Prefs") {
+    log_.LogError("<<ERR031>> - Prefs Read Failure Errc=");
+  }
+}
+
+void CollectionStore::takeAnimations(ParsedCollection& parsed) {
+  for (auto& [animation, folder, name] : parsed.animations) {
+    if (files_.exists(animation.Path + animation.MovieName) ||
+        names_.find(animation.Path, animation.MovieName, folder, name)) {
+      collection_.AudMovieList.add(std::move(animation));
+    } else {
+      collection_.filesMissing = true;
+    }
+  }
+}
+
+void CollectionStore::takeClips(ParsedCollection& parsed, const ReadOptions& options, ReadReport& report) {
+  const int count = settings_.preferences().MoviesInGroup;
+  for (auto& next : parsed.clips) {
+    if (shownAndAborted(options, "Loading Clip ", next.number, count)) {
+      report.end = ReadEnd::Aborted;
+      return;
+    }
+    auto& clip = next.clip;
+    if (holdsText(clip.MovieName(), ".CDA")) collection_.kind = CollectionKind::HoldsCDTracks;
+    if (clip.IsExtendedCD()) collection_.kind = CollectionKind::HoldsExtendedCD;
+    report.damaged |= next.damaged;
+    for (const auto& line : next.told) log_.LogError(line);
+    if (next.ends) return;
+    if (!next.usable) {
+      report.skippedClips.push_back(next.number);
+      continue;
+    }
+    if (!names_.findClip(next)) {
+      report.missingFiles.push_back(clip.Path() + clip.MovieName());
+      collection_.filesMissing = true;
+      if (!options.keepMissingClips) {
+        if (askAboutMissing(clip)) continue;
+        report.end = ReadEnd::Cancelled;
+        return;
+      }
+    }
+    names_.findOthers(next);
+    collection_.MovieList.add(std::move(clip)).listener(&poster_);
+  }
+}
+
+void CollectionStore::takeKeyframes(ParsedCollection& parsed, const ReadOptions& options,
+                                    ReadReport& report) {
+  const int count = settings_.preferences().KeyframeCount;
+  int number = 0;
+  for (auto& [keyframe, texture, ends] : parsed.keyframes) {
+    if (shownAndAborted(options, "Loading Keyframe ", ++number, count)) {
+      report.end = ReadEnd::Aborted;
+      return;
+    }
+    if (ends) {
+      log_.LogError(lineOfEnd());
+      report.damaged = true;
+      return;
+    }
+    keyframe.TextureFile = names_.whole(texture);
+    if (keyframe.FrameNo >= 0) collection_.KeyframeList.add(std::move(keyframe));
+  }
+}
+
+bool CollectionStore::askAboutMissing(const Movie& clip) {
+  const auto text = lines(
+      {"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
+       std::string("File Name = ").append(cutTo(clip.MovieName(), 20)),
+       "Click OK to continue loading the collection and all",
+       "missing files will be removed or Cancel to abort", "and no changes will be made to the collection"});
+  return boxes_.show({"KVO5 - File or Drive not found ", text, BoxButtons::OkCancel, BoxIcon::Question}) ==
+         Answer::Ok;
+}
+
+// A clip that was saved without a key gets one, now that all keys of the file are known.
+void CollectionStore::giveMissingKeys() {
+  std::vector<Movie*> without;
+  for (int i = 1; i <= collection_.MovieList.count(); ++i) {
+    if (collection_.MovieList[i].KeyID() == 0) without.push_back(&collection_.MovieList[i]);
+  }
+  const auto keys = freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(clock_)), without.size());
+  for (std::size_t i = 0; i < without.size(); ++i) without[i]->KeyID(keys[i]);
+}
+
+Outcome CollectionStore::checkSize(const std::string& fileName) {
+  auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  if (!bytes) return bytes.error();
+  const int clips = clipsIn(std::move(*bytes));
+  return clips <= kMaxClips ? Outcome() : Error{tooMany(fileName, clips)};
+}
+
+bool CollectionStore::IsValidCollection(const std::string& fileName) {
+  auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  return bytes && kindOfText(std::move(*bytes)).isCollection;
+}
+
+std::string CollectionStore::CollectionVersion(const std::string& fileName, bool& isOther) {
+  auto bytes = files_.read(fileName, kMaxCollectionBytes);
+  auto version = kindOfText(bytes ? std::move(*bytes) : std::string()).version;
+  isOther = version.substr(0, 7) != "Ver 3.1";
+  return version;
+}
+
+}  // namespace kvo

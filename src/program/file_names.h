@@ -1,0 +1,38 @@
+// What the names in a collection mean on this disk: a name is bytes, and a collection may hold them in an
+// encoding that its reader turned into another.
+#pragma once
+
+#include "core/file/collection_text.h"
+#include "ports/files.h"
+
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+class FileNames {
+ public:
+  FileNames(const Files& files, const ProgramFolder& folder) : files_(files), folder_(folder) {}
+
+  /// A row's text, or its bytes where it is no UTF-8 and they name something that is there.
+  [[nodiscard]] std::string_view headText(const SettingRow& row, const SectionRow& read) const;
+
+  /// True, with `folder` and `name` as the disk knows them, when one of the meanings of their rows is a file.
+  bool find(std::string& folder, std::string& name, const SectionRow& folderRow,
+            const SectionRow& nameRow) const;
+
+  /// True for a clip whose file is there, or that has none.
+  bool findClip(ParsedClip& parsed) const;
+
+  /// The files beside the clip's own: what an overlay is made of, and the mask.
+  void findOthers(ParsedClip& parsed) const;
+
+  /// A name with its folder, in the meaning that is a file where there is one.
+  [[nodiscard]] std::string whole(const SectionRow& row) const;
+
+ private:
+  const Files& files_;
+  const ProgramFolder& folder_;
+};
+
+}  // namespace kvo
