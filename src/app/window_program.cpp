@@ -12,6 +12,7 @@
 #include "intake/add_clips.h"
 #include "program/clip_list.h"
 #include "program/media_commands.h"
+#include "program/shut_down.h"
 #include "program/start_up.h"
 #include "ui/theme.h"
 #include "windows/gallery/gallery.h"
@@ -51,11 +52,16 @@ class WindowProgram {
                   session_.settings, session_.collection, state_),
         intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
                 session_.collection, [this](int number) { showAdded(number); }),
-        startUp_({session_.files, boxes_, loop_, patient_, store_, desktop_, session_.folder}, session_.file,
-                 session_.settings, session_.collection, commands_, intake_, state_),
-        media_({dialogs_, desktop_}, session_.settings, state_, startUp_),
+        parts_{session_.files, boxes_,          loop_,         patient_,          store_,
+               desktop_,       session_.folder, session_.file, session_.settings, session_.collection,
+               commands_,      intake_,         state_},
+        intro_(parts_),
+        mailbox_(parts_, intro_),
+        startUp_(parts_, intro_, mailbox_),
+        shutDown_(parts_, intro_, mailbox_),
+        media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
         choice_(state_, session_.collection),
-        window_(state_, {commands_, media_, choice_, startUp_}) {}
+        window_(state_, {commands_, media_, choice_, mailbox_, shutDown_}) {}
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
     auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder);
@@ -74,7 +80,7 @@ class WindowProgram {
         case StartEnd::Run:
           break;
       }
-      startUp_.introEnded();  // nothing plays yet, so an intro is over as soon as it has begun
+      intro_.ended();  // nothing plays yet, so an intro is over as soon as it has begun
       window_.draw();
       return QApplication::exec();
     } catch (const std::exception& thrown) {
@@ -100,7 +106,11 @@ class WindowProgram {
   QtEventLoop loop_;
   CollectionCommands commands_;
   AddClips intake_;
+  ProgramParts parts_;
+  Intro intro_;
+  Mailbox mailbox_;
   StartUp startUp_;
+  ShutDown shutDown_;
   MediaCommands media_;
   ClipChoice choice_;
   FrmFileOpen window_;

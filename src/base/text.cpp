@@ -108,6 +108,14 @@ std::string_view cutTo(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
+std::string_view nextLine(std::string_view& text) {
+  const auto end = std::min(text.find('\n'), text.size());
+  auto line = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
 std::string quoted(std::string_view text) {
   std::string out;
   out.reserve(text.size() + 2);

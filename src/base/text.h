@@ -30,6 +30,9 @@ std::size_t characterCount(std::string_view text);
 /// The first `count` characters, counted in the same way.
 std::string_view cutTo(std::string_view text, std::size_t count);
 
+/// The first line of `text`, without the CR LF or LF that ends it, which `text` loses along with it.
+std::string_view nextLine(std::string_view& text);
+
 /// `text` between two quote characters (34), nothing escaped.
 std::string quoted(std::string_view text);
 

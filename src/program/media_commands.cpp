@@ -18,7 +18,7 @@ void MediaCommands::AddMedia() {
     paths = ports_.dialogs.openSeveral(
         {std::string(LoadResString(386)), {{"All Files", "*"}}, mediaFolder(settings_, ports_.desktop), {}});
   }
-  program_.takeFiles(paths);
+  mailbox_.takeFiles(paths);
 }
 
 std::string mediaFolder(const KVO2& settings, const Desktop& desktop) {

@@ -3,7 +3,7 @@
 
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
-#include "program/start_up.h"
+#include "program/mailbox.h"
 
 #include <string>
 
@@ -16,8 +16,8 @@ class MediaCommands {
     Desktop& desktop;
   };
 
-  MediaCommands(const Ports& ports, const KVO2& settings, MainWindowState& window, StartUp& program)
-      : ports_(ports), settings_(settings), window_(window), program_(program) {}
+  MediaCommands(const Ports& ports, const KVO2& settings, MainWindowState& window, Mailbox& mailbox)
+      : ports_(ports), settings_(settings), window_(window), mailbox_(mailbox) {}
 
   /// Asks for files and takes them, a collection among them too.
   void AddMedia();
@@ -26,7 +26,7 @@ class MediaCommands {
   Ports ports_;
   const KVO2& settings_;
   MainWindowState& window_;
-  StartUp& program_;
+  Mailbox& mailbox_;
 };
 
 /// Where the dialog that adds media starts: the folder of the last addition, or the user's videos ahead of

@@ -56,7 +56,7 @@ std::string handoverText(const std::vector<std::string>& arguments, const std::s
     if (word.empty()) continue;
     const auto name = absoluteName(argument, workingFolder);
     const bool isWord = !switchIn(word, files).empty() || (word == kRemovePreview && !files.exists(name));
-    text.append(text.empty() ? "" : "\n").append(isWord ? word : name);
+    text.append(text.empty() ? "" : kCrLf).append(isWord ? word : name);
   }
   return text;
 }

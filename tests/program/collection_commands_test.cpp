@@ -88,7 +88,7 @@ TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
     EXPECT_FALSE(b.commands.Open());
     EXPECT_FALSE(b.commands.Save());
     EXPECT_FALSE(b.commands.openFile("/c/other.INI"));
-    EXPECT_FALSE(b.startUp.exit());
+    EXPECT_FALSE(b.shutDown.exit());
     b.window.progress.abortClicked = false;
     b.handover.mailbox = "/v/a.avi";
     b.loop.advance(200);
@@ -119,7 +119,7 @@ TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
     b.boxes.whileShown = [&, done = false]() mutable {
       if (!std::exchange(done, true)) tryAll();
     };
-    EXPECT_FALSE(exits ? b.startUp.exit() : b.commands.New());
+    EXPECT_FALSE(exits ? b.shutDown.exit() : b.commands.New());
     EXPECT_EQ(std::exchange(tried, 0), 1);
   }
   EXPECT_TRUE(b.commands.openFile("/c/other.INI")) << "and the gate is open again";

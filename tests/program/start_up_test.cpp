@@ -67,7 +67,7 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   EXPECT_EQ(some.window.list.caption, "KVO5 Collection");
   EXPECT_EQ(some.window.transport.play, ButtonWord::PlayOn);
   EXPECT_EQ(some.window.transport.pause, ButtonWord::PauseOn);
-  EXPECT_FALSE(some.startUp.StartingUp());
+  EXPECT_FALSE(some.intro.StartingUp());
 
   ProgramBench named;
   named.saveCollection("/prog/KVO5.INI", {"a.avi"});
@@ -132,7 +132,7 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
     for (const auto& argument : row.arguments) {
       const bool isWhole = argument.starts_with('/') || argument.starts_with("http");
       const auto name = argument.starts_with("./") ? argument.substr(2) : argument;
-      sent += (sent.empty() ? "" : "\n") + (isWhole ? argument : "/w/" + name);
+      sent += (sent.empty() ? "" : "\r\n") + (isWhole ? argument : "/w/" + name);
     }
     EXPECT_EQ(second.handover.sent, (Words{sent}));
   }
@@ -143,7 +143,7 @@ TEST(StartUp, ASecondCopyHandsItsCommandLineOver) {
   b.handover.isFirst = false;
   b.files.all["/home/u/a b.avi"] = b.files.all["a b.avi"] = "x";
   EXPECT_EQ(b.startUp.run({"/PLAY", "a b.avi", "http://h/x.asx"}, "/home/u"), StartEnd::HandedOver);
-  EXPECT_EQ(b.handover.sent, (Words{"/PLAY\n/home/u/a b.avi\nhttp://h/x.asx"}));
+  EXPECT_EQ(b.handover.sent, (Words{"/PLAY\r\n/home/u/a b.avi\r\nhttp://h/x.asx"}));
   EXPECT_FALSE(b.window.face.visible);
   EXPECT_TRUE(b.files.calls == 0) << "nothing was written";
 }
@@ -216,7 +216,7 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
     const char* DefaultStartupVid;
   };
   const auto ends = [](ProgramBench& b) {
-    b.startUp.introEnded();
+    b.intro.ended();
     b.loop.advance(350);
   };
   const auto handedOver = [](ProgramBench& b) {
@@ -224,7 +224,7 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
     b.loop.advance(200);
   };
   const auto opens = [](ProgramBench& b) { b.commands.openFile("/c/Trip.INI"); };
-  const auto exits = [](ProgramBench& b) { b.startUp.exit(); };
+  const auto exits = [](ProgramBench& b) { b.shutDown.exit(); };
   const auto none = [](ProgramBench& /*b*/) {};
   const Row rows[] = {
       {"film, to its end", "intro.avi", {}, ends, {"a.avi"}, ""},
@@ -261,7 +261,7 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
     b.intake.settings = &b.settings;
     b.startUp.run(row.arguments, "/");
     row.leave(b);
-    b.startUp.introEnded();
+    b.intro.ended();
     b.loop.advance(1000);
     Words clips;
     for (int i = 1; i <= b.collection.MovieList.count(); ++i)
@@ -285,12 +285,12 @@ TEST(StartUp, TheIntroRunsOnceAndDoesNotStay) {
   b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.change().DefaultStartupVid = "intro.avi"; });
   b.files.all["/prog/intro.avi"] = "x";
   b.startUp.run({}, "/");
-  EXPECT_TRUE(b.startUp.IntroRunning());
+  EXPECT_TRUE(b.intro.IntroRunning());
   EXPECT_FALSE(b.window.list.visible || b.window.face.controlsEnabled);
   EXPECT_EQ(b.collection.MovieList.count(), 2);
   b.loop.advance(5000);
-  EXPECT_TRUE(b.startUp.IntroRunning()) << "it runs until its end";
-  b.startUp.introEnded();
+  EXPECT_TRUE(b.intro.IntroRunning()) << "it runs until its end";
+  b.intro.ended();
   b.loop.advance(350);
   EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi"}));
   EXPECT_TRUE(b.window.list.visible && b.window.face.controlsEnabled);
@@ -304,7 +304,7 @@ TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
   b.files.all["/v/new.avi"] = "x";
   b.startUp.run({"/v/new.avi"}, "/");
   EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
-  b.startUp.introEnded();
+  b.intro.ended();
   b.loop.advance(350);
   EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi", "new.avi"}));
   EXPECT_EQ(b.window.list.ListIndex, 1);
@@ -357,7 +357,7 @@ TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
     b.collection.MovieList[1].Volume(7);
     b.boxes.answers = {row.answer};
     b.dialogs.answers = {row.saveAs};
-    EXPECT_EQ(b.startUp.exit(), row.ends);
+    EXPECT_EQ(b.shutDown.exit(), row.ends);
     EXPECT_EQ(b.boxes.shown.back().text, "Do you want to save the changes you made to 'KVO5.INI' ?");
     EXPECT_EQ(b.files.exists("/c/new.INI"), row.saved);
     EXPECT_EQ(b.window.face.visible, !row.ends);
@@ -365,7 +365,7 @@ TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
   ProgramBench clean;
   clean.saveCollection("/prog/KVO5.INI", {"a.avi"});
   clean.startUp.run({}, "/");
-  EXPECT_TRUE(clean.startUp.exit());
+  EXPECT_TRUE(clean.shutDown.exit());
   EXPECT_TRUE(clean.boxes.shown.empty());
 }
 
@@ -375,19 +375,19 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   b.saveCollection("/c/old.Kvo", {"o.avi"});
   b.startUp.run({}, "/");
   b.files.all["/v/n.avi"] = "x";
-  b.startUp.takeFiles({"/v/n.avi", "/v/n.avi"});
+  b.mailbox.takeFiles({"/v/n.avi", "/v/n.avi"});
   EXPECT_EQ(b.collection.MovieList.count(), 3);
   {
     const CommandPass pass(b.window);
-    b.startUp.takeFiles({"/v/n.avi"});
-    b.startUp.takeFiles({"/c/old.Kvo"});
+    b.mailbox.takeFiles({"/v/n.avi"});
+    b.mailbox.takeFiles({"/c/old.Kvo"});
     EXPECT_EQ(b.collection.MovieList.count(), 3) << "not while another command runs";
   }
   b.collection.MovieList[1].IsDirty(true);
   b.boxes.answers = {Answer::Cancel, Answer::No};
-  b.startUp.takeFiles({"/v/n.avi", "/c/old.Kvo"});
+  b.mailbox.takeFiles({"/v/n.avi", "/c/old.Kvo"});
   EXPECT_EQ(b.collection.MovieList.count(), 3) << "unsaved changes come first";
-  b.startUp.takeFiles({"/v/n.avi", "/c/old.Kvo"});
+  b.mailbox.takeFiles({"/v/n.avi", "/c/old.Kvo"});
   ASSERT_EQ(b.collection.MovieList.count(), 2);
   EXPECT_EQ(b.collection.MovieList[1].MovieName(), "o.avi") << "whatever the order of the files";
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "intake/clip_intake.h"
+#include "program/shut_down.h"
 #include "program/start_up.h"
 #include "support/memory_store.h"
 #include "support/store_bench.h"
@@ -100,13 +101,12 @@ struct ProgramBench : StoreBench {
   MainWindowState window;
   PlainIntake intake{files, collection};
   CollectionCommands commands{{files, boxes, dialogs, loop, folder}, file, settings, collection, window};
-  StartUp startUp{{files, boxes, loop, handover, store, desktop, folder},
-                  file,
-                  settings,
-                  collection,
-                  commands,
-                  intake,
-                  window};
+  ProgramParts parts{files, boxes,    loop,       handover, store,  desktop, folder,
+                     file,  settings, collection, commands, intake, window};
+  Intro intro{parts};
+  Mailbox mailbox{parts, intro};
+  StartUp startUp{parts, intro, mailbox};
+  ShutDown shutDown{parts, intro, mailbox};
 
   /// Puts a collection of these clips at `path`; their files are there.
   void saveCollection(const std::string& path, const std::vector<std::string>& clips,

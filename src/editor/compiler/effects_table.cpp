@@ -99,14 +99,6 @@ std::vector<std::string> fieldsOf(std::string_view line) {
   return fields;
 }
 
-std::string_view nextLine(std::string_view& text) {
-  const auto end = std::min(text.find('\n'), text.size());
-  auto line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return line;
-}
-
 }  // namespace
 
 EffectsTable::EffectsTable() {

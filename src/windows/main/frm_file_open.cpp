@@ -80,7 +80,7 @@ void FrmFileOpen::drawFace() {
 }
 
 void FrmFileOpen::closeEvent(QCloseEvent* event) {
-  event->setAccepted(logic_.program.exit());
+  event->setAccepted(logic_.shutDown.exit());
   draw();
 }
 
@@ -92,7 +92,7 @@ void FrmFileOpen::dropEvent(QDropEvent* event) {
   std::vector<std::string> paths;
   for (const auto& url : event->mimeData()->urls()) paths.push_back(pathOf(url));
   event->acceptProposedAction();
-  logic_.program.takeFiles(paths);
+  logic_.mailbox.takeFiles(paths);
   draw();
 }
 

@@ -4,7 +4,7 @@
 
 #include "program/clip_list.h"
 #include "program/media_commands.h"
-#include "program/start_up.h"
+#include "program/shut_down.h"
 
 #include <QMainWindow>
 
@@ -24,7 +24,8 @@ class FrmFileOpen : public QMainWindow {
     CollectionCommands& collection;
     MediaCommands& media;
     ClipChoice& choice;
-    StartUp& program;
+    Mailbox& mailbox;
+    ShutDown& shutDown;
   };
 
   FrmFileOpen(MainWindowState& state, const Logic& logic);

@@ -1,0 +1,107 @@
+#include "program/intro.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "program/clip_list.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr int kIntroInterval = 350;  // milliseconds
+constexpr std::array<std::string_view, 8> kSoundKinds = {"CDA", "MP2", "MP3", "WAV",
+                                                         "WMA", "WAX", "AU",  "MID"};
+
+bool isSound(const Movie& clip) {
+  const auto kind = extensionOf(clip.MovieName());
+  return std::find(kSoundKinds.begin(), kSoundKinds.end(), kind) != kSoundKinds.end();
+}
+
+}  // namespace
+
+Intro::Intro(const ProgramParts& parts) : parts_(parts), introEnder_(parts.loop.timer([this] { tick(); })) {
+  parts_.commands.beforeEach([this] { leave(); });
+}
+
+void Intro::begin(const std::vector<std::string>& named) {
+  isNamed_ = !named.empty();
+  if (isNamed_ || !parts_.settings.preferences().DefaultStartupVid.empty()) return ShowStartupVid(named);
+  showFirstClip();
+}
+
+void Intro::passOver() {
+  startingUp_ = false;
+  showCollection(parts_.window, parts_.collection);
+  PreviewMovie(parts_.window, parts_.collection, 1);
+}
+
+// The normal window with the clip that comes first.
+void Intro::showFirstClip() {
+  parts_.settings.state.ShowFillist = true;
+  parts_.settings.state.AllDetOff = false;
+  startingUp_ = false;
+  parts_.window.menu.mnu_Remote = true;
+  parts_.window.face.controlsEnabled = true;
+  showCollection(parts_.window, parts_.collection);
+  const int count = parts_.collection.MovieList.count();
+  if (count == 0) return;
+  PreviewMovie(parts_.window, parts_.collection, isNamed_ ? count : 1);
+  parts_.window.transport.play = ButtonWord::PlayOn;
+  parts_.window.transport.pause = ButtonWord::PauseOn;
+}
+
+// The clip named on the command line, or the intro of the collection, comes ahead of everything.
+void Intro::ShowStartupVid(const std::vector<std::string>& named) {
+  parts_.window.details.visible = parts_.window.list.visible = false;
+  parts_.window.transport.playerParked = true;
+  parts_.settings.state.AllDetOff = true;
+  bool added = false;
+  if (isNamed_) {
+    for (const auto& file : named) added |= parts_.intake.AddMoviesm(file);
+  } else {
+    parts_.window.face.controlsEnabled = false;
+    added = addIntro();
+    if (parts_.settings.preferences().NoofUses == 1) {
+      parts_.settings.state.AllDetOff = false;
+      parts_.window.details.visible = true;
+    }
+  }
+  const auto& clips = parts_.collection.MovieList;
+  if (!added || clips.empty() || (isNamed_ && isSound(clips[clips.count()]))) return showFirstClip();
+  introRunning_ = !clips[clips.count()].IsStill();  // a still has no end to wait for
+  introEnder_->start(kIntroInterval);
+}
+
+// It changes nothing of what the user has.
+bool Intro::addIntro() {
+  const auto name = parts_.settings.preferences().DefaultStartupVid;
+  const auto lastFolder = parts_.settings.preferences().LoadFrom;
+  const bool added = parts_.intake.AddMoviesm(isAddress(name) ? name : parts_.folder.beside(name));
+  parts_.settings.change().LoadFrom = lastFolder;
+  parts_.settings.state.IsDirty = false;
+  if (added) intro_ = &parts_.collection.MovieList[parts_.collection.MovieList.count()];
+  return added;
+}
+
+void Intro::tick() {
+  if (!introRunning_ && !parts_.window.busy()) leave();
+}
+
+void Intro::leave() {
+  introRunning_ = false;
+  if (!introEnder_->running()) return;
+  introEnder_->stop();
+  if (intro_ != nullptr) {
+    const bool wasDirty = parts_.settings.state.IsDirty;
+    parts_.collection.MovieList.removeIf([this](const Movie& clip) { return &clip == intro_; });
+    intro_ = nullptr;
+    parts_.settings.change().DefaultStartupVid = "";
+    parts_.settings.state.IsDirty = wasDirty;
+  }
+  fillClipList(parts_.window, parts_.collection);
+  showFirstClip();
+}
+
+}  // namespace kvo

@@ -1,0 +1,76 @@
+#include "program/mailbox.h"
+
+#include "base/text.h"
+#include "program/clip_list.h"
+
+namespace kvo {
+namespace {
+
+constexpr int kMailboxInterval = 200;  // milliseconds
+
+std::vector<std::string> linesOf(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    if (const auto line = nextLine(text); !trimmed(line).empty()) lines.emplace_back(line);
+  }
+  return lines;
+}
+
+}  // namespace
+
+Mailbox::Mailbox(const ProgramParts& parts, Intro& intro)
+    : parts_(parts), intro_(intro), timer6_(parts.loop.timer([this] { look(); })) {}
+
+void Mailbox::open(const std::string& workingFolder) {
+  workingFolder_ = workingFolder;
+  timer6_->start(kMailboxInterval);
+}
+
+void Mailbox::look() {
+  if (parts_.window.busy()) return;  // it is taken at a later tick
+  if (const auto text = parts_.handover.take()) takeHandover(*text);
+}
+
+void Mailbox::takeHandover(const std::string& text) {
+  intro_.leave();
+  if (trimmed(text) == kRemovePreview) {
+    parts_.collection.MovieList.removeIf(
+        [](const Movie& clip) { return sameText(clip.MovieName(), "PREVIEW.WMV"); });
+    fillClipList(parts_.window, parts_.collection);
+    return showCollection(parts_.window, parts_.collection);
+  }
+  parts_.window.face.visible = parts_.window.face.raise = true;
+  auto lines = linesOf(text);
+  for (auto& line : lines) {
+    if (!parts_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
+  }
+  if (!take(readStartCommand(lines, parts_.files, workingFolder_))) return;
+  parts_.window.transport.pause = ButtonWord::PauseOff;
+  parts_.window.transport.play = ButtonWord::PlayOn;
+}
+
+void Mailbox::takeFiles(const std::vector<std::string>& paths) {
+  StartCommand command;
+  for (const auto& path : paths) {
+    if (namesCollection(path)) {
+      command.collection = path;
+    } else {
+      command.clips.push_back(path);
+    }
+  }
+  take(command);
+}
+
+// True when a clip was added.
+bool Mailbox::take(const StartCommand& command) {
+  if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return false;
+  const CommandPass pass(parts_.window);
+  if (!pass || command.clips.empty()) return false;
+  intro_.leave();
+  bool added = false;
+  for (const auto& clip : command.clips) added |= parts_.intake.AddMoviesm(clip);
+  showCollection(parts_.window, parts_.collection);
+  return added;
+}
+
+}  // namespace kvo

@@ -1,0 +1,38 @@
+// What comes from outside while the program runs: the command lines of other copies, and files that the user
+// drops or chooses.
+#pragma once
+
+#include "program/intro.h"
+#include "program/start_command.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+class Mailbox {
+ public:
+  Mailbox(const ProgramParts& parts, Intro& intro);
+
+  /// From now on what other copies hand over is taken, five times a second. Their file names begin at
+  /// `workingFolder`.
+  void open(const std::string& workingFolder);
+  void close() { timer6_->stop(); }
+
+  /// Files that the user drops or chooses: a collection takes the place of the one that is open, unsaved
+  /// changes being asked about; everything else is added.
+  void takeFiles(const std::vector<std::string>& paths);
+
+ private:
+  void look();
+  void takeHandover(const std::string& text);
+  bool take(const StartCommand& command);
+
+  ProgramParts parts_;
+  Intro& intro_;
+  std::string workingFolder_;
+  std::unique_ptr<Timer> timer6_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,27 @@
+// What the rules of the program's life work on; owned elsewhere.
+#pragma once
+
+#include "intake/clip_intake.h"
+#include "ports/desktop.h"
+#include "ports/handover.h"
+#include "program/collection_commands.h"
+
+namespace kvo {
+
+struct ProgramParts {
+  Files& files;
+  MessageBoxes& boxes;
+  EventLoop& loop;
+  Handover& handover;
+  UserStore& store;
+  Desktop& desktop;
+  const ProgramFolder& folder;
+  CollectionStore& file;
+  KVO2& settings;
+  Collection& collection;
+  CollectionCommands& commands;
+  ClipIntake& intake;
+  MainWindowState& window;
+};
+
+}  // namespace kvo

@@ -1,0 +1,45 @@
+#include "program/shut_down.h"
+
+#include "core/telling/messages.h"
+#include "program/clip_list.h"
+
+#include <array>
+#include <string_view>
+
+namespace kvo {
+namespace {
+
+constexpr std::array<std::string_view, 6> kWorkFiles = {"\\KVOSamp.xtl", "\\KVORender.xtl", "\\KVORender.bat",
+                                                        "\\Rendone.txt", "\\KVOProps.bat",  "\\KVOovl.bmp"};
+
+}  // namespace
+
+bool ShutDown::exit() {
+  if (ended_) return true;
+  const CommandPass pass(parts_.window);
+  if (!pass) {
+    parts_.window.progress.abortClicked = true;
+    return false;
+  }
+  intro_.leave();
+  deleteWorkFiles(parts_.files, parts_.folder);
+  parts_.window.transport.playerParked = true;
+  parts_.loop.yield();
+  parts_.loop.yield();
+  parts_.settings.user.ShowWavWithVideo = false;
+  if (!parts_.commands.mayLeaveChanges(LoadResString(345))) {
+    PreviewMovie(parts_.window, parts_.collection, parts_.collection.icurMov);
+    showCollection(parts_.window, parts_.collection);
+    return false;
+  }
+  mailbox_.close();
+  parts_.window.face.visible = false;
+  ended_ = true;
+  return true;
+}
+
+void deleteWorkFiles(Files& files, const ProgramFolder& folder) {
+  for (const auto name : kWorkFiles) files.remove(folder.beside(name));
+}
+
+}  // namespace kvo
