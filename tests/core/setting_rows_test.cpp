@@ -2,6 +2,7 @@
 
 #include <map>
 #include <set>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -51,79 +52,65 @@ TEST(SettingRows, EachFieldConvertsBothWaysAndMarksAsItShould) {
   EXPECT_EQ(settingRow("NoSuchField"), nullptr);
 }
 
+using Readings = std::vector<std::pair<std::string, std::string>>;  // a text, and what it becomes
+
+void expectRead(const std::map<std::string, Readings>& table, bool rewrites) {
+  const ProgramFolder folder("/prog");
+  for (const auto& [name, readings] : table) {
+    const auto* row = settingRow(name);
+    ASSERT_NE(row, nullptr) << name;
+    for (const auto& [text, becomes] : readings) {
+      KVO2 s;
+      SettingRead read{s, folder};
+      readSetting(*row, read, text);
+      EXPECT_EQ(row->text(s), becomes) << name << " " << text;
+      EXPECT_EQ(read.rewrite, rewrites) << name << " " << text;
+    }
+  }
+}
+
 TEST(SettingRows, TextsBecomeValuesByTheRuleOfTheirRow) {
   const auto chars = [](std::size_t count) { return std::string(count, 'e'); };
-  struct Row {
-    const char* name;
-    std::string text;
-    std::string becomes;
-    bool rewrites = true;
-  };
-  const Row rows[] = {
-      {"OutputColorDepth", "15", "24"},
-      {"OutputColorDepth", "32", "32", false},
-      {"OutputColorDepth", "65552", "24"},
-      {"PreviewType", "0", "5"},
-      {"PreviewType", "11", "10"},
-      {"PreviewType", "x", "10"},
-      {"PreviewType", "65546", "10"},
-      {"PreviewType", "-70000", "5"},
-      {"FadInVal", "0", "0.2"},
-      {"FadInVal", "-1E+60", "0.2"},
-      {"FadInVal", "x", "3"},
-      {"FadOutVal", "x", "5"},
-      {"OutPutFrameRate", "1.5", "24"},
-      {"OutPutFrameRate", "-1E+60", "24"},
-      {"OutPutFrameRate", "x", "25"},
-      {"OutputResolution", "1001", "8"},
-      {"OutputResolution", "32768", "8"},
-      {"OutputResolution", "1000", "1000", false},
-      {"MouseWheelControl", "1", "2"},
-      {"MouseWheelControl", "3", "3", false},
-      {"ScrollDelay", "0", "0.2"},
-      {"ModemType", "0", "350"},
-      {"PreviewCPU", "11", "5"},
-      {"PreviewCPU", "-100000", "5"},
-      {"DirectXPrebuffer", "1024", "30"},
-      {"DirectXPrebuffer", "1023", "1023", false},
-      {"MaxParticles", "31001", "64"},
-      {"MaxParticles", "70000", "64"},
-      {"ParticleSpinSpeed", "0", "35"},
-      {"KeyframeCount", "10000", "10000", false},
-      {"KeyframeCount", "10001", "0"},
-      {"KeyframeCount", "3000000000", "0"},
-      {"MoviesInGroup", "two", "-1"},
-      {"MoviesInGroup", "-70000", "-1", false},
-      {"WheelTripPlay", "70000", "7", false},  // no limit is given, so what does not convert changes nothing
-      {"RenderHeight", "x", "320", false},
-      {"DefaultStartupVid", "NO DEFAULT", "", false},
-      {"MuteAtStart", "true", "True", false},
-      {"MuteAtStart", "yes", "False"},
-      {"CDAutoAnim", "maybe", "True"},
-      {"RunMode", "NOT RUN", "CREATOR"},
-      {"RunMode", "x", "CREATOR", false},
-      {"NoofUses", "7", "8"},
-      {"NoofUses", "x", "1"},
-      {"UserName", "x", "Unknown", false},
-      {"AcceptedAgreement", "False", "True", false},
-      {"GrfFileName", "a\\\\b.grf", "a\\b.grf", false},
-      {"GrfFileName", "", "/prog/KVORender.grf", false},
-      {"ErrorLog", "", "/prog/KVOError.Log"},
-      {"JoinSaveAs", chars(128), "/prog"},
-      {"LoadFrom", "/./x/", "/x/", false},
-      {"Email", chars(128), "Unknown"},
-      {"Email", chars(127), chars(127), false},
-      {"Email", chars(129), chars(129), false}};
-  const ProgramFolder folder("/prog");
-  for (const auto& row : rows) {
-    KVO2 s;
-    SettingRead read{s, folder};
-    const auto* setting = settingRow(row.name);
-    ASSERT_NE(setting, nullptr) << row.name;
-    readSetting(*setting, read, row.text);
-    EXPECT_EQ(setting->text(s), row.becomes) << row.name << " " << row.text;
-    EXPECT_EQ(read.rewrite, row.rewrites) << row.name << " " << row.text;
-  }
+  expectRead({{"OutputColorDepth", {{"32", "32"}}},
+              {"OutputResolution", {{"1000", "1000"}}},
+              {"MouseWheelControl", {{"3", "3"}, {"0", "0"}}},
+              {"DirectXPrebuffer", {{"1023", "1023"}}},
+              {"KeyframeCount", {{"10000", "10000"}}},
+              {"MoviesInGroup", {{"-70000", "-1"}}},
+              {"WheelTripPlay", {{"70000", "7"}}},  // it has no limit: what does not convert changes nothing
+              {"RenderHeight", {{"x", "320"}}},
+              {"DefaultStartupVid", {{"NO DEFAULT", ""}, {chars(128), ""}}},
+              {"MuteAtStart", {{"true", "True"}}},
+              {"RunMode", {{"x", "CREATOR"}}},
+              {"UserName", {{"x", "Unknown"}}},
+              {"AcceptedAgreement", {{"False", "True"}}},
+              {"GrfFileName", {{"a\\\\b.grf", "a\\b.grf"}, {"", "/prog/KVORender.grf"}}},
+              {"LoadFrom", {{"/./x/", "/x/"}}},
+              {"Email", {{chars(127), chars(127)}, {chars(129), chars(129)}}}},
+             false);
+  expectRead({{"OutputColorDepth", {{"15", "24"}, {"65552", "24"}}},
+              {"PreviewType", {{"0", "5"}, {"11", "10"}, {"x", "10"}, {"65546", "10"}, {"-70000", "5"}}},
+              {"FadInVal", {{"0", "0.2"}, {"-1E+60", "0.2"}, {"x", "3"}}},
+              {"FadOutVal", {{"x", "5"}}},
+              {"OutPutFrameRate", {{"1.5", "24"}, {"-1E+60", "24"}, {"x", "25"}}},
+              {"OutputResolution", {{"1001", "8"}, {"32768", "8"}}},
+              {"MouseWheelControl", {{"1", "2"}}},
+              {"ScrollDelay", {{"0", "0.2"}}},
+              {"ModemType", {{"0", "350"}}},
+              {"PreviewCPU", {{"11", "5"}, {"-100000", "5"}}},
+              {"DirectXPrebuffer", {{"1024", "30"}, {"0", "30"}}},
+              {"MaxParticles", {{"31001", "64"}, {"1", "64"}, {"70000", "64"}}},
+              {"ParticleSpinSpeed", {{"0", "35"}}},
+              {"KeyframeCount", {{"10001", "0"}, {"-1", "0"}, {"3000000000", "0"}}},
+              {"MoviesInGroup", {{"two", "-1"}}},
+              {"MuteAtStart", {{"yes", "False"}}},
+              {"CDAutoAnim", {{"maybe", "True"}}},
+              {"RunMode", {{"NOT RUN", "CREATOR"}}},
+              {"NoofUses", {{"7", "8"}, {"x", "1"}}},
+              {"ErrorLog", {{"", "/prog/KVOError.Log"}}},
+              {"JoinSaveAs", {{chars(128), "/prog"}}},
+              {"Email", {{chars(128), "Unknown"}}}},
+             true);
 }
 
 TEST(SettingRows, AMissingSectionGivesWhatAFreshObjectHoldsButForThese) {

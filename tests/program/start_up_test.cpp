@@ -104,6 +104,7 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
   const Row rows[] = {
       {{"new.avi"}, {"/w/new.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
       {{"./sub/new.avi", "/FULLSC"}, {}, "KVO5.INI", "/prog/KVO5.INI"},
+      {{"/PLAY", "new.avi"}, {"/w/new.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
       {{" new.avi"}, {"/w/ new.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
       {{"gone too.avi"}, {"/w/gone too.avi"}, "KVO5.INI", "/prog/KVO5.INI"},
       {{"http://h/x.asx"}, {"http://h/x.asx"}, "KVO5.INI", "/prog/KVO5.INI"},
@@ -127,7 +128,8 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
     ProgramBench second;
     second.handover.isFirst = false;
     second.files.all = b.files.all;
-    second.startUp.run(row.arguments, "/w");
+    EXPECT_EQ(second.startUp.run(row.arguments, "/w"), StartEnd::HandedOver);
+    EXPECT_FALSE(second.window.face.visible || second.files.calls > 0) << "nothing is shown or written";
     std::string sent;
     for (const auto& argument : row.arguments) {
       const bool isWhole = argument.starts_with('/') || argument.starts_with("http");
@@ -136,16 +138,6 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
     }
     EXPECT_EQ(second.handover.sent, (Words{sent}));
   }
-}
-
-TEST(StartUp, ASecondCopyHandsItsCommandLineOver) {
-  ProgramBench b;
-  b.handover.isFirst = false;
-  b.files.all["/home/u/a b.avi"] = b.files.all["a b.avi"] = "x";
-  EXPECT_EQ(b.startUp.run({"/PLAY", "a b.avi", "http://h/x.asx"}, "/home/u"), StartEnd::HandedOver);
-  EXPECT_EQ(b.handover.sent, (Words{"/PLAY\r\n/home/u/a b.avi\r\nhttp://h/x.asx"}));
-  EXPECT_FALSE(b.window.face.visible);
-  EXPECT_TRUE(b.files.calls == 0) << "nothing was written";
 }
 
 TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
@@ -280,36 +272,23 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
   EXPECT_EQ(stream.intake.asked, (Words{"http://h/i.asx"}));
 }
 
-TEST(StartUp, TheIntroRunsOnceAndDoesNotStay) {
-  ProgramBench b;
-  b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.change().DefaultStartupVid = "intro.avi"; });
-  b.files.all["/prog/intro.avi"] = "x";
-  b.startUp.run({}, "/");
-  EXPECT_TRUE(b.intro.IntroRunning());
-  EXPECT_FALSE(b.window.list.visible || b.window.face.controlsEnabled);
-  EXPECT_EQ(b.collection.MovieList.count(), 2);
-  b.loop.advance(5000);
-  EXPECT_TRUE(b.intro.IntroRunning()) << "it runs until its end";
-  b.intro.ended();
-  b.loop.advance(350);
-  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi"}));
-  EXPECT_TRUE(b.window.list.visible && b.window.face.controlsEnabled);
-  EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "");
-  EXPECT_FALSE(isDirty(b.collection, b.settings));
-}
-
-TEST(StartUp, ANamedClipRunsInPlaceOfTheIntroAndStays) {
-  ProgramBench b;
-  b.saveCollection("/prog/KVO5.INI", {"a.avi"}, [](KVO2& s) { s.change().DefaultStartupVid = "intro.avi"; });
-  b.files.all["/v/new.avi"] = "x";
-  b.startUp.run({"/v/new.avi"}, "/");
-  EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
-  b.intro.ended();
-  b.loop.advance(350);
-  EXPECT_EQ(b.window.list.Fillist.rows(), (Words{"a.avi", "new.avi"}));
-  EXPECT_EQ(b.window.list.ListIndex, 1);
-  EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "intro.avi");
-
+TEST(StartUp, TheIntroStandsAloneUntilItsEnd) {
+  for (const auto* named : {"", "/v/new.avi"}) {
+    ProgramBench b;
+    b.saveCollection("/prog/KVO5.INI", {"a.avi"},
+                     [](KVO2& s) { s.change().DefaultStartupVid = "intro.avi"; });
+    b.files.all["/prog/intro.avi"] = b.files.all["/v/new.avi"] = "x";
+    b.startUp.run({named}, "/");
+    b.loop.advance(5000);
+    EXPECT_TRUE(b.intro.IntroRunning()) << "it runs until its end";
+    EXPECT_FALSE(b.window.list.visible);
+    EXPECT_EQ(b.window.face.controlsEnabled, *named != 0);
+    b.intro.ended();
+    b.loop.advance(350);
+    EXPECT_TRUE(b.window.list.visible && b.window.face.controlsEnabled);
+    EXPECT_EQ(b.window.list.Fillist.rows(), *named != 0 ? (Words{"a.avi", "new.avi"}) : Words{"a.avi"});
+    EXPECT_EQ(b.window.list.ListIndex, *named != 0 ? 1 : 0);
+  }
   for (const auto* atOnce : {"/v/still.jpg", "/v/song.mp3"}) {
     ProgramBench c;
     c.saveCollection("/prog/KVO5.INI", {});
