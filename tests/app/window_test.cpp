@@ -6,6 +6,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <sys/wait.h>
 #include <thread>
@@ -18,18 +19,12 @@ namespace {
 
 using test::ScratchFolder;
 
-pid_t startProgram(const std::vector<std::string>& command, int passedDescriptor = -1) {
-  const auto child = ::fork();
-  if (child != 0) return child;
-  if (passedDescriptor < 0) {
-    ::close(STDOUT_FILENO);
-    ::close(STDERR_FILENO);
-  }
-  std::vector<char*> arguments;
-  for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
-  arguments.push_back(nullptr);
-  ::execvp(arguments[0], arguments.data());
-  ::_exit(127);
+// Its words, and those of what belongs to a screen, are of no interest.
+int startQuietly(const std::vector<std::string>& command) {
+  const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+  const int process = test::startProgram(command, nowhere, nowhere);
+  ::close(nowhere);
+  return process;
 }
 
 // Waits for what is to be seen. The limit is only for a fault: a machine that is busy with other work takes
@@ -50,15 +45,14 @@ class Screen {
   Screen() {
     std::array<int, 2> pipe{};
     EXPECT_EQ(::pipe(pipe.data()), 0);
-    server_ = startProgram(
-        {"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", "1024x768x24", "-nolisten", "tcp"},
-        pipe[1]);
+    server_ = startQuietly(
+        {"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
     ::close(pipe[1]);
     std::string number;
     for (char c = 0; ::read(pipe[0], &c, 1) == 1 && c != '\n';) number += c;
     ::close(pipe[0]);
     ::setenv("DISPLAY", (":" + number).c_str(), 1);
-    manager_ = startProgram({"openbox"});
+    manager_ = startQuietly({"openbox"});
   }
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
@@ -93,7 +87,7 @@ class Window : public testing::Test {
   void start(const std::vector<std::string>& arguments = {}) {
     std::vector<std::string> command{KVO_PROGRAMS "/kvo5"};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    program_ = startProgram(command);
+    program_ = startQuietly(command);
   }
 
   // True when a window whose name holds `name` comes to have the keys: in front, by the window manager, and

@@ -1,6 +1,6 @@
 #include "render/render_driver.h"
 #include "support/fake_processes.h"
-#include "support/fakes.h"
+#include "support/memory_files.h"
 #include "support/memory_folders.h"
 #include "support/virtual_loop.h"
 

@@ -5,7 +5,11 @@
 #include "intake/clip_intake.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
+#include "support/fakes.h"
+#include "support/memory_handover.h"
 #include "support/memory_store.h"
+#include "support/plain_desktop.h"
+#include "support/scripted_dialogs.h"
 #include "support/store_bench.h"
 #include "support/virtual_loop.h"
 
@@ -16,54 +20,6 @@
 #include <gtest/gtest.h>
 
 namespace kvo::test {
-
-class MemoryHandover : public Handover {
- public:
-  bool isFirst = true;
-  std::vector<std::string> sent;
-  std::optional<std::string> mailbox;
-
-  bool becomeFirst() override { return isFirst; }
-  bool send(std::string_view text) override {
-    sent.emplace_back(text);
-    return true;
-  }
-  std::optional<std::string> take() override { return std::exchange(mailbox, std::nullopt); }
-};
-
-class PlainDesktop : public Desktop {
- public:
-  ScreenFacts facts{1920, 1080, 24, 1};
-  std::vector<std::string> pages;
-  std::string videos;
-  [[nodiscard]] ScreenFacts screen() const override { return facts; }
-  [[nodiscard]] std::string videosFolder() const override { return videos; }
-  bool openPage(const std::string& address) override {
-    pages.push_back(address);
-    return true;
-  }
-};
-
-class ScriptedDialogs : public FileDialogs {
- public:
-  std::deque<std::optional<std::string>> answers;
-  std::vector<FileQuestion> asked;
-  std::optional<std::string> open(const FileQuestion& question) override { return next(question); }
-  std::optional<std::string> save(const FileQuestion& question) override { return next(question); }
-  std::vector<std::string> openSeveral(const FileQuestion& question) override {
-    const auto one = next(question);
-    return one ? std::vector{*one} : std::vector<std::string>();
-  }
-
- private:
-  std::optional<std::string> next(const FileQuestion& question) {
-    asked.push_back(question);
-    if (answers.empty()) return std::nullopt;
-    auto answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
-};
 
 /// Adds what the file system of the test holds, and refuses everything else.
 class PlainIntake : public ClipIntake {

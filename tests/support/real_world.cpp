@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <poll.h>
@@ -61,24 +62,29 @@ std::vector<std::string> ScratchFolder::names() const {
   return names;
 }
 
+int startProgram(const std::vector<std::string>& command, int out, int err) {
+  const auto child = ::fork();
+  if (child != 0) return child;
+  ::setpgid(0, 0);
+  if (out >= 0) ::dup2(out, STDOUT_FILENO);
+  if (err >= 0) ::dup2(err, STDERR_FILENO);
+  std::vector<char*> arguments;
+  for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
+  arguments.push_back(nullptr);
+  ::execvp(arguments[0], arguments.data());
+  ::_exit(127);
+}
+
+int endOf(int process) {
+  int status = 0;
+  ::waitpid(process, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
 ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOutput) {
   std::array<std::array<int, 2>, 2> pipes{};
-  for (auto& pipe : pipes) EXPECT_EQ(::pipe(pipe.data()), 0);
-  const auto child = ::fork();
-  if (child == 0) {
-    ::setpgid(0, 0);
-    ::dup2(pipes[0][1], STDOUT_FILENO);
-    ::dup2(pipes[1][1], STDERR_FILENO);
-    for (auto& pipe : pipes) {
-      ::close(pipe[0]);
-      ::close(pipe[1]);
-    }
-    std::vector<char*> arguments;
-    for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
-    arguments.push_back(nullptr);
-    ::execvp(arguments[0], arguments.data());
-    ::_exit(127);
-  }
+  for (auto& pipe : pipes) EXPECT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
+  const auto child = startProgram(command, pipes[0][1], pipes[1][1]);
   for (auto& pipe : pipes) ::close(pipe[1]);
   ProgramEnd end;
   std::array<pollfd, 2> open{{{pipes[0][0], POLLIN, 0}, {pipes[1][0], POLLIN, 0}}};
@@ -98,9 +104,7 @@ ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOu
     }
   }
   for (auto& pipe : pipes) ::close(pipe[0]);
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  end.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  end.exitCode = endOf(child);
   return end;
 }
 

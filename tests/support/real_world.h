@@ -31,6 +31,13 @@ struct ProgramEnd {
   std::string err;
 };
 
+/// Starts a program without a shell, in a group of its own. Where `out` and `err` are descriptors, its
+/// standard output and error go there. Gives its number.
+int startProgram(const std::vector<std::string>& command, int out = -1, int err = -1);
+
+/// Waits for its end: the exit code, or 128 and the signal that ended it.
+int endOf(int process);
+
 /// Runs a program without a shell. `signalAfterOutput`, when not 0, is sent as soon as it has printed
 /// something.
 ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOutput = 0);

@@ -1,0 +1,24 @@
+// A desktop of one screen.
+#pragma once
+
+#include "ports/desktop.h"
+
+#include <string>
+#include <vector>
+
+namespace kvo::test {
+
+class PlainDesktop : public Desktop {
+ public:
+  ScreenFacts facts{1920, 1080, 24, 1};
+  std::vector<std::string> pages;
+  std::string videos;
+  [[nodiscard]] ScreenFacts screen() const override { return facts; }
+  [[nodiscard]] std::string videosFolder() const override { return videos; }
+  bool openPage(const std::string& address) override {
+    pages.push_back(address);
+    return true;
+  }
+};
+
+}  // namespace kvo::test

@@ -1,0 +1,34 @@
+// File dialogs that are answered from a list; Cancel when it runs out.
+#pragma once
+
+#include "ports/file_dialogs.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvo::test {
+
+class ScriptedDialogs : public FileDialogs {
+ public:
+  std::deque<std::optional<std::string>> answers;
+  std::vector<FileQuestion> asked;
+  std::optional<std::string> open(const FileQuestion& question) override { return next(question); }
+  std::optional<std::string> save(const FileQuestion& question) override { return next(question); }
+  std::vector<std::string> openSeveral(const FileQuestion& question) override {
+    const auto one = next(question);
+    return one ? std::vector{*one} : std::vector<std::string>();
+  }
+
+ private:
+  std::optional<std::string> next(const FileQuestion& question) {
+    asked.push_back(question);
+    if (answers.empty()) return std::nullopt;
+    auto answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+}  // namespace kvo::test
