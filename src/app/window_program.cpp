@@ -138,7 +138,7 @@ bool hasDisplay() {
 int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("KVO5");
-  QApplication::setStyle("Fusion");
+  applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));
   WindowProgram program(folder);
