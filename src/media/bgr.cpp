@@ -46,17 +46,17 @@ void straightRow(const Picture& picture, int plane, int y, std::vector<std::uint
   }
 }
 
-void weighByAlpha(Picture& picture) {
-  std::vector<std::uint8_t> half(static_cast<std::size_t>(picture.width(1)));
+void weighByAlpha(Canvas& canvas) {
+  std::vector<std::uint8_t> half(static_cast<std::size_t>(canvas.width(1)));
   for (int plane = 0; plane < 3; ++plane) {
-    for (int y = 0; y < picture.height(plane); ++y) {
-      const auto* factors = picture.row(3, y);
+    for (int y = 0; y < canvas.height(plane); ++y) {
+      const auto* factors = canvas.row(3, y);
       if (Picture::isChroma(plane)) {
-        halveRows(picture.row(3, 2 * y), picture.row(3, 2 * y + 1), half.data(), half.size());
+        halveRows(canvas.row(3, 2 * y), canvas.row(3, 2 * y + 1), half.data(), half.size());
         factors = half.data();
       }
-      fadeRow(picture.row(plane, y), factors, picture.row(plane, y),
-              static_cast<std::size_t>(picture.width(plane)), Picture::blackOf(plane));
+      fadeRow(canvas.row(plane, y), factors, canvas.row(plane, y),
+              static_cast<std::size_t>(canvas.width(plane)), Picture::blackOf(plane));
     }
   }
 }
@@ -81,24 +81,24 @@ void toBgr(const Picture& picture, std::uint8_t* bgr, std::size_t stride) {
   }
 }
 
-void fromBgr(const std::uint8_t* bgr, std::size_t stride, Picture& picture) {
+void fromBgr(const std::uint8_t* bgr, std::size_t stride, Canvas& canvas) {
   const auto w =
-      usualMatrix(picture.height()) == Matrix::Bt709 ? weightsOf(0.2126, 0.0722) : weightsOf(0.299, 0.114);
+      usualMatrix(canvas.height()) == Matrix::Bt709 ? weightsOf(0.2126, 0.0722) : weightsOf(0.299, 0.114);
   constexpr int kHalf = 1 << 15;
-  for (int y = 0; y < picture.height(); y += 2) {
+  for (int y = 0; y < canvas.height(); y += 2) {
     const auto* upper = bgr + static_cast<std::size_t>(y) * stride;
     const auto* lower = upper + stride;
-    auto* u = picture.row(1, y / 2);
-    auto* v = picture.row(2, y / 2);
+    auto* u = canvas.row(1, y / 2);
+    auto* v = canvas.row(2, y / 2);
     for (int line = 0; line < 2; ++line) {
       const auto* from = line == 0 ? upper : lower;
-      auto* luma = picture.row(0, y + line);
-      for (int x = 0; x < picture.width(); ++x, from += 3) {
+      auto* luma = canvas.row(0, y + line);
+      for (int x = 0; x < canvas.width(); ++x, from += 3) {
         luma[x] = static_cast<std::uint8_t>(
             16 + ((w.yBlue * from[0] + w.yGreen * from[1] + w.yRed * from[2] + kHalf) >> 16));
       }
     }
-    for (int x = 0; x < picture.width() / 2; ++x, upper += 6, lower += 6) {
+    for (int x = 0; x < canvas.width() / 2; ++x, upper += 6, lower += 6) {
       const int blue = upper[0] + upper[3] + lower[0] + lower[3];
       const int green = upper[1] + upper[4] + lower[1] + lower[4];
       const int red = upper[2] + upper[5] + lower[2] + lower[5];
@@ -108,7 +108,7 @@ void fromBgr(const std::uint8_t* bgr, std::size_t stride, Picture& picture) {
           128 + ((w.vBlue * blue + w.vGreen * green + w.vRed * red + 4 * kHalf) >> 18));
     }
   }
-  if (picture.hasAlpha()) weighByAlpha(picture);
+  if (canvas.hasAlpha()) weighByAlpha(canvas);
 }
 
 }  // namespace kvo::media

@@ -12,7 +12,7 @@ namespace kvo::media {
 /// are the colours as they are without it; where nothing covers, black.
 void toBgr(const Picture& picture, std::uint8_t* bgr, std::size_t stride);
 
-/// Sets the colours of `picture` from such rows; its alpha stays, and weighs them.
-void fromBgr(const std::uint8_t* bgr, std::size_t stride, Picture& picture);
+/// Sets the colours of `canvas` from such rows; its alpha stays, and weighs them.
+void fromBgr(const std::uint8_t* bgr, std::size_t stride, Canvas& canvas);
 
 }  // namespace kvo::media

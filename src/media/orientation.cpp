@@ -22,7 +22,7 @@ Orientation orientationOf(const AVFrame& frame) {
 Picture oriented(const Picture& picture, const Orientation& turn) {
   const int width = turn.swapsSides ? picture.height() : picture.width();
   const int height = turn.swapsSides ? picture.width() : picture.height();
-  auto out = picture.hasAlpha() ? Picture::makeWithAlpha(width, height) : Picture::make(width, height);
+  auto out = picture.hasAlpha() ? Canvas::makeWithAlpha(width, height) : Canvas::make(width, height);
   for (int plane = 0; out && plane < out.planes(); ++plane) {
     const int columns = out.width(plane);
     const int rows = out.height(plane);
@@ -35,7 +35,7 @@ Picture oriented(const Picture& picture, const Orientation& turn) {
       }
     }
   }
-  return out;
+  return share(std::move(out));
 }
 
 }  // namespace kvo::media

@@ -1,8 +1,10 @@
-// One picture in memory: planar YUV 4:2:0 or one packed plane, shared and not copied when handed on.
+// Pictures in memory: drawn on a Canvas that one owner holds, and from then on a Picture that many may hold
+// and none can change.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 struct AVFrame;
 
@@ -21,24 +23,10 @@ enum class Fit {
   Crop,       ///< not scaled, centred, what stands over is cut off
 };
 
-/// A planar 4:2:0 picture, 8 bits a sample, limited range. Even sizes only. With an alpha plane its colours
-/// are premultiplied: what does not cover at all is black.
-class Picture {
+/// The samples of a planar 4:2:0 picture, 8 bits each, limited range, to be read. Even sizes only. With an
+/// alpha plane the colours are premultiplied: what does not cover at all is black.
+class Planes {
  public:
-  Picture() = default;
-  explicit Picture(SharedFrame frame) : frame_(std::move(frame)) {}
-
-  /// A new picture with undefined contents that only the caller holds; empty when memory is short.
-  static Picture make(int width, int height);
-  static Picture makeWithAlpha(int width, int height);
-  /// As make, of the size and kind of `other`.
-  static Picture makeLike(const Picture& other);
-
-  /// A new black picture.
-  static Picture black(int width, int height);
-  /// A new picture with alpha that covers nothing.
-  static Picture clear(int width, int height);
-
   explicit operator bool() const { return frame_ != nullptr; }
   [[nodiscard]] int width() const;
   [[nodiscard]] int height() const;
@@ -48,15 +36,9 @@ class Picture {
   [[nodiscard]] int planes() const { return hasAlpha() ? 4 : 3; }
   [[nodiscard]] int width(int plane) const { return isChroma(plane) ? width() / 2 : width(); }
   [[nodiscard]] int height(int plane) const { return isChroma(plane) ? height() / 2 : height(); }
-  [[nodiscard]] const std::uint8_t* plane(int index) const;
-  [[nodiscard]] std::uint8_t* plane(int index);
-  [[nodiscard]] int stride(int index) const;
+  /// Bytes from one row to the next.
+  [[nodiscard]] int stride(int plane) const;
   [[nodiscard]] const std::uint8_t* row(int plane, int y) const;
-  [[nodiscard]] std::uint8_t* row(int plane, int y);
-  [[nodiscard]] const SharedFrame& frame() const { return frame_; }
-
-  /// Fills a whole plane with one value.
-  void fill(int plane, std::uint8_t value);
 
   /// What a plane holds where nothing is seen.
   static constexpr std::uint8_t blackOf(int plane) {
@@ -64,13 +46,72 @@ class Picture {
   }
   static constexpr bool isChroma(int plane) { return plane == 1 || plane == 2; }
 
- private:
+ protected:
+  Planes() = default;
+  explicit Planes(SharedFrame frame) : frame_(std::move(frame)) {}
+  Planes(const Planes&) = default;
+  Planes(Planes&&) noexcept = default;
+  Planes& operator=(const Planes&) = default;
+  Planes& operator=(Planes&&) noexcept = default;
+  ~Planes() = default;
+
   SharedFrame frame_;
 };
 
-/// A copy that only the caller holds; empty when memory is short.
-Picture copyOf(const Picture& picture);
-/// The picture itself where it has alpha, else a copy with alpha that covers all.
+/// A picture in the making. Those that make one give an empty canvas when memory is short.
+class Canvas : public Planes {
+ public:
+  Canvas() = default;
+  Canvas(Canvas&&) noexcept = default;
+  Canvas& operator=(Canvas&&) noexcept = default;
+  Canvas(const Canvas&) = delete;
+  Canvas& operator=(const Canvas&) = delete;
+  ~Canvas() = default;
+
+  /// With undefined contents.
+  static Canvas make(int width, int height);
+  static Canvas makeWithAlpha(int width, int height);
+  /// As make, of the size and kind of `other`.
+  static Canvas makeLike(const Planes& other);
+  /// All black.
+  static Canvas black(int width, int height);
+  /// With alpha, and covering nothing.
+  static Canvas clear(int width, int height);
+
+  using Planes::row;
+  [[nodiscard]] std::uint8_t* row(int plane, int y);
+  /// Fills a whole plane with one value.
+  void fill(int plane, std::uint8_t value);
+  /// For functions of FFmpeg to draw into.
+  [[nodiscard]] AVFrame& frame() { return *frame_; }
+
+ private:
+  explicit Canvas(SharedFrame frame) : Planes(std::move(frame)) {}
+  static Canvas make(int width, int height, int format);
+  friend class Picture;
+};
+
+/// A finished picture: shared and not copied when handed on.
+class Picture : public Planes {
+ public:
+  Picture() = default;
+  /// A decoded frame of this kind, which nobody writes to any more.
+  explicit Picture(SharedFrame frame) : Planes(std::move(frame)) {}
+  /// The canvas is empty behind it.
+  explicit Picture(Canvas&& canvas) : Planes(std::move(canvas.frame_)) {}
+
+  /// Its own: two pictures with one frame are the same picture. Null for an empty one.
+  [[nodiscard]] const AVFrame* frame() const { return frame_.get(); }
+};
+
+/// What was drawn, finished; empty for an empty canvas.
+inline Picture share(Canvas&& canvas) { return Picture(std::move(canvas)); }
+
+/// A copy to draw on; empty when memory is short.
+Canvas copyOf(const Planes& picture);
+/// As copyOf, with alpha: that of the picture, or one that covers all.
+Canvas copyWithAlpha(const Planes& picture);
+/// The picture itself where it has alpha, else such a copy.
 Picture withAlpha(const Picture& picture);
 
 }  // namespace kvo::media

@@ -149,8 +149,8 @@ SharedFrame middleOf(const SharedFrame& frame, Size crop) {
   return av_frame_apply_cropping(part.get(), AV_FRAME_CROP_UNALIGNED) < 0 ? nullptr : part;
 }
 
-Picture halved(const AVFrame& frame) {
-  auto out = Picture::make(frame.width / 2, frame.height / 2);
+Canvas halved(const AVFrame& frame) {
+  auto out = Canvas::make(frame.width / 2, frame.height / 2);
   for (int plane = 0; out && plane < 3; ++plane) {
     for (int y = 0; y < out.height(plane); ++y) {
       const auto* upper = frame.data[plane] + static_cast<std::ptrdiff_t>(2 * y) * frame.linesize[plane];
@@ -162,14 +162,14 @@ Picture halved(const AVFrame& frame) {
 }
 
 // From the weights of one matrix to those of the other.
-void reweigh(Picture& picture, Matrix from) {
+void reweigh(Canvas& picture, Matrix from) {
   for (int y = 0; y < picture.height(1); ++y) {
     changeMatrix(picture.row(0, 2 * y), picture.row(0, 2 * y + 1), picture.row(1, y), picture.row(2, y),
                  static_cast<std::size_t>(picture.width(1)), from);
   }
 }
 
-void copyInto(Picture& canvas, const Picture& part) {
+void copyInto(Canvas& canvas, const Planes& part) {
   const int left = ((canvas.width() - part.width()) / 2) & ~1;
   const int top = ((canvas.height() - part.height()) / 2) & ~1;
   for (int plane = 0; plane < std::min(canvas.planes(), part.planes()); ++plane) {
@@ -193,7 +193,7 @@ void premultiply(AVFrame& pixels) {
   }
 }
 
-bool coversAll(const Picture& picture) {
+bool coversAll(const Planes& picture) {
   for (int y = 0; y < picture.height(); ++y) {
     const auto* row = picture.row(3, y);
     if (!std::all_of(row, row + picture.width(), [](auto alpha) { return alpha == 255; })) return false;
@@ -201,8 +201,8 @@ bool coversAll(const Picture& picture) {
   return true;
 }
 
-Picture withoutAlpha(const Picture& picture) {
-  auto plain = Picture::make(picture.width(), picture.height());
+Canvas withoutAlpha(const Planes& picture) {
+  auto plain = Canvas::make(picture.width(), picture.height());
   if (plain) copyInto(plain, picture);
   return plain;
 }
@@ -216,7 +216,7 @@ struct Scaler::State {
   Conversion plainConversion;
   ScalerHandle plainScaler;  // to blue, green, red, alpha
 
-  Result<Picture> scaled(const AVFrame& part, Conversion wanted);
+  Result<Canvas> scaled(const AVFrame& part, Conversion wanted);
   Result<SharedFrame> premultiplied(const AVFrame& frame, Conversion wanted);
   Result<Picture> placeUpright(const SharedFrame& frame, Fit fit);
   Result<Picture> placeHighRange(const SharedFrame& frame, const Placing& placing);
@@ -250,14 +250,14 @@ const Error kNoMemory{"out of memory for a picture"};
 
 }  // namespace
 
-Result<Picture> Scaler::State::scaled(const AVFrame& part, Conversion wanted) {
+Result<Canvas> Scaler::State::scaled(const AVFrame& part, Conversion wanted) {
   wanted.from = {part.width, part.height};
   if (auto ready = prepare(scaler, conversion, wanted, usualMatrix(canvas.height)); !ready)
     return ready.error();
-  auto made = wanted.made == AV_PIX_FMT_YUVA420P ? Picture::makeWithAlpha(wanted.to.width, wanted.to.height)
-                                                 : Picture::make(wanted.to.width, wanted.to.height);
+  auto made = wanted.made == AV_PIX_FMT_YUVA420P ? Canvas::makeWithAlpha(wanted.to.width, wanted.to.height)
+                                                 : Canvas::make(wanted.to.width, wanted.to.height);
   if (!made) return kNoMemory;
-  if (auto done = convert(*scaler, part, *made.frame()); !done) return done.error();
+  if (auto done = convert(*scaler, part, made.frame()); !done) return done.error();
   return made;
 }
 
@@ -306,7 +306,7 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
     if ((sameColours || changes) && frame->width == 2 * canvas.width && frame->height == 2 * canvas.height) {
       auto half = halved(*frame);
       if (half && changes) reweigh(half, otherThan(working));
-      return half ? Result<Picture>(std::move(half)) : Result<Picture>(kNoMemory);
+      return half ? Result<Picture>(share(std::move(half))) : Result<Picture>(kNoMemory);
     }
   }
 
@@ -321,20 +321,18 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
     wanted.made = AV_PIX_FMT_YUVA420P;
     wanted.fullRange = true;
   }
-  auto picture = scaled(*part, wanted);
-  if (!picture) return picture;
-  const bool opaque = !alpha || coversAll(*picture);
-  if (wanted.to == canvas) {
-    if (alpha && opaque) *picture = withoutAlpha(*picture);
-    return picture ? picture : Result<Picture>(kNoMemory);
-  }
+  auto made = scaled(*part, wanted);
+  if (!made) return made.error();
+  auto picture = std::move(*made);
+  const bool opaque = !alpha || coversAll(picture);
+  if (alpha && opaque) picture = withoutAlpha(picture);
+  if (!picture) return kNoMemory;
+  if (wanted.to == canvas) return share(std::move(picture));
   auto whole =
-      opaque ? Picture::black(canvas.width, canvas.height) : Picture::clear(canvas.width, canvas.height);
+      opaque ? Canvas::black(canvas.width, canvas.height) : Canvas::clear(canvas.width, canvas.height);
   if (!whole) return kNoMemory;
-  if (alpha && opaque) *picture = withoutAlpha(*picture);
-  if (!*picture) return kNoMemory;
-  copyInto(whole, *picture);
-  return whole;
+  copyInto(whole, picture);
+  return share(std::move(whole));
 }
 
 Scaler::Scaler(int width, int height) : state_(std::make_unique<State>()) {

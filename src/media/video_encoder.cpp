@@ -82,7 +82,7 @@ struct VideoEncoder::State {
   Result<EncodedFrame> encode(const Picture& picture, std::int64_t number) {
     const auto frame = newFrame();
     auto packet = newPacket();
-    if (!frame || !packet || av_frame_ref(frame.get(), picture.frame().get()) < 0) {
+    if (!frame || !packet || av_frame_ref(frame.get(), picture.frame()) < 0) {
       return failure(AVERROR(ENOMEM));
     }
     frame->width = format.width;

@@ -47,7 +47,7 @@ class DrawnNames : public testing::Test {
   static media::Picture frame(engine::Compositor& compositor, std::int64_t number, const std::string& what) {
     auto picture = compositor.frame(number);
     EXPECT_TRUE(picture) << what << ": " << picture.error().text;
-    return picture ? std::move(*picture) : media::Picture::black(kWidth, kHeight);
+    return picture ? std::move(*picture) : share(media::Canvas::black(kWidth, kHeight));
   }
 
   test::ScratchFolder folder_;

@@ -18,8 +18,9 @@ namespace {
 // as much as its four pixels are.
 TEST(Drawing, ChromaIsCoveredAsItsFourPixelsAre) {
   constexpr int kSide = 32;
-  auto opaque = test::plainPicture(kSide, kSide, 220);
-  opaque.fill(0, 200);
+  auto plain = copyOf(test::plainPicture(kSide, kSide, 220));
+  plain.fill(0, 200);
+  const auto opaque = share(std::move(plain));
   const auto clear = withAlpha(opaque);
   auto half = copyOf(clear);  // its left half only
   for (int plane = 0; plane < 4; ++plane) {
@@ -29,13 +30,13 @@ TEST(Drawing, ChromaIsCoveredAsItsFourPixelsAre) {
     }
   }
   const std::vector<std::pair<const char*, media::Picture>> pictures = {
-      {"opaque", opaque}, {"with alpha", clear}, {"half", half}};
+      {"opaque", opaque}, {"with alpha", clear}, {"half", share(std::move(half))}};
   for (const auto& [name, above] : pictures) {
     for (const bool turned : {false, true}) {
       for (const bool outAlpha : {false, true}) {
         for (const auto& [left, top] : {std::pair{4, 6}, std::pair{5, 6}, std::pair{4, 7}, std::pair{5, 7}}) {
-          auto out = test::plainPicture(64, 48, 60);
-          if (outAlpha) out = withAlpha(out);
+          const auto below = test::plainPicture(64, 48, 60);
+          auto out = outAlpha ? copyWithAlpha(below) : copyOf(below);
           const double x0 = left;
           const double y0 = top;
           if (turned) {

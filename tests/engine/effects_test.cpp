@@ -170,7 +170,7 @@ TEST(Effects, LeaveAnAlphaThatSaysWhatIsSeen) {
   EXPECT_EQ(drawn(kAlpha, {{"opacity", "100"}}, plain).frame(), plain.frame());
 
   // A green field with a red box: the field goes.
-  auto keyed = Picture::make(kWidth, kHeight);
+  auto keyed = media::Canvas::make(kWidth, kHeight);
   const auto green = media::yuvOf({0, 255, 0}, kHeight);
   const auto red = media::yuvOf({255, 0, 0}, kHeight);
   for (int plane = 0; plane < 3; ++plane) {
@@ -182,7 +182,7 @@ TEST(Effects, LeaveAnAlphaThatSaysWhatIsSeen) {
                                : red.v);
     }
   }
-  const auto cut = drawn(kChroma, {}, keyed);
+  const auto cut = drawn(kChroma, {}, share(std::move(keyed)));
   EXPECT_EQ(alphaAt(cut, 0.8, 0.8), 0);
   EXPECT_EQ(alphaAt(cut, 0.35, 0.35), 255);
   EXPECT_EQ(cut.row(0, 90)[150], 16) << "no colour where nothing is seen";

@@ -101,12 +101,17 @@ PaintTransition painterOf(const Kind& kind) {
   return std::move(*made);
 }
 
+media::Picture paintedBy(const Kind& kind, double progress, const media::Picture& below,
+                         const media::Picture& above) {
+  auto canvas = media::Canvas::makeLike(below);
+  painterOf(kind)(below, above, {progress, progress}, canvas);
+  return share(std::move(canvas));
+}
+
 class Drawn {
  public:
   Drawn(const Kind& kind, double progress, const media::Picture& below, const media::Picture& above)
-      : picture_(media::Picture::makeLike(below)) {
-    painterOf(kind)(below, above, {progress, progress}, picture_);
-  }
+      : picture_(paintedBy(kind, progress, below, above)) {}
   Drawn(const std::string& name, double progress)
       : Drawn(*std::find_if(kinds().begin(), kinds().end(), [&](const auto& k) { return k.name == name; }),
               progress, test::plainPicture(kWidth, kHeight, kBelow),
@@ -317,10 +322,11 @@ TEST(SmptePatterns, ChangeWhereTheirNamesSay) {
 
 TEST(Transitions, OfPlacesMoveWholePictures) {
   const auto below = test::scene(kWidth, kHeight);
-  auto above = test::plainPicture(kWidth, kHeight, 200);
+  auto ramp = copyOf(test::plainPicture(kWidth, kHeight, 200));
   for (int y = 0; y < kHeight; ++y) {
-    for (int x = 0; x < kWidth; ++x) above.row(0, y)[x] = static_cast<std::uint8_t>(40 + x);
+    for (int x = 0; x < kWidth; ++x) ramp.row(0, y)[x] = static_cast<std::uint8_t>(40 + x);
   }
+  const auto above = share(std::move(ramp));
   const Kind push{"push", kSlide, {{"slideStyle", "PUSH"}}};
   const auto pushed = Drawn(push, 0.25, below, above).picture();
   EXPECT_EQ(pushed.row(0, 9)[100], below.row(0, 9)[60]) << "the first goes on to the right by a quarter";
@@ -348,7 +354,7 @@ TEST(Transitions, PlacingFollowsItsKeysAndEndsAsACut) {
   params.add("Height", {"0", {kHeight, {{0.5, kHeight / 2.0, false}, {1, kHeight, false}}}});
   const auto* kind = findTransition(kPlacing);
   const auto paint = *kind->make(params, kWidth, kHeight);
-  auto out = media::Picture::make(kWidth, kHeight);
+  auto out = media::Canvas::make(kWidth, kHeight);
   paint(test::plainPicture(kWidth, kHeight, kBelow), test::plainPicture(kWidth, kHeight, kAbove), {0.5, 0.25},
         out);
   EXPECT_EQ(out.row(0, 10)[35], kAbove) << "a quarter wide: run to in a line";
@@ -374,7 +380,7 @@ TEST(Transitions, QuartileMoveGoesThroughTheQuartersAllTheWay) {
   const auto* kind = findTransition(kPlacing);
   const auto paint = *kind->make(params, kWidth, kHeight);
   const auto seen = [&](double time) {
-    auto out = media::Picture::make(kWidth, kHeight);
+    auto out = media::Canvas::make(kWidth, kHeight);
     paint(test::plainPicture(kWidth, kHeight, kBelow), test::plainPicture(kWidth, kHeight, kAbove),
           {0.5, time}, out);
     std::string quarters;

@@ -14,14 +14,10 @@ namespace kvo::media {
 namespace {
 
 Picture filled(int width, int height, int luma, int u, int v) {
-  auto picture = Picture::make(width, height);
+  auto canvas = Canvas::make(width, height);
   const int values[] = {luma, u, v};
-  for (int plane = 0; plane < 3; ++plane) {
-    const int rows = plane == 0 ? height : height / 2;
-    std::fill_n(picture.plane(plane), static_cast<std::ptrdiff_t>(picture.stride(plane)) * rows,
-                static_cast<std::uint8_t>(values[plane]));
-  }
-  return picture;
+  for (int plane = 0; plane < 3; ++plane) canvas.fill(plane, static_cast<std::uint8_t>(values[plane]));
+  return share(std::move(canvas));
 }
 
 bool write(MovieWriter& writer, const std::vector<Picture>& pictures) {
@@ -72,9 +68,9 @@ TEST(MovieWriter, TheFirstRowOfARawPictureComesLastInTheFile) {
   auto writer = MovieWriter::open(
       **target, {Container::Avi, VideoFormat{VideoCodec::Raw, 16, 16, 25, 24}, false}, path);
   ASSERT_TRUE(writer);
-  auto picture = filled(16, 16, 16, 128, 128);
-  std::fill_n(picture.plane(0), picture.stride(0), std::uint8_t{235});
-  ASSERT_TRUE(write(*writer, {picture}));
+  auto picture = copyOf(filled(16, 16, 16, 128, 128));
+  std::fill_n(picture.row(0, 0), 16, std::uint8_t{235});
+  ASSERT_TRUE(write(*writer, {share(std::move(picture))}));
   ASSERT_TRUE(writer->finish());
   ASSERT_TRUE((*target)->commit());
   const auto decoded = test::picturesOf(path, 16, 16);

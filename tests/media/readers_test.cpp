@@ -21,7 +21,7 @@ int numberAt(VideoReader& reader, double seconds) {
   if (!frame) return -1;
   Scaler scaler(64, 48);
   const auto picture = scaler.place(*frame, Fit::Stretch);
-  return picture ? static_cast<int>(std::lround((picture->plane(0)[0] - 16) / 2.0)) : -2;
+  return picture ? static_cast<int>(std::lround((picture->row(0, 0)[0] - 16) / 2.0)) : -2;
 }
 
 TEST(VideoReader, GivesTheFrameThatIsShownAtATime) {
@@ -78,7 +78,7 @@ TEST(VideoReader, SeeksToTheFrameAmongReorderedOnes) {
     const Picture picture(*frame);
     std::vector<std::uint8_t> luma;
     for (int y = 0; y < 48; ++y) {
-      const auto* row = picture.plane(0) + static_cast<std::ptrdiff_t>(y) * picture.stride(0);
+      const auto* row = picture.row(0, y);
       luma.insert(luma.end(), row, row + 64);
     }
     return luma;

@@ -7,20 +7,21 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 namespace kvo::test {
 
 /// One value in every plane.
 inline media::Picture plainPicture(int width, int height, int value) {
-  auto picture = media::Picture::make(width, height);
+  auto picture = media::Canvas::make(width, height);
   for (int plane = 0; plane < 3; ++plane) picture.fill(plane, static_cast<std::uint8_t>(value));
-  return picture;
+  return share(std::move(picture));
 }
 
 /// A picture with something of everything: a ramp across, a round spot, a box, stripes and some noise, in
 /// colours.
 inline media::Picture scene(int width, int height) {
-  auto picture = media::Picture::make(width, height);
+  auto picture = media::Canvas::make(width, height);
   unsigned random = 1;
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
@@ -39,11 +40,11 @@ inline media::Picture scene(int width, int height) {
       picture.row(2, y)[x] = static_cast<std::uint8_t>(110 + 80 * x / width);
     }
   }
-  return picture;
+  return share(std::move(picture));
 }
 
 /// The mean of the differences of a plane's samples.
-inline double difference(const media::Picture& a, const media::Picture& b, int plane = 0) {
+inline double difference(const media::Planes& a, const media::Planes& b, int plane = 0) {
   double sum = 0;
   for (int y = 0; y < a.height(plane); ++y) {
     for (int x = 0; x < a.width(plane); ++x) sum += std::abs(a.row(plane, y)[x] - b.row(plane, y)[x]);
@@ -51,7 +52,7 @@ inline double difference(const media::Picture& a, const media::Picture& b, int p
   return sum / (a.height(plane) * a.width(plane));
 }
 
-inline double mean(const media::Picture& picture, int plane = 0) {
+inline double mean(const media::Planes& picture, int plane = 0) {
   double sum = 0;
   for (int y = 0; y < picture.height(plane); ++y) {
     for (int x = 0; x < picture.width(plane); ++x) sum += picture.row(plane, y)[x];

@@ -77,12 +77,12 @@ Picture moveInSpace(const Params& params, const Picture& picture, const EffectMo
   const double way = moment.length > 0 ? std::clamp(moment.time / moment.length, 0.0, 1.0) : 0;
   auto motion = motionOf(params, picture.width(), picture.height(), easedWay(params, way));
   if (isInPlace(motion.corners, picture)) return picture;
-  auto out = Picture::clear(picture.width(), picture.height());
+  auto out = media::Canvas::clear(picture.width(), picture.height());
   const auto shown = withAlpha(picture);
   if (!out || !shown) return {};
-  if (motion.back && !params.flag("showaback")) return out;
+  if (motion.back && !params.flag("showaback")) return share(std::move(out));
   drawTurned(shown, wholeOf(shown), motion.corners, {1, motion.back ? 0.8 : 1.0}, out);
-  return out;
+  return share(std::move(out));
 }
 
 }  // namespace
@@ -97,7 +97,7 @@ bool movesInSpace(const Params& params) { return params.word("internalname") != 
 DrawEffect makeAdjustment(const Params& params, int /*width*/, int /*height*/) {
   if (!movesInSpace(params)) {
     return [params](const Picture& picture, const EffectMoment& moment) {
-      return byImage(picture, [&](cv::Mat& bgr) { adjustColours(bgr, params, moment.time); });
+      return share(byImage(picture, [&](cv::Mat& bgr) { adjustColours(bgr, params, moment.time); }));
     };
   }
   return [params](const Picture& picture, const EffectMoment& moment) {

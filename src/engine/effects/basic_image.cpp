@@ -9,12 +9,13 @@
 namespace kvo::engine {
 namespace {
 
+using media::Canvas;
 using media::Picture;
 
 constexpr int kBlackAndWhite = 16 + 235;
 
 // A negative: black becomes white. Of what is half seen, half.
-void negate(Picture& picture) {
+void negate(Canvas& picture) {
   auto luma = planeOf(picture, 0);
   if (picture.hasAlpha()) {
     cv::Mat full;
@@ -29,14 +30,14 @@ void negate(Picture& picture) {
   }
 }
 
-void takeColoursOut(Picture& picture) {
+void takeColoursOut(Canvas& picture) {
   picture.fill(1, 128);
   picture.fill(2, 128);
 }
 
-Picture turnedByQuarters(const Picture& picture, int quarters) {
-  auto out = picture.hasAlpha() ? Picture::clear(picture.width(), picture.height())
-                                : Picture::black(picture.width(), picture.height());
+Canvas turnedByQuarters(const Picture& picture, int quarters) {
+  auto out = picture.hasAlpha() ? Canvas::clear(picture.width(), picture.height())
+                                : Canvas::black(picture.width(), picture.height());
   if (!out) return out;
   if (quarters == 2) {
     for (int plane = 0; plane < out.planes(); ++plane)
@@ -68,17 +69,17 @@ DrawEffect makeBasicImage(const Params& params, int /*width*/, int /*height*/) {
   const int quarters = static_cast<int>(params.number("rotation", 0, 0, 0, 1e6)) % 4;
   return [=](const Picture& picture, const EffectMoment& /*moment*/) {
     auto out = copyOf(picture);
-    if (!out) return out;
+    if (!out) return Picture();
     if (mirror) {
       for (int plane = 0; plane < out.planes(); ++plane)
         cv::flip(planeOf(picture, plane), planeOf(out, plane), 1);
     }
-    if (quarters != 0) out = turnedByQuarters(out, quarters);
-    if (!out) return out;
+    if (quarters != 0) out = turnedByQuarters(share(std::move(out)), quarters);
+    if (!out) return Picture();
     if (invert) negate(out);
     if (xray) negate(out);
     if (xray || grey) takeColoursOut(out);
-    return out;
+    return share(std::move(out));
   };
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kBoxFrom = 8;  // three boxes are as good as the bell, and cost the same at any radius
 
-void blurPlane(const cv::Mat& from, cv::Mat to, double radius) {
+void blurPlane(const ReadPlane& from, cv::Mat to, double radius) {
   if (radius < kBoxFrom) {
     const int side = 2 * static_cast<int>(std::ceil(radius * 1.5)) + 1;
     cv::GaussianBlur(from, to, {side, side}, radius / 2, radius / 2, cv::BORDER_REPLICATE);
@@ -30,12 +30,12 @@ DrawEffect makeBlur(const Params& params, int /*width*/, int /*height*/) {
   return [params](const media::Picture& picture, const EffectMoment& moment) {
     const double radius = params.number("pixelradius", moment.time, 0, 0, 100);
     if (radius < 0.25) return picture;
-    auto out = media::Picture::makeLike(picture);
+    auto out = media::Canvas::makeLike(picture);
     for (int plane = 0; out && plane < out.planes(); ++plane) {
       blurPlane(planeOf(picture, plane), planeOf(out, plane),
                 media::Picture::isChroma(plane) ? radius / 2 : radius);
     }
-    return out;
+    return share(std::move(out));
   };
 }
 

@@ -4,7 +4,7 @@
 
 namespace kvo::engine {
 
-media::Picture byImage(const media::Picture& picture, const std::function<void(cv::Mat& bgr)>& draw) {
+media::Canvas byImage(const media::Picture& picture, const std::function<void(cv::Mat& bgr)>& draw) {
   auto out = copyOf(picture);
   if (!out) return out;
   cv::Mat bgr(picture.height(), picture.width(), CV_8UC3);

@@ -10,6 +10,6 @@ namespace kvo::engine {
 
 /// A new picture with the colours that `draw` makes of `picture`'s, 3 bytes a pixel; alpha stays. Empty when
 /// memory is short.
-media::Picture byImage(const media::Picture& picture, const std::function<void(cv::Mat& bgr)>& draw);
+media::Canvas byImage(const media::Picture& picture, const std::function<void(cv::Mat& bgr)>& draw);
 
 }  // namespace kvo::engine

@@ -22,8 +22,8 @@ DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
     // The distance between two chromas is at most about 180.
     const double tolerance = params.number("tolerance", moment.time, 20, 0, 100) * 1.8;
     if (tolerance <= 0) return picture;
-    auto out = picture.hasAlpha() ? copyOf(picture) : withAlpha(picture);
-    if (!out) return out;
+    auto out = copyWithAlpha(picture);
+    if (!out) return media::Picture();
     std::vector<std::uint8_t> half(static_cast<std::size_t>(out.width(1)));
     std::vector<std::uint8_t> full(static_cast<std::size_t>(out.width()));
     for (int y = 0; y < out.height(1); ++y) {
@@ -42,7 +42,7 @@ DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
         }
       }
     }
-    return out;
+    return share(std::move(out));
   };
 }
 

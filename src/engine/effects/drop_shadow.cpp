@@ -12,14 +12,15 @@
 namespace kvo::engine {
 namespace {
 
+using media::Canvas;
 using media::Picture;
 
 constexpr double kSoftness = 0.4;  // of the longer offset
 
 // The shape of `picture`, moved and soft, in one colour.
-Picture shadowOf(const Picture& picture, double right, double down, const media::YuvColour& colour) {
-  auto shadow = Picture::clear(picture.width(), picture.height());
-  auto shape = Picture::clear(picture.width(), picture.height());
+Canvas shadowOf(const Picture& picture, double right, double down, const media::YuvColour& colour) {
+  auto shadow = Canvas::clear(picture.width(), picture.height());
+  auto shape = Canvas::clear(picture.width(), picture.height());
   if (!shadow || !shape) return {};
   drawMoved(picture, wholeOf(picture), right, down, shape);
   const int side = 2 * static_cast<int>(kSoftness * std::max(std::fabs(right), std::fabs(down))) + 1;
@@ -52,17 +53,18 @@ DrawEffect makeDropShadow(const Params& params, int width, int height) {
     if (std::lround(right / 2) == 0 && std::lround(down / 2) == 0) return picture;
     auto whole = picture;
     if (!picture.hasAlpha()) {
-      whole = Picture::clear(picture.width(), picture.height());
+      auto smaller = Canvas::clear(picture.width(), picture.height());
       const auto opaque = withAlpha(picture);
-      if (!whole || !opaque) return Picture();
+      if (!smaller || !opaque) return Picture();
       drawScaled(
           opaque, wholeOf(opaque),
           {std::max(0.0, -right), std::max(0.0, -down), width - std::fabs(right), height - std::fabs(down)},
-          whole);
+          smaller);
+      whole = share(std::move(smaller));
     }
     auto out = shadowOf(whole, right, down, colour);
     if (out) drawScaled(whole, wholeOf(whole), wholeOf(out), out);
-    return out;
+    return share(std::move(out));
   };
 }
 

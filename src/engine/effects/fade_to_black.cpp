@@ -18,7 +18,7 @@ DrawEffect makeFadeToBlack(const Params& /*params*/, int /*width*/, int /*height
       auto samples = planeOf(out, plane);
       samples.convertTo(samples, -1, left, black * (1 - left));
     }
-    return out;
+    return share(std::move(out));
   };
 }
 

@@ -59,7 +59,7 @@ DrawEffect makeFilmAge(const Params& params, int /*width*/, int height) {
     const double age = params.number("age", moment.time, 0, 0, 100) / 100;
     if (age <= 0) return picture;
     auto out = copyOf(picture);
-    if (!out) return out;
+    if (!out) return media::Picture();
     const auto towards = [&](int plane, double brown) {
       auto chroma = planeOf(out, plane);
       const double share = std::min(1.0, 1.3 * age);
@@ -68,7 +68,7 @@ DrawEffect makeFilmAge(const Params& params, int /*width*/, int height) {
     towards(1, kBrownU);
     towards(2, kBrownV);
     Faults(moment.time, age, height / 360.0).draw(planeOf(out, 0));
-    return out;
+    return share(std::move(out));
   };
 }
 

@@ -11,7 +11,7 @@ DrawEffect makePixelateEffect(const Params& params, int width, int /*height*/) {
     if (size < 2) return picture;
     auto out = copyOf(picture);
     if (out) makeBlocks(out, size);
-    return out;
+    return share(std::move(out));
   };
 }
 

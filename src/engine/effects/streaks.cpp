@@ -17,14 +17,15 @@ cv::Mat moved(const cv::Mat& samples, int right, int down) {
 }
 
 // The mean of a line of 2 n samples is that of two lines of n, one beside the other.
-cv::Mat streaks(const cv::Mat& samples, double angle, double length) {
+cv::Mat streaks(cv::InputArray samples, double angle, double length) {
   const double radians = angle * std::numbers::pi / 180;
   const double right = std::cos(radians);
   const double down = -std::sin(radians);
   const auto step = [&](double far) {
     return cv::Point(static_cast<int>(std::lround(right * far)), static_cast<int>(std::lround(down * far)));
   };
-  cv::Mat line = samples.clone();
+  cv::Mat line;
+  samples.copyTo(line);
   double reached = 1;
   while (reached < length) {
     const double next = std::min(reached, length - reached);

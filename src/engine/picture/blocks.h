@@ -7,6 +7,6 @@ namespace kvo::engine {
 
 /// Every square of `size` pixels, from the middle out, becomes its mean. `size` is 2 or more; chroma follows
 /// luma.
-void makeBlocks(media::Picture& picture, double size);
+void makeBlocks(media::Canvas& out, double size);
 
 }  // namespace kvo::engine

@@ -11,10 +11,11 @@
 namespace kvo::engine {
 namespace {
 
+using media::Canvas;
 using media::Picture;
 
 // Whole pixels that an area covers, within a picture.
-cv::Rect pixelsOf(const Area& area, const Picture& picture) {
+cv::Rect pixelsOf(const Area& area, const media::Planes& picture) {
   const auto at = [](double v, int most) {
     return std::clamp(static_cast<int>(std::lround(std::clamp(v, -1e6, 1e6))), 0, most);
   };
@@ -54,7 +55,7 @@ struct Overlay {
 };
 
 // A sample of chroma is covered as the mean of its four pixels is.
-void layOver(const Overlay& overlay, Picture& out) {
+void layOver(const Overlay& overlay, Canvas& out) {
   const bool alpha = !overlay.drawn[3].empty();
   // How much of what lies below each pixel is hidden.
   cv::Mat cover = alpha ? overlay.drawn[3] : overlay.share;
@@ -87,8 +88,8 @@ void layOver(const Overlay& overlay, Picture& out) {
   }
 }
 
-void drawInto(cv::Mat target, const cv::Mat& source) {
-  const bool smaller = target.cols <= source.cols && target.rows <= source.rows;
+void drawInto(cv::Mat target, const ReadPlane& source) {
+  const bool smaller = target.cols <= source.size().width && target.rows <= source.size().height;
   cv::resize(source, target, target.size(), 0, 0, smaller ? cv::INTER_AREA : cv::INTER_CUBIC);
 }
 
@@ -106,15 +107,15 @@ void lighten(cv::Mat& samples, int plane, double light) {
 
 }  // namespace
 
-Area wholeOf(const Picture& picture) {
+Area wholeOf(const media::Planes& picture) {
   return {0, 0, static_cast<double>(picture.width()), static_cast<double>(picture.height())};
 }
 
-void drawAll(const Picture& picture, Picture& out) {
+void drawAll(const Picture& picture, Canvas& out) {
   for (int plane = 0; plane < out.planes(); ++plane) planeOf(picture, plane).copyTo(planeOf(out, plane));
 }
 
-void drawMoved(const Picture& picture, const Area& part, double x, double y, Picture& out) {
+void drawMoved(const Picture& picture, const Area& part, double x, double y, Canvas& out) {
   const auto toEven = [](double v) { return 2 * std::lround(std::clamp(v, -1e6, 1e6) / 2); };
   const long left = toEven(x);
   const long top = toEven(y);
@@ -134,12 +135,13 @@ void drawMoved(const Picture& picture, const Area& part, double x, double y, Pic
       return cv::Rect(static_cast<int>(px >> shift), static_cast<int>(py >> shift),
                       static_cast<int>(shownX >> shift), static_cast<int>(shownY >> shift));
     };
-    planeOf(picture, plane)(part8(fromX + skipX, fromY + skipY))
+    planeOf(picture, plane)
+        .part(part8(fromX + skipX, fromY + skipY))
         .copyTo(planeOf(out, plane)(part8(left + skipX, top + skipY)));
   }
 }
 
-void drawScaled(const Picture& picture, const Area& part, const Area& place, Picture& out) {
+void drawScaled(const Picture& picture, const Area& part, const Area& place, Canvas& out) {
   if (!(place.width > 0 && place.height > 0 && part.width > 0 && part.height > 0)) return;
   const auto whole = wholeOf(out);
   const bool inside = place.x >= 0 && place.y >= 0 && place.x + place.width <= whole.width &&
@@ -159,7 +161,7 @@ void drawScaled(const Picture& picture, const Area& part, const Area& place, Pic
   Overlay overlay{evened(pixels), {}, {}};
   const bool evenPlace = pixels == overlay.at;
   for (int plane = 0; plane < picture.planes(); ++plane) {
-    const auto source = planeOf(picture, plane)(samplesOf(from, plane));
+    const auto source = planeOf(picture, plane).part(samplesOf(from, plane));
     const auto at = samplesOf(overlay.at, plane);
     if (!picture.hasAlpha() && (evenPlace || plane == 0)) {
       drawInto(planeOf(out, plane)(plane == 0 ? pixels : at), source);
@@ -178,7 +180,7 @@ void drawScaled(const Picture& picture, const Area& part, const Area& place, Pic
 }
 
 void drawTurned(const Picture& picture, const Area& part, const Corners& corners, const Look& look,
-                Picture& out) {
+                Canvas& out) {
   double left = std::numeric_limits<double>::max();
   double top = left;
   double right = -left;
@@ -233,7 +235,7 @@ void drawTurned(const Picture& picture, const Area& part, const Corners& corners
   layOver(overlay, out);
 }
 
-void drawColour(const media::YuvColour& colour, Picture& out) {
+void drawColour(const media::YuvColour& colour, Canvas& out) {
   const std::array<std::uint8_t, 4> values = {colour.y, colour.u, colour.v, 255};
   for (int plane = 0; plane < out.planes(); ++plane) out.fill(plane, values[static_cast<std::size_t>(plane)]);
 }

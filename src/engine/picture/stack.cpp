@@ -21,7 +21,7 @@ const Error kNoMemory{"out of memory for a picture"};
 
 Picture layOver(const Picture& below, const Picture& above) {
   if (!above.hasAlpha()) return above;
-  auto out = Picture::makeLike(below);
+  auto out = media::Canvas::makeLike(below);
   std::vector<std::uint8_t> half(static_cast<std::size_t>(above.width(1)));
   for (int plane = 0; out && plane < out.planes(); ++plane) {
     for (int y = 0; y < out.height(plane); ++y) {
@@ -34,7 +34,7 @@ Picture layOver(const Picture& below, const Picture& above) {
                      static_cast<std::size_t>(out.width(plane)), Picture::blackOf(plane));
     }
   }
-  return out;
+  return share(std::move(out));
 }
 
 // What is at work while a layer is shown.
@@ -150,10 +150,10 @@ Result<Picture> Stack::over(const Picture& below, const PlannedLayer& planned, c
     if (second && first.hasAlpha() != second.hasAlpha())
       std::tie(first, second) = std::pair(withAlpha(first), withAlpha(second));
   }
-  auto out = first ? Picture::makeLike(first) : Picture();
+  auto out = first ? media::Canvas::makeLike(first) : media::Canvas();
   if (!out || !second) return kNoMemory;
   paint(first, second, {planned.progress, planned.time}, out);
-  return out;
+  return share(std::move(out));
 }
 
 Result<Picture> Stack::draw(const FramePlan& plan) {
@@ -179,7 +179,7 @@ Result<Picture> Stack::draw(const FramePlan& plan) {
       result = above;
       continue;
     }
-    if (!result) result = Picture::clear(setting_.size.width, setting_.size.height);
+    if (!result) result = share(media::Canvas::clear(setting_.size.width, setting_.size.height));
     if (!result) return kNoMemory;
     auto drawn = over(result, *planned, above);
     if (!drawn) return drawn;

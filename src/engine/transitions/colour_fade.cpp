@@ -8,7 +8,7 @@ namespace {
 
 PaintTransition through(const media::YuvColour& colour) {
   return [colour](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                  media::Picture& out) {
+                  media::Canvas& out) {
     drawColour(colour, out);
     if (moment.progress < 0.5) {
       mixPictures(below, out, 2 * moment.progress, out);

@@ -8,8 +8,7 @@
 
 namespace kvo::engine {
 
-void mixPictures(const media::Picture& below, const media::Picture& above, double share,
-                 media::Picture& out) {
+void mixPictures(const media::Planes& below, const media::Planes& above, double share, media::Canvas& out) {
   const int whole = static_cast<int>(std::lround(share * media::kFullShare));
   for (int plane = 0; plane < out.planes(); ++plane) {
     for (int y = 0; y < out.height(plane); ++y) {
@@ -21,7 +20,7 @@ void mixPictures(const media::Picture& below, const media::Picture& above, doubl
 
 Result<PaintTransition> makeFade(const Params& /*params*/, int /*width*/, int /*height*/) {
   return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                            media::Picture& out) { mixPictures(below, above, moment.progress, out); });
+                            media::Canvas& out) { mixPictures(below, above, moment.progress, out); });
 }
 
 }  // namespace kvo::engine

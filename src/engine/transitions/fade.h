@@ -6,6 +6,6 @@
 namespace kvo::engine {
 
 /// out = below + (above - below) * share; all of one size and kind. `out` may be one of the two.
-void mixPictures(const media::Picture& below, const media::Picture& above, double share, media::Picture& out);
+void mixPictures(const media::Planes& below, const media::Planes& above, double share, media::Canvas& out);
 
 }  // namespace kvo::engine

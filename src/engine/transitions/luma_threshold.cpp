@@ -10,7 +10,7 @@ namespace {
 constexpr int kSoft = 5000;  // of 65535
 constexpr int kWay = 65535;
 
-void paint(const media::Picture& below, const media::Picture& above, double progress, media::Picture& out) {
+void paint(const media::Picture& below, const media::Picture& above, double progress, media::Canvas& out) {
   const int position = static_cast<int>(progress * (kWay + kSoft));
   const auto width = static_cast<std::size_t>(out.width());
   std::vector<std::uint16_t> thresholds(width);
@@ -37,7 +37,7 @@ void paint(const media::Picture& below, const media::Picture& above, double prog
 
 Result<PaintTransition> makeLumaThreshold(const Params& /*params*/, int /*width*/, int /*height*/) {
   return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                            media::Picture& out) { paint(below, above, moment.progress, out); });
+                            media::Canvas& out) { paint(below, above, moment.progress, out); });
 }
 
 }  // namespace kvo::engine

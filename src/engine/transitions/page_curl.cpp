@@ -68,10 +68,8 @@ Sight sightAt(const Curl& c, double x, double y) {
 }
 
 void paintPlane(const Curl& curl, bool showBack, int plane, const media::Picture& below,
-                const media::Picture& above, media::Picture& out) {
+                const media::Picture& above, media::Canvas& out) {
   const double scale = media::Picture::isChroma(plane) ? 2 : 1;
-  const cv::Mat first = planeOf(below, plane);
-  const cv::Mat second = planeOf(above, plane);
   cv::Mat target = planeOf(out, plane);
   cv::Mat mapX(target.size(), CV_32FC1);
   cv::Mat mapY(target.size(), CV_32FC1);
@@ -91,12 +89,12 @@ void paintPlane(const Curl& curl, bool showBack, int plane, const media::Picture
     }
   }
   cv::Mat page;
-  cv::remap(first, page, mapX, mapY, cv::INTER_LINEAR, cv::BORDER_REPLICATE);
+  cv::remap(planeOf(below, plane), page, mapX, mapY, cv::INTER_LINEAR, cv::BORDER_REPLICATE);
   const float dark = media::Picture::blackOf(plane);
   const float paper = plane == 0 ? 225 : dark;  // the colour of the back
   for (int y = 0; y < target.rows; ++y) {
     const auto* on = page.ptr<std::uint8_t>(y);
-    const auto* under = second.ptr<std::uint8_t>(y);
+    const auto* under = above.row(plane, y);
     auto* row = target.ptr<std::uint8_t>(y);
     for (int x = 0; x < target.cols; ++x) {
       const auto kind = static_cast<Seen>(seen.ptr<std::uint8_t>(y)[x]);
@@ -128,7 +126,7 @@ Result<PaintTransition> makePageCurl(const Params& params, int width, int height
   curl.radius = kRollRadius * diagonal;
   const bool showBack = params.flag("showaback");
   return PaintTransition([=](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                             media::Picture& out) {
+                             media::Canvas& out) {
     if (moment.progress <= 0 || moment.progress >= 1)
       return drawAll(moment.progress <= 0 ? below : above, out);
     auto now = curl;

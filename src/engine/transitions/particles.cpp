@@ -121,7 +121,7 @@ Particle particleOf(const System& system, Scatter scatter, const Area& part, boo
 }
 
 void drawParticle(const System& system, const Camera& camera, const Particle& p, const media::Picture& below,
-                  double progress, media::Picture& out) {
+                  double progress, media::Canvas& out) {
   const double way = std::clamp((progress - p.start) / (1 - p.start), 0.0, 1.0);
   if (way >= 1) return;
   const double fast = way * way;  // they gather speed
@@ -142,7 +142,7 @@ void drawParticle(const System& system, const Camera& camera, const Particle& p,
 }
 
 void paint(const System& system, const media::Picture& below, const media::Picture& above, double progress,
-           media::Picture& out) {
+           media::Canvas& out) {
   const double way = unevenProgress(system.params, progress);
   if (progress >= 1 || way <= 0) return drawAll(progress >= 1 ? above : below, out);
   drawAll(above, out);
@@ -185,7 +185,7 @@ Result<PaintTransition> makeParticles(const Params& params, int width, int heigh
   }
   return PaintTransition([system = std::shared_ptr<const System>(system)](
                              const media::Picture& below, const media::Picture& above, const Moment& moment,
-                             media::Picture& out) { paint(*system, below, above, moment.progress, out); });
+                             media::Canvas& out) { paint(*system, below, above, moment.progress, out); });
 }
 
 }  // namespace kvo::engine

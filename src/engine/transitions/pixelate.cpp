@@ -10,7 +10,7 @@ namespace kvo::engine {
 Result<PaintTransition> makePixelate(const Params& params, int width, int /*height*/) {
   const double largest = params.number("maxsquare", 0, width / 12.0, 2, 512);
   return PaintTransition([=](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                             media::Picture& out) {
+                             media::Canvas& out) {
     // The change-over lies in the middle half, where the squares are large.
     const double share = std::clamp(moment.progress * 2 - 0.5, 0.0, 1.0);
     const double size = 1 + (largest - 1) * (1 - std::abs(moment.progress * 2 - 1));

@@ -62,7 +62,7 @@ bool placesAll(const Params& params, double time, int width, int height) {
 // of the upper picture, in pixels of the movie; all of it where they are not given.
 Result<PaintTransition> makePlacing(const Params& params, int width, int height) {
   return PaintTransition([=](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                             media::Picture& out) {
+                             media::Canvas& out) {
     drawAll(below, out);
     drawScaled(above, areaOf(params, moment.time, width, height, kPart),
                areaOf(params, moment.time, width, height, kPlace), out);

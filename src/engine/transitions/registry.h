@@ -20,7 +20,7 @@ struct Moment {
 /// Draws the mix of `below` and `above` into `out`: all of `below` at progress 0, all of `above` at 1. All
 /// three are of one size and kind; `out` is neither of the others.
 using PaintTransition = std::function<void(const media::Picture& below, const media::Picture& above,
-                                           const Moment& moment, media::Picture& out)>;
+                                           const Moment& moment, media::Canvas& out)>;
 
 /// Prepares a transition for pictures of one size. Fails when a file that it needs cannot be read.
 using MakeTransition = Result<PaintTransition>(const Params& params, int width, int height);

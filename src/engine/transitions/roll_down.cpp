@@ -5,11 +5,11 @@
 namespace kvo::engine {
 
 Result<PaintTransition> makeRollDown(const Params& /*params*/, int /*width*/, int /*height*/) {
-  return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                            media::Picture& out) {
-    drawAll(below, out);
-    drawMoved(above, wholeOf(above), 0, -(1 - moment.progress) * out.height(), out);
-  });
+  return PaintTransition(
+      [](const media::Picture& below, const media::Picture& above, const Moment& moment, media::Canvas& out) {
+        drawAll(below, out);
+        drawMoved(above, wholeOf(above), 0, -(1 - moment.progress) * out.height(), out);
+      });
 }
 
 }  // namespace kvo::engine

@@ -77,7 +77,7 @@ namespace {
 
 // The first picture is on the front of a card and the second on its back, unless the switches say otherwise.
 void paintFlip(const Params& params, const media::Picture& below, const media::Picture& above,
-               double progress, media::Picture& out) {
+               double progress, media::Canvas& out) {
   drawColour({}, out);
   auto motion = motionOf(params, out.width(), out.height(), unevenProgress(params, progress));
   const auto shows = [&](const char* side, bool otherwise) {
@@ -99,7 +99,7 @@ void paintFlip(const Params& params, const media::Picture& below, const media::P
 }
 
 void paint(const Params& params, const media::Picture& below, const media::Picture& above, double progress,
-           media::Picture& out) {
+           media::Canvas& out) {
   if (progress <= 0 || progress >= 1) return drawAll(progress <= 0 ? below : above, out);
   if (params.flag("revolvecamera")) return paintFlip(params, below, above, progress, out);
   drawAll(above, out);
@@ -118,9 +118,9 @@ void paint(const Params& params, const media::Picture& below, const media::Pictu
 // The parameters of motionOf(), "FadeStartA" (a progress) and "ShowABack". Of what goes round "ShowAFront",
 // "ShowABack", "ShowBFront" and "ShowBBack" say what is on either side.
 Result<PaintTransition> makeSimple3D(const Params& params, int /*width*/, int /*height*/) {
-  return PaintTransition(
-      [params](const media::Picture& below, const media::Picture& above, const Moment& moment,
-               media::Picture& out) { paint(params, below, above, moment.progress, out); });
+  return PaintTransition([params](const media::Picture& below, const media::Picture& above,
+                                  const Moment& moment,
+                                  media::Canvas& out) { paint(params, below, above, moment.progress, out); });
 }
 
 }  // namespace kvo::engine

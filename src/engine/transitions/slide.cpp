@@ -7,6 +7,7 @@
 namespace kvo::engine {
 namespace {
 
+using media::Canvas;
 using media::Picture;
 
 enum class Style { Over, Hide, Push, Swap };
@@ -20,7 +21,7 @@ Style styleOf(std::string_view word) {
 
 // One band of the pictures; `way` is 1 for rightward, -1 for leftward.
 void slideBand(const Picture& below, const Picture& above, Style style, const Area& band, double way,
-               double progress, Picture& out) {
+               double progress, Canvas& out) {
   const double width = band.width;
   switch (style) {
     case Style::Over:
@@ -56,7 +57,7 @@ void slideBand(const Picture& below, const Picture& above, Style style, const Ar
 Result<PaintTransition> makeSlide(const Params& params, int /*width*/, int height) {
   const auto style = styleOf(params.word("slidestyle"));
   const int bands = std::min(static_cast<int>(params.count("bands", 1)), height / 2);
-  return PaintTransition([=](const Picture& below, const Picture& above, const Moment& moment, Picture& out) {
+  return PaintTransition([=](const Picture& below, const Picture& above, const Moment& moment, Canvas& out) {
     const double bandHeight = static_cast<double>(out.height()) / bands;
     for (int band = 0; band < bands; ++band) {
       slideBand(below, above, style, {0, band * bandHeight, static_cast<double>(out.width()), bandHeight},

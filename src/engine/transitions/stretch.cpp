@@ -9,7 +9,7 @@ Result<PaintTransition> makeStretch(const Params& params, int /*width*/, int /*h
   const bool hide = style == "hide";  // the second is drawn out over the first, from the left
   const bool push = style == "push";  // and squeezes the first against the right edge
   return PaintTransition([=](const media::Picture& below, const media::Picture& above, const Moment& moment,
-                             media::Picture& out) {
+                             media::Canvas& out) {
     const double width = out.width();
     const double height = out.height();
     const double shown = width * moment.progress;

@@ -10,6 +10,7 @@
 namespace kvo::engine {
 namespace {
 
+using media::Canvas;
 using media::Picture;
 
 constexpr int kWay = 65535;  // thresholds are kept in 16 bits
@@ -36,7 +37,7 @@ ThresholdMap halved(const ThresholdMap& map) {
   return half;
 }
 
-void paint(const Maps& maps, const Picture& below, const Picture& above, double progress, Picture& out) {
+void paint(const Maps& maps, const Picture& below, const Picture& above, double progress, Canvas& out) {
   const int position = static_cast<int>(std::lround(progress * (kWay + maps.softness + maps.border)));
   const auto width = static_cast<std::size_t>(out.width());
   std::vector<std::uint8_t> shares(width);
@@ -70,7 +71,7 @@ PaintTransition byThresholdMap(ThresholdMap map, double softness, const std::opt
     maps->border = std::clamp(static_cast<int>(std::lround(border->width * kWay)), 0, kWay);
     maps->colour = {border->colour.y, border->colour.u, border->colour.v, 255};
   }
-  return [maps](const Picture& below, const Picture& above, const Moment& moment, Picture& out) {
+  return [maps](const Picture& below, const Picture& above, const Moment& moment, Canvas& out) {
     paint(*maps, below, above, moment.progress, out);
   };
 }

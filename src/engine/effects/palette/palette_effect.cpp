@@ -158,7 +158,7 @@ DrawEffect makePaletteEffect(const Params& params, int /*width*/, int height) {
       finish(bgr, source, style);
     });
     if (out && level < 1) mixPictures(picture, out, level, out);
-    return out;
+    return share(std::move(out));
   };
 }
 
