@@ -1,22 +1,13 @@
 // The compiler: clips with a transition, two effects and three keyframes each. A thousand are to take less
 // than half a second, growing in a straight line.
-#include "adapters/posix/posix_files.h"
+#include "editor/compiler/compile.h"
 #include "editor/compiler/effect_word.h"
-#include "editor/compiler/render_file.h"
 
-#include <filesystem>
 #include <string>
 
 #include <benchmark/benchmark.h>
 
 namespace {
-
-class NoBoxes : public kvo::MessageBoxes {
- public:
-  kvo::Answer show(const kvo::Box& box) override { return kvo::defaultAnswer(box.buttons); }
-  kvo::StyledAnswer showStyled(const kvo::StyledBox& /*box*/) override { return {}; }
-  void answerOpenBox() override {}
-};
 
 class SameStreams : public kvo::FrameSource {
  public:
@@ -52,14 +43,11 @@ void compileCollection(benchmark::State& state) {
       collection.KeyframeList.add(std::move(keyframe));
     }
   }
-  kvo::KVO2 settings;
-  kvo::EditorState editor;
+  const kvo::KVO2 settings;
+  const kvo::EffectsTable effects;
   SameStreams streams;
-  kvo::PosixFiles files;
-  NoBoxes boxes;
-  const kvo::ProgramFolder folder(std::filesystem::temp_directory_path().string());
-  const kvo::Compilation c{collection, settings, editor, streams, files, boxes, folder};
-  for (auto _ : state) benchmark::DoNotOptimize(kvo::compileText(c));
+  const auto options = kvo::renderOptions(settings, "silence.wav");
+  for (auto _ : state) benchmark::DoNotOptimize(kvo::compile(collection, options, {streams, effects}));
   state.SetComplexityN(state.range(0));
 }
 

@@ -2,11 +2,9 @@
 
 #include "app/console_render.h"
 #include "base/numbers.h"
-#include "editor/compiler/clip_kinds.h"
 #include "editor/compiler/collection_faults.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
-#include "editor/compiler/render_file.h"
 
 #include <algorithm>
 
@@ -17,22 +15,22 @@ std::string clipName(int number, const Movie& clip) {
   return "clip " + std::to_string(number) + " " + clipFile(clip);
 }
 
-std::string faultText(const Compilation& c, const CollectionFault& fault) {
-  return fault.clip == 0 ? fault.text : clipName(fault.clip, c.clips()[fault.clip]) + ": " + fault.text;
+std::string faultText(const Compiled& made, const CollectionFault& fault) {
+  return fault.clip == 0 ? fault.text
+                         : clipName(fault.clip, *made.clips[fault.clip].record) + ": " + fault.text;
 }
 
 // The document of a collection, unless a fault stands in its way. What was wrong with its reading is told.
 Result<std::string> compileWithoutFaults(Session& session, const ReadReport& report,
                                          std::optional<int> previewPower) {
-  const auto& c = session.compilation;
-  auto text = previewPower ? compilePreviewText(c, *previewPower) : compileText(c);
-  const auto faults = collectionFaults(c, report);
+  auto made = session.compile(previewPower);
+  const auto faults = collectionFaults(made, session.streams, session.files, report);
   for (const auto& fault : faults) {
     if (fault.clip == 0 && !fault.stopsRender) warn(fault.text);
   }
   const auto stops = std::find_if(faults.begin(), faults.end(), [](const auto& f) { return f.stopsRender; });
-  if (stops != faults.end()) return Error{faultText(c, *stops)};
-  return text;
+  if (stops != faults.end()) return Error{faultText(made, *stops)};
+  return std::move(made.text);
 }
 
 }  // namespace
@@ -43,10 +41,9 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   if (session.files.sameFile(line.collection, line.output)) {
     return fail("cannot write " + line.output + ": it is the collection");
   }
-  auto& controls = session.editor.controls;
   if (line.size) {
-    controls.txtWidth = line.size->width;
-    controls.txtHeight = line.size->height;
+    session.settings.adjust().RenderWidth = static_cast<Integer>(line.size->width);
+    session.settings.adjust().RenderHeight = static_cast<Integer>(line.size->height);
   }
   if (line.rate) session.settings.change().OutPutFrameRate = static_cast<Single>(*line.rate);
 
@@ -66,34 +63,31 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
 int runCheck(Session& session, const CommandLine& line) {
   const auto report = session.open(line.collection);
   if (!report) return fail(report.error().text);
-  const auto& c = session.compilation;
-  const auto text = compileText(c);
+  const auto made = session.compile();
   int problems = 0;
   const auto problem = [&](const std::string& text) {
     ++problems;
     print("      problem: " + text + "\n");
   };
-  print(line.collection + ": " + std::to_string(c.clips().count()) + " clips, " +
-        FormatMask(ToNumber(session.editor.LastClipStop), "0.00") + " s of picture\n");
-  const auto faults = collectionFaults(c, *report);
+  print(line.collection + ": " + std::to_string(made.clips.count()) + " clips, " +
+        FormatMask(made.largestStop, "0.00") + " s of picture\n");
+  const auto faults = collectionFaults(made, session.streams, session.files, *report);
   auto fault = std::find_if(faults.begin(), faults.end(), [](const auto& f) { return f.clip > 0; });
   std::for_each(faults.begin(), fault, [&](const auto& f) { problem(f.text); });
-  for (int i = 1; i <= c.clips().count(); ++i) {
-    const auto& clip = c.clips()[i];
-    print(FormatMask(i, "####") + "  " + clipFile(clip) + "\n      section " +
-          FormatMask(clip.LoopStart().number(), "0.00") + " to " +
-          FormatMask(clip.LoopEnd().number(), "0.00") + " s, speed " + ShortText(speedOf(clip)) +
-          ", in the movie " + FormatMask(clip.TimeLineStart().number(), "0.00") + " to " +
-          FormatMask(clip.TimeLineStop().number(), "0.00") + " s" +
-          (isCut(clip.TransType())
+  for (const auto& clip : made.clips) {
+    print(FormatMask(clip.number, "####") + "  " + clipFile(*clip.record) + "\n      section " +
+          FormatMask(clip.LoopStart.number(), "0.00") + " to " + FormatMask(clip.LoopEnd.number(), "0.00") +
+          " s, speed " + ShortText(speedOf(clip)) + ", in the movie " + FormatMask(clip.place.start, "0.00") +
+          " to " + FormatMask(clip.place.stop, "0.00") + " s" +
+          (isCut(clip.TransType)
                ? std::string()
-               : ", " + clip.TransType() + " of " + ShortText(secondsFromTenths(clip.TransIn())) + " s") +
+               : ", " + clip.TransType + " of " + ShortText(secondsFromTenths(clip.TransIn)) + " s") +
           "\n");
-    for (; fault != faults.end() && fault->clip == i; ++fault) problem(fault->text);
+    for (; fault != faults.end() && fault->clip == clip.number; ++fault) problem(fault->text);
   }
   // What stops a render may spoil its document as well; it has been told.
   const bool stops = std::any_of(faults.begin(), faults.end(), [](const auto& f) { return f.stopsRender; });
-  if (auto whole = checkDocument(text); !whole && !stops) problem(whole.error().text);
+  if (auto whole = checkDocument(made.text); !whole && !stops) problem(whole.error().text);
   print(problems == 0 ? "no problems\n"
                       : std::to_string(problems) + (problems == 1 ? " problem\n" : " problems\n"));
   return problems == 0 ? kExitDone : kExitFailed;

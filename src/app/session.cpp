@@ -1,8 +1,9 @@
 #include "app/session.h"
 
 #include "base/guarded.h"
-#include "editor/compiler/effects_file.h"
-#include "editor/compiler/still_options.h"
+#include "editor/tabs/effects_file.h"
+#include "editor/tabs/preview_params.h"
+#include "editor/tabs/still_options.h"
 
 #include <array>
 #include <filesystem>
@@ -55,17 +56,16 @@ Result<ReadReport> Session::open(const std::string& collectionPath) {
   if (auto size = file.checkSize(collectionPath); !size) return size.error();
   auto report = file.ReadINI(collectionPath, {.mayRewrite = false, .keepMissingClips = true});
   if (report.end != ReadEnd::Done) return Error{collectionPath + " cannot be read as a collection"};
-  // The editor's boxes stand as the collection left them.
-  auto& controls = editor.controls;
-  controls.Chk_RenderClipAudio = settings.preferences().RenderVideoAudio;
-  controls.Chk_AutoTrim = settings.preferences().AutoTrimAudio;
-  controls.Opt_StackOverlay =
-      settings.preferences().ExternalAudioStack ? OverlayOrder::InSequence : OverlayOrder::Stacked;
-  controls.txtWidth = settings.preferences().RenderWidth;
-  controls.txtHeight = settings.preferences().RenderHeight;
-  LoadEffects(compilation);
-  GetStillOpts(compilation);
+  LoadEffects(editing);
+  GetStillOpts(editing);
   return report;
+}
+
+Compiled Session::compile(std::optional<int> previewPower) {
+  auto options = renderOptions(settings, folder.beside("\\silence.wav"));
+  if (previewPower)
+    options = previewOptions(std::move(options), GetPreviewParams(editing, *previewPower), *previewPower);
+  return kvo::compile(collection, options, {streams, editor.effects});
 }
 
 }  // namespace kvo

@@ -6,7 +6,7 @@
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
-#include "editor/compiler/compilation.h"
+#include "editor/tabs/editing.h"
 #include "program/collection_store.h"
 
 namespace kvo {
@@ -26,6 +26,9 @@ class Session {
   /// Reads a collection without touching its file. Clips whose file is missing stay in the list.
   Result<ReadReport> open(const std::string& collectionPath);
 
+  /// Compiles the collection for a render, or for a preview of the given power. Nothing is written back.
+  Compiled compile(std::optional<int> previewPower = std::nullopt);
+
   PosixFiles files;
   PosixClock clock;
   PosixProcesses processes;
@@ -38,7 +41,7 @@ class Session {
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
   CollectionStore file{files, clock, boxes, log, folder, settings, collection};
-  Compilation compilation{collection, settings, editor, streams, files, boxes, folder, log, clock};
+  Editing editing{collection, settings, editor, streams, files, boxes, folder, log, clock};
 };
 
 }  // namespace kvo

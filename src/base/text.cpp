@@ -122,6 +122,34 @@ std::string quoted(std::string_view text) {
   return out.append(1, '"').append(text).append(1, '"');
 }
 
+std::string_view takeLine(std::string_view& text) {
+  const auto end = std::min(text.find('\n'), text.size());
+  auto line = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+std::vector<std::string> commaFields(std::string_view line) {
+  std::vector<std::string> fields;
+  bool more = true;
+  while (more) {
+    line = line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
+    std::size_t end = 0;
+    if (line.starts_with('"')) {
+      const auto close = std::min(line.find('"', 1), line.size());
+      fields.emplace_back(line.substr(1, close - 1));
+      end = std::min(line.find(',', close), line.size());
+    } else {
+      end = std::min(line.find(','), line.size());
+      fields.emplace_back(trimmed(line.substr(0, end)));
+    }
+    more = end < line.size();
+    line.remove_prefix(std::min(end + 1, line.size()));
+  }
+  return fields;
+}
+
 std::string blanks(std::size_t count) { return std::string(count, ' '); }
 
 std::string extensionOf(std::string_view name) {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvo {
 
@@ -37,6 +38,13 @@ std::string_view nextLine(std::string_view& text);
 std::string quoted(std::string_view text);
 
 std::string blanks(std::size_t count);
+
+/// Takes the first line off a text, and gives it without its line end (LF or CR LF).
+std::string_view takeLine(std::string_view& text);
+
+/// The fields of a line, apart at commas and without the blanks around them; one in quotes keeps the commas
+/// in it, and loses the quotes.
+std::vector<std::string> commaFields(std::string_view line);
 
 /// The kind of a file by its name: the last three characters, or what follows a full stop inside those
 /// three, in capitals. So "a.jpeg" gives "PEG" and "a.au" gives "AU".

@@ -1,8 +1,7 @@
 // What records hold on its way through the documents into the engine: names of files, and times.
 #include "editor/compiler/collection_faults.h"
 #include "editor/compiler/picture_in_picture.h"
-#include "editor/compiler/render_file.h"
-#include "editor/compiler/sample_documents.h"
+#include "editor/tabs/operations.h"
 #include "engine/document/document_reader.h"
 #include "support/fakes.h"
 
@@ -25,7 +24,7 @@ void addClips(test::Bench& b, const std::string& name, bool still) {
 }
 
 std::vector<std::pair<std::string, std::string>> documentsOf(const test::Bench& b) {
-  const auto& c = b.compilation;
+  const auto& c = b.editing;
   return {{"render", compileText(c)},
           {"preview", compilePreviewText(c, 7)},
           {"transition", Previewtransition(c, 2)},
@@ -93,10 +92,11 @@ TEST(Times, ThatTheEngineRefusesAreFaults) {
             clip.Playspeed(speed);
             b.collection.MovieList[2].TransType("Fade");
             b.collection.MovieList[2].TransIn(transition);
-            const auto timeline = engine::readDocument(compileText(b.compilation));
+            const auto made = compile(b.collection, optionsOf(b.editing), {b.streams, b.editor.effects});
+            const auto timeline = engine::readDocument(made.text);
             if (timeline) continue;
             ++refused;
-            const auto faults = collectionFaults(b.compilation);
+            const auto faults = collectionFaults(made, b.streams, b.files);
             EXPECT_TRUE(
                 std::any_of(faults.begin(), faults.end(), [](const auto& f) { return f.stopsRender; }))
                 << odd << ": " << start.text() << " to " << end.text() << " at " << speed << ", transition "

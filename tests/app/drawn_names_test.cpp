@@ -1,8 +1,8 @@
 // Every transition and effect that a user can choose, from its name in a collection to the picture.
-#include "editor/compiler/effects_file.h"
 #include "editor/compiler/picture_in_picture.h"
-#include "editor/compiler/render_file.h"
 #include "editor/compiler/transition_names.h"
+#include "editor/tabs/effects_file.h"
+#include "editor/tabs/operations.h"
 #include "engine/document/document_reader.h"
 #include "engine/picture/compositor.h"
 #include "support/fakes.h"
@@ -39,7 +39,7 @@ class DrawnNames : public testing::Test {
     b.editor.controls.txtWidth = kWidth;
     b.editor.controls.txtHeight = kHeight;
     b.editor.controls.Chk_RenderClipAudio = false;
-    auto timeline = engine::readDocument(compileText(b.compilation));
+    auto timeline = engine::readDocument(compileText(b.editing));
     EXPECT_TRUE(timeline) << what << ": " << timeline.error().text;
     return timeline ? std::move(*timeline) : engine::Timeline{};
   }
@@ -103,7 +103,7 @@ TEST_F(DrawnNames, EveryEffectIsSeen) {
   }();
   for (std::size_t position = 0; position < 46; ++position) {
     test::Bench b;
-    LoadEffects(b.compilation);
+    LoadEffects(b.editing);
     auto& clip = addStill(b, "scene.png", 3);
     std::string word(46, '0');
     word[position] = '1';
@@ -138,7 +138,7 @@ TEST_F(DrawnNames, APictureInAPictureStandsInItsPlace) {
        {std::tuple{1, 10, 10}, std::tuple{4, 100, 60}, std::tuple{12, 110, 66}, std::tuple{15, 64, 36}}) {
     backdrop.HasPicInPic(
         picInPicText({.overlayClip = 2, .position = position, .fadeIn = 1000, .fadeOut = 1000}));
-    const auto text = CreatePinPPreview(b.compilation, 1, {.backdropAudio = true});
+    const auto text = CreatePinPPreview(b.editing, 1, {.backdropAudio = true});
     const auto timeline = engine::readDocument(text);
     ASSERT_TRUE(timeline) << timeline.error().text << text;
     engine::Compositor compositor(*timeline);
@@ -155,7 +155,7 @@ TEST_F(DrawnNames, APictureInAPictureStandsInItsPlace) {
   }
   // The radial style fades out to nothing at its rim.
   backdrop.HasPicInPic(picInPicText({.overlayClip = 2, .style = OverlayStyle::Radial, .position = 8}));
-  const auto timeline = engine::readDocument(CreatePinPPreview(b.compilation, 1, {}));
+  const auto timeline = engine::readDocument(CreatePinPPreview(b.editing, 1, {}));
   ASSERT_TRUE(timeline);
   engine::Compositor compositor(*timeline);
   const auto round = frame(compositor, 20, "");

@@ -1,7 +1,6 @@
 // Any records, read from any bytes, through the whole compiler: it must neither crash nor hang.
 #include "editor/compiler/picture_in_picture.h"
-#include "editor/compiler/render_file.h"
-#include "editor/compiler/sample_documents.h"
+#include "editor/tabs/operations.h"
 #include "support/store_bench.h"
 
 namespace {
@@ -27,8 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   b.file.ReadINI("/col/a.INI", {.mayRewrite = false, .keepMissingClips = true});
   while (b.collection.MovieList.count() > kMaxClips)
     b.collection.MovieList.remove(b.collection.MovieList.count());
-  const kvo::Compilation c{b.collection, b.settings, b.editor, streams, b.files,
-                           b.boxes,      b.folder,   b.log,    b.clock};
+  const kvo::Editing c{b.collection, b.settings, b.editor, streams, b.files,
+                       b.boxes,      b.folder,   b.log,    b.clock};
   kvo::compileText(c);
   kvo::compilePreviewText(c, 1 + static_cast<int>(size % 10));
   for (int i = 1; i <= std::min(c.clips().count(), 3); ++i) {

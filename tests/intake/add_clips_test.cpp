@@ -78,7 +78,7 @@ TEST(Keyframes, EveryClipThatOwnsOneIsToldSo) {
     keyframe.ClipName = owner;
     b.collection.KeyframeList.add(keyframe);
   }
-  ValidateKeyFrames(b.compilation);
+  ValidateKeyFrames(b.collection);
   EXPECT_EQ(b.collection.KeyframeList.count(), 1);
   for (int i = 1; i <= 3; ++i) EXPECT_EQ(b.collection.MovieList[i].HasKeyFrames(), i < 3) << i;
 }

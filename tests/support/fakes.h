@@ -1,7 +1,7 @@
 // A collection on stand-ins for the ports.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/tabs/editing.h"
 #include "support/memory_files.h"
 #include "support/named_streams.h"
 #include "support/scripted_boxes.h"
@@ -22,7 +22,7 @@ struct Bench {
   Collection collection;
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
-  Compilation compilation{collection, settings, editor, streams, files, boxes, folder, log, clock};
+  Editing editing{collection, settings, editor, streams, files, boxes, folder, log, clock};
   ChangePoster poster{settings};
 
   /// A clip with picture and sound at normal speed.

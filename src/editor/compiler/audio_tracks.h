@@ -1,38 +1,34 @@
-// The audio group: the clips' own sound under their pictures, the overlay audio of the collection, and the
-// checks on where audio clips stand.
+// The audio group: the clips' own sound under their pictures, and the music of the collection.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/compiler/compile_options.h"
+#include "editor/compiler/document_text.h"
+#include "editor/compiler/timeline_clips.h"
 
+#include <string>
 #include <string_view>
 
 namespace kvo {
 
 inline constexpr std::string_view kAudioRate = "44100";  ///< samples a second of every movie
 
-/// Sets AudioGroupText and starts the count of envelopes.
-void CreateAudioGroup(EditorState& editor, std::string_view rate);
+/// The opening tag of the audio group, with its line end.
+std::string audioGroupTag(std::string_view rate);
 
-/// Starts AudioTrackText and appends a track for each clip with a picture whose sound is wanted.
-/// CreateClipLine has to run first: the sound lies where the picture lies.
-void CreateAudioClipLine(const Compilation& c);
+/// A track for each clip with a picture whose sound is wanted, behind a line end. The clips have been placed:
+/// the sound lies where the picture lies.
+std::string clipAudioTracks(const CompileOptions& options, TimelineClips& clips);
 
-/// Appends a track for each overlay audio clip and leaves AudioTotalTime. `quiet` shows no status.
-void AddOverlayAudioTracks(const Compilation& c, bool quiet);
+struct OverlayTracks {
+  std::string tracks;  ///< behind a line end
+  double stop = 0;     ///< seconds where the last one stops, 0 without any
+};
+
+/// A track for each clip of music that is to be heard; places them. `videoEnd`, in seconds, is where they are
+/// trimmed, 0 for nowhere.
+OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips, double videoEnd);
 
 /// The number of clips that count as audio by their Resolution text.
-int GetNumAudioTracks(const Compilation& c);
-
-/// True if any clip is music that can be laid under a movie.
-bool CheckForAudiotrack(const Compilation& c);
-
-/// True if any clip is sound alone, also of a kind that cannot.
-bool AtLeastOneAudioInCollection(const Compilation& c);
-
-/// The number of the first clip of sound that stands ahead of one with a picture, 0 when there is none.
-int misplacedSound(const Compilation& c);
-
-/// Checks that audio clips stand at the end; true, with a warning box that names the clip, when one does not.
-bool IsAudioBeforeVideo(const Compilation& c);
+int GetNumAudioTracks(const TimelineClips& clips);
 
 }  // namespace kvo

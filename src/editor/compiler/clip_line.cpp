@@ -1,170 +1,146 @@
 #include "editor/compiler/clip_line.h"
 
-#include "base/text.h"
-#include "core/telling/deployment.h"
-#include "editor/compiler/audio_tracks.h"
-#include "editor/compiler/clip_kinds.h"
+#include "editor/compiler/document_text.h"
 #include "editor/compiler/durations.h"
-#include "editor/compiler/effect_elements.h"
-#include "editor/compiler/effect_panel.h"
-#include "editor/compiler/keep_records.h"
-#include "editor/compiler/preview_params.h"
 #include "editor/compiler/transition_element.h"
 
-#include <string>
+#include <algorithm>
 
 namespace kvo {
 namespace {
 
-constexpr int kQuietChange = 98;  // change codes from here on run without the progress display
-
 struct ClipTimes {
-  std::string mstart;
-  std::string mstop;
-  std::string start;
-  std::string stop;
+  Value mstart;  // as it stands in the record, where it does
+  double mstop = 0;
+  double start = 0;
+  double stop = 0;
 };
 
 // Place of clip i in a whole-collection pass; `running` comes in as the end of the clip before and goes out
 // as the clip's start.
-ClipTimes placeOnTimeline(const Compilation& c, int i, double& running) {
-  auto& clip = c.clips()[i];
-  if (i > 1 && !isCut(clip.TransType()) && clip.TransIn() != 0) {
-    const double end = clip.Playspeed() == 10 ? c.clips()[i - 1].TimeLineStop().number() : running;
-    running = end - secondsFromTenths(clip.TransIn());
+ClipTimes placeOnTimeline(TimelineClips& clips, int i, double& running) {
+  auto& clip = clips[i];
+  if (i > 1 && !isCut(clip.TransType) && clip.TransIn != 0) {
+    const double end = clip.record->Playspeed() == 10 ? clips[i - 1].place.stop : running;
+    running = end - secondsFromTenths(clip.TransIn);
   }
-  ClipTimes times{secondsText(clip.LoopStart()), fixedText(clip.LoopEnd().number()), "0", ""};
-  if (i > 1) times.start = startText(running);
-  times.stop = fixedText((i > 1 ? running : 0) + timelineLength(clip));
-  clip.TimeLineStart(Value(times.start));
-  clip.TimeLineStop(Value(times.stop));
-  return times;
+  clip.place = {i > 1 ? asWritten(running, Digits::Four) : 0,
+                asWritten((i > 1 ? running : 0) + timelineLength(clip), Digits::Four)};
+  clip.placed = true;
+  return {clip.LoopStart, clip.LoopEnd.number(), clip.place.start, clip.place.stop};
 }
 
 // The section of clip i that a transition preview shows.
-ClipTimes placeInPreview(const Compilation& c, int i, const ClipLineOptions& o) {
-  const auto& clip = c.clips()[i];
-  const auto& last = c.clips()[o.LastClip];
-  const double start = clip.LoopStart().number();
-  const double end = clip.LoopEnd().number();
+ClipTimes placeInPreview(const TimelineClips& clips, int i, const ClipLineOptions& o) {
+  const auto& clip = clips[i];
+  const auto& last = clips[o.LastClip];
+  const double start = clip.LoopStart.number();
+  const double end = clip.LoopEnd.number();
   const double speed = speedOf(clip);
   const bool isFirst = i == o.FirstClip;
   if (o.FixedDuration) {
-    const double d = ToNumber(ShortText(o.FixedSeconds));
-    if (isFirst) return {ShortText(end - speed * d), fixedText(end), "0", fixedText(d)};
-    return {secondsText(clip.LoopStart()), fixedText(start + speed * d), ShortText(d), fixedText(2 * d)};
+    const double d = decimal(o.FixedSeconds);
+    return isFirst ? ClipTimes{Value(end - speed * d), end, 0, d}
+                   : ClipTimes{clip.LoopStart, start + speed * d, d, 2 * d};
   }
-  if (o.FirstClip == o.LastClip) {
-    return {secondsText(clip.LoopStart()), fixedText(end), "0", fixedText(timelineLength(clip))};
-  }
-  const double t = secondsFromTenths(last.TransIn());
-  const auto stop = fixedText(t / speedOf(last));
-  if (isFirst) return {ShortText(end - t * speed), fixedText(end), "0", stop};
-  return {secondsText(clip.LoopStart()), fixedText(start + t * speed), "0", stop};
+  if (o.FirstClip == o.LastClip) return {clip.LoopStart, end, 0, timelineLength(clip)};
+  const double t = secondsFromTenths(last.TransIn);
+  const double stop = t / speedOf(last);
+  return isFirst ? ClipTimes{Value(end - t * speed), end, 0, stop}
+                 : ClipTimes{clip.LoopStart, start + t * speed, 0, stop};
 }
 
-// The effect blocks of a clip, each on a line of its own; the colour block's line stands even when it has
-// nothing to say.
-std::string effectBlocks(const Compilation& c, const KeyframeIndex& keyframes, int clipNo, std::string stop) {
-  const auto& clip = c.clips()[clipNo];
-  std::string text;
-  if (ToNumber(clip.EffectWord()) != 0) {
-    std::string block;
-    CreateBasicImageStringFromEffectWord(c, keyframes, clipNo, clip.EffectWord(), "0", stop, block);
-    text += "\r\n" + blanks(15) + block;
-  }
-  return text + "\r\n" + blanks(15) + AddColorContrastAdjust(c, clipNo, "0");
-}
-
-std::string clipElement(const Movie& clip, const ClipTimes& times, bool useSourceFile,
+std::string clipElement(const Movie& clip, const ClipTimes& times, const std::string& file,
                         const std::string& effects) {
-  const auto file =
-      useSourceFile && !clip.SrcPath().empty() ? clip.SrcPath() + clip.SrcName() : clipFile(clip);
-  auto text = blanks(10) + "<track>\r\n" + blanks(10) + "<clip src=" + quoted(file) + " ";
-  if (clip.IsStill()) text += " stretchmode=" + quoted(stretchModeText(clip.stretchmode())) + "  ";
-  text += "mstart=" + quoted(times.mstart) + " mstop=" + quoted(times.mstop) +
-          " start=" + quoted(times.start) + " stop=" + quoted(times.stop) + " >\r\n";
-  text += effects;
-  return text + "\r\n" + blanks(10) + " </clip>\r\n\r\n";
+  const auto mstart = secondsText(times.mstart);
+  const auto mstop = fixedText(times.mstop);
+  const auto start = shortNumber(times.start);
+  const auto stop = fixedText(times.stop);
+  auto text =
+      std::string(tag::kTrack) +
+      (clip.IsStill()
+           ? tag::clip({{"src", file},
+                        {"stretchmode", std::string(stretchModeText(clip.stretchmode())), 2},
+                        {"mstart", mstart, 2},
+                        {"mstop", mstop},
+                        {"start", start},
+                        {"stop", stop}},
+                       " >")
+           : tag::clip(
+                 {{"src", file}, {"mstart", mstart}, {"mstop", mstop}, {"start", start}, {"stop", stop}},
+                 " >"));
+  // The closing tag stands one column further in than its opening one.
+  return text.append("\r\n").append(effects).append("\r\n ").append(tag::kEndClip).append("\r\n");
+}
+
+// What a clip is heard with, and how long a still lasts, before it is written.
+void prepare(TimelineClip& clip, const CompileOptions& options, bool timingOnly) {
+  if (clip.record->IsStill()) {
+    clip.HasAudio = false;
+    clip.RenderAudio = false;
+    giveStillLength(clip, options.stillDuration);
+  } else if (!timingOnly) {
+    clip.HasAudio = clip.hasSound;
+  }
 }
 
 }  // namespace
 
-void CreateClipLine(const Compilation& c, ClipLineOptions o) {
-  const KeepRecords keep(c);
-  auto& editor = c.editor;
-  auto& settings = c.settings;
-  if (GetNumAudioTracks(c) >= 1) settings.change().DubInPlaylistAudioTrks = true;
-  UpdateTrackFade(c, true);
-  const bool preview = o.TransitionPreview;
-  if (o.Analysing) {
-    static_cast<void>(GetPreviewParams(c, settings.preferences().PreviewCPU));
-  } else {
-    settings.state.RenderEffects = true;
-    settings.state.RenderTransitions = true;
-  }
-  const bool showProgress = !preview && settings.state.ObjectChange < kQuietChange;
-  if (preview) {
-    settings.state.RenderTransitions = true;
-  } else {
-    editor.AudioTotalTime.clear();
-    editor.controls.progressVisible = showProgress;
-    editor.controls.Lbl_Status = o.Analysing ? "Analysing Video" : "Preparing Video";
-    editor.controls.progressCaption = "Analysing";
-  }
-
-  const KeyframeIndex keyframes(c);
-  const int first = preview ? o.FirstClip : 1;
-  const int last = preview ? o.LastClip : c.clips().count();
-  const bool fullCompile = settings.state.ObjectChange == 0;
-  auto& tracks = editor.texts.VideoTrackText;
-  const auto endTrack = [&] { tracks += blanks(10) + "</track>\r\n\r\n"; };
+VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const ClipLineOptions& o) {
+  const auto& options = sources.options;
+  const auto endTrack = std::string(tag::kEndTrack) + "\r\n\r\n";
+  const int first = o.TransitionPreview ? o.FirstClip : 1;
+  const int last = o.TransitionPreview ? o.LastClip : clips.count();
+  setAudioFades(clips);
+  VideoLine line;
   double running = 0;
-  std::string lastStop;
+  bool leadsIn = o.TransitionPreview;  // the clip ahead of the transition, which has its end only
   for (int i = first; i <= last; ++i) {
-    auto& clip = c.clips()[i];
-    if (fullCompile && editor.controls.progressVisible) editor.controls.progressValue = i;
-    ResetObjForNonEffectOs(clip, kSystemTag);
-    if (isSound(c, clip)) continue;
-    if (clip.IsStill()) {
-      clip.HasAudio(false);
-      clip.RenderAudio(false);
-      giveStillLength(c, clip);
-    } else if (fullCompile) {
-      const auto facts = c.streams.facts(clipFile(clip));
-      clip.HasAudio(facts && facts->hasAudio);
-    }
+    auto& clip = clips[i];
+    if (clip.isSound) continue;
+    prepare(clip, options, o.TimingOnly);
+    const auto times = o.TransitionPreview ? placeInPreview(clips, i, o) : placeOnTimeline(clips, i, running);
+    const double stop = asWritten(times.stop, Digits::Four);
+    line.stop = stop;
+    line.tracks +=
+        clipElement(*clip.record, times, o.UseSourceFile ? sourceFile(*clip.record) : clipFile(*clip.record),
+                    o.TimingOnly ? std::string() : effectLines(sources, clip, stop));
+    if (clip.TransType.empty()) clip.TransType = "CUT";
 
-    const auto times = preview ? placeInPreview(c, i, o) : placeOnTimeline(c, i, running);
-    lastStop = times.stop;
-    tracks += clipElement(clip, times, o.UseSourceFile,
-                          fullCompile ? effectBlocks(c, keyframes, i, times.stop) : std::string());
-    if (clip.TransType().empty()) clip.TransType("CUT");
-
-    if (isCut(clip.TransType())) {
-      endTrack();
-    } else if (o.TransitionPreview && i == o.FirstClip) {
-      o.TransitionPreview = false;
-      endTrack();
+    if (isCut(clip.TransType)) {
+      line.tracks += endTrack;
+    } else if (std::exchange(leadsIn, false) && i == o.FirstClip) {
+      line.tracks += endTrack;
       continue;
+    } else if (o.TimingOnly) {
+      line.tracks += endTrack;
     } else {
-      o.TransitionPreview = false;
-      if (!fullCompile) {
-        endTrack();
-      } else if (o.TransitionZero) {
-        AddTransition(c, tracks, recordedTransition(c, i, "0", ShortText(editor.controls.Sld_In.Value / 10)));
-      } else {
-        AddTransition(c, tracks, recordedTransition(c, i, i == 1 ? "0" : ShortText(running), times.stop));
-      }
+      const double start = o.TransitionZero || i == 1 ? 0 : running;
+      const auto end = o.TransitionZero ? Stamp{o.SliderSeconds} : Stamp{stop, Digits::Four};
+      line.tracks += AddTransition(options, clips, i, recordedTransition(clip, options, start, end));
     }
     running = o.FixedDuration ? static_cast<double>(o.FixedSeconds) : running + timelineLength(clip);
-    editor.LastClipStop = clip.TimeLineStop().text();
+    line.largestStop = clip.place.stop;
   }
+  line.largestStop = std::max(line.largestStop, line.stop.value_or(0));
+  return line;
+}
 
-  editor.VideoTotalTime = lastStop.empty() ? "0" : lastStop;
-  editor.controls.progressVisible = false;
-  if (ToNumber(lastStop) > ToNumber(editor.LastClipStop)) editor.LastClipStop = lastStop;
-  editor.controls.Fra_Preview = "0 to " + FormatMask(ToNumber(editor.LastClipStop), "0.00") + " (s)";
+std::string_view stretchModeText(Integer mode) {
+  switch (mode) {
+    case 1:
+      return "preserveaspectratio";
+    case 2:
+      return "preserveaAspectrationoletterbox";
+    case 3:
+      return "crop";
+    default:
+      return "stretch";
+  }
+}
+
+std::string sourceFile(const Movie& clip) {
+  return clip.SrcPath().empty() ? clipFile(clip) : clip.SrcPath() + clip.SrcName();
 }
 
 }  // namespace kvo

@@ -1,24 +1,39 @@
 // The video tracks of a timeline document, and with them the place of every clip on the timeline.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/compiler/effect_elements.h"
+#include "editor/compiler/timeline_clips.h"
+
+#include <optional>
+#include <string>
 
 namespace kvo {
 
 struct ClipLineOptions {
-  bool Analysing = false;  ///< effects and transitions as the preview's power says; a render has them all
-  bool TransitionPreview = false;  ///< only FirstClip to LastClip, and the records are left alone
+  bool TransitionPreview = false;  ///< only FirstClip to LastClip, and no clip is placed
   int FirstClip = 1;
   int LastClip = 1;
   bool TransitionZero = false;  ///< transitions start at 0 and last as the slider says
   bool FixedDuration = false;   ///< a cut is shown with FixedSeconds of each side
   Single FixedSeconds = 0;
   bool UseSourceFile = false;  ///< SrcPath + SrcName where set, in place of Path + MovieName
+  double SliderSeconds = 0;    ///< of the transition slider
+  bool TimingOnly = false;     ///< places alone are wanted: effects and transitions are left out
 };
 
-/// Fills VideoTrackText with a track for each clip that has a picture and writes TimeLineStart and
-/// TimeLineStop into the records. Leaves VideoTotalTime and LastClipStop. A record's or the settings' dirty
-/// flag, and the change code, are the same afterwards.
-void CreateClipLine(const Compilation& c, ClipLineOptions options);
+struct VideoLine {
+  std::string tracks;
+  std::optional<double> stop;  ///< seconds where the last clip stops; none without a clip
+  double largestStop = 0;      ///< seconds: the largest of the last clip handled and the line's stop
+};
+
+/// A track for each clip that has a picture; places the clips and brings what they are held to in order.
+VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const ClipLineOptions& options);
+
+/// The stretchmode attribute of a still, spelled as readers of a document know it.
+std::string_view stretchModeText(Integer mode);
+
+/// SrcPath + SrcName where that is set, else Path + MovieName.
+std::string sourceFile(const Movie& clip);
 
 }  // namespace kvo

@@ -1,8 +1,7 @@
 #include "editor/compiler/collection_faults.h"
 
 #include "base/text.h"
-#include "editor/compiler/audio_tracks.h"
-#include "editor/compiler/clip_kinds.h"
+#include "editor/compiler/document_text.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/picture_in_picture.h"
 #include "editor/compiler/transition_names.h"
@@ -21,20 +20,21 @@ constexpr double kHighestRate = 1000;
 
 class Faults {
  public:
-  Faults(const Compilation& c, const ReadReport& report) : c_(c) {
+  Faults(const Compiled& compiled, FrameSource& streams, const Files& files, const ReadReport& report)
+      : compiled_(compiled), streams_(streams), files_(files) {
+    const auto& clips = compiled.clips;
     readFaults(report);
-    if (c.clips().empty()) stop("the collection has no clips");
-    if (!c.editor.hasNoVideo) outputFaults();
-    const int misplaced = misplacedSound(c);
-    for (number_ = 1; number_ <= c.clips().count(); ++number_) {
-      const auto& clip = c.clips()[number_];
-      const bool sound = isSound(c, clip);
+    if (clips.count() == 0) stop("the collection has no clips");
+    if (compiled.hasPicture) outputFaults();
+    const int misplaced = misplacedSound(clips);
+    for (const auto& clip : clips) {
+      number_ = clip.number;
       if (number_ == misplaced) stop("it is sound and stands ahead of a clip with a picture");
-      fileFaults(clip, sound);
-      timeFaults(clip, sound);
-      if (!sound && !isCut(clip.TransType()) && !isTransition(clip.TransType()))
-        stop("there is no transition " + clip.TransType());
-      heldValues(clip);
+      fileFaults(clip);
+      timeFaults(clip);
+      if (!clip.isSound && !isCut(clip.TransType) && !isTransition(clip.TransType))
+        stop("there is no transition " + clip.TransType);
+      heldValues(*clip.record);
     }
   }
 
@@ -57,39 +57,38 @@ class Faults {
   }
 
   [[nodiscard]] bool anyTakesPart() const {
-    for (int i = 1; i <= c_.clips().count(); ++i) {
-      const auto& clip = c_.clips()[i];
-      if (!isSound(c_, clip) || (clip.RenderAudio() && c_.settings.preferences().DubInPlaylistAudioTrks))
-        return true;
-    }
-    return false;
+    return std::any_of(compiled_.clips.begin(), compiled_.clips.end(), [&](const auto& clip) {
+      return !clip.isSound || (clip.RenderAudio && compiled_.hasMusic);
+    });
   }
 
   void outputFaults() {
-    const double rate = ToNumber(ShortText(c_.settings.preferences().OutPutFrameRate));
+    const double rate = decimal(compiled_.output.rate);
     if (rate < kLowestRate || rate > kHighestRate)
       stop("its frame rate of " + ShortText(rate) + " is not within 1 to 1000");
-    const auto& editor = c_.editor;
+    const auto& output = compiled_.output;
     if (!anyTakesPart())
       stop("nothing of it goes into a movie: there is no picture, and its sound is switched off");
-    if (editor.OutputWidth < 2 || editor.OutputHeight < 2) {
-      stop("its size of " + std::to_string(editor.OutputWidth) + " x " + std::to_string(editor.OutputHeight) +
+    if (output.width < 2 || output.height < 2) {
+      stop("its size of " + std::to_string(output.width) + " x " + std::to_string(output.height) +
            " is too small for a movie");
     }
   }
 
-  void fileFaults(const Movie& clip, bool sound) {
+  void fileFaults(const TimelineClip& timelineClip) {
+    const auto& clip = *timelineClip.record;
+    const bool sound = timelineClip.isSound;
     const auto path = clipFile(clip);
-    if (!c_.files.exists(path)) return stop("the file is missing");
+    if (!files_.exists(path)) return stop("the file is missing");
     const auto instead = clip.SrcPath() + clip.SrcName();
-    if (!sound && !clip.SrcPath().empty() && !c_.files.exists(instead))
+    if (!sound && !clip.SrcPath().empty() && !files_.exists(instead))
       stop("the file that a movie takes in its place is missing: " + instead);
-    if (sound && !isMusic(c_, clip)) return stop("sound of its kind cannot be put into a movie");
-    const auto facts = c_.streams.facts(path);
+    if (sound && !timelineClip.isMusic) return stop("sound of its kind cannot be put into a movie");
+    const auto facts = streams_.facts(path);
     if (!facts) return stop(facts.error().text);
     if (sound && !facts->hasAudio) stop("there is no sound in it");
     if (!sound && !facts->hasVideo) stop("there is no picture in it");
-    const double end = clip.LoopEnd().number();
+    const double end = timelineClip.LoopEnd.number();
     // The last picture stands while the sound goes on.
     const double whole = std::max(facts->duration, facts->wholeDuration);
     if (!clip.IsStill() && whole > 0 && end > whole + kDurationSlack) {
@@ -98,16 +97,18 @@ class Faults {
   }
 
   // The times as a document gives them, which a renderer refuses where they make no sense.
-  void timeFaults(const Movie& clip, bool sound) {
-    const bool takesPart = !sound || clip.RenderAudio();
+  void timeFaults(const TimelineClip& clip) {
+    const bool sound = clip.isSound;
+    const bool takesPart = !sound || clip.RenderAudio;
     const auto fault = [&](std::string text) { all.push_back({number_, std::move(text), takesPart}); };
-    if (clip.Playspeed() < 0) return fault("its speed of " + ShortText(speedOf(clip)) + " cannot be played");
+    if (clip.record->Playspeed() < 0)
+      return fault("its speed of " + ShortText(speedOf(clip)) + " cannot be played");
     if (speedOf(clip) < kSlowest)
       return fault("its speed of " + ShortText(speedOf(clip)) + " is below " + ShortText(kSlowest));
-    const double start = ToNumber(secondsText(clip.LoopStart()));
-    const double end = ToNumber(fixedText(clip.LoopEnd().number()));
-    const double placed = ToNumber(clip.TimeLineStart().text());
-    const double stopped = ToNumber(clip.TimeLineStop().text());
+    const double start = ToNumber(secondsText(clip.LoopStart));
+    const double end = ToNumber(fixedText(clip.LoopEnd.number()));
+    const double placed = clip.place.start;
+    const double stopped = clip.place.stop;
     for (const double seconds : {start, end, placed, stopped}) {
       if (std::fabs(seconds) >= kLongestTime)
         return fault("its time of " + ShortText(seconds) + " s is beyond what a movie can hold");
@@ -117,10 +118,9 @@ class Faults {
     if (end <= std::max({start, soundStart, 0.0}))
       return fault("its section ends at " + ShortText(end) + " s, ahead of its start");
     if (start < 0) tell("its section starts at " + ShortText(start) + " s, ahead of the file");
-    if (!clip.TimeLineStop().isSet()) return;  // left out of the movie
+    if (!clip.placed) return;  // left out of the movie
     // Behind a clip that runs backwards all are placed ahead of the movie; that one has been told of.
-    if (placed < 0 && !isCut(clip.TransType()))
-      fault("its transition is longer than what stands ahead of it");
+    if (placed < 0 && !isCut(clip.TransType)) fault("its transition is longer than what stands ahead of it");
     const double played = ToNumber(fixedText(soundStart + (stopped - placed) * speedOf(clip)));
     if (stopped <= placed || (sound && played <= soundStart))
       fault("it has no length in the movie at its speed of " + ShortText(speedOf(clip)));
@@ -144,14 +144,17 @@ class Faults {
       tell("its picture-in-picture field makes no sense and is left out");
   }
 
-  const Compilation& c_;
+  const Compiled& compiled_;
+  FrameSource& streams_;
+  const Files& files_;
   int number_ = 0;
 };
 
 }  // namespace
 
-std::vector<CollectionFault> collectionFaults(const Compilation& c, const ReadReport& report) {
-  return Faults(c, report).all;
+std::vector<CollectionFault> collectionFaults(const Compiled& compiled, FrameSource& streams,
+                                              const Files& files, const ReadReport& report) {
+  return Faults(compiled, streams, files, report).all;
 }
 
 }  // namespace kvo

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "core/file/read_report.h"
-#include "editor/compiler/compilation.h"
+#include "editor/compiler/compile.h"
+#include "ports/files.h"
 
 #include <string>
 #include <vector>
@@ -16,8 +17,9 @@ struct CollectionFault {
   bool stopsRender = false;
 };
 
-/// All faults of the collection, in the order of its clips, those of the whole ahead of them. It has been
-/// compiled before, so that its times are known. `report` tells of its reading.
-std::vector<CollectionFault> collectionFaults(const Compilation& c, const ReadReport& report = {});
+/// All faults of a compiled collection, in the order of its clips, those of the whole ahead of them. `report`
+/// tells of its reading.
+std::vector<CollectionFault> collectionFaults(const Compiled& compiled, FrameSource& streams,
+                                              const Files& files, const ReadReport& report = {});
 
 }  // namespace kvo

@@ -82,4 +82,10 @@ Outcome checkDocument(std::string text) {
   return Tags(text).check();
 }
 
+Outcome writeDocument(Files& files, const std::string& fileName, const std::string& text) {
+  if (auto sound = checkDocument(text); !sound)
+    return Error{"cannot write " + fileName + ": " + sound.error().text};
+  return writeDurably(files, fileName, text);
+}
+
 }  // namespace kvo

@@ -1,8 +1,6 @@
 #include "editor/compiler/durations.h"
 
-#include "base/text.h"
-#include "editor/compiler/clip_kinds.h"
-#include "editor/compiler/keep_records.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 
@@ -11,64 +9,65 @@ namespace {
 
 constexpr double kLongestTransition = 25.0;  // seconds
 
+Value defaultLength(Single duration) { return Value(ShortText(duration)); }
+
 // The timeline length, or the length of the whole source where no section is marked. A still that has neither
 // will last as long as stills do.
-double lengthOrDuration(const Compilation& c, int clipNo) {
-  const auto& clip = c.clips()[clipNo];
+double lengthOrDuration(const TimelineClip& clip, Single stillDuration) {
   if (const double length = timelineLength(clip); length > 0) return length;
-  const double duration = clip.DurationTime().number();
-  const bool usesDefault = clip.IsStill() && duration <= 0;
-  return (usesDefault ? ToNumber(ShortText(c.settings.state.DefaultStillDuration)) : duration) /
-         speedOf(clip);
+  const double duration = clip.DurationTime.number();
+  const bool usesDefault = clip.record->IsStill() && duration <= 0;
+  return (usesDefault ? decimal(stillDuration) : duration) / speedOf(clip);
 }
+
+double toTenth(double seconds) { return ToNumber(FormatMask(seconds, "0.0")); }
 
 }  // namespace
 
+double decimal(Single value) { return ToNumber(ShortText(value)); }
+
 double speedOf(const Movie& clip) { return secondsFromTenths(clip.Playspeed()); }
 
-double secondsFromTenths(Single tenths) { return ToNumber(ShortText(tenths)) / 10; }
+double secondsFromTenths(Single tenths) { return decimal(tenths) / 10; }
 
 double timelineLength(const Movie& clip) {
   return (clip.LoopEnd().number() - clip.LoopStart().number()) / speedOf(clip);
 }
 
-std::string startText(double seconds) { return ShortText(ToNumber(fixedText(seconds))); }
-
-std::string fixedText(double seconds) { return FormatMask(seconds, "0.0000"); }
-
-std::string secondsText(const Value& seconds) {
-  return seconds.wholeNumber() ? seconds.text() : ShortText(seconds.number());
+double timelineLength(const TimelineClip& clip) {
+  return (clip.LoopEnd.number() - clip.LoopStart.number()) / speedOf(clip);
 }
 
-std::string CalcMaxTransitionDuration(const Compilation& c, int clipNo) {
-  const double a = lengthOrDuration(c, clipNo);
-  const double b = clipNo == 1 ? a : lengthOrDuration(c, clipNo - 1);
-  return FormatMask(std::min({a, b, kLongestTransition}), "0.0");
+void giveStillLength(TimelineClip& clip, Single duration) {
+  if (!clip.record->IsStill()) return;
+  if (clip.LoopStart.number() == 0) clip.LoopStart = "0";
+  if (clip.LoopEnd.number() == 0) clip.LoopEnd = defaultLength(duration);
+  if (timelineLength(clip) != 0) return;
+  clip.LoopStart = "0";
+  clip.LoopEnd = defaultLength(duration);
 }
 
-void SortTransitionTimes(const Compilation& c, int clipNo) {
-  auto& clip = c.clips()[clipNo];
-  auto& slider = c.editor.controls.Sld_In;
-  if (clip.TransType().empty()) clip.TransType("CUT");
-  const auto change = c.settings.state.ObjectChange;
-  if (clip.LoopEnd().text() == "N/A") clip.LoopEnd(Value(ShortText(c.settings.state.DefaultStillDuration)));
-  c.settings.state.ObjectChange = change;
-  giveStillLength(c, clip);
-  if (clipNo != 1) {
-    const double most = ToNumber(CalcMaxTransitionDuration(c, clipNo)) * 10;
-    slider.Max = most >= 1 ? toLongClamped(most) : 1;
-  } else {
-    const double half = timelineLength(clip) * 10 / 2;
-    if (half != slider.Max) slider.Max = half >= 1 ? toLongClamped(half) : 1;
-  }
-  if (clip.TransIn() > static_cast<Single>(slider.Max)) {
-    clip.TransIn(static_cast<Single>(ToNumber(FormatMask(slider.Max, "0.0"))));
-  }
+double longestTransition(const TimelineClips& clips, int clipNo, Single stillDuration) {
+  const double a = lengthOrDuration(clips[clipNo], stillDuration);
+  const double b = clipNo == 1 ? a : lengthOrDuration(clips[clipNo - 1], stillDuration);
+  return toTenth(std::min({a, b, kLongestTransition}));
 }
 
-Single CalcMinimumDur(const Compilation& c, int clipA, int clipB) {
-  const auto m =
-      static_cast<Single>(std::min(timelineLength(c.clips()[clipA]), timelineLength(c.clips()[clipB])));
+int holdTransition(TimelineClips& clips, int clipNo, Single stillDuration) {
+  auto& clip = clips[clipNo];
+  if (clip.TransType.empty()) clip.TransType = "CUT";
+  if (clip.LoopEnd.text() == "N/A") clip.LoopEnd = defaultLength(stillDuration);
+  giveStillLength(clip, stillDuration);
+  // Into the first clip it fades from nothing, over half of it.
+  const double most =
+      clipNo == 1 ? timelineLength(clip) * 10 / 2 : longestTransition(clips, clipNo, stillDuration) * 10;
+  const int limit = most >= 1 ? toLongClamped(most) : 1;
+  if (clip.TransIn > static_cast<Single>(limit)) clip.TransIn = static_cast<Single>(toTenth(limit));
+  return limit;
+}
+
+Single CalcMinimumDur(const TimelineClip& a, const TimelineClip& b) {
+  const auto m = static_cast<Single>(std::min(timelineLength(a), timelineLength(b)));
   if (m < 0.25F) return m;
   if (m < 0.5F) return 0.25F;
   if (m < 1.0F) return 0.5F;
@@ -77,49 +76,31 @@ Single CalcMinimumDur(const Compilation& c, int clipA, int clipB) {
   return 2.0F;
 }
 
-Long FindShortestCut(const Compilation& c, bool audioOnly) {
+Long FindShortestCut(const TimelineClips& clips, bool audioOnly) {
   constexpr Long kNone = 9999999;
   Long shortest = kNone;
-  for (int i = 1; i <= c.clips().count(); ++i) {
-    const auto& clip = c.clips()[i];
-    if (isSound(c, clip) != audioOnly) continue;
-    shortest = std::min(shortest, toLongClamped(clip.LoopEnd().number() - clip.LoopStart().number()));
+  for (const auto& clip : clips) {
+    if (clip.isSound != audioOnly) continue;
+    shortest = std::min(shortest, toLongClamped(clip.LoopEnd.number() - clip.LoopStart.number()));
   }
   return shortest == kNone ? 0 : shortest;
 }
 
-void UpdateTrackFade(const Compilation& c, bool audioPass) {
-  if (!audioPass) {
-    const auto most = static_cast<Single>(FindShortestCut(c, false)) / 2 * 100 - 0.5F;
-    if (c.settings.preferences().VideoTrackFadeAmt > most) c.settings.change().VideoTrackFadeAmt = most;
-    return;
-  }
-  for (int i = 1; i <= c.clips().count(); ++i) {
-    auto& clip = c.clips()[i];
-    const auto facts = c.streams.facts(clipFile(clip));
-    if (!facts || !facts->hasVideo) continue;
-    clip.HasAudioFade(clip.RenderAudio() && clip.AudioFadeInTime() + clip.AudioFadeOutTime() > 0);
+void setAudioFades(TimelineClips& clips) {
+  for (auto& clip : clips) {
+    if (!clip.hasPicture) continue;
+    clip.HasAudioFade =
+        clip.RenderAudio && clip.record->AudioFadeInTime() + clip.record->AudioFadeOutTime() > 0;
   }
 }
 
-double attributeNumber(std::string_view text) {
-  return ToNumber(replaced(replaced(replaced(text, "start=", ""), "stop=", ""), "\"", ""));
-}
-
-Autofade CalcAutofade(std::string_view startText, std::string_view stopText, Single amount) {
+Autofade CalcAutofade(double start, double stop, Single amount) {
   if (amount == 0) amount = 2.0F;
-  const double seconds = ToNumber(ShortText(amount));
-  const double start = attributeNumber(startText);
-  const double stop = attributeNumber(stopText);
+  const double seconds = decimal(amount);
   if (RoundToWhole(stop) - RoundToWhole(start) - RoundToWhole(seconds) < 1) return {};
-  const double d = stop - start;
-  if (d <= seconds) return {false, "0.1", fixedText(d - 0.1)};
-  return {true, ShortText(amount), fixedText(d - seconds)};
-}
-
-void SetAutoTrim(const Compilation& c) {
-  const auto& controls = c.editor.controls;
-  c.settings.adjust().AutoTrimAudio = controls.Chk_AutoTrimEnabled && controls.Chk_AutoTrim;
+  const double length = stop - start;
+  if (length <= seconds) return {false, 0.1, length - 0.1};
+  return {true, seconds, length - seconds};
 }
 
 }  // namespace kvo

@@ -1,9 +1,9 @@
 #include "editor/compiler/effect_elements.h"
 
 #include "base/text.h"
+#include "editor/compiler/document_text.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_word.h"
-#include "editor/compiler/transition_families.h"
 #include "vocabulary/effects.h"
 
 #include <array>
@@ -16,17 +16,18 @@ constexpr double kPastEnd = 14.0;       // seconds that an effect reaches past i
 constexpr double kColourPastEnd = 4.0;  // the same of the colour block
 
 struct Span {
-  std::string start;
-  std::string stop;
+  double start = 0;
+  double stop = 0;
 };
 
-std::string opening(std::string_view effect, const Span& span, std::string_view end) {
-  return blanks(15) + "<effect clsid=" + quoted(GetEffectClsid(effect)) + " start=" + quoted(span.start) +
-         " stop=" + quoted(span.stop) + std::string(end) + "\r\n";
+std::string opening(std::string_view clsid, const Span& span, std::string_view end) {
+  return tag::effect(
+      {{"clsid", std::string(clsid)}, {"start", shortNumber(span.start)}, {"stop", shortNumber(span.stop)}},
+      end);
 }
 
-std::string withParams(std::string_view effect, const Span& span, const std::string& params) {
-  return opening(effect, span, " >") + params + blanks(15) + "</effect>\r\n";
+std::string withParams(std::string_view clsid, const Span& span, const std::string& params) {
+  return opening(clsid, span, " >").append(params).append(tag::kEndEffect);
 }
 
 std::string basicImageParams(const EffectWord& word) {
@@ -42,21 +43,21 @@ std::string basicImageParams(const EffectWord& word) {
   std::string params;
   for (const auto& row : kRows) {
     if (!word.isOn(row.effect)) continue;
-    params += (params.empty() ? blanks(15) : std::string()) + paramLine(row.name, row.value);
+    params += (params.empty() ? blanks(15) : std::string()) + tag::param(row.name, row.value);
   }
   return params;
 }
 
 std::string easeParams(const Movie& clip) {
-  auto params = paramLine("InternalName", "Simple3D") +
-                paramLine("ExponentialProgressDuration", fieldText(clip.EaseDuration())) +
-                paramLine("ScaleA", fieldText(clip.ScaleA())) +
-                paramLine("InitialScaleA", fieldText(clip.InitialScaleA())) +
-                paramLine("MoveA", clip.MoveADirection()) +
-                paramLine("MoveSpeedA", fieldText(clip.MoveSpeedA()));
-  if (clip.RevolveCamera()) params += paramLine("RevolveCamera", "True") + paramLine("ShowABack", "True");
+  auto params = tag::param("InternalName", "Simple3D") +
+                tag::param("ExponentialProgressDuration", fieldText(clip.EaseDuration())) +
+                tag::param("ScaleA", fieldText(clip.ScaleA())) +
+                tag::param("InitialScaleA", fieldText(clip.InitialScaleA())) +
+                tag::param("MoveA", clip.MoveADirection()) +
+                tag::param("MoveSpeedA", fieldText(clip.MoveSpeedA()));
+  if (clip.RevolveCamera()) params += tag::param("RevolveCamera", "True") + tag::param("ShowABack", "True");
   if (!clip.MoveARotationDirection().empty()) {
-    params += paramLine("RotateA", clip.MoveARotationDirection()) + paramLine("ShowABack", "True");
+    params += tag::param("RotateA", clip.MoveARotationDirection()) + tag::param("ShowABack", "True");
   }
   return params;
 }
@@ -71,7 +72,7 @@ std::string tableParams(const EffectRow& row) {
   std::string params;
   const auto add = [&](std::size_t i, const std::string& value, bool isNumber) {
     if (value.empty()) return;
-    params += paramLine(kPaletteParams.at(i), isNumber ? ShortText(ToNumber(value)) : value);
+    params += tag::param(kPaletteParams.at(i), isNumber ? shortNumber(ToNumber(value)) : value);
   };
   for (std::size_t i = 0; i < row.Control.size(); ++i) add(i, row.Control.at(i), true);
   add(8, row.Transparency, true);
@@ -82,40 +83,35 @@ std::string tableParams(const EffectRow& row) {
   return params;
 }
 
-std::string paletteElement(const Compilation& c, const KeyframeIndex& keyframes, int clipNo, int position,
+std::string paletteElement(const EffectSources& from, const TimelineClip& clip, int position,
                            const Span& span) {
-  const auto* row = c.editor.effects.slot(position - static_cast<int>(EffectSwitch::FirstPaletteSlot) + 1);
+  const auto* row = from.table.slot(position - static_cast<int>(EffectSwitch::FirstPaletteSlot) + 1);
   int effectNo = 0;
-  if (row != nullptr) c.editor.effects.GetEffectIDFromName(row->name, effectNo);
-  auto params = paramLine("EffectID", std::to_string(effectNo));
-  if (!keyframes.of(c.clips()[clipNo].KeyID(), effectNo).empty()) {
+  if (row != nullptr) from.table.GetEffectIDFromName(row->name, effectNo);
+  auto params = tag::param("EffectID", std::to_string(effectNo));
+  if (!from.keyframes.of(clip.record->KeyID(), effectNo).empty()) {
     for (const auto name : kPaletteParams)
-      WriteKeyframesToTimeLine(c, keyframes, params, name, clipNo, effectNo);
+      params += WriteKeyframesToTimeLine(from.keyframes, clip, name, effectNo, from.options.movieRate);
   } else if (row != nullptr && effectNo >= kFirstFullRow) {
     params += tableParams(*row);
   }
-  return blanks(15) + "<effect clsid=" + quoted(effect_ids::kPalette) + " start=" + quoted(span.start) +
-         " stop=" + quoted(span.stop) + " >\r\n" + params + blanks(15) + "</effect>\r\n";
+  return withParams(effect_ids::kPalette, span, params);
 }
 
-std::string blurParams(const Compilation& c, const KeyframeIndex& keyframes, int clipNo) {
-  const auto& clip = c.clips()[clipNo];
-  if (!clip.HasKeyFrames()) return paramLine("PixelRadius", fieldText(clip.BlurInt()));
-  std::string params;
-  WriteKeyframesToTimeLine(c, keyframes, params, "PixelRadius", clipNo, kBlurEffect);
-  return params;
+std::string blurParams(const EffectSources& from, const TimelineClip& clip) {
+  if (!clip.HasKeyFrames) return tag::param("PixelRadius", fieldText(clip.record->BlurInt()));
+  return WriteKeyframesToTimeLine(from.keyframes, clip, "PixelRadius", kBlurEffect, from.options.movieRate);
 }
 
-std::string motionBlurParams(const Compilation& c, const KeyframeIndex& keyframes, int clipNo) {
-  const auto& clip = c.clips()[clipNo];
-  const auto& own = keyframes.of(clip.KeyID(), kMotionBlurEffect);
-  std::string params;
+std::string motionBlurParams(const EffectSources& from, const TimelineClip& clip) {
+  const auto& own = from.keyframes.of(clip.record->KeyID(), kMotionBlurEffect);
   if (own.empty() || own.front()->FrameNo != 0) {
-    return paramLine("Strength", fieldText(clip.MBlurStrength())) +
-           paramLine("Direction", fieldText(clip.MBlurDirection())) + paramLine("Add", "true");
+    return tag::param("Strength", fieldText(clip.record->MBlurStrength())) +
+           tag::param("Direction", fieldText(clip.record->MBlurDirection())) + tag::param("Add", "true");
   }
+  std::string params;
   for (const auto* name : {"Strength", "Direction", "Add"}) {
-    WriteKeyframesToTimeLine(c, keyframes, params, name, clipNo, kMotionBlurEffect);
+    params += WriteKeyframesToTimeLine(from.keyframes, clip, name, kMotionBlurEffect, from.options.movieRate);
   }
   return params;
 }
@@ -128,38 +124,35 @@ Single mappedChannel(Single level) {
 
 }  // namespace
 
-void CreateBasicImageStringFromEffectWord(const Compilation& c, const KeyframeIndex& keyframes, int clipNo,
-                                          const std::string& effectWord, const std::string& start,
-                                          std::string& stop, std::string& result) {
-  if (!c.settings.state.RenderEffects) return;
-  stop = ShortText(ToNumber(stop) + kPastEnd);
-  const EffectWord word(effectWord);
-  const auto& clip = c.clips()[clipNo];
-  const Span span{start, stop};
-  result.clear();
+std::string CreateBasicImageStringFromEffectWord(const EffectSources& from, const TimelineClip& clip,
+                                                 double stop) {
+  if (!from.options.effects) return {};
+  const auto& record = *clip.record;
+  const EffectWord word(record.EffectWord());
+  const Span span{0, stop + kPastEnd};
+  std::string result;
   if (const auto params = basicImageParams(word); !params.empty())
-    result += withParams("BasicImage", span, params);
-  if (word.isOn(EffectSwitch::Engrave)) result += opening("Engrave", span, " />");
-  if (word.isOn(EffectSwitch::Emboss)) result += opening("Emboss", span, " />");
-  if (word.isOn(EffectSwitch::FadeToBlack)) result += opening("FadeToBlack", span, " />");
-  if (word.isOn(EffectSwitch::Blur)) result += withParams("Blur", span, blurParams(c, keyframes, clipNo));
-  if (word.isOn(EffectSwitch::MotionBlur)) {
-    result += withParams("MotionBlur", span, motionBlurParams(c, keyframes, clipNo));
-  }
-  if (word.isOn(EffectSwitch::FilmAge)) {
-    result += withParams("FilmAge", span, paramLine("age", fieldText(clip.AgeIntensity())));
-  }
-  if (word.isOn(EffectSwitch::Ease)) result += withParams("Ease", span, easeParams(clip));
+    result += withParams(effect_ids::kBasicImage, span, params);
+  if (word.isOn(EffectSwitch::Engrave)) result += opening(effect_ids::kEngrave, span, " />");
+  if (word.isOn(EffectSwitch::Emboss)) result += opening(effect_ids::kEmboss, span, " />");
+  if (word.isOn(EffectSwitch::FadeToBlack)) result += opening(effect_ids::kFadeToBlack, span, " />");
+  if (word.isOn(EffectSwitch::Blur)) result += withParams(effect_ids::kBlur, span, blurParams(from, clip));
+  if (word.isOn(EffectSwitch::MotionBlur))
+    result += withParams(effect_ids::kMotionBlur, span, motionBlurParams(from, clip));
+  if (word.isOn(EffectSwitch::FilmAge))
+    result += withParams(effect_ids::kFilmAge, span, tag::param("age", fieldText(record.AgeIntensity())));
+  if (word.isOn(EffectSwitch::Ease)) result += withParams(effect_ids::kEase, span, easeParams(record));
   for (int i = static_cast<int>(EffectSwitch::FirstPaletteSlot);
        i <= static_cast<int>(EffectSwitch::LastPaletteSlot); ++i) {
-    if (word.isOn(i)) result += paletteElement(c, keyframes, clipNo, i, span);
+    if (word.isOn(i)) result += paletteElement(from, clip, i, span);
   }
+  return result;
 }
 
-std::string AddColorContrastAdjust(const Compilation& c, int clipNo, const std::string& start) {
-  if (!c.settings.state.RenderEffects) return {};
-  const auto& clip = c.clips()[clipNo];
-  const Span span{start, ShortText(timelineLength(clip) + kColourPastEnd)};
+std::string AddColorContrastAdjust(const CompileOptions& options, const TimelineClip& timelineClip) {
+  if (!options.effects) return {};
+  const auto& clip = *timelineClip.record;
+  const Span span{0, timelineLength(timelineClip) + kColourPastEnd};
   std::array<Single, 3> channels = {mappedChannel(clip.Red()), mappedChannel(clip.Green()),
                                     mappedChannel(clip.Blue())};
   const auto addToAll = [&](Single amount) {
@@ -169,7 +162,7 @@ std::string AddColorContrastAdjust(const Compilation& c, int clipNo, const std::
   std::string adjustments;
   bool adjusts = false;
   if (clip.Threshold() != 0) {
-    adjustments += paramLine("Threshold", ShortText(clip.Threshold() / 1000));
+    adjustments += tag::param("Threshold", shortNumber(clip.Threshold() / 1000));
     adjusts = true;
   }
   if (clip.Brightness() != 0) {
@@ -178,28 +171,37 @@ std::string AddColorContrastAdjust(const Compilation& c, int clipNo, const std::
   }
   if (clip.Contrast() != 0) {
     addToAll(clip.Contrast() / 100);
-    adjustments += paramLine("Contrast", ShortText(clip.Contrast() / 10));
+    adjustments += tag::param("Contrast", shortNumber(clip.Contrast() / 10));
     adjusts = true;
   }
   if (clip.Gamma() != 0) {
-    adjustments += paramLine("Gamma", ShortText(clip.Gamma() * 10));
+    adjustments += tag::param("Gamma", shortNumber(clip.Gamma() * 10));
     adjusts = true;
   }
 
   const auto standard = [&](const std::string& params) {
-    return "\r\n" + withParams("Ease", span, paramLine("InternalName", "Standard") + params + adjustments);
+    return "\r\n" +
+           withParams(effect_ids::kEase, span, tag::param("InternalName", "Standard") + params + adjustments);
   };
   std::string result;
   if (clip.Sepia()) {
-    result +=
-        standard(paramLine("Desaturate", "True") + paramLine("Red", "0.10") + paramLine("Magenta", "0.09") +
-                 paramLine("Yellow", "0.25") + paramLine("Contrast", "1.00"));
+    result += standard(tag::param("Desaturate", "True") + tag::param("Red", "0.10") +
+                       tag::param("Magenta", "0.09") + tag::param("Yellow", "0.25") +
+                       tag::param("Contrast", "1.00"));
   }
   if (adjusts || channels[0] != 0 || channels[1] != 0 || channels[2] != 0) {
-    result += standard(paramLine("Red", ShortText(channels[0])) + paramLine("Green", ShortText(channels[1])) +
-                       paramLine("Blue", ShortText(channels[2])));
+    result +=
+        standard(tag::param("Red", shortNumber(channels[0])) + tag::param("Green", shortNumber(channels[1])) +
+                 tag::param("Blue", shortNumber(channels[2])));
   }
   return result;
+}
+
+std::string effectLines(const EffectSources& from, const TimelineClip& clip, double stop) {
+  std::string text;
+  if (ToNumber(clip.record->EffectWord()) != 0)
+    text += tag::effectLine(CreateBasicImageStringFromEffectWord(from, clip, stop));
+  return text + tag::effectLine(AddColorContrastAdjust(from.options, clip));
 }
 
 }  // namespace kvo

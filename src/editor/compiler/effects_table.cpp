@@ -78,27 +78,6 @@ std::string field(std::string_view text, bool quoteAll) {
   return !quoteAll && (text == "0" || text == "1") ? std::string(text) : quoted(text);
 }
 
-// The fields of a line, apart at commas; a field in quotes keeps the commas in it.
-std::vector<std::string> fieldsOf(std::string_view line) {
-  std::vector<std::string> fields;
-  bool more = true;
-  while (more) {
-    line = line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
-    std::size_t end = 0;
-    if (line.starts_with('"')) {
-      const auto close = std::min(line.find('"', 1), line.size());
-      fields.emplace_back(line.substr(1, close - 1));
-      end = std::min(line.find(',', close), line.size());
-    } else {
-      end = std::min(line.find(','), line.size());
-      fields.emplace_back(trimmed(line.substr(0, end)));
-    }
-    more = end < line.size();
-    line.remove_prefix(std::min(end + 1, line.size()));
-  }
-  return fields;
-}
-
 }  // namespace
 
 EffectsTable::EffectsTable() {
@@ -137,7 +116,7 @@ bool EffectsTable::read(std::string_view text) {
   int number = 0;
   int selected = 0;
   for (auto& row : rows) {
-    const auto fields = fieldsOf(nextLine(text));
+    const auto fields = commaFields(takeLine(text));
     if (fields.size() != kColumns) return false;
     row.selected = fields[0] == "1";
     row.name = fields[1];

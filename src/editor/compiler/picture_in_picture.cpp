@@ -3,16 +3,11 @@
 #include "base/file_print.h"
 #include "base/text.h"
 #include "editor/compiler/audio_tracks.h"
-#include "editor/compiler/clip_kinds.h"
+#include "editor/compiler/document_text.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_elements.h"
-#include "editor/compiler/effect_word.h"
-#include "editor/compiler/keep_records.h"
-#include "editor/compiler/preview_params.h"
-#include "editor/compiler/transition_families.h"
-#include "editor/compiler/video_group.h"
-#include "editor/compiler/volume_envelope.h"
 #include "vocabulary/effects.h"
+#include "vocabulary/transitions.h"
 
 #include <algorithm>
 
@@ -37,63 +32,61 @@ std::string digits(int value, std::size_t width) {
 }
 
 // A still takes part with the default length. A backdrop keeps a section that it has been given.
-void giveDuration(const Compilation& c, Movie& clip, bool isOverlay) {
-  giveStillLength(c, clip);
-  if (clip.DurationTime().text() != "N/A") return;
-  clip.DurationTime(Value(ToNumber(ShortText(c.settings.state.DefaultStillDuration))));
+void giveDuration(TimelineClip& clip, Single stillDuration, bool isOverlay) {
+  giveStillLength(clip, stillDuration);
+  if (clip.DurationTime.text() != "N/A") return;
+  clip.DurationTime = Value(decimal(stillDuration));
   if (!isOverlay) return;
-  clip.LoopStart(Value(0));
-  clip.LoopEnd(clip.DurationTime());
+  clip.LoopStart = Value(0);
+  clip.LoopEnd = clip.DurationTime;
 }
 
 struct Times {
   double mstart = 0, mstop = 0, stop = 0;
 };
 
-std::string clipLine(const Movie& clip, const Times& t) {
-  return blanks(10) + "<clip src=" + quoted(clipFile(clip)) + " mstart=" + quoted(ShortText(t.mstart)) +
-         " mstop=" + quoted(ShortText(t.mstop)) + " start=" + quoted("0") +
-         " stop=" + quoted(ShortText(t.stop)) + " > \r\n";
+std::string clipLine(const TimelineClip& clip, const Times& t) {
+  return tag::clip({{"src", clipFile(*clip.record)},
+                    {"mstart", shortNumber(t.mstart)},
+                    {"mstop", shortNumber(t.mstop)},
+                    {"start", "0"},
+                    {"stop", shortNumber(t.stop)}},
+                   " > \r\n");
 }
 
-std::string audioTrack(const Movie& clip, const Times& t) {
-  return blanks(10) + "<track>\r\n" + clipLine(clip, t) + blanks(15) +
-         "<effect start=\"0\" stop=" + quoted(ShortText(t.stop)) +
-         " clsid=" + quoted(effect_ids::kAudioEnvelope) + " />\r\n" + blanks(20) +
-         "<param name=\"Vol\" value=" + quoted(ShortText(clip.AudioOutputLevel())) + " />\r\n" + blanks(10) +
-         "</clip>\r\n" + blanks(10) + "</track>\r\n";
+// The volume stands behind its effect, which is closed at once.
+std::string audioTrack(const TimelineClip& clip, const Times& t) {
+  return std::string(tag::kTrack) + clipLine(clip, t) +
+         tag::effect({{"start", "0"},
+                      {"stop", shortNumber(t.stop)},
+                      {"clsid", std::string(effect_ids::kAudioEnvelope)}},
+                     " />") +
+         tag::param("Vol", shortNumber(clip.record->AudioOutputLevel()), " />")
+             .append(tag::kEndClip)
+             .append(tag::kEndTrack)
+             .append("\r\n");
 }
 
-std::string effectBlocks(const Compilation& c, const KeyframeIndex& keyframes, int clipNo, double stop) {
-  const auto& clip = c.clips()[clipNo];
-  std::string text;
-  if (ToNumber(clip.EffectWord()) != 0) {
-    std::string block;
-    auto until = ShortText(stop + kEffectPastEnd);
-    CreateBasicImageStringFromEffectWord(c, keyframes, clipNo, clip.EffectWord(), "0", until, block);
-    text += kCrLf;
-    text += blanks(15) + block;
-  }
-  text += kCrLf;
-  return text + blanks(15) + AddColorContrastAdjust(c, clipNo, "0") + "\r\n";
+std::string effectBlocks(const EffectSources& from, const TimelineClip& clip, double stop) {
+  return effectLines(from, clip, stop + kEffectPastEnd) + "\r\n";
 }
 
 // A parameter that is set once more just behind the start.
 std::string setAgain(std::string_view name, double value, double again) {
-  return blanks(20) + "<param name=" + quoted(name) + " value=" + quoted(ShortText(value)) + ">\r\n" +
-         blanks(25) + "<at time=\"0.01\" value=" + quoted(ShortText(again)) + "/>\r\n" + blanks(20) +
-         "</param>\r\n";
+  return tag::openParam(name, shortNumber(value)) +
+         tag::key("at", "0.01", shortNumber(again)).append(tag::kEndParam);
 }
 
-std::string placing(const PictureBox& box, double srcHeight, double srcWidth, double height, double width,
+std::string placing(const PictureBox& box, double srcHeight, double srcWidth, const OutputForm& output,
                     double stop) {
-  const auto number = [](double v) { return ShortText(v); };
-  return blanks(15) + "<transition start=\"0\" stop=" + quoted(number(stop)) +
-         " clsid=" + quoted(transition_ids::kPlacing) + ">\r\n" + paramLine("Height", number(box.height)) +
-         paramLine("Width", number(box.width)) + paramLine("OffsetY", number(box.offsetY)) +
-         paramLine("OffsetX", number(box.offsetX)) + setAgain("SrcHeight", srcHeight, height) +
-         setAgain("SrcWidth", srcWidth, width) + paramLine("SrcOffsetY", "0") + setAgain("SrcOffsetX", 0, 0) +
-         blanks(15) + "</transition>\r\n";
+  const auto still = [](std::string_view name, double v) { return tag::param(name, shortNumber(v)); };
+  return tag::transition(
+             {{"start", "0"}, {"stop", shortNumber(stop)}, {"clsid", std::string(transition_ids::kPlacing)}},
+             ">") +
+         still("Height", box.height) + still("Width", box.width) + still("OffsetY", box.offsetY) +
+         still("OffsetX", box.offsetX) + setAgain("SrcHeight", srcHeight, output.height) +
+         setAgain("SrcWidth", srcWidth, output.width) + tag::param("SrcOffsetY", "0") +
+         setAgain("SrcOffsetX", 0, 0) + std::string(tag::kEndTransition);
 }
 
 struct Overlay {
@@ -101,11 +94,11 @@ struct Overlay {
   double fadeIn = 0, fadeOut = 0;  // seconds
 };
 
-Overlay overlayTimes(const Movie& clip, const PicInPic& look, double backdropLength) {
+Overlay overlayTimes(const TimelineClip& clip, const PicInPic& look, double backdropLength) {
   const double speed = speedOf(clip);
-  const bool otherSpeed = clip.Playspeed() != 10;
-  const double duration = clip.DurationTime().number();
-  Overlay o{{clip.LoopStart().number(), clip.LoopEnd().number(), backdropLength},
+  const bool otherSpeed = clip.record->Playspeed() != 10;
+  const double duration = clip.DurationTime.number();
+  Overlay o{{clip.LoopStart.number(), clip.LoopEnd.number(), backdropLength},
             look.fadeIn / 1000.0,
             look.fadeOut / 1000.0};
   auto& t = o.times;
@@ -127,18 +120,18 @@ Overlay overlayTimes(const Movie& clip, const PicInPic& look, double backdropLen
 std::string alphaEffect(const PicInPic& look, const Overlay& o, double length) {
   const auto opacity = std::to_string(look.maxOpacity);
   const auto key = [](double time, std::string_view value) {
-    return blanks(25) + "<linear time=" + quoted(ShortText(time)) + " value=" + quoted(value) + "/>\r\n";
+    return tag::key("linear", shortNumber(time), value);
   };
-  auto text = blanks(15) + "<effect clsid=" + quoted(effect_ids::kAlpha) +
-              " start=\"0\" stop=" + quoted(ShortText(length + 1)) + ">\r\n" +
-              paramLine("Style", std::to_string(static_cast<int>(look.style)));
-  if (look.style != OverlayStyle::Uniform) text += paramLine("FinishOpacity", "0");
+  auto text =
+      tag::effect(
+          {{"clsid", std::string(effect_ids::kAlpha)}, {"start", "0"}, {"stop", shortNumber(length + 1)}},
+          ">") +
+      tag::param("Style", std::to_string(static_cast<int>(look.style)));
+  if (look.style != OverlayStyle::Uniform) text += tag::param("FinishOpacity", "0");
   const bool fades = o.fadeIn + o.fadeOut != 0;
-  text += blanks(20) + "<param name=\"opacity\" value=" + quoted(fades ? "0" : opacity) + ">\r\n";
-  if (fades) {
-    text += key(o.fadeIn, opacity) + key(length - o.fadeOut, opacity) + key(length, "0");
-  }
-  return text + blanks(20) + "</param>\r\n" + blanks(15) + "</effect>\r\n";
+  text += tag::openParam("opacity", fades ? "0" : opacity);
+  if (fades) text += key(o.fadeIn, opacity) + key(length - o.fadeOut, opacity) + key(length, "0");
+  return text.append(tag::kEndParam).append(tag::kEndEffect);
 }
 
 struct Texts {
@@ -146,28 +139,32 @@ struct Texts {
   std::string audio;
 };
 
-void AddPictureInPicture(const Compilation& c, const KeyframeIndex& keyframes, int backdropNo, double height,
-                         double width, const PicInPicOptions& options, Texts& texts) {
-  const auto look = readPicInPic(c.clips()[backdropNo].HasPicInPic());
-  if (!look || look->overlayClip > c.clips().count()) return;
-  auto& clip = c.clips()[look->overlayClip];
-  giveDuration(c, clip, true);
-  const double stop = timelineLength(c.clips()[backdropNo]);
+void AddPictureInPicture(const EffectSources& from, TimelineClips& clips, int backdropNo,
+                         const PicInPicOptions& options, Texts& texts) {
+  const auto look = readPicInPic(clips[backdropNo].record->HasPicInPic());
+  if (!look || look->overlayClip > clips.count()) return;
+  auto& clip = clips[look->overlayClip];
+  giveDuration(clip, from.options.stillDuration, true);
+  const auto& output = from.options.output;
+  const double height = output.height;
+  const double width = output.width;
+  const double stop = timelineLength(clips[backdropNo]);
   const auto overlay = overlayTimes(clip, *look, stop);
 
-  const PictureBox whole{height, width, 0, 0};
-  texts.video += placing(whole, height, width, height, width, stop + 1) + blanks(10) + "</track>\r\n" +
-                 blanks(10) + "<track>\r\n";
-  texts.video += clipLine(clip, overlay.times) + effectBlocks(c, keyframes, look->overlayClip, stop);
+  texts.video += placing({height, width, 0, 0}, height, width, output, stop + 1)
+                     .append(tag::kEndTrack)
+                     .append("\r\n")
+                     .append(tag::kTrack) +
+                 clipLine(clip, overlay.times) + effectBlocks(from, clip, stop);
   if (options.overlayAudio) texts.audio += audioTrack(clip, overlay.times);
-  texts.video += alphaEffect(*look, overlay, stop) + blanks(10) + "</clip>\r\n";
+  texts.video += alphaEffect(*look, overlay, stop).append(tag::kEndClip);
   const double part = look->position == kOverAll ? 1 : 2;
-  texts.video += placing(overlayBox(look->position, width, height), height / part, width / part, height,
-                         width, stop + 1);
+  texts.video +=
+      placing(overlayBox(look->position, width, height), height / part, width / part, output, stop + 1);
 }
 
 std::string boxCaption(std::string_view name, const Movie& clip) {
-  return std::string(name) + ShortText(ToNumber(ShortText(clip.AudioOutputLevel())) * 100) + "% )";
+  return std::string(name) + shortNumber(decimal(clip.AudioOutputLevel()) * 100) + "% )";
 }
 
 }  // namespace
@@ -223,47 +220,47 @@ std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look) {
           "Out over " + seconds(look.fadeOut)};
 }
 
-int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo) {
-  const double longer = std::max(timelineLength(c.clips()[backdropNo]), timelineLength(c.clips()[overlayNo]));
+int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay) {
+  const double longer = std::max(timelineLength(backdrop), timelineLength(overlay));
   return toLongClamped(longer / 2 * 1000);
 }
 
-std::string CreatePinPPreview(const Compilation& c, int backdropNo, const PicInPicOptions& options) {
-  const KeepRecords keep(c);
-  if (c.settings.preferences().PreviewCPU == 0) c.settings.change().PreviewCPU = 10;
-  const auto params = GetPreviewParams(c, c.settings.preferences().PreviewCPU);
-  c.settings.state.PreviewFrameRate = params.Rate;
-  c.settings.state.RenderEffects = true;
-  int height = kPreviewHeight;
-  int width = kPreviewWidth;
-  if (!options.preview) GetHeightWidth(c.editor.controls, height, width);
-  const auto rate = options.preview ? params.Rate : c.settings.preferences().OutPutFrameRate;
-
-  auto& backdrop = c.clips()[backdropNo];
-  giveDuration(c, backdrop, false);
-  const Times times{backdrop.LoopStart().number(), backdrop.LoopEnd().number(), timelineLength(backdrop)};
-  const KeyframeIndex keyframes(c);
-  Texts texts;
-  texts.video = blanks(5) + "<composite username=\"KVO PicInPic\">\r\n" + blanks(10) + "<track>\r\n" +
-                clipLine(backdrop, times) + effectBlocks(c, keyframes, backdropNo, times.stop) + blanks(10) +
-                "</clip>\r\n";
-  if (options.backdropAudio) texts.audio += audioTrack(backdrop, times);
-  AddPictureInPicture(c, keyframes, backdropNo, height, width, options, texts);
-  texts.video += blanks(10) + "</track>\r\n" + blanks(5) + "</composite>\r\n";
-
-  FilePrint file;
-  file.print("<timeline>");
-  file.print(blanks(5) + "<group type=\"video\" bitdepth=\"32\" framerate=" + quoted(ShortText(rate)) +
-             " width=" + quoted(std::to_string(width)) + " height=" + quoted(std::to_string(height)) + " >");
-  file.print(texts.video);
-  file.print(blanks(5) + "</group>");
-  if (!options.preview && (options.backdropAudio || options.overlayAudio)) {
-    file.print(blanks(5) + "<group type=\"audio\" SamplingRate=" + quoted(kAudioRate) + " name=\"AUDIO\">");
-    file.print(texts.audio);
-    file.print(blanks(5) + "</group>");
+Sample picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
+                      const EffectsTable& effects, const PicInPicOptions& wanted) {
+  if (wanted.preview) {
+    options.output.height = kPreviewHeight;
+    options.output.width = kPreviewWidth;
   }
-  file.print("</timeline>");
-  return file.bytes();
+  options.effects = true;
+  const auto& output = options.output;
+  const KeyframeIndex keyframes(collection);
+  const EffectSources from{effects, keyframes, options};
+  TimelineClips clips(collection);
+  auto& backdrop = clips[backdropNo];
+  giveDuration(backdrop, options.stillDuration, false);
+  const Times times{backdrop.LoopStart.number(), backdrop.LoopEnd.number(), timelineLength(backdrop)};
+  Texts texts;
+  texts.video = std::string(tag::kComposite).append(tag::kTrack) + clipLine(backdrop, times) +
+                effectBlocks(from, backdrop, times.stop).append(tag::kEndClip);
+  if (wanted.backdropAudio) texts.audio += audioTrack(backdrop, times);
+  AddPictureInPicture(from, clips, backdropNo, wanted, texts);
+  texts.video.append(tag::kEndTrack).append("\r\n").append(tag::kEndComposite);
+
+  FilePrint sound;
+  if (!wanted.preview && (wanted.backdropAudio || wanted.overlayAudio)) {
+    sound.print(
+        blanks(5) +
+        tag::group({{"type", "audio"}, {"SamplingRate", std::string(kAudioRate)}, {"name", "AUDIO"}}, ">"));
+    sound.print(texts.audio);
+    sound.print(tag::kEndGroup);
+  }
+  const auto group = tag::group({{"type", "video"},
+                                 {"bitdepth", "32"},
+                                 {"framerate", shortNumber(output.rate)},
+                                 {"width", std::to_string(output.width)},
+                                 {"height", std::to_string(output.height)}},
+                                " >");
+  return {tag::document(group, texts.video, sound.bytes()), std::move(clips)};
 }
 
 AudioBox overlayAudioBox(const Movie& clip) {

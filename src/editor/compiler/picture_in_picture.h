@@ -2,7 +2,7 @@
 // timeline. The backdrop's record holds the overlay and its look in 21 digits.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/compiler/sample_documents.h"
 
 #include <array>
 #include <optional>
@@ -43,7 +43,7 @@ struct PictureBox {
 PictureBox overlayBox(int position, double width, double height);
 
 struct PicInPicOptions {
-  bool preview = false;        ///< 170 x 70 at the preview's rate, else the output's size and rate
+  bool preview = false;        ///< 170 x 70 and silent
   bool backdropAudio = false;  ///< the box is enabled and ticked
   bool overlayAudio = false;
 };
@@ -52,10 +52,12 @@ struct PicInPicOptions {
 std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look);
 
 /// Maximum of the two fade sliders in milliseconds: half of the longer clip.
-int fadeSliderMaximum(const Compilation& c, int backdropNo, int overlayNo);
+int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay);
 
-/// The whole document for a backdrop, with its overlay if its record names one that is there.
-std::string CreatePinPPreview(const Compilation& c, int backdropNo, const PicInPicOptions& options);
+/// The whole document for a backdrop, with its overlay if its record names one that is there, at the options'
+/// size and rate.
+Sample picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
+                      const EffectsTable& effects, const PicInPicOptions& wanted);
 
 /// Captions of the two audio boxes, and whether they are enabled: overlay first.
 struct AudioBox {

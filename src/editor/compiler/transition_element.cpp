@@ -1,7 +1,6 @@
 #include "editor/compiler/transition_element.h"
 
 #include "base/text.h"
-#include "editor/compiler/clip_kinds.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/transition_families.h"
 #include "editor/compiler/transition_names.h"
@@ -15,12 +14,12 @@ namespace {
 constexpr double kMargin = 0.125;  // seconds that Progress ends ahead of the overlap
 
 std::string extraParam(std::string_view name, std::string_view value) {
-  if (name.empty()) return {};
-  return "<param name=" + quoted(name) + " value=" + quoted(value) + " />";
+  return name.empty() ? std::string() : tag::bareParam(name, value);
 }
 
-std::string firstExtraParam(const Movie& clip) {
-  return extraParam(clip.ExtraParamName1(), clip.ExtraParamValue1());
+std::string firstExtraParam(const TimelineClip& clip) {
+  if (clip.dropsFirstOption) return {};
+  return extraParam(clip.record->ExtraParamName1(), clip.record->ExtraParamValue1());
 }
 
 std::string secondExtraParam(const Movie& clip) {
@@ -31,75 +30,71 @@ std::string secondExtraParam(const Movie& clip) {
   return extraParam(lower(name), value);
 }
 
-std::string openingLine(std::string_view start, std::string_view stop, std::string_view clsid) {
-  return blanks(15) + "<transition start=" + quoted(start) + " stop=" + quoted(stop) +
-         " clsid=" + quoted(clsid) + ">\r\n";
+std::string element(double start, Stamp stop, std::string_view clsid, const std::string& inside) {
+  return tag::transition(
+             {{"start", shortNumber(start)}, {"stop", stampText(stop)}, {"clsid", std::string(clsid)}}, ">")
+      .append(inside)
+      .append(tag::kEndTransition);
 }
 
-std::string closingLine() { return blanks(15) + "</transition>\r\n"; }
-
-// One class with free options, whose Progress runs from 0 to 1 over the overlap.
-std::string genericElement(const Movie& clip, const TransitionOptions& o) {
-  return openingLine(o.Start, o.Stop, TransitionFriendlyNameToCLSID(o.Name)) + blanks(20) +
-         firstExtraParam(clip) + "\r\n" + blanks(20) + secondExtraParam(clip) + "\r\n\r\n" + blanks(20) +
-         "<param name=\"Progress\" value=\"0.0\">\r\n" + blanks(25) +
-         "<linear time=" + quoted(ShortText(ToNumber(o.Duration) - kMargin)) + " value=\"1\"/>\r\n" +
-         blanks(20) + "</param>\r\n" + closingLine();
+// What a class with free options holds: they, and Progress, which runs from 0 to 1 over the overlap.
+std::string freeOptions(const TimelineClip& clip, double duration) {
+  return blanks(20) + firstExtraParam(clip) + "\r\n" + blanks(20) + secondExtraParam(*clip.record) +
+         "\r\n\r\n" + tag::openParam("Progress", "0.0") +
+         tag::key("linear", shortNumber(duration - kMargin), "1") + std::string(tag::kEndParam);
 }
 
-std::string elementOf(const Compilation& c, const Movie& clip, const TransitionOptions& o) {
+std::string elementOf(const OutputForm& output, const TimelineClip& clip, const TransitionOptions& o) {
   if (isCut(o.Name)) {
-    return blanks(15) + "<transition clsid=" + quoted(transition_ids::kNone) +
-           " start=" + quoted(ShortText(ToNumber(o.Start))) + " stop=" + quoted(o.Stop) + " />\r\n";
+    return tag::transition({{"clsid", std::string(transition_ids::kNone)},
+                            {"start", shortNumber(o.Start)},
+                            {"stop", stampText(o.Stop)}},
+                           " />");
   }
   std::string params;
-  const auto duration = static_cast<Single>(ToNumber(o.Duration) - kMargin);
-  if (AddBounce(o.Name, params, duration, c.editor.OutputWidth, c.editor.OutputHeight)) {
-    return openingLine(o.Start, o.Stop, TransitionFriendlyNameToCLSID(o.Name)) + params + closingLine();
-  }
+  const auto duration = static_cast<Single>(o.Duration - kMargin);
+  if (AddBounce(o.Name, params, duration, output.width, output.height))
+    return element(o.Start, o.Stop, TransitionFriendlyNameToCLSID(o.Name), params);
   // These span the overlap only.
-  const auto stop = ShortText(ToNumber(o.Start) + secondsFromTenths(clip.TransIn()) - kMargin);
-  if (addWipe(params, o))
-    return openingLine(o.Start, stop, transition_ids::kSmpteWipe) + params + closingLine();
-  if (addParticlesOr3D(params, o, c.settings))
-    return openingLine(o.Start, stop, transition_ids::kParticlesAnd3D) + params + closingLine();
-  return genericElement(clip, o);
+  const Stamp stop{o.Start + secondsFromTenths(clip.TransIn) - kMargin};
+  if (addWipe(params, o)) return element(o.Start, stop, transition_ids::kSmpteWipe, params);
+  if (addParticlesOr3D(params, o)) return element(o.Start, stop, transition_ids::kParticlesAnd3D, params);
+  return element(o.Start, o.Stop, TransitionFriendlyNameToCLSID(o.Name), freeOptions(clip, o.Duration));
 }
 
 }  // namespace
 
-TransitionOptions recordedTransition(const Compilation& c, int clipNo, std::string start, std::string stop) {
-  const auto& clip = c.clips()[clipNo];
-  return {.Start = std::move(start),
-          .Stop = std::move(stop),
-          .Name = clip.TransType(),
-          .Duration = ShortText(secondsFromTenths(clip.TransIn())),
-          .ClipNo = clipNo,
-          .BorderWidth = clip.BorderWidth(),
-          .BorderColor = clip.BorderColor().text(),
-          .BorderSoftness = clip.BorderSoftness(),
-          .ReplicateX = clip.ReplicateX(),
-          .ReplicateY = clip.ReplicateY(),
-          .MaskName = clip.MaskName(),
-          .UseDefaults = c.settings.preferences().UseParticleDefaults};
+TransitionOptions recordedTransition(const TimelineClip& clip, const CompileOptions& options, double start,
+                                     Stamp stop) {
+  const auto& record = *clip.record;
+  return {.Start = start,
+          .Stop = stop,
+          .Name = clip.TransType,
+          .Duration = secondsFromTenths(clip.TransIn),
+          .BorderWidth = record.BorderWidth(),
+          .BorderColor = record.BorderColor().text(),
+          .BorderSoftness = record.BorderSoftness(),
+          .ReplicateX = record.ReplicateX(),
+          .ReplicateY = record.ReplicateY(),
+          .MaskName = record.MaskName(),
+          .Particles = options.particles};
 }
 
-void AddTransition(const Compilation& c, std::string& trackText, TransitionOptions o) {
+std::string AddTransition(const CompileOptions& options, TimelineClips& clips, int clipNo,
+                          TransitionOptions o) {
   o.BorderWidth = std::clamp(o.BorderWidth, 0, 255);
   o.BorderSoftness = std::clamp(o.BorderSoftness, 0.0F, 255.0F);
   o.ReplicateX = std::clamp(o.ReplicateX, 1, 255);
   o.ReplicateY = std::clamp(o.ReplicateY, 1, 255);
-  if (c.settings.state.RenderTransitions) {
-    auto& clip = c.clips()[o.ClipNo];
-    SortTransitionTimes(c, o.ClipNo);
-    if (o.Name == "Fade") {
-      clip.ExtraParamName1("");
-      clip.ExtraParamValue1("");
-    }
-    if (o.Duration == "0") o.Duration = "0.01";
-    trackText += elementOf(c, clip, o);
+  std::string text;
+  if (options.transitions) {
+    auto& clip = clips[clipNo];
+    holdTransition(clips, clipNo, options.stillDuration);
+    if (o.Name == "Fade") clip.dropsFirstOption = true;
+    if (o.Duration == 0) o.Duration = 0.01;
+    text = elementOf(options.output, clip, o);
   }
-  trackText += blanks(10) + "</track>\r\n\r\n";
+  return text.append(tag::kEndTrack).append("\r\n\r\n");
 }
 
 }  // namespace kvo

@@ -1,6 +1,7 @@
 #include "editor/compiler/transition_families.h"
 
 #include "base/text.h"
+#include "editor/compiler/document_text.h"
 #include "editor/compiler/transition_names.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ struct Param {
 };
 
 void addAll(std::string& text, std::span<const Param> params) {
-  for (const auto& p : params) text += paramLine(p.name, p.value);
+  for (const auto& p : params) text += tag::param(p.name, p.value);
 }
 
 // One parameter that moves: its value at the start, and a key for each value that follows.
@@ -29,27 +30,26 @@ struct Move {
 void addMoves(std::string& text, std::string_view keyKind, const std::vector<Single>& times,
               const std::vector<Move>& moves) {
   for (const auto& move : moves) {
-    text += blanks(20) + "<param name=" + quoted(move.name) + " value=" + quoted(move.initial) + ">\r\n";
+    text += tag::openParam(move.name, move.initial);
     for (std::size_t i = 0; i < times.size(); ++i) {
       if (move.values[i].empty()) continue;
-      text += blanks(25) + "<" + std::string(keyKind) + " time=" + quoted(ShortText(times[i])) +
-              " value=" + quoted(move.values[i]) + "/>\r\n";
+      text += tag::key(keyKind, shortNumber(times[i]), move.values[i]);
     }
-    text += blanks(20) + "</param>\r\n";
+    text += tag::kEndParam;
   }
 }
 
-std::string rounded(double value) { return ShortText(RoundToWhole(value)); }
+std::string rounded(double value) { return shortNumber(RoundToWhole(value)); }
 
 std::vector<Move> bounceMoves(std::string_view name, double w, double h) {
-  const auto W = ShortText(w);
-  const auto H = ShortText(h);
+  const auto W = shortNumber(w);
+  const auto H = shortNumber(h);
   const auto W2 = rounded(w / 2);
   const auto W4 = rounded(w / 4);
   const auto H2 = rounded(h / 2);
   const auto H4 = rounded(h / 4);
-  const auto H8 = ShortText(RoundToWhole(h / 1.25) / 4);
-  const auto quarterH = ShortText(h / 4);
+  const auto H8 = shortNumber(RoundToWhole(h / 1.25) / 4);
+  const auto quarterH = shortNumber(h / 4);
   if (name == "Bounce1") {
     return {{"OffsetX", "0", {"0", W, "0", "0"}},
             {"OffsetY", "0", {"0", H, "0", "0"}},
@@ -82,14 +82,14 @@ std::vector<Move> quartileMoves(double w, double h) {
   const double h2 = RoundToWhole(h / 2);
   const double a = w2 / 16;
   const double b = h2 / 16;
-  const auto A = ShortText(a);
-  const auto B = ShortText(b);
-  const auto farX = ShortText(w2 - a);
-  const auto farY = ShortText(h2 - b);
+  const auto A = shortNumber(a);
+  const auto B = shortNumber(b);
+  const auto farX = shortNumber(w2 - a);
+  const auto farY = shortNumber(h2 - b);
   return {{"OffsetX", A, {A, farX, farX, A, "0"}},
           {"OffsetY", B, {B, B, farY, farY, "0"}},
-          {"Width", ShortText(w2), {"", "", "", "", ShortText(w)}},
-          {"Height", ShortText(h2), {"", "", "", "", ShortText(h)}}};
+          {"Width", shortNumber(w2), {"", "", "", "", shortNumber(w)}},
+          {"Height", shortNumber(h2), {"", "", "", "", shortNumber(h)}}};
 }
 
 struct FixedWipe {
@@ -202,10 +202,6 @@ const std::vector<Shape>& shapes() {
 
 }  // namespace
 
-std::string paramLine(std::string_view name, std::string_view value) {
-  return blanks(20) + "<param name=" + quoted(name) + " value=" + quoted(value) + "/>\r\n";
-}
-
 bool AddBounce(std::string_view name, std::string& text, Single duration, int width, int height) {
   if (name == "QuartileMove") {
     addMoves(text, "at", {duration / 3, duration / 2, duration / 1.5F, duration / 1.25F, duration},
@@ -217,25 +213,23 @@ bool AddBounce(std::string_view name, std::string& text, Single duration, int wi
   return !moves.empty();
 }
 
-void AddParticleSystemOptions(std::string& text, const KVO2& settings) {
-  text += paramLine("MaxParticles", fieldText(settings.preferences().MaxParticles));
-  text += paramLine("ParticleSpeed", fieldText(settings.preferences().ParticleMotionSpeed));
-  text += paramLine("ParticleSpinSpeed", fieldText(settings.preferences().ParticleSpinSpeed));
-  text += paramLine("ExponentialProgressDuration",
-                    fieldText(settings.preferences().PartExponentialProgressDuration));
-  text +=
-      paramLine("ExponentialProgressScale", fieldText(settings.preferences().PartExponentialProgressScale));
+void AddParticleSystemOptions(std::string& text, const ParticleOptions& particles) {
+  text += tag::param("MaxParticles", fieldText(particles.maxParticles));
+  text += tag::param("ParticleSpeed", fieldText(particles.motionSpeed));
+  text += tag::param("ParticleSpinSpeed", fieldText(particles.spinSpeed));
+  text += tag::param("ExponentialProgressDuration", fieldText(particles.progressDuration));
+  text += tag::param("ExponentialProgressScale", fieldText(particles.progressScale));
 }
 
 bool addWipe(std::string& text, const TransitionOptions& o) {
   if (const auto mask = maskNumber(o.Name)) {
-    text += paramLine("MaskNum", std::to_string(*mask));
-    if (!trimmed(o.MaskName).empty()) text += paramLine("MaskName", o.MaskName);
-    text += paramLine("BorderWidth", std::to_string(o.BorderWidth));
-    text += paramLine("BorderColor", o.BorderColor);
-    text += paramLine("BorderSoftness", ShortText(o.BorderSoftness));
-    text += paramLine("ReplicateX", std::to_string(o.ReplicateX));
-    text += paramLine("ReplicateY", std::to_string(o.ReplicateY));
+    text += tag::param("MaskNum", std::to_string(*mask));
+    if (!trimmed(o.MaskName).empty()) text += tag::param("MaskName", o.MaskName);
+    text += tag::param("BorderWidth", std::to_string(o.BorderWidth));
+    text += tag::param("BorderColor", o.BorderColor);
+    text += tag::param("BorderSoftness", shortNumber(o.BorderSoftness));
+    text += tag::param("ReplicateX", std::to_string(o.ReplicateX));
+    text += tag::param("ReplicateY", std::to_string(o.ReplicateY));
     return true;
   }
   for (const auto& wipe : fixedWipes()) {
@@ -246,18 +240,18 @@ bool addWipe(std::string& text, const TransitionOptions& o) {
   return false;
 }
 
-bool addParticlesOr3D(std::string& text, const TransitionOptions& o, const KVO2& settings) {
+bool addParticlesOr3D(std::string& text, const TransitionOptions& o) {
   for (const auto& shape : shapes()) {
     if (shape.name != o.Name) continue;
-    text += paramLine("InternalName", shape.internalName);
+    text += tag::param("InternalName", shape.internalName);
     addAll(text, shape.before);
-    if (!o.UseDefaults && !shape.defaults.empty()) {
-      AddParticleSystemOptions(text, settings);
+    if (!o.Particles.useDefaults && !shape.defaults.empty()) {
+      AddParticleSystemOptions(text, o.Particles);
     } else {
       addAll(text, shape.defaults);
     }
     addAll(text, shape.after);
-    if (o.UseDefaults) addAll(text, shape.lastDefaults);
+    if (o.Particles.useDefaults) addAll(text, shape.lastDefaults);
     return true;
   }
   return false;

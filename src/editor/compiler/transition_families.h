@@ -9,20 +9,17 @@
 
 namespace kvo {
 
-/// 20 blanks, <param name="..." value="..."/>
-std::string paramLine(std::string_view name, std::string_view value);
-
 /// The parameters of "Bounce1" to "Bounce4" and "QuartileMove" over `duration` seconds for a picture of the
 /// output's size. False for another name.
 bool AddBounce(std::string_view name, std::string& text, Single duration, int width, int height);
 
-/// The five particle parameters of the settings.
-void AddParticleSystemOptions(std::string& text, const KVO2& settings);
+/// The five particle parameters of the options.
+void AddParticleSystemOptions(std::string& text, const ParticleOptions& particles);
 
 /// The parameters of a wipe by its SMPTE code. False for a name that is none.
 bool addWipe(std::string& text, const TransitionOptions& options);
 
 /// The parameters of a particle or simple 3D transition. False for a name that is none.
-bool addParticlesOr3D(std::string& text, const TransitionOptions& options, const KVO2& settings);
+bool addParticlesOr3D(std::string& text, const TransitionOptions& options);
 
 }  // namespace kvo

@@ -1,27 +1,28 @@
 // The volume envelope of one clip in the audio group. Its times count from the clip's start on the timeline.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/compiler/timeline_clips.h"
 
+#include <optional>
 #include <string>
-#include <string_view>
 
 namespace kvo {
 
 struct LevelingOptions {
-  int ClipNo = 1;
-  std::string StartText;  ///< start="4", or a plain number
-  std::string StopText;
-  double FadeIn = 0;          ///< seconds
-  double FadeOut = 0;         ///< seconds
-  std::string AutoFadeIn{};   ///< seconds, empty for none
-  std::string AutoFadeOut{};  ///< seconds from the clip's start, empty for none
+  double Start = 0;                     ///< seconds on the timeline, as the clip's tag gives them
+  double Stop = 0;                      ///< seconds
+  double FadeIn = 0;                    ///< seconds
+  double FadeOut = 0;                   ///< seconds
+  std::optional<double> AutoFadeIn{};   ///< seconds
+  std::optional<double> AutoFadeOut{};  ///< seconds from the clip's start
   bool Silent = false;
   bool WithFades = false;
+  bool WithMusic = false;  ///< KVO2.DubInPlaylistAudioTrks
 };
 
-/// Appends the envelope and `</clip>`. Only the first silent clip of a pass gets an envelope.
-void AddLevelingInfo(const Compilation& c, std::string& trackText, const LevelingOptions& options);
+/// The envelope and `</clip>`. `counter` is the number of clips that had one in this pass, and grows. Only
+/// the first of a pass that is silent gets an envelope.
+std::string AddLevelingInfo(const TimelineClip& clip, int& counter, const LevelingOptions& options);
 
 /// An envelope of one level over `length` seconds, without `</clip>`.
 std::string constantEnvelope(double length, Single level);

@@ -1,9 +1,6 @@
 // Whole timeline documents, compared to the byte.
-#include "editor/compiler/audio_tracks.h"
-#include "editor/compiler/clip_line.h"
-#include "editor/compiler/render_file.h"
-#include "editor/compiler/sample_documents.h"
-#include "editor/compiler/video_group.h"
+#include "editor/tabs/clip_checks.h"
+#include "editor/tabs/operations.h"
 #include "support/fakes.h"
 #include "support/golden.h"
 
@@ -15,7 +12,7 @@ namespace {
 using test::Bench;
 
 std::string compiled(Bench& b) {
-  EXPECT_TRUE(CompileForRender(b.compilation, "/prog/KVORender.xtl"));
+  EXPECT_TRUE(CompileForRender(b.editing, "/prog/KVORender.xtl"));
   return b.files.all["/prog/KVORender.xtl"];
 }
 
@@ -95,7 +92,7 @@ TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
       EXPECT_EQ(still.LoopEnd().text(), "7") << what;
       EXPECT_EQ(b.settings.state.ObjectChange, 0) << what;
       EXPECT_FALSE(isDirty(b.collection, b.settings)) << what;
-      EXPECT_EQ(compilePreviewText(b.compilation, 10).find("stop=\"0.0000\""), std::string::npos) << what;
+      EXPECT_EQ(compilePreviewText(b.editing, 10).find("stop=\"0.0000\""), std::string::npos) << what;
     }
   }
 }
@@ -108,8 +105,8 @@ TEST(Document, SecondsThatAreNoNumberAreWrittenAsTheNumberTheyReadAs) {
     b.addVideo("a.avi", 0, 5).LoopStart(start);
     const auto attribute = std::string("mstart=\"") + written + "\"";
     EXPECT_NE(compiled(b).find(attribute), std::string::npos) << start.text();
-    EXPECT_NE(PreviewEffect(b.compilation, 1).find(attribute), std::string::npos) << start.text();
-    EXPECT_NE(Previewtransition(b.compilation, 1).find(attribute), std::string::npos) << start.text();
+    EXPECT_NE(PreviewEffect(b.editing, 1).find(attribute), std::string::npos) << start.text();
+    EXPECT_NE(Previewtransition(b.editing, 1).find(attribute), std::string::npos) << start.text();
   }
 }
 
@@ -197,7 +194,7 @@ TEST(Document, ATimingPassWritesNoTransitions) {
   clip.TransType("Fade");
   clip.TransIn(10);
   b.settings.state.ObjectChange = 96;
-  CreateClipLine(b.compilation, {.Analysing = true, .TransitionZero = true});
+  CreateClipLine(b.editing, true, {.TransitionZero = true});
   EXPECT_EQ(b.editor.texts.VideoTrackText.find("<transition"), std::string::npos);
   EXPECT_EQ(clip.TimeLineStart().text(), "4");
   EXPECT_EQ(b.editor.controls.Fra_Preview, "0 to 8.00 (s)");
@@ -210,9 +207,8 @@ TEST(Document, TransitionPreviewTakesTheTwoEnds) {
   clip.TransType("Fade");
   clip.TransIn(15);
   b.editor.controls.Sld_In.Value = 15;
-  CreateClipLine(
-      b.compilation,
-      {.Analysing = true, .TransitionPreview = true, .FirstClip = 1, .LastClip = 2, .TransitionZero = true});
+  CreateClipLine(b.editing, true,
+                 {.TransitionPreview = true, .FirstClip = 1, .LastClip = 2, .TransitionZero = true});
   const auto& text = b.editor.texts.VideoTrackText;
   EXPECT_NE(text.find("mstart=\"7\" mstop=\"10.0000\" start=\"0\" stop=\"1.5000\""), std::string::npos)
       << text;
@@ -222,13 +218,13 @@ TEST(Document, TransitionPreviewTakesTheTwoEnds) {
   EXPECT_FALSE(clip.TimeLineStart().isSet());
 
   b.editor.texts = {};
-  CreateClipLine(b.compilation, {.Analysing = true,
-                                 .TransitionPreview = true,
-                                 .FirstClip = 1,
-                                 .LastClip = 2,
-                                 .TransitionZero = true,
-                                 .FixedDuration = true,
-                                 .FixedSeconds = 2});
+  CreateClipLine(b.editing, true,
+                 {.TransitionPreview = true,
+                  .FirstClip = 1,
+                  .LastClip = 2,
+                  .TransitionZero = true,
+                  .FixedDuration = true,
+                  .FixedSeconds = 2});
   EXPECT_NE(text.find("mstart=\"6\" mstop=\"10.0000\" start=\"0\" stop=\"2.0000\""), std::string::npos)
       << text;
   EXPECT_NE(text.find("mstart=\"2\" mstop=\"4.0000\" start=\"2\" stop=\"4.0000\""), std::string::npos)
@@ -241,7 +237,7 @@ TEST(Document, TheVideoGroupFollowsThePower) {
   int width = 641;
   int height = 481;
   float rate = 0;
-  CreateVideoGroup(b.compilation, depth, width, height, rate, 7);
+  CreateVideoGroup(b.editing, depth, width, height, rate, 7);
   EXPECT_EQ(
       b.editor.texts.VideoGroupText,
       "<group type=\"video\" bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"10\" name=\"VIDEO\" "
@@ -263,7 +259,7 @@ TEST(Document, StopsAreReadBackFromTheFile) {
   b.addVideo("a.avi", 0, 5);
   b.addVideo("b.avi", 0, 4);
   compiled(b);
-  AnalyseRenderFile(b.compilation, "/prog/KVORender.xtl");
+  AnalyseRenderFile(b.editing, "/prog/KVORender.xtl");
   EXPECT_EQ(b.editor.ClipStopList, (std::vector<float>{5, 9}));
 }
 
@@ -355,14 +351,14 @@ TEST(Document, EverySoundAheadOfAPictureIsRefused) {
     Bench b;
     b.addMusic(name, 0, 5).Resolution("0 x 0");
     b.addVideo("a.avi", 0, 5);
-    EXPECT_TRUE(IsAudioBeforeVideo(b.compilation)) << name;
+    EXPECT_TRUE(IsAudioBeforeVideo(b.editing)) << name;
   }
   for (const auto* name : {"s.jpg", "s.tiff", "s.png"}) {
     Bench b;
     addStill(b, name, 0).Resolution("0 x 0");
     b.addVideo("a.avi", 0, 5).MovieHeight(480);
     b.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
-    EXPECT_FALSE(IsAudioBeforeVideo(b.compilation)) << name;
+    EXPECT_FALSE(IsAudioBeforeVideo(b.editing)) << name;
   }
 }
 
@@ -370,7 +366,7 @@ TEST(Document, AudioAheadOfVideoIsRefused) {
   Bench b;
   b.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
   b.addVideo("a.avi", 0, 5);
-  EXPECT_TRUE(IsAudioBeforeVideo(b.compilation));
+  EXPECT_TRUE(IsAudioBeforeVideo(b.editing));
   ASSERT_EQ(b.boxes.shown.size(), 1U);
   EXPECT_EQ(
       b.boxes.shown[0].text,
@@ -379,7 +375,7 @@ TEST(Document, AudioAheadOfVideoIsRefused) {
   Bench good;
   good.addVideo("a.avi", 0, 5);
   good.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
-  EXPECT_FALSE(IsAudioBeforeVideo(good.compilation));
+  EXPECT_FALSE(IsAudioBeforeVideo(good.editing));
 }
 
 }  // namespace

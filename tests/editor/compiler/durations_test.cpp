@@ -1,7 +1,8 @@
 #include "editor/compiler/durations.h"
 
-#include "editor/compiler/clip_kinds.h"
-#include "editor/compiler/preview_params.h"
+#include "editor/tabs/clip_checks.h"
+#include "editor/tabs/operations.h"
+#include "editor/tabs/preview_params.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -22,8 +23,8 @@ TEST(Durations, LongestTransitionIsTheShorterNeighbour) {
     Bench b;
     b.addVideo("a.avi", 0, row.first);
     b.addVideo("b.avi", 0, row.second).TransType("Fade");
-    EXPECT_EQ(CalcMaxTransitionDuration(b.compilation, 2), row.most);
-    SortTransitionTimes(b.compilation, 2);
+    EXPECT_EQ(CalcMaxTransitionDuration(b.editing, 2), row.most);
+    SortTransitionTimes(b.editing, 2);
     EXPECT_EQ(b.editor.controls.Sld_In.Max, row.max);
   }
 }
@@ -34,10 +35,10 @@ TEST(Durations, AStaleTransitionIsBroughtWithinItsLimit) {
   auto& clip = b.addVideo("b.avi", 0, 9);
   clip.TransType("Fade");
   clip.TransIn(80);
-  SortTransitionTimes(b.compilation, 2);
+  SortTransitionTimes(b.editing, 2);
   EXPECT_EQ(clip.TransIn(), 30);
   b.collection.MovieList[1].TransIn(80);
-  SortTransitionTimes(b.compilation, 1);
+  SortTransitionTimes(b.editing, 1);
   EXPECT_EQ(b.collection.MovieList[1].TransIn(), 15) << "half of the clip for the first";
 }
 
@@ -48,16 +49,17 @@ TEST(Durations, ACutIsPreviewedByTheLadder) {
     Bench b;
     b.addVideo("a.avi", 0, length);
     b.addVideo("b.avi", 0, 12);
-    EXPECT_FLOAT_EQ(CalcMinimumDur(b.compilation, 1, 2), section) << length;
+    EXPECT_FLOAT_EQ(CalcMinimumDur(TimelineClips(b.collection)[1], TimelineClips(b.collection)[2]), section)
+        << length;
   }
 }
 
 TEST(Durations, TheShortestCutHoldsTheTrackFade) {
   Bench b;
   b.addMusic("m.mp3", 0, 4);
-  EXPECT_EQ(FindShortestCut(b.compilation, false), 0);
-  EXPECT_EQ(FindShortestCut(b.compilation, true), 4);
-  UpdateTrackFade(b.compilation, false);
+  EXPECT_EQ(FindShortestCut(TimelineClips(b.collection, b.streams), false), 0);
+  EXPECT_EQ(FindShortestCut(TimelineClips(b.collection, b.streams), true), 4);
+  UpdateTrackFade(b.editing, false);
   EXPECT_FLOAT_EQ(b.settings.preferences().VideoTrackFadeAmt, -0.5F);
 }
 
@@ -71,38 +73,34 @@ TEST(Durations, RowsEndInTheirClipNumber) {
 
 TEST(Durations, AnAutomaticFadeNeedsRoom) {
   struct Row {
-    const char* start;
-    const char* stop;
+    double start, stop;
     float amount;
     bool fits;
-    const char* fade;
-    const char* out;
+    std::optional<double> fade, out;
   };
-  const Row rows[] = {
-      {"start=\"4\"", " stop=\"8.0000\"", 0, true, "2", "2.0000"},
-      {"start=\"4\"", " stop=\"6.0000\"", 0, false, "", ""},
-      {"start=\"0\"", " stop=\"5.00\"", 1, true, "1", "4.0000"},
-      {"start=\"0\"", " stop=\"1.0\"", 1, false, "", ""},
-  };
-  for (const auto& row : rows) {
+  for (const auto& row :
+       {Row{4, 8, 0, true, 2, 2}, Row{4, 6, 0, false, {}, {}}, Row{0, 5, 1, true, 1, 4},
+        Row{0, 1, 1, false, {}, {}}, Row{0.5, 2.4, 2, false, {}, {}}, Row{0.5, 2.51, 2.4F, false, 0.1, {}}}) {
     const auto fade = CalcAutofade(row.start, row.stop, row.amount);
     EXPECT_EQ(fade.fits, row.fits) << row.stop;
     EXPECT_EQ(fade.FadeTime, row.fade) << row.stop;
-    EXPECT_EQ(fade.FadeOutStart, row.out) << row.stop;
+    if (row.out) {
+      EXPECT_EQ(fade.FadeOutStart, row.out) << row.stop;
+    }
   }
 }
 
 TEST(PreviewParams, AreReadFromTheTableAndHeldToTheOutput) {
   Bench b;
   b.settings.change().OutPutFrameRate = 12;
-  const auto p = GetPreviewParams(b.compilation, 8);
+  const auto p = GetPreviewParams(b.editing, 8);
   EXPECT_EQ(p.Scale, 1.25);
   EXPECT_EQ(p.Rate, 12);
   EXPECT_TRUE(b.files.exists("/prog/PreviewDefaults.dat"));
-  GetPreviewParams(b.compilation, 1);
+  GetPreviewParams(b.editing, 1);
   EXPECT_FALSE(b.settings.state.RenderTransitions);
   b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\nScaleFactor = 7\r\nBitDepth = 16\r\n";
-  EXPECT_EQ(GetPreviewParams(b.compilation, 1).Scale, 7);
+  EXPECT_EQ(GetPreviewParams(b.editing, 1).Scale, 7);
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
 // The elements that transitions, effects and keyframes become, one golden file for each family.
 #include "editor/compiler/effect_elements.h"
 #include "editor/compiler/effect_word.h"
-#include "editor/compiler/effects_file.h"
-#include "editor/compiler/keyframes.h"
-#include "editor/compiler/render_file.h"
 #include "editor/compiler/transition_element.h"
 #include "editor/compiler/transition_names.h"
+#include "editor/tabs/effects_file.h"
+#include "editor/tabs/keyframe_edits.h"
+#include "editor/tabs/operations.h"
 #include "support/fakes.h"
 #include "support/golden.h"
 
@@ -17,14 +17,13 @@ namespace {
 using test::Bench;
 
 std::string transition(Bench& b, const std::string& name, TransitionOptions o = {}) {
-  o.Start = "4";
-  o.Stop = "8.0000";
+  o.Start = 4;
+  o.Stop = {8, Digits::Four};
   o.Name = name;
-  o.Duration = "1";
-  o.ClipNo = 2;
-  std::string text;
-  AddTransition(b.compilation, text, o);
-  return text;
+  o.Duration = 1;
+  o.Particles.maxParticles = b.settings.preferences().MaxParticles;
+  TimelineClips clips(b.collection);
+  return AddTransition(optionsOf(b.editing), clips, 2, o);
 }
 
 void addTwoClips(Bench& b) {
@@ -32,8 +31,6 @@ void addTwoClips(Bench& b) {
   auto& clip = b.addVideo("b.avi", 2, 6);
   clip.TransType("Barn");
   clip.TransIn(10);
-  b.editor.OutputWidth = 320;
-  b.editor.OutputHeight = 240;
 }
 
 TEST(Transitions, EachNameHasItsElement) {
@@ -64,7 +61,8 @@ TEST(Transitions, ParticlesFollowTheSettingsWhereTheDefaultsAreOff) {
     if (!ShowTransOptions(name).particles) continue;
     Bench b;
     addTwoClips(b);
-    all += "== " + std::string(name) + "\r\n" + transition(b, std::string(name), {.UseDefaults = false});
+    all += "== " + std::string(name) + "\r\n" +
+           transition(b, std::string(name), {.Particles = {.useDefaults = false}});
   }
   test::expectGolden("transitions-particles.txt", all);
 }
@@ -101,13 +99,13 @@ TEST(Transitions, EdgesOfTheirNumbers) {
   Bench b;
   addTwoClips(b);
   b.collection.MovieList[2].TransIn(0);
-  TransitionOptions o{.Start = "4", .Stop = "8.0000", .Name = "Barn", .Duration = "0", .ClipNo = 2};
-  std::string text;
-  AddTransition(b.compilation, text, o);
+  TransitionOptions o{.Start = 4, .Stop = {8, Digits::Four}, .Name = "Barn"};
+  TimelineClips clips(b.collection);
+  auto options = optionsOf(b.editing);
+  auto text = AddTransition(options, clips, 2, o);
   EXPECT_NE(text.find("<linear time=\"-0.115\" value=\"1\"/>"), std::string::npos) << text;
-  b.settings.state.RenderTransitions = false;
-  text.clear();
-  AddTransition(b.compilation, text, o);
+  options.transitions = false;
+  text = AddTransition(options, clips, 2, o);
   EXPECT_EQ(text, "          </track>\r\n\r\n");
   Bench masked;
   addTwoClips(masked);
@@ -116,13 +114,13 @@ TEST(Transitions, EdgesOfTheirNumbers) {
             std::string::npos);
 }
 
-std::string effects(Bench& b, const std::string& word) {
-  ValidateKeyFrames(b.compilation);
-  const KeyframeIndex keyframes(b.compilation);
-  std::string stop = "5.0000";
-  std::string result;
-  CreateBasicImageStringFromEffectWord(b.compilation, keyframes, 1, word, "0", stop, result);
-  return result;
+std::string effects(Bench& b, const std::string& word, bool wanted = true) {
+  b.collection.MovieList[1].EffectWord(word);
+  ValidateKeyFrames(b.collection);
+  auto options = optionsOf(b.editing);
+  options.effects = wanted;
+  return CreateBasicImageStringFromEffectWord({b.editor.effects, KeyframeIndex(b.collection), options},
+                                              TimelineClips(b.collection)[1], 5);
 }
 
 std::string wordWith(std::initializer_list<int> positions) {
@@ -159,12 +157,7 @@ TEST(Effects, EachSwitchHasItsElement) {
   all += "== all that are built in\r\n" + effects(b, wordWith({1, 2, 3, 4, 5, 6, 7, 8, 43, 44, 45, 46, 9}));
   test::expectGolden("effects.txt", all);
   EXPECT_EQ(effects(b, ""), "");
-  b.settings.state.RenderEffects = false;
-  std::string stop = "5";
-  std::string untouched = "as it was";
-  CreateBasicImageStringFromEffectWord(b.compilation, KeyframeIndex(b.compilation), 1, wordWith({1}), "0",
-                                       stop, untouched);
-  EXPECT_EQ(untouched + stop, "as it was5");
+  EXPECT_EQ(effects(b, wordWith({1}), false), "");
 }
 
 TEST(Effects, ColourLevelsHaveTheirSlopes) {
@@ -195,7 +188,8 @@ TEST(Effects, ColourLevelsHaveTheirSlopes) {
     auto& clip = b.addVideo("a.avi", 1, 5);
     clip.Playspeed(20);
     row.set(clip);
-    all += std::string("== ") + row.name + "\r\n" + AddColorContrastAdjust(b.compilation, 1, "0");
+    all += std::string("== ") + row.name + "\r\n" +
+           AddColorContrastAdjust(optionsOf(b.editing), TimelineClips(b.collection)[1]);
   }
   test::expectGolden("colours.txt", all);
 }
@@ -250,32 +244,31 @@ TEST(Keyframes, NumbersAndOrderAtTheirEdges) {
   Bench b;
   addLevels(b.addVideo("a.avi", 1, 5));
   addKeyframe(b, 8, 25, 0, "10", 40);
-  std::string text;
-  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Control1Value", 1, 8);
-  EXPECT_EQ(text, std::string(20, ' ') + "<param name=\"Control1Value\" value=\"10\">\r\n" +
-                      std::string(20, ' ') + "</param>\r\n");
-  text.clear();
-  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Transparency", 1, 8);
-  EXPECT_NE(text.find("value=\"40\">"), std::string::npos) << "one keyframe stands as it is";
+  const auto written = [&](const char* name, int effectNo) {
+    return WriteKeyframesToTimeLine(KeyframeIndex(b.collection), TimelineClips(b.collection)[1], name,
+                                    effectNo, 25);
+  };
+  EXPECT_EQ(written("Control1Value", 8), std::string(20, ' ') +
+                                             "<param name=\"Control1Value\" value=\"10\">\r\n" +
+                                             std::string(20, ' ') + "</param>\r\n");
+  EXPECT_NE(written("Transparency", 8).find("value=\"40\">"), std::string::npos)
+      << "one keyframe stands as it is";
   addKeyframe(b, 8, 30, 0.2, "9", 0);
   addKeyframe(b, 8, 30, 0.2, "10", 0);
-  text.clear();
-  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Control1Value", 1, 8);
+  const auto text = written("Control1Value", 8);
   EXPECT_LT(text.find("time=\"000000.2\"  value=\"10\""), text.find("time=\"000000.2\"  value=\"9\""))
       << text;
-  text.clear();
-  WriteKeyframesToTimeLine(b.compilation, KeyframeIndex(b.compilation), text, "Control1Value", 1, 99);
-  EXPECT_EQ(text, "");
+  EXPECT_EQ(written("Control1Value", 99), "");
 }
 
 TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
   for (const auto& [effect, level] : {std::pair{4, 100}, {9, 100}, {17, 0}, {27, 30}}) {
     Bench b;
     addLevels(b.addVideo("a.avi", 0, 4));
-    LoadEffects(b.compilation);
+    LoadEffects(b.editing);
     b.collection.icurMov = 1;
     b.settings.state.KeyframeEffectNo = static_cast<Integer>(effect);
-    AddSingleBaseKeyFrame(b.compilation);
+    AddSingleBaseKeyFrame(b.editing);
     EXPECT_EQ(b.collection.KeyframeList[1].Transparency, level) << effect;
   }
 }
@@ -285,40 +278,40 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
   addLevels(b.addVideo("a.avi", 0, 4));
   b.collection.icurMov = 1;
   b.settings.state.KeyframeEffectNo = 8;
-  AddSingleBaseKeyFrame(b.compilation);
+  AddSingleBaseKeyFrame(b.editing);
   ASSERT_EQ(b.collection.KeyframeList.count(), 1);
   const auto& base = b.collection.KeyframeList[1];
   EXPECT_EQ(base.Param[1].text() + "|" + base.FC, "10|BLUEVIOLET");
   EXPECT_EQ(base.Transparency, 30);
   EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
-  AddSingleBaseKeyFrame(b.compilation);
+  AddSingleBaseKeyFrame(b.editing);
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
             "KVO5 - Duplicate Keyframe warning|Frame 0 is already a keyframe.");
-  EXPECT_EQ(KeyframeCount(b.compilation, 8, 0), 1);
+  EXPECT_EQ(KeyframeCount(b.editing, 8, 0), 1);
   addKeyframe(b, 8, 50, 2, "1", 0);
   addKeyframe(b, 8, 120, 4.8, "1", 0);
   b.collection.MovieList[1].LoopStart(Value(1));
-  EXPECT_EQ(AddKeyFramesToList(b.compilation),
+  EXPECT_EQ(AddKeyFramesToList(b.editing),
             (std::vector<std::string>{"IGNORED - Point before Mark In - Keyframe No = 0000000",
                                       "Keyframe No = 0000050",
                                       "IGNORED - Point after Mark Out - Keyframe No = 0000120"}));
-  KillAllKeyframeData(b.compilation);
+  KillAllKeyframeData(b.editing);
   EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "the base keyframe stays";
-  EXPECT_FALSE(deleteKeyframe(b.compilation, 1)) << "the only one stays";
+  EXPECT_FALSE(deleteKeyframe(b.editing, 1)) << "the only one stays";
   b.collection.KeyframeList[1].Transparency = 60;
   Keyframe second;
   second.Transparency = 20;
-  EXPECT_TRUE(AddKeyFrame(b.compilation, 50, second));
+  EXPECT_TRUE(AddKeyFrame(b.editing, 50, second));
   EXPECT_EQ(b.collection.KeyframeList[1].Transparency, 100) << "a level begins at 0 or 100";
   EXPECT_EQ(b.collection.KeyframeList[2].Time.number(), 2);
-  EXPECT_FALSE(AddKeyFrame(b.compilation, 50, second));
+  EXPECT_FALSE(AddKeyFrame(b.editing, 50, second));
   EXPECT_EQ(
       b.boxes.shown.back().text,
       "Frame 50 is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.");
-  EXPECT_TRUE(deleteKeyframe(b.compilation, 2));
+  EXPECT_TRUE(deleteKeyframe(b.editing, 2));
   addKeyframe(b, 8, 1, 1, "1", 0).ClipName = 999;
   b.collection.MovieList[1].HasKeyFrames(false);
-  ValidateKeyFrames(b.compilation);
+  ValidateKeyFrames(b.collection);
   EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "one without a clip goes";
   EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
 }
@@ -326,7 +319,7 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
 TEST(EffectsTable, IsWrittenAndReadToTheByte) {
   Bench b;
   auto& table = b.editor.effects;
-  LoadEffects(b.compilation);
+  LoadEffects(b.editing);
   test::expectGolden("EffectParams.dat", b.files.all["/prog/EffectParams.dat"]);
   EXPECT_TRUE(b.boxes.shown.empty());
   table.named("chrome")->Control[0] = "7";
@@ -358,7 +351,7 @@ TEST(EffectsTable, IsRebuiltWhereTheFileCannotBeUsed) {
                                     std::pair{good.text(false).substr(0, 900), 1U}, std::pair{tooMany, 2U}}) {
     Bench b;
     b.files.all["/prog/EffectParams.dat"] = text;
-    LoadEffects(b.compilation);
+    LoadEffects(b.editing);
     EXPECT_EQ(b.boxes.shown.size(), boxes);
     EXPECT_EQ(b.boxes.shown.back().text, "KVOErr: IFIMGL003 - Failed to load Effects - Rebuilding");
     if (boxes == 2U) {
@@ -372,7 +365,7 @@ TEST(EffectsTable, AWriteThatFailsIsTriedThreeTimesATenthOfASecondApart) {
   for (int failures = 0; failures <= 3; ++failures) {
     Bench b;
     b.files.failedReplaces = failures;
-    LoadEffects(b.compilation);
+    LoadEffects(b.editing);
     EXPECT_EQ(b.clock.pauses, std::vector<int>(static_cast<std::size_t>(std::min(failures, 2)), 100))
         << failures;
     const auto& log = b.files.all["/prog/KVOError.Log"];
@@ -387,17 +380,17 @@ TEST(EffectsTable, AnEffectThatIsNotInItIsLoggedAndTheTableRebuilt) {
   Bench b;
   b.addVideo("a.avi", 0, 5).KeyID(7);
   b.collection.icurMov = 1;
-  LoadEffects(b.compilation);
+  LoadEffects(b.editing);
   b.editor.effects.named("Grain")->Control[0] = "5";
-  ASSERT_TRUE(WriteEffectsArrayToDisk(b.compilation));
+  ASSERT_TRUE(WriteEffectsArrayToDisk(b.editing));
   for (const int known : {2, 21, kBlurEffect, kMotionBlurEffect}) {
     b.settings.state.KeyframeEffectNo = static_cast<Integer>(known);
-    AddSingleBaseKeyFrame(b.compilation);
+    AddSingleBaseKeyFrame(b.editing);
   }
   EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], "5");
   EXPECT_FALSE(b.files.exists("/prog/KVOError.Log"));
   b.settings.state.KeyframeEffectNo = 49;
-  AddSingleBaseKeyFrame(b.compilation);
+  AddSingleBaseKeyFrame(b.editing);
   EXPECT_NE(b.files.all["/prog/KVOError.Log"].find(
                 "GetEffectParams Err - Failed to Find effect - rebuilding Effects table"),
             std::string::npos);
@@ -421,7 +414,7 @@ TEST(Documents, EverythingAClipCanCarry) {
   }
   addKeyframe(b, 8, 0, 0, "10", 100);
   addKeyframe(b, 100, 10, 0.4, "3", 100);
-  EXPECT_TRUE(CompileForRender(b.compilation, "/prog/KVORender.xtl"));
+  EXPECT_TRUE(CompileForRender(b.editing, "/prog/KVORender.xtl"));
   test::expectGolden("everything.xtl", b.files.all["/prog/KVORender.xtl"]);
 }
 

@@ -1,7 +1,7 @@
 // What a check of a collection tells, and what a render refuses.
 #include "editor/compiler/collection_faults.h"
 #include "editor/compiler/document_check.h"
-#include "editor/compiler/render_file.h"
+#include "editor/tabs/operations.h"
 #include "support/fakes.h"
 
 #include <functional>
@@ -14,9 +14,9 @@ namespace {
 using test::Bench;
 
 std::string told(Bench& b, const ReadReport& report = {}) {
-  compileText(b.compilation);
+  const auto made = compile(b.collection, optionsOf(b.editing), {b.streams, b.editor.effects});
   std::string all;
-  for (const auto& fault : collectionFaults(b.compilation, report)) {
+  for (const auto& fault : collectionFaults(made, b.streams, b.files, report)) {
     all += (all.empty() ? "" : "; ") + (fault.clip > 0 ? std::to_string(fault.clip) + " " : std::string()) +
            fault.text + (fault.stopsRender ? "!" : "");
   }
@@ -112,7 +112,7 @@ TEST(DocumentCheck, KeepsADamagedDocumentFromBeingWritten) {
   clip.TransIn(10);
   clip.BorderColor(Value("a \"b\""));
   b.files.all["/prog/KVORender.xtl"] = "old";
-  const auto done = CompileForRender(b.compilation, "/prog/KVORender.xtl");
+  const auto done = CompileForRender(b.editing, "/prog/KVORender.xtl");
   ASSERT_FALSE(done);
   EXPECT_NE(done.error().text.find("/prog/KVORender.xtl"), std::string::npos) << done.error().text;
   EXPECT_EQ(b.files.all["/prog/KVORender.xtl"], "old");

@@ -1,14 +1,13 @@
 // What the editor's panels do to a clip, and the documents that go beside the collection's own.
-#include "editor/compiler/audio_fades.h"
-#include "editor/compiler/effect_panel.h"
-#include "editor/compiler/keyframes.h"
 #include "editor/compiler/picture_in_picture.h"
-#include "editor/compiler/preview.h"
-#include "editor/compiler/preview_params.h"
-#include "editor/compiler/render_file.h"
-#include "editor/compiler/sample_documents.h"
-#include "editor/compiler/still_options.h"
-#include "editor/compiler/transition_panel.h"
+#include "editor/tabs/audio_fades.h"
+#include "editor/tabs/effect_panel.h"
+#include "editor/tabs/keyframe_edits.h"
+#include "editor/tabs/operations.h"
+#include "editor/tabs/preview.h"
+#include "editor/tabs/preview_params.h"
+#include "editor/tabs/still_options.h"
+#include "editor/tabs/transition_panel.h"
 #include "support/fakes.h"
 #include "support/golden.h"
 
@@ -49,7 +48,7 @@ TEST(PicInPic, EveryPositionInBothModesWithBothTrimFlags) {
             {2, style, position, 80, position == 1 ? 0 : 1000, position == 2 ? 20000 : 2000, trim}));
         all += "== " + std::string(overlayPositionNames()[static_cast<std::size_t>(position - 1)]) +
                (preview ? ", preview" : "") + (trim ? ", trimmed" : "") + "\r\n" +
-               CreatePinPPreview(b.compilation, 1,
+               CreatePinPPreview(b.editing, 1,
                                  {.preview = preview, .backdropAudio = true, .overlayAudio = true});
       }
     }
@@ -64,11 +63,11 @@ TEST(PicInPic, TheEdgesOfItsRules) {
   still.IsStill(true);
   still.DurationTime(Value("N/A"));
   backdrop.HasPicInPic(picInPicText({9, OverlayStyle::Uniform, 1, 100, 0, 0, false}));
-  EXPECT_EQ(CreatePinPPreview(b.compilation, 1, {.preview = true}).find("<transition"), std::string::npos)
+  EXPECT_EQ(CreatePinPPreview(b.editing, 1, {.preview = true}).find("<transition"), std::string::npos)
       << "no clip of that number";
   b.settings.state.DefaultStillDuration = 7;
   backdrop.HasPicInPic(picInPicText({2, OverlayStyle::Uniform, 8, 100, 0, 0, false}));
-  const auto text = CreatePinPPreview(b.compilation, 1, {.preview = true});
+  const auto text = CreatePinPPreview(b.editing, 1, {.preview = true});
   EXPECT_NE(text.find("s.jpg\" mstart=\"0\" mstop=\"7\""), std::string::npos) << text;
   EXPECT_NE(text.find("<param name=\"opacity\" value=\"100\">\r\n" + std::string(20, ' ') + "</param>"),
             std::string::npos);
@@ -77,13 +76,13 @@ TEST(PicInPic, TheEdgesOfItsRules) {
   auto& back = stillBack.addVideo("s.jpg", 0, 0);
   back.IsStill(true);
   back.DurationTime(Value("N/A"));
-  EXPECT_NE(CreatePinPPreview(stillBack.compilation, 1, {.preview = true})
-                .find("mstop=\"7\" start=\"0\" stop=\"7\""),
-            std::string::npos);
+  EXPECT_NE(
+      CreatePinPPreview(stillBack.editing, 1, {.preview = true}).find("mstop=\"7\" start=\"0\" stop=\"7\""),
+      std::string::npos);
   EXPECT_EQ(stillBack.settings.state.ObjectChange, 0);
   EXPECT_EQ(text.find("type=\"audio\""), std::string::npos);
   EXPECT_EQ(SetPicInPicSliderTexts({1, OverlayStyle::Uniform, 1, 80, 1500, 0, false})[1], "In over 1.5s");
-  EXPECT_EQ(fadeSliderMaximum(b.compilation, 1, 2), 4000);
+  EXPECT_EQ(fadeSliderMaximum(backdrop, still), 4000);
   EXPECT_FALSE(overlayAudioBox(still).enabled);
   backdrop.HasAudio(true);
   backdrop.AudioOutputLevel(0.5F);
@@ -92,14 +91,14 @@ TEST(PicInPic, TheEdgesOfItsRules) {
 
 TEST(Stills, TakeTheirDefaultsFromTheFile) {
   Bench b;
-  GetStillOpts(b.compilation);
+  GetStillOpts(b.editing);
   EXPECT_EQ(
       b.files.all["/prog/RenderStillOpts.dat"],
       "[DefaultGroupStillDuration]\r\nStillDur=7.000\r\n\r\n[DefaultGroupStillFrameRate]\r\nFrameRate=0\r\n");
   EXPECT_EQ(b.settings.state.DefaultStillDuration, 7);
   b.files.all["/prog/RenderStillOpts.dat"] = "junk\n[defaultgroupstillduration] \n stilldur=2.5\n";
   b.settings.state.DefaultStillFrameRate = 12;
-  GetStillOpts(b.compilation);
+  GetStillOpts(b.editing);
   EXPECT_EQ(b.settings.state.DefaultStillDuration, 2.5F);
   EXPECT_EQ(b.settings.state.DefaultStillFrameRate, 12)
       << "a section that is not there leaves its value alone";
@@ -110,18 +109,18 @@ TEST(Stills, AreSetTogetherOrOneByOne) {
   b.addVideo("a.avi", 1, 5);
   for (const auto* name : {"s.jpg", "t.jpg"}) b.addVideo(name, 2, 0).IsStill(true);
   b.collection.MovieList[2].AltName("Beach");
-  EXPECT_EQ(GetStillsInCollection(b.compilation), 2);
-  EXPECT_EQ(PopulateStillListBox(b.compilation)[0], "Beach" + std::string(200, ' ') + "2");
+  EXPECT_EQ(GetStillsInCollection(b.editing), 2);
+  EXPECT_EQ(PopulateStillListBox(b.editing)[0], "Beach" + std::string(200, ' ') + "2");
   StillControls controls{.milliseconds = 3500, .aspect = 3, .individually = true, .selectedClip = 0};
-  ApplyStillSettings(b.compilation, controls);
+  ApplyStillSettings(b.editing, controls);
   EXPECT_EQ(b.collection.MovieList[2].LoopEnd().number(), 0);
   controls.selectedClip = 3;
-  ApplyStillSettings(b.compilation, controls);
+  ApplyStillSettings(b.editing, controls);
   EXPECT_EQ(b.collection.MovieList[3].LoopEnd().text(), "3.5");
   EXPECT_EQ(b.collection.MovieList[3].stretchmode(), 3);
   EXPECT_EQ(b.collection.MovieList[2].LoopEnd().number(), 0);
   controls.individually = false;
-  moveStillSlider(b.compilation, controls, 5000);
+  moveStillSlider(b.editing, controls, 5000);
   EXPECT_EQ(b.collection.MovieList[2].LoopEnd().text(), "5");
   EXPECT_EQ(b.collection.MovieList[1].LoopEnd().number(), 5);
   EXPECT_EQ(b.collection.MovieList[1].LoopStart().number(), 1) << "a video is left alone";
@@ -139,8 +138,8 @@ TEST(Samples, ShowATransitionInItsFourCases) {
     b.collection.MovieList[clipNo].TransType(name);
     b.collection.MovieList[clipNo].TransIn(15);
     b.editor.controls.Sld_In.Value = 15;
-    all += "== " + transitionClipsText(b.compilation, clipNo) + ", " + name + "\r\n" +
-           Previewtransition(b.compilation, clipNo);
+    all += "== " + transitionClipsText(b.collection, clipNo) + ", " + name + "\r\n" +
+           Previewtransition(b.editing, clipNo);
   }
   Bench b;
   auto& still = b.addVideo("s.jpg", 0, 7);
@@ -148,38 +147,37 @@ TEST(Samples, ShowATransitionInItsFourCases) {
   still.stretchmode(2);
   still.EffectWord("01");
   still.Sepia(true);
-  all += "== effect\r\n" + PreviewEffect(b.compilation, 1) + "== colours\r\n" +
-         PreviewColourAdjust(b.compilation, 1);
+  all += "== effect\r\n" + PreviewEffect(b.editing, 1) + "== colours\r\n" + PreviewColourAdjust(b.editing, 1);
   test::expectGolden("samples.txt", all);
-  EXPECT_EQ(PreviewEffect(b.compilation, 0), "");
+  EXPECT_EQ(PreviewEffect(b.editing, 0), "");
 }
 
 TEST(Preview, CompilesReducedByItsPower) {
   Bench b;
   b.addVideo("a.avi", 0, 5).EffectWord("1");
   b.addVideo("b.avi", 0, 5).TransType("Fade");
-  const auto plain = compilePreviewText(b.compilation, 1);
+  const auto plain = compilePreviewText(b.editing, 1);
   EXPECT_EQ(plain.find("<effect clsid"), std::string::npos);
   EXPECT_EQ(plain.find("<transition"), std::string::npos);
   EXPECT_NE(plain.find("PreviewMode=\"True\""), std::string::npos);
-  const auto full = compilePreviewText(b.compilation, 10);
+  const auto full = compilePreviewText(b.editing, 10);
   EXPECT_NE(full.find("<effect clsid"), std::string::npos);
   EXPECT_EQ(full.find("PreviewMode"), std::string::npos);
   b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\n";
-  const auto params = GetPreviewParams(b.compilation, 4);
+  const auto params = GetPreviewParams(b.editing, 4);
   EXPECT_EQ(params.Scale, 3) << "a file without the section is replaced";
-  EXPECT_EQ(ShowUserPreviewParams(b.compilation, params),
+  EXPECT_EQ(ShowUserPreviewParams(b.editing, params),
             "\r\n\r\nH x W reduced by 3\r\n\r\nAspect Ratio is maintained\r\nColor drop from 24 to 16 bit\r\n"
             "FPS drop from 25 to 10 fps \r\n\r\nTransitions ARE shown\r\nClip Effects are NOT shown\r\n");
 }
 
 TEST(Preview, TellsItsLengths) {
   Bench b;
-  EXPECT_FALSE(CreatePreview(b.compilation, {}));
+  EXPECT_FALSE(CreatePreview(b.editing, {}));
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
             "KVO - Nothing to Render|Nothing to render");
   b.addVideo("a.avi", 0, 12.5);
-  const auto silent = CreatePreview(b.compilation, {});
+  const auto silent = CreatePreview(b.editing, {});
   ASSERT_TRUE(silent);
   EXPECT_EQ(silent->lbl_VideoTotTime + "|" + silent->Lbl_AudTotal, "012.500|No Audio");
   EXPECT_EQ(silent->FSB_RenderRangeMax, 12);
@@ -187,13 +185,13 @@ TEST(Preview, TellsItsLengths) {
   EXPECT_EQ(b.editor.ClipStopList, std::vector<float>{12.5F});
   b.settings.adjust().AutoTrimAudio = false;
   b.addMusic("m.mp3", 0, 20);
-  const auto uneven = CreatePreview(b.compilation, {});
+  const auto uneven = CreatePreview(b.editing, {});
   EXPECT_EQ(uneven->Lbl_AudTotal, "020.000");
   EXPECT_TRUE(uneven->audioIsRed);
   b.collection.MovieList[2].LoopEnd(Value(12.5));
-  EXPECT_TRUE(CreatePreview(b.compilation, {})->audioIsRed) << "\"12.5\" is another text than \"12.5000\"";
+  EXPECT_TRUE(CreatePreview(b.editing, {})->audioIsRed) << "\"12.5\" is another text than \"12.5000\"";
   b.settings.adjust().AutoTrimAudio = true;
-  EXPECT_FALSE(CreatePreview(b.compilation, {})->audioIsRed);
+  EXPECT_FALSE(CreatePreview(b.editing, {})->audioIsRed);
   EXPECT_EQ(powerCaption(7), "70% CPU - Preview Performance \\ CPU Power Required");
 }
 
@@ -202,30 +200,30 @@ TEST(EffectPanel, SwitchesHaveTheirConsequences) {
   auto& clip = b.addVideo("a.avi", 0, 5);
   clip.KeyID(7);
   b.collection.icurMov = 1;
-  auto controls = DecodeStaticClipEffectWord(b.compilation, 1);
+  auto controls = DecodeStaticClipEffectWord(b.editing, 1);
   EXPECT_FALSE(controls.switches.any());
-  switchEffect(b.compilation, controls, 43, true);
+  switchEffect(b.editing, controls, 43, true);
   EXPECT_EQ(clip.BlurInt(), 4);
-  switchEffect(b.compilation, controls, 44, true);
+  switchEffect(b.editing, controls, 44, true);
   ASSERT_EQ(b.collection.KeyframeList.count(), 1);
   EXPECT_EQ(b.collection.KeyframeList[1].EffectNo, 200);
   EXPECT_EQ(b.collection.KeyframeList[1].Param[1].text(), "20");
-  switchEffect(b.compilation, controls, 45, true);
+  switchEffect(b.editing, controls, 45, true);
   EXPECT_EQ(clip.AgeIntensity(), 35);
-  switchEffect(b.compilation, controls, 14, true);  // ColoredPencil, row 8
+  switchEffect(b.editing, controls, 14, true);  // ColoredPencil, row 8
   EXPECT_EQ(b.settings.state.KeyframeEffectNo, 8);
-  EXPECT_EQ(KeyframeCount(b.compilation, 8, 1), 1);
+  EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 1);
   EXPECT_EQ(EffectWord(clip.EffectWord()).text(), clip.EffectWord());
   EXPECT_TRUE(EffectWord(clip.EffectWord()).isOn(14));
-  switchEffect(b.compilation, controls, 14, false);
-  EXPECT_EQ(KeyframeCount(b.compilation, 8, 1), 0) << "gone for good";
-  for (const int position : {43, 44, 45}) switchEffect(b.compilation, controls, position, false);
+  switchEffect(b.editing, controls, 14, false);
+  EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 0) << "gone for good";
+  for (const int position : {43, 44, 45}) switchEffect(b.editing, controls, position, false);
   EXPECT_EQ(clip.EffectWord(), "");
   EXPECT_EQ(b.collection.KeyframeList.count(), 0);
 
-  EXPECT_FALSE(configureEffect(b.compilation, 3));
+  EXPECT_FALSE(configureEffect(b.editing, 3));
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - No Configurable Options");
-  EXPECT_TRUE(configureEffect(b.compilation, 43));
+  EXPECT_TRUE(configureEffect(b.editing, 43));
   EXPECT_EQ(b.settings.state.KeyframeEffectNo, 100);
 
   applyEaseDefaultIn(clip);
@@ -248,20 +246,20 @@ TEST(TransitionPanel, StoresWhatIsPicked) {
   b.editor.controls.Sld_In.Value = 2;
   clip.ExtraParamName2("Direction");
   TransitionPanel panel{.selected = "Barn"};
-  DoTransition(b.compilation, panel, 1);
+  DoTransition(b.editing, panel, 1);
   EXPECT_EQ(clip.TransType(), "Barn");
   EXPECT_EQ(clip.TransIn(), 2);
   EXPECT_EQ(clip.ExtraParamName2(), "");
   EXPECT_TRUE(panel.durationIsShort && panel.wantsPreview);
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Short Transition duration");
   panel.selected = "Shatter In";
-  DoTransition(b.compilation, panel, 2);
+  DoTransition(b.editing, panel, 2);
   EXPECT_TRUE(panel.wantsParticleWindow && panel.Cmd_ParticleOpts);
   EXPECT_EQ(clip.TransType(), "Barn");
-  MatchTransitionToList(b.compilation, panel);
+  MatchTransitionToList(b.editing, panel);
   EXPECT_EQ(panel.selected, "Barn");
   panel.listVisible = false;
-  ApplyTransitionDataToObjects(b.compilation, panel);
+  ApplyTransitionDataToObjects(b.editing, panel);
   EXPECT_EQ(clip.TransType(), "CUT");
 }
 
@@ -270,7 +268,7 @@ TEST(AudioFades, GoFromTheSlidersToTheClip) {
   auto& clip = b.addVideo("a.avi", 0, 2);
   b.collection.icurMov = 1;
   AudioFadeControls controls{true, 15, 30};
-  AdjustAudioTrackFadeObjects(b.compilation, controls, true);
+  AdjustAudioTrackFadeObjects(b.editing, controls, true);
   EXPECT_EQ(clip.AudioFadeInTime(), 1.5F);
   EXPECT_TRUE(clip.HasAudioFade());
   ASSERT_EQ(b.boxes.shown.size(), 1U);
@@ -280,12 +278,12 @@ TEST(AudioFades, GoFromTheSlidersToTheClip) {
             "clip. You must "
             "reduce the fade OUT time or switch OFF the 'Auto Trim' feature.");
   AudioFadeControls back;
-  AdjustAudioTrackFadeObjects(b.compilation, back, false);
+  AdjustAudioTrackFadeObjects(b.editing, back, false);
   EXPECT_EQ(back.fadeOut, 30);
   const auto titles = UpdateAudioFadeSliderTxt({true, 15, 0});
   EXPECT_EQ(titles.fadeIn + "|" + titles.fadeOut, "Fade In Over 1.5s|Fade Out Over - Cut");
   controls.renderAudio = false;
-  AdjustAudioTrackFadeObjects(b.compilation, controls, true);
+  AdjustAudioTrackFadeObjects(b.editing, controls, true);
   EXPECT_FALSE(clip.HasAudioFade());
 }
 

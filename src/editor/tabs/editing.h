@@ -1,11 +1,12 @@
-// Everything a compile step may touch, handed from step to step; owned by whoever starts the compile.
+// The open collection in the editor's hands: what its operations read and write. Owned by whoever runs the
+// editor; the compiler itself sees none of it.
 #pragma once
 
 #include "base/paths.h"
 #include "core/records/collection.h"
 #include "core/records/settings.h"
 #include "core/telling/error_log.h"
-#include "editor/compiler/editor_state.h"
+#include "editor/tabs/editor_state.h"
 #include "ports/clock.h"
 #include "ports/files.h"
 #include "ports/frame_source.h"
@@ -13,7 +14,7 @@
 
 namespace kvo {
 
-struct Compilation {
+struct Editing {
   Collection& collection;
   KVO2& settings;
   EditorState& editor;

@@ -1,7 +1,8 @@
-#include "editor/compiler/preview.h"
+#include "editor/tabs/preview.h"
 
 #include "base/text.h"
-#include "editor/compiler/render_file.h"
+#include "editor/compiler/document_check.h"
+#include "editor/tabs/operations.h"
 
 #include <cmath>
 
@@ -39,17 +40,17 @@ std::string powerCaption(int power) {
   return powerToolTip(power) + " - " + "Preview Performance \\ CPU Power Required";
 }
 
-Result<PreviewLabels> CreatePreview(const Compilation& c, const StillControls& stills) {
-  if (c.clips().empty()) {
-    c.boxes.show({"KVO - Nothing to Render", "Nothing to render", BoxButtons::Ok, BoxIcon::Information});
+Result<PreviewLabels> CreatePreview(const Editing& e, const StillControls& stills) {
+  if (e.clips().empty()) {
+    e.boxes.show({"KVO - Nothing to Render", "Nothing to render", BoxButtons::Ok, BoxIcon::Information});
     return Error{"Nothing to render"};
   }
-  ApplyStillSettings(c, stills);
-  const int power = c.settings.preferences().PreviewCPU == 0 ? 10 : c.settings.preferences().PreviewCPU;
-  const auto path = c.folder.beside("\\KVORender.xtl");
-  if (auto done = writeDocument(c.files, path, compilePreviewText(c, power)); !done) return done.error();
-  AnalyseRenderFile(c, path);
-  return labelsOf(c.editor);
+  ApplyStillSettings(e, stills);
+  const int power = e.settings.preferences().PreviewCPU == 0 ? 10 : e.settings.preferences().PreviewCPU;
+  const auto path = e.folder.beside("\\KVORender.xtl");
+  if (auto done = writeDocument(e.files, path, compilePreviewText(e, power)); !done) return done.error();
+  AnalyseRenderFile(e, path);
+  return labelsOf(e.editor);
 }
 
 }  // namespace kvo

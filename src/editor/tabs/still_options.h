@@ -1,7 +1,7 @@
 // How stills take part in a movie: their length, and how they fit the frame.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/tabs/editing.h"
 
 #include <span>
 #include <string>
@@ -15,7 +15,7 @@ std::span<const std::string_view> aspectCaptions();
 
 /// Reads DefaultStillDuration and DefaultStillFrameRate from "\RenderStillOpts.dat" beside the program; a
 /// file that is missing is written first.
-void GetStillOpts(const Compilation& c);
+void GetStillOpts(const Editing& e);
 
 struct StillControls {
   double milliseconds = 7000;  ///< Slider1
@@ -25,14 +25,14 @@ struct StillControls {
 };
 
 /// Writes the controls into every still, or into the selected one.
-void ApplyStillSettings(const Compilation& c, const StillControls& controls);
+void ApplyStillSettings(const Editing& e, const StillControls& controls);
 
 /// The duration slider was moved: a change of the user's that becomes the default.
-void moveStillSlider(const Compilation& c, StillControls& controls, double milliseconds);
+void moveStillSlider(const Editing& e, StillControls& controls, double milliseconds);
 
-int GetStillsInCollection(const Compilation& c);
+int GetStillsInCollection(const Editing& e);
 
 /// The lines of Lst_Movies: a name, 200 blanks and the clip number, so that the number is out of sight.
-std::vector<std::string> PopulateStillListBox(const Compilation& c);
+std::vector<std::string> PopulateStillListBox(const Editing& e);
 
 }  // namespace kvo

@@ -1,4 +1,4 @@
-#include "editor/compiler/transition_panel.h"
+#include "editor/tabs/transition_panel.h"
 
 #include "base/text.h"
 
@@ -16,11 +16,11 @@ bool hasFreeOptions(const TransitionOptionSet& options) {
 
 }  // namespace
 
-void DoTransition(const Compilation& c, TransitionPanel& panel, int mode) {
+void DoTransition(const Editing& e, TransitionPanel& panel, int mode) {
   panel.wantsParticleWindow = panel.wantsPreview = false;
-  const int clipNo = c.collection.icurMov;
-  if (clipNo < 1 || c.clips().empty()) return;
-  auto& clip = c.clips()[clipNo];
+  const int clipNo = e.collection.icurMov;
+  if (clipNo < 1 || e.clips().empty()) return;
+  auto& clip = e.clips()[clipNo];
   panel.options = ShowTransOptions(panel.selected);
   panel.Cmd_ParticleOpts = panel.options.particles;
   if (mode == kOpenOptions && panel.options.particles) {
@@ -32,28 +32,28 @@ void DoTransition(const Compilation& c, TransitionPanel& panel, int mode) {
     clip.ExtraParamValue2("");
   }
   panel.currentMask = panel.options.bordersAndMask ? "Current Mask=" + clip.MaskName() : std::string();
-  ApplyTransitionDataToObjects(c, panel);
-  panel.wantsPreview = c.editor.controls.Sld_In.Value > 0;
+  ApplyTransitionDataToObjects(e, panel);
+  panel.wantsPreview = e.editor.controls.Sld_In.Value > 0;
 }
 
-void ApplyTransitionDataToObjects(const Compilation& c, TransitionPanel& panel) {
-  auto& clip = c.clips()[c.collection.icurMov];
-  const double duration = c.editor.controls.Sld_In.Value;
+void ApplyTransitionDataToObjects(const Editing& e, TransitionPanel& panel) {
+  auto& clip = e.clips()[e.collection.icurMov];
+  const double duration = e.editor.controls.Sld_In.Value;
   clip.TransType(panel.listVisible && !panel.selected.empty() ? panel.selected : "CUT");
   if (static_cast<double>(clip.TransIn()) != duration) clip.TransIn(static_cast<Single>(duration));
   panel.durationIsShort = duration < kShortDuration;
   panel.Fra_FadDur =
       panel.durationIsShort ? "Transition Duration - ( Duration is very Short! )" : "Transition Duration";
   if (!panel.durationIsShort) return;
-  c.boxes.show(
+  e.boxes.show(
       {"KVO - Short Transition duration",
        "Transition duration is very short and probably won't be seen unless you have a high frame rate !",
        BoxButtons::Ok, BoxIcon::Information});
 }
 
-void MatchTransitionToList(const Compilation& c, TransitionPanel& panel) {
+void MatchTransitionToList(const Editing& e, TransitionPanel& panel) {
   const auto names = transitionNames();
-  const auto found = std::find(names.begin(), names.end(), c.clips()[c.collection.icurMov].TransType());
+  const auto found = std::find(names.begin(), names.end(), e.clips()[e.collection.icurMov].TransType());
   panel.selected = found == names.end() ? std::string() : std::string(*found);
 }
 

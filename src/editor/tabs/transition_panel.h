@@ -1,8 +1,8 @@
 // The editor's controls for transitions as data, and what choosing one does to the clip in hand.
 #pragma once
 
-#include "editor/compiler/compilation.h"
 #include "editor/compiler/transition_names.h"
+#include "editor/tabs/editing.h"
 
 #include <string>
 
@@ -21,13 +21,13 @@ struct TransitionPanel {
 };
 
 /// A name was picked; a `mode` of 2 asks for the particle options where there are such.
-void DoTransition(const Compilation& c, TransitionPanel& panel, int mode);
+void DoTransition(const Editing& e, TransitionPanel& panel, int mode);
 
 /// Stores the selected transition and its duration in the clip in hand. A duration that is too short to be
 /// seen is warned of.
-void ApplyTransitionDataToObjects(const Compilation& c, TransitionPanel& panel);
+void ApplyTransitionDataToObjects(const Editing& e, TransitionPanel& panel);
 
 /// Selects the transition that the clip in hand has.
-void MatchTransitionToList(const Compilation& c, TransitionPanel& panel);
+void MatchTransitionToList(const Editing& e, TransitionPanel& panel);
 
 }  // namespace kvo

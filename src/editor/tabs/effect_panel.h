@@ -1,8 +1,8 @@
 // The editor's controls for a clip's effects as data, and what switching one of them does to the record.
 #pragma once
 
-#include "editor/compiler/compilation.h"
 #include "editor/compiler/effect_word.h"
+#include "editor/tabs/editing.h"
 
 #include <string>
 #include <string_view>
@@ -19,23 +19,23 @@ struct EffectControls {
 };
 
 /// The caption of Chk_Effect 1 to 42: a built-in effect, or the name in the palette slot.
-std::string effectCaption(const Compilation& c, int position);
+std::string effectCaption(const Editing& e, int position);
 
 /// Stores the switches in the clip's EffectWord. The keyframes of an effect that is off are gone for good.
-void CreateStaticClipEffectWord(const Compilation& c, const EffectControls& controls, int clipNo);
+void CreateStaticClipEffectWord(const Editing& e, const EffectControls& controls, int clipNo);
 
 /// The controls as the clip's record has them.
-EffectControls DecodeStaticClipEffectWord(const Compilation& c, int clipNo);
+EffectControls DecodeStaticClipEffectWord(const Editing& e, int clipNo);
 
 /// With no effect on: empties the clip's word and removes all its keyframes.
-void ValidateEffectWordfromInterface(const Compilation& c, const EffectControls& controls, int clipNo);
+void ValidateEffectWordfromInterface(const Editing& e, const EffectControls& controls, int clipNo);
 
 /// Switches an effect of the clip in hand on or off, with all that follows from it: sliders at a level that
 /// can be seen, the base keyframe, the word.
-void switchEffect(const Compilation& c, EffectControls& controls, int position, bool on);
+void switchEffect(const Editing& e, EffectControls& controls, int position, bool on);
 
 /// A right click on a switch that is on: true opens the keyframes of its effect; one without options says so.
-bool configureEffect(const Compilation& c, int position);
+bool configureEffect(const Editing& e, int position);
 
 /// The presets of the ease panel.
 void applyEaseDefaultIn(Movie& clip);

@@ -2,7 +2,7 @@
 // where it cannot be used.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/tabs/editing.h"
 
 #include <string_view>
 
@@ -10,14 +10,14 @@ namespace kvo {
 
 /// Reads the table from its file. A missing file is written with the defaults; one that cannot be used is
 /// told of and replaced by them. A write that fails is tried three times, 100 ms apart.
-void LoadEffects(const Compilation& c);
+void LoadEffects(const Editing& e);
 
 /// Writes the table as it stands.
-Outcome WriteEffectsArrayToDisk(const Compilation& c);
+Outcome WriteEffectsArrayToDisk(const Editing& e);
 
 /// The row of a name, for the parameters in it; null for a row that has none, of number 1 to 7. An `effectNo`
 /// of 0 becomes that of the effect being worked on. A name that is not in the table is logged, and the table
 /// rebuilt.
-const EffectRow* GetEffectParams(const Compilation& c, std::string_view name, int& effectNo);
+const EffectRow* GetEffectParams(const Editing& e, std::string_view name, int& effectNo);
 
 }  // namespace kvo

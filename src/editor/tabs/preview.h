@@ -2,8 +2,8 @@
 #pragma once
 
 #include "base/result.h"
-#include "editor/compiler/compilation.h"
-#include "editor/compiler/still_options.h"
+#include "editor/tabs/editing.h"
+#include "editor/tabs/still_options.h"
 
 #include <string>
 
@@ -24,6 +24,6 @@ std::string powerToolTip(int power);
 
 /// Compiles the collection at the power of the settings into "\KVORender.xtl" beside the program and fills
 /// ClipStopList from it. Fails, with a box, when there is nothing to show.
-Result<PreviewLabels> CreatePreview(const Compilation& c, const StillControls& stills);
+Result<PreviewLabels> CreatePreview(const Editing& e, const StillControls& stills);
 
 }  // namespace kvo

@@ -1,7 +1,7 @@
-#include "editor/compiler/effect_panel.h"
+#include "editor/tabs/effect_panel.h"
 
 #include "base/text.h"
-#include "editor/compiler/keyframes.h"
+#include "editor/tabs/keyframe_edits.h"
 #include "vocabulary/effects.h"
 
 #include <algorithm>
@@ -19,14 +19,14 @@ void switchOnBlur(Movie& clip, EffectControls& controls) {
   clip.BlurInt(4);
 }
 
-void switchOnMotionBlur(const Compilation& c, EffectControls& controls) {
+void switchOnMotionBlur(const Editing& e, EffectControls& controls) {
   if (controls.Sld_MotionBlurStrength < 2) controls.Sld_MotionBlurStrength = 14;
   if (controls.Sld_MotionDir < 2) controls.Sld_MotionDir = 20;
   BaseKeyframe base;
   base.name = "MotionBlur";
   base.param[0] = "14";
   base.param[1] = "20";
-  WriteBaseKeyFrameToCollection(c, std::move(base), false);
+  WriteBaseKeyFrameToCollection(e, std::move(base), false);
 }
 
 void switchOnFilmAge(Movie& clip, EffectControls& controls) {
@@ -47,47 +47,47 @@ void applyEase(Movie& clip, Single initialScale, const char* direction) {
 
 }  // namespace
 
-std::string effectCaption(const Compilation& c, int position) {
+std::string effectCaption(const Editing& e, int position) {
   if (position < kFirstSlot) return std::string(kBuiltInEffects.at(static_cast<std::size_t>(position - 1)));
-  const auto* row = c.editor.effects.slot(position - kFirstSlot + 1);
+  const auto* row = e.editor.effects.slot(position - kFirstSlot + 1);
   return row == nullptr ? std::string() : row->name;
 }
 
-void CreateStaticClipEffectWord(const Compilation& c, const EffectControls& controls, int clipNo) {
+void CreateStaticClipEffectWord(const Editing& e, const EffectControls& controls, int clipNo) {
   if (clipNo < 1) return;
   for (int i = 1; i <= kLastSlot; ++i) {
     if (controls.switches.isOn(i)) continue;
     int id = 0;
-    c.editor.effects.GetEffectIDFromName(effectCaption(c, i), id);
-    removeKeyframes(c, clipNo, id);
+    e.editor.effects.GetEffectIDFromName(effectCaption(e, i), id);
+    removeKeyframes(e, clipNo, id);
   }
-  c.clips()[clipNo].EffectWord(controls.switches.text());
+  e.clips()[clipNo].EffectWord(controls.switches.text());
 }
 
-EffectControls DecodeStaticClipEffectWord(const Compilation& c, int clipNo) {
-  const auto& clip = c.clips()[clipNo];
+EffectControls DecodeStaticClipEffectWord(const Editing& e, int clipNo) {
+  const auto& clip = e.clips()[clipNo];
   return {EffectWord(clip.EffectWord()), clip.BlurInt(), clip.MBlurStrength(), clip.MBlurDirection(),
           std::max<int>(clip.AgeIntensity(), 1)};
 }
 
-void ValidateEffectWordfromInterface(const Compilation& c, const EffectControls& controls, int clipNo) {
+void ValidateEffectWordfromInterface(const Editing& e, const EffectControls& controls, int clipNo) {
   if (clipNo < 1 || controls.switches.any()) return;
-  c.clips()[clipNo].EffectWord("");
-  c.clips()[clipNo].HasKeyFrames(false);
-  removeKeyframes(c, clipNo, std::nullopt);
+  e.clips()[clipNo].EffectWord("");
+  e.clips()[clipNo].HasKeyFrames(false);
+  removeKeyframes(e, clipNo, std::nullopt);
 }
 
-void switchEffect(const Compilation& c, EffectControls& controls, int position, bool on) {
-  const int clipNo = c.collection.icurMov;
+void switchEffect(const Editing& e, EffectControls& controls, int position, bool on) {
+  const int clipNo = e.collection.icurMov;
   if (clipNo < 1) return;
-  auto& clip = c.clips()[clipNo];
+  auto& clip = e.clips()[clipNo];
   controls.switches.set(position, on);
   int id = 0;
-  if (position <= kLastSlot) c.editor.effects.GetEffectIDFromName(effectCaption(c, position), id);
+  if (position <= kLastSlot) e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
   if (!on) {
-    if (position <= kLastSlot) removeKeyframes(c, clipNo, id);
-    CreateStaticClipEffectWord(c, controls, clipNo);
-    ValidateEffectWordfromInterface(c, controls, clipNo);
+    if (position <= kLastSlot) removeKeyframes(e, clipNo, id);
+    CreateStaticClipEffectWord(e, controls, clipNo);
+    ValidateEffectWordfromInterface(e, controls, clipNo);
     return;
   }
   switch (static_cast<EffectSwitch>(position)) {
@@ -95,31 +95,31 @@ void switchEffect(const Compilation& c, EffectControls& controls, int position, 
       switchOnBlur(clip, controls);
       break;
     case EffectSwitch::MotionBlur:
-      switchOnMotionBlur(c, controls);
+      switchOnMotionBlur(e, controls);
       break;
     case EffectSwitch::FilmAge:
       switchOnFilmAge(clip, controls);
       break;
     default:
       if (id > 0) {
-        c.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
-        AddSingleBaseKeyFrame(c);
+        e.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
+        AddSingleBaseKeyFrame(e);
       }
   }
-  CreateStaticClipEffectWord(c, controls, clipNo);
+  CreateStaticClipEffectWord(e, controls, clipNo);
 }
 
-bool configureEffect(const Compilation& c, int position) {
+bool configureEffect(const Editing& e, int position) {
   if (position < kFirstSlot) {
-    c.boxes.show({"KVO - No Configurable Options", "There are no configurable options for this effect.",
+    e.boxes.show({"KVO - No Configurable Options", "There are no configurable options for this effect.",
                   BoxButtons::Ok, BoxIcon::Information});
     return false;
   }
   int id = position == static_cast<int>(EffectSwitch::Blur)         ? kBlurEffect
            : position == static_cast<int>(EffectSwitch::MotionBlur) ? kMotionBlurEffect
                                                                     : 0;
-  if (id == 0) c.editor.effects.GetEffectIDFromName(effectCaption(c, position), id);
-  c.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
+  if (id == 0) e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
+  e.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
   return id > 0;
 }
 

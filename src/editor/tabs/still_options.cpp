@@ -1,4 +1,4 @@
-#include "editor/compiler/still_options.h"
+#include "editor/tabs/still_options.h"
 
 #include "base/text.h"
 
@@ -19,11 +19,9 @@ constexpr Integer kStillChanged = 98;  // change code
 std::optional<double> sectionValue(std::string_view text, std::string_view section, std::string_view key) {
   bool next = false;
   while (!text.empty()) {
-    const auto end = std::min(text.find('\n'), text.size());
-    const auto line = upper(trimmed(replaced(text.substr(0, end), "\r", "")));
+    const auto line = upper(trimmed(takeLine(text)));
     if (next) return ToNumber(trimmed(replaced(line, key, "")));
     next = line == section;
-    text.remove_prefix(std::min(end + 1, text.size()));
   }
   return std::nullopt;
 }
@@ -39,47 +37,47 @@ void apply(Movie& clip, const StillControls& controls) {
 
 std::span<const std::string_view> aspectCaptions() { return kAspects; }
 
-void GetStillOpts(const Compilation& c) {
-  const auto path = c.folder.beside("\\RenderStillOpts.dat");
+void GetStillOpts(const Editing& e) {
+  const auto path = e.folder.beside("\\RenderStillOpts.dat");
   // A folder that cannot be written does not hinder: the values are the same.
-  if (!c.files.exists(path)) static_cast<void>(writeDurably(c.files, path, kDefaultFile));
-  const auto bytes = c.files.read(path, kMaxFile);
+  if (!e.files.exists(path)) static_cast<void>(writeDurably(e.files, path, kDefaultFile));
+  const auto bytes = e.files.read(path, kMaxFile);
   const auto text = bytes ? textFromBytes(*bytes) : std::string(kDefaultFile);
   if (const auto v = sectionValue(text, "[DEFAULTGROUPSTILLDURATION]", "STILLDUR=")) {
-    c.settings.state.DefaultStillDuration = static_cast<Single>(*v);
+    e.settings.state.DefaultStillDuration = static_cast<Single>(*v);
   }
   if (const auto v = sectionValue(text, "[DEFAULTGROUPSTILLFRAMERATE]", "FRAMERATE=")) {
-    c.settings.state.DefaultStillFrameRate = static_cast<Single>(*v);
+    e.settings.state.DefaultStillFrameRate = static_cast<Single>(*v);
   }
 }
 
-void ApplyStillSettings(const Compilation& c, const StillControls& controls) {
+void ApplyStillSettings(const Editing& e, const StillControls& controls) {
   if (controls.individually) {
-    if (controls.selectedClip >= 1 && controls.selectedClip <= c.clips().count()) {
-      apply(c.clips()[controls.selectedClip], controls);
+    if (controls.selectedClip >= 1 && controls.selectedClip <= e.clips().count()) {
+      apply(e.clips()[controls.selectedClip], controls);
     }
     return;
   }
-  for (int i = 1; i <= c.clips().count(); ++i) apply(c.clips()[i], controls);
+  for (int i = 1; i <= e.clips().count(); ++i) apply(e.clips()[i], controls);
 }
 
-void moveStillSlider(const Compilation& c, StillControls& controls, double milliseconds) {
+void moveStillSlider(const Editing& e, StillControls& controls, double milliseconds) {
   controls.milliseconds = milliseconds;
-  c.settings.state.DefaultStillDuration = static_cast<Single>(milliseconds / 1000);
-  ApplyStillSettings(c, controls);
-  c.settings.state.ObjectChange = kStillChanged;
+  e.settings.state.DefaultStillDuration = static_cast<Single>(milliseconds / 1000);
+  ApplyStillSettings(e, controls);
+  e.settings.state.ObjectChange = kStillChanged;
 }
 
-int GetStillsInCollection(const Compilation& c) {
+int GetStillsInCollection(const Editing& e) {
   int count = 0;
-  for (int i = 1; i <= c.clips().count(); ++i) count += c.clips()[i].IsStill() ? 1 : 0;
+  for (int i = 1; i <= e.clips().count(); ++i) count += e.clips()[i].IsStill() ? 1 : 0;
   return count;
 }
 
-std::vector<std::string> PopulateStillListBox(const Compilation& c) {
+std::vector<std::string> PopulateStillListBox(const Editing& e) {
   std::vector<std::string> lines;
-  for (int i = 1; i <= c.clips().count(); ++i) {
-    if (c.clips()[i].IsStill()) lines.push_back(listedName(c.clips()[i]) + blanks(200) + std::to_string(i));
+  for (int i = 1; i <= e.clips().count(); ++i) {
+    if (e.clips()[i].IsStill()) lines.push_back(listedName(e.clips()[i]) + blanks(200) + std::to_string(i));
   }
   return lines;
 }

@@ -1,4 +1,4 @@
-#include "editor/compiler/preview_params.h"
+#include "editor/tabs/preview_params.h"
 
 #include "base/text.h"
 
@@ -47,29 +47,23 @@ std::string defaultFile() {
 
 std::vector<std::string> upperLines(std::string_view text) {
   std::vector<std::string> lines;
-  while (!text.empty()) {
-    const auto end = std::min(text.find('\n'), text.size());
-    auto line = text.substr(0, end);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    lines.push_back(upper(trimmed(line)));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
+  while (!text.empty()) lines.push_back(upper(trimmed(takeLine(text))));
   return lines;
 }
 
 }  // namespace
 
-PreviewParams GetPreviewParams(const Compilation& c, int power) {
+PreviewParams GetPreviewParams(const Editing& e, int power) {
   if (power == 0) power = 10;
-  const auto path = c.folder.beside("\\PreviewDefaults.dat");
+  const auto path = e.folder.beside("\\PreviewDefaults.dat");
   const auto section = "[PREVIEW" + std::to_string(power) + "]";
-  const auto bytes = c.files.read(path, kMaxFile);
+  const auto bytes = e.files.read(path, kMaxFile);
   auto lines = upperLines(bytes ? textFromBytes(*bytes) : std::string());
   auto line = std::find(lines.begin(), lines.end(), section);
   if (line == lines.end()) {
     // A file that is missing or broken is written anew. A folder that cannot be written does not hinder the
     // preview: the values are the same.
-    static_cast<void>(writeDurably(c.files, path, defaultFile()));
+    static_cast<void>(writeDurably(e.files, path, defaultFile()));
     lines = upperLines(defaultFile());
     line = std::find(lines.begin(), lines.end(), section);
   }
@@ -78,7 +72,7 @@ PreviewParams GetPreviewParams(const Compilation& c, int power) {
     return ToNumber(replaced(*line, key, ""));
   };
 
-  const auto& settings = c.settings;
+  const auto& settings = e.settings;
   PreviewParams params;
   params.Scale = next("SCALEFACTOR = ", 1);
   if (params.Scale <= 0) params.Scale = 1;
@@ -89,13 +83,13 @@ PreviewParams GetPreviewParams(const Compilation& c, int power) {
   if (params.Rate == kOutputRate) params.Rate = settings.preferences().OutPutFrameRate;
   params.Depth = std::min<int>(params.Depth, settings.preferences().OutputColorDepth);
   params.Rate = std::min(params.Rate, settings.preferences().OutPutFrameRate);
-  c.settings.state.RenderEffects = params.Effects;
-  c.settings.state.RenderTransitions = params.Transitions;
+  e.settings.state.RenderEffects = params.Effects;
+  e.settings.state.RenderTransitions = params.Transitions;
   return params;
 }
 
-std::string ShowUserPreviewParams(const Compilation& c, const PreviewParams& p) {
-  const auto& settings = c.settings;
+std::string ShowUserPreviewParams(const Editing& e, const PreviewParams& p) {
+  const auto& settings = e.settings;
   const int outputDepth = settings.preferences().OutputColorDepth;
   const auto outputRate = ShortText(settings.preferences().OutPutFrameRate);
   const auto depth = std::to_string(p.Depth) + " bit";

@@ -1,7 +1,7 @@
 // The fade sliders of the audio options, in tenths of a second.
 #pragma once
 
-#include "editor/compiler/compilation.h"
+#include "editor/tabs/editing.h"
 
 #include <string>
 
@@ -15,7 +15,7 @@ struct AudioFadeControls {
 
 /// Copies the sliders to the clip in hand, or, with `fromSliders` false, back. While Chk_AutoTrim is ticked a
 /// fade that is longer than the clip is warned of.
-void AdjustAudioTrackFadeObjects(const Compilation& c, AudioFadeControls& controls, bool fromSliders);
+void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders);
 
 struct AudioFadeTitles {
   std::string fadeIn;

@@ -1,4 +1,4 @@
-#include "editor/compiler/audio_fades.h"
+#include "editor/tabs/audio_fades.h"
 
 #include "core/telling/failures.h"
 #include "editor/compiler/durations.h"
@@ -6,8 +6,8 @@
 namespace kvo {
 namespace {
 
-void warnOfLongFade(const Compilation& c, const std::string& which, const std::string& what) {
-  c.boxes.show({std::string(kProductName) + " - Autotrim Fade Warning",
+void warnOfLongFade(const Editing& e, const std::string& which, const std::string& what) {
+  e.boxes.show({std::string(kProductName) + " - Autotrim Fade Warning",
                 "As the 'Auto Trim' feature is ON, the values you have set for the fade " + which +
                     " are longer than the clip. You must reduce the fade " + what +
                     " time or switch OFF the 'Auto Trim' feature.",
@@ -16,8 +16,8 @@ void warnOfLongFade(const Compilation& c, const std::string& which, const std::s
 
 }  // namespace
 
-void AdjustAudioTrackFadeObjects(const Compilation& c, AudioFadeControls& controls, bool fromSliders) {
-  auto& clip = c.clips()[c.collection.icurMov];
+void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders) {
+  auto& clip = e.clips()[e.collection.icurMov];
   if (!fromSliders) {
     controls = {clip.RenderAudio(), ToNumber(ShortText(clip.AudioFadeInTime())) * 10,
                 ToNumber(ShortText(clip.AudioFadeOutTime())) * 10};
@@ -31,10 +31,10 @@ void AdjustAudioTrackFadeObjects(const Compilation& c, AudioFadeControls& contro
   clip.AudioFadeInTime(static_cast<Single>(controls.fadeIn / 10));
   clip.AudioFadeOutTime(static_cast<Single>(controls.fadeOut / 10));
   clip.HasAudioFade(true);
-  if (!c.editor.controls.Chk_AutoTrim) return;
+  if (!e.editor.controls.Chk_AutoTrim) return;
   const double length = timelineLength(clip);
-  if (controls.fadeIn / 10 > length) warnOfLongFade(c, "IN", "In");
-  if (controls.fadeOut / 10 > length) warnOfLongFade(c, "OUT", "OUT");
+  if (controls.fadeIn / 10 > length) warnOfLongFade(e, "IN", "In");
+  if (controls.fadeOut / 10 > length) warnOfLongFade(e, "OUT", "OUT");
 }
 
 AudioFadeTitles UpdateAudioFadeSliderTxt(const AudioFadeControls& controls) {

@@ -1,0 +1,60 @@
+// The compiler: a collection becomes a timeline document. Collection and options are only read; what a
+// compile would have otherwise in the records is part of what it gives back.
+#pragma once
+
+#include "editor/compiler/compile_options.h"
+#include "editor/compiler/document_text.h"
+#include "editor/compiler/effect_elements.h"
+#include "editor/compiler/timeline_clips.h"
+
+#include <optional>
+#include <string>
+
+namespace kvo {
+
+/// What a compile asks of the world; all of it outlives the compile.
+struct CompileFacts {
+  FrameSource& streams;
+  const EffectsTable& effects;
+};
+
+/// The four texts that a document is put together from.
+struct WorkingTexts {
+  std::string VideoGroupText;
+  std::string VideoTrackText;
+  std::string AudioGroupText;
+  std::string AudioTrackText;
+};
+
+struct Compiled {
+  std::string text;         ///< the document
+  WorkingTexts parts;       ///< what it is made of
+  TimelineClips clips;      ///< each clip's place, and what its record is to be corrected to
+  bool hasPicture = false;  ///< any clip has one; without, the boxes for clip sound and trimming go off
+  bool hasMusic = false;    ///< the music of the collection takes part
+  OutputForm output;        ///< as asked for
+  std::optional<double> videoStop;  ///< seconds: VideoTotalTime; none without a clip with a picture
+  std::optional<Stamp> audioStop;   ///< AudioTotalTime; none where no music takes part
+  double largestStop = 0;           ///< seconds: LastClipStop
+};
+
+/// Compiles the collection, which outlives what comes back: places every clip, shortens transitions that are
+/// too long, gives stills their length, and writes the document. A second compile of records that were
+/// corrected may differ from the first: a still that was to be heard is silent once, and then has no sound
+/// track.
+Compiled compile(const Collection& collection, const CompileOptions& options, const CompileFacts& facts);
+
+/// The opening tag of the video group, with its line end.
+std::string videoGroupTag(const OutputForm& output);
+
+/// The document that the four texts make. Without audio tracks it has an audio group all the same.
+std::string documentText(const WorkingTexts& texts, bool hasPicture, bool hasVideoTime, bool hasAudioTracks);
+
+/// Writes what a compile corrected into records and settings, and takes keyframes away whose clip is gone. It
+/// is no change of the user's: dirty flags and the change code stay.
+void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings);
+
+/// Sets HasKeyFrames of the clips that own keyframes and removes keyframes whose clip is gone.
+void ValidateKeyFrames(Collection& collection);
+
+}  // namespace kvo

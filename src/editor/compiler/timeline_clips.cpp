@@ -1,0 +1,97 @@
+#include "editor/compiler/timeline_clips.h"
+
+#include "base/text.h"
+#include "core/records/media_kinds.h"
+#include "editor/compiler/document_text.h"
+
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+void lookInto(TimelineClip& clip, FrameSource& streams) {
+  const auto& name = clip.record->MovieName();
+  const auto* kind = mediaKind(name);
+  const auto facts = streams.facts(clipFile(*clip.record));
+  clip.hasPicture = facts && facts->hasVideo;
+  clip.hasSound = facts && facts->hasAudio;
+  clip.isSound = kind != nullptr && kind->byNameAlone
+                     ? kind->mediaClass == MediaClass::Sound
+                     : mediaClass(name, facts ? &*facts : nullptr) == MediaClass::Sound;
+  clip.isMusic = clip.isSound && (kind == nullptr || kind->canBeInMovie);
+}
+
+void correct(Movie& record, const TimelineClip& clip) {
+  if (record.LoopStart() != clip.LoopStart) record.LoopStart(clip.LoopStart);
+  if (record.LoopEnd() != clip.LoopEnd) record.LoopEnd(clip.LoopEnd);
+  record.DurationTime(clip.DurationTime);
+  record.TransIn(clip.TransIn);
+  if (record.TransType() != clip.TransType) record.TransType(clip.TransType);
+  if (clip.HasAudio) record.HasAudio(*clip.HasAudio);
+  record.RenderAudio(clip.RenderAudio);
+  record.HasAudioFade(clip.HasAudioFade);
+  record.HasKeyFrames(clip.HasKeyFrames);
+  if (clip.dropsFirstOption) {
+    record.ExtraParamName1("");
+    record.ExtraParamValue1("");
+  }
+  if (!clip.placed) return;
+  record.TimeLineStart(Value(shortNumber(clip.place.start)));
+  record.TimeLineStop(Value(fixedText(clip.place.stop)));
+}
+
+}  // namespace
+
+TimelineClips::TimelineClips(const Collection& collection) {
+  const auto& records = collection.MovieList;
+  clips_.reserve(static_cast<std::size_t>(records.count()));
+  for (int i = 1; i <= records.count(); ++i) {
+    const auto& m = records[i];
+    clips_.push_back({.record = &m,
+                      .number = i,
+                      .LoopStart = m.LoopStart(),
+                      .LoopEnd = m.LoopEnd(),
+                      .DurationTime = m.DurationTime(),
+                      .TransIn = m.TransIn(),
+                      .TransType = m.TransType(),
+                      .HasAudio = {},
+                      .RenderAudio = m.RenderAudio(),
+                      .HasAudioFade = m.HasAudioFade(),
+                      .HasKeyFrames = m.HasKeyFrames(),
+                      .place = {m.TimeLineStart().number(), m.TimeLineStop().number()}});
+  }
+}
+
+TimelineClips::TimelineClips(const Collection& collection, FrameSource& streams) : TimelineClips(collection) {
+  for (auto& clip : clips_) lookInto(clip, streams);
+}
+
+bool isCut(std::string_view transType) {
+  return trimmed(transType).empty() || sameText(trimmed(transType), "CUT");
+}
+
+bool hasPicture(const TimelineClips& clips) {
+  return std::any_of(clips.begin(), clips.end(), [](const auto& clip) { return !clip.isSound; });
+}
+
+int misplacedSound(const TimelineClips& clips) {
+  int sound = 0;
+  for (const auto& clip : clips) {
+    if (!clip.isSound && sound > 0) return sound;
+    if (clip.isSound && sound == 0) sound = clip.number;
+  }
+  return 0;
+}
+
+void applyCorrections(const TimelineClips& clips, Collection& collection, KVO2& settings) {
+  const auto change = settings.state.ObjectChange;
+  for (const auto& clip : clips) {
+    auto& record = collection.MovieList[clip.number];
+    const bool wasDirty = record.IsDirty();
+    correct(record, clip);
+    record.IsDirty(wasDirty);
+  }
+  settings.state.ObjectChange = change;
+}
+
+}  // namespace kvo

@@ -1,0 +1,46 @@
+#include "editor/tabs/clip_checks.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+int numberAtEnd(std::string_view row, std::size_t width) {
+  return toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(width, row.size())))));
+}
+
+bool anyClip(const Editing& e, bool TimelineClip::*is) {
+  const TimelineClips clips(e.collection, e.streams);
+  return std::any_of(clips.begin(), clips.end(), [&](const auto& clip) { return clip.*is; });
+}
+
+}  // namespace
+
+bool CheckForAudiotrack(const Editing& e) { return anyClip(e, &TimelineClip::isMusic); }
+
+bool AtLeastOneAudioInCollection(const Editing& e) { return anyClip(e, &TimelineClip::isSound); }
+
+bool IsAudioBeforeVideo(const Editing& e) {
+  for (int i = 1; i <= e.clips().count(); ++i) {
+    if (extensionOf(e.clips()[i].MovieName()) == "WAV") e.clips()[i].MovieHeight(0);
+  }
+  const int misplaced = misplacedSound(TimelineClips(e.collection, e.streams));
+  if (misplaced == 0) return false;
+  e.boxes.show({"KVO - Incorrectly placed Audio track",
+                "Audio tracks should be grouped together and placed at the end of the collection !\r\n"
+                "Please move the audio track :-\r\n<" +
+                    e.clips()[misplaced].MovieName() + ">\r\nto the end of the collection.",
+                BoxButtons::Ok, BoxIcon::Warning});
+  return true;
+}
+
+int GetIndividualClipNo(std::string_view row) {
+  const int number = numberAtEnd(row, 4);
+  return number == 0 ? 1 : number;
+}
+
+int GetEffectClipNo(std::string_view row) { return numberAtEnd(row, 10); }
+
+}  // namespace kvo

@@ -1,0 +1,177 @@
+#include "editor/tabs/keyframe_edits.h"
+
+#include "base/text.h"
+#include "editor/compiler/durations.h"
+#include "editor/tabs/effects_file.h"
+
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr std::string_view kFrameMask = "0######";
+
+Long toFrames(double seconds, const KVO2& settings) {
+  return framesOf(seconds, settings.preferences().OutPutFrameRate);
+}
+
+// List numbers of the keyframes of the clip in hand and the effect being worked on.
+std::vector<int> ownKeyframes(const Editing& e) {
+  const auto keyId = e.clips()[e.collection.icurMov].KeyID();
+  const auto& list = e.collection.KeyframeList;
+  std::vector<int> own;
+  for (int i = 1; i <= list.count(); ++i) {
+    if (list[i].ClipName == keyId && list[i].EffectNo == e.settings.state.KeyframeEffectNo) own.push_back(i);
+  }
+  return own;
+}
+
+std::string noneAsEmpty(const std::string& text) { return text == "None" ? std::string() : text; }
+
+}  // namespace
+
+bool KeyFrameExists(const Editing& e, int clipNo, Long frameNo, int effectNo) {
+  if (effectNo == 0) effectNo = e.settings.state.KeyframeEffectNo;
+  const auto keyId = e.clips()[clipNo].KeyID();
+  const auto& list = e.collection.KeyframeList;
+  for (int i = 1; i <= list.count(); ++i) {
+    if (list[i].ClipName == keyId && list[i].FrameNo == frameNo && list[i].EffectNo == effectNo) return true;
+  }
+  return false;
+}
+
+int KeyframeCount(const Editing& e, int effectNo, int clipNo) {
+  if (clipNo == 0) clipNo = e.collection.icurMov;
+  if (clipNo < 1 || clipNo > e.clips().count()) return 0;
+  const auto keyId = e.clips()[clipNo].KeyID();
+  const auto& list = e.collection.KeyframeList;
+  int count = 0;
+  for (int i = 1; i <= list.count(); ++i)
+    count += list[i].ClipName == keyId && list[i].EffectNo == effectNo ? 1 : 0;
+  return count;
+}
+
+std::optional<int> GetBaseKeyFrameLink(const Editing& e) {
+  const auto keyId = e.clips()[e.collection.icurMov].KeyID();
+  const auto& list = e.collection.KeyframeList;
+  for (int i = 1; i <= list.count(); ++i) {
+    if (list[i].ClipName == keyId && list[i].EffectNo == e.settings.state.KeyframeEffectNo &&
+        list[i].FrameNo == 0)
+      return i;
+  }
+  return std::nullopt;
+}
+
+void WriteBaseKeyFrameToCollection(const Editing& e, BaseKeyframe base, bool update) {
+  auto& settings = e.settings;
+  auto& clip = e.clips()[e.collection.icurMov];
+  if (sameText(trimmed(base.name), "MOTIONBLUR")) {
+    settings.state.KeyframeEffectNo = kMotionBlurEffect;
+  }
+  int effectNo = settings.state.KeyframeEffectNo;
+  const bool isTableEffect = effectNo != kBlurEffect && effectNo != kMotionBlurEffect;
+  const auto* row = isTableEffect ? GetEffectParams(e, base.name, effectNo) : nullptr;
+  if (row != nullptr) {
+    base = {row->name,      row->Control,    row->Transparency, row->foreColor,
+            row->backColor, row->extraColor, row->texture};
+  }
+  Keyframe fresh;
+  const auto link = update ? GetBaseKeyFrameLink(e) : std::nullopt;
+  if (update && !link) return;
+  auto& k = update ? e.collection.KeyframeList[*link] : fresh;
+  const std::size_t stored = isTableEffect ? 8 : effectNo == kBlurEffect ? 1 : 3;
+  for (std::size_t i = 0; i < stored; ++i) k.Param[i] = Value(base.param[i]);
+  if (isTableEffect) {
+    // A row without a level means the whole effect: at level 0 nothing would be seen of what was just
+    // switched on.
+    const bool noLevel = trimmed(base.transparency).empty() || (!update && effectNo < kFirstFullRow);
+    k.Transparency = noLevel ? 100 : static_cast<Single>(ToNumber(base.transparency));
+    k.FC = noneAsEmpty(base.foreColor);
+    k.BC = noneAsEmpty(base.backColor);
+    k.EC = noneAsEmpty(base.extraColor);
+    k.TextureFile = noneAsEmpty(base.texture);
+  }
+  k.FrameNo = isTableEffect ? clip.LoopStartFrames() : toFrames(clip.LoopStart().number(), settings);
+  k.EffectNo = static_cast<Integer>(effectNo);
+  k.ClipName = clip.KeyID();
+  k.Time = Value(0);
+  if (!update) e.collection.KeyframeList.add(std::move(fresh));
+}
+
+void AddSingleBaseKeyFrame(const Editing& e) {
+  const int clipNo = e.collection.icurMov;
+  if (KeyFrameExists(e, clipNo, 0, e.settings.state.KeyframeEffectNo)) {
+    e.boxes.show({"KVO5 - Duplicate Keyframe warning", "Frame 0 is already a keyframe.", BoxButtons::Ok,
+                  BoxIcon::Warning});
+    return;
+  }
+  BaseKeyframe base;
+  base.name = e.editor.effects.GetEffectNameFromID(e.settings.state.KeyframeEffectNo);
+  WriteBaseKeyFrameToCollection(e, std::move(base), false);
+  e.clips()[clipNo].HasKeyFrames(true);
+}
+
+bool AddKeyFrame(const Editing& e, Long frameNo, Keyframe values) {
+  const int clipNo = e.collection.icurMov;
+  const int effectNo = e.settings.state.KeyframeEffectNo;
+  if (KeyFrameExists(e, clipNo, frameNo, effectNo)) {
+    e.boxes.show(
+        {"KVO5 - Duplicate Keyframe warning",
+         "Frame " + std::to_string(frameNo) +
+             " is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.",
+         BoxButtons::Ok, BoxIcon::Warning});
+    return false;
+  }
+  auto& list = e.collection.KeyframeList;
+  const auto own = ownKeyframes(e);
+  if (own.size() == 1 && effectNo != kBlurEffect && effectNo != kMotionBlurEffect) {
+    auto& first = list[own.front()];
+    if (first.Transparency != 100) first.Transparency = first.Transparency >= 50 ? 100.0F : 0.0F;
+  }
+  values.FrameNo = frameNo;
+  values.EffectNo = static_cast<Integer>(effectNo);
+  values.ClipName = e.clips()[clipNo].KeyID();
+  values.Time = Value(std::max(frameNo / decimal(e.settings.preferences().OutPutFrameRate), 0.0));
+  list.add(std::move(values));
+  e.clips()[clipNo].HasKeyFrames(true);
+  return true;
+}
+
+bool deleteKeyframe(const Editing& e, int line) {
+  const auto own = ownKeyframes(e);
+  if (own.size() < 2 || line < 1 || line > static_cast<int>(own.size())) return false;
+  e.collection.KeyframeList.remove(own[static_cast<std::size_t>(line - 1)]);
+  return true;
+}
+
+void KillAllKeyframeData(const Editing& e) {
+  const auto keyId = e.clips()[e.collection.icurMov].KeyID();
+  const int effectNo = e.settings.state.KeyframeEffectNo;
+  e.collection.KeyframeList.removeIf([&](const Keyframe& k) {
+    return k.ClipName == keyId && k.EffectNo == effectNo && k.Time.number() > 0;
+  });
+}
+
+void removeKeyframes(const Editing& e, int clipNo, std::optional<int> effectNo) {
+  const auto keyId = e.clips()[clipNo].KeyID();
+  e.collection.KeyframeList.removeIf(
+      [&](const Keyframe& k) { return k.ClipName == keyId && (!effectNo || k.EffectNo == *effectNo); });
+}
+
+std::vector<std::string> AddKeyFramesToList(const Editing& e) {
+  const auto& clip = e.clips()[e.collection.icurMov];
+  const auto first =
+      clip.IsStill() ? clip.LoopStartFrames() : toFrames(clip.LoopStart().number(), e.settings);
+  const auto last = clip.IsStill() ? clip.LoopEndFrames() : toFrames(clip.LoopEnd().number(), e.settings);
+  std::vector<std::string> lines;
+  for (const int i : ownKeyframes(e)) {
+    const auto& k = e.collection.KeyframeList[i];
+    const auto* text = k.FrameNo > last    ? "IGNORED - Point after Mark Out - Keyframe No = "
+                       : k.FrameNo < first ? "IGNORED - Point before Mark In - Keyframe No = "
+                                           : "Keyframe No = ";
+    lines.push_back(text + FormatMask(k.FrameNo, kFrameMask));
+  }
+  return lines;
+}
+
+}  // namespace kvo

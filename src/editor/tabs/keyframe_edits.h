@@ -1,0 +1,55 @@
+// Keyframes: the values of one effect of one clip at one frame, and the rules by which they come and go.
+#pragma once
+
+#include "editor/compiler/keyframes.h"
+#include "editor/tabs/editing.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvo {
+
+/// True if the clip has a keyframe at the frame; an `effectNo` of 0 is the effect being worked on.
+bool KeyFrameExists(const Editing& e, int clipNo, Long frameNo, int effectNo);
+
+/// The number of keyframes of the clip and effect; a `clipNo` of 0 is the clip in hand.
+int KeyframeCount(const Editing& e, int effectNo, int clipNo);
+
+/// The name, the eight parameters and the rest of a base keyframe.
+struct BaseKeyframe {
+  std::string name;
+  std::array<std::string, 8> param{"0", "0", "0", "0", "0", "0", "0", "0"};
+  std::string transparency = "0";
+  std::string foreColor, backColor, extraColor, texture;
+};
+
+/// Adds the keyframe that an effect begins with to the clip in hand, or, with `update`, overwrites it. But
+/// for "MotionBlur" the values are those of the effects table.
+void WriteBaseKeyFrameToCollection(const Editing& e, BaseKeyframe base, bool update);
+
+/// The base keyframe of the effect being worked on; a box tells when the clip has one at frame 0 already.
+void AddSingleBaseKeyFrame(const Editing& e);
+
+/// The list index, from 1, of the keyframe of the clip in hand at frame 0 for the effect being worked on.
+std::optional<int> GetBaseKeyFrameLink(const Editing& e);
+
+/// Adds a keyframe with these values to the clip in hand and the effect being worked on. False, with a box,
+/// when the frame has one already. A second keyframe brings the first one's level to 0 or 100.
+bool AddKeyFrame(const Editing& e, Long frameNo, Keyframe values);
+
+/// Deletes line `line` of the keyframe list, counted from 1. False when it is the only one: that stays.
+bool deleteKeyframe(const Editing& e, int line);
+
+/// Removes the keyframes of the clip in hand and the effect being worked on, all but the base one.
+void KillAllKeyframeData(const Editing& e);
+
+/// Removes every keyframe of the clip; with an effect number only that effect's.
+void removeKeyframes(const Editing& e, int clipNo, std::optional<int> effectNo);
+
+/// The lines of the keyframe list for the clip in hand and the effect being worked on.
+std::vector<std::string> AddKeyFramesToList(const Editing& e);
+
+}  // namespace kvo

@@ -1,0 +1,283 @@
+#include "editor/tabs/operations.h"
+
+#include "base/text.h"
+#include "editor/compiler/audio_tracks.h"
+#include "editor/compiler/document_check.h"
+#include "editor/compiler/document_text.h"
+#include "editor/compiler/durations.h"
+#include "editor/tabs/preview_params.h"
+
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
+constexpr std::string_view kTotalMask = "000.000";
+
+CompileFacts factsOf(const Editing& e) { return {e.streams, e.editor.effects}; }
+
+// A setting that a compile writes is no change of the user's.
+template <class Write>
+void writeQuietly(KVO2& settings, Write write) {
+  const bool wasDirty = settings.state.IsDirty;
+  write(settings.change());
+  settings.state.IsDirty = wasDirty;
+}
+
+int previewPower(KVO2& settings) {
+  if (settings.preferences().PreviewCPU == 0) {
+    writeQuietly(settings, [](auto& s) { s.PreviewCPU = kRenderMode; });
+  }
+  return settings.preferences().PreviewCPU;
+}
+
+void setAudioTotal(EditorState& editor, Stamp total) {
+  editor.AudioTotalTime = stampText(total);
+  editor.controls.Lbl_AudTotal = FormatMask(total.seconds, kTotalMask);
+}
+
+void setVideoTotal(EditorState& editor, std::optional<double> stop, double largest) {
+  editor.VideoTotalTime = stop ? fixedText(*stop) : "0";
+  editor.LastClipStop = fixedText(largest);
+  editor.controls.Fra_Preview = "0 to " + FormatMask(largest, "0.00") + " (s)";
+}
+
+void noticePicture(const Editing& e, bool hasPicture) {
+  e.editor.hasNoVideo = !hasPicture;
+  if (hasPicture) return;
+  auto& controls = e.editor.controls;
+  controls.Chk_RenderClipAudio = false;
+  controls.Chk_AutoTrim = false;
+  controls.Chk_AutoTrimEnabled = false;
+  SetAutoTrim(e);
+}
+
+std::string compiled(const Editing& e, const CompileOptions& options) {
+  e.settings.state.ObjectChange = 0;
+  auto made = compile(e.collection, options, factsOf(e));
+  applyCorrections(made, e.collection, e.settings);
+  e.settings.state.RenderEffects = options.effects;
+  e.settings.state.RenderTransitions = options.transitions;
+  auto& editor = e.editor;
+  noticePicture(e, made.hasPicture);
+  setVideoTotal(editor, made.videoStop, made.largestStop);
+  editor.AudioTotalTime.clear();
+  if (made.audioStop) setAudioTotal(editor, *made.audioStop);
+  if (made.hasPicture) {
+    editor.OutputWidth = made.output.width;
+    editor.OutputHeight = made.output.height;
+  }
+  editor.texts = std::move(made.parts);
+  return std::move(made.text);
+}
+
+// What a sample is made with: the preview's depth and rate, and every effect.
+CompileOptions sampleOptions(const Editing& e) {
+  const auto params = GetPreviewParams(e, previewPower(e.settings));
+  auto options = optionsOf(e);
+  options.output.depth = params.Depth;
+  options.output.rate = params.Rate;
+  options.effects = params.Effects;
+  return options;
+}
+
+std::string shown(const Editing& e, const Sample& sample) {
+  applyCorrections(sample.clips, e.collection, e.settings);
+  return sample.text;
+}
+
+std::string clipSample(const Editing& e, int clipNo, const SampleForm& form) {
+  const auto options = sampleOptions(e);
+  e.settings.state.PreviewFrameRate = options.output.rate;
+  e.settings.state.RenderEffects = true;
+  return shown(e, clipSample(e.collection, clipNo, options, e.editor.effects, form));
+}
+
+}  // namespace
+
+void ClearGlobals(EditorState& editor) {
+  editor.texts = {};
+  editor.LastClipStop.clear();
+}
+
+CompileOptions optionsOf(const Editing& e) {
+  auto options = renderOptions(e.settings, e.folder.beside("\\silence.wav"));
+  auto& controls = e.editor.controls;
+  GetHeightWidth(controls, options.output.height, options.output.width);
+  options.clipAudio = controls.Chk_RenderClipAudio;
+  options.overlayOrder = controls.Opt_StackOverlay;
+  return options;
+}
+
+void GetHeightWidth(EditorControls& controls, int& height, int& width) {
+  if (controls.Opt_Preset) {
+    if (controls.Cmb_Res.empty()) return;
+    width = GetWidthFromString(controls.Cmb_Res);
+    height = GetHeightFromString(controls.Cmb_Res);
+    return;
+  }
+  height = controls.txtHeight = heldHeight(controls.txtHeight);
+  width = controls.txtWidth = heldWidth(controls.txtWidth);
+}
+
+int GetWidthFromString(std::string_view text) { return toLongClamped(ToNumber(text)); }
+
+int GetHeightFromString(std::string_view text) {
+  const auto at = text.find_first_of("xX");
+  return at == std::string_view::npos ? 0 : toLongClamped(ToNumber(text.substr(at + 1)));
+}
+
+void CreateVideoGroup(const Editing& e, int& depth, int& width, int& height, Single& frameRate, int mode) {
+  previewPower(e.settings);
+  const auto& preferences = e.settings.preferences();
+  OutputForm output{depth, width, height, preferences.OutPutFrameRate, preferences.DirectXPrebuffer};
+  if (mode < kRenderMode) output = reducedOutput(std::move(output), GetPreviewParams(e, mode));
+  depth = output.depth;
+  width = e.editor.OutputWidth = output.width;
+  height = e.editor.OutputHeight = output.height;
+  frameRate = output.rate;
+  e.editor.texts.VideoGroupText = videoGroupTag(output);
+}
+
+bool HaveAtleastOneVidTrack(const Editing& e) {
+  const bool has = hasPicture(TimelineClips(e.collection, e.streams));
+  noticePicture(e, has);
+  return has;
+}
+
+void SetAutoTrim(const Editing& e) {
+  const auto& controls = e.editor.controls;
+  e.settings.adjust().AutoTrimAudio = controls.Chk_AutoTrimEnabled && controls.Chk_AutoTrim;
+}
+
+void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions o) {
+  auto& state = e.settings.state;
+  auto options = optionsOf(e);
+  if (analysing) {
+    const auto params = GetPreviewParams(e, previewPower(e.settings));
+    options.effects = params.Effects;
+    options.transitions = params.Transitions || o.TransitionPreview;
+  }
+  state.RenderEffects = options.effects;
+  state.RenderTransitions = options.transitions;
+  options.output.width = e.editor.OutputWidth;
+  options.output.height = e.editor.OutputHeight;
+  o.TimingOnly = state.ObjectChange != 0;
+  o.SliderSeconds = e.editor.controls.Sld_In.Value / 10;
+
+  TimelineClips clips(e.collection, e.streams);
+  if (GetNumAudioTracks(clips) >= 1) {
+    writeQuietly(e.settings, [](auto& s) { s.DubInPlaylistAudioTrks = true; });
+  }
+  const KeyframeIndex keyframes(e.collection);
+  auto line = videoLine({e.editor.effects, keyframes, options}, clips, o);
+  applyCorrections(clips, e.collection, e.settings);
+  e.editor.texts.VideoTrackText += line.tracks;
+  if (!o.TransitionPreview) e.editor.AudioTotalTime.clear();
+  setVideoTotal(e.editor, line.stop, line.largestStop);
+}
+
+void CreateAudioGroup(EditorState& editor, std::string_view rate) {
+  editor.texts.AudioGroupText = audioGroupTag(rate);
+}
+
+void CreateAudioClipLine(const Editing& e) {
+  TimelineClips clips(e.collection, e.streams);
+  e.editor.texts.AudioTrackText = clipAudioTracks(optionsOf(e), clips);
+  applyCorrections(clips, e.collection, e.settings);
+}
+
+void AddOverlayAudioTracks(const Editing& e) {
+  auto& editor = e.editor;
+  const auto options = optionsOf(e);
+  TimelineClips clips(e.collection, e.streams);
+  const auto music = overlayTracks(options, clips, options.trimOverlays ? ToNumber(editor.LastClipStop) : 0);
+  applyCorrections(clips, e.collection, e.settings);
+  editor.texts.AudioTrackText += music.tracks;
+  const double video = ToNumber(editor.VideoTotalTime);
+  setAudioTotal(editor,
+                options.trimOverlays && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
+}
+
+Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName) {
+  if (!hasAudioTracks) CreateAudioGroup(e.editor, kAudioRate);
+  return writeDocument(e.files, fileName,
+                       documentText(e.editor.texts, HaveAtleastOneVidTrack(e),
+                                    ToNumber(e.editor.VideoTotalTime) > 0, hasAudioTracks));
+}
+
+void AnalyseRenderFile(const Editing& e, const std::string& fileName) {
+  auto& stops = e.editor.ClipStopList;
+  stops.clear();
+  const auto bytes = e.files.read(fileName, kMaxDocument);
+  if (!bytes) return;
+  std::string_view rest(*bytes);
+  while (!rest.empty()) {
+    const auto line = takeLine(rest);
+    if (line.find("SamplingRate=") != std::string_view::npos) return;
+    const auto at = line.find(" stop=");
+    if (line.find("<clip src=") == std::string_view::npos || at == std::string_view::npos) continue;
+    const auto text = replaced(replaced(line.substr(at, 20), "/>", ""), "stop=", "");
+    const auto stop = static_cast<float>(ToNumber(replaced(text, "\"", "")));
+    if (std::find(stops.begin(), stops.end(), stop) == stops.end()) stops.push_back(stop);
+  }
+}
+
+std::string compileText(const Editing& e) {
+  previewPower(e.settings);
+  return compiled(e, optionsOf(e));
+}
+
+std::string compilePreviewText(const Editing& e, int power) {
+  writeQuietly(e.settings, [&](auto& s) { s.PreviewCPU = static_cast<Integer>(power); });
+  return compiled(e, previewOptions(optionsOf(e), GetPreviewParams(e, power), power));
+}
+
+Outcome CompileForRender(const Editing& e, const std::string& fileName) {
+  return writeDocument(e.files, fileName, compileText(e));
+}
+
+std::string CalcMaxTransitionDuration(const Editing& e, int clipNo) {
+  const double seconds =
+      longestTransition(TimelineClips(e.collection), clipNo, e.settings.state.DefaultStillDuration);
+  return stampText({seconds, Digits::One});
+}
+
+void SortTransitionTimes(const Editing& e, int clipNo) {
+  TimelineClips clips(e.collection);
+  e.editor.controls.Sld_In.Max = holdTransition(clips, clipNo, e.settings.state.DefaultStillDuration);
+  applyCorrections(clips, e.collection, e.settings);
+}
+
+void UpdateTrackFade(const Editing& e, bool audioPass) {
+  TimelineClips clips(e.collection, e.streams);
+  if (audioPass) {
+    setAudioFades(clips);
+    applyCorrections(clips, e.collection, e.settings);
+    return;
+  }
+  const auto most = static_cast<Single>(FindShortestCut(clips, false)) / 2 * 100 - 0.5F;
+  if (e.settings.preferences().VideoTrackFadeAmt > most) e.settings.change().VideoTrackFadeAmt = most;
+}
+
+std::string Previewtransition(const Editing& e, int clipNo) {
+  const auto options = sampleOptions(e);
+  e.settings.state.RenderTransitions = true;
+  return shown(
+      e, transitionSample(e.collection, clipNo, options, factsOf(e), e.editor.controls.Sld_In.Value / 10));
+}
+
+std::string PreviewEffect(const Editing& e, int clipNo) { return clipSample(e, clipNo, kEffectSample); }
+
+std::string PreviewColourAdjust(const Editing& e, int clipNo) { return clipSample(e, clipNo, kColourSample); }
+
+std::string CreatePinPPreview(const Editing& e, int backdropNo, const PicInPicOptions& wanted) {
+  auto options = sampleOptions(e);
+  e.settings.state.PreviewFrameRate = options.output.rate;
+  e.settings.state.RenderEffects = true;
+  if (!wanted.preview) options.output.rate = e.settings.preferences().OutPutFrameRate;
+  return shown(e, picInPicSample(e.collection, backdropNo, options, e.editor.effects, wanted));
+}
+
+}  // namespace kvo

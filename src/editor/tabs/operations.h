@@ -1,0 +1,85 @@
+// The operations of the editor that compile: each runs the compiler on the open collection, as the settings
+// and the controls have it, and writes what that corrects into records, settings and controls. A compile is
+// no change of the user's: dirty flags and the change code stay.
+#pragma once
+
+#include "base/result.h"
+#include "editor/compiler/clip_line.h"
+#include "editor/compiler/picture_in_picture.h"
+#include "editor/tabs/editing.h"
+
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+/// Empties the working texts and what is counted ahead of a compile.
+void ClearGlobals(EditorState& editor);
+
+/// What settings and controls ask of a compile.
+CompileOptions optionsOf(const Editing& e);
+
+/// The output size by the preset list or the two boxes. With an empty preset both are left as they were.
+void GetHeightWidth(EditorControls& controls, int& height, int& width);
+
+/// The numbers of "640 x 480"; 0 where there is none.
+int GetWidthFromString(std::string_view text);
+int GetHeightFromString(std::string_view text);
+
+/// Writes VideoGroupText and keeps the final size as OutputWidth and OutputHeight. `mode` is the power value;
+/// below 10 the picture is reduced as the preview table says, and depth, size and rate are changed in place.
+void CreateVideoGroup(const Editing& e, int& depth, int& width, int& height, Single& frameRate, int mode);
+
+/// True if any clip is a video or a still. If none is, the clip audio and auto-trim boxes go off.
+bool HaveAtleastOneVidTrack(const Editing& e);
+
+/// Brings KVO2.AutoTrimAudio into line with Chk_AutoTrim.
+void SetAutoTrim(const Editing& e);
+
+/// Fills VideoTrackText and writes TimeLineStart and TimeLineStop into the records. Leaves VideoTotalTime and
+/// LastClipStop. Effects and transitions are as the preview's power says while `analysing`; a render has them
+/// all. While the change code tells of a change it is a timing pass, which leaves them out.
+void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions options);
+
+/// Sets AudioGroupText.
+void CreateAudioGroup(EditorState& editor, std::string_view rate);
+
+/// Starts AudioTrackText with the sound of the clips that have a picture. CreateClipLine has to run first.
+void CreateAudioClipLine(const Editing& e);
+
+/// Appends a track for each clip of music and leaves AudioTotalTime.
+void AddOverlayAudioTracks(const Editing& e);
+
+/// Writes the working texts as a document.
+Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName);
+
+/// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
+void AnalyseRenderFile(const Editing& e, const std::string& fileName);
+
+/// Compiles the collection for a render at full power, with every effect and transition. Gives the text.
+std::string compileText(const Editing& e);
+
+/// Compiles the collection for a preview of the given power (1 to 10). Gives the text.
+std::string compilePreviewText(const Editing& e, int power);
+
+/// As compileText, into `fileName`.
+Outcome CompileForRender(const Editing& e, const std::string& fileName);
+
+/// The longest allowed transition into the clip in seconds, one decimal.
+std::string CalcMaxTransitionDuration(const Editing& e, int clipNo);
+
+/// Sets the limit of Sld_In for the clip and brings TransIn within it.
+void SortTransitionTimes(const Editing& e, int clipNo);
+
+/// True walks the clips and sets HasAudioFade of those with a picture; false holds VideoTrackFadeAmt within
+/// the shortest clip.
+void UpdateTrackFade(const Editing& e, bool audioPass);
+
+/// The documents by which one transition, one clip's effects, its colours, and a picture-in-picture are
+/// shown.
+std::string Previewtransition(const Editing& e, int clipNo);
+std::string PreviewEffect(const Editing& e, int clipNo);
+std::string PreviewColourAdjust(const Editing& e, int clipNo);
+std::string CreatePinPPreview(const Editing& e, int backdropNo, const PicInPicOptions& options);
+
+}  // namespace kvo
