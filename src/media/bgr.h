@@ -12,7 +12,8 @@ namespace kvo::media {
 /// are the colours as they are without it; where nothing covers, black.
 void toBgr(const Picture& picture, std::uint8_t* bgr, std::size_t stride);
 
-/// Sets the colours of `canvas` from such rows; its alpha stays, and weighs them.
+/// Sets the colours of `canvas` from such rows, as many and as wide as it is; its alpha stays, and weighs
+/// them.
 void fromBgr(const std::uint8_t* bgr, std::size_t stride, Canvas& canvas);
 
 }  // namespace kvo::media

@@ -20,11 +20,13 @@ FrameClock::Kind kindOf(const AVFormatContext& format, const AVStream& stream) {
 
 bool isKnown(AVRational rate) { return rate.num > 0 && rate.den > 0; }
 
-}  // namespace
-
+// Whether a decoder may put a picture behind several later ones (and tells by itself from where on it can
+// show them); all others put it behind the next one that pictures are made from.
 bool reordersFar(const AVCodecContext& decoder) {
   return decoder.codec_id == AV_CODEC_ID_H264 || decoder.codec_id == AV_CODEC_ID_HEVC;
 }
+
+}  // namespace
 
 FrameClock::FrameClock(const AVFormatContext& format, const AVStream& stream, const AVCodecContext& decoder)
     : kind_(kindOf(format, stream)), timeBase_(av_q2d(stream.time_base)) {

@@ -7,10 +7,6 @@
 
 namespace kvo::media {
 
-/// Whether a decoder may put a picture behind several later ones (and tells by itself from where on it can
-/// show them); all others put it behind the next one that pictures are made from.
-bool reordersFar(const AVCodecContext& decoder);
-
 class FrameClock {
  public:
   /// How the pictures of a file are told their times.

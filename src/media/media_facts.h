@@ -8,7 +8,8 @@
 
 namespace kvo::media {
 
-/// Fails with a line that names the file when it is missing or no media file.
+/// Streams, sizes, rates and lengths; may look through a file's end for the last picture. Fails with a line
+/// that names the file when it is missing, no media file, or its picture is damaged.
 Result<StreamFacts> readFacts(const std::string& path);
 
 /// A quick look: fails with a line that names the file when it is missing or its head is no media file's.

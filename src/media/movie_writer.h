@@ -29,23 +29,24 @@ struct MovieFormat {
 class MovieWriter {
  public:
   /// Begins a movie in `target`, which outlives the writer and is committed by its owner. `name` is for
-  /// error lines.
+  /// error lines. Fails when the target cannot be written, or FFmpeg cannot encode such pictures.
   static Result<MovieWriter> open(Replacement& target, const MovieFormat& format, const std::string& name);
 
   MovieWriter(MovieWriter&&) noexcept;
   MovieWriter& operator=(MovieWriter&&) noexcept;
   ~MovieWriter();
 
-  /// An encoder for the movie's frames, or for a stretch of them.
+  /// An encoder for the movie's frames, or for a stretch of them. Of a movie with pictures only.
   [[nodiscard]] Result<VideoEncoder> newVideoEncoder() const;
 
-  /// The next frame.
+  /// The next frame. Fails when the target cannot be written.
   Outcome writeVideo(const EncodedFrame& frame);
 
-  /// The next samples, left and right in turn; full scale is 1.
+  /// The next samples at 44.1 kHz, left and right in turn; full scale is 1. Fails as writeVideo does.
   Outcome writeAudio(std::span<const float> samples);
 
-  /// Writes what is still held back, and the index.
+  /// Writes what is still held back, and the index; nothing can be written behind it. Fails as writeVideo
+  /// does.
   Outcome finish();
 
  private:

@@ -9,7 +9,8 @@
 
 namespace kvo::media {
 
-/// The bytes of a PNG file, from rows of blue, green and red bytes that are `stride` apart.
+/// The bytes of a PNG file, from `height` rows of `width` pixels of blue, green and red bytes; rows are
+/// `stride` bytes apart. Fails when memory is short.
 Result<std::string> encodePng(const std::uint8_t* bgr, std::size_t stride, int width, int height);
 
 }  // namespace kvo::media

@@ -43,8 +43,8 @@ class EncodedFrame {
 
 class VideoEncoder {
  public:
-  /// `headerInFile` keeps what describes the stream out of the frames, for files that have a place for it.
-  /// `name` is for error lines.
+  /// Fails for sizes that the codec does not take. `headerInFile` keeps what describes the stream out of the
+  /// frames, for files that have a place for it. `name` is for error lines.
   static Result<VideoEncoder> open(const VideoFormat& format, bool headerInFile, const std::string& name);
 
   VideoEncoder(VideoEncoder&&) noexcept;
@@ -53,7 +53,7 @@ class VideoEncoder {
 
   /// The frame that stands at `number` in the movie. The first picture of an encoder is a key frame, and
   /// numbers rise by one, so that stretches of a movie can be encoded by encoders of their own. A picture may
-  /// be larger than the movie by one row and column, which are cut off.
+  /// be larger than the movie by one row and column, which are cut off. Fails when memory is short.
   Result<EncodedFrame> encode(const Picture& picture, std::int64_t number);
 
   /// What a file says of the stream.

@@ -120,8 +120,4 @@ Result<SharedFrame> VideoReader::frameAt(double seconds) {
   return s.current.frame;
 }
 
-int VideoReader::width() const { return state_->feed.source().decoder().width; }
-int VideoReader::height() const { return state_->feed.source().decoder().height; }
-bool VideoReader::isStill() const { return state_->still; }
-
 }  // namespace kvo::media

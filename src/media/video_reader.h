@@ -24,14 +24,10 @@ class VideoReader {
 
   /// The frame shown `seconds` after the first picture: the last one that begins there or before, for a
   /// constant or a variable rate. Before the first frame it is the first; behind the last one it is the last
-  /// while the file's sound goes on, and half a second more. What is damaged is left out: the frame ahead of
-  /// it stands. Fails when the file ends earlier, or nothing of it can be decoded.
+  /// while the file's sound goes on, and half a second more; a still is shown at every time. What is damaged
+  /// is left out: the frame ahead of it stands. Fails when the file ends earlier, or nothing of it can be
+  /// decoded.
   Result<SharedFrame> frameAt(double seconds);
-
-  [[nodiscard]] int width() const;
-  [[nodiscard]] int height() const;
-  /// A single picture, shown at every time.
-  [[nodiscard]] bool isStill() const;
 
  private:
   struct State;
