@@ -29,12 +29,54 @@ constexpr const char* kFilm = "24000/1001";
 constexpr const char* kNtsc = "30000/1001";
 constexpr const char* kNtscTwice = "60000/1001";
 
+// Noise in a part of the bytes, as shares of the file; what may be seen and heard of it, in seconds.
+constexpr MediaFile holed(const char* name, const char* rate, const char* source,
+                          Stretch overwritten = {0.45, 0.52}, Stretch unsure = {1.04, 2.7}) {
+  return {.name = name,
+          .rate = rate,
+          .encoding = "",
+          .source = source,
+          .overwritten = overwritten,
+          .unsure = unsure};
+}
+
+constexpr MediaFile cutOff(const char* name, const char* rate, const char* source) {
+  return {.name = name, .rate = rate, .encoding = "", .source = source, .keptBytes = 0.6, .unsure = {1.5, 9}};
+}
+
+// The sound late by so many seconds; below 0 it comes first.
+constexpr MediaFile apart(const char* name, const char* rate, double soundLate, const char* encoding) {
+  return {.name = name, .rate = rate, .encoding = encoding, .soundLate = soundLate};
+}
+
+constexpr MediaFile soundLonger(const char* name, const char* encoding) {
+  return {.name = name, .rate = "25", .encoding = encoding, .soundLonger = 1};
+}
+
+// Pictures of two fields, of successive numbers.
+constexpr MediaFile interlaced(const char* name, const char* encoding) {
+  return {.name = name, .rate = "50", .encoding = encoding, .numbersAFrame = 2};
+}
+
+constexpr MediaFile late(MediaFile file, double codecDelay) {
+  file.codecDelay = codecDelay;
+  return file;
+}
+
+// Its decoder swallows the first block.
+constexpr MediaFile deaf(MediaFile file) {
+  file.deafUntil = 0.1;
+  return file;
+}
+
+#define STILL R"(-an -vf select=eq(n\,77) -frames:v 1 -update 1 )"
+constexpr MediaFile still(const char* name, const char* encoding = STILL) {
+  return {.name = name, .rate = "25", .encoding = encoding, .still = true};
+}
+
 const MediaFile kFiles[] = {
     // AVI
-    {.name = "mpeg4-b.avi",
-     .rate = "25",
-     .encoding = "-c:v mpeg4 -q:v 4 -bf 2 -g 15 -c:a libmp3lame",
-     .codecDelay = kLameDelay},
+    late({"mpeg4-b.avi", "25", "-c:v mpeg4 -q:v 4 -bf 2 -g 15 -c:a libmp3lame"}, kLameDelay),
     {"h264-b.avi", "25", X264B "-c:a pcm_s16le"},
     {"h264-b-ntsc.avi", kNtsc, X264B "-c:a ac3"},
     {.name = "xvid-packed.avi",
@@ -79,37 +121,21 @@ const MediaFile kFiles[] = {
     // Flash, Windows Media, Ogg
     {"flv1.flv", "25", "-c:v flv -q:v 4 -g 15 -c:a libmp3lame -ar 44100"},
     {"h264-ntsc.flv", kNtsc, X264B "-c:a aac"},
-    // A decoder of Windows Media sound swallows the first block.
-    {.name = "wmv2.wmv", .rate = "25", .encoding = "-c:v wmv2 -q:v 4 -g 15 -c:a wmav2", .deafUntil = 0.1},
-    {.name = "wmv2-ntsc.wmv",
-     .rate = kNtsc,
-     .encoding = "-c:v wmv2 -q:v 4 -g 15 -c:a wmav2",
-     .deafUntil = 0.1},
+    deaf({"wmv2.wmv", "25", "-c:v wmv2 -q:v 4 -g 15 -c:a wmav2"}),
+    deaf({"wmv2-ntsc.wmv", kNtsc, "-c:v wmv2 -q:v 4 -g 15 -c:a wmav2"}),
     {"theora.ogv", "30", "-c:v libtheora -q:v 8 -g 15 -c:a libvorbis"},
     // Starts apart, cuts, lengths, rates
-    {.name = "sound-first.mkv",
-     .rate = kNtsc,
-     .encoding = "-fps_mode passthrough " X264B "-c:a libvorbis",
-     .soundLate = -0.3},
-    {.name = "sound-first.flv",
-     .rate = "25",
-     .encoding = "-fps_mode passthrough " X264B "-c:a aac",
-     .soundLate = -0.32},
-    {.name = "sound-first.ts",
-     .rate = "25",
-     .encoding = "-fps_mode passthrough " X264B "-c:a mp2",
-     .soundLate = -0.32},
-    {.name = "sound-first.mp4",
-     .rate = "25",
-     .encoding = "-fps_mode passthrough " X264B "-c:a aac",
-     .soundLate = -0.32},
-    {.name = "sound-late.mkv", .rate = kFilm, .encoding = X264B "-c:a ac3", .soundLate = 0.3},
-    {.name = "sound-late.mp4", .rate = "25", .encoding = X264B "-c:a aac", .soundLate = 0.3},
-    {.name = "sound-late.mpg", .rate = "25", .encoding = MPEG2B "-c:a mp2 -f vob", .soundLate = 0.3},
+    apart("sound-first.mkv", kNtsc, -0.3, "-fps_mode passthrough " X264B "-c:a libvorbis"),
+    apart("sound-first.flv", "25", -0.32, "-fps_mode passthrough " X264B "-c:a aac"),
+    apart("sound-first.ts", "25", -0.32, "-fps_mode passthrough " X264B "-c:a mp2"),
+    apart("sound-first.mp4", "25", -0.32, "-fps_mode passthrough " X264B "-c:a aac"),
+    apart("sound-late.mkv", kFilm, 0.3, X264B "-c:a ac3"),
+    apart("sound-late.mp4", "25", 0.3, X264B "-c:a aac"),
+    apart("sound-late.mpg", "25", 0.3, MPEG2B "-c:a mp2 -f vob"),
     {.name = "edit-list.mp4", .rate = "25", .encoding = "-ss 1.12", .startsAt = 1.12, .source = "h264.mp4"},
-    {.name = "sound-longer.mp4", .rate = "25", .encoding = X264B "-c:a aac", .soundLonger = 1},
-    {.name = "sound-longer.avi", .rate = "25", .encoding = X264B "-c:a pcm_s16le", .soundLonger = 1},
-    {.name = "sound-longer.mkv", .rate = "25", .encoding = X264B "-c:a flac", .soundLonger = 1},
+    soundLonger("sound-longer.mp4", X264B "-c:a aac"),
+    soundLonger("sound-longer.avi", X264B "-c:a pcm_s16le"),
+    soundLonger("sound-longer.mkv", X264B "-c:a flac"),
     {.name = "uneven.mkv",
      .rate = "30",
      .encoding = R"(-vf select=lt(n\,30)+gte(n\,60)+not(mod(n\,3)) -fps_mode vfr )" X264B "-c:a flac",
@@ -123,19 +149,11 @@ const MediaFile kFiles[] = {
     {.name = "upside-down.mov", .rate = "25", .encoding = "-vf hflip,vflip " X264B "-c:a aac", .turned = 180},
     {"anamorphic.mp4", "25", "-vf scale=220:180,setsar=16/11 " X264B "-c:a aac"},
     {"anamorphic.mpg", "25", "-vf scale=240:180 " MPEG2B "-aspect 16:9 -c:a mp2"},
-    {.name = "top-first.ts",
-     .rate = "50",
-     .encoding = "-vf tinterlace=interleave_top " INTERLACED "-top 1 " MPEG2B "-c:a mp2",
-     .numbersAFrame = 2},
-    {.name = "bottom-first.mpg",
-     .rate = "50",
-     .encoding = "-vf tinterlace=interleave_bottom " INTERLACED "-top 0 " MPEG2B "-c:a mp2 -f vob",
-     .numbersAFrame = 2},
-    {.name = "camcorder.mts",
-     .rate = "50",
-     .encoding = "-vf tinterlace=interleave_top " INTERLACED "-x264-params tff=1 " X264B
-                 "-c:a ac3 -f mpegts -mpegts_m2ts_mode 1",
-     .numbersAFrame = 2},
+    interlaced("top-first.ts", "-vf tinterlace=interleave_top " INTERLACED "-top 1 " MPEG2B "-c:a mp2"),
+    interlaced("bottom-first.mpg",
+               "-vf tinterlace=interleave_bottom " INTERLACED "-top 0 " MPEG2B "-c:a mp2 -f vob"),
+    interlaced("camcorder.mts", "-vf tinterlace=interleave_top " INTERLACED "-x264-params tff=1 " X264B
+                                "-c:a ac3 -f mpegts -mpegts_m2ts_mode 1"),
     {.name = "untagged-720.mp4",
      .rate = "25",
      .encoding = "-vf scale=1280:720:flags=neighbor " X264B "-c:a aac",
@@ -154,87 +172,24 @@ const MediaFile kFiles[] = {
      .encoding = "-vf lutyuv=y=16+(val-16)*0.75 " HDR "-color_trc arib-std-b67 " X265 "-c:a aac",
      .tones = {{198, 256}, {60, 170}}},
     // Damage
-    {.name = "damaged.ts",
-     .rate = "25",
-     .encoding = "",
-     .source = "h264-b.ts",
-     .overwritten = {0.45, 0.52},
-     .unsure = {1.04, 2.7}},
-    {.name = "damaged.mpg",
-     .rate = "25",
-     .encoding = "",
-     .source = "mpeg2-ac3.mpg",
-     .overwritten = {0.45, 0.52},
-     .unsure = {1.04, 2.7}},
-    {.name = "damaged.avi",
-     .rate = "25",
-     .encoding = "",
-     .codecDelay = kLameDelay,
-     .source = "mpeg4-b.avi",
-     .overwritten = {0.45, 0.52},
-     .unsure = {1.04, 2.7}},
-    {.name = "damaged.mkv",
-     .rate = kNtsc,
-     .encoding = "",
-     .source = "h264-ntsc.mkv",
-     .overwritten = {0.45, 0.52},
-     .unsure = {1.04, 2.7}},
-    {.name = "damaged.flv",
-     .rate = "25",
-     .encoding = "",
-     .source = "flv1.flv",
-     .overwritten = {0.45, 0.52},
-     .unsure = {1.04, 2.7}},
-    {.name = "damaged.mp4",
-     .rate = "25",
-     .encoding = "",
-     .source = "h264.mp4",
-     .overwritten = {0.45, 0.52},
-     .unsure = {1.04, 2.7}},
-    {.name = "damaged.wmv",
-     .rate = "25",
-     .encoding = "",
-     .source = "wmv2.wmv",
-     .overwritten = {0.4, 0.6},
-     .unsure = {0, 2.7}},
-    {.name = "damaged.opus",
-     .rate = "",
-     .encoding = "",
-     .source = "sound.opus",
-     .overwritten = {0.35, 0.5},
-     .unsure = {0.9, 3.2}},
-    {.name = "cut-off.ts",
-     .rate = "25",
-     .encoding = "",
-     .source = "h264-b.ts",
-     .keptBytes = 0.6,
-     .unsure = {1.5, 9}},
-    {.name = "cut-off.avi",
-     .rate = "25",
-     .encoding = "",
-     .codecDelay = kLameDelay,
-     .source = "mpeg4-b.avi",
-     .keptBytes = 0.6,
-     .unsure = {1.5, 9}},
-    {.name = "cut-off.mkv",
-     .rate = kNtsc,
-     .encoding = "",
-     .source = "h264-ntsc.mkv",
-     .keptBytes = 0.6,
-     .unsure = {1.5, 9}},
-    {.name = "cut-off.flv",
-     .rate = "25",
-     .encoding = "",
-     .source = "flv1.flv",
-     .keptBytes = 0.6,
-     .unsure = {1.5, 9}},
-// Stills
-#define STILL R"(-an -vf select=eq(n\,77) -frames:v 1 -update 1 )"
-    {.name = "still.png", .rate = "25", .encoding = STILL, .still = true},
-    {.name = "still.jpg", .rate = "25", .encoding = STILL "-q:v 2", .still = true},
-    {.name = "still.bmp", .rate = "25", .encoding = STILL, .still = true},
-    {.name = "still.tiff", .rate = "25", .encoding = STILL, .still = true},
-    {.name = "still.webp", .rate = "25", .encoding = STILL "-c:v libwebp -q:v 90", .still = true},
+    holed("damaged.ts", "25", "h264-b.ts"),
+    holed("damaged.mpg", "25", "mpeg2-ac3.mpg"),
+    late(holed("damaged.avi", "25", "mpeg4-b.avi"), kLameDelay),
+    holed("damaged.mkv", kNtsc, "h264-ntsc.mkv"),
+    holed("damaged.flv", "25", "flv1.flv"),
+    holed("damaged.mp4", "25", "h264.mp4"),
+    holed("damaged.wmv", "25", "wmv2.wmv", {0.4, 0.6}, {0, 2.7}),
+    holed("damaged.opus", "", "sound.opus", {0.35, 0.5}, {0.9, 3.2}),
+    cutOff("cut-off.ts", "25", "h264-b.ts"),
+    late(cutOff("cut-off.avi", "25", "mpeg4-b.avi"), kLameDelay),
+    cutOff("cut-off.mkv", kNtsc, "h264-ntsc.mkv"),
+    cutOff("cut-off.flv", "25", "flv1.flv"),
+    // Stills
+    still("still.png"),
+    still("still.jpg", STILL "-q:v 2"),
+    still("still.bmp"),
+    still("still.tiff"),
+    still("still.webp", STILL "-c:v libwebp -q:v 90"),
     // Sounds
     {"sound.wav", "", "-vn -c:a pcm_s16le"},
     {"adpcm-ima.wav", "", "-vn -c:a adpcm_ima_wav"},
@@ -245,14 +200,10 @@ const MediaFile kFiles[] = {
     {"sound.ogg", "", "-vn -c:a libvorbis"},
     {"sound.opus", "", "-vn -c:a libopus"},
     {"sound.m4a", "", "-vn -c:a aac"},
-    {.name = "sound.aac", .rate = "", .encoding = "-vn -c:a aac", .codecDelay = 1024.0 / 48000},
+    late({"sound.aac", "", "-vn -c:a aac"}, 1024.0 / 48000),
     {"sound.mp2", "", "-vn -c:a mp2"},
     {"sound.ac3", "", "-vn -c:a ac3"},
-    {.name = "sound.wma",
-     .rate = "",
-     .encoding = "-vn -c:a wmav2",
-     .codecDelay = 2048.0 / 48000,
-     .deafUntil = 0.1},
+    late(deaf({"sound.wma", "", "-vn -c:a wmav2"}), 2048.0 / 48000),
     {"sound.au", "", "-vn -c:a pcm_s16be"},
     {"mono.wav", "", "-vn -af pan=mono|c0=c0 -c:a pcm_s16le"},
 };

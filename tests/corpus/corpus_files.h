@@ -42,7 +42,7 @@ struct MediaFile {
   double startsAt = 0;          ///< source seconds of the first picture, where some are cut off
   double codecDelay = 0;    ///< seconds that the sound is late because its container does not tell of a delay
   int dropped = 0;          ///< pictures that the encoder may leave out: numbers may lag by so many
-  int turned = 0;           ///< degrees clockwise that the container tells players to turn it by
+  int turned = 0;           ///< degrees counter-clockwise that the container tells players to turn it by
   const char* source = "";  ///< made of this file, without new encoding
   Stretch overwritten{};    ///< part of the bytes that is noise, as shares of the file
   double keptBytes = 1;     ///< share of the file that is there: what lies behind it is refused in words

@@ -37,7 +37,6 @@ struct Section {
   double rate = 25;  // the movie's
   int width = kPictureWidth;
   int height = kPictureHeight;
-  bool heard = true;  // stretching is slow: each speed is heard at two places, and seen at all
 
   [[nodiscard]] double shown() const { return length / speed; }
   [[nodiscard]] std::string text() const {
@@ -123,7 +122,7 @@ std::string pictureFaults(const MediaFile& file, const Section& section, const e
   engine::Compositor compositor(timeline, {.damage = &damage});
   const double rate = rateOf(file);
   const auto frames = timeline.frameRate.frameFrom(timeline.length());
-  const bool exact = section.speed == 1 && std::fabs(section.rate - rate) < 1e-6 && !file.uneven;
+  const bool exact = section.speed == 1 && std::fabs(section.rate - rate) < 1e-6;
   Faults numbers;
   Faults colours;
   Faults shapes;
@@ -174,7 +173,7 @@ std::string soundFaults(const MediaFile& file, const Section& section, const eng
       }
       heard.erase(found);
     } else if (at >= -0.001 && at + kBeepLength <= section.shown() && source >= file.deafUntil &&
-               source >= file.deafUntil && !file.unsure.holds(source)) {
+               !file.unsure.holds(source)) {
       faults += "no beep " + std::to_string(second) + " at " + FormatMask(at, "0.000") + " s; ";
     }
   }
@@ -209,14 +208,13 @@ std::vector<Section> sectionsOf(const MediaFile& file) {
     const double first = std::round(from * rate) / rate;
     sections.push_back({first, std::min(length, end - first), speed, movieRate});
   };
-  for (const double from : {0.0, 0.2, 1.6, end - 0.5}) {
-    for (const double speed : {1.0, 2.0, 0.5}) {
-      add(from, speed == 0.5 ? 0.5 : 1.2, speed, rate);
-      sections.back().heard = speed == 1 || (speed == 2) == (from == 0.2 || from == end - 0.5);
-    }
-  }
   add(0, end, 1, rate);
-  add(0.2, 1.2, 1, 25);
+  for (const double from : {0.2, 1.6, end - 0.5}) add(from, 1.2, 1, rate);
+  if (rate != 25) add(0.2, 1.2, 1, 25);
+  // Stretching sound takes the most of the time, and is the same for all files: once from the first sample,
+  // and once behind a seek and up to the end.
+  add(0, 0.3, 0.5, rate);
+  add(end - 0.5, 0.5, 2, rate);
   sections.push_back({0, 0.2, 1, rate, 240, 240});
   sections.push_back({1 / rate * std::floor(rate), 0.2, 1, rate, 480, 180});
   return sections;
@@ -242,7 +240,7 @@ TEST_P(CorpusFile, ShowsAndSoundsInItsPlace) {
     std::string found;
     media::DamageList damage;
     if (picture) found += pictureFaults(file, section, *timeline, damage);
-    if (hasSound(file) && section.heard) found += soundFaults(file, section, *timeline, damage);
+    if (hasSound(file)) found += soundFaults(file, section, *timeline, damage);
     found += tellingFaults(file, section, damage.all());
     if (!found.empty()) faults += "\n  " + section.text() + found;
   }
@@ -305,6 +303,7 @@ TEST(CorpusRefusal, SaysWhatIsWrongWithWhichFile) {
   std::ifstream stream(movie, std::ios::binary);
   std::string whole(std::filesystem::file_size(movie), 0);
   stream.read(whole.data(), static_cast<std::streamsize>(whole.size()));
+  write("whole.mp4", whole);
   constexpr const char* kNoMedia = ": it is no media file, or damaged";
   struct Row {
     std::string path;
@@ -322,6 +321,12 @@ TEST(CorpusRefusal, SaysWhatIsWrongWithWhichFile) {
       {write("text.avi", "This is a letter.\r\n"), true, 0, "cannot open ", kNoMedia},
       // What tells of the pictures stands at the end of an MP4.
       {write("cut.mp4", whole.substr(0, whole.size() * 6 / 10)), true, 0, "cannot open ", kNoMedia},
+      {write("list.m3u8", "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\nwhole.mp4\n#EXT-X-ENDLIST\n"), true,
+       0, "cannot open ", kNoMedia},
+      {write("list.ffconcat", "ffconcat version 1.0\nfile whole.mp4\n"), true, 0, "cannot open ",
+       ": it is a list of other files"},
+      {write("zero.ppm", "P6\n0 0\n255\n"), true, 0, "the picture in ", " is damaged, or too large"},
+      {write("huge.ppm", "P6\n20000 20000\n255\n"), true, 0, "the picture in ", " is damaged, or too large"},
       {folder / "none.avi", true, 0, "cannot open ", ": No such file or directory"},
       {corpus().pathOf(fileNamed("sound.wav")), true, 0, "no picture in ", ""},
       {corpus().pathOf(fileNamed("raw.h264")), false, 0, "no sound in ", ""},

@@ -143,9 +143,12 @@ TEST(MovieWriter, AnAviBeyondTwoGigabytesHasAnOpenDmlIndex) {
   auto writer = MovieWriter::open(
       outline, {Container::Avi, VideoFormat{VideoCodec::Raw, 4096, 4096, 25, 32}, false}, "big.avi");
   ASSERT_TRUE(writer);
-  const auto picture = filled(4096, 4096, 126, 128, 128);
+  auto encoder = writer->newVideoEncoder();
+  ASSERT_TRUE(encoder);
+  const auto frame = encoder->encode(filled(4096, 4096, 126, 128, 128), 0);
+  ASSERT_TRUE(frame);
   constexpr int kFrames = 34;  // 64 MB each
-  for (int i = 0; i < kFrames; ++i) ASSERT_TRUE(write(*writer, {picture}));
+  for (int i = 0; i < kFrames; ++i) ASSERT_TRUE(writer->writeVideo(*frame));
   ASSERT_TRUE(writer->finish());
   EXPECT_GT(outline.size(), 2ULL << 30U);
   EXPECT_EQ(outline.count("AVIX"), 2);
