@@ -122,14 +122,6 @@ std::string quoted(std::string_view text) {
   return out.append(1, '"').append(text).append(1, '"');
 }
 
-std::string_view takeLine(std::string_view& text) {
-  const auto end = std::min(text.find('\n'), text.size());
-  auto line = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return line;
-}
-
 std::vector<std::string> commaFields(std::string_view line) {
   std::vector<std::string> fields;
   bool more = true;

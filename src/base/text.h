@@ -39,9 +39,6 @@ std::string quoted(std::string_view text);
 
 std::string blanks(std::size_t count);
 
-/// Takes the first line off a text, and gives it without its line end (LF or CR LF).
-std::string_view takeLine(std::string_view& text);
-
 /// The fields of a line, apart at commas and without the blanks around them; one in quotes keeps the commas
 /// in it, and loses the quotes.
 std::vector<std::string> commaFields(std::string_view line);

@@ -116,7 +116,7 @@ bool EffectsTable::read(std::string_view text) {
   int number = 0;
   int selected = 0;
   for (auto& row : rows) {
-    const auto fields = commaFields(takeLine(text));
+    const auto fields = commaFields(nextLine(text));
     if (fields.size() != kColumns) return false;
     row.selected = fields[0] == "1";
     row.name = fields[1];

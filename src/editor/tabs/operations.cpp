@@ -214,7 +214,7 @@ void AnalyseRenderFile(const Editing& e, const std::string& fileName) {
   if (!bytes) return;
   std::string_view rest(*bytes);
   while (!rest.empty()) {
-    const auto line = takeLine(rest);
+    const auto line = nextLine(rest);
     if (line.find("SamplingRate=") != std::string_view::npos) return;
     const auto at = line.find(" stop=");
     if (line.find("<clip src=") == std::string_view::npos || at == std::string_view::npos) continue;

@@ -47,7 +47,7 @@ std::string defaultFile() {
 
 std::vector<std::string> upperLines(std::string_view text) {
   std::vector<std::string> lines;
-  while (!text.empty()) lines.push_back(upper(trimmed(takeLine(text))));
+  while (!text.empty()) lines.push_back(upper(trimmed(nextLine(text))));
   return lines;
 }
 

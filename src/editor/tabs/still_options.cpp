@@ -19,7 +19,7 @@ constexpr Integer kStillChanged = 98;  // change code
 std::optional<double> sectionValue(std::string_view text, std::string_view section, std::string_view key) {
   bool next = false;
   while (!text.empty()) {
-    const auto line = upper(trimmed(takeLine(text)));
+    const auto line = upper(trimmed(nextLine(text)));
     if (next) return ToNumber(trimmed(replaced(line, key, "")));
     next = line == section;
   }
