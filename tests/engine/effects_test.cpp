@@ -1,10 +1,14 @@
 // Every effect on a picture in memory: nothing at level 0, ever more with the level, and what its name says.
+#include "vocabulary/effects.h"
+
 #include "engine/effects/registry.h"
 #include "engine/params_of.h"
 #include "media/colour.h"
 #include "support/pictures.h"
 #include "vocabulary/palette.h"
 
+#include <algorithm>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,20 +27,20 @@ using test::scene;
 constexpr int kWidth = 192;
 constexpr int kHeight = 108;
 
-constexpr const char* kBasic = "{16B280C8-EE70-11D1-9066-00C04FD9189D}";
-constexpr const char* kBlur = "{7312498D-E87A-11d1-81E0-0000F87557DB}";
-constexpr const char* kMotionBlur = "{DD13DE77-D3BA-42D4-B5C6-7745FA4E2D4B}";
-constexpr const char* kFilmAge = "{ADEADEB8-E54B-11d1-9A72-0000F875EADE}";
-constexpr const char* kPixelate = "{4CCEA634-FBE0-11d1-906A-00C04FD9189D}";
-constexpr const char* kChroma = "{421516C1-3CF8-11D2-952A-00C04FA34F05}";
-constexpr const char* kShadow = "{ADC6CB86-424C-11D2-952A-00C04FA34F05}";
-constexpr const char* kAlpha = "{ADC6CB82-424C-11D2-952A-00C04FA34F05}";
-constexpr const char* kAdjust = "{B4DC8DD9-2CC1-4081-9B2B-20D7030234EF}";
-constexpr const char* kPalette = "{E673DCF2-C316-4c6f-AA96-4E4DC6DC291E}";
+constexpr auto kBasic = effect_ids::kBasicImage;
+constexpr auto kBlur = effect_ids::kBlur;
+constexpr auto kMotionBlur = effect_ids::kMotionBlur;
+constexpr auto kFilmAge = effect_ids::kFilmAge;
+constexpr auto kPixelate = effect_ids::kPixelate;
+constexpr auto kChroma = effect_ids::kChroma;
+constexpr auto kShadow = effect_ids::kDropShadow;
+constexpr auto kAlpha = effect_ids::kAlpha;
+constexpr auto kAdjust = effect_ids::kEase;
+constexpr auto kPalette = effect_ids::kPalette;
 
 using Values = std::vector<std::pair<std::string, std::string>>;
 
-Picture drawn(const char* clsid, const Values& values, const Picture& picture = scene(kWidth, kHeight),
+Picture drawn(std::string_view clsid, const Values& values, const Picture& picture = scene(kWidth, kHeight),
               const EffectMoment& moment = {1, 4}) {
   return findEffect(clsid)->make(paramsOf(values), picture.width(), picture.height())(picture, moment);
 }
@@ -44,7 +48,7 @@ Picture drawn(const char* clsid, const Values& values, const Picture& picture = 
 TEST(Effects, DoNothingAtLevelNoneAndMoreWithMore) {
   struct Row {
     const char* name;
-    const char* clsid;
+    std::string_view clsid;
     Values fixed;
     const char* level;
     std::vector<const char*> values;  // from nothing up
@@ -111,8 +115,8 @@ TEST(Effects, DoWhatTheirNamesSay) {
   EXPECT_LT(difference(drawn(kBasic, {{"mirror", "1"}}, mirrored), plain), 0.001) << "twice is not at all";
 
   // Engraved and embossed are each other's negative, grey where nothing changes.
-  const auto emboss = drawn("{F515306D-0156-11d2-81EA-0000F87557DB}", {});
-  const auto engrave = drawn("{F515306E-0156-11d2-81EA-0000F87557DB}", {});
+  const auto emboss = drawn(effect_ids::kEmboss, {});
+  const auto engrave = drawn(effect_ids::kEngrave, {});
   EXPECT_NEAR(mean(emboss), 126, 8);
   EXPECT_EQ(mean(emboss, 1), 128);
   int opposite = 0;
@@ -133,7 +137,7 @@ TEST(Effects, DoWhatTheirNamesSay) {
   EXPECT_EQ(squares.row(0, 1)[1], squares.row(0, 10)[10]);
   EXPECT_LT(detail(squares, 1, 0), detail(plain, 1, 0) / 2);
 
-  const auto dark = "{EC85D8F1-1C4E-46e4-A748-7AA04E7C0496}";
+  const auto dark = effect_ids::kFadeToBlack;
   EXPECT_EQ(difference(drawn(dark, {}, plain, {1.9, 4}), plain), 0);
   EXPECT_NEAR(mean(drawn(dark, {}, plain, {3, 4})) - 16, (mean(plain) - 16) / 2, 1);
   EXPECT_EQ(mean(drawn(dark, {}, plain, {4, 4})), 16);
@@ -236,132 +240,78 @@ TEST(PaletteEffects, AllFollowTheirLevelControlsAndColours) {
 // What each of the 48 does to a picture that can be counted.
 TEST(PaletteEffects, EachHasItsMark) {
   const auto plain = scene(320, 180);
-  const auto lumas = [](const Picture& picture) {
-    std::set<int> seen;
+  const auto even = test::plainPicture(320, 180, 128);
+  const auto made = [](int id, const Picture& picture) {
+    return drawn(kPalette, {{"EffectID", std::to_string(id)}}, picture);
+  };
+  const auto count = [](const Picture& picture, auto which) {
+    std::ptrdiff_t sum = 0;
     for (int y = 0; y < picture.height(); ++y)
-      seen.insert(picture.row(0, y), picture.row(0, y) + picture.width());
-    return static_cast<double>(seen.size());
+      sum += std::count_if(picture.row(0, y), picture.row(0, y) + picture.width(), which);
+    return static_cast<double>(sum);
   };
-  const auto colourful = [](const Picture& picture) {
-    double sum = 0;
-    for (const int plane : {1, 2}) {
-      for (int y = 0; y < picture.height(plane); ++y) {
-        for (int x = 0; x < picture.width(plane); ++x) sum += std::abs(picture.row(plane, y)[x] - 128);
-      }
-    }
-    return sum / (2.0 * picture.width(1) * picture.height(1));
+  const auto tones = [&](const Picture& picture) {
+    double seen = 0;
+    for (int tone = 0; tone < 256; ++tone)
+      seen += count(picture, [&](int v) { return v == tone; }) > 0 ? 1 : 0;
+    return seen;
   };
-  const auto inTwoTones = [](const Picture& picture) {
-    double count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-      count += static_cast<double>(std::count_if(picture.row(0, y), picture.row(0, y) + picture.width(),
-                                                 [](int v) { return v < 40 || v > 210; }));
-    }
-    return count / (picture.width() * picture.height());
+  const auto rough = [](const Picture& picture) { return detail(picture, 1, 0) + detail(picture, 0, 1); };
+  const auto bright = [&](const Picture& picture) { return count(picture, [](int v) { return v > 228; }); };
+  const auto grey = test::plainPicture(320, 180, 128);
+  struct Mark {
+    const char* name;
+    std::vector<int> ids;
+    std::function<bool(int id, const Picture& picture)> holds;
   };
-  const auto highlights = [](const Picture& picture) {
-    std::ptrdiff_t count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-      count += std::count_if(picture.row(0, y), picture.row(0, y) + picture.width(),
-                             [](int v) { return v > 228; });
-    }
-    return count;
+  const Mark marks[] = {
+      {"grey",
+       {5, 6, 7, 15, 22, 31, 36},
+       [&](int, const Picture& p) { return difference(p, grey, 1) + difference(p, grey, 2) < 2; }},
+      {"of two tones",
+       {35, 38, 39},
+       [&](int, const Picture& p) {
+         return count(p, [](int v) { return v < 40 || v > 210; }) > 0.85 * 320 * 180;
+       }},
+      {"calmer",
+       {14, 19, 25, 26, 27, 32, 37, 40},
+       [&](int, const Picture& p) { return rough(p) < rough(plain); }},
+      {"rougher",
+       {2, 3, 4, 10, 12, 16, 21, 41, 44, 45, 46, 47},
+       [&](int, const Picture& p) { return rough(p) > rough(plain); }},
+      {"of grains", {21}, [&](int, const Picture& p) { return detail(p, 1, 1) > 1.5 * detail(plain, 1, 1); }},
+      {"darker",
+       {9, 17, 23, 24, 29, 33, 42},
+       [&](int, const Picture& p) { return mean(p) < mean(plain) - 1; }},
+      {"on black", {20}, [&](int, const Picture& p) { return mean(p) < mean(plain) * 0.7; }},
+      {"lighter", {1, 8, 13, 18}, [&](int, const Picture& p) { return mean(p) > mean(plain) + 1; }},
+      {"of few tones", {11}, [&](int, const Picture& p) { return tones(p) < 0.5 * tones(plain); }},
+      {"with highlights", {28}, [&](int, const Picture& p) { return bright(p) > bright(plain) + 50; }},
+      {"moved, but where it is even",
+       {30, 34, 43, 48},
+       [&](int id, const Picture& p) {
+         return difference(even, made(id, even)) < 8 && difference(plain, p) > 5;
+       }},
+      // Across its strokes, which run along a diagonal, more changes than along them.
+      {"of strokes", {38}, [&](int, const Picture& p) { return detail(p, 1, 1) * 0.9 < detail(p, 2, 0); }},
   };
-  enum Mark { Grey, TwoTones, Calmer, Rougher, Darker, Lighter, FewTones, Glossy, Moved };
-  struct Row {
-    int id;
-    Mark mark;
-  };
-  const Row rows[] = {
-      {1, Lighter},  {2, Rougher},   {3, Rougher},   {4, Rougher},  {5, Grey},      {6, Grey},
-      {7, Grey},     {8, Lighter},   {9, Darker},    {10, Rougher}, {11, FewTones}, {12, Rougher},
-      {13, Lighter}, {14, Calmer},   {15, Grey},     {16, Rougher}, {17, Darker},   {18, Lighter},
-      {19, Calmer},  {20, Darker},   {21, Rougher},  {22, Grey},    {23, Darker},   {24, Darker},
-      {25, Calmer},  {26, Calmer},   {27, Calmer},   {28, Glossy},  {29, Darker},   {30, Moved},
-      {31, Grey},    {32, Calmer},   {33, Darker},   {34, Moved},   {35, TwoTones}, {36, Grey},
-      {37, Calmer},  {38, TwoTones}, {39, TwoTones}, {40, Calmer},  {41, Rougher},  {42, Darker},
-      {43, Moved},   {44, Rougher},  {45, Rougher},  {46, Rougher}, {47, Rougher},  {48, Moved}};
-  ASSERT_EQ(std::size(rows), 48U);
-  for (const auto& row : rows) {
-    const auto picture = drawn(kPalette, {{"EffectID", std::to_string(row.id)}}, plain);
-    const auto name = kPaletteNames[static_cast<std::size_t>(row.id - 1)];
-    const double change =
-        detail(picture, 1, 0) + detail(picture, 0, 1) - detail(plain, 1, 0) - detail(plain, 0, 1);
-    switch (row.mark) {
-      case Grey:
-        EXPECT_LT(colourful(picture), 1) << name;
-        break;
-      case TwoTones:
-        EXPECT_GT(inTwoTones(picture), 0.7) << name;
-        break;
-      case Calmer:
-        EXPECT_LT(change, 0) << name;
-        break;
-      case Rougher:
-        EXPECT_GT(change, 0) << name;
-        break;
-      case Darker:
-        EXPECT_LT(mean(picture), mean(plain) - 1) << name;
-        break;
-      case Lighter:
-        EXPECT_GT(mean(picture), mean(plain) + 1) << name;
-        break;
-      case Glossy:  // highlights that were not there
-        EXPECT_GT(highlights(picture), highlights(plain) + 50) << name;
-        break;
-      case Moved: {  // what is even stays, what has edges does not
-        const auto even = test::plainPicture(320, 180, 128);
-        EXPECT_LT(difference(even, drawn(kPalette, {{"EffectID", std::to_string(row.id)}}, even)), 8) << name;
-        EXPECT_GT(difference(plain, picture), 5) << name;
-        break;
-      }
-      case FewTones:
-        EXPECT_LT(lumas(picture), 0.7 * lumas(plain)) << name;
-        break;
+  std::set<int> marked;
+  for (const auto& mark : marks) {
+    for (const int id : mark.ids) {
+      EXPECT_TRUE(mark.holds(id, made(id, plain)))
+          << kPaletteNames.at(static_cast<std::size_t>(id - 1)) << " is " << mark.name;
+      marked.insert(id);
     }
   }
+  EXPECT_EQ(marked.size(), kPaletteNames.size());
 }
 
-TEST(PaletteEffects, LookLikeTheirNames) {
-  const auto plain = scene(kWidth, kHeight);
-  const auto made = [&](int id, Values more = {}) {
-    more.emplace_back("EffectID", std::to_string(id));
-    return drawn(kPalette, more, plain);
-  };
-  const auto colours = [](const Picture& picture) {
-    std::set<int> seen;
-    for (int y = 0; y < kHeight; ++y) seen.insert(picture.row(0, y), picture.row(0, y) + kWidth);
-    return seen.size();
-  };
-  const auto extremes = [](const Picture& picture) {
-    int count = 0;
-    for (int y = 0; y < kHeight; ++y) {
-      count += static_cast<int>(std::count_if(picture.row(0, y), picture.row(0, y) + kWidth,
-                                              [](int v) { return v < 40 || v > 210; }));
-    }
-    return static_cast<double>(count) / (kWidth * kHeight);
-  };
-  // In ink on paper: stamp, graphic pen, torn edges.
-  for (const int id : {35, 38, 39}) EXPECT_GT(extremes(made(id)), 0.85) << id;
-  // No colour left: emboss, chrome, charcoal, half tone.
-  for (const int id : {7, 6, 15, 22}) {
-    EXPECT_NEAR(mean(made(id), 1), 128, 1.5) << id;
-    EXPECT_NEAR(mean(made(id), 2), 128, 1.5) << id;
-  }
-  EXPECT_LT(colours(made(11)), colours(plain) / 2) << "cutout has few colours";
-  EXPECT_LT(mean(made(20)), mean(plain) * 0.7) << "glowing edges stand on black";
-  EXPECT_GT(mean(made(13)), mean(plain)) << "diffuse glow brightens";
-  EXPECT_LT(detail(made(25), 1, 0), detail(plain, 1, 0) * 1.05) << "daubs have no fine detail of their own";
-  EXPECT_GT(detail(made(21), 1, 1), detail(plain, 1, 1) * 1.5) << "grain";
-  EXPECT_EQ(difference(made(21), made(21)), 0);
-  // Angled strokes run along a diagonal: less changes along it than across.
-  const auto strokes = made(38);
-  EXPECT_LT(detail(strokes, 1, 1) * 0.9, detail(strokes, 2, 0));
-  // Mosaic: the tiles repeat with their joints.
-  const auto tiles = made(4, {{"Control1Value", "100"}});
+TEST(PaletteEffects, TilesRepeatAndStampsTakeTheirColours) {
+  const auto tiles = drawn(kPalette, {{"EffectID", "4"}, {"Control1Value", "100"}});
   EXPECT_EQ(tiles.row(0, 7)[6], tiles.row(0, 7)[8]);
   // The ink of a stamp is the fore colour, its paper the back colour.
-  const auto stamp = made(35, {{"RGBForeColor", "BLUE"}, {"RGBBackColor", "YELLOW"}});
+  const auto stamp =
+      drawn(kPalette, {{"EffectID", "35"}, {"RGBForeColor", "BLUE"}, {"RGBBackColor", "YELLOW"}});
   int blue = 0;
   int yellow = 0;
   for (int y = 0; y < kHeight / 2; ++y) {
@@ -374,10 +324,44 @@ TEST(PaletteEffects, LookLikeTheirNames) {
   EXPECT_GT(std::min(blue, yellow), 100);
 }
 
+// Every kind of effect, and each of the palette, by one set of parameters: what is drawn is another picture
+// for each, the same at every drawing.
+TEST(Effects, AreToldApart) {
+  std::vector<std::pair<std::string, Picture>> pictures = {{"none", scene(kWidth, kHeight)}};
+  const auto draw = [&](const EffectKind& kind, const std::string& name, const std::string& id) {
+    const Values values = {{"xray", "1"},       {"PixelRadius", "6"}, {"Strength", "24"},
+                           {"Direction", "90"}, {"age", "80"},        {"MaxSquare", "8"},
+                           {"Tolerance", "60"}, {"Color", "FF8080"},  {"OffX", "12"},
+                           {"opacity", "30"},   {"Red", "0.5"},       {"InternalName", "Standard"},
+                           {"EffectID", id}};
+    const auto picture = drawn(kind.clsid, values, pictures.front().second, {3, 4});
+    EXPECT_EQ(difference(picture, drawn(kind.clsid, values, pictures.front().second, {3, 4})), 0) << name;
+    pictures.emplace_back(name, picture);
+  };
+  for (const auto& kind : effectKinds()) {
+    const bool isPalette = kind.clsid == kPalette;
+    for (std::size_t id = 1; id <= (isPalette ? kPaletteNames.size() : 1); ++id) {
+      draw(kind, isPalette ? "palette " + std::string(kPaletteNames[id - 1]) : std::string(kind.name),
+           std::to_string(id));
+    }
+  }
+  for (std::size_t a = 0; a < pictures.size(); ++a) {
+    for (std::size_t b = 0; b < a; ++b) {
+      double apart = 0;
+      for (int plane = 0; plane < 3; ++plane)
+        apart += difference(pictures[a].second, pictures[b].second, plane);
+      if (pictures[a].first == pictures[b].first) {
+        EXPECT_EQ(apart, 0) << pictures[a].first << " has two class ids";
+      } else {
+        EXPECT_GT(apart, 1) << pictures[a].first << " and " << pictures[b].first;
+      }
+    }
+  }
+}
+
 TEST(Effects, TakeNonsense) {
   const auto small = scene(16, 16);
-  for (const auto* clsid :
-       {kBasic, kBlur, kMotionBlur, kFilmAge, kPixelate, kChroma, kShadow, kAlpha, kAdjust}) {
+  for (const auto& kind : effectKinds()) {
     for (const auto* value : {"", "-1", "1e9", "-1e9", "x"}) {
       Values values;
       for (const auto* name :
@@ -386,9 +370,9 @@ TEST(Effects, TakeNonsense) {
             "Color", "ExponentialProgressDuration"}) {
         values.emplace_back(name, value);
       }
-      EXPECT_TRUE(drawn(clsid, values, small)) << clsid << " of " << value;
+      EXPECT_TRUE(drawn(kind.clsid, values, small)) << kind.name << " of " << value;
       values.emplace_back("InternalName", "Standard");
-      EXPECT_TRUE(drawn(clsid, values, withAlpha(small))) << clsid << " of " << value;
+      EXPECT_TRUE(drawn(kind.clsid, values, withAlpha(small))) << kind.name << " of " << value;
     }
   }
   for (const auto side : {2, 4, 8}) {

@@ -2,8 +2,11 @@
 #include "engine/document/document_reader.h"
 #include "engine/picture/frame_plan.h"
 #include "engine/run/render_plan.h"
+#include "vocabulary/effects.h"
+#include "vocabulary/transitions.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -15,9 +18,9 @@ std::string clip(const std::string& src, const std::string& times, const std::st
   return "<clip src=\"" + src + "\" " + times + ">" + inside + "</clip>";
 }
 
-std::string element(const std::string& kind, const std::string& clsid, const std::string& times,
+std::string element(const std::string& kind, std::string_view clsid, const std::string& times,
                     const std::string& params) {
-  return "<" + kind + " clsid=\"" + clsid + "\" " + times + ">" + params + "</" + kind + ">";
+  return "<" + kind + " clsid=\"" + std::string(clsid) + "\" " + times + ">" + params + "</" + kind + ">";
 }
 
 Timeline timelineOf(const std::string& video, const std::string& audio = "") {
@@ -28,9 +31,9 @@ Timeline timelineOf(const std::string& video, const std::string& audio = "") {
   return timeline ? *timeline : Timeline{};
 }
 
-constexpr const char* kFade = "{16B280C5-EE70-11D1-9066-00C04FD9189D}";
-constexpr const char* kBlur = "{7312498D-E87A-11d1-81E0-0000F87557DB}";
-constexpr const char* kPlacing = "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}";
+constexpr auto kFade = transition_ids::kFade;
+constexpr auto kBlur = effect_ids::kBlur;
+constexpr auto kPlacing = transition_ids::kPlacing;
 
 TEST(FramePlan, SaysWhatAFrameIsMadeOf) {
   const auto blur =
@@ -83,7 +86,7 @@ TEST(FramePlan, SaysWhatAFrameIsMadeOf) {
 
 // A picture that stands still is drawn anew only where its effects can change it.
 TEST(FramePlan, KnowsWhichEffectsChangeByThemselves) {
-  const auto withEffect = [](const char* clsid, const std::string& times, const std::string& params) {
+  const auto withEffect = [](std::string_view clsid, const std::string& times, const std::string& params) {
     return timelineOf("<track>" +
                       clip("a", "mstart=\"0\" mstop=\"2\" start=\"0\" stop=\"2\"",
                            element("effect", clsid, times, params)) +
@@ -93,7 +96,7 @@ TEST(FramePlan, KnowsWhichEffectsChangeByThemselves) {
   const std::string whole = "start=\"0\" stop=\"2\"";
   const std::string radius = "<param name=\"PixelRadius\" value=\"9\"/>";
   const std::string keyed = "<param name=\"PixelRadius\" value=\"9\"><at time=\"1\" value=\"1\"/></param>";
-  const char* palette = "{E673DCF2-C316-4c6f-AA96-4E4DC6DC291E}";
+  const auto palette = effect_ids::kPalette;
   EXPECT_FALSE(changesByItself(withEffect(kBlur, whole, radius)));
   EXPECT_TRUE(changesByItself(withEffect(kBlur, whole, keyed)));
   EXPECT_TRUE(changesByItself(withEffect(kBlur, "start=\"1\" stop=\"2\"", radius))) << "it begins";

@@ -9,8 +9,8 @@
 #include <atomic>
 #include <chrono>
 #include <cmath>
-#include <condition_variable>
 #include <cstdlib>
+#include <functional>
 #include <future>
 #include <mutex>
 #include <new>
@@ -126,40 +126,38 @@ TEST_F(PlaybackTest, ShowsTheFrameThatIsDueAndStopsAtTheEnd) {
 TEST_F(PlaybackTest, LeavesOutWhatIsLateAndKeepsItsPlace) {
   double now = 0;
   Playback playback(*readDocument(document(false)), nullptr);
-  playback.play(now);
-  ASSERT_TRUE(playback.step(now));
-  now = 0.5;  // a slow machine
-  const auto late = playback.step(now);
-  ASSERT_TRUE(late && *late);
-  EXPECT_EQ((*late)->frame, 12);
-  playback.pause(now);
-  now = 9;
-  ASSERT_TRUE(playback.step(now));
-  EXPECT_EQ(playback.position(), 12);
-  EXPECT_EQ(playback.state(), PlayState::Paused);
-  playback.seek(40, now);
-  const auto sought = playback.step(now);
-  ASSERT_TRUE(sought && *sought);
-  EXPECT_EQ(numberOf((*sought)->picture), 65);
-  EXPECT_EQ(playback.state(), PlayState::Paused) << "a seek does not start it";
-  playback.play(now);
-  now += 0.2;
-  ASSERT_TRUE(playback.step(now));
-  EXPECT_EQ(playback.position(), 45);
-  playback.seek(5, now);
-  ASSERT_TRUE(playback.step(now));
-  EXPECT_EQ(playback.position(), 5);
-  EXPECT_EQ(playback.state(), PlayState::Playing) << "nor does it stop it";
-  playback.seek(-7, now);
-  ASSERT_TRUE(playback.step(now));
-  EXPECT_EQ(playback.position(), 0);
-  playback.seek(999, now);
-  ASSERT_TRUE(playback.step(now));
-  EXPECT_EQ(playback.position(), 49);
-  playback.stop();
-  ASSERT_TRUE(playback.step(now));
-  EXPECT_EQ(playback.position(), 0);
-  EXPECT_EQ(playback.state(), PlayState::Stopped);
+  const auto seek = [&](std::int64_t frame) { return [&, frame] { playback.seek(frame, now); }; };
+  struct Row {
+    const char* what;
+    double at;
+    std::function<void()> act;
+    std::int64_t position;
+    PlayState state;
+  };
+  const Row rows[] = {
+      {"play", 0, [&] { playback.play(now); }, 0, PlayState::Playing},
+      {"a slow machine", 0.5, [] {}, 12, PlayState::Playing},
+      {"pause", 0.5, [&] { playback.pause(now); }, 12, PlayState::Paused},
+      {"a pause stands", 9, [] {}, 12, PlayState::Paused},
+      {"a seek does not start it", 9, seek(40), 40, PlayState::Paused},
+      {"play on", 9, [&] { playback.play(now); }, 40, PlayState::Playing},
+      {"goes on", 9.2, [] {}, 45, PlayState::Playing},
+      {"nor does a seek stop it", 9.2, seek(5), 5, PlayState::Playing},
+      {"held within the timeline", 9.2, seek(-7), 0, PlayState::Playing},
+      {"at its end too", 9.2, seek(999), 49, PlayState::Playing},
+      {"stop", 9.2, [&] { playback.stop(); }, 0, PlayState::Stopped},
+  };
+  for (const auto& row : rows) {
+    now = row.at;
+    row.act();
+    const auto step = playback.step(now);
+    ASSERT_TRUE(step) << row.what;
+    EXPECT_EQ(playback.position(), row.position) << row.what;
+    EXPECT_EQ(playback.state(), row.state) << row.what;
+    if (*step) {
+      EXPECT_EQ(numberOf((*step)->picture), 25 + row.position) << row.what;
+    }
+  }
 }
 
 TEST_F(PlaybackTest, SoundGoesWithThePictureAfterASeek) {
@@ -220,11 +218,15 @@ class OddSound : public FakeSound {
   std::atomic<bool> throws = false;
 };
 
+// Whether something of another thread comes about.
+template <class What>
+bool soon(const What& what) {
+  for (int i = 0; i < 400 && !what(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  return what();
+}
+
 bool comesTo(const EnginePlayer& player, PlayState state) {
-  for (int i = 0; i < 400 && player.state() != state; ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  return player.state() == state;
+  return soon([&] { return player.state() == state; });
 }
 
 TEST_F(PlaybackTest, SoundThatIsSlowToOpenHoldsNobodyUp) {
@@ -239,10 +241,7 @@ TEST_F(PlaybackTest, SoundThatIsSlowToOpenHoldsNobodyUp) {
   EXPECT_EQ(player.state(), PlayState::Stopped);
   player.seek(7);
   open.set_value();
-  for (int i = 0; i < 400 && player.position() != 7; ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  EXPECT_EQ(player.position(), 7) << "what was asked for meanwhile is done";
+  EXPECT_TRUE(soon([&] { return player.position() == 7; })) << "what was asked for meanwhile is done";
   EXPECT_TRUE(speaker.openedInTime);
 }
 
@@ -293,44 +292,36 @@ TEST_F(PlaybackTest, WhatIsThrownEndsInTheStateFailed) {
 TEST_F(PlaybackTest, TheRealPlayerPlaysOnItsThread) {
   ::setenv("SDL_AUDIODRIVER", "dummy", 1);
   std::mutex mutex;
-  std::condition_variable changed;
   std::vector<std::pair<std::int64_t, int>> shown;  // frame, and the grey of its picture
   EnginePlayer player(std::make_unique<SdlSoundOutput>(), [&](auto frame, auto picture) {
     const std::lock_guard lock(mutex);
     shown.emplace_back(frame, picture->bgr.at(3 * 64 * 9 + 27));
     EXPECT_EQ(picture->width * 1000 + picture->height, 64048);
-    changed.notify_all();
   });
-  const auto waitFor = [&](auto what) {
-    std::unique_lock lock(mutex);
-    return changed.wait_for(lock, std::chrono::seconds(20), what);
+  const auto shows = [&](std::int64_t frame) {
+    return soon([&] {
+      const std::lock_guard lock(mutex);
+      return !shown.empty() && shown.back().first == frame;
+    });
   };
   EXPECT_EQ(player.state(), PlayState::Empty);
   player.play();  // nothing to play
   EXPECT_FALSE(player.load("no document"));
   ASSERT_TRUE(player.load(document(true)));
-  EXPECT_TRUE(waitFor([&] { return shown.size() == 1; }));
+  EXPECT_TRUE(shows(0));
   player.seek(30);
-  EXPECT_TRUE(waitFor([&] { return shown.back().first == 30; }));
+  EXPECT_TRUE(shows(30));
   EXPECT_NEAR(shown.back().second, 2 * 55 * 255 / 219, 3);
   player.play();
-  EXPECT_TRUE(waitFor([&] { return shown.back().first == 49; }));
-  for (int i = 0; i < 200 && player.state() != PlayState::Ended; ++i) {
-    std::unique_lock lock(mutex);
-    changed.wait_for(lock, std::chrono::milliseconds(50));
-  }
-  EXPECT_EQ(player.state(), PlayState::Ended);
+  EXPECT_TRUE(shows(49));
+  EXPECT_TRUE(comesTo(player, PlayState::Ended));
   EXPECT_EQ(player.frames(), 50);
   EXPECT_EQ(player.frameRate(), 25);
   // A document whose clip is not there.
   auto broken = document(false);
   broken.replace(broken.find(video_), video_.size(), media_ / "none.mkv");
   ASSERT_TRUE(player.load(broken));
-  for (int i = 0; i < 200 && player.state() != PlayState::Failed; ++i) {
-    std::unique_lock lock(mutex);
-    changed.wait_for(lock, std::chrono::milliseconds(50));
-  }
-  EXPECT_EQ(player.state(), PlayState::Failed);
+  EXPECT_TRUE(comesTo(player, PlayState::Failed));
   EXPECT_NE(player.failure().find("none.mkv"), std::string::npos) << player.failure();
 }
 

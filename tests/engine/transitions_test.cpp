@@ -1,5 +1,7 @@
 // Every transition on two plain pictures: nothing of the second at 0, all of it at 1, ever more between, and
 // a shape of its own.
+#include "vocabulary/transitions.h"
+
 #include "engine/params_of.h"
 #include "engine/transitions/registry.h"
 #include "engine/transitions/smpte_patterns.h"
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -23,43 +26,43 @@ constexpr int kBelow = 50;
 constexpr int kAbove = 200;
 
 struct Kind {
-  const char* name;
-  const char* clsid;
+  std::string_view name;
+  std::string_view clsid;
   std::vector<std::pair<const char*, const char*>> params{};
 };
 
-constexpr const char* kSmpte = "{dE75D012-7A65-11D2-8CEA-00A0C9441E20}";
-constexpr const char* kSpace = "{C63344D8-70D3-4032-9B32-7A3CAD5091A5}";
-constexpr const char* kIris = "{3F69F351-0379-11D2-A484-00C04F8EFB69}";
-constexpr const char* kSlide = "{810E402F-056B-11D2-A484-00C04F8EFB69}";
-constexpr const char* kStretch = "{7658F2A2-0A83-11d2-A484-00C04F8EFB69}";
-constexpr const char* kPlacing = "{BB44391D-6ABD-422f-9E2E-385C9DFF51FC}";
+constexpr auto kSmpte = transition_ids::kSmpteWipe;
+constexpr auto kSpace = transition_ids::kParticlesAnd3D;
+constexpr auto kIris = transition_ids::kIris;
+constexpr auto kSlide = transition_ids::kSlide;
+constexpr auto kStretch = transition_ids::kStretch;
+constexpr auto kPlacing = transition_ids::kPlacing;
 
 const std::vector<Kind>& kinds() {
   static const std::vector<Kind> kAll = {
-      {"fade", "{16B280C5-EE70-11D1-9066-00C04FD9189D}"},
-      {"dissolve", "{F7F4A1B6-8E87-452f-A2D7-3077F508DBC0}"},
-      {"barn", "{C3BDF740-0B58-11d2-A484-00C04F8EFB69}"},
-      {"blinds", "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}"},
-      {"five blinds up", "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}", {{"bands", "5"}, {"direction", "Up"}}},
-      {"checkerboard", "{B3EE7802-8224-4787-A1EA-F0DE16DEABD3}"},
+      {"fade", transition_ids::kFade},
+      {"dissolve", transition_ids::kDissolve},
+      {"barn", transition_ids::kBarn},
+      {"blinds", transition_ids::kBlinds},
+      {"five blinds up", transition_ids::kBlinds, {{"bands", "5"}, {"direction", "Up"}}},
+      {"checkerboard", transition_ids::kCheckerboard},
       {"iris", kIris, {{"irisStyle", "CIRCLE"}}},
       {"iris square", kIris, {{"irisStyle", "SQUARE"}}},
       {"iris plus", kIris, {{"irisStyle", "PLUS"}}},
       {"iris cross", kIris, {{"irisStyle", "CROSS"}}},
       {"iris star", kIris, {{"irisStyle", "STAR"}}},
-      {"clock", "{424B71AF-0695-11D2-A484-00C04F8EFB69}"},
-      {"wedge", "{424B71AF-0695-11D2-A484-00C04F8EFB69}", {{"wipestyle", "wedge"}}},
-      {"radial", "{424B71AF-0695-11D2-A484-00C04F8EFB69}", {{"wipestyle", "radial"}}},
-      {"spiral", "{ACA97E00-0C7D-11d2-A484-00C04F8EFB69}"},
-      {"wheel", "{5AE1DAE0-1461-11d2-A484-00C04F8EFB69}"},
-      {"wheel of ten", "{5AE1DAE0-1461-11d2-A484-00C04F8EFB69}", {{"spokes", "10"}}},
-      {"wipe", "{AF279B30-86EB-11D1-81BF-0000F87557DB}"},
-      {"zigzag", "{E6E73D20-0C8A-11d2-A484-00C04F8EFB69}"},
-      {"inset", "{93073C40-0BA5-11d2-A484-00C04F8EFB69}"},
-      {"curtains", "{AA0D4D12-06A3-11D2-8F98-00C04FB92EB7}"},
-      {"roll down", "{9C61F46E-0530-11D2-8F98-00C04FB92EB7}"},
-      {"pixelate", "{4CCEA634-FBE0-11d1-906A-00C04FD9189D}"},
+      {"clock", transition_ids::kRadialWipe},
+      {"wedge", transition_ids::kRadialWipe, {{"wipestyle", "wedge"}}},
+      {"radial", transition_ids::kRadialWipe, {{"wipestyle", "radial"}}},
+      {"spiral", transition_ids::kSpiral},
+      {"wheel", transition_ids::kWheel},
+      {"wheel of ten", transition_ids::kWheel, {{"spokes", "10"}}},
+      {"wipe", transition_ids::kWipe},
+      {"zigzag", transition_ids::kZigzag},
+      {"inset", transition_ids::kInset},
+      {"curtains", transition_ids::kCurtains},
+      {"roll down", transition_ids::kRollDown},
+      {"pixelate", transition_ids::kPixelate},
       {"slide", kSlide},
       {"slide hide", kSlide, {{"slideStyle", "HIDE"}}},
       {"slide push", kSlide, {{"slideStyle", "PUSH"}, {"bands", "3"}}},
@@ -93,6 +96,15 @@ const std::vector<Kind>& kinds() {
        {{"InternalName", "Simple3D"}, {"PageCurlA", "lowerleft"}, {"ShowABack", "true"}}},
   };
   return kAll;
+}
+
+// A picture that is seen to have moved.
+media::Picture ramp() {
+  auto canvas = copyOf(test::plainPicture(kWidth, kHeight, kAbove));
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) canvas.row(0, y)[x] = static_cast<std::uint8_t>(40 + x);
+  }
+  return share(std::move(canvas));
 }
 
 PaintTransition painterOf(const Kind& kind) {
@@ -171,75 +183,84 @@ TEST(Transitions, BeginWithTheFirstPictureAndEndWithTheSecond) {
   }
 }
 
-TEST(Transitions, HaveTheirOwnShapes) {
-  const Drawn barn("barn", 0.4);
-  EXPECT_EQ(barn.at(0.5, 0.1), 1);
-  EXPECT_EQ(barn.at(0.1, 0.5) + barn.at(0.9, 0.5), 0);
-  const Drawn wipe("wipe", 0.5);
-  EXPECT_EQ(wipe.at(0.45, 0.5), 1);
-  EXPECT_EQ(wipe.at(0.55, 0.5), 0);
-  EXPECT_NEAR(Drawn("dissolve", 0.3).share(), 0.3, 0.02);
-  const Drawn circle("iris", 0.3);
-  EXPECT_EQ(circle.at(0.5, 0.5), 1);
-  EXPECT_EQ(circle.at(0.02, 0.02), 0);
-  const double radius = 0.3 * std::hypot(16.0 / 9, 1) / 2;  // of the height
-  EXPECT_EQ(circle.at(0.5, 0.5 + radius - 0.03), 1);
-  EXPECT_EQ(circle.at(0.5, 0.5 + radius + 0.03), 0);
-  EXPECT_EQ(circle.at(0.5 + (radius - 0.03) * 9 / 16, 0.5), 1) << "round, not oval";
-  EXPECT_EQ(circle.at(0.5 + (radius + 0.03) * 9 / 16, 0.5), 0);
-  const Drawn plus("iris plus", 0.2);
-  EXPECT_EQ(plus.at(0.5, 0.02) + plus.at(0.02, 0.5), 2);
-  EXPECT_EQ(plus.at(0.1, 0.1), 0);
-  EXPECT_EQ(Drawn("wheel", 0.5).edgesAround(0.4), 8) << "four spokes";
-  EXPECT_EQ(Drawn("wheel of ten", 0.5).edgesAround(0.4), 20);
-  const Drawn clock("clock", 0.25);
-  EXPECT_EQ(clock.at(0.75, 0.25), 1) << "the first quarter is the one at the top right";
-  EXPECT_EQ(clock.at(0.25, 0.25) + clock.at(0.25, 0.75) + clock.at(0.75, 0.75), 0);
-  const Drawn wedge("wedge", 0.25);
-  EXPECT_EQ(wedge.at(0.45, 0.1) + wedge.at(0.55, 0.1), 2);
-  EXPECT_EQ(wedge.at(0.5, 0.9), 0);
-  const Drawn blinds("five blinds up", 0.5);
-  for (int band = 0; band < 5; ++band) {
-    EXPECT_EQ(blinds.at(0.5, (band + 0.9) / 5), 1) << band;
-    EXPECT_EQ(blinds.at(0.5, (band + 0.1) / 5), 0) << band;
+// All kinds, in the middle of their way: what is drawn is another picture for each.
+TEST(Transitions, AreToldApart) {
+  auto all = kinds();
+  for (const auto& kind : transitionKinds()) {
+    const auto sameClass = [&](const Kind& other) { return other.clsid == kind.clsid; };
+    if (std::none_of(all.begin(), all.end(), sameClass)) all.push_back({kind.name, kind.clsid});
   }
-  const Drawn spiral("spiral", 0.3);
-  EXPECT_EQ(spiral.at(0.1, 0.05), 1);
-  EXPECT_EQ(spiral.at(0.5, 0.5), 0);
-  const Drawn zigzag("zigzag", 0.5);
-  EXPECT_EQ(zigzag.at(0.5, 0.1), 1);
-  EXPECT_EQ(zigzag.at(0.5, 0.9), 0);
+  const auto below = test::scene(kWidth, kHeight);
+  const auto above = ramp();
+  std::vector<media::Picture> pictures;
+  for (const auto& kind : all) {
+    pictures.push_back(Drawn(kind, 0.4, below, above).picture());
+    for (std::size_t other = 0; other + 1 < pictures.size(); ++other) {
+      const double apart = test::difference(pictures[other], pictures.back());
+      if (all[other].name == "iris" && kind.name == "circle") {
+        EXPECT_LT(apart, 1) << "one shape, as a class of its own and by its mask";
+      } else if (all[other].name == kind.name) {
+        EXPECT_EQ(apart, 0) << kind.name << " has two class ids";
+      } else {
+        EXPECT_GT(apart, 1) << all[other].name << " and " << kind.name;
+      }
+    }
+  }
 }
 
-TEST(Transitions, OfShapesAreTrueToAPixelOrTwo) {
-  // Mask 119 at any progress: the edge lies at one distance from the middle in every direction.
-  for (const double progress : {0.2, 0.4, 0.55}) {
-    const Drawn circle("circle", progress);
-    const double wanted = progress * std::hypot(kWidth, kHeight) / 2;
-    for (int degrees = 0; degrees < 360; degrees += 15) {
-      const double radians = degrees * 3.14159265 / 180;
-      double radius = 0;
-      while (radius < 200 && circle.at(0.5 + radius * std::cos(radians) / kWidth,
-                                       0.5 + radius * std::sin(radians) / kHeight) > 0.5) {
-        radius += 0.25;
-        if (std::fabs(radius * std::sin(radians)) > kHeight / 2.0 - 1) break;
-      }
-      const bool cutOff = std::fabs(wanted * std::sin(radians)) > kHeight / 2.0 - 2;
-      if (!cutOff) {
-        EXPECT_NEAR(radius, wanted, 1.5) << degrees << " degrees at " << progress;
+TEST(Transitions, HaveTheirOwnShapes) {
+  using Points = std::vector<std::pair<double, double>>;
+  struct Row {
+    const char* name;
+    double progress;
+    Points changed;
+    Points still;
+  };
+  const Row rows[] = {
+      {"barn", 0.4, {{0.5, 0.1}}, {{0.1, 0.5}, {0.9, 0.5}}},
+      {"barn vertical", 0.5, {{0.1, 0.5}, {0.9, 0.5}}, {{0.5, 0.1}, {0.5, 0.9}}},
+      {"wipe", 0.5, {{0.45, 0.5}}, {{0.55, 0.5}}},
+      {"iris plus", 0.2, {{0.5, 0.02}, {0.02, 0.5}}, {{0.1, 0.1}}},
+      {"clock", 0.25, {{0.75, 0.25}}, {{0.25, 0.25}, {0.25, 0.75}, {0.75, 0.75}}},
+      {"wedge", 0.25, {{0.45, 0.1}, {0.55, 0.1}}, {{0.5, 0.9}}},
+      {"five blinds up",
+       0.5,
+       {{0.5, 0.18}, {0.5, 0.58}, {0.5, 0.98}},
+       {{0.5, 0.02}, {0.5, 0.42}, {0.5, 0.82}}},
+      {"spiral", 0.3, {{0.1, 0.05}}, {{0.5, 0.5}}},
+      {"zigzag", 0.5, {{0.5, 0.1}}, {{0.5, 0.9}}},
+      {"eight circles", 0.3, {{0.125, 0.25}, {0.875, 0.75}}, {{0.005, 0.02}, {0.755, 0.52}, {0.505, 0.02}}},
+  };
+  for (const auto& row : rows) {
+    const Drawn drawn(row.name, row.progress);
+    for (const auto& [x, y] : row.changed) EXPECT_EQ(drawn.at(x, y), 1) << row.name << ": " << x << ", " << y;
+    for (const auto& [x, y] : row.still) EXPECT_EQ(drawn.at(x, y), 0) << row.name << ": " << x << ", " << y;
+  }
+  EXPECT_NEAR(Drawn("dissolve", 0.3).share(), 0.3, 0.02);
+  EXPECT_EQ(Drawn("wheel", 0.5).edgesAround(0.4), 8) << "four spokes";
+  EXPECT_EQ(Drawn("wheel of ten", 0.5).edgesAround(0.4), 20);
+}
+
+// The edge lies at one distance from the middle in every direction, at any progress.
+TEST(Transitions, CirclesAreRound) {
+  for (const auto* name : {"circle", "iris"}) {
+    for (const double progress : {0.2, 0.4, 0.55}) {
+      const Drawn circle(name, progress);
+      const double wanted = progress * std::hypot(kWidth, kHeight) / 2;
+      for (int degrees = 0; degrees < 360; degrees += 15) {
+        const double right = std::cos(degrees * 3.14159265 / 180);
+        const double down = std::sin(degrees * 3.14159265 / 180);
+        if (std::fabs(wanted * down) > kHeight / 2.0 - 2) continue;  // cut off
+        double radius = 0;
+        while (radius < 200 && circle.at(0.5 + radius * right / kWidth, 0.5 + radius * down / kHeight) > 0.5)
+          radius += 0.25;
+        EXPECT_NEAR(radius, wanted, 1.5) << name << ", " << degrees << " degrees at " << progress;
       }
     }
   }
-  const Drawn eight("eight circles", 0.3);
-  for (int column = 0; column < 4; ++column) {
-    for (int row = 0; row < 2; ++row) {
-      EXPECT_EQ(eight.at((column + 0.5) / 4, (row + 0.5) / 2), 1) << column << ", " << row;
-      EXPECT_EQ(eight.at((column + 0.02) / 4, (row + 0.04) / 2), 0) << column << ", " << row;
-    }
-  }
-  const Drawn barn("barn vertical", 0.5);
-  EXPECT_EQ(barn.at(0.1, 0.5) + barn.at(0.9, 0.5), 2);
-  EXPECT_EQ(barn.at(0.5, 0.1) + barn.at(0.5, 0.9), 0);
+}
+
+TEST(Transitions, HeartsHaveTwoHumpsAndSoftEdgesAreSoft) {
   const Drawn heart("heart", 0.25);
   const auto top = [&](double x) {
     double y = 0;
@@ -322,11 +343,7 @@ TEST(SmptePatterns, ChangeWhereTheirNamesSay) {
 
 TEST(Transitions, OfPlacesMoveWholePictures) {
   const auto below = test::scene(kWidth, kHeight);
-  auto ramp = copyOf(test::plainPicture(kWidth, kHeight, 200));
-  for (int y = 0; y < kHeight; ++y) {
-    for (int x = 0; x < kWidth; ++x) ramp.row(0, y)[x] = static_cast<std::uint8_t>(40 + x);
-  }
-  const auto above = share(std::move(ramp));
+  const auto above = ramp();
   const Kind push{"push", kSlide, {{"slideStyle", "PUSH"}}};
   const auto pushed = Drawn(push, 0.25, below, above).picture();
   EXPECT_EQ(pushed.row(0, 9)[100], below.row(0, 9)[60]) << "the first goes on to the right by a quarter";
@@ -497,10 +514,9 @@ TEST(Transitions, TakeNonsenseForTheirOptions) {
          {"bands", "spokes", "MaskNum", "ReplicateX", "ReplicateY", "ScaleY", "BorderWidth", "BorderSoftness",
           "BorderColor", "MaxParticles", "ParticleSpeed", "ScaleA", "OffsetX", "Width", "SrcWidth",
           "maxsquare", "FadeStartA", "ExponentialProgressScale"}) {
-      for (const auto* clsid : {kSmpte, kSpace, kSlide, kPlacing, "{9A4A4A51-FB3A-4F4B-9B57-A2912A289769}",
-                                "{4CCEA634-FBE0-11d1-906A-00C04FD9189D}"}) {
-        const Kind odd{"odd", clsid, {{"InternalName", "ParticleSystem"}, {name, value}}};
-        Drawn(odd, 0.5, below, above);
+      for (const auto& kind : transitionKinds()) {
+        Drawn({kind.name, kind.clsid, {{"InternalName", "ParticleSystem"}, {name, value}}}, 0.5, below,
+              above);
       }
       Drawn({"odd", kSpace, {{name, value}}}, 0.5, below, above);
     }
