@@ -61,7 +61,7 @@ AVPixelFormat withoutRange(AVPixelFormat format) {
 
 constexpr Matrix otherThan(Matrix matrix) { return matrix == Matrix::Bt709 ? Matrix::Bt601 : Matrix::Bt709; }
 
-int weightsOf(Matrix matrix) { return matrix == Matrix::Bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601; }
+int coefficientsOf(Matrix matrix) { return matrix == Matrix::Bt709 ? SWS_CS_ITU709 : SWS_CS_ITU601; }
 
 bool isYuv(const AVFrame& frame) {
   const auto* kind = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
@@ -69,7 +69,7 @@ bool isYuv(const AVFrame& frame) {
 }
 
 // The luma weights that a frame says it was made with, or that are usual for its height. Colours have none.
-int weightsOf(const AVFrame& frame, Matrix working) {
+int coefficientsOf(const AVFrame& frame, Matrix working) {
   switch (frame.colorspace) {
     case AVCOL_SPC_BT709:
       return SWS_CS_ITU709;
@@ -83,9 +83,9 @@ int weightsOf(const AVFrame& frame, Matrix working) {
     case AVCOL_SPC_BT2020_CL:
       return SWS_CS_BT2020;
     case AVCOL_SPC_RGB:
-      return weightsOf(working);
+      return coefficientsOf(working);
     default:
-      return weightsOf(isYuv(frame) ? usualMatrix(frame.height) : working);
+      return coefficientsOf(isYuv(frame) ? usualMatrix(frame.height) : working);
   }
 }
 
@@ -234,7 +234,8 @@ Outcome prepare(ScalerHandle& scaler, Conversion& conversion, const Conversion& 
   if (!scaler) return Error{"a picture of this format cannot be converted"};
   const bool madeFull = wanted.made == AV_PIX_FMT_BGRA;
   sws_setColorspaceDetails(scaler.get(), sws_getCoefficients(wanted.weights), wanted.fullRange ? 1 : 0,
-                           sws_getCoefficients(weightsOf(working)), madeFull ? 1 : 0, 0, 1 << 16, 1 << 16);
+                           sws_getCoefficients(coefficientsOf(working)), madeFull ? 1 : 0, 0, 1 << 16,
+                           1 << 16);
   conversion = wanted;
   return {};
 }
@@ -291,7 +292,7 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
   const auto native = static_cast<AVPixelFormat>(frame->format);
   const auto working = usualMatrix(canvas.height);
   Conversion wanted{.format = withoutRange(native), .from = {}, .to = {}};
-  wanted.weights = weightsOf(*frame, working);
+  wanted.weights = coefficientsOf(*frame, working);
   wanted.fullRange = isFullRange(*frame, wanted.format);
   const auto placing = placingOf(*frame, canvas, fit);
   if (isHighRange(*frame)) return placeHighRange(frame, placing);
@@ -300,9 +301,9 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
   const bool plain = wanted.format == AV_PIX_FMT_YUV420P && !wanted.fullRange;
   const bool uncut = placing.crop == Size{frame->width, frame->height} && placing.to == canvas;
   if (plain && uncut) {
-    const bool sameColours = wanted.weights == weightsOf(working);
+    const bool sameColours = wanted.weights == coefficientsOf(working);
     if (sameColours && placing.crop == canvas) return Picture(frame);
-    const bool changes = wanted.weights == weightsOf(otherThan(working));
+    const bool changes = wanted.weights == coefficientsOf(otherThan(working));
     if ((sameColours || changes) && frame->width == 2 * canvas.width && frame->height == 2 * canvas.height) {
       auto half = halved(*frame);
       if (half && changes) reweigh(half, otherThan(working));

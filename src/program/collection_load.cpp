@@ -8,7 +8,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kShowEvery = 5;
+constexpr int kShowLoadEvery = 5;
 
 std::string lines(std::initializer_list<std::string_view> all) {
   std::string out;
@@ -22,7 +22,7 @@ std::string tooMany(const std::string& fileName, int clips) {
 }
 
 bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, int count) {
-  if (options.watch == nullptr || i % kShowEvery != 0) return false;
+  if (options.watch == nullptr || i % kShowLoadEvery != 0) return false;
   options.watch->status(std::string(what) + std::to_string(i) + " of " + std::to_string(count));
   return options.watch->abortClicked();
 }

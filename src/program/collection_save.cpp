@@ -7,7 +7,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kShowEvery = 10;
+constexpr int kShowSaveEvery = 10;
 
 // Collects prints and hands them to the file in large pieces.
 class PrintTo {
@@ -142,7 +142,7 @@ Outcome CollectionStore::writeBlocks(Replacement& out, LoadWatch* watch, std::st
   fillUnset(settings_, collection_, &poster_);
   const int clips = collection_.MovieList.count();
   auto done = print(settings_, collection_, [&](const PrintedBlock& block) {
-    if (watch != nullptr && block.clip > 0 && block.clip % kShowEvery == 0)
+    if (watch != nullptr && block.clip > 0 && block.clip % kShowSaveEvery == 0)
       watch->status("Saving Clip " + std::to_string(block.clip) + " of " + std::to_string(clips));
     step = block.step;
     changedTexts.insert(changedTexts.end(), block.changed.begin(), block.changed.end());

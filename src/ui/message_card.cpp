@@ -15,7 +15,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kWidth = 470;
+constexpr int kCardWidth = 470;
 constexpr int kEdge = 5;
 constexpr double kRadius = 12;
 constexpr int kDisc = 38;
@@ -84,7 +84,7 @@ QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
 }  // namespace
 
 MessageCard::MessageCard(const MessageFace& face, QWidget* parent) : QFrame(parent), sign_(face.sign) {
-  setFixedWidth(kWidth);
+  setFixedWidth(kCardWidth);
   auto* column = made<QVBoxLayout>(this);
   column->setContentsMargins(24, 12, 14, 14);
   column->setSpacing(12);

@@ -3,7 +3,7 @@
 namespace kvo {
 namespace {
 
-constexpr NamedClass kClasses[] = {
+constexpr NamedClass kEffectClasses[] = {
     {"BasicImage", effect_ids::kBasicImage},
     {"Blur", effect_ids::kBlur},
     {"Chroma", effect_ids::kChroma},
@@ -21,6 +21,6 @@ constexpr NamedClass kClasses[] = {
 
 }  // namespace
 
-std::span<const NamedClass> effectClasses() { return kClasses; }
+std::span<const NamedClass> effectClasses() { return kEffectClasses; }
 
 }  // namespace kvo

@@ -19,7 +19,7 @@ constexpr std::string_view kNames[] = {
 };
 // clang-format on
 
-constexpr NamedClass kClasses[] = {
+constexpr NamedClass kTransitionClasses[] = {
     {"Barn", transition_ids::kBarn},
     {"Blinds", transition_ids::kBlinds},
     {"Bounce1", transition_ids::kPlacing},
@@ -53,6 +53,6 @@ constexpr NamedClass kClasses[] = {
 
 std::span<const std::string_view> transitionNames() { return kNames; }
 
-std::span<const NamedClass> transitionClasses() { return kClasses; }
+std::span<const NamedClass> transitionClasses() { return kTransitionClasses; }
 
 }  // namespace kvo

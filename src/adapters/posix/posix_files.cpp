@@ -1,5 +1,6 @@
 #include "adapters/posix/posix_files.h"
 
+#include "adapters/posix/descriptor.h"
 #include "base/paths.h"
 
 #include <cerrno>
@@ -17,23 +18,6 @@ namespace kvo {
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // less the umask
-
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  [[nodiscard]] int get() const { return fd_; }
-  [[nodiscard]] bool valid() const { return fd_ >= 0; }
-
- private:
-  int fd_;
-};
 
 Error failure(std::string_view what, const std::string& path, int code = errno) {
   return {std::string(what) + " " + path + ": " + std::strerror(code)};  // NOLINT(concurrency-mt-unsafe)
@@ -81,7 +65,7 @@ class PosixReplacement : public Replacement {
     if (::rename(scratch_.c_str(), path_.c_str()) != 0) return failure("cannot replace", path_);
     scratch_.clear();
     const Descriptor folder(::open(folderOf(path_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.valid()) ::fsync(folder.get());
+    if (folder.open()) ::fsync(folder.get());
     return {};
   }
 
@@ -116,7 +100,7 @@ bool PosixFiles::exists(const std::string& path) const {
 
 Result<std::string> PosixFiles::read(const std::string& path, std::uint64_t limit) const {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!file.valid()) return failure("cannot read", path);
+  if (!file.open()) return failure("cannot read", path);
   struct stat found {};
   if (::fstat(file.get(), &found) != 0) return failure("cannot read", path);
   if (S_ISDIR(found.st_mode)) return failure("cannot read", path, EISDIR);
@@ -148,23 +132,23 @@ Result<std::unique_ptr<Replacement>> PosixFiles::replace(const std::string& path
   }
   std::string scratch;
   Descriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode));
-  if (!file.valid() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
+  if (!file.open() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
     scratch = target + ".new" + std::to_string(::getpid());
     Descriptor named(
         ::open(scratch.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
-    if (!named.valid()) return failure("cannot write", path);
+    if (!named.open()) return failure("cannot write", path);
     if (mode) ::fchmod(named.get(), *mode);
     return std::unique_ptr<Replacement>(
         std::make_unique<PosixReplacement>(std::move(named), target, scratch));
   }
-  if (!file.valid()) return failure("cannot write", path);
+  if (!file.open()) return failure("cannot write", path);
   if (mode) ::fchmod(file.get(), *mode);
   return std::unique_ptr<Replacement>(std::make_unique<PosixReplacement>(std::move(file), target, scratch));
 }
 
 Outcome PosixFiles::append(const std::string& path, std::string_view bytes) {
   const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, kNewFileMode));
-  if (!file.valid()) return failure("cannot write", path);
+  if (!file.open()) return failure("cannot write", path);
   while (!bytes.empty()) {
     const auto done = ::write(file.get(), bytes.data(), bytes.size());
     if (done < 0 && errno == EINTR) continue;

@@ -8,7 +8,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::size_t kUnusedLength = 128;  // a text of just this length marks a field that was never filled
 constexpr int kMaxAnimations = 100;
 constexpr int kMaxCorruptAudio = 4;
 

@@ -8,8 +8,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::size_t kMaxNote = 127;       // characters
-constexpr std::size_t kUnusedLength = 128;  // characters: a reader takes such a text for none
+constexpr std::size_t kMaxNote = 127;  // characters
 
 // What a reader makes of one line, in a section with a row behind it.
 struct ReadBack {

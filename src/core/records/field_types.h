@@ -3,6 +3,7 @@
 
 #include "base/value.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -33,5 +34,8 @@ bool takeField(Single& field, std::string_view text);
 bool takeField(double& field, std::string_view text);
 bool takeField(std::string& field, std::string_view text);
 bool takeField(Value& field, std::string_view text);
+
+/// Characters: a text of just this length marks a field that was never filled.
+inline constexpr std::size_t kUnusedLength = 128;
 
 }  // namespace kvo

@@ -9,8 +9,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::size_t kUnusedLength = 128;  // a text of just this length marks a field that was never filled
-
 bool isUnused(std::string_view text) { return text.empty() || characterCount(text) == kUnusedLength; }
 
 template <class Type>

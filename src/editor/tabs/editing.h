@@ -12,7 +12,15 @@
 #include "ports/frame_source.h"
 #include "ports/message_boxes.h"
 
+#include <cstdint>
+#include <string_view>
+
 namespace kvo {
+
+/// Bytes: a file of the editor's tables that is larger is none of its own.
+inline constexpr std::uint64_t kMaxTableFile = 1U << 20U;
+/// Of the movie's total times.
+inline constexpr std::string_view kTotalMask = "000.000";
 
 struct Editing {
   Collection& collection;

@@ -6,7 +6,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::uint64_t kMaxFile = 1U << 20U;
 constexpr int kWriteTries = 3;
 constexpr int kPause = 100;  // milliseconds between two tries
 
@@ -22,7 +21,7 @@ void BuildDefaultEffectsTable(const Editing& e) {
 }
 
 bool BuildEffectsArray(const Editing& e) {
-  const auto bytes = e.files.read(pathOf(e), kMaxFile);
+  const auto bytes = e.files.read(pathOf(e), kMaxTableFile);
   auto& table = e.editor.effects;
   if (bytes && table.read(textFromBytes(*bytes))) return true;
   if (bytes && table.tooManySelected()) {

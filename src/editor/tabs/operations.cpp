@@ -13,7 +13,6 @@ namespace kvo {
 namespace {
 
 constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
-constexpr std::string_view kTotalMask = "000.000";
 
 CompileFacts factsOf(const Editing& e) { return {e.streams, e.editor.effects}; }
 

@@ -9,8 +9,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::string_view kTotalMask = "000.000";
-
 PreviewLabels labelsOf(const EditorState& editor) {
   const double video = ToNumber(editor.VideoTotalTime);
   const double audio = ToNumber(editor.AudioTotalTime);

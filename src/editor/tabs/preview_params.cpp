@@ -27,7 +27,6 @@ constexpr std::array<Row, 10> kDefaults = {{{"6", 16, 10, 0, 0},
                                             {"1.25", 24, 99, 1, 1},
                                             {"1", 24, 15, 1, 1},
                                             {"1", 24, 99, 1, 1}}};
-constexpr std::uint64_t kMaxFile = 1U << 20U;
 constexpr Single kOutputRate = 99;
 
 std::string defaultFile() {
@@ -57,7 +56,7 @@ PreviewParams GetPreviewParams(const Editing& e, int power) {
   if (power == 0) power = 10;
   const auto path = e.folder.beside("\\PreviewDefaults.dat");
   const auto section = "[PREVIEW" + std::to_string(power) + "]";
-  const auto bytes = e.files.read(path, kMaxFile);
+  const auto bytes = e.files.read(path, kMaxTableFile);
   auto lines = upperLines(bytes ? textFromBytes(*bytes) : std::string());
   auto line = std::find(lines.begin(), lines.end(), section);
   if (line == lines.end()) {

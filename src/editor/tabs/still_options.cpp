@@ -12,7 +12,6 @@ constexpr std::string_view kAspects[] = {"Stretch to fit video framesize",
                                          "Maintain and fill target frame", "Crop to fit output frame size"};
 constexpr std::string_view kDefaultFile =
     "[DefaultGroupStillDuration]\r\nStillDur=7.000\r\n\r\n[DefaultGroupStillFrameRate]\r\nFrameRate=0\r\n";
-constexpr std::uint64_t kMaxFile = 1U << 20U;
 constexpr Integer kStillChanged = 98;  // change code
 
 // The number on the line behind a section's heading; nothing when there is no such section.
@@ -41,7 +40,7 @@ void GetStillOpts(const Editing& e) {
   const auto path = e.folder.beside("\\RenderStillOpts.dat");
   // A folder that cannot be written does not hinder: the values are the same.
   if (!e.files.exists(path)) static_cast<void>(writeDurably(e.files, path, kDefaultFile));
-  const auto bytes = e.files.read(path, kMaxFile);
+  const auto bytes = e.files.read(path, kMaxTableFile);
   const auto text = bytes ? textFromBytes(*bytes) : std::string(kDefaultFile);
   if (const auto v = sectionValue(text, "[DEFAULTGROUPSTILLDURATION]", "STILLDUR=")) {
     e.settings.state.DefaultStillDuration = static_cast<Single>(*v);

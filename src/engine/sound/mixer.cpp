@@ -12,7 +12,7 @@ using media::kChannels;
 using media::kSampleRate;
 
 // A block is mixed as one, and an envelope runs straight between its ends: 1.5 ms.
-constexpr std::int64_t kBlock = 64;
+constexpr std::int64_t kGainBlock = 64;
 
 std::int64_t sampleAt(double seconds) {
   return static_cast<std::int64_t>(std::llround(seconds * kSampleRate));
@@ -40,7 +40,7 @@ Outcome Mixer::addClip(std::size_t number) {
   const auto& clip = timeline_.audio[number];
   const auto& range = clips_[number];
   const auto first = std::max(range.first, position_);
-  const auto stop = std::min(range.stop, position_ + kBlock);
+  const auto stop = std::min(range.stop, position_ + kGainBlock);
   if (first >= stop) return {};
   auto found = open_.find(number);
   if (found == open_.end()) {
@@ -66,18 +66,18 @@ Outcome Mixer::addClip(std::size_t number) {
 }
 
 Outcome Mixer::mixBlock() {
-  block_.assign(static_cast<std::size_t>(kBlock) * kChannels, 0.0F);
+  block_.assign(static_cast<std::size_t>(kGainBlock) * kChannels, 0.0F);
   // Those that sound at the block's first sample, and those that begin inside it.
   auto sounding = clips_.at(position_);
   const auto ahead = sounding;
-  for (const auto number : clips_.at(position_ + kBlock - 1)) {
+  for (const auto number : clips_.at(position_ + kGainBlock - 1)) {
     if (!std::binary_search(ahead.begin(), ahead.end(), number)) sounding.push_back(number);
   }
   for (const auto number : sounding) {
     if (auto done = addClip(number); !done) return done;
   }
-  std::erase_if(open_, [&](const auto& entry) { return clips_[entry.first].stop <= position_ + kBlock; });
-  position_ += kBlock;
+  std::erase_if(open_, [&](const auto& entry) { return clips_[entry.first].stop <= position_ + kGainBlock; });
+  position_ += kGainBlock;
   limiter_.process(block_, ready_);
   return {};
 }
