@@ -117,7 +117,7 @@ class PosixProcess : public Process {
   PosixProcess(const PosixProcess&) = delete;
   PosixProcess& operator=(const PosixProcess&) = delete;
   ~PosixProcess() override {
-    kill();
+    PosixProcess::kill();
     mail_->close();
     ::eventfd_write(wake_.get(), 1);
     thread_.join();

@@ -107,12 +107,12 @@ VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const Cl
                     o.TimingOnly ? std::string() : effectLines(sources, clip, stop));
     if (clip.TransType.empty()) clip.TransType = "CUT";
 
-    if (isCut(clip.TransType)) {
-      line.tracks += endTrack;
-    } else if (std::exchange(leadsIn, false) && i == o.FirstClip) {
+    const bool cut = isCut(clip.TransType);
+    if (!cut && std::exchange(leadsIn, false) && i == o.FirstClip) {
       line.tracks += endTrack;
       continue;
-    } else if (o.TimingOnly) {
+    }
+    if (cut || o.TimingOnly) {
       line.tracks += endTrack;
     } else {
       const double start = o.TransitionZero || i == 1 ? 0 : running;

@@ -105,11 +105,7 @@ std::string WriteKeyframesToTimeLine(const KeyframeIndex& index, const TimelineC
   const auto name = effectNo == kBlurEffect ? std::string_view("PixelRadius") : paramName;
 
   std::string text;
-  struct Key {
-    std::string time, value;
-    auto operator<=>(const Key&) const = default;
-  };
-  std::vector<Key> keys;
+  std::vector<std::pair<std::string, std::string>> keys;  // time and value
   for (const auto* k : all) {
     if (k->FrameNo > last) continue;
     const bool isFirst = text.empty();
@@ -119,14 +115,13 @@ std::string WriteKeyframesToTimeLine(const KeyframeIndex& index, const TimelineC
       text = tag::openParam(name, startValue(all, *k, name, effectNo));
     }
     if (isFirst && k->FrameNo < record.LoopStartFrames()) continue;
-    keys.push_back({keyTimeText(k->Time.number() / speedOf(clip)), movingValue(*k, name, effectNo)});
+    keys.emplace_back(keyTimeText(k->Time.number() / speedOf(clip)), movingValue(*k, name, effectNo));
   }
   if (text.empty()) return text;
   std::sort(keys.begin(), keys.end());
-  for (const auto& key : keys) {
-    const auto value =
-        std::string_view(key.value).substr(key.value.size() - std::min(kValueWidth, key.value.size()));
-    if (key.time != keyTimeText(0)) text += tag::keyframe(key.time, trimmed(value));
+  for (const auto& [time, value] : keys) {
+    const auto shown = std::string_view(value).substr(value.size() - std::min(kValueWidth, value.size()));
+    if (time != keyTimeText(0)) text += tag::keyframe(time, trimmed(shown));
   }
   return text.append(tag::kEndParam);
 }
