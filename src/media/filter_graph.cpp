@@ -6,13 +6,13 @@ namespace kvo::media {
 namespace {
 
 struct FreePads {
-  const FilterLibrary* library;
-  void operator()(AVFilterInOut* pads) const { library->avfilter_inout_free(&pads); }
+  const FilterLibrary* functions;
+  void operator()(AVFilterInOut* pads) const { functions->avfilter_inout_free(&pads); }
 };
 
 }  // namespace
 
-void FreeFilterGraph::operator()(AVFilterGraph* graph) const { library->avfilter_graph_free(&graph); }
+void FreeFilterGraph::operator()(AVFilterGraph* graph) const { functions->avfilter_graph_free(&graph); }
 
 Result<FilterGraph> FilterGraph::make(const std::string& filters, const AVFrame& like, int threads) {
   const auto library = filterLibrary();
@@ -57,15 +57,15 @@ bool FilterGraph::fits(const AVFrame& frame) const {
 }
 
 Outcome FilterGraph::push(const SharedFrame& frame) {
-  const int done = graph_.get_deleter().library->av_buffersrc_add_frame_flags(entry_, frame.get(),
-                                                                              AV_BUFFERSRC_FLAG_KEEP_REF);
+  const int done = graph_.get_deleter().functions->av_buffersrc_add_frame_flags(entry_, frame.get(),
+                                                                                AV_BUFFERSRC_FLAG_KEEP_REF);
   return done < 0 ? Outcome(ffmpegError("a picture cannot be filtered", done)) : Outcome();
 }
 
 Result<SharedFrame> FilterGraph::pull() {
   auto frame = newFrame();
   if (!frame) return Error{"out of memory for a picture"};
-  const int got = graph_.get_deleter().library->av_buffersink_get_frame(exit_, frame.get());
+  const int got = graph_.get_deleter().functions->av_buffersink_get_frame(exit_, frame.get());
   if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return SharedFrame();
   if (got < 0) return ffmpegError("a picture cannot be filtered", got);
   return frame;

@@ -15,7 +15,7 @@ namespace kvo::media {
 struct FilterLibrary;
 
 struct FreeFilterGraph {
-  const FilterLibrary* library = nullptr;
+  const FilterLibrary* functions = nullptr;
   void operator()(AVFilterGraph* graph) const;
 };
 
