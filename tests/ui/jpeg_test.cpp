@@ -1,6 +1,7 @@
 // JPEG files at the four scales, compared with what Qt makes of them; and files that are none.
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/posix_files.h"
+#include "support/grey_jpeg.h"
 #include "support/real_world.h"
 #include "ui/dib_section.h"
 #include "ui/load_jpeg.h"
@@ -10,10 +11,7 @@
 #include <QImageWriter>
 #include <array>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
-#include <jpeglib.h>
 
 #include <gtest/gtest.h>
 
@@ -150,28 +148,7 @@ std::string inPasses(int passes) {
     const int coefficient = i % DCTSIZE2;
     script.push_back({1, {0}, coefficient, coefficient, i < DCTSIZE2 ? 0 : 1, i < DCTSIZE2 ? 1 : 0});
   }
-  jpeg_compress_struct coder{};
-  jpeg_error_mgr errors{};
-  coder.err = jpeg_std_error(&errors);
-  jpeg_create_compress(&coder);
-  unsigned char* bytes = nullptr;
-  unsigned long size = 0;
-  jpeg_mem_dest(&coder, &bytes, &size);
-  coder.image_width = coder.image_height = 8;
-  coder.input_components = 1;
-  coder.in_color_space = JCS_GRAYSCALE;
-  jpeg_set_defaults(&coder);
-  coder.scan_info = script.data();
-  coder.num_scans = passes;
-  jpeg_start_compress(&coder, TRUE);
-  std::array<JSAMPLE, 8> row = {10, 90, 30, 200, 120, 0, 255, 70};
-  JSAMPROW rows = row.data();
-  while (coder.next_scanline < 8) jpeg_write_scanlines(&coder, &rows, 1);
-  jpeg_finish_compress(&coder);
-  jpeg_destroy_compress(&coder);
-  std::string file(reinterpret_cast<const char*>(bytes), size);
-  std::free(bytes);
-  return file;
+  return test::greyJpeg({10, 90, 30, 200, 120, 0, 255, 70}, script);
 }
 
 TEST_F(LoadsJpeg, InAHundredPassesAtMost) {

@@ -3,15 +3,13 @@
 
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/posix_files.h"
+#include "support/grey_jpeg.h"
 #include "support/real_world.h"
 
 #include <QImage>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <jpeglib.h>
 
 #include <gtest/gtest.h>
 
@@ -101,30 +99,10 @@ TEST_F(Pictures, AreStretchedToTheWindow) {
   }
 }
 
-// Written row by row, as a picture of this size would not fit.
-std::string hugeJpeg(unsigned side) {
-  jpeg_compress_struct coder{};
-  jpeg_error_mgr errors{};
-  coder.err = jpeg_std_error(&errors);
-  jpeg_create_compress(&coder);
-  unsigned char* bytes = nullptr;
-  unsigned long size = 0;
-  jpeg_mem_dest(&coder, &bytes, &size);
-  coder.image_width = side;
-  coder.image_height = side;
-  coder.input_components = 1;
-  coder.in_color_space = JCS_GRAYSCALE;
-  jpeg_set_defaults(&coder);
-  jpeg_start_compress(&coder, TRUE);
+std::string hugeJpeg(std::size_t side) {
   std::vector<JSAMPLE> row(side, 40);
-  std::fill(row.begin() + side / 2, row.end(), JSAMPLE{200});
-  JSAMPROW rows = row.data();
-  while (coder.next_scanline < side) jpeg_write_scanlines(&coder, &rows, 1);
-  jpeg_finish_compress(&coder);
-  jpeg_destroy_compress(&coder);
-  std::string file(reinterpret_cast<const char*>(bytes), size);
-  std::free(bytes);
-  return file;
+  std::fill(row.begin() + static_cast<std::ptrdiff_t>(side / 2), row.end(), JSAMPLE{200});
+  return test::greyJpeg(std::move(row));
 }
 
 TEST_F(Pictures, ThatAreHugeAreDecodedSmallOrRefused) {
