@@ -75,6 +75,7 @@ Outcome PictureFeed::findStart() {
   origin_ = first.seconds;
   clock_.origin(origin_);
   end_ -= origin_;
+  packetsEnd_ -= origin_;
   first.seconds = 0;
   return accept(std::move(first));
 }

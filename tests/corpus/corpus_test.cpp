@@ -349,6 +349,20 @@ TEST(CorpusRefusal, SaysWhatIsWrongWithWhichFile) {
   }
 }
 
+// A recording's clock may have run for hours when it begins.
+TEST(CorpusRefusal, ARecordingEndsWhereItsOwnTimeDoes) {
+  const auto path = corpus().pathOf(fileNamed("ten-hours.ts"));
+  const auto timeline = engine::readDocument(documentOf(path, {0, 9, 1, 25}, true, false));
+  ASSERT_TRUE(timeline) << timeline.error().text;
+  media::DamageList damage;
+  engine::Compositor compositor(*timeline, {.damage = &damage});
+  std::string refused;
+  for (int frame = 0; frame < 9 * 25 && refused.empty(); ++frame)
+    if (const auto picture = compositor.frame(frame); !picture) refused = picture.error().text;
+  EXPECT_EQ(refused.substr(0, path.size() + 10), path + " ends at 3") << refused;
+  EXPECT_TRUE(damage.all().empty());
+}
+
 TEST(Pattern, IsReadBackAfterAHarshEncoding) {
   const ScratchFolder folder;
   std::ofstream raw(folder / "raw", std::ios::binary);
