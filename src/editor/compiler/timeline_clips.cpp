@@ -21,20 +21,22 @@ void lookInto(TimelineClip& clip, FrameSource& streams) {
   clip.isMusic = clip.isSound && (kind == nullptr || kind->canBeInMovie);
 }
 
+void correctTransition(Movie& record, const TimelineClip& clip) {
+  record.TransIn(clip.TransIn);
+  if (!clip.dropsFirstOption) return;
+  record.ExtraParamName1("");
+  record.ExtraParamValue1("");
+}
+
 void correct(Movie& record, const TimelineClip& clip) {
   if (record.LoopStart() != clip.LoopStart) record.LoopStart(clip.LoopStart);
   if (record.LoopEnd() != clip.LoopEnd) record.LoopEnd(clip.LoopEnd);
   record.DurationTime(clip.DurationTime);
-  record.TransIn(clip.TransIn);
   if (record.TransType() != clip.TransType) record.TransType(clip.TransType);
   if (clip.HasAudio) record.HasAudio(*clip.HasAudio);
   record.RenderAudio(clip.RenderAudio);
   record.HasAudioFade(clip.HasAudioFade);
   record.HasKeyFrames(clip.HasKeyFrames);
-  if (clip.dropsFirstOption) {
-    record.ExtraParamName1("");
-    record.ExtraParamValue1("");
-  }
   if (!clip.placed) return;
   record.TimeLineStart(Value(shortNumber(clip.place.start)));
   record.TimeLineStop(Value(fixedText(clip.place.stop)));
@@ -83,12 +85,13 @@ int misplacedSound(const TimelineClips& clips) {
   return 0;
 }
 
-void applyCorrections(const TimelineClips& clips, Collection& collection, KVO2& settings) {
+void applyCorrections(const TimelineClips& clips, Collection& collection, KVO2& settings, Corrections which) {
   const auto change = settings.state.ObjectChange;
   for (const auto& clip : clips) {
     auto& record = collection.MovieList[clip.number];
     const bool wasDirty = record.IsDirty();
-    correct(record, clip);
+    correctTransition(record, clip);
+    if (which == Corrections::All) correct(record, clip);
     record.IsDirty(wasDirty);
   }
   settings.state.ObjectChange = change;

@@ -74,8 +74,14 @@ bool hasPicture(const TimelineClips& clips);
 /// The number of the first clip of sound that stands ahead of one with a picture, 0 when there is none.
 int misplacedSound(const TimelineClips& clips);
 
+enum class Corrections {
+  All,
+  OfTransitions,  ///< what writing a transition corrects: all that a preview of one may touch
+};
+
 /// Writes what a compile corrected, and where it placed the clips, into the records. It is no change of the
 /// user's: dirty flags stay, and so does the change code.
-void applyCorrections(const TimelineClips& clips, Collection& collection, KVO2& settings);
+void applyCorrections(const TimelineClips& clips, Collection& collection, KVO2& settings,
+                      Corrections which = Corrections::All);
 
 }  // namespace kvo

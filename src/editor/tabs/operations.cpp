@@ -81,8 +81,8 @@ CompileOptions sampleOptions(const Editing& e) {
   return options;
 }
 
-std::string shown(const Editing& e, const Sample& sample) {
-  applyCorrections(sample.clips, e.collection, e.settings);
+std::string shown(const Editing& e, const Sample& sample, Corrections which = Corrections::All) {
+  applyCorrections(sample.clips, e.collection, e.settings, which);
   return sample.text;
 }
 
@@ -171,7 +171,8 @@ void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions o) {
   }
   const KeyframeIndex keyframes(e.collection);
   auto line = videoLine({e.editor.effects, keyframes, options}, clips, o);
-  applyCorrections(clips, e.collection, e.settings);
+  applyCorrections(clips, e.collection, e.settings,
+                   o.TransitionPreview ? Corrections::OfTransitions : Corrections::All);
   e.editor.texts.VideoTrackText += line.tracks;
   if (!o.TransitionPreview) e.editor.AudioTotalTime.clear();
   setVideoTotal(e.editor, line.stop, line.largestStop);
@@ -264,7 +265,8 @@ std::string Previewtransition(const Editing& e, int clipNo) {
   const auto options = sampleOptions(e);
   e.settings.state.RenderTransitions = true;
   return shown(
-      e, transitionSample(e.collection, clipNo, options, factsOf(e), e.editor.controls.Sld_In.Value / 10));
+      e, transitionSample(e.collection, clipNo, options, factsOf(e), e.editor.controls.Sld_In.Value / 10),
+      Corrections::OfTransitions);
 }
 
 std::string PreviewEffect(const Editing& e, int clipNo) { return clipSample(e, clipNo, kEffectSample); }

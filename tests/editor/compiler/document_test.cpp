@@ -231,6 +231,22 @@ TEST(Document, TransitionPreviewTakesTheTwoEnds) {
   }
 }
 
+TEST(Document, ATransitionPreviewWritesNothingButWhatTheTransitionCorrects) {
+  Bench b;
+  auto& still = b.addVideo("a.jpg", 0, 0);
+  still.IsStill(true);
+  still.RenderAudio(true);
+  still.HasAudioFade(true);
+  auto& clip = b.addVideo("b.avi", 0, 2);
+  clip.TransType("Fade");
+  clip.TransIn(80);
+  CreateClipLine(b.editing, true, {.TransitionPreview = true, .FirstClip = 1, .LastClip = 2});
+  EXPECT_TRUE(still.RenderAudio());
+  EXPECT_TRUE(still.HasAudioFade());
+  EXPECT_EQ(still.LoopEnd().number(), 0);
+  EXPECT_LT(clip.TransIn(), 80) << "longer than its clip";
+}
+
 TEST(Document, TheVideoGroupFollowsThePower) {
   Bench b;
   int depth = 24;
