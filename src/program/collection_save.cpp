@@ -161,9 +161,12 @@ void CollectionStore::replaceUnreadable(const std::string& fileName, const Error
   settings_.adjust().TitleDispClr = "8421504";
   settings_.adjust().NoofUses = 40;
   settings_.change().DisplayColor = "9079296";
-  if (auto done = files_.rename(fileName, freeCopyName(fileName, {})); !done)
-    return log_.LogError(done.error().text);
-  WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true);
+  const auto kept = freeCopyName(fileName, {});
+  if (auto done = files_.rename(fileName, kept); !done) return log_.LogError(done.error().text);
+  if (WriteINI(std::string(folderPart(fileName)), std::string(fileNamePart(fileName)), true)) return;
+  // Without a fresh one the old one is back under its name, unless something stands there after all.
+  if (files_.exists(fileName)) return;
+  if (auto back = files_.rename(kept, fileName); !back) log_.LogError(back.error().text);
 }
 
 void CollectionStore::rewrite(const std::string& fileName, const ParsedCollection& parsed,

@@ -76,7 +76,9 @@ void RenderDriver::hearEnd(const ProcessEnd& end) {
   process_.reset();
   folder_.reset();
   state_.progress.elapsed = secondsSinceStart();
-  if (end.exitCode == kExitDone) {
+  // What tells of the movie has put it under its name, whatever has ended the engine then.
+  if (end.exitCode == kExitDone ||
+      (state_.phase == RenderPhase::Stopping && state_.report != EngineReport{})) {
     state_.phase = RenderPhase::Done;
   } else if (state_.phase == RenderPhase::Stopping) {
     state_.phase = RenderPhase::Stopped;

@@ -375,6 +375,16 @@ TEST(CollectionStore, AFileThatCannotBeReadIsSetAsideAndBegunAnew) {
             log.end());
 }
 
+TEST(CollectionStore, AFileThatCannotBeReadStaysUnderItsNameWhereNoneCanTakeItsPlace) {
+  Bench b;
+  b.files.all["/col/t.INI"] = "what the disk does not give back";
+  b.files.unreadable.insert("/col/t.INI");
+  b.files.failedReplaces = 1;
+  EXPECT_EQ(b.file.ReadINI("/col/t.INI").end, ReadEnd::NotReadable);
+  EXPECT_EQ(b.files.all["/col/t.INI"], "what the disk does not give back");
+  EXPECT_FALSE(b.files.all.contains("/col/t.INI.old"));
+}
+
 TEST(CollectionStore, AClipWithoutAKeyGetsOneThatNoOtherHas) {
   const Long clock = 14 * 3600 + 5 * 60 + 9;
   const auto text = savedText([&](Bench& b) {

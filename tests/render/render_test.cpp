@@ -103,6 +103,7 @@ TEST(RenderDriver, TellsHowARenderEnded) {
     const char* says;
     RenderPhase phase;
     std::string failure;
+    const char* tells = "";
   };
   for (const auto& row :
        {Row{false, 1, "KVORender: o.avi: File too large", RenderPhase::Failed, ""},
@@ -110,13 +111,15 @@ TEST(RenderDriver, TellsHowARenderEnded) {
         Row{false, 139, "", RenderPhase::Failed, "the render engine ended with code 139"},
         Row{false, 139, "oops", RenderPhase::Failed, "the render engine ended with code 139"},
         Row{true, 143, "", RenderPhase::Stopped, ""}, Row{true, 137, "", RenderPhase::Stopped, ""},
-        Row{true, 0, "", RenderPhase::Done, ""}}) {  // it had ended already
+        Row{true, 0, "", RenderPhase::Done, ""},                             // it had ended already
+        Row{true, 143, "", RenderPhase::Done, "", "done 63 2.500 1000"}}) {  // the movie stood
     Driven d;
     d.run();
     if (row.stop) d.driver.stop();
     EXPECT_EQ(d.processes.last().stopped, row.stop);
     EXPECT_EQ(d.driver.state().phase, row.stop ? RenderPhase::Stopping : RenderPhase::Running);
     if (*row.says != '\0') d.processes.sayError(row.says);
+    if (*row.tells != '\0') d.processes.say(row.tells);
     d.processes.end(row.exitCode);
     const auto& state = d.driver.state();
     EXPECT_EQ(state.phase, row.phase) << row.exitCode;

@@ -2,6 +2,7 @@
 
 #include "adapters/posix/process_mail.h"
 #include "adapters/posix/spawn.h"
+#include "base/guarded.h"
 
 #include <algorithm>
 #include <array>
@@ -150,8 +151,19 @@ Result<std::unique_ptr<Process>> PosixProcesses::start(EventLoop& loop, const Pr
   Descriptor wake(::eventfd(0, EFD_CLOEXEC));
   auto child = spawn(order, static_cast<bool>(hearing.errorLine));
   if (!child) return child.error();
-  return std::unique_ptr<Process>(
-      std::make_unique<PosixProcess>(loop, std::move(*child), std::move(wake), std::move(hearing)));
+  // It runs already: without the object that ends it, it is ended here.
+  const auto process = child->process;
+  const auto whole = child->ownGroup ? -process : process;
+  auto made = guarded([&]() -> Result<std::unique_ptr<Process>> {
+    return std::unique_ptr<Process>(
+        std::make_unique<PosixProcess>(loop, std::move(*child), std::move(wake), std::move(hearing)));
+  });
+  if (!made) {
+    ::kill(whole, SIGKILL);
+    while (::waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+  }
+  return made;
 }
 
 int PosixProcesses::ownNumber() const { return ::getpid(); }
