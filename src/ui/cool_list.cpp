@@ -245,6 +245,7 @@ void CoolList::mouseDown(int y) {
   dragState_ = !isMultiple() || !item(*row).ItemSelected;
   mark(*row, dragState_);
   dragging_ = true;
+  underPointer_ = row;
   moveTo(*row);
 }
 
@@ -259,6 +260,7 @@ void CoolList::dragTo(int index) {
 
 void CoolList::mouseMove(int y, milliseconds now) {
   const int pixels = y < 0 ? -y : y - height_;
+  const auto before = std::exchange(underPointer_, itemAt(y));
   if (y < 0 || y >= height_) {
     if (!dragging_) return;
     if (std::exchange(beyond_, y < 0 ? -1 : 1) == 0) lastStep_ = now;
@@ -267,8 +269,7 @@ void CoolList::mouseMove(int y, milliseconds now) {
   }
   beyond_ = 0;
   if (!dragging_ && !properties_.HoverSelection) return;
-  const auto row = itemAt(y);
-  if (row && *row != listIndex_) dragTo(*row);
+  if (underPointer_ && underPointer_ != before) dragTo(*underPointer_);
 }
 
 void CoolList::mouseUp() {

@@ -169,6 +169,7 @@ class CoolList {
   std::vector<CoolListItem> items_;
   int listIndex_ = -1;
   int topIndex_ = 0;
+  std::optional<int> underPointer_;  // the row that the pointer was seen in last
   bool dragging_ = false;
   bool dragState_ = true;  // what the items that a drag passes become
   int beyond_ = 0;         // rows to go by at a step of a drag beyond the edge: -1, 0, 1

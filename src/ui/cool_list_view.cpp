@@ -110,7 +110,7 @@ void CoolListView::setProperties(const CoolListProperties& properties) {
   setFrameShape(hasFrame ? QFrame::StyledPanel : QFrame::NoFrame);
   setFrameShadow(wanted.Appearance != 0 ? QFrame::Sunken : QFrame::Plain);
   setEnabled(wanted.Enabled);
-  setMouseTracking(wanted.HoverSelection);
+  setMouseTracking(true);  // MouseMove is told of with no key down, too
   list_.setProperties(wanted);
   layOut();
 }

@@ -227,6 +227,9 @@ TEST_F(List, TheItemUnderThePointerIsChosenWhereThatIsWanted) {
   list.mouseMove(2 * kRow + 5, milliseconds(0));
   EXPECT_EQ(selected(), "2");
   EXPECT_EQ(changes, 1) << "one row, one change";
+  ASSERT_TRUE(list.setListIndex(4).ok());
+  list.mouseMove(2 * kRow + 6, milliseconds(0));
+  EXPECT_EQ(selected(), "4") << "the pointer still stands in its row";
   list.mouseMove(-30, milliseconds(0));
   EXPECT_FALSE(list.nextStep().has_value()) << "only a drag scrolls";
 }
