@@ -36,7 +36,7 @@ class MovieWriter {
   MovieWriter& operator=(MovieWriter&&) noexcept;
   ~MovieWriter();
 
-  /// An encoder for the movie's frames, or for a stretch of them. Of a movie with pictures only.
+  /// An encoder for the movie's frames, or for a segment of them. Of a movie with pictures only.
   [[nodiscard]] Result<VideoEncoder> newVideoEncoder() const;
 
   /// The next frame. Fails when the target cannot be written.

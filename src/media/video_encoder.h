@@ -52,7 +52,7 @@ class VideoEncoder {
   ~VideoEncoder();
 
   /// The frame that stands at `number` in the movie. The first picture of an encoder is a key frame, and
-  /// numbers rise by one, so that stretches of a movie can be encoded by encoders of their own. A picture may
+  /// numbers rise by one, so that segments of a movie can be encoded by encoders of their own. A picture may
   /// be larger than the movie by one row and column, which are cut off. Fails when memory is short.
   Result<EncodedFrame> encode(const Picture& picture, std::int64_t number);
 

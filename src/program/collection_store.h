@@ -62,7 +62,8 @@ class CollectionStore {
   ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
 
   /// Writes settings and lists to `folder` + `file` in one durable step, reads the head back and clears
-  /// KVO2.IsDirty. False when the file could not be written or checked; it then is what it was before. A text
+  /// KVO2.IsDirty. False when the file could not be written, and then is what it was before, or when what the
+  /// disk gives back of it is no collection. A text
   /// that the format cannot carry is written as near to it as can be: this is told, and what stood there is
   /// kept as by ReadINI.
   bool WriteINI(std::string folder, const std::string& file, bool quiet, LoadWatch* watch = nullptr);

@@ -1,8 +1,6 @@
 // What the render engine tells while it works: lines of text on its standard output, written and read here.
 //   progress DONE TOTAL           seconds of the movie, a few times a second
-//   damage KIND FROM TO FILE      the "picture" or "sound" of this part of a clip, in seconds after its
-//   start, could
-//                                 not be decoded
+//   damage KIND FROM TO FILE      the "picture" or "sound" of these seconds of a file is missing
 //   done FRAMES SECONDS BYTES     the file is in place
 // A failure is one line on its standard error.
 #pragma once

@@ -40,8 +40,8 @@ struct Compiled {
 
 /// Compiles the collection, which outlives what comes back: places every clip, shortens transitions that are
 /// too long, gives stills their length, and writes the document. A second compile of records that were
-/// corrected may differ from the first: a still that was to be heard is silent once, and then has no sound
-/// track.
+/// corrected may differ from the first: a clip without sound that was to be heard is silent once, and then
+/// has no sound track. A still has none at all.
 Compiled compile(const Collection& collection, const CompileOptions& options, const CompileFacts& facts);
 
 /// The opening tag of the video group, with its line end.

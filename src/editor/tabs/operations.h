@@ -1,6 +1,6 @@
 // The operations of the editor that compile: each runs the compiler on the open collection, as the settings
 // and the controls have it, and writes what that corrects into records, settings and controls. A compile is
-// no change of the user's: dirty flags and the change code stay.
+// no change of the user's: dirty flags stay. A full one answers the change code, which is 0 behind it.
 #pragma once
 
 #include "base/result.h"
