@@ -56,8 +56,8 @@ class RenderDriver {
     std::string engine;  ///< path of its program
   };
 
-  /// `changed` is called behind each change of the state but the start; it may destroy the driver when the render has
-  /// ended.
+  /// `changed` is called behind each change of the state but the start; it may destroy the driver when the
+  /// render has ended.
   RenderDriver(const Ports& ports, std::function<void()> changed)
       : ports_(ports), changed_(std::move(changed)) {}
 
