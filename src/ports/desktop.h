@@ -1,7 +1,8 @@
-// The port to the desktop about the program: its screen, and other programs that show a page.
+// The port to the desktop about the program: its screens, and other programs that show a page.
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace kvo {
 
@@ -12,6 +13,22 @@ struct ScreenFacts {
   int monitors = 1;
 };
 
+/// A part of the desktop, in its own pixels, over all screens.
+struct ScreenArea {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  bool operator==(const ScreenArea&) const = default;
+};
+
+struct Screen {
+  std::string name;
+  ScreenArea whole;
+  ScreenArea available;  ///< without the bars of the desktop
+  double factor = 1;     ///< by which the user has things drawn larger
+};
+
 class Desktop {
  public:
   Desktop() = default;
@@ -20,6 +37,9 @@ class Desktop {
   virtual ~Desktop() = default;
 
   [[nodiscard]] virtual ScreenFacts screen() const = 0;
+  /// All screens, the first being the main one.
+  [[nodiscard]] virtual std::vector<Screen> screens() const = 0;
+  virtual void beep() = 0;
   /// The user's folder for videos; empty when there is none.
   [[nodiscard]] virtual std::string videosFolder() const { return {}; }
   /// Shows a web address in the user's browser. False when there is none.

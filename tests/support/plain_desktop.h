@@ -14,6 +14,14 @@ class PlainDesktop : public Desktop {
   std::vector<std::string> pages;
   std::string videos;
   [[nodiscard]] ScreenFacts screen() const override { return facts; }
+  std::vector<Screen> all;  // empty: one as `facts` has it
+  int beeps = 0;
+  [[nodiscard]] std::vector<Screen> screens() const override {
+    if (!all.empty()) return all;
+    const ScreenArea whole{0, 0, facts.width, facts.height};
+    return {{"first", whole, whole, 1}};
+  }
+  void beep() override { ++beeps; }
   [[nodiscard]] std::string videosFolder() const override { return videos; }
   bool openPage(const std::string& address) override {
     pages.push_back(address);

@@ -1,5 +1,6 @@
 #include "adapters/qt/qt_desktop.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
 #include <QGuiApplication>
@@ -8,6 +9,11 @@
 #include <QUrl>
 
 namespace kvo {
+namespace {
+
+constexpr double kPlainDotsPerInch = 96;  // of a screen on which nothing is drawn larger
+
+}  // namespace
 
 ScreenFacts QtDesktop::screen() const {
   const auto* first = QGuiApplication::primaryScreen();
@@ -15,6 +21,20 @@ ScreenFacts QtDesktop::screen() const {
   const auto size = first->size() * first->devicePixelRatio();
   return {size.width(), size.height(), first->depth(), static_cast<int>(QGuiApplication::screens().size())};
 }
+
+std::vector<Screen> QtDesktop::screens() const {
+  std::vector<Screen> all;
+  const auto area = [](const QRect& r) { return ScreenArea{r.left(), r.top(), r.width(), r.height()}; };
+  const auto* first = QGuiApplication::primaryScreen();
+  for (const auto* screen : QGuiApplication::screens()) {
+    const Screen one{screen->name().toStdString(), area(screen->geometry()),
+                     area(screen->availableGeometry()), screen->logicalDotsPerInch() / kPlainDotsPerInch};
+    all.insert(screen == first ? all.begin() : all.end(), one);
+  }
+  return all;
+}
+
+void QtDesktop::beep() { QApplication::beep(); }
 
 std::string QtDesktop::videosFolder() const {
   return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::MoviesLocation)).toStdString();

@@ -1,0 +1,17 @@
+// How large the skinned windows are: 1, 1.25, 1.5 or 2 times their design.
+#pragma once
+
+#include "ports/desktop.h"
+
+#include <array>
+#include <optional>
+
+namespace kvo {
+
+inline constexpr std::array kInterfaceSizes{1.0, 1.25, 1.5, 2.0};
+
+/// The user's choice, or else the screen's factor; rounded down to one of the sizes, and to one that the
+/// screen has room for.
+double interfaceSize(const Screen& screen, std::optional<double> choice);
+
+}  // namespace kvo
