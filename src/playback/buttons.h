@@ -41,6 +41,9 @@ class Buttons {
   /// What was playing goes on.
   void BuildAllButs(bool stepButtons);
 
+  /// Moves what is drawn to where it belongs at the size of the interface in force.
+  void placeAnew();
+
   /// One picture of the play group each, and the flags IsPlaying and IsPaused that it stands for.
   void PlayOn();
   void PlayOff();
@@ -48,9 +51,11 @@ class Buttons {
   void PauseOff();
 
  private:
-  void draw(std::string_view key);
+  bool playWord(std::string_view word);
   void rebuild();
-  void stateWord(std::string_view word);
+  void draw(std::string_view key);
+  void become(std::string_view state);
+  void passOn(std::string_view key);
 
   ButtonsState& buttons_;
   DisplayModeState& display_;

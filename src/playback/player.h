@@ -9,6 +9,9 @@
 
 namespace kvo {
 
+/// A number of plays that stands for no end.
+inline constexpr int kForEver = 30000;
+
 /// What the player shows, as data: the window draws it.
 struct PlayerState {
   Place place;           ///< the picture is drawn fitted into what the window has of it, its shape kept
@@ -19,7 +22,7 @@ struct PlayerState {
   int sourceHeight = 0;  ///< pixels
   int displaySize =
       0;              ///< 0 the source's own size, 1 half, 2 the double or the screen, 4 fitted to the place
-  int playCount = 1;  ///< how often the clip plays; 30000 stands for ever
+  int playCount = 1;  ///< how often the clip plays
   bool fullScreen = false;  ///< the picture alone covers the screen, whatever the face of the window
   bool IsPlaying = false;
   bool IsPaused = false;  ///< by the user or between two clips

@@ -6,7 +6,7 @@
 #include "core/records/collection.h"
 #include "playback/buttons.h"
 #include "playback/display/display_mode_state.h"
-#include "playback/display/layout.h"
+#include "playback/display/face_layout.h"
 #include "ports/desktop.h"
 #include "ports/message_boxes.h"
 
@@ -43,7 +43,7 @@ class DisplayHost {
 class Display {
  public:
   struct Parts {
-    DisplayModeState& display;
+    DisplayModeState& mode;
     Player& player;
     Buttons& buttons;
     KVO2& settings;
@@ -52,7 +52,8 @@ class Display {
     MessageBoxes& boxes;
     DisplayHost& host;
   };
-  explicit Display(const Parts& parts) : parts_(parts) {}
+  explicit Display(const Parts& parts)
+      : parts_(parts), layout_({parts.mode, parts.player, parts.settings, parts.collection, parts.desktop}) {}
 
   /// The normal face as it is at start, at this interface size; notes the size of the screen.
   void Form_Load(double interfaceSize);
@@ -89,51 +90,34 @@ class Display {
   /// asked for itself, to the pixel, changes nothing.
   void Form_Resize(Twips width, Twips height);
   /// The window stands here on the desktop, in pixels.
-  void Form_Move(const ScreenArea& place) { parts_.display.onDesktop = place; }
+  void Form_Move(const ScreenArea& place) { parts_.mode.onDesktop = place; }
   /// The picture alone on the whole screen, or back; nothing for a clip without one.
   void mnu_DirXFullSC_Click();
   /// Keeps tick, flag and menus in step with what the player says of its full screen.
   void SortFullScreen();
 
  private:
-  struct Clip;
-
-  // The two faces: free_zoom.cpp
   void enterFreeZoom();
   void leaveFreeZoom();
   void showFreeZoom();
-  void sizeFreeZoom(const Clip& clip);
+  void sizeFreeZoom();
   void changeCover(bool cover);
-  void toSizable(const Clip& clip);
+  void toSizable();
   void coverScreen();
   bool mustStay();
   void tellOfScreen();
   void tellOfToolbar();
-
-  // Layout: display.cpp
-  void apply(const Layout& layout);
-  void resized();
-  void layOutToolbar();
-  void layOutSlider();
-  void ResizetoFullsc();
-  void ResizeStillInMiniMode();
-  void SetCoronaAspect();
-  void ReposAllLabels();
-  void setWindow(const Place& size);
-  void showPanels();
-  void showPlayer();
-  void KillOSDs();
-
-  [[nodiscard]] std::optional<Clip> clip() const;
-  [[nodiscard]] LayoutModes modes() const;
-  [[nodiscard]] LayoutSizes sizes() const;
-  [[nodiscard]] Screen screen() const;
+  void placeAnew();
+  void showDetails(bool on);
+  void closeDisplays();
+  void tickZoom(int percent);
   [[nodiscard]] bool editing() const { return parts_.settings.state.KVOIsInEditMode; }
 
   Parts parts_;
-  std::string toldOfToolbar_;  // the collection for which the hint has been shown
-  bool sliderWasOn_ = false;   // when Free Zoom was entered
-  Place refused_;              // the size that the window system gave the normal face
+  FaceLayout layout_;
+  std::optional<std::string> toldOfToolbar_;  // the collection for which the hint has been shown
+  bool sliderWasOn_ = false;                  // when Free Zoom was entered
+  Place refused_;                             // the size that the window system last gave the normal face
 };
 
 }  // namespace kvo

@@ -75,8 +75,9 @@ Layout PositionAndSize(const LayoutModes& modes, const ClipFacts& clip, const La
 /// 320 by 240 pixels.
 Place windowOf(const ClipFacts& clip, const LayoutSizes& sizes, Twips extraHeight, int percent = 100);
 
-/// Where the player goes in a Free Zoom window that nothing else is in.
-Place fullPlayer(const LayoutModes& modes, const LayoutSizes& sizes);
+/// Where the player goes in a Free Zoom window: over all that the toolbar leaves. On the Corona engine it has
+/// the source's shape, but for its width.
+Place fullPlayer(const LayoutModes& modes, const ClipFacts& clip, const LayoutSizes& sizes);
 
 /// The largest rectangle of the source's shape in the middle of `box`; the box for a clip without picture.
 Place coronaAspect(const ClipFacts& clip, const Place& box);

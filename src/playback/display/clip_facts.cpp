@@ -1,0 +1,66 @@
+#include "playback/display/clip_facts.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace kvo {
+namespace {
+
+constexpr std::array<std::string_view, 13> kAudioKinds{"CDA", "WAV",  "WMA", "WAX", "MP3", "MID", "AIFF",
+                                                       "AU",  "MIDI", "SND", "MP2", "RA",  "RAM"};
+
+constexpr std::array<std::string_view, 26> kKnownOthers{
+    "RM",  "SWF", "RMX",  "ROB", "RMM", "RMJ", "RT",  "SMI", "SMIL", "RP",  "SDP", "MIL", "ASF",
+    "ASX", "MPG", "MPEG", "AVI", "VCR", "MOV", "WMV", "WVX", "VOB",  "IFO", "BUP", "M1V", "ISRM"};
+
+constexpr std::array<std::string_view, 3> kDvdKinds{"VOB", "IFO", "BUP"};
+
+constexpr std::array<std::string_view, 6> kWindowsMedia{"ASF", "ASX", "WMV", "WVX", "WM", "WMX"};
+
+bool isOneOf(const ClipFacts& clip, std::span<const std::string_view> kinds) {
+  return std::ranges::find(kinds, clip.extension) != kinds.end();
+}
+
+std::string wholeExtension(std::string_view name) {
+  const auto file = fileNamePart(name);
+  const auto stop = file.rfind('.');
+  return stop == std::string_view::npos ? std::string() : upper(file.substr(stop + 1));
+}
+
+}  // namespace
+
+ClipFacts clipFacts(const Movie& clip, const Player& player) {
+  return {.extension = clip.IsTrueRM() ? "ISRM" : wholeExtension(clip.MovieName()),
+          .IsTrueRM = clip.IsTrueRM(),
+          .IsTrueQT4 = clip.IsTrueQT4(),
+          .IsHTML = clip.IsHTML(),
+          .IsStream = clip.IsStream(),
+          .IsStill = clip.IsStill(),
+          .corona = player.UsingCorona(),
+          .DispChange = clip.DispChange() != 0,
+          .Dsize = static_cast<Twips>(clip.Dsize()),
+          .XPos = static_cast<Twips>(clip.XPos()),
+          .Ypos = static_cast<Twips>(clip.Ypos()),
+          .StillW = clip.StillW(),
+          .StillH = clip.StillH(),
+          .sourceWidth = player.PlayerGetSourceWidth(),
+          .sourceHeight = player.PlayerGetSourceHeight()};
+}
+
+bool isAudioKind(const ClipFacts& clip) { return isOneOf(clip, kAudioKinds); }
+
+bool isKnownOtherKind(const ClipFacts& clip) { return isOneOf(clip, kKnownOthers); }
+
+bool isDVD(const ClipFacts& clip) { return isOneOf(clip, kDvdKinds); }
+
+bool isWindowsMedia(const ClipFacts& clip) { return isOneOf(clip, kWindowsMedia); }
+
+bool hasVideo(const ClipFacts& clip) {
+  return !isAudioKind(clip) && !clip.IsStill && !clip.IsHTML && clip.sourceWidth > 0 && clip.sourceHeight > 0;
+}
+
+}  // namespace kvo

@@ -1,0 +1,147 @@
+// The commands within a face, and what the window system does to the window.
+#include "playback/display/display.h"
+
+#include "core/telling/messages.h"
+
+#include <cmath>
+
+namespace kvo {
+
+void Display::Form_Load(double interfaceSize) {
+  auto& mode = parts_.mode;
+  const auto screen = parts_.desktop.screen();
+  mode.StartScreenWidth = screen.width;
+  mode.StartScreenHeight = screen.height;
+  mode.interfaceSize = interfaceSize;
+  mode.toolbar[HitLabel::Lbl_MinMax].toolTip = "Full Screen Mode";
+  mode.toolbar[HitLabel::Lbl_MiniMode].toolTip = LoadResString(214);
+  const Holding resizing(mode.IsResizing);
+  layout_.setWindow({0, 0, kFaceWidth, kFaceHeight});
+  layout_.ReposAllLabels();
+  parts_.player.SendPlayerFarLeft();
+  mode.timers.Timer1 = mode.timers.Timer6 = true;
+}
+
+void Display::setInterfaceSize(double size) {
+  auto& mode = parts_.mode;
+  const double grown = size / mode.interfaceSize;
+  if (grown == 1) return;
+  mode.interfaceSize = size;
+  parts_.buttons.placeAnew();
+  if (mode.IsMiniMode) {  // the window keeps its pixels
+    mode.window.place.width /= grown;
+    mode.window.place.height /= grown;
+    layout_.resized();
+    return;
+  }
+  ++mode.window.placings;
+  placeAnew();
+}
+
+void Display::PositionAndSize() {
+  const auto clip = layout_.clip();
+  if (!clip) return;
+  const auto layout = layout_.PositionAndSize(*clip);
+  if (layout.logoCaption) parts_.host.FadBorder(*layout.logoCaption);
+}
+
+void Display::PositionandShowStill() {
+  const auto clip = layout_.clip();
+  if (clip && clip->facts.IsStill) layout_.PositionandShowStill(*clip);
+}
+
+// As PositionAndSize, for a player that is to have its own size again first.
+void Display::placeAnew() {
+  parts_.player.PlayerSetDisplaySize(0);
+  PositionAndSize();
+}
+
+void Display::EndAnim() {
+  auto& mode = parts_.mode;
+  mode.panels.Label2On = false;
+  mode.panels.Lbl_Oversize = false;
+  mode.Med_AudAnim.visible = false;
+  mode.timers.Timer4 = false;
+}
+
+void Display::closeDisplays() { ++parts_.mode.panels.osdsKilled; }
+
+void Display::AllDetOff() { showDetails(false); }
+
+void Display::AllDetOn() { showDetails(true); }
+
+void Display::showDetails(bool on) {
+  if (parts_.mode.IsMiniMode) return;
+  parts_.settings.state.AllDetOff = !on;
+  placeAnew();
+}
+
+void Display::Lbl_MinDets_Click() {
+  if (parts_.mode.IsMiniMode) return;
+  closeDisplays();
+  if (!parts_.collection.MovieList.empty()) AllDetOff();
+  if (!parts_.settings.preferences().DefaultStartupVid.empty()) {
+    parts_.settings.change().DefaultStartupVid.clear();
+  }
+  parts_.mode.timers.Timer6 = true;
+}
+
+void Display::ShowSliderStuff() { layout_.ShowSliderStuff(); }
+
+void Display::Lbl_SliderMiniMode_Click() {
+  auto& tick = parts_.mode.ticks.mnu_ShowSlider;
+  tick = !tick;
+  layout_.ShowSliderStuff();
+}
+
+void Display::tickZoom(int percent) {
+  auto& ticks = parts_.mode.ticks;
+  ticks.mnu_DirXZoom50 = percent == 50;
+  ticks.mnu_DirXZoom100 = percent == 100;
+  ticks.mnu_DirXZoom200 = percent == 200;
+}
+
+void Display::ResizePercent(int percent) {
+  const auto clip = layout_.clip();
+  if (!clip || !parts_.mode.IsMiniMode || parts_.mode.IsFullScreenWindow) return;
+  layout_.setWindow(windowOf(clip->facts, layout_.sizes(), kToolbarHeight, percent));
+  tickZoom(percent);
+}
+
+void Display::Form_Resize(Twips width, Twips height) {
+  auto& mode = parts_.mode;
+  auto& place = mode.window.place;
+  const auto same = [&](const Place& other) {
+    const Twips pixel = mode.twipsPerPixel();
+    return std::abs(other.width - width) < pixel && std::abs(other.height - height) < pixel;
+  };
+  if (same(place)) {
+    refused_ = {};
+    return;
+  }
+  if (mode.IsMiniMode) {
+    place.width = width;
+    place.height = height;
+    layout_.resized();
+    return;
+  }
+  if (same(refused_)) return;  // a desktop that insists is not asked for ever
+  refused_ = {0, 0, width, height};
+  mode.window.caption.clear();
+  ++mode.window.placings;
+  layout_.resized();
+}
+
+void Display::mnu_DirXFullSC_Click() {
+  parts_.player.PlayerSetFullScreenMode(!parts_.player.PlayerGetFullScreenMode());
+  SortFullScreen();
+}
+
+void Display::SortFullScreen() {
+  auto& mode = parts_.mode;
+  mode.player.fullScreen = parts_.player.PlayerGetFullScreenMode();
+  mode.ticks.mnu_DirXFullSC = mode.player.fullScreen;
+  mode.ticks.lockAndZoomEnabled = !mode.player.fullScreen;
+}
+
+}  // namespace kvo

@@ -1,0 +1,205 @@
+// The ways between the normal face, Free Zoom, and Free Zoom covering the screen. The play timers stand still
+// while a layout is half made.
+#include "core/telling/messages.h"
+#include "playback/display/display.h"
+#include "playback/display/screens.h"
+
+namespace kvo {
+namespace {
+
+constexpr const char* kCaption = "KVO5 - Free Zoom Mode";
+constexpr double kMostOfScreen = 2.0 / 3;  // of a side that a window may take by a clip's size on entering
+
+}  // namespace
+
+void Display::Lbl_MiniMode_Click() { parts_.mode.IsMiniMode ? leaveFreeZoom() : enterFreeZoom(); }
+
+void Display::Lbl_MinMax_Click() {
+  if (parts_.mode.IsMiniMode) changeCover(!parts_.mode.IsFullScreenWindow);
+}
+
+bool Display::mustStay() {
+  const bool nothing = parts_.collection.MovieList.empty() && !editing();
+  const bool radio = parts_.mode.durationLabel == LoadResString(236);
+  if (!nothing && !radio) return false;
+  parts_.boxes.show({std::string(LoadResString(240)), std::string(LoadResString(239))});
+  return true;
+}
+
+void Display::enterFreeZoom() {
+  auto& mode = parts_.mode;
+  auto& timers = mode.timers;
+  timers.Timer1 = timers.Timer6 = false;
+  if (!mustStay()) {
+    timers.Timer8 = false;
+    showFreeZoom();
+    sizeFreeZoom();
+    if (mode.DetailsWereOn) changeCover(false);
+  }
+  timers.Timer1 = timers.Timer6 = true;
+}
+
+void Display::showFreeZoom() {
+  auto& mode = parts_.mode;
+  auto& panels = mode.panels;
+  auto& details = parts_.settings.state.AllDetOff;
+  closeDisplays();
+  sliderWasOn_ = mode.ticks.mnu_ShowSlider;
+  mode.ticks.mnu_ShowSlider = false;
+  mode.IsMiniMode = true;
+  mode.DetailsWereOn = !details;
+  mode.window.border = BorderStyle::Sizable;
+  mode.window.caption = kCaption;
+  parts_.host.ShapePlain();
+  mode.toolbar[HitLabel::Lbl_MiniMode].toolTip = LoadResString(248);
+  mode.toolbar[HitLabel::Lbl_MinMax].toolTip = "Full Screen Mode";
+
+  mode.toolbar.Img_Toolbar.visible = true;
+  panels.Pic_DigNumbers = panels.marks = panels.picLogo = panels.Pic_NoVid = panels.Lbl_Oversize = false;
+  panels.FraDets = panels.CollDets = false;
+  panels.Lbl_Pos.visible = panels.nameLabel.visible = panels.Label2.visible = panels.Fillist.visible = false;
+  layout_.ReposAllLabels();
+  layout_.ShowSliderStuff();
+  mode.Med_AudAnim.place.left = panels.Lbl_StreamInfo.place.left = panels.Fillist.place.left = kParked;
+}
+
+// The size on entering; where the details were on, the clip's own size follows.
+void Display::sizeFreeZoom() {
+  auto& mode = parts_.mode;
+  const auto clip = layout_.clip();
+  Place size{0, 0, kZoomWidth, kZoomHeight};
+  if (clip && clip->facts.IsTrueRM && !parts_.player.PlayerIsEmpty() && !mode.panels.Label2On) {
+    auto sizes = layout_.sizes();
+    const auto most = layout_.screen().whole;
+    sizes.roomWidth = sizes.roomHeight = 0;
+    const auto own = windowOf(clip->facts, sizes, kToolbarHeight);
+    if (own.width <= most.width * sizes.twipsPerPixel * kMostOfScreen &&
+        own.height <= most.height * sizes.twipsPerPixel * kMostOfScreen) {
+      size = own;
+    }
+  }
+  layout_.setWindow(size);
+  tickZoom(100);
+  const bool looping = parts_.settings.user.LoopPreviews;
+  if (!editing() && !mode.DetailsWereOn && looping) parts_.player.PlayerSetPlayCount(kForEver);
+  if (!clip || !clip->facts.IsStill) return;
+  const auto unit = mode.twipsPerPixel();
+  mode.still.Img_Still.place = {0, kToolbarHeight, clip->facts.StillW * unit, clip->facts.StillH * unit};
+  mode.still.stretch = true;
+}
+
+void Display::changeCover(bool cover) {
+  auto& mode = parts_.mode;
+  const auto clip = layout_.clip();
+  const bool wasPlaying = mode.player.IsPlaying;
+  mode.timers.Timer1 = mode.timers.Timer8 = false;
+  if (clip && !clip->path.empty() && !clip->facts.IsTrueRM && !clip->facts.IsStream &&
+      !isAudioKind(clip->facts)) {
+    parts_.player.PlayerStop();
+    parts_.player.PlayerHide();
+  }
+  parts_.host.untickStayOnTop();
+  tellOfScreen();
+  cover ? coverScreen() : toSizable();
+  if (clip && hasVideo(clip->facts)) parts_.player.PlayerShow();
+  if (clip && clip->facts.IsStill && cover && !editing()) parts_.host.PreviewMovie(clip->number);
+  if (wasPlaying && !parts_.player.PlayerIsEmpty()) parts_.player.GlobalMediaPlay();
+  mode.timers.Timer1 = mode.timers.Timer6 = true;
+  tellOfToolbar();
+}
+
+void Display::toSizable() {
+  auto& mode = parts_.mode;
+  const auto clip = layout_.clip();
+  mode.IsFullScreenWindow = false;
+  mode.window.border = BorderStyle::Sizable;
+  mode.window.caption = kCaption;
+  mode.toolbar[HitLabel::Lbl_MinMax].toolTip = "Full Screen Mode";
+  parts_.player.PlayerSetDisplaySize(0);
+  const Holding resizing(mode.IsResizing);
+  const auto size =
+      clip ? windowOf(clip->facts, layout_.sizes(), kToolbarHeight) : Place{0, 0, kZoomWidth, kZoomHeight};
+  layout_.setWindow(size);
+  tickZoom(clip && hasVideo(clip->facts) ? 100 : 0);
+  if (!clip || !clip->facts.IsStill) return;
+  mode.still.Img_Still.place = {0, kToolbarHeight, size.width, size.height - kToolbarHeight};
+  mode.still.stretch = false;
+}
+
+void Display::coverScreen() {
+  auto& mode = parts_.mode;
+  const auto clip = layout_.clip();
+  if (clip && clip->facts.IsStream) parts_.player.PlayerStop();
+  mode.IsFullScreenWindow = true;
+  mode.window.border = BorderStyle::Covering;
+  mode.window.caption.clear();
+  mode.toolbar[HitLabel::Lbl_MinMax].toolTip = "Sizable Mode";
+  parts_.player.PlayerSetDisplaySize(2);
+  if (parts_.settings.state.AllDetOff) mode.panels.nameLabel.visible = false;
+  constexpr Twips kNoBorder = 0;  // a covering window has no frame
+  layout_.setWindow(kvo::coverScreen(layout_.screen(), mode.twipsPerPixel(), kNoBorder));
+}
+
+void Display::leaveFreeZoom() {
+  auto& mode = parts_.mode;
+  auto& panels = mode.panels;
+  mode.timers.Timer1 = mode.timers.Timer6 = false;
+  mode.IsMiniMode = mode.IsFullScreenWindow = false;
+  for (auto& label : mode.toolbar.labels) label.visible = false;
+  mode.toolbar[HitLabel::Lbl_MiniMode].toolTip = LoadResString(214);
+  mode.toolbar[HitLabel::Lbl_MiniMode].left = kParked;
+  mode.toolbar.Img_Toolbar.visible = false;
+  mode.toolbar.Img_Toolbar.place.left = kParked;
+  parts_.player.PlayerHide();
+  parts_.player.SendPlayerFarLeft();
+  mode.window.border = BorderStyle::Skinned;
+  mode.window.caption.clear();
+  {
+    const Holding resizing(mode.IsResizing);
+    layout_.setWindow({0, 0, kFaceWidth, kFaceHeight});
+  }
+  if (editing()) {
+    parts_.settings.state.KVOIsInEditMode = false;
+    parts_.buttons.editor(nullptr);
+  }
+  parts_.settings.state.AllDetOff = !mode.DetailsWereOn;
+  panels.Pic_NoVid = panels.picLogo = panels.Pic_DigNumbers = panels.marks = true;
+  EndAnim();
+  layout_.ReposAllLabels();
+  mode.ticks.mnu_ShowSlider = sliderWasOn_;
+  layout_.ShowSliderStuff();
+  parts_.host.ShapeMe();
+  parts_.host.skins();
+  parts_.host.EnabledMenus();
+  if (const auto clip = layout_.clip()) {
+    parts_.host.Displaymovieinfo(clip->number);
+    placeAnew();
+    if (isAudioKind(clip->facts)) panels.Label2.visible = true;
+  }
+  mode.timers.Timer1 = mode.timers.Timer6 = true;
+}
+
+// A desktop whose size has changed since the start.
+void Display::tellOfScreen() {
+  const auto screen = parts_.desktop.screen();
+  const auto tell = [&](int now, int start, int number) {
+    if (now == start) return;
+    parts_.desktop.beep();
+    parts_.boxes.show(
+        {"KVO5 - Display", std::string(LoadResString(number)), BoxButtons::Ok, BoxIcon::Warning});
+  };
+  tell(screen.width, parts_.mode.StartScreenWidth, 249);
+  tell(screen.height, parts_.mode.StartScreenHeight, 250);
+}
+
+// Once for each collection, and behind everything else: the box is about what is seen then.
+void Display::tellOfToolbar() {
+  if (editing() || toldOfToolbar_ == parts_.collection.IniFullPath) return;
+  toldOfToolbar_ = parts_.collection.IniFullPath;
+  parts_.boxes.showStyled({kCaption,
+                           "Right click on the Toolbar to activate the remote control\r\n"
+                           "Click the the toolbar itself to show the playlist.",
+                           ""});
+}
+
+}  // namespace kvo

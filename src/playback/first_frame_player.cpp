@@ -1,0 +1,58 @@
+#include "playback/first_frame_player.h"
+
+#include "base/text.h"
+
+namespace kvo {
+namespace {
+
+constexpr int kDvdWidth = 720;  // pixels
+constexpr int kDvdHeight = 576;
+
+bool isDvdName(std::string_view path) {
+  const auto extension = extensionOf(path);
+  return extension == "VOB" || extension == "IFO" || extension == "BUP";
+}
+
+}  // namespace
+
+void FirstFramePlayer::PlayerSetFilename(const std::string& path, int index) {
+  PlayerClear();
+  if (index < 1 || index > collection_.MovieList.count()) return;
+  const auto& clip = collection_.MovieList[index];
+  auto& player = state();
+  player.path = path;
+  player.clip = index;
+  corona_ = clip.IsCorona();
+  if (extensionOf(path) == "WMA") return;
+  player.sourceWidth = isDvdName(path) ? kDvdWidth : clip.MovieWidth();
+  player.sourceHeight = isDvdName(path) ? kDvdHeight : clip.MovieHeight();
+  if (player.sourceWidth <= 0 || player.sourceHeight <= 0) {
+    const auto facts = streams_.facts(path);
+    const bool picture = facts && facts->hasVideo;
+    player.sourceWidth = picture ? facts->width : 0;
+    player.sourceHeight = picture ? facts->height : 0;
+  }
+  PlayerSetDisplaySize(0);
+}
+
+void FirstFramePlayer::PlayerClear() {
+  auto& player = state();
+  player.path.clear();
+  player.clip = player.sourceWidth = player.sourceHeight = 0;
+  player.fullScreen = false;
+  corona_ = false;
+}
+
+void FirstFramePlayer::PlayerSetDisplaySize(int size) {
+  auto& player = state();
+  player.displaySize = size;
+  if (size != 0 || player.sourceWidth == 0) return;
+  player.place.width = player.sourceWidth * display_.twipsPerPixel();
+  player.place.height = player.sourceHeight * display_.twipsPerPixel();
+}
+
+void FirstFramePlayer::PlayerSetFullScreenMode(bool on) {
+  state().fullScreen = on && state().sourceWidth > 0;
+}
+
+}  // namespace kvo

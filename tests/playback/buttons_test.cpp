@@ -1,0 +1,111 @@
+#include "playback/display_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::DisplayBench;
+
+struct HeardSteps : EditorSteps {
+  std::string heard;
+  void FON() override { heard += "FON "; }
+  void FOFF() override { heard += "FOFF "; }
+  void RON() override { heard += "RON "; }
+  void ROFF() override { heard += "ROFF "; }
+};
+
+// What the play group shows and says: "1 4 PAUSED" and "playing", "paused".
+std::string playGroup(const DisplayBench& b) {
+  auto line = std::to_string(b.keys.at(KeyPlace::Play).image) + " " +
+              std::to_string(b.keys.at(KeyPlace::Pause).image) + " " + b.keys.state;
+  if (b.mode.player.IsPlaying) line += " playing";
+  if (b.mode.player.IsPaused) line += " paused";
+  return line;
+}
+
+TEST(Buttons, WordsChangeThePlayGroup) {
+  const struct {
+    std::vector<const char*> words;
+    const char* expected;
+  } rows[] = {
+      {{"PLAYON"}, "2 3 PLAYING playing"},
+      {{"  playon "}, "2 3 PLAYING playing"},
+      {{"PLAYON", "PAUSEON"}, "1 4 PAUSED paused"},
+      {{"PAUSEON", "PLAYON"}, "2 3 PLAYING playing"},
+      {{"PLAYON", "PLAYOFF", "PLAYON"}, "1 3 PLAYING"},  // the state word has not changed
+      {{"PLAYON", "ALLOFF"}, "1 3 NOTHING"},
+      {{"PAUSEOFF"}, "0 3  playing"},
+      {{"REBUILD"}, "1 3 "},
+      {{"PLAYON", "ALLOFF", "REBUILD"}, "1 3 NOTHING"},
+      {{"PLAYON", "REBUILD"}, "2 3 PLAYING playing"},
+      {{"PLAYON", "PLAYOFF", "REBUILD"}, "1 4 PAUSED paused"},
+      {{"PLAYON", "FFON"}, "2 4 PAUSED paused"},
+      {{"PLAYON", "FFOND"}, "2 3 PLAYING playing"},
+      {{"CLOSE", "nonsense", ""}, "0 0 "},
+  };
+  for (const auto& row : rows) {
+    DisplayBench b;
+    for (const auto* word : row.words) b.buttons.BuildButton(word);
+    EXPECT_EQ(playGroup(b), row.expected) << row.words.front() << " ... " << row.words.back();
+  }
+  DisplayBench b;
+  b.buttons.BuildButton("FON", true);
+  EXPECT_EQ(playGroup(b), "2 0 PLAYING playing") << "whatever the word";
+}
+
+TEST(Buttons, EachKeyHasItsPlaceAtEachSize) {
+  const struct {
+    const char* word;
+    KeyPlace place;
+    int image;
+    int left, top, bigLeft, bigTop;
+  } rows[] = {{"volume", KeyPlace::Volume, 5, 30, 338, 42, 429},
+              {"RROND", KeyPlace::FastRewind, 8, 158, 370, 215, 465},
+              {"025", KeyPlace::Speeds, 14, 300, 370, 378, 465},
+              {"PLAYALLB", KeyPlace::PlayAll, 17, 444, 367, 560, 463},
+              {"MIN", KeyPlace::Minimise, 18, 425, 1, 538, 1},
+              {"MINI", KeyPlace::Mini, 19, 500, 375, 635, 470},
+              {"PLAYON", KeyPlace::Play, 2, 70, 350, 93, 435}};
+  for (const auto& row : rows) {
+    DisplayBench b;
+    b.buttons.BuildButton(row.word);
+    const auto& drawn = b.keys.at(row.place);
+    EXPECT_EQ(drawn, (DrawnKey{row.image, row.left, row.top})) << row.word;
+    b.display.setInterfaceSize(1.25);
+    EXPECT_EQ(drawn, (DrawnKey{row.image, row.bigLeft, row.bigTop})) << row.word;
+    b.display.setInterfaceSize(2);
+    EXPECT_EQ(drawn, (DrawnKey{row.image, row.left * 2, row.top * 2})) << row.word;
+    const auto revision = b.keys.revision;
+    b.buttons.BuildButton(row.word);
+    EXPECT_EQ(b.keys.revision, revision) << row.word << " is drawn already";
+  }
+}
+
+TEST(Buttons, AllAreDrawnAndTheStepsOnlyWithAClip) {
+  DisplayBench b;
+  b.mode.timers.Timer7 = true;
+  b.buttons.BuildAllButs(false);
+  EXPECT_FALSE(b.keys.stepLabelsEnabled || b.mode.timers.Timer7);
+  EXPECT_EQ(b.keys.at(KeyPlace::Speeds).image, 0);
+  EXPECT_EQ(b.keys.at(KeyPlace::Mini).image, 19);
+  b.buttons.BuildAllButs(true);
+  EXPECT_TRUE(b.keys.stepLabelsEnabled && b.mode.timers.Timer1 && b.mode.timers.Timer6);
+  for (std::size_t i = 0; i < kKeyPlaces; ++i) EXPECT_GT(b.keys.drawn[i].image, 0) << i;
+}
+
+TEST(Buttons, FreeZoomDrawsNoKeyAndTheEditorStillHears) {
+  DisplayBench b;
+  HeardSteps editor;
+  b.mode.IsMiniMode = true;
+  b.buttons.editor(&editor);
+  const auto revision = b.keys.revision;
+  for (const auto* word : {"fon", "FOFF", "RON", " ROFF", "FOND", "PLAYON"}) b.buttons.BuildButton(word);
+  EXPECT_EQ(editor.heard, "FON FOFF RON ROFF ");
+  EXPECT_EQ(b.keys.revision, revision);
+  EXPECT_EQ(b.keys.state, "");
+  EXPECT_FALSE(b.mode.player.IsPlaying);
+}
+
+}  // namespace
+}  // namespace kvo

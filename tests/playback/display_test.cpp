@@ -1,0 +1,285 @@
+#include "playback/display_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+
+void PrintTo(const Place& place, std::ostream* out) {
+  *out << place.left << "," << place.top << " " << place.width << "x" << place.height;
+}
+
+namespace {
+
+using test::DisplayBench;
+
+const Place kFacePlace{0, 0, 8430, 6150};
+
+Place sizeOf(const DisplayBench& b) { return {0, 0, b.mode.window.place.width, b.mode.window.place.height}; }
+
+bool panelsShown(const DisplayBench& b) {
+  const auto& p = b.mode.panels;
+  return p.FraDets && p.CollDets && p.Fillist.visible && p.Lbl_Pos.visible && p.nameLabel.visible;
+}
+
+TEST(Display, FreeZoomTakesTheSizeOfTheClipWhereTheDetailsWereOn) {
+  const struct {
+    const char* name;
+    Integer width, height;
+    bool details;
+    double interfaceSize;
+    Place window;
+    Place player;
+    bool zoom100;
+  } rows[] = {
+      {"a.avi", 640, 480, true, 1, {0, 0, 9600, 7890}, {0, 690, 9600, 7200}, true},
+      {"a.avi", 640, 480, true, 2, {0, 0, 4800, 4290}, {0, 690, 4800, 3600}, true},
+      {"a.avi", 640, 480, false, 1, {0, 0, 7590, 6130}, {0, 690, 7590, 5440}, true},
+      {"a.mp3", 0, 0, true, 1, {0, 0, 4800, 3600}, {}, false},
+      {"a.mp3", 0, 0, true, 1.5, {0, 0, 3200, 2400}, {}, false},
+      {"a.avi", 4000, 3000, true, 1, {0, 0, 18760, 14760}, {0, 690, 18760, 14070}, true},
+  };
+  for (const auto& row : rows) {
+    DisplayBench b;
+    b.display.setInterfaceSize(row.interfaceSize);
+    b.settings.state.AllDetOff = !row.details;
+    b.load(row.name, row.width, row.height);
+    const auto placings = b.mode.window.placings;
+    b.display.Lbl_MiniMode_Click();
+    EXPECT_TRUE(b.mode.IsMiniMode) << row.name;
+    EXPECT_EQ(sizeOf(b), row.window) << row.name;
+    EXPECT_GT(b.mode.window.placings, placings);
+    EXPECT_EQ(b.mode.player.visible, row.width > 0) << row.name;
+    if (row.width > 0) EXPECT_EQ(b.mode.player.place, row.player) << row.name;
+    EXPECT_EQ(b.mode.ticks.mnu_DirXZoom100, row.zoom100) << row.name;
+    EXPECT_EQ(b.mode.toolbar.Img_Toolbar.place, (Place{0, 0, row.window.width, 690}));
+    EXPECT_FALSE(panelsShown(b) || b.mode.panels.picLogo || b.mode.IsResizing);
+    EXPECT_TRUE(b.mode.timers.Timer1 && b.mode.timers.Timer6);
+  }
+}
+
+TEST(Display, EachFaceLeadsToTheOthersAndSaysSo) {
+  DisplayBench b;
+  b.load("a.avi", 640, 480);
+  const auto player = b.mode.player.place;
+  const auto& tip = b.mode.toolbar[HitLabel::Lbl_MinMax].toolTip;
+  const auto& modeTip = b.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip;
+  b.display.Lbl_MinMax_Click();
+  EXPECT_FALSE(b.mode.IsFullScreenWindow) << "the normal face does not cover the screen";
+  EXPECT_EQ(modeTip, "Free Zoom Mode");
+  b.mode.ticks.mnu_ShowSlider = true;
+  b.display.ShowSliderStuff();
+
+  b.display.Lbl_MiniMode_Click();
+  EXPECT_EQ(b.mode.window.border, BorderStyle::Sizable);
+  EXPECT_EQ(b.mode.window.caption, "KVO5 - Free Zoom Mode");
+  EXPECT_EQ(tip, "Full Screen Mode");
+  EXPECT_EQ(modeTip, "Normal Mode");
+  EXPECT_FALSE(b.mode.slider.ImageBlob.visible);
+  EXPECT_EQ(b.host.asked, "ShapePlain untickStayOnTop ");
+
+  b.display.Lbl_MinMax_Click();
+  EXPECT_EQ(b.mode.window.border, BorderStyle::Covering);
+  EXPECT_TRUE(b.mode.IsFullScreenWindow);
+  EXPECT_EQ(b.mode.window.place, (Place{0, 0, 19700, 15560}));
+  EXPECT_EQ(tip, "Sizable Mode");
+  b.display.Form_Resize(19200, 15360);  // what a desktop gives that request
+  EXPECT_EQ(b.mode.player.place, (Place{0, 690, 19200, 13290}));
+  b.show();
+  EXPECT_EQ(b.mode.player.place, (Place{0, 690, 19200, 13290})) << "the next clip has the same place";
+
+  b.display.Lbl_MinMax_Click();
+  EXPECT_FALSE(b.mode.IsFullScreenWindow);
+  EXPECT_EQ(sizeOf(b), (Place{0, 0, 9600, 7890}));
+  b.display.Lbl_MinMax_Click();
+
+  b.host.asked.clear();
+  b.display.Lbl_MiniMode_Click();
+  EXPECT_FALSE(b.mode.IsMiniMode || b.mode.IsFullScreenWindow);
+  EXPECT_EQ(b.mode.window.border, BorderStyle::Skinned);
+  EXPECT_EQ(sizeOf(b), kFacePlace);
+  EXPECT_EQ(b.mode.window.caption, "");
+  EXPECT_TRUE(panelsShown(b));
+  EXPECT_TRUE(b.mode.slider.ImageBlob.visible) << "the slider is as it was";
+  EXPECT_EQ(b.mode.panels.Lbl_Pos.place.top, 3500);
+  EXPECT_EQ(b.mode.player.place, player);
+  EXPECT_TRUE(b.mode.player.visible);
+  EXPECT_TRUE(b.mode.toolbar.Img_Toolbar.place.parked());
+  EXPECT_EQ(b.host.asked, "ShapeMe skins EnabledMenus Displaymovieinfo1 ");
+  EXPECT_EQ(b.boxes.styled.size(), 1u) << "the hint is shown once";
+  b.collection.IniFullPath = "/c/Other.INI";
+  b.display.Lbl_MiniMode_Click();
+  ASSERT_EQ(b.boxes.styled.size(), 2u) << "and once for the next collection";
+  EXPECT_EQ(b.boxes.styled[1].message,
+            "Right click on the Toolbar to activate the remote control\r\n"
+            "Click the the toolbar itself to show the playlist.");
+}
+
+TEST(Display, MinimumDetailsComeBackBehindFreeZoom) {
+  DisplayBench b;
+  b.settings.change().DefaultStartupVid = "intro.avi";
+  b.load("a.avi", 640, 480);
+  b.display.Lbl_MinDets_Click();
+  EXPECT_FALSE(panelsShown(b) || b.mode.panels.FraDets);
+  EXPECT_EQ(b.mode.player.place, (Place{885, 810, 6660, 3879}));
+  EXPECT_EQ(b.settings.preferences().DefaultStartupVid, "");
+  b.display.Lbl_MiniMode_Click();
+  EXPECT_EQ(sizeOf(b), (Place{0, 0, 7590, 6130}));
+  b.display.Lbl_MiniMode_Click();
+  EXPECT_TRUE(b.settings.state.AllDetOff);
+  EXPECT_EQ(b.mode.player.place, (Place{885, 810, 6660, 3879}));
+  b.display.AllDetOn();
+  EXPECT_TRUE(panelsShown(b));
+}
+
+TEST(Display, AnEmptyCollectionAndARadioStayInTheNormalFace) {
+  for (const bool radio : {false, true}) {
+    DisplayBench b;
+    if (radio) {
+      b.load("a.avi", 640, 480);
+      b.mode.durationLabel = "Radio";
+    }
+    b.display.Lbl_MiniMode_Click();
+    EXPECT_FALSE(b.mode.IsMiniMode) << radio;
+    EXPECT_EQ(sizeOf(b), kFacePlace) << radio;
+    EXPECT_TRUE(b.mode.panels.Pic_DigNumbers && b.mode.timers.Timer1 && b.mode.timers.Timer6) << radio;
+    ASSERT_EQ(b.boxes.shown.size(), 1u) << radio;
+    EXPECT_EQ(b.boxes.shown[0].text, "Radio Streams cannot be zoomed.");
+  }
+  DisplayBench editing;
+  editing.settings.state.KVOIsInEditMode = true;
+  editing.display.Lbl_MiniMode_Click();
+  EXPECT_TRUE(editing.mode.IsMiniMode) << "the editor may be open on an empty list";
+  EXPECT_TRUE(editing.boxes.styled.empty());
+}
+
+TEST(Display, AScreenOfAnotherSizeIsToldForEachAxis) {
+  DisplayBench b;
+  b.load("a.avi", 640, 480);
+  b.display.Lbl_MiniMode_Click();
+  b.desktop.facts.width = 1920;
+  b.display.Lbl_MinMax_Click();
+  ASSERT_EQ(b.boxes.shown.size(), 1u);
+  EXPECT_EQ(b.boxes.shown[0].text, "Width Display Corruption - Reset Display");
+  EXPECT_TRUE(b.mode.IsFullScreenWindow) << "and it goes on";
+  b.desktop.facts.height = 1080;
+  b.display.Lbl_MinMax_Click();
+  EXPECT_EQ(b.boxes.shown.back().text, "Height Display Corruption - Reset Display");
+  EXPECT_EQ(b.desktop.beeps, 3);
+}
+
+TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
+  const double lefts[] = {0, 750, 1400, 2000, 2570, 3200, 3800, 4450, 5100, 5580, 6340, 7100};
+  DisplayBench b;
+  b.load("a.avi", 640, 480);
+  b.display.Lbl_MiniMode_Click();
+  for (const double width : {7590.0, 3795.0, 15180.0, 4800.0}) {
+    b.display.Form_Resize(width, 6000);
+    for (std::size_t i = 0; i < kHitLabels; ++i) {
+      const auto& label = b.mode.toolbar.labels[i];
+      EXPECT_DOUBLE_EQ(label.left, lefts[i] * width / 7590) << i << " at " << width;
+      EXPECT_DOUBLE_EQ(label.width, 400 * width / 7590);
+      EXPECT_TRUE(label.visible);
+    }
+    EXPECT_FALSE(b.mode.ticks.mnu_DirXZoom100) << "sized by hand";
+    EXPECT_EQ(b.mode.player.place, (Place{0, 690, width, 5310}));
+  }
+  b.display.ResizePercent(50);
+  EXPECT_EQ(sizeOf(b), (Place{0, 0, 4800, 4290}));
+  EXPECT_TRUE(b.mode.ticks.mnu_DirXZoom50);
+  b.mode.slider.ImageBlob.place.left = 2400;  // the middle of the line
+  b.display.Lbl_SliderMiniMode_Click();
+  EXPECT_EQ(b.mode.player.place, (Place{0, 690, 4800, 3650})) << "below the slider's handle";
+  b.display.Form_Resize(9600, 6000);
+  EXPECT_EQ(b.mode.slider.X2, 9400);
+  EXPECT_EQ(b.mode.slider.Lbl_Line, (Place{200, 540, 9200, 20}));
+  EXPECT_EQ(b.mode.slider.ImageBlob.place, (Place{4800, 460, 195, 180})) << "still the middle";
+}
+
+TEST(Display, TheNormalFaceCannotBeSized) {
+  DisplayBench b;
+  auto& placings = b.mode.window.placings;
+  const auto before = placings;
+  b.display.Form_Resize(8440, 6160);
+  EXPECT_EQ(placings, before) << "less than a pixel away";
+  b.display.Form_Resize(9000, 7000);
+  EXPECT_EQ(placings, before + 1);
+  b.display.Form_Resize(9000, 7000);
+  EXPECT_EQ(placings, before + 1) << "a desktop that insists is left in peace";
+  EXPECT_EQ(sizeOf(b), kFacePlace);
+}
+
+TEST(Display, AStillIsShownInEveryFace) {
+  DisplayBench b;
+  b.loadStill(800, 600);
+  const auto& still = b.mode.still;
+  EXPECT_EQ(still.Img_Still.place, (Place{3571.5, 810, 5172, 3879}));
+  EXPECT_EQ(still.path, "/v/photo.jpg");
+  EXPECT_FALSE(b.mode.player.visible);
+  b.display.AllDetOff();
+  EXPECT_EQ(still.Img_Still.place, (Place{1629, 810, 5172, 3879}));
+  b.display.AllDetOn();
+  b.display.Lbl_MiniMode_Click();
+  EXPECT_EQ(sizeOf(b), (Place{0, 0, 12000, 9690}));
+  EXPECT_EQ(still.Img_Still.place, (Place{0, 690, 12000, 9000}));
+  EXPECT_FALSE(still.stretch);
+  b.display.Form_Resize(8000, 5380);
+  EXPECT_DOUBLE_EQ(still.Img_Still.place.height, 4000);
+  EXPECT_DOUBLE_EQ(still.Img_Still.place.width, 4000.0 * 4 / 3);
+  b.host.asked.clear();
+  b.display.Lbl_MinMax_Click();
+  EXPECT_EQ(b.host.asked, "untickStayOnTop PreviewMovie1 ");
+  EXPECT_DOUBLE_EQ(still.Img_Still.place.height, 15560 - 2 * 690);
+  b.load("a.avi", 640, 480);
+  EXPECT_FALSE(still.Img_Still.visible);
+}
+
+TEST(Display, SoundLightsTheAnimationsLabel) {
+  DisplayBench b;
+  b.load("a.mp3");
+  const auto& panels = b.mode.panels;
+  EXPECT_TRUE(panels.Label2.visible && panels.Label2On && panels.Pic_NoVid && b.mode.timers.Timer4);
+  EXPECT_EQ(b.host.asked, "FadBorder(KVO5 - Audio) ");
+  b.display.EndAnim();
+  EXPECT_FALSE(panels.Label2On || b.mode.timers.Timer4);
+  b.load("a.avi", 640, 480);
+  EXPECT_FALSE(panels.Label2.visible || panels.Pic_NoVid);
+}
+
+TEST(Display, ThePictureAloneCoversTheScreenWhereThereIsOne) {
+  DisplayBench b;
+  b.load("a.mp3");
+  b.display.mnu_DirXFullSC_Click();
+  EXPECT_FALSE(b.mode.ticks.mnu_DirXFullSC);
+  b.load("a.avi", 640, 480);
+  b.display.mnu_DirXFullSC_Click();
+  EXPECT_TRUE(b.mode.ticks.mnu_DirXFullSC && b.mode.player.fullScreen);
+  EXPECT_FALSE(b.mode.ticks.lockAndZoomEnabled);
+  b.player.PlayerSetFullScreenMode(false);  // left by the keyboard
+  b.display.SortFullScreen();
+  EXPECT_TRUE(b.mode.ticks.lockAndZoomEnabled && !b.mode.ticks.mnu_DirXFullSC);
+}
+
+TEST(Player, TheSourceIsAsLargeAsTheRecordOrElseTheFileSays) {
+  const struct {
+    const char* name;
+    Integer width, height;
+    int expectedWidth, expectedHeight;
+  } rows[] = {{"a.avi", 320, 240, 320, 240},
+              {"b.avi", 0, 0, 1024, 768},
+              {"a.vob", 0, 0, 720, 576},
+              {"a.wma", 320, 240, 0, 0},
+              {"gone.avi", 0, 0, 0, 0}};
+  for (const auto& row : rows) {
+    DisplayBench b;
+    b.streams.all["/v/b.avi"] = {.hasVideo = true, .width = 1024, .height = 768};
+    b.load(row.name, row.width, row.height);
+    EXPECT_EQ(b.player.PlayerGetSourceWidth(), row.expectedWidth) << row.name;
+    EXPECT_EQ(b.player.PlayerGetSourceHeight(), row.expectedHeight) << row.name;
+    EXPECT_EQ(b.mode.player.visible, row.expectedWidth > 0) << row.name;
+    b.player.GlobalMediaPlay();
+    EXPECT_TRUE(b.player.PlayerIsEmpty() && !b.mode.player.IsPlaying) << "it says that it plays nothing";
+  }
+}
+
+}  // namespace
+}  // namespace kvo

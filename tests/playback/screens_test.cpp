@@ -1,0 +1,124 @@
+#include "playback/display/screens.h"
+
+#include "playback/display/interface_size.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+
+void PrintTo(const ScreenArea& area, std::ostream* out) {
+  *out << area.left << "," << area.top << " " << area.width << "x" << area.height;
+}
+
+namespace {
+
+Screen screenAt(const char* name, ScreenArea whole, int bar = 0) {
+  return {name, whole, {whole.left, whole.top + bar, whole.width, whole.height - bar}, 1};
+}
+
+const Screen kLeft = screenAt("left", {0, 0, 1920, 1080}, 30);
+const Screen kRight = screenAt("right", {1920, 0, 1280, 1024});
+const Screen kLeftLow = screenAt("left", {0, 0, 1024, 768}, 30);
+
+TEST(Screens, AWindowIsPutWhereItCanBeReached) {
+  const std::vector<Screen> both{kLeft, kRight}, only{kLeft}, low{kLeftLow}, swapped{kRight, kLeft};
+  const RememberedPlace onLeft{{100, 200, 562, 410}, "left", kLeft.whole};
+  const RememberedPlace onRight{{2200, 300, 800, 600}, "right", kRight.whole};
+  const struct {
+    const char* what;
+    std::vector<Screen> screens;
+    std::optional<RememberedPlace> remembered;
+    int width, height;
+    bool sizable;
+    ScreenArea expected;
+  } rows[] = {
+      {"first time", both, {}, 562, 410, false, {679, 350, 562, 410}},
+      {"as it was", both, onLeft, 562, 410, false, {100, 200, 562, 410}},
+      {"on the second screen", both, onRight, 10, 10, true, {2200, 300, 800, 600}},
+      {"a fixed window at its new size", both, onLeft, 702, 512, false, {100, 200, 702, 512}},
+      {"the screens have changed places",
+       {screenAt("right", {0, 0, 1280, 1024})},
+       onRight,
+       10,
+       10,
+       true,
+       {280, 300, 800, 600}},
+      {"another main screen", swapped, onLeft, 562, 410, false, {100, 200, 562, 410}},
+      {"its screen is gone", only, onRight, 10, 10, true, {1120, 300, 800, 600}},
+      {"over the left edge",
+       both,
+       RememberedPlace{{-400, 200, 562, 410}, "left", kLeft.whole},
+       562,
+       410,
+       false,
+       {0, 200, 562, 410}},
+      {"below the lower edge",
+       both,
+       RememberedPlace{{100, 1000, 562, 410}, "left", kLeft.whole},
+       562,
+       410,
+       false,
+       {100, 670, 562, 410}},
+      {"under the bar of the desktop",
+       both,
+       RememberedPlace{{100, 0, 562, 410}, "left", kLeft.whole},
+       562,
+       410,
+       false,
+       {100, 30, 562, 410}},
+      {"less resolution",
+       low,
+       RememberedPlace{{1358, 670, 562, 410}, "left", kLeft.whole},
+       562,
+       410,
+       false,
+       {462, 358, 562, 410}},
+      {"too large for the screen",
+       low,
+       RememberedPlace{{50, 60, 1800, 1000}, "left", kLeft.whole},
+       10,
+       10,
+       true,
+       {0, 30, 1024, 738}},
+      {"fixed and too large", low, onLeft, 1124, 820, false, {0, 30, 1124, 820}},
+      {"no screen at all", {}, onLeft, 562, 410, false, {0, 0, 562, 410}},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(placeWindow(row.screens, row.remembered, row.width, row.height, row.sizable), row.expected)
+        << row.what;
+  }
+}
+
+TEST(Screens, WhatIsKeptOfAPlaceComesBack) {
+  const std::vector<Screen> both{kLeft, kRight};
+  const auto kept = remember(both, {1800, 10, 562, 410});
+  EXPECT_EQ(kept.screen, "right") << "it has most of the window";
+  EXPECT_EQ(rememberedPlace(text(kept)), kept);
+  const RememberedPlace odd{{-5, 0, 1, 1}, "HDMI-1, \xC3\xA4", {0, 0, 9, 9}};
+  EXPECT_EQ(rememberedPlace(text(odd)), odd);
+  for (const char* bad : {"", "1,2,3", "1,2,0,4,0,0,9,9,\"x\"", "1,2,3,4,0,0,9,1e30,\"x\"",
+                          "-200000,2,3,4,0,0,9,9,\"x\"", "a,b,c,d,e,f,g,h,i"}) {
+    EXPECT_EQ(rememberedPlace(bad), std::nullopt) << bad;
+  }
+  EXPECT_EQ(screenOf(both, {5000, 200, 10, 10}), 1) << "the nearest";
+  EXPECT_EQ(screenOf({}, {0, 0, 10, 10}), -1);
+}
+
+TEST(Screens, TheInterfaceIsAsLargeAsAskedAndAsTheScreenHasRoom) {
+  const struct {
+    double factor;
+    std::optional<double> choice;
+    int height;
+    double expected;
+  } rows[] = {{1, {}, 1080, 1},   {1.2, {}, 1080, 1}, {1.49, {}, 1080, 1.25},  {1.5, {}, 1080, 1.5},
+              {3, {}, 2160, 2},   {0.5, {}, 1080, 1}, {2, {1.25}, 1080, 1.25}, {1, {2}, 1080, 2},
+              {1, {2}, 768, 1.5}, {1, {}, 300, 1}};
+  for (const auto& row : rows) {
+    auto screen = screenAt("s", {0, 0, 1920, row.height});
+    screen.factor = row.factor;
+    EXPECT_EQ(interfaceSize(screen, row.choice), row.expected) << row.factor << " on " << row.height;
+  }
+}
+
+}  // namespace
+}  // namespace kvo
