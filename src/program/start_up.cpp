@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::array<Long, 12> kUpgradeCounts = {4, 12, 20, 40, 60, 80, 100, 120, 150, 200, 400, 500};
 
+// The user's value that says that the box about several monitors has been shown.
+constexpr std::string_view kMonitorsTold = "MonitorsTold";
+
 std::string joined(std::initializer_list<int> numbers) {
   std::string text;
   for (const int number : numbers) text.append(text.empty() ? "" : kCrLf).append(LoadResString(number));
@@ -90,7 +93,8 @@ void StartUp::checkScreen() {
   if (screen.width == 800 && screen.height == 600) {
     tell(joined({186, 187, 108}), std::string(LoadResString(109)));
   }
-  if (screen.monitors >= 2) {
+  if (screen.monitors >= 2 && parts_.store.read(kMonitorsTold).empty()) {
+    parts_.store.write(kMonitorsTold, "True");
     tell("This release of KVO does not yet support Multi-Monitor output (KVO6 will).",
          std::string(kProductName) + " - Multiple Monitors not supported.");
   }

@@ -316,6 +316,12 @@ TEST(StartUp, AsksAboutUpgradesAtItsCountsAndAboutTheScreen) {
             "and alter "
             "the screen resolution.");
   EXPECT_EQ(b.boxes.shown[3].caption, "KVO5 - Multiple Monitors not supported.");
+
+  ProgramBench again;
+  again.store.all = b.store.all;
+  again.desktop.facts.monitors = 2;
+  again.startUp.run({}, "/");
+  EXPECT_TRUE(again.boxes.shown.empty()) << "the monitors are told of once";
 }
 
 TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {

@@ -73,8 +73,9 @@ Screen FaceLayout::screen() const {
 }
 
 Layout FaceLayout::PositionAndSize(const ClipInHand& clip) {
-  const auto layout = kvo::PositionAndSize(modes(), clip.facts, sizes());
+  auto layout = kvo::PositionAndSize(modes(), clip.facts, sizes());
   apply(layout);
+  parts_.mode.panels.Lbl_StreamInfo.visible = clip.facts.IsStream && !parts_.mode.IsMiniMode;
   if (clip.facts.IsStill) {
     PositionandShowStill(clip);
   } else {

@@ -96,8 +96,9 @@ void placeWithDetails(Layout& layout, const ClipFacts& clip, const LayoutSizes& 
 }
 
 std::string placeText(const Place& place) {
-  return ShortText(place.left) + "," + ShortText(place.top) + " " + ShortText(place.width) + "x" +
-         ShortText(place.height);
+  const auto number = [](Twips twips) { return ShortText(static_cast<float>(twips)); };
+  return number(place.left) + "," + number(place.top) + " " + number(place.width) + "x" +
+         number(place.height);
 }
 
 }  // namespace
