@@ -41,7 +41,7 @@ Result<std::optional<SheetArguments>> readSheetArguments(const std::vector<std::
   if (arguments.empty() || arguments.front() != "--sheet") return std::optional<SheetArguments>();
   if (arguments.size() < 3) return Error{"--sheet needs a file to write and at least one document"};
   SheetArguments sheet{arguments[1], {arguments.begin() + 2, arguments.end()}};
-  if (!lower(sheet.output).ends_with(".png"))
+  if (!endsInText(sheet.output, ".png"))
     return Error{"cannot write " + sheet.output + ": its name must end in .png"};
   return std::optional(std::move(sheet));
 }

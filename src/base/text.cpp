@@ -83,6 +83,10 @@ bool holdsText(std::string_view text, std::string_view part) {
          part.empty();
 }
 
+bool endsInText(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && sameText(text.substr(text.size() - end.size()), end);
+}
+
 std::string replaced(std::string_view text, std::string_view from, std::string_view to) {
   std::string out;
   if (from.empty()) return std::string(text);

@@ -22,6 +22,9 @@ bool sameText(std::string_view a, std::string_view b);
 /// True when `text` holds `part`, ASCII letters of either case being the same.
 bool holdsText(std::string_view text, std::string_view part);
 
+/// True when `text` ends in `end`, in the same way.
+bool endsInText(std::string_view text, std::string_view end);
+
 /// Every `from` replaced by `to`, left to right, what was put in not searched again.
 std::string replaced(std::string_view text, std::string_view from, std::string_view to);
 

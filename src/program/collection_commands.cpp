@@ -10,10 +10,6 @@
 namespace kvo {
 namespace {
 
-bool hasIniExtension(std::string_view path) {
-  return path.size() > 4 && sameText(path.substr(path.size() - 4), ".INI");
-}
-
 const FileFilter kAllFiles{"All Files (*.*)", "*"};
 
 }  // namespace
@@ -81,7 +77,7 @@ bool CollectionCommands::Open() {
                                            settings_.preferences().ColLoadFrom,
                                            {}});
     if (!path) return false;
-    return hasIniExtension(*path) ? load(*path) : refuse(336, 337);
+    return endsInText(*path, ".INI") ? load(*path) : refuse(336, 337);
   });
 }
 
@@ -149,7 +145,7 @@ bool CollectionCommands::save() {
     if (ports_.files.exists(*path) && !mayReplace(*path))
       return false;  // the dialog asked about another name
   }
-  if (!hasIniExtension(*path)) return refuse(357, 358);
+  if (!endsInText(*path, ".INI")) return refuse(357, 358);
   settings_.adjust().ColLoadFrom = std::string(folderPart(*path));
   bool written = false;
   {

@@ -18,13 +18,9 @@ std::string_view switchIn(std::string_view argument, const Files& files) {
   return {};
 }
 
-bool endsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && sameText(text.substr(text.size() - end.size()), end);
-}
-
 }  // namespace
 
-bool namesCollection(std::string_view path) { return endsWith(path, ".INI") || endsWith(path, ".KVO"); }
+bool namesCollection(std::string_view path) { return endsInText(path, ".INI") || endsInText(path, ".KVO"); }
 
 StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
                               const std::string& workingFolder) {

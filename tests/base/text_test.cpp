@@ -30,6 +30,8 @@ TEST(Text, CutsBetweenCharacters) {
   EXPECT_EQ(cutTo("abc", 20), "abc");
   EXPECT_EQ(replaced("a--b-", "-", ""), "ab");
   EXPECT_TRUE(holdsText("44.1 Khz", "KHZ"));
+  EXPECT_TRUE(endsInText("a.Ini", ".INI"));
+  EXPECT_FALSE(endsInText("INI", ".INI"));
   EXPECT_EQ(quoted("a\"b"), "\"a\"b\"");
 }
 

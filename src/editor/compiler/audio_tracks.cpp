@@ -141,7 +141,6 @@ int GetNumAudioTracks(const TimelineClips& clips) {
     if (record.IsHTML() || record.IsStill() || record.IsTrueQT4()) continue;
     const auto size = record.Resolution().text();
     if (holdsText(size, "N/A")) continue;
-    if (trimmed(size).empty() && clip.isMusic) ++count;  // not looked into yet
     if (holdsText(size, "KHZ") || holdsText(size, "UNKNOWN") || holdsText(trimmed(size), "0 X 0")) ++count;
   }
   return count;

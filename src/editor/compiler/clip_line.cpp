@@ -52,33 +52,38 @@ ClipTimes placeInPreview(const TimelineClips& clips, int i, const ClipLineOption
 
 std::string clipElement(const Movie& clip, const ClipTimes& times, const std::string& file,
                         const std::string& effects) {
-  const auto mstart = secondsText(times.mstart);
-  const auto mstop = fixedText(times.mstop);
-  const auto start = shortNumber(times.start);
-  const auto stop = fixedText(times.stop);
-  auto text =
-      std::string(tag::kTrack) +
-      (clip.IsStill()
-           ? tag::clip({{"src", file},
-                        {"stretchmode", std::string(stretchModeText(clip.stretchmode())), 2},
-                        {"mstart", mstart, 2},
-                        {"mstop", mstop},
-                        {"start", start},
-                        {"stop", stop}},
-                       " >")
-           : tag::clip(
-                 {{"src", file}, {"mstart", mstart}, {"mstop", mstop}, {"start", start}, {"stop", stop}},
-                 " >"));
+  const bool isStill = clip.IsStill();
+  auto text = std::string(tag::kTrack) +
+              tag::clip({{"src", file},
+                         {isStill ? "stretchmode" : "", std::string(stretchModeText(clip.stretchmode())), 2},
+                         {"mstart", secondsText(times.mstart), isStill ? 2 : 1},
+                         {"mstop", fixedText(times.mstop)},
+                         {"start", shortNumber(times.start)},
+                         {"stop", fixedText(times.stop)}},
+                        " >");
   // The closing tag stands one column further in than its opening one.
   return text.append("\r\n").append(effects).append("\r\n ").append(tag::kEndClip).append("\r\n");
 }
 
-// What a clip is heard with, and how long a still lasts, before it is written.
-void prepare(TimelineClip& clip, const CompileOptions& options, bool timingOnly) {
+// All that the steps read is in order ahead of them, so that none sees a clip in two states. Of a preview the
+// transition into the last clip alone is shown.
+void bringInOrder(const EffectSources& sources, TimelineClips& clips, const ClipLineOptions& o) {
+  const auto stillDuration = sources.options.stillDuration;
+  for (auto& clip : clips) {
+    giveStillLength(clip, stillDuration);
+    if (sources.keyframes.has(clip.record->KeyID())) clip.HasKeyFrames = true;
+  }
+  for (auto& clip : clips) {
+    const bool isShown = !o.TransitionPreview || clip.number == o.LastClip;
+    if (isShown && !clip.isSound && !isCut(clip.TransType)) holdTransition(clips, clip.number, stillDuration);
+  }
+}
+
+// What a clip is heard with, before it is written.
+void prepare(TimelineClip& clip, bool timingOnly) {
   if (clip.record->IsStill()) {
     clip.HasAudio = false;
     clip.RenderAudio = false;
-    giveStillLength(clip, options.stillDuration);
   } else if (!timingOnly) {
     clip.HasAudio = clip.hasSound;
   }
@@ -91,6 +96,7 @@ VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const Cl
   const auto endTrack = std::string(tag::kEndTrack) + "\r\n\r\n";
   const int first = o.TransitionPreview ? o.FirstClip : 1;
   const int last = o.TransitionPreview ? o.LastClip : clips.count();
+  bringInOrder(sources, clips, o);
   setAudioFades(clips);
   VideoLine line;
   double running = 0;
@@ -98,7 +104,7 @@ VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const Cl
   for (int i = first; i <= last; ++i) {
     auto& clip = clips[i];
     if (clip.isSound) continue;
-    prepare(clip, options, o.TimingOnly);
+    prepare(clip, o.TimingOnly);
     const auto times = o.TransitionPreview ? placeInPreview(clips, i, o) : placeOnTimeline(clips, i, running);
     const double stop = asWritten(times.stop, Digits::Four);
     line.stop = stop;

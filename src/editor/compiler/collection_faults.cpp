@@ -24,8 +24,14 @@ class Faults {
       : compiled_(compiled), streams_(streams), files_(files) {
     const auto& clips = compiled.clips;
     readFaults(report);
-    if (clips.count() == 0) stop("the collection has no clips");
-    if (compiled.hasPicture) outputFaults();
+    const auto any = [&](auto holds) { return std::any_of(clips.begin(), clips.end(), holds); };
+    if (clips.count() == 0) {
+      stop("the collection has no clips");
+    } else if (any([](const auto& clip) { return !clip.isSound; })) {
+      outputFaults();
+    } else if (!compiled.hasMusic || !any([](const auto& clip) { return clip.RenderAudio; })) {
+      stop("nothing of it goes into a movie: there is no picture, and its sound is switched off");
+    }
     const int misplaced = misplacedSound(clips);
     for (const auto& clip : clips) {
       number_ = clip.number;
@@ -56,19 +62,11 @@ class Faults {
     if (report.damaged) tell("sections of the collection are missing or out of order; clips may be missing");
   }
 
-  [[nodiscard]] bool anyTakesPart() const {
-    return std::any_of(compiled_.clips.begin(), compiled_.clips.end(), [&](const auto& clip) {
-      return !clip.isSound || (clip.RenderAudio && compiled_.hasMusic);
-    });
-  }
-
   void outputFaults() {
     const double rate = decimal(compiled_.output.rate);
     if (rate < kLowestRate || rate > kHighestRate)
       stop("its frame rate of " + ShortText(rate) + " is not within 1 to 1000");
     const auto& output = compiled_.output;
-    if (!anyTakesPart())
-      stop("nothing of it goes into a movie: there is no picture, and its sound is switched off");
     if (output.width < 2 || output.height < 2) {
       stop("its size of " + std::to_string(output.width) + " x " + std::to_string(output.height) +
            " is too small for a movie");

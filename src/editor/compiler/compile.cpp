@@ -4,25 +4,10 @@
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/clip_line.h"
 #include "editor/compiler/document_text.h"
-#include "editor/compiler/durations.h"
 
 #include <set>
 
 namespace kvo {
-namespace {
-
-// All that the steps read is in order first, so that no step sees a clip in two states.
-void bringInOrder(TimelineClips& clips, const KeyframeIndex& keyframes, Single stillDuration) {
-  for (auto& clip : clips) {
-    giveStillLength(clip, stillDuration);
-    if (keyframes.has(clip.record->KeyID())) clip.HasKeyFrames = true;
-  }
-  for (auto& clip : clips) {
-    if (!clip.isSound && !isCut(clip.TransType)) holdTransition(clips, clip.number, stillDuration);
-  }
-}
-
-}  // namespace
 
 Compiled compile(const Collection& collection, const CompileOptions& options, const CompileFacts& facts) {
   const KeyframeIndex keyframes(collection);
@@ -30,14 +15,16 @@ Compiled compile(const Collection& collection, const CompileOptions& options, co
   Compiled out;
   out.clips = TimelineClips(collection, facts.streams);
   out.output = options.output;
-  bringInOrder(out.clips, keyframes, options.stillDuration);
   out.hasPicture = hasPicture(out.clips);
   out.hasMusic = options.overlays || GetNumAudioTracks(out.clips) >= 1;
 
   auto line = videoLine(sources, out.clips, {.UseSourceFile = options.sourceFiles});
   out.videoStop = line.stop;
   out.largestStop = line.largestStop;
-  if (out.hasPicture) out.parts.VideoGroupText = videoGroupTag(options.output);
+  // A clip whose file is missing has its track all the same, and tracks stand in a group.
+  const bool hasVideoTime = line.stop.value_or(0) > 0;
+  const bool hasGroup = out.hasPicture || hasVideoTime;
+  if (hasGroup) out.parts.VideoGroupText = videoGroupTag(options.output);
   out.parts.VideoTrackText = std::move(line.tracks);
   out.parts.AudioGroupText = audioGroupTag(kAudioRate);
 
@@ -50,8 +37,7 @@ Compiled compile(const Collection& collection, const CompileOptions& options, co
     const double video = out.videoStop.value_or(0);
     out.audioStop = trims && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop};
   }
-  out.text =
-      documentText(out.parts, out.hasPicture, out.videoStop.value_or(0) > 0, clipAudio || out.hasMusic);
+  out.text = documentText(out.parts, hasGroup, hasVideoTime, clipAudio || out.hasMusic);
   return out;
 }
 
@@ -66,12 +52,12 @@ std::string videoGroupTag(const OutputForm& o) {
                     o.previewMode ? " PreviewMode=\"True\"  >\r\n" : "  >\r\n");
 }
 
-std::string documentText(const WorkingTexts& texts, bool hasPicture, bool hasVideoTime, bool hasAudioTracks) {
+std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks) {
   const std::string indent(5, ' ');
   const auto line = [](std::string_view text) { return std::string(text) + "\r\n"; };
   FilePrint file;
   file.print(line(tag::kTimeline));
-  if (hasPicture) file.print(indent + texts.VideoGroupText + "\r\n\r\n");
+  if (hasGroup) file.print(indent + texts.VideoGroupText + "\r\n\r\n");
   file.print(texts.VideoTrackText + "\r\n\r\n");
   if (hasVideoTime) file.print(line(tag::kEndGroup) + "\r\n");
   file.print(indent + texts.AudioGroupText + "\r\n\r\n");
@@ -81,8 +67,8 @@ std::string documentText(const WorkingTexts& texts, bool hasPicture, bool hasVid
   return file.bytes();
 }
 
-void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings) {
-  applyCorrections(compiled.clips, collection, settings);
+void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings, Corrections which) {
+  applyCorrections(compiled.clips, collection, settings, which);
   ValidateKeyFrames(collection);
   const bool wasDirty = settings.state.IsDirty;
   if (compiled.hasMusic) settings.change().DubInPlaylistAudioTrks = true;

@@ -47,12 +47,14 @@ Compiled compile(const Collection& collection, const CompileOptions& options, co
 /// The opening tag of the video group, with its line end.
 std::string videoGroupTag(const OutputForm& output);
 
-/// The document that the four texts make. Without audio tracks it has an audio group all the same.
-std::string documentText(const WorkingTexts& texts, bool hasPicture, bool hasVideoTime, bool hasAudioTracks);
+/// The document that the four texts make: with the tag that opens the video group, with the one that closes
+/// it, and with audio tracks, where that is wanted. Without tracks it has an audio group all the same.
+std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks);
 
 /// Writes what a compile corrected into records and settings, and takes keyframes away whose clip is gone. It
 /// is no change of the user's: dirty flags and the change code stay.
-void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings);
+void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings,
+                      Corrections which = Corrections::All);
 
 /// Sets HasKeyFrames of the clips that own keyframes and removes keyframes whose clip is gone.
 void ValidateKeyFrames(Collection& collection);

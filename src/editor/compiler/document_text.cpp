@@ -16,6 +16,7 @@ std::string opening(std::string_view name, Attributes attributes, std::string_vi
   std::string text("<");
   text += name;
   for (const auto& a : attributes) {
+    if (a.name.empty()) continue;
     text.append(static_cast<std::size_t>(a.gap), ' ');
     text.append(a.name).append("=\"").append(a.value).append("\"");
   }

@@ -37,7 +37,7 @@ std::string stampText(Stamp stamp);
 double asWritten(Stamp stamp);
 inline double asWritten(double seconds, Digits digits) { return asWritten(Stamp{seconds, digits}); }
 
-/// One attribute of a tag, its value in quotes.
+/// One attribute of a tag, its value in quotes. One without a name is left out.
 struct Attribute {
   std::string_view name;
   std::string value;

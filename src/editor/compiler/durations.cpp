@@ -42,9 +42,6 @@ void giveStillLength(TimelineClip& clip, Single duration) {
   if (!clip.record->IsStill()) return;
   if (clip.LoopStart.number() == 0) clip.LoopStart = "0";
   if (clip.LoopEnd.number() == 0) clip.LoopEnd = defaultLength(duration);
-  if (timelineLength(clip) != 0) return;
-  clip.LoopStart = "0";
-  clip.LoopEnd = defaultLength(duration);
 }
 
 double longestTransition(const TimelineClips& clips, int clipNo, Single stillDuration) {
@@ -57,7 +54,10 @@ int holdTransition(TimelineClips& clips, int clipNo, Single stillDuration) {
   auto& clip = clips[clipNo];
   if (clip.TransType.empty()) clip.TransType = "CUT";
   if (clip.LoopEnd.text() == "N/A") clip.LoopEnd = defaultLength(stillDuration);
-  giveStillLength(clip, stillDuration);
+  if (clip.record->IsStill() && timelineLength(clip) == 0) {
+    clip.LoopStart = "0";
+    clip.LoopEnd = defaultLength(stillDuration);
+  }
   // Into the first clip it fades from nothing, over half of it.
   const double most =
       clipNo == 1 ? timelineLength(clip) * 10 / 2 : longestTransition(clips, clipNo, stillDuration) * 10;

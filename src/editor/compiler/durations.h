@@ -22,14 +22,16 @@ double secondsFromTenths(Single tenths);
 double timelineLength(const Movie& clip);
 double timelineLength(const TimelineClip& clip);
 
-/// Gives a still without a length `duration` seconds, from 0 on; another clip is left alone.
+/// Gives a still without marks `duration` seconds, from 0 on. Marks that it has stand; another clip is left
+/// alone.
 void giveStillLength(TimelineClip& clip, Single duration);
 
 /// The longest allowed transition into the clip, to a tenth of a second: the shorter of the clip and the one
 /// before it, at most 25. A still without a length counts `stillDuration`.
 double longestTransition(const TimelineClips& clips, int clipNo, Single stillDuration);
 
-/// Brings TransIn within its limit, which it gives back in tenths of a second, and the clip's end in order.
+/// Brings TransIn within its limit, which it gives back in tenths of a second, and the clip's end in order: a
+/// still whose marks are one lasts `stillDuration`.
 int holdTransition(TimelineClips& clips, int clipNo, Single stillDuration);
 
 /// The section length in seconds for previewing a plain cut between two clips.

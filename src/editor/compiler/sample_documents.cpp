@@ -100,33 +100,24 @@ Sample clipSample(const Collection& collection, int clipNo, CompileOptions optio
   const double length = timelineLength(clip);
   const auto& buffering = options.output.buffering;
 
-  auto track = std::string(tag::kTrack) +
-               tag::clip({{"start", "0"},
-                          {"stop", shortNumber(length)},
-                          {"src", clipFile(record)},
-                          {"mstart", secondsText(clip.LoopStart)},
-                          {"mstop", secondsText(clip.LoopEnd)}},
-                         form.showsStretch && record.IsStill()
-                             ? " stretchmode=" + quoted(stretchModeText(record.stretchmode())) + " >\r\n"
-                             : " >\r\n");
+  auto track =
+      std::string(tag::kTrack) + tag::clip({{"start", "0"},
+                                            {"stop", shortNumber(length)},
+                                            {"src", clipFile(record)},
+                                            {"mstart", secondsText(clip.LoopStart)},
+                                            {"mstop", secondsText(clip.LoopEnd)},
+                                            {form.showsStretch && record.IsStill() ? "stretchmode" : "",
+                                             std::string(stretchModeText(record.stretchmode()))}},
+                                           " >\r\n");
   track += effectLines({effects, keyframes, options}, clip, asWritten(Stamp{length}));
   track.append("\r\n").append(tag::kEndClip).append(tag::kEndTrack);
-  const auto rate = shortNumber(options.output.rate);
-  const auto width = std::to_string(form.width);
-  const auto height = std::to_string(form.height);
-  const auto group = ToNumber(buffering) >= length ? tag::group({{"type", "video"},
-                                                                 {"bitdepth", "24"},
-                                                                 {"framerate", rate},
-                                                                 {"buffering", buffering},
-                                                                 {"width", width},
-                                                                 {"height", height}},
-                                                                " >")
-                                                   : tag::group({{"type", "video"},
-                                                                 {"bitdepth", "24"},
-                                                                 {"framerate", rate},
-                                                                 {"width", width},
-                                                                 {"height", height}},
-                                                                " >");
+  const auto group = tag::group({{"type", "video"},
+                                 {"bitdepth", "24"},
+                                 {"framerate", shortNumber(options.output.rate)},
+                                 {ToNumber(buffering) >= length ? "buffering" : "", buffering},
+                                 {"width", std::to_string(form.width)},
+                                 {"height", std::to_string(form.height)}},
+                                " >");
   return {tag::document(group, track), std::move(clips)};
 }
 

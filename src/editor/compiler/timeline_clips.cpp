@@ -21,6 +21,12 @@ void lookInto(TimelineClip& clip, FrameSource& streams) {
   clip.isMusic = clip.isSound && (kind == nullptr || kind->canBeInMovie);
 }
 
+bool canBeShown(const TimelineClip& clip) {
+  if (clip.isSound) return false;
+  const auto kind = extensionOf(clip.record->MovieName());
+  return clip.hasPicture || clip.record->IsStill() || kind == "PEG" || kind == "MPG";
+}
+
 void correctTransition(Movie& record, const TimelineClip& clip) {
   record.TransIn(clip.TransIn);
   if (!clip.dropsFirstOption) return;
@@ -73,7 +79,7 @@ bool isCut(std::string_view transType) {
 }
 
 bool hasPicture(const TimelineClips& clips) {
-  return std::any_of(clips.begin(), clips.end(), [](const auto& clip) { return !clip.isSound; });
+  return std::any_of(clips.begin(), clips.end(), [](const auto& clip) { return canBeShown(clip); });
 }
 
 int misplacedSound(const TimelineClips& clips) {
@@ -90,8 +96,8 @@ void applyCorrections(const TimelineClips& clips, Collection& collection, KVO2& 
   for (const auto& clip : clips) {
     auto& record = collection.MovieList[clip.number];
     const bool wasDirty = record.IsDirty();
-    correctTransition(record, clip);
-    if (which == Corrections::All) correct(record, clip);
+    if (which != Corrections::ButTransitions) correctTransition(record, clip);
+    if (which != Corrections::OfTransitions) correct(record, clip);
     record.IsDirty(wasDirty);
   }
   settings.state.ObjectChange = change;

@@ -68,7 +68,7 @@ inline std::string clipFile(const Movie& clip) { return clip.Path() + clip.Movie
 /// "CUT" in any case, or empty: no transition leads into the clip.
 bool isCut(std::string_view transType);
 
-/// True if any clip has a picture.
+/// True if any clip has a picture that can be shown: a stream of its file, or a still, or by its name MPEG.
 bool hasPicture(const TimelineClips& clips);
 
 /// The number of the first clip of sound that stands ahead of one with a picture, 0 when there is none.
@@ -76,7 +76,8 @@ int misplacedSound(const TimelineClips& clips);
 
 enum class Corrections {
   All,
-  OfTransitions,  ///< what writing a transition corrects: all that a preview of one may touch
+  OfTransitions,   ///< what writing a transition corrects: all that a preview of one may touch
+  ButTransitions,  ///< all else, where none is written
 };
 
 /// Writes what a compile corrected, and where it placed the clips, into the records. It is no change of the

@@ -55,7 +55,8 @@ void noticePicture(const Editing& e, bool hasPicture) {
 std::string compiled(const Editing& e, const CompileOptions& options) {
   e.settings.state.ObjectChange = 0;
   auto made = compile(e.collection, options, factsOf(e));
-  applyCorrections(made, e.collection, e.settings);
+  applyCorrections(made, e.collection, e.settings,
+                   options.transitions ? Corrections::All : Corrections::ButTransitions);
   e.settings.state.RenderEffects = options.effects;
   e.settings.state.RenderTransitions = options.transitions;
   auto& editor = e.editor;
@@ -171,8 +172,11 @@ void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions o) {
   }
   const KeyframeIndex keyframes(e.collection);
   auto line = videoLine({e.editor.effects, keyframes, options}, clips, o);
+  const bool hasTransitions = options.transitions && !o.TimingOnly;
   applyCorrections(clips, e.collection, e.settings,
-                   o.TransitionPreview ? Corrections::OfTransitions : Corrections::All);
+                   o.TransitionPreview ? Corrections::OfTransitions
+                   : hasTransitions    ? Corrections::All
+                                       : Corrections::ButTransitions);
   e.editor.texts.VideoTrackText += line.tracks;
   if (!o.TransitionPreview) e.editor.AudioTotalTime.clear();
   setVideoTotal(e.editor, line.stop, line.largestStop);
@@ -202,9 +206,11 @@ void AddOverlayAudioTracks(const Editing& e) {
 
 Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName) {
   if (!hasAudioTracks) CreateAudioGroup(e.editor, kAudioRate);
-  return writeDocument(e.files, fileName,
-                       documentText(e.editor.texts, HaveAtleastOneVidTrack(e),
-                                    ToNumber(e.editor.VideoTotalTime) > 0, hasAudioTracks));
+  const bool hasPicture = HaveAtleastOneVidTrack(e);
+  const bool hasVideoTime = ToNumber(e.editor.VideoTotalTime) > 0;
+  return writeDocument(
+      e.files, fileName,
+      documentText(e.editor.texts, hasPicture || hasVideoTime, hasVideoTime, hasAudioTracks));
 }
 
 void AnalyseRenderFile(const Editing& e, const std::string& fileName) {

@@ -30,15 +30,17 @@ int GetHeightFromString(std::string_view text);
 /// below 10 the picture is reduced as the preview table says, and depth, size and rate are changed in place.
 void CreateVideoGroup(const Editing& e, int& depth, int& width, int& height, Single& frameRate, int mode);
 
-/// True if any clip is a video or a still. If none is, the clip audio and auto-trim boxes go off.
+/// True if any clip has a picture that can be shown. If none has, the clip audio and auto-trim boxes go off.
 bool HaveAtleastOneVidTrack(const Editing& e);
 
 /// Brings KVO2.AutoTrimAudio into line with Chk_AutoTrim.
 void SetAutoTrim(const Editing& e);
 
-/// Fills VideoTrackText and writes TimeLineStart and TimeLineStop into the records. Leaves VideoTotalTime and
-/// LastClipStop. Effects and transitions are as the preview's power says while `analysing`; a render has them
-/// all. While the change code tells of a change it is a timing pass, which leaves them out.
+/// Fills VideoTrackText and writes TimeLineStart and TimeLineStop into the records. Clips are placed with
+/// their transitions within their limits; TransIn takes its limit only where transitions are written. Leaves
+/// VideoTotalTime and LastClipStop. Effects and transitions are as the preview's power says while
+/// `analysing`; a render has them all. While the change code tells of a change it is a timing pass, which
+/// leaves them out.
 void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions options);
 
 /// Sets AudioGroupText.

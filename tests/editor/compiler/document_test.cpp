@@ -1,4 +1,5 @@
 // Whole timeline documents, compared to the byte.
+#include "editor/compiler/document_check.h"
 #include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
 #include "support/fakes.h"
@@ -106,6 +107,20 @@ TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
       EXPECT_FALSE(isDirty(b.collection, b.settings)) << what;
       EXPECT_EQ(compilePreviewText(b.editing, 10).find("stop=\"0.0000\""), std::string::npos) << what;
     }
+  }
+}
+
+// Marks that are one leave a still without a length, unless a transition leads into it.
+TEST(Document, AStillKeepsTheMarksThatItHas) {
+  for (const auto& [transition, marks] : {std::pair{"CUT", "3 3"}, {"Fade", "0 7"}}) {
+    Bench b;
+    b.addVideo("a.avi", 0, 5);
+    auto& still = addStill(b, "s.jpg", 0);
+    still.LoopStart(Value(3));
+    still.LoopEnd(Value(3));
+    still.TransType(transition);
+    compileText(b.editing);
+    EXPECT_EQ(still.LoopStart().text() + " " + still.LoopEnd().text(), marks) << transition;
   }
 }
 
@@ -359,25 +374,75 @@ TEST(Document, SoundAheadOfAPictureIsRefused) {
   }
 }
 
+// With a transition that is longer than its clip: the clips are placed within its limit, which the record
+// takes only where the transition is written.
 TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
-  Bench b;
-  b.addVideo("a.avi", 0, 20).EffectWord("1");
-  b.addMusic("m.mp3", 0, 12.5);
-  const auto whole = compiled(b);
-  const auto audioTotal = std::exchange(b.editor.AudioTotalTime, "");
-  ClearGlobals(b.editor);
-  int depth = 24;
-  int width = 320;
-  int height = 240;
-  Single rate = 0;
-  CreateVideoGroup(b.editing, depth, width, height, rate, kRenderMode);
-  CreateClipLine(b.editing, false, {.UseSourceFile = true});
-  CreateAudioGroup(b.editor, "44100");
-  CreateAudioClipLine(b.editing);
-  AddOverlayAudioTracks(b.editing);
-  ASSERT_TRUE(WriteRenderFile(b.editing, true, "/prog/parts.xtl"));
-  EXPECT_EQ(b.files.all["/prog/parts.xtl"], whole);
-  EXPECT_EQ(b.editor.AudioTotalTime, audioTotal);
+  for (const int power : {1, kRenderMode}) {  // a preview without transitions, and a render
+    Bench whole;
+    Bench parts;
+    for (auto* b : {&whole, &parts}) {
+      b->addVideo("a.avi", 0, 20).EffectWord("1");
+      addStill(*b, "s.jpg", 0).TransIn(80);
+      b->collection.MovieList[2].TransType("Fade");
+      b->addMusic("m.mp3", 0, 12.5);
+      b->settings.state.DefaultStillDuration = 3;
+      b->settings.change().PreviewCPU = static_cast<Integer>(power);
+    }
+    const bool isRender = power == kRenderMode;
+    const auto text = isRender ? compileText(whole.editing) : compilePreviewText(whole.editing, power);
+    int depth = 24;
+    int width = 320;
+    int height = 240;
+    Single rate = 0;
+    CreateVideoGroup(parts.editing, depth, width, height, rate, power);
+    CreateClipLine(parts.editing, !isRender, {.UseSourceFile = isRender});
+    CreateAudioGroup(parts.editor, "44100");
+    CreateAudioClipLine(parts.editing);
+    AddOverlayAudioTracks(parts.editing);
+    ASSERT_TRUE(WriteRenderFile(parts.editing, true, "/prog/parts.xtl"));
+    EXPECT_EQ(parts.files.all["/prog/parts.xtl"], text);
+    EXPECT_EQ(parts.editor.AudioTotalTime, whole.editor.AudioTotalTime);
+    for (auto* b : {&whole, &parts}) {
+      EXPECT_EQ(b->collection.MovieList[2].TransIn(), isRender ? 30 : 80) << power;
+      EXPECT_EQ(b->collection.MovieList[2].TimeLineStart().text(), "17") << power;
+    }
+  }
+}
+
+TEST(Document, HasAPictureWhereAStreamAStillOrANameSaysSo) {
+  struct Row {
+    const char* name;
+    std::optional<StreamFacts> facts;  // none of a file that is missing
+    bool still, hasPicture;
+  };
+  for (const auto& row :
+       {Row{"a.avi", StreamFacts{.hasVideo = true}, false, true}, Row{"a.avi", {}, false, false},
+        Row{"a.avi", StreamFacts{.hasAudio = true}, false, false}, Row{"a.Mpg", {}, false, true},
+        Row{"a.mpeg", {}, false, true}, Row{"a.m2v", {}, false, false}, Row{"s.png", {}, true, true},
+        Row{"a.wma", StreamFacts{.hasVideo = true}, false, false}}) {
+    Bench b;
+    b.addVideo(row.name, 0, 5).IsStill(row.still);
+    b.streams.all.clear();
+    if (row.facts) b.streams.all[std::string("/v/") + row.name] = *row.facts;
+    EXPECT_EQ(HaveAtleastOneVidTrack(b.editing), row.hasPicture) << row.name;
+    EXPECT_EQ(b.editor.controls.Chk_AutoTrimEnabled, row.hasPicture) << row.name;
+    EXPECT_TRUE(checkDocument(compileText(b.editing))) << row.name << ": tracks stand in a group";
+  }
+}
+
+TEST(Document, MusicTakesPartWhereItsFormatSaysSo) {
+  for (const auto& [format, isMusic] : {std::pair{"44.1 Khz", true},
+                                        {" unknown", true},
+                                        {"0 x 0", true},
+                                        {"", false},
+                                        {"N/A", false},
+                                        {"N/A, 44.1 KHz", false},
+                                        {"640 x 480", false}}) {
+    Bench b;
+    b.addMusic("m.mp3", 0, 5).Resolution(format);
+    EXPECT_EQ(compile(b.collection, optionsOf(b.editing), {b.streams, b.editor.effects}).hasMusic, isMusic)
+        << format;
+  }
 }
 
 }  // namespace

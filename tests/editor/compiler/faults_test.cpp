@@ -71,6 +71,10 @@ TEST(CollectionFaults, AreFoundInEveryClip) {
   }
   Bench empty;
   EXPECT_EQ(told(empty), "the collection has no clips!");
+  Bench silent;
+  silent.addMusic("m.mp3", 0, 5).RenderAudio(false);
+  EXPECT_EQ(told(silent),
+            "nothing of it goes into a movie: there is no picture, and its sound is switched off!");
   Bench damaged;
   damaged.addVideo("a.avi", 0, 5);
   EXPECT_EQ(
