@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/revised_list.h"
+#include "program/skin_state.h"
 
 #include <string>
 #include <utility>
@@ -76,6 +77,7 @@ struct MainWindowState {
   TransportState transport;
   MenuState menu;
   ProgressState progress;
+  SkinState skin;
   bool commandRuns = false;  ///< see CommandPass
 
   /// True while a command is under way and lets events through: nothing else may touch the collection.
