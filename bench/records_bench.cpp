@@ -17,7 +17,6 @@ class NoBoxes : public kvo::MessageBoxes {
  public:
   kvo::Answer show(const kvo::Box& /*box*/) override { std::abort(); }
   kvo::StyledAnswer showStyled(const kvo::StyledBox& /*box*/) override { std::abort(); }
-  void answerOpenBox() override {}
 };
 
 // A collection on disk whose clips all name one file that is there.

@@ -1,7 +1,7 @@
 #include "app/window_program.h"
 
+#include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/socket_handover.h"
-#include "adapters/qt/qt_boxes.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/qt_event_loop.h"
 #include "adapters/qt/qt_file_dialogs.h"
@@ -14,9 +14,11 @@
 #include "program/media_commands.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
+#include "ui/skin_face.h"
 #include "ui/theme.h"
 #include "windows/gallery/gallery.h"
 #include "windows/main/frm_file_open.h"
+#include "windows/message/frm_message_boxes.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -26,6 +28,8 @@
 
 namespace kvo {
 namespace {
+
+constexpr QSize kMainWindow(562, 410);
 
 // Leaves what another copy sent in the mailbox while a box or a dialog waits for the user.
 class PatientHandover : public Handover {
@@ -39,6 +43,18 @@ class PatientHandover : public Handover {
 
  private:
   Handover& mailbox_;
+};
+
+// While there is no player: it holds no clip.
+class NoPlayer : public SkinCalls {
+ public:
+  void BuildAllButs(bool /*stepButtons*/) override {}
+  void BuildButton(std::string_view /*key*/) override {}
+  void PlayerPause() override {}
+  void PlayerStop() override {}
+  void GlobalMediaPlay() override {}
+  [[nodiscard]] bool playerHoldsClip() const override { return false; }
+  [[nodiscard]] bool clipHasPath() const override { return false; }
 };
 
 // The program wired to its window. One that lives as long as the process.
@@ -57,11 +73,14 @@ class WindowProgram {
                commands_,      intake_,         state_},
         intro_(parts_),
         mailbox_(parts_, intro_),
-        startUp_(parts_, intro_, mailbox_),
+        skins_({dialogs_, loop_, face_, session_.log, session_.folder}, player_, session_.settings, state_),
+        startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
         choice_(state_, session_.collection),
-        window_(state_, {commands_, media_, choice_, mailbox_, shutDown_}) {}
+        window_(state_, {commands_, media_, choice_, mailbox_, shutDown_}) {
+    commands_.whenOpened([this] { skins_.applyStored(); });
+  }
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
     auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder);
@@ -95,7 +114,7 @@ class WindowProgram {
     PreviewMovie(state_, session_.collection, number);
   }
 
-  QtBoxes boxes_;
+  FrmMessageBoxes boxes_;
   Session session_;
   MainWindowState state_;
   QtFileDialogs dialogs_;
@@ -109,6 +128,10 @@ class WindowProgram {
   ProgramParts parts_;
   Intro intro_;
   Mailbox mailbox_;
+  TurboJpeg jpeg_;
+  SkinFace face_{{session_.files, jpeg_}, {kMainWindow}};
+  NoPlayer player_;
+  Skins skins_;
   StartUp startUp_;
   ShutDown shutDown_;
   MediaCommands media_;

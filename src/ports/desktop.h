@@ -11,6 +11,7 @@ struct ScreenFacts {
   int height = 0;
   int bitsPerPixel = 0;
   int monitors = 1;
+  int textHeight = 0;  ///< of the characters of the desktop's own text, pixels at a scale of 1
 };
 
 /// A part of the desktop, in its own pixels, over all screens.

@@ -1,6 +1,7 @@
 // The port to the dialogs that ask for files.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,8 +16,9 @@ struct FileFilter {
 struct FileQuestion {
   std::string title;
   std::vector<FileFilter> filters;
-  std::string folder;  ///< where it starts
-  std::string name;    ///< proposed name, for saving
+  std::string folder;      ///< where it starts
+  std::string name;        ///< proposed name, for saving
+  std::size_t filter = 0;  ///< which of the filters holds at first
 };
 
 class FileDialogs {

@@ -10,7 +10,7 @@ namespace kvo {
 
 enum class Answer { Ok, Cancel, Yes, No };
 enum class BoxButtons { Ok, OkCancel, YesNo, YesNoCancel };
-enum class BoxIcon { Information, Question, Warning, Critical };
+enum class BoxIcon { Information, Question, Warning, Critical, Done };
 
 struct Box {
   std::string caption;
@@ -19,6 +19,9 @@ struct Box {
   BoxIcon icon = BoxIcon::Information;
   /// Other captions for buttons: "Yes" to "Replace".
   std::vector<std::pair<std::string, std::string>> renamed{};
+  /// The box, which tells how long that still is, answers itself with its default button after so many
+  /// seconds; 0 waits for the user.
+  double seconds = 0;
 };
 
 /// The button that Enter presses: Ok or Yes.
@@ -33,6 +36,7 @@ struct StyledBox {
   std::string prompt;   ///< beside the buttons
   bool yesAndNo = false;
   bool offersNeverAgain = false;  ///< has a check box for never showing the message again
+  BoxIcon icon = BoxIcon::Warning;
 };
 
 struct StyledAnswer {
@@ -49,9 +53,6 @@ class MessageBoxes {
 
   virtual Answer show(const Box& box) = 0;
   virtual StyledAnswer showStyled(const StyledBox& box) = 0;
-
-  /// Presses the default button of the box that is open, if one is.
-  virtual void answerOpenBox() = 0;
 };
 
 }  // namespace kvo

@@ -1,4 +1,4 @@
-// The port to the picture that is painted on the main window.
+// The port to the pictures of the main window: the one that is its face, and the mask of its outline.
 #pragma once
 
 #include "base/result.h"
@@ -23,6 +23,10 @@ class SkinPictures {
   /// the log that names the file: what is no picture, gone, or would take more than 256 MB; what was held
   /// stays.
   virtual Outcome load(const std::string& path) = 0;
+
+  /// Reads the picture that gives the window its outline by what in it is not black. Fails as `load` does,
+  /// and where all is black; the window is a rectangle then.
+  virtual Outcome loadMask(const std::string& path) = 0;
 };
 
 }  // namespace kvo

@@ -118,6 +118,7 @@ bool CollectionCommands::load(const std::string& path) {
     collection_.becomeUntitled(ports_.folder);
   }
   settings_.adjust().ColLoadFrom = std::string(folderPart(path));
+  whenOpened_();
   fillClipList(window_, collection_);
   showCollection(window_, collection_);
   PreviewMovie(window_, collection_, 1);

@@ -46,6 +46,9 @@ class CollectionCommands {
   /// file: the work that asked must not go on then.
   bool mayLeaveChanges(std::string_view title);
 
+  /// What goes on when a collection has been read: its preferences are in force then.
+  void whenOpened(std::function<void()> work) { whenOpened_ = std::move(work); }
+
   /// What each command does ahead of its work.
   void beforeEach(std::function<void()> work) { beforeEach_ = std::move(work); }
 
@@ -64,6 +67,7 @@ class CollectionCommands {
   KVO2& settings_;
   Collection& collection_;
   MainWindowState& window_;
+  std::function<void()> whenOpened_ = [] {};
   std::function<void()> beforeEach_ = [] {};
 };
 

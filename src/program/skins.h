@@ -10,6 +10,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvo {
 
@@ -34,8 +35,14 @@ class SkinCalls {
   [[nodiscard]] virtual bool clipHasPath() const = 0;
 };
 
-/// The skins that come with the program, by their pictures.
-enum class StockSkin { Snake, Waves };
+/// A skin that comes with the program.
+struct StockSkin;
+
+/// A line of the menu of skins.
+struct SkinEntry {
+  std::string caption;
+  bool isChosen = false;  ///< it is the skin in use
+};
 
 class Skins {
  public:
@@ -60,12 +67,15 @@ class Skins {
   /// and while a skin is being applied: everything stays as it was.
   bool skins(bool noDialog, bool stepButtons, const std::string& file, bool showWindow);
 
-  /// Menu commands. They do nothing while another command is under way.
-  void defaultSkin();
-  void stockSkin(StockSkin skin);  ///< nothing where its picture is missing
-  void chooseSkin();
+  /// The skins that come with the program, and as the last one the command that asks for a picture.
+  [[nodiscard]] std::vector<SkinEntry> menu() const;
 
-  /// Gives the window the outline of the mask picture.
+  /// What the line `place` of the menu, from 0, stands for. Nothing happens where the picture is missing, and
+  /// while another command is under way.
+  void choose(int place);
+
+  /// Gives the window the outline of the mask picture; where that is none, which is told in the log, the
+  /// window is a rectangle.
   void ShapeMe();
 
   /// The side logo with this caption; its colour, and that of the side line, is `colour`, 0 for blue.
@@ -77,12 +87,14 @@ class Skins {
  private:
   class Busy;
 
-  bool paint(const std::string& path);
-  void paintOrDefault(const std::string& path);
-  bool choose();
+  [[nodiscard]] std::string fileOf(const StockSkin& skin) const;
+  [[nodiscard]] const StockSkin* inUse() const;
+  void takeStock(const StockSkin& skin);
+  void askForPicture();
+  bool paintChosen();
+  void paint(const std::string& path);
   void endPaused(bool showWindow);
   void endPlaying(bool stepButtons);
-  void takeColours(ColorRef logo, ColorRef display);
 
   Ports ports_;
   SkinCalls& calls_;

@@ -107,12 +107,21 @@ void StartUp::loadWindow() {
   parts_.settings.state.ToolTipsOn = kFlagOn;
   parts_.settings.state.HideKVOOnWebshow = true;
   parts_.settings.adjust().DefZoom = std::string(trimmed(parts_.settings.preferences().DefZoom));
-  if (parts_.settings.preferences().SkinPath.empty() ||
-      characterCount(parts_.settings.preferences().SkinPath) == 128)
-    parts_.settings.adjust().SkinPath = "Def";
+  parts_.window.skin.IsSmallFonts = fontTest(parts_.desktop.screen().textHeight, parts_.boxes);
+  skins_.applyStored();
   if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;
   parts_.settings.state.IsDirty = false;
   parts_.window.menu.clipsEnabled = !parts_.collection.MovieList.empty();
+}
+
+bool fontTest(int textHeight, MessageBoxes& boxes) {
+  constexpr int kSmall = 16;
+  if (textHeight <= kSmall) return true;
+  boxes.show(
+      {"KVO5 - System Font Size is too large",
+       "Non-Standard Font size detected - KVO may not be able to resolve all graphics with this fontsize",
+       BoxButtons::Ok, BoxIcon::Information});
+  return false;
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {

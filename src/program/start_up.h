@@ -3,6 +3,7 @@
 
 #include "program/intro.h"
 #include "program/mailbox.h"
+#include "program/skins.h"
 
 #include <string>
 #include <vector>
@@ -17,8 +18,8 @@ enum class StartEnd {
 
 class StartUp {
  public:
-  StartUp(const ProgramParts& parts, Intro& intro, Mailbox& mailbox)
-      : parts_(parts), intro_(intro), mailbox_(mailbox) {}
+  StartUp(const ProgramParts& parts, Skins& skins, Intro& intro, Mailbox& mailbox)
+      : parts_(parts), skins_(skins), intro_(intro), mailbox_(mailbox) {}
 
   /// Everything from the command line to the first clip. `workingFolder` is where its file names begin.
   StartEnd run(const std::vector<std::string>& arguments, const std::string& workingFolder);
@@ -29,9 +30,14 @@ class StartUp {
   void checkScreen();
 
   ProgramParts parts_;
+  Skins& skins_;
   Intro& intro_;
   Mailbox& mailbox_;
 };
+
+/// True where the desktop's text, by its height in pixels at interface size 1, is of the usual size. Beyond
+/// it the user is told, and the larger of the two tables of button places holds.
+bool fontTest(int textHeight, MessageBoxes& boxes);
 
 /// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
 /// ticks that follow from them.

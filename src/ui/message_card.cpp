@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <array>
 
@@ -17,10 +19,17 @@ namespace {
 
 constexpr int kCardWidth = 470;
 constexpr int kEdge = 5;
-constexpr double kRadius = 12;
+constexpr int kHead = 42;  // height of the caption with the line below it
+constexpr int kLeft = 24;
+constexpr int kRight = 20;
 constexpr int kDisc = 38;
+constexpr int kBesideDisc = 17;
+constexpr int kTextWidth = kCardWidth - kLeft - kDisc - kBesideDisc - kRight;
+constexpr int kMostTextHeight = 420;  // what is longer scrolls: the card fits a screen of 768 pixels
 constexpr int kKeyWidth = 80;
+constexpr int kKeyHeight = 30;
 constexpr int kLineHeight = 20;
+constexpr qsizetype kLongestRun = 40;  // characters without a place to break the line
 
 struct Sign {
   Rgb ink, ground;
@@ -31,6 +40,8 @@ struct Sign {
 const Sign& signOf(MessageSign sign) {
   static constexpr std::array kSigns = {
       Sign{token("teal"), token("tealBg"), "check", "Done"},
+      Sign{token("teal"), token("tealBg"), "info", "Information"},
+      Sign{token("teal"), token("tealBg"), "help", "Question"},
       Sign{token("amber"), token("amberLo"), "warn", "Warning"},
       Sign{token("red"), token("redLo"), "", "Error"},
   };
@@ -67,84 +78,129 @@ QPixmap disc(const Sign& sign, double pixelRatio) {
   if (icon.isEmpty()) {
     drawOctagon(painter, {kDisc / 2.0, kDisc / 2.0}, sign.ink);
   } else {
-    constexpr int kSide = 20;
+    constexpr int kSide = 22;
     painter.drawPixmap((kDisc - kSide) / 2, (kDisc - kSide) / 2,
                        iconPicture(icon, sign.ink, kSide, pixelRatio));
   }
   return picture;
 }
 
+// Paths and other long runs may be broken anywhere behind a separator, and somewhere at all.
+QString breakable(const QString& text) {
+  constexpr QChar kMayBreak(0x200B);
+  QString out;
+  qsizetype run = 0;
+  for (const auto letter : text) {
+    out += letter;
+    run = letter.isSpace() ? 0 : run + 1;
+    if (letter != '/' && run < kLongestRun) continue;
+    out += kMayBreak;
+    run = 0;
+  }
+  return out;
+}
+
 QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
-  auto* line = made<QLabel>(text, parent);
+  auto* line = made<QLabel>(breakable(text), parent);
+  line->setAccessibleName(text);
   line->setTextFormat(Qt::PlainText);
+  line->setWordWrap(true);
+  line->setMinimumHeight(kLineHeight);
   line->setStyleSheet(QString("font-size: %1px; color: %2").arg(pixels).arg(toColour(colour).name()));
   return line;
 }
 
 }  // namespace
 
-MessageCard::MessageCard(const MessageFace& face, QWidget* parent) : QFrame(parent), sign_(face.sign) {
+MessageCard::MessageCard(const MessageFace& face, QWidget* parent)
+    : QFrame(parent), sign_(face.sign), closeKey_(made<QToolButton>(this)) {
   setFixedWidth(kCardWidth);
   auto* column = made<QVBoxLayout>(this);
-  column->setContentsMargins(24, 12, 14, 14);
-  column->setSpacing(12);
-  auto* caption = label(face.caption, 13, token("text1"), this);
-  caption->setStyleSheet(caption->styleSheet() + "; font-weight: 600");
+  column->setContentsMargins(kLeft, 0, kRight, 18);
+  column->setSpacing(0);
+  auto* caption = made<QLabel>(face.caption, this);
+  caption->setTextFormat(Qt::PlainText);
+  caption->setStyleSheet("font-size: 13px; font-weight: 600");
+  caption->setFixedHeight(kHead);
   column->addWidget(caption);
-  auto* rule = made<QFrame>(this);
-  rule->setProperty("role", "line");
-  rule->setFixedHeight(1);
-  column->addWidget(rule);
-
+  column->addSpacing(15);
   auto* body = made<QHBoxLayout>();
-  body->setSpacing(18);
+  body->setSpacing(kBesideDisc);
   auto* sign = made<QLabel>(this);
   sign->setPixmap(disc(signOf(face.sign), devicePixelRatio()));
   sign->setAccessibleName(signOf(face.sign).name);
   body->addWidget(sign, 0, Qt::AlignTop);
-  auto* lines = made<QVBoxLayout>();
-  lines->setSpacing(0);
-  for (const auto& text : face.lines) {
-    auto* line = label(text, 13, token("text1"), this);
-    line->setMinimumHeight(kLineHeight);
-    line->setWordWrap(true);
-    lines->addWidget(line);
-  }
-  if (!face.prompt.isEmpty()) {
-    auto* prompt = label(face.prompt, 12, token("text3"), this);
-    prompt->setMinimumHeight(kLineHeight);
-    lines->addWidget(prompt);
-  }
-  body->addLayout(lines, 1);
+  body->addWidget(makeText(face), 1);
   column->addLayout(body);
+  column->addSpacing(16);
+  column->addLayout(makeFoot(face));
+  closeKey_->setProperty("kind", "quiet");
+  closeKey_->setIcon(QIcon(iconPicture("close", token("text3"), 14, devicePixelRatio())));
+  closeKey_->setAccessibleName(tr("Close"));
+  closeKey_->setGeometry(kCardWidth - 35, 9, 24, 24);
+}
 
+QWidget* MessageCard::makeText(const MessageFace& face) {
+  auto* text = made<QWidget>();
+  auto* lines = made<QVBoxLayout>(text);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setSpacing(0);
+  for (const auto& line : face.lines) lines->addWidget(label(line, 13, token("text1"), text));
+  if (!face.prompt.isEmpty()) lines->addWidget(label(face.prompt, 12, token("text3"), text));
+  lines->addStretch();
+  if (lines->heightForWidth(kTextWidth) <= kMostTextHeight) {
+    text->setParent(this);
+    return text;
+  }
+  auto* scrolled = made<QScrollArea>(this);
+  scrolled->setWidget(text);
+  scrolled->setWidgetResizable(true);
+  scrolled->setFrameShape(QFrame::NoFrame);
+  scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scrolled->setFixedHeight(kMostTextHeight);
+  scrolled->setAccessibleName(face.lines.join(' '));
+  scrolled->setStyleSheet("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }");
+  return scrolled;
+}
+
+QLayout* MessageCard::makeFoot(const MessageFace& face) {
   auto* foot = made<QHBoxLayout>();
   foot->setSpacing(12);
   if (!face.neverAgain.isEmpty()) {
     neverAgain_ = made<QCheckBox>(face.neverAgain, this);
     foot->addWidget(neverAgain_);
   }
+  countdown_ = made<QLabel>(this);
+  countdown_->setProperty("role", "hint");
+  foot->addWidget(countdown_);
   foot->addStretch();
   for (const auto& text : face.keys) {
     auto* key = made<QPushButton>(text, this);
     key->setMinimumWidth(kKeyWidth);
+    key->setFixedHeight(kKeyHeight);
     if (keys_.empty()) key->setProperty("kind", "primary");
     foot->addWidget(key);
     keys_.push_back(key);
   }
-  column->addLayout(foot);
+  return foot;
+}
+
+void MessageCard::setCountdown(const QString& text) {
+  if (countdown_->text() != text) countdown_->setText(text);
 }
 
 void MessageCard::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   QPainterPath body;
-  body.addRoundedRect(onPixels(rect()), kRadius, kRadius);
-  painter.fillPath(body, toColour(token("ink1")));
+  body.addRoundedRect(onPixels(rect()), kRadius - 0.5, kRadius - 0.5);
+  painter.fillPath(body, toColour(token("ink2")));
   painter.setClipPath(body);
   painter.fillRect(0, 0, kEdge, height(), toColour(signOf(sign_).ink));
   painter.setClipping(false);
-  painter.setPen(toColour(token("line2")));
+  painter.fillRect(16, kHead - 1, width() - 32, 1, toColour(token("line1")));
+  painter.setPen(toColour(token("tipRim")));
+  painter.setBrush(Qt::NoBrush);
   painter.drawPath(body);
 }
 

@@ -7,11 +7,13 @@
 #include <vector>
 
 class QCheckBox;
+class QLabel;
 class QPushButton;
+class QToolButton;
 
 namespace kvo {
 
-enum class MessageSign { Done, Warning, Error };
+enum class MessageSign { Done, Information, Question, Warning, Error };
 
 struct MessageFace {
   MessageSign sign = MessageSign::Warning;
@@ -24,19 +26,30 @@ struct MessageFace {
 
 class MessageCard : public QFrame {
  public:
+  static constexpr int kRadius = 12;  // of its corners, pixels
+
   explicit MessageCard(const MessageFace& face, QWidget* parent = nullptr);
 
   [[nodiscard]] const std::vector<QPushButton*>& keys() const { return keys_; }
+  /// The cross in the corner.
+  [[nodiscard]] QToolButton* closeKey() const { return closeKey_; }
   /// Null without one.
   [[nodiscard]] QCheckBox* neverAgain() const { return neverAgain_; }
+  /// What is told, left of the keys, of the time that is left.
+  void setCountdown(const QString& text);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QWidget* makeText(const MessageFace& face);
+  QLayout* makeFoot(const MessageFace& face);
+
   MessageSign sign_;
+  QToolButton* closeKey_;
   std::vector<QPushButton*> keys_;
   QCheckBox* neverAgain_ = nullptr;
+  QLabel* countdown_ = nullptr;
 };
 
 }  // namespace kvo

@@ -4,7 +4,6 @@
 #include "core/telling/messages.h"
 #include "support/fakes.h"
 #include "support/memory_store.h"
-#include "support/virtual_loop.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +11,6 @@ namespace kvo {
 namespace {
 
 struct FailuresBench : test::Bench {
-  test::VirtualLoop loop;
   test::MemoryStore store;
 };
 
@@ -67,17 +65,12 @@ TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text, "KVO5 - Error|before: what");
 }
 
-TEST(TimedMessageBox, AnswersItselfWhenItsTimeIsUp) {
+TEST(TimedMessageBox, TellsTheBoxHowLongToWait) {
   FailuresBench b;
-  b.boxes.whileShown = [&] { b.loop.advance(10000); };
-  TimedMessageBox(b.loop, b.boxes, {"c", "t", BoxButtons::YesNo}, 9.9);
-  EXPECT_EQ(b.boxes.answeredByTime, 1);
-  TimedMessageBox(b.loop, b.boxes, {"c", "t"}, 10.1);
-  EXPECT_EQ(b.boxes.answeredByTime, 1);
-  b.loop.advance(10000);
-  EXPECT_EQ(b.boxes.answeredByTime, 1) << "an answered box is not answered again";
-  TimedMessageBox(b.loop, b.boxes, {"c", "t"}, 0);
-  EXPECT_EQ(b.boxes.answeredByTime, 1) << "0 waits for the user";
+  b.boxes.answers = {Answer::No};
+  EXPECT_EQ(TimedMessageBox(b.boxes, {"c", "t", BoxButtons::YesNo}, 9.9), Answer::No);
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].seconds, 9.9);
 }
 
 TEST(FrmMessage, IsNotShownAgainWhereTheUserSaidSo) {

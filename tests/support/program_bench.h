@@ -9,6 +9,7 @@
 #include "support/memory_handover.h"
 #include "support/memory_store.h"
 #include "support/plain_desktop.h"
+#include "support/plain_skins.h"
 #include "support/scripted_dialogs.h"
 #include "support/store_bench.h"
 #include "support/virtual_loop.h"
@@ -61,7 +62,10 @@ struct ProgramBench : StoreBench {
                      file,  settings, collection, commands, intake, window};
   Intro intro{parts};
   Mailbox mailbox{parts, intro};
-  StartUp startUp{parts, intro, mailbox};
+  PlainSkinPictures pictures{files};
+  NotedSkinCalls calls;
+  Skins skins{{dialogs, loop, pictures, log, folder}, calls, settings, window};
+  StartUp startUp{parts, skins, intro, mailbox};
   ShutDown shutDown{parts, intro, mailbox};
 
   /// Puts a collection of these clips at `path`; their files are there.

@@ -26,12 +26,10 @@ class ScriptedBoxes : public MessageBoxes {
     styled.push_back(box);
     return styledAnswer;
   }
-  void answerOpenBox() override { ++answeredByTime; }
 
   std::function<void()> whileShown = [] {};
   std::vector<StyledBox> styled;
   StyledAnswer styledAnswer;
-  int answeredByTime = 0;
 };
 
 }  // namespace kvo::test

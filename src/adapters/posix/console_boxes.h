@@ -9,7 +9,6 @@ class ConsoleBoxes : public MessageBoxes {
  public:
   Answer show(const Box& box) override;
   StyledAnswer showStyled(const StyledBox& box) override;
-  void answerOpenBox() override {}
 };
 
 }  // namespace kvo

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
@@ -19,7 +21,9 @@ ScreenFacts QtDesktop::screen() const {
   const auto* first = QGuiApplication::primaryScreen();
   if (first == nullptr) return {};
   const auto size = first->size() * first->devicePixelRatio();
-  return {size.width(), size.height(), first->depth(), static_cast<int>(QGuiApplication::screens().size())};
+  const auto text = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+  return {size.width(), size.height(), first->depth(), static_cast<int>(QGuiApplication::screens().size()),
+          QFontInfo(text).pixelSize()};
 }
 
 std::vector<Screen> QtDesktop::screens() const {

@@ -9,13 +9,13 @@
 namespace kvo {
 namespace {
 
-QString filterText(const std::vector<FileFilter>& filters) {
+QStringList filtersOf(const FileQuestion& question) {
   QStringList all;
-  for (const auto& f : filters) {
+  for (const auto& f : question.filters) {
     auto name = QString::fromStdString(f.name);
     all << name.left(name.indexOf(" (")) + " (" + QString::fromStdString(f.patterns) + ")";
   }
-  return all.join(";;");
+  return all;
 }
 
 QString startOf(const FileQuestion& question) {
@@ -31,16 +31,18 @@ std::optional<std::string> chosen(const QString& name) {
 }  // namespace
 
 std::optional<std::string> QtFileDialogs::open(const FileQuestion& question) {
+  const auto filters = filtersOf(question);
+  auto first = filters.value(static_cast<qsizetype>(question.filter));
   return chosen(QFileDialog::getOpenFileName(QApplication::activeWindow(),
                                              QString::fromStdString(question.title), startOf(question),
-                                             filterText(question.filters)));
+                                             filters.join(";;"), &first));
 }
 
 std::vector<std::string> QtFileDialogs::openSeveral(const FileQuestion& question) {
   std::vector<std::string> paths;
   for (const auto& name :
        QFileDialog::getOpenFileNames(QApplication::activeWindow(), QString::fromStdString(question.title),
-                                     startOf(question), filterText(question.filters))) {
+                                     startOf(question), filtersOf(question).join(";;"))) {
     paths.push_back(pathOf(name));
   }
   return paths;
@@ -49,7 +51,7 @@ std::vector<std::string> QtFileDialogs::openSeveral(const FileQuestion& question
 std::optional<std::string> QtFileDialogs::save(const FileQuestion& question) {
   return chosen(QFileDialog::getSaveFileName(QApplication::activeWindow(),
                                              QString::fromStdString(question.title), startOf(question),
-                                             filterText(question.filters)));
+                                             filtersOf(question).join(";;")));
 }
 
 }  // namespace kvo

@@ -3,8 +3,6 @@
 #include "base/text.h"
 #include "core/telling/deployment.h"
 
-#include <cmath>
-
 namespace kvo {
 namespace {
 
@@ -57,9 +55,8 @@ void Failures::ShowErrorBox(std::string_view text, std::string_view prefix, std:
                BoxIcon::Critical});
 }
 
-Answer TimedMessageBox(EventLoop& loop, MessageBoxes& boxes, const Box& box, double seconds) {
-  const auto timeOut = loop.timer([&] { boxes.answerOpenBox(); });
-  if (seconds > 0) timeOut->start(static_cast<int>(std::lround(seconds * 1000)));
+Answer TimedMessageBox(MessageBoxes& boxes, Box box, double seconds) {
+  box.seconds = seconds;
   return boxes.show(box);
 }
 
@@ -73,8 +70,9 @@ void Frm_Message::ShowWarningOKOnly(std::string_view caption, std::string_view m
   if (answer.neverAgain) store_.write(name, "True");
 }
 
-Answer Frm_Message::ShowWarningBox(std::string_view caption, std::string_view message) {
-  return boxes_.showStyled({std::string(caption), std::string(message), std::string(kOkPrompt), true, false})
+Answer Frm_Message::ShowWarningBox(std::string_view caption, std::string_view message, BoxIcon icon) {
+  return boxes_
+      .showStyled({std::string(caption), std::string(message), std::string(kOkPrompt), true, false, icon})
       .answer;
 }
 

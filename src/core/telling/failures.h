@@ -2,7 +2,6 @@
 #pragma once
 
 #include "core/telling/error_log.h"
-#include "ports/event_loop.h"
 #include "ports/message_boxes.h"
 
 #include <functional>
@@ -40,7 +39,7 @@ class Failures {
 
 /// A box that answers itself with its default button after `seconds`, for work that may run with nobody
 /// there; 0 waits for the user.
-Answer TimedMessageBox(EventLoop& loop, MessageBoxes& boxes, const Box& box, double seconds);
+Answer TimedMessageBox(MessageBoxes& boxes, Box box, double seconds);
 
 /// The key of a message that is shown every time.
 inline constexpr std::string_view kNoShowCheck = "NOSHOWCHK";
@@ -54,7 +53,7 @@ class Frm_Message {
   void ShowWarningOKOnly(std::string_view caption, std::string_view message, std::string_view key);
 
   /// Shows `message` with Yes and No buttons, every time.
-  Answer ShowWarningBox(std::string_view caption, std::string_view message);
+  Answer ShowWarningBox(std::string_view caption, std::string_view message, BoxIcon icon = BoxIcon::Warning);
 
  private:
   MessageBoxes& boxes_;

@@ -1,0 +1,31 @@
+// Moves a window without a frame by its face: by every place on it where no control takes the mouse.
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <optional>
+
+class QMouseEvent;
+class QWidget;
+
+namespace kvo {
+
+class FaceDrag : public QObject {
+ public:
+  /// Becomes the window's child.
+  explicit FaceDrag(QWidget& window);
+
+  /// Only presses inside this part of the window drag it; by default all do.
+  void limitTo(const QRect& part) { part_ = part; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool press(const QMouseEvent& event);
+
+  QWidget& window_;
+  std::optional<QRect> part_;
+  std::optional<QPoint> grip_;  // from the window's corner to the pointer, while the window is moved by hand
+};
+
+}  // namespace kvo

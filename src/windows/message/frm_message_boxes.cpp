@@ -1,0 +1,95 @@
+#include "windows/message/frm_message_boxes.h"
+
+#include "windows/message/message_window.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QStringList>
+
+namespace kvo {
+namespace {
+
+QString textOf(const std::string& text) { return QString::fromStdString(text); }
+
+QStringList linesOf(const std::string& text) {
+  auto lines = textOf(text).remove('\r').split('\n');
+  while (lines.size() > 1 && lines.back().isEmpty()) lines.pop_back();
+  return lines;
+}
+
+MessageSign signOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Question:
+      return MessageSign::Question;
+    case BoxIcon::Warning:
+      return MessageSign::Warning;
+    case BoxIcon::Critical:
+      return MessageSign::Error;
+    case BoxIcon::Done:
+      return MessageSign::Done;
+    default:
+      return MessageSign::Information;
+  }
+}
+
+std::vector<Answer> answersOf(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::OkCancel:
+      return {Answer::Ok, Answer::Cancel};
+    case BoxButtons::YesNo:
+      return {Answer::Yes, Answer::No};
+    case BoxButtons::YesNoCancel:
+      return {Answer::Yes, Answer::No, Answer::Cancel};
+    default:
+      return {Answer::Ok};
+  }
+}
+
+const char* nameOf(Answer answer) {
+  switch (answer) {
+    case Answer::Yes:
+      return QT_TRANSLATE_NOOP("kvo::FrmMessageBoxes", "Yes");
+    case Answer::No:
+      return QT_TRANSLATE_NOOP("kvo::FrmMessageBoxes", "No");
+    case Answer::Cancel:
+      return QT_TRANSLATE_NOOP("kvo::FrmMessageBoxes", "Cancel");
+    default:
+      return QT_TRANSLATE_NOOP("kvo::FrmMessageBoxes", "OK");
+  }
+}
+
+QString tr(const char* text) { return QCoreApplication::translate("kvo::FrmMessageBoxes", text); }
+
+QString keyText(Answer answer, const Box& box) {
+  for (const auto& [from, to] : box.renamed) {
+    if (from == nameOf(answer)) return textOf(to);
+  }
+  return tr(nameOf(answer));
+}
+
+StyledAnswer asked(MessageQuestion question, const Box& box) {
+  question.answers = answersOf(box.buttons);
+  question.face.sign = signOf(box.icon);
+  question.face.caption = textOf(box.caption);
+  question.face.lines = linesOf(box.text);
+  question.face.keys.clear();
+  for (const auto answer : question.answers) question.face.keys << keyText(answer, box);
+  question.seconds = box.seconds;
+  return MessageWindow(question, QApplication::activeWindow()).ask();
+}
+
+}  // namespace
+
+Answer FrmMessageBoxes::show(const Box& box) { return asked({}, box).answer; }
+
+StyledAnswer FrmMessageBoxes::showStyled(const StyledBox& box) {
+  MessageQuestion question;
+  question.face.prompt = textOf(box.prompt);
+  if (box.offersNeverAgain) question.face.neverAgain = tr("Never show this message again");
+  return asked(question, {.caption = box.caption,
+                          .text = box.message,
+                          .buttons = box.yesAndNo ? BoxButtons::YesNo : BoxButtons::Ok,
+                          .icon = box.icon});
+}
+
+}  // namespace kvo

@@ -1,0 +1,104 @@
+#include "windows/message/message_window.h"
+
+#include "ui/compositing.h"
+#include "ui/dib_section_region.h"
+#include "ui/face_drag.h"
+#include "ui/made.h"
+#include "ui/painting.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr Shadow kShadow{.down = 14, .soft = 18, .opacity = 0.55};
+constexpr int kTick = 100;  // milliseconds; the seconds that are shown are never late by more
+
+QString firstLetter(const QPushButton& key) { return key.text().remove('&').left(1); }
+
+}  // namespace
+
+MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint),
+      answers_(question.answers),
+      given_(question.answers.back()),
+      copied_(question.face.caption + "\n\n" + question.face.lines.join('\n')),
+      card_(made<MessageCard>(question.face, this)),
+      seconds_(question.seconds) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setWindowTitle(question.face.caption);
+  setAccessibleName(question.face.caption);
+  setAccessibleDescription(question.face.lines.join(' '));
+  made<FaceDrag>(*this);
+  auto* all = made<QVBoxLayout>(this);
+  all->setContentsMargins(hasCompositor() ? kShadow.margins() : QMargins());
+  all->setSizeConstraint(QLayout::SetFixedSize);
+  all->addWidget(card_);
+  for (std::size_t i = 0; i < card_->keys().size(); ++i) {
+    connect(card_->keys()[i], &QAbstractButton::clicked, [this, i] { answer(i); });
+  }
+  connect(card_->closeKey(), &QAbstractButton::clicked, [this] { reject(); });
+  connect(&tick_, &QTimer::timeout, [this] { countDown(); });
+  card_->keys().front()->setDefault(true);
+  card_->keys().front()->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+StyledAnswer MessageWindow::ask() {
+  if (seconds_ > 0) {
+    since_.start();
+    tick_.start(kTick);
+    countDown();
+  }
+  exec();
+  tick_.stop();
+  return {given_, card_->neverAgain() != nullptr && card_->neverAgain()->isChecked()};
+}
+
+void MessageWindow::answer(std::size_t key) {
+  given_ = answers_[key];
+  accept();
+}
+
+void MessageWindow::reject() { answer(answers_.size() - 1); }
+
+void MessageWindow::countDown() {
+  const double left = seconds_ - static_cast<double>(since_.elapsed()) / 1000;
+  if (left <= 0) return answer(0);
+  card_->setCountdown(
+      tr("%1 in %2 s").arg(card_->keys().front()->text().remove('&')).arg(static_cast<int>(std::ceil(left))));
+}
+
+void MessageWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return QGuiApplication::clipboard()->setText(copied_);
+  for (auto* key : card_->keys()) {
+    const bool isPlain = (event->modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
+    if (isPlain && firstLetter(*key).compare(event->text(), Qt::CaseInsensitive) == 0) return key->click();
+  }
+  QDialog::keyPressEvent(event);
+}
+
+void MessageWindow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (card_->geometry() != rect()) drawShadow(painter, card_->geometry(), MessageCard::kRadius, kShadow);
+}
+
+void MessageWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (!hasCompositor()) {  // a region cuts the corners then
+    const auto shape = roundRectRegion(width(), height(), 2 * MessageCard::kRadius, 2 * MessageCard::kRadius);
+    ShapedWidget(*this).setShape(&shape);
+  }
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+}  // namespace kvo

@@ -1,0 +1,129 @@
+// The program's boxes, driven as a user drives them.
+#include "windows/message/frm_message_boxes.h"
+#include "windows/message/message_window.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+// Does `act` with the box that is open next.
+void whenShown(const std::function<void(MessageWindow&)>& act) {
+  QTimer::singleShot(0, [act] {
+    auto* window = dynamic_cast<MessageWindow*>(QApplication::activeModalWidget());
+    ASSERT_NE(window, nullptr);
+    act(*window);
+  });
+}
+
+TEST(FrmMessageBoxes, AreAnsweredByKeyboardAndPointer) {
+  using Keys = std::vector<Qt::Key>;
+  struct Row {
+    BoxButtons buttons;
+    Keys keys;
+    Answer answer;
+  };
+  const Row rows[] = {
+      {BoxButtons::Ok, {Qt::Key_Return}, Answer::Ok},
+      {BoxButtons::Ok, {Qt::Key_Escape}, Answer::Ok},
+      {BoxButtons::OkCancel, {Qt::Key_Space}, Answer::Ok},
+      {BoxButtons::OkCancel, {Qt::Key_Escape}, Answer::Cancel},
+      {BoxButtons::YesNo, {Qt::Key_Enter}, Answer::Yes},
+      {BoxButtons::YesNo, {Qt::Key_Escape}, Answer::No},
+      {BoxButtons::YesNo, {Qt::Key_N}, Answer::No},
+      {BoxButtons::YesNo, {Qt::Key_Q, Qt::Key_Tab, Qt::Key_Return}, Answer::No},
+      {BoxButtons::YesNoCancel, {Qt::Key_Right, Qt::Key_Right, Qt::Key_Space}, Answer::Cancel},
+      {BoxButtons::YesNoCancel, {Qt::Key_Escape}, Answer::Cancel},
+      {BoxButtons::YesNoCancel, {}, Answer::Cancel},  // by the cross
+  };
+  FrmMessageBoxes boxes;
+  for (const auto& row : rows) {
+    whenShown([&](MessageWindow& window) {
+      for (const auto key : row.keys) QTest::keyClick(window.focusWidget(), key);
+      if (row.keys.empty()) window.findChild<QToolButton*>()->click();
+    });
+    EXPECT_EQ(boxes.show({"Caption", "Text", row.buttons}), row.answer)
+        << static_cast<int>(row.buttons) << testing::PrintToString(row.keys);
+  }
+}
+
+TEST(FrmMessageBoxes, ShowTheirTextsAndAreReadAloud) {
+  FrmMessageBoxes boxes;
+  whenShown([&](MessageWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "KVO - Caption");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Description),
+              "One of /two  three");
+    QStringList names;
+    for (auto* part : window.findChildren<QWidget*>()) {
+      const auto name = QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
+      if (part->focusPolicy() & Qt::TabFocus) EXPECT_FALSE(name.isEmpty()) << part->metaObject()->className();
+      names << name;
+    }
+    for (const auto* text : {"KVO - Caption", "Error", "One of /two", "three", "Replace", "No", "Close"})
+      EXPECT_TRUE(names.contains(text)) << text;
+    window.close();
+  });
+  boxes.show({.caption = "KVO - Caption",
+              .text = "One of /two\r\n\r\nthree\r\n",
+              .buttons = BoxButtons::YesNo,
+              .icon = BoxIcon::Critical,
+              .renamed = {{"Yes", "Replace"}}});
+}
+
+TEST(FrmMessageBoxes, FitTheScreenWhateverIsTold) {
+  std::string text = std::string(300, 'x') + "\r\n";
+  for (int i = 0; i < 200; ++i) text += "/srv/" + std::string(90, 'a') + "/clip.avi is missing\r\n";
+  FrmMessageBoxes boxes;
+  whenShown([&](MessageWindow& window) {
+    const auto* card = window.findChild<MessageCard*>();
+    EXPECT_EQ(card->width(), 470);
+    EXPECT_LE(window.height(), 700);
+    for (const auto* label : card->findChildren<QLabel*>())
+      EXPECT_LE(label->width(), card->width()) << label->text().toStdString();
+    window.close();
+  });
+  boxes.show({"Caption", text});
+}
+
+TEST(FrmMessageBoxes, OfferNotToBeShownAgain) {
+  FrmMessageBoxes boxes;
+  for (const bool offers : {true, false}) {
+    whenShown([&](MessageWindow& window) {
+      auto* box = window.findChild<QCheckBox*>();
+      ASSERT_EQ(box != nullptr, offers);
+      if (offers) QTest::keyClick(box, Qt::Key_Space);
+      QTest::keyClick(&window, Qt::Key_Return);
+    });
+    const auto answer = boxes.showStyled({"Tip", "A tip", "Click OK to continue", true, offers});
+    EXPECT_EQ(answer.answer, Answer::Yes);
+    EXPECT_EQ(answer.neverAgain, offers);
+  }
+}
+
+TEST(FrmMessageBoxes, AnswerThemselvesInTime) {
+  FrmMessageBoxes boxes;
+  QString told;
+  whenShown([&](MessageWindow& window) {
+    for (const auto* label : window.findChildren<QLabel*>()) told += label->text() + "|";
+  });
+  Box box{"Caption", "Text", BoxButtons::YesNo};
+  box.seconds = 0.3;
+  QElapsedTimer clock;
+  clock.start();
+  EXPECT_EQ(boxes.show(box), Answer::Yes);
+  EXPECT_GE(clock.elapsed(), 300);
+  EXPECT_TRUE(told.contains("Yes in 1 s")) << told.toStdString();
+}
+
+}  // namespace
+}  // namespace kvo
