@@ -20,8 +20,9 @@ FreedReply<Reply> freed(Reply* reply) {
 }  // namespace
 
 bool hasCompositor() {
+  if (QGuiApplication::platformName() != "xcb") return true;  // only X11 does without
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr) return true;  // only X11 does without
+  if (x11 == nullptr) return false;
   auto* const server = x11->connection();
   const std::string name = "_NET_WM_CM_S0";  // of whom the compositor of the first screen is the owner
   const auto atom = freed(xcb_intern_atom_reply(

@@ -20,11 +20,11 @@ namespace {
 constexpr int kCardWidth = 470;
 constexpr int kEdge = 5;
 constexpr int kHead = 42;  // height of the caption with the line below it
-constexpr int kLeft = 24;
-constexpr int kRight = 20;
+constexpr int kBodyLeft = 24;
+constexpr int kBodyRight = 20;
 constexpr int kDisc = 38;
 constexpr int kBesideDisc = 17;
-constexpr int kTextWidth = kCardWidth - kLeft - kDisc - kBesideDisc - kRight;
+constexpr int kTextWidth = kCardWidth - kBodyLeft - kDisc - kBesideDisc - kBodyRight;
 constexpr int kMostTextHeight = 420;  // what is longer scrolls: the card fits a screen of 768 pixels
 constexpr int kKeyWidth = 80;
 constexpr int kKeyHeight = 30;
@@ -116,7 +116,7 @@ MessageCard::MessageCard(const MessageFace& face, QWidget* parent)
     : QFrame(parent), sign_(face.sign), closeKey_(made<QToolButton>(this)) {
   setFixedWidth(kCardWidth);
   auto* column = made<QVBoxLayout>(this);
-  column->setContentsMargins(kLeft, 0, kRight, 18);
+  column->setContentsMargins(kBodyLeft, 0, kBodyRight, 18);
   column->setSpacing(0);
   auto* caption = made<QLabel>(face.caption, this);
   caption->setTextFormat(Qt::PlainText);

@@ -11,7 +11,7 @@
 namespace kvo {
 namespace {
 
-constexpr double kLeft = -100.0 / 15;  // pixels at size 1
+constexpr double kSkinLeft = -100.0 / 15;  // pixels at size 1
 
 void setTriple(KVOBut& key, const std::string& buttonPath, const std::string& stem, double interfaceSize) {
   const auto picture = [&](const char* state) {
@@ -55,7 +55,7 @@ void SkinFace::PaintPicture(QPainter& painter, const std::string& path) {
     path_ = path;
     face_ = QPixmap(size_.device());
     face_.fill(toColour(token("ink1")));
-    const int left = qRound(kLeft * size_.scale());
+    const int left = qRound(kSkinLeft * size_.scale());
     QPainter ground(&face_);
     ground.drawImage(left, 0, img_Strecher_);
     ground.drawImage(face_.width() + left, 0,

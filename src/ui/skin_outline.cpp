@@ -28,44 +28,60 @@ QImage insideOf(const QImage& mask) {
   return inside;
 }
 
-// Each pixel is made from itself and its two neighbours, once along the rows and once along the columns; what
-// is asked for beyond the picture is `beyond` of the nearest pixel.
-template <class Beyond, class Mix>
-QImage fromNeighbours(const QImage& picture, const Beyond& beyond, const Mix& mix) {
-  const int w = picture.width(), h = picture.height();
-  QImage across(picture.size(), picture.format()), both(picture.size(), picture.format());
-  for (int y = 0; y < h; ++y) {
-    const auto* from = picture.constScanLine(y);
-    auto* to = across.scanLine(y);
-    for (int x = 0; x < w; ++x) {
-      to[x] = mix(x > 0 ? from[x - 1] : beyond(from[x]), from[x], x + 1 < w ? from[x + 1] : beyond(from[x]));
-    }
-  }
-  for (int y = 0; y < h; ++y) {
-    const auto* middle = across.constScanLine(y);
-    const auto* above = y > 0 ? across.constScanLine(y - 1) : nullptr;
-    const auto* below = y + 1 < h ? across.constScanLine(y + 1) : nullptr;
-    auto* to = both.scanLine(y);
-    for (int x = 0; x < w; ++x) {
-      to[x] = mix(above != nullptr ? above[x] : beyond(middle[x]), middle[x],
-                  below != nullptr ? below[x] : beyond(middle[x]));
-    }
-  }
-  return both;
-}
+// A picture of one byte a pixel, read at places that need not be in it.
+class Mask {
+ public:
+  // Beyond the picture its nearest pixel goes on, or there is nothing.
+  enum class Beyond { Same, Nothing };
 
-// Straight edges of the window stay sharp.
+  Mask(const QImage& picture, Beyond beyond) : picture_(picture), beyond_(beyond) {}
+
+  [[nodiscard]] int at(int x, int y) const {
+    if (beyond_ == Beyond::Nothing && !picture_.valid(x, y)) return 0;
+    return picture_.constScanLine(
+        std::clamp(y, 0, picture_.height() - 1))[std::clamp(x, 0, picture_.width() - 1)];
+  }
+
+  // Each pixel by its place.
+  template <class Made>
+  [[nodiscard]] QImage made(const Made& pixel) const {
+    QImage out(picture_.size(), picture_.format());
+    for (int y = 0; y < out.height(); ++y) {
+      auto* row = out.scanLine(y);
+      for (int x = 0; x < out.width(); ++x) row[x] = static_cast<uchar>(pixel(x, y));
+    }
+    return out;
+  }
+
+ private:
+  const QImage& picture_;
+  Beyond beyond_;
+};
+
+// The steps of a slanting edge become soft; a straight edge stays sharp.
 QImage softened(const QImage& inside) {
-  const auto mean = [](int a, int b, int c) { return static_cast<uchar>((a + b + c) / 3); };
-  return fromNeighbours(
-      inside, [](uchar pixel) { return pixel; }, mean);
+  const Mask mask(inside, Mask::Beyond::Same);
+  return mask.made([&](int x, int y) {
+    const int here = mask.at(x, y);
+    const bool isLevel = mask.at(x - 1, y) == here && mask.at(x + 1, y) == here;
+    const bool isUpright = mask.at(x, y - 1) == here && mask.at(x, y + 1) == here;
+    if (isLevel || isUpright) return here;
+    int sum = 0;
+    for (int dy = -1; dy <= 1; ++dy) {
+      for (int dx = -1; dx <= 1; ++dx) sum += mask.at(x + dx, y + dy);
+    }
+    return sum / 9;
+  });
 }
 
 QImage shrunk(QImage inside, int pixels) {
-  const auto least = [](uchar a, uchar b, uchar c) { return std::min({a, b, c}); };
-  for (; pixels > 0; --pixels)
-    inside = fromNeighbours(
-        inside, [](uchar) { return uchar{0}; }, least);
+  for (; pixels > 0; --pixels) {
+    const Mask mask(inside, Mask::Beyond::Nothing);
+    inside = mask.made([&](int x, int y) {
+      return std::min(
+          {mask.at(x, y), mask.at(x - 1, y), mask.at(x + 1, y), mask.at(x, y - 1), mask.at(x, y + 1)});
+    });
+  }
   return inside;
 }
 

@@ -9,10 +9,8 @@ namespace {
 
 struct SkinsBench : test::ProgramBench {
   SkinsBench() {
-    for (const auto* name : {"/prog/Skins", "/prog/Skins/blue.bmp", "/prog/Skins/Plastique.bmp",
-                             "/prog/Skins/snakesk.jpg", "/prog/Skins/SkinMask.bmp", "/u/mine.png"}) {
+    for (const auto* name : {"/prog/Skins", "/prog/Skins/snakesk.jpg", "/u/mine.png"})
       files.all[name] = "picture";
-    }
     files.all["/u/broken.wmf"] = "?";
   }
   [[nodiscard]] const SkinState& skin() const { return window.skin; }

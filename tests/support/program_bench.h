@@ -50,6 +50,11 @@ class PlainIntake : public ClipIntake {
 
 /// The program without its window: everything that start-up and the File menu touch.
 struct ProgramBench : StoreBench {
+  ProgramBench() {
+    for (const auto* name : {"/prog/Skins/blue.bmp", "/prog/Skins/Plastique.bmp", "/prog/Skins/SkinMask.bmp"})
+      files.all[name] = "picture";
+  }
+
   VirtualLoop loop;
   MemoryStore store;
   MemoryHandover handover;

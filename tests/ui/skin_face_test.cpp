@@ -6,10 +6,11 @@
 #include "support/real_world.h"
 #include "ui/image_list.h"
 #include "ui/logo.h"
+#include "ui/tokens.h"
 
 #include <QPainter>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 
 #include <gtest/gtest.h>
 
