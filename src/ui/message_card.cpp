@@ -26,9 +26,10 @@ constexpr int kDisc = 38;
 constexpr int kBesideDisc = 17;
 constexpr int kTextWidth = kCardWidth - kBodyLeft - kDisc - kBesideDisc - kBodyRight;
 constexpr int kMostTextHeight = 420;  // what is longer scrolls: the card fits a screen of 768 pixels
-constexpr int kKeyWidth = 80;
-constexpr int kKeyHeight = 30;
+constexpr int kLeastKeyWidth = 80;
+constexpr int kFootKeyHeight = 30;
 constexpr int kLineHeight = 20;
+constexpr int kMarkRoom = 4;           // left of the mark of a check box, for its ring
 constexpr qsizetype kLongestRun = 40;  // characters without a place to break the line
 
 struct Sign {
@@ -101,9 +102,10 @@ QString breakable(const QString& text) {
 }
 
 QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
-  auto* line = made<QLabel>(breakable(text), parent);
+  const auto html = QString("<p style=\"margin: 0; white-space: pre-wrap; line-height: %1px\">%2</p>");
+  auto* line = made<QLabel>(html.arg(kLineHeight).arg(breakable(text).toHtmlEscaped()), parent);
   line->setAccessibleName(text);
-  line->setTextFormat(Qt::PlainText);
+  line->setTextFormat(Qt::RichText);
   line->setWordWrap(true);
   line->setMinimumHeight(kLineHeight);
   line->setStyleSheet(QString("font-size: %1px; color: %2").arg(pixels).arg(toColour(colour).name()));
@@ -168,6 +170,7 @@ QLayout* MessageCard::makeFoot(const MessageFace& face) {
   foot->setSpacing(12);
   if (!face.neverAgain.isEmpty()) {
     neverAgain_ = made<QCheckBox>(face.neverAgain, this);
+    foot->addSpacing(-kMarkRoom);  // its mark begins where the text above does
     foot->addWidget(neverAgain_);
   }
   countdown_ = made<QLabel>(this);
@@ -176,8 +179,8 @@ QLayout* MessageCard::makeFoot(const MessageFace& face) {
   foot->addStretch();
   for (const auto& text : face.keys) {
     auto* key = made<QPushButton>(text, this);
-    key->setMinimumWidth(kKeyWidth);
-    key->setFixedHeight(kKeyHeight);
+    key->setMinimumWidth(kLeastKeyWidth);
+    key->setFixedHeight(kFootKeyHeight);
     if (keys_.empty()) key->setProperty("kind", "primary");
     foot->addWidget(key);
     keys_.push_back(key);

@@ -92,7 +92,7 @@ double lightAt(double height) {
   return kAtBend + (kFoot - kAtBend) * (height - kBend) / (1 - kBend);
 }
 
-QImage rimOf(const QImage& inside, int width) {
+QImage rimAlong(const QImage& inside, int width) {
   constexpr double kDark = 0.75;
   const auto within = shrunk(inside, width);
   const auto core = softened(shrunk(within, width));
@@ -133,7 +133,7 @@ Outcome SkinOutline::read() {
     return Error{"cannot shape the window by the mask " + path_ + ": all of it is black"};
   }
   const auto inside = insideOf(stretchedMask(*mask, size_.device()));
-  rim_ = rimOf(inside, std::max(1, qRound(size_.scale())));
+  rim_ = rimAlong(inside, std::max(1, qRound(size_.scale())));
   inside_ = softened(inside);
   rim_.setDevicePixelRatio(size_.pixelRatio);
   inside_.setDevicePixelRatio(size_.pixelRatio);

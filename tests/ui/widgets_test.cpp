@@ -196,7 +196,7 @@ TEST(MessageCard, HasTheTextsAndKeysThatItWasGiven) {
   const MessageCard card(
       {MessageSign::Error, "Head", {"One <b>", "Two"}, "Prompt", "Never again", {"Yes", "No"}});
   QStringList texts;
-  for (const auto* label : card.findChildren<QLabel*>()) texts += label->text();
+  for (const auto* label : card.findChildren<QLabel*>()) texts << label->text() << label->accessibleName();
   for (const auto* text : {"Head", "One <b>", "Two", "Prompt"}) EXPECT_TRUE(texts.contains(text)) << text;
   ASSERT_EQ(card.keys().size(), 2U);
   EXPECT_EQ(card.keys()[0]->property("kind"), "primary");
