@@ -16,6 +16,7 @@ extern "C" {
 
 #include <array>
 #include <memory>
+#include <new>
 #include <string>
 
 namespace kvo::media {
@@ -40,6 +41,13 @@ using CodecHandle = std::unique_ptr<AVCodecContext, FreeCodec>;
 using PacketHandle = std::unique_ptr<AVPacket, FreePacket>;
 using ScalerHandle = std::unique_ptr<SwsContext, FreeScaler>;
 using ResamplerHandle = std::unique_ptr<SwrContext, FreeResampler>;
+
+/// Throws std::bad_alloc.
+inline PacketHandle newPacket() {
+  PacketHandle packet(av_packet_alloc());
+  if (!packet) throw std::bad_alloc();
+  return packet;
+}
 
 /// The time of one frame.
 inline AVRational frameTimeOf(const FrameRate& rate) { return {rate.denominator(), rate.numerator()}; }

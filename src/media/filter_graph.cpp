@@ -64,7 +64,6 @@ Outcome FilterGraph::push(const SharedFrame& frame) {
 
 Result<SharedFrame> FilterGraph::pull() {
   auto frame = newFrame();
-  if (!frame) return Error{"out of memory for a picture"};
   const int got = graph_.get_deleter().functions->av_buffersink_get_frame(exit_, frame.get());
   if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return SharedFrame();
   if (got < 0) return ffmpegError("a picture cannot be filtered", got);

@@ -11,9 +11,9 @@ constexpr double kTail = 5;  // seconds ahead of the end that are looked through
 
 // A bare stream has no times: its pictures are counted.
 double countedLength(AVFormatContext& format, const AVStream& stream, double frameRate) {
-  const PacketHandle packet(av_packet_alloc());
+  const auto packet = newPacket();
   double count = 0;
-  while (packet && av_read_frame(&format, packet.get()) >= 0) {
+  while (av_read_frame(&format, packet.get()) >= 0) {
     count += packet->stream_index == stream.index ? 1 : 0;
     av_packet_unref(packet.get());
   }

@@ -99,7 +99,7 @@ struct MovieWriter::State {
   AVStream* video = nullptr;
   AVStream* audio = nullptr;
   AVRational frameTime{1, 25};
-  PacketHandle packet{av_packet_alloc()};
+  PacketHandle packet = newPacket();
   std::int64_t samples = 0;  // time of the next one
   std::int64_t early = 0;    // the stamp of the next packet ahead of the movie, while there are any
   std::int64_t framesGiven = 0;
@@ -237,7 +237,7 @@ struct MovieWriter::State {
     frame->ch_layout = AV_CHANNEL_LAYOUT_STEREO;
     frame->sample_rate = kSampleRate;
     frame->pts = samples;
-    if (av_frame_get_buffer(frame.get(), 0) < 0) return failure("cannot encode", AVERROR(ENOMEM));
+    if (av_frame_get_buffer(frame.get(), 0) < 0) throw std::bad_alloc();
     if (audioEncoder->sample_fmt == AV_SAMPLE_FMT_S16) {
       auto* out = reinterpret_cast<std::int16_t*>(frame->data[0]);
       std::transform(part.begin(), part.end(), out, [](float s) {

@@ -23,7 +23,7 @@ Picture oriented(const Picture& picture, const Orientation& turn) {
   const int width = turn.swapsSides ? picture.height() : picture.width();
   const int height = turn.swapsSides ? picture.width() : picture.height();
   auto out = picture.hasAlpha() ? Canvas::makeWithAlpha(width, height) : Canvas::make(width, height);
-  for (int plane = 0; out && plane < out.planes(); ++plane) {
+  for (int plane = 0; plane < out.planes(); ++plane) {
     const int columns = out.width(plane);
     const int rows = out.height(plane);
     for (int y = 0; y < rows; ++y) {

@@ -3,6 +3,7 @@
 #include "media/ffmpeg.h"
 
 #include <algorithm>
+#include <new>
 
 namespace kvo::media {
 namespace {
@@ -16,14 +17,16 @@ void copyPlane(const Planes& from, Canvas& to, int plane) {
 }
 
 Canvas allBlack(Canvas canvas) {
-  for (int plane = 0; canvas && plane < canvas.planes(); ++plane) canvas.fill(plane, Planes::blackOf(plane));
+  for (int plane = 0; plane < canvas.planes(); ++plane) canvas.fill(plane, Planes::blackOf(plane));
   return canvas;
 }
 
 }  // namespace
 
 SharedFrame newFrame() {
-  return {av_frame_alloc(), [](AVFrame* frame) { av_frame_free(&frame); }};
+  auto* frame = av_frame_alloc();
+  if (frame == nullptr) throw std::bad_alloc();
+  return {frame, [](AVFrame* mine) { av_frame_free(&mine); }};
 }
 
 int Planes::width() const { return frame_->width; }
@@ -34,14 +37,16 @@ const std::uint8_t* Planes::row(int plane, int y) const {
   return frame_->data[plane] + static_cast<std::ptrdiff_t>(y) * frame_->linesize[plane];
 }
 
-Canvas Canvas::make(int width, int height, int format) {
+SharedFrame newFrame(int format, int width, int height) {
   auto frame = newFrame();
-  if (!frame) return {};
   frame->format = format;
   frame->width = width;
   frame->height = height;
-  return av_frame_get_buffer(frame.get(), kAlignment) < 0 ? Canvas() : Canvas(std::move(frame));
+  if (av_frame_get_buffer(frame.get(), kAlignment) < 0) throw std::bad_alloc();
+  return frame;
 }
+
+Canvas Canvas::make(int width, int height, int format) { return Canvas(newFrame(format, width, height)); }
 
 Canvas Canvas::make(int width, int height) { return make(width, height, AV_PIX_FMT_YUV420P); }
 Canvas Canvas::makeWithAlpha(int width, int height) { return make(width, height, AV_PIX_FMT_YUVA420P); }
@@ -62,15 +67,15 @@ void Canvas::fill(int plane, std::uint8_t value) {
 
 Canvas copyOf(const Planes& picture) {
   auto copy = Canvas::makeLike(picture);
-  for (int plane = 0; copy && plane < copy.planes(); ++plane) copyPlane(picture, copy, plane);
+  for (int plane = 0; plane < copy.planes(); ++plane) copyPlane(picture, copy, plane);
   return copy;
 }
 
 Canvas copyWithAlpha(const Planes& picture) {
   if (picture.hasAlpha()) return copyOf(picture);
   auto copy = Canvas::makeWithAlpha(picture.width(), picture.height());
-  for (int plane = 0; copy && plane < 3; ++plane) copyPlane(picture, copy, plane);
-  if (copy) copy.fill(3, 255);
+  for (int plane = 0; plane < 3; ++plane) copyPlane(picture, copy, plane);
+  copy.fill(3, 255);
   return copy;
 }
 

@@ -13,7 +13,10 @@ namespace kvo::media {
 /// A frame of FFmpeg's, freed by the last who holds it.
 using SharedFrame = std::shared_ptr<AVFrame>;
 
+/// Throws std::bad_alloc.
 SharedFrame newFrame();
+/// With room for a picture of this AVPixelFormat, its contents undefined. Throws std::bad_alloc.
+SharedFrame newFrame(int format, int width, int height);
 
 /// How a picture takes its place in a frame of another shape.
 enum class Fit {
@@ -58,7 +61,8 @@ class Planes {
   SharedFrame frame_;
 };
 
-/// A picture in the making. Those that make one give an empty canvas when memory is short.
+/// A picture in the making. Those that make one throw std::bad_alloc when memory is short: a picture that
+/// cannot be had ends the whole frame, and is heard where the frame was asked for (`guarded`).
 class Canvas : public Planes {
  public:
   Canvas() = default;
@@ -104,10 +108,10 @@ class Picture : public Planes {
   [[nodiscard]] const AVFrame* frame() const { return frame_.get(); }
 };
 
-/// What was drawn, finished; empty for an empty canvas.
+/// What was drawn, finished.
 inline Picture share(Canvas&& canvas) { return Picture(std::move(canvas)); }
 
-/// A copy to draw on; empty when memory is short.
+/// A copy to draw on.
 Canvas copyOf(const Planes& picture);
 /// As copyOf, with alpha: that of the picture, or one that covers all.
 Canvas copyWithAlpha(const Planes& picture);

@@ -18,13 +18,8 @@ Result<std::string> encodePng(const std::uint8_t* bgr, std::size_t stride, int w
   if (const int opened = avcodec_open2(encoder.get(), codec, nullptr); opened < 0) {
     return ffmpegError("cannot make a PNG", opened);
   }
-  auto frame = newFrame();
-  const PacketHandle packet(av_packet_alloc());
-  if (!frame || !packet) return Error{"out of memory for a picture"};
-  frame->format = AV_PIX_FMT_RGB24;
-  frame->width = width;
-  frame->height = height;
-  if (av_frame_get_buffer(frame.get(), 0) < 0) return Error{"out of memory for a picture"};
+  auto frame = newFrame(AV_PIX_FMT_RGB24, width, height);
+  const auto packet = newPacket();
   for (int y = 0; y < height; ++y) {
     const auto* from = bgr + static_cast<std::size_t>(y) * stride;
     auto* to = frame->data[0] + static_cast<std::ptrdiff_t>(y) * frame->linesize[0];

@@ -141,17 +141,18 @@ SharedFrame middleOf(const SharedFrame& frame, Size crop) {
   const int overHeight = frame->height - crop.height;
   if (overWidth <= 0 && overHeight <= 0) return frame;
   auto part = newFrame();
-  if (!part || av_frame_ref(part.get(), frame.get()) < 0) return nullptr;
+  if (av_frame_ref(part.get(), frame.get()) < 0) throw std::bad_alloc();
   part->crop_left = static_cast<std::size_t>(overWidth / 2) & ~std::size_t{1};
   part->crop_right = static_cast<std::size_t>(overWidth) - part->crop_left;
   part->crop_top = static_cast<std::size_t>(overHeight / 2) & ~std::size_t{1};
   part->crop_bottom = static_cast<std::size_t>(overHeight) - part->crop_top;
-  return av_frame_apply_cropping(part.get(), AV_FRAME_CROP_UNALIGNED) < 0 ? nullptr : part;
+  av_frame_apply_cropping(part.get(), AV_FRAME_CROP_UNALIGNED);  // refuses only a cut beyond the frame
+  return part;
 }
 
 Canvas halved(const AVFrame& frame) {
   auto out = Canvas::make(frame.width / 2, frame.height / 2);
-  for (int plane = 0; out && plane < 3; ++plane) {
+  for (int plane = 0; plane < 3; ++plane) {
     for (int y = 0; y < out.height(plane); ++y) {
       const auto* upper = frame.data[plane] + static_cast<std::ptrdiff_t>(2 * y) * frame.linesize[plane];
       halveRows(upper, upper + frame.linesize[plane], out.row(plane, y),
@@ -203,7 +204,7 @@ bool coversAll(const Planes& picture) {
 
 Canvas withoutAlpha(const Planes& picture) {
   auto plain = Canvas::make(picture.width(), picture.height());
-  if (plain) copyInto(plain, picture);
+  copyInto(plain, picture);
   return plain;
 }
 
@@ -247,8 +248,6 @@ Outcome convert(SwsContext& scaler, const AVFrame& from, AVFrame& to) {
   return {};
 }
 
-const Error kNoMemory{"out of memory for a picture"};
-
 }  // namespace
 
 Result<Canvas> Scaler::State::scaled(const AVFrame& part, Conversion wanted) {
@@ -257,7 +256,6 @@ Result<Canvas> Scaler::State::scaled(const AVFrame& part, Conversion wanted) {
     return ready.error();
   auto made = wanted.made == AV_PIX_FMT_YUVA420P ? Canvas::makeWithAlpha(wanted.to.width, wanted.to.height)
                                                  : Canvas::make(wanted.to.width, wanted.to.height);
-  if (!made) return kNoMemory;
   if (auto done = convert(*scaler, part, made.frame()); !done) return done.error();
   return made;
 }
@@ -267,12 +265,7 @@ Result<SharedFrame> Scaler::State::premultiplied(const AVFrame& frame, Conversio
   wanted.from = wanted.to = {frame.width, frame.height};
   wanted.made = AV_PIX_FMT_BGRA;
   if (auto ready = prepare(plainScaler, plainConversion, wanted, Matrix::Bt601); !ready) return ready.error();
-  auto plain = newFrame();
-  if (!plain) return kNoMemory;
-  plain->format = AV_PIX_FMT_BGRA;
-  plain->width = frame.width;
-  plain->height = frame.height;
-  if (av_frame_get_buffer(plain.get(), 64) < 0) return kNoMemory;
+  auto plain = newFrame(AV_PIX_FMT_BGRA, frame.width, frame.height);
   if (auto done = convert(*plainScaler, frame, *plain); !done) return done.error();
   premultiply(*plain);
   return plain;
@@ -281,7 +274,6 @@ Result<SharedFrame> Scaler::State::premultiplied(const AVFrame& frame, Conversio
 // Brought down at the size that it is shown at, and then placed like any other.
 Result<Picture> Scaler::State::placeHighRange(const SharedFrame& frame, const Placing& placing) {
   const auto part = middleOf(frame, placing.crop);
-  if (!part) return kNoMemory;
   auto mapped = toneMap.map(part, placing.to.width, placing.to.height);
   if (!mapped) return mapped.error();
   (*mapped)->sample_aspect_ratio = {1, 1};
@@ -306,13 +298,12 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
     const bool changes = wanted.weights == coefficientsOf(otherThan(working));
     if ((sameColours || changes) && frame->width == 2 * canvas.width && frame->height == 2 * canvas.height) {
       auto half = halved(*frame);
-      if (half && changes) reweigh(half, otherThan(working));
-      return half ? Result<Picture>(share(std::move(half))) : Result<Picture>(kNoMemory);
+      if (changes) reweigh(half, otherThan(working));
+      return share(std::move(half));
     }
   }
 
   auto part = middleOf(frame, placing.crop);
-  if (!part) return kNoMemory;
   const bool alpha = mayHaveAlpha(wanted.format);
   if (alpha) {
     auto weighed = premultiplied(*part, wanted);
@@ -327,11 +318,9 @@ Result<Picture> Scaler::State::placeUpright(const SharedFrame& frame, Fit fit) {
   auto picture = std::move(*made);
   const bool opaque = !alpha || coversAll(picture);
   if (alpha && opaque) picture = withoutAlpha(picture);
-  if (!picture) return kNoMemory;
   if (wanted.to == canvas) return share(std::move(picture));
   auto whole =
       opaque ? Canvas::black(canvas.width, canvas.height) : Canvas::clear(canvas.width, canvas.height);
-  if (!whole) return kNoMemory;
   copyInto(whole, picture);
   return share(std::move(whole));
 }
@@ -353,8 +342,7 @@ Result<Picture> Scaler::place(const SharedFrame& frame, Fit fit) {
   auto lying = s.placeUpright(frame, fit);
   s.canvas = upright;
   if (!lying) return lying;
-  auto turned = oriented(*lying, turn);
-  return turned ? Result<Picture>(std::move(turned)) : Result<Picture>(kNoMemory);
+  return oriented(*lying, turn);
 }
 
 }  // namespace kvo::media

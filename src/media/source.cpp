@@ -42,7 +42,6 @@ Result<Source> Source::open(const std::string& path, AVMediaType kind, const cha
 
 Result<SharedFrame> Source::next(const Watch& watch) {
   auto frame = newFrame();
-  if (!frame || !packet_) return Error{"out of memory for a frame of " + path_};
   for (;;) {
     const int got = avcodec_receive_frame(decoder_.get(), frame.get());
     if (got >= 0) return frame;
@@ -124,9 +123,9 @@ double lastPacketEnd(AVFormatContext& format, const AVStream& stream, double fro
   const double unit = av_q2d(stream.time_base);
   const auto at = static_cast<std::int64_t>(from / unit);
   if (avformat_seek_file(&format, stream.index, INT64_MIN, at, at, AVSEEK_FLAG_BACKWARD) < 0) return 0;
-  const PacketHandle packet(av_packet_alloc());
+  const auto packet = newPacket();
   double end = 0;
-  while (packet && av_read_frame(&format, packet.get()) >= 0) {
+  while (av_read_frame(&format, packet.get()) >= 0) {
     const auto time = packet->pts == AV_NOPTS_VALUE ? packet->dts : packet->pts;
     if (packet->stream_index == stream.index && time != AV_NOPTS_VALUE)
       end = std::max(end, static_cast<double>(time + packet->duration) * unit);

@@ -50,7 +50,7 @@ class Source {
   std::string path_;
   FormatHandle format_;
   CodecHandle decoder_;
-  PacketHandle packet_{av_packet_alloc()};
+  PacketHandle packet_ = newPacket();
   int index_ = 0;       // of the stream
   int readErrors_ = 0;  // in a row
 };

@@ -17,10 +17,6 @@ struct FreePool {
   void operator()(AVBufferPool* p) const { av_buffer_pool_uninit(&p); }
 };
 
-std::shared_ptr<AVPacket> newPacket() {
-  return {av_packet_alloc(), [](AVPacket* packet) { av_packet_free(&packet); }};
-}
-
 AVPixelFormat rawFormat(int bitDepth) {
   return bitDepth == 16 ? AV_PIX_FMT_RGB555LE : bitDepth == 32 ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR24;
 }
@@ -82,9 +78,7 @@ struct VideoEncoder::State {
   Result<EncodedFrame> encode(const Picture& picture, std::int64_t number) {
     const auto frame = newFrame();
     auto packet = newPacket();
-    if (!frame || !packet || av_frame_ref(frame.get(), picture.frame()) < 0) {
-      return failure(AVERROR(ENOMEM));
-    }
+    if (av_frame_ref(frame.get(), picture.frame()) < 0) throw std::bad_alloc();
     frame->width = format.width;
     frame->height = format.height;
     frame->pts = number;
@@ -123,8 +117,8 @@ struct VideoEncoder::State {
 
   Result<EncodedFrame> encodeRaw(const Picture& picture, std::int64_t number) {
     auto packet = newPacket();
-    if (packet) packet->buf = av_buffer_pool_get(rawPool.get());
-    if (!packet || packet->buf == nullptr) return failure(AVERROR(ENOMEM));
+    packet->buf = av_buffer_pool_get(rawPool.get());
+    if (packet->buf == nullptr) throw std::bad_alloc();
     packet->data = packet->buf->data;
     packet->size = static_cast<int>(rawStride) * format.height;
     for (int y = 0; y < format.height; ++y) {

@@ -1,6 +1,7 @@
 // Drawing of one picture into another, to the sample.
 #include "engine/picture/drawing.h"
 
+#include "base/guarded.h"
 #include "support/pictures.h"
 
 #include <algorithm>
@@ -65,6 +66,14 @@ TEST(Drawing, ChromaIsCoveredAsItsFourPixelsAre) {
       }
     }
   }
+}
+
+TEST(Pictures, OneThatCannotBeHadIsAnErrorInEachRoadOfAFrame) {
+  const auto outcome = guarded([]() -> Result<media::Picture> {
+    return share(copyOf(media::Canvas::makeWithAlpha(1 << 20, 1 << 20)));
+  });
+  ASSERT_FALSE(outcome);
+  EXPECT_EQ(outcome.error().text, "out of memory");
 }
 
 }  // namespace

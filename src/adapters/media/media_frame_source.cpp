@@ -1,5 +1,6 @@
 #include "adapters/media/media_frame_source.h"
 
+#include "base/guarded.h"
 #include "media/media_facts.h"
 
 #include <system_error>
@@ -12,7 +13,7 @@ Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
   const Stamp stamp{failed ? 0 : size, std::filesystem::last_write_time(path, failed)};
   const auto found = known_.find(path);
   if (!failed && found != known_.end() && found->second.stamp == stamp) return found->second.facts;
-  auto facts = media::readFacts(path);
+  auto facts = guarded([&] { return media::readFacts(path); });
   if (facts && !failed) known_.insert_or_assign(path, Known{stamp, *facts});
   return facts;
 }

@@ -79,7 +79,6 @@ Picture moveInSpace(const Params& params, const Picture& picture, const EffectMo
   if (isInPlace(motion.corners, picture)) return picture;
   auto out = media::Canvas::clear(picture.width(), picture.height());
   const auto shown = withAlpha(picture);
-  if (!out || !shown) return {};
   if (motion.back && !params.flag("showaback")) return share(std::move(out));
   drawTurned(shown, wholeOf(shown), motion.corners, {1, motion.back ? 0.8 : 1.0}, out);
   return share(std::move(out));

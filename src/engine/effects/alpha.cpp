@@ -37,7 +37,6 @@ DrawEffect makeAlpha(const Params& params, int /*width*/, int /*height*/) {
         style == 0 ? first : params.number("finishopacity", moment.time, 0, 0, 100) * 255 / 100;
     if (first >= 255 && last >= 255) return picture;
     auto out = copyWithAlpha(picture);
-    if (!out) return media::Picture();
     std::vector<std::uint8_t> shares(static_cast<std::size_t>(out.width()));
     for (int plane = 0; plane < out.planes(); ++plane) {
       const int width = out.width(plane);

@@ -38,7 +38,6 @@ void takeColoursOut(Canvas& picture) {
 Canvas turnedByQuarters(const Picture& picture, int quarters) {
   auto out = picture.hasAlpha() ? Canvas::clear(picture.width(), picture.height())
                                 : Canvas::black(picture.width(), picture.height());
-  if (!out) return out;
   if (quarters == 2) {
     for (int plane = 0; plane < out.planes(); ++plane)
       cv::flip(planeOf(picture, plane), planeOf(out, plane), -1);
@@ -69,13 +68,11 @@ DrawEffect makeBasicImage(const Params& params, int /*width*/, int /*height*/) {
   const int quarters = static_cast<int>(params.number("rotation", 0, 0, 0, 1e6)) % 4;
   return [=](const Picture& picture, const EffectMoment& /*moment*/) {
     auto out = copyOf(picture);
-    if (!out) return Picture();
     if (mirror) {
       for (int plane = 0; plane < out.planes(); ++plane)
         cv::flip(planeOf(picture, plane), planeOf(out, plane), 1);
     }
     if (quarters != 0) out = turnedByQuarters(share(std::move(out)), quarters);
-    if (!out) return Picture();
     if (invert) negate(out);
     if (xray) negate(out);
     if (xray || grey) takeColoursOut(out);

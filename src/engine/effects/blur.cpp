@@ -31,7 +31,7 @@ DrawEffect makeBlur(const Params& params, int /*width*/, int /*height*/) {
     const double radius = params.number("pixelradius", moment.time, 0, 0, 100);
     if (radius < 0.25) return picture;
     auto out = media::Canvas::makeLike(picture);
-    for (int plane = 0; out && plane < out.planes(); ++plane) {
+    for (int plane = 0; plane < out.planes(); ++plane) {
       blurPlane(planeOf(picture, plane), planeOf(out, plane),
                 media::Picture::isChroma(plane) ? radius / 2 : radius);
     }

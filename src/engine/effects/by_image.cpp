@@ -6,7 +6,6 @@ namespace kvo::engine {
 
 media::Canvas byImage(const media::Picture& picture, const std::function<void(cv::Mat& bgr)>& draw) {
   auto out = copyOf(picture);
-  if (!out) return out;
   cv::Mat bgr(picture.height(), picture.width(), CV_8UC3);
   media::toBgr(picture, bgr.data, bgr.step);
   draw(bgr);

@@ -23,7 +23,6 @@ DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
     const double tolerance = params.number("tolerance", moment.time, 20, 0, 100) * 1.8;
     if (tolerance <= 0) return picture;
     auto out = copyWithAlpha(picture);
-    if (!out) return media::Picture();
     std::vector<std::uint8_t> half(static_cast<std::size_t>(out.width(1)));
     std::vector<std::uint8_t> full(static_cast<std::size_t>(out.width()));
     for (int y = 0; y < out.height(1); ++y) {

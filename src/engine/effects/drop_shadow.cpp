@@ -21,7 +21,6 @@ constexpr double kSoftness = 0.4;  // of the longer offset
 Canvas shadowOf(const Picture& picture, double right, double down, const media::YuvColour& colour) {
   auto shadow = Canvas::clear(picture.width(), picture.height());
   auto shape = Canvas::clear(picture.width(), picture.height());
-  if (!shadow || !shape) return {};
   drawMoved(picture, wholeOf(picture), right, down, shape);
   const int side = 2 * static_cast<int>(kSoftness * std::max(std::fabs(right), std::fabs(down))) + 1;
   cv::blur(planeOf(shape, 3), planeOf(shadow, 3), {side, side});
@@ -55,7 +54,6 @@ DrawEffect makeDropShadow(const Params& params, int width, int height) {
     if (!picture.hasAlpha()) {
       auto smaller = Canvas::clear(picture.width(), picture.height());
       const auto opaque = withAlpha(picture);
-      if (!smaller || !opaque) return Picture();
       drawScaled(
           opaque, wholeOf(opaque),
           {std::max(0.0, -right), std::max(0.0, -down), width - std::fabs(right), height - std::fabs(down)},

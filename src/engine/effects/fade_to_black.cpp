@@ -13,7 +13,7 @@ DrawEffect makeFadeToBlack(const Params& /*params*/, int /*width*/, int /*height
     const double left = fade > 0 ? std::clamp((moment.length - moment.time) / fade, 0.0, 1.0) : 1;
     if (left >= 1) return picture;
     auto out = copyOf(picture);
-    for (int plane = 0; out && plane < 3; ++plane) {
+    for (int plane = 0; plane < 3; ++plane) {
       const double black = media::Picture::blackOf(plane);
       auto samples = planeOf(out, plane);
       samples.convertTo(samples, -1, left, black * (1 - left));

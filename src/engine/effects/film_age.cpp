@@ -59,7 +59,6 @@ DrawEffect makeFilmAge(const Params& params, int /*width*/, int height) {
     const double age = params.number("age", moment.time, 0, 0, 100) / 100;
     if (age <= 0) return picture;
     auto out = copyOf(picture);
-    if (!out) return media::Picture();
     const auto towards = [&](int plane, double brown) {
       auto chroma = planeOf(out, plane);
       const double share = std::min(1.0, 1.3 * age);

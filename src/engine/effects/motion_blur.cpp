@@ -15,11 +15,11 @@ DrawEffect makeMotionBlur(const Params& params, int /*width*/, int /*height*/) {
     // From up, clockwise, to from the right, counter-clockwise.
     const double angle = 90 - params.number("direction", moment.time, 0, -3600, 3600);
     auto out = media::Canvas::makeLike(picture);
-    for (int plane = 0; out && plane < out.planes(); ++plane) {
+    for (int plane = 0; plane < out.planes(); ++plane) {
       const double length = media::Picture::isChroma(plane) ? strength / 2 : strength;
       streaks(planeOf(picture, plane), angle, length).copyTo(planeOf(out, plane));
     }
-    if (out && params.number("add", moment.time, 0) > 0.5) {
+    if (params.number("add", moment.time, 0) > 0.5) {
       mixPictures(picture, out, 0.5, out);
     }
     return share(std::move(out));

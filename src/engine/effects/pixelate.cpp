@@ -10,7 +10,7 @@ DrawEffect makePixelateEffect(const Params& params, int width, int /*height*/) {
     const double size = params.number("maxsquare", moment.time, width / 32.0, 0, 512);
     if (size < 2) return picture;
     auto out = copyOf(picture);
-    if (out) makeBlocks(out, size);
+    makeBlocks(out, size);
     return share(std::move(out));
   };
 }

@@ -13,7 +13,6 @@ constexpr double kGrey = 126;
 DrawEffect relief(double raised) {
   return [raised](const media::Picture& picture, const EffectMoment& /*moment*/) {
     auto out = copyOf(picture);
-    if (!out) return media::Picture();
     const cv::Matx33f slope(-1, -1, 0, -1, 0, 1, 0, 1, 1);
     cv::filter2D(planeOf(picture, 0), planeOf(out, 0), CV_8U, cv::Mat(slope) * raised, {-1, -1}, kGrey,
                  cv::BORDER_REPLICATE);

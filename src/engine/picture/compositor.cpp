@@ -11,8 +11,7 @@ Result<media::Picture> Compositor::frame(std::int64_t number) {
   auto seen = stack_.draw(planner_.at(number));
   if (!seen || (*seen && !seen->hasAlpha())) return seen;
   auto shown = share(media::Canvas::black(size_.width, size_.height));
-  if (shown && *seen) shown = layOver(shown, *seen);
-  if (!shown) return Error{"out of memory for a picture"};
+  if (*seen) shown = layOver(shown, *seen);
   return shown;
 }
 

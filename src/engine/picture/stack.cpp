@@ -11,19 +11,13 @@
 #include <tuple>
 
 namespace kvo::engine {
-namespace {
-
 using media::Picture;
-
-const Error kNoMemory{"out of memory for a picture"};
-
-}  // namespace
 
 Picture layOver(const Picture& below, const Picture& above) {
   if (!above.hasAlpha()) return above;
   auto out = media::Canvas::makeLike(below);
   std::vector<std::uint8_t> half(static_cast<std::size_t>(above.width(1)));
-  for (int plane = 0; out && plane < out.planes(); ++plane) {
+  for (int plane = 0; plane < out.planes(); ++plane) {
     for (int y = 0; y < out.height(plane); ++y) {
       const auto* alpha = above.row(3, y);
       if (Picture::isChroma(plane)) {
@@ -124,17 +118,13 @@ Result<Picture> Stack::picture(const PlannedLayer& planned) {
   const auto& clip = *planned.layer;
   for (const auto& effect : planned.effects) {
     *shown = open.effects[effect.number](*shown, {effect.time, clip.stop - clip.start});
-    if (!*shown) return kNoMemory;
   }
   open.drawn = *shown;
   return shown;
 }
 
 Result<Picture> Stack::over(const Picture& below, const PlannedLayer& planned, const Picture& above) {
-  if (planned.transition == nullptr) {
-    auto laid = layOver(below, above);
-    return laid ? Result<Picture>(std::move(laid)) : Result<Picture>(kNoMemory);
-  }
+  if (planned.transition == nullptr) return layOver(below, above);
   const auto& transition = *planned.transition;
   auto& paint = open_.at(planned.number)->painters[&transition];
   if (!paint) {
@@ -147,11 +137,11 @@ Result<Picture> Stack::over(const Picture& below, const PlannedLayer& planned, c
   if (transition.kind->coversAll == nullptr) {
     // What a transition leads to is what is seen behind it: the layer over what lies below.
     if (second.hasAlpha()) second = layOver(first, second);
-    if (second && first.hasAlpha() != second.hasAlpha())
+    if (first.hasAlpha() != second.hasAlpha()) {
       std::tie(first, second) = std::pair(withAlpha(first), withAlpha(second));
+    }
   }
-  auto out = first ? media::Canvas::makeLike(first) : media::Canvas();
-  if (!out || !second) return kNoMemory;
+  auto out = media::Canvas::makeLike(first);
   paint(first, second, {planned.progress, planned.time}, out);
   return share(std::move(out));
 }
@@ -180,7 +170,6 @@ Result<Picture> Stack::draw(const FramePlan& plan) {
       continue;
     }
     if (!result) result = share(media::Canvas::clear(setting_.size.width, setting_.size.height));
-    if (!result) return kNoMemory;
     auto drawn = over(result, *planned, above);
     if (!drawn) return drawn;
     result = std::move(*drawn);

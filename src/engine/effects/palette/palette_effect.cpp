@@ -157,7 +157,7 @@ DrawEffect makePaletteEffect(const Params& params, int /*width*/, int height) {
       if ((row->traits & kDirected) == 0) darkenEdges(bgr, style.angle / 45);
       finish(bgr, source, style);
     });
-    if (out && level < 1) mixPictures(picture, out, level, out);
+    if (level < 1) mixPictures(picture, out, level, out);
     return share(std::move(out));
   };
 }
