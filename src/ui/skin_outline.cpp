@@ -5,6 +5,8 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cstddef>
+#include <vector>
 
 namespace kvo {
 namespace {
@@ -17,69 +19,88 @@ QImage stretchedMask(const QImage& mask, QSize size) {
       .scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
 
-// 255 where the mask is not black.
-QImage insideOf(const QImage& mask) {
-  QImage inside(mask.size(), QImage::Format_Alpha8);
-  for (int y = 0; y < mask.height(); ++y) {
-    const auto* from = reinterpret_cast<const QRgb*>(mask.constScanLine(y));
-    std::transform(from, from + mask.width(), inside.scanLine(y),
-                   [](QRgb pixel) { return (pixel & RGB_MASK) == 0 ? uchar{0} : uchar{255}; });
-  }
-  return inside;
-}
-
-// A picture of one byte a pixel, read at places that need not be in it.
-class Mask {
+// How much of each pixel is inside, 0 to 255; with a border of one pixel about the whole, so that each pixel
+// has neighbours.
+class Coverage {
  public:
-  // Beyond the picture its nearest pixel goes on, or there is nothing.
-  enum class Beyond { Same, Nothing };
+  enum class Beyond { Same, Nothing };  // what the border holds: its nearest pixel, or nothing
 
-  Mask(const QImage& picture, Beyond beyond) : picture_(picture), beyond_(beyond) {}
+  explicit Coverage(QSize size)
+      : width_(size.width() + 2),
+        height_(size.height() + 2),
+        bytes_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_)) {}
 
-  [[nodiscard]] int at(int x, int y) const {
-    if (beyond_ == Beyond::Nothing && !picture_.valid(x, y)) return 0;
-    return picture_.constScanLine(
-        std::clamp(y, 0, picture_.height() - 1))[std::clamp(x, 0, picture_.width() - 1)];
+  // All inside where the mask is not black.
+  explicit Coverage(const QImage& mask) : Coverage(mask.size()) {
+    for (int y = 0; y < mask.height(); ++y) {
+      const auto* from = reinterpret_cast<const QRgb*>(mask.constScanLine(y));
+      std::transform(from, from + mask.width(), row(y),
+                     [](QRgb pixel) { return (pixel & RGB_MASK) == 0 ? uchar{0} : uchar{255}; });
+    }
   }
 
-  // Each pixel by its place.
-  template <class Made>
-  [[nodiscard]] QImage made(const Made& pixel) const {
-    QImage out(picture_.size(), picture_.format());
-    for (int y = 0; y < out.height(); ++y) {
-      auto* row = out.scanLine(y);
-      for (int x = 0; x < out.width(); ++x) row[x] = static_cast<uchar>(pixel(x, y));
+  // Beyond x = 0 to width() - 1 lies the border.
+  [[nodiscard]] uchar* row(int y) { return bytes_.data() + offset(y); }
+  [[nodiscard]] const uchar* row(int y) const { return bytes_.data() + offset(y); }
+  [[nodiscard]] int width() const { return width_ - 2; }
+  [[nodiscard]] int height() const { return height_ - 2; }
+
+  void fillBorder(Beyond beyond) {
+    const auto held = [&](uchar nearest) { return beyond == Beyond::Same ? nearest : uchar{0}; };
+    for (int y = 0; y < height(); ++y) {
+      row(y)[-1] = held(row(y)[0]);
+      row(y)[width()] = held(row(y)[width() - 1]);
+    }
+    std::transform(row(0) - 1, row(0) + width() + 1, row(-1) - 1, held);
+    std::transform(row(height() - 1) - 1, row(height() - 1) + width() + 1, row(height()) - 1, held);
+  }
+
+  // Each pixel by a rule that is given it in three rows, of which it is in the middle one.
+  template <class Rule>
+  [[nodiscard]] Coverage made(const Rule& rule) const {
+    Coverage out(QSize(width(), height()));
+    for (int y = 0; y < height(); ++y) {
+      const auto* above = row(y - 1);
+      const auto* here = row(y);
+      const auto* below = row(y + 1);
+      auto* to = out.row(y);
+      for (int x = 0; x < width(); ++x) to[x] = rule(above + x, here + x, below + x);
     }
     return out;
   }
 
+  [[nodiscard]] QImage image() const {
+    QImage picture(width(), height(), QImage::Format_Alpha8);
+    for (int y = 0; y < height(); ++y) std::copy_n(row(y), width(), picture.scanLine(y));
+    return picture;
+  }
+
  private:
-  const QImage& picture_;
-  Beyond beyond_;
+  [[nodiscard]] std::ptrdiff_t offset(int y) const { return static_cast<std::ptrdiff_t>(y + 1) * width_ + 1; }
+
+  int width_;
+  int height_;
+  std::vector<uchar> bytes_;
 };
 
 // The steps of a slanting edge become soft; a straight edge stays sharp.
-QImage softened(const QImage& inside) {
-  const Mask mask(inside, Mask::Beyond::Same);
-  return mask.made([&](int x, int y) {
-    const int here = mask.at(x, y);
-    const bool isLevel = mask.at(x - 1, y) == here && mask.at(x + 1, y) == here;
-    const bool isUpright = mask.at(x, y - 1) == here && mask.at(x, y + 1) == here;
-    if (isLevel || isUpright) return here;
+Coverage softened(Coverage inside) {
+  inside.fillBorder(Coverage::Beyond::Same);
+  return inside.made([](const uchar* above, const uchar* here, const uchar* below) {
+    const bool isLevel = here[-1] == *here && here[1] == *here;
+    const bool isUpright = *above == *here && *below == *here;
+    if (isLevel || isUpright) return *here;
     int sum = 0;
-    for (int dy = -1; dy <= 1; ++dy) {
-      for (int dx = -1; dx <= 1; ++dx) sum += mask.at(x + dx, y + dy);
-    }
-    return sum / 9;
+    for (const auto* row : {above, here, below}) sum += row[-1] + row[0] + row[1];
+    return static_cast<uchar>(sum / 9);
   });
 }
 
-QImage shrunk(QImage inside, int pixels) {
+Coverage shrunk(Coverage inside, int pixels) {
   for (; pixels > 0; --pixels) {
-    const Mask mask(inside, Mask::Beyond::Nothing);
-    inside = mask.made([&](int x, int y) {
-      return std::min(
-          {mask.at(x, y), mask.at(x - 1, y), mask.at(x + 1, y), mask.at(x, y - 1), mask.at(x, y + 1)});
+    inside.fillBorder(Coverage::Beyond::Nothing);
+    inside = inside.made([](const uchar* above, const uchar* here, const uchar* below) {
+      return std::min({*here, here[-1], here[1], *above, *below});
     });
   }
   return inside;
@@ -92,18 +113,18 @@ double lightAt(double height) {
   return kAtBend + (kFoot - kAtBend) * (height - kBend) / (1 - kBend);
 }
 
-QImage rimAlong(const QImage& inside, int width) {
+QImage rimAlong(const Coverage& inside, int width) {
   constexpr double kDark = 0.75;
   const auto within = shrunk(inside, width);
   const auto core = softened(shrunk(within, width));
   const auto soft = softened(within);
-  QImage rim(inside.size(), QImage::Format_ARGB32_Premultiplied);
+  QImage rim(inside.width(), inside.height(), QImage::Format_ARGB32_Premultiplied);
   for (int y = 0; y < rim.height(); ++y) {
     const double light = lightAt(static_cast<double>(y) / rim.height());
     auto* to = reinterpret_cast<QRgb*>(rim.scanLine(y));
     for (int x = 0; x < rim.width(); ++x) {
-      const int outer = 255 - soft.constScanLine(y)[x];
-      const int inner = std::max(0, soft.constScanLine(y)[x] - core.constScanLine(y)[x]);
+      const int outer = 255 - soft.row(y)[x];
+      const int inner = std::max(0, soft.row(y)[x] - core.row(y)[x]);
       const int white = qRound(light * inner);
       to[x] = qRgba(white, white, white, std::min(255, white + qRound(kDark * outer)));
     }
@@ -132,9 +153,9 @@ Outcome SkinOutline::read() {
     region_.Destroy();
     return Error{"cannot shape the window by the mask " + path_ + ": all of it is black"};
   }
-  const auto inside = insideOf(stretchedMask(*mask, size_.device()));
+  const Coverage inside(stretchedMask(*mask, size_.device()));
   rim_ = rimAlong(inside, std::max(1, qRound(size_.scale())));
-  inside_ = softened(inside);
+  inside_ = softened(inside).image();
   rim_.setDevicePixelRatio(size_.pixelRatio);
   inside_.setDevicePixelRatio(size_.pixelRatio);
   return {};
