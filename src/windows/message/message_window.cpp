@@ -23,7 +23,13 @@ namespace {
 constexpr Shadow kShadow{.down = 14, .soft = 18, .opacity = 0.55};
 constexpr int kTick = 100;  // milliseconds; the seconds that are shown are never late by more
 
-QString firstLetter(const QPushButton& key) { return key.text().remove('&').left(1); }
+// By its first letter, with Alt or without.
+bool isMeant(const QPushButton& key, const QKeyEvent& event) {
+  constexpr auto kMayBeHeld = Qt::ShiftModifier | Qt::AltModifier;
+  const auto letter = key.text().remove('&').left(1).toUpper();
+  return (event.modifiers() & ~kMayBeHeld) == Qt::NoModifier && !letter.isEmpty() &&
+         letter[0].unicode() == event.key();
+}
 
 }  // namespace
 
@@ -80,8 +86,7 @@ void MessageWindow::countDown() {
 void MessageWindow::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return QGuiApplication::clipboard()->setText(copied_);
   for (auto* key : card_->keys()) {
-    const bool isPlain = (event->modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
-    if (isPlain && firstLetter(*key).compare(event->text(), Qt::CaseInsensitive) == 0) return key->click();
+    if (isMeant(*key, *event)) return key->click();
   }
   QDialog::keyPressEvent(event);
 }
