@@ -51,11 +51,9 @@ Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& ship
 
 Result<ReadReport> Session::open(const std::string& collectionPath) {
   if (!files.exists(collectionPath)) return Error{"there is no collection " + collectionPath};
-  if (const auto bytes = files.read(collectionPath, kMaxCollectionBytes); !bytes) return bytes.error();
-  if (!file.IsValidCollection(collectionPath)) return Error{collectionPath + " is not a collection"};
-  if (auto size = file.checkSize(collectionPath); !size) return size.error();
-  auto report = file.ReadINI(collectionPath, {.mayRewrite = false, .keepMissingClips = true});
-  if (report.end != ReadEnd::Done) return Error{collectionPath + " cannot be read as a collection"};
+  auto report =
+      file.ReadINI(collectionPath, {.mayRewrite = false, .keepMissingClips = true, .isNeeded = false});
+  if (report.end != ReadEnd::Done) return Error{report.why};
   LoadEffects(editing);
   GetStillOpts(editing);
   return report;

@@ -10,7 +10,7 @@
 #include "app/session.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
-#include "program/clip_list.h"
+#include "program/list_commands.h"
 #include "program/media_commands.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
@@ -64,21 +64,37 @@ class WindowProgram {
       : session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
         loop_([this] { window_.draw(); }),
+        list_(state_, session_.collection, session_.settings),
+        history_(state_, session_.collection, session_.settings, list_),
+        recent_(store_, session_.files),
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder}, session_.file,
-                  session_.settings, session_.collection, state_),
+                  session_.settings, session_.collection, {state_, list_, history_, recent_}),
         intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
-                session_.collection, [this](int number) { showAdded(number); }),
-        parts_{session_.files, boxes_,          loop_,         patient_,          store_,
-               desktop_,       session_.folder, session_.file, session_.settings, session_.collection,
-               commands_,      intake_,         state_},
+                session_.collection,
+                [this](int number, const StreamFacts& facts) { showAdded(number, facts); }),
+        parts_{session_.files,
+               boxes_,
+               loop_,
+               patient_,
+               store_,
+               desktop_,
+               session_.folder,
+               session_.settings,
+               session_.collection,
+               commands_,
+               intake_,
+               state_,
+               list_,
+               history_},
         intro_(parts_),
         mailbox_(parts_, intro_),
         skins_({dialogs_, loop_, face_, session_.log, session_.folder}, player_, session_.settings, state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
-        choice_(state_, session_.collection),
-        window_(state_, {commands_, media_, choice_, mailbox_, shutDown_}) {
+        listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.settings,
+                      session_.collection, state_),
+        window_(state_, {commands_, media_, listCommands_, mailbox_, shutDown_}) {
     commands_.whenOpened([this] { skins_.applyStored(); });
   }
 
@@ -109,9 +125,11 @@ class WindowProgram {
   }
 
  private:
-  void showAdded(int number) {
-    fillClipList(state_, session_.collection);
-    PreviewMovie(state_, session_.collection, number);
+  void showAdded(int number, const StreamFacts& facts) {
+    const auto& clip = session_.collection.MovieList[number];
+    list_.addLast();
+    list_.takeFacts(clip.Path() + clip.MovieName(), facts);
+    list_.PreviewMovie(number);
   }
 
   FrmMessageBoxes boxes_;
@@ -123,6 +141,9 @@ class WindowProgram {
   SocketHandover handover_;
   PatientHandover patient_{handover_};
   QtEventLoop loop_;
+  ClipList list_;
+  History history_;
+  RecentCollections recent_;
   CollectionCommands commands_;
   AddClips intake_;
   ProgramParts parts_;
@@ -135,7 +156,7 @@ class WindowProgram {
   StartUp startUp_;
   ShutDown shutDown_;
   MediaCommands media_;
-  ClipChoice choice_;
+  ListCommands listCommands_;
   FrmFileOpen window_;
 };
 

@@ -2,6 +2,7 @@
 // instead of thousands of rows.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -20,6 +21,18 @@ class RevisedList {
   void assign(std::vector<Row> rows) {
     if (rows == rows_) return;
     rows_ = std::move(rows);
+    ++revision_;
+  }
+
+  void append(Row row) {
+    rows_.push_back(std::move(row));
+    ++revision_;
+  }
+
+  /// Another row in the place of one that is there; the same is no change.
+  void set(std::size_t index, Row row) {
+    if (rows_[index] == row) return;
+    rows_[index] = std::move(row);
     ++revision_;
   }
 

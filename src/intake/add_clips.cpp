@@ -67,10 +67,11 @@ bool AddClips::AddMoviesm(const std::string& text) {
   clip.Orderinplaylist(toInteger(collection_.MovieList.count() + 1).value_or(0));
   takeFacts(clip, *facts, mediaClass(clip.MovieName(), &*facts) != MediaClass::Sound);
   collection_.MovieList.add(std::move(clip)).listener(&poster_);
-  settings_.change().LoadFrom = std::string(folderPart(text));
-  settings_.state.IsDirty = true;
+  if (settings_.preferences().LoadFrom != folderPart(text))
+    settings_.change().LoadFrom = std::string(folderPart(text));
+  settings_.state.ListIsDirty = true;
   settings_.state.postChange(99, 99);
-  added_(collection_.MovieList.count());
+  added_(collection_.MovieList.count(), *facts);
   return true;
 }
 

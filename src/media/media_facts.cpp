@@ -41,6 +41,15 @@ double pictureLength(AVFormatContext& format, const AVStream& stream, double fra
   return end > start ? end - start : whole;
 }
 
+// "MPEG-1 video", "H.264", "MP3": a codec as people call it, without what stands behind it in brackets or
+// behind a stroke.
+std::string nameOfCodec(AVCodecID id) {
+  const auto* descriptor = avcodec_descriptor_get(id);
+  if (descriptor == nullptr) return {};
+  const std::string_view name = descriptor->long_name == nullptr ? descriptor->name : descriptor->long_name;
+  return std::string(name.substr(0, std::min(name.find(" ("), name.find(" / "))));
+}
+
 }  // namespace
 
 Result<StreamFacts> readFacts(const std::string& path) {
@@ -51,7 +60,12 @@ Result<StreamFacts> readFacts(const std::string& path) {
   const int video = av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
   const int audio = av_find_best_stream(&format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
   facts.hasAudio = audio >= 0;
-  if (audio >= 0) facts.sampleRate = format.streams[audio]->codecpar->sample_rate;
+  if (audio >= 0) {
+    const auto& sound = *format.streams[audio]->codecpar;
+    facts.sampleRate = sound.sample_rate;
+    facts.channels = sound.ch_layout.nb_channels;
+    facts.codec = nameOfCodec(sound.codec_id);
+  }
   // A file may be taken for sound by its name alone, and hold none.
   if (video < 0 && facts.sampleRate == 0)
     return Error{"cannot open " + path + ": it is no media file, or damaged"};
@@ -63,6 +77,7 @@ Result<StreamFacts> readFacts(const std::string& path) {
     facts.width = stream.codecpar->width;
     facts.height = stream.codecpar->height;
     facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
+    if (facts.hasVideo) facts.codec = nameOfCodec(stream.codecpar->codec_id);
     facts.isStill = traitsOf(format).isStill;
     if (facts.hasVideo && (facts.width <= 0 || facts.height <= 0))
       return Error{"the picture in " + path + " is damaged, or too large"};

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,6 +32,11 @@ class Replacement {
   virtual Outcome commit() = 0;
 };
 
+struct FileFacts {
+  std::uint64_t size = 0;    ///< bytes
+  std::int64_t changed = 0;  ///< seconds since the beginning of 1970
+};
+
 class Files {
  public:
   Files() = default;
@@ -40,6 +46,9 @@ class Files {
 
   /// True when a regular file of this name can be looked up.
   [[nodiscard]] virtual bool exists(const std::string& path) const = 0;
+
+  /// Nothing when there is no regular file of this name.
+  [[nodiscard]] virtual std::optional<FileFacts> facts(const std::string& path) const = 0;
 
   /// The whole file; fails beyond `limit` bytes.
   [[nodiscard]] virtual Result<std::string> read(const std::string& path, std::uint64_t limit) const = 0;

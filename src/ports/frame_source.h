@@ -15,6 +15,8 @@ struct StreamFacts {
   int height = 0;
   double frameRate = 0;      ///< frames a second, the average of a variable rate; 0 when there is none
   int sampleRate = 0;        ///< of the sound, samples a second
+  int channels = 0;          ///< of the sound; 0 when there is none
+  std::string codec{};       ///< "MPEG-1 video": the picture's, or the sound's where there is none
   double wholeDuration = 0;  ///< seconds until sound and picture have both ended; 0 as below
   double duration =
       0;  ///< seconds, of the picture where there is one; 0 for a still or when the file does not tell

@@ -2,32 +2,16 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "core/telling/messages.h"
+#include "program/clip_texts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
 
 constexpr std::size_t kMaxCaption = 50;  // characters
-
-std::string secondsText(double seconds) { return FormatMask(seconds, "0.00") + " s"; }
-
-// Name and value of what a user wants to know of a clip.
-std::vector<std::pair<std::string, std::string>> detailsOf(const Movie& clip) {
-  std::vector<std::pair<std::string, std::string>> details{{"File", clip.MovieName()},
-                                                           {"Folder", clip.Path()}};
-  const auto add = [&](const char* name, std::string text) {
-    if (!text.empty()) details.emplace_back(name, std::move(text));
-  };
-  add("Format", clip.Resolution().text());
-  if (const auto length = clip.DurationTime().wholeNumber()) add("Length", secondsText(*length));
-  if (clip.LoopEnd().number() > 0) {
-    add("Section", secondsText(clip.LoopStart().number()) + " to " + secondsText(clip.LoopEnd().number()));
-  }
-  if (clip.Playspeed() != 10) add("Speed", ShortText(static_cast<double>(clip.Playspeed()) / 10) + " x");
-  add("Notes", clip.Notes().text());
-  return details;
-}
 
 }  // namespace
 
@@ -38,40 +22,113 @@ std::string listCaption(const Collection& collection) {
   return std::string(cutTo(caption, kMaxCaption));
 }
 
-void fillClipList(MainWindowState& window, Collection& collection) {
-  auto& clips = collection.MovieList;
-  std::vector<std::string> names;
-  for (int i = 1; i <= clips.count(); ++i) names.push_back(listedName(clips[i]));
-  window.list.Fillist.assign(std::move(names));
-  collection.icurMov = clips.empty() ? 0 : std::clamp(collection.icurMov, 1, clips.count());
-  window.list.ListIndex = collection.icurMov - 1;
-  window.list.caption = listCaption(collection);
+void ClipList::fill() {
+  const auto& clips = collection_.MovieList;
+  std::vector<ClipRow> rows;
+  rows.reserve(static_cast<std::size_t>(clips.count()));
+  for (int i = 1; i <= clips.count(); ++i) rows.push_back(rowOf(clips[i], settings_));
+  window_.list.Fillist.assign(std::move(rows));
+  collection_.icurMov = clips.empty() ? 0 : std::clamp(collection_.icurMov, 1, clips.count());
+  window_.list.ListIndex = collection_.icurMov - 1;
+  window_.list.chosen.clear();
+  if (!clips.empty()) window_.list.chosen = {collection_.icurMov};
+  window_.list.caption = listCaption(collection_);
+  countUp();
 }
 
-void PreviewMovie(MainWindowState& window, Collection& collection, int number) {
+void ClipList::addLast() {
+  const auto& clips = collection_.MovieList;
+  window_.list.Fillist.append(rowOf(clips[clips.count()], settings_));
+  window_.list.caption = listCaption(collection_);
+  countUp();
+}
+
+void ClipList::renew(int number) {
+  const auto& clip = collection_.MovieList[number];
+  window_.list.Fillist.set(static_cast<std::size_t>(number - 1), rowOf(clip, settings_));
+  if (number == collection_.icurMov) tell(clip);
+}
+
+// What hangs on the number of clips.
+void ClipList::countUp() {
+  const auto& clips = collection_.MovieList;
+  double total = 0;
+  for (int i = 1; i <= clips.count(); ++i) total += lengthOf(clips[i], settings_).value_or(0);
+  const bool any = !clips.empty();
+  const bool several = clips.count() > 1;
+  window_.collectionDetails.clips = std::to_string(clips.count()) + (clips.count() == 1 ? " clip" : " clips");
+  window_.collectionDetails.totalTime = totalText(total);
+  window_.menu.clipsEnabled = any;
+  window_.listKeys = {.UP = several, .DOWN = several, .ADD = true, .Cross = any, .SORT = several};
+}
+
+void ClipList::PreviewMovie(int number) {
   if (number == 0) number = 1;
-  if (number < 1 || number > collection.MovieList.count()) return;
-  collection.icurMov = number;
-  window.list.ListIndex = number - 1;
-  const auto& clip = collection.MovieList[number];
-  window.face.caption = listedName(clip) + " - KVO5";
-  window.details.rows = detailsOf(clip);
+  choose({number}, number);
 }
 
-void ClipChoice::select(int number) {
-  if (const CommandPass pass(window_); pass) PreviewMovie(window_, collection_, number);
+void ClipList::choose(std::vector<int> numbers, int number) {
+  const int count = collection_.MovieList.count();
+  if (number < 1 || number > count) return;
+  std::erase_if(numbers, [&](int n) { return n < 1 || n > count; });
+  numbers.push_back(number);
+  std::sort(numbers.begin(), numbers.end());
+  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+  window_.list.chosen = std::move(numbers);
+  window_.list.ListIndex = number - 1;
+  window_.list.rename = false;
+  collection_.icurMov = number;
+  tell(collection_.MovieList[number]);
 }
 
-void showCollection(MainWindowState& window, const Collection& collection) {
-  const bool any = !collection.MovieList.empty();
-  window.list.visible = any;
-  window.emptyPane.visible = !any;
-  window.details.visible = any;
-  window.menu.clipsEnabled = any;
-  window.transport.playerParked = !any;
+void ClipList::tell(const Movie& clip) {
+  const auto path = clip.Path() + clip.MovieName();
+  const auto found = facts_.find(path);
+  const auto* facts = found == facts_.end() ? nullptr : &found->second;
+  window_.face.caption = windowCaption(clip);
+  window_.list.tip = std::string(LoadResString(385)).append(path);
+  if (!clip.SrcName().empty())
+    window_.list.tip.append(kCrLf)
+        .append("<Low Res Copy - Full Res Master = ")
+        .append(clip.SrcName())
+        .append(">");
+  auto& details = window_.details;
+  details.name = listedName(clip);
+  details.pairs = detailsOf(clip, settings_, facts);
+  details.chips = chipsOf(clip, facts);
+  window_.slider = sliderOf(clip);
+  const double position = window_.slider.position * window_.slider.length;
+  details.position = positionText(clip, position);
+  auto& display = window_.display;
+  display.digits = digitsAt(clip, position, settings_);
+  display.digitsTip =
+      display.digits.empty() ? "" : "Point in Time (mm:ss:frames) - Click for Direct Positioner";
+  display.sound = !clip.IsStill() && !clip.IsHTML();
+  display.rate =
+      display.sound ? FormatMask(static_cast<double>(clip.Playspeed()) / 10, "#0.0#") + "x" : std::string();
+  display.volume = percentOf(clip.Volume());
+}
+
+void ClipList::show() {
+  const bool any = !collection_.MovieList.empty();
+  window_.list.visible = any;
+  window_.emptyPane.visible = !any;
+  window_.collectionDetails.visible = any;
+  window_.details.visible = any;
+  window_.transport.playerParked = !any;
   if (any) return;
-  window.face.caption = "KVO5";
-  window.details.rows.clear();
+  window_.face.caption = "KVO5";
+  window_.list.tip.clear();
+  window_.details = {};
+  window_.slider = {};
+  window_.display = {};
+}
+
+void ClipList::takeFacts(const std::string& path, const StreamFacts& facts) {
+  facts_.insert_or_assign(path, facts);
+  if (collection_.icurMov == 0) return;
+  const auto& clip = collection_.MovieList[collection_.icurMov];
+  if (clip.Path() + clip.MovieName() == path) tell(clip);
 }
 
 }  // namespace kvo

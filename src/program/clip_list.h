@@ -1,36 +1,58 @@
-// The clip list of the main window: filled from the collection, with the clip in hand selected.
+// The clip list of the main window and what it tells of the clip in hand: brought in line with the
+// collection, which it does not change.
 #pragma once
 
 #include "core/records/collection.h"
+#include "ports/frame_source.h"
 #include "program/main_window_state.h"
 
+#include <map>
 #include <string>
+#include <vector>
 
 namespace kvo {
 
 /// The collection's name without its extension, and " Collection"; 50 characters at most.
 std::string listCaption(const Collection& collection);
 
-/// Fills the list anew. What was selected stays selected where it still is; else the first clip is.
-void fillClipList(MainWindowState& window, Collection& collection);
-
-/// Makes clip `number` the one in hand; 0 is the first. Numbers that are not there change nothing.
-void PreviewMovie(MainWindowState& window, Collection& collection, int number);
-
-/// What the list asks.
-class ClipChoice {
+class ClipList {
  public:
-  ClipChoice(MainWindowState& window, Collection& collection) : window_(window), collection_(collection) {}
+  ClipList(MainWindowState& window, Collection& collection, const KVO2& settings)
+      : window_(window), collection_(collection), settings_(settings) {}
 
-  /// Makes the clip of this number, counted from 1, the one in hand.
-  void select(int number);
+  // Clips count from 1.
+
+  /// Fills the list anew. The clip that was in hand stays so where there still is one of its number; else the
+  /// first is.
+  void fill();
+
+  /// A clip has joined at the end.
+  void addLast();
+
+  /// Clip `number` has other values.
+  void renew(int number);
+
+  /// Makes clip `number` the one in hand and the only one that is chosen; 0 is the first. Numbers that are
+  /// not there change nothing.
+  void PreviewMovie(int number);
+
+  /// Chooses several, of which `number` is in hand.
+  void choose(std::vector<int> numbers, int number);
+
+  /// Shows the list, or the empty pane when there is no clip.
+  void show();
+
+  /// What a file of the collection holds, as far as it has been looked into.
+  void takeFacts(const std::string& path, const StreamFacts& facts);
 
  private:
+  void countUp();
+  void tell(const Movie& clip);
+
   MainWindowState& window_;
   Collection& collection_;
+  const KVO2& settings_;
+  std::map<std::string, StreamFacts> facts_;  // by path
 };
-
-/// Shows the list, or the empty pane with its text when there is no clip.
-void showCollection(MainWindowState& window, const Collection& collection);
 
 }  // namespace kvo

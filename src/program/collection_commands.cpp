@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "core/telling/failures.h"
 #include "core/telling/messages.h"
-#include "program/clip_list.h"
 #include "program/start_command.h"
 
 namespace kvo {
@@ -17,8 +16,9 @@ const FileFilter kAllFiles{"All Files (*.*)", "*"};
 // Shows how far a load or save is, and hears of a click on the abort text.
 class CollectionCommands::Watch final : public LoadWatch {
  public:
-  Watch(MainWindowState& window, EventLoop& loop, std::string_view first, std::string_view abortText)
-      : window_(window), loop_(loop) {
+  Watch(MainWindowState& window, EventLoop& loop, ClipList& list, std::string_view first,
+        std::string_view abortText)
+      : window_(window), loop_(loop), list_(list) {
     window_.progress.abortText = abortText;
     window_.progress.abortClicked = false;
     status(first);
@@ -31,6 +31,7 @@ class CollectionCommands::Watch final : public LoadWatch {
     window_.progress.abortClicked = false;
   }
 
+  void begins() override { list_.fill(); }
   void status(std::string_view text) override {
     window_.progress.status = text;
     loop_.yield();
@@ -40,6 +41,7 @@ class CollectionCommands::Watch final : public LoadWatch {
  private:
   MainWindowState& window_;
   EventLoop& loop_;
+  ClipList& list_;
 };
 
 bool CollectionCommands::pass(const std::function<bool()>& command) {
@@ -55,15 +57,16 @@ bool CollectionCommands::New() {
 
 bool CollectionCommands::empty() {
   if (!mayLeaveChanges(LoadResString(345))) {
-    PreviewMovie(window_, collection_, collection_.icurMov);
+    list_.PreviewMovie(collection_.icurMov);
     return false;
   }
   collection_.clearLists();
   collection_.kind = CollectionKind::Plain;
   collection_.becomeUntitled(ports_.folder);
   ClearDirtyFlags(collection_, settings_);
-  fillClipList(window_, collection_);
-  showCollection(window_, collection_);
+  history_.clear();
+  list_.fill();
+  list_.show();
   window_.face.caption = LoadResString(349);
   window_.list.caption = LoadResString(350);
   return true;
@@ -97,36 +100,54 @@ bool CollectionCommands::refuse(int text, int title) {
 
 bool CollectionCommands::load(const std::string& path) {
   if (!namesCollection(path)) return refuse(336, 337);
-  if (!file_.IsValidCollection(path)) return refuse(339, 340);
-  if (const auto size = file_.checkSize(path); !size) {
-    ports_.boxes.show({std::string(LoadResString(340)), size.error().text, BoxButtons::Ok, BoxIcon::Warning});
-    return false;
-  }
-
-  collection_.clearLists();
-  fillClipList(window_, collection_);
   ReadReport report;
   {
-    Watch watch(window_, ports_.loop, LoadResString(338), LoadResString(341));
-    report = file_.ReadINI(path, {.watch = &watch});
+    Watch watch(window_, ports_.loop, list_, LoadResString(338), LoadResString(341));
+    report = file_.ReadINI(path, {.isNeeded = false, .watch = &watch});
   }
-  const bool whole = report.end == ReadEnd::Done;
-  if (whole) {
-    collection_.IniName = fileNamePart(path);
-    collection_.IniFullPath = path;
-  } else {
-    collection_.becomeUntitled(ports_.folder);
+  switch (report.end) {
+    case ReadEnd::NotReadable:
+    case ReadEnd::NotValid:
+      return refuse(339, 340);
+    case ReadEnd::TooManyClips:
+      ports_.boxes.show({std::string(LoadResString(340)), report.why, BoxButtons::Ok, BoxIcon::Warning});
+      return false;
+    case ReadEnd::Done:
+    case ReadEnd::Cancelled:
+    case ReadEnd::Aborted:
+      break;
   }
-  settings_.adjust().ColLoadFrom = std::string(folderPart(path));
   whenOpened_();
-  fillClipList(window_, collection_);
-  showCollection(window_, collection_);
-  PreviewMovie(window_, collection_, 1);
-  ClearDirtyFlags(collection_, settings_);
-  // What was not read in full must not be lost without a question.
-  if (!whole) settings_.state.IsDirty = true;
+  settle(report, path);
+  settings_.adjust().ColLoadFrom = std::string(folderPart(path));
+  list_.fill();
+  list_.show();
+  list_.PreviewMovie(1);
   if (collection_.filesMissing) refuse(342, 343);
   return true;
+}
+
+bool CollectionCommands::openFirst(const std::string& path) {
+  collection_.IniName = "KVO5.INI";
+  const auto report = file_.ReadINI(path);
+  if (report.end != ReadEnd::Done && report.end != ReadEnd::Cancelled && report.end != ReadEnd::Aborted)
+    return false;
+  settle(report, path.empty() ? ports_.folder.beside("\\KVO5.INI") : path);
+  return true;
+}
+
+// What was not read in full does not bear the file's name, and is not lost without a question.
+void CollectionCommands::settle(const ReadReport& report, const std::string& path) {
+  ClearDirtyFlags(collection_, settings_);
+  history_.clear();
+  if (report.end == ReadEnd::Done) {
+    collection_.IniName = fileNamePart(path);
+    collection_.IniFullPath = path;
+    recent_.remember(path);
+  } else {
+    collection_.becomeUntitled(ports_.folder);
+    settings_.state.IsDirty = true;
+  }
 }
 
 bool CollectionCommands::Save() {
@@ -150,14 +171,16 @@ bool CollectionCommands::save() {
   settings_.adjust().ColLoadFrom = std::string(folderPart(*path));
   bool written = false;
   {
-    Watch watch(window_, ports_.loop, std::string(LoadResString(359)).append(LoadResString(360)), {});
+    Watch watch(window_, ports_.loop, list_, std::string(LoadResString(359)).append(LoadResString(360)), {});
     written = file_.WriteINI(std::string(folderPart(*path)), std::string(fileNamePart(*path)), false, &watch);
   }
   collection_.IniName = fileNamePart(*path);
   collection_.IniFullPath = *path;
   window_.list.caption = listCaption(collection_);
+  history_.saved();
   if (written) {
     ClearDirtyFlags(collection_, settings_);
+    recent_.remember(*path);
   } else {
     settings_.state.IsDirty = true;  // what could not be saved is still to be saved
     ports_.boxes.show({std::string(LoadResString(363)), std::string(LoadResString(361)), BoxButtons::Ok,

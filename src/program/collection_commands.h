@@ -5,7 +5,8 @@
 #include "ports/event_loop.h"
 #include "ports/file_dialogs.h"
 #include "program/collection_store.h"
-#include "program/main_window_state.h"
+#include "program/history.h"
+#include "program/recent_collections.h"
 
 #include <functional>
 #include <string>
@@ -22,9 +23,28 @@ class CollectionCommands {
     const ProgramFolder& folder;
   };
 
+  /// What the commands change beside the collection itself.
+  struct Views {
+    MainWindowState& window;
+    ClipList& list;
+    History& history;
+    RecentCollections& recent;
+  };
+
   CollectionCommands(const Ports& ports, CollectionStore& file, KVO2& settings, Collection& collection,
-                     MainWindowState& window)
-      : ports_(ports), file_(file), settings_(settings), collection_(collection), window_(window) {}
+                     const Views& views)
+      : ports_(ports),
+        file_(file),
+        settings_(settings),
+        collection_(collection),
+        window_(views.window),
+        list_(views.list),
+        history_(views.history),
+        recent_(views.recent) {}
+
+  /// Reads the collection that the program begins with, an empty path being the default one. False when the
+  /// program cannot go on; the user has been told.
+  bool openFirst(const std::string& path);
 
   /// Begins an empty collection, "Untitled". False when the user took it back.
   bool New();
@@ -58,6 +78,7 @@ class CollectionCommands {
   bool pass(const std::function<bool()>& command);
   bool empty();
   bool load(const std::string& path);
+  void settle(const ReadReport& report, const std::string& path);
   bool save();
   bool refuse(int text, int title);
   bool mayReplace(const std::string& path);
@@ -67,6 +88,9 @@ class CollectionCommands {
   KVO2& settings_;
   Collection& collection_;
   MainWindowState& window_;
+  ClipList& list_;
+  History& history_;
+  RecentCollections& recent_;
   std::function<void()> whenOpened_ = [] {};
   std::function<void()> beforeEach_ = [] {};
 };

@@ -29,60 +29,66 @@ bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, i
 
 }  // namespace
 
+Result<std::string> CollectionStore::bytesOf(const std::string& path, const ReadOptions& options) {
+  auto bytes = files_.read(path, kMaxCollectionBytes);
+  if (bytes || !options.isNeeded || !options.mayRewrite || !files_.exists(path)) return bytes;
+  replaceUnreadable(path, bytes.error());
+  return files_.read(path, kMaxCollectionBytes);
+}
+
 ReadReport CollectionStore::ReadINI(const std::string& fileName, const ReadOptions& options) {
   const auto path = fileName.empty() ? folder_.beside(collection_.IniName) : fileName;
   ReadReport report;
-  collection_.clearLists();
-  collection_.kind = CollectionKind::Plain;
-  collection_.filesMissing = false;
   settings_.adjust().ProgramVersion = programVersionText();
-
-  auto bytes = files_.read(path, kMaxCollectionBytes);
-  if (!bytes && options.mayRewrite && files_.exists(path)) {
-    replaceUnreadable(path, bytes.error());
-    bytes = files_.read(path, kMaxCollectionBytes);
-  }
-  auto parsed = parse(bytes ? std::move(*bytes) : std::string(), folder_, settings_.preferences());
-  if (parsed.end != ReadEnd::Done) {
-    tellUnreadable(parsed.end, path, bytes ? path : bytes.error().text, parsed.clipSections);
-    report.end = parsed.end;
+  auto bytes = bytesOf(path, options);
+  CollectionReader reader(bytes ? std::move(*bytes) : std::string(), folder_, settings_.preferences());
+  const auto& text = reader.facts();
+  report.end = text.end;
+  if (report.end != ReadEnd::Done) {
+    report.why = !bytes                                ? bytes.error().text
+                 : report.end == ReadEnd::TooManyClips ? tooMany(path, text.clipSections)
+                                                       : path + " is not a collection";
+    if (options.isNeeded) tellUnreadable(report, path);
     return report;
   }
 
-  const bool needsRewrite = takeHead(parsed);
-  takeAnimations(parsed);
-  takeClips(parsed, options, report);
-  if (report.end == ReadEnd::Done) takeKeyframes(parsed, options, report);
+  collection_.clearLists();
+  collection_.kind = CollectionKind::Plain;
+  collection_.filesMissing = false;
+  if (options.watch != nullptr) options.watch->begins();
+  const bool needsRewrite = takeHead(text);
+  takeAnimations(reader);
+  takeClips(reader, options, report);
+  if (report.end == ReadEnd::Done) takeKeyframes(reader, options, report);
   giveMissingKeys();
   if (report.end != ReadEnd::Done) return report;
 
   const auto gone = report.skippedClips.size() + (options.keepMissingClips ? 0 : report.missingFiles.size());
   const int clips = collection_.MovieList.count() + static_cast<int>(gone);
-  report.unreadClips = std::max(0, parsed.clipSections - clips);
-  report.unreadKeyframes = std::max(0, parsed.keyframeSections - collection_.KeyframeList.count());
-  if (needsRewrite && options.mayRewrite) rewrite(path, parsed, report, options);
+  report.unreadClips = std::max(0, text.clipSections - clips);
+  report.unreadKeyframes = std::max(0, text.keyframeSections - collection_.KeyframeList.count());
+  if (needsRewrite && options.mayRewrite) rewrite(path, reader, report, options);
   return report;
 }
 
-void CollectionStore::tellUnreadable(ReadEnd end, const std::string& path, const std::string& why,
-                                     int clips) {
-  if (end == ReadEnd::NotReadable) {
+void CollectionStore::tellUnreadable(const ReadReport& report, const std::string& path) {
+  if (report.end == ReadEnd::NotReadable) {
     failures_.ReportInitError(
         lines({LoadResString(117), LoadResString(118), LoadResString(119), LoadResString(120)}), 6,
-        LoadResString(121), why, true);
-  } else if (end == ReadEnd::NotValid) {
+        LoadResString(121), report.why, true);
+  } else if (report.end == ReadEnd::NotValid) {
     failures_.ReportInitError(LoadResString(122), 8, LoadResString(124), path, true);
   } else {
-    boxes_.show({"KVO V5 - Error", tooMany(path, clips), BoxButtons::Ok, BoxIcon::Critical});
+    boxes_.show({"KVO V5 - Error", report.why, BoxButtons::Ok, BoxIcon::Critical});
   }
 }
 
 // True when the file has to be brought up to date.
-bool CollectionStore::takeHead(const ParsedCollection& parsed) {
+bool CollectionStore::takeHead(const TextFacts& text) {
   SettingRead read{settings_, folder_};
-  for (std::size_t s = 0; s < parsed.head.size(); ++s) {
+  for (std::size_t s = 0; s < text.head.size(); ++s) {
     const auto& section = headSections()[s];
-    const auto& rows = parsed.head[s];
+    const auto& rows = text.head[s];
     if (rows.empty()) {
       tellMissing(section.name);
       readWithoutSection(section, read);
@@ -109,8 +115,8 @@ void CollectionStore::tellMissing(std::string_view section) {
   }
 }
 
-void CollectionStore::takeAnimations(ParsedCollection& parsed) {
-  for (auto& [animation, folder, name] : parsed.animations) {
+void CollectionStore::takeAnimations(CollectionReader& reader) {
+  for (auto& [animation, folder, name] : reader.animations()) {
     if (files_.exists(animation.Path + animation.MovieName) ||
         names_.find(animation.Path, animation.MovieName, folder, name)) {
       collection_.AudMovieList.add(std::move(animation));
@@ -120,13 +126,14 @@ void CollectionStore::takeAnimations(ParsedCollection& parsed) {
   }
 }
 
-void CollectionStore::takeClips(ParsedCollection& parsed, const ReadOptions& options, ReadReport& report) {
-  const int count = settings_.preferences().MoviesInGroup;
-  for (auto& next : parsed.clips) {
-    if (shownAndAborted(options, "Loading Clip ", next.number, count)) {
+void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& options, ReadReport& report) {
+  const int count = reader.facts().clips;
+  for (int i = 1; i <= count; ++i) {
+    if (shownAndAborted(options, "Loading Clip ", i, count)) {
       report.end = ReadEnd::Aborted;
       return;
     }
+    auto next = reader.nextClip();
     auto& clip = next.clip;
     if (holdsText(clip.MovieName(), ".CDA")) collection_.kind = CollectionKind::HoldsCDTracks;
     if (clip.IsExtendedCD()) collection_.kind = CollectionKind::HoldsExtendedCD;
@@ -151,15 +158,15 @@ void CollectionStore::takeClips(ParsedCollection& parsed, const ReadOptions& opt
   }
 }
 
-void CollectionStore::takeKeyframes(ParsedCollection& parsed, const ReadOptions& options,
+void CollectionStore::takeKeyframes(CollectionReader& reader, const ReadOptions& options,
                                     ReadReport& report) {
-  const int count = settings_.preferences().KeyframeCount;
-  int number = 0;
-  for (auto& [keyframe, texture, ends] : parsed.keyframes) {
-    if (shownAndAborted(options, "Loading Keyframe ", ++number, count)) {
+  const int count = reader.facts().keyframes;
+  for (int i = 1; i <= count; ++i) {
+    if (shownAndAborted(options, "Loading Keyframe ", i, count)) {
       report.end = ReadEnd::Aborted;
       return;
     }
+    auto [keyframe, texture, ends] = reader.nextKeyframe();
     if (ends) {
       log_.LogError(lineOfEnd());
       report.damaged = true;
@@ -188,13 +195,6 @@ void CollectionStore::giveMissingKeys() {
   }
   const auto keys = freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(clock_)), without.size());
   for (std::size_t i = 0; i < without.size(); ++i) without[i]->KeyID(keys[i]);
-}
-
-Outcome CollectionStore::checkSize(const std::string& fileName) {
-  auto bytes = files_.read(fileName, kMaxCollectionBytes);
-  if (!bytes) return bytes.error();
-  const int clips = clipsIn(std::move(*bytes));
-  return clips <= kMaxClips ? Outcome() : Error{tooMany(fileName, clips)};
 }
 
 bool CollectionStore::IsValidCollection(const std::string& fileName) {

@@ -169,13 +169,14 @@ void CollectionStore::replaceUnreadable(const std::string& fileName, const Error
   if (auto back = files_.rename(kept, fileName); !back) log_.LogError(back.error().text);
 }
 
-void CollectionStore::rewrite(const std::string& fileName, const ParsedCollection& parsed,
+void CollectionStore::rewrite(const std::string& fileName, const CollectionReader& reader,
                               const ReadReport& report, const ReadOptions& options) {
+  const auto& text = reader.facts();
   if (options.watch != nullptr) options.watch->status("Please Wait \r\nAnalysing Collection");
-  const bool loses = report.damaged || !report.skippedClips.empty() || parsed.droppedText ||
-                     parsed.clipSections > collection_.MovieList.count() ||
-                     parsed.animationSections > collection_.AudMovieList.count() ||
-                     parsed.keyframeSections > collection_.KeyframeList.count();
+  const bool loses = report.damaged || !report.skippedClips.empty() || reader.droppedText() ||
+                     text.clipSections > collection_.MovieList.count() ||
+                     text.animationSections > collection_.AudMovieList.count() ||
+                     text.keyframeSections > collection_.KeyframeList.count();
   if (loses && !keepCopy(fileName)) {
     log_.LogError("Cannot keep a copy of the old collection, so it is left as it stands - " + fileName);
     return;

@@ -27,6 +27,8 @@ class LoadWatch {
   LoadWatch& operator=(const LoadWatch&) = delete;
   virtual ~LoadWatch() = default;
 
+  /// The file is a collection: the lists have been emptied, and will be filled.
+  virtual void begins() = 0;
   virtual void status(std::string_view text) = 0;
   virtual bool abortClicked() = 0;
 };
@@ -36,6 +38,9 @@ struct ReadOptions {
   bool mayRewrite = true;
   /// A clip whose file is missing stays in the list, and no question is asked.
   bool keepMissingClips = false;
+  /// The program cannot go on without this file: when it cannot be read a box says so, and one that the disk
+  /// does not give back is begun anew. Else such a file changes nothing, and only the report tells why.
+  bool isNeeded = true;
   /// Shows "Loading Clip i of n" and can abort; null shows nothing.
   LoadWatch* watch = nullptr;
 };
@@ -56,7 +61,7 @@ class CollectionStore {
         names_(files, folder) {}
 
   /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
-  /// the program folder. Clears the lists first. A file that needs it is brought up to the current layout and
+  /// the program folder. A file that needs it is brought up to the current layout and
   /// written back; when anything was lost on the way, or it could not be read at all, the old file is kept
   /// beside it with ".old" behind its name, or ".old2" and so on where there is one of that name.
   ReadReport ReadINI(const std::string& fileName, const ReadOptions& options = {});
@@ -71,24 +76,22 @@ class CollectionStore {
   /// True when [KVO] has "DefaultStartupVid" in row 5.
   bool IsValidCollection(const std::string& fileName);
 
-  /// Fails when the file holds more clips than a collection can, with a line for a person.
-  Outcome checkSize(const std::string& fileName);
-
   /// The first value of [KVO], or "Unknown and Corrupt". `isOther` is true unless it begins "Ver 3.1".
   std::string CollectionVersion(const std::string& fileName, bool& isOther);
 
  private:
-  bool takeHead(const ParsedCollection& parsed);
-  void takeAnimations(ParsedCollection& parsed);
-  void takeClips(ParsedCollection& parsed, const ReadOptions& options, ReadReport& report);
-  void takeKeyframes(ParsedCollection& parsed, const ReadOptions& options, ReadReport& report);
-  void tellUnreadable(ReadEnd end, const std::string& path, const std::string& why, int clips);
+  Result<std::string> bytesOf(const std::string& path, const ReadOptions& options);
+  bool takeHead(const TextFacts& text);
+  void takeAnimations(CollectionReader& reader);
+  void takeClips(CollectionReader& reader, const ReadOptions& options, ReadReport& report);
+  void takeKeyframes(CollectionReader& reader, const ReadOptions& options, ReadReport& report);
+  void tellUnreadable(const ReadReport& report, const std::string& path);
   void tellMissing(std::string_view section);
   bool askAboutMissing(const Movie& clip);
   void giveMissingKeys();
 
   void replaceUnreadable(const std::string& fileName, const Error& why);
-  void rewrite(const std::string& fileName, const ParsedCollection& parsed, const ReadReport& report,
+  void rewrite(const std::string& fileName, const CollectionReader& reader, const ReadReport& report,
                const ReadOptions& options);
   Result<std::string> keepCopy(const std::string& fileName);
   [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;

@@ -2,7 +2,6 @@
 
 #include "base/paths.h"
 #include "base/text.h"
-#include "program/clip_list.h"
 
 #include <algorithm>
 #include <array>
@@ -33,8 +32,8 @@ void Intro::begin(const std::vector<std::string>& named) {
 
 void Intro::passOver() {
   startingUp_ = false;
-  showCollection(parts_.window, parts_.collection);
-  PreviewMovie(parts_.window, parts_.collection, 1);
+  parts_.list.show();
+  parts_.list.PreviewMovie(1);
 }
 
 // The normal window with the clip that comes first.
@@ -44,10 +43,10 @@ void Intro::showFirstClip() {
   startingUp_ = false;
   parts_.window.menu.mnu_Remote = true;
   parts_.window.face.controlsEnabled = true;
-  showCollection(parts_.window, parts_.collection);
+  parts_.list.show();
   const int count = parts_.collection.MovieList.count();
   if (count == 0) return;
-  PreviewMovie(parts_.window, parts_.collection, isNamed_ ? count : 1);
+  parts_.list.PreviewMovie(isNamed_ ? count : 1);
   parts_.window.transport.play = ButtonWord::PlayOn;
   parts_.window.transport.pause = ButtonWord::PauseOn;
 }
@@ -59,7 +58,9 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
   parts_.settings.state.AllDetOff = true;
   bool added = false;
   if (isNamed_) {
-    for (const auto& file : named) added |= parts_.intake.AddMoviesm(file);
+    added = parts_.history.add(CommandPass(parts_.window), [&] {
+      for (const auto& file : named) parts_.intake.AddMoviesm(file);
+    });
   } else {
     parts_.window.face.controlsEnabled = false;
     added = addIntro();
@@ -78,9 +79,10 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
 bool Intro::addIntro() {
   const auto name = parts_.settings.preferences().DefaultStartupVid;
   const auto lastFolder = parts_.settings.preferences().LoadFrom;
+  const auto before = parts_.settings.state;
   const bool added = parts_.intake.AddMoviesm(isAddress(name) ? name : parts_.folder.beside(name));
   parts_.settings.change().LoadFrom = lastFolder;
-  parts_.settings.state.IsDirty = false;
+  parts_.settings.state = before;
   if (added) intro_ = &parts_.collection.MovieList[parts_.collection.MovieList.count()];
   return added;
 }
@@ -100,7 +102,7 @@ void Intro::leave() {
     parts_.settings.change().DefaultStartupVid = "";
     parts_.settings.state.IsDirty = wasDirty;
   }
-  fillClipList(parts_.window, parts_.collection);
+  parts_.list.fill();
   showFirstClip();
 }
 

@@ -1,7 +1,6 @@
 #include "program/mailbox.h"
 
 #include "base/text.h"
-#include "program/clip_list.h"
 
 namespace kvo {
 namespace {
@@ -34,10 +33,13 @@ void Mailbox::look() {
 void Mailbox::takeHandover(const std::string& text) {
   intro_.leave();
   if (trimmed(text) == kRemovePreview) {
-    parts_.collection.MovieList.removeIf(
-        [](const Movie& clip) { return sameText(clip.MovieName(), "PREVIEW.WMV"); });
-    fillClipList(parts_.window, parts_.collection);
-    return showCollection(parts_.window, parts_.collection);
+    const auto& clips = parts_.collection.MovieList;
+    std::vector<int> previews;
+    for (int i = 1; i <= clips.count(); ++i) {
+      if (sameText(clips[i].MovieName(), "PREVIEW.WMV")) previews.push_back(i);
+    }
+    parts_.history.remove(CommandPass(parts_.window), previews);
+    return;
   }
   parts_.window.face.visible = parts_.window.face.raise = true;
   auto lines = linesOf(text);
@@ -67,9 +69,10 @@ bool Mailbox::take(const StartCommand& command) {
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return false;
   intro_.leave();
-  bool added = false;
-  for (const auto& clip : command.clips) added |= parts_.intake.AddMoviesm(clip);
-  showCollection(parts_.window, parts_.collection);
+  const bool added = parts_.history.add(pass, [&] {
+    for (const auto& clip : command.clips) parts_.intake.AddMoviesm(clip);
+  });
+  parts_.list.show();
   return added;
 }
 

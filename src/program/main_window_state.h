@@ -5,8 +5,8 @@
 #include "base/revised_list.h"
 #include "program/skin_state.h"
 
+#include <array>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -18,26 +18,87 @@ struct FaceState {
   bool raise = false;  ///< it is to come to the front; the window clears this
   bool fullScreen = false;
   bool minimumDetails = false;
+  bool stayOnTop = false;
+  double interfaceSize = 0;  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
   bool controlsEnabled = true;
 };
 
+/// What a clip is; the icon of its row says so.
+enum class ClipKind { Video, Still, Sound, Page, Stream };
+
+struct ClipRow {
+  std::string name;
+  std::string length;  ///< "2:33"; empty when it is not known
+  ClipKind kind = ClipKind::Video;
+  bool operator==(const ClipRow&) const = default;
+};
+
 struct ClipListState {
-  RevisedList<std::string> Fillist;  ///< a name for each clip, in the collection's order
-  int ListIndex = -1;                ///< the selected one, from 0; -1 for none
-  std::string caption;               ///< "Holiday Collection"
+  RevisedList<ClipRow> Fillist;  ///< a row for each clip, in the collection's order
+  int ListIndex = -1;            ///< the row of the clip in hand, from 0; -1 for none
+  std::vector<int> chosen;  ///< numbers, from 1 and ascending, of what is chosen; the clip in hand among them
+  std::string caption;      ///< "Holiday Collection"
+  std::string tip;          ///< where the clip in hand comes from
   bool visible = false;
+  bool rename = false;  ///< the name of the clip in hand is to be edited in its row; the window clears this
+};
+
+/// The keys beside the list: which can be pressed.
+struct ListKeysState {
+  bool UP = false;
+  bool DOWN = false;
+  bool ADD = true;
+  bool Cross = false;
+  bool SORT = false;
 };
 
 /// The pane that stands in the place of everything else while there is no clip.
 struct EmptyPaneState {
   std::string NoMediaPrompt;
+  std::string hint = "or click here, or drop clips, stills and music on the window";
+  std::array<std::string, 3> steps = {"Add clips", "Put them in order", "Create Movie"};
   bool visible = true;
 };
 
-/// What is told of the clip in hand, by name and value.
-struct DetailsState {
-  std::vector<std::pair<std::string, std::string>> rows;
+/// Below the list.
+struct CollectionDetailsState {
+  std::string clips;      ///< "7 clips"
+  std::string totalTime;  ///< "3m 41s"
   bool visible = false;
+};
+
+/// A caption and its value.
+struct Detail {
+  std::string caption;
+  std::string value;
+  bool operator==(const Detail&) const = default;
+};
+
+/// What is told of the clip in hand.
+struct DetailsState {
+  std::string name;                ///< the name label
+  std::array<Detail, 9> pairs;     ///< three columns of three, each from the top down
+  std::vector<std::string> chips;  ///< below the picture: "640 x 480", "25 fps", "Stereo"
+  std::string position;            ///< the position label: "Time = 4.16 of 12.40"; empty hides it
+  bool visible = false;
+};
+
+/// The slider of the clip in hand. Places are parts of its line, 0 to 1.
+struct SliderState {
+  bool handles = false;  ///< there is a length to stand on
+  double length = 0;     ///< of the line, seconds
+  double markIn = 0;
+  double markOut = 1;
+  double position = 0;
+};
+
+/// The glass. Its lamps are ticks of the menu: LOOP mnu_Looping, REWIND mnu_RewAtEnd, ALL mnu_LoopCol.
+struct DisplayState {
+  std::string digits;  ///< "00:04:0104"; empty leaves them unlit
+  std::string digitsTip;
+  std::string rate;    ///< "1.0x"; empty as the digits
+  int volume = 100;    ///< of the clip in hand, per cent
+  bool sound = false;  ///< there is a volume to show
 };
 
 /// The states of the keys that play and pause; skins call them "PLAYON", "PLAYOFF", "PAUSEON" and "PAUSEOFF".
@@ -62,6 +123,12 @@ struct MenuState {
   bool clipsEnabled = false;  ///< the commands that need a clip
 };
 
+/// The two keys of the history.
+struct HistoryState {
+  std::string undo;  ///< "Undo remove lake at dusk.mpg"; empty when there is nothing to undo
+  std::string redo;  ///< "Redo ..."
+};
+
 /// Long work that goes on.
 struct ProgressState {
   std::string status;     ///< "Loading Clip 5 of 20"; empty while there is none
@@ -72,10 +139,15 @@ struct ProgressState {
 struct MainWindowState {
   FaceState face;
   ClipListState list;
+  ListKeysState listKeys;
   EmptyPaneState emptyPane;
+  CollectionDetailsState collectionDetails;
   DetailsState details;
+  SliderState slider;
+  DisplayState display;
   TransportState transport;
   MenuState menu;
+  HistoryState history;
   ProgressState progress;
   SkinState skin;
   bool commandRuns = false;  ///< see CommandPass

@@ -16,12 +16,13 @@ struct ProgramParts {
   UserStore& store;
   Desktop& desktop;
   const ProgramFolder& folder;
-  CollectionStore& file;
   KVO2& settings;
   Collection& collection;
   CollectionCommands& commands;
   ClipIntake& intake;
   MainWindowState& window;
+  ClipList& list;
+  History& history;
 };
 
 }  // namespace kvo

@@ -1,7 +1,6 @@
 #include "program/shut_down.h"
 
 #include "core/telling/messages.h"
-#include "program/clip_list.h"
 
 #include <array>
 #include <string_view>
@@ -28,8 +27,8 @@ bool ShutDown::exit() {
   parts_.loop.yield();
   parts_.settings.user.ShowWavWithVideo = false;
   if (!parts_.commands.mayLeaveChanges(LoadResString(345))) {
-    PreviewMovie(parts_.window, parts_.collection, parts_.collection.icurMov);
-    showCollection(parts_.window, parts_.collection);
+    parts_.list.PreviewMovie(parts_.collection.icurMov);
+    parts_.list.show();
     return false;
   }
   mailbox_.close();

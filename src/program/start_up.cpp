@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
-#include "program/clip_list.h"
 #include "program/shut_down.h"
 
 #include <algorithm>
@@ -17,6 +16,12 @@ constexpr std::array<Long, 12> kUpgradeCounts = {4, 12, 20, 40, 60, 80, 100, 120
 
 // The user's value that says that the box about several monitors has been shown.
 constexpr std::string_view kMonitorsTold = "MonitorsTold";
+
+// By the screen, where the user's choice is none that there is.
+double sizeChoice(double chosen) {
+  constexpr std::array kSizes = {1.0, 1.25, 1.5, 2.0};
+  return std::find(kSizes.begin(), kSizes.end(), chosen) == kSizes.end() ? 0 : chosen;
+}
 
 std::string joined(std::initializer_list<int> numbers) {
   std::string text;
@@ -33,26 +38,14 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
     return StartEnd::HandedOver;
   }
   const auto command = readStartCommand(arguments, parts_.files, workingFolder);
-  parts_.collection.IniName = "KVO5.INI";
-  parts_.collection.IniFullPath = parts_.folder.beside("\\KVO5.INI");
   parts_.settings.user.attach(&parts_.store);
-  const auto end = parts_.file.ReadINI(command.collection).end;
-  if (end == ReadEnd::NotReadable || end == ReadEnd::NotValid || end == ReadEnd::TooManyClips)
-    return StartEnd::Failed;
+  if (!parts_.commands.openFirst(command.collection)) return StartEnd::Failed;
   deleteWorkFiles(parts_.files, parts_.folder);
   askAboutUpgrades();
   parts_.store.write("InstallDir", quoted(parts_.folder.path()));
-  if (!command.collection.empty()) {
-    parts_.collection.IniName = fileNamePart(command.collection);
-    parts_.collection.IniFullPath = command.collection;
-  }
-  if (end != ReadEnd::Done)
-    parts_.collection.becomeUntitled(parts_.folder);  // it is not the whole of that file
   checkScreen();
-
-  ClearDirtyFlags(parts_.collection, parts_.settings);
   loadWindow();
-  fillClipList(parts_.window, parts_.collection);
+  parts_.list.fill();
   const bool anyClips = !parts_.collection.MovieList.empty();
   if (anyClips && (command.fullScreen || command.hundredPercent)) {
     parts_.window.face.fullScreen = true;
@@ -110,8 +103,7 @@ void StartUp::loadWindow() {
   parts_.window.skin.IsSmallFonts = fontTest(parts_.desktop.screen().textHeight, parts_.boxes);
   skins_.applyStored();
   if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;
-  parts_.settings.state.IsDirty = false;
-  parts_.window.menu.clipsEnabled = !parts_.collection.MovieList.empty();
+  parts_.window.face.interfaceSize = sizeChoice(parts_.settings.user.InterfaceSize);
 }
 
 bool fontTest(int textHeight, MessageBoxes& boxes) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -21,11 +22,20 @@ class MemoryFiles : public Files {
   int failedReplaces = 0;  // the number of times that writing a file anew fails from now on
   int failAt = 0;          // the number of the changing call that fails, 0 for none
   int calls = 0;
+  mutable int reads = 0;
 
   [[nodiscard]] bool exists(const std::string& path) const override { return all.contains(path); }
 
+  /// A file's time is the length of its contents.
+  [[nodiscard]] std::optional<FileFacts> facts(const std::string& path) const override {
+    const auto found = all.find(path);
+    if (found == all.end()) return std::nullopt;
+    return FileFacts{found->second.size(), static_cast<std::int64_t>(found->second.size())};
+  }
+
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override {
     const auto found = all.find(path);
+    ++reads;
     if (unreadable.contains(path)) return Error{"cannot read " + path + ": Input/output error"};
     if (found == all.end()) return Error{"cannot read " + path + ": No such file or directory"};
     if (found->second.size() > limit) return Error{"cannot read " + path + ": File too large"};

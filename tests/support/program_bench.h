@@ -3,6 +3,7 @@
 #pragma once
 
 #include "intake/clip_intake.h"
+#include "program/list_commands.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
 #include "support/fakes.h"
@@ -25,7 +26,8 @@ namespace kvo::test {
 /// Adds what the file system of the test holds, and refuses everything else.
 class PlainIntake : public ClipIntake {
  public:
-  PlainIntake(MemoryFiles& files, Collection& collection) : files_(files), collection_(collection) {}
+  PlainIntake(MemoryFiles& files, Collection& collection, ClipList& list)
+      : files_(files), collection_(collection), list_(list) {}
   std::vector<std::string> asked;
   KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
   bool AddMoviesm(const std::string& text) override {
@@ -36,9 +38,11 @@ class PlainIntake : public ClipIntake {
     clip.Path(std::string(folderPart(text)));
     clip.IsStill(text.ends_with(".jpg"));
     collection_.MovieList.add(std::move(clip));
+    list_.addLast();
+    list_.PreviewMovie(collection_.MovieList.count());
     if (settings != nullptr) {
       settings->change().LoadFrom = std::string(folderPart(text));
-      settings->state.IsDirty = true;
+      settings->state.ListIsDirty = true;
     }
     return true;
   }
@@ -46,6 +50,7 @@ class PlainIntake : public ClipIntake {
  private:
   MemoryFiles& files_;
   Collection& collection_;
+  ClipList& list_;
 };
 
 /// The program without its window: everything that start-up and the File menu touch.
@@ -61,10 +66,14 @@ struct ProgramBench : StoreBench {
   PlainDesktop desktop;
   ScriptedDialogs dialogs;
   MainWindowState window;
-  PlainIntake intake{files, collection};
-  CollectionCommands commands{{files, boxes, dialogs, loop, folder}, file, settings, collection, window};
-  ProgramParts parts{files, boxes,    loop,       handover, store,  desktop, folder,
-                     file,  settings, collection, commands, intake, window};
+  ClipList list{window, collection, settings};
+  History history{window, collection, settings, list};
+  RecentCollections recent{store, files};
+  PlainIntake intake{files, collection, list};
+  CollectionCommands commands{
+      {files, boxes, dialogs, loop, folder}, file, settings, collection, {window, list, history, recent}};
+  ProgramParts parts{files,    boxes,      loop,     handover, store,  desktop, folder,
+                     settings, collection, commands, intake,   window, list,    history};
   Intro intro{parts};
   Mailbox mailbox{parts, intro};
   PlainSkinPictures pictures{files};
@@ -72,6 +81,15 @@ struct ProgramBench : StoreBench {
   Skins skins{{dialogs, loop, pictures, log, folder}, calls, settings, window};
   StartUp startUp{parts, skins, intro, mailbox};
   ShutDown shutDown{parts, intro, mailbox};
+  ListCommands listCommands{{files, clock, boxes}, history, list, intro, settings, collection, window};
+
+  /// What the list shows, which is what the collection has.
+  [[nodiscard]] std::vector<std::string> names() const {
+    std::vector<std::string> names;
+    for (const auto& row : window.list.Fillist.rows()) names.push_back(row.name);
+    EXPECT_EQ(static_cast<int>(names.size()), collection.MovieList.count());
+    return names;
+  }
 
   /// Puts a collection of these clips at `path`; their files are there.
   void saveCollection(const std::string& path, const std::vector<std::string>& clips,

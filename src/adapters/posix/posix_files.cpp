@@ -98,6 +98,12 @@ bool PosixFiles::exists(const std::string& path) const {
   return ::stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
 }
 
+std::optional<FileFacts> PosixFiles::facts(const std::string& path) const {
+  struct stat found {};
+  if (::stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
+  return FileFacts{static_cast<std::uint64_t>(found.st_size), found.st_mtim.tv_sec};
+}
+
 Result<std::string> PosixFiles::read(const std::string& path, std::uint64_t limit) const {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file.open()) return failure("cannot read", path);

@@ -9,6 +9,7 @@ namespace kvo {
 class PosixFiles : public Files {
  public:
   [[nodiscard]] bool exists(const std::string& path) const override;
+  [[nodiscard]] std::optional<FileFacts> facts(const std::string& path) const override;
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override;
   Result<std::unique_ptr<Replacement>> replace(const std::string& path) override;
   Outcome append(const std::string& path, std::string_view bytes) override;

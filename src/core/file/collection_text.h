@@ -10,7 +10,6 @@
 #include "core/records/setting_rows.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,23 +42,48 @@ struct ParsedKeyframe {
   bool ends = false;  ///< as of ParsedClip
 };
 
-/// What a text holds. Rows are views of the text, which lives in here.
-struct ParsedCollection {
-  ReadEnd end = ReadEnd::Done;  ///< or NotReadable, NotValid, TooManyClips: then there is nothing else
-  std::vector<HeadText> head{};
-  std::vector<ParsedAnimation> animations{};
-  std::vector<ParsedClip> clips{};  ///< as many as the head counts, or as can be read
-  std::vector<ParsedKeyframe> keyframes{};
-  int clipSections = 0;  ///< counted by their headings
+/// What a text holds as a whole. Sections are counted by their headings.
+struct TextFacts {
+  ReadEnd end = ReadEnd::Done;   ///< or NotReadable, NotValid, TooManyClips: then there is nothing else
+  std::vector<HeadText> head{};  ///< as many as headSections()
+  int clipSections = 0;
   int animationSections = 0;
   int keyframeSections = 0;
-  bool droppedText = false;  ///< there was text that made no row
-  std::unique_ptr<SectionReader> reader{};
+  int clips = 0;  ///< as the head counts them
+  int keyframes = 0;
 };
 
-/// Reads the text of a collection as it stands in its file. What the head does not count is as it was
-/// `before`. A folder "CURRDIR" is `folder`.
-ParsedCollection parse(std::string bytes, const ProgramFolder& folder, const Preferences& before = {});
+/// Reads the text of a collection: the head at once, and then a record at each call, in file order. Rows are
+/// views of the text, which lives in here.
+class CollectionReader {
+ public:
+  /// `bytes` as they stand in the file. What the head does not count is as it was `before`. A folder
+  /// "CURRDIR" is `folder`, which outlives the reader.
+  CollectionReader(std::string bytes, const ProgramFolder& folder, const Preferences& before = {});
+
+  [[nodiscard]] const TextFacts& facts() const { return facts_; }
+
+  std::vector<ParsedAnimation> animations();
+  /// The next clip: for `facts().clips` calls, or until one `ends`.
+  ParsedClip nextClip();
+  /// Behind the clips, likewise.
+  ParsedKeyframe nextKeyframe();
+
+  /// There was text in what has been read that made no row.
+  [[nodiscard]] bool droppedText() const { return reader_.droppedText(); }
+
+ private:
+  void otherSections(ParsedClip& parsed);
+  bool section(ParsedClip& parsed, std::string_view part);
+
+  SectionReader reader_;
+  const ProgramFolder& folder_;
+  TextFacts facts_;
+  std::vector<SectionRow> rows_;
+  int clip_ = 0;
+  int keyframe_ = 0;
+  int audioFailures_ = 0;
+};
 
 /// What a text is by its [KVO].
 struct TextKind {
@@ -68,9 +92,6 @@ struct TextKind {
   std::string version = "Unknown and Corrupt";  ///< the first value
 };
 TextKind kindOfText(std::string bytes);
-
-/// How many sections of clips the text holds, counted by their headings.
-int clipsIn(std::string bytes);
 
 /// The line of the log that says that no further clip or keyframe can be read.
 std::string lineOfEnd();

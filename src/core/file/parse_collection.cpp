@@ -48,138 +48,113 @@ int countIn(const std::vector<HeadText>& head, std::string_view name, const Prog
   return 0;
 }
 
-// Takes a collection apart, in file order.
-class Parser {
- public:
-  Parser(SectionReader& reader, const ProgramFolder& folder) : reader_(reader), folder_(folder) {}
-
-  void animations(std::vector<ParsedAnimation>& all) {
-    for (int i = 1; i <= kMaxAnimations && reader_.GetSection(numbered("AudMovie", i), rows_, 0); ++i) {
-      auto& parsed = all.emplace_back();
-      parsed.name = rows_[0];
-      parsed.folder = rowOr(rows_, 1);
-      auto& animation = parsed.animation;
-      takeRows(animation, audMovieRows(), rows_);
-      if (characterCount(animation.MovieName) == kUnusedLength) animation.MovieName.clear();
-      animation.Path = withSeparator(folderOf(parsed.folder.value, folder_));
-    }
-  }
-
-  void clips(std::vector<ParsedClip>& all, int count) {
-    for (int i = 1; i <= count; ++i) {
-      auto& parsed = all.emplace_back();
-      parsed.number = i;
-      clip(parsed);
-      if (parsed.ends) return;
-    }
-  }
-
-  void keyframes(std::vector<ParsedKeyframe>& all, int count) {
-    for (int i = 1; i <= count; ++i) {
-      auto& parsed = all.emplace_back();
-      parsed.ends = !reader_.GetSection(numbered("KeyFrame", i), rows_, i);
-      if (parsed.ends) return;
-      takeRows(parsed.keyframe, keyframeRows(), rows_);
-      parsed.texture = rowOr(rows_, kTextureFileRow);
-    }
-  }
-
- private:
-  void clip(ParsedClip& parsed) {
-    if (!reader_.GetSection(numbered("Movie", parsed.number, "Main"), rows_, parsed.number)) {
-      parsed.told.push_back(lineOfEnd());
-      parsed.damaged = parsed.ends = true;
-      return;
-    }
-    parsed.name = rows_[0];
-    parsed.folder = rowOr(rows_, 1);
-    parsed.overlayFolder = rowOr(rows_, kSrcPathRow);
-    parsed.overlayName = rowOr(rows_, kSrcNameRow);
-    parsed.mask = rowOr(rows_, kMaskNameRow);
-    auto& clip = parsed.clip;
-    clip.MovieName(std::string(fileNamePart(parsed.name.value)));
-    clip.Path(folderOf(parsed.folder.value, folder_));
-    takeRows(clip, movieMainRows(), rows_, 2);
-    if (clip.Playspeed() == 999) clip.IsExtendedCD(true);
-    parsed.usable = !clip.MovieName().empty() &&
-                    (!clip.Path().empty() || clip.MovieName().find("//") != std::string::npos);
-    if (parsed.usable) otherSections(parsed);
-  }
-
-  void otherSections(ParsedClip& parsed) {
-    auto& clip = parsed.clip;
-    if (section(parsed, "Audio")) {
-      takeRows(clip, movieAudioRows(), rows_);
-    } else {
-      if (++audioFailures_ > kMaxCorruptAudio) {
-        parsed.ends = true;
-        return;
-      }
-      parsed.told.emplace_back("<<ERR034>> - Corrupt Audio Descriptions. ");
-    }
-    if (rows_.size() < 2) clip.AudioOutputLevel(1.0F);
-
-    if (section(parsed, "Looping")) {
-      takeRows(clip, movieLoopingRows(), rows_);
-      // Once more, now that the durations are known, so that the frame fields can be derived.
-      clip.LoopEnd(Value(rows_[0].value));
-    } else {
-      parsed.told.push_back(
-          std::string("<<ERR035>> - Corrupt Looping Descriptions. ").append(LoadResString(174)));
-    }
-
-    if (section(parsed, "Display")) {
-      takeRows(clip, movieDisplayRows(), rows_);
-    } else {
-      parsed.told.push_back(std::string(LoadResString(175)).append("<<ERR036>> - Corrupt Display Failure "));
-    }
-  }
-
-  bool section(ParsedClip& parsed, std::string_view part) {
-    const bool found = reader_.GetSection(numbered("Movie", parsed.number, part), rows_, parsed.number);
-    parsed.damaged |= !found;
-    return found;
-  }
-
-  SectionReader& reader_;
-  const ProgramFolder& folder_;
-  Rows rows_;
-  int audioFailures_ = 0;
-};
-
 }  // namespace
 
-ParsedCollection parse(std::string bytes, const ProgramFolder& folder, const Preferences& before) {
-  ParsedCollection parsed;
-  parsed.reader = std::make_unique<SectionReader>(std::move(bytes));
-  auto& reader = *parsed.reader;
-  Rows rows;
-  if (!reader.GetSection("KVO", rows, 0)) {
-    parsed.end = ReadEnd::NotReadable;
-    return parsed;
+CollectionReader::CollectionReader(std::string bytes, const ProgramFolder& folder, const Preferences& before)
+    : reader_(std::move(bytes)), folder_(folder) {
+  if (!reader_.GetSection("KVO", rows_, 0)) {
+    facts_.end = ReadEnd::NotReadable;
+    return;
   }
-  if (!isCollectionHead(rows)) {
-    parsed.end = ReadEnd::NotValid;
-    return parsed;
+  if (!isCollectionHead(rows_)) {
+    facts_.end = ReadEnd::NotValid;
+    return;
   }
-  parsed.clipSections = reader.countSections("Movie", "Main");
-  parsed.clips.reserve(static_cast<std::size_t>(std::min(parsed.clipSections, kMaxClips)) + 1);
-  if (parsed.clipSections > kMaxClips) {
-    parsed.end = ReadEnd::TooManyClips;
-    return parsed;
+  facts_.clipSections = reader_.countSections("Movie", "Main");
+  if (facts_.clipSections > kMaxClips) {
+    facts_.end = ReadEnd::TooManyClips;
+    return;
   }
-  parsed.animationSections = reader.countSections("AudMovie");
-  parsed.keyframeSections = reader.countSections("KeyFrame");
-
+  facts_.animationSections = reader_.countSections("AudMovie");
+  facts_.keyframeSections = reader_.countSections("KeyFrame");
   for (const auto& section : headSections()) {
-    reader.GetSection(section.name, rows, 0);
-    parsed.head.push_back(rows);
+    reader_.GetSection(section.name, rows_, 0);
+    facts_.head.push_back(rows_);
   }
-  Parser parser(reader, folder);
-  parser.animations(parsed.animations);
-  parser.clips(parsed.clips, countIn(parsed.head, "MoviesInGroup", folder, before));
-  parser.keyframes(parsed.keyframes, countIn(parsed.head, "KeyframeCount", folder, before));
-  parsed.droppedText = reader.droppedText();
+  facts_.clips = countIn(facts_.head, "MoviesInGroup", folder, before);
+  facts_.keyframes = countIn(facts_.head, "KeyframeCount", folder, before);
+}
+
+std::vector<ParsedAnimation> CollectionReader::animations() {
+  std::vector<ParsedAnimation> all;
+  for (int i = 1; i <= kMaxAnimations && reader_.GetSection(numbered("AudMovie", i), rows_, 0); ++i) {
+    auto& parsed = all.emplace_back();
+    parsed.name = rows_[0];
+    parsed.folder = rowOr(rows_, 1);
+    auto& animation = parsed.animation;
+    takeRows(animation, audMovieRows(), rows_);
+    if (characterCount(animation.MovieName) == kUnusedLength) animation.MovieName.clear();
+    animation.Path = withSeparator(folderOf(parsed.folder.value, folder_));
+  }
+  return all;
+}
+
+ParsedClip CollectionReader::nextClip() {
+  ParsedClip parsed;
+  parsed.number = ++clip_;
+  if (!reader_.GetSection(numbered("Movie", clip_, "Main"), rows_, clip_)) {
+    parsed.told.push_back(lineOfEnd());
+    parsed.damaged = parsed.ends = true;
+    return parsed;
+  }
+  parsed.name = rows_[0];
+  parsed.folder = rowOr(rows_, 1);
+  parsed.overlayFolder = rowOr(rows_, kSrcPathRow);
+  parsed.overlayName = rowOr(rows_, kSrcNameRow);
+  parsed.mask = rowOr(rows_, kMaskNameRow);
+  auto& clip = parsed.clip;
+  clip.MovieName(std::string(fileNamePart(parsed.name.value)));
+  clip.Path(folderOf(parsed.folder.value, folder_));
+  takeRows(clip, movieMainRows(), rows_, 2);
+  if (clip.Playspeed() == 999) clip.IsExtendedCD(true);
+  parsed.usable =
+      !clip.MovieName().empty() && (!clip.Path().empty() || clip.MovieName().find("//") != std::string::npos);
+  if (parsed.usable) otherSections(parsed);
+  return parsed;
+}
+
+void CollectionReader::otherSections(ParsedClip& parsed) {
+  auto& clip = parsed.clip;
+  if (section(parsed, "Audio")) {
+    takeRows(clip, movieAudioRows(), rows_);
+  } else {
+    if (++audioFailures_ > kMaxCorruptAudio) {
+      parsed.ends = true;
+      return;
+    }
+    parsed.told.emplace_back("<<ERR034>> - Corrupt Audio Descriptions. ");
+  }
+  if (rows_.size() < 2) clip.AudioOutputLevel(1.0F);
+
+  if (section(parsed, "Looping")) {
+    takeRows(clip, movieLoopingRows(), rows_);
+    // Once more, now that the durations are known, so that the frame fields can be derived.
+    clip.LoopEnd(Value(rows_[0].value));
+  } else {
+    parsed.told.push_back(
+        std::string("<<ERR035>> - Corrupt Looping Descriptions. ").append(LoadResString(174)));
+  }
+
+  if (section(parsed, "Display")) {
+    takeRows(clip, movieDisplayRows(), rows_);
+  } else {
+    parsed.told.push_back(std::string(LoadResString(175)).append("<<ERR036>> - Corrupt Display Failure "));
+  }
+}
+
+bool CollectionReader::section(ParsedClip& parsed, std::string_view part) {
+  const bool found = reader_.GetSection(numbered("Movie", parsed.number, part), rows_, parsed.number);
+  parsed.damaged |= !found;
+  return found;
+}
+
+ParsedKeyframe CollectionReader::nextKeyframe() {
+  ParsedKeyframe parsed;
+  ++keyframe_;
+  parsed.ends = !reader_.GetSection(numbered("KeyFrame", keyframe_), rows_, keyframe_);
+  if (parsed.ends) return parsed;
+  takeRows(parsed.keyframe, keyframeRows(), rows_);
+  parsed.texture = rowOr(rows_, kTextureFileRow);
   return parsed;
 }
 
@@ -189,8 +164,6 @@ TextKind kindOfText(std::string bytes) {
   if (!reader.GetSection("KVO", rows, 0)) return {};
   return {true, isCollectionHead(rows), std::string(rows[0].value)};
 }
-
-int clipsIn(std::string bytes) { return SectionReader(std::move(bytes)).countSections("Movie", "Main"); }
 
 std::string lineOfEnd() {
   return std::string("<<ERR033>> - ").append(LoadResString(172)).append(LoadResString(173));

@@ -17,6 +17,7 @@ enum class ReadEnd {
 
 struct ReadReport {
   ReadEnd end = ReadEnd::Done;
+  std::string why{};  ///< a line for a person where the file cannot be read
   std::vector<std::string> missingFiles{};
   std::vector<int> skippedClips{};  ///< numbers of clip sections without a usable name or folder
   bool damaged = false;             ///< sections were missing or out of order

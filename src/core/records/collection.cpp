@@ -19,14 +19,14 @@ std::vector<Long> freshKeyIDs(const Collection& collection, Long clock, std::siz
 
 void ClearDirtyFlags(Collection& collection, KVO2& settings) {
   for (int i = 1; i <= collection.MovieList.count(); ++i) collection.MovieList[i].IsDirty(false);
-  settings.state.IsDirty = false;
+  settings.state.IsDirty = settings.state.ListIsDirty = false;
 }
 
 bool isDirty(const Collection& collection, const KVO2& settings) {
   for (int i = 1; i <= collection.MovieList.count(); ++i) {
     if (collection.MovieList[i].IsDirty()) return true;
   }
-  return settings.state.IsDirty;
+  return settings.state.IsDirty || settings.state.ListIsDirty;
 }
 
 }  // namespace kvo

@@ -6,6 +6,8 @@
 #include "core/records/settings.h"
 #include "core/records/small_records.h"
 
+#include <cstddef>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -17,6 +19,8 @@ namespace kvo {
 template <class Record>
 class RecordList {
  public:
+  using Numbered = std::vector<std::pair<int, std::unique_ptr<Record>>>;
+
   [[nodiscard]] int count() const { return static_cast<int>(records_.size()); }
   [[nodiscard]] bool empty() const { return records_.empty(); }
 
@@ -33,7 +37,41 @@ class RecordList {
     std::erase_if(records_, [&](const auto& r) { return unwanted(*r); });
   }
 
+  // Several at once. Numbers are ascending.
+
+  /// Takes records out; each comes with the number that it had.
+  Numbered takeOut(const std::vector<int>& numbers) {
+    Numbered out;
+    out.reserve(numbers.size());
+    for (const int number : numbers) out.emplace_back(number, std::move(slot(number)));
+    std::erase(records_, nullptr);
+    return out;
+  }
+
+  /// Puts records in, each with the number that it has then.
+  void putIn(Numbered records) {
+    std::vector<std::unique_ptr<Record>> all;
+    all.reserve(records_.size() + records.size());
+    auto next = records_.begin();
+    for (auto& [number, record] : records) {
+      while (static_cast<int>(all.size()) + 1 < number) all.push_back(std::move(*next++));
+      all.push_back(std::move(record));
+    }
+    std::move(next, records_.end(), std::back_inserter(all));
+    records_.swap(all);
+  }
+
+  /// Gives each place the record that has the number in `order` now.
+  void arrange(const std::vector<int>& order) {
+    std::vector<std::unique_ptr<Record>> all;
+    all.reserve(order.size());
+    for (const int number : order) all.push_back(std::move(slot(number)));
+    records_.swap(all);
+  }
+
  private:
+  std::unique_ptr<Record>& slot(int number) { return records_[static_cast<std::size_t>(number - 1)]; }
+
   std::vector<std::unique_ptr<Record>> records_;
 };
 

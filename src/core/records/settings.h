@@ -153,6 +153,7 @@ class UserValues {
   UserValue<Boolean> LoopPreviews{store_, "LoopPreviews", false};
   UserValue<Boolean> LoopCol{store_, "LoopCol", false};
   UserValue<Integer> StillDelayTimer{store_, "Stilldelay", 7};  ///< seconds
+  UserValue<double> InterfaceSize{store_, "InterfaceSize", 0};  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
 
   /// Where the values are kept, not owned; null keeps them in memory.
   void attach(UserStore* store) { store_ = store; }
@@ -160,8 +161,9 @@ class UserValues {
 
 /// What is never kept.
 struct RunState {
-  Boolean IsDirty = false;   ///< the preferences or the list differ from the file
-  Integer ObjectChange = 0;  ///< change code
+  Boolean IsDirty = false;      ///< the preferences or the list differ from the file
+  Boolean ListIsDirty = false;  ///< the list does by what can be undone
+  Integer ObjectChange = 0;     ///< change code
 
   /// The change code becomes `code` if it is below `below` now.
   void postChange(Integer code, Integer below) {

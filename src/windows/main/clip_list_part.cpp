@@ -21,14 +21,14 @@ int ClipListPart::Names::rowCount(const QModelIndex& above) const { return above
 QVariant ClipListPart::Names::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
   if (role != Qt::DisplayRole || row >= list_.rows().size()) return {};
-  return shown(list_.rows()[row]);
+  return shown(list_.rows()[row].name);
 }
 
-ClipListPart::ClipListPart(const ClipListState& state, ClipChoice& choice, std::function<void()> acted,
+ClipListPart::ClipListPart(const ClipListState& state, ListCommands& commands, std::function<void()> acted,
                            QWidget* parent)
     : QWidget(parent),
       state_(state),
-      choice_(choice),
+      commands_(commands),
       acted_(std::move(acted)),
       caption_(made<QLabel>(this)),
       list_(made<QListView>(this)),
@@ -46,7 +46,7 @@ ClipListPart::ClipListPart(const ClipListState& state, ClipChoice& choice, std::
   list_->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, [this](const QModelIndex& row) {
     if (!row.isValid() || row.row() == state_.ListIndex) return;
-    choice_.select(row.row() + 1);
+    commands_.select(row.row() + 1);
     acted_();
   });
   auto* column = made<QVBoxLayout>(this);

@@ -1,7 +1,7 @@
 // The clip list with its caption.
 #pragma once
 
-#include "program/clip_list.h"
+#include "program/list_commands.h"
 
 #include <QAbstractListModel>
 #include <QWidget>
@@ -16,7 +16,8 @@ namespace kvo {
 class ClipListPart : public QWidget {
  public:
   /// `acted` is called behind each choice that the user has made.
-  ClipListPart(const ClipListState& state, ClipChoice& choice, std::function<void()> acted, QWidget* parent);
+  ClipListPart(const ClipListState& state, ListCommands& commands, std::function<void()> acted,
+               QWidget* parent);
 
   void draw();
   /// Where the keyboard goes.
@@ -26,18 +27,18 @@ class ClipListPart : public QWidget {
   // Reads the names where they stand. The view sees as many as there were when they were shown last.
   class Names : public QAbstractListModel {
    public:
-    Names(const RevisedList<std::string>& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
+    Names(const RevisedList<ClipRow>& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
     void showAnew();
     [[nodiscard]] int rowCount(const QModelIndex& above) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
    private:
-    const RevisedList<std::string>& list_;
+    const RevisedList<ClipRow>& list_;
     int count_ = 0;
   };
 
   const ClipListState& state_;
-  ClipChoice& choice_;
+  ListCommands& commands_;
   std::function<void()> acted_;
   QLabel* caption_;
   QListView* list_;

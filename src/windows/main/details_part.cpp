@@ -19,8 +19,9 @@ DetailsPart::DetailsPart(const DetailsState& state, QWidget* parent) : QLabel(pa
 void DetailsPart::draw() {
   setVisible(state_.visible);
   QString lines;
-  for (const auto& [name, value] : state_.rows) {
-    lines += "<p><b>" + shown(name).toHtmlEscaped() + "</b><br>" + shown(value).toHtmlEscaped() + "</p>";
+  for (const auto& [name, value] : state_.pairs) {
+    if (!name.empty())
+      lines += "<p><b>" + shown(name).toHtmlEscaped() + "</b><br>" + shown(value).toHtmlEscaped() + "</p>";
   }
   if (text() != lines) setText(lines);
 }

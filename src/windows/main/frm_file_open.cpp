@@ -41,7 +41,7 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic)
   const auto acted = [this] { draw(); };
   auto* page = made<QWidget>(panel_);
   emptyPane_ = made<EmptyPanePart>(std::cref(state.emptyPane), std::ref(logic_.media), acted, panel_);
-  list_ = made<ClipListPart>(std::cref(state.list), std::ref(logic_.choice), acted, page);
+  list_ = made<ClipListPart>(std::cref(state.list), std::ref(logic_.list), acted, page);
   details_ = made<DetailsPart>(std::cref(state.details), page);
   progress_ = made<ProgressPart>(std::ref(state.progress), this);
   auto* columns = made<QHBoxLayout>(page);

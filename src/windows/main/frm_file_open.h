@@ -2,7 +2,7 @@
 // what the user does there; nothing is decided here.
 #pragma once
 
-#include "program/clip_list.h"
+#include "program/list_commands.h"
 #include "program/media_commands.h"
 #include "program/shut_down.h"
 
@@ -23,7 +23,7 @@ class FrmFileOpen : public QMainWindow {
   struct Logic {
     CollectionCommands& collection;
     MediaCommands& media;
-    ClipChoice& choice;
+    ListCommands& list;
     Mailbox& mailbox;
     ShutDown& shutDown;
   };

@@ -1,0 +1,174 @@
+#include "program/clip_texts.h"
+
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/records/media_kinds.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr double kSilence = 10000;  // hundredths of a decibel
+constexpr double kUnshifted = 1000;
+
+bool hasSound(const Movie& clip) { return !clip.IsStill() && !clip.IsHTML(); }
+
+// "640 x 480" and "44.1 KHz" as they are shown.
+std::string resolutionText(const Movie& clip) {
+  if (clip.IsStill() && clip.StillW() > 0)
+    return std::to_string(clip.StillW()) + " × " + std::to_string(clip.StillH());
+  return replaced(clip.Resolution().text(), " x ", " × ");
+}
+
+bool hasPicture(const Movie& clip) { return resolutionText(clip).find(" × ") != std::string::npos; }
+
+std::string formatText(const Movie& clip) {
+  auto text = resolutionText(clip);
+  const auto stop = clip.MovieName().rfind('.');
+  if (stop == std::string::npos || isAddress(clip.MovieName())) return text;
+  return text.append(text.empty() ? "" : " - ").append(upper(clip.MovieName().substr(stop + 1)));
+}
+
+double rateOf(const Movie& clip) {
+  if (clip.FrameRate() > 0) return static_cast<double>(clip.FrameRate());
+  const auto frames = clip.DurationFrames().wholeNumber();
+  const auto length = clip.DurationTime().wholeNumber();
+  return frames && length && *length > 0 ? *frames / *length : 0;
+}
+
+std::string balanceText(const Movie& clip) {
+  const double balance = clip.Balance().number() - kUnshifted;
+  return balance == 0 ? "Stereo" : balance < 0 ? "Left" : "Right";
+}
+
+// The section of a clip that has a length; an end that was never set is the clip's.
+std::pair<double, double> sectionOf(const Movie& clip, double length) {
+  const double end = clip.LoopEnd().number();
+  return {clip.LoopStart().number(), end > 0 ? std::min(end, length) : length};
+}
+
+}  // namespace
+
+ClipKind kindOf(const Movie& clip) {
+  if (clip.IsHTML()) return ClipKind::Page;
+  if (isAddress(clip.MovieName())) return ClipKind::Stream;
+  if (clip.IsStill()) return ClipKind::Still;
+  const auto* kind = mediaKind(clip.MovieName());
+  if (kind != nullptr && kind->byNameAlone)
+    return kind->mediaClass == MediaClass::Sound ? ClipKind::Sound : ClipKind::Video;
+  if (hasPicture(clip)) return ClipKind::Video;
+  const bool soundByName = kind != nullptr && kind->mediaClass == MediaClass::Sound;
+  return soundByName || clip.Resolution().isSet() ? ClipKind::Sound : ClipKind::Video;
+}
+
+std::optional<double> lengthOf(const Movie& clip, const KVO2& settings) {
+  if (const auto length = clip.DurationTime().wholeNumber(); length && *length > 0) return length;
+  if (clip.IsStill()) return static_cast<double>(settings.state.DefaultStillDuration);
+  return std::nullopt;
+}
+
+std::string clockText(double seconds) {
+  const auto whole = static_cast<long>(RoundToWhole(seconds));
+  const auto two = [](long number) { return FormatMask(static_cast<double>(number), "00"); };
+  if (whole < 3600) return std::to_string(whole / 60) + ":" + two(whole % 60);
+  return std::to_string(whole / 3600) + ":" + two(whole / 60 % 60) + ":" + two(whole % 60);
+}
+
+std::string totalText(double seconds) {
+  const double whole = RoundToWhole(seconds);
+  const double minutes = std::floor(whole / 60);
+  return FormatMask(minutes, "#0") + "m " + FormatMask(whole - minutes * 60, "00") + "s";
+}
+
+ClipRow rowOf(const Movie& clip, const KVO2& settings) {
+  const auto length = lengthOf(clip, settings);
+  return {listedName(clip), length ? clockText(*length) : std::string(), kindOf(clip)};
+}
+
+std::string windowCaption(const Movie& clip) {
+  const auto name = listedName(clip);
+  switch (kindOf(clip)) {
+    case ClipKind::Video:
+      return name + " - Video";
+    case ClipKind::Sound:
+      return name + " - Audio";
+    case ClipKind::Still:
+    case ClipKind::Page:
+    case ClipKind::Stream:
+      break;
+  }
+  return name;
+}
+
+std::array<Detail, 9> detailsOf(const Movie& clip, const KVO2& settings, const StreamFacts* facts) {
+  std::array<Detail, 9> pairs{
+      {{"File", clip.MovieName()}, {"Folder", clip.Path()}, {"Format", formatText(clip)}}};
+  if (const auto length = lengthOf(clip, settings)) {
+    pairs[3] = {"Length", FormatMask(*length, "0.00") + " s"};
+    if (!clip.IsStill()) {
+      const auto [start, end] = sectionOf(clip, *length);
+      pairs[4] = {"Section", FormatMask(start, "0.00") + " to " + FormatMask(end, "0.00") + " s"};
+    }
+  }
+  if (hasSound(clip)) {
+    pairs[5] = {"Speed", FormatMask(static_cast<double>(clip.Playspeed()) / 10, "#0.0#") + " x"};
+    pairs[6] = {"Volume", std::to_string(percentOf(clip.Volume())) + "%"};
+    pairs[7] = {"Balance", balanceText(clip)};
+  }
+  if (facts != nullptr && !facts->codec.empty()) pairs[8] = {"Codec", facts->codec};
+  return pairs;
+}
+
+std::vector<std::string> chipsOf(const Movie& clip, const StreamFacts* facts) {
+  std::vector<std::string> chips;
+  if (auto size = resolutionText(clip); !size.empty()) chips.push_back(std::move(size));
+  if (const double rate = rateOf(clip); rate > 0 && hasPicture(clip) && !clip.IsStill())
+    chips.push_back(ShortText(ToNumber(FormatMask(rate, "0.##"))) + " fps");
+  if (facts != nullptr && facts->channels > 0) {
+    chips.push_back(facts->channels == 1   ? "Mono"
+                    : facts->channels == 2 ? "Stereo"
+                                           : std::to_string(facts->channels) + " channels");
+  }
+  return chips;
+}
+
+std::string positionText(const Movie& clip, double position) {
+  const auto length = clip.DurationTime().wholeNumber();
+  if (!length || *length <= 0 || clip.IsStill()) return {};
+  return "Time = " + FormatMask(position, "0.00") + " of " + FormatMask(*length, "0.00");
+}
+
+std::string digitsAt(const Movie& clip, double position, const KVO2& settings) {
+  const auto length = clip.DurationTime().wholeNumber();
+  if (!length || *length <= 0 || clip.IsStill()) return {};
+  const double whole = RoundToWhole(position);
+  const double minutes = std::floor(whole / 60);
+  const auto frames = clip.DurationFrames().wholeNumber();
+  const double rate =
+      frames ? *frames / *length : static_cast<double>(settings.preferences().OutPutFrameRate);
+  return FormatMask(minutes, "###00") + ":" + FormatMask(whole - minutes * 60, "##00") + ":" +
+         FormatMask(RoundToWhole(rate * position), "0##0");
+}
+
+SliderState sliderOf(const Movie& clip) {
+  const auto length = clip.DurationTime().wholeNumber();
+  if (!length || *length <= 0 || clip.IsStill()) return {};
+  const auto [start, end] = sectionOf(clip, *length);
+  const auto part = [&](double seconds) { return std::clamp(seconds / *length, 0.0, 1.0); };
+  return {true, *length, part(start), part(end), part(start)};
+}
+
+int percentOf(Integer attenuation) {
+  if (attenuation >= kSilence) return 0;
+  return static_cast<int>(RoundToWhole(100 * std::pow(10, -std::max<int>(attenuation, 0) / 2000.0)));
+}
+
+Integer attenuationOf(int percent) {
+  const double loss = percent <= 0 ? kSilence : -2000 * std::log10(std::min(percent, 100) / 100.0);
+  return toInteger(std::min(loss, kSilence)).value_or(0);
+}
+
+}  // namespace kvo

@@ -1,0 +1,204 @@
+#include "program/list_commands.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "core/telling/messages.h"
+#include "program/clip_texts.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace kvo {
+namespace {
+
+constexpr Integer kMarksChanged = 96;
+constexpr Integer kListChanged = 99;
+constexpr double kLeastSection = 0.01;  // seconds, of a clip whose frames are not known
+
+constexpr std::array<std::string_view, 7> kSortNames = {
+    "sort by name",   "sort by date",       "sort by type", "sort by size",
+    "sort by length", "sort by resolution", "shuffle"};
+
+std::optional<double> measured(const Movie& clip) {
+  const auto length = clip.DurationTime().wholeNumber();
+  return length && *length > 0 && !clip.IsStill() ? length : std::nullopt;
+}
+
+double frameOf(const Movie& clip, double length) {
+  const auto frames = clip.DurationFrames().wholeNumber();
+  return frames && *frames > 0 ? length / *frames : kLeastSection;
+}
+
+// As a record keeps times.
+double toMilliseconds(double seconds) { return ToNumber(FormatMask(seconds, "0.000")); }
+
+// What the row of a collection file can hold of a name.
+std::string asOneLine(std::string_view text) {
+  auto line = std::string(text);
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c >= '\0' && c < ' '; }, ' ');
+  return std::string(trimmed(cutTo(trimmed(line), kUnusedLength - 1)));
+}
+
+}  // namespace
+
+// The intro leaves ahead of whatever the user asks of the list.
+void ListCommands::pass(const std::function<void(const CommandPass&, const Movie&)>& command) {
+  const CommandPass pass(window_);
+  if (!pass) return;
+  intro_.leave();
+  if (collection_.icurMov >= 1) command(pass, collection_.MovieList[collection_.icurMov]);
+}
+
+std::string ListCommands::named(std::string_view act) const {
+  return stepName(act, collection_, {collection_.icurMov});
+}
+
+void ListCommands::select(int number) {
+  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) { list_.PreviewMovie(number); });
+}
+
+void ListCommands::choose(std::vector<int> numbers, int number) {
+  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) {
+    list_.choose(std::move(numbers), number);
+  });
+}
+
+void ListCommands::remove() {
+  pass([&](const CommandPass& pass, const Movie& /*inHand*/) { history_.remove(pass, window_.list.chosen); });
+}
+
+void ListCommands::arrange(const CommandPass& pass, std::string_view act, std::vector<int> order) {
+  auto chosen = placesIn(order, window_.list.chosen);
+  const int inHand = placesIn(order, {collection_.icurMov}).front();
+  auto name = act.starts_with("move") ? stepName(act, collection_, window_.list.chosen) : std::string(act);
+  history_.arrange(pass, std::move(name), std::move(order), std::move(chosen), inHand);
+}
+
+void ListCommands::moveUp() {
+  pass([&](const CommandPass& pass, const Movie& /*inHand*/) {
+    arrange(pass, "move", orderMoved(collection_.MovieList.count(), window_.list.chosen, -1));
+  });
+}
+
+void ListCommands::moveDown() {
+  pass([&](const CommandPass& pass, const Movie& /*inHand*/) {
+    arrange(pass, "move", orderMoved(collection_.MovieList.count(), window_.list.chosen, 1));
+  });
+}
+
+void ListCommands::moveTo(int before) {
+  pass([&](const CommandPass& pass, const Movie& /*inHand*/) {
+    arrange(pass, "move", orderGathered(collection_.MovieList.count(), window_.list.chosen, before));
+  });
+}
+
+void ListCommands::sort(SortKey key) {
+  pass([&](const CommandPass& pass, const Movie& /*inHand*/) {
+    std::uniform_real_distribution<double> random;
+    arrange(pass, kSortNames[static_cast<std::size_t>(key)],
+            orderSorted(collection_.MovieList, key, ports_.files, [&] { return random(shuffle_); }));
+  });
+}
+
+void ListCommands::beginRename() {
+  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) { window_.list.rename = true; });
+}
+
+void ListCommands::rename(std::string_view name) {
+  pass([&](const CommandPass& pass, const Movie& clip) {
+    const auto now = std::string(trimmed(clip.AltName()));
+    auto then = asOneLine(name);
+    if (then == clip.MovieName() && now.empty()) return;
+    if (then == now) return;
+    if (then.empty() && ports_.boxes.show({std::string(LoadResString(367)), std::string(LoadResString(366)),
+                                           BoxButtons::YesNo, BoxIcon::Question}) != Answer::Yes)
+      return;
+    if (then.empty()) then = " ";  // what a record has that has no name of its own
+    history_.edit(pass, named("rename"), collection_.icurMov, kListChanged,
+                  [&](Movie& changed) { changed.AltName(then); });
+  });
+}
+
+bool ListCommands::refusedByKeyframes(bool in) {
+  if (settings_.state.KeyframeMode == 0) return false;
+  ports_.boxes.show({"KVO5 - Keyframe Warning",
+                     in ? "Cannot re-set Mark-In point while setting Keyframes"
+                        : "Cannot re-set Mark-Out point while setting Keyframes",
+                     BoxButtons::Ok, BoxIcon::Warning});
+  return true;
+}
+
+void ListCommands::mark(bool in, double seconds) {
+  pass([&](const CommandPass& pass, const Movie& clip) {
+    const auto length = measured(clip);
+    if (!length || refusedByKeyframes(in)) return;
+    const double frame = frameOf(clip, *length);
+    const double end = clip.LoopEnd().number() > 0 ? std::min(clip.LoopEnd().number(), *length) : *length;
+    const double start = clip.LoopStart().number();
+    seconds = in ? std::clamp(seconds, 0.0, std::max(0.0, end - frame))
+                 : std::clamp(seconds, std::min(start + frame, *length), *length);
+    const bool whole = !in && seconds == *length;
+    if (!whole) seconds = toMilliseconds(seconds);
+    if (seconds == (in ? start : end)) return;
+    history_.edit(pass, named(in ? "Mark-In of" : "Mark-Out of"), collection_.icurMov, kMarksChanged,
+                  [&](Movie& changed) {
+                    if (in) changed.LoopStart(Value(seconds));
+                    if (!in) changed.LoopEnd(whole ? changed.DurationTime() : Value(seconds));
+                  });
+  });
+}
+
+void ListCommands::setMarkIn(double seconds) { mark(true, seconds); }
+void ListCommands::setMarkOut(double seconds) { mark(false, seconds); }
+void ListCommands::resetMarkIn() { mark(true, 0); }
+void ListCommands::resetMarkOut() { mark(false, std::numeric_limits<double>::max()); }
+
+void ListCommands::setVolume(int percent) {
+  pass([&](const CommandPass& pass, const Movie& clip) {
+    const auto attenuation = attenuationOf(percent);
+    if (clip.IsStill() || clip.IsHTML() || clip.Volume() == attenuation) return;
+    history_.edit(
+        pass, named("volume of"), collection_.icurMov, 0,
+        [&](Movie& changed) { changed.Volume(attenuation); }, "volume");
+  });
+}
+
+bool ListCommands::canCopy(CopyMode mode) const {
+  if (collection_.icurMov < 1 || collection_.MovieList.count() >= kMaxClips) return false;
+  if (mode == CopyMode::Exact) return true;
+  const auto& clip = collection_.MovieList[collection_.icurMov];
+  const auto frames = clip.DurationFrames().wholeNumber();
+  return measured(clip) && frames && clip.LoopEndFrames() < *frames;
+}
+
+void ListCommands::copy(CopyMode mode) {
+  pass([&](const CommandPass& pass, const Movie& clip) {
+    if (!canCopy(mode)) return;
+    Movie copy = clip;
+    if (mode != CopyMode::Exact) {
+      const double end = clip.LoopEnd().number();
+      copy.LoopStart(clip.LoopEnd());
+      copy.LoopStartFrames(clip.LoopEndFrames() + 1);
+      copy.LoopEnd(mode == CopyMode::Tail ? clip.DurationTime()
+                                          : Value(end + end - clip.LoopStart().number()));
+      if (clip.IsVFWCompat()) {
+        const auto frames = mode == CopyMode::Tail
+                                ? clip.DurationFrames().number()
+                                : copy.LoopStartFrames() + clip.LoopEndFrames() - clip.LoopStartFrames();
+        copy.LoopEndFrames(toLongClamped(frames));
+      }
+    }
+    copy.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
+    const double played =
+        (copy.LoopEnd().number() - copy.LoopStart().number()) / (static_cast<double>(copy.Playspeed()) / 10);
+    if (!copy.IsStill() && static_cast<double>(copy.TransIn()) / 10 > played)
+      copy.TransIn(static_cast<Single>(played / 2 * 10));
+    copy.CutIndex(toInteger(clip.CutIndex() + 1).value_or(clip.CutIndex()));
+    copy.AltName(clip.MovieName() + " - " + FormatMask(copy.CutIndex(), "000"));
+    history_.insert(pass, named("copy"), collection_.icurMov + 1, std::move(copy));
+  });
+}
+
+}  // namespace kvo

@@ -1,0 +1,99 @@
+// What the list, its keys, the slider's marks and the volume ask for. Numbers of clips count from 1, times
+// are seconds. While a load or another command runs nothing happens.
+#pragma once
+
+#include "ports/clock.h"
+#include "ports/message_boxes.h"
+#include "program/clip_order.h"
+#include "program/history.h"
+#include "program/intro.h"
+
+#include <functional>
+#include <random>
+#include <string_view>
+#include <vector>
+
+namespace kvo {
+
+/// What a copy of a clip takes of it.
+enum class CopyMode {
+  Exact,       ///< the same section
+  Tail,        ///< from Mark-Out to the end
+  EqualChunk,  ///< as long a section, from Mark-Out on
+};
+
+class ListCommands {
+ public:
+  struct Ports {
+    const Files& files;
+    const Clock& clock;
+    MessageBoxes& boxes;
+  };
+
+  ListCommands(const Ports& ports, History& history, ClipList& list, Intro& intro, const KVO2& settings,
+               Collection& collection, MainWindowState& window)
+      : ports_(ports),
+        history_(history),
+        list_(list),
+        intro_(intro),
+        settings_(settings),
+        collection_(collection),
+        window_(window) {}
+
+  /// Makes the clip of this number the one in hand, and the only one that is chosen.
+  void select(int number);
+
+  /// Chooses these together; `number` among them is in hand.
+  void choose(std::vector<int> numbers, int number);
+
+  // For all that are chosen.
+
+  void remove();
+  /// By one place. What stands at the end stays there.
+  void moveUp();
+  void moveDown();
+  /// Puts them together, ahead of the clip that has number `before` now; the count + 1 is the end.
+  void moveTo(int before);
+
+  /// Sorts the whole list. Clips with equal keys keep their order.
+  void sort(SortKey key);
+
+  // For the clip in hand.
+
+  /// Has the window edit the name in its row.
+  void beginRename();
+  /// Gives it another name in the list; an empty one takes it away again, when the user says so in a box.
+  void rename(std::string_view name);
+
+  /// Sets a mark. It meets the clip's ends, and stays a frame away from the other mark. Clips without a
+  /// length have none; while keyframes are set a box refuses it.
+  void setMarkIn(double seconds);
+  void setMarkOut(double seconds);
+  void resetMarkIn();
+  void resetMarkOut();
+
+  /// 0 to 100 per cent; not for stills and pages, which have no sound.
+  void setVolume(int percent);
+
+  /// Puts a copy behind it, when canCopy says that there is something to copy.
+  void copy(CopyMode mode);
+  [[nodiscard]] bool canCopy(CopyMode mode) const;
+
+ private:
+  void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
+  void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
+  void mark(bool in, double seconds);
+  bool refusedByKeyframes(bool in);
+  [[nodiscard]] std::string named(std::string_view act) const;
+
+  Ports ports_;
+  History& history_;
+  ClipList& list_;
+  Intro& intro_;
+  const KVO2& settings_;
+  Collection& collection_;
+  MainWindowState& window_;
+  std::mt19937 shuffle_{std::random_device{}()};
+};
+
+}  // namespace kvo

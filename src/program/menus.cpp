@@ -1,0 +1,216 @@
+#include "program/menus.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/telling/messages.h"
+
+#include <array>
+#include <iterator>
+#include <string_view>
+
+namespace kvo {
+namespace {
+
+using Entries = std::vector<MenuEntry>;
+
+constexpr std::array kSortCaptions = {"&Name",   "&Date",       "&Type",   "&Size",
+                                      "&Length", "&Resolution", "S&huffle"};
+constexpr std::array kSizeCaptions = {std::pair{0, "&By screen"}, std::pair{4, "&1x"}, std::pair{5, "1.2&5x"},
+                                      std::pair{6, "1.5&x"}, std::pair{8, "&2x"}};
+
+MenuEntry submenu(std::string caption, Entries entries, bool enabled = true) {
+  return {
+      .caption = std::move(caption), .enabled = enabled && !entries.empty(), .entries = std::move(entries)};
+}
+
+// Behind what is there, and apart from it.
+void addGroup(Entries& entries, Entries group) {
+  if (group.empty()) return;
+  entries.emplace_back();
+  std::move(group.begin(), group.end(), std::back_inserter(entries));
+}
+
+const MenuEntry* find(const Entries& entries, MenuId id) {
+  for (const auto& entry : entries) {
+    if (entry.id == id) return &entry;
+    if (const auto* inside = find(entry.entries, id)) return inside;
+  }
+  return nullptr;
+}
+
+std::string asCaption(std::string_view name) { return replaced(name, "&", "&&"); }
+
+}  // namespace
+
+void MainMenu::choose(MenuId id) {
+  const auto menu = windowMenu();
+  const auto* chosen = id == MenuId{} ? nullptr : find(menu, id);
+  if (chosen != nullptr && chosen->enabled) chosen->act();
+}
+
+Entries MainMenu::windowMenu() {
+  Entries entries{addMedia(), submenu("&Collection", collectionEntries())};
+  addGroup(entries, historyEntries());
+  addGroup(entries,
+           {submenu("Cl&ip", clipEntries()), submenu("Sor&t by", sortMenu(), parts_.window.listKeys.SORT)});
+  addGroup(entries, copyEntries());
+  addGroup(entries, playEntries());
+  addGroup(entries, faceEntries());
+  addGroup(entries, {{{MenuCommand::Exit}, "E&xit", "Ctrl+Q", true, [this] { parts_.shutDown.exit(); }}});
+  return entries;
+}
+
+Entries MainMenu::listMenu() {
+  Entries entries{addMedia()};
+  addGroup(entries, clipEntries());
+  entries.push_back(submenu("Sor&t by", sortMenu(), parts_.window.listKeys.SORT));
+  addGroup(entries, copyEntries());
+  addGroup(entries, historyEntries());
+  return entries;
+}
+
+MenuEntry MainMenu::addMedia() {
+  return {{MenuCommand::AddMedia}, "&Add Media...", "Ins", parts_.window.face.controlsEnabled, [this] {
+            parts_.media.AddMedia();
+          }};
+}
+
+Entries MainMenu::collectionEntries() {
+  auto& collections = parts_.collections;
+  return {{{MenuCommand::New}, "&New", "Ctrl+N", true, [&] { collections.New(); }},
+          {{MenuCommand::mnu_LoadShow}, "&Open...", "Ctrl+O", true, [&] { collections.Open(); }},
+          submenu("Open &Recent", recentEntries()),
+          {{MenuCommand::mnu_SaveShow}, "&Save...", "Ctrl+S", true, [&] { collections.Save(); }}};
+}
+
+Entries MainMenu::recentEntries() {
+  Entries entries;
+  for (auto& path : parts_.recent.paths()) {
+    const auto place = static_cast<int>(entries.size());
+    auto caption = "&" + std::to_string(place + 1) + " " + asCaption(fileNamePart(path));
+    entries.push_back({.id = {MenuCommand::Recent, place},
+                       .caption = std::move(caption),
+                       .act = [this, path] { parts_.collections.openNamed(path); }});
+    entries.back().tip = std::move(path);
+  }
+  return entries;
+}
+
+Entries MainMenu::historyEntries() {
+  auto& history = parts_.history;
+  const auto& names = parts_.window.history;
+  const auto caption = [](const std::string& name, const char* plain) {
+    return "&" + (name.empty() ? std::string(plain) : asCaption(name));
+  };
+  return {{{MenuCommand::Undo},
+           caption(names.undo, "Undo"),
+           "Ctrl+Z",
+           !names.undo.empty(),
+           [&] { history.undo(); }},
+          {{MenuCommand::Redo}, caption(names.redo, "Redo"), "Ctrl+Shift+Z", !names.redo.empty(), [&] {
+             history.redo();
+           }}};
+}
+
+Entries MainMenu::clipEntries() {
+  auto& list = parts_.list;
+  const auto& keys = parts_.window.listKeys;
+  const auto& slider = parts_.window.slider;
+  return {
+      {{MenuCommand::mnu_SectionName}, "Re&name", "F2", keys.Cross, [&] { list.beginRename(); }},
+      {{MenuCommand::Remove}, "Re&move", "Del", keys.Cross, [&] { list.remove(); }},
+      {{MenuCommand::MoveUp}, "Move U&p", "Ctrl+Up", keys.UP, [&] { list.moveUp(); }},
+      {{MenuCommand::MoveDown}, "Move &Down", "Ctrl+Down", keys.DOWN, [&] { list.moveDown(); }},
+      {{MenuCommand::ResetMarkIn}, "Clear Mark-&In", "", slider.markIn > 0, [&] { list.resetMarkIn(); }},
+      {{MenuCommand::ResetMarkOut}, "Clear Mark-&Out", "", slider.markOut < 1, [&] { list.resetMarkOut(); }}};
+}
+
+Entries MainMenu::copyEntries() {
+  const auto copy = [&](MenuCommand command, const char* caption, const char* keys, CopyMode mode) {
+    return MenuEntry{
+        {command}, caption, keys, parts_.list.canCopy(mode), [this, mode] { parts_.list.copy(mode); }};
+  };
+  return {copy(MenuCommand::mnu_CopyExact, "Copy Clip (Exact Copy)", "", CopyMode::Exact),
+          copy(MenuCommand::mnu_CopyItem, "Copy Clip (From Mark-Out to Clip End)", "Ctrl+V", CopyMode::Tail),
+          copy(MenuCommand::mnu_CopyEquiChunk, "Copy Clip (Equi-Chunk)", "", CopyMode::EqualChunk)};
+}
+
+Entries MainMenu::sortMenu() {
+  Entries entries;
+  for (const auto* caption : kSortCaptions) {
+    const auto key = static_cast<int>(entries.size());
+    entries.push_back({{MenuCommand::Sort, key}, caption, "", parts_.window.listKeys.SORT, [this, key] {
+                         parts_.list.sort(static_cast<SortKey>(key));
+                       }});
+  }
+  return entries;
+}
+
+// What is only ticked. The tick lives in the state, so that its menu entry may be gone when it is chosen.
+MenuEntry MainMenu::ticked(MenuCommand command, std::string caption, bool& tick, bool enabled,
+                           std::function<void(bool)> taken) {
+  return {.id = {command},
+          .caption = std::move(caption),
+          .enabled = enabled,
+          .act =
+              [this, &tick, taken = std::move(taken)] {
+                if (const CommandPass pass(parts_.window); pass) taken(tick = !tick);
+              },
+          .mark = tick ? MenuMark::Tick : MenuMark::None};
+}
+
+Entries MainMenu::playEntries() {
+  auto& ticks = parts_.window.menu;
+  auto& user = parts_.settings.user;
+  return {ticked(MenuCommand::mnu_Looping, "&Loop clips", ticks.mnu_Looping, true,
+                 [&](bool on) { user.LoopPreviews = on; }),
+          ticked(MenuCommand::mnu_RewAtEnd, "Rewind at &End and Stop", ticks.mnu_RewAtEnd, !ticks.mnu_Looping,
+                 [&](bool on) { user.RewAtEnd = on; }),
+          ticked(MenuCommand::mnu_LoopCollectionsOnPlayback, "Loop Collections on play&back",
+                 ticks.mnu_LoopCol, true, [&](bool on) { user.LoopCol = on; })};
+}
+
+Entries MainMenu::faceEntries() {
+  const bool clips = parts_.window.menu.clipsEnabled;
+  Entries entries;
+  const auto door = [&](MenuCommand command, int caption, const std::function<void()>& act) {
+    if (act) entries.push_back({{command}, std::string("&").append(LoadResString(caption)), "", clips, act});
+  };
+  door(MenuCommand::FreeZoom, 214, doors_.freeZoom);
+  door(MenuCommand::MinimumDetails, parts_.settings.state.AllDetOff ? 265 : 264, doors_.minimumDetails);
+  if (doors_.stayOnTop)
+    entries.push_back(ticked(MenuCommand::mnu_StayOnTop, "Stay on T&op", parts_.window.face.stayOnTop, true,
+                             [this](bool /*on*/) { doors_.stayOnTop(); }));
+  entries.push_back(submenu("S&kin", skinEntries()));
+  if (doors_.interfaceSize) entries.push_back(submenu("Interface si&ze", sizeEntries()));
+  return entries;
+}
+
+Entries MainMenu::skinEntries() {
+  Entries entries;
+  for (const auto& skin : parts_.skins.menu()) {
+    const auto place = static_cast<int>(entries.size());
+    entries.push_back({.id = {MenuCommand::Skin, place},
+                       .caption = asCaption(skin.caption),
+                       .act = [this, place] { parts_.skins.choose(place); },
+                       .mark = skin.isChosen ? MenuMark::Dot : MenuMark::None});
+  }
+  return entries;
+}
+
+Entries MainMenu::sizeEntries() {
+  Entries entries;
+  for (const auto& [quarters, caption] : kSizeCaptions) {
+    const double size = quarters / 4.0;
+    entries.push_back({.id = {MenuCommand::InterfaceSize, quarters}, .caption = caption, .act = [this, size] {
+                         const CommandPass pass(parts_.window);
+                         if (!pass) return;
+                         parts_.settings.user.InterfaceSize = parts_.window.face.interfaceSize = size;
+                         doors_.interfaceSize();
+                       }});
+    if (parts_.window.face.interfaceSize == size) entries.back().mark = MenuMark::Dot;
+  }
+  return entries;
+}
+
+}  // namespace kvo

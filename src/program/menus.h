@@ -1,0 +1,122 @@
+// The menus of the main window as data, made anew each time one is opened, and what their entries do. What
+// the program cannot do has no entry; what it cannot do just now has one that is disabled.
+#pragma once
+
+#include "program/list_commands.h"
+#include "program/media_commands.h"
+#include "program/recent_collections.h"
+#include "program/shut_down.h"
+#include "program/skins.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kvo {
+
+enum class MenuCommand {
+  None,  ///< a separator, or the head of a submenu
+  New,
+  mnu_LoadShow,
+  Recent,  ///< `which`: its place, from 0
+  mnu_SaveShow,
+  AddMedia,
+  Exit,
+  Undo,
+  Redo,
+  Remove,
+  MoveUp,
+  MoveDown,
+  Sort,  ///< `which`: SortKey
+  mnu_SectionName,
+  mnu_CopyExact,
+  mnu_CopyItem,
+  mnu_CopyEquiChunk,
+  ResetMarkIn,
+  ResetMarkOut,
+  mnu_Looping,
+  mnu_RewAtEnd,
+  mnu_LoopCollectionsOnPlayback,
+  FreeZoom,
+  MinimumDetails,
+  mnu_StayOnTop,
+  Skin,           ///< `which`: its place in the submenu
+  InterfaceSize,  ///< `which`: quarters, 4 to 8; 0 goes by the screen
+};
+
+struct MenuId {
+  MenuCommand command = MenuCommand::None;
+  int which = 0;
+  bool operator==(const MenuId&) const = default;
+};
+
+enum class MenuMark { None, Tick, Dot };  ///< Dot: the chosen one of several
+
+struct MenuEntry {
+  MenuId id{};
+  std::string
+      caption{};  ///< "&" ahead of the letter that is underlined, "&&" shown as one; empty: a separator
+  std::string shortcut{};  ///< "Ctrl+Shift+Z"; empty for none
+  bool enabled = true;
+  std::function<void()> act{};  ///< MainMenu::choose calls it
+  MenuMark mark = MenuMark::None;
+  std::string tip{};                 ///< the whole path of a recent collection
+  std::vector<MenuEntry> entries{};  ///< of a submenu
+};
+
+/// What other rooms do for the menus. What is empty has no entry.
+struct MenuDoors {
+  std::function<void()> freeZoom{};        ///< to Free Zoom and back
+  std::function<void()> minimumDetails{};  ///< details off and on
+  std::function<void()> stayOnTop{};       ///< the state says whether the window is to stay above others
+  std::function<void()> interfaceSize{};   ///< the state says which
+};
+
+class MainMenu {
+ public:
+  struct Parts {
+    MainWindowState& window;
+    KVO2& settings;
+    CollectionCommands& collections;
+    const RecentCollections& recent;
+    MediaCommands& media;
+    ListCommands& list;
+    History& history;
+    ShutDown& shutDown;
+    Skins& skins;
+  };
+
+  MainMenu(const Parts& parts, MenuDoors doors) : parts_(parts), doors_(std::move(doors)) {}
+
+  /// Of the right click on the window, and of the menu key. An entry with a shortcut is in it at any time.
+  [[nodiscard]] std::vector<MenuEntry> windowMenu();
+
+  /// Of the right click on the list.
+  [[nodiscard]] std::vector<MenuEntry> listMenu();
+
+  /// Below the key SORT.
+  [[nodiscard]] std::vector<MenuEntry> sortMenu();
+
+  /// Does what an entry stands for; nothing when it is disabled, or there is none.
+  void choose(MenuId id);
+
+ private:
+  MenuEntry addMedia();
+  std::vector<MenuEntry> collectionEntries();
+  std::vector<MenuEntry> recentEntries();
+  std::vector<MenuEntry> historyEntries();
+  std::vector<MenuEntry> clipEntries();
+  std::vector<MenuEntry> copyEntries();
+  std::vector<MenuEntry> playEntries();
+  std::vector<MenuEntry> faceEntries();
+  std::vector<MenuEntry> skinEntries();
+  std::vector<MenuEntry> sizeEntries();
+  MenuEntry ticked(MenuCommand command, std::string caption, bool& tick, bool enabled,
+                   std::function<void(bool)> taken);
+
+  Parts parts_;
+  MenuDoors doors_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,342 @@
+// What can be done to the list, and undone.
+#include "program/clip_texts.h"
+#include "program/list_commands.h"
+#include "support/program_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ProgramBench;
+using Words = std::vector<std::string>;
+using Numbers = std::vector<int>;
+
+/// Five clips of ten seconds and 250 frames; the fourth has two of the three keyframes.
+struct ListBench : ProgramBench {
+  ListBench() {
+    saveCollection("/prog/KVO5.INI", {"a.avi", "B.avi", "c.mpg", "d.avi", "e.avi"});
+    startUp.run({}, "/");
+    for (int i = 1; i <= 5; ++i) {
+      clip(i).DurationTime(Value(10));
+      clip(i).DurationFrames(Value(250));
+      clip(i).LoopEnd(Value(10));
+      clip(i).KeyID(i);
+    }
+    for (const Long owner : {4, 2, 4}) collection.KeyframeList.add({}).ClipName = owner;
+    ClearDirtyFlags(collection, settings);
+    list.fill();
+    list.PreviewMovie(1);
+    files.all["/v/new.avi"] = "x";
+  }
+
+  Movie& clip(int number) { return collection.MovieList[number]; }
+
+  // Everything that a change of the list can change, on one line.
+  std::string all() {
+    std::string text = std::to_string(collection.icurMov) + ":";
+    for (int i = 1; i <= collection.MovieList.count(); ++i) {
+      const auto& c = clip(i);
+      text += " " + c.MovieName() + "|" + c.AltName() + "|" + c.LoopStart().text() + "-" +
+              c.LoopEnd().text() + "|" + std::to_string(c.LoopEndFrames()) + "|" +
+              std::to_string(percentOf(c.Volume()));
+    }
+    for (int i = 1; i <= collection.KeyframeList.count(); ++i)
+      text += " k" + std::to_string(collection.KeyframeList[i].ClipName);
+    return text;
+  }
+  [[nodiscard]] bool dirty() const { return isDirty(collection, settings); }
+};
+
+TEST(History, TakesBackWhateverIsDoneToTheList) {
+  struct Row {
+    Numbers chosen;
+    void (*act)(ListBench&);
+    const char* undo;  // empty: nothing has changed
+    Words names;
+  };
+  const Words same{"a.avi", "B.avi", "c.mpg", "d.avi", "e.avi"};
+  const Row rows[] = {
+      {{2, 4},
+       [](ListBench& b) { b.listCommands.remove(); },
+       "Undo remove 2 clips",
+       {"a.avi", "c.mpg", "e.avi"}},
+      {{5},
+       [](ListBench& b) { b.listCommands.remove(); },
+       "Undo remove e.avi",
+       {"a.avi", "B.avi", "c.mpg", "d.avi"}},
+      {{1, 2, 3, 4, 5}, [](ListBench& b) { b.listCommands.remove(); }, "Undo remove 5 clips", {}},
+      {{3},
+       [](ListBench& b) { b.listCommands.moveUp(); },
+       "Undo move c.mpg",
+       {"a.avi", "c.mpg", "B.avi", "d.avi", "e.avi"}},
+      {{4, 5}, [](ListBench& b) { b.listCommands.moveDown(); }, "", same},
+      {{3, 5},
+       [](ListBench& b) { b.listCommands.moveTo(1); },
+       "Undo move 2 clips",
+       {"c.mpg", "e.avi", "a.avi", "B.avi", "d.avi"}},
+      {{2},
+       [](ListBench& b) { b.listCommands.sort(SortKey::FileType); },
+       "Undo sort by type",
+       {"a.avi", "B.avi", "d.avi", "e.avi", "c.mpg"}},
+      {{1}, [](ListBench& b) { b.listCommands.sort(SortKey::Alpha); }, "", same},
+      {{2},
+       [](ListBench& b) { b.listCommands.rename(" Lake\nat dusk "); },
+       "Undo rename B.avi",
+       {"a.avi", "Lake at dusk", "c.mpg", "d.avi", "e.avi"}},
+      {{2}, [](ListBench& b) { b.listCommands.rename("B.avi"); }, "", same},
+      {{2}, [](ListBench& b) { b.listCommands.setMarkIn(2.5); }, "Undo Mark-In of B.avi", same},
+      {{2}, [](ListBench& b) { b.listCommands.setMarkOut(7); }, "Undo Mark-Out of B.avi", same},
+      {{2}, [](ListBench& b) { b.listCommands.resetMarkOut(); }, "", same},
+      {{3},
+       [](ListBench& b) {
+         for (const int percent : {90, 80, 70}) b.listCommands.setVolume(percent);
+       },
+       "Undo volume of c.mpg",
+       same},
+      {{2},
+       [](ListBench& b) { b.listCommands.copy(CopyMode::Exact); },
+       "Undo copy B.avi",
+       {"a.avi", "B.avi", "B.avi - 001", "c.mpg", "d.avi", "e.avi"}},
+      {{2}, [](ListBench& b) { b.listCommands.copy(CopyMode::Tail); }, "", same},
+      {{2},
+       [](ListBench& b) { b.mailbox.takeFiles({"/v/new.avi"}); },
+       "Undo add new.avi",
+       {"a.avi", "B.avi", "c.mpg", "d.avi", "e.avi", "new.avi"}},
+  };
+  for (const auto& row : rows) {
+    ListBench b;
+    b.listCommands.choose(row.chosen, row.chosen.front());
+    const auto before = b.all();
+    const auto revision = b.window.list.Fillist.revision();
+    row.act(b);
+    const auto after = b.all();
+    EXPECT_EQ(b.window.history.undo, row.undo);
+    EXPECT_EQ(b.names(), row.names) << row.undo;
+    EXPECT_EQ(b.dirty(), *row.undo != 0) << row.undo;
+    EXPECT_EQ(b.window.list.Fillist.revision() != revision, row.names != same) << row.undo;
+    EXPECT_EQ(b.window.emptyPane.visible, row.names.empty());
+    if (*row.undo == 0) continue;
+    EXPECT_NE(before, after) << row.undo;
+    EXPECT_GT(b.settings.state.ObjectChange + (b.window.history.undo == "Undo volume of c.mpg"), 0);
+    b.history.undo();
+    EXPECT_EQ(b.all(), before) << row.undo;
+    EXPECT_EQ(b.names(), same) << row.undo;
+    EXPECT_EQ(b.window.list.chosen, row.chosen) << row.undo;
+    EXPECT_FALSE(b.dirty()) << row.undo << " leads back to what is saved";
+    EXPECT_EQ(b.window.history.undo, "");
+    b.history.redo();
+    EXPECT_EQ(b.all(), after) << row.undo;
+    EXPECT_TRUE(b.dirty()) << row.undo;
+    EXPECT_EQ(b.window.history.undo, row.undo);
+  }
+}
+
+TEST(History, OnlyWhatIsInTheFileIsClean) {
+  ListBench b;
+  const auto save = [&](bool works) {
+    b.files.failedReplaces = works ? 0 : 1;
+    b.dialogs.answers = {"/c/x.INI"};
+    EXPECT_EQ(b.commands.Save(), works);
+    EXPECT_EQ(b.dirty(), !works);
+  };
+  b.listCommands.setVolume(50);
+  save(true);
+  b.listCommands.setVolume(40);
+  b.history.undo();
+  EXPECT_FALSE(b.dirty()) << "a save ends a turn of the knob";
+  EXPECT_EQ(percentOf(b.clip(1).Volume()), 50);
+  b.history.undo();
+  EXPECT_TRUE(b.dirty()) << "the file has the change now";
+  b.history.redo();
+  EXPECT_FALSE(b.dirty());
+  b.settings.change().PreviewType = 3;
+  b.listCommands.moveDown();
+  b.history.undo();
+  EXPECT_TRUE(b.dirty()) << "a preference has changed too";
+  save(false);
+  b.history.undo();
+  EXPECT_TRUE(b.dirty());
+  b.history.redo();
+  EXPECT_TRUE(b.dirty()) << "nothing is in a file that could not be written";
+}
+
+TEST(History, KeepsSoManyStepsAndForgetsWhatAnotherChangeHasReplaced) {
+  ListBench b;
+  for (std::size_t i = 0; i < History::kMaxSteps + 20; ++i) b.listCommands.rename(std::to_string(i));
+  std::size_t steps = 0;
+  for (; !b.window.history.undo.empty(); ++steps) b.history.undo();
+  EXPECT_EQ(steps, History::kMaxSteps);
+  EXPECT_EQ(b.names()[0], "19");
+  b.listCommands.remove();
+  EXPECT_EQ(b.window.history.redo, "");
+
+  const auto revision = b.window.list.Fillist.revision();
+  b.listCommands.select(3);
+  EXPECT_EQ(b.window.list.Fillist.revision(), revision) << "choosing a clip draws no row anew";
+}
+
+TEST(ListCommands, MarksMeetTheEndsAndEachOther) {
+  struct Row {
+    bool in;
+    double seconds;
+    const char* section;
+  };
+  const Row rows[] = {
+      {true, 3, "3-8"},     {true, -1, "0-8"},          {true, 8, "7.96-8"},
+      {true, 99, "7.96-8"}, {true, 1.23456, "1.235-8"}, {false, 9, "2-9"},
+      {false, 99, "2-10"},  {false, 2, "2-2.04"},       {false, -5, "2-2.04"},
+  };
+  for (const auto& row : rows) {
+    ListBench b;
+    b.clip(1).LoopStart(Value(2));
+    b.clip(1).LoopEnd(Value(8));
+    row.in ? b.listCommands.setMarkIn(row.seconds) : b.listCommands.setMarkOut(row.seconds);
+    EXPECT_EQ(b.clip(1).LoopStart().text() + "-" + b.clip(1).LoopEnd().text(), row.section);
+    EXPECT_NEAR(b.window.slider.markIn, b.clip(1).LoopStart().number() / 10, 1e-9);
+    EXPECT_NEAR(b.window.slider.markOut, b.clip(1).LoopEnd().number() / 10, 1e-9);
+    EXPECT_EQ(b.clip(1).LoopEndFrames(), static_cast<Long>(RoundToWhole(b.clip(1).LoopEnd().number() * 25)));
+  }
+  ListBench b;
+  b.settings.state.KeyframeMode = kFlagOn;
+  b.listCommands.setMarkIn(3);
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].caption, "KVO5 - Keyframe Warning");
+  b.settings.state.KeyframeMode = 0;
+  b.clip(1).IsStill(true);
+  b.listCommands.setMarkIn(3);
+  EXPECT_EQ(b.clip(1).LoopStart().number(), 0);
+}
+
+TEST(ListCommands, CopiesTakeWhatLiesBehindMarkOut) {
+  for (const auto& [mode, start, end] : {std::tuple{CopyMode::Exact, 2, 5}, std::tuple{CopyMode::Tail, 5, 10},
+                                         std::tuple{CopyMode::EqualChunk, 5, 8}}) {
+    ListBench b;
+    b.listCommands.setMarkIn(2);
+    b.listCommands.setMarkOut(5);
+    b.clip(1).TransIn(40);
+    b.clip(1).CutIndex(1);
+    b.listCommands.copy(mode);
+    const auto& copy = b.clip(2);
+    EXPECT_EQ(copy.LoopStart().number(), start);
+    EXPECT_EQ(copy.LoopEnd().number(), end);
+    EXPECT_EQ(copy.AltName(), "a.avi - 002");
+    EXPECT_EQ(copy.TransIn(), end - start < 4 ? static_cast<Single>(end - start) * 5 : 40);
+    EXPECT_GT(copy.KeyID(), 5) << "keyframes stay with the clip that they were made for";
+    EXPECT_EQ(b.collection.icurMov, 2);
+  }
+}
+
+TEST(ListCommands, ANameIsTakenAwayOnlyWhenTheUserSaysSo) {
+  for (const auto answer : {Answer::No, Answer::Yes}) {
+    ListBench b;
+    b.listCommands.beginRename();
+    EXPECT_TRUE(b.window.list.rename);
+    b.listCommands.rename(std::string(200, 'n'));
+    EXPECT_EQ(b.names()[0].size(), 127U) << "as many as a file can hold";
+    b.boxes.answers = {answer};
+    b.listCommands.rename("");
+    EXPECT_EQ(b.boxes.shown.back().text, "Remove current Display Name ?");
+    EXPECT_EQ(b.names()[0] == "a.avi", answer == Answer::Yes);
+  }
+}
+
+TEST(ClipOrder, FollowsItsRules) {
+  using Order = Numbers;
+  EXPECT_EQ(orderMoved(5, {1, 2, 4}, -1), (Order{1, 2, 4, 3, 5})) << "the first two cannot go further";
+  EXPECT_EQ(orderMoved(5, {2, 3, 5}, 1), (Order{1, 4, 2, 3, 5}));
+  for (const auto& [before, order] :
+       {std::pair{1, Order{2, 4, 1, 3, 5}}, std::pair{3, Order{1, 2, 4, 3, 5}},
+        std::pair{6, Order{1, 3, 5, 2, 4}}, std::pair{99, Order{1, 3, 5, 2, 4}}})
+    EXPECT_EQ(orderGathered(5, {2, 4}, before), order) << before;
+
+  test::MemoryFiles files;
+  RecordList<Movie> clips;
+  const auto add = [&](const char* name, const char* other, const char* length, const char* size,
+                       std::size_t bytes) {
+    auto& clip = clips.add({});
+    clip.MovieName(name);
+    clip.AltName(other);
+    clip.DurationTime(Value(length));
+    clip.Resolution(Value(size));
+    files.all[name] = std::string(bytes, 'x');
+  };
+  add("b.mpg", " ", "100", "640 x 480", 30);
+  add("A.wmv", "zoo", "N/A", "1920 x 1080", 20);
+  add("b.mpg", " ", "3m 20s", "44.1 KHz", 30);
+  add("c.avi", "Beach", "9", "640 x 480", 10);
+  clips[4].Size("25");
+  struct Row {
+    SortKey key;
+    Order order;
+  };
+  for (const auto& row : {Row{SortKey::Alpha, {1, 3, 4, 2}}, Row{SortKey::FileDate, {4, 2, 1, 3}},
+                          Row{SortKey::FileType, {4, 1, 3, 2}}, Row{SortKey::FileSize, {2, 4, 1, 3}},
+                          Row{SortKey::ClipDur, {2, 4, 1, 3}}, Row{SortKey::Resolution, {3, 1, 4, 2}}})
+    EXPECT_EQ(orderSorted(clips, row.key, files, [] { return 0.0; }), row.order) << static_cast<int>(row.key);
+  double next = 1;
+  EXPECT_EQ(orderSorted(clips, SortKey::Shuff, files, [&] { return next -= 0.2; }), (Order{4, 3, 2, 1}));
+}
+
+TEST(ClipTexts, TellWhatIsKnownOfAClip) {
+  struct Row {
+    const char* name;
+    const char* length;
+    const char* frames;
+    const char* resolution;
+    bool still;
+    ClipKind kind;
+    const char* told;  // row, caption, position, digits at 61.2 s, chips
+  };
+  const Row rows[] = {
+      {"a.mpg", "3723.4", "93085", "640 x 480", false, ClipKind::Video,
+       "1:02:03|a.mpg - Video|Time = 61.20 of 3723.40|01:01:1530|640 × 480,25 fps,Stereo,"},
+      {"a.mp3", "153", "N/A", "44.1 KHz", false, ClipKind::Sound,
+       "2:33|a.mp3 - Audio|Time = 61.20 of 153.00|01:01:1530|44.1 KHz,Stereo,"},
+      {"a.jpg", "N/A", "N/A", "320 x 200", true, ClipKind::Still, "0:07|a.jpg|||320 × 200,Stereo,"},
+      {"a.mkv", "", "", "48 KHz", false, ClipKind::Sound, "|a.mkv - Audio|||48 KHz,Stereo,"},
+      {"http://h/a.asx", "N/A", "N/A", "", false, ClipKind::Stream, "|http://h/a.asx|||Stereo,"},
+  };
+  const KVO2 settings;
+  const StreamFacts facts{.channels = 2, .codec = "MPEG-1 video"};
+  for (const auto& row : rows) {
+    Movie clip;
+    clip.MovieName(row.name);
+    clip.DurationTime(Value(row.length));
+    clip.DurationFrames(Value(row.frames));
+    clip.Resolution(Value(row.resolution));
+    clip.IsStill(row.still);
+    const auto line = rowOf(clip, settings);
+    EXPECT_EQ(line.kind, row.kind) << row.name;
+    auto told = line.length + "|" + windowCaption(clip) + "|" + positionText(clip, 61.2) + "|" +
+                digitsAt(clip, 61.2, settings) + "|";
+    for (const auto& chip : chipsOf(clip, &facts)) told += chip + ",";
+    EXPECT_EQ(told, row.told);
+  }
+  for (const int percent : {0, 1, 50, 70, 100}) EXPECT_EQ(percentOf(attenuationOf(percent)), percent);
+}
+
+TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
+  ListBench b;
+  b.clip(2).DurationTime(Value(181.4));
+  b.list.fill();
+  EXPECT_EQ(b.window.collectionDetails.clips + ", " + b.window.collectionDetails.totalTime,
+            "5 clips, 3m 41s");
+  b.clip(1).Volume(310);
+  b.clip(1).Playspeed(25);
+  b.listCommands.setMarkIn(2);
+  b.list.takeFacts("/v/a.avi", {.codec = "H.264"});
+  std::string told;
+  for (const auto& [caption, value] : b.window.details.pairs) told += caption + "=" + value + ";";
+  EXPECT_EQ(told,
+            "File=a.avi;Folder=/v/;Format=640 × 480 - AVI;Length=10.00 s;Section=2.00 to 10.00 s;Speed=2.5 x;"
+            "Volume=70%;Balance=Stereo;Codec=H.264;");
+  EXPECT_EQ(b.window.display.rate + b.window.display.digits, "2.5x00:02:0050");
+  b.listCommands.choose({1, 2, 3, 4, 5}, 1);
+  b.listCommands.remove();
+  EXPECT_EQ(b.window.details.name + b.window.details.position + b.window.display.digits, "");
+  EXPECT_EQ(b.window.face.caption, "KVO5");
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,154 @@
+#include "program/menus.h"
+
+#include "base/text.h"
+#include "support/program_bench.h"
+
+#include <cctype>
+#include <map>
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ProgramBench;
+
+struct MenuBench : ProgramBench {
+  std::string called;
+  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
+  MainMenu::Parts menuParts{window,       settings, commands, recent, media,
+                            listCommands, history,  shutDown, skins};
+  MainMenu menu{menuParts, doors()};
+
+  MenuBench() {
+    saveCollection("/prog/KVO5.INI", {"a.avi", "b.avi"});
+    saveCollection("/c/Lake & Sea.INI", {"o.avi"});
+    startUp.run({}, "/");
+  }
+  MenuDoors doors() {
+    const auto door = [this](const char* name) { return [this, name] { called += name; }; };
+    return {door("zoom"), door("details"), door("top"), door("size")};
+  }
+};
+
+// An entry on each line, a submenu behind its head; in round brackets what is disabled.
+std::string text(const std::vector<MenuEntry>& entries, const char* behind = "\n") {
+  std::string out;
+  for (const auto& entry : entries) {
+    const char* mark = entry.mark == MenuMark::None ? "" : entry.mark == MenuMark::Tick ? "+" : "*";
+    auto caption = mark + entry.caption + (entry.shortcut.empty() ? "" : " " + entry.shortcut);
+    caption = entry.enabled ? "[" + caption + "]" : "(" + caption + ")";
+    out += entry.caption.empty() ? "-" : caption;
+    if (!entry.entries.empty()) out += " { " + text(entry.entries, " ") + "}";
+    out += behind;
+  }
+  return out;
+}
+
+// Every letter once on each level, every shortcut once.
+void expectDistinct(const std::vector<MenuEntry>& entries, std::set<std::string>& shortcuts) {
+  std::set<int> letters;
+  for (const auto& entry : entries) {
+    const auto at = replaced(entry.caption, "&&", "..").find('&');
+    const bool fresh = at == std::string::npos || letters.insert(std::toupper(entry.caption[at + 1])).second;
+    EXPECT_TRUE(fresh && (entry.shortcut.empty() || shortcuts.insert(entry.shortcut).second))
+        << entry.caption;
+    expectDistinct(entry.entries, shortcuts);
+  }
+}
+
+TEST(MainMenu, OffersWhatCanBeDone) {
+  MenuBench b;
+  b.commands.openFile("/c/Lake & Sea.INI");
+  b.commands.openFile("/prog/KVO5.INI");
+  b.listCommands.rename("Lake & Sea");
+  b.window.menu.mnu_Looping = true;
+  EXPECT_EQ(text(b.menu.windowMenu()), R"([&Add Media... Ins]
+[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 KVO5.INI] [&2 Lake && Sea.INI] } [&Save... Ctrl+S] }
+-
+[&Undo rename a.avi Ctrl+Z]
+(&Redo Ctrl+Shift+Z)
+-
+[Cl&ip] { [Re&name F2] [Re&move Del] [Move U&p Ctrl+Up] [Move &Down Ctrl+Down] (Clear Mark-&In) (Clear Mark-&Out) }
+[Sor&t by] { [&Name] [&Date] [&Type] [&Size] [&Length] [&Resolution] [S&huffle] }
+-
+[Copy Clip (Exact Copy)]
+(Copy Clip (From Mark-Out to Clip End) Ctrl+V)
+(Copy Clip (Equi-Chunk))
+-
+[+&Loop clips]
+(Rewind at &End and Stop)
+[Loop Collections on play&back]
+-
+[&Free Zoom Mode]
+[&Minimum Details Mode]
+[Stay on T&op]
+[S&kin] { [Default Skin] [*Plastique] [Snake Skin] [Waves] [Choose a Skin...] }
+[Interface si&ze] { [*&By screen] [&1x] [1.2&5x] [1.5&x] [&2x] }
+-
+[E&xit Ctrl+Q]
+)");
+  for (const auto& menu : {b.menu.windowMenu(), b.menu.listMenu(), b.menu.sortMenu()}) {
+    std::set<std::string> shortcuts;
+    expectDistinct(menu, shortcuts);
+  }
+  b.listCommands.remove();
+  b.listCommands.remove();
+  const auto ofEmpty = text(b.menu.windowMenu());
+  for (const auto* shortcut : {"Ins", "Ctrl+N", "F2", "Del", "Ctrl+Up", "Ctrl+V", "Ctrl+Shift+Z"})
+    EXPECT_NE(ofEmpty.find(shortcut), std::string::npos) << shortcut;
+  EXPECT_NE(ofEmpty.find("(Re&name F2) (Re&move Del) (Move U&p Ctrl+Up)"), std::string::npos) << ofEmpty;
+  EXPECT_NE(ofEmpty.find("(Sor&t by)"), std::string::npos);
+
+  MainMenu alone(b.menuParts, {});
+  EXPECT_EQ(text(alone.windowMenu()).find("Zoom"), std::string::npos) << "there is no entry without a room";
+  EXPECT_EQ(text(alone.windowMenu()).find("Interface"), std::string::npos);
+}
+
+TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
+  using enum MenuCommand;
+  MenuBench b;
+  const auto names = [&] { return b.names(); };
+  using Words = std::vector<std::string>;
+  for (const auto& [id, after] :
+       {std::pair{MenuId{MoveDown}, Words{"b.avi", "a.avi"}},
+        std::pair{MenuId{Undo}, Words{"a.avi", "b.avi"}}, std::pair{MenuId{Undo}, Words{"a.avi", "b.avi"}},
+        std::pair{MenuId{Redo}, Words{"b.avi", "a.avi"}}, std::pair{MenuId{Sort, 0}, Words{"a.avi", "b.avi"}},
+        std::pair{MenuId{Remove}, Words{"b.avi"}}, std::pair{MenuId{MoveUp}, Words{"b.avi"}},
+        std::pair{MenuId{mnu_CopyItem}, Words{"b.avi"}},
+        std::pair{MenuId{mnu_CopyExact}, Words{"b.avi", "b.avi - 001"}},
+        std::pair{MenuId{}, Words{"b.avi", "b.avi - 001"}},
+        std::pair{MenuId{Recent, 7}, Words{"b.avi", "b.avi - 001"}}}) {
+    b.menu.choose(id);
+    EXPECT_EQ(names(), after) << static_cast<int>(id.command);
+  }
+  for (const auto command : {mnu_Looping, mnu_RewAtEnd, mnu_LoopCollectionsOnPlayback, mnu_StayOnTop})
+    b.menu.choose({command});
+  EXPECT_EQ(b.store.all["LoopPreviews"] + b.store.all["RewAtEnd"] + b.store.all["LoopCol"], "TrueFalseTrue")
+      << "what loops does not rewind";
+  EXPECT_TRUE(b.window.menu.mnu_LoopCol && b.window.face.stayOnTop);
+  b.menu.choose({InterfaceSize, 5});
+  b.menu.choose({Skin, 0});
+  b.menu.choose({FreeZoom});
+  EXPECT_EQ(b.called, "topsizezoom");
+  EXPECT_EQ(b.store.all["InterfaceSize"] + b.settings.preferences().SkinPath, "1.25Def");
+  for (const auto& [stored, size] : {std::pair{"1.25", 1.25}, std::pair{"3", 0.0}, std::pair{"x", 0.0}}) {
+    MenuBench next;
+    next.store.all["InterfaceSize"] = stored;
+    next.startUp.run({}, "/");
+    EXPECT_EQ(next.window.face.interfaceSize, size);
+  }
+  {
+    const CommandPass pass(b.window);
+    for (const auto command : {Remove, Undo, mnu_Looping, New, Exit}) b.menu.choose({command});
+    EXPECT_EQ(b.collection.MovieList.count(), 2);
+    EXPECT_TRUE(b.window.menu.mnu_Looping);
+  }
+  b.boxes.answers = {Answer::No};
+  b.menu.choose({Exit});
+  EXPECT_FALSE(b.window.face.visible);
+}
+
+}  // namespace
+}  // namespace kvo
