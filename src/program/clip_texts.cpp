@@ -70,7 +70,7 @@ std::optional<double> lengthOf(const Movie& clip, const KVO2& settings) {
   return std::nullopt;
 }
 
-std::string clockText(double seconds) {
+std::string playTimeText(double seconds) {
   const auto whole = static_cast<long>(RoundToWhole(seconds));
   const auto two = [](long number) { return FormatMask(static_cast<double>(number), "00"); };
   if (whole < 3600) return std::to_string(whole / 60) + ":" + two(whole % 60);
@@ -85,7 +85,7 @@ std::string totalText(double seconds) {
 
 ClipRow rowOf(const Movie& clip, const KVO2& settings) {
   const auto length = lengthOf(clip, settings);
-  return {listedName(clip), length ? clockText(*length) : std::string(), kindOf(clip)};
+  return {listedName(clip), length ? playTimeText(*length) : std::string(), kindOf(clip)};
 }
 
 std::string windowCaption(const Movie& clip) {

@@ -19,7 +19,7 @@ ClipKind kindOf(const Movie& clip);
 std::optional<double> lengthOf(const Movie& clip, const KVO2& settings);
 
 /// "2:33", "1:02:33"
-std::string clockText(double seconds);
+std::string playTimeText(double seconds);
 /// "3m 41s"
 std::string totalText(double seconds);
 
