@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <map>
 #include <string>
+#include <tuple>
 
 class QPainter;
 
@@ -26,12 +27,7 @@ class ImageList1 {
   const QPixmap& picture(int number, double interfaceSize, double pixelRatio);
 
  private:
-  struct Key {
-    int number = 0;
-    double interfaceSize = 1;
-    double pixelRatio = 1;
-    auto operator<=>(const Key&) const = default;
-  };
+  using Key = std::tuple<int, double, double>;  // number, interface size, pixel ratio
 
   PictureReading reading_;
   std::string folder_;

@@ -171,20 +171,14 @@ TEST(Logo, GoesFromColourToColourWithItsCaptionInTheUpperPart) {
   };
   const auto bare = draw("", 0);
   EXPECT_NEAR(qBlue(bare.pixel(6, 0)), 156, 16);
-  EXPECT_NEAR(qRed(bare.pixel(6, 0)), 24, 30);
   EXPECT_NEAR(qGreen(bare.pixel(6, 409)), 192, 16);
-  const auto lastChanged = [&](const QImage& image) {
-    int last = -1;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) last = image.pixel(x, y) != bare.pixel(x, y) ? y : last;
-    }
-    return last;
+  const auto rowDiffers = [&](const QImage& image, int y) {
+    return image.copy(0, y, 22, 1) != bare.copy(0, y, 22, 1);
   };
   const auto name = draw("KVO5     ", 0);
-  EXPECT_EQ(lastChanged(name.copy(0, 0, 22, 38)), -1);
-  EXPECT_NEAR(lastChanged(name), 75, 12);
-  const QString longer = QString("a caption that is longer than the spine ").repeated(3);
-  EXPECT_NEAR(lastChanged(draw(longer, 0)), 245, 12) << "no text on the bright foot";
+  EXPECT_TRUE(rowDiffers(name, 44) && !rowDiffers(name, 38) && !rowDiffers(name, 100));
+  const auto longer = QString("WWWWWWWWWWWWWWWW").repeated(3);
+  EXPECT_TRUE(rowDiffers(draw(longer, 0), 240) && !rowDiffers(draw(longer, 0), 250)) << "the foot is bright";
   EXPECT_NE(draw(longer, 0), draw(longer, 30));
   EXPECT_EQ(draw(longer, 0), draw(longer, logo.captionLength()));
 }
