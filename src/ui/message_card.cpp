@@ -106,6 +106,7 @@ QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
   auto* line = made<QLabel>(html.arg(kLineHeight).arg(breakable(text).toHtmlEscaped()), parent);
   line->setAccessibleName(text);
   line->setTextFormat(Qt::RichText);
+  line->setTextInteractionFlags(Qt::NoTextInteraction);  // the pointer moves the window
   line->setWordWrap(true);
   line->setMinimumHeight(kLineHeight);
   line->setStyleSheet(QString("font-size: %1px; color: %2").arg(pixels).arg(toColour(colour).name()));

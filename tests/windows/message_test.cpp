@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -93,6 +94,23 @@ TEST(FrmMessageBoxes, FitTheScreenWhateverIsTold) {
     window.close();
   });
   boxes.show({"Caption", text});
+}
+
+TEST(FrmMessageBoxes, AreMovedByTheirFace) {
+  FrmMessageBoxes boxes;
+  whenShown([&](MessageWindow& window) {
+    const auto before = window.pos();
+    for (auto* label : window.findChildren<QLabel*>()) {
+      if (label->accessibleName() != "Text") continue;
+      QTest::mousePress(label, Qt::LeftButton, {}, {5, 5});
+      QMouseEvent move(QEvent::MouseMove, {5, 5}, label->mapToGlobal(QPointF(45, 25)), Qt::NoButton,
+                       Qt::LeftButton, Qt::NoModifier);
+      QApplication::sendEvent(label, &move);
+    }
+    EXPECT_EQ(window.pos() - before, QPoint(40, 20));
+    window.close();
+  });
+  boxes.show({"Caption", "Text"});
 }
 
 TEST(FrmMessageBoxes, OfferNotToBeShownAgain) {
