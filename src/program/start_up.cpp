@@ -100,20 +100,26 @@ void StartUp::loadWindow() {
   parts_.settings.state.ToolTipsOn = kFlagOn;
   parts_.settings.state.HideKVOOnWebshow = true;
   parts_.settings.adjust().DefZoom = std::string(trimmed(parts_.settings.preferences().DefZoom));
-  parts_.window.skin.IsSmallFonts = fontTest(parts_.desktop.screen().textHeight, parts_.boxes);
+  parts_.window.face.interfaceSize = sizeChoice(parts_.settings.user.InterfaceSize);
+  testFont();
   skins_.applyStored();
   if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;
-  parts_.window.face.interfaceSize = sizeChoice(parts_.settings.user.InterfaceSize);
 }
 
-bool fontTest(int textHeight, MessageBoxes& boxes) {
-  constexpr int kSmall = 16;
-  if (textHeight <= kSmall) return true;
-  boxes.show(
+// The larger of the two tables of button places is that of size 1.25; at size 1 the desktop's text decides.
+void StartUp::testFont() {
+  constexpr double kLarger = 1.25, kNext = 1.5;
+  constexpr int kSmallText = 16;  // pixels
+  const auto screens = parts_.desktop.screens();
+  const double choice = parts_.window.face.interfaceSize;
+  const double size = choice > 0 || screens.empty() ? choice : screens.front().factor;
+  const bool isLarge = size < kLarger && parts_.desktop.screen().textHeight > kSmallText;
+  parts_.window.skin.IsSmallFonts = !isLarge && (size < kLarger || size >= kNext);
+  if (!isLarge) return;
+  parts_.boxes.show(
       {"KVO5 - System Font Size is too large",
        "Non-Standard Font size detected - KVO may not be able to resolve all graphics with this fontsize",
        BoxButtons::Ok, BoxIcon::Information});
-  return false;
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {

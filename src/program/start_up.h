@@ -28,16 +28,13 @@ class StartUp {
   void loadWindow();
   void askAboutUpgrades();
   void checkScreen();
+  void testFont();
 
   ProgramParts parts_;
   Skins& skins_;
   Intro& intro_;
   Mailbox& mailbox_;
 };
-
-/// True where the desktop's text, by its height in pixels at interface size 1, is of the usual size. Beyond
-/// it the user is told, and the larger of the two tables of button places holds.
-bool fontTest(int textHeight, MessageBoxes& boxes);
 
 /// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
 /// ticks that follow from them.

@@ -159,12 +159,28 @@ TEST(Skins, WithoutAnyPictureLeaveTheWindowBareAndSayWhy) {
   EXPECT_EQ(b.log.texts().size(), 2U) << "the mask and the picture";
 }
 
-TEST(FontTest, TellsOfLargeTextAndTakesTheLargerTable) {
-  for (const auto& [height, isSmall] :
-       {std::pair(0, true), {13, true}, {16, true}, {17, false}, {20, false}}) {
-    test::ScriptedBoxes boxes;
-    EXPECT_EQ(fontTest(height, boxes), isSmall) << height;
-    EXPECT_EQ(boxes.shown.empty(), isSmall) << height;
+TEST(FontTest, AtSizeOneTellsOfLargeTextAndTakesTheLargerTable) {
+  struct Row {
+    int textHeight;
+    double factor;
+    const char* choice;
+    bool isSmall, isTold;
+  };
+  const Row rows[] = {
+      {16, 1, "0", true, false},   {17, 1, "0", false, true},     {20, 1.5, "0", true, false},
+      {20, 1.5, "1", false, true}, {20, 1, "1.25", false, false}, {13, 1.3, "0", false, false},
+      {20, 1, "2", true, false},
+  };
+  for (const auto& row : rows) {
+    SkinsBench b;
+    b.saveCollection("/prog/KVO5.INI", {});
+    b.desktop.facts.textHeight = row.textHeight;
+    b.desktop.all = {{"one", {}, {}, row.factor}};
+    b.store.all["InterfaceSize"] = row.choice;
+    b.startUp.run({}, "/");
+    EXPECT_EQ(b.skin().IsSmallFonts, row.isSmall) << row.textHeight << " " << row.factor << row.choice;
+    EXPECT_EQ(b.boxes.shown.size(), row.isTold ? 1U : 0U)
+        << row.textHeight << " " << row.factor << row.choice;
   }
 }
 
