@@ -198,7 +198,8 @@ void Skins::askForPicture() {
 }
 
 void Skins::ShapeMe() {
-  const auto mask = ports_.folder.beside(kMaskPicture);
+  const auto named = ports_.folder.beside(kMaskPicture);
+  const auto mask = ports_.pictures.find(named).value_or(named);
   const auto loaded = ports_.pictures.loadMask(mask);
   if (!loaded) ports_.log.LogError(loaded.error().text);
   window_.skin.mask = loaded ? mask : "";
