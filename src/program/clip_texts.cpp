@@ -89,7 +89,7 @@ ClipRow rowOf(const Movie& clip, const KVO2& settings) {
 }
 
 std::string windowCaption(const Movie& clip) {
-  const auto name = listedName(clip);
+  auto name = listedName(clip);
   switch (kindOf(clip)) {
     case ClipKind::Video:
       return name + " - Video";

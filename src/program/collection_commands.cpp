@@ -20,20 +20,17 @@ class CollectionCommands::Watch final : public LoadWatch {
         std::string_view abortText)
       : window_(window), loop_(loop), list_(list) {
     window_.progress.abortText = abortText;
-    window_.progress.abortClicked = false;
-    status(first);
+    status(first, 0, 0);
   }
   Watch(const Watch&) = delete;
   Watch& operator=(const Watch&) = delete;
-  ~Watch() override {
-    window_.progress.status.clear();
-    window_.progress.abortText.clear();
-    window_.progress.abortClicked = false;
-  }
+  ~Watch() override { window_.progress = {}; }
 
   void begins() override { list_.fill(); }
-  void status(std::string_view text) override {
+  void status(std::string_view text, int done, int total) override {
     window_.progress.status = text;
+    window_.progress.done = done;
+    window_.progress.total = total;
     loop_.yield();
   }
   bool abortClicked() override { return window_.progress.abortClicked; }

@@ -23,7 +23,7 @@ std::string tooMany(const std::string& fileName, int clips) {
 
 bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, int count) {
   if (options.watch == nullptr || i % kShowLoadEvery != 0) return false;
-  options.watch->status(std::string(what) + std::to_string(i) + " of " + std::to_string(count));
+  options.watch->status(std::string(what) + std::to_string(i) + " of " + std::to_string(count), i, count);
   return options.watch->abortClicked();
 }
 

@@ -143,7 +143,8 @@ Outcome CollectionStore::writeBlocks(Replacement& out, LoadWatch* watch, std::st
   const int clips = collection_.MovieList.count();
   auto done = print(settings_, collection_, [&](const PrintedBlock& block) {
     if (watch != nullptr && block.clip > 0 && block.clip % kShowSaveEvery == 0)
-      watch->status("Saving Clip " + std::to_string(block.clip) + " of " + std::to_string(clips));
+      watch->status("Saving Clip " + std::to_string(block.clip) + " of " + std::to_string(clips), block.clip,
+                    clips);
     step = block.step;
     changedTexts.insert(changedTexts.end(), block.changed.begin(), block.changed.end());
     return file.print(block.text);
@@ -172,7 +173,7 @@ void CollectionStore::replaceUnreadable(const std::string& fileName, const Error
 void CollectionStore::rewrite(const std::string& fileName, const CollectionReader& reader,
                               const ReadReport& report, const ReadOptions& options) {
   const auto& text = reader.facts();
-  if (options.watch != nullptr) options.watch->status("Please Wait \r\nAnalysing Collection");
+  if (options.watch != nullptr) options.watch->status("Please Wait \r\nAnalysing Collection", 0, 0);
   const bool loses = report.damaged || !report.skippedClips.empty() || reader.droppedText() ||
                      text.clipSections > collection_.MovieList.count() ||
                      text.animationSections > collection_.AudMovieList.count() ||

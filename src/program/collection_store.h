@@ -29,7 +29,8 @@ class LoadWatch {
 
   /// The file is a collection: the lists have been emptied, and will be filled.
   virtual void begins() = 0;
-  virtual void status(std::string_view text) = 0;
+  /// `done` of `total` clips or keyframes; both 0 where there is no number.
+  virtual void status(std::string_view text, int done, int total) = 0;
   virtual bool abortClicked() = 0;
 };
 

@@ -35,7 +35,7 @@ struct ListStep {
 class History {
  public:
   static constexpr std::size_t kMaxSteps = 200;
-  static constexpr std::size_t kMaxKept = 2 * kMaxClips;  ///< records, in all steps back
+  static constexpr std::size_t kMaxKept = 65534;  ///< records, in all steps back
 
   History(MainWindowState& window, Collection& collection, KVO2& settings, ClipList& list)
       : window_(window), collection_(collection), settings_(settings), list_(list) {}

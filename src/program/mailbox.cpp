@@ -1,6 +1,7 @@
 #include "program/mailbox.h"
 
 #include "base/text.h"
+#include "core/telling/messages.h"
 
 namespace kvo {
 namespace {
@@ -63,15 +64,32 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths) {
   take(command);
 }
 
+// Of several it is told which one is at work, and a click leaves out the rest.
+void Mailbox::add(const std::vector<std::string>& clips) {
+  auto& progress = parts_.window.progress;
+  progress.total = static_cast<int>(clips.size());
+  for (const auto& clip : clips) {
+    ++progress.done;
+    if (progress.total > 1) {
+      progress.status = std::string(LoadResString(390)) + std::to_string(progress.done) + " of " +
+                        std::to_string(progress.total);
+      progress.status.append(LoadResString(391)).append(kCrLf).append(clip);
+      progress.abortText = LoadResString(341);
+      parts_.loop.yield();
+    }
+    if (progress.abortClicked) break;
+    parts_.intake.AddMoviesm(clip);
+  }
+  progress = {};
+}
+
 // True when a clip was added.
 bool Mailbox::take(const StartCommand& command) {
   if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return false;
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return false;
   intro_.leave();
-  const bool added = parts_.history.add(pass, [&] {
-    for (const auto& clip : command.clips) parts_.intake.AddMoviesm(clip);
-  });
+  const bool added = parts_.history.add(pass, [&] { add(command.clips); });
   parts_.list.show();
   return added;
 }

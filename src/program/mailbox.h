@@ -28,6 +28,7 @@ class Mailbox {
   void look();
   void takeHandover(const std::string& text);
   bool take(const StartCommand& command);
+  void add(const std::vector<std::string>& clips);
 
   ProgramParts parts_;
   Intro& intro_;

@@ -131,9 +131,11 @@ struct HistoryState {
 
 /// Long work that goes on.
 struct ProgressState {
-  std::string status;     ///< "Loading Clip 5 of 20"; empty while there is none
+  std::string status;  ///< "Loading Clip 5 of 20", and a line for the file at work; empty while there is none
   std::string abortText;  ///< a click on it stops the work; empty while nothing can be stopped
   bool abortClicked = false;
+  int done = 0;  ///< of `total` pieces of work; both 0 while it is not known how much there is
+  int total = 0;
 };
 
 struct MainWindowState {

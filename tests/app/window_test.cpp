@@ -126,14 +126,14 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
 
   // A second copy hands its clip over and ends at once.
   EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", video_}).exitCode, 0);
-  ASSERT_TRUE(comes("count.avi - KVO5"));
+  ASSERT_TRUE(comes("count.avi - Video"));
 
   press("ctrl+s");
   ASSERT_TRUE(comes("Save Collection"));
   type(work_ / "mine");
   press("Return");
   ASSERT_TRUE(eventually([&] { return std::filesystem::exists(work_ / "mine.INI"); }));
-  ASSERT_TRUE(comes("count.avi - KVO5"));
+  ASSERT_TRUE(comes("count.avi - Video"));
 
   press("ctrl+n");
   ASSERT_TRUE(comes("New Collection"));
@@ -141,7 +141,7 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
   ASSERT_TRUE(comes("Open existing Collection"));
   type(work_ / "mine.INI");
   press("Return");
-  ASSERT_TRUE(comes("count.avi - KVO5"));
+  ASSERT_TRUE(comes("count.avi - Video"));
   press("ctrl+q");
   ASSERT_TRUE(ends());
   EXPECT_EQ(WEXITSTATUS(status_), 0);
@@ -150,17 +150,17 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
 
 TEST_F(Window, ExitWithUnsavedChangesAsks) {
   start({video_});
-  ASSERT_TRUE(comes("count.avi - KVO5"));
+  ASSERT_TRUE(comes("count.avi - Video"));
   press("ctrl+q");
   ASSERT_TRUE(comes("Save changes"));
   press("Escape");
-  ASSERT_TRUE(comes("count.avi - KVO5"));
+  ASSERT_TRUE(comes("count.avi - Video"));
   press("alt+F4");
   ASSERT_TRUE(comes("Save changes"));
   press("Return");  // Yes is the default
   ASSERT_TRUE(comes("Save Collection"));
   press("Escape");
-  ASSERT_TRUE(comes("count.avi - KVO5")) << "no name, no end";
+  ASSERT_TRUE(comes("count.avi - Video")) << "no name, no end";
   press("ctrl+q");
   ASSERT_TRUE(comes("Save changes"));
   press("alt+n");

@@ -125,6 +125,7 @@ TEST(MediaFacts, TellWhatAFileHolds) {
   EXPECT_EQ(video->width * 1000 + video->height, 64048);
   EXPECT_NEAR(video->duration, 2, 0.05);
   EXPECT_NEAR(video->frameRate, 25, 0.01);
+  EXPECT_EQ(video->codec, "MPEG-4 part 2");
   const auto still = readFacts(
       test::makeMedia(folder, "s.png", {"-f", "lavfi", "-i", "color=red:size=30x20", "-frames:v", "1"}));
   ASSERT_TRUE(still);
@@ -136,6 +137,7 @@ TEST(MediaFacts, TellWhatAFileHolds) {
                                  "-map", "1", "-c:v", "png", "-disposition:v", "attached_pic"}));
   ASSERT_TRUE(song);
   EXPECT_TRUE(song->hasAudio && !song->hasVideo);
+  EXPECT_EQ(song->codec + " " + std::to_string(song->channels), "MP3 1") << "and not the cover's";
 }
 
 }  // namespace

@@ -291,8 +291,15 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   b.saveCollection("/c/old.Kvo", {"o.avi"});
   b.startUp.run({}, "/");
   b.files.all["/v/n.avi"] = "x";
-  b.mailbox.takeFiles({"/v/n.avi", "/v/n.avi"});
-  EXPECT_EQ(b.collection.MovieList.count(), 3);
+  b.loop.onYield = [&] {
+    const auto& now = b.window.progress;
+    EXPECT_EQ(now.status, "Analysing Clip " + std::to_string(now.done) + " of 3 - Please Wait..\r\n/v/n.avi");
+    b.window.progress.abortClicked = now.done == 3;
+  };
+  b.mailbox.takeFiles({"/v/n.avi", "/v/n.avi", "/v/n.avi"});
+  EXPECT_EQ(b.collection.MovieList.count(), 3) << "a click left out the last";
+  EXPECT_EQ(b.window.progress.status, "");
+  b.loop.onYield = [] {};
   EXPECT_EQ(b.window.history.undo, "Undo add 2 clips");
   b.boxes.answers = {Answer::Cancel, Answer::No};
   b.collection.MovieList[1].IsDirty(true);
