@@ -208,8 +208,6 @@ const MediaFile kFiles[] = {
     {"mono.wav", "", "-vn -af pan=mono|c0=c0 -c:a pcm_s16le"},
 };
 
-std::string text(double value) { return std::to_string(value); }
-
 std::string inputRate(const MediaFile& file) { return *file.rate == 0 ? "25" : file.rate; }
 
 bool sharesInput(const MediaFile& a, const MediaFile& b) {
@@ -217,12 +215,16 @@ bool sharesInput(const MediaFile& a, const MediaFile& b) {
          a.soundLonger == b.soundLonger && a.highDefinition == b.highDefinition;
 }
 
+// ffmpeg's arguments, parted by blanks.
 void addWords(std::vector<std::string>& command, const std::string& words) {
   std::istringstream stream(words);
   for (std::string word; stream >> word;) command.push_back(word);
 }
 
-void run(const std::vector<std::string>& command) {
+void run(const std::string& words, const std::string& output) {
+  std::vector<std::string> command = {"ffmpeg", "-v", "error", "-nostdin", "-y"};
+  addWords(command, words);
+  command.push_back(output);
   const auto end = runProgram(command);
   EXPECT_EQ(end.exitCode, 0) << end.err;
 }
@@ -243,8 +245,7 @@ void damage(const std::string& path, const MediaFile& file) {
 void tellToTurn(const std::string& path, int degrees) {
   const auto told = std::filesystem::path(path).replace_filename(
       "turned-" + std::filesystem::path(path).filename().string());
-  run({"ffmpeg", "-v", "error", "-nostdin", "-y", "-i", path, "-c", "copy", "-metadata:s:v:0",
-       "rotate=" + std::to_string(degrees), told.string()});
+  run("-i " + path + " -c copy -metadata:s:v:0 rotate=" + std::to_string(degrees), told.string());
   std::filesystem::rename(told, path);
 }
 
@@ -277,11 +278,11 @@ int shownNumber(const MediaFile& file, int number) {
 }
 
 Corpus::Corpus() {
-  for (const auto weights : {Weights::Bt601, Weights::Bt709}) {
-    std::ofstream pictures(folder_ / (weights == Weights::Bt601 ? "601.yuv" : "709.yuv"), std::ios::binary);
-    for (int number = 0; number < (weights == Weights::Bt601 ? kNumbers : 100); ++number) {
+  for (const auto& [name, weights, count] :
+       {std::tuple{"601.yuv", Weights::Bt601, kNumbers}, {"709.yuv", Weights::Bt709, 100}}) {
+    std::ofstream pictures(folder_ / name, std::ios::binary);
+    for (int number = 0; number < count; ++number)
       pictures << drawnPattern(number, kPictureWidth, kPictureHeight, weights);
-    }
   }
   std::ofstream(folder_ / "beeps", std::ios::binary) << drawnBeeps();
 }
@@ -298,10 +299,7 @@ std::string Corpus::pathOf(const MediaFile& file) {
   });
   const auto from = pathOf(*source);
   if (*file.encoding != 0) {
-    std::vector<std::string> command = {"ffmpeg", "-v", "error", "-nostdin", "-y"};
-    addWords(command, file.encoding);
-    command.insert(command.end(), {"-i", from, "-c", "copy", path});
-    run(command);
+    run(std::string(file.encoding) + " -i " + from + " -c copy", path);
   } else {
     std::filesystem::copy_file(from, path);
     damage(path, file);
@@ -311,25 +309,23 @@ std::string Corpus::pathOf(const MediaFile& file) {
 }
 
 void Corpus::makeLike(const MediaFile& file) {
-  std::vector<std::string> command = {"ffmpeg", "-v", "error", "-nostdin", "-y"};
-  const auto late = [&](double seconds) {
-    if (seconds > 0) command.insert(command.end(), {"-itsoffset", text(seconds)});
+  const auto late = [](double seconds) {
+    return seconds > 0 ? " -itsoffset " + std::to_string(seconds) : std::string();
   };
-  late(-file.soundLate);
-  command.insert(command.end(), {"-f", "rawvideo", "-pixel_format", "yuv420p", "-video_size",
-                                 std::to_string(kPictureWidth) + "x" + std::to_string(kPictureHeight),
-                                 "-framerate", inputRate(file), "-t", text(kMediaSeconds), "-i",
-                                 folder_ / (file.highDefinition ? "709.yuv" : "601.yuv")});
-  late(file.soundLate);
-  command.insert(command.end(), {"-f", "s16le", "-ar", std::to_string(kBeepRate), "-ac", "2", "-t",
-                                 text(kMediaSeconds + file.soundLonger), "-i", folder_ / "beeps"});
+  auto words = late(-file.soundLate) + " -f rawvideo -pixel_format yuv420p -video_size " +
+               std::to_string(kPictureWidth) + "x" + std::to_string(kPictureHeight) + " -framerate " +
+               inputRate(file) + " -t " + std::to_string(kMediaSeconds) + " -i " +
+               folder_ / (file.highDefinition ? "709.yuv" : "601.yuv") + late(file.soundLate) +
+               " -f s16le -ar " + std::to_string(kBeepRate) + " -ac 2 -t " +
+               std::to_string(kMediaSeconds + file.soundLonger) + " -i " + folder_ / "beeps";
+  std::string last;
   for (const auto& row : kFiles) {
     if (!sharesInput(file, row)) continue;
-    addWords(command, row.encoding);
-    command.push_back(folder_ / row.name);
+    words += " " + last + " " + row.encoding;
+    last = folder_ / row.name;
     made_.insert(row.name);
   }
-  run(command);
+  run(words, last);
   for (const auto& row : kFiles) {
     if (row.turned != 0 && sharesInput(file, row)) tellToTurn(folder_ / row.name, row.turned);
   }

@@ -2,6 +2,7 @@
 #include "engine/run/frame_line.h"
 
 #include "engine/document/document_reader.h"
+#include "support/documents.h"
 #include "support/real_world.h"
 
 #include <algorithm>
@@ -20,14 +21,12 @@ class FrameLineTest : public testing::Test {
 
   // Clips of four seconds, one behind the other; the frames of each count from 0.
   [[nodiscard]] Timeline movie(const std::vector<std::string>& files) const {
-    std::string text = "<timeline><group type=\"video\" width=\"64\" height=\"48\" framerate=\"25\">";
-    int start = 0;
+    std::vector<test::DocumentClip> clips;
     for (const auto& file : files) {
-      text += "<track><clip src=\"" + file + "\" mstart=\"0\" mstop=\"4\" start=\"" + std::to_string(start) +
-              "\" stop=\"" + std::to_string(start + 4) + "\"></clip></track>";
-      start += 4;
+      const auto start = 4.0 * static_cast<double>(clips.size());
+      clips.push_back({file, 0, 4, start, start + 4});
     }
-    return *readDocument(text + "</group></timeline>");
+    return *readDocument(test::documentOf(clips));
   }
 
   test::ScratchFolder media_;

@@ -3,13 +3,20 @@
 
 #include "engine/document/params.h"
 
+#include <sstream>
+#include <string>
+
 namespace kvo::engine {
 
-/// From pairs of name and value.
-template <class Values>
-Params paramsOf(const Values& values) {
+/// From words like "bands=5 direction=Up".
+inline Params paramsOf(const std::string& words) {
   Params params;
-  for (const auto& [name, value] : values) params.add(name, {value, Keyed{valueOf(value), {}}});
+  std::istringstream in(words);
+  for (std::string word; in >> word;) {
+    const auto at = word.find('=');
+    const auto value = word.substr(at + 1);
+    params.add(word.substr(0, at), {value, Keyed{valueOf(value), {}}});
+  }
   return params;
 }
 

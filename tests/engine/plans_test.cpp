@@ -86,25 +86,27 @@ TEST(FramePlan, SaysWhatAFrameIsMadeOf) {
 
 // A picture that stands still is drawn anew only where its effects can change it.
 TEST(FramePlan, KnowsWhichEffectsChangeByThemselves) {
-  const auto withEffect = [](std::string_view clsid, const std::string& times, const std::string& params) {
-    return timelineOf("<track>" +
-                      clip("a", "mstart=\"0\" mstop=\"2\" start=\"0\" stop=\"2\"",
-                           element("effect", clsid, times, params)) +
-                      "</track>")
-        .video.at(0);
+  struct Row {
+    std::string_view clsid;
+    const char *times, *params;
+    bool changes;
   };
-  const std::string whole = "start=\"0\" stop=\"2\"";
-  const std::string radius = "<param name=\"PixelRadius\" value=\"9\"/>";
-  const std::string keyed = "<param name=\"PixelRadius\" value=\"9\"><at time=\"1\" value=\"1\"/></param>";
-  const auto palette = effect_ids::kPalette;
-  EXPECT_FALSE(changesByItself(withEffect(kBlur, whole, radius)));
-  EXPECT_TRUE(changesByItself(withEffect(kBlur, whole, keyed)));
-  EXPECT_TRUE(changesByItself(withEffect(kBlur, "start=\"1\" stop=\"2\"", radius))) << "it begins";
-  EXPECT_TRUE(changesByItself(withEffect(kBlur, "start=\"0\" stop=\"1\"", radius))) << "it ends";
-  EXPECT_TRUE(changesByItself(withEffect(kFade, whole, ""))) << "to black";
-  EXPECT_FALSE(changesByItself(withEffect(palette, whole, "<param name=\"EffectID\" value=\"1\"/>")));
-  EXPECT_TRUE(changesByItself(withEffect(palette, whole, "<param name=\"EffectID\" value=\"21\"/>")))
-      << "grain";
+  const auto* whole = "start=\"0\" stop=\"2\"";
+  const auto* radius = "<param name=\"PixelRadius\" value=\"9\"/>";
+  const auto* keyed = "<param name=\"PixelRadius\" value=\"9\"><at time=\"1\" value=\"1\"/></param>";
+  for (const auto& row :
+       {Row{kBlur, whole, radius, false}, Row{kBlur, whole, keyed, true},
+        Row{kBlur, "start=\"1\" stop=\"2\"", radius, true},  // it begins
+        Row{kBlur, "start=\"0\" stop=\"1\"", radius, true},  // it ends
+        Row{kFade, whole, "", true},                         // to black
+        Row{effect_ids::kPalette, whole, "<param name=\"EffectID\" value=\"1\"/>", false},
+        Row{effect_ids::kPalette, whole, "<param name=\"EffectID\" value=\"21\"/>", true}}) {
+    const auto timeline = timelineOf("<track>" +
+                                     clip("a", "mstart=\"0\" mstop=\"2\" start=\"0\" stop=\"2\"",
+                                          element("effect", row.clsid, row.times, row.params)) +
+                                     "</track>");
+    EXPECT_EQ(changesByItself(timeline.video.at(0)), row.changes) << row.clsid << row.times << row.params;
+  }
 }
 
 TEST(RenderPlan, SaysHowAMovieIsMade) {
@@ -130,40 +132,27 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
     int cores;
     std::string plan;
   };
+  // clang-format off
   const Row rows[] = {
-      {timeline,
-       {"m.avi"},
-       1,
+      {timeline, {"m.avi"}, 1,
        "AVI, raw " + movie + segments + "workers 1, threads of a decoder 1, encoders 1\n"},
-      {timeline,
-       {"m.AVI"},
-       8,
+      {timeline, {"m.AVI"}, 8,
        "AVI, raw " + movie + segments + "workers 3, threads of a decoder 2, encoders 1\n"},
-      {timeline,
-       {"m.avi", {}, media::VideoCodec::Mpeg4},
-       2,
+      {timeline, {"m.avi", {}, media::VideoCodec::Mpeg4}, 2,
        "AVI, MPEG-4 " + movie + segments + "workers 2, threads of a decoder 1, encoders 3\n"},
-      {timeline,
-       {"m.wmv", Slice{0.02, 3.999}},
-       0,  // what a machine says that does not know
+      {timeline, {"m.wmv", Slice{0.02, 3.999}}, 0,  // what a machine says that does not know
        "WMV, WMV 8 319 x 240 at 25, sound\nsteps 1-100, samples 1764-176400\n"
        "segments 1-100\nworkers 1, threads of a decoder 1, encoders 1\n"},
-      {silent,
-       {"m.wmv", Slice{20, 99}},
-       2,
+      {silent, {"m.wmv", Slice{20, 99}}, 2,
        "WMV, WMV 8 319 x 240 at 25\nsteps 500-501, samples 882000-883764\n"
        "segments 500-501\nworkers 1, threads of a decoder 2, encoders 1\n"},
       // Large pictures cannot wait for their turn, and large references are not held four times.
-      {large,
-       {"m.avi"},
-       8,
+      {large, {"m.avi"}, 8,
        "AVI, raw 1920 x 1080 at 25, sound\nsteps 0-501, samples 0-883764\n"
        "segments 0-501\nworkers 1, threads of a decoder 4, encoders 1\n"},
-      {large,
-       {"m.wmv"},
-       8,
+      {large, {"m.wmv"}, 8,
        "WMV, WMV 8 1920 x 1080 at 25, sound\nsteps 0-501, samples 0-883764\n" + segments +
-           "workers 2, threads of a decoder 4, encoders 3\n"},
+       "workers 2, threads of a decoder 4, encoders 3\n"},
       {timeline, {"m.wav"}, 4, "WAV, sound\nsteps 0-201, samples 0-882441\n"},
       {timeline, {"m.wma", Slice{0.05, 0.07}}, 4, "WMA, sound\nsteps 0-1, samples 2205-3087\n"},
       {timeline, {"m.mov"}, 1, "cannot write m.mov: its name must end in .AVI, .WAV, .WMV or .WMA"},
@@ -173,6 +162,7 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
       {timeline, {"m.avi", Slice{-1, 2}}, 1, "the range -1.00-2.00 is not within the 20.01 s of the movie"},
       {timeline, {"m.avi", Slice{2, 2}}, 1, "the range 2.00-2.00 is not within the 20.01 s of the movie"},
   };
+  // clang-format on
   for (const auto& row : rows) {
     const auto plan = planRender(row.timeline, row.job, row.cores);
     EXPECT_EQ(plan ? toText(*plan) : plan.error().text, row.plan) << row.job.output;

@@ -4,6 +4,7 @@
 #include "adapters/sdl/sdl_sound_output.h"
 #include "engine/document/document_reader.h"
 #include "engine/run/engine_player.h"
+#include "support/documents.h"
 #include "support/real_world.h"
 
 #include <atomic>
@@ -23,12 +24,18 @@
 namespace kvo::engine {
 namespace {
 
-// Loudspeakers on virtual time: what is queued is heard as the clock goes on.
+// Loudspeakers on virtual time: what is queued is heard as the clock goes on. They may take their time to
+// open, or go wrong.
 class FakeSound : public SoundOutput {
  public:
   explicit FakeSound(const double& now) : now_(now) {}
-  Outcome open() override { return {}; }
+  Outcome open() override {
+    if (mayOpen.valid())
+      openedInTime = mayOpen.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+    return {};
+  }
   void queue(std::span<const float> samples) override {
+    if (throws) throw std::bad_alloc();
     settle();
     queued_ += static_cast<double>(samples.size()) / 2 / 44100;
     heard.insert(heard.end(), samples.begin(), samples.end());
@@ -46,6 +53,9 @@ class FakeSound : public SoundOutput {
     running_ = false;
   }
   std::vector<float> heard;
+  std::future<void> mayOpen;
+  std::atomic<bool> openedInTime = true;
+  bool throws = false;
 
  private:
   void settle() {
@@ -58,8 +68,6 @@ class FakeSound : public SoundOutput {
   bool running_ = false;
 };
 
-std::string quoted(const std::string& text) { return "\"" + text + "\""; }
-
 class PlaybackTest : public testing::Test {
  protected:
   PlaybackTest() {
@@ -69,15 +77,9 @@ class PlaybackTest : public testing::Test {
 
   // Two seconds of the counting video from its second 1, at 64 x 48 and 25 frames a second.
   [[nodiscard]] std::string document(bool withSound) const {
-    const auto clip = [](const std::string& file) {
-      return "<track><clip src=" + quoted(file) +
-             " mstart=\"1\" mstop=\"3\" start=\"0\" stop=\"2\"></clip></track>";
-    };
-    return "<timeline><group type=\"video\" bitdepth=\"24\" width=\"64\" height=\"48\" framerate=\"25\">" +
-           clip(video_) + "</group>" +
-           (withSound ? "<group type=\"audio\" SamplingRate=\"44100\">" + clip(tone_) + "</group>"
-                      : std::string()) +
-           "</timeline>";
+    std::vector<test::DocumentClip> sound;
+    if (withSound) sound.push_back({tone_, 1, 3, 0, 2});
+    return test::documentOf({{video_, 1, 3, 0, 2}}, sound);
   }
 
   static int numberOf(const media::Picture& picture) {
@@ -177,46 +179,22 @@ TEST_F(PlaybackTest, SoundGoesWithThePictureAfterASeek) {
 
 TEST_F(PlaybackTest, APauseStandsAtTheFrameThatIsShown) {
   for (const char* rate : {"25", "29.97", "23.976", "12.5", "60"}) {
-    auto text = document(false);
-    text.replace(text.find("framerate=\"25\""), 14, "framerate=" + quoted(rate));
-    text.replace(text.find("stop=\"2\""), 8, "stop=\"300\"");
-    auto timeline = *readDocument(text);
+    auto timeline = *readDocument(
+        test::documentOf({{video_, 0, 300, 0, 300}}, {{tone_, 0, 300, 0, 300}}, {64, 48, rate}));
     timeline.video.clear();  // what matters is the time
-    timeline.audio.push_back({});
-    timeline.audio.back().stop = 300;
     Playback playback(std::move(timeline), nullptr);
-    int differ = 0;
     for (std::int64_t frame = 1; frame < 3000; ++frame) {
       playback.stop();
       playback.play(0);
       const double now = static_cast<double>(frame) / playback.frameRate();
-      ASSERT_TRUE(playback.step(now));
-      ASSERT_EQ(playback.position(), frame) << rate;
-      playback.pause(now);
-      ASSERT_TRUE(playback.step(now));
-      differ += playback.position() != frame ? 1 : 0;
+      for (int again = 0; again < 2; ++again) {
+        ASSERT_TRUE(playback.step(now));
+        ASSERT_EQ(playback.position(), frame) << rate;
+        playback.pause(now);
+      }
     }
-    EXPECT_EQ(differ, 0) << rate;
   }
 }
-
-// Loudspeakers that take their time to open, or go wrong.
-class OddSound : public FakeSound {
- public:
-  using FakeSound::FakeSound;
-  Outcome open() override {
-    if (!mayOpen.valid()) return {};
-    openedInTime = mayOpen.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
-    return {};
-  }
-  void queue(std::span<const float> samples) override {
-    if (throws) throw std::bad_alloc();
-    FakeSound::queue(samples);
-  }
-  std::future<void> mayOpen;
-  std::atomic<bool> openedInTime = true;
-  std::atomic<bool> throws = false;
-};
 
 // Whether something of another thread comes about.
 template <class What>
@@ -231,7 +209,7 @@ bool comesTo(const EnginePlayer& player, PlayState state) {
 
 TEST_F(PlaybackTest, SoundThatIsSlowToOpenHoldsNobodyUp) {
   const double now = 0;
-  auto sound = std::make_unique<OddSound>(now);
+  auto sound = std::make_unique<FakeSound>(now);
   auto& speaker = *sound;
   std::promise<void> open;
   speaker.mayOpen = open.get_future();
@@ -264,7 +242,7 @@ TEST_F(PlaybackTest, ALoadThatFailsLeavesNothingLoaded) {
 
 TEST_F(PlaybackTest, WhatIsThrownEndsInTheStateFailed) {
   double now = 0;
-  OddSound sound(now);
+  FakeSound sound(now);
   Playback playback(*readDocument(document(true)), &sound);
   sound.throws = true;
   playback.play(now);
@@ -304,9 +282,7 @@ TEST_F(PlaybackTest, TheRealPlayerPlaysOnItsThread) {
       return !shown.empty() && shown.back().first == frame;
     });
   };
-  EXPECT_EQ(player.state(), PlayState::Empty);
   player.play();  // nothing to play
-  EXPECT_FALSE(player.load("no document"));
   ASSERT_TRUE(player.load(document(true)));
   EXPECT_TRUE(shows(0));
   player.seek(30);
@@ -315,8 +291,6 @@ TEST_F(PlaybackTest, TheRealPlayerPlaysOnItsThread) {
   player.play();
   EXPECT_TRUE(shows(49));
   EXPECT_TRUE(comesTo(player, PlayState::Ended));
-  EXPECT_EQ(player.frames(), 50);
-  EXPECT_EQ(player.frameRate(), 25);
   // A document whose clip is not there.
   auto broken = document(false);
   broken.replace(broken.find(video_), video_.size(), media_ / "none.mkv");

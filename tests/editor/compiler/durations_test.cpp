@@ -2,8 +2,9 @@
 
 #include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
-#include "editor/tabs/preview_params.h"
 #include "support/fakes.h"
+
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -12,34 +13,25 @@ namespace {
 
 using test::Bench;
 
-TEST(Durations, LongestTransitionIsTheShorterNeighbour) {
+TEST(Durations, ATransitionIsHeldToTheShorterNeighbour) {
   struct Row {
-    double first;
-    double second;
+    double first, second;
     const char* most;
     int max;
   };
   for (const auto& row : {Row{60, 40, "25.0", 250}, Row{3.04, 9, "3.0", 30}, Row{0.05, 9, "0.1", 1}}) {
     Bench b;
-    b.addVideo("a.avi", 0, row.first);
-    b.addVideo("b.avi", 0, row.second).TransType("Fade");
+    b.addVideo("a.avi", 0, row.first).TransIn(999);
+    auto& clip = b.addVideo("b.avi", 0, row.second);
+    clip.TransIn(999);
     EXPECT_EQ(CalcMaxTransitionDuration(b.editing, 2), row.most);
     SortTransitionTimes(b.editing, 2);
     EXPECT_EQ(b.editor.controls.Sld_In.Max, row.max);
+    EXPECT_EQ(clip.TransIn(), row.max);
+    SortTransitionTimes(b.editing, 1);
+    EXPECT_EQ(b.collection.MovieList[1].TransIn(), std::max(static_cast<int>(std::lround(row.first * 5)), 1))
+        << "half of the clip for the first";
   }
-}
-
-TEST(Durations, AStaleTransitionIsBroughtWithinItsLimit) {
-  Bench b;
-  b.addVideo("a.avi", 0, 3);
-  auto& clip = b.addVideo("b.avi", 0, 9);
-  clip.TransType("Fade");
-  clip.TransIn(80);
-  SortTransitionTimes(b.editing, 2);
-  EXPECT_EQ(clip.TransIn(), 30);
-  b.collection.MovieList[1].TransIn(80);
-  SortTransitionTimes(b.editing, 1);
-  EXPECT_EQ(b.collection.MovieList[1].TransIn(), 15) << "half of the clip for the first";
 }
 
 TEST(Durations, ACutIsPreviewedByTheLadder) {
@@ -88,19 +80,6 @@ TEST(Durations, AnAutomaticFadeNeedsRoom) {
       EXPECT_EQ(fade.FadeOutStart, row.out) << row.stop;
     }
   }
-}
-
-TEST(PreviewParams, AreReadFromTheTableAndHeldToTheOutput) {
-  Bench b;
-  b.settings.change().OutPutFrameRate = 12;
-  const auto p = GetPreviewParams(b.editing, 8);
-  EXPECT_EQ(p.Scale, 1.25);
-  EXPECT_EQ(p.Rate, 12);
-  EXPECT_TRUE(b.files.exists("/prog/PreviewDefaults.dat"));
-  GetPreviewParams(b.editing, 1);
-  EXPECT_FALSE(b.settings.state.RenderTransitions);
-  b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\nScaleFactor = 7\r\nBitDepth = 16\r\n";
-  EXPECT_EQ(GetPreviewParams(b.editing, 1).Scale, 7);
 }
 
 }  // namespace

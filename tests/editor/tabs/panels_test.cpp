@@ -18,12 +18,11 @@ namespace {
 
 using test::Bench;
 
+bool holds(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
+
 TEST(PicInPic, TwentyOneDigitsGoInAndOut) {
-  const PicInPic look{12, OverlayStyle::Radial, 8, 75, 1500, 20, true};
-  EXPECT_EQ(picInPicText(look), "012208075015000002001");
-  const auto again = readPicInPic("012208075015000002001");
-  ASSERT_TRUE(again);
-  EXPECT_EQ(picInPicText(*again), picInPicText(look));
+  EXPECT_EQ(picInPicText({12, OverlayStyle::Radial, 8, 75, 1500, 20, true}), "012208075015000002001");
+  EXPECT_EQ(picInPicText(*readPicInPic("012208075015000002001")), "012208075015000002001");
   EXPECT_EQ(picInPicText({}), "");
   for (const auto* bad : {"", "0122080750150000020010", "01220807501500000200", "012108075015000002001",
                           "012216075015000002001", "000208075015000002001", "01220807501500000200x"}) {
@@ -58,29 +57,24 @@ TEST(PicInPic, EveryPositionInBothModesWithBothTrimFlags) {
 
 TEST(PicInPic, TheEdgesOfItsRules) {
   Bench b;
+  b.settings.state.DefaultStillDuration = 7;
   auto& backdrop = b.addVideo("back.avi", 0, 8);
   auto& still = b.addVideo("s.jpg", 3, 0);
   still.IsStill(true);
   still.DurationTime(Value("N/A"));
+  const auto shown = [&](int backdropNo) {
+    return CreatePinPPreview(b.editing, backdropNo, {.preview = true});
+  };
   backdrop.HasPicInPic(picInPicText({9, OverlayStyle::Uniform, 1, 100, 0, 0, false}));
-  EXPECT_EQ(CreatePinPPreview(b.editing, 1, {.preview = true}).find("<transition"), std::string::npos)
-      << "no clip of that number";
-  b.settings.state.DefaultStillDuration = 7;
+  EXPECT_FALSE(holds(shown(1), "<transition")) << "no clip of that number";
   backdrop.HasPicInPic(picInPicText({2, OverlayStyle::Uniform, 8, 100, 0, 0, false}));
-  const auto text = CreatePinPPreview(b.editing, 1, {.preview = true});
-  EXPECT_NE(text.find("s.jpg\" mstart=\"0\" mstop=\"7\""), std::string::npos) << text;
-  EXPECT_NE(text.find("<param name=\"opacity\" value=\"100\">\r\n" + std::string(20, ' ') + "</param>"),
-            std::string::npos);
-  EXPECT_NE(text.find("width=\"170\" height=\"70\""), std::string::npos);
-  Bench stillBack;
-  auto& back = stillBack.addVideo("s.jpg", 0, 0);
-  back.IsStill(true);
-  back.DurationTime(Value("N/A"));
-  EXPECT_NE(
-      CreatePinPPreview(stillBack.editing, 1, {.preview = true}).find("mstop=\"7\" start=\"0\" stop=\"7\""),
-      std::string::npos);
-  EXPECT_EQ(stillBack.settings.state.ObjectChange, 0);
-  EXPECT_EQ(text.find("type=\"audio\""), std::string::npos);
+  const auto text = shown(1);
+  EXPECT_TRUE(holds(text, "s.jpg\" mstart=\"0\" mstop=\"7\"")) << text;
+  EXPECT_TRUE(holds(text, "<param name=\"opacity\" value=\"100\">\r\n" + std::string(20, ' ') + "</param>"));
+  EXPECT_TRUE(holds(text, "width=\"170\" height=\"70\""));
+  EXPECT_FALSE(holds(text, "type=\"audio\""));
+  EXPECT_TRUE(holds(shown(2), "mstart=\"0\" mstop=\"7\" start=\"0\" stop=\"7\"")) << "as a backdrop";
+  EXPECT_EQ(b.settings.state.ObjectChange, 0);
   EXPECT_EQ(SetPicInPicSliderTexts({1, OverlayStyle::Uniform, 1, 80, 1500, 0, false})[1], "In over 1.5s");
   EXPECT_EQ(fadeSliderMaximum(backdrop, still), 4000);
   EXPECT_FALSE(overlayAudioBox(still).enabled);
@@ -100,8 +94,7 @@ TEST(Stills, TakeTheirDefaultsFromTheFile) {
   b.settings.state.DefaultStillFrameRate = 12;
   GetStillOpts(b.editing);
   EXPECT_EQ(b.settings.state.DefaultStillDuration, 2.5F);
-  EXPECT_EQ(b.settings.state.DefaultStillFrameRate, 12)
-      << "a section that is not there leaves its value alone";
+  EXPECT_EQ(b.settings.state.DefaultStillFrameRate, 12) << "a section that is not there changes nothing";
 }
 
 TEST(Stills, AreSetTogetherOrOneByOne) {
@@ -111,19 +104,23 @@ TEST(Stills, AreSetTogetherOrOneByOne) {
   b.collection.MovieList[2].AltName("Beach");
   EXPECT_EQ(GetStillsInCollection(b.editing), 2);
   EXPECT_EQ(PopulateStillListBox(b.editing)[0], "Beach" + std::string(200, ' ') + "2");
+  const auto ends = [&] {
+    std::string all;
+    for (int i = 1; i <= 3; ++i)
+      all += b.collection.MovieList[i].LoopStart().text() + "-" + b.collection.MovieList[i].LoopEnd().text() +
+             " ";
+    return all;
+  };
   StillControls controls{.milliseconds = 3500, .aspect = 3, .individually = true, .selectedClip = 0};
   ApplyStillSettings(b.editing, controls);
-  EXPECT_EQ(b.collection.MovieList[2].LoopEnd().number(), 0);
+  EXPECT_EQ(ends(), "1-5 2-0 2-0 ") << "none is selected";
   controls.selectedClip = 3;
   ApplyStillSettings(b.editing, controls);
-  EXPECT_EQ(b.collection.MovieList[3].LoopEnd().text(), "3.5");
+  EXPECT_EQ(ends(), "1-5 2-0 0-3.5 ");
   EXPECT_EQ(b.collection.MovieList[3].stretchmode(), 3);
-  EXPECT_EQ(b.collection.MovieList[2].LoopEnd().number(), 0);
   controls.individually = false;
   moveStillSlider(b.editing, controls, 5000);
-  EXPECT_EQ(b.collection.MovieList[2].LoopEnd().text(), "5");
-  EXPECT_EQ(b.collection.MovieList[1].LoopEnd().number(), 5);
-  EXPECT_EQ(b.collection.MovieList[1].LoopStart().number(), 1) << "a video is left alone";
+  EXPECT_EQ(ends(), "1-5 0-5 0-5 ") << "a video is left alone";
   EXPECT_EQ(b.settings.state.ObjectChange, 98);
   EXPECT_EQ(b.settings.state.DefaultStillDuration, 5);
 }
@@ -156,19 +153,21 @@ TEST(Preview, CompilesReducedByItsPower) {
   Bench b;
   b.addVideo("a.avi", 0, 5).EffectWord("1");
   b.addVideo("b.avi", 0, 5).TransType("Fade");
-  const auto plain = compilePreviewText(b.editing, 1);
-  EXPECT_EQ(plain.find("<effect clsid"), std::string::npos);
-  EXPECT_EQ(plain.find("<transition"), std::string::npos);
-  EXPECT_NE(plain.find("PreviewMode=\"True\""), std::string::npos);
-  const auto full = compilePreviewText(b.editing, 10);
-  EXPECT_NE(full.find("<effect clsid"), std::string::npos);
-  EXPECT_EQ(full.find("PreviewMode"), std::string::npos);
-  b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\n";
+  for (const bool full : {false, true}) {
+    const auto text = compilePreviewText(b.editing, full ? 10 : 1);
+    EXPECT_EQ(holds(text, "<effect clsid"), full);
+    EXPECT_EQ(holds(text, "<transition"), full);
+    EXPECT_NE(holds(text, "PreviewMode=\"True\""), full);
+  }
+  b.files.all["/prog/PreviewDefaults.dat"] = "[Preview1]\r\nScaleFactor = 7\r\n";
+  EXPECT_EQ(GetPreviewParams(b.editing, 1).Scale, 7);
   const auto params = GetPreviewParams(b.editing, 4);
   EXPECT_EQ(params.Scale, 3) << "a file without the section is replaced";
   EXPECT_EQ(ShowUserPreviewParams(b.editing, params),
             "\r\n\r\nH x W reduced by 3\r\n\r\nAspect Ratio is maintained\r\nColor drop from 24 to 16 bit\r\n"
             "FPS drop from 25 to 10 fps \r\n\r\nTransitions ARE shown\r\nClip Effects are NOT shown\r\n");
+  b.settings.change().OutPutFrameRate = 12;
+  EXPECT_EQ(GetPreviewParams(b.editing, 8).Rate, 12) << "held to the output's";
 }
 
 TEST(Preview, TellsItsLengths) {
