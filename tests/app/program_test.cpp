@@ -11,7 +11,6 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <thread>
 #include <unistd.h>
 
@@ -23,6 +22,11 @@ namespace {
 using test::ProgramEnd;
 using test::ScratchFolder;
 
+void expectEnd(const ProgramEnd& end, int exitCode, const std::string& says = "") {
+  EXPECT_EQ(end.exitCode, exitCode) << end.out << end.err;
+  EXPECT_NE((end.out + end.err).find(says), std::string::npos) << says << ": " << end.out << end.err;
+}
+
 class Program : public testing::Test {
  protected:
   Program() : video_(work_ / "count.avi") {
@@ -31,10 +35,21 @@ class Program : public testing::Test {
     static const auto once = test::makeCountingVideo(made, "count.avi", "25", 50);
     std::filesystem::copy(once, video_);
   }
+  ~Program() override { ::unsetenv("TMPDIR"); }
 
-  static ProgramEnd kvo5(std::vector<std::string> arguments, int signal = 0) {
+  static ProgramEnd kvo5(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), KVO_PROGRAMS "/kvo5");
-    return test::runProgram(arguments, signal);
+    return test::runProgram(arguments);
+  }
+  static ProgramEnd engine(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), KVO_PROGRAMS "/KVORender");
+    return test::runProgram(arguments);
+  }
+  // Runs `script` with the program as $0.
+  static ProgramEnd shell(const std::string& script, const std::vector<std::string>& arguments) {
+    std::vector<std::string> command{"bash", "-c", script, KVO_PROGRAMS "/kvo5"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return test::runProgram(command);
   }
 
   // A collection of one clip each of `files`, two seconds long.
@@ -49,10 +64,18 @@ class Program : public testing::Test {
     b.settings.adjust().RenderWidth = 64;
     b.settings.adjust().RenderHeight = 48;
     if (change) change(b);
-    PosixFiles files2;
-    CollectionStore file(files2, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
+    PosixFiles posix;
+    CollectionStore file(posix, b.clock, b.boxes, b.log, b.folder, b.settings, b.collection);
     EXPECT_TRUE(file.WriteINI(work_.path(), name, true));
     return work_ / name;
+  }
+
+  // The folder for temporary files from now on.
+  std::string temporaryFolder() {
+    const auto temporary = work_ / "temporary";
+    std::filesystem::create_directory(temporary);
+    ::setenv("TMPDIR", temporary.c_str(), 1);
+    return temporary;
   }
 
   ScratchFolder home_;
@@ -60,52 +83,40 @@ class Program : public testing::Test {
   std::string video_;
 };
 
-TEST_F(Program, RendersACollection) {
-  const auto path = collection("c.INI", {video_, video_}, [](test::Bench& b) {
+TEST_F(Program, RendersACollectionAndLeavesNothingElse) {
+  const auto music = test::makeMedia(work_, "m.flac", {"-f", "lavfi", "-i", "sine=duration=2"});
+  const auto path = collection("c.INI", {video_, video_, music}, [](test::Bench& b) {
     b.collection.MovieList[2].TransType("Fade");
     b.collection.MovieList[2].TransIn(10);
+    b.collection.MovieList[3].RenderAudio(true);
+    b.collection.MovieList[3].Resolution("44.1 KHz");
   });
-  const auto before = PosixFiles().read(path, 1U << 20U).value();
-  const auto end = kvo5({"--render", path, "--output", work_ / "o.avi"});
-  EXPECT_EQ(end.exitCode, 0) << end.err;
-  EXPECT_NE(end.out.find("75 frames, 3.00 s"), std::string::npos) << end.out;
+  const auto temporary = temporaryFolder();
+  const auto bytes = PosixFiles().read(path, 1U << 20U).value();
+  const auto before = work_.names();
+  expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 0, "75 frames, 3.00 s");
   EXPECT_EQ(test::picturesOf(work_ / "o.avi", 64, 48).size(), 75U);
-  EXPECT_EQ(PosixFiles().read(path, 1U << 20U).value(), before) << "a render does not touch the collection";
-
-  const auto part = kvo5(
-      {"--render", path, "--output", work_ / "p.avi", "--range", "1-2", "--size", "32x24", "--rate", "10"});
-  EXPECT_EQ(part.exitCode, 0) << part.err;
+  EXPECT_GT(test::levelOf(test::samplesOf(work_ / "o.avi"), 0.5, 1.5), -30);
+  expectEnd(kvo5({"--render", path, "--output", work_ / "p.avi", "--range", "1-2", "--size", "32x24",
+                  "--rate", "10"}),
+            0);
   EXPECT_EQ(test::picturesOf(work_ / "p.avi", 32, 24).size(), 10U);
-}
-
-TEST_F(Program, RendersATiffUnderMusicOfALaterKind) {
-  const auto still =
-      test::makeMedia(work_, "s.tiff", {"-f", "lavfi", "-i", "color=white:size=64x48", "-frames:v", "1"});
-  const auto music = test::makeMedia(work_, "m.flac", {"-f", "lavfi", "-i", "sine=duration=2"});
-  const auto path = collection("c.INI", {still, music}, [](test::Bench& b) {
-    b.collection.MovieList[1].IsStill(true);
-    b.collection.MovieList[2].RenderAudio(true);
-    b.collection.MovieList[2].Resolution("44.1 KHz");
-  });
-  const auto check = kvo5({"--check", path});
-  EXPECT_EQ(check.exitCode, 0) << check.out;
-  const auto end = kvo5({"--render", path, "--output", work_ / "o.avi"});
-  EXPECT_EQ(end.exitCode, 0) << end.err;
-  EXPECT_EQ(test::picturesOf(work_ / "o.avi", 64, 48).size(), 50U);
-  EXPECT_GT(test::samplesOf(work_ / "o.avi").size(), 44100U);
+  auto after = work_.names();
+  std::erase_if(after, [](const auto& name) { return name == "o.avi" || name == "p.avi"; });
+  EXPECT_EQ(after, before);
+  EXPECT_TRUE(std::filesystem::is_empty(temporary));
+  EXPECT_EQ(PosixFiles().read(path, 1U << 20U).value(), bytes) << "a render does not touch the collection";
 }
 
 TEST_F(Program, ChecksACollection) {
-  const auto good = kvo5({"--check", collection("good.INI", {video_})});
-  EXPECT_EQ(good.exitCode, 0) << good.out;
-  EXPECT_NE(good.out.find("no problems"), std::string::npos) << good.out;
-  const auto empty = kvo5({"--check", collection("empty.INI", {})});
-  EXPECT_EQ(empty.exitCode, 1);
-  EXPECT_NE(empty.out.find("problem: the collection has no clips"), std::string::npos) << empty.out;
-  const auto unset =
-      collection("unset.INI", {video_}, [](test::Bench& b) { b.collection.MovieList[1].LoopStart(Value()); });
-  EXPECT_EQ(kvo5({"--check", unset}).exitCode, 0);
-  EXPECT_EQ(kvo5({"--render", unset, "--output", work_ / "unset.avi"}).exitCode, 0);
+  const auto still =
+      test::makeMedia(work_, "s.tiff", {"-f", "lavfi", "-i", "color=white:size=64x48", "-frames:v", "1"});
+  const auto good = collection("good.INI", {video_, still}, [](test::Bench& b) {
+    b.collection.MovieList[1].LoopStart(Value());
+    b.collection.MovieList[2].IsStill(true);
+  });
+  expectEnd(kvo5({"--check", good}), 0, "no problems");
+  expectEnd(kvo5({"--render", good, "--output", work_ / "good.avi"}), 0);
   std::ofstream(work_ / "text.avi") << "no movie";
   const auto bad = kvo5(
       {"--check", collection("bad.INI", {video_, work_ / "gone.avi", work_ / "text.avi"}, [](test::Bench& b) {
@@ -113,11 +124,10 @@ TEST_F(Program, ChecksACollection) {
          b.collection.MovieList[1].BorderWidth(300);
          b.collection.MovieList[1].Playspeed(-5);
        })});
-  EXPECT_EQ(bad.exitCode, 1);
   for (const auto* said :
        {"its section ends at 9 s", "the file is missing", "text.avi: it is no media file",
         "its border width of 300 is held to 255", "its speed of -0.5 cannot be played", "5 problems"}) {
-    EXPECT_NE(bad.out.find(said), std::string::npos) << said << ":\n" << bad.out;
+    expectEnd(bad, 1, said);
   }
 }
 
@@ -127,69 +137,48 @@ TEST_F(Program, PlaysThroughFilesOfAnyName) {
         "-dash.avi", "%s%n.avi", "\xC3\xBC\xE6\x97\xA5.avi", "semi;colon, comma.avi", "br[ack]et.avi",
         "hash#?.avi", "inv\xFF.avi", " blank ahead.avi", "no full [stop], here"}) {
     std::filesystem::copy(video_, work_ / name);
-    const auto path = collection("odd.INI", {work_ / name});
     const auto output = work_ / ("to " + name + ".avi");
-    const auto end = kvo5({"--render", path, "--output", output});
-    EXPECT_EQ(end.exitCode, 0) << name << ": " << end.err;
+    expectEnd(kvo5({"--render", collection("odd.INI", {work_ / name}), "--output", output}), 0);
     EXPECT_TRUE(std::filesystem::exists(output));
   }
-  const auto names = work_.names();
-  EXPECT_EQ(std::count(names.begin(), names.end(), "pwned"), 0);
+  EXPECT_FALSE(std::filesystem::exists(work_ / "pwned") || std::filesystem::exists("pwned"));
 }
 
 TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   std::ofstream(work_ / "text.INI") << "this is no collection\r\n";
-  std::ofstream(work_ / "empty.avi");
-  std::mt19937 noise(3);
-  std::ofstream random(work_ / "random.mp3", std::ios::binary);
-  for (int i = 0; i < 200000; ++i) random.put(static_cast<char>(noise()));
-  random.close();
+  std::ofstream(work_ / "text.mp3") << "no sound";
   std::ofstream(work_ / "huge.ppm") << "P6\n20000 20000\n255\n";
   const auto good = collection("good.INI", {video_});
   const auto o = work_ / "o.avi";
-  struct Row {
-    std::vector<std::string> arguments;
-    int code;
-    std::string says;
-  };
-  const Row rows[] = {
+  const std::tuple<std::vector<std::string>, int, std::string> rows[] = {
       {{"--render", work_ / "none.INI", "--output", o}, 1, "none.INI"},
       {{"--render", work_ / "text.INI", "--output", o}, 1, "text.INI is not a collection"},
       {{"--render", work_.path(), "--output", o}, 1, work_.path()},
       {{"--render", collection("1.INI", {}), "--output", o}, 1, "no clips"},
       {{"--render", collection("2.INI", {work_ / "gone.avi"}), "--output", o}, 1, "gone.avi"},
-      {{"--render", collection("3.INI", {work_ / "empty.avi"}), "--output", o}, 1, "empty.avi"},
-      {{"--render", collection("6.INI", {video_, work_ / "random.mp3"}), "--output", o},
+      {{"--render", collection("3.INI", {video_, work_ / "text.mp3"}), "--output", o},
        1,
-       "random.mp3: it is no media file, or damaged"},
-      {{"--render", good, "--output", o, "--rate", "0.4"}, 2, "2 to 240"},
+       "text.mp3: it is no"},
       {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
       {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi"},
       {{"--render", good, "--output", work_ / "o.mov"}, 1, "o.mov"},
       {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
       {{"--render", good, "--output", good}, 1, "it is the collection"},
       {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
-      {{"--render",
-        collection("5.INI", {video_, video_},
-                   [](test::Bench& b) { b.collection.MovieList[2].TransType("Hart"); }),
-        "--output", o},
-       1,
-       "there is no transition Hart"},
       {{"--render", good}, 2, "--output"},
       {{"--nonsense"}, 2, "--nonsense"},
   };
   const auto before = work_.names();
-  for (const auto& row : rows) {
-    const auto end = kvo5(row.arguments);
-    EXPECT_EQ(end.exitCode, row.code) << row.says << ": " << end.err;
-    EXPECT_NE(end.err.find(row.says), std::string::npos) << end.err;
+  for (const auto& [arguments, exitCode, says] : rows) {
+    const auto end = kvo5(arguments);
+    expectEnd(end, exitCode, says);
     EXPECT_EQ(std::count(end.err.begin(), end.err.end(), '\n'), 1) << end.err;
     EXPECT_EQ(work_.names(), before);
   }
 }
 
 TEST_F(Program, TellsWhichPartOfAClipIsDamaged) {
-  // Sound and pictures of a camcorder, with bytes of the middle overwritten.
+  // Pictures of a camcorder, with bytes of the middle overwritten.
   const auto whole = test::makeMedia(work_, "whole.ts",
                                      {"-f", "lavfi", "-i", "testsrc=size=64x48:rate=25:duration=3", "-c:v",
                                       "libx264", "-g", "10", "-bf", "2", "-pix_fmt", "yuv420p"});
@@ -198,13 +187,13 @@ TEST_F(Program, TellsWhichPartOfAClipIsDamaged) {
   for (auto i = bytes.size() * 45 / 100; i < bytes.size() * 55 / 100; ++i)
     bytes[i] = static_cast<char>(i * 31);
   ASSERT_TRUE(writeDurably(files, work_ / "holed.ts", bytes));
-  const auto output = work_ / "holed.avi";
-  const auto end = kvo5({"--render", collection("Holed.INI", {work_ / "holed.ts"}), "--output", output});
-  ASSERT_EQ(end.exitCode, 0) << end.err;
-  EXPECT_NE(end.err.find("holed.ts: the picture from 1."), std::string::npos) << end.err;
-  EXPECT_NE(end.err.find(" s cannot be decoded"), std::string::npos) << end.err;
-  EXPECT_NE(end.out.find("damaged part"), std::string::npos) << end.out;
-  const auto good = kvo5({"--render", collection("Whole.INI", {whole}), "--output", output});
+  const auto rendered = [&](const std::string& file) {
+    return kvo5({"--render", collection("c.INI", {file}), "--output", work_ / "o.avi"});
+  };
+  const auto end = rendered(work_ / "holed.ts");
+  for (const auto* said : {"holed.ts: the picture from 1.", " s cannot be decoded", "damaged part"})
+    expectEnd(end, 0, said);
+  const auto good = rendered(whole);
   EXPECT_EQ(good.err, "");
   EXPECT_EQ(good.out.find("damaged"), std::string::npos) << good.out;
 }
@@ -214,55 +203,28 @@ TEST_F(Program, DrawsAContactSheet) {
     b.collection.MovieList[2].TransType("Heart");
     b.collection.MovieList[2].TransIn(10);
   });
-  for (const auto* name : {"one.xtl", "two.xtl"}) {
-    ASSERT_EQ(kvo5({"--document", path, work_ / name}).exitCode, 0);
-  }
-  const auto sheet = [&](std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), {KVO_PROGRAMS "/KVORender", "--sheet"});
-    return test::runProgram(arguments);
-  };
-  const auto drawn = sheet({work_ / "s.png", work_ / "one.xtl", work_ / "two.xtl"});
-  EXPECT_EQ(drawn.exitCode, 0) << drawn.err;
+  for (const auto* name : {"one.xtl", "two.xtl"}) expectEnd(kvo5({"--document", path, work_ / name}), 0);
+  expectEnd(engine({"--sheet", work_ / "s.png", work_ / "one.xtl", work_ / "two.xtl"}), 0);
   // Two rows of six frames, each 120 x 90 under a line of text.
   EXPECT_EQ(test::probed(work_ / "s.png", "stream=codec_name,width,height"), "png 762 234");
   const auto picture = test::picturesOf(work_ / "s.png", 762, 234).front();
   EXPECT_NE(picture.at(60, 70, 0), picture.at(60 + 126 * 5, 70, 0)) << "the frames differ";
   EXPECT_EQ(picture.at(60, 70, 0), picture.at(60, 70 + 114, 0)) << "the rows are the same";
-  EXPECT_EQ(sheet({work_ / "s.jpg", work_ / "one.xtl"}).exitCode, 2);
-  EXPECT_EQ(sheet({work_ / "s.png"}).exitCode, 2);
-  const auto missing = sheet({work_ / "none.png", work_ / "none.xtl"});
-  EXPECT_EQ(missing.exitCode, 1);
-  EXPECT_NE(missing.err.find("none.xtl"), std::string::npos) << missing.err;
+  expectEnd(engine({"--sheet", work_ / "s.jpg", work_ / "one.xtl"}), 2);
+  expectEnd(engine({"--sheet", work_ / "s.png"}), 2);
+  expectEnd(engine({"--sheet", work_ / "none.png", work_ / "none.xtl"}), 1, "none.xtl");
   EXPECT_FALSE(std::filesystem::exists(work_ / "none.png"));
-}
-
-TEST_F(Program, RendersLeaveNothingElse) {
-  const auto path = collection("c.INI", {video_});
-  const auto temporary = work_ / "temporary";
-  std::filesystem::create_directory(temporary);
-  ::setenv("TMPDIR", temporary.c_str(), 1);
-  const auto before = work_.names();
-  for (int i = 0; i < 3; ++i) {
-    ASSERT_EQ(kvo5({"--render", path, "--output", work_ / "o.avi", "--range", "0-0.2"}).exitCode, 0);
-  }
-  ::unsetenv("TMPDIR");
-  auto after = work_.names();
-  std::erase(after, "o.avi");
-  EXPECT_EQ(after, before);
-  EXPECT_TRUE(std::filesystem::is_empty(temporary));
 }
 
 // A file size limit stands in for a disk that is full: of the movie, and of the document too.
 TEST_F(Program, FullDisksAreToldAndLeaveNothingBehind) {
   const auto path = collection("c.INI", {video_});
-  ASSERT_EQ(kvo5({"--check", path}).exitCode, 0);
+  expectEnd(kvo5({"--check", path}), 0);
   for (const auto& [limit, says] :
        {std::pair{"100", "o.avi: File too large"}, std::pair{"0", "File too large"}}) {
-    const auto end = test::runProgram(
-        {"bash", "-c", "trap '' XFSZ; ulimit -f \"$3\"; exec \"$0\" --render \"$1\" --output \"$2\"",
-         KVO_PROGRAMS "/kvo5", path, work_ / "o.avi", limit});
-    EXPECT_EQ(end.exitCode, 1) << limit;
-    EXPECT_NE(end.err.find(says), std::string::npos) << end.err;
+    const auto end = shell("trap '' XFSZ; ulimit -f \"$3\"; exec \"$0\" --render \"$1\" --output \"$2\"",
+                           {path, work_ / "o.avi", limit});
+    expectEnd(end, 1, says);
     EXPECT_EQ(end.err.find("kvo5-"), std::string::npos) << "the user knows no temporary file: " << end.err;
     EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi"));
   }
@@ -336,9 +298,7 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
                                         "-c:v", "libx264", "-preset", "ultrafast"});
   const auto path =
       collection("c.INI", {lasting}, [](test::Bench& b) { b.collection.MovieList[1].LoopEnd(Value(120)); });
-  const auto temporary = work_ / "temporary";
-  std::filesystem::create_directory(temporary);
-  ::setenv("TMPDIR", temporary.c_str(), 1);
+  const auto temporary = temporaryFolder();
   struct Row {
     const char* what;
     bool hangs;    // the engine
@@ -363,43 +323,32 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
         EXPECT_NE(starter.said().find("kvo5: stopped; nothing was written"), std::string::npos) << row.what;
       }
     } else {
-      EXPECT_EQ(kvo5({"--check", path}).exitCode, 0);
+      expectEnd(kvo5({"--check", path}), 0);
       EXPECT_FALSE(std::filesystem::is_empty(temporary)) << "it may go on";
       starter.signal(SIGKILL);
       starter.end();
     }
     EXPECT_EQ(std::filesystem::is_empty(temporary), !row.leavesFolder) << row.what;
-    EXPECT_EQ(kvo5({"--check", path}).exitCode, 0);
+    expectEnd(kvo5({"--check", path}), 0);
     EXPECT_TRUE(std::filesystem::is_empty(temporary)) << row.what << ": swept at the next start";
     EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << row.what;
   }
-  ::unsetenv("TMPDIR");
-}
-
-TEST_F(Program, ASystemProfileIsRefusedByItsNumber) {
-  ASSERT_EQ(kvo5({"--document", collection("c.INI", {video_}), work_ / "d.xtl"}).exitCode, 0);
-  const auto end =
-      test::runProgram({KVO_PROGRAMS "/KVORender", "/P", "7", "/W", work_ / "o.wmv", work_ / "d.xtl"});
-  EXPECT_EQ(end.exitCode, 1);
-  EXPECT_NE(end.err.find("/P 7"), std::string::npos) << end.err;
-  EXPECT_EQ(std::count(end.err.begin(), end.err.end(), '\n'), 1) << end.err;
-  EXPECT_FALSE(std::filesystem::exists(work_ / "o.wmv"));
 }
 
 TEST_F(Program, WritesTheDocumentAlone) {
-  const auto end = kvo5({"--document", collection("c.INI", {video_}), work_ / "d.xtl"});
-  EXPECT_EQ(end.exitCode, 0) << end.err;
-  const auto text = PosixFiles().read(work_ / "d.xtl", 1U << 20U).value();
+  const auto document = work_ / "d.xtl";
+  expectEnd(kvo5({"--document", collection("c.INI", {video_}), document}), 0);
+  const auto text = PosixFiles().read(document, 1U << 20U).value();
   EXPECT_NE(
       text.find("<clip src=\"" + video_ + "\" mstart=\"0\" mstop=\"2.0000\" start=\"0\" stop=\"2.0000\" >"),
       std::string::npos)
       << text;
-  const auto render =
-      test::runProgram({KVO_PROGRAMS "/KVORender", "/[0.40-1.20] ", "/W", work_ / "s.avi", work_ / "d.xtl"});
-  EXPECT_EQ(render.exitCode, 0) << render.err;
+  expectEnd(engine({"/[0.40-1.20] ", "/W", work_ / "s.avi", document}), 0);
   const auto pictures = test::picturesOf(work_ / "s.avi", 64, 48);
   ASSERT_EQ(pictures.size(), 20U);
   EXPECT_EQ(test::frameNumber(pictures[0]), 10);
+  expectEnd(engine({"/P", "7", "/W", work_ / "o.wmv", document}), 1, "/P 7");
+  EXPECT_FALSE(std::filesystem::exists(work_ / "o.wmv"));
 }
 
 TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {
@@ -409,25 +358,23 @@ TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {
   for (const std::string homes : {"export KVO5_HOME=/proc",  // where nobody can make a file
                                   "unset KVO5_HOME HOME; export XDG_DATA_HOME=rel"}) {
     for (const std::string words : {"--check \"$1\"", "--render \"$1\" --output \"$3\""}) {
-      const auto end = test::runProgram({"bash", "-c", "cd \"$2\" && " + homes + " && exec \"$0\" " + words,
-                                         KVO_PROGRAMS "/kvo5", path, here, work_ / "o.avi"});
-      EXPECT_EQ(end.exitCode, 0) << homes << ", " << words << ": " << end.err;
-      EXPECT_EQ(end.err, "") << homes;
+      const auto end =
+          shell("cd \"$2\" && " + homes + " && exec \"$0\" " + words, {path, here, work_ / "o.avi"});
+      expectEnd(end, 0);
+      EXPECT_EQ(end.err, "") << homes << ", " << words;
     }
   }
   EXPECT_TRUE(std::filesystem::is_empty(here)) << "nothing is made in the working folder";
 }
 
 TEST_F(Program, OutputThatCannotBeWrittenIsAFailure) {
-  EXPECT_NE(kvo5({"--help"}).out.find("--render COLLECTION"), std::string::npos);
-  EXPECT_EQ(kvo5({"--version"}).out.substr(0, 5), "KVO5 ");
+  expectEnd(kvo5({"--help"}), 0, "--render COLLECTION");
+  expectEnd(kvo5({"--version"}), 0, "KVO5 ");
   const auto path = collection("c.INI", {video_});
   for (const std::string words :
        {"--help", "--version", "--check \"$1\"", "--render \"$1\" --output \"$2\""}) {
-    const auto end = test::runProgram(
-        {"bash", "-c", "exec \"$0\" " + words + " > /dev/full", KVO_PROGRAMS "/kvo5", path, work_ / "o.avi"});
-    EXPECT_EQ(end.exitCode, 1) << words;
-    EXPECT_NE(end.err.find("cannot write the output"), std::string::npos) << words << ": " << end.err;
+    expectEnd(shell("exec \"$0\" " + words + " > /dev/full", {path, work_ / "o.avi"}), 1,
+              "cannot write the output");
   }
 }
 

@@ -1,12 +1,10 @@
 // Real media through the engine: the number in every picture, the beeps, the colours, or the refusal.
-#include "adapters/posix/posix_files.h"
 #include "base/numbers.h"
 #include "corpus/beeps.h"
 #include "corpus/corpus_files.h"
 #include "corpus/pattern.h"
 #include "engine/document/document_reader.h"
 #include "engine/picture/compositor.h"
-#include "engine/run/renderer.h"
 #include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
 #include "media/damage.h"
@@ -245,33 +243,6 @@ INSTANTIATE_TEST_SUITE_P(Media, CorpusFile, testing::ValuesIn(mediaFiles().begin
 const MediaFile& fileNamed(std::string_view name) {
   return *std::find_if(mediaFiles().begin(), mediaFiles().end(),
                        [&](const auto& file) { return file.name == name; });
-}
-
-TEST(CorpusRender, WritesWhatIsShownAndHeard) {
-  PosixFiles files;
-  const ScratchFolder out;
-  for (const auto* name : {"h264-ntsc.mkv", "ten-hours.ts", "sound-first.mp4", "h264-b.avi"}) {
-    const auto& file = fileNamed(name);
-    const int first = 20;
-    const Section section{first / rateOf(file), 2, 1, rateOf(file)};
-    const auto timeline = engine::readDocument(documentOf(corpus().pathOf(file), section, true, true));
-    ASSERT_TRUE(timeline) << timeline.error().text;
-    const engine::RenderJob job{out / "movie.avi", {}, media::VideoCodec::Raw};
-    const auto report = engine::render(*timeline, job, files, {});
-    ASSERT_TRUE(report) << report.error().text;
-    const auto pictures = picturesOf(job.output, kPictureWidth, kPictureHeight);
-    ASSERT_EQ(pictures.size(), static_cast<std::size_t>(std::lround(2 * rateOf(file)))) << name;
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-      EXPECT_EQ(readPattern(meansOf(pictures[i]), placeIn(section)).number, first + static_cast<int>(i))
-          << name;
-    }
-    std::vector<float> both;
-    for (const float sample : samplesOf(job.output)) both.insert(both.end(), 2, sample);
-    const auto beeps = beepsIn(both);
-    ASSERT_EQ(beeps.size(), 2U) << name;
-    for (const auto& beep : beeps)
-      EXPECT_NEAR(beep.at, beep.second + file.soundLate - section.from, kBeepTolerance) << name;
-  }
 }
 
 TEST(CorpusRefusal, SaysWhatIsWrongWithWhichFile) {

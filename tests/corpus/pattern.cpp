@@ -111,19 +111,6 @@ MeanOf meansOf(const media::Picture& picture) {
   };
 }
 
-MeanOf meansOf(const DecodedPicture& picture) {
-  return [&picture](const Part& part) {
-    const int height = static_cast<int>(picture.rgb.size()) / 3 / picture.width;
-    Rgb mean{};
-    for (int colour = 0; colour < 3; ++colour) {
-      mean[static_cast<std::size_t>(colour)] = meanIn(part, picture.width, height, [&](int x, int y) {
-        return static_cast<double>(picture.at(x, y, colour));
-      });
-    }
-    return mean;
-  };
-}
-
 Reading readPattern(const MeanOf& mean, const Part& place) {
   Reading reading;
   int gray = 0;

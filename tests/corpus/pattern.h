@@ -2,7 +2,6 @@
 #pragma once
 
 #include "media/picture.h"
-#include "support/real_world.h"
 
 #include <array>
 #include <functional>
@@ -40,7 +39,6 @@ std::string drawnPattern(int number, int width, int height, Weights weights);
 using MeanOf = std::function<Rgb(const Part&)>;
 /// A picture of the engine's, taken by the weights of a small picture (BT.601).
 MeanOf meansOf(const media::Picture& picture);
-MeanOf meansOf(const DecodedPicture& picture);
 
 struct Reading {
   std::optional<int> number;  ///< none where a cell is neither dark nor light

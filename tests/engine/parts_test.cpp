@@ -1,5 +1,4 @@
 // The small parts of the engine, without media.
-#include "engine/document/active_set.h"
 #include "engine/document/params.h"
 #include "engine/document/timeline.h"
 #include "engine/run/segments.h"
@@ -22,17 +21,6 @@ TEST(Keyed, RunsStraightJumpsAndHolds) {
   }
   EXPECT_EQ((Keyed{0.7, {}}).at(5), 0.7);
   EXPECT_EQ((Keyed{0, {{-0.115, 1, true}}}).at(0), 1) << "a key ahead of the start has been passed";
-}
-
-TEST(ActiveSet, HoldsTheRangesAtAPosition) {
-  ActiveSet set({{0, 10}, {5, 15}, {5, 5}, {12, 20}, {0, 100}});
-  using Numbers = std::vector<std::size_t>;
-  EXPECT_EQ(set.at(0), (Numbers{0, 4}));
-  EXPECT_EQ(set.at(7), (Numbers{0, 1, 4}));
-  EXPECT_EQ(set.at(10), (Numbers{1, 4}));
-  EXPECT_EQ(set.at(50), (Numbers{4}));
-  EXPECT_EQ(set.at(6), (Numbers{0, 1, 4})) << "back again";
-  EXPECT_EQ(set.at(200), Numbers{});
 }
 
 TEST(Limiter, PassesWhatFitsAndHoldsWhatDoesNot) {

@@ -166,13 +166,14 @@ TEST_F(PlaybackTest, SoundGoesWithThePictureAfterASeek) {
   double now = 0;
   FakeSound sound(now);
   Playback playback(*readDocument(document(true)), &sound);
-  playback.seek(25, now);
+  playback.seek(30, now);
   playback.play(now);
   for (; now < 0.4; now += 0.02) ASSERT_TRUE(playback.step(now));
-  EXPECT_NEAR(static_cast<double>(playback.position()), 25 + 0.4 * 25, 1.1);
-  // The first sample that is heard is that of second 1 of the timeline: second 2 of the tone.
+  EXPECT_NEAR(static_cast<double>(playback.position()), 30 + 0.4 * 25, 1.1);
+  // The first sample that is heard is that of second 1.2 of the timeline: second 2.2 of the tone.
   for (std::size_t i = 100; i < 4000; ++i) {
-    const double wanted = 0.125 * std::sin(2 * 3.14159265358979 * 441 * (2 + static_cast<double>(i) / 44100));
+    const double wanted =
+        0.125 * std::sin(2 * 3.14159265358979 * 441 * (2.2 + static_cast<double>(i) / 44100));
     ASSERT_NEAR(sound.heard[2 * i], wanted, 0.01) << i;
   }
 }

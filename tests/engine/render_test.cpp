@@ -104,21 +104,18 @@ TEST_F(Render, PlacesStillsByTheirStretchMode) {
        "-frames:v", "1"});
   struct Row {
     const char* mode;
-    int corner, side, middle;  // green at (2,2), at (4,24), and at (32,24): 255 in white, 0 in red and black
-    int cornerRed;
+    int cornerRed, whiteWidth;
   };
-  const Row rows[] = {{"stretch", 0, 0, 255, 254},
-                      {"preserveaspectratio", 0, 0, 255, 0},                // bars above and below
-                      {"preserveaAspectrationoletterbox", 0, 0, 255, 254},  // fills, sides cut off
-                      {"crop", 0, 0, 255, 0}};                              // not scaled: black about it
-  for (const auto& row : rows) {
+  for (const auto& row : {Row{"stretch", 254, 16}, Row{"preserveaspectratio", 0, 16},  // bars above and below
+                          Row{"preserveaAspectrationoletterbox", 254, 48},             // fills, sides cut off
+                          Row{"crop", 0, 20}}) {  // not scaled, black about it
     DocumentClip clip{still, 0, 1, 0, 0.2};
     clip.attributes = attribute("stretchmode", row.mode);
     const auto picture = test::picturesOf(rendered(documentOf({clip}), "still.avi"), 64, 48).front();
     EXPECT_NEAR(picture.at(2, 2, 0), row.cornerRed, 4) << row.mode;
-    EXPECT_NEAR(picture.at(2, 2, 1), row.corner, 4) << row.mode;
-    EXPECT_NEAR(picture.at(4, 24, 1), row.side, 4) << row.mode;
-    EXPECT_NEAR(picture.at(32, 24, 1), row.middle, 4) << row.mode;
+    int white = 0;
+    for (int x = 0; x < 64; ++x) white += picture.at(x, 24, 1) > 128 ? 1 : 0;
+    EXPECT_NEAR(white, row.whiteWidth, 2) << row.mode;
   }
 }
 

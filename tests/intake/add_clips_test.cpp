@@ -1,7 +1,6 @@
 // Media files becoming clip records.
 #include "intake/add_clips.h"
 
-#include "editor/compiler/keyframes.h"
 #include "support/fakes.h"
 
 #include <set>
@@ -70,19 +69,6 @@ TEST(AddClips, TheNameAndTheStreamsTellTheKind) {
     EXPECT_EQ(clip.Resolution().text(), row.resolution) << row.name;
     EXPECT_EQ(clip.IsStill(), row.still) << row.name;
   }
-}
-
-TEST(Keyframes, EveryClipThatOwnsOneIsToldSo) {
-  IntakeBench b;
-  for (const Long key : {7, 7, 8}) b.addVideo("a.avi", 0, 5).KeyID(key);
-  for (const Long owner : {7, 9}) {
-    Keyframe keyframe;
-    keyframe.ClipName = owner;
-    b.collection.KeyframeList.add(keyframe);
-  }
-  ValidateKeyFrames(b.collection);
-  EXPECT_EQ(b.collection.KeyframeList.count(), 1);
-  for (int i = 1; i <= 3; ++i) EXPECT_EQ(b.collection.MovieList[i].HasKeyFrames(), i < 3) << i;
 }
 
 }  // namespace

@@ -46,8 +46,7 @@ TEST(VideoReader, GivesTheFrameThatIsShownAtATime) {
 
 TEST(AudioReader, StandsAtTheRightSampleAfterASeek) {
   const ScratchFolder folder;
-  const std::string clicks = "aevalsrc='if(eq(mod(n,11025),0),0.9,0)':s=44100:d=6";
-  const std::vector<test::MediaRow> rows = {
+  const std::pair<std::string, std::vector<std::string>> rows[] = {
       {"a.wav", {"-c:a", "pcm_s16le"}},
       {"a.flac", {"-c:a", "flac"}},
       {"a.mp4", {"-c:a", "aac", "-b:a", "256k"}},
@@ -55,8 +54,10 @@ TEST(AudioReader, StandsAtTheRightSampleAfterASeek) {
       {"a8k.wav", {"-ar", "8000", "-c:a", "pcm_s16le"}},
       {"a96k.wav", {"-ar", "96000", "-ac", "6", "-c:a", "pcm_s24le"}},
       {"a192k.wav", {"-ar", "192000", "-ac", "8", "-c:a", "pcm_s32le"}}};
-  test::makeMediaOf(folder, {"-f", "lavfi", "-i", clicks}, rows);
-  for (const auto& [name, codec] : rows) {
+  for (auto [name, arguments] : rows) {
+    arguments.insert(arguments.begin(),
+                     {"-f", "lavfi", "-i", "aevalsrc='if(eq(mod(n,11025),0),0.9,0)':s=44100:d=6"});
+    test::makeMedia(folder, name, arguments);
     const int tolerance = name == "a.wav" || name == "a.flac" ? 0 : 44;  // samples: 44 is 1 ms
     auto reader = AudioReader::open(folder / name);
     ASSERT_TRUE(reader) << reader.error().text;

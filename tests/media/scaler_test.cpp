@@ -30,7 +30,7 @@ Picture placed(const std::string& path, int width, int height, Fit fit = Fit::St
 
 TEST(Scaler, AGreyRampComesOutGreyWhateverTheFormatSpaceAndRange) {
   const ScratchFolder folder;
-  std::vector<test::MediaRow> rows = {
+  const std::pair<const char*, std::vector<std::string>> rows[] = {
       {"rgb.png", {"-pix_fmt", "rgb24"}},
       {"grey.png", {"-pix_fmt", "gray"}},
       {"rgba.png", {"-pix_fmt", "rgba"}},
@@ -43,10 +43,11 @@ TEST(Scaler, AGreyRampComesOutGreyWhateverTheFormatSpaceAndRange) {
         "bt709"}},
       {"photo.jpg", {"-q:v", "2", "-pix_fmt", "yuvj444p"}},
   };
-  for (auto& row : rows) row.second.insert(row.second.end(), {"-frames:v", "1"});
-  test::makeMediaOf(folder, {"-f", "lavfi", "-i", "color=black:size=256x64,format=gray,geq=lum='X'"}, rows);
-  for (const auto& [name, how] : rows) {
-    const auto picture = placed(folder / name, 256, 64);
+  for (auto [name, arguments] : rows) {
+    arguments.insert(
+        arguments.begin(),
+        {"-f", "lavfi", "-i", "color=black:size=256x64,format=gray,geq=lum='X'", "-frames:v", "1"});
+    const auto picture = placed(test::makeMedia(folder, name, arguments), 256, 64);
     EXPECT_FALSE(picture.hasAlpha()) << name << ": what covers all needs no alpha";
     for (const int x : {2, 64, 128, 200, 253}) {
       EXPECT_NEAR(picture.row(0, 30)[x], 16 + x * 219 / 255.0, 3) << name << " at " << x;

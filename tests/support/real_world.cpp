@@ -117,16 +117,6 @@ std::string makeMedia(const ScratchFolder& folder, const std::string& name,
   return folder / name;
 }
 
-void makeMediaOf(const ScratchFolder& folder, std::vector<std::string> input,
-                 const std::vector<MediaRow>& rows) {
-  for (const auto& [name, arguments] : rows) {
-    input.insert(input.end(), arguments.begin(), arguments.end());
-    input.push_back(folder / name);
-  }
-  input.pop_back();
-  makeMedia(folder, rows.back().first, input);
-}
-
 std::string makeCountingVideo(const ScratchFolder& folder, const std::string& name, const std::string& rate,
                               int frames) {
   return makeMedia(folder, name,

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace kvo::test {
@@ -46,13 +45,6 @@ ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOu
 /// ffmpeg with `arguments` and the file to make. The test fails when ffmpeg does.
 std::string makeMedia(const ScratchFolder& folder, const std::string& name,
                       const std::vector<std::string>& arguments);
-
-/// A file and ffmpeg's arguments for it.
-using MediaRow = std::pair<std::string, std::vector<std::string>>;
-
-/// As makeMedia, several files of one `input`, which is made once.
-void makeMediaOf(const ScratchFolder& folder, std::vector<std::string> input,
-                 const std::vector<MediaRow>& rows);
 
 /// 64 x 48 pictures whose grey tells the number of the frame: read back by frameNumber(). Lossless.
 std::string makeCountingVideo(const ScratchFolder& folder, const std::string& name, const std::string& rate,

@@ -16,10 +16,10 @@ constexpr int kRow = 10;
 class List : public testing::Test {
  protected:
   void make(int count, int selectMode = 0) {
-    CoolListProperties p;
-    p.ItemHeight = kRow;
-    p.SelectMode = selectMode;
-    list.setProperties(p);
+    change([&](auto& p) {
+      p.ItemHeight = kRow;
+      p.SelectMode = selectMode;
+    });
     list.setSize(100, 5 * kRow + 3);
     for (int i = 0; i < count; ++i) list.AddItem("item " + std::to_string(i));
     list.events.rowChanged = [this](int row) { drawn += std::to_string(row) + " "; };
@@ -27,6 +27,12 @@ class List : public testing::Test {
     list.events.ListIndexChange = [this] { ++changes; };
     list.events.Click = [this] { ++clicks; };
   }
+  void change(const std::function<void(CoolListProperties&)>& how) {
+    auto p = list.properties();
+    how(p);
+    list.setProperties(p);
+  }
+  void choose(int index) { ASSERT_TRUE(list.setListIndex(index).ok()); }
   std::string selected() const {
     std::string numbers;
     for (int i = 0; i < list.ListCount(); ++i) {
@@ -51,20 +57,17 @@ class List : public testing::Test {
 };
 
 TEST_F(List, HasTheBarOnlyWhenItsRowsDoNotFit) {
-  struct Row {
-    int count, right, max;
-  };
   for (const auto& [count, right, max] :
-       {Row{0, 100, 0}, Row{5, 100, 0}, Row{6, 87, 1}, Row{10000, 87, 9995}}) {
+       {std::tuple{0, 100, 0}, {5, 100, 0}, {6, 87, 1}, {10000, 87, 9995}}) {
     make(count - list.ListCount());
     EXPECT_EQ(list.hasBar(), max > 0) << count;
     EXPECT_EQ(list.barMax(), max) << count;
     EXPECT_EQ(list.rowRect(2), (CoolList::Rect{0, 20, right, 30})) << count;
   }
-  auto p = list.properties();
-  p.ItemOffset = 1;
-  p.ItemTextLeft = 20;
-  list.setProperties(p);
+  change([](auto& p) {
+    p.ItemOffset = 1;
+    p.ItemTextLeft = 20;
+  });
   EXPECT_EQ(list.textRect(1), (CoolList::Rect{21, 11, 86, 19}));
 }
 
@@ -75,11 +78,7 @@ TEST_F(List, TakesOnlyIndexesThatItHas) {
   EXPECT_FALSE(list.InsertItem(0, "a").ok());
   EXPECT_FALSE(list.FindFirst("a", 0, true).ok());
   make(2);
-  struct Row {
-    const char* what;
-    std::function<bool(int)> ok;
-  };
-  const Row kRows[] = {
+  const std::pair<const char*, std::function<bool(int)>> kRows[] = {
       {"setListIndex", [&](int i) { return list.setListIndex(i).ok(); }},
       {"InsertItem", [&](int i) { return list.InsertItem(i, "x").ok(); }},
       {"ModifyItem", [&](int i) { return list.ModifyItem(i, "x").ok(); }},
@@ -97,17 +96,17 @@ TEST_F(List, TakesOnlyIndexesThatItHas) {
 
 TEST_F(List, MovingToAnItemDrawsTwoRowsAndBringsItIntoView) {
   make(8);
-  ASSERT_TRUE(list.setListIndex(1).ok());
+  choose(1);
   drawn.clear();
-  ASSERT_TRUE(list.setListIndex(3).ok());
+  choose(3);
   EXPECT_EQ(drawn.find("all"), std::string::npos);
   EXPECT_EQ(drawn.find_first_not_of("13 "), std::string::npos) << drawn;
   EXPECT_EQ(selected(), "3");
-  ASSERT_TRUE(list.setListIndex(7).ok());
+  choose(7);
   EXPECT_EQ(list.TopIndex(), 3);
-  ASSERT_TRUE(list.setListIndex(2).ok());
+  choose(2);
   EXPECT_EQ(list.TopIndex(), 2);
-  ASSERT_TRUE(list.setListIndex(-1).ok());
+  choose(-1);
   EXPECT_EQ(selected(), "");
   EXPECT_EQ(changes, 5);
 }
@@ -117,10 +116,10 @@ TEST_F(List, AnIndexInViewStaysThereInAnotherSize) {
   list.setSize(0, 0);
   make(20);
   list.setSize(0, 0);
-  ASSERT_TRUE(list.setListIndex(1).ok());
+  choose(1);
   list.setSize(100, 50);
   EXPECT_EQ(list.TopIndex(), 0) << "chosen ahead of the first size";
-  ASSERT_TRUE(list.setListIndex(4).ok());
+  choose(4);
   list.setSize(100, 30);
   EXPECT_EQ(list.TopIndex(), 2);
   list.setTopIndex(10);
@@ -130,7 +129,7 @@ TEST_F(List, AnIndexInViewStaysThereInAnotherSize) {
 
 TEST_F(List, ItsIndexStaysWithItsItem) {
   make(6);
-  ASSERT_TRUE(list.setListIndex(3).ok());
+  choose(3);
   ASSERT_TRUE(list.InsertItem(3, "new").ok());
   EXPECT_EQ(list.ListIndex(), 4);
   EXPECT_EQ(selected(), "4");
@@ -152,20 +151,14 @@ TEST_F(List, ItsIndexStaysWithItsItem) {
 }
 
 TEST_F(List, KeysMove) {
-  struct Row {
-    int from;
-    Key key;
-    int to;
-  };
-  constexpr Row kRows[] = {
-      {4, Key::Up, 3},     {0, Key::Up, 0},     {4, Key::Down, 5},     {11, Key::Down, 11},
-      {7, Key::PageUp, 2}, {3, Key::PageUp, 0}, {3, Key::PageDown, 8}, {9, Key::PageDown, 11},
-      {5, Key::Home, 0},   {5, Key::End, 11},   {5, Key::Left, 5},     {5, Key::Right, 5},
-      {5, Key::Space, 5},  {-1, Key::Down, -1},
-  };
   make(12);
-  for (const auto& [from, key, to] : kRows) {
-    ASSERT_TRUE(list.setListIndex(from).ok());
+  using Row = std::tuple<int, Key, int>;
+  for (const auto& [from, key, to] :
+       {Row{4, Key::Up, 3}, Row{0, Key::Up, 0}, Row{4, Key::Down, 5}, Row{11, Key::Down, 11},
+        Row{7, Key::PageUp, 2}, Row{3, Key::PageUp, 0}, Row{3, Key::PageDown, 8}, Row{9, Key::PageDown, 11},
+        Row{5, Key::Home, 0}, Row{5, Key::End, 11}, Row{5, Key::Left, 5}, Row{5, Key::Right, 5},
+        Row{5, Key::Space, 5}, Row{-1, Key::Down, -1}}) {
+    choose(from);
     list.keyDown(key);
     EXPECT_EQ(list.ListIndex(), to) << from << " key " << static_cast<int>(key);
     EXPECT_EQ(selected(), to < 0 ? "" : std::to_string(to));
@@ -177,7 +170,7 @@ TEST_F(List, SpaceInvertsInMultipleMode) {
   make(4, 1);
   list.keyDown(Key::Space);
   EXPECT_EQ(clicks, 0) << "without an index";
-  ASSERT_TRUE(list.setListIndex(1).ok());
+  choose(1);
   list.keyDown(Key::Space);
   list.keyDown(Key::Down);
   list.keyDown(Key::Down);
@@ -186,9 +179,7 @@ TEST_F(List, SpaceInvertsInMultipleMode) {
   list.keyDown(Key::Space);
   EXPECT_EQ(selected(), "1");
   EXPECT_EQ(clicks, 3);
-  auto p = list.properties();
-  p.SelectMode = 0;
-  list.setProperties(p);
+  change([](auto& p) { p.SelectMode = 0; });
   EXPECT_EQ(selected(), "3") << "single mode keeps the one at the index";
 }
 
@@ -220,14 +211,12 @@ TEST_F(List, ADragGivesWhatItPassesTheStateThatItBeganWith) {
 
 TEST_F(List, TheItemUnderThePointerIsChosenWhereThatIsWanted) {
   make(5);
-  auto p = list.properties();
-  p.HoverSelection = true;
-  list.setProperties(p);
+  change([](auto& p) { p.HoverSelection = true; });
   list.mouseMove(2 * kRow, milliseconds(0));
   list.mouseMove(2 * kRow + 5, milliseconds(0));
   EXPECT_EQ(selected(), "2");
   EXPECT_EQ(changes, 1) << "one row, one change";
-  ASSERT_TRUE(list.setListIndex(4).ok());
+  choose(4);
   list.mouseMove(2 * kRow + 6, milliseconds(0));
   EXPECT_EQ(selected(), "4") << "the pointer still stands in its row";
   list.mouseMove(-30, milliseconds(0));
@@ -235,14 +224,10 @@ TEST_F(List, TheItemUnderThePointerIsChosenWhereThatIsWanted) {
 }
 
 TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
-  struct Row {
-    int pixels, step;
-  };
-  for (const auto& [pixels, step] :
-       {Row{1, 480}, Row{10, 300}, Row{22, 60}, Row{23, 40}, Row{30, 40}, Row{900, 40}}) {
+  for (const auto& [pixels, step] : {std::pair{1, 480}, {10, 300}, {22, 60}, {23, 40}, {30, 40}, {900, 40}}) {
     list.Clear();
     make(40, 1);
-    ASSERT_TRUE(list.setListIndex(20).ok());
+    choose(20);
     list.mouseDown((20 - list.TopIndex()) * kRow);
     list.mouseMove(-pixels, milliseconds(1000));
     const auto times = [&](int from, int to) {
@@ -264,39 +249,31 @@ TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
 }
 
 TEST_F(List, OrderIsThatOfTheBytesBySortingWithGaps) {
-  struct Row {
-    std::initializer_list<const char*> texts;
-    int orderType;
-    const char* after;
-  };
-  const Row kRows[] = {
+  using Texts = std::initializer_list<const char*>;
+  const std::tuple<Texts, int, const char*> kRows[] = {
       {{"b", "a"}, 0, "a b"},
       {{"b", "a", "C", "a", "B", "c", "A"}, 0, "A B C a a b c"},
       {{"b", "a", "C", "\xC3\xA9", "z"}, 1, "\xC3\xA9 z b a C"},
   };
   make(0);
   for (const auto& [texts_, orderType, after] : kRows) {
-    auto p = list.properties();
-    p.OrderType = orderType;
-    list.setProperties(p);
+    change([type = orderType](auto& p) { p.OrderType = type; });
     fill(texts_);
-    ASSERT_TRUE(list.setListIndex(1).ok());
+    choose(1);
     list.Order();
     EXPECT_EQ(texts(), after);
     EXPECT_EQ(list.ListIndex(), -1);
     EXPECT_EQ(list.SelectedCount(), 0);
   }
   // The gap of 4 carries the first behind its equal; a stable sort would not.
-  auto p = list.properties();
-  p.OrderType = 0;
-  list.setProperties(p);
+  change([](auto& p) { p.OrderType = 0; });
   fill({"x", "x", "b", "c", "a"});
   list.Order();
   EXPECT_EQ(texts(), "a b c x x");
   EXPECT_EQ(list.item(3).ItemIcon, 2);
   EXPECT_EQ(list.item(4).ItemIcon, 1);
   fill({"only"});
-  ASSERT_TRUE(list.setListIndex(0).ok());
+  choose(0);
   list.Order();
   EXPECT_EQ(selected(), "0") << "one item is left alone";
 }
@@ -304,12 +281,7 @@ TEST_F(List, OrderIsThatOfTheBytesBySortingWithGaps) {
 TEST_F(List, FindFirst) {
   make(0);
   fill({"Lake", "sailing lake", "LAKEside", "sail"});
-  struct Row {
-    const char* text;
-    int start;
-    bool fromStart;
-    int found;
-  };
+  using Row = std::tuple<const char*, int, bool, int>;
   for (const auto& [text, start, fromStart, found] :
        {Row{"lake", 0, true, 0}, Row{"lake", 1, true, 2}, Row{"LAKE", 0, false, 1}, Row{"ake", 0, false, 0},
         Row{"sail", 2, true, 3}, Row{"sail", 2, false, -1}, Row{"sea", 0, true, -1}}) {
@@ -321,7 +293,7 @@ TEST_F(List, AnEditIsKeptOrNot) {
   make(8);
   list.StartEdit();
   EXPECT_FALSE(list.editing()) << "without an index";
-  ASSERT_TRUE(list.setListIndex(7).ok());
+  choose(7);
   list.setTopIndex(0);
   list.StartEdit();
   EXPECT_TRUE(list.isInView(7));

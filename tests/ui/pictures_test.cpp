@@ -1,12 +1,18 @@
-// Pictures of skins and keys: what is read, at what size, and what is refused.
+// Pictures of skins and keys, and JPEG files at the four scales: what is read, at what size, and what is
+// refused.
 #include "ui/pictures.h"
 
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/posix_files.h"
 #include "support/grey_jpeg.h"
 #include "support/real_world.h"
+#include "ui/dib_section.h"
+#include "ui/load_jpeg.h"
 
+#include <QBuffer>
 #include <QImage>
+#include <QImageWriter>
+#include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +21,49 @@
 
 namespace kvo {
 namespace {
+
+std::string jpegOf(const QImage& picture, bool progressive = false) {
+  QBuffer buffer;
+  QImageWriter writer(&buffer, "jpg");
+  writer.setQuality(95);
+  writer.setProgressiveScanWrite(progressive);
+  EXPECT_TRUE(writer.write(picture));
+  return buffer.data().toStdString();
+}
+
+// Slow waves, so that what is averaged on the way to a smaller picture does not depend on the manner.
+QImage waves(int width, int height) {
+  QImage picture(width, height, QImage::Format_RGB32);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const auto level = [](double phase) { return static_cast<int>(127 + 100 * std::sin(phase)); };
+      picture.setPixel(x, y, qRgb(level(x / 25.0), level(y / 30.0), level((x + y) / 40.0)));
+    }
+  }
+  return picture;
+}
+
+// The height and width in the head of a file, told anew.
+std::string withSize(std::string file, int width, int height) {
+  for (std::size_t at = 2; at + 8 < file.size();) {
+    const auto kind = static_cast<unsigned char>(file[at + 1]);
+    if (kind == 0xC0 || kind == 0xC2) {
+      const int bytes[] = {height >> 8, height, width >> 8, width};
+      for (std::size_t i = 0; i < 4; ++i) file[at + 5 + i] = static_cast<char>(bytes[i]);
+      return file;
+    }
+    at += 2U + (static_cast<unsigned char>(file[at + 2]) << 8U) + static_cast<unsigned char>(file[at + 3]);
+  }
+  ADD_FAILURE() << "no frame in the file";
+  return file;
+}
+
+// Left dark, right light, written row by row: it need not fit into memory as a picture.
+std::string hugeJpeg(std::size_t side) {
+  std::vector<JSAMPLE> row(side, 40);
+  std::fill(row.begin() + static_cast<std::ptrdiff_t>(side / 2), row.end(), JSAMPLE{200});
+  return test::greyJpeg(std::move(row));
+}
 
 class Pictures : public testing::Test {
  protected:
@@ -31,29 +80,20 @@ class Pictures : public testing::Test {
   PosixFiles files_;
   TurboJpeg jpeg_;
   PictureReading reading_{files_, jpeg_};
+  cDIBSection surface_;
 };
 
-QImage fourColours() {
+TEST_F(Pictures, KeepTheirColoursInEveryForm) {
   QImage picture(4, 4, QImage::Format_RGB32);
   picture.fill(0xFF2040C0);
   for (int x = 0; x < 4; ++x) picture.setPixel(x, x, 0xFFF0E000);
-  picture.setPixel(3, 0, 0xFF000000);
-  return picture;
-}
-
-TEST_F(Pictures, KeepTheirColoursInEveryForm) {
-  const auto picture = fourColours();
-  const std::pair<const char*, QImage> forms[] = {
-      {"24.bmp", picture.convertToFormat(QImage::Format_RGB888)},
-      {"8.bmp", picture.convertToFormat(QImage::Format_Indexed8)},
-      {"a.png", picture},
-      {"a.ppm", picture},
-      {"another name.skin", QImage()},
-  };
-  for (const auto& [name, form] : forms) {
-    const auto path = form.isNull() ? folder_ / name : keep(name, form);
-    if (form.isNull()) std::filesystem::copy_file(folder_ / "24.bmp", path);
-    const auto read = loadPicture(reading_, path);
+  keep("24.bmp", picture.convertToFormat(QImage::Format_RGB888));
+  keep("8.bmp", picture.convertToFormat(QImage::Format_Indexed8));
+  keep("a.png", picture);
+  keep("a.ppm", picture);
+  std::filesystem::copy_file(folder_ / "24.bmp", folder_ / "another name.skin");
+  for (const auto* name : {"24.bmp", "8.bmp", "a.png", "a.ppm", "another name.skin"}) {
+    const auto read = loadPicture(reading_, folder_ / name);
     ASSERT_TRUE(read) << name;
     EXPECT_EQ(read->convertToFormat(QImage::Format_RGB32), picture) << name;
   }
@@ -62,9 +102,8 @@ TEST_F(Pictures, KeepTheirColoursInEveryForm) {
 TEST_F(Pictures, OfKeysKeepTheAlphaThatTheyWereRenderedWith) {
   const auto key = loadPicture(reading_, KVO_SHARE "/kvo5/ImageList1/2/03.bmp");
   ASSERT_TRUE(key);
-  const auto plate = key->pixelColor(key->width() / 2, key->height() / 2);
   EXPECT_EQ(key->pixelColor(0, 0).alpha(), 0);
-  EXPECT_EQ(plate.alpha(), 255);
+  EXPECT_EQ(key->pixelColor(key->width() / 2, key->height() / 2).alpha(), 255);
   bool hasSoftEdge = false;
   for (int x = 0; x < key->width(); ++x) {
     const int alpha = key->pixelColor(x, key->height() / 4).alpha();
@@ -77,32 +116,22 @@ TEST_F(Pictures, OfKeysKeepTheAlphaThatTheyWereRenderedWith) {
 TEST_F(Pictures, AreStretchedToTheWindow) {
   QImage pixel(1, 1, QImage::Format_RGB32);
   pixel.fill(0xFF204060);
-  const QSize window(562, 410);
-  for (const auto* name : {"one.bmp", "one.png"}) {
-    const auto skin = loadPicture(reading_, keep(name, pixel), window);
-    ASSERT_TRUE(skin);
-    ASSERT_EQ(skin->size(), window);
-    EXPECT_EQ(skin->pixel(0, 0), 0xFF204060);
-    EXPECT_EQ(skin->pixel(561, 409), 0xFF204060);
-  }
   QImage halves(40, 10, QImage::Format_RGB32);
   halves.fill(0xFFFFFFFF);
-  for (int y = 0; y < 10; ++y) {
-    for (int x = 0; x < 20; ++x) halves.setPixel(x, y, 0xFF000000);
-  }
-  for (const auto* name : {"halves.jpg", "halves.png"}) {
-    const auto skin = loadPicture(reading_, keep(name, halves), window);
+  for (int i = 0; i < 200; ++i) halves.setPixel(i % 20, i / 20, 0xFF000000);
+  for (const auto* name : {"one.bmp", "one.png", "halves.jpg", "halves.png"}) {
+    const bool isOne = std::string_view(name).starts_with("one");
+    const auto skin = loadPicture(reading_, keep(name, isOne ? pixel : halves), QSize(562, 410));
     ASSERT_TRUE(skin);
-    ASSERT_EQ(skin->size(), window);
-    EXPECT_LT(qGray(skin->pixel(240, 5)), 30) << name;
-    EXPECT_GT(qGray(skin->pixel(320, 400)), 225) << name;
+    ASSERT_EQ(skin->size(), QSize(562, 410));
+    if (isOne) {
+      EXPECT_EQ(skin->pixel(0, 0), 0xFF204060);
+      EXPECT_EQ(skin->pixel(561, 409), 0xFF204060);
+    } else {
+      EXPECT_LT(qGray(skin->pixel(240, 5)), 30) << name;
+      EXPECT_GT(qGray(skin->pixel(320, 400)), 225) << name;
+    }
   }
-}
-
-std::string hugeJpeg(std::size_t side) {
-  std::vector<JSAMPLE> row(side, 40);
-  std::fill(row.begin() + static_cast<std::ptrdiff_t>(side / 2), row.end(), JSAMPLE{200});
-  return test::greyJpeg(std::move(row));
 }
 
 TEST_F(Pictures, ThatAreHugeAreDecodedSmallOrRefused) {
@@ -139,20 +168,114 @@ TEST_F(Pictures, ThatAreNoneAreToldByName) {
   }
 }
 
+TEST_F(Pictures, OfJpegAreLoadedAtEachScaleWithSidesRoundedUp) {
+  for (const bool progressive : {false, true}) {
+    const auto file = jpegOf(waves(203, 101), progressive);
+    const auto path = keep("waves.jpg", file);
+    const auto whole = QImage::fromData(QByteArray::fromStdString(file));
+    for (const auto& [scale, width, height] :
+         {std::tuple{1, 203, 101}, {2, 102, 51}, {4, 51, 26}, {8, 26, 13}}) {
+      ASSERT_GT(LoadJpeg(reading_, surface_, path, scale), 0);
+      ASSERT_EQ(surface_.dib_width(), width);
+      ASSERT_EQ(surface_.dib_height(), height);
+      double difference = 0;
+      for (int y = 0; y < 101 / scale; ++y) {
+        for (int x = 0; x < 203 / scale; ++x) {
+          const auto expected = whole.pixelColor(x * scale + scale / 2, y * scale + scale / 2);
+          const auto* pixel = surface_.row(y).data() + static_cast<std::size_t>(x) * 3;
+          difference += std::abs(pixel[0] - expected.blue()) + std::abs(pixel[1] - expected.green()) +
+                        std::abs(pixel[2] - expected.red());
+        }
+      }
+      EXPECT_LT(difference / (3 * (101 / scale) * (203 / scale)), 4) << scale << progressive;
+    }
+  }
+  ASSERT_GT(LoadJpeg(reading_, surface_, keep("grey.jpg", hugeJpeg(16)), 1), 0);
+  for (const auto level : surface_.row(8).first(9)) EXPECT_NEAR(level, 40, 2);
+}
+
+TEST_F(Pictures, OfJpegThatAreDamagedOrTooLargeGiveNothing) {
+  const auto good = jpegOf(waves(64, 64));
+  auto noise = good;
+  for (std::size_t i = good.size() / 2; i < good.size() - 2; ++i) noise[i] = '\xFF';
+  const std::tuple<const char*, std::string, int> rows[] = {
+      {"empty", "", 1},
+      {"no JPEG", "BM and so on", 1},
+      {"head alone", good.substr(0, 20), 1},
+      {"cut short", good.substr(0, good.size() * 3 / 4), 1},
+      {"cut short, small", good.substr(0, good.size() * 3 / 4), 8},
+      {"noise", noise, 1},
+      {"more than a surface holds", withSize(good, 20000, 20000), 1},
+      {"less in it than it tells", withSize(good, 20000, 20000), 8},
+      {"no width", withSize(good, 0, 64), 1},
+      {"a scale that there is not", good, 3},
+      {"no scale", good, 0},
+  };
+  for (const auto& [what, bytes, scale] : rows) {
+    ASSERT_TRUE(surface_.Create(2, 2));
+    EXPECT_EQ(LoadJpeg(reading_, surface_, keep("bad.jpg", bytes), scale), 0) << what;
+    EXPECT_EQ(surface_.dib_width(), 0) << what;
+  }
+  EXPECT_EQ(LoadJpeg(reading_, surface_, folder_ / "none.jpg", 1), 0);
+}
+
+// A sound progressive file in which each coefficient, and then its last bit, has a pass of its own.
+std::string inPasses(int passes) {
+  std::vector<jpeg_scan_info> script;
+  for (int i = 0; i < passes; ++i) {
+    const int coefficient = i % DCTSIZE2;
+    script.push_back({1, {0}, coefficient, coefficient, i < DCTSIZE2 ? 0 : 1, i < DCTSIZE2 ? 1 : 0});
+  }
+  return test::greyJpeg({10, 90, 30, 200, 120, 0, 255, 70}, script);
+}
+
+// A progressive file is decoded from memory that holds it whole, however small it is shown.
+TEST_F(Pictures, OfJpegAreDecodedWithinLimitsOfMemoryPassesAndRows) {
+  std::vector<std::uint8_t> rows(2500 * 7500);
+  const auto whole = std::span(rows);
+  const auto small = jpegOf(waves(10, 10));
+  struct Row {
+    std::string file;
+    int scale;
+    std::span<std::uint8_t> rows;
+    std::size_t stride;
+    std::string says;
+  };
+  const Row cases[] = {
+      {withSize(jpegOf(waves(64, 64), true), 20000, 20000), 8, whole, 7500, "Backing store"},
+      {inPasses(100), 1, whole, 24, ""},
+      {inPasses(128), 1, whole, 24, "more than 100 passes over the picture"},
+      {small, 1, whole.first(10 * 32), 32, ""},
+      {small, 1, whole.first(9 * 32), 32, " "},
+      {small, 1, whole.first(10 * 32), 29, " "},
+  };
+  for (const auto& row : cases) {
+    const auto done = jpeg_.decode(row.file, row.scale, row.rows, row.stride);
+    ASSERT_EQ(done.ok(), row.says.empty()) << row.stride;
+    if (!done) {
+      EXPECT_NE(done.error().text.find(row.says), std::string::npos) << done.error().text;
+    }
+  }
+}
+
+TEST_F(Pictures, CanBeStillsWhereTheyDecodeOrAreNamedABitmap) {
+  const auto good = jpegOf(waves(16, 16));
+  EXPECT_TRUE(CanLoadStill(reading_, "/no/such/file.bmp"));
+  EXPECT_TRUE(CanLoadStill(reading_, keep("good.any", good)));
+  EXPECT_FALSE(CanLoadStill(reading_, keep("damaged.jpg", good.substr(0, good.size() / 2))));
+  EXPECT_FALSE(CanLoadStill(reading_, folder_ / "none.jpg"));
+}
+
 TEST(KeyedPicture, LosesTheColourOfItsPixelOneOne) {
   struct Row {
     const char* what;
-    QRgb key;
-    QRgb other;
-    QRgb keyAfter;
-    QRgb otherAfter;
+    QRgb key, other, keyAfter, otherAfter;
   };
   const Row rows[] = {
       {"an opaque key", 0xFFFF00FF, 0xFF102030, 0, 0xFF102030},
       {"all of the key", 0xFFFF00FF, 0xFFFF00FF, 0, 0},
       {"nearly the key", 0xFFFF00FF, 0xFFFF00FE, 0, 0xFFFF00FE},
       {"the key's colour, half covering", 0xFFFF00FF, 0x80FF00FF, 0, 0x80FF00FF},
-      {"black and white", 0xFF000000, 0xFFFFFFFF, 0, 0xFFFFFFFF},
       {"a transparent key", 0x00000000, 0xFF000000, 0x00000000, 0xFF000000},
       {"a transparent key of a colour", 0x00FF00FF, 0xFFFF00FF, 0x00FF00FF, 0xFFFF00FF},
   };

@@ -22,9 +22,9 @@ using Pixels = std::vector<std::string>;  // rows; '#' belongs to the shape
 
 Pixels drawn(int width, int height, const std::function<bool(double, double)>& isShape) {
   Pixels rows(static_cast<std::size_t>(height), std::string(static_cast<std::size_t>(width), '.'));
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      if (isShape(x + 0.5, y + 0.5)) rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = '#';
+  for (std::size_t y = 0; y < rows.size(); ++y) {
+    for (std::size_t x = 0; x < rows[y].size(); ++x) {
+      if (isShape(static_cast<double>(x) + 0.5, static_cast<double>(y) + 0.5)) rows[y][x] = '#';
     }
   }
   return rows;
@@ -32,10 +32,10 @@ Pixels drawn(int width, int height, const std::function<bool(double, double)>& i
 
 cDIBSection surfaceOf(const Pixels& pixels) {
   QImage mask(static_cast<int>(pixels[0].size()), static_cast<int>(pixels.size()), QImage::Format_RGB32);
-  for (int y = 0; y < mask.height(); ++y) {
-    for (int x = 0; x < mask.width(); ++x) {
-      const bool isShape = pixels[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] == '#';
-      mask.setPixel(x, y, isShape ? 0xFFFFFFFF : 0xFF000000);
+  mask.fill(0xFF000000);
+  for (std::size_t y = 0; y < pixels.size(); ++y) {
+    for (std::size_t x = 0; x < pixels[y].size(); ++x) {
+      if (pixels[y][x] == '#') mask.setPixel(static_cast<int>(x), static_cast<int>(y), 0xFFFFFFFF);
     }
   }
   cDIBSection surface;
@@ -43,22 +43,10 @@ cDIBSection surfaceOf(const Pixels& pixels) {
   return surface;
 }
 
-struct Head {
-  std::uint32_t size, kind, count, bytes;
-  std::int32_t left, top, right, bottom;
-};
-struct Rectangle {
-  std::int32_t left, top, right, bottom;
-};
-
-// The pixels that a region file covers; a pixel that is covered twice becomes '2'.
-Pixels covered(const std::string& data, int width, int height, Head& head) {
-  std::memcpy(&head, data.data(), sizeof head);
-  EXPECT_EQ(data.size(), sizeof head + head.bytes);
+// The rectangles of a region file as pixels; one that is covered twice becomes '2'.
+Pixels covered(const Region& region, int width, int height) {
   auto pixels = drawn(width, height, [](double, double) { return false; });
-  for (std::uint32_t i = 0; i < head.count; ++i) {
-    Rectangle r{};
-    std::memcpy(&r, data.data() + sizeof head + i * sizeof r, sizeof r);
+  for (const auto& r : region.rectangles) {
     for (auto y = r.top; y < r.bottom; ++y) {
       for (auto x = r.left; x < r.right; ++x) {
         auto& pixel = pixels.at(static_cast<std::size_t>(y)).at(static_cast<std::size_t>(x));
@@ -70,40 +58,35 @@ Pixels covered(const std::string& data, int width, int height, Head& head) {
 }
 
 TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
-  const auto circle = [](double x, double y) { return std::hypot(x - 40, y - 40) < 38; };
-  const auto ring = [&](double x, double y) { return circle(x, y) && std::hypot(x - 40, y - 40) > 20; };
+  const auto ring = [](double x, double y) {
+    const double radius = std::hypot(x - 40, y - 40);
+    return radius < 38 && radius > 20;
+  };
   struct Row {
-    const char* what;
     Pixels mask;
     int rectangles;  // -1: not counted
-    Rectangle bounds;
+    RegionRectangle bounds;
   };
   const Row rows[] = {
-      {"nothing keyed out", {"###", "###"}, 1, {0, 0, 3, 2}},
-      {"all keyed out", {"...", "..."}, 0, {0, 0, 0, 0}},
-      {"one column, a run to its end", {"#", ".", "."}, 1, {0, 0, 1, 1}},
-      {"one column, a run from its begin", {".", ".", "#"}, 1, {0, 2, 1, 3}},
-      {"five wide", {"#...#", "#...#", "#####"}, 3, {0, 0, 5, 3}},
-      {"a hole", {"####", "#..#", "#..#", "####"}, 4, {0, 0, 4, 4}},
-      {"a hole of a gap", {"##", "..", "##"}, 2, {0, 0, 2, 3}},
-      {"steps", {"#..", "##.", ".##"}, 3, {0, 0, 3, 3}},
-      {"a circle", drawn(80, 80, circle), -1, {2, 2, 78, 78}},
-      {"a ring", drawn(80, 80, ring), -1, {2, 2, 78, 78}},
+      {{"###", "###"}, 1, {0, 0, 3, 2}},
+      {{"...", "..."}, 0, {0, 0, 0, 0}},
+      {{"#", ".", "."}, 1, {0, 0, 1, 1}},
+      {{".", ".", "#"}, 1, {0, 2, 1, 3}},
+      {{"#...#", "#...#", "#####"}, 3, {0, 0, 5, 3}},
+      {{"####", "#..#", "#..#", "####"}, 4, {0, 0, 4, 4}},
+      {{"##", "..", "##"}, 2, {0, 0, 2, 3}},
+      {{"#..", "##.", ".##"}, 3, {0, 0, 3, 3}},
+      {drawn(80, 80, ring), -1, {2, 2, 78, 78}},
   };
   for (const auto& row : rows) {
     const auto region = regionWithout(surfaceOf(row.mask), 0);
-    const auto data = regionData(region);
-    Head head{};
-    EXPECT_EQ(covered(data, static_cast<int>(row.mask[0].size()), static_cast<int>(row.mask.size()), head),
-              row.mask)
-        << row.what;
+    EXPECT_EQ(covered(region, static_cast<int>(row.mask[0].size()), static_cast<int>(row.mask.size())),
+              row.mask);
     if (row.rectangles >= 0) {
-      EXPECT_EQ(head.count, static_cast<std::uint32_t>(row.rectangles)) << row.what;
+      EXPECT_EQ(region.rectangles.size(), static_cast<std::size_t>(row.rectangles)) << row.mask[0];
     }
-    EXPECT_EQ((std::vector{head.left, head.top, head.right, head.bottom}),
-              (std::vector{row.bounds.left, row.bounds.top, row.bounds.right, row.bounds.bottom}))
-        << row.what;
-    EXPECT_EQ(regionOfData(data), region) << row.what;
+    EXPECT_EQ(boundsOf(region), row.bounds) << row.mask[0];
+    EXPECT_EQ(regionOfData(regionData(region)), region) << row.mask[0];
   }
 }
 
@@ -122,40 +105,35 @@ TEST(Region, KeyIsOneColourWithRedInTheLowByte) {
   EXPECT_EQ(regionWithout(surface, 0x030201).rectangles, (std::vector<RegionRectangle>{{1, 0, 4, 1}}));
 }
 
-std::string dataOf(const std::vector<Rectangle>& rectangles, std::uint32_t kind = 1,
+std::string dataOf(const std::vector<std::int32_t>& rectangles, std::uint32_t kind = 1,
                    std::uint32_t size = 32) {
-  const auto count = static_cast<std::uint32_t>(rectangles.size());
-  const Head head{size, kind, count, count * 16, 0, 0, 0, 0};
-  std::string data(reinterpret_cast<const char*>(&head), sizeof head);
-  data.append(reinterpret_cast<const char*>(rectangles.data()), rectangles.size() * sizeof(Rectangle));
-  return data;
+  const auto bytes = static_cast<std::uint32_t>(rectangles.size() * 4);
+  const std::uint32_t head[] = {size, kind, bytes / 16, bytes, 0, 0, 0, 0};
+  std::string data(reinterpret_cast<const char*>(head), sizeof head);
+  return data.append(reinterpret_cast<const char*>(rectangles.data()), bytes);
 }
 
 TEST(Region, DataThatAreNoRegionAreRefused) {
-  const auto good = dataOf({{0, 0, 2, 1}, {3, 0, 4, 1}, {-5, 1, 2, 2}});
+  const auto good = dataOf({0, 0, 2, 1, 3, 0, 4, 1, -5, 1, 2, 2});
   ASSERT_TRUE(regionOfData(good));
-  for (std::size_t length = 0; length < good.size(); ++length) {
+  for (std::size_t length = 0; length < good.size(); ++length)
     EXPECT_FALSE(regionOfData(std::string_view(good).substr(0, length))) << length;
-  }
   auto endless = good;
   std::fill_n(endless.begin() + 8, 4, '\xFF');
   const std::pair<const char*, std::string> rows[] = {
-      {"another kind", dataOf({{0, 0, 1, 1}}, 2)},
-      {"another head", dataOf({{0, 0, 1, 1}}, 1, 33)},
+      {"another kind", dataOf({0, 0, 1, 1}, 2)},
+      {"another head", dataOf({0, 0, 1, 1}, 1, 33)},
       {"more rectangles than bytes", endless},
-      {"no width", dataOf({{1, 0, 1, 1}})},
-      {"upside down", dataOf({{0, 1, 1, 0}})},
-      {"overlap in a band", dataOf({{0, 0, 3, 1}, {2, 0, 4, 1}})},
-      {"bands that overlap", dataOf({{0, 0, 3, 2}, {0, 1, 3, 3}})},
-      {"from the bottom up", dataOf({{0, 4, 3, 5}, {0, 1, 3, 3}})},
+      {"no width", dataOf({1, 0, 1, 1})},
+      {"upside down", dataOf({0, 1, 1, 0})},
+      {"overlap in a band", dataOf({0, 0, 3, 1, 2, 0, 4, 1})},
+      {"bands that overlap", dataOf({0, 0, 3, 2, 0, 1, 3, 3})},
+      {"from the bottom up", dataOf({0, 4, 3, 5, 0, 1, 3, 3})},
   };
   for (const auto& [what, data] : rows) EXPECT_FALSE(regionOfData(data)) << what;
-}
-
-TEST(Region, DataInMoreRectanglesThanNeededAreBroughtToTheFewest) {
-  const auto region = regionOfData(dataOf({{0, 0, 1, 1}, {1, 0, 4, 1}, {0, 1, 4, 3}}));
-  ASSERT_TRUE(region);
-  EXPECT_EQ(region->rectangles, (std::vector<RegionRectangle>{{0, 0, 4, 3}}));
+  const auto split = regionOfData(dataOf({0, 0, 1, 1, 1, 0, 4, 1, 0, 1, 4, 3}));
+  ASSERT_TRUE(split);
+  EXPECT_EQ(split->rectangles, (std::vector<RegionRectangle>{{0, 0, 4, 3}})) << "brought to the fewest";
 }
 
 TEST(Region, RoundCornersAreQuartersOfAnEllipse) {
@@ -191,25 +169,20 @@ TEST(DibSectionRegion, WindowsShareOneShapeUntilItIsDestroyed) {
     region.Applied(a, true);
     EXPECT_FALSE(region.Applied(a)) << "there is no region yet";
     ASSERT_TRUE(region.Create(surface, 0));
-    region.Applied(a, true);
-    region.Applied(b, true);
-    region.Applied(a, true);
+    for (auto* window : {&a, &b, &a}) region.Applied(*window, true);
     EXPECT_EQ(region.AppliedToCount(), 2);
     EXPECT_EQ(region.hWndForIndex(1), &a);
     EXPECT_EQ(region.hWndForIndex(3), nullptr);
     EXPECT_EQ(b.shape, shape);
-
-    region.Applied(a, false);
-    EXPECT_EQ(region.hWndForIndex(1), &b) << "the gap is closed";
-    EXPECT_EQ(a.shape, Region{});
     stranger.shape = shape;
-    region.Applied(stranger, false);
-    EXPECT_EQ(stranger.shape, Region{}) << "also a window that is not in the list";
-
+    for (auto* window : {&a, &stranger}) {
+      region.Applied(*window, false);
+      EXPECT_EQ(window->shape, Region{}) << "also a window that is not in the list";
+    }
+    EXPECT_EQ(region.hWndForIndex(1), &b) << "the gap is closed";
     EXPECT_FALSE(region.Create({}, 0));
     EXPECT_EQ(b.shape, Region{});
     EXPECT_EQ(region.region(), nullptr);
-
     ASSERT_TRUE(region.Create(surface, 0));
     region.Applied(b, true);
   }
@@ -290,18 +263,14 @@ TEST(DibSectionRegion, IsLoadedFromALibraryOfResources) {
 }
 
 TEST(DibSection, RowsAreFilledUpToFourBytes) {
+  cDIBSection surface;
   for (const auto& [width, bytes] : {std::pair{1, 4U}, {4, 12U}, {5, 16U}, {6, 20U}}) {
-    cDIBSection surface;
     ASSERT_TRUE(surface.Create(width, 3));
     EXPECT_EQ(surface.BytesPerScanLine(), bytes);
     EXPECT_EQ(surface.DIBSectionBitsPtr().size(), 3 * bytes);
   }
-}
-
-TEST(DibSection, ThatCannotBeMadeIsEmpty) {
   for (const auto& [width, height] :
        {std::pair{0, 4}, {4, 0}, {-1, 4}, {20000, 20000}, {2147483647, 2147483647}}) {
-    cDIBSection surface;
     ASSERT_TRUE(surface.Create(2, 2));
     EXPECT_FALSE(surface.Create(width, height)) << width;
     EXPECT_EQ(surface.dib_width(), 0);

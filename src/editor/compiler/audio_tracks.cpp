@@ -67,9 +67,8 @@ std::string clipAudio(const CompileOptions& options, TimelineClip& clip, int& co
 
 // The running end of the overlay tracks and what holds them.
 struct OverlayPass {
-  double end = 0;        // seconds: where the next track in sequence starts
-  double videoEnd = 0;   // 0 when nothing is trimmed
-  bool stopped = false;  // a track was cut at the video's end; later ones are left out
+  double end = 0;       // seconds: where the next track in sequence starts
+  double videoEnd = 0;  // 0 when nothing is trimmed
 };
 
 Place nextPlace(const TimelineClip& clip, OverlayOrder order, OverlayPass& pass) {
@@ -78,7 +77,6 @@ Place nextPlace(const TimelineClip& clip, OverlayOrder order, OverlayPass& pass)
   const auto held = [&](double t) { return trim ? std::min(t, pass.videoEnd) : t; };
   if (order == OverlayOrder::Stacked) return {0, held(length)};
   const double start = held(pass.end);
-  if (trim && start + length > pass.videoEnd) pass.stopped = true;
   pass.end = start + length;
   return {start, held(pass.end)};
 }
@@ -124,7 +122,6 @@ OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips,
   OverlayPass pass{.videoEnd = videoEnd};
   int counter = 0;
   for (auto& clip : clips) {
-    if (pass.stopped) break;
     if (!clip.RenderAudio || !clip.isMusic) continue;
     const bool inSequence = options.overlayOrder == OverlayOrder::InSequence;
     if (inSequence && videoEnd > 0 && videoEnd - pass.end < kShortestSeconds) break;  // the video is covered

@@ -32,6 +32,10 @@ TEST(Durations, ATransitionIsHeldToTheShorterNeighbour) {
     EXPECT_EQ(b.collection.MovieList[1].TransIn(), std::max(static_cast<int>(std::lround(row.first * 5)), 1))
         << "half of the clip for the first";
   }
+  Bench b;
+  b.addVideo("s.jpg", 0, 0).IsStill(true);
+  b.addVideo("b.avi", 0, 9);
+  EXPECT_EQ(CalcMaxTransitionDuration(b.editing, 2), "7.0") << "as long as stills last";
 }
 
 TEST(Durations, ACutIsPreviewedByTheLadder) {

@@ -167,7 +167,7 @@ TEST(Preview, CompilesReducedByItsPower) {
             "\r\n\r\nH x W reduced by 3\r\n\r\nAspect Ratio is maintained\r\nColor drop from 24 to 16 bit\r\n"
             "FPS drop from 25 to 10 fps \r\n\r\nTransitions ARE shown\r\nClip Effects are NOT shown\r\n");
   b.settings.change().OutPutFrameRate = 12;
-  EXPECT_EQ(GetPreviewParams(b.editing, 8).Rate, 12) << "held to the output's";
+  EXPECT_EQ(GetPreviewParams(b.editing, 2).Rate, 12) << "held to the output's";
 }
 
 TEST(Preview, TellsItsLengths) {
