@@ -4,7 +4,6 @@
 #include "adapters/posix/posix_temporary_folders.h"
 #include "support/real_world.h"
 
-#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -144,71 +143,58 @@ TEST(PosixProcesses, EndWithTheirChildrenWhenTheyAreToEnd) {
   }
 }
 
-// A process that has made a temporary folder, and stays or ends without cleaning up.
-class FolderOwner {
- public:
-  FolderOwner() {
-    std::array<int, 2> pipe{};
-    EXPECT_EQ(::pipe(pipe.data()), 0);
-    process_ = ::fork();
-    if (process_ == 0) {
-      const auto folder = PosixTemporaryFolders().make();
-      std::ofstream((*folder)->path() + "/movie.xtl") << "text";
-      const auto& path = (*folder)->path();
-      if (::write(pipe[1], path.data(), path.size()) > 0) ::pause();
-      ::_exit(0);
-    }
-    std::array<char, 4096> name{};
-    const auto got = ::read(pipe[0], name.data(), name.size());
-    folder_.assign(name.data(), got > 0 ? static_cast<std::size_t>(got) : 0);
-    for (const int end : pipe) ::close(end);
+// Whether the temporary folder of a process stands, with what it has put there.
+bool folderStands(const test::ScratchFolder& base, pid_t owner) {
+  for (const auto& name : base.names()) {
+    if (name.starts_with("kvo5-" + std::to_string(owner) + "-") &&
+        std::filesystem::exists(base / name + "/movie.xtl"))
+      return true;
   }
-  FolderOwner(const FolderOwner&) = delete;
-  FolderOwner& operator=(const FolderOwner&) = delete;
-  ~FolderOwner() { kill(); }
+  return false;
+}
 
-  void kill() {
-    if (process_ <= 0) return;
-    ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
-    process_ = 0;
+// A process that has made a temporary folder, and stays until it is killed.
+pid_t folderOwner(const test::ScratchFolder& base) {
+  const auto owner = ::fork();
+  if (owner == 0) {
+    const auto folder = PosixTemporaryFolders().make();
+    std::ofstream((*folder)->path() + "/movie.xtl") << "text";
+    ::pause();
+    ::_exit(0);
   }
-  [[nodiscard]] bool folderStands() const { return std::filesystem::exists(folder_ + "/movie.xtl"); }
-  [[nodiscard]] pid_t process() const { return process_; }
+  for (int i = 0; i < 600 && !folderStands(base, owner); ++i) ::usleep(10'000);
+  return owner;
+}
 
- private:
-  pid_t process_ = 0;
-  std::string folder_;
-};
+void killed(pid_t process) {
+  ::kill(process, SIGKILL);
+  ::waitpid(process, nullptr, 0);
+}
 
 TEST(TemporaryFolders, IsSweptWhenItsOwnerIsGone) {
   const test::ScratchFolder base;
   ::setenv("TMPDIR", base.path().c_str(), 1);
-  {
-    FolderOwner dead;
-    FolderOwner alive;
-    const auto own = PosixTemporaryFolders().make();
-    ASSERT_TRUE(own);
-    ASSERT_TRUE(dead.folderStands() && alive.folderStands());
-    const auto deadProcess = std::to_string(dead.process());
-    dead.kill();
-    // What only looks like one.
-    const auto other = base / "other";
-    std::filesystem::create_directory(other);
-    std::ofstream(other + "/kept") << "text";
-    std::filesystem::create_directory_symlink(other, base / ("kvo5-" + deadProcess + "-LinkXX"));
-    std::ofstream(base / ("kvo5-" + deadProcess + "-FileXX")) << "text";
-    for (const auto* name : {"kvo5-abc", "kvo5--XXXXXX", "kvo5-12x-XXXXXX", "kvo6-1-XXXXXX"}) {
-      std::filesystem::create_directory(base / name);
-    }
-    const auto before = base.names().size();
-    PosixTemporaryFolders().sweep();
-    EXPECT_FALSE(dead.folderStands());
-    EXPECT_TRUE(alive.folderStands());
-    EXPECT_TRUE(std::filesystem::exists((*own)->path()));
-    EXPECT_TRUE(std::filesystem::exists(other + "/kept"));
-    EXPECT_EQ(base.names().size(), before - 1);
-  }
+  const auto dead = folderOwner(base);
+  const auto alive = folderOwner(base);
+  const auto own = PosixTemporaryFolders().make();
+  EXPECT_TRUE(own && folderStands(base, dead) && folderStands(base, alive));
+  killed(dead);
+  // What only looks like one.
+  const auto other = base / "other";
+  std::filesystem::create_directory(other);
+  std::ofstream(other + "/kept") << "text";
+  std::filesystem::create_directory_symlink(other, base / ("kvo5-" + std::to_string(dead) + "-LinkXX"));
+  std::ofstream(base / ("kvo5-" + std::to_string(dead) + "-FileXX")) << "text";
+  for (const auto* name : {"kvo5-abc", "kvo5--XXXXXX", "kvo5-12x-XXXXXX", "kvo6-1-XXXXXX"})
+    std::filesystem::create_directory(base / name);
+  const auto before = base.names().size();
+  PosixTemporaryFolders().sweep();
+  EXPECT_FALSE(folderStands(base, dead));
+  EXPECT_TRUE(folderStands(base, alive));
+  EXPECT_TRUE(std::filesystem::exists((*own)->path()));
+  EXPECT_TRUE(std::filesystem::exists(other + "/kept"));
+  EXPECT_EQ(base.names().size(), before - 1);
+  killed(alive);
   ::unsetenv("TMPDIR");
 }
 

@@ -7,14 +7,6 @@
 namespace kvo {
 namespace {
 
-TEST(Movie, ANewRecordReadsItsDefaults) {
-  const Movie clip;
-  EXPECT_EQ(clip.Playspeed(), 10);
-  EXPECT_EQ(clip.ZoomLevel().text(), "100%");
-  EXPECT_EQ(clip.Balance().text(), "1000");
-  EXPECT_FALSE(clip.IsDirty());
-}
-
 TEST(Movie, OnlyACutClearsTheExtraParameters) {
   for (const auto* name : {"cut", "CUT", "", "  "}) {
     Movie clip;

@@ -3,7 +3,6 @@
 
 #include "media/bgr.h"
 #include "media/colour.h"
-#include "media/png.h"
 #include "media/video_reader.h"
 #include "support/pictures.h"
 #include "support/real_world.h"
@@ -142,22 +141,6 @@ TEST(Bgr, GoesThereAndBack) {
     }
   }
   goesBack(share(std::move(half)));
-}
-
-TEST(Png, IsReadBackTheSame) {
-  const ScratchFolder folder;
-  std::vector<std::uint8_t> bgr(31U * 3 * 17);
-  for (std::size_t i = 0; i < bgr.size(); ++i) bgr[i] = static_cast<std::uint8_t>(i * 7);
-  const auto png = encodePng(bgr.data(), 31U * 3, 31, 17);
-  ASSERT_TRUE(png) << png.error().text;
-  std::ofstream(folder / "a.png", std::ios::binary) << *png;
-  const auto pictures = test::picturesOf(folder / "a.png", 31, 17);
-  ASSERT_EQ(pictures.size(), 1U);
-  for (const auto& [x, y] : {std::pair{0, 0}, std::pair{30, 16}, std::pair{7, 3}}) {
-    for (int c = 0; c < 3; ++c) {
-      EXPECT_EQ(pictures[0].at(x, y, c), bgr[static_cast<std::size_t>(3 * (y * 31 + x) + 2 - c)]);
-    }
-  }
 }
 
 }  // namespace
