@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <poll.h>
+#include <future>
 #include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -81,31 +80,23 @@ int endOf(int process) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOutput) {
+// Through pipes: limits on the size of files are no limits of what a program says.
+ProgramEnd runProgram(const std::vector<std::string>& command) {
   std::array<std::array<int, 2>, 2> pipes{};
   for (auto& pipe : pipes) EXPECT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
   const auto child = startProgram(command, pipes[0][1], pipes[1][1]);
   for (auto& pipe : pipes) ::close(pipe[1]);
-  ProgramEnd end;
-  std::array<pollfd, 2> open{{{pipes[0][0], POLLIN, 0}, {pipes[1][0], POLLIN, 0}}};
-  const std::array<std::string*, 2> texts = {&end.out, &end.err};
-  while (open[0].fd >= 0 || open[1].fd >= 0) {
-    ::poll(open.data(), open.size(), -1);
-    for (std::size_t i = 0; i < open.size(); ++i) {
-      if (open[i].fd < 0 || open[i].revents == 0) continue;
-      std::array<char, 4096> buffer{};
-      const auto got = ::read(open[i].fd, buffer.data(), buffer.size());
-      if (got <= 0) {
-        open[i].fd = -1;
-        continue;
-      }
-      texts[i]->append(buffer.data(), static_cast<std::size_t>(got));
-      if (i == 0 && signalAfterOutput != 0) ::kill(child, std::exchange(signalAfterOutput, 0));
-    }
-  }
-  for (auto& pipe : pipes) ::close(pipe[0]);
-  end.exitCode = endOf(child);
-  return end;
+  const auto heard = [](int pipe) {
+    std::string all;
+    std::array<char, 4096> buffer{};
+    for (ssize_t got = 0; (got = ::read(pipe, buffer.data(), buffer.size())) > 0;)
+      all.append(buffer.data(), static_cast<std::size_t>(got));
+    ::close(pipe);
+    return all;
+  };
+  auto errors = std::async(std::launch::async, heard, pipes[1][0]);
+  auto out = heard(pipes[0][0]);
+  return {endOf(child), std::move(out), errors.get()};
 }
 
 std::string makeMedia(const ScratchFolder& folder, const std::string& name,

@@ -38,9 +38,8 @@ int startProgram(const std::vector<std::string>& command, int out = -1, int err 
 /// Waits for its end: the exit code, or 128 and the signal that ended it.
 int endOf(int process);
 
-/// Runs a program without a shell. `signalAfterOutput`, when not 0, is sent as soon as it has printed
-/// something.
-ProgramEnd runProgram(const std::vector<std::string>& command, int signalAfterOutput = 0);
+/// Runs a program without a shell, to its end.
+ProgramEnd runProgram(const std::vector<std::string>& command);
 
 /// ffmpeg with `arguments` and the file to make. The test fails when ffmpeg does.
 std::string makeMedia(const ScratchFolder& folder, const std::string& name,

@@ -1,6 +1,8 @@
 #include "ui/cool_list.h"
 
 #include <initializer_list>
+#include <map>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -51,10 +53,89 @@ class List : public testing::Test {
     for (const auto* text : texts) list.AddItem(text, ++icon);
   }
 
+  // What is done to the list, one after the other: "choose 3 down press 1 move 2 release".
+  void act(const std::string& steps) {
+    static const std::map<std::string, Key> kKeys = {
+        {"up", Key::Up},      {"down", Key::Down}, {"pageup", Key::PageUp}, {"pagedown", Key::PageDown},
+        {"home", Key::Home},  {"end", Key::End},   {"left", Key::Left},     {"right", Key::Right},
+        {"space", Key::Space}};
+    std::istringstream in(steps);
+    int n = 0;
+    for (std::string word; in >> word;) {
+      if (const auto key = kKeys.find(word); key != kKeys.end()) {
+        list.keyDown(key->second);
+      } else if (word == "release") {
+        list.mouseUp();
+      } else {
+        ASSERT_TRUE(in >> n) << word;
+        if (word == "choose") choose(n);
+        if (word == "press") list.mouseDown(n * kRow + 1);
+        if (word == "move") list.mouseMove(n * kRow + 1, milliseconds(0));
+        if (word == "select") static_cast<void>(list.setItemSelected(n, true));
+        if (word == "insert") static_cast<void>(list.InsertItem(n, "new"));
+        if (word == "remove") static_cast<void>(list.RemoveItem(n));
+        if (word == "top") list.setTopIndex(n);
+        if (word == "height") list.setSize(100, n);
+        if (word == "mode") change([n](auto& p) { p.SelectMode = n; });
+      }
+    }
+  }
+
   CoolList list;
   std::string drawn;
   int changes = 0, clicks = 0;
 };
+
+TEST_F(List, FollowsWhatIsDoneToIt) {
+  struct Row {
+    int count, mode;
+    const char* steps;
+    const char* after;  // the index, the first row in view, and what is selected
+    const char* why = "";
+  };
+  const Row rows[] = {
+      {8, 0, "choose 1 choose 3", "3 0: 3"},
+      {8, 0, "choose 7", "7 3: 7", "brought into view"},
+      {8, 0, "choose 7 choose 2", "2 2: 2", "upwards, too"},
+      {8, 0, "choose 3 choose -1", "-1 0: "},
+      {20, 0, "height 0 choose 1 height 50", "1 0: 1", "chosen ahead of the first size"},
+      {20, 0, "choose 4 height 30", "4 2: 4", "stays in view"},
+      {20, 0, "choose 4 top 10 height 50", "4 10: 4", "scrolled away from it"},
+      {6, 0, "choose 3 insert 3", "4 0: 4", "its index stays with its item"},
+      {6, 0, "choose 3 insert 5 remove 0", "2 0: 2"},
+      {6, 0, "choose 3 remove 3", "-1 0: "},
+      {6, 0, "top 100", "-1 1: "},
+      {6, 0, "top 100 remove 0", "-1 0: ", "the bar's range went"},
+      {12, 0, "choose 4 up", "3 0: 3"},
+      {12, 0, "choose 0 up", "0 0: 0"},
+      {12, 0, "choose 4 down", "5 1: 5"},
+      {12, 0, "choose 11 down", "11 7: 11"},
+      {12, 0, "choose 7 pageup", "2 2: 2"},
+      {12, 0, "choose 3 pageup", "0 0: 0"},
+      {12, 0, "choose 3 pagedown", "8 4: 8"},
+      {12, 0, "choose 9 pagedown", "11 7: 11"},
+      {12, 0, "choose 5 home", "0 0: 0"},
+      {12, 0, "choose 5 end", "11 7: 11"},
+      {12, 0, "choose 5 left right space", "5 1: 5"},
+      {12, 0, "down", "-1 0: ", "without an index"},
+      {4, 1, "space choose 1 space down down space", "3 0: 1 3", "space inverts where several may be"},
+      {4, 1, "choose 1 space choose 3 space space", "3 0: 1"},
+      {4, 1, "choose 1 space choose 3 space mode 0", "3 0: 3", "single mode keeps the one at the index"},
+      {5, 0, "press 1 move 2 move 3 release move 4", "3 0: 3", "a drag"},
+      {5, 1, "select 0 select 1 select 2 press 3 move 4 release move 0", "4 0: 0 1 2 3 4", "sets"},
+      {5, 1, "select 0 select 1 select 2 press 0 move 1 release", "1 0: 2", "clears"},
+      {5, 1, "select 0 select 1 select 2 press 0 move 2 release", "2 0: ", "rows that a fast pointer skips"},
+      {5, 1, "select 0 press 7 move 7 release", "-1 0: 0", "below the last"},
+  };
+  for (const auto& row : rows) {
+    list = CoolList();
+    make(row.count, row.mode);
+    act(row.steps);
+    EXPECT_EQ(std::to_string(list.ListIndex()) + " " + std::to_string(list.TopIndex()) + ": " + selected(),
+              row.after)
+        << row.steps << "; " << row.why;
+  }
+}
 
 TEST_F(List, HasTheBarOnlyWhenItsRowsDoNotFit) {
   for (const auto& [count, right, max] :
@@ -94,119 +175,18 @@ TEST_F(List, TakesOnlyIndexesThatItHas) {
   EXPECT_FALSE(list.RemoveItem(-1).ok());
 }
 
-TEST_F(List, MovingToAnItemDrawsTwoRowsAndBringsItIntoView) {
+TEST_F(List, TellsOfTwoRowsOfEachMoveAndOfEachClick) {
   make(8);
   choose(1);
   drawn.clear();
   choose(3);
-  EXPECT_EQ(drawn.find("all"), std::string::npos);
   EXPECT_EQ(drawn.find_first_not_of("13 "), std::string::npos) << drawn;
-  EXPECT_EQ(selected(), "3");
-  choose(7);
-  EXPECT_EQ(list.TopIndex(), 3);
-  choose(2);
-  EXPECT_EQ(list.TopIndex(), 2);
-  choose(-1);
-  EXPECT_EQ(selected(), "");
+  act("choose 7 choose 2 choose -1");
   EXPECT_EQ(changes, 5);
-}
-
-TEST_F(List, AnIndexInViewStaysThereInAnotherSize) {
-  make(0);
-  list.setSize(0, 0);
-  make(20);
-  list.setSize(0, 0);
-  choose(1);
-  list.setSize(100, 50);
-  EXPECT_EQ(list.TopIndex(), 0) << "chosen ahead of the first size";
-  choose(4);
-  list.setSize(100, 30);
-  EXPECT_EQ(list.TopIndex(), 2);
-  list.setTopIndex(10);
-  list.setSize(100, 50);
-  EXPECT_EQ(list.TopIndex(), 10) << "scrolled away from it";
-}
-
-TEST_F(List, ItsIndexStaysWithItsItem) {
-  make(6);
-  choose(3);
-  ASSERT_TRUE(list.InsertItem(3, "new").ok());
-  EXPECT_EQ(list.ListIndex(), 4);
-  EXPECT_EQ(selected(), "4");
-  ASSERT_TRUE(list.InsertItem(5, "new").ok());
-  EXPECT_EQ(list.ListIndex(), 4);
-  ASSERT_TRUE(list.RemoveItem(0).ok());
-  EXPECT_EQ(list.ListIndex(), 3);
-  EXPECT_EQ(list.item(3).ItemText, "item 3");
-  ASSERT_TRUE(list.RemoveItem(3).ok());
-  EXPECT_EQ(list.ListIndex(), -1);
-  EXPECT_EQ(list.SelectedCount(), 0);
-  list.setTopIndex(100);
-  EXPECT_EQ(list.TopIndex(), 1);
-  ASSERT_TRUE(list.RemoveItem(0).ok());
-  EXPECT_EQ(list.TopIndex(), 0) << "the bar's range went";
-  list.Clear();
-  EXPECT_EQ(list.ListCount(), 0);
-  EXPECT_FALSE(list.hasBar());
-}
-
-TEST_F(List, KeysMove) {
-  make(12);
-  using Row = std::tuple<int, Key, int>;
-  for (const auto& [from, key, to] :
-       {Row{4, Key::Up, 3}, Row{0, Key::Up, 0}, Row{4, Key::Down, 5}, Row{11, Key::Down, 11},
-        Row{7, Key::PageUp, 2}, Row{3, Key::PageUp, 0}, Row{3, Key::PageDown, 8}, Row{9, Key::PageDown, 11},
-        Row{5, Key::Home, 0}, Row{5, Key::End, 11}, Row{5, Key::Left, 5}, Row{5, Key::Right, 5},
-        Row{5, Key::Space, 5}, Row{-1, Key::Down, -1}}) {
-    choose(from);
-    list.keyDown(key);
-    EXPECT_EQ(list.ListIndex(), to) << from << " key " << static_cast<int>(key);
-    EXPECT_EQ(selected(), to < 0 ? "" : std::to_string(to));
-  }
-  EXPECT_EQ(clicks, 0);
-}
-
-TEST_F(List, SpaceInvertsInMultipleMode) {
-  make(4, 1);
-  list.keyDown(Key::Space);
-  EXPECT_EQ(clicks, 0) << "without an index";
-  choose(1);
-  list.keyDown(Key::Space);
-  list.keyDown(Key::Down);
-  list.keyDown(Key::Down);
-  list.keyDown(Key::Space);
-  EXPECT_EQ(selected(), "1 3");
-  list.keyDown(Key::Space);
-  EXPECT_EQ(selected(), "1");
-  EXPECT_EQ(clicks, 3);
-  change([](auto& p) { p.SelectMode = 0; });
-  EXPECT_EQ(selected(), "3") << "single mode keeps the one at the index";
-}
-
-TEST_F(List, ADragGivesWhatItPassesTheStateThatItBeganWith) {
-  struct Row {
-    const char* what;
-    int mode;
-    std::initializer_list<int> rows;  // pressed at the first, moved over the others
-    const char* after;
-  };
-  const Row kRows[] = {
-      {"single", 0, {1, 2, 3}, "3"},       {"multiple sets", 1, {3, 4}, "0 1 2 3 4"},
-      {"multiple clears", 1, {0, 1}, "2"}, {"rows that a fast pointer skips", 1, {0, 2}, ""},
-      {"below the last", 1, {7}, "0 1 2"},
-  };
-  for (const auto& [what, mode, rows, after] : kRows) {
-    list.Clear();
-    make(5, mode);
-    if (mode == 1) {
-      for (int i : {0, 1, 2}) ASSERT_TRUE(list.setItemSelected(i, true).ok());
-    }
-    list.mouseDown(*rows.begin() * kRow + 1);
-    for (int row : rows) list.mouseMove(row * kRow + 1, milliseconds(0));
-    list.mouseUp();
-    list.mouseMove(4 * kRow + 1, milliseconds(0));
-    EXPECT_EQ(selected(), after) << what;
-  }
+  act("choose 2 space down");
+  EXPECT_EQ(clicks, 0) << "keys click where several may be selected";
+  act("mode 1 choose -1 space choose 1 space space");
+  EXPECT_EQ(clicks, 2);
 }
 
 TEST_F(List, TheItemUnderThePointerIsChosenWhereThatIsWanted) {

@@ -200,33 +200,6 @@ TEST(Document, ATimingPassWritesNoTransitions) {
   EXPECT_EQ(b.editor.controls.Fra_Preview, "0 to 8.00 (s)");
 }
 
-TEST(Document, TransitionPreviewTakesTheTwoEnds) {
-  struct Row {
-    bool fixed;
-    const char *first, *second;
-  };
-  for (const auto& row : {Row{false, "mstart=\"7\" mstop=\"10.0000\" start=\"0\" stop=\"1.5000\"",
-                              "mstart=\"2\" mstop=\"3.5000\" start=\"0\" stop=\"1.5000\""},
-                          Row{true, "mstart=\"6\" mstop=\"10.0000\" start=\"0\" stop=\"2.0000\"",
-                              "mstart=\"2\" mstop=\"4.0000\" start=\"2\" stop=\"4.0000\""}}) {
-    Bench b;
-    b.addVideo("a.avi", 0, 10).Playspeed(20);
-    auto& clip = addFade(b.addVideo("b.avi", 2, 9), 15);
-    b.editor.controls.Sld_In.Value = 15;
-    CreateClipLine(b.editing, true,
-                   {.TransitionPreview = true,
-                    .FirstClip = 1,
-                    .LastClip = 2,
-                    .TransitionZero = true,
-                    .FixedDuration = row.fixed,
-                    .FixedSeconds = 2});
-    const auto& text = b.editor.texts.VideoTrackText;
-    for (const auto* part : {row.first, row.second, "<transition start=\"0\" stop=\"1.5\""})
-      EXPECT_EQ(countOf(text, part), 1U) << part << text;
-    EXPECT_FALSE(clip.TimeLineStart().isSet());
-  }
-}
-
 TEST(Document, ATransitionPreviewWritesNothingButWhatTheTransitionCorrects) {
   Bench b;
   auto& still = addStill(b, "a.jpg", 0);

@@ -127,10 +127,9 @@ TEST(Stills, AreSetTogetherOrOneByOne) {
 
 TEST(Samples, ShowATransitionInItsFourCases) {
   std::string all;
-  for (const auto& [clipNo, name] :
-       {std::pair{1, "Fade"}, std::pair{1, "CUT"}, std::pair{2, "Heart"}, std::pair{2, "CUT"}}) {
+  for (const auto& [clipNo, name] : {std::pair{1, "Fade"}, {1, "CUT"}, {2, "Heart"}, {2, "CUT"}}) {
     Bench b;
-    b.addVideo("a.avi", 0, 9);
+    b.addVideo("a.avi", 0, 9).Playspeed(20);
     b.addVideo("b.avi", 2, 6);
     b.collection.MovieList[clipNo].TransType(name);
     b.collection.MovieList[clipNo].TransIn(15);
@@ -182,15 +181,22 @@ TEST(Preview, TellsItsLengths) {
   EXPECT_EQ(silent->FSB_RenderRangeMax, 12);
   EXPECT_TRUE(b.files.exists("/prog/KVORender.xtl"));
   EXPECT_EQ(b.editor.ClipStopList, std::vector<float>{12.5F});
-  b.settings.adjust().AutoTrimAudio = false;
-  b.addMusic("m.mp3", 0, 20);
-  const auto uneven = CreatePreview(b.editing, {});
-  EXPECT_EQ(uneven->Lbl_AudTotal, "020.000");
-  EXPECT_TRUE(uneven->audioIsRed);
-  b.collection.MovieList[2].LoopEnd(Value(12.5));
-  EXPECT_TRUE(CreatePreview(b.editing, {})->audioIsRed) << "\"12.5\" is another text than \"12.5000\"";
-  b.settings.adjust().AutoTrimAudio = true;
-  EXPECT_FALSE(CreatePreview(b.editing, {})->audioIsRed);
+  auto& music = b.addMusic("m.mp3", 0, 20);
+  struct Row {
+    double seconds;
+    bool trimmed;
+    const char* total;
+    bool isRed;
+  };
+  for (const auto& row :
+       {Row{20, false, "020.000", true}, Row{12.5, false, "012.500", true},  // as texts they differ
+        Row{12.5, true, "012.500", false}}) {
+    music.LoopEnd(Value(row.seconds));
+    b.settings.adjust().AutoTrimAudio = row.trimmed;
+    const auto lengths = CreatePreview(b.editing, {});
+    EXPECT_EQ(lengths->Lbl_AudTotal, row.total);
+    EXPECT_EQ(lengths->audioIsRed, row.isRed) << row.total;
+  }
   EXPECT_EQ(powerCaption(7), "70% CPU - Preview Performance \\ CPU Power Required");
 }
 
@@ -201,39 +207,34 @@ TEST(EffectPanel, SwitchesHaveTheirConsequences) {
   b.collection.icurMov = 1;
   auto controls = DecodeStaticClipEffectWord(b.editing, 1);
   EXPECT_FALSE(controls.switches.any());
-  switchEffect(b.editing, controls, 43, true);
+  // Blur, motion blur, film age, and ColoredPencil, which is row 8: the levels they are given, and keyframes.
+  for (const int position : {43, 44, 45, 14}) switchEffect(b.editing, controls, position, true);
   EXPECT_EQ(clip.BlurInt(), 4);
-  switchEffect(b.editing, controls, 44, true);
-  ASSERT_EQ(b.collection.KeyframeList.count(), 1);
-  EXPECT_EQ(b.collection.KeyframeList[1].EffectNo, 200);
-  EXPECT_EQ(b.collection.KeyframeList[1].Param[1].text(), "20");
-  switchEffect(b.editing, controls, 45, true);
   EXPECT_EQ(clip.AgeIntensity(), 35);
-  switchEffect(b.editing, controls, 14, true);  // ColoredPencil, row 8
+  ASSERT_EQ(b.collection.KeyframeList.count(), 2);
+  EXPECT_EQ(b.collection.KeyframeList[1].EffectNo, kMotionBlurEffect);
+  EXPECT_EQ(b.collection.KeyframeList[1].Param[1].text(), "20");
   EXPECT_EQ(b.settings.state.KeyframeEffectNo, 8);
   EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 1);
-  EXPECT_EQ(EffectWord(clip.EffectWord()).text(), clip.EffectWord());
   EXPECT_TRUE(EffectWord(clip.EffectWord()).isOn(14));
-  switchEffect(b.editing, controls, 14, false);
-  EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 0) << "gone for good";
-  for (const int position : {43, 44, 45}) switchEffect(b.editing, controls, position, false);
+  for (const int position : {14, 43, 44, 45}) switchEffect(b.editing, controls, position, false);
   EXPECT_EQ(clip.EffectWord(), "");
-  EXPECT_EQ(b.collection.KeyframeList.count(), 0);
+  EXPECT_EQ(b.collection.KeyframeList.count(), 0) << "gone for good";
 
   EXPECT_FALSE(configureEffect(b.editing, 3));
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - No Configurable Options");
   EXPECT_TRUE(configureEffect(b.editing, 43));
-  EXPECT_EQ(b.settings.state.KeyframeEffectNo, 100);
+  EXPECT_EQ(b.settings.state.KeyframeEffectNo, kBlurEffect);
 
   applyEaseDefaultIn(clip);
   EXPECT_EQ(SetEaseSliderHeadings(clip),
             (std::vector<std::string>{"Ease Progress speed - Log(n) - 0.0", "Motion Speed - 1.0",
                                       "Starting magnification - 0.75x", "Ending magnification - 1.0x"}));
-  clip.Sepia(true);
-  ResetObjForNonEffectOs(clip, "XP");
-  EXPECT_TRUE(clip.Sepia());
-  ResetObjForNonEffectOs(clip, "2K");
-  EXPECT_FALSE(clip.Sepia());
+  for (const auto& [system, keeps] : {std::pair{"XP", true}, {"2K", false}}) {
+    clip.Sepia(true);
+    ResetObjForNonEffectOs(clip, system);
+    EXPECT_EQ(clip.Sepia(), keeps);
+  }
   EXPECT_EQ(GetEffectClsid("blur", "DE-DE"), "");
   EXPECT_EQ(GetEffectClsid("BLUR"), "{7312498D-E87A-11d1-81E0-0000F87557DB}");
 }
@@ -271,11 +272,11 @@ TEST(AudioFades, GoFromTheSlidersToTheClip) {
   EXPECT_EQ(clip.AudioFadeInTime(), 1.5F);
   EXPECT_TRUE(clip.HasAudioFade());
   ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_EQ(b.boxes.shown[0].caption, "KVO5 - Autotrim Fade Warning");
-  EXPECT_EQ(b.boxes.shown[0].text,
-            "As the 'Auto Trim' feature is ON, the values you have set for the fade OUT are longer than the "
-            "clip. You must "
-            "reduce the fade OUT time or switch OFF the 'Auto Trim' feature.");
+  EXPECT_EQ(
+      b.boxes.shown[0].caption + "|" + b.boxes.shown[0].text,
+      "KVO5 - Autotrim Fade Warning|As the 'Auto Trim' feature is ON, the values you have set for the fade "
+      "OUT "
+      "are longer than the clip. You must reduce the fade OUT time or switch OFF the 'Auto Trim' feature.");
   AudioFadeControls back;
   AdjustAudioTrackFadeObjects(b.editing, back, false);
   EXPECT_EQ(back.fadeOut, 30);
