@@ -7,11 +7,15 @@
 #include "adapters/qt/qt_file_dialogs.h"
 #include "adapters/qt/settings_store.h"
 #include "app/commands.h"
+#include "app/face_links.h"
 #include "app/session.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
+#include "program/clip_picture.h"
+#include "program/key_commands.h"
 #include "program/list_commands.h"
 #include "program/media_commands.h"
+#include "program/menus.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
 #include "ui/skin_face.h"
@@ -45,18 +49,6 @@ class PatientHandover : public Handover {
   Handover& mailbox_;
 };
 
-// While there is no player: it holds no clip.
-class NoPlayer : public SkinCalls {
- public:
-  void BuildAllButs(bool /*stepButtons*/) override {}
-  void BuildButton(std::string_view /*key*/) override {}
-  void PlayerPause() override {}
-  void PlayerStop() override {}
-  void GlobalMediaPlay() override {}
-  [[nodiscard]] bool playerHoldsClip() const override { return false; }
-  [[nodiscard]] bool clipHasPath() const override { return false; }
-};
-
 // The program wired to its window. One that lives as long as the process.
 class WindowProgram {
  public:
@@ -88,14 +80,26 @@ class WindowProgram {
                history_},
         intro_(parts_),
         mailbox_(parts_, intro_),
-        skins_({dialogs_, loop_, face_, session_.log, session_.folder}, player_, session_.settings, state_),
+        links_({state_, session_.settings, session_.collection, session_.streams, desktop_, boxes_, face_,
+                list_}),
+        skins_({dialogs_, loop_, face_, session_.log, session_.folder}, links_, session_.settings, state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.settings,
                       session_.collection, state_),
-        window_(state_, {commands_, media_, listCommands_, mailbox_, shutDown_}) {
+        menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
+               skins_},
+              doors()),
+        keys_(state_, listCommands_),
+        picture_(session_.streams, loop_, state_.picture),
+        window_(
+            state_,
+            {menu_, keys_, listCommands_, history_, media_, mailbox_, shutDown_, links_.display(), picture_},
+            {face_, images_, store_, desktop_, withSeparator(session_.folder.path())}) {
+    links_.link(skins_);
     commands_.whenOpened([this] { skins_.applyStored(); });
+    links_.takeInterfaceSize();
   }
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
@@ -115,6 +119,8 @@ class WindowProgram {
         case StartEnd::Run:
           break;
       }
+      links_.takeInterfaceSize();
+      if (state_.face.fullScreen) coverScreen();
       intro_.ended();  // nothing plays yet, so an intro is over as soon as it has begun
       window_.draw();
       return QApplication::exec();
@@ -125,6 +131,20 @@ class WindowProgram {
   }
 
  private:
+  // What the menus ask of other rooms.
+  MenuDoors doors() {
+    return {.freeZoom = [this] { links_.display().Lbl_MiniMode_Click(); },
+            .minimumDetails = [this] { links_.turnDetails(); },
+            .stayOnTop = [] {},  // the window goes by the state
+            .interfaceSize = [this] { links_.takeInterfaceSize(); }};
+  }
+
+  void coverScreen() {
+    auto& display = links_.display();
+    display.Lbl_MiniMode_Click();
+    if (state_.mode.IsMiniMode && !state_.mode.IsFullScreenWindow) display.Lbl_MinMax_Click();
+  }
+
   void showAdded(int number, const StreamFacts& facts) {
     const auto& clip = session_.collection.MovieList[number];
     list_.addLast();
@@ -151,12 +171,16 @@ class WindowProgram {
   Mailbox mailbox_;
   TurboJpeg jpeg_;
   SkinFace face_{{session_.files, jpeg_}, {kMainWindow}};
-  NoPlayer player_;
+  ImageList1 images_{{session_.files, jpeg_}, withSeparator(session_.folder.path()) + "ImageList1/"};
+  FaceLinks links_;
   Skins skins_;
   StartUp startUp_;
   ShutDown shutDown_;
   MediaCommands media_;
   ListCommands listCommands_;
+  MainMenu menu_;
+  KeyCommands keys_;
+  ClipPicture picture_;
   FrmFileOpen window_;
 };
 

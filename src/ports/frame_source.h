@@ -1,9 +1,11 @@
-// The port to what a media file holds: the kinds of its streams, size, rate and length.
+// The port to what a media file holds: the kinds of its streams, size, rate and length, and a frame of it.
 #pragma once
 
 #include "base/result.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace kvo {
 
@@ -22,6 +24,13 @@ struct StreamFacts {
       0;  ///< seconds, of the picture where there is one; 0 for a still or when the file does not tell
 };
 
+/// Rows from the top down without gaps; a pixel is blue, green, red.
+struct FramePicture {
+  int width = 0;  ///< pixels
+  int height = 0;
+  std::vector<std::uint8_t> bgr;
+};
+
 class FrameSource {
  public:
   FrameSource() = default;
@@ -31,6 +40,11 @@ class FrameSource {
 
   /// Fails with a line that names the file when it is not there or is no media file.
   virtual Result<StreamFacts> facts(const std::string& path) = 0;
+
+  /// What the file shows at `seconds`, in the middle of a black picture of `width` x `height` pixels (at
+  /// least 2, odd ones made even), as large as fits there with its shape kept. From any thread. Fails with a
+  /// line that names the file when it has no picture, or none so late.
+  virtual Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) = 0;
 };
 
 }  // namespace kvo

@@ -79,6 +79,7 @@ void ClipList::choose(std::vector<int> numbers, int number) {
   window_.list.rename = false;
   collection_.icurMov = number;
   tell(collection_.MovieList[number]);
+  whenInHand_(number);
 }
 
 void ClipList::tell(const Movie& clip) {
@@ -122,6 +123,7 @@ void ClipList::show() {
   window_.details = {};
   window_.slider = {};
   window_.display = {};
+  whenInHand_(0);
 }
 
 void ClipList::takeFacts(const std::string& path, const StreamFacts& facts) {

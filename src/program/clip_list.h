@@ -6,8 +6,10 @@
 #include "ports/frame_source.h"
 #include "program/main_window_state.h"
 
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -42,6 +44,9 @@ class ClipList {
   /// Shows the list, or the empty pane when there is no clip.
   void show();
 
+  /// What goes on when another clip, by its number, has come in hand, or the same one anew; 0 for none.
+  void whenInHand(std::function<void(int number)> work) { whenInHand_ = std::move(work); }
+
   /// What a file of the collection holds, as far as it has been looked into.
   void takeFacts(const std::string& path, const StreamFacts& facts);
 
@@ -53,6 +58,7 @@ class ClipList {
   Collection& collection_;
   const KVO2& settings_;
   std::map<std::string, StreamFacts> facts_;  // by path
+  std::function<void(int)> whenInHand_ = [](int) {};
 };
 
 }  // namespace kvo

@@ -104,15 +104,22 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
   return true;
 }
 
-bool History::add(const CommandPass& pass, const std::function<void()>& additions) {
+bool History::add(const CommandPass& pass, const std::function<void()>& additions, int before) {
   if (!pass) return false;
-  const int before = collection_.MovieList.count();
+  const int there = collection_.MovieList.count();
   ListStep inverse{.leadsToSaved = !settings_.state.ListIsDirty,
                    .chosen = window_.list.chosen,
                    .inHand = collection_.icurMov};
   additions();
-  inverse.leave = range(before + 1, collection_.MovieList.count());
-  if (inverse.leave.empty()) return false;
+  const int added = collection_.MovieList.count() - there;
+  if (added <= 0) return false;
+  const int first = before >= 1 && before <= there ? before : there + 1;
+  if (first <= there) {
+    auto order = range(1, there + added);
+    std::rotate(order.begin() + first - 1, order.begin() + there, order.end());
+    apply({.name = {}, .order = std::move(order), .inHand = first + collection_.icurMov - there - 1});
+  }
+  inverse.leave = range(first, first + added - 1);
   inverse.name = stepName("add", collection_, inverse.leave);
   settings_.state.ListIsDirty = true;
   keep(std::move(inverse));

@@ -59,8 +59,9 @@ class History {
   bool edit(const CommandPass& pass, std::string name, int number, Integer changeCode,
             const std::function<void(Movie&)>& change, std::string_view series = {});
 
-  /// Lets `additions` put clips at the end; together they are one step.
-  bool add(const CommandPass& pass, const std::function<void()>& additions);
+  /// Lets `additions` put clips at the end, and brings them ahead of clip `before`, or leaves them there for
+  /// 0. All of it is one step.
+  bool add(const CommandPass& pass, const std::function<void()>& additions, int before = 0);
 
   // The two keys. They take a pass of their own.
   void undo();

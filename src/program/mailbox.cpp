@@ -52,7 +52,7 @@ void Mailbox::takeHandover(const std::string& text) {
   parts_.window.transport.play = ButtonWord::PlayOn;
 }
 
-void Mailbox::takeFiles(const std::vector<std::string>& paths) {
+void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
   StartCommand command;
   for (const auto& path : paths) {
     if (namesCollection(path)) {
@@ -61,7 +61,7 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths) {
       command.clips.push_back(path);
     }
   }
-  take(command);
+  take(command, before);
 }
 
 // Of several it is told which one is at work, and a click leaves out the rest.
@@ -84,12 +84,13 @@ void Mailbox::add(const std::vector<std::string>& clips) {
 }
 
 // True when a clip was added.
-bool Mailbox::take(const StartCommand& command) {
+bool Mailbox::take(const StartCommand& command, int before) {
   if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return false;
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return false;
   intro_.leave();
-  const bool added = parts_.history.add(pass, [&] { add(command.clips); });
+  const bool added = parts_.history.add(
+      pass, [&] { add(command.clips); }, before);
   parts_.list.show();
   return added;
 }

@@ -21,13 +21,13 @@ class Mailbox {
   void close() { timer6_->stop(); }
 
   /// Files that the user drops or chooses: a collection takes the place of the one that is open, unsaved
-  /// changes being asked about; everything else is added.
-  void takeFiles(const std::vector<std::string>& paths);
+  /// changes being asked about; everything else is added, ahead of clip `before` or, for 0, at the end.
+  void takeFiles(const std::vector<std::string>& paths, int before = 0);
 
  private:
   void look();
   void takeHandover(const std::string& text);
-  bool take(const StartCommand& command);
+  bool take(const StartCommand& command, int before = 0);
   void add(const std::vector<std::string>& clips);
 
   ProgramParts parts_;

@@ -3,6 +3,9 @@
 #pragma once
 
 #include "base/revised_list.h"
+#include "playback/buttons_state.h"
+#include "playback/display/display_mode_state.h"
+#include "program/clip_picture_state.h"
 #include "program/skin_state.h"
 
 #include <array>
@@ -90,6 +93,7 @@ struct SliderState {
   double markIn = 0;
   double markOut = 1;
   double position = 0;
+  bool operator==(const SliderState&) const = default;
 };
 
 /// The glass. Its lamps are ticks of the menu: LOOP mnu_Looping, REWIND mnu_RewAtEnd, ALL mnu_LoopCol.
@@ -99,6 +103,7 @@ struct DisplayState {
   std::string rate;    ///< "1.0x"; empty as the digits
   int volume = 100;    ///< of the clip in hand, per cent
   bool sound = false;  ///< there is a volume to show
+  bool operator==(const DisplayState&) const = default;
 };
 
 /// The states of the keys that play and pause; skins call them "PLAYON", "PLAYOFF", "PAUSEON" and "PAUSEOFF".
@@ -121,6 +126,7 @@ struct MenuState {
   bool mnu_SldNormal = false;  ///< else the fast slider entry is ticked
   bool mnu_Remote = false;
   bool clipsEnabled = false;  ///< the commands that need a clip
+  bool operator==(const MenuState&) const = default;
 };
 
 /// The two keys of the history.
@@ -152,6 +158,9 @@ struct MainWindowState {
   HistoryState history;
   ProgressState progress;
   SkinState skin;
+  DisplayModeState mode;
+  ButtonsState buttons;
+  ClipPictureState picture;
   bool commandRuns = false;  ///< see CommandPass
 
   /// True while a command is under way and lets events through: nothing else may touch the collection.

@@ -58,7 +58,7 @@ void CoolList::setProperties(const CoolListProperties& properties) {
   EndEdit(false);
   properties_ = properties;
   properties_.ItemHeight = std::max(properties_.ItemHeight, 1);
-  if (!isMultiple()) {
+  if (!isMultiple() && !isExtended()) {
     for (int i = 0; i < ListCount(); ++i) at(i).ItemSelected = i == listIndex_;
   }
   countChanged();
@@ -112,6 +112,16 @@ void CoolList::Clear() {
   mouseUp();
   items_.clear();
   listIndex_ = -1;
+  anchor_ = -1;
+  countChanged();
+}
+
+void CoolList::setItems(std::vector<CoolListItem> items) {
+  EndEdit(false);
+  mouseUp();
+  items_ = std::move(items);
+  listIndex_ = -1;
+  anchor_ = -1;
   countChanged();
 }
 
@@ -142,7 +152,7 @@ int CoolList::SelectedCount() const {
 
 Outcome CoolList::setItemSelected(int index, bool selected) {
   if (!has(index)) return noItem(index, ListCount());
-  if (isMultiple()) {
+  if (isMultiple() || isExtended()) {
     mark(index, selected);
     return {};
   }
@@ -164,7 +174,7 @@ Outcome CoolList::setListIndex(int index) {
 void CoolList::moveTo(int index) {
   EndEdit(false);
   const int before = std::exchange(listIndex_, index);
-  if (!isMultiple()) {
+  if (!isMultiple() && !isExtended()) {
     if (before != index) mark(before, false);
     mark(index, true);
   }
@@ -173,6 +183,22 @@ void CoolList::moveTo(int index) {
   tellRow(index);
   bringIntoView(index);
   if (events.ListIndexChange) events.ListIndexChange();
+}
+
+void CoolList::selectRange(int from, int to) {
+  for (int i = 0; i < ListCount(); ++i) mark(i, i >= std::min(from, to) && i <= std::max(from, to));
+}
+
+void CoolList::reachTo(int index, Reach reach) {
+  if (!isExtended()) return moveTo(index);
+  if (reach == Reach::Another) {
+    mark(index, !item(index).ItemSelected);
+  } else {
+    selectRange(reach == Reach::Range && has(anchor_) ? anchor_ : index, index);
+  }
+  if (reach != Reach::Range || !has(anchor_)) anchor_ = index;
+  moveTo(index);
+  if (events.SelectionChange) events.SelectionChange();
 }
 
 bool CoolList::isInView(int index) const {
@@ -212,7 +238,7 @@ std::optional<int> CoolList::itemAt(int y) const {
   return has(index) ? std::optional(index) : std::nullopt;
 }
 
-void CoolList::keyDown(Key key) {
+void CoolList::keyDown(Key key, Reach reach) {
   if (listIndex_ < 0) return;
   const int last = ListCount() - 1;
   switch (key) {
@@ -222,26 +248,31 @@ void CoolList::keyDown(Key key) {
       if (events.Click) events.Click();
       return;
     case Key::PageUp:
-      return moveTo(std::max(listIndex_ - rowsThatFit(), 0));
+      return reachTo(std::max(listIndex_ - rowsThatFit(), 0), reach);
     case Key::PageDown:
-      return moveTo(std::min(listIndex_ + rowsThatFit(), last));
+      return reachTo(std::min(listIndex_ + rowsThatFit(), last), reach);
     case Key::Home:
-      return moveTo(0);
+      return reachTo(0, reach);
     case Key::End:
-      return moveTo(last);
+      return reachTo(last, reach);
     case Key::Up:
-      return moveTo(std::max(listIndex_ - 1, 0));
+      return reachTo(std::max(listIndex_ - 1, 0), reach);
     case Key::Down:
-      return moveTo(std::min(listIndex_ + 1, last));
+      return reachTo(std::min(listIndex_ + 1, last), reach);
     case Key::Left:
     case Key::Right:
       return;
   }
 }
 
-void CoolList::mouseDown(int y) {
+void CoolList::mouseDown(int y, Reach reach) {
   const auto row = itemAt(y);
   if (!row) return;
+  if (isExtended()) {
+    dragging_ = reach != Reach::Another;
+    underPointer_ = row;
+    return reachTo(*row, reach);
+  }
   dragState_ = !isMultiple() || !item(*row).ItemSelected;
   mark(*row, dragState_);
   dragging_ = true;
@@ -255,7 +286,7 @@ void CoolList::dragTo(int index) {
     const int from = dragging_ && listIndex_ >= 0 ? listIndex_ : index;
     for (int i = std::min(from, index); i <= std::max(from, index); ++i) mark(i, dragState_);
   }
-  moveTo(index);
+  reachTo(index, Reach::Range);
 }
 
 void CoolList::mouseMove(int y, milliseconds now) {
@@ -299,11 +330,13 @@ void CoolList::StartEdit() {
 
 void CoolList::EndEdit(bool keep) {
   if (!std::exchange(editing_, false)) return;
-  if (keep) {
+  const bool isChanged = keep && at(listIndex_).ItemText != editText;
+  if (isChanged) {
     at(listIndex_).ItemText = editText;
     tellRow(listIndex_);
   }
   if (events.editChanged) events.editChanged();
+  if (isChanged && events.Edited) events.Edited(listIndex_);
 }
 
 }  // namespace kvo

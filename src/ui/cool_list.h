@@ -42,8 +42,8 @@ struct CoolListProperties {
   int ItemTextLeft = 2;         ///< pixels
   int OrderType = 0;            ///< 0 ascending, 1 descending
   int ScrollBarWidth = 13;      ///< pixels
-  int SelectMode = 0;           ///< 0 single, 1 multiple
-  int SelectModeStyle = 0;      ///< 0 to 6, see drawSelection
+  int SelectMode = 0;       ///< 0 single, 1 multiple: a press turns an item over, 2 several by Ctrl and Shift
+  int SelectModeStyle = 0;  ///< 0 to 6, see drawSelection
   bool WordWrap = true;
 };
 
@@ -64,6 +64,10 @@ class CoolList {
  public:
   enum class Key { Up, Down, Left, Right, PageUp, PageDown, Home, End, Space };
 
+  /// What a press or a move of mode 2 selects: its item alone; with what is selected, or not any more (Ctrl);
+  /// all from the last of those two on (Shift). The other modes do not ask.
+  enum class Reach { One, Another, Range };
+
   struct Rect {
     int left = 0, top = 0, right = 0, bottom = 0;  ///< pixels; right and bottom lie outside
     bool operator==(const Rect&) const = default;
@@ -76,6 +80,8 @@ class CoolList {
     std::function<void()> editChanged;        ///< an edit has begun or ended
     std::function<void()> Click;              ///< by the keyboard; the mouse's is the view's to raise
     std::function<void()> ListIndexChange;    ///< by the user or by setListIndex
+    std::function<void()> SelectionChange;    ///< by the user, in mode 2
+    std::function<void(int index)> Edited;    ///< the user has given this item another text
   };
 
   explicit CoolList(CoolListProperties properties = {}) : properties_(properties) {}
@@ -97,6 +103,8 @@ class CoolList {
   /// ListIndex stays with its item, or is -1 when that one went.
   Outcome RemoveItem(int index);
   void Clear();
+  /// In the place of all that there are, those that are told to be selected among them. ListIndex becomes -1.
+  void setItems(std::vector<CoolListItem> items);
   /// Sorts by the bytes of the texts; afterwards nothing is selected and the first rows are in view.
   void Order();
   /// The first item from `start` on whose text begins with `text` or, without `fromStart`, has it behind its
@@ -131,9 +139,9 @@ class CoolList {
 
   // What the user does. Times come from any one clock.
 
-  void keyDown(Key key);
+  void keyDown(Key key, Reach reach = Reach::One);
   /// The left button; others do nothing here.
-  void mouseDown(int y);
+  void mouseDown(int y, Reach reach = Reach::One);
   void mouseMove(int y, std::chrono::milliseconds now);
   void mouseUp();
   [[nodiscard]] bool dragging() const { return dragging_; }
@@ -153,10 +161,13 @@ class CoolList {
 
  private:
   [[nodiscard]] bool isMultiple() const { return properties_.SelectMode == 1; }
+  [[nodiscard]] bool isExtended() const { return properties_.SelectMode == 2; }
   [[nodiscard]] bool has(int index) const { return index >= 0 && index < ListCount(); }
   CoolListItem& at(int index) { return items_[static_cast<std::size_t>(index)]; }
   void mark(int index, bool selected);
   void moveTo(int index);
+  void reachTo(int index, Reach reach);
+  void selectRange(int from, int to);
   void dragTo(int index);
   void bringIntoView(int index);
   void countChanged();
@@ -169,6 +180,7 @@ class CoolList {
   std::vector<CoolListItem> items_;
   int listIndex_ = -1;
   int topIndex_ = 0;
+  int anchor_ = -1;                  // where a range of mode 2 begins
   std::optional<int> underPointer_;  // the row that the pointer was seen in last
   bool dragging_ = false;
   bool dragState_ = true;  // what the items that a drag passes become

@@ -53,7 +53,7 @@ class ItemAccess : public QAccessibleInterface {
     state.focused = view_->hasFocus() && list.ListIndex() == index_;
     state.offscreen = !list.isInView(index_);
     state.disabled = !view_->isEnabled();
-    state.multiSelectable = list.properties().SelectMode == 1;
+    state.multiSelectable = list.properties().SelectMode != 0;
     return state;
   }
 

@@ -21,9 +21,18 @@ struct Colours {
   [[nodiscard]] QColor operator()(ControlColour colour) const { return resolved(colour, palette); }
 };
 
-void drawFilled(QPainter& painter, const QRect& row, const QColor& colour) {
-  painter.fillRect(row, colour);
-  painter.fillRect(QRect(row.left(), row.top(), 3, row.height()), toColour(token("teal")));
+// With round corners and a bar at the left, in the row's measure: 4 and 3 pixels for one of 24.
+void drawFilled(QPainter& painter, const QRect& row, const Colours& of) {
+  const Painting kept(painter);
+  painter.fillRect(row, of(of.properties.BackNormal));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(of(of.properties.BackSelected));
+  const double corner = row.height() / 6.0;
+  painter.drawRoundedRect(row, corner, corner);
+  const double bar = row.height() / 8.0;
+  painter.setBrush(toColour(token("teal")));
+  painter.drawRoundedRect(QRectF(row.left(), row.top() + corner, bar, row.height() - 2 * corner), bar / 2,
+                          bar / 2);
 }
 
 void drawGradient(QPainter& painter, const QRect& row, const Colours& of, bool downward) {
@@ -57,7 +66,7 @@ void drawSelectedGround(QPainter& painter, const QRect& row, const Colours& of, 
       if (!picture.isNull()) return painter.drawPixmap(row, picture);
       [[fallthrough]];
     default:
-      drawFilled(painter, row, of(of.properties.BackSelected));
+      drawFilled(painter, row, of);
   }
 }
 

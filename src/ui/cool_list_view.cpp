@@ -1,6 +1,7 @@
 #include "ui/cool_list_view.h"
 
 #include "ui/cool_list_accessible.h"
+#include "ui/focus_ring.h"
 #include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
@@ -36,6 +37,11 @@ bool isCommand(const QKeyEvent& event) {
   if ((event.modifiers() & kCommandModifiers) != Qt::NoModifier || event.text().isEmpty()) return false;
   const auto first = event.text().front();
   return first.isLetterOrNumber() || first == ' ';
+}
+
+CoolList::Reach reachOf(Qt::KeyboardModifiers held) {
+  if (held.testFlag(Qt::ShiftModifier)) return CoolList::Reach::Range;
+  return held.testFlag(Qt::ControlModifier) ? CoolList::Reach::Another : CoolList::Reach::One;
 }
 
 std::optional<CoolList::Key> listKey(int key) {
@@ -92,6 +98,8 @@ CoolListView::CoolListView(QWidget* parent)
     tellFocus();
     tell(events.ListIndexChange);
   };
+  list_.events.SelectionChange = [this] { tell(events.SelectionChange); };
+  list_.events.Edited = [this](int index) { tell(events.Edited, index); };
   setProperties(list_.properties());
 }
 
@@ -233,7 +241,7 @@ void CoolListView::paintEvent(QPaintEvent* event) {
     drawRow(painter, drawing(index), list_.properties(), palette(), selectionPicture_);
   }
   const auto current = itemRect(list_.ListIndex());
-  if (list_.properties().Focus && hasFocus() && !current.isEmpty()) {
+  if (list_.properties().Focus && showsFocus(*this) && !current.isEmpty()) {
     const Painting kept(painter);
     painter.setPen(toColour(token("focus")));
     painter.setBrush(Qt::NoBrush);
@@ -292,7 +300,7 @@ bool CoolListView::navigate(const QKeyEvent& event) {
   if (list_.ListIndex() < 0 && list_.ListCount() > 0) {
     return list_.setListIndex(*key == CoolList::Key::End ? list_.ListCount() - 1 : 0).ok();
   }
-  list_.keyDown(*key);
+  list_.keyDown(*key, reachOf(event.modifiers()));
   return true;
 }
 
@@ -332,8 +340,8 @@ void CoolListView::mousePressEvent(QMouseEvent* event) {
   const int y = yInside(event->position());
   const auto index = list_.itemAt(y);
   pressedAt_ = dragOut && index ? std::optional(event->position()) : std::nullopt;
-  pressWaits_ = pressedAt_ && list_.properties().SelectMode == 1 && list_.item(*index).ItemSelected;
-  if (!pressWaits_) list_.mouseDown(y);
+  pressWaits_ = pressedAt_ && list_.properties().SelectMode != 0 && list_.item(*index).ItemSelected;
+  if (!pressWaits_) list_.mouseDown(y, reachOf(event->modifiers()));
 }
 
 void CoolListView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -353,7 +361,9 @@ void CoolListView::mouseMoveEvent(QMouseEvent* event) {
 
 void CoolListView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
-    if (std::exchange(pressWaits_, false)) list_.mouseDown(yInside(event->position()));
+    if (std::exchange(pressWaits_, false)) {
+      list_.mouseDown(yInside(event->position()), reachOf(event->modifiers()));
+    }
     pressedAt_.reset();
     list_.mouseUp();
     step_.stop();

@@ -26,6 +26,8 @@ class CoolListView : public QFrame {
     std::function<void()> Click, DblClick, ListIndexChange;
     std::function<void(const QKeyEvent&)> KeyDown, KeyPress, KeyUp;
     std::function<void(const QMouseEvent&)> MouseDown, MouseMove, MouseUp;
+    std::function<void()> SelectionChange{};
+    std::function<void(int index)> Edited{};
   };
 
   /// What a window adds to the look of the rows.

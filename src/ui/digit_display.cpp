@@ -62,8 +62,7 @@ double advanceOf(QChar character) {
   return character == '.' ? kPointAdvance : character == ':' ? kColonAdvance : kAdvance;
 }
 
-void drawCharacter(QPainter& painter, double pen, QChar character) {
-  const auto lit = toColour(token("tealHi"));
+void drawCharacter(QPainter& painter, double pen, QChar character, const QColor& lit) {
   painter.setBrush(lit);
   if (character == '.') return painter.drawEllipse(QPointF(pen, 0.9325), kDot, kDot);
   if (character == ':') {
@@ -91,7 +90,7 @@ double widthOfDigits(double height, const QString& text) {
   return (width + kLean) * height;
 }
 
-double drawDigits(QPainter& painter, const QPointF& at, double height, const QString& text) {
+double drawDigits(QPainter& painter, const QPointF& at, double height, const QString& text, Rgb lit) {
   const Painting kept(painter);
   painter.setPen(Qt::NoPen);
   painter.translate(at);
@@ -99,7 +98,7 @@ double drawDigits(QPainter& painter, const QPointF& at, double height, const QSt
   painter.setTransform(QTransform(1, 0, -kLean, 1, kLean, 0), true);  // upright at the foot
   double pen = 0;
   for (const auto character : text) {
-    drawCharacter(painter, pen, character);
+    drawCharacter(painter, pen, character, toColour(lit));
     pen += advanceOf(character);
   }
   return widthOfDigits(height, text);

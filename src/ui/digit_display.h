@@ -1,6 +1,8 @@
 // Lit digits of seven bars behind glass, the unlit bars faintly seen.
 #pragma once
 
+#include "ui/tokens.h"
+
 #include <QWidget>
 #include <cstdint>
 
@@ -13,8 +15,9 @@ namespace kvo {
 std::uint8_t digitBars(char character);
 
 /// Draws digits, minus signs, blanks, colons and points, `height` pixels high, from the left of `at` on.
-/// Gives the width that they take.
-double drawDigits(QPainter& painter, const QPointF& at, double height, const QString& text);
+/// Gives the width that they take. `lit` is the colour of bars that are lit.
+double drawDigits(QPainter& painter, const QPointF& at, double height, const QString& text,
+                  Rgb lit = token("tealHi"));
 double widthOfDigits(double height, const QString& text);
 
 class DigitDisplay : public QWidget {

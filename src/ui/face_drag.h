@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QRect>
 #include <optional>
 
 class QMouseEvent;

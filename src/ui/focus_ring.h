@@ -21,8 +21,8 @@ class FocusRing : public QObject {
   void show(QWidget& widget, bool byKeyboard);
   void hide();
 
-  QPointer<QFocusFrame> frame_;  // lives in the window that it is shown in, and may go with it
-  bool lastInputWasKey_ = true;
+  QPointer<QFocusFrame> frame_;   // lives in the window that it is shown in, and may go with it
+  bool lastInputWasKey_ = false;  // nor is the first window's focus the keyboard's doing
 };
 
 /// True where `widget` has to draw that it has the focus.

@@ -1,8 +1,10 @@
 #include "ui/kvo_style.h"
 
+#include "ui/menu_rows.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
 
+#include <QFocusFrame>
 #include <QPainterPath>
 #include <QStyleOption>
 #include <QTabBar>
@@ -16,6 +18,10 @@ constexpr int kRoom = 4;  // about a mark or a handle, for the ring
 constexpr int kLeastHit = 24;
 constexpr int kHandle = 12;
 constexpr int kSlot = 4;
+constexpr int kMenuMarginH = 5;
+constexpr int kMenuMarginV = 6;
+constexpr int kRingRoom = 5;  // from a key to the outer edge of its ring
+constexpr double kRingRadius = 9;
 constexpr int kToolTipDelay = 600;  // milliseconds
 
 bool isEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
@@ -23,6 +29,22 @@ bool isOn(const QStyleOption& option) { return option.state.testFlag(QStyle::Sta
 bool hasKeyboard(const QStyleOption& option) {
   return option.state.testFlag(QStyle::State_HasFocus) &&
          option.state.testFlag(QStyle::State_KeyboardFocusChange);
+}
+
+// A widget may say by properties that the key it is or stands for is smaller than itself, or round.
+const QWidget* ringed(const QWidget* frame) {
+  const auto* ring = qobject_cast<const QFocusFrame*>(frame);
+  return ring == nullptr ? nullptr : ring->widget();
+}
+
+QPoint ringInset(const QWidget* frame) {
+  const auto* widget = ringed(frame);
+  return widget == nullptr ? QPoint() : widget->property("ringInset").toPoint();
+}
+
+bool isRound(const QWidget* frame) {
+  const auto* widget = ringed(frame);
+  return widget != nullptr && widget->property("ringRound").toBool();
 }
 
 void drawTick(QPainter& painter, const QRectF& mark, const QColor& colour) {
@@ -65,17 +87,6 @@ void drawOption(QPainter& painter, const QStyleOption& option) {
     drawDot(painter, QRectF(option.rect).center(),
             toColour(isEnabled(option) ? token("teal") : token("textOff")));
   }
-}
-
-// A tick, or a dot where one of several is chosen.
-void drawMenuMark(QPainter& painter, const QStyleOption& option) {
-  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(&option);
-  if (item == nullptr || !item->checked) return;
-  const Painting kept(painter);
-  const QPointF centre = QRectF(option.rect).center();
-  const auto colour = toColour(isEnabled(option) ? token("teal") : token("textOff"));
-  if (item->checkType == QStyleOptionMenuItem::Exclusive) return drawDot(painter, centre, colour);
-  drawTick(painter, QRectF(centre - QPointF(kMark / 2.0, kMark / 2.0), QSizeF(kMark, kMark)), colour);
 }
 
 void drawHandle(QPainter& painter, const QRectF& handle, bool enabled) {
@@ -131,6 +142,12 @@ int KvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
       return kMark;
+    case PM_MenuHMargin:
+      return kMenuMarginH;
+    case PM_MenuVMargin:
+      return kMenuMarginV;
+    case PM_MenuPanelWidth:
+      return 0;
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
       return 8;
@@ -140,8 +157,9 @@ int KvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_SliderLength:
       return kHandle + 2 * kRoom;
     case PM_FocusFrameHMargin:
+      return kRingRoom - ringInset(widget).x();
     case PM_FocusFrameVMargin:
-      return 5;
+      return kRingRoom - ringInset(widget).y();
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }
@@ -178,6 +196,8 @@ QRect KvoStyle::subElementRect(SubElement element, const QStyleOption* option, c
 
 QSize KvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                  const QWidget* widget) const {
+  const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  if (type == CT_MenuItem && row != nullptr) return menuRowSize(*row, contents);
   auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type == CT_CheckBox || type == CT_RadioButton) {
     size.rwidth() += kRoom;
@@ -192,10 +212,11 @@ void KvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     case PE_IndicatorCheckBox:
       return drawCheckBox(*painter, *option);
     case PE_IndicatorRadioButton:
-      return option->type == QStyleOption::SO_MenuItem ? drawMenuMark(*painter, *option)
-                                                       : drawOption(*painter, *option);
-    case PE_IndicatorMenuCheckMark:
-      return drawMenuMark(*painter, *option);
+      return drawOption(*painter, *option);
+    case PE_PanelMenu:
+      return drawMenuPanel(*painter, option->rect);
+    case PE_FrameMenu:
+      return;  // the panel has it
     case PE_FrameFocusRect:
       // Of a tab, by the line of its text. All others have a ring about them or about their mark.
       if (hasKeyboard(*option) && qobject_cast<const QTabBar*>(widget) != nullptr) {
@@ -223,8 +244,12 @@ void KvoStyle::drawMarked(const QStyleOptionButton& option, QPainter& painter, c
 void KvoStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const {
   if (element == CE_FocusFrame) {
-    return drawFocusRing(*painter, QRectF(option->rect).adjusted(1, 1, -1, -1), 9);
+    const auto outer = QRectF(option->rect).adjusted(1, 1, -1, -1);
+    return drawFocusRing(*painter, outer, isRound(widget) ? outer.width() / 2 - 1 : kRingRadius);
   }
+  const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  if (row != nullptr && element == CE_MenuItem) return drawMenuRow(*painter, *row);
+  if (element == CE_MenuEmptyArea) return;
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   if (button != nullptr && (element == CE_CheckBox || element == CE_RadioButton)) {
     return drawMarked(*button, *painter, widget, element == CE_CheckBox);

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <sstream>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -76,6 +77,7 @@ class Window : public testing::Test {
     ::unsetenv("KVO5_HOME");
     ::unsetenv("XDG_DATA_HOME");
     ::unsetenv("XDG_CONFIG_HOME");
+    ::unsetenv("QT_QPA_PLATFORM");
     video_ = test::makeCountingVideo(work_, "count.avi", "25", 25);
   }
   ~Window() override {
@@ -99,7 +101,13 @@ class Window : public testing::Test {
     return eventually([&] { return has("getactivewindow") && has("getwindowfocus"); });
   }
 
-  static void press(const std::string& keys) { test::runProgram({"xdotool", "key", keys}); }
+  // Keys, blanks between.
+  static void press(const std::string& keys) {
+    std::vector<std::string> command{"xdotool", "key"};
+    std::istringstream each(keys);
+    for (std::string key; each >> key;) command.push_back(key);
+    test::runProgram(command);
+  }
   static void type(const std::string& text) { test::runProgram({"xdotool", "type", "--delay", "1", text}); }
 
   bool ends() {
@@ -165,6 +173,55 @@ TEST_F(Window, ExitWithUnsavedChangesAsks) {
   ASSERT_TRUE(comes("Save changes"));
   press("alt+n");
   ASSERT_TRUE(ends());
+}
+
+TEST_F(Window, IsDrivenByTheKeyboardAlone) {
+  const auto second = test::makeCountingVideo(work_, "second.avi", "25", 10);
+  start({video_, second});
+  ASSERT_TRUE(comes("second.avi - Video"));
+  // While the start goes on there is nothing that keys do.
+  ASSERT_TRUE(eventually([] {
+    press("Home");
+    return test::runProgram({"xdotool", "getactivewindow", "getwindowname"}).out.find("count.avi - Video") ==
+           0;
+  })) << "selects";
+  press("F2");
+  type("First");
+  press("Return");
+  ASSERT_TRUE(comes("First - Video")) << "renames";
+  press("ctrl+Down");
+  press("Home");
+  ASSERT_TRUE(comes("second.avi - Video")) << "moves";
+  press("Delete");
+  ASSERT_TRUE(comes("First - Video")) << "removes";
+  press("ctrl+z");
+  ASSERT_TRUE(comes("second.avi - Video")) << "undoes";
+  press("2");
+  ASSERT_TRUE(comes("First - Video")) << "selects by its number";
+
+  press("F10 k Down Down Return");
+  press("F11");
+  ASSERT_TRUE(comes("Free Zoom Mode"));
+  press("Return");  // the hint
+  ASSERT_TRUE(comes("First - Video")) << "it covers the screen";
+  press("Escape");
+  ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
+  press("Escape");
+  ASSERT_TRUE(comes("First - Video")) << "and back";
+
+  press("ctrl+s");
+  ASSERT_TRUE(comes("Save Collection"));
+  type(work_ / "driven");
+  press("Return");
+  std::string saved;
+  ASSERT_TRUE(eventually([&] {
+    const auto file = PosixFiles().read(work_ / "driven.INI", 1U << 20U);
+    saved = file ? *file : "";
+    return !saved.empty();
+  }));
+  EXPECT_LT(saved.find("second.avi"), saved.find("count.avi"));
+  EXPECT_NE(saved.find("First"), std::string::npos);
+  EXPECT_NE(saved.find("snakesk.jpg"), std::string::npos);
 }
 
 TEST_F(Window, ACollectionThatCannotBeReadIsTold) {

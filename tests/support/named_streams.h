@@ -17,6 +17,13 @@ class NamedStreams : public FrameSource {
     if (found == all.end()) return Error{"cannot open " + path};
     return found->second;
   }
+
+  /// Grey, and as bright as the time in seconds.
+  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
+    if (!all.contains(path)) return Error{"cannot open " + path};
+    const auto bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3;
+    return FramePicture{width, height, std::vector<std::uint8_t>(bytes, static_cast<std::uint8_t>(seconds))};
+  }
 };
 
 }  // namespace kvo::test

@@ -1,4 +1,5 @@
-// What a media file holds, by FFmpeg. A file that was looked at is not opened again until it changes.
+// What a media file holds, by FFmpeg. A file whose facts are known is not opened for them again until it
+// changes.
 #pragma once
 
 #include "ports/frame_source.h"
@@ -12,6 +13,7 @@ namespace kvo {
 class MediaFrameSource : public FrameSource {
  public:
   Result<StreamFacts> facts(const std::string& path) override;
+  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override;
 
  private:
   // What tells that a file is the one that was looked at.

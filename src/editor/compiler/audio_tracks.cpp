@@ -71,7 +71,7 @@ struct OverlayPass {
   double videoEnd = 0;  // 0 when nothing is trimmed
 };
 
-Place nextPlace(const TimelineClip& clip, OverlayOrder order, OverlayPass& pass) {
+TimelinePlace nextPlace(const TimelineClip& clip, OverlayOrder order, OverlayPass& pass) {
   const double length = timelineLength(clip);
   const bool trim = pass.videoEnd > 0;
   const auto held = [&](double t) { return trim ? std::min(t, pass.videoEnd) : t; };

@@ -12,7 +12,7 @@
 namespace kvo {
 
 /// Where a clip lies in the movie, in seconds, as a document gives them.
-struct Place {
+struct TimelinePlace {
   double start = 0;
   double stop = 0;
 };
@@ -38,7 +38,7 @@ struct TimelineClip {
   Boolean HasKeyFrames = false;
   bool dropsFirstOption = false;  ///< ExtraParamName1 and ExtraParamValue1 are emptied
 
-  Place place;          ///< of this compile, else of the one before it
+  TimelinePlace place;  ///< of this compile, else of the one before it
   bool placed = false;  ///< by this compile
 };
 

@@ -1,23 +1,34 @@
-// The pane that is shown while there is no clip: one large key that adds media.
+// The pane that is shown while there is no clip: one large key that adds media, and says what comes after.
 #pragma once
 
-#include "program/media_commands.h"
+#include "program/main_window_state.h"
+#include "windows/main/face_scale.h"
 
-#include <QPushButton>
-#include <functional>
+#include <QAbstractButton>
 
 namespace kvo {
 
-class EmptyPanePart : public QPushButton {
+class EmptyPanePart : public QAbstractButton {
  public:
-  /// `acted` is called behind each addition.
-  EmptyPanePart(const EmptyPaneState& state, MediaCommands& media, std::function<void()> acted,
-                QWidget* parent);
+  /// `folder` has the picture: "/prog/Parts/".
+  EmptyPanePart(const EmptyPaneState& state, const std::string& folder, QWidget* parent);
 
+  void layOut(const FaceScale& scale);
   void draw();
 
+ protected:
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
  private:
+  void drawSteps(QPainter& painter) const;
+
   const EmptyPaneState& state_;
+  std::string folder_;
+  FaceScale scale_;
+  QPixmap picture_;
 };
 
 }  // namespace kvo

@@ -1,99 +1,77 @@
 #include "windows/main/frm_file_open.h"
 
-#include "windows/main/clip_list_part.h"
-#include "windows/main/details_part.h"
-#include "windows/main/empty_pane_part.h"
-#include "windows/main/menu_part.h"
-#include "windows/main/progress_part.h"
-#include "windows/main/widgets.h"
+#include "windows/main/texts.h"
 
-#include <QCloseEvent>
-#include <QHBoxLayout>
-#include <QListView>
-#include <QMimeData>
-#include <QStackedWidget>
-#include <QStatusBar>
-#include <QUrl>
+#include <QWindow>
 #include <utility>
 
 namespace kvo {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
-constexpr int kWidth = 8430 / kTwipsPerPixel;
-constexpr int kHeight = 6150 / kTwipsPerPixel;
-constexpr int kListShare = 3;  // of five parts of the width
-constexpr int kDetailsShare = 2;
-
-// A local name is taken by its bytes, which need not be UTF-8.
-std::string pathOf(const QUrl& url) {
-  return url.isLocalFile()
-             ? QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString()
-             : url.toString().toStdString();
+// Without taking it off the desktop: its window handle passes the wish on.
+void keepAbove(QWidget& window, bool above) {
+  auto* handle = window.windowHandle();
+  if (handle != nullptr && handle->flags().testFlag(Qt::WindowStaysOnTopHint) != above) {
+    handle->setFlag(Qt::WindowStaysOnTopHint, above);
+  }
 }
 
 }  // namespace
 
-FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic)
-    : state_(state), logic_(logic), panel_(made<QStackedWidget>(this)) {
-  resize(kWidth, kHeight);
-  setAcceptDrops(true);
-  const auto acted = [this] { draw(); };
-  auto* page = made<QWidget>(panel_);
-  emptyPane_ = made<EmptyPanePart>(std::cref(state.emptyPane), std::ref(logic_.media), acted, panel_);
-  list_ = made<ClipListPart>(std::cref(state.list), std::ref(logic_.list), acted, page);
-  details_ = made<DetailsPart>(std::cref(state.details), page);
-  progress_ = made<ProgressPart>(std::ref(state.progress), this);
-  auto* columns = made<QHBoxLayout>(page);
-  columns->addWidget(list_, kListShare);
-  columns->addWidget(details_, kDetailsShare);
-  panel_->addWidget(emptyPane_);
-  panel_->addWidget(page);
-  setCentralWidget(panel_);
-  statusBar()->addWidget(progress_, 1);
-  list_->list()->addAction(makeMenus(*this, logic_.collection, logic_.media, acted));
-  draw();
-}
+FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Material& material)
+    : state_(state),
+      acts_(state, {logic.menu, logic.keys, logic.mailbox, logic.shutDown, logic.display},
+            [this] { draw(); }),
+      skinned_(state,
+               {logic.list, logic.history, logic.mailbox, logic.display, logic.pictures,
+                [&media = logic.media] { media.AddMedia(); }},
+               acts_, material.skin, material.images, material.folder, [this] { draw(); }),
+      zoom_(state, {logic.display, logic.pictures}, acts_, material.folder, [this] { draw(); }),
+      place_(material.store, material.desktop, "FrmFileOpenPlace") {}
 
+// What is drawn may tell the logic of a size that it has got, and so ask for another drawing.
 void FrmFileOpen::draw() {
-  panel_->setCurrentIndex(state_.list.visible ? 1 : 0);
-  emptyPane_->draw();
-  list_->draw();
-  details_->draw();
-  progress_->draw();
-  drawFace();
-}
-
-void FrmFileOpen::drawFace() {
-  auto& face = state_.face;
-  setWindowTitle(shown(face.caption));
-  emptyPane_->setEnabled(face.controlsEnabled);
-  if (!face.visible) return;
-  if (!isVisible()) {
-    face.fullScreen ? showFullScreen() : show();
-    (state_.list.visible ? static_cast<QWidget*>(list_->list()) : emptyPane_)->setFocus();
+  again_ = true;
+  if (std::exchange(drawing_, true)) return;
+  constexpr int kMostRounds = 3;
+  for (int round = 0; again_ && round < kMostRounds; ++round) {
+    again_ = false;
+    state_.face.visible ? showFace() : leave();
   }
-  if (std::exchange(face.raise, false)) {
-    raise();
-    activateWindow();
+  drawing_ = false;
+}
+
+QWidget& FrmFileOpen::face() {
+  return state_.mode.IsMiniMode ? static_cast<QWidget&>(zoom_) : static_cast<QWidget&>(skinned_);
+}
+
+void FrmFileOpen::showFace() {
+  auto& now = face();
+  auto& other = &now == &skinned_ ? static_cast<QWidget&>(zoom_) : static_cast<QWidget&>(skinned_);
+  const auto caption = shown(state_.face.caption);
+  if (skinned_.windowTitle() != caption) skinned_.setWindowTitle(caption);
+  &now == &skinned_ ? skinned_.draw() : zoom_.draw();
+  if (!now.isVisible()) {
+    other.isVisible() ? place_.moveTo(now, other.pos()) : place_.restore(now);
+    state_.mode.IsFullScreenWindow ? now.showFullScreen() : now.show();
+    other.hide();
+    now.activateWindow();
+    again_ = true;  // what is only drawn while it is seen
+  }
+  keepAbove(now, state_.face.stayOnTop);
+  if (std::exchange(state_.face.raise, false)) {
+    now.raise();
+    now.activateWindow();
   }
 }
 
-void FrmFileOpen::closeEvent(QCloseEvent* event) {
-  event->setAccepted(logic_.shutDown.exit());
-  draw();
-}
-
-void FrmFileOpen::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
-}
-
-void FrmFileOpen::dropEvent(QDropEvent* event) {
-  std::vector<std::string> paths;
-  for (const auto& url : event->mimeData()->urls()) paths.push_back(pathOf(url));
-  event->acceptProposedAction();
-  logic_.mailbox.takeFiles(paths);
-  draw();
+// The end of the program, or the time ahead of its first window.
+void FrmFileOpen::leave() {
+  for (auto* window : {static_cast<QWidget*>(&skinned_), static_cast<QWidget*>(&zoom_)}) {
+    if (!window->isVisible()) continue;
+    if (!window->isFullScreen()) place_.keep(*window);
+    window->close();
+  }
 }
 
 }  // namespace kvo

@@ -1,53 +1,58 @@
-// The main window: puts its parts together. Each part draws its struct of the state and calls the logic for
-// what the user does there; nothing is decided here.
+// The main window: its faces, of which one is shown, and what they share. Each part of a face draws its
+// struct of the state and calls the logic for what the user does there; nothing is decided here.
 #pragma once
 
-#include "program/list_commands.h"
+#include "program/clip_picture.h"
 #include "program/media_commands.h"
-#include "program/shut_down.h"
+#include "windows/main/free_zoom_face.h"
+#include "windows/main/skinned_face.h"
+#include "windows/main/window_place.h"
 
-#include <QMainWindow>
-
-class QStackedWidget;
+#include <memory>
+#include <string>
 
 namespace kvo {
 
-class ClipListPart;
-class DetailsPart;
-class EmptyPanePart;
-class ProgressPart;
-
-class FrmFileOpen : public QMainWindow {
+class FrmFileOpen {
  public:
   /// Whom the parts ask.
   struct Logic {
-    CollectionCommands& collection;
-    MediaCommands& media;
+    MainMenu& menu;
+    KeyCommands& keys;
     ListCommands& list;
+    History& history;
+    MediaCommands& media;
     Mailbox& mailbox;
     ShutDown& shutDown;
+    Display& display;
+    ClipPicture& pictures;
+  };
+  /// What the window is made of.
+  struct Material {
+    SkinFace& skin;
+    ImageList1& images;
+    UserStore& store;  ///< remembers its place
+    Desktop& desktop;
+    std::string folder;  ///< the program's, with a separator at its end
   };
 
-  FrmFileOpen(MainWindowState& state, const Logic& logic);
+  FrmFileOpen(MainWindowState& state, const Logic& logic, const Material& material);
 
   /// Brings the widgets in line with the state.
   void draw();
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
-
  private:
-  void drawFace();
+  [[nodiscard]] QWidget& face();
+  void showFace();
+  void leave();
 
   MainWindowState& state_;
-  Logic logic_;
-  QStackedWidget* panel_;
-  EmptyPanePart* emptyPane_;
-  ClipListPart* list_;
-  DetailsPart* details_;
-  ProgressPart* progress_;
+  WindowActs acts_;
+  SkinnedFace skinned_;
+  FreeZoomFace zoom_;
+  WindowPlace place_;
+  bool drawing_ = false;
+  bool again_ = false;  // the state has changed since the drawing began
 };
 
 }  // namespace kvo

@@ -1,0 +1,68 @@
+#include "app/face_links.h"
+
+#include "core/telling/failures.h"
+#include "playback/display/interface_size.h"
+
+#include <optional>
+
+namespace kvo {
+
+FaceLinks::FaceLinks(const Parts& parts)
+    : parts_(parts),
+      player_(parts.window.mode, parts.collection, parts.streams),
+      buttons_(parts.window.buttons, parts.window.mode, player_),
+      display_({parts.window.mode, player_, buttons_, parts.settings, parts.collection, parts.desktop,
+                parts.boxes, *this}) {
+  parts_.list.whenInHand([this](int number) { load(number); });
+}
+
+double FaceLinks::sizeInForce() const {
+  const auto screens = parts_.desktop.screens();
+  const double choice = parts_.window.face.interfaceSize;
+  return interfaceSize(screens.empty() ? Screen{} : screens.front(),
+                       choice > 0 ? std::optional(choice) : std::nullopt);
+}
+
+void FaceLinks::takeInterfaceSize() {
+  if (std::exchange(hasLoaded_, true)) {
+    display_.setInterfaceSize(sizeInForce());
+  } else {
+    display_.Form_Load(sizeInForce());
+  }
+}
+
+void FaceLinks::turnDetails() {
+  parts_.settings.state.AllDetOff ? display_.AllDetOn() : display_.Lbl_MinDets_Click();
+}
+
+void FaceLinks::load(int number) {
+  if (number == 0) return player_.PlayerClear();
+  const auto& clip = parts_.collection.MovieList[number];
+  if (parts_.window.skin.logoCaption != kProductName)
+    FadBorder(std::string(kProductName));  // sound has another
+  player_.PlayerSetFilename(clip.Path() + clip.MovieName(), number);
+  if (!clip.IsStill()) player_.PlayerShow();
+  display_.PositionAndSize();
+  if (clip.IsStill()) display_.PositionandShowStill();
+}
+
+void FaceLinks::skins() { skins_->skins(true, true, parts_.settings.preferences().SkinPath, false); }
+
+void FaceLinks::ShapeMe() { skins_->ShapeMe(); }
+
+void FaceLinks::ShapePlain() {
+  static_cast<void>(parts_.pictures.loadMask({}));
+  parts_.window.skin.mask.clear();
+}
+
+void FaceLinks::FadBorder(const std::string& caption) {
+  skins_->FadBorder(caption, parts_.window.skin.LogoColor);
+}
+
+void FaceLinks::Displaymovieinfo(int number) { parts_.list.renew(number); }
+
+void FaceLinks::PreviewMovie(int number) { load(number); }
+
+void FaceLinks::untickStayOnTop() { parts_.window.face.stayOnTop = false; }
+
+}  // namespace kvo

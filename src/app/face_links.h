@@ -1,0 +1,69 @@
+// What the display, the skins and the list of the main window ask of each other: wiring, and no rules.
+#pragma once
+
+#include "playback/display/display.h"
+#include "playback/first_frame_player.h"
+#include "ports/skin_pictures.h"
+#include "program/clip_list.h"
+#include "program/skins.h"
+
+#include <string>
+
+namespace kvo {
+
+class FaceLinks : public DisplayHost, public SkinCalls {
+ public:
+  struct Parts {
+    MainWindowState& window;
+    KVO2& settings;
+    Collection& collection;
+    FrameSource& streams;
+    Desktop& desktop;
+    MessageBoxes& boxes;
+    SkinPictures& pictures;
+    ClipList& list;
+  };
+  explicit FaceLinks(const Parts& parts);
+
+  /// The skins are made behind this.
+  void link(Skins& skins) { skins_ = &skins; }
+
+  [[nodiscard]] Display& display() { return display_; }
+
+  /// Puts the interface size in force that the user has chosen, or the screen's.
+  void takeInterfaceSize();
+  /// Details on and off.
+  void turnDetails();
+
+  // Of the display
+  void skins() override;
+  void ShapeMe() override;
+  void ShapePlain() override;
+  void FadBorder(const std::string& caption) override;
+  void Displaymovieinfo(int number) override;
+  void EnabledMenus() override {}  // menus are made when they are opened
+  void PreviewMovie(int number) override;
+  void untickStayOnTop() override;
+
+  // Of the skins
+  void BuildAllButs(bool stepButtons) override { buttons_.BuildAllButs(stepButtons); }
+  void BuildButton(std::string_view key) override { buttons_.BuildButton(key); }
+  void PlayerPause() override { player_.PlayerPause(); }
+  void PlayerStop() override { player_.PlayerStop(); }
+  void GlobalMediaPlay() override { player_.GlobalMediaPlay(); }
+  [[nodiscard]] bool playerHoldsClip() const override { return !player_.PlayerIsEmpty(); }
+  [[nodiscard]] bool clipHasPath() const override { return !parts_.window.mode.player.path.empty(); }
+
+ private:
+  [[nodiscard]] double sizeInForce() const;
+  void load(int number);
+
+  Parts parts_;
+  FirstFramePlayer player_;
+  Buttons buttons_;
+  Display display_;
+  Skins* skins_ = nullptr;
+  bool hasLoaded_ = false;
+};
+
+}  // namespace kvo

@@ -1,0 +1,178 @@
+#include "windows/main/free_zoom_face.h"
+
+#include "ui/made.h"
+#include "ui/theme.h"
+#include "windows/main/texts.h"
+
+#include <QGraphicsOpacityEffect>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <algorithm>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr int kToolbarRest = 2000;  // milliseconds
+constexpr int kToolbarFade = 120;
+constexpr double kZoomToolbarHigh = 46;
+constexpr int kLeastZoomWidth = 320;  // pixels
+constexpr int kLeastZoomHeight = 120;
+
+}  // namespace
+
+FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowActs& acts,
+                           const std::string& folder, std::function<void()> acted)
+    : QWidget(nullptr, Qt::Window),
+      state_(state),
+      logic_(logic),
+      acted_(std::move(acted)),
+      toolbar_(made<ToolbarPart>(state, toolActs(), folder, this)),
+      picture_(made<PictureBox>(state, logic_.pictures, this)),
+      fade_(made<QGraphicsOpacityEffect>(toolbar_)),
+      fading_(made<QPropertyAnimation>(fade_, "opacity", this)) {
+  setMinimumSize(kLeastZoomWidth, kLeastZoomHeight);
+  setMouseTracking(true);
+  picture_->setMouseTracking(true);
+  picture_->installEventFilter(this);
+  toolbar_->setGraphicsEffect(fade_);
+  fade_->setOpacity(1);
+  fade_->setEnabled(false);
+  fading_->setDuration(kToolbarFade);
+  connect(fading_, &QPropertyAnimation::finished, [this] {
+    const bool gone = fade_->opacity() == 0;
+    toolbar_->setVisible(!gone);
+    fade_->setEnabled(gone);
+  });
+  rest_.setSingleShot(true);
+  rest_.setInterval(kToolbarRest);
+  connect(&rest_, &QTimer::timeout, [this] { showToolbar(false); });
+  acts.serve(*this);
+}
+
+ToolbarPart::Acts FreeZoomFace::toolActs() {
+  const auto act = [this](void (Display::*work)()) {
+    return [this, work] {
+      (logic_.display.*work)();
+      acted_();
+    };
+  };
+  ToolbarPart::Acts acts;
+  const auto of = [&](HitLabel label) -> std::function<void()>& {
+    return acts[static_cast<std::size_t>(label)];
+  };
+  of(HitLabel::Lbl_SliderMiniMode) = act(&Display::Lbl_SliderMiniMode_Click);
+  of(HitLabel::Lbl_MinMax) = act(&Display::Lbl_MinMax_Click);
+  of(HitLabel::Lbl_MiniMode) = act(&Display::Lbl_MiniMode_Click);
+  return acts;
+}
+
+void FreeZoomFace::draw() {
+  state_.list.rename = false;  // there is no list to do it in
+  const FaceScale scale(state_.mode.interfaceSize, logicalDpiY());
+  if (scale != scale_ || pixelRatio_ != devicePixelRatio()) {
+    scale_ = scale;
+    pixelRatio_ = devicePixelRatio();
+    toolbar_->layOut(scale_);
+  }
+  const auto caption =
+      shown(state_.mode.window.caption.empty() ? state_.face.caption : state_.mode.window.caption);
+  if (caption != windowTitle()) setWindowTitle(caption);
+  takeShape();
+  toolbar_->draw();
+  placePicture();
+  picture_->draw();
+}
+
+void FreeZoomFace::takeShape() {
+  const auto& window = state_.mode.window;
+  const bool covers = window.border == BorderStyle::Covering;
+  if (covers != isFullScreen() && isVisible()) {
+    covers ? showFullScreen() : showNormal();
+    showToolbar(true);
+  }
+  if (std::exchange(placings_, window.placings) == window.placings || covers) return;
+  const double pixel = state_.mode.twipsPerPixel();
+  resize(qRound(window.place.width / pixel), qRound(window.place.height / pixel));
+}
+
+// What the state gives the picture, cut to the window.
+void FreeZoomFace::placePicture() {
+  const auto& mode = state_.mode;
+  const int toolbar = scale_.at(kZoomToolbarHigh);
+  toolbar_->setGeometry(0, 0, width(), toolbar);
+  picture_->setVisible(state_.list.ListIndex >= 0);
+  QRect room(0, toolbar, width(), std::max(height() - toolbar, 0));
+  const bool hasPicture = !picture_->isSign();
+  const auto& place = mode.still.Img_Still.visible ? mode.still.Img_Still.place : mode.player.place;
+  if (hasPicture && !place.parked() && place.width > 0 && place.height > 0) {
+    const double pixel = mode.twipsPerPixel();
+    const QRect given(qRound(place.left / pixel), qRound(place.top / pixel), qRound(place.width / pixel),
+                      qRound(place.height / pixel));
+    if (const auto cut = given & room; !cut.isEmpty()) room = cut;
+  }
+  picture_->setGeometry(room);
+}
+
+void FreeZoomFace::showToolbar(bool shown) {
+  if (!shown && (!isFullScreen() || toolbar_->underMouse())) return;
+  if (shown && !toolbar_->isHidden()) {
+    fading_->stop();
+    fade_->setOpacity(1);
+    fade_->setEnabled(false);
+  } else {
+    toolbar_->show();
+    fade_->setEnabled(true);
+    fading_->stop();
+    fading_->setEndValue(shown ? 1.0 : 0.0);
+    fading_->start();
+  }
+  isFullScreen() && shown ? rest_.start() : rest_.stop();
+}
+
+void FreeZoomFace::mouseMoved() {
+  if (isFullScreen() && !toolbar_->isHidden()) rest_.start();
+}
+
+bool FreeZoomFace::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseMove) mouseMoved();
+  return QWidget::eventFilter(watched, event);
+}
+
+bool FreeZoomFace::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseMove:
+      mouseMoved();
+      break;
+    case QEvent::KeyPress:
+      showToolbar(true);
+      break;
+    case QEvent::ScreenChangeInternal:
+      draw();
+      break;
+    default:
+      break;
+  }
+  return QWidget::event(event);
+}
+
+void FreeZoomFace::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) showToolbar(true);
+}
+
+void FreeZoomFace::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  logic_.display.Lbl_MinMax_Click();
+  acted_();
+}
+
+void FreeZoomFace::resizeEvent(QResizeEvent* /*event*/) {
+  const double pixel = state_.mode.twipsPerPixel();
+  logic_.display.Form_Resize(width() * pixel, height() * pixel);
+  acted_();
+}
+
+void FreeZoomFace::paintEvent(QPaintEvent* /*event*/) { QPainter(this).fillRect(rect(), Qt::black); }
+
+}  // namespace kvo

@@ -1,0 +1,154 @@
+#include "windows/main/glass_part.h"
+
+#include "ui/digit_display.h"
+#include "ui/painting.h"
+#include "ui/theme.h"
+#include "windows/main/texts.h"
+
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QToolTip>
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr QRectF kGlass(160, 333, 384, 28);
+constexpr double kGlassRim = 2;
+constexpr QPointF kDigits(170, 338.75);
+constexpr double kDigitHeight = 16.5;
+constexpr double kDigitsEnd = 290;
+constexpr double kLampsEnd = 424;
+constexpr double kLampGap = 4;
+constexpr double kLampPadding = 4.5;
+constexpr QRectF kLamp(0, 340.5, 0, 13);
+constexpr double kLampText = 9.5;
+constexpr QRectF kRatePlace(438, 333, 46, 28);
+constexpr QRectF kLevelPlace(488, 333, 32, 28);
+constexpr std::array kDividers = {431.5, 486.5};
+constexpr QRectF kLoudspeaker(525.5, 340, 14, 14);
+constexpr auto kUnlitDigits = "88:88:8888";
+
+struct Lamp {
+  const char* text;
+  bool lit;
+};
+
+}  // namespace
+
+GlassPart::GlassPart(const DisplayState& state, const MenuState& lamps, QWidget* parent)
+    : QWidget(parent), state_(state), lamps_(lamps) {}
+
+void GlassPart::layOut(const FaceScale& scale) {
+  scale_ = scale;
+  setGeometry(
+      placedIn(*parentWidget(), scale, kGlass.adjusted(-kGlassRim, -kGlassRim, kGlassRim, kGlassRim)));
+  update();
+}
+
+void GlassPart::draw(Rgb colour) {
+  std::pair now(state_, lamps_);
+  if (drawn_ == now && colour == colour_) return;
+  drawn_ = std::move(now);
+  colour_ = colour;
+  describe();
+  update();
+}
+
+void GlassPart::describe() {
+  QStringList told;
+  if (!state_.digits.empty()) told << shown(state_.digits);
+  if (lamps_.mnu_Looping) told << tr("loops");
+  if (lamps_.mnu_RewAtEnd) told << tr("rewinds at the end");
+  if (lamps_.mnu_LoopCol) told << tr("repeats all clips");
+  if (!state_.rate.empty()) told << tr("rate %1").arg(shown(state_.rate));
+  if (state_.sound) told << tr("volume %1 per cent").arg(state_.volume);
+  setAccessibleName(tr("Display"));
+  setAccessibleDescription(told.join(", "));
+}
+
+bool GlassPart::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto& help = *static_cast<QHelpEvent*>(event);
+  const bool onDigits = help.pos().x() < scale_.at(kDigitsEnd - kGlass.left());
+  const auto tip = onDigits ? plainTip(state_.digitsTip) : QString();
+  tip.isEmpty() ? QToolTip::hideText() : QToolTip::showText(help.globalPos(), tip, this);
+  return true;
+}
+
+void GlassPart::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const auto glass = placedIn(*this, scale_, kGlass);
+  const double radius = 5 * scale_.size();
+  drawPlate(painter, glass, radius, scale_, toColour(token("glass")));
+  QLinearGradient light(0, glass.top(), 0, glass.center().y());
+  light.setColorAt(0, QColor(255, 255, 255, 18));
+  light.setColorAt(1, QColor(255, 255, 255, 3));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(light);
+  painter.drawRoundedRect(QRectF(glass.left(), glass.top(), glass.width(), glass.height() / 2.0), radius,
+                          radius);
+  drawDigits(painter);
+  if (state_.rate.empty() && !state_.sound && state_.digits.empty()) return;  // no clip is in hand
+  drawLamps(painter);
+  drawRateAndLevel(painter);
+}
+
+void GlassPart::drawDigits(QPainter& painter) const {
+  const QPointF at = placedIn(*this, scale_, {kDigits, QSizeF(1, 1)}).topLeft();
+  const double height = kDigitHeight * scale_.size();
+  if (state_.digits.empty()) {
+    kvo::drawDigits(painter, at, height, kUnlitDigits, token("unlit"));
+  } else {
+    kvo::drawDigits(painter, at, height, shown(state_.digits));
+  }
+}
+
+// From the right to the left, so that they stand clear of the rate in each type face. One that is lit gains a
+// ground and brighter ink.
+void GlassPart::drawLamps(QPainter& painter) const {
+  const std::array lamps = {Lamp{"ALL", lamps_.mnu_LoopCol}, Lamp{"REWIND", lamps_.mnu_RewAtEnd},
+                            Lamp{"LOOP", lamps_.mnu_Looping}};
+  auto font = scale_.text(kLampText, QFont::DemiBold);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4 * scale_.size());
+  painter.setFont(font);
+  double right = kLampsEnd;
+  for (const auto& lamp : lamps) {
+    const auto text = QString::fromLatin1(lamp.text);
+    const double width = QFontMetricsF(font, this).horizontalAdvance(text) / scale_.size() + 2 * kLampPadding;
+    const auto box = placedIn(*this, scale_, {right - width, kLamp.top(), width, kLamp.height()});
+    painter.setPen(QPen(toColour(lamp.lit ? token("teal") : token("line1")), scale_.hairline()));
+    painter.setBrush(lamp.lit ? QBrush(toColour(token("tealBg"))) : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(onPixels(box), 3 * scale_.size(), 3 * scale_.size());
+    painter.setPen(toColour(lamp.lit ? token("tealHi") : token("text3")));
+    painter.drawText(box, Qt::AlignCenter, text);
+    right -= width + kLampGap;
+  }
+}
+
+void GlassPart::drawRateAndLevel(QPainter& painter) const {
+  painter.setPen(QPen(toColour(token("line1")), scale_.hairline()));
+  for (const double x : kDividers) {
+    const auto line = placedIn(*this, scale_, {x, 339, 1, 16});
+    painter.drawLine(line.topLeft(), line.bottomLeft());
+  }
+  if (!state_.rate.empty()) {
+    painter.setFont(scale_.text(11, QFont::DemiBold));
+    painter.setPen(toColour(colour_));
+    painter.drawText(placedIn(*this, scale_, kRatePlace), Qt::AlignCenter, shown(state_.rate));
+  }
+  if (!state_.sound) return;
+  painter.setFont(scale_.text(11, QFont::Medium));
+  painter.setPen(toColour(token("text1")));
+  painter.drawText(placedIn(*this, scale_, kLevelPlace), Qt::AlignVCenter | Qt::AlignRight,
+                   QString::number(state_.volume) + '%');
+  const bool off = state_.volume == 0;
+  const auto place = placedIn(*this, scale_, kLoudspeaker);
+  painter.drawPixmap(place.topLeft(), iconPicture(off ? "mute" : "vol", off ? token("amber") : token("text2"),
+                                                  place.width(), devicePixelRatio()));
+}
+
+}  // namespace kvo

@@ -1,0 +1,33 @@
+// A small key without a plate of its own: an icon that lights up under the pointer.
+#pragma once
+
+#include "ui/tokens.h"
+#include "windows/main/face_scale.h"
+
+#include <QAbstractButton>
+
+namespace kvo {
+
+class IconKey : public QAbstractButton {
+ public:
+  /// `units` is what takes the mouse; the icon, `side` pixels at size 1, stands in its middle. `name` is what
+  /// a screen reader is told.
+  IconKey(const QString& icon, const QString& name, const QRectF& units, double side, QWidget* parent);
+
+  void layOut(const FaceScale& scale);
+  void setIconName(const QString& icon);
+
+ protected:
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString icon_;
+  QRectF units_;
+  double side_;
+  FaceScale scale_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,85 @@
+#include "windows/main/key_label.h"
+
+#include "ui/theme.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace kvo {
+namespace {
+
+constexpr double kHoverLight = 0.1;      // how much lighter
+constexpr double kPressedShade = 0.35;   // how much darker
+constexpr double kDisabledShade = 0.62;  // how much nearer to the ground
+
+// The picture with a colour laid over what it covers.
+QPixmap laidOver(const QPixmap& picture, QColor colour, double part) {
+  auto toned = picture;
+  QPainter painter(&toned);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  colour.setAlphaF(static_cast<float>(part));
+  painter.fillRect(toned.rect(), colour);
+  return toned;
+}
+
+}  // namespace
+
+KeyLabel::KeyLabel(const QString& name, QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAccessibleName(name);
+  setToolTip(name);
+}
+
+void KeyLabel::setPicture(const QPixmap& picture, const QRect& part) {
+  if (picture.cacheKey() == picture_.cacheKey() && part == part_) return;
+  picture_ = picture;
+  part_ = part;
+  update();
+}
+
+void KeyLabel::setShape(const QRect& key, bool isRound) {
+  setProperty("ringInset", QPoint(key.left(), key.top()));
+  setProperty("ringRound", isRound);
+}
+
+void KeyLabel::setLit(bool lit) {
+  if (lit == lit_) return;
+  lit_ = lit;
+  describe();
+}
+
+void KeyLabel::describe() {
+  setAccessibleDescription(lit_ ? tr("%1, lit").arg(accessibleName()) : accessibleName());
+}
+
+void KeyLabel::enterEvent(QEnterEvent* event) {
+  QAbstractButton::enterEvent(event);
+  update();
+}
+
+void KeyLabel::leaveEvent(QEvent* event) {
+  QAbstractButton::leaveEvent(event);
+  update();
+}
+
+void KeyLabel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
+}
+
+void KeyLabel::changeEvent(QEvent* event) {
+  QAbstractButton::changeEvent(event);
+  if (event->type() == QEvent::EnabledChange) update();
+}
+
+void KeyLabel::paintEvent(QPaintEvent* /*event*/) {
+  if (picture_.isNull()) return;
+  QPainter painter(this);
+  const auto draw = [&](const QPixmap& picture) { painter.drawPixmap(-part_.topLeft(), picture); };
+  if (!isEnabled()) return draw(laidOver(picture_, toColour(token("ink1")), kDisabledShade));
+  if (isDown()) return draw(laidOver(picture_, Qt::black, kPressedShade));
+  if (underMouse()) draw(laidOver(picture_, Qt::white, kHoverLight));
+}
+
+}  // namespace kvo

@@ -1,0 +1,38 @@
+// An invisible label over a key that is drawn into the face: takes mouse, keyboard and focus, and lets the
+// drawn key answer.
+#pragma once
+
+#include <QAbstractButton>
+#include <QPixmap>
+#include <QRect>
+
+namespace kvo {
+
+class KeyLabel : public QAbstractButton {
+ public:
+  /// `name` is what a screen reader is told, and the tool tip unless another one is set.
+  KeyLabel(const QString& name, QWidget* parent);
+
+  /// The key's picture as it is drawn in the face, and the part of it that the label lies on, both in logical
+  /// pixels of the picture.
+  void setPicture(const QPixmap& picture, const QRect& part);
+  /// What of the label is the key itself, which the ring of focus goes about.
+  void setShape(const QRect& key, bool isRound);
+  void setLit(bool lit);
+
+ protected:
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void describe();
+
+  QPixmap picture_;
+  QRect part_;
+  bool lit_ = false;
+};
+
+}  // namespace kvo

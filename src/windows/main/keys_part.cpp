@@ -1,0 +1,207 @@
+#include "windows/main/keys_part.h"
+
+#include "ui/kvo_but.h"
+#include "ui/made.h"
+#include "windows/main/key_label.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+
+namespace kvo {
+namespace {
+
+constexpr const char* kKeysContext = "KeysPart";
+constexpr double kCloseBehindMinimise = 26;  // pixels at size 1, from left to left
+constexpr int kSpeedThirds = 3;
+
+struct KeyRow {
+  KeyPlace place;
+  int third;   ///< of the picture from left to right; -1 for all of it
+  QRectF key;  ///< what of the label is the key, at size 1
+  bool isRound;
+  bool isStep;  ///< one of the seven that can be disabled together
+  const char* name;
+  std::function<void()> KeysPart::Acts::*act;
+};
+
+constexpr int kWhole = -1;
+
+// In the order of Tab.
+const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
+    {KeyPlace::Play,
+     kWhole,
+     {2, 2, 44, 44},
+     true,
+     false,
+     QT_TRANSLATE_NOOP("KeysPart", "Play"),
+     &KeysPart::Acts::play},
+    {KeyPlace::Pause,
+     kWhole,
+     {2, 5, 28, 28},
+     true,
+     false,
+     QT_TRANSLATE_NOOP("KeysPart", "Pause"),
+     &KeysPart::Acts::pause},
+    {KeyPlace::FastRewind,
+     kWhole,
+     {3, 2, 22, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart",
+                       "Right-Click to position to start or Click or Hold Down to rewind 5 frames"),
+     &KeysPart::Acts::rewind5},
+    {KeyPlace::FrameBack,
+     kWhole,
+     {3, 2, 22, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart", "One frame back"),
+     &KeysPart::Acts::back1},
+    {KeyPlace::FrameForward,
+     kWhole,
+     {3, 2, 22, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart", "One frame forward"),
+     &KeysPart::Acts::forward1},
+    {KeyPlace::FastForward,
+     kWhole,
+     {3, 2, 22, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart",
+                       "Right-Click to position to end or Click or Hold Down to advance 5 frames"),
+     &KeysPart::Acts::advance5},
+    {KeyPlace::Speeds,
+     0,
+     {2, 2, 30, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart", "A quarter of the speed"),
+     &KeysPart::Acts::speed025},
+    {KeyPlace::Speeds,
+     1,
+     {0, 2, 32, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart", "Half the speed"),
+     &KeysPart::Acts::speed05},
+    {KeyPlace::Speeds,
+     2,
+     {0, 2, 30, 24},
+     false,
+     true,
+     QT_TRANSLATE_NOOP("KeysPart", "Twice the speed"),
+     &KeysPart::Acts::speed02},
+    {KeyPlace::Size,
+     kWhole,
+     {2, 2, 34, 24},
+     false,
+     false,
+     QT_TRANSLATE_NOOP("KeysPart", "Size of the picture"),
+     &KeysPart::Acts::size},
+    {KeyPlace::PlayAll,
+     kWhole,
+     {2, 2, 48, 30},
+     false,
+     false,
+     QT_TRANSLATE_NOOP("KeysPart", "Play all"),
+     &KeysPart::Acts::playAll},
+    {KeyPlace::Mini,
+     kWhole,
+     {2, 1, 40, 16},
+     false,
+     false,
+     QT_TRANSLATE_NOOP("KeysPart", "Free Zoom Mode"),
+     &KeysPart::Acts::mini},
+    {KeyPlace::Minimise,
+     kWhole,
+     {1, 2, 22, 19},
+     false,
+     false,
+     QT_TRANSLATE_NOOP("KeysPart", "Minimise"),
+     &KeysPart::Acts::minimise},
+}};
+
+QString keyName(const char* name) { return QCoreApplication::translate(kKeysContext, name); }
+
+// Images of keys that are lit: play, pause and the steps while they are held.
+bool isLit(int image) {
+  return image == 2 || image == 4 || image == 6 || image == 8 || image == 10 || image == 12;
+}
+
+// The pictures stand in pairs, lit or not; a key that is drawn lit or unlit has the same measures.
+QRect partOf(const KeyRow& row, const QSize& picture) {
+  if (row.third == kWhole) return {QPoint(), picture};
+  const int from = picture.width() * row.third / kSpeedThirds;
+  const int to = picture.width() * (row.third + 1) / kSpeedThirds;
+  return {from, 0, to - from, picture.height()};
+}
+
+}  // namespace
+
+KeysPart::KeysPart(const ButtonsState& state, ImageList1& images, const Acts& acts, const std::string& folder,
+                   QWidget* face)
+    : state_(state), images_(images), acts_(acts), folder_(folder) {
+  for (std::size_t i = 0; i < kLabels; ++i) {
+    labels_[i] = made<KeyLabel>(keyName(kKeyRows[i].name), face);
+    if (const auto& act = acts_.*kKeyRows[i].act) QObject::connect(labels_[i], &KeyLabel::clicked, act);
+  }
+  close_ = made<KVOBut>(face);
+  close_->setToolTip(QCoreApplication::translate(kKeysContext, "Close"));
+  QObject::connect(close_, &KVOBut::clicked, acts_.close);
+}
+
+void KeysPart::layOut(const FaceScale& scale) {
+  scale_ = scale;
+  const auto picture = [&](const char* ending) {
+    return QString::fromStdString(folder_ + "Buttons/Close_Rnd_" + ending + ".bmp");
+  };
+  close_->setPictures(picture("Off"), picture("Hvr"), picture("On"), scale.size());
+  close_->resize(close_->sizeHint());
+  draw();
+}
+
+void KeysPart::draw() {
+  for (std::size_t i = 0; i < kLabels; ++i) {
+    const auto& row = kKeyRows[i];
+    const auto& drawn = state_.at(row.place);
+    auto& label = *labels_[i];
+    label.setVisible(drawn.image > 0);
+    if (drawn.image == 0) continue;
+    const auto& picture = images_.picture(drawn.image, scale_.size(), label.devicePixelRatio());
+    const auto part = partOf(row, picture.deviceIndependentSize().toSize());
+    label.setGeometry(part.translated(drawn.left, drawn.top));
+    label.setPicture(picture, part);
+    label.setShape(scale_.place(row.key), row.isRound);
+    label.setEnabled(acts_.*row.act && (!row.isStep || state_.stepLabelsEnabled));
+    label.setLit(isLit(drawn.image));
+  }
+  const auto& minimise = state_.at(KeyPlace::Minimise);
+  close_->move(minimise.left + scale_.at(kCloseBehindMinimise), minimise.top);
+}
+
+void KeysPart::paint(QPainter& painter) {
+  for (const auto& key : state_.drawn) {
+    if (key.image > 0) images_.CreateActbut(painter, key.left, key.top, key.image, scale_.size());
+  }
+}
+
+void KeysPart::setMiniTip(const QString& tip) {
+  for (std::size_t i = 0; i < kLabels; ++i) {
+    if (kKeyRows[i].place == KeyPlace::Mini && labels_[i]->toolTip() != tip) labels_[i]->setToolTip(tip);
+  }
+}
+
+QPoint KeysPart::volumeCorner() const {
+  const auto& volume = state_.at(KeyPlace::Volume);
+  return {volume.left, volume.top};
+}
+
+std::vector<QWidget*> KeysPart::tabOrder() const {
+  std::vector<QWidget*> order(labels_.begin(), labels_.end());
+  order.push_back(close_);
+  return order;
+}
+
+}  // namespace kvo

@@ -1,0 +1,112 @@
+#include "windows/main/picture_box.h"
+
+#include "ui/painting.h"
+#include "ui/theme.h"
+#include "windows/main/texts.h"
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr double kSignShare = 0.22;  // of the lower side
+constexpr int kLeastSign = 24;       // pixels
+constexpr int kSignTextGap = 10;
+
+QPixmap toPixmap(const FramePicture& picture, double pixelRatio) {
+  const QImage image(picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,
+                     QImage::Format_BGR888);
+  auto pixmap = QPixmap::fromImage(image.convertToFormat(QImage::Format_RGB32));
+  pixmap.setDevicePixelRatio(pixelRatio);
+  return pixmap;
+}
+
+}  // namespace
+
+PictureBox::PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent)
+    : QWidget(parent), state_(state), pictures_(pictures) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+const ClipRow* PictureBox::row() const {
+  const auto& rows = state_.list.Fillist.rows();
+  const auto index = static_cast<std::size_t>(state_.list.ListIndex);
+  return index < rows.size() ? &rows[index] : nullptr;
+}
+
+// Video and stills have a picture to be fetched; sound, pages and streams have none.
+PictureWish PictureBox::wish() const {
+  const auto* clip = row();
+  if (clip == nullptr || (clip->kind != ClipKind::Video && clip->kind != ClipKind::Still)) return {};
+  const auto size = this->size() * devicePixelRatio();
+  const double start = state_.slider.handles ? state_.slider.position * state_.slider.length : 0;
+  return {state_.mode.player.path, at_.value_or(start), size.width(), size.height()};
+}
+
+PictureBox::Sign PictureBox::sign() const {
+  const auto* clip = row();
+  if (clip == nullptr) return {};
+  switch (clip->kind) {
+    case ClipKind::Sound:
+      return {"music", tr("Sound")};
+    case ClipKind::Page:
+      return {"globe", tr("Web page")};
+    case ClipKind::Stream:
+      return {"globe", tr("Stream")};
+    default:
+      return state_.picture.fault.empty() ? Sign{} : Sign{"warn", tr("No picture")};
+  }
+}
+
+void PictureBox::draw() {
+  if (!isVisible()) return;
+  pictures_.want(wish());
+  take();
+  const auto now = sign();
+  if (now == drawn_) return;
+  drawn_ = now;
+  setAccessibleName(now.icon == nullptr ? tr("Picture") : now.text);
+  setToolTip(state_.picture.picture == nullptr ? plainTip(state_.picture.fault) : QString());
+  update();
+}
+
+void PictureBox::take() {
+  if (shownRevision_ == state_.picture.revision) return;
+  shownRevision_ = state_.picture.revision;
+  const auto& picture = state_.picture.picture;
+  picture_ = picture == nullptr ? QPixmap() : toPixmap(*picture, devicePixelRatio());
+  update();
+}
+
+void PictureBox::lookAt(std::optional<double> seconds) {
+  at_ = seconds;
+  draw();
+}
+
+void PictureBox::resizeEvent(QResizeEvent* /*event*/) { draw(); }
+
+void PictureBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::black);
+  if (drawn_.icon == nullptr) {
+    if (picture_.isNull()) return;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    // One that was made for another size of the box stands in until its own comes.
+    const auto size = picture_.deviceIndependentSize().scaled(this->size(), Qt::KeepAspectRatio).toSize();
+    return painter.drawPixmap(
+        QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size), picture_);
+  }
+  painter.fillRect(rect(), toColour(token("void")));
+  const int side = std::max(qRound(std::min(width(), height()) * kSignShare), kLeastSign);
+  const auto ink = drawn_.icon == std::string_view("warn") ? token("amber") : token("text3");
+  const QPoint corner((width() - side) / 2, (height() - side) / 2 - kSignTextGap);
+  painter.drawPixmap(corner, iconPicture(drawn_.icon, ink, side, devicePixelRatio()));
+  painter.setPen(toColour(token("text3")));
+  painter.drawText(
+      QRect(0, corner.y() + side + kSignTextGap, width(), 2 * kSignTextGap + painter.fontMetrics().height()),
+      Qt::AlignHCenter | Qt::AlignTop, drawn_.text);
+}
+
+}  // namespace kvo

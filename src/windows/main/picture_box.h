@@ -1,0 +1,48 @@
+// Shows the picture of the clip in hand on black, or a calm sign for what has none.
+#pragma once
+
+#include "program/clip_picture.h"
+#include "program/main_window_state.h"
+
+#include <QPixmap>
+#include <QWidget>
+#include <optional>
+
+namespace kvo {
+
+class PictureBox : public QWidget {
+ public:
+  PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent);
+
+  /// Asks for the picture that is wanted, and shows what there is.
+  void draw();
+  /// Shows the clip as it is at another time, until that is taken back by nothing.
+  void lookAt(std::optional<double> seconds);
+  /// The clip has no picture, and a sign stands for it.
+  [[nodiscard]] bool isSign() const { return sign().icon != nullptr; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Sign {
+    const char* icon = nullptr;  ///< null for none
+    QString text{};
+    bool operator==(const Sign&) const = default;
+  };
+
+  [[nodiscard]] const ClipRow* row() const;
+  [[nodiscard]] PictureWish wish() const;
+  [[nodiscard]] Sign sign() const;
+  void take();
+
+  const MainWindowState& state_;
+  ClipPicture& pictures_;
+  std::optional<double> at_;
+  QPixmap picture_;
+  std::uint64_t shownRevision_ = 0;
+  Sign drawn_;
+};
+
+}  // namespace kvo

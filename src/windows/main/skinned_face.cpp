@@ -1,0 +1,270 @@
+#include "windows/main/skinned_face.h"
+
+#include "ui/compositing.h"
+#include "ui/cool_list_view.h"
+#include "ui/face_drag.h"
+#include "ui/logo.h"
+#include "ui/made.h"
+#include "ui/theme.h"
+#include "windows/main/details_part.h"
+#include "windows/main/empty_pane_part.h"
+#include "windows/main/glass_part.h"
+#include "windows/main/list_part.h"
+#include "windows/main/loading_part.h"
+#include "windows/main/picture_part.h"
+#include "windows/main/slider_part.h"
+#include "windows/main/summary_part.h"
+#include "windows/main/texts.h"
+#include "windows/main/title_rail_part.h"
+#include "windows/main/volume_part.h"
+
+#include <QApplication>
+#include <QPaintEvent>
+#include <QPainter>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr double kFaceUnitsWide = 562;
+constexpr double kFaceUnitsHigh = 410;
+constexpr QRectF kSpine(0, 0, 22, 410);
+constexpr QRectF kSideLine(22, 0, 1, 410);
+constexpr QRectF kSideShade(23, 0, 1, 410);
+
+// From a colour with red in the low byte, light enough to be read on a plate.
+Rgb readableColour(ColorRef colour) { return readableOn(token("plate"), colourOf(colour).rgb() & 0xFFFFFFU); }
+
+}  // namespace
+
+SkinnedFace::SkinnedFace(MainWindowState& state, const Logic& logic, WindowActs& acts, SkinFace& skin,
+                         ImageList1& images, const std::string& folder, std::function<void()> acted)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      state_(state),
+      logic_(logic),
+      skin_(skin),
+      images_(images),
+      acted_(std::move(acted)),
+      shaped_(*this) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setFocusPolicy(Qt::ClickFocus);
+  makeParts(acts, folder);
+  setTabOrder();
+  made<FaceDrag>(*this);
+  acts.serve(*this);
+}
+
+SkinnedFace::~SkinnedFace() {
+  if (skin_.outline().region().Applied(shaped_)) skin_.outline().region().Applied(shaped_, false);
+}
+
+KeysPart::Acts SkinnedFace::keyActs() {
+  return {.mini =
+              [this] {
+                logic_.display.Lbl_MiniMode_Click();
+                acted_();
+              },
+          .minimise = [this] { showMinimized(); },
+          .close = [this] { close(); }};
+}
+
+void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
+  const auto act = [this](std::function<void()> work) {
+    return [this, work = std::move(work)] {
+      work();
+      acted_();
+    };
+  };
+  rail_ = made<TitleRailPart>(
+      state_.face, state_.history,
+      TitleRailPart::Acts{[this, &acts](const QPoint& at) { acts.openMenu(at, *this); },
+                          act([this] { logic_.history.undo(); }), act([this] { logic_.history.redo(); })},
+      this);
+  list_ = made<ListPart>(state_.list, state_.listKeys,
+                         ListPart::Logic{logic_.list, logic_.mailbox, logic_.addMedia,
+                                         [this, &acts](const QPoint& at) { acts.openSortMenu(at, *this); },
+                                         [this, &acts](const QPoint& at) { acts.openListMenu(at, *this); },
+                                         [&acts](const QString& typed) { return acts.key(typed); }, acted_},
+                         folder + "Buttons/", this);
+  picture_ = made<PicturePart>(state_, logic_.pictures, this);
+  largePicture_ = made<LargePicturePart>(state_, logic_.pictures, this);
+  collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
+  position_ = made<PositionPart>(state_.details, this);
+  details_ = made<DetailsPart>(state_.details, this);
+  const auto look = [this](std::optional<double> seconds) {
+    picture_->box().lookAt(seconds);
+    largePicture_->box().lookAt(seconds);
+  };
+  SliderPart::Acts slides;
+  slides.setMarkIn = [this](double seconds) {
+    logic_.list.setMarkIn(seconds);
+    acted_();
+  };
+  slides.setMarkOut = [this](double seconds) {
+    logic_.list.setMarkOut(seconds);
+    acted_();
+  };
+  slides.resetMarkIn = act([this] { logic_.list.resetMarkIn(); });
+  slides.resetMarkOut = act([this] { logic_.list.resetMarkOut(); });
+  slides.look = [look](double seconds) { look(seconds); };
+  slides.lookEnds = [look] { look(std::nullopt); };
+  slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
+  glass_ = made<GlassPart>(state_.display, state_.menu, this);
+  keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(), folder, this);
+  volume_ = made<VolumePart>(
+      state_.display,
+      [this](int percent) {
+        logic_.list.setVolume(percent);
+        acted_();
+      },
+      this);
+  empty_ = made<EmptyPanePart>(state_.emptyPane, folder + "Parts/", this);
+  empty_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(empty_, &QWidget::customContextMenuRequested, act(logic_.addMedia));
+  connect(empty_, &QAbstractButton::clicked, act(logic_.addMedia));
+  loading_ = made<LoadingPart>(
+      state_.progress, [this] { showParts(); }, this);
+}
+
+void SkinnedFace::setTabOrder() {
+  std::vector<QWidget*> order = rail_->tabOrder();
+  const auto add = [&](const std::vector<QWidget*>& more) {
+    order.insert(order.end(), more.begin(), more.end());
+  };
+  add({empty_});
+  add(list_->tabOrder());
+  add(slider_->tabOrder());
+  add({volume_});
+  add(keys_->tabOrder());
+  for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+void SkinnedFace::layOut() {
+  const FaceScale scale(state_.mode.interfaceSize, logicalDpiY());
+  if (scale == scale_ && pixelRatio_ == devicePixelRatio()) return;
+  scale_ = scale;
+  pixelRatio_ = devicePixelRatio();
+  const auto size = scale_.window(kFaceUnitsWide, kFaceUnitsHigh);
+  setFixedSize(size);
+  skin_.resize({size, scale_.size(), pixelRatio_});
+  rail_->layOut(scale_);
+  list_->layOut(scale_);
+  picture_->layOut(scale_);
+  largePicture_->layOut(scale_);
+  collection_->layOut(scale_);
+  position_->layOut(scale_);
+  details_->layOut(scale_);
+  slider_->layOut(scale_);
+  glass_->layOut(scale_);
+  keys_->layOut(scale_);
+  volume_->layOut(scale_, keys_->volumeCorner());
+  empty_->layOut(scale_);
+  loading_->layOut(scale_);
+  ground_ = QPixmap();
+  shape();
+}
+
+void SkinnedFace::draw() {
+  if (state_.list.rename && !state_.mode.panels.Fillist.visible) logic_.display.AllDetOn();
+  layOut();
+  drawParts();
+  showParts();
+  if (std::exchange(skinRevision_, state_.skin.revision) != state_.skin.revision) {
+    ground_ = QPixmap();
+    shape();
+  }
+  if (std::exchange(keysRevision_, state_.buttons.revision) != state_.buttons.revision) {
+    keys_->draw();
+    volume_->layOut(scale_, keys_->volumeCorner());
+    ground_ = QPixmap();
+  }
+  if (ground_.isNull()) update();
+  state_.skin.waitIcon ? setCursor(Qt::WaitCursor) : unsetCursor();
+}
+
+void SkinnedFace::drawParts() {
+  const auto colour = readableColour(state_.skin.DisplayColor);
+  rail_->draw();
+  list_->draw(colour);
+  picture_->draw();
+  largePicture_->draw();
+  collection_->draw();
+  position_->draw(colour);
+  details_->draw(colour);
+  slider_->draw();
+  glass_->draw(colour);
+  volume_->draw();
+  empty_->draw();
+  empty_->setEnabled(state_.face.controlsEnabled);
+  loading_->draw();
+  keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
+}
+
+void SkinnedFace::showParts() {
+  const bool loading = !loading_->isHidden();
+  if (loading && focusBefore_ == nullptr) focusBefore_ = focusWidget();
+  const auto& panels = state_.mode.panels;
+  const bool any = state_.list.visible && !loading;
+  const bool details = any && panels.FraDets;
+  showPart(*empty_, state_.emptyPane.visible && !loading);
+  showPart(*list_, any && panels.Fillist.visible);
+  showPart(*picture_, details);
+  showPart(*largePicture_, any && !details);
+  showPart(*collection_, any && panels.CollDets);
+  showPart(*position_, any && panels.Lbl_Pos.visible);
+  showPart(*details_, details);
+  if (loading) return loading_->setFocus();
+  if (focusBefore_ != nullptr) std::exchange(focusBefore_, nullptr)->setFocus();
+  if (focusWidget() != nullptr && focusWidget() != this) return;
+  if (!list_->isHidden()) list_->list().setFocus();
+  if (!empty_->isHidden()) empty_->setFocus();
+}
+
+// The keyboard of a part that goes is the window's, and not that of whatever is next in the order of Tab.
+void SkinnedFace::showPart(QWidget& part, bool shown) {
+  if (!shown && focusWidget() != nullptr && (&part == focusWidget() || part.isAncestorOf(focusWidget())))
+    setFocus();
+  part.setVisible(shown);
+}
+
+void SkinnedFace::shape() { skin_.outline().region().Applied(shaped_, true); }
+
+void SkinnedFace::paintSpine(QPainter& painter) const {
+  cLogo logo;
+  logo.Caption = shown(state_.skin.logoCaption);
+  logo.DrawingObject = &painter;
+  logo.box = scale_.place(kSpine);
+  logo.StartColor = colourOf(state_.skin.logoStart);
+  logo.EndColor = colourOf(state_.skin.LogoColor);
+  logo.interfaceSize = scale_.size();
+  logo.Draw();
+  painter.fillRect(scale_.place(kSideLine), colourOf(state_.skin.LogoColor));
+  painter.fillRect(scale_.place(kSideShade), QColor(0, 0, 0, 140));
+}
+
+void SkinnedFace::paintGround() {
+  ground_ = QPixmap(size() * pixelRatio_);
+  ground_.setDevicePixelRatio(pixelRatio_);
+  ground_.fill(Qt::transparent);
+  QPainter painter(&ground_);
+  skin_.PaintPicture(painter, state_.skin.picture);
+  if (state_.mode.panels.picLogo) paintSpine(painter);
+  skin_.outline().paintRim(painter);
+  keys_->paint(painter);
+  if (hasCompositor()) skin_.outline().soften(painter);
+}
+
+void SkinnedFace::paintEvent(QPaintEvent* event) {
+  if (ground_.isNull()) paintGround();
+  QPainter painter(this);
+  painter.setClipRegion(event->region());
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.drawPixmap(0, 0, ground_);
+}
+
+bool SkinnedFace::event(QEvent* event) {
+  if (event->type() == QEvent::ScreenChangeInternal) draw();
+  return QWidget::event(event);
+}
+
+}  // namespace kvo

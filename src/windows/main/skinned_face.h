@@ -1,0 +1,93 @@
+// The normal face of the main window: the skin with its keys, and the plates on it. It has no frame and one
+// size; its outline is that of a mask.
+#pragma once
+
+#include "program/list_commands.h"
+#include "ui/skin_face.h"
+#include "windows/main/keys_part.h"
+#include "windows/main/window_acts.h"
+
+#include <QPixmap>
+#include <QPointer>
+#include <QWidget>
+#include <memory>
+#include <string>
+
+namespace kvo {
+
+class CollectionDetailsPart;
+class DetailsPart;
+class EmptyPanePart;
+class GlassPart;
+class LargePicturePart;
+class ListPart;
+class LoadingPart;
+class PicturePart;
+class PositionPart;
+class SliderPart;
+class TitleRailPart;
+class VolumePart;
+
+class SkinnedFace : public QWidget {
+ public:
+  struct Logic {
+    ListCommands& list;
+    History& history;
+    Mailbox& mailbox;
+    Display& display;
+    ClipPicture& pictures;
+    std::function<void()> addMedia;
+  };
+
+  /// `folder` is the program's. `acted` is called behind each act.
+  SkinnedFace(MainWindowState& state, const Logic& logic, WindowActs& acts, SkinFace& skin,
+              ImageList1& images, const std::string& folder, std::function<void()> acted);
+  ~SkinnedFace() override;
+
+  /// Brings everything in line with the state.
+  void draw();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void makeParts(WindowActs& acts, const std::string& folder);
+  [[nodiscard]] KeysPart::Acts keyActs();
+  void setTabOrder();
+  void layOut();
+  void drawParts();
+  void showParts();
+  void showPart(QWidget& part, bool shown);
+  void paintGround();
+  void paintSpine(QPainter& painter) const;
+  void shape();
+
+  MainWindowState& state_;
+  Logic logic_;
+  SkinFace& skin_;
+  ImageList1& images_;
+  std::function<void()> acted_;
+  FaceScale scale_;
+  double pixelRatio_ = 0;
+  std::uint64_t skinRevision_ = 0;
+  std::uint64_t keysRevision_ = 0;
+  QPixmap ground_;  // the skin with its spine and keys
+  ShapedWidget shaped_;
+  std::unique_ptr<KeysPart> keys_;
+  TitleRailPart* rail_ = nullptr;
+  ListPart* list_ = nullptr;
+  PicturePart* picture_ = nullptr;
+  LargePicturePart* largePicture_ = nullptr;
+  CollectionDetailsPart* collection_ = nullptr;
+  PositionPart* position_ = nullptr;
+  DetailsPart* details_ = nullptr;
+  SliderPart* slider_ = nullptr;
+  GlassPart* glass_ = nullptr;
+  VolumePart* volume_ = nullptr;
+  EmptyPanePart* empty_ = nullptr;
+  LoadingPart* loading_ = nullptr;
+  QPointer<QWidget> focusBefore_;  // who had the keyboard ahead of long work
+};
+
+}  // namespace kvo

@@ -1,0 +1,53 @@
+// A handle on the slider's line, moved by the mouse and by keys. It holds a place on the line and knows
+// nothing of times.
+#pragma once
+
+#include <QAbstractSlider>
+#include <QPixmap>
+#include <functional>
+
+namespace kvo {
+
+class SliderHandle : public QAbstractSlider {
+ public:
+  /// Steps from one end of the line to the other: a thousandth each.
+  static constexpr int kSteps = 1000;
+
+  SliderHandle(const QString& name, QWidget* parent);
+
+  void setPicture(const QPixmap& picture);
+  [[nodiscard]] const QPixmap& picture() const { return picture_; }
+
+  /// The part of the line, 0 to 1, where the pointer is.
+  std::function<double(const QPoint& global)> partAt;
+  /// It is moved by the mouse and not let go yet.
+  std::function<void(double part)> moving;
+  /// It has been put there: by the mouse, or by a key.
+  std::function<void(double part)> put;
+  /// The right key of the mouse.
+  std::function<void()> reset;
+
+  /// Where it stands. Not while it is being dragged.
+  void setPart(double part);
+  [[nodiscard]] double part() const { return part_; }
+  [[nodiscard]] bool isDragged() const { return isSliderDown(); }
+
+  /// Where the picture is drawn in the widget.
+  QPoint pictureAt;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void move(double part);
+
+  QPixmap picture_;
+  double part_ = 0;
+};
+
+}  // namespace kvo

@@ -1,0 +1,148 @@
+#include "windows/main/slider_part.h"
+
+#include "ui/made.h"
+#include "ui/painting.h"
+#include "ui/theme.h"
+#include "windows/main/part_pictures.h"
+#include "windows/main/slider_handle.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr QRectF kSliderPlace(24, 312, 528, 24);  // with room for handles that stand over the ends
+constexpr QRectF kSliderPlate(31, 319.5, 513, 10.5);
+constexpr double kLineFrom = 40;
+constexpr double kLineTo = 540;
+constexpr double kLineMiddle = 324.6;
+constexpr double kLineWidth = 2;
+constexpr double kMarkReach = 14;   // of a mark's widget, outward from its place
+constexpr double kHandleSide = 13;  // the pictures' height, and the width of the position's
+constexpr double kMarkWidth = 8;
+
+}  // namespace
+
+SliderPart::SliderPart(const SliderState& state, const Acts& acts, const std::string& folder, QWidget* parent)
+    : QWidget(parent),
+      state_(state),
+      acts_(acts),
+      folder_(folder),
+      handles_{made<SliderHandle>(tr("Position"), this), made<SliderHandle>(tr("Mark-In"), this),
+               made<SliderHandle>(tr("Mark-Out"), this)} {
+  for (auto* handle : handles_) {
+    handle->partAt = [this](const QPoint& global) { return partAt(mapFromGlobal(global).x()); };
+    handle->hide();
+  }
+  connectHandle(Position);
+  connectHandle(MarkIn);
+  connectHandle(MarkOut);
+  handles_[MarkIn]->reset = acts_.resetMarkIn;
+  handles_[MarkOut]->reset = acts_.resetMarkOut;
+}
+
+void SliderPart::connectHandle(Handle which) {
+  auto* handle = handles_[which];
+  const auto& act = which == Position ? acts_.seek : which == MarkIn ? acts_.setMarkIn : acts_.setMarkOut;
+  handle->moving = [this, handle](double part) {
+    place(*handle);
+    update();
+    if (acts_.look) acts_.look(part * state_.length);
+  };
+  handle->put = [this, act](double part) {
+    if (acts_.lookEnds) acts_.lookEnds();
+    if (act) act(part * state_.length);
+    draw();
+  };
+  handle->setEnabled(static_cast<bool>(act));
+}
+
+void SliderPart::layOut(const FaceScale& scale) {
+  scale_ = scale;
+  setGeometry(placedIn(*parentWidget(), scale, kSliderPlace));
+  constexpr std::array kPictures = {"ImageBlob.bmp", "Img_MarkIn.bmp", "Img_MarkOut.bmp"};
+  for (std::size_t i = 0; i < handles_.size(); ++i) {
+    handles_[i]->setPicture(partPicture(folder_ + kPictures[i], scale.size(), devicePixelRatio()));
+    place(*handles_[i]);
+  }
+  update();
+}
+
+double SliderPart::part(Handle handle) const {
+  const auto* held = handles_[handle];
+  return held->isDragged()    ? held->part()
+         : handle == Position ? state_.position
+         : handle == MarkIn   ? state_.markIn
+                              : state_.markOut;
+}
+
+double SliderPart::partAt(int x) const {
+  return std::clamp((x / scale_.size() + kSliderPlace.left() - kLineFrom) / (kLineTo - kLineFrom), 0.0, 1.0);
+}
+
+// The position stands on its place, a mark beside it: Mark-In with its right edge there, Mark-Out with its
+// left one.
+void SliderPart::place(SliderHandle& handle) const {
+  const double at = kLineFrom + handle.part() * (kLineTo - kLineFrom);
+  QRectF hit(at - kHandleSide / 2, kSliderPlace.top(), kHandleSide, kSliderPlace.height());
+  double pictureLeft = hit.left();
+  if (&handle == handles_[MarkIn]) {
+    hit = QRectF(at - kMarkReach, kSliderPlace.top(), kMarkReach, kSliderPlace.height());
+    pictureLeft = at - kMarkWidth;
+  } else if (&handle == handles_[MarkOut]) {
+    hit.setRect(at, kSliderPlace.top(), kMarkReach, kSliderPlace.height());
+    pictureLeft = at;
+  }
+  const auto geometry = placedIn(*this, scale_, hit);
+  const auto picture =
+      placedIn(*this, scale_, {pictureLeft, kLineMiddle - kHandleSide / 2, kHandleSide, kHandleSide})
+          .topLeft();
+  handle.setGeometry(geometry);
+  handle.pictureAt = picture - geometry.topLeft();
+}
+
+void SliderPart::draw() {
+  for (const auto which : {Position, MarkIn, MarkOut}) {
+    auto* handle = handles_[which];
+    handle->setPart(part(which));
+    handle->setVisible(state_.handles);
+    if (!handle->isDragged()) place(*handle);
+  }
+  if (drawn_ == state_) return;
+  drawn_ = state_;
+  update();
+}
+
+std::vector<QWidget*> SliderPart::tabOrder() const { return {handles_.begin(), handles_.end()}; }
+
+void SliderPart::mousePressEvent(QMouseEvent* event) {
+  const bool onLine = placedIn(*this, scale_, kSliderPlate).contains(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || !onLine || !state_.handles || !acts_.seek) return event->ignore();
+  acts_.seek(partAt(event->position().toPoint().x()) * state_.length);
+  draw();
+}
+
+void SliderPart::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const double s = scale_.size();
+  drawPlate(painter, placedIn(*this, scale_, kSliderPlate), 5 * s, scale_, plateColour());
+  const Painting kept(painter);
+  painter.setPen(Qt::NoPen);
+  const auto line = [&](double from, double to, Rgb colour) {
+    const auto x = [&](double part) {
+      return (kLineFrom + part * (kLineTo - kLineFrom) - kSliderPlace.left()) * s;
+    };
+    painter.setBrush(toColour(colour));
+    const double top = (kLineMiddle - kLineWidth / 2 - kSliderPlace.top()) * s;
+    painter.drawRoundedRect(QRectF(x(from), top, x(to) - x(from), kLineWidth * s), s, s);
+  };
+  line(0, 1, token("line1"));
+  if (!state_.handles) return;
+  const double in = part(MarkIn);
+  line(in, std::max(in, part(MarkOut)), token("line3"));
+  line(in, std::clamp(part(Position), in, std::max(in, part(MarkOut))), token("teal"));
+}
+
+}  // namespace kvo

@@ -1,0 +1,56 @@
+// The slider of the clip in hand: its line, the section that plays, the handles of position and marks.
+#pragma once
+
+#include "program/main_window_state.h"
+#include "windows/main/plate.h"
+
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace kvo {
+
+class SliderHandle;
+
+class SliderPart : public QWidget {
+ public:
+  /// What the user does there; times in seconds. An act that is empty cannot be done.
+  struct Acts {
+    std::function<void(double seconds)> seek;
+    std::function<void(double seconds)> setMarkIn;
+    std::function<void(double seconds)> setMarkOut;
+    std::function<void()> resetMarkIn;
+    std::function<void()> resetMarkOut;
+    std::function<void(double seconds)> look;  ///< a mark is at this place while it is dragged
+    std::function<void()> lookEnds;
+  };
+
+  /// `folder` has the pictures of the handles: "/prog/Parts/".
+  SliderPart(const SliderState& state, const Acts& acts, const std::string& folder, QWidget* parent);
+
+  void layOut(const FaceScale& scale);
+  void draw();
+  /// The handles in the order of Tab.
+  [[nodiscard]] std::vector<QWidget*> tabOrder() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  enum Handle { Position, MarkIn, MarkOut };
+
+  void place(SliderHandle& handle) const;
+  [[nodiscard]] double partAt(int x) const;
+  [[nodiscard]] double part(Handle handle) const;
+  void connectHandle(Handle handle);
+
+  const SliderState& state_;
+  Acts acts_;
+  std::string folder_;
+  FaceScale scale_;
+  std::array<SliderHandle*, 3> handles_;
+  SliderState drawn_;
+};
+
+}  // namespace kvo

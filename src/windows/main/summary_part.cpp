@@ -1,0 +1,54 @@
+#include "windows/main/summary_part.h"
+
+#include "ui/made.h"
+#include "windows/main/texts.h"
+
+namespace kvo {
+namespace {
+
+constexpr double kSummaryTop = 233.5;
+constexpr double kSummaryHeight = 22;
+constexpr double kSummaryRadius = 5;
+constexpr double kSummaryText = 11.5;
+
+}  // namespace
+
+CollectionDetailsPart::CollectionDetailsPart(const CollectionDetailsState& state, QWidget* parent)
+    : Plate(QRectF(30, kSummaryTop, 238, kSummaryHeight), kSummaryRadius, parent),
+      state_(state),
+      clips_(made<FaceLabel>(
+          QRectF(40, kSummaryTop, 96, kSummaryHeight),
+          LabelLook{.pixels = kSummaryText, .weight = QFont::Medium, .colour = token("text2")}, this)),
+      total_(made<FaceLabel>(
+          QRectF(138, kSummaryTop, 120, kSummaryHeight),
+          LabelLook{.pixels = kSummaryText, .colour = token("text2"), .side = Qt::AlignRight}, this)) {}
+
+void CollectionDetailsPart::layOut(const FaceScale& scale) {
+  Plate::layOut(scale);
+  clips_->layOut(scale);
+  total_->layOut(scale);
+}
+
+void CollectionDetailsPart::draw() {
+  clips_->write(shown(state_.clips));
+  total_->write(state_.totalTime.empty() ? QString() : tr("Total time") + "  " + shown(state_.totalTime));
+}
+
+PositionPart::PositionPart(const DetailsState& state, QWidget* parent)
+    : Plate(QRectF(277, kSummaryTop, 267, kSummaryHeight), kSummaryRadius, parent),
+      state_(state),
+      position_(made<FaceLabel>(
+          QRectF(285, kSummaryTop, 250, kSummaryHeight),
+          LabelLook{.pixels = kSummaryText, .weight = QFont::Medium, .colour = token("detail")}, this)) {}
+
+void PositionPart::layOut(const FaceScale& scale) {
+  Plate::layOut(scale);
+  position_->layOut(scale);
+}
+
+void PositionPart::draw(Rgb colour) {
+  position_->write(shown(state_.position));
+  position_->setColour(colour);
+}
+
+}  // namespace kvo

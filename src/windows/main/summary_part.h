@@ -1,0 +1,34 @@
+// The two short plates between the list and the details: what the collection holds, and where in the clip the
+// player is.
+#pragma once
+
+#include "program/main_window_state.h"
+#include "windows/main/plate.h"
+
+namespace kvo {
+
+class CollectionDetailsPart : public Plate {
+ public:
+  CollectionDetailsPart(const CollectionDetailsState& state, QWidget* parent);
+  void layOut(const FaceScale& scale);
+  void draw();
+
+ private:
+  const CollectionDetailsState& state_;
+  FaceLabel* clips_;
+  FaceLabel* total_;
+};
+
+class PositionPart : public Plate {
+ public:
+  PositionPart(const DetailsState& state, QWidget* parent);
+  void layOut(const FaceScale& scale);
+  /// `colour` is that of values.
+  void draw(Rgb colour);
+
+ private:
+  const DetailsState& state_;
+  FaceLabel* position_;
+};
+
+}  // namespace kvo

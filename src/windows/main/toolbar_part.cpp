@@ -1,0 +1,140 @@
+#include "windows/main/toolbar_part.h"
+
+#include "ui/made.h"
+#include "ui/painting.h"
+#include "ui/theme.h"
+#include "windows/main/part_pictures.h"
+#include "windows/main/slider_handle.h"
+#include "windows/main/texts.h"
+#include "windows/main/tool_key.h"
+
+#include <QPainter>
+
+namespace kvo {
+namespace {
+
+constexpr double kToolbarHigh = 46;
+constexpr double kLabelTop = 2;
+constexpr double kLabelHigh = 28;
+constexpr double kDesignWidth = 7590;  // units that the table's lefts are counted in
+constexpr double kLabelWide = 400;
+constexpr double kBlobHigh = 13;
+constexpr std::array kSeparators = {84.5, 246.17, 368.83, 410.17};  // of a picture 506 wide
+constexpr double kPictureWide = 506;
+
+struct ToolRow {
+  double left;  ///< of the glyph in the picture, in units of the design's width
+  const char* name;
+};
+constexpr std::array<ToolRow, kHitLabels> kTools = {{
+    {0, QT_TRANSLATE_NOOP("ToolbarPart", "Play")},
+    {750, QT_TRANSLATE_NOOP("ToolbarPart", "Pause")},
+    {1400, QT_TRANSLATE_NOOP("ToolbarPart", "Rewind 5 frames")},
+    {2000, QT_TRANSLATE_NOOP("ToolbarPart", "One frame back")},
+    {2570, QT_TRANSLATE_NOOP("ToolbarPart", "One frame forward")},
+    {3200, QT_TRANSLATE_NOOP("ToolbarPart", "Advance 5 frames")},
+    {3800, QT_TRANSLATE_NOOP("ToolbarPart", "A quarter of the speed")},
+    {4450, QT_TRANSLATE_NOOP("ToolbarPart", "Half the speed")},
+    {5100, QT_TRANSLATE_NOOP("ToolbarPart", "Twice the speed")},
+    {5580, QT_TRANSLATE_NOOP("ToolbarPart", "Slider")},
+    {6340, QT_TRANSLATE_NOOP("ToolbarPart", "Full Screen Mode")},
+    {7100, QT_TRANSLATE_NOOP("ToolbarPart", "Normal Mode")},
+}};
+
+}  // namespace
+
+ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder,
+                         QWidget* parent)
+    : QWidget(parent),
+      state_(state),
+      acts_(acts),
+      folder_(folder),
+      handle_(made<SliderHandle>(tr("Position"), this)) {
+  for (std::size_t i = 0; i < kHitLabels; ++i) {
+    keys_[i] = made<ToolKey>(picture_, kTools[i].left / kDesignWidth, kLabelWide / kDesignWidth,
+                             tr(kTools[i].name), this);
+    if (acts_[i]) connect(keys_[i], &ToolKey::clicked, acts_[i]);
+    keys_[i]->setEnabled(static_cast<bool>(acts_[i]));
+  }
+  handle_->setEnabled(false);
+}
+
+void ToolbarPart::layOut(const FaceScale& scale) {
+  scale_ = scale;
+  picture_.load(folder_ + "Buttons/Toolbarb.bmp", scale.size(), devicePixelRatio());
+  handle_->setPicture(partPicture(folder_ + "Parts/ImageBlob.bmp", scale.size(), devicePixelRatio()));
+  for (auto* key : keys_) key->layOut(scale);
+  setFixedHeight(scale.at(kToolbarHigh));
+  update();
+}
+
+int ToolbarPart::pixels(Twips twips) const { return qRound(twips / state_.mode.twipsPerPixel()); }
+
+bool ToolbarPart::isLit(HitLabel label) const {
+  switch (label) {
+    case HitLabel::Lbl_PlayGraphic:
+      return state_.mode.player.IsPlaying;
+    case HitLabel::Lbl_PauseGraphic:
+      return state_.mode.player.IsPaused;
+    case HitLabel::Lbl_SliderMiniMode:
+      return state_.mode.ticks.mnu_ShowSlider;
+    case HitLabel::Lbl_MinMax:
+      return state_.mode.IsFullScreenWindow;
+    default:
+      return false;
+  }
+}
+
+void ToolbarPart::draw() {
+  for (std::size_t i = 0; i < kHitLabels; ++i) {
+    const auto label = static_cast<HitLabel>(i);
+    const auto& place = state_.mode.toolbar[label];
+    auto& key = *keys_[i];
+    key.setVisible(place.visible);
+    key.setGeometry(pixels(place.left), scale_.at(kLabelTop), pixels(place.width), scale_.at(kLabelHigh));
+    key.setLit(isLit(label));
+    const auto tip = plainTip(place.toolTip);
+    if (!tip.isEmpty() && key.toolTip() != tip) {
+      key.setToolTip(tip);
+      key.setAccessibleName(tip);
+    }
+  }
+  placeHandle();
+  update();
+}
+
+void ToolbarPart::placeHandle() {
+  const auto& slider = state_.mode.slider;
+  const int side = scale_.at(kBlobHigh);
+  const double at = slider.X1 + state_.slider.position * (slider.X2 - slider.X1);
+  handle_->setGeometry(pixels(at) - side / 2, pixels(slider.Y) - side / 2, side, side);
+  handle_->setPart(state_.slider.position);
+  handle_->setVisible(slider.ImageBlob.visible);
+}
+
+void ToolbarPart::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  picture_.drawGround(painter, rect());
+  for (const double at : kSeparators) {
+    const int x = qRound(at / kPictureWide * width());
+    painter.fillRect(x, scale_.at(7), 1, scale_.at(18), toColour(token("ink0")));
+    painter.fillRect(x + 1, scale_.at(7), 1, scale_.at(18), QColor(255, 255, 255, 18));
+  }
+  const Painting kept(painter);
+  const double s = scale_.size();
+  const auto& slider = state_.mode.slider;
+  const double from = pixels(slider.X1);
+  const double to = pixels(slider.X2);
+  const double y = pixels(slider.Y);
+  painter.setPen(Qt::NoPen);
+  const auto bar = [&](double left, double right, double half, Rgb colour) {
+    painter.setBrush(toColour(colour));
+    painter.drawRoundedRect(QRectF(left, y - half, right - left, 2 * half), half, half);
+  };
+  bar(from - 4 * s, to + 4 * s, 3.5 * s, token("void"));
+  if (!slider.ImageBlob.visible) return;
+  bar(from, to, s, token("line2"));
+  bar(from, from + state_.slider.position * (to - from), s, token("teal"));
+}
+
+}  // namespace kvo

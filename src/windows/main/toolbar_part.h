@@ -1,0 +1,47 @@
+// The toolbar of Free Zoom: twelve labels over its picture, and the line of the slider.
+#pragma once
+
+#include "program/main_window_state.h"
+#include "windows/main/face_scale.h"
+#include "windows/main/toolbar_picture.h"
+
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+class SliderHandle;
+class ToolKey;
+
+class ToolbarPart : public QWidget {
+ public:
+  /// What the labels do, in their order. One that does nothing yet is disabled.
+  using Acts = std::array<std::function<void()>, kHitLabels>;
+
+  /// `folder` is the program's, with its pictures in "Buttons/" and "Parts/".
+  ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder, QWidget* parent);
+
+  void layOut(const FaceScale& scale);
+  void draw();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  [[nodiscard]] int pixels(Twips twips) const;
+  [[nodiscard]] bool isLit(HitLabel label) const;
+  void placeHandle();
+
+  const MainWindowState& state_;
+  Acts acts_;
+  std::string folder_;
+  FaceScale scale_;
+  ToolbarPicture picture_;
+  std::array<ToolKey*, kHitLabels> keys_{};
+  SliderHandle* handle_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,106 @@
+#include "windows/main/window_acts.h"
+
+#include "windows/main/dropped_files.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QWidget>
+#include <utility>
+
+namespace kvo {
+
+WindowActs::WindowActs(const MainWindowState& state, const Logic& logic, std::function<void()> acted)
+    : state_(state), logic_(logic), acted_(std::move(acted)), menu_(logic.menu, acted_) {}
+
+void WindowActs::serve(QWidget& window) {
+  window.setAcceptDrops(true);
+  window.installEventFilter(this);
+  menu_.addShortcuts(window);
+}
+
+void WindowActs::openMenu(const QPoint& at, QWidget& window) {
+  menu_.openWindowMenu(at, &window);
+  acted_();
+}
+
+void WindowActs::openListMenu(const QPoint& at, QWidget& window) {
+  menu_.openListMenu(at, &window);
+  acted_();
+}
+
+void WindowActs::openSortMenu(const QPoint& at, QWidget& window) {
+  menu_.openSortMenu(at, &window);
+  acted_();
+}
+
+bool WindowActs::key(const QString& typed) {
+  const bool done = typed.size() == 1 && logic_.keys.KeyCommand(typed.front().toLatin1());
+  if (done) acted_();
+  return done;
+}
+
+// Covers the screen, from each face; and from there back to a window.
+void WindowActs::coverOrBack() {
+  const auto& mode = state_.mode;
+  if (!mode.IsMiniMode) logic_.display.Lbl_MiniMode_Click();
+  if (mode.IsMiniMode) logic_.display.Lbl_MinMax_Click();
+  acted_();
+}
+
+// Keys that no control of the window has taken.
+bool WindowActs::pressKey(QWidget& window, const QKeyEvent& event) {
+  if (event.key() == Qt::Key_F10) {  // the Menu key comes as an event of its own
+    openMenu(window.mapToGlobal(QPoint(window.width() / 3, window.height() / 3)), window);
+    return true;
+  }
+  if (event.key() == Qt::Key_F11) {
+    coverOrBack();
+    return true;
+  }
+  if (event.key() == Qt::Key_Escape && state_.mode.IsMiniMode) {
+    state_.mode.IsFullScreenWindow ? logic_.display.Lbl_MinMax_Click() : logic_.display.Lbl_MiniMode_Click();
+    acted_();
+    return true;
+  }
+  const bool isCommand =
+      (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  return !isCommand && key(event.text());
+}
+
+void WindowActs::close(QEvent& event) {
+  event.setAccepted(logic_.shutDown.exit());
+  acted_();
+}
+
+bool WindowActs::eventFilter(QObject* watched, QEvent* event) {
+  auto& window = *static_cast<QWidget*>(watched);
+  switch (event->type()) {
+    case QEvent::Close:
+      close(*event);
+      return true;
+    case QEvent::ContextMenu:
+      openMenu(static_cast<QContextMenuEvent*>(event)->globalPos(), window);
+      return true;
+    case QEvent::KeyPress:
+      return pressKey(window, *static_cast<QKeyEvent*>(event));
+    case QEvent::DragEnter: {
+      auto& drag = *static_cast<QDragEnterEvent*>(event);
+      if (!drag.mimeData()->hasUrls()) return false;
+      drag.acceptProposedAction();
+      return true;
+    }
+    case QEvent::Drop: {
+      auto& drop = *static_cast<QDropEvent*>(event);
+      drop.acceptProposedAction();
+      logic_.mailbox.takeFiles(droppedFiles(*drop.mimeData()));
+      acted_();
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+}  // namespace kvo

@@ -1,0 +1,53 @@
+// What all faces of the main window do alike: its menus, keys, drops, and its end.
+#pragma once
+
+#include "playback/display/display.h"
+#include "program/key_commands.h"
+#include "program/mailbox.h"
+#include "program/main_window_state.h"
+#include "program/shut_down.h"
+#include "windows/main/face_menu.h"
+
+#include <QObject>
+#include <functional>
+
+class QKeyEvent;
+
+namespace kvo {
+
+class WindowActs : public QObject {
+ public:
+  struct Logic {
+    MainMenu& menu;
+    KeyCommands& keys;
+    Mailbox& mailbox;
+    ShutDown& shutDown;
+    Display& display;
+  };
+
+  /// `acted` is called behind each act.
+  WindowActs(const MainWindowState& state, const Logic& logic, std::function<void()> acted);
+
+  /// Serves this window, which takes drops from now on.
+  void serve(QWidget& window);
+
+  void openMenu(const QPoint& at, QWidget& window);
+  void openListMenu(const QPoint& at, QWidget& window);
+  void openSortMenu(const QPoint& at, QWidget& window);
+  /// What a letter, digit or blank does; false for nothing.
+  bool key(const QString& typed);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool pressKey(QWidget& window, const QKeyEvent& event);
+  void coverOrBack();
+  void close(QEvent& event);
+
+  const MainWindowState& state_;
+  Logic logic_;
+  std::function<void()> acted_;
+  FaceMenu menu_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,34 @@
+// Remembers where a window stands on the desktop, for the user and from one run to the next.
+#pragma once
+
+#include "ports/desktop.h"
+#include "ports/user_store.h"
+
+#include <QPoint>
+#include <string>
+
+class QWidget;
+
+namespace kvo {
+
+class WindowPlace {
+ public:
+  /// `name` is that of the value in the store. Both ports outlive the object.
+  WindowPlace(UserStore& store, const Desktop& desktop, std::string name)
+      : store_(store), desktop_(desktop), name_(std::move(name)) {}
+
+  /// Moves a window that is about to be shown for the first time to where it was, as far as that is on a
+  /// screen now; else to the middle of the first screen.
+  void restore(QWidget& window) const;
+  /// Moves a window to `corner`, and back onto the screen as far as it lies outside.
+  void moveTo(QWidget& window, const QPoint& corner) const;
+  /// Keeps where the window stands.
+  void keep(const QWidget& window);
+
+ private:
+  UserStore& store_;
+  const Desktop& desktop_;
+  std::string name_;
+};
+
+}  // namespace kvo
