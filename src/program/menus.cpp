@@ -146,16 +146,20 @@ Entries MainMenu::sortMenu() {
   return entries;
 }
 
+// For what takes no pass of its own.
+std::function<void()> MainMenu::passed(std::function<void()> act) {
+  return [this, act = std::move(act)] {
+    if (const CommandPass pass(parts_.window); pass) act();
+  };
+}
+
 // What is only ticked. The tick lives in the state, so that its menu entry may be gone when it is chosen.
 MenuEntry MainMenu::ticked(MenuCommand command, std::string caption, bool& tick, bool enabled,
                            std::function<void(bool)> taken) {
   return {.id = {command},
           .caption = std::move(caption),
           .enabled = enabled,
-          .act =
-              [this, &tick, taken = std::move(taken)] {
-                if (const CommandPass pass(parts_.window); pass) taken(tick = !tick);
-              },
+          .act = passed([&tick, taken = std::move(taken)] { taken(tick = !tick); }),
           .mark = tick ? MenuMark::Tick : MenuMark::None};
 }
 
@@ -170,14 +174,38 @@ Entries MainMenu::playEntries() {
                  ticks.mnu_LoopCol, true, [&](bool on) { user.LoopCol = on; })};
 }
 
-Entries MainMenu::faceEntries() {
+// The faces of the window: to another one, and what the present one has.
+Entries MainMenu::modeEntries() {
+  const auto& mode = parts_.window.mode;
   const bool clips = parts_.window.menu.clipsEnabled;
   Entries entries;
-  const auto door = [&](MenuCommand command, int caption, const std::function<void()>& act) {
-    if (act) entries.push_back({{command}, std::string("&").append(LoadResString(caption)), "", clips, act});
+  const auto door = [&](MenuCommand command, std::string_view caption, const std::function<void()>& act) {
+    if (act) entries.push_back({{command}, std::string("&").append(caption), "", clips, passed(act)});
   };
-  door(MenuCommand::FreeZoom, 214, doors_.freeZoom);
-  door(MenuCommand::MinimumDetails, parts_.settings.state.AllDetOff ? 265 : 264, doors_.minimumDetails);
+  door(MenuCommand::FreeZoom, LoadResString(mode.IsMiniMode ? 213 : 214), doors_.freeZoom);
+  if (!mode.IsMiniMode) {
+    const int caption = parts_.settings.state.AllDetOff ? 265 : 264;
+    door(MenuCommand::MinimumDetails, LoadResString(caption), doors_.minimumDetails);
+    return entries;
+  }
+  door(MenuCommand::CoverScreen, mode.IsFullScreenWindow ? "Sizable Mode" : "Full Screen Mode",
+       doors_.coverScreen);
+  const auto& ticks = mode.ticks;
+  for (const auto& [percent, tick] :
+       {std::pair{50, ticks.mnu_DirXZoom50}, std::pair{100, ticks.mnu_DirXZoom100},
+        std::pair{200, ticks.mnu_DirXZoom200}}) {
+    if (!doors_.zoom) continue;
+    entries.push_back({.id = {MenuCommand::mnu_DirXZoom, percent},
+                       .caption = "Zoom " + std::to_string(percent) + "%",
+                       .enabled = clips,
+                       .act = passed([this, at = percent] { doors_.zoom(at); }),
+                       .mark = tick ? MenuMark::Dot : MenuMark::None});
+  }
+  return entries;
+}
+
+Entries MainMenu::faceEntries() {
+  auto entries = modeEntries();
   if (doors_.stayOnTop)
     entries.push_back(ticked(MenuCommand::mnu_StayOnTop, "Stay on T&op", parts_.window.face.stayOnTop, true,
                              [this](bool /*on*/) { doors_.stayOnTop(); }));
@@ -202,12 +230,12 @@ Entries MainMenu::sizeEntries() {
   Entries entries;
   for (const auto& [quarters, caption] : kSizeCaptions) {
     const double size = quarters / 4.0;
-    entries.push_back({.id = {MenuCommand::InterfaceSize, quarters}, .caption = caption, .act = [this, size] {
-                         const CommandPass pass(parts_.window);
-                         if (!pass) return;
+    entries.push_back({.id = {MenuCommand::InterfaceSize, quarters},
+                       .caption = caption,
+                       .act = passed([this, size] {
                          parts_.settings.user.InterfaceSize = parts_.window.face.interfaceSize = size;
                          doors_.interfaceSize();
-                       }});
+                       })});
     if (parts_.window.face.interfaceSize == size) entries.back().mark = MenuMark::Dot;
   }
   return entries;

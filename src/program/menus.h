@@ -1,5 +1,6 @@
 // The menus of the main window as data, made anew each time one is opened, and what their entries do. What
-// the program cannot do has no entry; what it cannot do just now has one that is disabled.
+// the program cannot do, and what the present face of the window does not have, has no entry; what cannot be
+// done just now has one that is disabled.
 #pragma once
 
 #include "program/list_commands.h"
@@ -39,6 +40,8 @@ enum class MenuCommand {
   mnu_RewAtEnd,
   mnu_LoopCollectionsOnPlayback,
   FreeZoom,
+  CoverScreen,
+  mnu_DirXZoom,  ///< `which`: per cent
   MinimumDetails,
   mnu_StayOnTop,
   Skin,           ///< `which`: its place in the submenu
@@ -68,6 +71,8 @@ struct MenuEntry {
 /// What other rooms do for the menus. What is empty has no entry.
 struct MenuDoors {
   std::function<void()> freeZoom{};        ///< to Free Zoom and back
+  std::function<void()> coverScreen{};     ///< in Free Zoom: to the whole screen and back
+  std::function<void(int)> zoom{};         ///< in Free Zoom: the window takes this much of the clip's size
   std::function<void()> minimumDetails{};  ///< details off and on
   std::function<void()> stayOnTop{};       ///< the state says whether the window is to stay above others
   std::function<void()> interfaceSize{};   ///< the state says which
@@ -110,8 +115,10 @@ class MainMenu {
   std::vector<MenuEntry> copyEntries();
   std::vector<MenuEntry> playEntries();
   std::vector<MenuEntry> faceEntries();
+  std::vector<MenuEntry> modeEntries();
   std::vector<MenuEntry> skinEntries();
   std::vector<MenuEntry> sizeEntries();
+  std::function<void()> passed(std::function<void()> act);
   MenuEntry ticked(MenuCommand command, std::string caption, bool& tick, bool enabled,
                    std::function<void(bool)> taken);
 

@@ -28,7 +28,8 @@ struct MenuBench : ProgramBench {
   }
   MenuDoors doors() {
     const auto door = [this](const char* name) { return [this, name] { called += name; }; };
-    return {door("zoom"), door("details"), door("top"), door("size")};
+    return {door("free"),    door("cover"), [this](int percent) { called += std::to_string(percent); },
+            door("details"), door("top"),   door("size")};
   }
 };
 
@@ -131,7 +132,10 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   b.menu.choose({InterfaceSize, 5});
   b.menu.choose({Skin, 0});
   b.menu.choose({FreeZoom});
-  EXPECT_EQ(b.called, "topsizezoom");
+  b.menu.choose({mnu_DirXZoom, 50});
+  b.window.mode.IsMiniMode = true;
+  b.menu.choose({MinimumDetails});
+  b.menu.choose({mnu_DirXZoom, 200});
   EXPECT_EQ(b.store.all["InterfaceSize"] + b.settings.preferences().SkinPath, "1.25Def");
   for (const auto& [stored, size] : {std::pair{"1.25", 1.25}, std::pair{"3", 0.0}, std::pair{"x", 0.0}}) {
     MenuBench next;
@@ -141,10 +145,11 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   }
   {
     const CommandPass pass(b.window);
-    for (const auto command : {Remove, Undo, mnu_Looping, New, Exit}) b.menu.choose({command});
+    for (const auto command : {Remove, Undo, mnu_Looping, New, Exit, FreeZoom}) b.menu.choose({command});
     EXPECT_EQ(b.collection.MovieList.count(), 2);
     EXPECT_TRUE(b.window.menu.mnu_Looping);
   }
+  EXPECT_EQ(b.called, "topsizefree200");
   b.boxes.answers = {Answer::No};
   b.menu.choose({Exit});
   EXPECT_FALSE(b.window.face.visible);
