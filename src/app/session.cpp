@@ -33,7 +33,8 @@ Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& ship
   namespace fs = std::filesystem;
   return guarded([&]() -> Outcome {
     for (const auto& entry : fs::recursive_directory_iterator(shippedFolder)) {
-      const auto target = folder.path() / entry.path().lexically_relative(shippedFolder);
+      const fs::path named = folder.path() / entry.path().lexically_relative(shippedFolder);
+      const fs::path target = nameInAnyCase(nameInAnyCase(named.parent_path()) / named.filename());
       if (fs::exists(target)) continue;
       if (entry.is_directory()) {
         fs::create_directory(target);

@@ -1,9 +1,26 @@
 #include "base/paths.h"
 
+#include "base/text.h"
+
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
 namespace kvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The entry of `folder` that is `name` in another case.
+fs::path entryLike(const fs::path& folder, const fs::path& name) {
+  std::error_code failed;
+  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
+    if (sameText(entry->path().filename().native(), name.native())) return entry->path();
+  }
+  return {};
+}
+
+}  // namespace
 
 ProgramFolder::ProgramFolder(std::string path) : path_(std::move(path)) {
   while (path_.size() > 1 && path_.back() == kSeparator) path_.pop_back();
@@ -11,17 +28,15 @@ ProgramFolder::ProgramFolder(std::string path) : path_(std::move(path)) {
 
 std::string ProgramFolder::beside(std::string_view name) const {
   while (!name.empty() && (name.front() == '\\' || name.front() == kSeparator)) name.remove_prefix(1);
-  return withSeparator(path_).append(name);
+  return nameInAnyCase(withSeparator(path_).append(name));
 }
 
 ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& environment,
                                 const std::string& executableFolder) {
   if (auto home = environment("KVO5_HOME"); !home.empty()) return ProgramFolder(std::move(home));
   std::error_code ignored;
-  if (!executableFolder.empty() &&
-      std::filesystem::exists(withSeparator(executableFolder) + "KVO5.INI", ignored)) {
-    return ProgramFolder(executableFolder);
-  }
+  const ProgramFolder portable(executableFolder);
+  if (!executableFolder.empty() && fs::exists(portable.beside("KVO5.INI"), ignored)) return portable;
   const auto isAbsolute = [](const std::string& path) { return path.starts_with(kSeparator); };
   if (const auto data = environment("XDG_DATA_HOME"); isAbsolute(data))
     return ProgramFolder(withSeparator(data) + "KVO5");
@@ -34,6 +49,21 @@ std::string executableFolder() {
   std::error_code failed;
   const auto file = std::filesystem::read_symlink("/proc/self/exe", failed);
   return failed ? std::string() : file.parent_path().string();
+}
+
+std::string nameInAnyCase(const std::string& path) {
+  std::error_code ignored;
+  if (fs::exists(path, ignored)) return path;
+  auto slashed = path;
+  std::replace(slashed.begin(), slashed.end(), '\\', kSeparator);
+  fs::path found;
+  for (const auto& part : fs::path(slashed)) {
+    auto next = found / part;
+    if (!fs::exists(next, ignored)) next = entryLike(found.empty() ? "." : found, part);
+    if (next.empty()) return path;
+    found = next;
+  }
+  return found.string();
 }
 
 std::string absoluteName(std::string_view name, std::string_view folder) {

@@ -17,7 +17,8 @@ class ProgramFolder {
 
   [[nodiscard]] const std::string& path() const { return path_; }
 
-  /// The path of "\Name" or "Name" in this folder.
+  /// The path of "\Name" or "Name" in this folder, as the disk spells it where that differs in the case of
+  /// letters.
   [[nodiscard]] std::string beside(std::string_view name) const;
 
  private:
@@ -32,6 +33,10 @@ ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& e
 
 /// The folder of the running executable, empty when the system does not tell.
 std::string executableFolder();
+
+/// The name under which a file or folder stands that differs from `path` in the case of letters alone, or in
+/// "\" for "/". `path` itself where there is none.
+std::string nameInAnyCase(const std::string& path);
 
 /// The full path of `name`, which begins at `folder` unless it begins at the root or is a web address.
 std::string absoluteName(std::string_view name, std::string_view folder);

@@ -190,11 +190,13 @@ void Skins::takeStock(const StockSkin& skin) {
 
 void Skins::askForPicture() {
   const auto before = std::exchange(settings_.adjust().SkinPath, {});
-  if (skins(false, true, {}, false)) {
-    settings_.state.IsDirty = true;  // so that the choice is kept
-  } else {
+  if (!skins(false, true, {}, false)) {
     settings_.adjust().SkinPath = before;
+    return;
   }
+  settings_.state.IsDirty = true;  // so that the choice is kept
+  const auto* shown = inUse();
+  FadBorder(kProductName, shown != nullptr ? shown->logo : 0);
 }
 
 void Skins::ShapeMe() {
@@ -207,9 +209,13 @@ void Skins::ShapeMe() {
 }
 
 void Skins::FadBorder(std::string_view caption, ColorRef colour) {
-  window_.skin.LogoColor = colour == 0 ? kBlue : colour;
-  window_.skin.logoCaption = std::string(trimmed(caption)).append(blanks(kBlanksBehindCaption));
-  ++window_.skin.revision;
+  const auto shown = colour == 0 ? kBlue : colour;
+  auto text = std::string(trimmed(caption)).append(blanks(kBlanksBehindCaption));
+  auto& skin = window_.skin;
+  if (shown == skin.LogoColor && text == skin.logoCaption) return;
+  skin.LogoColor = shown;
+  skin.logoCaption = std::move(text);
+  ++skin.revision;
 }
 
 void Skins::Cupdisptextcol() {

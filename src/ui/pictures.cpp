@@ -23,19 +23,6 @@ struct SizeFolder {
 };
 constexpr std::array<SizeFolder, 4> kSizes = {{{"", 1}, {"1.25/", 1.25}, {"1.5/", 1.5}, {"2/", 2}}};
 
-bool isSameInAnyCase(const std::string& a, const std::string& b) {
-  return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
-}
-
-// The entry of `folder` that is `name` in another case.
-fs::path entryLike(const fs::path& folder, const fs::path& name) {
-  std::error_code failed;
-  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end; entry.increment(failed)) {
-    if (isSameInAnyCase(entry->path().filename().string(), name.string())) return entry->path();
-  }
-  return {};
-}
-
 qint64 megabytesOf(QSize size) { return (qint64{4} * size.width() * size.height() + (1 << 20) - 1) >> 20; }
 
 Outcome checkSize(QSize size) {
@@ -87,21 +74,6 @@ Result<QImage> readByQt(std::string_view file) {
 }
 
 }  // namespace
-
-std::string nameInAnyCase(const std::string& path) {
-  std::error_code ignored;
-  if (fs::exists(path, ignored)) return path;
-  auto slashed = path;
-  std::replace(slashed.begin(), slashed.end(), '\\', kSeparator);
-  fs::path found;
-  for (const auto& part : fs::path(slashed)) {
-    auto next = found / part;
-    if (!fs::exists(next, ignored)) next = entryLike(found.empty() ? "." : found, part);
-    if (next.empty()) return path;
-    found = next;
-  }
-  return found.string();
-}
 
 SizedPicture pictureFile(const std::string& path, double size) {
   const auto plain = nameInAnyCase(path);

@@ -20,11 +20,6 @@ struct SizedPicture {
 /// not below `size`, else the largest there is. Names are found in any case of letters, and by "\" as by "/".
 SizedPicture pictureFile(const std::string& path, double size);
 
-/// The name under which a file or folder stands that differs from `path` in the case of letters alone, or in
-/// "\" for
-/// "/". `path` itself where there is none.
-std::string nameInAnyCase(const std::string& path);
-
 /// Reads a picture: BMP with its alpha, JPEG, and what Qt has readers for. With `stretchedTo` it is brought
 /// to that size, whatever its shape, and a large JPEG is decoded no larger than need be. Fails with a line
 /// for the log, which names the file; also where a picture would take more than 256 MB.

@@ -1,5 +1,6 @@
 // The programs themselves, started as a user or a script starts them.
 #include "adapters/posix/posix_files.h"
+#include "app/session.h"
 #include "program/collection_store.h"
 #include "support/fakes.h"
 #include "support/real_world.h"
@@ -82,6 +83,21 @@ class Program : public testing::Test {
   ScratchFolder work_;
   std::string video_;
 };
+
+TEST_F(Program, ShipsWhatIsMissingInAnyCaseOfLetters) {
+  namespace fs = std::filesystem;
+  for (const auto& [file, text] : {std::pair{"shipped/Skins/blue.bmp", "ours"},
+                                   {"shipped/Skins/2/blue.bmp", "ours"},
+                                   {"own/skins/BLUE.BMP", "mine"}}) {
+    fs::create_directories(fs::path(work_ / file).parent_path());
+    std::ofstream(work_ / file) << text;
+  }
+  const ProgramFolder own(work_ / "own");
+  EXPECT_TRUE(copyShippedPictures(own, work_ / "shipped"));
+  EXPECT_EQ(*PosixFiles().read(own.beside("\\Skins\\blue.bmp"), 9), "mine");
+  EXPECT_FALSE(fs::exists(work_ / "own/Skins") || fs::exists(work_ / "own/skins/blue.bmp"));
+  EXPECT_TRUE(fs::exists(work_ / "own/skins/2/blue.bmp"));
+}
 
 TEST_F(Program, RendersACollectionAndLeavesNothingElse) {
   const auto music = test::makeMedia(work_, "m.flac", {"-f", "lavfi", "-i", "sine=duration=2"});

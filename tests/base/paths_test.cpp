@@ -1,5 +1,8 @@
 #include "base/paths.h"
 
+#include "support/real_world.h"
+
+#include <filesystem>
 #include <map>
 
 #include <gtest/gtest.h>
@@ -21,6 +24,14 @@ TEST(ProgramFolder, IsFoundByEnvironment) {
     variables = {{"HOME", home}};
     EXPECT_EQ(find().front(), '/') << "never below the working folder";
   }
+}
+
+TEST(ProgramFolder, HoldsItsFilesInAnyCaseOfLetters) {
+  const test::ScratchFolder scratch;
+  std::filesystem::create_directories(scratch / "skins/Mine");
+  const ProgramFolder folder(scratch.path());
+  EXPECT_EQ(folder.beside("\\Skins\\MINE"), scratch / "skins/Mine");
+  EXPECT_EQ(folder.beside("\\Skins\\other"), scratch / "Skins\\other") << "which is not there";
 }
 
 TEST(Paths, TakeNamesApart) {

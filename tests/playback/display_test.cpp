@@ -109,6 +109,16 @@ TEST(Display, EachFaceLeadsToTheOthersAndSaysSo) {
             "Click the the toolbar itself to show the playlist.");
 }
 
+TEST(Display, AStreamIsStoppedAheadOfEachChangeOfSize) {
+  DisplayBench b;
+  b.load("a.asf", 320, 240).IsStream(true);
+  for (int change = 0; change < 3; ++change) {  // to the sizable window, over the screen, and back
+    b.mode.player.IsPlaying = true;
+    change == 0 ? b.display.Lbl_MiniMode_Click() : b.display.Lbl_MinMax_Click();
+    EXPECT_FALSE(b.mode.player.IsPlaying) << change;
+  }
+}
+
 TEST(Display, MinimumDetailsComeBackBehindFreeZoom) {
   DisplayBench b;
   b.settings.change().DefaultStartupVid = "intro.avi";

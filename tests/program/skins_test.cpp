@@ -72,9 +72,12 @@ TEST(Skins, AskForAPictureWhereTheLastOneWasFound) {
   b.skins.choose(ask);
   EXPECT_EQ(b.path(), "Quirl") << "taken back";
   EXPECT_FALSE(b.settings.state.IsDirty);
+  b.skins.choose(2);
+  b.settings.state.IsDirty = false;
   b.dialogs.answers = {"/u/mine.png"};
   b.skins.choose(ask);
   EXPECT_EQ(b.path(), "/u/mine.png");
+  EXPECT_EQ(b.skin().LogoColor, 0xFF0000U) << "as it will be when the collection is opened again";
   EXPECT_TRUE(b.settings.state.IsDirty) << "it is to be kept";
   EXPECT_TRUE(b.skins.menu().back().isChosen);
   b.skins.choose(ask);
@@ -149,6 +152,11 @@ TEST(Skins, OfASettingAreNamedInAnyCase) {
   own.settings.adjust().SkinPath = "/u/mine.png";
   own.skins.applyStored();
   EXPECT_EQ(own.skin().LogoColor, 0xFF0000U) << "a picture of the user's has no colour of its own";
+  const auto revision = own.skin().revision;
+  own.skins.FadBorder(" KVO5 ", 0xFF0000);
+  EXPECT_EQ(own.skin().revision, revision) << "what is painted is as it was";
+  own.skins.FadBorder("KVO5 - Audio", 0xFF0000);
+  EXPECT_GT(own.skin().revision, revision);
 }
 
 TEST(Skins, WithoutAnyPictureLeaveTheWindowBareAndSayWhy) {

@@ -98,6 +98,7 @@ void Display::changeCover(bool cover) {
     parts_.player.PlayerStop();
     parts_.player.PlayerHide();
   }
+  if (clip && clip->facts.IsStream) parts_.player.PlayerStop();
   parts_.host.untickStayOnTop();
   tellOfScreen();
   cover ? coverScreen() : toSizable();
@@ -128,8 +129,6 @@ void Display::toSizable() {
 
 void Display::coverScreen() {
   auto& mode = parts_.mode;
-  const auto clip = layout_.clip();
-  if (clip && clip->facts.IsStream) parts_.player.PlayerStop();
   mode.IsFullScreenWindow = true;
   mode.window.border = BorderStyle::Covering;
   mode.window.caption.clear();
