@@ -38,6 +38,16 @@ const MenuEntry* find(const Entries& entries, MenuId id) {
   return nullptr;
 }
 
+MenuEntry ticked(MenuCommand command, std::string caption, bool tick, bool enabled,
+                 std::function<void()> act) {
+  return {.id = {command},
+          .caption = std::move(caption),
+          .enabled = enabled,
+          .act = std::move(act),
+          .takesPass = false,
+          .mark = tick ? MenuMark::Tick : MenuMark::None};
+}
+
 std::string asCaption(std::string_view name) { return replaced(name, "&", "&&"); }
 
 }  // namespace
@@ -45,7 +55,9 @@ std::string asCaption(std::string_view name) { return replaced(name, "&", "&&");
 void MainMenu::choose(MenuId id) {
   const auto menu = windowMenu();
   const auto* chosen = id == MenuId{} ? nullptr : find(menu, id);
-  if (chosen != nullptr && chosen->enabled) chosen->act();
+  if (chosen == nullptr || !chosen->enabled) return;
+  if (chosen->takesPass) return chosen->act();
+  if (const CommandPass pass(parts_.window); pass) chosen->act();
 }
 
 Entries MainMenu::windowMenu() {
@@ -146,32 +158,15 @@ Entries MainMenu::sortMenu() {
   return entries;
 }
 
-// For what takes no pass of its own.
-std::function<void()> MainMenu::passed(std::function<void()> act) {
-  return [this, act = std::move(act)] {
-    if (const CommandPass pass(parts_.window); pass) act();
-  };
-}
-
-// What is only ticked. The tick lives in the state, so that its menu entry may be gone when it is chosen.
-MenuEntry MainMenu::ticked(MenuCommand command, std::string caption, bool& tick, bool enabled,
-                           std::function<void(bool)> taken) {
-  return {.id = {command},
-          .caption = std::move(caption),
-          .enabled = enabled,
-          .act = passed([&tick, taken = std::move(taken)] { taken(tick = !tick); }),
-          .mark = tick ? MenuMark::Tick : MenuMark::None};
-}
-
 Entries MainMenu::playEntries() {
   auto& ticks = parts_.window.menu;
   auto& user = parts_.settings.user;
   return {ticked(MenuCommand::mnu_Looping, "&Loop clips", ticks.mnu_Looping, true,
-                 [&](bool on) { user.LoopPreviews = on; }),
+                 [&] { user.LoopPreviews = ticks.mnu_Looping = !ticks.mnu_Looping; }),
           ticked(MenuCommand::mnu_RewAtEnd, "Rewind at &End and Stop", ticks.mnu_RewAtEnd, !ticks.mnu_Looping,
-                 [&](bool on) { user.RewAtEnd = on; }),
+                 [&] { user.RewAtEnd = ticks.mnu_RewAtEnd = !ticks.mnu_RewAtEnd; }),
           ticked(MenuCommand::mnu_LoopCollectionsOnPlayback, "Loop Collections on play&back",
-                 ticks.mnu_LoopCol, true, [&](bool on) { user.LoopCol = on; })};
+                 ticks.mnu_LoopCol, true, [&] { user.LoopCol = ticks.mnu_LoopCol = !ticks.mnu_LoopCol; })};
 }
 
 // The faces of the window: to another one, and what the present one has.
@@ -180,7 +175,7 @@ Entries MainMenu::modeEntries() {
   const bool clips = parts_.window.menu.clipsEnabled;
   Entries entries;
   const auto door = [&](MenuCommand command, std::string_view caption, const std::function<void()>& act) {
-    if (act) entries.push_back({{command}, std::string("&").append(caption), "", clips, passed(act)});
+    if (act) entries.push_back({{command}, std::string("&").append(caption), "", clips, act, false});
   };
   door(MenuCommand::FreeZoom, LoadResString(mode.IsMiniMode ? 213 : 214), doors_.freeZoom);
   if (!mode.IsMiniMode) {
@@ -198,17 +193,21 @@ Entries MainMenu::modeEntries() {
     entries.push_back({.id = {MenuCommand::mnu_DirXZoom, percent},
                        .caption = "Zoom " + std::to_string(percent) + "%",
                        .enabled = clips,
-                       .act = passed([this, at = percent] { doors_.zoom(at); }),
+                       .act = [this, at = percent] { doors_.zoom(at); },
+                       .takesPass = false,
                        .mark = tick ? MenuMark::Dot : MenuMark::None});
   }
   return entries;
 }
 
 Entries MainMenu::faceEntries() {
+  auto& face = parts_.window.face;
   auto entries = modeEntries();
   if (doors_.stayOnTop)
-    entries.push_back(ticked(MenuCommand::mnu_StayOnTop, "Stay on T&op", parts_.window.face.stayOnTop, true,
-                             [this](bool /*on*/) { doors_.stayOnTop(); }));
+    entries.push_back(ticked(MenuCommand::mnu_StayOnTop, "Stay on T&op", face.stayOnTop, true, [&] {
+      face.stayOnTop = !face.stayOnTop;
+      doors_.stayOnTop();
+    }));
   entries.push_back(submenu("S&kin", skinEntries()));
   if (doors_.interfaceSize) entries.push_back(submenu("Interface si&ze", sizeEntries()));
   return entries;
@@ -232,10 +231,12 @@ Entries MainMenu::sizeEntries() {
     const double size = quarters / 4.0;
     entries.push_back({.id = {MenuCommand::InterfaceSize, quarters},
                        .caption = caption,
-                       .act = passed([this, size] {
-                         parts_.settings.user.InterfaceSize = parts_.window.face.interfaceSize = size;
-                         doors_.interfaceSize();
-                       })});
+                       .act =
+                           [this, size] {
+                             parts_.settings.user.InterfaceSize = parts_.window.face.interfaceSize = size;
+                             doors_.interfaceSize();
+                           },
+                       .takesPass = false});
     if (parts_.window.face.interfaceSize == size) entries.back().mark = MenuMark::Dot;
   }
   return entries;

@@ -63,6 +63,7 @@ struct MenuEntry {
   std::string shortcut{};  ///< "Ctrl+Shift+Z"; empty for none
   bool enabled = true;
   std::function<void()> act{};  ///< MainMenu::choose calls it
+  bool takesPass = true;        ///< the act takes a CommandPass of its own
   MenuMark mark = MenuMark::None;
   std::string tip{};                 ///< the whole path of a recent collection
   std::vector<MenuEntry> entries{};  ///< of a submenu
@@ -118,9 +119,6 @@ class MainMenu {
   std::vector<MenuEntry> modeEntries();
   std::vector<MenuEntry> skinEntries();
   std::vector<MenuEntry> sizeEntries();
-  std::function<void()> passed(std::function<void()> act);
-  MenuEntry ticked(MenuCommand command, std::string caption, bool& tick, bool enabled,
-                   std::function<void(bool)> taken);
 
   Parts parts_;
   MenuDoors doors_;
