@@ -1,5 +1,6 @@
 #include "app/face_links.h"
 
+#include "base/text.h"
 #include "core/telling/failures.h"
 #include "playback/display/interface_size.h"
 
@@ -17,10 +18,13 @@ FaceLinks::FaceLinks(const Parts& parts)
 }
 
 double FaceLinks::sizeInForce() const {
+  constexpr double kLarger = 1.25;
   const auto screens = parts_.desktop.screens();
   const double choice = parts_.window.face.interfaceSize;
-  return interfaceSize(screens.empty() ? Screen{} : screens.front(),
-                       choice > 0 ? std::optional(choice) : std::nullopt);
+  const double size = interfaceSize(screens.empty() ? Screen{} : screens.front(),
+                                    choice > 0 ? std::optional(choice) : std::nullopt);
+  // With large text on the desktop the larger table of places holds, unless the user has chosen.
+  return choice == 0 && size == 1 && !parts_.window.skin.IsSmallFonts ? kLarger : size;
 }
 
 void FaceLinks::takeInterfaceSize() {
@@ -35,10 +39,15 @@ void FaceLinks::turnDetails() {
   parts_.settings.state.AllDetOff ? display_.AllDetOn() : display_.Lbl_MinDets_Click();
 }
 
+void FaceLinks::startAtSourceSize() {
+  display_.AllDetOff();
+  player_.PlayerSetDisplaySize(0);
+}
+
 void FaceLinks::load(int number) {
   if (number == 0) return player_.PlayerClear();
   const auto& clip = parts_.collection.MovieList[number];
-  if (parts_.window.skin.logoCaption != kProductName)
+  if (trimmed(parts_.window.skin.logoCaption) != kProductName)
     FadBorder(std::string(kProductName));  // sound has another
   player_.PlayerSetFilename(clip.Path() + clip.MovieName(), number);
   if (!clip.IsStill()) player_.PlayerShow();

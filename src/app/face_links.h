@@ -34,6 +34,8 @@ class FaceLinks : public DisplayHost, public SkinCalls {
   void takeInterfaceSize();
   /// Details on and off.
   void turnDetails();
+  /// The picture at the size of its source, with nothing about it.
+  void startAtSourceSize();
 
   // Of the display
   void skins() override;

@@ -145,6 +145,7 @@ class WindowProgram {
     auto& display = links_.display();
     display.Lbl_MiniMode_Click();
     if (state_.mode.IsMiniMode && !state_.mode.IsFullScreenWindow) display.Lbl_MinMax_Click();
+    if (state_.face.minimumDetails) links_.startAtSourceSize();
   }
 
   void showAdded(int number, const StreamFacts& facts) {

@@ -20,7 +20,7 @@ struct FaceState {
   bool visible = false;
   bool raise = false;  ///< it is to come to the front; the window clears this
   bool fullScreen = false;
-  bool minimumDetails = false;
+  bool minimumDetails = false;  ///< at the start: the picture at the size of its source
   bool stayOnTop = false;
   double interfaceSize = 0;  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
   bool controlsEnabled = true;

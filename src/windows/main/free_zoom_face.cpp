@@ -157,6 +157,10 @@ bool FreeZoomFace::event(QEvent* event) {
   return QWidget::event(event);
 }
 
+void FreeZoomFace::moveEvent(QMoveEvent* /*event*/) {
+  logic_.display.Form_Move({x(), y(), width(), height()});
+}
+
 void FreeZoomFace::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) showToolbar(true);
 }

@@ -254,6 +254,10 @@ void SkinnedFace::paintGround() {
   if (hasCompositor()) skin_.outline().soften(painter);
 }
 
+void SkinnedFace::moveEvent(QMoveEvent* /*event*/) {
+  logic_.display.Form_Move({x(), y(), width(), height()});
+}
+
 void SkinnedFace::paintEvent(QPaintEvent* event) {
   if (ground_.isNull()) paintGround();
   QPainter painter(this);

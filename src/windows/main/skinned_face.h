@@ -48,6 +48,7 @@ class SkinnedFace : public QWidget {
   void draw();
 
  protected:
+  void moveEvent(QMoveEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
 
