@@ -173,12 +173,18 @@ void CoolListView::showEdit() {
   }
   const auto& p = list_.properties();
   const int row = list_.ListIndex() - list_.TopIndex();
-  const auto place = toRect(p.WordWrap ? list_.rowRect(row) : list_.textRect(row));
+  auto place = toRect(p.WordWrap ? list_.rowRect(row) : list_.textRect(row));
   const auto back =
       resolved(list_.item(list_.ListIndex()).ItemSelected ? p.BackSelected : p.BackNormal, palette());
+  // One line stands where the row's own text stood.
+  const int spare = p.WordWrap ? 0 : std::max(place.height() - fontMetrics().height(), 0) / 2;
+  place.adjust(0, spare, 0, -spare);
   edit_->setGeometry(place.translated(contentsRect().topLeft()));
   edit_->setFont(font());
-  edit_->setStyleSheet("border: none; padding: 0; background: " + back.name());
+  edit_->setStyleSheet(
+      QString("border: none; padding: 0; background: %1; selection-background-color: %2; "
+              "selection-color: %3")
+          .arg(back.name(), toColour(token("teal")).name(), toColour(token("onTeal")).name()));
   edit_->setLineWrapMode(p.WordWrap ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
   auto lines = edit_->document()->defaultTextOption();
   lines.setAlignment(p.WordWrap ? sideOf(p) : Qt::AlignLeft);

@@ -108,6 +108,10 @@ class Window : public testing::Test {
     for (std::string key; each >> key;) command.push_back(key);
     test::runProgram(command);
   }
+  // The place of the window in front, as the desktop tells it.
+  static std::string place() {
+    return test::runProgram({"xdotool", "getactivewindow", "getwindowgeometry"}).out;
+  }
   static void type(const std::string& text) { test::runProgram({"xdotool", "type", "--delay", "1", text}); }
 
   bool ends() {
@@ -134,6 +138,10 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
 
   // A second copy hands its clip over and ends at once.
   EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", video_}).exitCode, 0);
+  ASSERT_TRUE(comes("count.avi - Video"));
+  // Another finds it minimised, and brings it back.
+  test::runProgram({"xdotool", "getactivewindow", "windowminimize"});
+  EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5"}).exitCode, 0);
   ASSERT_TRUE(comes("count.avi - Video"));
 
   press("ctrl+s");
@@ -200,12 +208,16 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   ASSERT_TRUE(comes("First - Video")) << "selects by its number";
 
   press("F10 k Down Down Return");
-  press("F11");
+  press("F10 f");
   ASSERT_TRUE(comes("Free Zoom Mode"));
   press("Return");  // the hint
+  ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
+  const auto before = place();
+  press("F11");
   ASSERT_TRUE(comes("First - Video")) << "it covers the screen";
   press("Escape");
   ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
+  EXPECT_TRUE(eventually([&] { return place() == before; })) << "where it was";
   press("Escape");
   ASSERT_TRUE(comes("First - Video")) << "and back";
 

@@ -215,6 +215,9 @@ TEST_F(ListView, EditsInPlace) {
     ASSERT_TRUE(view.list().setListIndex(0).ok());
     view.list().StartEdit();
     ASSERT_TRUE(box->isVisible()) << row.what;
+    if (!row.wraps) {
+      EXPECT_NEAR(box->geometry().center().y(), kRow / 2, 1) << "in line with the row";
+    }
     QTest::keyClicks(box, "new");  // in the place of the whole text, which is selected
     row.end(box);
     EXPECT_FALSE(box->isVisible()) << row.what;

@@ -50,9 +50,21 @@ void FrmFileOpen::showFace() {
   auto& other = &now == &skinned_ ? static_cast<QWidget&>(zoom_) : static_cast<QWidget&>(skinned_);
   const auto caption = shown(state_.face.caption);
   if (skinned_.windowTitle() != caption) skinned_.setWindowTitle(caption);
+  const bool covered = now.isFullScreen();
+  const auto size = now.size();
+  if (now.isVisible() && !covered) {
+    corner_ = now.pos();
+    frame_ = now.geometry().topLeft() - corner_;
+  }
   &now == &skinned_ ? skinned_.draw() : zoom_.draw();
+  // Where it stood before it covered the screen, when its frame is not back yet; and wholly on the screen
+  // after it has grown.
+  if (now.isVisible() && !now.isFullScreen() && (covered || now.size() != size)) {
+    place_.moveTo(now, covered ? corner_ + frame_ : corner_);
+  }
   if (!now.isVisible()) {
-    other.isVisible() ? place_.moveTo(now, other.pos()) : place_.restore(now);
+    other.isVisible() ? place_.moveTo(now, corner_) : place_.restore(now);
+    corner_ = now.pos();
     state_.mode.IsFullScreenWindow ? now.showFullScreen() : now.show();
     other.hide();
     now.activateWindow();
@@ -60,6 +72,7 @@ void FrmFileOpen::showFace() {
   }
   keepAbove(now, state_.face.stayOnTop);
   if (std::exchange(state_.face.raise, false)) {
+    now.setWindowState(now.windowState() & ~Qt::WindowMinimized);
     now.raise();
     now.activateWindow();
   }

@@ -8,6 +8,7 @@
 #include "windows/main/skinned_face.h"
 #include "windows/main/window_place.h"
 
+#include <QPoint>
 #include <memory>
 #include <string>
 
@@ -51,6 +52,8 @@ class FrmFileOpen {
   SkinnedFace skinned_;
   FreeZoomFace zoom_;
   WindowPlace place_;
+  QPoint corner_;  // of the face that is seen, as it is when it does not cover the screen
+  QPoint frame_;   // how far its inside lies from there
   bool drawing_ = false;
   bool again_ = false;  // the state has changed since the drawing began
 };
