@@ -201,6 +201,13 @@ void CoolList::reachTo(int index, Reach reach) {
   if (events.SelectionChange) events.SelectionChange();
 }
 
+bool CoolList::selectAll() {
+  if (!isExtended()) return false;
+  selectRange(0, ListCount() - 1);
+  if (events.SelectionChange) events.SelectionChange();
+  return true;
+}
+
 bool CoolList::isInView(int index) const {
   return has(index) && index >= topIndex_ && index < topIndex_ + rowsThatFit();
 }

@@ -116,6 +116,8 @@ class CoolList {
   [[nodiscard]] const CoolListItem& item(int index) const { return items_[static_cast<std::size_t>(index)]; }
   /// In single mode a selected item is the list's only one, and its ListIndex.
   Outcome setItemSelected(int index, bool selected);
+  /// By the user. False when the mode has no several.
+  bool selectAll();
 
   /// -1 for none.
   [[nodiscard]] int ListIndex() const { return listIndex_; }

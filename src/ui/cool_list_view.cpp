@@ -331,6 +331,7 @@ void CoolListView::keyPressEvent(QKeyEvent* event) {
   tell(events.KeyDown, *event);
   if (!event->text().isEmpty()) tell(events.KeyPress, *event);
   if (navigate(*event)) return;
+  if (event->matches(QKeySequence::SelectAll) && list_.selectAll()) return;
   if (isCommand(*event) && (commandKey ? commandKey(*event) : find(event->text()))) return;
   event->ignore();
 }

@@ -103,7 +103,9 @@ QString breakable(const QString& text) {
 
 QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
   const auto html = QString("<p style=\"margin: 0; white-space: pre-wrap; line-height: %1px\">%2</p>");
-  auto* line = made<QLabel>(html.arg(kLineHeight).arg(breakable(text).toHtmlEscaped()), parent);
+  auto held = text;
+  held.replace(" ?", QString(QChar::Nbsp) + '?');  // no line begins with it
+  auto* line = made<QLabel>(html.arg(kLineHeight).arg(breakable(held).toHtmlEscaped()), parent);
   line->setAccessibleName(text);
   line->setTextFormat(Qt::RichText);
   line->setTextInteractionFlags(Qt::NoTextInteraction);  // the pointer moves the window

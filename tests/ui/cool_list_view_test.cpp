@@ -161,6 +161,11 @@ TEST_F(ListView, IsReachedByKeysAlone) {
   fill(9);
   QTest::keyClick(&view, Qt::Key_End);
   EXPECT_EQ(view.list().ListIndex(), 8);
+  change([](auto& p) { p.SelectMode = 2; });
+  QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(view.list().SelectedCount(), 9);
+  EXPECT_EQ(view.list().ListIndex(), 8) << "which stays";
+  change([](auto& p) { p.SelectMode = 0; });
   for (const auto* text : {"Lake", "lamp", "Oak", "Lake two"}) view.list().AddItem(text);
   ASSERT_TRUE(view.list().setListIndex(0).ok());
   QTest::keyClicks(&view, "lam");

@@ -195,6 +195,7 @@ void SkinnedFace::drawParts() {
   glass_->draw(colour);
   volume_->draw();
   empty_->draw();
+  if (!state_.face.controlsEnabled && focusWidget() == empty_) setFocus();  // as for a part that goes
   empty_->setEnabled(state_.face.controlsEnabled);
   loading_->draw();
   keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
