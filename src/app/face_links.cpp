@@ -1,7 +1,5 @@
 #include "app/face_links.h"
 
-#include "base/text.h"
-#include "core/telling/failures.h"
 #include "playback/display/interface_size.h"
 
 #include <optional>
@@ -47,8 +45,6 @@ void FaceLinks::startAtSourceSize() {
 void FaceLinks::load(int number) {
   if (number == 0) return player_.PlayerClear();
   const auto& clip = parts_.collection.MovieList[number];
-  if (trimmed(parts_.window.skin.logoCaption) != kProductName)
-    FadBorder(std::string(kProductName));  // sound has another
   player_.PlayerSetFilename(clip.Path() + clip.MovieName(), number);
   if (!clip.IsStill()) player_.PlayerShow();
   display_.PositionAndSize();

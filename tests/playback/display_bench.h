@@ -13,11 +13,12 @@ namespace kvo::test {
 
 class PlainHost : public DisplayHost {
  public:
-  std::string asked;  // "skins ShapeMe "
+  std::string asked;    // "skins ShapeMe "
+  std::string caption;  // on the spine
   void skins() override { asked += "skins "; }
   void ShapeMe() override { asked += "ShapeMe "; }
   void ShapePlain() override { asked += "ShapePlain "; }
-  void FadBorder(const std::string& caption) override { asked += "FadBorder(" + caption + ") "; }
+  void FadBorder(const std::string& caption) override { this->caption = caption; }
   void Displaymovieinfo(int number) override { asked += "Displaymovieinfo" + std::to_string(number) + " "; }
   void EnabledMenus() override { asked += "EnabledMenus "; }
   void PreviewMovie(int number) override { asked += "PreviewMovie" + std::to_string(number) + " "; }

@@ -252,6 +252,14 @@ TEST(Display, ThePictureAloneCoversTheScreenWhereThereIsOne) {
   EXPECT_TRUE(b.mode.ticks.lockAndZoomEnabled && !b.mode.ticks.mnu_DirXFullSC);
 }
 
+TEST(Display, TheSpineReadsWhatKindOfClipIsInHand) {
+  DisplayBench b;
+  b.load("a.mp3");
+  EXPECT_EQ(b.host.caption, "KVO5 - Audio");
+  b.load("a.avi", 640, 480);
+  EXPECT_EQ(b.host.caption, "KVO5");
+}
+
 TEST(Player, TheSourceIsAsLargeAsTheRecordOrElseTheFileSays) {
   const struct {
     const char* name;

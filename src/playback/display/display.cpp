@@ -1,6 +1,7 @@
 // The commands within a face, and what the window system does to the window.
 #include "playback/display/display.h"
 
+#include "core/telling/failures.h"
 #include "core/telling/messages.h"
 
 #include <cmath>
@@ -42,7 +43,7 @@ void Display::PositionAndSize() {
   const auto clip = layout_.clip();
   if (!clip) return;
   const auto layout = layout_.PositionAndSize(*clip);
-  if (layout.logoCaption) parts_.host.FadBorder(*layout.logoCaption);
+  parts_.host.FadBorder(layout.logoCaption.value_or(std::string(kProductName)));
 }
 
 void Display::PositionandShowStill() {

@@ -28,7 +28,7 @@ class DisplayHost {
   /// Gives the window the outline of the mask, or that of a plain rectangle.
   virtual void ShapeMe() = 0;
   virtual void ShapePlain() = 0;
-  /// Writes a caption on the spine.
+  /// Writes a caption on the spine; nothing is painted anew when it is the same.
   virtual void FadBorder(const std::string& caption) = 0;
   /// The details of clip `number` as they are shown.
   virtual void Displaymovieinfo(int number) = 0;

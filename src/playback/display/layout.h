@@ -56,8 +56,8 @@ struct Layout {
   std::optional<bool> Label2{};    ///< shown or hidden; nothing: as it is
   std::optional<bool> Label2On{};  ///< "Anim ON"
   TimerAct Timer4 = TimerAct::Leave;
-  std::optional<std::string> logoCaption{};
-  bool noVideo = false;  ///< the panel that says so stands in the picture's place
+  std::optional<std::string> logoCaption{};  ///< nothing: the program's name
+  bool noVideo = false;                      ///< the panel that says so stands in the picture's place
 
   // Where things go
   Place player;
