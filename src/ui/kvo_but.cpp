@@ -5,7 +5,6 @@
 #include "ui/theme.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 #include <QLinearGradient>
 
 namespace kvo {
@@ -13,7 +12,7 @@ namespace {
 
 constexpr int kKeyHeight = 28;
 constexpr int kKeyWidth = 36;
-constexpr int kPadding = 14;
+constexpr int kKeyPadding = 14;
 constexpr int kIconGap = 6;
 constexpr int kIcon = 16;
 constexpr double kRadius = 6;
@@ -21,10 +20,7 @@ constexpr double kDisabledOpacity = 0.4;
 
 }  // namespace
 
-KVOBut::KVOBut(QWidget* parent) : QAbstractButton(parent) {
-  setFocusPolicy(Qt::StrongFocus);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+KVOBut::KVOBut(QWidget* parent) : HoverKey(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
 
 void KVOBut::setPictures(const QString& rest, const QString& hover, const QString& pressed,
                          double interfaceSize) {
@@ -54,7 +50,7 @@ QSize KVOBut::sizeHint() const {
   if (hasPictures()) return pictures_[Rest].deviceIndependentSize().toSize();
   if (text().isEmpty()) return {kKeyWidth, kKeyHeight};
   const int icon = iconName_.isEmpty() ? 0 : kIcon + kIconGap;
-  return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + icon + 2 * kPadding, kKeyHeight};
+  return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + icon + 2 * kKeyPadding, kKeyHeight};
 }
 
 // A screen reader is told the tool tip, or else the text, and whether the key is lit.
@@ -67,29 +63,13 @@ void KVOBut::describe() {
 void KVOBut::checkStateSet() { describe(); }
 
 void KVOBut::nextCheckState() {
-  QAbstractButton::nextCheckState();
+  HoverKey::nextCheckState();
   describe();
 }
 
 bool KVOBut::event(QEvent* event) {
   if (event->type() == QEvent::ToolTipChange) describe();
-  return QAbstractButton::event(event);
-}
-
-void KVOBut::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void KVOBut::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
-}
-
-void KVOBut::keyPressEvent(QKeyEvent* event) {
-  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (isEnter) return click();
-  QAbstractButton::keyPressEvent(event);
+  return HoverKey::event(event);
 }
 
 void KVOBut::paintEvent(QPaintEvent* /*event*/) {

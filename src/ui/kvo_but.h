@@ -2,13 +2,14 @@
 // is a key of the theme with its text or icon.
 #pragma once
 
-#include <QAbstractButton>
+#include "ui/hover_key.h"
+
 #include <QPixmap>
 #include <array>
 
 namespace kvo {
 
-class KVOBut : public QAbstractButton {
+class KVOBut : public HoverKey {
  public:
   explicit KVOBut(QWidget* parent = nullptr);
 
@@ -28,9 +29,6 @@ class KVOBut : public QAbstractButton {
 
  protected:
   bool event(QEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void checkStateSet() override;
   void nextCheckState() override;

@@ -7,7 +7,6 @@
 #include "windows/main/texts.h"
 
 #include <QFontMetricsF>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QRadialGradient>
 
@@ -29,9 +28,7 @@ constexpr double kChevronGap = 16;  // on both of its sides
 }  // namespace
 
 EmptyPanePart::EmptyPanePart(const EmptyPaneState& state, const std::string& folder, QWidget* parent)
-    : QAbstractButton(parent), state_(state), folder_(folder) {
-  setFocusPolicy(Qt::StrongFocus);
-}
+    : HoverKey(parent), state_(state), folder_(folder) {}
 
 void EmptyPanePart::layOut(const FaceScale& scale) {
   scale_ = scale;
@@ -47,21 +44,6 @@ void EmptyPanePart::draw() {
   setAccessibleName(prompt);
   setAccessibleDescription(shown(state_.hint));
   update();
-}
-
-void EmptyPanePart::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void EmptyPanePart::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
-}
-
-void EmptyPanePart::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
-  QAbstractButton::keyPressEvent(event);
 }
 
 void EmptyPanePart::paintEvent(QPaintEvent* /*event*/) {

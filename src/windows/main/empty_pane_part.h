@@ -2,13 +2,12 @@
 #pragma once
 
 #include "program/main_window_state.h"
+#include "ui/hover_key.h"
 #include "windows/main/face_scale.h"
-
-#include <QAbstractButton>
 
 namespace kvo {
 
-class EmptyPanePart : public QAbstractButton {
+class EmptyPanePart : public HoverKey {
  public:
   /// `folder` has the picture: "/prog/Parts/".
   EmptyPanePart(const EmptyPaneState& state, const std::string& folder, QWidget* parent);
@@ -17,9 +16,6 @@ class EmptyPanePart : public QAbstractButton {
   void draw();
 
  protected:
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

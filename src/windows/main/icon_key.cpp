@@ -4,14 +4,12 @@
 #include "ui/theme.h"
 #include "windows/main/plate.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace kvo {
 
 IconKey::IconKey(const QString& icon, const QString& name, const QRectF& units, double side, QWidget* parent)
-    : QAbstractButton(parent), icon_(icon), units_(units), side_(side) {
-  setFocusPolicy(Qt::StrongFocus);
+    : HoverKey(parent), icon_(icon), units_(units), side_(side) {
   setAccessibleName(name);
 }
 
@@ -25,21 +23,6 @@ void IconKey::setIconName(const QString& icon) {
   if (icon == icon_) return;
   icon_ = icon;
   update();
-}
-
-void IconKey::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void IconKey::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
-}
-
-void IconKey::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
-  QAbstractButton::keyPressEvent(event);
 }
 
 void IconKey::paintEvent(QPaintEvent* /*event*/) {

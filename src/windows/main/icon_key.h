@@ -1,14 +1,13 @@
 // A small key without a plate of its own: an icon that lights up under the pointer.
 #pragma once
 
+#include "ui/hover_key.h"
 #include "ui/tokens.h"
 #include "windows/main/face_scale.h"
 
-#include <QAbstractButton>
-
 namespace kvo {
 
-class IconKey : public QAbstractButton {
+class IconKey : public HoverKey {
  public:
   /// `units` is what takes the mouse; the icon, `side` pixels at size 1, stands in its middle. `name` is what
   /// a screen reader is told.
@@ -18,9 +17,6 @@ class IconKey : public QAbstractButton {
   void setIconName(const QString& icon);
 
  protected:
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

@@ -3,7 +3,6 @@
 #include "ui/theme.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace kvo {
@@ -25,8 +24,7 @@ QPixmap laidOver(const QPixmap& picture, QColor colour, double part) {
 
 }  // namespace
 
-KeyLabel::KeyLabel(const QString& name, QWidget* parent) : QAbstractButton(parent) {
-  setFocusPolicy(Qt::StrongFocus);
+KeyLabel::KeyLabel(const QString& name, QWidget* parent) : HoverKey(parent) {
   setAccessibleName(name);
   setToolTip(name);
 }
@@ -53,23 +51,8 @@ void KeyLabel::describe() {
   setAccessibleDescription(lit_ ? tr("%1, lit").arg(accessibleName()) : accessibleName());
 }
 
-void KeyLabel::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void KeyLabel::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
-}
-
-void KeyLabel::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
-  QAbstractButton::keyPressEvent(event);
-}
-
 void KeyLabel::changeEvent(QEvent* event) {
-  QAbstractButton::changeEvent(event);
+  HoverKey::changeEvent(event);
   if (event->type() == QEvent::EnabledChange) update();
 }
 

@@ -2,13 +2,14 @@
 // drawn key answer.
 #pragma once
 
-#include <QAbstractButton>
+#include "ui/hover_key.h"
+
 #include <QPixmap>
 #include <QRect>
 
 namespace kvo {
 
-class KeyLabel : public QAbstractButton {
+class KeyLabel : public HoverKey {
  public:
   /// `name` is what a screen reader is told, and the tool tip unless another one is set.
   KeyLabel(const QString& name, QWidget* parent);
@@ -21,9 +22,6 @@ class KeyLabel : public QAbstractButton {
   void setLit(bool lit);
 
  protected:
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 

@@ -3,7 +3,6 @@
 #include "ui/painting.h"
 #include "ui/theme.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace kvo {
@@ -15,8 +14,7 @@ constexpr QRectF kToolBar(0, 23.4, 12, 2);  // the bar of one that is lit, from 
 
 ToolKey::ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWidth, const QString& name,
                  QWidget* parent)
-    : QAbstractButton(parent), picture_(picture), glyphLeft_(glyphLeft), glyphWidth_(glyphWidth) {
-  setFocusPolicy(Qt::StrongFocus);
+    : HoverKey(parent), picture_(picture), glyphLeft_(glyphLeft), glyphWidth_(glyphWidth) {
   setAccessibleName(name);
   setToolTip(name);
 }
@@ -31,21 +29,6 @@ void ToolKey::setLit(bool lit) {
   lit_ = lit;
   setAccessibleDescription(lit ? tr("%1, lit").arg(accessibleName()) : accessibleName());
   update();
-}
-
-void ToolKey::enterEvent(QEnterEvent* event) {
-  QAbstractButton::enterEvent(event);
-  update();
-}
-
-void ToolKey::leaveEvent(QEvent* event) {
-  QAbstractButton::leaveEvent(event);
-  update();
-}
-
-void ToolKey::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
-  QAbstractButton::keyPressEvent(event);
 }
 
 void ToolKey::paintEvent(QPaintEvent* /*event*/) {

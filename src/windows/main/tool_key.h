@@ -1,14 +1,13 @@
 // A label on the toolbar of Free Zoom, with its glyph.
 #pragma once
 
+#include "ui/hover_key.h"
 #include "windows/main/face_scale.h"
 #include "windows/main/toolbar_picture.h"
 
-#include <QAbstractButton>
-
 namespace kvo {
 
-class ToolKey : public QAbstractButton {
+class ToolKey : public HoverKey {
  public:
   /// `picture` outlives the key. Left and width of the glyph in it are parts of its width.
   ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWidth, const QString& name,
@@ -18,9 +17,6 @@ class ToolKey : public QAbstractButton {
   void setLit(bool lit);
 
  protected:
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
