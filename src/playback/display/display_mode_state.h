@@ -72,6 +72,7 @@ struct SliderPlace {
   Twips Y = 0;        ///< height of the line
   Place Lbl_Line;     ///< what takes the mouse along the line
   Control ImageBlob;  ///< the handle
+  bool operator==(const SliderPlace&) const = default;
 };
 
 /// What of the normal face the modes turn on and off.

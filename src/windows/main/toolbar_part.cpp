@@ -9,6 +9,7 @@
 #include "windows/main/tool_key.h"
 
 #include <QPainter>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -100,7 +101,8 @@ void ToolbarPart::draw() {
     }
   }
   placeHandle();
-  update();
+  const Line now{state_.mode.slider, state_.slider.position};
+  if (std::exchange(drawn_, now) != now) update();
 }
 
 void ToolbarPart::placeHandle() {

@@ -35,7 +35,15 @@ class ToolbarPart : public QWidget {
   [[nodiscard]] bool isLit(HitLabel label) const;
   void placeHandle();
 
+  // Of the slider: what is painted below the labels.
+  struct Line {
+    SliderPlace place;
+    double position = 0;
+    bool operator==(const Line&) const = default;
+  };
+
   const MainWindowState& state_;
+  Line drawn_;
   Acts acts_;
   std::string folder_;
   FaceScale scale_;
