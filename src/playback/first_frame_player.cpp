@@ -1,17 +1,12 @@
 #include "playback/first_frame_player.h"
 
-#include "base/text.h"
+#include "playback/display/clip_facts.h"
 
 namespace kvo {
 namespace {
 
 constexpr int kDvdWidth = 720;  // pixels
 constexpr int kDvdHeight = 576;
-
-bool isDvdName(std::string_view path) {
-  const auto extension = extensionOf(path);
-  return extension == "VOB" || extension == "IFO" || extension == "BUP";
-}
 
 }  // namespace
 
@@ -23,9 +18,10 @@ void FirstFramePlayer::PlayerSetFilename(const std::string& path, int index) {
   player.path = path;
   player.clip = index;
   corona_ = clip.IsCorona();
-  if (extensionOf(path) == "WMA") return;
-  player.sourceWidth = isDvdName(path) ? kDvdWidth : clip.MovieWidth();
-  player.sourceHeight = isDvdName(path) ? kDvdHeight : clip.MovieHeight();
+  const auto kind = clipFacts(clip, *this);
+  if (kind.extension == "WMA") return;
+  player.sourceWidth = isDVD(kind) ? kDvdWidth : clip.MovieWidth();
+  player.sourceHeight = isDVD(kind) ? kDvdHeight : clip.MovieHeight();
   if (player.sourceWidth <= 0 || player.sourceHeight <= 0) {
     const auto facts = streams_.facts(path);
     const bool picture = facts && facts->hasVideo;

@@ -104,7 +104,7 @@ void ClipList::tell(const Movie& clip) {
   display.digits = digitsAt(clip, position, settings_);
   display.digitsTip =
       display.digits.empty() ? "" : "Point in Time (mm:ss:frames) - Click for Direct Positioner";
-  display.sound = !clip.IsStill() && !clip.IsHTML();
+  display.sound = hasSound(clip);
   display.rate =
       display.sound ? FormatMask(static_cast<double>(clip.Playspeed()) / 10, "#0.0#") + "x" : std::string();
   display.volume = percentOf(clip.Volume());

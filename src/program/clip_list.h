@@ -1,5 +1,5 @@
 // The clip list of the main window and what it tells of the clip in hand: brought in line with the
-// collection, which it does not change.
+// collection, of which it sets only which clip is in hand.
 #pragma once
 
 #include "core/records/collection.h"

@@ -14,8 +14,6 @@ namespace {
 constexpr double kSilence = 10000;  // hundredths of a decibel
 constexpr double kUnshifted = 1000;
 
-bool hasSound(const Movie& clip) { return !clip.IsStill() && !clip.IsHTML(); }
-
 // "640 x 480" and "44.1 KHz" as they are shown.
 std::string resolutionText(const Movie& clip) {
   if (clip.IsStill() && clip.StillW() > 0)
@@ -44,12 +42,6 @@ std::string balanceText(const Movie& clip) {
   return balance == 0 ? "Stereo" : balance < 0 ? "Left" : "Right";
 }
 
-// The section of a clip that has a length; an end that was never set is the clip's.
-std::pair<double, double> sectionOf(const Movie& clip, double length) {
-  const double end = clip.LoopEnd().number();
-  return {clip.LoopStart().number(), end > 0 ? std::min(end, length) : length};
-}
-
 }  // namespace
 
 ClipKind kindOf(const Movie& clip) {
@@ -69,6 +61,18 @@ std::optional<double> lengthOf(const Movie& clip, const KVO2& settings) {
   if (clip.IsStill()) return static_cast<double>(settings.state.DefaultStillDuration);
   return std::nullopt;
 }
+
+std::optional<double> playedLength(const Movie& clip) {
+  const auto length = clip.DurationTime().wholeNumber();
+  return length && *length > 0 && !clip.IsStill() ? length : std::nullopt;
+}
+
+std::pair<double, double> sectionOf(const Movie& clip, double length) {
+  const double end = clip.LoopEnd().number();
+  return {clip.LoopStart().number(), end > 0 ? std::min(end, length) : length};
+}
+
+bool hasSound(const Movie& clip) { return !clip.IsStill() && !clip.IsHTML(); }
 
 std::string playTimeText(double seconds) {
   const auto whole = static_cast<long>(RoundToWhole(seconds));
@@ -136,14 +140,14 @@ std::vector<std::string> chipsOf(const Movie& clip, const StreamFacts* facts) {
 }
 
 std::string positionText(const Movie& clip, double position) {
-  const auto length = clip.DurationTime().wholeNumber();
-  if (!length || *length <= 0 || clip.IsStill()) return {};
+  const auto length = playedLength(clip);
+  if (!length) return {};
   return "Time = " + FormatMask(position, "0.00") + " of " + FormatMask(*length, "0.00");
 }
 
 std::string digitsAt(const Movie& clip, double position, const KVO2& settings) {
-  const auto length = clip.DurationTime().wholeNumber();
-  if (!length || *length <= 0 || clip.IsStill()) return {};
+  const auto length = playedLength(clip);
+  if (!length) return {};
   const double whole = RoundToWhole(position);
   const double minutes = std::floor(whole / 60);
   const auto frames = clip.DurationFrames().wholeNumber();
@@ -154,8 +158,8 @@ std::string digitsAt(const Movie& clip, double position, const KVO2& settings) {
 }
 
 SliderState sliderOf(const Movie& clip) {
-  const auto length = clip.DurationTime().wholeNumber();
-  if (!length || *length <= 0 || clip.IsStill()) return {};
+  const auto length = playedLength(clip);
+  if (!length) return {};
   const auto [start, end] = sectionOf(clip, *length);
   const auto part = [&](double seconds) { return std::clamp(seconds / *length, 0.0, 1.0); };
   return {true, *length, part(start), part(end), part(start)};

@@ -9,6 +9,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -17,6 +18,15 @@ ClipKind kindOf(const Movie& clip);
 
 /// How long a clip is as a whole: a still as long as stills are set to last; nothing when it is not known.
 std::optional<double> lengthOf(const Movie& clip, const KVO2& settings);
+
+/// The length of what plays, as its file tells: nothing for a still, and when it is not known.
+std::optional<double> playedLength(const Movie& clip);
+
+/// Where the section of a clip of this length begins and ends; an end that was never set is the clip's.
+std::pair<double, double> sectionOf(const Movie& clip, double length);
+
+/// It has a speed, a volume and a balance: neither still nor page.
+bool hasSound(const Movie& clip);
 
 /// "2:33", "1:02:33"
 std::string playTimeText(double seconds);

@@ -20,11 +20,6 @@ constexpr std::array<std::string_view, 7> kSortNames = {
     "sort by name",   "sort by date",       "sort by type", "sort by size",
     "sort by length", "sort by resolution", "shuffle"};
 
-std::optional<double> measured(const Movie& clip) {
-  const auto length = clip.DurationTime().wholeNumber();
-  return length && *length > 0 && !clip.IsStill() ? length : std::nullopt;
-}
-
 double frameOf(const Movie& clip, double length) {
   const auto frames = clip.DurationFrames().wholeNumber();
   return frames && *frames > 0 ? length / *frames : kLeastSection;
@@ -132,11 +127,10 @@ bool ListCommands::refusedByKeyframes(bool in) {
 
 void ListCommands::mark(bool in, double seconds) {
   pass([&](const CommandPass& pass, const Movie& clip) {
-    const auto length = measured(clip);
+    const auto length = playedLength(clip);
     if (!length || refusedByKeyframes(in)) return;
     const double frame = frameOf(clip, *length);
-    const double end = clip.LoopEnd().number() > 0 ? std::min(clip.LoopEnd().number(), *length) : *length;
-    const double start = clip.LoopStart().number();
+    const auto [start, end] = sectionOf(clip, *length);
     seconds = in ? std::clamp(seconds, 0.0, std::max(0.0, end - frame))
                  : std::clamp(seconds, std::min(start + frame, *length), *length);
     const bool whole = !in && seconds == *length;
@@ -158,7 +152,7 @@ void ListCommands::resetMarkOut() { mark(false, std::numeric_limits<double>::max
 void ListCommands::setVolume(int percent) {
   pass([&](const CommandPass& pass, const Movie& clip) {
     const auto attenuation = attenuationOf(percent);
-    if (clip.IsStill() || clip.IsHTML() || clip.Volume() == attenuation) return;
+    if (!hasSound(clip) || clip.Volume() == attenuation) return;
     history_.edit(
         pass, named("volume of"), collection_.icurMov, 0,
         [&](Movie& changed) { changed.Volume(attenuation); }, "volume");
@@ -170,7 +164,7 @@ bool ListCommands::canCopy(CopyMode mode) const {
   if (mode == CopyMode::Exact) return true;
   const auto& clip = collection_.MovieList[collection_.icurMov];
   const auto frames = clip.DurationFrames().wholeNumber();
-  return measured(clip) && frames && clip.LoopEndFrames() < *frames;
+  return playedLength(clip) && frames && clip.LoopEndFrames() < *frames;
 }
 
 void ListCommands::copy(CopyMode mode) {

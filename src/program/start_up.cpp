@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
+#include "playback/display/interface_size.h"
 #include "program/shut_down.h"
 
 #include <algorithm>
@@ -19,8 +20,7 @@ constexpr std::string_view kMonitorsTold = "MonitorsTold";
 
 // By the screen, where the user's choice is none that there is.
 double sizeChoice(double chosen) {
-  constexpr std::array kSizes = {1.0, 1.25, 1.5, 2.0};
-  return std::find(kSizes.begin(), kSizes.end(), chosen) == kSizes.end() ? 0 : chosen;
+  return std::ranges::find(kInterfaceSizes, chosen) == kInterfaceSizes.end() ? 0 : chosen;
 }
 
 std::string joined(std::initializer_list<int> numbers) {

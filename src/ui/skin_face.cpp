@@ -80,8 +80,4 @@ void LoadPlayListImages(const std::array<KVOBut*, 5>& keys, const std::string& b
   for (std::size_t i = 0; i < keys.size(); ++i) setTriple(*keys[i], buttonPath, kStems[i], interfaceSize);
 }
 
-void LoadEject(KVOBut& key, const std::string& buttonPath, double interfaceSize) {
-  setTriple(key, buttonPath, "Eject", interfaceSize);
-}
-
 }  // namespace kvo

@@ -59,7 +59,4 @@ QColor colourOf(std::uint32_t colorRef);
 void LoadPlayListImages(const std::array<KVOBut*, 5>& keys, const std::string& buttonPath,
                         double interfaceSize);
 
-/// The same for the key that opens the drive.
-void LoadEject(KVOBut& key, const std::string& buttonPath, double interfaceSize);
-
 }  // namespace kvo
