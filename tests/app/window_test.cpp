@@ -197,6 +197,14 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   type("First");
   press("Return");
   ASSERT_TRUE(comes("First - Video")) << "renames";
+  press("F2 BackSpace Return");
+  ASSERT_TRUE(comes("Remove the Display Name"));
+  press("alt+n");
+  ASSERT_TRUE(comes("First - Video")) << "a name that is not taken away";
+  press("F2 End 1 Return");
+  ASSERT_TRUE(comes("First1 - Video")) << "stands in its row again";
+  press("ctrl+z");
+  ASSERT_TRUE(comes("First - Video"));
   press("ctrl+Down");
   press("Home");
   ASSERT_TRUE(comes("second.avi - Video")) << "moves";

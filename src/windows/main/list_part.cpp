@@ -71,6 +71,7 @@ void ListPart::listen() {
   list_->events.SelectionChange = [this] { tellChoice(); };
   list_->events.Edited = [this](int index) {
     logic_.commands.rename(list_->list().item(index).ItemText);
+    shownRevision_ = 0;  // the clip may bear another name than was typed
     logic_.acted();
   };
   list_->setContextMenuPolicy(Qt::CustomContextMenu);
