@@ -195,7 +195,6 @@ void SkinnedFace::drawParts() {
   glass_->draw(colour);
   volume_->draw();
   empty_->draw();
-  if (!state_.face.controlsEnabled && focusWidget() == empty_) setFocus();  // as for a part that goes
   empty_->setEnabled(state_.face.controlsEnabled);
   loading_->draw();
   keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
@@ -215,7 +214,9 @@ void SkinnedFace::showParts() {
   showPart(*position_, any && panels.Lbl_Pos.visible);
   showPart(*details_, details);
   if (loading) return loading_->setFocus();
-  if (focusBefore_ != nullptr) std::exchange(focusBefore_, nullptr)->setFocus();
+  if (const auto before = std::exchange(focusBefore_, nullptr); before != nullptr) {
+    before->isVisibleTo(this) && before->isEnabled() ? before->setFocus() : setFocus();
+  }
   if (focusWidget() != nullptr && focusWidget() != this) return;
   if (!list_->isHidden()) list_->list().setFocus();
   if (!empty_->isHidden()) empty_->setFocus();
