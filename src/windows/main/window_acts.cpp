@@ -55,6 +55,9 @@ bool WindowActs::pressKey(QWidget& window, const QKeyEvent& event) {
     openMenu(window.mapToGlobal(QPoint(window.width() / 3, window.height() / 3)), window);
     return true;
   }
+  const bool changesFace =
+      event.key() == Qt::Key_F11 || (event.key() == Qt::Key_Escape && state_.mode.IsMiniMode);
+  if (changesFace && state_.busy()) return true;  // a load is under way: there may be no clip to place
   if (event.key() == Qt::Key_F11) {
     coverOrBack();
     return true;
