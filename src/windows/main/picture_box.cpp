@@ -14,6 +14,8 @@ namespace {
 constexpr double kSignShare = 0.22;  // of the lower side
 constexpr int kLeastSign = 24;       // pixels
 constexpr int kSignTextGap = 10;
+constexpr int kLeastSignText = 12;
+constexpr int kMostSignText = 24;
 
 QPixmap toPixmap(const FramePicture& picture, double pixelRatio) {
   const QImage image(picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,

@@ -17,10 +17,10 @@ CollectionDetailsPart::CollectionDetailsPart(const CollectionDetailsState& state
     : Plate(QRectF(30, kSummaryTop, 238, kSummaryHeight), kSummaryRadius, parent),
       state_(state),
       clips_(made<FaceLabel>(
-          QRectF(40, kSummaryTop, 96, kSummaryHeight),
+          QRectF(40, kSummaryTop, 72, kSummaryHeight),
           LabelLook{.pixels = kSummaryText, .weight = QFont::Medium, .colour = token("text2")}, this)),
       total_(made<FaceLabel>(
-          QRectF(138, kSummaryTop, 120, kSummaryHeight),
+          QRectF(114, kSummaryTop, 144, kSummaryHeight),
           LabelLook{.pixels = kSummaryText, .colour = token("text2"), .side = Qt::AlignRight}, this)) {}
 
 void CollectionDetailsPart::layOut(const FaceScale& scale) {
