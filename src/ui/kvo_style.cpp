@@ -157,9 +157,8 @@ int KvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_SliderLength:
       return kHandle + 2 * kRoom;
     case PM_FocusFrameHMargin:
-      return kRingRoom - ringInset(widget).x();
     case PM_FocusFrameVMargin:
-      return kRingRoom - ringInset(widget).y();
+      return kRingRoom;
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }
@@ -244,7 +243,8 @@ void KvoStyle::drawMarked(const QStyleOptionButton& option, QPainter& painter, c
 void KvoStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const {
   if (element == CE_FocusFrame) {
-    const auto outer = QRectF(option->rect).adjusted(1, 1, -1, -1);
+    const auto inset = ringInset(widget) + QPoint(1, 1);
+    const auto outer = QRectF(option->rect).adjusted(inset.x(), inset.y(), -inset.x(), -inset.y());
     return drawFocusRing(*painter, outer, isRound(widget) ? outer.width() / 2 - 1 : kRingRadius);
   }
   const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);

@@ -112,6 +112,16 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
   b.history.undo();
   EXPECT_EQ(b.initials(), "aBcde");
   EXPECT_FALSE(b.dirty());
+  b.files.all["/v/o.avi"] = "x";
+  for (const auto& [before, names] :
+       {std::pair{1, "noaBcde"}, {3, "aBnocde"}, {6, "aBcdeno"}, {0, "aBcdeno"}}) {
+    b.mailbox.takeFiles({"/v/new.avi", "/v/o.avi"}, before);
+    EXPECT_EQ(b.initials() + b.window.history.undo, std::string(names) + "Undo add 2 clips");
+    EXPECT_EQ(b.clip(b.collection.icurMov).MovieName(), "o.avi") << before;
+    b.history.undo();
+    EXPECT_EQ(b.initials(), "aBcde") << before;
+    EXPECT_FALSE(b.dirty()) << before;
+  }
 }
 
 TEST(History, OnlyWhatIsInTheFileIsClean) {

@@ -62,14 +62,20 @@ class List : public testing::Test {
     std::istringstream in(steps);
     int n = 0;
     for (std::string word; in >> word;) {
+      const bool another = word.starts_with("ctrl+");
+      const bool range = word.starts_with("shift+");
+      if (another || range) word.erase(0, word.find('+') + 1);
+      const auto reach = another ? CoolList::Reach::Another
+                         : range ? CoolList::Reach::Range
+                                 : CoolList::Reach::One;
       if (const auto key = kKeys.find(word); key != kKeys.end()) {
-        list.keyDown(key->second);
+        list.keyDown(key->second, reach);
       } else if (word == "release") {
         list.mouseUp();
       } else {
         ASSERT_TRUE(in >> n) << word;
         if (word == "choose") choose(n);
-        if (word == "press") list.mouseDown(n * kRow + 1);
+        if (word == "press") list.mouseDown(n * kRow + 1, reach);
         if (word == "move") list.mouseMove(n * kRow + 1, milliseconds(0));
         if (word == "select") static_cast<void>(list.setItemSelected(n, true));
         if (word == "insert") static_cast<void>(list.InsertItem(n, "new"));
@@ -118,6 +124,17 @@ TEST_F(List, FollowsWhatIsDoneToIt) {
       {12, 0, "choose 5 end", "11 7: 11"},
       {12, 0, "choose 5 left right space", "5 1: 5"},
       {12, 0, "down", "-1 0: ", "without an index"},
+      {9, 2, "press 1 release press 3 release", "3 0: 3", "one alone"},
+      {9, 2, "press 1 release ctrl+press 3 release", "3 0: 1 3"},
+      {9, 2, "press 1 ctrl+press 3 ctrl+press 1 release", "1 0: 3", "and out again"},
+      {9, 2, "press 3 release shift+press 1 release", "1 0: 1 2 3", "from where the last choice was"},
+      {9, 2, "press 3 shift+press 1 shift+press 4 release", "4 0: 3 4"},
+      {9, 2, "press 0 ctrl+press 2 shift+press 4 release", "4 0: 2 3 4"},
+      {9, 2, "press 1 move 3 release move 4", "3 0: 1 2 3", "a drag goes on from there"},
+      {9, 2, "press 1 release down", "2 0: 2"},
+      {9, 2, "press 1 release shift+down shift+down shift+up", "2 0: 1 2"},
+      {9, 2, "press 2 release shift+end shift+home", "0 0: 0 1 2"},
+      {9, 2, "choose 4 select 1", "4 0: 1", "by the window, which chooses for itself"},
       {4, 1, "space choose 1 space down down space", "3 0: 1 3", "space inverts where several may be"},
       {4, 1, "choose 1 space choose 3 space space", "3 0: 1"},
       {4, 1, "choose 1 space choose 3 space mode 0", "3 0: 3", "single mode keeps the one at the index"},
@@ -267,6 +284,33 @@ TEST_F(List, FindFirst) {
         Row{"sail", 2, true, 3}, Row{"sail", 2, false, -1}, Row{"sea", 0, true, -1}}) {
     EXPECT_EQ(*list.FindFirst(text, start, fromStart), found) << text << ' ' << start << ' ' << fromStart;
   }
+}
+
+TEST_F(List, TellsWhatTheUserHasChosenAndWritten) {
+  make(9, 2);
+  int chosen = 0;
+  std::string edited;
+  list.events.SelectionChange = [&] { ++chosen; };
+  list.events.Edited = [&](int index) { edited += std::to_string(index) + list.item(index).ItemText; };
+  act("press 1 release ctrl+press 1 release down shift+down");
+  EXPECT_EQ(chosen, 4);
+  act("choose 5 select 2");
+  EXPECT_EQ(chosen, 4) << "what the window does is not told";
+  list.StartEdit();
+  list.EndEdit(true);
+  EXPECT_EQ(edited, "") << "the same text";
+  list.StartEdit();
+  list.editText = "sea";
+  list.EndEdit(false);
+  list.StartEdit();
+  list.editText = "lake";
+  list.EndEdit(true);
+  EXPECT_EQ(edited, "5lake");
+  list.setItems({{"x", 1, 2, true}, {"y", 1, 2, false}});
+  EXPECT_EQ(texts() + selected(), "x y0");
+  EXPECT_EQ(list.ListIndex(), -1);
+  act("shift+press 1");
+  EXPECT_EQ(selected(), "1") << "no range begins at an item that is gone";
 }
 
 TEST_F(List, AnEditIsKeptOrNot) {

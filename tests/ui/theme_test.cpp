@@ -1,7 +1,9 @@
 #include "ui/theme.h"
 
+#include <QActionGroup>
 #include <QCheckBox>
 #include <QFocusFrame>
+#include <QMenu>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
@@ -112,6 +114,70 @@ TEST_F(Focus, IsShownWhereTheKeyboardBroughtItAndNotTheMouse) {
   EXPECT_FALSE(hasRing(second_)) << "left";
   EXPECT_FALSE(hasRing(box_)) << "a check box rings its mark, not its whole width";
   EXPECT_NE(box_.grab().toImage(), before);
+}
+
+// Rows of colour `rgb` between two columns of a menu's picture.
+int rowsWith(const QImage& image, Rgb rgb, int from, int to) {
+  int rows = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = from; x < to; ++x) {
+      if ((image.pixel(x, y) & 0xFFFFFFU) != rgb) continue;
+      ++rows;
+      break;
+    }
+  }
+  return rows;
+}
+
+TEST(Menus, HaveRowsWithMarksAtTheLeftAndShortcutsAtTheRight) {
+  QMenu menu;
+  menu.addAction("Plain text");
+  const int one = menu.sizeHint().height();
+  auto* ticked = menu.addAction("Loop");
+  EXPECT_EQ(menu.sizeHint().height() - one, 26);
+  menu.addSeparator();
+  const int width = menu.sizeHint().width();
+  menu.addAction("Undo\tCtrl+Shift+Z");
+  EXPECT_EQ(menu.sizeHint().height() - one, 26 + 9 + 26);
+  EXPECT_GT(menu.sizeHint().width(), width + 60) << "room for the shortcut";
+  menu.resize(menu.sizeHint());
+  const auto plain = menu.grab().toImage();
+  EXPECT_EQ(rowsWith(plain, token("teal"), 0, 36), 0);
+  EXPECT_GT(rowsWith(plain, token("text3"), menu.width() - 40, menu.width() - 10), 5);
+  ticked->setCheckable(true);
+  ticked->setChecked(true);
+  const auto tick = menu.grab().toImage();
+  EXPECT_GT(rowsWith(tick, token("teal"), 0, 36), 3);
+  QActionGroup several(&menu);
+  ticked->setActionGroup(&several);
+  const auto dot = menu.grab().toImage();
+  EXPECT_GT(rowsWith(dot, token("teal"), 0, 36), 3);
+  EXPECT_NE(dot, tick) << "a tick is no dot";
+  menu.setActiveAction(ticked);
+  EXPECT_GT(rowsWith(menu.grab().toImage(), token("tealBg"), 60, 90), 20) << "the row at hand is lit";
+}
+
+TEST_F(Focus, TheRingIsAboutTheKeyThatAWidgetStandsFor) {
+  window_.resize(200, 200);
+  QWidget key(&window_);
+  key.setGeometry(150, 150, 28, 28);
+  key.setFocusPolicy(Qt::StrongFocus);
+  key.show();
+  // The middle row and column of the ring, from outer edge to outer edge.
+  const auto ring = [&] {
+    key.clearFocus();
+    key.setFocus(Qt::TabFocusReason);
+    const auto image = window_.grab().toImage();
+    QRect lit;
+    for (int i = 130; i < 200; ++i) {
+      if (image.pixelColor(i, 164) == toColour(token("focus"))) lit |= QRect(i, 164, 1, 1);
+      if (image.pixelColor(164, i) == toColour(token("focus"))) lit |= QRect(164, i, 1, 1);
+    }
+    return lit;
+  };
+  EXPECT_EQ(ring(), QRect(146, 146, 36, 36)) << "2 pixels wide, 2 outside";
+  key.setProperty("ringInset", QPoint(3, 2));
+  EXPECT_EQ(ring(), QRect(149, 148, 30, 32));
 }
 
 }  // namespace

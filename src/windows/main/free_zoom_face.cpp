@@ -4,6 +4,7 @@
 #include "ui/theme.h"
 #include "windows/main/texts.h"
 
+#include <QCursor>
 #include <QGraphicsOpacityEffect>
 #include <QMouseEvent>
 #include <QPainter>
@@ -90,7 +91,6 @@ void FreeZoomFace::takeShape() {
   const bool covers = window.border == BorderStyle::Covering;
   if (covers != isFullScreen() && isVisible()) {
     covers ? showFullScreen() : showNormal();
-    showToolbar(true);
   }
   if (std::exchange(placings_, window.placings) == window.placings || covers) return;
   const double pixel = state_.mode.twipsPerPixel();
@@ -116,7 +116,8 @@ void FreeZoomFace::placePicture() {
 }
 
 void FreeZoomFace::showToolbar(bool shown) {
-  if (!shown && (!isFullScreen() || toolbar_->underMouse())) return;
+  const bool inUse = toolbar_->rect().contains(toolbar_->mapFromGlobal(QCursor::pos()));
+  if (!shown && (!isFullScreen() || inUse)) return;
   if (shown && !toolbar_->isHidden()) {
     fading_->stop();
     fade_->setOpacity(1);
@@ -146,6 +147,8 @@ bool FreeZoomFace::event(QEvent* event) {
       mouseMoved();
       break;
     case QEvent::KeyPress:
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
       showToolbar(true);
       break;
     case QEvent::ScreenChangeInternal:

@@ -10,6 +10,7 @@ namespace kvo {
 
 IconKey::IconKey(const QString& icon, const QString& name, const QRectF& units, double side, QWidget* parent)
     : HoverKey(parent), icon_(icon), units_(units), side_(side) {
+  setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard where it is
   setAccessibleName(name);
 }
 

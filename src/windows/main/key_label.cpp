@@ -25,6 +25,7 @@ QPixmap laidOver(const QPixmap& picture, QColor colour, double part) {
 }  // namespace
 
 KeyLabel::KeyLabel(const QString& name, QWidget* parent) : HoverKey(parent) {
+  setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard where it is
   setAccessibleName(name);
   setToolTip(name);
 }

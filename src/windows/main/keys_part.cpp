@@ -148,6 +148,7 @@ KeysPart::KeysPart(const ButtonsState& state, ImageList1& images, const Acts& ac
     if (const auto& act = acts_.*kKeyRows[i].act) QObject::connect(labels_[i], &KeyLabel::clicked, act);
   }
   close_ = made<KVOBut>(face);
+  close_->setFocusPolicy(Qt::TabFocus);
   close_->setToolTip(QCoreApplication::translate(kKeysContext, "Close"));
   QObject::connect(close_, &KVOBut::clicked, acts_.close);
 }

@@ -51,6 +51,7 @@ ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic,
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     keys_[i] = made<KVOBut>(this);
     keys_[i]->setToolTip(names[i]);
+    keys_[i]->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard in the list
     keys_[i]->setAutoRepeat(i < 2);
   }
   const auto press = [this](KVOBut* key, std::function<void()> act) {

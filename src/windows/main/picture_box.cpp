@@ -30,6 +30,7 @@ QPixmap toPixmap(const FramePicture& picture, double pixelRatio) {
 PictureBox::PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent)
     : QWidget(parent), state_(state), pictures_(pictures) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setAccessibleName(tr("Picture"));
 }
 
 const ClipRow* PictureBox::row() const {
@@ -105,10 +106,12 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   const auto ink = drawn_.icon == std::string_view("warn") ? token("amber") : token("text3");
   const QPoint corner((width() - side) / 2, (height() - side) / 2 - kSignTextGap);
   painter.drawPixmap(corner, iconPicture(drawn_.icon, ink, side, devicePixelRatio()));
+  auto font = painter.font();
+  font.setPixelSize(std::clamp(side * 2 / 5, kLeastSignText, kMostSignText));
+  painter.setFont(font);
   painter.setPen(toColour(token("text3")));
-  painter.drawText(
-      QRect(0, corner.y() + side + kSignTextGap, width(), 2 * kSignTextGap + painter.fontMetrics().height()),
-      Qt::AlignHCenter | Qt::AlignTop, drawn_.text);
+  painter.drawText(QRect(0, corner.y() + side + kSignTextGap, width(), height()),
+                   Qt::AlignHCenter | Qt::AlignTop, drawn_.text);
 }
 
 }  // namespace kvo

@@ -97,8 +97,7 @@ void FaceLabel::write(const QString& text) {
 QString FaceLabel::cut() const { return QFontMetrics(face_, this).elidedText(text(), look_.elide, width()); }
 
 bool FaceLabel::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || cut() == text())
-    return QLabel::event(event);
+  if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || !isCut()) return QLabel::event(event);
   const auto plain = Qt::mightBeRichText(text()) ? text().toHtmlEscaped() : text();
   QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plain, this);
   return true;

@@ -58,6 +58,7 @@ class FaceLabel : public QLabel {
 
   void layOut(const FaceScale& scale);
   void setColour(Rgb colour);
+  [[nodiscard]] bool isCut() const { return cut() != text(); }
   /// As setText; nothing is drawn anew when it is the same.
   void write(const QString& text);
 

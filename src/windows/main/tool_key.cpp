@@ -15,6 +15,7 @@ constexpr QRectF kToolBar(0, 23.4, 12, 2);  // the bar of one that is lit, from 
 ToolKey::ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWidth, const QString& name,
                  QWidget* parent)
     : HoverKey(parent), picture_(picture), glyphLeft_(glyphLeft), glyphWidth_(glyphWidth) {
+  setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard where it is
   setAccessibleName(name);
   setToolTip(name);
 }

@@ -1,0 +1,148 @@
+// The picture of the clip in hand, and the keys that choose the clip.
+#include "program/clip_picture.h"
+
+#include "program/key_commands.h"
+#include "support/program_bench.h"
+
+#include <chrono>
+#include <future>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Gives each picture only when it is let.
+class HeldStreams : public FrameSource {
+ public:
+  Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
+  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
+    std::unique_lock lock(mutex_);
+    asked_.push_back(path + "@" + std::to_string(static_cast<int>(seconds)));
+    told_.notify_all();
+    told_.wait(lock, [this] { return let_ > 0; });
+    --let_;
+    if (path == "/bad") return Error{"cannot open /bad"};
+    return FramePicture{width, height, {static_cast<std::uint8_t>(seconds)}};
+  }
+
+  /// Waits until so many pictures have been asked for.
+  std::vector<std::string> asked(std::size_t count) {
+    std::unique_lock lock(mutex_);
+    EXPECT_TRUE(told_.wait_for(lock, 10s, [&] { return asked_.size() >= count; })) << count;
+    return asked_;
+  }
+  void let(int count) {
+    const std::lock_guard lock(mutex_);
+    let_ += count;
+    told_.notify_all();
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable told_;
+  std::vector<std::string> asked_;
+  int let_ = 0;
+};
+
+struct PictureBench {
+  HeldStreams streams;
+  test::VirtualLoop loop;
+  ClipPictureState state;
+  std::optional<ClipPicture> picture{std::in_place, streams, loop, state};
+
+  // Lets the thread's work come home.
+  bool comes(const std::string& path, double seconds) {
+    for (int i = 0; i < 5000; ++i) {
+      loop.advance(1);
+      if (state.wish.path == path && state.wish.seconds == seconds && (state.picture || !state.fault.empty()))
+        return true;
+      std::this_thread::sleep_for(1ms);
+    }
+    return false;
+  }
+};
+
+TEST(ClipPicture, OfManyWishesTheFirstAndTheLastAreRead) {
+  PictureBench b;
+  b.picture->want({"/a", 0, 4, 4});
+  b.streams.asked(1);
+  for (int i = 1; i <= 20; ++i) b.picture->want({"/b" + std::to_string(i), 0, 4, 4});
+  b.picture->want({"/c", 7, 4, 4});
+  EXPECT_EQ(b.state.picture, nullptr) << "another file's picture is not shown for it";
+  b.streams.let(2);
+  EXPECT_TRUE(b.comes("/c", 7));
+  EXPECT_EQ(b.streams.asked(2), (std::vector<std::string>{"/a@0", "/c@7"}));
+  EXPECT_EQ(b.state.picture->bgr[0], 7);
+  const auto revision = b.state.revision;
+  b.picture->want({"/c", 7, 4, 4});
+  b.loop.advance(1);
+  EXPECT_EQ(b.streams.asked(2).size(), 2U) << "nothing is read twice in a row";
+  EXPECT_EQ(b.state.revision, revision);
+}
+
+TEST(ClipPicture, WithinAFileTheOldOneStaysUntilTheNextComes) {
+  PictureBench b;
+  b.streams.let(1);
+  b.picture->want({"/a", 1, 4, 4});
+  ASSERT_TRUE(b.comes("/a", 1));
+  b.picture->want({"/a", 2, 4, 4});
+  b.streams.asked(2);
+  b.picture->want({"/a", 3, 4, 4});
+  EXPECT_EQ(b.state.picture->bgr[0], 1);
+  b.streams.let(1);
+  EXPECT_TRUE(b.comes("/a", 2)) << "what comes by the way is nearer to what is wanted";
+  b.streams.let(1);
+  EXPECT_TRUE(b.comes("/a", 3));
+}
+
+TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
+  PictureBench b;
+  b.picture->want({"/bad", 0, 4, 4});
+  b.streams.let(1);
+  EXPECT_TRUE(b.comes("/bad", 0));
+  EXPECT_EQ(b.state.fault, "cannot open /bad");
+  b.picture->want({"/a", 0, 4, 4});
+  EXPECT_EQ(b.state.fault, "");
+  b.streams.asked(2);
+  b.picture->want({});
+  b.streams.let(1);
+  std::this_thread::sleep_for(20ms);
+  b.loop.advance(1);
+  EXPECT_EQ(b.state.picture, nullptr);
+  EXPECT_EQ(b.state.wish, PictureWish{});
+  // What is still on its way when the window goes does not come home.
+  b.picture->want({"/a", 5, 4, 4});
+  b.streams.asked(3);
+  b.streams.let(1);
+  b.picture.reset();
+  b.loop.advance(1);
+  EXPECT_EQ(b.state.picture, nullptr);
+}
+
+TEST(KeyCommands, DigitsAndLettersChooseTheClip) {
+  test::ProgramBench b;
+  KeyCommands keys(b.window, b.listCommands);
+  EXPECT_FALSE(keys.KeyCommand('1')) << "there is no clip yet";
+  std::vector<std::string> clips;
+  for (int i = 1; i <= 11; ++i) clips.push_back(std::to_string(i) + ".avi");
+  b.saveCollection("/prog/KVO5.INI", clips);
+  b.startUp.run({}, "/");
+  const struct {
+    int from;
+    char key;
+    int to;  // 0: the key is none
+  } rows[] = {{1, '2', 2},  {5, '9', 9}, {5, ':', 10}, {5, '0', 0}, {1, 't', 2}, {1, 'T', 2},
+              {11, 'T', 0}, {3, 'v', 2}, {1, 'V', 0},  {3, 'x', 0}, {3, ' ', 0}};
+  for (const auto& row : rows) {
+    b.listCommands.select(row.from);
+    EXPECT_EQ(keys.KeyCommand(row.key), row.to > 0) << row.key;
+    EXPECT_EQ(b.collection.icurMov, row.to > 0 ? row.to : row.from) << row.key;
+  }
+}
+
+}  // namespace
+}  // namespace kvo

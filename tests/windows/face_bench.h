@@ -1,0 +1,124 @@
+// The main window with its logic on stand-ins for the ports, its pictures from the build, on no screen.
+#pragma once
+
+#include "adapters/jpeg/turbo_jpeg.h"
+#include "adapters/posix/posix_files.h"
+#include "app/face_links.h"
+#include "program/key_commands.h"
+#include "program/media_commands.h"
+#include "program/menus.h"
+#include "support/program_bench.h"
+#include "windows/main/frm_file_open.h"
+
+#include <QApplication>
+#include <QTest>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace kvo::test {
+
+struct FaceBench : ProgramBench {
+  explicit FaceBench(const std::vector<std::string>& clips = {"a.avi", "b.avi", "c.jpg"}, double size = 1) {
+    saveCollection("/prog/KVO5.INI", clips);
+    links.link(faceSkins);
+    window.face.interfaceSize = size;
+    links.takeInterfaceSize();
+    startUp.run({}, "/");
+    for (int i = 1; i <= collection.MovieList.count(); ++i) {
+      auto& clip = collection.MovieList[i];
+      const auto path = clip.Path() + clip.MovieName();
+      streams.all[path] = {.hasVideo = true, .width = 640, .height = 480};
+      if (clip.MovieName().ends_with(".jpg")) {
+        clip.IsStill(true);
+      } else {
+        clip.DurationTime(Value(10));
+        clip.DurationFrames(Value(250));
+        clip.LoopEnd(Value(10));
+      }
+    }
+    list.fill();
+    list.show();
+    if (!clips.empty()) list.PreviewMovie(1);
+    window.face.interfaceSize = size;
+    links.takeInterfaceSize();
+    faceSkins.applyStored();
+    window.face.visible = true;
+    open();
+  }
+
+  void open() {
+    frm = std::make_unique<FrmFileOpen>(
+        window,
+        FrmFileOpen::Logic{menu, keys, listCommands, history, media, mailbox, shutDown, links.display(),
+                           picture},
+        FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/"});
+    draw();
+    QApplication::setActiveWindow(&face());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&face()));
+  }
+  void draw() { frm->draw(); }
+
+  /// The face that is shown.
+  [[nodiscard]] static QWidget& face() {
+    QWidget* shown = nullptr;
+    for (auto* window : QApplication::topLevelWidgets()) {
+      if (window->isVisible() && window->windowType() == Qt::Window) {
+        EXPECT_EQ(shown, nullptr) << "two faces at once";
+        shown = window;
+      }
+    }
+    if (shown == nullptr) throw std::runtime_error("no face is shown");
+    return *shown;
+  }
+
+  /// What a screen reader calls so, of what is seen.
+  [[nodiscard]] static QWidget* find(const QString& name) {
+    for (auto* widget : face().findChildren<QWidget*>()) {
+      if (widget->isVisible() && widget->accessibleName() == name) return widget;
+    }
+    return nullptr;
+  }
+  [[nodiscard]] static QWidget& at(const QString& name) {
+    auto* widget = find(name);
+    if (widget == nullptr) throw std::runtime_error("there is no " + name.toStdString());
+    return *widget;
+  }
+  static void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(&at(name), button);
+  }
+  void key(Qt::Key which, Qt::KeyboardModifiers held = {}) {
+    auto* target = face().focusWidget();
+    QTest::keyClick(target != nullptr ? target : &face(), which, held);
+  }
+
+  /// Waits for the thread that fetches pictures.
+  void waitForPicture() {
+    const auto before = window.picture.revision;
+    for (int i = 0; i < 500 && window.picture.revision == before; ++i) {
+      QTest::qWait(2);
+      loop.advance(1);
+    }
+    draw();
+  }
+
+  FaceLinks links{{window, settings, collection, streams, desktop, boxes, pictures, list}};
+  Skins faceSkins{{dialogs, loop, pictures, log, folder}, links, settings, window};
+  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
+  MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
+                {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
+                 .minimumDetails = [this] { links.turnDetails(); },
+                 .stayOnTop = [] {},
+                 .interfaceSize = [this] { links.takeInterfaceSize(); }}};
+  KeyCommands keys{window, listCommands};
+  ClipPicture picture{streams, loop, window.picture};
+  PosixFiles disk;
+  TurboJpeg jpeg;
+  SkinFace skin{{disk, jpeg}, {QSize(562, 410)}};
+  ImageList1 images{{disk, jpeg}, KVO_SHARE "/kvo5/ImageList1/"};
+  std::unique_ptr<FrmFileOpen> frm;
+};
+
+}  // namespace kvo::test

@@ -1,0 +1,138 @@
+// The Free Zoom face, the menus of the window, and its toolbar's picture.
+#include "windows/face_bench.h"
+#include "windows/main/toolbar_picture.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <QPainter>
+#include <QTimer>
+
+namespace kvo {
+namespace {
+
+using test::FaceBench;
+
+TEST(FreeZoom, TakesTheFacesPlaceAndGivesItBack) {
+  FaceBench b;
+  auto& normal = b.face();
+  normal.move(300, 200);
+  b.click("Free Zoom Mode");
+  auto& zoom = b.face();
+  ASSERT_NE(&zoom, &normal);
+  EXPECT_EQ(zoom.windowTitle(), "KVO5 - Free Zoom Mode");
+  EXPECT_EQ(zoom.pos(), QPoint(300, 200));
+  EXPECT_EQ(b.at("Play").isEnabled(), false);
+  b.click("Normal Mode");
+  EXPECT_EQ(&b.face(), &normal);
+  EXPECT_EQ(normal.pos(), QPoint(300, 200));
+  EXPECT_EQ(b.face().focusWidget(), &b.at("Clips"));
+}
+
+TEST(FreeZoom, ItsLabelsKeepTheirShareOfAnyWidth) {
+  FaceBench b;
+  b.click("Free Zoom Mode");
+  const struct {
+    const char* name;
+    int left;  // units of the design's width, 7590
+  } rows[] = {{"Play", 0},
+              {"Pause", 750},
+              {"Half the speed", 4450},
+              {"Slider", 5580},
+              {"Full Screen Mode", 6340},
+              {"Normal Mode", 7100}};
+  for (const int width : {506, 700, 1200}) {
+    b.face().resize(width, 500);
+    QTest::qWait(1);
+    for (const auto& row : rows) {
+      const auto& label = b.at(row.name);
+      EXPECT_NEAR(label.x(), row.left * width / 7590.0, 1) << row.name << width;
+      EXPECT_NEAR(label.width(), 400 * width / 7590.0, 1) << row.name << width;
+    }
+    EXPECT_EQ(b.at("Picture").geometry().bottom() + 1, 500);
+  }
+  b.click("Slider");
+  EXPECT_EQ(b.at("Slider").accessibleDescription(), "Slider, lit");
+  EXPECT_NE(b.find("Position"), nullptr);
+}
+
+TEST(FreeZoom, KeysCoverTheScreenAndLeaveIt) {
+  FaceBench b;
+  b.key(Qt::Key_F11);
+  EXPECT_TRUE(b.face().isFullScreen());
+  EXPECT_NE(b.find("Sizable Mode"), nullptr);
+  b.key(Qt::Key_2);
+  EXPECT_EQ(b.window.list.ListIndex, 1) << "keys go on";
+  b.key(Qt::Key_Escape);
+  EXPECT_FALSE(b.face().isFullScreen());
+  EXPECT_TRUE(b.window.mode.IsMiniMode);
+  b.key(Qt::Key_Escape);
+  EXPECT_FALSE(b.window.mode.IsMiniMode);
+}
+
+TEST(FreeZoom, TheToolbarGoesWhileTheMouseRestsOnACoveredScreen) {
+  FaceBench b;
+  b.key(Qt::Key_F11);
+  QCursor::setPos(b.face().mapToGlobal(b.face().rect().center()));
+  const auto gone = [&] { return b.find("Normal Mode") == nullptr; };
+  EXPECT_TRUE(QTest::qWaitFor(gone, 4000));
+  QTest::mouseClick(&b.face(), Qt::LeftButton, {}, {5, b.face().height() - 5});
+  EXPECT_FALSE(gone());
+}
+
+TEST(FaceMenu, ShortcutsAndEntriesDoTheSame) {
+  FaceBench b;
+  b.key(Qt::Key_Delete);
+  EXPECT_EQ(b.names().size(), 2U);
+  b.key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(b.names().size(), 3U);
+  b.window.menu.mnu_Looping = true;
+  QStringList marked;
+  QString undo;
+  QTimer::singleShot(0, [&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (auto* action : menu->actions()) {
+      if (action->isChecked()) marked << action->text().remove('&');
+      if (action->text().contains("Redo")) undo = action->text();
+      if (!action->text().contains("Redo")) continue;
+      EXPECT_TRUE(action->isEnabled());
+      action->trigger();
+    }
+    menu->close();
+  });
+  b.key(Qt::Key_F10);
+  EXPECT_EQ(marked, QStringList{"Loop clips"});
+  EXPECT_TRUE(undo.endsWith("\tCtrl+Shift+Z")) << undo.toStdString();
+  EXPECT_EQ(b.names().size(), 2U) << "done again";
+}
+
+TEST(ToolbarPicture, IsDrawnAtAnyWidthWithItsGlyphsAsTheyAre) {
+  ToolbarPicture picture;
+  picture.load(KVO_SHARE "/kvo5/Buttons/Toolbarb.bmp", 1, 1);
+  QImage wide(1000, 46, QImage::Format_RGB32);
+  QPainter painter(&wide);
+  picture.drawGround(painter, wide.rect());
+  for (int x = 1; x < wide.width(); ++x) ASSERT_EQ(wide.pixel(x, 20), wide.pixel(0, 20)) << x;
+  picture.drawGlyph(painter, {480, 0, 40, 28}, 750 / 7590.0, 400 / 7590.0, Qt::red);
+  painter.end();
+  // Two bars, in the middle of their place and as wide as in the picture.
+  int red = 0;
+  int first = 0;
+  int last = 0;
+  for (int x = 480; x < 520; ++x) {
+    if (qRed(wide.pixel(x, 15)) < 200) continue;
+    ++red;
+    if (first == 0) first = x;
+    last = x;
+  }
+  EXPECT_NEAR(red, 5, 2);
+  EXPECT_NEAR((first + last) / 2.0, 499.5, 1.5);
+  ToolbarPicture none;
+  none.load("/none.bmp", 1, 1);
+  QPainter again(&wide);
+  none.drawGround(again, wide.rect());
+  none.drawGlyph(again, wide.rect(), 0, 1, Qt::red);
+}
+
+}  // namespace
+}  // namespace kvo
