@@ -136,8 +136,6 @@ class WindowProgram {
     return {.freeZoom = [this] { links_.display().Lbl_MiniMode_Click(); },
             .coverScreen = [this] { links_.display().Lbl_MinMax_Click(); },
             .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
-            .coverScreen = [this] { links_.display().Lbl_MinMax_Click(); },
-            .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
             .minimumDetails = [this] { links_.turnDetails(); },
             .stayOnTop = [] {},  // the window goes by the state
             .interfaceSize = [this] { links_.takeInterfaceSize(); }};

@@ -63,6 +63,7 @@ void FrmFileOpen::showFace() {
     place_.moveTo(now, covered ? corner_ + frame_ : corner_);
   }
   if (!now.isVisible()) {
+    if (other.isVisible() && !other.isFullScreen()) corner_ = other.pos();
     other.isVisible() ? place_.moveTo(now, corner_) : place_.restore(now);
     corner_ = now.pos();
     state_.mode.IsFullScreenWindow ? now.showFullScreen() : now.show();
