@@ -43,7 +43,10 @@ void FaceLinks::startAtSourceSize() {
 }
 
 void FaceLinks::load(int number) {
-  if (number == 0) return player_.PlayerClear();
+  if (number == 0) {
+    FadBorder(std::string(kProductName));
+    return player_.PlayerClear();
+  }
   const auto& clip = parts_.collection.MovieList[number];
   player_.PlayerSetFilename(clip.Path() + clip.MovieName(), number);
   if (!clip.IsStill()) player_.PlayerShow();
