@@ -367,6 +367,7 @@ TEST(Document, HasAPictureWhereAStreamAStillOrANameSaysSo) {
     if (row.facts) b.streams.all[std::string("/v/") + row.name] = *row.facts;
     EXPECT_EQ(HaveAtleastOneVidTrack(b.editing), row.hasPicture) << row.name;
     EXPECT_EQ(b.editor.controls.Chk_AutoTrimEnabled, row.hasPicture) << row.name;
+    EXPECT_EQ(b.editor.controls.Chk_RenderClipAudio, row.hasPicture) << row.name;
     EXPECT_TRUE(checkDocument(compileText(b.editing))) << row.name << ": tracks stand in a group";
   }
 }

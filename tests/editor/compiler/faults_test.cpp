@@ -35,6 +35,7 @@ TEST(CollectionFaults, AreFoundInEveryClip) {
       {[](Bench& b, Movie&) { b.streams.all.erase("/v/b.avi"); }, "2 cannot open /v/b.avi!"},
       {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"] = {.hasAudio = true}; },
        "2 there is no picture in it!"},
+      {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"].duration = 4.6; }, ""},
       {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"].duration = 3; },
        "2 its section ends at 5 s, the file at 3.00 s"},
       {[](Bench&, Movie& m) { m.LoopEnd(Value()); }, "2 its section ends at 0 s, ahead of its start!"},

@@ -99,11 +99,13 @@ TEST(Stills, TakeTheirDefaultsFromTheFile) {
 
 TEST(Stills, AreSetTogetherOrOneByOne) {
   Bench b;
+  auto& first = b.addVideo("s.jpg", 2, 0);
+  first.IsStill(true);
+  first.AltName("Beach");
   b.addVideo("a.avi", 1, 5);
-  for (const auto* name : {"s.jpg", "t.jpg"}) b.addVideo(name, 2, 0).IsStill(true);
-  b.collection.MovieList[2].AltName("Beach");
+  b.addVideo("t.jpg", 2, 0).IsStill(true);
   EXPECT_EQ(GetStillsInCollection(b.editing), 2);
-  EXPECT_EQ(PopulateStillListBox(b.editing)[0], "Beach" + std::string(200, ' ') + "2");
+  EXPECT_EQ(PopulateStillListBox(b.editing)[0], "Beach" + std::string(200, ' ') + "1");
   const auto ends = [&] {
     std::string all;
     for (int i = 1; i <= 3; ++i)
@@ -113,14 +115,14 @@ TEST(Stills, AreSetTogetherOrOneByOne) {
   };
   StillControls controls{.milliseconds = 3500, .aspect = 3, .individually = true, .selectedClip = 0};
   ApplyStillSettings(b.editing, controls);
-  EXPECT_EQ(ends(), "1-5 2-0 2-0 ") << "none is selected";
+  EXPECT_EQ(ends(), "2-0 1-5 2-0 ") << "none is selected";
   controls.selectedClip = 3;
   ApplyStillSettings(b.editing, controls);
-  EXPECT_EQ(ends(), "1-5 2-0 0-3.5 ");
+  EXPECT_EQ(ends(), "2-0 1-5 0-3.5 ");
   EXPECT_EQ(b.collection.MovieList[3].stretchmode(), 3);
   controls.individually = false;
   moveStillSlider(b.editing, controls, 5000);
-  EXPECT_EQ(ends(), "1-5 0-5 0-5 ") << "a video is left alone";
+  EXPECT_EQ(ends(), "0-5 1-5 0-5 ") << "a video is left alone";
   EXPECT_EQ(b.settings.state.ObjectChange, 98);
   EXPECT_EQ(b.settings.state.DefaultStillDuration, 5);
 }
