@@ -35,7 +35,7 @@ ProgramFolder findProgramFolder(const std::function<std::string(const char*)>& e
                                 const std::string& executableFolder) {
   if (auto home = environment("KVO5_HOME"); !home.empty()) return ProgramFolder(std::move(home));
   std::error_code ignored;
-  const ProgramFolder portable(executableFolder);
+  ProgramFolder portable(executableFolder);
   if (!executableFolder.empty() && fs::exists(portable.beside("KVO5.INI"), ignored)) return portable;
   const auto isAbsolute = [](const std::string& path) { return path.starts_with(kSeparator); };
   if (const auto data = environment("XDG_DATA_HOME"); isAbsolute(data))
