@@ -10,6 +10,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 #include <array>
 
 namespace kvo {
@@ -23,6 +24,7 @@ constexpr double kDigitsEnd = 290;
 constexpr double kLampsEnd = 424;
 constexpr double kLampGap = 4;
 constexpr double kLampPadding = 4.5;
+constexpr double kLeastLampPadding = 2;  // in a wide type face
 constexpr QRectF kLamp(0, 340.5, 0, 13);
 constexpr double kLampText = 9.5;
 constexpr QRectF kRatePlace(438, 333, 46, 28);
@@ -115,10 +117,15 @@ void GlassPart::drawLamps(QPainter& painter) const {
   auto font = scale_.text(kLampText, QFont::DemiBold);
   font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4 * scale_.size());
   painter.setFont(font);
+  const auto widthOf = [&](const char* text) {
+    return QFontMetricsF(font, this).horizontalAdvance(text) / scale_.size();
+  };
+  const double room = kLampsEnd - kDigitsEnd - widthOf("LOOPREWINDALL") - 2 * kLampGap;
+  const double padding = std::clamp(room / 6, kLeastLampPadding, kLampPadding);
   double right = kLampsEnd;
   for (const auto& lamp : lamps) {
     const auto text = QString::fromLatin1(lamp.text);
-    const double width = QFontMetricsF(font, this).horizontalAdvance(text) / scale_.size() + 2 * kLampPadding;
+    const double width = widthOf(lamp.text) + 2 * padding;
     const auto box = placedIn(*this, scale_, {right - width, kLamp.top(), width, kLamp.height()});
     painter.setPen(QPen(toColour(lamp.lit ? token("teal") : token("line1")), scale_.hairline()));
     painter.setBrush(lamp.lit ? QBrush(toColour(token("tealBg"))) : QBrush(Qt::NoBrush));

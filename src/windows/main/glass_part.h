@@ -4,12 +4,15 @@
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
+#include <QCoreApplication>
 #include <optional>
 #include <utility>
 
 namespace kvo {
 
 class GlassPart : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(kvo::GlassPart)
+
  public:
   GlassPart(const DisplayState& state, const MenuState& lamps, QWidget* parent);
 

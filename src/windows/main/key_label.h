@@ -4,12 +4,15 @@
 
 #include "ui/hover_key.h"
 
+#include <QCoreApplication>
 #include <QPixmap>
 #include <QRect>
 
 namespace kvo {
 
 class KeyLabel : public HoverKey {
+  Q_DECLARE_TR_FUNCTIONS(kvo::KeyLabel)
+
  public:
   /// `name` is what a screen reader is told, and the tool tip unless another one is set.
   KeyLabel(const QString& name, QWidget* parent);

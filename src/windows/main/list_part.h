@@ -6,6 +6,7 @@
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
+#include <QCoreApplication>
 #include <array>
 #include <functional>
 #include <memory>
@@ -20,6 +21,8 @@ class CoolListView;
 class KVOBut;
 
 class ListPart : public Plate {
+  Q_DECLARE_TR_FUNCTIONS(kvo::ListPart)
+
  public:
   struct Logic {
     ListCommands& commands;

@@ -4,6 +4,7 @@
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 #include <functional>
 
@@ -12,6 +13,8 @@ namespace kvo {
 class ProgressBar;
 
 class LoadingPart : public Plate {
+  Q_DECLARE_TR_FUNCTIONS(kvo::LoadingPart)
+
  public:
   /// `shownOrNot` is called when it comes and when it goes.
   LoadingPart(ProgressState& state, std::function<void()> shownOrNot, QWidget* parent);

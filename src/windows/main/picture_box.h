@@ -4,6 +4,7 @@
 #include "program/clip_picture.h"
 #include "program/main_window_state.h"
 
+#include <QCoreApplication>
 #include <QPixmap>
 #include <QWidget>
 #include <optional>
@@ -11,6 +12,8 @@
 namespace kvo {
 
 class PictureBox : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(kvo::PictureBox)
+
  public:
   PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent);
 

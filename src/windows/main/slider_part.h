@@ -4,6 +4,7 @@
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
+#include <QCoreApplication>
 #include <array>
 #include <functional>
 #include <vector>
@@ -13,6 +14,8 @@ namespace kvo {
 class SliderHandle;
 
 class SliderPart : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(kvo::SliderPart)
+
  public:
   /// What the user does there; times in seconds. An act that is empty cannot be done.
   struct Acts {

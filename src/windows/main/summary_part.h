@@ -5,9 +5,13 @@
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
+#include <QCoreApplication>
+
 namespace kvo {
 
 class CollectionDetailsPart : public Plate {
+  Q_DECLARE_TR_FUNCTIONS(kvo::CollectionDetailsPart)
+
  public:
   CollectionDetailsPart(const CollectionDetailsState& state, QWidget* parent);
   void layOut(const FaceScale& scale);

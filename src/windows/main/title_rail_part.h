@@ -4,6 +4,7 @@
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
+#include <QCoreApplication>
 #include <functional>
 
 namespace kvo {
@@ -11,6 +12,8 @@ namespace kvo {
 class IconKey;
 
 class TitleRailPart : public Plate {
+  Q_DECLARE_TR_FUNCTIONS(kvo::TitleRailPart)
+
  public:
   /// What its keys do.
   struct Acts {

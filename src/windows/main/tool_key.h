@@ -5,9 +5,13 @@
 #include "windows/main/face_scale.h"
 #include "windows/main/toolbar_picture.h"
 
+#include <QCoreApplication>
+
 namespace kvo {
 
 class ToolKey : public HoverKey {
+  Q_DECLARE_TR_FUNCTIONS(kvo::ToolKey)
+
  public:
   /// `picture` outlives the key. Left and width of the glyph in it are parts of its width.
   ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWidth, const QString& name,

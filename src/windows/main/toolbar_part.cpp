@@ -28,18 +28,18 @@ struct ToolRow {
   const char* name;
 };
 constexpr std::array<ToolRow, kHitLabels> kTools = {{
-    {0, QT_TRANSLATE_NOOP("ToolbarPart", "Play")},
-    {750, QT_TRANSLATE_NOOP("ToolbarPart", "Pause")},
-    {1400, QT_TRANSLATE_NOOP("ToolbarPart", "Rewind 5 frames")},
-    {2000, QT_TRANSLATE_NOOP("ToolbarPart", "One frame back")},
-    {2570, QT_TRANSLATE_NOOP("ToolbarPart", "One frame forward")},
-    {3200, QT_TRANSLATE_NOOP("ToolbarPart", "Advance 5 frames")},
-    {3800, QT_TRANSLATE_NOOP("ToolbarPart", "A quarter of the speed")},
-    {4450, QT_TRANSLATE_NOOP("ToolbarPart", "Half the speed")},
-    {5100, QT_TRANSLATE_NOOP("ToolbarPart", "Twice the speed")},
-    {5580, QT_TRANSLATE_NOOP("ToolbarPart", "Slider")},
-    {6340, QT_TRANSLATE_NOOP("ToolbarPart", "Full Screen Mode")},
-    {7100, QT_TRANSLATE_NOOP("ToolbarPart", "Normal Mode")},
+    {0, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Play")},
+    {750, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Pause")},
+    {1400, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Rewind 5 frames")},
+    {2000, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame back")},
+    {2570, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame forward")},
+    {3200, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Advance 5 frames")},
+    {3800, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "A quarter of the speed")},
+    {4450, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Half the speed")},
+    {5100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Twice the speed")},
+    {5580, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Slider")},
+    {6340, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Full Screen Mode")},
+    {7100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Normal Mode")},
 }};
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "windows/main/face_scale.h"
 #include "windows/main/toolbar_picture.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -17,6 +18,8 @@ class SliderHandle;
 class ToolKey;
 
 class ToolbarPart : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(kvo::ToolbarPart)
+
  public:
   /// What the labels do, in their order. One that does nothing yet is disabled.
   using Acts = std::array<std::function<void()>, kHitLabels>;

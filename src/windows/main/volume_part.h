@@ -5,11 +5,14 @@
 #include "windows/main/face_scale.h"
 
 #include <QAbstractSlider>
+#include <QCoreApplication>
 #include <functional>
 
 namespace kvo {
 
 class VolumePart : public QAbstractSlider {
+  Q_DECLARE_TR_FUNCTIONS(kvo::VolumePart)
+
  public:
   /// `set` is told of each per cent that the user turns it to.
   VolumePart(const DisplayState& state, std::function<void(int percent)> set, QWidget* parent);
