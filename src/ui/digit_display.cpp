@@ -127,7 +127,7 @@ void DigitDisplay::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(toColour(token("line1")));
   painter.setBrush(toColour(token("glass")));
   painter.drawRoundedRect(onPixels(rect()), 5, 5);
-  drawDigits(painter, {kPadding, (height() - digitHeight_) / 2}, digitHeight_, text_);
+  drawDigits(painter, {kPadding, (height() - digitHeight_) / 2}, digitHeight_, text_, token("tealHi"));
 }
 
 }  // namespace kvo

@@ -14,10 +14,9 @@ namespace kvo {
 /// 6 lower right. None for what seven bars cannot show.
 std::uint8_t digitBars(char character);
 
-/// Draws digits, minus signs, blanks, colons and points, `height` pixels high, from the left of `at` on.
-/// Gives the width that they take. `lit` is the colour of bars that are lit.
-double drawDigits(QPainter& painter, const QPointF& at, double height, const QString& text,
-                  Rgb lit = token("tealHi"));
+/// Draws digits, minus signs, blanks, colons and points, `height` pixels high, from the left of `at` on, lit
+/// in the colour `lit`. Gives the width that they take.
+double drawDigits(QPainter& painter, const QPointF& at, double height, const QString& text, Rgb lit);
 double widthOfDigits(double height, const QString& text);
 
 class DigitDisplay : public QWidget {

@@ -26,6 +26,8 @@ class RoundMenu : public QMenu {
     setAttribute(Qt::WA_TranslucentBackground);
   }
 
+  void fill(const std::vector<MenuEntry>& entries, const std::function<void(MenuId)>& choose);
+
  protected:
   void resizeEvent(QResizeEvent* event) override {
     QMenu::resizeEvent(event);
@@ -37,13 +39,32 @@ class RoundMenu : public QMenu {
 
  private:
   bool shaped_;
+  QActionGroup dots_{this};  // the entries of which one is chosen
 };
 
-void mark(QAction& action, MenuMark mark, QActionGroup& dots) {
-  if (mark == MenuMark::None) return;
-  action.setCheckable(true);
-  action.setChecked(true);
-  if (mark == MenuMark::Dot) action.setActionGroup(&dots);
+void RoundMenu::fill(const std::vector<MenuEntry>& entries, const std::function<void(MenuId)>& choose) {
+  for (const auto& entry : entries) {
+    if (entry.caption.empty()) {
+      addSeparator();
+      continue;
+    }
+    if (!entry.entries.empty()) {
+      auto* below = made<RoundMenu>(shown(entry.caption), this);
+      below->setEnabled(entry.enabled);
+      below->fill(entry.entries, choose);
+      addMenu(below);
+      continue;
+    }
+    // The text behind a tab stands at the right; the shortcut itself is not the menu's.
+    const auto shortcut = entry.shortcut.empty() ? QString() : '\t' + shown(entry.shortcut);
+    auto* action = addAction(shown(entry.caption) + shortcut);
+    action->setEnabled(entry.enabled);
+    action->setToolTip(plainTip(entry.tip));
+    action->setCheckable(entry.mark != MenuMark::None);
+    action->setChecked(entry.mark != MenuMark::None);
+    if (entry.mark == MenuMark::Dot) action->setActionGroup(&dots_);
+    connect(action, &QAction::triggered, [choose, id = entry.id] { choose(id); });
+  }
 }
 
 }  // namespace
@@ -55,33 +76,9 @@ void FaceMenu::choose(MenuId id) {
   acted_();
 }
 
-void FaceMenu::fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
-  auto* dots = made<QActionGroup>(&menu);
-  for (const auto& entry : entries) {
-    if (entry.caption.empty()) {
-      menu.addSeparator();
-      continue;
-    }
-    if (!entry.entries.empty()) {
-      auto* below = made<RoundMenu>(shown(entry.caption), &menu);
-      below->setEnabled(entry.enabled);
-      fill(*below, entry.entries);
-      menu.addMenu(below);
-      continue;
-    }
-    // The text behind a tab stands at the right; the shortcut itself is not the menu's.
-    const auto shortcut = entry.shortcut.empty() ? QString() : '\t' + shown(entry.shortcut);
-    auto* action = menu.addAction(shown(entry.caption) + shortcut);
-    action->setEnabled(entry.enabled);
-    action->setToolTip(plainTip(entry.tip));
-    mark(*action, entry.mark, *dots);
-    connect(action, &QAction::triggered, this, [this, id = entry.id] { choose(id); });
-  }
-}
-
 void FaceMenu::open(const std::vector<MenuEntry>& entries, const QPoint& at, QWidget* window) {
   RoundMenu menu({}, window);
-  fill(menu, entries);
+  menu.fill(entries, [this](MenuId id) { choose(id); });
   menu.exec(at);
 }
 
@@ -91,6 +88,8 @@ void FaceMenu::openSortMenu(const QPoint& at, QWidget* window) { open(menu_.sort
 
 void FaceMenu::addShortcuts(QWidget& window) { addShortcuts(window, menu_.windowMenu()); }
 
+// The window owns them.
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
 void FaceMenu::addShortcuts(QWidget& window, const std::vector<MenuEntry>& entries) {
   for (const auto& entry : entries) {
     addShortcuts(window, entry.entries);
@@ -99,5 +98,6 @@ void FaceMenu::addShortcuts(QWidget& window, const std::vector<MenuEntry>& entri
     connect(shortcut, &QShortcut::activated, this, [this, id = entry.id] { choose(id); });
   }
 }
+// NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 }  // namespace kvo

@@ -8,7 +8,6 @@
 #include <functional>
 #include <vector>
 
-class QMenu;
 class QPoint;
 class QWidget;
 
@@ -29,7 +28,6 @@ class FaceMenu : public QObject {
 
  private:
   void open(const std::vector<MenuEntry>& entries, const QPoint& at, QWidget* window);
-  void fill(QMenu& menu, const std::vector<MenuEntry>& entries);
   void addShortcuts(QWidget& window, const std::vector<MenuEntry>& entries);
   void choose(MenuId id);
 

@@ -102,11 +102,9 @@ void GlassPart::paintEvent(QPaintEvent* /*event*/) {
 void GlassPart::drawDigits(QPainter& painter) const {
   const QPointF at = placedIn(*this, scale_, {kDigits, QSizeF(1, 1)}).topLeft();
   const double height = kDigitHeight * scale_.size();
-  if (state_.digits.empty()) {
-    kvo::drawDigits(painter, at, height, kUnlitDigits, token("unlit"));
-  } else {
-    kvo::drawDigits(painter, at, height, shown(state_.digits));
-  }
+  const bool lit = !state_.digits.empty();
+  kvo::drawDigits(painter, at, height, lit ? shown(state_.digits) : kUnlitDigits,
+                  lit ? token("tealHi") : token("unlit"));
 }
 
 // From the right to the left, so that they stand clear of the rate in each type face. One that is lit gains a

@@ -2,7 +2,6 @@
 
 #include "ui/compositing.h"
 #include "ui/cool_list_view.h"
-#include "ui/face_drag.h"
 #include "ui/logo.h"
 #include "ui/made.h"
 #include "ui/theme.h"
@@ -50,7 +49,6 @@ SkinnedFace::SkinnedFace(MainWindowState& state, const Logic& logic, WindowActs&
   setFocusPolicy(Qt::ClickFocus);
   makeParts(acts, folder);
   setTabOrder();
-  made<FaceDrag>(*this);
   acts.serve(*this);
 }
 

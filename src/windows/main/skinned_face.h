@@ -3,6 +3,7 @@
 #pragma once
 
 #include "program/list_commands.h"
+#include "ui/face_drag.h"
 #include "ui/skin_face.h"
 #include "windows/main/keys_part.h"
 #include "windows/main/window_acts.h"
@@ -75,6 +76,7 @@ class SkinnedFace : public QWidget {
   std::uint64_t keysRevision_ = 0;
   QPixmap ground_;  // the skin with its spine and keys
   ShapedWidget shaped_;
+  FaceDrag drag_{*this};
   std::unique_ptr<KeysPart> keys_;
   TitleRailPart* rail_ = nullptr;
   ListPart* list_ = nullptr;
