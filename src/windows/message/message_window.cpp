@@ -45,6 +45,7 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
   setAccessibleName(question.face.caption);
   setAccessibleDescription(question.face.lines.join(' '));
   made<FaceDrag>(*this);
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the window owns what drags it
   auto* all = made<QVBoxLayout>(this);
   all->setContentsMargins(hasCompositor() ? kShadow.margins() : QMargins());
   all->setSizeConstraint(QLayout::SetFixedSize);
