@@ -53,19 +53,22 @@ FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowAct
 }
 
 ToolbarPart::Acts FreeZoomFace::toolActs() {
-  const auto act = [this](void (Display::*work)()) {
-    return [this, work] {
-      (logic_.display.*work)();
-      acted_();
-    };
-  };
   ToolbarPart::Acts acts;
   const auto of = [&](HitLabel label) -> std::function<void()>& {
     return acts[static_cast<std::size_t>(label)];
   };
-  of(HitLabel::Lbl_SliderMiniMode) = act(&Display::Lbl_SliderMiniMode_Click);
-  of(HitLabel::Lbl_MinMax) = act(&Display::Lbl_MinMax_Click);
-  of(HitLabel::Lbl_MiniMode) = act(&Display::Lbl_MiniMode_Click);
+  of(HitLabel::Lbl_SliderMiniMode) = [this] {
+    logic_.display.Lbl_SliderMiniMode_Click();
+    acted_();
+  };
+  of(HitLabel::Lbl_MinMax) = [this] {
+    logic_.display.Lbl_MinMax_Click();
+    acted_();
+  };
+  of(HitLabel::Lbl_MiniMode) = [this] {
+    logic_.display.Lbl_MiniMode_Click();
+    acted_();
+  };
   return acts;
 }
 
