@@ -3,6 +3,7 @@
 #include <initializer_list>
 #include <map>
 #include <sstream>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ class List : public testing::Test {
     for (int i = 0; i < list.ListCount(); ++i) all += (i == 0 ? "" : " ") + list.item(i).ItemText;
     return all;
   }
-  void fill(std::initializer_list<const char*> texts) {
+  void fill(const std::vector<const char*>& texts) {
     list.Clear();
     int icon = 0;
     for (const auto* text : texts) list.AddItem(text, ++icon);
@@ -246,7 +247,7 @@ TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
 }
 
 TEST_F(List, OrderIsThatOfTheBytesBySortingWithGaps) {
-  using Texts = std::initializer_list<const char*>;
+  using Texts = std::vector<const char*>;
   const std::tuple<Texts, int, const char*> kRows[] = {
       {{"b", "a"}, 0, "a b"},
       {{"b", "a", "C", "a", "B", "c", "A"}, 0, "A B C a a b c"},
