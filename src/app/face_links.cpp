@@ -25,6 +25,11 @@ double FaceLinks::sizeInForce() const {
   return choice == 0 && size == 1 && !parts_.window.skin.IsSmallFonts ? kLarger : size;
 }
 
+bool FaceLinks::sizeFits(double size) const {
+  const auto screens = parts_.desktop.screens();
+  return screens.empty() || interfaceSize(screens.front(), size) == size;
+}
+
 void FaceLinks::takeInterfaceSize() {
   if (std::exchange(hasLoaded_, true)) {
     display_.setInterfaceSize(sizeInForce());
@@ -48,7 +53,7 @@ void FaceLinks::load(int number) {
     return player_.PlayerClear();
   }
   const auto& clip = parts_.collection.MovieList[number];
-  player_.PlayerSetFilename(clip.Path() + clip.MovieName(), number);
+  player_.PlayerSetFilename(clipFile(clip), number);
   if (!clip.IsStill()) player_.PlayerShow();
   display_.PositionAndSize();
   if (clip.IsStill()) display_.PositionandShowStill();

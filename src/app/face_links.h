@@ -32,6 +32,8 @@ class FaceLinks : public DisplayHost, public SkinCalls {
 
   /// Puts the interface size in force that the user has chosen, or the screen's.
   void takeInterfaceSize();
+  /// True when the first screen has room for this interface size.
+  [[nodiscard]] bool sizeFits(double size) const;
   /// Details on and off.
   void turnDetails();
   /// The picture at the size of its source, with nothing about it.

@@ -11,6 +11,7 @@
 #include "app/session.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
+#include "playback/display/layout.h"
 #include "program/clip_picture.h"
 #include "program/key_commands.h"
 #include "program/list_commands.h"
@@ -33,7 +34,8 @@
 namespace kvo {
 namespace {
 
-constexpr QSize kMainWindow(562, 410);
+constexpr QSize kMainWindow(static_cast<int>(kFaceWidth / kTwipsPerPixel),
+                            static_cast<int>(kFaceHeight / kTwipsPerPixel));
 
 // Leaves what another copy sent in the mailbox while a box or a dialog waits for the user.
 class PatientHandover : public Handover {
@@ -138,7 +140,8 @@ class WindowProgram {
             .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
             .minimumDetails = [this] { links_.turnDetails(); },
             .stayOnTop = [] {},  // the window goes by the state
-            .interfaceSize = [this] { links_.takeInterfaceSize(); }};
+            .interfaceSize = [this] { links_.takeInterfaceSize(); },
+            .sizeFits = [this](double size) { return links_.sizeFits(size); }};
   }
 
   void coverScreen() {
@@ -151,7 +154,7 @@ class WindowProgram {
   void showAdded(int number, const StreamFacts& facts) {
     const auto& clip = session_.collection.MovieList[number];
     list_.addLast();
-    list_.takeFacts(clip.Path() + clip.MovieName(), facts);
+    list_.takeFacts(clipFile(clip), facts);
     list_.PreviewMovie(number);
   }
 

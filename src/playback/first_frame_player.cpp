@@ -22,7 +22,7 @@ void FirstFramePlayer::PlayerSetFilename(const std::string& path, int index) {
   if (kind.extension == "WMA") return;
   player.sourceWidth = isDVD(kind) ? kDvdWidth : clip.MovieWidth();
   player.sourceHeight = isDVD(kind) ? kDvdHeight : clip.MovieHeight();
-  if (player.sourceWidth <= 0 || player.sourceHeight <= 0) {
+  if ((player.sourceWidth <= 0 || player.sourceHeight <= 0) && !isAudioKind(kind)) {
     const auto facts = streams_.facts(path);
     const bool picture = facts && facts->hasVideo;
     player.sourceWidth = picture ? facts->width : 0;

@@ -83,7 +83,7 @@ void ClipList::choose(std::vector<int> numbers, int number) {
 }
 
 void ClipList::tell(const Movie& clip) {
-  const auto path = clip.Path() + clip.MovieName();
+  const auto path = clipFile(clip);
   const auto found = facts_.find(path);
   const auto* facts = found == facts_.end() ? nullptr : &found->second;
   window_.face.caption = windowCaption(clip);
@@ -116,7 +116,6 @@ void ClipList::show() {
   window_.emptyPane.visible = !any;
   window_.collectionDetails.visible = any;
   window_.details.visible = any;
-  window_.transport.playerParked = !any;
   if (any) return;
   window_.face.caption = "KVO5";
   window_.list.tip.clear();
@@ -130,7 +129,7 @@ void ClipList::takeFacts(const std::string& path, const StreamFacts& facts) {
   facts_.insert_or_assign(path, facts);
   if (collection_.icurMov == 0) return;
   const auto& clip = collection_.MovieList[collection_.icurMov];
-  if (clip.Path() + clip.MovieName() == path) tell(clip);
+  if (clipFile(clip) == path) tell(clip);
 }
 
 }  // namespace kvo

@@ -46,7 +46,7 @@ std::string kindOfName(std::string_view name) {
 
 Key keyOf(const Movie& clip, SortKey key, const Files& files, const std::function<double()>& random) {
   const auto name = upper(clip.MovieName());
-  const auto facts = [&] { return files.facts(clip.Path() + clip.MovieName()).value_or(FileFacts{}); };
+  const auto facts = [&] { return files.facts(clipFile(clip)).value_or(FileFacts{}); };
   switch (key) {
     case SortKey::Alpha:
       return {0, upper(listedName(clip))};

@@ -145,7 +145,7 @@ void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& opt
       continue;
     }
     if (!names_.findClip(next)) {
-      report.missingFiles.push_back(clip.Path() + clip.MovieName());
+      report.missingFiles.push_back(clipFile(clip));
       collection_.filesMissing = true;
       if (!options.keepMissingClips) {
         if (askAboutMissing(clip)) continue;

@@ -47,14 +47,11 @@ void Intro::showFirstClip() {
   const int count = parts_.collection.MovieList.count();
   if (count == 0) return;
   parts_.list.PreviewMovie(isNamed_ ? count : 1);
-  parts_.window.transport.play = ButtonWord::PlayOn;
-  parts_.window.transport.pause = ButtonWord::PauseOn;
 }
 
 // The clip named on the command line, or the intro of the collection, comes ahead of everything.
 void Intro::ShowStartupVid(const std::vector<std::string>& named) {
   parts_.window.details.visible = parts_.window.list.visible = false;
-  parts_.window.transport.playerParked = true;
   parts_.settings.state.AllDetOff = true;
   bool added = false;
   if (isNamed_) {

@@ -47,9 +47,7 @@ void Mailbox::takeHandover(const std::string& text) {
   for (auto& line : lines) {
     if (!parts_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
   }
-  if (!take(readStartCommand(lines, parts_.files, workingFolder_))) return;
-  parts_.window.transport.pause = ButtonWord::PauseOff;
-  parts_.window.transport.play = ButtonWord::PlayOn;
+  take(readStartCommand(lines, parts_.files, workingFolder_));
 }
 
 void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
@@ -83,16 +81,14 @@ void Mailbox::add(const std::vector<std::string>& clips) {
   progress = {};
 }
 
-// True when a clip was added.
-bool Mailbox::take(const StartCommand& command, int before) {
-  if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return false;
+void Mailbox::take(const StartCommand& command, int before) {
+  if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return;
   const CommandPass pass(parts_.window);
-  if (!pass || command.clips.empty()) return false;
+  if (!pass || command.clips.empty()) return;
   intro_.leave();
-  const bool added = parts_.history.add(
+  parts_.history.add(
       pass, [&] { add(command.clips); }, before);
   parts_.list.show();
-  return added;
 }
 
 }  // namespace kvo

@@ -27,7 +27,7 @@ class Mailbox {
  private:
   void look();
   void takeHandover(const std::string& text);
-  bool take(const StartCommand& command, int before = 0);
+  void take(const StartCommand& command, int before = 0);
   void add(const std::vector<std::string>& clips);
 
   ProgramParts parts_;

@@ -106,15 +106,6 @@ struct DisplayState {
   bool operator==(const DisplayState&) const = default;
 };
 
-/// The states of the keys that play and pause; skins call them "PLAYON", "PLAYOFF", "PAUSEON" and "PAUSEOFF".
-enum class ButtonWord { PlayOn, PlayOff, PauseOn, PauseOff };
-
-struct TransportState {
-  ButtonWord play = ButtonWord::PlayOff;
-  ButtonWord pause = ButtonWord::PauseOff;
-  bool playerParked = true;  ///< out of sight at the far left
-};
-
 /// Ticks, and what can be chosen.
 struct MenuState {
   bool mnu_LoopCol = false;
@@ -153,7 +144,6 @@ struct MainWindowState {
   DetailsState details;
   SliderState slider;
   DisplayState display;
-  TransportState transport;
   MenuState menu;
   HistoryState history;
   ProgressState progress;

@@ -238,6 +238,7 @@ Entries MainMenu::sizeEntries() {
                            },
                        .takesPass = false});
     if (parts_.window.face.interfaceSize == size) entries.back().mark = MenuMark::Dot;
+    entries.back().enabled = size == 0 || !doors_.sizeFits || doors_.sizeFits(size);
   }
   return entries;
 }

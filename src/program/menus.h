@@ -77,6 +77,7 @@ struct MenuDoors {
   std::function<void()> minimumDetails{};  ///< details off and on
   std::function<void()> stayOnTop{};       ///< the state says whether the window is to stay above others
   std::function<void()> interfaceSize{};   ///< the state says which
+  std::function<bool(double)> sizeFits{};  ///< the screen has room for this interface size
 };
 
 class MainMenu {

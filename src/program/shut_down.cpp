@@ -22,7 +22,6 @@ bool ShutDown::exit() {
   }
   intro_.leave();
   deleteWorkFiles(parts_.files, parts_.folder);
-  parts_.window.transport.playerParked = true;
   parts_.loop.yield();
   parts_.loop.yield();
   parts_.settings.user.ShowWavWithVideo = false;

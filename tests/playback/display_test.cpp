@@ -140,8 +140,9 @@ TEST(Display, AnEmptyCollectionAndARadioStayInTheNormalFace) {
   for (const bool radio : {false, true}) {
     DisplayBench b;
     if (radio) {
-      b.load("a.avi", 640, 480);
-      b.mode.durationLabel = "Radio";
+      b.load("a.asf", 0, 0);
+      b.collection.MovieList[1].IsStream(true);
+      b.collection.MovieList[1].DurationTime(Value());
     }
     b.display.Lbl_MiniMode_Click();
     EXPECT_FALSE(b.mode.IsMiniMode) << radio;

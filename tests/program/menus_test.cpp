@@ -28,8 +28,13 @@ struct MenuBench : ProgramBench {
   }
   MenuDoors doors() {
     const auto door = [this](const char* name) { return [this, name] { called += name; }; };
-    return {door("free"),    door("cover"), [this](int percent) { called += std::to_string(percent); },
-            door("details"), door("top"),   door("size")};
+    return {door("free"),
+            door("cover"),
+            [this](int percent) { called += std::to_string(percent); },
+            door("details"),
+            door("top"),
+            door("size"),
+            [](double size) { return size < 2; }};
   }
 };
 
@@ -86,7 +91,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 [&Minimum Details Mode]
 [Stay on T&op]
 [S&kin] { [Default Skin] [*Plastique] [Snake Skin] [Waves] [Choose a Skin...] }
-[Interface si&ze] { [*&By screen] [&1x] [1.2&5x] [1.5&x] [&2x] }
+[Interface si&ze] { [*&By screen] [&1x] [1.2&5x] [1.5&x] (&2x) }
 -
 [E&xit Ctrl+Q]
 )");

@@ -117,7 +117,6 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.loop.advance(1);
   EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
   EXPECT_FALSE(b.handover.mailbox);
-  EXPECT_EQ(b.window.transport.play, ButtonWord::PlayOn);
 
   b.window.progress.status = "Loading Clip 5 of 20";
   handOver("/v/new.avi", 1000);

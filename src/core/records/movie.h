@@ -224,4 +224,7 @@ class Movie {
 /// The name under which a clip is listed: its display name where it has one, else its file's.
 std::string listedName(const Movie& clip);
 
+/// The whole name of its file.
+inline std::string clipFile(const Movie& clip) { return clip.Path() + clip.MovieName(); }
+
 }  // namespace kvo

@@ -63,8 +63,6 @@ class TimelineClips {
   std::vector<TimelineClip> clips_;
 };
 
-inline std::string clipFile(const Movie& clip) { return clip.Path() + clip.MovieName(); }
-
 /// "CUT" in any case, or empty: no transition leads into the clip.
 bool isCut(std::string_view transType);
 

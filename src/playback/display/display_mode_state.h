@@ -131,8 +131,7 @@ struct DisplayModeState {
   bool editNoted = false;           ///< the clip was placed while the editor is open
   int StartScreenWidth = 0;         ///< pixels, noted at start; 0 for not yet
   int StartScreenHeight = 0;
-  double interfaceSize = 1;   ///< 1, 1.25, 1.5 or 2: as it is in force, chosen or not
-  std::string durationLabel;  ///< what the label of the duration reads; "Radio" for an endless stream
+  double interfaceSize = 1;  ///< 1, 1.25, 1.5 or 2: as it is in force, chosen or not
 
   ScreenArea onDesktop;  ///< where the window stands, in the desktop's pixels
 

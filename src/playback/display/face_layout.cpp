@@ -36,7 +36,7 @@ std::optional<ClipInHand> FaceLayout::clip() const {
   const int number = parts_.collection.icurMov;
   if (number < 1 || number > clips.count()) return std::nullopt;
   const auto& movie = clips[number];
-  return ClipInHand{number, movie.Path() + movie.MovieName(), clipFacts(movie, parts_.player)};
+  return ClipInHand{number, clipFile(movie), clipFacts(movie, parts_.player)};
 }
 
 LayoutModes FaceLayout::modes() const {

@@ -19,9 +19,12 @@ void Display::Lbl_MinMax_Click() {
 }
 
 bool Display::mustStay() {
-  const bool nothing = parts_.collection.MovieList.empty() && !editing();
-  const bool radio = parts_.mode.durationLabel == LoadResString(236);
-  if (!nothing && !radio) return false;
+  const auto& clips = parts_.collection.MovieList;
+  const auto clip = layout_.clip();
+  // Sound without an end.
+  const bool radio = clip && clip->facts.IsStream && clip->facts.sourceWidth <= 0 &&
+                     clips[clip->number].DurationTime().wholeNumber().value_or(0) <= 0;
+  if ((!clips.empty() || editing()) && !radio) return false;
   parts_.boxes.show({std::string(LoadResString(240)), std::string(LoadResString(239))});
   return true;
 }

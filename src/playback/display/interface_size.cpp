@@ -3,11 +3,7 @@
 #include "playback/display/layout.h"
 
 namespace kvo {
-namespace {
-
-constexpr Twips kTwipsPerPixel = 15;  // at size 1
-
-}  // namespace
+namespace {}  // namespace
 
 double interfaceSize(const Screen& screen, std::optional<double> choice) {
   const double wanted = choice.value_or(screen.factor);

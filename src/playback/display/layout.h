@@ -10,6 +10,7 @@
 
 namespace kvo {
 
+inline constexpr Twips kTwipsPerPixel = 15;  ///< at interface size 1
 /// Twips of the normal face.
 inline constexpr Twips kFaceWidth = 8430;
 inline constexpr Twips kFaceHeight = 6150;

@@ -1,5 +1,6 @@
 #include "windows/main/free_zoom_face.h"
 
+#include "playback/display/layout.h"
 #include "ui/made.h"
 #include "ui/theme.h"
 #include "windows/main/texts.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr int kToolbarRest = 2000;  // milliseconds
 constexpr int kToolbarFade = 120;
-constexpr double kZoomToolbarHigh = 46;
 constexpr int kLeastZoomWidth = 320;  // pixels
 constexpr int kLeastZoomHeight = 120;
 
@@ -103,7 +103,7 @@ void FreeZoomFace::takeShape() {
 // What the state gives the picture, cut to the window.
 void FreeZoomFace::placePicture() {
   const auto& mode = state_.mode;
-  const int toolbar = scale_.at(kZoomToolbarHigh);
+  const int toolbar = scale_.at(kToolbarHeight / kTwipsPerPixel);
   toolbar_->setGeometry(0, 0, width(), toolbar);
   picture_->setVisible(state_.list.ListIndex >= 0);
   QRect room(0, toolbar, width(), std::max(height() - toolbar, 0));

@@ -178,10 +178,13 @@ void ListPart::fill() {
         {row.name, icon, static_cast<std::int16_t>(icon + static_cast<int>(kKindIcons.size())), false});
   }
   list_->list().setItems(std::move(items));
+  shownChosen_.reset();
 }
 
 void ListPart::showChosen() {
   auto& list = list_->list();
+  if (shownChosen_ == state_.chosen && list.ListIndex() == state_.ListIndex) return;
+  shownChosen_ = state_.chosen;
   if (list.ListIndex() != state_.ListIndex && state_.ListIndex < list.ListCount()) {
     (void)list.setListIndex(state_.ListIndex);
   }
@@ -195,6 +198,7 @@ void ListPart::showChosen() {
 
 void ListPart::tellChoice() {
   if (drawing_) return;
+  shownChosen_.reset();
   const auto& list = list_->list();
   std::vector<int> chosen;
   for (int index = 0; index < list.ListCount(); ++index) {

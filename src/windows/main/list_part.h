@@ -10,6 +10,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -67,7 +68,8 @@ class ListPart : public Plate {
   CoolListView* list_;
   std::array<KVOBut*, 5> keys_{};
   std::uint64_t shownRevision_ = 0;
-  bool drawing_ = false;  // what the list tells now is nothing that the user did
+  std::optional<std::vector<int>> shownChosen_;  // while the list shows just these
+  bool drawing_ = false;                         // what the list tells now is nothing that the user did
 };
 
 }  // namespace kvo

@@ -1,5 +1,6 @@
 #include "windows/main/skinned_face.h"
 
+#include "playback/display/layout.h"
 #include "ui/compositing.h"
 #include "ui/cool_list_view.h"
 #include "ui/logo.h"
@@ -25,8 +26,6 @@
 namespace kvo {
 namespace {
 
-constexpr double kFaceUnitsWide = 562;
-constexpr double kFaceUnitsHigh = 410;
 constexpr QRectF kSpine(0, 0, 22, 410);
 constexpr QRectF kSideLine(22, 0, 1, 410);
 constexpr QRectF kSideShade(23, 0, 1, 410);
@@ -142,7 +141,7 @@ void SkinnedFace::layOut() {
   if (scale == scale_ && pixelRatio_ == devicePixelRatio()) return;
   scale_ = scale;
   pixelRatio_ = devicePixelRatio();
-  const auto size = scale_.window(kFaceUnitsWide, kFaceUnitsHigh);
+  const auto size = scale_.window(kFaceWidth / kTwipsPerPixel, kFaceHeight / kTwipsPerPixel);
   setFixedSize(size);
   skin_.resize({size, scale_.size(), pixelRatio_});
   rail_->layOut(scale_);
@@ -177,7 +176,8 @@ void SkinnedFace::draw() {
     ground_ = QPixmap();
   }
   if (ground_.isNull()) update();
-  state_.skin.waitIcon ? setCursor(Qt::WaitCursor) : unsetCursor();
+  if (std::exchange(waits_, state_.skin.waitIcon) != waits_)
+    waits_ ? setCursor(Qt::WaitCursor) : unsetCursor();
 }
 
 void SkinnedFace::drawParts() {

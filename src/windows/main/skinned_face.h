@@ -74,7 +74,8 @@ class SkinnedFace : public QWidget {
   double pixelRatio_ = 0;
   std::uint64_t skinRevision_ = 0;
   std::uint64_t keysRevision_ = 0;
-  QPixmap ground_;  // the skin with its spine and keys
+  bool waits_ = false;  // the pointer says so
+  QPixmap ground_;      // the skin with its spine and keys
   ShapedWidget shaped_;
   FaceDrag drag_{*this};
   std::unique_ptr<KeysPart> keys_;

@@ -1,5 +1,6 @@
 #include "windows/main/toolbar_part.h"
 
+#include "playback/display/layout.h"
 #include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
@@ -14,7 +15,6 @@
 namespace kvo {
 namespace {
 
-constexpr double kToolbarHigh = 46;
 constexpr double kLabelTop = 2;
 constexpr double kLabelHigh = 28;
 constexpr double kDesignWidth = 7590;  // units that the table's lefts are counted in
@@ -65,7 +65,7 @@ void ToolbarPart::layOut(const FaceScale& scale) {
   picture_.load(folder_ + "Buttons/Toolbarb.bmp", scale.size(), devicePixelRatio());
   handle_->setPicture(partPicture(folder_ + "Parts/ImageBlob.bmp", scale.size(), devicePixelRatio()));
   for (auto* key : keys_) key->layOut(scale);
-  setFixedHeight(scale.at(kToolbarHigh));
+  setFixedHeight(scale.at(kToolbarHeight / kTwipsPerPixel));
   update();
 }
 
