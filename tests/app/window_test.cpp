@@ -228,6 +228,16 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   EXPECT_TRUE(eventually([&] { return place() == before; })) << "where it was";
   press("Escape");
   ASSERT_TRUE(comes("First - Video")) << "and back";
+  const auto home = place();
+  for (int round = 0; round < 2; ++round) {
+    press("F11");
+    ASSERT_TRUE(eventually([&] { return place() != home; }));
+    press("Escape");
+    ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
+    press("Escape");
+    ASSERT_TRUE(comes("First - Video"));
+    EXPECT_TRUE(eventually([&] { return place() == home; })) << "and does not creep by its frame";
+  }
 
   press("ctrl+s");
   ASSERT_TRUE(comes("Save Collection"));

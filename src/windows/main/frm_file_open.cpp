@@ -3,6 +3,8 @@
 #include "windows/main/texts.h"
 
 #include <QWindow>
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace kvo {
@@ -14,6 +16,12 @@ void keepAbove(QWidget& window, bool above) {
   if (handle != nullptr && handle->flags().testFlag(Qt::WindowStaysOnTopHint) != above) {
     handle->setFlag(Qt::WindowStaysOnTopHint, above);
   }
+}
+
+// A window of which a desktop has only put its frame elsewhere has not been moved.
+bool isNear(const QPoint& a, const QPoint& b) {
+  constexpr int kFrame = 48;  // pixels, the highest title bar
+  return std::max(std::abs(a.x() - b.x()), std::abs(a.y() - b.y())) <= kFrame;
 }
 
 }  // namespace
@@ -64,6 +72,8 @@ void FrmFileOpen::showFace() {
   }
   if (!now.isVisible()) {
     if (other.isVisible() && !other.isFullScreen()) corner_ = other.pos();
+    if (&other == &skinned_) home_ = corner_;
+    if (&now == &skinned_ && isNear(corner_, home_)) corner_ = home_;
     other.isVisible() ? place_.moveTo(now, corner_) : place_.restore(now);
     corner_ = now.pos();
     state_.mode.IsFullScreenWindow ? now.showFullScreen() : now.show();

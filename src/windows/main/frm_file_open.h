@@ -53,6 +53,7 @@ class FrmFileOpen {
   FreeZoomFace zoom_;
   WindowPlace place_;
   QPoint corner_;  // of the face that is seen, as it is when it does not cover the screen
+  QPoint home_;    // of the skinned face, when it was left
   QPoint frame_;   // how far its inside lies from there
   bool drawing_ = false;
   bool again_ = false;  // the state has changed since the drawing began
