@@ -10,16 +10,16 @@ constexpr int kDvdHeight = 576;
 
 }  // namespace
 
-void FirstFramePlayer::PlayerSetFilename(const std::string& path, int index) {
+EngineRoute FirstFramePlayer::PlayerSetFilename(const std::string& path, int index) {
   PlayerClear();
-  if (index < 1 || index > collection_.MovieList.count()) return;
+  if (index < 1 || index > collection_.MovieList.count()) return EngineRoute::NotForced;
   const auto& clip = collection_.MovieList[index];
   auto& player = state();
   player.path = path;
   player.clip = index;
   corona_ = clip.IsCorona();
   const auto kind = clipFacts(clip, *this);
-  if (kind.extension == "WMA") return;
+  if (kind.extension == "WMA") return EngineRoute::NotForced;
   player.sourceWidth = isDVD(kind) ? kDvdWidth : clip.MovieWidth();
   player.sourceHeight = isDVD(kind) ? kDvdHeight : clip.MovieHeight();
   if ((player.sourceWidth <= 0 || player.sourceHeight <= 0) && !isAudioKind(kind)) {
@@ -29,6 +29,7 @@ void FirstFramePlayer::PlayerSetFilename(const std::string& path, int index) {
     player.sourceHeight = picture ? facts->height : 0;
   }
   PlayerSetDisplaySize(0);
+  return EngineRoute::NotForced;
 }
 
 void FirstFramePlayer::PlayerClear() {

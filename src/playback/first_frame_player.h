@@ -15,16 +15,47 @@ class FirstFramePlayer : public Player {
   FirstFramePlayer(DisplayModeState& display, const Collection& collection, FrameSource& streams)
       : display_(display), collection_(collection), streams_(streams) {}
 
-  void PlayerSetFilename(const std::string& path, int index) override;
+  EngineRoute PlayerSetFilename(const std::string& path, int index) override;
   void PlayerClear() override;
   [[nodiscard]] bool PlayerIsEmpty() const override { return true; }
+  void Med_previewClear() override { PlayerClear(); }
+  void CoronaClear() override {}
   [[nodiscard]] bool UsingCorona() const override { return corona_; }
+  [[nodiscard]] std::string PlayerGetFileName() const override { return display_.player.path; }
+  [[nodiscard]] std::string PlayerGetErrorDescription() const override { return {}; }
+  void openAhead(int /*index*/) override {}
 
   void GlobalMediaPlay() override {}
   void PlayerPause() override { state().IsPlaying = false; }
   void PlayerStop() override { state().IsPlaying = false; }
-  [[nodiscard]] PlayerPlayState PlayerGetPlayState() const override { return PlayerPlayState::Stopped; }
+  [[nodiscard]] EngineState PlayerGetPlayState() const override { return EngineState::Stopped; }
   void PlayerSetPlayCount(int times) override { state().playCount = times; }
+
+  void PlayerSetAutoRewind(bool /*on*/) override {}
+  void PlayerSetAutoStart(bool /*on*/) override {}
+  void PlayerMuteON() override {}
+  void PlayerMuteOFF() override {}
+
+  void PlayerSetDisplayMode(DisplayMode mode) override { mode_ = mode; }
+  [[nodiscard]] DisplayMode PlayerGetDisplayMode() const override { return mode_; }
+  [[nodiscard]] double PlayerGetDuration() const override { return 0; }
+  [[nodiscard]] double PlayerGetCurrentPosition() const override { return 0; }
+  void PlayerSetCurrentPosition(double /*position*/) override {}
+  void PlayerStep(int /*direction*/) override {}
+  [[nodiscard]] double PlayerGetSelectionStart() const override { return 0; }
+  void PlayerSetSelectionStart(double /*position*/) override {}
+  [[nodiscard]] double PlayerGetSelectionEnd() const override { return 0; }
+  void PlayerSetSelectionEnd(double /*position*/) override {}
+  void ResetCoronaPlayerEnd(double /*seconds*/) override {}
+  [[nodiscard]] double coronaStopTime() const override { return 0; }
+  [[nodiscard]] bool canSeek() const override { return false; }
+  double PlayerCoronaGetFrameRate(int /*index*/) override { return 0; }
+
+  bool PlayerSetRate(double /*rate*/) override { return false; }
+  [[nodiscard]] double PlayerGetRate() const override { return 1; }
+  void PlayerSetVolume(int /*hundredths*/) override {}
+  void PlayerSetBalance(int /*balance*/) override {}
+  void PlayerSetOutputLevel(double /*factor*/) override {}
 
   void PlayerShow() override { state().visible = true; }
   void PlayerHide() override { state().visible = false; }
@@ -45,6 +76,7 @@ class FirstFramePlayer : public Player {
   void PlayerSetDisplaySize(int size) override;
   void PlayerSetFullScreenMode(bool on) override;
   [[nodiscard]] bool PlayerGetFullScreenMode() const override { return display_.player.fullScreen; }
+  void whenEndOfStream(std::function<void()> /*heard*/) override {}
 
  private:
   [[nodiscard]] PlayerState& state() { return display_.player; }
@@ -53,6 +85,7 @@ class FirstFramePlayer : public Player {
   const Collection& collection_;
   FrameSource& streams_;
   bool corona_ = false;
+  DisplayMode mode_ = DisplayMode::Seconds;
 };
 
 }  // namespace kvo

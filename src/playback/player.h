@@ -4,7 +4,9 @@
 #pragma once
 
 #include "playback/geometry.h"
+#include "ports/media_engine.h"
 
+#include <functional>
 #include <string>
 
 namespace kvo {
@@ -29,8 +31,11 @@ struct PlayerState {
   bool operator==(const PlayerState&) const = default;
 };
 
-/// As engines tell it.
-enum class PlayerPlayState { Stopped = 0, Paused = 1, Playing = 2 };
+/// What positions are counted in.
+enum class DisplayMode { Seconds = 0, Frames = 1 };
+
+/// Why the player took the engine that it took.
+enum class EngineRoute { NotForced = 0, AviByCorona = 1, MpegOrDvd = 2 };
 
 class Player {
  public:
@@ -39,21 +44,66 @@ class Player {
   Player& operator=(const Player&) = delete;
   virtual ~Player() = default;
 
-  /// Puts clip `index` of the collection, whose full path is `path`, into the player. The player takes the
-  /// size of the source.
-  virtual void PlayerSetFilename(const std::string& path, int index) = 0;
+  /// Puts clip `index` of the collection, whose full path is `path`, into the player, on the engine that is
+  /// right for it; what that tells of the clip goes into its record. The player takes the size of the source.
+  /// A file that cannot be opened leaves the player empty.
+  virtual EngineRoute PlayerSetFilename(const std::string& path, int index) = 0;
   /// Takes the clip out of the player.
   virtual void PlayerClear() = 0;
   /// True while no clip is loaded that could be played.
   [[nodiscard]] virtual bool PlayerIsEmpty() const = 0;
-  /// Which of the two kinds of engine the clip is on.
+  /// Empties and parks the player whatever it is at: both engines.
+  virtual void Med_previewClear() = 0;
+  /// Lets go of the graph of the clip in hand.
+  virtual void CoronaClear() = 0;
+  /// Which of the two engines the clip is on: true for a graph of its own.
   [[nodiscard]] virtual bool UsingCorona() const = 0;
+  /// Full path of the clip in hand, or empty.
+  [[nodiscard]] virtual std::string PlayerGetFileName() const = 0;
+  [[nodiscard]] virtual std::string PlayerGetErrorDescription() const = 0;
+  /// Gets clip `index` ready in the background.
+  virtual void openAhead(int index) = 0;
 
+  /// Plays on from where it stands; from Mark-In when that is the end.
   virtual void GlobalMediaPlay() = 0;
   virtual void PlayerPause() = 0;
   virtual void PlayerStop() = 0;
-  [[nodiscard]] virtual PlayerPlayState PlayerGetPlayState() const = 0;
+  [[nodiscard]] virtual EngineState PlayerGetPlayState() const = 0;
   virtual void PlayerSetPlayCount(int times) = 0;
+  virtual void PlayerSetAutoRewind(bool on) = 0;
+  virtual void PlayerSetAutoStart(bool on) = 0;
+  virtual void PlayerMuteON() = 0;
+  virtual void PlayerMuteOFF() = 0;
+
+  /// The unit of positions, lengths and the section.
+  virtual void PlayerSetDisplayMode(DisplayMode mode) = 0;
+  [[nodiscard]] virtual DisplayMode PlayerGetDisplayMode() const = 0;
+  [[nodiscard]] virtual double PlayerGetDuration() const = 0;
+  [[nodiscard]] virtual double PlayerGetCurrentPosition() const = 0;
+  /// A visible clip on a graph of its own is left stopped on the picture: GlobalMediaPlay goes on.
+  virtual void PlayerSetCurrentPosition(double position) = 0;
+  /// The next picture (+1) or the one before (-1), at which the player then stands.
+  virtual void PlayerStep(int direction) = 0;
+  [[nodiscard]] virtual double PlayerGetSelectionStart() const = 0;
+  virtual void PlayerSetSelectionStart(double position) = 0;
+  [[nodiscard]] virtual double PlayerGetSelectionEnd() const = 0;
+  virtual void PlayerSetSelectionEnd(double position) = 0;
+  /// Where a graph stops by itself, seconds; nothing for a negative one, or without a graph.
+  virtual void ResetCoronaPlayerEnd(double seconds) = 0;
+  /// Where the graph in hand stops by itself, seconds; 0 without one.
+  [[nodiscard]] virtual double coronaStopTime() const = 0;
+  [[nodiscard]] virtual bool canSeek() const = 0;
+  /// Pictures a second of clip `index`; 0 or less for the one in hand.
+  virtual double PlayerCoronaGetFrameRate(int index) = 0;
+
+  /// 1 is normal. False when the engine refuses it.
+  virtual bool PlayerSetRate(double rate) = 0;
+  [[nodiscard]] virtual double PlayerGetRate() const = 0;
+  /// Hundredths of a decibel, -10000 to 0; and -10000 (left) to 10000 (right).
+  virtual void PlayerSetVolume(int hundredths) = 0;
+  virtual void PlayerSetBalance(int balance) = 0;
+  /// What the sound is multiplied with.
+  virtual void PlayerSetOutputLevel(double factor) = 0;
 
   virtual void PlayerShow() = 0;
   virtual void PlayerHide() = 0;
@@ -77,6 +127,9 @@ class Player {
   virtual void PlayerSetDisplaySize(int size) = 0;
   virtual void PlayerSetFullScreenMode(bool on) = 0;
   [[nodiscard]] virtual bool PlayerGetFullScreenMode() const = 0;
+
+  /// Heard when a clip on the engine of properties has been played as often as told.
+  virtual void whenEndOfStream(std::function<void()> heard) = 0;
 };
 
 }  // namespace kvo

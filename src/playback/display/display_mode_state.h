@@ -114,7 +114,7 @@ struct StillPlace {
 };
 
 /// Which of the play timers run.
-struct PlayTimers {
+struct TimersState {
   bool Timer1 = false;  ///< the monitor of position and end
   bool Timer4 = false;  ///< starts the animation behind sound
   bool Timer6 = false;  ///< the sequencer
@@ -143,7 +143,7 @@ struct DisplayModeState {
   StillPlace still;
   PlayerState player;
   Control Med_AudAnim;  ///< the animation behind sound
-  PlayTimers timers;
+  TimersState timers;
 
   /// 15, 12, 10 or 7.5
   [[nodiscard]] Twips twipsPerPixel() const { return 15 / interfaceSize; }
