@@ -33,6 +33,10 @@ class FirstFramePlayer : public Player {
 
   void PlayerSetAutoRewind(bool /*on*/) override {}
   void PlayerSetAutoStart(bool /*on*/) override {}
+  void PlayerSetShowCaptions(bool /*on*/) override {}
+  void PlayerSetCaptionFile(const std::string& /*file*/) override {}
+  [[nodiscard]] std::string PlayerGetCaptionFile() const override { return {}; }
+  [[nodiscard]] StreamReport streamReport() const override { return {}; }
   void PlayerMuteON() override {}
   void PlayerMuteOFF() override {}
 
@@ -48,6 +52,7 @@ class FirstFramePlayer : public Player {
   void PlayerSetSelectionEnd(double /*position*/) override {}
   void ResetCoronaPlayerEnd(double /*seconds*/) override {}
   [[nodiscard]] double coronaStopTime() const override { return 0; }
+  [[nodiscard]] bool coronaAtStopTime() const override { return false; }
   [[nodiscard]] bool canSeek() const override { return false; }
   double PlayerCoronaGetFrameRate(int /*index*/) override { return 0; }
 
@@ -77,6 +82,7 @@ class FirstFramePlayer : public Player {
   void PlayerSetFullScreenMode(bool on) override;
   [[nodiscard]] bool PlayerGetFullScreenMode() const override { return display_.player.fullScreen; }
   void whenEndOfStream(std::function<void()> /*heard*/) override {}
+  void whenGraphStops(std::function<void()> /*heard*/) override {}
 
  private:
   [[nodiscard]] PlayerState& state() { return display_.player; }

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "playback/geometry.h"
-#include "ports/media_engine.h"
+#include "ports/control_engine.h"
 
 #include <functional>
 #include <string>
@@ -36,6 +36,15 @@ enum class DisplayMode { Seconds = 0, Frames = 1 };
 
 /// Why the player took the engine that it took.
 enum class EngineRoute { NotForced = 0, AviByCorona = 1, MpegOrDvd = 2 };
+
+/// How an address comes in, and what it tells of itself.
+struct StreamReport {
+  EngineOpening opening = EngineOpening::Closed;
+  int buffered = 0;   ///< 0 to 100 per cent of what is needed to go on
+  int bandwidth = 0;  ///< bits a second; 0 when it does not tell
+  std::string title;
+  std::string author;
+};
 
 class Player {
  public:
@@ -72,6 +81,12 @@ class Player {
   virtual void PlayerSetPlayCount(int times) = 0;
   virtual void PlayerSetAutoRewind(bool on) = 0;
   virtual void PlayerSetAutoStart(bool on) = 0;
+  /// Texts that the file brings, or those of a file beside it; an empty one is none. Not on a graph.
+  virtual void PlayerSetShowCaptions(bool on) = 0;
+  virtual void PlayerSetCaptionFile(const std::string& file) = 0;
+  [[nodiscard]] virtual std::string PlayerGetCaptionFile() const = 0;
+  /// Of an address in the player.
+  [[nodiscard]] virtual StreamReport streamReport() const = 0;
   virtual void PlayerMuteON() = 0;
   virtual void PlayerMuteOFF() = 0;
 
@@ -92,6 +107,8 @@ class Player {
   virtual void ResetCoronaPlayerEnd(double seconds) = 0;
   /// Where the graph in hand stops by itself, seconds; 0 without one.
   [[nodiscard]] virtual double coronaStopTime() const = 0;
+  /// The graph in hand stands exactly where it stops by itself; false without one.
+  [[nodiscard]] virtual bool coronaAtStopTime() const = 0;
   [[nodiscard]] virtual bool canSeek() const = 0;
   /// Pictures a second of clip `index`; 0 or less for the one in hand.
   virtual double PlayerCoronaGetFrameRate(int index) = 0;
@@ -130,6 +147,8 @@ class Player {
 
   /// Heard when a clip on the engine of properties has been played as often as told.
   virtual void whenEndOfStream(std::function<void()> heard) = 0;
+  /// Heard when a graph has come to its stop time.
+  virtual void whenGraphStops(std::function<void()> heard) = 0;
 };
 
 }  // namespace kvo

@@ -5,6 +5,7 @@
 #include "base/result.h"
 #include "ports/media_engine.h"
 
+#include <functional>
 #include <memory>
 
 namespace kvo {
@@ -14,6 +15,8 @@ class FilterGraph : public MediaEngine {
   /// The graph stops here by itself, and position() is then exactly this; at first the duration.
   [[nodiscard]] virtual double stopTime() const = 0;
   virtual void setStopTime(double seconds) = 0;
+  /// Heard on the program's thread: it runs no longer, as it has come to its stop time.
+  virtual void whenAtStopTime(std::function<void()> heard) = 0;
 };
 
 class FilterGraphs {

@@ -289,13 +289,17 @@ class FakeGraph : public FakeEngine<FilterGraph> {
   void setStopTime(double seconds) override {
     moveEnd([&] { stopTime_ = seconds; });
   }
+  void whenAtStopTime(std::function<void()> heard) override { heard_ = std::move(heard); }
 
  private:
   [[nodiscard]] bool open() const override { return true; }
   [[nodiscard]] double end() const override { return stopTime_; }
-  void ended() override {}
+  void ended() override {
+    if (heard_) heard_();
+  }
 
   FakeGraph*& inHand_;
+  std::function<void()> heard_;
   double stopTime_ = 0;
 };
 
