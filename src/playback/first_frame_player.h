@@ -81,6 +81,8 @@ class FirstFramePlayer : public Player {
   void PlayerSetDisplaySize(int size) override;
   void PlayerSetFullScreenMode(bool on) override;
   [[nodiscard]] bool PlayerGetFullScreenMode() const override { return display_.player.fullScreen; }
+  [[nodiscard]] std::vector<MediaTrack> PlayerGetTracks() const override { return {}; }
+  void PlayerChooseTrack(MediaTrack::Kind /*kind*/, int /*id*/) override {}
   void whenEndOfStream(std::function<void()> /*heard*/) override {}
   void whenGraphStops(std::function<void()> /*heard*/) override {}
 

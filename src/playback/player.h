@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace kvo {
 
@@ -81,8 +82,9 @@ class Player {
   virtual void PlayerSetPlayCount(int times) = 0;
   virtual void PlayerSetAutoRewind(bool on) = 0;
   virtual void PlayerSetAutoStart(bool on) = 0;
-  /// Texts that the file brings, or those of a file beside it; an empty one is none. Not on a graph.
+  /// Whether texts are shown at all: those of the chosen track, or those of the caption file.
   virtual void PlayerSetShowCaptions(bool on) = 0;
+  /// The texts of a file beside the clip, by its full path; empty lets go of them. Another clip has none.
   virtual void PlayerSetCaptionFile(const std::string& file) = 0;
   [[nodiscard]] virtual std::string PlayerGetCaptionFile() const = 0;
   /// Of an address in the player.
@@ -144,6 +146,11 @@ class Player {
   virtual void PlayerSetDisplaySize(int size) = 0;
   virtual void PlayerSetFullScreenMode(bool on) = 0;
   [[nodiscard]] virtual bool PlayerGetFullScreenMode() const = 0;
+
+  /// The sounds and texts of the clip in hand that can be chosen; empty while none is loaded.
+  [[nodiscard]] virtual std::vector<MediaTrack> PlayerGetTracks() const = 0;
+  /// Plays this track of its kind; id 0 none of it.
+  virtual void PlayerChooseTrack(MediaTrack::Kind kind, int id) = 0;
 
   /// Heard when a clip on the engine of properties has been played as often as told.
   virtual void whenEndOfStream(std::function<void()> heard) = 0;

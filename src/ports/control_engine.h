@@ -50,11 +50,6 @@ class ControlEngine : public MediaEngine {
 
   [[nodiscard]] virtual std::vector<EngineMarker> markers() const = 0;
 
-  /// Texts that the file brings, or those of a file beside it.
-  virtual void setShowCaptions(bool on) = 0;
-  virtual void setCaptionFile(const std::string& file) = 0;
-  [[nodiscard]] virtual std::string captionFile() const = 0;
-
   /// What a stream tells of itself; empty and 0 when it does not.
   [[nodiscard]] virtual std::string mediaTitle() const = 0;
   [[nodiscard]] virtual std::string mediaAuthor() const = 0;

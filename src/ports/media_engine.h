@@ -69,6 +69,12 @@ class MediaEngine {
   [[nodiscard]] virtual std::vector<MediaTrack> tracks() const = 0;
   /// Plays this track of its kind; id 0 none of it.
   virtual void choose(MediaTrack::Kind kind, int id) = 0;
+
+  /// Whether texts are shown at all: those of the chosen track, or those of the caption file.
+  virtual void setShowCaptions(bool on) = 0;
+  /// The texts of a file of their own, by its full path, which counts as a chosen track; empty lets go of it.
+  virtual void setCaptionFile(const std::string& file) = 0;
+  [[nodiscard]] virtual std::string captionFile() const = 0;
 };
 
 }  // namespace kvo

@@ -46,6 +46,7 @@ class FakeEngine : public Port {
   int balance = 0;
   bool mute = false;
   double outputLevel = 1;
+  bool showCaptions = false;
 
   explicit FakeEngine(EventLoop& loop) : loop_(loop), arrival_(loop.timer([this] { arrive(); })) {}
 
@@ -102,6 +103,9 @@ class FakeEngine : public Port {
       if (track.kind == kind) track.chosen = track.id == id;
     }
   }
+  void setShowCaptions(bool on) override { showCaptions = on; }
+  void setCaptionFile(const std::string& file) override { captionFile_ = file; }
+  [[nodiscard]] std::string captionFile() const override { return captionFile_; }
 
  protected:
   [[nodiscard]] virtual bool open() const = 0;
@@ -113,6 +117,7 @@ class FakeEngine : public Port {
   /// Takes a file in hand, at its first picture.
   void take(const FakeFile& file) {
     file_ = file;
+    captionFile_.clear();
     state_ = EngineState::Stopped;
     speed_ = 1;
     goTo(0);
@@ -167,6 +172,7 @@ class FakeEngine : public Port {
 
   EventLoop& loop_;
   FakeFile file_;
+  std::string captionFile_;
   EngineState state_ = EngineState::Stopped;
   double speed_ = 1;
   double from_ = 0;  // seconds of the file, as it was at `since_`
@@ -180,7 +186,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   int playCount = 1;
   bool autoRewind = false;
   bool autoStart = false;
-  bool showCaptions = false;
   int buffered = 100;  ///< per cent
   int bits = 0;        ///< a second
   std::string title;   ///< of a stream
@@ -197,7 +202,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
     error_.clear();
     start_ = end_ = 0;
     played_ = 0;
-    captionFile_.clear();
     take({});
     if (fileOrAddress.empty()) return;
     const auto found = files_.find(fileOrAddress);
@@ -240,9 +244,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   void setAutoRewind(bool on) override { autoRewind = on; }
   void setAutoStart(bool on) override { autoStart = on; }
   [[nodiscard]] std::vector<EngineMarker> markers() const override { return file().markers; }
-  void setShowCaptions(bool on) override { showCaptions = on; }
-  void setCaptionFile(const std::string& file) override { captionFile_ = file; }
-  [[nodiscard]] std::string captionFile() const override { return captionFile_; }
   [[nodiscard]] std::string mediaTitle() const override { return title; }
   [[nodiscard]] std::string mediaAuthor() const override { return author; }
   [[nodiscard]] int bandwidth() const override { return bits; }
@@ -269,7 +270,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   double start_ = 0;
   double end_ = 0;
   int played_ = 0;  // times of playCount
-  std::string captionFile_;
   std::function<void()> endHeard_;
   std::function<void()> changed_;
 };
