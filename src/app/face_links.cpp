@@ -1,5 +1,6 @@
 #include "app/face_links.h"
 
+#include "core/telling/failures.h"
 #include "playback/display/interface_size.h"
 
 #include <optional>
@@ -9,9 +10,9 @@ namespace kvo {
 FaceLinks::FaceLinks(const Parts& parts)
     : parts_(parts),
       player_(parts.window.mode, parts.collection, parts.streams),
-      buttons_(parts.window.buttons, parts.window.mode, player_),
-      display_({parts.window.mode, player_, buttons_, parts.settings, parts.collection, parts.desktop,
-                parts.boxes, *this}) {
+      buttons_(parts.window.buttons, parts.window.mode, player_, parts.timers),
+      display_({parts.window.mode, player_, buttons_, parts.timers, parts.settings, parts.collection,
+                parts.desktop, parts.boxes, *this}) {
   parts_.list.whenInHand([this](int number) { load(number); });
 }
 

@@ -22,6 +22,7 @@ class FaceLinks : public DisplayHost, public SkinCalls {
     MessageBoxes& boxes;
     SkinPictures& pictures;
     ClipList& list;
+    PlayTimers& timers;
   };
   explicit FaceLinks(const Parts& parts);
 

@@ -83,7 +83,7 @@ class WindowProgram {
         intro_(parts_),
         mailbox_(parts_, intro_),
         links_({state_, session_.settings, session_.collection, session_.streams, desktop_, boxes_, face_,
-                list_}),
+                list_, timers_}),
         skins_({dialogs_, loop_, face_, session_.log, session_.folder}, links_, session_.settings, state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
@@ -167,6 +167,7 @@ class WindowProgram {
   SocketHandover handover_;
   PatientHandover patient_{handover_};
   QtEventLoop loop_;
+  PlayTimers timers_{loop_};
   ClipList list_;
   History history_;
   RecentCollections recent_;

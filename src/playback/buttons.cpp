@@ -124,15 +124,15 @@ void Buttons::rebuild() {
 }
 
 void Buttons::BuildAllButs(bool stepButtons) {
-  auto& timers = display_.timers;
   if (stepButtons) {
     for (const auto key : kStepKeys) BuildButton(key);
   }
   if (buttons_.stepLabelsEnabled != stepButtons) ++buttons_.revision;
   buttons_.stepLabelsEnabled = stepButtons;
-  timers.Timer1 = timers.Timer6 = timers.Timer7 = false;
+  for (auto* timer : {&timers_.Timer1, &timers_.Timer6, &timers_.Timer7}) timer->stop();
   for (const auto key : kFaceKeys) BuildButton(key);
-  timers.Timer1 = timers.Timer6 = true;
+  timers_.Timer1.start();
+  timers_.Timer6.start();
   if (!player_.PlayerIsEmpty() && display_.player.IsPlaying) player_.GlobalMediaPlay();
 }
 

@@ -4,6 +4,7 @@
 
 #include "playback/buttons_state.h"
 #include "playback/display/display_mode_state.h"
+#include "playback/play_timers.h"
 #include "playback/player.h"
 
 #include <string_view>
@@ -27,8 +28,8 @@ class EditorSteps {
 class Buttons {
  public:
   /// All outlive the buttons.
-  Buttons(ButtonsState& buttons, DisplayModeState& display, Player& player)
-      : buttons_(buttons), display_(display), player_(player) {}
+  Buttons(ButtonsState& buttons, DisplayModeState& display, Player& player, PlayTimers& timers)
+      : buttons_(buttons), display_(display), player_(player), timers_(timers) {}
 
   /// Whom the step keys are passed on to; null while the editor is closed.
   void editor(EditorSteps* editor) { editor_ = editor; }
@@ -60,6 +61,7 @@ class Buttons {
   ButtonsState& buttons_;
   DisplayModeState& display_;
   Player& player_;
+  PlayTimers& timers_;
   EditorSteps* editor_ = nullptr;
 };
 

@@ -84,13 +84,13 @@ TEST(Buttons, EachKeyHasItsPlaceAtEachSize) {
 
 TEST(Buttons, AllAreDrawnAndTheStepsOnlyWithAClip) {
   DisplayBench b;
-  b.mode.timers.Timer7 = true;
+  b.timers.Timer7.start();
   b.buttons.BuildAllButs(false);
-  EXPECT_FALSE(b.keys.stepLabelsEnabled || b.mode.timers.Timer7);
+  EXPECT_FALSE(b.keys.stepLabelsEnabled || b.timers.Timer7.enabled());
   EXPECT_EQ(b.keys.at(KeyPlace::Speeds).image, 0);
   EXPECT_EQ(b.keys.at(KeyPlace::Mini).image, 19);
   b.buttons.BuildAllButs(true);
-  EXPECT_TRUE(b.keys.stepLabelsEnabled && b.mode.timers.Timer1 && b.mode.timers.Timer6);
+  EXPECT_TRUE(b.keys.stepLabelsEnabled && b.timers.Timer1.enabled() && b.timers.Timer6.enabled());
   for (std::size_t i = 0; i < kKeyPlaces; ++i) EXPECT_GT(b.keys.drawn[i].image, 0) << i;
 }
 

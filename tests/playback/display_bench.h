@@ -6,6 +6,7 @@
 #include "support/named_streams.h"
 #include "support/plain_desktop.h"
 #include "support/scripted_boxes.h"
+#include "support/virtual_loop.h"
 
 #include <string>
 
@@ -34,9 +35,11 @@ struct DisplayBench {
   PlainDesktop desktop;
   ScriptedBoxes boxes;
   PlainHost host;
+  VirtualLoop loop;
+  PlayTimers timers{loop};
   FirstFramePlayer player{mode, collection, streams};
-  Buttons buttons{keys, mode, player};
-  Display display{{mode, player, buttons, settings, collection, desktop, boxes, host}};
+  Buttons buttons{keys, mode, player, timers};
+  Display display{{mode, player, buttons, timers, settings, collection, desktop, boxes, host}};
 
   DisplayBench() {
     settings.state.ShowFillist = true;

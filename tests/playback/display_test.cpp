@@ -53,7 +53,7 @@ TEST(Display, FreeZoomTakesTheSizeOfTheClipWhereTheDetailsWereOn) {
     EXPECT_EQ(b.mode.ticks.mnu_DirXZoom100, row.zoom100) << row.name;
     EXPECT_EQ(b.mode.toolbar.Img_Toolbar.place, (Place{0, 0, row.window.width, 690}));
     EXPECT_FALSE(panelsShown(b) || b.mode.panels.picLogo || b.mode.IsResizing);
-    EXPECT_TRUE(b.mode.timers.Timer1 && b.mode.timers.Timer6);
+    EXPECT_TRUE(b.timers.Timer1.enabled() && b.timers.Timer6.enabled());
   }
 }
 
@@ -147,7 +147,8 @@ TEST(Display, AnEmptyCollectionAndARadioStayInTheNormalFace) {
     b.display.Lbl_MiniMode_Click();
     EXPECT_FALSE(b.mode.IsMiniMode) << radio;
     EXPECT_EQ(sizeOf(b), kFacePlace) << radio;
-    EXPECT_TRUE(b.mode.panels.Pic_DigNumbers && b.mode.timers.Timer1 && b.mode.timers.Timer6) << radio;
+    EXPECT_TRUE(b.mode.panels.Pic_DigNumbers && b.timers.Timer1.enabled() && b.timers.Timer6.enabled())
+        << radio;
     ASSERT_EQ(b.boxes.shown.size(), 1u) << radio;
     EXPECT_EQ(b.boxes.shown[0].text, "Radio Streams cannot be zoomed.");
   }

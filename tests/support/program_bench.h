@@ -3,6 +3,7 @@
 #pragma once
 
 #include "intake/clip_intake.h"
+#include "playback/play_timers.h"
 #include "program/list_commands.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
@@ -61,6 +62,7 @@ struct ProgramBench : StoreBench {
   }
 
   VirtualLoop loop;
+  PlayTimers timers{loop};
   MemoryStore store;
   MemoryHandover handover;
   PlainDesktop desktop;

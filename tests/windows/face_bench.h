@@ -104,7 +104,7 @@ struct FaceBench : ProgramBench {
     draw();
   }
 
-  FaceLinks links{{window, settings, collection, streams, desktop, boxes, pictures, list}};
+  FaceLinks links{{window, settings, collection, streams, desktop, boxes, pictures, list, timers}};
   Skins faceSkins{{dialogs, loop, pictures, log, folder}, links, settings, window};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},

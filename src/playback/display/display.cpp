@@ -20,7 +20,7 @@ void Display::Form_Load(double interfaceSize) {
   layout_.setWindow({0, 0, kFaceWidth, kFaceHeight});
   layout_.ReposAllLabels();
   parts_.player.SendPlayerFarLeft();
-  mode.timers.Timer1 = mode.timers.Timer6 = true;
+  startMonitors();
 }
 
 void Display::setInterfaceSize(double size) {
@@ -57,12 +57,22 @@ void Display::placeAnew() {
   PositionAndSize();
 }
 
+void Display::startMonitors() {
+  parts_.timers.Timer1.start();
+  parts_.timers.Timer6.start();
+}
+
+void Display::stopMonitors() {
+  parts_.timers.Timer1.stop();
+  parts_.timers.Timer6.stop();
+}
+
 void Display::EndAnim() {
   auto& mode = parts_.mode;
   mode.panels.Label2On = false;
   mode.panels.Lbl_Oversize = false;
   mode.Med_AudAnim.visible = false;
-  mode.timers.Timer4 = false;
+  parts_.timers.Timer4.stop();
 }
 
 void Display::closeDisplays() { ++parts_.mode.panels.osdsKilled; }
@@ -84,7 +94,7 @@ void Display::Lbl_MinDets_Click() {
   if (!parts_.settings.preferences().DefaultStartupVid.empty()) {
     parts_.settings.change().DefaultStartupVid.clear();
   }
-  parts_.mode.timers.Timer6 = true;
+  parts_.timers.Timer6.start();
 }
 
 void Display::ShowSliderStuff() { layout_.ShowSliderStuff(); }

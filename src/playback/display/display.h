@@ -7,6 +7,7 @@
 #include "playback/buttons.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/display/face_layout.h"
+#include "playback/play_timers.h"
 #include "ports/desktop.h"
 #include "ports/message_boxes.h"
 
@@ -46,6 +47,7 @@ class Display {
     DisplayModeState& mode;
     Player& player;
     Buttons& buttons;
+    PlayTimers& timers;
     KVO2& settings;
     Collection& collection;
     Desktop& desktop;
@@ -53,7 +55,8 @@ class Display {
     DisplayHost& host;
   };
   explicit Display(const Parts& parts)
-      : parts_(parts), layout_({parts.mode, parts.player, parts.settings, parts.collection, parts.desktop}) {}
+      : parts_(parts),
+        layout_({parts.mode, parts.player, parts.timers, parts.settings, parts.collection, parts.desktop}) {}
 
   /// The normal face as it is at start, at this interface size; notes the size of the screen.
   void Form_Load(double interfaceSize);
@@ -105,6 +108,8 @@ class Display {
   void toSizable();
   void coverScreen();
   bool mustStay();
+  void startMonitors();
+  void stopMonitors();
   void tellOfScreen();
   void tellOfToolbar();
   void placeAnew();

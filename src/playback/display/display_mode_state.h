@@ -113,15 +113,6 @@ struct StillPlace {
   std::string path;     ///< full path of the picture
 };
 
-/// Which of the play timers run.
-struct TimersState {
-  bool Timer1 = false;  ///< the monitor of position and end
-  bool Timer4 = false;  ///< starts the animation behind sound
-  bool Timer6 = false;  ///< the sequencer
-  bool Timer7 = false;  ///< play backwards
-  bool Timer8 = false;  ///< repeats a held key
-};
-
 struct DisplayModeState {
   // Modes
   bool IsMiniMode = false;          ///< the Free Zoom face
@@ -143,7 +134,6 @@ struct DisplayModeState {
   StillPlace still;
   PlayerState player;
   Control Med_AudAnim;  ///< the animation behind sound
-  TimersState timers;
 
   /// 15, 12, 10 or 7.5
   [[nodiscard]] Twips twipsPerPixel() const { return 15 / interfaceSize; }

@@ -99,7 +99,7 @@ void FaceLayout::apply(const Layout& layout) {
   panels.Pic_NoVid = layout.noVideo;
   if (layout.Label2) panels.Label2.visible = *layout.Label2;
   if (layout.Label2On) panels.Label2On = *layout.Label2On;
-  if (layout.Timer4 != TimerAct::Leave) mode.timers.Timer4 = layout.Timer4 == TimerAct::Start;
+  if (layout.Timer4 != TimerAct::Leave) parts_.timers.Timer4.enable(layout.Timer4 == TimerAct::Start);
 
   if (layout.window) {
     const Holding resizing(mode.IsResizing);
@@ -223,7 +223,8 @@ void FaceLayout::resized() {
   layOutToolbar();
   if (!mode.IsResizing) ResizeStillInMiniMode();
   ResizetoFullsc();
-  mode.timers.Timer1 = mode.timers.Timer6 = true;
+  parts_.timers.Timer1.start();
+  parts_.timers.Timer6.start();
 }
 
 void FaceLayout::ResizetoFullsc() {

@@ -5,6 +5,7 @@
 #include "core/records/collection.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/display/layout.h"
+#include "playback/play_timers.h"
 #include "ports/desktop.h"
 
 #include <optional>
@@ -37,6 +38,7 @@ class FaceLayout {
   struct Parts {
     DisplayModeState& mode;
     Player& player;
+    PlayTimers& timers;
     KVO2& settings;
     const Collection& collection;
     Desktop& desktop;

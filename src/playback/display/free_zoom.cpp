@@ -31,15 +31,14 @@ bool Display::mustStay() {
 
 void Display::enterFreeZoom() {
   auto& mode = parts_.mode;
-  auto& timers = mode.timers;
-  timers.Timer1 = timers.Timer6 = false;
+  stopMonitors();
   if (!mustStay()) {
-    timers.Timer8 = false;
+    parts_.timers.Timer8.stop();
     showFreeZoom();
     sizeFreeZoom();
     if (mode.DetailsWereOn) changeCover(false);
   }
-  timers.Timer1 = timers.Timer6 = true;
+  startMonitors();
 }
 
 void Display::showFreeZoom() {
@@ -95,7 +94,8 @@ void Display::changeCover(bool cover) {
   auto& mode = parts_.mode;
   const auto clip = layout_.clip();
   const bool wasPlaying = mode.player.IsPlaying;
-  mode.timers.Timer1 = mode.timers.Timer8 = false;
+  parts_.timers.Timer1.stop();
+  parts_.timers.Timer8.stop();
   if (clip && !clip->path.empty() && !clip->facts.IsTrueRM && !clip->facts.IsStream &&
       !isAudioKind(clip->facts)) {
     parts_.player.PlayerStop();
@@ -108,7 +108,7 @@ void Display::changeCover(bool cover) {
   if (clip && hasVideo(clip->facts)) parts_.player.PlayerShow();
   if (clip && clip->facts.IsStill && cover && !editing()) parts_.host.PreviewMovie(clip->number);
   if (wasPlaying && !parts_.player.PlayerIsEmpty()) parts_.player.GlobalMediaPlay();
-  mode.timers.Timer1 = mode.timers.Timer6 = true;
+  startMonitors();
   tellOfToolbar();
 }
 
@@ -145,7 +145,7 @@ void Display::coverScreen() {
 void Display::leaveFreeZoom() {
   auto& mode = parts_.mode;
   auto& panels = mode.panels;
-  mode.timers.Timer1 = mode.timers.Timer6 = false;
+  stopMonitors();
   mode.IsMiniMode = mode.IsFullScreenWindow = false;
   for (auto& label : mode.toolbar.labels) label.visible = false;
   mode.toolbar[HitLabel::Lbl_MiniMode].toolTip = LoadResString(214);
@@ -178,7 +178,7 @@ void Display::leaveFreeZoom() {
     placeAnew();
     if (isAudioKind(clip->facts)) panels.Label2.visible = true;
   }
-  mode.timers.Timer1 = mode.timers.Timer6 = true;
+  startMonitors();
 }
 
 // A desktop whose size has changed since the start.
