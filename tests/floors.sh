@@ -17,5 +17,6 @@ only 'SDL' ':!src/adapters/sdl'
 only 'opencv2|rubberband|pugixml' ':!src/engine'
 only 'cairo|librsvg' ':!src/art'
 only 'jpeglib' ':!src/art' ':!src/adapters/jpeg'
+only 'mpv/' ':!src/adapters/mpv'
 only 'hwy/' ':!src/media'
 exit $bad

@@ -28,11 +28,20 @@ bool reordersFar(const AVCodecContext& decoder) {
 
 }  // namespace
 
+double steadyRateOf(const AVStream& stream) {
+  const auto average = stream.avg_frame_rate;
+  const auto guessed = stream.r_frame_rate;  // one of the usual rates, exactly, where the pictures keep one
+  constexpr double kSame = 0.001;
+  const bool steady =
+      isKnown(average) && isKnown(guessed) && std::fabs(av_q2d(average) / av_q2d(guessed) - 1) < kSame;
+  return steady ? av_q2d(guessed) : 0;
+}
+
 FrameClock::FrameClock(const AVFormatContext& format, const AVStream& stream, const AVCodecContext& decoder)
     : kind_(kindOf(format, stream)), timeBase_(av_q2d(stream.time_base)) {
   const auto average = stream.avg_frame_rate;
-  const auto guessed = stream.r_frame_rate;  // one of the usual rates, exactly, where the pictures keep one
-  steady_ = isKnown(average) && isKnown(guessed) && std::fabs(av_q2d(average) / av_q2d(guessed) - 1) < 0.001;
+  const auto guessed = stream.r_frame_rate;
+  steady_ = steadyRateOf(stream) > 0;
   auto rate = steady_ || !isKnown(average) ? guessed : average;
   // What a bare stream has of a rate stands in itself.
   if (kind_ == Kind::Count && isKnown(decoder.framerate)) rate = decoder.framerate;

@@ -7,6 +7,9 @@
 
 namespace kvo::media {
 
+/// Pictures a second, exactly, where they come at a constant rate; 0 where they do not.
+double steadyRateOf(const AVStream& stream);
+
 class FrameClock {
  public:
   /// How the pictures of a file are told their times.

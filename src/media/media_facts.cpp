@@ -1,5 +1,6 @@
 #include "media/media_facts.h"
 
+#include "media/frame_clock.h"
 #include "media/source.h"
 
 #include <algorithm>
@@ -77,6 +78,7 @@ Result<StreamFacts> readFacts(const std::string& path) {
     facts.width = stream.codecpar->width;
     facts.height = stream.codecpar->height;
     facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
+    facts.steadyRate = steadyRateOf(stream);
     if (facts.hasVideo) facts.codec = nameOfCodec(stream.codecpar->codec_id);
     facts.isStill = traitsOf(format).isStill;
     if (facts.hasVideo && (facts.width <= 0 || facts.height <= 0))

@@ -16,6 +16,7 @@ struct StreamFacts {
   int width = 0;         ///< pixels, as coded
   int height = 0;
   double frameRate = 0;      ///< frames a second, the average of a variable rate; 0 when there is none
+  double steadyRate = 0;     ///< the exact rate of frames that come at a constant one; else 0
   int sampleRate = 0;        ///< of the sound, samples a second
   int channels = 0;          ///< of the sound; 0 when there is none
   std::string codec{};       ///< "MPEG-1 video": the picture's, or the sound's where there is none

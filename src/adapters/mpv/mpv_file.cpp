@@ -1,0 +1,516 @@
+#include "adapters/mpv/mpv_file.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cmath>
+#include <cstdlib>
+#include <mpv/client.h>
+#include <string_view>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+// Replies of the core.
+enum Reply : std::uint64_t { kSeekReply = 1, kOpenReply = 1000 };  // and up, by what has been opened
+enum Observed : std::uint64_t { kTime = 1, kEnd, kLength, kWaits, kFilled, kTracks, kSeekable, kTitle };
+
+// The core takes a picture that begins this little ahead of a wanted time for the wanted one, seconds.
+constexpr double kCoreTolerance = 0.005;
+// Containers that count in milliseconds put the first picture and each other one up to half of one beside
+// its time.
+constexpr double kStampError = 0.0011;
+// Pictures that begin this little ahead of the end are not shown any more: their stamps are rounded.
+constexpr double kEndTolerance = 0.0015;
+constexpr double kShort = 0.0005;  // seconds: no time at all
+// A connection that ends so far ahead of what was promised was broken.
+constexpr double kBroken = 2;
+constexpr int kSilence = -10000;
+
+// A sound that nobody hears, where the program's other sounds are not to be heard either.
+std::string soundOutput() {
+  const char* driver = std::getenv("SDL_AUDIODRIVER");
+  return driver != nullptr && std::string_view(driver) == "dummy" ? "null" : "";
+}
+
+bool isAnAddress(const std::string& name) {
+  const auto scheme = name.find("://");
+  return scheme != std::string::npos && scheme > 1 && name.find('/') > scheme;
+}
+
+std::string whyNot(int error) {
+  switch (error) {
+    case MPV_ERROR_NOTHING_TO_PLAY:
+      return "there is neither picture nor sound in it";
+    case MPV_ERROR_UNKNOWN_FORMAT:
+      return "it is no media file, or damaged";
+    default:
+      return "it is not there, or cannot be read";
+  }
+}
+
+// The core's volume is the cube root of what the sound is multiplied with, in hundredths.
+double coreVolume(const MpvSound& sound) {
+  if (sound.volume <= kSilence) return 0;
+  constexpr double kMost = 1000;
+  return std::clamp(100 * std::cbrt(std::pow(10.0, sound.volume / 2000.0) * sound.level), 0.0, kMost);
+}
+
+// The other side gets quieter, by hundredths of a decibel.
+std::string balanceFilter(int balance) {
+  if (balance == 0) return {};
+  const auto share = [](int lower) {
+    return std::to_string(lower <= kSilence ? 0.0 : std::pow(10.0, lower / 2000.0));
+  };
+  return "lavfi=[aformat=channel_layouts=stereo,pan=stereo|c0=" + share(std::min(0, -balance)) +
+         "*c0|c1=" + share(std::min(0, balance)) + "*c1]";
+}
+
+// How the core calls the file that it was told to load.
+std::int64_t entryOf(const mpv_event& reply) {
+  const auto& result = static_cast<const mpv_event_command*>(reply.data)->result;
+  if (reply.error < 0 || result.format != MPV_FORMAT_NODE_MAP) return -1;
+  for (int i = 0; i < result.u.list->num; ++i) {
+    if (std::string_view(result.u.list->keys[i]) == "playlist_entry_id")
+      return result.u.list->values[i].u.int64;
+  }
+  return -1;
+}
+
+}  // namespace
+
+MpvFile::MpvFile(House house, const VideoOutput::OpenGl* gl)
+    : house_(std::move(house)),
+      wake_(home(&MpvFile::drain)),
+      core_({{"config", "no"},
+             {"load-scripts", "no"},
+             {"load-auto-profiles", "no"},
+             {"load-stats-overlay", "no"},
+             {"load-osd-console", "no"},
+             {"osc", "no"},
+             {"ytdl", "no"},
+             {"input-default-bindings", "no"},
+             {"input-vo-keyboard", "no"},
+             {"input-media-keys", "no"},
+             {"autoload-files", "no"},
+             {"ordered-chapters", "no"},
+             {"resume-playback", "no"},
+             {"stop-screensaver", "no"},
+             {"osd-level", "0"},
+             {"idle", "yes"},
+             {"pause", "yes"},
+             {"keep-open", "yes"},
+             {"vo", "libmpv"},
+             {"hwdec", "auto-safe"},
+             {"video-timing-offset", "0"},  // the window draws when it is told
+             {"ao", soundOutput()},
+             {"audio-fallback-to-null", "yes"},
+             {"audio-display", "no"},  // the cover picture of a music file is no video
+             {"audio-client-name", "KVO5"},
+             {"volume-max", "1000"},
+             {"sub-visibility", "no"},
+             {"network-timeout",
+              std::to_string(std::chrono::duration<double>(house_.limits.address).count())}}),
+      watch_(house_.loop.timer([this] {
+        watch_->stop();
+        fail(origin_ ? name_ + " sends nothing any more" : name_ + " does not answer");
+      })) {
+  mpv_request_log_messages(core_.get(), "error");
+  core_.observe("time-pos", MPV_FORMAT_DOUBLE, kTime);
+  core_.observe("eof-reached", MPV_FORMAT_FLAG, kEnd);
+  core_.observe("duration", MPV_FORMAT_DOUBLE, kLength);
+  core_.observe("paused-for-cache", MPV_FORMAT_FLAG, kWaits);
+  core_.observe("cache-buffering-state", MPV_FORMAT_INT64, kFilled);
+  core_.observe("track-list", MPV_FORMAT_NONE, kTracks);
+  core_.observe("seekable", MPV_FORMAT_FLAG, kSeekable);
+  core_.observe("media-title", MPV_FORMAT_NONE, kTitle);
+  mpv_set_wakeup_callback(
+      core_.get(), [](void* of) { (*static_cast<const std::function<void()>*>(of))(); }, &wake_);
+  makePicture(gl);
+}
+
+MpvFile::~MpvFile() { mpv_set_wakeup_callback(core_.get(), nullptr, nullptr); }
+
+// Work of this file for other threads to ask for; asked for again before it is done, it is done once.
+std::function<void()> MpvFile::home(void (MpvFile::*work)()) {
+  return [this, work, loop = &house_.loop, alive = std::weak_ptr(alive_),
+          waits = std::make_shared<std::atomic<bool>>(false)] {
+    if (waits->exchange(true)) return;
+    loop->post([this, work, alive, waits] {
+      waits->store(false);
+      if (!alive.expired()) (this->*work)();
+    });
+  };
+}
+
+void MpvFile::makePicture(const VideoOutput::OpenGl* gl) {
+  picture_ = std::make_unique<MpvPicture>(core_, gl, home(&MpvFile::drawOrPass));
+  if (hasPicture()) core_.set("vid", std::string("auto"));  // it was lost with what drew it
+}
+
+void MpvFile::hear(std::function<void()> ended, std::function<void()> changed) {
+  ended_ = std::move(ended);
+  changed_ = std::move(changed);
+}
+
+// At the loop's next turn, where whoever hears it may do anything to this file.
+void MpvFile::tell(std::function<void()> MpvFile::*heard) {
+  house_.loop.post([this, heard, alive = std::weak_ptr(alive_), opened = opened_] {
+    if (alive.expired() || opened != opened_ || !(this->*heard)) return;
+    const auto work = this->*heard;
+    work();
+  });
+}
+
+void MpvFile::open(const std::string& fileOrAddress) {
+  forget();
+  name_ = fileOrAddress;
+  isAddress_ = isAnAddress(name_);
+  opening_ = EngineOpening::Connecting;
+  core_.set("access-references", isAddress_);
+  core_.set("pause", true);
+  core_.set("end", std::string("none"));
+  core_.set("vid", std::string("auto"));
+  core_.set("aid", std::string("auto"));
+  core_.set("sid", std::string("auto"));
+  core_.command({"loadfile", name_, "replace"}, kOpenReply + opened_);
+  watch();
+}
+
+void MpvFile::close() {
+  if (opening_ != EngineOpening::Closed) core_.command({"stop"});
+  forget();
+  hear({}, {});
+  setRate(1);
+  setSound({});
+  showCaptions(false);
+}
+
+void MpvFile::forget() {
+  ++opened_;
+  watch_->stop();
+  name_.clear();
+  fault_.clear();
+  captionFile_.clear();
+  lastError_.clear();
+  entry_ = -1;
+  opening_ = EngineOpening::Closed;
+  buffered_ = 0;
+  origin_.reset();
+  stoodAt_.reset();
+  standAt_.reset();
+  time_ = duration_ = end_ = averageRate_ = 0;
+  width_ = height_ = 0;
+  seekable_ = runs_ = asked_ = false;
+  seeks_.reset();
+  tracks_.reset();
+}
+
+void MpvFile::waitUntilOpen() {
+  using Clock = std::chrono::steady_clock;
+  const auto begun = Clock::now();
+  const auto mine = opened_;
+  const auto alive = std::weak_ptr(alive_);
+  while (!alive.expired() && mine == opened_ && !origin_ && opening_ == EngineOpening::Connecting) {
+    const auto passed = Clock::now() - begun;
+    if (passed > house_.limits.file) return fail("cannot open " + name_ + ": it takes too long");
+    if (passed > house_.limits.patience) house_.loop.yield();
+    if (alive.expired() || mine != opened_) return;
+    constexpr double kNap = 0.002;
+    take(kNap);
+    if (picture_->update()) picture_->passOver();  // the core waits for it
+  }
+}
+
+// Everything that the core has to tell, after at most so many seconds.
+void MpvFile::take(double seconds) {
+  for (;;) {
+    const auto& event = core_.nextEvent(seconds);
+    if (event.event_id == MPV_EVENT_NONE) return;
+    handle(event);
+    seconds = 0;
+  }
+}
+
+void MpvFile::handle(const mpv_event& event) {
+  switch (event.event_id) {
+    case MPV_EVENT_COMMAND_REPLY:
+      if (event.reply_userdata == kOpenReply + opened_) {
+        entry_ = entryOf(event);
+      } else if (event.reply_userdata == kSeekReply && event.error < 0) {
+        settle();
+      }
+      break;
+    case MPV_EVENT_START_FILE:
+      current_ = static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id;
+      break;
+    case MPV_EVENT_PLAYBACK_RESTART:
+      if (current_ == entry_) settle();
+      break;
+    case MPV_EVENT_END_FILE:
+      handleEnd(event);
+      break;
+    case MPV_EVENT_PROPERTY_CHANGE:
+      handleProperty(event);
+      break;
+    case MPV_EVENT_LOG_MESSAGE: {
+      const auto& message = *static_cast<const mpv_event_log_message*>(event.data);
+      if (std::string_view(message.prefix) != "cplayer") lastError_ = std::string(trimmed(message.text));
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void MpvFile::handleEnd(const mpv_event& event) {
+  const auto& end = *static_cast<const mpv_event_end_file*>(event.data);
+  if (end.playlist_entry_id != entry_) return;
+  // A list at an address leads to what it lists; a file that is a list is none that could be played.
+  if (end.reason == MPV_END_FILE_REASON_REDIRECT && isAddress_) {
+    entry_ = end.playlist_insert_id;
+  } else if (end.reason == MPV_END_FILE_REASON_ERROR || end.reason == MPV_END_FILE_REASON_REDIRECT) {
+    const int error = end.reason == MPV_END_FILE_REASON_ERROR ? end.error : MPV_ERROR_UNKNOWN_FORMAT;
+    fail("cannot open " + name_ + ": " + (isAddress_ && !lastError_.empty() ? lastError_ : whyNot(error)));
+  }
+}
+
+void MpvFile::handleProperty(const mpv_event& event) {
+  const auto& property = *static_cast<const mpv_event_property*>(event.data);
+  const auto flag = [&] {
+    return property.format == MPV_FORMAT_FLAG && *static_cast<int*>(property.data) != 0;
+  };
+  const auto number = [&] {
+    return property.format == MPV_FORMAT_DOUBLE ? *static_cast<double*>(property.data) : 0.0;
+  };
+  if (entry_ < 0 || current_ != entry_) return;
+  switch (event.reply_userdata) {
+    case kTime:
+      if (property.format == MPV_FORMAT_DOUBLE) takeTime(number());
+      break;
+    case kEnd:
+      if (flag()) reachEnd();
+      break;
+    case kLength:
+      duration_ = number();
+      tell(&MpvFile::changed_);
+      break;
+    case kWaits:
+      if (isOpen() && isAddress_) setOpening(flag() ? EngineOpening::Buffering : EngineOpening::Open);
+      break;
+    case kFilled:
+      if (property.format == MPV_FORMAT_INT64)
+        buffered_ = static_cast<int>(*static_cast<std::int64_t*>(property.data));
+      tell(&MpvFile::changed_);
+      break;
+    case kSeekable:
+      seekable_ = flag();
+      break;
+    case kTracks:
+      tracks_.reset();
+      tell(&MpvFile::changed_);
+      break;
+    default:
+      tell(&MpvFile::changed_);
+  }
+}
+
+// At the end of the file the core tells the time of the sound when that is the later one.
+void MpvFile::takeTime(double time) {
+  if (stoodAt_ || time == time_) return;
+  if (!seeks_.stepsOn()) {
+    time_ = time;
+  } else if (core_.isSet("eof-reached")) {
+    arrive();
+  } else {
+    settle();
+  }
+}
+
+// A picture stands that was asked for, or the first one.
+void MpvFile::settle() {
+  if (entry_ < 0 || opening_ == EngineOpening::Failed) return;
+  time_ = core_.number("time-pos").value_or(time_);
+  if (!origin_) {
+    learn();
+    return goOn();
+  }
+  stoodAt_.reset();
+  arrive();
+  if (!runs_) return;
+  core_.set("pause", false);  // the core holds at the end of the file, which it may have come to meanwhile
+  if (!seeks_.busy() && core_.isSet("eof-reached")) reachEnd();
+}
+
+void MpvFile::arrive() {
+  seeks_.arrived(time_ - *origin_);
+  goOn();
+}
+
+void MpvFile::learn() {
+  origin_ = time_;
+  width_ = static_cast<int>(core_.number("dwidth").value_or(0));
+  height_ = static_cast<int>(core_.number("dheight").value_or(0));
+  const int turned = static_cast<int>(core_.number("video-params/rotate").value_or(0));
+  if (turned % 180 != 0) std::swap(width_, height_);
+  averageRate_ = core_.number("container-fps").value_or(0);
+  duration_ = core_.number("duration").value_or(0);
+  seekable_ = core_.isSet("seekable");
+  house_.opened(*this);
+  if (const auto format = core_.text("file-format"); format == "mpegts" || format == "mpeg")
+    seeks_.reachBack();
+  setOpening(EngineOpening::Open);
+  if (const auto at = std::exchange(standAt_, std::nullopt)) seek(*at);
+}
+
+// Has the core do what is wanted next.
+void MpvFile::goOn() {
+  const auto order = seeks_.next(time_ - *origin_);
+  if (order.kind != MpvOrder::Kind::None) core_.set("hr-seek-demuxer-offset", order.ahead);
+  switch (order.kind) {
+    case MpvOrder::Kind::Seek: {
+      const double at = *origin_ + order.time + (hasPicture() ? kCoreTolerance : 0);
+      core_.command({"seek", std::to_string(std::max(at, 0.0)), "absolute+exact"}, kSeekReply);
+      break;
+    }
+    case MpvOrder::Kind::StepOn:
+      if (core_.isSet("eof-reached")) return arrive();
+      core_.set("mute", true);  // the core runs for a moment
+      core_.command({"frame-step"});
+      break;
+    case MpvOrder::Kind::StepBack:
+      core_.command({"frame-back-step"}, kSeekReply);
+      break;
+    case MpvOrder::Kind::None:
+      break;
+  }
+}
+
+void MpvFile::reachEnd() {
+  if (seeks_.stepsOn()) return arrive();
+  if (!runs_ || seeks_.busy()) return;
+  runs_ = false;
+  stoodAt_ = endHolds_ ? std::min(end_, duration()) : duration();
+  const double at = shownTime(time_);
+  if (*stoodAt_ <= 0) stoodAt_ = at;
+  if (isAddress_ && !endHolds_ && duration() > 0 && at < duration() - kBroken) {
+    stoodAt_ = at;
+    return fail(name_ + " ended ahead of its time");
+  }
+  tell(&MpvFile::ended_);
+}
+
+void MpvFile::watch() {
+  const bool waits = opening_ == EngineOpening::Connecting || opening_ == EngineOpening::Buffering;
+  if (!isAddress_ || !waits) return watch_->stop();
+  if (!watch_->running()) watch_->start(static_cast<int>(house_.limits.address.count()));
+}
+
+void MpvFile::fail(const std::string& text) {
+  fault_ = text;
+  runs_ = false;
+  core_.command({"stop"});
+  setOpening(EngineOpening::Failed);
+}
+
+void MpvFile::setOpening(EngineOpening opening) {
+  opening_ = opening;
+  watch();
+  tell(&MpvFile::changed_);
+}
+
+void MpvFile::run() {
+  if (!isOpen() || runs_) return;
+  const double end = end_ > 0 ? end_ : duration();
+  if (stoodAt_) {
+    if (*stoodAt_ >= end - kShort) return;
+    seek(*stoodAt_);  // the end is a later one now
+  }
+  runs_ = true;
+  sendEnd(position());
+  core_.set("mute", sound_.mute);
+  if (!seeks_.busy()) core_.set("pause", false);
+}
+
+void MpvFile::pause() {
+  runs_ = false;
+  if (isOpen()) core_.set("pause", true);
+}
+
+double MpvFile::position() const {
+  if (const auto wanted = seeks_.wanted()) return *wanted;
+  if (stoodAt_) return *stoodAt_;
+  return origin_ ? shownTime(time_) : 0;
+}
+
+// A picture of a constant rate begins at its place on the even grid; never ahead of its stamp, so that who
+// asks for the picture at this time gets it.
+double MpvFile::shownTime(double time) const {
+  const double shown = std::max(time - origin_.value_or(0), 0.0);
+  if (averageRate_ <= 0 || !hasPicture()) return shown;
+  const double even = std::round(shown * averageRate_) / averageRate_;
+  return even > shown && even - shown <= kStampError ? even : shown;
+}
+
+void MpvFile::seek(double seconds) {
+  if (!canSeek()) return;
+  const double to = duration() > 0 ? std::clamp(seconds, 0.0, duration()) : std::max(seconds, 0.0);
+  if (stoodAt_ ? std::fabs(to - *stoodAt_) < kShort : seeks_.isShown(to, shownTime(time_))) return;
+  if (!std::exchange(asked_, true) && !isAddress_ && hasPicture()) {
+    const auto facts = house_.facts.facts(name_);
+    seeks_.setRate(facts ? facts->steadyRate : 0);
+    if (!stoodAt_ && seeks_.isShown(to, shownTime(time_))) return;
+  }
+  seeks_.want(to);
+  if (runs_) sendEnd(to);
+  goOn();
+}
+
+void MpvFile::standAt(double seconds) {
+  if (isOpen()) return seek(seconds);
+  standAt_ = seconds;
+}
+
+void MpvFile::step(int direction) {
+  if (!hasPicture()) return;
+  if (runs_) pause();  // told once more in the middle of a step, the core would give that up
+  sendEnd(end_);
+  // At the end the last picture stands: the one ahead of it is wanted, not the last one once more.
+  if (stoodAt_ && direction < 0) seeks_.want(std::max(*stoodAt_ - kEndTolerance, 0.0));
+  seeks_.wantStep(direction);
+  goOn();
+}
+
+double MpvFile::duration() const {
+  return isOpen() || stoodAt_ ? std::max(duration_ - origin_.value_or(0), 0.0) : 0;
+}
+
+void MpvFile::setEnd(double seconds) {
+  end_ = std::max(seconds, 0.0);
+  if (runs_) sendEnd(position());
+}
+
+// The core does not go behind the end when it comes from ahead of it.
+void MpvFile::sendEnd(double from) {
+  endHolds_ = end_ > 0 && from < end_ - kEndTolerance;
+  core_.set("end", endHolds_ ? std::to_string(origin_.value_or(0) + end_ - kEndTolerance) : "none");
+}
+
+void MpvFile::setRate(double rate) {
+  if (rate <= 0 || rate == rate_) return;
+  rate_ = rate;
+  core_.set("speed", rate);
+}
+
+void MpvFile::setSound(const MpvSound& sound) {
+  const auto before = std::exchange(sound_, sound);
+  if (before == sound) return;
+  core_.set("volume", coreVolume(sound));
+  core_.set("mute", sound.mute);
+  if (before.balance != sound.balance) core_.set("af", balanceFilter(sound.balance));
+}
+
+}  // namespace kvo

@@ -1,0 +1,82 @@
+// What a file holds besides its picture: tracks, texts, chapters, and what it tells of itself.
+#include "adapters/mpv/mpv_file.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+const char* propertyOf(MediaTrack::Kind kind) { return kind == MediaTrack::Kind::Sound ? "aid" : "sid"; }
+
+}  // namespace
+
+std::vector<MediaTrack> MpvFile::tracks() const {
+  if (!isOpen()) return {};
+  if (tracks_) return *tracks_;
+  tracks_.emplace();
+  const int count = static_cast<int>(core_.number("track-list/count").value_or(0));
+  for (int i = 0; i < count; ++i) {
+    const auto of = [&](const char* what) { return "track-list/" + std::to_string(i) + "/" + what; };
+    const auto type = core_.text(of("type"));
+    if (type != "audio" && type != "sub") continue;
+    tracks_->push_back({type == "audio" ? MediaTrack::Kind::Sound : MediaTrack::Kind::Subtitles,
+                        static_cast<int>(core_.number(of("id")).value_or(0)),
+                        core_.text(of("title")).value_or(""), core_.text(of("lang")).value_or(""),
+                        core_.isSet(of("selected").c_str())});
+  }
+  return *tracks_;
+}
+
+void MpvFile::choose(MediaTrack::Kind kind, int id) {
+  if (!isOpen()) return;
+  core_.set(propertyOf(kind), id > 0 ? std::to_string(id) : "no");
+  tracks_.reset();
+}
+
+// Texts that the file does not show by itself are the first ones that it has.
+void MpvFile::showCaptions(bool on) {
+  core_.set("sub-visibility", on);
+  if (!on || !isOpen()) return;
+  const auto all = tracks();
+  const auto isText = [](const MediaTrack& track) { return track.kind == MediaTrack::Kind::Subtitles; };
+  const auto first = std::find_if(all.begin(), all.end(), isText);
+  const bool any = std::any_of(all.begin(), all.end(), [&](const auto& t) { return isText(t) && t.chosen; });
+  if (first != all.end() && !any) choose(MediaTrack::Kind::Subtitles, first->id);
+}
+
+void MpvFile::setCaptionFile(const std::string& file) {
+  if (!isOpen() || file == captionFile_) return;
+  if (!captionFile_.empty()) core_.command({"sub-remove"});
+  captionFile_ = file;
+  if (!file.empty()) core_.command({"sub-add", file, "select"});
+}
+
+std::vector<EngineMarker> MpvFile::markers() const {
+  std::vector<EngineMarker> markers;
+  if (!isOpen()) return markers;
+  const int count = static_cast<int>(core_.number("chapter-list/count").value_or(0));
+  for (int i = 0; i < count; ++i) {
+    const auto of = [&](const char* what) { return "chapter-list/" + std::to_string(i) + "/" + what; };
+    markers.push_back({std::max(core_.number(of("time")).value_or(0) - *origin_, 0.0),
+                       core_.text(of("title")).value_or("")});
+  }
+  return markers;
+}
+
+std::string MpvFile::told(std::initializer_list<const char*> words) const {
+  for (const auto* word : words) {
+    if (!isOpen()) break;
+    if (auto text = core_.text(std::string("metadata/by-key/") + word); text && !text->empty())
+      return std::move(*text);
+  }
+  return {};
+}
+
+int MpvFile::bandwidth() const {
+  if (!isOpen()) return 0;
+  return static_cast<int>(core_.number("video-bitrate").value_or(0) +
+                          core_.number("audio-bitrate").value_or(0));
+}
+
+}  // namespace kvo
