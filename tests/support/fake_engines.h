@@ -64,7 +64,7 @@ class FakeEngine : public Port {
   [[nodiscard]] double position() const override {
     const double at = place();
     if (cameToEnd_ || !file_.hasPicture()) return at;
-    return std::max(std::floor(at * file_.rate + kNearly), 0.0) / file_.rate;
+    return std::max(shown(at), 0.0) / file_.rate;
   }
   void seek(double seconds) override {
     seeks.push_back(seconds);
@@ -77,9 +77,8 @@ class FakeEngine : public Port {
   void step(int direction) override {
     halt(direction > 0 ? "step+1 " : "step-1 ", EngineState::Paused);
     if (!open() || !file_.hasPicture()) return;
-    const double last = std::max(std::ceil(file_.duration * file_.rate - kNearly) - 1, 0.0);
-    const double shown = std::min(std::floor(place() * file_.rate + kNearly), last);
-    goTo(std::clamp(shown + direction, 0.0, last) / file_.rate);
+    const double last = std::max(std::ceil((file_.duration - kNearly) * file_.rate) - 1, 0.0);
+    goTo(std::clamp(std::min(shown(place()), last) + direction, 0.0, last) / file_.rate);
   }
   [[nodiscard]] double duration() const override { return open() ? file_.duration : 0; }
   [[nodiscard]] bool canSeek() const override { return open() && file_.seekable; }
@@ -138,9 +137,10 @@ class FakeEngine : public Port {
   }
 
  private:
-  static constexpr double kNearly = 1e-6;  // a part of a picture
+  static constexpr double kNearly = 0.00075;  // seconds: a picture that begins so little later is meant
 
   [[nodiscard]] bool hasEnd() const { return end() > 0; }
+  [[nodiscard]] double shown(double seconds) const { return std::floor((seconds + kNearly) * file_.rate); }
   [[nodiscard]] double place() const {
     if (state_ != EngineState::Running) return from_;
     const double gone = std::chrono::duration<double>(loop_.now() - since_).count() * speed_;
@@ -154,7 +154,7 @@ class FakeEngine : public Port {
     arrival_->stop();
     if (state_ != EngineState::Running || !hasEnd() || speed_ <= 0) return;
     const double seconds = (end() - from_) / speed_;
-    arrival_->start(std::max(static_cast<int>(std::ceil(seconds * 1000 - kNearly)), 1));
+    arrival_->start(std::max(static_cast<int>(std::lround(seconds * 1000)), 1));
   }
   void arrive() {
     from_ = end();
@@ -307,12 +307,14 @@ class FakeFilterGraphs : public FilterGraphs {
  public:
   FakeGraph* graph = nullptr;  ///< the one that was made last, while it is there
   int made = 0;
+  std::function<void()> whileOpening = [] {};               ///< what the loop brings meanwhile, once
   std::vector<std::pair<std::string, double>> openedAhead;  ///< file and place
 
   /// `files` outlive the graphs, and may change.
   FakeFilterGraphs(EventLoop& loop, const FakeFiles& files) : loop_(loop), files_(files) {}
 
   Result<std::unique_ptr<FilterGraph>> RenderFile(const std::string& file) override {
+    std::exchange(whileOpening, [] {})();
     const auto found = files_.find(file);
     if (found == files_.end() || !found->second.opens || !found->second.graphOpens)
       return Error{"cannot open " + file};
