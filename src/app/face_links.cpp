@@ -1,9 +1,6 @@
 #include "app/face_links.h"
 
 #include "core/telling/failures.h"
-#include "playback/display/interface_size.h"
-
-#include <optional>
 
 namespace kvo {
 
@@ -16,36 +13,8 @@ FaceLinks::FaceLinks(const Parts& parts)
   parts_.list.whenInHand([this](int number) { load(number); });
 }
 
-double FaceLinks::sizeInForce() const {
-  constexpr double kLarger = 1.25;
-  const auto screens = parts_.desktop.screens();
-  const double choice = parts_.window.face.interfaceSize;
-  const double size = interfaceSize(screens.empty() ? Screen{} : screens.front(),
-                                    choice > 0 ? std::optional(choice) : std::nullopt);
-  // With large text on the desktop the larger table of places holds, unless the user has chosen.
-  return choice == 0 && size == 1 && !parts_.window.skin.IsSmallFonts ? kLarger : size;
-}
-
-bool FaceLinks::sizeFits(double size) const {
-  const auto screens = parts_.desktop.screens();
-  return screens.empty() || interfaceSize(screens.front(), size) == size;
-}
-
 void FaceLinks::takeInterfaceSize() {
-  if (std::exchange(hasLoaded_, true)) {
-    display_.setInterfaceSize(sizeInForce());
-  } else {
-    display_.Form_Load(sizeInForce());
-  }
-}
-
-void FaceLinks::turnDetails() {
-  parts_.settings.state.AllDetOff ? display_.AllDetOn() : display_.Lbl_MinDets_Click();
-}
-
-void FaceLinks::startAtSourceSize() {
-  display_.AllDetOff();
-  player_.PlayerSetDisplaySize(0);
+  display_.takeInterfaceSize(parts_.window.face.interfaceSize, !parts_.window.skin.IsSmallFonts);
 }
 
 void FaceLinks::load(int number) {

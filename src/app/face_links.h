@@ -33,12 +33,6 @@ class FaceLinks : public DisplayHost, public SkinCalls {
 
   /// Puts the interface size in force that the user has chosen, or the screen's.
   void takeInterfaceSize();
-  /// True when the first screen has room for this interface size.
-  [[nodiscard]] bool sizeFits(double size) const;
-  /// Details on and off.
-  void turnDetails();
-  /// The picture at the size of its source, with nothing about it.
-  void startAtSourceSize();
 
   // Of the display
   void skins() override;
@@ -60,7 +54,6 @@ class FaceLinks : public DisplayHost, public SkinCalls {
   [[nodiscard]] bool clipHasPath() const override { return !parts_.window.mode.player.path.empty(); }
 
  private:
-  [[nodiscard]] double sizeInForce() const;
   void load(int number);
 
   Parts parts_;
@@ -68,7 +61,6 @@ class FaceLinks : public DisplayHost, public SkinCalls {
   Buttons buttons_;
   Display display_;
   Skins* skins_ = nullptr;
-  bool hasLoaded_ = false;
 };
 
 }  // namespace kvo

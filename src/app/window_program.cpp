@@ -138,17 +138,17 @@ class WindowProgram {
     return {.freeZoom = [this] { links_.display().Lbl_MiniMode_Click(); },
             .coverScreen = [this] { links_.display().Lbl_MinMax_Click(); },
             .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
-            .minimumDetails = [this] { links_.turnDetails(); },
+            .minimumDetails = [this] { links_.display().turnDetails(); },
             .stayOnTop = [] {},  // the window goes by the state
             .interfaceSize = [this] { links_.takeInterfaceSize(); },
-            .sizeFits = [this](double size) { return links_.sizeFits(size); }};
+            .sizeFits = [this](double size) { return links_.display().sizeFits(size); }};
   }
 
   void coverScreen() {
     auto& display = links_.display();
     display.Lbl_MiniMode_Click();
     if (state_.mode.IsMiniMode && !state_.mode.IsFullScreenWindow) display.Lbl_MinMax_Click();
-    if (state_.face.minimumDetails) links_.startAtSourceSize();
+    if (state_.face.minimumDetails) display.startAtSourceSize();
   }
 
   void showAdded(int number, const StreamFacts& facts) {

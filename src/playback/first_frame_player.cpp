@@ -42,7 +42,6 @@ void FirstFramePlayer::PlayerClear() {
 
 void FirstFramePlayer::PlayerSetDisplaySize(int size) {
   auto& player = state();
-  player.displaySize = size;
   if (size != 0 || player.sourceWidth == 0) return;
   player.place.width = player.sourceWidth * display_.twipsPerPixel();
   player.place.height = player.sourceHeight * display_.twipsPerPixel();

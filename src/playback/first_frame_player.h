@@ -29,7 +29,7 @@ class FirstFramePlayer : public Player {
   void PlayerPause() override { state().IsPlaying = false; }
   void PlayerStop() override { state().IsPlaying = false; }
   [[nodiscard]] EngineState PlayerGetPlayState() const override { return EngineState::Stopped; }
-  void PlayerSetPlayCount(int times) override { state().playCount = times; }
+  void PlayerSetPlayCount(int /*times*/) override {}
 
   void PlayerSetAutoRewind(bool /*on*/) override {}
   void PlayerSetAutoStart(bool /*on*/) override {}

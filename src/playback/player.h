@@ -21,11 +21,8 @@ struct PlayerState {
   bool visible = false;  ///< parked players may be visible: see Place::parked
   std::string path;  ///< full path of the clip in the player, of which the first frame is shown; else empty
   int clip = 0;      ///< its number; 0 for none
-  int sourceWidth = 0;   ///< pixels; 0 for a clip without picture
-  int sourceHeight = 0;  ///< pixels
-  int displaySize =
-      0;              ///< 0 the source's own size, 1 half, 2 the double or the screen, 4 fitted to the place
-  int playCount = 1;  ///< how often the clip plays
+  int sourceWidth = 0;      ///< pixels; 0 for a clip without picture
+  int sourceHeight = 0;     ///< pixels
   bool fullScreen = false;  ///< the picture alone covers the screen, whatever the face of the window
   bool IsPlaying = false;
   bool IsPaused = false;  ///< by the user or between two clips
@@ -142,7 +139,7 @@ class Player {
   virtual void PlayerSetWidth(Twips width) = 0;
   virtual void PlayerSetHeight(Twips height) = 0;
 
-  /// See PlayerState::displaySize. 0 gives the player the size of its source.
+  /// 0 gives the player the size of its source, 1 half and 2 the double of it; 4 fits it to its place.
   virtual void PlayerSetDisplaySize(int size) = 0;
   virtual void PlayerSetFullScreenMode(bool on) = 0;
   [[nodiscard]] virtual bool PlayerGetFullScreenMode() const = 0;

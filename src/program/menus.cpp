@@ -171,12 +171,17 @@ Entries MainMenu::playEntries() {
 
 // The faces of the window: to another one, and what the present one has.
 Entries MainMenu::modeEntries() {
-  const auto& mode = parts_.window.mode;
+  auto& mode = parts_.window.mode;
   const bool clips = parts_.window.menu.clipsEnabled;
   Entries entries;
   const auto door = [&](MenuCommand command, std::string_view caption, const std::function<void()>& act) {
     if (act) entries.push_back({{command}, std::string("&").append(caption), "", clips, act, false});
   };
+  if (doors_.fullPicture) {
+    entries.push_back(ticked(MenuCommand::mnu_DirXFullSC, "&Picture on Full Screen",
+                             mode.ticks.mnu_DirXFullSC, mode.player.sourceWidth > 0, doors_.fullPicture));
+    entries.back().shortcut = "Alt+Return";
+  }
   door(MenuCommand::FreeZoom, LoadResString(mode.IsMiniMode ? 213 : 214), doors_.freeZoom);
   if (!mode.IsMiniMode) {
     const int caption = parts_.settings.state.AllDetOff ? 265 : 264;
@@ -185,7 +190,9 @@ Entries MainMenu::modeEntries() {
   }
   door(MenuCommand::CoverScreen, mode.IsFullScreenWindow ? "Sizable Mode" : "Full Screen Mode",
        doors_.coverScreen);
-  const auto& ticks = mode.ticks;
+  auto& ticks = mode.ticks;
+  entries.push_back(ticked(MenuCommand::mnu_LockAspect, "Lock Aspect", ticks.mnu_LockAspect,
+                           ticks.lockAndZoomEnabled, [&] { ticks.mnu_LockAspect = !ticks.mnu_LockAspect; }));
   for (const auto& [percent, tick] :
        {std::pair{50, ticks.mnu_DirXZoom50}, std::pair{100, ticks.mnu_DirXZoom100},
         std::pair{200, ticks.mnu_DirXZoom200}}) {

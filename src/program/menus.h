@@ -42,6 +42,8 @@ enum class MenuCommand {
   FreeZoom,
   CoverScreen,
   mnu_DirXZoom,  ///< `which`: per cent
+  mnu_DirXFullSC,
+  mnu_LockAspect,
   MinimumDetails,
   mnu_StayOnTop,
   Skin,           ///< `which`: its place in the submenu
@@ -78,6 +80,7 @@ struct MenuDoors {
   std::function<void()> stayOnTop{};       ///< the state says whether the window is to stay above others
   std::function<void()> interfaceSize{};   ///< the state says which
   std::function<bool(double)> sizeFits{};  ///< the screen has room for this interface size
+  std::function<void()> fullPicture{};     ///< the picture alone on the whole screen, and back
 };
 
 class MainMenu {

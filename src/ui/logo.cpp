@@ -3,7 +3,6 @@
 #include "ui/painting.h"
 
 #include <QFont>
-#include <QFontMetricsF>
 #include <cmath>
 
 namespace kvo {
@@ -33,10 +32,6 @@ QColor between(const QColor& a, const QColor& b, double part) {
 
 }  // namespace
 
-double cLogo::captionLength() const {
-  return QFontMetricsF(captionFont(interfaceSize)).horizontalAdvance(Caption);
-}
-
 double cLogo::captionRoom() const { return box.height() * kDarkPart - kCaptionTop * interfaceSize; }
 
 void cLogo::Draw() const {
@@ -61,10 +56,7 @@ void cLogo::Draw() const {
   painter.translate(box.x() + kBaseline * interfaceSize, box.y() + kCaptionTop * interfaceSize);
   painter.rotate(90);
   painter.setClipRect(QRectF(0, -box.width(), captionRoom(), 2.0 * box.width()), Qt::IntersectClip);
-  const double length = captionLength();
-  const double shift = length > captionRoom() ? std::fmod(captionShift, length) : 0;
-  painter.drawText(QPointF(-shift, 0), Caption);
-  if (shift > 0) painter.drawText(QPointF(length - shift, 0), Caption);
+  painter.drawText(QPointF(), Caption);
 }
 
 }  // namespace kvo

@@ -18,13 +18,10 @@ class cLogo {
   QColor StartColor;                  ///< at the top
   QColor EndColor;                    ///< at the foot
   double interfaceSize = 1;
-  double captionShift = 0;  ///< logical pixels by which a caption that is longer than its room has moved up
 
   /// Fills the box band by band and writes the caption, in white, into its dark upper part.
   void Draw() const;
 
-  /// Logical pixels that the caption takes.
-  [[nodiscard]] double captionLength() const;
   /// Logical pixels that there are for it.
   [[nodiscard]] double captionRoom() const;
 };

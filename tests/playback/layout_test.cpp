@@ -74,7 +74,7 @@ TEST(Layout, EachKindOfClipHasItsPlaceInEachMode) {
        "shown 4657.5,810 3000x1500{panels}"},
       {"unknown kind", kDetails, video("MKV", 200, 100), kFace, 15,
        "shown 4657.5,810 3000x1500{panels}; Timer4 off"},
-      {"editor open", kEditing, kSmall, kFace, 15, "shown 4657.5,810 3000x1500{panels}; editing"},
+      {"editor open", kEditing, kSmall, kFace, 15, "shown 4657.5,810 3000x1500{panels}"},
 
       {"minimum details", kMinimum, kSmall, kFace, 15, "shown 885,810 6660x3879"},
       {"minimum details, own place", kMinimum, placed(kVGA, 2000, 300, 400), kFace, 15,

@@ -113,7 +113,13 @@ TEST(Screens, TheInterfaceIsAsLargeAsAskedAndAsTheScreenHasRoom) {
     auto screen = screenAt("s", {0, 0, 1920, row.height});
     screen.factor = row.factor;
     EXPECT_EQ(interfaceSize(screen, row.choice), row.expected) << row.factor << " on " << row.height;
+    const bool fits = !row.choice || *row.choice == row.expected;
+    EXPECT_EQ(sizeFits(std::array{screen}, row.choice.value_or(row.expected)), fits) << row.height;
   }
+  const std::array small{screenAt("s", {0, 0, 1920, 1080})};
+  EXPECT_EQ(sizeInForce(small, 0, true), 1.25) << "large text";
+  EXPECT_EQ(sizeInForce(small, 1, true), 1) << "large text, but the user has chosen";
+  EXPECT_EQ(sizeInForce({}, 0, false), 1);
 }
 
 }  // namespace

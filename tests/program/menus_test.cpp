@@ -34,7 +34,8 @@ struct MenuBench : ProgramBench {
             door("details"),
             door("top"),
             door("size"),
-            [](double size) { return size < 2; }};
+            [](double size) { return size < 2; },
+            door("picture")};
   }
 };
 
@@ -87,6 +88,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 (Rewind at &End and Stop)
 [Loop Collections on play&back]
 -
+(&Picture on Full Screen Alt+Return)
 [&Free Zoom Mode]
 [&Minimum Details Mode]
 [Stay on T&op]
@@ -141,6 +143,14 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   b.window.mode.IsMiniMode = true;
   b.menu.choose({MinimumDetails});
   b.menu.choose({mnu_DirXZoom, 200});
+  b.menu.choose({mnu_LockAspect});
+  EXPECT_TRUE(b.window.mode.ticks.mnu_LockAspect);
+  b.window.mode.ticks.lockAndZoomEnabled = false;
+  b.menu.choose({mnu_LockAspect});
+  EXPECT_TRUE(b.window.mode.ticks.mnu_LockAspect) << "not while the picture has the screen";
+  b.menu.choose({mnu_DirXFullSC});
+  b.window.mode.player.sourceWidth = 640;
+  b.menu.choose({mnu_DirXFullSC});
   EXPECT_EQ(b.store.all["InterfaceSize"] + b.settings.preferences().SkinPath, "1.25Def");
   for (const auto& [stored, size] : {std::pair{"1.25", 1.25}, std::pair{"3", 0.0}, std::pair{"x", 0.0}}) {
     MenuBench next;
@@ -154,7 +164,7 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
     EXPECT_EQ(b.collection.MovieList.count(), 2);
     EXPECT_TRUE(b.window.menu.mnu_Looping);
   }
-  EXPECT_EQ(b.called, "topsizefree200");
+  EXPECT_EQ(b.called, "topsizefree200picture");
   b.boxes.answers = {Answer::No};
   b.menu.choose({Exit});
   EXPECT_FALSE(b.window.face.visible);

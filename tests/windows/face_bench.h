@@ -109,7 +109,7 @@ struct FaceBench : ProgramBench {
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
-                 .minimumDetails = [this] { links.turnDetails(); },
+                 .minimumDetails = [this] { links.display().turnDetails(); },
                  .stayOnTop = [] {},
                  .interfaceSize = [this] { links.takeInterfaceSize(); }}};
   KeyCommands keys{window, listCommands};

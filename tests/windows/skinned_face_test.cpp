@@ -72,7 +72,7 @@ TEST(SkinnedFace, ShowsTheDetailsOrThePictureAlone) {
   };
   EXPECT_EQ(shown(), parts);
   EXPECT_EQ(b.at("Picture").size(), QSize(247, 144));
-  b.links.turnDetails();
+  b.links.display().turnDetails();
   b.draw();
   EXPECT_EQ(shown(), (Names{"Picture", "Display", "Mark-In"}));
   EXPECT_EQ(b.at("Picture").size(), QSize(442, 257));

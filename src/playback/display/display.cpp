@@ -3,8 +3,10 @@
 
 #include "core/telling/failures.h"
 #include "core/telling/messages.h"
+#include "playback/display/interface_size.h"
 
 #include <cmath>
+#include <utility>
 
 namespace kvo {
 
@@ -39,6 +41,13 @@ void Display::setInterfaceSize(double size) {
   placeAnew();
 }
 
+void Display::takeInterfaceSize(double choice, bool largeText) {
+  const double size = sizeInForce(parts_.desktop.screens(), choice, largeText);
+  std::exchange(hasLoaded_, true) ? setInterfaceSize(size) : Form_Load(size);
+}
+
+bool Display::sizeFits(double size) const { return kvo::sizeFits(parts_.desktop.screens(), size); }
+
 void Display::PositionAndSize() {
   const auto clip = layout_.clip();
   if (!clip) return;
@@ -70,7 +79,6 @@ void Display::stopMonitors() {
 void Display::EndAnim() {
   auto& mode = parts_.mode;
   mode.panels.Label2On = false;
-  mode.panels.Lbl_Oversize = false;
   mode.Med_AudAnim.visible = false;
   parts_.timers.Timer4.stop();
 }
@@ -80,6 +88,13 @@ void Display::closeDisplays() { ++parts_.mode.panels.osdsKilled; }
 void Display::AllDetOff() { showDetails(false); }
 
 void Display::AllDetOn() { showDetails(true); }
+
+void Display::turnDetails() { parts_.settings.state.AllDetOff ? AllDetOn() : Lbl_MinDets_Click(); }
+
+void Display::startAtSourceSize() {
+  AllDetOff();
+  parts_.player.PlayerSetDisplaySize(0);
+}
 
 void Display::showDetails(bool on) {
   if (parts_.mode.IsMiniMode) return;

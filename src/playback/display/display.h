@@ -63,6 +63,10 @@ class Display {
 
   /// Another size of the interface: the normal face stays the same in twips; keys and pictures change.
   void setInterfaceSize(double size);
+  /// Puts the size in force that the user has chosen, 0 being the screen's; the first time it is Form_Load.
+  void takeInterfaceSize(double choice, bool largeText);
+  /// True when the first screen has room for this interface size.
+  [[nodiscard]] bool sizeFits(double size) const;
 
   /// Places the player and the labels for the clip in hand. Called whenever another clip is loaded, which
   /// ends an animation first.
@@ -82,6 +86,10 @@ class Display {
   /// Turns the detail panels off or on; the player is placed anew.
   void AllDetOff();
   void AllDetOn();
+  /// The one or the other.
+  void turnDetails();
+  /// The picture at the size of its source, with nothing about it.
+  void startAtSourceSize();
   /// The slider on the toolbar of Free Zoom, shown or not.
   void Lbl_SliderMiniMode_Click();
   /// Shows the slider when `mnu_ShowSlider` is ticked, and else hides it.
@@ -121,8 +129,9 @@ class Display {
   Parts parts_;
   FaceLayout layout_;
   std::optional<std::string> toldOfToolbar_;  // the collection for which the hint has been shown
-  bool sliderWasOn_ = false;                  // when Free Zoom was entered
-  Place refused_;                             // the size that the window system last gave the normal face
+  bool hasLoaded_ = false;
+  bool sliderWasOn_ = false;  // when Free Zoom was entered
+  Place refused_;             // the size that the window system last gave the normal face
 };
 
 }  // namespace kvo

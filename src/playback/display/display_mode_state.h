@@ -85,14 +85,10 @@ struct PanelsState {
   Control Lbl_StreamInfo;
   Control Label2;  ///< "Anim ON" and "Anim OFF"
   bool Label2On = false;
-  bool Lbl_Oversize = false;     ///< says that an animation is too large for the window
   bool picLogo = true;           ///< the spine at the left
   bool Pic_NoVid = false;        ///< the panel in the picture's place for what has no picture
   bool Pic_DigNumbers = true;    ///< the big digits
-  bool marks = true;             ///< mark handles and mark images
   std::uint64_t osdsKilled = 0;  ///< when it grows, what lies over the picture closes
-  Twips markersLeft = 0;         ///< the labels of an index stand beside the player
-  Twips markersTop = 0;
 };
 
 /// Ticks of menus; a menu of that name shows them.
@@ -119,7 +115,6 @@ struct DisplayModeState {
   bool IsFullScreenWindow = false;  ///< it covers the screen
   bool IsResizing = false;          ///< the program sets the size itself: the layout is left alone
   bool DetailsWereOn = false;       ///< noted on entering Free Zoom
-  bool editNoted = false;           ///< the clip was placed while the editor is open
   int StartScreenWidth = 0;         ///< pixels, noted at start; 0 for not yet
   int StartScreenHeight = 0;
   double interfaceSize = 1;  ///< 1, 1.25, 1.5 or 2: as it is in force, chosen or not

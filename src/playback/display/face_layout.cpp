@@ -89,7 +89,6 @@ void FaceLayout::apply(const Layout& layout) {
   auto& panels = mode.panels;
   parts_.settings.state.AllDetOff = layout.AllDetOff;
   parts_.settings.state.ShowFillist = layout.ShowFillist;
-  mode.editNoted = layout.editNoted;
 
   panels.FraDets = panels.CollDets = layout.details;
   panels.nameLabel.visible = layout.nameLabel;
@@ -107,8 +106,6 @@ void FaceLayout::apply(const Layout& layout) {
   }
   placePlayer(layout.player);
   layout.playerVisible ? parts_.player.PlayerShow() : parts_.player.PlayerHide();
-  panels.markersLeft = layout.player.left + layout.player.width;
-  panels.markersTop = layout.player.top;
   if (layout.streamInfo) {
     panels.Lbl_StreamInfo.place.left = layout.streamInfo->left;
     panels.Lbl_StreamInfo.place.top = layout.streamInfo->top;

@@ -57,7 +57,7 @@ void Display::showFreeZoom() {
   mode.toolbar[HitLabel::Lbl_MinMax].toolTip = "Full Screen Mode";
 
   mode.toolbar.Img_Toolbar.visible = true;
-  panels.Pic_DigNumbers = panels.marks = panels.picLogo = panels.Pic_NoVid = panels.Lbl_Oversize = false;
+  panels.Pic_DigNumbers = panels.picLogo = panels.Pic_NoVid = false;
   panels.FraDets = panels.CollDets = false;
   panels.Lbl_Pos.visible = panels.nameLabel.visible = panels.Label2.visible = panels.Fillist.visible = false;
   layout_.ReposAllLabels();
@@ -165,7 +165,7 @@ void Display::leaveFreeZoom() {
     parts_.buttons.editor(nullptr);
   }
   parts_.settings.state.AllDetOff = !mode.DetailsWereOn;
-  panels.Pic_NoVid = panels.picLogo = panels.Pic_DigNumbers = panels.marks = true;
+  panels.Pic_NoVid = panels.picLogo = panels.Pic_DigNumbers = true;
   EndAnim();
   layout_.ReposAllLabels();
   mode.ticks.mnu_ShowSlider = sliderWasOn_;

@@ -3,7 +3,11 @@
 #include "playback/display/layout.h"
 
 namespace kvo {
-namespace {}  // namespace
+namespace {
+
+constexpr double kLargerTable = 1.25;
+
+}  // namespace
 
 double interfaceSize(const Screen& screen, std::optional<double> choice) {
   const double wanted = choice.value_or(screen.factor);
@@ -17,6 +21,16 @@ double interfaceSize(const Screen& screen, std::optional<double> choice) {
     if (size <= wanted && fits(size)) best = size;
   }
   return best;
+}
+
+double sizeInForce(std::span<const Screen> screens, double choice, bool largeText) {
+  const double size = interfaceSize(screens.empty() ? Screen{} : screens.front(),
+                                    choice > 0 ? std::optional(choice) : std::nullopt);
+  return choice == 0 && size == 1 && largeText ? kLargerTable : size;
+}
+
+bool sizeFits(std::span<const Screen> screens, double size) {
+  return screens.empty() || interfaceSize(screens.front(), size) == size;
 }
 
 }  // namespace kvo

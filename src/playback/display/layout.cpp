@@ -106,7 +106,6 @@ std::string placeText(const Place& place) {
 Layout PositionAndSize(const LayoutModes& modes, const ClipFacts& clip, const LayoutSizes& sizes) {
   Layout layout{.AllDetOff = !modes.editMode && (modes.IsMiniMode || modes.AllDetOff),
                 .ShowFillist = modes.editMode || modes.ShowFillist,
-                .editNoted = modes.editMode,
                 .player = sizes.player,
                 .playerVisible = hasVideo(clip)};
   choosePanels(layout, modes, clip);
@@ -168,7 +167,6 @@ std::string text(const Layout& layout) {
   word(layout.Label2.value_or(false), "anim label");
   word(layout.Timer4 == TimerAct::Start, "Timer4 on");
   word(layout.Timer4 == TimerAct::Stop, "Timer4 off");
-  word(layout.editNoted, "editing");
   if (layout.logoCaption) line += "; \"" + *layout.logoCaption + "\"";
   return line;
 }

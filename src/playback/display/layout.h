@@ -47,7 +47,6 @@ struct Layout {
   // Modes as they are now
   bool AllDetOff = false;
   bool ShowFillist = true;
-  bool editNoted = false;
 
   // Which panels are on
   bool details = false;  ///< frames of clip and collection
