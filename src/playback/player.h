@@ -109,6 +109,8 @@ class Player {
   /// The graph in hand stands exactly where it stops by itself; false without one.
   [[nodiscard]] virtual bool coronaAtStopTime() const = 0;
   [[nodiscard]] virtual bool canSeek() const = 0;
+  /// The index of the clip in hand: places that have a name, in the order of their times.
+  [[nodiscard]] virtual std::vector<EngineMarker> PlayerGetMarkers() const { return {}; }
   /// Pictures a second of clip `index`; 0 or less for the one in hand.
   virtual double PlayerCoronaGetFrameRate(int index) = 0;
 

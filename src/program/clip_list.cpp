@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "core/telling/messages.h"
+#include "playback/positions/displays.h"
 #include "program/clip_texts.h"
 
 #include <algorithm>
@@ -105,8 +106,7 @@ void ClipList::tell(const Movie& clip) {
   display.digitsTip =
       display.digits.empty() ? "" : "Point in Time (mm:ss:frames) - Click for Direct Positioner";
   display.sound = hasSound(clip);
-  display.rate =
-      display.sound ? FormatMask(static_cast<double>(clip.Playspeed()) / 10, "#0.0#") + "x" : std::string();
+  display.rate = display.sound ? rateLabel(static_cast<double>(clip.Playspeed()) / 10) : std::string();
   display.volume = percentOf(clip.Volume());
 }
 

@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/records/media_kinds.h"
+#include "playback/positions/displays.h"
 
 #include <algorithm>
 #include <cmath>
@@ -141,20 +142,12 @@ std::vector<std::string> chipsOf(const Movie& clip, const StreamFacts* facts) {
 
 std::string positionText(const Movie& clip, double position) {
   const auto length = playedLength(clip);
-  if (!length) return {};
-  return "Time = " + FormatMask(position, "0.00") + " of " + FormatMask(*length, "0.00");
+  return length ? positionLabel(position, *length) : std::string();
 }
 
 std::string digitsAt(const Movie& clip, double position, const KVO2& settings) {
-  const auto length = playedLength(clip);
-  if (!length) return {};
-  const double whole = RoundToWhole(position);
-  const double minutes = std::floor(whole / 60);
-  const auto frames = clip.DurationFrames().wholeNumber();
-  const double rate =
-      frames ? *frames / *length : static_cast<double>(settings.preferences().OutPutFrameRate);
-  return FormatMask(minutes, "###00") + ":" + FormatMask(whole - minutes * 60, "##00") + ":" +
-         FormatMask(RoundToWhole(rate * position), "0##0");
+  if (!playedLength(clip)) return {};
+  return digitsOfSeconds(position, countedFramesPerSecond(clip, settings));
 }
 
 SliderState sliderOf(const Movie& clip) {

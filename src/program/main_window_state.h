@@ -5,6 +5,7 @@
 #include "base/revised_list.h"
 #include "playback/buttons_state.h"
 #include "playback/display/display_mode_state.h"
+#include "playback/positions/position_state.h"
 #include "program/clip_picture_state.h"
 #include "program/skin_state.h"
 
@@ -86,26 +87,6 @@ struct DetailsState {
   bool visible = false;
 };
 
-/// The slider of the clip in hand. Places are parts of its line, 0 to 1.
-struct SliderState {
-  bool handles = false;  ///< there is a length to stand on
-  double length = 0;     ///< of the line, seconds
-  double markIn = 0;
-  double markOut = 1;
-  double position = 0;
-  bool operator==(const SliderState&) const = default;
-};
-
-/// The glass. Its lamps are ticks of the menu: LOOP mnu_Looping, REWIND mnu_RewAtEnd, ALL mnu_LoopCol.
-struct DisplayState {
-  std::string digits;  ///< "00:04:0104"; empty leaves them unlit
-  std::string digitsTip;
-  std::string rate;    ///< "1.0x"; empty as the digits
-  int volume = 100;    ///< of the clip in hand, per cent
-  bool sound = false;  ///< there is a volume to show
-  bool operator==(const DisplayState&) const = default;
-};
-
 /// Ticks, and what can be chosen.
 struct MenuState {
   bool mnu_LoopCol = false;
@@ -144,6 +125,7 @@ struct MainWindowState {
   DetailsState details;
   SliderState slider;
   DisplayState display;
+  PositionsState positions;
   MenuState menu;
   HistoryState history;
   ProgressState progress;

@@ -1,0 +1,60 @@
+// The section of the clip in hand, from Mark-In to Mark-Out, as the player is told of it.
+#pragma once
+
+#include "core/records/collection.h"
+#include "playback/player.h"
+
+namespace kvo {
+
+/// Puts the player into another unit for as long as it lives.
+class InMode {
+ public:
+  InMode(Player& player, DisplayMode mode) : player_(player), before_(player.PlayerGetDisplayMode()) {
+    player_.PlayerSetDisplayMode(mode);
+  }
+  InMode(const InMode&) = delete;
+  InMode& operator=(const InMode&) = delete;
+  ~InMode() { player_.PlayerSetDisplayMode(before_); }
+
+ private:
+  Player& player_;
+  const DisplayMode before_;
+};
+
+/// The clip that the list selects; null for none.
+Movie* clipInHand(Collection& collection);
+const Movie* clipInHand(const Collection& collection);
+
+/// Pictures a second: DurationFrames / DurationTime. 0 when the record does not know them.
+double framesPerSecond(const Movie& clip);
+
+/// An address, or what is told to be without an end.
+bool isStreamClip(const Movie& clip);
+
+/// A place in a clip, as both of its units have it.
+struct SeenFrame {
+  double seconds = 0;
+  Long frame = 0;
+};
+
+/// What is seen at `seconds`, and its number: of the picture that stands there; where there is no picture,
+/// the nearest frame's.
+SeenFrame seenFrame(const Movie& clip, const Player& player, double seconds);
+
+class Section {
+ public:
+  Section(Player& player, Collection& collection) : player_(player), collection_(collection) {}
+
+  /// Tells the player of the marks of the clip in hand, and goes to Mark-In; with `keepPosition` it stays
+  /// where it is. Marks that lie outside the clip are corrected in its record, which counts as no change of
+  /// the user's. Nothing happens without a clip that has a length.
+  void SectionToPlay(bool keepPosition);
+
+ private:
+  void correct(Movie& clip, double duration);
+
+  Player& player_;
+  Collection& collection_;
+};
+
+}  // namespace kvo
