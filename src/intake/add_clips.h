@@ -35,6 +35,9 @@ class AddClips : public ClipIntake {
 
   bool AddMoviesm(const std::string& text) override;
 
+  /// Who hears of changes in the records that this brings.
+  [[nodiscard]] ChangePoster& poster() { return poster_; }
+
  private:
   Ports ports_;
   KVO2& settings_;

@@ -79,6 +79,7 @@ void ClipList::choose(std::vector<int> numbers, int number) {
   window_.list.ListIndex = number - 1;
   window_.list.rename = false;
   collection_.icurMov = number;
+  told_ = nullptr;
   tell(collection_.MovieList[number]);
   whenInHand_(number);
 }
@@ -98,7 +99,9 @@ void ClipList::tell(const Movie& clip) {
   details.name = listedName(clip);
   details.pairs = detailsOf(clip, settings_, facts);
   details.chips = chipsOf(clip, facts);
-  window_.slider = sliderOf(clip);
+  auto slider = sliderOf(clip);
+  if (std::exchange(told_, &clip) == &clip) slider.position = window_.slider.position;
+  window_.slider = slider;
   const double position = window_.slider.position * window_.slider.length;
   details.position = positionText(clip, position);
   auto& display = window_.display;

@@ -57,6 +57,7 @@ class ClipList {
   MainWindowState& window_;
   Collection& collection_;
   const KVO2& settings_;
+  const Movie* told_ = nullptr;               // the clip in hand, while what is told of it is no other's
   std::map<std::string, StreamFacts> facts_;  // by path
   std::function<void(int)> whenInHand_ = [](int) {};
 };

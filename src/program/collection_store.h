@@ -61,6 +61,9 @@ class CollectionStore {
         failures_(log, boxes, settings, [] {}),
         names_(files, folder) {}
 
+  /// Who hears of changes in the records that this brings.
+  [[nodiscard]] ChangePoster& poster() { return poster_; }
+
   /// Fills the settings and the three lists from `fileName`; an empty name means the collection's own name in
   /// the program folder. A file that needs it is brought up to the current layout and
   /// written back; when anything was lost on the way, or it could not be read at all, the old file is kept

@@ -93,6 +93,7 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
   if (!thisSeries.empty() && thisSeries == series_) {
     change(clip);
     list_.renew(number);
+    if (number == collection_.icurMov) whenEdited_(number);
     return true;
   }
   Movie changed = clip;
@@ -151,8 +152,16 @@ ListStep History::apply(ListStep step) {
   settings_.state.postChange(step.changeCode, step.changeCode);
   if (inverse.values.empty()) list_.fill();
   for (const auto& [number, clip] : inverse.values) list_.renew(number);
-  list_.choose(std::move(step.chosen), std::clamp(step.inHand, 0, clips.count()));
-  list_.show();
+  const bool stays = step.inHand == inverse.inHand && inverse.values.size() == 1 &&
+                     inverse.values.front().first == inverse.inHand;
+  if (stays) {
+    if (!step.chosen.empty()) window_.list.chosen = std::move(step.chosen);
+    window_.list.rename = false;
+    whenEdited_(inverse.inHand);
+  } else {
+    list_.choose(std::move(step.chosen), std::clamp(step.inHand, 0, clips.count()));
+    list_.show();
+  }
   return inverse;
 }
 

@@ -70,6 +70,9 @@ class History {
   /// Forgets all: another collection is open.
   void clear();
 
+  /// What goes on when clip `number`, in hand before and behind, has got other values. It is not loaded anew.
+  void whenEdited(std::function<void(int number)> work) { whenEdited_ = std::move(work); }
+
   /// The list is on the disk as it stands, or would be if the disk took it: no other state of it is.
   void saved();
 
@@ -86,6 +89,7 @@ class History {
   ClipList& list_;
   std::deque<ListStep> undo_;
   std::deque<ListStep> redo_;
+  std::function<void(int)> whenEdited_ = [](int) {};
   std::string series_;  // of the newest step, while it may take in more
 };
 

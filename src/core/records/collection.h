@@ -7,6 +7,7 @@
 #include "core/records/small_records.h"
 
 #include <cstddef>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -119,10 +120,14 @@ class ChangePoster : public RecordListener {
  public:
   explicit ChangePoster(KVO2& settings) : settings_(settings) {}
   void postChange(Integer code, Integer below) override { settings_.state.postChange(code, below); }
-  void endOfPlayMoved(const Movie& /*clip*/) override {}
+  void endOfPlayMoved(const Movie& clip) override { endOfPlayMoved_(clip); }
+
+  /// Whom a new end of play is passed on to.
+  void whenEndOfPlayMoved(std::function<void(const Movie&)> heard) { endOfPlayMoved_ = std::move(heard); }
 
  private:
   KVO2& settings_;
+  std::function<void(const Movie&)> endOfPlayMoved_ = [](const Movie&) {};
 };
 
 }  // namespace kvo

@@ -3,7 +3,7 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "core/telling/messages.h"
+#include "core/telling/failures.h"
 
 #include <algorithm>
 #include <array>

@@ -1,0 +1,55 @@
+#include "playback/positions/remote_commands.h"
+
+#include "base/paths.h"
+
+namespace kvo {
+
+void RemoteCommands::Lbl_Play_Click() {
+  if (Aremoviesloaded()) core_.transport.Img_Play_Click();
+}
+
+void RemoteCommands::Lbl_Pause_Click() {
+  if (Aremoviesloaded()) core_.transport.Lbl_PauseGraphic_Click();
+}
+
+void RemoteCommands::toClip(int direction) {
+  const int count = core_.collection.MovieList.count();
+  if (!Aremoviesloaded() || count < 2) return;
+  const bool goesRound = core_.clip()->IsStill() || core_.settings.user.LoopCol;
+  int next = core_.collection.icurMov + direction;
+  if (next < 1 || next > count) {
+    if (!goesRound) return;
+    next = next < 1 ? count : 1;
+  }
+  for (auto* timer : {&core_.timers.Timer1, &core_.timers.Timer5, &core_.timers.Timer6}) timer->stop();
+  core_.transport.PreviewMovie(next);
+}
+
+void RemoteCommands::Lbl_NextMov_Click() { toClip(1); }
+void RemoteCommands::Lbl_PrevMov_Click() { toClip(-1); }
+
+void RemoteCommands::toMiddle() {
+  auto& player = core_.player;
+  if (!core_.canSeek()) return;
+  player.PlayerStop();
+  player.PlayerSetDisplayMode(DisplayMode::Seconds);
+  core_.seekSeconds(player.PlayerGetDuration() / 2);
+  player.GlobalMediaPlay();
+  core_.buttons.BuildButton("PAUSEOFF");
+}
+
+void RemoteCommands::step(Step which) {
+  if (!Aremoviesloaded()) return;
+  stepping_.step(which, true);
+  if (core_.canSeek() && !core_.mode.player.IsPaused) core_.buttons.BuildButton("PAUSEON");
+}
+
+void RemoteCommands::rate(std::string_view rateText) {
+  if (Aremoviesloaded() && !core_.isTrack() && !isAddress(clipFile(*core_.clip()))) rate_.SetRate(rateText);
+}
+
+void RemoteCommands::Lbl_Mute_Click() {
+  if (Aremoviesloaded()) levels_.toggleMute();
+}
+
+}  // namespace kvo

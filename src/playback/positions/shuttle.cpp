@@ -1,0 +1,134 @@
+#include "playback/positions/shuttle.h"
+
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr int kFirstForward = 79;
+constexpr int kFirstBackward = 85;
+constexpr std::array<double, 6> kForward{1.0, 1.5, 1.8, 1.9, 15, 100};  // rates, and numbers of jumps
+constexpr std::array<int, 6> kBackward{280, 180, 150, 140, 100, 75};    // milliseconds
+constexpr double kFirstJumping = 3;
+constexpr double kJump = 0.15;      // seconds of the clip
+constexpr int kJumpInterval = 50;   // milliseconds
+constexpr int kWatchInterval = 50;  // milliseconds
+constexpr int kRestInterval = 150;  // of Timer8, milliseconds
+constexpr int kAbove = 30;          // intervals between these two step by large steps
+constexpr int kBelow = 181;
+
+}  // namespace
+
+Shuttle::Shuttle(const Parts& parts)
+    : parts_(parts),
+      core_(parts.core),
+      jumping_(parts.core.loop.timer([this] { jump(); })),
+      watch_(parts.core.loop.timer([this] {
+        const auto* clip = core_.clip();
+        const InMode seconds(core_.player, DisplayMode::Seconds);
+        if (clip != nullptr && core_.player.PlayerGetCurrentPosition() > clip->LoopStart().number()) return;
+        rest();
+      })) {}
+
+bool Shuttle::IsShuttleProInstalled() const { return core_.settings.state.ShuttleProInstalled; }
+
+// The wheel is let go: whatever it drove ends.
+void Shuttle::rest() {
+  jumping_->stop();
+  watch_->stop();
+  parts_.stepping.letGo();
+  core_.state.held.ShuttleStepping = false;
+}
+
+void Shuttle::toStart() {
+  core_.player.PlayerStop();
+  core_.seekSeconds(0);
+  core_.buttons.BuildButton("PAUSEON");
+}
+
+bool Shuttle::KeyCommandSHUTTLEPRO(int code) {
+  if (core_.clip() == nullptr) return false;
+  if (code >= kFirstBackward && code < kFirstBackward + static_cast<int>(kBackward.size())) {
+    ApplyShuttleBCKSpeed(kBackward[static_cast<std::size_t>(code - kFirstBackward)]);
+    return true;
+  }
+  if (code >= kFirstForward && code < kFirstBackward) {
+    ApplyShuttleFWDSpeed(kForward[static_cast<std::size_t>(code - kFirstForward)]);
+    return true;
+  }
+  switch (code) {
+    case 65:
+    case 66:
+      core_.host.ShowSliderStuff();
+      parts_.positioner.Pic_DigNumbers_Click(code == 65 ? Whatto::SetMarkInPoint : Whatto::SetMarkoutPoint);
+      return true;
+    case 67:
+      parts_.marks.SetMarkIn();
+      return true;
+    case 68:
+      parts_.marks.SetMarkOut();
+      return true;
+    case 69:
+    case 70:
+      core_.transport.Image8_Click();
+      if (core_.doors.AddMoviesm) core_.doors.AddMoviesm();
+      return true;
+    case 73:
+      toStart();
+      return true;
+    case 75:
+      parts_.remote.Lbl_Pause_Click();
+      return true;
+    case 76:
+      parts_.remote.Lbl_Play_Click();
+      return true;
+    case 77:
+    case 78:
+      rest();
+      core_.player.PlayerStop();
+      core_.player.PlayerSetRate(1);
+      core_.buttons.BuildButton("PAUSEON");
+      core_.timers.Timer8.setInterval(kRestInterval);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Shuttle::ApplyShuttleFWDSpeed(double rate) {
+  rest();
+  auto& player = core_.player;
+  if (!core_.canSeek()) return;
+  if (rate >= kFirstJumping) {
+    jumps_ = static_cast<int>(rate);
+    jumping_->start(kJumpInterval);
+    return;
+  }
+  player.PlayerSetDisplayMode(DisplayMode::Seconds);
+  player.PlayerSetRate(rate);
+  player.GlobalMediaPlay();
+  core_.buttons.BuildButton("PLAYON");
+}
+
+void Shuttle::jump() {
+  const auto* clip = core_.clip();
+  if (clip == nullptr || --jumps_ <= 0) jumping_->stop();
+  if (clip == nullptr) return;
+  const InMode seconds(core_.player, DisplayMode::Seconds);
+  const double to = core_.player.PlayerGetCurrentPosition() + kJump;
+  core_.seekSeconds(to > clip->LoopEnd().number() ? clip->LoopStart().number() : to);
+}
+
+void Shuttle::ApplyShuttleBCKSpeed(int interval) {
+  rest();
+  if (!core_.canSeek()) return;
+  core_.player.PlayerSetRate(1);
+  core_.player.PlayerStop();
+  core_.buttons.BuildButton("PAUSEON");
+  const bool large = interval > kAbove && interval < kBelow;
+  core_.state.held.ShuttleStepping = large;
+  parts_.stepping.hold(large ? Step::Rew5 : Step::Rew1, interval);
+  watch_->start(kWatchInterval);
+}
+
+}  // namespace kvo
