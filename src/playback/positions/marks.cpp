@@ -8,14 +8,25 @@ namespace {
 
 constexpr double kLeastFrame = 0.01;  // seconds, of a clip whose frames are not known
 
-Value lengthOf(const Movie& clip) { return clip.DurationTime(); }
+void markIn(Movie& clip, const SeenFrame& place) {
+  clip.LoopStart(Value(place.seconds));
+  clip.LoopStartFrames(place.frame);
+}
 
-// Both marks at the ends of the clip.
-void markWhole(Movie& clip) {
-  clip.LoopStart(Value(0));
-  clip.LoopStartFrames(0);
-  clip.LoopEnd(lengthOf(clip));
+void markOut(Movie& clip, const SeenFrame& place) {
+  clip.LoopEnd(Value(place.seconds));
+  clip.LoopEndFrames(place.frame);
+}
+
+// The end of the clip, as its record has it.
+void markEnd(Movie& clip) {
+  clip.LoopEnd(clip.DurationTime());
   clip.LoopEndFrames(toLongClamped(clip.DurationFrames().number()));
+}
+
+void markWhole(Movie& clip) {
+  markIn(clip, {});
+  markEnd(clip);
 }
 
 }  // namespace
@@ -168,6 +179,13 @@ bool Marks::edit(bool in, const std::function<void(Movie&)>& change) {
   return done;
 }
 
+// What the player shows of a place that it has been sent to, unless it stayed away from it.
+SeenFrame Marks::seenNear(double wanted) const {
+  const auto seen = seenFrame(core_.player);
+  return std::abs(seen.seconds - wanted) <= oneFrame() ? seen
+                                                       : frameStandingAt(*core_.clip(), core_.player, wanted);
+}
+
 void Marks::keepMarkIn() {
   auto& player = core_.player;
   const auto& clip = *core_.clip();
@@ -175,13 +193,9 @@ void Marks::keepMarkIn() {
   const double wanted = std::clamp(core_.slider.PosPctToSecsMark(0), 0.0, std::max(end - oneFrame(), 0.0));
   player.PlayerSetSelectionStart(wanted);
   player.PlayerSetCurrentPosition(wanted);
-  const double shown = player.PlayerGetCurrentPosition();
-  const auto seen = seenFrame(clip, player, std::abs(shown - wanted) <= oneFrame() ? shown : wanted);
+  const auto seen = seenNear(wanted);
   if (!core_.isTrack() && clip.LoopStart().number() != seen.seconds) {
-    edit(true, [&](Movie& changed) {
-      changed.LoopStart(Value(seen.seconds));
-      changed.LoopStartFrames(seen.frame);
-    });
+    edit(true, [&](Movie& changed) { markIn(changed, seen); });
   }
   afterMark();
 }
@@ -194,15 +208,10 @@ void Marks::keepMarkOut() {
                                    std::min(clip.LoopStart().number() + oneFrame(), length), length);
   player.PlayerSetCurrentPosition(wanted);
   selectionEnd(wanted);
-  const double shown = player.PlayerGetCurrentPosition();
   const bool whole = wanted >= length;
-  const auto seen =
-      seenFrame(clip, player, !whole && std::abs(shown - wanted) <= oneFrame() ? shown : wanted);
+  const auto seen = whole ? frameStandingAt(clip, player, wanted) : seenNear(wanted);
   if (!core_.isTrack() && clip.LoopEnd().number() != seen.seconds) {
-    edit(false, [&](Movie& changed) {
-      changed.LoopEnd(whole ? lengthOf(changed) : Value(seen.seconds));
-      changed.LoopEndFrames(whole ? toLongClamped(changed.DurationFrames().number()) : seen.frame);
-    });
+    edit(false, [&](Movie& changed) { whole ? markEnd(changed) : markOut(changed, seen); });
   }
   // What goes on playing from its end would be at its end.
   if (resumes_ && player.canSeek()) player.PlayerSetCurrentPosition(clip.LoopStart().number());
@@ -217,15 +226,7 @@ void Marks::resume() {
 
 // The right key.
 void Marks::resetMark(bool in) {
-  edit(in, [in](Movie& changed) {
-    if (in) {
-      changed.LoopStart(Value(0));
-      changed.LoopStartFrames(0);
-    } else {
-      changed.LoopEnd(lengthOf(changed));
-      changed.LoopEndFrames(toLongClamped(changed.DurationFrames().number()));
-    }
-  });
+  edit(in, [in](Movie& changed) { in ? markIn(changed, {}) : markEnd(changed); });
   core_.section.SectionToPlay(false);
   core_.buttons.BuildButton("PAUSEON");
   afterMark();
@@ -273,16 +274,13 @@ void Marks::SetMarkIn() {
     player.PlayerStop();
     core_.buttons.BuildButton("PAUSEON");
   }
-  const auto seen = seenFrame(*clip, player, player.PlayerGetCurrentPosition());
+  const auto seen = seenFrame(player);
   const double end = clip->LoopEnd().number();
   if (end > 0 && end <= seen.seconds) {
     tell("End point must be after Start point.", "KVO - MarkOut before start");
     edit(true, markWhole);
   } else {
-    edit(true, [&](Movie& changed) {
-      changed.LoopStart(Value(seen.seconds));
-      changed.LoopStartFrames(seen.frame);
-    });
+    edit(true, [&](Movie& changed) { markIn(changed, seen); });
   }
   core_.host.ShowSliderStuff();
   afterMark();
@@ -301,7 +299,7 @@ void Marks::SetMarkOut() {
   }
   player.PlayerPause();
   core_.buttons.BuildButton("PAUSEON");
-  auto seen = seenFrame(*clip, player, player.PlayerGetCurrentPosition());
+  auto seen = seenFrame(player);
   if (seen.seconds == 0) seen = {clip->LoopEnd().number(), clip->LoopEndFrames()};
   selectionEnd(seen.seconds);
   const bool crossed = clip->LoopStartFrames() >= seen.frame && seen.frame > 0;
@@ -309,14 +307,12 @@ void Marks::SetMarkOut() {
     tell("Clip End must be after Start point Error - Buffering while positioning error.",
          "KVO5 - End after Start");
     resetBoth();
-  } else if (seen.seconds > clip->DurationTime().number()) {
+  } else if (seen.seconds > clip->DurationTime().number() + oneFrame()) {
     tell("Please re-load the clip - Buffering while positioning error.", "KVO5 - Start before End");
     resetBoth();
   } else {
-    edit(false, [&](Movie& changed) {
-      changed.LoopEnd(Value(seen.seconds));
-      changed.LoopEndFrames(seen.frame);
-    });
+    const bool whole = seen.seconds >= clip->DurationTime().number();
+    edit(false, [&](Movie& changed) { whole ? markEnd(changed) : markOut(changed, seen); });
   }
   core_.host.ShowSliderStuff();
   afterMark();

@@ -57,6 +57,7 @@ class Marks {
   bool edit(bool in, const std::function<void(Movie&)>& change);
   void resetBoth();
   [[nodiscard]] double oneFrame() const;
+  [[nodiscard]] SeenFrame seenNear(double wanted) const;
 
   PositionsCore& core_;
   bool moved_ = false;    // since the last tick of a drag

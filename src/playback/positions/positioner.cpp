@@ -56,8 +56,8 @@ void Positioner::show() {
   const auto* clip = core_.clip();
   if (clip == nullptr || clip->IsStill()) return close();
   const InMode mode(core_.player, DisplayMode::Seconds);
-  const double at = core_.player.PlayerGetCurrentPosition();
-  const auto seen = seenFrame(*clip, core_.player, at);
+  const auto seen = seenFrame(core_.player);
+  const double at = seen.seconds;
   if (inFrames()) {
     state.unit = "frames";
     state.digits = digitalText(seen.frame);

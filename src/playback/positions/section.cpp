@@ -36,7 +36,14 @@ double framesPerSecond(const Movie& clip) {
 
 bool isStreamClip(const Movie& clip) { return clip.IsStream() || isAddress(clipFile(clip)); }
 
-SeenFrame seenFrame(const Movie& clip, const Player& player, double seconds) {
+SeenFrame seenFrame(Player& player) {
+  const InMode mode(player, DisplayMode::Seconds);
+  const double seconds = player.PlayerGetCurrentPosition();
+  player.PlayerSetDisplayMode(DisplayMode::Frames);
+  return {seconds, toLongClamped(player.PlayerGetCurrentPosition())};
+}
+
+SeenFrame frameStandingAt(const Movie& clip, const Player& player, double seconds) {
   constexpr double kNearNext = 0.02;  // of a frame: what the times of files are rounded to
   const double at = std::max(seconds, 0.0);
   const double frame = at * framesPerSecond(clip);

@@ -37,9 +37,11 @@ struct SeenFrame {
   Long frame = 0;
 };
 
-/// What is seen at `seconds`, and its number: of the picture that stands there; where there is no picture,
-/// the nearest frame's.
-SeenFrame seenFrame(const Movie& clip, const Player& player, double seconds);
+/// What the player shows, and its number.
+SeenFrame seenFrame(Player& player);
+
+/// The frame that stands at `seconds`; where there is no picture, the nearest one.
+SeenFrame frameStandingAt(const Movie& clip, const Player& player, double seconds);
 
 class Section {
  public:
