@@ -135,6 +135,9 @@ class PlayerFacade : public Player {
   [[nodiscard]] bool PlayerGetFullScreenMode() const override { return parts_.mode.player.fullScreen; }
   [[nodiscard]] std::vector<MediaTrack> PlayerGetTracks() const override { return engine().tracks(); }
   void PlayerChooseTrack(MediaTrack::Kind kind, int id) override { engine().choose(kind, id); }
+  [[nodiscard]] std::vector<EngineMarker> PlayerGetMarkers() const override {
+    return graph_ ? std::vector<EngineMarker>() : parts_.control.markers();
+  }
   void whenEndOfStream(std::function<void()> heard) override;
   void whenGraphStops(std::function<void()> heard) override { graphStops_ = std::move(heard); }
 

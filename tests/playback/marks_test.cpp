@@ -1,0 +1,193 @@
+// Handles under the user's hand, and marks.
+#include "playback/positions_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::PositionsBench;
+using enum SliderHandleId;
+
+TEST(Marks, AHeldHandleSeeksTenTimesASecond) {
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    PositionsBench b;
+    b.ready(name);
+    b.play();
+    b.timers.Timer5.start();
+    ASSERT_TRUE(b.positions.marks.press(ImageBlob));
+    EXPECT_FALSE(b.timers.Timer5.enabled()) << "nothing else moves it";
+    b.positions.marks.drag(ImageBlob, 0.5);
+    EXPECT_LT(b.seconds(), 1) << name;
+    b.loop.advance(100);
+    EXPECT_NEAR(b.seconds(), 5, 0.11) << name;
+    EXPECT_EQ(b.glass.digits.substr(0, 6), "00:05:") << name;
+    b.positions.marks.drag(ImageBlob, 0.7);
+    b.positions.marks.release(ImageBlob, MouseKey::Left);
+    EXPECT_NEAR(b.seconds(), 7, 0.01) << name;
+    EXPECT_EQ(b.player.PlayerGetPlayState(), EngineState::Running) << name << " plays on";
+    EXPECT_TRUE(b.timers.Timer5.enabled());
+    EXPECT_TRUE(b.noted.edits.empty());
+  }
+  PositionsBench b;
+  b.ready("a.asf");
+  b.positions.marks.press(ImageBlob);
+  b.positions.marks.drag(ImageBlob, 0.5);
+  b.loop.advance(300);
+  EXPECT_LT(b.seconds(), 1) << "what comes over the net is sought for only at the end";
+}
+
+TEST(Marks, ReleasedHandlesBecomeTheMarksOfWhatIsSeen) {
+  const struct {
+    SliderHandleId handle;
+    double part;
+    MouseKey key;
+    const char* marks;  // of a section that was 2 to 8
+    double position;
+    bool plays;
+  } rows[] = {{Img_MarkIn, 0.3, MouseKey::Left, "3 to 8, 75 to 200", 3, true},
+              {Img_MarkIn, 0.301, MouseKey::Left, "3 to 8, 75 to 200", 3, true},  // inside of a picture
+              {Img_MarkIn, 0.9, MouseKey::Left, "7.96 to 8, 199 to 200", 7.96, true},
+              {Img_MarkIn, 0.5, MouseKey::Right, "0 to 8, 0 to 200", 0, false},
+              {Img_MarkOut, 0.6, MouseKey::Left, "2 to 6, 50 to 150", 2, true},
+              {Img_MarkOut, 1, MouseKey::Left, "2 to 10, 50 to 250", 2, true},
+              {Img_MarkOut, 0.1, MouseKey::Left, "2 to 2.04, 50 to 51", 2, true},
+              {Img_MarkOut, 0.5, MouseKey::Right, "2 to 10, 50 to 250", 2, false}};
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    for (const auto& row : rows) {
+      PositionsBench b;
+      b.ready(name, {}, 2, 8);
+      b.play();
+      ASSERT_TRUE(b.positions.marks.press(row.handle));
+      EXPECT_NE(b.player.PlayerGetPlayState(), EngineState::Running) << "it stands meanwhile";
+      EXPECT_TRUE(b.state.held.MarkInDragging || b.state.held.MarkOutDragging);
+      b.positions.marks.drag(row.handle, row.part);
+      b.loop.advance(100);
+      EXPECT_EQ(b.marks(), "2 to 8, 50 to 200") << name << " while it is dragged";
+      b.positions.marks.release(row.handle, row.key);
+      EXPECT_EQ(b.marks(), row.marks) << name;
+      EXPECT_EQ(b.noted.edits.size(), 1U) << row.marks;
+      EXPECT_NEAR(b.seconds(), row.position, 0.011) << name << row.marks;
+      EXPECT_EQ(b.player.PlayerGetPlayState() == EngineState::Running, row.plays) << name << row.marks;
+      EXPECT_EQ(b.mode.player.IsPaused, !row.plays) << row.marks;
+      EXPECT_FALSE(b.state.held.MarkInDragging || b.state.held.MarkOutDragging);
+      EXPECT_EQ(b.player.PlayerGetSelectionEnd(), clipInHand(b.collection)->LoopEnd().number());
+      EXPECT_DOUBLE_EQ(b.slider.markIn, clipInHand(b.collection)->LoopStart().number() / 10) << row.marks;
+      EXPECT_DOUBLE_EQ(b.slider.markOut, clipInHand(b.collection)->LoopEnd().number() / 10) << row.marks;
+    }
+  }
+}
+
+TEST(Marks, StayWhileKeyframesAreSetAndOnDiscs) {
+  PositionsBench b;
+  b.ready("a.avi", {}, 2, 8);
+  b.settings.state.KeyframeMode = 1;
+  EXPECT_FALSE(b.positions.marks.press(Img_MarkIn));
+  b.positions.marks.put(Img_MarkOut, 0.5);
+  b.positions.marks.SetMarkIn();
+  ASSERT_EQ(b.boxes.shown.size(), 3U);
+  EXPECT_EQ(b.boxes.shown[0].text, "Cannot re-set Mark-In point while setting Keyframes");
+  EXPECT_EQ(b.boxes.shown[1].text, "Cannot re-set Mark-Out point while setting Keyframes");
+  EXPECT_EQ(b.boxes.shown[1].caption, "KVO5 - Keyframe Warning");
+  EXPECT_EQ(b.marks(), "2 to 8, 50 to 200");
+  b.settings.state.KeyframeMode = 0;
+  b.ready("VTS_01_1.VOB");
+  b.seek(3);
+  b.positions.marks.SetMarkOut();
+  b.positions.marks.SetMarkIn();
+  b.positions.marks.put(Img_MarkIn, 0.5);
+  EXPECT_EQ(b.boxes.shown.size(), 6U);
+  EXPECT_EQ(b.boxes.shown.back().text, "Cannot set Editing Markers in DVD Clips.");
+  EXPECT_EQ(b.marks(), "0 to 10, 0 to 250");
+}
+
+TEST(Marks, AreSetWhereThePlayerStands) {
+  const struct {
+    bool in;
+    double at;
+    const char* marks;  // of a section that was 2 to 8
+    const char* box;
+  } rows[] = {{true, 3.02, "3 to 8, 75 to 200", ""},
+              {true, 9, "0 to 10, 0 to 250", "KVO - MarkOut before start"},
+              {false, 6.02, "2 to 6, 50 to 150", ""},
+              {false, 1, "0 to 10, 0 to 250", "KVO5 - End after Start"},
+              {false, 0, "2 to 8, 50 to 200", ""}};
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    for (const auto& row : rows) {
+      PositionsBench b;
+      b.ready(name, {}, 2, 8);
+      b.play();
+      b.seek(row.at);
+      const double at = b.seconds();
+      row.in ? b.positions.marks.SetMarkIn() : b.positions.marks.SetMarkOut();
+      EXPECT_EQ(b.marks(), row.marks) << name << row.at;
+      EXPECT_EQ(b.boxes.shown.empty() ? "" : b.boxes.shown.back().caption, row.box) << name << row.at;
+      EXPECT_EQ(b.seconds(), at) << name << " the picture stays";
+      EXPECT_TRUE(b.mode.player.IsPaused) << name;
+    }
+  }
+  PositionsBench b;
+  b.ready("a.avi", {}, 2, 8);
+  b.positions.marks.ResetMarks();
+  EXPECT_EQ(b.marks(), "0 to 10, 0 to 250");
+  EXPECT_EQ(b.noted.edits, std::vector<std::string>{"marks of"});
+  b.ready("endless.avi", {.duration = 0});
+  b.positions.marks.SetMarkIn();
+  b.positions.marks.SetMarkOut();
+  EXPECT_EQ(b.noted.edits.size(), 1U) << "without a length there are none";
+}
+
+TEST(Marks, TakenBackTheyReachThePlayer) {
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    PositionsBench b;
+    auto& clip = b.ready(name, {}, 2, 8);
+    b.seek(5);
+    clip.LoopStart(Value(1));
+    clip.LoopEnd(Value(6));
+    clip.Volume(600);
+    b.positions.takeRecord();
+    EXPECT_EQ(b.player.PlayerGetSelectionStart(), 1) << name;
+    EXPECT_EQ(b.player.PlayerGetSelectionEnd(), 6) << name;
+    EXPECT_EQ(b.control.volume, -600);
+    EXPECT_NEAR(b.seconds(), 5, 0.01);
+    b.positions.endOfPlayMoved(clip);
+    EXPECT_EQ(b.player.coronaStopTime(), b.player.UsingCorona() ? 6 : 0);
+  }
+}
+
+TEST(Positioner, GoesToWhatIsTypedAndSetsMarksThere) {
+  PositionsBench b;
+  b.ready("a.avi", {}, 2, 8);
+  auto& positioner = b.positions.positioner;
+  const auto& state = b.state.positioner;
+  positioner.Pic_DigNumbers_Click();
+  EXPECT_TRUE(state.visible);
+  EXPECT_EQ(state.digits + " " + state.unit + " " + state.reading, "02.0000 seconds 00050 of 00250");
+  positioner.type("4x.1.6");
+  EXPECT_EQ(state.typed, "4.16");
+  EXPECT_TRUE(positioner.goToTyped());
+  EXPECT_EQ(state.digits, "04.1600");
+  positioner.nudge(-2);
+  EXPECT_EQ(b.frame(), 103) << "4.14 lies in it";
+  positioner.choose(Increment::Frames);
+  positioner.type("120");
+  positioner.choose(Whatto::SetMarkInPoint);
+  positioner.apply();
+  EXPECT_EQ(b.marks(), "4.8 to 8, 120 to 200");
+  EXPECT_EQ(state.digits + " " + state.unit, "120.000 frames");
+  positioner.type("251");
+  positioner.apply();
+  EXPECT_EQ(state.refusal, "The clip has 250 frames");
+  EXPECT_EQ(b.marks(), "4.8 to 8, 120 to 200") << "nothing is set at another place";
+  positioner.gotoMarkOut();
+  EXPECT_EQ(b.frame(), 200);
+  positioner.reset();
+  EXPECT_EQ(b.marks(), "0 to 10, 0 to 250");
+  b.ready("slow.avi", {.duration = 10, .rate = 1});
+  positioner.Pic_DigNumbers_Click(Whatto::SetMarkoutPoint);
+  positioner.choose(Increment::Tenths);
+  EXPECT_EQ(state.Opt_Increment, Increment::Frames);
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,184 @@
+// Places on the slider's line, and what is written of places.
+#include "playback/positions_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::PositionsBench;
+
+TEST(Slider, APerCentIsAWholeNumberOfTwips) {
+  const struct {
+    Twips X1, X2, unit, half, end;
+  } rows[] = {{600, 8100, 75, 4350, 8100},
+              {200, 450, 2, 300, 400},  // 2.5 goes to the even neighbour: the end is not reached
+              {200, 550, 4, 400, 600},  // and 3.5 to 4
+              {200, 7390, 72, 3800, 7400},
+              {200, 240, 0, 200, 200}};
+  for (const auto& row : rows) {
+    SliderPlace line;
+    line.X1 = row.X1;
+    line.X2 = row.X2;
+    EXPECT_EQ(percentUnit(line), row.unit) << row.X2;
+    EXPECT_EQ(placeOnLine(line, 50), row.half) << row.X2;
+    EXPECT_EQ(placeOnLine(line, 100), row.end) << row.X2;
+    EXPECT_EQ(placeOnLine(line, 130), row.end) << row.X2;
+    EXPECT_EQ(placeOnLine(line, -1), row.X1) << row.X2;
+    EXPECT_EQ(percentOnLine(line, row.half), row.unit > 0 ? 50 : 0) << row.X2;
+    EXPECT_EQ(percentOnLine(line, row.X2 + 500), row.unit > 0 ? 100 : 0) << row.X2;
+  }
+}
+
+TEST(Slider, WordsMoveHandlesAndHandlesStandForPlaces) {
+  PositionsBench b;
+  b.ready("a.avi");
+  auto& slider = b.positions.core.slider;
+  slider.hold(0);
+  slider.SetposAsPct(25, "IN");
+  slider.SetposAsPct(170, "OUT");
+  slider.SetposAsPct(40, "nonsense");
+  EXPECT_EQ(b.slider, (SliderState{false, 0, 0.25, 1, 0.4}));
+  EXPECT_EQ(slider.PosPctToSecs(), 4);
+  EXPECT_EQ(slider.PosPctToSecsMark(0), 2.5);
+  EXPECT_EQ(slider.PosPctToSecsMark(7), 10);
+  EXPECT_EQ(slider.BlobPosToFrames(), 100);
+  EXPECT_EQ(slider.TimeAsPctUnfmt(2), 20);
+  const InMode frames(b.player, DisplayMode::Frames);
+  EXPECT_EQ(slider.PosPctToSecs(), 100) << "in the unit that is in force";
+  EXPECT_EQ(slider.TimeAsPctUnfmt(50), 20);
+}
+
+struct DiscAt80 : DiscPosition {
+  [[nodiscard]] std::string position() const override { return "01m 20s"; }
+  [[nodiscard]] std::string trackLength() const override { return "03m 20s"; }
+  void step(int) override {}
+  void toTrack(int) override {}
+};
+
+TEST(Slider, TracksAreCountedByTheirTexts) {
+  EXPECT_EQ(trackSeconds("3m 20s"), 200);
+  EXPECT_EQ(trackSeconds("x3m 20s", true), 200);
+  PositionsBench b;
+  auto& clip = b.ready("Track01.CDA");
+  clip.DurationTime(Value("3m 20s"));
+  const DiscAt80 disc;
+  b.positions.core.slider.disc(&disc);
+  EXPECT_EQ(b.positions.core.slider.TimeAsPct(), 40);
+  b.positions.core.slider.hold(0.5);
+  EXPECT_EQ(b.positions.core.slider.PosPctToSecs(), 100);
+}
+
+TEST(Slider, GlidesOnceBehindALoadAndOnlyToTheRight) {
+  PositionsBench b;
+  b.ready();
+  auto& slider = b.positions.core.slider;
+  const auto at = [&] { return placeOnLine(b.mode.slider, b.slider.position * 100) - 600; };
+  slider.hold(0);
+  slider.loaded();
+  slider.SetposAsPct(2, "");  // 150 twips: three steps
+  b.loop.advance(20);
+  EXPECT_NEAR(at(), 60, 1e-6);
+  b.loop.advance(20);
+  EXPECT_NEAR(at(), 120, 1e-6);
+  b.loop.advance(20);
+  EXPECT_NEAR(at(), 150, 1e-6);
+  slider.SetposAsPct(50, "");
+  EXPECT_EQ(at(), 3750) << "later moves jump";
+  slider.loaded();
+  slider.SetposAsPct(10, "");
+  EXPECT_EQ(at(), 750) << "to the left it jumps";
+  slider.hold(0);
+  slider.loaded();
+  slider.SetposAsPct(80, "");
+  b.loop.advance(580);  // with the rests of 5 ms behind steps 3, 18 and 28 it has made 28 of 30 steps
+  EXPECT_NEAR(at(), 28 * 60, 1e-6);
+  b.loop.advance(40);
+  EXPECT_EQ(at(), 6000) << "thirty steps are all";
+  slider.hold(0);
+  slider.loaded();
+  slider.SetposAsPct(80, "");
+  slider.hold(0.3);
+  b.loop.advance(1000);
+  EXPECT_EQ(at(), 2250) << "a hand ends it";
+}
+
+TEST(Displays, SevenPlacesForANumberOfEachSize) {
+  const struct {
+    double x;
+    const char* text;
+  } rows[] = {{123456, "123456"}, {12345.67, "12345.7"}, {1234.567, "1234.57"}, {123.4, "123.400"},
+              {12.5, "12.5000"},  {4.16, "04.1600"},     {0, "0000000"},        {-3.5, "0003.50"}};
+  for (const auto& row : rows) {
+    const auto text = digitalText(row.x);
+    EXPECT_EQ(row.x < 0 ? text.substr(text.size() - 7) : text, row.text) << row.x;
+  }
+  EXPECT_EQ(rateLabel(0.25), "0.25x");
+  EXPECT_EQ(rateLabel(1), "1.0x");
+  EXPECT_EQ(levelLabel(0.5), "0.5");
+  EXPECT_EQ(markerTime(125), "02m:05");
+}
+
+TEST(Displays, DigitsAndLabelGoByTheUnit) {
+  PositionsBench b;
+  auto& clip = b.ready();
+  b.seek(4.16);
+  EXPECT_EQ(b.glass.digits, "00:04:0104");
+  EXPECT_EQ(b.label, "Time = 4.16 of 10.00");
+  b.player.PlayerSetDisplayMode(DisplayMode::Frames);
+  b.positions.core.displays.showPosition();
+  EXPECT_EQ(b.glass.digits, "00:04:104");
+  EXPECT_EQ(b.glass.digitsTip, "Point Time (mm:ss:frames)");
+  EXPECT_EQ(b.label, "Frame = 104 of 250");
+  b.positions.core.displays.FrameDisplaytoTimeDisplay();
+  EXPECT_EQ(b.label, "Time = 4.16 of 10.00");
+  EXPECT_EQ(b.player.PlayerGetDisplayMode(), DisplayMode::Frames);
+  EXPECT_EQ(digitsOfSeconds(3599.6, 25), "60:00:89990") << "frames are counted from the clip's start";
+  clip.DurationTime(Value("N/A"));
+  b.positions.core.displays.UpdateDigital();
+  EXPECT_EQ(b.glass.digits, "");
+  b.player.PlayerClear();
+  b.positions.core.displays.showLabel();
+  EXPECT_EQ(b.label, "Waiting for media...");
+}
+
+TEST(Section, MarksAreCorrectedAndToldToEitherEngine) {
+  const struct {
+    double start, end;
+    const char* marks;
+  } rows[] = {{0, 0, "0 to 10, 0 to 250"},
+              {2, 8, "2 to 8, 50 to 200"},
+              {2, 12, "2 to 10, 50 to 250"},
+              {-1, 8, "0 to 8, 0 to 200"},
+              {4, 4.04, "4 to 4.04, 100 to 101"}};
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    for (const auto& row : rows) {
+      PositionsBench b;
+      auto& clip = b.ready(name);
+      clip.LoopStart(Value(row.start));
+      clip.LoopEnd(Value(row.end));
+      clip.IsDirty(false);
+      b.player.PlayerSetDisplayMode(DisplayMode::Frames);
+      b.positions.core.section.SectionToPlay(false);
+      EXPECT_EQ(b.marks(), row.marks) << name;
+      EXPECT_FALSE(clip.IsDirty()) << "a correction is nothing to be saved";
+      EXPECT_EQ(b.player.PlayerGetDisplayMode(), DisplayMode::Frames);
+      b.player.PlayerSetDisplayMode(DisplayMode::Seconds);
+      EXPECT_EQ(b.player.PlayerGetSelectionStart(), clip.LoopStart().number()) << name << row.marks;
+      EXPECT_EQ(b.player.PlayerGetSelectionEnd(), clip.LoopEnd().number()) << name << row.marks;
+      EXPECT_NEAR(b.seconds(), clip.LoopStart().number(), 1e-9) << name << row.marks;
+      b.seek(5);
+      const double at = b.seconds();
+      b.positions.core.section.SectionToPlay(true);
+      EXPECT_EQ(b.seconds(), at) << "kept";
+    }
+  }
+  PositionsBench b;
+  auto& clip = b.ready("a.avi", {}, 2, 8);
+  b.player.PlayerClear();
+  b.positions.core.section.SectionToPlay(false);
+  EXPECT_EQ(clip.LoopEnd().number(), 8) << "a file that is gone takes no mark with it";
+}
+
+}  // namespace
+}  // namespace kvo

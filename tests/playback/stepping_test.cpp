@@ -1,0 +1,309 @@
+// Steps, rates, keys, the index, the remote's labels and the shuttle.
+#include "playback/positions_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::FakeFile;
+using test::PositionsBench;
+
+TEST(Stepping, GoesByFramesWithinTheSection) {
+  const struct {
+    Step step;
+    bool quiet;
+    Long from, to;  // of a section from frame 50 to 200
+  } rows[] = {{Step::Adv1, false, 100, 101}, {Step::Adv1, false, 198, 199}, {Step::Adv1, false, 199, 199},
+              {Step::Rew1, false, 100, 99},  {Step::Rew1, true, 50, 49},    {Step::Rew1, false, 0, 0},
+              {Step::Adv5, false, 100, 105}, {Step::Adv5, false, 196, 196}, {Step::Adv5, true, 100, 103},
+              {Step::Rew5, false, 100, 95},  {Step::Rew5, true, 100, 95},   {Step::Rew5, false, 53, 53}};
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    for (const auto& row : rows) {
+      PositionsBench b;
+      b.ready(name, {}, 2, 8);
+      b.play();
+      b.seek(static_cast<double>(row.from) / 25);
+      b.positions.stepping.step(row.step, row.quiet);
+      EXPECT_EQ(b.frame(), row.to) << name << " " << static_cast<int>(row.step) << " from " << row.from;
+      EXPECT_NE(b.player.PlayerGetPlayState(), EngineState::Running) << name;
+      EXPECT_EQ(b.label, "Frame = " + std::to_string(row.to) + " of 250") << name;
+      EXPECT_EQ(b.keys.at(KeyPlace::FrameForward).image, row.step == Step::Adv1 && !row.quiet ? 11 : 0)
+          << "only a loud one draws its key";
+    }
+  }
+  PositionsBench b;
+  b.ready("a.mp3", {.rate = 0});
+  b.seek(3);
+  b.positions.stepping.Adv1(false);
+  EXPECT_NEAR(b.seconds(), 3.1, 1e-9);
+  b.positions.stepping.Adv5(false);
+  EXPECT_NEAR(b.seconds(), 8.1, 1e-9) << "sound goes by seconds";
+  for (const auto* name : {"a.avi", "http://host/a.avi"}) {
+    PositionsBench still;
+    const bool address = std::string_view(name).starts_with("http");
+    still.ready(name, {.seekable = address});
+    still.play();
+    still.positions.stepping.Adv1(false);
+    EXPECT_EQ(still.control.calls.find("step"), std::string::npos) << name;
+  }
+}
+
+TEST(Stepping, AHeldKeyRepeatsAndAShortPressIsOneStep) {
+  PositionsBench b;
+  b.ready("a.avi", {}, 2, 8);
+  auto& stepping = b.positions.stepping;
+  stepping.press(Step::Adv1);
+  EXPECT_EQ(b.keys.at(KeyPlace::FrameForward).image, 10) << "lit";
+  stepping.release(Step::Adv1);
+  EXPECT_EQ(b.frame(), 51);
+  EXPECT_EQ(b.keys.at(KeyPlace::FrameForward).image, 11);
+  stepping.press(Step::Adv1);
+  b.loop.advance(650);
+  EXPECT_EQ(b.frame(), 54) << "five a second";
+  EXPECT_EQ(b.keys.at(KeyPlace::FrameForward).image, 10) << "lit all the while";
+  stepping.release(Step::Adv1);
+  b.loop.advance(1000);
+  EXPECT_EQ(b.frame(), 54);
+  stepping.Lbl_End_Click();
+  EXPECT_EQ(b.frame(), 200);
+  stepping.Lbl_Start_Click();
+  EXPECT_EQ(b.frame(), 50);
+  b.ready("photo.jpg").IsStill(true);
+  stepping.press(Step::Adv5);
+  b.loop.advance(500);
+  stepping.release(Step::Adv5);
+  stepping.release(Step::Rew5);
+  EXPECT_EQ(b.transport.calls, "NextMovie PreviewMovie1 ");
+}
+
+TEST(Stepping, PlaysBackwardsFromTheFirstFrameOnAtTheLast) {
+  PositionsBench b;
+  b.ready();
+  b.seek(0.08);
+  b.positions.stepping.startReverse();
+  b.loop.advance(200);
+  EXPECT_EQ(b.frame(), 0);
+  b.loop.advance(200);
+  EXPECT_GE(b.frame(), 248);
+  b.positions.stepping.Adv1(true);
+  EXPECT_FALSE(b.timers.Timer7.enabled()) << "a step ends it";
+  for (const auto& [name, file] : {std::pair<const char*, FakeFile>{"http://host/a.avi", {}},
+                                   {"a.mp3", {.rate = 0}},
+                                   {"b.avi", {.seekable = false}}}) {
+    b.ready(name, file);
+    b.positions.stepping.startReverse();
+    EXPECT_FALSE(b.timers.Timer7.enabled()) << name;
+  }
+}
+
+TEST(Rate, IsKeptWithTheClipUnlessItsKindRefuses) {
+  const struct {
+    const char* name;
+    double speed;  // of the record afterwards
+    const char* box;
+  } rows[] = {{"a.avi", 20, ""},
+              {"a.wma", 10, "KVO5 - Convert Audio"},
+              {"a.wmv", 10, ""},
+              {"a.asf", 10, ""},
+              {"Track01.CDA", 10, "KVO5 - Audio Speed Change"},
+              {"http://host/a.mp3", 10, ""}};
+  for (const auto& row : rows) {
+    PositionsBench b;
+    auto& clip = b.ready(row.name);
+    b.positions.rate.SetRate("2.0");
+    EXPECT_EQ(clip.Playspeed(), static_cast<Single>(row.speed)) << row.name;
+    EXPECT_EQ(b.noted.edits.size(), row.speed == 20 ? 1U : 0U) << row.name;
+    EXPECT_EQ(b.boxes.shown.empty() ? "" : b.boxes.shown.back().caption, row.box) << row.name;
+    if (row.speed != 20) continue;
+    EXPECT_EQ(b.control.rate(), 2);
+    EXPECT_TRUE(b.mode.player.IsPlaying && !b.mode.player.IsPaused);
+    EXPECT_EQ(b.glass.rate + " " + b.state.rate.value, "2.0x 2.0x");
+    EXPECT_EQ(b.state.rate.lights, 10);
+    b.loop.advance(2100);
+    EXPECT_TRUE(b.state.rate.visible && b.state.rate.faded);
+    b.loop.advance(200);
+    EXPECT_FALSE(b.state.rate.visible);
+    b.positions.rate.Lbl_Speedo_Click();
+    EXPECT_EQ(b.control.rate(), 1);
+    b.positions.rate.Lbl_Speedo_Click();
+    EXPECT_EQ(b.control.rate(), 2) << "back to the clip's own";
+    EXPECT_EQ(clip.Playspeed(), 20);
+  }
+  PositionsBench b;
+  bool stripped = false;
+  b.positions.core.doors.StripWavFromCurrentVideo = [&] { stripped = true; };
+  b.ready("a.wma");
+  b.boxes.answers = {Answer::No, Answer::Yes};
+  b.positions.rate.SetRate("0.50");
+  EXPECT_FALSE(stripped);
+  b.positions.rate.SetRate("0.50");
+  EXPECT_TRUE(stripped);
+  EXPECT_EQ(b.transport.calls, "PreviewMovie1 play ");
+  EXPECT_TRUE(b.boxes.shown[0].text.ends_with("Do you wish to convert the file ?"));
+}
+
+TEST(Levels, ReachThePlayerAsTheRecordHasThem) {
+  const struct {
+    const char* name;
+    bool vfw;
+    double level;  // of the player, for a record of 0.4
+  } rows[] = {{"a.avi", true, 0.4}, {"a.avi", false, 1}, {"a.wma", true, 1}, {"http://h/a.mp3", true, 1}};
+  for (const auto& row : rows) {
+    PositionsBench b;
+    auto& clip = b.ready(row.name);
+    clip.IsVFWCompat(row.vfw);
+    clip.AudioOutputLevel(0.4F);
+    clip.Volume(1200);
+    clip.Balance(Value(700));
+    b.positions.levels.takeRecord();
+    EXPECT_NEAR(b.control.outputLevel, row.level, 1e-6) << row.name;
+    EXPECT_EQ(b.control.volume, -1200);
+    EXPECT_EQ(b.control.balance, -300);
+  }
+  PositionsBench b;
+  auto& clip = b.ready();
+  b.positions.levels.UpdateRateDisp(5);
+  EXPECT_EQ(clip.AudioOutputLevel(), 0.5F);
+  EXPECT_EQ(b.state.level.title + " " + b.state.level.value, "Output Level 0.5");
+  b.positions.levels.toggleMute();
+  EXPECT_TRUE(b.control.mute);
+  EXPECT_EQ(b.state.level.value, "Mute");
+  b.positions.levels.toggleMute();
+  EXPECT_FALSE(b.control.mute);
+}
+
+TEST(KeyCommands, DoWhatTheTableSays) {
+  const struct {
+    int key;
+    const char* calls;
+    double seconds;  // from 4 on
+    double speed;
+  } rows[] = {{' ', "play ", 4, 1},
+              {'P', "play ", 4, 1},
+              {'n', "play ", 4, 1},
+              {',', "", 3.96, 1},
+              {KeyCommands::kArrowRight, "", 4.04, 1},
+              {'<', "", 3.8, 1},
+              {190, "", 4.2, 1},  // a fiftieth of the section
+              {'2', "PreviewMovie2 ", 4, 1},
+              {'d', "", 4, 2},
+              {'H', "", 4, 0.5},
+              {'q', "", 4, 0.25},
+              {'e', "", 9, 1},
+              {'I', "", 5, 1},
+              {'s', "", 0, 1},
+              {'T', "NextMovie ", 4, 1},
+              {'v', "PreviewMovie1 ", 4, 1}};
+  for (const auto& row : rows) {
+    PositionsBench b;
+    b.ready("b.avi");
+    b.ready("a.avi");
+    b.seek(4);
+    EXPECT_TRUE(b.positions.keys.KeyCommand(row.key)) << row.key;
+    EXPECT_EQ(b.transport.calls, row.calls) << row.key;
+    EXPECT_NEAR(b.seconds(), row.seconds, 1e-6) << row.key;
+    EXPECT_EQ(b.control.rate(), row.speed) << row.key;
+  }
+  PositionsBench b;
+  EXPECT_FALSE(b.positions.keys.KeyCommand(' ')) << "there is no clip yet";
+  b.ready();
+  for (const int key : {'3', '0', 'x', 'l', 'L', '\t'}) EXPECT_FALSE(b.positions.keys.KeyCommand(key)) << key;
+  int panels = 0;
+  b.positions.core.doors.remotePanel = [&] { ++panels; };
+  EXPECT_TRUE(b.positions.keys.KeyCommand('L'));
+  EXPECT_FALSE(b.positions.keys.KeyCommand('l'));
+  EXPECT_EQ(panels, 1);
+  EXPECT_TRUE(b.positions.keys.KeyCommand('m'));
+  EXPECT_TRUE(b.control.mute);
+  b.settings.state.ShuttleProInstalled = true;
+  for (const int key : {'h', 'n', 'q', 's'}) EXPECT_FALSE(b.positions.keys.KeyCommand(key)) << key;
+  b.play();
+  b.positions.keys.KeyCommand('p');
+  EXPECT_EQ(b.transport.calls, "pause ");
+}
+
+TEST(RemoteCommands, TheNextClipGoesRoundForStillsAndLoopedCollections) {
+  const struct {
+    int count, inHand, direction;
+    bool still, loops;
+    const char* calls;
+  } rows[] = {{3, 1, 1, false, false, "PreviewMovie2 "},
+              {3, 3, 1, false, false, ""},
+              {3, 3, 1, false, true, "PreviewMovie1 "},
+              {3, 3, 1, true, false, "PreviewMovie1 "},
+              {1, 1, 1, true, true, ""},
+              {3, 2, -1, false, false, "PreviewMovie1 "},
+              {3, 1, -1, false, false, ""},
+              {3, 1, -1, false, true, "PreviewMovie3 "}};
+  for (const auto& row : rows) {
+    PositionsBench b;
+    for (int i = 0; i < row.count; ++i) b.ready("a.avi").IsStill(row.still);
+    b.settings.user.LoopCol = row.loops;
+    b.collection.icurMov = row.inHand;
+    row.direction > 0 ? b.positions.remote.Lbl_NextMov_Click() : b.positions.remote.Lbl_PrevMov_Click();
+    EXPECT_EQ(b.transport.calls, row.calls) << row.inHand << " " << row.direction;
+  }
+}
+
+TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
+  PositionsBench b;
+  b.ready("plain.avi", {.markers = {{0, "All"}}});
+  EXPECT_FALSE(b.state.markers.available || b.state.markers.visible);
+  b.ready("a.mkv", {.duration = 130, .markers = {{0, "One"}, {4, "Two"}, {70, "Three"}}});
+  const auto& state = b.state.markers;
+  EXPECT_TRUE(state.available && state.visible);
+  EXPECT_EQ(state.list.rows(),
+            (std::vector<std::string>{"1)  One - 00m:04", "2)  Two - 01m:06", "3)  Three - 01m:00"}));
+  EXPECT_EQ(state.reached, 0);
+  b.seek(69.99);
+  b.loop.advance(500);
+  EXPECT_EQ(state.reached, 1);
+  b.play();
+  b.positions.markers.choose(2);
+  EXPECT_NEAR(b.seconds(), 70, 0.01);
+  EXPECT_EQ(state.reached, 2);
+  EXPECT_TRUE(b.mode.player.IsPlaying);
+  b.ready("b.mkv", {.seekable = false, .markers = {{0, "One"}, {4, "Two"}}});
+  b.positions.markers.choose(1);
+  EXPECT_EQ(b.boxes.shown.back().text, "Seeking is not possible in this stream");
+}
+
+TEST(Shuttle, RingAndKeysDriveThePlayer) {
+  PositionsBench b;
+  b.ready("a.avi", {.duration = 100}, 2, 80);
+  b.settings.state.ShuttleProInstalled = true;
+  const auto press = [&](int code) { return b.positions.keys.KeyCommand(code); };
+  EXPECT_TRUE(press(80));
+  EXPECT_EQ(b.control.rate(), 1.5);
+  EXPECT_TRUE(b.mode.player.IsPlaying);
+  EXPECT_TRUE(press(77));
+  EXPECT_EQ(b.control.rate(), 1);
+  EXPECT_TRUE(b.mode.player.IsPaused);
+  b.seek(79);
+  press(83);
+  b.loop.advance(2000);
+  EXPECT_NEAR(b.seconds(), 2 + 8 * 0.15, 0.3) << "15 jumps, round at Mark-Out";
+  b.seek(40);
+  press(86);
+  EXPECT_TRUE(b.state.held.ShuttleStepping);
+  b.loop.advance(180);
+  EXPECT_EQ(b.frame(), 998) << "78 seconds in 850 steps of 2 frames";
+  press(85);
+  EXPECT_FALSE(b.state.held.ShuttleStepping) << "slow: frame by frame";
+  b.seek(2.04);
+  b.loop.advance(1000);
+  EXPECT_EQ(b.frame(), 50) << "stops at Mark-In";
+  b.seek(10);
+  press(67);
+  b.seek(20);
+  press(68);
+  EXPECT_EQ(b.marks(), "10 to 20, 250 to 500");
+  press(66);
+  EXPECT_TRUE(b.state.positioner.visible);
+  EXPECT_EQ(b.state.positioner.Opt_Whatto, Whatto::SetMarkoutPoint);
+  EXPECT_FALSE(press('Z' + 1));
+}
+
+}  // namespace
+}  // namespace kvo
