@@ -48,6 +48,12 @@ bool Marks::refusedByKeyframes(bool in) {
   return true;
 }
 
+bool Marks::refusedByDisc() {
+  if (!core_.isDVD()) return false;
+  tell("Cannot set Editing Markers in DVD Clips.", "KVO5 - DVD Edit Warning");
+  return true;
+}
+
 double Marks::oneFrame() const {
   const double rate = framesPerSecond(*core_.clip());
   return rate > 0 ? 1 / rate : kLeastFrame;
@@ -62,7 +68,7 @@ bool Marks::press(SliderHandleId handle) {
     held.BlobDragging = true;
   } else {
     const bool in = handle == SliderHandleId::Img_MarkIn;
-    if (refusedByKeyframes(in)) return false;
+    if (refusedByKeyframes(in) || refusedByDisc()) return false;
     resumes_ = core_.mode.player.IsPlaying;
     (in ? held.MarkInDragging : held.MarkOutDragging) = true;
     core_.player.PlayerPause();
@@ -268,8 +274,7 @@ void Marks::SetMarkIn() {
   auto& player = core_.player;
   const InMode seconds(player, DisplayMode::Seconds);
   const double length = core_.slider.duration();
-  if (clip == nullptr || length <= 0 || refusedByKeyframes(true)) return;
-  if (core_.isDVD()) return tell("Cannot set Editing Markers in DVD Clips.", "KVO5 - DVD Edit Warning");
+  if (clip == nullptr || length <= 0 || refusedByKeyframes(true) || refusedByDisc()) return;
   if (!player.PlayerIsEmpty()) {
     player.PlayerStop();
     core_.buttons.BuildButton("PAUSEON");
@@ -292,8 +297,7 @@ void Marks::SetMarkOut() {
   const InMode mode(player, DisplayMode::Seconds);
   const double length = core_.slider.duration();
   if (clip == nullptr || length <= 0 || refusedByKeyframes(false)) return;
-  if (core_.isDVD()) {
-    tell("Cannot set Editing Markers in DVD Clips.", "KVO5 - DVD Edit Warning");
+  if (refusedByDisc()) {
     resetBoth();
     return afterMark();
   }

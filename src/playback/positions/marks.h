@@ -53,6 +53,7 @@ class Marks {
   void afterMark();
   void selectionEnd(double seconds);
   bool refusedByKeyframes(bool in);
+  bool refusedByDisc();
   void tell(std::string_view text, std::string_view title);
   bool edit(bool in, const std::function<void(Movie&)>& change);
   void resetBoth();

@@ -101,6 +101,8 @@ void Shuttle::ApplyShuttleFWDSpeed(double rate) {
   if (!core_.canSeek()) return;
   if (rate >= kFirstJumping) {
     jumps_ = static_cast<int>(rate);
+    const InMode seconds(player, DisplayMode::Seconds);
+    jumpedTo_ = player.PlayerGetCurrentPosition();
     jumping_->start(kJumpInterval);
     return;
   }
@@ -114,9 +116,9 @@ void Shuttle::jump() {
   const auto* clip = core_.clip();
   if (clip == nullptr || --jumps_ <= 0) jumping_->stop();
   if (clip == nullptr) return;
-  const InMode seconds(core_.player, DisplayMode::Seconds);
-  const double to = core_.player.PlayerGetCurrentPosition() + kJump;
-  core_.seekSeconds(to > clip->LoopEnd().number() ? clip->LoopStart().number() : to);
+  jumpedTo_ += kJump;
+  if (jumpedTo_ > clip->LoopEnd().number()) jumpedTo_ = clip->LoopStart().number();
+  core_.seekSeconds(jumpedTo_);
 }
 
 void Shuttle::ApplyShuttleBCKSpeed(int interval) {

@@ -37,7 +37,8 @@ class Shuttle {
 
   Parts parts_;
   PositionsCore& core_;
-  int jumps_ = 0;  // still to be made
+  int jumps_ = 0;        // still to be made
+  double jumpedTo_ = 0;  // seconds; what is shown may be a part of a frame behind
   std::unique_ptr<Timer> jumping_;
   std::unique_ptr<Timer> watch_;  // for Mark-In
 };
