@@ -26,6 +26,8 @@ class FreeZoomFace : public QWidget {
   FreeZoomFace(MainWindowState& state, const Logic& logic, WindowActs& acts, const std::string& folder,
                std::function<void()> acted);
 
+  /// See PictureBox.
+  void showVideo(VideoFeed& feed) { picture_->showVideo(feed); }
   /// Brings everything in line with the state.
   void draw();
 

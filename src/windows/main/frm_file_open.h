@@ -6,10 +6,12 @@
 #include "program/media_commands.h"
 #include "windows/main/free_zoom_face.h"
 #include "windows/main/skinned_face.h"
+#include "windows/main/video_surface.h"
 #include "windows/main/window_place.h"
 
 #include <QPoint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace kvo {
@@ -34,7 +36,8 @@ class FrmFileOpen {
     ImageList1& images;
     UserStore& store;  ///< remembers its place
     Desktop& desktop;
-    std::string folder;  ///< the program's, with a separator at its end
+    std::string folder;            ///< the program's, with a separator at its end
+    VideoOutput* video = nullptr;  ///< null where nothing plays
   };
 
   FrmFileOpen(MainWindowState& state, const Logic& logic, const Material& material);
@@ -48,6 +51,7 @@ class FrmFileOpen {
   void leave();
 
   MainWindowState& state_;
+  std::optional<VideoFeed> video_;
   WindowActs acts_;
   SkinnedFace skinned_;
   FreeZoomFace zoom_;

@@ -1,8 +1,10 @@
 #include "windows/main/picture_box.h"
 
+#include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
 #include "windows/main/texts.h"
+#include "windows/main/video_surface.h"
 
 #include <QImage>
 #include <QPainter>
@@ -65,6 +67,7 @@ PictureBox::Sign PictureBox::sign() const {
 
 void PictureBox::draw() {
   if (!isVisible()) return;
+  if (video_ != nullptr) video_->setVisible(isPlayed());
   pictures_.want(wish());
   take();
   const auto now = sign();
@@ -83,12 +86,29 @@ void PictureBox::take() {
   update();
 }
 
+void PictureBox::showVideo(VideoFeed& feed) {
+  feed_ = &feed;
+  video_ = made<VideoSurface>(feed, this);
+  video_->lower();  // below what stands on the picture
+  video_->hide();
+}
+
+// Out of sight, or at another time than the one that is looked at, it is not the engine's picture.
+bool PictureBox::isPlayed() const {
+  const auto& player = state_.mode.player;
+  return feed_ != nullptr && feed_->output().hasPicture() && !player.path.empty() && player.visible &&
+         !player.place.parked() && !state_.mode.still.Img_Still.visible && !at_;
+}
+
 void PictureBox::lookAt(std::optional<double> seconds) {
   at_ = seconds;
   draw();
 }
 
-void PictureBox::resizeEvent(QResizeEvent* /*event*/) { draw(); }
+void PictureBox::resizeEvent(QResizeEvent* /*event*/) {
+  if (video_ != nullptr) video_->setGeometry(rect());
+  draw();
+}
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

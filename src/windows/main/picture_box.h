@@ -11,6 +11,9 @@
 
 namespace kvo {
 
+class VideoFeed;
+class VideoSurface;
+
 class PictureBox : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::PictureBox)
 
@@ -21,6 +24,8 @@ class PictureBox : public QWidget {
   void draw();
   /// Shows the clip as it is at another time, until that is taken back by nothing.
   void lookAt(std::optional<double> seconds);
+  /// Has the engine's picture drawn while it plays the clip, or stands in it. `feed` outlives the box.
+  void showVideo(VideoFeed& feed);
   /// The clip has no picture, and a sign stands for it.
   [[nodiscard]] bool isSign() const { return sign().icon != nullptr; }
 
@@ -38,10 +43,13 @@ class PictureBox : public QWidget {
   [[nodiscard]] const ClipRow* row() const;
   [[nodiscard]] PictureWish wish() const;
   [[nodiscard]] Sign sign() const;
+  [[nodiscard]] bool isPlayed() const;
   void take();
 
   const MainWindowState& state_;
   ClipPicture& pictures_;
+  VideoFeed* feed_ = nullptr;
+  VideoSurface* video_ = nullptr;
   std::optional<double> at_;
   QPixmap picture_;
   std::uint64_t shownRevision_ = 0;

@@ -123,6 +123,11 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
       state_.progress, [this] { showParts(); }, this);
 }
 
+void SkinnedFace::showVideo(VideoFeed& feed) {
+  picture_->box().showVideo(feed);
+  largePicture_->box().showVideo(feed);
+}
+
 void SkinnedFace::setTabOrder() {
   std::vector<QWidget*> order = rail_->tabOrder();
   const auto add = [&](const std::vector<QWidget*>& more) {

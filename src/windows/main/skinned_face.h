@@ -27,6 +27,7 @@ class PicturePart;
 class PositionPart;
 class SliderPart;
 class TitleRailPart;
+class VideoFeed;
 class VolumePart;
 
 class SkinnedFace : public QWidget {
@@ -45,6 +46,8 @@ class SkinnedFace : public QWidget {
               ImageList1& images, const std::string& folder, std::function<void()> acted);
   ~SkinnedFace() override;
 
+  /// See PictureBox.
+  void showVideo(VideoFeed& feed);
   /// Brings everything in line with the state.
   void draw();
 
