@@ -45,6 +45,8 @@ class Desktop {
   [[nodiscard]] virtual std::string videosFolder() const { return {}; }
   /// Shows a web address in the user's browser. False when there is none.
   virtual bool openPage(const std::string& address) = 0;
+  /// Opens a file, by its full path, with the program that the user has for it. False when there is none.
+  virtual bool openFile(const std::string& path) = 0;
 };
 
 }  // namespace kvo

@@ -27,6 +27,11 @@ class PlainDesktop : public Desktop {
     pages.push_back(address);
     return true;
   }
+  std::vector<std::string> files;
+  bool openFile(const std::string& path) override {
+    files.push_back(path);
+    return true;
+  }
 };
 
 }  // namespace kvo::test

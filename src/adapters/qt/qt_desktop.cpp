@@ -48,4 +48,8 @@ bool QtDesktop::openPage(const std::string& address) {
   return QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
+bool QtDesktop::openFile(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
+}
+
 }  // namespace kvo

@@ -12,6 +12,7 @@ class QtDesktop : public Desktop {
   void beep() override;
   [[nodiscard]] std::string videosFolder() const override;
   bool openPage(const std::string& address) override;
+  bool openFile(const std::string& path) override;
 };
 
 }  // namespace kvo

@@ -295,6 +295,7 @@ constexpr std::array kUserOnlyRows = {
     USER(ShowWavWithVideo, {}, kNotRead),
     USER(SliderSpeed, {}, kNotRead),
     USER(DefaultZoom100, {}, kNotRead),
+    USER(PlayWithoutGaps, {}, kNotRead),
 };
 
 constexpr std::array kStateRows = {

@@ -152,7 +152,8 @@ class UserValues {
   UserValue<Boolean> RewAtEnd{store_, "RewAtEnd", false};
   UserValue<Boolean> LoopPreviews{store_, "LoopPreviews", false};
   UserValue<Boolean> LoopCol{store_, "LoopCol", false};
-  UserValue<Integer> StillDelayTimer{store_, "Stilldelay", 7};  ///< seconds
+  UserValue<Integer> StillDelayTimer{store_, "Stilldelay", 7};           ///< seconds
+  UserValue<Boolean> PlayWithoutGaps{store_, "PlayWithoutGaps", false};  ///< the waits between clips are off
   UserValue<double> InterfaceSize{store_, "InterfaceSize", 0};  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
 
   /// Where the values are kept, not owned; null keeps them in memory.

@@ -38,8 +38,8 @@ struct PlayOrder {
 struct EndedClip {
   int number = 0;  ///< of the clip in hand, from 1
   int count = 0;   ///< of clips in the list
-  PlayOrder order;
-  EndMemory memory;
+  PlayOrder order{};
+  EndMemory memory{};
   int InterClipDelay = 0;        ///< seconds
   double sectionSeconds = 0;     ///< from Mark-In to Mark-Out
   Long sectionFrames = 0;        ///< likewise
@@ -54,7 +54,7 @@ enum class EndSeek { None, ToStart, ToDuration };
 
 struct WhatFollows {
   SequencerCommand command = SequencerCommand::None;  ///< None leaves what there is
-  EndMemory memory;
+  EndMemory memory{};
   bool delayed = false;  ///< the sequencer is armed anew, by DelayedTimerStart
   int select = 0;        ///< the list goes on to this clip, which is not loaded yet; 0 stays
   EndSeek seek = EndSeek::None;

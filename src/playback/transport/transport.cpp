@@ -1,0 +1,228 @@
+// The commands, the ends and the stills.
+#include "playback/transport/transport.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvo {
+namespace {
+
+constexpr std::array<std::string_view, 4> kRateKinds{"AVI", "MPG", "MPE", "PEG"};
+
+bool isPlain(const Movie& clip) { return !clip.IsStill() && !clip.IsHTML() && !clip.IsTrueQT4(); }
+
+}  // namespace
+
+Transport::Transport(const TransportParts& parts)
+    : core_(parts),
+      sequencer_(core_, [this](int number) { PreviewMovie(number); }),
+      stream_(core_,
+              [this](int number) {
+                settle();
+                played(number);
+              }),
+      monitor_(core_, sequencer_, stream_, [this](int number) { PreviewMovie(number); }),
+      duration_(parts.loop.timer([this] { WaitForValidDuration(); })) {
+  core_.timers.Timer1.ticks([this] { monitor_.tick(); });
+  core_.timers.Timer6.ticks([this] { sequencer_.tick(); });
+  core_.timers.StillTimer.ticks([this] { stillTick(); });
+  core_.player.whenEndOfStream([this] { ended(false); });
+  core_.player.whenGraphStops([this] { ended(true); });
+}
+
+// The engine's event is left before anything is loaded into the same engine.
+void Transport::ended(bool graph) {
+  if (core_.settings.user.PlayWithoutGaps) {
+    core_.loop.post([this, graph, lives = std::weak_ptr(lives_)] {
+      if (lives.expired()) return;
+      if (graph) {
+        if (core_.player.coronaAtStopTime()) monitor_.graphAtEnd();
+      } else if (!core_.host.startUpVideoEnded()) {
+        sequencer_.EndOfStream();
+      }
+      if (core_.settings.state.InterClipDelay <= 0) sequencer_.carryOutNow();
+    });
+    return;
+  }
+  if (graph) return;  // the monitor sees it
+  if (!core_.host.startUpVideoEnded()) sequencer_.EndOfStream();
+}
+
+void Transport::halt() {
+  sequencer_.forget();
+  stream_.leave();
+  duration_->stop();
+  for (auto* timer : {&core_.timers.StillTimer, &core_.timers.Timer5, &core_.timers.Timer7}) timer->stop();
+  if (core_.clip() != nullptr) stopLoaded();
+}
+
+void Transport::NextMovie() {
+  const int number = core_.icurMov();
+  if (number >= 1 && number < core_.collection.MovieList.count()) PreviewMovie(number + 1);
+}
+
+void Transport::Img_Play_Click() {
+  auto* clip = core_.clip();
+  if (clip == nullptr) return;
+  if (clip->IsStill()) {
+    if (core_.mode.IsMiniMode && core_.settings.user.StillDelayTimer > 0) core_.timers.StillTimer.start();
+    return;
+  }
+  // The pause between two clips ends with the key.
+  if (sequencer_.waits()) return sequencer_.carryOutNow();
+  if (!isPlain(*clip)) return PreviewMovie(core_.icurMov());
+  core_.button("PLAYON");
+  core_.button("PAUSEOFF");
+  if (kindOfFile(*clip) == "CDA") {
+    if (core_.guests.disc == nullptr) return core_.button("ALLOFF");
+    core_.guests.disc->playing() ? core_.guests.disc->resume() : PreviewMovie(core_.icurMov());
+    return core_.button(core_.guests.disc->playing() ? "PLAYON" : "PAUSEON");
+  }
+  playLoaded();
+}
+
+void Transport::playLoaded() {
+  auto& player = core_.player;
+  const int number = core_.icurMov();
+  autoRewind();
+  player.PlayerSetDisplayMode(DisplayMode::Seconds);
+  if (player.PlayerIsEmpty()) {
+    core_.mode.player.IsPaused = false;
+    PreviewMovie(number);
+    core_.host.Displaymovieinfo(number);
+    // Sound waits for the key, which has been pressed.
+    if (player.PlayerIsEmpty()) return core_.button("ALLOFF");
+  }
+  if (player.PlayerGetRate() != 1 && !core_.editing())
+    player.PlayerSetRate(static_cast<double>(core_.clip()->Playspeed()) / 10);
+  player.GlobalMediaPlay();
+  core_.button("PLAYON");
+  core_.timers.Timer5.start();
+  core_.mode.player.IsPlaying = true;
+}
+
+void Transport::playPressed(const PlayPress& press) {
+  core_.host.endMarkDrag();
+  core_.state.stopRequested = false;
+  auto* clip = core_.clip();
+  if (clip == nullptr) return;
+  core_.timers.Timer7.stop();
+  const bool moves = std::ranges::find(kRateKinds, kindOfFile(*clip)) != kRateKinds.end();
+  if (press.shift && playBackwards(*clip)) return;
+  if (press.right && moves) {
+    if (core_.player.PlayerSetRate(1))
+      clip->Playspeed(static_cast<Single>(core_.player.PlayerGetRate() * 10));
+    return core_.host.Displaymovieinfo(core_.icurMov());
+  }
+  Img_Play_Click();
+}
+
+bool Transport::playBackwards(const Movie& clip) {
+  constexpr int kBackwards = 100;  // milliseconds a picture
+  if (isSoundClip(clip) || clip.IsStream() || namesAddress(clip) || !isPlain(clip)) return false;
+  if (core_.player.PlayerIsEmpty() || !core_.player.canSeek()) return false;
+  core_.timers.Timer7.setInterval(kBackwards);
+  core_.timers.Timer7.start();
+  core_.button("PLAYON");
+  return true;
+}
+
+void Transport::Lbl_PauseGraphic_Click() {
+  core_.state.stopRequested = true;
+  const auto* clip = core_.clip();
+  if (clip == nullptr) return;
+  if (core_.timers.StillTimer.enabled()) return core_.timers.StillTimer.stop();
+  if (kindOfFile(*clip) == "CDA") {
+    auto* disc = core_.guests.disc;
+    if (disc != nullptr) disc->playing() ? disc->pause() : disc->resume();
+    return;
+  }
+  if (core_.running() || core_.timers.Timer7.enabled()) {
+    Image8_Click();
+    core_.timers.Timer7.stop();
+    core_.mode.player.IsPlaying = false;
+    return;
+  }
+  if (core_.player.streamReport().opening == EngineOpening::Connecting) return;  // its next tick ends it
+  Lbl_PlayGraphic_Click();
+}
+
+void Transport::Image8_Click() {
+  core_.state.stopRequested = true;
+  if (core_.clip() == nullptr) return;
+  if (core_.timers.StillTimer.enabled()) return core_.timers.StillTimer.stop();
+  sequencer_.forget();
+  stopLoaded();
+}
+
+void Transport::stopLoaded() {
+  core_.button("PAUSEON");
+  core_.player.PlayerStop();
+  core_.mode.player.IsPlaying = false;
+  core_.mode.player.IsPaused = true;
+  if (core_.guests.disc != nullptr && kindOfFile(*core_.clip()) == "CDA") core_.guests.disc->stop();
+}
+
+void Transport::pictureClicked(PictureButton button) {
+  auto& toolbar = core_.mode.toolbar.Img_Toolbar.visible;
+  if (core_.mode.IsMiniMode && !toolbar) {
+    toolbar = true;
+    return;
+  }
+  const auto* clip = core_.clip();
+  if (clip == nullptr || core_.player.PlayerIsEmpty()) return;
+  const bool plays = core_.mode.player.IsPlaying;
+  if (plays) {
+    core_.player.PlayerPause();
+  } else {
+    core_.player.GlobalMediaPlay();
+  }
+  core_.mode.player.IsPlaying = !plays;
+  core_.mode.player.IsPaused = plays;
+  if (!core_.fullScreen() && !core_.editing()) core_.button(plays ? "PAUSEON" : "PLAYON");
+  if (button != PictureButton::Right && core_.guests.remote != nullptr) core_.guests.remote->show();
+}
+
+void Transport::mnu_Looping_Click() {
+  auto& user = core_.settings.user;
+  user.LoopPreviews = !user.LoopPreviews;
+  autoRewind();
+  if (!user.LoopPreviews) return core_.player.PlayerSetPlayCount(1);
+  core_.player.PlayerSetPlayCount(kForEver);
+  if (!core_.mode.player.visible || core_.player.PlayerIsEmpty()) return;
+  core_.player.GlobalMediaPlay();
+  core_.button("PLAYON");
+}
+
+void Transport::mnu_RewAtEnd_Click() {
+  auto& user = core_.settings.user;
+  if (user.LoopPreviews) return;
+  user.RewAtEnd = !user.RewAtEnd;
+  autoRewind();
+}
+
+void Transport::mnu_LoopCollectionsOnPlayback_Click() {
+  auto& user = core_.settings.user;
+  user.LoopCol = !user.LoopCol;
+  openNextAhead();
+}
+
+void Transport::mnu_PlayWithoutGaps_Click() {
+  auto& user = core_.settings.user;
+  user.PlayWithoutGaps = !user.PlayWithoutGaps;
+}
+
+// Stills go on by themselves only where the picture covers the screen, and go round there.
+void Transport::stillTick() {
+  auto& timer = core_.timers.StillTimer;
+  const int count = core_.collection.MovieList.count();
+  if (count == 0) return timer.stop();
+  if (!core_.fullScreen() || core_.host.busy()) return;
+  if (core_.editing()) return timer.stop();
+  if (core_.icurMov() < count) return core_.host.Lbl_NextMov_Click();
+  // The last one stays for a tick more.
+  core_.state.StillWrapDue = !core_.state.StillWrapDue;
+  if (!core_.state.StillWrapDue) PreviewMovie(1);
+}
+
+}  // namespace kvo

@@ -1,0 +1,93 @@
+// Makes a collection play: loads the clip that the list selects on the surface that is right for it, carries
+// out play, pause and stop, and has its parts decide when a clip has ended and what follows. It writes a
+// TransportState and never touches a window; what it needs of the rest it asks of a TransportHost.
+#pragma once
+
+#include "playback/transport/monitor.h"
+#include "playback/transport/sequencer.h"
+#include "playback/transport/stream_opening.h"
+#include "playback/transport/transport_commands.h"
+#include "playback/transport/transport_core.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace kvo {
+
+/// How the play key was pressed.
+struct PlayPress {
+  bool right = false;  ///< by the right button
+  bool shift = false;
+};
+
+enum class PictureButton { Left, Middle, Right };
+
+class Transport : public TransportCommands {
+ public:
+  /// Takes the ticks of Timer1, Timer6 and StillTimer, and hears the ends of both engines.
+  explicit Transport(const TransportParts& parts);
+
+  /// Who takes part from now on.
+  void guests(const TransportGuests& guests) { core_.guests = guests; }
+
+  /// Numbers that are not there change nothing. Whether the clip plays at once depends on what it is, and on
+  /// IsPaused.
+  void PreviewMovie(int index) override;
+  /// The last clip has gone: player and still are empty.
+  void empty();
+  /// A command is to work on the collection: the player is stopped, and nothing follows by itself.
+  void halt();
+
+  void NextMovie() override;
+  void Img_Play_Click() override;
+  void Lbl_PlayGraphic_Click() override { playPressed({}); }
+  void Lbl_PauseGraphic_Click() override;
+  void Image8_Click() override;
+  /// The play key: with the right button it gives a moving picture its own rate back, with Shift it plays
+  /// backwards.
+  void playPressed(const PlayPress& press);
+  /// A click on the picture.
+  void pictureClicked(PictureButton button);
+
+  // The ticks of menus. Each holds the value of its setting.
+
+  void mnu_Looping_Click();
+  void mnu_RewAtEnd_Click();
+  void mnu_LoopCollectionsOnPlayback_Click();
+  /// The next clip begins at once, and not behind the waits.
+  void mnu_PlayWithoutGaps_Click();
+
+ private:
+  void letGo();
+  void load(int number, const Movie& clip);
+  void showStill();
+  void ShowWeb(const Movie& clip);
+  void showDisc(int number);
+  void showElsewhere(const Movie& clip);
+  void playFile(int number);
+  void ShowNormalWMP(int number);
+  void showCaptions(const Movie& clip);
+  void WaitForValidDuration();
+  void fileLoaded();
+  void played(int number);
+  void settle();
+  void takeSourceSize(Movie& clip);
+  void autoRewind();
+  void openNextAhead();
+  void ended(bool graph);
+  void stillTick();
+  void playLoaded();
+  void stopLoaded();
+  bool playBackwards(const Movie& clip);
+
+  TransportCore core_;
+  Sequencer sequencer_;
+  StreamOpening stream_;
+  Monitor monitor_;
+  std::unique_ptr<Timer> duration_;  // until the player knows how long the clip is
+  int durationLooks_ = 0;
+  std::uint64_t loads_ = 0;  // the last one counts, as opening a file lets events through
+  std::shared_ptr<bool> lives_ = std::make_shared<bool>(true);
+};
+
+}  // namespace kvo

@@ -1,0 +1,231 @@
+// How a clip comes into the player, or on the other surfaces.
+#include "base/paths.h"
+#include "base/text.h"
+#include "intake/asx_stream.h"
+#include "playback/transport/transport.h"
+
+namespace kvo {
+namespace {
+
+constexpr int kMonitorInterval = 600;  // milliseconds
+constexpr int kDiscMonitorInterval = 400;
+constexpr int kDurationStep = 20;
+constexpr int kDurationLooks = 100;  // 2 seconds
+
+TransportTips stepTips(const char* rewind, const char* advance) { return {rewind, advance}; }
+
+const TransportTips kFileTips =
+    stepTips("Right-Click to position to start or Click or Hold Down to rewind 5 frames",
+             "Right-Click to position to end or Click or Hold Down to advance 5 frames");
+const TransportTips kDvdTips =
+    stepTips("Right-Click for Previous Chapter or Click or Hold Down to rewind 5 secs",
+             "Right-Click for Next Chapter or Click or Hold Down to advance 5 secs");
+const TransportTips kDiscTips =
+    stepTips("Right-Click for Previous Track or Click or Hold Down to rewind 5 secs",
+             "Right-Click for Next Track or Click or Hold Down to advance 5 secs");
+const TransportTips kStillTips = stepTips("Click for Previous Clip", "Click for Next Clip");
+
+}  // namespace
+
+void Transport::PreviewMovie(int index) {
+  const int number = index == 0 ? 1 : index;
+  if (number < 1 || number > core_.collection.MovieList.count()) return;
+  letGo();
+  core_.host.select(number);
+  load(number, core_.collection.MovieList[number]);
+  if (core_.player.PlayerIsEmpty() && !core_.mode.player.IsPaused) core_.button("ALLOFF");
+  core_.timers.Timer6.start();
+}
+
+void Transport::empty() {
+  letGo();
+  core_.emptyPlayer();
+  core_.mode.still = {};
+  core_.button("ALLOFF");
+  core_.mode.player.IsPaused = false;
+}
+
+// Of the clip before.
+void Transport::letGo() {
+  auto& timers = core_.timers;
+  ++loads_;
+  sequencer_.forget();
+  stream_.leave();
+  monitor_.clipChanges();
+  duration_->stop();
+  core_.state.tips = {};
+  core_.state.stopRequested = false;
+  ++core_.mode.panels.osdsKilled;
+  core_.host.closeClipWindows();
+  if (core_.guests.wave != nullptr) core_.guests.wave->HideWavSpikes();
+  if (timers.IntroEnder.enabled()) core_.player.PlayerClear();
+  core_.display.EndAnim();
+  for (auto* timer :
+       {&timers.Timer1, &timers.Timer3, &timers.Timer5, &timers.Timer6, &timers.Timer7, &timers.StillTimer})
+    timer->stop();
+  timers.Timer1.setInterval(kMonitorInterval);
+}
+
+void Transport::load(int number, const Movie& clip) {
+  if (clip.IsTrueQT4()) return showElsewhere(clip);
+  if (kindOfFile(clip) == "CDA") return showDisc(number);
+  if (clip.IsStill()) return showStill();
+  core_.mode.still = {};
+  if (clip.IsTrueRM()) return core_.emptyPlayer();
+  if (clip.IsHTML()) return ShowWeb(clip);
+  if (namesAddress(clip) || IsASXAStream(clip, core_.files)) return stream_.ShowStreamWMP(number);
+  playFile(number);
+}
+
+void Transport::showElsewhere(const Movie& clip) {
+  if (core_.guests.disc != nullptr) core_.guests.disc->pause();
+  core_.mode.still = {};
+  core_.player.Med_previewClear();
+  core_.player.PlayerHide();
+  core_.player.SendPlayerFarLeft();
+  core_.desktop.openFile(clipFile(clip));
+}
+
+void Transport::showStill() {
+  core_.state.tips = kStillTips;
+  core_.emptyPlayer();
+  core_.display.PositionAndSize();
+  core_.mode.panels.Pic_DigNumbers = core_.mode.panels.Pic_NoVid = false;
+  const int seconds = core_.settings.user.StillDelayTimer;
+  core_.timers.StillTimer.setInterval(std::max(seconds, 1) * 1000);
+  core_.timers.StillTimer.enable(seconds >= 1);
+  openNextAhead();
+}
+
+void Transport::ShowWeb(const Movie& clip) {
+  core_.pages.close();
+  core_.player.PlayerStop();
+  core_.timers.Timer4.stop();
+  core_.player.PlayerHide();
+  core_.player.SendPlayerFarLeft();
+  const auto address = clipFile(clip);
+  const bool beside = core_.settings.state.HideKVOOnWebshow && !core_.mode.IsMiniMode;
+  if (core_.pages.show(address, !beside)) return;
+  isAddress(address) ? core_.desktop.openPage(address) : core_.desktop.openFile(address);
+}
+
+void Transport::showDisc(int number) {
+  core_.state.tips = kDiscTips;
+  core_.player.Med_previewClear();
+  core_.player.CoronaClear();
+  core_.host.caption("KVO V5 CD-Audio");
+  if (core_.guests.disc != nullptr) core_.guests.disc->CDAudioDisplayMode(number);
+  core_.timers.Timer1.setInterval(kDiscMonitorInterval);
+  core_.timers.Timer1.start();
+}
+
+void Transport::playFile(int number) {
+  const auto& clip = core_.collection.MovieList[number];
+  core_.state.tips = isDvdClip(clip) ? kDvdTips : kFileTips;
+  if (core_.editing()) {
+    core_.player.PlayerHide();
+    core_.player.SendPlayerFarLeft();
+    if (core_.guests.wave != nullptr && core_.guests.wave->showInEditor(number)) return;
+  }
+  core_.player.CoronaClear();
+  ShowNormalWMP(number);
+}
+
+void Transport::ShowNormalWMP(int number) {
+  auto& player = core_.player;
+  const auto& clip = core_.collection.MovieList[number];
+  player.PlayerStop();
+  player.PlayerHide();
+  player.PlayerClear();
+  player.PlayerSetTop(0);
+  player.PlayerSetAutoStart(false);
+  player.SendPlayerFarLeft();
+  const auto load = loads_;
+  player.PlayerSetFilename(clipFile(clip), number);
+  if (load != loads_) return;
+  showCaptions(clip);
+  player.PlayerSetDisplaySize(core_.mode.IsFullScreenWindow ? 2 : 0);
+  durationLooks_ = 0;
+  if (!holdsText(clip.MovieName(), "ASX")) return fileLoaded();
+  player.PlayerShow();
+  player.GlobalMediaPlay();
+  WaitForValidDuration();
+}
+
+// A file of texts that bears the clip's name stands for those that it has not itself.
+void Transport::showCaptions(const Movie& clip) {
+  const bool on = core_.settings.state.ShowCaps;
+  core_.player.PlayerSetShowCaptions(on);
+  if (!on || !core_.player.PlayerGetCaptionFile().empty()) return;
+  const auto file = clipFile(clip);
+  const auto texts = nameInAnyCase(file.substr(0, file.rfind('.')) + ".smi");
+  if (core_.files.exists(texts)) core_.player.PlayerSetCaptionFile(texts);
+}
+
+void Transport::WaitForValidDuration() {
+  if (core_.player.PlayerGetDuration() > 0 || durationLooks_++ >= kDurationLooks) {
+    duration_->stop();
+    return fileLoaded();
+  }
+  if (!duration_->running()) duration_->start(kDurationStep);
+}
+
+void Transport::fileLoaded() {
+  auto& player = core_.player;
+  const int number = core_.icurMov();
+  auto& clip = core_.collection.MovieList[number];
+  takeSourceSize(clip);
+  player.PlayerSetDisplayMode(DisplayMode::Seconds);
+  core_.host.SectionToPlay(false);
+  settle();
+  player.PlayerShow();
+  core_.display.PositionAndSize();
+  core_.host.Displaymovieinfo(number);
+  if (!core_.mode.player.IsPaused && kindOfFile(clip) != "WAV" && !player.PlayerIsEmpty())
+    player.GlobalMediaPlay();
+  played(number);
+}
+
+void Transport::takeSourceSize(Movie& clip) {
+  if (clip.MovieHeight() != 0) return;
+  clip.MovieHeight(static_cast<Integer>(core_.player.PlayerGetSourceHeight()));
+  clip.MovieWidth(static_cast<Integer>(core_.player.PlayerGetSourceWidth()));
+}
+
+// What a clip sets of the engine, which another clip had before.
+void Transport::settle() {
+  core_.player.PlayerSetPlayCount(core_.order().mnu_Looping ? kForEver : 1);
+  autoRewind();
+  core_.host.clipLoaded();
+}
+
+void Transport::autoRewind() { core_.player.PlayerSetAutoRewind(core_.order().rewinds()); }
+
+// Behind any clip that plays by itself.
+void Transport::played(int number) {
+  auto& timers = core_.timers;
+  if (core_.guests.wave != nullptr) core_.guests.wave->clipLoaded(number);
+  timers.Timer1.start();
+  timers.Timer5.start();
+  timers.Timer6.start();
+  const bool paused = core_.mode.player.IsPaused;
+  if (!core_.fullScreen() && !paused && core_.running()) core_.button("PLAYON");
+  if (core_.settings.user.DefaultZoom100 && !core_.editing()) {
+    core_.display.ResizePercent(100);
+    if (core_.fullScreen() && !paused && !core_.player.PlayerIsEmpty()) core_.player.GlobalMediaPlay();
+  }
+  core_.host.showPosition();
+  openNextAhead();
+}
+
+// As things are now; nothing is lost when they change.
+void Transport::openNextAhead() {
+  const auto ended = sequencer_.endedClip();
+  const int next = clipThatFollows(ended);
+  if (next < 1 || next == ended.number || next > ended.count) return;
+  const auto& clip = core_.collection.MovieList[next];
+  if (clip.IsStill() || clip.IsHTML() || clip.IsTrueQT4() || clip.IsTrueRM() || namesAddress(clip)) return;
+  core_.player.openAhead(next);
+}
+
+}  // namespace kvo

@@ -1,0 +1,164 @@
+#include "playback/transport/what_follows.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+constexpr PlayOrder kPlain{};
+constexpr PlayOrder kAround{.mnu_LoopCollectionsOnPlayback = true};
+constexpr PlayOrder kRewind{.mnu_RewAtEnd = true};
+constexpr PlayOrder kRewindAround{.mnu_RewAtEnd = true, .mnu_LoopCollectionsOnPlayback = true};
+constexpr PlayOrder kLoop{.mnu_Looping = true};
+constexpr PlayOrder kLoopAround{.mnu_Looping = true, .mnu_LoopCollectionsOnPlayback = true};
+constexpr PlayOrder kLoopRewind{.mnu_Looping = true, .mnu_RewAtEnd = true};
+constexpr PlayOrder kAll{true, true, true};
+
+EndedClip ended(int number, int count, const PlayOrder& order = {}, const EndMemory& memory = {}) {
+  return {.number = number,
+          .count = count,
+          .order = order,
+          .memory = memory,
+          .sectionSeconds = 10,
+          .sectionFrames = 250,
+          .duration = 10};
+}
+
+// "2C": behind clip 2 comes CURR; "-" nothing, "s" the start is shown, "d" the end, "!" the show is over.
+std::string told(int number, const WhatFollows& follows) {
+  auto line = std::to_string(number) + "-RCNK"[static_cast<int>(follows.command)];
+  if (follows.seek != EndSeek::None) line += follows.seek == EndSeek::ToStart ? 's' : 'd';
+  return follows.over ? line + "! " : line + " ";
+}
+
+// Seven ends in a row; a clip that nothing follows is played again by hand.
+std::string walk(int from, int count, const PlayOrder& order, int delay) {
+  std::string line;
+  EndMemory memory;
+  int number = from;
+  for (int i = 0; i < 7; ++i) {
+    auto clip = ended(number, count, order, memory);
+    clip.InterClipDelay = delay;
+    const auto follows = whatFollows(clip);
+    line += told(number, follows);
+    memory = follows.memory;
+    if (const int next = clipThatFollows(clip); next > 0) number = next;
+  }
+  return line;
+}
+
+TEST(WhatFollows, CollectionsWalkByTheirTicks) {
+  const struct {
+    int from, count;
+    PlayOrder order;
+    const char* expected;
+  } rows[] = {
+      {1, 1, kPlain, "1- 1C 1-! 1-! 1-! 1-! 1-! "},
+      {1, 1, kAround, "1C 1N 1C 1N 1C 1N 1C "},
+      {1, 1, kRewind, "1- 1C 1-s 1-s 1-s 1-s 1-s "},
+      {1, 1, kRewindAround, "1C 1N 1C 1N 1C 1N 1C "},
+      {1, 1, kLoop, "1- 1C 1C 1C 1C 1C 1C "},
+      {1, 1, kLoopAround, "1C 1N 1C 1N 1C 1N 1C "},
+      {1, 1, kLoopRewind, "1- 1C 1C 1C 1C 1C 1C "},
+      {1, 1, kAll, "1C 1N 1C 1N 1C 1N 1C "},
+
+      {1, 2, kPlain, "1C 2-! 2-! 2-! 2-! 2-! 2-! "},
+      {1, 2, kAround, "1C 2N 1C 2N 1C 2N 1C "},
+      {1, 2, kRewind, "1R 1R 1R 1R 1R 1R 1R "},
+      {1, 2, kRewindAround, "1R 1R 1R 1R 1R 1R 1R "},
+      {1, 2, kLoop, "1N 1N 1N 1N 1N 1N 1N "},
+      {1, 2, kLoopAround, "1N 1N 1N 1N 1N 1N 1N "},
+      {1, 2, kLoopRewind, "1R 1R 1R 1R 1R 1R 1R "},
+      {1, 2, kAll, "1R 1R 1R 1R 1R 1R 1R "},
+
+      {1, 5, kPlain, "1C 2C 3C 4C 5-! 5-! 5-! "},
+      {1, 5, kAround, "1C 2C 3C 4C 5N 1C 2C "},
+      {4, 5, kRewind, "4R 4R 4R 4R 4R 4R 4R "},
+      {4, 5, kRewindAround, "4R 4R 4R 4R 4R 4R 4R "},
+      {4, 5, kLoop, "4N 4N 4N 4N 4N 4N 4N "},
+      {4, 5, kLoopAround, "4N 4N 4N 4N 4N 4N 4N "},
+      {4, 5, kLoopRewind, "4R 4R 4R 4R 4R 4R 4R "},
+      {4, 5, kAll, "4R 4R 4R 4R 4R 4R 4R "},
+
+      // The last clip, come to by hand, is not left out of a loop.
+      {5, 5, kPlain, "5- 5C 5-! 5-! 5-! 5-! 5-! "},
+      {5, 5, kAround, "5C 5N 1C 2C 3C 4C 5N "},
+      {5, 5, kRewind, "5- 5C 5-s 5-s 5-s 5-s 5-s "},
+      {5, 5, kRewindAround, "5C 5N 1R 1R 1R 1R 1R "},
+      {5, 5, kLoop, "5- 5C 5C 5C 5C 5C 5C "},
+      {5, 5, kLoopAround, "5C 5N 5C 5N 5C 5N 5C "},
+      {5, 5, kAll, "5C 5N 5C 5N 5C 5N 5C "},
+  };
+  for (const auto& row : rows) {
+    for (const int delay : {0, 3, 20}) {
+      EXPECT_EQ(walk(row.from, row.count, row.order, delay), row.expected)
+          << row.from << " of " << row.count << " loop " << row.order.mnu_Looping << " rewind "
+          << row.order.mnu_RewAtEnd << " around " << row.order.mnu_LoopCollectionsOnPlayback << " delay "
+          << delay;
+    }
+  }
+}
+
+TEST(WhatFollows, EdgesOfItsTable) {
+  using enum SequencerCommand;
+  const auto with = [](EndedClip clip, auto change) {
+    change(clip);
+    return clip;
+  };
+  const EndedClip two = ended(1, 2);
+  const EndedClip rewinds = ended(1, 2, kRewind);
+  const struct {
+    const char* what;
+    EndedClip clip;
+    WhatFollows expected;
+  } rows[] = {
+      {"plain", two, {Curr, {0, true}, true, 2, EndSeek::None, {"PLAYON"}}},
+      {"a pause is shown as one",
+       with(two, [](auto& c) { c.InterClipDelay = 20; }),
+       {Curr, {0, true}, true, 2}},
+      {"mark held", with(two, [](auto& c) { c.markDragged = true; }), {}},
+      {"editor, wave",
+       with(two, [](auto& c) { c.KVOIsInEditMode = c.wavInControl = true; }),
+       {.autoRewindOff = true}},
+      {"editor", with(two, [](auto& c) { c.KVOIsInEditMode = true; }), {Redo, {1, false}}},
+      {"editor, 1.25 s",
+       with(two, [](auto& c) { c.KVOIsInEditMode = true, c.sectionSeconds = 1.25; }),
+       {.memory = {1, false}, .stop = true}},
+      {"rewind, 3 frames", with(rewinds, [](auto& c) { c.sectionFrames = 3; }), {Redo, {1, false}}},
+      {"rewind, 2 frames",
+       with(rewinds, [](auto& c) { c.sectionFrames = 2; }),
+       {.memory = {1, false}, .delayed = true}},
+      {"one clip, once", ended(1, 1), {.memory = {1, false}}},
+      {"waves",
+       with(ended(2, 2, kPlain, {0, true}), [](auto& c) { c.waveSpikesShown = true; }),
+       {.memory = {1, true}}},
+      {"last, by itself",
+       ended(2, 2, kPlain, {0, true}),
+       {.memory = {1, true}, .delayed = true, .buttons = {"PAUSEON", "PLAYOFF"}, .over = true}},
+      {"last, again",
+       ended(2, 2, kPlain, {1, true}),
+       {.memory = {2, true}, .delayed = true, .buttons = {"ALLOFF"}, .over = true}},
+      {"rewound",
+       ended(2, 2, kRewind, {0, true}),
+       {.memory = {0, true}, .delayed = true, .seek = EndSeek::ToStart, .buttons = {"PAUSEON"}}},
+      {"too short to be rewound",
+       with(ended(2, 2, kRewind, {0, true}), [](auto& c) { c.duration = 0.74; }),
+       {.memory = {0, true}, .delayed = true}},
+      {"around, started by hand", ended(2, 2, kAround, {1, false}), {Curr, {2, true}, true}},
+      {"around, behind that", ended(2, 2, kAround, {2, true}), {Next, {2, true}, true}},
+      // The menus were changed while the clip played.
+      {"around since now",
+       ended(2, 2, kAround, {3, true}),
+       {Kill, {3, true}, false, 0, EndSeek::ToDuration, {"PLAYOFF"}}},
+      {"around since now, loops", ended(2, 2, kLoopAround, {3, true}), {Curr, {0, true}}},
+      {"around since now, rewinds",
+       ended(2, 2, kRewindAround, {3, true}),
+       {SequencerCommand::None, {0, true}, false, 0, EndSeek::ToStart, {"PAUSEON"}}},
+  };
+  for (const auto& row : rows) EXPECT_EQ(whatFollows(row.clip), row.expected) << row.what;
+}
+
+}  // namespace
+}  // namespace kvo
