@@ -6,7 +6,8 @@ namespace kvo {
 
 FaceLinks::FaceLinks(const Parts& parts)
     : parts_(parts),
-      player_(parts.window.mode, parts.collection, parts.streams),
+      player_({parts.window.mode, parts.collection, parts.settings, parts.control, parts.graphs,
+               parts.streams, parts.probe, parts.boxes, *this}),
       buttons_(parts.window.buttons, parts.window.mode, player_, parts.timers),
       display_({parts.window.mode, player_, buttons_, parts.timers, parts.settings, parts.collection,
                 parts.desktop, parts.boxes, *this}) {
@@ -23,8 +24,12 @@ void FaceLinks::load(int number) {
     return player_.PlayerClear();
   }
   const auto& clip = parts_.collection.MovieList[number];
-  player_.PlayerSetFilename(clipFile(clip), number);
-  if (!clip.IsStill()) player_.PlayerShow();
+  if (clip.IsStill() || clip.IsHTML()) {
+    player_.PlayerClear();
+  } else {
+    player_.PlayerSetFilename(clipFile(clip), number);
+    player_.PlayerShow();
+  }
   display_.PositionAndSize();
   if (clip.IsStill()) display_.PositionandShowStill();
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "playback/display/display.h"
-#include "playback/first_frame_player.h"
+#include "playback/player_facade.h"
 #include "ports/skin_pictures.h"
 #include "program/clip_list.h"
 #include "program/skins.h"
@@ -11,13 +11,16 @@
 
 namespace kvo {
 
-class FaceLinks : public DisplayHost, public SkinCalls {
+class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
  public:
   struct Parts {
     MainWindowState& window;
     KVO2& settings;
     Collection& collection;
     FrameSource& streams;
+    ControlEngine& control;
+    FilterGraphs& graphs;
+    StreamProbe& probe;
     Desktop& desktop;
     MessageBoxes& boxes;
     SkinPictures& pictures;
@@ -29,6 +32,8 @@ class FaceLinks : public DisplayHost, public SkinCalls {
   /// The skins are made behind this.
   void link(Skins& skins) { skins_ = &skins; }
 
+  [[nodiscard]] Player& player() { return player_; }
+  [[nodiscard]] Buttons& buttons() { return buttons_; }
   [[nodiscard]] Display& display() { return display_; }
 
   /// Puts the interface size in force that the user has chosen, or the screen's.
@@ -44,20 +49,21 @@ class FaceLinks : public DisplayHost, public SkinCalls {
   void PreviewMovie(int number) override;
   void untickStayOnTop() override;
 
-  // Of the skins
+  // Of the skins, and of the player
   void BuildAllButs(bool stepButtons) override { buttons_.BuildAllButs(stepButtons); }
   void BuildButton(std::string_view key) override { buttons_.BuildButton(key); }
   void PlayerPause() override { player_.PlayerPause(); }
   void PlayerStop() override { player_.PlayerStop(); }
   void GlobalMediaPlay() override { player_.GlobalMediaPlay(); }
   [[nodiscard]] bool playerHoldsClip() const override { return !player_.PlayerIsEmpty(); }
+  [[nodiscard]] bool rateWindowShows() const override { return parts_.window.positions.rate.visible; }
   [[nodiscard]] bool clipHasPath() const override { return !parts_.window.mode.player.path.empty(); }
 
  private:
   void load(int number);
 
   Parts parts_;
-  FirstFramePlayer player_;
+  PlayerFacade player_;
   Buttons buttons_;
   Display display_;
   Skins* skins_ = nullptr;

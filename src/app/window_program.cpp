@@ -1,6 +1,8 @@
 #include "app/window_program.h"
 
 #include "adapters/jpeg/turbo_jpeg.h"
+#include "adapters/mpv/mpv_control_engine.h"
+#include "adapters/mpv/mpv_filter_graphs.h"
 #include "adapters/posix/socket_handover.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/qt_event_loop.h"
@@ -82,8 +84,8 @@ class WindowProgram {
                history_},
         intro_(parts_),
         mailbox_(parts_, intro_),
-        links_({state_, session_.settings, session_.collection, session_.streams, desktop_, boxes_, face_,
-                list_, timers_}),
+        links_({state_, session_.settings, session_.collection, session_.streams, control_, graphs_, probe_,
+                desktop_, boxes_, face_, list_, timers_}),
         skins_({dialogs_, loop_, face_, session_.log, session_.folder}, links_, session_.settings, state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
@@ -98,7 +100,7 @@ class WindowProgram {
         window_(
             state_,
             {menu_, keys_, listCommands_, history_, media_, mailbox_, shutDown_, links_.display(), picture_},
-            {face_, images_, store_, desktop_, withSeparator(session_.folder.path())}) {
+            {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}) {
     links_.link(skins_);
     commands_.whenOpened([this] { skins_.applyStored(); });
     links_.takeInterfaceSize();
@@ -168,6 +170,10 @@ class WindowProgram {
   PatientHandover patient_{handover_};
   QtEventLoop loop_;
   PlayTimers timers_{loop_};
+  MpvStage stage_{loop_, session_.streams};
+  MpvControlEngine control_{stage_};
+  MpvFilterGraphs graphs_{stage_};
+  NoStreamProbe probe_;
   ClipList list_;
   History history_;
   RecentCollections recent_;

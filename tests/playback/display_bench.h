@@ -2,11 +2,8 @@
 #pragma once
 
 #include "playback/display/display.h"
-#include "playback/first_frame_player.h"
-#include "support/named_streams.h"
+#include "playback/player_bench.h"
 #include "support/plain_desktop.h"
-#include "support/scripted_boxes.h"
-#include "support/virtual_loop.h"
 
 #include <string>
 
@@ -26,18 +23,11 @@ class PlainHost : public DisplayHost {
   void untickStayOnTop() override { asked += "untickStayOnTop "; }
 };
 
-struct DisplayBench {
-  DisplayModeState mode;
+struct DisplayBench : PlayerBench {
   ButtonsState keys;
-  KVO2 settings;
-  Collection collection;
-  NamedStreams streams;
   PlainDesktop desktop;
-  ScriptedBoxes boxes;
   PlainHost host;
-  VirtualLoop loop;
   PlayTimers timers{loop};
-  FirstFramePlayer player{mode, collection, streams};
   Buttons buttons{keys, mode, player, timers};
   Display display{{mode, player, buttons, timers, settings, collection, desktop, boxes, host}};
 
@@ -48,14 +38,9 @@ struct DisplayBench {
     display.Form_Load(1);
   }
 
-  /// Adds a clip and loads it, as a choice in the list does.
-  Movie& load(const std::string& name, Integer width = 0, Integer height = 0) {
-    auto& clip = collection.MovieList.add({});
-    clip.MovieName(name);
-    clip.Path("/v/");
-    clip.MovieWidth(width);
-    clip.MovieHeight(height);
-    collection.icurMov = collection.MovieList.count();
+  /// Adds a clip and loads it, as a choice in the list does; without a size it has no picture.
+  Movie& load(const std::string& name, int width = 0, int height = 0) {
+    auto& clip = add(name, {.rate = width > 0 ? 25.0 : 0.0, .width = width, .height = height});
     show();
     return clip;
   }
@@ -70,9 +55,7 @@ struct DisplayBench {
   }
 
   void show() {
-    const int number = collection.icurMov;
-    const auto& clip = collection.MovieList[number];
-    player.PlayerSetFilename(clip.Path() + clip.MovieName(), number);
+    open(collection.icurMov);
     display.PositionAndSize();
   }
 };

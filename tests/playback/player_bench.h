@@ -42,8 +42,8 @@ struct PlayerBench {
   NamedStreams streams;
   ScriptedProbe probe;
   ScriptedBoxes boxes;
-  PlainPlayerHost host;
-  PlayerFacade player{{mode, collection, settings, control, graphs, streams, probe, boxes, host}};
+  PlainPlayerHost playerHost;
+  PlayerFacade player{{mode, collection, settings, control, graphs, streams, probe, boxes, playerHost}};
 
   /// A clip of "/v/" whose file is like this, and the one in hand.
   Movie& add(const std::string& name, const FakeFile& file = {}) {

@@ -220,7 +220,7 @@ TEST(Player, PlayGoesOnOrBeginsAgainFromMarkIn) {
     b.mode.player.IsPaused = true;
     b.player.GlobalMediaPlay();
     EXPECT_TRUE(b.mode.player.IsPlaying) << row.name;
-    EXPECT_EQ(b.host.words, graph ? "PLAYON " : "") << row.name;
+    EXPECT_EQ(b.playerHost.words, graph ? "PLAYON " : "") << row.name;
     EXPECT_EQ(b.mode.player.IsPaused, graph) << row.name;
     b.loop.advance(400);
     EXPECT_DOUBLE_EQ(b.player.PlayerGetCurrentPosition(), row.after) << row.name << " from " << row.from;
@@ -282,7 +282,7 @@ TEST(Player, AGraphRefusesARateOnlyOfMpegWithTheWindowOpen) {
     PlayerBench b;
     b.settings.user.MPEGRoutingVMR = row.vmr;
     b.settings.state.KVOIsInEditMode = row.editing;
-    b.host.rateWindow = row.window;
+    b.playerHost.rateWindow = row.window;
     b.load(row.name);
     EXPECT_EQ(b.player.PlayerSetRate(row.rate), !row.refused) << row.name;
     EXPECT_EQ(b.boxes.shown.size(), row.refused ? 1u : 0u) << row.name;

@@ -7,6 +7,7 @@
 #include "program/key_commands.h"
 #include "program/media_commands.h"
 #include "program/menus.h"
+#include "support/fake_engines.h"
 #include "support/program_bench.h"
 #include "windows/main/frm_file_open.h"
 
@@ -23,6 +24,7 @@ namespace kvo::test {
 struct FaceBench : ProgramBench {
   explicit FaceBench(const std::vector<std::string>& clips = {"a.avi", "b.avi", "c.jpg"}, double size = 1) {
     saveCollection("/prog/KVO5.INI", clips);
+    for (const auto& clip : clips) engineFiles["/v/" + clip] = {};
     links.link(faceSkins);
     window.face.interfaceSize = size;
     links.takeInterfaceSize();
@@ -104,7 +106,12 @@ struct FaceBench : ProgramBench {
     draw();
   }
 
-  FaceLinks links{{window, settings, collection, streams, desktop, boxes, pictures, list, timers}};
+  FakeFiles engineFiles;
+  FakeControlEngine control{loop, engineFiles};
+  FakeFilterGraphs graphs{loop, engineFiles};
+  NoStreamProbe probe;
+  FaceLinks links{{window, settings, collection, streams, control, graphs, probe, desktop, boxes, pictures,
+                   list, timers}};
   Skins faceSkins{{dialogs, loop, pictures, log, folder}, links, settings, window};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},

@@ -62,8 +62,15 @@ void Display::PositionandShowStill() {
 
 // As PositionAndSize, for a player that is to have its own size again first.
 void Display::placeAnew() {
-  parts_.player.PlayerSetDisplaySize(0);
+  takeSourceSize();
   PositionAndSize();
+}
+
+void Display::takeSourceSize() {
+  auto& player = parts_.player;
+  if (player.PlayerGetSourceWidth() <= 0) return;
+  player.PlayerSetWidth(player.PlayerGetSourceWidth() * parts_.mode.twipsPerPixel());
+  player.PlayerSetHeight(player.PlayerGetSourceHeight() * parts_.mode.twipsPerPixel());
 }
 
 void Display::startMonitors() {
@@ -93,7 +100,7 @@ void Display::turnDetails() { parts_.settings.state.AllDetOff ? AllDetOn() : Lbl
 
 void Display::startAtSourceSize() {
   AllDetOff();
-  parts_.player.PlayerSetDisplaySize(0);
+  takeSourceSize();
 }
 
 void Display::showDetails(bool on) {

@@ -121,6 +121,7 @@ class Display {
   void tellOfScreen();
   void tellOfToolbar();
   void placeAnew();
+  void takeSourceSize();
   void showDetails(bool on);
   void closeDisplays();
   void tickZoom(int percent);

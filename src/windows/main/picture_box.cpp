@@ -46,8 +46,10 @@ PictureWish PictureBox::wish() const {
   const auto* clip = row();
   if (clip == nullptr || (clip->kind != ClipKind::Video && clip->kind != ClipKind::Still)) return {};
   const auto size = this->size() * devicePixelRatio();
+  const auto& still = state_.mode.still;
   const double start = state_.slider.handles ? state_.slider.position * state_.slider.length : 0;
-  return {state_.mode.player.path, at_.value_or(start), size.width(), size.height()};
+  return {still.Img_Still.visible ? still.path : state_.mode.player.path, at_.value_or(start), size.width(),
+          size.height()};
 }
 
 PictureBox::Sign PictureBox::sign() const {
