@@ -47,7 +47,7 @@ class Displays {
     DisplayState& glass;
     std::string& label;  ///< the position label; empty hides it
   };
-  Displays(const Parts& parts, Slider& slider) : parts_(parts), slider_(slider) {}
+  Displays(const Parts& parts, PositionSlider& slider) : parts_(parts), slider_(slider) {}
 
   /// Digits by the player's place, in its present unit. Those of a clip without a length go out.
   void UpdateDigital();
@@ -62,7 +62,7 @@ class Displays {
 
  private:
   Parts parts_;
-  Slider& slider_;
+  PositionSlider& slider_;
 };
 
 }  // namespace kvo

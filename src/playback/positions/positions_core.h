@@ -71,7 +71,7 @@ struct PositionsCore : PositionParts {
   PositionDoors doors;
   DiscPosition* disc = nullptr;
   Section section{player, collection};
-  Slider slider{{loop, player, collection, mode, sliderState}};
+  PositionSlider slider{{loop, player, collection, mode, sliderState}};
   Displays displays{{player, collection, settings, sliderState, glass, label}, slider};
 
   /// Null for none.

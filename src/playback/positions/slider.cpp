@@ -39,9 +39,10 @@ double trackSeconds(std::string_view text, bool extended) {
   return ToNumber(text.substr(0, minutes)) * 60 + ToNumber(text.substr(minutes + 1));
 }
 
-Slider::Slider(const Parts& parts) : parts_(parts), gliding_(parts.loop.timer([this] { glide(); })) {}
+PositionSlider::PositionSlider(const Parts& parts)
+    : parts_(parts), gliding_(parts.loop.timer([this] { glide(); })) {}
 
-double Slider::duration() const {
+double PositionSlider::duration() const {
   const auto* clip = clipInHand(parts_.collection);
   if (isTrack(clip)) return trackSeconds(clip->DurationTime().text(), clip->IsExtendedCD());
   if (!parts_.player.PlayerIsEmpty()) {
@@ -52,7 +53,7 @@ double Slider::duration() const {
   return (frames ? clip->DurationFrames() : clip->DurationTime()).wholeNumber().value_or(0);
 }
 
-double Slider::TimeAsPct() const {
+double PositionSlider::TimeAsPct() const {
   if (disc_ != nullptr && isTrack(clipInHand(parts_.collection))) {
     const double length = trackSeconds(disc_->trackLength());
     return length > 0 ? trackSeconds(disc_->position()) / (length / 100) : 0;
@@ -60,12 +61,12 @@ double Slider::TimeAsPct() const {
   return TimeAsPctUnfmt(parts_.player.PlayerGetCurrentPosition());
 }
 
-double Slider::TimeAsPctUnfmt(double position) const {
+double PositionSlider::TimeAsPctUnfmt(double position) const {
   const double length = duration();
   return length > 0 ? position / (length / 100) : 0;
 }
 
-void Slider::SetposAsPct(double pct, std::string_view which) {
+void PositionSlider::SetposAsPct(double pct, std::string_view which) {
   const double to = std::clamp(pct, 0.0, 100.0);
   auto& state = parts_.state;
   if (which == "IN") {
@@ -83,13 +84,13 @@ void Slider::SetposAsPct(double pct, std::string_view which) {
   }
 }
 
-void Slider::hold(double part) {
+void PositionSlider::hold(double part) {
   gliding_->stop();
   glideDue_ = false;
   parts_.state.position = std::clamp(part, 0.0, 1.0);
 }
 
-void Slider::glide() {
+void PositionSlider::glide() {
   const auto& line = parts_.mode.slider;
   const Twips at = placeOnLine(line, parts_.state.position * 100) + kGlideStep;
   if (++glideSteps_ >= kGlideSteps || at >= placeOnLine(line, glideTo_)) {
@@ -102,13 +103,13 @@ void Slider::glide() {
   if (restsAt(glideSteps_ - 1)) gliding_->start(kGlideInterval);
 }
 
-double Slider::PosPctToSecs() const { return parts_.state.position * 100 * (duration() / 100); }
+double PositionSlider::PosPctToSecs() const { return parts_.state.position * 100 * (duration() / 100); }
 
-double Slider::PosPctToSecsMark(int which) const {
+double PositionSlider::PosPctToSecsMark(int which) const {
   return (which == 0 ? parts_.state.markIn : parts_.state.markOut) * 100 * (duration() / 100);
 }
 
-Long Slider::BlobPosToFrames() const {
+Long PositionSlider::BlobPosToFrames() const {
   const auto* clip = clipInHand(parts_.collection);
   if (clip == nullptr) return 0;
   return toLongClamped(clip->DurationFrames().number() / 100 * (parts_.state.position * 100));

@@ -45,7 +45,7 @@ class DiscPosition {
   virtual void toTrack(int direction) = 0;                    ///< the next track, or the one before
 };
 
-class Slider {
+class PositionSlider {
  public:
   struct Parts {
     EventLoop& loop;
@@ -54,7 +54,7 @@ class Slider {
     const DisplayModeState& mode;
     SliderState& state;
   };
-  explicit Slider(const Parts& parts);
+  explicit PositionSlider(const Parts& parts);
 
   /// Null while there is none.
   void disc(const DiscPosition* disc) { disc_ = disc; }
