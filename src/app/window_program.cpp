@@ -66,8 +66,7 @@ class WindowProgram {
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder}, session_.file,
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
         intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
-                session_.collection,
-                [this](int number, const StreamFacts& facts) { showAdded(number, facts); }),
+                session_.collection, [this](int number) { showAdded(number); }),
         parts_{session_.files,
                boxes_,
                loop_,
@@ -86,7 +85,8 @@ class WindowProgram {
         mailbox_(parts_, intro_),
         links_({state_, session_.settings, session_.collection, session_.streams, control_, graphs_, probe_,
                 desktop_, boxes_, face_, list_, timers_}),
-        skins_({dialogs_, loop_, face_, session_.log, session_.folder}, links_, session_.settings, state_),
+        skins_({dialogs_, boxes_, loop_, face_, session_.log, session_.folder}, links_, session_.settings,
+               state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
@@ -97,12 +97,19 @@ class WindowProgram {
               doors()),
         keys_(state_, listCommands_),
         picture_(session_.streams, loop_, state_.picture),
+        facts_(
+            loop_, [this](const std::string& path) { return session_.streams.facts(path); },
+            [this](const std::string& path, const Result<StreamFacts>& facts) {
+              if (facts) list_.takeFacts(path, *facts);
+            }),
         window_(
             state_,
             {menu_, keys_, listCommands_, history_, media_, mailbox_, shutDown_, links_.display(), picture_},
             {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}) {
     links_.link(skins_);
     commands_.whenOpened([this] { skins_.applyStored(); });
+    listCommands_.whenUnseen([this] { links_.display().AllDetOn(); });
+    list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
     links_.takeInterfaceSize();
   }
 
@@ -126,7 +133,8 @@ class WindowProgram {
       links_.takeInterfaceSize();
       if (state_.face.fullScreen) coverScreen();
       intro_.ended();  // nothing plays yet, so an intro is over as soon as it has begun
-      window_.draw();
+      showNow();
+      startUp_.tell();
       return QApplication::exec();
     } catch (const std::exception& thrown) {
       failures.LogError(std::string(LoadResString(179)) + " - " + thrown.what(), true);
@@ -146,6 +154,12 @@ class WindowProgram {
             .sizeFits = [this](double size) { return links_.display().sizeFits(size); }};
   }
 
+  // As it is, and where the desktop puts it.
+  void showNow() {
+    window_.draw();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
+
   void coverScreen() {
     auto& display = links_.display();
     display.Lbl_MiniMode_Click();
@@ -153,14 +167,12 @@ class WindowProgram {
     if (state_.face.minimumDetails) display.startAtSourceSize();
   }
 
-  void showAdded(int number, const StreamFacts& facts) {
-    const auto& clip = session_.collection.MovieList[number];
+  void showAdded(int number) {
     list_.addLast();
-    list_.takeFacts(clipFile(clip), facts);
     list_.PreviewMovie(number);
   }
 
-  FrmMessageBoxes boxes_;
+  FrmMessageBoxes boxes_{[this] { showNow(); }};
   Session session_;
   MainWindowState state_;
   QtFileDialogs dialogs_;
@@ -183,7 +195,7 @@ class WindowProgram {
   Intro intro_;
   Mailbox mailbox_;
   TurboJpeg jpeg_;
-  SkinFace face_{{session_.files, jpeg_}, {kMainWindow}};
+  SkinFace face_{{session_.files, jpeg_}, {kMainWindow}, session_.folder.path()};
   ImageList1 images_{{session_.files, jpeg_}, withSeparator(session_.folder.path()) + "ImageList1/"};
   FaceLinks links_;
   Skins skins_;
@@ -194,6 +206,7 @@ class WindowProgram {
   MainMenu menu_;
   KeyCommands keys_;
   ClipPicture picture_;
+  LastWish<std::string, Result<StreamFacts>> facts_;
   FrmFileOpen window_;
 };
 

@@ -68,8 +68,7 @@ std::string nameInAnyCase(const std::string& path) {
 
 std::string absoluteName(std::string_view name, std::string_view folder) {
   if (name.starts_with(kSeparator) || isAddress(name)) return std::string(name);
-  while (name.starts_with("./")) name.remove_prefix(2);
-  return withSeparator(folder).append(name);
+  return fs::path(withSeparator(folder).append(name)).lexically_normal().string();
 }
 
 bool isAddress(std::string_view text) { return text.find("://") != std::string_view::npos; }
@@ -84,6 +83,12 @@ std::string_view fileNamePart(std::string_view path) {
   if (isAddress(path)) return path;
   const auto at = path.rfind(kSeparator);
   return at == std::string_view::npos ? path : path.substr(at + 1);
+}
+
+std::string wholeExtension(std::string_view path) {
+  const auto file = fileNamePart(path);
+  const auto stop = file.rfind('.');
+  return stop == std::string_view::npos ? std::string() : upper(file.substr(stop + 1));
 }
 
 std::string_view folderPart(std::string_view path) {

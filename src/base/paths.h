@@ -38,7 +38,8 @@ std::string executableFolder();
 /// "\" for "/". `path` itself where there is none.
 std::string nameInAnyCase(const std::string& path);
 
-/// The full path of `name`, which begins at `folder` unless it begins at the root or is a web address.
+/// The full path of `name`, which begins at `folder` unless it begins at the root or is a web address. Steps
+/// up and through "." are taken in what was not full.
 std::string absoluteName(std::string_view name, std::string_view folder);
 
 /// True for a web address: it holds "://".
@@ -49,6 +50,9 @@ std::string withSeparator(std::string_view folder);
 
 /// What stands behind the last separator. A web address is a name as a whole.
 std::string_view fileNamePart(std::string_view path);
+
+/// What follows the last full stop of the file's name, in capitals; empty where there is none.
+std::string wholeExtension(std::string_view path);
 
 /// What stands up to and with the last separator, empty when there is none.
 std::string_view folderPart(std::string_view path);

@@ -11,6 +11,17 @@ char upperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a'
 char lowerChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 bool sameLetter(char a, char b) { return upperChar(a) == upperChar(b); }
 
+bool isFigure(char c) { return c >= '0' && c <= '9'; }
+
+// The number that `text` begins with, without leading zeros; `text` goes on behind it.
+std::string_view takeDigits(std::string_view& text) {
+  const auto length = std::min(text.find_first_not_of("0123456789"), text.size());
+  auto digits = text.substr(0, length);
+  text.remove_prefix(length);
+  digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
+  return digits;
+}
+
 void appendUtf8(std::string& out, std::uint32_t code) {
   if (code < 0x80) {
     out += static_cast<char>(code);
@@ -72,6 +83,25 @@ std::string lower(std::string_view text) {
   std::string out(text);
   std::transform(out.begin(), out.end(), out.begin(), lowerChar);
   return out;
+}
+
+bool naturalLess(std::string_view a, std::string_view b) {
+  auto x = a;
+  auto y = b;
+  while (!x.empty() && !y.empty()) {
+    if (isFigure(x.front()) && isFigure(y.front())) {
+      const auto one = takeDigits(x);
+      const auto other = takeDigits(y);
+      if (one != other) return one.size() != other.size() ? one.size() < other.size() : one < other;
+      continue;
+    }
+    const auto one = static_cast<unsigned char>(lowerChar(x.front()));
+    const auto other = static_cast<unsigned char>(lowerChar(y.front()));
+    if (one != other) return one < other;
+    x.remove_prefix(1);
+    y.remove_prefix(1);
+  }
+  return x.size() != y.size() ? x.size() < y.size() : a < b;
 }
 
 bool sameText(std::string_view a, std::string_view b) {

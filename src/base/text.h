@@ -19,6 +19,9 @@ std::string lower(std::string_view text);
 /// True when both are the same but for the case of ASCII letters.
 bool sameText(std::string_view a, std::string_view b);
 
+/// The order of names as people count: "clip 2" ahead of "clip 10", whatever the case of letters.
+bool naturalLess(std::string_view a, std::string_view b);
+
 /// True when `text` holds `part`, ASCII letters of either case being the same.
 bool holdsText(std::string_view text, std::string_view part);
 

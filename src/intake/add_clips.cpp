@@ -71,7 +71,7 @@ bool AddClips::AddMoviesm(const std::string& text) {
     settings_.change().LoadFrom = std::string(folderPart(text));
   settings_.state.ListIsDirty = true;
   settings_.state.postChange(99, 99);
-  added_(collection_.MovieList.count(), *facts);
+  added_(collection_.MovieList.count());
   return true;
 }
 

@@ -23,8 +23,8 @@ class AddClips : public ClipIntake {
     FrameSource& streams;
   };
 
-  /// Hears the number of a clip that has just joined the collection, and what its file holds.
-  using Added = std::function<void(int number, const StreamFacts& facts)>;
+  /// Hears the number of a clip that has just joined the collection.
+  using Added = std::function<void(int number)>;
 
   AddClips(const Ports& ports, KVO2& settings, Collection& collection, Added added)
       : ports_(ports),

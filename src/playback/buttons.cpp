@@ -1,9 +1,9 @@
 #include "playback/buttons.h"
 
-#include "base/numbers.h"
 #include "base/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kvo {
 namespace {
@@ -53,10 +53,22 @@ constexpr std::array<std::string_view, 7> kFaceKeys{"VOLUME", "CLOSE",   "MIN", 
                                                     "MAG",    "PLAYALL", "REBUILD"};
 constexpr std::array<std::string_view, 4> kHeldKeys{"RRON", "RON", "FON", "FFON"};  // show as paused
 
+// The words of what is on end so; the second while a mouse button is held.
+bool isOn(std::string_view key) { return endsInText(key, "ON") || endsInText(key, "OND"); }
+
+// A row of the same name with a B behind it is what stands there under the pointer.
+int hoverImage(std::string_view key) {
+  const auto row = std::ranges::find_if(kKeys, [&](const KeyRow& k) {
+    return k.key.size() == key.size() + 1 && k.key.starts_with(key) && k.key.ends_with('B');
+  });
+  return row == kKeys.end() ? 0 : row->image;
+}
+
+// Halves go up, as they do for everything else on the face.
 DrawnKey drawnKey(const KeyRow& row, double size) {
-  if (size == kBigTableSize) return {row.image, row.big.left, row.big.top};
-  const auto place = [size](int pixels) { return static_cast<int>(RoundToWhole(pixels * size)); };
-  return {row.image, place(row.small.left), place(row.small.top)};
+  const auto place = [size](int pixels) { return static_cast<int>(std::lround(pixels * size)); };
+  const auto spot = size == kBigTableSize ? row.big : Spot{place(row.small.left), place(row.small.top)};
+  return {row.image, spot.left, spot.top, isOn(row.key), hoverImage(row.key)};
 }
 
 }  // namespace

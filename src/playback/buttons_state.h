@@ -28,6 +28,8 @@ struct DrawnKey {
   int image = 0;  ///< number in ImageList1; 0 while nothing has been drawn here
   int left = 0;   ///< pixels of the face
   int top = 0;
+  bool lit = false;  ///< what it stands for is on
+  int hover = 0;     ///< number of its picture under the pointer; 0: the same, lightened
   bool operator==(const DrawnKey&) const = default;
 };
 

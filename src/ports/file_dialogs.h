@@ -9,8 +9,8 @@
 namespace kvo {
 
 struct FileFilter {
-  std::string name;      ///< "Movie Collections"
-  std::string patterns;  ///< "*.ini *.INI", blanks between
+  std::string name;      ///< "Movie Collections (*.Ini)", as it is shown
+  std::string patterns;  ///< "*.ini *.kvo", blanks between; in any case of letters
 };
 
 struct FileQuestion {
@@ -19,6 +19,12 @@ struct FileQuestion {
   std::string folder;      ///< where it starts
   std::string name;        ///< proposed name, for saving
   std::size_t filter = 0;  ///< which of the filters holds at first
+};
+
+/// What the user has chosen.
+struct FileChoice {
+  std::vector<std::string> paths;  ///< full; none on Cancel
+  std::size_t filter = 0;          ///< which of the filters held at last
 };
 
 class FileDialogs {
@@ -30,8 +36,8 @@ class FileDialogs {
 
   /// A full path, or nothing on Cancel.
   virtual std::optional<std::string> open(const FileQuestion& question) = 0;
-  /// Any number of files; none on Cancel.
-  virtual std::vector<std::string> openSeveral(const FileQuestion& question) = 0;
+  /// Any number of files.
+  virtual FileChoice openSeveral(const FileQuestion& question) = 0;
   /// Asks about replacing a file that is there.
   virtual std::optional<std::string> save(const FileQuestion& question) = 0;
 };

@@ -39,7 +39,7 @@ class FrameSource {
   FrameSource& operator=(const FrameSource&) = delete;
   virtual ~FrameSource() = default;
 
-  /// Fails with a line that names the file when it is not there or is no media file.
+  /// From any thread. Fails with a line that names the file when it is not there or is no media file.
   virtual Result<StreamFacts> facts(const std::string& path) = 0;
 
   /// What the file shows at `seconds`, in the middle of a black picture of `width` x `height` pixels (at

@@ -1,6 +1,7 @@
 #include "program/clip_list.h"
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/messages.h"
 #include "playback/positions/displays.h"
@@ -27,7 +28,11 @@ void ClipList::fill() {
   const auto& clips = collection_.MovieList;
   std::vector<ClipRow> rows;
   rows.reserve(static_cast<std::size_t>(clips.count()));
-  for (int i = 1; i <= clips.count(); ++i) rows.push_back(rowOf(clips[i], settings_));
+  total_ = 0;
+  for (int i = 1; i <= clips.count(); ++i) {
+    rows.push_back(rowOf(clips[i], settings_));
+    total_ += lengthOf(clips[i], settings_).value_or(0);
+  }
   window_.list.Fillist.assign(std::move(rows));
   collection_.icurMov = clips.empty() ? 0 : std::clamp(collection_.icurMov, 1, clips.count());
   window_.list.ListIndex = collection_.icurMov - 1;
@@ -40,6 +45,7 @@ void ClipList::fill() {
 void ClipList::addLast() {
   const auto& clips = collection_.MovieList;
   window_.list.Fillist.append(rowOf(clips[clips.count()], settings_));
+  total_ += lengthOf(clips[clips.count()], settings_).value_or(0);
   window_.list.caption = listCaption(collection_);
   countUp();
 }
@@ -53,12 +59,10 @@ void ClipList::renew(int number) {
 // What hangs on the number of clips.
 void ClipList::countUp() {
   const auto& clips = collection_.MovieList;
-  double total = 0;
-  for (int i = 1; i <= clips.count(); ++i) total += lengthOf(clips[i], settings_).value_or(0);
   const bool any = !clips.empty();
   const bool several = clips.count() > 1;
   window_.collectionDetails.clips = std::to_string(clips.count()) + (clips.count() == 1 ? " clip" : " clips");
-  window_.collectionDetails.totalTime = totalText(total);
+  window_.collectionDetails.totalTime = totalText(total_);
   window_.menu.clipsEnabled = any;
   window_.listKeys = {.UP = several, .DOWN = several, .ADD = true, .Cross = any, .SORT = several};
 }
@@ -84,12 +88,18 @@ void ClipList::choose(std::vector<int> numbers, int number) {
   whenInHand_(number);
 }
 
+const StreamFacts* ClipList::factsOf(const Movie& clip) {
+  if (auto path = clipFile(clip); path != known_.path) {
+    known_ = {std::move(path), std::nullopt};
+    if (!clip.IsHTML() && !isAddress(known_.path)) whenUnknown_(known_.path);
+  }
+  return known_.facts ? &*known_.facts : nullptr;
+}
+
 void ClipList::tell(const Movie& clip) {
-  const auto path = clipFile(clip);
-  const auto found = facts_.find(path);
-  const auto* facts = found == facts_.end() ? nullptr : &found->second;
+  const auto* facts = factsOf(clip);
   window_.face.caption = windowCaption(clip);
-  window_.list.tip = std::string(LoadResString(385)).append(path);
+  window_.list.tip = std::string(LoadResString(385)).append(clipFile(clip));
   if (!clip.SrcName().empty())
     window_.list.tip.append(kCrLf)
         .append("<Low Res Copy - Full Res Master = ")
@@ -129,10 +139,9 @@ void ClipList::show() {
 }
 
 void ClipList::takeFacts(const std::string& path, const StreamFacts& facts) {
-  facts_.insert_or_assign(path, facts);
-  if (collection_.icurMov == 0) return;
-  const auto& clip = collection_.MovieList[collection_.icurMov];
-  if (clipFile(clip) == path) tell(clip);
+  if (collection_.icurMov == 0 || path != known_.path) return;
+  known_.facts = facts;
+  tell(collection_.MovieList[collection_.icurMov]);
 }
 
 }  // namespace kvo

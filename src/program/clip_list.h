@@ -7,7 +7,7 @@
 #include "program/main_window_state.h"
 
 #include <functional>
-#include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -47,19 +47,31 @@ class ClipList {
   /// What goes on when another clip, by its number, has come in hand, or the same one anew; 0 for none.
   void whenInHand(std::function<void(int number)> work) { whenInHand_ = std::move(work); }
 
-  /// What a file of the collection holds, as far as it has been looked into.
+  /// What looks into the file of a clip that has come in hand; the answer is for takeFacts.
+  void whenUnknown(std::function<void(const std::string& path)> work) { whenUnknown_ = std::move(work); }
+
+  /// What a file holds. Nothing happens unless it is the file of the clip in hand.
   void takeFacts(const std::string& path, const StreamFacts& facts);
 
  private:
+  // The file of the clip in hand, and what it holds as far as that has been found out.
+  struct KnownFile {
+    std::string path;
+    std::optional<StreamFacts> facts;
+  };
+
   void countUp();
+  const StreamFacts* factsOf(const Movie& clip);
   void tell(const Movie& clip);
 
   MainWindowState& window_;
   Collection& collection_;
   const KVO2& settings_;
-  const Movie* told_ = nullptr;               // the clip in hand, while what is told of it is no other's
-  std::map<std::string, StreamFacts> facts_;  // by path
+  const Movie* told_ = nullptr;  // the clip in hand, while what is told of it is no other's
+  double total_ = 0;             // seconds, of all clips
+  KnownFile known_;
   std::function<void(int)> whenInHand_ = [](int) {};
+  std::function<void(const std::string&)> whenUnknown_ = [](const std::string&) {};
 };
 
 }  // namespace kvo

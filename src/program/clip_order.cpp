@@ -1,6 +1,7 @@
 #include "program/clip_order.h"
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -39,11 +40,6 @@ double pixelsOf(const Movie& clip) {
   return by == std::string::npos ? 0 : ToNumber(text) * ToNumber(std::string_view(text).substr(by + 1));
 }
 
-std::string kindOfName(std::string_view name) {
-  const auto stop = name.rfind('.');
-  return stop == std::string_view::npos ? std::string() : upper(name.substr(stop + 1));
-}
-
 Key keyOf(const Movie& clip, SortKey key, const Files& files, const std::function<double()>& random) {
   const auto name = upper(clip.MovieName());
   const auto facts = [&] { return files.facts(clipFile(clip)).value_or(FileFacts{}); };
@@ -53,7 +49,7 @@ Key keyOf(const Movie& clip, SortKey key, const Files& files, const std::functio
     case SortKey::FileDate:
       return {static_cast<double>(facts().changed), name};
     case SortKey::FileType:
-      return {0, kindOfName(clip.MovieName()) + name};
+      return {0, wholeExtension(clip.MovieName()) + name};
     case SortKey::FileSize:
       return {clip.Size().empty() ? static_cast<double>(facts().size) : ToNumber(clip.Size()), name};
     case SortKey::ClipDur:

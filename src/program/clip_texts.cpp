@@ -26,9 +26,8 @@ bool hasPicture(const Movie& clip) { return resolutionText(clip).find(" × ") !=
 
 std::string formatText(const Movie& clip) {
   auto text = resolutionText(clip);
-  const auto stop = clip.MovieName().rfind('.');
-  if (stop == std::string::npos || isAddress(clip.MovieName())) return text;
-  return text.append(text.empty() ? "" : " - ").append(upper(clip.MovieName().substr(stop + 1)));
+  const auto kind = isAddress(clip.MovieName()) ? std::string() : wholeExtension(clip.MovieName());
+  return kind.empty() ? text : text.append(text.empty() ? "" : " - ").append(kind);
 }
 
 double rateOf(const Movie& clip) {

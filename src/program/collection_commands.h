@@ -46,6 +46,9 @@ class CollectionCommands {
   /// program cannot go on; the user has been told.
   bool openFirst(const std::string& path);
 
+  /// The full path of the open collection.
+  [[nodiscard]] const std::string& path() const { return collection_.IniFullPath; }
+
   /// Begins an empty collection, "Untitled". False when the user took it back.
   bool New();
 

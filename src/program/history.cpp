@@ -43,7 +43,7 @@ std::vector<int> keyframesOf(const Collection& collection, const std::vector<int
 
 std::size_t recordsKept(const std::deque<ListStep>& steps) {
   return std::accumulate(steps.begin(), steps.end(), std::size_t{0}, [](std::size_t sum, const auto& step) {
-    return sum + step.come.size() + step.values.size();
+    return sum + step.come.size() + step.keyframesCome.size() + step.values.size();
   });
 }
 

@@ -1,22 +1,12 @@
 #include "program/intro.h"
 
 #include "base/paths.h"
-#include "base/text.h"
-
-#include <algorithm>
-#include <array>
+#include "core/records/media_kinds.h"
 
 namespace kvo {
 namespace {
 
 constexpr int kIntroInterval = 350;  // milliseconds
-constexpr std::array<std::string_view, 8> kSoundKinds = {"CDA", "MP2", "MP3", "WAV",
-                                                         "WMA", "WAX", "AU",  "MID"};
-
-bool isSound(const Movie& clip) {
-  const auto kind = extensionOf(clip.MovieName());
-  return std::find(kSoundKinds.begin(), kSoundKinds.end(), kind) != kSoundKinds.end();
-}
 
 }  // namespace
 
@@ -41,7 +31,6 @@ void Intro::showFirstClip() {
   parts_.settings.state.ShowFillist = true;
   parts_.settings.state.AllDetOff = false;
   startingUp_ = false;
-  parts_.window.menu.mnu_Remote = true;
   parts_.window.face.controlsEnabled = true;
   parts_.list.show();
   const int count = parts_.collection.MovieList.count();
@@ -67,7 +56,8 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
     }
   }
   const auto& clips = parts_.collection.MovieList;
-  if (!added || clips.empty() || (isNamed_ && isSound(clips[clips.count()]))) return showFirstClip();
+  if (!added || clips.empty() || (isNamed_ && isSoundByName(clips[clips.count()].MovieName())))
+    return showFirstClip();
   introRunning_ = !clips[clips.count()].IsStill();  // a still has no end to wait for
   introEnder_->start(kIntroInterval);
 }

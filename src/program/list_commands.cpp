@@ -98,7 +98,11 @@ void ListCommands::sort(SortKey key) {
 }
 
 void ListCommands::beginRename() {
-  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) { window_.list.rename = true; });
+  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) {
+    if (window_.mode.IsMiniMode) return;
+    if (!window_.mode.panels.Fillist.visible) showList_();
+    window_.list.rename = true;
+  });
 }
 
 void ListCommands::rename(std::string_view name) {

@@ -11,6 +11,7 @@
 #include <functional>
 #include <random>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -60,8 +61,10 @@ class ListCommands {
 
   // For the clip in hand.
 
-  /// Has the window edit the name in its row.
+  /// Has the window edit the name in its row; nothing in Free Zoom, which has no list.
   void beginRename();
+  /// What brings the list in sight for it.
+  void whenUnseen(std::function<void()> work) { showList_ = std::move(work); }
   /// Gives it another name in the list; an empty one takes it away again, when the user says so in a box.
   void rename(std::string_view name);
 
@@ -93,6 +96,7 @@ class ListCommands {
   const KVO2& settings_;
   Collection& collection_;
   MainWindowState& window_;
+  std::function<void()> showList_ = [] {};
   std::mt19937 shuffle_{std::random_device{}()};
 };
 

@@ -3,6 +3,8 @@
 #include "base/text.h"
 #include "core/telling/messages.h"
 
+#include <algorithm>
+
 namespace kvo {
 namespace {
 
@@ -59,6 +61,7 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
       command.clips.push_back(path);
     }
   }
+  std::sort(command.clips.begin(), command.clips.end(), naturalLess);  // a file manager has no order
   take(command, before);
 }
 

@@ -21,7 +21,8 @@ class Mailbox {
   void close() { timer6_->stop(); }
 
   /// Files that the user drops or chooses: a collection takes the place of the one that is open, unsaved
-  /// changes being asked about; everything else is added, ahead of clip `before` or, for 0, at the end.
+  /// changes being asked about; everything else is added in the order of names, ahead of clip `before` or,
+  /// for 0, at the end.
   void takeFiles(const std::vector<std::string>& paths, int before = 0);
 
  private:

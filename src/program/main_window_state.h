@@ -92,11 +92,6 @@ struct MenuState {
   bool mnu_LoopCol = false;
   bool mnu_Looping = false;
   bool mnu_RewAtEnd = false;
-  bool mnu_DefaultZoom100 = false;
-  bool mnu_SliderPause = false;
-  bool mnu_ShowWavWithVideo = false;
-  bool mnu_SldNormal = false;  ///< else the fast slider entry is ticked
-  bool mnu_Remote = false;
   bool clipsEnabled = false;  ///< the commands that need a clip
   bool operator==(const MenuState&) const = default;
 };

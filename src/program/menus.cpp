@@ -52,22 +52,26 @@ std::string asCaption(std::string_view name) { return replaced(name, "&", "&&");
 
 }  // namespace
 
+// A shortcut does not wait for the disk.
 void MainMenu::choose(MenuId id) {
-  const auto menu = windowMenu();
+  const bool isFile = id.command == MenuCommand::Recent || id.command == MenuCommand::Skin;
+  const auto menu = windowMenu(isFile ? Files::With : Files::Without);
   const auto* chosen = id == MenuId{} ? nullptr : find(menu, id);
   if (chosen == nullptr || !chosen->enabled) return;
   if (chosen->takesPass) return chosen->act();
   if (const CommandPass pass(parts_.window); pass) chosen->act();
 }
 
-Entries MainMenu::windowMenu() {
-  Entries entries{addMedia(), submenu("&Collection", collectionEntries())};
+Entries MainMenu::windowMenu() { return windowMenu(Files::With); }
+
+Entries MainMenu::windowMenu(Files files) {
+  Entries entries{addMedia(), submenu("&Collection", collectionEntries(files))};
   addGroup(entries, historyEntries());
   addGroup(entries,
            {submenu("Cl&ip", clipEntries()), submenu("Sor&t by", sortMenu(), parts_.window.listKeys.SORT)});
   addGroup(entries, copyEntries());
   addGroup(entries, playEntries());
-  addGroup(entries, faceEntries());
+  addGroup(entries, faceEntries(files));
   addGroup(entries, {{{MenuCommand::Exit}, "E&xit", "Ctrl+Q", true, [this] { parts_.shutDown.exit(); }}});
   return entries;
 }
@@ -87,17 +91,18 @@ MenuEntry MainMenu::addMedia() {
           }};
 }
 
-Entries MainMenu::collectionEntries() {
+Entries MainMenu::collectionEntries(Files files) {
   auto& collections = parts_.collections;
   return {{{MenuCommand::New}, "&New", "Ctrl+N", true, [&] { collections.New(); }},
           {{MenuCommand::mnu_LoadShow}, "&Open...", "Ctrl+O", true, [&] { collections.Open(); }},
-          submenu("Open &Recent", recentEntries()),
+          submenu("Open &Recent", files == Files::With ? recentEntries() : Entries()),
           {{MenuCommand::mnu_SaveShow}, "&Save...", "Ctrl+S", true, [&] { collections.Save(); }}};
 }
 
 Entries MainMenu::recentEntries() {
   Entries entries;
   for (auto& path : parts_.recent.paths()) {
+    if (path == parts_.collections.path()) continue;  // it is open
     const auto place = static_cast<int>(entries.size());
     auto caption = "&" + std::to_string(place + 1) + " " + asCaption(fileNamePart(path));
     entries.push_back({.id = {MenuCommand::Recent, place},
@@ -174,22 +179,23 @@ Entries MainMenu::modeEntries() {
   auto& mode = parts_.window.mode;
   const bool clips = parts_.window.menu.clipsEnabled;
   Entries entries;
-  const auto door = [&](MenuCommand command, std::string_view caption, const std::function<void()>& act) {
-    if (act) entries.push_back({{command}, std::string("&").append(caption), "", clips, act, false});
+  const auto door = [&](MenuCommand command, std::string caption, const std::function<void()>& act,
+                        bool tick = false) {
+    if (act) entries.push_back(ticked(command, std::move(caption), tick, clips, act));
   };
   if (doors_.fullPicture) {
     entries.push_back(ticked(MenuCommand::mnu_DirXFullSC, "&Picture on Full Screen",
                              mode.ticks.mnu_DirXFullSC, mode.player.sourceWidth > 0, doors_.fullPicture));
     entries.back().shortcut = "Alt+Return";
   }
-  door(MenuCommand::FreeZoom, LoadResString(mode.IsMiniMode ? 213 : 214), doors_.freeZoom);
+  const auto numbered = [](int caption) { return std::string("&").append(LoadResString(caption)); };
+  door(MenuCommand::FreeZoom, numbered(214), doors_.freeZoom, mode.IsMiniMode);
   if (!mode.IsMiniMode) {
-    const int caption = parts_.settings.state.AllDetOff ? 265 : 264;
-    door(MenuCommand::MinimumDetails, LoadResString(caption), doors_.minimumDetails);
+    door(MenuCommand::MinimumDetails, numbered(parts_.settings.state.AllDetOff ? 265 : 264),
+         doors_.minimumDetails);
     return entries;
   }
-  door(MenuCommand::CoverScreen, mode.IsFullScreenWindow ? "Sizable Mode" : "Full Screen Mode",
-       doors_.coverScreen);
+  door(MenuCommand::CoverScreen, "F&ull Screen Mode", doors_.coverScreen, mode.IsFullScreenWindow);
   auto& ticks = mode.ticks;
   entries.push_back(ticked(MenuCommand::mnu_LockAspect, "Lock Aspect", ticks.mnu_LockAspect,
                            ticks.lockAndZoomEnabled, [&] { ticks.mnu_LockAspect = !ticks.mnu_LockAspect; }));
@@ -199,7 +205,7 @@ Entries MainMenu::modeEntries() {
     if (!doors_.zoom) continue;
     entries.push_back({.id = {MenuCommand::mnu_DirXZoom, percent},
                        .caption = "Zoom " + std::to_string(percent) + "%",
-                       .enabled = clips,
+                       .enabled = clips && !mode.IsFullScreenWindow,
                        .act = [this, at = percent] { doors_.zoom(at); },
                        .takesPass = false,
                        .mark = tick ? MenuMark::Dot : MenuMark::None});
@@ -207,7 +213,7 @@ Entries MainMenu::modeEntries() {
   return entries;
 }
 
-Entries MainMenu::faceEntries() {
+Entries MainMenu::faceEntries(Files files) {
   auto& face = parts_.window.face;
   auto entries = modeEntries();
   if (doors_.stayOnTop)
@@ -215,7 +221,7 @@ Entries MainMenu::faceEntries() {
       face.stayOnTop = !face.stayOnTop;
       doors_.stayOnTop();
     }));
-  entries.push_back(submenu("S&kin", skinEntries()));
+  entries.push_back(submenu("S&kin", files == Files::With ? skinEntries() : Entries()));
   if (doors_.interfaceSize) entries.push_back(submenu("Interface si&ze", sizeEntries()));
   return entries;
 }

@@ -112,14 +112,18 @@ class MainMenu {
   void choose(MenuId id);
 
  private:
+  // Whether the entries that are files are among them: those are asked of the disk.
+  enum class Files { Without, With };
+
+  std::vector<MenuEntry> windowMenu(Files files);
   MenuEntry addMedia();
-  std::vector<MenuEntry> collectionEntries();
+  std::vector<MenuEntry> collectionEntries(Files files);
   std::vector<MenuEntry> recentEntries();
   std::vector<MenuEntry> historyEntries();
   std::vector<MenuEntry> clipEntries();
   std::vector<MenuEntry> copyEntries();
   std::vector<MenuEntry> playEntries();
-  std::vector<MenuEntry> faceEntries();
+  std::vector<MenuEntry> faceEntries(Files files);
   std::vector<MenuEntry> modeEntries();
   std::vector<MenuEntry> skinEntries();
   std::vector<MenuEntry> sizeEntries();

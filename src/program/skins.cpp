@@ -110,11 +110,14 @@ bool Skins::skins(bool noDialog, bool stepButtons, const std::string& file, bool
 // What cannot be shown gives way to the default skin; where that cannot be shown either the window is bare.
 void Skins::paint(const std::string& path) {
   ++window_.skin.revision;
+  refusal_.clear();
   const auto isLoaded = [this](const std::string& file) {
     const auto loaded = ports_.pictures.load(file);
     window_.skin.picture = loaded ? file : "";
-    if (!loaded) ports_.log.LogError(loaded.error().text);
-    return loaded.ok();
+    if (loaded) return true;
+    ports_.log.LogError(loaded.error().text);
+    refusal_.append(refusal_.empty() ? "" : kCrLf).append(loaded.error().text);
+    return false;
   };
   if (isLoaded(path)) return;
   settings_.adjust().SkinPath = kDefaultSkin.name;
@@ -165,7 +168,13 @@ void Skins::choose(int place) {
   const CommandPass pass(window_);
   if (!pass || place < 0) return;
   const auto at = static_cast<std::size_t>(place);
+  refusal_.clear();
   at < std::size(kStock) ? takeStock(kStock[at]) : askForPicture();
+  if (refusal_.empty()) return;
+  auto text = refusal_;
+  if (!window_.skin.picture.empty()) text.append(kCrLf).append("The default skin takes its place.");
+  ports_.boxes.show(
+      {std::string(kProductName) + " - Change Skin", std::move(text), BoxButtons::Ok, BoxIcon::Warning});
 }
 
 void Skins::takeStock(const StockSkin& skin) {

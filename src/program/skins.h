@@ -5,6 +5,7 @@
 #include "core/telling/error_log.h"
 #include "ports/event_loop.h"
 #include "ports/file_dialogs.h"
+#include "ports/message_boxes.h"
 #include "ports/skin_pictures.h"
 #include "program/main_window_state.h"
 
@@ -48,6 +49,7 @@ class Skins {
  public:
   struct Ports {
     FileDialogs& dialogs;
+    MessageBoxes& boxes;
     EventLoop& loop;
     SkinPictures& pictures;
     ErrorLog& log;
@@ -70,8 +72,8 @@ class Skins {
   /// The skins that come with the program, and as the last one the command that asks for a picture.
   [[nodiscard]] std::vector<SkinEntry> menu() const;
 
-  /// What the line `place` of the menu, from 0, stands for. Nothing happens where the picture is missing, and
-  /// while another command is under way.
+  /// What the line `place` of the menu, from 0, stands for. A picture that cannot be shown is told in a box.
+  /// Nothing happens where a picture of the program's own is missing, and while another command is under way.
   void choose(int place);
 
   /// Gives the window the outline of the mask picture; where that is none, which is told in the log, the
@@ -100,6 +102,7 @@ class Skins {
   SkinCalls& calls_;
   KVO2& settings_;
   MainWindowState& window_;
+  std::string refusal_;  // why the last picture could not be shown; empty where it could
 };
 
 /// A colour by its text in the settings, a number or "&H00FF0000&"; kDefaultColor where it is none.

@@ -41,7 +41,6 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
   parts_.settings.user.attach(&parts_.store);
   if (!parts_.commands.openFirst(command.collection)) return StartEnd::Failed;
   deleteWorkFiles(parts_.files, parts_.folder);
-  askAboutUpgrades();
   parts_.store.write("InstallDir", quoted(parts_.folder.path()));
   checkScreen();
   loadWindow();
@@ -56,11 +55,15 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
   }
   parts_.window.face.visible = true;
   mailbox_.open(workingFolder);
+  return StartEnd::Run;
+}
+
+void StartUp::tell() {
   if (parts_.collection.filesMissing) {
     parts_.boxes.show(
         {std::string(LoadResString(343)), std::string(LoadResString(342)), BoxButtons::Ok, BoxIcon::Warning});
   }
-  return StartEnd::Run;
+  askAboutUpgrades();
 }
 
 void StartUp::askAboutUpgrades() {
@@ -142,13 +145,12 @@ void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& win
     return whole;
   };
   settings.user.ShowWavWithVideo = flag("ShowWavWithVideo");
-  settings.user.DefaultZoom100 = window.menu.mnu_DefaultZoom100 = flag("DefaultZoom100");
+  settings.user.DefaultZoom100 = flag("DefaultZoom100");
   settings.user.LoopPreviews = window.menu.mnu_Looping = flag("LoopPreviews");
   settings.user.LoopCol = window.menu.mnu_LoopCol = flag("LoopCol");
   settings.user.RewAtEnd = window.menu.mnu_RewAtEnd = flag("RewAtEnd");
-  settings.user.SliderPauseOnRepo = window.menu.mnu_SliderPause = flag("SliderPauseOnRepo");
+  settings.user.SliderPauseOnRepo = flag("SliderPauseOnRepo");
   settings.user.SliderSpeed = number("SliderSpeed", "500");
-  window.menu.mnu_SldNormal = settings.user.SliderSpeed == 500;
   settings.user.StillDelayTimer = number("StillDelayTimer", "7");
 }
 

@@ -24,6 +24,9 @@ class StartUp {
   /// Everything from the command line to the first clip. `workingFolder` is where its file names begin.
   StartEnd run(const std::vector<std::string>& arguments, const std::string& workingFolder);
 
+  /// What is to be told and asked once the window is seen: files that are missing, upgrades.
+  void tell();
+
  private:
   void loadWindow();
   void askAboutUpgrades();

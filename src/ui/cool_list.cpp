@@ -1,7 +1,6 @@
 #include "ui/cool_list.h"
 
-#include "base/text.h"
-
+#include <QString>
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +12,10 @@ using std::chrono::milliseconds;
 constexpr milliseconds kSlowestStep{500};
 constexpr milliseconds kFasterByPixel{20};
 constexpr milliseconds kFastestStep{40};
+
+QString folded(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toCaseFolded();
+}
 
 Error noItem(int index, int count) {
   return {"there is no item " + std::to_string(index) + " in a list of " + std::to_string(count)};
@@ -137,10 +140,10 @@ void CoolList::Order() {
 
 Result<int> CoolList::FindFirst(std::string_view text, int start, bool fromStart) const {
   if (!has(start)) return noItem(start, ListCount());
-  const auto wanted = lower(text);
+  const auto wanted = folded(text);
   for (int i = start; i < ListCount(); ++i) {
-    const auto shown = lower(item(i).ItemText);
-    if (fromStart ? shown.starts_with(wanted) : shown.find(wanted, 1) != std::string::npos) return i;
+    const auto shown = folded(item(i).ItemText);
+    if (fromStart ? shown.startsWith(wanted) : shown.indexOf(wanted, 1) >= 0) return i;
   }
   return -1;
 }

@@ -108,7 +108,7 @@ class CoolList {
   /// Sorts by the bytes of the texts; afterwards nothing is selected and the first rows are in view.
   void Order();
   /// The first item from `start` on whose text begins with `text` or, without `fromStart`, has it behind its
-  /// first character; -1 for none. ASCII letters of either case are the same. Fails in an empty list too.
+  /// first character; -1 for none. Letters of either case are the same. Fails in an empty list too.
   [[nodiscard]] Result<int> FindFirst(std::string_view text, int start, bool fromStart) const;
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(items_.size()); }

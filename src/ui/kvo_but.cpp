@@ -77,7 +77,11 @@ void KVOBut::paintEvent(QPaintEvent* /*event*/) {
   if (!hasPictures()) return drawKey(painter);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   if (!isEnabled()) painter.setOpacity(kDisabledOpacity);
-  painter.drawPixmap(rect(), pictures_[isDown() ? Pressed : isEnabled() && underMouse() ? Hover : Rest]);
+  const auto& picture = pictures_[isDown() ? Pressed : isEnabled() && underMouse() ? Hover : Rest];
+  // In the middle of what takes the mouse.
+  const auto size = pictures_[Rest].deviceIndependentSize().toSize();
+  painter.drawPixmap(QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size),
+                     picture);
 }
 
 void KVOBut::drawKey(QPainter& painter) const {

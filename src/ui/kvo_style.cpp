@@ -47,8 +47,13 @@ bool isRound(const QWidget* frame) {
   return widget != nullptr && widget->property("ringRound").toBool();
 }
 
+// Of a key at the window's edge the ring comes closer, so that it is whole.
+QRectF inWindow(const QWidget& frame, const QRectF& ring) {
+  return ring & QRectF(frame.window()->rect().translated(-frame.mapTo(frame.window(), QPoint())));
+}
+
 void drawTick(QPainter& painter, const QRectF& mark, const QColor& colour) {
-  painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(colour, themed(2), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
   const auto at = [&](double x, double y) {
     return mark.topLeft() + QPointF(x * mark.width(), y * mark.height()) / kMark;
@@ -59,7 +64,7 @@ void drawTick(QPainter& painter, const QRectF& mark, const QColor& colour) {
 void drawDot(QPainter& painter, const QPointF& centre, const QColor& colour) {
   painter.setPen(Qt::NoPen);
   painter.setBrush(colour);
-  painter.drawEllipse(centre, 4, 4);
+  painter.drawEllipse(centre, themed(4), themed(4));
 }
 
 QColor rimOf(const QStyleOption& option) {
@@ -72,7 +77,7 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
   const Painting kept(painter);
   painter.setPen(rimOf(option));
   painter.setBrush(toColour(isOn(option) && isEnabled(option) ? token("teal") : token("ink0")));
-  painter.drawRoundedRect(onPixels(option.rect), 4, 4);
+  painter.drawRoundedRect(onPixels(option.rect), themed(4), themed(4));
   if (isOn(option)) {
     drawTick(painter, option.rect, toColour(isEnabled(option) ? token("onTeal") : token("textOff")));
   }
@@ -95,9 +100,10 @@ void drawHandle(QPainter& painter, const QRectF& handle, bool enabled) {
   body.setColorAt(1, toColour(token("handleFoot")));
   painter.setPen(Qt::NoPen);
   painter.setBrush(enabled ? QBrush(body) : QBrush(toColour(token("ink4"))));
-  painter.drawRoundedRect(handle, 4, 4);
+  painter.drawRoundedRect(handle, themed(4), themed(4));
   painter.setBrush(toColour(token("handleLine")));
-  painter.drawRect(QRectF(handle.center().x() - 0.5, handle.y() + 4, 1, 8));
+  painter.drawRect(
+      QRectF(handle.center().x() - themed(1) / 2.0, handle.y() + themed(4), themed(1), themed(8)));
 }
 
 void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRectF& handleCell) {
@@ -105,11 +111,13 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect
   const bool lies = option.orientation == Qt::Horizontal;
   const QRectF all = option.rect;
   const QPointF centre = handleCell.center();
-  QRectF slot(all.x() + 2, all.center().y() - kSlot / 2.0, all.width() - 4, kSlot);
-  if (!lies) slot = QRectF(all.center().x() - kSlot / 2.0, all.y() + 2, kSlot, all.height() - 4);
+  const double wide = themed(kSlot);
+  const double round = wide / 2;
+  QRectF slot(all.x() + round, all.center().y() - round, all.width() - wide, wide);
+  if (!lies) slot = QRectF(all.center().x() - round, all.y() + round, wide, all.height() - wide);
   painter.setPen(Qt::NoPen);
   painter.setBrush(toColour(token("void")));
-  painter.drawRoundedRect(slot, 2, 2);
+  painter.drawRoundedRect(slot, round, round);
   // The part from the least value to the handle; `upsideDown` tells at which end that is.
   if (lies) {
     option.upsideDown ? slot.setLeft(centre.x()) : slot.setRight(centre.x());
@@ -117,21 +125,24 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect
     option.upsideDown ? slot.setTop(centre.y()) : slot.setBottom(centre.y());
   }
   painter.setBrush(toColour(isEnabled(option) ? token("teal") : token("line2")));
-  painter.drawRoundedRect(slot, 2, 2);
-  const QRectF handle(centre - QPointF(kHandle / 2.0, kMark / 2.0), QSizeF(kHandle, kMark));
+  painter.drawRoundedRect(slot, round, round);
+  const QSizeF size(themed(kHandle), themed(kMark));
+  const QRectF handle(centre - QPointF(size.width() / 2, size.height() / 2), size);
   drawHandle(painter, handle, isEnabled(option));
-  if (hasKeyboard(option)) drawFocusRing(painter, handle.adjusted(-4, -4, 4, 4), 7);
+  const int room = themed(kRoom);
+  if (hasKeyboard(option)) drawFocusRing(painter, handle.adjusted(-room, -room, room, room), themed(7));
 }
 
 }  // namespace
 
 void drawFocusRing(QPainter& painter, const QRectF& outer, double radius) {
   const Painting kept(painter);
-  const auto line = outer.adjusted(1, 1, -1, -1);
+  const double half = themed(2) / 2.0;
+  const auto line = outer.adjusted(half, half, -half, -half);
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(toColour(token("void")), 4));
+  painter.setPen(QPen(toColour(token("void")), themed(4)));
   painter.drawRoundedRect(line, radius, radius);
-  painter.setPen(QPen(toColour(token("focus")), 2));
+  painter.setPen(QPen(toColour(token("focus")), themed(2)));
   painter.drawRoundedRect(line, radius, radius);
 }
 
@@ -141,26 +152,28 @@ int KvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
-      return kMark;
+      return themed(kMark);
     case PM_MenuHMargin:
-      return kMenuMarginH;
+      return themed(kMenuMarginH);
     case PM_MenuVMargin:
-      return kMenuMarginV;
+      return themed(kMenuMarginV);
     case PM_MenuPanelWidth:
       return 0;
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
-      return 8;
+      return themed(8);
     case PM_SliderThickness:
     case PM_SliderControlThickness:
-      return kLeastHit;
+      return themed(kLeastHit);
     case PM_SliderLength:
-      return kHandle + 2 * kRoom;
+      return themed(kHandle + 2 * kRoom);
     case PM_FocusFrameHMargin:
     case PM_FocusFrameVMargin:
-      return kRingRoom;
-    default:
-      return QProxyStyle::pixelMetric(metric, option, widget);
+      return themed(kRingRoom);
+    default: {
+      const int pixels = QProxyStyle::pixelMetric(metric, option, widget);
+      return pixels > 1 ? themed(pixels) : pixels;  // -1 stands for what is not limited
+    }
   }
 }
 
@@ -183,11 +196,11 @@ QRect KvoStyle::subElementRect(SubElement element, const QStyleOption* option, c
   switch (element) {
     case SE_CheckBoxIndicator:
     case SE_RadioButtonIndicator:
-      return rect.translated(option->direction == Qt::RightToLeft ? -kRoom : kRoom, 0);
+      return rect.translated(option->direction == Qt::RightToLeft ? -themed(kRoom) : themed(kRoom), 0);
     case SE_CheckBoxContents:
     case SE_RadioButtonContents:
-      return option->direction == Qt::RightToLeft ? rect.adjusted(0, 0, -kRoom, 0)
-                                                  : rect.adjusted(kRoom, 0, 0, 0);
+      return option->direction == Qt::RightToLeft ? rect.adjusted(0, 0, -themed(kRoom), 0)
+                                                  : rect.adjusted(themed(kRoom), 0, 0, 0);
     default:
       return rect;
   }
@@ -199,8 +212,8 @@ QSize KvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
   if (type == CT_MenuItem && row != nullptr) return menuRowSize(*row, contents);
   auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type == CT_CheckBox || type == CT_RadioButton) {
-    size.rwidth() += kRoom;
-    size.setHeight(std::max(size.height(), kLeastHit));
+    size.rwidth() += themed(kRoom);
+    size.setHeight(std::max(size.height(), themed(kLeastHit)));
   }
   return size;
 }
@@ -219,7 +232,8 @@ void KvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     case PE_FrameFocusRect:
       // Of a tab, by the line of its text. All others have a ring about them or about their mark.
       if (hasKeyboard(*option) && qobject_cast<const QTabBar*>(widget) != nullptr) {
-        drawFocusRing(*painter, QRectF(option->rect).adjusted(-8, -7, 8, 7), 6);
+        drawFocusRing(*painter, QRectF(option->rect).adjusted(-themed(8), -themed(7), themed(8), themed(7)),
+                      themed(6));
       }
       return;
     default:
@@ -233,8 +247,9 @@ void KvoStyle::drawMarked(const QStyleOptionButton& option, QPainter& painter, c
   part.rect = subElementRect(isBox ? SE_CheckBoxIndicator : SE_RadioButtonIndicator, &option, widget);
   drawPrimitive(isBox ? PE_IndicatorCheckBox : PE_IndicatorRadioButton, &part, &painter, widget);
   if (hasKeyboard(option)) {
-    const auto outer = QRectF(part.rect).adjusted(-kRoom, -kRoom, kRoom, kRoom);
-    drawFocusRing(painter, outer, isBox ? 7 : outer.width() / 2 - 1);
+    const int room = themed(kRoom);
+    const auto outer = QRectF(part.rect).adjusted(-room, -room, room, room);
+    drawFocusRing(painter, outer, isBox ? themed(7) : outer.width() / 2 - 1);
   }
   part.rect = subElementRect(isBox ? SE_CheckBoxContents : SE_RadioButtonContents, &option, widget);
   QProxyStyle::drawControl(isBox ? CE_CheckBoxLabel : CE_RadioButtonLabel, &part, &painter, widget);
@@ -243,9 +258,10 @@ void KvoStyle::drawMarked(const QStyleOptionButton& option, QPainter& painter, c
 void KvoStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const {
   if (element == CE_FocusFrame) {
-    const auto inset = ringInset(widget) + QPoint(1, 1);
-    const auto outer = QRectF(option->rect).adjusted(inset.x(), inset.y(), -inset.x(), -inset.y());
-    return drawFocusRing(*painter, outer, isRound(widget) ? outer.width() / 2 - 1 : kRingRadius);
+    const auto inset = ringInset(widget) + QPoint(themed(1), themed(1));
+    const auto outer =
+        inWindow(*widget, QRectF(option->rect).adjusted(inset.x(), inset.y(), -inset.x(), -inset.y()));
+    return drawFocusRing(*painter, outer, isRound(widget) ? outer.width() / 2 - 1 : themed(kRingRadius));
   }
   const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
   if (row != nullptr && element == CE_MenuItem) return drawMenuRow(*painter, *row);

@@ -9,15 +9,18 @@
 #include <QLabel>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 namespace kvo {
 namespace {
 
-constexpr int kCardWidth = 470;
+constexpr int kCardWidth = 470;  // pixels at size 1, as all of these
+constexpr int kCardRadius = 12;
 constexpr int kEdge = 5;
 constexpr int kHead = 42;  // height of the caption with the line below it
 constexpr int kBodyLeft = 24;
@@ -26,6 +29,7 @@ constexpr int kDisc = 38;
 constexpr int kBesideDisc = 17;
 constexpr int kTextWidth = kCardWidth - kBodyLeft - kDisc - kBesideDisc - kBodyRight;
 constexpr int kMostTextHeight = 420;  // what is longer scrolls: the card fits a screen of 768 pixels
+constexpr int kAroundText = 180;      // height of the rest, with the shadow
 constexpr int kLeastKeyWidth = 80;
 constexpr int kFootKeyHeight = 30;
 constexpr int kLineHeight = 20;
@@ -67,8 +71,9 @@ void drawOctagon(QPainter& painter, const QPointF& centre, Rgb ink) {
 }
 
 QPixmap disc(const Sign& sign, double pixelRatio) {
-  QPixmap picture(QSize(kDisc, kDisc) * pixelRatio);
-  picture.setDevicePixelRatio(pixelRatio);
+  const double scale = pixelRatio * themeSize();
+  QPixmap picture(QSize(kDisc, kDisc) * scale);
+  picture.setDevicePixelRatio(scale);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -80,9 +85,10 @@ QPixmap disc(const Sign& sign, double pixelRatio) {
     drawOctagon(painter, {kDisc / 2.0, kDisc / 2.0}, sign.ink);
   } else {
     constexpr int kSide = 22;
-    painter.drawPixmap((kDisc - kSide) / 2, (kDisc - kSide) / 2,
-                       iconPicture(icon, sign.ink, kSide, pixelRatio));
+    painter.drawPixmap((kDisc - kSide) / 2, (kDisc - kSide) / 2, iconPicture(icon, sign.ink, kSide, scale));
   }
+  painter.end();
+  picture.setDevicePixelRatio(pixelRatio);
   return picture;
 }
 
@@ -105,13 +111,13 @@ QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
   const auto html = QString("<p style=\"margin: 0; white-space: pre-wrap; line-height: %1px\">%2</p>");
   auto held = text;
   held.replace(" ?", QString(QChar::Nbsp) + '?');  // no line begins with it
-  auto* line = made<QLabel>(html.arg(kLineHeight).arg(breakable(held).toHtmlEscaped()), parent);
+  auto* line = made<QLabel>(html.arg(themed(kLineHeight)).arg(breakable(held).toHtmlEscaped()), parent);
   line->setAccessibleName(text);
   line->setTextFormat(Qt::RichText);
   line->setTextInteractionFlags(Qt::NoTextInteraction);  // the pointer moves the window
   line->setWordWrap(true);
-  line->setMinimumHeight(kLineHeight);
-  line->setStyleSheet(QString("font-size: %1px; color: %2").arg(pixels).arg(toColour(colour).name()));
+  line->setMinimumHeight(themed(kLineHeight));
+  line->setStyleSheet(QString("font-size: %1px; color: %2").arg(themed(pixels)).arg(toColour(colour).name()));
   return line;
 }
 
@@ -119,30 +125,31 @@ QLabel* label(const QString& text, int pixels, Rgb colour, QWidget* parent) {
 
 MessageCard::MessageCard(const MessageFace& face, QWidget* parent)
     : QFrame(parent), sign_(face.sign), closeKey_(made<QToolButton>(this)) {
-  setFixedWidth(kCardWidth);
+  setFixedWidth(themed(kCardWidth));
   auto* column = made<QVBoxLayout>(this);
-  column->setContentsMargins(kBodyLeft, 0, kBodyRight, 18);
+  column->setContentsMargins(themed(kBodyLeft), 0, themed(kBodyRight), themed(18));
   column->setSpacing(0);
   auto* caption = made<QLabel>(face.caption, this);
   caption->setTextFormat(Qt::PlainText);
-  caption->setStyleSheet("font-size: 13px; font-weight: 600");
-  caption->setFixedHeight(kHead);
+  caption->setStyleSheet(QString("font-size: %1px; font-weight: 600").arg(themed(13)));
+  caption->setFixedHeight(themed(kHead));
   column->addWidget(caption);
-  column->addSpacing(15);
+  column->addSpacing(themed(15));
   auto* body = made<QHBoxLayout>();
-  body->setSpacing(kBesideDisc);
+  body->setSpacing(themed(kBesideDisc));
   auto* sign = made<QLabel>(this);
   sign->setPixmap(disc(signOf(face.sign), devicePixelRatio()));
   sign->setAccessibleName(signOf(face.sign).name);
   body->addWidget(sign, 0, Qt::AlignTop);
   body->addWidget(makeText(face), 1);
   column->addLayout(body);
-  column->addSpacing(16);
+  column->addSpacing(themed(16));
   column->addLayout(makeFoot(face));
   closeKey_->setProperty("kind", "quiet");
-  closeKey_->setIcon(QIcon(iconPicture("close", token("text3"), 14, devicePixelRatio())));
+  closeKey_->setIcon(QIcon(iconPicture("close", token("text3"), themed(14), devicePixelRatio())));
   closeKey_->setAccessibleName(tr("Close"));
-  closeKey_->setGeometry(kCardWidth - 35, 9, 24, 24);
+  closeKey_->setIconSize(QSize(themed(14), themed(14)));
+  closeKey_->setGeometry(themed(kCardWidth - 35), themed(9), themed(24), themed(24));
 }
 
 QWidget* MessageCard::makeText(const MessageFace& face) {
@@ -153,7 +160,9 @@ QWidget* MessageCard::makeText(const MessageFace& face) {
   for (const auto& line : face.lines) lines->addWidget(label(line, 13, token("text1"), text));
   if (!face.prompt.isEmpty()) lines->addWidget(label(face.prompt, 12, token("text3"), text));
   lines->addStretch();
-  if (lines->heightForWidth(kTextWidth) <= kMostTextHeight) {
+  const int most =
+      std::min(themed(kMostTextHeight), screen()->availableSize().height() - themed(kAroundText));
+  if (lines->heightForWidth(themed(kTextWidth)) <= most) {
     text->setParent(this);
     return text;
   }
@@ -162,7 +171,7 @@ QWidget* MessageCard::makeText(const MessageFace& face) {
   scrolled->setWidgetResizable(true);
   scrolled->setFrameShape(QFrame::NoFrame);
   scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scrolled->setFixedHeight(kMostTextHeight);
+  scrolled->setFixedHeight(most);
   scrolled->setAccessibleName(face.lines.join(' '));
   scrolled->setStyleSheet("QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }");
   return scrolled;
@@ -170,10 +179,10 @@ QWidget* MessageCard::makeText(const MessageFace& face) {
 
 QLayout* MessageCard::makeFoot(const MessageFace& face) {
   auto* foot = made<QHBoxLayout>();
-  foot->setSpacing(12);
+  foot->setSpacing(themed(12));
   if (!face.neverAgain.isEmpty()) {
     neverAgain_ = made<QCheckBox>(face.neverAgain, this);
-    foot->addSpacing(-kMarkRoom);  // its mark begins where the text above does
+    foot->addSpacing(-themed(kMarkRoom));  // its mark begins where the text above does
     foot->addWidget(neverAgain_);
   }
   countdown_ = made<QLabel>(this);
@@ -182,14 +191,16 @@ QLayout* MessageCard::makeFoot(const MessageFace& face) {
   foot->addStretch();
   for (const auto& text : face.keys) {
     auto* key = made<QPushButton>(text, this);
-    key->setMinimumWidth(kLeastKeyWidth);
-    key->setFixedHeight(kFootKeyHeight);
+    key->setMinimumWidth(themed(kLeastKeyWidth));
+    key->setFixedHeight(themed(kFootKeyHeight));
     if (keys_.empty()) key->setProperty("kind", "primary");
     foot->addWidget(key);
     keys_.push_back(key);
   }
   return foot;
 }
+
+int MessageCard::radius() { return themed(kCardRadius); }
 
 void MessageCard::setCountdown(const QString& text) {
   if (countdown_->text() != text) countdown_->setText(text);
@@ -199,12 +210,12 @@ void MessageCard::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   QPainterPath body;
-  body.addRoundedRect(onPixels(rect()), kRadius - 0.5, kRadius - 0.5);
+  body.addRoundedRect(onPixels(rect()), radius() - 0.5, radius() - 0.5);
   painter.fillPath(body, toColour(token("ink2")));
   painter.setClipPath(body);
-  painter.fillRect(0, 0, kEdge, height(), toColour(signOf(sign_).ink));
+  painter.fillRect(0, 0, themed(kEdge), height(), toColour(signOf(sign_).ink));
   painter.setClipping(false);
-  painter.fillRect(16, kHead - 1, width() - 32, 1, toColour(token("line1")));
+  painter.fillRect(themed(16), themed(kHead) - 1, width() - themed(32), themed(1), toColour(token("line1")));
   painter.setPen(toColour(token("tipRim")));
   painter.setBrush(Qt::NoBrush);
   painter.drawPath(body);

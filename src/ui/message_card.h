@@ -26,11 +26,11 @@ struct MessageFace {
 
 class MessageCard : public QFrame {
  public:
-  static constexpr int kRadius = 12;  // of its corners, pixels
-
   explicit MessageCard(const MessageFace& face, QWidget* parent = nullptr);
 
   [[nodiscard]] const std::vector<QPushButton*>& keys() const { return keys_; }
+  /// Of its corners, in pixels.
+  static int radius();
   /// The cross in the corner.
   [[nodiscard]] QToolButton* closeKey() const { return closeKey_; }
   /// Null without one.

@@ -37,7 +37,9 @@ std::optional<std::string> SkinFace::find(const std::string& path) const {
 }
 
 Outcome SkinFace::load(const std::string& path) {
-  auto picture = loadPicture(reading_, pictureFile(path, size_.scale()).path, size_.device());
+  const bool isShipped = !shipped_.empty() && path.starts_with(withSeparator(shipped_));
+  const auto file = isShipped ? pictureFile(path, size_.scale()).path : nameInAnyCase(path);
+  auto picture = loadPicture(reading_, file, size_.device());
   if (!picture) return picture.error();
   img_Strecher_ = std::move(*picture);
   path_ = path;

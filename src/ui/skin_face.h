@@ -12,6 +12,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 class QPainter;
 
@@ -21,8 +22,9 @@ class KVOBut;
 
 class SkinFace : public SkinPictures {
  public:
-  SkinFace(const PictureReading& reading, const FaceSize& size)
-      : reading_(reading), size_(size), outline_(reading) {}
+  /// Pictures below the folder `shipped` may be there for several interface sizes; a user's is one alone.
+  SkinFace(const PictureReading& reading, const FaceSize& size, std::string shipped = {})
+      : reading_(reading), size_(size), shipped_(std::move(shipped)), outline_(reading) {}
 
   /// The window's size from now on. The picture is read anew for it when it is next painted, the outline at
   /// once.
@@ -45,6 +47,7 @@ class SkinFace : public SkinPictures {
 
   PictureReading reading_;
   FaceSize size_;
+  std::string shipped_;
   SkinOutline outline_;
   QImage img_Strecher_;  // what has been read and not been painted yet, in device pixels
   QPixmap face_;         // the whole ground of the window, with the picture of the file at path_

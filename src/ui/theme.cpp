@@ -7,7 +7,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgRenderer>
+#include <QtMath>
 #include <algorithm>
 #include <array>
 
@@ -19,6 +21,11 @@ namespace {
 
 constexpr int kIconSide = 16;
 constexpr std::array kIconRatios = {1.0, 1.25, 1.5, 2.0};
+
+constexpr const char* kSizeProperty = "themeSize";  // of the application
+constexpr int kBodyText = 12;                       // pixels
+
+int atSize(double pixels, double size) { return pixels <= 1 ? qFloor(pixels * size) : qRound(pixels * size); }
 
 QByteArray resource(const QString& path) {
   carryResources();
@@ -53,7 +60,7 @@ QPalette themePalette() {
   return palette;
 }
 
-QString themeSheet() {
+QString themeSheet(double size) {
   auto sheet = QString::fromUtf8(resource(":/theme/kvo5.qss"));
   auto tokens = kTokens;  // of two names that begin alike the longer goes first
   std::sort(tokens.begin(), tokens.end(),
@@ -62,7 +69,16 @@ QString themeSheet() {
     sheet.replace("@" + QLatin1String(name.data(), static_cast<qsizetype>(name.size())),
                   toColour(rgb).name());
   }
-  return sheet;
+  static const QRegularExpression lengths("([0-9.]+)px");
+  QString sized;
+  qsizetype from = 0;
+  for (auto found = lengths.globalMatch(sheet); found.hasNext();) {
+    const auto length = found.next();
+    sized += sheet.mid(from, length.capturedStart() - from);
+    sized += QString("%1px").arg(atSize(length.captured(1).toDouble(), size));
+    from = length.capturedEnd();
+  }
+  return sized + sheet.mid(from);
 }
 
 QFont numberFont(double pixels) {
@@ -104,13 +120,25 @@ QIcon themeIcon(const QString& name) {
 void applyTheme(QApplication& application) {
   QApplication::setStyle(made<KvoStyle>());
   QApplication::setPalette(themePalette());
-  QFont font;
-  font.setFamilies({"Inter", "Noto Sans", "DejaVu Sans"});
-  font.setPixelSize(12);
-  QApplication::setFont(font);
-  application.setStyleSheet(themeSheet());
+  setThemeSize(application, 1);
   made<FocusRing>(application);
 }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
+
+void setThemeSize(QApplication& application, double size) {
+  application.setProperty(kSizeProperty, size);
+  QFont font;
+  font.setFamilies({"Inter", "Noto Sans", "DejaVu Sans"});
+  font.setPixelSize(themed(kBodyText));
+  QApplication::setFont(font);
+  application.setStyleSheet(themeSheet(size));
+}
+
+double themeSize() {
+  const auto size = QCoreApplication::instance()->property(kSizeProperty);
+  return size.isValid() ? size.toDouble() : 1;
+}
+
+int themed(double pixels) { return atSize(pixels, themeSize()); }
 
 }  // namespace kvo

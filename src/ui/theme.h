@@ -18,15 +18,26 @@ namespace kvo {
 /// Gives the application its look. Once, ahead of the first window.
 void applyTheme(QApplication& application);
 
+/// The size of the interface that the theme is in, 1 to 2.
+double themeSize();
+
+/// Brings fonts, sheet and measures to another size; windows that are open follow.
+void setThemeSize(QApplication& application, double size);
+
+/// Pixels at the theme's size of a length that is `pixels` at size 1. What is there has 1 at least; a
+/// hairline stays one until size 2.
+int themed(double pixels);
+
 inline QColor toColour(Rgb rgb) { return {static_cast<QRgb>(0xFF000000U | rgb)}; }
 
 QPalette themePalette();
 
-/// The sheet with the tokens' colours in the place of their names. What it speaks of by property:
+/// The sheet at a size of the interface, with the tokens' colours in the place of their names. What it speaks
+/// of by property:
 ///   kind of a key: "primary" (one a window leads on), "danger", "quiet", "key" (square, an icon alone)
 ///   role of a label: "title", "caption", "hint", "value", "number"; of a frame: "card", "line", "list"
 ///   state of a label: "bad"
-QString themeSheet();
+QString themeSheet(double size = 1);
 
 /// The face of numbers that move: all digits equally wide. Pixels.
 QFont numberFont(double pixels);

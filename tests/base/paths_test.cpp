@@ -41,6 +41,13 @@ TEST(Paths, TakeNamesApart) {
   EXPECT_EQ(fileNamePart("http://x/y.asx"), "http://x/y.asx");
   EXPECT_EQ(folderPart("/a/b.avi"), "/a/");
   EXPECT_EQ(withSeparator(""), "");
+  const std::tuple<const char*, const char*, const char*> rows[] = {{"b.avi", "/a", "/a/b.avi"},
+                                                                    {"./x/../b.avi", "/a/c", "/a/c/b.avi"},
+                                                                    {"../b.avi", "/a/c", "/a/b.avi"},
+                                                                    {"/x/../b.avi", "/a", "/x/../b.avi"},
+                                                                    {"http://a/../b", "/a", "http://a/../b"}};
+  for (const auto& [name, folder, full] : rows) EXPECT_EQ(absoluteName(name, folder), full);
+  EXPECT_EQ(wholeExtension("/a.b/c.Jpeg") + wholeExtension("/a.b/c"), "JPEG");
 }
 
 }  // namespace

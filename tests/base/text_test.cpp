@@ -14,6 +14,15 @@ TEST(Text, ExtensionIsTheLastThreeCharacters) {
   for (const auto& [name, kind] : rows) EXPECT_EQ(extensionOf(name), kind) << name;
 }
 
+TEST(Text, NaturalOrderCounts) {
+  const std::vector<std::string> ordered = {"",       "10 a",    "clip",     "clip 1", "Clip 02",
+                                            "clip 2", "CLIP 10", "clip 10b", "clip a", "\xC3\xA4"};
+  for (std::size_t i = 0; i < ordered.size(); ++i) {
+    for (std::size_t j = 0; j < ordered.size(); ++j)
+      EXPECT_EQ(naturalLess(ordered[i], ordered[j]), i < j) << ordered[i] << "|" << ordered[j];
+  }
+}
+
 TEST(Text, BytesThatAreNotUtf8AreWindows1252) {
   EXPECT_EQ(textFromBytes("caf\xE9 \x80"), "caf\xC3\xA9 \xE2\x82\xAC");
   EXPECT_EQ(textFromBytes("caf\xC3\xA9"), "caf\xC3\xA9");

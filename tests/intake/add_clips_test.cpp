@@ -13,9 +13,7 @@ namespace {
 struct IntakeBench : test::Bench {
   int lastAdded = 0;
   AddClips intake{
-      {files, clock, boxes, streams}, settings, collection, [this](int number, const StreamFacts& /*facts*/) {
-        lastAdded = number;
-      }};
+      {files, clock, boxes, streams}, settings, collection, [this](int number) { lastAdded = number; }};
 
   Movie& added(const std::string& path, const StreamFacts& facts) {
     streams.all[path] = facts;

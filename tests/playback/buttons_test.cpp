@@ -59,27 +59,38 @@ TEST(Buttons, EachKeyHasItsPlaceAtEachSize) {
     const char* word;
     KeyPlace place;
     int image;
-    int left, top, bigLeft, bigTop;
-  } rows[] = {{"volume", KeyPlace::Volume, 5, 30, 338, 42, 429},
-              {"RROND", KeyPlace::FastRewind, 8, 158, 370, 215, 465},
-              {"025", KeyPlace::Speeds, 14, 300, 370, 378, 465},
-              {"PLAYALLB", KeyPlace::PlayAll, 17, 444, 367, 560, 463},
-              {"MIN", KeyPlace::Minimise, 18, 425, 1, 538, 1},
-              {"MINI", KeyPlace::Mini, 19, 500, 375, 635, 470},
-              {"PLAYON", KeyPlace::Play, 2, 70, 350, 93, 435}};
+    int left, top, bigLeft, bigTop, top15;
+    bool lit = false;
+  } rows[] = {{"volume", KeyPlace::Volume, 5, 30, 338, 42, 429, 507},
+              {"RROND", KeyPlace::FastRewind, 8, 158, 370, 215, 465, 555, true},
+              {"025", KeyPlace::Speeds, 14, 300, 370, 378, 465, 555},
+              {"PLAYALLB", KeyPlace::PlayAll, 17, 444, 367, 560, 463, 551},
+              {"MIN", KeyPlace::Minimise, 18, 425, 1, 538, 1, 2},
+              {"MINI", KeyPlace::Mini, 19, 500, 375, 635, 470, 563},
+              {"PLAYON", KeyPlace::Play, 2, 70, 350, 93, 435, 525, true},
+              {"PAUSEON", KeyPlace::Pause, 4, 126, 355, 150, 440, 533, true}};
   for (const auto& row : rows) {
     DisplayBench b;
     b.buttons.BuildButton(row.word);
     const auto& drawn = b.keys.at(row.place);
-    EXPECT_EQ(drawn, (DrawnKey{row.image, row.left, row.top})) << row.word;
+    EXPECT_EQ(drawn, (DrawnKey{row.image, row.left, row.top, row.lit})) << row.word;
     b.display.setInterfaceSize(1.25);
-    EXPECT_EQ(drawn, (DrawnKey{row.image, row.bigLeft, row.bigTop})) << row.word;
+    EXPECT_EQ(drawn, (DrawnKey{row.image, row.bigLeft, row.bigTop, row.lit})) << row.word;
+    b.display.setInterfaceSize(1.5);
+    EXPECT_EQ(drawn.top, row.top15) << row.word << ": halves go up";
     b.display.setInterfaceSize(2);
-    EXPECT_EQ(drawn, (DrawnKey{row.image, row.left * 2, row.top * 2})) << row.word;
+    EXPECT_EQ(drawn, (DrawnKey{row.image, row.left * 2, row.top * 2, row.lit})) << row.word;
     const auto revision = b.keys.revision;
     b.buttons.BuildButton(row.word);
     EXPECT_EQ(b.keys.revision, revision) << row.word << " is drawn already";
   }
+}
+
+TEST(Buttons, OneHasAPictureOfItsOwnUnderThePointer) {
+  DisplayBench b;
+  for (const auto* word : {"PLAYALL", "MAG"}) b.buttons.BuildButton(word);
+  EXPECT_EQ(b.keys.at(KeyPlace::PlayAll).hover, 17);
+  EXPECT_EQ(b.keys.at(KeyPlace::Size).hover, 0);
 }
 
 TEST(Buttons, AllAreDrawnAndTheStepsOnlyWithAClip) {

@@ -57,6 +57,28 @@ TEST(Display, FreeZoomTakesTheSizeOfTheClipWhereTheDetailsWereOn) {
   }
 }
 
+TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
+  DisplayBench b;
+  b.load("a.avi", 640, 480);
+  using Way = void (*)(Display&);
+  const Way cover = [](Display& d) { d.coverOrBack(); };
+  const Way back = [](Display& d) { d.stepBack(); };
+  for (const auto& [way, zoom, covers] : {std::tuple{back, false, false},
+                                          {cover, true, true},
+                                          {cover, true, false},
+                                          {cover, true, true},
+                                          {back, true, false},
+                                          {back, false, false}}) {
+    way(b.display);
+    EXPECT_EQ(b.mode.IsMiniMode, zoom);
+    EXPECT_EQ(b.mode.IsFullScreenWindow, covers);
+  }
+  EXPECT_FALSE(b.display.stepBack());
+  DisplayBench empty;
+  empty.display.coverOrBack();
+  EXPECT_FALSE(empty.mode.IsMiniMode || empty.mode.IsFullScreenWindow) << "there is nothing to show";
+}
+
 TEST(Display, EachFaceLeadsToTheOthersAndSaysSo) {
   DisplayBench b;
   b.load("a.avi", 640, 480);

@@ -222,8 +222,17 @@ TEST(ListCommands, CopiesTakeWhatLiesBehindMarkOut) {
 TEST(ListCommands, ANameIsTakenAwayOnlyWhenTheUserSaysSo) {
   for (const auto answer : {Answer::No, Answer::Yes}) {
     ListBench b;
-    b.listCommands.beginRename();
-    EXPECT_TRUE(b.window.list.rename);
+    int calls = 0;
+    b.listCommands.whenUnseen([&] { ++calls; });
+    for (const auto& [zoom, seen, after] :
+         {std::tuple{true, false, 0}, {false, true, 0}, {false, false, 1}}) {
+      b.window.list.rename = false;
+      b.window.mode.IsMiniMode = zoom;
+      b.window.mode.panels.Fillist.visible = seen;
+      b.listCommands.beginRename();
+      EXPECT_EQ(b.window.list.rename, !zoom) << "Free Zoom has no list";
+      EXPECT_EQ(calls, after) << "a list that is out of sight is shown";
+    }
     b.listCommands.rename(std::string(200, 'n'));
     EXPECT_EQ(b.names()[0].size(), 127U) << "as many as a file can hold";
     b.boxes.answers = {answer};
@@ -314,17 +323,29 @@ TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
   b.list.fill();
   EXPECT_EQ(b.window.collectionDetails.clips + ", " + b.window.collectionDetails.totalTime,
             "5 clips, 3m 41s");
+  b.collection.MovieList.add(b.clip(1));
+  b.list.addLast();
+  EXPECT_EQ(b.window.collectionDetails.totalTime, "3m 51s");
+  b.collection.MovieList.takeOut({6});
+  b.list.fill();
   b.clip(1).Volume(310);
   b.clip(1).Playspeed(25);
   b.listCommands.setMarkIn(2);
+  EXPECT_EQ(b.window.display.rate + b.window.display.digits, "2.5x00:00:0000")
+      << "a mark does not move the position";
+  std::string asked;
+  b.list.whenUnknown([&](const std::string& path) { asked += path + " "; });
+  b.clip(4).IsHTML(true);
+  for (const int number : {3, 4, 2, 2, 1}) b.listCommands.select(number);
+  EXPECT_EQ(asked, "/v/c.mpg /v/B.avi /v/a.avi ") << "a page is no file to look into";
+  EXPECT_EQ(b.window.details.pairs[8].value, "") << "a file is looked into anew, for it may have changed";
+  b.list.takeFacts("/v/c.mpg", {.codec = "too late"});
   b.list.takeFacts("/v/a.avi", {.codec = "H.264"});
   std::string told;
   for (const auto& [caption, value] : b.window.details.pairs) told += caption + "=" + value + ";";
   EXPECT_EQ(told,
             "File=a.avi;Folder=/v/;Format=640 × 480 - AVI;Length=10.00 s;Section=2.00 to 10.00 s;Speed=2.5 x;"
             "Volume=70%;Balance=Stereo;Codec=H.264;");
-  EXPECT_EQ(b.window.display.rate + b.window.display.digits, "2.5x00:00:0000")
-      << "a mark does not move the position";
   b.listCommands.choose({1, 2, 3, 4, 5}, 1);
   b.listCommands.remove();
   EXPECT_EQ(b.window.details.name + b.window.details.position + b.window.display.digits, "");

@@ -72,7 +72,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
   b.listCommands.rename("Lake & Sea");
   b.window.menu.mnu_Looping = true;
   EXPECT_EQ(text(b.menu.windowMenu()), R"([&Add Media... Ins]
-[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 KVO5.INI] [&2 Lake && Sea.INI] } [&Save... Ctrl+S] }
+[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 Lake && Sea.INI] } [&Save... Ctrl+S] }
 -
 [&Undo rename a.avi Ctrl+Z]
 (&Redo Ctrl+Shift+Z)
@@ -141,6 +141,12 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   b.menu.choose({FreeZoom});
   b.menu.choose({mnu_DirXZoom, 50});
   b.window.mode.IsMiniMode = true;
+  b.window.mode.IsFullScreenWindow = true;
+  EXPECT_NE(
+      text(b.menu.windowMenu()).find("[+&Free Zoom Mode]\n[+F&ull Screen Mode]\n[Lock Aspect]\n(Zoom 50%)"),
+      std::string::npos);
+  b.menu.choose({mnu_DirXZoom, 50});
+  b.window.mode.IsFullScreenWindow = false;
   b.menu.choose({MinimumDetails});
   b.menu.choose({mnu_DirXZoom, 200});
   b.menu.choose({mnu_LockAspect});

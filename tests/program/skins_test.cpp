@@ -125,6 +125,8 @@ TEST(Skins, BringTheirColoursAndAreFoundAgain) {
   b.skins.choose(2);
   EXPECT_EQ(b.path(), "Def");
   EXPECT_EQ(b.settings.preferences().DisplayColor, "12632064") << "the colours of what is shown";
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].text, "no picture /prog/Skins/snakesk.jpg\r\nThe default skin takes its place.");
   b.window.commandRuns = true;
   b.skins.choose(1);
   EXPECT_EQ(b.path(), "Def") << "another command runs";

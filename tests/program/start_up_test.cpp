@@ -227,22 +227,29 @@ TEST(StartUp, AsksAboutUpgradesAtItsCountsAndAboutTheScreen) {
   ProgramBench b;
   b.saveCollection("/prog/KVO5.INI", {}, [](KVO2& s) { s.adjust().NoofUses = 3; });
   b.desktop.facts = {800, 600, 8, 2};
-  b.boxes.answers = {Answer::Yes};
   b.startUp.run({}, "/");
-  ASSERT_EQ(b.boxes.shown.size(), 4U);
-  EXPECT_EQ(b.boxes.shown[0].text, "Do you wish KVO to check for the latest upgrades and release notes ?");
-  EXPECT_EQ(b.desktop.pages.size(), 1U);
-  EXPECT_EQ(b.boxes.shown[1].caption, "KVO Warning - Color depth too Low");
-  EXPECT_TRUE(b.boxes.shown[2].text.starts_with(
+  ASSERT_EQ(b.boxes.shown.size(), 3U);
+  EXPECT_EQ(b.boxes.shown[0].caption, "KVO Warning - Color depth too Low");
+  EXPECT_TRUE(b.boxes.shown[1].text.starts_with(
       "KVO is designed to run at a resolution of 1024 x 768 or higher.\r\nThe Remote control unit may "));
-  EXPECT_EQ(b.boxes.shown[3].caption, "KVO5 - Multiple Monitors not supported.");
+  EXPECT_EQ(b.boxes.shown[2].caption, "KVO5 - Multiple Monitors not supported.");
+  b.boxes.answers = {Answer::Yes};
+  b.collection.filesMissing = true;
+  b.startUp.tell();
+  ASSERT_EQ(b.boxes.shown.size(), 5U);
+  EXPECT_EQ(b.boxes.shown[4].text, "Do you wish KVO to check for the latest upgrades and release notes ?");
+  EXPECT_EQ(b.desktop.pages.size(), 0U) << "the first answer is of the missing files";
+  b.collection.filesMissing = false;
+  b.boxes.answers = {Answer::Yes};
+  b.startUp.tell();
+  EXPECT_EQ(b.desktop.pages.size(), 1U);
 
   ProgramBench again;
   again.store.all = b.store.all;
   again.desktop.facts.monitors = 2;
   again.saveCollection("/prog/KVO5.INI", {});
   again.startUp.run({}, "/");
-  for (const auto& box : again.boxes.shown) EXPECT_NE(box.caption, b.boxes.shown[3].caption) << "told once";
+  for (const auto& box : again.boxes.shown) EXPECT_NE(box.caption, b.boxes.shown[2].caption) << "told once";
 }
 
 TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
@@ -314,7 +321,7 @@ TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {
   GetKVORegistryValues(settings, store, window);
   EXPECT_EQ(store.all["DefaultZoom100"] + store.all["SliderSpeed"] + store.all["StillDelayTimer"],
             "False5007");
-  EXPECT_TRUE(window.menu.mnu_LoopCol && window.menu.mnu_SldNormal && !window.menu.mnu_Looping);
+  EXPECT_TRUE(window.menu.mnu_LoopCol && !window.menu.mnu_Looping);
   store.all = {{"LoopCol", "False"}};
   EXPECT_FALSE(settings.user.LoopCol) << "another copy changed it";
   settings.user.RewAtEnd = true;

@@ -80,7 +80,7 @@ struct ProgramBench : StoreBench {
   Mailbox mailbox{parts, intro};
   PlainSkinPictures pictures{files};
   NotedSkinCalls calls;
-  Skins skins{{dialogs, loop, pictures, log, folder}, calls, settings, window};
+  Skins skins{{dialogs, boxes, loop, pictures, log, folder}, calls, settings, window};
   StartUp startUp{parts, skins, intro, mailbox};
   ShutDown shutDown{parts, intro, mailbox};
   ListCommands listCommands{{files, clock, boxes}, history, list, intro, settings, collection, window};

@@ -16,10 +16,11 @@ class ScriptedDialogs : public FileDialogs {
   std::vector<FileQuestion> asked;
   std::optional<std::string> open(const FileQuestion& question) override { return next(question); }
   std::optional<std::string> save(const FileQuestion& question) override { return next(question); }
-  std::vector<std::string> openSeveral(const FileQuestion& question) override {
+  FileChoice openSeveral(const FileQuestion& question) override {
     const auto one = next(question);
-    return one ? std::vector{*one} : std::vector<std::string>();
+    return {one ? std::vector{*one} : std::vector<std::string>(), filter};
   }
+  std::size_t filter = 0;  // that the user chooses among those of openSeveral
 
  private:
   std::optional<std::string> next(const FileQuestion& question) {

@@ -86,6 +86,23 @@ TEST_F(SkinPainting, ReadsThePictureAnewForAnotherSizeAndDoesWithoutOneThatIsGon
   EXPECT_EQ(cornerAt(1), 0xFF000000 | token("ink1"));
 }
 
+TEST_F(SkinPainting, OnlyThePicturesOfTheProgramAreThereForSeveralSizes) {
+  QImage pixel(1, 1, QImage::Format_RGB32);
+  pixel.fill(0xFF204060);
+  const auto skin = keep("one.png", pixel);
+  std::filesystem::create_directory(folder_ / "2");
+  pixel.fill(0xFF806040);
+  keep("2/one.png", pixel);
+  const FaceSize twice{kWindow * 2, 2, 1};
+  for (const auto& [shipped, colour] :
+       {std::pair{std::string(), 0xFF204060}, {folder_ / "", 0xFF806040}, {folder_ / "2", 0xFF204060}}) {
+    SkinFace face(reading_, twice, shipped);
+    EXPECT_EQ(painted(twice, [&](QPainter& painter) { face.PaintPicture(painter, skin); }).pixel(9, 9),
+              colour)
+        << shipped;
+  }
+}
+
 TEST_F(SkinPainting, ShowsTheSkinThroughTheKeyOfAButton) {
   QImage opaque(3, 3, QImage::Format_ARGB32);
   opaque.fill(0xFFFF00FF);

@@ -1,6 +1,9 @@
 #include "ui/theme.h"
 
+#include "ui/message_card.h"
+
 #include <QActionGroup>
+#include <QApplication>
 #include <QCheckBox>
 #include <QFocusFrame>
 #include <QMenu>
@@ -155,6 +158,34 @@ TEST(Menus, HaveRowsWithMarksAtTheLeftAndShortcutsAtTheRight) {
   EXPECT_NE(dot, tick) << "a tick is no dot";
   menu.setActiveAction(ticked);
   EXPECT_GT(rowsWith(menu.grab().toImage(), token("tealBg"), 60, 90), 20) << "the row at hand is lit";
+}
+
+TEST(Theme, TakesAnotherSizeAsAWhole) {
+  for (const double size : {2.0, 1.5, 1.0}) {
+    setThemeSize(*qApp, size);
+    QMenu menu;
+    menu.addAction("one");
+    const int one = menu.sizeHint().height();
+    menu.addAction("two");
+    EXPECT_EQ(menu.sizeHint().height() - one, 26 * size);
+    EXPECT_EQ(QApplication::font().pixelSize(), 12 * size);
+    EXPECT_EQ(MessageCard(MessageFace()).width(), 470 * size);
+    QPushButton key("key");
+    key.ensurePolished();
+    EXPECT_GE(key.sizeHint().height(), 26 * size);
+    EXPECT_EQ(themeSheet(size).contains("border: 1px"), size < 2) << "hairlines";
+  }
+}
+
+TEST_F(Focus, TheRingOfAKeyAtTheWindowsEdgeIsWhole) {
+  window_.resize(200, 200);
+  QWidget key(&window_);
+  key.setGeometry(150, 1, 28, 28);
+  key.setFocusPolicy(Qt::StrongFocus);
+  key.show();
+  key.setFocus(Qt::TabFocusReason);
+  const auto image = window_.grab().toImage();
+  for (const int y : {0, 1}) EXPECT_EQ(image.pixelColor(164, y), toColour(token("focus"))) << y;
 }
 
 TEST_F(Focus, TheRingIsAboutTheKeyThatAWidgetStandsFor) {

@@ -26,6 +26,7 @@ struct FaceBench : ProgramBench {
     saveCollection("/prog/KVO5.INI", clips);
     for (const auto& clip : clips) engineFiles["/v/" + clip] = {};
     links.link(faceSkins);
+    listCommands.whenUnseen([this] { links.display().AllDetOn(); });
     window.face.interfaceSize = size;
     links.takeInterfaceSize();
     startUp.run({}, "/");
@@ -112,7 +113,7 @@ struct FaceBench : ProgramBench {
   NoStreamProbe probe;
   FaceLinks links{{window, settings, collection, streams, control, graphs, probe, desktop, boxes, pictures,
                    list, timers}};
-  Skins faceSkins{{dialogs, loop, pictures, log, folder}, links, settings, window};
+  Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },

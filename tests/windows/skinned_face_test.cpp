@@ -122,7 +122,7 @@ TEST(SkinnedFace, ItsKeysSayWhatTheyAreAndWhetherTheyCanBePressed) {
   FaceBench b;
   const struct {
     const char* name;
-    QRect place;  // of the label
+    QRect place;  // of the label, which is larger than a small key
     bool enabled;
   } rows[] = {
       {"Play", {70, 350, 48, 48}, false},
@@ -131,9 +131,9 @@ TEST(SkinnedFace, ItsKeysSayWhatTheyAreAndWhetherTheyCanBePressed) {
       {"A quarter of the speed", {300, 370, 32, 28}, false},
       {"Half the speed", {332, 370, 32, 28}, false},
       {"Twice the speed", {364, 370, 32, 28}, false},
-      {"Free Zoom Mode", {500, 375, 44, 18}, true},
-      {"Minimise", {425, 1, 24, 22}, true},
-      {"Close", {451, 1, 24, 22}, true},
+      {"Free Zoom Mode", {500, 372, 44, 24}, true},
+      {"Minimise", {425, 0, 24, 24}, true},
+      {"Close", {451, 0, 24, 24}, true},
   };
   for (const auto& row : rows) {
     auto& key = b.at(row.name);
@@ -222,9 +222,10 @@ TEST(SkinnedFace, MarksAreDraggedSteppedAndCleared) {
   EXPECT_EQ(clip.LoopStart().number(), 2);
   QTest::mouseRelease(drag("Mark-Out", 40 + 400), Qt::LeftButton);
   EXPECT_EQ(clip.LoopEnd().number(), 8);
-  // Mark-In ends, and Mark-Out begins, where the time is.
-  EXPECT_EQ(b.at("Mark-In").geometry().right() + 1 + b.at("Mark-In").parentWidget()->x(), 140);
-  EXPECT_EQ(b.at("Mark-Out").geometry().left() + b.at("Mark-Out").parentWidget()->x(), 440);
+  // Mark-In ends, and Mark-Out begins, where the time is, but for the room that takes the mouse.
+  EXPECT_EQ(b.at("Mark-In").geometry().right() + 1 + b.at("Mark-In").parentWidget()->x(), 140 + 3);
+  EXPECT_EQ(b.at("Mark-Out").geometry().left() + b.at("Mark-Out").parentWidget()->x(), 440 - 3);
+  EXPECT_EQ(b.at("Mark-In").width(), 24);
 
   const struct {
     Qt::Key key;
@@ -262,11 +263,15 @@ TEST(SkinnedFace, TheKnobTurnsTheVolume) {
   const struct {
     QPoint at;
     int volume;
-  } places[] = {{{20, 1}, 50}, {{1, 20}, 17}, {{39, 20}, 83}, {{8, 32}, 0}, {{32, 32}, 100}, {{19, 39}, 0}};
+  } places[] = {{{20, 1}, 50}, {{1, 20}, 17}, {{39, 20}, 83}, {{8, 32}, 0}, {{32, 32}, 100}, {{19, 39}, 100}};
   for (const auto& place : places) {
     QTest::mouseClick(&knob, Qt::LeftButton, {}, place.at);
     EXPECT_NEAR(volume(), place.volume, 1) << place.at.x() << "," << place.at.y();
   }
+  QTest::mousePress(&knob, Qt::LeftButton, {}, {19, 39});
+  QTest::mouseMove(&knob, {19, 79});
+  EXPECT_EQ(volume(), 60) << "pulled down it is softer, wherever its arc ends";
+  QTest::mouseRelease(&knob, Qt::LeftButton, {}, {19, 79});
   b.click("Undo");
   EXPECT_EQ(volume(), 100) << "however much it was turned, it is one step";
   b.list.PreviewMovie(3);

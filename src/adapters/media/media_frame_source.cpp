@@ -37,10 +37,16 @@ Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
   std::error_code failed;
   const auto size = std::filesystem::file_size(path, failed);
   const Stamp stamp{failed ? 0 : size, std::filesystem::last_write_time(path, failed)};
-  const auto found = known_.find(path);
-  if (!failed && found != known_.end() && found->second.stamp == stamp) return found->second.facts;
+  if (!failed) {
+    const std::lock_guard lock(mutex_);
+    const auto found = known_.find(path);
+    if (found != known_.end() && found->second.stamp == stamp) return found->second.facts;
+  }
   auto facts = guarded([&] { return media::readFacts(path); });
-  if (facts && !failed) known_.insert_or_assign(path, Known{stamp, *facts});
+  if (facts && !failed) {
+    const std::lock_guard lock(mutex_);
+    known_.insert_or_assign(path, Known{stamp, *facts});
+  }
   return facts;
 }
 

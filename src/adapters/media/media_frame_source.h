@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <mutex>
 
 namespace kvo {
 
@@ -26,6 +27,7 @@ class MediaFrameSource : public FrameSource {
     Stamp stamp{};
     StreamFacts facts{};
   };
+  std::mutex mutex_;
   std::map<std::string, Known> known_;
 };
 

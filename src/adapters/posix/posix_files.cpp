@@ -105,11 +105,13 @@ std::optional<FileFacts> PosixFiles::facts(const std::string& path) const {
 }
 
 Result<std::string> PosixFiles::read(const std::string& path, std::uint64_t limit) const {
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  // A pipe that nobody writes into would keep the program waiting.
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!file.open()) return failure("cannot read", path);
   struct stat found {};
   if (::fstat(file.get(), &found) != 0) return failure("cannot read", path);
   if (S_ISDIR(found.st_mode)) return failure("cannot read", path, EISDIR);
+  if (!S_ISREG(found.st_mode)) return Error{"cannot read " + path + ": it is no file"};
   if (static_cast<std::uint64_t>(found.st_size) > limit) return failure("cannot read", path, EFBIG);
   std::string bytes;
   bytes.resize(static_cast<std::size_t>(found.st_size));

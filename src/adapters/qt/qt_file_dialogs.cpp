@@ -10,22 +10,40 @@
 namespace kvo {
 namespace {
 
+// Dialogs of a desktop may tell capitals from small letters.
+QString inEachCase(const std::string& patterns) {
+  QStringList all;
+  for (const auto& pattern : QString::fromStdString(patterns).split(' ', Qt::SkipEmptyParts)) {
+    all << pattern.toLower() << pattern.toUpper();
+  }
+  all.removeDuplicates();
+  return all.join(' ');
+}
+
 QStringList filtersOf(const FileQuestion& question) {
   QStringList all;
-  for (const auto& f : question.filters) {
-    auto name = QString::fromStdString(f.name);
-    all << name.left(name.indexOf(" (")) + " (" + QString::fromStdString(f.patterns) + ")";
+  for (const auto& filter : question.filters) {
+    all << QString::fromStdString(filter.name).trimmed() + " (" + inEachCase(filter.patterns) + ")";
   }
   return all;
 }
 
-// What the user has chosen; nothing after Cancel. Files are only chosen here, never renamed or deleted.
-std::vector<std::string> ask(const FileQuestion& question, QFileDialog::AcceptMode accept,
-                             QFileDialog::FileMode mode) {
+// Which of them a dialog names, which may leave out the patterns.
+std::size_t placeOf(const QString& named, const QStringList& filters) {
+  for (qsizetype i = 0; i < filters.size(); ++i) {
+    if (filters[i] == named || filters[i].startsWith(named.trimmed() + " ("))
+      return static_cast<std::size_t>(i);
+  }
+  return 0;
+}
+
+// Files are only chosen here, never renamed or deleted.
+FileChoice ask(const FileQuestion& question, QFileDialog::AcceptMode accept, QFileDialog::FileMode mode) {
   QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.title));
   dialog.setAcceptMode(accept);
   dialog.setFileMode(mode);
   dialog.setOption(QFileDialog::ReadOnly, accept == QFileDialog::AcceptOpen);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);  // the names tell as much as is to be told
   const auto filters = filtersOf(question);
   dialog.setNameFilters(filters);
   dialog.selectNameFilter(filters.value(static_cast<qsizetype>(question.filter)));
@@ -37,14 +55,16 @@ std::vector<std::string> ask(const FileQuestion& question, QFileDialog::AcceptMo
     rows->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     rows->header()->setSectionResizeMode(0, QHeaderView::Stretch);
   }
-  std::vector<std::string> paths;
-  if (dialog.exec() != QDialog::Accepted) return paths;
-  for (const auto& name : dialog.selectedFiles()) paths.push_back(QFile::encodeName(name).toStdString());
-  return paths;
+  FileChoice choice{{}, question.filter};
+  if (dialog.exec() != QDialog::Accepted) return choice;
+  choice.filter = placeOf(dialog.selectedNameFilter(), filters);
+  for (const auto& name : dialog.selectedFiles())
+    choice.paths.push_back(QFile::encodeName(name).toStdString());
+  return choice;
 }
 
-std::optional<std::string> first(std::vector<std::string> paths) {
-  return paths.empty() ? std::nullopt : std::optional(std::move(paths.front()));
+std::optional<std::string> first(FileChoice choice) {
+  return choice.paths.empty() ? std::nullopt : std::optional(std::move(choice.paths.front()));
 }
 
 }  // namespace
@@ -53,7 +73,7 @@ std::optional<std::string> QtFileDialogs::open(const FileQuestion& question) {
   return first(ask(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFile));
 }
 
-std::vector<std::string> QtFileDialogs::openSeveral(const FileQuestion& question) {
+FileChoice QtFileDialogs::openSeveral(const FileQuestion& question) {
   return ask(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFiles);
 }
 

@@ -8,7 +8,7 @@ namespace kvo {
 class QtFileDialogs : public FileDialogs {
  public:
   std::optional<std::string> open(const FileQuestion& question) override;
-  std::vector<std::string> openSeveral(const FileQuestion& question) override;
+  FileChoice openSeveral(const FileQuestion& question) override;
   std::optional<std::string> save(const FileQuestion& question) override;
 };
 

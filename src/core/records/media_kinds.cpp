@@ -1,6 +1,6 @@
 #include "core/records/media_kinds.h"
 
-#include "base/text.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <iterator>
@@ -17,8 +17,9 @@ constexpr MediaKind kKinds[] = {
     // Sound, whatever else is in them
     {"WMA", kSound, true},  {"MP3", kSound, true},  {"WAV", kSound, true},   {"AIF", kSound, true},
     {"AIFF", kSound, true}, {"IFF", kSound, true},  {"MP2", kSound, true},   {"AU", kSound, true},
-    {"SND", kSound, true},
+    {"SND", kSound, true},  {"RA", kSound, true},
     {"MID", kSound, true, false}, {"MIDI", kSound, true, false}, {"CDA", kSound, true, false},
+    {"WAX", kSound, true, false}, {"RAM", kSound, true, false},
     // Sound unless there is a picture in them
     {"FLAC", kSound}, {"OGG", kSound}, {"OPUS", kSound}, {"M4A", kSound}, {"AAC", kSound}, {"AC3", kSound},
     // Pictures
@@ -34,14 +35,16 @@ constexpr MediaKind kKinds[] = {
 
 }  // namespace
 
+std::span<const MediaKind> mediaKinds() { return kKinds; }
+
 const MediaKind* mediaKind(std::string_view name) {
-  const auto stop = name.rfind('.');
-  if (stop == std::string_view::npos) return nullptr;
-  const auto extension = name.substr(stop + 1);
+  const auto extension = wholeExtension(name);
   const auto* found = std::find_if(std::begin(kKinds), std::end(kKinds),
-                                   [&](const auto& kind) { return sameText(kind.extension, extension); });
+                                   [&](const auto& kind) { return kind.extension == extension; });
   return found == std::end(kKinds) ? nullptr : found;
 }
+
+bool isSoundByName(std::string_view name) { return mediaClass(name, nullptr) == kSound; }
 
 MediaClass mediaClass(std::string_view name, const StreamFacts* facts) {
   const auto* kind = mediaKind(name);

@@ -4,6 +4,7 @@
 
 #include "ports/frame_source.h"
 
+#include <span>
 #include <string_view>
 
 namespace kvo {
@@ -21,8 +22,14 @@ struct MediaKind {
   bool canBeInMovie = true;  ///< false for what tells of sound without holding any, as a score does
 };
 
+/// All that is known.
+std::span<const MediaKind> mediaKinds();
+
 /// The row of a name's whole extension, in any case; null for one that the table does not know.
 const MediaKind* mediaKind(std::string_view name);
+
+/// Sound alone, as far as the name tells.
+bool isSoundByName(std::string_view name);
 
 /// The class of a file. `facts` may be null, as of a file that is not there: the name tells then, and one
 /// that says nothing counts as video.

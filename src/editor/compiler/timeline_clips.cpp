@@ -15,9 +15,7 @@ void lookInto(TimelineClip& clip, FrameSource& streams) {
   const auto facts = streams.facts(clipFile(*clip.record));
   clip.hasPicture = facts && facts->hasVideo;
   clip.hasSound = facts && facts->hasAudio;
-  clip.isSound = kind != nullptr && kind->byNameAlone
-                     ? kind->mediaClass == MediaClass::Sound
-                     : mediaClass(name, facts ? &*facts : nullptr) == MediaClass::Sound;
+  clip.isSound = mediaClass(name, facts ? &*facts : nullptr) == MediaClass::Sound;
   clip.isMusic = clip.isSound && (kind == nullptr || kind->canBeInMovie);
 }
 

@@ -1,7 +1,7 @@
 #include "playback/display/clip_facts.h"
 
 #include "base/paths.h"
-#include "base/text.h"
+#include "core/records/media_kinds.h"
 
 #include <algorithm>
 #include <array>
@@ -9,9 +9,6 @@
 
 namespace kvo {
 namespace {
-
-constexpr std::array<std::string_view, 13> kAudioKinds{"CDA", "WAV",  "WMA", "WAX", "MP3", "MID", "AIFF",
-                                                       "AU",  "MIDI", "SND", "MP2", "RA",  "RAM"};
 
 constexpr std::array<std::string_view, 26> kKnownOthers{
     "RM",  "SWF", "RMX",  "ROB", "RMM", "RMJ", "RT",  "SMI", "SMIL", "RP",  "SDP", "MIL", "ASF",
@@ -23,12 +20,6 @@ constexpr std::array<std::string_view, 6> kWindowsMedia{"ASF", "ASX", "WMV", "WV
 
 bool isOneOf(const ClipFacts& clip, std::span<const std::string_view> kinds) {
   return std::ranges::find(kinds, clip.extension) != kinds.end();
-}
-
-std::string wholeExtension(std::string_view name) {
-  const auto file = fileNamePart(name);
-  const auto stop = file.rfind('.');
-  return stop == std::string_view::npos ? std::string() : upper(file.substr(stop + 1));
 }
 
 }  // namespace
@@ -51,7 +42,7 @@ ClipFacts clipFacts(const Movie& clip, const Player& player) {
           .sourceHeight = player.PlayerGetSourceHeight()};
 }
 
-bool isAudioKind(const ClipFacts& clip) { return isOneOf(clip, kAudioKinds); }
+bool isAudioKind(const ClipFacts& clip) { return isSoundByName("." + clip.extension); }
 
 bool isKnownOtherKind(const ClipFacts& clip) { return isOneOf(clip, kKnownOthers); }
 

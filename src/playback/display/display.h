@@ -81,6 +81,10 @@ class Display {
   void Lbl_MiniMode_Click();
   /// In Free Zoom: covers the screen, or goes back to a size of the window's own.
   void Lbl_MinMax_Click();
+  /// Covers the screen, from each face; and from there back to a window.
+  void coverOrBack();
+  /// One step back: from the whole screen to a window, from that to the normal face. False there.
+  bool stepBack();
   /// To the normal face with as few details as can be.
   void Lbl_MinDets_Click();
   /// Turns the detail panels off or on; the player is placed anew.

@@ -18,6 +18,17 @@ void Display::Lbl_MinMax_Click() {
   if (parts_.mode.IsMiniMode) changeCover(!parts_.mode.IsFullScreenWindow);
 }
 
+void Display::coverOrBack() {
+  if (!parts_.mode.IsMiniMode) enterFreeZoom();
+  Lbl_MinMax_Click();
+}
+
+bool Display::stepBack() {
+  if (!parts_.mode.IsMiniMode) return false;
+  parts_.mode.IsFullScreenWindow ? changeCover(false) : leaveFreeZoom();
+  return true;
+}
+
 bool Display::mustStay() {
   const auto& clips = parts_.collection.MovieList;
   const auto clip = layout_.clip();

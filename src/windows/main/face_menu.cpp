@@ -2,6 +2,7 @@
 
 #include "ui/compositing.h"
 #include "ui/made.h"
+#include "ui/theme.h"
 #include "windows/main/texts.h"
 
 #include <QAction>
@@ -33,7 +34,7 @@ class RoundMenu : public QMenu {
     QMenu::resizeEvent(event);
     if (!shaped_) return;
     QPainterPath outline;
-    outline.addRoundedRect(rect(), kMenuCorner, kMenuCorner);
+    outline.addRoundedRect(rect(), themed(kMenuCorner), themed(kMenuCorner));
     setMask(QRegion(outline.toFillPolygon().toPolygon()));
   }
 

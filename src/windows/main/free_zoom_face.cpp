@@ -73,7 +73,6 @@ ToolbarPart::Acts FreeZoomFace::toolActs() {
 }
 
 void FreeZoomFace::draw() {
-  state_.list.rename = false;  // there is no list to do it in
   const FaceScale scale(state_.mode.interfaceSize, logicalDpiY());
   if (scale != scale_ || pixelRatio_ != devicePixelRatio()) {
     scale_ = scale;

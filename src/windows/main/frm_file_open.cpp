@@ -1,7 +1,9 @@
 #include "windows/main/frm_file_open.h"
 
+#include "ui/theme.h"
 #include "windows/main/texts.h"
 
+#include <QApplication>
 #include <QWindow>
 #include <algorithm>
 #include <cstdlib>
@@ -46,6 +48,7 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Mater
 void FrmFileOpen::draw() {
   again_ = true;
   if (std::exchange(drawing_, true)) return;
+  if (themeSize() != state_.mode.interfaceSize) setThemeSize(*qApp, state_.mode.interfaceSize);
   constexpr int kMostRounds = 3;
   for (int round = 0; again_ && round < kMostRounds; ++round) {
     again_ = false;

@@ -63,7 +63,7 @@ void KeyLabel::paintEvent(QPaintEvent* /*event*/) {
   const auto draw = [&](const QPixmap& picture) { painter.drawPixmap(-part_.topLeft(), picture); };
   if (!isEnabled()) return draw(laidOver(picture_, toColour(token("ink1")), kDisabledShade));
   if (isDown()) return draw(laidOver(picture_, Qt::black, kPressedShade));
-  if (underMouse()) draw(laidOver(picture_, Qt::white, kHoverLight));
+  if (underMouse()) draw(hover_.isNull() ? laidOver(picture_, Qt::white, kHoverLight) : hover_);
 }
 
 }  // namespace kvo

@@ -20,6 +20,8 @@ class KeyLabel : public HoverKey {
   /// The key's picture as it is drawn in the face, and the part of it that the label lies on, both in logical
   /// pixels of the picture.
   void setPicture(const QPixmap& picture, const QRect& part);
+  /// The picture under the pointer, of the same measures; without one the key is lightened.
+  void setHoverPicture(const QPixmap& picture) { hover_ = picture; }
   /// What of the label is the key itself, which the ring of focus goes about.
   void setShape(const QRect& key, bool isRound);
   void setLit(bool lit);
@@ -32,6 +34,7 @@ class KeyLabel : public HoverKey {
   void describe();
 
   QPixmap picture_;
+  QPixmap hover_;
   QRect part_;
   bool lit_ = false;
 };

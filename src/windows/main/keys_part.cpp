@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QPainter>
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -13,6 +14,7 @@ namespace {
 constexpr const char* kKeysContext = "kvo::KeysPart";
 constexpr double kCloseBehindMinimise = 26;  // pixels at size 1, from left to left
 constexpr int kSpeedThirds = 3;
+constexpr double kLeastHit = 24;
 
 struct KeyRow {
   KeyPlace place;
@@ -125,12 +127,14 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
 
 QString keyName(const char* name) { return QCoreApplication::translate(kKeysContext, name); }
 
-// Images of keys that are lit: play, pause and the steps while they are held.
-bool isLit(int image) {
-  return image == 2 || image == 4 || image == 6 || image == 8 || image == 10 || image == 12;
+// The pictures stand in pairs, lit or not; a key that is drawn lit or unlit has the same measures.
+// What takes the mouse about a part of a picture: at least `least` each way.
+QRect hitAbout(const QRect& part, int least) {
+  const int dx = std::max(0, (least - part.width() + 1) / 2);
+  const int dy = std::max(0, (least - part.height() + 1) / 2);
+  return part.adjusted(-dx, -dy, dx, dy);
 }
 
-// The pictures stand in pairs, lit or not; a key that is drawn lit or unlit has the same measures.
 QRect partOf(const KeyRow& row, const QSize& picture) {
   if (row.third == kWhole) return {QPoint(), picture};
   const int from = picture.width() * row.third / kSpeedThirds;
@@ -159,7 +163,6 @@ void KeysPart::layOut(const FaceScale& scale) {
     return QString::fromStdString(folder_ + "Buttons/Close_Rnd_" + ending + ".bmp");
   };
   close_->setPictures(picture("Off"), picture("Hvr"), picture("On"), scale.size());
-  close_->resize(close_->sizeHint());
   draw();
 }
 
@@ -172,14 +175,19 @@ void KeysPart::draw() {
     if (drawn.image == 0) continue;
     const auto& picture = images_.picture(drawn.image, scale_.size(), label.devicePixelRatio());
     const auto part = partOf(row, picture.deviceIndependentSize().toSize());
-    label.setGeometry(part.translated(drawn.left, drawn.top));
-    label.setPicture(picture, part);
-    label.setShape(scale_.place(row.key), row.isRound);
+    const auto hit = hitAbout(part, scale_.at(kLeastHit));
+    label.setGeometry(hit.translated(drawn.left, drawn.top));
+    label.setPicture(picture, hit);
+    label.setHoverPicture(
+        drawn.hover > 0 ? images_.picture(drawn.hover, scale_.size(), label.devicePixelRatio()) : QPixmap());
+    label.setShape(scale_.place(row.key).translated(part.topLeft() - hit.topLeft()), row.isRound);
     label.setEnabled(acts_.*row.act && (!row.isStep || state_.stepLabelsEnabled));
-    label.setLit(isLit(drawn.image));
+    label.setLit(drawn.lit);
   }
   const auto& minimise = state_.at(KeyPlace::Minimise);
-  close_->move(minimise.left + scale_.at(kCloseBehindMinimise), minimise.top);
+  const QRect picture(minimise.left + scale_.at(kCloseBehindMinimise), minimise.top,
+                      close_->sizeHint().width(), close_->sizeHint().height());
+  close_->setGeometry(hitAbout(picture, scale_.at(kLeastHit)));
 }
 
 void KeysPart::paint(QPainter& painter) {

@@ -167,7 +167,6 @@ void SkinnedFace::layOut() {
 }
 
 void SkinnedFace::draw() {
-  if (state_.list.rename && !state_.mode.panels.Fillist.visible) logic_.display.AllDetOn();
   layOut();
   drawParts();
   showParts();

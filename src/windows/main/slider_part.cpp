@@ -13,13 +13,14 @@
 namespace kvo {
 namespace {
 
-constexpr QRectF kSliderPlace(24, 312, 528, 24);  // with room for handles that stand over the ends
+constexpr QRectF kSliderPlace(16, 312, 545, 24);  // with room for handles that stand over the ends
 constexpr QRectF kSliderPlate(31, 319.5, 513, 10.5);
 constexpr double kLineFrom = 40;
 constexpr double kLineTo = 540;
 constexpr double kLineMiddle = 324.6;
 constexpr double kLineWidth = 2;
-constexpr double kMarkReach = 14;   // of a mark's widget, outward from its place
+constexpr double kMarkReach = 21;   // of a mark's widget, outward from its place
+constexpr double kMarkInside = 3;   // and inward
 constexpr double kHandleSide = 13;  // the pictures' height, and the width of the position's
 constexpr double kMarkWidth = 8;
 
@@ -89,10 +90,10 @@ void SliderPart::place(SliderHandle& handle) const {
   QRectF hit(at - kHandleSide / 2, kSliderPlace.top(), kHandleSide, kSliderPlace.height());
   double pictureLeft = hit.left();
   if (&handle == handles_[MarkIn]) {
-    hit = QRectF(at - kMarkReach, kSliderPlace.top(), kMarkReach, kSliderPlace.height());
+    hit.setRect(at - kMarkReach, kSliderPlace.top(), kMarkReach + kMarkInside, kSliderPlace.height());
     pictureLeft = at - kMarkWidth;
   } else if (&handle == handles_[MarkOut]) {
-    hit.setRect(at, kSliderPlace.top(), kMarkReach, kSliderPlace.height());
+    hit.setRect(at - kMarkInside, kSliderPlace.top(), kMarkReach + kMarkInside, kSliderPlace.height());
     pictureLeft = at;
   }
   const auto geometry = placedIn(*this, scale_, hit);

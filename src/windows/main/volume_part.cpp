@@ -19,7 +19,9 @@ constexpr double kPointerFrom = 4.6;
 constexpr double kPointerTo = 9.4;
 constexpr double kArcFrom = 135;  // degrees from three o'clock on, clockwise
 constexpr double kArcSweep = 270;
+constexpr double kNearEnd = 20;  // degrees of the gap that belong to an end
 constexpr int kVolumeStep = 5;   // per cent
+constexpr double kPerPixel = 1;  // per cent that a drag turns by
 constexpr int kWheelStep = 120;  // of a wheel with notches
 constexpr int kPerDegree = 16;   // as painters count
 constexpr int kFullVolume = 100;
@@ -55,14 +57,16 @@ void VolumePart::turnTo(int percent) {
   draw();
 }
 
-// The gap at the foot belongs to the nearer end.
-void VolumePart::turnToward(const QPointF& pointer) {
+// What the arc says there, or its end near by; nothing in the gap at the foot, and in the knob's middle.
+std::optional<int> VolumePart::percentAt(const QPointF& pointer) const {
   const auto way = pointer - QRectF(rect()).center();
-  if (way.manhattanLength() < kPointerFrom * scale_.size()) return;
+  if (std::hypot(way.x(), way.y()) < kPointerTo * scale_.size()) return std::nullopt;
   double degrees = std::atan2(way.y(), way.x()) * 180 / std::numbers::pi - kArcFrom;
   if (degrees < 0) degrees += 360;
-  if (degrees > kArcSweep) degrees = degrees > kArcSweep + (360 - kArcSweep) / 2 ? 0 : kArcSweep;
-  turnTo(static_cast<int>(std::lround(degrees / kArcSweep * kFullVolume)));
+  if (degrees > 360 - kNearEnd) degrees = 0;
+  if (degrees > kArcSweep && degrees < kArcSweep + kNearEnd) degrees = kArcSweep;
+  if (degrees > kArcSweep) return std::nullopt;
+  return static_cast<int>(std::lround(degrees / kArcSweep * kFullVolume));
 }
 
 void VolumePart::keyPressEvent(QKeyEvent* event) {
@@ -83,11 +87,16 @@ void VolumePart::keyPressEvent(QKeyEvent* event) {
 void VolumePart::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
   setSliderDown(true);
-  turnToward(event->position());
+  if (const auto percent = percentAt(event->position())) turnTo(*percent);
+  pressedAt_ = event->position();
+  pressedVolume_ = state_.volume;
 }
 
+// Up and right is louder, whatever way the pointer takes about the knob.
 void VolumePart::mouseMoveEvent(QMouseEvent* event) {
-  if (isSliderDown()) turnToward(event->position());
+  if (!isSliderDown()) return;
+  const auto way = (event->position() - pressedAt_) / scale_.size();
+  turnTo(pressedVolume_ + static_cast<int>(std::lround((way.x() - way.y()) * kPerPixel)));
 }
 
 void VolumePart::mouseReleaseEvent(QMouseEvent* event) {

@@ -7,6 +7,7 @@
 #include <QAbstractSlider>
 #include <QCoreApplication>
 #include <functional>
+#include <optional>
 
 namespace kvo {
 
@@ -31,10 +32,12 @@ class VolumePart : public QAbstractSlider {
 
  private:
   void turnTo(int percent);
-  void turnToward(const QPointF& pointer);
+  [[nodiscard]] std::optional<int> percentAt(const QPointF& pointer) const;
 
   const DisplayState& state_;
   std::function<void(int)> set_;
+  QPointF pressedAt_;
+  int pressedVolume_ = 0;
   FaceScale scale_;
 };
 

@@ -41,31 +41,19 @@ bool WindowActs::key(const QString& typed) {
   return done;
 }
 
-// Covers the screen, from each face; and from there back to a window.
-void WindowActs::coverOrBack() {
-  const auto& mode = state_.mode;
-  if (!mode.IsMiniMode) logic_.display.Lbl_MiniMode_Click();
-  if (mode.IsMiniMode) logic_.display.Lbl_MinMax_Click();
-  acted_();
-}
-
 // Keys that no control of the window has taken.
 bool WindowActs::pressKey(QWidget& window, const QKeyEvent& event) {
   if (event.key() == Qt::Key_F10) {  // the Menu key comes as an event of its own
     openMenu(window.mapToGlobal(QPoint(window.width() / 3, window.height() / 3)), window);
     return true;
   }
-  const bool changesFace =
-      event.key() == Qt::Key_F11 || (event.key() == Qt::Key_Escape && state_.mode.IsMiniMode);
-  if (changesFace && state_.busy()) return true;  // a load is under way: there may be no clip to place
-  if (event.key() == Qt::Key_F11) {
-    coverOrBack();
-    return true;
-  }
-  if (event.key() == Qt::Key_Escape && state_.mode.IsMiniMode) {
-    state_.mode.IsFullScreenWindow ? logic_.display.Lbl_MinMax_Click() : logic_.display.Lbl_MiniMode_Click();
-    acted_();
-    return true;
+  if (event.key() == Qt::Key_F11 || event.key() == Qt::Key_Escape) {
+    if (state_.busy()) return true;  // a load is under way: there may be no clip to place
+    const bool covers = event.key() == Qt::Key_F11;
+    if (covers) logic_.display.coverOrBack();
+    const bool done = covers || logic_.display.stepBack();
+    if (done) acted_();
+    return done;
   }
   const bool isCommand =
       (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;

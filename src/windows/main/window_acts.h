@@ -41,7 +41,6 @@ class WindowActs : public QObject {
 
  private:
   bool pressKey(QWidget& window, const QKeyEvent& event);
-  void coverOrBack();
   void close(QEvent& event);
 
   const MainWindowState& state_;

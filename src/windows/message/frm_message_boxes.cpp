@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QStringList>
+#include <QWidget>
 
 namespace kvo {
 namespace {
@@ -67,6 +68,15 @@ QString keyText(Answer answer, const Box& box) {
   return tr(nameOf(answer));
 }
 
+// The one that the user is at, or else that there is: a program that has just begun has none that is active.
+QWidget* windowBelow() {
+  if (auto* active = QApplication::activeWindow(); active != nullptr && active->isVisible()) return active;
+  for (auto* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->windowType() == Qt::Window) return window;
+  }
+  return nullptr;
+}
+
 StyledAnswer asked(MessageQuestion question, const Box& box) {
   question.answers = answersOf(box.buttons);
   question.face.sign = signOf(box.icon);
@@ -75,14 +85,18 @@ StyledAnswer asked(MessageQuestion question, const Box& box) {
   question.face.keys.clear();
   for (const auto answer : question.answers) question.face.keys << keyText(answer, box);
   question.seconds = box.seconds;
-  return MessageWindow(question, QApplication::activeWindow()).ask();
+  return MessageWindow(question, windowBelow()).ask();
 }
 
 }  // namespace
 
-Answer FrmMessageBoxes::show(const Box& box) { return asked({}, box).answer; }
+Answer FrmMessageBoxes::show(const Box& box) {
+  ahead_();
+  return asked({}, box).answer;
+}
 
 StyledAnswer FrmMessageBoxes::showStyled(const StyledBox& box) {
+  ahead_();
   MessageQuestion question;
   question.face.prompt = textOf(box.prompt);
   if (box.offersNeverAgain) question.face.neverAgain = tr("Never show this message again");

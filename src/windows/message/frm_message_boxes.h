@@ -3,12 +3,21 @@
 
 #include "ports/message_boxes.h"
 
+#include <functional>
+#include <utility>
+
 namespace kvo {
 
 class FrmMessageBoxes : public MessageBoxes {
  public:
+  /// `ahead` is done before each box: the window below it is to be seen as it is.
+  explicit FrmMessageBoxes(std::function<void()> ahead = [] {}) : ahead_(std::move(ahead)) {}
+
   Answer show(const Box& box) override;
   StyledAnswer showStyled(const StyledBox& box) override;
+
+ private:
+  std::function<void()> ahead_;
 };
 
 }  // namespace kvo

@@ -5,6 +5,7 @@
 #include "ui/face_drag.h"
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/theme.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -12,7 +13,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPropertyAnimation>
 #include <QPushButton>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <cmath>
@@ -20,8 +23,10 @@
 namespace kvo {
 namespace {
 
-constexpr Shadow kShadow{.down = 14, .soft = 18, .opacity = 0.55};
+constexpr int kFade = 120;  // milliseconds
 constexpr int kTick = 100;  // milliseconds; the seconds that are shown are never late by more
+
+Shadow shadow() { return {.down = themed(14), .soft = themed(18), .opacity = 0.55}; }
 
 // By its first letter, with Alt or without.
 bool isMeant(const QPushButton& key, const QKeyEvent& event) {
@@ -47,7 +52,7 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
   made<FaceDrag>(*this);
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the window owns what drags it
   auto* all = made<QVBoxLayout>(this);
-  all->setContentsMargins(hasCompositor() ? kShadow.margins() : QMargins());
+  all->setContentsMargins(hasCompositor() ? shadow().margins() : QMargins());
   all->setSizeConstraint(QLayout::SetFixedSize);
   all->addWidget(card_);
   for (std::size_t i = 0; i < card_->keys().size(); ++i) {
@@ -94,14 +99,21 @@ void MessageWindow::keyPressEvent(QKeyEvent* event) {
 
 void MessageWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  if (card_->geometry() != rect()) drawShadow(painter, card_->geometry(), MessageCard::kRadius, kShadow);
+  if (card_->geometry() != rect()) drawShadow(painter, card_->geometry(), MessageCard::radius(), shadow());
 }
 
 void MessageWindow::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (!hasCompositor()) {  // a region cuts the corners then
-    const auto shape = roundRectRegion(width(), height(), 2 * MessageCard::kRadius, 2 * MessageCard::kRadius);
+    const int corner = 2 * MessageCard::radius();
+    const auto shape = roundRectRegion(width(), height(), corner, corner);
     ShapedWidget(*this).setShape(&shape);
+  } else if (style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0) {
+    auto* fade = made<QPropertyAnimation>(this, "windowOpacity", this);
+    fade->setDuration(kFade);
+    fade->setStartValue(0.0);
+    fade->setEndValue(1.0);
+    fade->start(QAbstractAnimation::DeleteWhenStopped);
   }
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
