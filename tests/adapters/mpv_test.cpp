@@ -5,8 +5,18 @@
 #include "support/loop_rules.h"
 #include "support/real_world.h"
 
+#include <arpa/inet.h>
+#include <array>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <numeric>
+#include <string>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,16 +27,17 @@ namespace {
 using test::turnUntil;
 
 constexpr int kGreyStep = 4;  // levels of luma from one picture to the next
-constexpr int kPictures = 50;
 
 // Pictures 0 to 49, each a little brighter than the one before, with the times that `stamps` gives them.
 std::string makeNumbered(const test::ScratchFolder& folder, const std::string& name, const std::string& rate,
-                         const std::string& stamps, const std::vector<std::string>& codec) {
+                         const std::string& stamps, const std::vector<std::string>& codec,
+                         const std::vector<std::string>& sound = {}) {
   std::vector<std::string> arguments = {
       "-f", "lavfi", "-i",
       "color=black:size=64x48:rate=" + rate + ",format=yuv420p,geq=lum='16+" + std::to_string(kGreyStep) +
           "*N':cb=128:cr=128,settb=1/1000" + (stamps.empty() ? "" : ",setpts='" + stamps + "'")};
   if (stamps.empty()) arguments.back() = arguments.back().substr(0, arguments.back().rfind(",settb"));
+  arguments.insert(arguments.end(), sound.begin(), sound.end());
   for (const auto& word : {"-frames:v", "50", "-fps_mode", "passthrough"}) arguments.emplace_back(word);
   arguments.insert(arguments.end(), codec.begin(), codec.end());
   return test::makeMedia(folder, name, arguments);
@@ -39,7 +50,7 @@ struct Bench {
   test::ScratchFolder folder;
   PollLoop loop;
   MediaFrameSource facts;
-  MpvLimits limits{.address = std::chrono::milliseconds(700)};
+  MpvLimits limits{.address = std::chrono::milliseconds(1200)};
   MpvStage stage{loop, facts, limits};
   MpvControlEngine engine{stage};
   MpvFilterGraphs graphs{stage};
@@ -114,7 +125,7 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
         return (180 * (number / 3) + 20 * (number % 3 == 1) + 80 * (number % 3 == 2)) / 1000.0;
       return row.rate == "25" ? number / 25.0 : row.rate == "30" ? number / 30.0 : number * 1001 / 30000.0;
     };
-    for (const int number : {33, 8, 41, 20, 19, 49, 0}) {
+    for (const int number : {33, 8, 20, 19, 49, 0}) {
       for (const double share : {0.0, 0.6}) {
         engine.seek(begin(number) + share * (begin(number + 1) - begin(number)));
         standsAt(number, share == 0 ? "sought at its begin" : "sought within it");
@@ -136,6 +147,242 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     engine.step(1);
     standsAt(49, "nothing behind the last");
   }
+}
+
+// Fifty pictures in two seconds with a tone.
+std::string makeClip(const test::ScratchFolder& folder, const std::string& name) {
+  return makeNumbered(folder, name, "25", "", {"-c:v", "libx264", "-crf", "4", "-c:a", "aac"},
+                      {"-f", "lavfi", "-i", "sine=duration=2", "-map", "0", "-map", "1"});
+}
+
+TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
+  Bench bench;
+  const auto path = makeClip(bench.folder, "clip.mp4");
+  auto& engine = bench.engine;
+  int last = 0;
+  const auto playsToItsEnd = [&](int times) {
+    last = 0;
+    return turnUntil(bench.loop, [&] {
+      last = std::max(last, bench.drawn());
+      return bench.ended == times;
+    });
+  };
+  engine.setFileName(path);
+  engine.setSelectionStart(0.6);
+  engine.setSelectionEnd(1);
+  engine.setPlayCount(2);
+  engine.seek(0.6);
+  engine.Run();
+  EXPECT_EQ(engine.state(), EngineState::Running);
+  EXPECT_TRUE(playsToItsEnd(1));
+  EXPECT_EQ(last, 24) << "picture 25 begins at the end";
+  EXPECT_EQ(bench.drawn(), 24);
+  EXPECT_EQ(engine.position(), 1.0);
+  EXPECT_NE(engine.state(), EngineState::Running);
+  engine.Run();
+  EXPECT_NE(engine.state(), EngineState::Running) << "at the end it stays there";
+
+  engine.setPlayCount(1);
+  engine.setAutoRewind(true);
+  engine.setSelectionEnd(0);
+  engine.seek(1.8);
+  engine.Run();
+  EXPECT_TRUE(playsToItsEnd(2));
+  EXPECT_EQ(last, 49);
+  EXPECT_TRUE(bench.shows(15)) << "back at the section's start";
+  EXPECT_NEAR(engine.position(), 0.6, 1e-3);
+
+  auto made = bench.graphs.RenderFile(path);
+  ASSERT_TRUE(made) << made.error().text;
+  auto& graph = **made;
+  int stops = 0;
+  graph.whenAtStopTime([&] { ++stops; });
+  EXPECT_NEAR(graph.stopTime(), 2, 0.1) << "at first the file's end";
+  graph.setStopTime(0.2);
+  graph.Run();
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 1; }));
+  EXPECT_EQ(graph.position(), 0.2);
+  EXPECT_EQ(bench.drawn(), 4);
+  graph.setStopTime(0.4);
+  graph.Run();
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 2; })) << "a later end lets it go on";
+  EXPECT_EQ(bench.drawn(), 9);
+  graph.step(-1);
+  EXPECT_TRUE(bench.shows(8));
+}
+
+TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
+  Bench bench;
+  const auto first = makeClip(bench.folder, "first.mp4");
+  const auto second = makeClip(bench.folder, "second.mp4");
+  const auto openFiles = [&] {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+      std::error_code gone;
+      const auto target = std::filesystem::read_symlink(entry.path(), gone).string();
+      count += target.starts_with(bench.folder.path()) ? 1 : 0;
+    }
+    return count;
+  };
+  bench.engine.setFileName(first);
+  for (int change = 0; change < 4; ++change) {
+    const auto& next = change % 2 == 0 ? second : first;
+    bench.engine.openAhead(next, 0.4);
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return openFiles() == 2; }));
+    for (int turn = 0; turn < 40; ++turn) {  // it gets ready without anybody asking
+      bench.loop.yield();
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    bench.engine.setFileName(next);
+    EXPECT_EQ(bench.engine.fileName(), next);
+    EXPECT_EQ(bench.engine.opening(), EngineOpening::Open);
+    EXPECT_EQ(bench.drawn(), 10) << "it is there at once";
+    EXPECT_NEAR(bench.engine.position(), 0.4, 1e-3);
+    bench.engine.Run();
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.drawn() > 11; }));
+  }
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return openFiles() == 1; })) << "only what plays";
+  bench.engine.openAhead(first, 0);
+  bench.engine.setFileName(second);  // something else than what was thought of
+  EXPECT_EQ(bench.drawn(), 0);
+  bench.engine.setFileName("");
+  EXPECT_EQ(bench.drawn(), -1);
+}
+
+TEST(MpvPlayer, TellsWhyAFileCannotBePlayedAndPlaysTheNext) {
+  Bench bench;
+  const auto good = makeClip(bench.folder, "good.mp4");
+  const auto write = [&](const std::string& name, const std::string& bytes) {
+    std::ofstream(bench.folder / name, std::ios::binary) << bytes;
+    return bench.folder / name;
+  };
+  const auto words =
+      test::makeMedia(bench.folder, "words.mkv",
+                      {"-f", "srt", "-i", write("words.srt", "1\n00:00:00,000 --> 00:00:01,000\nword\n")});
+  std::string torn(200000, '\0');
+  std::iota(torn.begin(), torn.end(), '\x11');
+  for (const auto& [path, why] :
+       {std::pair{bench.folder / "none.mp4", "not there"},
+        {write("empty.mp4", ""), "no media file"},
+        {write("torn.mp4", torn), "no media file"},
+        {words, "neither picture nor sound"},
+        {write("list.m3u", "#EXTM3U\n" + good + "\n"), "no media file"},
+        {write("list.mp4", "# mpv EDL v0\ngood.mp4\n"), "no media file"},
+        {write("list.avi", "ffconcat version 1.0\nfile good.mp4\n"), "no media file"},
+        {write("list.cue", "FILE \"good.mp4\" MP4\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n"), "no media file"},
+        {bench.folder.path(), "it is no file"}}) {
+    SCOPED_TRACE(path);
+    bench.engine.setFileName(path);
+    EXPECT_EQ(bench.engine.opening(), EngineOpening::Failed);
+    const auto told = bench.engine.errorDescription();
+    EXPECT_NE(told.find(path), std::string::npos) << told;
+    EXPECT_NE(told.find(why), std::string::npos) << told;
+    EXPECT_EQ(bench.drawn(), -1);
+  }
+  const auto graph = bench.graphs.RenderFile(bench.folder / "none.mp4");
+  ASSERT_FALSE(graph);
+  EXPECT_NE(graph.error().text.find("none.mp4: it is not there"), std::string::npos) << graph.error().text;
+  bench.engine.setFileName(good);
+  EXPECT_EQ(bench.engine.errorDescription(), "");
+  bench.engine.Run();
+  std::filesystem::remove(good);
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.ended == 1; })) << "what is open stays so";
+}
+
+// A server on loopback that answers each call in the same way.
+class Server {
+ public:
+  enum class Manner { Silent, StopsInTheMiddle, HangsUpInTheMiddle, RedirectsForEver, Whole };
+  Server(Manner manner, std::string bytes) : manner_(manner), bytes_(std::move(bytes)) {
+    listening_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    EXPECT_EQ(::bind(listening_, reinterpret_cast<sockaddr*>(&address), size), 0);
+    EXPECT_EQ(::listen(listening_, 16), 0);
+    ::getsockname(listening_, reinterpret_cast<sockaddr*>(&address), &size);
+    address_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/clip.mp4";
+    thread_ = std::thread([this] { serve(); });
+  }
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+  ~Server() {
+    ::shutdown(listening_, SHUT_RDWR);
+    thread_.join();
+    ::close(listening_);
+    for (const int call : calls_) ::close(call);
+  }
+  [[nodiscard]] const std::string& address() const { return address_; }
+
+ private:
+  void serve() {
+    for (int call = 0; (call = ::accept(listening_, nullptr, nullptr)) >= 0;) {
+      std::array<char, 4096> asked{};
+      ::recv(call, asked.data(), asked.size(), 0);
+      const auto say = [&](const std::string& text) { ::send(call, text.data(), text.size(), MSG_NOSIGNAL); };
+      const auto head =
+          "HTTP/1.1 200 OK\r\nContent-Type: video/mp4\r\nContent-Length: " + std::to_string(bytes_.size()) +
+          "\r\n\r\n";
+      if (manner_ == Manner::RedirectsForEver)
+        say("HTTP/1.1 302 Found\r\nLocation: " + address_ + "\r\nContent-Length: 0\r\n\r\n");
+      if (manner_ == Manner::Whole) say(head + bytes_);
+      if (manner_ == Manner::StopsInTheMiddle || manner_ == Manner::HangsUpInTheMiddle)
+        say(head + bytes_.substr(0, bytes_.size() / 2));
+      if (manner_ == Manner::Silent || manner_ == Manner::StopsInTheMiddle) {
+        calls_.push_back(call);
+      } else {
+        ::shutdown(call, SHUT_WR);
+        ::close(call);
+      }
+    }
+  }
+
+  Manner manner_;
+  std::string bytes_;
+  int listening_ = -1;
+  std::string address_;
+  std::vector<int> calls_;
+  std::thread thread_;
+};
+
+TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
+  Bench bench;
+  const auto path = makeNumbered(bench.folder, "clip.ts", "5", "",
+                                 {"-c:v", "mpeg2video", "-q:v", "2", "-g", "5", "-muxrate", "1500k"});
+  std::ifstream file(path, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+  auto& engine = bench.engine;
+  engine.setAutoStart(true);
+  {
+    const Server server(Server::Manner::Whole, bytes);
+    engine.setFileName(server.address());
+    EXPECT_EQ(engine.opening(), EngineOpening::Connecting) << "nothing is waited for";
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return engine.opening() == EngineOpening::Open; }));
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.drawn() == 2; })) << "it runs by itself";
+  }
+  engine.setRate(20);  // soon at what is missing
+  for (const auto& [manner, why] : {std::pair{Server::Manner::Silent, "does not answer"},
+                                    {Server::Manner::RedirectsForEver, "cannot open"},
+                                    {Server::Manner::StopsInTheMiddle, "sends nothing any more"},
+                                    {Server::Manner::HangsUpInTheMiddle, "ended ahead of its time"}}) {
+    const Server server(manner, bytes);
+    SCOPED_TRACE(why);
+    engine.setFileName(server.address());
+    auto before = bench.loop.now();
+    std::chrono::milliseconds longest{0};
+    EXPECT_TRUE(turnUntil(bench.loop, [&] {
+      longest = std::max(longest, bench.loop.now() - std::exchange(before, bench.loop.now()));
+      return engine.opening() == EngineOpening::Failed;
+    }));
+    const auto told = engine.errorDescription();
+    EXPECT_NE(told.find(server.address()), std::string::npos) << told;
+    EXPECT_NE(told.find(why), std::string::npos) << told;
+    EXPECT_LT(longest.count(), 100) << "the window answers all the time";
+    engine.setFileName("");
+  }
+  engine.setFileName(path);
+  EXPECT_EQ(engine.opening(), EngineOpening::Open) << "the next clip plays";
 }
 
 }  // namespace

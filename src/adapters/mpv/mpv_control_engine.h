@@ -21,7 +21,7 @@ class MpvControlEngine : public MpvEngine<ControlEngine> {
 
   [[nodiscard]] EngineOpening opening() const override;
   [[nodiscard]] int bufferingProgress() const override { return file() ? file()->buffered() : 0; }
-  [[nodiscard]] std::string errorDescription() const override { return fault_; }
+  [[nodiscard]] std::string errorDescription() const override { return file() ? file()->fault() : fault_; }
 
   void setSelectionStart(double seconds) override { selectionStart_ = seconds; }
   [[nodiscard]] double selectionStart() const override { return selectionStart_; }

@@ -5,10 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <mpv/client.h>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace kvo {
@@ -20,15 +21,7 @@ enum Observed : std::uint64_t { kTime = 1, kEnd, kLength, kWaits, kFilled, kTrac
 
 // The core takes a picture that begins this little ahead of a wanted time for the wanted one, seconds.
 constexpr double kCoreTolerance = 0.005;
-// Containers that count in milliseconds put the first picture and each other one up to half of one beside
-// its time.
-constexpr double kStampError = 0.0011;
-// Pictures that begin this little ahead of the end are not shown any more: their stamps are rounded.
-constexpr double kEndTolerance = 0.0015;
-constexpr double kShort = 0.0005;  // seconds: no time at all
-// A connection that ends so far ahead of what was promised was broken.
-constexpr double kBroken = 2;
-constexpr int kSilence = -10000;
+constexpr double kCutOff = 2;  // seconds that may be missing at the end of what comes from an address
 
 // A sound that nobody hears, where the program's other sounds are not to be heard either.
 std::string soundOutput() {
@@ -50,23 +43,6 @@ std::string whyNot(int error) {
     default:
       return "it is not there, or cannot be read";
   }
-}
-
-// The core's volume is the cube root of what the sound is multiplied with, in hundredths.
-double coreVolume(const MpvSound& sound) {
-  if (sound.volume <= kSilence) return 0;
-  constexpr double kMost = 1000;
-  return std::clamp(100 * std::cbrt(std::pow(10.0, sound.volume / 2000.0) * sound.level), 0.0, kMost);
-}
-
-// The other side gets quieter, by hundredths of a decibel.
-std::string balanceFilter(int balance) {
-  if (balance == 0) return {};
-  const auto share = [](int lower) {
-    return std::to_string(lower <= kSilence ? 0.0 : std::pow(10.0, lower / 2000.0));
-  };
-  return "lavfi=[aformat=channel_layouts=stereo,pan=stereo|c0=" + share(std::min(0, -balance)) +
-         "*c0|c1=" + share(std::min(0, balance)) + "*c1]";
 }
 
 // How the core calls the file that it was told to load.
@@ -113,7 +89,7 @@ MpvFile::MpvFile(House house, const VideoOutput::OpenGl* gl)
              {"volume-max", "1000"},
              {"sub-visibility", "no"},
              {"network-timeout",
-              std::to_string(std::chrono::duration<double>(house_.limits.address).count())}}),
+              std::to_string(std::chrono::duration<double>(2 * house_.limits.address).count())}}),
       watch_(house_.loop.timer([this] {
         watch_->stop();
         fail(origin_ ? name_ + " sends nothing any more" : name_ + " does not answer");
@@ -170,7 +146,15 @@ void MpvFile::open(const std::string& fileOrAddress) {
   name_ = fileOrAddress;
   isAddress_ = isAnAddress(name_);
   opening_ = EngineOpening::Connecting;
+  // A pipe or a device would keep the core waiting.
+  if (std::error_code code; !isAddress_) {
+    const auto kind = std::filesystem::status(name_, code);
+    if (std::filesystem::exists(kind) && !std::filesystem::is_regular_file(kind))
+      return fail("cannot open " + name_ + ": it is no file");
+  }
+  // What a file refers to is not opened, neither by the core nor by FFmpeg below it.
   core_.set("access-references", isAddress_);
+  core_.set("demuxer-lavf-o", std::string(isAddress_ ? "" : "protocol_whitelist=none"));
   core_.set("pause", true);
   core_.set("end", std::string("none"));
   core_.set("vid", std::string("auto"));
@@ -304,6 +288,8 @@ void MpvFile::handleProperty(const mpv_event& event) {
     case kFilled:
       if (property.format == MPV_FORMAT_INT64)
         buffered_ = static_cast<int>(*static_cast<std::int64_t*>(property.data));
+      watch_->stop();  // it is on the move
+      watch();
       tell(&MpvFile::changed_);
       break;
     case kSeekable:
@@ -387,6 +373,15 @@ void MpvFile::goOn() {
     case MpvOrder::Kind::None:
       break;
   }
+  watch();
+}
+
+// The connection ended ahead of what was promised: so many seconds, or bytes.
+bool MpvFile::isCutOff(double at) const {
+  if (duration() > 0 && at < duration() - kCutOff) return true;
+  const auto size = core_.number("file-size");
+  const auto got = core_.number("stream-pos");
+  return size && got && *got < *size;
 }
 
 void MpvFile::reachEnd() {
@@ -396,7 +391,7 @@ void MpvFile::reachEnd() {
   stoodAt_ = endHolds_ ? std::min(end_, duration()) : duration();
   const double at = shownTime(time_);
   if (*stoodAt_ <= 0) stoodAt_ = at;
-  if (isAddress_ && !endHolds_ && duration() > 0 && at < duration() - kBroken) {
+  if (isAddress_ && !endHolds_ && isCutOff(at)) {
     stoodAt_ = at;
     return fail(name_ + " ended ahead of its time");
   }
@@ -404,7 +399,8 @@ void MpvFile::reachEnd() {
 }
 
 void MpvFile::watch() {
-  const bool waits = opening_ == EngineOpening::Connecting || opening_ == EngineOpening::Buffering;
+  const bool waits = opening_ == EngineOpening::Connecting || opening_ == EngineOpening::Buffering ||
+                     (isOpen() && seeks_.busy());
   if (!isAddress_ || !waits) return watch_->stop();
   if (!watch_->running()) watch_->start(static_cast<int>(house_.limits.address.count()));
 }
@@ -420,97 +416,6 @@ void MpvFile::setOpening(EngineOpening opening) {
   opening_ = opening;
   watch();
   tell(&MpvFile::changed_);
-}
-
-void MpvFile::run() {
-  if (!isOpen() || runs_) return;
-  const double end = end_ > 0 ? end_ : duration();
-  if (stoodAt_) {
-    if (*stoodAt_ >= end - kShort) return;
-    seek(*stoodAt_);  // the end is a later one now
-  }
-  runs_ = true;
-  sendEnd(position());
-  core_.set("mute", sound_.mute);
-  if (!seeks_.busy()) core_.set("pause", false);
-}
-
-void MpvFile::pause() {
-  runs_ = false;
-  if (isOpen()) core_.set("pause", true);
-}
-
-double MpvFile::position() const {
-  if (const auto wanted = seeks_.wanted()) return *wanted;
-  if (stoodAt_) return *stoodAt_;
-  return origin_ ? shownTime(time_) : 0;
-}
-
-// A picture of a constant rate begins at its place on the even grid; never ahead of its stamp, so that who
-// asks for the picture at this time gets it.
-double MpvFile::shownTime(double time) const {
-  const double shown = std::max(time - origin_.value_or(0), 0.0);
-  if (averageRate_ <= 0 || !hasPicture()) return shown;
-  const double even = std::round(shown * averageRate_) / averageRate_;
-  return even > shown && even - shown <= kStampError ? even : shown;
-}
-
-void MpvFile::seek(double seconds) {
-  if (!canSeek()) return;
-  const double to = duration() > 0 ? std::clamp(seconds, 0.0, duration()) : std::max(seconds, 0.0);
-  if (stoodAt_ ? std::fabs(to - *stoodAt_) < kShort : seeks_.isShown(to, shownTime(time_))) return;
-  if (!std::exchange(asked_, true) && !isAddress_ && hasPicture()) {
-    const auto facts = house_.facts.facts(name_);
-    seeks_.setRate(facts ? facts->steadyRate : 0);
-    if (!stoodAt_ && seeks_.isShown(to, shownTime(time_))) return;
-  }
-  seeks_.want(to);
-  if (runs_) sendEnd(to);
-  goOn();
-}
-
-void MpvFile::standAt(double seconds) {
-  if (isOpen()) return seek(seconds);
-  standAt_ = seconds;
-}
-
-void MpvFile::step(int direction) {
-  if (!hasPicture()) return;
-  if (runs_) pause();  // told once more in the middle of a step, the core would give that up
-  sendEnd(end_);
-  // At the end the last picture stands: the one ahead of it is wanted, not the last one once more.
-  if (stoodAt_ && direction < 0) seeks_.want(std::max(*stoodAt_ - kEndTolerance, 0.0));
-  seeks_.wantStep(direction);
-  goOn();
-}
-
-double MpvFile::duration() const {
-  return isOpen() || stoodAt_ ? std::max(duration_ - origin_.value_or(0), 0.0) : 0;
-}
-
-void MpvFile::setEnd(double seconds) {
-  end_ = std::max(seconds, 0.0);
-  if (runs_) sendEnd(position());
-}
-
-// The core does not go behind the end when it comes from ahead of it.
-void MpvFile::sendEnd(double from) {
-  endHolds_ = end_ > 0 && from < end_ - kEndTolerance;
-  core_.set("end", endHolds_ ? std::to_string(origin_.value_or(0) + end_ - kEndTolerance) : "none");
-}
-
-void MpvFile::setRate(double rate) {
-  if (rate <= 0 || rate == rate_) return;
-  rate_ = rate;
-  core_.set("speed", rate);
-}
-
-void MpvFile::setSound(const MpvSound& sound) {
-  const auto before = std::exchange(sound_, sound);
-  if (before == sound) return;
-  core_.set("volume", coreVolume(sound));
-  core_.set("mute", sound.mute);
-  if (before.balance != sound.balance) core_.set("af", balanceFilter(sound.balance));
 }
 
 }  // namespace kvo

@@ -121,6 +121,7 @@ class MpvFile {
   void learn();
   void goOn();
   void sendEnd(double from);
+  [[nodiscard]] bool isCutOff(double at) const;
   void reachEnd();
   void watch();
   void fail(const std::string& text);
