@@ -151,7 +151,8 @@ class WindowProgram {
             .minimumDetails = [this] { links_.display().turnDetails(); },
             .stayOnTop = [] {},  // the window goes by the state
             .interfaceSize = [this] { links_.takeInterfaceSize(); },
-            .sizeFits = [this](double size) { return links_.display().sizeFits(size); }};
+            .sizeFits = [this](double size) { return links_.display().sizeFits(size); },
+            .fullPicture = [this] { links_.display().mnu_DirXFullSC_Click(); }};
   }
 
   // As it is, and where the desktop puts it.

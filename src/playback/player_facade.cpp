@@ -17,6 +17,12 @@ constexpr double kDvdRate = 25;     // pictures a second
 constexpr double kRateUntold = 15;  // of a picture whose file does not tell its rate
 constexpr Place kDvdBox{1200, 700, 6800, 4450};
 
+double rateByFacts(const Result<StreamFacts>& facts) {
+  if (!facts) return kRateUntold;
+  if (facts->steadyRate > 0) return facts->steadyRate;
+  return facts->frameRate > 0 ? facts->frameRate : kRateUntold;
+}
+
 // Only what a file is that an engine can open.
 bool isPlayedFile(const Movie& clip) {
   return !clip.IsStill() && !clip.IsHTML() && !clip.IsTrueQT4() && !clip.IsTrueRM() && !clip.IsStream() &&
@@ -84,10 +90,7 @@ void PlayerFacade::openControl(const std::string& path, int index) {
   auto* clip = clipAt(index);
   if (load != loads_ || clip == nullptr) return;
   auto rate = rateByRecord(*clip);
-  if (rate <= 0 && hasPicture()) {
-    const auto facts = parts_.streams.facts(path);
-    rate = facts && facts->frameRate > 0 ? facts->frameRate : kRateUntold;
-  }
+  if (rate <= 0 && hasPicture()) rate = rateByFacts(parts_.streams.facts(path));
   counted_ = FrameCount::ofPictures(rate);
   if (clip->MovieHeight() != 0) return;
   clip->MovieHeight(toInteger(PlayerGetSourceHeight()).value_or(0));
@@ -173,7 +176,7 @@ void PlayerFacade::PlayerCoronaSetFrameRate(int index) {
   if (facts && !facts->hasVideo && facts->hasAudio) {
     counted_ = FrameCount::ofSound();
   } else {
-    counted_ = FrameCount::ofPictures(facts && facts->frameRate > 0 ? facts->frameRate : kRateUntold);
+    counted_ = FrameCount::ofPictures(rateByFacts(facts));
   }
   if (auto* clip = clipAt(index)) clip->FrameRate(static_cast<Single>(counted_.rate()));
 }

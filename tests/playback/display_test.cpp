@@ -276,6 +276,9 @@ TEST(Display, ThePictureAloneCoversTheScreenWhereThereIsOne) {
   b.player.PlayerSetFullScreenMode(false);  // left by the keyboard
   b.display.SortFullScreen();
   EXPECT_TRUE(b.mode.ticks.lockAndZoomEnabled && !b.mode.ticks.mnu_DirXFullSC);
+  b.display.Lbl_MiniMode_Click();
+  b.display.mnu_DirXFullSC_Click();
+  EXPECT_TRUE(b.display.stepBack() && b.mode.IsMiniMode && !b.mode.player.fullScreen) << "back to the face";
 }
 
 TEST(Display, TheSpineReadsWhatKindOfClipIsInHand) {

@@ -119,7 +119,8 @@ struct FaceBench : ProgramBench {
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
                  .minimumDetails = [this] { links.display().turnDetails(); },
                  .stayOnTop = [] {},
-                 .interfaceSize = [this] { links.takeInterfaceSize(); }}};
+                 .interfaceSize = [this] { links.takeInterfaceSize(); },
+                 .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); }}};
   KeyCommands keys{window, listCommands};
   ClipPicture picture{streams, loop, window.picture};
   PosixFiles disk;

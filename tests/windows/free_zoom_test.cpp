@@ -79,6 +79,27 @@ TEST(FreeZoom, TheToolbarGoesWhileTheMouseRestsOnACoveredScreen) {
   EXPECT_FALSE(gone());
 }
 
+TEST(FullPicture, CoversTheScreenUntilEscapeOrAnotherClip) {
+  FaceBench b;
+  const auto full = []() -> QWidget* {
+    for (auto* window : QApplication::topLevelWidgets()) {
+      if (window->isVisible() && window->isFullScreen()) return window;
+    }
+    return nullptr;
+  };
+  b.key(Qt::Key_Return, Qt::AltModifier);
+  ASSERT_NE(full(), nullptr);
+  EXPECT_EQ(full()->childAt(full()->rect().center())->accessibleName(), "Picture");
+  QTest::keyClick(full(), Qt::Key_Escape);
+  EXPECT_EQ(full(), nullptr);
+  EXPECT_FALSE(b.window.mode.player.fullScreen);
+  b.key(Qt::Key_Return, Qt::AltModifier);
+  ASSERT_NE(full(), nullptr);
+  b.list.PreviewMovie(2);
+  b.draw();
+  EXPECT_EQ(full(), nullptr);
+}
+
 TEST(FaceMenu, ShortcutsAndEntriesDoTheSame) {
   FaceBench b;
   b.key(Qt::Key_Delete);

@@ -170,6 +170,12 @@ void Display::mnu_DirXFullSC_Click() {
   SortFullScreen();
 }
 
+bool Display::leaveFullPicture() {
+  if (!parts_.player.PlayerGetFullScreenMode()) return false;
+  mnu_DirXFullSC_Click();
+  return true;
+}
+
 void Display::SortFullScreen() {
   auto& mode = parts_.mode;
   mode.player.fullScreen = parts_.player.PlayerGetFullScreenMode();

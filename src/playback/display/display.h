@@ -81,9 +81,10 @@ class Display {
   void Lbl_MiniMode_Click();
   /// In Free Zoom: covers the screen, or goes back to a size of the window's own.
   void Lbl_MinMax_Click();
-  /// Covers the screen, from each face; and from there back to a window.
+  /// Covers the screen, from each face; and from there, or from the picture alone, back to a window.
   void coverOrBack();
-  /// One step back: from the whole screen to a window, from that to the normal face. False there.
+  /// One step back: from the picture alone to the face, from the whole screen to a window, from that to the
+  /// normal face. False there.
   bool stepBack();
   /// To the normal face with as few details as can be.
   void Lbl_MinDets_Click();
@@ -126,6 +127,7 @@ class Display {
   void tellOfToolbar();
   void placeAnew();
   void takeSourceSize();
+  bool leaveFullPicture();
   void showDetails(bool on);
   void closeDisplays();
   void tickZoom(int percent);

@@ -19,11 +19,13 @@ void Display::Lbl_MinMax_Click() {
 }
 
 void Display::coverOrBack() {
+  if (leaveFullPicture()) return;
   if (!parts_.mode.IsMiniMode) enterFreeZoom();
   Lbl_MinMax_Click();
 }
 
 bool Display::stepBack() {
+  if (leaveFullPicture()) return true;
   if (!parts_.mode.IsMiniMode) return false;
   parts_.mode.IsFullScreenWindow ? changeCover(false) : leaveFreeZoom();
   return true;

@@ -37,11 +37,13 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Mater
                 [&media = logic.media] { media.AddMedia(); }},
                acts_, material.skin, material.images, material.folder, [this] { draw(); }),
       zoom_(state, {logic.display, logic.pictures}, acts_, material.folder, [this] { draw(); }),
+      full_(state, logic.display, logic.pictures, acts_, [this] { draw(); }),
       place_(material.store, material.desktop, "FrmFileOpenPlace") {
   if (material.video == nullptr) return;
   video_.emplace(*material.video);
   skinned_.showVideo(*video_);
   zoom_.showVideo(*video_);
+  full_.showVideo(*video_);
 }
 
 // What is drawn may tell the logic of a size that it has got, and so ask for another drawing.
@@ -53,6 +55,7 @@ void FrmFileOpen::draw() {
   for (int round = 0; again_ && round < kMostRounds; ++round) {
     again_ = false;
     state_.face.visible ? showFace() : leave();
+    full_.draw(face());
   }
   drawing_ = false;
 }

@@ -5,6 +5,7 @@
 #include "program/clip_picture.h"
 #include "program/media_commands.h"
 #include "windows/main/free_zoom_face.h"
+#include "windows/main/full_picture.h"
 #include "windows/main/skinned_face.h"
 #include "windows/main/video_surface.h"
 #include "windows/main/window_place.h"
@@ -55,6 +56,7 @@ class FrmFileOpen {
   WindowActs acts_;
   SkinnedFace skinned_;
   FreeZoomFace zoom_;
+  FullPicture full_;
   WindowPlace place_;
   QPoint corner_;  // of the face that is seen, as it is when it does not cover the screen
   QPoint home_;    // of the skinned face, when it was left

@@ -69,6 +69,10 @@ PictureBox::Sign PictureBox::sign() const {
 
 void PictureBox::draw() {
   if (!isVisible()) return;
+  if (state_.mode.player.fullScreen != alone_) {
+    if (video_ != nullptr) video_->hide();
+    return;
+  }
   if (video_ != nullptr) video_->setVisible(isPlayed());
   pictures_.want(wish());
   take();

@@ -20,6 +20,8 @@ class PictureBox : public QWidget {
  public:
   PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent);
 
+  /// It is the box that shows while the picture covers the screen; the others rest meanwhile.
+  void standAlone() { alone_ = true; }
   /// Asks for the picture that is wanted, and shows what there is.
   void draw();
   /// Shows the clip as it is at another time, until that is taken back by nothing.
@@ -48,6 +50,7 @@ class PictureBox : public QWidget {
 
   const MainWindowState& state_;
   ClipPicture& pictures_;
+  bool alone_ = false;
   VideoFeed* feed_ = nullptr;
   VideoSurface* video_ = nullptr;
   std::optional<double> at_;
