@@ -32,9 +32,9 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
   /// The skins are made behind this.
   void link(Skins& skins) { skins_ = &skins; }
 
-  [[nodiscard]] Player& player() { return player_; }
   [[nodiscard]] Buttons& buttons() { return buttons_; }
   [[nodiscard]] Display& display() { return display_; }
+  [[nodiscard]] Player& player() { return player_; }
 
   /// Puts the interface size in force that the user has chosen, or the screen's.
   void takeInterfaceSize();

@@ -2,6 +2,7 @@
 #include "adapters/posix/console_boxes.h"
 #include "adapters/posix/posix_temporary_folders.h"
 #include "app/commands.h"
+#include "app/companions.h"
 #include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
@@ -71,7 +72,8 @@ int runWindow(int argc, char** argv) {
   kvo::PosixTemporaryFolders().sweep();
   if (!kvo::hasDisplay()) return failWithoutDisplay();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
-  return kvo::runWindow(argc, argv, kvo::findProgramFolder(environment, beside), beside);
+  return kvo::runWindow(argc, argv, kvo::findProgramFolder(environment, beside), beside,
+                        kvo::placesFile(environment));
 }
 
 }  // namespace

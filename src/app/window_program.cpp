@@ -9,10 +9,12 @@
 #include "adapters/qt/qt_file_dialogs.h"
 #include "adapters/qt/settings_store.h"
 #include "app/commands.h"
+#include "app/companions.h"
 #include "app/face_links.h"
 #include "app/session.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
+#include "playback/captions.h"
 #include "playback/display/layout.h"
 #include "program/clip_picture.h"
 #include "program/key_commands.h"
@@ -56,7 +58,7 @@ class PatientHandover : public Handover {
 // The program wired to its window. One that lives as long as the process.
 class WindowProgram {
  public:
-  explicit WindowProgram(const ProgramFolder& programFolder)
+  WindowProgram(const ProgramFolder& programFolder, const std::string& placesFile)
       : session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
         loop_([this] { window_.draw(); }),
@@ -102,10 +104,14 @@ class WindowProgram {
             [this](const std::string& path, const Result<StreamFacts>& facts) {
               if (facts) list_.takeFacts(path, *facts);
             }),
-        window_(
-            state_,
-            {menu_, keys_, listCommands_, history_, media_, mailbox_, shutDown_, links_.display(), picture_},
-            {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}) {
+        companions_({session_.streams,
+                     desktop_,
+                     {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
+                      placesFile}}),
+        window_(state_,
+                {menu_, keys_, listCommands_, history_, media_, mailbox_, shutDown_, links_.display(),
+                 picture_, companions_.hover(), companions_.resume(), [this] { companions_.settled(); }},
+                {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}) {
     links_.link(skins_);
     commands_.whenOpened([this] { skins_.applyStored(); });
     listCommands_.whenUnseen([this] { links_.display().AllDetOn(); });
@@ -135,7 +141,9 @@ class WindowProgram {
       intro_.ended();  // nothing plays yet, so an intro is over as soon as it has begun
       showNow();
       startUp_.tell();
-      return QApplication::exec();
+      const int code = QApplication::exec();
+      companions_.leave();
+      return code;
     } catch (const std::exception& thrown) {
       failures.LogError(std::string(LoadResString(179)) + " - " + thrown.what(), true);
       return kExitFailed;
@@ -145,14 +153,19 @@ class WindowProgram {
  private:
   // What the menus ask of other rooms.
   MenuDoors doors() {
-    return {.freeZoom = [this] { links_.display().Lbl_MiniMode_Click(); },
-            .coverScreen = [this] { links_.display().Lbl_MinMax_Click(); },
-            .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
-            .minimumDetails = [this] { links_.display().turnDetails(); },
-            .stayOnTop = [] {},  // the window goes by the state
-            .interfaceSize = [this] { links_.takeInterfaceSize(); },
-            .sizeFits = [this](double size) { return links_.display().sizeFits(size); },
-            .fullPicture = [this] { links_.display().mnu_DirXFullSC_Click(); }};
+    return {
+        .freeZoom = [this] { links_.display().Lbl_MiniMode_Click(); },
+        .coverScreen = [this] { links_.display().Lbl_MinMax_Click(); },
+        .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
+        .minimumDetails = [this] { links_.display().turnDetails(); },
+        .stayOnTop = [] {},  // the window goes by the state
+        .interfaceSize = [this] { links_.takeInterfaceSize(); },
+        .sizeFits = [this](double size) { return links_.display().sizeFits(size); },
+        .fullPicture = [this] { links_.display().mnu_DirXFullSC_Click(); },
+        .tracks = [this] { return links_.player().PlayerGetTracks(); },
+        .chooseTrack = [this](MediaTrack::Kind kind, int id) { links_.player().PlayerChooseTrack(kind, id); },
+        .captions =
+            [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); }};
   }
 
   // As it is, and where the desktop puts it.
@@ -208,6 +221,7 @@ class WindowProgram {
   KeyCommands keys_;
   ClipPicture picture_;
   LastWish<std::string, Result<StreamFacts>> facts_;
+  Companions companions_;
   FrmFileOpen window_;
 };
 
@@ -230,13 +244,14 @@ bool hasDisplay() {
   return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
 }
 
-int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder) {
+int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder,
+              const std::string& placesFile) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("KVO5");
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));
-  WindowProgram program(folder);
+  WindowProgram program(folder, placesFile);
   return program.run({argv + 1, argv + argc}, shared + "/kvo5");
 }
 

@@ -12,8 +12,9 @@ namespace kvo {
 bool hasDisplay();
 
 /// Runs until the user ends it; the exit code of the process. `argc` and `argv` are those of main, whose
-/// words about the display Qt takes out.
-int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder);
+/// words about the display Qt takes out. `placesFile` keeps where the user left long clips.
+int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder,
+              const std::string& placesFile);
 
 /// Shows the widgets that windows are made of, until the user closes them.
 int runGallery(int argc, char** argv);

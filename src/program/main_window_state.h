@@ -10,6 +10,7 @@
 #include "program/skin_state.h"
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,19 @@ struct HistoryState {
   std::string redo;  ///< "Redo ..."
 };
 
+/// The offer to go on where a long clip was left, on its picture.
+struct ResumeState {
+  std::string chip;  ///< "Resume at 12:34"; empty while there is no offer
+};
+
+/// The small picture over the slider, where the pointer is.
+struct HoverState {
+  bool visible = false;
+  double part = 0;                              ///< of the line, 0 to 1
+  std::string time;                             ///< "12:34"
+  std::shared_ptr<const FramePicture> picture;  ///< null for a clip without one, and until it has come
+};
+
 /// Long work that goes on.
 struct ProgressState {
   std::string status;  ///< "Loading Clip 5 of 20", and a line for the file at work; empty while there is none
@@ -128,6 +142,8 @@ struct MainWindowState {
   DisplayModeState mode;
   ButtonsState buttons;
   ClipPictureState picture;
+  ResumeState resume;
+  HoverState hover;
   bool commandRuns = false;  ///< see CommandPass
 
   /// True while a command is under way and lets events through: nothing else may touch the collection.

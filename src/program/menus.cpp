@@ -71,6 +71,7 @@ Entries MainMenu::windowMenu(Files files) {
            {submenu("Cl&ip", clipEntries()), submenu("Sor&t by", sortMenu(), parts_.window.listKeys.SORT)});
   addGroup(entries, copyEntries());
   addGroup(entries, playEntries());
+  addGroup(entries, trackEntries());
   addGroup(entries, faceEntries(files));
   addGroup(entries, {{{MenuCommand::Exit}, "E&xit", "Ctrl+Q", true, [this] { parts_.shutDown.exit(); }}});
   return entries;
@@ -172,6 +173,58 @@ Entries MainMenu::playEntries() {
                  [&] { user.RewAtEnd = ticks.mnu_RewAtEnd = !ticks.mnu_RewAtEnd; }),
           ticked(MenuCommand::mnu_LoopCollectionsOnPlayback, "Loop Collections on play&back",
                  ticks.mnu_LoopCol, true, [&] { user.LoopCol = ticks.mnu_LoopCol = !ticks.mnu_LoopCol; })};
+}
+
+// One that says nothing of itself goes by its number.
+std::string MainMenu::trackCaption(const MediaTrack& track) {
+  const auto name = track.title.empty() ? "Track " + std::to_string(track.id) : track.title;
+  return asCaption(track.language.empty() ? name : name + " (" + track.language + ")");
+}
+
+MenuEntry MainMenu::trackMenu(MediaTrack::Kind kind, const std::vector<MediaTrack>& tracks) {
+  const bool texts = kind == MediaTrack::Kind::Subtitles;
+  Entries entries;
+  const auto add = [&](int id, std::string caption, bool chosen) {
+    entries.push_back({.id = {texts ? MenuCommand::Subtitles : MenuCommand::SoundTrack, id},
+                       .caption = std::move(caption),
+                       .act = [this, kind, id] { chooseTrack(kind, id); },
+                       .takesPass = false,
+                       .mark = chosen ? MenuMark::Dot : MenuMark::None});
+  };
+  const bool shown = !texts || parts_.settings.state.ShowCaps;
+  bool any = false;
+  for (const auto& track : tracks) {
+    if (track.kind != kind) continue;
+    add(track.id, trackCaption(track), shown && track.chosen);
+    any = any || (shown && track.chosen);
+  }
+  if (texts && !entries.empty()) add(0, "&None", !any);
+  return submenu(texts ? "&Subtitles" : "Soun&d track", std::move(entries));
+}
+
+// Texts that are chosen are to be seen.
+void MainMenu::chooseTrack(MediaTrack::Kind kind, int id) {
+  doors_.chooseTrack(kind, id);
+  if (kind != MediaTrack::Kind::Subtitles) return;
+  parts_.settings.state.ShowCaps = id != 0;
+  doors_.captions();
+}
+
+Entries MainMenu::trackEntries() {
+  auto& settings = parts_.settings;
+  Entries entries;
+  if (doors_.tracks && doors_.chooseTrack && doors_.captions) {
+    const auto tracks = doors_.tracks();
+    entries = {trackMenu(MediaTrack::Kind::Sound, tracks), trackMenu(MediaTrack::Kind::Subtitles, tracks),
+               ticked(MenuCommand::mnu_ShowCaps, "S&how captions", settings.state.ShowCaps, true, [&] {
+                 settings.state.ShowCaps = !settings.state.ShowCaps;
+                 doors_.captions();
+               })};
+  }
+  const bool offers = settings.user.OfferResume;
+  entries.push_back(ticked(MenuCommand::OfferResume, "Resume lon&g clips", offers, true,
+                           [&settings, offers] { settings.user.OfferResume = !offers; }));
+  return entries;
 }
 
 // The faces of the window: to another one, and what the present one has.

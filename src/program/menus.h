@@ -3,6 +3,7 @@
 // done just now has one that is disabled.
 #pragma once
 
+#include "ports/media_engine.h"
 #include "program/list_commands.h"
 #include "program/media_commands.h"
 #include "program/recent_collections.h"
@@ -39,6 +40,10 @@ enum class MenuCommand {
   mnu_Looping,
   mnu_RewAtEnd,
   mnu_LoopCollectionsOnPlayback,
+  SoundTrack,  ///< `which`: its number
+  Subtitles,   ///< `which`: the number of the track; 0 none
+  mnu_ShowCaps,
+  OfferResume,
   FreeZoom,
   CoverScreen,
   mnu_DirXZoom,  ///< `which`: per cent
@@ -81,6 +86,9 @@ struct MenuDoors {
   std::function<void()> interfaceSize{};   ///< the state says which
   std::function<bool(double)> sizeFits{};  ///< the screen has room for this interface size
   std::function<void()> fullPicture{};     ///< the picture alone on the whole screen, and back
+  std::function<std::vector<MediaTrack>()> tracks{};  ///< of the clip in hand
+  std::function<void(MediaTrack::Kind, int)> chooseTrack{};
+  std::function<void()> captions{};  ///< the setting says whether they are shown
 };
 
 class MainMenu {
@@ -123,6 +131,10 @@ class MainMenu {
   std::vector<MenuEntry> clipEntries();
   std::vector<MenuEntry> copyEntries();
   std::vector<MenuEntry> playEntries();
+  std::vector<MenuEntry> trackEntries();
+  void chooseTrack(MediaTrack::Kind kind, int id);
+  static std::string trackCaption(const MediaTrack& track);
+  MenuEntry trackMenu(MediaTrack::Kind kind, const std::vector<MediaTrack>& tracks);
   std::vector<MenuEntry> faceEntries(Files files);
   std::vector<MenuEntry> modeEntries();
   std::vector<MenuEntry> skinEntries();

@@ -16,6 +16,9 @@ using test::ProgramBench;
 
 struct MenuBench : ProgramBench {
   std::string called;
+  std::vector<MediaTrack> tracks{{MediaTrack::Kind::Sound, 1, "Director", "en", true},
+                                 {MediaTrack::Kind::Sound, 2, "", "", false},
+                                 {MediaTrack::Kind::Subtitles, 1, "", "de", true}};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu::Parts menuParts{window,       settings, commands, recent, media,
                             listCommands, history,  shutDown, skins};
@@ -35,7 +38,12 @@ struct MenuBench : ProgramBench {
             door("top"),
             door("size"),
             [](double size) { return size < 2; },
-            door("picture")};
+            door("picture"),
+            [this] { return tracks; },
+            [this](MediaTrack::Kind kind, int id) {
+              called += (kind == MediaTrack::Kind::Sound ? "sound" : "text") + std::to_string(id);
+            },
+            door("captions")};
   }
 };
 
@@ -65,6 +73,21 @@ void expectDistinct(const std::vector<MenuEntry>& entries, std::set<std::string>
   }
 }
 
+TEST(MainMenu, TracksAreChosenAndTheirTextsShown) {
+  MenuBench b;
+  b.menu.choose({MenuCommand::SoundTrack, 2});
+  EXPECT_EQ(b.called, "sound2");
+  b.menu.choose({MenuCommand::Subtitles, 1});
+  EXPECT_EQ(b.called, "sound2text1captions");
+  EXPECT_TRUE(b.settings.state.ShowCaps);
+  EXPECT_NE(text(b.menu.windowMenu()).find("{ [*Track 1 (de)] [&None] }"), std::string::npos);
+  b.menu.choose({MenuCommand::mnu_ShowCaps});
+  EXPECT_FALSE(b.settings.state.ShowCaps);
+  b.tracks.clear();
+  EXPECT_NE(text(b.menu.windowMenu()).find("(Soun&d track)\n(&Subtitles)\n[S&how captions]"),
+            std::string::npos);
+}
+
 TEST(MainMenu, OffersWhatCanBeDone) {
   MenuBench b;
   b.commands.openFile("/c/Lake & Sea.INI");
@@ -87,6 +110,11 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 [+&Loop clips]
 (Rewind at &End and Stop)
 [Loop Collections on play&back]
+-
+[Soun&d track] { [*Director (en)] [Track 2] }
+[&Subtitles] { [Track 1 (de)] [*&None] }
+[S&how captions]
+[+Resume lon&g clips]
 -
 (&Picture on Full Screen Alt+Return)
 [&Free Zoom Mode]

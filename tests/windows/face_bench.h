@@ -55,8 +55,18 @@ struct FaceBench : ProgramBench {
   void open() {
     frm = std::make_unique<FrmFileOpen>(
         window,
-        FrmFileOpen::Logic{menu, keys, listCommands, history, media, mailbox, shutDown, links.display(),
-                           picture},
+        FrmFileOpen::Logic{menu,
+                           keys,
+                           listCommands,
+                           history,
+                           media,
+                           mailbox,
+                           shutDown,
+                           links.display(),
+                           picture,
+                           hover,
+                           resume,
+                           {}},
         FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/"});
     draw();
     QApplication::setActiveWindow(&face());
@@ -123,6 +133,8 @@ struct FaceBench : ProgramBench {
                  .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); }}};
   KeyCommands keys{window, listCommands};
   ClipPicture picture{streams, loop, window.picture};
+  HoverPreview hover{streams, loop, window};
+  Resume resume{{window, collection, settings, links.player(), loop, files, "/state/KVO5/Places"}};
   PosixFiles disk;
   TurboJpeg jpeg;
   SkinFace skin{{disk, jpeg}, {QSize(562, 410)}};

@@ -1,6 +1,7 @@
 // The normal face of the main window, as a user and a screen reader meet it.
 #include "ui/cool_list_view.h"
 #include "windows/face_bench.h"
+#include "windows/main/hover_part.h"
 #include "windows/main/plate.h"
 
 #include <QAbstractButton>
@@ -243,6 +244,55 @@ TEST(SkinnedFace, MarksAreDraggedSteppedAndCleared) {
   b.list.PreviewMovie(3);
   b.draw();
   EXPECT_EQ(b.find("Mark-In"), nullptr) << "a still has no marks";
+}
+
+TEST(SkinnedFace, APictureGoesWithThePointerOverTheSlider) {
+  FaceBench b;
+  auto& slider = *b.at("Position").parentWidget();
+  HoverPart* part = nullptr;
+  for (auto* child : b.face().findChildren<QWidget*>()) {
+    if (auto* found = dynamic_cast<HoverPart*>(child); found != nullptr) part = found;
+  }
+  ASSERT_NE(part, nullptr);
+  auto& hover = *part;
+  const auto point = [&](int x) {
+    const auto at = slider.mapFrom(&b.face(), QPoint(x, 325));
+    QMouseEvent move(QEvent::MouseMove, at, slider.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&slider, &move);
+  };
+  EXPECT_FALSE(hover.isVisible());
+  point(290);
+  EXPECT_TRUE(hover.isVisible());
+  EXPECT_EQ(b.window.hover.time, "0:05");
+  EXPECT_NEAR(hover.geometry().center().x(), 290, 1);
+  EXPECT_LT(hover.geometry().bottom(), 320) << "it covers nothing of the line";
+  const int low = hover.height();
+  for (int i = 0; i < 500 && b.window.hover.picture == nullptr; ++i) {
+    QTest::qWait(2);
+    b.loop.advance(1);
+  }
+  b.draw();
+  EXPECT_GT(hover.height(), low + 50) << "the picture has come";
+  EXPECT_EQ(qGray(hover.grab().toImage().pixel(hover.width() / 2, 40)), 5) << "as grey as its time";
+  point(540);
+  EXPECT_LE(hover.geometry().right(), b.face().width()) << "it stays on the face";
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&slider, &leave);
+  EXPECT_FALSE(hover.isVisible());
+}
+
+TEST(SkinnedFace, TheOfferToResumeStandsOnThePicture) {
+  FaceBench b;
+  EXPECT_EQ(b.find("Resume at 12:34"), nullptr);
+  b.window.resume.chip = "Resume at 12:34";
+  b.draw();
+  auto& chip = b.at("Resume at 12:34");
+  EXPECT_EQ(chip.parentWidget(), &b.at("Picture"));
+  EXPECT_TRUE(chip.parentWidget()->rect().contains(chip.geometry()));
+  EXPECT_GE(chip.height(), 24) << "a mouse hits it";
+  b.window.resume.chip.clear();
+  b.draw();
+  EXPECT_FALSE(chip.isVisible());
 }
 
 TEST(SkinnedFace, TheKnobTurnsTheVolume) {

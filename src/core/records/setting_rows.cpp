@@ -292,10 +292,8 @@ constexpr std::array kEditRows = {
 static_assert(kEditRows.size() == 35 && kPrefsRows.size() == 18);
 
 constexpr std::array kUserOnlyRows = {
-    USER(ShowWavWithVideo, {}, kNotRead),
-    USER(SliderSpeed, {}, kNotRead),
-    USER(DefaultZoom100, {}, kNotRead),
-    USER(PlayWithoutGaps, {}, kNotRead),
+    USER(ShowWavWithVideo, {}, kNotRead), USER(SliderSpeed, {}, kNotRead), USER(DefaultZoom100, {}, kNotRead),
+    USER(PlayWithoutGaps, {}, kNotRead),  USER(OfferResume, {}, kNotRead),
 };
 
 constexpr std::array kStateRows = {

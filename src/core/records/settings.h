@@ -155,6 +155,7 @@ class UserValues {
   UserValue<Integer> StillDelayTimer{store_, "Stilldelay", 7};           ///< seconds
   UserValue<Boolean> PlayWithoutGaps{store_, "PlayWithoutGaps", false};  ///< the waits between clips are off
   UserValue<double> InterfaceSize{store_, "InterfaceSize", 0};  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
+  UserValue<Boolean> OfferResume{store_, "OfferResume", true};  ///< to go on where a long clip was left
 
   /// Where the values are kept, not owned; null keeps them in memory.
   void attach(UserStore* store) { store_ = store; }

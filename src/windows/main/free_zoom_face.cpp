@@ -37,6 +37,10 @@ FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowAct
   setMouseTracking(true);
   picture_->setMouseTracking(true);
   picture_->installEventFilter(this);
+  picture_->offerResume([this] {
+    logic_.resume.take();
+    acted_();
+  });
   toolbar_->setGraphicsEffect(fade_);
   fade_->setOpacity(1);
   fade_->setEnabled(false);

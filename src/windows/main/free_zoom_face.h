@@ -2,6 +2,7 @@
 // its toolbar then goes away while the mouse rests.
 #pragma once
 
+#include "program/resume.h"
 #include "windows/main/picture_box.h"
 #include "windows/main/toolbar_part.h"
 #include "windows/main/window_acts.h"
@@ -20,6 +21,7 @@ class FreeZoomFace : public QWidget {
   struct Logic {
     Display& display;
     ClipPicture& pictures;
+    Resume& resume;
   };
 
   /// `folder` is the program's. `acted` is called behind each act.

@@ -30,13 +30,14 @@ bool isNear(const QPoint& a, const QPoint& b) {
 
 FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Material& material)
     : state_(state),
+      settled_(logic.settled),
       acts_(state, {logic.menu, logic.keys, logic.mailbox, logic.shutDown, logic.display},
             [this] { draw(); }),
       skinned_(state,
-               {logic.list, logic.history, logic.mailbox, logic.display, logic.pictures,
-                [&media = logic.media] { media.AddMedia(); }},
+               {logic.list, logic.history, logic.mailbox, logic.display, logic.pictures, logic.hover,
+                logic.resume, [&media = logic.media] { media.AddMedia(); }},
                acts_, material.skin, material.images, material.folder, [this] { draw(); }),
-      zoom_(state, {logic.display, logic.pictures}, acts_, material.folder, [this] { draw(); }),
+      zoom_(state, {logic.display, logic.pictures, logic.resume}, acts_, material.folder, [this] { draw(); }),
       full_(state, logic.display, logic.pictures, acts_, [this] { draw(); }),
       place_(material.store, material.desktop, "FrmFileOpenPlace") {
   if (material.video == nullptr) return;
@@ -50,6 +51,7 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Mater
 void FrmFileOpen::draw() {
   again_ = true;
   if (std::exchange(drawing_, true)) return;
+  if (settled_) settled_();
   if (themeSize() != state_.mode.interfaceSize) setThemeSize(*qApp, state_.mode.interfaceSize);
   constexpr int kMostRounds = 3;
   for (int round = 0; again_ && round < kMostRounds; ++round) {

@@ -11,6 +11,7 @@
 #include "windows/main/window_place.h"
 
 #include <QPoint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,6 +31,9 @@ class FrmFileOpen {
     ShutDown& shutDown;
     Display& display;
     ClipPicture& pictures;
+    HoverPreview& hover;
+    Resume& resume;
+    std::function<void()> settled;  ///< the state is whole: called ahead of each drawing
   };
   /// What the window is made of.
   struct Material {
@@ -53,6 +57,7 @@ class FrmFileOpen {
 
   MainWindowState& state_;
   std::optional<VideoFeed> video_;
+  std::function<void()> settled_;
   WindowActs acts_;
   SkinnedFace skinned_;
   FreeZoomFace zoom_;

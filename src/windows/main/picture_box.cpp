@@ -3,12 +3,14 @@
 #include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
+#include "windows/main/frame_pixmap.h"
+#include "windows/main/resume_chip.h"
 #include "windows/main/texts.h"
 #include "windows/main/video_surface.h"
 
-#include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -18,14 +20,6 @@ constexpr int kLeastSign = 24;       // pixels
 constexpr int kSignTextGap = 10;
 constexpr int kLeastSignText = 12;
 constexpr int kMostSignText = 24;
-
-QPixmap toPixmap(const FramePicture& picture, double pixelRatio) {
-  const QImage image(picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,
-                     QImage::Format_BGR888);
-  auto pixmap = QPixmap::fromImage(image.convertToFormat(QImage::Format_RGB32));
-  pixmap.setDevicePixelRatio(pixelRatio);
-  return pixmap;
-}
 
 }  // namespace
 
@@ -73,6 +67,7 @@ void PictureBox::draw() {
     if (video_ != nullptr) video_->hide();
     return;
   }
+  if (resume_ != nullptr) resume_->draw(state_.mode.interfaceSize);
   if (video_ != nullptr) video_->setVisible(isPlayed());
   pictures_.want(wish());
   take();
@@ -88,8 +83,12 @@ void PictureBox::take() {
   if (shownRevision_ == state_.picture.revision) return;
   shownRevision_ = state_.picture.revision;
   const auto& picture = state_.picture.picture;
-  picture_ = picture == nullptr ? QPixmap() : toPixmap(*picture, devicePixelRatio());
+  picture_ = picture == nullptr ? QPixmap() : framePixmap(*picture, devicePixelRatio());
   update();
+}
+
+void PictureBox::offerResume(std::function<void()> take) {
+  resume_ = made<ResumeChip>(state_.resume, std::move(take), this);
 }
 
 void PictureBox::showVideo(VideoFeed& feed) {

@@ -7,10 +7,12 @@
 #include <QCoreApplication>
 #include <QPixmap>
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 namespace kvo {
 
+class ResumeChip;
 class VideoFeed;
 class VideoSurface;
 
@@ -28,6 +30,8 @@ class PictureBox : public QWidget {
   void lookAt(std::optional<double> seconds);
   /// Has the engine's picture drawn while it plays the clip, or stands in it. `feed` outlives the box.
   void showVideo(VideoFeed& feed);
+  /// Has the offer to resume stand on the picture; `take` is what a press on it does.
+  void offerResume(std::function<void()> take);
   /// The clip has no picture, and a sign stands for it.
   [[nodiscard]] bool isSign() const { return sign().icon != nullptr; }
 
@@ -53,6 +57,7 @@ class PictureBox : public QWidget {
   bool alone_ = false;
   VideoFeed* feed_ = nullptr;
   VideoSurface* video_ = nullptr;
+  ResumeChip* resume_ = nullptr;
   std::optional<double> at_;
   QPixmap picture_;
   std::uint64_t shownRevision_ = 0;

@@ -9,6 +9,7 @@
 #include "windows/main/details_part.h"
 #include "windows/main/empty_pane_part.h"
 #include "windows/main/glass_part.h"
+#include "windows/main/hover_part.h"
 #include "windows/main/list_part.h"
 #include "windows/main/loading_part.h"
 #include "windows/main/picture_part.h"
@@ -85,6 +86,8 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
                          folder + "Buttons/", this);
   picture_ = made<PicturePart>(state_, logic_.pictures, this);
   largePicture_ = made<LargePicturePart>(state_, logic_.pictures, this);
+  for (auto* box : {&picture_->box(), &largePicture_->box()})
+    box->offerResume(act([this] { logic_.resume.take(); }));
   collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
   position_ = made<PositionPart>(state_.details, this);
   details_ = made<DetailsPart>(state_.details, this);
@@ -105,7 +108,17 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   slides.resetMarkOut = act([this] { logic_.list.resetMarkOut(); });
   slides.look = [look](double seconds) { look(seconds); };
   slides.lookEnds = [look] { look(std::nullopt); };
+  slides.hover = [this](double part) {
+    const auto size = hover_->pictureSize();
+    logic_.hover.over(part, size.width(), size.height());
+    drawHover();
+  };
+  slides.hoverEnds = [this] {
+    logic_.hover.left();
+    drawHover();
+  };
   slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
+  hover_ = made<HoverPart>(state_.hover, this);
   glass_ = made<GlassPart>(state_.display, state_.menu, this);
   keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(), folder, this);
   volume_ = made<VolumePart>(
@@ -157,6 +170,7 @@ void SkinnedFace::layOut() {
   position_->layOut(scale_);
   details_->layOut(scale_);
   slider_->layOut(scale_);
+  hover_->layOut(scale_);
   glass_->layOut(scale_);
   keys_->layOut(scale_);
   volume_->layOut(scale_, keys_->volumeCorner());
@@ -194,6 +208,7 @@ void SkinnedFace::drawParts() {
   position_->draw(colour);
   details_->draw(colour);
   slider_->draw();
+  drawHover();
   glass_->draw(colour);
   volume_->draw();
   empty_->draw();
@@ -201,6 +216,8 @@ void SkinnedFace::drawParts() {
   loading_->draw();
   keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
 }
+
+void SkinnedFace::drawHover() { hover_->draw(slider_->mapTo(this, slider_->over(state_.hover.part))); }
 
 void SkinnedFace::showParts() {
   const bool loading = !loading_->isHidden();

@@ -2,7 +2,9 @@
 // size; its outline is that of a mask.
 #pragma once
 
+#include "program/hover_preview.h"
 #include "program/list_commands.h"
+#include "program/resume.h"
 #include "ui/face_drag.h"
 #include "ui/skin_face.h"
 #include "windows/main/keys_part.h"
@@ -20,6 +22,7 @@ class CollectionDetailsPart;
 class DetailsPart;
 class EmptyPanePart;
 class GlassPart;
+class HoverPart;
 class LargePicturePart;
 class ListPart;
 class LoadingPart;
@@ -38,6 +41,8 @@ class SkinnedFace : public QWidget {
     Mailbox& mailbox;
     Display& display;
     ClipPicture& pictures;
+    HoverPreview& hover;
+    Resume& resume;
     std::function<void()> addMedia;
   };
 
@@ -62,6 +67,7 @@ class SkinnedFace : public QWidget {
   void setTabOrder();
   void layOut();
   void drawParts();
+  void drawHover();
   void showParts();
   void showPart(QWidget& part, bool shown);
   void paintGround();
@@ -90,6 +96,7 @@ class SkinnedFace : public QWidget {
   PositionPart* position_ = nullptr;
   DetailsPart* details_ = nullptr;
   SliderPart* slider_ = nullptr;
+  HoverPart* hover_ = nullptr;
   GlassPart* glass_ = nullptr;
   VolumePart* volume_ = nullptr;
   EmptyPanePart* empty_ = nullptr;

@@ -35,8 +35,11 @@ SliderPart::SliderPart(const SliderState& state, const Acts& acts, const std::st
                made<SliderHandle>(tr("Mark-Out"), this)} {
   for (auto* handle : handles_) {
     handle->partAt = [this](const QPoint& global) { return partAt(mapFromGlobal(global).x()); };
+    handle->setMouseTracking(true);
+    handle->installEventFilter(this);
     handle->hide();
   }
+  setMouseTracking(true);
   connectHandle(Position);
   connectHandle(MarkIn);
   connectHandle(MarkOut);
@@ -117,6 +120,30 @@ void SliderPart::draw() {
 }
 
 std::vector<QWidget*> SliderPart::tabOrder() const { return {handles_.begin(), handles_.end()}; }
+
+QPoint SliderPart::over(double part) const {
+  const double x = kLineFrom + part * (kLineTo - kLineFrom) - kSliderPlace.left();
+  return {scale_.at(x), scale_.at(kSliderPlate.top() - kSliderPlace.top())};
+}
+
+// What is being dragged is seen in the clip's own picture.
+void SliderPart::hoverAt(int x) {
+  if (!acts_.hover) return;
+  const bool drags = std::any_of(handles_.begin(), handles_.end(), [](auto* h) { return h->isDragged(); });
+  drags || !state_.handles ? acts_.hoverEnds() : acts_.hover(partAt(x));
+}
+
+void SliderPart::mouseMoveEvent(QMouseEvent* event) { hoverAt(event->position().toPoint().x()); }
+
+bool SliderPart::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseMove)
+    hoverAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()).x());
+  return QWidget::eventFilter(watched, event);
+}
+
+void SliderPart::leaveEvent(QEvent* /*event*/) {
+  if (acts_.hoverEnds) acts_.hoverEnds();
+}
 
 void SliderPart::mousePressEvent(QMouseEvent* event) {
   const bool onLine = placedIn(*this, scale_, kSliderPlate).contains(event->position().toPoint());

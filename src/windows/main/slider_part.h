@@ -26,6 +26,8 @@ class SliderPart : public QWidget {
     std::function<void()> resetMarkOut;
     std::function<void(double seconds)> look;  ///< a mark is at this place while it is dragged
     std::function<void()> lookEnds;
+    std::function<void(double part)> hover;  ///< the pointer is at this part of the line
+    std::function<void()> hoverEnds;
   };
 
   /// `folder` has the pictures of the handles: "/prog/Parts/".
@@ -35,8 +37,13 @@ class SliderPart : public QWidget {
   void draw();
   /// The handles in the order of Tab.
   [[nodiscard]] std::vector<QWidget*> tabOrder() const;
+  /// Over the line at this part of it, at the upper edge of its plate; in the slider's own pixels.
+  [[nodiscard]] QPoint over(double part) const;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 
@@ -47,6 +54,7 @@ class SliderPart : public QWidget {
   [[nodiscard]] double partAt(int x) const;
   [[nodiscard]] double part(Handle handle) const;
   void connectHandle(Handle handle);
+  void hoverAt(int x);
 
   const SliderState& state_;
   Acts acts_;

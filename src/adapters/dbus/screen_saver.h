@@ -1,0 +1,33 @@
+// Keeps the screen saver away while the program wants it: asks the desktop's screen saver over the session
+// bus, and where there is none to be asked the portal that programs in a sandbox use.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QDBusMessage;
+
+namespace kvo {
+
+class ScreenSaver {
+ public:
+  /// Never waits for the desktop. Without a session bus nothing happens. What is still held when the program
+  /// ends, the desktop lets go of by itself.
+  void inhibit(bool on);
+
+ private:
+  /// Who has been asked, or holds the screen awake.
+  enum class Holder { None, Asked, ScreenSaver, Portal };
+
+  void ask(Holder whom);
+  void answered(Holder whom, const QDBusMessage& reply);
+  void release();
+
+  bool wanted_ = false;
+  Holder holder_ = Holder::None;
+  uint cookie_ = 0;  // of the screen saver
+  QString handle_;   // of the portal
+  QObject home_;     // answers come while it lives
+};
+
+}  // namespace kvo

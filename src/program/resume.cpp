@@ -1,0 +1,100 @@
+#include "program/resume.h"
+
+#include "base/paths.h"
+#include "playback/in_seconds.h"
+#include "program/clip_texts.h"
+
+#include <cmath>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr double kLong = 600;         // seconds: clips that are worth it
+constexpr double kStart = 30;         // a place so near to the start is none
+constexpr double kEnd = 60;           // from here to the end it has been seen
+constexpr double kNoteEvery = 60;     // seconds of play, in case that the program does not come to its end
+constexpr int kOfferStands = 10'000;  // milliseconds
+constexpr double kMovedOn = 15;       // seconds from where it was loaded: the user has gone somewhere else
+constexpr std::uint64_t kMostBytes = 1U << 20U;
+
+}  // namespace
+
+Resume::Resume(Parts parts)
+    : parts_(std::move(parts)), offerEnds_(parts_.loop.timer([this] { endOffer(); })) {}
+
+void Resume::settled() {
+  const auto& player = parts_.window.mode.player;
+  const bool holdsClip = !parts_.player.PlayerIsEmpty();
+  if (const auto path = holdsClip ? player.path : std::string(); path != path_) {
+    note();
+    endOffer();
+    path_ = path;
+    begin();
+  }
+  if (!looksAfter()) return;
+  const double before = std::exchange(position_, placeInSeconds(parts_.player));
+  if (offered_ && (std::abs(position_ - before) > kMovedOn || !parts_.settings.user.OfferResume)) endOffer();
+  if (std::abs(position_ - noted_) > kNoteEvery) note();
+}
+
+void Resume::begin() {
+  section_ = {};
+  const int number = parts_.window.mode.player.clip;
+  if (path_.empty() || isAddress(path_) || number < 1 || number > parts_.collection.MovieList.count()) return;
+  const auto& clip = parts_.collection.MovieList[number];
+  const double length = playedLength(clip).value_or(0);
+  const auto file = parts_.files.facts(path_);
+  if (length < kLong || !file) return;
+  file_ = *file;
+  section_ = sectionOf(clip, length);
+  position_ = noted_ = section_.first;
+  if (!parts_.settings.user.OfferResume) {
+    parts_.files.remove(parts_.placesFile);  // whoever turns it off wants nothing kept
+    return;
+  }
+  offered_ = places().find(path_, file_);
+  if (offered_ && !worthNoting(*offered_)) offered_.reset();
+  if (!offered_) return;
+  parts_.window.resume.chip = "Resume at " + playTimeText(*offered_);
+  offerEnds_->start(kOfferStands);
+}
+
+void Resume::endOffer() {
+  offered_.reset();
+  offerEnds_->stop();
+  parts_.window.resume.chip.clear();
+}
+
+void Resume::take() {
+  if (!offered_) return;
+  const double to = *offered_;
+  endOffer();
+  goToSeconds(parts_.player, to, true);
+}
+
+ResumePlaces Resume::places() const {
+  const auto text = parts_.files.read(parts_.placesFile, kMostBytes);
+  return ResumePlaces::read(text ? *text : std::string());
+}
+
+bool Resume::worthNoting(double seconds) const {
+  return seconds >= section_.first + kStart && seconds <= section_.second - kEnd;
+}
+
+// What was seen to its end is forgotten; one of which only the start was seen keeps the place that it had.
+void Resume::note() {
+  if (!looksAfter() || position_ < section_.first + kStart || !parts_.settings.user.OfferResume) return;
+  noted_ = position_;
+  auto all = places();
+  if (worthNoting(position_)) {
+    all.keep({path_, file_, position_});
+  } else if (!all.forget(path_)) {
+    return;
+  }
+  // A place that cannot be kept is none that anybody has to be told of.
+  static_cast<void>(parts_.files.makeFolder(std::string(folderPart(parts_.placesFile))));
+  static_cast<void>(writeDurably(parts_.files, parts_.placesFile, all.text()));
+}
+
+}  // namespace kvo

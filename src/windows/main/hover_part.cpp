@@ -1,0 +1,75 @@
+#include "windows/main/hover_part.h"
+
+#include "ui/painting.h"
+#include "ui/theme.h"
+#include "windows/main/frame_pixmap.h"
+#include "windows/main/plate.h"
+#include "windows/main/texts.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr QSizeF kHoverPicture(128, 72);  // pixels at size 1
+constexpr double kHoverRim = 3;
+constexpr double kHoverTime = 17;  // height of the line below the picture
+constexpr double kHoverText = 10.5;
+constexpr double kHoverGap = 4;  // to what it stands over
+constexpr double kTimeAlone = 56;
+
+}  // namespace
+
+HoverPart::HoverPart(const HoverState& state, QWidget* face) : QWidget(face), state_(state) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  hide();
+}
+
+void HoverPart::layOut(const FaceScale& scale) { scale_ = scale; }
+
+QSize HoverPart::pictureSize() const {
+  const double pixels = scale_.size() * devicePixelRatio();
+  return {qRound(kHoverPicture.width() * pixels), qRound(kHoverPicture.height() * pixels)};
+}
+
+void HoverPart::draw(const QPoint& foot) {
+  setVisible(state_.visible);
+  if (!state_.visible) return;
+  if (shown_ != state_.picture) {
+    shown_ = state_.picture;
+    picture_ = shown_ == nullptr ? QPixmap() : framePixmap(*shown_, devicePixelRatio());
+    update();
+  }
+  if (time_ != state_.time) {
+    time_ = state_.time;
+    update();
+  }
+  const bool alone = picture_.isNull();
+  const QSize size(scale_.at((alone ? kTimeAlone : kHoverPicture.width()) + 2 * kHoverRim),
+                   scale_.at((alone ? 0 : kHoverPicture.height() + kHoverRim) + kHoverTime));
+  const int left = std::clamp(foot.x() - size.width() / 2, 0, parentWidget()->width() - size.width());
+  setGeometry(QRect({left, foot.y() - scale_.at(kHoverGap) - size.height()}, size));
+  raise();
+}
+
+void HoverPart::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const Painting kept(painter);
+  const auto box = onPixels(rect());
+  const double radius = 5 * scale_.size();
+  painter.setPen(QPen(toColour(token("line2")), scale_.hairline()));
+  painter.setBrush(toColour(token("tip")));
+  painter.drawRoundedRect(box, radius, radius);
+  const int rim = scale_.at(kHoverRim);
+  if (!picture_.isNull()) {
+    const QRect place(rim, rim, width() - 2 * rim, scale_.at(kHoverPicture.height()));
+    painter.drawPixmap(place, picture_);
+  }
+  const int line = scale_.at(kHoverTime);
+  painter.setFont(scale_.number(kHoverText, QFont::Medium));
+  painter.setPen(toColour(token("text1")));
+  painter.drawText(QRect(0, height() - line, width(), line), Qt::AlignCenter, shown(time_));
+}
+
+}  // namespace kvo

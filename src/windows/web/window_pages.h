@@ -1,0 +1,26 @@
+// Web pages in a window of the program's own, by whatever makes a view for them.
+#pragma once
+
+#include "ports/web_pages.h"
+#include "windows/web/web_window.h"
+
+#include <memory>
+
+namespace kvo {
+
+class WindowPages : public WebPages {
+ public:
+  /// `make` gives null where there is nothing to show pages with; it is asked again for the next page.
+  explicit WindowPages(WebWindow::Make make) : make_(std::move(make)) {}
+
+  bool show(const std::string& address, bool ahead) override;
+  void close() override { window_.reset(); }
+  void whenClosed(std::function<void()> heard) override { heard_ = std::move(heard); }
+
+ private:
+  WebWindow::Make make_;
+  std::function<void()> heard_;
+  std::unique_ptr<WebWindow> window_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,322 @@
+// Media controls and the screen saver on a bus of the test's own, steered by playerctl as by any applet.
+#include "adapters/dbus/mpris.h"
+#include "adapters/dbus/screen_saver.h"
+#include "support/own_bus.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCall>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <future>
+#include <iterator>
+#include <memory>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Writes down what is asked, and obeys.
+struct NotedRequests : MediaRequests {
+  std::string asked;
+  double at = 4.5;
+  void note(const std::string& what) { asked += what + " "; }
+  void play() override { note("play"); }
+  void pause() override { note("pause"); }
+  void playPause() override { note("play-pause"); }
+  void stop() override { note("stop"); }
+  void next() override { note("next"); }
+  void previous() override { note("previous"); }
+  void seek(double seconds) override { note("seek " + std::to_string(seconds)); }
+  void setPosition(int track, double seconds) override {
+    note("place " + std::to_string(track) + " " + std::to_string(seconds));
+  }
+  void setVolume(double volume) override { note("volume " + std::to_string(volume)); }
+  void setRate(double rate) override { note("rate " + std::to_string(rate)); }
+  void setRepeating(Repeating repeating) override {
+    note("repeat " + std::to_string(static_cast<int>(repeating)));
+  }
+  void raise() override { note("raise"); }
+  void quit() override { note("quit"); }
+  void open(const std::string& file) override { note("open " + file); }
+  [[nodiscard]] double position() const override { return at; }
+};
+
+bool until(const std::function<bool()>& holds) {
+  for (int i = 0; i < 1000 && !holds(); ++i) {
+    QCoreApplication::processEvents();
+    std::this_thread::sleep_for(5ms);
+  }
+  return holds();
+}
+
+// The words of a program that talks to this one meanwhile.
+std::string said(const std::vector<std::string>& command) {
+  auto end = std::async(std::launch::async, [&] { return test::runProgram(command); });
+  EXPECT_TRUE(until([&] { return end.wait_for(0s) == std::future_status::ready; }));
+  const auto told = end.get();
+  return told.out + told.err;
+}
+
+std::string playerctl(std::vector<std::string> words) {
+  words.insert(words.begin(), "playerctl");
+  return said(words);
+}
+
+// A process has one session bus, and so have all of these tests.
+class Bus : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    static int words = 1;
+    static std::string name = "test";
+    static char* arguments[] = {name.data(), nullptr};
+    bus = std::make_unique<test::OwnBus>();
+    application = std::make_unique<QCoreApplication>(words, arguments);
+  }
+  static void TearDownTestSuite() {
+    application.reset();
+    bus.reset();
+  }
+
+  static std::unique_ptr<test::OwnBus> bus;
+  static std::unique_ptr<QCoreApplication> application;
+};
+std::unique_ptr<test::OwnBus> Bus::bus;
+std::unique_ptr<QCoreApplication> Bus::application;
+
+MediaTold clipThatPlays() {
+  MediaTold told;
+  told.state = PlayingState::Playing;
+  told.canPlay = told.canSeek = told.canGoNext = told.canGoPrevious = true;
+  told.volume = 0.5;
+  told.clip = {.track = 7,
+               .title = "lake at dusk",
+               .artist = "A",
+               .album = "B",
+               .length = 12.5,
+               .file = "/v/lake at dusk.mpg",
+               .cover = "/v/cover #1.jpg"};
+  return told;
+}
+
+constexpr const char* kPlayer = "org.mpris.MediaPlayer2.Player";
+
+TEST_F(Bus, PlayerctlSteersAndReads) {
+  NotedRequests requests;
+  Mpris controls;
+  ASSERT_TRUE(controls.listen(requests));
+  controls.tell(clipThatPlays());
+  const auto mine = [](std::vector<std::string> words) {
+    words.insert(words.begin(), "--player=kvo5");
+    return playerctl(std::move(words));
+  };
+  EXPECT_EQ(playerctl({"--list-all"}), "kvo5\n");
+  EXPECT_EQ(mine({"status"}), "Playing\n");
+  EXPECT_EQ(mine({"position"}).substr(0, 3), "4.5");
+  EXPECT_EQ(mine({"volume"}), "0.500000\n");
+  EXPECT_EQ(
+      mine({"metadata", "--format",
+            "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:trackid}"
+            "}"}),
+      "lake at "
+      "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
+  const struct {
+    std::vector<std::string> words;
+    const char* asked;
+  } rows[] = {{{"play"}, "play "},
+              {{"pause"}, "pause "},
+              {{"play-pause"}, "play-pause "},
+              {{"stop"}, "stop "},
+              {{"next"}, "next "},
+              {{"previous"}, "previous "},
+              {{"position", "3"}, "place 7 3.000000 "},
+              {{"position", "2+"}, "seek 2.000000 "},
+              {{"position", "2-"}, "seek -2.000000 "},
+              {{"volume", "0.25"}, "volume 0.250000 "},
+              {{"loop", "Playlist"}, "repeat 2 "},
+              {{"loop", "Track"}, "repeat 1 "},
+              {{"open", "/v/a b.avi"}, "open /v/a b.avi "}};
+  for (const auto& row : rows) {
+    requests.asked.clear();
+    const auto told = mine(row.words);
+    EXPECT_EQ(requests.asked, row.asked) << row.words.front() << ": " << told;
+  }
+}
+
+// An applet on a connection of its own.
+class Applet {
+ public:
+  explicit Applet(const std::string& address)
+      : bus_(QDBusConnection::connectToBus(QString::fromStdString(address), "applet")) {}
+  Applet(const Applet&) = delete;
+  Applet& operator=(const Applet&) = delete;
+  ~Applet() { QDBusConnection::disconnectFromBus("applet"); }
+
+  // The answer: its one value, or the name of the error.
+  QString call(const char* interface, const char* method, const QVariantList& words = {}) {
+    auto message = QDBusMessage::createMethodCall(kName, "/org/mpris/MediaPlayer2", interface, method);
+    message.setArguments(words);
+    auto answer = bus_.asyncCall(message);
+    EXPECT_TRUE(until([&] { return answer.isFinished(); }));
+    const auto reply = answer.reply();
+    if (reply.type() == QDBusMessage::ErrorMessage) return reply.errorName().section('.', -1);
+    if (reply.arguments().isEmpty()) return "done";
+    const auto value = reply.arguments().front();
+    return reply.signature() == "v" ? value.value<QDBusVariant>().variant().toString() : value.toString();
+  }
+  QString get(const char* name) { return call("org.freedesktop.DBus.Properties", "Get", {kPlayer, name}); }
+  QString set(const char* name, const QVariant& value) {
+    return call("org.freedesktop.DBus.Properties", "Set",
+                {kPlayer, name, QVariant::fromValue(QDBusVariant(value))});
+  }
+  bool takeName() { return bus_.registerService(kName); }
+
+ private:
+  static constexpr const char* kName = "org.mpris.MediaPlayer2.kvo5";
+  QDBusConnection bus_;
+};
+
+TEST_F(Bus, TheInterfaceIsAsPublished) {
+  NotedRequests requests;
+  Mpris controls;
+  ASSERT_TRUE(controls.listen(requests));
+  Applet applet(bus->address());
+  EXPECT_EQ(applet.get("PlaybackStatus"), "Stopped");
+  EXPECT_EQ(applet.get("CanPlay"), "false");
+  EXPECT_EQ(applet.get("Nonsense"), "UnknownProperty");
+  EXPECT_EQ(applet.set("Rate", 0.0), "done");
+  EXPECT_EQ(applet.set("Rate", 64.0), "done");
+  EXPECT_EQ(applet.set("Volume", -1.0), "done");
+  EXPECT_EQ(requests.asked, "pause volume 0.000000 ")
+      << "a rate of 0 is a pause, one that we have not is none";
+  EXPECT_EQ(applet.set("LoopStatus", "Sometimes"), "InvalidArgs");
+  EXPECT_EQ(applet.set("Volume", QStringList{"a"}), "InvalidArgs");
+  EXPECT_EQ(applet.set("Position", 3LL), "PropertyReadOnly");
+  EXPECT_EQ(applet.call(kPlayer, "Seek", {"word"}), "InvalidArgs");
+  EXPECT_EQ(applet.call(kPlayer, "Dance"), "UnknownMethod");
+  requests.asked.clear();
+  EXPECT_EQ(applet.call("org.mpris.MediaPlayer2", "Raise"), "done");
+  EXPECT_EQ(applet.call("org.mpris.MediaPlayer2", "Quit"), "done");
+  EXPECT_EQ(applet.call(kPlayer, "SetPosition", {QVariant::fromValue(QDBusObjectPath("/other/3")), 5LL}),
+            "done");
+  EXPECT_EQ(requests.asked, "raise quit place 0 0.000005 ");
+  const auto xml = applet.call("org.freedesktop.DBus.Introspectable", "Introspect");
+  for (const auto* part :
+       {"<method name=\"SetPosition\">", "<property name=\"LoopStatus\" type=\"s\" access=\"readwrite\">",
+        "<signal name=\"Seeked\">", "<interface name=\"org.mpris.MediaPlayer2\">",
+        "<interface name=\"org.freedesktop.DBus.Properties\">"})
+    EXPECT_TRUE(xml.contains(part)) << part << xml.toStdString();
+}
+
+TEST_F(Bus, ASecondCopyHasANameOfItsOwn) {
+  Applet first(bus->address());
+  ASSERT_TRUE(first.takeName());
+  NotedRequests requests;
+  Mpris controls;
+  ASSERT_TRUE(controls.listen(requests));
+  const auto own = "kvo5.instance" + std::to_string(::getpid());
+  EXPECT_NE(playerctl({"--list-all"}).find(own), std::string::npos);
+  controls.tell(clipThatPlays());
+  EXPECT_EQ(playerctl({"--player=" + own, "status"}), "Playing\n");
+}
+
+std::size_t countOf(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+TEST_F(Bus, OnlyWhatDiffersGoesOut) {
+  NotedRequests requests;
+  Mpris controls;
+  ASSERT_TRUE(controls.listen(requests));
+  const test::ScratchFolder folder;
+  const auto file = folder / "heard";
+  const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  const int process = test::startProgram(
+      {"stdbuf", "-oL", "dbus-monitor", "--session", "path=/org/mpris/MediaPlayer2"}, out, out);
+  ::close(out);
+  const auto heard = [&] {
+    std::ifstream stream(file);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+  };
+  const auto hears = [&](const char* part) {
+    return until([&] { return heard().find(part) != std::string::npos; });
+  };
+  ASSERT_TRUE(hears("NameAcquired")) << heard();
+  auto told = clipThatPlays();
+  controls.tell(told);
+  controls.tell(told);
+  ASSERT_TRUE(hears("PropertiesChanged")) << heard();
+  told.state = PlayingState::Paused;
+  controls.tell(told);
+  controls.tellJump(2);
+  ASSERT_TRUE(hears("int64 2000000")) << heard();
+  const auto text = heard();
+  EXPECT_EQ(countOf(text, "PropertiesChanged"), 2U) << text;
+  EXPECT_EQ(countOf(text, "\"PlaybackStatus\""), 2U) << text;
+  EXPECT_EQ(countOf(text, "\"Metadata\""), 1U) << "what is as it was stays unsaid: " << text;
+  EXPECT_EQ(countOf(text, "\"Position\""), 0U) << text;
+  EXPECT_EQ(countOf(text, "member=Seeked"), 1U) << text;
+  ::kill(process, SIGTERM);
+  test::endOf(process);
+}
+
+// A desktop's screen saver, or its portal.
+class Saver : public QDBusVirtualObject {
+ public:
+  std::string calls;
+  bool isPortal = false;
+  QString introspect(const QString& /*path*/) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    calls += message.member().toStdString() + " ";
+    if (message.member() == "UnInhibit") calls += message.arguments()[0].toString().toStdString() + " ";
+    auto reply = message.createReply();
+    if (message.member() == "Inhibit")
+      reply << (isPortal ? QVariant::fromValue(QDBusObjectPath("/org/freedesktop/portal/desktop/request/1"))
+                         : QVariant(42U));
+    connection.send(reply);
+    return true;
+  }
+};
+
+TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
+  for (const bool portal : {false, true}) {
+    auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "desktop");
+    Saver saver;
+    saver.isPortal = portal;
+    const char* path = portal ? "/org/freedesktop/portal/desktop" : "/org/freedesktop/ScreenSaver";
+    ASSERT_TRUE(desktop.registerVirtualObject(path, &saver, QDBusConnection::SubPath));
+    ASSERT_TRUE(
+        desktop.registerService(portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"));
+    ScreenSaver awake;
+    awake.inhibit(true);
+    awake.inhibit(true);
+    ASSERT_TRUE(until([&] { return saver.calls == "Inhibit "; })) << saver.calls;
+    for (int i = 0; i < 20; ++i) {  // its answer comes
+      QCoreApplication::processEvents();
+      std::this_thread::sleep_for(5ms);
+    }
+    awake.inhibit(false);
+    const std::string end = portal ? "Inhibit Close " : "Inhibit UnInhibit 42 ";
+    EXPECT_TRUE(until([&] { return saver.calls == end; })) << saver.calls;
+    // An end that comes ahead of the answer is not forgotten; no portal is asked for what is over.
+    saver.calls.clear();
+    awake.inhibit(true);
+    awake.inhibit(false);
+    EXPECT_TRUE(portal || until([&] { return saver.calls == end; })) << saver.calls;
+    QDBusConnection::disconnectFromBus("desktop");
+  }
+}
+
+}  // namespace
+}  // namespace kvo

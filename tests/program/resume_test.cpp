@@ -1,0 +1,151 @@
+// The place where a long clip was left, and the screen that stays awake.
+#include "program/resume.h"
+
+#include "program/keep_awake.h"
+#include "support/held_player.h"
+#include "support/program_bench.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+constexpr FileFacts kFile{1000, 77};
+
+TEST(ResumePlaces, KeepsTheNewestOfEachFileAndNoJunk) {
+  ResumePlaces places;
+  for (int i = 0; i < 300; ++i) places.keep({"/v/" + std::to_string(i) + ".avi", kFile, 100.5 + i});
+  places.keep({"/v/250.avi", kFile, 42});
+  places.keep({"/v/a\nb.avi", kFile, 42});
+  const auto text = places.text();
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 200);
+  const auto again =
+      ResumePlaces::read("nonsense\n1e999\t1\t1\t/v/inf.avi\n-3\t1\t1\t/v/x.avi\n7\t1\t/v/y.avi\n" + text);
+  EXPECT_EQ(again.text(), text);
+  EXPECT_EQ(again.find("/v/250.avi", kFile), 42);
+  EXPECT_EQ(again.find("/v/299.avi", kFile), 399.5);
+  EXPECT_EQ(again.find("/v/299.avi", {1001, 77}), std::nullopt) << "another size";
+  EXPECT_EQ(again.find("/v/299.avi", {1000, 78}), std::nullopt) << "changed since";
+  EXPECT_EQ(again.find("/v/3.avi", kFile), std::nullopt) << "the oldest had to go";
+  EXPECT_TRUE(ResumePlaces::read(std::string(100, '\t')).text().empty());
+}
+
+struct ResumeBench : test::ProgramBench {
+  test::HeldPlayer player{*this};
+  Resume resume{{window, collection, settings, player, loop, files, "/state/KVO5/Places"}};
+
+  ResumeBench() {
+    addVideo("long.avi", 0, 0);
+    addVideo("short.avi", 0, 0);
+    for (int i = 1; i <= 2; ++i) {
+      auto& clip = collection.MovieList[i];
+      clip.DurationTime(Value(i == 1 ? 1200.0 : 599.0));
+      files.all[clipFile(clip)] = "x";
+    }
+    bring(1);
+  }
+  // Another clip in the player, at its start.
+  void bring(int number) {
+    collection.icurMov = number;
+    player.PlayerSetFilename(clipFile(collection.MovieList[number]), number);
+    at(0);
+  }
+  // Play has come there, as the ticks of the monitor see it.
+  void at(double seconds) {
+    player.position = seconds;
+    resume.settled();
+  }
+  const std::string& chip() const { return window.resume.chip; }
+};
+
+TEST(Resume, OffersTheEndOfWhatWasSeen) {
+  const struct {
+    const char* what;
+    int clip;
+    double left;
+    const char* chip;
+  } rows[] = {{"in the middle", 1, 500.4, "Resume at 8:20"},
+              {"at its start", 1, 29, ""},
+              {"seen to its end", 1, 1141, ""},
+              {"not long", 2, 300, ""}};
+  for (const auto& row : rows) {
+    ResumeBench b;
+    b.bring(row.clip);
+    for (double s = 0; s < row.left; s += 1) b.at(s);
+    b.at(row.left);
+    b.bring(3 - row.clip);
+    b.bring(row.clip);
+    EXPECT_EQ(b.chip(), row.chip) << row.what;
+  }
+}
+
+TEST(Resume, AnOfferIsTakenOrGoesByItself) {
+  ResumeBench b;
+  const auto offered = [&] {
+    b.at(700);
+    b.bring(2);
+    EXPECT_EQ(b.chip(), "");
+    b.bring(1);
+    EXPECT_EQ(b.chip(), "Resume at 11:40");
+  };
+  offered();
+  b.at(0.6);
+  EXPECT_EQ(b.chip(), "Resume at 11:40") << "the clip plays meanwhile";
+  b.resume.take();
+  EXPECT_EQ(b.player.calls, "seek 700 play ");
+  EXPECT_EQ(b.chip(), "");
+  b.resume.take();
+  EXPECT_EQ(b.player.calls, "seek 700 play ") << "once";
+
+  offered();
+  b.loop.advance(9'900);
+  EXPECT_NE(b.chip(), "");
+  b.loop.advance(200);
+  EXPECT_EQ(b.chip(), "") << "its time is up";
+
+  offered();
+  b.at(300);
+  EXPECT_EQ(b.chip(), "") << "the user went elsewhere";
+  b.player.PlayerClear();
+  b.at(0);
+  b.files.all["/v/long.avi"] = "longer";
+  b.bring(1);
+  EXPECT_EQ(b.chip(), "") << "another file of that name";
+}
+
+TEST(Resume, IsKeptWhileItPlaysAndAtTheEnd) {
+  ResumeBench b;
+  for (int s = 0; s <= 130; ++s) b.at(s);
+  EXPECT_NE(b.files.all["/state/KVO5/Places"].find("/v/long.avi"), std::string::npos) << "in case of a crash";
+  b.at(150);
+  b.resume.leave();
+  EXPECT_EQ(b.files.all["/state/KVO5/Places"].substr(0, 4), "150\t");
+  b.settings.user.OfferResume = false;
+  b.bring(2);
+  b.bring(1);
+  EXPECT_EQ(b.chip(), "");
+  EXPECT_FALSE(b.files.exists("/state/KVO5/Places")) << "whoever turns it off wants nothing kept";
+}
+
+TEST(KeepAwake, WhileAPicturePlays) {
+  test::ProgramBench b;
+  KeepAwake awake(b.window, b.desktop);
+  auto& player = b.window.mode.player;
+  const struct {
+    bool plays;
+    int width;
+    const char* told;
+  } rows[] = {{false, 640, ""}, {true, 640, "+"},   {true, 320, "+"},
+              {true, 0, "+-"},  {true, 640, "+-+"}, {false, 640, "+-+-"}};
+  for (const auto& row : rows) {
+    player.IsPlaying = row.plays;
+    player.sourceWidth = row.width;
+    awake.settled();
+    EXPECT_EQ(b.desktop.awake, row.told) << row.plays << row.width;
+  }
+}
+
+}  // namespace
+}  // namespace kvo
