@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|seeks|movies|lengths|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|seeks|movies|lengths|play|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -179,11 +179,24 @@ seeks() {
   "$bin/bench_seeks" "$work/dissolve-360-6/movie.xtl"
 }
 
-[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths
+# Playing, beside a running mpv: 720 lines at 25 pictures a second, H.264 with a key picture every ten seconds. On a
+# screen of its own, where both draw by software.
+play() {
+  mkdir -p "$work"
+  local film
+  for film in 1 2; do
+    [ -e "$work/play$film.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
+      -f lavfi -i "sine=frequency=$((film * 300))" -t 30 -c:v libx264 -preset fast -g 250 -keyint_min 250 -sc_threshold 0 \
+      -c:a aac "$work/play$film.mp4"
+  done
+  xvfb-run -a -s "-screen 0 1920x1080x24" "$bin/bench_play" "$work/play1.mp4" "$work/play2.mp4"
+}
+
+[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths play
 for part; do
   case $part in
     kernels | records | compile) "$bin/bench_$part" ;;
-    movies | lengths | seeks | before) "$part" ;;
+    movies | lengths | seeks | play | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

@@ -4,6 +4,7 @@
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/posix_files.h"
 #include "app/face_links.h"
+#include "ports/video_output.h"
 #include "program/key_commands.h"
 #include "program/media_commands.h"
 #include "program/menus.h"
@@ -20,6 +21,25 @@
 #include <gtest/gtest.h>
 
 namespace kvo::test {
+
+/// One picture of one colour.
+class FakeVideo : public VideoOutput {
+ public:
+  std::optional<std::uint8_t> grey;  ///< nothing: there is no picture
+  int drawn = 0;
+
+  bool useOpenGl(OpenGl /*gl*/) override { return false; }
+  void useSoftware() override {}
+  [[nodiscard]] bool hasPicture() const override { return grey.has_value(); }
+  void draw(int /*buffer*/, int /*width*/, int /*height*/) override {}
+  void draw(const Rows& rows) override {
+    ++drawn;
+    std::fill_n(rows.first, rows.stride * static_cast<std::size_t>(rows.height), *grey);
+  }
+  void whenPictureDue(std::function<bool()> heard) override { due = std::move(heard); }
+
+  std::function<bool()> due;
+};
 
 struct FaceBench : ProgramBench {
   explicit FaceBench(const std::vector<std::string>& clips = {"a.avi", "b.avi", "c.jpg"}, double size = 1) {
@@ -67,7 +87,7 @@ struct FaceBench : ProgramBench {
                            hover,
                            resume,
                            {}},
-        FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/"});
+        FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/", &video});
     draw();
     QApplication::setActiveWindow(&face());
     EXPECT_TRUE(QTest::qWaitForWindowActive(&face()));
@@ -117,6 +137,7 @@ struct FaceBench : ProgramBench {
     draw();
   }
 
+  FakeVideo video;
   FakeFiles engineFiles;
   FakeControlEngine control{loop, engineFiles};
   FakeFilterGraphs graphs{loop, engineFiles};

@@ -353,6 +353,36 @@ TEST(SkinnedFace, ThePictureComesByItselfAndSoundHasASign) {
   EXPECT_EQ(b.at("No picture").toolTip(), "cannot open /v/c.jpg");
 }
 
+TEST(SkinnedFace, DrawsTheEnginesPictureWhileThePlayerIsInSight) {
+  FaceBench b;
+  auto& box = b.at("Picture");
+  auto& player = b.window.mode.player;
+  const auto middle = [&] {
+    b.draw();
+    QApplication::processEvents();
+    return qGray(box.grab().toImage().pixel(box.rect().center()));
+  };
+  EXPECT_FALSE(b.video.due()) << "nobody is going to draw";
+  EXPECT_NE(middle(), 90);
+  b.video.grey = 90;
+  ASSERT_TRUE(player.visible && !player.path.empty());
+  EXPECT_EQ(middle(), 90);
+  const int drawn = b.video.drawn;
+  EXPECT_EQ(middle(), 90);
+  EXPECT_EQ(b.video.drawn, drawn) << "what stands is not drawn again";
+  b.video.grey = 120;
+  EXPECT_TRUE(b.video.due());
+  EXPECT_EQ(middle(), 120);
+  const auto place = player.place;
+  player.place.left = kParked;
+  EXPECT_NE(middle(), 120) << "parked";
+  player.place = place;
+  EXPECT_EQ(middle(), 120);
+  player.visible = false;
+  EXPECT_NE(middle(), 120) << "hidden";
+  EXPECT_FALSE(b.video.due());
+}
+
 TEST(SkinnedFace, LongWorkIsToldAfterAMomentAndStoppedByAClick) {
   FaceBench b;
   auto& progress = b.window.progress;

@@ -80,7 +80,6 @@ MpvFile::MpvFile(House house, const VideoOutput::OpenGl* gl)
              {"pause", "yes"},
              {"keep-open", "yes"},
              {"vo", "libmpv"},
-             {"hwdec", "auto-safe"},
              {"video-timing-offset", "0"},  // the window draws when it is told
              {"ao", soundOutput()},
              {"audio-fallback-to-null", "yes"},
@@ -123,6 +122,7 @@ std::function<void()> MpvFile::home(void (MpvFile::*work)()) {
 }
 
 void MpvFile::makePicture(const VideoOutput::OpenGl* gl) {
+  core_.set("hwdec", std::string(gl != nullptr ? "auto-safe" : "no"));  // where there is any
   picture_ = std::make_unique<MpvPicture>(core_, gl, home(&MpvFile::drawOrPass));
   if (hasPicture()) core_.set("vid", std::string("auto"));  // it was lost with what drew it
 }
