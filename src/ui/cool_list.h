@@ -33,6 +33,7 @@ struct CoolListProperties {
   int BoxRadius = 0;                     ///< pixels
   bool Enabled = true;
   bool Focus = true;  ///< whether the row of ListIndex is marked while the list has the keyboard
+  std::string Font;   ///< "Inter,12,..." as the toolkit writes fonts; empty for that of what it lies in
   ControlColour FontNormal = 0x80000008;
   ControlColour FontSelected = 0x8000000E;
   bool HoverSelection = false;  ///< the item under the pointer is chosen without a press
@@ -40,14 +41,18 @@ struct CoolListProperties {
   bool ItemHeightAuto = true;   ///< ItemHeight is the font's
   int ItemOffset = 0;           ///< pixels, the text's inset at top, bottom and right
   int ItemTextLeft = 2;         ///< pixels
-  int OrderType = 0;            ///< 0 ascending, 1 descending
-  int ScrollBarWidth = 13;      ///< pixels
+  std::string MouseIcon;        ///< file of the picture that pointer 99 has
+  int MousePointer =
+      0;  ///< 0 that of what it lies in, 1 arrow, 2 cross, 3 text, 11 clock, 12 forbidden, 99 MouseIcon
+  int OrderType = 0;             ///< 0 ascending, 1 descending
+  int ScrollBarWidth = 13;       ///< pixels
+  std::string SelectionPicture;  ///< file of the picture of style 6; empty for none
   int SelectMode = 0;       ///< 0 single, 1 multiple: a press turns an item over, 2 several by Ctrl and Shift
   int SelectModeStyle = 0;  ///< 0 to 6, see drawSelection
   bool WordWrap = true;
 };
 
-/// A stored form's properties: name and value, numbers in decimals, truths as 0 and 1.
+/// A stored form's properties: name and value, numbers in decimals, truths as 0 and 1, texts as they are.
 using PropertyBag = std::map<std::string, std::string>;
 /// What the bag does not have, or has with no number, keeps its default.
 CoolListProperties readProperties(const PropertyBag& bag);

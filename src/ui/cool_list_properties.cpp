@@ -12,7 +12,7 @@ using P = CoolListProperties;
 
 struct Property {
   const char* name;
-  std::variant<int P::*, bool P::*, ControlColour P::*> field;
+  std::variant<int P::*, bool P::*, ControlColour P::*, std::string P::*> field;
 };
 
 const std::array kProperties = {
@@ -28,6 +28,7 @@ const std::array kProperties = {
     Property{"BoxRadius", &P::BoxRadius},
     Property{"Enabled", &P::Enabled},
     Property{"Focus", &P::Focus},
+    Property{"Font", &P::Font},
     Property{"FontNormal", &P::FontNormal},
     Property{"FontSelected", &P::FontSelected},
     Property{"HoverSelection", &P::HoverSelection},
@@ -35,8 +36,11 @@ const std::array kProperties = {
     Property{"ItemHeightAuto", &P::ItemHeightAuto},
     Property{"ItemOffset", &P::ItemOffset},
     Property{"ItemTextLeft", &P::ItemTextLeft},
+    Property{"MouseIcon", &P::MouseIcon},
+    Property{"MousePointer", &P::MousePointer},
     Property{"OrderType", &P::OrderType},
     Property{"ScrollBarWidth", &P::ScrollBarWidth},
+    Property{"SelectionPicture", &P::SelectionPicture},
     Property{"SelectMode", &P::SelectMode},
     Property{"SelectModeStyle", &P::SelectModeStyle},
     Property{"WordWrap", &P::WordWrap},
@@ -56,10 +60,13 @@ CoolListProperties readProperties(const PropertyBag& bag) {
     const auto found = bag.find(name);
     if (found == bag.end()) continue;
     const auto number = numberIn(found->second);
-    if (!number) continue;
     std::visit(
         [&]<class Field>(Field P::*member) {
-          if constexpr (std::is_same_v<Field, bool>) {
+          if constexpr (std::is_same_v<Field, std::string>) {
+            properties.*member = found->second;
+          } else if (!number) {
+            return;
+          } else if constexpr (std::is_same_v<Field, bool>) {
             properties.*member = *number != 0;
           } else if (fits<Field>(*number)) {
             properties.*member = static_cast<Field>(*number);
@@ -73,7 +80,14 @@ CoolListProperties readProperties(const PropertyBag& bag) {
 PropertyBag writeProperties(const CoolListProperties& properties) {
   PropertyBag bag;
   for (const auto& [name, field] : kProperties) {
-    bag[name] = std::visit([&](auto member) { return std::to_string(properties.*member); }, field);
+    bag[name] = std::visit(
+        [&]<class Field>(Field P::*member) {
+          if constexpr (std::is_same_v<Field, std::string>)
+            return properties.*member;
+          else
+            return std::to_string(properties.*member);
+        },
+        field);
   }
   return bag;
 }

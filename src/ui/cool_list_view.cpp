@@ -7,6 +7,7 @@
 #include "ui/theme.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -17,6 +18,7 @@
 #include <QTextOption>
 #include <QToolTip>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace kvo {
@@ -67,6 +69,28 @@ std::optional<CoolList::Key> listKey(int key) {
   }
 }
 
+// By the numbers that stored forms have for pointers.
+std::optional<QCursor> pointerOf(const CoolListProperties& properties) {
+  switch (properties.MousePointer) {
+    case 1:
+      return Qt::ArrowCursor;
+    case 2:
+      return Qt::CrossCursor;
+    case 3:
+      return Qt::IBeamCursor;
+    case 11:
+      return Qt::WaitCursor;
+    case 12:
+      return Qt::ForbiddenCursor;
+    case 99:
+      if (const QPixmap icon(QString::fromStdString(properties.MouseIcon)); !icon.isNull())
+        return QCursor(icon);
+      return std::nullopt;
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
 
 CoolListView::CoolListView(QWidget* parent)
@@ -103,8 +127,20 @@ CoolListView::CoolListView(QWidget* parent)
   setProperties(list_.properties());
 }
 
+void CoolListView::takeStored(const CoolListProperties& wanted) {
+  const auto& now = list_.properties();
+  if (QFont font; wanted.Font != now.Font && font.fromString(QString::fromStdString(wanted.Font)))
+    setFont(font);
+  if (wanted.SelectionPicture != now.SelectionPicture)
+    setSelectionPicture(QPixmap(QString::fromStdString(wanted.SelectionPicture)));
+  if (wanted.MousePointer == now.MousePointer && wanted.MouseIcon == now.MouseIcon) return;
+  const auto pointer = pointerOf(wanted);
+  pointer ? setCursor(*pointer) : unsetCursor();
+}
+
 void CoolListView::setProperties(const CoolListProperties& properties) {
   auto wanted = properties;
+  takeStored(wanted);
   if (wanted.ItemHeightAuto) wanted.ItemHeight = fontMetrics().height();
   const bool hasFrame = wanted.BorderStyle != 0;
   const auto role = hasFrame ? QVariant("list") : QVariant();

@@ -87,6 +87,7 @@ class CoolListView : public QFrame {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void takeStored(const CoolListProperties& wanted);
   [[nodiscard]] int yInside(const QPointF& position) const;
   [[nodiscard]] std::chrono::milliseconds now() const;
   [[nodiscard]] CoolListRow drawing(int index) const;

@@ -56,6 +56,12 @@ TEST_F(PosixFilesTest, ALinkIsFollowed) {
   EXPECT_EQ(*files_.read(folder_ + "/target", 100), "new");
 }
 
+TEST_F(PosixFilesTest, WhatIsNoFileIsNotWaitedFor) {
+  const auto pipe = folder_ + "/pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_FALSE(files_.read(pipe, 100));
+}
+
 TEST_F(PosixFilesTest, FailuresNameTheFile) {
   const auto missing = files_.read(folder_ + "/none", 10);
   ASSERT_FALSE(missing);

@@ -310,6 +310,20 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
     b.settings.change().LoadFrom = last;
     EXPECT_EQ(mediaFolder(b.settings, b.desktop), starts);
   }
+  MediaCommands media({b.dialogs, b.desktop}, b.settings, b.window, b.mailbox);
+  b.dialogs.filter = 1;
+  media.AddMedia();
+  media.AddMedia();
+  const auto& first = b.dialogs.asked.front();
+  EXPECT_EQ(first.filters.at(first.filter).name, "All Files (*.*)") << "clips, stills and music in one go";
+  EXPECT_EQ(first.filters.back().name + "|" + first.filters.back().patterns, "QT Files (*.QT)|*.QT");
+  const auto& next = b.dialogs.asked.back();
+  EXPECT_EQ(next.filters.at(next.filter).name, "All supported Audio Files ") << "the last choice is kept";
+  for (const auto& [filter, kind] : {std::pair{0, " *.mp4"}, {1, " *.flac"}, {2, " *.png"}})
+    EXPECT_TRUE(
+        (next.filters[static_cast<std::size_t>(filter)].patterns + " ").find(std::string(kind) + " ") !=
+        std::string::npos)
+        << kind;
 }
 
 TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {

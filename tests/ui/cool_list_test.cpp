@@ -278,11 +278,12 @@ TEST_F(List, OrderIsThatOfTheBytesBySortingWithGaps) {
 
 TEST_F(List, FindFirst) {
   make(0);
-  fill({"Lake", "sailing lake", "LAKEside", "sail"});
+  fill({"Lake", "sailing lake", "LAKEside", "sail", "\xC3\x84RGER"});
   using Row = std::tuple<const char*, int, bool, int>;
   for (const auto& [text, start, fromStart, found] :
        {Row{"lake", 0, true, 0}, Row{"lake", 1, true, 2}, Row{"LAKE", 0, false, 1}, Row{"ake", 0, false, 0},
-        Row{"sail", 2, true, 3}, Row{"sail", 2, false, -1}, Row{"sea", 0, true, -1}}) {
+        Row{"sail", 2, true, 3}, Row{"sail", 2, false, -1}, Row{"sea", 0, true, -1},
+        Row{"\xC3\xA4r", 0, true, 4}}) {
     EXPECT_EQ(*list.FindFirst(text, start, fromStart), found) << text << ' ' << start << ' ' << fromStart;
   }
 }
@@ -340,12 +341,16 @@ TEST_F(List, AnEditIsKeptOrNot) {
 
 TEST(CoolListProperties, AreStoredByName) {
   const auto bag = writeProperties({});
-  EXPECT_EQ(bag.size(), 24U);
+  EXPECT_EQ(bag.size(), 28U);
   EXPECT_EQ(bag.at("BackSelected"), "2147483661");
   EXPECT_EQ(bag.at("ScrollBarWidth"), "13");
   EXPECT_EQ(bag.at("WordWrap"), "1");
-  const auto read =
-      readProperties({{"WordWrap", "0"}, {"BackNormal", "255"}, {"BoxRadius", "x"}, {"ItemOffset", "1e99"}});
+  const auto read = readProperties({{"WordWrap", "0"},
+                                    {"BackNormal", "255"},
+                                    {"BoxRadius", "x"},
+                                    {"ItemOffset", "1e99"},
+                                    {"Font", "Inter,14"}});
+  EXPECT_EQ(read.Font, "Inter,14");
   EXPECT_FALSE(read.WordWrap);
   EXPECT_EQ(read.BackNormal, 255U);
   EXPECT_EQ(read.BoxRadius, 0);

@@ -293,6 +293,36 @@ TEST(KeyedPicture, LosesTheColourOfItsPixelOneOne) {
   EXPECT_EQ(keyedPicture(small).pixel(0, 0), 0xFF102030) << "no pixel there";
 }
 
+// Notes at which scale a picture of this size is asked for.
+class NotedJpeg : public Jpeg {
+ public:
+  JpegSize whole;
+  mutable int asked = 0;
+  [[nodiscard]] Result<JpegSize> size(std::string_view /*file*/) const override { return whole; }
+  Outcome decode(std::string_view /*file*/, int scale, std::span<std::uint8_t> /*rows*/,
+                 std::size_t /*stride*/) const override {
+    asked = scale;
+    return Error{"noted"};
+  }
+};
+
+TEST_F(Pictures, OfJpegAreDecodedAsSmallAsStillFillsWhatIsWantedOrAsMemoryAllows) {
+  const auto path = keep("any.jpg", hugeJpeg(16));
+  const struct {
+    JpegSize whole;
+    QSize wanted;
+    int scale;  // 0: not at all
+  } rows[] = {{{8000, 6000}, {562, 410}, 8}, {{4000, 3000}, {562, 410}, 4},   {{600, 500}, {562, 410}, 1},
+              {{300, 200}, {562, 410}, 1},   {{2247, 65535}, {1124, 820}, 4}, {{9000, 9000}, {8000, 8000}, 2},
+              {{9000, 9000}, {}, 0}};
+  for (const auto& row : rows) {
+    NotedJpeg jpeg;
+    jpeg.whole = row.whole;
+    EXPECT_FALSE(loadPicture({files_, jpeg}, path, row.wanted));
+    EXPECT_EQ(jpeg.asked, row.scale) << row.whole.width << "x" << row.whole.height;
+  }
+}
+
 TEST(PictureFile, IsTheLeastThatIsLargeEnough) {
   const test::ScratchFolder folder;
   for (const auto* name : {"Skins/blue.bmp", "Skins/1.5/Blue.bmp", "Skins/2/blue.bmp", "Skins/mine.jpg"}) {

@@ -205,7 +205,7 @@ void SkinnedFace::drawParts() {
   picture_->draw();
   largePicture_->draw();
   collection_->draw();
-  position_->draw(colour);
+  position_->draw(colour, state_.mode.panels.Lbl_Pos.visible);
   details_->draw(colour);
   slider_->draw();
   drawHover();
@@ -230,7 +230,7 @@ void SkinnedFace::showParts() {
   showPart(*picture_, details);
   showPart(*largePicture_, any && !details);
   showPart(*collection_, any && panels.CollDets);
-  showPart(*position_, any && panels.Lbl_Pos.visible);
+  showPart(*position_, any && panels.CollDets);
   showPart(*details_, details);
   if (loading) return loading_->setFocus();
   if (const auto before = std::exchange(focusBefore_, nullptr); before != nullptr) {

@@ -46,7 +46,8 @@ void PositionPart::layOut(const FaceScale& scale) {
   position_->layOut(scale);
 }
 
-void PositionPart::draw(Rgb colour) {
+void PositionPart::draw(Rgb colour, bool hasPosition) {
+  position_->setVisible(hasPosition);
   position_->write(shown(state_.position));
   position_->setColour(colour);
 }

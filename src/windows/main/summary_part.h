@@ -27,8 +27,8 @@ class PositionPart : public Plate {
  public:
   PositionPart(const DetailsState& state, QWidget* parent);
   void layOut(const FaceScale& scale);
-  /// `colour` is that of values.
-  void draw(Rgb colour);
+  /// `colour` is that of values. Without a position the plate is empty, and its place not bare.
+  void draw(Rgb colour, bool hasPosition);
 
  private:
   const DetailsState& state_;
