@@ -313,7 +313,7 @@ TEST_F(Pictures, OfJpegAreDecodedAsSmallAsStillFillsWhatIsWantedOrAsMemoryAllows
     QSize wanted;
     int scale;  // 0: not at all
   } rows[] = {{{8000, 6000}, {562, 410}, 8}, {{4000, 3000}, {562, 410}, 4},   {{600, 500}, {562, 410}, 1},
-              {{300, 200}, {562, 410}, 1},   {{2247, 65535}, {1124, 820}, 4}, {{9000, 9000}, {8000, 8000}, 2},
+              {{300, 200}, {562, 410}, 1},   {{2246, 65535}, {1124, 820}, 2}, {{9000, 9000}, {8000, 8000}, 2},
               {{9000, 9000}, {}, 0}};
   for (const auto& row : rows) {
     NotedJpeg jpeg;
