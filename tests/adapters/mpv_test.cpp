@@ -2,8 +2,10 @@
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
 #include "adapters/posix/poll_loop.h"
+#include "playback/player_facade.h"
 #include "support/loop_rules.h"
 #include "support/real_world.h"
+#include "support/scripted_boxes.h"
 
 #include <arpa/inet.h>
 #include <array>
@@ -146,6 +148,54 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     standsAt(49, "at the end");
     engine.step(1);
     standsAt(49, "nothing behind the last");
+  }
+}
+
+class NoKeys : public PlayerHost {
+ public:
+  void BuildButton(std::string_view /*word*/) override {}
+  [[nodiscard]] bool rateWindowShows() const override { return false; }
+};
+
+TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
+  Bench bench;
+  DisplayModeState mode;
+  Collection collection;
+  KVO2 settings;
+  NoStreamProbe probe;
+  test::ScriptedBoxes boxes;
+  NoKeys keys;
+  PlayerFacade player(
+      {mode, collection, settings, bench.engine, bench.graphs, bench.facts, probe, boxes, keys});
+  player.PlayerSetDisplayMode(DisplayMode::Frames);
+  const struct {
+    const char* name;
+    const char* rate;
+    std::vector<std::string> codec;
+    bool graph;
+  } rows[] = {{"frames.mp4", "30000/1001", {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"}, false},
+              {"frames.mkv", "30000/1001", {"-c:v", "libx264", "-crf", "4", "-g", "20"}, false},
+              {"frames.wmv", "30000/1001", {"-c:v", "wmv2", "-q:v", "2", "-g", "20"}, true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const auto path = makeNumbered(bench.folder, row.name, row.rate, "", row.codec);
+    auto& clip = collection.MovieList.add({});
+    clip.MovieName(path);
+    const int number = collection.icurMov = collection.MovieList.count();
+    player.PlayerSetFilename(path, number);
+    ASSERT_EQ(player.UsingCorona(), row.graph);
+    EXPECT_NEAR(player.PlayerGetDuration(), 50, 1);
+    for (const int frame : {33, 1, 20, 48, 2}) {
+      player.PlayerSetCurrentPosition(frame);
+      EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
+      EXPECT_TRUE(turnUntil(bench.loop, [&] { return player.PlayerGetCurrentPosition() == frame; }))
+          << player.PlayerGetCurrentPosition() << " for " << frame;
+    }
+    player.PlayerStep(1);
+    EXPECT_TRUE(bench.shows(3));
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return player.PlayerGetCurrentPosition() == 3; }));
+    player.PlayerClear();
+    EXPECT_TRUE(player.PlayerIsEmpty());
   }
 }
 
