@@ -33,4 +33,16 @@ void ClipPicture::arrived(const PictureWish& wish, Result<FramePicture> picture)
   ++state_.revision;
 }
 
+PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksAt, int width, int height) {
+  const auto& rows = state.list.Fillist.rows();
+  const auto index = static_cast<std::size_t>(state.list.ListIndex);
+  if (index >= rows.size()) return {};
+  const auto kind = rows[index].kind;
+  if (kind != ClipKind::Video && kind != ClipKind::Still) return {};
+  const auto& still = state.mode.still;
+  const double stands = state.slider.handles ? state.slider.position * state.slider.length : 0;
+  return {still.Img_Still.visible ? still.path : state.mode.player.path, looksAt.value_or(stands), width,
+          height};
+}
+
 }  // namespace kvo

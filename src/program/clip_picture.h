@@ -4,6 +4,9 @@
 
 #include "program/clip_picture_state.h"
 #include "program/last_wish.h"
+#include "program/main_window_state.h"
+
+#include <optional>
 
 namespace kvo {
 
@@ -23,5 +26,10 @@ class ClipPicture {
   PictureWish wanted_;
   LastWish<PictureWish, Result<FramePicture>> fetch_;
 };
+
+/// The picture of the clip in hand that a box of `width` x `height` pixels shows: at `looksAt` seconds, or
+/// else where the clip stands. Videos and stills have one; sound, pages and streams have none, and a sign
+/// instead.
+PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksAt, int width, int height);
 
 }  // namespace kvo

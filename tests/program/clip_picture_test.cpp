@@ -123,6 +123,21 @@ TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
   EXPECT_EQ(b.state.picture, nullptr);
 }
 
+TEST(ClipPicture, IsOfWhatHasOneWhereTheClipStandsOrIsLookedAt) {
+  MainWindowState state;
+  EXPECT_EQ(pictureOf(state, {}, 4, 4), PictureWish{}) << "there is no clip";
+  state.mode.player.path = "/v";
+  state.slider = {.handles = true, .length = 10, .position = 0.5};
+  state.list.ListIndex = 0;
+  for (const auto kind :
+       {ClipKind::Video, ClipKind::Still, ClipKind::Sound, ClipKind::Page, ClipKind::Stream}) {
+    state.list.Fillist.assign({{"clip", "", kind}});
+    const bool has = kind == ClipKind::Video || kind == ClipKind::Still;
+    EXPECT_EQ(pictureOf(state, {}, 4, 3), has ? (PictureWish{"/v", 5, 4, 3}) : PictureWish{});
+    EXPECT_EQ(pictureOf(state, 7, 4, 3).seconds, has ? 7 : 0);
+  }
+}
+
 TEST(KeyCommands, DigitsAndLettersChooseTheClip) {
   test::ProgramBench b;
   KeyCommands keys(b.window, b.listCommands);

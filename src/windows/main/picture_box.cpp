@@ -35,17 +35,6 @@ const ClipRow* PictureBox::row() const {
   return index < rows.size() ? &rows[index] : nullptr;
 }
 
-// Video and stills have a picture to be fetched; sound, pages and streams have none.
-PictureWish PictureBox::wish() const {
-  const auto* clip = row();
-  if (clip == nullptr || (clip->kind != ClipKind::Video && clip->kind != ClipKind::Still)) return {};
-  const auto size = this->size() * devicePixelRatio();
-  const auto& still = state_.mode.still;
-  const double start = state_.slider.handles ? state_.slider.position * state_.slider.length : 0;
-  return {still.Img_Still.visible ? still.path : state_.mode.player.path, at_.value_or(start), size.width(),
-          size.height()};
-}
-
 PictureBox::Sign PictureBox::sign() const {
   const auto* clip = row();
   if (clip == nullptr) return {};
@@ -69,7 +58,8 @@ void PictureBox::draw() {
   }
   if (resume_ != nullptr) resume_->draw(state_.mode.interfaceSize);
   if (video_ != nullptr) video_->setVisible(isPlayed());
-  pictures_.want(wish());
+  const auto pixels = size() * devicePixelRatio();
+  pictures_.want(pictureOf(state_, at_, pixels.width(), pixels.height()));
   take();
   const auto now = sign();
   if (now == drawn_) return;

@@ -47,7 +47,6 @@ class PictureBox : public QWidget {
   };
 
   [[nodiscard]] const ClipRow* row() const;
-  [[nodiscard]] PictureWish wish() const;
   [[nodiscard]] Sign sign() const;
   [[nodiscard]] bool isPlayed() const;
   void take();
