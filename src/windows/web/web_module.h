@@ -5,6 +5,8 @@
 #include "ui/web_view.h"
 
 #include <QLibrary>
+#include <QOpenGLContext>
+#include <memory>
 #include <string>
 
 namespace kvo {
@@ -13,13 +15,19 @@ class WebModule {
  public:
   /// `file` is the full path of the module, which need not be there.
   explicit WebModule(const std::string& file);
+  WebModule(const WebModule&) = delete;
+  WebModule& operator=(const WebModule&) = delete;
+  ~WebModule();
 
   /// A view in `parent`; null where there is no module, and where pages could not be shut in: as root, and
   /// on a system that gives users no name spaces. Their sandbox is never off, whatever the environment says.
   std::unique_ptr<WebView> makeView(QWidget* parent);
 
  private:
+  void shareContexts();
+
   QLibrary library_;
+  std::unique_ptr<QOpenGLContext> shared_;
 };
 
 }  // namespace kvo
