@@ -10,28 +10,10 @@ FaceLinks::FaceLinks(const Parts& parts)
                parts.streams, parts.probe, parts.boxes, *this}),
       buttons_(parts.window.buttons, parts.window.mode, player_, parts.timers),
       display_({parts.window.mode, player_, buttons_, parts.timers, parts.settings, parts.collection,
-                parts.desktop, parts.boxes, *this}) {
-  parts_.list.whenInHand([this](int number) { load(number); });
-}
+                parts.desktop, parts.boxes, *this}) {}
 
 void FaceLinks::takeInterfaceSize() {
   display_.takeInterfaceSize(parts_.window.face.interfaceSize, !parts_.window.skin.IsSmallFonts);
-}
-
-void FaceLinks::load(int number) {
-  if (number == 0) {
-    FadBorder(std::string(kProductName));
-    return player_.PlayerClear();
-  }
-  const auto& clip = parts_.collection.MovieList[number];
-  if (clip.IsStill() || clip.IsHTML()) {
-    player_.PlayerClear();
-  } else {
-    player_.PlayerSetFilename(clipFile(clip), number);
-    player_.PlayerShow();
-  }
-  display_.PositionAndSize();
-  if (clip.IsStill()) display_.PositionandShowStill();
 }
 
 void FaceLinks::skins() { skins_->skins(true, true, parts_.settings.preferences().SkinPath, false); }
@@ -48,8 +30,6 @@ void FaceLinks::FadBorder(const std::string& caption) {
 }
 
 void FaceLinks::Displaymovieinfo(int number) { parts_.list.renew(number); }
-
-void FaceLinks::PreviewMovie(int number) { load(number); }
 
 void FaceLinks::untickStayOnTop() { parts_.window.face.stayOnTop = false; }
 

@@ -7,7 +7,9 @@
 #include "program/clip_list.h"
 #include "program/skins.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace kvo {
 
@@ -31,6 +33,8 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
 
   /// The skins are made behind this.
   void link(Skins& skins) { skins_ = &skins; }
+  /// What loads a clip by its number.
+  void loadBy(std::function<void(int)> load) { load_ = std::move(load); }
 
   [[nodiscard]] Buttons& buttons() { return buttons_; }
   [[nodiscard]] Display& display() { return display_; }
@@ -46,7 +50,7 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
   void FadBorder(const std::string& caption) override;
   void Displaymovieinfo(int number) override;
   void EnabledMenus() override {}  // menus are made when they are opened
-  void PreviewMovie(int number) override;
+  void PreviewMovie(int number) override { load_(number); }
   void untickStayOnTop() override;
 
   // Of the skins, and of the player
@@ -60,13 +64,12 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
   [[nodiscard]] bool clipHasPath() const override { return !parts_.window.mode.player.path.empty(); }
 
  private:
-  void load(int number);
-
   Parts parts_;
   PlayerFacade player_;
   Buttons buttons_;
   Display display_;
   Skins* skins_ = nullptr;
+  std::function<void(int)> load_ = [](int) {};
 };
 
 }  // namespace kvo

@@ -3,6 +3,7 @@
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
+#include "adapters/posix/posix_network.h"
 #include "adapters/posix/socket_handover.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/qt_event_loop.h"
@@ -11,13 +12,13 @@
 #include "app/commands.h"
 #include "app/companions.h"
 #include "app/face_links.h"
+#include "app/play_links.h"
 #include "app/session.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
 #include "playback/captions.h"
 #include "playback/display/layout.h"
 #include "program/clip_picture.h"
-#include "program/key_commands.h"
 #include "program/list_commands.h"
 #include "program/media_commands.h"
 #include "program/menus.h"
@@ -82,7 +83,8 @@ class WindowProgram {
                intake_,
                state_,
                list_,
-               history_},
+               history_,
+               timers_},
         intro_(parts_),
         mailbox_(parts_, intro_),
         links_({state_, session_.settings, session_.collection, session_.streams, control_, graphs_, probe_,
@@ -94,10 +96,12 @@ class WindowProgram {
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.settings,
                       session_.collection, state_),
+        play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
+               pages_, network_, timers_, list_, history_, commands_, listCommands_, intro_, mailbox_,
+               links_}),
         menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
                skins_},
               doors()),
-        keys_(state_, listCommands_),
         picture_(session_.streams, loop_, state_.picture),
         facts_(
             loop_, [this](const std::string& path) { return session_.streams.facts(path); },
@@ -109,8 +113,9 @@ class WindowProgram {
                      {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
                       placesFile}}),
         window_(state_,
-                {menu_, keys_, listCommands_, history_, media_, mailbox_, shutDown_, links_.display(),
-                 picture_, companions_.hover(), companions_.resume(), [this] { companions_.settled(); }},
+                {menu_, play_.positions().keys, listCommands_, history_, media_, mailbox_, shutDown_,
+                 links_.display(), picture_, companions_.hover(), companions_.resume(),
+                 [this] { companions_.settled(); }, play_.transport()},
                 {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}) {
     links_.link(skins_);
     commands_.whenOpened([this] { skins_.applyStored(); });
@@ -138,7 +143,6 @@ class WindowProgram {
       }
       links_.takeInterfaceSize();
       if (state_.face.fullScreen) coverScreen();
-      intro_.ended();  // nothing plays yet, so an intro is over as soon as it has begun
       showNow();
       startUp_.tell();
       const int code = QApplication::exec();
@@ -165,7 +169,8 @@ class WindowProgram {
         .tracks = [this] { return links_.player().PlayerGetTracks(); },
         .chooseTrack = [this](MediaTrack::Kind kind, int id) { links_.player().PlayerChooseTrack(kind, id); },
         .captions =
-            [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); }};
+            [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); },
+        .ordered = [this](MenuCommand tick) { play_.ordered(tick); }};
   }
 
   // As it is, and where the desktop puts it.
@@ -183,7 +188,7 @@ class WindowProgram {
 
   void showAdded(int number) {
     list_.addLast();
-    list_.PreviewMovie(number);
+    list_.select(number);
   }
 
   FrmMessageBoxes boxes_{[this] { showNow(); }};
@@ -217,8 +222,10 @@ class WindowProgram {
   ShutDown shutDown_;
   MediaCommands media_;
   ListCommands listCommands_;
+  NoWebPages pages_;
+  PosixNetwork network_;
+  PlayLinks play_;
   MainMenu menu_;
-  KeyCommands keys_;
   ClipPicture picture_;
   LastWish<std::string, Result<StreamFacts>> facts_;
   Companions companions_;

@@ -69,7 +69,21 @@ void ClipList::countUp() {
 
 void ClipList::PreviewMovie(int number) {
   if (number == 0) number = 1;
+  inHand_ = nullptr;
   choose({number}, number);
+}
+
+void ClipList::select(int number) {
+  if (number < 1 || number > collection_.MovieList.count()) return;
+  auto& list = window_.list;
+  if (number == collection_.icurMov && list.ListIndex == number - 1) return;
+  if (std::ranges::find(list.chosen, number) == list.chosen.end()) list.chosen = {number};
+  list.ListIndex = number - 1;
+  list.rename = false;
+  collection_.icurMov = number;
+  inHand_ = &collection_.MovieList[number];
+  told_ = nullptr;
+  tell(*inHand_);
 }
 
 void ClipList::choose(std::vector<int> numbers, int number) {
@@ -83,8 +97,13 @@ void ClipList::choose(std::vector<int> numbers, int number) {
   window_.list.ListIndex = number - 1;
   window_.list.rename = false;
   collection_.icurMov = number;
+  const auto* clip = &collection_.MovieList[number];
+  if (std::exchange(inHand_, clip) == clip) {
+    window_.mode.player.clip = window_.mode.player.clip > 0 ? number : 0;
+    return tell(*clip);
+  }
   told_ = nullptr;
-  tell(collection_.MovieList[number]);
+  tell(*clip);
   whenInHand_(number);
 }
 
@@ -135,6 +154,7 @@ void ClipList::show() {
   window_.details = {};
   window_.slider = {};
   window_.display = {};
+  inHand_ = nullptr;
   whenInHand_(0);
 }
 

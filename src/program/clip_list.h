@@ -38,8 +38,11 @@ class ClipList {
   /// not there change nothing.
   void PreviewMovie(int number);
 
-  /// Chooses several, of which `number` is in hand.
+  /// Chooses several, of which `number` is in hand: where it was that already, it only has another number.
   void choose(std::vector<int> numbers, int number);
+
+  /// Makes clip `number` the one in hand. Nobody is told of it, and what is chosen with it stays chosen.
+  void select(int number);
 
   /// Shows the list, or the empty pane when there is no clip.
   void show();
@@ -67,8 +70,9 @@ class ClipList {
   MainWindowState& window_;
   Collection& collection_;
   const KVO2& settings_;
-  const Movie* told_ = nullptr;  // the clip in hand, while what is told of it is no other's
-  double total_ = 0;             // seconds, of all clips
+  const Movie* inHand_ = nullptr;  // that whoever waits for it was told of
+  const Movie* told_ = nullptr;    // the clip in hand, while what is told of it is no other's
+  double total_ = 0;               // seconds, of all clips
   KnownFile known_;
   std::function<void(int)> whenInHand_ = [](int) {};
   std::function<void(const std::string&)> whenUnknown_ = [](const std::string&) {};

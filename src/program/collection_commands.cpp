@@ -44,7 +44,7 @@ class CollectionCommands::Watch final : public LoadWatch {
 bool CollectionCommands::pass(const std::function<bool()>& command) {
   const CommandPass pass(window_);
   if (!pass) return false;
-  beforeEach_();
+  prepare();
   return command();
 }
 

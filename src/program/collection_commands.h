@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace kvo {
 
@@ -72,8 +73,12 @@ class CollectionCommands {
   /// What goes on when a collection has been read: its preferences are in force then.
   void whenOpened(std::function<void()> work) { whenOpened_ = std::move(work); }
 
-  /// What each command does ahead of its work.
-  void beforeEach(std::function<void()> work) { beforeEach_ = std::move(work); }
+  /// What each command does ahead of its work, besides what it has been told before.
+  void beforeEach(std::function<void()> work) { beforeEach_.push_back(std::move(work)); }
+  /// Does that for a command of others.
+  void prepare() const {
+    for (const auto& work : beforeEach_) work();
+  }
 
  private:
   class Watch;
@@ -95,7 +100,7 @@ class CollectionCommands {
   History& history_;
   RecentCollections& recent_;
   std::function<void()> whenOpened_ = [] {};
-  std::function<void()> beforeEach_ = [] {};
+  std::vector<std::function<void()>> beforeEach_;
 };
 
 }  // namespace kvo

@@ -4,13 +4,8 @@
 #include "core/records/media_kinds.h"
 
 namespace kvo {
-namespace {
-
-constexpr int kIntroInterval = 350;  // milliseconds
-
-}  // namespace
-
-Intro::Intro(const ProgramParts& parts) : parts_(parts), introEnder_(parts.loop.timer([this] { tick(); })) {
+Intro::Intro(const ProgramParts& parts) : parts_(parts) {
+  parts_.timers.IntroEnder.ticks([this] { tick(); });
   parts_.commands.beforeEach([this] { leave(); });
 }
 
@@ -35,7 +30,12 @@ void Intro::showFirstClip() {
   parts_.list.show();
   const int count = parts_.collection.MovieList.count();
   if (count == 0) return;
-  parts_.list.PreviewMovie(isNamed_ ? count : 1);
+  // It is shown and does not play by itself, but for a sound that was asked for by name.
+  const int number = isNamed_ ? count : 1;
+  const bool plays = isNamed_ && isSoundByName(parts_.collection.MovieList[number].MovieName());
+  parts_.window.mode.player.IsPaused = !plays;
+  parts_.list.PreviewMovie(number);
+  if (plays && transport_ != nullptr) transport_->Img_Play_Click();
 }
 
 // The clip named on the command line, or the intro of the collection, comes ahead of everything.
@@ -58,8 +58,12 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
   const auto& clips = parts_.collection.MovieList;
   if (!added || clips.empty() || (isNamed_ && isSoundByName(clips[clips.count()].MovieName())))
     return showFirstClip();
-  introRunning_ = !clips[clips.count()].IsStill();  // a still has no end to wait for
-  introEnder_->start(kIntroInterval);
+  parts_.window.mode.player.IsPaused = false;
+  parts_.list.PreviewMovie(clips.count());
+  // A still has no end to wait for, and neither has what does not play.
+  const bool empty = transport_ != nullptr && parts_.window.mode.player.path.empty();
+  introRunning_ = !clips[clips.count()].IsStill() && !empty;
+  parts_.timers.IntroEnder.start();
 }
 
 // It changes nothing of what the user has.
@@ -80,8 +84,8 @@ void Intro::tick() {
 
 void Intro::leave() {
   introRunning_ = false;
-  if (!introEnder_->running()) return;
-  introEnder_->stop();
+  if (!parts_.timers.IntroEnder.enabled()) return;
+  parts_.timers.IntroEnder.stop();
   if (intro_ != nullptr) {
     const bool wasDirty = parts_.settings.state.IsDirty;
     parts_.collection.MovieList.removeIf([this](const Movie& clip) { return &clip == intro_; });

@@ -2,9 +2,9 @@
 // collection. The intro is a guest: it leaves by every road without a trace.
 #pragma once
 
+#include "playback/transport/transport_commands.h"
 #include "program/program_parts.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,6 +19,9 @@ class Intro {
 
   /// Begins with the first clip in the whole screen.
   void passOver();
+
+  /// Who plays from now on.
+  void transport(TransportCommands& transport) { transport_ = &transport; }
 
   /// The clip that is shown has reached its end.
   void ended() { introRunning_ = false; }
@@ -40,7 +43,7 @@ class Intro {
   bool isNamed_ = false;          // files of the command line run in place of the intro
   bool introRunning_ = false;
   bool startingUp_ = true;
-  std::unique_ptr<Timer> introEnder_;
+  TransportCommands* transport_ = nullptr;
 };
 
 }  // namespace kvo

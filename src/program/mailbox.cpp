@@ -49,7 +49,10 @@ void Mailbox::takeHandover(const std::string& text) {
   for (auto& line : lines) {
     if (!parts_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
   }
-  take(readStartCommand(lines, parts_.files, workingFolder_));
+  parts_.window.mode.player.IsPaused = false;
+  const auto command = readStartCommand(lines, parts_.files, workingFolder_);
+  take(command);
+  if (!command.clips.empty() && transport_ != nullptr) transport_->Img_Play_Click();
 }
 
 void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
@@ -89,9 +92,10 @@ void Mailbox::take(const StartCommand& command, int before) {
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return;
   intro_.leave();
-  parts_.history.add(
+  const bool added = parts_.history.add(
       pass, [&] { add(command.clips); }, before);
   parts_.list.show();
+  if (added) parts_.list.PreviewMovie(parts_.collection.icurMov);
 }
 
 }  // namespace kvo

@@ -15,6 +15,9 @@ class Mailbox {
  public:
   Mailbox(const ProgramParts& parts, Intro& intro);
 
+  /// Who plays what is handed over.
+  void transport(TransportCommands& transport) { transport_ = &transport; }
+
   /// From now on what other copies hand over is taken, five times a second. Their file names begin at
   /// `workingFolder`.
   void open(const std::string& workingFolder);
@@ -33,6 +36,7 @@ class Mailbox {
 
   ProgramParts parts_;
   Intro& intro_;
+  TransportCommands* transport_ = nullptr;
   std::string workingFolder_;
   std::unique_ptr<Timer> timer6_;
 };

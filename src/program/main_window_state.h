@@ -6,6 +6,7 @@
 #include "playback/buttons_state.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/positions/position_state.h"
+#include "playback/transport/transport_state.h"
 #include "program/clip_picture_state.h"
 #include "program/skin_state.h"
 
@@ -93,6 +94,7 @@ struct MenuState {
   bool mnu_LoopCol = false;
   bool mnu_Looping = false;
   bool mnu_RewAtEnd = false;
+  bool mnu_PlayWithoutGaps = false;
   bool clipsEnabled = false;  ///< the commands that need a clip
   bool operator==(const MenuState&) const = default;
 };
@@ -135,6 +137,7 @@ struct MainWindowState {
   SliderState slider;
   DisplayState display;
   PositionsState positions;
+  TransportState transport;
   MenuState menu;
   HistoryState history;
   ProgressState progress;

@@ -167,12 +167,21 @@ Entries MainMenu::sortMenu() {
 Entries MainMenu::playEntries() {
   auto& ticks = parts_.window.menu;
   auto& user = parts_.settings.user;
-  return {ticked(MenuCommand::mnu_Looping, "&Loop clips", ticks.mnu_Looping, true,
-                 [&] { user.LoopPreviews = ticks.mnu_Looping = !ticks.mnu_Looping; }),
-          ticked(MenuCommand::mnu_RewAtEnd, "Rewind at &End and Stop", ticks.mnu_RewAtEnd, !ticks.mnu_Looping,
-                 [&] { user.RewAtEnd = ticks.mnu_RewAtEnd = !ticks.mnu_RewAtEnd; }),
-          ticked(MenuCommand::mnu_LoopCollectionsOnPlayback, "Loop Collections on play&back",
-                 ticks.mnu_LoopCol, true, [&] { user.LoopCol = ticks.mnu_LoopCol = !ticks.mnu_LoopCol; })};
+  const auto turn = [this](MenuCommand command, UserValue<Boolean>& value, bool& tick) {
+    return [this, command, &value, &tick] {
+      value = tick = !tick;
+      if (doors_.ordered) doors_.ordered(command);
+    };
+  };
+  return {
+      ticked(MenuCommand::mnu_Looping, "&Loop clips", ticks.mnu_Looping, true,
+             turn(MenuCommand::mnu_Looping, user.LoopPreviews, ticks.mnu_Looping)),
+      ticked(MenuCommand::mnu_RewAtEnd, "Rewind at &End and Stop", ticks.mnu_RewAtEnd, !ticks.mnu_Looping,
+             turn(MenuCommand::mnu_RewAtEnd, user.RewAtEnd, ticks.mnu_RewAtEnd)),
+      ticked(MenuCommand::mnu_LoopCollectionsOnPlayback, "Loop Collections on play&back", ticks.mnu_LoopCol,
+             true, turn(MenuCommand::mnu_LoopCollectionsOnPlayback, user.LoopCol, ticks.mnu_LoopCol)),
+      ticked(MenuCommand::mnu_PlayWithoutGaps, "Play &without gaps", ticks.mnu_PlayWithoutGaps, true,
+             turn(MenuCommand::mnu_PlayWithoutGaps, user.PlayWithoutGaps, ticks.mnu_PlayWithoutGaps))};
 }
 
 // One that says nothing of itself goes by its number.

@@ -40,6 +40,7 @@ enum class MenuCommand {
   mnu_Looping,
   mnu_RewAtEnd,
   mnu_LoopCollectionsOnPlayback,
+  mnu_PlayWithoutGaps,
   SoundTrack,  ///< `which`: its number
   Subtitles,   ///< `which`: the number of the track; 0 none
   mnu_ShowCaps,
@@ -88,7 +89,8 @@ struct MenuDoors {
   std::function<void()> fullPicture{};     ///< the picture alone on the whole screen, and back
   std::function<std::vector<MediaTrack>()> tracks{};  ///< of the clip in hand
   std::function<void(MediaTrack::Kind, int)> chooseTrack{};
-  std::function<void()> captions{};  ///< the setting says whether they are shown
+  std::function<void()> captions{};            ///< the setting says whether they are shown
+  std::function<void(MenuCommand)> ordered{};  ///< this tick of those that steer playing is another now
 };
 
 class MainMenu {

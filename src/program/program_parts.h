@@ -2,6 +2,7 @@
 #pragma once
 
 #include "intake/clip_intake.h"
+#include "playback/play_timers.h"
 #include "ports/desktop.h"
 #include "ports/handover.h"
 #include "program/collection_commands.h"
@@ -23,6 +24,7 @@ struct ProgramParts {
   MainWindowState& window;
   ClipList& list;
   History& history;
+  PlayTimers& timers;
 };
 
 }  // namespace kvo

@@ -20,7 +20,7 @@ bool ShutDown::exit() {
     parts_.window.progress.abortClicked = true;
     return false;
   }
-  intro_.leave();
+  parts_.commands.prepare();
   deleteWorkFiles(parts_.files, parts_.folder);
   parts_.loop.yield();
   parts_.loop.yield();

@@ -149,6 +149,7 @@ void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& win
   settings.user.LoopPreviews = window.menu.mnu_Looping = flag("LoopPreviews");
   settings.user.LoopCol = window.menu.mnu_LoopCol = flag("LoopCol");
   settings.user.RewAtEnd = window.menu.mnu_RewAtEnd = flag("RewAtEnd");
+  settings.user.PlayWithoutGaps = window.menu.mnu_PlayWithoutGaps = flag("PlayWithoutGaps");
   settings.user.SliderPauseOnRepo = flag("SliderPauseOnRepo");
   settings.user.SliderSpeed = number("SliderSpeed", "500");
   settings.user.StillDelayTimer = number("StillDelayTimer", "7");

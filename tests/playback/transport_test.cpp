@@ -205,14 +205,16 @@ TEST(Transport, MenusSteerWhatPlays) {
   b.add("a.avi");
   b.mode.player.IsPaused = true;
   b.transport.PreviewMovie(1);
-  b.transport.mnu_RewAtEnd_Click();
-  EXPECT_TRUE(b.settings.user.RewAtEnd && b.control.autoRewind);
+  auto& user = b.settings.user;
+  user.RewAtEnd = true;
+  b.transport.orderChanged();
+  EXPECT_TRUE(b.control.autoRewind);
+  user.LoopPreviews = true;
   b.transport.mnu_Looping_Click();  // begins to play
   EXPECT_EQ(b.shown(), "1 playing");
   EXPECT_EQ(b.control.playCount, kForEver);
   EXPECT_FALSE(b.control.autoRewind);
-  b.transport.mnu_RewAtEnd_Click();  // cannot be chosen now
-  EXPECT_TRUE(b.settings.user.RewAtEnd);
+  user.LoopPreviews = false;
   b.transport.mnu_Looping_Click();
   EXPECT_EQ(b.control.playCount, 1);
   EXPECT_TRUE(b.control.autoRewind);

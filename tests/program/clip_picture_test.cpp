@@ -1,7 +1,6 @@
 // The picture of the clip in hand, and the keys that choose the clip.
 #include "program/clip_picture.h"
 
-#include "program/key_commands.h"
 #include "support/program_bench.h"
 
 #include <chrono>
@@ -135,27 +134,6 @@ TEST(ClipPicture, IsOfWhatHasOneWhereTheClipStandsOrIsLookedAt) {
     const bool has = kind == ClipKind::Video || kind == ClipKind::Still;
     EXPECT_EQ(pictureOf(state, {}, 4, 3), has ? (PictureWish{"/v", 5, 4, 3}) : PictureWish{});
     EXPECT_EQ(pictureOf(state, 7, 4, 3).seconds, has ? 7 : 0);
-  }
-}
-
-TEST(KeyCommands, DigitsAndLettersChooseTheClip) {
-  test::ProgramBench b;
-  KeyCommands keys(b.window, b.listCommands);
-  EXPECT_FALSE(keys.KeyCommand('1')) << "there is no clip yet";
-  std::vector<std::string> clips;
-  for (int i = 1; i <= 11; ++i) clips.push_back(std::to_string(i) + ".avi");
-  b.saveCollection("/prog/KVO5.INI", clips);
-  b.startUp.run({}, "/");
-  const struct {
-    int from;
-    char key;
-    int to;  // 0: the key is none
-  } rows[] = {{1, '2', 2},  {5, '9', 9}, {5, ':', 10}, {5, '0', 0}, {1, 't', 2}, {1, 'T', 2},
-              {11, 'T', 0}, {3, 'v', 2}, {1, 'V', 0},  {3, 'x', 0}, {3, ' ', 0}};
-  for (const auto& row : rows) {
-    b.listCommands.select(row.from);
-    EXPECT_EQ(keys.KeyCommand(row.key), row.to > 0) << row.key;
-    EXPECT_EQ(b.collection.icurMov, row.to > 0 ? row.to : row.from) << row.key;
   }
 }
 

@@ -110,6 +110,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 [+&Loop clips]
 (Rewind at &End and Stop)
 [Loop Collections on play&back]
+[Play &without gaps]
 -
 [Soun&d track] { [*Director (en)] [Track 2] }
 [&Subtitles] { [Track 1 (de)] [*&None] }

@@ -72,6 +72,7 @@ struct OutsideBench : test::ProgramBench {
     });
     saveCollection("/prog/KVO5.INI", {"a.avi", "b.avi", "photo.jpg"});
     startUp.run({}, "/");
+    window.mode.player.IsPaused = false;
     for (int i = 1; i <= 2; ++i) collection.MovieList[i].DurationTime(Value(20.0));
     collection.MovieList[3].IsStill(true);
     listCommands.select(1);

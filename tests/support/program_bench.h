@@ -74,8 +74,8 @@ struct ProgramBench : StoreBench {
   PlainIntake intake{files, collection, list};
   CollectionCommands commands{
       {files, boxes, dialogs, loop, folder}, file, settings, collection, {window, list, history, recent}};
-  ProgramParts parts{files,    boxes,      loop,     handover, store,  desktop, folder,
-                     settings, collection, commands, intake,   window, list,    history};
+  ProgramParts parts{files,      boxes,    loop,   handover, store, desktop, folder, settings,
+                     collection, commands, intake, window,   list,  history, timers};
   Intro intro{parts};
   Mailbox mailbox{parts, intro};
   PlainSkinPictures pictures{files};

@@ -3,9 +3,8 @@
 
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/posix_files.h"
-#include "app/face_links.h"
+#include "app/play_links.h"
 #include "ports/video_output.h"
-#include "program/key_commands.h"
 #include "program/media_commands.h"
 #include "program/menus.h"
 #include "support/fake_engines.h"
@@ -39,6 +38,10 @@ class FakeVideo : public VideoOutput {
   void whenPictureDue(std::function<bool()> heard) override { due = std::move(heard); }
 
   std::function<bool()> due;
+};
+
+struct NoNetwork : Network {
+  [[nodiscard]] bool connected() const override { return false; }
 };
 
 struct FaceBench : ProgramBench {
@@ -76,7 +79,7 @@ struct FaceBench : ProgramBench {
     frm = std::make_unique<FrmFileOpen>(
         window,
         FrmFileOpen::Logic{menu,
-                           keys,
+                           play.positions().keys,
                            listCommands,
                            history,
                            media,
@@ -86,7 +89,8 @@ struct FaceBench : ProgramBench {
                            picture,
                            hover,
                            resume,
-                           {}},
+                           {},
+                           play.transport()},
         FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/", &video});
     draw();
     QApplication::setActiveWindow(&face());
@@ -145,14 +149,18 @@ struct FaceBench : ProgramBench {
   FaceLinks links{{window, settings, collection, streams, control, graphs, probe, desktop, boxes, pictures,
                    list, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
+  NoWebPages pages;
+  NoNetwork network;
+  PlayLinks play{{window, settings, collection, files, boxes, loop, desktop, pages, network, timers, list,
+                  history, commands, listCommands, intro, mailbox, links}};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
                  .minimumDetails = [this] { links.display().turnDetails(); },
                  .stayOnTop = [] {},
                  .interfaceSize = [this] { links.takeInterfaceSize(); },
-                 .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); }}};
-  KeyCommands keys{window, listCommands};
+                 .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); },
+                 .ordered = [this](MenuCommand tick) { play.ordered(tick); }}};
   ClipPicture picture{streams, loop, window.picture};
   HoverPreview hover{streams, loop, window};
   Resume resume{{window, collection, settings, links.player(), loop, files, "/state/KVO5/Places"}};

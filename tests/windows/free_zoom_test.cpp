@@ -21,7 +21,7 @@ TEST(FreeZoom, TakesTheFacesPlaceAndGivesItBack) {
   ASSERT_NE(&zoom, &normal);
   EXPECT_EQ(zoom.windowTitle(), "KVO5 - Free Zoom Mode");
   EXPECT_EQ(zoom.pos(), QPoint(300, 200));
-  EXPECT_EQ(b.at("Play").isEnabled(), false);
+  EXPECT_TRUE(b.at("Play").isEnabled());
   b.click("Normal Mode");
   EXPECT_EQ(&b.face(), &normal);
   EXPECT_EQ(normal.pos(), QPoint(300, 200));

@@ -96,8 +96,9 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
     order.push_back(b.face().focusWidget()->accessibleName().toStdString());
     QTest::keyClick(b.face().focusWidget(), Qt::Key_Tab);
   } while (b.face().focusWidget() != first && order.size() < 40);
-  EXPECT_EQ(order, (Names{"Menu", "Undo", "Clips", "Move up", "Move down", "Add media", "Remove", "Sort",
-                          "Mark-In", "Mark-Out", "Volume", "Free Zoom Mode", "Minimise", "Close"}))
+  EXPECT_EQ(order,
+            (Names{"Menu", "Undo", "Clips", "Move up", "Move down", "Add media", "Remove", "Sort", "Mark-In",
+                   "Mark-Out", "Volume", "Play", "Pause", "Free Zoom Mode", "Minimise", "Close"}))
       << "what cannot be done is left out";
 }
 
@@ -126,8 +127,8 @@ TEST(SkinnedFace, ItsKeysSayWhatTheyAreAndWhetherTheyCanBePressed) {
     QRect place;  // of the label, which is larger than a small key
     bool enabled;
   } rows[] = {
-      {"Play", {70, 350, 48, 48}, false},
-      {"Pause", {126, 355, 32, 38}, false},
+      {"Play", {70, 350, 48, 48}, true},
+      {"Pause", {126, 355, 32, 38}, true},
       {"One frame back", {188, 370, 28, 28}, false},
       {"A quarter of the speed", {300, 370, 32, 28}, false},
       {"Half the speed", {332, 370, 32, 28}, false},
@@ -340,6 +341,7 @@ TEST(SkinnedFace, ThePictureComesByItselfAndSoundHasASign) {
   b.links.PreviewMovie(1);
   b.collection.MovieList[1].LoopStart(Value(5));
   b.list.PreviewMovie(1);
+  b.loop.advance(2000);  // the handle glides there
   b.draw();
   b.waitForPicture();
   EXPECT_EQ(qGray(box.grab().toImage().pixel(100, 70)), 5);

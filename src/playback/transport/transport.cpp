@@ -184,32 +184,17 @@ void Transport::pictureClicked(PictureButton button) {
 }
 
 void Transport::mnu_Looping_Click() {
-  auto& user = core_.settings.user;
-  user.LoopPreviews = !user.LoopPreviews;
-  autoRewind();
-  if (!user.LoopPreviews) return core_.player.PlayerSetPlayCount(1);
-  core_.player.PlayerSetPlayCount(kForEver);
-  if (!core_.mode.player.visible || core_.player.PlayerIsEmpty()) return;
+  const bool loops = core_.order().mnu_Looping;
+  core_.player.PlayerSetPlayCount(loops ? kForEver : 1);
+  orderChanged();
+  if (!loops || !core_.mode.player.visible || core_.player.PlayerIsEmpty()) return;
   core_.player.GlobalMediaPlay();
   core_.button("PLAYON");
 }
 
-void Transport::mnu_RewAtEnd_Click() {
-  auto& user = core_.settings.user;
-  if (user.LoopPreviews) return;
-  user.RewAtEnd = !user.RewAtEnd;
+void Transport::orderChanged() {
   autoRewind();
-}
-
-void Transport::mnu_LoopCollectionsOnPlayback_Click() {
-  auto& user = core_.settings.user;
-  user.LoopCol = !user.LoopCol;
-  openNextAhead();
-}
-
-void Transport::mnu_PlayWithoutGaps_Click() {
-  auto& user = core_.settings.user;
-  user.PlayWithoutGaps = !user.PlayWithoutGaps;
+  if (core_.clip() != nullptr) openNextAhead();
 }
 
 // Stills go on by themselves only where the picture covers the screen, and go round there.

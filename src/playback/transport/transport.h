@@ -49,13 +49,10 @@ class Transport : public TransportCommands {
   /// A click on the picture.
   void pictureClicked(PictureButton button);
 
-  // The ticks of menus. Each holds the value of its setting.
-
+  /// The tick of mnu_Looping, and its setting LoopPreviews, are others now: what loops begins to play.
   void mnu_Looping_Click();
-  void mnu_RewAtEnd_Click();
-  void mnu_LoopCollectionsOnPlayback_Click();
-  /// The next clip begins at once, and not behind the waits.
-  void mnu_PlayWithoutGaps_Click();
+  /// Another of the ticks that say what follows is.
+  void orderChanged();
 
  private:
   void letGo();

@@ -33,7 +33,11 @@ void Transport::PreviewMovie(int index) {
   letGo();
   core_.host.select(number);
   load(number, core_.collection.MovieList[number]);
-  if (core_.player.PlayerIsEmpty() && !core_.mode.player.IsPaused) core_.button("ALLOFF");
+  if (core_.mode.player.IsPaused) {
+    core_.button("PAUSEON");
+  } else if (core_.player.PlayerIsEmpty()) {
+    core_.button("ALLOFF");
+  }
   core_.timers.Timer6.start();
 }
 

@@ -4,6 +4,7 @@
 #include "ui/made.h"
 #include "ui/theme.h"
 #include "windows/main/texts.h"
+#include "windows/main/transport_acts.h"
 
 #include <QCursor>
 #include <QGraphicsOpacityEffect>
@@ -41,6 +42,10 @@ FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowAct
     logic_.resume.take();
     acted_();
   });
+  picture_->whenClicked([this](Qt::MouseButton button) {
+    logic_.transport.pictureClicked(pictureButton(button));
+    acted_();
+  });
   toolbar_->setGraphicsEffect(fade_);
   fade_->setOpacity(1);
   fade_->setEnabled(false);
@@ -60,6 +65,14 @@ ToolbarPart::Acts FreeZoomFace::toolActs() {
   ToolbarPart::Acts acts;
   const auto of = [&](HitLabel label) -> std::function<void()>& {
     return acts[static_cast<std::size_t>(label)];
+  };
+  of(HitLabel::Lbl_PlayGraphic) = [this] {
+    pressPlay(logic_.transport, false);
+    acted_();
+  };
+  of(HitLabel::Lbl_PauseGraphic) = [this] {
+    logic_.transport.Lbl_PauseGraphic_Click();
+    acted_();
   };
   of(HitLabel::Lbl_SliderMiniMode) = [this] {
     logic_.display.Lbl_SliderMiniMode_Click();
@@ -144,6 +157,7 @@ void FreeZoomFace::mouseMoved() {
 
 bool FreeZoomFace::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseMove) mouseMoved();
+  if (event->type() == QEvent::MouseButtonPress) showToolbar(true);
   return QWidget::eventFilter(watched, event);
 }
 

@@ -2,6 +2,7 @@
 // its toolbar then goes away while the mouse rests.
 #pragma once
 
+#include "playback/transport/transport.h"
 #include "program/resume.h"
 #include "windows/main/picture_box.h"
 #include "windows/main/toolbar_part.h"
@@ -22,6 +23,7 @@ class FreeZoomFace : public QWidget {
     Display& display;
     ClipPicture& pictures;
     Resume& resume;
+    Transport& transport;
   };
 
   /// `folder` is the program's. `acted` is called behind each act.

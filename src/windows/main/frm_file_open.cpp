@@ -35,9 +35,10 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Mater
             [this] { draw(); }),
       skinned_(state,
                {logic.list, logic.history, logic.mailbox, logic.display, logic.pictures, logic.hover,
-                logic.resume, [&media = logic.media] { media.AddMedia(); }},
+                logic.resume, logic.transport, [&media = logic.media] { media.AddMedia(); }},
                acts_, material.skin, material.images, material.folder, [this] { draw(); }),
-      zoom_(state, {logic.display, logic.pictures, logic.resume}, acts_, material.folder, [this] { draw(); }),
+      zoom_(state, {logic.display, logic.pictures, logic.resume, logic.transport}, acts_, material.folder,
+            [this] { draw(); }),
       full_(state, logic.display, logic.pictures, acts_, [this] { draw(); }),
       place_(material.store, material.desktop, "FrmFileOpenPlace") {
   if (material.video == nullptr) return;

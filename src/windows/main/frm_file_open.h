@@ -34,6 +34,7 @@ class FrmFileOpen {
     HoverPreview& hover;
     Resume& resume;
     std::function<void()> settled;  ///< the state is whole: called ahead of each drawing
+    Transport& transport;
   };
   /// What the window is made of.
   struct Material {

@@ -151,6 +151,10 @@ KeysPart::KeysPart(const ButtonsState& state, ImageList1& images, const Acts& ac
     labels_[i] = made<KeyLabel>(keyName(kKeyRows[i].name), face);
     if (const auto& act = acts_.*kKeyRows[i].act) QObject::connect(labels_[i], &KeyLabel::clicked, act);
   }
+  if (acts_.playRight) {
+    labels_[0]->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(labels_[0], &QWidget::customContextMenuRequested, acts_.playRight);
+  }
   close_ = made<KVOBut>(face);
   close_->setFocusPolicy(Qt::TabFocus);
   close_->setToolTip(QCoreApplication::translate(kKeysContext, "Close"));

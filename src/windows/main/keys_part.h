@@ -20,8 +20,8 @@ class KeysPart {
  public:
   /// What the keys do. One that does nothing yet is disabled.
   struct Acts {
-    std::function<void()> play{}, pause{}, rewind5{}, back1{}, forward1{}, advance5{}, speed025{}, speed05{},
-        speed02{}, size{}, playAll{}, mini{}, minimise{}, close{};
+    std::function<void()> play{}, pause{}, playRight{}, rewind5{}, back1{}, forward1{}, advance5{},
+        speed025{}, speed05{}, speed02{}, size{}, playAll{}, mini{}, minimise{}, close{};
   };
   static constexpr std::size_t kLabels = 13;
 

@@ -8,6 +8,8 @@
 #include "windows/main/texts.h"
 #include "windows/main/video_surface.h"
 
+#include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <utility>
@@ -59,7 +61,7 @@ void PictureBox::draw() {
   if (resume_ != nullptr) resume_->draw(state_.mode.interfaceSize);
   if (video_ != nullptr) video_->setVisible(isPlayed());
   const auto pixels = size() * devicePixelRatio();
-  pictures_.want(pictureOf(state_, at_, pixels.width(), pixels.height()));
+  if (!isPlayed()) pictures_.want(pictureOf(state_, at_, pixels.width(), pixels.height()));
   take();
   const auto now = sign();
   if (now == drawn_) return;
@@ -98,6 +100,22 @@ bool PictureBox::isPlayed() const {
 void PictureBox::lookAt(std::optional<double> seconds) {
   at_ = seconds;
   draw();
+}
+
+void PictureBox::mousePressEvent(QMouseEvent* event) {
+  pressed_ = clicked_ && event->button() != Qt::RightButton;
+  if (!pressed_) QWidget::mousePressEvent(event);
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+  if (std::exchange(pressed_, false) && rect().contains(event->position().toPoint()))
+    clicked_(event->button());
+}
+
+// The two clicks of it undo each other, and the window does what it means.
+void PictureBox::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (clicked_ && event->button() != Qt::RightButton) clicked_(event->button());
+  event->ignore();
 }
 
 void PictureBox::resizeEvent(QResizeEvent* /*event*/) {

@@ -32,10 +32,15 @@ class PictureBox : public QWidget {
   void showVideo(VideoFeed& feed);
   /// Has the offer to resume stand on the picture; `take` is what a press on it does.
   void offerResume(std::function<void()> take);
+  /// Hears of a click, by any button but the right one, which opens the menu.
+  void whenClicked(std::function<void(Qt::MouseButton)> clicked) { clicked_ = std::move(clicked); }
   /// The clip has no picture, and a sign stands for it.
   [[nodiscard]] bool isSign() const { return sign().icon != nullptr; }
 
  protected:
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -61,6 +66,8 @@ class PictureBox : public QWidget {
   QPixmap picture_;
   std::uint64_t shownRevision_ = 0;
   Sign drawn_;
+  std::function<void(Qt::MouseButton)> clicked_;
+  bool pressed_ = false;
 };
 
 }  // namespace kvo

@@ -17,6 +17,7 @@
 #include "windows/main/summary_part.h"
 #include "windows/main/texts.h"
 #include "windows/main/title_rail_part.h"
+#include "windows/main/transport_acts.h"
 #include "windows/main/volume_part.h"
 
 #include <QApplication>
@@ -57,7 +58,14 @@ SkinnedFace::~SkinnedFace() {
 }
 
 KeysPart::Acts SkinnedFace::keyActs() {
-  return {.mini =
+  return {.play = [this] { press(logic_.transport, false); },
+          .pause =
+              [this] {
+                logic_.transport.Lbl_PauseGraphic_Click();
+                acted_();
+              },
+          .playRight = [this] { press(logic_.transport, true); },
+          .mini =
               [this] {
                 logic_.display.Lbl_MiniMode_Click();
                 acted_();
@@ -88,6 +96,12 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   largePicture_ = made<LargePicturePart>(state_, logic_.pictures, this);
   for (auto* box : {&picture_->box(), &largePicture_->box()})
     box->offerResume(act([this] { logic_.resume.take(); }));
+  for (auto* box : {&picture_->box(), &largePicture_->box()}) {
+    box->whenClicked([this](Qt::MouseButton button) {
+      logic_.transport.pictureClicked(pictureButton(button));
+      acted_();
+    });
+  }
   collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
   position_ = made<PositionPart>(state_.details, this);
   details_ = made<DetailsPart>(state_.details, this);
@@ -134,6 +148,11 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   connect(empty_, &QAbstractButton::clicked, act(logic_.addMedia));
   loading_ = made<LoadingPart>(
       state_.progress, [this] { showParts(); }, this);
+}
+
+void SkinnedFace::press(Transport& transport, bool right) {
+  pressPlay(transport, right);
+  acted_();
 }
 
 void SkinnedFace::showVideo(VideoFeed& feed) {

@@ -2,6 +2,8 @@
 // size; its outline is that of a mask.
 #pragma once
 
+#include "playback/transport/transport.h"
+#include "program/clip_picture.h"
 #include "program/hover_preview.h"
 #include "program/list_commands.h"
 #include "program/resume.h"
@@ -43,6 +45,7 @@ class SkinnedFace : public QWidget {
     ClipPicture& pictures;
     HoverPreview& hover;
     Resume& resume;
+    Transport& transport;
     std::function<void()> addMedia;
   };
 
@@ -62,6 +65,7 @@ class SkinnedFace : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  void press(Transport& transport, bool right);
   void makeParts(WindowActs& acts, const std::string& folder);
   [[nodiscard]] KeysPart::Acts keyActs();
   void setTabOrder();

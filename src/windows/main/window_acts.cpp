@@ -36,6 +36,7 @@ void WindowActs::openSortMenu(const QPoint& at, QWidget& window) {
 }
 
 bool WindowActs::key(const QString& typed) {
+  if (state_.busy() || !state_.face.controlsEnabled) return false;
   const bool done = typed.size() == 1 && logic_.keys.KeyCommand(typed.front().toLatin1());
   if (done) acted_();
   return done;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "playback/display/display.h"
-#include "program/key_commands.h"
+#include "playback/positions/key_command.h"
 #include "program/mailbox.h"
 #include "program/main_window_state.h"
 #include "program/shut_down.h"
