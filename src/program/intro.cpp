@@ -58,6 +58,7 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
   const auto& clips = parts_.collection.MovieList;
   if (!added || clips.empty() || (isNamed_ && isSoundByName(clips[clips.count()].MovieName())))
     return showFirstClip();
+  parts_.window.emptyPane.visible = false;
   parts_.window.mode.player.IsPaused = false;
   parts_.list.PreviewMovie(clips.count());
   // A still has no end to wait for, and neither has what does not play.
