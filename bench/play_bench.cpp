@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <QWidget>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -17,6 +18,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <poll.h>
 #include <string>
 #include <sys/socket.h>
@@ -95,7 +97,7 @@ class Ours {
  public:
   Ours() {
     window_.resize(kWidth, kHeight);
-    surface_.resize(kWidth, kHeight);
+    surface_->widget().resize(kWidth, kHeight);
     window_.show();
     turn(0.3);
   }
@@ -125,8 +127,8 @@ class Ours {
   kvo::MpvControlEngine engine_{stage_};
   CountedOutput output_{stage_.output()};
   QWidget window_;
-  kvo::VideoFeed feed_{output_};
-  kvo::VideoSurface surface_{feed_, &window_};
+  kvo::VideoFeed feed_{output_, kvo::VideoFeed::DrawnBy::Rows};
+  std::unique_ptr<kvo::VideoSurface> surface_ = feed_.surface(&window_);
 };
 
 // An mpv that waits in a window of the same size.

@@ -10,7 +10,7 @@ namespace kvo {
 
 class VideoOutput {
  public:
-  /// An OpenGL that pictures are drawn with. It outlives the output, or is let go of by useSoftware().
+  /// An OpenGL that pictures are drawn with, until useSoftware() or that of another.
   struct OpenGl {
     /// Makes its context the current one of this thread.
     std::function<void()> makeCurrent;
@@ -39,8 +39,8 @@ class VideoOutput {
 
   /// There is a file in front, and its picture to be drawn.
   [[nodiscard]] virtual bool hasPicture() const = 0;
-  /// Draws the picture fitted into the frame buffer object `buffer` of OpenGL, its shape kept, on black; the
-  /// context has to be current. Draws nothing without a picture.
+  /// Draws the picture fitted into the frame buffer object `buffer` of OpenGL, whose first row is the lowest,
+  /// its shape kept, on black; the context has to be current. Draws nothing without a picture.
   virtual void draw(int buffer, int width, int height) = 0;
   /// As above, into rows.
   virtual void draw(const Rows& rows) = 0;

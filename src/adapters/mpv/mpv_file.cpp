@@ -124,7 +124,8 @@ std::function<void()> MpvFile::home(void (MpvFile::*work)()) {
 void MpvFile::makePicture(const VideoOutput::OpenGl* gl) {
   core_.set("hwdec", std::string(gl != nullptr ? "auto-safe" : "no"));  // where there is any
   picture_ = std::make_unique<MpvPicture>(core_, gl, home(&MpvFile::drawOrPass));
-  if (hasPicture()) core_.set("vid", std::string("auto"));  // it was lost with what drew it
+  if (opening_ != EngineOpening::Closed)
+    core_.set("vid", std::string("auto"));  // it was lost with what drew it
 }
 
 void MpvFile::hear(std::function<void()> ended, std::function<void()> changed) {

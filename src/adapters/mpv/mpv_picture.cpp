@@ -46,7 +46,9 @@ bool MpvPicture::update() {
 void MpvPicture::draw(int buffer, int width, int height) {
   mpv_opengl_fbo target{buffer, width, height, 0};
   int wait = 0;
-  std::array<mpv_render_param, 3> where{{{MPV_RENDER_PARAM_OPENGL_FBO, &target},
+  int bottomUp = 1;
+  std::array<mpv_render_param, 4> where{{{MPV_RENDER_PARAM_OPENGL_FBO, &target},
+                                         {MPV_RENDER_PARAM_FLIP_Y, &bottomUp},
                                          {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &wait},
                                          {MPV_RENDER_PARAM_INVALID, nullptr}}};
   mpv_render_context_render(context_, where.data());

@@ -6,7 +6,6 @@
 #include "windows/main/frame_pixmap.h"
 #include "windows/main/resume_chip.h"
 #include "windows/main/texts.h"
-#include "windows/main/video_surface.h"
 
 #include <QImage>
 #include <QMouseEvent>
@@ -55,11 +54,12 @@ PictureBox::Sign PictureBox::sign() const {
 void PictureBox::draw() {
   if (!isVisible()) return;
   if (state_.mode.player.fullScreen != alone_) {
-    if (video_ != nullptr) video_->hide();
+    if (video_ != nullptr) video_->widget().hide();
     return;
   }
   if (resume_ != nullptr) resume_->draw(state_.mode.interfaceSize);
-  if (video_ != nullptr) video_->setVisible(isPlayed());
+  if (video_ != nullptr && drawnBy_ != feed_->drawnBy()) makeVideo();
+  if (video_ != nullptr) video_->widget().setVisible(isPlayed());
   const auto pixels = size() * devicePixelRatio();
   if (!isPlayed()) pictures_.want(pictureOf(state_, at_, pixels.width(), pixels.height()));
   take();
@@ -85,9 +85,16 @@ void PictureBox::offerResume(std::function<void()> take) {
 
 void PictureBox::showVideo(VideoFeed& feed) {
   feed_ = &feed;
-  video_ = made<VideoSurface>(feed, this);
-  video_->lower();  // below what stands on the picture
-  video_->hide();
+  makeVideo();
+}
+
+void PictureBox::makeVideo() {
+  drawnBy_ = feed_->drawnBy();
+  video_ = feed_->surface(this);
+  auto& widget = video_->widget();
+  widget.setGeometry(rect());
+  widget.lower();  // below what stands on the picture
+  widget.hide();
 }
 
 // Out of sight, or at another time than the one that is looked at, it is not the engine's picture.
@@ -119,7 +126,7 @@ void PictureBox::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PictureBox::resizeEvent(QResizeEvent* /*event*/) {
-  if (video_ != nullptr) video_->setGeometry(rect());
+  if (video_ != nullptr) video_->widget().setGeometry(rect());
   draw();
 }
 

@@ -3,18 +3,18 @@
 
 #include "program/clip_picture.h"
 #include "program/main_window_state.h"
+#include "windows/main/video_surface.h"
 
 #include <QCoreApplication>
 #include <QPixmap>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace kvo {
 
 class ResumeChip;
-class VideoFeed;
-class VideoSurface;
 
 class PictureBox : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::PictureBox)
@@ -55,12 +55,14 @@ class PictureBox : public QWidget {
   [[nodiscard]] Sign sign() const;
   [[nodiscard]] bool isPlayed() const;
   void take();
+  void makeVideo();
 
   const MainWindowState& state_;
   ClipPicture& pictures_;
   bool alone_ = false;
   VideoFeed* feed_ = nullptr;
-  VideoSurface* video_ = nullptr;
+  std::unique_ptr<VideoSurface> video_;
+  VideoFeed::DrawnBy drawnBy_ = VideoFeed::DrawnBy::Rows;
   ResumeChip* resume_ = nullptr;
   std::optional<double> at_;
   QPixmap picture_;
