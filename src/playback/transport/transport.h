@@ -63,7 +63,6 @@ class Transport : public TransportCommands {
   void showElsewhere(const Movie& clip);
   void playFile(int number);
   void ShowNormalWMP(int number);
-  void showCaptions(const Movie& clip);
   void WaitForValidDuration();
   void fileLoaded();
   void played(int number);

@@ -2,6 +2,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "intake/asx_stream.h"
+#include "playback/captions.h"
 #include "playback/transport/transport.h"
 
 namespace kvo {
@@ -147,23 +148,13 @@ void Transport::ShowNormalWMP(int number) {
   const auto load = loads_;
   player.PlayerSetFilename(clipFile(clip), number);
   if (load != loads_) return;
-  showCaptions(clip);
+  applyCaptions(player, core_.files, core_.settings.state.ShowCaps);
   player.PlayerSetDisplaySize(core_.mode.IsFullScreenWindow ? 2 : 0);
   durationLooks_ = 0;
   if (!holdsText(clip.MovieName(), "ASX")) return fileLoaded();
   player.PlayerShow();
   player.GlobalMediaPlay();
   WaitForValidDuration();
-}
-
-// A file of texts that bears the clip's name stands for those that it has not itself.
-void Transport::showCaptions(const Movie& clip) {
-  const bool on = core_.settings.state.ShowCaps;
-  core_.player.PlayerSetShowCaptions(on);
-  if (!on || !core_.player.PlayerGetCaptionFile().empty()) return;
-  const auto file = clipFile(clip);
-  const auto texts = nameInAnyCase(file.substr(0, file.rfind('.')) + ".smi");
-  if (core_.files.exists(texts)) core_.player.PlayerSetCaptionFile(texts);
 }
 
 void Transport::WaitForValidDuration() {
