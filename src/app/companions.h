@@ -1,9 +1,10 @@
-// Who goes along with what the main window shows: the screen that stays awake, the place where a long clip
-// was left, the small picture over the slider. Wiring, and no rules.
+// Who goes along with what the main window shows: the desktop that is told what plays, the screen that stays
+// awake, the place where a long clip was left, the small picture over the slider. Wiring, and no rules.
 #pragma once
 
 #include "program/hover_preview.h"
 #include "program/keep_awake.h"
+#include "program/outside_controls.h"
 #include "program/resume.h"
 
 namespace kvo {
@@ -14,21 +15,28 @@ class Companions {
     FrameSource& streams;
     Desktop& desktop;
     Resume::Parts resume;
+    OutsideControls::Parts outside;
+    MediaControls& controls;
   };
   explicit Companions(const Parts& parts)
       : window_(parts.resume.window),
         hover_(parts.streams, parts.resume.loop, parts.resume.window),
         resume_(parts.resume),
-        awake_(parts.resume.window, parts.desktop) {}
+        awake_(parts.resume.window, parts.desktop),
+        outside_(parts.outside, parts.controls) {}
 
   [[nodiscard]] HoverPreview& hover() { return hover_; }
   [[nodiscard]] Resume& resume() { return resume_; }
+
+  /// The window is there: what is asked from outside is heard from now on.
+  void begin() { outside_.begin(); }
 
   /// The state is whole, unless a command is under way.
   void settled() {
     if (window_.busy()) return;
     resume_.settled();
     awake_.settled();
+    outside_.settled();
   }
 
   /// The program ends.
@@ -39,6 +47,7 @@ class Companions {
   HoverPreview hover_;
   Resume resume_;
   KeepAwake awake_;
+  OutsideControls outside_;
 };
 
 /// Where the places are kept at which the user left long clips: KVO5/Places in `$XDG_STATE_HOME`, by default

@@ -1,5 +1,6 @@
 #include "app/window_program.h"
 
+#include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
@@ -14,6 +15,7 @@
 #include "app/face_links.h"
 #include "app/play_links.h"
 #include "app/session.h"
+#include "base/numbers.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
 #include "playback/captions.h"
@@ -29,6 +31,8 @@
 #include "windows/gallery/gallery.h"
 #include "windows/main/frm_file_open.h"
 #include "windows/message/frm_message_boxes.h"
+#include "windows/web/web_module.h"
+#include "windows/web/window_pages.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -59,7 +63,8 @@ class PatientHandover : public Handover {
 // The program wired to its window. One that lives as long as the process.
 class WindowProgram {
  public:
-  WindowProgram(const ProgramFolder& programFolder, const std::string& placesFile)
+  WindowProgram(const ProgramFolder& programFolder, const std::string& placesFile,
+                const std::string& webModule)
       : session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
         loop_([this] { window_.draw(); }),
@@ -96,6 +101,8 @@ class WindowProgram {
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.settings,
                       session_.collection, state_),
+        web_(webModule),
+        pages_([this](QWidget* parent) { return web_.makeView(parent); }),
         play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
                pages_, network_, timers_, list_, history_, commands_, listCommands_, intro_, mailbox_,
                links_}),
@@ -111,7 +118,11 @@ class WindowProgram {
         companions_({session_.streams,
                      desktop_,
                      {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
-                      placesFile}}),
+                      placesFile},
+                     {state_, session_.collection, session_.files, links_.player(), loop_, play_.transport(),
+                      listCommands_, menu_, shutDown_, mailbox_,
+                      [this](double rate) { play_.positions().rate.SetRate(FormatMask(rate, "0.00")); }},
+                     mpris_}),
         window_(state_,
                 {menu_, play_.positions().keys, listCommands_, history_, media_, mailbox_, shutDown_,
                  links_.display(), picture_, companions_.hover(), companions_.resume(),
@@ -145,6 +156,7 @@ class WindowProgram {
       if (state_.face.fullScreen) coverScreen();
       showNow();
       startUp_.tell();
+      companions_.begin();
       const int code = QApplication::exec();
       companions_.leave();
       return code;
@@ -222,12 +234,14 @@ class WindowProgram {
   ShutDown shutDown_;
   MediaCommands media_;
   ListCommands listCommands_;
-  NoWebPages pages_;
+  WebModule web_;
+  WindowPages pages_;
   PosixNetwork network_;
   PlayLinks play_;
   MainMenu menu_;
   ClipPicture picture_;
   LastWish<std::string, Result<StreamFacts>> facts_;
+  Mpris mpris_;
   Companions companions_;
   FrmFileOpen window_;
 };
@@ -258,7 +272,7 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));
-  WindowProgram program(folder, placesFile);
+  WindowProgram program(folder, placesFile, executableFolder + "../lib/kvo5/KVOWeb.so");
   return program.run({argv + 1, argv + argc}, shared + "/kvo5");
 }
 
