@@ -1,5 +1,6 @@
 // The program in a real window, driven by keys as a user drives it.
 #include "adapters/posix/posix_files.h"
+#include "support/own_bus.h"
 #include "support/real_world.h"
 
 #include <array>
@@ -252,6 +253,34 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   EXPECT_LT(saved.find("second.avi"), saved.find("count.avi"));
   EXPECT_NE(saved.find("First"), std::string::npos);
   EXPECT_NE(saved.find("snakesk.jpg"), std::string::npos);
+}
+
+// Over the bus that media keys and applets use.
+TEST_F(Window, TheDesktopSteersWhatPlays) {
+  const test::OwnBus bus;
+  const auto second = test::makeCountingVideo(work_, "second.avi", "25", 1500);
+  const auto third = test::makeCountingVideo(work_, "third.avi", "25", 10);
+  start({second, third});
+  ASSERT_TRUE(comes("third.avi - Video"));
+  const auto says = [](std::vector<std::string> words, const std::string& answer) {
+    words.insert(words.begin(), {"playerctl", "--player=kvo5"});
+    return eventually([&] { return test::runProgram(words).out.find(answer) == 0; });
+  };
+  const auto ask = [](std::vector<std::string> words) {
+    words.insert(words.begin(), {"playerctl", "--player=kvo5"});
+    test::runProgram(words);
+  };
+  EXPECT_TRUE(says({"metadata", "xesam:title"}, "third.avi"));
+  ask({"previous"});
+  EXPECT_TRUE(says({"metadata", "xesam:title"}, "second.avi"));
+  ask({"play"});
+  EXPECT_TRUE(says({"status"}, "Playing"));
+  ask({"pause"});
+  EXPECT_TRUE(says({"status"}, "Paused"));
+  ask({"position", "30"});
+  EXPECT_TRUE(says({"position"}, "30.")) << "it stands where it was put";
+  ask({"next"});
+  EXPECT_TRUE(comes("third.avi - Video"));
 }
 
 TEST_F(Window, ACollectionThatCannotBeReadIsTold) {
