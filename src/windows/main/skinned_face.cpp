@@ -247,7 +247,10 @@ void SkinnedFace::showParts() {
   showPart(*empty_, state_.emptyPane.visible && !loading);
   showPart(*list_, any && panels.Fillist.visible);
   showPart(*picture_, details);
-  showPart(*largePicture_, any && !details);
+  // The intro plays while there is no list yet.
+  const auto& player = state_.mode.player;
+  const bool intro = !state_.list.visible && player.visible && !player.path.empty() && !loading;
+  showPart(*largePicture_, (any && !details) || intro);
   showPart(*collection_, any && panels.CollDets);
   showPart(*position_, any && panels.CollDets);
   showPart(*details_, details);
