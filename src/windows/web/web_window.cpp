@@ -21,7 +21,7 @@ constexpr int kKeyGap = 3;
 }  // namespace
 
 QUrl pageAddress(const QString& typed) {
-  const auto url = QUrl::fromUserInput(typed.trimmed());
+  auto url = QUrl::fromUserInput(typed.trimmed());
   for (const auto* scheme : {"http", "https", "file"}) {
     if (url.scheme() == scheme) return url;
   }
