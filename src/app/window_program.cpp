@@ -31,6 +31,7 @@
 #include "windows/gallery/gallery.h"
 #include "windows/main/frm_file_open.h"
 #include "windows/message/frm_message_boxes.h"
+#include "windows/position/position_windows.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
 
@@ -67,7 +68,7 @@ class WindowProgram {
                 const std::string& webModule)
       : session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
-        loop_([this] { window_.draw(); }),
+        loop_([this] { draw(); }),
         list_(state_, session_.collection, session_.settings),
         history_(state_, session_.collection, session_.settings, list_),
         recent_(store_, session_.files),
@@ -124,11 +125,15 @@ class WindowProgram {
                       [this](double rate) { play_.positions().rate.SetRate(FormatMask(rate, "0.00")); }},
                      mpris_}),
         window_(state_,
-                {menu_, play_.positions().keys, listCommands_, history_, media_, mailbox_, shutDown_,
+                {menu_, play_.positions(), listCommands_, history_, media_, mailbox_, shutDown_,
                  links_.display(), picture_, companions_.hover(), companions_.resume(),
                  [this] { companions_.settled(); }, play_.transport()},
-                {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}) {
+                {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}),
+        positionWindows_(state_.positions, state_.mode, play_.positions(), [this] { draw(); }) {
     links_.link(skins_);
+    const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
+    session_.file.poster().whenEndOfPlayMoved(stop);
+    intake_.poster().whenEndOfPlayMoved(stop);
     commands_.whenOpened([this] { skins_.applyStored(); });
     listCommands_.whenUnseen([this] { links_.display().AllDetOn(); });
     list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
@@ -198,6 +203,11 @@ class WindowProgram {
     if (state_.face.minimumDetails) display.startAtSourceSize();
   }
 
+  void draw() {
+    window_.draw();
+    positionWindows_.draw(window_.shownFace());
+  }
+
   void showAdded(int number) {
     list_.addLast();
     list_.select(number);
@@ -244,6 +254,7 @@ class WindowProgram {
   Mpris mpris_;
   Companions companions_;
   FrmFileOpen window_;
+  PositionWindows positionWindows_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.

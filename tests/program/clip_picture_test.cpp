@@ -1,4 +1,4 @@
-// The picture of the clip in hand, and the keys that choose the clip.
+// The picture of the clip in hand.
 #include "program/clip_picture.h"
 
 #include "support/program_bench.h"

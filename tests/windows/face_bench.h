@@ -79,7 +79,7 @@ struct FaceBench : ProgramBench {
     frm = std::make_unique<FrmFileOpen>(
         window,
         FrmFileOpen::Logic{menu,
-                           play.positions().keys,
+                           play.positions(),
                            listCommands,
                            history,
                            media,

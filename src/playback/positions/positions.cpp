@@ -32,6 +32,7 @@ void Positions::closeDisplays() {
   rate.closeWindow();
   levels.closeWindow();
   markers.close();
+  core.state.markers.available = false;
 }
 
 }  // namespace kvo

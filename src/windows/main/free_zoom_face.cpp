@@ -62,9 +62,12 @@ FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowAct
 }
 
 ToolbarPart::Acts FreeZoomFace::toolActs() {
-  ToolbarPart::Acts acts;
+  ToolbarPart::Acts acts{.clicks = {},
+                         .steps = stepActs(logic_.positions.stepping, [this] { acted_(); }),
+                         .marks = logic_.positions.marks,
+                         .acted = [this] { acted_(); }};
   const auto of = [&](HitLabel label) -> std::function<void()>& {
-    return acts[static_cast<std::size_t>(label)];
+    return acts.clicks[static_cast<std::size_t>(label)];
   };
   of(HitLabel::Lbl_PlayGraphic) = [this] {
     pressPlay(logic_.transport, false);
@@ -74,6 +77,15 @@ ToolbarPart::Acts FreeZoomFace::toolActs() {
     logic_.transport.Lbl_PauseGraphic_Click();
     acted_();
   };
+  const auto speed = [this](std::string_view rate) {
+    return [this, rate] {
+      logic_.positions.remote.rate(rate);
+      acted_();
+    };
+  };
+  of(HitLabel::lbl_Speed025) = speed("0.25");
+  of(HitLabel::Lbl_Speed05) = speed("0.50");
+  of(HitLabel::Lbl_Speed02) = speed("2.0");
   of(HitLabel::Lbl_SliderMiniMode) = [this] {
     logic_.display.Lbl_SliderMiniMode_Click();
     acted_();

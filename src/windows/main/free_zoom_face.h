@@ -21,6 +21,7 @@ class FreeZoomFace : public QWidget {
  public:
   struct Logic {
     Display& display;
+    Positions& positions;
     ClipPicture& pictures;
     Resume& resume;
     Transport& transport;

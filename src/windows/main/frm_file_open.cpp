@@ -31,14 +31,14 @@ bool isNear(const QPoint& a, const QPoint& b) {
 FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Material& material)
     : state_(state),
       settled_(logic.settled),
-      acts_(state, {logic.menu, logic.keys, logic.mailbox, logic.shutDown, logic.display},
+      acts_(state, {logic.menu, logic.positions, logic.mailbox, logic.shutDown, logic.display},
             [this] { draw(); }),
       skinned_(state,
-               {logic.list, logic.history, logic.mailbox, logic.display, logic.pictures, logic.hover,
-                logic.resume, logic.transport, [&media = logic.media] { media.AddMedia(); }},
+               {logic.list, logic.history, logic.mailbox, logic.display, logic.positions, logic.pictures,
+                logic.hover, logic.resume, logic.transport, [&media = logic.media] { media.AddMedia(); }},
                acts_, material.skin, material.images, material.folder, [this] { draw(); }),
-      zoom_(state, {logic.display, logic.pictures, logic.resume, logic.transport}, acts_, material.folder,
-            [this] { draw(); }),
+      zoom_(state, {logic.display, logic.positions, logic.pictures, logic.resume, logic.transport}, acts_,
+            material.folder, [this] { draw(); }),
       full_(state, logic.display, logic.pictures, acts_, [this] { draw(); }),
       place_(material.store, material.desktop, "FrmFileOpenPlace") {
   if (material.video == nullptr) return;
@@ -66,6 +66,8 @@ void FrmFileOpen::draw() {
 QWidget& FrmFileOpen::face() {
   return state_.mode.IsMiniMode ? static_cast<QWidget&>(zoom_) : static_cast<QWidget&>(skinned_);
 }
+
+QWidget* FrmFileOpen::shownFace() { return face().isVisible() ? &face() : nullptr; }
 
 void FrmFileOpen::showFace() {
   auto& now = face();

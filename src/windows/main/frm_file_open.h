@@ -23,7 +23,7 @@ class FrmFileOpen {
   /// Whom the parts ask.
   struct Logic {
     MainMenu& menu;
-    KeyCommands& keys;
+    Positions& positions;
     ListCommands& list;
     History& history;
     MediaCommands& media;
@@ -50,6 +50,9 @@ class FrmFileOpen {
 
   /// Brings the widgets in line with the state.
   void draw();
+
+  /// The face that is shown; null while none is.
+  [[nodiscard]] QWidget* shownFace();
 
  private:
   [[nodiscard]] QWidget& face();

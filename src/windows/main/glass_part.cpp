@@ -1,15 +1,15 @@
 #include "windows/main/glass_part.h"
 
 #include "ui/digit_display.h"
+#include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
+#include "windows/main/key_label.h"
 #include "windows/main/texts.h"
 
 #include <QFontMetricsF>
-#include <QHelpEvent>
 #include <QLinearGradient>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 #include <array>
 
@@ -29,6 +29,8 @@ constexpr QRectF kLamp(0, 340.5, 0, 13);
 constexpr double kLampText = 9.5;
 constexpr QRectF kRatePlace(438, 333, 46, 28);
 constexpr QRectF kLevelPlace(488, 333, 32, 28);
+constexpr QRectF kDigitsKey(164, 333, 126, 28);
+constexpr QRectF kLevelKey(488, 333, 56, 28);
 constexpr std::array kDividers = {431.5, 486.5};
 constexpr QRectF kLoudspeaker(525.5, 340, 14, 14);
 constexpr auto kUnlitDigits = "88:88:8888";
@@ -40,13 +42,28 @@ struct Lamp {
 
 }  // namespace
 
-GlassPart::GlassPart(const DisplayState& state, const MenuState& lamps, QWidget* parent)
-    : QWidget(parent), state_(state), lamps_(lamps) {}
+GlassPart::GlassPart(const DisplayState& state, const MenuState& lamps, const Acts& acts, QWidget* parent)
+    : QWidget(parent),
+      state_(state),
+      lamps_(lamps),
+      digits_(made<KeyLabel>(tr("Direct Positioner"), this)),
+      rate_(made<KeyLabel>(tr("Current Playback rate"), this)),
+      level_(made<KeyLabel>(tr("Output Level"), this)) {
+  connect(digits_, &QAbstractButton::clicked, acts.digits);
+  connect(rate_, &QAbstractButton::clicked, acts.rate);
+  connect(level_, &QAbstractButton::clicked, acts.level);
+}
+
+std::vector<QWidget*> GlassPart::tabOrder() const { return {digits_, rate_, level_}; }
 
 void GlassPart::layOut(const FaceScale& scale) {
   scale_ = scale;
   setGeometry(
       placedIn(*parentWidget(), scale, kGlass.adjusted(-kGlassRim, -kGlassRim, kGlassRim, kGlassRim)));
+  digits_->setGeometry(placedIn(*this, scale, kDigitsKey));
+  rate_->setGeometry(placedIn(*this, scale, kRatePlace));
+  level_->setGeometry(placedIn(*this, scale, kLevelKey));
+  for (auto* key : {digits_, rate_, level_}) key->setShape({QPoint(), key->size()}, false);
   update();
 }
 
@@ -60,6 +77,12 @@ void GlassPart::draw(Rgb colour) {
 }
 
 void GlassPart::describe() {
+  digits_->setEnabled(!state_.digits.empty());
+  digits_->setToolTip(plainTip(state_.digitsTip));
+  digits_->setAccessibleDescription(shown(state_.digits));
+  rate_->setEnabled(!state_.rate.empty());
+  rate_->setAccessibleDescription(shown(state_.rate));
+  level_->setEnabled(state_.sound);
   QStringList told;
   if (!state_.digits.empty()) told << shown(state_.digits);
   if (lamps_.mnu_Looping) told << tr("loops");
@@ -69,15 +92,6 @@ void GlassPart::describe() {
   if (state_.sound) told << tr("volume %1 per cent").arg(state_.volume);
   setAccessibleName(tr("Display"));
   setAccessibleDescription(told.join(", "));
-}
-
-bool GlassPart::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-  const auto& help = *static_cast<QHelpEvent*>(event);
-  const bool onDigits = help.pos().x() < scale_.at(kDigitsEnd - kGlass.left());
-  const auto tip = onDigits ? plainTip(state_.digitsTip) : QString();
-  tip.isEmpty() ? QToolTip::hideText() : QToolTip::showText(help.globalPos(), tip, this);
-  return true;
 }
 
 void GlassPart::paintEvent(QPaintEvent* /*event*/) {
@@ -150,7 +164,7 @@ void GlassPart::drawRateAndLevel(QPainter& painter) const {
   painter.setPen(toColour(token("text1")));
   painter.drawText(placedIn(*this, scale_, kLevelPlace), Qt::AlignVCenter | Qt::AlignRight,
                    QString::number(state_.volume) + '%');
-  const bool off = state_.volume == 0;
+  const bool off = state_.volume == 0 || state_.muted;
   const auto place = placedIn(*this, scale_, kLoudspeaker);
   painter.drawPixmap(place.topLeft(), iconPicture(off ? "mute" : "vol", off ? token("amber") : token("text2"),
                                                   place.width(), devicePixelRatio()));

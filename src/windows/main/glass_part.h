@@ -5,23 +5,32 @@
 #include "windows/main/plate.h"
 
 #include <QCoreApplication>
+#include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace kvo {
+
+class KeyLabel;
 
 class GlassPart : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::GlassPart)
 
  public:
-  GlassPart(const DisplayState& state, const MenuState& lamps, QWidget* parent);
+  /// A click on the digits, on the rate, on the level.
+  struct Acts {
+    std::function<void()> digits, rate, level;
+  };
+  GlassPart(const DisplayState& state, const MenuState& lamps, const Acts& acts, QWidget* parent);
 
   void layOut(const FaceScale& scale);
   /// `colour` is that of values.
   void draw(Rgb colour);
+  /// What takes the keyboard, in the order of Tab.
+  [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
  protected:
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -32,6 +41,9 @@ class GlassPart : public QWidget {
 
   const DisplayState& state_;
   const MenuState& lamps_;
+  KeyLabel* digits_;
+  KeyLabel* rate_;
+  KeyLabel* level_;
   FaceScale scale_;
   Rgb colour_ = token("detail");
   std::optional<std::pair<DisplayState, MenuState>> drawn_;

@@ -3,6 +3,7 @@
 #include "ui/theme.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace kvo {
@@ -55,6 +56,12 @@ void KeyLabel::describe() {
 void KeyLabel::changeEvent(QEvent* event) {
   HoverKey::changeEvent(event);
   if (event->type() == QEvent::EnabledChange) update();
+}
+
+// Arrows step, whichever key has the keyboard.
+void KeyLabel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) return event->ignore();
+  HoverKey::keyPressEvent(event);
 }
 
 void KeyLabel::paintEvent(QPaintEvent* /*event*/) {

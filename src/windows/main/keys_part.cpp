@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <algorithm>
+#include <optional>
 
 namespace kvo {
 namespace {
@@ -23,7 +24,8 @@ struct KeyRow {
   bool isRound;
   bool isStep;  ///< one of the seven that can be disabled together
   const char* name;
-  std::function<void()> KeysPart::Acts::*act;
+  std::function<void()> KeysPart::Acts::*act;  // null for a key that steps
+  std::optional<Step> step{};
 };
 
 constexpr int kWhole = -1;
@@ -51,21 +53,24 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart",
                        "Right-Click to position to start or Click or Hold Down to rewind 5 frames"),
-     &KeysPart::Acts::rewind5},
+     nullptr,
+     Step::Rew5},
     {KeyPlace::FrameBack,
      kWhole,
      {3, 2, 22, 24},
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "One frame back"),
-     &KeysPart::Acts::back1},
+     nullptr,
+     Step::Rew1},
     {KeyPlace::FrameForward,
      kWhole,
      {3, 2, 22, 24},
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "One frame forward"),
-     &KeysPart::Acts::forward1},
+     nullptr,
+     Step::Adv1},
     {KeyPlace::FastForward,
      kWhole,
      {3, 2, 22, 24},
@@ -73,7 +78,8 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart",
                        "Right-Click to position to end or Click or Hold Down to advance 5 frames"),
-     &KeysPart::Acts::advance5},
+     nullptr,
+     Step::Adv5},
     {KeyPlace::Speeds,
      0,
      {2, 2, 30, 24},
@@ -149,7 +155,10 @@ KeysPart::KeysPart(const ButtonsState& state, ImageList1& images, const Acts& ac
     : state_(state), images_(images), acts_(acts), folder_(folder) {
   for (std::size_t i = 0; i < kLabels; ++i) {
     labels_[i] = made<KeyLabel>(keyName(kKeyRows[i].name), face);
-    if (const auto& act = acts_.*kKeyRows[i].act) QObject::connect(labels_[i], &KeyLabel::clicked, act);
+    const auto& row = kKeyRows[i];
+    if (row.step) acts_.steps.serve(*labels_[i], *row.step);
+    if (row.act != nullptr && acts_.*row.act)
+      QObject::connect(labels_[i], &KeyLabel::clicked, acts_.*row.act);
   }
   if (acts_.playRight) {
     labels_[0]->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -185,7 +194,8 @@ void KeysPart::draw() {
     label.setHoverPicture(
         drawn.hover > 0 ? images_.picture(drawn.hover, scale_.size(), label.devicePixelRatio()) : QPixmap());
     label.setShape(scale_.place(row.key).translated(part.topLeft() - hit.topLeft()), row.isRound);
-    label.setEnabled(acts_.*row.act && (!row.isStep || state_.stepLabelsEnabled));
+    const bool acts = row.step ? static_cast<bool>(acts_.steps.release) : static_cast<bool>(acts_.*row.act);
+    label.setEnabled(acts && (!row.isStep || state_.stepLabelsEnabled));
     label.setLit(drawn.lit);
   }
   const auto& minimise = state_.at(KeyPlace::Minimise);

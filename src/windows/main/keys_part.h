@@ -5,6 +5,7 @@
 #include "playback/buttons_state.h"
 #include "ui/image_list.h"
 #include "windows/main/face_scale.h"
+#include "windows/main/step_acts.h"
 
 #include <array>
 #include <functional>
@@ -20,8 +21,9 @@ class KeysPart {
  public:
   /// What the keys do. One that does nothing yet is disabled.
   struct Acts {
-    std::function<void()> play{}, pause{}, playRight{}, rewind5{}, back1{}, forward1{}, advance5{},
-        speed025{}, speed05{}, speed02{}, size{}, playAll{}, mini{}, minimise{}, close{};
+    std::function<void()> play{}, pause{}, playRight{}, speed025{}, speed05{}, speed02{}, size{}, playAll{},
+        mini{}, minimise{}, close{};
+    StepActs steps{};
   };
   static constexpr std::size_t kLabels = 13;
 

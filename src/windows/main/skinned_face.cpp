@@ -58,6 +58,12 @@ SkinnedFace::~SkinnedFace() {
 }
 
 KeysPart::Acts SkinnedFace::keyActs() {
+  const auto speed = [this](std::string_view rate) {
+    return [this, rate] {
+      logic_.positions.remote.rate(rate);
+      acted_();
+    };
+  };
   return {.play = [this] { press(logic_.transport, false); },
           .pause =
               [this] {
@@ -65,13 +71,17 @@ KeysPart::Acts SkinnedFace::keyActs() {
                 acted_();
               },
           .playRight = [this] { press(logic_.transport, true); },
+          .speed025 = speed("0.25"),
+          .speed05 = speed("0.50"),
+          .speed02 = speed("2.0"),
           .mini =
               [this] {
                 logic_.display.Lbl_MiniMode_Click();
                 acted_();
               },
           .minimise = [this] { showMinimized(); },
-          .close = [this] { close(); }};
+          .close = [this] { close(); },
+          .steps = stepActs(logic_.positions.stepping, [this] { acted_(); })};
 }
 
 void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
@@ -103,23 +113,14 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
     });
   }
   collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
-  position_ = made<PositionPart>(state_.details, this);
+  position_ = made<PositionPart>(state_.details, state_.positions.markers,
+                                 act([this] { logic_.positions.markers.open(); }), this);
   details_ = made<DetailsPart>(state_.details, this);
   const auto look = [this](std::optional<double> seconds) {
     picture_->box().lookAt(seconds);
     largePicture_->box().lookAt(seconds);
   };
-  SliderPart::Acts slides;
-  slides.setMarkIn = [this](double seconds) {
-    logic_.list.setMarkIn(seconds);
-    acted_();
-  };
-  slides.setMarkOut = [this](double seconds) {
-    logic_.list.setMarkOut(seconds);
-    acted_();
-  };
-  slides.resetMarkIn = act([this] { logic_.list.resetMarkIn(); });
-  slides.resetMarkOut = act([this] { logic_.list.resetMarkOut(); });
+  SliderPart::Acts slides{logic_.positions.marks, [this] { acted_(); }};
   slides.look = [look](double seconds) { look(seconds); };
   slides.lookEnds = [look] { look(std::nullopt); };
   slides.hover = [this](double part) {
@@ -133,7 +134,12 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   };
   slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
   hover_ = made<HoverPart>(state_.hover, this);
-  glass_ = made<GlassPart>(state_.display, state_.menu, this);
+  glass_ =
+      made<GlassPart>(state_.display, state_.menu,
+                      GlassPart::Acts{act([this] { logic_.positions.positioner.Pic_DigNumbers_Click(); }),
+                                      act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
+                                      act([this] { logic_.positions.levels.showLevel(); })},
+                      this);
   keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(), folder, this);
   volume_ = made<VolumePart>(
       state_.display,
@@ -167,7 +173,9 @@ void SkinnedFace::setTabOrder() {
   };
   add({empty_});
   add(list_->tabOrder());
+  add({position_->indexKey()});
   add(slider_->tabOrder());
+  add(glass_->tabOrder());
   add({volume_});
   add(keys_->tabOrder());
   for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);

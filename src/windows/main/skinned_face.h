@@ -42,6 +42,7 @@ class SkinnedFace : public QWidget {
     History& history;
     Mailbox& mailbox;
     Display& display;
+    Positions& positions;
     ClipPicture& pictures;
     HoverPreview& hover;
     Resume& resume;

@@ -60,7 +60,7 @@ void SliderHandle::keyPressEvent(QKeyEvent* event) {
 void SliderHandle::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton && reset) return reset();
   if (event->button() != Qt::LeftButton) return event->ignore();
-  setSliderDown(true);
+  setSliderDown(taken());
 }
 
 void SliderHandle::mouseMoveEvent(QMouseEvent* event) {
@@ -72,7 +72,7 @@ void SliderHandle::mouseMoveEvent(QMouseEvent* event) {
 void SliderHandle::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !isDragged()) return;
   setSliderDown(false);
-  put(part_);
+  letGo();
 }
 
 // The line is not scrolled.

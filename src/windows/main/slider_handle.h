@@ -20,9 +20,13 @@ class SliderHandle : public QAbstractSlider {
 
   /// The part of the line, 0 to 1, where the pointer is.
   std::function<double(const QPoint& global)> partAt;
+  /// The mouse takes hold of it. False: it stays where it is.
+  std::function<bool()> taken;
   /// It is moved by the mouse and not let go yet.
   std::function<void(double part)> moving;
-  /// It has been put there: by the mouse, or by a key.
+  /// The mouse lets go of it.
+  std::function<void()> letGo;
+  /// A key has put it there.
   std::function<void(double part)> put;
   /// The right key of the mouse.
   std::function<void()> reset;

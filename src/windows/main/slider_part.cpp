@@ -43,24 +43,32 @@ SliderPart::SliderPart(const SliderState& state, const Acts& acts, const std::st
   connectHandle(Position);
   connectHandle(MarkIn);
   connectHandle(MarkOut);
-  handles_[MarkIn]->reset = acts_.resetMarkIn;
-  handles_[MarkOut]->reset = acts_.resetMarkOut;
 }
 
 void SliderPart::connectHandle(Handle which) {
   auto* handle = handles_[which];
-  const auto& act = which == Position ? acts_.seek : which == MarkIn ? acts_.setMarkIn : acts_.setMarkOut;
-  handle->moving = [this, handle](double part) {
+  const auto id = static_cast<SliderHandleId>(which);
+  handle->taken = [this, id] { return acts_.marks.press(id); };
+  handle->moving = [this, handle, id](double part) {
+    acts_.marks.drag(id, part);
     place(*handle);
     update();
     if (acts_.look) acts_.look(part * state_.length);
   };
-  handle->put = [this, act](double part) {
+  handle->letGo = [this, id] {
     if (acts_.lookEnds) acts_.lookEnds();
-    if (act) act(part * state_.length);
-    draw();
+    acts_.marks.release(id, MouseKey::Left);
+    acts_.acted();
   };
-  handle->setEnabled(static_cast<bool>(act));
+  handle->put = [this, id](double part) {
+    acts_.marks.put(id, part);
+    acts_.acted();
+  };
+  if (which == Position) return;
+  handle->reset = [this, id] {
+    acts_.marks.reset(id);
+    acts_.acted();
+  };
 }
 
 void SliderPart::layOut(const FaceScale& scale) {
@@ -147,9 +155,9 @@ void SliderPart::leaveEvent(QEvent* /*event*/) {
 
 void SliderPart::mousePressEvent(QMouseEvent* event) {
   const bool onLine = placedIn(*this, scale_, kSliderPlate).contains(event->position().toPoint());
-  if (event->button() != Qt::LeftButton || !onLine || !state_.handles || !acts_.seek) return event->ignore();
-  acts_.seek(partAt(event->position().toPoint().x()) * state_.length);
-  draw();
+  if (event->button() != Qt::LeftButton || !onLine || !state_.handles) return event->ignore();
+  acts_.marks.put(SliderHandleId::ImageBlob, partAt(event->position().toPoint().x()));
+  acts_.acted();
 }
 
 void SliderPart::paintEvent(QPaintEvent* /*event*/) {

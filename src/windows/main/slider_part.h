@@ -1,6 +1,7 @@
 // The slider of the clip in hand: its line, the section that plays, the handles of position and marks.
 #pragma once
 
+#include "playback/positions/marks.h"
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
@@ -17,17 +18,14 @@ class SliderPart : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::SliderPart)
 
  public:
-  /// What the user does there; times in seconds. An act that is empty cannot be done.
+  /// What the user does there.
   struct Acts {
-    std::function<void(double seconds)> seek;
-    std::function<void(double seconds)> setMarkIn;
-    std::function<void(double seconds)> setMarkOut;
-    std::function<void()> resetMarkIn;
-    std::function<void()> resetMarkOut;
-    std::function<void(double seconds)> look;  ///< a mark is at this place while it is dragged
-    std::function<void()> lookEnds;
-    std::function<void(double part)> hover;  ///< the pointer is at this part of the line
-    std::function<void()> hoverEnds;
+    Marks& marks;
+    std::function<void()> acted;                 ///< called behind each of them
+    std::function<void(double seconds)> look{};  ///< a mark is at this place while it is dragged
+    std::function<void()> lookEnds{};
+    std::function<void(double part)> hover{};  ///< the pointer is at this part of the line
+    std::function<void()> hoverEnds{};
   };
 
   /// `folder` has the pictures of the handles: "/prog/Parts/".
@@ -48,7 +46,7 @@ class SliderPart : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
-  enum Handle { Position, MarkIn, MarkOut };
+  enum Handle { Position, MarkIn, MarkOut };  // in the order of SliderHandleId
 
   void place(SliderHandle& handle) const;
   [[nodiscard]] double partAt(int x) const;

@@ -1,6 +1,7 @@
 #include "windows/main/summary_part.h"
 
 #include "ui/made.h"
+#include "windows/main/icon_key.h"
 #include "windows/main/texts.h"
 
 namespace kvo {
@@ -34,21 +35,31 @@ void CollectionDetailsPart::draw() {
   total_->write(state_.totalTime.empty() ? QString() : tr("Total time") + "  " + shown(state_.totalTime));
 }
 
-PositionPart::PositionPart(const DetailsState& state, QWidget* parent)
+PositionPart::PositionPart(const DetailsState& state, const MarkersState& markers,
+                           std::function<void()> index, QWidget* parent)
     : Plate(QRectF(277, kSummaryTop, 267, kSummaryHeight), kSummaryRadius, parent),
       state_(state),
+      markers_(markers),
       position_(made<FaceLabel>(
-          QRectF(285, kSummaryTop, 250, kSummaryHeight),
-          LabelLook{.pixels = kSummaryText, .weight = QFont::Medium, .colour = token("detail")}, this)) {}
+          QRectF(285, kSummaryTop, 226, kSummaryHeight),
+          LabelLook{.pixels = kSummaryText, .weight = QFont::Medium, .colour = token("detail")}, this)),
+      index_(made<IconKey>("menu", tr("Index"), QRectF(514, kSummaryTop, 26, kSummaryHeight), 14, this)) {
+  index_->setToolTip(tr("Index"));
+  connect(index_, &QAbstractButton::clicked, std::move(index));
+}
+
+QWidget* PositionPart::indexKey() const { return index_; }
 
 void PositionPart::layOut(const FaceScale& scale) {
   Plate::layOut(scale);
+  index_->layOut(scale);
   position_->layOut(scale);
 }
 
 void PositionPart::draw(Rgb colour, bool hasPosition) {
   position_->setVisible(hasPosition);
   position_->write(shown(state_.position));
+  index_->setVisible(markers_.available);
   position_->setColour(colour);
 }
 

@@ -6,8 +6,11 @@
 #include "windows/main/plate.h"
 
 #include <QCoreApplication>
+#include <functional>
 
 namespace kvo {
+
+class IconKey;
 
 class CollectionDetailsPart : public Plate {
   Q_DECLARE_TR_FUNCTIONS(kvo::CollectionDetailsPart)
@@ -24,15 +27,22 @@ class CollectionDetailsPart : public Plate {
 };
 
 class PositionPart : public Plate {
+  Q_DECLARE_TR_FUNCTIONS(kvo::PositionPart)
+
  public:
-  PositionPart(const DetailsState& state, QWidget* parent);
+  /// `index` opens the index of the clip in hand, for which there is a key while there is one.
+  PositionPart(const DetailsState& state, const MarkersState& markers, std::function<void()> index,
+               QWidget* parent);
   void layOut(const FaceScale& scale);
   /// `colour` is that of values. Without a position the plate is empty, and its place not bare.
   void draw(Rgb colour, bool hasPosition);
+  [[nodiscard]] QWidget* indexKey() const;
 
  private:
   const DetailsState& state_;
+  const MarkersState& markers_;
   FaceLabel* position_;
+  IconKey* index_;
 };
 
 }  // namespace kvo

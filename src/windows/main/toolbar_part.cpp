@@ -10,6 +10,7 @@
 #include "windows/main/tool_key.h"
 
 #include <QPainter>
+#include <optional>
 #include <utility>
 
 namespace kvo {
@@ -42,6 +43,21 @@ constexpr std::array<ToolRow, kHitLabels> kTools = {{
     {7100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Normal Mode")},
 }};
 
+std::optional<Step> stepOf(HitLabel label) {
+  switch (label) {
+    case HitLabel::Lbl_Rew5d:
+      return Step::Rew5;
+    case HitLabel::Lbl_Snglfrbackdummy:
+      return Step::Rew1;
+    case HitLabel::Lbl_F1Dummy:
+      return Step::Adv1;
+    case HitLabel::Lbl_Adv5dummy:
+      return Step::Adv5;
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
 
 ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder,
@@ -54,10 +70,36 @@ ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const s
   for (std::size_t i = 0; i < kHitLabels; ++i) {
     keys_[i] = made<ToolKey>(picture_, kTools[i].left / kDesignWidth, kLabelWide / kDesignWidth,
                              tr(kTools[i].name), this);
-    if (acts_[i]) connect(keys_[i], &ToolKey::clicked, acts_[i]);
-    keys_[i]->setEnabled(static_cast<bool>(acts_[i]));
+    if (const auto step = stepOf(static_cast<HitLabel>(i))) {
+      acts_.steps.serve(*keys_[i], *step);
+      keys_[i]->setEnabled(static_cast<bool>(acts_.steps.release));
+      continue;
+    }
+    if (acts_.clicks[i]) connect(keys_[i], &ToolKey::clicked, acts_.clicks[i]);
+    keys_[i]->setEnabled(static_cast<bool>(acts_.clicks[i]));
   }
-  handle_->setEnabled(false);
+  connectHandle();
+}
+
+void ToolbarPart::connectHandle() {
+  constexpr auto kBlob = SliderHandleId::ImageBlob;
+  handle_->partAt = [this](const QPoint& global) {
+    const auto& line = state_.mode.slider;
+    return percentOnLine(line, mapFromGlobal(global).x() * state_.mode.twipsPerPixel()) / 100;
+  };
+  handle_->taken = [this] { return acts_.marks.press(kBlob); };
+  handle_->moving = [this](double part) {
+    acts_.marks.drag(kBlob, part);
+    draw();
+  };
+  handle_->letGo = [this] {
+    acts_.marks.release(kBlob, MouseKey::Left);
+    acts_.acted();
+  };
+  handle_->put = [this](double part) {
+    acts_.marks.put(kBlob, part);
+    acts_.acted();
+  };
 }
 
 void ToolbarPart::layOut(const FaceScale& scale) {
@@ -108,7 +150,7 @@ void ToolbarPart::draw() {
 void ToolbarPart::placeHandle() {
   const auto& slider = state_.mode.slider;
   const int side = scale_.at(kBlobHigh);
-  const double at = slider.X1 + state_.slider.position * (slider.X2 - slider.X1);
+  const double at = placeOnLine(slider, state_.slider.position * 100);
   handle_->setGeometry(pixels(at) - side / 2, pixels(slider.Y) - side / 2, side, side);
   handle_->setPart(state_.slider.position);
   handle_->setVisible(slider.ImageBlob.visible);
@@ -136,7 +178,7 @@ void ToolbarPart::paintEvent(QPaintEvent* /*event*/) {
   bar(from - 4 * s, to + 4 * s, 3.5 * s, token("void"));
   if (!slider.ImageBlob.visible) return;
   bar(from, to, s, token("line2"));
-  bar(from, from + state_.slider.position * (to - from), s, token("teal"));
+  bar(from, pixels(placeOnLine(slider, state_.slider.position * 100)), s, token("teal"));
 }
 
 }  // namespace kvo

@@ -1,8 +1,10 @@
 // The toolbar of Free Zoom: twelve labels over its picture, and the line of the slider.
 #pragma once
 
+#include "playback/positions/marks.h"
 #include "program/main_window_state.h"
 #include "windows/main/face_scale.h"
+#include "windows/main/step_acts.h"
 #include "windows/main/toolbar_picture.h"
 
 #include <QCoreApplication>
@@ -21,8 +23,13 @@ class ToolbarPart : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::ToolbarPart)
 
  public:
-  /// What the labels do, in their order. One that does nothing yet is disabled.
-  using Acts = std::array<std::function<void()>, kHitLabels>;
+  struct Acts {
+    /// What the labels do, in their order. One that does nothing yet is disabled.
+    std::array<std::function<void()>, kHitLabels> clicks;
+    StepActs steps;
+    Marks& marks;
+    std::function<void()> acted;  ///< called behind each act on the slider
+  };
 
   /// `folder` is the program's, with its pictures in "Buttons/" and "Parts/".
   ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder, QWidget* parent);
@@ -37,6 +44,7 @@ class ToolbarPart : public QWidget {
   [[nodiscard]] int pixels(Twips twips) const;
   [[nodiscard]] bool isLit(HitLabel label) const;
   void placeHandle();
+  void connectHandle();
 
   // Of the slider: what is painted below the labels.
   struct Line {

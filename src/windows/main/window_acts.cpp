@@ -36,8 +36,12 @@ void WindowActs::openSortMenu(const QPoint& at, QWidget& window) {
 }
 
 bool WindowActs::key(const QString& typed) {
+  return typed.size() == 1 && keyCommand(static_cast<unsigned char>(typed.front().toLatin1()));
+}
+
+bool WindowActs::keyCommand(int key) {
   if (state_.busy() || !state_.face.controlsEnabled) return false;
-  const bool done = typed.size() == 1 && logic_.keys.KeyCommand(typed.front().toLatin1());
+  const bool done = logic_.positions.keys.KeyCommand(key);
   if (done) acted_();
   return done;
 }
@@ -58,7 +62,10 @@ bool WindowActs::pressKey(QWidget& window, const QKeyEvent& event) {
   }
   const bool isCommand =
       (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-  return !isCommand && key(event.text());
+  if (isCommand) return false;
+  if (event.key() == Qt::Key_Left) return keyCommand(KeyCommands::kArrowLeft);
+  if (event.key() == Qt::Key_Right) return keyCommand(KeyCommands::kArrowRight);
+  return key(event.text());
 }
 
 void WindowActs::close(QEvent& event) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "playback/display/display.h"
-#include "playback/positions/key_command.h"
+#include "playback/positions/positions.h"
 #include "program/mailbox.h"
 #include "program/main_window_state.h"
 #include "program/shut_down.h"
@@ -19,7 +19,7 @@ class WindowActs : public QObject {
  public:
   struct Logic {
     MainMenu& menu;
-    KeyCommands& keys;
+    Positions& positions;
     Mailbox& mailbox;
     ShutDown& shutDown;
     Display& display;
@@ -34,12 +34,13 @@ class WindowActs : public QObject {
   void openMenu(const QPoint& at, QWidget& window);
   void openListMenu(const QPoint& at, QWidget& window);
   void openSortMenu(const QPoint& at, QWidget& window);
-  /// What a letter, digit or blank does; false for nothing.
+  /// What a letter, digit or blank does; false for nothing, and while a load or a command is under way.
   bool key(const QString& typed);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool keyCommand(int key);
   bool pressKey(QWidget& window, const QKeyEvent& event);
   void close(QEvent& event);
 

@@ -1,0 +1,77 @@
+#include "windows/position/frm_markers.h"
+
+#include "ui/made.h"
+#include "ui/theme.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr QSize kIndex(260, 320);
+constexpr int kBeside = 8;  // pixels from the window that it belongs to
+
+}  // namespace
+
+FrmMarkers::FrmMarkers(const MarkersState& state, Markers& markers, std::function<void()> acted)
+    : QWidget(nullptr, Qt::Tool),
+      state_(state),
+      markers_(markers),
+      acted_(std::move(acted)),
+      list_(made<QListWidget>(this)) {
+  auto* all = made<QVBoxLayout>(this);
+  all->setContentsMargins(8, 8, 8, 8);
+  all->addWidget(list_);
+  list_->setAccessibleName(tr("Index"));
+  resize(kIndex);
+  const auto choose = [this](const QListWidgetItem* item) {
+    markers_.choose(list_->row(item));
+    acted_();
+  };
+  connect(list_, &QListWidget::itemClicked, choose);
+  connect(list_, &QListWidget::itemActivated, choose);
+}
+
+void FrmMarkers::draw(QWidget* owner) {
+  if (!state_.visible) return hide();
+  setWindowTitle(QString::fromStdString(state_.title));
+  if (std::exchange(revision_, state_.list.revision()) != state_.list.revision()) {
+    list_->clear();
+    for (const auto& line : state_.list.rows()) list_->addItem(QString::fromStdString(line));
+    reached_ = -1;
+  }
+  if (std::exchange(reached_, state_.reached) != state_.reached) list_->setCurrentRow(state_.reached);
+  if (isVisible()) return;
+  if (owner != nullptr) {
+    const auto room = owner->screen()->availableGeometry();
+    const auto place = owner->frameGeometry();
+    const int right = place.right() + kBeside;
+    const bool fits = right + width() <= room.right();
+    move(fits ? right : std::max(room.left(), place.left() - kBeside - width()), place.top());
+    winId();
+    windowHandle()->setTransientParent(owner->windowHandle());
+  }
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  show();
+}
+
+void FrmMarkers::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+  markers_.close();
+  acted_();
+}
+
+void FrmMarkers::closeEvent(QCloseEvent* event) {
+  event->accept();
+  markers_.close();
+  acted_();
+}
+
+}  // namespace kvo

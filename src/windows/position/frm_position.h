@@ -1,0 +1,52 @@
+// The direct positioner.
+#pragma once
+
+#include "playback/positions/positioner.h"
+#include "windows/position/floating.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <functional>
+
+class QAbstractButton;
+class QLabel;
+
+namespace kvo {
+
+class PositionDigits;
+
+class FrmPosition : public Floating {
+  Q_DECLARE_TR_FUNCTIONS(kvo::FrmPosition)
+
+ public:
+  /// `acted` is called behind each act.
+  FrmPosition(const PositionerState& state, Positioner& positioner, std::function<void()> acted);
+
+  /// Brings it in line with the state; it appears above `owner`.
+  void draw(QWidget* owner);
+
+ protected:
+  void layOut() override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void makeChoices();
+  void makeKeys();
+  void act(const std::function<void()>& work);
+
+  const PositionerState& state_;
+  Positioner& positioner_;
+  std::function<void()> acted_;
+  QLabel* title_;
+  QAbstractButton* close_ = nullptr;
+  PositionDigits* digits_;
+  QLabel* refusal_;
+  std::array<QAbstractButton*, 3> whatto_{};
+  std::array<QAbstractButton*, 4> increment_{};
+  std::array<QAbstractButton*, 4> steps_{};
+  QAbstractButton* reset_ = nullptr;
+  QAbstractButton* apply_ = nullptr;
+};
+
+}  // namespace kvo
