@@ -219,6 +219,9 @@ TEST(SkinnedFace, ListsAreChosenMovedDroppedOnAndRenamed) {
   EXPECT_EQ(b.names().size(), 4U) << "one step";
 
   press(2, {});
+  auto& transport = b.play.transport();
+  const bool& plays = b.window.mode.player.IsPlaying;
+  transport.Image8_Click();
   b.key(Qt::Key_F2);
   QTest::keyClicks(b.face().focusWidget(), "Sea");
   QTest::keyClick(b.face().focusWidget(), Qt::Key_Return);
@@ -226,6 +229,12 @@ TEST(SkinnedFace, ListsAreChosenMovedDroppedOnAndRenamed) {
   EXPECT_EQ(b.at("Undo").toolTip().contains("Sea") || b.at("Undo").toolTip().contains("c.avi"), true);
   EXPECT_TRUE(view.hasFocus());
   EXPECT_EQ(view.list().item(2).ItemText, "Sea");
+  EXPECT_FALSE(plays) << "Return ended the name";
+  b.key(Qt::Key_Return);
+  EXPECT_TRUE(plays);
+  transport.Image8_Click();
+  QTest::mouseDClick(&view, Qt::LeftButton, {}, view.itemRect(2).center());
+  EXPECT_TRUE(plays);
 }
 
 TEST(SkinnedFace, MarksAreDraggedSteppedAndCleared) {

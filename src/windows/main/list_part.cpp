@@ -75,6 +75,14 @@ void ListPart::listen() {
     shownRevision_ = 0;  // the clip may bear another name than was typed
     logic_.acted();
   };
+  const auto play = [this] {
+    logic_.play();
+    logic_.acted();
+  };
+  list_->events.DblClick = play;
+  list_->events.KeyDown = [play](const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) play();
+  };
   list_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(list_, &QWidget::customContextMenuRequested, [this](const QPoint& at) { openMenu(at); });
   list_->commandKey = [this](const QKeyEvent& event) { return logic_.key(event.text()); };

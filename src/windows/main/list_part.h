@@ -35,6 +35,7 @@ class ListPart : public Plate {
     std::function<void(const QPoint& at)> listMenu;
     /// What a letter, digit or blank does; false for nothing.
     std::function<bool(const QString& typed)> key;
+    std::function<void()> play;   ///< the clip in hand
     std::function<void()> acted;  ///< behind each act
   };
 

@@ -100,7 +100,8 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
                          ListPart::Logic{logic_.list, logic_.mailbox, logic_.addMedia,
                                          [this, &acts](const QPoint& at) { acts.openSortMenu(at, *this); },
                                          [this, &acts](const QPoint& at) { acts.openListMenu(at, *this); },
-                                         [&acts](const QString& typed) { return acts.key(typed); }, acted_},
+                                         [&acts](const QString& typed) { return acts.key(typed); },
+                                         [this] { logic_.transport.Img_Play_Click(); }, acted_},
                          folder + "Buttons/", this);
   picture_ = made<PicturePart>(state_, logic_.pictures, this);
   largePicture_ = made<LargePicturePart>(state_, logic_.pictures, this);
