@@ -127,6 +127,16 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
 }
 
 // With the widest of the type faces that may stand in.
+TEST(SkinnedFace, TheListThatComesBehindAnIntroHasTheKeys) {
+  FaceBench b;
+  b.window.list.visible = b.window.emptyPane.visible = false;
+  b.open();
+  b.draw();
+  b.window.list.visible = true;
+  b.draw();
+  EXPECT_TRUE(b.at("Clips").hasFocus());
+}
+
 TEST(SkinnedFace, FitsAtEachSizeAndCutsNoTextThatHasRoom) {
   for (const double size : {1.0, 1.25, 1.5, 2.0}) {
     FaceBench b({"a.avi", "b.avi"}, size);

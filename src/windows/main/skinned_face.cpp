@@ -270,6 +270,8 @@ void SkinnedFace::showParts() {
   if (focusWidget() != nullptr && focusWidget() != this) return;
   if (!list_->isHidden()) list_->list().setFocus();
   if (!empty_->isHidden()) empty_->setFocus();
+  // Else Qt takes the first key of all when the window becomes active, and the list never gets its keys.
+  if (focusWidget() == nullptr) setFocus();
 }
 
 // The keyboard of a part that goes is the window's, and not that of whatever is next in the order of Tab.
