@@ -57,6 +57,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
   void showPosition() override { positions_.core.displays.showPosition(); }
   [[nodiscard]] bool markDragged() const override;
   void endMarkDrag() override { positions_.marks.endDrag(); }
+  void keepSpeed(double rate) override { positions_.rate.keep(rate); }
   void Lbl_NextMov_Click() override { positions_.remote.Lbl_NextMov_Click(); }
 
   // Of the positions

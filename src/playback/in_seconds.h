@@ -5,6 +5,21 @@
 
 namespace kvo {
 
+/// Puts the player into another unit for as long as it lives.
+class InMode {
+ public:
+  InMode(Player& player, DisplayMode mode) : player_(player), before_(player.PlayerGetDisplayMode()) {
+    player_.PlayerSetDisplayMode(mode);
+  }
+  InMode(const InMode&) = delete;
+  InMode& operator=(const InMode&) = delete;
+  ~InMode() { player_.PlayerSetDisplayMode(before_); }
+
+ private:
+  Player& player_;
+  const DisplayMode before_;
+};
+
 /// 0 while no clip is loaded.
 double placeInSeconds(Player& player);
 

@@ -25,7 +25,8 @@ struct PlayerState {
   int sourceHeight = 0;     ///< pixels
   bool fullScreen = false;  ///< the picture alone covers the screen, whatever the face of the window
   bool IsPlaying = false;
-  bool IsPaused = false;  ///< by the user or between two clips
+  bool IsPaused = false;   ///< by the user or between two clips
+  bool clipWaits = false;  ///< the list has gone on to a clip that is not loaded yet
   bool operator==(const PlayerState&) const = default;
 };
 

@@ -189,5 +189,25 @@ TEST(Positioner, GoesToWhatIsTypedAndSetsMarksThere) {
   EXPECT_EQ(state.Opt_Increment, Increment::Frames);
 }
 
+TEST(Marks, BetweenTwoClipsNothingIsKeptWithTheNext) {
+  PositionsBench b;
+  b.ready();
+  b.seek(4);
+  const auto before = b.marks();
+  b.mode.player.clipWaits = true;
+  b.positions.marks.SetMarkIn();
+  b.positions.marks.SetMarkOut();
+  b.positions.marks.put(SliderHandleId::Img_MarkIn, 0.5);
+  b.positions.rate.SetRate("2.0");
+  b.positions.remote.step(Step::Adv1);
+  EXPECT_EQ(b.marks(), before);
+  EXPECT_TRUE(b.noted.edits.empty());
+  EXPECT_EQ(b.player.PlayerGetRate(), 1);
+  EXPECT_EQ(b.seconds(), 4);
+  b.positions.keys.KeyCommand('P');  // the transport's, as ever
+  EXPECT_EQ(b.noted.edits.size(), 0U);
+  EXPECT_NE(b.transport.calls, "");
+}
+
 }  // namespace
 }  // namespace kvo

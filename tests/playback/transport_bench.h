@@ -68,6 +68,7 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   void showPosition() override {}
   [[nodiscard]] bool markDragged() const override { return markHeld; }
   void endMarkDrag() override { markHeld = false; }
+  void keepSpeed(double rate) override { asked += "speed" + ShortText(rate) + " "; }
   void Lbl_NextMov_Click() override { remoteNext(); }
 
   void skins() override {}

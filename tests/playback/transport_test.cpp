@@ -101,6 +101,121 @@ TEST(Transport, AnEndIsLeftAloneWhileTheUserIsAtIt) {
             "2 playing");
 }
 
+TEST(Transport, ADiscThatHasBeenStoppedGoesOnBehindItsEndAgain) {
+  for (const bool byKey : {true, false}) {
+    TransportBench b;
+    b.add("a.vob");
+    b.add("b.vob");
+    b.transport.PreviewMovie(1);
+    b.loop.advance(2000);
+    b.transport.Image8_Click();
+    byKey ? b.transport.Img_Play_Click() : b.transport.pictureClicked(PictureButton::Right);
+    b.loop.advance(9500);
+    EXPECT_EQ(b.shown(), "2 playing") << byKey;
+  }
+}
+
+TEST(Transport, NothingOfTheClipBeforePlaysBehindAPage) {
+  for (const auto* before : {"a.avi", "a.wmv", "a.vob"}) {
+    TransportBench b;
+    b.add(before);
+    b.add("b.html").IsHTML(true);
+    b.transport.PreviewMovie(1);
+    b.loop.advance(12000);
+    EXPECT_EQ(b.shown(), "2") << before;
+    EXPECT_TRUE(b.player.PlayerIsEmpty()) << before;
+    EXPECT_EQ(b.pages.shown.size(), 1U) << before;
+  }
+}
+
+TEST(Transport, TheClipThatTheListHasGoneOnToIsTheOneThatPlays) {
+  const struct {
+    const char* what;
+    std::function<void(Transport&)> act;
+    const char* shown;
+    int inPlayer;
+  } rows[] = {
+      {"picture", [](auto& t) { t.pictureClicked(PictureButton::Right); }, "2 playing", 2},
+      {"stop", [](auto& t) { t.Image8_Click(); }, "2 paused", 1},
+      {"stop, play", [](auto& t) { t.Image8_Click(), t.Img_Play_Click(); }, "2 playing", 2},
+      {"stop, picture", [](auto& t) { t.Image8_Click(), t.pictureClicked(PictureButton::Right); },
+       "2 playing", 2},
+      {"own rate", [](auto& t) { t.playPressed({.right = true}); }, "2 playing", 2},
+  };
+  for (const auto& row : rows) {
+    TransportBench b;
+    b.add("a.avi");
+    b.add("b.avi");
+    b.settings.state.InterClipDelay = 20;
+    b.transport.PreviewMovie(1);
+    b.loop.advance(11000);
+    EXPECT_TRUE(b.mode.player.clipWaits);
+    row.act(b.transport);
+    b.loop.advance(3000);
+    EXPECT_EQ(b.shown(), row.shown) << row.what;
+    EXPECT_EQ(b.mode.player.clip, row.inPlayer) << row.what;
+    EXPECT_EQ(b.mode.player.clipWaits, row.inPlayer == 1) << row.what;
+  }
+}
+
+TEST(Transport, WhatTheUserDoesWhileAClipIsOpenedStands) {
+  const struct {
+    std::function<void(Transport&)> act;
+    int number;
+  } rows[] = {{[](auto& t) { t.PreviewMovie(3); }, 3},  // sound waits for its key
+              {[](auto& t) { t.Image8_Click(); }, 2}};
+  for (const auto& row : rows) {
+    TransportBench b;
+    for (const auto* name : {"a.avi", "b.wmv", "c.wav"}) b.add(name);
+    b.transport.PreviewMovie(1);
+    b.loop.advance(9000);
+    b.graphs.whileOpening = [&] { row.act(b.transport); };
+    b.loop.advance(3000);
+    EXPECT_EQ(b.collection.icurMov, row.number);
+    EXPECT_NE(b.player.PlayerGetPlayState(), EngineState::Running) << row.number;
+  }
+}
+
+TEST(Transport, AShortClipIsMeasuredInSecondsWhateverIsShown) {
+  TransportBench b;
+  b.add("a.avi");
+  b.add("b.avi", 0.5);
+  b.transport.PreviewMovie(1);
+  b.loop.advance(10700);
+  b.settings.user.RewAtEnd = true;
+  b.player.PlayerSetDisplayMode(DisplayMode::Frames);
+  b.loop.advance(1000);
+  EXPECT_EQ(b.control.position(), 0.5);  // too short to be rewound
+  EXPECT_EQ(b.player.PlayerGetDisplayMode(), DisplayMode::Frames);
+}
+
+TEST(Transport, ACollectionGoesRoundFromAPlayerThatStandsToo) {
+  for (const bool around : {true, false}) {
+    TransportBench b;
+    b.add("a.wmv");
+    b.add("b.wmv");
+    b.settings.user.LoopCol = around;
+    b.transport.PreviewMovie(1);
+    b.loop.advance(5000);
+    b.transport.pictureClicked(PictureButton::Right);
+    b.graphs.graph->seek(10);
+    b.loop.advance(2000);
+    EXPECT_EQ(b.shown(), around ? "2 playing" : "1 paused");
+  }
+}
+
+TEST(Transport, WhatCoversTheScreenAtItsSizePlaysAtOnce) {
+  for (const bool covers : {true, false}) {
+    TransportBench b;
+    b.add("a.wav");
+    b.settings.user.DefaultZoom100 = true;
+    b.settings.state.KVOIsInEditMode = true;
+    b.mode.IsFullScreenWindow = covers;
+    b.transport.PreviewMovie(1);
+    EXPECT_EQ(b.control.state() == EngineState::Running, covers);
+  }
+}
+
 TEST(Transport, EachKindOfClipHasItsSurface) {
   const struct {
     const char* name;
@@ -191,7 +306,8 @@ TEST(Transport, KeysPlayPauseAndStop) {
     }
     clip.Playspeed(20);
     t.playPressed({.right = true});
-    EXPECT_EQ(clip.Playspeed(), std::string(name) == "a.avi" ? 10 : 20);
+    EXPECT_EQ(clip.Playspeed(), 20);  // the record is the host's to change
+    EXPECT_EQ(b.host.asked.find("speed1 ") != std::string::npos, std::string(name) == "a.avi");
     t.playPressed({.shift = true});
     EXPECT_EQ(b.timers.Timer7.enabled() ? b.timers.Timer7.interval() : 0, 100);
     t.Lbl_PauseGraphic_Click();
@@ -261,6 +377,8 @@ TEST(Transport, AStreamComesInStepByStep) {
   b.control.opens(EngineOpening::Open);
   b.loop.advance(1000);
   EXPECT_EQ(b.state.lbl_Novid.text, "");
+  EXPECT_EQ(b.shown(), "1 playing");
+  EXPECT_EQ(b.control.state(), EngineState::Running);
   EXPECT_TRUE(b.host.listShown && b.state.stream.Lbl_StreamInfo);
   EXPECT_EQ(b.state.stream.bandwidth, "128000 bps");
   b.control.opens(EngineOpening::Failed);  // in the middle

@@ -21,7 +21,7 @@ void KeyCommands::to(double seconds, bool play) {
 }
 
 bool KeyCommands::KeyCommand(int key) {
-  if (core_.clip() == nullptr) return false;
+  if (clipInHand(core_.collection) == nullptr) return false;
   const bool shuttle = shuttle_.IsShuttleProInstalled();
   if (shuttle && key >= 'A' && key <= 'Z') return shuttle_.KeyCommandSHUTTLEPRO(key);
   if (key >= '1' && key <= ':') return clip(key - '0');  // the colon follows the 9, and is 10

@@ -74,8 +74,8 @@ struct PositionsCore : PositionParts {
   PositionSlider slider{{loop, player, collection, mode, sliderState}};
   Displays displays{{player, collection, settings, sliderState, glass, label}, slider};
 
-  /// Null for none.
-  [[nodiscard]] Movie* clip() const { return clipInHand(collection); }
+  /// The clip in hand, which is the one in the player; null for none, and between two clips.
+  [[nodiscard]] Movie* clip() const { return mode.player.clipWaits ? nullptr : clipInHand(collection); }
   /// The kind of the clip in hand by its name, in capitals; empty for none.
   [[nodiscard]] std::string kind() const;
   [[nodiscard]] bool isTrack() const { return kind() == "CDA"; }
@@ -83,7 +83,9 @@ struct PositionsCore : PositionParts {
   /// Neither a stream, a still, a page nor one for another player.
   [[nodiscard]] bool isFileThatPlays() const;
   [[nodiscard]] bool hasPicture() const { return player.PlayerGetSourceWidth() > 0; }
-  [[nodiscard]] bool canSeek() const { return !player.PlayerIsEmpty() && player.canSeek(); }
+  [[nodiscard]] bool canSeek() const {
+    return !mode.player.clipWaits && !player.PlayerIsEmpty() && player.canSeek();
+  }
 
   /// Goes there and shows it; seconds.
   void seekSeconds(double seconds);

@@ -78,12 +78,16 @@ void Rate::changeBy(double rate) {
   core_.loop.yield();
   if (core_.collection.icurMov != number) return;  // another clip has come in hand meanwhile
   const double taken = player.PlayerGetRate();
-  if (static_cast<double>(core_.clip()->Playspeed()) != taken * kTenths) {
-    core_.host.edit(
-        "speed of", kNoChangeCode,
-        [taken](Movie& changed) { changed.Playspeed(static_cast<Single>(taken * kTenths)); }, "speed");
-  }
+  keep(taken);
   showRate(taken);
+}
+
+void Rate::keep(double rate) {
+  const auto* clip = core_.clip();
+  if (clip == nullptr || static_cast<double>(clip->Playspeed()) == rate * kTenths) return;
+  core_.host.edit(
+      "speed of", kNoChangeCode,
+      [rate](Movie& changed) { changed.Playspeed(static_cast<Single>(rate * kTenths)); }, "speed");
 }
 
 void Rate::Lbl_Speedo_Click() {

@@ -17,6 +17,8 @@ class Rate {
   void SetRate(std::string_view rateText);
   /// From the clip's own rate to 1.0 and back; the record stays.
   void Lbl_Speedo_Click();
+  /// The clip in hand has this rate from now on, 1 is normal.
+  void keep(double rate);
   /// Gives the player the clip's own rate.
   void takeRecord();
   /// Shows a rate on Frm_Rate; 20.0 shows it as it was.

@@ -15,7 +15,7 @@ void RemoteCommands::Lbl_Pause_Click() {
 void RemoteCommands::toClip(int direction) {
   const int count = core_.collection.MovieList.count();
   if (!Aremoviesloaded() || count < 2) return;
-  const bool goesRound = core_.clip()->IsStill() || core_.settings.user.LoopCol;
+  const bool goesRound = clipInHand(core_.collection)->IsStill() || core_.settings.user.LoopCol;
   int next = core_.collection.icurMov + direction;
   if (next < 1 || next > count) {
     if (!goesRound) return;
@@ -45,7 +45,8 @@ void RemoteCommands::step(Step which) {
 }
 
 void RemoteCommands::rate(std::string_view rateText) {
-  if (Aremoviesloaded() && !core_.isTrack() && !isAddress(clipFile(*core_.clip()))) rate_.SetRate(rateText);
+  if (Aremoviesloaded() && !core_.isTrack() && !isAddress(clipFile(*clipInHand(core_.collection))))
+    rate_.SetRate(rateText);
 }
 
 void RemoteCommands::Lbl_Mute_Click() {

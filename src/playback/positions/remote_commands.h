@@ -32,7 +32,7 @@ class RemoteCommands {
   void Lbl_Mute_Click();
 
  private:
-  [[nodiscard]] bool Aremoviesloaded() const { return core_.clip() != nullptr; }
+  [[nodiscard]] bool Aremoviesloaded() const { return clipInHand(core_.collection) != nullptr; }
   void when(void (RemoteCommands::*act)()) {
     if (Aremoviesloaded()) (this->*act)();
   }

@@ -2,24 +2,9 @@
 #pragma once
 
 #include "core/records/collection.h"
-#include "playback/player.h"
+#include "playback/in_seconds.h"
 
 namespace kvo {
-
-/// Puts the player into another unit for as long as it lives.
-class InMode {
- public:
-  InMode(Player& player, DisplayMode mode) : player_(player), before_(player.PlayerGetDisplayMode()) {
-    player_.PlayerSetDisplayMode(mode);
-  }
-  InMode(const InMode&) = delete;
-  InMode& operator=(const InMode&) = delete;
-  ~InMode() { player_.PlayerSetDisplayMode(before_); }
-
- private:
-  Player& player_;
-  const DisplayMode before_;
-};
 
 /// The clip that the list selects; null for none.
 Movie* clipInHand(Collection& collection);

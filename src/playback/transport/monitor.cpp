@@ -24,15 +24,18 @@ void Monitor::tick() {
   holdSection(*clip);
   core_.host.showPosition();
   stream_.watch();
+  clip = core_.clip();  // a stream that fails is told in a box
   // An end is told once: what it has led to is under way, or the user has stopped there.
-  if (sequencer_.waits() || core_.host.busy() || core_.player.PlayerIsEmpty()) return;
+  if (clip == nullptr || sequencer_.waits() || core_.mode.player.clipWaits || core_.host.busy() ||
+      core_.player.PlayerIsEmpty())
+    return;
   isDvdClip(*clip) ? watchDvd() : watchGraph();
 }
 
 // The engine may have moved the end of the section by itself.
 void Monitor::holdSection(const Movie& clip) {
   auto& player = core_.player;
-  if (player.UsingCorona() || player.PlayerIsEmpty()) return;
+  if (player.UsingCorona() || player.PlayerIsEmpty() || core_.mode.player.clipWaits) return;
   if (player.PlayerGetDisplayMode() == DisplayMode::Frames && clip.LoopEndFrames() > 0)
     player.PlayerSetSelectionEnd(clip.LoopEndFrames());
 }
@@ -51,7 +54,10 @@ void Monitor::watchGraph() {
   auto& player = core_.player;
   if (!player.UsingCorona()) return;
   if (player.coronaAtStopTime()) return graphAtEnd();
-  if (!player.coronaAtStopTime()) return;  // it runs meanwhile
+  if (!player.coronaAtStopTime()) {  // it runs meanwhile
+    endTold_ = false;
+    return;
+  }
   if (core_.order().mnu_RewAtEnd) {
     player.PlayerPause();
     core_.state.command = SequencerCommand::Redo;
@@ -61,9 +67,13 @@ void Monitor::watchGraph() {
 }
 
 void Monitor::graphAtEnd() {
-  if (core_.mode.player.IsPaused || sequencer_.waits()) return;
-  if (core_.host.startUpVideoEnded()) return;
+  if (sequencer_.waits() || core_.mode.player.clipWaits) return;
   const auto order = core_.order();
+  // A collection that goes round goes on from a player that has been stopped too, unless it was there.
+  const bool told = std::exchange(endTold_, true);
+  const bool goesRound = order.mnu_LoopCollectionsOnPlayback && !order.rewinds();
+  if (core_.mode.player.IsPaused && (told || !goesRound)) return;
+  if (core_.host.startUpVideoEnded()) return;
   const bool last = core_.icurMov() >= core_.collection.MovieList.count();
   if (!order.rewinds() && (order.mnu_LoopCollectionsOnPlayback || !last)) return sequencer_.EndOfStream();
   if (!order.rewinds() && order.mnu_Looping) {  // a graph knows no number of plays
@@ -108,7 +118,7 @@ void Monitor::dvdEnded(const Movie& clip) {
   const int number = core_.icurMov();
   const bool around = order.mnu_LoopCollectionsOnPlayback;
   if (core_.state.stopRequested || (number >= count && !around)) return core_.button("PAUSEON");
-  if (count > 1) preview_(number < count ? number + 1 : 1);
+  if (count > 1 && !preview_(number < count ? number + 1 : 1)) return;
   player.GlobalMediaPlay();
 }
 

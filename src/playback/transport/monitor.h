@@ -12,14 +12,17 @@ namespace kvo {
 
 class Monitor {
  public:
-  /// `preview` loads a clip by its number.
-  Monitor(TransportCore& core, Sequencer& sequencer, StreamOpening& stream, std::function<void(int)> preview)
+  /// `preview` loads a clip by its number; false when another has come in hand meanwhile.
+  Monitor(TransportCore& core, Sequencer& sequencer, StreamOpening& stream, std::function<bool(int)> preview)
       : core_(core), sequencer_(sequencer), stream_(stream), preview_(std::move(preview)) {}
 
   /// Of Timer1.
   void tick();
   /// Another clip: the marquee begins anew.
-  void clipChanges() { marqueeAt_ = 0; }
+  void clipChanges() {
+    marqueeAt_ = 0;
+    endTold_ = false;
+  }
   /// The graph of the clip in hand stands at its stop time.
   void graphAtEnd();
 
@@ -33,7 +36,8 @@ class Monitor {
   TransportCore& core_;
   Sequencer& sequencer_;
   StreamOpening& stream_;
-  std::function<void(int)> preview_;
+  std::function<bool(int)> preview_;
+  bool endTold_ = false;       // of a player that stands at its end
   std::size_t marqueeAt_ = 0;  // characters that have gone by
 };
 

@@ -1,5 +1,7 @@
 #include "playback/transport/sequencer.h"
 
+#include "playback/in_seconds.h"
+
 namespace kvo {
 namespace {
 
@@ -15,10 +17,11 @@ EndedClip Sequencer::endedClip() const {
                   .order = core_.order(),
                   .memory = core_.state.memory,
                   .InterClipDelay = core_.settings.state.InterClipDelay,
-                  .duration = core_.player.PlayerGetDuration(),
                   .KVOIsInEditMode = core_.editing(),
                   .markDragged = core_.host.markDragged(),
                   .waveSpikesShown = core_.settings.state.WavSpikesOn};
+  const InMode seconds(core_.player, DisplayMode::Seconds);
+  ended.duration = core_.player.PlayerGetDuration();
   if (const auto* clip = core_.clip()) {
     ended.sectionSeconds = clip->LoopEnd().number() - clip->LoopStart().number();
     ended.sectionFrames = clip->LoopEndFrames() - clip->LoopStartFrames();
@@ -38,7 +41,10 @@ void Sequencer::apply(const WhatFollows& follows) {
   if (follows.autoRewindOff) player.PlayerSetAutoRewind(false);
   if (follows.stop) player.PlayerStop();
   if (follows.delayed) DelayedTimerStart();
-  if (follows.select > 0) core_.host.select(follows.select);
+  if (follows.select > 0) {
+    core_.host.select(follows.select);
+    core_.mode.player.clipWaits = true;
+  }
   if (follows.seek == EndSeek::ToStart) player.PlayerSetCurrentPosition(0);
   if (follows.seek == EndSeek::ToDuration) player.PlayerSetCurrentPosition(player.PlayerGetDuration());
   for (const auto word : follows.buttons) core_.button(word);
@@ -96,15 +102,16 @@ void Sequencer::carryOut() {
   }
 }
 
+// Unless the user has stopped it as it was loaded.
 void Sequencer::playOn() {
-  if (core_.player.PlayerIsEmpty()) return;
+  if (core_.player.PlayerIsEmpty() || core_.state.stopRequested) return;
   core_.player.GlobalMediaPlay();
   core_.mode.player.IsPlaying = true;
   core_.button("PLAYON");
 }
 
 void Sequencer::Curr(int number) {
-  preview_(number);
+  if (!preview_(number)) return;
   core_.display.ShowSliderStuff();
   playOn();
 }
@@ -129,19 +136,21 @@ void Sequencer::Redo() {
 void Sequencer::Next() {
   const auto order = core_.order();
   const int number = clipOfNext(core_.icurMov(), core_.collection.MovieList.count(), order);
-  if (order.mnu_Looping) return preview_(number);
+  if (order.mnu_Looping) {
+    preview_(number);
+    return;
+  }
   if (order.rewinds()) {
     core_.player.PlayerSetPlayCount(1);
     core_.player.PlayerSetAutoRewind(false);
     core_.player.PlayerStop();
     core_.player.PlayerPause();
-    preview_(number);
-    core_.display.ShowSliderStuff();
+    if (preview_(number)) core_.display.ShowSliderStuff();
     return;
   }
   // A collection that begins again plays, also behind a pause between the clips.
   if (order.mnu_LoopCollectionsOnPlayback) return Curr(number);
-  preview_(number);
+  if (!preview_(number)) return;
   const auto* clip = core_.clip();
   if (clip != nullptr && clip->IsStream() && core_.player.canSeek()) {
     core_.player.PlayerStop();

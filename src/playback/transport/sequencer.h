@@ -11,8 +11,8 @@ namespace kvo {
 
 class Sequencer {
  public:
-  /// `preview` loads a clip by its number.
-  Sequencer(TransportCore& core, std::function<void(int)> preview)
+  /// `preview` loads a clip by its number; false when another has come in hand meanwhile.
+  Sequencer(TransportCore& core, std::function<bool(int)> preview)
       : core_(core), preview_(std::move(preview)) {}
 
   /// The clip in the player has ended. While a command of the user is under way that is kept in mind.
@@ -41,7 +41,7 @@ class Sequencer {
   void playOn();
 
   TransportCore& core_;
-  std::function<void(int)> preview_;
+  std::function<bool(int)> preview_;
   bool endWaits_ = false;  // an end that came while the collection was not to be touched
   bool carries_ = false;   // a command is at work, which lets ticks through
 };

@@ -15,13 +15,13 @@ bool isPlain(const Movie& clip) { return !clip.IsStill() && !clip.IsHTML() && !c
 
 Transport::Transport(const TransportParts& parts)
     : core_(parts),
-      sequencer_(core_, [this](int number) { PreviewMovie(number); }),
+      sequencer_(core_, [this](int number) { return loadClip(number); }),
       stream_(core_,
               [this](int number) {
                 settle();
                 played(number);
               }),
-      monitor_(core_, sequencer_, stream_, [this](int number) { PreviewMovie(number); }),
+      monitor_(core_, sequencer_, stream_, [this](int number) { return loadClip(number); }),
       duration_(parts.loop.timer([this] { WaitForValidDuration(); })) {
   core_.timers.Timer1.ticks([this] { monitor_.tick(); });
   core_.timers.Timer6.ticks([this] { sequencer_.tick(); });
@@ -49,6 +49,7 @@ void Transport::ended(bool graph) {
 }
 
 void Transport::halt() {
+  core_.state.stopRequested = true;
   sequencer_.forget();
   stream_.leave();
   duration_->stop();
@@ -64,12 +65,14 @@ void Transport::NextMovie() {
 void Transport::Img_Play_Click() {
   auto* clip = core_.clip();
   if (clip == nullptr) return;
+  core_.state.stopRequested = false;
+  // The pause between two clips ends with the key; one that was stopped in it begins.
+  if (core_.mode.player.clipWaits && !sequencer_.waits()) core_.state.command = SequencerCommand::Curr;
+  if (sequencer_.waits()) return sequencer_.carryOutNow();
   if (clip->IsStill()) {
     if (core_.mode.IsMiniMode && core_.settings.user.StillDelayTimer > 0) core_.timers.StillTimer.start();
     return;
   }
-  // The pause between two clips ends with the key.
-  if (sequencer_.waits()) return sequencer_.carryOutNow();
   if (!isPlain(*clip)) return PreviewMovie(core_.icurMov());
   core_.button("PLAYON");
   core_.button("PAUSEOFF");
@@ -107,11 +110,11 @@ void Transport::playPressed(const PlayPress& press) {
   auto* clip = core_.clip();
   if (clip == nullptr) return;
   core_.timers.Timer7.stop();
+  if (core_.mode.player.clipWaits) return Img_Play_Click();
   const bool moves = std::ranges::find(kRateKinds, kindOfFile(*clip)) != kRateKinds.end();
   if (press.shift && playBackwards(*clip)) return;
   if (press.right && moves) {
-    if (core_.player.PlayerSetRate(1))
-      clip->Playspeed(static_cast<Single>(core_.player.PlayerGetRate() * 10));
+    if (core_.player.PlayerSetRate(1)) core_.host.keepSpeed(core_.player.PlayerGetRate());
     return core_.host.Displaymovieinfo(core_.icurMov());
   }
   Img_Play_Click();
@@ -171,23 +174,34 @@ void Transport::pictureClicked(PictureButton button) {
   }
   const auto* clip = core_.clip();
   if (clip == nullptr || core_.player.PlayerIsEmpty()) return;
+  if (sequencer_.waits() || core_.mode.player.clipWaits) {
+    Img_Play_Click();
+  } else {
+    togglePlay();
+  }
+  if (button != PictureButton::Right && core_.guests.remote != nullptr) core_.guests.remote->show();
+}
+
+void Transport::togglePlay() {
   const bool plays = core_.mode.player.IsPlaying;
   if (plays) {
     core_.player.PlayerPause();
   } else {
+    core_.state.stopRequested = false;
     core_.player.GlobalMediaPlay();
   }
   core_.mode.player.IsPlaying = !plays;
   core_.mode.player.IsPaused = plays;
   if (!core_.fullScreen() && !core_.editing()) core_.button(plays ? "PAUSEON" : "PLAYON");
-  if (button != PictureButton::Right && core_.guests.remote != nullptr) core_.guests.remote->show();
 }
 
 void Transport::mnu_Looping_Click() {
   const bool loops = core_.order().mnu_Looping;
   core_.player.PlayerSetPlayCount(loops ? kForEver : 1);
   orderChanged();
-  if (!loops || !core_.mode.player.visible || core_.player.PlayerIsEmpty()) return;
+  const auto& shown = core_.mode.player;
+  if (!loops || !shown.visible || shown.clipWaits || core_.player.PlayerIsEmpty()) return;
+  core_.state.stopRequested = false;
   core_.player.GlobalMediaPlay();
   core_.button("PLAYON");
 }

@@ -55,6 +55,7 @@ class Transport : public TransportCommands {
   void orderChanged();
 
  private:
+  bool loadClip(int number);
   void letGo();
   void load(int number, const Movie& clip);
   void showStill();
@@ -73,6 +74,7 @@ class Transport : public TransportCommands {
   void ended(bool graph);
   void stillTick();
   void playLoaded();
+  void togglePlay();
   void stopLoaded();
   bool playBackwards(const Movie& clip);
 

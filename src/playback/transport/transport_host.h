@@ -43,6 +43,8 @@ class TransportHost {
   [[nodiscard]] virtual bool markDragged() const = 0;
   /// Lets go of the marks.
   virtual void endMarkDrag() = 0;
+  /// The clip in hand keeps this rate, 1 is normal, as an act of the user's that can be undone.
+  virtual void keepSpeed(double rate) = 0;
   /// The remote's next clip.
   virtual void Lbl_NextMov_Click() = 0;
 };

@@ -28,18 +28,24 @@ const TransportTips kStillTips = stepTips("Click for Previous Clip", "Click for 
 
 }  // namespace
 
-void Transport::PreviewMovie(int index) {
-  const int number = index == 0 ? 1 : index;
-  if (number < 1 || number > core_.collection.MovieList.count()) return;
+void Transport::PreviewMovie(int index) { loadClip(index == 0 ? 1 : index); }
+
+// False where that is not the clip in hand behind it: there is none, or the user has chosen another
+// meanwhile.
+bool Transport::loadClip(int number) {
+  if (number < 1 || number > core_.collection.MovieList.count()) return false;
   letGo();
+  const auto mine = loads_;
   core_.host.select(number);
   load(number, core_.collection.MovieList[number]);
+  if (mine != loads_) return false;
   if (core_.mode.player.IsPaused) {
     core_.button("PAUSEON");
   } else if (core_.player.PlayerIsEmpty()) {
     core_.button("ALLOFF");
   }
   core_.timers.Timer6.start();
+  return true;
 }
 
 void Transport::empty() {
@@ -60,6 +66,7 @@ void Transport::letGo() {
   duration_->stop();
   core_.state.tips = {};
   core_.state.stopRequested = false;
+  core_.mode.player.clipWaits = false;
   ++core_.mode.panels.osdsKilled;
   core_.host.closeClipWindows();
   if (core_.guests.wave != nullptr) core_.guests.wave->HideWavSpikes();
@@ -104,10 +111,8 @@ void Transport::showStill() {
 
 void Transport::ShowWeb(const Movie& clip) {
   core_.pages.close();
-  core_.player.PlayerStop();
   core_.timers.Timer4.stop();
-  core_.player.PlayerHide();
-  core_.player.SendPlayerFarLeft();
+  core_.emptyPlayer();
   const auto address = clipFile(clip);
   const bool beside = core_.settings.state.HideKVOOnWebshow && !core_.mode.IsMiniMode;
   if (core_.pages.show(address, !beside)) return;
@@ -205,9 +210,9 @@ void Transport::played(int number) {
   timers.Timer6.start();
   const bool paused = core_.mode.player.IsPaused;
   if (!core_.fullScreen() && !paused && core_.running()) core_.button("PLAYON");
-  if (core_.settings.user.DefaultZoom100 && !core_.editing()) {
-    core_.display.ResizePercent(100);
-    if (core_.fullScreen() && !paused && !core_.player.PlayerIsEmpty()) core_.player.GlobalMediaPlay();
+  if (core_.fullScreen() && core_.settings.user.DefaultZoom100) {
+    if (!core_.editing()) core_.display.ResizePercent(100);
+    if (!paused) core_.player.GlobalMediaPlay();
   }
   core_.host.showPosition();
   openNextAhead();
