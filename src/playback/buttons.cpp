@@ -76,7 +76,6 @@ DrawnKey drawnKey(const KeyRow& row, double size) {
 void Buttons::BuildButton(std::string_view word, bool playOn) {
   const auto key = upper(trimmed(word));
   passOn(key);
-  if (display_.IsMiniMode) return;
   if (playOn) {
     become("PLAYING");
     PlayOn();
@@ -98,7 +97,10 @@ bool Buttons::playWord(std::string_view word) {
   } else if (word == "PLAYOFF") {
     PlayOff();
   } else if (word == "PLAYON") {
-    if (buttons_.state == "PLAYING") return true;
+    if (buttons_.state == "PLAYING") {
+      playing();
+      return true;
+    }
     PlayOn();
     PauseOff();
     become("PLAYING");
@@ -118,6 +120,7 @@ bool Buttons::playWord(std::string_view word) {
 
 void Buttons::rebuild() {
   const auto& player = display_.player;
+  if (display_.IsMiniMode) return;
   if (buttons_.state.empty() || buttons_.state == "NOTHING") {
     // Drawing the keys again must not make anything play.
     draw("PLAYOFF");
@@ -158,6 +161,10 @@ void Buttons::placeAnew() {
 
 void Buttons::PlayOn() {
   draw("PLAYON");
+  playing();
+}
+
+void Buttons::playing() {
   display_.player.IsPlaying = true;
   display_.player.IsPaused = false;
 }
@@ -179,6 +186,7 @@ void Buttons::PauseOff() {
 }
 
 void Buttons::draw(std::string_view key) {
+  if (display_.IsMiniMode) return;
   const auto row = std::ranges::find_if(kKeys, [&](const KeyRow& k) { return sameText(k.key, key); });
   if (row == kKeys.end()) return;
   auto& drawn = buttons_.drawn[static_cast<std::size_t>(row->place)];

@@ -1,5 +1,5 @@
 // The words that the keys of the main window are told by: which picture goes where, and what is lit. Nothing
-// is drawn here, and nothing at all happens in the Free Zoom face, which has no keys.
+// is drawn here, and the Free Zoom face has no keys: there the words only say whether the player plays.
 #pragma once
 
 #include "playback/buttons_state.h"
@@ -54,6 +54,7 @@ class Buttons {
  private:
   bool playWord(std::string_view word);
   void rebuild();
+  void playing();
   void draw(std::string_view key);
   void become(std::string_view state);
   void passOn(std::string_view key);

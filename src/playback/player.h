@@ -156,6 +156,8 @@ class Player {
   virtual void whenEndOfStream(std::function<void()> heard) = 0;
   /// Heard when a graph has come to its stop time.
   virtual void whenGraphStops(std::function<void()> heard) = 0;
+  /// Heard ahead of each play, pause, stop, step and seek.
+  virtual void whenDriven(std::function<void()> heard) = 0;
 };
 
 }  // namespace kvo

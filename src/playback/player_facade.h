@@ -100,7 +100,7 @@ class PlayerFacade : public Player {
   [[nodiscard]] double PlayerGetDuration() const override;
   [[nodiscard]] double PlayerGetCurrentPosition() const override;
   void PlayerSetCurrentPosition(double position) override;
-  void PlayerStep(int direction) override { engine().step(direction); }
+  void PlayerStep(int direction) override;
   [[nodiscard]] double PlayerGetSelectionStart() const override;
   void PlayerSetSelectionStart(double position) override;
   [[nodiscard]] double PlayerGetSelectionEnd() const override;
@@ -140,6 +140,7 @@ class PlayerFacade : public Player {
   }
   void whenEndOfStream(std::function<void()> heard) override;
   void whenGraphStops(std::function<void()> heard) override { graphStops_ = std::move(heard); }
+  void whenDriven(std::function<void()> heard) override { driven_ = std::move(heard); }
 
  private:
   // What is not of one clip alone: a graph that comes later takes it over.
@@ -157,6 +158,7 @@ class PlayerFacade : public Player {
   void mannerOfGraph();
   void playGraph();
   void playControl();
+  void tellDriven() const;
   void seekGraph(double position);
   void seekControl(double position);
   [[nodiscard]] bool shows(double seconds) const;
@@ -186,6 +188,7 @@ class PlayerFacade : public Player {
   std::optional<double> CoronaSelectionEnd_;
   Manner manner_;
   std::function<void()> graphStops_;
+  std::function<void()> driven_;
   std::uint64_t loads_ = 0;  // and clears: the last one counts, as opening lets events through
 };
 

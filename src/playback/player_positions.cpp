@@ -24,8 +24,10 @@ bool isMpegByName(const std::string& path) {
 void PlayerFacade::GlobalMediaPlay() {
   if (PlayerIsEmpty()) return;
   for (auto* companion : companions_) companion->playBegins();
+  tellDriven();
   graph_ ? playGraph() : playControl();
   state().IsPlaying = true;
+  state().IsPaused = false;
 }
 
 void PlayerFacade::playGraph() {
@@ -48,15 +50,27 @@ void PlayerFacade::playControl() {
   }
   if (end > 0 && control.position() >= end) control.seek(control.selectionStart());
   control.Run();
-  state().IsPaused = false;
+}
+
+void PlayerFacade::tellDriven() const {
+  if (driven_) driven_();
+}
+
+void PlayerFacade::PlayerStep(int direction) {
+  tellDriven();
+  engine().step(direction);
 }
 
 void PlayerFacade::PlayerPause() {
+  tellDriven();
   engine().Pause();
   state().IsPlaying = false;
 }
 
-void PlayerFacade::PlayerStop() { engine().Stop(); }
+void PlayerFacade::PlayerStop() {
+  tellDriven();
+  engine().Stop();
+}
 
 void PlayerFacade::PlayerSetAutoRewind(bool on) {
   if (!usingCorona_) parts_.control.setAutoRewind(on);
@@ -87,6 +101,7 @@ double PlayerFacade::PlayerGetDuration() const { return inUnit(engine().duration
 double PlayerFacade::PlayerGetCurrentPosition() const { return inUnit(engine().position()); }
 
 void PlayerFacade::PlayerSetCurrentPosition(double position) {
+  tellDriven();
   graph_ ? seekGraph(position) : seekControl(position);
 }
 

@@ -33,7 +33,7 @@ TEST(Buttons, WordsChangeThePlayGroup) {
       {{"  playon "}, "2 3 PLAYING playing"},
       {{"PLAYON", "PAUSEON"}, "1 4 PAUSED paused"},
       {{"PAUSEON", "PLAYON"}, "2 3 PLAYING playing"},
-      {{"PLAYON", "PLAYOFF", "PLAYON"}, "1 3 PLAYING"},  // the state word has not changed
+      {{"PLAYON", "PLAYOFF", "PLAYON"}, "1 3 PLAYING playing"},  // the state word has not changed
       {{"PLAYON", "ALLOFF"}, "1 3 NOTHING"},
       {{"PAUSEOFF"}, "0 3  playing"},
       {{"REBUILD"}, "1 3 "},
@@ -114,8 +114,9 @@ TEST(Buttons, FreeZoomDrawsNoKeyAndTheEditorStillHears) {
   for (const auto* word : {"fon", "FOFF", "RON", " ROFF", "FOND", "PLAYON"}) b.buttons.BuildButton(word);
   EXPECT_EQ(editor.heard, "FON FOFF RON ROFF ");
   EXPECT_EQ(b.keys.revision, revision);
-  EXPECT_EQ(b.keys.state, "");
-  EXPECT_FALSE(b.mode.player.IsPlaying);
+  EXPECT_TRUE(b.mode.player.IsPlaying && !b.mode.player.IsPaused);
+  b.buttons.BuildButton("PAUSEON");
+  EXPECT_TRUE(!b.mode.player.IsPlaying && b.mode.player.IsPaused);
 }
 
 }  // namespace

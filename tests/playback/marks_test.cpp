@@ -23,6 +23,7 @@ TEST(Marks, AHeldHandleSeeksTenTimesASecond) {
     EXPECT_NEAR(b.seconds(), 5, 0.11) << name;
     EXPECT_EQ(b.glass.digits.substr(0, 6), "00:05:") << name;
     b.positions.marks.drag(ImageBlob, 0.7);
+    b.positions.core.displays.showPosition();
     b.positions.marks.release(ImageBlob, MouseKey::Left);
     EXPECT_NEAR(b.seconds(), 7, 0.01) << name;
     EXPECT_EQ(b.player.PlayerGetPlayState(), EngineState::Running) << name << " plays on";

@@ -49,6 +49,20 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
   }
 }
 
+TEST(Stepping, TheFlagsGoWithItInEveryFace) {
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    PositionsBench b;
+    b.ready(name);
+    b.mode.IsMiniMode = true;
+    b.buttons.BuildButton("PLAYON");
+    b.player.GlobalMediaPlay();
+    b.positions.remote.step(Step::Adv1);
+    EXPECT_TRUE(!b.mode.player.IsPlaying && b.mode.player.IsPaused) << name;
+    b.player.GlobalMediaPlay();
+    EXPECT_TRUE(b.mode.player.IsPlaying && !b.mode.player.IsPaused) << name;
+  }
+}
+
 TEST(Stepping, AHeldKeyRepeatsAndAShortPressIsOneStep) {
   PositionsBench b;
   b.ready("a.avi", {}, 2, 8);
@@ -75,26 +89,6 @@ TEST(Stepping, AHeldKeyRepeatsAndAShortPressIsOneStep) {
   stepping.release(Step::Adv5);
   stepping.release(Step::Rew5);
   EXPECT_EQ(b.transport.calls, "NextMovie PreviewMovie1 ");
-}
-
-TEST(Stepping, PlaysBackwardsFromTheFirstFrameOnAtTheLast) {
-  PositionsBench b;
-  b.ready();
-  b.seek(0.08);
-  b.positions.stepping.startReverse();
-  b.loop.advance(200);
-  EXPECT_EQ(b.frame(), 0);
-  b.loop.advance(200);
-  EXPECT_GE(b.frame(), 248);
-  b.positions.stepping.Adv1(true);
-  EXPECT_FALSE(b.timers.Timer7.enabled()) << "a step ends it";
-  for (const auto& [name, file] : {std::pair<const char*, FakeFile>{"http://host/a.avi", {}},
-                                   {"a.mp3", {.rate = 0}},
-                                   {"b.avi", {.seekable = false}}}) {
-    b.ready(name, file);
-    b.positions.stepping.startReverse();
-    EXPECT_FALSE(b.timers.Timer7.enabled()) << name;
-  }
 }
 
 TEST(Rate, IsKeptWithTheClipUnlessItsKindRefuses) {
@@ -285,6 +279,12 @@ TEST(Shuttle, RingAndKeysDriveThePlayer) {
   b.loop.advance(2000);
   EXPECT_NEAR(b.seconds(), 2 + 8 * 0.15, 0.3) << "15 jumps, round at Mark-Out";
   b.seek(40);
+  press(84);
+  b.loop.advance(100);
+  b.positions.closeDisplays();
+  b.seek(40);
+  b.loop.advance(500);
+  EXPECT_EQ(b.seconds(), 40) << "no jump in the next clip";
   press(86);
   EXPECT_TRUE(b.state.held.ShuttleStepping);
   b.loop.advance(180);

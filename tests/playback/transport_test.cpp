@@ -316,6 +316,31 @@ TEST(Transport, KeysPlayPauseAndStop) {
   }
 }
 
+TEST(Transport, BackwardsEndsWithWhateverPlaysStopsOrSeeks) {
+  TransportBench b;
+  auto& t = b.transport;
+  const std::function<void()> acts[] = {[&] { t.Image8_Click(); },
+                                        [&] { t.pictureClicked(PictureButton::Left); },
+                                        [&] { t.Img_Play_Click(); },
+                                        [&] { b.player.PlayerSetCurrentPosition(2); },
+                                        [&] { b.player.PlayerPause(); },
+                                        [&] { b.player.PlayerStep(1); },
+                                        [&] { b.display.Lbl_MiniMode_Click(); }};
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    b.add(name);
+    t.PreviewMovie(b.collection.MovieList.count());
+    for (const auto& act : acts) {
+      b.player.PlayerSetDisplayMode(DisplayMode::Frames);
+      b.player.PlayerSetCurrentPosition(2);
+      t.playPressed({.shift = true});
+      b.loop.advance(500);
+      EXPECT_GT(b.player.PlayerGetCurrentPosition(), 100) << name << " is at its last frames";
+      act();
+      EXPECT_FALSE(b.timers.Timer7.enabled()) << name << " act " << &act - acts;
+    }
+  }
+}
+
 TEST(Transport, MenusSteerWhatPlays) {
   TransportBench b;
   b.add("a.avi");

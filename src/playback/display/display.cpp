@@ -81,6 +81,9 @@ void Display::startMonitors() {
 void Display::stopMonitors() {
   parts_.timers.Timer1.stop();
   parts_.timers.Timer6.stop();
+  if (!parts_.timers.Timer7.enabled()) return;
+  parts_.player.PlayerStop();
+  parts_.buttons.BuildButton("PAUSEON");
 }
 
 void Display::EndAnim() {

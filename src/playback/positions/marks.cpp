@@ -66,6 +66,7 @@ bool Marks::press(SliderHandleId handle) {
   moved_ = false;
   if (handle == SliderHandleId::ImageBlob) {
     held.BlobDragging = true;
+    core_.slider.hold(core_.sliderState.position);
   } else {
     const bool in = handle == SliderHandleId::Img_MarkIn;
     if (refusedByKeyframes(in) || refusedByDisc()) return false;

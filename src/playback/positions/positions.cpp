@@ -29,6 +29,7 @@ void Positions::endOfPlayMoved(const Movie& clip) {
 }
 
 void Positions::closeDisplays() {
+  shuttle.rest();
   rate.closeWindow();
   levels.closeWindow();
   markers.close();

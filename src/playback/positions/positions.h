@@ -24,7 +24,7 @@ class Positions {
   void takeRecord();
   /// A new end of the section: what plays stops there. For RecordListener::endOfPlayMoved.
   void endOfPlayMoved(const Movie& clip);
-  /// What lies over the picture closes, ahead of another clip.
+  /// What lies over the picture closes, and what the shuttle drives ends, ahead of another clip.
   void closeDisplays();
 
   PositionsCore core;

@@ -71,7 +71,7 @@ struct PositionsCore : PositionParts {
   PositionDoors doors;
   DiscPosition* disc = nullptr;
   Section section{player, collection};
-  PositionSlider slider{{loop, player, collection, mode, sliderState}};
+  PositionSlider slider{{loop, player, collection, mode, sliderState, state.held}};
   Displays displays{{player, collection, settings, sliderState, glass, label}, slider};
 
   /// The clip in hand, which is the one in the player; null for none, and between two clips.

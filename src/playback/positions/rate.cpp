@@ -67,7 +67,6 @@ void Rate::changeBy(double rate) {
   auto& player = core_.player;
   const int number = core_.collection.icurMov;
   core_.host.EndAnim();
-  core_.timers.Timer7.stop();
   if (player.UsingCorona()) player.PlayerStop();
   if (!player.PlayerSetRate(rate)) return;
   player.PlayerSetDisplayMode(DisplayMode::Seconds);

@@ -32,7 +32,6 @@ Shuttle::Shuttle(const Parts& parts)
 
 bool Shuttle::IsShuttleProInstalled() const { return core_.settings.state.ShuttleProInstalled; }
 
-// The wheel is let go: whatever it drove ends.
 void Shuttle::rest() {
   jumping_->stop();
   watch_->stop();
@@ -89,6 +88,7 @@ bool Shuttle::KeyCommandSHUTTLEPRO(int code) {
       core_.player.PlayerSetRate(1);
       core_.buttons.BuildButton("PAUSEON");
       core_.timers.Timer8.setInterval(kRestInterval);
+      if (code == 78) core_.timers.Timer8.start();
       return true;
     default:
       return false;
@@ -108,6 +108,7 @@ void Shuttle::ApplyShuttleFWDSpeed(double rate) {
   }
   player.PlayerSetDisplayMode(DisplayMode::Seconds);
   player.PlayerSetRate(rate);
+  core_.state.held.ButtonHeld = Step::Adv1;
   player.GlobalMediaPlay();
   core_.buttons.BuildButton("PLAYON");
 }

@@ -29,10 +29,11 @@ class Shuttle {
   void ApplyShuttleFWDSpeed(double rate);
   /// Steps back every so many milliseconds, by large steps when that is often, down to Mark-In.
   void ApplyShuttleBCKSpeed(int interval);
+  /// The wheel is let go, or another clip comes in hand: whatever it drove ends.
+  void rest();
 
  private:
   void jump();
-  void rest();
   void toStart();
 
   Parts parts_;

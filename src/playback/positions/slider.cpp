@@ -73,6 +73,8 @@ void PositionSlider::SetposAsPct(double pct, std::string_view which) {
     state.markIn = to / 100;
   } else if (which == "OUT") {
     state.markOut = to / 100;
+  } else if (parts_.held.BlobDragging) {
+    return;
   } else if (gliding_->running()) {
     glideTo_ = to;
   } else if (std::exchange(glideDue_, false) && to > state.position * 100) {

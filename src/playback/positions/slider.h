@@ -53,6 +53,7 @@ class PositionSlider {
     const Collection& collection;
     const DisplayModeState& mode;
     SliderState& state;
+    const HeldState& held;
   };
   explicit PositionSlider(const Parts& parts);
 
@@ -65,7 +66,8 @@ class PositionSlider {
   [[nodiscard]] double TimeAsPctUnfmt(double position) const;
 
   /// Moves a handle: "IN", "OUT", or for any other word that of the position. `pct` is held within 0 to 100.
-  /// The position's first move behind loaded() glides there when it leads to the right.
+  /// The position's first move behind loaded() glides there when it leads to the right; while the user holds
+  /// its handle it stays under the hand.
   void SetposAsPct(double pct, std::string_view which);
   /// Moves the position with no glide, as under a hand: a part of the line, 0 to 1.
   void hold(double part);

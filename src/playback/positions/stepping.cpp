@@ -15,7 +15,6 @@ constexpr std::array<StepWords, 4> kStepWords{
     {{"RRON", "RROFF"}, {"RON", "ROFF"}, {"FON", "FOFF"}, {"FFON", "FFOFF"}}};  // in the order of Step
 
 constexpr int kRepeat = 200;         // milliseconds
-constexpr int kReverse = 100;        // milliseconds a frame
 constexpr Long kSeveral = 5;         // frames
 constexpr Long kSteps = 50;          // of a section, forward
 constexpr Long kShuttleSteps = 850;  // back
@@ -28,7 +27,6 @@ int directionOf(Step which) { return which == Step::Adv1 || which == Step::Adv5 
 }  // namespace
 
 Stepping::Stepping(PositionsCore& core) : core_(core) {
-  core_.timers.Timer7.ticks([this] { stepBack(); });
   core_.timers.Timer8.ticks([this] { repeat(); });
 }
 
@@ -48,7 +46,6 @@ bool Stepping::begins(Step which, bool quiet) {
   const bool track = core_.isTrack() && core_.disc != nullptr;
   if (clip == nullptr || isStreamClip(*clip) || (!track && !core_.canSeek())) return false;
   core_.timers.Timer9.stop();
-  core_.timers.Timer7.stop();
   if (!quiet) core_.buttons.BuildButton(wordsOf(which).on);
   if (track) {
     core_.disc->step(directionOf(which) * (which == Step::Adv5 || which == Step::Rew5 ? int{kSeveral} : 1));
@@ -180,26 +177,5 @@ void Stepping::toSectionEnd(bool start) {
 
 void Stepping::Lbl_End_Click() { toSectionEnd(false); }
 void Stepping::Lbl_Start_Click() { toSectionEnd(true); }
-
-void Stepping::startReverse() {
-  const auto* clip = core_.clip();
-  if (clip == nullptr || isStreamClip(*clip) || !core_.canSeek() || !core_.hasPicture()) return;
-  core_.timers.Timer7.setInterval(kReverse);
-  core_.timers.Timer7.start();
-}
-
-// Timer7.
-void Stepping::stepBack() {
-  auto& player = core_.player;
-  if (!core_.canSeek()) return core_.timers.Timer7.stop();
-  player.PlayerSetDisplayMode(DisplayMode::Frames);
-  if (player.PlayerGetCurrentPosition() <= 0) {
-    player.PlayerSetCurrentPosition(player.PlayerGetDuration());
-  } else {
-    player.PlayerStop();
-    player.PlayerStep(-1);
-  }
-  core_.displays.showPosition();
-}
 
 }  // namespace kvo

@@ -1,5 +1,5 @@
-// The step keys: a frame or several, on and back, once or for as long as the key is held; the ends of the
-// section; and playing backwards.
+// The step keys: a frame or several, on and back, once or for as long as the key is held; and the ends of
+// the section.
 #pragma once
 
 #include "playback/positions/positions_core.h"
@@ -32,13 +32,8 @@ class Stepping {
   void Lbl_End_Click();
   void Lbl_Start_Click();
 
-  /// Plays backwards, frame by frame; from the first on at the last. Not what cannot be sought in, and not
-  /// sound. The timer that does it is stopped by whatever plays or stops.
-  void startReverse();
-
  private:
   void repeat();
-  void stepBack();
   void one(int direction, bool quiet);
   void several(int direction, bool quiet);
   bool begins(Step which, bool quiet);

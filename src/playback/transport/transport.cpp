@@ -25,9 +25,13 @@ Transport::Transport(const TransportParts& parts)
       duration_(parts.loop.timer([this] { WaitForValidDuration(); })) {
   core_.timers.Timer1.ticks([this] { monitor_.tick(); });
   core_.timers.Timer6.ticks([this] { sequencer_.tick(); });
+  core_.timers.Timer7.ticks([this] { stepBack(); });
   core_.timers.StillTimer.ticks([this] { stillTick(); });
   core_.player.whenEndOfStream([this] { ended(false); });
   core_.player.whenGraphStops([this] { ended(true); });
+  core_.player.whenDriven([this] {
+    if (!stepsBack_) core_.timers.Timer7.stop();
+  });
 }
 
 // The engine's event is left before anything is loaded into the same engine.
@@ -130,6 +134,22 @@ bool Transport::playBackwards(const Movie& clip) {
   return true;
 }
 
+// Timer7.
+void Transport::stepBack() {
+  auto& player = core_.player;
+  if (player.PlayerIsEmpty() || !player.canSeek()) return core_.timers.Timer7.stop();
+  stepsBack_ = true;
+  player.PlayerSetDisplayMode(DisplayMode::Frames);
+  if (player.PlayerGetCurrentPosition() <= 0) {
+    player.PlayerSetCurrentPosition(player.PlayerGetDuration());
+  } else {
+    player.PlayerStop();
+    player.PlayerStep(-1);
+  }
+  stepsBack_ = false;
+  core_.host.showPosition();
+}
+
 void Transport::Lbl_PauseGraphic_Click() {
   core_.state.stopRequested = true;
   const auto* clip = core_.clip();
@@ -142,7 +162,6 @@ void Transport::Lbl_PauseGraphic_Click() {
   }
   if (core_.running() || core_.timers.Timer7.enabled()) {
     Image8_Click();
-    core_.timers.Timer7.stop();
     core_.mode.player.IsPlaying = false;
     return;
   }

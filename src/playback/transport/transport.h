@@ -44,7 +44,7 @@ class Transport : public TransportCommands {
   void Lbl_PauseGraphic_Click() override;
   void Image8_Click() override;
   /// The play key: with the right button it gives a moving picture its own rate back, with Shift it plays
-  /// backwards.
+  /// backwards, frame by frame and from the first on at the last, until anything else plays, stops or seeks.
   void playPressed(const PlayPress& press);
   /// A click on the picture.
   void pictureClicked(PictureButton button);
@@ -77,6 +77,7 @@ class Transport : public TransportCommands {
   void togglePlay();
   void stopLoaded();
   bool playBackwards(const Movie& clip);
+  void stepBack();
 
   TransportCore core_;
   Sequencer sequencer_;
@@ -84,6 +85,7 @@ class Transport : public TransportCommands {
   Monitor monitor_;
   std::unique_ptr<Timer> duration_;  // until the player knows how long the clip is
   int durationLooks_ = 0;
+  bool stepsBack_ = false;   // it is the reverse play that drives the player
   std::uint64_t loads_ = 0;  // the last one counts, as opening a file lets events through
   std::shared_ptr<bool> lives_ = std::make_shared<bool>(true);
 };

@@ -13,17 +13,6 @@ constexpr std::array<std::string_view, 13> kSoundKinds{"WAV", "WMA", "MP3", "WAX
                                                        "AU",  "IDI", "MP2", "RA",  "RAM", "CDA"};
 constexpr std::array<std::string_view, 3> kDvdFiles{"VOB", "IFO", "BUP"};
 
-struct WordFlags {
-  std::string_view word;
-  bool playing;
-  std::optional<bool> paused;
-};
-constexpr std::array<WordFlags, 5> kWordFlags{{{"PLAYON", true, false},
-                                               {"PLAYOFF", false, {}},
-                                               {"PAUSEON", false, true},
-                                               {"PAUSEOFF", true, {}},
-                                               {"ALLOFF", false, {}}}};
-
 }  // namespace
 
 int TransportCore::icurMov() const {
@@ -40,14 +29,6 @@ Movie* TransportCore::clip() const {
 
 PlayOrder TransportCore::order() const {
   return {settings.user.LoopPreviews, settings.user.RewAtEnd, settings.user.LoopCol};
-}
-
-void TransportCore::button(std::string_view word) const {
-  buttons.BuildButton(word);
-  const auto row = std::ranges::find(kWordFlags, word, &WordFlags::word);
-  if (row == kWordFlags.end()) return;
-  mode.player.IsPlaying = row->playing;
-  if (row->paused) mode.player.IsPaused = *row->paused;
 }
 
 void TransportCore::toLoopStart() const {

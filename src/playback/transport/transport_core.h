@@ -49,8 +49,8 @@ struct TransportCore : TransportParts {
   [[nodiscard]] bool fullScreen() const { return mode.IsFullScreenWindow || mode.player.fullScreen; }
   [[nodiscard]] bool running() const { return player.PlayerGetPlayState() == EngineState::Running; }
 
-  /// Draws the keys by a word and sets the flags that it stands for, in a face without keys too.
-  void button(std::string_view word) const;
+  /// The keys, and the flags that the word stands for: see Buttons.
+  void button(std::string_view word) const { buttons.BuildButton(word); }
   /// Plays on from Mark-In, in the player's present unit.
   void toLoopStart() const;
   /// Out of sight, and empty.

@@ -60,19 +60,29 @@ void SliderHandle::keyPressEvent(QKeyEvent* event) {
 void SliderHandle::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton && reset) return reset();
   if (event->button() != Qt::LeftButton) return event->ignore();
-  setSliderDown(taken());
+  take();
 }
 
-void SliderHandle::mouseMoveEvent(QMouseEvent* event) {
+void SliderHandle::take() { setSliderDown(taken()); }
+
+void SliderHandle::dragTo(double part) {
   if (!isDragged()) return;
-  move(partAt(event->globalPosition().toPoint()));
+  move(part);
   if (moving) moving(part_);
 }
 
-void SliderHandle::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !isDragged()) return;
+void SliderHandle::drop() {
+  if (!isDragged()) return;
   setSliderDown(false);
   letGo();
+}
+
+void SliderHandle::mouseMoveEvent(QMouseEvent* event) {
+  if (isDragged()) dragTo(partAt(event->globalPosition().toPoint()));
+}
+
+void SliderHandle::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) drop();
 }
 
 // The line is not scrolled.

@@ -36,6 +36,11 @@ class SliderHandle : public QAbstractSlider {
   [[nodiscard]] double part() const { return part_; }
   [[nodiscard]] bool isDragged() const { return isSliderDown(); }
 
+  /// The mouse takes it, moves it and lets go of it, by whatever widget has the mouse.
+  void take();
+  void dragTo(double part);
+  void drop();
+
   /// Where the picture is drawn in the widget.
   QPoint pictureAt;
 

@@ -141,7 +141,15 @@ void SliderPart::hoverAt(int x) {
   drags || !state_.handles ? acts_.hoverEnds() : acts_.hover(partAt(x));
 }
 
-void SliderPart::mouseMoveEvent(QMouseEvent* event) { hoverAt(event->position().toPoint().x()); }
+void SliderPart::mouseMoveEvent(QMouseEvent* event) {
+  const int x = event->position().toPoint().x();
+  handles_[Position]->dragTo(partAt(x));
+  hoverAt(x);
+}
+
+void SliderPart::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) handles_[Position]->drop();
+}
 
 bool SliderPart::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseMove)
@@ -156,8 +164,10 @@ void SliderPart::leaveEvent(QEvent* /*event*/) {
 void SliderPart::mousePressEvent(QMouseEvent* event) {
   const bool onLine = placedIn(*this, scale_, kSliderPlate).contains(event->position().toPoint());
   if (event->button() != Qt::LeftButton || !onLine || !state_.handles) return event->ignore();
-  acts_.marks.put(SliderHandleId::ImageBlob, partAt(event->position().toPoint().x()));
-  acts_.acted();
+  // The position goes there, and on with the pointer.
+  auto* handle = handles_[Position];
+  handle->take();
+  handle->dragTo(partAt(event->position().toPoint().x()));
 }
 
 void SliderPart::paintEvent(QPaintEvent* /*event*/) {

@@ -44,6 +44,7 @@ class SliderPart : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   enum Handle { Position, MarkIn, MarkOut };  // in the order of SliderHandleId
