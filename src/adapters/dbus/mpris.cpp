@@ -67,7 +67,7 @@ QString ownName() {
 QString introspection(const char* interface) {
   auto xml = QString("  <interface name=\"%1\">\n").arg(interface);
   for (const auto& method : kMethods) {
-    if (method.interface != interface) continue;
+    if (qstrcmp(method.interface, interface) != 0) continue;
     xml += QString("    <method name=\"%1\">\n").arg(method.name);
     for (std::size_t i = 0; method.signature[i] != '\0'; ++i) {
       xml += QString("      <arg direction=\"in\" name=\"%1\" type=\"%2\"/>\n")
@@ -76,10 +76,10 @@ QString introspection(const char* interface) {
     }
     xml += "    </method>\n";
   }
-  if (interface == kMprisPlayer)
+  if (qstrcmp(interface, kMprisPlayer) == 0)
     xml += "    <signal name=\"Seeked\">\n      <arg name=\"Position\" type=\"x\"/>\n    </signal>\n";
   for (const auto& property : mprisProperties()) {
-    if (property.interface != interface) continue;
+    if (qstrcmp(property.interface, interface) != 0) continue;
     xml += QString("    <property name=\"%1\" type=\"%2\" access=\"%3\">\n")
                .arg(property.name, property.type, property.write == nullptr ? "read" : "readwrite");
     if (!property.isSignalled)
@@ -123,7 +123,7 @@ class Mpris::Object : public QDBusVirtualObject {
     for (const auto* interface : {kMprisRoot, kMprisPlayer}) {
       QVariantMap changed;
       for (const auto& property : mprisProperties()) {
-        if (property.interface != interface || !property.isSignalled) continue;
+        if (qstrcmp(property.interface, interface) != 0 || !property.isSignalled) continue;
         const auto value = property.read(told, requests_);
         if (value != property.read(told_, requests_)) changed.insert(property.name, value);
       }
@@ -193,7 +193,10 @@ bool Mpris::listen(MediaRequests& requests) {
     object_.reset();
     return false;
   }
-  return bus.registerService(kBusName) || bus.registerService(ownName());
+  if (bus.registerService(kBusName) || bus.registerService(ownName())) return true;
+  bus.unregisterObject(kObjectPath);
+  object_.reset();
+  return false;
 }
 
 void Mpris::tell(const MediaTold& told) {

@@ -1,5 +1,7 @@
 #include "adapters/mpv/mpv_control_engine.h"
 
+#include "base/guarded.h"
+
 #include <utility>
 
 namespace kvo {
@@ -10,7 +12,15 @@ void MpvControlEngine::setFileName(const std::string& fileOrAddress) {
   played_ = 0;
   isOpen_ = false;
   if (fileOrAddress.empty()) return hold(nullptr);
-  hold(stage().take(fileOrAddress));
+  const auto taken = guarded([&]() -> Outcome {
+    hold(stage().take(fileOrAddress));
+    return {};
+  });
+  if (!taken) {
+    hold(nullptr);
+    fault_ = taken.error().text;
+    return;
+  }
   file()->hear([this] { sectionEnded(); }, [this] { fileChanged(); });
   const auto* mine = file();
   if (!mine->isAddress()) file()->waitUntilOpen();

@@ -1,5 +1,6 @@
 #include "adapters/mpv/mpv_file.h"
 
+#include "base/numbers.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -61,34 +62,34 @@ std::int64_t entryOf(const mpv_event& reply) {
 MpvFile::MpvFile(House house, const VideoOutput::OpenGl* gl)
     : house_(std::move(house)),
       wake_(home(&MpvFile::drain)),
-      core_({{"config", "no"},
-             {"load-scripts", "no"},
-             {"load-auto-profiles", "no"},
-             {"load-stats-overlay", "no"},
-             {"load-osd-console", "no"},
-             {"osc", "no"},
-             {"ytdl", "no"},
-             {"input-default-bindings", "no"},
-             {"input-vo-keyboard", "no"},
-             {"input-media-keys", "no"},
-             {"autoload-files", "no"},
-             {"ordered-chapters", "no"},
-             {"resume-playback", "no"},
-             {"stop-screensaver", "no"},
-             {"osd-level", "0"},
-             {"idle", "yes"},
-             {"pause", "yes"},
-             {"keep-open", "yes"},
-             {"vo", "libmpv"},
-             {"video-timing-offset", "0"},  // the window draws when it is told
-             {"ao", soundOutput()},
-             {"audio-fallback-to-null", "yes"},
-             {"audio-display", "no"},  // the cover picture of a music file is no video
-             {"audio-client-name", "KVO5"},
-             {"volume-max", "1000"},
-             {"sub-visibility", "no"},
-             {"network-timeout",
-              std::to_string(std::chrono::duration<double>(2 * house_.limits.address).count())}}),
+      core_(
+          {{"config", "no"},
+           {"load-scripts", "no"},
+           {"load-auto-profiles", "no"},
+           {"load-stats-overlay", "no"},
+           {"load-osd-console", "no"},
+           {"osc", "no"},
+           {"ytdl", "no"},
+           {"input-default-bindings", "no"},
+           {"input-vo-keyboard", "no"},
+           {"input-media-keys", "no"},
+           {"autoload-files", "no"},
+           {"ordered-chapters", "no"},
+           {"resume-playback", "no"},
+           {"stop-screensaver", "no"},
+           {"osd-level", "0"},
+           {"idle", "yes"},
+           {"pause", "yes"},
+           {"keep-open", "yes"},
+           {"vo", "libmpv"},
+           {"video-timing-offset", "0"},  // the window draws when it is told
+           {"ao", soundOutput()},
+           {"audio-fallback-to-null", "yes"},
+           {"audio-display", "no"},  // the cover picture of a music file is no video
+           {"audio-client-name", "KVO5"},
+           {"volume-max", "1000"},
+           {"sub-visibility", "no"},
+           {"network-timeout", ShortText(std::chrono::duration<double>(2 * house_.limits.address).count())}}),
       watch_(house_.loop.timer([this] {
         watch_->stop();
         fail(origin_ ? name_ + " sends nothing any more" : name_ + " does not answer");
@@ -124,6 +125,7 @@ std::function<void()> MpvFile::home(void (MpvFile::*work)()) {
 void MpvFile::makePicture(const VideoOutput::OpenGl* gl) {
   core_.set("hwdec", std::string(gl != nullptr ? "auto-safe" : "no"));  // where there is any
   picture_ = std::make_unique<MpvPicture>(core_, gl, home(&MpvFile::drawOrPass));
+  if (gl != nullptr && !picture_->valid()) return makePicture(nullptr);
   if (opening_ != EngineOpening::Closed)
     core_.set("vid", std::string("auto"));  // it was lost with what drew it
 }
@@ -360,7 +362,7 @@ void MpvFile::goOn() {
   switch (order.kind) {
     case MpvOrder::Kind::Seek: {
       const double at = *origin_ + order.time + (hasPicture() ? kCoreTolerance : 0);
-      core_.command({"seek", std::to_string(std::max(at, 0.0)), "absolute+exact"}, kSeekReply);
+      core_.command({"seek", ShortText(std::max(at, 0.0)), "absolute+exact"}, kSeekReply);
       break;
     }
     case MpvOrder::Kind::StepOn:

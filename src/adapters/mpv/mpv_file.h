@@ -108,6 +108,7 @@ class MpvFile {
     return opening_ == EngineOpening::Open || (opening_ == EngineOpening::Buffering && origin_.has_value());
   }
   [[nodiscard]] std::function<void()> home(void (MpvFile::*work)());
+  void removeCaptions();
   void forget();
   void drain() { take(0); }
   void take(double seconds);

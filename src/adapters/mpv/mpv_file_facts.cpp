@@ -45,9 +45,19 @@ void MpvFile::showCaptions(bool on) {
   if (first != all.end() && !any) choose(MediaTrack::Kind::Subtitles, first->id);
 }
 
+// By the file that they come from: another text may have been chosen meanwhile.
+void MpvFile::removeCaptions() {
+  const int count = static_cast<int>(core_.number("track-list/count").value_or(0));
+  for (int i = 0; i < count; ++i) {
+    const auto of = [&](const char* what) { return "track-list/" + std::to_string(i) + "/" + what; };
+    if (core_.text(of("external-filename")) != captionFile_) continue;
+    return core_.command({"sub-remove", core_.text(of("id")).value_or("")});
+  }
+}
+
 void MpvFile::setCaptionFile(const std::string& file) {
   if (!isOpen() || file == captionFile_) return;
-  if (!captionFile_.empty()) core_.command({"sub-remove"});
+  if (!captionFile_.empty()) removeCaptions();
   captionFile_ = file;
   if (!file.empty()) core_.command({"sub-add", file, "select"});
 }

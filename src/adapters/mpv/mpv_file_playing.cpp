@@ -1,5 +1,6 @@
 // How a file plays: its place, its end, its rate and its sound.
 #include "adapters/mpv/mpv_file.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,7 +29,7 @@ double coreVolume(const MpvSound& sound) {
 std::string balanceFilter(int balance) {
   if (balance == 0) return {};
   const auto share = [](int lower) {
-    return std::to_string(lower <= kSilence ? 0.0 : std::pow(10.0, lower / 2000.0));
+    return ShortText(lower <= kSilence ? 0.0 : std::pow(10.0, lower / 2000.0));
   };
   return "lavfi=[aformat=channel_layouts=stereo,pan=stereo|c0=" + share(std::min(0, -balance)) +
          "*c0|c1=" + share(std::min(0, balance)) + "*c1]";
@@ -112,7 +113,7 @@ void MpvFile::setEnd(double seconds) {
 // The core does not go behind the end when it comes from ahead of it.
 void MpvFile::sendEnd(double from) {
   endHolds_ = end_ > 0 && from < end_ - kEndTolerance;
-  core_.set("end", endHolds_ ? std::to_string(origin_.value_or(0) + end_ - kEndTolerance) : "none");
+  core_.set("end", endHolds_ ? ShortText(origin_.value_or(0) + end_ - kEndTolerance) : "none");
 }
 
 void MpvFile::setRate(double rate) {

@@ -1,6 +1,7 @@
 #include "adapters/mpv/mpv_filter_graphs.h"
 
 #include "adapters/mpv/mpv_engine.h"
+#include "base/guarded.h"
 
 #include <functional>
 #include <utility>
@@ -35,7 +36,12 @@ class MpvFilterGraph : public MpvEngine<FilterGraph> {
 }  // namespace
 
 Result<std::unique_ptr<FilterGraph>> MpvFilterGraphs::RenderFile(const std::string& file) {
-  auto opened = stage_.take(file);
+  std::unique_ptr<MpvFile> opened;
+  const auto taken = guarded([&]() -> Outcome {
+    opened = stage_.take(file);
+    return {};
+  });
+  if (!taken) return taken.error();
   opened->waitUntilOpen();
   if (opened->opening() != EngineOpening::Open) {
     auto fault = Error{opened->fault()};

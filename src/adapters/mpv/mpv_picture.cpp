@@ -39,11 +39,13 @@ void MpvPicture::makeCurrent() const {
 }
 
 bool MpvPicture::update() {
+  if (!valid()) return false;
   makeCurrent();
   return (mpv_render_context_update(context_) & MPV_RENDER_UPDATE_FRAME) != 0;
 }
 
 void MpvPicture::draw(int buffer, int width, int height) {
+  if (!valid()) return;
   mpv_opengl_fbo target{buffer, width, height, 0};
   int wait = 0;
   int bottomUp = 1;
@@ -55,6 +57,7 @@ void MpvPicture::draw(int buffer, int width, int height) {
 }
 
 void MpvPicture::draw(const VideoOutput::Rows& rows) {
+  if (!valid()) return;
   std::array<int, 2> size{rows.width, rows.height};
   std::string format = "bgr0";
   auto stride = rows.stride;
@@ -69,6 +72,7 @@ void MpvPicture::draw(const VideoOutput::Rows& rows) {
 }
 
 void MpvPicture::passOver() {
+  if (!valid()) return;
   makeCurrent();
   int yes = 1;
   int wait = 0;

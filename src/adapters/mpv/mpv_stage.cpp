@@ -1,5 +1,7 @@
 #include "adapters/mpv/mpv_stage.h"
 
+#include "base/guarded.h"
+
 #include <utility>
 
 namespace kvo {
@@ -33,9 +35,12 @@ std::unique_ptr<MpvFile> MpvStage::atRest() {
 
 void MpvStage::openAhead(const std::string& file, double seconds) {
   if (ahead_ != nullptr && ahead_->name() == file) return ahead_->standAt(seconds);
-  if (ahead_ == nullptr) ahead_ = atRest();
-  ahead_->open(file);
-  ahead_->standAt(seconds);
+  static_cast<void>(guarded([&]() -> Outcome {  // else it is opened when it is wanted, which tells why not
+    if (ahead_ == nullptr) ahead_ = atRest();
+    ahead_->open(file);
+    ahead_->standAt(seconds);
+    return {};
+  }));
 }
 
 std::unique_ptr<MpvFile> MpvStage::take(const std::string& fileOrAddress) {

@@ -1,15 +1,20 @@
 #include "adapters/mpv/mpv_video_output.h"
 
+#include "base/guarded.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace kvo {
 
 bool MpvVideoOutput::useOpenGl(OpenGl gl) {
-  const MpvHandle core({{"config", "no"}, {"vo", "libmpv"}});
-  if (!MpvPicture(core, &gl, [] {}).valid()) return false;
-  renew(std::move(gl));
-  return true;
+  return guarded([&]() -> Outcome {
+           const MpvHandle core({{"config", "no"}, {"vo", "libmpv"}});
+           if (!MpvPicture(core, &gl, [] {}).valid()) return Error{"there is no OpenGL that draws pictures"};
+           renew(std::move(gl));
+           return {};
+         })
+      .ok();
 }
 
 void MpvVideoOutput::useSoftware() {

@@ -107,6 +107,7 @@ class OpenGlSurface : public QOpenGLWidget, public VideoSurface {
     feed_.add(*this);
   }
   ~OpenGlSurface() override {
+    if (context() != nullptr) disconnect(context(), nullptr, this, nullptr);
     feed_.endOpenGl(*this);
     feed_.remove(*this);
   }

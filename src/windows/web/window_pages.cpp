@@ -1,9 +1,11 @@
 #include "windows/web/window_pages.h"
 
+#include <QFile>
+
 namespace kvo {
 
 bool WindowPages::show(const std::string& address, bool ahead) {
-  const auto url = pageAddress(QString::fromStdString(address));
+  const auto url = pageAddress(QFile::decodeName(address.c_str()));
   if (!url.isValid()) return false;
   if (!window_) {
     window_ = std::make_unique<WebWindow>(make_, [this] {

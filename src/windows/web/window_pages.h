@@ -14,7 +14,13 @@ class WindowPages : public WebPages {
   explicit WindowPages(WebWindow::Make make) : make_(std::move(make)) {}
 
   bool show(const std::string& address, bool ahead) override;
-  void close() override { window_.reset(); }
+  // Whoever heard that it was closed may ask for it: the window is still in the middle of that.
+  void close() override {
+    if (auto* gone = window_.release()) {
+      gone->hide();
+      gone->deleteLater();
+    }
+  }
   void whenClosed(std::function<void()> heard) override { heard_ = std::move(heard); }
 
  private:
