@@ -167,6 +167,12 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     standsAt(20, "two more");
     engine.step(-1);
     standsAt(19, "one back over a key picture");
+    engine.seek(begin(5));
+    for (int held = 0; held < 4; ++held) {
+      engine.Stop();
+      engine.step(1);
+    }
+    standsAt(9, "a key that is held");
     engine.seek(engine.duration());
     standsAt(49, "at the end");
     engine.step(1);

@@ -50,9 +50,9 @@ void MpvFile::run() {
   if (!seeks_.busy()) core_.set("pause", false);
 }
 
+// Told in the middle of a step, the core would give that up; it stands by itself behind it.
 void MpvFile::pause() {
-  runs_ = false;
-  if (isOpen()) core_.set("pause", true);
+  if (std::exchange(runs_, false) && isOpen() && !seeks_.stepsOn()) core_.set("pause", true);
 }
 
 double MpvFile::position() const {
@@ -92,7 +92,7 @@ void MpvFile::standAt(double seconds) {
 
 void MpvFile::step(int direction) {
   if (!hasPicture()) return;
-  if (runs_) pause();  // told once more in the middle of a step, the core would give that up
+  pause();
   sendEnd(end_);
   // At the end the last picture stands: the one ahead of it is wanted, not the last one once more.
   const auto end = std::exchange(stoodAt_, std::nullopt);
