@@ -79,8 +79,10 @@ Result<StreamFacts> readFacts(const std::string& path) {
     facts.height = stream.codecpar->height;
     facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
     facts.steadyRate = steadyRateOf(stream);
-    if (facts.hasVideo) facts.codec = nameOfCodec(stream.codecpar->codec_id);
     facts.isStill = traitsOf(format).isStill;
+    // One picture of what as a film is called "Motion JPEG".
+    const bool isJpeg = facts.isStill && stream.codecpar->codec_id == AV_CODEC_ID_MJPEG;
+    if (facts.hasVideo) facts.codec = isJpeg ? "JPEG" : nameOfCodec(stream.codecpar->codec_id);
     if (facts.hasVideo && (facts.width <= 0 || facts.height <= 0))
       return Error{"the picture in " + path + " is damaged, or too large"};
     if (facts.hasVideo) facts.duration = pictureLength(format, stream, facts.frameRate, facts.hasAudio);

@@ -101,6 +101,9 @@ TEST(MediaFacts, TellWhatAFileHolds) {
       test::makeMedia(folder, "s.png", {"-f", "lavfi", "-i", "color=red:size=30x20", "-frames:v", "1"}));
   ASSERT_TRUE(still);
   EXPECT_TRUE(still->isStill && still->hasVideo && still->duration == 0);
+  const auto photo = readFacts(
+      test::makeMedia(folder, "p.jpg", {"-f", "lavfi", "-i", "color=red:size=32x32", "-frames:v", "1"}));
+  EXPECT_EQ(photo ? photo->codec : std::string(), "JPEG");
   // A song with a cover picture has no video.
   const auto song =
       readFacts(test::makeMedia(folder, "song.mp3",

@@ -429,6 +429,9 @@ TEST(Transport, AStreamThatDoesNotComeIsTold) {
       {"stuck", [](auto& b) { b.control.opens(EngineOpening::Buffering, 7), b.loop.advance(21000); }, "", 1},
       {"the user stops", [](auto& b) { b.transport.Image8_Click(), b.loop.advance(100); },
        "Connection aborted", 0},
+      {"a click on the picture",
+       [](auto& b) { b.transport.pictureClicked(PictureButton::Left), b.loop.advance(100); },
+       "Connection aborted", 0},
       {"the user's other key", [](auto& b) { b.transport.Lbl_PauseGraphic_Click(), b.loop.advance(100); },
        "Connection aborted", 0},
   };

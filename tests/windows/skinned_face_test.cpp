@@ -325,6 +325,70 @@ TEST(SkinnedFace, APictureGoesWithThePointerOverTheSlider) {
   EXPECT_FALSE(hover.isVisible());
 }
 
+// Of a clip that is a stream: what is waited for stands in the picture's place, and a click ends it.
+TEST(SkinnedFace, AStreamTellsHowItComesAndWhatItIs) {
+  FaceBench b;
+  const std::string address = "http://127.0.0.1:9/live";
+  auto& clip = b.collection.MovieList[2];
+  clip.Path("");
+  clip.MovieName(address);
+  clip.IsStream(true);
+  b.engineFiles[address] = {.rate = 0};
+  b.list.PreviewMovie(2);
+  b.draw();
+  EXPECT_EQ(b.find("Clips"), nullptr);
+  ASSERT_NE(b.find("Connecting..."), nullptr);
+  EXPECT_EQ(b.at("Connecting...").accessibleDescription(), "Click to stop");
+  const auto dark = b.at("Connecting...").grab().toImage();
+  b.loop.advance(500);
+  b.draw();
+  EXPECT_NE(b.at("Connecting...").grab().toImage(), dark) << "its colour changes";
+  b.click("Connecting...");
+  b.loop.advance(100);
+  b.draw();
+  EXPECT_NE(b.find("Connection aborted"), nullptr);
+  EXPECT_NE(b.find("Clips"), nullptr);
+
+  auto& glass = b.at("Display");
+  const auto without = glass.grab().toImage();
+  b.window.transport.stream = {true, "128000 bps", "Morning - Ann", "", true, false};
+  b.draw();
+  EXPECT_TRUE(glass.toolTip().contains("Morning - Ann"));
+  EXPECT_EQ(b.find("Output Level"), nullptr) << "it has its place";
+  const auto plain = glass.grab().toImage();
+  EXPECT_NE(plain, without);
+  b.window.transport.stream.bufferLit = true;
+  b.draw();
+  EXPECT_NE(glass.grab().toImage(), plain);
+}
+
+TEST(SkinnedFace, ItsKeysDigitsAndChipsGoByTheClip) {
+  FaceBench b;
+  EXPECT_EQ(b.find("Click for Previous Clip"), nullptr);
+  b.list.PreviewMovie(3);
+  b.draw();
+  EXPECT_EQ(b.at("Click for Previous Clip").toolTip(), "Click for Previous Clip");
+  EXPECT_NE(b.find("Click for Next Clip"), nullptr);
+  b.links.display().Lbl_MiniMode_Click();
+  b.draw();
+  EXPECT_NE(b.find("Click for Next Clip"), nullptr);
+  b.links.display().Lbl_MiniMode_Click();
+  b.list.PreviewMovie(1);
+  b.draw();
+  EXPECT_EQ(b.find("Click for Previous Clip"), nullptr);
+
+  EXPECT_TRUE(b.at("Direct Positioner").isEnabled());
+  b.window.mode.panels.Pic_DigNumbers = false;
+  b.window.mode.panels.Label2.visible = b.window.mode.panels.Label2On = true;
+  b.window.details.chips = {"Mono"};
+  b.draw();
+  EXPECT_FALSE(b.at("Direct Positioner").isEnabled());
+  EXPECT_NE(b.find("Mono"), nullptr) << "nothing is animated";
+  b.window.mode.Med_AudAnim.visible = true;
+  b.draw();
+  EXPECT_NE(b.find("Mono, Anim ON"), nullptr);
+}
+
 TEST(SkinnedFace, TheOfferToResumeStandsOnThePicture) {
   FaceBench b;
   EXPECT_EQ(b.find("Resume at 12:34"), nullptr);

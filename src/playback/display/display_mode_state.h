@@ -86,8 +86,8 @@ struct PanelsState {
   Control Label2;  ///< "Anim ON" and "Anim OFF"
   bool Label2On = false;
   bool picLogo = true;           ///< the spine at the left
-  bool Pic_NoVid = false;        ///< the panel in the picture's place for what has no picture
-  bool Pic_DigNumbers = true;    ///< the big digits
+  bool Pic_NoVid = false;        ///< lbl_Novid may stand in the picture's place
+  bool Pic_DigNumbers = true;    ///< the big digits; false leaves them unlit
   std::uint64_t osdsKilled = 0;  ///< when it grows, what lies over the picture closes
 };
 

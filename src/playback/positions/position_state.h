@@ -25,10 +25,9 @@ struct SliderState {
 struct DisplayState {
   std::string digits;  ///< "00:04:0104"; empty leaves them unlit
   std::string digitsTip;
-  std::string rate;     ///< "1.0x"; empty as the digits
-  std::string rateTip;  ///< what a click on the rate does; empty when it does nothing
-  int volume = 100;     ///< of the clip in hand, per cent
-  bool sound = false;   ///< there is a volume to show
+  std::string rate;    ///< "1.0x"; empty as the digits
+  int volume = 100;    ///< of the clip in hand, per cent
+  bool sound = false;  ///< there is a volume to show
   bool muted = false;
   bool operator==(const DisplayState&) const = default;
 };

@@ -108,7 +108,6 @@ void Rate::takeRecord() {
 
 void Rate::showRate(double rate) {
   core_.glass.rate = rateLabel(rate);
-  core_.glass.rateTip = "Current Playback rate";
   reloadWindow(rate);
 }
 

@@ -14,7 +14,7 @@ void Monitor::tick() {
   core_.display.SortFullScreen();
   const auto* clip = core_.clip();
   if (clip == nullptr) return;
-  if (core_.mode.Med_AudAnim.visible) core_.mode.panels.Pic_DigNumbers = false;
+  core_.mode.panels.Pic_DigNumbers = !core_.mode.Med_AudAnim.visible && !clip->IsStill();
   if (core_.mode.panels.Fillist.visible) core_.mode.panels.Lbl_Pos.place.top = kPositionLabelTop;
   showMarquee(*clip);
   if (kindOfFile(*clip) == "CDA") {

@@ -43,7 +43,7 @@ StreamOpening::StreamOpening(TransportCore& core, std::function<void(int)> opene
     : core_(core), opened_(std::move(opened)), poll_(core.loop.timer([this] { tick(); })) {}
 
 void StreamOpening::say(std::string text) {
-  core_.state.lbl_Novid = {std::move(text), true, core_.state.lbl_Novid.lit};
+  core_.state.lbl_Novid = {std::move(text), true, core_.state.lbl_Novid.lit, connects()};
   core_.mode.panels.Pic_NoVid = true;
 }
 

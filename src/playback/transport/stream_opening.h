@@ -18,6 +18,8 @@ class StreamOpening {
   void ShowStreamWMP(int number);
   /// Another clip comes: what was on its way is let go, and its labels.
   void leave();
+  /// One is on its way; a stop request ends that.
+  [[nodiscard]] bool connects() const { return step_ == Step::Connecting; }
   /// The labels of the stream that plays; a stream that has stopped in the middle is told of. Of Timer1.
   void watch();
 

@@ -191,6 +191,10 @@ void Transport::pictureClicked(PictureButton button) {
     toolbar = true;
     return;
   }
+  if (stream_.connects()) {  // its next tick ends it
+    core_.state.stopRequested = true;
+    return;
+  }
   const auto* clip = core_.clip();
   if (clip == nullptr || core_.player.PlayerIsEmpty()) return;
   if (sequencer_.waits() || core_.mode.player.clipWaits) {

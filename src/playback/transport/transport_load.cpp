@@ -65,6 +65,7 @@ void Transport::letGo() {
   monitor_.clipChanges();
   duration_->stop();
   core_.state.tips = {};
+  core_.mode.panels.Pic_DigNumbers = true;
   core_.state.stopRequested = false;
   core_.mode.player.clipWaits = false;
   ++core_.mode.panels.osdsKilled;

@@ -12,6 +12,7 @@ struct NoVideoLabel {
   std::string text;     ///< "Connecting..."; empty: the panel's own
   bool stream = false;  ///< in the colour for streams
   bool lit = false;     ///< changes as long as something is waited for
+  bool stops = false;   ///< a click on it ends the waiting
   bool operator==(const NoVideoLabel&) const = default;
 };
 
@@ -26,11 +27,10 @@ struct StreamLabels {
   bool operator==(const StreamLabels&) const = default;
 };
 
-/// Tool tips that go by the clip in hand.
+/// Tool tips of the two keys at the ends of the steps; empty: their own.
 struct TransportTips {
   std::string rewind;
   std::string advance;
-  std::string speed = "Current Playback rate";
   bool operator==(const TransportTips&) const = default;
 };
 

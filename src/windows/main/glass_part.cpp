@@ -29,6 +29,8 @@ constexpr QRectF kLamp(0, 340.5, 0, 13);
 constexpr double kLampText = 9.5;
 constexpr QRectF kRatePlace(438, 333, 46, 28);
 constexpr QRectF kLevelPlace(488, 333, 32, 28);
+constexpr QRectF kStreamPlace(432, 334.5, 108, 12.5);  // of the upper of two lines
+constexpr double kStreamChipInset = 20;
 constexpr QRectF kDigitsKey(164, 333, 126, 28);
 constexpr QRectF kLevelKey(488, 333, 56, 28);
 constexpr std::array kDividers = {431.5, 486.5};
@@ -42,10 +44,12 @@ struct Lamp {
 
 }  // namespace
 
-GlassPart::GlassPart(const DisplayState& state, const MenuState& lamps, const Acts& acts, QWidget* parent)
+GlassPart::GlassPart(const MainWindowState& state, const Acts& acts, QWidget* parent)
     : QWidget(parent),
-      state_(state),
-      lamps_(lamps),
+      state_(state.display),
+      lamps_(state.menu),
+      stream_(state.transport.stream),
+      panels_(state.mode.panels),
       digits_(made<KeyLabel>(tr("Direct Positioner"), this)),
       rate_(made<KeyLabel>(tr("Current Playback rate"), this)),
       level_(made<KeyLabel>(tr("Output Level"), this)) {
@@ -68,7 +72,7 @@ void GlassPart::layOut(const FaceScale& scale) {
 }
 
 void GlassPart::draw(Rgb colour) {
-  std::pair now(state_, lamps_);
+  Drawn now{state_, lamps_, stream_, digitsLit(), showsStream()};
   if (drawn_ == now && colour == colour_) return;
   drawn_ = std::move(now);
   colour_ = colour;
@@ -76,20 +80,35 @@ void GlassPart::draw(Rgb colour) {
   update();
 }
 
+bool GlassPart::digitsLit() const { return panels_.Pic_DigNumbers && !state_.digits.empty(); }
+
+bool GlassPart::showsStream() const { return panels_.Lbl_StreamInfo.visible && stream_.Lbl_StreamInfo; }
+
 void GlassPart::describe() {
-  digits_->setEnabled(!state_.digits.empty());
+  digits_->setEnabled(digitsLit());
   digits_->setToolTip(plainTip(state_.digitsTip));
-  digits_->setAccessibleDescription(shown(state_.digits));
+  digits_->setAccessibleDescription(digitsLit() ? shown(state_.digits) : QString());
   rate_->setEnabled(!state_.rate.empty());
   rate_->setAccessibleDescription(shown(state_.rate));
   level_->setEnabled(state_.sound);
   QStringList told;
-  if (!state_.digits.empty()) told << shown(state_.digits);
+  if (digitsLit()) told << shown(state_.digits);
   if (lamps_.mnu_Looping) told << tr("loops");
   if (lamps_.mnu_RewAtEnd) told << tr("rewinds at the end");
   if (lamps_.mnu_LoopCol) told << tr("repeats all clips");
   if (!state_.rate.empty()) told << tr("rate %1").arg(shown(state_.rate));
   if (state_.sound) told << tr("volume %1 per cent").arg(state_.volume);
+  rate_->setVisible(!showsStream());
+  level_->setVisible(!showsStream());
+  QStringList stream;
+  if (showsStream()) {
+    for (const auto& text : {stream_.title, stream_.bandwidth, stream_.progress}) {
+      if (!text.empty()) stream << shown(text);
+    }
+    if (stream_.buffer) stream << tr("Buffering");
+    told << stream;
+  }
+  setToolTip(plainTip(stream.join("\n").toStdString()));
   setAccessibleName(tr("Display"));
   setAccessibleDescription(told.join(", "));
 }
@@ -108,15 +127,16 @@ void GlassPart::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRoundedRect(QRectF(glass.left(), glass.top(), glass.width(), glass.height() / 2.0), radius,
                           radius);
   drawDigits(painter);
-  if (state_.rate.empty() && !state_.sound && state_.digits.empty()) return;  // no clip is in hand
+  if (state_.rate.empty() && !state_.sound && state_.digits.empty() && !showsStream())
+    return;  // no clip is in hand
   drawLamps(painter);
-  drawRateAndLevel(painter);
+  showsStream() ? drawStream(painter) : drawRateAndLevel(painter);
 }
 
 void GlassPart::drawDigits(QPainter& painter) const {
   const QPointF at = placedIn(*this, scale_, {kDigits, QSizeF(1, 1)}).topLeft();
   const double height = kDigitHeight * scale_.size();
-  const bool lit = !state_.digits.empty();
+  const bool lit = digitsLit();
   kvo::drawDigits(painter, at, height, lit ? shown(state_.digits) : kUnlitDigits,
                   lit ? token("tealHi") : token("unlit"));
 }
@@ -168,6 +188,27 @@ void GlassPart::drawRateAndLevel(QPainter& painter) const {
   const auto place = placedIn(*this, scale_, kLoudspeaker);
   painter.drawPixmap(place.topLeft(), iconPicture(off ? "mute" : "vol", off ? token("amber") : token("text2"),
                                                   place.width(), devicePixelRatio()));
+}
+
+// What comes in above, what it is below. While it runs low a chip says so in place of the title, and flashes.
+void GlassPart::drawStream(QPainter& painter) const {
+  painter.setFont(scale_.text(kLampText, QFont::DemiBold));
+  painter.setPen(toColour(colour_));
+  const auto line = [&](const QRectF& units, const std::string& text) {
+    const auto box = placedIn(*this, scale_, units);
+    painter.drawText(
+        box, Qt::AlignCenter,
+        QFontMetricsF(painter.font(), this).elidedText(shown(text), Qt::ElideRight, box.width()));
+  };
+  line(kStreamPlace, stream_.progress.empty() ? stream_.bandwidth : stream_.progress);
+  const auto below = kStreamPlace.translated(0, kStreamPlace.height());
+  painter.setPen(toColour(token("text2")));
+  if (!stream_.buffer) return line(below, stream_.title);
+  const auto chip = placedIn(*this, scale_, below.adjusted(kStreamChipInset, 0, -kStreamChipInset, 0));
+  painter.setPen(QPen(toColour(token("amber")), scale_.hairline()));
+  painter.setBrush(stream_.bufferLit ? toColour(token("amberLo")) : QColor(Qt::transparent));
+  painter.drawRoundedRect(onPixels(chip), 3 * scale_.size(), 3 * scale_.size());
+  painter.drawText(chip, Qt::AlignCenter, tr("Buffering"));
 }
 
 }  // namespace kvo

@@ -1,4 +1,5 @@
-// The display: big digits, the lamps LOOP, REWIND and ALL, rate and level, behind glass.
+// The display: big digits, the lamps LOOP, REWIND and ALL, rate and level, behind glass. A stream that plays
+// has its labels in place of rate and level.
 #pragma once
 
 #include "program/main_window_state.h"
@@ -22,7 +23,7 @@ class GlassPart : public QWidget {
   struct Acts {
     std::function<void()> digits, rate, level;
   };
-  GlassPart(const DisplayState& state, const MenuState& lamps, const Acts& acts, QWidget* parent);
+  GlassPart(const MainWindowState& state, const Acts& acts, QWidget* parent);
 
   void layOut(const FaceScale& scale);
   /// `colour` is that of values.
@@ -38,15 +39,29 @@ class GlassPart : public QWidget {
   void drawDigits(QPainter& painter) const;
   void drawLamps(QPainter& painter) const;
   void drawRateAndLevel(QPainter& painter) const;
+  void drawStream(QPainter& painter) const;
+  [[nodiscard]] bool digitsLit() const;
+  [[nodiscard]] bool showsStream() const;
 
   const DisplayState& state_;
   const MenuState& lamps_;
+  const StreamLabels& stream_;
+  const PanelsState& panels_;
   KeyLabel* digits_;
   KeyLabel* rate_;
   KeyLabel* level_;
   FaceScale scale_;
   Rgb colour_ = token("detail");
-  std::optional<std::pair<DisplayState, MenuState>> drawn_;
+
+  struct Drawn {
+    DisplayState state;
+    MenuState lamps;
+    StreamLabels stream;
+    bool digits;
+    bool showsStream;
+    bool operator==(const Drawn&) const = default;
+  };
+  std::optional<Drawn> drawn_;
 };
 
 }  // namespace kvo

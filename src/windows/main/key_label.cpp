@@ -27,8 +27,14 @@ QPixmap laidOver(const QPixmap& picture, QColor colour, double part) {
 
 KeyLabel::KeyLabel(const QString& name, QWidget* parent) : HoverKey(parent) {
   setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard where it is
+  setName(name);
+}
+
+void KeyLabel::setName(const QString& name) {
+  if (name == accessibleName()) return;
   setAccessibleName(name);
   setToolTip(name);
+  if (!accessibleDescription().isEmpty()) describe();
 }
 
 void KeyLabel::setPicture(const QPixmap& picture, const QRect& part) {

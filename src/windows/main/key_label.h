@@ -17,6 +17,8 @@ class KeyLabel : public HoverKey {
   /// `name` is what a screen reader is told, and the tool tip unless another one is set.
   KeyLabel(const QString& name, QWidget* parent);
 
+  void setName(const QString& name);
+
   /// The key's picture as it is drawn in the face, and the part of it that the label lies on, both in logical
   /// pixels of the picture.
   void setPicture(const QPixmap& picture, const QRect& part);

@@ -3,6 +3,7 @@
 #include "ui/kvo_but.h"
 #include "ui/made.h"
 #include "windows/main/key_label.h"
+#include "windows/main/texts.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -207,6 +208,15 @@ void KeysPart::draw() {
 void KeysPart::paint(QPainter& painter) {
   for (const auto& key : state_.drawn) {
     if (key.image > 0) images_.CreateActbut(painter, key.left, key.top, key.image, scale_.size());
+  }
+}
+
+void KeysPart::setStepTips(const TransportTips& tips) {
+  for (std::size_t i = 0; i < kLabels; ++i) {
+    const auto& row = kKeyRows[i];
+    if (row.step != Step::Rew5 && row.step != Step::Adv5) continue;
+    const auto tip = plainTip(row.step == Step::Rew5 ? tips.rewind : tips.advance);
+    labels_[i]->setName(tip.isEmpty() ? keyName(row.name) : tip);
   }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "playback/buttons_state.h"
+#include "playback/transport/transport_state.h"
 #include "ui/image_list.h"
 #include "windows/main/face_scale.h"
 #include "windows/main/step_acts.h"
@@ -36,6 +37,8 @@ class KeysPart {
   /// Draws the keys into the face.
   void paint(QPainter& painter);
 
+  /// Tips of the keys at the ends of the steps.
+  void setStepTips(const TransportTips& tips);
   /// The tip of the key that goes to Free Zoom.
   void setMiniTip(const QString& tip);
   /// Where the picture of the volume knob stands, in pixels of the face.

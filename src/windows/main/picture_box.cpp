@@ -24,6 +24,10 @@ constexpr int kMostSignText = 24;
 
 }  // namespace
 
+bool showsLabel(const MainWindowState& state) {
+  return state.mode.panels.Pic_NoVid && !state.transport.lbl_Novid.text.empty();
+}
+
 PictureBox::PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent)
     : QWidget(parent), state_(state), pictures_(pictures) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -39,6 +43,12 @@ const ClipRow* PictureBox::row() const {
 PictureBox::Sign PictureBox::sign() const {
   const auto* clip = row();
   if (clip == nullptr) return {};
+  if (showsLabel(state_)) {
+    const auto& label = state_.transport.lbl_Novid;
+    const auto plain = label.stream ? token("teal") : token("text2");
+    return {"globe", shown(label.text), label.lit ? token("text1") : plain,
+            label.stops ? tr("Click to stop") : QString()};
+  }
   switch (clip->kind) {
     case ClipKind::Sound:
       return {"music", tr("Sound")};
@@ -67,6 +77,7 @@ void PictureBox::draw() {
   if (now == drawn_) return;
   drawn_ = now;
   setAccessibleName(now.icon == nullptr ? tr("Picture") : now.text);
+  setAccessibleDescription(now.act);
   setToolTip(state_.picture.picture == nullptr ? plainTip(state_.picture.fault) : QString());
   update();
 }
@@ -149,9 +160,13 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   auto font = painter.font();
   font.setPixelSize(std::clamp(side * 2 / 5, kLeastSignText, kMostSignText));
   painter.setFont(font);
+  painter.setPen(toColour(drawn_.colour));
+  QRect line(0, corner.y() + side + kSignTextGap, width(), painter.fontMetrics().height());
+  painter.drawText(line, Qt::AlignCenter,
+                   painter.fontMetrics().elidedText(drawn_.text, Qt::ElideRight, width()));
+  line.translate(0, line.height());
   painter.setPen(toColour(token("text3")));
-  painter.drawText(QRect(0, corner.y() + side + kSignTextGap, width(), height()),
-                   Qt::AlignHCenter | Qt::AlignTop, drawn_.text);
+  painter.drawText(line, Qt::AlignCenter, drawn_.act);
 }
 
 }  // namespace kvo

@@ -3,6 +3,7 @@
 
 #include "program/clip_picture.h"
 #include "program/main_window_state.h"
+#include "ui/tokens.h"
 #include "windows/main/video_surface.h"
 
 #include <QCoreApplication>
@@ -15,6 +16,9 @@
 namespace kvo {
 
 class ResumeChip;
+
+/// The no-video label stands in the picture's place.
+[[nodiscard]] bool showsLabel(const MainWindowState& state);
 
 class PictureBox : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::PictureBox)
@@ -48,6 +52,8 @@ class PictureBox : public QWidget {
   struct Sign {
     const char* icon = nullptr;  ///< null for none
     QString text{};
+    Rgb colour = token("text3");  ///< of the text
+    QString act{};                ///< what a click on it does, in a line of its own
     bool operator==(const Sign&) const = default;
   };
 

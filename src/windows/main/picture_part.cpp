@@ -37,13 +37,14 @@ void ChipsPart::layOut(const FaceScale& scale) {
 
 void ChipsPart::draw() {
   const auto& panels = state_.mode.panels;
-  if (drawn_ == state_.details.chips && animDrawn_ == panels.Label2 && animOnDrawn_ == panels.Label2On)
-    return;
+  const bool anim = panels.Label2.visible && state_.mode.Med_AudAnim.visible;
+  if (drawn_ == state_.details.chips && animDrawn_ == anim && animOnDrawn_ == panels.Label2On) return;
   drawn_ = state_.details.chips;
-  animDrawn_ = panels.Label2;
+  animDrawn_ = anim;
   animOnDrawn_ = panels.Label2On;
   QStringList told;
   for (const auto& chip : drawn_) told << shown(chip);
+  if (anim) told << (panels.Label2On ? "Anim ON" : "Anim OFF");
   setAccessibleName(told.join(", "));
   update();
 }
@@ -54,7 +55,7 @@ void ChipsPart::paintEvent(QPaintEvent* /*event*/) {
   const auto font = scale_.text(kChipText, QFont::Medium);
   painter.setFont(font);
   const double radius = kChipHeight / 2 * scale_.size();
-  const double end = animDrawn_.visible ? kAnimChip.left() - kChipGap : kChips.right();
+  const double end = animDrawn_ ? kAnimChip.left() - kChipGap : kChips.right();
   double left = kChips.left();
   for (const auto& chip : drawn_) {
     const auto text = shown(chip);
@@ -68,7 +69,7 @@ void ChipsPart::paintEvent(QPaintEvent* /*event*/) {
     painter.drawText(box, Qt::AlignCenter, text);
     left += width + kChipGap;
   }
-  if (animDrawn_.visible) drawAnim(painter);
+  if (animDrawn_) drawAnim(painter);
 }
 
 void ChipsPart::drawAnim(QPainter& painter) const {

@@ -25,7 +25,7 @@ class ChipsPart : public QWidget {
   const MainWindowState& state_;
   FaceScale scale_;
   std::vector<std::string> drawn_;
-  Control animDrawn_;
+  bool animDrawn_ = false;
   bool animOnDrawn_ = false;
 };
 

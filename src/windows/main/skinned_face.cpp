@@ -136,7 +136,7 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
   hover_ = made<HoverPart>(state_.hover, this);
   glass_ =
-      made<GlassPart>(state_.display, state_.menu,
+      made<GlassPart>(state_,
                       GlassPart::Acts{act([this] { logic_.positions.positioner.Pic_DigNumbers_Click(); }),
                                       act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
                                       act([this] { logic_.positions.levels.showLevel(); })},
@@ -242,6 +242,7 @@ void SkinnedFace::drawParts() {
   empty_->draw();
   empty_->setEnabled(state_.face.controlsEnabled);
   loading_->draw();
+  keys_->setStepTips(state_.transport.tips);
   keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
 }
 
@@ -259,7 +260,9 @@ void SkinnedFace::showParts() {
   // The intro plays while there is no list yet.
   const auto& player = state_.mode.player;
   const bool intro = !state_.list.visible && player.visible && !player.path.empty() && !loading;
-  showPart(*largePicture_, (any && !details) || intro);
+  // So does what is told of a stream while it comes.
+  const bool comes = !state_.list.visible && !state_.emptyPane.visible && showsLabel(state_) && !loading;
+  showPart(*largePicture_, (any && !details) || intro || comes);
   showPart(*collection_, any && panels.CollDets);
   showPart(*position_, any && panels.CollDets);
   showPart(*details_, details);

@@ -128,6 +128,14 @@ bool ToolbarPart::isLit(HitLabel label) const {
   }
 }
 
+QString ToolbarPart::tipOf(HitLabel label) const {
+  const auto step = stepOf(label);
+  if (step != Step::Rew5 && step != Step::Adv5) return plainTip(state_.mode.toolbar[label].toolTip);
+  const auto& tips = state_.transport.tips;
+  const auto tip = plainTip(step == Step::Rew5 ? tips.rewind : tips.advance);
+  return tip.isEmpty() ? tr(kTools[static_cast<std::size_t>(label)].name) : tip;
+}
+
 void ToolbarPart::draw() {
   for (std::size_t i = 0; i < kHitLabels; ++i) {
     const auto label = static_cast<HitLabel>(i);
@@ -136,7 +144,7 @@ void ToolbarPart::draw() {
     key.setVisible(place.visible);
     key.setGeometry(pixels(place.left), scale_.at(kLabelTop), pixels(place.width), scale_.at(kLabelHigh));
     key.setLit(isLit(label));
-    const auto tip = plainTip(place.toolTip);
+    const auto tip = tipOf(label);
     if (!tip.isEmpty() && key.toolTip() != tip) {
       key.setToolTip(tip);
       key.setAccessibleName(tip);

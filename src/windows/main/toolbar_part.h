@@ -43,6 +43,7 @@ class ToolbarPart : public QWidget {
  private:
   [[nodiscard]] int pixels(Twips twips) const;
   [[nodiscard]] bool isLit(HitLabel label) const;
+  [[nodiscard]] QString tipOf(HitLabel label) const;
   void placeHandle();
   void connectHandle();
 
