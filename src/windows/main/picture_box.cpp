@@ -141,6 +141,9 @@ void PictureBox::resizeEvent(QResizeEvent* /*event*/) {
   draw();
 }
 
+// Out of sight it has not drawn what has come meanwhile.
+void PictureBox::showEvent(QShowEvent* /*event*/) { draw(); }
+
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::black);
