@@ -23,7 +23,7 @@ std::string captionFileBeside(const Files& files, const std::string& clip) {
   if (name.empty() || isAddress(clip)) return {};
   const auto stem = clip.substr(0, clip.size() - name.size() + std::min(name.rfind('.'), name.size()));
   for (const auto* ending : kCaptionEndings) {
-    const auto file = nameInAnyCase(stem + ending);
+    auto file = nameInAnyCase(stem + ending);
     if (file != clip && files.exists(file)) return file;
   }
   return {};

@@ -36,7 +36,7 @@ std::string coverOf(const Files& files, const Movie& clip) {
   if (clip.IsStill()) return clipFile(clip);
   if (kindOf(clip) != ClipKind::Sound || isAddress(clip.MovieName())) return {};
   for (const auto* name : kCoverNames) {
-    const auto path = nameInAnyCase(withSeparator(clip.Path()) + name);
+    auto path = nameInAnyCase(withSeparator(clip.Path()) + name);
     if (files.exists(path)) return path;
   }
   return {};

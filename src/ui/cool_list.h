@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -89,7 +90,7 @@ class CoolList {
     std::function<void(int index)> Edited;    ///< the user has given this item another text
   };
 
-  explicit CoolList(CoolListProperties properties = {}) : properties_(properties) {}
+  explicit CoolList(CoolListProperties properties = {}) : properties_(std::move(properties)) {}
 
   Events events;
 

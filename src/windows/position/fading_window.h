@@ -13,7 +13,7 @@ namespace kvo {
 
 class LevelLights;
 
-class FadingWindow : public Floating {
+class FadingWindow final : public Floating {
  public:
   /// `set` is told of the light that was clicked, 1 to 10, or a tick of the wheel up or down from there; an
   /// empty one makes it a display alone.

@@ -39,6 +39,7 @@ FrmPosition::FrmPosition(const PositionerState& state, Positioner& positioner, s
       title_(made<QLabel>(tr("Direct Positioner"), this)),
       digits_(made<PositionDigits>(state, positioner, acted_, this)),
       refusal_(made<QLabel>(this)) {
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the window owns what drags it
   made<FaceDrag>(*this);
   setWindowTitle(tr("Direct Positioner"));
   title_->setAlignment(Qt::AlignCenter);
@@ -57,20 +58,20 @@ void FrmPosition::act(const std::function<void()>& work) {
 
 void FrmPosition::makeChoices() {
   const std::array whatto = {tr("Position Directly"), tr("Set Markout Point"), tr("Set MarkIn Point")};
-  auto* choices = made<QButtonGroup>(this);
+  choices_ = made<QButtonGroup>(this);
   for (std::size_t i = 0; i < whatto_.size(); ++i) {
     whatto_[i] = made<QRadioButton>(whatto[i], this);
-    choices->addButton(whatto_[i]);
+    choices_->addButton(whatto_[i]);
     connect(whatto_[i], &QAbstractButton::clicked,
             [this, i] { act([&] { positioner_.choose(static_cast<Whatto>(i)); }); });
   }
   const std::array increment = {tr("10ths"), tr("100ths"), tr("1000ths"), tr("Frames")};
-  auto* steps = made<QButtonGroup>(this);
+  stepSizes_ = made<QButtonGroup>(this);
   for (std::size_t i = 0; i < increment_.size(); ++i) {
     increment_[i] = made<QPushButton>(increment[i], this);
     increment_[i]->setCheckable(true);
     increment_[i]->setStyleSheet("padding: 0;");
-    steps->addButton(increment_[i]);
+    stepSizes_->addButton(increment_[i]);
     connect(increment_[i], &QAbstractButton::clicked,
             [this, i] { act([&] { positioner_.choose(static_cast<Increment>(i)); }); });
   }

@@ -9,13 +9,14 @@
 #include <functional>
 
 class QAbstractButton;
+class QButtonGroup;
 class QLabel;
 
 namespace kvo {
 
 class PositionDigits;
 
-class FrmPosition : public Floating {
+class FrmPosition final : public Floating {
   Q_DECLARE_TR_FUNCTIONS(kvo::FrmPosition)
 
  public:
@@ -42,6 +43,8 @@ class FrmPosition : public Floating {
   QAbstractButton* close_ = nullptr;
   PositionDigits* digits_;
   QLabel* refusal_;
+  QButtonGroup* choices_ = nullptr;
+  QButtonGroup* stepSizes_ = nullptr;
   std::array<QAbstractButton*, 3> whatto_{};
   std::array<QAbstractButton*, 4> increment_{};
   std::array<QAbstractButton*, 4> steps_{};
