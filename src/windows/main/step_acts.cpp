@@ -3,7 +3,6 @@
 #include "playback/positions/stepping.h"
 
 #include <QAbstractButton>
-#include <utility>
 
 namespace kvo {
 
@@ -16,7 +15,7 @@ void StepActs::serve(QAbstractButton& key, Step which) const {
   QObject::connect(&key, &QWidget::customContextMenuRequested, [act = right, which] { act(which); });
 }
 
-StepActs stepActs(Stepping& stepping, std::function<void()> acted) {
+StepActs stepActs(Stepping& stepping, const std::function<void()>& acted) {
   return {.press =
               [&stepping, acted](Step which) {
                 stepping.press(which);

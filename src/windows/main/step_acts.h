@@ -21,6 +21,6 @@ struct StepActs {
 class Stepping;
 
 /// Those of `stepping`, with `acted` behind each.
-StepActs stepActs(Stepping& stepping, std::function<void()> acted);
+StepActs stepActs(Stepping& stepping, const std::function<void()>& acted);
 
 }  // namespace kvo
