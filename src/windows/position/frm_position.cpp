@@ -39,8 +39,8 @@ FrmPosition::FrmPosition(const PositionerState& state, Positioner& positioner, s
       title_(made<QLabel>(tr("Direct Positioner"), this)),
       digits_(made<PositionDigits>(state, positioner, acted_, this)),
       refusal_(made<QLabel>(this)) {
-  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the window owns what drags it
   made<FaceDrag>(*this);
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the window owns what drags it
   setWindowTitle(tr("Direct Positioner"));
   title_->setAlignment(Qt::AlignCenter);
   title_->setProperty("role", "value");
