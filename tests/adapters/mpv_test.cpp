@@ -76,7 +76,7 @@ struct Bench {
   test::ScratchFolder folder;
   PollLoop loop;
   MediaFrameSource facts;
-  MpvLimits limits{.address = std::chrono::milliseconds(1200)};
+  MpvLimits limits{.address = std::chrono::milliseconds(2500)};  // a busy machine is slow to begin
   MpvStage stage{loop, facts, limits};
   MpvControlEngine engine{stage};
   MpvFilterGraphs graphs{stage};
