@@ -105,8 +105,6 @@ class Player {
   virtual void PlayerSetSelectionEnd(double position) = 0;
   /// Where a graph stops by itself, seconds; nothing for a negative one, or without a graph.
   virtual void ResetCoronaPlayerEnd(double seconds) = 0;
-  /// Where the graph in hand stops by itself, seconds; 0 without one.
-  [[nodiscard]] virtual double coronaStopTime() const = 0;
   /// The graph in hand stands exactly where it stops by itself; false without one.
   [[nodiscard]] virtual bool coronaAtStopTime() const = 0;
   [[nodiscard]] virtual bool canSeek() const = 0;

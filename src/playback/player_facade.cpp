@@ -49,13 +49,14 @@ EngineRoute PlayerFacade::PlayerSetFilename(const std::string& path, int index) 
     clip->IsCorona(true);
     clip->IsVFWCompat(false);
   }
-  if (!routing.corona || !openGraph(path, index)) openControl(path, index);
-  if (load == loads_) showOpened(index);
+  // While a file opens the list may get another order.
+  if (!routing.corona || !openGraph(path, clip)) openControl(path, clip);
+  if (load == loads_) showOpened(parts_.collection.MovieList.numberOf(clip));
   return routing.route;
 }
 
 // False when the other engine is to try. Something else may be in the player behind this.
-bool PlayerFacade::openGraph(const std::string& path, int index) {
+bool PlayerFacade::openGraph(const std::string& path, const Movie* of) {
   const auto load = loads_;
   CoronaClear();
   parts_.control.setFileName({});
@@ -74,6 +75,7 @@ bool PlayerFacade::openGraph(const std::string& path, int index) {
   });
   mannerOfGraph();
   state().visible = false;
+  const int index = parts_.collection.MovieList.numberOf(of);
   PlayerCoronaSetFrameRate(index);
   if (auto* clip = clipAt(index)) {
     clip->IsCorona(true);
@@ -83,11 +85,11 @@ bool PlayerFacade::openGraph(const std::string& path, int index) {
   return true;
 }
 
-void PlayerFacade::openControl(const std::string& path, int index) {
+void PlayerFacade::openControl(const std::string& path, const Movie* of) {
   const auto load = loads_;
   CoronaClear();
   parts_.control.setFileName(path);
-  auto* clip = clipAt(index);
+  auto* clip = clipAt(parts_.collection.MovieList.numberOf(of));
   if (load != loads_ || clip == nullptr) return;
   auto rate = rateByRecord(*clip);
   if (rate <= 0 && hasPicture()) rate = rateByFacts(parts_.streams.facts(path));
@@ -112,7 +114,6 @@ void PlayerFacade::showOpened(int index) {
 
 void PlayerFacade::PlayerClear() {
   ++loads_;
-  for (auto* companion : companions_) companion->playerClears();
   if (!usingCorona_) parts_.control.setFileName({});
   CoronaClear();
   usingCorona_ = false;

@@ -39,19 +39,6 @@ class PlayerHost {
   [[nodiscard]] virtual bool rateWindowShows() const = 0;
 };
 
-/// Who goes along with what plays: the wave below the picture, the editor's position.
-class PlayCompanion {
- public:
-  PlayCompanion() = default;
-  PlayCompanion(const PlayCompanion&) = delete;
-  PlayCompanion& operator=(const PlayCompanion&) = delete;
-  virtual ~PlayCompanion() = default;
-
-  virtual void playBegins() = 0;
-  /// The player is being emptied.
-  virtual void playerClears() = 0;
-};
-
 class PlayerFacade : public Player {
  public:
   struct Parts {
@@ -67,9 +54,6 @@ class PlayerFacade : public Player {
   };
   /// All outlive the player.
   explicit PlayerFacade(const Parts& parts) : parts_(parts) {}
-
-  /// Those who hear of it from now on; they outlive the player.
-  void accompany(PlayCompanion& companion) { companions_.push_back(&companion); }
 
   EngineRoute PlayerSetFilename(const std::string& path, int index) override;
   void PlayerClear() override;
@@ -106,7 +90,6 @@ class PlayerFacade : public Player {
   [[nodiscard]] double PlayerGetSelectionEnd() const override;
   void PlayerSetSelectionEnd(double position) override;
   void ResetCoronaPlayerEnd(double seconds) override;
-  [[nodiscard]] double coronaStopTime() const override { return graph_ ? graph_->stopTime() : 0; }
   [[nodiscard]] bool coronaAtStopTime() const override;
   [[nodiscard]] bool canSeek() const override { return engine().canSeek(); }
   double PlayerCoronaGetFrameRate(int index) override;
@@ -151,8 +134,8 @@ class PlayerFacade : public Player {
     bool captions = false;
   };
 
-  bool openGraph(const std::string& path, int index);
-  void openControl(const std::string& path, int index);
+  bool openGraph(const std::string& path, const Movie* of);
+  void openControl(const std::string& path, const Movie* of);
   void showOpened(int index);
   void PlayerCoronaSetFrameRate(int index);
   void mannerOfGraph();
@@ -178,7 +161,6 @@ class PlayerFacade : public Player {
   [[nodiscard]] const Place& place() const { return parts_.mode.player.place; }
 
   Parts parts_;
-  std::vector<PlayCompanion*> companions_;
   bool usingCorona_ = false;
   std::string CurrentClipPath_;
   std::unique_ptr<FilterGraph> graph_;  // none between clips, and while the other engine plays

@@ -23,7 +23,6 @@ bool isMpegByName(const std::string& path) {
 
 void PlayerFacade::GlobalMediaPlay() {
   if (PlayerIsEmpty()) return;
-  for (auto* companion : companions_) companion->playBegins();
   tellDriven();
   graph_ ? playGraph() : playControl();
   state().IsPlaying = true;

@@ -57,8 +57,6 @@ class ControlEngine : public MediaEngine {
 
   /// Heard on the program's thread: the section has been played as often as told.
   virtual void whenEndOfStream(std::function<void()> heard) = 0;
-  /// Heard on the program's thread: opening(), a length or the tracks are others now.
-  virtual void whenChanged(std::function<void()> heard) = 0;
 };
 
 }  // namespace kvo

@@ -149,6 +149,7 @@ void OutsideControls::previous() {
 }
 
 void OutsideControls::goTo(double seconds) {
+  if (parts_.window.mode.player.clipWaits) return;  // what is in the player is the clip before
   goToSeconds(parts_.player, seconds, parts_.window.mode.player.IsPlaying);
 }
 

@@ -334,6 +334,11 @@ TEST(Player, TheLastLoadCountsWhenOpeningLetsAnotherIn) {
   EXPECT_EQ(b.player.PlayerGetFileName(), "/v/b.mp4");
   EXPECT_EQ(b.mode.player.path, "/v/b.mp4");
   EXPECT_EQ(b.graphs.graph, nullptr);
+  b.graphs.whileOpening = [&] { b.collection.MovieList.arrange({2, 1}); };
+  b.open(1);
+  EXPECT_EQ(b.mode.player.clip, 2) << "the clip keeps its record in another order of the list";
+  EXPECT_TRUE(b.collection.MovieList[2].IsCorona() && !b.collection.MovieList[1].IsCorona());
+  b.collection.MovieList.arrange({2, 1});
   b.graphs.whileOpening = [&] { b.player.Med_previewClear(); };
   b.open(1);
   EXPECT_TRUE(b.player.PlayerIsEmpty() && b.graphs.graph == nullptr && b.mode.player.place.parked());

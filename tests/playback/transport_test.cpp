@@ -385,6 +385,21 @@ TEST(Transport, StillsGoOnOverTheWholeScreenAlone) {
   }
 }
 
+TEST(Transport, AFileThatCannotBePlayedIsToldInThePicturesPlace) {
+  TransportBench b;
+  b.add("gone.avi", 0);
+  b.add("broken.avi", 0);
+  b.add("a.avi");
+  b.files.all["/v/broken.avi"] = "x";
+  const std::pair<int, std::string> rows[] = {
+      {1, "gone.avi is not there any more"}, {2, "broken.avi cannot be played"}, {3, ""}};
+  for (const auto& [number, told] : rows) {
+    b.transport.PreviewMovie(number);
+    EXPECT_EQ(b.state.lbl_Novid.text, told);
+    EXPECT_EQ(b.player.PlayerIsEmpty(), !told.empty());
+  }
+}
+
 TEST(Transport, AStreamComesInStepByStep) {
   TransportBench b;
   b.add("http://radio.example/live", 30);

@@ -227,7 +227,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
     buffered = perCent;
     error_ = why;
     if (how == EngineOpening::Failed) name_.clear();
-    if (changed_) changed_();
   }
   [[nodiscard]] EngineOpening opening() const override { return opening_; }
   [[nodiscard]] int bufferingProgress() const override { return buffered; }
@@ -248,7 +247,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   [[nodiscard]] std::string mediaAuthor() const override { return author; }
   [[nodiscard]] int bandwidth() const override { return bits; }
   void whenEndOfStream(std::function<void()> heard) override { endHeard_ = std::move(heard); }
-  void whenChanged(std::function<void()> heard) override { changed_ = std::move(heard); }
 
  private:
   [[nodiscard]] bool open() const override { return opening_ == EngineOpening::Open; }
@@ -271,7 +269,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   double end_ = 0;
   int played_ = 0;  // times of playCount
   std::function<void()> endHeard_;
-  std::function<void()> changed_;
 };
 
 class FakeGraph : public FakeEngine<FilterGraph> {

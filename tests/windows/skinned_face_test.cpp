@@ -440,6 +440,7 @@ TEST(SkinnedFace, TheKnobTurnsTheVolume) {
 TEST(SkinnedFace, ThePictureComesByItselfAndSoundHasASign) {
   FaceBench b;
   b.collection.MovieList[2].MovieName("b.mp3");
+  b.engineFiles["/v/b.mp3"] = {};
   b.list.fill();
   b.waitForPicture();
   auto& box = b.at("Picture");

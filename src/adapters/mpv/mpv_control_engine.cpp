@@ -40,7 +40,6 @@ void MpvControlEngine::fileChanged() {
     fault_ = file()->fault();
     hold(nullptr);
   }
-  if (changed_) changed_();
 }
 
 void MpvControlEngine::opened() {

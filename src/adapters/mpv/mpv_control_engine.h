@@ -39,7 +39,6 @@ class MpvControlEngine : public MpvEngine<ControlEngine> {
   [[nodiscard]] int bandwidth() const override { return file() ? file()->bandwidth() : 0; }
 
   void whenEndOfStream(std::function<void()> heard) override { endOfStream_ = std::move(heard); }
-  void whenChanged(std::function<void()> heard) override { changed_ = std::move(heard); }
 
  private:
   void sectionEnded();
@@ -55,7 +54,6 @@ class MpvControlEngine : public MpvEngine<ControlEngine> {
   bool autoStart_ = false;
   bool isOpen_ = false;  // what is to be done behind the opening has been done
   std::function<void()> endOfStream_;
-  std::function<void()> changed_;
 };
 
 }  // namespace kvo

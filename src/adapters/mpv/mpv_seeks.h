@@ -29,11 +29,6 @@ class MpvSeeks {
   void reachBack() { reach_ = 1; }
   /// The picture so many further than what is shown when all wishes before are carried out.
   void wantStep(int direction) { steps_ += direction; }
-  /// What is wanted is so no more.
-  void forget() {
-    wish_.reset();
-    steps_ = 0;
-  }
   /// True when the picture at `seconds` is the one that begins at `shown`.
   [[nodiscard]] bool isShown(double seconds, double shown) const;
 

@@ -6,6 +6,7 @@
 #include "core/records/settings.h"
 #include "core/records/small_records.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <iterator>
@@ -28,6 +29,13 @@ class RecordList {
   /// Number 1 to count().
   Record& operator[](int number) { return *records_[static_cast<std::size_t>(number - 1)]; }
   const Record& operator[](int number) const { return *records_[static_cast<std::size_t>(number - 1)]; }
+
+  /// 0 for none of the list; the record may be gone.
+  [[nodiscard]] int numberOf(const Record* record) const {
+    const auto found = std::find_if(records_.begin(), records_.end(),
+                                    [&](const auto& kept) { return kept.get() == record; });
+    return found == records_.end() ? 0 : static_cast<int>(found - records_.begin()) + 1;
+  }
 
   Record& add(Record record) { return *records_.emplace_back(std::make_unique<Record>(std::move(record))); }
   void remove(int number) { records_.erase(records_.begin() + (number - 1)); }

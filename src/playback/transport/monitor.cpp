@@ -54,16 +54,7 @@ void Monitor::watchGraph() {
   auto& player = core_.player;
   if (!player.UsingCorona()) return;
   if (player.coronaAtStopTime()) return graphAtEnd();
-  if (!player.coronaAtStopTime()) {  // it runs meanwhile
-    endTold_ = false;
-    return;
-  }
-  if (core_.order().mnu_RewAtEnd) {
-    player.PlayerPause();
-    core_.state.command = SequencerCommand::Redo;
-  } else if (core_.icurMov() < core_.collection.MovieList.count()) {
-    sequencer_.EndOfStream();
-  }
+  endTold_ = false;
 }
 
 void Monitor::graphAtEnd() {

@@ -68,6 +68,7 @@ class Transport : public TransportCommands {
   void fileLoaded();
   void played(int number);
   void settle();
+  void tellOfFile(const Movie& clip);
   void takeSourceSize(Movie& clip);
   void autoRewind();
   void openNextAhead();

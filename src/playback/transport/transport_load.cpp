@@ -182,9 +182,18 @@ void Transport::fileLoaded() {
   player.PlayerShow();
   core_.display.PositionAndSize();
   core_.host.Displaymovieinfo(number);
+  if (player.PlayerIsEmpty()) tellOfFile(clip);
   if (!core_.mode.player.IsPaused && kindOfFile(clip) != "WAV" && !player.PlayerIsEmpty())
     player.GlobalMediaPlay();
   played(number);
+}
+
+// In the picture's place: a box for each of many would be in the way.
+void Transport::tellOfFile(const Movie& clip) {
+  const bool there = core_.files.exists(clipFile(clip));
+  core_.state.lbl_Novid = {.text =
+                               clip.MovieName() + (there ? " cannot be played" : " is not there any more")};
+  core_.mode.panels.Pic_NoVid = true;
 }
 
 void Transport::takeSourceSize(Movie& clip) {
@@ -207,6 +216,7 @@ void Transport::played(int number) {
   auto& timers = core_.timers;
   if (core_.guests.wave != nullptr) core_.guests.wave->clipLoaded(number);
   timers.Timer1.start();
+  timers.Timer5.setInterval(core_.settings.user.SliderSpeed);
   timers.Timer5.start();
   timers.Timer6.start();
   const bool paused = core_.mode.player.IsPaused;

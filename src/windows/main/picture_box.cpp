@@ -46,7 +46,7 @@ PictureBox::Sign PictureBox::sign() const {
   if (showsLabel(state_)) {
     const auto& label = state_.transport.lbl_Novid;
     const auto plain = label.stream ? token("teal") : token("text2");
-    return {"globe", shown(label.text), label.lit ? token("text1") : plain,
+    return {label.stream ? "globe" : "warn", shown(label.text), label.lit ? token("text1") : plain,
             label.stops ? tr("Click to stop") : QString()};
   }
   switch (clip->kind) {

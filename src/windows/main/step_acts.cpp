@@ -10,7 +10,10 @@ void StepActs::serve(QAbstractButton& key, Step which) const {
   if (!release) return;
   QObject::connect(&key, &QAbstractButton::pressed, [act = press, which] { act(which); });
   QObject::connect(&key, &QAbstractButton::released, [act = release, which] { act(which); });
-  if (which != Step::Adv5 && which != Step::Rew5) return;
+  if (which != Step::Adv5 && which != Step::Rew5) {
+    key.setContextMenuPolicy(Qt::PreventContextMenu);  // that of the window would come under the hand
+    return;
+  }
   key.setContextMenuPolicy(Qt::CustomContextMenu);
   QObject::connect(&key, &QWidget::customContextMenuRequested, [act = right, which] { act(which); });
 }
