@@ -138,7 +138,12 @@ TEST(Displays, DigitsAndLabelGoByTheUnit) {
   b.positions.core.displays.UpdateDigital();
   EXPECT_EQ(b.glass.digits, "");
   b.player.PlayerClear();
-  b.positions.core.displays.showLabel();
+  b.label.clear();
+  clip.IsStill(true);
+  b.positions.core.displays.showPosition();
+  EXPECT_EQ(b.label, "") << "a still waits for nothing";
+  clip.IsStill(false);
+  b.positions.core.displays.showPosition();
   EXPECT_EQ(b.label, "Waiting for media...");
 }
 

@@ -111,7 +111,11 @@ void Displays::FrameDisplaytoTimeDisplay() {
 }
 
 void Displays::showPosition() {
-  if (parts_.player.PlayerIsEmpty()) return;
+  if (parts_.player.PlayerIsEmpty()) {
+    const auto* clip = clipInHand(parts_.collection);
+    if (clip != nullptr && !clip->IsStill() && !clip->IsHTML()) showLabel();
+    return;
+  }
   slider_.SetposAsPct(slider_.TimeAsPct(), "");
   UpdateDigital();
   showLabel();
