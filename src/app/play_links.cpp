@@ -26,6 +26,8 @@ PlayLinks::PlayLinks(const Parts& parts)
 }
 
 void PlayLinks::ordered(MenuCommand tick) {
+  if (tick == MenuCommand::mnu_SldFast || tick == MenuCommand::mnu_SldNormal)
+    return parts_.timers.Timer5.setInterval(parts_.settings.user.SliderSpeed);
   tick == MenuCommand::mnu_Looping ? transport_.mnu_Looping_Click() : transport_.orderChanged();
 }
 

@@ -173,6 +173,13 @@ Entries MainMenu::playEntries() {
       if (doors_.ordered) doors_.ordered(command);
     };
   };
+  const auto slider = [&](MenuCommand command, const char* caption, Integer milliseconds) {
+    return ticked(command, caption, user.SliderSpeed == milliseconds, true,
+                  [this, &user, command, milliseconds] {
+                    user.SliderSpeed = milliseconds;
+                    if (doors_.ordered) doors_.ordered(command);
+                  });
+  };
   return {
       ticked(MenuCommand::mnu_Looping, "&Loop clips", ticks.mnu_Looping, true,
              turn(MenuCommand::mnu_Looping, user.LoopPreviews, ticks.mnu_Looping)),
@@ -181,7 +188,9 @@ Entries MainMenu::playEntries() {
       ticked(MenuCommand::mnu_LoopCollectionsOnPlayback, "Loop Collections on play&back", ticks.mnu_LoopCol,
              true, turn(MenuCommand::mnu_LoopCollectionsOnPlayback, user.LoopCol, ticks.mnu_LoopCol)),
       ticked(MenuCommand::mnu_PlayWithoutGaps, "Play &without gaps", ticks.mnu_PlayWithoutGaps, true,
-             turn(MenuCommand::mnu_PlayWithoutGaps, user.PlayWithoutGaps, ticks.mnu_PlayWithoutGaps))};
+             turn(MenuCommand::mnu_PlayWithoutGaps, user.PlayWithoutGaps, ticks.mnu_PlayWithoutGaps)),
+      slider(MenuCommand::mnu_SldFast, "Slider moves often", 200),
+      slider(MenuCommand::mnu_SldNormal, "Slider moves now and then", 500)};
 }
 
 // One that says nothing of itself goes by its number.

@@ -41,6 +41,8 @@ enum class MenuCommand {
   mnu_RewAtEnd,
   mnu_LoopCollectionsOnPlayback,
   mnu_PlayWithoutGaps,
+  mnu_SldFast,
+  mnu_SldNormal,
   SoundTrack,  ///< `which`: its number
   Subtitles,   ///< `which`: the number of the track; 0 none
   mnu_ShowCaps,

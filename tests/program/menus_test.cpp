@@ -111,6 +111,8 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 (Rewind at &End and Stop)
 [Loop Collections on play&back]
 [Play &without gaps]
+[Slider moves often]
+[+Slider moves now and then]
 -
 [Soun&d track] { [*Director (en)] [Track 2] }
 [&Subtitles] { [Track 1 (de)] [*&None] }
@@ -160,11 +162,13 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
     b.menu.choose(id);
     EXPECT_EQ(names(), after) << static_cast<int>(id.command);
   }
-  for (const auto command : {mnu_Looping, mnu_RewAtEnd, mnu_LoopCollectionsOnPlayback, mnu_StayOnTop})
+  for (const auto command :
+       {mnu_Looping, mnu_RewAtEnd, mnu_LoopCollectionsOnPlayback, mnu_SldFast, mnu_StayOnTop})
     b.menu.choose({command});
   EXPECT_EQ(b.store.all["LoopPreviews"] + b.store.all["RewAtEnd"] + b.store.all["LoopCol"], "TrueFalseTrue")
       << "what loops does not rewind";
   EXPECT_TRUE(b.window.menu.mnu_LoopCol && b.window.face.stayOnTop);
+  EXPECT_EQ(b.store.all["SliderSpeed"], "200");
   b.menu.choose({InterfaceSize, 5});
   b.menu.choose({Skin, 0});
   b.menu.choose({FreeZoom});
