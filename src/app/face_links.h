@@ -49,7 +49,6 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
   void ShapePlain() override;
   void FadBorder(const std::string& caption) override;
   void Displaymovieinfo(int number) override;
-  void EnabledMenus() override {}  // menus are made when they are opened
   void PreviewMovie(int number) override { load_(number); }
   void untickStayOnTop() override;
 

@@ -29,7 +29,6 @@ class PlayLinks : public TransportHost, public PositionsHost {
     ClipList& list;
     History& history;
     CollectionCommands& collections;
-    ListCommands& commands;
     Intro& intro;
     Mailbox& mailbox;
     FaceLinks& face;
@@ -66,7 +65,6 @@ class PlayLinks : public TransportHost, public PositionsHost {
   void Displaymovieinfo() override { parts_.list.renew(parts_.collection.icurMov); }
   void ShowSliderStuff() override { parts_.face.display().ShowSliderStuff(); }
   void EndAnim() override { parts_.face.display().EndAnim(); }
-  void setVolume(int percent) override { parts_.commands.setVolume(percent); }
 
  private:
   Parts parts_;

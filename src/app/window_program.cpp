@@ -100,13 +100,12 @@ class WindowProgram {
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
-        listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.settings,
-                      session_.collection, state_),
+        listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
+                      state_),
         web_(webModule),
         pages_([this](QWidget* parent) { return web_.makeView(parent); }),
         play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
-               pages_, network_, timers_, list_, history_, commands_, listCommands_, intro_, mailbox_,
-               links_}),
+               pages_, network_, timers_, list_, history_, commands_, intro_, mailbox_, links_}),
         menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
                skins_},
               doors()),
@@ -179,7 +178,6 @@ class WindowProgram {
         .coverScreen = [this] { links_.display().Lbl_MinMax_Click(); },
         .zoom = [this](int percent) { links_.display().ResizePercent(percent); },
         .minimumDetails = [this] { links_.display().turnDetails(); },
-        .stayOnTop = [] {},  // the window goes by the state
         .interfaceSize = [this] { links_.takeInterfaceSize(); },
         .sizeFits = [this](double size) { return links_.display().sizeFits(size); },
         .fullPicture = [this] { links_.display().mnu_DirXFullSC_Click(); },
@@ -187,7 +185,11 @@ class WindowProgram {
         .chooseTrack = [this](MediaTrack::Kind kind, int id) { links_.player().PlayerChooseTrack(kind, id); },
         .captions =
             [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); },
-        .ordered = [this](MenuCommand tick) { play_.ordered(tick); }};
+        .ordered = [this](MenuCommand tick) { play_.ordered(tick); },
+        .resetMark =
+            [this](bool in) {
+              play_.positions().marks.reset(in ? SliderHandleId::Img_MarkIn : SliderHandleId::Img_MarkOut);
+            }};
   }
 
   // As it is, and where the desktop puts it.

@@ -27,6 +27,8 @@ struct PlayerState {
   bool IsPlaying = false;
   bool IsPaused = false;   ///< by the user or between two clips
   bool clipWaits = false;  ///< the list has gone on to a clip that is not loaded yet
+  /// A clip is in it, and is not hidden.
+  [[nodiscard]] bool shows() const { return visible && !path.empty(); }
   bool operator==(const PlayerState&) const = default;
 };
 
@@ -68,8 +70,7 @@ class Player {
   [[nodiscard]] virtual bool UsingCorona() const = 0;
   /// Full path of the clip in hand, or empty.
   [[nodiscard]] virtual std::string PlayerGetFileName() const = 0;
-  [[nodiscard]] virtual std::string PlayerGetErrorDescription() const = 0;
-  /// Gets clip `index` ready in the background.
+  /// Gets clip `index` ready in the background, where it is a file that plays.
   virtual void openAhead(int index) = 0;
 
   /// Plays on from where it stands; from Mark-In when that is the end.
@@ -77,8 +78,12 @@ class Player {
   virtual void PlayerPause() = 0;
   virtual void PlayerStop() = 0;
   [[nodiscard]] virtual EngineState PlayerGetPlayState() const = 0;
+  // Of the engine of properties; a graph plays once, and its clip is sent back to Mark-In for more.
+  /// Plays before the end of the stream is told, 1 or more; kForEver for no end.
   virtual void PlayerSetPlayCount(int times) = 0;
+  /// Behind the last play it stands at the start of the section, else at its end.
   virtual void PlayerSetAutoRewind(bool on) = 0;
+  /// A file plays as soon as it is open.
   virtual void PlayerSetAutoStart(bool on) = 0;
   /// Whether texts are shown at all: those of the chosen track, or those of the caption file.
   virtual void PlayerSetShowCaptions(bool on) = 0;

@@ -23,12 +23,6 @@ double rateByFacts(const Result<StreamFacts>& facts) {
   return facts->frameRate > 0 ? facts->frameRate : kRateUntold;
 }
 
-// Only what a file is that an engine can open.
-bool isPlayedFile(const Movie& clip) {
-  return !clip.IsStill() && !clip.IsHTML() && !clip.IsTrueQT4() && !clip.IsTrueRM() && !clip.IsStream() &&
-         extensionOf(clip.MovieName()) != "CDA";
-}
-
 double rateByRecord(const Movie& clip) {
   if (clip.FrameRate() > 0) return static_cast<double>(clip.FrameRate());
   const auto frames = clip.DurationFrames().wholeNumber();
@@ -149,13 +143,9 @@ std::string PlayerFacade::PlayerGetFileName() const {
   return usingCorona_ ? CurrentClipPath_ : parts_.control.fileName();
 }
 
-std::string PlayerFacade::PlayerGetErrorDescription() const {
-  return usingCorona_ ? std::string() : parts_.control.errorDescription();
-}
-
 void PlayerFacade::openAhead(int index) {
   const auto* clip = clipAt(index);
-  if (clip == nullptr || !isPlayedFile(*clip)) return;
+  if (clip == nullptr || !isFileThatPlays(*clip) || extensionOf(clip->MovieName()) == "CDA") return;
   const auto path = clipFile(*clip);
   const auto routing = routeOf({kSystemWord, path, clip->IsCorona(), parts_.settings.user.MPEGRoutingVMR},
                                [&] { return clip->VideoCodec(); });

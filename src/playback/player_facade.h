@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/records/collection.h"
+#include "playback/clip_kinds.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/frame_count.h"
 #include "playback/player.h"
@@ -62,7 +63,6 @@ class PlayerFacade : public Player {
   void CoronaClear() override;
   [[nodiscard]] bool UsingCorona() const override { return usingCorona_; }
   [[nodiscard]] std::string PlayerGetFileName() const override;
-  [[nodiscard]] std::string PlayerGetErrorDescription() const override;
   void openAhead(int index) override;
 
   void GlobalMediaPlay() override;

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "playback/clip_kinds.h"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +16,7 @@ using Words = std::span<const std::string_view>;
 constexpr std::array<std::string_view, 4> kSystemsWithoutGraphs{"NT4", "NT3", "95", "98"};
 
 // As extensionOf gives them, with three letters at most.
-constexpr std::array<std::string_view, 3> kVideoDisc{"VOB", "IFO", "BUP"};
-constexpr std::array<std::string_view, 6> kMpegAndDisc{"PEG", "MPG", "M2P", "VOB", "IFO", "BUP"};
+constexpr std::array<std::string_view, 3> kMpeg{"PEG", "MPG", "M2P"};
 constexpr std::array<std::string_view, 11> kAskProbe{"WMV", "ASF", "WMA", "WAX", "WM", "WMP",
                                                      "WPL", "WVX", "AU",  "SND", "MPA"};
 
@@ -31,8 +31,8 @@ constexpr std::array<std::string_view, 11> kGraphWords{
 bool among(Words words, std::string_view word) { return std::ranges::find(words, word) != words.end(); }
 
 EngineRoute forced(const RoutingFacts& facts, std::string_view extension) {
-  if (among(kVideoDisc, extension)) return EngineRoute::MpegOrDvd;
-  if (facts.MPEGRoutingVMR && among(kMpegAndDisc, extension)) return EngineRoute::MpegOrDvd;
+  if (isDvdFile(facts.path)) return EngineRoute::MpegOrDvd;
+  if (facts.MPEGRoutingVMR && among(kMpeg, extension)) return EngineRoute::MpegOrDvd;
   return extension == "AVI" && facts.IsCorona ? EngineRoute::AviByCorona : EngineRoute::NotForced;
 }
 
@@ -49,15 +49,13 @@ Routing routeOf(const RoutingFacts& facts, const std::function<std::string()>& v
   };
   Routing routing{.route = forced(facts, extension), .codecWord = "NOTCORONA"};
   if (routing.route == EngineRoute::MpegOrDvd) {
-    routing.codecWord = among(kVideoDisc, extension) ? "DVD" : "MPEG";
+    routing.codecWord = isDvdFile(facts.path) ? "DVD" : "MPEG";
   } else if (routing.route == EngineRoute::AviByCorona || among(kAskProbe, extension)) {
     routing.codecWord = probed();
   }
   routing.corona = among(kGraphWords, routing.codecWord);
   return routing;
 }
-
-bool isDvdFile(std::string_view path) { return among(kVideoDisc, extensionOf(path)); }
 
 bool isSoundOfGraph(std::string_view path) {
   const auto extension = extensionOf(path);

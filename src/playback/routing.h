@@ -30,9 +30,6 @@ struct Routing {
 /// once, and only where the word decides.
 Routing routeOf(const RoutingFacts& facts, const std::function<std::string()>& videoCodec);
 
-/// A file of a video disc, by its name.
-bool isDvdFile(std::string_view path);
-
 /// Sound that never has a picture on a graph, by its name.
 bool isSoundOfGraph(std::string_view path);
 

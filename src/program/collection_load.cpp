@@ -202,11 +202,4 @@ bool CollectionStore::IsValidCollection(const std::string& fileName) {
   return bytes && kindOfText(std::move(*bytes)).isCollection;
 }
 
-std::string CollectionStore::CollectionVersion(const std::string& fileName, bool& isOther) {
-  auto bytes = files_.read(fileName, kMaxCollectionBytes);
-  auto version = kindOfText(bytes ? std::move(*bytes) : std::string()).version;
-  isOther = version.substr(0, 7) != "Ver 3.1";
-  return version;
-}
-
 }  // namespace kvo

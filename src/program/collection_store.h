@@ -80,9 +80,6 @@ class CollectionStore {
   /// True when [KVO] has "DefaultStartupVid" in row 5.
   bool IsValidCollection(const std::string& fileName);
 
-  /// The first value of [KVO], or "Unknown and Corrupt". `isOther` is true unless it begins "Ver 3.1".
-  std::string CollectionVersion(const std::string& fileName, bool& isOther);
-
  private:
   Result<std::string> bytesOf(const std::string& path, const ReadOptions& options);
   bool takeHead(const TextFacts& text);

@@ -7,26 +7,15 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace kvo {
 namespace {
 
-constexpr Integer kMarksChanged = 96;
 constexpr Integer kListChanged = 99;
-constexpr double kLeastSection = 0.01;  // seconds, of a clip whose frames are not known
 
 constexpr std::array<std::string_view, 7> kSortNames = {
     "sort by name",   "sort by date",       "sort by type", "sort by size",
     "sort by length", "sort by resolution", "shuffle"};
-
-double frameOf(const Movie& clip, double length) {
-  const auto frames = clip.DurationFrames().wholeNumber();
-  return frames && *frames > 0 ? length / *frames : kLeastSection;
-}
-
-// As a record keeps times.
-double toMilliseconds(double seconds) { return ToNumber(FormatMask(seconds, "0.000")); }
 
 // What the row of a collection file can hold of a name.
 std::string asOneLine(std::string_view text) {
@@ -119,39 +108,6 @@ void ListCommands::rename(std::string_view name) {
                   [&](Movie& changed) { changed.AltName(then); });
   });
 }
-
-bool ListCommands::refusedByKeyframes(bool in) {
-  if (settings_.state.KeyframeMode == 0) return false;
-  ports_.boxes.show({"KVO5 - Keyframe Warning",
-                     in ? "Cannot re-set Mark-In point while setting Keyframes"
-                        : "Cannot re-set Mark-Out point while setting Keyframes",
-                     BoxButtons::Ok, BoxIcon::Warning});
-  return true;
-}
-
-void ListCommands::mark(bool in, double seconds) {
-  pass([&](const CommandPass& pass, const Movie& clip) {
-    const auto length = playedLength(clip);
-    if (!length || refusedByKeyframes(in)) return;
-    const double frame = frameOf(clip, *length);
-    const auto [start, end] = sectionOf(clip, *length);
-    seconds = in ? std::clamp(seconds, 0.0, std::max(0.0, end - frame))
-                 : std::clamp(seconds, std::min(start + frame, *length), *length);
-    const bool whole = !in && seconds == *length;
-    if (!whole) seconds = toMilliseconds(seconds);
-    if (seconds == (in ? start : end)) return;
-    history_.edit(pass, named(in ? "Mark-In of" : "Mark-Out of"), collection_.icurMov, kMarksChanged,
-                  [&](Movie& changed) {
-                    if (in) changed.LoopStart(Value(seconds));
-                    if (!in) changed.LoopEnd(whole ? changed.DurationTime() : Value(seconds));
-                  });
-  });
-}
-
-void ListCommands::setMarkIn(double seconds) { mark(true, seconds); }
-void ListCommands::setMarkOut(double seconds) { mark(false, seconds); }
-void ListCommands::resetMarkIn() { mark(true, 0); }
-void ListCommands::resetMarkOut() { mark(false, std::numeric_limits<double>::max()); }
 
 void ListCommands::setVolume(int percent) {
   pass([&](const CommandPass& pass, const Movie& clip) {

@@ -1,4 +1,4 @@
-// What the list, its keys, the slider's marks and the volume ask for. Numbers of clips count from 1, times
+// What the list, its keys and the volume ask for. Numbers of clips count from 1, times
 // are seconds. While a load or another command runs nothing happens.
 #pragma once
 
@@ -31,13 +31,12 @@ class ListCommands {
     MessageBoxes& boxes;
   };
 
-  ListCommands(const Ports& ports, History& history, ClipList& list, Intro& intro, const KVO2& settings,
-               Collection& collection, MainWindowState& window)
+  ListCommands(const Ports& ports, History& history, ClipList& list, Intro& intro, Collection& collection,
+               MainWindowState& window)
       : ports_(ports),
         history_(history),
         list_(list),
         intro_(intro),
-        settings_(settings),
         collection_(collection),
         window_(window) {}
 
@@ -68,13 +67,6 @@ class ListCommands {
   /// Gives it another name in the list; an empty one takes it away again, when the user says so in a box.
   void rename(std::string_view name);
 
-  /// Sets a mark. It meets the clip's ends, and stays a frame away from the other mark. Clips without a
-  /// length have none; while keyframes are set a box refuses it.
-  void setMarkIn(double seconds);
-  void setMarkOut(double seconds);
-  void resetMarkIn();
-  void resetMarkOut();
-
   /// 0 to 100 per cent; not for stills and pages, which have no sound.
   void setVolume(int percent);
 
@@ -85,15 +77,12 @@ class ListCommands {
  private:
   void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
   void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
-  void mark(bool in, double seconds);
-  bool refusedByKeyframes(bool in);
   [[nodiscard]] std::string named(std::string_view act) const;
 
   Ports ports_;
   History& history_;
   ClipList& list_;
   Intro& intro_;
-  const KVO2& settings_;
   Collection& collection_;
   MainWindowState& window_;
   std::function<void()> showList_ = [] {};

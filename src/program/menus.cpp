@@ -134,13 +134,18 @@ Entries MainMenu::clipEntries() {
   auto& list = parts_.list;
   const auto& keys = parts_.window.listKeys;
   const auto& slider = parts_.window.slider;
-  return {
-      {{MenuCommand::mnu_SectionName}, "Re&name", "F2", keys.Cross, [&] { list.beginRename(); }},
-      {{MenuCommand::Remove}, "Re&move", "Del", keys.Cross, [&] { list.remove(); }},
-      {{MenuCommand::MoveUp}, "Move U&p", "Ctrl+Up", keys.UP, [&] { list.moveUp(); }},
-      {{MenuCommand::MoveDown}, "Move &Down", "Ctrl+Down", keys.DOWN, [&] { list.moveDown(); }},
-      {{MenuCommand::ResetMarkIn}, "Clear Mark-&In", "", slider.markIn > 0, [&] { list.resetMarkIn(); }},
-      {{MenuCommand::ResetMarkOut}, "Clear Mark-&Out", "", slider.markOut < 1, [&] { list.resetMarkOut(); }}};
+  // The change of the record takes the pass; the player, too, stays as it is where there is none.
+  const auto reset = [this](MenuCommand command, const char* caption, bool isSet, bool in) {
+    return MenuEntry{{command}, caption, "", isSet && doors_.resetMark, [this, in] {
+                       if (!parts_.window.busy()) doors_.resetMark(in);
+                     }};
+  };
+  return {{{MenuCommand::mnu_SectionName}, "Re&name", "F2", keys.Cross, [&] { list.beginRename(); }},
+          {{MenuCommand::Remove}, "Re&move", "Del", keys.Cross, [&] { list.remove(); }},
+          {{MenuCommand::MoveUp}, "Move U&p", "Ctrl+Up", keys.UP, [&] { list.moveUp(); }},
+          {{MenuCommand::MoveDown}, "Move &Down", "Ctrl+Down", keys.DOWN, [&] { list.moveDown(); }},
+          reset(MenuCommand::ResetMarkIn, "Clear Mark-&In", slider.markIn > 0, true),
+          reset(MenuCommand::ResetMarkOut, "Clear Mark-&Out", slider.markOut < 1, false)};
 }
 
 Entries MainMenu::copyEntries() {
@@ -287,11 +292,8 @@ Entries MainMenu::modeEntries() {
 Entries MainMenu::faceEntries(Files files) {
   auto& face = parts_.window.face;
   auto entries = modeEntries();
-  if (doors_.stayOnTop)
-    entries.push_back(ticked(MenuCommand::mnu_StayOnTop, "Stay on T&op", face.stayOnTop, true, [&] {
-      face.stayOnTop = !face.stayOnTop;
-      doors_.stayOnTop();
-    }));
+  entries.push_back(ticked(MenuCommand::mnu_StayOnTop, "Stay on T&op", face.stayOnTop, true,
+                           [&] { face.stayOnTop = !face.stayOnTop; }));
   entries.push_back(submenu("S&kin", files == Files::With ? skinEntries() : Entries()));
   if (doors_.interfaceSize) entries.push_back(submenu("Interface si&ze", sizeEntries()));
   return entries;

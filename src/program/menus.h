@@ -85,7 +85,6 @@ struct MenuDoors {
   std::function<void()> coverScreen{};     ///< in Free Zoom: to the whole screen and back
   std::function<void(int)> zoom{};         ///< in Free Zoom: the window takes this much of the clip's size
   std::function<void()> minimumDetails{};  ///< details off and on
-  std::function<void()> stayOnTop{};       ///< the state says whether the window is to stay above others
   std::function<void()> interfaceSize{};   ///< the state says which
   std::function<bool(double)> sizeFits{};  ///< the screen has room for this interface size
   std::function<void()> fullPicture{};     ///< the picture alone on the whole screen, and back
@@ -93,6 +92,7 @@ struct MenuDoors {
   std::function<void(MediaTrack::Kind, int)> chooseTrack{};
   std::function<void()> captions{};            ///< the setting says whether they are shown
   std::function<void(MenuCommand)> ordered{};  ///< this tick of those that steer playing is another now
+  std::function<void(bool)> resetMark{};       ///< of the clip in hand: true Mark-In, false Mark-Out
 };
 
 class MainMenu {

@@ -18,7 +18,6 @@ class PlainHost : public DisplayHost {
   void ShapePlain() override { asked += "ShapePlain "; }
   void FadBorder(const std::string& caption) override { this->caption = caption; }
   void Displaymovieinfo(int number) override { asked += "Displaymovieinfo" + std::to_string(number) + " "; }
-  void EnabledMenus() override { asked += "EnabledMenus "; }
   void PreviewMovie(int number) override { asked += "PreviewMovie" + std::to_string(number) + " "; }
   void untickStayOnTop() override { asked += "untickStayOnTop "; }
 };

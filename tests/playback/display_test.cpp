@@ -121,7 +121,7 @@ TEST(Display, EachFaceLeadsToTheOthersAndSaysSo) {
   EXPECT_TRUE(b.mode.slider.ImageBlob.visible) << "the slider is as it was";
   EXPECT_EQ(b.mode.player.place, player);
   EXPECT_TRUE(b.mode.player.visible);
-  EXPECT_EQ(b.host.asked, "ShapeMe skins EnabledMenus Displaymovieinfo1 ");
+  EXPECT_EQ(b.host.asked, "ShapeMe skins Displaymovieinfo1 ");
   EXPECT_EQ(b.boxes.styled.size(), 1u) << "the hint is shown once";
   b.collection.IniFullPath = "/c/Other.INI";
   b.display.Lbl_MiniMode_Click();

@@ -25,7 +25,6 @@ class NotedHost : public PositionsHost {
  public:
   explicit NotedHost(Collection& collection) : collection_(collection) {}
   std::vector<std::string> edits;
-  int volume = -1;
   bool edit(std::string_view act, Integer /*changeCode*/, const std::function<void(Movie&)>& change,
             std::string_view /*series*/) override {
     edits.emplace_back(act);
@@ -38,7 +37,6 @@ class NotedHost : public PositionsHost {
   void Displaymovieinfo() override {}
   void ShowSliderStuff() override {}
   void EndAnim() override {}
-  void setVolume(int percent) override { volume = percent; }
 
  private:
   Collection& collection_;

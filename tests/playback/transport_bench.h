@@ -74,7 +74,6 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   void skins() override {}
   void ShapeMe() override {}
   void ShapePlain() override {}
-  void EnabledMenus() override {}
   void PreviewMovie(int /*number*/) override {}
   void untickStayOnTop() override {}
 

@@ -73,9 +73,6 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
       {{1}, [](List& list) { list.sort(SortKey::Alpha); }, "", "aBcde"},
       {{2}, [](List& list) { list.rename(" Lake\nat dusk "); }, "Undo rename B.avi", "aLcde"},
       {{2}, [](List& list) { list.rename("B.avi"); }, "", "aBcde"},
-      {{2}, [](List& list) { list.setMarkIn(2.5); }, "Undo Mark-In of B.avi", "aBcde"},
-      {{2}, [](List& list) { list.setMarkOut(7); }, "Undo Mark-Out of B.avi", "aBcde"},
-      {{2}, [](List& list) { list.resetMarkOut(); }, "", "aBcde"},
       {{3}, [](List& list) { list.setVolume(90), list.setVolume(70); }, "Undo volume of c.mpg", "aBcde"},
       {{2}, [](List& list) { list.copy(CopyMode::Exact); }, "Undo copy B.avi", "aBBcde"},
       {{2}, [](List& list) { list.copy(CopyMode::Tail); }, "", "aBcde"},
@@ -168,44 +165,13 @@ TEST(History, KeepsSoManyStepsAndForgetsWhatAnotherChangeHasReplaced) {
   EXPECT_EQ(b.window.list.Fillist.revision(), revision) << "choosing a clip draws no row anew";
 }
 
-TEST(ListCommands, MarksMeetTheEndsAndEachOther) {
-  struct Row {
-    bool in;
-    double seconds;
-    const char* section;
-  };
-  const Row rows[] = {
-      {true, 3, "3-8"},     {true, -1, "0-8"},          {true, 8, "7.96-8"},
-      {true, 99, "7.96-8"}, {true, 1.23456, "1.235-8"}, {false, 9, "2-9"},
-      {false, 99, "2-10"},  {false, 2, "2-2.04"},       {false, -5, "2-2.04"},
-  };
-  for (const auto& row : rows) {
-    ListBench b;
-    b.clip(1).LoopStart(Value(2));
-    b.clip(1).LoopEnd(Value(8));
-    row.in ? b.listCommands.setMarkIn(row.seconds) : b.listCommands.setMarkOut(row.seconds);
-    EXPECT_EQ(b.clip(1).LoopStart().text() + "-" + b.clip(1).LoopEnd().text(), row.section);
-    EXPECT_NEAR(b.window.slider.markIn, b.clip(1).LoopStart().number() / 10, 1e-9);
-    EXPECT_NEAR(b.window.slider.markOut, b.clip(1).LoopEnd().number() / 10, 1e-9);
-    EXPECT_EQ(b.clip(1).LoopEndFrames(), static_cast<Long>(RoundToWhole(b.clip(1).LoopEnd().number() * 25)));
-  }
-  ListBench b;
-  b.settings.state.KeyframeMode = kFlagOn;
-  b.listCommands.setMarkIn(3);
-  ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_EQ(b.boxes.shown[0].caption, "KVO5 - Keyframe Warning");
-  b.settings.state.KeyframeMode = 0;
-  b.clip(1).IsStill(true);
-  b.listCommands.setMarkIn(3);
-  EXPECT_EQ(b.clip(1).LoopStart().number(), 0);
-}
-
 TEST(ListCommands, CopiesTakeWhatLiesBehindMarkOut) {
   for (const auto& [mode, start, end] : {std::tuple{CopyMode::Exact, 2, 5}, std::tuple{CopyMode::Tail, 5, 10},
                                          std::tuple{CopyMode::EqualChunk, 5, 8}}) {
     ListBench b;
-    b.listCommands.setMarkIn(2);
-    b.listCommands.setMarkOut(5);
+    b.clip(1).LoopStart(Value(2));
+    b.clip(1).LoopEnd(Value(5));
+    b.clip(1).LoopEndFrames(125);
     b.clip(1).TransIn(40);
     b.clip(1).CutIndex(1);
     b.listCommands.copy(mode);
@@ -330,7 +296,8 @@ TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
   b.list.fill();
   b.clip(1).Volume(310);
   b.clip(1).Playspeed(25);
-  b.listCommands.setMarkIn(2);
+  b.clip(1).LoopStart(Value(2));
+  b.list.renew(1);
   EXPECT_EQ(b.window.display.rate + b.window.display.digits, "2.5x00:00:0000")
       << "a mark does not move the position";
   std::string asked;

@@ -31,19 +31,20 @@ struct MenuBench : ProgramBench {
   }
   MenuDoors doors() {
     const auto door = [this](const char* name) { return [this, name] { called += name; }; };
-    return {door("free"),
-            door("cover"),
-            [this](int percent) { called += std::to_string(percent); },
-            door("details"),
-            door("top"),
-            door("size"),
-            [](double size) { return size < 2; },
-            door("picture"),
-            [this] { return tracks; },
-            [this](MediaTrack::Kind kind, int id) {
-              called += (kind == MediaTrack::Kind::Sound ? "sound" : "text") + std::to_string(id);
-            },
-            door("captions")};
+    return {.freeZoom = door("free"),
+            .coverScreen = door("cover"),
+            .zoom = [this](int percent) { called += std::to_string(percent); },
+            .minimumDetails = door("details"),
+            .interfaceSize = door("size"),
+            .sizeFits = [](double size) { return size < 2; },
+            .fullPicture = door("picture"),
+            .tracks = [this] { return tracks; },
+            .chooseTrack =
+                [this](MediaTrack::Kind kind, int id) {
+                  called += (kind == MediaTrack::Kind::Sound ? "sound" : "text") + std::to_string(id);
+                },
+            .captions = door("captions"),
+            .resetMark = [this](bool in) { called += in ? "in" : "out"; }};
   }
 };
 
@@ -197,13 +198,16 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
     next.startUp.run({}, "/");
     EXPECT_EQ(next.window.face.interfaceSize, size);
   }
+  b.window.slider.markOut = 0.5;
+  for (const auto command : {ResetMarkIn, ResetMarkOut}) b.menu.choose({command});
   {
     const CommandPass pass(b.window);
-    for (const auto command : {Remove, Undo, mnu_Looping, New, Exit, FreeZoom}) b.menu.choose({command});
+    for (const auto command : {Remove, Undo, mnu_Looping, New, Exit, FreeZoom, ResetMarkOut})
+      b.menu.choose({command});
     EXPECT_EQ(b.collection.MovieList.count(), 2);
     EXPECT_TRUE(b.window.menu.mnu_Looping);
   }
-  EXPECT_EQ(b.called, "topsizefree200picture");
+  EXPECT_EQ(b.called, "sizefree200pictureout");
   b.boxes.answers = {Answer::No};
   b.menu.choose({Exit});
   EXPECT_FALSE(b.window.face.visible);

@@ -83,7 +83,7 @@ struct ProgramBench : StoreBench {
   Skins skins{{dialogs, boxes, loop, pictures, log, folder}, calls, settings, window};
   StartUp startUp{parts, skins, intro, mailbox};
   ShutDown shutDown{parts, intro, mailbox};
-  ListCommands listCommands{{files, clock, boxes}, history, list, intro, settings, collection, window};
+  ListCommands listCommands{{files, clock, boxes}, history, list, intro, collection, window};
 
   /// What the list shows, which is what the collection has.
   [[nodiscard]] std::vector<std::string> names() const {

@@ -152,12 +152,11 @@ struct FaceBench : ProgramBench {
   NoWebPages pages;
   NoNetwork network;
   PlayLinks play{{window, settings, collection, files, boxes, loop, desktop, pages, network, timers, list,
-                  history, commands, listCommands, intro, mailbox, links}};
+                  history, commands, intro, mailbox, links}};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
                  .minimumDetails = [this] { links.display().turnDetails(); },
-                 .stayOnTop = [] {},
                  .interfaceSize = [this] { links.takeInterfaceSize(); },
                  .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); },
                  .ordered = [this](MenuCommand tick) { play.ordered(tick); }}};

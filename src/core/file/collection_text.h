@@ -88,8 +88,7 @@ class CollectionReader {
 /// What a text is by its [KVO].
 struct TextKind {
   bool hasHead = false;
-  bool isCollection = false;                    ///< "DefaultStartupVid" is the key of row 5
-  std::string version = "Unknown and Corrupt";  ///< the first value
+  bool isCollection = false;  ///< "DefaultStartupVid" is the key of row 5
 };
 TextKind kindOfText(std::string bytes);
 

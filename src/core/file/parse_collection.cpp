@@ -162,7 +162,7 @@ TextKind kindOfText(std::string bytes) {
   SectionReader reader(std::move(bytes));
   Rows rows;
   if (!reader.GetSection("KVO", rows, 0)) return {};
-  return {true, isCollectionHead(rows), std::string(rows[0].value)};
+  return {true, isCollectionHead(rows)};
 }
 
 std::string lineOfEnd() {

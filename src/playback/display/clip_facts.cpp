@@ -14,8 +14,6 @@ constexpr std::array<std::string_view, 26> kKnownOthers{
     "RM",  "SWF", "RMX",  "ROB", "RMM", "RMJ", "RT",  "SMI", "SMIL", "RP",  "SDP", "MIL", "ASF",
     "ASX", "MPG", "MPEG", "AVI", "VCR", "MOV", "WMV", "WVX", "VOB",  "IFO", "BUP", "M1V", "ISRM"};
 
-constexpr std::array<std::string_view, 3> kDvdKinds{"VOB", "IFO", "BUP"};
-
 constexpr std::array<std::string_view, 6> kWindowsMedia{"ASF", "ASX", "WMV", "WVX", "WM", "WMX"};
 
 bool isOneOf(const ClipFacts& clip, std::span<const std::string_view> kinds) {
@@ -45,8 +43,6 @@ ClipFacts clipFacts(const Movie& clip, const Player& player) {
 bool isAudioKind(const ClipFacts& clip) { return isSoundByName("." + clip.extension); }
 
 bool isKnownOtherKind(const ClipFacts& clip) { return isOneOf(clip, kKnownOthers); }
-
-bool isDVD(const ClipFacts& clip) { return isOneOf(clip, kDvdKinds); }
 
 bool isWindowsMedia(const ClipFacts& clip) { return isOneOf(clip, kWindowsMedia); }
 

@@ -34,7 +34,6 @@ ClipFacts clipFacts(const Movie& clip, const Player& player);
 bool isAudioKind(const ClipFacts& clip);
 /// A kind that is known and no sound.
 bool isKnownOtherKind(const ClipFacts& clip);
-bool isDVD(const ClipFacts& clip);
 /// Windows Media, by its name.
 bool isWindowsMedia(const ClipFacts& clip);
 /// A picture moves: neither sound, still nor page.

@@ -33,8 +33,6 @@ class DisplayHost {
   virtual void FadBorder(const std::string& caption) = 0;
   /// The details of clip `number` as they are shown.
   virtual void Displaymovieinfo(int number) = 0;
-  /// Which menus can be chosen.
-  virtual void EnabledMenus() = 0;
   /// Loads clip `number` again.
   virtual void PreviewMovie(int number) = 0;
   /// The window no longer stays above the others.

@@ -185,7 +185,6 @@ void Display::leaveFreeZoom() {
   layout_.ShowSliderStuff();
   parts_.host.ShapeMe();
   parts_.host.skins();
-  parts_.host.EnabledMenus();
   if (const auto clip = layout_.clip()) {
     parts_.host.Displaymovieinfo(clip->number);
     placeAnew();

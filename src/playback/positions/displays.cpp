@@ -105,11 +105,6 @@ void Displays::showLabel() {
                      : positionLabel(position, slider_.duration());
 }
 
-void Displays::FrameDisplaytoTimeDisplay() {
-  const InMode seconds(parts_.player, DisplayMode::Seconds);
-  showLabel();
-}
-
 void Displays::showPosition() {
   if (parts_.player.PlayerIsEmpty()) {
     const auto* clip = clipInHand(parts_.collection);

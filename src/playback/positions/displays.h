@@ -55,8 +55,6 @@ class Displays {
   void DisplayDigital(double position);
   /// The position label in the player's present unit; "Waiting for media..." for an empty player.
   void showLabel();
-  /// The label in seconds, whatever the player's unit.
-  void FrameDisplaytoTimeDisplay();
   /// Handle, digits and label by the player's place.
   void showPosition();
 

@@ -10,14 +10,13 @@ namespace {
 
 constexpr double kBalanceShift = 1000;  // of what a record holds
 constexpr double kLevelTenths = 10;
-constexpr int kVolumeStepPercent = 5;
 constexpr std::array<std::string_view, 7> kWithoutLevel{"WMA", "WMV", "WAX", "WVX", "ASF", "CDA", "ASX"};
 
 }  // namespace
 
 bool Levels::hasOutputLevel() const {
   const auto* clip = core_.clip();
-  return core_.isFileThatPlays() && clip->IsVFWCompat() &&
+  return core_.isFileInHand() && clip->IsVFWCompat() &&
          std::ranges::find(kWithoutLevel, core_.kind()) == kWithoutLevel.end();
 }
 
@@ -57,11 +56,6 @@ void Levels::toggleMute() {
   core_.glass.muted = !core_.glass.muted;
   core_.glass.muted ? core_.player.PlayerMuteON() : core_.player.PlayerMuteOFF();
   showLevel();
-}
-
-void Levels::stepVolume(int direction) {
-  if (!core_.glass.sound) return;
-  core_.host.setVolume(std::clamp(core_.glass.volume + direction * kVolumeStepPercent, 0, 100));
 }
 
 }  // namespace kvo

@@ -21,8 +21,6 @@ class Levels {
   void showLevel();
   /// The sound off, and on again.
   void toggleMute();
-  /// One step of the volume, up or down.
-  void stepVolume(int direction);
   void closeWindow() { window_.close(); }
 
  private:

@@ -10,14 +10,13 @@ std::string PositionsCore::kind() const {
 }
 
 bool PositionsCore::isDVD() const {
-  const auto now = kind();
-  return now == "VOB" || now == "IFO" || now == "BUP";
+  const auto* inHand = clip();
+  return inHand != nullptr && isDvdFile(inHand->MovieName());
 }
 
-bool PositionsCore::isFileThatPlays() const {
+bool PositionsCore::isFileInHand() const {
   const auto* inHand = clip();
-  return inHand != nullptr && !isStreamClip(*inHand) && !inHand->IsStill() && !inHand->IsHTML() &&
-         !inHand->IsTrueRM() && !inHand->IsTrueQT4();
+  return inHand != nullptr && isFileThatPlays(*inHand);
 }
 
 void PositionsCore::seekSeconds(double seconds) {

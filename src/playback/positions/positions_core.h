@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/buttons.h"
+#include "playback/clip_kinds.h"
 #include "playback/play_timers.h"
 #include "playback/positions/displays.h"
 #include "playback/positions/section.h"
@@ -31,8 +32,6 @@ class PositionsHost {
   virtual void ShowSliderStuff() = 0;
   /// Ends an animation behind sound; a waiting one goes on with playing.
   virtual void EndAnim() = 0;
-  /// 0 to 100 per cent of the volume of the clip in hand, as an act of the user's.
-  virtual void setVolume(int percent) = 0;
 };
 
 /// What rooms do that may not be there. What is empty is not offered.
@@ -80,8 +79,8 @@ struct PositionsCore : PositionParts {
   [[nodiscard]] std::string kind() const;
   [[nodiscard]] bool isTrack() const { return kind() == "CDA"; }
   [[nodiscard]] bool isDVD() const;
-  /// Neither a stream, a still, a page nor one for another player.
-  [[nodiscard]] bool isFileThatPlays() const;
+  /// There is a clip, and it is a file that plays.
+  [[nodiscard]] bool isFileInHand() const;
   [[nodiscard]] bool hasPicture() const { return player.PlayerGetSourceWidth() > 0; }
   [[nodiscard]] bool canSeek() const {
     return !mode.player.clipWaits && !player.PlayerIsEmpty() && player.canSeek();

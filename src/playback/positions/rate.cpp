@@ -54,7 +54,7 @@ bool Rate::refused() {
                       BoxButtons::Ok, BoxIcon::Warning});
     return true;
   }
-  return !core_.isFileThatPlays() || core_.player.PlayerIsEmpty();
+  return !core_.isFileInHand() || core_.player.PlayerIsEmpty();
 }
 
 void Rate::SetRate(std::string_view rateText) {
@@ -100,7 +100,7 @@ void Rate::Lbl_Speedo_Click() {
 
 void Rate::takeRecord() {
   const auto* clip = core_.clip();
-  if (clip == nullptr || !core_.isFileThatPlays() || core_.player.PlayerIsEmpty()) return;
+  if (clip == nullptr || !core_.isFileInHand() || core_.player.PlayerIsEmpty()) return;
   const double own = static_cast<double>(clip->Playspeed()) / kTenths;
   if (core_.player.PlayerGetRate() != own) core_.player.PlayerSetRate(own);
   core_.glass.rate = rateLabel(core_.player.PlayerGetRate());

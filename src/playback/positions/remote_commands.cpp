@@ -28,16 +28,6 @@ void RemoteCommands::toClip(int direction) {
 void RemoteCommands::Lbl_NextMov_Click() { toClip(1); }
 void RemoteCommands::Lbl_PrevMov_Click() { toClip(-1); }
 
-void RemoteCommands::toMiddle() {
-  auto& player = core_.player;
-  if (!core_.canSeek()) return;
-  player.PlayerStop();
-  player.PlayerSetDisplayMode(DisplayMode::Seconds);
-  core_.seekSeconds(player.PlayerGetDuration() / 2);
-  player.GlobalMediaPlay();
-  core_.buttons.BuildButton("PAUSEOFF");
-}
-
 void RemoteCommands::step(Step which) {
   if (!Aremoviesloaded()) return;
   stepping_.step(which, true);

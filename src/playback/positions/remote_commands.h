@@ -21,14 +21,11 @@ class RemoteCommands {
   void Lbl_NextMov_Click();
   void Lbl_PrevMov_Click();
   void Lbl_Start_Click() { when(&RemoteCommands::toStart); }
-  void Lbl_Mid_Click() { when(&RemoteCommands::toMiddle); }
   void Lbl_End_Click() { when(&RemoteCommands::toEnd); }
   /// A step, behind which the player stands and shows it.
   void step(Step which);
   /// "2.0", "0.50" or "0.25"; not for tracks and addresses.
   void rate(std::string_view rateText);
-  void Lbl_AudMax_Click() { levels_.stepVolume(1); }
-  void Lbl_AudioMin_Click() { levels_.stepVolume(-1); }
   void Lbl_Mute_Click();
 
  private:
@@ -37,7 +34,6 @@ class RemoteCommands {
     if (Aremoviesloaded()) (this->*act)();
   }
   void toStart() { stepping_.Lbl_Start_Click(); }
-  void toMiddle();
   void toEnd() { stepping_.Lbl_End_Click(); }
   void toClip(int direction);
 

@@ -1,7 +1,5 @@
 #include "playback/positions/section.h"
 
-#include "base/paths.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -33,8 +31,6 @@ double framesPerSecond(const Movie& clip) {
   const double seconds = clip.DurationTime().wholeNumber().value_or(0);
   return frames > 0 && seconds > 0 ? frames / seconds : 0;
 }
-
-bool isStreamClip(const Movie& clip) { return clip.IsStream() || isAddress(clipFile(clip)); }
 
 SeenFrame seenFrame(Player& player) {
   const InMode mode(player, DisplayMode::Seconds);

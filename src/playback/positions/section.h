@@ -13,9 +13,6 @@ const Movie* clipInHand(const Collection& collection);
 /// Pictures a second: DurationFrames / DurationTime. 0 when the record does not know them.
 double framesPerSecond(const Movie& clip);
 
-/// An address, or what is told to be without an end.
-bool isStreamClip(const Movie& clip);
-
 /// A place in a clip, as both of its units have it.
 struct SeenFrame {
   double seconds = 0;

@@ -111,10 +111,4 @@ double PositionSlider::PosPctToSecsMark(int which) const {
   return (which == 0 ? parts_.state.markIn : parts_.state.markOut) * 100 * (duration() / 100);
 }
 
-Long PositionSlider::BlobPosToFrames() const {
-  const auto* clip = clipInHand(parts_.collection);
-  if (clip == nullptr) return 0;
-  return toLongClamped(clip->DurationFrames().number() / 100 * (parts_.state.position * 100));
-}
-
 }  // namespace kvo

@@ -76,8 +76,6 @@ class PositionSlider {
   [[nodiscard]] double PosPctToSecs() const;
   /// The same of a mark: 0 Mark-In, any other Mark-Out.
   [[nodiscard]] double PosPctToSecsMark(int which) const;
-  /// Where the handle of the position stands, as the number of a frame.
-  [[nodiscard]] Long BlobPosToFrames() const;
 
   /// Another clip is in the player.
   void loaded() { glideDue_ = true; }

@@ -29,7 +29,7 @@ void Monitor::tick() {
   if (clip == nullptr || sequencer_.waits() || core_.mode.player.clipWaits || core_.host.busy() ||
       core_.player.PlayerIsEmpty())
     return;
-  isDvdClip(*clip) ? watchDvd() : watchGraph();
+  isDvdFile(clip->MovieName()) ? watchDvd() : watchGraph();
 }
 
 // The engine may have moved the end of the section by itself.

@@ -9,8 +9,6 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kRateKinds{"AVI", "MPG", "MPE", "PEG"};
 
-bool isPlain(const Movie& clip) { return !clip.IsStill() && !clip.IsHTML() && !clip.IsTrueQT4(); }
-
 }  // namespace
 
 Transport::Transport(const TransportParts& parts)
@@ -77,7 +75,7 @@ void Transport::Img_Play_Click() {
     if (core_.mode.IsMiniMode && core_.settings.user.StillDelayTimer > 0) core_.timers.StillTimer.start();
     return;
   }
-  if (!isPlain(*clip)) return PreviewMovie(core_.icurMov());
+  if (clip->IsHTML() || clip->IsTrueQT4()) return PreviewMovie(core_.icurMov());
   core_.button("PLAYON");
   core_.button("PAUSEOFF");
   if (kindOfFile(*clip) == "CDA") {
@@ -126,7 +124,7 @@ void Transport::playPressed(const PlayPress& press) {
 
 bool Transport::playBackwards(const Movie& clip) {
   constexpr int kBackwards = 100;  // milliseconds a picture
-  if (isSoundClip(clip) || clip.IsStream() || namesAddress(clip) || !isPlain(clip)) return false;
+  if (isSoundClip(clip) || !isFileThatPlays(clip)) return false;
   if (core_.player.PlayerIsEmpty() || !core_.player.canSeek()) return false;
   core_.timers.Timer7.setInterval(kBackwards);
   core_.timers.Timer7.start();

@@ -1,6 +1,5 @@
 #include "playback/transport/transport_core.h"
 
-#include "base/paths.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -11,7 +10,6 @@ namespace {
 
 constexpr std::array<std::string_view, 13> kSoundKinds{"WAV", "WMA", "MP3", "WAX", "MID", "IFF", "SND",
                                                        "AU",  "IDI", "MP2", "RA",  "RAM", "CDA"};
-constexpr std::array<std::string_view, 3> kDvdFiles{"VOB", "IFO", "BUP"};
 
 }  // namespace
 
@@ -45,13 +43,7 @@ void TransportCore::emptyPlayer() const {
   player.SendPlayerFarLeft();
 }
 
-bool namesAddress(const Movie& clip) { return isAddress(clipFile(clip)); }
-
 std::string kindOfFile(const Movie& clip) { return extensionOf(clip.MovieName()); }
-
-bool isDvdClip(const Movie& clip) {
-  return std::ranges::find(kDvdFiles, kindOfFile(clip)) != kDvdFiles.end();
-}
 
 bool isSoundClip(const Movie& clip) {
   return std::ranges::find(kSoundKinds, kindOfFile(clip)) != kSoundKinds.end();

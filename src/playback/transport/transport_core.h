@@ -3,6 +3,7 @@
 
 #include "core/records/collection.h"
 #include "playback/buttons.h"
+#include "playback/clip_kinds.h"
 #include "playback/display/display.h"
 #include "playback/play_timers.h"
 #include "playback/transport/transport_host.h"
@@ -57,11 +58,8 @@ struct TransportCore : TransportParts {
   void emptyPlayer() const;
 };
 
-/// An address, in the name or the path.
-bool namesAddress(const Movie& clip);
 /// The kind of the clip's file, in capitals; see extensionOf.
 std::string kindOfFile(const Movie& clip);
-bool isDvdClip(const Movie& clip);
 /// Sound alone, by its name.
 bool isSoundClip(const Movie& clip);
 

@@ -86,7 +86,7 @@ void Transport::load(int number, const Movie& clip) {
   core_.mode.still = {};
   if (clip.IsTrueRM()) return core_.emptyPlayer();
   if (clip.IsHTML()) return ShowWeb(clip);
-  if (namesAddress(clip) || IsASXAStream(clip, core_.files)) return stream_.ShowStreamWMP(number);
+  if (isAddress(clipFile(clip)) || IsASXAStream(clip, core_.files)) return stream_.ShowStreamWMP(number);
   playFile(number);
 }
 
@@ -132,7 +132,7 @@ void Transport::showDisc(int number) {
 
 void Transport::playFile(int number) {
   const auto& clip = core_.collection.MovieList[number];
-  core_.state.tips = isDvdClip(clip) ? kDvdTips : kFileTips;
+  core_.state.tips = isDvdFile(clip.MovieName()) ? kDvdTips : kFileTips;
   if (core_.editing()) {
     core_.player.PlayerHide();
     core_.player.SendPlayerFarLeft();
@@ -234,8 +234,6 @@ void Transport::openNextAhead() {
   const auto ended = sequencer_.endedClip();
   const int next = clipThatFollows(ended);
   if (next < 1 || next == ended.number || next > ended.count) return;
-  const auto& clip = core_.collection.MovieList[next];
-  if (clip.IsStill() || clip.IsHTML() || clip.IsTrueQT4() || clip.IsTrueRM() || namesAddress(clip)) return;
   core_.player.openAhead(next);
 }
 

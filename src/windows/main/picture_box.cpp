@@ -111,8 +111,8 @@ void PictureBox::makeVideo() {
 // Out of sight, or at another time than the one that is looked at, it is not the engine's picture.
 bool PictureBox::isPlayed() const {
   const auto& player = state_.mode.player;
-  return feed_ != nullptr && feed_->output().hasPicture() && !player.path.empty() && player.visible &&
-         !player.place.parked() && !state_.mode.still.Img_Still.visible && !at_;
+  return feed_ != nullptr && feed_->output().hasPicture() && player.shows() && !player.place.parked() &&
+         !state_.mode.still.Img_Still.visible && !at_;
 }
 
 void PictureBox::lookAt(std::optional<double> seconds) {

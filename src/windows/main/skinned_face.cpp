@@ -258,8 +258,7 @@ void SkinnedFace::showParts() {
   showPart(*list_, any && panels.Fillist.visible);
   showPart(*picture_, details);
   // The intro plays while there is no list yet.
-  const auto& player = state_.mode.player;
-  const bool intro = !state_.list.visible && player.visible && !player.path.empty() && !loading;
+  const bool intro = !state_.list.visible && state_.mode.player.shows() && !loading;
   // So does what is told of a stream while it comes.
   const bool comes = !state_.list.visible && !state_.emptyPane.visible && showsLabel(state_) && !loading;
   showPart(*largePicture_, (any && !details) || intro || comes);
