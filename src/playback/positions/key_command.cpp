@@ -1,5 +1,9 @@
 #include "playback/positions/key_command.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace kvo {
 
 bool KeyCommands::clip(int number) {
@@ -21,69 +25,44 @@ void KeyCommands::to(double seconds, bool play) {
 }
 
 bool KeyCommands::KeyCommand(int key) {
-  if (clipInHand(core_.collection) == nullptr) return false;
+  struct Act {
+    std::array<int, 2> keys;  // 0: none
+    void (*act)(KeyCommands&);
+    bool besideShuttle = true;
+  };
+  static constexpr Act kActs[] = {
+      {{' ', 'P'},
+       [](KeyCommands& keys) {
+         keys.core_.mode.player.IsPlaying ? keys.remote_.Lbl_Pause_Click() : keys.remote_.Lbl_Play_Click();
+       }},
+      {{',', kArrowLeft}, [](KeyCommands& keys) { keys.remote_.step(Step::Rew1); }},
+      {{'.', kArrowRight}, [](KeyCommands& keys) { keys.remote_.step(Step::Adv1); }},
+      {{'<', 188}, [](KeyCommands& keys) { keys.remote_.step(Step::Rew5); }},
+      {{'>', 190}, [](KeyCommands& keys) { keys.remote_.step(Step::Adv5); }},
+      {{'D'}, [](KeyCommands& keys) { keys.remote_.rate("2.0"); }},
+      {{'E'}, [](KeyCommands& keys) { keys.to(std::max(keys.core_.slider.duration() - 1, 0.0), false); }},
+      {{'H'}, [](KeyCommands& keys) { keys.remote_.rate("0.50"); }, false},
+      {{'I'}, [](KeyCommands& keys) { keys.to(keys.core_.slider.duration() / 2, true); }},
+      {{'L'}, [](KeyCommands& keys) { keys.core_.doors.remotePanel(); }},
+      {{'M'}, [](KeyCommands& keys) { keys.remote_.Lbl_Mute_Click(); }},
+      {{'N'}, [](KeyCommands& keys) { keys.remote_.Lbl_Play_Click(); }, false},
+      {{'Q'}, [](KeyCommands& keys) { keys.remote_.rate("0.25"); }, false},
+      {{'S'}, [](KeyCommands& keys) { keys.to(0, true); }, false},
+      {{'T'}, [](KeyCommands& keys) { keys.core_.transport.NextMovie(); }},
+      {{'V'}, [](KeyCommands& keys) { keys.remote_.Lbl_PrevMov_Click(); }},
+  };
+  if (key <= 0 || clipInHand(core_.collection) == nullptr) return false;
   const bool shuttle = shuttle_.IsShuttleProInstalled();
   if (shuttle && key >= 'A' && key <= 'Z') return shuttle_.KeyCommandSHUTTLEPRO(key);
   if (key >= '1' && key <= ':') return clip(key - '0');  // the colon follows the 9, and is 10
+  const int meant = key >= 'a' && key <= 'z' && key != 'l' ? key - 'a' + 'A' : key;
+  const auto* found = std::ranges::find_if(
+      kActs, [meant](const Act& act) { return act.keys[0] == meant || act.keys[1] == meant; });
+  if (found == std::end(kActs) || (shuttle && !found->besideShuttle)) return false;
+  if (meant == 'L' && !core_.doors.remotePanel) return false;
   const InMode seconds(core_.player, DisplayMode::Seconds);
-  const double length = core_.slider.duration();
-  switch (key >= 'a' && key <= 'z' && key != 'l' ? key - 'a' + 'A' : key) {
-    case ' ':
-    case 'P':
-      core_.mode.player.IsPlaying ? remote_.Lbl_Pause_Click() : remote_.Lbl_Play_Click();
-      return true;
-    case ',':
-    case kArrowLeft:
-      remote_.step(Step::Rew1);
-      return true;
-    case '.':
-    case kArrowRight:
-      remote_.step(Step::Adv1);
-      return true;
-    case '<':
-    case 188:
-      remote_.step(Step::Rew5);
-      return true;
-    case '>':
-    case 190:
-      remote_.step(Step::Adv5);
-      return true;
-    case 'D':
-      remote_.rate("2.0");
-      return true;
-    case 'E':
-      to(length > 1 ? length - 1 : 0, false);
-      return true;
-    case 'H':
-      if (!shuttle) remote_.rate("0.50");
-      return !shuttle;
-    case 'I':
-      to(length / 2, true);
-      return true;
-    case 'L':
-      if (core_.doors.remotePanel) core_.doors.remotePanel();
-      return static_cast<bool>(core_.doors.remotePanel);
-    case 'M':
-      remote_.Lbl_Mute_Click();
-      return true;
-    case 'N':
-      if (!shuttle) remote_.Lbl_Play_Click();
-      return !shuttle;
-    case 'Q':
-      if (!shuttle) remote_.rate("0.25");
-      return !shuttle;
-    case 'S':
-      if (!shuttle) to(0, true);
-      return !shuttle;
-    case 'T':
-      core_.transport.NextMovie();
-      return true;
-    case 'V':
-      remote_.Lbl_PrevMov_Click();
-      return true;
-    default:
-      return false;
-  }
+  found->act(*this);
+  return true;
 }
 
 }  // namespace kvo
