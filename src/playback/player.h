@@ -54,51 +54,57 @@ class Player {
   Player& operator=(const Player&) = delete;
   virtual ~Player() = default;
 
+  // Loading
+
   /// Puts clip `index` of the collection, whose full path is `path`, into the player, on the engine that is
   /// right for it; what that tells of the clip goes into its record. The player takes the size of the source.
   /// A file that cannot be opened leaves the player empty.
   virtual EngineRoute PlayerSetFilename(const std::string& path, int index) = 0;
   /// Takes the clip out of the player.
   virtual void PlayerClear() = 0;
-  /// True while no clip is loaded that could be played.
-  [[nodiscard]] virtual bool PlayerIsEmpty() const = 0;
   /// Empties and parks the player whatever it is at: both engines.
   virtual void Med_previewClear() = 0;
   /// Lets go of the graph of the clip in hand.
   virtual void CoronaClear() = 0;
-  /// Which of the two engines the clip is on: true for a graph of its own.
-  [[nodiscard]] virtual bool UsingCorona() const = 0;
+  /// True while no clip is loaded that could be played.
+  [[nodiscard]] virtual bool PlayerIsEmpty() const = 0;
   /// Full path of the clip in hand, or empty.
   [[nodiscard]] virtual std::string PlayerGetFileName() const = 0;
+  /// Which of the two engines the clip is on: true for a graph of its own.
+  [[nodiscard]] virtual bool UsingCorona() const = 0;
+  /// Of an address in the player.
+  [[nodiscard]] virtual StreamReport streamReport() const = 0;
   /// Gets clip `index` ready in the background, where it is a file that plays.
   virtual void openAhead(int index) = 0;
+
+  // Playing
 
   /// Plays on from where it stands; from Mark-In when that is the end.
   virtual void GlobalMediaPlay() = 0;
   virtual void PlayerPause() = 0;
   virtual void PlayerStop() = 0;
   [[nodiscard]] virtual EngineState PlayerGetPlayState() const = 0;
-  // Of the engine of properties; a graph plays once, and its clip is sent back to Mark-In for more.
-  /// Plays before the end of the stream is told, 1 or more; kForEver for no end.
+  /// 1 is normal. False when the engine refuses it.
+  virtual bool PlayerSetRate(double rate) = 0;
+  [[nodiscard]] virtual double PlayerGetRate() const = 0;
+
+  // What the engine of properties does at the ends of a clip. A graph plays once: its clip is sent back to
+  // Mark-In for more.
+
+  /// How often the section plays before its end is told; kForEver for no end.
   virtual void PlayerSetPlayCount(int times) = 0;
-  /// Behind the last play it stands at the start of the section, else at its end.
+  /// Behind the last play it goes back to the start of the section and stands there.
   virtual void PlayerSetAutoRewind(bool on) = 0;
-  /// A file plays as soon as it is open.
+  /// What is opened plays by itself.
   virtual void PlayerSetAutoStart(bool on) = 0;
-  /// Whether texts are shown at all: those of the chosen track, or those of the caption file.
-  virtual void PlayerSetShowCaptions(bool on) = 0;
-  /// The texts of a file beside the clip, by its full path; empty lets go of them. Another clip has none.
-  virtual void PlayerSetCaptionFile(const std::string& file) = 0;
-  [[nodiscard]] virtual std::string PlayerGetCaptionFile() const = 0;
-  /// Of an address in the player.
-  [[nodiscard]] virtual StreamReport streamReport() const = 0;
-  virtual void PlayerMuteON() = 0;
-  virtual void PlayerMuteOFF() = 0;
+
+  // Place and section
 
   /// The unit of positions, lengths and the section.
   virtual void PlayerSetDisplayMode(DisplayMode mode) = 0;
   [[nodiscard]] virtual DisplayMode PlayerGetDisplayMode() const = 0;
   [[nodiscard]] virtual double PlayerGetDuration() const = 0;
+  [[nodiscard]] virtual bool canSeek() const = 0;
   [[nodiscard]] virtual double PlayerGetCurrentPosition() const = 0;
   /// A visible clip on a graph of its own is left stopped on the picture: GlobalMediaPlay goes on.
   virtual void PlayerSetCurrentPosition(double position) = 0;
@@ -112,30 +118,42 @@ class Player {
   virtual void ResetCoronaPlayerEnd(double seconds) = 0;
   /// The graph in hand stands exactly where it stops by itself; false without one.
   [[nodiscard]] virtual bool coronaAtStopTime() const = 0;
-  [[nodiscard]] virtual bool canSeek() const = 0;
-  /// The index of the clip in hand: places that have a name, in the order of their times.
-  [[nodiscard]] virtual std::vector<EngineMarker> PlayerGetMarkers() const { return {}; }
   /// Pictures a second of clip `index`; 0 or less for the one in hand.
   virtual double PlayerCoronaGetFrameRate(int index) = 0;
+  /// The index of the clip in hand: places that have a name, in the order of their times.
+  [[nodiscard]] virtual std::vector<EngineMarker> PlayerGetMarkers() const { return {}; }
 
-  /// 1 is normal. False when the engine refuses it.
-  virtual bool PlayerSetRate(double rate) = 0;
-  [[nodiscard]] virtual double PlayerGetRate() const = 0;
+  // Sound
+
   /// Hundredths of a decibel, -10000 to 0; and -10000 (left) to 10000 (right).
   virtual void PlayerSetVolume(int hundredths) = 0;
   virtual void PlayerSetBalance(int balance) = 0;
   /// What the sound is multiplied with.
   virtual void PlayerSetOutputLevel(double factor) = 0;
+  virtual void PlayerMuteON() = 0;
+  virtual void PlayerMuteOFF() = 0;
+
+  // Words, and which of several sounds
+
+  /// The sounds and texts of the clip in hand that can be chosen; empty while none is loaded.
+  [[nodiscard]] virtual std::vector<MediaTrack> PlayerGetTracks() const = 0;
+  /// Plays this track of its kind; id 0 none of it.
+  virtual void PlayerChooseTrack(MediaTrack::Kind kind, int id) = 0;
+  /// Whether texts are shown at all: those of the chosen track, or those of the caption file.
+  virtual void PlayerSetShowCaptions(bool on) = 0;
+  /// The texts of a file beside the clip, by its full path; empty lets go of them. Another clip has none.
+  virtual void PlayerSetCaptionFile(const std::string& file) = 0;
+  [[nodiscard]] virtual std::string PlayerGetCaptionFile() const = 0;
+
+  // Picture
 
   virtual void PlayerShow() = 0;
   virtual void PlayerHide() = 0;
   /// Parks the player out of sight, where it goes on with what it does.
   virtual void SendPlayerFarLeft() = 0;
-
   /// Pixels; 720 by 576 for a DVD clip, 0 for a clip without picture.
   [[nodiscard]] virtual int PlayerGetSourceWidth() const = 0;
   [[nodiscard]] virtual int PlayerGetSourceHeight() const = 0;
-
   [[nodiscard]] virtual Twips PlayerGetLeft() const = 0;
   [[nodiscard]] virtual Twips PlayerGetTop() const = 0;
   [[nodiscard]] virtual Twips PlayerGetWidth() const = 0;
@@ -144,16 +162,12 @@ class Player {
   virtual void PlayerSetTop(Twips top) = 0;
   virtual void PlayerSetWidth(Twips width) = 0;
   virtual void PlayerSetHeight(Twips height) = 0;
-
   /// 0 gives the player the size of its source, 1 half and 2 the double of it; 4 fits it to its place.
   virtual void PlayerSetDisplaySize(int size) = 0;
   virtual void PlayerSetFullScreenMode(bool on) = 0;
   [[nodiscard]] virtual bool PlayerGetFullScreenMode() const = 0;
 
-  /// The sounds and texts of the clip in hand that can be chosen; empty while none is loaded.
-  [[nodiscard]] virtual std::vector<MediaTrack> PlayerGetTracks() const = 0;
-  /// Plays this track of its kind; id 0 none of it.
-  virtual void PlayerChooseTrack(MediaTrack::Kind kind, int id) = 0;
+  // What it tells
 
   /// Heard when a clip on the engine of properties has been played as often as told.
   virtual void whenEndOfStream(std::function<void()> heard) = 0;
