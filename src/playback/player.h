@@ -154,10 +154,6 @@ class Player {
   /// Pixels; 720 by 576 for a DVD clip, 0 for a clip without picture.
   [[nodiscard]] virtual int PlayerGetSourceWidth() const = 0;
   [[nodiscard]] virtual int PlayerGetSourceHeight() const = 0;
-  [[nodiscard]] virtual Twips PlayerGetLeft() const = 0;
-  [[nodiscard]] virtual Twips PlayerGetTop() const = 0;
-  [[nodiscard]] virtual Twips PlayerGetWidth() const = 0;
-  [[nodiscard]] virtual Twips PlayerGetHeight() const = 0;
   virtual void PlayerSetLeft(Twips left) = 0;
   virtual void PlayerSetTop(Twips top) = 0;
   virtual void PlayerSetWidth(Twips width) = 0;

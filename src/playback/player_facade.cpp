@@ -200,8 +200,6 @@ int PlayerFacade::PlayerGetSourceHeight() const {
   return graph_ && isSoundOfGraph(CurrentClipPath_) ? 0 : engine().sourceHeight();
 }
 
-Twips PlayerFacade::PlayerGetWidth() const { return windowless() ? 0 : place().width; }
-
 void PlayerFacade::PlayerSetLeft(Twips left) {
   if (!windowless()) state().place.left = left;
 }

@@ -105,10 +105,6 @@ class PlayerFacade : public Player {
   void SendPlayerFarLeft() override;
   [[nodiscard]] int PlayerGetSourceWidth() const override;
   [[nodiscard]] int PlayerGetSourceHeight() const override;
-  [[nodiscard]] Twips PlayerGetLeft() const override { return place().left; }
-  [[nodiscard]] Twips PlayerGetTop() const override { return place().top; }
-  [[nodiscard]] Twips PlayerGetWidth() const override;
-  [[nodiscard]] Twips PlayerGetHeight() const override { return place().height; }
   void PlayerSetLeft(Twips left) override;
   void PlayerSetTop(Twips top) override;
   void PlayerSetWidth(Twips width) override;
