@@ -4,6 +4,7 @@
 #include "app/face_links.h"
 #include "playback/positions/positions.h"
 #include "playback/transport/transport.h"
+#include "program/codec_info.h"
 #include "program/intro.h"
 #include "program/list_commands.h"
 #include "program/mailbox.h"
@@ -32,6 +33,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
     Intro& intro;
     Mailbox& mailbox;
     FaceLinks& face;
+    CodecInfo& codec;
   };
   explicit PlayLinks(const Parts& parts);
 
@@ -43,7 +45,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
 
   // Of the transport
   void select(int number) override { parts_.list.select(number); }
-  void Displaymovieinfo(int number) override { parts_.list.renew(number); }
+  void Displaymovieinfo(int number) override { parts_.codec.Displaymovieinfo(number); }
   void caption(const std::string& text) override { parts_.window.face.caption = text; }
   void FadBorder(const std::string& text) override { parts_.face.FadBorder(text); }
   void showList(bool on) override { parts_.window.list.visible = on; }
@@ -62,7 +64,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
   // Of the positions
   bool edit(std::string_view act, Integer changeCode, const std::function<void(Movie&)>& change,
             std::string_view series) override;
-  void Displaymovieinfo() override { parts_.list.renew(parts_.collection.icurMov); }
+  void Displaymovieinfo() override { parts_.codec.Displaymovieinfo(parts_.collection.icurMov); }
   void ShowSliderStuff() override { parts_.face.display().ShowSliderStuff(); }
   void EndAnim() override { parts_.face.display().EndAnim(); }
 

@@ -18,8 +18,10 @@
 #include "base/numbers.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
+#include "intake/batch_probe.h"
 #include "playback/captions.h"
 #include "playback/display/layout.h"
+#include "playback/stream_info.h"
 #include "program/clip_picture.h"
 #include "program/list_commands.h"
 #include "program/media_commands.h"
@@ -28,10 +30,12 @@
 #include "program/start_up.h"
 #include "ui/skin_face.h"
 #include "ui/theme.h"
+#include "windows/codec/frm_codec.h"
 #include "windows/gallery/gallery.h"
 #include "windows/main/frm_file_open.h"
 #include "windows/message/frm_message_boxes.h"
 #include "windows/position/position_windows.h"
+#include "windows/stream_info/frm_stream_info.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
 
@@ -65,10 +69,11 @@ class PatientHandover : public Handover {
 class WindowProgram {
  public:
   WindowProgram(const ProgramFolder& programFolder, const std::string& placesFile,
-                const std::string& webModule)
+                const std::string& webModule, const std::string& probe)
       : session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
         loop_([this] { draw(); }),
+        probe_({session_.files, session_.processes, loop_, session_.clock, session_.temporaryFolders, probe}),
         list_(state_, session_.collection, session_.settings),
         history_(state_, session_.collection, session_.settings, list_),
         recent_(store_, session_.files),
@@ -104,8 +109,11 @@ class WindowProgram {
                       state_),
         web_(webModule),
         pages_([this](QWidget* parent) { return web_.makeView(parent); }),
+        codec_({state_, session_.settings, session_.collection, list_, session_.files, session_.folder,
+                probe_, boxes_, loop_, links_.player()}),
+        streamInfo_(state_.streamInfo, links_.player(), loop_),
         play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
-               pages_, network_, timers_, list_, history_, commands_, intro_, mailbox_, links_}),
+               pages_, network_, timers_, list_, history_, commands_, intro_, mailbox_, links_, codec_}),
         menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
                skins_},
               doors()),
@@ -126,9 +134,12 @@ class WindowProgram {
         window_(state_,
                 {menu_, play_.positions(), listCommands_, history_, media_, mailbox_, shutDown_,
                  links_.display(), picture_, companions_.hover(), companions_.resume(),
-                 [this] { companions_.settled(); }, play_.transport()},
+                 [this] { companions_.settled(); }, play_.transport(), [this] { codec_.ShowCodec(); },
+                 [this] { streamInfo_.Lbl_StreamInfo_Click(); }},
                 {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}),
-        positionWindows_(state_.positions, state_.mode, play_.positions(), [this] { draw(); }) {
+        positionWindows_(state_.positions, state_.mode, play_.positions(), [this] { draw(); }),
+        frmCodec_(state_.codec, [this] { codec_.hide(); }),
+        frmStreamInfo_(state_.streamInfo, streamInfo_, [this] { draw(); }) {
     links_.link(skins_);
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
     session_.file.poster().whenEndOfPlayMoved(stop);
@@ -208,6 +219,8 @@ class WindowProgram {
   void draw() {
     window_.draw();
     positionWindows_.draw(window_.shownFace());
+    frmCodec_.draw(window_.shownFace());
+    frmStreamInfo_.draw(window_.shownFace());
   }
 
   void showAdded(int number) {
@@ -228,7 +241,7 @@ class WindowProgram {
   MpvStage stage_{loop_, session_.streams};
   MpvControlEngine control_{stage_};
   MpvFilterGraphs graphs_{stage_};
-  NoStreamProbe probe_;
+  BatchProbe probe_;
   ClipList list_;
   History history_;
   RecentCollections recent_;
@@ -249,6 +262,8 @@ class WindowProgram {
   WebModule web_;
   WindowPages pages_;
   PosixNetwork network_;
+  CodecInfo codec_;
+  StreamInfo streamInfo_;
   PlayLinks play_;
   MainMenu menu_;
   ClipPicture picture_;
@@ -257,6 +272,8 @@ class WindowProgram {
   Companions companions_;
   FrmFileOpen window_;
   PositionWindows positionWindows_;
+  FrmCodec frmCodec_;
+  FrmStreamInfo frmStreamInfo_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.
@@ -285,7 +302,8 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));
-  WindowProgram program(folder, placesFile, executableFolder + "../lib/kvo5/KVOWeb.so");
+  WindowProgram program(folder, placesFile, executableFolder + "../lib/kvo5/KVOWeb.so",
+                        executableFolder + "KVOprop");
   return program.run({argv + 1, argv + argc}, shared + "/kvo5");
 }
 

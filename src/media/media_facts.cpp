@@ -1,9 +1,11 @@
 #include "media/media_facts.h"
 
 #include "media/frame_clock.h"
+#include "media/orientation.h"
 #include "media/source.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo::media {
 namespace {
@@ -51,6 +53,14 @@ std::string nameOfCodec(AVCodecID id) {
   return std::string(name.substr(0, std::min(name.find(" ("), name.find(" / "))));
 }
 
+// Whether its sides change places when it is turned upright.
+bool isOnItsSide(const std::string& path, const AVFormatContext& format, const AVStream& stream) {
+  if (traitsOf(format).isStill) return orientationOfExif(exifOfFile(path)).swapsSides;
+  std::size_t size = 0;
+  const auto* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+  return matrix != nullptr && size >= kMatrixBytes && orientationOfMatrix(matrix).swapsSides;
+}
+
 }  // namespace
 
 Result<StreamFacts> readFacts(const std::string& path) {
@@ -80,6 +90,7 @@ Result<StreamFacts> readFacts(const std::string& path) {
     facts.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
     facts.steadyRate = steadyRateOf(stream);
     facts.isStill = traitsOf(format).isStill;
+    if (isOnItsSide(path, format, stream)) std::swap(facts.width, facts.height);
     // One picture of what as a film is called "Motion JPEG".
     const bool isJpeg = facts.isStill && stream.codecpar->codec_id == AV_CODEC_ID_MJPEG;
     if (facts.hasVideo) facts.codec = isJpeg ? "JPEG" : nameOfCodec(stream.codecpar->codec_id);

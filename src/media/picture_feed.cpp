@@ -55,6 +55,7 @@ Result<PictureFeed> PictureFeed::open(const std::string& path, int threads) {
   if (stream.codecpar->width <= 0 || stream.codecpar->height <= 0) {
     return Error{"the picture in " + path + " is damaged, or too large"};
   }
+  if (feed.source_.traits().isStill) feed.turn_ = orientationOfExif(exifOfFile(path));
   feed.clock_ = FrameClock(feed.source_.format(), stream, feed.source_.decoder());
   if (auto done = feed.findStart(); !done) return done.error();
   return feed;
@@ -84,6 +85,7 @@ Outcome PictureFeed::findStart() {
 void PictureFeed::complete(AVFrame& frame) const {
   const auto& stream = source_.stream();
   addDisplayMatrix(frame, stream);
+  addOrientation(frame, turn_);
   frame.sample_aspect_ratio = av_guess_sample_aspect_ratio(&source_.format(), &source_.stream(), &frame);
   const auto order = stream.codecpar->field_order;
   if (frame.interlaced_frame == 0 && order > AV_FIELD_PROGRESSIVE &&

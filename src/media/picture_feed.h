@@ -5,6 +5,7 @@
 #include "media/damage.h"
 #include "media/deinterlace.h"
 #include "media/frame_clock.h"
+#include "media/orientation.h"
 #include "media/source.h"
 
 #include <algorithm>
@@ -64,6 +65,7 @@ class PictureFeed {
   Source source_;
   FrameClock clock_;
   int threads_ = 1;
+  Orientation turn_;  // of a still, as its file tells
   double origin_ = 0;
   std::optional<Deinterlacer> deinterlacer_;  // from the first interlaced frame on
   TimedFrame ready_;                          // where nothing is deinterlaced

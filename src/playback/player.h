@@ -74,6 +74,8 @@ class Player {
   [[nodiscard]] virtual bool UsingCorona() const = 0;
   /// Of an address in the player.
   [[nodiscard]] virtual StreamReport streamReport() const = 0;
+  /// What it, or the file in the player, tells of itself beyond that.
+  [[nodiscard]] virtual StreamDetails streamDetails() const { return {}; }
   /// Gets clip `index` ready in the background, where it is a file that plays.
   virtual void openAhead(int index) = 0;
 

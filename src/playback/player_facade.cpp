@@ -3,7 +3,7 @@
 
 #include "base/text.h"
 #include "core/telling/failures.h"
-#include "playback/codec_words.h"
+#include "intake/codec_words.h"
 #include "playback/display/layout.h"
 
 #include <algorithm>
@@ -35,15 +35,17 @@ double rateByRecord(const Movie& clip) {
 EngineRoute PlayerFacade::PlayerSetFilename(const std::string& path, int index) {
   const auto load = ++loads_;
   usingCorona_ = false;
-  auto* clip = clipAt(index);
+  const auto* clip = clipAt(index);
   const auto routing =
       routeOf({kSystemWord, path, clip != nullptr && clip->IsCorona(), parts_.settings.user.MPEGRoutingVMR},
-              [&] { return clip ? GetWMVVer(*clip, path, parts_.probe).videoCodec : std::string(); });
-  if (clip != nullptr && routing.route != EngineRoute::NotForced) {
-    clip->IsCorona(true);
-    clip->IsVFWCompat(false);
+              [&] { return GetWMVVer(parts_.collection, index, path, parts_.probe).videoCodec; });
+  // While a file is probed, and while it opens, the list may get another order, and the player another clip.
+  if (load != loads_) return routing.route;
+  if (auto* now = clipAt(parts_.collection.MovieList.numberOf(clip));
+      now != nullptr && routing.route != EngineRoute::NotForced) {
+    now->IsCorona(true);
+    now->IsVFWCompat(false);
   }
-  // While a file opens the list may get another order.
   if (!routing.corona || !openGraph(path, clip)) openControl(path, clip);
   if (load == loads_) showOpened(parts_.collection.MovieList.numberOf(clip));
   return routing.route;

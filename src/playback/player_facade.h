@@ -76,6 +76,9 @@ class PlayerFacade : public Player {
   void PlayerSetCaptionFile(const std::string& file) override { engine().setCaptionFile(file); }
   [[nodiscard]] std::string PlayerGetCaptionFile() const override { return engine().captionFile(); }
   [[nodiscard]] StreamReport streamReport() const override;
+  [[nodiscard]] StreamDetails streamDetails() const override {
+    return graph_ ? StreamDetails() : parts_.control.streamDetails();
+  }
   void PlayerMuteON() override;
   void PlayerMuteOFF() override;
 

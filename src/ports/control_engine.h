@@ -5,6 +5,7 @@
 #include "ports/media_engine.h"
 
 #include <functional>
+#include <utility>
 
 namespace kvo {
 
@@ -16,6 +17,24 @@ struct EngineMarker {
   double time = 0;  ///< seconds
   std::string name;
   bool operator==(const EngineMarker&) const = default;
+};
+
+/// What a stream, or a file, tells of itself and of its way here. Texts are empty when it does not tell.
+struct StreamDetails {
+  std::string description{};
+  std::string author{};
+  std::string rights{};
+  std::string channelName{};
+  std::string channelDescription{};
+  std::string channelUrl{};
+  std::string contactAddress{};
+  std::string contactEmail{};
+  std::string created{};
+  std::vector<std::pair<std::string, std::string>> others{};  ///< whatever else: its name and its text
+  std::vector<std::pair<std::string, std::string>> codecs{};  ///< "Video" and "H.264, 640 x 480", each track
+  double receivedRate = 0;                                    ///< bits a second that come in
+  double ahead = 0;                                           ///< seconds that have come and not been shown
+  int lostPictures = 0;                                       ///< that came too late to be shown
 };
 
 class ControlEngine : public MediaEngine {
@@ -54,6 +73,8 @@ class ControlEngine : public MediaEngine {
   [[nodiscard]] virtual std::string mediaTitle() const = 0;
   [[nodiscard]] virtual std::string mediaAuthor() const = 0;
   [[nodiscard]] virtual int bandwidth() const = 0;  ///< bits a second
+
+  [[nodiscard]] virtual StreamDetails streamDetails() const = 0;
 
   /// Heard on the program's thread: the section has been played as often as told.
   virtual void whenEndOfStream(std::function<void()> heard) = 0;

@@ -53,6 +53,9 @@ class Files {
   /// The whole file; fails beyond `limit` bytes.
   [[nodiscard]] virtual Result<std::string> read(const std::string& path, std::uint64_t limit) const = 0;
 
+  /// The first `most` bytes of a file, or all of a shorter one.
+  [[nodiscard]] virtual Result<std::string> readHead(const std::string& path, std::size_t most) const = 0;
+
   /// Begins new contents for `path`, which need not exist; its folder must.
   virtual Result<std::unique_ptr<Replacement>> replace(const std::string& path) = 0;
 

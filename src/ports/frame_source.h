@@ -13,7 +13,7 @@ struct StreamFacts {
   bool hasVideo = false;  ///< moving or still picture
   bool hasAudio = false;
   bool isStill = false;  ///< a single picture without a length
-  int width = 0;         ///< pixels, as coded
+  int width = 0;         ///< pixels, as coded, and turned upright
   int height = 0;
   double frameRate = 0;      ///< frames a second, the average of a variable rate; 0 when there is none
   double steadyRate = 0;     ///< the exact rate of frames that come at a constant one; else 0

@@ -4,6 +4,8 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/records/media_kinds.h"
+#include "core/telling/messages.h"
+#include "intake/avi_compressor.h"
 #include "playback/positions/displays.h"
 
 #include <algorithm>
@@ -35,6 +37,14 @@ double rateOf(const Movie& clip) {
   const auto frames = clip.DurationFrames().wholeNumber();
   const auto length = clip.DurationTime().wholeNumber();
   return frames && length && *length > 0 ? *frames / *length : 0;
+}
+
+// What the file's streams tell, and the code that an AVI names.
+Detail codecDetail(const Movie& clip, const StreamFacts* facts) {
+  std::string codec = facts != nullptr ? facts->codec : std::string();
+  if (!isAviKind(clip) || clip.VideoCodec().empty()) return codec.empty() ? Detail() : Detail{"Codec", codec};
+  codec.append(codec.empty() ? clip.VideoCodec() : " (" + clip.VideoCodec() + ")");
+  return {"Codec", codec, std::string(LoadResString(384))};
 }
 
 std::string balanceText(const Movie& clip) {
@@ -122,7 +132,7 @@ std::array<Detail, 9> detailsOf(const Movie& clip, const KVO2& settings, const S
     pairs[6] = {"Volume", std::to_string(percentOf(clip.Volume())) + "%"};
     pairs[7] = {"Balance", balanceText(clip)};
   }
-  if (facts != nullptr && !facts->codec.empty()) pairs[8] = {"Codec", facts->codec};
+  pairs[8] = codecDetail(clip, facts);
   return pairs;
 }
 

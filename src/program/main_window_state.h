@@ -6,8 +6,10 @@
 #include "playback/buttons_state.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/positions/position_state.h"
+#include "playback/stream_info_state.h"
 #include "playback/transport/transport_state.h"
 #include "program/clip_picture_state.h"
+#include "program/codec_window_state.h"
 #include "program/skin_state.h"
 
 #include <array>
@@ -77,6 +79,7 @@ struct CollectionDetailsState {
 struct Detail {
   std::string caption;
   std::string value;
+  std::string tip{};  ///< a click on the value tells more, and this says so; empty where none does
   bool operator==(const Detail&) const = default;
 };
 
@@ -147,6 +150,8 @@ struct MainWindowState {
   ClipPictureState picture;
   ResumeState resume;
   HoverState hover;
+  CodecWindowState codec;
+  StreamInfoState streamInfo;
   bool commandRuns = false;  ///< see CommandPass
 
   /// True while a command is under way and lets events through: nothing else may touch the collection.

@@ -2,7 +2,11 @@
 
 #include "support/real_world.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +62,88 @@ TEST(MediaFrameSource, GivesAFrameByItsTimeWithItsShapeKept) {
     const auto none = source.frame(name, seconds, 64, 48);
     ASSERT_FALSE(none);
     EXPECT_NE(none.error().text.find(name), std::string::npos) << none.error().text;
+  }
+}
+
+std::string number(std::uint32_t value, int bytes, bool bigEndian = false) {
+  std::string text;
+  for (int i = 0; i < bytes; ++i)
+    text += static_cast<char>(value >> static_cast<unsigned>(8 * (bigEndian ? bytes - 1 - i : i)));
+  return text;
+}
+
+std::string bytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The picture file with Exif's orientation written into it.
+std::string heldSo(std::string file, const std::string& kind, std::uint32_t orientation) {
+  const auto entry = number(274, 2) + number(3, 2) + number(1, 4) + number(orientation, 4);
+  const auto exif = "II" + number(42, 2) + number(8, 4) + number(1, 2) + entry + number(0, 4);
+  if (kind == "jpg") {
+    const auto named = std::string("Exif\0\0", 6) + exif;
+    return file.insert(2, "\xFF\xE1" + number(static_cast<std::uint32_t>(named.size()) + 2, 2, true) + named);
+  }
+  if (kind == "png")
+    return file.insert(
+        33, number(static_cast<std::uint32_t>(exif.size()), 4, true) + "eXIf" + exif + number(0, 4));
+  if (kind == "webp") {
+    const auto extended = "VP8X" + number(10, 4) + number(8, 4) + number(63, 3) + number(31, 3);
+    file = extended + file.substr(12) + "EXIF" + number(static_cast<std::uint32_t>(exif.size()), 4) + exif;
+    return "RIFF" + number(static_cast<std::uint32_t>(file.size()) + 4, 4) + "WEBP" + file;
+  }
+  // A second directory of a TIFF, which is the first with one entry more, at the end.
+  const auto at = [&](std::size_t from, int bytes) {
+    std::size_t value = 0;
+    for (int i = bytes; i-- > 0;)
+      value = value << 8U | static_cast<unsigned char>(file[from + static_cast<std::size_t>(i)]);
+    return value;
+  };
+  const auto directory = at(4, 4);
+  const auto count = at(directory, 2);
+  std::string entries = file.substr(directory + 2, count * 12);
+  std::size_t place = 0;
+  while (place < entries.size() && (static_cast<unsigned char>(entries[place]) |
+                                    static_cast<unsigned char>(entries[place + 1]) << 8U) < 274)
+    place += 12;
+  entries.insert(place, entry);
+  const auto end = static_cast<std::uint32_t>(file.size());
+  file += number(static_cast<std::uint32_t>(count) + 1, 2) + entries + number(0, 4);
+  return file.replace(4, 4, number(end, 4));
+}
+
+TEST(MediaFrameSource, AStillStandsAsItsCameraWasHeld) {
+  const test::ScratchFolder folder;
+  const struct {
+    std::uint32_t orientation;
+    bool swapped;
+    int x, y;  // the half that the light is in
+  } rows[] = {{1, false, 0, 0}, {2, false, 1, 0}, {3, false, 1, 1}, {4, false, 0, 1}, {5, true, 0, 0},
+              {6, true, 1, 0},  {7, true, 1, 1},  {8, true, 0, 1},  {9, false, 0, 0}};
+  for (const std::string kind : {"jpg", "png", "tiff", "webp"}) {
+    const auto plain = bytesOf(test::makeMedia(
+        folder, "plain." + kind,
+        {"-f", "lavfi", "-i", "color=black:size=64x32,drawbox=0:0:32:16:white:fill", "-frames:v", "1"}));
+    for (const auto& row : rows) {
+      MediaFrameSource source;
+      const auto path = folder / ("held." + kind);
+      std::ofstream(path, std::ios::binary) << heldSo(plain, kind, row.orientation);
+      const auto facts = source.facts(path);
+      ASSERT_TRUE(facts) << kind << ": " << facts.error().text;
+      const int width = row.swapped ? 32 : 64;
+      const int height = row.swapped ? 64 : 32;
+      EXPECT_EQ(facts->width, width) << kind << row.orientation;
+      EXPECT_EQ(facts->height, height) << kind << row.orientation;
+      const auto picture = source.frame(path, 0, width, height);
+      ASSERT_TRUE(picture) << kind << ": " << picture.error().text;
+      for (int half = 0; half < 4; ++half) {
+        const int x = width / 4 + half % 2 * width / 2;
+        const int y = height / 4 + half / 2 * height / 2;
+        const bool light = picture->bgr[static_cast<std::size_t>(3 * (y * width + x))] > 128;
+        EXPECT_EQ(light, half == row.x + 2 * row.y) << kind << row.orientation << " at " << x << ", " << y;
+      }
+    }
   }
 }
 

@@ -7,6 +7,7 @@
 #include "support/scripted_boxes.h"
 #include "support/virtual_loop.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -25,8 +26,10 @@ class ScriptedProbe : public StreamProbe {
  public:
   std::optional<std::string> told;
   int asked = 0;
+  std::function<void()> meanwhile = [] {};
   std::optional<std::string> report(const std::string& /*path*/, int /*tries*/) override {
     ++asked;
+    meanwhile();
     return told;
   }
 };

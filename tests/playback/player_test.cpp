@@ -86,6 +86,23 @@ TEST(Player, TheProbeIsAskedOnceForAClip) {
   EXPECT_TRUE(b.player.UsingCorona());
 }
 
+TEST(Player, AnotherClipThatComesWhileOneIsProbedStays) {
+  PlayerBench b;
+  b.add("a.wmv");
+  b.add("b.mp4");
+  b.probe.meanwhile = [&] { b.open(2); };
+  b.open(1);
+  EXPECT_EQ(b.player.PlayerGetFileName(), "/v/b.mp4");
+  EXPECT_FALSE(b.player.UsingCorona());
+  b.collection.MovieList[1].VideoCodec("");
+  b.probe.meanwhile = [&] {
+    b.player.Med_previewClear();
+    b.collection.MovieList.remove(1);
+  };
+  b.open(1);
+  EXPECT_TRUE(b.player.PlayerIsEmpty());
+}
+
 TEST(Player, ASeekOfAGraphLandsOnThePictureOrAheadOfTheEnd) {
   using enum DisplayMode;
   const struct {

@@ -1,7 +1,5 @@
 #include "playback/routing.h"
 
-#include "playback/codec_words.h"
-
 #include <gtest/gtest.h>
 
 namespace kvo {
@@ -49,32 +47,6 @@ TEST(Routing, NameRecordAndSettingsChooseTheEngine) {
     EXPECT_EQ(routing, row.routing) << row.system << " " << row.path << ": " << routing.codecWord;
     EXPECT_EQ(asked, row.asked) << row.path;
   }
-}
-
-TEST(CodecWords, TheLastWordOfTheTableHolds) {
-  const std::string audio = "Audio Stream proper\r\n WMA V9\r\n rate: 64 kbps\r\n";
-  const std::string video = "Video Stream proper\r\n ";
-  const struct {
-    std::string report;
-    const char* extension;
-    CodecWords words;
-  } rows[] = {
-      {"KVO_FAIL" + audio, "WMV", {"Unknown", "0", "Unknown", "Unknown"}},
-      {"", "WMV", {"", "", "Unknown", ""}},
-      {audio, "WMA", {"", "", "WMA V9", "64 k"}},
-      {"Audio Stream proper WMA V9 (Lossless) rate: 1bps", "WMA", {"", "", "WMA V9 (LossLess)", "1"}},
-      {"Audio Stream proper WMA V7/V8, WMA V2, rate: nothing", "WMA", {"", "", "WMA V2", ""}},
-      {"Audio Stream proper PCM", "WMA", {"", "", "Unknown", ""}},
-      {audio + video + "WMV V9 WMV V8 rate: 300000 bps", "WMV", {"WMV9", "300000", "WMA V9", "64 k"}},
-      {video + "MS MPEG-4 V3", "AVI", {"MS MPEG4 V3", "", "Unknown", ""}},
-      {"Seekable: false\r\n" + video + "WMV V7", "WMV", {"WMV7(Buffrd)", "", "Unknown", "", false, false}},
-      {"Is Protected (DRM): true\r\n" + video + "WMV V7", "WMV", {"WMV7", "", "Unknown", "", true}},
-      {video + "H.264", "ASF", {"WMV7(Buffrd)", "", "Unknown", ""}},
-      {video + "H.264", "WMV", {"", "", "Unknown", ""}},
-      {"NoofStreams 3 ", "ASF", {"WMV7(Buffrd)", "", "Unknown", ""}},
-      {"NoofStreams 3 ", "WMV", {"", "", "Unknown", ""}},
-  };
-  for (const auto& row : rows) EXPECT_EQ(readCodecWords(row.report, row.extension), row.words) << row.report;
 }
 
 }  // namespace

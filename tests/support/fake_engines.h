@@ -183,6 +183,8 @@ class FakeEngine : public Port {
 
 class FakeControlEngine : public FakeEngine<ControlEngine> {
  public:
+  [[nodiscard]] StreamDetails streamDetails() const override { return details; }
+
   int playCount = 1;
   bool autoRewind = false;
   bool autoStart = false;
@@ -190,6 +192,7 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   int bits = 0;        ///< a second
   std::string title;   ///< of a stream
   std::string author;
+  StreamDetails details;
   std::vector<std::pair<std::string, double>> openedAhead;  ///< file and place
 
   /// `files` outlive the engine, and may change.

@@ -42,6 +42,11 @@ class MemoryFiles : public Files {
     return found->second;
   }
 
+  [[nodiscard]] Result<std::string> readHead(const std::string& path, std::size_t most) const override {
+    auto whole = read(path, std::string::npos);
+    return whole ? Result<std::string>(whole->substr(0, most)) : whole;
+  }
+
   Result<std::unique_ptr<Replacement>> replace(const std::string& path) override {
     if (fails() || (failedReplaces > 0 && failedReplaces-- > 0))
       return Error{"cannot write " + path + ": injected"};

@@ -151,8 +151,9 @@ struct FaceBench : ProgramBench {
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
   NoWebPages pages;
   NoNetwork network;
+  CodecInfo codec{{window, settings, collection, list, files, folder, probe, boxes, loop, links.player()}};
   PlayLinks play{{window, settings, collection, files, boxes, loop, desktop, pages, network, timers, list,
-                  history, commands, intro, mailbox, links}};
+                  history, commands, intro, mailbox, links, codec}};
   MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },

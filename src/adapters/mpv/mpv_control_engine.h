@@ -38,6 +38,10 @@ class MpvControlEngine : public MpvEngine<ControlEngine> {
   [[nodiscard]] std::string mediaAuthor() const override;
   [[nodiscard]] int bandwidth() const override { return file() ? file()->bandwidth() : 0; }
 
+  [[nodiscard]] StreamDetails streamDetails() const override {
+    return file() ? file()->details() : StreamDetails();
+  }
+
   void whenEndOfStream(std::function<void()> heard) override { endOfStream_ = std::move(heard); }
 
  private:

@@ -97,6 +97,7 @@ class MpvFile {
   /// What the file tells of itself under the first of these words that it knows.
   [[nodiscard]] std::string told(std::initializer_list<const char*> words) const;
   [[nodiscard]] int bandwidth() const;
+  [[nodiscard]] StreamDetails details() const;
 
   [[nodiscard]] MpvPicture& picture() { return *picture_; }
   /// Draws with another OpenGL, or without one, from now on: the two halves of it.

@@ -89,4 +89,44 @@ int MpvFile::bandwidth() const {
                           core_.number("audio-bitrate").value_or(0));
 }
 
+// What a tag is to a stream's window, by the names that ASF, Shoutcast and others give it.
+StreamDetails MpvFile::details() const {
+  StreamDetails details;
+  if (!isOpen()) return details;
+  struct Told {
+    std::string StreamDetails::*field;
+    std::initializer_list<const char*> names;
+  };
+  const Told fields[] = {
+      {&StreamDetails::description, {"description", "comment", "synopsis", "WM/Description"}},
+      {&StreamDetails::author, {"artist", "author", "album_artist", "composer"}},
+      {&StreamDetails::rights, {"copyright", "rights", "WM/Copyright"}},
+      {&StreamDetails::channelName, {"icy-name", "service_name", "channel", "WM/RadioStationName"}},
+      {&StreamDetails::channelDescription, {"icy-description", "icy-genre", "service_provider"}},
+      {&StreamDetails::channelUrl, {"icy-url", "WM/AuthorURL", "WM/PromotionURL", "url"}},
+      {&StreamDetails::contactAddress, {"contact", "publisher", "WM/Publisher"}},
+      {&StreamDetails::contactEmail, {"email", "contact-email"}},
+      {&StreamDetails::created, {"creation_time", "date", "year", "WM/Year"}},
+  };
+  for (const auto& [field, names] : fields) details.*field = told(names);
+  const int tags = static_cast<int>(core_.number("metadata/list/count").value_or(0));
+  for (int i = 0; i < tags; ++i) {
+    const auto of = "metadata/list/" + std::to_string(i);
+    details.others.emplace_back(core_.text(of + "/key").value_or(""), core_.text(of + "/value").value_or(""));
+  }
+  const int tracks = static_cast<int>(core_.number("track-list/count").value_or(0));
+  for (int i = 0; i < tracks; ++i) {
+    const auto of = [&](const char* what) { return "track-list/" + std::to_string(i) + "/" + what; };
+    const auto type = core_.text(of("type"));
+    auto codec = core_.text(of("codec")).value_or("");
+    const auto width = core_.text(of("demux-w"));
+    if (width && type == "video") codec += ", " + *width + " x " + core_.text(of("demux-h")).value_or("0");
+    details.codecs.emplace_back(type == "video" ? "Video" : type == "audio" ? "Audio" : "Text", codec);
+  }
+  details.receivedRate = 8 * core_.number("cache-speed").value_or(0);
+  details.ahead = core_.number("demuxer-cache-duration").value_or(0);
+  details.lostPictures = static_cast<int>(core_.number("frame-drop-count").value_or(0));
+  return details;
+}
+
 }  // namespace kvo

@@ -36,6 +36,19 @@ std::string targetOf(const std::string& path) {
   return failed ? path : target.string();
 }
 
+// A regular file open for reading; else a line that says why not. A pipe that nobody writes into would keep
+// the program waiting.
+Result<Descriptor> openFile(const std::string& path, std::uint64_t& size) {
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!file.open()) return failure("cannot read", path);
+  struct stat found {};
+  if (::fstat(file.get(), &found) != 0) return failure("cannot read", path);
+  if (S_ISDIR(found.st_mode)) return failure("cannot read", path, EISDIR);
+  if (!S_ISREG(found.st_mode)) return Error{"cannot read " + path + ": it is no file"};
+  size = static_cast<std::uint64_t>(found.st_size);
+  return file;
+}
+
 class PosixReplacement : public Replacement {
  public:
   PosixReplacement(Descriptor file, std::string path, std::string scratch)
@@ -105,25 +118,39 @@ std::optional<FileFacts> PosixFiles::facts(const std::string& path) const {
 }
 
 Result<std::string> PosixFiles::read(const std::string& path, std::uint64_t limit) const {
-  // A pipe that nobody writes into would keep the program waiting.
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (!file.open()) return failure("cannot read", path);
-  struct stat found {};
-  if (::fstat(file.get(), &found) != 0) return failure("cannot read", path);
-  if (S_ISDIR(found.st_mode)) return failure("cannot read", path, EISDIR);
-  if (!S_ISREG(found.st_mode)) return Error{"cannot read " + path + ": it is no file"};
-  if (static_cast<std::uint64_t>(found.st_size) > limit) return failure("cannot read", path, EFBIG);
+  std::uint64_t size = 0;
+  const auto file = openFile(path, size);
+  if (!file) return file.error();
+  if (size > limit) return failure("cannot read", path, EFBIG);
   std::string bytes;
-  bytes.resize(static_cast<std::size_t>(found.st_size));
+  bytes.resize(static_cast<std::size_t>(size));
   std::size_t have = 0;
   for (;;) {
     if (have == bytes.size()) bytes.resize(have + 4096);
-    const auto got = ::read(file.get(), bytes.data() + have, bytes.size() - have);
+    const auto got = ::read(file->get(), bytes.data() + have, bytes.size() - have);
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return failure("cannot read", path);
     if (got == 0) break;
     have += static_cast<std::size_t>(got);
     if (have > limit) return failure("cannot read", path, EFBIG);
+  }
+  bytes.resize(have);
+  return bytes;
+}
+
+Result<std::string> PosixFiles::readHead(const std::string& path, std::size_t most) const {
+  std::uint64_t size = 0;
+  const auto file = openFile(path, size);
+  if (!file) return file.error();
+  std::string bytes;
+  bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(size, most)));
+  std::size_t have = 0;
+  while (have < bytes.size()) {
+    const auto got = ::read(file->get(), bytes.data() + have, bytes.size() - have);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return failure("cannot read", path);
+    if (got == 0) break;
+    have += static_cast<std::size_t>(got);
   }
   bytes.resize(have);
   return bytes;

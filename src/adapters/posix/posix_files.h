@@ -11,6 +11,7 @@ class PosixFiles : public Files {
   [[nodiscard]] bool exists(const std::string& path) const override;
   [[nodiscard]] std::optional<FileFacts> facts(const std::string& path) const override;
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override;
+  [[nodiscard]] Result<std::string> readHead(const std::string& path, std::size_t most) const override;
   Result<std::unique_ptr<Replacement>> replace(const std::string& path) override;
   Outcome append(const std::string& path, std::string_view bytes) override;
   Outcome rename(const std::string& from, const std::string& to) override;

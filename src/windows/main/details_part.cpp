@@ -1,7 +1,10 @@
 #include "windows/main/details_part.h"
 
 #include "ui/made.h"
+#include "windows/main/key_label.h"
 #include "windows/main/texts.h"
+
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -15,6 +18,8 @@ constexpr double kDetailValueFrom = 47;  // from the column's left
 constexpr double kDetailEnd = 10;        // left free at the plate's right end and between columns
 constexpr double kDetailText = 10.5;     // pixels of the text
 
+constexpr std::size_t kCodecPair = 8;
+
 double widthOfColumn(std::size_t column) {
   return (column + 1 < kDetailColumns.size() ? kDetailColumns[column + 1] : kDetailsPlate.right()) -
          kDetailColumns[column];
@@ -22,7 +27,7 @@ double widthOfColumn(std::size_t column) {
 
 }  // namespace
 
-DetailsPart::DetailsPart(const DetailsState& state, QWidget* parent)
+DetailsPart::DetailsPart(const DetailsState& state, std::function<void()> showCodec, QWidget* parent)
     : Plate(kDetailsPlate, 7, parent), state_(state) {
   for (std::size_t i = 0; i < pairs_.size(); ++i) {
     const double left = kDetailColumns[i / 3];
@@ -39,7 +44,11 @@ DetailsPart::DetailsPart(const DetailsState& state, QWidget* parent)
                         this);
     pairs_[i].caption->setBuddy(pairs_[i].value);
   }
+  codecKey_ = made<KeyLabel>(QString(), this);
+  connect(codecKey_, &QAbstractButton::clicked, std::move(showCodec));
 }
+
+std::vector<QWidget*> DetailsPart::tabOrder() const { return {codecKey_}; }
 
 void DetailsPart::layOut(const FaceScale& scale) {
   Plate::layOut(scale);
@@ -47,6 +56,8 @@ void DetailsPart::layOut(const FaceScale& scale) {
     pair.caption->layOut(scale);
     pair.value->layOut(scale);
   }
+  codecKey_->setGeometry(pairs_[kCodecPair].value->geometry());
+  codecKey_->setShape({QPoint(), codecKey_->size()}, false);
 }
 
 void DetailsPart::draw(Rgb colour) {
@@ -55,6 +66,9 @@ void DetailsPart::draw(Rgb colour) {
     pairs_[i].value->write(shown(state_.pairs[i].value));
     pairs_[i].value->setColour(colour);
   }
+  const auto& tip = state_.pairs[kCodecPair].tip;
+  codecKey_->setVisible(!tip.empty());
+  codecKey_->setName(plainTip(tip));
 }
 
 }  // namespace kvo

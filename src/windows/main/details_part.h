@@ -5,16 +5,23 @@
 #include "windows/main/plate.h"
 
 #include <array>
+#include <functional>
+#include <vector>
 
 namespace kvo {
 
+class KeyLabel;
+
 class DetailsPart : public Plate {
  public:
-  DetailsPart(const DetailsState& state, QWidget* parent);
+  /// `showCodec` is called when the user clicks on a codec that more is known of.
+  DetailsPart(const DetailsState& state, std::function<void()> showCodec, QWidget* parent);
 
   void layOut(const FaceScale& scale);
   /// `colour` is that of values.
   void draw(Rgb colour);
+  /// What takes the keyboard, in the order of Tab.
+  [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
  private:
   struct Pair {
@@ -24,6 +31,7 @@ class DetailsPart : public Plate {
 
   const DetailsState& state_;
   std::array<Pair, 9> pairs_;
+  KeyLabel* codecKey_;
 };
 
 }  // namespace kvo

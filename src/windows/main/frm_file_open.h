@@ -35,6 +35,8 @@ class FrmFileOpen {
     Resume& resume;
     std::function<void()> settled;  ///< the state is whole: called ahead of each drawing
     Transport& transport;
+    std::function<void()> showCodec = [] {};   ///< Frm_Codec is to open
+    std::function<void()> showStream = [] {};  ///< frmStreamInfo is
   };
   /// What the window is made of.
   struct Material {

@@ -52,13 +52,15 @@ GlassPart::GlassPart(const MainWindowState& state, const Acts& acts, QWidget* pa
       panels_(state.mode.panels),
       digits_(made<KeyLabel>(tr("Direct Positioner"), this)),
       rate_(made<KeyLabel>(tr("Current Playback rate"), this)),
-      level_(made<KeyLabel>(tr("Output Level"), this)) {
+      level_(made<KeyLabel>(tr("Output Level"), this)),
+      streamKey_(made<KeyLabel>(tr("Stream Info"), this)) {
   connect(digits_, &QAbstractButton::clicked, acts.digits);
   connect(rate_, &QAbstractButton::clicked, acts.rate);
   connect(level_, &QAbstractButton::clicked, acts.level);
+  connect(streamKey_, &QAbstractButton::clicked, acts.stream);
 }
 
-std::vector<QWidget*> GlassPart::tabOrder() const { return {digits_, rate_, level_}; }
+std::vector<QWidget*> GlassPart::tabOrder() const { return {digits_, rate_, level_, streamKey_}; }
 
 void GlassPart::layOut(const FaceScale& scale) {
   scale_ = scale;
@@ -67,7 +69,9 @@ void GlassPart::layOut(const FaceScale& scale) {
   digits_->setGeometry(placedIn(*this, scale, kDigitsKey));
   rate_->setGeometry(placedIn(*this, scale, kRatePlace));
   level_->setGeometry(placedIn(*this, scale, kLevelKey));
-  for (auto* key : {digits_, rate_, level_}) key->setShape({QPoint(), key->size()}, false);
+  streamKey_->setGeometry(
+      placedIn(*this, scale, kStreamPlace.united(kStreamPlace.translated(0, kStreamPlace.height()))));
+  for (auto* key : {digits_, rate_, level_, streamKey_}) key->setShape({QPoint(), key->size()}, false);
   update();
 }
 
@@ -100,6 +104,7 @@ void GlassPart::describe() {
   if (state_.sound) told << tr("volume %1 per cent").arg(state_.volume);
   rate_->setVisible(!showsStream());
   level_->setVisible(!showsStream());
+  streamKey_->setVisible(showsStream());
   QStringList stream;
   if (showsStream()) {
     for (const auto& text : {stream_.title, stream_.bandwidth, stream_.progress}) {
@@ -109,6 +114,7 @@ void GlassPart::describe() {
     told << stream;
   }
   setToolTip(plainTip(stream.join("\n").toStdString()));
+  streamKey_->setToolTip(toolTip());
   setAccessibleName(tr("Display"));
   setAccessibleDescription(told.join(", "));
 }

@@ -19,9 +19,9 @@ class GlassPart : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::GlassPart)
 
  public:
-  /// A click on the digits, on the rate, on the level.
+  /// A click on the digits, on the rate, on the level, and on the labels of a stream.
   struct Acts {
-    std::function<void()> digits, rate, level;
+    std::function<void()> digits, rate, level, stream;
   };
   GlassPart(const MainWindowState& state, const Acts& acts, QWidget* parent);
 
@@ -50,6 +50,7 @@ class GlassPart : public QWidget {
   KeyLabel* digits_;
   KeyLabel* rate_;
   KeyLabel* level_;
+  KeyLabel* streamKey_;
   FaceScale scale_;
   Rgb colour_ = token("detail");
 

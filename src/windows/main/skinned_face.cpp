@@ -116,7 +116,7 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
   position_ = made<PositionPart>(state_.details, state_.positions.markers,
                                  act([this] { logic_.positions.markers.open(); }), this);
-  details_ = made<DetailsPart>(state_.details, this);
+  details_ = made<DetailsPart>(state_.details, act(logic_.showCodec), this);
   const auto look = [this](std::optional<double> seconds) {
     picture_->box().lookAt(seconds);
     largePicture_->box().lookAt(seconds);
@@ -135,12 +135,12 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   };
   slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
   hover_ = made<HoverPart>(state_.hover, this);
-  glass_ =
-      made<GlassPart>(state_,
-                      GlassPart::Acts{act([this] { logic_.positions.positioner.Pic_DigNumbers_Click(); }),
-                                      act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
-                                      act([this] { logic_.positions.levels.showLevel(); })},
-                      this);
+  glass_ = made<GlassPart>(
+      state_,
+      GlassPart::Acts{act([this] { logic_.positions.positioner.Pic_DigNumbers_Click(); }),
+                      act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
+                      act([this] { logic_.positions.levels.showLevel(); }), act(logic_.showStream)},
+      this);
   keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(), folder, this);
   volume_ = made<VolumePart>(
       state_.display,
@@ -175,6 +175,7 @@ void SkinnedFace::setTabOrder() {
   add({empty_});
   add(list_->tabOrder());
   add({position_->indexKey()});
+  add(details_->tabOrder());
   add(slider_->tabOrder());
   add(glass_->tabOrder());
   add({volume_});

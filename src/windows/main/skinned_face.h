@@ -48,6 +48,8 @@ class SkinnedFace : public QWidget {
     Resume& resume;
     Transport& transport;
     std::function<void()> addMedia;
+    std::function<void()> showCodec;
+    std::function<void()> showStream;
   };
 
   /// `folder` is the program's. `acted` is called behind each act.

@@ -1,0 +1,108 @@
+#include "media/stream_properties.h"
+
+#include "media/container_traits.h"
+#include "media/ffmpeg.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+namespace kvo::media {
+namespace {
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+};
+
+// Of the File Properties Object of an ASF (section 3.2 of its specification): whether it can be sought in.
+// FFmpeg reads the flag, and keeps it for itself.
+bool asfTellsUnseekable(const std::string& path) {
+  constexpr std::string_view kFileProperties(
+      "\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\x00\xC0\x0C\x20\x53\x65", 16);
+  constexpr std::size_t kFlags = 88;  // from the object's begin
+  constexpr unsigned kSeekable = 2;
+  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rbe"));
+  if (!file) return false;
+  std::array<char, 65536> head{};
+  const std::string_view bytes(head.data(), std::fread(head.data(), 1, head.size(), file.get()));
+  const auto at = bytes.find(kFileProperties);
+  if (at == std::string_view::npos || at + kFlags >= bytes.size()) return false;
+  return (static_cast<unsigned char>(bytes[at + kFlags]) & kSeekable) == 0;
+}
+
+// An ASF with a protection object, or a track of an MP4 that is enciphered.
+bool isProtected(const AVFormatContext& format) {
+  if (av_dict_get(format.metadata, "ASF_Protection_Type", nullptr, 0) != nullptr) return true;
+  constexpr std::array kEnciphered = {MKTAG('d', 'r', 'm', 's'), MKTAG('d', 'r', 'm', 'i'),
+                                      MKTAG('e', 'n', 'c', 'a'), MKTAG('e', 'n', 'c', 'v')};
+  for (unsigned i = 0; i < format.nb_streams; ++i) {
+    const auto tag = format.streams[i]->codecpar->codec_tag;
+    if (std::ranges::any_of(kEnciphered, [&](auto one) { return static_cast<std::uint32_t>(one) == tag; }))
+      return true;
+  }
+  return false;
+}
+
+StreamProperty propertyOf(const AVStream& stream) {
+  const auto& p = *stream.codecpar;
+  StreamProperty property;
+  if (p.codec_type == AVMEDIA_TYPE_AUDIO) property.kind = StreamProperty::Kind::Audio;
+  // The cover picture of a piece of music is no video.
+  if (p.codec_type == AVMEDIA_TYPE_VIDEO && (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) == 0)
+    property.kind = StreamProperty::Kind::Video;
+  property.codec = avcodec_get_name(p.codec_id);
+  const auto* descriptor = avcodec_descriptor_get(p.codec_id);
+  property.codecName = descriptor != nullptr && descriptor->long_name != nullptr ? descriptor->long_name : "";
+  if (const auto* language = av_dict_get(stream.metadata, "language", nullptr, 0))
+    property.language = language->value;
+  property.bitRate = static_cast<double>(std::max<std::int64_t>(p.bit_rate, 0));
+  property.width = p.width;
+  property.height = p.height;
+  property.frameRate = stream.avg_frame_rate.den > 0 ? av_q2d(stream.avg_frame_rate) : 0;
+  property.sampleRate = p.sample_rate;
+  property.channels = p.ch_layout.nb_channels;
+  return property;
+}
+
+// A file whose one stream tells no rate: what the whole file has.
+void fillRate(StreamProperties& properties) {
+  StreamProperty* untold = nullptr;
+  double told = 0;
+  for (auto& stream : properties.streams) {
+    if (stream.kind == StreamProperty::Kind::Other) continue;
+    told += stream.bitRate;
+    if (stream.bitRate > 0) continue;
+    if (untold != nullptr) return;
+    untold = &stream;
+  }
+  if (untold != nullptr) untold->bitRate = std::max(properties.bitRate - told, 0.0);
+}
+
+}  // namespace
+
+Result<StreamProperties> readStreamProperties(const std::string& path) {
+  const auto opened = openInput(path);
+  if (!opened) return opened.error();
+  const auto& format = **opened;
+  if (format.nb_streams == 0) return Error{"cannot open " + path + ": it is no media file, or damaged"};
+  StreamProperties properties;
+  properties.container =
+      format.iformat->long_name != nullptr ? format.iformat->long_name : format.iformat->name;
+  properties.isWindowsMedia = std::string_view(format.iformat->name) == "asf";
+  properties.isProtected = isProtected(format);
+  properties.isSeekable = (format.ctx_flags & AVFMTCTX_UNSEEKABLE) == 0 &&
+                          !(properties.isWindowsMedia && asfTellsUnseekable(path));
+  if (format.duration > 0) properties.duration = static_cast<double>(format.duration) / AV_TIME_BASE;
+  properties.bitRate = static_cast<double>(std::max<std::int64_t>(format.bit_rate, 0));
+  for (unsigned i = 0; i < format.nb_streams; ++i)
+    properties.streams.push_back(propertyOf(*format.streams[i]));
+  fillRate(properties);
+  const AVDictionaryEntry* tag = nullptr;
+  while ((tag = av_dict_get(format.metadata, "", tag, AV_DICT_IGNORE_SUFFIX)) != nullptr)
+    properties.tags.emplace_back(tag->key, tag->value);
+  return properties;
+}
+
+}  // namespace kvo::media

@@ -1,0 +1,97 @@
+// Real files of names that would break a shell line, probed for real.
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/posix_clock.h"
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_processes.h"
+#include "adapters/posix/posix_temporary_folders.h"
+#include "intake/batch_probe.h"
+#include "intake/codec_words.h"
+#include "support/real_world.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdlib.h>  // NOLINT: setenv
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// TMPDIR leads to a folder of the test's own.
+class OwnTemporaryFolder {
+ public:
+  explicit OwnTemporaryFolder(const std::string& folder) {
+    if (const char* was = std::getenv("TMPDIR")) before_ = was;
+    ::setenv("TMPDIR", folder.c_str(), 1);
+  }
+  OwnTemporaryFolder(const OwnTemporaryFolder&) = delete;
+  OwnTemporaryFolder& operator=(const OwnTemporaryFolder&) = delete;
+  ~OwnTemporaryFolder() { before_.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before_.c_str(), 1); }
+
+ private:
+  std::string before_;
+};
+
+TEST(HostileNames, NothingRunsAndNothingIsLost) {
+  const test::ScratchFolder scratch;
+  fs::create_directory(scratch / "media");
+  // A temporary folder that would break the line as well.
+  const auto temporary = scratch / "it's $(touch ran) \"t\"";
+  fs::create_directory(temporary);
+  const OwnTemporaryFolder own(temporary);
+  const auto clip = test::makeMedia(scratch, "clip.wmv",
+                                    {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.4", "-f", "lavfi", "-i",
+                                     "sine=d=0.4", "-c:v", "wmv2", "-c:a", "wmav2", "-b:a", "64k"});
+  const std::string names[] = {
+      "plain.wmv",
+      "two  blanks and a tail .wmv",
+      "it's 'quoted'.wmv",
+      "\"double\".wmv",
+      "$(touch ran).wmv",
+      "`touch ran`.wmv",
+      "a;touch ran;b.wmv",
+      "a'$(touch ran)'b.wmv",
+      "a&touch ran&.wmv",
+      "> ran.wmv",
+      "$HOME %PATH% !x *?[a] ~.wmv",
+      "line\nend\r\n.wmv",
+      "\ntouch ran\n.wmv",
+      "back\\slash\\.wmv",
+      "--json",
+      "-.wmv",
+      "\xFF\xFE \xE9 \x81\x82\x88.wmv",
+      "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xAC.wmv",
+      std::string(251, 'x') + ".wmv",
+  };
+  PosixFiles files;
+  PosixProcesses processes;
+  PollLoop loop;
+  PosixClock clock;
+  PosixTemporaryFolders folders;
+  BatchProbe probe({files, processes, loop, clock, folders, std::string(KVO_PROGRAMS) + "/KVOprop"});
+  const auto here = fs::current_path();
+  fs::current_path(scratch / "media");
+  for (const auto& name : names) {
+    fs::copy_file(clip, name);
+    const auto report = probe.report(scratch / "media/" + name, 40);
+    ASSERT_TRUE(report) << name;
+    const auto words = readCodecWords(*report, "WMV");
+    EXPECT_EQ(words.videoCodec, "WMV8") << name << ": " << *report;
+    EXPECT_EQ(words.audioCodec, "WMA V7/8") << name;
+    EXPECT_TRUE(tellsOfWindowsMedia(*report)) << name;
+    EXPECT_EQ(fs::file_size(name), fs::file_size(clip)) << name;
+  }
+  fs::current_path(here);
+  std::size_t left = 0;
+  for ([[maybe_unused]] const auto& entry : fs::directory_iterator(scratch / "media")) ++left;
+  EXPECT_EQ(left, std::size(names));  // and nothing called "ran"
+  EXPECT_TRUE(fs::is_empty(temporary));
+  EXPECT_FALSE(fs::exists(here / "ran"));
+  const auto failed = probe.report(scratch / "missing 'x'.wmv", 40);
+  EXPECT_EQ(failed, "KVO_FAIL\r\n");
+}
+
+}  // namespace
+}  // namespace kvo

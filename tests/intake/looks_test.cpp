@@ -1,0 +1,215 @@
+// What the first bytes of a file tell: codecs of AVI files, and the heads of pictures.
+#include "base/text.h"
+#include "core/records/movie.h"
+#include "intake/avi_compressor.h"
+#include "intake/image_info.h"
+#include "support/memory_files.h"
+
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using namespace std::string_literals;
+using namespace std::string_view_literals;
+
+std::string shippedTable() {
+  std::ifstream file(KVO_SHIPPED "/Fourcc.dat", std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(AviCompressor, TheFirstOfItsCodesDecides) {
+  const std::string far(299, '.');
+  const struct {
+    std::string head;
+    const char* codec;
+  } rows[] = {
+      {"strh....XVID and DIVX", "DIVX"},
+      {"XVID", "Unknown"},
+      {"XVID\0"s, "XVID"},
+      {"strhvidsxvid\0"s, "XVID"},
+      {"vids\0"s, "Uncompressed"},
+      {"vidsDIB ", "Uncompressed"},
+      {"VIDSVIDS", "VIDS"},
+      {"RIFF....AVI LIST....hdrlavih....vids\0xvid\0"s, "AVIH"},
+      {"a \xE9gorIV44", "IV44"},
+      {"h270", "Unknown"},
+      {"h269", "H269"},
+      {"Y8 ", "Unknown"},
+      {"Y8  ", "Y8  "},
+      {far + "MJPG", "Unknown"},
+      {far.substr(4) + "MJPG", "MJPG"},
+      {far.substr(2) + "MJPG", "Unknown"},
+      {"", "Unknown"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(codecInHead(row.head), row.codec) << row.head;
+}
+
+TEST(AviCompressor, EachCodeHasARecordThatSaysSomething) {
+  test::MemoryFiles files;
+  const ProgramFolder folder("/prog");
+  const auto table = shippedTable();
+  files.all[folder.beside("\\Fourcc.dat")] = table;
+  std::set<std::string> codes;
+  std::string_view rest = table;
+  while (!rest.empty()) {
+    const auto fields = commaFields(nextLine(rest));
+    ASSERT_EQ(fields.size(), 4U) << fields[0];
+    for (const auto& field : fields) EXPECT_FALSE(field.empty()) << fields[0];
+    EXPECT_TRUE(codes.insert(fields[0]).second) << fields[0];
+    const bool isKind = fields[0] == "VIDS" || fields[0] == "Uncompressed";
+    const auto shown = fields[0] == "Y8" ? "Y8  " : fields[0] == "XVID" ? "XVID\0"s : fields[0];
+    EXPECT_EQ(isKind ? fields[0] : trimmed(codecInHead(shown)), fields[0]);
+    EXPECT_EQ(GetCodecDesc(files, folder, " " + lower(fields[0]) + " "),
+              (CodecDescription{fields[1], fields[2], fields[3]}));
+  }
+  for (const auto* named : {"VIDSVIDS", "VIDSDIB"}) EXPECT_TRUE(codes.contains(codecInHead(named))) << named;
+  EXPECT_EQ(codes.size(), 183U);  // two texts that are sought stand for one code
+}
+
+class CountingProbe : public StreamProbe {
+ public:
+  std::string told;
+  int asked = 0;
+  std::optional<std::string> report(const std::string& /*path*/, int tries) override {
+    EXPECT_EQ(tries, 20);
+    ++asked;
+    return told.empty() ? std::nullopt : std::optional(told);
+  }
+};
+
+TEST(AviCompressor, WhatItsBytesDoNotTellTheProbeIsAskedFor) {
+  const struct {
+    const char* head;
+    const char* told;
+    AviCompressor found;
+    int asked;
+  } rows[] = {
+      {"DIVX", "", {"DIVX", {"A, B", "www.c.d", "Notes"}, true, false}, 0},
+      {"IV50", "", {"IV50", {"Unknown", "Unknown", "N/A"}, true, false}, 0},
+      {"?", "Video Stream proper", {"Unknown", {"Unknown", "Unknown", "N/A"}, false, true}, 1},
+      {"?", "KVO_FAIL", {"Unknown", {"Unknown", "Unknown", "N/A"}, false, false}, 1},
+      {"?", "", {"Unknown", {"Unknown", "Unknown", "N/A"}, false, false}, 1},
+  };
+  for (const auto& row : rows) {
+    test::MemoryFiles files;
+    const ProgramFolder folder("/prog");
+    files.all[folder.beside("\\Fourcc.dat")] = "XX\r\ndivx ,\"A, B\",www.c.d,Notes\r\n";
+    files.all["/v/a.avi"] = row.head;
+    CountingProbe probe;
+    probe.told = row.told;
+    const auto found = GetAVICompressor({files, folder, probe}, "/v/a.avi");
+    EXPECT_EQ(found.codec, row.found.codec);
+    EXPECT_EQ(found.description, row.found.description) << row.head;
+    EXPECT_EQ(found.isKnown, row.found.isKnown);
+    EXPECT_EQ(found.isWindowsMedia, row.found.isWindowsMedia) << row.told;
+    EXPECT_EQ(probe.asked, row.asked) << row.head;
+  }
+}
+
+// A TIFF of some entries, each of 12 bytes, Intel order.
+std::string tiff(std::string_view entries) {
+  return "II*\0\x08\0\0\0"s + static_cast<char>(entries.size() / 12) + "\0"s + std::string(entries);
+}
+
+std::string jpegSegment(char marker, const std::string& content) {
+  const auto length = content.size() + 2;
+  return "\xFF"s + marker + static_cast<char>(length >> 8U) + static_cast<char>(length & 255U) + content;
+}
+
+TEST(ImageInfo, HeadsTellKindSizeAndDepth) {
+  using enum ImageKind;
+  const auto png = [](char depth, char type) {
+    return "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x02\x80\0\0\x01\xE0"s + depth + type;
+  };
+  const auto pcx = [](std::string_view window) {
+    return "\x0A\x05\x01\x08"s + std::string(window) + std::string(53, '\0') + "\x03";
+  };
+  const std::string frame = jpegSegment('\xC0', "\x08\0\x20\x01\x40\x03"s);
+  const auto bmp = [](std::string_view sides) {
+    return "BM"s + std::string(12, '\0') + "\x28\0\0\0"s + std::string(sides) + "\x01\0\x18\0"s;
+  };
+  const std::string shortWidth = "\0\x01\x03\0\x01\0\0\0\x40\x01\0\0"s;  // 256, 16 bits, 320
+  const std::string longHeight = "\x01\x01\x04\0\x01\0\0\0\x20\0\0\0"s;
+  const std::string depth = "\x02\x01\x03\0\x01\0\0\0\x08\0\0\0"s;
+  const std::string turned = "\x12\x01\x03\0\x01\0\0\0\x06\0\0\0"s;
+  const std::string motorola =
+      "MM\0*\0\0\0\x08\0\x02\x01\0\0\x03\0\0\0\x01\x01\x40\0\0\x01\x01\0\x01\0\0\0\x01\x20\0\0\0"s;
+  const struct {
+    const char* name;
+    std::string bytes;
+    ImageKind kind;
+    Long width, height;
+    int depth, orientation;
+    bool usable;
+  } rows[] = {
+      {"png grey", png(1, 0), Png, 640, 480, 1, 1, true},
+      {"png colour", png(8, 2), Png, 640, 480, 24, 1, true},
+      {"png palette", png(4, 3), Png, 640, 480, 8, 1, true},
+      {"png grey alpha", png(8, 4), Png, 640, 480, 16, 1, true},
+      {"png alpha", png(16, 6), Png, 640, 480, 64, 1, true},
+      {"png of no such type", png(8, 5), Unknown, 0, 0, 0, 1, false},
+      {"png, cut off", png(8, 2).substr(0, 22), Png, 0, 0, 0, 1, false},
+      {"gif", "GIF89a\x40\x01\xC8\0\xF3"s, Gif, 320, 200, 4, 1, true},
+      {"gif of no width", "GIF87a\0\0\xC8\0\xF3"s, Gif, 0, 200, 4, 1, false},
+      {"bmp", bmp("\x40\x01\0\0\xF0\0\0\0"sv), Bmp, 320, 240, 24, 1, true},
+      {"bmp from the top", bmp("\x40\x01\0\0\x10\xFF\xFF\xFF"sv), Bmp, 320, 240, 24, 1, true},
+      {"bmp too wide", bmp("\x30\x75\0\0\xF0\0\0\0"sv), Bmp, 30000, 240, 24, 1, false},
+      {"bmp of no end", bmp("\xFF\xFF\xFF\xFF\0\0\0\x80"sv), Bmp, 0x7FFFFFFF, 0x7FFFFFFF, 24, 1, false},
+      {"pcx", pcx("\0\0\0\0\x3F\x01\xC7\0"sv), Pcx, 320, 200, 24, 1, true},
+      {"pcx the wrong way round", pcx("\x10\0\0\0\x05\0\xC7\0"sv), Pcx, -10, 200, 24, 1, false},
+      {"tiff", tiff(shortWidth + longHeight + depth), Tiff, 320, 32, 8, 1, true},
+      {"tiff on its side", tiff(shortWidth + longHeight + turned), Tiff, 320, 32, 0, 6, true},
+      {"tiff, motorola", motorola, Tiff, 320, 32, 0, 1, true},
+      {"tiff that leads nowhere", "II*\0\xF0\xFF\xFF\xFF"s, Tiff, 0, 0, 0, 1, false},
+      {"tiff of more entries than it has", "II*\0\x08\0\0\0\xFF\xFF"s + shortWidth, Tiff, 0, 0, 0, 1, false},
+      {"jpeg", "\xFF\xD8"s + jpegSegment('\xE0', "JFIF") + "\xFF" + frame, Jpeg, 320, 32, 24, 1, true},
+      {"jpeg on its side", "\xFF\xD8"s + jpegSegment('\xE1', "Exif\0\0"s + tiff(turned)) + frame, Jpeg, 320,
+       32, 24, 6, true},
+      {"jpeg whose exif leads nowhere",
+       "\xFF\xD8"s + jpegSegment('\xE1', "Exif\0\0II*\0\xFF\xFF\xFF\xFF"s) + frame, Jpeg, 320, 32, 24, 1,
+       true},
+      {"jpeg whose segment has no length", "\xFF\xD8\xFF\xE0\0\0"s + frame, Jpeg, 0, 0, 0, 1, false},
+      {"jpeg without a frame", "\xFF\xD8"s + jpegSegment('\xDA', "x") + frame, Jpeg, 0, 0, 0, 1, false},
+      {"nothing", "", Unknown, 0, 0, 0, 1, false},
+      {"a text", "GI", Unknown, 0, 0, 0, 1, false},
+  };
+  for (const auto& row : rows) {
+    CImageInfo image;
+    image.readBytes(row.bytes, row.bytes.size());
+    EXPECT_EQ(image.ImageType(), row.kind) << row.name;
+    EXPECT_EQ(image.Width(), row.width) << row.name;
+    EXPECT_EQ(image.Height(), row.height) << row.name;
+    EXPECT_EQ(image.Depth(), row.depth) << row.name;
+    EXPECT_EQ(image.Orientation(), row.orientation) << row.name;
+    EXPECT_EQ(image.isUsable(), row.usable) << row.name;
+  }
+}
+
+TEST(ImageInfo, ALongHeadIsReadToItsEndAndTheRecordStandsUpright) {
+  test::MemoryFiles files;
+  const auto exif = "Exif\0\0"s + tiff("\x12\x01\x03\0\x01\0\0\0\x06\0\0\0"sv);
+  files.all["/v/a.jpg"] =
+      "\xFF\xD8"s + jpegSegment('\xE1', exif) + jpegSegment('\xE2', std::string(60000, 'x')) +
+      jpegSegment('\xE2', std::string(60000, 'x')) + jpegSegment('\xC2', "\x08\0\x20\x01\x40\x03"s);
+  files.all["/v/b.jpg"] = "\xFF\xD8";
+  Movie clip;
+  clip.Path("/v/");
+  clip.MovieName("a.jpg");
+  EXPECT_TRUE(AnalyseImage(clip, files));
+  EXPECT_EQ(clip.StillW(), 32);
+  EXPECT_EQ(clip.StillH(), 320);
+  for (const auto* name : {"b.jpg", "missing.jpg"}) {
+    clip.MovieName(name);
+    EXPECT_FALSE(AnalyseImage(clip, files)) << name;
+    EXPECT_EQ(clip.StillH(), 320) << name;
+  }
+}
+
+}  // namespace
+}  // namespace kvo
