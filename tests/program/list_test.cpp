@@ -309,7 +309,7 @@ TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
   b.list.takeFacts("/v/c.mpg", {.codec = "too late"});
   b.list.takeFacts("/v/a.avi", {.codec = "H.264"});
   std::string told;
-  for (const auto& [caption, value] : b.window.details.pairs) told += caption + "=" + value + ";";
+  for (const auto& pair : b.window.details.pairs) told += pair.caption + "=" + pair.value + ";";
   EXPECT_EQ(told,
             "File=a.avi;Folder=/v/;Format=640 × 480 - AVI;Length=10.00 s;Section=2.00 to 10.00 s;Speed=2.5 x;"
             "Volume=70%;Balance=Stereo;Codec=H.264;");
