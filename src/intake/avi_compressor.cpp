@@ -88,6 +88,8 @@ std::string codecInHead(std::string_view head) {
   return std::string(kUnknownCodec);
 }
 
+bool namesCodec(std::string_view codec) { return codec != kUnknownCodec && codec != "AVIH"; }
+
 AviCompressor GetAVICompressor(const AviLookPorts& ports, const std::string& path) {
   const auto head = ports.files.readHead(path, kAviHead);
   AviCompressor found;

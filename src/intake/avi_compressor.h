@@ -41,6 +41,9 @@ bool isAviKind(const Movie& clip);
 /// "Unknown" when none does.
 std::string codecInHead(std::string_view head);
 
+/// False for "Unknown", and for what says no more than that the file is an AVI.
+bool namesCodec(std::string_view codec);
+
 struct AviCompressor {
   std::string codec = std::string(kUnknownCodec);  ///< "DIVX", "Uncompressed", "Unknown"
   CodecDescription description;                    ///< "Unknown", "Unknown" and "N/A" without a record

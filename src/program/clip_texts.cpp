@@ -43,7 +43,11 @@ double rateOf(const Movie& clip) {
 Detail codecDetail(const Movie& clip, const StreamFacts* facts) {
   std::string codec = facts != nullptr ? facts->codec : std::string();
   if (!isAviKind(clip) || clip.VideoCodec().empty()) return codec.empty() ? Detail() : Detail{"Codec", codec};
-  codec.append(codec.empty() ? clip.VideoCodec() : " (" + clip.VideoCodec() + ")");
+  if (codec.empty()) {
+    codec = clip.VideoCodec();
+  } else if (namesCodec(clip.VideoCodec())) {
+    codec += " (" + clip.VideoCodec() + ")";
+  }
   return {"Codec", codec, std::string(LoadResString(384))};
 }
 

@@ -15,7 +15,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kLeastWidth = 380;  // pixels
+constexpr int kLeastWidth = 460;  // pixels
 constexpr int kCodecMargin = 16;
 
 QLabel* value(QWidget* parent) {
