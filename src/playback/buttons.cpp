@@ -148,7 +148,8 @@ void Buttons::BuildAllButs(bool stepButtons) {
   for (const auto key : kFaceKeys) BuildButton(key);
   timers_.Timer1.start();
   timers_.Timer6.start();
-  if (!player_.PlayerIsEmpty() && display_.player.IsPlaying) player_.GlobalMediaPlay();
+  const auto& shown = display_.player;
+  if (!player_.PlayerIsEmpty() && shown.IsPlaying && !shown.clipWaits) player_.GlobalMediaPlay();
 }
 
 void Buttons::placeAnew() {

@@ -23,7 +23,7 @@ struct PlayerState {
   int clip = 0;      ///< its number; 0 for none
   int sourceWidth = 0;      ///< pixels; 0 for a clip without picture
   int sourceHeight = 0;     ///< pixels
-  bool fullScreen = false;  ///< the picture alone covers the screen, whatever the face of the window
+  bool fullScreen = false;  ///< the clip's picture covers the screen; of the clip in the player alone
   bool IsPlaying = false;
   bool IsPaused = false;   ///< by the user or between two clips
   bool clipWaits = false;  ///< the list has gone on to a clip that is not loaded yet

@@ -157,6 +157,7 @@ class PlayerFacade : public Player {
   [[nodiscard]] Movie* clipAt(int index) const;
   [[nodiscard]] Movie* current() const { return clipAt(parts_.collection.icurMov); }
   [[nodiscard]] PlayerState& state() { return parts_.mode.player; }
+  [[nodiscard]] const PlayerState& state() const { return parts_.mode.player; }
   [[nodiscard]] const Place& place() const { return parts_.mode.player.place; }
 
   Parts parts_;

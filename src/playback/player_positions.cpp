@@ -95,7 +95,13 @@ double PlayerFacade::inSeconds(double position) const {
   return inFrames() ? frames().secondsAt(position) : position;
 }
 
-double PlayerFacade::PlayerGetDuration() const { return inUnit(engine().duration()); }
+// An engine counts the sound that goes on behind the last picture; the record does not.
+double PlayerFacade::PlayerGetDuration() const {
+  const double length = engine().duration();
+  const auto* clip = clipAt(state().clip);
+  const auto recorded = clip == nullptr || !hasPicture() ? std::nullopt : clip->DurationTime().wholeNumber();
+  return inUnit(recorded && *recorded > 0 ? std::min(length, *recorded) : length);
+}
 
 double PlayerFacade::PlayerGetCurrentPosition() const { return inUnit(engine().position()); }
 

@@ -5,6 +5,7 @@
 #include "playback/player_bench.h"
 #include "support/plain_desktop.h"
 
+#include <functional>
 #include <string>
 
 namespace kvo::test {
@@ -13,7 +14,11 @@ class PlainHost : public DisplayHost {
  public:
   std::string asked;    // "skins ShapeMe "
   std::string caption;  // on the spine
-  void skins() override { asked += "skins "; }
+  std::function<void()> paints = [] {};
+  void skins() override {
+    asked += "skins ";
+    paints();
+  }
   void ShapeMe() override { asked += "ShapeMe "; }
   void ShapePlain() override { asked += "ShapePlain "; }
   void FadBorder(const std::string& caption) override { this->caption = caption; }

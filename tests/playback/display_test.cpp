@@ -269,6 +269,10 @@ TEST(Display, ThePictureAloneCoversTheScreenWhereThereIsOne) {
   b.load("a.mp3");
   b.display.mnu_DirXFullSC_Click();
   EXPECT_FALSE(b.mode.ticks.mnu_DirXFullSC);
+  b.loadStill(800, 600);
+  b.display.mnu_DirXFullSC_Click();
+  EXPECT_TRUE(b.mode.ticks.mnu_DirXFullSC && b.mode.pictureAlone);
+  EXPECT_TRUE(b.display.leaveFullPicture() && !b.mode.pictureAlone && !b.display.leaveFullPicture());
   b.load("a.avi", 640, 480);
   b.display.mnu_DirXFullSC_Click();
   EXPECT_TRUE(b.mode.ticks.mnu_DirXFullSC && b.mode.player.fullScreen);
@@ -278,7 +282,48 @@ TEST(Display, ThePictureAloneCoversTheScreenWhereThereIsOne) {
   EXPECT_TRUE(b.mode.ticks.lockAndZoomEnabled && !b.mode.ticks.mnu_DirXFullSC);
   b.display.Lbl_MiniMode_Click();
   b.display.mnu_DirXFullSC_Click();
-  EXPECT_TRUE(b.display.stepBack() && b.mode.IsMiniMode && !b.mode.player.fullScreen) << "back to the face";
+  EXPECT_TRUE(b.display.stepBack() && b.mode.IsMiniMode && !b.mode.pictureAlone) << "back to the face";
+}
+
+// Of 1280 x 1024 pixels the toolbar leaves 886 to the picture.
+TEST(Display, WhereTheScreenIsCoveredThePictureIsSizedWithinIt) {
+  DisplayBench b;
+  b.load("a.avi", 640, 480);
+  b.display.coverOrBack();
+  b.display.Form_Resize(19200, 15360);
+  const struct {
+    int percent;
+    Place player;
+  } rows[] = {{50, {7200, 5535, 4800, 3600}}, {100, {4800, 3735, 9600, 7200}}, {200, {0, 690, 19200, 13290}}};
+  for (const auto& row : rows) {
+    b.display.ResizePercent(row.percent);
+    EXPECT_EQ(b.mode.player.place, row.player) << row.percent;
+    EXPECT_TRUE(b.mode.IsFullScreenWindow);
+    EXPECT_EQ(b.mode.ticks.mnu_DirXZoom50, row.percent == 50);
+  }
+}
+
+TEST(Display, TheKeysOfTheNormalFaceSayWhatTheOthersHaveLedTo) {
+  for (const auto* before : {"ALLOFF", "PAUSEON", "PLAYON"}) {
+    for (const auto& [plays, alone] : {std::pair{true, true}, {true, false}, {false, true}, {false, false}}) {
+      DisplayBench b;
+      b.load("a.avi", 640, 480);
+      b.host.paints = [&] {  // as a picture of the user's is
+        b.player.PlayerPause();
+        b.buttons.BuildAllButs(true);
+      };
+      b.buttons.BuildButton(before);
+      alone ? b.display.mnu_DirXFullSC_Click() : b.display.coverOrBack();
+      b.mode.player.IsPlaying = plays;  // as a click on the picture leaves it there
+      b.mode.player.IsPaused = !plays;
+      while (b.display.stepBack()) {
+      }
+      EXPECT_EQ(b.keys.at(KeyPlace::Play).lit, plays) << before << alone;
+      EXPECT_EQ(b.keys.at(KeyPlace::Pause).lit, !plays) << before << alone;
+      EXPECT_EQ(b.mode.player.IsPlaying, plays) << before << alone;
+      EXPECT_TRUE(alone || (b.player.PlayerGetPlayState() == EngineState::Running) == plays) << before;
+    }
+  }
 }
 
 TEST(Display, TheSpineReadsWhatKindOfClipIsInHand) {

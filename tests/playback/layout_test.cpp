@@ -36,6 +36,7 @@ constexpr LayoutModes kMinimum{.AllDetOff = true};
 constexpr LayoutModes kEditing{.AllDetOff = true, .ShowFillist = false, .editMode = true};
 constexpr LayoutModes kZoom{.IsMiniMode = true, .CDAutoAnim = true};
 constexpr LayoutModes kLocked{.IsMiniMode = true, .lockAspect = true};
+constexpr LayoutModes kFollows{.IsMiniMode = true, .clipFollows = true};
 constexpr LayoutModes kCovering{.IsMiniMode = true, .IsFullScreenWindow = true};
 
 constexpr Place kFace{0, 0, 8430, 6150};
@@ -95,6 +96,15 @@ TEST(Layout, EachKindOfClipHasItsPlaceInEachMode) {
       {"aspect locked", kLocked, kVGA, kZoomWindow, 15, "shown 0,690 7590x5440"},
       {"sound in Free Zoom", kZoom, kSound, kZoomWindow, 15,
        "hidden 0,690 4800x2910; window 0,0 4800x3600; no video; Timer4 on; \"KVO5 - Audio\""},
+      {"a clip that follows", kFollows, kVGA, kZoomWindow, 15, "shown 0,690 7590x5440"},
+      {"behind sound that was chosen",
+       kFollows,
+       kVGA,
+       {0, 0, 4800, 3600},
+       15,
+       "shown 0,690 9600x8580; window 0,0 9600x9270"},
+      {"sound that follows", kFollows, kSound, kZoomWindow, 15,
+       "hidden 0,690 7590x5440; no video; \"KVO5 - Audio\""},
       {"still in Free Zoom", kZoom, kStill, kZoomWindow, 15, "hidden 0,690 7590x5440; Timer4 off"},
       {"Corona in Free Zoom", kLocked, kCoronaVGA, kZoomWindow, 15, "shown 12.65,690 7564.7x5440"},
       {"covering", kCovering, kVGA, kScreenWindow, 15, "shown 0,690 19200x13290"},

@@ -205,6 +205,11 @@ TEST(Player, LengthsAndSectionsAreInTheUnitInForce) {
     b.loop.advance(20000);
     EXPECT_EQ(b.player.PlayerGetCurrentPosition(), 150) << name << " stops at the end of its section";
   }
+  for (const auto& [recorded, length] : {std::pair{9.8, 9.8}, {12.0, 10.0}, {0.0, 10.0}}) {
+    PlayerBench c;
+    c.load("a.mpg").DurationTime(Value(recorded));
+    EXPECT_DOUBLE_EQ(c.player.PlayerGetDuration(), length) << "sound behind the pictures does not count";
+  }
   PlayerBench b;
   auto& clip = b.load("a.mp4");
   b.player.PlayerSetSelectionStart(5);

@@ -173,9 +173,9 @@ TEST(KeyCommands, DoWhatTheTableSays) {
     const char* calls;
     double seconds;  // from 4 on
     double speed;
-  } rows[] = {{' ', "play ", 4, 1},
-              {'P', "play ", 4, 1},
-              {'n', "play ", 4, 1},
+  } rows[] = {{' ', "PlayGraphic ", 4, 1},
+              {'P', "PlayGraphic ", 4, 1},
+              {'n', "PlayGraphic ", 4, 1},
               {',', "", 3.96, 1},
               {KeyCommands::kArrowRight, "", 4.04, 1},
               {'<', "", 3.8, 1},

@@ -385,6 +385,84 @@ TEST(Transport, StillsGoOnOverTheWholeScreenAlone) {
   }
 }
 
+// A collection of all kinds, and what the user has on the screen meanwhile.
+struct MixedBench : TransportBench {
+  MixedBench() {
+    add("a.avi", 2);
+    add("b.mp3", 2);
+    media["/v/b.mp3"] = {.duration = 2, .rate = 0};
+    add("c.avi", 2);
+    add("d.jpg").IsStill(true);
+    transport.PreviewMovie(1);
+  }
+};
+
+TEST(Transport, AWindowKeepsItsSizeForClipsThatFollowByThemselves) {
+  MixedBench b;
+  b.display.Lbl_MiniMode_Click();
+  b.display.Form_Resize(9000, 6000);
+  const auto size = b.mode.window.place;
+  std::string walk;
+  for (int tenths = 0; tenths < 90; ++tenths) {
+    b.loop.advance(100);
+    EXPECT_EQ(b.mode.window.place, size) << b.shown();
+    if (walk.empty() || walk.back() != b.shown().front()) walk += b.shown().front();
+  }
+  EXPECT_EQ(walk, "1234");
+  b.transport.PreviewMovie(1);
+  EXPECT_EQ(b.mode.window.place.width, 9600) << "the size of one that is chosen";
+}
+
+TEST(Transport, ThePictureAloneGoesOnWithTheCollection) {
+  MixedBench b;
+  b.settings.user.StillDelayTimer = 1;
+  b.display.mnu_DirXFullSC_Click();
+  std::string walk;
+  for (int tenths = 0; tenths < 105; ++tenths) {
+    b.loop.advance(100);
+    EXPECT_TRUE(b.mode.pictureAlone && b.mode.ticks.mnu_DirXFullSC) << b.shown();
+    if (walk.empty() || walk.back() != b.shown().front()) walk += b.shown().front();
+  }
+  EXPECT_EQ(walk, "12341") << "a still has its time there";
+  EXPECT_TRUE(b.mode.player.fullScreen);
+  b.add("e.html").IsHTML(true);
+  b.transport.PreviewMovie(5);
+  EXPECT_FALSE(b.mode.pictureAlone) << "a page has a window of its own";
+}
+
+TEST(Transport, TheKeyGoesOnFromAStillThatDoesNotGoOnByItself) {
+  MixedBench b;
+  const auto press = [&](int clip) {
+    b.transport.PreviewMovie(clip);
+    b.transport.playPressed({});
+    b.loop.advance(300);
+    return b.shown();
+  };
+  EXPECT_EQ(press(4), "1 playing") << "behind the last clip the collection begins again";
+  b.add("e.avi");
+  EXPECT_EQ(press(4), "5 playing");
+  b.display.coverOrBack();
+  b.settings.user.StillDelayTimer = 3;
+  EXPECT_EQ(press(4), "4") << "it has its time there";
+  b.settings.user.StillDelayTimer = 0;
+  EXPECT_EQ(press(4), "5 playing");
+  b.transport.PreviewMovie(4);
+  b.transport.Img_Play_Click();
+  EXPECT_EQ(b.shown(), "4") << "one that is chosen to be shown stays";
+}
+
+TEST(Transport, NothingPlaysAgainWhereTheFaceChangesBetweenTwoClips) {
+  MixedBench b;
+  b.loop.advance(2200);
+  ASSERT_TRUE(b.mode.player.clipWaits);
+  for (const auto change :
+       {&Display::Lbl_MiniMode_Click, &Display::Lbl_MinMax_Click, &Display::Lbl_MiniMode_Click}) {
+    (b.display.*change)();
+    EXPECT_NE(b.player.PlayerGetPlayState(), EngineState::Running);
+    EXPECT_TRUE(b.mode.player.clipWaits);
+  }
+}
+
 TEST(Transport, AFileThatCannotBePlayedIsToldInThePicturesPlace) {
   TransportBench b;
   b.add("gone.avi", 0);

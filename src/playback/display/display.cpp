@@ -52,6 +52,10 @@ void Display::PositionAndSize() {
   const auto clip = layout_.clip();
   if (!clip) return;
   const auto layout = layout_.PositionAndSize(*clip);
+  if (parts_.mode.pictureAlone) {  // the player is asked anew for each clip
+    parts_.player.PlayerSetFullScreenMode(true);
+    SortFullScreen();
+  }
   parts_.host.FadBorder(layout.logoCaption.value_or(std::string(kProductName)));
 }
 
@@ -139,8 +143,13 @@ void Display::tickZoom(int percent) {
 
 void Display::ResizePercent(int percent) {
   const auto clip = layout_.clip();
-  if (!clip || !parts_.mode.IsMiniMode || parts_.mode.IsFullScreenWindow) return;
-  layout_.setWindow(windowOf(clip->facts, layout_.sizes(), kToolbarHeight, percent));
+  if (!clip || !parts_.mode.IsMiniMode) return;
+  if (parts_.mode.IsFullScreenWindow) {
+    if (!hasVideo(clip->facts)) return;
+    layout_.placePlayer(playerAt(percent, layout_.modes(), clip->facts, layout_.sizes()));
+  } else {
+    layout_.setWindow(windowOf(clip->facts, layout_.sizes(), kToolbarHeight, percent));
+  }
   tickZoom(percent);
 }
 
@@ -169,21 +178,27 @@ void Display::Form_Resize(Twips width, Twips height) {
 }
 
 void Display::mnu_DirXFullSC_Click() {
-  parts_.player.PlayerSetFullScreenMode(!parts_.player.PlayerGetFullScreenMode());
+  auto& alone = parts_.mode.pictureAlone;
+  const auto clip = layout_.clip();
+  alone = !alone && clip && (clip->facts.IsStill || hasVideo(clip->facts));
+  parts_.player.PlayerSetFullScreenMode(alone);
   SortFullScreen();
+  if (!alone && !parts_.mode.IsMiniMode) tellKeys(parts_.mode.player);
 }
 
 bool Display::leaveFullPicture() {
-  if (!parts_.player.PlayerGetFullScreenMode()) return false;
+  if (!parts_.mode.pictureAlone) return false;
   mnu_DirXFullSC_Click();
   return true;
 }
 
 void Display::SortFullScreen() {
   auto& mode = parts_.mode;
-  mode.player.fullScreen = parts_.player.PlayerGetFullScreenMode();
-  mode.ticks.mnu_DirXFullSC = mode.player.fullScreen;
-  mode.ticks.lockAndZoomEnabled = !mode.player.fullScreen;
+  // A clip that has a window of its own tells whether it still covers the screen.
+  if (mode.player.clip > 0 && mode.player.sourceWidth > 0)
+    mode.pictureAlone = parts_.player.PlayerGetFullScreenMode();
+  mode.ticks.mnu_DirXFullSC = mode.pictureAlone;
+  mode.ticks.lockAndZoomEnabled = !mode.pictureAlone;
 }
 
 }  // namespace kvo

@@ -97,7 +97,8 @@ class Display {
   void Lbl_SliderMiniMode_Click();
   /// Shows the slider when `mnu_ShowSlider` is ticked, and else hides it.
   void ShowSliderStuff();
-  /// In Free Zoom: the window takes this much of the clip's size: 50, 100 or 200.
+  /// In Free Zoom: the window takes this much of the clip's size: 50, 100 or 200; where it covers the screen
+  /// the picture does, until the next change of size.
   void ResizePercent(int percent);
 
   /// The window system has given the window this size, in twips of its inside. A size that the program has
@@ -105,8 +106,11 @@ class Display {
   void Form_Resize(Twips width, Twips height);
   /// The window stands here on the desktop, in pixels.
   void Form_Move(const ScreenArea& place) { parts_.mode.onDesktop = place; }
-  /// The picture alone on the whole screen, or back; nothing for a clip without one.
+  /// The picture alone on the whole screen, or back; it begins with nothing but a clip that has one, and then
+  /// goes on with whatever is played or shown.
   void mnu_DirXFullSC_Click();
+  /// Back from there. False for a picture that does not cover the screen.
+  bool leaveFullPicture();
   /// Keeps tick, flag and menus in step with what the player says of its full screen.
   void SortFullScreen();
 
@@ -121,11 +125,12 @@ class Display {
   bool mustStay();
   void startMonitors();
   void stopMonitors();
+  void goOnAs(const PlayerState& before);
+  void tellKeys(const PlayerState& player);
   void tellOfScreen();
   void tellOfToolbar();
   void placeAnew();
   void takeSourceSize();
-  bool leaveFullPicture();
   void showDetails(bool on);
   void closeDisplays();
   void tickZoom(int percent);

@@ -113,9 +113,11 @@ struct DisplayModeState {
   // Modes
   bool IsMiniMode = false;          ///< the Free Zoom face
   bool IsFullScreenWindow = false;  ///< it covers the screen
-  bool IsResizing = false;          ///< the program sets the size itself: the layout is left alone
-  bool DetailsWereOn = false;       ///< noted on entering Free Zoom
-  int StartScreenWidth = 0;         ///< pixels, noted at start; 0 for not yet
+  bool pictureAlone = false;  ///< the picture covers the screen, whatever the face; from one clip to the next
+  bool clipFollows = false;   ///< the clip in hand has come by itself, and not by a choice of the user's
+  bool IsResizing = false;    ///< the program sets the size itself: the layout is left alone
+  bool DetailsWereOn = false;  ///< noted on entering Free Zoom
+  int StartScreenWidth = 0;    ///< pixels, noted at start; 0 for not yet
   int StartScreenHeight = 0;
   double interfaceSize = 1;  ///< 1, 1.25, 1.5 or 2: as it is in force, chosen or not
 

@@ -48,6 +48,7 @@ LayoutModes FaceLayout::modes() const {
           .ShowFillist = settings.state.ShowFillist,
           .editMode = settings.state.KVOIsInEditMode,
           .lockAspect = mode.ticks.mnu_LockAspect,
+          .clipFollows = mode.clipFollows,
           .CDAutoAnim = settings.preferences().CDAutoAnim};
 }
 

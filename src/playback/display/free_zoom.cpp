@@ -106,7 +106,7 @@ void Display::sizeFreeZoom() {
 void Display::changeCover(bool cover) {
   auto& mode = parts_.mode;
   const auto clip = layout_.clip();
-  const bool wasPlaying = mode.player.IsPlaying;
+  const bool wasPlaying = mode.player.IsPlaying && !mode.player.clipWaits;
   parts_.timers.Timer1.stop();
   parts_.timers.Timer8.stop();
   if (clip && !clip->path.empty() && !clip->facts.IsTrueRM && !clip->facts.IsStream &&
@@ -184,13 +184,29 @@ void Display::leaveFreeZoom() {
   mode.ticks.mnu_ShowSlider = sliderWasOn_;
   layout_.ShowSliderStuff();
   parts_.host.ShapeMe();
+  const auto before = mode.player;  // a skin pauses what plays
   parts_.host.skins();
+  goOnAs(before);
   if (const auto clip = layout_.clip()) {
     parts_.host.Displaymovieinfo(clip->number);
     placeAnew();
     if (isAudioKind(clip->facts)) panels.Label2.visible = true;
   }
   startMonitors();
+}
+
+void Display::goOnAs(const PlayerState& before) {
+  auto& player = parts_.player;
+  if (before.IsPlaying && !before.clipWaits && !player.PlayerIsEmpty()) player.GlobalMediaPlay();
+  tellKeys(before);
+}
+
+// What was told to the face without keys, or to none while the screen was covered.
+void Display::tellKeys(const PlayerState& player) {
+  const bool plays = player.IsPlaying;
+  const bool paused = player.IsPaused;
+  if (plays) parts_.buttons.BuildButton("PLAYON");
+  if (paused) parts_.buttons.BuildButton("PAUSEON");
 }
 
 // A desktop whose size has changed since the start.

@@ -61,9 +61,16 @@ bool suits(const ClipFacts& clip, const LayoutSizes& sizes) {
   });
 }
 
+// The window of a clip without a picture is none to go on with.
+bool isOfNoPicture(const LayoutSizes& sizes) {
+  return sizes.window.width == kNoVideoWidth * sizes.twipsPerPixel &&
+         sizes.window.height == kNoVideoHeight * sizes.twipsPerPixel;
+}
+
 void placeInFreeZoom(Layout& layout, const LayoutModes& modes, const ClipFacts& clip, LayoutSizes sizes) {
-  const bool ownSize = modes.IsFullScreenWindow || modes.lockAspect || clip.IsStill || clip.IsHTML;
-  if (!ownSize && !suits(clip, sizes)) {
+  const bool stays = modes.IsFullScreenWindow || modes.lockAspect ||
+                     (modes.clipFollows && !isOfNoPicture(sizes)) || clip.IsStill || clip.IsHTML;
+  if (!stays && !suits(clip, sizes)) {
     sizes.window = windowOf(clip, sizes, kToolbarsOfWindow * kToolbarHeight);
     layout.window = sizes.window;
   }
@@ -141,6 +148,14 @@ Place fullPlayer(const LayoutModes& modes, const ClipFacts& clip, const LayoutSi
   place.width = window.width - window.width / kCoronaMargin;
   place.left = (window.width - place.width) / 2;
   return place;
+}
+
+Place playerAt(int percent, const LayoutModes& modes, const ClipFacts& clip, const LayoutSizes& sizes) {
+  const auto all = fullPlayer(modes, clip, sizes);
+  const Twips width = clip.sourceWidth * sizes.twipsPerPixel * percent / 100;
+  const Twips height = clip.sourceHeight * sizes.twipsPerPixel * percent / 100;
+  if (width <= 0 || height <= 0 || width > all.width || height > all.height) return all;
+  return {all.left + (all.width - width) / 2, all.top + (all.height - height) / 2, width, height};
 }
 
 Place coronaAspect(const ClipFacts& clip, const Place& box) {

@@ -28,6 +28,7 @@ struct LayoutModes {
   bool ShowFillist = true;
   bool editMode = false;
   bool lockAspect = false;
+  bool clipFollows = false;  ///< by itself: a window with room for a picture stays as it is
   bool CDAutoAnim = false;
 };
 
@@ -78,6 +79,10 @@ Place windowOf(const ClipFacts& clip, const LayoutSizes& sizes, Twips extraHeigh
 /// Where the player goes in a Free Zoom window: over all that the toolbar leaves. On the Corona engine it has
 /// the source's shape, but for its width.
 Place fullPlayer(const LayoutModes& modes, const ClipFacts& clip, const LayoutSizes& sizes);
+
+/// Where the player goes when it has `percent` of its source's size: in the middle of where it is else, as
+/// far as that has room; all of that for a clip without picture.
+Place playerAt(int percent, const LayoutModes& modes, const ClipFacts& clip, const LayoutSizes& sizes);
 
 /// The largest rectangle of the source's shape in the middle of `box`; the box for a clip without picture.
 Place coronaAspect(const ClipFacts& clip, const Place& box);

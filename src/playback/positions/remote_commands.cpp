@@ -5,7 +5,7 @@
 namespace kvo {
 
 void RemoteCommands::Lbl_Play_Click() {
-  if (Aremoviesloaded()) core_.transport.Img_Play_Click();
+  if (Aremoviesloaded()) core_.transport.Lbl_PlayGraphic_Click();
 }
 
 void RemoteCommands::Lbl_Pause_Click() {

@@ -13,13 +13,13 @@ constexpr std::array<std::string_view, 4> kRateKinds{"AVI", "MPG", "MPE", "PEG"}
 
 Transport::Transport(const TransportParts& parts)
     : core_(parts),
-      sequencer_(core_, [this](int number) { return loadClip(number); }),
+      sequencer_(core_, [this](int number) { return follow(number); }),
       stream_(core_,
               [this](int number) {
                 settle();
                 played(number);
               }),
-      monitor_(core_, sequencer_, stream_, [this](int number) { return loadClip(number); }),
+      monitor_(core_, sequencer_, stream_, [this](int number) { return follow(number); }),
       duration_(parts.loop.timer([this] { WaitForValidDuration(); })) {
   core_.timers.Timer1.ticks([this] { monitor_.tick(); });
   core_.timers.Timer6.ticks([this] { sequencer_.tick(); });
@@ -113,6 +113,7 @@ void Transport::playPressed(const PlayPress& press) {
   if (clip == nullptr) return;
   core_.timers.Timer7.stop();
   if (core_.mode.player.clipWaits) return Img_Play_Click();
+  if (leaveStill(*clip)) return;
   const bool moves = std::ranges::find(kRateKinds, kindOfFile(*clip)) != kRateKinds.end();
   if (press.shift && playBackwards(*clip)) return;
   if (press.right && moves) {
@@ -120,6 +121,19 @@ void Transport::playPressed(const PlayPress& press) {
     return core_.host.Displaymovieinfo(core_.icurMov());
   }
   Img_Play_Click();
+}
+
+// A still that does not go on by itself goes on by the key, behind the last clip to the first.
+bool Transport::leaveStill(const Movie& clip) {
+  const bool timed = core_.fullScreen() && core_.settings.user.StillDelayTimer > 0;
+  const int count = core_.collection.MovieList.count();
+  if (!clip.IsStill() || timed || count < 2) return false;
+  const int number = core_.icurMov();
+  core_.mode.player.IsPaused = false;
+  core_.host.select(number < count ? number + 1 : 1);
+  core_.state.command = SequencerCommand::Curr;
+  sequencer_.carryOutNow();
+  return true;
 }
 
 bool Transport::playBackwards(const Movie& clip) {
@@ -164,7 +178,7 @@ void Transport::Lbl_PauseGraphic_Click() {
     return;
   }
   if (core_.player.streamReport().opening == EngineOpening::Connecting) return;  // its next tick ends it
-  Lbl_PlayGraphic_Click();
+  clip->IsStill() ? Img_Play_Click() : Lbl_PlayGraphic_Click();
 }
 
 void Transport::Image8_Click() {
@@ -239,10 +253,15 @@ void Transport::stillTick() {
   if (count == 0) return timer.stop();
   if (!core_.fullScreen() || core_.host.busy()) return;
   if (core_.editing()) return timer.stop();
-  if (core_.icurMov() < count) return core_.host.Lbl_NextMov_Click();
-  // The last one stays for a tick more.
-  core_.state.StillWrapDue = !core_.state.StillWrapDue;
-  if (!core_.state.StillWrapDue) PreviewMovie(1);
+  follows_ = true;
+  if (core_.icurMov() < count) {
+    core_.host.Lbl_NextMov_Click();
+  } else {
+    // The last one stays for a tick more.
+    core_.state.StillWrapDue = !core_.state.StillWrapDue;
+    if (!core_.state.StillWrapDue) PreviewMovie(1);
+  }
+  follows_ = false;
 }
 
 }  // namespace kvo

@@ -45,6 +45,7 @@ class Transport : public TransportCommands {
   void Image8_Click() override;
   /// The play key: with the right button it gives a moving picture its own rate back, with Shift it plays
   /// backwards, frame by frame and from the first on at the last, until anything else plays, stops or seeks.
+  /// A still that nothing follows by itself gives way to the next clip.
   void playPressed(const PlayPress& press);
   /// A click on the picture.
   void pictureClicked(PictureButton button);
@@ -56,6 +57,8 @@ class Transport : public TransportCommands {
 
  private:
   bool loadClip(int number);
+  bool follow(int number);
+  bool leaveStill(const Movie& clip);
   void letGo();
   void load(int number, const Movie& clip);
   void showStill();
@@ -86,6 +89,7 @@ class Transport : public TransportCommands {
   Monitor monitor_;
   std::unique_ptr<Timer> duration_;  // until the player knows how long the clip is
   int durationLooks_ = 0;
+  bool follows_ = false;     // the load that comes is not by a choice of the user's
   bool stepsBack_ = false;   // it is the reverse play that drives the player
   std::uint64_t loads_ = 0;  // the last one counts, as opening a file lets events through
   std::shared_ptr<bool> lives_ = std::make_shared<bool>(true);

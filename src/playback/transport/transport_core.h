@@ -47,7 +47,7 @@ struct TransportCore : TransportParts {
   [[nodiscard]] PlayOrder order() const;
   [[nodiscard]] bool editing() const { return settings.state.KVOIsInEditMode; }
   /// The picture covers the screen.
-  [[nodiscard]] bool fullScreen() const { return mode.IsFullScreenWindow || mode.player.fullScreen; }
+  [[nodiscard]] bool fullScreen() const { return mode.IsFullScreenWindow || mode.pictureAlone; }
   [[nodiscard]] bool running() const { return player.PlayerGetPlayState() == EngineState::Running; }
 
   /// The keys, and the flags that the word stands for: see Buttons.

@@ -5,6 +5,8 @@
 #include "playback/captions.h"
 #include "playback/transport/transport.h"
 
+#include <utility>
+
 namespace kvo {
 namespace {
 
@@ -34,6 +36,7 @@ void Transport::PreviewMovie(int index) { loadClip(index == 0 ? 1 : index); }
 // meanwhile.
 bool Transport::loadClip(int number) {
   if (number < 1 || number > core_.collection.MovieList.count()) return false;
+  core_.mode.clipFollows = std::exchange(follows_, false);
   letGo();
   const auto mine = loads_;
   core_.host.select(number);
@@ -48,8 +51,14 @@ bool Transport::loadClip(int number) {
   return true;
 }
 
+bool Transport::follow(int number) {
+  follows_ = true;
+  return loadClip(number);
+}
+
 void Transport::empty() {
   letGo();
+  core_.display.leaveFullPicture();
   core_.emptyPlayer();
   core_.mode.still = {};
   core_.button("ALLOFF");
@@ -91,6 +100,7 @@ void Transport::load(int number, const Movie& clip) {
 }
 
 void Transport::showElsewhere(const Movie& clip) {
+  core_.display.leaveFullPicture();
   if (core_.guests.disc != nullptr) core_.guests.disc->pause();
   core_.mode.still = {};
   core_.player.Med_previewClear();
@@ -111,6 +121,7 @@ void Transport::showStill() {
 }
 
 void Transport::ShowWeb(const Movie& clip) {
+  core_.display.leaveFullPicture();
   core_.pages.close();
   core_.timers.Timer4.stop();
   core_.emptyPlayer();
