@@ -34,6 +34,7 @@ class Companions {
   /// The state is whole, unless a command is under way.
   void settled() {
     if (window_.busy()) return;
+    hover_.settled();
     resume_.settled();
     awake_.settled();
     outside_.settled();

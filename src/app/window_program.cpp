@@ -4,6 +4,7 @@
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
+#include "adapters/posix/posix_machine.h"
 #include "adapters/posix/posix_network.h"
 #include "adapters/posix/socket_handover.h"
 #include "adapters/qt/qt_desktop.h"
@@ -79,7 +80,7 @@ class WindowProgram {
         recent_(store_, session_.files),
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder}, session_.file,
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
-        intake_({session_.files, session_.clock, boxes_, session_.streams}, session_.settings,
+        intake_({session_.files, session_.clock, refusals_, session_.streams}, session_.settings,
                 session_.collection, [this](int number) { showAdded(number); }),
         parts_{session_.files,
                boxes_,
@@ -92,6 +93,7 @@ class WindowProgram {
                session_.collection,
                commands_,
                intake_,
+               refusals_,
                state_,
                list_,
                history_,
@@ -107,7 +109,7 @@ class WindowProgram {
         media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
                       state_),
-        web_(webModule),
+        web_(webModule, canShutIn),
         pages_([this](QWidget* parent) { return web_.makeView(parent); }),
         codec_({state_, session_.settings, session_.collection, list_, session_.files, session_.folder,
                 probe_, boxes_, loop_, links_.player()}),
@@ -136,7 +138,8 @@ class WindowProgram {
                  links_.display(), picture_, companions_.hover(), companions_.resume(),
                  [this] { companions_.settled(); }, play_.transport(), [this] { codec_.ShowCodec(); },
                  [this] { streamInfo_.Lbl_StreamInfo_Click(); }},
-                {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output()}),
+                {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output(),
+                 hasGraphicsDevice()}),
         positionWindows_(state_.positions, state_.mode, play_.positions(), [this] { draw(); }),
         frmCodec_(state_.codec, [this] { codec_.hide(); }),
         frmStreamInfo_(state_.streamInfo, streamInfo_, [this] { draw(); }) {
@@ -229,6 +232,7 @@ class WindowProgram {
   }
 
   FrmMessageBoxes boxes_{[this] { showNow(); }};
+  GatheredBoxes refusals_{boxes_};
   Session session_;
   MainWindowState state_;
   QtFileDialogs dialogs_;

@@ -18,8 +18,10 @@ ClipPicture::ClipPicture(FrameSource& streams, EventLoop& loop, ClipPictureState
 void ClipPicture::want(const PictureWish& wish) {
   if (wish == wanted_) return;
   wanted_ = wish;
-  if (state_.wish.path != wish.path) {
+  if (wish.path.empty()) {
     state_ = {wish, nullptr, {}, state_.revision + 1};
+  } else if (state_.wish.path != wish.path) {
+    state_.fault.clear();  // that is told of the other file
   }
   fetch_.want(wish.path.empty() ? std::nullopt : std::optional(wish));
 }
@@ -33,12 +35,17 @@ void ClipPicture::arrived(const PictureWish& wish, Result<FramePicture> picture)
   ++state_.revision;
 }
 
-PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksAt, int width, int height) {
+const ClipRow* rowOnShow(const MainWindowState& state) {
   const auto& rows = state.list.Fillist.rows();
-  const auto index = static_cast<std::size_t>(state.list.ListIndex);
-  if (index >= rows.size()) return {};
-  const auto kind = rows[index].kind;
-  if (kind != ClipKind::Video && kind != ClipKind::Still) return {};
+  const auto& player = state.mode.player;
+  const int shown = player.clipWaits && player.clip > 0 ? player.clip - 1 : state.list.ListIndex;
+  const auto index = static_cast<std::size_t>(shown);
+  return index < rows.size() ? &rows[index] : nullptr;
+}
+
+PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksAt, int width, int height) {
+  const auto* row = rowOnShow(state);
+  if (row == nullptr || (row->kind != ClipKind::Video && row->kind != ClipKind::Still)) return {};
   const auto& still = state.mode.still;
   const double stands = state.slider.handles ? state.slider.position * state.slider.length : 0;
   return {still.Img_Still.visible ? still.path : state.mode.player.path, looksAt.value_or(stands), width,

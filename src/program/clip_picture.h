@@ -16,7 +16,7 @@ class ClipPicture {
   /// which waits at its end for the file that is being read.
   ClipPicture(FrameSource& streams, EventLoop& loop, ClipPictureState& state);
 
-  /// Wants this picture from now on. What is shown stays until it has come, if it is of the same file.
+  /// Wants this picture from now on; what is shown stays until it has come. Without a path: none, at once.
   void want(const PictureWish& wish);
 
  private:
@@ -27,7 +27,11 @@ class ClipPicture {
   LastWish<PictureWish, Result<FramePicture>> fetch_;
 };
 
-/// The picture of the clip in hand that a box of `width` x `height` pixels shows: at `looksAt` seconds, or
+/// The row of the clip whose picture is on show: the one in hand, and between two clips still the one that
+/// has ended. Null for none.
+const ClipRow* rowOnShow(const MainWindowState& state);
+
+/// The picture of that clip that a box of `width` x `height` pixels shows: at `looksAt` seconds, or
 /// else where the clip stands. Videos and stills have one; sound, pages and streams have none, and a sign
 /// instead.
 PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksAt, int width, int height);

@@ -38,6 +38,8 @@ bool HoverPreview::hasPicture() const {
 
 void HoverPreview::over(double part, int width, int height) {
   const double length = window_.slider.length;
+  width_ = width;
+  height_ = height;
   if (!window_.slider.handles || length <= 0) return left();
   auto& hover = window_.hover;
   hover.visible = true;
@@ -74,6 +76,11 @@ void HoverPreview::arrived(const PictureWish& wish, Result<FramePicture> picture
   const auto kept = picture ? std::make_shared<const FramePicture>(std::move(*picture)) : Picture();
   kept_[wish.seconds] = kept;
   if (wish == wanted_ && window_.hover.visible) window_.hover.picture = kept;
+}
+
+void HoverPreview::settled() {
+  if (window_.hover.visible && window_.mode.player.path != wanted_.path)
+    over(window_.hover.part, width_, height_);
 }
 
 void HoverPreview::left() {

@@ -19,6 +19,8 @@ class HoverPreview {
   void over(double part, int width, int height);
   /// It has left the slider.
   void left();
+  /// The state is whole: another clip may have come below the pointer.
+  void settled();
 
  private:
   using Picture = std::shared_ptr<const FramePicture>;
@@ -29,6 +31,8 @@ class HoverPreview {
 
   MainWindowState& window_;
   PictureWish wanted_;
+  int width_ = 0;  // of pictures, pixels
+  int height_ = 0;
   std::map<double, Picture> kept_;  // of the file and size of wanted_, by seconds; null where there is none
   LastWish<PictureWish, Result<FramePicture>> fetch_;
 };

@@ -45,7 +45,9 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
   bool added = false;
   if (isNamed_) {
     added = parts_.history.add(CommandPass(parts_.window), [&] {
-      for (const auto& file : named) parts_.intake.AddMoviesm(file);
+      parts_.refusals.together([&] {
+        for (const auto& file : named) parts_.intake.AddMoviesm(file);
+      });
     });
   } else {
     parts_.window.face.controlsEnabled = false;

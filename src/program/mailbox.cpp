@@ -72,19 +72,21 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
 void Mailbox::add(const std::vector<std::string>& clips) {
   auto& progress = parts_.window.progress;
   progress.total = static_cast<int>(clips.size());
-  for (const auto& clip : clips) {
-    ++progress.done;
-    if (progress.total > 1) {
-      progress.status = std::string(LoadResString(390)) + std::to_string(progress.done) + " of " +
-                        std::to_string(progress.total);
-      progress.status.append(LoadResString(391)).append(kCrLf).append(clip);
-      progress.abortText = LoadResString(341);
-      parts_.loop.yield();
+  parts_.refusals.together([&] {
+    for (const auto& clip : clips) {
+      ++progress.done;
+      if (progress.total > 1) {
+        progress.status = std::string(LoadResString(390)) + std::to_string(progress.done) + " of " +
+                          std::to_string(progress.total);
+        progress.status.append(LoadResString(391)).append(kCrLf).append(clip);
+        progress.abortText = LoadResString(341);
+        parts_.loop.yield();
+      }
+      if (progress.abortClicked) break;
+      parts_.intake.AddMoviesm(clip);
     }
-    if (progress.abortClicked) break;
-    parts_.intake.AddMoviesm(clip);
-  }
-  progress = {};
+    progress = {};
+  });
 }
 
 void Mailbox::take(const StartCommand& command, int before) {

@@ -55,7 +55,8 @@ std::string asCaption(std::string_view name) { return replaced(name, "&", "&&");
 // A shortcut does not wait for the disk.
 void MainMenu::choose(MenuId id) {
   const bool isFile = id.command == MenuCommand::Recent || id.command == MenuCommand::Skin;
-  const auto menu = windowMenu(isFile ? Files::With : Files::Without);
+  auto menu = windowMenu(isFile ? Files::With : Files::Without);
+  addGroup(menu, zoomMenu());
   const auto* chosen = id == MenuId{} ? nullptr : find(menu, id);
   if (chosen == nullptr || !chosen->enabled) return;
   if (chosen->takesPass) return chosen->act();
@@ -260,8 +261,9 @@ Entries MainMenu::modeEntries() {
     if (act) entries.push_back(ticked(command, std::move(caption), tick, clips, act));
   };
   if (doors_.fullPicture) {
-    entries.push_back(ticked(MenuCommand::mnu_DirXFullSC, "&Picture on Full Screen",
-                             mode.ticks.mnu_DirXFullSC, mode.player.sourceWidth > 0, doors_.fullPicture));
+    entries.push_back(ticked(MenuCommand::mnu_DirXFullSC, "&Picture on Full Screen", mode.pictureAlone,
+                             mode.pictureAlone || mode.player.sourceWidth > 0 || mode.still.Img_Still.visible,
+                             doors_.fullPicture));
     entries.back().shortcut = "Alt+Return";
   }
   const auto numbered = [](int caption) { return std::string("&").append(LoadResString(caption)); };
@@ -275,17 +277,36 @@ Entries MainMenu::modeEntries() {
   auto& ticks = mode.ticks;
   entries.push_back(ticked(MenuCommand::mnu_LockAspect, "Lock Aspect", ticks.mnu_LockAspect,
                            ticks.lockAndZoomEnabled, [&] { ticks.mnu_LockAspect = !ticks.mnu_LockAspect; }));
+  auto zooms = percentEntries();
+  std::move(zooms.begin(), zooms.end(), std::back_inserter(entries));
+  return entries;
+}
+
+Entries MainMenu::percentEntries() {
+  const auto& mode = parts_.window.mode;
+  Entries entries;
+  if (!doors_.zoom) return entries;
   for (const auto& [percent, tick] :
-       {std::pair{50, ticks.mnu_DirXZoom50}, std::pair{100, ticks.mnu_DirXZoom100},
-        std::pair{200, ticks.mnu_DirXZoom200}}) {
-    if (!doors_.zoom) continue;
+       {std::pair{50, mode.ticks.mnu_DirXZoom50}, std::pair{100, mode.ticks.mnu_DirXZoom100},
+        std::pair{200, mode.ticks.mnu_DirXZoom200}}) {
     entries.push_back({.id = {MenuCommand::mnu_DirXZoom, percent},
                        .caption = "Zoom " + std::to_string(percent) + "%",
-                       .enabled = clips && !mode.IsFullScreenWindow,
-                       .act = [this, at = percent] { doors_.zoom(at); },
+                       .enabled = parts_.window.menu.clipsEnabled,
+                       .act =
+                           [this, at = percent] {
+                             if (!parts_.window.mode.IsMiniMode) doors_.freeZoom();
+                             if (parts_.window.mode.IsMiniMode) doors_.zoom(at);
+                           },
                        .takesPass = false,
-                       .mark = tick ? MenuMark::Dot : MenuMark::None});
+                       .mark = tick && mode.IsMiniMode ? MenuMark::Dot : MenuMark::None});
   }
+  return entries;
+}
+
+Entries MainMenu::zoomMenu() {
+  if (!parts_.window.menu.clipsEnabled || parts_.settings.state.KVOIsInEditMode) return {};
+  auto entries = modeEntries();
+  if (!parts_.window.mode.IsMiniMode) addGroup(entries, percentEntries());
   return entries;
 }
 

@@ -120,6 +120,10 @@ class MainMenu {
   /// Below the key SORT.
   [[nodiscard]] std::vector<MenuEntry> sortMenu();
 
+  /// Of the key for the picture's size, Lbl_Zoom: the faces, and the sizes of Free Zoom, which an entry
+  /// enters first. Nothing without a clip, and while the editor is open.
+  [[nodiscard]] std::vector<MenuEntry> zoomMenu();
+
   /// Does what an entry stands for; nothing when it is disabled, or there is none.
   void choose(MenuId id);
 
@@ -137,6 +141,7 @@ class MainMenu {
   std::vector<MenuEntry> playEntries();
   std::vector<MenuEntry> trackEntries();
   void chooseTrack(MediaTrack::Kind kind, int id);
+  std::vector<MenuEntry> percentEntries();
   static std::string trackCaption(const MediaTrack& track);
   MenuEntry trackMenu(MediaTrack::Kind kind, const std::vector<MediaTrack>& tracks);
   std::vector<MenuEntry> faceEntries(Files files);

@@ -6,6 +6,7 @@
 #include "ports/desktop.h"
 #include "ports/handover.h"
 #include "program/collection_commands.h"
+#include "program/gathered_boxes.h"
 
 namespace kvo {
 
@@ -21,6 +22,7 @@ struct ProgramParts {
   Collection& collection;
   CollectionCommands& commands;
   ClipIntake& intake;
+  GatheredBoxes& refusals;  ///< the boxes of the intake
   MainWindowState& window;
   ClipList& list;
   History& history;

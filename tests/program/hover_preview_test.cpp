@@ -68,6 +68,10 @@ TEST(HoverPreview, FetchesEachPlaceOfItsGridOnce) {
   b.clip("/v/b.avi", 5000);
   b.hover.over(0.0099, 8, 4);
   EXPECT_EQ(b.shows(2), 40) << "20 seconds apart in a long clip";
+  b.clip("/v/c.avi", 200);
+  b.hover.settled();
+  EXPECT_EQ(b.window.hover.time, "0:02") << "of the clip that has come below the pointer";
+  EXPECT_EQ(b.shows(3), 1);
 }
 
 TEST(HoverPreview, HasATimeButNoPictureWhereThereIsNone) {

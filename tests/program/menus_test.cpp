@@ -133,8 +133,16 @@ TEST(MainMenu, OffersWhatCanBeDone) {
     std::set<std::string> shortcuts;
     expectDistinct(menu, shortcuts);
   }
+  EXPECT_EQ(text(b.menu.zoomMenu(), ""),
+            "(&Picture on Full Screen Alt+Return)[&Free Zoom Mode][&Minimum Details Mode]-[Zoom 50%][Zoom "
+            "100%][Zoom "
+            "200%]");
+  b.called.clear();
+  b.menu.choose({MenuCommand::mnu_DirXZoom, 50});
+  EXPECT_EQ(b.called, "free") << "a face that does not come has no size";
   b.listCommands.remove();
   b.listCommands.remove();
+  EXPECT_TRUE(b.menu.zoomMenu().empty());
   const auto ofEmpty = text(b.menu.windowMenu());
   for (const auto* shortcut : {"Ins", "Ctrl+N", "F2", "Del", "Ctrl+Up", "Ctrl+V", "Ctrl+Shift+Z"})
     EXPECT_NE(ofEmpty.find(shortcut), std::string::npos) << shortcut;

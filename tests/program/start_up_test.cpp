@@ -282,6 +282,36 @@ TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
   }
 }
 
+TEST(GatheredBoxes, ManyRefusalsAreToldTogetherAndQuestionsAtOnce) {
+  test::ScriptedBoxes boxes;
+  GatheredBoxes gathered(boxes);
+  const auto refuse = [&](const std::string& why) {
+    gathered.show({"Not added", "KVO cannot play this.\r\n" + why});
+    EXPECT_TRUE(boxes.shown.empty()) << why;
+  };
+  gathered.together([&] {
+    refuse("a.avi is broken");
+    refuse("b.avi\r\nis broken");
+    gathered.show({"Other", "text"});
+  });
+  ASSERT_EQ(boxes.shown.size(), 2U);
+  EXPECT_EQ(boxes.shown[0].text, "KVO cannot play this.\r\na.avi is broken\r\nb.avi\r\nis broken");
+  EXPECT_EQ(boxes.shown[1].text, "text");
+  boxes.shown.clear();
+  gathered.together([&] {
+    for (int i = 0; i < 20; ++i) refuse(std::to_string(i));
+  });
+  EXPECT_TRUE(boxes.shown[0].text.ends_with("\r\n11\r\nand 8 more."));
+  boxes.shown.clear();
+  boxes.answers = {Answer::No};
+  gathered.together([&] {
+    EXPECT_EQ(gathered.show({"Add", "it ?", BoxButtons::YesNo}), Answer::No);
+    EXPECT_EQ(boxes.shown.size(), 1U);
+  });
+  gathered.show({"Alone", "text"});
+  EXPECT_EQ(boxes.shown.size(), 2U);
+}
+
 TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   ProgramBench b;
   b.saveCollection("/prog/KVO5.INI", {"a.avi"});

@@ -72,10 +72,11 @@ struct ProgramBench : StoreBench {
   History history{window, collection, settings, list};
   RecentCollections recent{store, files};
   PlainIntake intake{files, collection, list};
+  GatheredBoxes refusals{boxes};
   CollectionCommands commands{
       {files, boxes, dialogs, loop, folder}, file, settings, collection, {window, list, history, recent}};
-  ProgramParts parts{files,      boxes,    loop,   handover, store, desktop, folder, settings,
-                     collection, commands, intake, window,   list,  history, timers};
+  ProgramParts parts{files,      boxes,    loop,   handover, store,  desktop, folder,  settings,
+                     collection, commands, intake, refusals, window, list,    history, timers};
   Intro intro{parts};
   Mailbox mailbox{parts, intro};
   PlainSkinPictures pictures{files};

@@ -21,6 +21,7 @@ TEST(FreeZoom, TakesTheFacesPlaceAndGivesItBack) {
   ASSERT_NE(&zoom, &normal);
   EXPECT_EQ(zoom.windowTitle(), "KVO5 - Free Zoom Mode");
   EXPECT_EQ(zoom.pos(), QPoint(300, 200));
+  EXPECT_EQ(zoom.focusWidget(), &zoom) << "no key has the keyboard unasked";
   EXPECT_TRUE(b.at("Play").isEnabled());
   b.click("Normal Mode");
   EXPECT_EQ(&b.face(), &normal);
@@ -79,7 +80,7 @@ TEST(FreeZoom, TheToolbarGoesWhileTheMouseRestsOnACoveredScreen) {
   EXPECT_FALSE(gone());
 }
 
-TEST(FullPicture, CoversTheScreenUntilEscapeOrAnotherClip) {
+TEST(FullPicture, CoversTheScreenUntilEscape) {
   FaceBench b;
   const auto full = []() -> QWidget* {
     for (auto* window : QApplication::topLevelWidgets()) {
@@ -95,9 +96,70 @@ TEST(FullPicture, CoversTheScreenUntilEscapeOrAnotherClip) {
   EXPECT_FALSE(b.window.mode.player.fullScreen);
   b.key(Qt::Key_Return, Qt::AltModifier);
   ASSERT_NE(full(), nullptr);
-  b.list.PreviewMovie(2);
+  b.list.PreviewMovie(3);
   b.draw();
+  ASSERT_NE(full(), nullptr) << "another clip is shown there too";
+  b.waitForPicture();
+  EXPECT_EQ(b.window.picture.wish.path, "/v/c.jpg");
+  QTest::keyClick(full(), Qt::Key_Return, Qt::AltModifier);
   EXPECT_EQ(full(), nullptr);
+}
+
+TEST(FreeZoom, APictureGoesWithThePointerOverItsSliderWhichCanBePressed) {
+  FaceBench b;
+  b.click("Free Zoom Mode");
+  b.face().resize(700, 500);
+  b.click("Slider");
+  auto& toolbar = *b.at("Slider").parentWidget();
+  const QPoint middle(350, 37);
+  const auto move = [&](const QPoint& at) {
+    QMouseEvent moved(QEvent::MouseMove, at, toolbar.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&toolbar, &moved);
+  };
+  move(middle);
+  EXPECT_TRUE(b.window.hover.visible);
+  EXPECT_EQ(b.window.hover.time, "0:05");
+  move({350, 5});
+  EXPECT_FALSE(b.window.hover.visible) << "over the keys";
+  QTest::mousePress(&toolbar, Qt::LeftButton, {}, middle);
+  EXPECT_TRUE(b.window.positions.held.BlobDragging);
+  QTest::mouseRelease(&toolbar, Qt::LeftButton, {}, middle);
+  EXPECT_NEAR(b.links.player().PlayerGetCurrentPosition(), 5, 0.1);
+  EXPECT_GE(b.at("Position").width(), 24);
+  b.list.PreviewMovie(3);
+  b.draw();
+  EXPECT_EQ(b.find("Position"), nullptr) << "a still has no place";
+}
+
+TEST(FreeZoom, AStreamThatRunsLowSaysSoOnThePicture) {
+  FaceBench b;
+  b.window.transport.stream = {true, "128000 bps", "Morning - Ann", "40%  @ 128000", true, false};
+  b.draw();
+  EXPECT_EQ(b.find("40%  @ 128000"), nullptr) << "the glass of the normal face tells it";
+  b.click("Free Zoom Mode");
+  EXPECT_NE(b.find("40%  @ 128000"), nullptr);
+  b.window.transport.stream.buffer = false;
+  b.draw();
+  EXPECT_EQ(b.find("40%  @ 128000"), nullptr);
+}
+
+TEST(FreeZoom, AStillFillsWhatTheToolbarLeaves) {
+  FaceBench b;
+  b.click("Free Zoom Mode");
+  b.face().resize(700, 500);
+  b.list.PreviewMovie(3);
+  b.draw();
+  EXPECT_EQ(b.at("Picture").geometry(), QRect(0, 46, 700, 454));
+}
+
+TEST(FreeZoom, TheNextStartIsWhereTheSkinnedFaceStood) {
+  FaceBench b;
+  b.face().move(300, 200);
+  b.click("Free Zoom Mode");
+  b.face().move(300, 224);  // by the height of a title bar
+  b.shutDown.exit();
+  b.draw();
+  EXPECT_TRUE(b.store.read("FrmFileOpenPlace").starts_with("300,200,")) << b.store.read("FrmFileOpenPlace");
 }
 
 TEST(FaceMenu, ShortcutsAndEntriesDoTheSame) {

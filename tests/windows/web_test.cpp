@@ -1,5 +1,6 @@
 // The window for web pages: about a view that a test moves, and about the real one where there is a user to
 // run it.
+#include "adapters/posix/posix_machine.h"
 #include "support/real_world.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
@@ -93,7 +94,7 @@ TEST(WebPages, AreShownSteeredAndClosed) {
 TEST(WebPages, AreRefusedWhereNothingCanShowThem) {
   WindowPages none([](QWidget*) { return std::unique_ptr<WebView>(); });
   EXPECT_FALSE(none.show("http://127.0.0.1:9/a", false));
-  WebModule missing("/nowhere/KVOWeb.so");
+  WebModule missing("/nowhere/KVOWeb.so", [] { return true; });
   EXPECT_EQ(missing.makeView(nullptr), nullptr);
   PagesBench b;
   EXPECT_FALSE(b.pages.show("javascript:alert(1)", false));
@@ -103,7 +104,7 @@ TEST(WebPages, AreRefusedWhereNothingCanShowThem) {
 // As a user: as root the module is refused, and this program starts itself once more without its rights.
 TEST(WebModule, ShowsARealPage) {
   if (::geteuid() == 0) {
-    WebModule asRoot(KVO_WEB_MODULE);
+    WebModule asRoot(KVO_WEB_MODULE, canShutIn);
     EXPECT_EQ(asRoot.makeView(nullptr), nullptr) << "its sandbox cannot hold root";
     test::ScratchFolder home;
     std::filesystem::permissions(home.path(), std::filesystem::perms::all);
@@ -117,7 +118,7 @@ TEST(WebModule, ShowsARealPage) {
   }
   test::ScratchFolder folder;
   std::ofstream(folder / "page.htm") << "<title>Lake</title><p>at dusk";
-  WebModule module(KVO_WEB_MODULE);
+  WebModule module(KVO_WEB_MODULE, canShutIn);
   auto view = module.makeView(nullptr);
   if (view == nullptr) GTEST_SKIP() << "this machine gives users no name spaces: no page can be shut in";
   view->load(QUrl::fromLocalFile(QString::fromStdString(folder / "page.htm")));

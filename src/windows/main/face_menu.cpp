@@ -78,6 +78,7 @@ void FaceMenu::choose(MenuId id) {
 }
 
 void FaceMenu::open(const std::vector<MenuEntry>& entries, const QPoint& at, QWidget* window) {
+  if (entries.empty()) return;
   RoundMenu menu({}, window);
   menu.fill(entries, [this](MenuId id) { choose(id); });
   menu.exec(at);
@@ -86,6 +87,7 @@ void FaceMenu::open(const std::vector<MenuEntry>& entries, const QPoint& at, QWi
 void FaceMenu::openWindowMenu(const QPoint& at, QWidget* window) { open(menu_.windowMenu(), at, window); }
 void FaceMenu::openListMenu(const QPoint& at, QWidget* window) { open(menu_.listMenu(), at, window); }
 void FaceMenu::openSortMenu(const QPoint& at, QWidget* window) { open(menu_.sortMenu(), at, window); }
+void FaceMenu::openZoomMenu(const QPoint& at, QWidget* window) { open(menu_.zoomMenu(), at, window); }
 
 void FaceMenu::addShortcuts(QWidget& window) { addShortcuts(window, menu_.windowMenu()); }
 

@@ -22,6 +22,7 @@ class FaceMenu : public QObject {
   void openWindowMenu(const QPoint& at, QWidget* window);
   void openListMenu(const QPoint& at, QWidget* window);
   void openSortMenu(const QPoint& at, QWidget* window);
+  void openZoomMenu(const QPoint& at, QWidget* window);
 
   /// Makes the shortcuts of all entries work in `window`.
   void addShortcuts(QWidget& window);

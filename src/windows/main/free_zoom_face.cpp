@@ -3,6 +3,7 @@
 #include "playback/display/layout.h"
 #include "ui/made.h"
 #include "ui/theme.h"
+#include "windows/main/hover_part.h"
 #include "windows/main/texts.h"
 #include "windows/main/transport_acts.h"
 
@@ -32,8 +33,11 @@ FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowAct
       acted_(std::move(acted)),
       toolbar_(made<ToolbarPart>(state, toolActs(), folder, this)),
       picture_(made<PictureBox>(state, logic_.pictures, this)),
+      hover_(made<HoverPart>(state.hover, this)),
       fade_(made<QGraphicsOpacityEffect>(toolbar_)),
       fading_(made<QPropertyAnimation>(fade_, "opacity", this)) {
+  setFocusPolicy(Qt::ClickFocus);
+  setFocus();  // else the first key has it once the window becomes active
   setMinimumSize(kLeastZoomWidth, kLeastZoomHeight);
   setMouseTracking(true);
   picture_->setMouseTracking(true);
@@ -65,7 +69,18 @@ ToolbarPart::Acts FreeZoomFace::toolActs() {
   ToolbarPart::Acts acts{.clicks = {},
                          .steps = stepActs(logic_.positions.stepping, [this] { acted_(); }),
                          .marks = logic_.positions.marks,
-                         .acted = [this] { acted_(); }};
+                         .acted = [this] { acted_(); },
+                         .hover =
+                             [this](double part) {
+                               const auto size = hover_->pictureSize();
+                               logic_.hover.over(part, size.width(), size.height());
+                               drawHover();
+                             },
+                         .hoverEnds =
+                             [this] {
+                               logic_.hover.left();
+                               drawHover();
+                             }};
   const auto of = [&](HitLabel label) -> std::function<void()>& {
     return acts.clicks[static_cast<std::size_t>(label)];
   };
@@ -107,6 +122,7 @@ void FreeZoomFace::draw() {
     scale_ = scale;
     pixelRatio_ = devicePixelRatio();
     toolbar_->layOut(scale_);
+    hover_->layOut(scale_);
   }
   const auto caption =
       shown(state_.mode.window.caption.empty() ? state_.face.caption : state_.mode.window.caption);
@@ -115,6 +131,11 @@ void FreeZoomFace::draw() {
   toolbar_->draw();
   placePicture();
   picture_->draw();
+  drawHover();
+}
+
+void FreeZoomFace::drawHover() {
+  hover_->drawBelow(toolbar_->mapTo(this, toolbar_->below(state_.hover.part)));
 }
 
 void FreeZoomFace::takeShape() {
@@ -128,7 +149,7 @@ void FreeZoomFace::takeShape() {
   resize(qRound(window.place.width / pixel), qRound(window.place.height / pixel));
 }
 
-// What the state gives the picture, cut to the window.
+// What the state gives the player, cut to the window; a still has all the room.
 void FreeZoomFace::placePicture() {
   const auto& mode = state_.mode;
   const int toolbar = scale_.at(kToolbarHeight / kTwipsPerPixel);
@@ -136,8 +157,8 @@ void FreeZoomFace::placePicture() {
   picture_->setVisible(state_.list.ListIndex >= 0);
   QRect room(0, toolbar, width(), std::max(height() - toolbar, 0));
   const bool hasPicture = !picture_->isSign();
-  const auto& place = mode.still.Img_Still.visible ? mode.still.Img_Still.place : mode.player.place;
-  if (hasPicture && !place.parked() && place.width > 0 && place.height > 0) {
+  const auto& place = mode.player.place;
+  if (hasPicture && !mode.still.Img_Still.visible && !place.parked() && place.width > 0 && place.height > 0) {
     const double pixel = mode.twipsPerPixel();
     const QRect given(qRound(place.left / pixel), qRound(place.top / pixel), qRound(place.width / pixel),
                       qRound(place.height / pixel));
@@ -149,6 +170,8 @@ void FreeZoomFace::placePicture() {
 void FreeZoomFace::showToolbar(bool shown) {
   const bool inUse = toolbar_->rect().contains(toolbar_->mapFromGlobal(QCursor::pos()));
   if (!shown && (!isFullScreen() || inUse)) return;
+  shown ? picture_->unsetCursor() : picture_->setCursor(Qt::BlankCursor);  // the pointer goes with it
+  if (!shown && toolbar_->isHidden()) return;
   if (shown && !toolbar_->isHidden()) {
     fading_->stop();
     fade_->setOpacity(1);
@@ -164,7 +187,9 @@ void FreeZoomFace::showToolbar(bool shown) {
 }
 
 void FreeZoomFace::mouseMoved() {
-  if (isFullScreen() && !toolbar_->isHidden()) rest_.start();
+  if (!isFullScreen()) return;
+  picture_->unsetCursor();
+  rest_.start();
 }
 
 bool FreeZoomFace::eventFilter(QObject* watched, QEvent* event) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "playback/transport/transport.h"
+#include "program/hover_preview.h"
 #include "program/resume.h"
 #include "windows/main/picture_box.h"
 #include "windows/main/toolbar_part.h"
@@ -17,12 +18,15 @@ class QPropertyAnimation;
 
 namespace kvo {
 
+class HoverPart;
+
 class FreeZoomFace : public QWidget {
  public:
   struct Logic {
     Display& display;
     Positions& positions;
     ClipPicture& pictures;
+    HoverPreview& hover;
     Resume& resume;
     Transport& transport;
   };
@@ -49,6 +53,7 @@ class FreeZoomFace : public QWidget {
   [[nodiscard]] ToolbarPart::Acts toolActs();
   void takeShape();
   void placePicture();
+  void drawHover();
   void mouseMoved();
   void showToolbar(bool shown);
 
@@ -59,6 +64,7 @@ class FreeZoomFace : public QWidget {
   double pixelRatio_ = 0;
   ToolbarPart* toolbar_;
   PictureBox* picture_;
+  HoverPart* hover_;
   QTimer rest_;  // how long the mouse has not moved, while the screen is covered
   QGraphicsOpacityEffect* fade_;
   QPropertyAnimation* fading_;

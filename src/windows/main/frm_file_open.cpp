@@ -38,12 +38,13 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Mater
                 logic.hover, logic.resume, logic.transport, [&media = logic.media] { media.AddMedia(); },
                 logic.showCodec, logic.showStream},
                acts_, material.skin, material.images, material.folder, [this] { draw(); }),
-      zoom_(state, {logic.display, logic.positions, logic.pictures, logic.resume, logic.transport}, acts_,
-            material.folder, [this] { draw(); }),
-      full_(state, logic.display, logic.pictures, acts_, [this] { draw(); }),
+      zoom_(state,
+            {logic.display, logic.positions, logic.pictures, logic.hover, logic.resume, logic.transport},
+            acts_, material.folder, [this] { draw(); }),
+      full_(state, logic.display, logic.transport, logic.pictures, acts_, [this] { draw(); }),
       place_(material.store, material.desktop, "FrmFileOpenPlace") {
   if (material.video == nullptr) return;
-  video_.emplace(*material.video);
+  video_.emplace(*material.video, VideoFeed::best(material.graphicsDevice));
   skinned_.showVideo(*video_);
   zoom_.showVideo(*video_);
   full_.showVideo(*video_);
@@ -110,7 +111,9 @@ void FrmFileOpen::showFace() {
 void FrmFileOpen::leave() {
   for (auto* window : {static_cast<QWidget*>(&skinned_), static_cast<QWidget*>(&zoom_)}) {
     if (!window->isVisible()) continue;
-    if (!window->isFullScreen()) place_.keep(*window);
+    // The next start is with the skinned face, where it was.
+    const auto corner = window->isFullScreen() ? corner_ : window->pos();
+    place_.keep(*window, window == &zoom_ && isNear(corner, home_) ? home_ : corner);
     window->close();
   }
 }

@@ -46,6 +46,7 @@ class FrmFileOpen {
     Desktop& desktop;
     std::string folder;            ///< the program's, with a separator at its end
     VideoOutput* video = nullptr;  ///< null where nothing plays
+    bool graphicsDevice = false;   ///< the machine has one
   };
 
   FrmFileOpen(MainWindowState& state, const Logic& logic, const Material& material);

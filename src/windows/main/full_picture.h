@@ -1,9 +1,11 @@
 // The picture of the clip in hand alone on the whole screen, over the face, which stays as it is.
 #pragma once
 
+#include "playback/transport/transport.h"
 #include "windows/main/picture_box.h"
 #include "windows/main/window_acts.h"
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 
@@ -12,8 +14,8 @@ namespace kvo {
 class FullPicture : public QWidget {
  public:
   /// `acted` is called behind each act.
-  FullPicture(const MainWindowState& state, Display& display, ClipPicture& pictures, WindowActs& acts,
-              std::function<void()> acted);
+  FullPicture(const MainWindowState& state, Display& display, Transport& transport, ClipPicture& pictures,
+              WindowActs& acts, std::function<void()> acted);
 
   /// See PictureBox.
   void showVideo(VideoFeed& feed) { picture_->showVideo(feed); }
@@ -22,6 +24,7 @@ class FullPicture : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
@@ -29,6 +32,7 @@ class FullPicture : public QWidget {
   Display& display_;
   std::function<void()> acted_;
   PictureBox* picture_;
+  QTimer rest_;  // how long the mouse has not moved
 };
 
 }  // namespace kvo

@@ -33,9 +33,17 @@ QSize HoverPart::pictureSize() const {
   return {qRound(kHoverPicture.width() * pixels), qRound(kHoverPicture.height() * pixels)};
 }
 
-void HoverPart::draw(const QPoint& foot) {
+void HoverPart::drawOver(const QPoint& point) {
+  if (take()) placeAt(point.x(), point.y() - scale_.at(kHoverGap) - height());
+}
+
+void HoverPart::drawBelow(const QPoint& point) {
+  if (take()) placeAt(point.x(), point.y() + scale_.at(kHoverGap));
+}
+
+bool HoverPart::take() {
   setVisible(state_.visible);
-  if (!state_.visible) return;
+  if (!state_.visible) return false;
   if (shown_ != state_.picture) {
     shown_ = state_.picture;
     picture_ = shown_ == nullptr ? QPixmap() : framePixmap(*shown_, devicePixelRatio());
@@ -46,10 +54,14 @@ void HoverPart::draw(const QPoint& foot) {
     update();
   }
   const bool alone = picture_.isNull();
-  const QSize size(scale_.at((alone ? kTimeAlone : kHoverPicture.width()) + 2 * kHoverRim),
-                   scale_.at((alone ? 0 : kHoverPicture.height() + kHoverRim) + kHoverTime));
-  const int left = std::clamp(foot.x() - size.width() / 2, 0, parentWidget()->width() - size.width());
-  setGeometry(QRect({left, foot.y() - scale_.at(kHoverGap) - size.height()}, size));
+  resize(scale_.at((alone ? kTimeAlone : kHoverPicture.width()) + 2 * kHoverRim),
+         scale_.at((alone ? 0 : kHoverPicture.height() + kHoverRim) + kHoverTime));
+  return true;
+}
+
+// Wholly on the face.
+void HoverPart::placeAt(int middle, int top) {
+  move(std::clamp(middle - width() / 2, 0, std::max(parentWidget()->width() - width(), 0)), top);
   raise();
 }
 

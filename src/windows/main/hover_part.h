@@ -15,8 +15,9 @@ class HoverPart : public QWidget {
   HoverPart(const HoverState& state, QWidget* face);
 
   void layOut(const FaceScale& scale);
-  /// Brings it in line with the state; its foot stands over this point of the face.
-  void draw(const QPoint& foot);
+  /// Brings it in line with the state; it stands over this point of the face, or below it.
+  void drawOver(const QPoint& point);
+  void drawBelow(const QPoint& point);
   /// Pixels of the picture that it has room for.
   [[nodiscard]] QSize pictureSize() const;
 
@@ -24,6 +25,10 @@ class HoverPart : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  /// False while there is nothing to be shown.
+  bool take();
+  void placeAt(int middle, int top);
+
   const HoverState& state_;
   FaceScale scale_;
   std::shared_ptr<const FramePicture> shown_;

@@ -17,6 +17,7 @@ constexpr const char* kKeysContext = "kvo::KeysPart";
 constexpr double kCloseBehindMinimise = 26;  // pixels at size 1, from left to left
 constexpr int kSpeedThirds = 3;
 constexpr double kLeastHit = 24;
+constexpr double kSizeHigh = 28;
 
 struct KeyRow {
   KeyPlace place;
@@ -229,6 +230,11 @@ void KeysPart::setMiniTip(const QString& tip) {
 QPoint KeysPart::volumeCorner() const {
   const auto& volume = state_.at(KeyPlace::Volume);
   return {volume.left, volume.top};
+}
+
+QPoint KeysPart::sizeFoot() const {
+  const auto& key = state_.at(KeyPlace::Size);
+  return {key.left, key.top + scale_.at(kSizeHigh)};
 }
 
 std::vector<QWidget*> KeysPart::tabOrder() const {

@@ -43,6 +43,8 @@ class KeysPart {
   void setMiniTip(const QString& tip);
   /// Where the picture of the volume knob stands, in pixels of the face.
   [[nodiscard]] QPoint volumeCorner() const;
+  /// Where a menu of the key for the picture's size opens, in pixels of the face.
+  [[nodiscard]] QPoint sizeFoot() const;
   /// The keys in the order of Tab.
   [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 

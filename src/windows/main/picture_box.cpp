@@ -5,6 +5,7 @@
 #include "ui/theme.h"
 #include "windows/main/frame_pixmap.h"
 #include "windows/main/resume_chip.h"
+#include "windows/main/stream_chip.h"
 #include "windows/main/texts.h"
 
 #include <QImage>
@@ -29,19 +30,13 @@ bool showsLabel(const MainWindowState& state) {
 }
 
 PictureBox::PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent)
-    : QWidget(parent), state_(state), pictures_(pictures) {
+    : QWidget(parent), state_(state), pictures_(pictures), stream_(made<StreamChip>(state, this)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAccessibleName(tr("Picture"));
 }
 
-const ClipRow* PictureBox::row() const {
-  const auto& rows = state_.list.Fillist.rows();
-  const auto index = static_cast<std::size_t>(state_.list.ListIndex);
-  return index < rows.size() ? &rows[index] : nullptr;
-}
-
 PictureBox::Sign PictureBox::sign() const {
-  const auto* clip = row();
+  const auto* clip = rowOnShow(state_);
   if (clip == nullptr) return {};
   if (showsLabel(state_)) {
     const auto& label = state_.transport.lbl_Novid;
@@ -63,15 +58,17 @@ PictureBox::Sign PictureBox::sign() const {
 
 void PictureBox::draw() {
   if (!isVisible()) return;
-  if (state_.mode.player.fullScreen != alone_) {
+  if (state_.mode.pictureAlone != alone_) {
     if (video_ != nullptr) video_->widget().hide();
     return;
   }
   if (resume_ != nullptr) resume_->draw(state_.mode.interfaceSize);
+  stream_->draw();
   if (video_ != nullptr && drawnBy_ != feed_->drawnBy()) makeVideo();
   if (video_ != nullptr) video_->widget().setVisible(isPlayed());
   const auto pixels = size() * devicePixelRatio();
-  if (!isPlayed()) pictures_.want(pictureOf(state_, at_, pixels.width(), pixels.height()));
+  const bool engines = isPlayed() && !at_;
+  pictures_.want(engines ? PictureWish() : pictureOf(state_, at_, pixels.width(), pixels.height()));
   take();
   const auto now = sign();
   if (now == drawn_) return;
@@ -108,11 +105,16 @@ void PictureBox::makeVideo() {
   widget.hide();
 }
 
-// Out of sight, or at another time than the one that is looked at, it is not the engine's picture.
+// Out of sight, or once that of the time that is looked at has come, it is not the engine's picture.
 bool PictureBox::isPlayed() const {
   const auto& player = state_.mode.player;
   return feed_ != nullptr && feed_->output().hasPicture() && player.shows() && !player.place.parked() &&
-         !state_.mode.still.Img_Still.visible && !at_;
+         !state_.mode.still.Img_Still.visible && !looksElsewhere();
+}
+
+bool PictureBox::looksElsewhere() const {
+  const auto& come = state_.picture;
+  return at_ && come.picture != nullptr && come.wish.path == state_.mode.player.path;
 }
 
 void PictureBox::lookAt(std::optional<double> seconds) {

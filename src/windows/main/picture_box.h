@@ -16,6 +16,7 @@
 namespace kvo {
 
 class ResumeChip;
+class StreamChip;
 
 /// The no-video label stands in the picture's place.
 [[nodiscard]] bool showsLabel(const MainWindowState& state);
@@ -58,9 +59,9 @@ class PictureBox : public QWidget {
     bool operator==(const Sign&) const = default;
   };
 
-  [[nodiscard]] const ClipRow* row() const;
   [[nodiscard]] Sign sign() const;
   [[nodiscard]] bool isPlayed() const;
+  [[nodiscard]] bool looksElsewhere() const;
   void take();
   void makeVideo();
 
@@ -71,6 +72,7 @@ class PictureBox : public QWidget {
   std::unique_ptr<VideoSurface> video_;
   VideoFeed::DrawnBy drawnBy_ = VideoFeed::DrawnBy::Rows;
   ResumeChip* resume_ = nullptr;
+  StreamChip* stream_;
   std::optional<double> at_;
   QPixmap picture_;
   std::uint64_t shownRevision_ = 0;

@@ -57,7 +57,7 @@ SkinnedFace::~SkinnedFace() {
   if (skin_.outline().region().Applied(shaped_)) skin_.outline().region().Applied(shaped_, false);
 }
 
-KeysPart::Acts SkinnedFace::keyActs() {
+KeysPart::Acts SkinnedFace::keyActs(WindowActs& acts) {
   const auto speed = [this](std::string_view rate) {
     return [this, rate] {
       logic_.positions.remote.rate(rate);
@@ -74,6 +74,7 @@ KeysPart::Acts SkinnedFace::keyActs() {
           .speed025 = speed("0.25"),
           .speed05 = speed("0.50"),
           .speed02 = speed("2.0"),
+          .size = [this, &acts] { acts.openZoomMenu(mapToGlobal(keys_->sizeFoot()), *this); },
           .mini =
               [this] {
                 logic_.display.Lbl_MiniMode_Click();
@@ -141,7 +142,7 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
                       act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
                       act([this] { logic_.positions.levels.showLevel(); }), act(logic_.showStream)},
       this);
-  keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(), folder, this);
+  keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(acts), folder, this);
   volume_ = made<VolumePart>(
       state_.display,
       [this](int percent) {
@@ -247,7 +248,7 @@ void SkinnedFace::drawParts() {
   keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
 }
 
-void SkinnedFace::drawHover() { hover_->draw(slider_->mapTo(this, slider_->over(state_.hover.part))); }
+void SkinnedFace::drawHover() { hover_->drawOver(slider_->mapTo(this, slider_->over(state_.hover.part))); }
 
 void SkinnedFace::showParts() {
   const bool loading = !loading_->isHidden();

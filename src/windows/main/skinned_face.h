@@ -70,7 +70,7 @@ class SkinnedFace : public QWidget {
  private:
   void press(Transport& transport, bool right);
   void makeParts(WindowActs& acts, const std::string& folder);
-  [[nodiscard]] KeysPart::Acts keyActs();
+  [[nodiscard]] KeysPart::Acts keyActs(WindowActs& acts);
   void setTabOrder();
   void layOut();
   void drawParts();

@@ -60,6 +60,7 @@ void SliderHandle::keyPressEvent(QKeyEvent* event) {
 void SliderHandle::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton && reset) return reset();
   if (event->button() != Qt::LeftButton) return event->ignore();
+  grip_ = part_ - partAt(event->globalPosition().toPoint());
   take();
 }
 
@@ -78,7 +79,7 @@ void SliderHandle::drop() {
 }
 
 void SliderHandle::mouseMoveEvent(QMouseEvent* event) {
-  if (isDragged()) dragTo(partAt(event->globalPosition().toPoint()));
+  if (isDragged()) dragTo(partAt(event->globalPosition().toPoint()) + grip_);
 }
 
 void SliderHandle::mouseReleaseEvent(QMouseEvent* event) {

@@ -18,7 +18,7 @@ class SliderHandle : public QAbstractSlider {
   void setPicture(const QPixmap& picture);
   [[nodiscard]] const QPixmap& picture() const { return picture_; }
 
-  /// The part of the line, 0 to 1, where the pointer is.
+  /// The part of the line where the pointer is; below 0 or above 1 beyond its ends.
   std::function<double(const QPoint& global)> partAt;
   /// The mouse takes hold of it. False: it stays where it is.
   std::function<bool()> taken;
@@ -57,6 +57,7 @@ class SliderHandle : public QAbstractSlider {
 
   QPixmap picture_;
   double part_ = 0;
+  double grip_ = 0;  // from the pointer that has taken it to where it stood
 };
 
 }  // namespace kvo

@@ -19,9 +19,10 @@ constexpr double kLineFrom = 40;
 constexpr double kLineTo = 540;
 constexpr double kLineMiddle = 324.6;
 constexpr double kLineWidth = 2;
-constexpr double kMarkReach = 21;   // of a mark's widget, outward from its place
-constexpr double kMarkInside = 3;   // and inward
-constexpr double kHandleSide = 13;  // the pictures' height, and the width of the position's
+constexpr double kMarkReach = 21;    // of a mark's widget, outward from its place
+constexpr double kMarkInside = 3;    // and inward
+constexpr double kHandleSide = 13;   // the pictures' height, and the width of the position's
+constexpr double kHandleReach = 24;  // of the position's widget
 constexpr double kMarkWidth = 8;
 
 }  // namespace
@@ -34,7 +35,7 @@ SliderPart::SliderPart(const SliderState& state, const Acts& acts, const std::st
       handles_{made<SliderHandle>(tr("Position"), this), made<SliderHandle>(tr("Mark-In"), this),
                made<SliderHandle>(tr("Mark-Out"), this)} {
   for (auto* handle : handles_) {
-    handle->partAt = [this](const QPoint& global) { return partAt(mapFromGlobal(global).x()); };
+    handle->partAt = [this](const QPoint& global) { return lineAt(mapFromGlobal(global).x()); };
     handle->setMouseTracking(true);
     handle->installEventFilter(this);
     handle->hide();
@@ -90,16 +91,19 @@ double SliderPart::part(Handle handle) const {
                               : state_.markOut;
 }
 
-double SliderPart::partAt(int x) const {
-  return std::clamp((x / scale_.size() + kSliderPlace.left() - kLineFrom) / (kLineTo - kLineFrom), 0.0, 1.0);
+// Beyond the ends too.
+double SliderPart::lineAt(int x) const {
+  return (x / scale_.size() + kSliderPlace.left() - kLineFrom) / (kLineTo - kLineFrom);
 }
+
+double SliderPart::partAt(int x) const { return std::clamp(lineAt(x), 0.0, 1.0); }
 
 // The position stands on its place, a mark beside it: Mark-In with its right edge there, Mark-Out with its
 // left one.
 void SliderPart::place(SliderHandle& handle) const {
   const double at = kLineFrom + handle.part() * (kLineTo - kLineFrom);
-  QRectF hit(at - kHandleSide / 2, kSliderPlace.top(), kHandleSide, kSliderPlace.height());
-  double pictureLeft = hit.left();
+  QRectF hit(at - kHandleReach / 2, kSliderPlace.top(), kHandleReach, kSliderPlace.height());
+  double pictureLeft = at - kHandleSide / 2;
   if (&handle == handles_[MarkIn]) {
     hit.setRect(at - kMarkReach, kSliderPlace.top(), kMarkReach + kMarkInside, kSliderPlace.height());
     pictureLeft = at - kMarkWidth;

@@ -50,6 +50,7 @@ class SliderPart : public QWidget {
   enum Handle { Position, MarkIn, MarkOut };  // in the order of SliderHandleId
 
   void place(SliderHandle& handle) const;
+  [[nodiscard]] double lineAt(int x) const;
   [[nodiscard]] double partAt(int x) const;
   [[nodiscard]] double part(Handle handle) const;
   void connectHandle(Handle handle);

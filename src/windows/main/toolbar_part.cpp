@@ -9,6 +9,7 @@
 #include "windows/main/texts.h"
 #include "windows/main/tool_key.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <optional>
 #include <utility>
@@ -20,7 +21,8 @@ constexpr double kLabelTop = 2;
 constexpr double kLabelHigh = 28;
 constexpr double kDesignWidth = 7590;  // units that the table's lefts are counted in
 constexpr double kLabelWide = 400;
-constexpr double kBlobHigh = 13;
+constexpr double kBlobSide = 13;                                    // of the handle's picture
+constexpr double kBlobReach = 24;                                   // of what takes the mouse about it
 constexpr std::array kSeparators = {84.5, 246.17, 368.83, 410.17};  // of a picture 506 wide
 constexpr double kPictureWide = 506;
 
@@ -78,15 +80,16 @@ ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const s
     if (acts_.clicks[i]) connect(keys_[i], &ToolKey::clicked, acts_.clicks[i]);
     keys_[i]->setEnabled(static_cast<bool>(acts_.clicks[i]));
   }
+  setMouseTracking(true);
   connectHandle();
 }
 
 void ToolbarPart::connectHandle() {
   constexpr auto kBlob = SliderHandleId::ImageBlob;
-  handle_->partAt = [this](const QPoint& global) {
-    const auto& line = state_.mode.slider;
-    return percentOnLine(line, mapFromGlobal(global).x() * state_.mode.twipsPerPixel()) / 100;
-  };
+  handle_->partAt = [this](const QPoint& global) { return partAt(mapFromGlobal(global).x()); };
+  handle_->setMouseTracking(true);
+  handle_->installEventFilter(this);
+  handle_->lower();  // below the keys, whose feet it reaches
   handle_->taken = [this] { return acts_.marks.press(kBlob); };
   handle_->moving = [this](double part) {
     acts_.marks.drag(kBlob, part);
@@ -151,17 +154,74 @@ void ToolbarPart::draw() {
     }
   }
   placeHandle();
-  const Line now{state_.mode.slider, state_.slider.position};
+  const Line now{state_.mode.slider, state_.slider.position, state_.slider.handles};
   if (std::exchange(drawn_, now) != now) update();
 }
 
 void ToolbarPart::placeHandle() {
   const auto& slider = state_.mode.slider;
-  const int side = scale_.at(kBlobHigh);
-  const double at = placeOnLine(slider, state_.slider.position * 100);
-  handle_->setGeometry(pixels(at) - side / 2, pixels(slider.Y) - side / 2, side, side);
+  const int side = scale_.at(kBlobSide);
+  const int reach = scale_.at(kBlobReach);
+  const int x = pixels(placeOnLine(slider, state_.slider.position * 100));
+  const int y = pixels(slider.Y);
+  handle_->setGeometry(x - reach / 2, y - reach / 2, reach, reach);
+  handle_->pictureAt = QPoint(reach - side, reach - side) / 2;
   handle_->setPart(state_.slider.position);
-  handle_->setVisible(slider.ImageBlob.visible);
+  handle_->setVisible(showsLine());
+}
+
+double ToolbarPart::partAt(int x) const {
+  return percentOnLine(state_.mode.slider, x * state_.mode.twipsPerPixel()) / 100;
+}
+
+// Nothing of the clip in hand stands on it where that has no length.
+bool ToolbarPart::showsLine() const { return state_.mode.slider.ImageBlob.visible && state_.slider.handles; }
+
+// From the feet of the keys down.
+bool ToolbarPart::isOnLine(const QPoint& at) const {
+  const auto& slider = state_.mode.slider;
+  return showsLine() && at.y() >= scale_.at(kLabelTop + kLabelHigh) && at.x() >= pixels(slider.X1) &&
+         at.x() <= pixels(slider.X2);
+}
+
+QPoint ToolbarPart::below(double part) const {
+  return {pixels(placeOnLine(state_.mode.slider, part * 100)), height()};
+}
+
+// What is being dragged is seen in the clip's own picture.
+void ToolbarPart::hoverAt(const QPoint& at) {
+  if (!acts_.hover) return;
+  isOnLine(at) && !handle_->isDragged() ? acts_.hover(partAt(at.x())) : acts_.hoverEnds();
+}
+
+void ToolbarPart::mouseMoveEvent(QMouseEvent* event) {
+  const auto at = event->position().toPoint();
+  handle_->dragTo(partAt(at.x()));
+  hoverAt(at);
+  event->ignore();  // the face looks whether the mouse rests
+}
+
+// The position goes there, and on with the pointer.
+void ToolbarPart::mousePressEvent(QMouseEvent* event) {
+  const auto at = event->position().toPoint();
+  if (event->button() != Qt::LeftButton || !isOnLine(at)) return event->ignore();
+  handle_->take();
+  handle_->dragTo(partAt(at.x()));
+  hoverAt(at);
+}
+
+void ToolbarPart::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) handle_->drop();
+}
+
+bool ToolbarPart::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseMove)
+    hoverAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()));
+  return QWidget::eventFilter(watched, event);
+}
+
+void ToolbarPart::leaveEvent(QEvent* /*event*/) {
+  if (acts_.hoverEnds) acts_.hoverEnds();
 }
 
 void ToolbarPart::paintEvent(QPaintEvent* /*event*/) {
@@ -184,7 +244,7 @@ void ToolbarPart::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(QRectF(left, y - half, right - left, 2 * half), half, half);
   };
   bar(from - 4 * s, to + 4 * s, 3.5 * s, token("void"));
-  if (!slider.ImageBlob.visible) return;
+  if (!showsLine()) return;
   bar(from, to, s, token("line2"));
   bar(from, pixels(placeOnLine(slider, state_.slider.position * 100)), s, token("teal"));
 }

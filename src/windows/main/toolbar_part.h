@@ -28,7 +28,9 @@ class ToolbarPart : public QWidget {
     std::array<std::function<void()>, kHitLabels> clicks;
     StepActs steps;
     Marks& marks;
-    std::function<void()> acted;  ///< called behind each act on the slider
+    std::function<void()> acted;               ///< called behind each act on the slider
+    std::function<void(double part)> hover{};  ///< the pointer is at this part of the line
+    std::function<void()> hoverEnds{};
   };
 
   /// `folder` is the program's, with its pictures in "Buttons/" and "Parts/".
@@ -36,14 +38,25 @@ class ToolbarPart : public QWidget {
 
   void layOut(const FaceScale& scale);
   void draw();
+  /// Below the line at this part of it, at the toolbar's foot; in its own pixels.
+  [[nodiscard]] QPoint below(double part) const;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   [[nodiscard]] int pixels(Twips twips) const;
   [[nodiscard]] bool isLit(HitLabel label) const;
   [[nodiscard]] QString tipOf(HitLabel label) const;
+  [[nodiscard]] double partAt(int x) const;
+  [[nodiscard]] bool isOnLine(const QPoint& at) const;
+  [[nodiscard]] bool showsLine() const;
+  void hoverAt(const QPoint& at);
   void placeHandle();
   void connectHandle();
 
@@ -51,6 +64,7 @@ class ToolbarPart : public QWidget {
   struct Line {
     SliderPlace place;
     double position = 0;
+    bool handles = false;
     bool operator==(const Line&) const = default;
   };
 

@@ -10,9 +10,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 namespace kvo {
@@ -24,15 +22,6 @@ constexpr std::size_t kAlignment = 64;  // bytes: the engine is fastest with row
 bool isSeen(const QWidget& widget) {
   const auto* window = widget.window()->windowHandle();
   return widget.isVisible() && window != nullptr && window->isExposed();
-}
-
-// Asked first: loading an OpenGL that is only software takes longer than a start may.
-bool hasGraphicsDevice() {
-  std::error_code ignored;
-  for (const auto* device : {"/dev/dri", "/dev/nvidiactl", "/dev/dxg"}) {
-    if (std::filesystem::exists(device, ignored)) return true;
-  }
-  return false;
 }
 
 bool isRealOpenGl() {
@@ -145,8 +134,9 @@ class OpenGlSurface : public QOpenGLWidget, public VideoSurface {
 
 }  // namespace
 
-VideoFeed::DrawnBy VideoFeed::best() {
-  return hasGraphicsDevice() && isRealOpenGl() ? DrawnBy::OpenGl : DrawnBy::Rows;
+// Loading an OpenGL that is only software takes longer than a start may.
+VideoFeed::DrawnBy VideoFeed::best(bool graphicsDevice) {
+  return graphicsDevice && isRealOpenGl() ? DrawnBy::OpenGl : DrawnBy::Rows;
 }
 
 VideoFeed::VideoFeed(VideoOutput& output, DrawnBy by) : output_(output), drawnBy_(by) {

@@ -28,11 +28,12 @@ class VideoFeed {
  public:
   enum class DrawnBy { OpenGl, Rows };
 
-  /// By OpenGL where the machine has one that is not software. Needs an application of Qt.
-  [[nodiscard]] static DrawnBy best();
+  /// By OpenGL where it is not software, which is not even tried without a `graphicsDevice`. Needs an
+  /// application of Qt.
+  [[nodiscard]] static DrawnBy best(bool graphicsDevice);
 
   /// `output` outlives the feed.
-  explicit VideoFeed(VideoOutput& output, DrawnBy by = best());
+  VideoFeed(VideoOutput& output, DrawnBy by);
   VideoFeed(const VideoFeed&) = delete;
   VideoFeed& operator=(const VideoFeed&) = delete;
   ~VideoFeed();

@@ -35,6 +35,11 @@ void WindowActs::openSortMenu(const QPoint& at, QWidget& window) {
   acted_();
 }
 
+void WindowActs::openZoomMenu(const QPoint& at, QWidget& window) {
+  menu_.openZoomMenu(at, &window);
+  acted_();
+}
+
 bool WindowActs::key(const QString& typed) {
   return typed.size() == 1 && keyCommand(static_cast<unsigned char>(typed.front().toLatin1()));
 }

@@ -34,6 +34,7 @@ class WindowActs : public QObject {
   void openMenu(const QPoint& at, QWidget& window);
   void openListMenu(const QPoint& at, QWidget& window);
   void openSortMenu(const QPoint& at, QWidget& window);
+  void openZoomMenu(const QPoint& at, QWidget& window);
   /// What a letter, digit or blank does; false for nothing, and while a load or a command is under way.
   bool key(const QString& typed);
 

@@ -29,8 +29,8 @@ void WindowPlace::moveTo(QWidget& window, const QPoint& corner) const {
   place(window, screens, remember(screens, areaOf(corner, window)));
 }
 
-void WindowPlace::keep(const QWidget& window) {
-  const auto now = text(remember(desktop_.screens(), areaOf(window.pos(), window)));
+void WindowPlace::keep(const QWidget& window, const QPoint& corner) {
+  const auto now = text(remember(desktop_.screens(), areaOf(corner, window)));
   if (now != store_.read(name_)) store_.write(name_, now);
 }
 

@@ -22,8 +22,8 @@ class WindowPlace {
   void restore(QWidget& window) const;
   /// Moves a window to `corner`, and back onto the screen as far as it lies outside.
   void moveTo(QWidget& window, const QPoint& corner) const;
-  /// Keeps where the window stands.
-  void keep(const QWidget& window);
+  /// Keeps that the window stands at `corner`.
+  void keep(const QWidget& window, const QPoint& corner);
 
  private:
   UserStore& store_;

@@ -4,9 +4,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QOpenGLContext>
-#include <sched.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <utility>
 
 // Qt's own word for the context that all others share with. Its public door is a switch ahead of the
 // application, at which every start of the program would load the graphics driver for pages that nobody
@@ -17,15 +15,6 @@ QT_END_NAMESPACE
 
 namespace kvo {
 namespace {
-
-// Asks a child of our own to shut itself in: the engine would end the whole program if it could not.
-bool canShutIn() {
-  if (::geteuid() == 0) return false;
-  const pid_t child = ::fork();
-  if (child == 0) ::_exit(::unshare(CLONE_NEWUSER) == 0 ? 0 : 1);
-  int status = 1;
-  return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
 
 // What would have the engine do without its sandbox.
 void forgetSandboxSwitches() {
@@ -39,7 +28,8 @@ void forgetSandboxSwitches() {
 
 }  // namespace
 
-WebModule::WebModule(const std::string& file) : library_(QString::fromStdString(file)) {}
+WebModule::WebModule(const std::string& file, std::function<bool()> canShutIn)
+    : library_(QString::fromStdString(file)), canShutIn_(std::move(canShutIn)) {}
 
 WebModule::~WebModule() {
   if (shared_) qt_gl_set_global_share_context(nullptr);
@@ -57,7 +47,8 @@ void WebModule::shareContexts() {
 
 std::unique_ptr<WebView> WebModule::makeView(QWidget* parent) {
   if (!library_.isLoaded()) {
-    if (!QFile::exists(library_.fileName()) || !canShutIn()) return nullptr;
+    // The engine would end the whole program where it cannot shut itself in.
+    if (!QFile::exists(library_.fileName()) || !canShutIn_()) return nullptr;
     shareContexts();
     forgetSandboxSwitches();
   }

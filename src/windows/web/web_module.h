@@ -6,6 +6,7 @@
 
 #include <QLibrary>
 #include <QOpenGLContext>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -13,20 +14,22 @@ namespace kvo {
 
 class WebModule {
  public:
-  /// `file` is the full path of the module, which need not be there.
-  explicit WebModule(const std::string& file);
+  /// `file` is the full path of the module, which need not be there. `canShutIn` tells whether a process of
+  /// this user can be kept from the rest of the system.
+  WebModule(const std::string& file, std::function<bool()> canShutIn);
   WebModule(const WebModule&) = delete;
   WebModule& operator=(const WebModule&) = delete;
   ~WebModule();
 
-  /// A view in `parent`; null where there is no module, and where pages could not be shut in: as root, and
-  /// on a system that gives users no name spaces. Their sandbox is never off, whatever the environment says.
+  /// A view in `parent`; null where there is no module, and where pages could not be shut in. Their sandbox
+  /// is never off, whatever the environment says.
   std::unique_ptr<WebView> makeView(QWidget* parent);
 
  private:
   void shareContexts();
 
   QLibrary library_;
+  std::function<bool()> canShutIn_;
   std::unique_ptr<QOpenGLContext> shared_;
 };
 
