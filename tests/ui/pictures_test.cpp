@@ -99,20 +99,6 @@ TEST_F(Pictures, KeepTheirColoursInEveryForm) {
   }
 }
 
-TEST_F(Pictures, OfKeysKeepTheAlphaThatTheyWereRenderedWith) {
-  const auto key = loadPicture(reading_, KVO_SHARE "/kvo5/ImageList1/2/03.bmp");
-  ASSERT_TRUE(key);
-  EXPECT_EQ(key->pixelColor(0, 0).alpha(), 0);
-  EXPECT_EQ(key->pixelColor(key->width() / 2, key->height() / 2).alpha(), 255);
-  bool hasSoftEdge = false;
-  for (int x = 0; x < key->width(); ++x) {
-    const int alpha = key->pixelColor(x, key->height() / 4).alpha();
-    hasSoftEdge |= alpha > 0 && alpha < 255;
-  }
-  EXPECT_TRUE(hasSoftEdge);
-  EXPECT_EQ(keyedPicture(*key), key->convertToFormat(QImage::Format_ARGB32));
-}
-
 TEST_F(Pictures, AreStretchedToTheWindow) {
   QImage pixel(1, 1, QImage::Format_RGB32);
   pixel.fill(0xFF204060);
