@@ -329,6 +329,26 @@ TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
   EXPECT_EQ(bench.drawn(), -1);
 }
 
+// On a machine that has no sound to give either.
+TEST(MpvPlayer, EndsWhileACoreGoesFromOneFileToTheNext) {
+  const char* driver = std::getenv("SDL_AUDIODRIVER");
+  const std::string held = driver == nullptr ? "" : driver;
+  ::unsetenv("SDL_AUDIODRIVER");
+  test::ScratchFolder folder;
+  const auto first = makeClip(folder, "first.mp4");
+  const auto second = makeClip(folder, "second.mp4");
+  for (int end = 0; end < 6; ++end) {
+    Bench bench;
+    bench.engine.setFileName(first);
+    bench.engine.openAhead(second, 0.4);
+    turnUntil(bench.loop, [&] { return bench.stage.output().hasPicture(); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(5) * end);
+    bench.engine.setFileName(first);
+    bench.engine.setFileName("");
+  }
+  if (!held.empty()) ::setenv("SDL_AUDIODRIVER", held.c_str(), 1);
+}
+
 TEST(MpvPlayer, TellsWhyAFileCannotBePlayedAndPlaysTheNext) {
   Bench bench;
   const auto good = makeClip(bench.folder, "good.mp4");

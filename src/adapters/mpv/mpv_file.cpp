@@ -24,10 +24,11 @@ enum Observed : std::uint64_t { kTime = 1, kEnd, kLength, kWaits, kFilled, kTrac
 constexpr double kCoreTolerance = 0.005;
 constexpr double kCutOff = 2;  // seconds that may be missing at the end of what comes from an address
 
-// A sound that nobody hears, where the program's other sounds are not to be heard either.
+// A sound that nobody hears, where the program's other sounds are not to be heard either. The core is kept
+// from SDL, which knows one device for a whole process: cores that come and go side by side hang in it.
 std::string soundOutput() {
   const char* driver = std::getenv("SDL_AUDIODRIVER");
-  return driver != nullptr && std::string_view(driver) == "dummy" ? "null" : "";
+  return driver != nullptr && std::string_view(driver) == "dummy" ? "null" : "pipewire,pulse,alsa,jack";
 }
 
 bool isAnAddress(const std::string& name) {
