@@ -13,7 +13,8 @@ PlayLinks::PlayLinks(const Parts& parts)
                   parts.window.positions, parts.window.slider, parts.window.display,
                   parts.window.details.position, parts.settings, parts.collection, parts.boxes, transport_,
                   *this}) {
-  parts_.codec.reloadBy([this](int number) { transport_.PreviewMovie(number); });
+  parts_.codec.driveBy([this](int number) { transport_.PreviewMovie(number); },
+                       [this] { transport_.halt(); });
   parts_.face.loadBy([this](int number) { transport_.PreviewMovie(number); });
   parts_.list.whenInHand([this](int number) {
     if (number > 0) return transport_.PreviewMovie(number);

@@ -74,6 +74,7 @@ void CodecInfo::takeAsWindowsMedia(int number) {
     return;
   }
   parts_.window.face.stayOnTop = false;
+  halt_();
   player.PlayerHide();
   player.PlayerClear();
   parts_.boxes.show(wrongExtensionBox());

@@ -31,8 +31,11 @@ class CodecInfo {
   /// All outlive it.
   explicit CodecInfo(const Parts& parts);
 
-  /// What loads clip `number` into the player again.
-  void reloadBy(std::function<void(int number)> load) { reload_ = std::move(load); }
+  /// What loads clip `number` into the player again, and what stops the clip in hand for good.
+  void driveBy(std::function<void(int number)> load, std::function<void()> halt) {
+    reload_ = std::move(load);
+    halt_ = std::move(halt);
+  }
 
   /// Brings the list and what is told of clip `number` in line with its record. An AVI or VCR clip whose
   /// record has no codec gets it; where its bytes do not tell, the probe is asked as soon as no command runs.
@@ -51,6 +54,7 @@ class CodecInfo {
   std::unique_ptr<Timer> idle_;
   const Movie* asked_ = nullptr;  // the clip that the probe is to be asked about; it may be gone
   std::function<void(int)> reload_ = [](int) {};
+  std::function<void()> halt_ = [] {};
 };
 
 }  // namespace kvo

@@ -13,10 +13,11 @@ struct CodecBench : test::ProgramBench {
   test::HeldPlayer player{*this};
   test::ScriptedProbe probe;
   std::vector<int> reloaded;
+  std::size_t halted = 0;
   CodecInfo codec{{window, settings, collection, list, files, folder, probe, boxes, loop, player}};
 
   CodecBench() {
-    codec.reloadBy([this](int number) { reloaded.push_back(number); });
+    codec.driveBy([this](int number) { reloaded.push_back(number); }, [this] { ++halted; });
     files.all[folder.beside("\\Fourcc.dat")] =
         "XVID,Xvid,www.xvid.com,\"" + std::string(53, 'x') + "yz\"\r\nMJPG,,,short\r\n";
   }
@@ -84,6 +85,7 @@ TEST(CodecInfo, WindowsMediaUnderAnAviNameIsToldOrGoesByAGraph) {
     b.loop.advance(1000);
     EXPECT_EQ(b.probe.asked, 1) << row.name;
     EXPECT_EQ(b.reloaded.size(), row.reloads) << row.name;
+    EXPECT_EQ(b.halted, row.editing ? 0 : row.boxes) << row.name;
     EXPECT_EQ(b.player.PlayerIsEmpty(), row.empties) << row.name;
     EXPECT_EQ(b.window.face.stayOnTop, row.boxes != 1 || row.editing) << row.name;
     ASSERT_EQ(b.boxes.shown.size(), row.boxes) << row.name;
