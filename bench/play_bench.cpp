@@ -1,5 +1,6 @@
 // Playing beside mpv: bench_play FIRST SECOND, two films of ten seconds and more. Both draw into a window of
-// 1280 x 720 by software, with a sound that nobody hears; mpv is told what to do through its socket.
+// 1280 x 720 by software, with a sound that nobody hears; mpv is told what to do through its socket. Then the
+// sound of the next clip at a sink of a sound server that the bench starts.
 #include "adapters/media/media_frame_source.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/qt/qt_event_loop.h"
@@ -10,11 +11,15 @@
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -131,6 +136,100 @@ class Ours {
   std::unique_ptr<kvo::VideoSurface> surface_ = feed_.surface(&window_);
 };
 
+// A program that ends with its owner.
+class Child {
+ public:
+  // Its standard output goes to `out` where that is a descriptor.
+  explicit Child(const std::vector<std::string>& words, int out = -1) : process_(::fork()) {
+    if (process_ != 0) return;
+    if (out >= 0) ::dup2(out, STDOUT_FILENO);
+    std::vector<char*> pointers;
+    for (const auto& word : words) pointers.push_back(const_cast<char*>(word.c_str()));
+    pointers.push_back(nullptr);
+    ::execvp(pointers[0], pointers.data());
+    ::_exit(127);
+  }
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+  ~Child() {
+    ::kill(process_, SIGTERM);
+    ::waitpid(process_, nullptr, 0);
+  }
+  [[nodiscard]] int number() const { return process_; }
+
+ private:
+  int process_;
+};
+
+// A sound server of our own with a sink that nobody hears, reached through a socket in `folder`.
+class SoundServer {
+ public:
+  explicit SoundServer(const std::string& folder) : socket_(folder + "/pulse") {
+    std::filesystem::create_directories(folder);
+    for (const char* place : {"PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"}) ::setenv(place, folder.c_str(), 1);
+    ::setenv("PULSE_SERVER", ("unix:" + socket_).c_str(), 1);
+    server_ = std::make_unique<Child>(std::vector<std::string>{
+        "pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "--log-level=error",
+        "-L", "module-native-protocol-unix auth-anonymous=1 socket=" + socket_, "-L",
+        "module-null-sink sink_name=bench rate=48000"});
+    for (int tries = 0; tries < 100 && !runs(); ++tries)
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  [[nodiscard]] bool runs() const { return std::filesystem::exists(socket_); }
+
+ private:
+  std::string socket_;
+  std::unique_ptr<Child> server_;
+};
+
+// Hears what arrives at the sink, 5 ms late at most.
+class Ear {
+ public:
+  Ear() {
+    if (::pipe2(pipe_, O_CLOEXEC) != 0) return;
+    recorder_ = std::make_unique<Child>(
+        std::vector<std::string>{"parec", "--raw", "--format=s16le", "--rate=48000", "--channels=1",
+                                 "--latency-msec=5", "--device=bench.monitor"},
+        pipe_[1]);
+    ::close(pipe_[1]);
+    reader_ = std::thread([this] { read(); });
+  }
+  Ear(const Ear&) = delete;
+  Ear& operator=(const Ear&) = delete;
+  ~Ear() {
+    recorder_.reset();  // the pipe ends with it
+    reader_.join();
+    ::close(pipe_[0]);
+  }
+
+  void listen() { heardAt_ = 0; }
+  // Milliseconds from `begun` to the first sound since listen(); below 0 while there is none.
+  [[nodiscard]] double heard(Clock::time_point begun) const {
+    const auto at = heardAt_.load();
+    if (at == 0) return -1;
+    return std::chrono::duration<double, std::milli>(Clock::duration(at) - begun.time_since_epoch()).count();
+  }
+
+ private:
+  void read() {
+    constexpr int kLoud = 500;  // of 32768
+    std::vector<std::int16_t> samples(240);
+    for (;;) {
+      const auto bytes = ::read(pipe_[0], samples.data(), samples.size() * sizeof(std::int16_t));
+      if (bytes <= 0) return;
+      const auto end = samples.begin() + bytes / static_cast<std::ptrdiff_t>(sizeof(std::int16_t));
+      const bool loud =
+          std::any_of(samples.begin(), end, [](int sample) { return std::abs(sample) > kLoud; });
+      if (loud && heardAt_ == 0) heardAt_ = Clock::now().time_since_epoch().count();
+    }
+  }
+
+  int pipe_[2] = {-1, -1};
+  std::unique_ptr<Child> recorder_;
+  std::atomic<Clock::rep> heardAt_{0};
+  std::thread reader_;
+};
+
 // An mpv that waits in a window of the same size.
 class Peer {
  public:
@@ -151,14 +250,7 @@ class Peer {
                                             "--load-scripts=no",
                                             "--hwdec=no",
                                             "--input-ipc-server=" + socket};
-    process_ = ::fork();
-    if (process_ == 0) {
-      std::vector<char*> pointers;
-      for (const auto& word : words) pointers.push_back(const_cast<char*>(word.c_str()));
-      pointers.push_back(nullptr);
-      ::execvp(pointers[0], pointers.data());
-      ::_exit(127);
-    }
+    process_ = std::make_unique<Child>(words);
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     socket.copy(address.sun_path, sizeof address.sun_path - 1);
@@ -171,11 +263,7 @@ class Peer {
   }
   Peer(const Peer&) = delete;
   Peer& operator=(const Peer&) = delete;
-  ~Peer() {
-    ::close(connection_);
-    ::kill(process_, SIGTERM);
-    ::waitpid(process_, nullptr, 0);
-  }
+  ~Peer() { ::close(connection_); }
 
   void say(const std::string& command) const {
     const auto line = "{\"command\": [" + command + "]}\n";
@@ -190,7 +278,7 @@ class Peer {
       heard += next(100);
     return milliseconds(begun);
   }
-  [[nodiscard]] double cpu() const { return cpuOf(std::to_string(process_)); }
+  [[nodiscard]] double cpu() const { return cpuOf(std::to_string(process_->number())); }
 
  private:
   [[nodiscard]] std::string next(int wait) const {
@@ -206,7 +294,7 @@ class Peer {
     }
   }
 
-  int process_ = -1;
+  std::unique_ptr<Child> process_;
   int connection_ = -1;
 };
 
@@ -302,6 +390,34 @@ void changes(Ours& ours, const Peer& peer, const std::string& first, const std::
   std::printf("  behind %4d changes: %ld MB, %ld open files\n", kChanges, residentMegabytes(), openFiles());
 }
 
+// From the command to the next clip's sound, out of silence.
+void sounds(const std::string& folder, const std::string& first, const std::string& second) {
+  const SoundServer server(folder);
+  if (!server.runs()) {
+    std::printf("  the next clip's sound: there is no pulseaudio to hear it by\n");
+    return;
+  }
+  Ear ear;
+  Ours ours;
+  auto& engine = ours.engine();
+  std::vector<double> heard;
+  constexpr int kRuns = 7;
+  for (int run = 0; run < kRuns; ++run) {
+    const auto& next = run % 2 == 0 ? second : first;
+    engine.Pause();
+    engine.openAhead(next, 0);
+    ours.turn(1);
+    ear.listen();
+    const auto begun = Clock::now();
+    engine.setFileName(next);
+    engine.Run();
+    while (ear.heard(begun) < 0 && milliseconds(begun) < kGiveUp * 1000)
+      QApplication::processEvents(QEventLoop::WaitForMoreEvents, 1);
+    heard.push_back(ear.heard(begun));
+  }
+  std::printf("  %-44s %8.2f ms at a null sink\n", "the next clip's sound, opened ahead", median(heard));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -310,9 +426,13 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   const std::string first = argv[1];
   const std::string second = argv[2];
-  const Peer peer(first + ".socket");
-  Ours ours;
-  compare(ours, peer, first, second);
-  changes(ours, peer, first, second);
+  {
+    const Peer peer(first + ".socket");
+    Ours ours;
+    compare(ours, peer, first, second);
+    changes(ours, peer, first, second);
+  }
+  ::unsetenv("SDL_AUDIODRIVER");
+  sounds(first + ".sound", first, second);
   return 0;
 }
