@@ -7,6 +7,7 @@
 #include "core/telling/messages.h"
 #include "intake/avi_compressor.h"
 #include "playback/positions/displays.h"
+#include "playback/routing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -110,7 +111,7 @@ std::string windowCaption(const Movie& clip) {
   auto name = listedName(clip);
   switch (kindOf(clip)) {
     case ClipKind::Video:
-      return name + " - Video";
+      return name + (isDvdFile(clip.MovieName()) ? " - DVD" : " - Video");
     case ClipKind::Sound:
       return name + " - Audio";
     case ClipKind::Still:

@@ -98,11 +98,14 @@ MediaTold OutsideControls::toTell() const {
   told.canGoNext = parts_.collection.icurMov < parts_.collection.MovieList.count();
   told.canGoPrevious = parts_.collection.icurMov > 1;
   told.canPlay = canPlay(*clip);
-  told.canSeek = told.canPlay && parts_.player.canSeek();
+  told.canSeek = told.canPlay && !player.clipWaits && parts_.player.canSeek();
   return told;
 }
 
-double OutsideControls::position() const { return placeInSeconds(parts_.player); }
+// Between two clips the player still holds the one before.
+double OutsideControls::position() const {
+  return parts_.window.mode.player.clipWaits ? 0 : placeInSeconds(parts_.player);
+}
 
 // On the loop, as if a key had been pressed; nothing while a command is under way.
 void OutsideControls::later(std::function<void()> command) {

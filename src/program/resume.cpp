@@ -23,13 +23,24 @@ constexpr std::uint64_t kMostBytes = 1U << 20U;
 Resume::Resume(Parts parts)
     : parts_(std::move(parts)), offerEnds_(parts_.loop.timer([this] { endOffer(); })) {}
 
+const Movie* Resume::clipInPlayer() const {
+  const int number = parts_.window.mode.player.clip;
+  if (parts_.player.PlayerIsEmpty() || number < 1 || number > parts_.collection.MovieList.count())
+    return nullptr;
+  return &parts_.collection.MovieList[number];
+}
+
+// A file may be in the collection twice, each time with other marks.
 void Resume::settled() {
-  const auto& player = parts_.window.mode.player;
-  const bool holdsClip = !parts_.player.PlayerIsEmpty();
-  if (const auto path = holdsClip ? player.path : std::string(); path != path_) {
+  if (parts_.placesFile.empty()) return;
+  const auto* clip = clipInPlayer();
+  const auto path = clip == nullptr ? std::string() : parts_.window.mode.player.path;
+  const Long key = clip == nullptr ? 0 : clip->KeyID();
+  if (path != path_ || key != clip_) {
     note();
     endOffer();
     path_ = path;
+    clip_ = key;
     begin();
   }
   if (!looksAfter()) return;
@@ -40,14 +51,13 @@ void Resume::settled() {
 
 void Resume::begin() {
   section_ = {};
-  const int number = parts_.window.mode.player.clip;
-  if (path_.empty() || isAddress(path_) || number < 1 || number > parts_.collection.MovieList.count()) return;
-  const auto& clip = parts_.collection.MovieList[number];
-  const double length = playedLength(clip).value_or(0);
+  const auto* clip = clipInPlayer();
+  if (clip == nullptr || path_.empty() || isAddress(path_)) return;
+  const double length = playedLength(*clip).value_or(0);
   const auto file = parts_.files.facts(path_);
   if (length < kLong || !file) return;
   file_ = *file;
-  section_ = sectionOf(clip, length);
+  section_ = sectionOf(*clip, length);
   position_ = noted_ = section_.first;
   if (!parts_.settings.user.OfferResume) {
     parts_.files.remove(parts_.placesFile);  // whoever turns it off wants nothing kept

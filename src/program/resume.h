@@ -26,7 +26,9 @@ class Resume {
     Player& player;
     EventLoop& loop;
     Files& files;
-    std::string placesFile;  ///< full path of the user's file; its folder is made when it is missing
+    /// Full path of the user's file; its folder is made when it is missing. Empty: nothing is kept or
+    /// offered.
+    std::string placesFile;
   };
   explicit Resume(Parts parts);
 
@@ -41,12 +43,14 @@ class Resume {
   void begin();
   void note();
   void endOffer();
+  [[nodiscard]] const Movie* clipInPlayer() const;
   [[nodiscard]] ResumePlaces places() const;
   [[nodiscard]] bool looksAfter() const { return section_.second > 0; }
   [[nodiscard]] bool worthNoting(double seconds) const;
 
   Parts parts_;
   std::string path_;  // of the clip in the player
+  Long clip_ = 0;     // and its KeyID; 0 for none
   FileFacts file_;
   std::pair<double, double> section_;  // that plays, seconds; nothing for a clip that is not long
   double position_ = 0;                // where it was last

@@ -104,6 +104,7 @@ void StartUp::loadWindow() {
   parts_.settings.state.HideKVOOnWebshow = true;
   parts_.settings.adjust().DefZoom = std::string(trimmed(parts_.settings.preferences().DefZoom));
   parts_.window.face.interfaceSize = sizeChoice(parts_.settings.user.InterfaceSize);
+  parts_.window.display.muted = parts_.settings.preferences().MuteAtStart;
   testFont();
   skins_.applyStored();
   if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;

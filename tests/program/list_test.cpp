@@ -258,6 +258,8 @@ TEST(ClipTexts, TellWhatIsKnownOfAClip) {
   const Row rows[] = {
       {"a.mpg", "3723.4", "93085", "640 x 480", false, ClipKind::Video,
        "1:02:03|a.mpg - Video|Time = 61.20 of 3723.40|01:01:1530|640 × 480,25 fps,Stereo,"},
+      {"a.VOB", "10", "250", "720 x 576", false, ClipKind::Video,
+       "0:10|a.VOB - DVD|Time = 61.20 of 10.00|01:01:1530|720 × 576,25 fps,Stereo,"},
       {"a.mp3", "153", "N/A", "44.1 KHz", false, ClipKind::Sound,
        "2:33|a.mp3 - Audio|Time = 61.20 of 153.00|01:01:1530|44.1 KHz,Stereo,"},
       {"a.jpg", "N/A", "N/A", "320 x 200", true, ClipKind::Still, "0:07|a.jpg|||320 × 200,Stereo,"},
@@ -313,8 +315,10 @@ TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
   EXPECT_EQ(told,
             "File=a.avi;Folder=/v/;Format=640 × 480 - AVI;Length=10.00 s;Section=2.00 to 10.00 s;Speed=2.5 x;"
             "Volume=70%;Balance=Stereo;Codec=H.264;");
+  b.window.display.muted = true;
   b.listCommands.choose({1, 2, 3, 4, 5}, 1);
   b.listCommands.remove();
+  EXPECT_TRUE(b.window.display.muted) << "the next clip is as mute";
   EXPECT_EQ(b.window.details.name + b.window.details.position + b.window.display.digits, "");
   EXPECT_EQ(b.window.face.caption, "KVO5");
 }

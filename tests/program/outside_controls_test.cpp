@@ -145,6 +145,15 @@ TEST(OutsideControls, DoesWhatIsAsked) {
          b.loop.advance(0);
        },
        "", "", PlayingState::Stopped},
+      {"no seek between two clips",
+       [](auto& b) {
+         b.window.mode.player.clipWaits = true;
+         b.player.position = 19;
+         b.outside.seek(5), b.outside.setPosition(b.now().clip.track, 12);
+         b.loop.advance(0);
+         EXPECT_EQ(b.outside.position(), 0) << "the clip that comes stands at its start";
+       },
+       "", "", PlayingState::Stopped},
       {"no seek where there is none", [](auto& b) { b.player.seekable = false, b.outside.seek(5); }, "", "",
        PlayingState::Stopped},
   };

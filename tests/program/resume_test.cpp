@@ -34,9 +34,10 @@ TEST(ResumePlaces, KeepsTheNewestOfEachFileAndNoJunk) {
 
 struct ResumeBench : test::ProgramBench {
   test::HeldPlayer player{*this};
-  Resume resume{{window, collection, settings, player, loop, files, "/state/KVO5/Places"}};
+  Resume resume;
 
-  ResumeBench() {
+  explicit ResumeBench(const std::string& placesFile = "/state/KVO5/Places")
+      : resume({window, collection, settings, player, loop, files, placesFile}) {
     addVideo("long.avi", 0, 0);
     addVideo("short.avi", 0, 0);
     for (int i = 1; i <= 2; ++i) {
@@ -127,6 +128,32 @@ TEST(Resume, IsKeptWhileItPlaysAndAtTheEnd) {
   b.bring(1);
   EXPECT_EQ(b.chip(), "");
   EXPECT_FALSE(b.files.exists("/state/KVO5/Places")) << "whoever turns it off wants nothing kept";
+}
+
+TEST(Resume, GoesByTheClipAndNotByItsFile) {
+  ResumeBench b;
+  auto again = b.collection.MovieList[1];
+  again.KeyID(again.KeyID() + 1);
+  again.LoopStart(Value(690.0));
+  b.collection.MovieList.add(std::move(again));
+  b.at(700);
+  b.bring(3);
+  EXPECT_EQ(b.chip(), "") << "so near to the start of this one it is none";
+  b.at(695);
+  b.bring(1);
+  EXPECT_EQ(b.chip(), "Resume at 11:40");
+}
+
+TEST(Resume, WithoutAHomeNothingIsKept) {
+  ResumeBench b{""};
+  b.at(700);
+  b.bring(2);
+  b.bring(1);
+  EXPECT_EQ(b.chip(), "");
+  b.settings.user.OfferResume = false;
+  b.bring(2);
+  b.resume.leave();
+  EXPECT_EQ(b.files.all.size(), 2U) << "only the clips";
 }
 
 TEST(KeepAwake, WhileAPicturePlays) {

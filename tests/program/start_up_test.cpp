@@ -49,8 +49,9 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
 
   ProgramBench named;
   named.saveCollection("/prog/KVO5.INI", {"a.avi"});
-  named.saveCollection("/c/Trip.INI", {"b.avi", "c.avi"});
+  named.saveCollection("/c/Trip.INI", {"b.avi", "c.avi"}, [](KVO2& s) { s.change().MuteAtStart = true; });
   EXPECT_EQ(named.startUp.run({"/c/Trip.INI", "/FULLSC"}, "/"), StartEnd::Run);
+  EXPECT_TRUE(named.window.display.muted);
   EXPECT_EQ(named.names(), (Words{"b.avi", "c.avi"}));
   EXPECT_EQ(named.window.list.caption, "Trip Collection");
   EXPECT_EQ(named.window.list.ListIndex, 0);
