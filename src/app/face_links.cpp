@@ -7,7 +7,7 @@ namespace kvo {
 FaceLinks::FaceLinks(const Parts& parts)
     : parts_(parts),
       player_({parts.window.mode, parts.collection, parts.settings, parts.control, parts.graphs,
-               parts.streams, parts.probe, parts.boxes, *this}),
+               parts.streams, parts.counts, parts.probe, parts.boxes, *this}),
       buttons_(parts.window.buttons, parts.window.mode, player_, parts.timers),
       display_({parts.window.mode, player_, buttons_, parts.timers, parts.settings, parts.collection,
                 parts.desktop, parts.boxes, *this}) {}

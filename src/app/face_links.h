@@ -20,6 +20,7 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
     KVO2& settings;
     Collection& collection;
     FrameSource& streams;
+    PictureCounts& counts;
     ControlEngine& control;
     FilterGraphs& graphs;
     StreamProbe& probe;

@@ -9,10 +9,11 @@ PlayLinks::PlayLinks(const Parts& parts)
       transport_({parts.window.transport, parts.window.mode, parts.face.player(), parts.face.buttons(),
                   parts.face.display(), parts.timers, parts.settings, parts.collection, parts.files,
                   parts.boxes, parts.loop, parts.desktop, parts.pages, parts.network, *this}),
-      positions_({parts.loop, parts.face.player(), parts.timers, parts.face.buttons(), parts.window.mode,
-                  parts.window.positions, parts.window.slider, parts.window.display,
-                  parts.window.details.position, parts.settings, parts.collection, parts.boxes, transport_,
-                  *this}) {
+      positions_(
+          {parts.loop, parts.face.player(), parts.timers, parts.face.buttons(), parts.window.mode,
+           parts.window.positions, parts.window.slider, parts.window.display, parts.window.details.position,
+           parts.settings, parts.collection, parts.boxes, transport_, *this},
+          {.AddMoviesm = [this] { parts_.media.AddMedia(); }}) {
   parts_.codec.driveBy([this](int number) { transport_.PreviewMovie(number); },
                        [this] { transport_.halt(); });
   parts_.face.loadBy([this](int number) { transport_.PreviewMovie(number); });

@@ -8,6 +8,7 @@
 #include "program/intro.h"
 #include "program/list_commands.h"
 #include "program/mailbox.h"
+#include "program/media_commands.h"
 #include "program/menus.h"
 
 #include <string>
@@ -30,6 +31,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
     ClipList& list;
     History& history;
     CollectionCommands& collections;
+    MediaCommands& media;
     Intro& intro;
     Mailbox& mailbox;
     FaceLinks& face;
@@ -64,6 +66,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
   // Of the positions
   bool edit(std::string_view act, Integer changeCode, const std::function<void(Movie&)>& change,
             std::string_view series) override;
+  [[nodiscard]] bool windowVisible() const override { return parts_.window.face.visible; }
   void Displaymovieinfo() override { parts_.codec.Displaymovieinfo(parts_.collection.icurMov); }
   void ShowSliderStuff() override { parts_.face.display().ShowSliderStuff(); }
   void EndAnim() override { parts_.face.display().EndAnim(); }

@@ -2,6 +2,7 @@
 
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
+#include "adapters/media/media_picture_counts.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
 #include "adapters/posix/posix_machine.h"
@@ -100,8 +101,8 @@ class WindowProgram {
                timers_},
         intro_(parts_),
         mailbox_(parts_, intro_),
-        links_({state_, session_.settings, session_.collection, session_.streams, control_, graphs_, probe_,
-                desktop_, boxes_, face_, list_, timers_}),
+        links_({state_, session_.settings, session_.collection, session_.streams, counts_, control_, graphs_,
+                probe_, desktop_, boxes_, face_, list_, timers_}),
         skins_({dialogs_, boxes_, loop_, face_, session_.log, session_.folder}, links_, session_.settings,
                state_),
         startUp_(parts_, skins_, intro_, mailbox_),
@@ -115,7 +116,7 @@ class WindowProgram {
                 probe_, boxes_, loop_, links_.player()}),
         streamInfo_(state_.streamInfo, links_.player(), loop_),
         play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
-               pages_, network_, timers_, list_, history_, commands_, intro_, mailbox_, links_, codec_}),
+               pages_, network_, timers_, list_, history_, commands_, media_, intro_, mailbox_, links_, codec_}),
         menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
                skins_},
               doors()),
@@ -245,6 +246,7 @@ class WindowProgram {
   MpvStage stage_{loop_, session_.streams};
   MpvControlEngine control_{stage_};
   MpvFilterGraphs graphs_{stage_};
+  MediaPictureCounts counts_{loop_, session_.streams};
   BatchProbe probe_;
   ClipList list_;
   History history_;

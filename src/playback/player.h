@@ -3,6 +3,7 @@
 // is.
 #pragma once
 
+#include "core/records/field_types.h"
 #include "playback/geometry.h"
 #include "ports/control_engine.h"
 
@@ -34,6 +35,12 @@ struct PlayerState {
 
 /// What positions are counted in.
 enum class DisplayMode { Seconds = 0, Frames = 1 };
+
+/// A place in a clip, as both of its units have it.
+struct SeenFrame {
+  double seconds = 0;
+  Long frame = 0;
+};
 
 /// Why the player took the engine that it took.
 enum class EngineRoute { NotForced = 0, AviByCorona = 1, MpegOrDvd = 2 };
@@ -108,6 +115,8 @@ class Player {
   [[nodiscard]] virtual double PlayerGetDuration() const = 0;
   [[nodiscard]] virtual bool canSeek() const = 0;
   [[nodiscard]] virtual double PlayerGetCurrentPosition() const = 0;
+  /// What stands at `seconds`, whatever unit is in force: from its begin on, where that is known.
+  [[nodiscard]] virtual SeenFrame pictureAt(double seconds) const = 0;
   /// A visible clip on a graph of its own is left stopped on the picture: GlobalMediaPlay goes on.
   virtual void PlayerSetCurrentPosition(double position) = 0;
   /// The next picture (+1) or the one before (-1), at which the player then stands.

@@ -1,12 +1,14 @@
 // A clip's way into its engine and out of it, and what it looks like meanwhile.
 #include "playback/player_facade.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/failures.h"
 #include "intake/codec_words.h"
 #include "playback/display/layout.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -31,6 +33,11 @@ double rateByRecord(const Movie& clip) {
 }
 
 }  // namespace
+
+PlayerFacade::PlayerFacade(const Parts& parts) : parts_(parts) {
+  parts_.counts.whenCounted(
+      [this](const std::string& path, std::vector<double> begins) { takeBegins(path, std::move(begins)); });
+}
 
 EngineRoute PlayerFacade::PlayerSetFilename(const std::string& path, int index) {
   const auto load = ++loads_;
@@ -76,7 +83,7 @@ bool PlayerFacade::openGraph(const std::string& path, const Movie* of) {
   if (auto* clip = clipAt(index)) {
     clip->IsCorona(true);
     if (const auto length = clip->DurationTime().wholeNumber())
-      clip->DurationFrames(Value(frames().frameAt(*length)));
+      clip->DurationFrames(Value(frames().framesIn(*length)));
   }
   return true;
 }
@@ -106,6 +113,13 @@ void PlayerFacade::showOpened(int index) {
   if (!hasPicture()) return;
   player.place.width = player.sourceWidth * parts_.mode.twipsPerPixel();
   player.place.height = player.sourceHeight * parts_.mode.twipsPerPixel();
+  if (!isDvd() && !isAddress(player.path)) parts_.counts.want(player.path);
+}
+
+// A rate alone tells the numbers of such pictures on the average only.
+void PlayerFacade::takeBegins(const std::string& path, std::vector<double> begins) {
+  if (PlayerIsEmpty() || path != PlayerGetFileName() || !hasPicture() || begins.empty()) return;
+  counted_ = FrameCount::ofBegins(std::move(begins), engine().duration());
 }
 
 void PlayerFacade::PlayerClear() {

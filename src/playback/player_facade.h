@@ -13,6 +13,7 @@
 #include "ports/filter_graph.h"
 #include "ports/frame_source.h"
 #include "ports/message_boxes.h"
+#include "ports/picture_counts.h"
 #include "ports/stream_probe.h"
 
 #include <cstdint>
@@ -49,12 +50,13 @@ class PlayerFacade : public Player {
     ControlEngine& control;
     FilterGraphs& graphs;
     FrameSource& streams;
+    PictureCounts& counts;
     StreamProbe& probe;
     MessageBoxes& boxes;
     PlayerHost& host;
   };
   /// All outlive the player.
-  explicit PlayerFacade(const Parts& parts) : parts_(parts) {}
+  explicit PlayerFacade(const Parts& parts);
 
   EngineRoute PlayerSetFilename(const std::string& path, int index) override;
   void PlayerClear() override;
@@ -86,6 +88,7 @@ class PlayerFacade : public Player {
   [[nodiscard]] DisplayMode PlayerGetDisplayMode() const override { return CoronaDisplayMode_; }
   [[nodiscard]] double PlayerGetDuration() const override;
   [[nodiscard]] double PlayerGetCurrentPosition() const override;
+  [[nodiscard]] SeenFrame pictureAt(double seconds) const override;
   void PlayerSetCurrentPosition(double position) override;
   void PlayerStep(int direction) override;
   [[nodiscard]] double PlayerGetSelectionStart() const override;
@@ -117,9 +120,7 @@ class PlayerFacade : public Player {
   [[nodiscard]] bool PlayerGetFullScreenMode() const override { return parts_.mode.player.fullScreen; }
   [[nodiscard]] std::vector<MediaTrack> PlayerGetTracks() const override { return engine().tracks(); }
   void PlayerChooseTrack(MediaTrack::Kind kind, int id) override { engine().choose(kind, id); }
-  [[nodiscard]] std::vector<EngineMarker> PlayerGetMarkers() const override {
-    return graph_ ? std::vector<EngineMarker>() : parts_.control.markers();
-  }
+  [[nodiscard]] std::vector<EngineMarker> PlayerGetMarkers() const override { return engine().markers(); }
   void whenEndOfStream(std::function<void()> heard) override;
   void whenGraphStops(std::function<void()> heard) override { graphStops_ = std::move(heard); }
   void whenDriven(std::function<void()> heard) override { driven_ = std::move(heard); }
@@ -130,14 +131,17 @@ class PlayerFacade : public Player {
     int volume = 0;
     int balance = 0;
     double level = 1;
+    bool mute = false;
     bool captions = false;
   };
 
   bool openGraph(const std::string& path, const Movie* of);
   void openControl(const std::string& path, const Movie* of);
   void showOpened(int index);
+  void takeBegins(const std::string& path, std::vector<double> begins);
   void PlayerCoronaSetFrameRate(int index);
   void mannerOfGraph();
+  void mute(bool on);
   void playGraph();
   void playControl();
   void tellDriven() const;

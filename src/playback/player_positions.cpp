@@ -79,17 +79,20 @@ void PlayerFacade::PlayerSetAutoStart(bool on) {
   if (!usingCorona_) parts_.control.setAutoStart(on);
 }
 
-void PlayerFacade::PlayerMuteON() {
-  if (!usingCorona_) parts_.control.setMute(true);
+void PlayerFacade::mute(bool on) {
+  manner_.mute = on;
+  parts_.control.setMute(on);
+  mannerOfGraph();
 }
 
-void PlayerFacade::PlayerMuteOFF() {
-  if (!usingCorona_) parts_.control.setMute(false);
-}
+void PlayerFacade::PlayerMuteON() { mute(true); }
+void PlayerFacade::PlayerMuteOFF() { mute(false); }
 
 FrameCount PlayerFacade::frames() const { return graph_ || hasPicture() ? counted_ : FrameCount::ofSound(); }
 
-double PlayerFacade::inUnit(double seconds) const { return inFrames() ? frames().frameAt(seconds) : seconds; }
+double PlayerFacade::inUnit(double seconds) const {
+  return inFrames() ? frames().framesIn(seconds) : seconds;
+}
 
 double PlayerFacade::inSeconds(double position) const {
   return inFrames() ? frames().secondsAt(position) : position;
@@ -103,7 +106,14 @@ double PlayerFacade::PlayerGetDuration() const {
   return inUnit(recorded && *recorded > 0 ? std::min(length, *recorded) : length);
 }
 
-double PlayerFacade::PlayerGetCurrentPosition() const { return inUnit(engine().position()); }
+double PlayerFacade::PlayerGetCurrentPosition() const {
+  const double at = engine().position();
+  return inFrames() ? frames().frameAt(at) : frames().beginAt(at);
+}
+
+SeenFrame PlayerFacade::pictureAt(double seconds) const {
+  return {frames().beginAt(seconds), toLongClamped(frames().frameAt(seconds))};
+}
 
 void PlayerFacade::PlayerSetCurrentPosition(double position) {
   tellDriven();
@@ -143,7 +153,7 @@ void PlayerFacade::seekControl(double position) {
 
 // The engine stands at `seconds`: on the picture that is shown then.
 bool PlayerFacade::shows(double seconds) const {
-  const double length = hasPicture() ? counted_.secondsAt(1) : kSoundTolerance;
+  const double length = hasPicture() && counted_.rate() > 0 ? 1 / counted_.rate() : kSoundTolerance;
   const double behind = seconds - parts_.control.position();
   return behind >= -kMicrosecond && behind <= length + kMicrosecond;
 }
@@ -194,13 +204,15 @@ bool PlayerFacade::PlayerSetRate(double rate) {
     parts_.control.setRate(rate);
     return true;
   }
-  const bool refused = isMpegByName(CurrentClipPath_) && rate != 1 && parts_.settings.user.MPEGRoutingVMR &&
-                       !parts_.settings.state.KVOIsInEditMode && parts_.host.rateWindowShows();
-  if (!refused) return true;
-  parts_.boxes.show({std::string(kProductName),
-                     "KVO Cannot make rate changes to MPEG via the VMR\r\n"
-                     "Re-start the clip and then make the rate change.",
-                     BoxButtons::Ok, BoxIcon::Warning});
+  // A graph runs at its own rate, and no other.
+  if (rate == engine().rate()) return true;
+  if (isMpegByName(CurrentClipPath_) && rate != 1 && parts_.settings.user.MPEGRoutingVMR &&
+      !parts_.settings.state.KVOIsInEditMode && parts_.host.rateWindowShows()) {
+    parts_.boxes.show({std::string(kProductName),
+                       "KVO Cannot make rate changes to MPEG via the VMR\r\n"
+                       "Re-start the clip and then make the rate change.",
+                       BoxButtons::Ok, BoxIcon::Warning});
+  }
   return false;
 }
 
@@ -239,6 +251,7 @@ void PlayerFacade::mannerOfGraph() {
   graph_->setVolume(manner_.volume);
   graph_->setBalance(manner_.balance);
   graph_->setOutputLevel(manner_.level);
+  graph_->setMute(manner_.mute);
   graph_->setShowCaptions(manner_.captions);
 }
 

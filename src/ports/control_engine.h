@@ -12,13 +12,6 @@ namespace kvo {
 /// How far a file or an address is on its way.
 enum class EngineOpening { Closed, Connecting, Buffering, Open, Failed };
 
-/// A place in a file that has a name there: a chapter.
-struct EngineMarker {
-  double time = 0;  ///< seconds
-  std::string name;
-  bool operator==(const EngineMarker&) const = default;
-};
-
 /// What a stream, or a file, tells of itself and of its way here. Texts are empty when it does not tell.
 struct StreamDetails {
   std::string description{};
@@ -66,8 +59,6 @@ class ControlEngine : public MediaEngine {
   virtual void setAutoRewind(bool on) = 0;
   /// What is opened runs by itself.
   virtual void setAutoStart(bool on) = 0;
-
-  [[nodiscard]] virtual std::vector<EngineMarker> markers() const = 0;
 
   /// What a stream tells of itself; empty and 0 when it does not.
   [[nodiscard]] virtual std::string mediaTitle() const = 0;

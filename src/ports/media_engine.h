@@ -23,6 +23,13 @@ struct MediaTrack {
   bool operator==(const MediaTrack&) const = default;
 };
 
+/// A place in a file that has a name there: a chapter.
+struct EngineMarker {
+  double time = 0;  ///< seconds
+  std::string name;
+  bool operator==(const EngineMarker&) const = default;
+};
+
 class MediaEngine {
  public:
   MediaEngine() = default;
@@ -65,6 +72,9 @@ class MediaEngine {
   virtual void setMute(bool on) = 0;
   /// What the file's sound is multiplied with ahead of the volume; 1 leaves it.
   virtual void setOutputLevel(double factor) = 0;
+
+  /// In the order of their times; empty for most files.
+  [[nodiscard]] virtual std::vector<EngineMarker> markers() const = 0;
 
   [[nodiscard]] virtual std::vector<MediaTrack> tracks() const = 0;
   /// Plays this track of its kind; id 0 none of it.

@@ -2,8 +2,8 @@
 // waits for a file. What was asked for last is what counts.
 #pragma once
 
+#include "ports/last_wish.h"
 #include "program/clip_picture_state.h"
-#include "program/last_wish.h"
 #include "program/main_window_state.h"
 
 #include <optional>

@@ -2,7 +2,7 @@
 // gathered on a grid of whole seconds, and what has been fetched is kept, so that to and fro costs nothing.
 #pragma once
 
-#include "program/last_wish.h"
+#include "ports/last_wish.h"
 #include "program/main_window_state.h"
 
 #include <map>

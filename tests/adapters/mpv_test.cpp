@@ -1,14 +1,15 @@
 #include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_picture_counts.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
+#include "adapters/mpv_media.h"
 #include "adapters/posix/poll_loop.h"
 #include "playback/player_facade.h"
+#include "playback/positions/section.h"
 #include "support/loop_rules.h"
 #include "support/real_world.h"
 #include "support/scripted_boxes.h"
 
-#include <arpa/inet.h>
-#include <array>
 #include <clocale>
 #include <cmath>
 #include <filesystem>
@@ -17,9 +18,7 @@
 #include <memory>
 #include <numeric>
 #include <string>
-#include <sys/socket.h>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -28,6 +27,9 @@
 namespace kvo {
 namespace {
 
+using test::makeNumbered;
+using test::numberOfGrey;
+using test::Server;
 using test::turnUntil;
 
 // A desktop whose numbers have a comma, as a toolkit puts it in force ahead of the first player.
@@ -52,25 +54,6 @@ class CommaLocale : public testing::Environment {
 };
 const auto* const kCommaLocale = testing::AddGlobalTestEnvironment(std::make_unique<CommaLocale>().release());
 
-constexpr int kGreyStep = 4;  // levels of luma from one picture to the next
-
-// Pictures 0 to 49, each a little brighter than the one before, with the times that `stamps` gives them.
-std::string makeNumbered(const test::ScratchFolder& folder, const std::string& name, const std::string& rate,
-                         const std::string& stamps, const std::vector<std::string>& codec,
-                         const std::vector<std::string>& sound = {}) {
-  std::vector<std::string> arguments = {
-      "-f", "lavfi", "-i",
-      "color=black:size=64x48:rate=" + rate + ",format=yuv420p,geq=lum='16+" + std::to_string(kGreyStep) +
-          "*N':cb=128:cr=128,settb=1/1000" + (stamps.empty() ? "" : ",setpts='" + stamps + "'")};
-  if (stamps.empty()) arguments.back() = arguments.back().substr(0, arguments.back().rfind(",settb"));
-  arguments.insert(arguments.end(), sound.begin(), sound.end());
-  for (const auto& word : {"-frames:v", "50", "-fps_mode", "passthrough"}) arguments.emplace_back(word);
-  arguments.insert(arguments.end(), codec.begin(), codec.end());
-  return test::makeMedia(folder, name, arguments);
-}
-
-int numberOfGrey(double grey) { return static_cast<int>(std::lround(grey * 219 / 255 / kGreyStep)); }
-
 // Both engines on a loop of their own, and somebody who draws.
 struct Bench {
   test::ScratchFolder folder;
@@ -86,15 +69,7 @@ struct Bench {
     engine.whenEndOfStream([this] { ++ended; });
   }
 
-  // The number of the picture that is drawn; -1 for none.
-  int drawn() {
-    if (!stage.output().hasPicture()) return -1;
-    std::vector<std::uint8_t> pixels(std::size_t{64} * 48 * 4);
-    stage.output().draw({pixels.data(), 64, 48, std::size_t{64} * 4});
-    double sum = 0;
-    for (std::size_t i = 0; i < pixels.size(); i += 4) sum += pixels[i];
-    return numberOfGrey(sum * 4 / static_cast<double>(pixels.size()));
-  }
+  int drawn() { return test::drawnNumber(stage.output()); }
   // The number of the picture that a render shows at this time.
   int rendered(const std::string& path, double seconds) {
     const auto picture = facts.frame(path, seconds, 64, 48);
@@ -112,7 +87,7 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
   Bench bench;
   const std::vector<std::string> h264 = {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"};
   const std::vector<std::string> wmv = {"-c:v", "wmv2", "-q:v", "2", "-g", "20"};
-  const std::string uneven = "180*floor(N/3)+20*eq(mod(N,3),1)+80*eq(mod(N,3),2)";
+  const std::string uneven = test::kUneven;
   const auto with = [](std::vector<std::string> words, std::initializer_list<std::string> more) {
     words.insert(words.end(), more);
     return words;
@@ -147,8 +122,7 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
           << how << " at " << engine.position();
     };
     const auto begin = [&](int number) {  // of a picture, seconds
-      if (!row.stamps.empty())
-        return (180 * (number / 3) + 20 * (number % 3 == 1) + 80 * (number % 3 == 2)) / 1000.0;
+      if (!row.stamps.empty()) return test::unevenBegin(number);
       return row.rate == "25" ? number / 25.0 : row.rate == "30" ? number / 30.0 : number * 1001 / 30000.0;
     };
     for (const int number : {33, 8, 20, 19, 49, 0}) {
@@ -192,29 +166,35 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
   DisplayModeState mode;
   Collection collection;
   KVO2 settings;
+  MediaPictureCounts counts(bench.loop, bench.facts);
   NoStreamProbe probe;
   test::ScriptedBoxes boxes;
   NoKeys keys;
   PlayerFacade player(
-      {mode, collection, settings, bench.engine, bench.graphs, bench.facts, probe, boxes, keys});
-  player.PlayerSetDisplayMode(DisplayMode::Frames);
+      {mode, collection, settings, bench.engine, bench.graphs, bench.facts, counts, probe, boxes, keys});
+  const std::vector<std::string> h264 = {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"};
+  const std::vector<std::string> wmv = {"-c:v", "wmv2", "-q:v", "2", "-g", "20"};
   const struct {
     const char* name;
-    const char* rate;
-    std::vector<std::string> codec;
+    bool uneven;
+    const std::vector<std::string>& codec;
     bool graph;
-  } rows[] = {{"frames.mp4", "30000/1001", {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"}, false},
-              {"frames.mkv", "30000/1001", {"-c:v", "libx264", "-crf", "4", "-g", "20"}, false},
-              {"frames.wmv", "30000/1001", {"-c:v", "wmv2", "-q:v", "2", "-g", "20"}, true}};
+  } rows[] = {{"frames.mp4", false, h264, false}, {"frames.mkv", false, h264, false},
+              {"frames.wmv", false, wmv, true},   {"uneven.mp4", true, h264, false},
+              {"uneven.mkv", true, h264, false},  {"uneven.wmv", true, wmv, true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const auto path = makeNumbered(bench.folder, row.name, row.rate, "", row.codec);
+    const auto path = row.uneven ? makeNumbered(bench.folder, row.name, "25", test::kUneven, row.codec)
+                                 : makeNumbered(bench.folder, row.name, "30000/1001", "", row.codec);
     auto& clip = collection.MovieList.add({});
     clip.MovieName(path);
     const int number = collection.icurMov = collection.MovieList.count();
     player.PlayerSetFilename(path, number);
     ASSERT_EQ(player.UsingCorona(), row.graph);
-    EXPECT_NEAR(player.PlayerGetDuration(), 50, 1);
+    player.PlayerSetDisplayMode(DisplayMode::Frames);
+    EXPECT_TRUE(turnUntil(bench.loop, [&] {
+      return std::abs(player.PlayerGetDuration() - 50) <= !row.uneven;
+    })) << player.PlayerGetDuration();
     for (const int frame : {33, 1, 20, 48, 2}) {
       player.PlayerSetCurrentPosition(frame);
       EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
@@ -224,6 +204,19 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
     player.PlayerStep(1);
     EXPECT_TRUE(bench.shows(3));
     EXPECT_TRUE(turnUntil(bench.loop, [&] { return player.PlayerGetCurrentPosition() == 3; }));
+    // A mark within a picture is that picture, from the moment on at which it is set.
+    const auto begin = [&](int frame) {
+      return row.uneven ? test::unevenBegin(frame) : frame * 1001 / 30000.0;
+    };
+    for (const int frame : {40, 7}) {
+      const InMode seconds(player, DisplayMode::Seconds);
+      player.PlayerSetCurrentPosition(begin(frame) + 0.7 * (begin(frame + 1) - begin(frame)));
+      const auto marked = seenFrame(player);
+      EXPECT_EQ(marked.frame, frame);
+      EXPECT_NEAR(marked.seconds, begin(frame), 0.0011);
+      EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
+      EXPECT_EQ(bench.rendered(path, marked.seconds + 0.0011), frame);
+    }
     player.PlayerClear();
     EXPECT_TRUE(player.PlayerIsEmpty());
   }
@@ -263,11 +256,20 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   EXPECT_NE(engine.state(), EngineState::Running) << "at the end it stays there";
 
   engine.setPlayCount(1);
+  engine.seek(0.9);
+  engine.Run();
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return engine.state() != EngineState::Running; }));
+  ASSERT_EQ(bench.ended, 1) << "the end is on its way home";
+  engine.seek(0.8);
+  engine.Run();
+  EXPECT_TRUE(playsToItsEnd(2));
+  EXPECT_EQ(bench.drawn(), 24) << "the first end was none";
+
   engine.setAutoRewind(true);
   engine.setSelectionEnd(0);
   engine.seek(1.8);
   engine.Run();
-  EXPECT_TRUE(playsToItsEnd(2));
+  EXPECT_TRUE(playsToItsEnd(3));
   EXPECT_EQ(last, 49);
   EXPECT_TRUE(bench.shows(15)) << "back at the section's start";
   EXPECT_NEAR(engine.position(), 0.6, 1e-3);
@@ -289,6 +291,23 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   EXPECT_EQ(bench.drawn(), 9);
   graph.step(-1);
   EXPECT_TRUE(bench.shows(8));
+}
+
+TEST(MpvPlayer, TellsTheChaptersOfAFileOnBothEngines) {
+  Bench bench;
+  const auto words = bench.folder / "chapters";
+  std::ofstream(words) << ";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=800\ntitle=One\n"
+                          "[CHAPTER]\nTIMEBASE=1/1000\nSTART=800\nEND=2000\ntitle=Two\n";
+  const auto path = makeNumbered(bench.folder, "chapters.wmv", "25", "", {"-c:v", "wmv2"},
+                                 {"-f", "ffmetadata", "-i", words, "-map", "0", "-map_chapters", "1"});
+  const auto graph = bench.graphs.RenderFile(path);
+  ASSERT_TRUE(graph) << graph.error().text;
+  bench.engine.setFileName(path);
+  for (const auto& found : {(*graph)->markers(), bench.engine.markers()}) {
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].name + found[1].name, "OneTwo");
+    EXPECT_NEAR(found[1].time, 0.8, 0.002);
+  }
 }
 
 TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
@@ -388,63 +407,6 @@ TEST(MpvPlayer, TellsWhyAFileCannotBePlayedAndPlaysTheNext) {
   std::filesystem::remove(good);
   EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.ended == 1; })) << "what is open stays so";
 }
-
-// A server on loopback that answers each call in the same way.
-class Server {
- public:
-  enum class Manner { Silent, StopsInTheMiddle, HangsUpInTheMiddle, RedirectsForEver, Whole };
-  Server(Manner manner, std::string bytes) : manner_(manner), bytes_(std::move(bytes)) {
-    listening_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    EXPECT_EQ(::bind(listening_, reinterpret_cast<sockaddr*>(&address), size), 0);
-    EXPECT_EQ(::listen(listening_, 16), 0);
-    ::getsockname(listening_, reinterpret_cast<sockaddr*>(&address), &size);
-    address_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/clip.mp4";
-    thread_ = std::thread([this] { serve(); });
-  }
-  Server(const Server&) = delete;
-  Server& operator=(const Server&) = delete;
-  ~Server() {
-    ::shutdown(listening_, SHUT_RDWR);
-    thread_.join();
-    ::close(listening_);
-    for (const int call : calls_) ::close(call);
-  }
-  [[nodiscard]] const std::string& address() const { return address_; }
-
- private:
-  void serve() {
-    for (int call = 0; (call = ::accept(listening_, nullptr, nullptr)) >= 0;) {
-      std::array<char, 4096> asked{};
-      ::recv(call, asked.data(), asked.size(), 0);
-      const auto say = [&](const std::string& text) { ::send(call, text.data(), text.size(), MSG_NOSIGNAL); };
-      const auto head =
-          "HTTP/1.1 200 OK\r\nContent-Type: video/mp4\r\nContent-Length: " + std::to_string(bytes_.size()) +
-          "\r\n\r\n";
-      if (manner_ == Manner::RedirectsForEver)
-        say("HTTP/1.1 302 Found\r\nLocation: " + address_ + "\r\nContent-Length: 0\r\n\r\n");
-      if (manner_ == Manner::Whole) say(head + bytes_);
-      if (manner_ == Manner::StopsInTheMiddle || manner_ == Manner::HangsUpInTheMiddle)
-        say(head + bytes_.substr(0, bytes_.size() / 2));
-      if (manner_ == Manner::Silent || manner_ == Manner::StopsInTheMiddle) {
-        calls_.push_back(call);
-      } else {
-        ::shutdown(call, SHUT_WR);
-        ::close(call);
-      }
-    }
-  }
-
-  Manner manner_;
-  std::string bytes_;
-  int listening_ = -1;
-  std::string address_;
-  std::vector<int> calls_;
-  std::thread thread_;
-};
 
 TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
   Bench bench;

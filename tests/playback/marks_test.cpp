@@ -79,6 +79,17 @@ TEST(Marks, ReleasedHandlesBecomeTheMarksOfWhatIsSeen) {
   }
 }
 
+TEST(Marks, OfUnevenPicturesAreThePictureThatStands) {
+  for (const auto* name : {"a.avi", "a.wmv"}) {
+    PositionsBench b;
+    b.counts.all["/v/" + std::string(name)] = {0, 2, 2.04, 9};
+    b.ready(name);
+    b.positions.marks.put(Img_MarkIn, 0.5);
+    b.positions.marks.put(Img_MarkOut, 0.95);
+    EXPECT_EQ(b.marks(), "2.04 to 9, 2 to 3") << name;
+  }
+}
+
 TEST(Marks, StayWhileKeyframesAreSetAndOnDiscs) {
   PositionsBench b;
   b.ready("a.avi", {}, 2, 8);
@@ -131,7 +142,7 @@ TEST(Marks, AreSetWhereThePlayerStands) {
   b.ready("a.avi", {}, 2, 8);
   b.positions.marks.ResetMarks();
   EXPECT_EQ(b.marks(), "0 to 10, 0 to 250");
-  EXPECT_EQ(b.noted.edits, std::vector<std::string>{"marks of"});
+  EXPECT_EQ(b.noted.edits, std::vector<std::string>{"marks of 96"});
   b.ready("endless.avi", {.duration = 0});
   b.positions.marks.SetMarkIn();
   b.positions.marks.SetMarkOut();

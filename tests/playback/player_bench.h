@@ -43,10 +43,12 @@ struct PlayerBench {
   FakeControlEngine control{loop, files};
   FakeFilterGraphs graphs{loop, files};
   NamedStreams streams;
+  NamedCounts counts;
   ScriptedProbe probe;
   ScriptedBoxes boxes;
   PlainPlayerHost playerHost;
-  PlayerFacade player{{mode, collection, settings, control, graphs, streams, probe, boxes, playerHost}};
+  PlayerFacade player{
+      {mode, collection, settings, control, graphs, streams, counts, probe, boxes, playerHost}};
 
   /// A clip of "/v/" whose file is like this, and the one in hand.
   Movie& add(const std::string& name, const FakeFile& file = {}) {

@@ -189,6 +189,30 @@ TEST(Player, AFrameIsTheOneThatWasSoughtOnBothEngines) {
   }
 }
 
+TEST(Player, PicturesOfUnevenLengthsHaveTheirNumbersByTheirTimes) {
+  const std::vector<double> begins = {0, 0.04, 0.5, 0.52, 4, 9.9};
+  for (const char* name : {"a.mp4", "a.wmv"}) {
+    PlayerBench b;
+    b.counts.all["/v/" + std::string(name)] = begins;
+    b.load(name, {.rate = 1000});
+    const struct {
+      double seconds, begin, frame;
+    } rows[] = {{0, 0, 0}, {0.499, 0.5, 2}, {0.51, 0.5, 2}, {3.9, 0.52, 3}, {4, 4, 4}, {9.95, 9.9, 5}};
+    for (const auto& row : rows) {
+      b.player.PlayerSetDisplayMode(DisplayMode::Seconds);
+      b.player.PlayerSetCurrentPosition(row.seconds);
+      EXPECT_EQ(b.player.PlayerGetCurrentPosition(), row.begin) << name << " " << row.seconds;
+      b.player.PlayerSetDisplayMode(DisplayMode::Frames);
+      EXPECT_EQ(b.player.PlayerGetCurrentPosition(), row.frame) << name << " " << row.seconds;
+      b.player.PlayerSetCurrentPosition(row.frame);
+      EXPECT_EQ(b.player.PlayerGetCurrentPosition(), row.frame) << name;
+    }
+    EXPECT_EQ(b.player.PlayerGetDuration(), 6) << name;
+    b.player.PlayerSetSelectionEnd(4);
+    EXPECT_TRUE(!b.player.UsingCorona() || b.graphs.graph->stopTime() == 4) << name;
+  }
+}
+
 TEST(Player, LengthsAndSectionsAreInTheUnitInForce) {
   for (const char* name : {"a.mp4", "a.wmv"}) {
     PlayerBench b;
@@ -288,15 +312,15 @@ TEST(Player, ADiscHasOneRateAndSizeAndIsNeverEmpty) {
   EXPECT_FALSE(b.player.PlayerIsEmpty());
 }
 
-TEST(Player, AGraphRefusesARateOnlyOfMpegWithTheWindowOpen) {
+TEST(Player, AGraphKeepsItsRateAndSaysSoOfMpegWithTheWindowOpen) {
   const struct {
     const char* name;
     double rate;
-    bool vmr, window, editing, refused;
+    bool vmr, window, editing, refused, told;
   } rows[] = {
-      {"a.mpg", 2, true, true, false, true},   {"a.mpg", 1, true, true, false, false},
-      {"a.mpg", 2, true, false, false, false}, {"a.mpg", 2, true, true, true, false},
-      {"a.wmv", 2, true, true, false, false},
+      {"a.mpg", 2, true, true, false, true, true},   {"a.mpg", 1, true, true, false, false, false},
+      {"a.mpg", 2, true, false, false, true, false}, {"a.mpg", 2, true, true, true, true, false},
+      {"a.wmv", 2, true, true, false, true, false},
   };
   for (const auto& row : rows) {
     PlayerBench b;
@@ -305,9 +329,9 @@ TEST(Player, AGraphRefusesARateOnlyOfMpegWithTheWindowOpen) {
     b.playerHost.rateWindow = row.window;
     b.load(row.name);
     EXPECT_EQ(b.player.PlayerSetRate(row.rate), !row.refused) << row.name;
-    EXPECT_EQ(b.boxes.shown.size(), row.refused ? 1u : 0u) << row.name;
+    EXPECT_EQ(b.boxes.shown.size(), row.told ? 1u : 0u) << row.name;
     EXPECT_EQ(b.player.PlayerGetRate(), 1) << row.name;
-    if (row.refused) {
+    if (row.told) {
       EXPECT_EQ(b.boxes.shown[0].text,
                 "KVO Cannot make rate changes to MPEG via the VMR\r\n"
                 "Re-start the clip and then make the rate change.");
@@ -323,7 +347,9 @@ TEST(Player, WhatIsSetForTheSoundHoldsForLaterGraphs) {
   PlayerBench b;
   b.player.PlayerSetVolume(-600);
   b.player.PlayerSetBalance(300);
+  b.player.PlayerMuteON();
   b.load("a.wmv");
+  EXPECT_TRUE(b.graphs.graph->mute);
   EXPECT_EQ(b.graphs.graph->volume, -600);
   EXPECT_EQ(b.graphs.graph->balance, 300);
   EXPECT_EQ(b.control.volume, -600);

@@ -24,16 +24,18 @@ class NotedTransport : public TransportCommands {
 class NotedHost : public PositionsHost {
  public:
   explicit NotedHost(Collection& collection) : collection_(collection) {}
-  std::vector<std::string> edits;
-  bool edit(std::string_view act, Integer /*changeCode*/, const std::function<void(Movie&)>& change,
+  std::vector<std::string> edits;  // "Mark-In of 96"
+  bool visible = true;
+  bool edit(std::string_view act, Integer changeCode, const std::function<void(Movie&)>& change,
             std::string_view /*series*/) override {
-    edits.emplace_back(act);
+    edits.push_back(std::string(act) + " " + std::to_string(changeCode));
     auto& clip = *clipInHand(collection_);
     Movie changed = clip;
     change(changed);
     clip = changed;
     return true;
   }
+  [[nodiscard]] bool windowVisible() const override { return visible; }
   void Displaymovieinfo() override {}
   void ShowSliderStuff() override {}
   void EndAnim() override {}

@@ -111,6 +111,7 @@ TEST(Rate, IsKeptWithTheClipUnlessItsKindRefuses) {
     EXPECT_EQ(b.boxes.shown.empty() ? "" : b.boxes.shown.back().caption, row.box) << row.name;
     if (row.speed != 20) continue;
     EXPECT_EQ(b.control.rate(), 2);
+    EXPECT_EQ(b.noted.edits.front(), "speed of 98") << "the editor times the movie anew";
     EXPECT_TRUE(b.mode.player.IsPlaying && !b.mode.player.IsPaused);
     EXPECT_EQ(b.glass.rate + " " + b.state.rate.value, "2.0x 2.0x");
     EXPECT_EQ(b.state.rate.lights, 10);
@@ -123,6 +124,20 @@ TEST(Rate, IsKeptWithTheClipUnlessItsKindRefuses) {
     b.positions.rate.Lbl_Speedo_Click();
     EXPECT_EQ(b.control.rate(), 2) << "back to the clip's own";
     EXPECT_EQ(clip.Playspeed(), 20);
+  }
+  for (const auto* name : {"a.mpg", "a.vob"}) {  // on a graph, which refuses
+    PositionsBench graph;
+    graph.settings.user.MPEGRoutingVMR = true;
+    auto& clip = graph.ready(name);
+    clip.Playspeed(15);
+    graph.play();
+    graph.positions.rate.SetRate("2.0");
+    graph.positions.rate.Lbl_Speedo_Click();
+    EXPECT_EQ(clip.Playspeed(), 15) << name << " the user's own speed stays";
+    EXPECT_TRUE(graph.noted.edits.empty()) << name;
+    EXPECT_EQ(graph.state.rate.value, rateLabel(graph.player.PlayerGetRate()))
+        << "the lights show what holds";
+    EXPECT_EQ(graph.player.PlayerGetPlayState(), EngineState::Running) << name << " plays on";
   }
   PositionsBench b;
   bool stripped = false;
@@ -159,12 +174,18 @@ TEST(Levels, ReachThePlayerAsTheRecordHasThem) {
   auto& clip = b.ready();
   b.positions.levels.UpdateRateDisp(5);
   EXPECT_EQ(clip.AudioOutputLevel(), 0.5F);
+  EXPECT_EQ(b.noted.edits, std::vector<std::string>{"level of 1"});
   EXPECT_EQ(b.state.level.title + " " + b.state.level.value, "Output Level 0.5");
   b.positions.levels.toggleMute();
   EXPECT_TRUE(b.control.mute);
   EXPECT_EQ(b.state.level.value, "Mute");
+  b.ready("b.wmv");
+  EXPECT_TRUE(b.graphs.graph->mute) << "on both engines, whatever clip comes";
   b.positions.levels.toggleMute();
-  EXPECT_FALSE(b.control.mute);
+  EXPECT_FALSE(b.control.mute || b.graphs.graph->mute);
+  b.player.PlayerMuteON();
+  b.ready("c.avi");
+  EXPECT_FALSE(b.control.mute) << "as the glass shows it";
 }
 
 TEST(KeyCommands, DoWhatTheTableSays) {
@@ -210,6 +231,12 @@ TEST(KeyCommands, DoWhatTheTableSays) {
   EXPECT_EQ(panels, 1);
   EXPECT_TRUE(b.positions.keys.KeyCommand('m'));
   EXPECT_TRUE(b.control.mute);
+  b.ready();
+  b.noted.visible = false;
+  EXPECT_FALSE(b.positions.keys.KeyCommand('1')) << "the list is not seen";
+  b.settings.user.LoopCol = true;
+  EXPECT_TRUE(b.positions.keys.KeyCommand('t'));
+  EXPECT_EQ(std::exchange(b.transport.calls, ""), "PreviewMovie1 ") << "the remote's next goes round";
   b.settings.state.ShuttleProInstalled = true;
   for (const int key : {'h', 'n', 'q', 's'}) EXPECT_FALSE(b.positions.keys.KeyCommand(key)) << key;
   b.play();
@@ -244,12 +271,14 @@ TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
   PositionsBench b;
   b.ready("plain.avi", {.markers = {{0, "All"}}});
   EXPECT_FALSE(b.state.markers.available || b.state.markers.visible);
-  b.ready("a.mkv", {.duration = 130, .markers = {{0, "One"}, {4, "Two"}, {70, "Three"}}});
   const auto& state = b.state.markers;
-  EXPECT_TRUE(state.available && state.visible);
-  EXPECT_EQ(state.list.rows(),
-            (std::vector<std::string>{"1)  One - 00m:04", "2)  Two - 01m:06", "3)  Three - 01m:00"}));
-  EXPECT_EQ(state.reached, 0);
+  for (const auto* name : {"a.wmv", "a.mkv"}) {  // a graph, and the engine of properties
+    b.ready(name, {.duration = 130, .markers = {{0, "One"}, {4, "Two"}, {70, "Three"}}});
+    EXPECT_TRUE(state.available && state.visible) << name;
+    EXPECT_EQ(state.list.rows(),
+              (std::vector<std::string>{"1)  One - 00m:04", "2)  Two - 01m:06", "3)  Three - 01m:00"}));
+    EXPECT_EQ(state.reached, 0);
+  }
   b.seek(69.99);
   b.loop.advance(500);
   EXPECT_EQ(state.reached, 1);
@@ -261,6 +290,22 @@ TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
   b.ready("b.mkv", {.seekable = false, .markers = {{0, "One"}, {4, "Two"}}});
   b.positions.markers.choose(1);
   EXPECT_EQ(b.boxes.shown.back().text, "Seeking is not possible in this stream");
+}
+
+TEST(Stepping, OfADiscTheRightKeysGoByChaptersWhereItHasAny) {
+  PositionsBench b;
+  b.ready("a.vob", {.duration = 100, .markers = {{0, "One"}, {40, "Two"}, {70, "Three"}}});
+  const auto press = [&](bool end) {
+    end ? b.positions.stepping.Lbl_End_Click() : b.positions.stepping.Lbl_Start_Click();
+    return b.seconds();
+  };
+  b.seek(50);
+  EXPECT_EQ(press(true), 70);
+  EXPECT_EQ(press(false), 40);
+  EXPECT_EQ(press(false), 0);
+  b.ready("b.vob", {.duration = 100});
+  EXPECT_NEAR(press(true), 100, 0.05);
+  EXPECT_EQ(press(false), 0);
 }
 
 TEST(Shuttle, RingAndKeysDriveThePlayer) {
@@ -294,6 +339,20 @@ TEST(Shuttle, RingAndKeysDriveThePlayer) {
   b.seek(2.04);
   b.loop.advance(1000);
   EXPECT_EQ(b.frame(), 50) << "stops at Mark-In";
+  press(79);
+  press(78);
+  b.seek(40);
+  b.loop.advance(460);
+  EXPECT_EQ(b.frame(), 1003) << "slower than any rate: a frame each 150 ms";
+  press(86);
+  press(78);
+  b.seek(2.08);
+  b.loop.advance(1000);
+  EXPECT_EQ(b.frame(), 50) << "back, and no further than Mark-In";
+  int added = 0;
+  b.positions.core.doors.AddMoviesm = [&] { ++added; };
+  EXPECT_TRUE(press(69) && press(70));
+  EXPECT_EQ(b.transport.calls + std::to_string(added), "stop stop 2");
   b.seek(10);
   press(67);
   b.seek(20);

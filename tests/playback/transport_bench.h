@@ -49,7 +49,7 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   Buttons* buttons = nullptr;
 
   void select(int number) override { collection_.icurMov = number; }
-  void Displaymovieinfo(int /*number*/) override {}
+  void Displaymovieinfo(int number) override { windowCaption = collection_.MovieList[number].MovieName(); }
   void caption(const std::string& text) override { windowCaption = text; }
   void FadBorder(const std::string& text) override { spine = text; }
   void showList(bool on) override { listShown = on; }
@@ -84,32 +84,36 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   Collection& collection_;
 };
 
-struct TransportBench {
-  VirtualLoop loop;
-  FakeFiles media;
-  FakeControlEngine control{loop, media};
-  FakeFilterGraphs graphs{loop, media};
+/// The transport on whatever engines.
+struct TransportRoom {
+  struct On {
+    EventLoop& loop;
+    ControlEngine& control;
+    FilterGraphs& graphs;
+    FrameSource& streams;
+    PictureCounts& counts;
+    Files& files;
+  } on;
   DisplayModeState mode;
   ButtonsState keys;
   KVO2 settings;
   Collection collection;
-  NamedStreams streams;
   NoStreamProbe probe;
-  MemoryFiles files;
   PlainDesktop desktop;
   ScriptedBoxes boxes;
   PlainPages pages;
   PlainNetwork network;
   TransportState state;
-  PlayTimers timers{loop};
+  PlayTimers timers{on.loop};
   PlainTransportHost host{collection};
-  PlayerFacade player{{mode, collection, settings, control, graphs, streams, probe, boxes, host}};
+  PlayerFacade player{
+      {mode, collection, settings, on.control, on.graphs, on.streams, on.counts, probe, boxes, host}};
   Buttons buttons{keys, mode, player, timers};
   Display display{{mode, player, buttons, timers, settings, collection, desktop, boxes, host}};
-  Transport transport{{state, mode, player, buttons, display, timers, settings, collection, files, boxes,
-                       loop, desktop, pages, network, host}};
+  Transport transport{{state, mode, player, buttons, display, timers, settings, collection, on.files, boxes,
+                       on.loop, desktop, pages, network, host}};
 
-  TransportBench() {
+  explicit TransportRoom(const On& stage) : on(stage) {
     host.player = &player;
     host.buttons = &buttons;
     host.remoteNext = [this] {
@@ -119,6 +123,30 @@ struct TransportBench {
     settings.state.ShowFillist = true;
     display.Form_Load(1);
   }
+  TransportRoom(const TransportRoom&) = delete;
+  TransportRoom& operator=(const TransportRoom&) = delete;
+
+  /// "2 playing": the clip in hand and what the keys say.
+  [[nodiscard]] std::string shown() const {
+    auto line = std::to_string(collection.icurMov);
+    if (mode.player.IsPlaying) line += " playing";
+    if (mode.player.IsPaused) line += " paused";
+    return line;
+  }
+};
+
+struct FakeStage {
+  VirtualLoop loop;
+  FakeFiles media;
+  FakeControlEngine control{loop, media};
+  FakeFilterGraphs graphs{loop, media};
+  NamedStreams streams;
+  NamedCounts counts;
+  MemoryFiles files;
+};
+
+struct TransportBench : FakeStage, TransportRoom {
+  TransportBench() : TransportRoom({loop, control, graphs, streams, counts, files}) {}
 
   /// A clip whose file plays for `seconds`; what cannot be opened lasts 0.
   Movie& add(const std::string& name, double seconds = 10) {
@@ -134,14 +162,6 @@ struct TransportBench {
     clip.MovieHeight(480);
     media[clipFile(clip)] = {.duration = seconds, .opens = seconds > 0};
     return clip;
-  }
-
-  /// "2 playing": the clip in hand and what the keys say.
-  [[nodiscard]] std::string shown() const {
-    auto line = std::to_string(collection.icurMov);
-    if (mode.player.IsPlaying) line += " playing";
-    if (mode.player.IsPaused) line += " paused";
-    return line;
   }
 
   /// The clips that begin within so many seconds, each with the second of its beginning: "1@0 2@10.5 ".

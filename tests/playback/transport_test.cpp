@@ -101,6 +101,33 @@ TEST(Transport, AnEndIsLeftAloneWhileTheUserIsAtIt) {
             "2 playing");
 }
 
+// An end on its way home, and what happens ahead of it.
+TEST(Transport, AnEndIsOnlyThatOfWhatPlaysUntilThen) {
+  for (const auto* kind : {".avi", ".wmv"}) {
+    const struct {
+      const char* what;
+      std::function<void(TransportBench&)> act;
+      const char* shown;
+    } rows[] = {
+        {"nothing", [](auto&) {}, "2 playing"},
+        {"another clip", [](auto& b) { b.transport.PreviewMovie(3); }, "3 playing"},
+        {"the same once more", [](auto& b) { b.transport.PreviewMovie(1); }, "1 playing"},
+        {"sent back", [](auto& b) { b.player.PlayerSetCurrentPosition(1), b.player.GlobalMediaPlay(); },
+         "1 playing"}};
+    for (const auto& row : rows) {
+      TransportBench b;
+      for (const auto* name : {"a", "b", "c", "d"}) b.add(std::string(name) + kind);
+      b.settings.user.PlayWithoutGaps = true;
+      b.transport.PreviewMovie(1);
+      b.loop.advance(5000);
+      b.player.UsingCorona() ? b.graphs.graph->comeToEnd() : b.control.comeToEnd();
+      row.act(b);
+      b.loop.advance(5000);
+      EXPECT_EQ(b.shown(), row.shown) << row.what << kind;
+    }
+  }
+}
+
 TEST(Transport, ADiscThatHasBeenStoppedGoesOnBehindItsEndAgain) {
   for (const bool byKey : {true, false}) {
     TransportBench b;
@@ -247,6 +274,7 @@ TEST(Transport, EachKindOfClipHasItsSurface) {
     EXPECT_EQ(b.desktop.files,
               clip.IsTrueQT4() ? std::vector<std::string>{"/v/a.mov"} : decltype(b.desktop.files){});
     EXPECT_EQ(b.pages.shown.size(), clip.IsHTML() ? 1U : 0U) << row.name;
+    EXPECT_EQ(b.state.lbl_Novid.text == "a.mov is shown by another program", clip.IsTrueQT4()) << row.name;
     EXPECT_TRUE(b.timers.Timer6.enabled()) << row.name;
   }
   TransportBench none;  // a page where no window is there for it
@@ -538,6 +566,7 @@ TEST(Transport, AStreamThatDoesNotComeIsTold) {
     ASSERT_EQ(b.boxes.shown.size(), row.boxes) << row.what;
     for (const auto& box : b.boxes.shown) EXPECT_EQ(box.text, told);
     EXPECT_TRUE(b.host.listShown && b.player.PlayerIsEmpty()) << row.what;
+    EXPECT_EQ(b.host.windowCaption, "http://radio.example/live") << row.what << ": the clip's name again";
     b.mode.player.IsPaused = false;
     b.transport.PreviewMovie(2);
     EXPECT_EQ(b.shown(), "2 playing") << row.what;

@@ -80,6 +80,8 @@ class FakeEngine : public Port {
     const double last = std::max(std::ceil((file_.duration - kNearly) * file_.rate) - 1, 0.0);
     goTo(std::clamp(std::min(shown(place()), last) + direction, 0.0, last) / file_.rate);
   }
+  /// Its time to the end has gone by at once.
+  void comeToEnd() { arrive(); }
   [[nodiscard]] double duration() const override { return open() ? file_.duration : 0; }
   [[nodiscard]] bool canSeek() const override { return open() && file_.seekable; }
   [[nodiscard]] int sourceWidth() const override { return open() && file_.hasPicture() ? file_.width : 0; }
@@ -94,6 +96,9 @@ class FakeEngine : public Port {
   void setBalance(int where) override { balance = where; }
   void setMute(bool on) override { mute = on; }
   void setOutputLevel(double factor) override { outputLevel = factor; }
+  [[nodiscard]] std::vector<EngineMarker> markers() const override {
+    return open() ? file_.markers : std::vector<EngineMarker>{};
+  }
   [[nodiscard]] std::vector<MediaTrack> tracks() const override {
     return open() ? file_.tracks : std::vector<MediaTrack>{};
   }
@@ -245,7 +250,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   void setPlayCount(int times) override { playCount = times; }
   void setAutoRewind(bool on) override { autoRewind = on; }
   void setAutoStart(bool on) override { autoStart = on; }
-  [[nodiscard]] std::vector<EngineMarker> markers() const override { return file().markers; }
   [[nodiscard]] std::string mediaTitle() const override { return title; }
   [[nodiscard]] std::string mediaAuthor() const override { return author; }
   [[nodiscard]] int bandwidth() const override { return bits; }

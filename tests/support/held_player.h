@@ -14,6 +14,7 @@ struct HeldEngines {
   FakeFiles engineFiles;
   FakeControlEngine control;
   FakeFilterGraphs graphs;
+  NamedCounts counts;
   ScriptedProbe probe;
   PlainPlayerHost host;
 };
@@ -24,7 +25,7 @@ class HeldPlayer : private HeldEngines, public PlayerFacade {
   explicit HeldPlayer(Bench& bench)
       : HeldEngines(bench.loop),
         PlayerFacade({bench.window.mode, bench.collection, bench.settings, control, graphs, bench.streams,
-                      probe, bench.boxes, host}),
+                      counts, probe, bench.boxes, host}),
         state_(bench.window.mode.player) {}
 
   double position = 0;  ///< seconds

@@ -1,10 +1,12 @@
-// Streams told by name.
+// Streams told by name, and the pictures in them.
 #pragma once
 
 #include "ports/frame_source.h"
+#include "ports/picture_counts.h"
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace kvo::test {
 
@@ -24,6 +26,22 @@ class NamedStreams : public FrameSource {
     const auto bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3;
     return FramePicture{width, height, std::vector<std::uint8_t>(bytes, static_cast<std::uint8_t>(seconds))};
   }
+};
+
+/// Told at once; nothing of files that are not here.
+class NamedCounts : public PictureCounts {
+ public:
+  std::map<std::string, std::vector<double>> all;
+
+  void whenCounted(std::function<void(const std::string&, std::vector<double>)> heard) override {
+    heard_ = std::move(heard);
+  }
+  void want(const std::string& path) override {
+    if (all.contains(path)) heard_(path, all.at(path));
+  }
+
+ private:
+  std::function<void(const std::string&, std::vector<double>)> heard_;
 };
 
 }  // namespace kvo::test

@@ -145,16 +145,17 @@ struct FaceBench : ProgramBench {
   FakeFiles engineFiles;
   FakeControlEngine control{loop, engineFiles};
   FakeFilterGraphs graphs{loop, engineFiles};
+  NamedCounts counts;
   NoStreamProbe probe;
-  FaceLinks links{{window, settings, collection, streams, control, graphs, probe, desktop, boxes, pictures,
-                   list, timers}};
+  FaceLinks links{{window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes,
+                   pictures, list, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
+  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
   NoWebPages pages;
   NoNetwork network;
   CodecInfo codec{{window, settings, collection, list, files, folder, probe, boxes, loop, links.player()}};
   PlayLinks play{{window, settings, collection, files, boxes, loop, desktop, pages, network, timers, list,
-                  history, commands, intro, mailbox, links, codec}};
-  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
+                  history, commands, media, intro, mailbox, links, codec}};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
                  .minimumDetails = [this] { links.display().turnDetails(); },

@@ -65,10 +65,6 @@ void MpvControlEngine::setSelectionEnd(double seconds) {
   if (file()) file()->setEnd(seconds);
 }
 
-std::vector<EngineMarker> MpvControlEngine::markers() const {
-  return file() ? file()->markers() : std::vector<EngineMarker>{};
-}
-
 std::string MpvControlEngine::mediaTitle() const {
   return file() ? file()->told({"title", "icy-title", "icy-name"}) : "";
 }

@@ -32,8 +32,6 @@ class MpvControlEngine : public MpvEngine<ControlEngine> {
   void setAutoRewind(bool on) override { autoRewind_ = on; }
   void setAutoStart(bool on) override { autoStart_ = on; }
 
-  [[nodiscard]] std::vector<EngineMarker> markers() const override;
-
   [[nodiscard]] std::string mediaTitle() const override;
   [[nodiscard]] std::string mediaAuthor() const override;
   [[nodiscard]] int bandwidth() const override { return file() ? file()->bandwidth() : 0; }

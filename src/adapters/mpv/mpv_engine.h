@@ -65,6 +65,9 @@ class MpvEngine : public Port {
     applySound();
   }
 
+  [[nodiscard]] std::vector<EngineMarker> markers() const override {
+    return file_ ? file_->markers() : std::vector<EngineMarker>{};
+  }
   [[nodiscard]] std::vector<MediaTrack> tracks() const override {
     return file_ ? file_->tracks() : std::vector<MediaTrack>{};
   }

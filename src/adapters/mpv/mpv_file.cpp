@@ -140,6 +140,7 @@ void MpvFile::hear(std::function<void()> ended, std::function<void()> changed) {
 void MpvFile::tell(std::function<void()> MpvFile::*heard) {
   house_.loop.post([this, heard, alive = std::weak_ptr(alive_), opened = opened_] {
     if (alive.expired() || opened != opened_ || !(this->*heard)) return;
+    if (heard == &MpvFile::ended_ && !stoodAt_) return;  // it has been sent elsewhere meanwhile
     const auto work = this->*heard;
     work();
   });

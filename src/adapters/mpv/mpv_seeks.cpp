@@ -32,10 +32,16 @@ bool MpvSeeks::isShown(double seconds, double shown) const {
   return seconds >= shown - kTolerance && seconds < shown + 1 / rate_ - kTolerance;
 }
 
+// Of a constant rate.
+double MpvSeeks::beginOf(double seconds) const { return std::floor((seconds + kTolerance) * rate_) / rate_; }
+
 double MpvSeeks::askFor(double seconds) const {
-  if (rate_ <= 0) return seconds - kTolerance;
-  const double begin = std::floor((seconds + kTolerance) * rate_) / rate_;
-  return begin - std::min(kAhead, 0.25 / rate_);
+  return rate_ > 0 ? beginOf(seconds) - std::min(kAhead, 0.25 / rate_) : seconds - kTolerance;
+}
+
+std::optional<double> MpvSeeks::wanted() const {
+  const auto place = wish_ ? wish_ : target_;
+  return place && rate_ > 0 ? std::optional(beginOf(*place)) : place;
 }
 
 MpvOrder MpvSeeks::next(double shown) {

@@ -42,10 +42,11 @@ class MpvSeeks {
   [[nodiscard]] bool busy() const { return onItsWay_ || wish_ || steps_ != 0 || back_; }
   /// A step to the next picture is on its way.
   [[nodiscard]] bool stepsOn() const { return stepsOn_; }
-  /// The place that is wanted, while it is not there.
-  [[nodiscard]] std::optional<double> wanted() const { return wish_ ? wish_ : target_; }
+  /// The place that is wanted, while it is not there: the begin of its picture, where the rate tells that.
+  [[nodiscard]] std::optional<double> wanted() const;
 
  private:
+  [[nodiscard]] double beginOf(double seconds) const;
   [[nodiscard]] double askFor(double seconds) const;
   [[nodiscard]] bool missed(double shown) const;
 

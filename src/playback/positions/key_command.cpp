@@ -48,13 +48,18 @@ bool KeyCommands::KeyCommand(int key) {
       {{'N'}, [](KeyCommands& keys) { keys.remote_.Lbl_Play_Click(); }, false},
       {{'Q'}, [](KeyCommands& keys) { keys.remote_.rate("0.25"); }, false},
       {{'S'}, [](KeyCommands& keys) { keys.to(0, true); }, false},
-      {{'T'}, [](KeyCommands& keys) { keys.core_.transport.NextMovie(); }},
+      {{'T'},
+       [](KeyCommands& keys) {
+         keys.core_.host.windowVisible() ? keys.core_.transport.NextMovie()
+                                         : keys.remote_.Lbl_NextMov_Click();
+       }},
       {{'V'}, [](KeyCommands& keys) { keys.remote_.Lbl_PrevMov_Click(); }},
   };
   if (key <= 0 || clipInHand(core_.collection) == nullptr) return false;
   const bool shuttle = shuttle_.IsShuttleProInstalled();
   if (shuttle && key >= 'A' && key <= 'Z') return shuttle_.KeyCommandSHUTTLEPRO(key);
-  if (key >= '1' && key <= ':') return clip(key - '0');  // the colon follows the 9, and is 10
+  if (key >= '1' && key <= ':')  // the colon follows the 9, and is 10
+    return core_.host.windowVisible() && clip(key - '0');
   const int meant = key >= 'a' && key <= 'z' && key != 'l' ? key - 'a' + 'A' : key;
   const auto* found = std::ranges::find_if(
       kActs, [meant](const Act& act) { return act.keys[0] == meant || act.keys[1] == meant; });

@@ -32,14 +32,14 @@ void Levels::takeRecord() {
   core_.player.PlayerSetVolume(-clip->Volume());
   core_.player.PlayerSetBalance(static_cast<int>(RoundToWhole(clip->Balance().number() - kBalanceShift)));
   SetAudioOutputLevel();
-  if (core_.glass.muted) core_.player.PlayerMuteON();
+  core_.glass.muted ? core_.player.PlayerMuteON() : core_.player.PlayerMuteOFF();
 }
 
 void Levels::UpdateRateDisp(int tenths) {
   if (core_.clip() == nullptr || !hasOutputLevel()) return;
   const auto level = static_cast<Single>(std::clamp(tenths, 0, Osd::kLights) / kLevelTenths);
   core_.host.edit(
-      "level of", kNoChangeCode, [level](Movie& changed) { changed.AudioOutputLevel(level); }, "level");
+      "level of", kLevelChangeCode, [level](Movie& changed) { changed.AudioOutputLevel(level); }, "level");
   SetAudioOutputLevel();
   showLevel();
 }

@@ -189,8 +189,8 @@ bool Marks::edit(bool in, const std::function<void(Movie&)>& change) {
 // What the player shows of a place that it has been sent to, unless it stayed away from it.
 SeenFrame Marks::seenNear(double wanted) const {
   const auto seen = seenFrame(core_.player);
-  return std::abs(seen.seconds - wanted) <= oneFrame() ? seen
-                                                       : frameStandingAt(*core_.clip(), core_.player, wanted);
+  const auto meant = core_.player.pictureAt(wanted);
+  return std::abs(seen.frame - meant.frame) <= 1 ? seen : meant;
 }
 
 void Marks::keepMarkIn() {
@@ -216,7 +216,7 @@ void Marks::keepMarkOut() {
   player.PlayerSetCurrentPosition(wanted);
   selectionEnd(wanted);
   const bool whole = wanted >= length;
-  const auto seen = whole ? frameStandingAt(clip, player, wanted) : seenNear(wanted);
+  const auto seen = whole ? SeenFrame{wanted} : seenNear(wanted);
   if (!core_.isTrack() && clip.LoopEnd().number() != seen.seconds) {
     edit(false, [&](Movie& changed) { whole ? markEnd(changed) : markOut(changed, seen); });
   }

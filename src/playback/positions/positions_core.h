@@ -27,6 +27,8 @@ class PositionsHost {
   /// of" names it. Changes of one `series` that follow each other are one act. False when that cannot be now.
   virtual bool edit(std::string_view act, Integer changeCode, const std::function<void(Movie&)>& change,
                     std::string_view series) = 0;
+  /// The main window is seen.
+  [[nodiscard]] virtual bool windowVisible() const = 0;
   /// The details of the clip in hand as they are shown.
   virtual void Displaymovieinfo() = 0;
   virtual void ShowSliderStuff() = 0;
@@ -60,8 +62,9 @@ struct PositionParts {
 };
 
 /// Change codes of an edit.
+inline constexpr Integer kLevelChangeCode = 1;
 inline constexpr Integer kMarksChangeCode = 96;
-inline constexpr Integer kNoChangeCode = 0;
+inline constexpr Integer kSpeedChangeCode = 98;
 
 struct PositionsCore : PositionParts {
   explicit PositionsCore(const PositionParts& parts, PositionDoors offered = {})

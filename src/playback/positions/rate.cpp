@@ -67,8 +67,12 @@ void Rate::changeBy(double rate) {
   auto& player = core_.player;
   const int number = core_.collection.icurMov;
   core_.host.EndAnim();
+  const bool plays = core_.mode.player.IsPlaying;
   if (player.UsingCorona()) player.PlayerStop();
-  if (!player.PlayerSetRate(rate)) return;
+  if (!player.PlayerSetRate(rate)) {
+    if (plays) player.GlobalMediaPlay();
+    return showRate(player.PlayerGetRate());
+  }
   player.PlayerSetDisplayMode(DisplayMode::Seconds);
   core_.buttons.BuildButton("PAUSEOFF");
   player.GlobalMediaPlay();
@@ -85,7 +89,7 @@ void Rate::keep(double rate) {
   const auto* clip = core_.clip();
   if (clip == nullptr || static_cast<double>(clip->Playspeed()) == rate * kTenths) return;
   core_.host.edit(
-      "speed of", kNoChangeCode,
+      "speed of", kSpeedChangeCode,
       [rate](Movie& changed) { changed.Playspeed(static_cast<Single>(rate * kTenths)); }, "speed");
 }
 
@@ -95,14 +99,15 @@ void Rate::Lbl_Speedo_Click() {
   const double own = static_cast<double>(core_.clip()->Playspeed()) / kTenths;
   const double now = player.PlayerGetRate();
   const double then = now == 1 ? own : 1;
-  if (player.PlayerSetRate(then)) showRate(player.PlayerGetRate());
+  static_cast<void>(player.PlayerSetRate(then));  // what is shown tells whether it was taken
+  showRate(player.PlayerGetRate());
 }
 
 void Rate::takeRecord() {
   const auto* clip = core_.clip();
   if (clip == nullptr || !core_.isFileInHand() || core_.player.PlayerIsEmpty()) return;
   const double own = static_cast<double>(clip->Playspeed()) / kTenths;
-  if (core_.player.PlayerGetRate() != own) core_.player.PlayerSetRate(own);
+  if (!core_.player.UsingCorona() && core_.player.PlayerGetRate() != own) core_.player.PlayerSetRate(own);
   core_.glass.rate = rateLabel(core_.player.PlayerGetRate());
 }
 

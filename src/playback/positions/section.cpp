@@ -1,8 +1,5 @@
 #include "playback/positions/section.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace kvo {
 namespace {
 
@@ -37,13 +34,6 @@ SeenFrame seenFrame(Player& player) {
   const double seconds = player.PlayerGetCurrentPosition();
   player.PlayerSetDisplayMode(DisplayMode::Frames);
   return {seconds, toLongClamped(player.PlayerGetCurrentPosition())};
-}
-
-SeenFrame frameStandingAt(const Movie& clip, const Player& player, double seconds) {
-  constexpr double kNearNext = 0.02;  // of a frame: what the times of files are rounded to
-  const double at = std::max(seconds, 0.0);
-  const double frame = at * framesPerSecond(clip);
-  return {at, toLongClamped(player.PlayerGetSourceWidth() > 0 ? std::floor(frame + kNearNext) : frame)};
 }
 
 void Section::correct(Movie& clip, double duration) {

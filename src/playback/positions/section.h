@@ -13,17 +13,9 @@ const Movie* clipInHand(const Collection& collection);
 /// Pictures a second: DurationFrames / DurationTime. 0 when the record does not know them.
 double framesPerSecond(const Movie& clip);
 
-/// A place in a clip, as both of its units have it.
-struct SeenFrame {
-  double seconds = 0;
-  Long frame = 0;
-};
 
 /// What the player shows, and its number.
 SeenFrame seenFrame(Player& player);
-
-/// The frame that stands at `seconds`; where there is no picture, the nearest one.
-SeenFrame frameStandingAt(const Movie& clip, const Player& player, double seconds);
 
 class Section {
  public:

@@ -45,6 +45,23 @@ void Shuttle::toStart() {
   core_.buttons.BuildButton("PAUSEON");
 }
 
+void Shuttle::stand() {
+  rest();
+  core_.player.PlayerStop();
+  core_.player.PlayerSetRate(1);
+  core_.buttons.BuildButton("PAUSEON");
+  core_.timers.Timer8.setInterval(kRestInterval);
+}
+
+// Below the slowest rate: frame by frame, the way that the wheel was going.
+void Shuttle::stepOn() {
+  const auto held = core_.state.held.ButtonHeld.value_or(Step::Adv1);
+  stand();
+  if (!core_.canSeek()) return;
+  parts_.stepping.hold(held, kRestInterval);
+  if (held == Step::Rew1 || held == Step::Rew5) watch_->start(kWatchInterval);
+}
+
 bool Shuttle::KeyCommandSHUTTLEPRO(int code) {
   if (core_.clip() == nullptr) return false;
   if (code >= kFirstBackward && code < kFirstBackward + static_cast<int>(kBackward.size())) {
@@ -82,13 +99,10 @@ bool Shuttle::KeyCommandSHUTTLEPRO(int code) {
       parts_.remote.Lbl_Play_Click();
       return true;
     case 77:
+      stand();
+      return true;
     case 78:
-      rest();
-      core_.player.PlayerStop();
-      core_.player.PlayerSetRate(1);
-      core_.buttons.BuildButton("PAUSEON");
-      core_.timers.Timer8.setInterval(kRestInterval);
-      if (code == 78) core_.timers.Timer8.start();
+      stepOn();
       return true;
     default:
       return false;

@@ -35,6 +35,8 @@ class Shuttle {
  private:
   void jump();
   void toStart();
+  void stand();
+  void stepOn();
 
   Parts parts_;
   PositionsCore& core_;

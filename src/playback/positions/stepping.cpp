@@ -146,8 +146,10 @@ void Stepping::repeat() {
   step(*core_.state.held.ButtonHeld, true);
 }
 
-void Stepping::toChapter(int direction) {
+// False where there are no chapters.
+bool Stepping::toChapter(int direction) {
   const auto markers = core_.player.PlayerGetMarkers();
+  if (markers.empty()) return false;
   const InMode seconds(core_.player, DisplayMode::Seconds);
   constexpr double kJustThere = 1;  // seconds behind a chapter's start: back goes to the one ahead of it
   const double at = core_.player.PlayerGetCurrentPosition();
@@ -158,6 +160,7 @@ void Stepping::toChapter(int direction) {
   }
   if (to) core_.seekSeconds(*to);
   if (to && core_.mode.player.IsPlaying) core_.player.GlobalMediaPlay();
+  return true;
 }
 
 void Stepping::toSectionEnd(bool start) {
@@ -165,7 +168,7 @@ void Stepping::toSectionEnd(bool start) {
   const auto* clip = core_.clip();
   if (core_.isTrack() && core_.disc != nullptr) return core_.disc->toTrack(start ? -1 : 1);
   if (clip == nullptr || !core_.canSeek()) return;
-  if (core_.isDVD()) return toChapter(start ? -1 : 1);
+  if (core_.isDVD() && toChapter(start ? -1 : 1)) return;
   player.PlayerStop();
   if (core_.hasPicture()) {
     core_.seekFrame(start ? clip->LoopStartFrames() : clip->LoopEndFrames());

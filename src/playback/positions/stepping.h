@@ -28,7 +28,8 @@ class Stepping {
   void hold(Step which, int milliseconds);
   void letGo();
 
-  /// Right key: the end and the start of the section, the next and the last chapter or track.
+  /// Right key: the end and the start of the section; of a disc the next and the last chapter or track, where
+  /// it has any.
   void Lbl_End_Click();
   void Lbl_Start_Click();
 
@@ -39,7 +40,7 @@ class Stepping {
   bool begins(Step which, bool quiet);
   void ends(Step which, bool quiet);
   [[nodiscard]] Long framesOf(int direction, bool quiet) const;
-  void toChapter(int direction);
+  [[nodiscard]] bool toChapter(int direction);
   void toSectionEnd(bool start);
 
   PositionsCore& core_;

@@ -149,6 +149,7 @@ void StreamOpening::fail() {
 void StreamOpening::backToList() {
   core_.state.lbl_Novid = {};
   if (core_.collection.MovieList.empty()) return core_.host.NoMoviesinCollection();
+  core_.host.Displaymovieinfo(core_.icurMov());  // the frame of the window says its name again
   core_.host.showList(true);
 }
 

@@ -28,6 +28,7 @@ Transport::Transport(const TransportParts& parts)
   core_.player.whenEndOfStream([this] { ended(false); });
   core_.player.whenGraphStops([this] { ended(true); });
   core_.player.whenDriven([this] {
+    ++acts_;
     if (!stepsBack_) core_.timers.Timer7.stop();
   });
 }
@@ -35,8 +36,8 @@ Transport::Transport(const TransportParts& parts)
 // The engine's event is left before anything is loaded into the same engine.
 void Transport::ended(bool graph) {
   if (core_.settings.user.PlayWithoutGaps) {
-    core_.loop.post([this, graph, lives = std::weak_ptr(lives_)] {
-      if (lives.expired()) return;
+    core_.loop.post([this, graph, acts = acts_, lives = std::weak_ptr(lives_)] {
+      if (lives.expired() || acts != acts_) return;
       if (graph) {
         if (core_.player.coronaAtStopTime()) monitor_.graphAtEnd();
       } else if (!core_.host.startUpVideoEnded()) {

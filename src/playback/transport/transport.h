@@ -92,6 +92,7 @@ class Transport : public TransportCommands {
   bool follows_ = false;     // the load that comes is not by a choice of the user's
   bool stepsBack_ = false;   // it is the reverse play that drives the player
   std::uint64_t loads_ = 0;  // the last one counts, as opening a file lets events through
+  std::uint64_t acts_ = 0;   // loads, and what has driven the player: an end ahead of one is none any more
   std::shared_ptr<bool> lives_ = std::make_shared<bool>(true);
 };
 

@@ -69,6 +69,7 @@ void Transport::empty() {
 void Transport::letGo() {
   auto& timers = core_.timers;
   ++loads_;
+  ++acts_;
   sequencer_.forget();
   stream_.leave();
   monitor_.clipChanges();
@@ -104,9 +105,13 @@ void Transport::showElsewhere(const Movie& clip) {
   if (core_.guests.disc != nullptr) core_.guests.disc->pause();
   core_.mode.still = {};
   core_.player.Med_previewClear();
+  core_.display.PositionAndSize();
   core_.player.PlayerHide();
   core_.player.SendPlayerFarLeft();
-  core_.desktop.openFile(clipFile(clip));
+  core_.state.lbl_Novid = {.text = clip.MovieName() + (core_.desktop.openFile(clipFile(clip))
+                                                           ? " is shown by another program"
+                                                           : " has no program that shows it")};
+  core_.mode.panels.Pic_NoVid = true;
 }
 
 void Transport::showStill() {
