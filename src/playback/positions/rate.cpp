@@ -70,6 +70,7 @@ void Rate::changeBy(double rate) {
   const bool plays = core_.mode.player.IsPlaying;
   if (player.UsingCorona()) player.PlayerStop();
   if (!player.PlayerSetRate(rate)) {
+    if (core_.collection.icurMov != number) return;  // it may have been told in a box
     if (plays) player.GlobalMediaPlay();
     return showRate(player.PlayerGetRate());
   }
