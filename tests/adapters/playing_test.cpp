@@ -35,13 +35,14 @@ struct RealStage {
 };
 
 struct RealBench : RealStage, test::TransportRoom {
-  std::map<int, std::set<int>> seen;     // by clip, the numbers of the pictures that were shown while it ran
+  std::map<int, std::set<int>> seen;     // by clip, the numbers of the pictures that were shown since it ran
   std::chrono::milliseconds longest{0};  // that the loop was kept from turning
 
   RealBench() : TransportRoom({loop, control, graphs, streams, counts, files}) {
     stage.output().whenPictureDue([this] {
       const int number = test::drawnNumber(stage.output());
-      if (player.PlayerGetPlayState() == EngineState::Running) seen[mode.player.clip].insert(number);
+      auto& pictures = seen[mode.player.clip];
+      if (player.PlayerGetPlayState() == EngineState::Running || !pictures.empty()) pictures.insert(number);
       return true;
     });
     settings.user.PlayWithoutGaps = true;

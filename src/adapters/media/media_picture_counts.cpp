@@ -16,9 +16,10 @@ MediaPictureCounts::MediaPictureCounts(EventLoop& loop, FrameSource& facts)
 // On the other thread. None where a rate says it, or nothing does.
 std::vector<double> MediaPictureCounts::unevenBegins(const Wish& wish) {
   const auto facts = facts_.facts(wish.path);
-  if (!facts || !facts->hasVideo || facts->isStill || facts->steadyRate > 0) return {};
-  auto begins =
-      guarded([&] { return media::readPictureTimes(wish.path, [&] { return wish.number == wishes_; }); });
+  if (!facts || !facts->hasVideo || facts->isStill) return {};
+  auto begins = guarded([&] {
+    return media::readUnevenTimes(wish.path, facts->steadyRate, [&] { return wish.number == wishes_; });
+  });
   return begins ? std::move(*begins) : std::vector<double>();
 }
 

@@ -55,11 +55,12 @@ void Shuttle::stand() {
 
 // Below the slowest rate: frame by frame, the way that the wheel was going.
 void Shuttle::stepOn() {
-  const auto held = core_.state.held.ButtonHeld.value_or(Step::Adv1);
+  const auto held = core_.state.held.ButtonHeld;
+  const bool back = held == Step::Rew1 || held == Step::Rew5;
   stand();
   if (!core_.canSeek()) return;
-  parts_.stepping.hold(held, kRestInterval);
-  if (held == Step::Rew1 || held == Step::Rew5) watch_->start(kWatchInterval);
+  parts_.stepping.hold(back ? Step::Rew1 : Step::Adv1, kRestInterval);
+  if (back) watch_->start(kWatchInterval);
 }
 
 bool Shuttle::KeyCommandSHUTTLEPRO(int code) {
