@@ -13,7 +13,6 @@ const Movie* clipInHand(const Collection& collection);
 /// Pictures a second: DurationFrames / DurationTime. 0 when the record does not know them.
 double framesPerSecond(const Movie& clip);
 
-
 /// What the player shows, and its number.
 SeenFrame seenFrame(Player& player);
 
