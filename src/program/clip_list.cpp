@@ -153,7 +153,9 @@ void ClipList::show() {
   window_.list.tip.clear();
   window_.details = {};
   window_.slider = {};
-  window_.display = {.muted = window_.display.muted};  // it is the user's, and no clip's
+  const bool muted = window_.display.muted;  // it is the user's, and no clip's
+  window_.display = {};
+  window_.display.muted = muted;
   inHand_ = nullptr;
   whenInHand_(0);
 }

@@ -6,8 +6,8 @@
 #include "core/records/media_kinds.h"
 #include "core/telling/messages.h"
 #include "intake/avi_compressor.h"
+#include "playback/clip_kinds.h"
 #include "playback/positions/displays.h"
-#include "playback/routing.h"
 
 #include <algorithm>
 #include <cmath>
