@@ -42,11 +42,15 @@ struct RealBench : RealStage, test::TransportRoom {
     stage.output().whenPictureDue([this] {
       const int number = test::drawnNumber(stage.output());
       auto& pictures = seen[mode.player.clip];
-      if (player.PlayerGetPlayState() == EngineState::Running || !pictures.empty()) pictures.insert(number);
+      const bool begun = player.PlayerGetPlayState() == EngineState::Running || !pictures.empty();
+      if (begun && number >= 0) pictures.insert(number);
       return true;
     });
     settings.user.PlayWithoutGaps = true;
   }
+  RealBench(const RealBench&) = delete;
+  RealBench& operator=(const RealBench&) = delete;
+  ~RealBench() { stage.output().whenPictureDue({}); }
 
   Movie& add(const std::string& pathOrAddress, double start = 0, double end = 0) {
     auto& clip = collection.MovieList.add({});
