@@ -79,7 +79,7 @@ class WindowProgram {
         list_(state_, session_.collection, session_.settings),
         history_(state_, session_.collection, session_.settings, list_),
         recent_(store_, session_.files),
-        commands_({session_.files, boxes_, dialogs_, loop_, session_.folder}, session_.file,
+        commands_({session_.files, boxes_, dialogs_, loop_, session_.folder, desktop_}, session_.file,
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
         intake_({session_.files, session_.clock, refusals_, session_.streams}, session_.settings,
                 session_.collection, [this](int number) { showAdded(number); }),

@@ -41,7 +41,7 @@ class Desktop {
   /// All screens, the first being the main one.
   [[nodiscard]] virtual std::vector<Screen> screens() const = 0;
   virtual void beep() = 0;
-  /// The user's folder for videos; empty when there is none.
+  /// The user's folder for videos, or else for documents, or else the home; empty when there is none.
   [[nodiscard]] virtual std::string videosFolder() const { return {}; }
   /// Shows a web address in the user's browser. False when there is none.
   virtual bool openPage(const std::string& address) = 0;

@@ -68,6 +68,9 @@ class Files {
   /// True when the file is gone afterwards.
   virtual bool remove(const std::string& path) = 0;
 
+  /// True when there is such a folder and files can be made in it.
+  [[nodiscard]] virtual bool mayWriteInto(const std::string& folder) const = 0;
+
   /// Makes the folder and those above it.
   virtual Outcome makeFolder(const std::string& path) = 0;
 

@@ -151,12 +151,19 @@ bool CollectionCommands::Save() {
   return pass([this] { return save(); });
 }
 
-bool CollectionCommands::save() {
+// The program's own folder, or one on a disc, may be none that the user can write in.
+std::string CollectionCommands::folderToSaveIn() const {
   const bool isDefault = sameText(collection_.IniName, "KVO5.INI");
   auto folder = isDefault ? withSeparator(ports_.folder.path()) : settings_.preferences().ColLoadFrom;
+  if (ports_.files.mayWriteInto(folder)) return folder;
+  const auto own = ports_.desktop.videosFolder();
+  return own.empty() ? folder : withSeparator(own);
+}
+
+bool CollectionCommands::save() {
   auto path = ports_.dialogs.save({std::string(kProductName).append(LoadResString(355)),
                                    {{"INI Files (*.INI)", "*.INI *.ini"}, kAllFiles},
-                                   std::move(folder),
+                                   folderToSaveIn(),
                                    collection_.IniName});
   if (!path) return false;
   if (fileNamePart(*path).find('.') == std::string_view::npos) {

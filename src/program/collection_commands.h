@@ -2,6 +2,7 @@
 // ask. While one of them, or any other command, is under way they do nothing and give back false.
 #pragma once
 
+#include "ports/desktop.h"
 #include "ports/event_loop.h"
 #include "ports/file_dialogs.h"
 #include "program/collection_store.h"
@@ -22,6 +23,7 @@ class CollectionCommands {
     FileDialogs& dialogs;
     EventLoop& loop;
     const ProgramFolder& folder;
+    const Desktop& desktop;
   };
 
   /// What the commands change beside the collection itself.
@@ -88,6 +90,7 @@ class CollectionCommands {
   bool load(const std::string& path);
   void settle(const ReadReport& report, const std::string& path);
   bool save();
+  [[nodiscard]] std::string folderToSaveIn() const;
   bool refuse(int text, int title);
   bool mayReplace(const std::string& path);
 

@@ -62,6 +62,13 @@ TEST_F(PosixFilesTest, WhatIsNoFileIsNotWaitedFor) {
   EXPECT_FALSE(files_.read(pipe, 100));
 }
 
+TEST_F(PosixFilesTest, OnlyAFolderIsWrittenInto) {
+  ASSERT_TRUE(writeDurably(files_, folder_ + "/file", ""));
+  ::chmod((folder_ + "/file").c_str(), 0777);
+  EXPECT_TRUE(files_.mayWriteInto(folder_ + "/"));
+  EXPECT_FALSE(files_.mayWriteInto(folder_ + "/file") || files_.mayWriteInto(folder_ + "/none"));
+}
+
 TEST_F(PosixFilesTest, FailuresNameTheFile) {
   const auto missing = files_.read(folder_ + "/none", 10);
   ASSERT_FALSE(missing);

@@ -151,6 +151,12 @@ TEST(CollectionCommands, SaveTakesTheNameAndTellsOfFailure) {
             "Collections must be saved with an INI extension. This show has NOT been saved");
   EXPECT_FALSE(b.files.exists("/c/x.txt"));
   EXPECT_EQ(b.dialogs.asked[0].folder + b.dialogs.asked[0].title, "/prog/KVO5 - Save Collection");
+  b.files.unwritable = {"/prog/"};
+  b.commands.Save();
+  EXPECT_EQ(b.dialogs.asked.back().folder, "/prog/") << "the user has no other folder";
+  b.desktop.videos = "/u/Videos";
+  b.commands.Save();
+  EXPECT_EQ(b.dialogs.asked.back().folder, "/u/Videos/");
 
   b.files.calls = 0;
   b.files.failAt = 1;

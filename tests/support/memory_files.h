@@ -73,6 +73,10 @@ class MemoryFiles : public Files {
     return true;
   }
 
+  [[nodiscard]] bool mayWriteInto(const std::string& folder) const override {
+    return !unwritable.contains(folder);
+  }
+
   Outcome makeFolder(const std::string& /*path*/) override { return {}; }
   [[nodiscard]] bool sameFile(const std::string& a, const std::string& b) const override { return a == b; }
 

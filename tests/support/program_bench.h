@@ -73,8 +73,11 @@ struct ProgramBench : StoreBench {
   RecentCollections recent{store, files};
   PlainIntake intake{files, collection, list};
   GatheredBoxes refusals{boxes};
-  CollectionCommands commands{
-      {files, boxes, dialogs, loop, folder}, file, settings, collection, {window, list, history, recent}};
+  CollectionCommands commands{{files, boxes, dialogs, loop, folder, desktop},
+                              file,
+                              settings,
+                              collection,
+                              {window, list, history, recent}};
   ProgramParts parts{files,      boxes,    loop,   handover, store,  desktop, folder,  settings,
                      collection, commands, intake, refusals, window, list,    history, timers};
   Intro intro{parts};

@@ -199,6 +199,11 @@ Outcome PosixFiles::rename(const std::string& from, const std::string& to) {
 
 bool PosixFiles::remove(const std::string& path) { return ::unlink(path.c_str()) == 0 || errno == ENOENT; }
 
+bool PosixFiles::mayWriteInto(const std::string& folder) const {
+  std::error_code ignored;
+  return std::filesystem::is_directory(folder, ignored) && ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
 Outcome PosixFiles::makeFolder(const std::string& path) {
   std::error_code failed;
   std::filesystem::create_directories(path, failed);

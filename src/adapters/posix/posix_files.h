@@ -16,6 +16,7 @@ class PosixFiles : public Files {
   Outcome append(const std::string& path, std::string_view bytes) override;
   Outcome rename(const std::string& from, const std::string& to) override;
   bool remove(const std::string& path) override;
+  [[nodiscard]] bool mayWriteInto(const std::string& folder) const override;
   Outcome makeFolder(const std::string& path) override;
   [[nodiscard]] bool sameFile(const std::string& a, const std::string& b) const override;
 };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGuiApplication>
@@ -41,7 +42,12 @@ std::vector<Screen> QtDesktop::screens() const {
 void QtDesktop::beep() { QApplication::beep(); }
 
 std::string QtDesktop::videosFolder() const {
-  return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::MoviesLocation)).toStdString();
+  for (const auto of :
+       {QStandardPaths::MoviesLocation, QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
+    const auto folder = QStandardPaths::writableLocation(of);
+    if (!folder.isEmpty() && QFileInfo(folder).isDir()) return QFile::encodeName(folder).toStdString();
+  }
+  return {};
 }
 
 bool QtDesktop::openPage(const std::string& address) {
