@@ -1,6 +1,7 @@
 #include "app/face_links.h"
 
 #include "core/telling/failures.h"
+#include "program/start_up.h"
 
 namespace kvo {
 
@@ -13,7 +14,7 @@ FaceLinks::FaceLinks(const Parts& parts)
                 parts.desktop, parts.boxes, *this}) {}
 
 void FaceLinks::takeInterfaceSize() {
-  display_.takeInterfaceSize(parts_.window.face.interfaceSize, !parts_.window.skin.IsSmallFonts);
+  display_.takeInterfaceSize(parts_.window.face.interfaceSize, hasLargeText(parts_.desktop));
 }
 
 void FaceLinks::skins() { skins_->skins(true, true, parts_.settings.preferences().SkinPath, false); }

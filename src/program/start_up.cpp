@@ -113,17 +113,21 @@ void StartUp::loadWindow() {
 // The larger of the two tables of button places is that of size 1.25; at size 1 the desktop's text decides.
 void StartUp::testFont() {
   constexpr double kLarger = 1.25, kNext = 1.5;
-  constexpr int kSmallText = 16;  // pixels
   const auto screens = parts_.desktop.screens();
   const double choice = parts_.window.face.interfaceSize;
   const double size = choice > 0 || screens.empty() ? choice : screens.front().factor;
-  const bool isLarge = size < kLarger && parts_.desktop.screen().textHeight > kSmallText;
+  const bool isLarge = size < kLarger && hasLargeText(parts_.desktop);
   parts_.window.skin.IsSmallFonts = !isLarge && (size < kLarger || size >= kNext);
   if (!isLarge) return;
   parts_.boxes.show(
       {"KVO5 - System Font Size is too large",
        "Non-Standard Font size detected - KVO may not be able to resolve all graphics with this fontsize",
        BoxButtons::Ok, BoxIcon::Information});
+}
+
+bool hasLargeText(const Desktop& desktop) {
+  constexpr int kSmallText = 16;  // pixels
+  return desktop.screen().textHeight > kSmallText;
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {

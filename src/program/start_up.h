@@ -39,6 +39,9 @@ class StartUp {
   Mailbox& mailbox_;
 };
 
+/// True where the desktop's own text is larger than the smaller table of button places is made for.
+bool hasLargeText(const Desktop& desktop);
+
 /// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
 /// ticks that follow from them.
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window);

@@ -127,7 +127,6 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
       << "what cannot be done is left out";
 }
 
-// With the widest of the type faces that may stand in.
 TEST(SkinnedFace, TheListThatComesBehindAnIntroHasTheKeys) {
   FaceBench b;
   b.window.list.visible = b.window.emptyPane.visible = false;
@@ -138,6 +137,7 @@ TEST(SkinnedFace, TheListThatComesBehindAnIntroHasTheKeys) {
   EXPECT_TRUE(b.at("Clips").hasFocus());
 }
 
+// With the widest of the type faces that may stand in.
 TEST(SkinnedFace, FitsAtEachSizeAndCutsNoTextThatHasRoom) {
   for (const double size : {1.0, 1.25, 1.5, 2.0}) {
     FaceBench b({"a.avi", "b.avi"}, size);
@@ -152,6 +152,18 @@ TEST(SkinnedFace, FitsAtEachSizeAndCutsNoTextThatHasRoom) {
       if (label == nullptr || label->text().isEmpty()) continue;
       EXPECT_FALSE(label->isCut()) << size << " " << label->text().toStdString();
     }
+  }
+}
+
+TEST(SkinnedFace, GoesByTheScreenAndItsTextBehindAChoiceToo) {
+  FaceBench b({"a.avi"}, 1.25);
+  b.window.skin.IsSmallFonts = false;  // as a start at this size leaves it
+  b.window.face.interfaceSize = 0;
+  for (const auto& [textHeight, window] : {std::pair{13, QSize(562, 410)}, {20, QSize(702, 512)}}) {
+    b.desktop.facts.textHeight = textHeight;
+    b.links.takeInterfaceSize();
+    b.draw();
+    EXPECT_EQ(b.face().size(), window) << textHeight;
   }
 }
 
@@ -207,6 +219,7 @@ TEST(SkinnedFace, ListsAreChosenMovedDroppedOnAndRenamed) {
   };
   press(1, {});
   EXPECT_EQ(b.window.list.chosen, std::vector{2});
+  EXPECT_EQ(view.toolTip(), "Current clip source = /v/b.avi");
   press(3, Qt::ControlModifier);
   EXPECT_EQ(b.window.list.chosen, (std::vector{2, 4}));
   EXPECT_EQ(b.window.list.ListIndex, 3);
