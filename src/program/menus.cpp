@@ -26,7 +26,7 @@ MenuEntry submenu(std::string caption, Entries entries, bool enabled = true) {
 // Behind what is there, and apart from it.
 void addGroup(Entries& entries, Entries group) {
   if (group.empty()) return;
-  entries.emplace_back();
+  if (!entries.empty()) entries.emplace_back();
   std::move(group.begin(), group.end(), std::back_inserter(entries));
 }
 
@@ -46,6 +46,15 @@ MenuEntry ticked(MenuCommand command, std::string caption, bool tick, bool enabl
           .act = std::move(act),
           .takesPass = false,
           .mark = tick ? MenuMark::Tick : MenuMark::None};
+}
+
+// One of several that exclude each other.
+MenuEntry chosenOne(MenuId id, std::string caption, bool chosen, std::function<void()> act) {
+  return {.id = id,
+          .caption = std::move(caption),
+          .act = std::move(act),
+          .takesPass = false,
+          .mark = chosen ? MenuMark::Dot : MenuMark::None};
 }
 
 std::string asCaption(std::string_view name) { return replaced(name, "&", "&&"); }
@@ -180,12 +189,13 @@ Entries MainMenu::playEntries() {
     };
   };
   const auto slider = [&](MenuCommand command, const char* caption, Integer milliseconds) {
-    return ticked(command, caption, user.SliderSpeed == milliseconds, true,
-                  [this, &user, command, milliseconds] {
-                    user.SliderSpeed = milliseconds;
-                    if (doors_.ordered) doors_.ordered(command);
-                  });
+    return chosenOne({command}, caption, user.SliderSpeed == milliseconds,
+                     [this, &user, command, milliseconds] {
+                       user.SliderSpeed = milliseconds;
+                       if (doors_.ordered) doors_.ordered(command);
+                     });
   };
+  const bool offers = user.OfferResume;
   return {
       ticked(MenuCommand::mnu_Looping, "&Loop clips", ticks.mnu_Looping, true,
              turn(MenuCommand::mnu_Looping, user.LoopPreviews, ticks.mnu_Looping)),
@@ -195,8 +205,10 @@ Entries MainMenu::playEntries() {
              true, turn(MenuCommand::mnu_LoopCollectionsOnPlayback, user.LoopCol, ticks.mnu_LoopCol)),
       ticked(MenuCommand::mnu_PlayWithoutGaps, "Play &without gaps", ticks.mnu_PlayWithoutGaps, true,
              turn(MenuCommand::mnu_PlayWithoutGaps, user.PlayWithoutGaps, ticks.mnu_PlayWithoutGaps)),
-      slider(MenuCommand::mnu_SldFast, "Slider moves often", 200),
-      slider(MenuCommand::mnu_SldNormal, "Slider moves now and then", 500)};
+      ticked(MenuCommand::OfferResume, "Resume lon&g clips", offers, true,
+             [&user, offers] { user.OfferResume = !offers; }),
+      submenu("T&he slider moves", {slider(MenuCommand::mnu_SldFast, "&Often", 200),
+                                    slider(MenuCommand::mnu_SldNormal, "&Now and then", 500)})};
 }
 
 // One that says nothing of itself goes by its number.
@@ -209,11 +221,9 @@ MenuEntry MainMenu::trackMenu(MediaTrack::Kind kind, const std::vector<MediaTrac
   const bool texts = kind == MediaTrack::Kind::Subtitles;
   Entries entries;
   const auto add = [&](int id, std::string caption, bool chosen) {
-    entries.push_back({.id = {texts ? MenuCommand::Subtitles : MenuCommand::SoundTrack, id},
-                       .caption = std::move(caption),
-                       .act = [this, kind, id] { chooseTrack(kind, id); },
-                       .takesPass = false,
-                       .mark = chosen ? MenuMark::Dot : MenuMark::None});
+    const MenuId command{texts ? MenuCommand::Subtitles : MenuCommand::SoundTrack, id};
+    entries.push_back(
+        chosenOne(command, std::move(caption), chosen, [this, kind, id] { chooseTrack(kind, id); }));
   };
   const bool shown = !texts || parts_.settings.state.ShowCaps;
   bool any = false;
@@ -222,8 +232,13 @@ MenuEntry MainMenu::trackMenu(MediaTrack::Kind kind, const std::vector<MediaTrac
     add(track.id, trackCaption(track), shown && track.chosen);
     any = any || (shown && track.chosen);
   }
-  if (texts && !entries.empty()) add(0, "&None", !any);
-  return submenu(texts ? "&Subtitles" : "Soun&d track", std::move(entries));
+  if (!texts) return submenu("Soun&d track", std::move(entries));
+  if (!entries.empty()) add(0, "&None", !any);
+  addGroup(entries, {ticked(MenuCommand::mnu_ShowCaps, "&Show captions", shown, true, [this] {
+             parts_.settings.state.ShowCaps = !parts_.settings.state.ShowCaps;
+             doors_.captions();
+           })});
+  return submenu("&Subtitles", std::move(entries));
 }
 
 // Texts that are chosen are to be seen.
@@ -235,20 +250,9 @@ void MainMenu::chooseTrack(MediaTrack::Kind kind, int id) {
 }
 
 Entries MainMenu::trackEntries() {
-  auto& settings = parts_.settings;
-  Entries entries;
-  if (doors_.tracks && doors_.chooseTrack && doors_.captions) {
-    const auto tracks = doors_.tracks();
-    entries = {trackMenu(MediaTrack::Kind::Sound, tracks), trackMenu(MediaTrack::Kind::Subtitles, tracks),
-               ticked(MenuCommand::mnu_ShowCaps, "S&how captions", settings.state.ShowCaps, true, [&] {
-                 settings.state.ShowCaps = !settings.state.ShowCaps;
-                 doors_.captions();
-               })};
-  }
-  const bool offers = settings.user.OfferResume;
-  entries.push_back(ticked(MenuCommand::OfferResume, "Resume lon&g clips", offers, true,
-                           [&settings, offers] { settings.user.OfferResume = !offers; }));
-  return entries;
+  if (!doors_.tracks || !doors_.chooseTrack || !doors_.captions) return {};
+  const auto tracks = doors_.tracks();
+  return {trackMenu(MediaTrack::Kind::Sound, tracks), trackMenu(MediaTrack::Kind::Subtitles, tracks)};
 }
 
 // The faces of the window: to another one, and what the present one has.
@@ -273,12 +277,14 @@ Entries MainMenu::modeEntries() {
          doors_.minimumDetails);
     return entries;
   }
-  door(MenuCommand::CoverScreen, "F&ull Screen Mode", doors_.coverScreen, mode.IsFullScreenWindow);
+  door(MenuCommand::CoverScreen, "Full Scree&n Mode", doors_.coverScreen, mode.IsFullScreenWindow);
   auto& ticks = mode.ticks;
   entries.push_back(ticked(MenuCommand::mnu_LockAspect, "Lock Aspect", ticks.mnu_LockAspect,
                            ticks.lockAndZoomEnabled, [&] { ticks.mnu_LockAspect = !ticks.mnu_LockAspect; }));
-  auto zooms = percentEntries();
-  std::move(zooms.begin(), zooms.end(), std::back_inserter(entries));
+  if (auto zooms = percentEntries(); !zooms.empty()) {
+    entries.push_back(
+        submenu("Zoo&m", std::move(zooms), clips && !mode.IsFullScreenWindow && ticks.lockAndZoomEnabled));
+  }
   return entries;
 }
 
@@ -336,15 +342,11 @@ Entries MainMenu::sizeEntries() {
   Entries entries;
   for (const auto& [quarters, caption] : kSizeCaptions) {
     const double size = quarters / 4.0;
-    entries.push_back({.id = {MenuCommand::InterfaceSize, quarters},
-                       .caption = caption,
-                       .act =
-                           [this, size] {
-                             parts_.settings.user.InterfaceSize = parts_.window.face.interfaceSize = size;
-                             doors_.interfaceSize();
-                           },
-                       .takesPass = false});
-    if (parts_.window.face.interfaceSize == size) entries.back().mark = MenuMark::Dot;
+    const bool chosen = parts_.window.face.interfaceSize == size;
+    entries.push_back(chosenOne({MenuCommand::InterfaceSize, quarters}, caption, chosen, [this, size] {
+      parts_.settings.user.InterfaceSize = parts_.window.face.interfaceSize = size;
+      doors_.interfaceSize();
+    }));
     entries.back().enabled = size == 0 || !doors_.sizeFits || doors_.sizeFits(size);
   }
   return entries;

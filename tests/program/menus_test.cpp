@@ -81,11 +81,12 @@ TEST(MainMenu, TracksAreChosenAndTheirTextsShown) {
   b.menu.choose({MenuCommand::Subtitles, 1});
   EXPECT_EQ(b.called, "sound2text1captions");
   EXPECT_TRUE(b.settings.state.ShowCaps);
-  EXPECT_NE(text(b.menu.windowMenu()).find("{ [*Track 1 (de)] [&None] }"), std::string::npos);
+  EXPECT_NE(text(b.menu.windowMenu()).find("{ [*Track 1 (de)] [&None] - [+&Show captions] }"),
+            std::string::npos);
   b.menu.choose({MenuCommand::mnu_ShowCaps});
   EXPECT_FALSE(b.settings.state.ShowCaps);
   b.tracks.clear();
-  EXPECT_NE(text(b.menu.windowMenu()).find("(Soun&d track)\n(&Subtitles)\n[S&how captions]"),
+  EXPECT_NE(text(b.menu.windowMenu()).find("(Soun&d track)\n[&Subtitles] { [&Show captions] }"),
             std::string::npos);
 }
 
@@ -112,13 +113,11 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 (Rewind at &End and Stop)
 [Loop Collections on play&back]
 [Play &without gaps]
-[Slider moves often]
-[+Slider moves now and then]
+[+Resume lon&g clips]
+[T&he slider moves] { [&Often] [*&Now and then] }
 -
 [Soun&d track] { [*Director (en)] [Track 2] }
-[&Subtitles] { [Track 1 (de)] [*&None] }
-[S&how captions]
-[+Resume lon&g clips]
+[&Subtitles] { [Track 1 (de)] [*&None] - [&Show captions] }
 -
 (&Picture on Full Screen Alt+Return)
 [&Free Zoom Mode]
@@ -185,7 +184,7 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   b.window.mode.IsMiniMode = true;
   b.window.mode.IsFullScreenWindow = true;
   EXPECT_NE(
-      text(b.menu.windowMenu()).find("[+&Free Zoom Mode]\n[+F&ull Screen Mode]\n[Lock Aspect]\n(Zoom 50%)"),
+      text(b.menu.windowMenu()).find("[+&Free Zoom Mode]\n[+Full Scree&n Mode]\n[Lock Aspect]\n(Zoo&m)"),
       std::string::npos);
   b.menu.choose({mnu_DirXZoom, 50});
   b.window.mode.IsFullScreenWindow = false;
