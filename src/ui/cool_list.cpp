@@ -275,6 +275,12 @@ void CoolList::keyDown(Key key, Reach reach) {
   }
 }
 
+Outcome CoolList::goTo(int index) {
+  if (!has(index)) return noItem(index, ListCount());
+  reachTo(index, Reach::One);
+  return {};
+}
+
 void CoolList::mouseDown(int y, Reach reach) {
   const auto row = itemAt(y);
   if (!row) return;

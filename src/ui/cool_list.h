@@ -148,6 +148,8 @@ class CoolList {
   // What the user does. Times come from any one clock.
 
   void keyDown(Key key, Reach reach = Reach::One);
+  /// Moves to an item as a key does that leads there. Fails where there is no such item.
+  Outcome goTo(int index);
   /// The left button; others do nothing here.
   void mouseDown(int y, Reach reach = Reach::One);
   void mouseMove(int y, std::chrono::milliseconds now);

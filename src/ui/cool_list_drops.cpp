@@ -11,7 +11,8 @@
 namespace kvo {
 namespace {
 
-constexpr int kScrollEdge = 12;  // pixels at top and bottom in which what is dragged scrolls the list
+constexpr int kScrollEdge = 12;   // pixels at top and bottom in which what is dragged scrolls the list
+constexpr int kScrollEvery = 60;  // milliseconds, by a row
 
 }  // namespace
 
@@ -49,20 +50,40 @@ void CoolListView::dragEnterEvent(QDragEnterEvent* event) {
   if (accepts && dropped && accepts(*event->mimeData())) event->acceptProposedAction();
 }
 
-void CoolListView::dragMoveEvent(QDragMoveEvent* event) {
-  const int y = yInside(event->position());
-  if (y < kScrollEdge) list_.setTopIndex(list_.TopIndex() - 1);
-  if (y >= contentsRect().height() - kScrollEdge) list_.setTopIndex(list_.TopIndex() + 1);
+// At an edge the list goes on while the pointer rests there: -1 up, 1 down, 0 not at all.
+int CoolListView::dropEdge() const {
+  if (dropAt_ < kScrollEdge) return -1;
+  return dropAt_ >= contentsRect().height() - kScrollEdge ? 1 : 0;
+}
+
+void CoolListView::showDropPlace() {
   const int height = list_.properties().ItemHeight;
-  showDropPlace(std::clamp(list_.TopIndex() + (y + height / 2) / height, 0, list_.ListCount()));
+  showDropPlace(std::clamp(list_.TopIndex() + (dropAt_ + height / 2) / height, 0, list_.ListCount()));
+}
+
+void CoolListView::scrollToDrop() {
+  list_.setTopIndex(list_.TopIndex() + dropEdge());
+  showDropPlace();
+}
+
+void CoolListView::endDrop() {
+  dropScroll_.stop();
+  showDropPlace(std::nullopt);
+}
+
+void CoolListView::dragMoveEvent(QDragMoveEvent* event) {
+  dropAt_ = yInside(event->position());
+  if (dropEdge() == 0) dropScroll_.stop();
+  if (dropEdge() != 0 && !dropScroll_.isActive()) dropScroll_.start(kScrollEvery, this);
+  showDropPlace();
   event->acceptProposedAction();
 }
 
-void CoolListView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { showDropPlace(std::nullopt); }
+void CoolListView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { endDrop(); }
 
 void CoolListView::dropEvent(QDropEvent* event) {
   const int before = dropBefore_.value_or(list_.ListCount());
-  showDropPlace(std::nullopt);
+  endDrop();
   event->acceptProposedAction();
   dropped(*event->mimeData(), before);
 }

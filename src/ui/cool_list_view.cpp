@@ -185,6 +185,10 @@ QRect CoolListView::itemRect(int index) const {
   return toRect(list_.rowRect(index - list_.TopIndex())).translated(contentsRect().topLeft());
 }
 
+QVariant CoolListView::inputMethodQuery(Qt::InputMethodQuery query) const {
+  return query == Qt::ImCursorRectangle ? itemRect(list_.ListIndex()) : QFrame::inputMethodQuery(query);
+}
+
 void CoolListView::layOut() {
   if (!hasSize_) return;  // what is in view shall not be decided by a size that it never has
   const auto inside = contentsRect();
@@ -340,7 +344,7 @@ bool CoolListView::navigate(const QKeyEvent& event) {
   const auto key = isSpace ? std::optional(CoolList::Key::Space) : listKey(event.key());
   if (!key || *key == CoolList::Key::Left || *key == CoolList::Key::Right) return false;
   if (list_.ListIndex() < 0 && list_.ListCount() > 0) {
-    return list_.setListIndex(*key == CoolList::Key::End ? list_.ListCount() - 1 : 0).ok();
+    return list_.goTo(*key == CoolList::Key::End ? list_.ListCount() - 1 : 0).ok();
   }
   list_.keyDown(*key, reachOf(event.modifiers()));
   return true;
@@ -358,7 +362,7 @@ bool CoolListView::find(const QString& typed) {
       (std::max(list_.ListIndex(), 0) + (goesOn && list_.ListIndex() >= 0 ? 1 : 0)) % list_.ListCount();
   for (int start : {from, 0}) {
     const auto found = list_.FindFirst(typed_.toStdString(), start, true);
-    if (found && *found >= 0) return list_.setListIndex(*found).ok();
+    if (found && *found >= 0) return list_.goTo(*found).ok();
   }
   return true;
 }
@@ -424,6 +428,7 @@ void CoolListView::waitForStep() {
 }
 
 void CoolListView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == dropScroll_.timerId()) return scrollToDrop();
   if (event->timerId() != step_.timerId()) return QFrame::timerEvent(event);
   list_.advance(now());
   waitForStep();

@@ -64,6 +64,8 @@ class CoolListView : public QFrame {
   /// The text of an item, in the place of the widget; empty for one out of view.
   [[nodiscard]] QRect itemRect(int index) const;
   [[nodiscard]] QSize sizeHint() const override { return {200, 180}; }
+  /// The place of the keyboard, where its menu opens, is the row of ListIndex.
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  protected:
   bool event(QEvent* event) override;
@@ -99,6 +101,10 @@ class CoolListView : public QFrame {
   bool navigate(const QKeyEvent& event);
   bool find(const QString& typed);
   void carryOut();
+  [[nodiscard]] int dropEdge() const;
+  void scrollToDrop();
+  void showDropPlace();
+  void endDrop();
   void showDropPlace(std::optional<int> before);
   void drawDropPlace(QPainter& painter) const;
 
@@ -115,6 +121,8 @@ class CoolListView : public QFrame {
   std::chrono::milliseconds typedAt_{};
   std::optional<QPointF> pressedAt_;  // where a drag out may begin
   bool pressWaits_ = false;           // whether that press selects only when it is let go
+  int dropAt_ = 0;                    // where the pointer is with what is dragged, pixels from the top
+  QBasicTimer dropScroll_;
   std::optional<int> dropBefore_;
 };
 

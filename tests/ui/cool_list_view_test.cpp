@@ -165,6 +165,12 @@ TEST_F(ListView, IsReachedByKeysAlone) {
   QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(view.list().SelectedCount(), 9);
   EXPECT_EQ(view.list().ListIndex(), 8) << "which stays";
+  ASSERT_TRUE(view.list().setListIndex(-1).ok());
+  QTest::keyClick(&view, Qt::Key_Home);
+  EXPECT_EQ(view.list().SelectedCount(), 1) << "what the first key leads to";
+  EXPECT_TRUE(view.list().item(0).ItemSelected);
+  EXPECT_EQ(view.inputMethodQuery(Qt::ImCursorRectangle).toRect(), view.itemRect(0))
+      << "its menu opens there";
   change([](auto& p) { p.SelectMode = 0; });
   for (const auto* text : {"Lake", "lamp", "Oak", "Lake two"}) view.list().AddItem(text);
   ASSERT_TRUE(view.list().setListIndex(0).ok());
@@ -251,6 +257,15 @@ TEST_F(ListView, TakesDropsBetweenItsRows) {
     QCoreApplication::sendEvent(&view, &drop);
   }
   EXPECT_EQ(got, "clip0 clip1 clip3 clip3 ");
+  fill(50);
+  QDragMoveEvent low(QPoint(50, 5 * kRow - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&view, &low);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.list().TopIndex() > 2; })) << "while the pointer rests";
+  QDragLeaveEvent leave;
+  QCoreApplication::sendEvent(&view, &leave);
+  const int top = view.list().TopIndex();
+  QTest::qWait(150);
+  EXPECT_EQ(view.list().TopIndex(), top);
   QMimeData other;
   QDragEnterEvent enter(QPoint(50, 2), Qt::CopyAction, &other, Qt::LeftButton, {});
   enter.ignore();

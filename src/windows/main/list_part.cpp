@@ -167,6 +167,7 @@ void ListPart::setLook() {
 void ListPart::draw(Rgb colour) {
   drawing_ = true;
   caption_->write(shown(state_.caption));
+  if (const auto tip = plainTip(state_.tip); tip != list_->toolTip()) list_->setToolTip(tip);
   if (std::exchange(colour_, colour) != colour) setLook();
   if (std::exchange(shownRevision_, state_.Fillist.revision()) != state_.Fillist.revision()) fill();
   showChosen();

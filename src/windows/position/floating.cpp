@@ -50,8 +50,8 @@ void Floating::showOver(QWidget* owner, const QPointF& part) {
   raise();
 }
 
-void Floating::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+void Floating::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
   if (hasCompositor()) return;
   const auto shape = roundRectRegion(width(), height(), qRound(corner_.width() * scale_),
                                      qRound(corner_.height() * scale_));  // cuts the corners

@@ -26,7 +26,7 @@ class Floating : public QWidget {
   /// Places what is in it anew.
   virtual void layOut() {}
   void paintEvent(QPaintEvent* event) override;
-  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QSize size_;
