@@ -3,6 +3,7 @@
 #include "ui/focus_ring.h"
 #include "ui/kvo_style.h"
 #include "ui/made.h"
+#include "ui/tool_tips.h"
 
 #include <QApplication>
 #include <QFile>
@@ -122,6 +123,7 @@ void applyTheme(QApplication& application) {
   QApplication::setPalette(themePalette());
   setThemeSize(application, 1);
   made<FocusRing>(application);
+  made<ToolTips>(application);
 }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 

@@ -296,6 +296,8 @@ TEST_F(ListView, ShowsTheWholeOfATextThatIsCut) {
   };
   EXPECT_EQ(tip(0), "");
   EXPECT_EQ(tip(1), view.list().item(1).ItemText);
+  view.setToolTip("of the list");
+  EXPECT_EQ(tip(0), "of the list");
 }
 
 TEST_F(ListView, IsAListOfNamedItemsToAScreenReader) {

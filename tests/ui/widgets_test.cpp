@@ -5,14 +5,17 @@
 #include "ui/message_card.h"
 #include "ui/progress_bar.h"
 #include "ui/theme.h"
+#include "ui/tool_tips.h"
 #include "windows/gallery/gallery.h"
 
 #include <QAccessible>
 #include <QCheckBox>
 #include <QDir>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 #include <bit>
 #include <set>
 
@@ -216,6 +219,21 @@ TEST(Gallery, EveryWidgetThatTheKeyboardReachesSaysWhatItIs) {
     EXPECT_NE(access->text(QAccessible::Name), "") << part->metaObject()->className();
   }
   EXPECT_GT(reached, 60);
+}
+
+TEST(ToolTips, TellTheKeysThatDoTheSame) {
+  KVOBut key;
+  key.setToolTip("Undo a < b");
+  key.show();
+  const auto tip = [&] {
+    QHelpEvent help(QEvent::ToolTip, {3, 3}, key.mapToGlobal(QPoint(3, 3)));
+    QCoreApplication::sendEvent(&key, &help);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(tip(), "Undo a < b");
+  setKeys(key, "Ctrl+Z");
+  EXPECT_TRUE(tip().contains("Undo a &lt; b") && tip().contains("Ctrl+Z")) << tip().toStdString();
+  EXPECT_EQ(key.accessibleName(), "Undo a < b");
 }
 
 }  // namespace

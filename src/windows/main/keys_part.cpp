@@ -2,6 +2,7 @@
 
 #include "ui/kvo_but.h"
 #include "ui/made.h"
+#include "ui/tool_tips.h"
 #include "windows/main/key_label.h"
 #include "windows/main/texts.h"
 
@@ -26,6 +27,7 @@ struct KeyRow {
   bool isRound;
   bool isStep;  ///< one of the seven that can be disabled together
   const char* name;
+  const char* keys;                            // of the keyboard that do the same; empty for none
   std::function<void()> KeysPart::Acts::*act;  // null for a key that steps
   std::optional<Step> step{};
 };
@@ -40,6 +42,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      true,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Play"),
+     "Space",
      &KeysPart::Acts::play},
     {KeyPlace::Pause,
      kWhole,
@@ -47,6 +50,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      true,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Pause"),
+     "Space",
      &KeysPart::Acts::pause},
     {KeyPlace::FastRewind,
      kWhole,
@@ -55,6 +59,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart",
                        "Right-Click to position to start or Click or Hold Down to rewind 5 frames"),
+     "<",
      nullptr,
      Step::Rew5},
     {KeyPlace::FrameBack,
@@ -63,6 +68,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "One frame back"),
+     ",",
      nullptr,
      Step::Rew1},
     {KeyPlace::FrameForward,
@@ -71,6 +77,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "One frame forward"),
+     ".",
      nullptr,
      Step::Adv1},
     {KeyPlace::FastForward,
@@ -80,6 +87,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart",
                        "Right-Click to position to end or Click or Hold Down to advance 5 frames"),
+     ">",
      nullptr,
      Step::Adv5},
     {KeyPlace::Speeds,
@@ -88,6 +96,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "A quarter of the speed"),
+     "Q",
      &KeysPart::Acts::speed025},
     {KeyPlace::Speeds,
      1,
@@ -95,6 +104,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Half the speed"),
+     "H",
      &KeysPart::Acts::speed05},
     {KeyPlace::Speeds,
      2,
@@ -102,6 +112,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Twice the speed"),
+     "D",
      &KeysPart::Acts::speed02},
     {KeyPlace::Size,
      kWhole,
@@ -109,6 +120,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Size of the picture"),
+     "",
      &KeysPart::Acts::size},
     {KeyPlace::PlayAll,
      kWhole,
@@ -116,6 +128,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Play all"),
+     "",
      &KeysPart::Acts::playAll},
     {KeyPlace::Mini,
      kWhole,
@@ -123,6 +136,7 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Free Zoom Mode"),
+     "",
      &KeysPart::Acts::mini},
     {KeyPlace::Minimise,
      kWhole,
@@ -130,12 +144,12 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Minimise"),
+     "",
      &KeysPart::Acts::minimise},
 }};
 
 QString keyName(const char* name) { return QCoreApplication::translate(kKeysContext, name); }
 
-// The pictures stand in pairs, lit or not; a key that is drawn lit or unlit has the same measures.
 // What takes the mouse about a part of a picture: at least `least` each way.
 QRect hitAbout(const QRect& part, int least) {
   const int dx = std::max(0, (least - part.width() + 1) / 2);
@@ -158,6 +172,7 @@ KeysPart::KeysPart(const ButtonsState& state, ImageList1& images, const Acts& ac
   for (std::size_t i = 0; i < kLabels; ++i) {
     labels_[i] = made<KeyLabel>(keyName(kKeyRows[i].name), face);
     const auto& row = kKeyRows[i];
+    setKeys(*labels_[i], row.keys);
     if (row.step) acts_.steps.serve(*labels_[i], *row.step);
     if (row.act != nullptr && acts_.*row.act)
       QObject::connect(labels_[i], &KeyLabel::clicked, acts_.*row.act);
@@ -169,6 +184,7 @@ KeysPart::KeysPart(const ButtonsState& state, ImageList1& images, const Acts& ac
   close_ = made<KVOBut>(face);
   close_->setFocusPolicy(Qt::TabFocus);
   close_->setToolTip(QCoreApplication::translate(kKeysContext, "Close"));
+  setKeys(*close_, "Ctrl+Q");
   QObject::connect(close_, &KVOBut::clicked, acts_.close);
 }
 

@@ -5,6 +5,7 @@
 #include "ui/made.h"
 #include "ui/skin_face.h"
 #include "ui/theme.h"
+#include "ui/tool_tips.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/texts.h"
 
@@ -48,9 +49,11 @@ ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic,
   list_->setAccessibleName(tr("Clips"));
   const std::array<QString, 5> names = {tr("Move up"), tr("Move down"), tr("Add media"), tr("Remove"),
                                         tr("Sort")};
+  constexpr std::array kShortcuts = {"Ctrl+Up", "Ctrl+Down", "Ins", "Del", ""};
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     keys_[i] = made<KVOBut>(this);
     keys_[i]->setToolTip(names[i]);
+    setKeys(*keys_[i], kShortcuts[i]);
     keys_[i]->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard in the list
     keys_[i]->setAutoRepeat(i < 2);
   }

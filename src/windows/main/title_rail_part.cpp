@@ -1,6 +1,7 @@
 #include "windows/main/title_rail_part.h"
 
 #include "ui/made.h"
+#include "ui/tool_tips.h"
 #include "windows/main/icon_key.h"
 #include "windows/main/texts.h"
 
@@ -34,6 +35,9 @@ TitleRailPart::TitleRailPart(const FaceState& face, const HistoryState& history,
       undo_(made<IconKey>("undo", tr("Undo"), kUndoKey, kRailIcon, parent)),
       redo_(made<IconKey>("redo", tr("Redo"), kRedoKey, kRailIcon, parent)) {
   menu_->setToolTip(tr("Menu"));
+  setKeys(*menu_, "F10");
+  setKeys(*undo_, "Ctrl+Z");
+  setKeys(*redo_, "Ctrl+Shift+Z");
   connect(menu_, &IconKey::clicked,
           [this, acts] { acts.openMenu(menu_->mapToGlobal(menu_->rect().bottomLeft())); });
   connect(undo_, &IconKey::clicked, acts.undo);
