@@ -111,7 +111,8 @@ class WindowProgram {
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
                       state_),
         web_(webModule, canShutIn),
-        pages_([this](QWidget* parent) { return web_.makeView(parent); }),
+        pages_([this](QWidget* parent) { return web_.makeView(parent); },
+               {store_, desktop_, "WebWindowPlace"}),
         codec_({state_, session_.settings, session_.collection, list_, session_.files, session_.folder,
                 probe_, boxes_, loop_, links_.player()}),
         streamInfo_(state_.streamInfo, links_.player(), loop_),
@@ -142,7 +143,8 @@ class WindowProgram {
                  [this] { streamInfo_.Lbl_StreamInfo_Click(); }},
                 {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output(),
                  hasGraphicsDevice()}),
-        positionWindows_(state_.positions, state_.mode, play_.positions(), [this] { draw(); }),
+        positionWindows_(state_.positions, state_.mode, play_.positions(), {store_, desktop_},
+                         [this] { draw(); }),
         frmCodec_(state_.codec, [this] { codec_.hide(); }),
         frmStreamInfo_(state_.streamInfo, streamInfo_, [this] { draw(); }) {
     links_.link(skins_);

@@ -181,6 +181,7 @@ int KvoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
                         QStyleHintReturn* returned) const {
   switch (hint) {
     case SH_FocusFrame_AboveWidget:
+    case SH_Menu_Scrollable:  // one that is higher than the screen
       return 1;
     case SH_FocusFrame_Mask:
       return 0;

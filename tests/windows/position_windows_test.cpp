@@ -12,7 +12,8 @@ using test::FaceBench;
 
 struct PlaceBench : FaceBench {
   using FaceBench::FaceBench;
-  PositionWindows windows{window.positions, window.mode, play.positions(), [this] { drawAll(); }};
+  PositionWindows windows{
+      window.positions, window.mode, play.positions(), {store, desktop}, [this] { drawAll(); }};
   void drawAll() {
     draw();
     windows.draw(frm->shownFace());
@@ -83,8 +84,13 @@ TEST(PositionWindows, ThePositionerIsTypedInto) {
     QTest::keyClick(window->focusWidget(), key);
   EXPECT_EQ(b.frame(), 105);
   QTest::keyClick(window->focusWidget(), Qt::Key_Up);
+  window->move(900, 40);
   QTest::keyClick(window, Qt::Key_Escape);
   EXPECT_EQ(b.small("Direct Positioner"), nullptr);
+  b.face().move(20, 300);
+  b.click("Direct Positioner");
+  b.drawAll();
+  EXPECT_EQ(window->pos(), QPoint(900, 40)) << "where it was put";
 }
 
 TEST(PositionWindows, AFileWithChaptersHasAKeyForItsIndex) {
@@ -99,12 +105,14 @@ TEST(PositionWindows, AFileWithChaptersHasAKeyForItsIndex) {
   ASSERT_EQ(list.count(), 2);
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(1)).center());
   EXPECT_EQ(b.frame(), 100);
+  index->setGeometry(900, 60, 300, 400);
   index->close();
   b.drawAll();
   EXPECT_EQ(b.small("Index"), nullptr);
   b.click("Index");
   b.drawAll();
   EXPECT_NE(b.small("Index"), nullptr);
+  EXPECT_EQ(index->geometry(), QRect(900, 60, 300, 400)) << "as it was put";
   b.list.PreviewMovie(1);
   b.drawAll();
   EXPECT_EQ(b.small("Index"), nullptr);

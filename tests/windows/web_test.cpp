@@ -1,6 +1,8 @@
 // The window for web pages: about a view that a test moves, and about the real one where there is a user to
 // run it.
 #include "adapters/posix/posix_machine.h"
+#include "support/memory_store.h"
+#include "support/plain_desktop.h"
 #include "support/real_world.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
@@ -46,11 +48,14 @@ struct HeldView : WebView {
 struct PagesBench {
   HeldView* view = nullptr;
   int closed = 0;
+  test::MemoryStore store;
+  test::PlainDesktop desktop;
   WindowPages pages{[this](QWidget* parent) {
-    auto made = std::make_unique<HeldView>(parent);
-    view = made.get();
-    return made;
-  }};
+                      auto made = std::make_unique<HeldView>(parent);
+                      view = made.get();
+                      return made;
+                    },
+                    {store, desktop, "WebWindowPlace"}};
   PagesBench() {
     pages.whenClosed([this] { ++closed; });
   }
@@ -89,14 +94,19 @@ TEST(WebPages, AreShownSteeredAndClosed) {
   EXPECT_EQ(b.closed, 1);
   b.pages.close();
   EXPECT_EQ(b.closed, 1) << "who closes it himself is not told";
+  ASSERT_TRUE(b.pages.show("http://127.0.0.1:9/a", false));
+  b.window().setGeometry(300, 200, 640, 400);
+  b.pages.close();
+  ASSERT_TRUE(b.pages.show("http://127.0.0.1:9/a", false));
+  EXPECT_EQ(b.window().geometry(), QRect(300, 200, 640, 400)) << "a new one stands where the last one did";
 }
 
 TEST(WebPages, AreRefusedWhereNothingCanShowThem) {
-  WindowPages none([](QWidget*) { return std::unique_ptr<WebView>(); });
+  PagesBench b;
+  WindowPages none([](QWidget*) { return std::unique_ptr<WebView>(); }, {b.store, b.desktop, ""});
   EXPECT_FALSE(none.show("http://127.0.0.1:9/a", false));
   WebModule missing("/nowhere/KVOWeb.so", [] { return true; });
   EXPECT_EQ(missing.makeView(nullptr), nullptr);
-  PagesBench b;
   EXPECT_FALSE(b.pages.show("javascript:alert(1)", false));
 }
 

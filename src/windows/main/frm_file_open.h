@@ -8,7 +8,7 @@
 #include "windows/main/full_picture.h"
 #include "windows/main/skinned_face.h"
 #include "windows/main/video_surface.h"
-#include "windows/main/window_place.h"
+#include "windows/place/window_place.h"
 
 #include <QPoint>
 #include <functional>

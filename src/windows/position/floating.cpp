@@ -4,6 +4,7 @@
 #include "ui/dib_section_region.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
+#include "windows/place/window_place.h"
 
 #include <QGuiApplication>
 #include <QLinearGradient>
@@ -32,7 +33,7 @@ void Floating::setScale(double size) {
   layOut();
 }
 
-void Floating::showOver(QWidget* owner, const QPointF& part) {
+void Floating::showOver(QWidget* owner, const QPointF& part, const WindowPlace* kept) {
   if (owner != nullptr) {
     const auto place = owner->geometry();
     QPoint corner(place.left() + qRound(place.width() * part.x()) - width() / 2,
@@ -42,7 +43,7 @@ void Floating::showOver(QWidget* owner, const QPointF& part) {
       corner.setX(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())));
       corner.setY(std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
     }
-    move(corner);
+    kept != nullptr && kept->isKept() ? kept->restore(*this) : move(corner);
     winId();  // so that there is a window to belong to another
     windowHandle()->setTransientParent(owner->windowHandle());
   }

@@ -9,6 +9,8 @@
 
 namespace kvo {
 
+class WindowPlace;
+
 class Floating : public QWidget {
  public:
   /// `corner` is the width and height of the ellipse of each corner, pixels at size 1.
@@ -19,8 +21,9 @@ class Floating : public QWidget {
   [[nodiscard]] double scale() const { return scale_; }
   [[nodiscard]] QRect at(double x, double y, double width, double height) const;
 
-  /// Shows it above `owner`, which may be null, with its middle on this part of it; 0.5, 0.5 is the middle.
-  void showOver(QWidget* owner, const QPointF& part);
+  /// Shows it above `owner`, which may be null: where it was `kept`, or else with its middle on this part of
+  /// the owner; 0.5, 0.5 is the middle.
+  void showOver(QWidget* owner, const QPointF& part, const WindowPlace* kept = nullptr);
 
  protected:
   /// Places what is in it anew.

@@ -20,10 +20,12 @@ constexpr int kBeside = 8;  // pixels from the window that it belongs to
 
 }  // namespace
 
-FrmMarkers::FrmMarkers(const MarkersState& state, Markers& markers, std::function<void()> acted)
+FrmMarkers::FrmMarkers(const MarkersState& state, Markers& markers, WindowPlace place,
+                       std::function<void()> acted)
     : QWidget(nullptr, Qt::Tool),
       state_(state),
       markers_(markers),
+      place_(std::move(place)),
       acted_(std::move(acted)),
       list_(made<QListWidget>(this)) {
   auto* all = made<QVBoxLayout>(this);
@@ -39,6 +41,14 @@ FrmMarkers::FrmMarkers(const MarkersState& state, Markers& markers, std::functio
   connect(list_, &QListWidget::itemActivated, choose);
 }
 
+void FrmMarkers::standBeside(const QWidget& owner) {
+  const auto room = owner.screen()->availableGeometry();
+  const auto place = owner.frameGeometry();
+  const int right = place.right() + kBeside;
+  const bool fits = right + width() <= room.right();
+  move(fits ? right : std::max(room.left(), place.left() - kBeside - width()), place.top());
+}
+
 void FrmMarkers::draw(QWidget* owner) {
   if (!state_.visible) return hide();
   setWindowTitle(QString::fromStdString(state_.title));
@@ -50,11 +60,7 @@ void FrmMarkers::draw(QWidget* owner) {
   if (std::exchange(reached_, state_.reached) != state_.reached) list_->setCurrentRow(state_.reached);
   if (isVisible()) return;
   if (owner != nullptr) {
-    const auto room = owner->screen()->availableGeometry();
-    const auto place = owner->frameGeometry();
-    const int right = place.right() + kBeside;
-    const bool fits = right + width() <= room.right();
-    move(fits ? right : std::max(room.left(), place.left() - kBeside - width()), place.top());
+    place_.isKept() ? place_.restoreWithSize(*this) : standBeside(*owner);
     winId();
     windowHandle()->setTransientParent(owner->windowHandle());
   }
@@ -72,6 +78,11 @@ void FrmMarkers::closeEvent(QCloseEvent* event) {
   event->accept();
   markers_.close();
   acted_();
+}
+
+void FrmMarkers::hideEvent(QHideEvent* event) {
+  place_.keep(*this, pos());
+  QWidget::hideEvent(event);
 }
 
 }  // namespace kvo

@@ -31,10 +31,12 @@ constexpr std::array<StepKeyRow, 4> kStepKeys{
 
 }  // namespace
 
-FrmPosition::FrmPosition(const PositionerState& state, Positioner& positioner, std::function<void()> acted)
+FrmPosition::FrmPosition(const PositionerState& state, Positioner& positioner, WindowPlace place,
+                         std::function<void()> acted)
     : Floating(kPositioner, kPositionerCorner, Qt::Tool),
       state_(state),
       positioner_(positioner),
+      place_(std::move(place)),
       acted_(std::move(acted)),
       title_(made<QLabel>(tr("Direct Positioner"), this)),
       digits_(made<PositionDigits>(state, positioner, acted_, this)),
@@ -133,7 +135,7 @@ void FrmPosition::draw(QWidget* owner) {
   refusal_->setText(QString::fromStdString(state_.refusal));
   digits_->draw();
   if (isVisible()) return;
-  showOver(owner, {0.5, 0.45});
+  showOver(owner, {0.5, 0.45}, &place_);
   activateWindow();
   digits_->setFocus(Qt::ShortcutFocusReason);
 }
@@ -153,6 +155,11 @@ void FrmPosition::keyPressEvent(QKeyEvent* event) {
 void FrmPosition::closeEvent(QCloseEvent* event) {
   event->accept();
   act([&] { positioner_.close(); });
+}
+
+void FrmPosition::hideEvent(QHideEvent* event) {
+  place_.keep(*this, pos());
+  Floating::hideEvent(event);
 }
 
 }  // namespace kvo

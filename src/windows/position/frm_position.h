@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/positions/positioner.h"
+#include "windows/place/window_place.h"
 #include "windows/position/floating.h"
 
 #include <QCoreApplication>
@@ -21,15 +22,17 @@ class FrmPosition final : public Floating {
 
  public:
   /// `acted` is called behind each act.
-  FrmPosition(const PositionerState& state, Positioner& positioner, std::function<void()> acted);
+  FrmPosition(const PositionerState& state, Positioner& positioner, WindowPlace place,
+              std::function<void()> acted);
 
-  /// Brings it in line with the state; it appears above `owner`.
+  /// Brings it in line with the state; it appears where it was, at first above `owner`.
   void draw(QWidget* owner);
 
  protected:
   void layOut() override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void makeChoices();
@@ -38,6 +41,7 @@ class FrmPosition final : public Floating {
 
   const PositionerState& state_;
   Positioner& positioner_;
+  WindowPlace place_;
   std::function<void()> acted_;
   QLabel* title_;
   QAbstractButton* close_ = nullptr;

@@ -9,10 +9,12 @@ constexpr QPointF kLevelOver(0.78, 0.36);
 }  // namespace
 
 PositionWindows::PositionWindows(const PositionsState& state, const DisplayModeState& mode,
-                                 Positions& positions, const std::function<void()>& acted)
+                                 Positions& positions, const Places& places,
+                                 const std::function<void()>& acted)
     : mode_(mode),
-      position_(state.positioner, positions.positioner, acted),
-      markers_(state.markers, positions.markers, acted),
+      position_(state.positioner, positions.positioner, {places.store, places.desktop, "Frm_PositionPlace"},
+                acted),
+      markers_(state.markers, positions.markers, {places.store, places.desktop, "FrmMarkersPlace"}, acted),
       rate_(state.rate, {}),
       level_(state.level, [&positions, acted](int lights) {
         positions.levels.UpdateRateDisp(lights);

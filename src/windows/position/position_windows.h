@@ -12,9 +12,15 @@ namespace kvo {
 
 class PositionWindows {
  public:
+  /// Where the windows stand is kept in `store`, by the screens of `desktop`.
+  struct Places {
+    UserStore& store;
+    const Desktop& desktop;
+  };
+
   /// All outlive the windows. `acted` is called behind each act of the user's.
   PositionWindows(const PositionsState& state, const DisplayModeState& mode, Positions& positions,
-                  const std::function<void()>& acted);
+                  const Places& places, const std::function<void()>& acted);
 
   /// Brings them in line with the state, above `owner`, the face that is shown; null closes all.
   void draw(QWidget* owner);

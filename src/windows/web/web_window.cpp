@@ -28,8 +28,9 @@ QUrl pageAddress(const QString& typed) {
   return {};
 }
 
-WebWindow::WebWindow(const Make& make, std::function<void()> closed)
+WebWindow::WebWindow(const Make& make, WindowPlace place, std::function<void()> closed)
     : QWidget(nullptr, Qt::Window),
+      place_(std::move(place)),
       closed_(std::move(closed)),
       back_(key("rr", tr("Back"), QKeySequence::Back, [this] { view_->back(); })),
       forward_(key("ff", tr("Forward"), QKeySequence::Forward, [this] { view_->forward(); })),
@@ -60,6 +61,7 @@ WebWindow::WebWindow(const Make& make, std::function<void()> closed)
     view_->whenChanged([this] { draw(); });
   }
   resize(kFirstSize);
+  if (place_.isKept()) place_.restoreWithSize(*this);
 }
 
 WebWindow::~WebWindow() {
@@ -104,6 +106,11 @@ void WebWindow::draw() {
 void WebWindow::closeEvent(QCloseEvent* event) {
   event->accept();
   if (closed_) closed_();
+}
+
+void WebWindow::hideEvent(QHideEvent* event) {
+  place_.keep(*this, pos());
+  QWidget::hideEvent(event);
 }
 
 }  // namespace kvo

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/web_view.h"
+#include "windows/place/window_place.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -26,7 +27,7 @@ class WebWindow : public QWidget {
   using Make = std::function<std::unique_ptr<WebView>(QWidget* parent)>;
 
   /// `make` makes the page's view. `closed` is called when the user has closed the window.
-  WebWindow(const Make& make, std::function<void()> closed);
+  WebWindow(const Make& make, WindowPlace place, std::function<void()> closed);
   ~WebWindow() override;
 
   /// False when there is no view to show it in.
@@ -34,12 +35,14 @@ class WebWindow : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   QToolButton* key(const QString& icon, const QString& name, const QKeySequence& shortcut,
                    std::function<void()> act);
   void draw();
 
+  WindowPlace place_;
   std::function<void()> closed_;
   QToolButton* back_;
   QToolButton* forward_;

@@ -8,7 +8,7 @@ bool WindowPages::show(const std::string& address, bool ahead) {
   const auto url = pageAddress(QFile::decodeName(address.c_str()));
   if (!url.isValid()) return false;
   if (!window_) {
-    window_ = std::make_unique<WebWindow>(make_, [this] {
+    window_ = std::make_unique<WebWindow>(make_, place_, [this] {
       if (heard_) heard_();
     });
   }

@@ -11,7 +11,7 @@ namespace kvo {
 class WindowPages : public WebPages {
  public:
   /// `make` gives null where there is nothing to show pages with; it is asked again for the next page.
-  explicit WindowPages(WebWindow::Make make) : make_(std::move(make)) {}
+  WindowPages(WebWindow::Make make, WindowPlace place) : make_(std::move(make)), place_(std::move(place)) {}
 
   bool show(const std::string& address, bool ahead) override;
   // Whoever heard that it was closed may ask for it: the window is still in the middle of that.
@@ -25,6 +25,7 @@ class WindowPages : public WebPages {
 
  private:
   WebWindow::Make make_;
+  WindowPlace place_;
   std::function<void()> heard_;
   std::unique_ptr<WebWindow> window_;
 };

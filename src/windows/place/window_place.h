@@ -17,13 +17,17 @@ class WindowPlace {
   WindowPlace(UserStore& store, const Desktop& desktop, std::string name)
       : store_(store), desktop_(desktop), name_(std::move(name)) {}
 
+  /// True when there is a place that has been kept.
+  [[nodiscard]] bool isKept() const;
   /// Moves a window that is about to be shown for the first time to where it was, as far as that is on a
   /// screen now; else to the middle of the first screen.
   void restore(QWidget& window) const;
+  /// The same with the size that it had, as far as the screen has room for it.
+  void restoreWithSize(QWidget& window) const;
   /// Moves a window to `corner`, and back onto the screen as far as it lies outside.
   void moveTo(QWidget& window, const QPoint& corner) const;
   /// Keeps that the window stands at `corner`.
-  void keep(const QWidget& window, const QPoint& corner);
+  void keep(const QWidget& window, const QPoint& corner) const;
 
  private:
   UserStore& store_;

@@ -1,4 +1,4 @@
-#include "windows/main/window_place.h"
+#include "windows/place/window_place.h"
 
 #include "playback/display/screens.h"
 
@@ -11,14 +11,23 @@ ScreenArea areaOf(const QPoint& corner, const QWidget& window) {
   return {corner.x(), corner.y(), window.width(), window.height()};
 }
 
+enum class Size { Stays, IsKept };
+
 void place(QWidget& window, const std::vector<Screen>& screens,
-           const std::optional<RememberedPlace>& remembered) {
+           const std::optional<RememberedPlace>& remembered, Size size = Size::Stays) {
   if (screens.empty()) return;
-  const auto area = placeWindow(screens, remembered, window.width(), window.height(), false);
+  const auto area = placeWindow(screens, remembered, window.width(), window.height(), size == Size::IsKept);
+  if (size == Size::IsKept) window.resize(area.width, area.height);
   window.move(area.left, area.top);
 }
 
 }  // namespace
+
+bool WindowPlace::isKept() const { return rememberedPlace(store_.read(name_)).has_value(); }
+
+void WindowPlace::restoreWithSize(QWidget& window) const {
+  place(window, desktop_.screens(), rememberedPlace(store_.read(name_)), Size::IsKept);
+}
 
 void WindowPlace::restore(QWidget& window) const {
   place(window, desktop_.screens(), rememberedPlace(store_.read(name_)));
@@ -29,7 +38,7 @@ void WindowPlace::moveTo(QWidget& window, const QPoint& corner) const {
   place(window, screens, remember(screens, areaOf(corner, window)));
 }
 
-void WindowPlace::keep(const QWidget& window, const QPoint& corner) {
+void WindowPlace::keep(const QWidget& window, const QPoint& corner) const {
   const auto now = text(remember(desktop_.screens(), areaOf(corner, window)));
   if (now != store_.read(name_)) store_.write(name_, now);
 }
