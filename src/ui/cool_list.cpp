@@ -248,6 +248,13 @@ std::optional<int> CoolList::itemAt(int y) const {
   return has(index) ? std::optional(index) : std::nullopt;
 }
 
+// A key that leads nowhere else changes nothing.
+void CoolList::step(int index, Reach reach) {
+  const bool stays = isExtended() && index == listIndex_ && item(index).ItemSelected;
+  if (stays && reach != Reach::Another && SelectedCount() == 1) return bringIntoView(index);
+  reachTo(index, reach);
+}
+
 void CoolList::keyDown(Key key, Reach reach) {
   if (listIndex_ < 0) return;
   const int last = ListCount() - 1;
@@ -258,17 +265,17 @@ void CoolList::keyDown(Key key, Reach reach) {
       if (events.Click) events.Click();
       return;
     case Key::PageUp:
-      return reachTo(std::max(listIndex_ - rowsThatFit(), 0), reach);
+      return step(std::max(listIndex_ - rowsThatFit(), 0), reach);
     case Key::PageDown:
-      return reachTo(std::min(listIndex_ + rowsThatFit(), last), reach);
+      return step(std::min(listIndex_ + rowsThatFit(), last), reach);
     case Key::Home:
-      return reachTo(0, reach);
+      return step(0, reach);
     case Key::End:
-      return reachTo(last, reach);
+      return step(last, reach);
     case Key::Up:
-      return reachTo(std::max(listIndex_ - 1, 0), reach);
+      return step(std::max(listIndex_ - 1, 0), reach);
     case Key::Down:
-      return reachTo(std::min(listIndex_ + 1, last), reach);
+      return step(std::min(listIndex_ + 1, last), reach);
     case Key::Left:
     case Key::Right:
       return;

@@ -177,6 +177,7 @@ class CoolList {
   void mark(int index, bool selected);
   void moveTo(int index);
   void reachTo(int index, Reach reach);
+  void step(int index, Reach reach);
   void selectRange(int from, int to);
   void dragTo(int index);
   void bringIntoView(int index);

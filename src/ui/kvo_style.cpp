@@ -185,6 +185,8 @@ int KvoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
       return 1;
     case SH_FocusFrame_Mask:
       return 0;
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+      return 0;
     case SH_ToolTip_WakeUpDelay:
       return kToolTipDelay;
     default:
@@ -217,6 +219,30 @@ QSize KvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     size.setHeight(std::max(size.height(), themed(kLeastHit)));
   }
   return size;
+}
+
+// What file dialogs show where the desktop has none of its own.
+QIcon KvoStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+  switch (icon) {
+    case SP_ArrowBack:
+      return themeIcon("back");
+    case SP_ArrowForward:
+      return themeIcon("forward");
+    case SP_FileDialogToParent:
+      return themeIcon("up");
+    case SP_FileDialogNewFolder:
+      return themeIcon("add");
+    case SP_FileDialogListView:
+      return themeIcon("tiles");
+    case SP_FileDialogDetailedView:
+      return themeIcon("menu");
+    case SP_DirIcon:
+    case SP_DirOpenIcon:
+    case SP_DirHomeIcon:
+      return themeIcon("folder");
+    default:
+      return QProxyStyle::standardIcon(icon, option, widget);
+  }
 }
 
 void KvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

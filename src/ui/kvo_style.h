@@ -17,6 +17,8 @@ class KvoStyle : public QProxyStyle {
   QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                          const QWidget* widget) const override;
+  [[nodiscard]] QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                   const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -298,6 +298,9 @@ TEST_F(List, TellsWhatTheUserHasChosenAndWritten) {
   EXPECT_EQ(chosen, 4);
   act("choose 5 select 2");
   EXPECT_EQ(chosen, 4) << "what the window does is not told";
+  act("end end");
+  EXPECT_EQ(chosen, 5) << "nor a key that leads nowhere";
+  act("choose 5 select 2");
   list.StartEdit();
   list.EndEdit(true);
   EXPECT_EQ(edited, "") << "the same text";
