@@ -93,11 +93,9 @@ std::optional<QCursor> pointerOf(const CoolListProperties& properties) {
 
 }  // namespace
 
-CoolListView::CoolListView(QWidget* parent)
+CoolListView::CoolListView(QWidget* parent, const CoolListProperties& properties)
     : QFrame(parent), bar_(made<QScrollBar>(this)), edit_(made<QPlainTextEdit>(this)) {
   installCoolListAccessibility();
-  setProperty("role", "list");
-  setFrameShape(QFrame::StyledPanel);
   setFocusPolicy(Qt::StrongFocus);
   setAcceptDrops(true);
   clock_.start();
@@ -124,7 +122,7 @@ CoolListView::CoolListView(QWidget* parent)
   };
   list_.events.SelectionChange = [this] { tell(events.SelectionChange); };
   list_.events.Edited = [this](int index) { tell(events.Edited, index); };
-  setProperties(list_.properties());
+  setProperties(properties);
 }
 
 void CoolListView::takeStored(const CoolListProperties& wanted) {

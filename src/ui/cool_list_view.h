@@ -39,7 +39,7 @@ class CoolListView : public QFrame {
     bool toolTips = true;                        ///< that show the whole of a text that was cut
   };
 
-  explicit CoolListView(QWidget* parent = nullptr);
+  explicit CoolListView(QWidget* parent = nullptr, const CoolListProperties& properties = {});
 
   /// What it draws. What is done to it shows at once.
   [[nodiscard]] CoolList& list() { return list_; }

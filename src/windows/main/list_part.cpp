@@ -45,7 +45,7 @@ ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic,
       logic_(std::move(logic)),
       folder_(folder),
       caption_(made<FaceLabel>(kListCaption, LabelLook{.weight = QFont::DemiBold}, this)),
-      list_(made<CoolListView>(this)) {
+      list_(made<CoolListView>(this, CoolListProperties{.BorderStyle = 0})) {
   list_->setAccessibleName(tr("Clips"));
   const std::array<QString, 5> names = {tr("Move up"), tr("Move down"), tr("Add media"), tr("Remove"),
                                         tr("Sort")};
