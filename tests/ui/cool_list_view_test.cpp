@@ -258,6 +258,8 @@ TEST_F(ListView, TakesDropsBetweenItsRows) {
   }
   EXPECT_EQ(got, "clip0 clip1 clip3 clip3 ");
   fill(50);
+  QDragEnterEvent enterLow(QPoint(50, 5 * kRow - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&view, &enterLow);
   QDragMoveEvent low(QPoint(50, 5 * kRow - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
   QCoreApplication::sendEvent(&view, &low);
   EXPECT_TRUE(QTest::qWaitFor([&] { return view.list().TopIndex() > 2; })) << "while the pointer rests";
