@@ -35,6 +35,13 @@ constexpr std::array kKindIcons = {"film", "still", "music", "globe", "globe"}; 
 // As the list takes colours: red in the low byte.
 ControlColour forList(Rgb rgb) { return ((rgb & 0xFFU) << 16U) | (rgb & 0xFF00U) | ((rgb >> 16U) & 0xFFU); }
 
+CoolListProperties frameless() {
+  CoolListProperties properties;
+  properties.Appearance = 0;
+  properties.BorderStyle = 0;
+  return properties;
+}
+
 }  // namespace
 
 ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic, const std::string& folder,
@@ -45,7 +52,7 @@ ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic,
       logic_(std::move(logic)),
       folder_(folder),
       caption_(made<FaceLabel>(kListCaption, LabelLook{.weight = QFont::DemiBold}, this)),
-      list_(made<CoolListView>(this, CoolListProperties{.BorderStyle = 0})) {
+      list_(made<CoolListView>(this, frameless())) {
   list_->setAccessibleName(tr("Clips"));
   const std::array<QString, 5> names = {tr("Move up"), tr("Move down"), tr("Add media"), tr("Remove"),
                                         tr("Sort")};
@@ -133,9 +140,7 @@ void ListPart::layOut(const FaceScale& scale) {
 }
 
 void ListPart::setLook() {
-  CoolListProperties properties;
-  properties.Appearance = 0;
-  properties.BorderStyle = 0;
+  auto properties = frameless();
   properties.BackNormal = forList(token("void"));
   properties.BackSelected = forList(token("tealBg"));
   properties.FontNormal = forList(colour_);
