@@ -3,7 +3,7 @@ _kvo5() {
   local cur=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} first=${COMP_WORDS[1]}
   COMPREPLY=()
   case $previous in
-    --render | --check | --document)
+    --render | --add | --check | --document)
       compopt -o filenames
       mapfile -t COMPREPLY < <(compgen -o plusdirs -f -X '!*.[iI][nN][iI]' -- "$cur")
       return
@@ -20,7 +20,7 @@ _kvo5() {
     --range | --size | --rate) return ;;
   esac
   if [[ $cur == --* || $first == --render ]]; then
-    local words='--render --check --document --gallery --help --version'
+    local words='--render --add --check --document --gallery --help --version'
     [[ $first == --render && $COMP_CWORD -gt 1 ]] && words='--output --range --size --rate --codec'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
   else

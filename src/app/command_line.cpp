@@ -91,12 +91,15 @@ Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
   if (arguments.empty()) return Error{"there is nothing to do"};
   CommandLine line;
   const auto& task = arguments[0];
-  if (task == "--help" || task == "-h" || task == "--version" || task == "--gallery") {
+  if (task == "--help" || task == "-h" || task == "--version" || task == "--gallery" || task == "--look") {
     if (arguments.size() > 1) return Error{task + " takes nothing behind it"};
-    line.task = task == "--version" ? Task::Version : task == "--gallery" ? Task::Gallery : Task::Help;
+    line.task = task == "--version"   ? Task::Version
+                : task == "--gallery" ? Task::Gallery
+                : task == "--look"    ? Task::Look
+                                      : Task::Help;
     return line;
   }
-  if (task != "--render" && task != "--check" && task != "--document") {
+  if (task != "--render" && task != "--check" && task != "--document" && task != "--add") {
     return Error{"there is no command " + task};
   }
   if (arguments.size() < 2) return Error{task + " needs a collection"};
@@ -104,6 +107,12 @@ Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
   if (task == "--render") {
     line.task = Task::Render;
     if (auto done = readRenderOptions(line, arguments); !done) return done.error();
+    return line;
+  }
+  if (task == "--add") {
+    if (arguments.size() < 3) return Error{"--add needs files to add"};
+    line.task = Task::Add;
+    line.names.assign(arguments.begin() + 2, arguments.end());
     return line;
   }
   if (task == "--document" && arguments.size() == 5 && arguments[3] == "--preview") {
@@ -138,8 +147,10 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --size WxH        picture size in pixels: 640x360
       --rate FPS        frames a second, 2 to 240: 25
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
+kvo5 --add COLLECTION FILE...
+    Adds clips, folders of clips and addresses of streams to a collection, which is begun where there is none.
 kvo5 --check COLLECTION
-    Lists the clips with their times, and what is wrong with them.
+    Lists the clips with what they hold and their times, and what is wrong with them.
 kvo5 --document COLLECTION FILE [--preview POWER]
     Writes the timeline document that a render would be made from, or a preview of power 1 to 10.
 kvo5 --gallery

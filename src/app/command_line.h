@@ -11,7 +11,16 @@
 
 namespace kvo {
 
-enum class Task { Help, Version, Gallery, Render, Check, Document };
+enum class Task {
+  Help,
+  Version,
+  Gallery,
+  Render,
+  Check,
+  Document,
+  Add,
+  Look,  ///< the program's own: it looks into files for another copy
+};
 
 struct PictureSize {
   int width = 0;  ///< pixels
@@ -22,6 +31,7 @@ struct CommandLine {
   Task task = Task::Help;
   std::string collection;
   std::string output;
+  std::vector<std::string> names;  ///< that are to be added
   std::optional<engine::Slice> range;
   std::optional<PictureSize> size;
   std::optional<double> rate;       ///< frames a second

@@ -1,5 +1,6 @@
 #include "app/commands.h"
 
+#include "app/clip_summary.h"
 #include "app/console_render.h"
 #include "base/numbers.h"
 #include "editor/compiler/collection_faults.h"
@@ -75,7 +76,9 @@ int runCheck(Session& session, const CommandLine& line) {
   auto fault = std::find_if(faults.begin(), faults.end(), [](const auto& f) { return f.clip > 0; });
   std::for_each(faults.begin(), fault, [&](const auto& f) { problem(f.text); });
   for (const auto& clip : made.clips) {
-    print(FormatMask(clip.number, "####") + "  " + clipFile(*clip.record) + "\n      section " +
+    const auto facts = session.streams.facts(clipFile(*clip.record));
+    print(FormatMask(clip.number, "####") + "  " + clipFile(*clip.record) + "\n      " +
+          clipSummary(*clip.record, facts ? &*facts : nullptr) + "\n      section " +
           FormatMask(clip.LoopStart.number(), "0.00") + " to " + FormatMask(clip.LoopEnd.number(), "0.00") +
           " s, speed " + ShortText(speedOf(clip)) + ", in the movie " + FormatMask(clip.place.start, "0.00") +
           " to " + FormatMask(clip.place.stop, "0.00") + " s" +

@@ -1,8 +1,10 @@
 // The program: with its window, or, by a long option, without a screen.
 #include "adapters/posix/console_boxes.h"
 #include "adapters/posix/posix_temporary_folders.h"
+#include "app/add_command.h"
 #include "app/commands.h"
 #include "app/companions.h"
+#include "app/look_command.h"
 #include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
@@ -56,6 +58,8 @@ int run(const kvo::CommandLine& line) {
   switch (line.task) {
     case kvo::Task::Render:
       return kvo::runRender(session, line, beside + "KVORender");
+    case kvo::Task::Add:
+      return kvo::runAdd(session, line, kvo::lookingProcess(beside));
     case kvo::Task::Check:
       return kvo::runCheck(session, line);
     default:
@@ -90,6 +94,8 @@ int main(int argc, char** argv) {
     case kvo::Task::Version:
       std::puts("KVO5 " KVO_VERSION);
       return afterPrinting(kvo::kExitDone);
+    case kvo::Task::Look:
+      return kvo::runLook();
     case kvo::Task::Gallery:
       return kvo::hasDisplay() ? kvo::runGallery(argc, argv) : failWithoutDisplay();
     default:

@@ -11,23 +11,29 @@
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/qt_event_loop.h"
 #include "adapters/qt/qt_file_dialogs.h"
+#include "adapters/qt/qt_text_questions.h"
 #include "adapters/qt/settings_store.h"
 #include "app/commands.h"
 #include "app/companions.h"
 #include "app/face_links.h"
+#include "app/look_command.h"
 #include "app/play_links.h"
 #include "app/session.h"
 #include "base/numbers.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
 #include "intake/batch_probe.h"
+#include "intake/looking_process.h"
 #include "playback/captions.h"
 #include "playback/display/layout.h"
 #include "playback/stream_info.h"
+#include "playback/transport/transport_load_check.h"
 #include "program/clip_picture.h"
+#include "program/intake_window.h"
 #include "program/list_commands.h"
 #include "program/media_commands.h"
 #include "program/menus.h"
+#include "program/missing_files.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
 #include "ui/skin_face.h"
@@ -71,18 +77,21 @@ class PatientHandover : public Handover {
 class WindowProgram {
  public:
   WindowProgram(const ProgramFolder& programFolder, const std::string& placesFile,
-                const std::string& webModule, const std::string& probe)
+                const std::string& executableFolder)
       : session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
         loop_([this] { draw(); }),
-        probe_({session_.files, session_.processes, loop_, session_.clock, session_.temporaryFolders, probe}),
+        probe_({session_.files, session_.processes, loop_, session_.clock, session_.temporaryFolders,
+                executableFolder + "KVOprop"}),
         list_(state_, session_.collection, session_.settings),
         history_(state_, session_.collection, session_.settings, list_),
         recent_(store_, session_.files),
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder, desktop_}, session_.file,
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
-        intake_({session_.files, session_.clock, refusals_, session_.streams}, session_.settings,
-                session_.collection, [this](int number) { showAdded(number); }),
+        looker_({session_.processes, loop_, lookingProcess(executableFolder)}),
+        intakeWindow_({state_, session_.settings, session_.collection, loop_, list_, desktop_}),
+        intake_({session_.files, session_.clock, refusals_, looker_, disc_, session_.folder, probe_,
+                 session_.log, session_.settings, session_.collection, intakeWindow_}),
         parts_{session_.files,
                boxes_,
                loop_,
@@ -107,10 +116,10 @@ class WindowProgram {
                state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, intro_, mailbox_),
-        media_({dialogs_, desktop_}, session_.settings, state_, mailbox_),
+        media_({dialogs_, desktop_, questions_, boxes_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
                       state_),
-        web_(webModule, canShutIn),
+        web_(executableFolder + "../lib/kvo5/KVOWeb.so", canShutIn),
         pages_([this](QWidget* parent) { return web_.makeView(parent); },
                {store_, desktop_, "WebWindowPlace"}),
         codec_({state_, session_.settings, session_.collection, list_, session_.files, session_.folder,
@@ -148,6 +157,7 @@ class WindowProgram {
         frmCodec_(state_.codec, [this] { codec_.hide(); }),
         frmStreamInfo_(state_.streamInfo, streamInfo_, [this] { draw(); }) {
     links_.link(skins_);
+    mailbox_.guard({loadCheck_, session_.log, [] { std::exit(kExitFailed); }});
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
     session_.file.poster().whenEndOfPlayMoved(stop);
     intake_.poster().whenEndOfPlayMoved(stop);
@@ -201,6 +211,13 @@ class WindowProgram {
         .fullPicture = [this] { links_.display().mnu_DirXFullSC_Click(); },
         .tracks = [this] { return links_.player().PlayerGetTracks(); },
         .chooseTrack = [this](MediaTrack::Kind kind, int id) { links_.player().PlayerChooseTrack(kind, id); },
+        .findMissing = [this] { missing_.FindMissingFiles(); },
+        .isPortable = [this] { return session_.collection.isPortable; },
+        .makePortable =
+            [this](bool on) {
+              session_.collection.isPortable = on;
+              session_.settings.state.IsDirty = true;
+            },
         .captions =
             [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); },
         .ordered = [this](MenuCommand tick) { play_.ordered(tick); },
@@ -230,16 +247,12 @@ class WindowProgram {
     frmStreamInfo_.draw(window_.shownFace());
   }
 
-  void showAdded(int number) {
-    list_.addLast();
-    list_.select(number);
-  }
-
   FrmMessageBoxes boxes_{[this] { showNow(); }};
   GatheredBoxes refusals_{boxes_};
   Session session_;
   MainWindowState state_;
   QtFileDialogs dialogs_;
+  QtTextQuestions questions_;
   QtDesktop desktop_;
   SettingsStore store_;
   SocketHandover handover_;
@@ -255,7 +268,12 @@ class WindowProgram {
   History history_;
   RecentCollections recent_;
   CollectionCommands commands_;
+  LookingProcess looker_;
+  NoDiscContents disc_;
+  IntakeWindow intakeWindow_;
   AddClips intake_;
+  MissingFiles missing_{
+      {session_.files, dialogs_, boxes_, loop_, looker_, state_, session_.collection, list_, history_}};
   ProgramParts parts_;
   Intro intro_;
   Mailbox mailbox_;
@@ -274,6 +292,7 @@ class WindowProgram {
   CodecInfo codec_;
   StreamInfo streamInfo_;
   PlayLinks play_;
+  TransportLoadCheck loadCheck_{timers_, links_.player(), [this] { links_.display().EndAnim(); }};
   MainMenu menu_;
   ClipPicture picture_;
   LastWish<std::string, Result<StreamFacts>> facts_;
@@ -311,8 +330,7 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));
-  WindowProgram program(folder, placesFile, executableFolder + "../lib/kvo5/KVOWeb.so",
-                        executableFolder + "KVOprop");
+  WindowProgram program(folder, placesFile, executableFolder);
   return program.run({argv + 1, argv + argc}, shared + "/kvo5");
 }
 

@@ -3,76 +3,230 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "core/records/media_kinds.h"
-#include "core/telling/messages.h"
+#include "intake/analyse_file.h"
+#include "intake/asx_stream.h"
+#include "intake/clip_names.h"
+#include "intake/refusals.h"
+
+#include <algorithm>
 
 namespace kvo {
 namespace {
 
-// What the streams tell, as the record keeps it.
-void takeFacts(Movie& clip, const StreamFacts& facts, bool hasPicture) {
-  clip.IsStill(facts.isStill);
-  clip.HasAudio(facts.hasAudio);
-  clip.RenderAudio(facts.hasAudio);
-  clip.FrameRate(static_cast<Single>(facts.isStill ? 0 : facts.frameRate));
-  const auto side = [](int pixels) { return toInteger(pixels).value_or(0); };
-  if (hasPicture) {
-    clip.Resolution(Value(std::to_string(facts.width) + " x " + std::to_string(facts.height)));
-    clip.MovieWidth(side(facts.width));
-    clip.MovieHeight(side(facts.height));
-  } else {
-    clip.Resolution(Value(ShortText(facts.sampleRate / 1000.0) + " KHz"));
-  }
-  if (facts.isStill) {
-    clip.StillW(side(facts.width));
-    clip.StillH(side(facts.height));
-    clip.DurationTime(Value("N/A"));
-    clip.DurationFrames(Value("N/A"));
-    return;
-  }
-  clip.DurationTime(Value(ToNumber(FormatMask(facts.duration, "0.000"))));
-  clip.DurationFrames(hasPicture ? Value(RoundToWhole(facts.duration * facts.frameRate)) : Value("N/A"));
-  clip.LoopStart(Value(0));
-  clip.LoopEnd(clip.DurationTime());
+constexpr std::uint64_t kMostOfCdFile = 4096;  // bytes
+
+bool isDvdMenu(std::string_view name) {
+  const auto kind = extensionOf(name);
+  return kind == "IFO" || kind == "BUP";
+}
+
+std::string cleanTag(std::string_view text) { return std::string(trimmed(text.substr(0, text.find('\0')))); }
+
+// A stream, or a page, tells of no length; what it sounds like is heard when it plays.
+void becomeStream(Movie& clip) {
+  clip.IsStream(true);
+  clip.HasAudio(true);
+  clip.RenderAudio(true);
 }
 
 }  // namespace
 
-bool AddClips::AddMoviesm(const std::string& text) {
-  if (collection_.MovieList.count() >= kMaxClips) {
-    ports_.boxes.show({std::string(LoadResString(398)),
-                       "A collection holds at most " + std::to_string(kMaxClips) + " clips.", BoxButtons::Ok,
-                       BoxIcon::Warning});
-    return false;
+bool AddClips::AddMoviesm(const std::string& text, const AddManner& manner) {
+  return add(namesIn(text, parts_.files), manner);
+}
+
+bool AddClips::add(std::vector<std::string> names, const AddManner& manner) {
+  OrderCDATrackList(names);
+  const auto total = static_cast<int>(names.size());
+  bool any = false;
+  for (int i = 0; i < total; ++i) {
+    const auto& name = names[static_cast<std::size_t>(i)];
+    if (parts_.collection.MovieList.count() >= kMaxClips) {
+      refuse(refusedFull());
+      break;
+    }
+    parts_.host.analysing(i + 1, total, name);
+    if (parts_.host.stopped()) break;
+    any |= addOne(name, manner);
   }
-  const bool isAddress = text.find("://") != std::string::npos;
-  const auto facts = isAddress ? Result<StreamFacts>(Error{"streams cannot be played yet: " + text})
-                               : ports_.streams.facts(text);
-  if (!facts) {
-    ports_.boxes.show({std::string(LoadResString(398)),
-                       std::string(LoadResString(396))
-                           .append(kCrLf)
-                           .append(LoadResString(397))
-                           .append(kCrLf)
-                           .append(facts.error().text),
-                       BoxButtons::Ok, BoxIcon::Warning});
-    return false;
-  }
+  parts_.host.analysed();
+  if (any) parts_.settings.state.postChange(99, 99);
+  return any;
+}
+
+Movie AddClips::newRecord(const std::string& name) const {
+  const auto& collection = parts_.collection;
   Movie clip;
-  clip.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
-  clip.MovieName(std::string(fileNamePart(text)));
+  clip.KeyID(freshKeyIDs(collection, toLongClamped(secondsSinceMidnight(parts_.clock)), 1).front());
+  clip.MovieName(std::string(fileNamePart(name)));
   clip.AudioOutputLevel(1.0F);
   clip.IsStream(false);
-  clip.Path(std::string(folderPart(text)));
-  clip.Orderinplaylist(toInteger(collection_.MovieList.count() + 1).value_or(0));
-  takeFacts(clip, *facts, mediaClass(clip.MovieName(), &*facts) != MediaClass::Sound);
-  collection_.MovieList.add(std::move(clip)).listener(&poster_);
-  if (settings_.preferences().LoadFrom != folderPart(text))
-    settings_.change().LoadFrom = std::string(folderPart(text));
-  settings_.state.ListIsDirty = true;
-  settings_.state.postChange(99, 99);
-  added_(collection_.MovieList.count());
+  clip.Path(std::string(folderPart(name)));
+  clip.Orderinplaylist(toInteger(collection.MovieList.count() + 1).value_or(0));
+  return clip;
+}
+
+bool AddClips::addOne(const std::string& name, const AddManner& manner) {
+  auto clip = newRecord(name);
+  if (isAddress(name)) {
+    clip.MovieName(name);
+    clip.Path("");
+    return addAddress(std::move(clip), manner);
+  }
+  return addFile(std::move(clip), manner);
+}
+
+bool AddClips::addAddress(Movie clip, const AddManner& manner) {
+  const auto& address = clip.MovieName();
+  becomeStream(clip);
+  const auto byName = intakeClassOfAddress(address);
+  if (byName == IntakeClass::RealFamily) return refuse(refusedRealFamily());
+  if (isRefusedAddress(address)) return false;
+  const bool isPage = byName == IntakeClass::Page || byName == IntakeClass::Flash;
+  if (byName == IntakeClass::QuickTime) clip.IsTrueQT4(true);
+  if (isPage || (manner.IsWebPageAdd && byName != IntakeClass::QuickTime && !namesStream(address)))
+    clip.IsHTML(true);
+  return join(std::move(clip));
+}
+
+bool AddClips::addFile(Movie clip, const AddManner& manner) {
+  if (!parts_.files.exists(clipFile(clip))) return refuse(refusedUnverified(clip.MovieName()));
+  const auto byName = intakeClass(clip.MovieName());
+  switch (byName) {
+    case IntakeClass::RealFamily:
+      return refuse(refusedRealFamily());
+    case IntakeClass::NonMedia:
+      return refuse(refusedNonMedia());
+    case IntakeClass::Archive:
+      return refuse(refusedArchive(clip.MovieName()));
+    case IntakeClass::ExtendedCd:
+      return addExtendedCd(std::move(clip));
+    default:
+      break;
+  }
+  AnalyseFile(clip, parts_.files, parts_.clock, parts_.log);
+  if (clip.MovieName().find('+', 1) != std::string::npos) clip.AltName(SmartName(clip.MovieName()));
+  if (byName == IntakeClass::Page || byName == IntakeClass::Flash) {
+    clip.IsHTML(true);
+    clip.HasAudio(byName == IntakeClass::Flash);
+    return join(std::move(clip));
+  }
+  if (IsASXAStream(clip, parts_.files)) {
+    becomeStream(clip);
+    return join(std::move(clip));
+  }
+  if (byName == IntakeClass::CdTrack) {
+    const auto bytes = parts_.files.read(clipFile(clip), kMostOfCdFile);
+    takeCdFile(clip, bytes ? std::string_view(*bytes) : std::string_view());
+    return join(std::move(clip));
+  }
+  return addLooked(std::move(clip), manner);
+}
+
+bool AddClips::addLooked(Movie clip, const AddManner& manner) {
+  const auto file = clipFile(clip);
+  const auto answer = look(dvdSourceOf(file));
+  auto verdict = judge({.name = clip.MovieName(),
+                        .isEmpty = ToNumber(clip.Size()) == 0,
+                        .answer = answer,
+                        .UseWMPfirst = parts_.settings.preferences().UseWMPfirst});
+  if (verdict.wantsCodec) verdict.box = withCodec(file, answer.look.errorText);
+  tell(verdict);
+  if (verdict.kind == Verdict::Kind::TakeBack) return false;
+  if (verdict.kind == Verdict::Kind::AskViewer) {
+    if (!DidPlayAdd(clip, manner.quiet)) return false;
+    return join(std::move(clip));
+  }
+  takeLook(clip, answer.look);
+  takeTags(clip, answer.look.tags);
+  return join(std::move(clip));
+}
+
+LookAnswer AddClips::look(const std::string& file) {
+  return parts_.looker.look(file, [this] { return parts_.host.stopped(); });
+}
+
+// What is looked into of a disc is its film, and not its menu.
+std::string AddClips::dvdSourceOf(const std::string& file) {
+  const bool isMenu = isDvdMenu(file);
+  if (!isMenu && extensionOf(file) != "VOB") return file;
+  DvdSource_ = file;
+  if (!isMenu) return file;
+  std::string first;
+  const auto folder = std::string(folderPart(file));
+  parts_.files.eachBelow(folder, [&](const std::string& other) {
+    if (folderPart(other) == folder && extensionOf(other) == "VOB" && (first.empty() || other < first))
+      first = other;
+    return true;
+  });
+  if (!first.empty()) DvdSource_ = first;
+  return DvdSource_;
+}
+
+void AddClips::takeTags(Movie& clip, const MediaTags& tags) const {
+  if (extensionOf(clip.MovieName()) != "MP3" || cleanTag(tags.title).empty()) return;
+  clip.AltName(cleanTag(tags.title));
+  clip.Genre(cleanTag(tags.genre));
+  clip.Artist(cleanTag(tags.artist));
+  clip.Album(cleanTag(tags.album));
+}
+
+bool AddClips::DidPlayAdd(Movie& clip, bool quiet) {
+  if (!quiet) {
+    if (!parts_.host.showInViewer(clipFile(clip))) return refuse(refusedMovie());
+    if (parts_.boxes.show(askedAboutViewer()) != Answer::Yes) return false;
+  }
+  becomeViewerClip(clip);
   return true;
+}
+
+bool AddClips::addExtendedCd(Movie clip) {
+  const auto folder = clip.Path();
+  const auto table = parts_.disc.read(folder);
+  auto tracks = table ? PopulateFromExtendedCD(*table, folder) : std::vector<Movie>();
+  if (tracks.empty()) return refuse(refusedMovie());
+  parts_.collection.kind = CollectionKind::HoldsExtendedCD;
+  for (auto& track : tracks) {
+    const auto fresh = newRecord(folder + track.MovieName());
+    track.KeyID(fresh.KeyID());
+    track.Orderinplaylist(fresh.Orderinplaylist());
+    join(std::move(track));
+    if (parts_.collection.MovieList.count() >= kMaxClips) break;
+  }
+  return true;
+}
+
+bool AddClips::refuse(const Box& box) {
+  parts_.boxes.show(box);
+  return false;
+}
+
+// The box that also says what the file is made with.
+Box AddClips::withCodec(const std::string& file, const std::string& errorText) {
+  const auto made = GetAVICompressor({parts_.files, parts_.folder, parts_.probe}, file);
+  const CodecNotes notes{made.codec, made.description.developer, made.description.address,
+                         made.description.notes};
+  return refusedByPlayer(std::string(fileNamePart(file)), errorText, &notes);
+}
+
+void AddClips::tell(const Verdict& verdict) {
+  if (!verdict.box) return;
+  if (verdict.once && !told_.insert(verdict.box->caption).second) return;
+  parts_.boxes.show(*verdict.box);
+}
+
+bool AddClips::join(Movie clip) {
+  auto& clips = parts_.collection.MovieList;
+  UpdLastRead(clip.Path());
+  clips.add(std::move(clip)).listener(&poster_);
+  parts_.settings.state.ListIsDirty = true;
+  parts_.host.added(clips.count());
+  return true;
+}
+
+void AddClips::UpdLastRead(const std::string& folder) {
+  if (!folder.empty() && parts_.settings.preferences().LoadFrom != folder)
+    parts_.settings.change().LoadFrom = folder;
 }
 
 }  // namespace kvo

@@ -1,49 +1,71 @@
-// Makes a clip record of a media file by what its streams tell.
+// Makes clip records of files and addresses.
 #pragma once
 
 #include "core/records/collection.h"
+#include "core/telling/error_log.h"
+#include "intake/avi_compressor.h"
 #include "intake/clip_intake.h"
+#include "intake/extended_cd.h"
+#include "intake/intake_host.h"
+#include "intake/verdict.h"
 #include "ports/clock.h"
 #include "ports/files.h"
-#include "ports/frame_source.h"
 #include "ports/message_boxes.h"
 
-#include <functional>
+#include <set>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace kvo {
 
 class AddClips : public ClipIntake {
  public:
-  struct Ports {
+  struct Parts {
     const Files& files;
     const Clock& clock;
     MessageBoxes& boxes;
-    FrameSource& streams;
+    MediaLooker& looker;
+    DiscContents& disc;
+    const ProgramFolder& folder;
+    StreamProbe& probe;
+    ErrorLog& log;
+    KVO2& settings;
+    Collection& collection;
+    IntakeHost& host;
   };
+  /// All outlive the object.
+  explicit AddClips(const Parts& parts) : parts_(parts), poster_(parts.settings) {}
 
-  /// Hears the number of a clip that has just joined the collection.
-  using Added = std::function<void(int number)>;
-
-  AddClips(const Ports& ports, KVO2& settings, Collection& collection, Added added)
-      : ports_(ports),
-        settings_(settings),
-        collection_(collection),
-        added_(std::move(added)),
-        poster_(settings) {}
-
-  bool AddMoviesm(const std::string& text) override;
+  bool add(std::vector<std::string> names, const AddManner& manner) override;
+  bool AddMoviesm(const std::string& text, const AddManner& manner) override;
 
   /// Who hears of changes in the records that this brings.
   [[nodiscard]] ChangePoster& poster() { return poster_; }
 
+  /// The first film file of the disc that was added last; empty where none was.
+  [[nodiscard]] const std::string& DvdSource() const { return DvdSource_; }
+
  private:
-  Ports ports_;
-  KVO2& settings_;
-  Collection& collection_;
-  Added added_;
+  bool addOne(const std::string& name, const AddManner& manner);
+  bool addAddress(Movie clip, const AddManner& manner);
+  bool addFile(Movie clip, const AddManner& manner);
+  bool addLooked(Movie clip, const AddManner& manner);
+  bool addExtendedCd(Movie clip);
+  void takeTags(Movie& clip, const MediaTags& tags) const;
+  bool DidPlayAdd(Movie& clip, bool quiet);
+  [[nodiscard]] Movie newRecord(const std::string& name) const;
+  [[nodiscard]] LookAnswer look(const std::string& file);
+  std::string dvdSourceOf(const std::string& file);
+  bool refuse(const Box& box);
+  void tell(const Verdict& verdict);
+  [[nodiscard]] Box withCodec(const std::string& file, const std::string& errorText);
+  bool join(Movie clip);
+  void UpdLastRead(const std::string& folder);
+
+  Parts parts_;
   ChangePoster poster_;
+  std::string DvdSource_;
+  std::set<std::string> told_;  // captions of boxes that come once
 };
 
 }  // namespace kvo

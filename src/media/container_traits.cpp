@@ -13,6 +13,7 @@ constexpr ContainerTraits kKinds[] = {
     {.name = "avi", .numbersChunks = true, .tellsLengthOfEach = true},
     {.name = "mov", .tellsLengthOfEach = true},
     {.name = "mpeg", .beginsAnywhere = true},
+    {.name = "mpegvideo", .hasNoTimes = true},
     {.name = "mpegts", .beginsAnywhere = true, .tellsSizeLate = true},
     {.name = "aiff", .guessesSoundTimes = true},
     {.name = "au", .guessesSoundTimes = true},

@@ -18,6 +18,8 @@ struct ContainerTraits {
   bool numbersChunks = false;
   /// The times of sound are guessed from its bit rate: right for uncompressed sound only.
   bool guessesSoundTimes = false;
+  /// It has no times and no length: only counting its pictures tells how long it is.
+  bool hasNoTimes = false;
   /// It tells the length of each of its streams, and not that of the file for each.
   bool tellsLengthOfEach = false;
   /// A recording may begin inside a group of pictures, of which the first cannot be decoded: only decoding

@@ -1,5 +1,6 @@
 #include "media/media_facts.h"
 
+#include "media/facts_of.h"
 #include "media/frame_clock.h"
 #include "media/orientation.h"
 #include "media/source.h"
@@ -29,7 +30,8 @@ double containerLength(const AVFormatContext& format) {
 
 // How long there are pictures: sound may go on longer, and the container counts both.
 double pictureLength(AVFormatContext& format, const AVStream& stream, double frameRate, bool hasAudio) {
-  if ((format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0) return countedLength(format, stream, frameRate);
+  if ((format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0 || traitsOf(format).hasNoTimes)
+    return countedLength(format, stream, frameRate);
   const double unit = av_q2d(stream.time_base);
   if (stream.duration > 0 && (traitsOf(format).tellsLengthOfEach || mustDecodeForStart(format)))
     return static_cast<double>(stream.duration) * unit;
@@ -65,8 +67,10 @@ bool isOnItsSide(const std::string& path, const AVFormatContext& format, const A
 
 Result<StreamFacts> readFacts(const std::string& path) {
   auto opened = openInput(path);
-  if (!opened) return opened.error();
-  auto& format = **opened;
+  return opened ? factsOf(**opened, path) : Result<StreamFacts>(opened.error());
+}
+
+Result<StreamFacts> factsOf(AVFormatContext& format, const std::string& path) {
   StreamFacts facts;
   const int video = av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
   const int audio = av_find_best_stream(&format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
@@ -97,6 +101,7 @@ Result<StreamFacts> readFacts(const std::string& path) {
     if (facts.hasVideo && (facts.width <= 0 || facts.height <= 0))
       return Error{"the picture in " + path + " is damaged, or too large"};
     if (facts.hasVideo) facts.duration = pictureLength(format, stream, facts.frameRate, facts.hasAudio);
+    facts.wholeDuration = std::max(facts.wholeDuration, facts.duration);
     if (facts.isStill) facts.duration = facts.wholeDuration = 0;
   }
   return facts;

@@ -1,6 +1,8 @@
 // The port to the time of day and its passing.
 #pragma once
 
+#include <cstdint>
+
 namespace kvo {
 
 struct LocalTime {
@@ -20,6 +22,9 @@ class Clock {
   virtual ~Clock() = default;
 
   [[nodiscard]] virtual LocalTime now() const = 0;
+
+  /// The local time at so many seconds since the beginning of 1970.
+  [[nodiscard]] virtual LocalTime at(std::int64_t seconds) const = 0;
 
   /// Lets `milliseconds` pass, a tenth of a second or so: nothing else happens meanwhile.
   virtual void pause(int milliseconds) const = 0;

@@ -34,6 +34,10 @@ class EventLoop {
   /// Lets what is waiting run: ticks, drawing, clicks, posted work.
   virtual void yield() = 0;
 
+  /// As yield; where nothing is waiting, sleeps until something comes, `milliseconds` at most. For work that
+  /// cannot go on before it has been answered.
+  virtual void wait(int milliseconds) = 0;
+
   /// Has `work` done on the program's thread, in the order of posting, at its next yield or when it waits.
   /// From any thread. What is still waiting when the loop ends is not done.
   virtual void post(std::function<void()> work) = 0;

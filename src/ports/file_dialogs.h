@@ -38,6 +38,8 @@ class FileDialogs {
   virtual std::optional<std::string> open(const FileQuestion& question) = 0;
   /// Any number of files.
   virtual FileChoice openSeveral(const FileQuestion& question) = 0;
+  /// A folder, without a separator at its end; of the question the title and where it starts count.
+  virtual std::optional<std::string> openFolder(const FileQuestion& question) = 0;
   /// Asks about replacing a file that is there.
   virtual std::optional<std::string> save(const FileQuestion& question) = 0;
 };

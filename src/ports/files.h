@@ -5,6 +5,7 @@
 #include "base/result.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -35,6 +36,7 @@ class Replacement {
 struct FileFacts {
   std::uint64_t size = 0;    ///< bytes
   std::int64_t changed = 0;  ///< seconds since the beginning of 1970
+  bool readOnly = false;     ///< its permissions let nobody write it
 };
 
 class Files {
@@ -49,6 +51,15 @@ class Files {
 
   /// Nothing when there is no regular file of this name.
   [[nodiscard]] virtual std::optional<FileFacts> facts(const std::string& path) const = 0;
+
+  /// Calls `each` with the full path of every regular file in a folder and in those below it, in no order,
+  /// until it gives back false. What is hidden is left out, and so are folders that a link leads to. Nothing
+  /// happens for what is no folder.
+  virtual void eachBelow(const std::string& folder,
+                         const std::function<bool(const std::string& path)>& each) const = 0;
+
+  /// True when `path` is a folder.
+  [[nodiscard]] virtual bool isFolder(const std::string& path) const = 0;
 
   /// The whole file; fails beyond `limit` bytes.
   [[nodiscard]] virtual Result<std::string> read(const std::string& path, std::uint64_t limit) const = 0;

@@ -18,6 +18,7 @@ struct ProcessOrder {
   /// In a group of its own it is ended with all its children, and a terminal does not see it as part of this
   /// program's job: Ctrl-C and Ctrl-Z do not reach it. Else it shares this program's group and ends alone.
   bool ownGroup = true;
+  bool hasInput = false;  ///< what Process::write() gives comes to its standard input; else that is empty
 };
 
 struct ProcessEnd {
@@ -46,6 +47,10 @@ class Process {
   Process& operator=(const Process&) = delete;
   virtual ~Process() = default;
 
+  /// Gives bytes to the standard input of a process that has one, at once or not at all. False when it takes
+  /// no more: it has ended, or has not read what came before.
+  virtual bool write(std::string_view bytes) = 0;
+
   /// Asks it to end, and kills it when it has not a second later.
   virtual void stop() = 0;
 
@@ -60,7 +65,7 @@ class Processes {
   Processes& operator=(const Processes&) = delete;
   virtual ~Processes() = default;
 
-  /// Starts a program and goes on at once. Its standard input is empty. `loop` outlives the process. Fails
+  /// Starts a program and goes on at once. `loop` outlives the process. Fails
   /// with a line that names the program when it cannot be started.
   virtual Result<std::unique_ptr<Process>> start(EventLoop& loop, const ProcessOrder& order,
                                                  ProcessHearing hearing) = 0;

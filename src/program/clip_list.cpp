@@ -24,13 +24,28 @@ std::string listCaption(const Collection& collection) {
   return std::string(cutTo(caption, kMaxCaption));
 }
 
+ClipRow ClipList::row(const Movie& clip) const {
+  auto row = rowOf(clip, settings_);
+  row.missing = missing_.contains(clipFile(clip));
+  if (row.missing) row.length = "missing";
+  return row;
+}
+
+void ClipList::missing(std::set<std::string> paths) {
+  if (paths == missing_) return;
+  missing_ = std::move(paths);
+  auto& rows = window_.list.Fillist;
+  const int count = std::min(static_cast<int>(rows.rows().size()), collection_.MovieList.count());
+  for (int i = 1; i <= count; ++i) rows.set(static_cast<std::size_t>(i - 1), row(collection_.MovieList[i]));
+}
+
 void ClipList::fill() {
   const auto& clips = collection_.MovieList;
   std::vector<ClipRow> rows;
   rows.reserve(static_cast<std::size_t>(clips.count()));
   total_ = 0;
   for (int i = 1; i <= clips.count(); ++i) {
-    rows.push_back(rowOf(clips[i], settings_));
+    rows.push_back(row(clips[i]));
     total_ += lengthOf(clips[i], settings_).value_or(0);
   }
   window_.list.Fillist.assign(std::move(rows));
@@ -44,7 +59,7 @@ void ClipList::fill() {
 
 void ClipList::addLast() {
   const auto& clips = collection_.MovieList;
-  window_.list.Fillist.append(rowOf(clips[clips.count()], settings_));
+  window_.list.Fillist.append(row(clips[clips.count()]));
   total_ += lengthOf(clips[clips.count()], settings_).value_or(0);
   window_.list.caption = listCaption(collection_);
   countUp();
@@ -52,7 +67,7 @@ void ClipList::addLast() {
 
 void ClipList::renew(int number) {
   const auto& clip = collection_.MovieList[number];
-  window_.list.Fillist.set(static_cast<std::size_t>(number - 1), rowOf(clip, settings_));
+  window_.list.Fillist.set(static_cast<std::size_t>(number - 1), row(clip));
   if (number == collection_.icurMov) tell(clip);
 }
 

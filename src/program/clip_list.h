@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -33,6 +34,12 @@ class ClipList {
 
   /// Clip `number` has other values.
   void renew(int number);
+
+  /// The files that are not there: their clips say so.
+  void missing(std::set<std::string> paths);
+
+  /// The clip that comes in hand next is told of, even if it is the one that was.
+  void forgetLoaded() { inHand_ = nullptr; }
 
   /// Makes clip `number` the one in hand and the only one that is chosen; 0 is the first. Numbers that are
   /// not there change nothing.
@@ -63,6 +70,7 @@ class ClipList {
     std::optional<StreamFacts> facts;
   };
 
+  [[nodiscard]] ClipRow row(const Movie& clip) const;
   void countUp();
   const StreamFacts* factsOf(const Movie& clip);
   void tell(const Movie& clip);
@@ -74,6 +82,7 @@ class ClipList {
   const Movie* told_ = nullptr;    // the clip in hand, while what is told of it is no other's
   double total_ = 0;               // seconds, of all clips
   KnownFile known_;
+  std::set<std::string> missing_;
   std::function<void(int)> whenInHand_ = [](int) {};
   std::function<void(const std::string&)> whenUnknown_ = [](const std::string&) {};
 };

@@ -59,9 +59,11 @@ bool CollectionCommands::empty() {
   }
   collection_.clearLists();
   collection_.kind = CollectionKind::Plain;
+  collection_.isPortable = false;
   collection_.becomeUntitled(ports_.folder);
   ClearDirtyFlags(collection_, settings_);
   history_.clear();
+  list_.missing({});
   list_.fill();
   list_.show();
   window_.face.caption = LoadResString(349);
@@ -137,6 +139,7 @@ bool CollectionCommands::openFirst(const std::string& path) {
 void CollectionCommands::settle(const ReadReport& report, const std::string& path) {
   ClearDirtyFlags(collection_, settings_);
   history_.clear();
+  list_.missing({report.missingFiles.begin(), report.missingFiles.end()});
   if (report.end == ReadEnd::Done) {
     collection_.IniName = fileNamePart(path);
     collection_.IniFullPath = path;

@@ -54,7 +54,8 @@ ReadReport CollectionStore::ReadINI(const std::string& fileName, const ReadOptio
 
   collection_.clearLists();
   collection_.kind = CollectionKind::Plain;
-  collection_.filesMissing = false;
+  collection_.filesMissing = collection_.isPortable = false;
+  names_.begin(std::string(folderPart(path)));
   if (options.watch != nullptr) options.watch->begins();
   const bool needsRewrite = takeHead(text);
   takeAnimations(reader);
@@ -63,8 +64,8 @@ ReadReport CollectionStore::ReadINI(const std::string& fileName, const ReadOptio
   giveMissingKeys();
   if (report.end != ReadEnd::Done) return report;
 
-  const auto gone = report.skippedClips.size() + (options.keepMissingClips ? 0 : report.missingFiles.size());
-  const int clips = collection_.MovieList.count() + static_cast<int>(gone);
+  const int gone = static_cast<int>(report.skippedClips.size()) + report.removedClips;
+  const int clips = collection_.MovieList.count() + gone;
   report.unreadClips = std::max(0, text.clipSections - clips);
   report.unreadKeyframes = std::max(0, text.keyframeSections - collection_.KeyframeList.count());
   if (needsRewrite && options.mayRewrite) rewrite(path, reader, report, options);
@@ -128,6 +129,7 @@ void CollectionStore::takeAnimations(CollectionReader& reader) {
 
 void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& options, ReadReport& report) {
   const int count = reader.facts().clips;
+  bool keepsMissing = options.keepMissingClips;
   for (int i = 1; i <= count; ++i) {
     if (shownAndAborted(options, "Loading Clip ", i, count)) {
       report.end = ReadEnd::Aborted;
@@ -144,16 +146,25 @@ void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& opt
       report.skippedClips.push_back(next.number);
       continue;
     }
+    const auto placed = names_.placeOf(clip.Path());
+    collection_.isPortable |= placed != clip.Path();
+    clip.Path(placed);
     if (!names_.findClip(next)) {
       report.missingFiles.push_back(clipFile(clip));
-      collection_.filesMissing = true;
-      if (!options.keepMissingClips) {
-        if (askAboutMissing(clip)) continue;
+      const auto answer = keepsMissing ? Answer::No : askAboutMissing(clip);
+      collection_.filesMissing |= answer != Answer::No;
+      keepsMissing = answer == Answer::No;
+      if (answer == Answer::Cancel) {
         report.end = ReadEnd::Cancelled;
         return;
       }
+      if (answer != Answer::No) {
+        ++report.removedClips;
+        continue;
+      }
     }
     names_.findOthers(next);
+    clip.SrcPath(names_.placeOf(clip.SrcPath()));
     collection_.MovieList.add(std::move(clip)).listener(&poster_);
   }
 }
@@ -177,14 +188,18 @@ void CollectionStore::takeKeyframes(CollectionReader& reader, const ReadOptions&
   }
 }
 
-bool CollectionStore::askAboutMissing(const Movie& clip) {
+// Yes takes the clip out; No keeps it, and all others like it, to be found elsewhere.
+Answer CollectionStore::askAboutMissing(const Movie& clip) {
   const auto text = lines(
       {"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
        std::string("File Name = ").append(cutTo(clip.MovieName(), 20)),
        "Click OK to continue loading the collection and all",
        "missing files will be removed or Cancel to abort", "and no changes will be made to the collection"});
-  return boxes_.show({"KVO5 - File or Drive not found ", text, BoxButtons::OkCancel, BoxIcon::Question}) ==
-         Answer::Ok;
+  return boxes_.show({.caption = "KVO5 - File or Drive not found ",
+                      .text = text,
+                      .buttons = BoxButtons::YesNoCancel,
+                      .icon = BoxIcon::Question,
+                      .renamed = {{"Yes", "OK"}, {"No", "Keep All"}}});
 }
 
 // A clip that was saved without a key gets one, now that all keys of the file are known.

@@ -93,7 +93,7 @@ bool CollectionStore::WriteINI(std::string folder, const std::string& file, bool
   auto out = files_.replace(path);
   if (!out) return failWrite("Sec 2", out.error().text);
   std::vector<std::string> changedTexts;
-  if (auto written = writeBlocks(**out, quiet ? nullptr : watch, step, changedTexts); !written)
+  if (auto written = writeBlocks(**out, folder, quiet ? nullptr : watch, step, changedTexts); !written)
     return failWrite(step, written.error().text);
   const auto changes = keepAhead(path, changedTexts);
   if (!changes) return failWrite(step, changes.error().text);
@@ -135,20 +135,21 @@ bool CollectionStore::isWritten(const std::string& path, const std::string& give
          failCheck("<<Warning006>> - WriteINI - Failed to retrieve written Integrity value ");
 }
 
-Outcome CollectionStore::writeBlocks(Replacement& out, LoadWatch* watch, std::string_view& step,
-                                     std::vector<std::string>& changedTexts) {
+Outcome CollectionStore::writeBlocks(Replacement& out, const std::string& folder, LoadWatch* watch,
+                                     std::string_view& step, std::vector<std::string>& changedTexts) {
   PrintTo file(out);
   step = "Sec 3";
   fillUnset(settings_, collection_, &poster_);
   const int clips = collection_.MovieList.count();
-  auto done = print(settings_, collection_, [&](const PrintedBlock& block) {
+  const auto take = [&](const PrintedBlock& block) {
     if (watch != nullptr && block.clip > 0 && block.clip % kShowSaveEvery == 0)
       watch->status("Saving Clip " + std::to_string(block.clip) + " of " + std::to_string(clips), block.clip,
                     clips);
     step = block.step;
     changedTexts.insert(changedTexts.end(), block.changed.begin(), block.changed.end());
     return file.print(block.text);
-  });
+  };
+  auto done = print(settings_, collection_, take, collection_.isPortable ? folder : std::string());
   return done ? file.flush() : done;
 }
 

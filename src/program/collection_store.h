@@ -88,7 +88,7 @@ class CollectionStore {
   void takeKeyframes(CollectionReader& reader, const ReadOptions& options, ReadReport& report);
   void tellUnreadable(const ReadReport& report, const std::string& path);
   void tellMissing(std::string_view section);
-  bool askAboutMissing(const Movie& clip);
+  Answer askAboutMissing(const Movie& clip);
   void giveMissingKeys();
 
   void replaceUnreadable(const std::string& fileName, const Error& why);
@@ -97,7 +97,7 @@ class CollectionStore {
   Result<std::string> keepCopy(const std::string& fileName);
   [[nodiscard]] std::string freeCopyName(const std::string& fileName, const std::string& bytes) const;
 
-  Outcome writeBlocks(Replacement& out, LoadWatch* watch, std::string_view& step,
+  Outcome writeBlocks(Replacement& out, const std::string& folder, LoadWatch* watch, std::string_view& step,
                       std::vector<std::string>& changedTexts);
   Result<std::string> keepAhead(const std::string& path, const std::vector<std::string>& changedTexts);
   bool isWritten(const std::string& path, const std::string& given);

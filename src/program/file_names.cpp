@@ -8,6 +8,8 @@
 namespace kvo {
 namespace {
 
+constexpr std::string_view kPortable = "./";
+
 // What a row may mean where it names a file, the likeliest first: its bytes as they stand, to the end of the
 // line, ahead of what the platform's reading makes of them.
 std::vector<std::string> meaningsOf(const SectionRow& row) {
@@ -29,12 +31,17 @@ std::string_view FileNames::headText(const SettingRow& row, const SectionRow& re
   return files_.exists(name) || files_.exists(folder_.beside("\\" + name)) ? bytes : read.value;
 }
 
+std::string FileNames::placeOf(std::string_view folder) const {
+  return folder.starts_with(kPortable) ? collectionFolder_ + std::string(folder.substr(kPortable.size()))
+                                       : std::string(folder);
+}
+
 bool FileNames::find(std::string& folder, std::string& name, const SectionRow& folderRow,
                      const SectionRow& nameRow) const {
   std::vector<std::string> folders;
-  for (const auto& meaning : meaningsOf(folderRow)) folders.push_back(folderOf(meaning, folder_));
-  if (folderRow.value != folders.back()) folders.emplace_back(folderRow.value);
-  if (folder != folders.back()) folders.push_back(folder);
+  for (const auto& meaning : meaningsOf(folderRow)) folders.push_back(placeOf(folderOf(meaning, folder_)));
+  for (const auto& text : {std::string(folderRow.value), folder})
+    if (auto place = placeOf(text); place != folders.back()) folders.push_back(std::move(place));
   for (const auto& f : folders) {
     for (const auto& meaning : meaningsOf(nameRow)) {
       const auto n = fileNamePart(meaning);

@@ -7,12 +7,18 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kvo {
 
 class FileNames {
  public:
   FileNames(const Files& files, const ProgramFolder& folder) : files_(files), folder_(folder) {}
+
+  /// Where a folder that begins with "./" begins: the folder of the collection that is read, with a separator
+  /// at its end.
+  void begin(std::string collectionFolder) { collectionFolder_ = std::move(collectionFolder); }
+  [[nodiscard]] std::string placeOf(std::string_view folder) const;
 
   /// A row's text, or its bytes where it is no UTF-8 and they name something that is there.
   [[nodiscard]] std::string_view headText(const SettingRow& row, const SectionRow& read) const;
@@ -33,6 +39,7 @@ class FileNames {
  private:
   const Files& files_;
   const ProgramFolder& folder_;
+  std::string collectionFolder_;
 };
 
 }  // namespace kvo

@@ -105,6 +105,16 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
   return true;
 }
 
+bool History::replace(const CommandPass& pass, std::string name, std::vector<std::pair<int, Movie>> values) {
+  if (!pass || values.empty() || !has(values.front().first) || !has(values.back().first)) return false;
+  keep(apply({.name = std::move(name),
+              .values = std::move(values),
+              .loadsAnew = true,
+              .chosen = window_.list.chosen,
+              .inHand = collection_.icurMov}));
+  return true;
+}
+
 bool History::add(const CommandPass& pass, const std::function<void()>& additions, int before) {
   if (!pass) return false;
   const int there = collection_.MovieList.count();
@@ -132,6 +142,7 @@ ListStep History::apply(ListStep step) {
   auto& clips = collection_.MovieList;
   ListStep inverse{.name = step.name,
                    .changeCode = step.changeCode,
+                   .loadsAnew = step.loadsAnew,
                    .leadsToSaved = !settings_.state.ListIsDirty,
                    .chosen = window_.list.chosen,
                    .inHand = collection_.icurMov};
@@ -152,13 +163,14 @@ ListStep History::apply(ListStep step) {
   settings_.state.postChange(step.changeCode, step.changeCode);
   if (inverse.values.empty()) list_.fill();
   for (const auto& [number, clip] : inverse.values) list_.renew(number);
-  const bool stays = step.inHand == inverse.inHand && inverse.values.size() == 1 &&
+  const bool stays = !step.loadsAnew && step.inHand == inverse.inHand && inverse.values.size() == 1 &&
                      inverse.values.front().first == inverse.inHand;
   if (stays) {
     if (!step.chosen.empty()) window_.list.chosen = std::move(step.chosen);
     window_.list.rename = false;
     whenEdited_(inverse.inHand);
   } else {
+    if (step.loadsAnew) list_.forgetLoaded();
     list_.choose(std::move(step.chosen), std::clamp(step.inHand, 0, clips.count()));
     list_.show();
   }

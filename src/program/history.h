@@ -27,6 +27,7 @@ struct ListStep {
   std::vector<std::pair<int, Movie>> values{};  ///< of clips by their numbers
 
   Integer changeCode = 99;    ///< what the editor hears: 96 of marks, 99 of the list, 0 of nothing
+  bool loadsAnew = false;     ///< the clip in hand is loaded anew
   bool leadsToSaved = false;  ///< the list is then as its file has it
   std::vector<int> chosen{};  ///< afterwards
   int inHand = 0;             ///< likewise
@@ -58,6 +59,10 @@ class History {
   /// step.
   bool edit(const CommandPass& pass, std::string name, int number, Integer changeCode,
             const std::function<void(Movie&)>& change, std::string_view series = {});
+
+  /// Gives clips other values, by their numbers, in one step. The clip in hand is loaded anew where it is
+  /// among them.
+  bool replace(const CommandPass& pass, std::string name, std::vector<std::pair<int, Movie>> values);
 
   /// Lets `additions` put clips at the end, and brings them ahead of clip `before`, or leaves them there for
   /// 0. All of it is one step.

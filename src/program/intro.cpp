@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "core/records/media_kinds.h"
+#include "intake/folders.h"
 
 namespace kvo {
 Intro::Intro(const ProgramParts& parts) : parts_(parts) {
@@ -44,11 +45,9 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
   parts_.settings.state.AllDetOff = true;
   bool added = false;
   if (isNamed_) {
-    added = parts_.history.add(CommandPass(parts_.window), [&] {
-      parts_.refusals.together([&] {
-        for (const auto& file : named) parts_.intake.AddMoviesm(file);
-      });
-    });
+    const auto clips = withClipsOfFolders(named, parts_.files, [] { return true; });
+    added = parts_.history.add(CommandPass(parts_.window),
+                               [&] { parts_.refusals.together([&] { parts_.intake.add(clips, {}); }); });
   } else {
     parts_.window.face.controlsEnabled = false;
     added = addIntro();
@@ -74,7 +73,8 @@ bool Intro::addIntro() {
   const auto name = parts_.settings.preferences().DefaultStartupVid;
   const auto lastFolder = parts_.settings.preferences().LoadFrom;
   const auto before = parts_.settings.state;
-  const bool added = parts_.intake.AddMoviesm(isAddress(name) ? name : parts_.folder.beside(name));
+  const bool added =
+      parts_.intake.AddMoviesm(isAddress(name) ? name : parts_.folder.beside(name), {.quiet = true});
   parts_.settings.change().LoadFrom = lastFolder;
   parts_.settings.state = before;
   if (added) intro_ = &parts_.collection.MovieList[parts_.collection.MovieList.count()];

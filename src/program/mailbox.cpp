@@ -2,6 +2,9 @@
 
 #include "base/text.h"
 #include "core/telling/messages.h"
+#include "intake/clip_names.h"
+#include "intake/folders.h"
+#include "intake/refusals.h"
 
 #include <algorithm>
 
@@ -9,6 +12,7 @@ namespace kvo {
 namespace {
 
 constexpr int kMailboxInterval = 200;  // milliseconds
+constexpr int kDrawInterval = 40;      // milliseconds between two looks at what the user does
 
 std::vector<std::string> linesOf(std::string_view text) {
   std::vector<std::string> lines;
@@ -57,47 +61,73 @@ void Mailbox::takeHandover(const std::string& text) {
 
 void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
   StartCommand command;
+  bool unmapped = false;
   for (const auto& path : paths) {
-    if (namesCollection(path)) {
+    if (isUnmapped(path)) {
+      unmapped = true;
+    } else if (namesCollection(path)) {
       command.collection = path;
     } else {
       command.clips.push_back(path);
     }
   }
+  if (unmapped) parts_.boxes.show(refusedUnmapped(true));
   std::sort(command.clips.begin(), command.clips.end(), naturalLess);  // a file manager has no order
   take(command, before);
 }
 
-// Of several it is told which one is at work, and a click leaves out the rest.
-void Mailbox::add(const std::vector<std::string>& clips) {
-  auto& progress = parts_.window.progress;
-  progress.total = static_cast<int>(clips.size());
-  parts_.refusals.together([&] {
-    for (const auto& clip : clips) {
-      ++progress.done;
-      if (progress.total > 1) {
-        progress.status = std::string(LoadResString(390)) + std::to_string(progress.done) + " of " +
-                          std::to_string(progress.total);
-        progress.status.append(LoadResString(391)).append(kCrLf).append(clip);
-        progress.abortText = LoadResString(341);
-        parts_.loop.yield();
-      }
-      if (progress.abortClicked) break;
-      parts_.intake.AddMoviesm(clip);
-    }
-    progress = {};
-  });
+void Mailbox::takeAddress(const std::string& address, const AddManner& manner) {
+  StartCommand command;
+  command.clips = {address};
+  take(command, 0, manner);
 }
 
-void Mailbox::take(const StartCommand& command, int before) {
+// A folder may be large: the window goes on while it is searched, and a click ends the search.
+std::vector<std::string> Mailbox::clipsOf(const std::vector<std::string>& names) {
+  auto& progress = parts_.window.progress;
+  auto drawn = parts_.loop.now();
+  auto clips = withClipsOfFolders(names, parts_.files, [&] {
+    if ((parts_.loop.now() - drawn).count() < kDrawInterval) return true;
+    progress.status = LoadResString(387);
+    progress.abortText = LoadResString(341);
+    parts_.loop.yield();
+    drawn = parts_.loop.now();
+    return !progress.abortClicked;
+  });
+  if (progress.abortClicked) clips.clear();
+  progress = {};
+  return clips;
+}
+
+void Mailbox::take(const StartCommand& command, int before, const AddManner& manner) {
   if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return;
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return;
   intro_.leave();
+  if (guard_) guard_->player.beforeAdding();
   const bool added = parts_.history.add(
-      pass, [&] { add(command.clips); }, before);
+      pass, [&] { parts_.refusals.together([&] { parts_.intake.add(clipsOf(command.clips), manner); }); },
+      before);
   parts_.list.show();
-  if (added) parts_.list.PreviewMovie(parts_.collection.icurMov);
+  if (added) return show(pass);
+  if (guard_) guard_->player.nothingAdded();
+}
+
+void Mailbox::show(const CommandPass& pass) {
+  const int number = parts_.collection.icurMov;
+  const auto load = [&] { parts_.list.PreviewMovie(number); };
+  if (!guard_) return load();
+  const auto file = clipFile(parts_.collection.MovieList[number]);
+  switch (guardLoad(guard_->player, file, load, parts_.boxes, guard_->log)) {
+    case GuardedLoad::Done:
+      return;
+    case GuardedLoad::Refused:
+      parts_.history.remove(pass, {number});
+      return;
+    case GuardedLoad::Fatal:
+      parts_.settings.state.IsDirty = false;
+      return guard_->endProgram();
+  }
 }
 
 }  // namespace kvo

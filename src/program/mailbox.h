@@ -2,11 +2,16 @@
 // drops or chooses.
 #pragma once
 
+#include "core/telling/error_log.h"
+#include "intake/load_check.h"
 #include "program/intro.h"
 #include "program/start_command.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -18,6 +23,14 @@ class Mailbox {
   /// Who plays what is handed over.
   void transport(TransportCommands& transport) { transport_ = &transport; }
 
+  /// What stands about the load of clips that have been added. `endProgram` does not save.
+  struct Guard {
+    LoadCheck& player;
+    ErrorLog& log;
+    std::function<void()> endProgram;
+  };
+  void guard(Guard guard) { guard_.emplace(std::move(guard)); }
+
   /// From now on what other copies hand over is taken, five times a second. Their file names begin at
   /// `workingFolder`.
   void open(const std::string& workingFolder);
@@ -25,18 +38,23 @@ class Mailbox {
 
   /// Files that the user drops or chooses: a collection takes the place of the one that is open, unsaved
   /// changes being asked about; everything else is added in the order of names, ahead of clip `before` or,
-  /// for 0, at the end.
+  /// for 0, at the end. Of a folder the clips in it are. What lies in a network and has no path is refused.
   void takeFiles(const std::vector<std::string>& paths, int before = 0);
+
+  /// An address that the user types.
+  void takeAddress(const std::string& address, const AddManner& manner);
 
  private:
   void look();
   void takeHandover(const std::string& text);
-  void take(const StartCommand& command, int before = 0);
-  void add(const std::vector<std::string>& clips);
+  void take(const StartCommand& command, int before = 0, const AddManner& manner = {});
+  std::vector<std::string> clipsOf(const std::vector<std::string>& names);
+  void show(const CommandPass& pass);
 
   ProgramParts parts_;
   Intro& intro_;
   TransportCommands* transport_ = nullptr;
+  std::optional<Guard> guard_;
   std::string workingFolder_;
   std::unique_ptr<Timer> timer6_;
 };

@@ -38,6 +38,7 @@ struct ClipRow {
   std::string name;
   std::string length;  ///< "2:33"; empty when it is not known
   ClipKind kind = ClipKind::Video;
+  bool missing = false;  ///< its file is not there; the length says so
   bool operator==(const ClipRow&) const = default;
 };
 

@@ -1,8 +1,11 @@
 #include "program/media_commands.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "core/telling/messages.h"
+#include "intake/clip_names.h"
+#include "intake/refusals.h"
 
 #include <algorithm>
 #include <string_view>
@@ -20,7 +23,7 @@ constexpr std::string_view kFilters =
     "*.vcr;*.swf;autorun.inf;*.SDP|"
     "All supported Audio Files "
     "|*.wma;*.wax;*.cda;*.mp3;*mp2;*.wax;*.cda;*.mid;*.wav;autorun.inf;*.aif;*.aiff|"
-    "All supported Still Files |*.jpg;*.bmp;*.gif;*.pcx|All Files (*.*)|*|"
+    "All supported Still Files |*.jpg;*.bmp;*.gif;*.pcx|All Files (*.*)|*.*|"
     "Avi Files (*.Avi)|*.Avi|Mpg Files (*.Mpg;*.m1v;*.m2p)|*.Mpg;*.mpeg;*.m2p;*.m2v;*.m1v|"
     "Mov Files (*.Mov)|*.Mov|MP3 Files (*.Mp3)|*.Mp3|MP2 Files (*.Mp2)|*.Mp2|Audio CD Files (*.Cda)|*.CDA|"
     "Extended Audio CD's (autorun.inf)|autorun.inf|Aif Files (*.Aif)|*.Aif|"
@@ -33,6 +36,15 @@ constexpr std::string_view kFilters =
     "Mid Files (*.Mid)|*.Mid|Wav Files (*.Wav)|*.Wav|Html Files (*.html)|*.html;*.htm;*.shtml|QT Files "
     "(*.QT)|*.QT";
 
+constexpr Long kUsesWithHint = 30;
+
+std::string streamHint() {
+  std::string text;
+  for (const int line : {374, 375, 376, 377})
+    text.append(text.empty() ? "" : kCrLf).append(LoadResString(line));
+  return text;
+}
+
 std::string_view nextPart(std::string_view& text) {
   const auto end = std::min(text.find('|'), text.size());
   const auto part = text.substr(0, end);
@@ -44,7 +56,8 @@ std::vector<FileFilter> mediaFilters() {
   std::vector<FileFilter> filters;
   for (auto text = kFilters; !text.empty();) {
     const auto name = nextPart(text);
-    filters.push_back({std::string(name), replaced(nextPart(text), ";", " ")});
+    const auto patterns = nextPart(text);
+    filters.push_back({std::string(name), patterns == "*.*" ? "*" : replaced(patterns, ";", " ")});
   }
   for (const auto& kind : mediaKinds()) {
     const std::size_t first = kind.mediaClass == MediaClass::Video   ? 0
@@ -67,7 +80,31 @@ void MediaCommands::AddMedia() {
                                          LastFilterIndex_});
     LastFilterIndex_ = choice.filter;
   }
+  if (std::any_of(choice.paths.begin(), choice.paths.end(), isUnmapped)) {
+    ports_.boxes.show(refusedUnmapped(false));
+    return;
+  }
   mailbox_.takeFiles(choice.paths);
+}
+
+void MediaCommands::AddWebPage() { takeTyped(260, 259, {.IsWebPageAdd = true}); }
+
+void MediaCommands::ViewStream() {
+  if (const CommandPass pass(window_); pass && settings_.preferences().NoofUses < kUsesWithHint)
+    ports_.boxes.show({std::string(LoadResString(378)), streamHint()});
+  takeTyped(380, 379, {});
+}
+
+void MediaCommands::takeTyped(int title, int prompt, const AddManner& manner) {
+  std::string address;
+  if (const CommandPass pass(window_); pass)
+    address = ports_.questions.ask(std::string(LoadResString(title)), std::string(LoadResString(prompt)))
+                  .value_or("");
+  if (address.empty()) return;
+  // A page by its host's name alone.
+  if (manner.IsWebPageAdd && !isAddress(address) && !address.starts_with(kSeparator))
+    address.insert(0, "http://");
+  mailbox_.takeAddress(address, manner);
 }
 
 std::string mediaFolder(const KVO2& settings, const Desktop& desktop) {

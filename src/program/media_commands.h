@@ -1,8 +1,9 @@
-// The command that adds media which the user chooses.
+// The commands that add what the user chooses or types.
 #pragma once
 
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
+#include "ports/text_questions.h"
 #include "program/mailbox.h"
 
 #include <cstddef>
@@ -15,6 +16,8 @@ class MediaCommands {
   struct Ports {
     FileDialogs& dialogs;
     Desktop& desktop;
+    TextQuestions& questions;
+    MessageBoxes& boxes;
   };
 
   MediaCommands(const Ports& ports, const KVO2& settings, MainWindowState& window, Mailbox& mailbox)
@@ -24,7 +27,15 @@ class MediaCommands {
   /// first.
   void AddMedia();
 
+  /// Asks for an address and adds it as a page.
+  void AddWebPage();
+
+  /// Asks for an address and adds it as a stream. Users of less than 30 starts are told what to type.
+  void ViewStream();
+
  private:
+  void takeTyped(int title, int prompt, const AddManner& manner);
+
   static constexpr std::size_t kAllFiles = 3;  // among the filters: clips, stills and music go in together
 
   Ports ports_;

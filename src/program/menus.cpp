@@ -104,10 +104,26 @@ MenuEntry MainMenu::addMedia() {
 
 Entries MainMenu::collectionEntries(Files files) {
   auto& collections = parts_.collections;
-  return {{{MenuCommand::New}, "&New", "Ctrl+N", true, [&] { collections.New(); }},
-          {{MenuCommand::mnu_LoadShow}, "&Open...", "Ctrl+O", true, [&] { collections.Open(); }},
-          submenu("Open &Recent", files == Files::With ? recentEntries() : Entries()),
-          {{MenuCommand::mnu_SaveShow}, "&Save...", "Ctrl+S", true, [&] { collections.Save(); }}};
+  Entries entries{
+      {{MenuCommand::New}, "&New", "Ctrl+N", true, [&] { collections.New(); }},
+      {{MenuCommand::mnu_LoadShow}, "&Open...", "Ctrl+O", true, [&] { collections.Open(); }},
+      submenu("Open &Recent", files == Files::With ? recentEntries() : Entries()),
+      {{MenuCommand::mnu_SaveShow}, "&Save...", "Ctrl+S", true, [&] { collections.Save(); }},
+      {},
+      {{MenuCommand::AddWebPage}, "Add &Web Page...", "", true, [this] { parts_.media.AddWebPage(); }},
+      {{MenuCommand::ViewStream}, "&View Stream...", "", true, [this] { parts_.media.ViewStream(); }}};
+  if (doors_.findMissing)
+    addGroup(entries, {{{MenuCommand::FindMissing},
+                        "&Find Missing Files...",
+                        "",
+                        parts_.window.listKeys.Cross,
+                        doors_.findMissing}});
+  if (doors_.makePortable) {
+    const bool now = doors_.isPortable();
+    entries.push_back(ticked(MenuCommand::Portable, "&Portable (files named from the collection's folder)",
+                             now, true, [this, now] { doors_.makePortable(!now); }));
+  }
+  return entries;
 }
 
 Entries MainMenu::recentEntries() {

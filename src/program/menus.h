@@ -24,6 +24,10 @@ enum class MenuCommand {
   Recent,  ///< `which`: its place, from 0
   mnu_SaveShow,
   AddMedia,
+  AddWebPage,
+  ViewStream,
+  FindMissing,
+  Portable,
   Exit,
   Undo,
   Redo,
@@ -90,6 +94,9 @@ struct MenuDoors {
   std::function<void()> fullPicture{};     ///< the picture alone on the whole screen, and back
   std::function<std::vector<MediaTrack>()> tracks{};  ///< of the clip in hand
   std::function<void(MediaTrack::Kind, int)> chooseTrack{};
+  std::function<void()> findMissing{};         ///< files of clips that are not there
+  std::function<bool()> isPortable{};          ///< the collection names its files from its own folder on
+  std::function<void(bool)> makePortable{};    ///< from the next save on
   std::function<void()> captions{};            ///< the setting says whether they are shown
   std::function<void(MenuCommand)> ordered{};  ///< this tick of those that steer playing is another now
   std::function<void(bool)> resetMark{};       ///< of the clip in hand: true Mark-In, false Mark-Out

@@ -33,7 +33,8 @@ StartCommand readStartCommand(const std::vector<std::string>& arguments, const F
     }
     if (raw.empty()) continue;
     auto name = absoluteName(raw, workingFolder);
-    const bool thereOrTrusted = isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(name);
+    const bool thereOrTrusted =
+        isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(name) || files.isFolder(name);
     if (!thereOrTrusted) continue;
     if (namesCollection(name)) {
       command.collection = std::move(name);

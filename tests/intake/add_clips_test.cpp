@@ -1,29 +1,362 @@
-// Media files becoming clip records.
+// Names, files and addresses becoming clip records, or being refused.
 #include "intake/add_clips.h"
 
-#include "support/fakes.h"
+#include "core/telling/messages.h"
+#include "intake/clip_names.h"
+#include "intake/folders.h"
+#include "intake/intake_bench.h"
+#include "intake/load_check.h"
 
-#include <set>
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-struct IntakeBench : test::Bench {
-  int lastAdded = 0;
-  AddClips intake{
-      {files, clock, boxes, streams}, settings, collection, [this](int number) { lastAdded = number; }};
+using test::IntakeBench;
+using Names = std::vector<std::string>;
 
-  Movie& added(const std::string& path, const StreamFacts& facts) {
-    streams.all[path] = facts;
-    EXPECT_TRUE(intake.AddMoviesm(path)) << path;
-    EXPECT_EQ(lastAdded, collection.MovieList.count());
-    return collection.MovieList[collection.MovieList.count()];
+const StreamFacts kFilm{.hasVideo = true,
+                        .hasAudio = true,
+                        .width = 640,
+                        .height = 480,
+                        .frameRate = 25,
+                        .sampleRate = 48000,
+                        .channels = 2,
+                        .wholeDuration = 4,
+                        .duration = 4};
+const StreamFacts kSound{.hasAudio = true, .sampleRate = 44100, .wholeDuration = 3, .duration = 3};
+const StreamFacts kStillPicture{.hasVideo = true, .isStill = true, .width = 320, .height = 200};
+
+TEST(ClipNames, ATextNamesAFileSeveralOrAnAddress) {
+  test::MemoryFiles files;
+  files.all["/v/two  blanks \"quoted\".avi"] = "x";
+  const struct {
+    std::string text;
+    Names names;
+  } rows[] = {
+      {"/v/a.avi", {"/v/a.avi"}},
+      {"\"/v/a b.avi\"", {"/v/a b.avi"}},
+      {"http://h/a b.asx", {"http://h/a b.asx"}},
+      {"", {}},
+      {"/v/two  blanks \"quoted\".avi", {"/v/two  blanks \"quoted\".avi"}},
+      {"/v  \"b.avi\" \"a c.avi\"", {"/v/b.avi", "/v/a c.avi"}},
+      {std::string("/v/\0b.avi\0a.avi\0", 15), {"/v/b.avi", "/v/a.avi"}},
+  };
+  for (const auto& row : rows) EXPECT_EQ(namesIn(row.text, files), row.names) << row.text;
+}
+
+TEST(ClipNames, TracksComeFirstByTheirNumbersAndNamesBecomeWords) {
+  Names tracks{"/m/Track10.cda", "/v/a.avi", "/m/track03.CDA", "/m/Track01.cda"};
+  OrderCDATrackList(tracks);
+  EXPECT_EQ(tracks, (Names{"/m/Track01.cda", "/m/track03.CDA", "/m/Track10.cda", "/v/a.avi"}));
+  EXPECT_EQ(SmartName("my+holiday%202.avi"), "my holiday 2");
+  EXPECT_EQ(SmartName("a%0Ab%zz++c%00.x.mpg"), "a b%zz c .x");
+  EXPECT_TRUE(isUnmapped("\\\\server\\share\\a.avi") && isUnmapped("SMB://server/a.avi"));
+  EXPECT_FALSE(isUnmapped("/net/server/a.avi") || isUnmapped("http://server/a.avi"));
+}
+
+TEST(ClipNames, OfAFolderTheClipsAre) {
+  test::MemoryFiles files;
+  for (const auto* name : {"/v/f/b 10.avi", "/v/f/b 2.avi", "/v/f/deep/c.JPEG", "/v/f/notes.txt",
+                           "/v/f/x.zip", "/v/f/Holiday.INI", "/v/f/page.html", "/v/other.avi"})
+    files.all[name] = "x";
+  EXPECT_EQ(withClipsOfFolders({"/v/z.txt", "/v/f", "/v/other.avi"}, files, [] { return true; }),
+            (Names{"/v/z.txt", "/v/f/b 2.avi", "/v/f/b 10.avi", "/v/f/deep/c.JPEG", "/v/other.avi"}));
+  EXPECT_LE(withClipsOfFolders({"/v/f"}, files, [] { return false; }).size(), 1U);
+}
+
+TEST(AddClips, TheNameAndWhatIsInTheFileTellWhatTheRecordHolds) {
+  auto silent = kFilm;
+  silent.hasAudio = false;
+  auto endless = kFilm;
+  endless.duration = endless.wholeDuration = 0;
+  const struct {
+    const char* name;
+    StreamFacts facts;
+    const char* resolution;
+    const char* length;
+    const char* frames;
+    bool still;
+    bool sound;
+  } rows[] = {
+      {"a.mp4", kFilm, "640 x 480", "4", "100", false, true},
+      {"a.mp4", kSound, "44.1 KHz", "3", "N/A", false, true},
+      {"a.avi", silent, "640 x 480", "4", "100", false, false},
+      {"a.M1V", kFilm, "640 x 480", "4", "100", false, false},
+      {"a.ogg", kFilm, "640 x 480", "4", "100", false, true},
+      {"a.wma", kFilm, "48 KHz", "4", "N/A", false, true},
+      {"a.flac", kSound, "44.1 KHz", "3", "N/A", false, true},
+      {"a.jpeg", kStillPicture, "320 x 200", "N/A", "N/A", true, false},
+      {"a.webp", kStillPicture, "320 x 200", "N/A", "N/A", true, false},
+      {"renamed.avi", kStillPicture, "320 x 200", "N/A", "N/A", true, false},
+      {"a.tiff", kStillPicture, "320 x 200", "N/A", "N/A", true, false},
+      {"a.gif", silent, "640 x 480", "N/A", "N/A", true, false},
+      {"a.ico", endless, "640 x 480", "N/A", "N/A", true, false},
+      {"a.flc", silent, "640 x 480", "4", "100", false, false},
+  };
+  for (const auto& row : rows) {
+    IntakeBench b;
+    b.put(std::string("/v/") + row.name, {row.facts});
+    const auto* clip = b.add(std::string("/v/") + row.name);
+    ASSERT_NE(clip, nullptr) << row.name << b.box();
+    EXPECT_EQ(clip->Resolution().text(), row.resolution) << row.name;
+    EXPECT_EQ(clip->DurationTime().text(), row.length) << row.name;
+    EXPECT_EQ(clip->LoopEnd().text(), row.length) << row.name;
+    EXPECT_EQ(clip->LoopStart().text() + clip->Size() + clip->FType(), "010Document") << row.name;
+    EXPECT_EQ(clip->DurationFrames().text(), row.frames) << row.name;
+    EXPECT_EQ(clip->IsStill(), row.still) << row.name;
+    EXPECT_EQ(clip->HasAudio(), row.sound) << row.name;
+    EXPECT_EQ(clip->RenderAudio(), row.sound) << row.name;
+    EXPECT_EQ(clip->StillW(), row.still ? row.facts.width : 0) << row.name;
+    EXPECT_TRUE(b.boxes.shown.empty()) << row.name << b.box();
+    EXPECT_EQ(b.settings.state.ObjectChange, 99);
   }
-};
+}
 
-TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwn) {
+TEST(AddClips, RefusalsTellWhyAndChangeNothing) {
+  const auto broken = [](std::string_view text) { return MediaLook{.errorText = std::string(text)}; };
+  const MediaLook film{kFilm};
+  auto wide = kStillPicture;
+  wide.width = 30000;
+  const std::string notAdded =
+      "KVO could not play this Movie.\r\nThe movie has not been added to the collection.";
+  const std::string noImage =
+      "KVO could not add this image to the collection !\r\nThe image has not been added to the collection.";
+  const std::string byPlayer =
+      "KVO could not add the movie to the collection.\r\nThe movie could not be played.\r\nError description "
+      "is :-\r\n";
+  const struct {
+    const char* name;
+    MediaLook look;
+    std::string box;
+    LookEnd end = LookEnd::Looked;
+  } rows[] = {
+      {"notes.txt", film, "Movie not added to collection|" + notAdded},
+      {"thumbs.db", film, "Movie not added to collection|" + notAdded},
+      {"a.ZIP", film,
+       "Compressed File|a.ZIP - must be decompressed or expanded with either Winzip or WinRar before it can "
+       "be "
+       "viewed."},
+      {"a.rm", film, "RealPlayer Supported version of KVO Required|" + std::string(LoadResString(394))},
+      {"a.bmp", broken("no"), "Error Decoding Image|" + noImage},
+      {"a.jpg", film, "Error Decoding Image|" + noImage},
+      {"a.png", {wide}, "Image not added to collection|" + noImage},
+      {"a.mkv", broken("it is damaged"), "a.mkv - Not added to collection|" + byPlayer + "it is damaged"},
+      {"a.avi", broken("it is damaged"),
+       "a.avi - Not added to collection|" + byPlayer +
+           "it is damaged\r\nKVO has detected the codec's Fourcc Code as Unknown\r\nThe Codec was developed "
+           "by "
+           "Unknown\r\nFor more information or to download and install the Codec, go to Unknown\r\nCodec "
+           "Notes "
+           ":- N/A"},
+      {"a.mpeg", broken("it is damaged"), "a.mpeg - Not added to collection|" + byPlayer + "it is damaged"},
+      {"a.wmv", broken(kDrmProtected),
+       "a.wmv - Not added to collection|Movie has NOT been added to the collection.\r\nYou may not have a "
+       "valid "
+       "License to play\r\nthis clip or the current license has expired."},
+      {"a.wmv", broken("error &HC00D00C8"),
+       "a.wmv - Not added to collection|Movie has NOT been added to the collection.\r\nYou may not have a "
+       "valid "
+       "License to play\r\nthis clip or the current license has expired."},
+      {"a.avi", broken("cannot open a.avi: Text file busy"),
+       "a.avi - Shareing Violation|The media file you are trying to open is currently opened in another "
+       "application."},
+      {"a.avi", film,
+       "Movie not added to collection|KVO could not add the movie to the collection.\r\nThe movie could not "
+       "be "
+       "played.",
+       LookEnd::Crashed},
+      {"a.jpg", film,
+       "Movie not added to collection|KVO could not add the movie to the collection.\r\nThe movie could not "
+       "be "
+       "played.",
+       LookEnd::Hung},
+  };
+  for (const auto& row : rows) {
+    IntakeBench b;
+    b.put(std::string("/v/") + row.name, row.look, row.end);
+    EXPECT_EQ(b.add(std::string("/v/") + row.name), nullptr);
+    EXPECT_EQ(b.box(), row.box);
+    EXPECT_EQ(b.boxes.shown.size(), 1U);
+    EXPECT_FALSE(isDirty(b.collection, b.settings)) << row.name;
+    EXPECT_EQ(b.settings.state.ObjectChange, 0);
+  }
+  IntakeBench b;
+  EXPECT_EQ(b.add("/v/a name that is long and gone.avi"), nullptr);
+  EXPECT_EQ(b.box(),
+            "KVO - Fatal File access Error|KVO could not verify the file\r\na name that is long \r\n- load "
+            "aborted");
+}
+
+TEST(AddClips, WhatIsOddIsToldAndTheClipStays) {
+  const MediaLook endless{{.hasAudio = true, .sampleRate = 44100}};
+  const MediaLook noDecoder{kFilm, {}, std::string(kNoDecompressor)};
+  const std::string zero =
+      "The duration of this clip is reported as Zero seconds.\r\nThe clip may be damaged and not play "
+      "correctly.\r\n <";
+  const struct {
+    const char* name;
+    MediaLook look;
+    std::string box;
+  } rows[] = {
+      {"a.wav", endless, "a.wav - Zero length Clip|" + zero + "a.wav>"},
+      {"a.vcr", endless, "a.vcr - Zero length Clip|" + zero + "a.vcr>"},
+      {"a.mp3", endless,
+       "KVO - Warning - Zero length Clip|" + zero + "a.mp3>\r\n" + std::string(LoadResString(419)) + "\r\n" +
+           std::string(LoadResString(420)) + "\r\n" + std::string(LoadResString(421))},
+      {"a.mid", endless, ""},
+      {"a.mpg", noDecoder,
+       "KVO - Possible malformed MPEG|The MPEG file <a.mpg>> may be corrupt\\not playable. The file may play "
+       "if you "
+       "re-route MPEG playback in KVO via the VMR (Prefs - General - MPEG routing).\r\nKVO will now attempt "
+       "playback."},
+      {"a.asf", noDecoder,
+       "KVO - Old format ASF detected|The ASF file <a.asf>> may not be playable.\r\nKVO will attempt "
+       "playback but "
+       "may fail."},
+  };
+  for (const auto& row : rows) {
+    IntakeBench b;
+    b.put(std::string("/v/") + row.name, row.look);
+    EXPECT_NE(b.add(std::string("/v/") + row.name), nullptr);
+    EXPECT_EQ(b.box(), row.box);
+    b.add(std::string("/v/") + row.name);
+    EXPECT_EQ(b.boxes.shown.size(), row.box.empty()              ? 0U
+                                    : row.look.errorText.empty() ? 2U
+                                                                 : 1U)
+        << row.name << ": what is odd of a kind is told once";
+  }
+  IntakeBench b;
+  b.put("/v/empty.mp3", {.errorText = "it is no media file"});
+  b.files.all["/v/empty.mp3"] = "";
+  EXPECT_NE(b.add("/v/empty.mp3"), nullptr);
+  EXPECT_TRUE(b.box().starts_with("KVO - Warning - Zero length Clip|"));
+}
+
+TEST(AddClips, AnAddressIsAStreamOrAPageByItsName) {
+  enum What { Stream, Page, Viewer, Refused };
+  const struct {
+    const char* address;
+    bool asPage;
+    What what;
+  } rows[] = {
+      {"http://h/a.asx", false, Stream},     {"mms://h/a", false, Stream},
+      {"http://h/a.html", false, Page},      {"http://h/a", true, Page},
+      {"http://h/a.wmv", true, Stream},      {"http://h/a.swf", false, Page},
+      {"http://h/a.mov", true, Viewer},      {"rtsp://h/a.rm", false, Refused},
+      {"http://h/setup.exe", true, Refused}, {"http://www.example.com", true, Page},
+      {"http://h/a.log", true, Page},
+  };
+  for (const auto& row : rows) {
+    IntakeBench b;
+    const auto* clip = b.add(row.address, {.IsWebPageAdd = row.asPage});
+    ASSERT_EQ(clip == nullptr, row.what == Refused) << row.address;
+    EXPECT_EQ(b.boxes.shown.size(), std::string_view(row.address).ends_with(".rm") ? 1U : 0U);
+    EXPECT_TRUE(b.looks.asked.empty()) << "nobody waits for a network";
+    if (clip == nullptr) continue;
+    EXPECT_EQ(clip->MovieName() + "|" + clip->Path(), std::string(row.address) + "|");
+    EXPECT_TRUE(clip->IsStream() && clip->HasAudio());
+    EXPECT_EQ(clip->IsHTML(), row.what == Page) << row.address;
+    EXPECT_EQ(clip->IsTrueQT4(), row.what == Viewer) << row.address;
+  }
+}
+
+TEST(AddClips, LocalPagesStreamsTracksAndDiscsAreNotLookedInto) {
+  IntakeBench b;
+  b.files.all = {{"/v/p.htm", "x"},
+                 {"/v/f.swf", "x"},
+                 {"/v/s.asx", "<ref href=\"http://h/a\">"},
+                 {"/v/s.wmv", "mms://h/a\n"},
+                 {"/v/Track02.cda", std::string("RIFF....CDDAfmt ") + std::string(16, 'x') +
+                                        std::string("\x96\0\0\0", 4) + std::string(8, 'x')}};
+  EXPECT_TRUE(b.intake.add({"/v/p.htm", "/v/f.swf", "/v/s.asx", "/v/s.wmv", "/v/Track02.cda"}, {}));
+  const auto& clips = b.collection.MovieList;
+  ASSERT_EQ(b.names(), (Names{"Track02.cda", "p.htm", "f.swf", "s.asx", "s.wmv"}));
+  EXPECT_EQ(clips[1].DurationTime().number(), 2);
+  EXPECT_TRUE(clips[2].IsHTML() && !clips[2].HasAudio());
+  EXPECT_TRUE(clips[3].IsHTML() && clips[3].HasAudio());
+  EXPECT_TRUE(clips[4].IsStream() && clips[5].IsStream());
+  EXPECT_TRUE(b.looks.asked.empty() && b.boxes.shown.empty());
+
+  b.put("/d/VIDEO_TS/VIDEO_TS.IFO", {kFilm});
+  b.put("/d/VIDEO_TS/VTS_01_1.VOB", {kFilm});
+  b.put("/d/VIDEO_TS/VTS_01_2.VOB", {kFilm});
+  EXPECT_NE(b.add("/d/VIDEO_TS/VIDEO_TS.IFO"), nullptr);
+  EXPECT_EQ(b.looks.asked, Names{"/d/VIDEO_TS/VTS_01_1.VOB"});
+  EXPECT_EQ(b.intake.DvdSource(), "/d/VIDEO_TS/VTS_01_1.VOB");
+}
+
+TEST(AddClips, AnExtendedDiscBecomesItsTracks) {
+  IntakeBench b;
+  b.files.all["/cd/Autorun.inf"] = "x";
+  EXPECT_EQ(b.add("/cd/Autorun.inf"), nullptr) << "no disc that could be read";
+  b.disc.table = {{{150}, {450}, {900, false}}, 1000};
+  EXPECT_NE(b.add("/cd/Autorun.inf"), nullptr);
+  EXPECT_EQ(b.names(), (Names{"Track01.cda", "Track02.cda"}));
+  const auto& track = b.collection.MovieList[2];
+  EXPECT_TRUE(track.IsExtendedCD() && track.IsTrueQT4());
+  EXPECT_EQ(track.DurationTime().text() + " " + ShortText(track.Playspeed()), "6 999");
+  EXPECT_EQ(b.collection.kind, CollectionKind::HoldsExtendedCD);
+}
+
+TEST(AddClips, AQuickTimeMovieThatThePlayerRefusesGoesToItsViewer) {
+  enum Road { Yes, No, NoViewer, PlayerOnly, Quiet };
+  for (const auto road : {Yes, No, NoViewer, PlayerOnly, Quiet}) {
+    for (const auto* name : {"/v/a.mov", "/v/a.pic"}) {
+      IntakeBench b;
+      b.put(name, {.errorText = "no"});
+      b.boxes.answers = {road == Yes ? Answer::Yes : Answer::No};
+      b.host.hasViewer = road != NoViewer;
+      b.settings.adjust().UseWMPfirst = road == PlayerOnly;
+      const bool isMovie = std::string_view(name).ends_with("mov");
+      const auto* clip = b.add(name, {.quiet = road == Quiet});
+      EXPECT_EQ(clip != nullptr, road == Yes || road == Quiet) << name << road;
+      EXPECT_EQ(b.host.viewed.size(), road == Quiet || (road == PlayerOnly && isMovie) ? 0U : 1U);
+      if (clip == nullptr) continue;
+      EXPECT_TRUE(clip->IsTrueQT4());
+      EXPECT_EQ(clip->DurationTime().text() + clip->DurationFrames().text(), "N/AN/A");
+      if (road == Yes) {
+        EXPECT_EQ(b.box(), "KVO5 - Correct QuickTime Playback|Did the Movie / Image display Correctly ?");
+      }
+    }
+  }
+  IntakeBench b;
+  b.put("/v/a.mov", {kFilm});
+  EXPECT_FALSE(b.add("/v/a.mov")->IsTrueQT4());
+}
+
+TEST(AddClips, NamesComeFromTagsAndFromNamesThatAreNone) {
+  IntakeBench b;
+  b.put("/v/a+b.mp3", {kSound, {"A Title", "An Artist", "An Album", std::string("Folk\0rest", 9)}});
+  b.put("/v/c+d.mp3", {kSound});
+  b.put("/v/+e.ogg", {kSound, {"A Title", "", "", ""}});
+  EXPECT_TRUE(b.intake.add({"/v/a+b.mp3", "/v/c+d.mp3", "/v/+e.ogg"}, {}));
+  const auto& clips = b.collection.MovieList;
+  EXPECT_EQ(clips[1].AltName() + clips[1].Artist() + clips[1].Album() + clips[1].Genre(),
+            "A TitleAn ArtistAn AlbumFolk");
+  EXPECT_EQ(clips[2].AltName(), "c d");
+  EXPECT_EQ(clips[3].AltName(), "") << "a sign at the very front is part of the name";
+}
+
+TEST(AddClips, SeveralComeInTheirOrderUntilTheUserStops) {
+  IntakeBench b;
+  for (const auto* name : {"/v/b.avi", "/v/a.avi", "/v/c.avi"}) b.put(name, {kFilm});
+  EXPECT_TRUE(b.intake.AddMoviesm("/v  \"b.avi\" \"a.avi\" \"c.avi\"", {}));
+  EXPECT_EQ(b.names(), (Names{"b.avi", "a.avi", "c.avi"}));
+  EXPECT_EQ(b.host.told, (Names{"1/3 /v/b.avi", "2/3 /v/a.avi", "3/3 /v/c.avi", "end"}));
+  EXPECT_EQ(b.host.joined, (std::vector<int>{1, 2, 3}));
+  EXPECT_EQ(b.settings.preferences().LoadFrom, "/v/");
+
+  b.host.told.clear();
+  b.looks.whileLooking = [&] { b.host.stopsAt = 2; };
+  EXPECT_TRUE(b.intake.add({"/v/b.avi", "/v/a.avi", "/v/c.avi"}, {}));
+  EXPECT_EQ(b.collection.MovieList.count(), 4);
+  EXPECT_TRUE(b.boxes.shown.empty());
+}
+
+TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwnAndThereAreNotTooMany) {
   IntakeBench b;
   b.clock.time = {2026, 3, 7, 0, 0, 8.4};
   b.addVideo("old.avi", 0, 5).KeyID(9);
@@ -31,42 +364,36 @@ TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwn) {
   left.ClipName = 10;
   b.collection.KeyframeList.add(left);
   std::vector<Long> keys;
-  for (const auto* name : {"a", "b", "c"})
-    keys.push_back(b.added(std::string("/v/") + name + ".avi", {.hasVideo = true, .duration = 4}).KeyID());
+  b.put("/v/a.avi", {kFilm});
+  for (int i = 0; i < 3; ++i) keys.push_back(b.add("/v/a.avi")->KeyID());
   EXPECT_EQ(keys, (std::vector<Long>{8, 11, 12}));
   b.clock.time = {2026, 3, 7, 0, 0, 0};
-  EXPECT_GT(b.added("/v/midnight.avi", {.hasVideo = true, .duration = 4}).KeyID(), 0);
+  EXPECT_GT(b.add("/v/a.avi")->KeyID(), 0);
+
+  while (b.collection.MovieList.count() < kMaxClips) b.collection.MovieList.add({});
+  EXPECT_FALSE(b.intake.add({"/v/a.avi", "/v/a.avi"}, {}));
+  EXPECT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_NE(b.box().find("32767"), std::string::npos);
 }
 
-TEST(AddClips, AFullCollectionTakesNoMore) {
-  IntakeBench b;
-  for (int i = 0; i < kMaxClips; ++i) b.collection.MovieList.add({});
-  b.streams.all["/v/a.avi"] = {.hasVideo = true, .duration = 4};
-  EXPECT_FALSE(b.intake.AddMoviesm("/v/a.avi"));
-  EXPECT_EQ(b.collection.MovieList.count(), kMaxClips);
-  ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_NE(b.boxes.shown[0].text.find("32767"), std::string::npos);
-}
-
-TEST(AddClips, TheNameAndTheStreamsTellTheKind) {
-  struct Row {
-    const char* name;
-    StreamFacts facts;
-    const char* resolution;
-    bool still;
-  };
-  const StreamFacts movie{
-      .hasVideo = true, .hasAudio = true, .width = 640, .height = 480, .sampleRate = 48000};
-  const StreamFacts sound{.hasAudio = true, .sampleRate = 44100, .duration = 3};
-  const StreamFacts picture{.hasVideo = true, .isStill = true, .width = 320, .height = 200};
-  for (const auto& row : {Row{"a.mp4", movie, "640 x 480", false}, Row{"a.mp4", sound, "44.1 KHz", false},
-                          Row{"a.ogg", movie, "640 x 480", false}, Row{"a.flac", sound, "44.1 KHz", false},
-                          Row{"a.wma", movie, "48 KHz", false}, Row{"a.tiff", picture, "320 x 200", true}}) {
-    IntakeBench b;
-    const auto& clip = b.added(std::string("/v/") + row.name, row.facts);
-    EXPECT_EQ(clip.Resolution().text(), row.resolution) << row.name;
-    EXPECT_EQ(clip.IsStill(), row.still) << row.name;
-  }
+TEST(LoadGuard, APlayerThatFailsLosesTheClipOrEndsTheProgram) {
+  struct Check : LoadCheck {
+    std::string file;
+    void beforeAdding() override {}
+    void nothingAdded() override {}
+    [[nodiscard]] std::string PlayerGetFileName() const override { return file; }
+  } player;
+  test::Bench b;
+  const auto fails = [] { throw std::runtime_error("lost"); };
+  EXPECT_EQ(guardLoad(
+                player, "/v/a.avi", [] {}, b.boxes, b.log),
+            GuardedLoad::Done);
+  EXPECT_EQ(guardLoad(player, "/v/a.avi", fails, b.boxes, b.log), GuardedLoad::Refused);
+  EXPECT_EQ(b.boxes.shown.back().caption, "Movie not added to collection");
+  player.file = "/v/a.avi";
+  EXPECT_EQ(guardLoad(player, "/v/a.avi", fails, b.boxes, b.log), GuardedLoad::Fatal);
+  EXPECT_EQ(b.boxes.shown.back().caption, "KVO5 - FATAL Error - Player Subsystem Corrupted");
+  EXPECT_EQ(b.log.texts().back(), "<<Movie Corrupted Playback System - FATAL - a.avi >>");
 }
 
 }  // namespace

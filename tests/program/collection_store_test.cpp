@@ -286,11 +286,11 @@ TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
 
 TEST(CollectionStore, AMissingClipIsAskedAbout) {
   const auto text = savedText([](Bench& b) { b.addVideo("gone.avi", 0, 1); });
-  for (const auto answer : {Answer::Ok, Answer::Cancel}) {
+  for (const auto answer : {Answer::Yes, Answer::Cancel}) {
     Bench b;
     b.boxes.answers = {answer};
     const auto report = load(b, text);
-    EXPECT_EQ(report.end, answer == Answer::Ok ? ReadEnd::Done : ReadEnd::Cancelled);
+    EXPECT_EQ(report.end, answer == Answer::Yes ? ReadEnd::Done : ReadEnd::Cancelled);
     ASSERT_EQ(b.boxes.shown.size(), 1U);
     EXPECT_EQ(b.boxes.shown[0].caption, "KVO5 - File or Drive not found ");
     EXPECT_EQ(b.boxes.shown[0].text,
@@ -305,6 +305,41 @@ TEST(CollectionStore, AMissingClipIsAskedAbout) {
   load(look, text, kLook);
   EXPECT_EQ(look.collection.MovieList.count(), 2);
   EXPECT_TRUE(look.boxes.shown.empty());
+  const auto twoGone = savedText([](Bench& b) {
+    b.addVideo("gone.avi", 0, 1);
+    b.addVideo("gone too.avi", 0, 1);
+  });
+  Bench kept;
+  kept.boxes.answers = {Answer::No};
+  EXPECT_EQ(load(kept, twoGone).missingFiles.size(), 2U);
+  EXPECT_EQ(kept.collection.MovieList.count(), 3) << "to be found elsewhere";
+  EXPECT_EQ(kept.boxes.shown.size(), 1U);
+}
+
+TEST(CollectionStore, APortableCollectionMovesWithItsFiles) {
+  Bench b;
+  b.addVideo("in.avi", 0, 1, "/col/sub/");
+  b.addVideo("out.avi", 0, 1).SrcPath("/col/");
+  ASSERT_TRUE(b.file.WriteINI("/col", "plain.INI", true));
+  b.collection.isPortable = true;
+  ASSERT_TRUE(b.file.WriteINI("/col", "t.INI", true));
+  const auto text = b.files.all["/col/t.INI"];
+  EXPECT_NE(text.find("Path            = ./sub/\r\n"), std::string::npos);
+  EXPECT_EQ(b.collection.MovieList[1].Path(), "/col/sub/");
+
+  Bench moved;
+  for (const auto* file : {"/new place/sub/in.avi", "/v/out.avi"}) moved.files.all[file] = "x";
+  moved.files.all["/new place/t.INI"] = text;
+  EXPECT_EQ(moved.file.ReadINI("/new place/t.INI").end, ReadEnd::Done);
+  ASSERT_EQ(moved.collection.MovieList.count(), 2);
+  EXPECT_EQ(clipFile(moved.collection.MovieList[1]), "/new place/sub/in.avi");
+  EXPECT_EQ(moved.collection.MovieList[2].Path() + moved.collection.MovieList[2].SrcPath(), "/v//new place/");
+  EXPECT_TRUE(moved.collection.isPortable) << "and stays so";
+
+  Bench plain;
+  plain.files.all = b.files.all;
+  EXPECT_EQ(plain.file.ReadINI("/col/plain.INI").end, ReadEnd::Done);
+  EXPECT_FALSE(plain.collection.isPortable);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ struct MenuBench : ProgramBench {
   std::vector<MediaTrack> tracks{{MediaTrack::Kind::Sound, 1, "Director", "en", true},
                                  {MediaTrack::Kind::Sound, 2, "", "", false},
                                  {MediaTrack::Kind::Subtitles, 1, "", "de", true}};
-  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
+  MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   MainMenu::Parts menuParts{window,       settings, commands, recent, media,
                             listCommands, history,  shutDown, skins};
   MainMenu menu{menuParts, doors()};
@@ -97,7 +97,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
   b.listCommands.rename("Lake & Sea");
   b.window.menu.mnu_Looping = true;
   EXPECT_EQ(text(b.menu.windowMenu()), R"([&Add Media... Ins]
-[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 Lake && Sea.INI] } [&Save... Ctrl+S] }
+[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 Lake && Sea.INI] } [&Save... Ctrl+S] - [Add &Web Page...] [&View Stream...] }
 -
 [&Undo rename a.avi Ctrl+Z]
 (&Redo Ctrl+Shift+Z)

@@ -58,7 +58,7 @@ struct PlainTransport : TransportCommands {
 struct OutsideBench : test::ProgramBench {
   test::HeldPlayer player{*this};
   PlainTransport transport{window, listCommands};
-  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
+  MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, skins}, {}};
   NotedControls controls;
   OutsideControls outside{{window, collection, files, player, loop, transport, listCommands, menu, shutDown,

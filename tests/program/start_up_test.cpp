@@ -341,7 +341,7 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
     b.settings.change().LoadFrom = last;
     EXPECT_EQ(mediaFolder(b.settings, b.desktop), starts);
   }
-  MediaCommands media({b.dialogs, b.desktop}, b.settings, b.window, b.mailbox);
+  MediaCommands media({b.dialogs, b.desktop, b.questions, b.boxes}, b.settings, b.window, b.mailbox);
   b.dialogs.filter = 1;
   media.AddMedia();
   media.AddMedia();

@@ -14,6 +14,8 @@ class FakeProcesses : public Processes {
   struct Started {
     ProcessOrder order;
     ProcessHearing hearing;
+    std::vector<std::string> written{};
+    bool takesInput = true;
     bool stopped = false;
     bool killed = false;
     bool destroyed = false;
@@ -42,6 +44,10 @@ class FakeProcesses : public Processes {
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
     ~Handle() override { started_->destroyed = true; }
+    bool write(std::string_view bytes) override {
+      started_->written.emplace_back(bytes);
+      return started_->takesInput;
+    }
     void stop() override { started_->stopped = true; }
     void kill() override { started_->killed = true; }
 

@@ -30,7 +30,19 @@ class MemoryFiles : public Files {
   [[nodiscard]] std::optional<FileFacts> facts(const std::string& path) const override {
     const auto found = all.find(path);
     if (found == all.end()) return std::nullopt;
-    return FileFacts{found->second.size(), static_cast<std::int64_t>(found->second.size())};
+    return FileFacts{found->second.size(), static_cast<std::int64_t>(found->second.size()), false};
+  }
+
+  void eachBelow(const std::string& folder,
+                 const std::function<bool(const std::string& path)>& each) const override {
+    for (const auto& [path, bytes] : all) {
+      if (path.starts_with(folder.ends_with("/") ? folder : folder + "/") && !each(path)) return;
+    }
+  }
+  [[nodiscard]] bool isFolder(const std::string& path) const override {
+    return !all.contains(path) && std::any_of(all.begin(), all.end(), [&](const auto& file) {
+      return file.first.starts_with(path + "/");
+    });
   }
 
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override {

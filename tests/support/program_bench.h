@@ -4,6 +4,7 @@
 
 #include "intake/clip_intake.h"
 #include "playback/play_timers.h"
+#include "program/intake_window.h"
 #include "program/list_commands.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
@@ -13,6 +14,7 @@
 #include "support/plain_desktop.h"
 #include "support/plain_skins.h"
 #include "support/scripted_dialogs.h"
+#include "support/scripted_questions.h"
 #include "support/store_bench.h"
 #include "support/virtual_loop.h"
 
@@ -27,20 +29,34 @@ namespace kvo::test {
 /// Adds what the file system of the test holds, and refuses everything else.
 class PlainIntake : public ClipIntake {
  public:
-  PlainIntake(MemoryFiles& files, Collection& collection, ClipList& list)
-      : files_(files), collection_(collection), list_(list) {}
+  PlainIntake(MemoryFiles& files, Collection& collection, IntakeHost& host)
+      : files_(files), collection_(collection), host_(host) {}
   std::vector<std::string> asked;
+  std::vector<AddManner> manners;
   KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
-  bool AddMoviesm(const std::string& text) override {
+
+  bool AddMoviesm(const std::string& text, const AddManner& manner) override { return add({text}, manner); }
+  bool add(std::vector<std::string> names, const AddManner& manner) override {
+    bool any = false;
+    for (std::size_t i = 0; i < names.size() && !host_.stopped(); ++i) {
+      host_.analysing(static_cast<int>(i) + 1, static_cast<int>(names.size()), names[i]);
+      if (!host_.stopped()) any |= addOne(names[i], manner);
+    }
+    host_.analysed();
+    return any;
+  }
+
+ private:
+  bool addOne(const std::string& text, const AddManner& manner) {
     asked.push_back(text);
+    manners.push_back(manner);
     if (!files_.exists(text)) return false;
     Movie clip;
     clip.MovieName(std::string(fileNamePart(text)));
     clip.Path(std::string(folderPart(text)));
     clip.IsStill(text.ends_with(".jpg"));
     collection_.MovieList.add(std::move(clip));
-    list_.addLast();
-    list_.PreviewMovie(collection_.MovieList.count());
+    host_.added(collection_.MovieList.count());
     if (settings != nullptr) {
       settings->change().LoadFrom = std::string(folderPart(text));
       settings->state.ListIsDirty = true;
@@ -48,10 +64,9 @@ class PlainIntake : public ClipIntake {
     return true;
   }
 
- private:
   MemoryFiles& files_;
   Collection& collection_;
-  ClipList& list_;
+  IntakeHost& host_;
 };
 
 /// The program without its window: everything that start-up and the File menu touch.
@@ -67,11 +82,13 @@ struct ProgramBench : StoreBench {
   MemoryHandover handover;
   PlainDesktop desktop;
   ScriptedDialogs dialogs;
+  ScriptedQuestions questions;
   MainWindowState window;
   ClipList list{window, collection, settings};
   History history{window, collection, settings, list};
   RecentCollections recent{store, files};
-  PlainIntake intake{files, collection, list};
+  IntakeWindow intakeWindow{{window, settings, collection, loop, list, desktop}};
+  PlainIntake intake{files, collection, intakeWindow};
   GatheredBoxes refusals{boxes};
   CollectionCommands commands{{files, boxes, dialogs, loop, folder, desktop},
                               file,

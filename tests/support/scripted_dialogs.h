@@ -15,6 +15,7 @@ class ScriptedDialogs : public FileDialogs {
   std::deque<std::optional<std::string>> answers;
   std::vector<FileQuestion> asked;
   std::optional<std::string> open(const FileQuestion& question) override { return next(question); }
+  std::optional<std::string> openFolder(const FileQuestion& question) override { return next(question); }
   std::optional<std::string> save(const FileQuestion& question) override { return next(question); }
   FileChoice openSeveral(const FileQuestion& question) override {
     const auto one = next(question);

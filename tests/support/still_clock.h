@@ -12,6 +12,15 @@ class StillClock : public Clock {
   LocalTime time{2026, 3, 7, 14, 5, 9};
   mutable std::vector<int> pauses;  // milliseconds
   [[nodiscard]] LocalTime now() const override { return time; }
+  /// Seconds of one day.
+  [[nodiscard]] LocalTime at(std::int64_t seconds) const override {
+    return {2026,
+            3,
+            6,
+            static_cast<int>(seconds / 3600),
+            static_cast<int>(seconds / 60 % 60),
+            static_cast<double>(seconds % 60)};
+  }
   void pause(int milliseconds) const override { pauses.push_back(milliseconds); }
 };
 

@@ -25,6 +25,10 @@ class VirtualLoop : public EventLoop {
     runPosted();
     onYield();
   }
+  void wait(int milliseconds) override {
+    yield();
+    advance(milliseconds);
+  }
   void post(std::function<void()> work) override {
     const std::lock_guard lock(mutex_);
     posted_.push_back(std::move(work));

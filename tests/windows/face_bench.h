@@ -150,7 +150,7 @@ struct FaceBench : ProgramBench {
   FaceLinks links{{window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes,
                    pictures, list, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
-  MediaCommands media{{dialogs, desktop}, settings, window, mailbox};
+  MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   NoWebPages pages;
   NoNetwork network;
   CodecInfo codec{{window, settings, collection, list, files, folder, probe, boxes, loop, links.player()}};

@@ -51,6 +51,13 @@ void PollLoop::yield() {
   runTimers();
 }
 
+void PollLoop::wait(int milliseconds) {
+  const int next = untilNextTick();
+  pollfd ready{wake_.get(), POLLIN, 0};
+  ::poll(&ready, 1, next < 0 ? milliseconds : std::min(next, milliseconds));
+  yield();
+}
+
 void PollLoop::post(std::function<void()> work) {
   {
     const std::lock_guard lock(mutex_);

@@ -20,6 +20,7 @@ class PollLoop : public EventLoop {
 
   std::unique_ptr<Timer> timer(std::function<void()> tick) override;
   void yield() override;
+  void wait(int milliseconds) override;
   void post(std::function<void()> work) override;
   [[nodiscard]] std::chrono::milliseconds now() const override;
 

@@ -8,6 +8,7 @@ namespace kvo {
 class PosixClock : public Clock {
  public:
   [[nodiscard]] LocalTime now() const override;
+  [[nodiscard]] LocalTime at(std::int64_t seconds) const override;
   void pause(int milliseconds) const override;
 };
 

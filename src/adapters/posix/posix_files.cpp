@@ -114,7 +114,28 @@ bool PosixFiles::exists(const std::string& path) const {
 std::optional<FileFacts> PosixFiles::facts(const std::string& path) const {
   struct stat found {};
   if (::stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
-  return FileFacts{static_cast<std::uint64_t>(found.st_size), found.st_mtim.tv_sec};
+  return FileFacts{static_cast<std::uint64_t>(found.st_size), found.st_mtim.tv_sec,
+                   (found.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0};
+}
+
+void PosixFiles::eachBelow(const std::string& folder,
+                           const std::function<bool(const std::string& path)>& each) const {
+  namespace fs = std::filesystem;
+  std::error_code failed;
+  fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, failed);
+  for (; !failed && at != fs::recursive_directory_iterator(); at.increment(failed)) {
+    std::error_code unknown;
+    if (at->path().filename().native().starts_with(".")) {
+      if (at->is_directory(unknown)) at.disable_recursion_pending();
+      continue;
+    }
+    if (at->is_regular_file(unknown) && !each(at->path().native())) return;
+  }
+}
+
+bool PosixFiles::isFolder(const std::string& path) const {
+  struct stat found {};
+  return ::stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
 Result<std::string> PosixFiles::read(const std::string& path, std::uint64_t limit) const {

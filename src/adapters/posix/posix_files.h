@@ -10,6 +10,9 @@ class PosixFiles : public Files {
  public:
   [[nodiscard]] bool exists(const std::string& path) const override;
   [[nodiscard]] std::optional<FileFacts> facts(const std::string& path) const override;
+  void eachBelow(const std::string& folder,
+                 const std::function<bool(const std::string& path)>& each) const override;
+  [[nodiscard]] bool isFolder(const std::string& path) const override;
   [[nodiscard]] Result<std::string> read(const std::string& path, std::uint64_t limit) const override;
   [[nodiscard]] Result<std::string> readHead(const std::string& path, std::size_t most) const override;
   Result<std::unique_ptr<Replacement>> replace(const std::string& path) override;

@@ -11,6 +11,7 @@
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -124,6 +125,11 @@ class PosixProcess : public Process {
     thread_.join();
     while (::waitpid(child_.process, nullptr, 0) < 0 && errno == EINTR) {
     }
+  }
+
+  bool write(std::string_view bytes) override {
+    const auto sent = ::send(child_.input.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    return sent == static_cast<ssize_t>(bytes.size());
   }
 
   void stop() override {

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -36,12 +37,19 @@ Result<Pipe> makePipe() {
   return Pipe{Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
+// A socket in place of a pipe: what is written to a process that has ended is an error, and no signal.
+Result<Pipe> makeInput() {
+  std::array<int, 2> ends{};
+  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+    return Error{std::string("cannot make a socket: ") + std::strerror(errno)};
+  return Pipe{Descriptor(ends[0]), Descriptor(ends[1])};
+}
+
 // What the child is born with: its streams, every signal, its group.
 class Birth {
  public:
   explicit Birth(bool ownGroup) {
     posix_spawn_file_actions_init(&actions_);
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawnattr_init(&attributes_);
     sigset_t none;
     sigemptyset(&none);
@@ -57,9 +65,10 @@ class Birth {
     posix_spawn_file_actions_destroy(&actions_);
   }
 
-  void stream(int number, const Descriptor& writeEnd) {
-    posix_spawn_file_actions_adddup2(&actions_, writeEnd.get(), number);
+  void stream(int number, const Descriptor& itsEnd) {
+    posix_spawn_file_actions_adddup2(&actions_, itsEnd.get(), number);
   }
+  void noInput() { posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0); }
 
   Result<pid_t> give(const ProcessOrder& order) {
     pid_t process = 0;
@@ -79,6 +88,15 @@ class Birth {
 
 Result<Child> spawn(const ProcessOrder& order, bool hearErrors) {
   Birth birth(order.ownGroup);
+  Pipe input;
+  if (order.hasInput) {
+    auto made = makeInput();
+    if (!made) return made.error();
+    input = std::move(*made);
+    birth.stream(STDIN_FILENO, input.readEnd);
+  } else {
+    birth.noInput();
+  }
   auto output = makePipe();
   if (!output) return output.error();
   birth.stream(STDOUT_FILENO, output->writeEnd);
@@ -99,7 +117,11 @@ Result<Child> spawn(const ProcessOrder& order, bool hearErrors) {
     ::waitpid(*process, nullptr, 0);
     return error;
   }
-  return Child{*process, order.ownGroup, std::move(end), std::move(output->readEnd),
+  return Child{*process,
+               order.ownGroup,
+               std::move(end),
+               std::move(input.writeEnd),
+               std::move(output->readEnd),
                std::move(errors.readEnd)};
 }
 

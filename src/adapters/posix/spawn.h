@@ -12,6 +12,7 @@ struct Child {
   pid_t process = 0;
   bool ownGroup = false;
   Descriptor end;     ///< can be read once it has ended
+  Descriptor input;   ///< its standard input; not open where it has none
   Descriptor output;  ///< its standard output
   Descriptor errors;  ///< its standard error; not open where that is shared
 };

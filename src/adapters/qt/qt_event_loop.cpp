@@ -34,6 +34,14 @@ void QtEventLoop::yield() {
   QCoreApplication::processEvents();
 }
 
+void QtEventLoop::wait(int milliseconds) {
+  afterWork_();
+  QTimer alarm;  // its tick is what ends the sleep when nothing else comes
+  alarm.setSingleShot(true);
+  alarm.start(milliseconds);
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 void QtEventLoop::post(std::function<void()> work) {
   {
     const std::lock_guard lock(mutex_);

@@ -45,8 +45,10 @@ FileChoice ask(const FileQuestion& question, QFileDialog::AcceptMode accept, QFi
   dialog.setOption(QFileDialog::ReadOnly, accept == QFileDialog::AcceptOpen);
   dialog.setOption(QFileDialog::HideNameFilterDetails);  // the names tell as much as is to be told
   const auto filters = filtersOf(question);
-  dialog.setNameFilters(filters);
-  dialog.selectNameFilter(filters.value(static_cast<qsizetype>(question.filter)));
+  if (!filters.empty()) {
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(static_cast<qsizetype>(question.filter)));
+  }
   dialog.setDirectory(QString::fromStdString(question.folder));
   dialog.selectFile(QString::fromStdString(question.name));
   if (auto* rows = dialog.findChild<QTreeView*>("treeView")) {  // Qt's own, where the desktop has none
@@ -75,6 +77,10 @@ std::optional<std::string> QtFileDialogs::open(const FileQuestion& question) {
 
 FileChoice QtFileDialogs::openSeveral(const FileQuestion& question) {
   return ask(question, QFileDialog::AcceptOpen, QFileDialog::ExistingFiles);
+}
+
+std::optional<std::string> QtFileDialogs::openFolder(const FileQuestion& question) {
+  return first(ask(question, QFileDialog::AcceptOpen, QFileDialog::Directory));
 }
 
 std::optional<std::string> QtFileDialogs::save(const FileQuestion& question) {

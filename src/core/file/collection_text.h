@@ -110,8 +110,10 @@ struct PrintedBlock {
 /// `listener` from here on.
 void fillUnset(KVO2& settings, Collection& collection, RecordListener* listener);
 
-/// Hands the text of a collection over, block by block; ends with the first failure of `take`.
+/// Hands the text of a collection over, block by block; ends with the first failure of `take`. With
+/// `portableFolder`, the folder of the file with a separator at its end, what lies in it or below is named
+/// from there on: its path begins with "./".
 Outcome print(const KVO2& settings, const Collection& collection,
-              const std::function<Outcome(const PrintedBlock&)>& take);
+              const std::function<Outcome(const PrintedBlock&)>& take, std::string_view portableFolder = {});
 
 }  // namespace kvo

@@ -133,6 +133,16 @@ void fillUnset(Movie& clip) {
   clip.IsDirty(wasDirty);
 }
 
+// The clip as a portable collection in `folder` names its files.
+Movie asPortable(Movie clip, std::string_view folder) {
+  const auto relative = [&](std::string path) {
+    return path.starts_with(folder) ? "./" + path.substr(folder.size()) : path;
+  };
+  clip.Path(relative(clip.Path()));
+  clip.SrcPath(relative(clip.SrcPath()));
+  return clip;
+}
+
 RowWriter clipRows(const Movie& clip, int number) {
   const auto name = "Movie" + std::to_string(number);
   RowWriter out;
@@ -157,11 +167,13 @@ void fillUnset(KVO2& settings, Collection& collection, RecordListener* listener)
 }
 
 Outcome print(const KVO2& settings, const Collection& collection,
-              const std::function<Outcome(const PrintedBlock&)>& take) {
+              const std::function<Outcome(const PrintedBlock&)>& take, std::string_view portableFolder) {
   if (auto done = take(headRows(settings).block("Sec 5", "")); !done) return done;
   const auto& clips = collection.MovieList;
   for (int i = 1; i <= clips.count(); ++i) {
-    auto block = clipRows(clips[i], i).block("Sec 8", " of clip " + std::to_string(i));
+    auto rows =
+        portableFolder.empty() ? clipRows(clips[i], i) : clipRows(asPortable(clips[i], portableFolder), i);
+    auto block = rows.block("Sec 8", " of clip " + std::to_string(i));
     block.clip = i;
     if (auto done = take(block); !done) return done;
   }

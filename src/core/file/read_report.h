@@ -19,6 +19,7 @@ struct ReadReport {
   ReadEnd end = ReadEnd::Done;
   std::string why{};  ///< a line for a person where the file cannot be read
   std::vector<std::string> missingFiles{};
+  int removedClips = 0;             ///< of those whose file is missing
   std::vector<int> skippedClips{};  ///< numbers of clip sections without a usable name or folder
   bool damaged = false;             ///< sections were missing or out of order
   int unreadClips = 0;              ///< sections of clips that the file's count leaves out

@@ -97,6 +97,7 @@ struct Collection {
   int icurMov = 0;  ///< clip selected in the list, 0 for none
   std::string IniName = "KVO5.INI";
   std::string IniFullPath;
+  bool isPortable = false;    ///< its file names clips from its own folder on
   bool filesMissing = false;  ///< the last load met files that are not there
 
   /// A name for what has no file of its own; `folder` is the program's.

@@ -5,7 +5,6 @@
 #include "core/telling/messages.h"
 
 namespace kvo {
-namespace {
 
 std::string dateText(const LocalTime& t) {
   return FormatMask(t.day, "00") + "-" + FormatMask(t.month, "00") + "-" + FormatMask(t.year, "0000");
@@ -16,6 +15,8 @@ std::string timeText(const LocalTime& t) {
   return std::to_string(hour) + ":" + FormatMask(t.minute, "00") + ":" +
          FormatMask(static_cast<int>(t.second), "00") + (t.hour < 12 ? " AM" : " PM");
 }
+
+namespace {
 
 // One entry: the text, the date field, the time.
 std::string entryOf(std::string_view text, std::string_view date, std::string_view time) {

@@ -12,6 +12,11 @@
 
 namespace kvo {
 
+/// "07-03-2026"
+std::string dateText(const LocalTime& time);
+/// "2:05:09 PM"
+std::string timeText(const LocalTime& time);
+
 class ErrorLog {
  public:
   ErrorLog(Files& files, const Clock& clock, KVO2& settings, const ProgramFolder& folder)

@@ -108,9 +108,10 @@ void Transport::showElsewhere(const Movie& clip) {
   core_.display.PositionAndSize();
   core_.player.PlayerHide();
   core_.player.SendPlayerFarLeft();
-  core_.state.lbl_Novid = {.text = clip.MovieName() + (core_.desktop.openFile(clipFile(clip))
-                                                           ? " is shown by another program"
-                                                           : " has no program that shows it")};
+  const auto file = clipFile(clip);
+  const bool shown = isAddress(file) ? core_.desktop.openPage(file) : core_.desktop.openFile(file);
+  core_.state.lbl_Novid = {
+      .text = clip.MovieName() + (shown ? " is shown by another program" : " has no program that shows it")};
   core_.mode.panels.Pic_NoVid = true;
 }
 

@@ -1,0 +1,77 @@
+#include "app/add_command.h"
+
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/stop_signals.h"
+#include "app/clip_summary.h"
+#include "app/console_render.h"
+#include "base/paths.h"
+#include "intake/add_clips.h"
+#include "intake/folders.h"
+#include "intake/looking_process.h"
+#include "program/start_command.h"
+
+#include <filesystem>
+
+namespace kvo {
+namespace {
+
+// A line for each clip that joins.
+class ConsoleIntake : public IntakeHost {
+ public:
+  explicit ConsoleIntake(Session& session) : session_(session) {}
+
+  void analysing(int /*number*/, int /*total*/, const std::string& /*name*/) override {}
+  bool stopped() override { return signals_.came(); }
+  void analysed() override {}
+  void added(int number) override {
+    const auto& clip = session_.collection.MovieList[number];
+    print("added " + clipFile(clip) + "\n");
+    ++added_;
+  }
+  bool showInViewer(const std::string& /*file*/) override { return false; }
+
+  [[nodiscard]] int count() const { return added_; }
+
+ private:
+  Session& session_;
+  StopSignals signals_;
+  int added_ = 0;
+};
+
+// The collection to add to; one that is not there is begun.
+Outcome openOrBegin(Session& session, const std::string& path) {
+  if (!namesCollection(path)) return Error{"cannot add to " + path + ": a collection ends in .INI"};
+  if (!session.files.exists(path)) return {};
+  const auto report = session.open(path);
+  if (!report) return report.error();
+  if (report->damaged || report->unreadClips > 0 || report->unreadKeyframes > 0)
+    return Error{"cannot add to " + path + ": it is damaged; open it in the program, which keeps a copy"};
+  return {};
+}
+
+}  // namespace
+
+int runAdd(Session& session, const CommandLine& line, const ProcessOrder& looking) {
+  const auto here = std::filesystem::current_path().string();
+  const auto path = absoluteName(line.collection, here);
+  if (auto opened = openOrBegin(session, path); !opened) return fail(opened.error().text);
+  std::vector<std::string> names;
+  for (const auto& name : line.names) names.push_back(absoluteName(name, here));
+
+  PollLoop loop;
+  ConsoleIntake host(session);
+  LookingProcess looker({session.processes, loop, looking});
+  NoDiscContents disc;
+  NoStreamProbe probe;
+  AddClips intake({session.files, session.clock, session.boxes, looker, disc, session.folder, probe,
+                   session.log, session.settings, session.collection, host});
+  names = withClipsOfFolders(names, session.files, [&] { return !host.stopped(); });
+  intake.add(names, {});
+  if (host.count() > 0 &&
+      !session.file.WriteINI(std::string(folderPart(path)), std::string(fileNamePart(path)), true))
+    return fail("cannot write " + path);
+  if (host.stopped()) return fail("stopped", kExitStopped);
+  return host.count() == static_cast<int>(names.size()) && !names.empty() ? kExitDone : kExitFailed;
+}
+
+}  // namespace kvo

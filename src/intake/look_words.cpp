@@ -1,0 +1,109 @@
+#include "intake/look_words.h"
+
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kvo {
+namespace {
+
+std::string escaped(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\\') line += "\\\\";
+    if (c == '\n') line += "\\n";
+    if (c == '\r') line += "\\r";
+    if (c != '\\' && c != '\n' && c != '\r') line += c;
+  }
+  return line;
+}
+
+std::string unescaped(std::string_view line) {
+  std::string text;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (line[i] != '\\' || i + 1 == line.size()) {
+      text += line[i];
+      continue;
+    }
+    const char sign = line[++i];
+    text += sign == 'n' ? '\n' : sign == 'r' ? '\r' : sign;
+  }
+  return text;
+}
+
+struct Word {
+  std::string_view name;
+  std::string (*write)(const MediaLook&);
+  void (*read)(MediaLook&, std::string_view);
+};
+
+int wholeOf(std::string_view value) { return toLongClamped(ToNumber(value)); }
+
+// 17 digits, so that a rate comes back as the number that it was.
+std::string exact(double value) {
+  const double whole = RoundToWhole(value);
+  return ShortText(whole) + (value == whole ? "" : " " + ShortText((value - whole) * 1e9));
+}
+
+double exactOf(std::string_view value) {
+  const auto apart = value.find(' ');
+  const double rest = apart == std::string_view::npos ? 0 : ToNumber(value.substr(apart)) / 1e9;
+  return ToNumber(value.substr(0, apart)) + rest;
+}
+
+#define KVO_NUMBER(name, field, write, read)                                            \
+  Word {                                                                                \
+    name, [](const MediaLook& look) { return write(look.facts.field); },                \
+        [](MediaLook& look, std::string_view value) { look.facts.field = read(value); } \
+  }
+#define KVO_TEXT(name, field)                                                          \
+  Word {                                                                               \
+    name, [](const MediaLook& look) { return escaped(look.field); },                   \
+        [](MediaLook& look, std::string_view value) { look.field = unescaped(value); } \
+  }
+
+std::string flagText(bool flag) { return flag ? "1" : "0"; }
+bool flagOf(std::string_view value) { return value == "1"; }
+std::string wholeText(int value) { return std::to_string(value); }
+
+const Word kWords[] = {
+    KVO_NUMBER("video", hasVideo, flagText, flagOf),
+    KVO_NUMBER("audio", hasAudio, flagText, flagOf),
+    KVO_NUMBER("still", isStill, flagText, flagOf),
+    KVO_NUMBER("width", width, wholeText, wholeOf),
+    KVO_NUMBER("height", height, wholeText, wholeOf),
+    KVO_NUMBER("rate", frameRate, exact, exactOf),
+    KVO_NUMBER("steady", steadyRate, exact, exactOf),
+    KVO_NUMBER("samples", sampleRate, wholeText, wholeOf),
+    KVO_NUMBER("channels", channels, wholeText, wholeOf),
+    KVO_NUMBER("duration", duration, exact, exactOf),
+    KVO_NUMBER("whole", wholeDuration, exact, exactOf),
+    KVO_TEXT("codec", facts.codec),
+    KVO_TEXT("title", tags.title),
+    KVO_TEXT("artist", tags.artist),
+    KVO_TEXT("album", tags.album),
+    KVO_TEXT("genre", tags.genre),
+    KVO_TEXT("error", errorText),
+};
+
+#undef KVO_NUMBER
+#undef KVO_TEXT
+
+}  // namespace
+
+std::string lookLines(const MediaLook& look) {
+  std::string lines;
+  for (const auto& word : kWords) lines.append(word.name).append(" ").append(word.write(look)).append("\n");
+  return lines.append(kEndOfLook).append("\n");
+}
+
+void readLookLine(std::string_view line, MediaLook& look) {
+  const auto apart = line.find(' ');
+  if (apart == std::string_view::npos) return;
+  const auto* word = std::find_if(std::begin(kWords), std::end(kWords),
+                                  [&](const auto& w) { return w.name == line.substr(0, apart); });
+  if (word != std::end(kWords)) word->read(look, line.substr(apart + 1));
+}
+
+}  // namespace kvo

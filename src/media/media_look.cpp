@@ -1,0 +1,71 @@
+#include "media/media_look.h"
+
+#include "base/text.h"
+#include "media/facts_of.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvo::media {
+namespace {
+
+constexpr std::size_t kLongestTag = 1000;  // characters
+
+std::string tagOf(const AVDictionary* tags, const char* name) {
+  const auto* found = av_dict_get(tags, name, nullptr, 0);
+  return found == nullptr ? std::string() : std::string(cutTo(found->value, kLongestTag));
+}
+
+// Those of the file, or else those of its sound, which is where some containers keep them.
+std::string tagOf(const AVFormatContext& format, const char* name) {
+  auto text = tagOf(format.metadata, name);
+  for (unsigned i = 0; text.empty() && i < format.nb_streams; ++i) {
+    if (format.streams[i]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO)
+      text = tagOf(format.streams[i]->metadata, name);
+  }
+  return text;
+}
+
+bool isLocked(const AVStream& stream) {
+  constexpr std::array kLockedKinds = {MKTAG('d', 'r', 'm', 's'), MKTAG('d', 'r', 'm', 'i'),
+                                       MKTAG('e', 'n', 'c', 'v'), MKTAG('e', 'n', 'c', 'a')};
+  const auto tag = stream.codecpar->codec_tag;
+  return std::any_of(kLockedKinds.begin(), kLockedKinds.end(), [&](auto kind) { return tag == kind; }) ||
+         av_stream_get_side_data(&stream, AV_PKT_DATA_ENCRYPTION_INIT_INFO, nullptr) != nullptr;
+}
+
+bool isProtected(const AVFormatContext& format) {
+  return av_dict_get(format.metadata, "ASF_Protection_Type", nullptr, 0) != nullptr ||
+         std::any_of(format.streams, format.streams + format.nb_streams,
+                     [](const auto* stream) { return isLocked(*stream); });
+}
+
+// The best stream of a kind cannot be decoded.
+bool lacksDecoder(AVFormatContext& format, AVMediaType kind) {
+  const int stream = av_find_best_stream(&format, kind, -1, -1, nullptr, 0);
+  return stream >= 0 && avcodec_find_decoder(format.streams[stream]->codecpar->codec_id) == nullptr;
+}
+
+}  // namespace
+
+MediaLook lookInto(const std::string& path) {
+  auto opened = openInput(path);
+  if (!opened) return {.errorText = opened.error().text};
+  auto& format = **opened;
+  MediaLook look;
+  look.tags = {tagOf(format, "title"), tagOf(format, "artist"), tagOf(format, "album"),
+               tagOf(format, "genre")};
+  if (auto facts = factsOf(format, path)) {
+    look.facts = std::move(*facts);
+  } else {
+    look.errorText = facts.error().text;
+  }
+  // A film whose sound alone cannot be decoded plays without it.
+  if (lacksDecoder(format, AVMEDIA_TYPE_VIDEO) ||
+      (!look.facts.hasVideo && lacksDecoder(format, AVMEDIA_TYPE_AUDIO)))
+    look.errorText = kNoDecompressor;
+  if (isProtected(format)) look.errorText = kDrmProtected;
+  return look;
+}
+
+}  // namespace kvo::media

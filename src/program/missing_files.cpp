@@ -1,0 +1,154 @@
+#include "program/missing_files.h"
+
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+
+namespace kvo {
+namespace {
+
+constexpr double kSameLength = 0.1;  // seconds between two lengths of one file
+constexpr int kSearchSlice = 40;     // milliseconds between two looks at what the user does
+constexpr std::string_view kTitle = "KVO5 - Find missing files";
+
+bool hasFile(const Movie& clip) {
+  return !clip.MovieName().empty() && !isAddress(clipFile(clip)) && !clip.IsExtendedCD();
+}
+
+// How many of the last folders of two paths are the same.
+int likeness(std::string_view a, std::string_view b) {
+  int same = 0;
+  for (;; ++same) {
+    a = folderPart(a);
+    b = folderPart(b);
+    if (a.empty() || b.empty()) return same;
+    a.remove_suffix(1);
+    b.remove_suffix(1);
+    if (fileNamePart(a) != fileNamePart(b)) return same;
+  }
+}
+
+std::string foundText(int mended, std::size_t missing) {
+  const auto all =
+      missing == 1 ? std::string("The missing file") : std::to_string(missing) + " missing files";
+  if (mended == 0) return all + (missing == 1 ? " is" : " are") + " not in this folder.";
+  if (static_cast<std::size_t>(mended) == missing)
+    return missing == 1 ? "The missing file has been found." : "All " + all + " have been found.";
+  return std::to_string(mended) + " of " + all + (mended == 1 ? " has been found." : " have been found.");
+}
+
+}  // namespace
+
+std::vector<MissingFile> missingFiles(const Collection& collection, const Files& files) {
+  std::vector<MissingFile> missing;
+  for (int i = 1; i <= collection.MovieList.count(); ++i) {
+    const auto& clip = collection.MovieList[i];
+    if (!hasFile(clip) || files.exists(clipFile(clip))) continue;
+    missing.push_back({i, clipFile(clip), static_cast<std::uint64_t>(std::max(0.0, ToNumber(clip.Size()))),
+                       clip.DurationTime().number()});
+  }
+  return missing;
+}
+
+std::optional<std::string> fileThatFits(const MissingFile& missing, const std::vector<FoundFile>& found,
+                                        const std::function<double(const std::string&)>& lengthOf) {
+  std::vector<std::string> fits;
+  for (const auto& file : found) {
+    const bool isNamed = sameText(fileNamePart(file.path), fileNamePart(missing.path));
+    if (isNamed && (missing.size == 0 || file.size == missing.size)) fits.push_back(file.path);
+  }
+  if (fits.size() > 1 && missing.length > 0) {
+    auto same = fits;
+    std::erase_if(same,
+                  [&](const auto& path) { return std::abs(lengthOf(path) - missing.length) > kSameLength; });
+    if (!same.empty()) fits = std::move(same);
+  }
+  if (fits.empty()) return std::nullopt;
+  std::sort(fits.begin(), fits.end());
+  return *std::max_element(fits.begin(), fits.end(), [&](const auto& a, const auto& b) {
+    return likeness(a, missing.path) < likeness(b, missing.path);
+  });
+}
+
+void MissingFiles::look() {
+  std::set<std::string> paths;
+  for (auto& file : missingFiles(parts_.collection, parts_.files)) paths.insert(std::move(file.path));
+  parts_.list.missing(std::move(paths));
+}
+
+void MissingFiles::FindMissingFiles() {
+  const CommandPass pass(parts_.window);
+  if (!pass) return;
+  look();
+  const auto missing = missingFiles(parts_.collection, parts_.files);
+  const auto tell = [&](std::string text, BoxIcon icon) {
+    parts_.boxes.show({std::string(kTitle), std::move(text), BoxButtons::Ok, icon});
+  };
+  if (missing.empty()) return tell("No file of this collection is missing.", BoxIcon::Information);
+  const auto folder = parts_.dialogs.openFolder(
+      {std::string(kTitle), {}, std::string(folderPart(parts_.collection.IniFullPath)), {}});
+  if (!folder) return;
+  const auto found = search(*folder, missing);
+  const bool stopped = parts_.window.progress.abortClicked;
+  const int mended = stopped ? 0 : mend(pass, missing, found);
+  parts_.window.progress = {};
+  if (stopped) return;
+  look();
+  tell(foundText(mended, missing.size()), mended > 0 ? BoxIcon::Done : BoxIcon::Information);
+}
+
+// For each missing file those of its name.
+std::vector<std::vector<FoundFile>> MissingFiles::search(const std::string& folder,
+                                                         const std::vector<MissingFile>& missing) {
+  std::vector<std::vector<FoundFile>> found(missing.size());
+  std::multimap<std::string, std::size_t> places;
+  for (std::size_t i = 0; i < missing.size(); ++i) places.emplace(lower(fileNamePart(missing[i].path)), i);
+  drawn_ = parts_.loop.now();
+  parts_.files.eachBelow(folder, [&](const std::string& path) {
+    const auto [first, last] = places.equal_range(lower(fileNamePart(path)));
+    const auto facts = first == last ? std::nullopt : parts_.files.facts(path);
+    for (auto place = first; facts && place != last; ++place)
+      found[place->second].push_back({path, facts->size});
+    return goesOn();
+  });
+  return found;
+}
+
+bool MissingFiles::goesOn() {
+  auto& progress = parts_.window.progress;
+  if ((parts_.loop.now() - drawn_).count() < kSearchSlice) return true;
+  progress.status = "Searching - Please Wait..";
+  progress.abortText = "Click to stop the search";
+  parts_.loop.yield();
+  drawn_ = parts_.loop.now();
+  return !progress.abortClicked;
+}
+
+// All in one step.
+int MissingFiles::mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
+                       const std::vector<std::vector<FoundFile>>& found) {
+  std::vector<std::pair<int, Movie>> changed;
+  for (std::size_t i = 0; i < missing.size(); ++i) {
+    const auto file = fileThatFits(missing[i], found[i], [this](const auto& path) { return lengthOf(path); });
+    if (!file) continue;
+    auto clip = parts_.collection.MovieList[missing[i].number];
+    clip.MovieName(std::string(fileNamePart(*file)));
+    clip.Path(std::string(folderPart(*file)));
+    changed.emplace_back(missing[i].number, std::move(clip));
+  }
+  const auto mended = static_cast<int>(changed.size());
+  if (mended == 0) return 0;
+  parts_.history.replace(pass, "find missing files", std::move(changed));
+  return mended;
+}
+
+double MissingFiles::lengthOf(const std::string& path) {
+  return parts_.looker.look(path, [this] { return parts_.window.progress.abortClicked; }).look.facts.duration;
+}
+
+}  // namespace kvo

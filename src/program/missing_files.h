@@ -1,0 +1,73 @@
+// Clips whose file is not where the collection says: which they are, and how they are found elsewhere.
+#pragma once
+
+#include "ports/event_loop.h"
+#include "ports/file_dialogs.h"
+#include "ports/files.h"
+#include "ports/media_looker.h"
+#include "ports/message_boxes.h"
+#include "program/history.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+/// What tells a clip's file from others of its name.
+struct MissingFile {
+  int number = 0;          ///< of the clip
+  std::string path;        ///< where it was
+  std::uint64_t size = 0;  ///< bytes; 0 where the record does not tell
+  double length = 0;       ///< seconds; 0 for a still, and where the record does not tell
+  bool operator==(const MissingFile&) const = default;
+};
+
+std::vector<MissingFile> missingFiles(const Collection& collection, const Files& files);
+
+struct FoundFile {
+  std::string path;
+  std::uint64_t size = 0;
+};
+
+/// The one of `found` that is the missing file: of its name and size; where several are, of its length too,
+/// and then the one whose folders are most like those it was in. `lengthOf` gives the seconds of a file.
+std::optional<std::string> fileThatFits(const MissingFile& missing, const std::vector<FoundFile>& found,
+                                        const std::function<double(const std::string&)>& lengthOf);
+
+class MissingFiles {
+ public:
+  struct Parts {
+    const Files& files;
+    FileDialogs& dialogs;
+    MessageBoxes& boxes;
+    EventLoop& loop;
+    MediaLooker& looker;
+    MainWindowState& window;
+    Collection& collection;
+    ClipList& list;
+    History& history;
+  };
+  explicit MissingFiles(const Parts& parts) : parts_(parts) {}
+
+  /// Looks which clips have no file, and has the list say so.
+  void look();
+
+  /// Asks for a folder, and mends all clips whose files are in it or below. It can be undone.
+  void FindMissingFiles();
+
+ private:
+  std::vector<std::vector<FoundFile>> search(const std::string& folder,
+                                             const std::vector<MissingFile>& missing);
+  int mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
+           const std::vector<std::vector<FoundFile>>& found);
+  bool goesOn();
+  double lengthOf(const std::string& path);
+
+  Parts parts_;
+  std::chrono::milliseconds drawn_{};
+};
+
+}  // namespace kvo

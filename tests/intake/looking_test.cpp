@@ -1,0 +1,115 @@
+// Files looked into by a process of its own: its words, its ends, and real media that it looks into.
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/posix_processes.h"
+#include "intake/look_words.h"
+#include "intake/looking_process.h"
+#include "support/fake_processes.h"
+#include "support/real_world.h"
+#include "support/virtual_loop.h"
+
+#include <utility>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+const MediaLook kLook{{.hasVideo = true,
+                       .hasAudio = true,
+                       .width = 1920,
+                       .height = 1080,
+                       .frameRate = 30000.0 / 1001,
+                       .steadyRate = 24000.0 / 1001,
+                       .sampleRate = 44100,
+                       .channels = 2,
+                       .codec = "H.264",
+                       .wholeDuration = 12.345678901,
+                       .duration = 12.3},
+                      {"two\nlines\\n", "a\r\nend", "end", ""},
+                      "cannot open\nend"};
+
+void takeLines(MediaLook& look, std::string_view lines) {
+  while (!lines.empty()) {
+    const auto end = lines.find('\n');
+    readLookLine(lines.substr(0, end), look);
+    lines.remove_prefix(end + 1);
+  }
+}
+
+TEST(LookWords, ComeBackAsTheyWereWhateverIsInTheTexts) {
+  MediaLook look;
+  takeLines(look, lookLines(kLook));
+  EXPECT_EQ(look.tags, kLook.tags);
+  EXPECT_EQ(look.errorText + look.facts.codec, kLook.errorText + kLook.facts.codec);
+  EXPECT_NEAR(look.facts.frameRate, kLook.facts.frameRate, 1e-12);
+  EXPECT_NEAR(look.facts.wholeDuration, kLook.facts.wholeDuration, 1e-12);
+  EXPECT_EQ(look.facts.width * look.facts.channels, 3840);
+  EXPECT_TRUE(look.facts.hasVideo && look.facts.hasAudio && !look.facts.isStill);
+  for (const auto* junk : {"", "width", "width 99999999999999999999", "nonsense 1", "title \\"})
+    readLookLine(junk, look);
+  EXPECT_EQ(look.facts.width, 2147483647);
+}
+
+// A looking process whose answers the test writes.
+struct LookBench {
+  test::FakeProcesses processes;
+  test::VirtualLoop loop;
+  LookingProcess looker{{processes, loop, {.program = "/bin/looker"}}};
+
+  LookAnswer look(
+      const std::function<void()>& meanwhile, const std::function<bool()>& stopped = [] { return false; }) {
+    bool told = false;
+    loop.onYield = [&] {
+      if (!std::exchange(told, true)) meanwhile();
+    };
+    return looker.look("/v/a.avi", stopped);
+  }
+};
+
+TEST(LookingProcess, IsKeptForTheNextFileAndReplacedWhenItDoesNotSurviveOne) {
+  LookBench b;
+  const auto answers = [&] {
+    for (const auto* line : {"video 1", "width 64", "end", "width 32"}) b.processes.say(line);
+  };
+  for (int i = 0; i < 2; ++i) {
+    const auto answer = b.look(answers);
+    EXPECT_EQ(answer.end, LookEnd::Looked);
+    EXPECT_EQ(answer.look.facts.width, 64) << "what comes behind the end is of no file";
+  }
+  ASSERT_EQ(b.processes.all.size(), 1U);
+  EXPECT_TRUE(b.processes.last().order.hasInput);
+  EXPECT_EQ(b.processes.last().written.back(), std::string("/v/a.avi\0", 9));
+
+  EXPECT_EQ(b.look([&] { b.processes.end(139, 11); }).end, LookEnd::Crashed);
+  EXPECT_EQ(b.look(answers).end, LookEnd::Looked);
+  EXPECT_EQ(b.processes.all.size(), 2U);
+  const auto begun = b.loop.now();
+  EXPECT_EQ(b.look([] {}).end, LookEnd::Hung);
+  EXPECT_NEAR(static_cast<double>((b.loop.now() - begun).count()), 10000, 50);
+  EXPECT_TRUE(b.processes.last().destroyed);
+  EXPECT_EQ(b.look([] {}, [&] { return b.loop.now() > begun; }).end, LookEnd::Stopped);
+  EXPECT_EQ(b.look(answers).end, LookEnd::Looked);
+  b.processes.end(0);
+  EXPECT_EQ(b.look(answers).end, LookEnd::Looked) << "one that ended in between is no fault of this file";
+  b.processes.refusal = "no";
+  b.processes.end(0);
+  EXPECT_EQ(b.look(answers).look.errorText, "cannot start /bin/looker");
+}
+
+TEST(LookingProcess, GoesOnBehindAProcessThatDies) {
+  PosixProcesses processes;
+  PollLoop loop;
+  LookingProcess looker({processes,
+                         loop,
+                         {.program = "/bin/bash",
+                          .arguments = {"-c",
+                                        "while read -r -d '' f; do [ \"$f\" = bad ] && kill -SEGV $$; "
+                                        "printf 'title %s\\nend\\n' \"$f\"; done"}}});
+  const auto look = [&](const std::string& path) { return looker.look(path, [] { return false; }); };
+  EXPECT_EQ(look("good").look.tags.title, "good");
+  EXPECT_EQ(look("bad").end, LookEnd::Crashed);
+  EXPECT_EQ(look("a name\nof two lines").look.tags.title, "a name");
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,81 @@
+// Clips whose file is elsewhere than their collection says.
+#include "program/missing_files.h"
+
+#include "support/named_looks.h"
+#include "support/program_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ProgramBench;
+
+struct MissingBench : ProgramBench {
+  test::NamedLooks looks;
+  MissingFiles missing{{files, dialogs, boxes, loop, looks, window, collection, list, history}};
+
+  void addClip(const std::string& path, double seconds, const char* size = "5") {
+    Movie clip;
+    clip.Path(std::string(folderPart(path)));
+    clip.MovieName(std::string(fileNamePart(path)));
+    clip.Size(size);
+    clip.DurationTime(Value(seconds));
+    collection.MovieList.add(std::move(clip));
+  }
+};
+
+TEST(MissingFiles, NameSizeLengthAndFoldersTellWhichItIs) {
+  const MissingFile gone{1, "/old/trip/a.avi", 5, 4};
+  const auto lengthOf = [](const std::string& path) {
+    return path.find("long") == std::string::npos ? 4.02 : 9;
+  };
+  const struct {
+    std::vector<FoundFile> found;
+    std::string fits;
+  } rows[] = {
+      {{}, ""},
+      {{{"/n/b.avi", 5}}, ""},
+      {{{"/n/a.avi", 6}}, ""},
+      {{{"/n/long/a.avi", 5}}, "/n/long/a.avi"},
+      {{{"/n/long/a.avi", 5}, {"/n/A.AVI", 5}}, "/n/A.AVI"},
+      {{{"/n/long/a.avi", 5}, {"/n/long2/a.avi", 5}}, "/n/long/a.avi"},
+      {{{"/n/x/a.avi", 5}, {"/n/trip/a.avi", 5}}, "/n/trip/a.avi"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(fileThatFits(gone, row.found, lengthOf).value_or(""), row.fits);
+}
+
+TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
+  MissingBench b;
+  for (int i = 1; i <= 20; ++i) {
+    const auto name = "clip " + std::to_string(i) + ".avi";
+    b.addClip("/old/" + name, 4);
+    b.files.all["/new/deep/" + name] = "bytes";
+  }
+  b.addClip("/old/gone.avi", 4);
+  b.files.all["/v/there.avi"] = "bytes";
+  b.addClip("/v/there.avi", 4);
+  b.list.fill();
+  b.missing.look();
+  const auto missing = [&] {
+    return std::ranges::count_if(b.window.list.Fillist.rows(), [](const auto& row) { return row.missing; });
+  };
+  EXPECT_EQ(missing(), 21);
+  EXPECT_EQ(b.window.list.Fillist.rows().front().length, "missing");
+
+  b.dialogs.answers = {std::nullopt, "/new"};
+  b.missing.FindMissingFiles();
+  EXPECT_EQ(missing(), 21) << "taken back";
+  b.missing.FindMissingFiles();
+  EXPECT_EQ(missing(), 1);
+  EXPECT_EQ(b.boxes.shown.back().text, "20 of 21 missing files have been found.");
+  EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/new/deep/clip 20.avi");
+  EXPECT_TRUE(isDirty(b.collection, b.settings));
+  b.history.undo();
+  EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/old/clip 20.avi");
+  b.history.redo();
+  EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/new/deep/clip 20.avi");
+}
+
+}  // namespace
+}  // namespace kvo
