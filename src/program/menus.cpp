@@ -298,8 +298,7 @@ Entries MainMenu::modeEntries() {
   entries.push_back(ticked(MenuCommand::mnu_LockAspect, "Lock Aspect", ticks.mnu_LockAspect,
                            ticks.lockAndZoomEnabled, [&] { ticks.mnu_LockAspect = !ticks.mnu_LockAspect; }));
   if (auto zooms = percentEntries(); !zooms.empty()) {
-    entries.push_back(
-        submenu("Zoo&m", std::move(zooms), clips && !mode.IsFullScreenWindow && ticks.lockAndZoomEnabled));
+    entries.push_back(submenu("Zoo&m", std::move(zooms), clips && ticks.lockAndZoomEnabled));
   }
   return entries;
 }

@@ -184,7 +184,7 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   b.window.mode.IsMiniMode = true;
   b.window.mode.IsFullScreenWindow = true;
   EXPECT_NE(
-      text(b.menu.windowMenu()).find("[+&Free Zoom Mode]\n[+Full Scree&n Mode]\n[Lock Aspect]\n(Zoo&m)"),
+      text(b.menu.windowMenu()).find("[+&Free Zoom Mode]\n[+Full Scree&n Mode]\n[Lock Aspect]\n[Zoo&m]"),
       std::string::npos);
   b.menu.choose({mnu_DirXZoom, 50});
   b.window.mode.IsFullScreenWindow = false;
@@ -214,7 +214,7 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
     EXPECT_EQ(b.collection.MovieList.count(), 2);
     EXPECT_TRUE(b.window.menu.mnu_Looping);
   }
-  EXPECT_EQ(b.called, "sizefree200pictureout");
+  EXPECT_EQ(b.called, "sizefreefree50200pictureout");
   b.boxes.answers = {Answer::No};
   b.menu.choose({Exit});
   EXPECT_FALSE(b.window.face.visible);
