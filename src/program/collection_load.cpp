@@ -151,14 +151,14 @@ void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& opt
     clip.Path(placed);
     if (!names_.findClip(next)) {
       report.missingFiles.push_back(clipFile(clip));
-      const auto answer = keepsMissing ? Answer::No : askAboutMissing(clip);
-      collection_.filesMissing |= answer != Answer::No;
-      keepsMissing = answer == Answer::No;
+      const auto answer = keepsMissing ? Answer::Yes : askAboutMissing(clip);
+      collection_.filesMissing |= answer != Answer::Yes;
+      keepsMissing = answer == Answer::Yes;
       if (answer == Answer::Cancel) {
         report.end = ReadEnd::Cancelled;
         return;
       }
-      if (answer != Answer::No) {
+      if (answer != Answer::Yes) {
         ++report.removedClips;
         continue;
       }
@@ -188,7 +188,7 @@ void CollectionStore::takeKeyframes(CollectionReader& reader, const ReadOptions&
   }
 }
 
-// Yes takes the clip out; No keeps it, and all others like it, to be found elsewhere.
+// Yes, which Enter presses, keeps the clip and all others like it, to be found elsewhere; No takes it out.
 Answer CollectionStore::askAboutMissing(const Movie& clip) {
   const auto text = lines(
       {"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
@@ -199,7 +199,7 @@ Answer CollectionStore::askAboutMissing(const Movie& clip) {
                       .text = text,
                       .buttons = BoxButtons::YesNoCancel,
                       .icon = BoxIcon::Question,
-                      .renamed = {{"Yes", "OK"}, {"No", "Keep All"}}});
+                      .renamed = {{"Yes", "Keep All"}, {"No", "OK"}}});
 }
 
 // A clip that was saved without a key gets one, now that all keys of the file are known.

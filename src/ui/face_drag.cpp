@@ -1,6 +1,8 @@
 #include "ui/face_drag.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <QWidget>
 #include <QWindow>
 
@@ -11,11 +13,20 @@ FaceDrag::FaceDrag(QWidget& window) : QObject(&window), window_(window) { window
 bool FaceDrag::press(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton) return false;
   if (part_ && !part_->contains(event.position().toPoint())) return false;
-  auto* const handle = window_.windowHandle();
-  // The window manager moves it, where there is one that does.
-  if (handle != nullptr && handle->startSystemMove()) return true;
-  grip_ = event.globalPosition().toPoint() - window_.pos();
+  pressed_ = event.globalPosition().toPoint();
   return true;
+}
+
+// The window manager moves it, where there is one that does. It is asked once the pointer has gone some way:
+// a button that is up again before it hears would leave the window hanging at the pointer.
+void FaceDrag::move(const QPoint& pointer) {
+  if (pressed_) {
+    if ((pointer - *pressed_).manhattanLength() < QGuiApplication::styleHints()->startDragDistance()) return;
+    auto* const handle = window_.windowHandle();
+    if (handle == nullptr || !handle->startSystemMove()) grip_ = *pressed_ - window_.pos();
+    pressed_.reset();
+  }
+  if (grip_) window_.move(pointer - *grip_);
 }
 
 bool FaceDrag::eventFilter(QObject* /*watched*/, QEvent* event) {
@@ -23,9 +34,11 @@ bool FaceDrag::eventFilter(QObject* /*watched*/, QEvent* event) {
     case QEvent::MouseButtonPress:
       return press(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseMove:
-      if (grip_) window_.move(static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - *grip_);
-      return grip_.has_value();
+      if (!pressed_ && !grip_) return false;
+      move(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+      return true;
     case QEvent::MouseButtonRelease:
+      pressed_.reset();
       grip_.reset();
       return false;
     default:

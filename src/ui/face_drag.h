@@ -23,9 +23,11 @@ class FaceDrag : public QObject {
 
  private:
   bool press(const QMouseEvent& event);
+  void move(const QPoint& pointer);
 
   QWidget& window_;
   std::optional<QRect> part_;
+  std::optional<QPoint> pressed_;  // on the screen, until the pointer has gone far enough
   std::optional<QPoint> grip_;  // from the window's corner to the pointer, while the window is moved by hand
 };
 

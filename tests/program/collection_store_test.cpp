@@ -286,11 +286,11 @@ TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
 
 TEST(CollectionStore, AMissingClipIsAskedAbout) {
   const auto text = savedText([](Bench& b) { b.addVideo("gone.avi", 0, 1); });
-  for (const auto answer : {Answer::Yes, Answer::Cancel}) {
+  for (const auto answer : {Answer::No, Answer::Cancel}) {
     Bench b;
     b.boxes.answers = {answer};
     const auto report = load(b, text);
-    EXPECT_EQ(report.end, answer == Answer::Yes ? ReadEnd::Done : ReadEnd::Cancelled);
+    EXPECT_EQ(report.end, answer == Answer::No ? ReadEnd::Done : ReadEnd::Cancelled);
     ASSERT_EQ(b.boxes.shown.size(), 1U);
     EXPECT_EQ(b.boxes.shown[0].caption, "KVO5 - File or Drive not found ");
     EXPECT_EQ(b.boxes.shown[0].text,
@@ -310,7 +310,7 @@ TEST(CollectionStore, AMissingClipIsAskedAbout) {
     b.addVideo("gone too.avi", 0, 1);
   });
   Bench kept;
-  kept.boxes.answers = {Answer::No};
+  kept.boxes.answers = {defaultAnswer(BoxButtons::YesNoCancel)};  // Enter loses nothing
   EXPECT_EQ(load(kept, twoGone).missingFiles.size(), 2U);
   EXPECT_EQ(kept.collection.MovieList.count(), 3) << "to be found elsewhere";
   EXPECT_EQ(kept.boxes.shown.size(), 1U);
