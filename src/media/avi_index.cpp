@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int64_t kChunkHead = 8;  // bytes of a RIFF chunk's name and size
 
-std::int64_t startOf(AVStream& stream, int place) {
+std::int64_t entryStart(AVStream& stream, int place) {
   return avformat_index_get_entry(&stream, place)->pos + kChunkHead;
 }
 
@@ -16,7 +16,7 @@ int find(AVStream& stream, std::int64_t position) {
   int from = 0;
   for (int count = avformat_index_get_entries_count(&stream); count > 0;) {
     const int half = count / 2;
-    if (startOf(stream, from + half) < position) {
+    if (entryStart(stream, from + half) < position) {
       from += half + 1;
       count -= half + 1;
     } else {
@@ -41,8 +41,8 @@ void AviIndex::correct(AVPacket& packet, AVStream& stream) {
   if (packet.dts == AV_NOPTS_VALUE) return;
   const int entries = avformat_index_get_entries_count(&stream);
   int place = place_ + 1;
-  if (place >= entries || startOf(stream, place) != packet.pos) place = find(stream, packet.pos);
-  if (place < entries && startOf(stream, place) == packet.pos) {
+  if (place >= entries || entryStart(stream, place) != packet.pos) place = find(stream, packet.pos);
+  if (place < entries && entryStart(stream, place) == packet.pos) {
     place_ = place;
     if (unit_ == 0) unit_ = bytesOfUnit(stream);
     shift_ = avformat_index_get_entry(&stream, place)->timestamp / unit_ - packet.dts;

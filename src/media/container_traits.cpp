@@ -1,6 +1,7 @@
 #include "media/container_traits.h"
 
 #include <algorithm>
+#include <array>
 
 namespace kvo::media {
 namespace {
@@ -27,6 +28,14 @@ constexpr ContainerTraits kKinds[] = {
     {.name = "sdp", .refersToOthers = true},
 };
 
+bool isLocked(const AVStream& stream) {
+  constexpr std::array kLockedKinds = {MKTAG('d', 'r', 'm', 's'), MKTAG('d', 'r', 'm', 'i'),
+                                       MKTAG('e', 'n', 'c', 'v'), MKTAG('e', 'n', 'c', 'a')};
+  const auto tag = stream.codecpar->codec_tag;
+  return std::any_of(kLockedKinds.begin(), kLockedKinds.end(), [&](auto kind) { return tag == kind; }) ||
+         av_stream_get_side_data(&stream, AV_PKT_DATA_ENCRYPTION_INIT_INFO, nullptr) != nullptr;
+}
+
 }  // namespace
 
 const ContainerTraits& traitsOf(const AVFormatContext& format) {
@@ -36,6 +45,12 @@ const ContainerTraits& traitsOf(const AVFormatContext& format) {
   const auto* row = std::find_if(std::begin(kKinds), std::end(kKinds),
                                  [&](const ContainerTraits& kind) { return kind.name == name; });
   return row == std::end(kKinds) ? kOthers : *row;
+}
+
+bool isProtected(const AVFormatContext& format) {
+  return av_dict_get(format.metadata, "ASF_Protection_Type", nullptr, 0) != nullptr ||
+         std::any_of(format.streams, format.streams + format.nb_streams,
+                     [](const auto* stream) { return isLocked(*stream); });
 }
 
 }  // namespace kvo::media

@@ -31,4 +31,7 @@ struct ContainerTraits {
 
 const ContainerTraits& traitsOf(const AVFormatContext& format);
 
+/// Somebody's rights hold it shut: an ASF with a protection object, or a track that is enciphered.
+bool isProtected(const AVFormatContext& format);
+
 }  // namespace kvo::media

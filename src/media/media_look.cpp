@@ -1,10 +1,8 @@
 #include "media/media_look.h"
 
 #include "base/text.h"
+#include "media/container_traits.h"
 #include "media/facts_of.h"
-
-#include <algorithm>
-#include <array>
 
 namespace kvo::media {
 namespace {
@@ -24,20 +22,6 @@ std::string tagOf(const AVFormatContext& format, const char* name) {
       text = tagOf(format.streams[i]->metadata, name);
   }
   return text;
-}
-
-bool isLocked(const AVStream& stream) {
-  constexpr std::array kLockedKinds = {MKTAG('d', 'r', 'm', 's'), MKTAG('d', 'r', 'm', 'i'),
-                                       MKTAG('e', 'n', 'c', 'v'), MKTAG('e', 'n', 'c', 'a')};
-  const auto tag = stream.codecpar->codec_tag;
-  return std::any_of(kLockedKinds.begin(), kLockedKinds.end(), [&](auto kind) { return tag == kind; }) ||
-         av_stream_get_side_data(&stream, AV_PKT_DATA_ENCRYPTION_INIT_INFO, nullptr) != nullptr;
-}
-
-bool isProtected(const AVFormatContext& format) {
-  return av_dict_get(format.metadata, "ASF_Protection_Type", nullptr, 0) != nullptr ||
-         std::any_of(format.streams, format.streams + format.nb_streams,
-                     [](const auto* stream) { return isLocked(*stream); });
 }
 
 // The best stream of a kind cannot be decoded.

@@ -13,7 +13,7 @@ namespace {
 // still wait for some that are shown ahead of them.
 constexpr std::size_t kLookedAt = 256;
 constexpr std::size_t kReordered = 16;
-constexpr double kStampError = 0.0011;  // seconds: containers count in milliseconds
+constexpr double kStampRounding = 0.0011;  // seconds: containers count in milliseconds
 
 bool tellsTimes(const AVFormatContext& format) {
   return (format.iformat->flags & AVFMT_NOTIMESTAMPS) == 0 && !traitsOf(format).numbersChunks &&
@@ -60,7 +60,7 @@ class Stamps {
 
 bool keep(const std::vector<double>& times, double rate, std::size_t reordered) {
   for (std::size_t i = 0; i + reordered < times.size(); ++i) {
-    if (std::fabs(times[i] - static_cast<double>(i) / rate) > kStampError) return false;
+    if (std::fabs(times[i] - static_cast<double>(i) / rate) > kStampRounding) return false;
   }
   return true;
 }

@@ -5,16 +5,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <memory>
+#include <fstream>
 #include <string_view>
 
 namespace kvo::media {
 namespace {
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
-};
 
 // Of the File Properties Object of an ASF (section 3.2 of its specification): whether it can be sought in.
 // FFmpeg reads the flag, and keeps it for itself.
@@ -23,26 +18,13 @@ bool asfTellsUnseekable(const std::string& path) {
       "\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\x00\xC0\x0C\x20\x53\x65", 16);
   constexpr std::size_t kFlags = 88;  // from the object's begin
   constexpr unsigned kSeekable = 2;
-  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rbe"));
-  if (!file) return false;
   std::array<char, 65536> head{};
-  const std::string_view bytes(head.data(), std::fread(head.data(), 1, head.size(), file.get()));
+  std::ifstream file(path, std::ios::binary);
+  file.read(head.data(), head.size());
+  const std::string_view bytes(head.data(), static_cast<std::size_t>(file.gcount()));
   const auto at = bytes.find(kFileProperties);
   if (at == std::string_view::npos || at + kFlags >= bytes.size()) return false;
   return (static_cast<unsigned char>(bytes[at + kFlags]) & kSeekable) == 0;
-}
-
-// An ASF with a protection object, or a track of an MP4 that is enciphered.
-bool isProtected(const AVFormatContext& format) {
-  if (av_dict_get(format.metadata, "ASF_Protection_Type", nullptr, 0) != nullptr) return true;
-  constexpr std::array kEnciphered = {MKTAG('d', 'r', 'm', 's'), MKTAG('d', 'r', 'm', 'i'),
-                                      MKTAG('e', 'n', 'c', 'a'), MKTAG('e', 'n', 'c', 'v')};
-  for (unsigned i = 0; i < format.nb_streams; ++i) {
-    const auto tag = format.streams[i]->codecpar->codec_tag;
-    if (std::ranges::any_of(kEnciphered, [&](auto one) { return static_cast<std::uint32_t>(one) == tag; }))
-      return true;
-  }
-  return false;
 }
 
 StreamProperty propertyOf(const AVStream& stream) {

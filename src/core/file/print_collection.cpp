@@ -135,7 +135,7 @@ void fillUnset(Movie& clip) {
 
 // The clip as a portable collection in `folder` names its files.
 Movie asPortable(Movie clip, std::string_view folder) {
-  const auto relative = [&](std::string path) {
+  const auto relative = [&](const std::string& path) {
     return path.starts_with(folder) ? "./" + path.substr(folder.size()) : path;
   };
   clip.Path(relative(clip.Path()));
