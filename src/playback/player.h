@@ -69,6 +69,8 @@ class Player {
   virtual EngineRoute PlayerSetFilename(const std::string& path, int index) = 0;
   /// Takes the clip out of the player.
   virtual void PlayerClear() = 0;
+  /// What came over the net is open now, and only now tells its size and whether it has a picture.
+  virtual void streamOpened() = 0;
   /// Empties and parks the player whatever it is at: both engines.
   virtual void Med_previewClear() = 0;
   /// Lets go of the graph of the clip in hand.
@@ -125,6 +127,9 @@ class Player {
   virtual void PlayerSetSelectionStart(double position) = 0;
   [[nodiscard]] virtual double PlayerGetSelectionEnd() const = 0;
   virtual void PlayerSetSelectionEnd(double position) = 0;
+  /// The control engine may have moved the end of the section by itself: behind Mark-Out of the clip in hand
+  /// it comes back there. Nothing while positions are in seconds.
+  virtual void holdSelectionEnd() = 0;
   /// Where a graph stops by itself, seconds; nothing for a negative one, or without a graph.
   virtual void ResetCoronaPlayerEnd(double seconds) = 0;
   /// The graph in hand stands exactly where it stops by itself; false without one.

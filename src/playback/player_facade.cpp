@@ -94,12 +94,24 @@ void PlayerFacade::openControl(const std::string& path, const Movie* of) {
   parts_.control.setFileName(path);
   auto* clip = clipAt(parts_.collection.MovieList.numberOf(of));
   if (load != loads_ || clip == nullptr) return;
-  auto rate = rateByRecord(*clip);
-  if (rate <= 0 && hasPicture()) rate = rateByFacts(parts_.streams.facts(path));
+  learn(*clip, path);
+}
+
+// What the record does not know of the clip in the control engine.
+void PlayerFacade::learn(Movie& clip, const std::string& path) {
+  auto rate = rateByRecord(clip);
+  if (rate <= 0 && hasPicture())
+    rate = isAddress(path) ? kRateUntold : rateByFacts(parts_.streams.facts(path));
   counted_ = FrameCount::ofPictures(rate);
-  if (clip->MovieHeight() != 0) return;
-  clip->MovieHeight(toInteger(PlayerGetSourceHeight()).value_or(0));
-  clip->MovieWidth(toInteger(PlayerGetSourceWidth()).value_or(0));
+  if (clip.MovieHeight() != 0) return;
+  clip.MovieHeight(toInteger(PlayerGetSourceHeight()).value_or(0));
+  clip.MovieWidth(toInteger(PlayerGetSourceWidth()).value_or(0));
+}
+
+void PlayerFacade::streamOpened() {
+  if (PlayerIsEmpty() || usingCorona_) return;
+  if (auto* clip = clipAt(state().clip)) learn(*clip, PlayerGetFileName());
+  showSize();
 }
 
 // The player as it stands with another clip in it.
@@ -107,13 +119,18 @@ void PlayerFacade::showOpened(int index) {
   auto& player = state();
   player.path = PlayerIsEmpty() ? std::string() : PlayerGetFileName();
   player.clip = player.path.empty() ? 0 : index;
+  player.fullScreen = false;
+  showSize();
+  if (hasPicture() && !isDvd() && !isAddress(player.path)) parts_.counts.want(player.path);
+}
+
+void PlayerFacade::showSize() {
+  auto& player = state();
   player.sourceWidth = PlayerGetSourceWidth();
   player.sourceHeight = PlayerGetSourceHeight();
-  player.fullScreen = false;
   if (!hasPicture()) return;
   player.place.width = player.sourceWidth * parts_.mode.twipsPerPixel();
   player.place.height = player.sourceHeight * parts_.mode.twipsPerPixel();
-  if (!isDvd() && !isAddress(player.path)) parts_.counts.want(player.path);
 }
 
 // A rate alone tells the numbers of such pictures on the average only.

@@ -59,6 +59,7 @@ class PlayerFacade : public Player {
   explicit PlayerFacade(const Parts& parts);
 
   EngineRoute PlayerSetFilename(const std::string& path, int index) override;
+  void streamOpened() override;
   void PlayerClear() override;
   [[nodiscard]] bool PlayerIsEmpty() const override;
   void Med_previewClear() override;
@@ -95,6 +96,7 @@ class PlayerFacade : public Player {
   void PlayerSetSelectionStart(double position) override;
   [[nodiscard]] double PlayerGetSelectionEnd() const override;
   void PlayerSetSelectionEnd(double position) override;
+  void holdSelectionEnd() override;
   void ResetCoronaPlayerEnd(double seconds) override;
   [[nodiscard]] bool coronaAtStopTime() const override;
   [[nodiscard]] bool canSeek() const override { return engine().canSeek(); }
@@ -137,7 +139,9 @@ class PlayerFacade : public Player {
 
   bool openGraph(const std::string& path, const Movie* of);
   void openControl(const std::string& path, const Movie* of);
+  void learn(Movie& clip, const std::string& path);
   void showOpened(int index);
+  void showSize();
   void takeBegins(const std::string& path, std::vector<double> begins);
   void PlayerCoronaSetFrameRate(int index);
   void mannerOfGraph();

@@ -193,6 +193,13 @@ void PlayerFacade::PlayerSetSelectionEnd(double position) {
   if (clip->LoopEnd().number() != position) clip->LoopEnd(Value(position));
 }
 
+void PlayerFacade::holdSelectionEnd() {
+  const auto* clip = current();
+  if (clip == nullptr || usingCorona_ || !inFrames() || clip->LoopEndFrames() <= 0) return;
+  if (inUnit(parts_.control.selectionEnd()) > clip->LoopEndFrames())
+    PlayerSetSelectionEnd(clip->LoopEndFrames());
+}
+
 void PlayerFacade::ResetCoronaPlayerEnd(double seconds) {
   if (graph_ && seconds >= 0) graph_->setStopTime(seconds);
 }

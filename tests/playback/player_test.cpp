@@ -225,6 +225,12 @@ TEST(Player, LengthsAndSectionsAreInTheUnitInForce) {
     EXPECT_EQ(b.player.PlayerGetSelectionStart(), 50) << name;
     EXPECT_EQ(b.player.PlayerGetSelectionEnd(), 150) << name;
     EXPECT_EQ(b.player.PlayerGetDuration(), 250) << name;
+    for (const auto& [moved, held] : {std::pair{4.0, 4.0}, {8.0, 6.0}}) {
+      if (b.player.UsingCorona()) break;
+      b.control.setSelectionEnd(moved);
+      b.player.holdSelectionEnd();
+      EXPECT_EQ(b.control.selectionEnd(), held) << "no further than Mark-Out";
+    }
     b.player.GlobalMediaPlay();
     b.loop.advance(20000);
     EXPECT_EQ(b.player.PlayerGetCurrentPosition(), 150) << name << " stops at the end of its section";

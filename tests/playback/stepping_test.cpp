@@ -215,8 +215,12 @@ TEST(KeyCommands, DoWhatTheTableSays) {
     b.ready("b.avi");
     b.ready("a.avi");
     b.seek(4);
+    b.player.PlayerSetDisplayMode(DisplayMode::Frames);  // as behind a step
     EXPECT_TRUE(b.positions.keys.KeyCommand(row.key)) << row.key;
     EXPECT_EQ(b.transport.calls, row.calls) << row.key;
+    EXPECT_FALSE(b.player.PlayerGetPlayState() == EngineState::Running &&
+                 b.player.PlayerGetDisplayMode() == DisplayMode::Frames)
+        << row.key;
     EXPECT_NEAR(b.seconds(), row.seconds, 1e-6) << row.key;
     EXPECT_EQ(b.control.rate(), row.speed) << row.key;
   }

@@ -520,8 +520,12 @@ TEST(Transport, AStreamComesInStepByStep) {
   b.loop.advance(600);
   EXPECT_EQ(b.state.lbl_Novid.text, "Buffering Progress = 40");
   b.control.bits = 128000;
+  b.collection.MovieList[1].MovieHeight(0);
+  EXPECT_EQ(b.mode.player.sourceWidth, 0);
   b.control.opens(EngineOpening::Open);
   b.loop.advance(1000);
+  EXPECT_EQ(b.mode.player.sourceWidth, 640);
+  EXPECT_EQ(b.collection.MovieList[1].MovieHeight(), 480);
   EXPECT_EQ(b.state.lbl_Novid.text, "");
   EXPECT_EQ(b.shown(), "1 playing");
   EXPECT_EQ(b.control.state(), EngineState::Running);

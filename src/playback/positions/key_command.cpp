@@ -12,6 +12,11 @@ bool KeyCommands::clip(int number) {
   return true;
 }
 
+double KeyCommands::length() const {
+  const InMode seconds(core_.player, DisplayMode::Seconds);
+  return core_.slider.duration();
+}
+
 void KeyCommands::to(double seconds, bool play) {
   if (!core_.canSeek()) return;
   core_.player.PlayerStop();
@@ -40,9 +45,9 @@ bool KeyCommands::KeyCommand(int key) {
       {{'<', 188}, [](KeyCommands& keys) { keys.remote_.step(Step::Rew5); }},
       {{'>', 190}, [](KeyCommands& keys) { keys.remote_.step(Step::Adv5); }},
       {{'D'}, [](KeyCommands& keys) { keys.remote_.rate("2.0"); }},
-      {{'E'}, [](KeyCommands& keys) { keys.to(std::max(keys.core_.slider.duration() - 1, 0.0), false); }},
+      {{'E'}, [](KeyCommands& keys) { keys.to(std::max(keys.length() - 1, 0.0), false); }},
       {{'H'}, [](KeyCommands& keys) { keys.remote_.rate("0.50"); }, false},
-      {{'I'}, [](KeyCommands& keys) { keys.to(keys.core_.slider.duration() / 2, true); }},
+      {{'I'}, [](KeyCommands& keys) { keys.to(keys.length() / 2, true); }},
       {{'L'}, [](KeyCommands& keys) { keys.core_.doors.remotePanel(); }},
       {{'M'}, [](KeyCommands& keys) { keys.remote_.Lbl_Mute_Click(); }},
       {{'N'}, [](KeyCommands& keys) { keys.remote_.Lbl_Play_Click(); }, false},
@@ -65,7 +70,6 @@ bool KeyCommands::KeyCommand(int key) {
       kActs, [meant](const Act& act) { return act.keys[0] == meant || act.keys[1] == meant; });
   if (found == std::end(kActs) || (shuttle && !found->besideShuttle)) return false;
   if (meant == 'L' && !core_.doors.remotePanel) return false;
-  const InMode seconds(core_.player, DisplayMode::Seconds);
   found->act(*this);
   return true;
 }

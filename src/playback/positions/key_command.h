@@ -22,6 +22,7 @@ class KeyCommands {
 
  private:
   bool clip(int number);
+  [[nodiscard]] double length() const;  // seconds
   void to(double seconds, bool play);
 
   PositionsCore& core_;

@@ -21,7 +21,7 @@ void Monitor::tick() {
     if (core_.guests.disc != nullptr) core_.guests.disc->poll();
     return;
   }
-  holdSection(*clip);
+  if (!core_.mode.player.clipWaits) core_.player.holdSelectionEnd();
   core_.host.showPosition();
   stream_.watch();
   clip = core_.clip();  // a stream that fails is told in a box
@@ -30,14 +30,6 @@ void Monitor::tick() {
       core_.player.PlayerIsEmpty())
     return;
   isDvdFile(clip->MovieName()) ? watchDvd() : watchGraph();
-}
-
-// The engine may have moved the end of the section by itself.
-void Monitor::holdSection(const Movie& clip) {
-  auto& player = core_.player;
-  if (player.UsingCorona() || player.PlayerIsEmpty() || core_.mode.player.clipWaits) return;
-  if (player.PlayerGetDisplayMode() == DisplayMode::Frames && clip.LoopEndFrames() > 0)
-    player.PlayerSetSelectionEnd(clip.LoopEndFrames());
 }
 
 void Monitor::showMarquee(const Movie& clip) {

@@ -31,7 +31,6 @@ class Monitor {
   void watchDvd();
   void dvdEnded(const Movie& clip);
   void showMarquee(const Movie& clip);
-  void holdSection(const Movie& clip);
 
   TransportCore& core_;
   Sequencer& sequencer_;

@@ -116,6 +116,7 @@ void StreamOpening::wait(const StreamReport& report) {
 void StreamOpening::plays() {
   poll_->stop();
   step_ = Step::Playing;
+  core_.player.streamOpened();
   core_.player.GlobalMediaPlay();  // an engine runs nothing that is still on its way
   sliderShown_ = false;
   core_.state.lbl_Novid = {};
