@@ -143,18 +143,25 @@ void ClipList::tell(const Movie& clip) {
   details.name = listedName(clip);
   details.pairs = detailsOf(clip, settings_, facts);
   details.chips = chipsOf(clip, facts);
-  auto slider = sliderOf(clip);
-  if (std::exchange(told_, &clip) == &clip) slider.position = window_.slider.position;
-  window_.slider = slider;
+  auto& display = window_.display;
+  display.sound = hasSound(clip);
+  display.volume = percentOf(clip.Volume());
+  const auto before = std::exchange(window_.slider, sliderOf(clip));
+  if (std::exchange(told_, &clip) == &clip) {
+    window_.slider.position = before.position;
+    const auto& mode = window_.mode.player;
+    if (mode.clip == collection_.icurMov && !mode.clipWaits) {  // the player tells the rest of it
+      window_.slider.markIn = before.markIn;
+      window_.slider.markOut = before.markOut;
+      return;
+    }
+  }
   const double position = window_.slider.position * window_.slider.length;
   details.position = positionText(clip, position);
-  auto& display = window_.display;
   display.digits = digitsAt(clip, position, settings_);
   display.digitsTip =
       display.digits.empty() ? "" : "Point in Time (mm:ss:frames) - Click for Direct Positioner";
-  display.sound = hasSound(clip);
   display.rate = display.sound ? rateLabel(static_cast<double>(clip.Playspeed()) / 10) : std::string();
-  display.volume = percentOf(clip.Volume());
 }
 
 void ClipList::show() {

@@ -302,6 +302,12 @@ TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
   b.list.renew(1);
   EXPECT_EQ(b.window.display.rate + b.window.display.digits, "2.5x00:00:0000")
       << "a mark does not move the position";
+  b.window.mode.player.clip = 1;
+  b.window.slider.markIn = 0.7;  // a drag
+  b.window.display.rate = "1.5x";
+  b.list.renew(1);
+  EXPECT_EQ(b.window.display.rate + ShortText(b.window.slider.markIn), "1.5x0.7") << "they are the player's";
+  b.window.mode.player.clip = 0;
   std::string asked;
   b.list.whenUnknown([&](const std::string& path) { asked += path + " "; });
   b.clip(4).IsHTML(true);
