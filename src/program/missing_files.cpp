@@ -94,12 +94,11 @@ void MissingFiles::FindMissingFiles() {
       {std::string(kTitle), {}, std::string(folderPart(parts_.collection.IniFullPath)), {}});
   if (!folder) return;
   const auto found = search(*folder, missing);
-  const bool stopped = parts_.window.progress.abortClicked;
-  const int mended = stopped ? 0 : mend(pass, missing, found);
+  const auto mended = isStopped() ? std::nullopt : mend(pass, missing, found);
   parts_.window.progress = {};
-  if (stopped) return;
+  if (!mended) return;
   look();
-  tell(foundText(mended, missing.size()), mended > 0 ? BoxIcon::Done : BoxIcon::Information);
+  tell(foundText(*mended, missing.size()), *mended > 0 ? BoxIcon::Done : BoxIcon::Information);
 }
 
 // For each missing file those of its name.
@@ -119,6 +118,8 @@ std::vector<std::vector<FoundFile>> MissingFiles::search(const std::string& fold
   return found;
 }
 
+bool MissingFiles::isStopped() const { return parts_.window.progress.abortClicked; }
+
 bool MissingFiles::goesOn() {
   auto& progress = parts_.window.progress;
   if ((parts_.loop.now() - drawn_).count() < kSearchSlice) return true;
@@ -126,15 +127,16 @@ bool MissingFiles::goesOn() {
   progress.abortText = "Click to stop the search";
   parts_.loop.yield();
   drawn_ = parts_.loop.now();
-  return !progress.abortClicked;
+  return !isStopped();
 }
 
-// All in one step.
-int MissingFiles::mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
-                       const std::vector<std::vector<FoundFile>>& found) {
+// All in one step, or nothing where it is stopped.
+std::optional<int> MissingFiles::mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
+                                      const std::vector<std::vector<FoundFile>>& found) {
   std::vector<std::pair<int, Movie>> changed;
   for (std::size_t i = 0; i < missing.size(); ++i) {
     const auto file = fileThatFits(missing[i], found[i], [this](const auto& path) { return lengthOf(path); });
+    if (isStopped()) return std::nullopt;
     if (!file) continue;
     auto clip = parts_.collection.MovieList[missing[i].number];
     clip.MovieName(std::string(fileNamePart(*file)));
@@ -148,7 +150,7 @@ int MissingFiles::mend(const CommandPass& pass, const std::vector<MissingFile>& 
 }
 
 double MissingFiles::lengthOf(const std::string& path) {
-  return parts_.looker.look(path, [this] { return parts_.window.progress.abortClicked; }).look.facts.duration;
+  return parts_.looker.look(path, [this] { return isStopped(); }).look.facts.duration;
 }
 
 }  // namespace kvo

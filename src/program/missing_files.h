@@ -61,8 +61,9 @@ class MissingFiles {
  private:
   std::vector<std::vector<FoundFile>> search(const std::string& folder,
                                              const std::vector<MissingFile>& missing);
-  int mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
-           const std::vector<std::vector<FoundFile>>& found);
+  std::optional<int> mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
+                          const std::vector<std::vector<FoundFile>>& found);
+  [[nodiscard]] bool isStopped() const;
   bool goesOn();
   double lengthOf(const std::string& path);
 

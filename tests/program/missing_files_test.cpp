@@ -66,6 +66,13 @@ TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
   b.dialogs.answers = {std::nullopt, "/new"};
   b.missing.FindMissingFiles();
   EXPECT_EQ(missing(), 21) << "taken back";
+  b.files.all["/new/other/clip 20.avi"] = "bytes";  // two fit: their lengths are compared
+  b.looks.whileLooking = [&] { b.window.progress.abortClicked = true; };
+  b.dialogs.answers.push_back("/new");
+  b.missing.FindMissingFiles();
+  EXPECT_EQ(b.looks.asked.size(), 2U);
+  EXPECT_EQ(missing(), 21) << "stopped while files are compared";
+  b.files.all.erase("/new/other/clip 20.avi");
   b.missing.FindMissingFiles();
   EXPECT_EQ(missing(), 1);
   EXPECT_EQ(b.boxes.shown.back().text, "20 of 21 missing files have been found.");
