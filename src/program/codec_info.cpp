@@ -40,24 +40,34 @@ void CodecInfo::Displaymovieinfo(int number) {
     if (codec == kUnknownCodec && head) {
       asked_ = &clip;
       idle_->start(kIdleLook);
+    } else {
+      clip.VideoCodec(codec);
     }
-    clip.VideoCodec(codec);
   }
   parts_.list.renew(number);
   if (number == parts_.collection.icurMov && parts_.window.codec.visible) ShowCodec();
 }
 
-// The probe lets events through: while a command runs it has to wait.
+// The probe lets events through: while a command runs it has to wait. A record whose clip is not in hand
+// stays without a codec, so that it is asked about when the clip is shown again.
 void CodecInfo::ask() {
-  if (parts_.window.busy()) return;
+  if (parts_.window.busy() || asking_) return;
   idle_->stop();
   const auto* clip = std::exchange(asked_, nullptr);
   auto& clips = parts_.collection.MovieList;
-  const int number = clips.numberOf(clip);
-  if (number < 1) return;
+  const auto inHand = [&] {
+    const int number = clips.numberOf(clip);
+    return number > 0 && number == parts_.collection.icurMov && clip->VideoCodec().empty() ? number : 0;
+  };
+  if (inHand() == 0) return;
+  asking_ = true;
   const auto found = GetAVICompressor({parts_.files, parts_.folder, parts_.probe}, clipFile(*clip));
-  const int now = clips.numberOf(clip);
-  if (found.isWindowsMedia && now > 0 && now == parts_.collection.icurMov) takeAsWindowsMedia(now);
+  asking_ = false;
+  const int number = inHand();
+  if (number == 0) return;
+  clips[number].VideoCodec(found.codec);
+  Displaymovieinfo(number);
+  if (found.isWindowsMedia) takeAsWindowsMedia(number);
 }
 
 void CodecInfo::takeAsWindowsMedia(int number) {

@@ -38,7 +38,8 @@ class CodecInfo {
   }
 
   /// Brings the list and what is told of clip `number` in line with its record. An AVI or VCR clip whose
-  /// record has no codec gets it; where its bytes do not tell, the probe is asked as soon as no command runs.
+  /// record has no codec gets it; where its bytes do not tell, the probe is asked as soon as no command runs
+  /// and while the clip is in hand.
   void Displaymovieinfo(int number);
 
   /// Opens the window on the codec of the clip in hand; nothing for one of another kind.
@@ -53,6 +54,7 @@ class CodecInfo {
   Parts parts_;
   std::unique_ptr<Timer> idle_;
   const Movie* asked_ = nullptr;  // the clip that the probe is to be asked about; it may be gone
+  bool asking_ = false;           // a probe is at work
   std::function<void(int)> reload_ = [](int) {};
   std::function<void()> halt_ = [] {};
 };

@@ -50,7 +50,24 @@ TEST(CodecInfo, AnAviGetsItsCodecOnceAndTheWindowTellsOfIt) {
   EXPECT_EQ(b.window.codec, (CodecWindowState{true, "IV50", "Unknown", "Unknown", "N/A"}));
   EXPECT_TRUE(b.show("c.mpg", "DIVX").VideoCodec().empty());
   EXPECT_FALSE(b.window.codec.visible) << "there is nothing to tell of another kind";
-  EXPECT_EQ(b.show("gone.avi", "").VideoCodec(), "Unknown");
+  EXPECT_EQ(b.probe.asked, 0);
+}
+
+TEST(CodecInfo, AClipThatAnotherTakesThePlaceOfIsAskedAboutWhenItIsShownAgain) {
+  CodecBench b;
+  const auto& first = b.show("a.avi", "nothing known");
+  const auto& second = b.show("b.avi", "nor here");
+  const auto askedOnce = [&](const Movie& clip) {
+    b.codec.Displaymovieinfo(b.collection.icurMov);
+    b.loop.advance(1000);
+    EXPECT_EQ(clip.VideoCodec(), "Unknown");
+    return std::exchange(b.probe.asked, 0) == 1;
+  };
+  EXPECT_TRUE(askedOnce(second));
+  EXPECT_TRUE(first.VideoCodec().empty());
+  b.list.select(1);
+  EXPECT_TRUE(askedOnce(first));
+  b.loop.advance(1000);
   EXPECT_EQ(b.probe.asked, 0);
 }
 
