@@ -85,7 +85,8 @@ class Player {
   [[nodiscard]] virtual StreamReport streamReport() const = 0;
   /// What it, or the file in the player, tells of itself beyond that.
   [[nodiscard]] virtual StreamDetails streamDetails() const { return {}; }
-  /// Gets clip `index` ready in the background, where it is a file that plays.
+  /// Gets clip `index` ready in the background, where it is a file that plays; else lets go of what was
+  /// ready.
   virtual void openAhead(int index) = 0;
 
   // Playing

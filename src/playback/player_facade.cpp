@@ -178,7 +178,10 @@ std::string PlayerFacade::PlayerGetFileName() const {
 
 void PlayerFacade::openAhead(int index) {
   const auto* clip = clipAt(index);
-  if (clip == nullptr || !isFileThatPlays(*clip) || extensionOf(clip->MovieName()) == "CDA") return;
+  if (clip == nullptr || !isFileThatPlays(*clip) || extensionOf(clip->MovieName()) == "CDA") {
+    parts_.control.openAhead({}, 0);
+    return parts_.graphs.openAhead({}, 0);
+  }
   const auto path = clipFile(*clip);
   const auto routing = routeOf({kSystemWord, path, clip->IsCorona(), parts_.settings.user.MPEGRoutingVMR},
                                [&] { return clip->VideoCodec(); });

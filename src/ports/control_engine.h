@@ -38,7 +38,8 @@ class ControlEngine : public MediaEngine {
   virtual void setFileName(const std::string& fileOrAddress) = 0;
   /// Empty while nothing is open or on its way.
   [[nodiscard]] virtual std::string fileName() const = 0;
-  /// Gets a file ready in the background that is likely to be the next, standing at `seconds`.
+  /// Gets a file ready in the background that is likely to be the next, standing at `seconds`, in place of
+  /// the one before; empty lets go of that.
   virtual void openAhead(const std::string& file, double seconds) = 0;
 
   [[nodiscard]] virtual EngineOpening opening() const = 0;

@@ -29,7 +29,8 @@ class FilterGraphs {
   /// A graph that stands at the first picture of the file. Fails with a line that names the file. For a file
   /// that takes long, the program's loop runs meanwhile.
   virtual Result<std::unique_ptr<FilterGraph>> RenderFile(const std::string& file) = 0;
-  /// Gets a file ready in the background that is likely to be the next, standing at `seconds`.
+  /// Gets a file ready in the background that is likely to be the next, standing at `seconds`, in place of
+  /// the one before; empty lets go of that.
   virtual void openAhead(const std::string& file, double seconds) = 0;
 };
 

@@ -346,6 +346,8 @@ TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
   EXPECT_EQ(bench.drawn(), 0);
   bench.engine.setFileName("");
   EXPECT_EQ(bench.drawn(), -1);
+  bench.engine.openAhead("", 0);
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return openFiles() == 0; }));
 }
 
 // On a machine that has no sound to give either.

@@ -295,6 +295,8 @@ TEST(Transport, AClipTakesItsOwnWithIt) {
   EXPECT_EQ(b.control.captionFile(), "/v/a.smi");
   ASSERT_EQ(b.control.openedAhead.size(), 1U);
   EXPECT_EQ(b.control.openedAhead.front().first, "/v/b.avi");
+  b.transport.empty();
+  EXPECT_EQ(b.control.openedAhead.back().first, "") << "an empty player holds no file";
   b.transport.PreviewMovie(2);
   EXPECT_EQ(b.control.captionFile(), "");
   EXPECT_EQ(b.host.asked, "loaded1 loaded2 ");

@@ -34,6 +34,7 @@ std::unique_ptr<MpvFile> MpvStage::atRest() {
 }
 
 void MpvStage::openAhead(const std::string& file, double seconds) {
+  if (file.empty()) return giveBack(std::move(ahead_));
   if (ahead_ != nullptr && ahead_->name() == file) return ahead_->standAt(seconds);
   static_cast<void>(guarded([&]() -> Outcome {  // else it is opened when it is wanted, which tells why not
     if (ahead_ == nullptr) ahead_ = atRest();

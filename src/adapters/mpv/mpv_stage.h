@@ -20,7 +20,7 @@ class MpvStage {
   [[nodiscard]] VideoOutput& output() { return output_; }
 
   // Of this room.
-  /// Gets a file ready in the background, standing at `seconds`.
+  /// Gets a file ready in the background, standing at `seconds`; empty closes the one that was.
   void openAhead(const std::string& file, double seconds);
   /// A file or address that is open or on its way, in front: the one that was opened ahead, if it is this.
   std::unique_ptr<MpvFile> take(const std::string& fileOrAddress);

@@ -60,6 +60,7 @@ void Transport::empty() {
   letGo();
   core_.display.leaveFullPicture();
   core_.emptyPlayer();
+  core_.player.openAhead(0);
   core_.mode.still = {};
   core_.button("ALLOFF");
   core_.mode.player.IsPaused = false;
@@ -250,8 +251,7 @@ void Transport::played(int number) {
 void Transport::openNextAhead() {
   const auto ended = sequencer_.endedClip();
   const int next = clipThatFollows(ended);
-  if (next < 1 || next == ended.number || next > ended.count) return;
-  core_.player.openAhead(next);
+  core_.player.openAhead(next == ended.number ? 0 : next);
 }
 
 }  // namespace kvo
