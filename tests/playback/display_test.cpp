@@ -222,7 +222,6 @@ TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
   EXPECT_EQ(b.mode.player.place, (Place{0, 690, 4800, 3650})) << "below the slider's handle";
   b.display.Form_Resize(9600, 6000);
   EXPECT_EQ(b.mode.slider.X2, 9400);
-  EXPECT_EQ(b.mode.slider.Lbl_Line, (Place{200, 540, 9200, 20}));
   EXPECT_EQ(b.mode.slider.ImageBlob.place, (Place{4800, 460, 195, 180})) << "still the middle";
 }
 

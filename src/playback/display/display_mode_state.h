@@ -70,7 +70,6 @@ struct SliderPlace {
   Twips X1 = 0;       ///< left end of the line
   Twips X2 = 0;       ///< right end
   Twips Y = 0;        ///< height of the line
-  Place Lbl_Line;     ///< what takes the mouse along the line
   Control ImageBlob;  ///< the handle
   bool operator==(const SliderPlace&) const = default;
 };

@@ -22,12 +22,11 @@ constexpr int kRoomForFrame = 40;  // pixels that the desktop's frame takes of a
 // The line of the slider in one of the two faces.
 struct SliderLine {
   Twips X1, X2, Y;
-  Twips labelTop, labelHeight;
   Twips blobWidth, blobHeight;
 };
-constexpr SliderLine kNormalLine{600, 8100, 4860, 4770, 180, 195, 195};
+constexpr SliderLine kNormalLine{600, 8100, 4860, 195, 195};
 
-SliderLine toolbarLine(Twips width) { return {200, width - 200, 550, 540, 20, 195, 180}; }
+SliderLine toolbarLine(Twips width) { return {200, width - 200, 550, 195, 180}; }
 
 }  // namespace
 
@@ -190,7 +189,6 @@ void FaceLayout::layOutSlider() {
   slider.X1 = line.X1;
   slider.X2 = std::max(line.X2, line.X1);
   slider.Y = line.Y;
-  slider.Lbl_Line = {slider.X1, line.labelTop, slider.X2 - slider.X1, line.labelHeight};
   blob = {slider.X1 + share * (slider.X2 - slider.X1), line.Y - line.blobHeight / 2, line.blobWidth,
           line.blobHeight};
 }
