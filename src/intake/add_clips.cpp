@@ -36,6 +36,8 @@ bool AddClips::AddMoviesm(const std::string& text, const AddManner& manner) {
 }
 
 bool AddClips::add(std::vector<std::string> names, const AddManner& manner) {
+  auto& state = parts_.settings.state;
+  if (parts_.collection.MovieList.empty() && !state.KVOIsInEditMode) state.AllDetOff = false;
   OrderCDATrackList(names);
   const auto total = static_cast<int>(names.size());
   bool any = false;
@@ -50,7 +52,7 @@ bool AddClips::add(std::vector<std::string> names, const AddManner& manner) {
     any |= addOne(name, manner);
   }
   parts_.host.analysed();
-  if (any) parts_.settings.state.postChange(99, 99);
+  if (any) state.postChange(99, 99);
   return any;
 }
 
@@ -147,11 +149,8 @@ LookAnswer AddClips::look(const std::string& file) {
 }
 
 // What is looked into of a disc is its film, and not its menu.
-std::string AddClips::dvdSourceOf(const std::string& file) {
-  const bool isMenu = isDvdMenu(file);
-  if (!isMenu && extensionOf(file) != "VOB") return file;
-  DvdSource_ = file;
-  if (!isMenu) return file;
+std::string AddClips::dvdSourceOf(const std::string& file) const {
+  if (!isDvdMenu(file)) return file;
   std::string first;
   const auto folder = std::string(folderPart(file));
   parts_.files.eachBelow(folder, [&](const std::string& other) {
@@ -159,8 +158,7 @@ std::string AddClips::dvdSourceOf(const std::string& file) {
       first = other;
     return true;
   });
-  if (!first.empty()) DvdSource_ = first;
-  return DvdSource_;
+  return first.empty() ? file : first;
 }
 
 void AddClips::takeTags(Movie& clip, const MediaTags& tags) const {

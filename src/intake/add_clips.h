@@ -42,9 +42,6 @@ class AddClips : public ClipIntake {
   /// Who hears of changes in the records that this brings.
   [[nodiscard]] ChangePoster& poster() { return poster_; }
 
-  /// The first film file of the disc that was added last; empty where none was.
-  [[nodiscard]] const std::string& DvdSource() const { return DvdSource_; }
-
  private:
   bool addOne(const std::string& name, const AddManner& manner);
   bool addAddress(Movie clip, const AddManner& manner);
@@ -55,7 +52,7 @@ class AddClips : public ClipIntake {
   bool DidPlayAdd(Movie& clip, bool quiet);
   [[nodiscard]] Movie newRecord(const std::string& name) const;
   [[nodiscard]] LookAnswer look(const std::string& file);
-  std::string dvdSourceOf(const std::string& file);
+  [[nodiscard]] std::string dvdSourceOf(const std::string& file) const;
   bool refuse(const Box& box);
   void tell(const Verdict& verdict);
   [[nodiscard]] Box withCodec(const std::string& file, const std::string& errorText);
@@ -64,7 +61,6 @@ class AddClips : public ClipIntake {
 
   Parts parts_;
   ChangePoster poster_;
-  std::string DvdSource_;
   std::set<std::string> told_;  // captions of boxes that come once
 };
 

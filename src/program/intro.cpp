@@ -48,6 +48,7 @@ void Intro::ShowStartupVid(const std::vector<std::string>& named) {
     const auto clips = withClipsOfFolders(named, parts_.files, [] { return true; });
     added = parts_.history.add(CommandPass(parts_.window),
                                [&] { parts_.refusals.together([&] { parts_.intake.add(clips, {}); }); });
+    parts_.settings.state.AllDetOff = true;  // the first clip of a list turns them on
   } else {
     parts_.window.face.controlsEnabled = false;
     added = addIntro();

@@ -285,7 +285,6 @@ TEST(AddClips, LocalPagesStreamsTracksAndDiscsAreNotLookedInto) {
   b.put("/d/VIDEO_TS/VTS_01_2.VOB", {kFilm});
   EXPECT_NE(b.add("/d/VIDEO_TS/VIDEO_TS.IFO"), nullptr);
   EXPECT_EQ(b.looks.asked, Names{"/d/VIDEO_TS/VTS_01_1.VOB"});
-  EXPECT_EQ(b.intake.DvdSource(), "/d/VIDEO_TS/VTS_01_1.VOB");
 }
 
 TEST(AddClips, AnExtendedDiscBecomesItsTracks) {
@@ -343,17 +342,26 @@ TEST(AddClips, NamesComeFromTagsAndFromNamesThatAreNone) {
 TEST(AddClips, SeveralComeInTheirOrderUntilTheUserStops) {
   IntakeBench b;
   for (const auto* name : {"/v/b.avi", "/v/a.avi", "/v/c.avi"}) b.put(name, {kFilm});
+  b.settings.state.AllDetOff = true;
   EXPECT_TRUE(b.intake.AddMoviesm("/v  \"b.avi\" \"a.avi\" \"c.avi\"", {}));
+  EXPECT_FALSE(b.settings.state.AllDetOff) << "the first clip of a list turns the details on";
   EXPECT_EQ(b.names(), (Names{"b.avi", "a.avi", "c.avi"}));
   EXPECT_EQ(b.host.told, (Names{"1/3 /v/b.avi", "2/3 /v/a.avi", "3/3 /v/c.avi", "end"}));
   EXPECT_EQ(b.host.joined, (std::vector<int>{1, 2, 3}));
   EXPECT_EQ(b.settings.preferences().LoadFrom, "/v/");
 
   b.host.told.clear();
+  b.settings.state.AllDetOff = true;
   b.looks.whileLooking = [&] { b.host.stopsAt = 2; };
   EXPECT_TRUE(b.intake.add({"/v/b.avi", "/v/a.avi", "/v/c.avi"}, {}));
   EXPECT_EQ(b.collection.MovieList.count(), 4);
   EXPECT_TRUE(b.boxes.shown.empty());
+  EXPECT_TRUE(b.settings.state.AllDetOff) << "there were clips";
+  b.collection.MovieList.clear();
+  b.settings.state.KVOIsInEditMode = true;
+  b.host.stopsAt = 0;
+  EXPECT_TRUE(b.intake.add({"/v/b.avi"}, {}));
+  EXPECT_TRUE(b.settings.state.AllDetOff);
 }
 
 TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwnAndThereAreNotTooMany) {
