@@ -1,5 +1,5 @@
-// How the pictures of a clip are counted: from 0, in the order of showing. Here, and nowhere else, frames and
-// seconds of a clip in the player go into each other.
+// How the pictures of a clip are counted: from 0, in the order of showing. Here the player's positions go
+// from frames to seconds and back. What goes by a clip's record goes by its average rate.
 #pragma once
 
 #include "base/frame_rate.h"

@@ -10,7 +10,7 @@ namespace kvo {
 Movie* clipInHand(Collection& collection);
 const Movie* clipInHand(const Collection& collection);
 
-/// Pictures a second: DurationFrames / DurationTime. 0 when the record does not know them.
+/// Pictures a second on the average: DurationFrames / DurationTime. 0 when the record does not know them.
 double framesPerSecond(const Movie& clip);
 
 /// What the player shows, and its number.
