@@ -102,7 +102,7 @@ bool AddClips::addFile(Movie clip, const AddManner& manner) {
     case IntakeClass::Archive:
       return refuse(refusedArchive(clip.MovieName()));
     case IntakeClass::ExtendedCd:
-      return addExtendedCd(std::move(clip));
+      return addExtendedCd(clip);
     default:
       break;
   }
@@ -178,8 +178,8 @@ bool AddClips::DidPlayAdd(Movie& clip, bool quiet) {
   return true;
 }
 
-bool AddClips::addExtendedCd(Movie clip) {
-  const auto folder = clip.Path();
+bool AddClips::addExtendedCd(const Movie& clip) {
+  const auto& folder = clip.Path();
   const auto table = parts_.disc.read(folder);
   auto tracks = table ? PopulateFromExtendedCD(*table, folder) : std::vector<Movie>();
   if (tracks.empty()) return refuse(refusedMovie());

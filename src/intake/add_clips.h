@@ -47,7 +47,7 @@ class AddClips : public ClipIntake {
   bool addAddress(Movie clip, const AddManner& manner);
   bool addFile(Movie clip, const AddManner& manner);
   bool addLooked(Movie clip, const AddManner& manner);
-  bool addExtendedCd(Movie clip);
+  bool addExtendedCd(const Movie& clip);
   void takeTags(Movie& clip, const MediaTags& tags) const;
   bool DidPlayAdd(Movie& clip, bool quiet);
   [[nodiscard]] Movie newRecord(const std::string& name) const;

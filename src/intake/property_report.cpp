@@ -12,7 +12,7 @@
 namespace kvo {
 namespace {
 
-using Kind = StreamProperty::Kind;
+using StreamKind = StreamProperty::Kind;
 
 // One of the names apart at blanks.
 bool hasName(std::string_view names, std::string_view name) {
@@ -38,7 +38,7 @@ std::string whole(double number) { return FormatMask(number, "0"); }
 
 // The bit rate comes first: a reader looks for the next one behind the stream's phrase.
 std::string streamLines(const StreamProperty& stream) {
-  const bool audio = stream.kind == Kind::Audio;
+  const bool audio = stream.kind == StreamKind::Audio;
   std::string text(audio ? kAudioPhrase : kVideoPhrase);
   text.append("ties\n  Bit ").append(kRateBegin).append(" ").append(whole(stream.bitRate)).append(" ");
   text.append(kRateEnd).append("\n  Codec: ");
@@ -53,7 +53,7 @@ std::string streamLines(const StreamProperty& stream) {
   return text + "\n";
 }
 
-const StreamProperty* firstOf(const StreamProperties& properties, Kind kind) {
+const StreamProperty* firstOf(const StreamProperties& properties, StreamKind kind) {
   const auto& all = properties.streams;
   const auto found = std::ranges::find(all, kind, &StreamProperty::kind);
   return found == all.end() ? nullptr : &*found;
@@ -87,10 +87,10 @@ std::string jsonStream(const StreamProperty& stream) {
   text += ", " + field("codec", jsonText(stream.codec)) + ", " + field("name", jsonText(stream.codecName));
   text += ", " + field("bitRate", whole(stream.bitRate));
   if (!stream.language.empty()) text += ", " + field("language", jsonText(stream.language));
-  if (stream.kind == Kind::Audio) {
+  if (stream.kind == StreamKind::Audio) {
     text += ", " + field("sampleRate", whole(stream.sampleRate)) + ", " +
             field("channels", whole(stream.channels));
-  } else if (stream.kind == Kind::Video) {
+  } else if (stream.kind == StreamKind::Video) {
     text += ", " + field("width", whole(stream.width)) + ", " + field("height", whole(stream.height)) + ", " +
             field("frameRate", FormatMask(stream.frameRate, "0.0##"));
   }
@@ -115,7 +115,7 @@ std::string propertyReport(const Result<StreamProperties>& properties) {
   text.append("\nDuration: ").append(FormatMask(properties->duration, "0.000")).append(" s\n");
   text.append(kStreamsPhrase).append(std::to_string(properties->streams.size())).append(" \n");
   // Sound first: what is said of a picture must not be read for the sound's.
-  for (const auto kind : {Kind::Audio, Kind::Video}) {
+  for (const auto kind : {StreamKind::Audio, StreamKind::Video}) {
     if (const auto* stream = firstOf(*properties, kind)) text += streamLines(*stream);
   }
   return text;
