@@ -1,5 +1,6 @@
 // Threshold: the light parts of the first picture give way first, the dark ones last.
 #include "engine/transitions/registry.h"
+#include "engine/transitions/threshold.h"
 #include "media/pixel_rows.h"
 
 #include <vector>
@@ -8,7 +9,6 @@ namespace kvo::engine {
 namespace {
 
 constexpr int kSoft = 5000;  // of 65535
-constexpr int kWay = 65535;
 
 void paint(const media::Picture& below, const media::Picture& above, double progress, media::Canvas& out) {
   const int position = static_cast<int>(progress * (kWay + kSoft));

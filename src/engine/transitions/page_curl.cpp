@@ -12,7 +12,6 @@
 namespace kvo::engine {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 constexpr double kRollRadius = 0.09;  // of the diagonal
 constexpr double kShadow = 0.08;      // of the diagonal, on what is uncovered
 
@@ -53,12 +52,13 @@ Sight sightAt(const Curl& c, double x, double y) {
   };
   Sight sight;
   if (s > c.line) {
-    if (back(2 * c.line - s - kPi * c.radius, 1, sight)) return sight;
+    if (back(2 * c.line - s - std::numbers::pi * c.radius, 1, sight)) return sight;
     return {Seen::Front, x, y, 1};
   }
   if (s > c.line - c.radius) {
     const double angle = std::asin(std::clamp((c.line - s) / c.radius, 0.0, 1.0));
-    if (back(c.line - c.radius * (kPi - angle), 0.55 + 0.45 * std::cos(angle), sight)) return sight;
+    if (back(c.line - c.radius * (std::numbers::pi - angle), 0.55 + 0.45 * std::cos(angle), sight))
+      return sight;
     const auto p = pageAt(c.line - c.radius * angle);
     if (c.onPage(p.x, p.y)) return {Seen::Front, p.x, p.y, 0.55 + 0.45 * std::cos(angle)};
   }

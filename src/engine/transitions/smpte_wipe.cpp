@@ -12,8 +12,6 @@
 namespace kvo::engine {
 namespace {
 
-constexpr int kWay = 65535;
-
 // Values of any range, brought to 0 to 65535; and how many pixels the change takes from first to last.
 struct Field {
   ThresholdMap map;

@@ -13,8 +13,6 @@ namespace {
 using media::Canvas;
 using media::Picture;
 
-constexpr int kWay = 65535;  // thresholds are kept in 16 bits
-
 struct Maps {
   ThresholdMap full;
   ThresholdMap half;  // of the chroma planes

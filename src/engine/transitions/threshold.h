@@ -12,6 +12,8 @@
 
 namespace kvo::engine {
 
+constexpr int kWay = 65535;  ///< thresholds are kept in 16 bits
+
 /// The threshold of a point, 0 (changes first) to 1 (last). Coordinates run from 0 to 1 across the picture.
 using ThresholdAt = std::function<double(double x, double y)>;
 
