@@ -359,9 +359,10 @@ TEST(AddClips, SeveralComeInTheirOrderUntilTheUserStops) {
   EXPECT_TRUE(b.settings.state.AllDetOff) << "there were clips";
   b.collection.MovieList.clear();
   b.settings.state.KVOIsInEditMode = true;
+  b.looks.whileLooking = [] {};
   b.host.stopsAt = 0;
   EXPECT_TRUE(b.intake.add({"/v/b.avi"}, {}));
-  EXPECT_TRUE(b.settings.state.AllDetOff);
+  EXPECT_TRUE(b.settings.state.AllDetOff) << "not while the movie is edited";
 }
 
 TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwnAndThereAreNotTooMany) {

@@ -104,7 +104,6 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
                           "Add media",
                           "Remove",
                           "Sort",
-                          "Click Here for more info on the Codec",
                           "Position",
                           "Mark-In",
                           "Mark-Out",

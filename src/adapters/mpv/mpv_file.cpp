@@ -138,9 +138,8 @@ void MpvFile::hear(std::function<void()> ended, std::function<void()> changed) {
 
 // At the loop's next turn, where whoever hears it may do anything to this file.
 void MpvFile::tell(std::function<void()> MpvFile::*heard) {
-  house_.loop.post([this, heard, alive = std::weak_ptr(alive_), opened = opened_, sent = sent_] {
+  house_.loop.post([this, heard, alive = std::weak_ptr(alive_), opened = opened_] {
     if (alive.expired() || opened != opened_ || !(this->*heard)) return;
-    if (heard == &MpvFile::ended_ && sent != sent_) return;
     const auto work = this->*heard;
     work();
   });

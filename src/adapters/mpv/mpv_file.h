@@ -143,7 +143,6 @@ class MpvFile {
   std::string name_;
   bool isAddress_ = false;
   std::uint64_t opened_ = 0;   // counts what has been opened
-  std::uint64_t sent_ = 0;     // and the seeks and steps: an end ahead of one is none any more
   std::int64_t entry_ = -1;    // how the core calls it; -1 while that is not known
   std::int64_t current_ = -1;  // what the core is at
   EngineOpening opening_ = EngineOpening::Closed;

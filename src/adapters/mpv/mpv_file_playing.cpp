@@ -80,7 +80,6 @@ void MpvFile::seek(double seconds) {
     if (!stoodAt_ && seeks_.isShown(to, shownTime(time_))) return;
   }
   stoodAt_.reset();
-  ++sent_;
   seeks_.want(to);
   if (runs_) sendEnd(to);
   goOn();
@@ -94,7 +93,6 @@ void MpvFile::standAt(double seconds) {
 void MpvFile::step(int direction) {
   if (!hasPicture()) return;
   pause();
-  ++sent_;
   sendEnd(end_);
   // At the end the last picture stands: the one ahead of it is wanted, not the last one once more.
   const auto end = std::exchange(stoodAt_, std::nullopt);
