@@ -184,7 +184,6 @@ int KvoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
     case SH_Menu_Scrollable:  // one that is higher than the screen
       return 1;
     case SH_FocusFrame_Mask:
-      return 0;
     case SH_DialogButtonBox_ButtonsHaveIcons:
       return 0;
     case SH_ToolTip_WakeUpDelay:

@@ -96,7 +96,7 @@ void ListPart::listen() {
   list_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(list_, &QWidget::customContextMenuRequested, [this](const QPoint& at) { openMenu(at); });
   list_->commandKey = [this](const QKeyEvent& event) { return logic_.key(event.text()); };
-  list_->dragOut = [this](int /*index*/) {
+  list_->dragOut = [](int /*index*/) {
     auto carried = std::make_unique<QMimeData>();
     carried->setData(kRowsFormat, QByteArray("rows"));
     return carried;

@@ -107,7 +107,7 @@ void FaceLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setFont(face_);
   painter.setPen(toColour(isEnabled() ? look_.colour : token("textOff")));
-  painter.drawText(rect(), Qt::AlignVCenter | look_.side | Qt::TextSingleLine, cut());
+  painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter | look_.side) | Qt::TextSingleLine, cut());
 }
 
 }  // namespace kvo
