@@ -11,7 +11,7 @@
 namespace kvo::media {
 namespace {
 
-// Of the File Properties Object of an ASF (section 3.2 of its specification): whether it can be sought in.
+// Whether an ASF can be sought in, by the flags of its File Properties Object.
 // FFmpeg reads the flag, and keeps it for itself.
 bool asfTellsUnseekable(const std::string& path) {
   constexpr std::string_view kFileProperties(
