@@ -335,8 +335,11 @@ void MpvFile::settle() {
   if (!seeks_.busy() && core_.isSet("eof-reached")) reachEnd();
 }
 
+// Sound is where it was sent, however long ago that was: there is no picture to look for, and none to step
+// back to.
 void MpvFile::arrive() {
-  seeks_.arrived(time_ - *origin_);
+  const double shown = time_ - *origin_;
+  seeks_.arrived(hasPicture() ? shown : seeks_.wanted().value_or(shown));
   goOn();
 }
 
