@@ -3,7 +3,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QVariantMap>
 #include <utility>
 
@@ -36,14 +35,11 @@ void ScreenSaver::ask(Holder whom) {
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
   holder_ = Holder::Asked;
-  auto* answer =                                                                   // deletes itself
-      new QDBusPendingCallWatcher(bus.asyncCall(request(whom == Holder::Portal)),  // NOLINT
-                                  &home_);
-  QObject::connect(answer, &QDBusPendingCallWatcher::finished, &home_,
-                   [this, whom](QDBusPendingCallWatcher* done) {
-                     done->deleteLater();
-                     answered(whom, done->reply());
-                   });
+  answer_.reset(
+      std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(request(whom == Holder::Portal)), &home_)
+          .release());
+  QObject::connect(answer_.get(), &QDBusPendingCallWatcher::finished, &home_,
+                   [this, whom](QDBusPendingCallWatcher* done) { answered(whom, done->reply()); });
 }
 
 void ScreenSaver::answered(Holder whom, const QDBusMessage& reply) {

@@ -2,8 +2,10 @@
 // bus, and where there is none to be asked the portal that programs in a sandbox use.
 #pragma once
 
+#include <QDBusPendingCallWatcher>
 #include <QObject>
 #include <QString>
+#include <memory>
 
 class QDBusMessage;
 
@@ -19,6 +21,10 @@ class ScreenSaver {
   /// Who has been asked, or holds the screen awake.
   enum class Holder { None, Asked, ScreenSaver, Portal };
 
+  struct Later {  // an answer is let go of while it is heard
+    void operator()(QObject* answer) const { answer->deleteLater(); }
+  };
+
   void ask(Holder whom);
   void answered(Holder whom, const QDBusMessage& reply);
   void release();
@@ -28,6 +34,7 @@ class ScreenSaver {
   uint cookie_ = 0;  // of the screen saver
   QString handle_;   // of the portal
   QObject home_;     // answers come while it lives
+  std::unique_ptr<QDBusPendingCallWatcher, Later> answer_;
 };
 
 }  // namespace kvo
