@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
 #include <QVariantMap>
 #include <utility>
 
@@ -35,11 +36,11 @@ void ScreenSaver::ask(Holder whom) {
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
   holder_ = Holder::Asked;
-  answer_.reset(
-      std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(request(whom == Holder::Portal)), &home_)
-          .release());
-  QObject::connect(answer_.get(), &QDBusPendingCallWatcher::finished, &home_,
+  auto answer =
+      std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(request(whom == Holder::Portal)), &home_);
+  QObject::connect(answer.get(), &QDBusPendingCallWatcher::finished, &home_,
                    [this, whom](QDBusPendingCallWatcher* done) { answered(whom, done->reply()); });
+  answer_.reset(answer.release());
 }
 
 void ScreenSaver::answered(Holder whom, const QDBusMessage& reply) {

@@ -2,7 +2,6 @@
 // bus, and where there is none to be asked the portal that programs in a sandbox use.
 #pragma once
 
-#include <QDBusPendingCallWatcher>
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -34,7 +33,7 @@ class ScreenSaver {
   uint cookie_ = 0;  // of the screen saver
   QString handle_;   // of the portal
   QObject home_;     // answers come while it lives
-  std::unique_ptr<QDBusPendingCallWatcher, Later> answer_;
+  std::unique_ptr<QObject, Later> answer_;
 };
 
 }  // namespace kvo
