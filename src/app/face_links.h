@@ -55,7 +55,7 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
 
   // Of the skins, and of the player
   void BuildAllButs(bool stepButtons) override { buttons_.BuildAllButs(stepButtons); }
-  void BuildButton(std::string_view key) override { buttons_.BuildButton(key); }
+  void BuildButton(KeyWord word) override { buttons_.BuildButton(word); }
   void PlayerPause() override { player_.PlayerPause(); }
   void PlayerStop() override { player_.PlayerStop(); }
   void GlobalMediaPlay() override { player_.GlobalMediaPlay(); }

@@ -1,7 +1,5 @@
 #include "playback/buttons.h"
 
-#include "base/text.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -14,125 +12,123 @@ struct Spot {
 
 // The two tables of places: one for an interface of 1.25, and one for 1 that the others multiply.
 struct KeyRow {
-  std::string_view key;
   int image;
   KeyPlace place;
   Spot big, small;
+  bool lit = false;
+  int hover = 0;  // its picture under the pointer
 };
 
 constexpr std::array<KeyRow, 23> kKeys{{
-    {"PlayOff", 1, KeyPlace::Play, {93, 435}, {70, 350}},
-    {"PlayOn", 2, KeyPlace::Play, {93, 435}, {70, 350}},
-    {"PauseOff", 3, KeyPlace::Pause, {150, 440}, {126, 355}},
-    {"PauseOn", 4, KeyPlace::Pause, {150, 440}, {126, 355}},
-    {"VOLUME", 5, KeyPlace::Volume, {42, 429}, {30, 338}},
-    {"FFON", 6, KeyPlace::FastForward, {315, 465}, {250, 370}},
-    {"FFOND", 6, KeyPlace::FastForward, {315, 465}, {250, 370}},
-    {"FFOFF", 7, KeyPlace::FastForward, {315, 465}, {250, 370}},
-    {"RRON", 8, KeyPlace::FastRewind, {215, 465}, {158, 370}},
-    {"RROND", 8, KeyPlace::FastRewind, {215, 465}, {158, 370}},
-    {"RROFF", 9, KeyPlace::FastRewind, {215, 465}, {158, 370}},
-    {"FON", 10, KeyPlace::FrameForward, {280, 465}, {220, 370}},
-    {"FOND", 10, KeyPlace::FrameForward, {280, 465}, {220, 370}},
-    {"FOFF", 11, KeyPlace::FrameForward, {280, 465}, {220, 370}},
-    {"RON", 12, KeyPlace::FrameBack, {250, 465}, {188, 370}},
-    {"ROND", 12, KeyPlace::FrameBack, {250, 465}, {188, 370}},
-    {"ROFF", 13, KeyPlace::FrameBack, {250, 465}, {188, 370}},
-    {"025", 14, KeyPlace::Speeds, {378, 465}, {300, 370}},
-    {"MAG", 15, KeyPlace::Size, {500, 463}, {402, 370}},
-    {"PLAYALL", 16, KeyPlace::PlayAll, {560, 463}, {444, 367}},
-    {"PLAYALLB", 17, KeyPlace::PlayAll, {560, 463}, {444, 367}},
-    {"MIN", 18, KeyPlace::Minimise, {538, 1}, {425, 1}},
-    {"MINI", 19, KeyPlace::Mini, {635, 470}, {500, 375}},
+    // in the order of KeyWord
+    {1, KeyPlace::Play, {93, 435}, {70, 350}},
+    {2, KeyPlace::Play, {93, 435}, {70, 350}, true},
+    {3, KeyPlace::Pause, {150, 440}, {126, 355}},
+    {4, KeyPlace::Pause, {150, 440}, {126, 355}, true},
+    {5, KeyPlace::Volume, {42, 429}, {30, 338}},
+    {6, KeyPlace::FastForward, {315, 465}, {250, 370}, true},
+    {6, KeyPlace::FastForward, {315, 465}, {250, 370}, true},
+    {7, KeyPlace::FastForward, {315, 465}, {250, 370}},
+    {8, KeyPlace::FastRewind, {215, 465}, {158, 370}, true},
+    {8, KeyPlace::FastRewind, {215, 465}, {158, 370}, true},
+    {9, KeyPlace::FastRewind, {215, 465}, {158, 370}},
+    {10, KeyPlace::FrameForward, {280, 465}, {220, 370}, true},
+    {10, KeyPlace::FrameForward, {280, 465}, {220, 370}, true},
+    {11, KeyPlace::FrameForward, {280, 465}, {220, 370}},
+    {12, KeyPlace::FrameBack, {250, 465}, {188, 370}, true},
+    {12, KeyPlace::FrameBack, {250, 465}, {188, 370}, true},
+    {13, KeyPlace::FrameBack, {250, 465}, {188, 370}},
+    {14, KeyPlace::Speeds, {378, 465}, {300, 370}},
+    {15, KeyPlace::Size, {500, 463}, {402, 370}},
+    {16, KeyPlace::PlayAll, {560, 463}, {444, 367}, false, 17},
+    {17, KeyPlace::PlayAll, {560, 463}, {444, 367}},
+    {18, KeyPlace::Minimise, {538, 1}, {425, 1}},
+    {19, KeyPlace::Mini, {635, 470}, {500, 375}},
 }};
 
 constexpr double kBigTableSize = 1.25;
 
-constexpr std::array<std::string_view, 5> kStepKeys{"FOFF", "FFOFF", "ROFF", "RROFF", "025"};
-constexpr std::array<std::string_view, 7> kFaceKeys{"VOLUME", "CLOSE",   "MIN",    "MINI",
-                                                    "MAG",    "PLAYALL", "REBUILD"};
-constexpr std::array<std::string_view, 4> kHeldKeys{"RRON", "RON", "FON", "FFON"};  // show as paused
+constexpr std::array kStepKeys{KeyWord::FOff, KeyWord::FFOff, KeyWord::ROff, KeyWord::RROff, KeyWord::Speeds};
+constexpr std::array kFaceKeys{KeyWord::Volume, KeyWord::Minimise, KeyWord::Mini,
+                               KeyWord::Size,   KeyWord::PlayAll,  KeyWord::Rebuild};
+constexpr std::array kHeldKeys{KeyWord::RROn, KeyWord::ROn, KeyWord::FOn, KeyWord::FFOn};  // show as paused
 
-// The words of what is on end so; the second while a mouse button is held.
-bool isOn(std::string_view key) { return endsInText(key, "ON") || endsInText(key, "OND"); }
-
-// A row of the same name with a B behind it is what stands there under the pointer.
-int hoverImage(std::string_view key) {
-  const auto row = std::ranges::find_if(kKeys, [&](const KeyRow& k) {
-    return k.key.size() == key.size() + 1 && k.key.starts_with(key) && k.key.ends_with('B');
-  });
-  return row == kKeys.end() ? 0 : row->image;
-}
+const KeyRow& rowOf(KeyWord word) { return kKeys[static_cast<std::size_t>(word)]; }
 
 // Halves go up, as they do for everything else on the face.
 DrawnKey drawnKey(const KeyRow& row, double size) {
   const auto place = [size](int pixels) { return static_cast<int>(std::lround(pixels * size)); };
   const auto spot = size == kBigTableSize ? row.big : Spot{place(row.small.left), place(row.small.top)};
-  return {row.image, spot.left, spot.top, isOn(row.key), hoverImage(row.key)};
+  return {row.image, spot.left, spot.top, row.lit, row.hover};
 }
 
 }  // namespace
 
-void Buttons::BuildButton(std::string_view word, bool playOn) {
-  const auto key = upper(trimmed(word));
-  passOn(key);
+void Buttons::BuildButton(KeyWord word, bool playOn) {
+  passOn(word);
   if (playOn) {
-    become("PLAYING");
+    become(PlayGroup::Playing);
     PlayOn();
     return;
   }
-  if (playWord(key)) return;
-  draw(key);
-  if (std::ranges::find(kHeldKeys, key) == kHeldKeys.end()) return;
-  become("PAUSED");
+  if (playWord(word)) return;
+  draw(word);
+  if (std::ranges::find(kHeldKeys, word) == kHeldKeys.end()) return;
+  become(PlayGroup::Paused);
   PauseOn();
 }
 
 // The words that act on the play group.
-bool Buttons::playWord(std::string_view word) {
-  if (word == "ALLOFF") {
-    PauseOff();
-    PlayOff();
-    become("NOTHING");
-  } else if (word == "PLAYOFF") {
-    PlayOff();
-  } else if (word == "PLAYON") {
-    if (buttons_.state == "PLAYING") {
-      playing();
+bool Buttons::playWord(KeyWord word) {
+  switch (word) {
+    case KeyWord::AllOff:
+      PauseOff();
+      PlayOff();
+      become(PlayGroup::Nothing);
       return true;
-    }
-    PlayOn();
-    PauseOff();
-    become("PLAYING");
-  } else if (word == "PAUSEOFF") {
-    PauseOff();
-  } else if (word == "PAUSEON") {
-    PauseOn();
-    PlayOff();
-    become("PAUSED");
-  } else if (word == "REBUILD") {
-    rebuild();
-  } else {
-    return false;
+    case KeyWord::PlayOff:
+      PlayOff();
+      return true;
+    case KeyWord::PlayOn:
+      if (buttons_.group == PlayGroup::Playing) {
+        playing();
+        return true;
+      }
+      PlayOn();
+      PauseOff();
+      become(PlayGroup::Playing);
+      return true;
+    case KeyWord::PauseOff:
+      PauseOff();
+      return true;
+    case KeyWord::PauseOn:
+      PauseOn();
+      PlayOff();
+      become(PlayGroup::Paused);
+      return true;
+    case KeyWord::Rebuild:
+      rebuild();
+      return true;
+    default:
+      return false;
   }
-  return true;
 }
 
 void Buttons::rebuild() {
   const auto& player = display_.player;
   if (display_.IsMiniMode) return;
-  if (buttons_.state.empty() || buttons_.state == "NOTHING") {
+  if (buttons_.group == PlayGroup::NotDrawn || buttons_.group == PlayGroup::Nothing) {
     // Drawing the keys again must not make anything play.
-    draw("PLAYOFF");
-    draw("PAUSEOFF");
+    draw(KeyWord::PlayOff);
+    draw(KeyWord::PauseOff);
     return;
   }
-  if (player.IsPlaying && buttons_.state == "PLAYING") {
+  if (player.IsPlaying && buttons_.group == PlayGroup::Playing) {
     PlayOn();
     PauseOff();
   }
-  if (!player.IsPlaying) become("PAUSED");
-  if (buttons_.state == "PAUSED") {
+  if (!player.IsPlaying) become(PlayGroup::Paused);
+  if (buttons_.group == PlayGroup::Paused) {
     PauseOn();
     PlayOff();
   }
@@ -161,7 +157,7 @@ void Buttons::placeAnew() {
 }
 
 void Buttons::PlayOn() {
-  draw("PLAYON");
+  draw(KeyWord::PlayOn);
   playing();
 }
 
@@ -171,41 +167,40 @@ void Buttons::playing() {
 }
 
 void Buttons::PlayOff() {
-  draw("PLAYOFF");
+  draw(KeyWord::PlayOff);
   display_.player.IsPlaying = false;
 }
 
 void Buttons::PauseOn() {
-  draw("PAUSEON");
+  draw(KeyWord::PauseOn);
   display_.player.IsPlaying = false;
   display_.player.IsPaused = true;
 }
 
 void Buttons::PauseOff() {
-  draw("PAUSEOFF");
+  draw(KeyWord::PauseOff);
   display_.player.IsPlaying = true;
 }
 
-void Buttons::draw(std::string_view key) {
+void Buttons::draw(KeyWord word) {
   if (display_.IsMiniMode) return;
-  const auto row = std::ranges::find_if(kKeys, [&](const KeyRow& k) { return sameText(k.key, key); });
-  if (row == kKeys.end()) return;
-  auto& drawn = buttons_.drawn[static_cast<std::size_t>(row->place)];
-  const auto now = drawnKey(*row, display_.interfaceSize);
+  const auto& row = rowOf(word);
+  auto& drawn = buttons_.drawn[static_cast<std::size_t>(row.place)];
+  const auto now = drawnKey(row, display_.interfaceSize);
   if (drawn == now) return;
   drawn = now;
   ++buttons_.revision;
 }
 
-void Buttons::become(std::string_view state) { buttons_.state = state; }
+void Buttons::become(PlayGroup group) { buttons_.group = group; }
 
 // Only with the editor open, which sets itself.
-void Buttons::passOn(std::string_view key) {
+void Buttons::passOn(KeyWord word) {
   if (editor_ == nullptr) return;
-  if (key == "FON") editor_->FON();
-  if (key == "FOFF") editor_->FOFF();
-  if (key == "RON") editor_->RON();
-  if (key == "ROFF") editor_->ROFF();
+  if (word == KeyWord::FOn) editor_->FON();
+  if (word == KeyWord::FOff) editor_->FOFF();
+  if (word == KeyWord::ROn) editor_->RON();
+  if (word == KeyWord::ROff) editor_->ROFF();
 }
 
 }  // namespace kvo

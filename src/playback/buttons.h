@@ -4,10 +4,9 @@
 
 #include "playback/buttons_state.h"
 #include "playback/display/display_mode_state.h"
+#include "playback/key_words.h"
 #include "playback/play_timers.h"
 #include "playback/player.h"
-
-#include <string_view>
 
 namespace kvo {
 
@@ -34,9 +33,8 @@ class Buttons {
   /// Whom the step keys are passed on to; null while the editor is closed.
   void editor(EditorSteps* editor) { editor_ = editor; }
 
-  /// Draws one key, or changes the play group, by its word in any case and with blanks around it; a word that
-  /// nobody knows does nothing. With `playOn` the play key is lit, whatever the word.
-  void BuildButton(std::string_view word, bool playOn = false);
+  /// Draws one key, or changes the play group. With `playOn` the play key is lit, whatever the word.
+  void BuildButton(KeyWord word, bool playOn = false);
 
   /// Draws every key once; with `stepButtons` those that step and set the speed too, which else are disabled.
   /// What was playing goes on.
@@ -52,12 +50,12 @@ class Buttons {
   void PauseOff();
 
  private:
-  bool playWord(std::string_view word);
+  bool playWord(KeyWord word);
   void rebuild();
   void playing();
-  void draw(std::string_view key);
-  void become(std::string_view state);
-  void passOn(std::string_view key);
+  void draw(KeyWord word);
+  void become(PlayGroup group);
+  void passOn(KeyWord word);
 
   ButtonsState& buttons_;
   DisplayModeState& display_;

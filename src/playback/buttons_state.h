@@ -1,9 +1,10 @@
 // The keys of the main window's face, as data: which picture is drawn where. The window draws it.
 #pragma once
 
+#include "playback/key_words.h"
+
 #include <array>
 #include <cstdint>
-#include <string>
 
 namespace kvo {
 
@@ -35,7 +36,7 @@ struct DrawnKey {
 
 struct ButtonsState {
   std::array<DrawnKey, kKeyPlaces> drawn;
-  std::string state;  ///< what the play group shows: "NOTHING", "PLAYING", "PAUSED" or nothing yet
+  PlayGroup group = PlayGroup::NotDrawn;
   /// The seven labels Lbl_Rew5d, Lbl_Snglfrbackdummy, Lbl_F1Dummy, Lbl_Adv5dummy, lbl_Speed025, Lbl_Speed05
   /// and Lbl_Speed02 take the mouse.
   bool stepLabelsEnabled = false;

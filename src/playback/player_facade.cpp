@@ -78,9 +78,9 @@ bool PlayerFacade::openGraph(const std::string& path, const Movie* of) {
   });
   mannerOfGraph();
   state().visible = false;
-  const int index = parts_.collection.MovieList.numberOf(of);
-  PlayerCoronaSetFrameRate(index);
-  if (auto* clip = clipAt(index)) {
+  PlayerCoronaSetFrameRate(parts_.collection.MovieList.numberOf(of));
+  if (load != loads_) return true;
+  if (auto* clip = clipAt(parts_.collection.MovieList.numberOf(of))) {
     clip->IsCorona(true);
     if (const auto length = clip->DurationTime().wholeNumber())
       clip->DurationFrames(Value(frames().framesIn(*length)));
@@ -194,6 +194,7 @@ void PlayerFacade::PlayerCoronaSetFrameRate(int index) {
     counted_ = FrameCount::ofPictures(kDvdRate);
     return;
   }
+  const auto* of = clipAt(index);
   const auto facts = parts_.streams.facts(CurrentClipPath_);
   if (facts && !facts->hasVideo && !facts->hasAudio) {
     parts_.boxes.show({std::string(kProductName),
@@ -205,7 +206,9 @@ void PlayerFacade::PlayerCoronaSetFrameRate(int index) {
   } else {
     counted_ = FrameCount::ofPictures(rateByFacts(facts));
   }
-  if (auto* clip = clipAt(index)) clip->FrameRate(static_cast<Single>(counted_.rate()));
+  // Behind the box the list may be another one.
+  auto* clip = clipAt(parts_.collection.MovieList.numberOf(of));
+  if (clip != nullptr) clip->FrameRate(static_cast<Single>(counted_.rate()));
 }
 
 double PlayerFacade::PlayerCoronaGetFrameRate(int index) {

@@ -7,6 +7,7 @@
 #include "playback/clip_kinds.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/frame_count.h"
+#include "playback/key_words.h"
 #include "playback/player.h"
 #include "playback/routing.h"
 #include "ports/control_engine.h"
@@ -36,7 +37,7 @@ class PlayerHost {
   virtual ~PlayerHost() = default;
 
   /// Shows the keys by their word.
-  virtual void BuildButton(std::string_view word) = 0;
+  virtual void BuildButton(KeyWord word) = 0;
   /// The window of the rate is on the screen.
   [[nodiscard]] virtual bool rateWindowShows() const = 0;
 };

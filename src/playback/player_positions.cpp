@@ -31,7 +31,7 @@ void PlayerFacade::GlobalMediaPlay() {
 
 void PlayerFacade::playGraph() {
   if (hasPicture()) state().visible = true;
-  parts_.host.BuildButton("PLAYON");
+  parts_.host.BuildButton(KeyWord::PlayOn);
   const auto* clip = current();
   const double at = graph_->position();
   if (at == graph_->duration() || at == graph_->stopTime())

@@ -152,7 +152,7 @@ void Skins::endPaused(bool showWindow) {
 void Skins::endPlaying(bool stepButtons) {
   calls_.BuildAllButs(stepButtons);
   if (!calls_.playerHoldsClip()) return;
-  calls_.BuildButton("PLAYON");
+  calls_.BuildButton(KeyWord::PlayOn);
   if (calls_.clipHasPath()) calls_.GlobalMediaPlay();
 }
 

@@ -26,8 +26,8 @@ class SkinCalls {
   /// Draws every button once, the seven of steps and speeds among them where `stepButtons` is set; they are
   /// disabled else.
   virtual void BuildAllButs(bool stepButtons) = 0;
-  /// Draws one button by its key: "PLAYON".
-  virtual void BuildButton(std::string_view key) = 0;
+  /// Draws one key.
+  virtual void BuildButton(KeyWord word) = 0;
   virtual void PlayerPause() = 0;
   virtual void PlayerStop() = 0;
   virtual void GlobalMediaPlay() = 0;

@@ -157,7 +157,7 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
 
 class NoKeys : public PlayerHost {
  public:
-  void BuildButton(std::string_view /*word*/) override {}
+  void BuildButton(KeyWord /*word*/) override {}
   [[nodiscard]] bool rateWindowShows() const override { return false; }
 };
 
@@ -287,6 +287,7 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   EXPECT_EQ(bench.drawn(), 4);
   graph.setStopTime(0.4);
   graph.Run();
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return graph.position() > 0.2 && stops == 1; })) << "and tells its way";
   EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 2; })) << "a later end lets it go on";
   EXPECT_EQ(bench.drawn(), 9);
   graph.step(-1);

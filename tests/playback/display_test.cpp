@@ -303,7 +303,7 @@ TEST(Display, WhereTheScreenIsCoveredThePictureIsSizedWithinIt) {
 }
 
 TEST(Display, TheKeysOfTheNormalFaceSayWhatTheOthersHaveLedTo) {
-  for (const auto* before : {"ALLOFF", "PAUSEON", "PLAYON"}) {
+  for (const auto before : {KeyWord::AllOff, KeyWord::PauseOn, KeyWord::PlayOn}) {
     for (const auto& [plays, alone] : {std::pair{true, true}, {true, false}, {false, true}, {false, false}}) {
       DisplayBench b;
       b.load("a.avi", 640, 480);
@@ -317,10 +317,11 @@ TEST(Display, TheKeysOfTheNormalFaceSayWhatTheOthersHaveLedTo) {
       b.mode.player.IsPaused = !plays;
       while (b.display.stepBack()) {
       }
-      EXPECT_EQ(b.keys.at(KeyPlace::Play).lit, plays) << before << alone;
-      EXPECT_EQ(b.keys.at(KeyPlace::Pause).lit, !plays) << before << alone;
-      EXPECT_EQ(b.mode.player.IsPlaying, plays) << before << alone;
-      EXPECT_TRUE(alone || (b.player.PlayerGetPlayState() == EngineState::Running) == plays) << before;
+      EXPECT_EQ(b.keys.at(KeyPlace::Play).lit, plays) << static_cast<int>(before) << alone;
+      EXPECT_EQ(b.keys.at(KeyPlace::Pause).lit, !plays) << static_cast<int>(before) << alone;
+      EXPECT_EQ(b.mode.player.IsPlaying, plays) << static_cast<int>(before) << alone;
+      EXPECT_TRUE(alone || (b.player.PlayerGetPlayState() == EngineState::Running) == plays)
+          << static_cast<int>(before);
     }
   }
 }

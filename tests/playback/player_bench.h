@@ -17,7 +17,7 @@ class PlainPlayerHost : public PlayerHost {
  public:
   std::string words;  // for keys, in order
   bool rateWindow = false;
-  void BuildButton(std::string_view word) override { words.append(word).append(" "); }
+  void BuildButton(KeyWord word) override { words += word == KeyWord::PlayOn ? "PLAYON " : "? "; }
   [[nodiscard]] bool rateWindowShows() const override { return rateWindow; }
 };
 

@@ -78,7 +78,7 @@ struct PositionsBench : PlayerBench {
     return clip;
   }
   void play() {
-    buttons.BuildButton("PLAYON");
+    buttons.BuildButton(KeyWord::PlayOn);
     player.GlobalMediaPlay();
   }
   [[nodiscard]] double seconds() {

@@ -54,7 +54,7 @@ TEST(Stepping, TheFlagsGoWithItInEveryFace) {
     PositionsBench b;
     b.ready(name);
     b.mode.IsMiniMode = true;
-    b.buttons.BuildButton("PLAYON");
+    b.buttons.BuildButton(KeyWord::PlayOn);
     b.player.GlobalMediaPlay();
     b.positions.remote.step(Step::Adv1);
     EXPECT_TRUE(!b.mode.player.IsPlaying && b.mode.player.IsPaused) << name;

@@ -77,7 +77,7 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   void PreviewMovie(int /*number*/) override {}
   void untickStayOnTop() override {}
 
-  void BuildButton(std::string_view word) override { buttons->BuildButton(word); }
+  void BuildButton(KeyWord word) override { buttons->BuildButton(word); }
   [[nodiscard]] bool rateWindowShows() const override { return false; }
 
  private:

@@ -114,7 +114,7 @@ TEST(WhatFollows, EdgesOfItsTable) {
     EndedClip clip;
     WhatFollows expected;
   } rows[] = {
-      {"plain", two, {Curr, {0, true}, true, 2, EndSeek::None, {"PLAYON"}}},
+      {"plain", two, {Curr, {0, true}, true, 2, EndSeek::None, {KeyWord::PlayOn}}},
       {"a pause is shown as one",
        with(two, [](auto& c) { c.InterClipDelay = 20; }),
        {Curr, {0, true}, true, 2}},
@@ -136,13 +136,13 @@ TEST(WhatFollows, EdgesOfItsTable) {
        {.memory = {1, true}}},
       {"last, by itself",
        ended(2, 2, kPlain, {0, true}),
-       {.memory = {1, true}, .delayed = true, .buttons = {"PAUSEON", "PLAYOFF"}, .over = true}},
+       {.memory = {1, true}, .delayed = true, .buttons = {KeyWord::PauseOn, KeyWord::PlayOff}, .over = true}},
       {"last, again",
        ended(2, 2, kPlain, {1, true}),
-       {.memory = {2, true}, .delayed = true, .buttons = {"ALLOFF"}, .over = true}},
+       {.memory = {2, true}, .delayed = true, .buttons = {KeyWord::AllOff}, .over = true}},
       {"rewound",
        ended(2, 2, kRewind, {0, true}),
-       {.memory = {0, true}, .delayed = true, .seek = EndSeek::ToStart, .buttons = {"PAUSEON"}}},
+       {.memory = {0, true}, .delayed = true, .seek = EndSeek::ToStart, .buttons = {KeyWord::PauseOn}}},
       {"too short to be rewound",
        with(ended(2, 2, kRewind, {0, true}), [](auto& c) { c.duration = 0.74; }),
        {.memory = {0, true}, .delayed = true}},
@@ -151,11 +151,11 @@ TEST(WhatFollows, EdgesOfItsTable) {
       // The menus were changed while the clip played.
       {"around since now",
        ended(2, 2, kAround, {3, true}),
-       {Kill, {3, true}, false, 0, EndSeek::ToDuration, {"PLAYOFF"}}},
+       {Kill, {3, true}, false, 0, EndSeek::ToDuration, {KeyWord::PlayOff}}},
       {"around since now, loops", ended(2, 2, kLoopAround, {3, true}), {Curr, {0, true}}},
       {"around since now, rewinds",
        ended(2, 2, kRewindAround, {3, true}),
-       {SequencerCommand::None, {0, true}, false, 0, EndSeek::ToStart, {"PAUSEON"}}},
+       {SequencerCommand::None, {0, true}, false, 0, EndSeek::ToStart, {KeyWord::PauseOn}}},
   };
   for (const auto& row : rows) EXPECT_EQ(whatFollows(row.clip), row.expected) << row.what;
 }

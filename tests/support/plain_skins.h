@@ -52,7 +52,7 @@ class NotedSkinCalls : public SkinCalls {
     calls += stepButtons ? "all+ " : "all ";
     whileBuilding();
   }
-  void BuildButton(std::string_view key) override { calls.append(key).append(" "); }
+  void BuildButton(KeyWord word) override { calls += word == KeyWord::PlayOn ? "PLAYON " : "? "; }
   void PlayerPause() override { calls += "pause "; }
   void PlayerStop() override { calls += "stop "; }
   void GlobalMediaPlay() override { calls += "play "; }

@@ -191,7 +191,7 @@ TEST(SkinnedFace, ItsKeysSayWhatTheyAreAndWhetherTheyCanBePressed) {
     EXPECT_FALSE(key.toolTip().isEmpty()) << row.name;
   }
   const auto dark = b.face().grab().toImage();
-  b.links.BuildButton("PLAYON");
+  b.links.BuildButton(KeyWord::PlayOn);
   b.draw();
   EXPECT_EQ(b.at("Play").accessibleDescription(), "Play, lit");
   EXPECT_NE(b.face().grab().toImage(), dark);
@@ -525,12 +525,16 @@ TEST(SkinnedFace, DrawsTheEnginesPictureWhileThePlayerIsInSight) {
 }
 
 TEST(SkinnedFace, LongWorkIsToldAfterAMomentAndStoppedByAClick) {
-  FaceBench b;
+  FaceBench b({"a.avi", "b.avi"});
   auto& progress = b.window.progress;
   progress = {
       .status = "Loading Clip 5 of 20\r\n/v/a.avi", .abortText = "Click to abort", .done = 5, .total = 20};
   b.draw();
   EXPECT_EQ(b.find("Progress"), nullptr) << "short work is not told";
+  auto& view = dynamic_cast<CoolListView&>(b.at("Clips"));
+  const auto chosen = b.window.list.chosen;
+  for (const int row : {0, 1}) QTest::mouseClick(&view, Qt::LeftButton, {}, view.itemRect(row).center());
+  EXPECT_EQ(b.window.list.chosen, chosen) << "nothing touches what is being filled";
   QTest::qWait(400);
   ASSERT_NE(b.find("Progress"), nullptr);
   EXPECT_EQ(b.find("Clips"), nullptr);

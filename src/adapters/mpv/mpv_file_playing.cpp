@@ -42,7 +42,7 @@ void MpvFile::run() {
   const double end = end_ > 0 ? end_ : duration();
   if (stoodAt_) {
     if (*stoodAt_ >= end - kShort) return;
-    seek(*stoodAt_);  // the end is a later one now
+    seek(*std::exchange(stoodAt_, std::nullopt));  // the end is a later one now
   }
   runs_ = true;
   sendEnd(position());

@@ -87,7 +87,7 @@ void Display::stopMonitors() {
   parts_.timers.Timer6.stop();
   if (!parts_.timers.Timer7.enabled()) return;
   parts_.player.PlayerStop();
-  parts_.buttons.BuildButton("PAUSEON");
+  parts_.buttons.BuildButton(KeyWord::PauseOn);
 }
 
 void Display::EndAnim() {

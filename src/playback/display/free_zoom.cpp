@@ -205,8 +205,8 @@ void Display::goOnAs(const PlayerState& before) {
 void Display::tellKeys(const PlayerState& player) {
   const bool plays = player.IsPlaying;
   const bool paused = player.IsPaused;
-  if (plays) parts_.buttons.BuildButton("PLAYON");
-  if (paused) parts_.buttons.BuildButton("PAUSEON");
+  if (plays) parts_.buttons.BuildButton(KeyWord::PlayOn);
+  if (paused) parts_.buttons.BuildButton(KeyWord::PauseOn);
 }
 
 // A desktop whose size has changed since the start.

@@ -22,10 +22,10 @@ void KeyCommands::to(double seconds, bool play) {
   core_.player.PlayerStop();
   core_.player.PlayerSetDisplayMode(DisplayMode::Seconds);
   core_.seekSeconds(seconds);
-  if (!play) return core_.buttons.BuildButton("PAUSEON");
+  if (!play) return core_.buttons.BuildButton(KeyWord::PauseOn);
   core_.player.GlobalMediaPlay();
-  core_.buttons.BuildButton("PLAYON");
-  core_.buttons.BuildButton("PAUSEOFF");
+  core_.buttons.BuildButton(KeyWord::PlayOn);
+  core_.buttons.BuildButton(KeyWord::PauseOff);
   core_.timers.Timer5.start();
 }
 

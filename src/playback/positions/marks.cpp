@@ -227,7 +227,7 @@ void Marks::keepMarkOut() {
 
 void Marks::resume() {
   if (!resumes_) return;
-  core_.buttons.BuildButton("PLAYON");
+  core_.buttons.BuildButton(KeyWord::PlayOn);
   core_.player.GlobalMediaPlay();
 }
 
@@ -235,7 +235,7 @@ void Marks::resume() {
 void Marks::resetMark(bool in) {
   edit(in, [in](Movie& changed) { in ? markIn(changed, {}) : markEnd(changed); });
   core_.section.SectionToPlay(false);
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
   afterMark();
 }
 
@@ -266,7 +266,7 @@ void Marks::ResetMarks() {
   if (refusedByKeyframes(true)) return;
   core_.host.edit("marks of", kMarksChangeCode, markWhole, {});
   core_.section.SectionToPlay(false);
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
   afterMark();
 }
 
@@ -278,7 +278,7 @@ void Marks::SetMarkIn() {
   if (clip == nullptr || length <= 0 || refusedByKeyframes(true) || refusedByDisc()) return;
   if (!player.PlayerIsEmpty()) {
     player.PlayerStop();
-    core_.buttons.BuildButton("PAUSEON");
+    core_.buttons.BuildButton(KeyWord::PauseOn);
   }
   const auto seen = seenFrame(player);
   const double end = clip->LoopEnd().number();
@@ -303,7 +303,7 @@ void Marks::SetMarkOut() {
     return afterMark();
   }
   player.PlayerPause();
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
   auto seen = seenFrame(player);
   if (seen.seconds == 0) seen = {clip->LoopEnd().number(), clip->LoopEndFrames()};
   selectionEnd(seen.seconds);

@@ -101,7 +101,7 @@ bool Positioner::goToTyped() {
 void Positioner::nudge(int increments) {
   if (!core_.canSeek()) return;
   core_.player.PlayerStop();
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
   const InMode mode(core_.player, inFrames() ? DisplayMode::Frames : DisplayMode::Seconds);
   const double by = kIncrements[static_cast<std::size_t>(core_.state.positioner.Opt_Increment)] * increments;
   const double to = core_.player.PlayerGetCurrentPosition() + by;

@@ -75,9 +75,9 @@ void Rate::changeBy(double rate) {
     return showRate(player.PlayerGetRate());
   }
   player.PlayerSetDisplayMode(DisplayMode::Seconds);
-  core_.buttons.BuildButton("PAUSEOFF");
+  core_.buttons.BuildButton(KeyWord::PauseOff);
   player.GlobalMediaPlay();
-  core_.buttons.BuildButton("PLAYON");
+  core_.buttons.BuildButton(KeyWord::PlayOn);
   core_.timers.Timer5.start();
   core_.loop.yield();
   if (core_.collection.icurMov != number) return;  // another clip has come in hand meanwhile

@@ -31,7 +31,7 @@ void RemoteCommands::Lbl_PrevMov_Click() { toClip(-1); }
 void RemoteCommands::step(Step which) {
   if (!Aremoviesloaded()) return;
   stepping_.step(which, true);
-  if (core_.canSeek() && !core_.mode.player.IsPaused) core_.buttons.BuildButton("PAUSEON");
+  if (core_.canSeek() && !core_.mode.player.IsPaused) core_.buttons.BuildButton(KeyWord::PauseOn);
 }
 
 void RemoteCommands::rate(std::string_view rateText) {

@@ -42,14 +42,14 @@ void Shuttle::rest() {
 void Shuttle::toStart() {
   core_.player.PlayerStop();
   core_.seekSeconds(0);
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
 }
 
 void Shuttle::stand() {
   rest();
   core_.player.PlayerStop();
   core_.player.PlayerSetRate(1);
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
   core_.timers.Timer8.setInterval(kRestInterval);
 }
 
@@ -125,7 +125,7 @@ void Shuttle::ApplyShuttleFWDSpeed(double rate) {
   player.PlayerSetRate(rate);
   core_.state.held.ButtonHeld = Step::Adv1;
   player.GlobalMediaPlay();
-  core_.buttons.BuildButton("PLAYON");
+  core_.buttons.BuildButton(KeyWord::PlayOn);
 }
 
 void Shuttle::jump() {
@@ -142,7 +142,7 @@ void Shuttle::ApplyShuttleBCKSpeed(int interval) {
   if (!core_.canSeek()) return;
   core_.player.PlayerSetRate(1);
   core_.player.PlayerStop();
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
   const bool large = interval > kAbove && interval < kBelow;
   core_.state.held.ShuttleStepping = large;
   parts_.stepping.hold(large ? Step::Rew5 : Step::Rew1, interval);

@@ -9,10 +9,12 @@ namespace kvo {
 namespace {
 
 struct StepWords {
-  std::string_view on, off;
+  KeyWord on, off;
 };
-constexpr std::array<StepWords, 4> kStepWords{
-    {{"RRON", "RROFF"}, {"RON", "ROFF"}, {"FON", "FOFF"}, {"FFON", "FFOFF"}}};  // in the order of Step
+constexpr std::array<StepWords, 4> kStepWords{{{KeyWord::RROn, KeyWord::RROff},
+                                               {KeyWord::ROn, KeyWord::ROff},
+                                               {KeyWord::FOn, KeyWord::FOff},
+                                               {KeyWord::FFOn, KeyWord::FFOff}}};  // in the order of Step
 
 constexpr int kRepeat = 200;         // milliseconds
 constexpr Long kSeveral = 5;         // frames
@@ -50,7 +52,7 @@ bool Stepping::begins(Step which, bool quiet) {
   if (track) {
     core_.disc->step(directionOf(which) * (which == Step::Adv5 || which == Step::Rew5 ? int{kSeveral} : 1));
     core_.buttons.BuildButton(wordsOf(which).off);
-    core_.buttons.BuildButton("PLAYON");
+    core_.buttons.BuildButton(KeyWord::PlayOn);
     return false;
   }
   core_.player.PlayerSetDisplayMode(DisplayMode::Frames);
@@ -175,7 +177,7 @@ void Stepping::toSectionEnd(bool start) {
   } else {
     core_.seekSeconds((start ? clip->LoopStart() : clip->LoopEnd()).number());
   }
-  core_.buttons.BuildButton("PAUSEON");
+  core_.buttons.BuildButton(KeyWord::PauseOn);
 }
 
 void Stepping::Lbl_End_Click() { toSectionEnd(false); }

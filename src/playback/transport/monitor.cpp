@@ -64,7 +64,7 @@ void Monitor::graphAtEnd() {
     return;
   }
   core_.timers.Timer5.stop();
-  core_.button("PAUSEON");
+  core_.button(KeyWord::PauseOn);
 }
 
 void Monitor::watchDvd() {
@@ -95,12 +95,12 @@ void Monitor::dvdEnded(const Movie& clip) {
   if (order.rewinds()) {
     toMarkIn();
     player.PlayerPause();
-    return core_.button("PAUSEON");
+    return core_.button(KeyWord::PauseOn);
   }
   const int count = core_.collection.MovieList.count();
   const int number = core_.icurMov();
   const bool around = order.mnu_LoopCollectionsOnPlayback;
-  if (core_.state.stopRequested || (number >= count && !around)) return core_.button("PAUSEON");
+  if (core_.state.stopRequested || (number >= count && !around)) return core_.button(KeyWord::PauseOn);
   if (count > 1 && !preview_(number < count ? number + 1 : 1)) return;
   player.GlobalMediaPlay();
 }

@@ -54,12 +54,12 @@ void Sequencer::apply(const WhatFollows& follows) {
   // Where nothing follows the player stands at its end, whichever engine it is on.
   if (waits() || core_.running()) return;
   core_.timers.Timer5.stop();
-  if (core_.mode.player.IsPlaying) core_.button("PAUSEON");
+  if (core_.mode.player.IsPlaying) core_.button(KeyWord::PauseOn);
 }
 
 void Sequencer::DelayedTimerStart() {
   const int delay = core_.settings.state.InterClipDelay;
-  if (delay > 0) core_.button("PAUSEON");
+  if (delay > 0) core_.button(KeyWord::PauseOn);
   auto& timer = core_.timers.Timer6;
   timer.stop();
   timer.setInterval(delay > 0 ? delay * kMillisecondsASecond : kIntervalWithoutDelay);
@@ -107,7 +107,7 @@ void Sequencer::playOn() {
   if (core_.player.PlayerIsEmpty() || core_.state.stopRequested) return;
   core_.player.GlobalMediaPlay();
   core_.mode.player.IsPlaying = true;
-  core_.button("PLAYON");
+  core_.button(KeyWord::PlayOn);
 }
 
 void Sequencer::Curr(int number) {
@@ -130,7 +130,7 @@ void Sequencer::Redo() {
     core_.player.PlayerSetAutoRewind(false);
     core_.player.PlayerPause();
   }
-  core_.button("PAUSEON");
+  core_.button(KeyWord::PauseOn);
 }
 
 void Sequencer::Next() {
@@ -155,14 +155,14 @@ void Sequencer::Next() {
   if (clip != nullptr && clip->IsStream() && core_.player.canSeek()) {
     core_.player.PlayerStop();
     core_.toLoopStart();
-    core_.button("PAUSEON");
+    core_.button(KeyWord::PauseOn);
   }
   core_.display.ShowSliderStuff();
 }
 
 void Sequencer::Kill() {
   if (core_.mode.ticks.mnu_ShowSlider) core_.display.ShowSliderStuff();
-  core_.button("PLAYON");
+  core_.button(KeyWord::PlayOn);
   core_.mode.player.IsPlaying = core_.running();
   if (!core_.player.PlayerIsEmpty() && !core_.mode.IsMiniMode && core_.settings.state.AllDetOff)
     core_.display.PositionAndSize();

@@ -53,8 +53,8 @@ void StreamOpening::ShowStreamWMP(int number) {
   if (!core_.player.PlayerIsEmpty() && core_.player.PlayerGetFileName() == name) {
     step_ = Step::Playing;
     core_.player.GlobalMediaPlay();
-    core_.button("PLAYON");
-    core_.button("PAUSEOFF");
+    core_.button(KeyWord::PlayOn);
+    core_.button(KeyWord::PauseOff);
     core_.display.PositionAndSize();
     return;
   }
@@ -137,7 +137,7 @@ void StreamOpening::abort() {
 void StreamOpening::fail() {
   leave();
   core_.emptyPlayer();
-  core_.button("ALLOFF");
+  core_.button(KeyWord::AllOff);
   backToList();
   core_.boxes.show({std::string(kProductName),
                     joinedLines({"The Clip could not be played.",

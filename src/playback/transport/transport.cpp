@@ -77,12 +77,12 @@ void Transport::Img_Play_Click() {
     return;
   }
   if (clip->IsHTML() || clip->IsTrueQT4()) return PreviewMovie(core_.icurMov());
-  core_.button("PLAYON");
-  core_.button("PAUSEOFF");
+  core_.button(KeyWord::PlayOn);
+  core_.button(KeyWord::PauseOff);
   if (kindOfFile(*clip) == "CDA") {
-    if (core_.guests.disc == nullptr) return core_.button("ALLOFF");
+    if (core_.guests.disc == nullptr) return core_.button(KeyWord::AllOff);
     core_.guests.disc->playing() ? core_.guests.disc->resume() : PreviewMovie(core_.icurMov());
-    return core_.button(core_.guests.disc->playing() ? "PLAYON" : "PAUSEON");
+    return core_.button(core_.guests.disc->playing() ? KeyWord::PlayOn : KeyWord::PauseOn);
   }
   playLoaded();
 }
@@ -97,12 +97,12 @@ void Transport::playLoaded() {
     PreviewMovie(number);
     core_.host.Displaymovieinfo(number);
     // Sound waits for the key, which has been pressed.
-    if (player.PlayerIsEmpty()) return core_.button("ALLOFF");
+    if (player.PlayerIsEmpty()) return core_.button(KeyWord::AllOff);
   }
   if (player.PlayerGetRate() != 1 && !core_.editing())
     player.PlayerSetRate(static_cast<double>(core_.clip()->Playspeed()) / 10);
   player.GlobalMediaPlay();
-  core_.button("PLAYON");
+  core_.button(KeyWord::PlayOn);
   core_.timers.Timer5.start();
   core_.mode.player.IsPlaying = true;
 }
@@ -143,7 +143,7 @@ bool Transport::playBackwards(const Movie& clip) {
   if (core_.player.PlayerIsEmpty() || !core_.player.canSeek()) return false;
   core_.timers.Timer7.setInterval(kBackwards);
   core_.timers.Timer7.start();
-  core_.button("PLAYON");
+  core_.button(KeyWord::PlayOn);
   return true;
 }
 
@@ -191,7 +191,7 @@ void Transport::Image8_Click() {
 }
 
 void Transport::stopLoaded() {
-  core_.button("PAUSEON");
+  core_.button(KeyWord::PauseOn);
   core_.player.PlayerStop();
   core_.mode.player.IsPlaying = false;
   core_.mode.player.IsPaused = true;
@@ -228,7 +228,7 @@ void Transport::togglePlay() {
   }
   core_.mode.player.IsPlaying = !plays;
   core_.mode.player.IsPaused = plays;
-  if (!core_.fullScreen() && !core_.editing()) core_.button(plays ? "PAUSEON" : "PLAYON");
+  if (!core_.fullScreen() && !core_.editing()) core_.button(plays ? KeyWord::PauseOn : KeyWord::PlayOn);
 }
 
 void Transport::mnu_Looping_Click() {
@@ -239,7 +239,7 @@ void Transport::mnu_Looping_Click() {
   if (!loops || !shown.visible || shown.clipWaits || core_.player.PlayerIsEmpty()) return;
   core_.state.stopRequested = false;
   core_.player.GlobalMediaPlay();
-  core_.button("PLAYON");
+  core_.button(KeyWord::PlayOn);
 }
 
 void Transport::orderChanged() {

@@ -51,7 +51,7 @@ struct TransportCore : TransportParts {
   [[nodiscard]] bool running() const { return player.PlayerGetPlayState() == EngineState::Running; }
 
   /// The keys, and the flags that the word stands for: see Buttons.
-  void button(std::string_view word) const { buttons.BuildButton(word); }
+  void button(KeyWord word) const { buttons.BuildButton(word); }
   /// Plays on from Mark-In, in the player's present unit.
   void toLoopStart() const;
   /// Out of sight, and empty.

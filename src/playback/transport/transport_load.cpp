@@ -43,9 +43,9 @@ bool Transport::loadClip(int number) {
   load(number, core_.collection.MovieList[number]);
   if (mine != loads_) return false;
   if (core_.mode.player.IsPaused) {
-    core_.button("PAUSEON");
+    core_.button(KeyWord::PauseOn);
   } else if (core_.player.PlayerIsEmpty()) {
-    core_.button("ALLOFF");
+    core_.button(KeyWord::AllOff);
   }
   core_.timers.Timer6.start();
   return true;
@@ -62,7 +62,7 @@ void Transport::empty() {
   core_.emptyPlayer();
   core_.player.openAhead(0);
   core_.mode.still = {};
-  core_.button("ALLOFF");
+  core_.button(KeyWord::AllOff);
   core_.mode.player.IsPaused = false;
 }
 
@@ -238,7 +238,7 @@ void Transport::played(int number) {
   timers.Timer5.start();
   timers.Timer6.start();
   const bool paused = core_.mode.player.IsPaused;
-  if (!core_.fullScreen() && !paused && core_.running()) core_.button("PLAYON");
+  if (!core_.fullScreen() && !paused && core_.running()) core_.button(KeyWord::PlayOn);
   if (core_.fullScreen() && core_.settings.user.DefaultZoom100) {
     if (!core_.editing()) core_.display.ResizePercent(100);
     if (!paused) core_.player.GlobalMediaPlay();

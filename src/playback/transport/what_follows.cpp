@@ -35,7 +35,7 @@ void onWithin(const EndedClip& clip, WhatFollows& follows) {
   follows.select = clip.number + 1;
   follows.command = SequencerCommand::Curr;
   // A pause between the clips is shown as one; PLAYON comes with the clip then.
-  if (clip.InterClipDelay <= 0) follows.buttons = {"PLAYON"};
+  if (clip.InterClipDelay <= 0) follows.buttons = {KeyWord::PlayOn};
 }
 
 void again(WhatFollows& follows) {
@@ -45,7 +45,7 @@ void again(WhatFollows& follows) {
 
 void rewound(WhatFollows& follows) {
   follows.seek = EndSeek::ToStart;
-  follows.buttons = {"PAUSEON"};
+  follows.buttons = {KeyWord::PauseOn};
   follows.memory.EndCount = 0;
 }
 
@@ -69,9 +69,9 @@ void onToTheEnd(const EndedClip& clip, WhatFollows& follows) {
     return;
   }
   if (several) {
-    follows.buttons = {"ALLOFF"};
+    follows.buttons = {KeyWord::AllOff};
   } else {
-    follows.buttons = {"PAUSEON", "PLAYOFF"};
+    follows.buttons = {KeyWord::PauseOn, KeyWord::PlayOff};
   }
   follows.over = true;
 }
@@ -89,7 +89,7 @@ void onAndAround(const EndedClip& clip, WhatFollows& follows) {
     if (clip.order.mnu_Looping) return again(follows);
     if (clip.order.mnu_RewAtEnd) return rewound(follows);
     follows.seek = EndSeek::ToDuration;
-    follows.buttons = {"PLAYOFF"};
+    follows.buttons = {KeyWord::PlayOff};
     follows.command = SequencerCommand::Kill;
     return;
   }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "core/records/field_types.h"
+#include "playback/key_words.h"
 
-#include <string_view>
 #include <vector>
 
 namespace kvo {
@@ -58,7 +58,7 @@ struct WhatFollows {
   bool delayed = false;  ///< the sequencer is armed anew, by DelayedTimerStart
   int select = 0;        ///< the list goes on to this clip, which is not loaded yet; 0 stays
   EndSeek seek = EndSeek::None;
-  std::vector<std::string_view> buttons{};  ///< words for the keys, in order
+  std::vector<KeyWord> buttons{};  ///< words for the keys, in order
   bool autoRewindOff = false;
   bool stop = false;  ///< PlayerStop
   bool over = false;  ///< the show is: nothing plays any more

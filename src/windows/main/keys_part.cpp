@@ -253,6 +253,11 @@ QPoint KeysPart::sizeFoot() const {
   return {key.left, key.top + scale_.at(kSizeHigh)};
 }
 
+std::vector<QWidget*> KeysPart::windowKeys() const {
+  const auto row = std::ranges::find(kKeyRows, KeyPlace::Minimise, &KeyRow::place);
+  return {labels_[static_cast<std::size_t>(row - kKeyRows.begin())], close_};
+}
+
 std::vector<QWidget*> KeysPart::tabOrder() const {
   std::vector<QWidget*> order(labels_.begin(), labels_.end());
   order.push_back(close_);

@@ -47,6 +47,8 @@ class KeysPart {
   [[nodiscard]] QPoint sizeFoot() const;
   /// The keys in the order of Tab.
   [[nodiscard]] std::vector<QWidget*> tabOrder() const;
+  /// Those that act on the window and not on the collection: minimise and close.
+  [[nodiscard]] std::vector<QWidget*> windowKeys() const;
 
  private:
   const ButtonsState& state_;

@@ -50,7 +50,9 @@ SkinnedFace::SkinnedFace(MainWindowState& state, const Logic& logic, WindowActs&
   setFocusPolicy(Qt::ClickFocus);
   makeParts(acts, folder);
   setTabOrder();
-  acts.serve(*this);
+  auto always = keys_->windowKeys();
+  always.push_back(loading_);
+  acts.serve(*this, always);
 }
 
 SkinnedFace::~SkinnedFace() {

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QWidget>
+#include <algorithm>
 #include <utility>
 
 namespace kvo {
@@ -14,9 +15,13 @@ namespace kvo {
 WindowActs::WindowActs(const MainWindowState& state, const Logic& logic, std::function<void()> acted)
     : state_(state), logic_(logic), acted_(std::move(acted)), menu_(logic.menu, acted_) {}
 
-void WindowActs::serve(QWidget& window) {
+void WindowActs::serve(QWidget& window, const std::vector<QWidget*>& always) {
   window.setAcceptDrops(true);
   window.installEventFilter(this);
+  for (auto* child : window.findChildren<QWidget*>()) {
+    const auto isOf = [child](const QWidget* free) { return free == child || free->isAncestorOf(child); };
+    if (std::ranges::none_of(always, isOf)) child->installEventFilter(this);
+  }
   menu_.addShortcuts(window);
 }
 
@@ -78,25 +83,41 @@ void WindowActs::close(QEvent& event) {
   acted_();
 }
 
+// What is held when a load begins can still be let go.
 bool WindowActs::eventFilter(QObject* watched, QEvent* event) {
-  auto& window = *static_cast<QWidget*>(watched);
+  auto& widget = *static_cast<QWidget*>(watched);
+  if (widget.isWindow()) return windowEvent(widget, *event);
   switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::KeyPress:
+    case QEvent::Drop:
+      return state_.busy();
+    default:
+      return false;
+  }
+}
+
+bool WindowActs::windowEvent(QWidget& window, QEvent& event) {
+  switch (event.type()) {
     case QEvent::Close:
-      close(*event);
+      close(event);
       return true;
     case QEvent::ContextMenu:
-      openMenu(static_cast<QContextMenuEvent*>(event)->globalPos(), window);
+      openMenu(static_cast<QContextMenuEvent&>(event).globalPos(), window);
       return true;
     case QEvent::KeyPress:
-      return pressKey(window, *static_cast<QKeyEvent*>(event));
+      return pressKey(window, static_cast<QKeyEvent&>(event));
     case QEvent::DragEnter: {
-      auto& drag = *static_cast<QDragEnterEvent*>(event);
+      auto& drag = static_cast<QDragEnterEvent&>(event);
       if (!drag.mimeData()->hasUrls()) return false;
       drag.acceptProposedAction();
       return true;
     }
     case QEvent::Drop: {
-      auto& drop = *static_cast<QDropEvent*>(event);
+      auto& drop = static_cast<QDropEvent&>(event);
       drop.acceptProposedAction();
       logic_.mailbox.takeFiles(droppedFiles(*drop.mimeData()));
       acted_();

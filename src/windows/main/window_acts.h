@@ -10,6 +10,7 @@
 
 #include <QObject>
 #include <functional>
+#include <vector>
 
 class QKeyEvent;
 
@@ -28,8 +29,9 @@ class WindowActs : public QObject {
   /// `acted` is called behind each act.
   WindowActs(const MainWindowState& state, const Logic& logic, std::function<void()> acted);
 
-  /// Serves this window, which takes drops from now on.
-  void serve(QWidget& window);
+  /// Serves this window, which takes drops from now on. While a load or a command is under way its children
+  /// hear neither mouse nor keyboard, but for `always` and what is within them.
+  void serve(QWidget& window, const std::vector<QWidget*>& always = {});
 
   void openMenu(const QPoint& at, QWidget& window);
   void openListMenu(const QPoint& at, QWidget& window);
@@ -41,6 +43,7 @@ class WindowActs : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool windowEvent(QWidget& window, QEvent& event);
   bool keyCommand(int key);
   bool pressKey(QWidget& window, const QKeyEvent& event);
   void close(QEvent& event);
