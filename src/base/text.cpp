@@ -1,6 +1,8 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <array>
 #include <cstdint>
 
@@ -68,9 +70,10 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 std::string upper(std::string_view text) {
@@ -186,6 +189,15 @@ std::string extensionOf(std::string_view name) {
 
 bool isUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
+    // Most text is ASCII: eight bytes at a time.
+    std::uint64_t eight = 0;
+    if (bytes.size() >= sizeof eight) {
+      std::memcpy(&eight, bytes.data(), sizeof eight);
+      if ((eight & 0x8080808080808080U) == 0) {
+        bytes.remove_prefix(sizeof eight);
+        continue;
+      }
+    }
     const auto length = sequenceLength(bytes);
     if (length == 0) return false;
     bytes.remove_prefix(length);

@@ -18,9 +18,12 @@
 #include <gtest/gtest.h>
 
 #ifdef KVO_WEB_MODULE
-// The web engine of Debian 12 frees some of its own objects as their base class: no fault of ours.
+// The web engine of Debian 12 frees some of its own objects as their base class, and keeps some until the
+// process ends: no faults of ours.
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() { return "new_delete_type_mismatch=0"; }
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() { return "leak:libQt6WebEngineCore"; }
 #endif
 
 namespace kvo {
