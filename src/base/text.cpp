@@ -1,10 +1,9 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace kvo {
 namespace {
