@@ -296,6 +296,14 @@ TEST(ListCommands, WhatIsChosenWhileAnotherClipIsOpenedIsInHand) {
   EXPECT_EQ(b.collection.icurMov, 4);
   EXPECT_EQ(b.window.list.ListIndex, 3);
   EXPECT_EQ(b.window.list.chosen, (Numbers{3, 4}));
+  bool due = true;
+  b.list.whenInHand([&](int /*number*/) {
+    if (std::exchange(due, false)) b.history.undo();
+  });
+  b.listCommands.remove();
+  EXPECT_EQ(b.initials(), "aBcde") << "what led to the load can be taken back meanwhile";
+  EXPECT_EQ(b.collection.icurMov, 4);
+  EXPECT_FALSE(b.window.busy());
   b.window.progress.status = "Loading";  // all else waits for the end of a load
   b.listCommands.select(1);
   EXPECT_EQ(b.collection.icurMov, 4);
