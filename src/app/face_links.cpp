@@ -30,8 +30,6 @@ void FaceLinks::FadBorder(const std::string& caption) {
   skins_->FadBorder(caption, parts_.window.skin.LogoColor);
 }
 
-void FaceLinks::Displaymovieinfo(int number) { parts_.list.renew(number); }
-
 void FaceLinks::untickStayOnTop() { parts_.window.face.stayOnTop = false; }
 
 }  // namespace kvo

@@ -4,7 +4,6 @@
 #include "playback/display/display.h"
 #include "playback/player_facade.h"
 #include "ports/skin_pictures.h"
-#include "program/clip_list.h"
 #include "program/skins.h"
 
 #include <functional>
@@ -27,15 +26,17 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
     Desktop& desktop;
     MessageBoxes& boxes;
     SkinPictures& pictures;
-    ClipList& list;
     PlayTimers& timers;
   };
   explicit FaceLinks(const Parts& parts);
 
   /// The skins are made behind this.
   void link(Skins& skins) { skins_ = &skins; }
-  /// What loads a clip by its number.
-  void loadBy(std::function<void(int)> load) { load_ = std::move(load); }
+  /// What loads a clip by its number, and what shows its details.
+  void showClipsBy(std::function<void(int)> load, std::function<void(int)> details) {
+    load_ = std::move(load);
+    details_ = std::move(details);
+  }
 
   [[nodiscard]] Buttons& buttons() { return buttons_; }
   [[nodiscard]] Display& display() { return display_; }
@@ -49,7 +50,7 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
   void ShapeMe() override;
   void ShapePlain() override;
   void FadBorder(const std::string& caption) override;
-  void Displaymovieinfo(int number) override;
+  void Displaymovieinfo(int number) override { details_(number); }
   void PreviewMovie(int number) override { load_(number); }
   void untickStayOnTop() override;
 
@@ -70,6 +71,7 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
   Display display_;
   Skins* skins_ = nullptr;
   std::function<void(int)> load_ = [](int) {};
+  std::function<void(int)> details_ = [](int) {};
 };
 
 }  // namespace kvo

@@ -16,7 +16,8 @@ PlayLinks::PlayLinks(const Parts& parts)
           {.AddMoviesm = [this] { parts_.media.AddMedia(); }}) {
   parts_.codec.driveBy([this](int number) { transport_.PreviewMovie(number); },
                        [this] { transport_.halt(); });
-  parts_.face.loadBy([this](int number) { transport_.PreviewMovie(number); });
+  parts_.face.showClipsBy([this](int number) { transport_.PreviewMovie(number); },
+                          [this](int number) { parts_.codec.Displaymovieinfo(number); });
   parts_.list.whenInHand([this](int number) {
     if (number > 0) return transport_.PreviewMovie(number);
     transport_.empty();

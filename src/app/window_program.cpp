@@ -111,7 +111,7 @@ class WindowProgram {
         intro_(parts_),
         mailbox_(parts_, intro_),
         links_({state_, session_.settings, session_.collection, session_.streams, counts_, control_, graphs_,
-                probe_, desktop_, boxes_, face_, list_, timers_}),
+                probe_, desktop_, boxes_, face_, timers_}),
         skins_({dialogs_, boxes_, loop_, face_, session_.log, session_.folder}, links_, session_.settings,
                state_),
         startUp_(parts_, skins_, intro_, mailbox_),
@@ -234,10 +234,8 @@ class WindowProgram {
   }
 
   void coverScreen() {
-    auto& display = links_.display();
-    display.Lbl_MiniMode_Click();
-    if (state_.mode.IsMiniMode && !state_.mode.IsFullScreenWindow) display.Lbl_MinMax_Click();
-    if (state_.face.minimumDetails) display.startAtSourceSize();
+    links_.display().coverOrBack();
+    if (state_.face.minimumDetails) links_.display().startAtSourceSize();
   }
 
   void draw() {

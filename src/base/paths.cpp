@@ -71,7 +71,10 @@ std::string absoluteName(std::string_view name, std::string_view folder) {
   return fs::path(withSeparator(folder).append(name)).lexically_normal().string();
 }
 
-bool isAddress(std::string_view text) { return text.find("://") != std::string_view::npos; }
+bool isAddress(std::string_view text) {
+  const auto scheme = text.find("://");
+  return scheme != std::string_view::npos && scheme > 1 && text.find(kSeparator) > scheme;
+}
 
 std::string withSeparator(std::string_view folder) {
   std::string out(folder);

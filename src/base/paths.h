@@ -42,7 +42,7 @@ std::string nameInAnyCase(const std::string& path);
 /// up and through "." are taken in what was not full.
 std::string absoluteName(std::string_view name, std::string_view folder);
 
-/// True for a web address: it holds "://".
+/// True for a web address: "://" stands in it behind two characters or more, none of which is a separator.
 bool isAddress(std::string_view text);
 
 /// `folder` with one separator at its end; an empty text stays empty.

@@ -1,5 +1,6 @@
-// A small player of its own for the preview of a tool: one file in one picture box, on a graph that nobody
-// else has. Where the picture stands in the box is data that a window draws.
+// A small player of its own for the preview of a morph, beside the main window's: one file in one picture
+// box, on a graph that nobody else has. Where the picture stands in the box is data that the tool's window
+// draws; until there is that window nothing plays by it.
 #pragma once
 
 #include "ports/event_loop.h"

@@ -79,6 +79,9 @@ class Player {
   [[nodiscard]] virtual bool PlayerIsEmpty() const = 0;
   /// Full path of the clip in hand, or empty.
   [[nodiscard]] virtual std::string PlayerGetFileName() const = 0;
+  /// Why the last clip could not be opened, in a line that names its file; empty where it could, or was taken
+  /// out since.
+  [[nodiscard]] virtual std::string PlayerGetErrorDescription() const { return {}; }
   /// Which of the two engines the clip is on: true for a graph of its own.
   [[nodiscard]] virtual bool UsingCorona() const = 0;
   /// Of an address in the player.

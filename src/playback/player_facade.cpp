@@ -137,6 +137,21 @@ void PlayerFacade::showSize() {
 void PlayerFacade::takeBegins(const std::string& path, std::vector<double> begins) {
   if (PlayerIsEmpty() || path != PlayerGetFileName() || !hasPicture() || begins.empty()) return;
   counted_ = FrameCount::ofBegins(std::move(begins), engine().duration());
+  if (auto* clip = clipAt(state().clip); clip != nullptr && clipFile(*clip) == path) countMarks(*clip);
+}
+
+// Marks that were set by the rate stand at the right seconds. Their frames are found again at each load: the
+// file need not be saved for it.
+void PlayerFacade::countMarks(Movie& clip) const {
+  const bool dirty = clip.IsDirty();
+  const double start = clip.LoopStart().number();
+  const double end = clip.LoopEnd().number();
+  if (const auto frame = pictureAt(start).frame; start > 0 && frame != clip.LoopStartFrames())
+    clip.LoopStartFrames(frame);
+  if (const auto frame = pictureAt(end).frame;
+      end > 0 && end < clip.DurationTime().number() && frame != clip.LoopEndFrames())
+    clip.LoopEndFrames(frame);
+  clip.IsDirty(dirty);
 }
 
 void PlayerFacade::PlayerClear() {

@@ -67,6 +67,9 @@ class PlayerFacade : public Player {
   void CoronaClear() override;
   [[nodiscard]] bool UsingCorona() const override { return usingCorona_; }
   [[nodiscard]] std::string PlayerGetFileName() const override;
+  [[nodiscard]] std::string PlayerGetErrorDescription() const override {
+    return usingCorona_ ? std::string() : parts_.control.errorDescription();
+  }
   void openAhead(int index) override;
 
   void GlobalMediaPlay() override;
@@ -144,6 +147,7 @@ class PlayerFacade : public Player {
   void showOpened(int index);
   void showSize();
   void takeBegins(const std::string& path, std::vector<double> begins);
+  void countMarks(Movie& clip) const;
   void PlayerCoronaSetFrameRate(int index);
   void mannerOfGraph();
   void mute(bool on);

@@ -41,6 +41,12 @@ std::vector<int> keyframesOf(const Collection& collection, const std::vector<int
   return numbers;
 }
 
+// The clip in hand is the same behind a step, with other values.
+bool staysLoaded(const ListStep& step, const ListStep& back) {
+  return !step.loadsAnew && step.inHand == back.inHand && back.values.size() == 1 &&
+         back.values.front().first == back.inHand;
+}
+
 std::size_t recordsKept(const std::deque<ListStep>& steps) {
   return std::accumulate(steps.begin(), steps.end(), std::size_t{0}, [](std::size_t sum, const auto& step) {
     return sum + step.come.size() + step.keyframesCome.size() + step.values.size();
@@ -63,7 +69,7 @@ bool History::remove(const CommandPass& pass, const std::vector<int>& numbers) {
   step.keyframesLeave = keyframesOf(collection_, numbers);
   const int left = collection_.MovieList.count() - static_cast<int>(numbers.size());
   step.inHand = std::min(numbers.front(), left);
-  keep(apply(std::move(step)));
+  carryOut(std::move(step), &pass);
   return true;
 }
 
@@ -72,8 +78,8 @@ bool History::arrange(const CommandPass& pass, std::string name, std::vector<int
   if (!pass || static_cast<int>(order.size()) != collection_.MovieList.count() ||
       std::is_sorted(order.begin(), order.end()))
     return false;
-  keep(apply(
-      {.name = std::move(name), .order = std::move(order), .chosen = std::move(chosen), .inHand = inHand}));
+  carryOut(
+      {.name = std::move(name), .order = std::move(order), .chosen = std::move(chosen), .inHand = inHand});
   return true;
 }
 
@@ -81,7 +87,7 @@ bool History::insert(const CommandPass& pass, std::string name, int number, Movi
   if (!pass || number < 1 || number > collection_.MovieList.count() + 1) return false;
   ListStep step{.name = std::move(name), .inHand = number};
   step.come.emplace_back(number, std::make_unique<Movie>(std::move(clip)));
-  keep(apply(std::move(step)));
+  carryOut(std::move(step), &pass);
   return true;
 }
 
@@ -100,18 +106,18 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
   change(changed);
   ListStep step{.name = std::move(name), .changeCode = changeCode, .inHand = number};
   step.values.emplace_back(number, std::move(changed));
-  keep(apply(std::move(step)));
+  carryOut(std::move(step));
   series_ = thisSeries;
   return true;
 }
 
 bool History::replace(const CommandPass& pass, std::string name, std::vector<std::pair<int, Movie>> values) {
   if (!pass || values.empty() || !has(values.front().first) || !has(values.back().first)) return false;
-  keep(apply({.name = std::move(name),
-              .values = std::move(values),
-              .loadsAnew = true,
-              .chosen = window_.list.chosen,
-              .inHand = collection_.icurMov}));
+  carryOut({.name = std::move(name),
+            .values = std::move(values),
+            .loadsAnew = true,
+            .chosen = window_.list.chosen,
+            .inHand = collection_.icurMov});
   return true;
 }
 
@@ -128,7 +134,9 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
   if (first <= there) {
     auto order = range(1, there + added);
     std::rotate(order.begin() + first - 1, order.begin() + there, order.end());
-    apply({.name = {}, .order = std::move(order), .inHand = first + collection_.icurMov - there - 1});
+    ListStep moves{.order = std::move(order), .inHand = first + collection_.icurMov - there - 1};
+    apply(moves);
+    show(std::move(moves), false);
   }
   inverse.leave = range(first, first + added - 1);
   inverse.name = stepName("add", collection_, inverse.leave);
@@ -137,8 +145,18 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
   return true;
 }
 
-// Takes the step, and gives back the one that takes it back.
-ListStep History::apply(ListStep step) {
+// Takes the step and keeps the one that takes it back. With a pass that is at its end with that others are
+// let in while it is shown.
+void History::carryOut(ListStep step, const CommandPass* pass) {
+  auto back = apply(step);
+  const bool stays = staysLoaded(step, back);
+  keep(std::move(back));
+  if (pass != nullptr) pass->open();
+  show(std::move(step), stays);
+}
+
+// Takes the step, and gives back the one that takes it back. It is not shown yet.
+ListStep History::apply(ListStep& step) {
   auto& clips = collection_.MovieList;
   ListStep inverse{.name = step.name,
                    .changeCode = step.changeCode,
@@ -163,18 +181,18 @@ ListStep History::apply(ListStep step) {
   settings_.state.postChange(step.changeCode, step.changeCode);
   if (inverse.values.empty()) list_.fill();
   for (const auto& [number, clip] : inverse.values) list_.renew(number);
-  const bool stays = !step.loadsAnew && step.inHand == inverse.inHand && inverse.values.size() == 1 &&
-                     inverse.values.front().first == inverse.inHand;
+  return inverse;
+}
+
+void History::show(ListStep step, bool stays) {
   if (stays) {
     if (!step.chosen.empty()) window_.list.chosen = std::move(step.chosen);
     window_.list.rename = false;
-    whenEdited_(inverse.inHand);
-  } else {
-    if (step.loadsAnew) list_.forgetLoaded();
-    list_.choose(std::move(step.chosen), std::clamp(step.inHand, 0, clips.count()));
-    list_.show();
+    return whenEdited_(step.inHand);
   }
-  return inverse;
+  if (step.loadsAnew) list_.forgetLoaded();
+  list_.choose(std::move(step.chosen), std::clamp(step.inHand, 0, collection_.MovieList.count()));
+  list_.show();
 }
 
 void History::keep(ListStep inverse) {
@@ -193,9 +211,13 @@ void History::step(std::deque<ListStep>& from, std::deque<ListStep>& onto) {
   if (!pass || from.empty()) return;
   auto step = std::move(from.back());
   from.pop_back();
-  onto.push_back(apply(std::move(step)));
+  auto back = apply(step);
+  const bool stays = staysLoaded(step, back);
+  onto.push_back(std::move(back));
   series_.clear();
   tellNames();
+  pass.open();
+  show(std::move(step), stays);
 }
 
 void History::clear() {

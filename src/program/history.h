@@ -82,7 +82,9 @@ class History {
   void saved();
 
  private:
-  ListStep apply(ListStep step);
+  void carryOut(ListStep step, const CommandPass* pass = nullptr);
+  ListStep apply(ListStep& step);
+  void show(ListStep step, bool stays);
   void keep(ListStep inverse);
   void step(std::deque<ListStep>& from, std::deque<ListStep>& onto);
   void tellNames();

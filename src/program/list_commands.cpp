@@ -39,14 +39,20 @@ std::string ListCommands::named(std::string_view act) const {
   return stepName(act, collection_, {collection_.icurMov});
 }
 
+// What is chosen is loaded with the gate open: a file that takes long to open lets events through, and of two
+// choices the later one counts.
+bool ListCommands::mayChoose() {
+  bool may = false;
+  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) { may = true; });
+  return may;
+}
+
 void ListCommands::select(int number) {
-  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) { list_.PreviewMovie(number); });
+  if (mayChoose()) list_.PreviewMovie(number);
 }
 
 void ListCommands::choose(std::vector<int> numbers, int number) {
-  pass([&](const CommandPass& /*pass*/, const Movie& /*inHand*/) {
-    list_.choose(std::move(numbers), number);
-  });
+  if (mayChoose()) list_.choose(std::move(numbers), number);
 }
 
 void ListCommands::remove() {

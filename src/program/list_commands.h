@@ -76,6 +76,7 @@ class ListCommands {
 
  private:
   void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
+  bool mayChoose();
   void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
   [[nodiscard]] std::string named(std::string_view act) const;
 

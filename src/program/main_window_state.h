@@ -172,6 +172,10 @@ class CommandPass {
     if (given_) window_.commandRuns = false;
   }
   explicit operator bool() const { return given_; }
+  /// Nothing is left of the command but to load what it leads to, which may take a while: others are let in.
+  void open() const {
+    if (given_) window_.commandRuns = false;
+  }
 
  private:
   MainWindowState& window_;

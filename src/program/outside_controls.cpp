@@ -23,13 +23,13 @@ bool canPlay(const Movie& clip) { return hasSound(clip); }
 }  // namespace
 
 bool JumpWatch::sees(std::chrono::milliseconds now, double position, bool plays, double rate) {
-  const double passed = std::chrono::duration<double>(now - then_).count();
-  const double before = std::exchange(position_, position);
-  const double ran = passed * std::exchange(rate_, plays ? rate : 0);
+  const double ran = std::chrono::duration<double>(now - then_).count() * rate_;
+  const double expected = std::exchange(expected_, expected_ + ran) + ran;
   then_ = now;
-  const bool stood = ran == 0 && !plays;
-  const double slack = stood ? kStandingSlack : kPlayingSlack;
-  return std::abs(position - before - ran) > slack;
+  const bool stood = std::exchange(rate_, plays ? rate : 0) == 0 && !plays;
+  if (std::exchange(position_, position) == position) return false;
+  expected_ = position;
+  return std::abs(position - expected) > (stood ? kStandingSlack : kPlayingSlack);
 }
 
 std::string coverOf(const Files& files, const Movie& clip) {

@@ -20,13 +20,15 @@ namespace kvo {
 class JumpWatch {
  public:
   /// The position at this time. True when it cannot have come there from the one before by playing at `rate`,
-  /// or by standing: `plays` says which from now on.
+  /// or by standing: `plays` says which from now on. A position that stays for a while is none: it is that of
+  /// the picture that is shown, and pictures may be long.
   bool sees(std::chrono::milliseconds now, double position, bool plays, double rate);
 
  private:
-  std::chrono::milliseconds then_{0};
-  double position_ = 0;
-  double rate_ = 0;  // 0 while it stands
+  std::chrono::milliseconds then_{0};  // when `expected_` held
+  double expected_ = 0;                // where it was to be at that time
+  double position_ = 0;                // as it was told last
+  double rate_ = 0;                    // 0 while it stands
 };
 
 /// The picture that stands for a clip: a still's own, or one beside a sound that is named as covers are.

@@ -47,6 +47,9 @@ TEST(Paths, TakeNamesApart) {
                                                                     {"/x/../b.avi", "/a", "/x/../b.avi"},
                                                                     {"http://a/../b", "/a", "http://a/../b"}};
   for (const auto& [name, folder, full] : rows) EXPECT_EQ(absoluteName(name, folder), full);
+  const std::pair<const char*, bool> addresses[] = {
+      {"HTTP://x/y.asx", true}, {"/a/b://c.avi", false}, {"://x", false}, {"C://x", false}};
+  for (const auto& [text, address] : addresses) EXPECT_EQ(isAddress(text), address) << text;
   EXPECT_EQ(wholeExtension("/a.b/c.Jpeg") + wholeExtension("/a.b/c"), "JPEG");
 }
 

@@ -60,6 +60,8 @@ TEST(Display, FreeZoomTakesTheSizeOfTheClipWhereTheDetailsWereOn) {
 TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
   DisplayBench b;
   b.load("a.avi", 640, 480);
+  bool coversAtHint = false;
+  b.boxes.whileShown = [&] { coversAtHint = b.mode.IsFullScreenWindow; };
   using Way = void (*)(Display&);
   const Way cover = [](Display& d) { d.coverOrBack(); };
   const Way back = [](Display& d) { d.stepBack(); };
@@ -74,6 +76,7 @@ TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
     EXPECT_EQ(b.mode.IsFullScreenWindow, covers);
   }
   EXPECT_FALSE(b.display.stepBack());
+  EXPECT_TRUE(coversAtHint) << "the hint waits for the user over the screen that was asked for";
   DisplayBench empty;
   empty.display.coverOrBack();
   EXPECT_FALSE(empty.mode.IsMiniMode || empty.mode.IsFullScreenWindow) << "there is nothing to show";

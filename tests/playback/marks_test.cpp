@@ -87,6 +87,14 @@ TEST(Marks, OfUnevenPicturesAreThePictureThatStands) {
     b.positions.marks.put(Img_MarkIn, 0.5);
     b.positions.marks.put(Img_MarkOut, 0.95);
     EXPECT_EQ(b.marks(), "2.04 to 9, 2 to 3") << name;
+    PositionsBench late;
+    late.ready(name);
+    late.positions.marks.put(Img_MarkIn, 0.5);
+    late.positions.marks.put(Img_MarkOut, 0.95);
+    clipInHand(late.collection)->IsDirty(false);
+    late.counts.count("/v/" + std::string(name), {0, 2, 2.04, 9});
+    EXPECT_EQ(late.marks(), "5 to 9.48, 2 to 3") << name << ": set before the count was there";
+    EXPECT_FALSE(clipInHand(late.collection)->IsDirty());
   }
 }
 

@@ -285,6 +285,30 @@ TEST(ClipTexts, TellWhatIsKnownOfAClip) {
   for (const int percent : {0, 1, 50, 70, 100}) EXPECT_EQ(percentOf(attenuationOf(percent)), percent);
 }
 
+// The loop runs while a file is opened, and the user's keys with it.
+TEST(ListCommands, WhatIsChosenWhileAnotherClipIsOpenedIsInHand) {
+  ListBench b;
+  b.list.whenInHand([&](int number) {
+    if (number == 2) b.listCommands.select(3);
+    if (number == 3) b.listCommands.choose({3, 4}, 4);
+  });
+  b.listCommands.select(2);
+  EXPECT_EQ(b.collection.icurMov, 4);
+  EXPECT_EQ(b.window.list.ListIndex, 3);
+  EXPECT_EQ(b.window.list.chosen, (Numbers{3, 4}));
+  bool due = true;
+  b.list.whenInHand([&](int /*number*/) {
+    if (std::exchange(due, false)) b.history.undo();
+  });
+  b.listCommands.remove();
+  EXPECT_EQ(b.initials(), "aBcde") << "what led to the load can be taken back meanwhile";
+  EXPECT_EQ(b.collection.icurMov, 4);
+  EXPECT_FALSE(b.window.busy());
+  b.window.progress.status = "Loading";  // all else waits for the end of a load
+  b.listCommands.select(1);
+  EXPECT_EQ(b.collection.icurMov, 4);
+}
+
 TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
   ListBench b;
   b.clip(2).DurationTime(Value(181.4));

@@ -204,10 +204,23 @@ TEST(JumpWatch, KnowsAJumpFromPlayingOn) {
     bool plays;
     double rate;
     bool jumped;
-  } rows[] = {{1000ms, 0, false, 1, false},   {5000ms, 0, false, 1, false},  {5100ms, 0.04, false, 1, true},
-              {5200ms, 0.04, true, 1, false}, {6200ms, 1.0, true, 1, false}, {7200ms, 2.4, true, 2, false},
-              {9200ms, 6.5, true, 2, false},  {9400ms, 2.0, true, 1, true},  {10400ms, 3.0, false, 1, false},
-              {99000ms, 3.0, false, 1, false}};
+  } rows[] = {{1000ms, 0, false, 1, false},
+              {5000ms, 0, false, 1, false},
+              {5100ms, 0.04, false, 1, true},
+              {5200ms, 0.04, true, 1, false},
+              {6200ms, 1.0, true, 1, false},
+              {7200ms, 2.4, true, 2, false},
+              {9200ms, 6.5, true, 2, false},
+              {9400ms, 2.0, true, 1, true},
+              {10400ms, 3.0, false, 1, false},
+              {99000ms, 3.0, false, 1, false},
+              // Pictures of two seconds
+              {99100ms, 3.0, true, 1, false},
+              {100500ms, 3.0, true, 1, false},
+              {101200ms, 5.0, true, 1, false},
+              {102900ms, 5.0, true, 1, false},
+              {103100ms, 7.0, true, 1, false},
+              {103300ms, 9.0, true, 1, true}};
   for (const auto& row : rows) {
     EXPECT_EQ(watch.sees(row.now, row.position, row.plays, row.rate), row.jumped) << row.now.count();
   }

@@ -215,7 +215,7 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
     const auto found = files_.find(fileOrAddress);
     if (found == files_.end() || !found->second.opens) {
       opening_ = EngineOpening::Failed;
-      error_ = "cannot open " + fileOrAddress;
+      error_ = "cannot open " + fileOrAddress + ": it is damaged";
       return;
     }
     name_ = fileOrAddress;

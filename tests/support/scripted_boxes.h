@@ -24,6 +24,7 @@ class ScriptedBoxes : public MessageBoxes {
   }
   StyledAnswer showStyled(const StyledBox& box) override {
     styled.push_back(box);
+    whileShown();
     return styledAnswer;
   }
 

@@ -148,7 +148,7 @@ struct FaceBench : ProgramBench {
   NamedCounts counts;
   NoStreamProbe probe;
   FaceLinks links{{window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes,
-                   pictures, list, timers}};
+                   pictures, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
   MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   NoWebPages pages;

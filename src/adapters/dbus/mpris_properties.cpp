@@ -1,5 +1,7 @@
 #include "adapters/dbus/mpris_properties.h"
 
+#include "base/paths.h"
+
 #include <QDBusObjectPath>
 #include <QFile>
 #include <QStringList>
@@ -24,7 +26,7 @@ const QString kNoTrack = QStringLiteral("/org/mpris/MediaPlayer2/TrackList/NoTra
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 QString toUri(const std::string& fileOrAddress) {
-  if (fileOrAddress.find("://") != std::string::npos) return text(fileOrAddress);
+  if (isAddress(fileOrAddress)) return text(fileOrAddress);
   return QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(fileOrAddress)))
       .toString(QUrl::FullyEncoded);
 }

@@ -1,6 +1,7 @@
 #include "adapters/mpv/mpv_file.h"
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -29,11 +30,6 @@ constexpr double kCutOff = 2;  // seconds that may be missing at the end of what
 std::string soundOutput() {
   const char* driver = std::getenv("SDL_AUDIODRIVER");
   return driver != nullptr && std::string_view(driver) == "dummy" ? "null" : "pipewire,pulse,alsa,jack";
-}
-
-bool isAnAddress(const std::string& name) {
-  const auto scheme = name.find("://");
-  return scheme != std::string::npos && scheme > 1 && name.find('/') > scheme;
 }
 
 std::string whyNot(int error) {
@@ -148,7 +144,7 @@ void MpvFile::tell(std::function<void()> MpvFile::*heard) {
 void MpvFile::open(const std::string& fileOrAddress) {
   forget();
   name_ = fileOrAddress;
-  isAddress_ = isAnAddress(name_);
+  isAddress_ = kvo::isAddress(name_);
   opening_ = EngineOpening::Connecting;
   // A pipe or a device would keep the core waiting.
   if (std::error_code code; !isAddress_) {

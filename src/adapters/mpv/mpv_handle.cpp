@@ -1,6 +1,5 @@
 #include "adapters/mpv/mpv_handle.h"
 
-#include <clocale>
 #include <mpv/client.h>
 #include <stdexcept>
 #include <vector>
@@ -8,9 +7,6 @@
 namespace kvo {
 
 MpvHandle::MpvHandle(std::initializer_list<Option> options) {
-  // Once, ahead of the first thread that reads numbers.
-  static const auto* const numeric = std::setlocale(LC_NUMERIC, "C");
-  static_cast<void>(numeric);
   handle_.reset(mpv_create());
   if (handle_ == nullptr) throw std::runtime_error("there is no player: libmpv gives no core");
   for (const auto& [name, value] : options) {

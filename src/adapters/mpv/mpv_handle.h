@@ -18,8 +18,8 @@ class MpvHandle {
   using Option = std::pair<const char*, std::string>;
 
   /// A core with these options, which reads no configuration and loads no scripts. Throws std::runtime_error
-  /// when there is none to be had. From here on LC_NUMERIC is "C" for the whole process: the core reads
-  /// numbers with a point on threads of its own.
+  /// when there is none to be had. LC_NUMERIC is "C", see MpvStage: the core reads numbers with a point on
+  /// threads of its own.
   explicit MpvHandle(std::initializer_list<Option> options);
 
   [[nodiscard]] mpv_handle* get() const { return handle_.get(); }

@@ -2,6 +2,7 @@
 
 #include "base/guarded.h"
 
+#include <clocale>
 #include <utility>
 
 namespace kvo {
@@ -12,7 +13,9 @@ constexpr std::size_t kMostAtRest = 2;
 }  // namespace
 
 MpvStage::MpvStage(EventLoop& loop, FrameSource& facts, const MpvLimits& limits)
-    : loop_(loop), facts_(facts), limits_(limits) {}
+    : loop_(loop), facts_(facts), limits_(limits) {
+  std::setlocale(LC_NUMERIC, "C");
+}
 
 MpvStage::~MpvStage() {
   for (const auto& file : resting_) output_.remove(*file);

@@ -13,7 +13,8 @@ namespace kvo {
 
 class MpvStage {
  public:
-  /// Both outlive the stage, and the stage all that is made on it.
+  /// Both outlive the stage, and the stage all that is made on it. From here on LC_NUMERIC is "C" for the
+  /// whole process, as cores ask for: a stage is made ahead of the first thread that reads numbers.
   MpvStage(EventLoop& loop, FrameSource& facts, const MpvLimits& limits = {});
   ~MpvStage();
 

@@ -35,7 +35,8 @@ class Faults {
     const int misplaced = misplacedSound(clips);
     for (const auto& clip : clips) {
       number_ = clip.number;
-      if (number_ == misplaced) stop("it is sound and stands ahead of a clip with a picture");
+      if (number_ == misplaced)
+        stop("it is sound ahead of a picture: sound belongs at the end of the collection");
       fileFaults(clip);
       timeFaults(clip);
       if (!clip.isSound && !isCut(clip.TransType) && !isTransition(clip.TransType))

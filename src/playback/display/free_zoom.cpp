@@ -12,10 +12,16 @@ constexpr double kMostOfScreen = 2.0 / 3;  // of a side that a window may take b
 
 }  // namespace
 
-void Display::Lbl_MiniMode_Click() { parts_.mode.IsMiniMode ? leaveFreeZoom() : enterFreeZoom(); }
+void Display::Lbl_MiniMode_Click() {
+  if (parts_.mode.IsMiniMode) return leaveFreeZoom();
+  enterFreeZoom();
+  if (parts_.mode.DetailsWereOn) tellOfToolbar();
+}
 
 void Display::Lbl_MinMax_Click() {
-  if (parts_.mode.IsMiniMode) changeCover(!parts_.mode.IsFullScreenWindow);
+  if (!parts_.mode.IsMiniMode) return;
+  changeCover(!parts_.mode.IsFullScreenWindow);
+  tellOfToolbar();
 }
 
 void Display::coverOrBack() {
@@ -122,7 +128,6 @@ void Display::changeCover(bool cover) {
   if (clip && clip->facts.IsStill && cover && !editing()) parts_.host.PreviewMovie(clip->number);
   if (wasPlaying && !parts_.player.PlayerIsEmpty()) parts_.player.GlobalMediaPlay();
   startMonitors();
-  tellOfToolbar();
 }
 
 void Display::toSizable() {
@@ -224,7 +229,7 @@ void Display::tellOfScreen() {
 
 // Once for each collection, and behind everything else: the box is about what is seen then.
 void Display::tellOfToolbar() {
-  if (editing() || toldOfToolbar_ == parts_.collection.IniFullPath) return;
+  if (editing() || !parts_.mode.IsMiniMode || toldOfToolbar_ == parts_.collection.IniFullPath) return;
   toldOfToolbar_ = parts_.collection.IniFullPath;
   parts_.boxes.showStyled({kCaption,
                            "Right click on the Toolbar to activate the remote control\r\n"

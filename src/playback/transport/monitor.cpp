@@ -64,6 +64,10 @@ void Monitor::graphAtEnd() {
     return;
   }
   core_.timers.Timer5.stop();
+  if (order.rewinds()) {
+    core_.toLoopStart();
+    core_.host.showPosition();
+  }
   core_.button(KeyWord::PauseOn);
 }
 

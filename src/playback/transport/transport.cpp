@@ -22,8 +22,10 @@ Transport::Transport(const TransportParts& parts)
       monitor_(core_, sequencer_, stream_, [this](int number) { return follow(number); }),
       duration_(parts.loop.timer([this] { WaitForValidDuration(); })) {
   core_.timers.Timer1.ticks([this] { monitor_.tick(); });
+  core_.timers.Timer4.ticks([this] { tellAnimation(); });
   core_.timers.Timer6.ticks([this] { sequencer_.tick(); });
   core_.timers.Timer7.ticks([this] { stepBack(); });
+  core_.timers.Timer9.ticks([this] { tellWave(); });
   core_.timers.StillTimer.ticks([this] { stillTick(); });
   core_.player.whenEndOfStream([this] { ended(false); });
   core_.player.whenGraphStops([this] { ended(true); });
@@ -49,6 +51,17 @@ void Transport::ended(bool graph) {
   }
   if (graph) return;  // the monitor sees it
   if (!core_.host.startUpVideoEnded()) sequencer_.EndOfStream();
+}
+
+// Timer4 and Timer9, which tick for nobody who is not there.
+void Transport::tellAnimation() {
+  auto* animation = core_.guests.animation;
+  animation != nullptr ? animation->watch() : core_.timers.Timer4.stop();
+}
+
+void Transport::tellWave() {
+  auto* wave = core_.guests.wave;
+  wave != nullptr&& core_.settings.state.WavSpikesOn ? wave->ExecWavSpikes() : core_.timers.Timer9.stop();
 }
 
 void Transport::halt() {

@@ -77,6 +77,8 @@ class Transport : public TransportCommands {
   void openNextAhead();
   void ended(bool graph);
   void stillTick();
+  void tellAnimation();
+  void tellWave();
   void playLoaded();
   void togglePlay();
   void stopLoaded();

@@ -80,6 +80,20 @@ class WavePlay {
   virtual bool showInEditor(int number) = 0;
   /// Behind a load: strips the sound, where it is to be shown, and draws it.
   virtual void clipLoaded(int number) = 0;
+  /// Draws the wave at the player's place: of Timer9, while it is shown.
+  virtual void ExecWavSpikes() = 0;
+};
+
+/// The animation behind sound.
+class AudioAnimation {
+ public:
+  AudioAnimation() = default;
+  AudioAnimation(const AudioAnimation&) = delete;
+  AudioAnimation& operator=(const AudioAnimation&) = delete;
+  virtual ~AudioAnimation() = default;
+
+  /// Begins it, and goes on to its next clip: of Timer4.
+  virtual void watch() = 0;
 };
 
 /// The remote control panel.
@@ -97,6 +111,7 @@ class RemotePanel {
 struct TransportGuests {
   DiscPlay* disc = nullptr;
   WavePlay* wave = nullptr;
+  AudioAnimation* animation = nullptr;
   RemotePanel* remote = nullptr;
 };
 

@@ -206,11 +206,21 @@ void Transport::fileLoaded() {
   played(number);
 }
 
-// In the picture's place: a box for each of many would be in the way.
+// In the picture's place: a box for each of many would be in the way. The player's line names the file ahead
+// of the reason.
 void Transport::tellOfFile(const Movie& clip) {
-  const bool there = core_.files.exists(clipFile(clip));
-  core_.state.lbl_Novid = {.text =
-                               clip.MovieName() + (there ? " cannot be played" : " is not there any more")};
+  const auto file = clipFile(clip);
+  const auto why = core_.player.PlayerGetErrorDescription();
+  auto text = clip.MovieName();
+  if (!core_.files.exists(file)) {
+    text += " is not there any more";
+  } else {
+    text += " cannot be played";
+    const auto colon = file + ": ";
+    if (const auto at = why.find(colon); at != std::string::npos)
+      text.append(kCrLf).append(why, at + colon.size());
+  }
+  core_.state.lbl_Novid = {.text = std::move(text)};
   core_.mode.panels.Pic_NoVid = true;
 }
 
@@ -238,7 +248,11 @@ void Transport::played(int number) {
   timers.Timer5.start();
   timers.Timer6.start();
   const bool paused = core_.mode.player.IsPaused;
-  if (!core_.fullScreen() && !paused && core_.running()) core_.button(KeyWord::PlayOn);
+  if (!paused && !core_.running()) {
+    core_.button(KeyWord::AllOff);  // it waits for its key
+  } else if (!paused && !core_.fullScreen()) {
+    core_.button(KeyWord::PlayOn);
+  }
   if (core_.fullScreen() && core_.settings.user.DefaultZoom100) {
     if (!core_.editing()) core_.display.ResizePercent(100);
     if (!paused) core_.player.GlobalMediaPlay();

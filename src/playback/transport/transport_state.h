@@ -9,7 +9,7 @@ namespace kvo {
 
 /// The panel in the picture's place while there is none.
 struct NoVideoLabel {
-  std::string text;     ///< "Connecting..."; empty: the panel's own
+  std::string text;     ///< "Connecting...", in lines; empty: the panel's own
   bool stream = false;  ///< in the colour for streams
   bool lit = false;     ///< changes as long as something is waited for
   bool stops = false;   ///< a click on it ends the waiting

@@ -73,7 +73,7 @@ void PictureBox::draw() {
   const auto now = sign();
   if (now == drawn_) return;
   drawn_ = now;
-  setAccessibleName(now.icon == nullptr ? tr("Picture") : now.text);
+  setAccessibleName(now.icon == nullptr ? tr("Picture") : now.text.simplified());
   setAccessibleDescription(now.act);
   setToolTip(state_.picture.picture == nullptr ? plainTip(state_.picture.fault) : QString());
   update();
@@ -167,10 +167,12 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(font);
   painter.setPen(toColour(drawn_.colour));
   QRect line(0, corner.y() + side + kSignTextGap, width(), painter.fontMetrics().height());
-  painter.drawText(line, Qt::AlignCenter,
-                   painter.fontMetrics().elidedText(drawn_.text, Qt::ElideRight, width()));
-  line.translate(0, line.height());
-  painter.setPen(toColour(token("text3")));
+  for (const auto& text : drawn_.text.split('\n')) {
+    painter.drawText(line, Qt::AlignCenter,
+                     painter.fontMetrics().elidedText(text.trimmed(), Qt::ElideRight, width()));
+    line.translate(0, line.height());
+    painter.setPen(toColour(token("text3")));
+  }
   painter.drawText(line, Qt::AlignCenter, drawn_.act);
 }
 

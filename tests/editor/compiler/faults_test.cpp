@@ -54,7 +54,7 @@ TEST(CollectionFaults, AreFoundInEveryClip) {
          b.addMusic("m.flac", 0, 2);
          b.addVideo("c.avi", 0, 2);
        },
-       "3 it is sound and stands ahead of a clip with a picture!"},
+       "3 it is sound ahead of a picture: sound belongs at the end of the collection!"},
       {[](Bench& b, Movie&) { b.addMusic("m.mid", 0, 2); },
        "3 sound of its kind cannot be put into a movie!"},
       {[](Bench& b, Movie&) { b.settings.change().OutPutFrameRate = 0; },
