@@ -102,7 +102,9 @@ TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
     b.dialogs.answers = {"/c/other.INI", "/c/other.INI"};
     EXPECT_FALSE(b.commands.New() || b.commands.Open() || b.commands.Save());
     EXPECT_FALSE(b.commands.openFile("/c/other.INI") || b.shutDown.exit());
-    b.window.progress.abortClicked = false;
+    auto& progress = b.window.progress;
+    EXPECT_EQ(progress.abortClicked, !progress.abortText.empty()) << "later work is not asked to stop";
+    progress.abortClicked = false;
     b.listCommands.remove();
     b.history.undo();
     b.mailbox.takeFiles({"/v/a.avi"});
