@@ -195,7 +195,7 @@ TEST(CollectionCommands, NewAsksAndEmpties) {
   EXPECT_EQ(b.window.history.undo, "") << "of another collection";
 }
 
-TEST(CollectionCommands, TheLastNineCollectionsAreRemembered) {
+TEST(CollectionCommands, TheLastNineCollectionsThatAreThereAreShown) {
   RunningBench b;
   Words paths;
   for (int i = 1; i <= 10; ++i) {
@@ -206,7 +206,7 @@ TEST(CollectionCommands, TheLastNineCollectionsAreRemembered) {
   b.files.all.erase(paths[4]);
   b.commands.openNamed(paths[2]);
   EXPECT_EQ(b.recent.paths(), (Words{"/c/3.INI", "/c/10.INI", "/c/9.INI", "/c/8.INI", "/c/7.INI", "/c/6.INI",
-                                     "/c/4.INI", "/c/2.INI"}));
+                                     "/c/4.INI", "/c/2.INI", "/c/1.INI"}));
 }
 
 TEST(ClipList, TheCaptionIsCutByCharacters) {
