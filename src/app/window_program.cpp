@@ -179,6 +179,8 @@ class WindowProgram {
       switch (startUp_.run(arguments, std::filesystem::current_path().string())) {
         case StartEnd::HandedOver:
           return kExitDone;
+        case StartEnd::NotTaken:
+          return fail("the program runs already, and that copy does not take the files");
         case StartEnd::Failed:
           return kExitFailed;
         case StartEnd::Run:

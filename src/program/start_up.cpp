@@ -34,8 +34,8 @@ std::string joined(std::initializer_list<int> numbers) {
 StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::string& workingFolder) {
   parts_.window.emptyPane.NoMediaPrompt = LoadResString(491);
   if (!parts_.handover.becomeFirst()) {
-    parts_.handover.send(handoverText(arguments, workingFolder, parts_.files));
-    return StartEnd::HandedOver;
+    const auto text = handoverText(arguments, workingFolder, parts_.files);
+    return parts_.handover.send(text) ? StartEnd::HandedOver : StartEnd::NotTaken;
   }
   const auto command = readStartCommand(arguments, parts_.files, workingFolder);
   parts_.settings.user.attach(&parts_.store);

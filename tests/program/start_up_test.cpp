@@ -99,6 +99,8 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
     EXPECT_EQ(second.startUp.run(row.arguments, "/w"), StartEnd::HandedOver);
     EXPECT_FALSE(second.window.face.visible || second.files.calls > 0) << "nothing is shown or written";
     EXPECT_EQ(second.handover.sent, (Words{row.sent}));
+    second.handover.isTaken = false;
+    EXPECT_EQ(second.startUp.run(row.arguments, "/w"), StartEnd::NotTaken);
   }
 }
 
