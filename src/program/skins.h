@@ -87,8 +87,6 @@ class Skins {
   void Cupdisptextcol();
 
  private:
-  class Busy;
-
   [[nodiscard]] std::string fileOf(const StockSkin& skin) const;
   [[nodiscard]] const StockSkin* inUse() const;
   void takeStock(const StockSkin& skin);

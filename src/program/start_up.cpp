@@ -110,15 +110,13 @@ void StartUp::loadWindow() {
   if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;
 }
 
-// The larger of the two tables of button places is that of size 1.25; at size 1 the desktop's text decides.
+// From size 1.25 on there is room for any text.
 void StartUp::testFont() {
-  constexpr double kLarger = 1.25, kNext = 1.5;
+  constexpr double kLarger = 1.25;
   const auto screens = parts_.desktop.screens();
   const double choice = parts_.window.face.interfaceSize;
   const double size = choice > 0 || screens.empty() ? choice : screens.front().factor;
-  const bool isLarge = size < kLarger && hasLargeText(parts_.desktop);
-  parts_.window.skin.IsSmallFonts = !isLarge && (size < kLarger || size >= kNext);
-  if (!isLarge) return;
+  if (size >= kLarger || !hasLargeText(parts_.desktop)) return;
   parts_.boxes.show(
       {"KVO5 - System Font Size is too large",
        "Non-Standard Font size detected - KVO may not be able to resolve all graphics with this fontsize",

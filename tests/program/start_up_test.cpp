@@ -311,6 +311,11 @@ TEST(GatheredBoxes, ManyRefusalsAreToldTogetherAndQuestionsAtOnce) {
     EXPECT_EQ(gathered.show({"Add", "it ?", BoxButtons::YesNo}), Answer::No);
     EXPECT_EQ(boxes.shown.size(), 1U);
   });
+  EXPECT_THROW(gathered.together([&] {
+    gathered.show({"Lost", "text"});
+    throw std::runtime_error("no room");
+  }),
+               std::runtime_error);
   gathered.show({"Alone", "text"});
   EXPECT_EQ(boxes.shown.size(), 2U);
 }
