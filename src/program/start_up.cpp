@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/records/setting_rows.h"
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
 #include "playback/display/interface_size.h"
@@ -129,33 +130,22 @@ bool hasLargeText(const Desktop& desktop) {
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {
-  const auto value = [&](std::string_view name, std::string_view otherwise) {
-    auto text = store.read(name);
-    if (text.empty()) {
-      text = otherwise;
-      store.write(name, text);
+  for (const auto& section : settingSections()) {
+    for (const auto& row : section.rows) {
+      if (row.atStart.empty()) continue;
+      auto text = store.read(row.name);
+      if (text.empty()) {
+        text = row.atStart;
+        store.write(row.name, text);
+      }
+      if (!row.take(settings, text)) row.take(settings, row.atStart);
     }
-    return text;
-  };
-  const auto flag = [&](std::string_view name) {
-    Boolean on = false;
-    takeField(on, value(name, "False"));
-    return on;
-  };
-  const auto number = [&](std::string_view name, std::string_view otherwise) {
-    Integer whole = 0;
-    takeField(whole, value(name, otherwise));
-    return whole;
-  };
-  settings.user.ShowWavWithVideo = flag("ShowWavWithVideo");
-  settings.user.DefaultZoom100 = flag("DefaultZoom100");
-  settings.user.LoopPreviews = window.menu.mnu_Looping = flag("LoopPreviews");
-  settings.user.LoopCol = window.menu.mnu_LoopCol = flag("LoopCol");
-  settings.user.RewAtEnd = window.menu.mnu_RewAtEnd = flag("RewAtEnd");
-  settings.user.PlayWithoutGaps = window.menu.mnu_PlayWithoutGaps = flag("PlayWithoutGaps");
-  settings.user.SliderPauseOnRepo = flag("SliderPauseOnRepo");
-  settings.user.SliderSpeed = number("SliderSpeed", "500");
-  settings.user.StillDelayTimer = number("StillDelayTimer", "7");
+  }
+  auto& ticks = window.menu;
+  ticks.mnu_Looping = settings.user.LoopPreviews;
+  ticks.mnu_LoopCol = settings.user.LoopCol;
+  ticks.mnu_RewAtEnd = settings.user.RewAtEnd;
+  ticks.mnu_PlayWithoutGaps = settings.user.PlayWithoutGaps;
 }
 
 }  // namespace kvo
