@@ -3,7 +3,6 @@
 
 #include "playback/display/display.h"
 #include "playback/player_facade.h"
-#include "ports/skin_pictures.h"
 #include "program/clip_list.h"
 #include "program/skins.h"
 
@@ -26,7 +25,6 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
     StreamProbe& probe;
     Desktop& desktop;
     MessageBoxes& boxes;
-    SkinPictures& pictures;
     ClipList& list;
     PlayTimers& timers;
   };

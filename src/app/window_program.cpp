@@ -215,11 +215,7 @@ class WindowProgram {
         .chooseTrack = [this](MediaTrack::Kind kind, int id) { links_.player().PlayerChooseTrack(kind, id); },
         .findMissing = [this] { missing_.FindMissingFiles(); },
         .isPortable = [this] { return session_.collection.isPortable; },
-        .makePortable =
-            [this](bool on) {
-              session_.collection.isPortable = on;
-              session_.settings.state.IsDirty = true;
-            },
+        .makePortable = [this](bool on) { commands_.makePortable(on); },
         .captions =
             [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); },
         .ordered = [this](MenuCommand tick) { play_.ordered(tick); },

@@ -207,6 +207,11 @@ void Skins::ShapeMe() {
   ++window_.skin.revision;
 }
 
+void Skins::ShapePlain() {
+  static_cast<void>(ports_.pictures.loadMask({}));
+  window_.skin.mask.clear();
+}
+
 void Skins::FadBorder(std::string_view caption, ColorRef colour) {
   const auto shown = colour == 0 ? kBlue : colour;
   auto text = std::string(trimmed(caption)).append(blanks(kBlanksBehindCaption));

@@ -80,6 +80,9 @@ class Skins {
   /// window is a rectangle.
   void ShapeMe();
 
+  /// Gives the window its whole rectangle; as long as that stands there is no mask.
+  void ShapePlain();
+
   /// The side logo with this caption; its colour, and that of the side line, is `colour`, 0 for blue.
   void FadBorder(std::string_view caption, ColorRef colour);
 
