@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/session.h"
+#include "base/exit_codes.h"
 #include "render/render_driver.h"
 
 #include <string>

@@ -21,10 +21,7 @@ void FaceLinks::skins() { skins_->skins(true, true, parts_.settings.preferences(
 
 void FaceLinks::ShapeMe() { skins_->ShapeMe(); }
 
-void FaceLinks::ShapePlain() {
-  static_cast<void>(parts_.pictures.loadMask({}));
-  parts_.window.skin.mask.clear();
-}
+void FaceLinks::ShapePlain() { skins_->ShapePlain(); }
 
 void FaceLinks::FadBorder(const std::string& caption) {
   skins_->FadBorder(caption, parts_.window.skin.LogoColor);

@@ -3,7 +3,6 @@
 
 #include "playback/display/display.h"
 #include "playback/player_facade.h"
-#include "ports/skin_pictures.h"
 #include "program/skins.h"
 
 #include <functional>
@@ -25,7 +24,6 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
     StreamProbe& probe;
     Desktop& desktop;
     MessageBoxes& boxes;
-    SkinPictures& pictures;
     PlayTimers& timers;
   };
   explicit FaceLinks(const Parts& parts);

@@ -1,11 +1,11 @@
 #include "app/look_command.h"
 
 #include "adapters/posix/starter_watch.h"
+#include "base/exit_codes.h"
 #include "base/guarded.h"
 #include "intake/look_words.h"
 #include "media/media_facts.h"
 #include "media/media_look.h"
-#include "render/engine_protocol.h"
 
 #include <array>
 #include <cerrno>

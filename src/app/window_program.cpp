@@ -111,11 +111,11 @@ class WindowProgram {
         intro_(parts_),
         mailbox_(parts_, intro_),
         links_({state_, session_.settings, session_.collection, session_.streams, counts_, control_, graphs_,
-                probe_, desktop_, boxes_, face_, timers_}),
+                probe_, desktop_, boxes_, timers_}),
         skins_({dialogs_, boxes_, loop_, face_, session_.log, session_.folder}, links_, session_.settings,
                state_),
         startUp_(parts_, skins_, intro_, mailbox_),
-        shutDown_(parts_, intro_, mailbox_),
+        shutDown_(parts_, mailbox_),
         media_({dialogs_, desktop_, questions_, boxes_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
                       state_),
@@ -179,6 +179,8 @@ class WindowProgram {
       switch (startUp_.run(arguments, std::filesystem::current_path().string())) {
         case StartEnd::HandedOver:
           return kExitDone;
+        case StartEnd::NotTaken:
+          return fail("the program runs already, and that copy does not take the files");
         case StartEnd::Failed:
           return kExitFailed;
         case StartEnd::Run:
@@ -213,11 +215,7 @@ class WindowProgram {
         .chooseTrack = [this](MediaTrack::Kind kind, int id) { links_.player().PlayerChooseTrack(kind, id); },
         .findMissing = [this] { missing_.FindMissingFiles(); },
         .isPortable = [this] { return session_.collection.isPortable; },
-        .makePortable =
-            [this](bool on) {
-              session_.collection.isPortable = on;
-              session_.settings.state.IsDirty = true;
-            },
+        .makePortable = [this](bool on) { commands_.makePortable(on); },
         .captions =
             [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); },
         .ordered = [this](MenuCommand tick) { play_.ordered(tick); },

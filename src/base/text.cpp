@@ -64,8 +64,6 @@ std::size_t sequenceLength(std::string_view s) {
 
 bool beginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -158,22 +156,30 @@ std::string quoted(std::string_view text) {
   return out.append(1, '"').append(text).append(1, '"');
 }
 
+LineField nextField(std::string_view& line) {
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  LineField field;
+  std::size_t end = 0;
+  if (line.starts_with('"')) {
+    const auto close = std::min(line.find('"', 1), line.size());
+    field.text = field.toLineEnd = line.substr(1, close - 1);
+    end = std::min(line.find(',', close), line.size());
+  } else {
+    end = std::min(line.find(','), line.size());
+    field.text = trimmed(line.substr(0, end));
+    field.toLineEnd = line;
+  }
+  field.isLast = end == line.size();
+  line.remove_prefix(std::min(end + 1, line.size()));
+  return field;
+}
+
 std::vector<std::string> commaFields(std::string_view line) {
   std::vector<std::string> fields;
-  bool more = true;
-  while (more) {
-    line = line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
-    std::size_t end = 0;
-    if (line.starts_with('"')) {
-      const auto close = std::min(line.find('"', 1), line.size());
-      fields.emplace_back(line.substr(1, close - 1));
-      end = std::min(line.find(',', close), line.size());
-    } else {
-      end = std::min(line.find(','), line.size());
-      fields.emplace_back(trimmed(line.substr(0, end)));
-    }
-    more = end < line.size();
-    line.remove_prefix(std::min(end + 1, line.size()));
+  for (bool more = true; more;) {
+    const auto field = nextField(line);
+    fields.emplace_back(field.text);
+    more = !field.isLast;
   }
   return fields;
 }
@@ -215,8 +221,13 @@ std::string lineFromBytes(std::string_view bytes) {
   return out;
 }
 
-std::string textFromBytes(std::string bytes) {
+void dropByteOrderMark(std::string& bytes) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+}
+
+std::string textFromBytes(std::string bytes) {
+  dropByteOrderMark(bytes);
   if (isUtf8(bytes)) return bytes;
   std::string out;
   for (std::string_view rest(bytes); !rest.empty();) {

@@ -45,8 +45,18 @@ std::string quoted(std::string_view text);
 
 std::string blanks(std::size_t count);
 
-/// The fields of a line, apart at commas and without the blanks around them; one in quotes keeps the commas
-/// in it, and loses the quotes.
+/// A field of a line whose fields are apart at commas.
+struct LineField {
+  std::string_view text;       ///< without the blanks around it; of one in quotes what is between them
+  std::string_view toLineEnd;  ///< from its first character to the end of the line; in quotes as `text`
+  bool isLast = true;          ///< no comma stands behind it
+};
+
+/// The first field of `line`, which loses it, its comma and what stands between them. One in quotes keeps the
+/// commas in it, and loses the quotes.
+LineField nextField(std::string_view& line);
+
+/// All fields of a line.
 std::vector<std::string> commaFields(std::string_view line);
 
 /// The kind of a file by its name: the last three characters, or what follows a full stop inside those
@@ -57,6 +67,9 @@ bool isUtf8(std::string_view bytes);
 
 /// One line's bytes as UTF-8: what is not valid UTF-8 is read as Windows-1252.
 std::string lineFromBytes(std::string_view bytes);
+
+/// Takes the byte order mark off, where there is one.
+void dropByteOrderMark(std::string& bytes);
 
 /// Bytes of a text file as UTF-8, line by line. A byte order mark is taken off.
 std::string textFromBytes(std::string bytes);

@@ -12,7 +12,6 @@ constexpr std::string_view kReport = "wmprops.txt";
 
 constexpr int kFirstWait = 250;  // milliseconds
 constexpr int kNextWait = 150;
-constexpr int kMoment = 10;
 constexpr std::uint64_t kMostOfReport = 1U << 20U;  // bytes
 
 }  // namespace
@@ -54,10 +53,7 @@ std::optional<std::string> BatchProbe::report(const std::string& path, int tries
 
 void BatchProbe::pass(int milliseconds) {
   const auto end = parts_.loop.now() + std::chrono::milliseconds(milliseconds);
-  while (parts_.loop.now() < end) {
-    parts_.clock.pause(kMoment);
-    parts_.loop.yield();
-  }
+  while (parts_.loop.now() < end) parts_.loop.wait(static_cast<int>((end - parts_.loop.now()).count()));
 }
 
 std::optional<std::string> BatchProbe::take(const std::string& file) {

@@ -25,8 +25,6 @@ constexpr std::string_view kNonMedia[] = {
 constexpr std::size_t kRefusedAsAddress = 17;
 
 constexpr std::string_view kStreams[] = {"ASF", "ASX", "WMA", "WMV", "WAX", "WVX"};
-constexpr std::string_view kAudioOnly[] = {"CDA", "AIF", "IFF", "IFC", "MID",
-                                           "IDI", "RMI", "WMA", "WAV", "MP3"};
 constexpr std::string_view kScores[] = {"MID", "IDI", "RMI"};
 
 bool isOneOf(std::string_view extension, std::span<const std::string_view> table) {
@@ -87,7 +85,5 @@ bool reportsNoLength(std::string_view name) {
   return isOneOf(extensionOf(name), kScores) || intakeClass(name) != IntakeClass::Media ||
          (kind != nullptr && kind->mediaClass == MediaClass::Still);
 }
-
-bool IsAudioOnly(const Movie& clip) { return isOneOf(extensionOf(clip.MovieName()), kAudioOnly); }
 
 }  // namespace kvo

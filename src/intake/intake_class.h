@@ -39,7 +39,4 @@ bool isSoundType(std::string_view name);
 /// A length of 0 says nothing of it.
 bool reportsNoLength(std::string_view name);
 
-/// Sound alone, by the clip's name.
-bool IsAudioOnly(const Movie& clip);
-
 }  // namespace kvo

@@ -59,11 +59,6 @@ void KVOPlayerEngOcX::ShowPreview() {
   if (graph_ || open()) graph_->seek(position_);
 }
 
-void KVOPlayerEngOcX::SeekVideo(double seconds) {
-  position_ = seconds;
-  ShowPreview();
-}
-
 void KVOPlayerEngOcX::StopVideo() {
   Timer1_->stop();
   if (!graph_) return;

@@ -47,8 +47,6 @@ class KVOPlayerEngOcX {
   [[nodiscard]] static std::string ConvertTime(double seconds);
   /// Shows the picture that stands where it is.
   void ShowPreview();
-  /// Shows the picture at `seconds`, and plays on from there if it plays.
-  void SeekVideo(double seconds);
   /// Stands; PlayVideo goes on from here.
   void StopVideo();
   /// Plays on from where it stood, or from `seconds`.

@@ -8,8 +8,8 @@
 
 namespace kvo {
 
-/// A longer text is not handed over.
-inline constexpr std::size_t kMaxHandover = 64U << 10U;
+/// Bytes: a longer text is not handed over.
+inline constexpr std::size_t kMaxHandover = 256U << 10U;
 
 class Handover {
  public:
@@ -22,7 +22,7 @@ class Handover {
   virtual bool becomeFirst() = 0;
 
   /// Leaves `text` for the first copy. False when there is none, or when it does not take it.
-  virtual bool send(std::string_view text) = 0;
+  [[nodiscard]] virtual bool send(std::string_view text) = 0;
 
   /// The text that was left last, if any; the mailbox is empty then.
   virtual std::optional<std::string> take() = 0;

@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "playback/positions/slider.h"
 
 #include <algorithm>
 #include <numeric>
@@ -25,14 +26,6 @@ bool isIn(const std::vector<int>& numbers, int number) {
 // A number first, then a text.
 using Key = std::pair<double, std::string>;
 
-// Seconds, also of "3m 20s".
-double lengthInSeconds(const Movie& clip) {
-  const auto text = clip.DurationTime().text();
-  const auto minutes = text.find('m');
-  if (minutes == std::string::npos) return ToNumber(text);
-  return ToNumber(text) * 60 + ToNumber(std::string_view(text).substr(minutes + 1));
-}
-
 double pixelsOf(const Movie& clip) {
   if (clip.IsStill()) return static_cast<double>(clip.StillW()) * clip.StillH();
   const auto text = clip.Resolution().text();
@@ -53,7 +46,7 @@ Key keyOf(const Movie& clip, SortKey key, const Files& files, const std::functio
     case SortKey::FileSize:
       return {clip.Size().empty() ? static_cast<double>(facts().size) : ToNumber(clip.Size()), name};
     case SortKey::ClipDur:
-      return {lengthInSeconds(clip), name};
+      return {trackSeconds(clip.DurationTime().text(), clip.IsExtendedCD()), name};
     case SortKey::Resolution:
       return {pixelsOf(clip), name};
     case SortKey::Shuff:

@@ -1,5 +1,6 @@
 #include "program/codec_info.h"
 
+#include "base/holding.h"
 #include "base/text.h"
 #include "core/telling/failures.h"
 #include "program/clip_texts.h"
@@ -60,9 +61,10 @@ void CodecInfo::ask() {
     return number > 0 && number == parts_.collection.icurMov && clip->VideoCodec().empty() ? number : 0;
   };
   if (inHand() == 0) return;
-  asking_ = true;
-  const auto found = GetAVICompressor({parts_.files, parts_.folder, parts_.probe}, clipFile(*clip));
-  asking_ = false;
+  const auto found = [&] {
+    const Holding asking(asking_);
+    return GetAVICompressor({parts_.files, parts_.folder, parts_.probe}, clipFile(*clip));
+  }();
   const int number = inHand();
   if (number == 0) return;
   clips[number].VideoCodec(found.codec);
@@ -72,11 +74,9 @@ void CodecInfo::ask() {
 
 void CodecInfo::takeAsWindowsMedia(int number) {
   auto& player = parts_.player;
-  auto& clip = parts_.collection.MovieList[number];
-  if (clip.IsCorona()) {
+  if (parts_.collection.MovieList[number].IsCorona()) {
     player.PlayerStop();
     player.PlayerClear();
-    clip.IsCorona(true);
     return reload_(number);
   }
   if (parts_.settings.state.KVOIsInEditMode) {

@@ -196,6 +196,11 @@ bool CollectionCommands::save() {
   return written;
 }
 
+void CollectionCommands::makePortable(bool on) {
+  collection_.isPortable = on;
+  settings_.state.IsDirty = true;
+}
+
 bool CollectionCommands::mayReplace(const std::string& path) {
   return ports_.boxes.show({std::string(kProductName).append(LoadResString(355)),
                             "<" + path + std::string(LoadResString(300)), BoxButtons::YesNo,

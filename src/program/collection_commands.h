@@ -68,6 +68,9 @@ class CollectionCommands {
   /// Asks for a name and saves. False when the user took it back or the file could not be written.
   bool Save();
 
+  /// From the next save on the file names clips from its own folder on, or by their whole paths.
+  void makePortable(bool on);
+
   /// Asks whether to save what has changed, and saves on Yes. False on Cancel, and when Yes ended without a
   /// file: the work that asked must not go on then.
   bool mayLeaveChanges(std::string_view title);

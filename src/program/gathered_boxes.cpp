@@ -1,5 +1,6 @@
 #include "program/gathered_boxes.h"
 
+#include "base/holding.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -54,9 +55,11 @@ Answer GatheredBoxes::show(const Box& box) {
 
 void GatheredBoxes::together(const std::function<void()>& work) {
   if (gathers_) return work();
-  gathers_ = true;
-  work();
-  gathers_ = false;
+  waiting_.clear();  // what a work left that was thrown out of
+  {
+    const Holding gathers(gathers_);
+    work();
+  }
   const auto all = std::exchange(waiting_, {});
   for (std::size_t first = 0; first < all.size(); ++first) {
     const auto same = [&](const Box& box) { return box.caption == all[first].caption; };

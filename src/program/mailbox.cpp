@@ -5,6 +5,7 @@
 #include "intake/clip_names.h"
 #include "intake/folders.h"
 #include "intake/refusals.h"
+#include "program/search_progress.h"
 
 #include <algorithm>
 
@@ -12,7 +13,6 @@ namespace kvo {
 namespace {
 
 constexpr int kMailboxInterval = 200;  // milliseconds
-constexpr int kDrawInterval = 40;      // milliseconds between two looks at what the user does
 
 std::vector<std::string> linesOf(std::string_view text) {
   std::vector<std::string> lines;
@@ -82,20 +82,10 @@ void Mailbox::takeAddress(const std::string& address, const AddManner& manner) {
   take(command, 0, manner);
 }
 
-// A folder may be large: the window goes on while it is searched, and a click ends the search.
 std::vector<std::string> Mailbox::clipsOf(const std::vector<std::string>& names) {
-  auto& progress = parts_.window.progress;
-  auto drawn = parts_.loop.now();
-  auto clips = withClipsOfFolders(names, parts_.files, [&] {
-    if ((parts_.loop.now() - drawn).count() < kDrawInterval) return true;
-    progress.status = LoadResString(387);
-    progress.abortText = LoadResString(341);
-    parts_.loop.yield();
-    drawn = parts_.loop.now();
-    return !progress.abortClicked;
-  });
-  if (progress.abortClicked) clips.clear();
-  progress = {};
+  SearchProgress search(parts_.window, parts_.loop, LoadResString(387), LoadResString(341));
+  auto clips = withClipsOfFolders(names, parts_.files, [&] { return search.goesOn(); });
+  if (search.stopped()) clips.clear();
   return clips;
 }
 

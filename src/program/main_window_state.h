@@ -129,6 +129,11 @@ struct ProgressState {
   bool abortClicked = false;
   int done = 0;  ///< of `total` pieces of work; both 0 while it is not known how much there is
   int total = 0;
+
+  /// Asks work that can be stopped to stop. Nothing else is touched: the wish does not wait for later work.
+  void abort() {
+    if (!abortText.empty()) abortClicked = true;
+  }
 };
 
 struct MainWindowState {

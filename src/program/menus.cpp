@@ -30,7 +30,7 @@ void addGroup(Entries& entries, Entries group) {
   std::move(group.begin(), group.end(), std::back_inserter(entries));
 }
 
-const MenuEntry* find(const Entries& entries, MenuId id) {
+const MenuEntry* find(const Entries& entries, const MenuId& id) {
   for (const auto& entry : entries) {
     if (entry.id == id) return &entry;
     if (const auto* inside = find(entry.entries, id)) return inside;
@@ -62,9 +62,12 @@ std::string asCaption(std::string_view name) { return replaced(name, "&", "&&");
 }  // namespace
 
 // A shortcut does not wait for the disk.
-void MainMenu::choose(MenuId id) {
-  const bool isFile = id.command == MenuCommand::Recent || id.command == MenuCommand::Skin;
-  auto menu = windowMenu(isFile ? Files::With : Files::Without);
+void MainMenu::choose(const MenuId& id) {
+  if (id.command == MenuCommand::Recent) {
+    parts_.collections.openNamed(id.path);
+    return;
+  }
+  auto menu = windowMenu(id.command == MenuCommand::Skin ? Files::With : Files::Without);
   addGroup(menu, zoomMenu());
   const auto* chosen = id == MenuId{} ? nullptr : find(menu, id);
   if (chosen == nullptr || !chosen->enabled) return;
@@ -130,11 +133,8 @@ Entries MainMenu::recentEntries() {
   Entries entries;
   for (auto& path : parts_.recent.paths()) {
     if (path == parts_.collections.path()) continue;  // it is open
-    const auto place = static_cast<int>(entries.size());
-    auto caption = "&" + std::to_string(place + 1) + " " + asCaption(fileNamePart(path));
-    entries.push_back({.id = {MenuCommand::Recent, place},
-                       .caption = std::move(caption),
-                       .act = [this, path] { parts_.collections.openNamed(path); }});
+    auto caption = "&" + std::to_string(entries.size() + 1) + " " + asCaption(fileNamePart(path));
+    entries.push_back({.id = {.command = MenuCommand::Recent, .path = path}, .caption = std::move(caption)});
     entries.back().tip = std::move(path);
   }
   return entries;

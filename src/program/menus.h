@@ -21,7 +21,7 @@ enum class MenuCommand {
   None,  ///< a separator, or the head of a submenu
   New,
   mnu_LoadShow,
-  Recent,  ///< `which`: its place, from 0
+  Recent,  ///< `path`: of the collection
   mnu_SaveShow,
   AddMedia,
   AddWebPage,
@@ -65,6 +65,7 @@ enum class MenuCommand {
 struct MenuId {
   MenuCommand command = MenuCommand::None;
   int which = 0;
+  std::string path{};
   bool operator==(const MenuId&) const = default;
 };
 
@@ -76,7 +77,7 @@ struct MenuEntry {
       caption{};  ///< "&" ahead of the letter that is underlined, "&&" shown as one; empty: a separator
   std::string shortcut{};  ///< "Ctrl+Shift+Z"; empty for none
   bool enabled = true;
-  std::function<void()> act{};  ///< MainMenu::choose calls it
+  std::function<void()> act{};  ///< MainMenu::choose calls it; a recent collection has none
   bool takesPass = true;        ///< the act takes a CommandPass of its own
   MenuMark mark = MenuMark::None;
   std::string tip{};                 ///< the whole path of a recent collection
@@ -131,8 +132,9 @@ class MainMenu {
   /// enters first. Nothing without a clip, and while the editor is open.
   [[nodiscard]] std::vector<MenuEntry> zoomMenu();
 
-  /// Does what an entry stands for; nothing when it is disabled, or there is none.
-  void choose(MenuId id);
+  /// Does what an entry stands for; nothing when it is disabled, or there is none. A recent collection is
+  /// opened by its path, whatever has become of the menu since.
+  void choose(const MenuId& id);
 
  private:
   // Whether the entries that are files are among them: those are asked of the disk.

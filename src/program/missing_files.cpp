@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "program/search_progress.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +14,6 @@ namespace kvo {
 namespace {
 
 constexpr double kSameLength = 0.1;  // seconds between two lengths of one file
-constexpr int kSearchSlice = 40;     // milliseconds between two looks at what the user does
 constexpr std::string_view kTitle = "KVO5 - Find missing files";
 
 bool hasFile(const Movie& clip) {
@@ -93,50 +93,49 @@ void MissingFiles::FindMissingFiles() {
   const auto folder = parts_.dialogs.openFolder(
       {std::string(kTitle), {}, std::string(folderPart(parts_.collection.IniFullPath)), {}});
   if (!folder) return;
-  const auto found = search(*folder, missing);
-  const auto mended = isStopped() ? std::nullopt : mend(pass, missing, found);
-  parts_.window.progress = {};
+  const auto mended = searchAndMend(pass, missing, *folder);
   if (!mended) return;
   look();
   tell(foundText(*mended, missing.size()), *mended > 0 ? BoxIcon::Done : BoxIcon::Information);
 }
 
+std::optional<int> MissingFiles::searchAndMend(const CommandPass& pass,
+                                               const std::vector<MissingFile>& missing,
+                                               const std::string& folder) {
+  SearchProgress progress(parts_.window, parts_.loop, "Searching - Please Wait..",
+                          "Click to stop the search");
+  const auto found = search(folder, missing, progress);
+  return progress.stopped() ? std::nullopt : mend(pass, missing, found, progress);
+}
+
 // For each missing file those of its name.
 std::vector<std::vector<FoundFile>> MissingFiles::search(const std::string& folder,
-                                                         const std::vector<MissingFile>& missing) {
+                                                         const std::vector<MissingFile>& missing,
+                                                         SearchProgress& progress) {
   std::vector<std::vector<FoundFile>> found(missing.size());
   std::multimap<std::string, std::size_t> places;
   for (std::size_t i = 0; i < missing.size(); ++i) places.emplace(lower(fileNamePart(missing[i].path)), i);
-  drawn_ = parts_.loop.now();
   parts_.files.eachBelow(folder, [&](const std::string& path) {
     const auto [first, last] = places.equal_range(lower(fileNamePart(path)));
     const auto facts = first == last ? std::nullopt : parts_.files.facts(path);
     for (auto place = first; facts && place != last; ++place)
       found[place->second].push_back({path, facts->size});
-    return goesOn();
+    return progress.goesOn();
   });
   return found;
 }
 
-bool MissingFiles::isStopped() const { return parts_.window.progress.abortClicked; }
-
-bool MissingFiles::goesOn() {
-  auto& progress = parts_.window.progress;
-  if ((parts_.loop.now() - drawn_).count() < kSearchSlice) return true;
-  progress.status = "Searching - Please Wait..";
-  progress.abortText = "Click to stop the search";
-  parts_.loop.yield();
-  drawn_ = parts_.loop.now();
-  return !isStopped();
-}
-
 // All in one step, or nothing where it is stopped.
 std::optional<int> MissingFiles::mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
-                                      const std::vector<std::vector<FoundFile>>& found) {
+                                      const std::vector<std::vector<FoundFile>>& found,
+                                      const SearchProgress& progress) {
+  const auto lengthOf = [&](const std::string& path) {
+    return parts_.looker.look(path, [&] { return progress.stopped(); }).look.facts.duration;
+  };
   std::vector<std::pair<int, Movie>> changed;
   for (std::size_t i = 0; i < missing.size(); ++i) {
-    const auto file = fileThatFits(missing[i], found[i], [this](const auto& path) { return lengthOf(path); });
-    if (isStopped()) return std::nullopt;
+    const auto file = fileThatFits(missing[i], found[i], lengthOf);
+    if (progress.stopped()) return std::nullopt;
     if (!file) continue;
     auto clip = parts_.collection.MovieList[missing[i].number];
     clip.MovieName(std::string(fileNamePart(*file)));
@@ -147,10 +146,6 @@ std::optional<int> MissingFiles::mend(const CommandPass& pass, const std::vector
   if (mended == 0) return 0;
   parts_.history.replace(pass, "find missing files", std::move(changed));
   return mended;
-}
-
-double MissingFiles::lengthOf(const std::string& path) {
-  return parts_.looker.look(path, [this] { return isStopped(); }).look.facts.duration;
 }
 
 }  // namespace kvo

@@ -27,6 +27,8 @@ struct MissingFile {
 
 std::vector<MissingFile> missingFiles(const Collection& collection, const Files& files);
 
+class SearchProgress;
+
 struct FoundFile {
   std::string path;
   std::uint64_t size = 0;
@@ -59,16 +61,15 @@ class MissingFiles {
   void FindMissingFiles();
 
  private:
+  std::optional<int> searchAndMend(const CommandPass& pass, const std::vector<MissingFile>& missing,
+                                   const std::string& folder);
   std::vector<std::vector<FoundFile>> search(const std::string& folder,
-                                             const std::vector<MissingFile>& missing);
+                                             const std::vector<MissingFile>& missing,
+                                             SearchProgress& progress);
   std::optional<int> mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
-                          const std::vector<std::vector<FoundFile>>& found);
-  [[nodiscard]] bool isStopped() const;
-  bool goesOn();
-  double lengthOf(const std::string& path);
+                          const std::vector<std::vector<FoundFile>>& found, const SearchProgress& progress);
 
   Parts parts_;
-  std::chrono::milliseconds drawn_{};
 };
 
 }  // namespace kvo

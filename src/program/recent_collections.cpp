@@ -8,6 +8,7 @@ namespace kvo {
 namespace {
 
 constexpr std::string_view kName = "RecentCollections";  // a path on each line
+constexpr std::size_t kMostKept = 30;
 
 }  // namespace
 
@@ -20,12 +21,18 @@ std::vector<std::string> RecentCollections::paths() const {
   return paths;
 }
 
+// What is gone may be on a drive that comes again: it stays until newer ones need the room.
+
 void RecentCollections::remember(const std::string& path) {
   if (path.find('\n') != std::string::npos) return;
   auto text = path;
+  const auto before = store_.read(kName);
   std::size_t count = 1;
-  for (const auto& other : paths()) {
-    if (other != path && count++ < kMax) text.append("\n").append(other);
+  for (std::string_view rest = before; !rest.empty() && count < kMostKept;) {
+    const auto other = nextLine(rest);
+    if (other.empty() || other == path) continue;
+    text.append("\n").append(other);
+    ++count;
   }
   store_.write(kName, text);
 }

@@ -16,7 +16,7 @@ class RecentCollections {
 
   RecentCollections(UserStore& store, const Files& files) : store_(store), files_(files) {}
 
-  /// Full paths, the last one first; without those that are gone.
+  /// Full paths, the last one first, kMax at most; without those that are not there now.
   [[nodiscard]] std::vector<std::string> paths() const;
 
   void remember(const std::string& path);

@@ -63,7 +63,7 @@ void Resume::begin() {
     parts_.files.remove(parts_.placesFile);  // whoever turns it off wants nothing kept
     return;
   }
-  offered_ = places().find(path_, file_);
+  offered_ = places().value_or(ResumePlaces()).find(path_, file_);
   if (offered_ && !worthNoting(*offered_)) offered_.reset();
   if (!offered_) return;
   parts_.window.resume.chip = "Resume at " + playTimeText(*offered_);
@@ -83,9 +83,11 @@ void Resume::take() {
   goToSeconds(parts_.player, to, true);
 }
 
-ResumePlaces Resume::places() const {
+// Nothing where there is a file that cannot be read just now: what is in it is not to be lost.
+std::optional<ResumePlaces> Resume::places() const {
+  if (!parts_.files.exists(parts_.placesFile)) return ResumePlaces();
   const auto text = parts_.files.read(parts_.placesFile, kMostBytes);
-  return ResumePlaces::read(text ? *text : std::string());
+  return text ? std::optional(ResumePlaces::read(*text)) : std::nullopt;
 }
 
 bool Resume::worthNoting(double seconds) const {
@@ -97,14 +99,15 @@ void Resume::note() {
   if (!looksAfter() || position_ < section_.first + kStart || !parts_.settings.user.OfferResume) return;
   noted_ = position_;
   auto all = places();
+  if (!all) return;
   if (worthNoting(position_)) {
-    all.keep({path_, file_, position_});
-  } else if (!all.forget(path_)) {
+    all->keep({path_, file_, position_});
+  } else if (!all->forget(path_)) {
     return;
   }
   // A place that cannot be kept is none that anybody has to be told of.
   static_cast<void>(parts_.files.makeFolder(std::string(folderPart(parts_.placesFile))));
-  static_cast<void>(writeDurably(parts_.files, parts_.placesFile, all.text()));
+  static_cast<void>(writeDurably(parts_.files, parts_.placesFile, all->text()));
 }
 
 }  // namespace kvo

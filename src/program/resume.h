@@ -44,7 +44,7 @@ class Resume {
   void note();
   void endOffer();
   [[nodiscard]] const Movie* clipInPlayer() const;
-  [[nodiscard]] ResumePlaces places() const;
+  [[nodiscard]] std::optional<ResumePlaces> places() const;
   [[nodiscard]] bool looksAfter() const { return section_.second > 0; }
   [[nodiscard]] bool worthNoting(double seconds) const;
 

@@ -17,7 +17,7 @@ bool ShutDown::exit() {
   if (ended_) return true;
   const CommandPass pass(parts_.window);
   if (!pass) {
-    parts_.window.progress.abortClicked = true;
+    parts_.window.progress.abort();
     return false;
   }
   parts_.commands.prepare();

@@ -7,16 +7,14 @@ namespace kvo {
 
 class ShutDown {
  public:
-  ShutDown(const ProgramParts& parts, Intro& intro, Mailbox& mailbox)
-      : parts_(parts), intro_(intro), mailbox_(mailbox) {}
+  ShutDown(const ProgramParts& parts, Mailbox& mailbox) : parts_(parts), mailbox_(mailbox) {}
 
   /// Ends the program's work and asks about unsaved changes. False on Cancel, and while another command is
-  /// under way, which is asked to stop: the program goes on.
+  /// under way, which is asked to stop where it can: the program goes on.
   bool exit();
 
  private:
   ProgramParts parts_;
-  Intro& intro_;
   Mailbox& mailbox_;
   bool ended_ = false;
 };

@@ -20,9 +20,7 @@ struct SkinState {
   ColorRef LogoColor = 0;                 ///< of the spine at its foot, and of the side line
   ColorRef DisplayColor = kDefaultColor;  ///< of the detail labels and the list
   std::string SkinName = "Def";           ///< the built-in skin in use
-  bool SkinBusy = false;                  ///< a skin is being applied
-  bool waitIcon = false;                  ///< shown while that lasts
-  bool IsSmallFonts = true;               ///< which of the two tables of button places holds
+  bool SkinBusy = false;                  ///< a skin is being applied: the wait icon is shown
   /// Grows with each change of what is painted behind the buttons: picture, outline, spine. A drawer paints
   /// anew when it differs from what it painted last.
   std::uint64_t revision = 0;

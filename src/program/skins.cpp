@@ -1,5 +1,6 @@
 #include "program/skins.h"
 
+#include "base/holding.h"
 #include "base/text.h"
 #include "core/telling/failures.h"
 
@@ -52,17 +53,6 @@ std::string skinNamed(std::string_view text) {
 
 }  // namespace
 
-class Skins::Busy {
- public:
-  explicit Busy(SkinState& skin) : skin_(skin) { skin_.SkinBusy = skin_.waitIcon = true; }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-  ~Busy() { skin_.SkinBusy = skin_.waitIcon = false; }
-
- private:
-  SkinState& skin_;
-};
-
 std::string Skins::fileOf(const StockSkin& skin) const {
   const auto path = ports_.folder.beside(skin.file);
   return ports_.pictures.find(path).value_or(path);
@@ -89,7 +79,7 @@ void Skins::applyStored() {
 
 bool Skins::skins(bool noDialog, bool stepButtons, const std::string& file, bool showWindow) {
   if (window_.skin.SkinBusy) return false;
-  const Busy busy(window_.skin);
+  const Holding busy(window_.skin.SkinBusy);
   const auto stored = settings_.preferences().SkinPath;
   if (const auto* skin = builtInSkin(stored)) {
     paint(fileOf(*skin));
@@ -215,6 +205,11 @@ void Skins::ShapeMe() {
   if (!loaded) ports_.log.LogError(loaded.error().text);
   window_.skin.mask = loaded ? mask : "";
   ++window_.skin.revision;
+}
+
+void Skins::ShapePlain() {
+  static_cast<void>(ports_.pictures.loadMask({}));
+  window_.skin.mask.clear();
 }
 
 void Skins::FadBorder(std::string_view caption, ColorRef colour) {

@@ -80,6 +80,9 @@ class Skins {
   /// window is a rectangle.
   void ShapeMe();
 
+  /// Gives the window its whole rectangle; as long as that stands there is no mask.
+  void ShapePlain();
+
   /// The side logo with this caption; its colour, and that of the side line, is `colour`, 0 for blue.
   void FadBorder(std::string_view caption, ColorRef colour);
 
@@ -87,8 +90,6 @@ class Skins {
   void Cupdisptextcol();
 
  private:
-  class Busy;
-
   [[nodiscard]] std::string fileOf(const StockSkin& skin) const;
   [[nodiscard]] const StockSkin* inUse() const;
   void takeStock(const StockSkin& skin);

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/records/setting_rows.h"
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
 #include "playback/display/interface_size.h"
@@ -34,8 +35,8 @@ std::string joined(std::initializer_list<int> numbers) {
 StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::string& workingFolder) {
   parts_.window.emptyPane.NoMediaPrompt = LoadResString(491);
   if (!parts_.handover.becomeFirst()) {
-    parts_.handover.send(handoverText(arguments, workingFolder, parts_.files));
-    return StartEnd::HandedOver;
+    const auto text = handoverText(arguments, workingFolder, parts_.files);
+    return parts_.handover.send(text) ? StartEnd::HandedOver : StartEnd::NotTaken;
   }
   const auto command = readStartCommand(arguments, parts_.files, workingFolder);
   parts_.settings.user.attach(&parts_.store);
@@ -110,15 +111,13 @@ void StartUp::loadWindow() {
   if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;
 }
 
-// The larger of the two tables of button places is that of size 1.25; at size 1 the desktop's text decides.
+// From size 1.25 on there is room for any text.
 void StartUp::testFont() {
-  constexpr double kLarger = 1.25, kNext = 1.5;
+  constexpr double kLarger = 1.25;
   const auto screens = parts_.desktop.screens();
   const double choice = parts_.window.face.interfaceSize;
   const double size = choice > 0 || screens.empty() ? choice : screens.front().factor;
-  const bool isLarge = size < kLarger && hasLargeText(parts_.desktop);
-  parts_.window.skin.IsSmallFonts = !isLarge && (size < kLarger || size >= kNext);
-  if (!isLarge) return;
+  if (size >= kLarger || !hasLargeText(parts_.desktop)) return;
   parts_.boxes.show(
       {"KVO5 - System Font Size is too large",
        "Non-Standard Font size detected - KVO may not be able to resolve all graphics with this fontsize",
@@ -131,33 +130,22 @@ bool hasLargeText(const Desktop& desktop) {
 }
 
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window) {
-  const auto value = [&](std::string_view name, std::string_view otherwise) {
-    auto text = store.read(name);
-    if (text.empty()) {
-      text = otherwise;
-      store.write(name, text);
+  for (const auto& section : settingSections()) {
+    for (const auto& row : section.rows) {
+      if (row.atStart.empty()) continue;
+      auto text = store.read(row.name);
+      if (text.empty()) {
+        text = row.atStart;
+        store.write(row.name, text);
+      }
+      if (!row.take(settings, text)) row.take(settings, row.atStart);
     }
-    return text;
-  };
-  const auto flag = [&](std::string_view name) {
-    Boolean on = false;
-    takeField(on, value(name, "False"));
-    return on;
-  };
-  const auto number = [&](std::string_view name, std::string_view otherwise) {
-    Integer whole = 0;
-    takeField(whole, value(name, otherwise));
-    return whole;
-  };
-  settings.user.ShowWavWithVideo = flag("ShowWavWithVideo");
-  settings.user.DefaultZoom100 = flag("DefaultZoom100");
-  settings.user.LoopPreviews = window.menu.mnu_Looping = flag("LoopPreviews");
-  settings.user.LoopCol = window.menu.mnu_LoopCol = flag("LoopCol");
-  settings.user.RewAtEnd = window.menu.mnu_RewAtEnd = flag("RewAtEnd");
-  settings.user.PlayWithoutGaps = window.menu.mnu_PlayWithoutGaps = flag("PlayWithoutGaps");
-  settings.user.SliderPauseOnRepo = flag("SliderPauseOnRepo");
-  settings.user.SliderSpeed = number("SliderSpeed", "500");
-  settings.user.StillDelayTimer = number("StillDelayTimer", "7");
+  }
+  auto& ticks = window.menu;
+  ticks.mnu_Looping = settings.user.LoopPreviews;
+  ticks.mnu_LoopCol = settings.user.LoopCol;
+  ticks.mnu_RewAtEnd = settings.user.RewAtEnd;
+  ticks.mnu_PlayWithoutGaps = settings.user.PlayWithoutGaps;
 }
 
 }  // namespace kvo

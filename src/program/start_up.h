@@ -13,6 +13,7 @@ namespace kvo {
 enum class StartEnd {
   Run,         ///< the window is shown
   HandedOver,  ///< another copy runs and has the command line now
+  NotTaken,    ///< another copy runs and does not take the command line
   Failed,      ///< the collection cannot be read; the user has been told
 };
 
@@ -42,8 +43,8 @@ class StartUp {
 /// True where the desktop's own text is larger than the smaller table of button places is made for.
 bool hasLargeText(const Desktop& desktop);
 
-/// Reads the per-user values in their order, writes the default of each that is missing, and sets the menu
-/// ticks that follow from them.
+/// Reads the per-user values, writes the default of each that is missing, and sets the menu ticks that follow
+/// from them.
 void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& window);
 
 }  // namespace kvo

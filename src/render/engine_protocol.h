@@ -5,18 +5,14 @@
 // A failure is one line on its standard error.
 #pragma once
 
+#include "base/exit_codes.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <variant>
 
 namespace kvo {
-
-/// Exit codes of the programs.
-inline constexpr int kExitDone = 0;
-inline constexpr int kExitFailed = 1;
-inline constexpr int kExitUsage = 2;
-inline constexpr int kExitStopped = 130;  ///< by the user
 
 /// Seconds of the movie.
 struct EngineProgress {

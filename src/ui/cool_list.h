@@ -154,7 +154,6 @@ class CoolList {
   void mouseDown(int y, Reach reach = Reach::One);
   void mouseMove(int y, std::chrono::milliseconds now);
   void mouseUp();
-  [[nodiscard]] bool dragging() const { return dragging_; }
   /// When a drag beyond the edge takes its next step; none while there is none to take.
   [[nodiscard]] std::optional<std::chrono::milliseconds> nextStep() const;
   /// Takes the step if it is due.

@@ -45,12 +45,6 @@ bool cDIBSection::CreateFromPicture(const QImage& picture) {
   return true;
 }
 
-bool cDIBSection::LoadPictureBlt(const cDIBSection& source, int x, int y, RasterOperation operation) {
-  if (bits_.empty() || source.bits_.empty()) return false;
-  source.PaintPicture(*this, 0, 0, width_, height_, x, y, operation);
-  return true;
-}
-
 void cDIBSection::PaintPicture(cDIBSection& target, int x, int y, int width, int height, int sourceX,
                                int sourceY, RasterOperation operation) const {
   // First and last pixel of the rectangle, counted from its corner, that lie in both surfaces.

@@ -31,11 +31,6 @@ class cDIBSection {
   /// `Create` in the picture's size, and the picture in it; what is transparent there is black.
   bool CreateFromPicture(const QImage& picture);
 
-  /// Fills the surface from `source`, beginning at its pixel x, y; what lies beyond the source stays. False
-  /// when either is empty.
-  bool LoadPictureBlt(const cDIBSection& source, int x = 0, int y = 0,
-                      RasterOperation operation = RasterOperation::SRCCOPY);
-
   /// Puts width x height pixels from sourceX, sourceY on to x, y of `target`; what lies beyond either is left
   /// out.
   void PaintPicture(cDIBSection& target, int x, int y, int width, int height, int sourceX = 0,

@@ -12,7 +12,6 @@ FaceDrag::FaceDrag(QWidget& window) : QObject(&window), window_(window) { window
 
 bool FaceDrag::press(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton) return false;
-  if (part_ && !part_->contains(event.position().toPoint())) return false;
   pressed_ = event.globalPosition().toPoint();
   return true;
 }

@@ -3,7 +3,6 @@
 
 #include <QObject>
 #include <QPoint>
-#include <QRect>
 #include <optional>
 
 class QMouseEvent;
@@ -16,9 +15,6 @@ class FaceDrag : public QObject {
   /// Becomes the window's child.
   explicit FaceDrag(QWidget& window);
 
-  /// Only presses inside this part of the window drag it; by default all do.
-  void limitTo(const QRect& part) { part_ = part; }
-
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -26,7 +22,6 @@ class FaceDrag : public QObject {
   void move(const QPoint& pointer);
 
   QWidget& window_;
-  std::optional<QRect> part_;
   std::optional<QPoint> pressed_;  // on the screen, until the pointer has gone far enough
   std::optional<QPoint> grip_;  // from the window's corner to the pointer, while the window is moved by hand
 };

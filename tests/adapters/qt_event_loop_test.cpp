@@ -19,6 +19,7 @@ TEST(QtEventLoop, HoldsToTheRulesAndDrawsWhatHasChanged) {
   test::expectWorkOfOtherThreadsComesHomeInOrder(loop);
   EXPECT_GE(drawn, 100);
   test::expectTimersTickUntilTheyAreStopped(loop);
+  test::expectWorkThatPostsItselfLeavesTimersTheirTurn(loop);
 }
 
 }  // namespace

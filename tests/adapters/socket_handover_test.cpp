@@ -2,12 +2,14 @@
 
 #include "support/real_world.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -51,13 +53,19 @@ TEST(SocketHandover, IsHarmedByNothingThatIsSent) {
   SocketHandover second(folder.path(), "a");
   ASSERT_TRUE(first.becomeFirst());
   EXPECT_FALSE(second.send(std::string(1U << 20U, 'x'))) << "a megabyte is not sent";
-  sendRaw(folder / "a.socket", std::string(100U << 10U, 'x'));
+  sendRaw(folder / "a.socket", std::string(300U << 10U, 'x'));
   EXPECT_FALSE(first.take()) << "nor taken, not even in part";
   EXPECT_TRUE(sendRaw(folder / "a.socket", std::string("\0\xFF\x01", 3)));
   EXPECT_EQ(first.take(), std::string("\0\xFF\x01", 3));
   for (int i = 0; i < 10000 && sendRaw(folder / "a.socket", "flood"); ++i) {
   }
-  EXPECT_EQ(first.take(), "flood");
+  std::thread taking([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(first.take(), "flood");
+  });
+  EXPECT_TRUE(second.send(std::string(kMaxHandover, 'y'))) << "as soon as there is room";
+  taking.join();
+  EXPECT_EQ(first.take(), std::string(kMaxHandover, 'y'));
   EXPECT_TRUE(second.send("still there"));
   EXPECT_EQ(first.take(), "still there");
 }
@@ -78,6 +86,18 @@ TEST(SocketHandover, TakesTheSocketOfACrashedCopyOver) {
   EXPECT_TRUE(next.becomeFirst());
   EXPECT_TRUE(later.send("hello"));
   EXPECT_EQ(next.take(), "hello");
+}
+
+TEST(SocketHandover, WithoutTheLockTheMailboxIsSomebodyElses) {
+  const test::ScratchFolder folder;
+  SocketHandover first(folder.path(), "a");
+  SocketHandover other(folder.path(), "a");
+  ASSERT_TRUE(first.becomeFirst());
+  std::filesystem::remove(folder / "a.lock");
+  std::filesystem::create_directory(folder / "a.lock");
+  EXPECT_TRUE(other.becomeFirst()) << "the program runs all the same";
+  EXPECT_TRUE(other.send("x"));
+  EXPECT_EQ(first.take(), "x");
 }
 
 TEST(SocketHandover, UsesOnlyAFolderOfTheUsersOwn) {

@@ -33,6 +33,19 @@ TEST(Text, BytesThatAreNotUtf8AreWindows1252) {
     EXPECT_FALSE(isUtf8(bad));
 }
 
+TEST(Text, FieldsAreApartAtCommasAndQuotesKeepThem) {
+  const std::pair<const char*, std::vector<std::string>> rows[] = {
+      {"", {""}},
+      {" a b\t,, \"c, d\" x,e", {"a b", "", "c, d", "e"}},
+      {"a,", {"a", ""}},
+      {"\"open, end", {"open, end"}}};
+  for (const auto& [line, fields] : rows) EXPECT_EQ(commaFields(line), fields) << line;
+  std::string_view rest = "\t\"a,b\" , c = d, e ";
+  EXPECT_EQ(nextField(rest).toLineEnd, "a,b");
+  EXPECT_EQ(nextField(rest).toLineEnd, "c = d, e ");
+  EXPECT_EQ(rest, " e ");
+}
+
 TEST(Text, CutsBetweenCharacters) {
   EXPECT_EQ(cutTo("a\xC3\xA9z", 2), "a\xC3\xA9") << "characters are counted, not bytes";
   EXPECT_EQ(cutTo("\xE6\x97\xA5\xE6\x97\xA5", 1), "\xE6\x97\xA5");

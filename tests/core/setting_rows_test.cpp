@@ -44,6 +44,20 @@ TEST(SettingRows, EachFieldConvertsBothWaysAndMarksAsItShould) {
   EXPECT_EQ(settingRow("NoSuchField"), nullptr);
 }
 
+// A row for each: together they are as large as what they stand for.
+TEST(SettingRows, NoValueOfTheUsersIsWithout) {
+  std::size_t bytes = sizeof(UserStore*);
+  for (const auto& section : settingSections()) {
+    for (const auto& row : section.rows) {
+      if (row.kept != Kept::User) continue;
+      bytes += row.kind == SettingKind::Boolean   ? sizeof(UserValue<Boolean>)
+               : row.kind == SettingKind::Integer ? sizeof(UserValue<Integer>)
+                                                  : sizeof(UserValue<double>);
+    }
+  }
+  EXPECT_EQ(bytes, sizeof(UserValues));
+}
+
 using Readings = std::vector<std::pair<std::string, std::string>>;  // a text, and what it becomes
 
 void expectRead(const std::map<std::string, Readings>& table, bool rewrites) {

@@ -102,15 +102,15 @@ struct ProbeBench {
   test::MemoryFolders folders;
   BatchProbe probe{{files, processes, loop, clock, folders, "/opt/it's/KVOprop"}};
 
-  // Time passes by itself, and `at` that many milliseconds the probe answers.
+  // After that many milliseconds the probe answers.
   void answerAt(int at, const std::string& report) {
-    loop.onYield = [this, at, report] {
-      loop.advance(10);
-      if (loop.now().count() < at) return;
+    answers = loop.timer([this, report] {
       if (!report.empty()) files.all["/tmp/kvo/wmprops.txt"] = report;
       files.all["/tmp/kvo/Done.txt"] = "\n";
-    };
+    });
+    answers->start(at);
   }
+  std::unique_ptr<Timer> answers;
 };
 
 TEST(BatchProbe, WaitsAsLongAsToldWhileTheLoopRuns) {
@@ -122,7 +122,7 @@ TEST(BatchProbe, WaitsAsLongAsToldWhileTheLoopRuns) {
     std::optional<std::string> told;
     int taken;
   } rows[] = {
-      {"at once", 0, "WMV V9\nrate\r\n", 40, "WMV V9\r\nrate\r\n", 400},
+      {"at once", 1, "WMV V9\nrate\r\n", 40, "WMV V9\r\nrate\r\n", 400},
       {"late", 5000, "WMV V9", 40, "WMV V9\r\n", 5050},
       {"never", 60000, "WMV V9", 40, std::nullopt, 6250},
       {"never, when only tested", 60000, "WMV V9", 20, std::nullopt, 3250},
@@ -140,7 +140,7 @@ TEST(BatchProbe, WaitsAsLongAsToldWhileTheLoopRuns) {
 
 TEST(BatchProbe, TheBatchQuotesEveryName) {
   ProbeBench b;
-  b.answerAt(0, "x");
+  b.answerAt(1, "x");
   static_cast<void>(b.probe.report("/v/$(rm a)'; b\n.wmv", 1));
   EXPECT_EQ(b.processes.last().order.program, "/bin/sh");
   EXPECT_EQ(b.files.all.at("/tmp/kvo/KVOProps.bat"),

@@ -102,7 +102,9 @@ TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
     b.dialogs.answers = {"/c/other.INI", "/c/other.INI"};
     EXPECT_FALSE(b.commands.New() || b.commands.Open() || b.commands.Save());
     EXPECT_FALSE(b.commands.openFile("/c/other.INI") || b.shutDown.exit());
-    b.window.progress.abortClicked = false;
+    auto& progress = b.window.progress;
+    EXPECT_EQ(progress.abortClicked, !progress.abortText.empty()) << "later work is not asked to stop";
+    progress.abortClicked = false;
     b.listCommands.remove();
     b.history.undo();
     b.mailbox.takeFiles({"/v/a.avi"});
@@ -193,7 +195,7 @@ TEST(CollectionCommands, NewAsksAndEmpties) {
   EXPECT_EQ(b.window.history.undo, "") << "of another collection";
 }
 
-TEST(CollectionCommands, TheLastNineCollectionsAreRemembered) {
+TEST(CollectionCommands, TheLastNineCollectionsThatAreThereAreShown) {
   RunningBench b;
   Words paths;
   for (int i = 1; i <= 10; ++i) {
@@ -204,7 +206,7 @@ TEST(CollectionCommands, TheLastNineCollectionsAreRemembered) {
   b.files.all.erase(paths[4]);
   b.commands.openNamed(paths[2]);
   EXPECT_EQ(b.recent.paths(), (Words{"/c/3.INI", "/c/10.INI", "/c/9.INI", "/c/8.INI", "/c/7.INI", "/c/6.INI",
-                                     "/c/4.INI", "/c/2.INI"}));
+                                     "/c/4.INI", "/c/2.INI", "/c/1.INI"}));
 }
 
 TEST(ClipList, TheCaptionIsCutByCharacters) {

@@ -165,8 +165,7 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
         std::pair{MenuId{Remove}, Words{"b.avi"}}, std::pair{MenuId{MoveUp}, Words{"b.avi"}},
         std::pair{MenuId{mnu_CopyItem}, Words{"b.avi"}},
         std::pair{MenuId{mnu_CopyExact}, Words{"b.avi", "b.avi - 001"}},
-        std::pair{MenuId{}, Words{"b.avi", "b.avi - 001"}},
-        std::pair{MenuId{Recent, 7}, Words{"b.avi", "b.avi - 001"}}}) {
+        std::pair{MenuId{}, Words{"b.avi", "b.avi - 001"}}}) {
     b.menu.choose(id);
     EXPECT_EQ(names(), after) << static_cast<int>(id.command);
   }
@@ -218,6 +217,35 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
   b.boxes.answers = {Answer::No};
   b.menu.choose({Exit});
   EXPECT_FALSE(b.window.face.visible);
+}
+
+// The menu stands open while a drive is taken away and comes again.
+TEST(MainMenu, ARecentCollectionIsTheOneThatWasShown) {
+  MenuBench b;
+  const std::vector<std::string> drive = {"/usb/1.INI", "/usb/2.INI"};
+  for (const auto& path : drive) b.saveCollection(path, {"u.avi"});
+  for (const auto& path : drive) b.commands.openFile(path);
+  b.commands.openFile("/c/Lake & Sea.INI");
+  b.commands.openFile("/prog/KVO5.INI");
+  const auto taken = std::exchange(b.files.all, [&] {
+    auto rest = b.files.all;
+    for (const auto& path : drive) rest.erase(path);
+    return rest;
+  }());
+  const auto recent = [&] { return b.menu.windowMenu()[1].entries[2].entries; };
+  ASSERT_EQ(text(recent()), "[&1 Lake && Sea.INI]\n");
+  const auto open = recent();
+  b.commands.openFile("/c/Lake & Sea.INI");
+  b.commands.openFile("/prog/KVO5.INI");
+  b.files.all = taken;
+  ASSERT_EQ(text(recent()), "[&1 Lake && Sea.INI]\n[&2 2.INI]\n[&3 1.INI]\n")
+      << "what was away is not forgotten for that";
+  b.files.all.erase("/c/Lake & Sea.INI");
+  b.menu.choose(open[0].id);
+  EXPECT_EQ(b.names(), (std::vector<std::string>{"a.avi", "b.avi"})) << "nor is another one opened";
+  EXPECT_EQ(b.boxes.shown.back().caption, "Invalid Collection File");
+  b.menu.choose(recent()[1].id);
+  EXPECT_EQ(b.collection.IniFullPath, "/usb/1.INI");
 }
 
 }  // namespace

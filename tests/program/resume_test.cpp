@@ -123,6 +123,10 @@ TEST(Resume, IsKeptWhileItPlaysAndAtTheEnd) {
   b.at(150);
   b.resume.leave();
   EXPECT_EQ(b.files.all["/state/KVO5/Places"].substr(0, 4), "150\t");
+  b.files.unreadable.insert("/state/KVO5/Places");
+  b.at(300);
+  b.resume.leave();
+  EXPECT_EQ(b.files.all["/state/KVO5/Places"].substr(0, 4), "150\t") << "what cannot be read is not replaced";
   b.settings.user.OfferResume = false;
   b.bring(2);
   b.bring(1);

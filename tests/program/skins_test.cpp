@@ -51,7 +51,7 @@ TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
     if (*row.chosen != '\0') b.dialogs.answers = {row.chosen};
     bool wasBusy = false;
     b.calls.whileBuilding = [&] {
-      wasBusy = b.skin().SkinBusy && b.skin().waitIcon && !b.skins.skins(true, true, "/u/mine.png", true);
+      wasBusy = b.skin().SkinBusy && !b.skins.skins(true, true, "/u/mine.png", true);
     };
     const bool painted = *row.held != '\0';
     EXPECT_EQ(b.skins.skins(row.noDialog, false, row.file, false), painted) << row.what;
@@ -61,7 +61,7 @@ TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
     EXPECT_EQ(b.path(), row.pathAfter) << row.what;
     EXPECT_EQ(b.log.texts().size(), row.logged) << row.what;
     EXPECT_EQ(wasBusy, painted) << row.what;
-    EXPECT_FALSE(b.skin().SkinBusy || b.skin().waitIcon || b.window.face.visible) << row.what;
+    EXPECT_FALSE(b.skin().SkinBusy || b.window.face.visible) << row.what;
   }
 }
 
@@ -169,18 +169,15 @@ TEST(Skins, WithoutAnyPictureLeaveTheWindowBareAndSayWhy) {
   EXPECT_EQ(b.log.texts().size(), 2U) << "the mask and the picture";
 }
 
-TEST(FontTest, AtSizeOneTellsOfLargeTextAndTakesTheLargerTable) {
+TEST(FontTest, AtSizeOneTellsOfLargeText) {
   struct Row {
     int textHeight;
     double factor;
     const char* choice;
-    bool isSmall, isTold;
+    bool isTold;
   };
-  const Row rows[] = {
-      {16, 1, "0", true, false},   {17, 1, "0", false, true},     {20, 1.5, "0", true, false},
-      {20, 1.5, "1", false, true}, {20, 1, "1.25", false, false}, {13, 1.3, "0", false, false},
-      {20, 1, "2", true, false},
-  };
+  const Row rows[] = {{16, 1, "0", false},  {17, 1, "0", true},     {20, 1.5, "0", false},
+                      {20, 1.5, "1", true}, {20, 1, "1.25", false}, {20, 1, "2", false}};
   for (const auto& row : rows) {
     SkinsBench b;
     b.saveCollection("/prog/KVO5.INI", {});
@@ -188,7 +185,6 @@ TEST(FontTest, AtSizeOneTellsOfLargeTextAndTakesTheLargerTable) {
     b.desktop.all = {{"one", {}, {}, row.factor}};
     b.store.all["InterfaceSize"] = row.choice;
     b.startUp.run({}, "/");
-    EXPECT_EQ(b.skin().IsSmallFonts, row.isSmall) << row.textHeight << " " << row.factor << row.choice;
     EXPECT_EQ(b.boxes.shown.size(), row.isTold ? 1U : 0U)
         << row.textHeight << " " << row.factor << row.choice;
   }

@@ -99,6 +99,8 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
     EXPECT_EQ(second.startUp.run(row.arguments, "/w"), StartEnd::HandedOver);
     EXPECT_FALSE(second.window.face.visible || second.files.calls > 0) << "nothing is shown or written";
     EXPECT_EQ(second.handover.sent, (Words{row.sent}));
+    second.handover.isTaken = false;
+    EXPECT_EQ(second.startUp.run(row.arguments, "/w"), StartEnd::NotTaken);
   }
 }
 
@@ -309,6 +311,11 @@ TEST(GatheredBoxes, ManyRefusalsAreToldTogetherAndQuestionsAtOnce) {
     EXPECT_EQ(gathered.show({"Add", "it ?", BoxButtons::YesNo}), Answer::No);
     EXPECT_EQ(boxes.shown.size(), 1U);
   });
+  EXPECT_THROW(gathered.together([&] {
+    gathered.show({"Lost", "text"});
+    throw std::runtime_error("no room");
+  }),
+               std::runtime_error);
   gathered.show({"Alone", "text"});
   EXPECT_EQ(boxes.shown.size(), 2U);
 }

@@ -3,6 +3,7 @@
 
 #include "ports/event_loop.h"
 
+#include <functional>
 #include <memory>
 #include <numeric>
 #include <thread>
@@ -57,6 +58,19 @@ inline void expectTimersTickUntilTheyAreStopped(EventLoop& loop) {
   EXPECT_TRUE(steady->running());
   EXPECT_TRUE(turnUntil(loop, [&] { return ticks >= 3 && !ending; })) << ticks;
   EXPECT_EQ(others, 0);
+}
+
+inline void expectWorkThatPostsItselfLeavesTimersTheirTurn(EventLoop& loop) {
+  int ticks = 0;
+  int pieces = 0;
+  const auto timer = loop.timer([&] { ++ticks; });
+  timer->start(1);
+  std::function<void()> again = [&] {
+    if (ticks < 3 && ++pieces < 1'000'000) loop.post(again);
+  };
+  loop.post(again);
+  EXPECT_TRUE(turnUntil(loop, [&] { return ticks >= 3; }));
+  EXPECT_LT(pieces, 1'000'000) << "the loop turned no more while there was such work";
 }
 
 }  // namespace kvo::test

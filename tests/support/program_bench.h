@@ -103,7 +103,7 @@ struct ProgramBench : StoreBench {
   NotedSkinCalls calls;
   Skins skins{{dialogs, boxes, loop, pictures, log, folder}, calls, settings, window};
   StartUp startUp{parts, skins, intro, mailbox};
-  ShutDown shutDown{parts, intro, mailbox};
+  ShutDown shutDown{parts, mailbox};
   ListCommands listCommands{{files, clock, boxes}, history, list, intro, collection, window};
 
   /// What the list shows, which is what the collection has.

@@ -147,8 +147,8 @@ struct FaceBench : ProgramBench {
   FakeFilterGraphs graphs{loop, engineFiles};
   NamedCounts counts;
   NoStreamProbe probe;
-  FaceLinks links{{window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes,
-                   pictures, timers}};
+  FaceLinks links{
+      {window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
   MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   NoWebPages pages;

@@ -157,7 +157,6 @@ TEST(SkinnedFace, FitsAtEachSizeAndCutsNoTextThatHasRoom) {
 
 TEST(SkinnedFace, GoesByTheScreenAndItsTextBehindAChoiceToo) {
   FaceBench b({"a.avi"}, 1.25);
-  b.window.skin.IsSmallFonts = false;  // as a start at this size leaves it
   b.window.face.interfaceSize = 0;
   for (const auto& [textHeight, window] : {std::pair{13, QSize(562, 410)}, {20, QSize(702, 512)}}) {
     b.desktop.facts.textHeight = textHeight;

@@ -10,8 +10,10 @@
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -31,7 +33,7 @@ bool addressOf(const std::string& path, sockaddr_un& address) {
   return true;
 }
 
-int datagramSocket() { return ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0); }
+Descriptor datagramSocket() { return Descriptor(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)); }
 
 // The user whose process sent a message; nobody when the system does not tell.
 std::optional<uid_t> senderOf(msghdr& message) {
@@ -50,30 +52,23 @@ SocketHandover::SocketHandover(const std::string& folder, const std::string& nam
     : socketPath_(folder + "/" + name + ".socket"), lockPath_(folder + "/" + name + ".lock") {}
 
 SocketHandover::~SocketHandover() {
-  if (socket_ >= 0) {
-    ::unlink(socketPath_.c_str());
-    ::close(socket_);
-  }
-  if (lock_ >= 0) ::close(lock_);
+  if (socket_.open()) ::unlink(socketPath_.c_str());
 }
 
 bool SocketHandover::becomeFirst() {
-  lock_ = ::open(lockPath_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-  if (lock_ >= 0 && ::flock(lock_, LOCK_EX | LOCK_NB) != 0) {
-    ::close(lock_);
-    lock_ = -1;
-    return false;
-  }
+  Descriptor lock(::open(lockPath_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+  if (!lock.open()) return true;  // the program runs without a mailbox
+  if (::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) return false;
+  lock_ = std::move(lock);
   // Whoever holds the lock may clear away what a crashed copy left.
   ::unlink(socketPath_.c_str());
   sockaddr_un address{};
-  socket_ = datagramSocket();
   const int on = 1;
-  if (socket_ >= 0 && (!addressOf(socketPath_, address) ||
-                       ::setsockopt(socket_, SOL_SOCKET, SO_PASSCRED, &on, sizeof on) != 0 ||
-                       ::bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)) {
-    ::close(socket_);
-    socket_ = -1;  // the program runs without a mailbox
+  auto mailbox = datagramSocket();
+  if (mailbox.open() && addressOf(socketPath_, address) &&
+      ::setsockopt(mailbox.get(), SOL_SOCKET, SO_PASSCRED, &on, sizeof on) == 0 &&
+      ::bind(mailbox.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+    socket_ = std::move(mailbox);
   }
   return true;
 }
@@ -85,31 +80,32 @@ bool SocketHandover::send(std::string_view text) {
       ::lstat(socketPath_.c_str(), &found) != 0 || found.st_uid != ::getuid()) {
     return false;
   }
-  const int to = datagramSocket();
-  if (to < 0) return false;
-  const auto sent = ::sendto(to, text.data(), text.size(), MSG_NOSIGNAL,
+  const auto to = datagramSocket();
+  const int room = 2 * static_cast<int>(kMaxHandover);
+  const timeval patience{1, 0};  // where many copies send at once, the mailbox is full for a moment
+  ::setsockopt(to.get(), SOL_SOCKET, SO_SNDBUF, &room, sizeof room);
+  ::setsockopt(to.get(), SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
+  const auto sent = ::sendto(to.get(), text.data(), text.size(), MSG_NOSIGNAL,
                              reinterpret_cast<const sockaddr*>(&address), sizeof address);
-  ::close(to);
   return sent == static_cast<ssize_t>(text.size());
 }
 
 std::optional<std::string> SocketHandover::take() {
   std::optional<std::string> last;
-  std::string buffer(kMaxHandover, '\0');
-  while (socket_ >= 0) {
-    iovec piece{buffer.data(), buffer.size()};
+  for (;;) {
+    const auto size = ::recv(socket_.get(), nullptr, 0, MSG_PEEK | MSG_TRUNC | MSG_DONTWAIT);
+    if (size < 0) return last;
+    std::string text(std::min(static_cast<std::size_t>(size), kMaxHandover), '\0');
+    iovec piece{text.data(), text.size()};
     alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(ucred))> control{};
     msghdr message{};
     message.msg_iov = &piece;
     message.msg_iovlen = 1;
     message.msg_control = control.data();
     message.msg_controllen = control.size();
-    const auto got = ::recvmsg(socket_, &message, MSG_DONTWAIT);
-    if (got < 0) break;
-    if ((message.msg_flags & MSG_TRUNC) != 0 || senderOf(message) != ::getuid()) continue;
-    last = buffer.substr(0, static_cast<std::size_t>(got));
+    if (::recvmsg(socket_.get(), &message, MSG_DONTWAIT) < 0) return last;
+    if ((message.msg_flags & MSG_TRUNC) == 0 && senderOf(message) == ::getuid()) last = std::move(text);
   }
-  return last;
 }
 
 std::string handoverFolder() {

@@ -2,6 +2,7 @@
 // whether the first copy lives, so a socket that a crash left behind hinders nobody.
 #pragma once
 
+#include "adapters/posix/descriptor.h"
 #include "ports/handover.h"
 
 #include <string>
@@ -23,8 +24,8 @@ class SocketHandover : public Handover {
  private:
   std::string socketPath_;
   std::string lockPath_;
-  int lock_ = -1;
-  int socket_ = -1;
+  Descriptor lock_;
+  Descriptor socket_;
 };
 
 /// `$XDG_RUNTIME_DIR`, or a folder in the system's temporary one that only this user can enter. Empty when

@@ -20,18 +20,17 @@ sigset_t stopSet() {
 StopSignals::StopSignals() {
   const auto set = stopSet();
   ::pthread_sigmask(SIG_BLOCK, &set, nullptr);
-  descriptor_ = ::signalfd(-1, &set, SFD_NONBLOCK | SFD_CLOEXEC);
+  descriptor_ = Descriptor(::signalfd(-1, &set, SFD_NONBLOCK | SFD_CLOEXEC));
 }
 
 StopSignals::~StopSignals() {
-  if (descriptor_ >= 0) ::close(descriptor_);
   const auto set = stopSet();
   ::pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 bool StopSignals::came() {
   signalfd_siginfo info{};
-  if (::read(descriptor_, &info, sizeof info) == sizeof info) came_ = true;
+  if (::read(descriptor_.get(), &info, sizeof info) == sizeof info) came_ = true;
   return came_;
 }
 

@@ -1,6 +1,8 @@
 // Interrupt, terminate and hang-up as a question that can be asked, instead of an end in mid-work.
 #pragma once
 
+#include "adapters/posix/descriptor.h"
+
 namespace kvo {
 
 class StopSignals {
@@ -15,7 +17,7 @@ class StopSignals {
   [[nodiscard]] bool came();
 
  private:
-  int descriptor_;
+  Descriptor descriptor_;
   bool came_ = false;
 };
 

@@ -56,20 +56,18 @@ bool QtEventLoop::Home::event(QEvent* event) {
   return true;
 }
 
+// A piece for each event: what posts itself anew waits behind what Qt has to do. A piece that yields lets the
+// next ones run ahead of its end, in their order.
 void QtEventLoop::doPosted() {
-  // One at a time from the front: a piece that yields lets the next ones run ahead of its end, in their
-  // order.
-  for (;;) {
-    std::function<void()> piece;
-    {
-      const std::lock_guard lock(mutex_);
-      if (posted_.empty()) return;
-      piece = std::move(posted_.front());
-      posted_.pop_front();
-    }
-    piece();
-    afterWork_();
+  std::function<void()> piece;
+  {
+    const std::lock_guard lock(mutex_);
+    if (posted_.empty()) return;
+    piece = std::move(posted_.front());
+    posted_.pop_front();
   }
+  piece();
+  afterWork_();
 }
 
 std::chrono::milliseconds QtEventLoop::now() const {

@@ -22,8 +22,7 @@ bool isAnyHeading(std::string_view item) { return item.starts_with('[') && item.
 }  // namespace
 
 SectionReader::SectionReader(std::string bytes) : text_(std::move(bytes)), isUtf8_(isUtf8(text_)) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (text_.starts_with(kByteOrderMark)) text_.erase(0, kByteOrderMark.size());
+  dropByteOrderMark(text_);
 }
 
 std::string_view SectionReader::inUtf8(std::string_view text) {
@@ -50,23 +49,14 @@ bool SectionReader::nextItem(Item& item) {
   if (!insideLine_ || lineFeed_ < at_) lineFeed_ = std::min(text_.find('\n', at_), text_.size());
   const auto feed = lineFeed_;
   const auto lineEnd = feed > at_ && text_[feed - 1] == '\r' ? feed - 1 : feed;
-  const auto line = std::string_view(text_).substr(0, lineEnd);
-  const auto first = std::min(line.find_first_not_of(" \t", at_), lineEnd);
-  std::size_t end = 0;
-  if (first < lineEnd && line[first] == '"') {
-    const auto close = std::min(line.find('"', first + 1), lineEnd);
-    item.text = line.substr(first + 1, close - first - 1);
-    item.toLineEnd = item.text;
-    end = std::min(line.find(',', close), lineEnd);
-  } else {
-    end = std::min(line.find(',', first), lineEnd);
-    item.text = trimmed(line.substr(first, end - first));
-    item.toLineEnd = line.substr(first);
-  }
+  auto line = std::string_view(text_).substr(at_, lineEnd - at_);
   item.isRest = insideLine_;
-  item.isEmptyLine = !insideLine_ && first == lineEnd;
-  insideLine_ = end + 1 < lineEnd;
-  at_ = insideLine_ ? end + 1 : std::min(feed + 1, text_.size());
+  item.isEmptyLine = !insideLine_ && line.find_first_not_of(" \t") == std::string_view::npos;
+  const auto field = nextField(line);
+  item.text = field.text;
+  item.toLineEnd = field.toLineEnd;
+  insideLine_ = !line.empty();
+  at_ = insideLine_ ? lineEnd - line.size() : std::min(feed + 1, text_.size());
   return true;
 }
 

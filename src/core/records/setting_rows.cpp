@@ -118,6 +118,12 @@ constexpr SettingRow as(SettingKind kind, SettingRow row) {
   return row;
 }
 
+// A user's value that the start reads.
+constexpr SettingRow first(std::string_view atStart, SettingRow row) {
+  row.atStart = atStart;
+  return row;
+}
+
 constexpr RowRead textOr(std::string_view otherwise) {
   return {.rule = ReadRule::Text, .otherwise = otherwise};
 }
@@ -194,7 +200,7 @@ constexpr std::array kKvoRows = {
     PREF(MoviesInGroup, "MoviesInGroup        = ", own(readClipCount)),
     PREF(Support, "Support              = ", always(kSupportLine)),
     PREF(DelayTimer, "DelayTimer           = ", numberOr("0")),
-    USER(StillDelayTimer, "StillDelayTimer      = ", numberOr("0")),
+    first("7", USER(StillDelayTimer, "StillDelayTimer      = ", numberOr("0"))),
 };
 
 constexpr std::array kUserRows = {
@@ -233,21 +239,21 @@ constexpr std::array kAudioAnimationRows = {
 constexpr std::array kPrefsRows = {
     PREF(SkinPath, "Skin                 = ", kPlain),
     PREF(DefZoom, "DefZoom              = ", kPlain),
-    USER(LoopCol, "LoopCol              = ", staying(kNotRead)),
+    first("False", USER(LoopCol, "LoopCol              = ", staying(kNotRead))),
     PREF(ShowPlayList, "ShowPlayList         = ", kPlain),
     PREF(UseWMPfirst, "UseWMPfirst          = ", kPlain),
     PREF(TitleDispClr, "TitleDispClr         = ", kPlain),
-    USER(LoopPreviews, "LoopPreviews         = ", mirror("True")),
+    first("False", USER(LoopPreviews, "LoopPreviews         = ", mirror("True"))),
     PREF(CDDBMode, "CDDBMode             = ", numberOr("1")),
     flag<&Preferences::ShowVids>("ShowVids", "VidVis               = ", staying(kPlain)),
     PREF(ModemType, "ModemSpeed           = ", numberOr("350", kNotZero)),
     PREF(MouseWheelControl, "MouseWheelControl    = ", numberOr("2", {.refused = 1})),
-    USER(RewAtEnd, "RewAtEnd             = ", mirror("False")),
+    first("False", USER(RewAtEnd, "RewAtEnd             = ", mirror("False"))),
     PREF(ScrollDelay, "MouseWheelBufferTime = ", numberOr("0.2", kAboveZero)),
     PREF(StillsIndividual, "StillsIndividually   = ", staying(kPlain)),
     PREF(WheelTripPlay, "WheelTripPlay        = ", numberOr("7")),
     PREF(EncodeProfiletoUse, "EncodeProfiletoUse   = ", numberOr("1")),
-    USER(SliderPauseOnRepo, "SliderPauseOnRepo    = ", mirror("True")),
+    first("False", USER(SliderPauseOnRepo, "SliderPauseOnRepo    = ", mirror("True"))),
     USER(MPEGRoutingVMR, "MPEGRoutingVMR       = ", mirror("False")),
 };
 
@@ -292,8 +298,12 @@ constexpr std::array kEditRows = {
 static_assert(kEditRows.size() == 35 && kPrefsRows.size() == 18);
 
 constexpr std::array kUserOnlyRows = {
-    USER(ShowWavWithVideo, {}, kNotRead), USER(SliderSpeed, {}, kNotRead), USER(DefaultZoom100, {}, kNotRead),
-    USER(PlayWithoutGaps, {}, kNotRead),  USER(OfferResume, {}, kNotRead),
+    first("False", USER(ShowWavWithVideo, {}, kNotRead)),
+    first("500", USER(SliderSpeed, {}, kNotRead)),
+    first("False", USER(DefaultZoom100, {}, kNotRead)),
+    first("False", USER(PlayWithoutGaps, {}, kNotRead)),
+    USER(InterfaceSize, {}, kNotRead),
+    USER(OfferResume, {}, kNotRead),
 };
 
 constexpr std::array kStateRows = {

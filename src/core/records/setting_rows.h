@@ -76,6 +76,9 @@ struct SettingRow {
   bool (*take)(KVO2&, std::string_view);
   std::string_view key{};  ///< as written, up to and with the blank behind the equals sign; empty for none
   RowRead read{};
+  /// Of the user's values that the start reads by the name of their field: what it writes where there is
+  /// none. Empty for all others.
+  std::string_view atStart{};
 
   [[nodiscard]] bool namesFile() const { return kind == SettingKind::File || kind == SettingKind::Folder; }
 };

@@ -11,16 +11,7 @@ int numberAtEnd(std::string_view row, std::size_t width) {
   return toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(width, row.size())))));
 }
 
-bool anyClip(const Editing& e, bool TimelineClip::*is) {
-  const TimelineClips clips(e.collection, e.streams);
-  return std::any_of(clips.begin(), clips.end(), [&](const auto& clip) { return clip.*is; });
-}
-
 }  // namespace
-
-bool CheckForAudiotrack(const Editing& e) { return anyClip(e, &TimelineClip::isMusic); }
-
-bool AtLeastOneAudioInCollection(const Editing& e) { return anyClip(e, &TimelineClip::isSound); }
 
 bool IsAudioBeforeVideo(const Editing& e) {
   for (int i = 1; i <= e.clips().count(); ++i) {

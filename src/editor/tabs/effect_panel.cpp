@@ -35,16 +35,6 @@ void switchOnFilmAge(Movie& clip, EffectControls& controls) {
   clip.AgeIntensity(35);
 }
 
-void applyEase(Movie& clip, Single initialScale, const char* direction) {
-  clip.EaseDuration(0);
-  clip.ScaleA(1);
-  clip.InitialScaleA(initialScale);
-  clip.MoveSpeedA(1);
-  clip.MoveADirection(direction);
-  clip.MoveARotationDirection("");
-  clip.RevolveCamera(false);
-}
-
 }  // namespace
 
 std::string effectCaption(const Editing& e, int position) {
@@ -123,9 +113,15 @@ bool configureEffect(const Editing& e, int position) {
   return id > 0;
 }
 
-void applyEaseDefaultIn(Movie& clip) { applyEase(clip, 0.75F, ""); }
-
-void applyEaseDefaultOut(Movie& clip) { applyEase(clip, 1, "out"); }
+void applyEaseDefaultIn(Movie& clip) {
+  clip.EaseDuration(0);
+  clip.ScaleA(1);
+  clip.InitialScaleA(0.75F);
+  clip.MoveSpeedA(1);
+  clip.MoveADirection("");
+  clip.MoveARotationDirection("");
+  clip.RevolveCamera(false);
+}
 
 std::vector<std::string> SetEaseSliderHeadings(const Movie& clip) {
   const auto number = [](Single value, std::string_view mask) {

@@ -37,9 +37,8 @@ void switchEffect(const Editing& e, EffectControls& controls, int position, bool
 /// A right click on a switch that is on: true opens the keyframes of its effect; one without options says so.
 bool configureEffect(const Editing& e, int position);
 
-/// The presets of the ease panel.
+/// The preset of the ease panel.
 void applyEaseDefaultIn(Movie& clip);
-void applyEaseDefaultOut(Movie& clip);
 
 /// The four labels of the ease sliders.
 std::vector<std::string> SetEaseSliderHeadings(const Movie& clip);

@@ -96,11 +96,6 @@ std::string clipSample(const Editing& e, int clipNo, const SampleForm& form) {
 
 }  // namespace
 
-void ClearGlobals(EditorState& editor) {
-  editor.texts = {};
-  editor.LastClipStop.clear();
-}
-
 CompileOptions optionsOf(const Editing& e) {
   auto options = renderOptions(e.settings, e.folder.beside("\\silence.wav"));
   auto& controls = e.editor.controls;

@@ -13,9 +13,6 @@
 
 namespace kvo {
 
-/// Empties the working texts and what is counted ahead of a compile.
-void ClearGlobals(EditorState& editor);
-
 /// What settings and controls ask of a compile.
 CompileOptions optionsOf(const Editing& e);
 

@@ -7,9 +7,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::string_view kAspects[] = {"Stretch to fit video framesize",
-                                         "Maintain aspect ratio for shorter dimension (letterbox)",
-                                         "Maintain and fill target frame", "Crop to fit output frame size"};
 constexpr std::string_view kDefaultFile =
     "[DefaultGroupStillDuration]\r\nStillDur=7.000\r\n\r\n[DefaultGroupStillFrameRate]\r\nFrameRate=0\r\n";
 constexpr Integer kStillChanged = 98;  // change code
@@ -33,8 +30,6 @@ void apply(Movie& clip, const StillControls& controls) {
 }
 
 }  // namespace
-
-std::span<const std::string_view> aspectCaptions() { return kAspects; }
 
 void GetStillOpts(const Editing& e) {
   const auto path = e.folder.beside("\\RenderStillOpts.dat");

@@ -3,15 +3,11 @@
 
 #include "editor/tabs/editing.h"
 
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kvo {
-
-/// The captions of the four ways to fit; the index is a record's stretchmode.
-std::span<const std::string_view> aspectCaptions();
 
 /// Reads DefaultStillDuration and DefaultStillFrameRate from "\RenderStillOpts.dat" beside the program; a
 /// file that is missing is written first.

@@ -1,6 +1,7 @@
 // The commands within a face, and what the window system does to the window.
 #include "playback/display/display.h"
 
+#include "base/holding.h"
 #include "core/telling/failures.h"
 #include "core/telling/messages.h"
 #include "playback/display/interface_size.h"

@@ -1,5 +1,6 @@
 #include "playback/display/face_layout.h"
 
+#include "base/holding.h"
 #include "playback/display/screens.h"
 
 #include <algorithm>

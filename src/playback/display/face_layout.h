@@ -13,19 +13,6 @@
 
 namespace kvo {
 
-/// Holds a flag for as long as it lives.
-class Holding {
- public:
-  explicit Holding(bool& flag) : flag_(flag), before_(flag) { flag = true; }
-  Holding(const Holding&) = delete;
-  Holding& operator=(const Holding&) = delete;
-  ~Holding() { flag_ = before_; }
-
- private:
-  bool& flag_;
-  const bool before_;
-};
-
 /// The clip that the list selects.
 struct ClipInHand {
   int number = 0;

@@ -1,5 +1,6 @@
 // The ways between the normal face, Free Zoom, and Free Zoom covering the screen. The play timers stand still
 // while a layout is half made.
+#include "base/holding.h"
 #include "core/telling/messages.h"
 #include "playback/display/display.h"
 #include "playback/display/screens.h"

@@ -1,5 +1,6 @@
 #include "playback/transport/sequencer.h"
 
+#include "base/holding.h"
 #include "playback/in_seconds.h"
 
 namespace kvo {

@@ -1,6 +1,8 @@
 // The commands, the ends and the stills.
 #include "playback/transport/transport.h"
 
+#include "base/holding.h"
+
 #include <algorithm>
 #include <array>
 
@@ -267,7 +269,7 @@ void Transport::stillTick() {
   if (count == 0) return timer.stop();
   if (!core_.fullScreen() || core_.host.busy()) return;
   if (core_.editing()) return timer.stop();
-  follows_ = true;
+  const Holding follows(follows_);
   if (core_.icurMov() < count) {
     core_.host.Lbl_NextMov_Click();
   } else {
@@ -275,7 +277,6 @@ void Transport::stillTick() {
     core_.state.StillWrapDue = !core_.state.StillWrapDue;
     if (!core_.state.StillWrapDue) PreviewMovie(1);
   }
-  follows_ = false;
 }
 
 }  // namespace kvo

@@ -27,7 +27,7 @@ class RoundMenu : public QMenu {
     setAttribute(Qt::WA_TranslucentBackground);
   }
 
-  void fill(const std::vector<MenuEntry>& entries, const std::function<void(MenuId)>& choose);
+  void fill(const std::vector<MenuEntry>& entries, const std::function<void(const MenuId&)>& choose);
 
  protected:
   void resizeEvent(QResizeEvent* event) override {
@@ -43,7 +43,8 @@ class RoundMenu : public QMenu {
   QActionGroup dots_{this};  // the entries of which one is chosen
 };
 
-void RoundMenu::fill(const std::vector<MenuEntry>& entries, const std::function<void(MenuId)>& choose) {
+void RoundMenu::fill(const std::vector<MenuEntry>& entries,
+                     const std::function<void(const MenuId&)>& choose) {
   for (const auto& entry : entries) {
     if (entry.caption.empty()) {
       addSeparator();
@@ -72,7 +73,7 @@ void RoundMenu::fill(const std::vector<MenuEntry>& entries, const std::function<
 
 FaceMenu::FaceMenu(MainMenu& menu, std::function<void()> acted) : menu_(menu), acted_(std::move(acted)) {}
 
-void FaceMenu::choose(MenuId id) {
+void FaceMenu::choose(const MenuId& id) {
   menu_.choose(id);
   acted_();
 }
@@ -80,7 +81,7 @@ void FaceMenu::choose(MenuId id) {
 void FaceMenu::open(const std::vector<MenuEntry>& entries, const QPoint& at, QWidget* window) {
   if (entries.empty()) return;
   RoundMenu menu({}, window);
-  menu.fill(entries, [this](MenuId id) { choose(id); });
+  menu.fill(entries, [this](const MenuId& id) { choose(id); });
   menu.exec(at);
 }
 

@@ -30,7 +30,7 @@ class FaceMenu : public QObject {
  private:
   void open(const std::vector<MenuEntry>& entries, const QPoint& at, QWidget* window);
   void addShortcuts(QWidget& window, const std::vector<MenuEntry>& entries);
-  void choose(MenuId id);
+  void choose(const MenuId& id);
 
   MainMenu& menu_;
   std::function<void()> acted_;

@@ -69,9 +69,7 @@ void LoadingPart::draw() {
   if (isHidden() && !patience_.isActive()) patience_.start();
 }
 
-void LoadingPart::abort() {
-  if (!state_.abortText.empty()) state_.abortClicked = true;
-}
+void LoadingPart::abort() { state_.abort(); }
 
 void LoadingPart::mousePressEvent(QMouseEvent* /*event*/) { abort(); }
 

@@ -226,7 +226,7 @@ void SkinnedFace::draw() {
     ground_ = QPixmap();
   }
   if (ground_.isNull()) update();
-  if (std::exchange(waits_, state_.skin.waitIcon) != waits_)
+  if (std::exchange(waits_, state_.skin.SkinBusy) != waits_)
     waits_ ? setCursor(Qt::WaitCursor) : unsetCursor();
 }
 
