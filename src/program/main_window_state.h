@@ -27,6 +27,7 @@ struct FaceState {
   bool fullScreen = false;
   bool minimumDetails = false;  ///< at the start: the picture at the size of its source
   bool stayOnTop = false;
+  bool toolTips = true;
   double interfaceSize = 0;  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
   bool controlsEnabled = true;
 };

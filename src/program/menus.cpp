@@ -364,6 +364,11 @@ Entries MainMenu::sizeEntries() {
     }));
     entries.back().enabled = size == 0 || !doors_.sizeFits || doors_.sizeFits(size);
   }
+  auto& tips = parts_.window.face.toolTips;
+  addGroup(entries, {ticked(MenuCommand::ToolTips, "Tool &tips", tips, true, [this, &tips] {
+             tips = !tips;
+             parts_.settings.state.ToolTipsOn = tips ? kFlagOn : 0;
+           })});
   return entries;
 }
 

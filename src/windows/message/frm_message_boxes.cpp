@@ -77,7 +77,7 @@ QWidget* windowBelow() {
   return nullptr;
 }
 
-StyledAnswer asked(MessageQuestion question, const Box& box) {
+MessageQuestion madeOf(MessageQuestion question, const Box& box) {
   question.answers = answersOf(box.buttons);
   question.face.sign = signOf(box.icon);
   question.face.caption = textOf(box.caption);
@@ -85,7 +85,11 @@ StyledAnswer asked(MessageQuestion question, const Box& box) {
   question.face.keys.clear();
   for (const auto answer : question.answers) question.face.keys << keyText(answer, box);
   question.seconds = box.seconds;
-  return MessageWindow(question, windowBelow()).ask();
+  return question;
+}
+
+StyledAnswer asked(const MessageQuestion& question, const Box& box) {
+  return MessageWindow(madeOf(question, box), windowBelow()).ask();
 }
 
 }  // namespace
@@ -104,6 +108,19 @@ StyledAnswer FrmMessageBoxes::showStyled(const StyledBox& box) {
                           .text = box.message,
                           .buttons = box.yesAndNo ? BoxButtons::YesNo : BoxButtons::Ok,
                           .icon = box.icon});
+}
+
+std::optional<std::string> FrmMessageBoxes::ask(const std::string& title, const std::string& prompt) {
+  ahead_();
+  MessageQuestion question;
+  question.face.asksForText = true;
+  MessageWindow window(madeOf(question, {.caption = title,
+                                         .text = textOf(prompt).trimmed().toStdString(),
+                                         .buttons = BoxButtons::OkCancel,
+                                         .icon = BoxIcon::Question}),
+                       windowBelow());
+  if (window.ask().answer != Answer::Ok) return std::nullopt;
+  return window.typed().trimmed().toStdString();
 }
 
 }  // namespace kvo
