@@ -11,6 +11,7 @@
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/qt_event_loop.h"
 #include "adapters/qt/qt_file_dialogs.h"
+#include "adapters/qt/qt_translations.h"
 #include "adapters/qt/settings_store.h"
 #include "app/commands.h"
 #include "app/companions.h"
@@ -51,6 +52,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <memory>
 
 namespace kvo {
 namespace {
@@ -276,7 +278,10 @@ class WindowProgram {
   Intro intro_;
   Mailbox mailbox_;
   TurboJpeg jpeg_;
-  SkinFace face_{{session_.files, jpeg_}, {kMainWindow}, session_.folder.path(), [this](const std::string& line) { session_.log.LogError(line); }};
+  SkinFace face_{
+      {session_.files, jpeg_}, {kMainWindow}, session_.folder.path(), [this](const std::string& line) {
+        session_.log.LogError(line);
+      }};
   ImageList1 images_{{session_.files, jpeg_}, withSeparator(session_.folder.path()) + "ImageList1/"};
   FaceLinks links_;
   Skins skins_;
@@ -325,6 +330,7 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
               const std::string& placesFile) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("KVO5");
+  std::locale::global(std::locale(std::locale(), std::make_unique<QtTranslations>().release()));
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));

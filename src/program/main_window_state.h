@@ -65,8 +65,6 @@ struct ListKeysState {
 /// The pane that stands in the place of everything else while there is no clip.
 struct EmptyPaneState {
   std::string NoMediaPrompt;
-  std::string hint = "or click here, or drop clips, stills and music on the window";
-  std::array<std::string, 3> steps = {"Add clips", "Put them in order", "Create Movie"};
   bool visible = true;
 };
 

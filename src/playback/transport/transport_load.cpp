@@ -1,6 +1,7 @@
 // How a clip comes into the player, or on the other surfaces.
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "intake/asx_stream.h"
 #include "playback/captions.h"
 #include "playback/transport/transport.h"
@@ -112,7 +113,8 @@ void Transport::showElsewhere(const Movie& clip) {
   const auto file = clipFile(clip);
   const bool shown = isAddress(file) ? core_.desktop.openPage(file) : core_.desktop.openFile(file);
   core_.state.lbl_Novid = {
-      .text = clip.MovieName() + (shown ? " is shown by another program" : " has no program that shows it")};
+      .text = translated(shown ? "%1 is shown by another program" : "%1 has no program that shows it",
+                         {clip.MovieName()})};
   core_.mode.panels.Pic_NoVid = true;
 }
 
@@ -142,7 +144,7 @@ void Transport::showDisc(int number) {
   core_.state.tips = kDiscTips;
   core_.player.Med_previewClear();
   core_.player.CoronaClear();
-  core_.host.caption("KVO V5 CD-Audio");
+  core_.host.caption(translated("KVO V5 CD-Audio"));
   if (core_.guests.disc != nullptr) core_.guests.disc->CDAudioDisplayMode(number);
   core_.timers.Timer1.setInterval(kDiscMonitorInterval);
   core_.timers.Timer1.start();
@@ -209,8 +211,8 @@ void Transport::fileLoaded() {
 // In the picture's place: a box for each of many would be in the way.
 void Transport::tellOfFile(const Movie& clip) {
   const bool there = core_.files.exists(clipFile(clip));
-  core_.state.lbl_Novid = {.text =
-                               clip.MovieName() + (there ? " cannot be played" : " is not there any more")};
+  core_.state.lbl_Novid = {
+      .text = translated(there ? "%1 cannot be played" : "%1 is not there any more", {clip.MovieName()})};
   core_.mode.panels.Pic_NoVid = true;
 }
 

@@ -1,8 +1,8 @@
 #include "windows/main/frm_file_open.h"
 
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
-#include "windows/main/texts.h"
 
 #include <QApplication>
 #include <QWindow>

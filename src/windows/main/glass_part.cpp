@@ -3,9 +3,9 @@
 #include "ui/digit_display.h"
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/key_label.h"
-#include "windows/main/texts.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -90,7 +90,7 @@ bool GlassPart::showsStream() const { return panels_.Lbl_StreamInfo.visible && s
 
 void GlassPart::describe() {
   digits_->setEnabled(digitsLit());
-  digits_->setToolTip(plainTip(state_.digitsTip));
+  digits_->setToolTip(plainTip(told(state_.digitsTip)));
   digits_->setAccessibleDescription(digitsLit() ? shown(state_.digits) : QString());
   rate_->setEnabled(!state_.rate.empty());
   rate_->setAccessibleDescription(shown(state_.rate));
@@ -113,7 +113,7 @@ void GlassPart::describe() {
     if (stream_.buffer) stream << tr("Buffering");
     told << stream;
   }
-  setToolTip(plainTip(stream.join("\n").toStdString()));
+  setToolTip(plainTip(stream.join("\n")));
   streamKey_->setToolTip(toolTip());
   setAccessibleName(tr("Display"));
   setAccessibleDescription(told.join(", "));
