@@ -140,7 +140,7 @@ MessageCard::MessageCard(const MessageFace& face, QWidget* parent)
   body->setSpacing(themed(kBesideDisc));
   auto* sign = made<QLabel>(this);
   sign->setPixmap(disc(signOf(face.sign), devicePixelRatio()));
-  sign->setAccessibleName(signOf(face.sign).name);
+  sign->setAccessibleName(tr(signOf(face.sign).name));
   body->addWidget(sign, 0, Qt::AlignTop);
   body->addWidget(makeText(face), 1);
   column->addLayout(body);
