@@ -38,10 +38,24 @@ class ConsoleIntake : public IntakeHost {
   int added_ = 0;
 };
 
+// As in the window: with the preferences that the program starts with, its skin among them.
+void begin(Session& session) {
+  if (const auto own = session.folder.beside("\\KVO5.INI"); session.files.exists(own)) {
+    static_cast<void>(session.open(own));
+    session.collection.clearLists();
+    session.collection.kind = CollectionKind::Plain;
+    session.collection.isPortable = false;
+  }
+  if (session.settings.preferences().SkinPath.empty()) session.settings.adjust().SkinPath = "Def";
+}
+
 // The collection to add to; one that is not there is begun.
 Outcome openOrBegin(Session& session, const std::string& path) {
   if (!namesCollection(path)) return Error{"cannot add to " + path + ": a collection ends in .INI"};
-  if (!session.files.exists(path)) return {};
+  if (!session.files.exists(path)) {
+    begin(session);
+    return {};
+  }
   const auto report = session.open(path);
   if (!report) return report.error();
   if (report->damaged || report->unreadClips > 0 || report->unreadKeyframes > 0)

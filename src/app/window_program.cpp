@@ -11,7 +11,7 @@
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/qt_event_loop.h"
 #include "adapters/qt/qt_file_dialogs.h"
-#include "adapters/qt/qt_text_questions.h"
+#include "adapters/qt/qt_translations.h"
 #include "adapters/qt/settings_store.h"
 #include "app/commands.h"
 #include "app/companions.h"
@@ -52,6 +52,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <memory>
 
 namespace kvo {
 namespace {
@@ -116,7 +117,7 @@ class WindowProgram {
                state_),
         startUp_(parts_, skins_, intro_, mailbox_),
         shutDown_(parts_, mailbox_),
-        media_({dialogs_, desktop_, questions_, boxes_}, session_.settings, state_, mailbox_),
+        media_({dialogs_, desktop_, boxes_, boxes_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
                       state_),
         web_(executableFolder + "../lib/kvo5/KVOWeb.so", canShutIn),
@@ -248,7 +249,6 @@ class WindowProgram {
   Session session_;
   MainWindowState state_;
   QtFileDialogs dialogs_;
-  QtTextQuestions questions_;
   QtDesktop desktop_;
   SettingsStore store_;
   SocketHandover handover_;
@@ -274,7 +274,10 @@ class WindowProgram {
   Intro intro_;
   Mailbox mailbox_;
   TurboJpeg jpeg_;
-  SkinFace face_{{session_.files, jpeg_}, {kMainWindow}, session_.folder.path()};
+  SkinFace face_{
+      {session_.files, jpeg_}, {kMainWindow}, session_.folder.path(), [this](const std::string& line) {
+        session_.log.LogError(line);
+      }};
   ImageList1 images_{{session_.files, jpeg_}, withSeparator(session_.folder.path()) + "ImageList1/"};
   FaceLinks links_;
   Skins skins_;
@@ -323,6 +326,7 @@ int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::str
               const std::string& placesFile) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("KVO5");
+  std::locale::global(std::locale(std::locale(), std::make_unique<QtTranslations>().release()));
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));

@@ -1,6 +1,7 @@
 #include "playback/stream_info.h"
 
 #include "base/numbers.h"
+#include "core/telling/translated.h"
 
 #include <string_view>
 
@@ -14,7 +15,7 @@ StreamFactLine line(std::string_view caption, std::string_view value) {
   return {std::string(caption), std::string(value.empty() ? kUntold : value)};
 }
 
-std::string_view stateText(EngineOpening opening) {
+const char* stateText(EngineOpening opening) {
   switch (opening) {
     case EngineOpening::Connecting:
       return "Connecting";
@@ -31,7 +32,7 @@ std::string_view stateText(EngineOpening opening) {
 }
 
 std::string bits(double perSecond) {
-  return perSecond > 0 ? FormatMask(perSecond, "0") + " bps" : std::string();
+  return perSecond > 0 ? translated("%1 bps", {FormatMask(perSecond, "0")}) : std::string();
 }
 
 std::vector<StreamFactLine> propertyLines(const StreamDetails& details, bool more) {
@@ -54,18 +55,18 @@ std::vector<StreamFactLine> propertyLines(const StreamDetails& details, bool mor
 
 std::vector<StreamFactLine> connectionLines(const StreamReport& report, const StreamDetails& details) {
   return {
-      line("Connection", stateText(report.opening)),
+      line("Connection", translated(stateText(report.opening))),
       line("Bandwidth", bits(report.bandwidth)),
       line("Received", bits(details.receivedRate)),
       line("Buffered", std::to_string(report.buffered) + "%"),
-      line("Read ahead", FormatMask(details.ahead, "0.0") + " s"),
+      line("Read ahead", translated("%1 s", {FormatMask(details.ahead, "0.0")})),
       line("Lost pictures", std::to_string(details.lostPictures)),
   };
 }
 
 std::string choiceText(const MediaTrack& track) {
-  std::string text = track.kind == MediaTrack::Kind::Sound ? "Sound " : "Subtitles ";
-  text += std::to_string(track.id);
+  auto text = translated(track.kind == MediaTrack::Kind::Sound ? "Sound %1" : "Subtitles %1",
+                         {std::to_string(track.id)});
   if (!track.title.empty()) text += " - " + track.title;
   if (!track.language.empty()) text += " (" + track.language + ")";
   return text;

@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 #include "playback/positions/displays.h"
 #include "program/clip_texts.h"
 
@@ -20,14 +21,14 @@ constexpr std::size_t kMaxCaption = 50;  // characters
 std::string listCaption(const Collection& collection) {
   const auto& name = collection.IniName;
   const auto stop = name.rfind('.');
-  const auto caption = name.substr(0, stop == 0 ? std::string::npos : stop) + " Collection";
+  const auto caption = translated("%1 Collection", {name.substr(0, stop == 0 ? std::string::npos : stop)});
   return std::string(cutTo(caption, kMaxCaption));
 }
 
 ClipRow ClipList::row(const Movie& clip) const {
   auto row = rowOf(clip, settings_);
   row.missing = missing_.contains(clipFile(clip));
-  if (row.missing) row.length = "missing";
+  if (row.missing) row.length = translated("missing");
   return row;
 }
 
@@ -76,7 +77,7 @@ void ClipList::countUp() {
   const auto& clips = collection_.MovieList;
   const bool any = !clips.empty();
   const bool several = clips.count() > 1;
-  window_.collectionDetails.clips = std::to_string(clips.count()) + (clips.count() == 1 ? " clip" : " clips");
+  window_.collectionDetails.clips = clipsText(static_cast<std::size_t>(clips.count()));
   window_.collectionDetails.totalTime = totalText(total_);
   window_.menu.clipsEnabled = any;
   window_.listKeys = {.UP = several, .DOWN = several, .ADD = true, .Cross = any, .SORT = several};
@@ -135,10 +136,8 @@ void ClipList::tell(const Movie& clip) {
   window_.face.caption = windowCaption(clip);
   window_.list.tip = std::string(LoadResString(385)).append(clipFile(clip));
   if (!clip.SrcName().empty())
-    window_.list.tip.append(kCrLf)
-        .append("<Low Res Copy - Full Res Master = ")
-        .append(clip.SrcName())
-        .append(">");
+    window_.list.tip.append(kCrLf).append(
+        translated("<Low Res Copy - Full Res Master = %1>", {clip.SrcName()}));
   auto& details = window_.details;
   details.name = listedName(clip);
   details.pairs = detailsOf(clip, settings_, facts);

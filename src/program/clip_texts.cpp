@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 #include "intake/avi_compressor.h"
 #include "playback/clip_kinds.h"
 #include "playback/positions/displays.h"
@@ -54,7 +55,7 @@ Detail codecDetail(const Movie& clip, const StreamFacts* facts) {
 
 std::string balanceText(const Movie& clip) {
   const double balance = clip.Balance().number() - kUnshifted;
-  return balance == 0 ? "Stereo" : balance < 0 ? "Left" : "Right";
+  return translated(balance == 0 ? "Stereo" : balance < 0 ? "Left" : "Right");
 }
 
 }  // namespace
@@ -96,10 +97,14 @@ std::string playTimeText(double seconds) {
   return std::to_string(whole / 3600) + ":" + two(whole / 60 % 60) + ":" + two(whole % 60);
 }
 
+std::string clipsText(std::size_t count) {
+  return translated(count == 1 ? "%1 clip" : "%1 clips", {std::to_string(count)});
+}
+
 std::string totalText(double seconds) {
   const double whole = RoundToWhole(seconds);
   const double minutes = std::floor(whole / 60);
-  return FormatMask(minutes, "#0") + "m " + FormatMask(whole - minutes * 60, "00") + "s";
+  return translated("%1m %2s", {FormatMask(minutes, "#0"), FormatMask(whole - minutes * 60, "00")});
 }
 
 ClipRow rowOf(const Movie& clip, const KVO2& settings) {
@@ -111,9 +116,9 @@ std::string windowCaption(const Movie& clip) {
   auto name = listedName(clip);
   switch (kindOf(clip)) {
     case ClipKind::Video:
-      return name + (isDvdFile(clip.MovieName()) ? " - DVD" : " - Video");
+      return translated(isDvdFile(clip.MovieName()) ? "%1 - DVD" : "%1 - Video", {name});
     case ClipKind::Sound:
-      return name + " - Audio";
+      return translated("%1 - Audio", {name});
     case ClipKind::Still:
     case ClipKind::Page:
     case ClipKind::Stream:
@@ -126,10 +131,10 @@ std::array<Detail, 9> detailsOf(const Movie& clip, const KVO2& settings, const S
   std::array<Detail, 9> pairs{
       {{"File", clip.MovieName()}, {"Folder", clip.Path()}, {"Format", formatText(clip)}}};
   if (const auto length = lengthOf(clip, settings)) {
-    pairs[3] = {"Length", FormatMask(*length, "0.00") + " s"};
+    pairs[3] = {"Length", translated("%1 s", {FormatMask(*length, "0.00")})};
     if (!clip.IsStill()) {
       const auto [start, end] = sectionOf(clip, *length);
-      pairs[4] = {"Section", FormatMask(start, "0.00") + " to " + FormatMask(end, "0.00") + " s"};
+      pairs[4] = {"Section", translated("%1 to %2 s", {FormatMask(start, "0.00"), FormatMask(end, "0.00")})};
     }
   }
   if (hasSound(clip)) {
@@ -145,11 +150,10 @@ std::vector<std::string> chipsOf(const Movie& clip, const StreamFacts* facts) {
   std::vector<std::string> chips;
   if (auto size = resolutionText(clip); !size.empty()) chips.push_back(std::move(size));
   if (const double rate = rateOf(clip); rate > 0 && hasPicture(clip) && !clip.IsStill())
-    chips.push_back(ShortText(ToNumber(FormatMask(rate, "0.##"))) + " fps");
+    chips.push_back(translated("%1 fps", {ShortText(ToNumber(FormatMask(rate, "0.##")))}));
   if (facts != nullptr && facts->channels > 0) {
-    chips.push_back(facts->channels == 1   ? "Mono"
-                    : facts->channels == 2 ? "Stereo"
-                                           : std::to_string(facts->channels) + " channels");
+    const auto* const text = facts->channels == 1 ? "Mono" : facts->channels == 2 ? "Stereo" : "%1 channels";
+    chips.push_back(translated(text, {std::to_string(facts->channels)}));
   }
   return chips;
 }

@@ -30,6 +30,8 @@ bool hasSound(const Movie& clip);
 
 /// "2:33", "1:02:33"
 std::string playTimeText(double seconds);
+/// "1 clip", "7 clips"
+std::string clipsText(std::size_t count);
 /// "3m 41s"
 std::string totalText(double seconds);
 

@@ -76,7 +76,7 @@ bool CollectionCommands::Open() {
     if (!mayLeaveChanges(LoadResString(345))) return false;
     const auto path = ports_.dialogs.open({std::string(LoadResString(335)),
                                            {{"Movie Collections (*.Ini)", "*.ini *.INI *.Ini"}, kAllFiles},
-                                           settings_.preferences().ColLoadFrom,
+                                           usualFolder(),
                                            {}});
     if (!path) return false;
     return endsInText(*path, ".INI") ? load(*path) : refuse(336, 337);
@@ -154,10 +154,23 @@ bool CollectionCommands::Save() {
   return pass([this] { return save(); });
 }
 
+// Where a collection was last, in this run or an earlier one. The program's own folder, where the first one
+// came from, has been nobody's choice.
+std::string CollectionCommands::usualFolder() const {
+  const auto own = withSeparator(ports_.folder.path());
+  const auto& last = settings_.preferences().ColLoadFrom;
+  if (!last.empty() && withSeparator(last) != own) return last;
+  for (const auto& path : recent_.paths()) {
+    if (const auto folder = folderPart(path); folder != own) return std::string(folder);
+  }
+  const auto videos = ports_.desktop.videosFolder();
+  return videos.empty() ? last : withSeparator(videos);
+}
+
 // The program's own folder, or one on a disc, may be none that the user can write in.
 std::string CollectionCommands::folderToSaveIn() const {
   const bool isDefault = sameText(collection_.IniName, "KVO5.INI");
-  auto folder = isDefault ? withSeparator(ports_.folder.path()) : settings_.preferences().ColLoadFrom;
+  auto folder = isDefault ? withSeparator(ports_.folder.path()) : usualFolder();
   if (ports_.files.mayWriteInto(folder)) return folder;
   const auto own = ports_.desktop.videosFolder();
   return own.empty() ? folder : withSeparator(own);

@@ -93,6 +93,7 @@ class CollectionCommands {
   bool load(const std::string& path);
   void settle(const ReadReport& report, const std::string& path);
   bool save();
+  [[nodiscard]] std::string usualFolder() const;
   [[nodiscard]] std::string folderToSaveIn() const;
   bool refuse(int text, int title);
   bool mayReplace(const std::string& path);

@@ -1,6 +1,7 @@
 #include "base/text.h"
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 #include "program/collection_store.h"
 
 #include <algorithm>
@@ -17,13 +18,13 @@ std::string lines(std::initializer_list<std::string_view> all) {
 }
 
 std::string tooMany(const std::string& fileName, int clips) {
-  return fileName + " holds " + std::to_string(clips) + " clips; a collection holds at most " +
-         std::to_string(kMaxClips);
+  return translated("%1 holds %2 clips; a collection holds at most %3",
+                    {fileName, std::to_string(clips), std::to_string(kMaxClips)});
 }
 
-bool shownAndAborted(const ReadOptions& options, std::string_view what, int i, int count) {
+bool shownAndAborted(const ReadOptions& options, const char* what, int i, int count) {
   if (options.watch == nullptr || i % kShowLoadEvery != 0) return false;
-  options.watch->status(std::string(what) + std::to_string(i) + " of " + std::to_string(count), i, count);
+  options.watch->status(translated(what, {std::to_string(i), std::to_string(count)}), i, count);
   return options.watch->abortClicked();
 }
 
@@ -47,7 +48,7 @@ ReadReport CollectionStore::ReadINI(const std::string& fileName, const ReadOptio
   if (report.end != ReadEnd::Done) {
     report.why = !bytes                                ? bytes.error().text
                  : report.end == ReadEnd::TooManyClips ? tooMany(path, text.clipSections)
-                                                       : path + " is not a collection";
+                                                       : translated("%1 is not a collection", {path});
     if (options.isNeeded) tellUnreadable(report, path);
     return report;
   }
@@ -131,7 +132,7 @@ void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& opt
   const int count = reader.facts().clips;
   bool keepsMissing = options.keepMissingClips;
   for (int i = 1; i <= count; ++i) {
-    if (shownAndAborted(options, "Loading Clip ", i, count)) {
+    if (shownAndAborted(options, "Loading Clip %1 of %2", i, count)) {
       report.end = ReadEnd::Aborted;
       return;
     }
@@ -173,7 +174,7 @@ void CollectionStore::takeKeyframes(CollectionReader& reader, const ReadOptions&
                                     ReadReport& report) {
   const int count = reader.facts().keyframes;
   for (int i = 1; i <= count; ++i) {
-    if (shownAndAborted(options, "Loading Keyframe ", i, count)) {
+    if (shownAndAborted(options, "Loading Keyframe %1 of %2", i, count)) {
       report.end = ReadEnd::Aborted;
       return;
     }
@@ -191,8 +192,8 @@ void CollectionStore::takeKeyframes(CollectionReader& reader, const ReadOptions&
 // Yes, which Enter presses, keeps the clip and all others like it, to be found elsewhere; No takes it out.
 Answer CollectionStore::askAboutMissing(const Movie& clip) {
   const auto text = lines(
-      {"KVO could not verify the file :- ", std::string("Path = ").append(cutTo(clip.Path(), 20)),
-       std::string("File Name = ").append(cutTo(clip.MovieName(), 20)),
+      {"KVO could not verify the file :- ", translated("Path = %1", {cutTo(clip.Path(), 20)}),
+       translated("File Name = %1", {cutTo(clip.MovieName(), 20)}),
        "Click OK to continue loading the collection and all",
        "missing files will be removed or Cancel to abort", "and no changes will be made to the collection"});
   return boxes_.show({.caption = "KVO5 - File or Drive not found ",

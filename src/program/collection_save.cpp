@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 #include "program/collection_store.h"
 
 #include <algorithm>
@@ -57,12 +58,15 @@ Result<std::string> CollectionStore::keepAhead(const std::string& path,
                                                const std::vector<std::string>& changedTexts) {
   if (changedTexts.empty()) return std::string();
   auto told = changedTexts.front();
-  if (const auto more = changedTexts.size() - 1; more > 0) told += " and " + std::to_string(more) + " more";
-  told += ": a collection cannot keep every line end, bracket and quote. They were changed in the file.";
+  if (const auto more = changedTexts.size() - 1; more > 0)
+    told = translated("%1 and %2 more", {told, std::to_string(more)});
+  told = translated(
+      "%1: a collection cannot keep every line end, bracket and quote. They were changed in the file.",
+      {told});
   if (files_.exists(path)) {
     const auto copy = keepCopy(path);
     if (!copy) return copy.error();
-    told.append(kCrLf).append("What was saved before is kept as ").append(*copy);
+    told.append(kCrLf).append(translated("What was saved before is kept as %1", {*copy}));
   }
   return told;
 }
@@ -83,10 +87,10 @@ bool CollectionStore::WriteINI(std::string folder, const std::string& file, bool
   const auto path = folder + file;
 
   if (collection_.MovieList.count() > kMaxClips || collection_.KeyframeList.count() > kMaxKeyframes) {
-    const auto why = "A collection holds at most " + std::to_string(kMaxClips) + " clips and " +
-                     std::to_string(kMaxKeyframes) + " keyframes. This one has " +
-                     std::to_string(collection_.MovieList.count()) + " and " +
-                     std::to_string(collection_.KeyframeList.count()) + " and was not written.";
+    const auto why = translated(
+        "A collection holds at most %1 clips and %2 keyframes. This one has %3 and %4 and was not written.",
+        {std::to_string(kMaxClips), std::to_string(kMaxKeyframes),
+         std::to_string(collection_.MovieList.count()), std::to_string(collection_.KeyframeList.count())});
     return failWrite(step, why, why);
   }
   step = "Sec 1";
@@ -143,8 +147,8 @@ Outcome CollectionStore::writeBlocks(Replacement& out, const std::string& folder
   const int clips = collection_.MovieList.count();
   const auto take = [&](const PrintedBlock& block) {
     if (watch != nullptr && block.clip > 0 && block.clip % kShowSaveEvery == 0)
-      watch->status("Saving Clip " + std::to_string(block.clip) + " of " + std::to_string(clips), block.clip,
-                    clips);
+      watch->status(translated("Saving Clip %1 of %2", {std::to_string(block.clip), std::to_string(clips)}),
+                    block.clip, clips);
     step = block.step;
     changedTexts.insert(changedTexts.end(), block.changed.begin(), block.changed.end());
     return file.print(block.text);

@@ -2,6 +2,7 @@
 
 #include "base/holding.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 #include <span>
@@ -39,7 +40,7 @@ std::string joinedText(std::span<const Lines> texts) {
     lines.insert(lines.end(), text.begin() + static_cast<std::ptrdiff_t>(std::min(common, text.size())),
                  text.end());
   if (told.size() < texts.size())
-    lines.push_back("and " + std::to_string(texts.size() - told.size()) + " more.");
+    lines.push_back(translated("and %1 more.", {std::to_string(texts.size() - told.size())}));
   std::string text;
   for (const auto& line : lines) text.append(text.empty() ? "" : kCrLf).append(line);
   return text;

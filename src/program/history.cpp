@@ -1,6 +1,8 @@
 #include "program/history.h"
 
 #include "base/text.h"
+#include "core/telling/translated.h"
+#include "program/clip_texts.h"
 
 #include <algorithm>
 #include <numeric>
@@ -56,11 +58,11 @@ std::size_t recordsKept(const std::deque<ListStep>& steps) {
 }  // namespace
 
 std::string stepName(std::string_view act, const Collection& collection, const std::vector<int>& numbers) {
-  auto name = std::string(act).append(" ");
-  if (numbers.size() != 1) return name + std::to_string(numbers.size()) + " clips";
+  const auto pattern = std::string(act).append(" %1");
+  if (numbers.size() != 1) return translated(pattern.c_str(), {clipsText(numbers.size())});
   const auto clip = listedName(collection.MovieList[numbers[0]]);
   const auto shown = cutTo(clip, kMaxName);
-  return name.append(shown).append(shown.size() < clip.size() ? "..." : "");
+  return translated(pattern.c_str(), {std::string(shown).append(shown.size() < clip.size() ? "..." : "")});
 }
 
 bool History::remove(const CommandPass& pass, const std::vector<int>& numbers) {
@@ -235,8 +237,8 @@ void History::saved() {
 }
 
 void History::tellNames() {
-  window_.history.undo = undo_.empty() ? "" : "Undo " + undo_.back().name;
-  window_.history.redo = redo_.empty() ? "" : "Redo " + redo_.back().name;
+  window_.history.undo = undo_.empty() ? "" : translated("Undo %1", {undo_.back().name});
+  window_.history.redo = redo_.empty() ? "" : translated("Redo %1", {redo_.back().name});
 }
 
 }  // namespace kvo

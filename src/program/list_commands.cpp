@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 #include "program/clip_texts.h"
 
 #include <algorithm>
@@ -62,7 +63,8 @@ void ListCommands::remove() {
 void ListCommands::arrange(const CommandPass& pass, std::string_view act, std::vector<int> order) {
   auto chosen = placesIn(order, window_.list.chosen);
   const int inHand = placesIn(order, {collection_.icurMov}).front();
-  auto name = act.starts_with("move") ? stepName(act, collection_, window_.list.chosen) : std::string(act);
+  auto name = act.starts_with("move") ? stepName(act, collection_, window_.list.chosen)
+                                      : translated(std::string(act).c_str());
   history_.arrange(pass, std::move(name), std::move(order), std::move(chosen), inHand);
 }
 

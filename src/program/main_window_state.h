@@ -27,6 +27,7 @@ struct FaceState {
   bool fullScreen = false;
   bool minimumDetails = false;  ///< at the start: the picture at the size of its source
   bool stayOnTop = false;
+  bool toolTips = true;
   double interfaceSize = 0;  ///< 1, 1.25, 1.5 or 2; 0 goes by the screen
   bool controlsEnabled = true;
 };
@@ -64,8 +65,6 @@ struct ListKeysState {
 /// The pane that stands in the place of everything else while there is no clip.
 struct EmptyPaneState {
   std::string NoMediaPrompt;
-  std::string hint = "or click here, or drop clips, stills and music on the window";
-  std::array<std::string, 3> steps = {"Add clips", "Put them in order", "Create Movie"};
   bool visible = true;
 };
 

@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 
 #include <array>
 #include <iterator>
@@ -229,7 +230,7 @@ Entries MainMenu::playEntries() {
 
 // One that says nothing of itself goes by its number.
 std::string MainMenu::trackCaption(const MediaTrack& track) {
-  const auto name = track.title.empty() ? "Track " + std::to_string(track.id) : track.title;
+  const auto name = track.title.empty() ? translated("Track %1", {std::to_string(track.id)}) : track.title;
   return asCaption(track.language.empty() ? name : name + " (" + track.language + ")");
 }
 
@@ -311,7 +312,7 @@ Entries MainMenu::percentEntries() {
        {std::pair{50, mode.ticks.mnu_DirXZoom50}, std::pair{100, mode.ticks.mnu_DirXZoom100},
         std::pair{200, mode.ticks.mnu_DirXZoom200}}) {
     entries.push_back({.id = {MenuCommand::mnu_DirXZoom, percent},
-                       .caption = "Zoom " + std::to_string(percent) + "%",
+                       .caption = translated("Zoom %1%", {std::to_string(percent)}),
                        .enabled = parts_.window.menu.clipsEnabled,
                        .act =
                            [this, at = percent] {
@@ -364,6 +365,11 @@ Entries MainMenu::sizeEntries() {
     }));
     entries.back().enabled = size == 0 || !doors_.sizeFits || doors_.sizeFits(size);
   }
+  auto& tips = parts_.window.face.toolTips;
+  addGroup(entries, {ticked(MenuCommand::ToolTips, "Tool &tips", tips, true, [this, &tips] {
+             tips = !tips;
+             parts_.settings.state.ToolTipsOn = tips ? kFlagOn : 0;
+           })});
   return entries;
 }
 

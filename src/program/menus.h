@@ -58,6 +58,7 @@ enum class MenuCommand {
   mnu_LockAspect,
   MinimumDetails,
   mnu_StayOnTop,
+  ToolTips,
   Skin,           ///< `which`: its place in the submenu
   InterfaceSize,  ///< `which`: quarters, 4 to 8; 0 goes by the screen
 };

@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "program/search_progress.h"
 
 #include <algorithm>
@@ -34,12 +35,17 @@ int likeness(std::string_view a, std::string_view b) {
 }
 
 std::string foundText(int mended, std::size_t missing) {
-  const auto all =
-      missing == 1 ? std::string("The missing file") : std::to_string(missing) + " missing files";
-  if (mended == 0) return all + (missing == 1 ? " is" : " are") + " not in this folder.";
+  const auto all = std::to_string(missing);
+  if (mended == 0)
+    return translated(
+        missing == 1 ? "The missing file is not in this folder." : "%1 missing files are not in this folder.",
+        {all});
   if (static_cast<std::size_t>(mended) == missing)
-    return missing == 1 ? "The missing file has been found." : "All " + all + " have been found.";
-  return std::to_string(mended) + " of " + all + (mended == 1 ? " has been found." : " have been found.");
+    return translated(
+        missing == 1 ? "The missing file has been found." : "All %1 missing files have been found.", {all});
+  return translated(
+      mended == 1 ? "%1 of %2 missing files has been found." : "%1 of %2 missing files have been found.",
+      {std::to_string(mended), all});
 }
 
 }  // namespace
@@ -144,7 +150,7 @@ std::optional<int> MissingFiles::mend(const CommandPass& pass, const std::vector
   }
   const auto mended = static_cast<int>(changed.size());
   if (mended == 0) return 0;
-  parts_.history.replace(pass, "find missing files", std::move(changed));
+  parts_.history.replace(pass, translated("find missing files"), std::move(changed));
   return mended;
 }
 

@@ -1,6 +1,7 @@
 #include "program/resume.h"
 
 #include "base/paths.h"
+#include "core/telling/translated.h"
 #include "playback/in_seconds.h"
 #include "program/clip_texts.h"
 
@@ -66,7 +67,7 @@ void Resume::begin() {
   offered_ = places().value_or(ResumePlaces()).find(path_, file_);
   if (offered_ && !worthNoting(*offered_)) offered_.reset();
   if (!offered_) return;
-  parts_.window.resume.chip = "Resume at " + playTimeText(*offered_);
+  parts_.window.resume.chip = translated("Resume at %1", {playTimeText(*offered_)});
   offerEnds_->start(kOfferStands);
 }
 

@@ -103,7 +103,7 @@ CoolListView::CoolListView(QWidget* parent, const CoolListProperties& properties
   bar_->hide();
   bar_->setFocusPolicy(Qt::NoFocus);
   edit_->setObjectName("txtEdit");
-  edit_->setAccessibleName("Text of the item");
+  edit_->setAccessibleName(tr("Text of the item"));
   edit_->hide();
   edit_->installEventFilter(this);
   edit_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainterPath>
 #include <QPushButton>
 #include <QScreen>
@@ -139,10 +140,16 @@ MessageCard::MessageCard(const MessageFace& face, QWidget* parent)
   body->setSpacing(themed(kBesideDisc));
   auto* sign = made<QLabel>(this);
   sign->setPixmap(disc(signOf(face.sign), devicePixelRatio()));
-  sign->setAccessibleName(signOf(face.sign).name);
+  sign->setAccessibleName(tr(signOf(face.sign).name));
   body->addWidget(sign, 0, Qt::AlignTop);
   body->addWidget(makeText(face), 1);
   column->addLayout(body);
+  if (face.asksForText) {
+    field_ = made<QLineEdit>(this);
+    field_->setAccessibleName(face.lines.join(' ').simplified());
+    column->addSpacing(themed(12));
+    column->addWidget(field_);
+  }
   column->addSpacing(themed(16));
   column->addLayout(makeFoot(face));
   closeKey_->setProperty("kind", "quiet");

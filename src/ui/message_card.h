@@ -1,5 +1,5 @@
-// The face of a message: a sign with its colour at the edge, caption, lines, a box not to be shown again,
-// keys.
+// The face of a message: a sign with its colour at the edge, caption, lines, a field for an answer that is
+// typed, a box not to be shown again, keys.
 #pragma once
 
 #include <QFrame>
@@ -8,6 +8,7 @@
 
 class QCheckBox;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 class QToolButton;
 
@@ -21,7 +22,8 @@ struct MessageFace {
   QStringList lines;
   QString prompt;          ///< below the lines, quieter
   QString neverAgain;      ///< of the check box; empty for none
-  QStringList keys{"OK"};  ///< the first is the primary one
+  QStringList keys{"OK"};    ///< the first is the primary one
+  bool asksForText = false;  ///< has a field below the lines
 };
 
 class MessageCard : public QFrame {
@@ -35,6 +37,8 @@ class MessageCard : public QFrame {
   [[nodiscard]] QToolButton* closeKey() const { return closeKey_; }
   /// Null without one.
   [[nodiscard]] QCheckBox* neverAgain() const { return neverAgain_; }
+  /// Null without one.
+  [[nodiscard]] QLineEdit* field() const { return field_; }
   /// What is told, left of the keys, of the time that is left.
   void setCountdown(const QString& text);
 
@@ -49,6 +53,7 @@ class MessageCard : public QFrame {
   QToolButton* closeKey_;
   std::vector<QPushButton*> keys_;
   QCheckBox* neverAgain_ = nullptr;
+  QLineEdit* field_ = nullptr;
   QLabel* countdown_ = nullptr;
 };
 

@@ -26,8 +26,8 @@ void SkinFace::resize(const FaceSize& size) {
   if (size == size_) return;
   size_ = size;
   KillStrecher();
-  face_ = QPixmap();
-  static_cast<void>(outline_.load(outline_.path(), size));
+  fits_ = false;
+  if (const auto loaded = outline_.load(outline_.path(), size); !loaded) log_(loaded.error().text);
 }
 
 std::optional<std::string> SkinFace::find(const std::string& path) const {
@@ -51,23 +51,33 @@ Outcome SkinFace::loadMask(const std::string& path) { return outline_.load(path,
 void SkinFace::KillStrecher() { img_Strecher_ = QImage(); }
 
 void SkinFace::PaintPicture(QPainter& painter, const std::string& path) {
-  const bool isNew = !img_Strecher_.isNull() || face_.isNull() || path != path_;
-  if (isNew) {
-    if (!path.empty() && (img_Strecher_.isNull() || path != path_)) static_cast<void>(load(path));
+  const bool isOther = face_.isNull() || path != path_;
+  if (isOther || !fits_ || !img_Strecher_.isNull()) {
+    if (!path.empty() && (img_Strecher_.isNull() || path != path_)) {
+      if (const auto loaded = load(path); !loaded) log_(loaded.error().text);
+    }
     path_ = path;
-    face_ = QPixmap(size_.device());
-    face_.fill(toColour(token("ink1")));
-    const int left = qRound(kSkinLeft * size_.scale());
-    QPainter ground(&face_);
-    ground.drawImage(left, 0, img_Strecher_);
-    ground.drawImage(face_.width() + left, 0,
-                     img_Strecher_.copy(img_Strecher_.width() + left, 0, -left, img_Strecher_.height())
-                         .mirrored(true, false));
-    ground.end();
+    if (img_Strecher_.isNull() && !isOther) {
+      face_ = face_.scaled(size_.device(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    } else {
+      paintGround();
+    }
     face_.setDevicePixelRatio(size_.pixelRatio);
+    fits_ = true;
     KillStrecher();
   }
   painter.drawPixmap(0, 0, face_);
+}
+
+void SkinFace::paintGround() {
+  face_ = QPixmap(size_.device());
+  face_.fill(toColour(token("ink1")));
+  const int left = qRound(kSkinLeft * size_.scale());
+  QPainter ground(&face_);
+  ground.drawImage(left, 0, img_Strecher_);
+  ground.drawImage(face_.width() + left, 0,
+                   img_Strecher_.copy(img_Strecher_.width() + left, 0, -left, img_Strecher_.height())
+                       .mirrored(true, false));
 }
 
 QColor colourOf(std::uint32_t colorRef) {

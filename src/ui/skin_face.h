@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -22,12 +23,17 @@ class KVOBut;
 
 class SkinFace : public SkinPictures {
  public:
+  using Log = std::function<void(const std::string&)>;
+
   /// Pictures below the folder `shipped` may be there for several interface sizes; a user's is one alone.
-  SkinFace(const PictureReading& reading, const FaceSize& size, std::string shipped = {})
-      : reading_(reading), size_(size), shipped_(std::move(shipped)), outline_(reading) {}
+  /// `log` takes a line where one that has been painted cannot be read again for another size.
+  SkinFace(
+      const PictureReading& reading, const FaceSize& size, std::string shipped = {},
+      Log log = [](const std::string&) {})
+      : reading_(reading), size_(size), shipped_(std::move(shipped)), log_(std::move(log)), outline_(reading) {}
 
   /// The window's size from now on. The picture is read anew for it when it is next painted, the outline at
-  /// once.
+  /// once. A picture that is gone by then is stretched as it was painted last.
   void resize(const FaceSize& size);
 
   [[nodiscard]] std::optional<std::string> find(const std::string& path) const override;
@@ -44,13 +50,16 @@ class SkinFace : public SkinPictures {
 
  private:
   void KillStrecher();
+  void paintGround();
 
   PictureReading reading_;
   FaceSize size_;
   std::string shipped_;
+  Log log_;
   SkinOutline outline_;
   QImage img_Strecher_;  // what has been read and not been painted yet, in device pixels
   QPixmap face_;         // the whole ground of the window, with the picture of the file at path_
+  bool fits_ = false;    // it has the window's size
   std::string path_;
 };
 

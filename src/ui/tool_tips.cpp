@@ -12,6 +12,7 @@ namespace kvo {
 namespace {
 
 constexpr const char* kKeysProperty = "keys";
+constexpr const char* kOffProperty = "toolTipsOff";  // of the application
 
 QString withChip(const QString& tip, const QString& keys) {
   const QString chip(
@@ -28,12 +29,15 @@ ToolTips::ToolTips(QApplication& application) : QObject(&application) {
 
 bool ToolTips::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ToolTip || !watched->isWidgetType()) return false;
+  if (parent()->property(kOffProperty).toBool()) return true;
   auto& widget = *static_cast<QWidget*>(watched);
   const auto keys = widget.property(kKeysProperty).toString();
   if (keys.isEmpty() || widget.toolTip().isEmpty()) return false;
   QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), withChip(widget.toolTip(), keys), &widget);
   return true;
 }
+
+void showToolTips(QApplication& application, bool shown) { application.setProperty(kOffProperty, !shown); }
 
 void setKeys(QWidget& widget, const QString& keys) { widget.setProperty(kKeysProperty, keys); }
 

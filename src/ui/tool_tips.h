@@ -16,6 +16,9 @@ class ToolTips : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
+/// Whether any are shown, those of menus and of texts that are cut among them. They are at first.
+void showToolTips(QApplication& application, bool shown);
+
 /// `keys` do what a click on `widget` does: "Ctrl+Z". Empty for none.
 void setKeys(QWidget& widget, const QString& keys);
 

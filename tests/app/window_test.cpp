@@ -93,13 +93,16 @@ class Window : public testing::Test {
     program_ = startQuietly(command);
   }
 
-  // True when a window whose name holds `name` comes to have the keys: in front, by the window manager, and
-  // with the keyboard, which follows a little later.
-  static bool comes(const std::string& name) {
+  // True when a window whose name holds `name` has the keys: in front, by the window manager, and with the
+  // keyboard, which follows a little later.
+  static bool comesNow(const std::string& name) {
     const auto has = [&](const char* which) {
       return test::runProgram({"xdotool", which, "getwindowname"}).out.find(name) != std::string::npos;
     };
-    return eventually([&] { return has("getactivewindow") && has("getwindowfocus"); });
+    return has("getactivewindow") && has("getwindowfocus");
+  }
+  static bool comes(const std::string& name) {
+    return eventually([&] { return comesNow(name); });
   }
 
   // Keys, blanks between.
@@ -186,8 +189,15 @@ TEST_F(Window, ExitWithUnsavedChangesAsks) {
 
 TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   const auto second = test::makeCountingVideo(work_, "second.avi", "25", 10);
-  start({video_, second});
-  ASSERT_TRUE(comes("second.avi - Video"));
+  start();
+  ASSERT_TRUE(comes("KVO5"));
+  ASSERT_TRUE(eventually([] {
+    press("Insert");
+    return comesNow("Add Media to Collection");
+  }));
+  type("\"" + video_ + "\" \"" + second + "\"");
+  press("Return");
+  ASSERT_TRUE(comes("second.avi - Video")) << "adds";
   // While the start goes on there is nothing that keys do.
   ASSERT_TRUE(eventually([] {
     press("Home");
@@ -239,6 +249,10 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
     ASSERT_TRUE(comes("First - Video"));
     EXPECT_TRUE(eventually([&] { return place() == home; })) << "and does not creep by its frame";
   }
+  press("F10 f");
+  ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
+  press("F10 f");
+  ASSERT_TRUE(comes("First - Video")) << "by the menu, too";
 
   press("ctrl+s");
   ASSERT_TRUE(comes("Save Collection"));
@@ -252,7 +266,15 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   }));
   EXPECT_LT(saved.find("second.avi"), saved.find("count.avi"));
   EXPECT_NE(saved.find("First"), std::string::npos);
-  EXPECT_NE(saved.find("snakesk.jpg"), std::string::npos);
+  EXPECT_NE(saved.find("snakesk.jpg"), std::string::npos) << "changes the skin";
+  ASSERT_TRUE(comes("First - Video"));
+  press("ctrl+n");
+  ASSERT_TRUE(comes("New Collection"));
+  press("ctrl+o");
+  ASSERT_TRUE(comes("Open existing Collection"));
+  type(work_ / "driven.INI");
+  press("Return");
+  ASSERT_TRUE(comes("second.avi - Video")) << "opens";
 }
 
 // Over the bus that media keys and applets use.

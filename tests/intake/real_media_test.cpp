@@ -242,5 +242,24 @@ TEST(RealMedia, TagsNamesAndFoldersAreTakenAsTheyAre) {
   EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", "--add", home / "c.INI", media / "none"}).exitCode, 1);
 }
 
+TEST(RealMedia, ACollectionThatIsBegunHasTheSkinOfTheProgram) {
+  const ScratchFolder media;
+  const ScratchFolder home;
+  ::setenv("KVO5_HOME", home.path().c_str(), 1);
+  make(media, kFiles[0]);
+  const auto skinOf = [&](const std::string& collection) {
+    test::runProgram({KVO_PROGRAMS "/kvo5", "--add", collection, media / kFiles[0].name});
+    const Saved saved(collection);
+    EXPECT_EQ(saved.collection.MovieList.count(), 1);
+    return saved.settings.preferences().SkinPath;
+  };
+  EXPECT_EQ(skinOf(home / "first.INI"), "Def");
+  PosixFiles files;
+  auto own = files.read(home / "first.INI", 1U << 20U).value();
+  own.replace(own.find("= Def"), 5, "= /s/mine.jpg");
+  ASSERT_TRUE(writeDurably(files, home / "KVO5.INI", own));
+  EXPECT_EQ(skinOf(home / "second.INI"), "/s/mine.jpg");
+}
+
 }  // namespace
 }  // namespace kvo

@@ -181,6 +181,24 @@ TEST(CollectionCommands, SaveTakesTheNameAndTellsOfFailure) {
   EXPECT_EQ(b.dialogs.asked.back().folder, "/c/") << "and starts there the next time";
 }
 
+TEST(CollectionCommands, DialogsBeginWhereTheUserKeepsCollections) {
+  RunningBench b;
+  b.saveCollection("/c/Trip.INI", {"a.avi"});
+  b.desktop.videos = "/u/Videos";
+  const auto folder = [&](bool open) {
+    open ? b.commands.Open() : b.commands.Save();
+    return b.dialogs.asked.back().folder;
+  };
+  EXPECT_EQ(folder(true), "/u/Videos/");
+  EXPECT_EQ(folder(false), "/prog/") << "the one that each start begins with";
+  b.commands.New();
+  EXPECT_EQ(folder(false), "/u/Videos/");
+  b.recent.remember("/c/Trip.INI");  // in an earlier run
+  EXPECT_EQ(folder(true), "/c/");
+  b.settings.adjust().ColLoadFrom = "/d/";
+  EXPECT_EQ(folder(true) + folder(false), "/d//d/");
+}
+
 TEST(CollectionCommands, NewAsksAndEmpties) {
   RunningBench b;
   b.listCommands.remove();

@@ -124,7 +124,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
 [&Minimum Details Mode]
 [Stay on T&op]
 [S&kin] { [Default Skin] [*Plastique] [Snake Skin] [Waves] [Choose a Skin...] }
-[Interface si&ze] { [*&By screen] [&1x] [1.2&5x] [1.5&x] (&2x) }
+[Interface si&ze] { [*&By screen] [&1x] [1.2&5x] [1.5&x] (&2x) - [+Tool &tips] }
 -
 [E&xit Ctrl+Q]
 )");
@@ -176,6 +176,11 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
       << "what loops does not rewind";
   EXPECT_TRUE(b.window.menu.mnu_LoopCol && b.window.face.stayOnTop);
   EXPECT_EQ(b.store.all["SliderSpeed"], "200");
+  for (const bool on : {false, true}) {
+    b.menu.choose({ToolTips});
+    EXPECT_EQ(b.window.face.toolTips, on);
+    EXPECT_EQ(b.settings.state.ToolTipsOn != 0, on);
+  }
   b.menu.choose({InterfaceSize, 5});
   b.menu.choose({Skin, 0});
   b.menu.choose({FreeZoom});

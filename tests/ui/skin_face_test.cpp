@@ -66,24 +66,30 @@ TEST_F(SkinPainting, PutsThePictureALittleToTheLeftAndFillsTheStrip) {
   }
 }
 
-TEST_F(SkinPainting, ReadsThePictureAnewForAnotherSizeAndDoesWithoutOneThatIsGone) {
+TEST_F(SkinPainting, ReadsThePictureAnewForAnotherSizeAndKeepsOneThatIsGone) {
   QImage pixel(1, 1, QImage::Format_RGB32);
   pixel.fill(0xFF204060);
   const auto skin = keep("one.png", pixel);
-  SkinFace face(reading_, {kWindow, 1, 1});
+  std::string log;
+  SkinFace face(reading_, {kWindow, 1, 1}, {}, [&](const std::string& line) { log += line; });
   ASSERT_TRUE(face.load(skin));
   EXPECT_FALSE(face.load(folder_ / "none.png"));
-  const auto cornerAt = [&](double size) {
+  const auto cornerOf = [&](double size, const std::string& path) {
     face.resize({kWindow * size, size, 1});
     const auto image =
-        painted({kWindow * size, size, 1}, [&](QPainter& painter) { face.PaintPicture(painter, skin); });
+        painted({kWindow * size, size, 1}, [&](QPainter& painter) { face.PaintPicture(painter, path); });
     return image.pixel(image.width() - 1, image.height() - 1);
   };
+  const auto cornerAt = [&](double size) { return cornerOf(size, skin); };
   EXPECT_EQ(cornerAt(1), 0xFF204060);
   EXPECT_EQ(cornerAt(2), 0xFF204060);
   std::filesystem::remove(skin);
   EXPECT_EQ(cornerAt(2), 0xFF204060) << "what is painted stays";
-  EXPECT_EQ(cornerAt(1), 0xFF000000 | token("ink1"));
+  EXPECT_EQ(log, "");
+  EXPECT_EQ(cornerAt(1), 0xFF204060);
+  EXPECT_NE(log.find("one.png"), std::string::npos);
+  EXPECT_EQ(cornerAt(1.5), 0xFF204060);
+  EXPECT_EQ(cornerOf(1.5, folder_ / "none.png"), 0xFF000000 | token("ink1")) << "another is not that one";
 }
 
 TEST_F(SkinPainting, OnlyThePicturesOfTheProgramAreThereForSeveralSizes) {

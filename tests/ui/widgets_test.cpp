@@ -234,6 +234,11 @@ TEST(ToolTips, TellTheKeysThatDoTheSame) {
   setKeys(key, "Ctrl+Z");
   EXPECT_TRUE(tip().contains("Undo a &lt; b") && tip().contains("Ctrl+Z")) << tip().toStdString();
   EXPECT_EQ(key.accessibleName(), "Undo a < b");
+  QToolTip::hideText();
+  showToolTips(*qApp, false);
+  EXPECT_EQ(tip(), "");
+  showToolTips(*qApp, true);
+  EXPECT_NE(tip(), "");
 }
 
 }  // namespace

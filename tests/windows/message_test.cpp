@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
@@ -125,6 +126,30 @@ TEST(FrmMessageBoxes, OfferNotToBeShownAgain) {
     const auto answer = boxes.showStyled({"Tip", "A tip", "Click OK to continue", true, offers});
     EXPECT_EQ(answer.answer, Answer::Yes);
     EXPECT_EQ(answer.neverAgain, offers);
+  }
+}
+
+TEST(FrmMessageBoxes, TakeALineThatIsTyped) {
+  const struct {
+    const char* typed;
+    Qt::Key key;
+    std::optional<std::string> answer;
+  } rows[] = {{" http://a/n.asx ", Qt::Key_Return, "http://a/n.asx"},
+              {"http://a", Qt::Key_Escape, std::nullopt},
+              {"  ", Qt::Key_Return, std::nullopt}};
+  FrmMessageBoxes boxes;
+  for (const auto& row : rows) {
+    whenShown([&](MessageWindow& window) {
+      auto* field = window.findChild<QLineEdit*>();
+      ASSERT_EQ(window.focusWidget(), field);
+      EXPECT_EQ(field->accessibleName(), "Enter the URL");
+      QTest::keyClicks(field, row.typed);
+      QTest::keyClick(field, row.key);
+      if (!window.isVisible()) return;
+      EXPECT_EQ(window.typed(), "  ") << "nothing is no answer";
+      QTest::keyClick(field, Qt::Key_Escape);
+    });
+    EXPECT_EQ(boxes.ask("Add Web page to Collection", "Enter the URL          "), row.answer) << row.typed;
   }
 }
 

@@ -1,5 +1,7 @@
 #include "adapters/qt/qt_file_dialogs.h"
 
+#include "ports/translations.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -9,6 +11,8 @@
 
 namespace kvo {
 namespace {
+
+QString told(const std::string& text) { return QCoreApplication::translate(kTextContext, text.c_str()); }
 
 // Dialogs of a desktop may tell capitals from small letters.
 QString inEachCase(const std::string& patterns) {
@@ -23,7 +27,7 @@ QString inEachCase(const std::string& patterns) {
 QStringList filtersOf(const FileQuestion& question) {
   QStringList all;
   for (const auto& filter : question.filters) {
-    all << QString::fromStdString(filter.name).trimmed() + " (" + inEachCase(filter.patterns) + ")";
+    all << told(filter.name).trimmed() + " (" + inEachCase(filter.patterns) + ")";
   }
   return all;
 }
@@ -39,7 +43,7 @@ std::size_t placeOf(const QString& named, const QStringList& filters) {
 
 // Files are only chosen here, never renamed or deleted.
 FileChoice ask(const FileQuestion& question, QFileDialog::AcceptMode accept, QFileDialog::FileMode mode) {
-  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.title));
+  QFileDialog dialog(QApplication::activeWindow(), told(question.title));
   dialog.setAcceptMode(accept);
   dialog.setFileMode(mode);
   dialog.setOption(QFileDialog::ReadOnly, accept == QFileDialog::AcceptOpen);

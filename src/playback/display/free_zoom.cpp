@@ -235,7 +235,7 @@ void Display::tellOfToolbar() {
   parts_.boxes.showStyled({kCaption,
                            "Right click on the Toolbar to activate the remote control\r\n"
                            "Click the the toolbar itself to show the playlist.",
-                           ""});
+                           "Click OK to continue", false, false, BoxIcon::Information});
 }
 
 }  // namespace kvo

@@ -1,6 +1,7 @@
 #include "playback/positions/displays.h"
 
 #include "base/numbers.h"
+#include "core/telling/translated.h"
 #include "playback/positions/section.h"
 
 #include <array>
@@ -32,11 +33,11 @@ std::string minutesAndSeconds(double seconds) {
 }  // namespace
 
 std::string positionLabel(double position, double duration) {
-  return "Time = " + FormatMask(position, "0.00") + " of " + FormatMask(duration, "0.00");
+  return translated("Time = %1 of %2", {FormatMask(position, "0.00"), FormatMask(duration, "0.00")});
 }
 
 std::string framePositionLabel(double frame, double frames) {
-  return "Frame = " + FormatMask(frame, "0") + " of " + FormatMask(frames, "0");
+  return translated("Frame = %1 of %2", {FormatMask(frame, "0"), FormatMask(frames, "0")});
 }
 
 std::string digitsOfSeconds(double seconds, double framesPerSecond) {
@@ -95,7 +96,7 @@ void Displays::DisplayDigital(double position) {
 void Displays::showLabel() {
   const auto& player = parts_.player;
   if (player.PlayerIsEmpty()) {
-    parts_.label = "Waiting for media...";
+    parts_.label = translated("Waiting for media...");
     return;
   }
   const double position = player.PlayerGetCurrentPosition();

@@ -1,6 +1,7 @@
 #include "playback/positions/positioner.h"
 
 #include "base/numbers.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 #include <array>
@@ -61,12 +62,13 @@ void Positioner::show() {
   if (inFrames()) {
     state.unit = "frames";
     state.digits = digitalText(seen.frame);
-    state.reading = FormatMask(at, kSecondsMask) + " of " + FormatMask(core_.slider.duration(), kSecondsMask);
+    state.reading = translated(
+        "%1 of %2", {FormatMask(at, kSecondsMask), FormatMask(core_.slider.duration(), kSecondsMask)});
   } else {
     state.unit = "seconds";
     state.digits = digitalText(at);
-    state.reading = FormatMask(seen.frame, kFramesMask) + " of " +
-                    FormatMask(clip->DurationFrames().number(), kFramesMask);
+    state.reading = translated("%1 of %2", {FormatMask(seen.frame, kFramesMask),
+                                            FormatMask(clip->DurationFrames().number(), kFramesMask)});
   }
 }
 
@@ -87,7 +89,8 @@ bool Positioner::goToTyped() {
   const InMode mode(core_.player, inFrames() ? DisplayMode::Frames : DisplayMode::Seconds);
   const double length = core_.slider.duration();
   if (!core_.canSeek() || to > length) {
-    state.refusal = "The clip has " + FormatMask(length, inFrames() ? "0" : "0.00") + " " + state.unit;
+    state.refusal = translated(inFrames() ? "The clip has %1 frames" : "The clip has %1 seconds",
+                               {FormatMask(length, inFrames() ? "0" : "0.00")});
     return false;
   }
   state.typed.clear();

@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/failures.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 #include <array>
@@ -63,7 +64,7 @@ void StreamOpening::ShowStreamWMP(int number) {
   core_.display.PositionAndSize();
   say("Locating Server - Please wait..");
   core_.host.showList(false);
-  core_.host.caption("KVO Web Stream");
+  core_.host.caption(translated("KVO Web Stream"));
   if (!mayConnect(name)) return;
   say("Locating Server....");
   core_.player.PlayerSetAutoStart(false);
@@ -110,7 +111,8 @@ void StreamOpening::wait(const StreamReport& report) {
   label.lit = !label.lit;
   if (report.opening != EngineOpening::Buffering) return say("Connecting...");
   const bool several = !isAddress(core_.clip()->MovieName());  // a file that tells of one stream or more
-  say((several ? "Multi Stream Progress = " : "Buffering Progress = ") + std::to_string(percent));
+  say(translated(several ? "Multi Stream Progress = %1" : "Buffering Progress = %1",
+                 {std::to_string(percent)}));
 }
 
 void StreamOpening::plays() {
@@ -123,7 +125,7 @@ void StreamOpening::plays() {
   core_.host.showList(true);
   core_.display.PositionAndSize();
   core_.state.stream.Lbl_StreamInfo = true;
-  if (core_.player.PlayerGetSourceWidth() == 0) core_.host.caption("KVO5 Web Audio Stream");
+  if (core_.player.PlayerGetSourceWidth() == 0) core_.host.caption(translated("KVO5 Web Audio Stream"));
   opened_(core_.icurMov());
 }
 
@@ -167,7 +169,8 @@ void StreamOpening::watch() {
   if (report.opening == EngineOpening::Failed) return fail();
   auto& labels = core_.state.stream;
   const bool fills = report.opening == EngineOpening::Buffering || report.buffered < 100;
-  labels.bandwidth = report.bandwidth > 0 ? FormatMask(report.bandwidth, "##") + " bps" : std::string();
+  labels.bandwidth =
+      report.bandwidth > 0 ? translated("%1 bps", {FormatMask(report.bandwidth, "##")}) : std::string();
   labels.title = report.title + (report.author.empty() ? "" : " - " + report.author);
   labels.progress = fills ? std::to_string(report.buffered) + "%  @ " + std::to_string(report.bandwidth) : "";
   labels.buffer = fills || (report.bandwidth > 0 && report.bandwidth < kSlow);

@@ -1,6 +1,7 @@
 // How a clip comes into the player, or on the other surfaces.
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "intake/asx_stream.h"
 #include "playback/captions.h"
 #include "playback/transport/transport.h"
@@ -112,7 +113,8 @@ void Transport::showElsewhere(const Movie& clip) {
   const auto file = clipFile(clip);
   const bool shown = isAddress(file) ? core_.desktop.openPage(file) : core_.desktop.openFile(file);
   core_.state.lbl_Novid = {
-      .text = clip.MovieName() + (shown ? " is shown by another program" : " has no program that shows it")};
+      .text = translated(shown ? "%1 is shown by another program" : "%1 has no program that shows it",
+                         {clip.MovieName()})};
   core_.mode.panels.Pic_NoVid = true;
 }
 
@@ -142,7 +144,7 @@ void Transport::showDisc(int number) {
   core_.state.tips = kDiscTips;
   core_.player.Med_previewClear();
   core_.player.CoronaClear();
-  core_.host.caption("KVO V5 CD-Audio");
+  core_.host.caption(translated("KVO V5 CD-Audio"));
   if (core_.guests.disc != nullptr) core_.guests.disc->CDAudioDisplayMode(number);
   core_.timers.Timer1.setInterval(kDiscMonitorInterval);
   core_.timers.Timer1.start();
@@ -211,15 +213,11 @@ void Transport::fileLoaded() {
 void Transport::tellOfFile(const Movie& clip) {
   const auto file = clipFile(clip);
   const auto why = core_.player.PlayerGetErrorDescription();
-  auto text = clip.MovieName();
-  if (!core_.files.exists(file)) {
-    text += " is not there any more";
-  } else {
-    text += " cannot be played";
-    const auto colon = file + ": ";
-    if (const auto at = why.find(colon); at != std::string::npos)
-      text.append(kCrLf).append(why, at + colon.size());
-  }
+  const bool there = core_.files.exists(file);
+  auto text = translated(there ? "%1 cannot be played" : "%1 is not there any more", {clip.MovieName()});
+  const auto named = file + ": ";
+  if (const auto at = why.find(named); there && at != std::string::npos)
+    text.append(kCrLf).append(why, at + named.size());
   core_.state.lbl_Novid = {.text = std::move(text)};
   core_.mode.panels.Pic_NoVid = true;
 }

@@ -22,6 +22,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QSlider>
 #include <QSpinBox>
 #include <QStyleOption>
@@ -78,7 +79,7 @@ class StateGrid : public QWidget {
   StateGrid() : grid_(made<QGridLayout>(this)) {
     grid_->setContentsMargins(16, 16, 16, 16);
     grid_->setHorizontalSpacing(24);
-    grid_->setVerticalSpacing(16);
+    grid_->setVerticalSpacing(10);
     for (std::size_t i = 0; i < kStates.size(); ++i) {
       grid_->addWidget(label(kStateNames[i], "hint"), 0, static_cast<int>(i) + 1, Qt::AlignCenter);
     }
@@ -317,14 +318,23 @@ QWidget* messagesPage() {
   return page;
 }
 
+// On a screen that is lower than the page.
+QWidget* scrolled(QWidget* page) {
+  auto* area = made<QScrollArea>();
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setWidget(page);
+  return area;
+}
+
 }  // namespace
 
 Gallery::Gallery(QWidget* parent) : QTabWidget(parent) {
   setWindowTitle("KVO5 - Widgets");
-  addTab(statesPage(), "States");
-  addTab(listsPage(), "Lists");
-  addTab(messagesPage(), "Messages");
-  resize(1000, 780);
+  addTab(scrolled(statesPage()), "States");
+  addTab(scrolled(listsPage()), "Lists");
+  addTab(scrolled(messagesPage()), "Messages");
+  resize(1000, 720);  // with a frame it fits a screen of 768 lines
 }
 
 }  // namespace kvo

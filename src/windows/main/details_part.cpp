@@ -1,8 +1,8 @@
 #include "windows/main/details_part.h"
 
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "windows/main/key_label.h"
-#include "windows/main/texts.h"
 
 #include <utility>
 
@@ -62,13 +62,13 @@ void DetailsPart::layOut(const FaceScale& scale) {
 
 void DetailsPart::draw(Rgb colour) {
   for (std::size_t i = 0; i < pairs_.size(); ++i) {
-    pairs_[i].caption->write(shown(state_.pairs[i].caption));
+    pairs_[i].caption->write(told(state_.pairs[i].caption));
     pairs_[i].value->write(shown(state_.pairs[i].value));
     pairs_[i].value->setColour(colour);
   }
   const auto& tip = state_.pairs[kCodecPair].tip;
   codecKey_->setVisible(!tip.empty());
-  codecKey_->setName(plainTip(tip));
+  codecKey_->setName(plainTip(told(tip)));
 }
 
 }  // namespace kvo

@@ -1,14 +1,15 @@
 #include "windows/main/empty_pane_part.h"
 
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/part_pictures.h"
 #include "windows/main/plate.h"
-#include "windows/main/texts.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QRadialGradient>
+#include <array>
 
 namespace kvo {
 namespace {
@@ -24,6 +25,8 @@ constexpr double kDisc = 20;
 constexpr double kDiscGap = 7;
 constexpr double kChevron = 14;
 constexpr double kChevronGap = 16;  // on both of its sides
+constexpr const char* kHintText = "or click here, or drop clips, stills and music on the window";
+constexpr std::array kStepTexts = {"Add clips", "Put them in order", "Create Movie"};
 
 }  // namespace
 
@@ -38,11 +41,11 @@ void EmptyPanePart::layOut(const FaceScale& scale) {
 }
 
 void EmptyPanePart::draw() {
-  const auto prompt = shown(state_.NoMediaPrompt);
+  const auto prompt = told(state_.NoMediaPrompt);
   if (prompt == text()) return;
   setText(prompt);
   setAccessibleName(prompt);
-  setAccessibleDescription(shown(state_.hint));
+  setAccessibleDescription(tr(kHintText));
   update();
 }
 
@@ -73,7 +76,7 @@ void EmptyPanePart::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(placedIn(*this, scale_, kPrompt), Qt::AlignCenter, text());
   painter.setPen(toColour(token("text2")));
   painter.setFont(scale_.text(11.5));
-  painter.drawText(placedIn(*this, scale_, kHint), Qt::AlignCenter, shown(state_.hint));
+  painter.drawText(placedIn(*this, scale_, kHint), Qt::AlignCenter, tr(kHintText));
   drawSteps(painter);
 }
 
@@ -81,13 +84,14 @@ void EmptyPanePart::paintEvent(QPaintEvent* /*event*/) {
 // are.
 void EmptyPanePart::drawSteps(QPainter& painter) const {
   const auto font = scale_.text(11.5, QFont::Medium);
-  const auto widthOf = [&](const std::string& text) {
-    return QFontMetricsF(font, this).horizontalAdvance(shown(text)) / scale_.size();
+  const auto widthOf = [&](const QString& text) {
+    return QFontMetricsF(font, this).horizontalAdvance(text) / scale_.size();
   };
   double all = -kChevron - 2 * kChevronGap;
-  for (const auto& step : state_.steps) all += kDisc + kDiscGap + widthOf(step) + kChevron + 2 * kChevronGap;
+  for (const auto* step : kStepTexts)
+    all += kDisc + kDiscGap + widthOf(tr(step)) + kChevron + 2 * kChevronGap;
   double left = kSteps.center().x() - all / 2;
-  for (std::size_t i = 0; i < state_.steps.size(); ++i) {
+  for (std::size_t i = 0; i < kStepTexts.size(); ++i) {
     if (i > 0) {
       left += kChevronGap;
       const auto place =
@@ -106,9 +110,9 @@ void EmptyPanePart::drawSteps(QPainter& painter) const {
     left += kDisc + kDiscGap;
     painter.setPen(toColour(token("text2")));
     painter.setFont(font);
-    const double width = widthOf(state_.steps[i]);
+    const double width = widthOf(tr(kStepTexts[i]));
     painter.drawText(placedIn(*this, scale_, {left, kSteps.top(), width + 2, kSteps.height()}),
-                     Qt::AlignVCenter | Qt::AlignLeft, shown(state_.steps[i]));
+                     Qt::AlignVCenter | Qt::AlignLeft, tr(kStepTexts[i]));
     left += width;
   }
 }

@@ -2,8 +2,8 @@
 
 #include "ui/compositing.h"
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
-#include "windows/main/texts.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -51,7 +51,7 @@ void RoundMenu::fill(const std::vector<MenuEntry>& entries,
       continue;
     }
     if (!entry.entries.empty()) {
-      auto* below = made<RoundMenu>(shown(entry.caption), this);
+      auto* below = made<RoundMenu>(told(entry.caption), this);
       below->setEnabled(entry.enabled);
       below->fill(entry.entries, choose);
       addMenu(below);
@@ -59,9 +59,9 @@ void RoundMenu::fill(const std::vector<MenuEntry>& entries,
     }
     // The text behind a tab stands at the right; the shortcut itself is not the menu's.
     const auto shortcut = entry.shortcut.empty() ? QString() : '\t' + shown(entry.shortcut);
-    auto* action = addAction(shown(entry.caption) + shortcut);
+    auto* action = addAction(told(entry.caption) + shortcut);
     action->setEnabled(entry.enabled);
-    action->setToolTip(plainTip(entry.tip));
+    action->setToolTip(plainTip(shown(entry.tip)));
     action->setCheckable(entry.mark != MenuMark::None);
     action->setChecked(entry.mark != MenuMark::None);
     if (entry.mark == MenuMark::Dot) action->setActionGroup(&dots_);

@@ -2,9 +2,9 @@
 
 #include "playback/display/layout.h"
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/hover_part.h"
-#include "windows/main/texts.h"
 #include "windows/main/transport_acts.h"
 
 #include <QCursor>
@@ -124,8 +124,8 @@ void FreeZoomFace::draw() {
     toolbar_->layOut(scale_);
     hover_->layOut(scale_);
   }
-  const auto caption =
-      shown(state_.mode.window.caption.empty() ? state_.face.caption : state_.mode.window.caption);
+  const auto own = told(state_.mode.window.caption);
+  const auto caption = own.isEmpty() ? shown(state_.face.caption) : own;
   if (caption != windowTitle()) setWindowTitle(caption);
   takeShape();
   toolbar_->draw();

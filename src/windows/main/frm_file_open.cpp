@@ -1,7 +1,8 @@
 #include "windows/main/frm_file_open.h"
 
+#include "ui/texts.h"
 #include "ui/theme.h"
-#include "windows/main/texts.h"
+#include "ui/tool_tips.h"
 
 #include <QApplication>
 #include <QWindow>
@@ -56,6 +57,7 @@ void FrmFileOpen::draw() {
   if (std::exchange(drawing_, true)) return;
   if (settled_) settled_();
   if (themeSize() != state_.mode.interfaceSize) setThemeSize(*qApp, state_.mode.interfaceSize);
+  showToolTips(*qApp, state_.face.toolTips);
   constexpr int kMostRounds = 3;
   for (int round = 0; again_ && round < kMostRounds; ++round) {
     again_ = false;

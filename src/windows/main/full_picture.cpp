@@ -1,7 +1,7 @@
 #include "windows/main/full_picture.h"
 
 #include "ui/made.h"
-#include "windows/main/texts.h"
+#include "ui/texts.h"
 #include "windows/main/transport_acts.h"
 
 #include <QScreen>

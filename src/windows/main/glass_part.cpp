@@ -3,9 +3,9 @@
 #include "ui/digit_display.h"
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/key_label.h"
-#include "windows/main/texts.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -38,7 +38,7 @@ constexpr QRectF kLoudspeaker(525.5, 340, 14, 14);
 constexpr auto kUnlitDigits = "88:88:8888";
 
 struct Lamp {
-  const char* text;
+  QString text;
   bool lit;
 };
 
@@ -90,18 +90,18 @@ bool GlassPart::showsStream() const { return panels_.Lbl_StreamInfo.visible && s
 
 void GlassPart::describe() {
   digits_->setEnabled(digitsLit());
-  digits_->setToolTip(plainTip(state_.digitsTip));
+  digits_->setToolTip(plainTip(told(state_.digitsTip)));
   digits_->setAccessibleDescription(digitsLit() ? shown(state_.digits) : QString());
   rate_->setEnabled(!state_.rate.empty());
   rate_->setAccessibleDescription(shown(state_.rate));
   level_->setEnabled(state_.sound);
-  QStringList told;
-  if (digitsLit()) told << shown(state_.digits);
-  if (lamps_.mnu_Looping) told << tr("loops");
-  if (lamps_.mnu_RewAtEnd) told << tr("rewinds at the end");
-  if (lamps_.mnu_LoopCol) told << tr("repeats all clips");
-  if (!state_.rate.empty()) told << tr("rate %1").arg(shown(state_.rate));
-  if (state_.sound) told << tr("volume %1 per cent").arg(state_.volume);
+  QStringList words;
+  if (digitsLit()) words << shown(state_.digits);
+  if (lamps_.mnu_Looping) words << tr("loops");
+  if (lamps_.mnu_RewAtEnd) words << tr("rewinds at the end");
+  if (lamps_.mnu_LoopCol) words << tr("repeats all clips");
+  if (!state_.rate.empty()) words << tr("rate %1").arg(shown(state_.rate));
+  if (state_.sound) words << tr("volume %1 per cent").arg(state_.volume);
   rate_->setVisible(!showsStream());
   level_->setVisible(!showsStream());
   streamKey_->setVisible(showsStream());
@@ -111,12 +111,12 @@ void GlassPart::describe() {
       if (!text.empty()) stream << shown(text);
     }
     if (stream_.buffer) stream << tr("Buffering");
-    told << stream;
+    words << stream;
   }
-  setToolTip(plainTip(stream.join("\n").toStdString()));
+  setToolTip(plainTip(stream.join("\n")));
   streamKey_->setToolTip(toolTip());
   setAccessibleName(tr("Display"));
-  setAccessibleDescription(told.join(", "));
+  setAccessibleDescription(words.join(", "));
 }
 
 void GlassPart::paintEvent(QPaintEvent* /*event*/) {
@@ -150,26 +150,26 @@ void GlassPart::drawDigits(QPainter& painter) const {
 // From the right to the left, so that they stand clear of the rate in each type face. One that is lit gains a
 // ground and brighter ink.
 void GlassPart::drawLamps(QPainter& painter) const {
-  const std::array lamps = {Lamp{"ALL", lamps_.mnu_LoopCol}, Lamp{"REWIND", lamps_.mnu_RewAtEnd},
-                            Lamp{"LOOP", lamps_.mnu_Looping}};
+  const std::array lamps = {Lamp{tr("ALL"), lamps_.mnu_LoopCol}, Lamp{tr("REWIND"), lamps_.mnu_RewAtEnd},
+                            Lamp{tr("LOOP"), lamps_.mnu_Looping}};
   auto font = scale_.text(kLampText, QFont::DemiBold);
   font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4 * scale_.size());
   painter.setFont(font);
-  const auto widthOf = [&](const char* text) {
+  const auto widthOf = [&](const QString& text) {
     return QFontMetricsF(font, this).horizontalAdvance(text) / scale_.size();
   };
-  const double room = kLampsEnd - kDigitsEnd - widthOf("LOOPREWINDALL") - 2 * kLampGap;
+  const double room =
+      kLampsEnd - kDigitsEnd - widthOf(lamps[0].text + lamps[1].text + lamps[2].text) - 2 * kLampGap;
   const double padding = std::clamp(room / 6, kLeastLampPadding, kLampPadding);
   double right = kLampsEnd;
   for (const auto& lamp : lamps) {
-    const auto text = QString::fromLatin1(lamp.text);
     const double width = widthOf(lamp.text) + 2 * padding;
     const auto box = placedIn(*this, scale_, {right - width, kLamp.top(), width, kLamp.height()});
     painter.setPen(QPen(toColour(lamp.lit ? token("teal") : token("line1")), scale_.hairline()));
     painter.setBrush(lamp.lit ? QBrush(toColour(token("tealBg"))) : QBrush(Qt::NoBrush));
     painter.drawRoundedRect(onPixels(box), 3 * scale_.size(), 3 * scale_.size());
     painter.setPen(toColour(lamp.lit ? token("tealHi") : token("text3")));
-    painter.drawText(box, Qt::AlignCenter, text);
+    painter.drawText(box, Qt::AlignCenter, lamp.text);
     right -= width + kLampGap;
   }
 }

@@ -1,10 +1,10 @@
 #include "windows/main/hover_part.h"
 
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/frame_pixmap.h"
 #include "windows/main/plate.h"
-#include "windows/main/texts.h"
 
 #include <QPainter>
 #include <algorithm>

@@ -2,9 +2,9 @@
 
 #include "ui/kvo_but.h"
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "ui/tool_tips.h"
 #include "windows/main/key_label.h"
-#include "windows/main/texts.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -232,7 +232,7 @@ void KeysPart::setStepTips(const TransportTips& tips) {
   for (std::size_t i = 0; i < kLabels; ++i) {
     const auto& row = kKeyRows[i];
     if (row.step != Step::Rew5 && row.step != Step::Adv5) continue;
-    const auto tip = plainTip(row.step == Step::Rew5 ? tips.rewind : tips.advance);
+    const auto tip = plainTip(told(row.step == Step::Rew5 ? tips.rewind : tips.advance));
     labels_[i]->setName(tip.isEmpty() ? keyName(row.name) : tip);
   }
 }

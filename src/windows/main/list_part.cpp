@@ -4,10 +4,10 @@
 #include "ui/kvo_but.h"
 #include "ui/made.h"
 #include "ui/skin_face.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
 #include "windows/main/dropped_files.h"
-#include "windows/main/texts.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
@@ -175,7 +175,7 @@ void ListPart::setLook() {
 void ListPart::draw(Rgb colour) {
   drawing_ = true;
   caption_->write(shown(state_.caption));
-  if (const auto tip = plainTip(state_.tip); tip != list_->toolTip()) list_->setToolTip(tip);
+  if (const auto tip = plainTip(shown(state_.tip)); tip != list_->toolTip()) list_->setToolTip(tip);
   if (std::exchange(colour_, colour) != colour) setLook();
   if (std::exchange(shownRevision_, state_.Fillist.revision()) != state_.Fillist.revision()) fill();
   showChosen();

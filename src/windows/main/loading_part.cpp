@@ -2,8 +2,8 @@
 
 #include "ui/made.h"
 #include "ui/progress_bar.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
-#include "windows/main/texts.h"
 
 #include <QKeyEvent>
 
@@ -59,10 +59,10 @@ void LoadingPart::draw() {
     hide();
     return shownOrNot_();
   }
-  const auto lines = shown(state_.status).split("\r\n");
+  const auto lines = told(state_.status).split("\r\n");
   what_->write(lines.value(0));
   which_->write(lines.value(1));
-  abort_->write(shown(state_.abortText));
+  abort_->write(told(state_.abortText));
   setAccessibleDescription(lines.join(", "));
   bar_->setRange(0, state_.total);
   bar_->setValue(state_.done);

@@ -2,11 +2,11 @@
 
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/frame_pixmap.h"
 #include "windows/main/resume_chip.h"
 #include "windows/main/stream_chip.h"
-#include "windows/main/texts.h"
 
 #include <QImage>
 #include <QMouseEvent>
@@ -41,7 +41,7 @@ PictureBox::Sign PictureBox::sign() const {
   if (showsLabel(state_)) {
     const auto& label = state_.transport.lbl_Novid;
     const auto plain = label.stream ? token("teal") : token("text2");
-    return {label.stream ? "globe" : "warn", shown(label.text), label.lit ? token("text1") : plain,
+    return {label.stream ? "globe" : "warn", told(label.text), label.lit ? token("text1") : plain,
             label.stops ? tr("Click to stop") : QString()};
   }
   switch (clip->kind) {
@@ -75,7 +75,7 @@ void PictureBox::draw() {
   drawn_ = now;
   setAccessibleName(now.icon == nullptr ? tr("Picture") : now.text.simplified());
   setAccessibleDescription(now.act);
-  setToolTip(state_.picture.picture == nullptr ? plainTip(state_.picture.fault) : QString());
+  setToolTip(state_.picture.picture == nullptr ? plainTip(shown(state_.picture.fault)) : QString());
   update();
 }
 

@@ -2,8 +2,8 @@
 
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
-#include "windows/main/texts.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

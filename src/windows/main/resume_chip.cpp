@@ -1,9 +1,9 @@
 #include "windows/main/resume_chip.h"
 
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/face_scale.h"
-#include "windows/main/texts.h"
 
 #include <QFontMetrics>
 #include <QPainter>

@@ -5,6 +5,7 @@
 #include "ui/cool_list_view.h"
 #include "ui/logo.h"
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/details_part.h"
 #include "windows/main/empty_pane_part.h"
@@ -15,7 +16,6 @@
 #include "windows/main/picture_part.h"
 #include "windows/main/slider_part.h"
 #include "windows/main/summary_part.h"
-#include "windows/main/texts.h"
 #include "windows/main/title_rail_part.h"
 #include "windows/main/transport_acts.h"
 #include "windows/main/volume_part.h"
@@ -247,7 +247,7 @@ void SkinnedFace::drawParts() {
   empty_->setEnabled(state_.face.controlsEnabled);
   loading_->draw();
   keys_->setStepTips(state_.transport.tips);
-  keys_->setMiniTip(plainTip(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip));
+  keys_->setMiniTip(plainTip(told(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip)));
 }
 
 void SkinnedFace::drawHover() { hover_->drawOver(slider_->mapTo(this, slider_->over(state_.hover.part))); }

@@ -1,8 +1,8 @@
 #include "windows/main/summary_part.h"
 
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "windows/main/icon_key.h"
-#include "windows/main/texts.h"
 
 namespace kvo {
 namespace {

@@ -1,9 +1,9 @@
 #include "windows/main/title_rail_part.h"
 
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "ui/tool_tips.h"
 #include "windows/main/icon_key.h"
-#include "windows/main/texts.h"
 
 namespace kvo {
 namespace {
@@ -18,7 +18,7 @@ constexpr double kRailIcon = 13;
 // The key of a step that can be taken back or done again; its tip names it.
 void drawStep(IconKey& key, const std::string& step, const QString& nothing) {
   key.setEnabled(!step.empty());
-  key.setToolTip(step.empty() ? nothing : plainTip(step));
+  key.setToolTip(step.empty() ? nothing : plainTip(shown(step)));
 }
 
 }  // namespace

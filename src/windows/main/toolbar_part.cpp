@@ -3,10 +3,10 @@
 #include "playback/display/layout.h"
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/main/part_pictures.h"
 #include "windows/main/slider_handle.h"
-#include "windows/main/texts.h"
 #include "windows/main/tool_key.h"
 
 #include <QMouseEvent>
@@ -133,9 +133,9 @@ bool ToolbarPart::isLit(HitLabel label) const {
 
 QString ToolbarPart::tipOf(HitLabel label) const {
   const auto step = stepOf(label);
-  if (step != Step::Rew5 && step != Step::Adv5) return plainTip(state_.mode.toolbar[label].toolTip);
+  if (step != Step::Rew5 && step != Step::Adv5) return plainTip(told(state_.mode.toolbar[label].toolTip));
   const auto& tips = state_.transport.tips;
-  const auto tip = plainTip(step == Step::Rew5 ? tips.rewind : tips.advance);
+  const auto tip = plainTip(told(step == Step::Rew5 ? tips.rewind : tips.advance));
   return tip.isEmpty() ? tr(kTools[static_cast<std::size_t>(label)].name) : tip;
 }
 

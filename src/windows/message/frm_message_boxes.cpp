@@ -1,5 +1,6 @@
 #include "windows/message/frm_message_boxes.h"
 
+#include "ui/texts.h"
 #include "windows/message/message_window.h"
 
 #include <QApplication>
@@ -10,10 +11,9 @@
 namespace kvo {
 namespace {
 
-QString textOf(const std::string& text) { return QString::fromStdString(text); }
-
 QStringList linesOf(const std::string& text) {
-  auto lines = textOf(text).remove('\r').split('\n');
+  QStringList lines;
+  for (const auto& line : shown(text).remove('\r').split('\n')) lines << told(line.toStdString());
   while (lines.size() > 1 && lines.back().isEmpty()) lines.pop_back();
   return lines;
 }
@@ -63,7 +63,7 @@ QString tr(const char* text) { return QCoreApplication::translate("kvo::FrmMessa
 
 QString keyText(Answer answer, const Box& box) {
   for (const auto& [from, to] : box.renamed) {
-    if (from == nameOf(answer)) return textOf(to);
+    if (from == nameOf(answer)) return told(to);
   }
   return tr(nameOf(answer));
 }
@@ -77,15 +77,19 @@ QWidget* windowBelow() {
   return nullptr;
 }
 
-StyledAnswer asked(MessageQuestion question, const Box& box) {
+MessageQuestion madeOf(MessageQuestion question, const Box& box) {
   question.answers = answersOf(box.buttons);
   question.face.sign = signOf(box.icon);
-  question.face.caption = textOf(box.caption);
+  question.face.caption = told(box.caption);
   question.face.lines = linesOf(box.text);
   question.face.keys.clear();
   for (const auto answer : question.answers) question.face.keys << keyText(answer, box);
   question.seconds = box.seconds;
-  return MessageWindow(question, windowBelow()).ask();
+  return question;
+}
+
+StyledAnswer asked(const MessageQuestion& question, const Box& box) {
+  return MessageWindow(madeOf(question, box), windowBelow()).ask();
 }
 
 }  // namespace
@@ -98,12 +102,25 @@ Answer FrmMessageBoxes::show(const Box& box) {
 StyledAnswer FrmMessageBoxes::showStyled(const StyledBox& box) {
   ahead_();
   MessageQuestion question;
-  question.face.prompt = textOf(box.prompt);
+  question.face.prompt = told(box.prompt);
   if (box.offersNeverAgain) question.face.neverAgain = tr("Never show this message again");
   return asked(question, {.caption = box.caption,
                           .text = box.message,
                           .buttons = box.yesAndNo ? BoxButtons::YesNo : BoxButtons::Ok,
                           .icon = box.icon});
+}
+
+std::optional<std::string> FrmMessageBoxes::ask(const std::string& title, const std::string& prompt) {
+  ahead_();
+  MessageQuestion question;
+  question.face.asksForText = true;
+  MessageWindow window(madeOf(question, {.caption = title,
+                                         .text = told(prompt).trimmed().toStdString(),
+                                         .buttons = BoxButtons::OkCancel,
+                                         .icon = BoxIcon::Question}),
+                       windowBelow());
+  if (window.ask().answer != Answer::Ok) return std::nullopt;
+  return window.typed().trimmed().toStdString();
 }
 
 }  // namespace kvo

@@ -13,6 +13,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPropertyAnimation>
 #include <QPushButton>
 #include <QStyle>
@@ -61,7 +62,14 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
   connect(card_->closeKey(), &QAbstractButton::clicked, [this] { reject(); });
   connect(&tick_, &QTimer::timeout, [this] { countDown(); });
   card_->keys().front()->setDefault(true);
-  card_->keys().front()->setFocus(Qt::ActiveWindowFocusReason);
+  if (auto* field = card_->field(); field != nullptr) {
+    const auto allow = [this] { card_->keys().front()->setEnabled(!typed().trimmed().isEmpty()); };
+    connect(field, &QLineEdit::textChanged, allow);
+    allow();
+    field->setFocus(Qt::ActiveWindowFocusReason);
+  } else {
+    card_->keys().front()->setFocus(Qt::ActiveWindowFocusReason);
+  }
 }
 
 StyledAnswer MessageWindow::ask() {
@@ -74,6 +82,8 @@ StyledAnswer MessageWindow::ask() {
   tick_.stop();
   return {given_, card_->neverAgain() != nullptr && card_->neverAgain()->isChecked()};
 }
+
+QString MessageWindow::typed() const { return card_->field() != nullptr ? card_->field()->text() : QString(); }
 
 void MessageWindow::answer(std::size_t key) {
   given_ = answers_[key];

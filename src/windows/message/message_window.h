@@ -1,6 +1,7 @@
 // One message as a window of its own: the card, moved by its face, with its shadow where there is a
 // compositor. Enter presses the key that has the focus, which at first is the primary one; Esc and the cross
-// give the harmless answer; the first letter of a key presses it; Copy copies the text.
+// give the harmless answer; the first letter of a key presses it; Copy copies the text. A field has the focus
+// where there is one, and the letters.
 #pragma once
 
 #include "ports/message_boxes.h"
@@ -27,6 +28,8 @@ class MessageWindow : public QDialog {
 
   /// Shows it until it is answered.
   StyledAnswer ask();
+  /// What is in the field; empty without one.
+  [[nodiscard]] QString typed() const;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

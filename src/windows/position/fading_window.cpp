@@ -1,6 +1,7 @@
 #include "windows/position/fading_window.h"
 
 #include "ui/level_lights.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 
 #include <QLabel>
@@ -46,8 +47,8 @@ void FadingWindow::layOut() {
 
 void FadingWindow::draw(QWidget* owner, const QPointF& part) {
   if (!state_.visible) return hide();
-  title_->setText(QString::fromStdString(state_.title));
-  value_->setText(QString::fromStdString(state_.value));
+  title_->setText(told(state_.title));
+  value_->setText(told(state_.value));
   lights_->setLevel(state_.lights);
   setAccessibleName(title_->text() + " " + value_->text());
   if (!state_.faded) {

@@ -1,6 +1,7 @@
 #include "windows/position/frm_markers.h"
 
 #include "ui/made.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 
 #include <QCloseEvent>
@@ -51,7 +52,7 @@ void FrmMarkers::standBeside(const QWidget& owner) {
 
 void FrmMarkers::draw(QWidget* owner) {
   if (!state_.visible) return hide();
-  setWindowTitle(QString::fromStdString(state_.title));
+  setWindowTitle(told(state_.title));
   if (std::exchange(revision_, state_.list.revision()) != state_.list.revision()) {
     list_->clear();
     for (const auto& line : state_.list.rows()) list_->addItem(QString::fromStdString(line));

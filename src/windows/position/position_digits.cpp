@@ -2,6 +2,7 @@
 
 #include "ui/digit_display.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 
 #include <QKeyEvent>
@@ -35,7 +36,7 @@ void PositionDigits::draw() {
   if (drawn_ == state_) return;
   drawn_ = state_;
   const auto& digits = state_.typed.empty() ? state_.digits : state_.typed;
-  setAccessibleDescription(QString::fromStdString(digits + " " + state_.unit));
+  setAccessibleDescription(QString::fromStdString(digits) + " " + told(state_.unit));
   update();
 }
 
@@ -95,7 +96,7 @@ void PositionDigits::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(font);
   painter.setPen(toColour(token("text2")));
   painter.drawText(QRectF(side.left(), 0, side.width(), height() / 2.0 - 2),
-                   Qt::AlignHCenter | Qt::AlignBottom, QString::fromStdString(state_.unit));
+                   Qt::AlignHCenter | Qt::AlignBottom, told(state_.unit));
   painter.setFont(numberFont(9.5 * scale_));
   painter.setPen(toColour(token("text3")));
   painter.drawText(QRectF(side.left(), height() / 2.0 + 2, side.width(), height() / 2.0),

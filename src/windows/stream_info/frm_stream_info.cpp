@@ -2,6 +2,7 @@
 
 #include "ui/made.h"
 #include "ui/over_owner.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 
 #include <QCloseEvent>
@@ -98,7 +99,7 @@ void FrmStreamInfo::write(Group& group, const std::vector<StreamFactLine>& lines
       group.rows->addRow(line.caption, line.value);
       group.lines.push_back(line);
     }
-    group.lines[i].caption->setText(QString::fromStdString(lines[i].caption));
+    group.lines[i].caption->setText(told(lines[i].caption));
     group.lines[i].value->setText(QString::fromStdString(lines[i].value));
   }
 }
