@@ -19,4 +19,5 @@ only 'cairo|librsvg' ':!src/art'
 only 'jpeglib' ':!src/art' ':!src/adapters/jpeg'
 only 'mpv/' ':!src/adapters/mpv'
 only 'hwy/' ':!src/media'
+only 'xcb/' ':!src/ui'
 exit $bad

@@ -20,33 +20,12 @@ constexpr std::string_view kNames[] = {
 // clang-format on
 
 constexpr NamedClass kTransitionClasses[] = {
-    {"Barn", transition_ids::kBarn},
-    {"Blinds", transition_ids::kBlinds},
-    {"Bounce1", transition_ids::kPlacing},
-    {"Bounce2", transition_ids::kPlacing},
-    {"Bounce3", transition_ids::kPlacing},
-    {"Bounce4", transition_ids::kPlacing},
+#define KVO_TRANSITION(word, name, clsid) {name, transition_ids::k##word},
+#include "vocabulary/transition_list.inc"
+#undef KVO_TRANSITION
+    {"Bounce1", transition_ids::kPlacing},      {"Bounce2", transition_ids::kPlacing},
+    {"Bounce3", transition_ids::kPlacing},      {"Bounce4", transition_ids::kPlacing},
     {"QuartileMove", transition_ids::kPlacing},
-    {"Checkerboard", transition_ids::kCheckerboard},
-    {"ColorFade", transition_ids::kColorFade},
-    {"Compositor", transition_ids::kCompositor},
-    {"Curtains", transition_ids::kCurtains},
-    {"Dissolve", transition_ids::kDissolve},
-    {"Fade", transition_ids::kFade},
-    {"FadeWhite", transition_ids::kFadeWhite},
-    {"Inset", transition_ids::kInset},
-    {"Iris", transition_ids::kIris},
-    {"Pixelate", transition_ids::kPixelate},
-    {"RadialWipe", transition_ids::kRadialWipe},
-    {"RollDown", transition_ids::kRollDown},
-    {"Slide", transition_ids::kSlide},
-    {"SMPTE Wipe", transition_ids::kSmpteWipe},
-    {"Spiral", transition_ids::kSpiral},
-    {"Stretch", transition_ids::kStretch},
-    {"Threshold", transition_ids::kThreshold},
-    {"Wheel", transition_ids::kWheel},
-    {"Wipe Normal", transition_ids::kWipe},
-    {"Zigzag", transition_ids::kZigzag},
 };
 
 }  // namespace

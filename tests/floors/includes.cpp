@@ -1,2 +1,3 @@
-// Compiled as a file of a room, to see what the room can include.
-#include KVO_INCLUDES
+// Compiled as a file of a room, which sees the first and not the second.
+#include KVO_ALLOWED
+#include KVO_FORBIDDEN

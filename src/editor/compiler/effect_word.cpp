@@ -21,7 +21,7 @@ std::string EffectWord::text() const {
 }
 
 std::string_view GetEffectClsid(std::string_view name, std::string_view language) {
-  if (language != "EN-US") return {};
+  if (name.empty() || language != "EN-US") return {};
   for (const auto& known : effectClasses()) {
     if (sameText(known.name, name)) return known.clsid;
   }

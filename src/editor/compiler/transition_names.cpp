@@ -47,7 +47,7 @@ constexpr std::string_view kParticles[] = {"Whirlwind",   "Whirlwind Up", "Shatt
 
 std::string_view TransitionFriendlyNameToCLSID(std::string_view name) {
   for (const auto& known : transitionClasses()) {
-    if (known.name == name) return known.clsid;
+    if (!name.empty() && known.name == name) return known.clsid;
   }
   return {};
 }

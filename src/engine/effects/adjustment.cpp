@@ -84,8 +84,6 @@ Picture moveInSpace(const Params& params, const Picture& picture, const EffectMo
   return share(std::move(out));
 }
 
-}  // namespace
-
 // Of Simple3D: the picture is somewhere else in each frame.
 bool movesInSpace(const Params& params) { return params.word("internalname") != "standard"; }
 
@@ -103,5 +101,9 @@ DrawEffect makeAdjustment(const Params& params, int /*width*/, int /*height*/) {
     return moveInSpace(params, picture, moment);
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::Ease{makeAdjustment, movesInSpace};
 
 }  // namespace kvo::engine

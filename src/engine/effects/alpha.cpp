@@ -25,8 +25,6 @@ double wayAt(int style, double x, double y) {
   }
 }
 
-}  // namespace
-
 // The parameters "Opacity" and "FinishOpacity" (percent) and "Style": 0 the same everywhere, 1 from left to
 // right, 2 from the middle outwards in circles, 3 in rectangles.
 DrawEffect makeAlpha(const Params& params, int /*width*/, int /*height*/) {
@@ -57,5 +55,9 @@ DrawEffect makeAlpha(const Params& params, int /*width*/, int /*height*/) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::Alpha{makeAlpha};
 
 }  // namespace kvo::engine

@@ -57,8 +57,6 @@ Canvas turnedByQuarters(const Picture& picture, int quarters) {
   return out;
 }
 
-}  // namespace
-
 // The switches "mirror", "invert", "xray", "grayscale", and "rotation" in quarters of a turn, clockwise.
 DrawEffect makeBasicImage(const Params& params, int /*width*/, int /*height*/) {
   const bool mirror = params.flag("mirror");
@@ -79,5 +77,9 @@ DrawEffect makeBasicImage(const Params& params, int /*width*/, int /*height*/) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::BasicImage{makeBasicImage};
 
 }  // namespace kvo::engine

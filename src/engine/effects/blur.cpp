@@ -23,8 +23,6 @@ void blurPlane(const ReadPlane& from, cv::Mat to, double radius) {
   cv::blur(to, to, {side, side}, {-1, -1}, cv::BORDER_REPLICATE);
 }
 
-}  // namespace
-
 // The parameter "PixelRadius", 0 to 100 pixels.
 DrawEffect makeBlur(const Params& params, int /*width*/, int /*height*/) {
   return [params](const media::Picture& picture, const EffectMoment& moment) {
@@ -38,5 +36,9 @@ DrawEffect makeBlur(const Params& params, int /*width*/, int /*height*/) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::Blur{makeBlur};
 
 }  // namespace kvo::engine

@@ -12,8 +12,6 @@ namespace {
 
 constexpr double kSoft = 0.4;  // of the tolerance: from here on inwards it is half seen
 
-}  // namespace
-
 // The parameters "Color" (green without it) and "Tolerance" (percent, 20 without it; 0 leaves all as it is).
 DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
   const auto key =
@@ -44,5 +42,9 @@ DrawEffect makeChroma(const Params& params, int /*width*/, int height) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::Chroma{makeChroma};
 
 }  // namespace kvo::engine

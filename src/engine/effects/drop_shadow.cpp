@@ -39,8 +39,6 @@ Canvas shadowOf(const Picture& picture, double right, double down, const media::
   return shadow;
 }
 
-}  // namespace
-
 // The parameters "OffX" and "OffY" (pixels, 0 and 0 change nothing) and "Color" (grey without it). A picture
 // that fills its frame is made smaller, so that there is room for the shadow.
 DrawEffect makeDropShadow(const Params& params, int width, int height) {
@@ -65,5 +63,9 @@ DrawEffect makeDropShadow(const Params& params, int width, int height) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::DropShadow{makeDropShadow};
 
 }  // namespace kvo::engine

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 namespace kvo::engine {
+namespace {
 
 DrawEffect makeFadeToBlack(const Params& /*params*/, int /*width*/, int /*height*/) {
   return [](const media::Picture& picture, const EffectMoment& moment) {
@@ -21,5 +22,10 @@ DrawEffect makeFadeToBlack(const Params& /*params*/, int /*width*/, int /*height
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::FadeToBlack{makeFadeToBlack, always};
+const DrawnEffect effects::Fade{makeFadeToBlack, always};
 
 }  // namespace kvo::engine

@@ -51,8 +51,6 @@ class Faults {
   double unit_;
 };
 
-}  // namespace
-
 // The parameter "age", 0 (new) to 100.
 DrawEffect makeFilmAge(const Params& params, int /*width*/, int height) {
   return [params, height](const media::Picture& picture, const EffectMoment& moment) {
@@ -70,5 +68,9 @@ DrawEffect makeFilmAge(const Params& params, int /*width*/, int height) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::FilmAge{makeFilmAge, always};
 
 }  // namespace kvo::engine

@@ -5,6 +5,7 @@
 #include "engine/transitions/fade.h"
 
 namespace kvo::engine {
+namespace {
 
 // The parameters "Strength" (pixels), "Direction" (degrees, clockwise from up), and "Add": the sharp picture
 // shows through.
@@ -25,5 +26,9 @@ DrawEffect makeMotionBlur(const Params& params, int /*width*/, int /*height*/) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::MotionBlur{makeMotionBlur};
 
 }  // namespace kvo::engine

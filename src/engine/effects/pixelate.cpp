@@ -3,6 +3,7 @@
 #include "engine/picture/blocks.h"
 
 namespace kvo::engine {
+namespace {
 
 // The parameter "MaxSquare": the side of a square in pixels; below 2 nothing changes.
 DrawEffect makePixelateEffect(const Params& params, int width, int /*height*/) {
@@ -14,5 +15,9 @@ DrawEffect makePixelateEffect(const Params& params, int width, int /*height*/) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::Pixelate{makePixelateEffect};
 
 }  // namespace kvo::engine

@@ -1,4 +1,5 @@
-// The effects the engine can draw, by class id. Each is a file of its own and a line in registry.cpp.
+// The effects the engine can draw, by class id. Each is a file of its own, which defines its word of
+// effects::, and a line in vocabulary/effect_list.inc.
 #pragma once
 
 #include "engine/document/params.h"
@@ -25,11 +26,24 @@ using MakeEffect = DrawEffect(const Params& params, int width, int height);
 /// Whether an effect differs from frame to frame though its parameters do not.
 using Moves = bool(const Params& params);
 
-struct EffectKind {
-  std::string_view name;  ///< in plans and tests
-  std::string_view clsid;
+inline bool always(const Params& /*params*/) { return true; }
+
+/// What an effect's file tells of it.
+struct DrawnEffect {
   MakeEffect* make;
   Moves* moves = nullptr;  ///< null: never
+};
+
+namespace effects {
+#define KVO_EFFECT(word, name, clsid) extern const DrawnEffect word;
+#include "vocabulary/effect_list.inc"
+#undef KVO_EFFECT
+}  // namespace effects
+
+struct EffectKind {
+  std::string_view name;  ///< its word, in plans and tests
+  std::string_view clsid;
+  const DrawnEffect& drawn;
 };
 
 /// All of them, each class id once.

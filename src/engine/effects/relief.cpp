@@ -28,9 +28,12 @@ DrawEffect relief(double raised) {
   };
 }
 
-}  // namespace
-
 DrawEffect makeEmboss(const Params& /*params*/, int /*width*/, int /*height*/) { return relief(1); }
 DrawEffect makeEngrave(const Params& /*params*/, int /*width*/, int /*height*/) { return relief(-1); }
+
+}  // namespace
+
+const DrawnEffect effects::Emboss{makeEmboss};
+const DrawnEffect effects::Engrave{makeEngrave};
 
 }  // namespace kvo::engine

@@ -23,7 +23,7 @@ std::vector<ActiveSet::Range> frameRanges(const std::vector<Layer>& layers, cons
 void planTransition(double time, const FrameSize& size, PlannedLayer& planned) {
   for (const auto& transition : planned.layer->transitions) {
     if (time < transition.start || time >= transition.stop) continue;
-    auto* const coversAll = transition.kind->coversAll;
+    auto* const coversAll = transition.kind->drawn.coversAll;
     const double since = time - transition.start;
     const double progress = coversAll == nullptr ? transition.progressAt(time) : 0.5;
     const bool isOver =
@@ -127,7 +127,8 @@ std::string toText(const FramePlan& plan) {
 
 bool changesByItself(const Layer& layer) {
   return std::any_of(layer.effects.begin(), layer.effects.end(), [&](const Effect& effect) {
-    return effect.params.moves() || (effect.kind->moves != nullptr && effect.kind->moves(effect.params)) ||
+    return effect.params.moves() ||
+           (effect.kind->drawn.moves != nullptr && effect.kind->drawn.moves(effect.params)) ||
            effect.start > 0 || effect.stop < layer.stop - layer.start;
   });
 }

@@ -84,7 +84,8 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
     open->inside = std::make_unique<Stack>(wanted.inside, setting_);
   }
   for (const auto& effect : wanted.effects) {
-    open->effects.push_back(effect.kind->make(effect.params, setting_.size.width, setting_.size.height));
+    open->effects.push_back(
+        effect.kind->drawn.make(effect.params, setting_.size.width, setting_.size.height));
   }
   open->changes = changesByItself(wanted);
   return open_.emplace(layer, std::move(open)).first->second.get();
@@ -128,13 +129,13 @@ Result<Picture> Stack::over(const Picture& below, const PlannedLayer& planned, c
   const auto& transition = *planned.transition;
   auto& paint = open_.at(planned.number)->painters[&transition];
   if (!paint) {
-    auto made = transition.kind->make(transition.params, setting_.size.width, setting_.size.height);
+    auto made = transition.kind->drawn.make(transition.params, setting_.size.width, setting_.size.height);
     if (!made) return made.error();
     paint = std::move(*made);
   }
   Picture first = below;
   Picture second = above;
-  if (transition.kind->coversAll == nullptr) {
+  if (transition.kind->drawn.coversAll == nullptr) {
     // What a transition leads to is what is seen behind it: the layer over what lies below.
     if (second.hasAlpha()) second = layOver(first, second);
     if (first.hasAlpha() != second.hasAlpha()) {

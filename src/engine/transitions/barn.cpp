@@ -5,10 +5,15 @@
 #include <cmath>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeBarn(const Params& /*params*/, int width, int height) {
   return byThresholds(width, height, pixelSoftness(width / 2),
                       [](double x, double /*y*/) { return std::fabs(x - 0.5) * 2; });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Barn{makeBarn};
 
 }  // namespace kvo::engine

@@ -5,6 +5,7 @@
 #include <cmath>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeBlinds(const Params& params, int width, int height) {
   constexpr double kBands = 10;
@@ -18,5 +19,9 @@ Result<PaintTransition> makeBlinds(const Params& params, int width, int height) 
     return backward ? 1 - inBand : inBand;
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Blinds{makeBlinds};
 
 }  // namespace kvo::engine

@@ -6,6 +6,7 @@
 #include <cmath>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeCheckerboard(const Params& params, int width, int height) {
   constexpr double kSquares = 8;  // across; as many rows as make them square
@@ -17,5 +18,9 @@ Result<PaintTransition> makeCheckerboard(const Params& params, int width, int he
         return (std::fmod(x * across, 1.0) + (second ? 1 : 0)) / 2;
       });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Checkerboard{makeCheckerboard};
 
 }  // namespace kvo::engine

@@ -18,8 +18,6 @@ PaintTransition through(const media::YuvColour& colour) {
   };
 }
 
-}  // namespace
-
 // Through the parameter "color", black without it.
 Result<PaintTransition> makeColourFade(const Params& params, int /*width*/, int height) {
   return through(media::yuvOf(media::parseColour(params.word("color")).value_or(media::Colour{}), height));
@@ -28,5 +26,10 @@ Result<PaintTransition> makeColourFade(const Params& params, int /*width*/, int 
 Result<PaintTransition> makeFadeThroughWhite(const Params& /*params*/, int /*width*/, int height) {
   return through(media::yuvOf({255, 255, 255}, height));
 }
+
+}  // namespace
+
+const DrawnTransition transitions::ColorFade{makeColourFade};
+const DrawnTransition transitions::FadeWhite{makeFadeThroughWhite};
 
 }  // namespace kvo::engine

@@ -3,6 +3,7 @@
 #include "engine/transitions/registry.h"
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeCurtains(const Params& /*params*/, int /*width*/, int /*height*/) {
   return PaintTransition(
@@ -15,5 +16,9 @@ Result<PaintTransition> makeCurtains(const Params& /*params*/, int /*width*/, in
         drawMoved(below, {half, 0, half, height}, half + drawn, 0, out);
       });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Curtains{makeCurtains};
 
 }  // namespace kvo::engine

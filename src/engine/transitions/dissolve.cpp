@@ -15,12 +15,14 @@ double scattered(std::uint32_t x, std::uint32_t y) {
   return (h ^ (h >> 16U)) / 4294967295.0;
 }
 
-}  // namespace
-
 Result<PaintTransition> makeDissolve(const Params& /*params*/, int width, int height) {
   return byThresholds(width, height, 0, [=](double x, double y) {
     return scattered(static_cast<std::uint32_t>(x * width), static_cast<std::uint32_t>(y * height));
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Dissolve{makeDissolve};
 
 }  // namespace kvo::engine

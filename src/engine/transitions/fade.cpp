@@ -18,9 +18,15 @@ void mixPictures(const media::Planes& below, const media::Planes& above, double 
   }
 }
 
+namespace {
+
 Result<PaintTransition> makeFade(const Params& /*params*/, int /*width*/, int /*height*/) {
   return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
                             media::Canvas& out) { mixPictures(below, above, moment.progress, out); });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Fade{makeFade};
 
 }  // namespace kvo::engine

@@ -6,10 +6,16 @@ namespace kvo::engine {
 
 MakeTransition makeParticles, makePageCurl, makeSimple3D;
 
+namespace {
+
 Result<PaintTransition> makeInSpace(const Params& params, int width, int height) {
   if (params.word("internalname") == "particlesystem") return makeParticles(params, width, height);
   if (!params.word("pagecurla").empty()) return makePageCurl(params, width, height);
   return makeSimple3D(params, width, height);
 }
+
+}  // namespace
+
+const DrawnTransition transitions::ParticlesAnd3D{makeInSpace};
 
 }  // namespace kvo::engine

@@ -32,8 +32,6 @@ std::function<double(double, double)> distanceOf(std::string_view style) {
   return [](double x, double y) { return std::hypot(x, y); };
 }
 
-}  // namespace
-
 Result<PaintTransition> makeIris(const Params& params, int width, int height) {
   const auto style = params.word("irisstyle");
   const double shape = static_cast<double>(width) / height;
@@ -47,5 +45,9 @@ Result<PaintTransition> makeIris(const Params& params, int width, int height) {
     return distance((x * 2 - 1) * shape, y * 2 - 1) / farthest;
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Iris{makeIris};
 
 }  // namespace kvo::engine

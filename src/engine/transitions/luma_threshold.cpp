@@ -33,11 +33,13 @@ void paint(const media::Picture& below, const media::Picture& above, double prog
   }
 }
 
-}  // namespace
-
 Result<PaintTransition> makeLumaThreshold(const Params& /*params*/, int /*width*/, int /*height*/) {
   return PaintTransition([](const media::Picture& below, const media::Picture& above, const Moment& moment,
                             media::Canvas& out) { paint(below, above, moment.progress, out); });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Threshold{makeLumaThreshold};
 
 }  // namespace kvo::engine

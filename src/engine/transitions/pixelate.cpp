@@ -6,6 +6,7 @@
 #include <algorithm>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makePixelate(const Params& params, int width, int /*height*/) {
   const double largest = params.number("maxsquare", 0, width / 12.0, 2, 512);
@@ -18,5 +19,9 @@ Result<PaintTransition> makePixelate(const Params& params, int width, int /*heig
     if (size >= 2) makeBlocks(out, size);
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Pixelate{makePixelate};
 
 }  // namespace kvo::engine

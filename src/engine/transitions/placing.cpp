@@ -51,8 +51,6 @@ bool isWhole(const Area& area, int width, int height) {
          std::fabs(area.height - height) < 1.5;
 }
 
-}  // namespace
-
 bool placesAll(const Params& params, double time, int width, int height) {
   return isWhole(areaOf(params, time, width, height, kPlace), width, height) &&
          isWhole(areaOf(params, time, width, height, kPart), width, height);
@@ -68,5 +66,10 @@ Result<PaintTransition> makePlacing(const Params& params, int width, int height)
                areaOf(params, moment.time, width, height, kPlace), out);
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Placing{makePlacing, placesAll};
+const DrawnTransition transitions::Compositor{makePlacing, placesAll};
 
 }  // namespace kvo::engine

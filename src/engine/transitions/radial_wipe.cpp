@@ -6,6 +6,7 @@
 #include <numbers>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeRadialWipe(const Params& params, int width, int height) {
   const auto style = params.word("wipestyle");
@@ -24,5 +25,9 @@ Result<PaintTransition> makeRadialWipe(const Params& params, int width, int heig
     return angle < 0 ? angle + 1 : angle;
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::RadialWipe{makeRadialWipe};
 
 }  // namespace kvo::engine

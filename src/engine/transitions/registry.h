@@ -1,4 +1,5 @@
-// The transitions the engine can draw, by class id. Each is a file of its own and a line in registry.cpp.
+// The transitions the engine can draw, by class id. Each is a file of its own, which defines its word of
+// transitions::, and a line in vocabulary/transition_list.inc.
 #pragma once
 
 #include "base/result.h"
@@ -29,11 +30,22 @@ using MakeTransition = Result<PaintTransition>(const Params& params, int width, 
 /// `time`.
 using CoversAll = bool(const Params& params, double time, int width, int height);
 
-struct TransitionKind {
-  std::string_view name;  ///< in plans and tests
-  std::string_view clsid;
+/// What a transition's file tells of it.
+struct DrawnTransition {
   MakeTransition* make;
   CoversAll* coversAll = nullptr;  ///< of the kinds that last as long as their layer and have no progress
+};
+
+namespace transitions {
+#define KVO_TRANSITION(word, name, clsid) extern const DrawnTransition word;
+#include "vocabulary/transition_list.inc"
+#undef KVO_TRANSITION
+}  // namespace transitions
+
+struct TransitionKind {
+  std::string_view name;  ///< its word, in plans and tests
+  std::string_view clsid;
+  const DrawnTransition& drawn;
 };
 
 /// All of them, each class id once.

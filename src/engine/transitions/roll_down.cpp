@@ -3,6 +3,7 @@
 #include "engine/transitions/registry.h"
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeRollDown(const Params& /*params*/, int /*width*/, int /*height*/) {
   return PaintTransition(
@@ -11,5 +12,9 @@ Result<PaintTransition> makeRollDown(const Params& /*params*/, int /*width*/, in
         drawMoved(above, wholeOf(above), 0, -(1 - moment.progress) * out.height(), out);
       });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::RollDown{makeRollDown};
 
 }  // namespace kvo::engine

@@ -52,8 +52,6 @@ void slideBand(const Picture& below, const Picture& above, Style style, const Ar
   }
 }
 
-}  // namespace
-
 Result<PaintTransition> makeSlide(const Params& params, int /*width*/, int height) {
   const auto style = styleOf(params.word("slidestyle"));
   const int bands = std::min(static_cast<int>(params.count("bands", 1)), height / 2);
@@ -65,5 +63,9 @@ Result<PaintTransition> makeSlide(const Params& params, int /*width*/, int heigh
     }
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Slide{makeSlide};
 
 }  // namespace kvo::engine

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <vector>
+#include <span>
 
 namespace kvo::engine {
 namespace {
@@ -134,88 +134,93 @@ double random(double x, double y) {
   return static_cast<double>((z ^ (z >> 31U)) % 10007);
 }
 
+double heart(double x, double y) {
+  static const Heart kHeart;
+  return kHeart.sizeAt(x, y);
+}
+
+template <class At>
+struct Coded {
+  int code;
+  At* at;
+};
+
+using AtPoint = double(double x, double y);
+
+// From 0 to 1 across the cell.
+constexpr Coded<AtPoint> kPatterns[] = {
+    // boxes out of the corners
+    {3, [](double x, double y) { return std::max(x, y); }},
+    {4, [](double x, double y) { return std::max(1 - x, y); }},
+    {5, [](double x, double y) { return std::max(1 - x, 1 - y); }},
+    {6, [](double x, double y) { return std::max(x, 1 - y); }},
+    {7, [](double x, double y) { return std::max(fromEdge(x), fromEdge(y)); }},
+    // barn doors up and down, a box from the middle of the upper edge
+    {22, [](double /*x*/, double y) { return fromMiddle(y); }},
+    {23, [](double x, double y) { return std::max(fromMiddle(x), y); }},
+    // bow ties, a diamond
+    {43, [](double x, double y) { return fromEdge(y) + fromMiddle(x); }},
+    {44, [](double x, double y) { return fromEdge(x) + fromMiddle(y); }},
+    {48, [](double x, double y) { return fromMiddle(x) + fromMiddle(y); }},
+    // edges like a saw
+    {71, [](double x, double y) { return x + kToothLength * teeth(y, kTeeth); }},
+    {72, [](double x, double y) { return y + kToothLength * teeth(x, kTeeth); }},
+    {73, [](double x, double y) { return fromMiddle(x) + kToothLength * teeth(y, kTeeth); }},
+    {74, [](double x, double y) { return fromMiddle(y) + kToothLength * teeth(x, kTeeth); }},
+    // filled V, its point up, right, down, left
+    {103, [](double x, double y) { return 1 - y + fromMiddle(x); }},
+    {104, [](double x, double y) { return x + fromMiddle(y); }},
+    {105, [](double x, double y) { return y + fromMiddle(x); }},
+    {106, [](double x, double y) { return 1 - x + fromMiddle(y); }},
+    // cells one after the other
+    {303, diagonalSnake},
+    {341, twoSnakes},
+    {344, fourSnakes},
+    {350, waterfall},
+    {351, [](double x, double y) { return waterfall(1 - x, y); }},
+    {409, random},
+};
+
+// From the middle in half heights: they are as wide as high.
+constexpr Coded<AtPoint> kFigures[] = {
+    {119, [](double x, double y) { return std::hypot(x, y); }},
+    {127, [](double x, double y) { return star(x, y, 4, 0.38); }},
+    {128, [](double x, double y) { return star(x, y, 5, 0.382); }},
+    {129, [](double x, double y) { return star(x, y, 6, 0.577); }},
+    {130, heart},
+    {131, keyhole},
+};
+
+// Hands that sweep a cell of a shape, from 0 to 1 across it.
+using AtPointOfShape = double(double x, double y, double shape);
+constexpr Coded<AtPointOfShape> kHands[] = {
+    // about the upper left corner, from the upper edge down
+    {225, [](double x, double y, double shape) { return std::atan2(y, x * shape); }},
+    // about the upper right corner, from the right edge to the upper
+    {228, [](double x, double y, double shape) { return std::atan2((1 - x) * shape, y); }},
+    // in each half about the middle of the outer edge
+    {263,
+     [](double x, double y, double shape) {
+       const double out = std::min(x, 1 - x) * shape;
+       return -std::atan2(x < 0.5 ? 0.5 - y : y - 0.5, out);
+     }},
+};
+
+template <class At>
+At* coded(std::span<const Coded<At>> patterns, int code) {
+  const auto found = std::ranges::find(patterns, code, &Coded<At>::code);
+  return found == patterns.end() ? nullptr : found->at;
+}
+
 }  // namespace
 
 PatternAt smptePattern(int code, double shape) {
-  // Round and pointed figures are as wide as high: x and y count in half heights from the middle.
-  const auto figure = [shape](double (*size)(double, double)) {
-    return [shape, size](double x, double y) { return size((2 * x - 1) * shape, 2 * y - 1); };
-  };
-  switch (code) {
-    case 3:  // boxes out of the corners
-      return [](double x, double y) { return std::max(x, y); };
-    case 4:
-      return [](double x, double y) { return std::max(1 - x, y); };
-    case 5:
-      return [](double x, double y) { return std::max(1 - x, 1 - y); };
-    case 6:
-      return [](double x, double y) { return std::max(x, 1 - y); };
-    case 7:
-      return [](double x, double y) { return std::max(fromEdge(x), fromEdge(y)); };
-    case 22:  // barn doors up and down
-      return [](double /*x*/, double y) { return fromMiddle(y); };
-    case 23:  // a box from the middle of the upper edge
-      return [](double x, double y) { return std::max(fromMiddle(x), y); };
-    case 43:  // bow ties
-      return [](double x, double y) { return fromEdge(y) + fromMiddle(x); };
-    case 44:
-      return [](double x, double y) { return fromEdge(x) + fromMiddle(y); };
-    case 48:  // diamond
-      return [](double x, double y) { return fromMiddle(x) + fromMiddle(y); };
-    case 71:  // edges like a saw
-      return [](double x, double y) { return x + kToothLength * teeth(y, kTeeth); };
-    case 72:
-      return [](double x, double y) { return y + kToothLength * teeth(x, kTeeth); };
-    case 73:
-      return [](double x, double y) { return fromMiddle(x) + kToothLength * teeth(y, kTeeth); };
-    case 74:
-      return [](double x, double y) { return fromMiddle(y) + kToothLength * teeth(x, kTeeth); };
-    case 103:  // filled V, its point up, right, down, left
-      return [](double x, double y) { return 1 - y + fromMiddle(x); };
-    case 104:
-      return [](double x, double y) { return x + fromMiddle(y); };
-    case 105:
-      return [](double x, double y) { return y + fromMiddle(x); };
-    case 106:
-      return [](double x, double y) { return 1 - x + fromMiddle(y); };
-    case 119:
-      return figure([](double x, double y) { return std::hypot(x, y); });
-    case 127:
-      return figure([](double x, double y) { return star(x, y, 4, 0.38); });
-    case 128:
-      return figure([](double x, double y) { return star(x, y, 5, 0.382); });
-    case 129:
-      return figure([](double x, double y) { return star(x, y, 6, 0.577); });
-    case 130:
-      return [shape, heart = Heart()](double x, double y) {
-        return heart.sizeAt((2 * x - 1) * shape, 2 * y - 1);
-      };
-    case 131:
-      return figure(keyhole);
-    case 225:  // a hand about the upper left corner, from the upper edge down
-      return [shape](double x, double y) { return std::atan2(y, x * shape); };
-    case 228:  // a hand about the upper right corner, from the right edge to the upper
-      return [shape](double x, double y) { return std::atan2((1 - x) * shape, y); };
-    case 263:  // in each half a hand about the middle of the outer edge
-      return [shape](double x, double y) {
-        const double out = std::min(x, 1 - x) * shape;
-        return x < 0.5 ? std::atan2(0.5 - y, out) * -1 : std::atan2(y - 0.5, out) * -1;
-      };
-    case 303:
-      return diagonalSnake;
-    case 341:
-      return twoSnakes;
-    case 344:
-      return fourSnakes;
-    case 350:
-      return waterfall;
-    case 351:
-      return [](double x, double y) { return waterfall(1 - x, y); };
-    case 409:
-      return random;
-    default:
-      return [](double x, double /*y*/) { return x; };
-  }
+  if (auto* const at = coded<AtPoint>(kPatterns, code)) return at;
+  if (auto* const at = coded<AtPoint>(kFigures, code))
+    return [=](double x, double y) { return at((2 * x - 1) * shape, 2 * y - 1); };
+  if (auto* const at = coded<AtPointOfShape>(kHands, code))
+    return [=](double x, double y) { return at(x, y, shape); };
+  return [](double x, double /*y*/) { return x; };
 }
 
 }  // namespace kvo::engine

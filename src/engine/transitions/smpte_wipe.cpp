@@ -84,8 +84,6 @@ Result<Field> fieldOf(const Params& params, int width, int height) {
   return spread(width, height, values);
 }
 
-}  // namespace
-
 // The parameters "MaskNum" or "MaskName" (a picture file: dark changes first), "BorderWidth" and
 // "BorderSoftness" in pixels, "BorderColor", "ReplicateX" and "ReplicateY", "ScaleX", "ScaleY" (the shape's
 // size), "OffsetX", "OffsetY" (its place, in hundredths of a cell).
@@ -102,5 +100,9 @@ Result<PaintTransition> makeSmpteWipe(const Params& params, int width, int heigh
   }
   return byThresholdMap(std::move(field->map), softness / field->pixels, border);
 }
+
+}  // namespace
+
+const DrawnTransition transitions::SmpteWipe{makeSmpteWipe};
 
 }  // namespace kvo::engine

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeSpiral(const Params& /*params*/, int width, int height) {
   constexpr int kCells = 9;  // odd, so that the path ends in the middle
@@ -32,5 +33,9 @@ Result<PaintTransition> makeSpiral(const Params& /*params*/, int width, int heig
     return static_cast<double>(outside + step) / (kCells * kCells - 1);
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Spiral{makeSpiral};
 
 }  // namespace kvo::engine

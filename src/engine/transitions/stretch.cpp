@@ -3,6 +3,7 @@
 #include "engine/transitions/registry.h"
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeStretch(const Params& params, int /*width*/, int /*height*/) {
   const auto style = params.word("stretchstyle");
@@ -22,5 +23,9 @@ Result<PaintTransition> makeStretch(const Params& params, int /*width*/, int /*h
     drawScaled(above, wholeOf(above), {hide ? 0 : (width - shown) / 2, 0, shown, height}, out);
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Stretch{makeStretch};
 
 }  // namespace kvo::engine

@@ -6,6 +6,7 @@
 #include <numbers>
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeWheel(const Params& params, int width, int height) {
   constexpr double kSpokes = 4;
@@ -18,5 +19,9 @@ Result<PaintTransition> makeWheel(const Params& params, int width, int height) {
                         return std::fmod(angle * spokes, 1.0);
                       });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Wheel{makeWheel};
 
 }  // namespace kvo::engine

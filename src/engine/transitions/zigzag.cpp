@@ -3,6 +3,7 @@
 #include "engine/transitions/threshold.h"
 
 namespace kvo::engine {
+namespace {
 
 Result<PaintTransition> makeZigzag(const Params& /*params*/, int width, int height) {
   constexpr int kAcross = 16;
@@ -14,5 +15,9 @@ Result<PaintTransition> makeZigzag(const Params& /*params*/, int width, int heig
     return static_cast<double>(row * kAcross + inRow) / (kAcross * kDown - 1);
   });
 }
+
+}  // namespace
+
+const DrawnTransition transitions::Zigzag{makeZigzag};
 
 }  // namespace kvo::engine

@@ -133,8 +133,6 @@ const Row* rowOf(const Params& params) {
   return &kRows[static_cast<std::size_t>(id) - 1];
 }
 
-}  // namespace
-
 // The grains are others in each frame.
 bool paletteEffectMoves(const Params& params) {
   const auto* row = rowOf(params);
@@ -161,5 +159,9 @@ DrawEffect makePaletteEffect(const Params& params, int /*width*/, int height) {
     return share(std::move(out));
   };
 }
+
+}  // namespace
+
+const DrawnEffect effects::Palette{makePaletteEffect, paletteEffectMoves};
 
 }  // namespace kvo::engine
