@@ -20,8 +20,8 @@ struct MessageFace {
   MessageSign sign = MessageSign::Warning;
   QString caption;
   QStringList lines;
-  QString prompt;          ///< below the lines, quieter
-  QString neverAgain;      ///< of the check box; empty for none
+  QString prompt;            ///< below the lines, quieter
+  QString neverAgain;        ///< of the check box; empty for none
   QStringList keys{"OK"};    ///< the first is the primary one
   bool asksForText = false;  ///< has a field below the lines
 };

@@ -30,7 +30,11 @@ class SkinFace : public SkinPictures {
   SkinFace(
       const PictureReading& reading, const FaceSize& size, std::string shipped = {},
       Log log = [](const std::string&) {})
-      : reading_(reading), size_(size), shipped_(std::move(shipped)), log_(std::move(log)), outline_(reading) {}
+      : reading_(reading),
+        size_(size),
+        shipped_(std::move(shipped)),
+        log_(std::move(log)),
+        outline_(reading) {}
 
   /// The window's size from now on. The picture is read anew for it when it is next painted, the outline at
   /// once. A picture that is gone by then is stretched as it was painted last.

@@ -287,7 +287,8 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   EXPECT_EQ(bench.drawn(), 4);
   graph.setStopTime(0.4);
   graph.Run();
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return graph.position() > 0.2 && stops == 1; })) << "and tells its way";
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return graph.position() > 0.2 && stops == 1; }))
+      << "and tells its way";
   EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 2; })) << "a later end lets it go on";
   EXPECT_EQ(bench.drawn(), 9);
   graph.step(-1);

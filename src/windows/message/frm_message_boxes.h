@@ -1,5 +1,5 @@
-// The program's boxes: each is a card in a window of its own, which waits for its answer, a key or a line that
-// is typed.
+// The program's boxes: each is a card in a window of its own, which waits for its answer, a key or a line
+// that is typed.
 #pragma once
 
 #include "ports/message_boxes.h"

@@ -83,7 +83,9 @@ StyledAnswer MessageWindow::ask() {
   return {given_, card_->neverAgain() != nullptr && card_->neverAgain()->isChecked()};
 }
 
-QString MessageWindow::typed() const { return card_->field() != nullptr ? card_->field()->text() : QString(); }
+QString MessageWindow::typed() const {
+  return card_->field() != nullptr ? card_->field()->text() : QString();
+}
 
 void MessageWindow::answer(std::size_t key) {
   given_ = answers_[key];
