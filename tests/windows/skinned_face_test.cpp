@@ -1,4 +1,5 @@
 // The normal face of the main window, as a user and a screen reader meet it.
+#include "ui/cool_list_view.h"
 #include "windows/face_bench.h"
 #include "windows/main/plate.h"
 
@@ -152,7 +153,6 @@ TEST(SkinnedFace, FitsAtEachSizeAndCutsNoTextThatHasRoom) {
 
 TEST(SkinnedFace, GoesByTheScreenAndItsTextBehindAChoiceToo) {
   FaceBench b({"a.avi"}, 1.25);
-  b.window.skin.IsSmallFonts = false;  // as a start at this size leaves it
   b.window.face.interfaceSize = 0;
   for (const auto& [textHeight, window] : {std::pair{13, QSize(562, 410)}, {20, QSize(702, 512)}}) {
     b.desktop.facts.textHeight = textHeight;
