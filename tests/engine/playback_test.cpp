@@ -30,6 +30,7 @@ class FakeSound : public SoundOutput {
  public:
   explicit FakeSound(const double& now) : now_(now) {}
   Outcome open() override {
+    opens = true;
     if (mayOpen.valid())
       openedInTime = mayOpen.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
     return {};
@@ -54,6 +55,7 @@ class FakeSound : public SoundOutput {
   }
   std::vector<float> heard;
   std::future<void> mayOpen;
+  std::atomic<bool> opens = false;
   std::atomic<bool> openedInTime = true;
   bool throws = false;
 
@@ -216,7 +218,7 @@ TEST_F(PlaybackTest, SoundThatIsSlowToOpenHoldsNobodyUp) {
   speaker.mayOpen = open.get_future();
   EnginePlayer player(std::move(sound), [](auto /*frame*/, auto /*picture*/) {});
   ASSERT_TRUE(player.load(document(true)));
-  std::this_thread::sleep_for(std::chrono::milliseconds(100));  // the thread is at it
+  ASSERT_TRUE(soon([&] { return speaker.opens.load(); }));
   EXPECT_EQ(player.state(), PlayState::Stopped);
   player.seek(7);
   open.set_value();

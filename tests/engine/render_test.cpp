@@ -138,22 +138,6 @@ TEST_F(Render, KeepsTheSoundInStepToTheSample) {
   EXPECT_EQ(wav.size(), static_cast<std::size_t>(4.5 * 44100));
 }
 
-TEST_F(Render, KeepsThePitchAtAnySpeed) {
-  const auto tone = soundFile("tone.wav", "sine=frequency=441:sample_rate=44100:duration=8");
-  for (const auto& [source, shown] : {std::pair{4.0, 2.0}, std::pair{1.5, 3.0}, std::pair{2.0, 2.0}}) {
-    const auto samples =
-        test::samplesOf(rendered(documentOf({}, {{tone, 1, 1 + source, 0, shown}}), "tone.wav"));
-    ASSERT_EQ(samples.size(), static_cast<std::size_t>(shown * 44100));
-    int crossings = 0;
-    const auto from = static_cast<std::size_t>(0.5 * 44100);
-    const auto to = static_cast<std::size_t>(1.5 * 44100);
-    for (auto i = from; i < to; ++i) crossings += samples[i] < 0 && samples[i + 1] >= 0 ? 1 : 0;
-    EXPECT_NEAR(crossings, 441, 4) << source << " s in " << shown << " s";
-    EXPECT_NEAR(test::levelOf(samples, 0.1, 0.4), test::levelOf(samples, 1.2, 1.5), 1.5)
-        << "from the start on";
-  }
-}
-
 TEST_F(Render, FollowsVolumeEnvelopes) {
   const auto tone = soundFile("tone.wav", "sine=frequency=441:sample_rate=44100:duration=5");
   const auto plain = test::samplesOf(rendered(documentOf({}, {{tone, 0, 4, 0, 4}}), "plain.wav"));

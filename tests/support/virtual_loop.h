@@ -4,6 +4,7 @@
 #include "ports/event_loop.h"
 
 #include <algorithm>
+#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <set>
@@ -32,8 +33,19 @@ class VirtualLoop : public EventLoop {
   void post(std::function<void()> work) override {
     const std::lock_guard lock(mutex_);
     posted_.push_back(std::move(work));
+    told_.notify_all();
   }
   [[nodiscard]] std::chrono::milliseconds now() const override { return std::chrono::milliseconds(now_); }
+
+  /// Waits for work from another thread and has it done; false when none has come for ten seconds.
+  bool workComesHome() {
+    {
+      std::unique_lock lock(mutex_);
+      if (!told_.wait_for(lock, std::chrono::seconds(10), [this] { return !posted_.empty(); })) return false;
+    }
+    runPosted();
+    return true;
+  }
 
   /// Lets `milliseconds` pass; timers tick in the order of their times.
   void advance(int milliseconds) {
@@ -82,6 +94,7 @@ class VirtualLoop : public EventLoop {
 
   int now_ = 0;
   std::mutex mutex_;
+  std::condition_variable told_;
   std::vector<std::function<void()>> posted_;
   std::set<VirtualTimer*> running_;
 };

@@ -32,10 +32,10 @@ std::int64_t distance(const ScreenArea& a, const ScreenArea& b) {
 }
 
 // One side of a window of `length`, that stood at `at` on a screen from `from` of `extent`, on another
-// screen.
+// screen. Of one that stood further outside no more is asked than the edge.
 int moved(int at, int from, int extent, int length, int newFrom, int newExtent) {
   if (extent == newExtent || extent <= length) return newFrom + (at - from);
-  const double share = static_cast<double>(at - from) / (extent - length);
+  const double share = std::clamp(static_cast<double>(at - from) / (extent - length), 0.0, 1.0);
   return newFrom + static_cast<int>(RoundToWhole(share * (newExtent - length)));
 }
 
