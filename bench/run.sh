@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|seeks|movies|lengths|play|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|seeks|movies|lengths|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -192,11 +192,48 @@ play() {
   xvfb-run -a -s "-screen 0 1920x1080x24" "$bin/bench_play" "$work/play1.mp4" "$work/play2.mp4"
 }
 
-[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths play
+# Adding a thousand files of twenty kinds in one go, beside ffprobe, which is started anew for each as whoever uses it
+# does; then by the window, which is asked all the time whether it still answers.
+intake() (
+  local folder=$work/intake home=$work/intake-home kind i bus ours peer
+  if [ ! -e "$folder/z.mp4" ]; then
+    mkdir -p "$folder/one"
+    for kind in avi:mpeg4 mp4:libx264 mkv:libx265 mov:mjpeg mpg:mpeg1video ts:mpeg2video wmv:wmv2 webm:libvpx m2v:mpeg2video ogv:libtheora; do
+      local sound=(-f lavfi -i sine=duration=4)
+      [ "${kind%%:*}" = m2v ] && sound=()
+      ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=640x360:rate=25:duration=4 "${sound[@]}" \
+        -pix_fmt yuv420p -strict -1 -c:v "${kind##*:}" "$folder/one/v.${kind%%:*}"
+    done
+    for kind in mp3 wav flac ogg m4a wma; do
+      ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i sine=duration=60 "$folder/one/s.$kind"
+    done
+    for kind in jpg png bmp webp; do
+      ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1920x1080 -frames:v 1 -update 1 "$folder/one/p.$kind"
+    done
+    mkdir -p "$folder/all"
+    for ((i = 1; i <= 50; ++i)); do
+      for kind in "$folder"/one/*; do cp "$kind" "$folder/all/$i-${kind##*/}"; done
+    done
+    mv "$folder/all/50-v.mp4" "$folder/all/z.mp4"
+    touch "$folder/z.mp4"
+  fi
+  rm -rf "$home"
+  mkdir -p "$home"
+  export HOME=$home XDG_RUNTIME_DIR=$home XDG_CACHE_HOME=$home/cache SDL_AUDIODRIVER=dummy
+  unset KVO5_HOME XDG_DATA_HOME XDG_CONFIG_HOME
+  chmod 700 "$home"
+  peer=$( { time -p for i in "$folder"/all/*; do ffprobe -v error -show_format -show_streams "$i" >/dev/null; done; } 2>&1 | awk '/real/ { print $2 }')
+  ours=$( { time -p "$bin/kvo5" --add "$home/all.INI" "$folder/all" >/dev/null; } 2>&1 | awk '/real/ { print $2 }')
+  awk -v o="$ours" -v p="$peer" -v n="$(ls "$folder/all" | wc -l)" -v got="$(grep -c '^MovieName' "$home/all.INI")" 'BEGIN {
+    printf "adding %d files: %.2f s, %.1f ms each; ffprobe %.2f s, %.1f ms each: %.2f of it (%d have joined)\n", n, o, o / n * 1000, p, p / n * 1000, o / p, got }'
+  xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- "$bin/bench_intake" "$bin/kvo5" "$folder/all"
+)
+
+[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths play intake
 for part; do
   case $part in
     kernels | records | compile) "$bin/bench_$part" ;;
-    movies | lengths | seeks | play | before) "$part" ;;
+    movies | lengths | seeks | play | intake | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

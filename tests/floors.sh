@@ -18,6 +18,6 @@ only 'opencv2|rubberband|pugixml' ':!src/engine'
 only 'cairo|librsvg' ':!src/art'
 only 'jpeglib' ':!src/art' ':!src/adapters/jpeg'
 only 'mpv/' ':!src/adapters/mpv'
-only 'hwy/' ':!src/media'
+only 'hwy/|libheif/' ':!src/media'
 only 'xcb/' ':!src/ui'
 exit $bad

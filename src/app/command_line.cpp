@@ -91,11 +91,13 @@ Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
   if (arguments.empty()) return Error{"there is nothing to do"};
   CommandLine line;
   const auto& task = arguments[0];
-  if (task == "--help" || task == "-h" || task == "--version" || task == "--gallery" || task == "--look") {
+  if (task == "--help" || task == "-h" || task == "--version" || task == "--gallery" || task == "--look" ||
+      task == "--sketch") {
     if (arguments.size() > 1) return Error{task + " takes nothing behind it"};
     line.task = task == "--version"   ? Task::Version
                 : task == "--gallery" ? Task::Gallery
                 : task == "--look"    ? Task::Look
+                : task == "--sketch"  ? Task::Sketch
                                       : Task::Help;
     return line;
   }

@@ -19,7 +19,8 @@ enum class Task {
   Check,
   Document,
   Add,
-  Look,  ///< the program's own: it looks into files for another copy
+  Look,    ///< the program's own: it looks into files for another copy
+  Sketch,  ///< likewise: it makes small pictures of them
 };
 
 struct PictureSize {

@@ -12,7 +12,7 @@ namespace kvo {
 class Companions {
  public:
   struct Parts {
-    FrameSource& streams;
+    Sketches& sketches;
     Desktop& desktop;
     Resume::Parts resume;
     OutsideControls::Parts outside;
@@ -20,7 +20,7 @@ class Companions {
   };
   explicit Companions(const Parts& parts)
       : window_(parts.resume.window),
-        hover_(parts.streams, parts.resume.loop, parts.resume.window),
+        hover_(parts.sketches, parts.resume.window),
         resume_(parts.resume),
         awake_(parts.resume.window, parts.desktop),
         outside_(parts.outside, parts.controls) {}

@@ -5,9 +5,11 @@
 #include "app/commands.h"
 #include "app/companions.h"
 #include "app/look_command.h"
+#include "app/sketch_command.h"
 #include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
+#include "sketches/sketch_folder.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -96,6 +98,8 @@ int main(int argc, char** argv) {
       return afterPrinting(kvo::kExitDone);
     case kvo::Task::Look:
       return kvo::runLook();
+    case kvo::Task::Sketch:
+      return kvo::runSketch(kvo::sketchesFolder(environment));
     case kvo::Task::Gallery:
       return kvo::hasDisplay() ? kvo::runGallery(argc, argv) : failWithoutDisplay();
     default:

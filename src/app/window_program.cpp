@@ -19,6 +19,7 @@
 #include "app/look_command.h"
 #include "app/play_links.h"
 #include "app/session.h"
+#include "app/sketch_command.h"
 #include "base/numbers.h"
 #include "core/telling/messages.h"
 #include "intake/add_clips.h"
@@ -31,11 +32,13 @@
 #include "program/clip_picture.h"
 #include "program/intake_window.h"
 #include "program/list_commands.h"
+#include "program/list_pictures.h"
 #include "program/media_commands.h"
 #include "program/menus.h"
 #include "program/missing_files.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
+#include "sketches/kept_sketches.h"
 #include "ui/skin_face.h"
 #include "ui/theme.h"
 #include "windows/codec/frm_codec.h"
@@ -133,12 +136,13 @@ class WindowProgram {
                skins_},
               doors()),
         picture_(session_.streams, loop_, state_.picture),
+        sketches_({session_.processes, loop_, sketchingProcess(executableFolder)}, jpeg_),
         facts_(
             loop_, [this](const std::string& path) { return session_.streams.facts(path); },
             [this](const std::string& path, const Result<StreamFacts>& facts) {
               if (facts) list_.takeFacts(path, *facts);
             }),
-        companions_({session_.streams,
+        companions_({sketches_,
                      desktop_,
                      {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
                       placesFile},
@@ -148,7 +152,7 @@ class WindowProgram {
                      mpris_}),
         window_(state_,
                 {menu_, play_.positions(), listCommands_, history_, media_, mailbox_, shutDown_,
-                 links_.display(), picture_, companions_.hover(), companions_.resume(),
+                 links_.display(), picture_, rowPictures_, companions_.hover(), companions_.resume(),
                  [this] { companions_.settled(); }, play_.transport(), [this] { codec_.ShowCodec(); },
                  [this] { streamInfo_.Lbl_StreamInfo_Click(); }},
                 {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output(),
@@ -164,6 +168,11 @@ class WindowProgram {
     intake_.poster().whenEndOfPlayMoved(stop);
     commands_.whenOpened([this] { skins_.applyStored(); });
     listCommands_.whenUnseen([this] { links_.display().AllDetOn(); });
+    intakeWindow_.whenJoined([this](int number) { rowPictures_.joined(number); });
+    sketches_.whenCome([this](const std::string& path) {
+      companions_.hover().came(path);
+      rowPictures_.came();
+    });
     list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
     links_.takeInterfaceSize();
   }
@@ -294,6 +303,8 @@ class WindowProgram {
   TransportLoadCheck loadCheck_{timers_, links_.player(), [this] { links_.display().EndAnim(); }};
   MainMenu menu_;
   ClipPicture picture_;
+  KeptSketches sketches_;
+  ListPictures rowPictures_{{sketches_, session_.collection, state_.list}};
   LastWish<std::string, Result<StreamFacts>> facts_;
   Mpris mpris_;
   Companions companions_;

@@ -2,6 +2,7 @@
 
 #include "media/facts_of.h"
 #include "media/frame_clock.h"
+#include "media/heif.h"
 #include "media/orientation.h"
 #include "media/source.h"
 
@@ -66,6 +67,7 @@ bool isOnItsSide(const std::string& path, const AVFormatContext& format, const A
 }  // namespace
 
 Result<StreamFacts> readFacts(const std::string& path) {
+  if (isHeif(path)) return heifFacts(path);
   auto opened = openInput(path);
   return opened ? factsOf(**opened, path) : Result<StreamFacts>(opened.error());
 }
@@ -108,6 +110,10 @@ Result<StreamFacts> factsOf(AVFormatContext& format, const std::string& path) {
 }
 
 Outcome checkInput(const std::string& path) {
+  if (isHeif(path)) {
+    const auto facts = heifFacts(path);
+    return facts ? Outcome() : Outcome(facts.error());
+  }
   const auto opened = openHead(path);
   return opened ? Outcome() : Outcome(opened.error());
 }

@@ -3,6 +3,9 @@
 #include "base/text.h"
 #include "media/container_traits.h"
 #include "media/facts_of.h"
+#include "media/heif.h"
+
+#include <utility>
 
 namespace kvo::media {
 namespace {
@@ -33,6 +36,10 @@ bool lacksDecoder(AVFormatContext& format, AVMediaType kind) {
 }  // namespace
 
 MediaLook lookInto(const std::string& path) {
+  if (isHeif(path)) {
+    auto facts = heifFacts(path);
+    return facts ? MediaLook{.facts = std::move(*facts)} : MediaLook{.errorText = facts.error().text};
+  }
   auto opened = openInput(path);
   if (!opened) return {.errorText = opened.error().text};
   auto& format = **opened;

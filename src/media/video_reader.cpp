@@ -1,6 +1,7 @@
 #include "media/video_reader.h"
 
 #include "base/numbers.h"
+#include "media/heif.h"
 #include "media/picture_feed.h"
 
 #include <algorithm>
@@ -102,6 +103,13 @@ VideoReader& VideoReader::operator=(VideoReader&&) noexcept = default;
 VideoReader::~VideoReader() = default;
 
 Result<VideoReader> VideoReader::open(const std::string& path, int threads, DamageList* damage) {
+  if (isHeif(path)) {
+    auto picture = readHeif(path);
+    if (!picture) return picture.error();
+    VideoReader reader(nullptr);
+    reader.photograph_ = std::move(*picture);
+    return reader;
+  }
   auto feed = PictureFeed::open(path, threads);
   if (!feed) return feed.error();
   auto state = std::make_unique<State>(State{std::move(*feed), damage});
@@ -110,6 +118,7 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads, Dama
 }
 
 Result<SharedFrame> VideoReader::frameAt(double seconds) {
+  if (photograph_) return photograph_;
   auto& s = *state_;
   if (s.still && s.current.frame) return s.current.frame;
   if (auto done = s.goTo(s.still ? 0 : seconds); !done) return done.error();

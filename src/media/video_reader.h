@@ -33,6 +33,7 @@ class VideoReader {
   struct State;
   explicit VideoReader(std::unique_ptr<State> state);
   std::unique_ptr<State> state_;
+  SharedFrame photograph_;  // all of a HEIC or AVIF
 };
 
 }  // namespace kvo::media

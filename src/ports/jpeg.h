@@ -1,5 +1,5 @@
-// The port to a JPEG decoder that can decode small: a large photograph is never held in full to be shown
-// small.
+// The port to JPEG. It is decoded small where it is shown small: a large photograph is never held in full
+// for that.
 #pragma once
 
 #include "base/result.h"
@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace kvo {
@@ -35,6 +36,11 @@ class Jpeg {
   /// picture.
   virtual Outcome decode(std::string_view file, int scale, std::span<std::uint8_t> rows,
                          std::size_t stride) const = 0;
+
+  /// Encodes such rows, without gaps between them, at a quality of 1 to 100. Fails where `rows` do not hold
+  /// a picture of this size, or it is larger than the format can be.
+  [[nodiscard]] virtual Result<std::string> encode(JpegSize size, std::span<const std::uint8_t> rows,
+                                                   int quality) const = 0;
 };
 
 }  // namespace kvo

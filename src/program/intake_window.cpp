@@ -26,6 +26,7 @@ void IntakeWindow::analysed() {
 void IntakeWindow::added(int number) {
   parts_.list.addLast();
   last_ = number;
+  whenJoined_(number);
 }
 
 }  // namespace kvo

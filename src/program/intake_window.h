@@ -6,7 +6,9 @@
 #include "ports/event_loop.h"
 #include "program/clip_list.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace kvo {
 
@@ -28,9 +30,13 @@ class IntakeWindow : public IntakeHost {
   void added(int number) override;
   bool showInViewer(const std::string& file) override { return parts_.desktop.openFile(file); }
 
+  /// What goes on when a clip, by its number, has joined.
+  void whenJoined(std::function<void(int number)> work) { whenJoined_ = std::move(work); }
+
  private:
   Parts parts_;
   int last_ = 0;  // clip that has joined
+  std::function<void(int)> whenJoined_ = [](int) {};
 };
 
 }  // namespace kvo

@@ -13,6 +13,7 @@
 #include "program/skin_state.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ struct ClipListState {
   std::vector<int> chosen;  ///< numbers, from 1 and ascending, of what is chosen; the clip in hand among them
   std::string caption;      ///< "Holiday Collection"
   std::string tip;          ///< where the clip in hand comes from
+  std::uint64_t pictures = 0;  ///< higher each time that a picture of a row may have come
   bool visible = false;
   bool rename = false;  ///< the name of the clip in hand is to be edited in its row; the window clears this
 };

@@ -256,6 +256,8 @@ bool CoolListView::eventFilter(QObject* watched, QEvent* event) {
 CoolListRow CoolListView::drawing(int index) const {
   const auto& item = list_.item(index);
   const auto number = item.ItemSelected && item.ItemIconSelected > 0 ? item.ItemIconSelected : item.ItemIcon;
+  auto picture = look_.picture ? look_.picture(index) : QPixmap();
+  const bool hasPicture = !picture.isNull();
   const bool hasIcon = number > 0 && static_cast<std::size_t>(number) <= images_.size();
   const auto from = contentsRect().topLeft();
   const int row = index - list_.TopIndex();
@@ -263,8 +265,8 @@ CoolListRow CoolListView::drawing(int index) const {
           toRect(list_.textRect(row)).translated(from),
           QString::fromStdString(item.ItemText),
           look_.trailing ? look_.trailing(index) : QString(),
-          hasIcon ? images_[static_cast<std::size_t>(number) - 1] : QPixmap(),
-          look_.iconLeft,
+          hasIcon && !hasPicture ? images_[static_cast<std::size_t>(number) - 1] : std::move(picture),
+          hasPicture ? look_.pictureLeft : look_.iconLeft,
           item.ItemSelected,
           look_.elide};
 }

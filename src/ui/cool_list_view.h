@@ -37,6 +37,10 @@ class CoolListView : public QFrame {
     Qt::TextElideMode elide = Qt::ElideRight;    ///< of text that is too long, without WordWrap
     std::function<QString(int index)> trailing;  ///< a number or time at the row's right
     bool toolTips = true;                        ///< that show the whole of a text that was cut
+    /// Stands in the place of an item's icon; a null one leaves the icon there. Asked for as the row is
+    /// drawn.
+    std::function<QPixmap(int index)> picture{};
+    int pictureLeft = 0;  ///< pixels from the row's left
   };
 
   explicit CoolListView(QWidget* parent = nullptr, const CoolListProperties& properties = {});

@@ -147,5 +147,68 @@ TEST(MediaFrameSource, AStillStandsAsItsCameraWasHeld) {
   }
 }
 
+// The AVIF that ffmpeg makes, of one picture, to be turned by quarters against the clock.
+std::string turnedAvif(std::string file, int quarters) {
+  const auto box = [&](const char* name) { return file.find(name) - 4; };
+  const auto grow = [&](std::size_t at, std::uint32_t bytes) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i) value = value << 8U | static_cast<unsigned char>(file[at + i]);
+    file.replace(at, 4, number(value + bytes, 4, true));
+    return value;
+  };
+  constexpr std::size_t kPlaceOfPicture = 22;
+  constexpr std::size_t kCountOfProperties = 18;
+  grow(box("meta"), 10);
+  grow(box("iprp"), 10);
+  grow(box("ipco"), 9);
+  grow(box("iloc") + kPlaceOfPicture, 10);
+  const auto ties = box("ipma");
+  const auto end = ties + grow(ties, 1);
+  const char count = ++file[ties + kCountOfProperties];
+  file.insert(end, 1, static_cast<char>(0x80 | count));
+  return file.insert(ties, number(9, 4, true) + "irot" + static_cast<char>(quarters));
+}
+
+TEST(MediaFrameSource, APhotographOfAPhoneStandsUprightAndGoesOnForEver) {
+  const test::ScratchFolder folder;
+  const auto plain =
+      test::makeMedia(folder, "plain.avif",
+                      {"-f", "lavfi", "-i", "color=black:size=64x32,drawbox=0:0:32:16:red:fill", "-frames:v",
+                       "1", "-c:v", "libaom-av1", "-still-picture", "1"});
+  const auto png = test::makeMedia(
+      folder, "plain.png",
+      {"-f", "lavfi", "-i", "color=black:size=64x32,drawbox=0:0:32:16:red:fill", "-frames:v", "1"});
+  ASSERT_EQ(test::runProgram({"heif-enc", png, "-o", folder / "0.heic"}).exitCode, 0);
+  for (int quarters = 0; quarters < 4; ++quarters)
+    std::ofstream(folder / (std::to_string(quarters) + ".avif"), std::ios::binary)
+        << turnedAvif(bytesOf(plain), quarters);
+  const struct {
+    const char* name;
+    int red;  // the quarter that it is in, row by row
+  } rows[] = {{"plain.avif", 0}, {"0.heic", 0}, {"0.avif", 0}, {"1.avif", 2}, {"2.avif", 3}, {"3.avif", 1}};
+  for (const auto& row : rows) {
+    MediaFrameSource source;
+    const auto facts = source.facts(folder / row.name);
+    ASSERT_TRUE(facts) << facts.error().text;
+    const bool swapped = row.name[0] == '1' || row.name[0] == '3';
+    EXPECT_EQ(std::pair(facts->width, facts->height), swapped ? std::pair(32, 64) : std::pair(64, 32));
+    EXPECT_TRUE(facts->isStill && facts->hasVideo);
+    const auto picture = source.frame(folder / row.name, 1000, facts->width, facts->height);
+    ASSERT_TRUE(picture) << picture.error().text;
+    for (int quarter = 0; quarter < 4; ++quarter) {
+      const int x = facts->width / 4 + quarter % 2 * facts->width / 2;
+      const int y = facts->height / 4 + quarter / 2 * facts->height / 2;
+      const auto* pixel = &picture->bgr[static_cast<std::size_t>(3 * (y * facts->width + x))];
+      EXPECT_NEAR(pixel[2], quarter == row.red ? 253 : 0, 12) << row.name << quarter;
+      EXPECT_LT(pixel[0], 12);
+    }
+  }
+  MediaFrameSource source;
+  for (const std::size_t size : {20, 60, 300}) {
+    std::ofstream(folder / "cut.avif", std::ios::binary) << bytesOf(plain).substr(0, size);
+    EXPECT_FALSE(source.frame(folder / "cut.avif", 0, 64, 32)) << size;
+  }
+}
+
 }  // namespace
 }  // namespace kvo

@@ -111,6 +111,8 @@ const Made kFiles[] = {
     still("s.tiff", "", "TIFF image"),
     still("s.webp", "-c:v libwebp", "WebP"),
     still("s.pcx", "", "PC Paintbrush PCX image"),
+    still("phone.heic", "heif-enc", "HEIC"),
+    still("s.avif", "-c:v libaom-av1 -still-picture 1", "AVIF"),
     still("one.gif", "", "CompuServe GIF"),
     still("renamed.avi", "-f image2 -c:v png", "PNG"),
 };
@@ -135,6 +137,12 @@ std::vector<std::string> wordsOf(const std::string& text) {
 }
 
 void make(const ScratchFolder& folder, const Made& file) {
+  if (file.encoding == std::string_view("heif-enc")) {
+    const auto plain = test::makeMedia(folder, "plain.png", wordsOf(file.source));
+    const auto end = test::runProgram({"heif-enc", plain, "-o", folder / file.name});
+    ASSERT_EQ(end.exitCode, 0) << end.err;
+    return;
+  }
   auto arguments = wordsOf(std::string(file.source) + file.encoding);
   test::makeMedia(folder, file.name, arguments);
 }

@@ -1,98 +1,118 @@
-// The small picture over the slider.
+// The small pictures over the slider and in the list.
 #include "program/hover_preview.h"
 
-#include "support/virtual_loop.h"
-
-#include <atomic>
-#include <optional>
+#include "program/list_pictures.h"
+#include "support/named_sketches.h"
+#include "support/program_bench.h"
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-struct CountingStreams : FrameSource {
-  std::atomic<int> asked = 0;
-  Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
-  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
-    ++asked;
-    if (path == "/bad") return Error{path};
-    return FramePicture{width, height, {static_cast<std::uint8_t>(seconds)}};
-  }
-};
-
 struct HoverBench {
-  CountingStreams streams;
-  test::VirtualLoop loop;
+  test::NamedSketches sketches;
   MainWindowState window;
-  std::optional<HoverPreview> hover{std::in_place, streams, loop, window};
+  HoverPreview hover{sketches, window};
 
-  HoverBench() { clip("/v/a.avi", 100); }
+  HoverBench() {
+    sketches.whenCome([this](const std::string& path) { hover.came(path); });
+    clip("/v/a.avi", 100);
+  }
   void clip(const std::string& path, double length, ClipKind kind = ClipKind::Video) {
     window.list.Fillist.assign({{path, "", kind}});
     window.list.ListIndex = 0;
     window.mode.player.path = path;
     window.slider = {.handles = length > 0, .length = length};
   }
-  void over(double part) { hover->over(part, 8, 4); }
   // The second that the picture shows, -1 for none.
   [[nodiscard]] int shows() const {
     return window.hover.picture == nullptr ? -1 : window.hover.picture->bgr[0];
   }
-  // The same when one more has been fetched.
-  int comes() {
-    EXPECT_TRUE(loop.workComesHome());
-    return shows();
-  }
-  // How many were fetched, with what was still on its way.
-  int askedAtItsEnd() {
-    hover.reset();
-    return streams.asked;
-  }
 };
 
-TEST(HoverPreview, FetchesEachPlaceOfItsGridOnce) {
+TEST(HoverPreview, ShowsWhatComesOfTheLastPlaceOnItsGrid) {
   HoverBench b;
-  b.over(0.1234);
+  b.hover.over(0.1234);
   EXPECT_TRUE(b.window.hover.visible);
   EXPECT_EQ(b.window.hover.time, "0:12");
-  EXPECT_EQ(b.comes(), 12);
-  b.hover->left();
-  EXPECT_FALSE(b.window.hover.visible);
   EXPECT_EQ(b.shows(), -1);
-  b.over(0.12);
-  EXPECT_EQ(b.shows(), 12) << "it has been kept";
+  b.sketches.come("/v/a.avi", 12);
+  EXPECT_EQ(b.shows(), 12);
+  b.hover.over(0.1281);
+  EXPECT_EQ(b.window.hover.time, "0:13");
+  EXPECT_EQ(b.shows(), 12) << "the same place of the grid";
+  b.hover.over(0.5);
+  EXPECT_EQ(b.shows(), 12) << "it stands until the next one comes";
+  b.sketches.come("/v/a.avi", 30);
+  EXPECT_EQ(b.shows(), 12) << "another place";
+  b.hover.left();
+  b.sketches.come("/v/a.avi", 50);
+  EXPECT_FALSE(b.window.hover.visible);
+  EXPECT_EQ(b.shows(), -1) << "there is nobody to see it";
   b.clip("/v/b.avi", 5000);
-  b.over(0.0099);
-  EXPECT_EQ(b.comes(), 40) << "20 seconds apart in a long clip";
+  b.hover.over(0.0099);
+  EXPECT_EQ(b.sketches.asked.back(), "/v/b.avi 40") << "20 seconds apart in a long clip";
   b.clip("/v/c.avi", 200);
-  b.hover->settled();
+  b.hover.settled();
   EXPECT_EQ(b.window.hover.time, "0:02") << "of the clip that has come below the pointer";
-  EXPECT_EQ(b.comes(), 1);
-  b.over(0.0074);
-  EXPECT_EQ(b.shows(), 1) << "the same place of the grid";
-  EXPECT_EQ(b.askedAtItsEnd(), 3);
+  EXPECT_EQ(b.sketches.asked.back(), "/v/c.avi 1");
 }
 
 TEST(HoverPreview, HasATimeButNoPictureWhereThereIsNone) {
   HoverBench b;
   b.clip("/v/song.mp3", 100, ClipKind::Sound);
-  b.over(0.5);
+  b.hover.over(0.5);
+  b.hover.settled();
   EXPECT_EQ(b.window.hover.time, "0:50");
-  b.clip("/bad", 100);
-  b.over(0.5);
-  EXPECT_EQ(b.comes(), -1);
-  b.over(0.1);
-  EXPECT_EQ(b.comes(), -1);
-  b.over(0.5);
-  EXPECT_EQ(b.askedAtItsEnd(), 2) << "neither sound, nor again what has none";
+  EXPECT_TRUE(b.sketches.asked.empty());
+  b.clip("/v/a.avi", 100);
+  b.sketches.come("/v/a.avi", 10);
+  b.sketches.pictures[{"/v/a.avi", 50.0}] = nullptr;
+  b.hover.over(0.1);
+  b.hover.over(0.5);
+  EXPECT_EQ(b.shows(), -1) << "this place has none";
+  b.clip("/v/still.jpg", 0);
+  b.hover.over(0.5);
+  EXPECT_FALSE(b.window.hover.visible) << "no length, no place";
 }
 
-TEST(HoverPreview, NeedsALength) {
-  HoverBench b;
-  b.clip("/v/still.jpg", 0);
-  b.over(0.5);
-  EXPECT_FALSE(b.window.hover.visible);
+TEST(ListPictures, AreOfFilmsAndStillsSoonBehindTheirMarkIn) {
+  test::ProgramBench b;
+  test::NamedSketches sketches;
+  ListPictures pictures({sketches, b.collection, b.window.list});
+  const struct {
+    const char* name;
+    double length, in, out;
+    const char* prepared;
+  } rows[] = {{"long.avi", 100, 20, 90, "/v/long.avi 21,/v/long.avi peaks"},
+              {"short.avi", 100, 20, 24, "/v/short.avi 20,/v/short.avi peaks"},
+              {"film.avi", 7200, 0, 7200, "/v/film.avi 1"},
+              {"still.jpg", 0, 0, 0, "/v/still.jpg 0"},
+              {"song.mp3", 100, 0, 100, "/v/song.mp3 peaks"}};
+  for (const auto& row : rows) {
+    auto& clip = b.collection.MovieList.add({});
+    clip.Path("/v/");
+    clip.MovieName(row.name);
+    clip.IsStill(row.length == 0);
+    clip.DurationTime(row.length > 0 ? Value(row.length) : Value("N/A"));
+    clip.LoopStart(Value(row.in));
+    clip.LoopEnd(Value(row.out));
+    sketches.prepared.clear();
+    pictures.joined(b.collection.MovieList.count());
+    std::string prepared;
+    for (const auto& one : sketches.prepared) prepared += (prepared.empty() ? "" : ",") + one;
+    EXPECT_EQ(prepared, row.prepared);
+  }
+  b.list.fill();
+  EXPECT_EQ(pictures.of(0), nullptr);
+  sketches.come("/v/long.avi", 21);
+  EXPECT_NE(pictures.of(0), nullptr);
+  sketches.asked.clear();
+  for (const int none : {4, 5, -1}) EXPECT_EQ(pictures.of(none), nullptr);
+  b.list.missing({"/v/film.avi"});
+  EXPECT_EQ(pictures.of(2), nullptr);
+  EXPECT_TRUE(sketches.asked.empty()) << "neither sound nor what is not there is looked at";
 }
 
 }  // namespace

@@ -290,6 +290,10 @@ class NotedJpeg : public Jpeg {
     asked = scale;
     return Error{"noted"};
   }
+  [[nodiscard]] Result<std::string> encode(JpegSize /*size*/, std::span<const std::uint8_t> /*rows*/,
+                                           int /*quality*/) const override {
+    return Error{"noted"};
+  }
 };
 
 TEST_F(Pictures, OfJpegAreDecodedAsSmallAsStillFillsWhatIsWantedOrAsMemoryAllows) {

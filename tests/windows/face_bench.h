@@ -8,6 +8,7 @@
 #include "program/media_commands.h"
 #include "program/menus.h"
 #include "support/fake_engines.h"
+#include "support/named_sketches.h"
 #include "support/program_bench.h"
 #include "windows/main/frm_file_open.h"
 
@@ -49,6 +50,10 @@ struct FaceBench : ProgramBench {
     saveCollection("/prog/KVO5.INI", clips);
     for (const auto& clip : clips) engineFiles["/v/" + clip] = {};
     links.link(faceSkins);
+    sketches.whenCome([this](const std::string& path) {
+      hover.came(path);
+      rows.came();
+    });
     listCommands.whenUnseen([this] { links.display().AllDetOn(); });
     window.face.interfaceSize = size;
     links.takeInterfaceSize();
@@ -87,6 +92,7 @@ struct FaceBench : ProgramBench {
                            shutDown,
                            links.display(),
                            picture,
+                           rows,
                            hover,
                            resume,
                            {},
@@ -163,7 +169,9 @@ struct FaceBench : ProgramBench {
                  .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); },
                  .ordered = [this](MenuCommand tick) { play.ordered(tick); }}};
   ClipPicture picture{streams, loop, window.picture};
-  HoverPreview hover{streams, loop, window};
+  NamedSketches sketches;
+  ListPictures rows{{sketches, collection, window.list}};
+  HoverPreview hover{sketches, window};
   Resume resume{{window, collection, settings, links.player(), loop, files, "/state/KVO5/Places"}};
   PosixFiles disk;
   TurboJpeg jpeg;

@@ -185,5 +185,23 @@ TEST(SkinnedFace, DrawsTheEnginesPictureWhileThePlayerIsInSight) {
   EXPECT_FALSE(b.video.due());
 }
 
+TEST(SkinnedFace, ARowShowsThePictureOfItsClipInThePlaceOfTheIcon) {
+  FaceBench b;
+  auto& list = dynamic_cast<CoolListView&>(b.at("Clips"));
+  const auto grey = [&](int row) {
+    const auto rect = list.itemRect(row);
+    return qGray(list.grab().toImage().pixel(12, rect.center().y()));
+  };
+  const int before = grey(1);
+  const int other = grey(0);
+  b.sketches.come("/v/b.avi", 1);
+  b.sketches.pictures[{"/v/b.avi", 1.0}] = std::make_shared<FramePicture>(
+      FramePicture{16, 200, std::vector<std::uint8_t>(std::size_t{16} * 200 * 3, 200)});
+  b.draw();
+  EXPECT_EQ(grey(1), 200);
+  EXPECT_NE(before, 200);
+  EXPECT_EQ(grey(0), other) << "an icon still";
+}
+
 }  // namespace
 }  // namespace kvo

@@ -3,6 +3,7 @@
 #include <array>
 #include <csetjmp>
 #include <cstdio>
+#include <cstdlib>
 #include <jpeglib.h>
 
 namespace kvo {
@@ -85,6 +86,50 @@ class Decoder {
   jpeg_decompress_struct coder_{};
 };
 
+// One encoder, gone with the object, as above.
+class Encoder {
+ public:
+  Encoder() {
+    coder_.err = jpeg_std_error(&faults_.calls);
+    faults_.calls.error_exit = leave;
+  }
+  Encoder(const Encoder&) = delete;
+  Encoder& operator=(const Encoder&) = delete;
+  ~Encoder() {
+    jpeg_destroy_compress(&coder_);
+    std::free(bytes_);
+  }
+
+  bool write(JpegSize size, std::span<const std::uint8_t> rows, int quality) {
+    if (setjmp(faults_.wayOut) != 0) return false;
+    jpeg_create_compress(&coder_);
+    jpeg_mem_dest(&coder_, &bytes_, &count_);
+    coder_.image_width = static_cast<JDIMENSION>(size.width);
+    coder_.image_height = static_cast<JDIMENSION>(size.height);
+    coder_.input_components = 3;
+    coder_.in_color_space = JCS_EXT_BGR;
+    jpeg_set_defaults(&coder_);
+    jpeg_set_quality(&coder_, quality, TRUE);
+    jpeg_start_compress(&coder_, TRUE);
+    const auto stride = static_cast<std::size_t>(size.width) * 3;
+    while (coder_.next_scanline < coder_.image_height) {
+      auto* row = const_cast<JSAMPROW>(rows.data() + coder_.next_scanline * stride);
+      jpeg_write_scanlines(&coder_, &row, 1);
+    }
+    jpeg_finish_compress(&coder_);
+    return true;
+  }
+
+  [[nodiscard]] std::string bytes() const { return {reinterpret_cast<const char*>(bytes_), count_}; }
+  [[nodiscard]] Error error() const { return {faults_.text.data()}; }
+
+ private:
+  Faults faults_;
+  jpeg_compress_struct coder_{};
+  unsigned char* bytes_ = nullptr;  // the library's, by malloc
+  unsigned long count_ = 0;
+};
+
 bool holds(std::span<const std::uint8_t> rows, std::size_t stride, JpegSize size, int scale) {
   const auto rowBytes = static_cast<std::size_t>(jpegSide(size.width, scale)) * 3;
   const auto height = static_cast<std::size_t>(jpegSide(size.height, scale));
@@ -107,6 +152,15 @@ Outcome TurboJpeg::decode(std::string_view file, int scale, std::span<std::uint8
   if (!holds(rows, stride, decoder.size(), scale)) return Error{"there is no room for the picture"};
   if (!decoder.readRows(scale, rows, stride)) return decoder.error();
   return {};
+}
+
+Result<std::string> TurboJpeg::encode(JpegSize size, std::span<const std::uint8_t> rows, int quality) const {
+  const auto wanted = static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) * 3;
+  if (size.width <= 0 || size.height <= 0 || rows.size() < wanted)
+    return Error{"there is no picture to encode"};
+  Encoder encoder;
+  if (!encoder.write(size, rows, quality)) return encoder.error();
+  return encoder.bytes();
 }
 
 }  // namespace kvo

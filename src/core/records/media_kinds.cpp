@@ -27,6 +27,7 @@ constexpr MediaKind kKinds[] = {
     {"M2V", kVideo, true}, {"M2P", kVideo, true}, {"WMV", kVideo, true},  {"GIF", kVideo, true},
     {"JPG", kStill, true}, {"JPEG", kStill, true}, {"JPE", kStill, true}, {"BMP", kStill, true},
     {"TIF", kStill, true}, {"TIFF", kStill, true}, {"PNG", kStill, true}, {"WEBP", kStill, true},
+    {"HEIC", kStill, true}, {"HEIF", kStill, true}, {"AVIF", kStill, true},
     // Pictures unless there is only sound in them
     {"MKV", kVideo}, {"MP4", kVideo},  {"WEBM", kVideo}, {"MOV", kVideo}, {"MTS", kVideo}, {"M2TS", kVideo},
     {"TS", kVideo},  {"3GP", kVideo},  {"VOB", kVideo},  {"OGV", kVideo}, {"DV", kVideo},  {"ASF", kVideo},

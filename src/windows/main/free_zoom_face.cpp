@@ -72,8 +72,7 @@ ToolbarPart::Acts FreeZoomFace::toolActs() {
                          .acted = [this] { acted_(); },
                          .hover =
                              [this](double part) {
-                               const auto size = hover_->pictureSize();
-                               logic_.hover.over(part, size.width(), size.height());
+                               logic_.hover.over(part);
                                drawHover();
                              },
                          .hoverEnds =

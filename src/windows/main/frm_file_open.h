@@ -3,6 +3,7 @@
 #pragma once
 
 #include "program/clip_picture.h"
+#include "program/list_pictures.h"
 #include "program/media_commands.h"
 #include "windows/main/free_zoom_face.h"
 #include "windows/main/full_picture.h"
@@ -31,6 +32,7 @@ class FrmFileOpen {
     ShutDown& shutDown;
     Display& display;
     ClipPicture& pictures;
+    ListPictures& rows;
     HoverPreview& hover;
     Resume& resume;
     std::function<void()> settled;  ///< the state is whole: called ahead of each drawing

@@ -28,11 +28,6 @@ HoverPart::HoverPart(const HoverState& state, QWidget* face) : QWidget(face), st
 
 void HoverPart::layOut(const FaceScale& scale) { scale_ = scale; }
 
-QSize HoverPart::pictureSize() const {
-  const double pixels = scale_.size() * devicePixelRatio();
-  return {qRound(kHoverPicture.width() * pixels), qRound(kHoverPicture.height() * pixels)};
-}
-
 void HoverPart::drawOver(const QPoint& point) {
   if (take()) placeAt(point.x(), point.y() - scale_.at(kHoverGap) - height());
 }
@@ -46,7 +41,7 @@ bool HoverPart::take() {
   if (!state_.visible) return false;
   if (shown_ != state_.picture) {
     shown_ = state_.picture;
-    picture_ = shown_ == nullptr ? QPixmap() : framePixmap(*shown_, devicePixelRatio());
+    picture_ = shown_ == nullptr ? QPixmap() : framePixmap(*shown_, 1);
     update();
   }
   if (time_ != state_.time) {
@@ -75,7 +70,11 @@ void HoverPart::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRoundedRect(box, radius, radius);
   const int rim = scale_.at(kHoverRim);
   if (!picture_.isNull()) {
-    const QRect place(rim, rim, width() - 2 * rim, scale_.at(kHoverPicture.height()));
+    const QRect box(rim, rim, width() - 2 * rim, scale_.at(kHoverPicture.height()));
+    QRect place({}, picture_.size().scaled(box.size(), Qt::KeepAspectRatio));
+    place.moveCenter(box.center());
+    painter.fillRect(box, toColour(token("void")));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(place, picture_);
   }
   const int line = scale_.at(kHoverTime);

@@ -18,8 +18,6 @@ class HoverPart : public QWidget {
   /// Brings it in line with the state; it stands over this point of the face, or below it.
   void drawOver(const QPoint& point);
   void drawBelow(const QPoint& point);
-  /// Pixels of the picture that it has room for.
-  [[nodiscard]] QSize pictureSize() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

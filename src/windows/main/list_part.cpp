@@ -8,6 +8,7 @@
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
 #include "windows/main/dropped_files.h"
+#include "windows/main/frame_pixmap.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
@@ -27,6 +28,9 @@ constexpr double kListRow = 24;
 constexpr double kListIcon = 14;
 constexpr double kListIconLeft = 9;
 constexpr double kListTextLeft = 29;
+constexpr QSizeF kRowPicture(20, 15);
+constexpr double kRowPictureLeft = 6;
+constexpr std::size_t kMostRowPictures = 256;
 constexpr double kListBar = 10;
 constexpr int kListText = 12;
 constexpr auto kRowsFormat = "application/x-kvo5-rows";
@@ -169,7 +173,28 @@ void ListPart::setLook() {
     const auto row = static_cast<std::size_t>(index);
     return row < rows.size() ? shown(rows[row].length) : QString();
   };
+  look.picture = [this](int index) { return rowPicture(index); };
+  look.pictureLeft = scale_.at(kRowPictureLeft);
+  drawnPictures_.clear();
   list_->setLook(std::move(look));
+}
+
+// Its middle, as large as the place of the icon.
+QPixmap ListPart::rowPicture(int index) {
+  const auto picture = logic_.pictures.of(index);
+  if (picture == nullptr) return {};
+  if (drawnPictures_.size() > kMostRowPictures) drawnPictures_.clear();
+  auto& drawn = drawnPictures_[picture];
+  if (drawn.isNull()) {
+    const double pixels = scale_.size() * devicePixelRatio();
+    const QSize size = (kRowPicture * pixels).toSize();
+    const auto whole =
+        framePixmap(*picture, 1).scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    drawn = whole.copy(
+        QRect(QPoint((whole.width() - size.width()) / 2, (whole.height() - size.height()) / 2), size));
+    drawn.setDevicePixelRatio(devicePixelRatio());
+  }
+  return drawn;
 }
 
 void ListPart::draw(Rgb colour) {
@@ -178,6 +203,7 @@ void ListPart::draw(Rgb colour) {
   if (const auto tip = plainTip(shown(state_.tip)); tip != list_->toolTip()) list_->setToolTip(tip);
   if (std::exchange(colour_, colour) != colour) setLook();
   if (std::exchange(shownRevision_, state_.Fillist.revision()) != state_.Fillist.revision()) fill();
+  if (std::exchange(shownPictures_, state_.pictures) != state_.pictures) list_->update();
   showChosen();
   if (std::exchange(state_.rename, false)) list_->list().StartEdit();
   const std::array enabled = {keysState_.UP, keysState_.DOWN, keysState_.ADD, keysState_.Cross,

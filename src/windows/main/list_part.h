@@ -2,13 +2,16 @@
 #pragma once
 
 #include "program/list_commands.h"
+#include "program/list_pictures.h"
 #include "program/mailbox.h"
 #include "program/main_window_state.h"
 #include "windows/main/plate.h"
 
 #include <QCoreApplication>
+#include <QPixmap>
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +30,7 @@ class ListPart : public Plate {
  public:
   struct Logic {
     ListCommands& commands;
+    ListPictures& pictures;
     Mailbox& mailbox;
     std::function<void()> addMedia;
     /// Opens the menu of sort keys with its corner at that place of the screen.
@@ -52,6 +56,7 @@ class ListPart : public Plate {
 
  private:
   void setLook();
+  [[nodiscard]] QPixmap rowPicture(int index);
   void listen();
   void fill();
   void showChosen();
@@ -69,8 +74,10 @@ class ListPart : public Plate {
   CoolListView* list_;
   std::array<KVOBut*, 5> keys_{};
   std::uint64_t shownRevision_ = 0;
-  std::optional<std::vector<int>> shownChosen_;  // while the list shows just these
-  bool drawing_ = false;                         // what the list tells now is nothing that the user did
+  std::uint64_t shownPictures_ = 0;
+  std::map<Sketches::Picture, QPixmap> drawnPictures_;  // of rows that have been seen
+  std::optional<std::vector<int>> shownChosen_;         // while the list shows just these
+  bool drawing_ = false;  // what the list tells now is nothing that the user did
 };
 
 }  // namespace kvo

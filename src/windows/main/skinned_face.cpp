@@ -100,7 +100,7 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
                           act([this] { logic_.history.undo(); }), act([this] { logic_.history.redo(); })},
       this);
   list_ = made<ListPart>(state_.list, state_.listKeys,
-                         ListPart::Logic{logic_.list, logic_.mailbox, logic_.addMedia,
+                         ListPart::Logic{logic_.list, logic_.rows, logic_.mailbox, logic_.addMedia,
                                          [this, &acts](const QPoint& at) { acts.openSortMenu(at, *this); },
                                          [this, &acts](const QPoint& at) { acts.openListMenu(at, *this); },
                                          [&acts](const QString& typed) { return acts.key(typed); },
@@ -128,8 +128,7 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   slides.look = [look](double seconds) { look(seconds); };
   slides.lookEnds = [look] { look(std::nullopt); };
   slides.hover = [this](double part) {
-    const auto size = hover_->pictureSize();
-    logic_.hover.over(part, size.width(), size.height());
+    logic_.hover.over(part);
     drawHover();
   };
   slides.hoverEnds = [this] {

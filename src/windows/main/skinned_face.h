@@ -6,6 +6,7 @@
 #include "program/clip_picture.h"
 #include "program/hover_preview.h"
 #include "program/list_commands.h"
+#include "program/list_pictures.h"
 #include "program/resume.h"
 #include "ui/face_drag.h"
 #include "ui/skin_face.h"
@@ -44,6 +45,7 @@ class SkinnedFace : public QWidget {
     Display& display;
     Positions& positions;
     ClipPicture& pictures;
+    ListPictures& rows;
     HoverPreview& hover;
     Resume& resume;
     Transport& transport;

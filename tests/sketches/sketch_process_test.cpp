@@ -1,0 +1,167 @@
+// Sketches by processes of their own: their words, what waits, their ends, and real media.
+#include "adapters/jpeg/turbo_jpeg.h"
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/posix_processes.h"
+#include "sketches/kept_sketches.h"
+#include "sketches/sketch_file.h"
+#include "support/fake_processes.h"
+#include "support/real_world.h"
+#include "support/virtual_loop.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using Kind = SketchOrder::Kind;
+
+TEST(SketchWords, ComeBackAsTheyWere) {
+  for (const auto& order : {SketchOrder{Kind::Picture, "/v/a  b\n.avi", 4294967295U, true},
+                            SketchOrder{Kind::Peaks, " ", 0, false}})
+    EXPECT_EQ(readOrder(orderText(order)), order);
+  for (const auto* junk :
+       {"", "picture", "picture 1 loud ", "picture x loud /a", "picture 4294967296 loud /a",
+        "picture 1 soft /a", "sound 1 loud /a", "peaks -1 quiet /a"})
+    EXPECT_FALSE(readOrder(junk)) << junk;
+  std::string data;
+  for (int i = 0; i < 100000; ++i) data += static_cast<char>(i * 7);
+  std::string back;
+  std::size_t lines = 0;
+  sketchLines(data, [&](std::string_view line) {
+    EXPECT_LT(line.size(), kMaxProcessLine);
+    readSketchLine(line, back);
+    ++lines;
+  });
+  EXPECT_EQ(back, data);
+  EXPECT_EQ(lines, 8U);
+  for (const auto* junk : {"data 4", "data zz", "date 41", "", "end"}) readSketchLine(junk, back);
+  EXPECT_EQ(back.size(), data.size());
+}
+
+struct SketchBench {
+  test::FakeProcesses processes;
+  test::VirtualLoop loop;
+  std::vector<std::string> heard;
+  SketchProcess drawing{{processes, loop, {.program = "/bin/sketch"}},
+                        [this](const SketchOrder& order, const std::string& data) {
+                          heard.push_back(order.path + "=" + data);
+                        }};
+
+  void want(const std::string& path, bool quiet = false) { drawing.want({Kind::Picture, path, 1, quiet}); }
+  // The order that is being carried out.
+  [[nodiscard]] std::string asked() const {
+    const auto order = readOrder(processes.last().written.back());
+    return order ? order->path.substr(0, order->path.find('\0')) : "none";
+  }
+  void answer() const {
+    processes.say("data 6f6b");
+    processes.say("end");
+  }
+};
+
+TEST(SketchProcess, DoesFirstWhatIsWantedLastAndWhatIsForLaterAtTheEnd) {
+  SketchBench b;
+  EXPECT_TRUE(b.processes.all.empty()) << "none before the first order";
+  for (const auto* later : {"x", "y"}) b.want(later, true);
+  for (const auto* now : {"a", "b", "c", "a"}) b.want(now);
+  std::string order;
+  for (int i = 0; i < 5; ++i) {
+    order += b.asked();
+    b.answer();
+  }
+  EXPECT_EQ(order, "xacby");
+  EXPECT_EQ(b.heard, (std::vector<std::string>{"a=ok", "c=ok", "b=ok"})) << "nothing of what is for later";
+  EXPECT_EQ(b.processes.all.size(), 1U);
+  b.processes.say("data 6f6b");
+  b.want("d");
+  for (int i = 0; i < 200; ++i) b.want(std::to_string(i));
+  for (int i = 0; i < 300; ++i) b.answer();
+  EXPECT_EQ(b.heard[3], "d=ok");
+  EXPECT_EQ(b.heard[4], "199=ok");
+  EXPECT_EQ(b.heard.size(), 4 + SketchProcess::kMostWanted) << "those asked for long ago are forgotten";
+  b.loop.advance(SketchProcess::kSketchRest + 1000);
+  EXPECT_TRUE(b.processes.last().destroyed) << "nobody wants anything";
+  b.want("e");
+  EXPECT_EQ(b.processes.all.size(), 2U);
+}
+
+TEST(SketchProcess, GoesOnBehindOneThatCrashesOrHangs) {
+  SketchBench b;
+  for (const auto* path : {"good", "slow", "hangs", "crashes"}) b.want(path);
+  b.answer();
+  b.processes.say("data 6f");
+  b.processes.end(139, 11);
+  EXPECT_EQ(b.processes.all.size(), 2U);
+  b.loop.advance(SketchProcess::kSketchPatience + 1000);
+  EXPECT_EQ(b.processes.all.size(), 3U);
+  for (int i = 0; i < 5; ++i) {
+    b.loop.advance(SketchProcess::kSketchPatience - 2000);
+    b.processes.say("busy");
+  }
+  b.answer();
+  EXPECT_EQ(b.heard, (std::vector<std::string>{"good=ok", "crashes=", "hangs=", "slow=ok"}));
+  b.processes.end(0);
+  b.processes.refusal = "no";
+  b.want("last");
+  b.loop.advance(100);
+  EXPECT_EQ(b.heard.back(), "last=") << "where none can be started there is nothing";
+}
+
+TEST(KeptSketches, OfRealMediaComeByTheProgramAndOutOfTheFolderNextTime) {
+  const test::ScratchFolder media;
+  const test::ScratchFolder cache;
+  ::setenv("XDG_CACHE_HOME", cache.path().c_str(), 1);
+  const auto film =
+      test::makeMedia(media, "a b.avi",
+                      {"-f", "lavfi", "-i", "color=red:size=320x180:rate=25:duration=2", "-f", "lavfi", "-i",
+                       "aevalsrc=if(gte(t\\,1)\\,0.5\\,0):duration=2", "-c:v", "mpeg4", "-c:a", "pcm_s16le"});
+  PosixProcesses processes;
+  const TurboJpeg jpeg;
+  const auto take = [&](const std::string& path, auto check) {
+    PollLoop loop;
+    KeptSketches sketches({processes, loop, {.program = KVO_PROGRAMS "/kvo5", .arguments = {"--sketch"}}},
+                          jpeg);
+    std::optional<Sketches::Picture> picture;
+    std::optional<Sketches::Peaks> peaks;
+    for (int i = 0; i < 2000 && !(picture && peaks); ++i) {
+      picture = sketches.picture(path, 1.5);
+      peaks = sketches.peaks(path, 10);
+      loop.wait(20);
+    }
+    ASSERT_TRUE(picture && peaks);
+    check(*picture, *peaks);
+    for (int i = 0; i < 60; ++i) loop.wait(20);  // what has been made is kept a moment later
+  };
+  for (int i = 0; i < 2; ++i) {
+    take(film, [](const auto& picture, const auto& peaks) {
+      ASSERT_NE(picture, nullptr);
+      EXPECT_EQ(picture->width * 1000 + picture->height, 256144);
+      EXPECT_GT(picture->bgr[2], 200);
+      EXPECT_LT(picture->bgr[0], 60);
+      ASSERT_NE(peaks, nullptr);
+      ASSERT_NEAR(static_cast<double>(peaks->size()), 20, 1);
+      EXPECT_EQ((*peaks)[5], 0);
+      EXPECT_NEAR((*peaks)[15], 128, 2);
+    });
+    const auto kept = std::filesystem::directory_iterator(cache / "kvo5/sketches");
+    ASSERT_NE(kept, std::filesystem::directory_iterator());
+    // A picture of the second run can only come from here.
+    if (i == 0) {
+      const auto before = std::filesystem::last_write_time(film);
+      const auto size = std::filesystem::file_size(film);
+      std::filesystem::resize_file(film, 100);
+      std::filesystem::resize_file(film, size);
+      std::filesystem::last_write_time(film, before);
+    }
+  }
+  take(media / "none.avi", [](const auto& picture, const auto& peaks) {
+    EXPECT_EQ(picture, nullptr);
+    EXPECT_EQ(peaks, nullptr);
+  });
+}
+
+}  // namespace
+}  // namespace kvo

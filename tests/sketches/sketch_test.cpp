@@ -1,0 +1,207 @@
+// What is kept of media files: its bytes, its folder, and how it is made.
+#include "adapters/jpeg/turbo_jpeg.h"
+#include "sketches/kept_sketches.h"
+#include "sketches/sketch_maker.h"
+#include "support/golden.h"
+#include "support/memory_files.h"
+#include "support/named_streams.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::MemoryFiles;
+
+const SketchFile kSketch{{"/v/a b.avi", 0x0102030405ULL, 1700000000},
+                         {{0, "jpeg"}, {1500, ""}, {4000000000U, "\xff\xd8"}},
+                         std::string("\x00\x7f\xff", 3)};
+
+TEST(SketchFile, BytesStayAsTheyAre) {
+  test::expectGolden("a.sketch", sketchBytes(kSketch));
+  for (const auto& sketch : {kSketch, SketchFile{{"", 0, -1}, {}, {}}, SketchFile{{"x", 1, 1}, {}, ""}})
+    EXPECT_EQ(readSketch(sketchBytes(sketch)), sketch);
+}
+
+std::string summed(std::string body) {
+  const auto sum = sketchSum(body);
+  for (unsigned i = 0; i < 8; ++i) body += static_cast<char>(sum >> (8 * i));
+  return body;
+}
+
+TEST(SketchFile, WhatIsDamagedIsNone) {
+  const auto whole = sketchBytes(kSketch);
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    EXPECT_FALSE(readSketch(whole.substr(0, i))) << "cut off at " << i;
+    auto other = whole;
+    other[i] = static_cast<char>(other[i] ^ 1);
+    EXPECT_FALSE(readSketch(other)) << "another byte at " << i;
+  }
+  // The sum is right, and the rest is not: another version, more of anything than there is, and less.
+  const auto body = whole.substr(0, whole.size() - 8);
+  for (const auto& [at, byte] : {std::pair{8, 2},
+                                 {12, 11},
+                                 {12, 9},
+                                 {15, 127},
+                                 {32, 4},
+                                 {32, 2},
+                                 {35, 127},
+                                 {36, 0},
+                                 {36, 2},
+                                 {40, 4},
+                                 {40, 2},
+                                 {47, 127},
+                                 {58, 255},
+                                 {62, 5},
+                                 {65, 127}}) {
+    auto other = body;
+    other[static_cast<std::size_t>(at)] = static_cast<char>(byte);
+    EXPECT_FALSE(readSketch(summed(other))) << at << " " << byte;
+  }
+  EXPECT_TRUE(readSketch(summed(body)));
+}
+
+struct FolderBench {
+  MemoryFiles files;
+  SketchFolder folder{files, "/c/sketches", 2000};
+  FolderBench() { files.all["/v/a.avi"] = "film"; }
+  void keep(const std::string& media, std::uint32_t milliseconds, const std::string& jpeg) {
+    auto sketch = folder.find(media);
+    ASSERT_TRUE(sketch) << media;
+    sketch->add({milliseconds, jpeg});
+    EXPECT_TRUE(folder.keep(*sketch));
+  }
+};
+
+TEST(SketchFolder, KeepsWhatIsAddedWhileTheFileStaysAsItIs) {
+  FolderBench b;
+  EXPECT_FALSE(b.folder.find("/v/none.avi"));
+  auto early = b.folder.find("/v/a.avi");
+  b.keep("/v/a.avi", 1000, "one");
+  early->peaks = "loud";
+  EXPECT_TRUE(b.folder.keep(*early)) << "what another process has added meanwhile stays";
+  b.keep("/v/a.avi", 500, "half");
+  EXPECT_EQ(b.folder.find("/v/a.avi")->pictures.size(), 2U);
+  EXPECT_EQ(b.folder.find("/v/a.avi")->find(1000)->jpeg, "one");
+  EXPECT_EQ(b.folder.find("/v/a.avi")->peaks, "loud");
+  const auto path = b.folder.fileOf("/v/a.avi");
+  const auto whole = b.files.all[path];
+  b.files.all[path].resize(whole.size() / 2);
+  EXPECT_TRUE(b.folder.find("/v/a.avi")->pictures.empty()) << "cut off";
+  b.keep("/v/a.avi", 500, "again");
+  EXPECT_EQ(b.folder.find("/v/a.avi")->find(500)->jpeg, "again");
+  b.files.all["/v/a.avi"] = "another film";
+  EXPECT_TRUE(b.folder.find("/v/a.avi")->pictures.empty()) << "of an earlier state";
+  // A disk that is full leaves what there was.
+  const auto before = b.files.all[path];
+  for (b.files.failAt = 1; b.files.failAt < 4; ++b.files.failAt) {
+    b.files.calls = 0;
+    auto more = *b.folder.find("/v/a.avi");
+    more.add({7, "new"});
+    EXPECT_FALSE(b.folder.keep(more)) << b.files.failAt;
+    EXPECT_EQ(b.files.all[path], before);
+  }
+  SketchFolder nowhere(b.files, "");
+  const auto count = b.files.all.size();
+  EXPECT_TRUE(nowhere.keep(kSketch));
+  EXPECT_EQ(b.files.all.size(), count);
+}
+
+TEST(SketchFolder, LetsTheOldestGoWhereAllGrowTooLarge) {
+  FolderBench b;
+  b.files.all["/c/sketches/mine.txt"] = std::string(5000, ' ');
+  for (int i = 0; i <= SketchFolder::kSweepEvery; ++i) {
+    const auto media = "/v/" + std::to_string(i);
+    b.files.all[media] = "film";
+    b.keep(media, 0, std::string(static_cast<std::size_t>(500 + i), 'x'));  // by their length as old as large
+  }
+  std::uint64_t total = 0;
+  for (const auto& [path, bytes] : b.files.all) total += path.ends_with(".sketch") ? bytes.size() : 0;
+  EXPECT_LE(total, 2000U);
+  EXPECT_GT(total, 1000U) << "no more than has to";
+  EXPECT_TRUE(b.folder.find("/v/0")->pictures.empty());
+  EXPECT_FALSE(b.folder.find("/v/" + std::to_string(SketchFolder::kSweepEvery))->pictures.empty());
+  EXPECT_TRUE(b.files.exists("/c/sketches/mine.txt")) << "no sketch";
+  const auto named = [](const char* cache, const char* home) {
+    return sketchesFolder([=](const char* name) { return std::string(name[0] == 'X' ? cache : home); });
+  };
+  EXPECT_EQ(named("/c", "/h") + named("c", "/h") + named("", ""), "/c/kvo5/sketches/h/.cache/kvo5/sketches");
+}
+
+struct CountedStreams : test::NamedStreams {
+  int drawn = 0;
+  int width = 0;
+  int height = 0;
+  Result<FramePicture> frame(const std::string& path, double seconds, int w, int h) override {
+    ++drawn;
+    width = w;
+    height = h;
+    return test::NamedStreams::frame(path, seconds, w, h);
+  }
+};
+
+struct CountedSounds : SoundPeaks {
+  int heard = 0;
+  Result<std::vector<std::uint8_t>> peaks(const std::string& path, int perSecond,
+                                          const std::function<void()>& alive) override {
+    ++heard;
+    alive();
+    if (path == "/v/mute.avi") return Error{"no sound in " + path};
+    return std::vector<std::uint8_t>(static_cast<std::size_t>(perSecond), 9);
+  }
+};
+
+TEST(SketchMaker, MakesEachOnceInTheShapeOfTheFile) {
+  FolderBench b;
+  CountedStreams streams;
+  CountedSounds sounds;
+  const TurboJpeg jpeg;
+  SketchMaker maker({b.folder, streams, sounds, jpeg});
+  const struct {
+    int width, height, drawnWidth, drawnHeight;
+  } shapes[] = {{1920, 1080, 256, 144},
+                {640, 480, 192, 144},
+                {720, 1280, 81, 144},
+                {4000, 100, 256, 6},
+                {64, 48, 64, 48}};
+  for (const auto& shape : shapes) {
+    const auto path = "/v/" + std::to_string(shape.width);
+    b.files.all[path] = "film";
+    streams.all[path] = {.hasVideo = true, .width = shape.width, .height = shape.height};
+    EXPECT_FALSE(maker.picture(path, 77000).empty());
+    EXPECT_EQ(std::pair(streams.width, streams.height), std::pair(shape.drawnWidth, shape.drawnHeight));
+  }
+  const int drawn = streams.drawn;
+  const auto bytes = maker.picture("/v/640", 77000);
+  EXPECT_EQ(streams.drawn, drawn) << "out of the folder";
+  std::vector<std::uint8_t> rows(std::size_t{192} * 144 * 3);
+  ASSERT_TRUE(jpeg.decode(bytes, 1, rows, std::size_t{192} * 3));
+  EXPECT_NEAR(rows[1000], 77, 2) << "as grey as its time";
+  b.files.all["/v/mute.avi"] = "film";
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(maker.peaks("/v/640", [] {}), std::string(kKeptPeaks, 9));
+    EXPECT_EQ(maker.peaks("/v/mute.avi", [] {}), "");
+    EXPECT_EQ(maker.picture("/v/mute.avi", 0), "") << "no picture";
+  }
+  EXPECT_EQ(sounds.heard, 2) << "what has none is not asked again";
+  EXPECT_EQ(maker.picture("/v/gone.avi", 0) + maker.peaks("/v/gone.avi", [] {}), "");
+}
+
+TEST(Peaks, AtAnyRateMissNothingThatIsLoud) {
+  std::vector<std::uint8_t> peaks(100, 1);
+  peaks[33] = 200;
+  const struct {
+    int rate;
+    std::size_t count, loud;
+  } rows[] = {{100, 100, 33}, {50, 50, 16}, {3, 3, 0}, {1, 1, 0}, {200, 200, 66}};
+  for (const auto& row : rows) {
+    const auto at = peaksAtRate(peaks, 100, row.rate);
+    ASSERT_EQ(at.size(), row.count) << row.rate;
+    EXPECT_EQ(at[row.loud], 200) << row.rate;
+  }
+  EXPECT_EQ(peaksAtRate(peaks, 100, 3)[2], 1);
+  EXPECT_TRUE(peaksAtRate({}, 100, 7).empty());
+}
+
+}  // namespace
+}  // namespace kvo
