@@ -235,6 +235,7 @@ TEST(ToolTips, TellTheKeysThatDoTheSame) {
   EXPECT_TRUE(tip().contains("Undo a &lt; b") && tip().contains("Ctrl+Z")) << tip().toStdString();
   EXPECT_EQ(key.accessibleName(), "Undo a < b");
   QToolTip::hideText();
+  ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));  // it goes after a moment
   showToolTips(*qApp, false);
   EXPECT_EQ(tip(), "");
   showToolTips(*qApp, true);

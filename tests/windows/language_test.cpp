@@ -5,6 +5,7 @@
 #include "windows/face_bench.h"
 
 #include <QLabel>
+#include <QRegularExpression>
 #include <QTranslator>
 #include <algorithm>
 
@@ -37,12 +38,14 @@ class Brackets : public QTranslator {
   std::locale before_;
 };
 
-// The texts that stand in no brackets and do not come from the clips.
+// The texts that stand in no brackets and do not come from the clips, as their names, kinds and measures do.
 QStringList untranslated(const QStringList& texts) {
+  static const QRegularExpression measures(QString::fromUtf8("^[\\d .×x]+(- [A-Z]+)?$"));
   QStringList out;
   for (const auto& text : texts) {
     const bool says = std::any_of(text.begin(), text.end(), [](QChar letter) { return letter.isLetter(); });
-    if (says && !text.contains('[') && !text.contains(".avi") && !text.contains("/v/") && text != "KVO5")
+    if (says && !text.contains('[') && !text.contains(".avi") && !text.contains("/v/") && text != "KVO5" &&
+        !measures.match(text).hasMatch())
       out << text;
   }
   out.removeDuplicates();

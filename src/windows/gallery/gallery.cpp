@@ -321,6 +321,7 @@ QWidget* messagesPage() {
 // On a screen that is lower than the page.
 QWidget* scrolled(QWidget* page) {
   auto* area = made<QScrollArea>();
+  area->setAccessibleName(QObject::tr("Widgets"));
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
   area->setWidget(page);
