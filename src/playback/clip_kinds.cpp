@@ -17,7 +17,9 @@ bool isDvdFile(std::string_view path) {
   return std::ranges::find(kVideoDisc, extensionOf(path)) != kVideoDisc.end();
 }
 
-bool isStreamClip(const Movie& clip) { return clip.IsStream() || isAddress(clipFile(clip)); }
+bool hasAddress(const Movie& clip) { return isAddress(clip.MovieName()) || isAddress(clipFile(clip)); }
+
+bool isStreamClip(const Movie& clip) { return clip.IsStream() || hasAddress(clip); }
 
 bool isFileThatPlays(const Movie& clip) {
   return !isStreamClip(clip) && !clip.IsStill() && !clip.IsHTML() && !clip.IsTrueRM() && !clip.IsTrueQT4();

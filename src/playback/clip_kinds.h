@@ -10,6 +10,9 @@ namespace kvo {
 /// A file of a video disc, by its name.
 bool isDvdFile(std::string_view path);
 
+/// The name is an address, or is one behind its path.
+bool hasAddress(const Movie& clip);
+
 /// An address, or what is told to be without an end.
 bool isStreamClip(const Movie& clip);
 

@@ -124,8 +124,9 @@ TEST(Playing, WhatCannotBePlayedIsToldWhileTheWindowAnswersAndTheNextClipPlays) 
   const struct {
     std::string path;
     std::string label, box;  // the begin of it
-  } rows[] = {{write("torn.mp4", std::string(200000, 'x')), "torn.mp4 cannot be played", ""},
-              {words, "words.mkv cannot be played", ""},
+  } rows[] = {{write("torn.mp4", std::string(200000, 'x')),
+               "torn.mp4 cannot be played\r\nit is no media file, or damaged", ""},
+              {words, "words.mkv cannot be played\r\nthere is neither picture nor sound in it", ""},
               {b.folder / "none.avi", "none.avi is not there any more", ""},
               {silent.address(), "", stream},
               {redirects.address(), "", stream},

@@ -1,7 +1,6 @@
 #include "playback/positions/markers.h"
 
 #include "base/numbers.h"
-#include "base/paths.h"
 
 #include <algorithm>
 
@@ -67,7 +66,7 @@ void Markers::choose(int entry) {
 void Markers::highlight() {
   auto& state = core_.state.markers;
   const auto* clip = core_.clip();
-  if (clip == nullptr || isAddress(clipFile(*clip))) return;
+  if (clip == nullptr || hasAddress(*clip)) return;
   const InMode seconds(core_.player, DisplayMode::Seconds);
   const double at = core_.player.PlayerGetCurrentPosition() + kNearly;
   const auto behind =

@@ -1,7 +1,5 @@
 #include "playback/positions/remote_commands.h"
 
-#include "base/paths.h"
-
 namespace kvo {
 
 void RemoteCommands::Lbl_Play_Click() {
@@ -35,7 +33,7 @@ void RemoteCommands::step(Step which) {
 }
 
 void RemoteCommands::rate(std::string_view rateText) {
-  if (Aremoviesloaded() && !core_.isTrack() && !isAddress(clipFile(*clipInHand(core_.collection))))
+  if (Aremoviesloaded() && !core_.isTrack() && !hasAddress(*clipInHand(core_.collection)))
     rate_.SetRate(rateText);
 }
 

@@ -98,7 +98,7 @@ void Transport::load(int number, const Movie& clip) {
   core_.mode.still = {};
   if (clip.IsTrueRM()) return core_.emptyPlayer();
   if (clip.IsHTML()) return ShowWeb(clip);
-  if (isAddress(clipFile(clip)) || IsASXAStream(clip, core_.files)) return stream_.ShowStreamWMP(number);
+  if (hasAddress(clip) || IsASXAStream(clip, core_.files)) return stream_.ShowStreamWMP(number);
   playFile(number);
 }
 
