@@ -3,6 +3,7 @@
 #include "support/own_bus.h"
 #include "support/real_world.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -111,6 +112,21 @@ class Window : public testing::Test {
     std::istringstream each(keys);
     for (std::string key; each >> key;) command.push_back(key);
     test::runProgram(command);
+  }
+  // So many windows of the program are seen: faces, boxes and menus.
+  static std::ptrdiff_t windows() {
+    const auto all = test::runProgram({"xdotool", "search", "--onlyvisible", "--class", "kvo5"}).out;
+    return std::count(all.begin(), all.end(), '\n');
+  }
+  // Keys of which each opens a menu or a box, which hears the next one.
+  static bool opens(const std::string& keys) {
+    std::istringstream each(keys);
+    for (std::string key; each >> key;) {
+      const auto before = windows();
+      press(key);
+      if (!eventually([&] { return windows() > before; })) return false;
+    }
+    return true;
   }
   // The place of the window in front, as the desktop tells it.
   static std::string place() {
@@ -226,10 +242,18 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   press("2");
   ASSERT_TRUE(comes("First - Video")) << "selects by its number";
 
-  press("F10 k Down Down Return");
-  press("F10 f");
+  const auto alone = windows();
+  ASSERT_TRUE(opens("F10 k"));
+  press("Down Down Return");
+  ASSERT_TRUE(eventually([&] { return windows() == alone; }));
+  ASSERT_TRUE(opens("F10"));
+  press("f");
   ASSERT_TRUE(comes("Free Zoom Mode"));
-  press("Return");  // the hint
+  ASSERT_TRUE(eventually([&] { return windows() > alone; })) << "the hint, which has the window's caption";
+  ASSERT_TRUE(eventually([&] {
+    press("Return");
+    return windows() == alone;
+  }));
   ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
   const auto before = place();
   press("F11");
