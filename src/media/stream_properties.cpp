@@ -1,6 +1,7 @@
 #include "media/stream_properties.h"
 
 #include "media/container_traits.h"
+#include "media/facts_of.h"
 #include "media/ffmpeg.h"
 
 #include <algorithm>
@@ -62,6 +63,13 @@ void fillRate(StreamProperties& properties) {
   if (untold != nullptr) untold->bitRate = std::max(properties.bitRate - told, 0.0);
 }
 
+// FFmpeg takes a picture for a film of one, of 25 a second.
+void becomeStill(StreamProperties& properties) {
+  properties.isStill = true;
+  properties.duration = properties.bitRate = 0;
+  for (auto& stream : properties.streams) stream.frameRate = stream.bitRate = 0;
+}
+
 }  // namespace
 
 Result<StreamProperties> readStreamProperties(const std::string& path) {
@@ -76,11 +84,12 @@ Result<StreamProperties> readStreamProperties(const std::string& path) {
   properties.isProtected = isProtected(format);
   properties.isSeekable = (format.ctx_flags & AVFMTCTX_UNSEEKABLE) == 0 &&
                           !(properties.isWindowsMedia && asfTellsUnseekable(path));
-  if (format.duration > 0) properties.duration = static_cast<double>(format.duration) / AV_TIME_BASE;
+  properties.duration = wholeLength(**opened);
   properties.bitRate = static_cast<double>(std::max<std::int64_t>(format.bit_rate, 0));
   for (unsigned i = 0; i < format.nb_streams; ++i)
     properties.streams.push_back(propertyOf(*format.streams[i]));
   fillRate(properties);
+  if (traitsOf(format).isStill) becomeStill(properties);
   const AVDictionaryEntry* tag = nullptr;
   while ((tag = av_dict_get(format.metadata, "", tag, AV_DICT_IGNORE_SUFFIX)) != nullptr)
     properties.tags.emplace_back(tag->key, tag->value);
