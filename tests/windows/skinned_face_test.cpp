@@ -39,6 +39,8 @@ TEST(SkinnedFace, OfAnEmptyCollectionIsOneKeyThatAddsMedia) {
   auto& pane = b.at("Right Click to Add Media");
   EXPECT_EQ(pane.geometry().size(), QSize(446, 261));
   EXPECT_EQ(b.find("Clips"), nullptr);
+  for (const auto* key : {"Play", "Pause", "One frame back", "Half the speed", "Size of the picture"})
+    EXPECT_FALSE(b.at(key).isEnabled()) << key;
   for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
     if (button == Qt::LeftButton) {
       QTest::mouseClick(&pane, button);
@@ -55,6 +57,7 @@ TEST(SkinnedFace, OfAnEmptyCollectionIsOneKeyThatAddsMedia) {
   EXPECT_EQ(b.names(), Names{"a.avi"});
   ASSERT_NE(b.find("Clips"), nullptr);
   EXPECT_TRUE(b.at("Clips").hasFocus()) << "the keyboard goes where the work goes on";
+  EXPECT_TRUE(b.at("Play").isEnabled());
 }
 
 TEST(SkinnedFace, ShowsTheDetailsOrThePictureAlone) {

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -213,13 +214,18 @@ void KeysPart::draw() {
         drawn.hover > 0 ? images_.picture(drawn.hover, scale_.size(), label.devicePixelRatio()) : QPixmap());
     label.setShape(scale_.place(row.key).translated(part.topLeft() - hit.topLeft()), row.isRound);
     const bool acts = row.step ? static_cast<bool>(acts_.steps.release) : static_cast<bool>(acts_.*row.act);
-    label.setEnabled(acts && (!row.isStep || state_.stepLabelsEnabled));
+    const bool ofWindow = row.place == KeyPlace::Mini || row.place == KeyPlace::Minimise;
+    label.setEnabled(acts && (!row.isStep || state_.stepLabelsEnabled) && (anyClip_ || ofWindow));
     label.setLit(drawn.lit);
   }
   const auto& minimise = state_.at(KeyPlace::Minimise);
   const QRect picture(minimise.left + scale_.at(kCloseBehindMinimise), minimise.top,
                       close_->sizeHint().width(), close_->sizeHint().height());
   close_->setGeometry(hitAbout(picture, scale_.at(kLeastHit)));
+}
+
+void KeysPart::setAnyClip(bool any) {
+  if (std::exchange(anyClip_, any) != any) draw();
 }
 
 void KeysPart::paint(QPainter& painter) {

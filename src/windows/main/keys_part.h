@@ -37,6 +37,8 @@ class KeysPart {
   /// Draws the keys into the face.
   void paint(QPainter& painter);
 
+  /// Without a clip only the keys of the window can be pressed.
+  void setAnyClip(bool any);
   /// Tips of the keys at the ends of the steps.
   void setStepTips(const TransportTips& tips);
   /// The tip of the key that goes to Free Zoom.
@@ -56,6 +58,7 @@ class KeysPart {
   Acts acts_;
   std::string folder_;
   FaceScale scale_;
+  bool anyClip_ = true;
   std::array<KeyLabel*, kLabels> labels_{};
   KVOBut* close_;
 };

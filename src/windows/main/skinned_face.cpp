@@ -245,6 +245,7 @@ void SkinnedFace::drawParts() {
   empty_->draw();
   empty_->setEnabled(state_.face.controlsEnabled);
   loading_->draw();
+  keys_->setAnyClip(state_.menu.clipsEnabled);
   keys_->setStepTips(state_.transport.tips);
   keys_->setMiniTip(plainTip(told(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip)));
 }
