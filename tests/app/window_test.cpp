@@ -258,6 +258,7 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   const auto before = place();
   press("F11");
   ASSERT_TRUE(comes("First - Video")) << "it covers the screen";
+  ASSERT_TRUE(eventually([&] { return place() != before; }));
   press("Escape");
   ASSERT_TRUE(comes("KVO5 - Free Zoom Mode"));
   EXPECT_TRUE(eventually([&] { return place() == before; })) << "where it was";
