@@ -51,7 +51,7 @@ TEST(SketchFile, WhatIsDamagedIsNone) {
                                  {40, 4},
                                  {40, 2},
                                  {47, 127},
-                                 {58, 255},
+                                 {59, 6},
                                  {62, 5},
                                  {65, 127}}) {
     auto other = body;
