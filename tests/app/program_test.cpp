@@ -228,6 +228,7 @@ TEST_F(Program, DrawsAContactSheet) {
   EXPECT_EQ(picture.at(60, 70, 0), picture.at(60, 70 + 114, 0)) << "the rows are the same";
   expectEnd(engine({"--sheet", work_ / "s.jpg", work_ / "one.xtl"}), 2);
   expectEnd(engine({"--sheet", work_ / "s.png"}), 2);
+  expectEnd(engine({"/P", "7", "/W", work_ / "o.wmv", work_ / "one.xtl"}), 1, "/P 7");
   expectEnd(engine({"--sheet", work_ / "none.png", work_ / "none.xtl"}), 1, "none.xtl");
   EXPECT_FALSE(std::filesystem::exists(work_ / "none.png"));
 }
@@ -349,22 +350,6 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
     EXPECT_TRUE(std::filesystem::is_empty(temporary)) << row.what << ": swept at the next start";
     EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << row.what;
   }
-}
-
-TEST_F(Program, WritesTheDocumentAlone) {
-  const auto document = work_ / "d.xtl";
-  expectEnd(kvo5({"--document", collection("c.INI", {video_}), document}), 0);
-  const auto text = PosixFiles().read(document, 1U << 20U).value();
-  EXPECT_NE(
-      text.find("<clip src=\"" + video_ + "\" mstart=\"0\" mstop=\"2.0000\" start=\"0\" stop=\"2.0000\" >"),
-      std::string::npos)
-      << text;
-  expectEnd(engine({"/[0.40-1.20] ", "/W", work_ / "s.avi", document}), 0);
-  const auto pictures = test::picturesOf(work_ / "s.avi", 64, 48);
-  ASSERT_EQ(pictures.size(), 20U);
-  EXPECT_EQ(test::frameNumber(pictures[0]), 10);
-  expectEnd(engine({"/P", "7", "/W", work_ / "o.wmv", document}), 1, "/P 7");
-  EXPECT_FALSE(std::filesystem::exists(work_ / "o.wmv"));
 }
 
 TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {
