@@ -16,7 +16,10 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
+constexpr const char* kUsage = "usage: KVOprop [--json] [--] FILE\n";
+
 struct Wish {
+  bool help = false;
   bool json = false;
   std::string file;
 };
@@ -29,13 +32,15 @@ bool readWish(std::span<char*> arguments, Wish& wish) {
       names = true;
     } else if (!names && argument == "--json") {
       wish.json = true;
+    } else if (!names && (argument == "--help" || argument == "-h")) {
+      wish.help = true;
     } else if (wish.file.empty() && (names || !argument.starts_with("--"))) {
       wish.file = argument;
     } else {
       return false;
     }
   }
-  return !wish.file.empty();
+  return wish.help || !wish.file.empty();
 }
 
 }  // namespace
@@ -43,8 +48,17 @@ bool readWish(std::span<char*> arguments, Wish& wish) {
 int main(int argc, char** argv) {
   Wish wish;
   if (argc < 1 || !readWish(std::span(argv, static_cast<std::size_t>(argc)).subspan(1), wish)) {
-    std::fputs("usage: KVOprop [--json] [--] FILE\n", stderr);
+    std::fputs(kUsage, stderr);
     return kWrongUsage;
+  }
+  if (wish.help) {
+    std::fputs(kUsage, stdout);
+    std::fputs(
+        "Prints what a media file says of its streams, with --json as one object. What stands behind -- is "
+        "a\n"
+        "name. Exit codes: 0 done, 1 the file cannot be opened, 2 wrong usage.\n",
+        stdout);
+    return std::fflush(stdout) == 0 ? 0 : kFailed;
   }
   kvo::media::silenceRemarks();
   const auto properties = kvo::guarded([&] { return kvo::media::readStreamProperties(wish.file); });

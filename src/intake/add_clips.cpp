@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "intake/addresses.h"
 #include "intake/analyse_file.h"
 #include "intake/asx_stream.h"
 #include "intake/clip_names.h"
@@ -71,7 +72,7 @@ Movie AddClips::newRecord(const std::string& name) const {
 bool AddClips::addOne(const std::string& name, const AddManner& manner) {
   auto clip = newRecord(name);
   if (isAddress(name)) {
-    clip.MovieName(name);
+    clip.MovieName(std::string(trimmed(name)));
     clip.Path("");
     return addAddress(std::move(clip), manner);
   }
@@ -80,10 +81,12 @@ bool AddClips::addOne(const std::string& name, const AddManner& manner) {
 
 bool AddClips::addAddress(Movie clip, const AddManner& manner) {
   const auto& address = clip.MovieName();
+  if (isUnmapped(address)) return refuse(refusedUnmapped(false));
+  if (!isPlayableAddress(address)) return refuse(refusedAddress(address));
   becomeStream(clip);
   const auto byName = intakeClassOfAddress(address);
   if (byName == IntakeClass::RealFamily) return refuse(refusedRealFamily());
-  if (isRefusedAddress(address)) return false;
+  if (isRefusedAddress(address)) return refuse(refusedNonMedia());
   const bool isPage = byName == IntakeClass::Page || byName == IntakeClass::Flash;
   if (byName == IntakeClass::QuickTime) clip.IsTrueQT4(true);
   if (isPage || (manner.IsWebPageAdd && byName != IntakeClass::QuickTime && !namesStream(address)))
@@ -127,9 +130,12 @@ bool AddClips::addFile(Movie clip, const AddManner& manner) {
 
 bool AddClips::addLooked(Movie clip, const AddManner& manner) {
   const auto file = clipFile(clip);
+  CImageInfo head;
+  if (intakeClass(clip.MovieName()) == IntakeClass::Image) head.ReadImageInfo(parts_.files, file);
   const auto answer = look(dvdSourceOf(file));
   auto verdict = judge({.name = clip.MovieName(),
                         .isEmpty = ToNumber(clip.Size()) == 0,
+                        .head = head,
                         .answer = answer,
                         .UseWMPfirst = parts_.settings.preferences().UseWMPfirst});
   if (verdict.wantsCodec) verdict.box = withCodec(file, answer.look.errorText);
@@ -140,6 +146,7 @@ bool AddClips::addLooked(Movie clip, const AddManner& manner) {
     return join(std::move(clip));
   }
   takeLook(clip, answer.look);
+  AnalyseImage(clip, head);
   takeTags(clip, answer.look.tags);
   return join(std::move(clip));
 }
@@ -202,8 +209,9 @@ bool AddClips::refuse(const Box& box) {
 // The box that also says what the file is made with.
 Box AddClips::withCodec(const std::string& file, const std::string& errorText) {
   const auto made = GetAVICompressor({parts_.files, parts_.folder, parts_.probe}, file);
-  const CodecNotes notes{made.codec, made.description.developer, made.description.address,
-                         made.description.notes};
+  const auto told = [](const std::string& text) { return isTold(text) ? text : std::string(); };
+  const auto& [developer, address, notesOfIt] = made.description;
+  const CodecNotes notes{made.codec, told(developer), told(address), told(notesOfIt)};
   return refusedByPlayer(std::string(fileNamePart(file)), errorText, &notes);
 }
 

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::uint64_t kMostOfTable = 4U << 20U;
 constexpr std::string_view kNoNotes = "N/A";
+constexpr std::string_view kNoAddress = "None known";  // as the table has it
 
 using namespace std::string_view_literals;
 
@@ -73,6 +74,10 @@ CodecDescription describedCodec(const Files& files, const ProgramFolder& folder,
   const std::string unknown(kUnknownCodec);
   return GetCodecDesc(files, folder, code)
       .value_or(CodecDescription{unknown, unknown, std::string(kNoNotes)});
+}
+
+bool isTold(std::string_view field) {
+  return !field.empty() && field != kUnknownCodec && field != kNoNotes && field != kNoAddress;
 }
 
 bool isAviKind(const Movie& clip) {

@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::size_t kHeadBytes = 64U << 10U;
 constexpr std::uint64_t kMostBytes = 256U << 20U;
-constexpr Long kTooManyPixels = 30000;  // of a side
 
 // Numbers of a picture's head. What lies beyond the end reads as 0, and isShort() tells of it.
 class HeadBytes {
@@ -220,9 +219,7 @@ bool CImageInfo::isUsable() const {
   return fits(width_) && fits(height_);
 }
 
-bool AnalyseImage(Movie& clip, const Files& files) {
-  CImageInfo image;
-  image.ReadImageInfo(files, clipFile(clip));
+bool AnalyseImage(Movie& clip, const CImageInfo& image) {
   if (!image.isUsable()) return false;
   clip.StillW(toInteger(image.ShownWidth()).value_or(0));
   clip.StillH(toInteger(image.ShownHeight()).value_or(0));

@@ -13,6 +13,8 @@ namespace kvo {
 
 using Byte = std::uint8_t;
 
+inline constexpr Long kTooManyPixels = 30000;  ///< of a side
+
 enum class ImageKind : Long { Unknown = 0, Gif, Jpeg, Png, Bmp, Pcx, Tiff };
 
 class CImageInfo {
@@ -52,8 +54,8 @@ class CImageInfo {
 
 class Movie;
 
-/// Reads the picture file of a clip: true when it is usable, and the record then has its sides as it is
-/// shown, StillW and StillH. Else the record stays as it was.
-bool AnalyseImage(Movie& clip, const Files& files);
+/// True when the picture of a clip is usable; the record then has its sides as it is shown, StillW and
+/// StillH. Else the record stays as it was.
+bool AnalyseImage(Movie& clip, const CImageInfo& image);
 
 }  // namespace kvo

@@ -48,7 +48,8 @@ std::string streamLines(const StreamProperty& stream) {
     text.append("\n  Channels: ").append(whole(stream.channels));
   } else {
     text.append("\n  Size: ").append(whole(stream.width)).append(" x ").append(whole(stream.height));
-    text.append("\n  Frames a second: ").append(FormatMask(stream.frameRate, "0.00"));
+    if (stream.frameRate > 0)
+      text.append("\n  Frames a second: ").append(FormatMask(stream.frameRate, "0.00"));
   }
   return text + "\n";
 }
@@ -85,14 +86,14 @@ std::string jsonStream(const StreamProperty& stream) {
   constexpr std::array kKinds = {"audio", "video", "other"};
   std::string text = "    {" + field("kind", jsonText(kKinds[static_cast<std::size_t>(stream.kind)]));
   text += ", " + field("codec", jsonText(stream.codec)) + ", " + field("name", jsonText(stream.codecName));
-  text += ", " + field("bitRate", whole(stream.bitRate));
+  if (stream.bitRate > 0) text += ", " + field("bitRate", whole(stream.bitRate));
   if (!stream.language.empty()) text += ", " + field("language", jsonText(stream.language));
   if (stream.kind == StreamKind::Audio) {
     text += ", " + field("sampleRate", whole(stream.sampleRate)) + ", " +
             field("channels", whole(stream.channels));
   } else if (stream.kind == StreamKind::Video) {
-    text += ", " + field("width", whole(stream.width)) + ", " + field("height", whole(stream.height)) + ", " +
-            field("frameRate", FormatMask(stream.frameRate, "0.0##"));
+    text += ", " + field("width", whole(stream.width)) + ", " + field("height", whole(stream.height));
+    if (stream.frameRate > 0) text += ", " + field("frameRate", FormatMask(stream.frameRate, "0.0##"));
   }
   return text + "}";
 }
@@ -112,7 +113,9 @@ std::string propertyReport(const Result<StreamProperties>& properties) {
       properties->isWindowsMedia ? "Is Windows Media: true" : std::string(kOtherContainerPhrase);
   text.append("\n").append(properties->isProtected ? kProtectedPhrase : "Is Protected (DRM): false");
   text.append("\n").append(properties->isSeekable ? "Seekable: true" : kUnseekablePhrase);
-  text.append("\nDuration: ").append(FormatMask(properties->duration, "0.000")).append(" s\n");
+  text.append("\n");
+  if (properties->duration > 0)
+    text.append("Duration: ").append(FormatMask(properties->duration, "0.000")).append(" s\n");
   text.append(kStreamsPhrase).append(std::to_string(properties->streams.size())).append(" \n");
   // Sound first: what is said of a picture must not be read for the sound's.
   for (const auto kind : {StreamKind::Audio, StreamKind::Video}) {
@@ -128,8 +131,9 @@ std::string propertyJson(const std::string& path, const Result<StreamProperties>
   text += ",\n  " + field("windowsMedia", yesNo(properties->isWindowsMedia));
   text += ",\n  " + field("protected", yesNo(properties->isProtected));
   text += ",\n  " + field("seekable", yesNo(properties->isSeekable));
-  text += ",\n  " + field("seconds", FormatMask(properties->duration, "0.0##"));
-  text += ",\n  " + field("bitRate", whole(properties->bitRate));
+  text += ",\n  " + field("still", yesNo(properties->isStill));
+  if (properties->duration > 0) text += ",\n  " + field("seconds", FormatMask(properties->duration, "0.0##"));
+  if (properties->bitRate > 0) text += ",\n  " + field("bitRate", whole(properties->bitRate));
   std::vector<std::string> rows;
   for (const auto& stream : properties->streams) rows.push_back(jsonStream(stream));
   text += ",\n  " + field("streams", jsonRows(rows, '[', ']'));

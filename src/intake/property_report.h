@@ -13,8 +13,8 @@ namespace kvo {
 /// be taken for a phrase. "KVO_FAIL" for a file that could not be opened. Lines end in LF.
 std::string propertyReport(const Result<StreamProperties>& properties);
 
-/// One object with all that is known; "error" in it tells why the file could not be opened. What is no UTF-8
-/// in it is read as Windows-1252.
+/// One object with all that is known, and no field for what is not; "error" in it tells why the file could
+/// not be opened. What is no UTF-8 in it is read as Windows-1252.
 std::string propertyJson(const std::string& path, const Result<StreamProperties>& properties);
 
 }  // namespace kvo

@@ -12,6 +12,7 @@ namespace kvo {
 namespace {
 
 constexpr std::size_t kShownName = 20;  // characters
+constexpr std::size_t kShownAddress = 100;
 constexpr std::size_t kNotesLine = 53;  // characters of a line of notes
 constexpr std::string_view kLicenseCode = "C00D00C8";
 
@@ -56,6 +57,11 @@ Box refusedFull() {
   return warning(title(398), "A collection holds at most " + std::to_string(kMaxClips) + " clips.");
 }
 
+Box refusedAddress(std::string_view address) {
+  return warning(title(398), lines({cutTo(address, kShownAddress), "is no address that KVO can play.",
+                                    "An address tells its kind and a server, like http://server/live.asx"}));
+}
+
 Box refusedRealFamily() { return {title(395), title(394), BoxButtons::Ok, BoxIcon::Information}; }
 
 Box refusedNonMedia() { return warning(title(398), numbered({396, 397})); }
@@ -77,9 +83,15 @@ Box refusedByPlayer(const std::string& name, std::string_view errorText, const C
   if (holdsText(errorText, "Text file busy") || holdsText(errorText, "resource busy"))
     return warning(name + title(425), title(424));
   auto text = lines({numbered({409, 410, 411}), errorText});
-  if (codec != nullptr)
-    text = lines({text, title(412) + codec->code, title(413) + codec->developer, title(414) + codec->address,
-                  title(415) + wrapped(codec->notes)});
+  if (codec != nullptr) {
+    text = lines({text, title(412) + codec->code});
+    const auto add = [&](int number, const std::string& told) {
+      if (!told.empty()) text = lines({text, title(number) + told});
+    };
+    add(413, codec->developer);
+    add(414, codec->address);
+    add(415, wrapped(codec->notes));
+  }
   return warning(name + title(416), std::move(text));
 }
 
@@ -104,7 +116,7 @@ Box warnedOfAsf(const std::string& name) {
 }
 
 Box warnedOfNoLength(const std::string& name) {
-  const auto text = lines({numbered({417, 418}), " <" + name + ">"});
+  const auto text = numbered({417, 418}) + " <" + name + ">";
   if (extensionOf(name) != "MP3") return warning(name + title(423), text);
   return warning(title(422), lines({text, numbered({419, 420, 421})}));
 }

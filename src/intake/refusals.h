@@ -8,15 +8,17 @@
 
 namespace kvo {
 
-/// What is known of the codec that an AVI asks for.
+/// What is known of the codec that an AVI asks for; empty what is not.
 struct CodecNotes {
-  std::string code;  ///< "DIVX"
+  std::string code;  ///< "DIVX", or "Unknown"
   std::string developer;
   std::string address;
   std::string notes;
 };
 
 Box refusedFull();
+/// What is no address that a player knows.
+Box refusedAddress(std::string_view address);
 Box refusedRealFamily();
 Box refusedNonMedia();
 Box refusedArchive(const std::string& name);

@@ -10,8 +10,6 @@
 namespace kvo {
 namespace {
 
-constexpr int kMostSide = 30000;  // pixels
-
 using Kind = Verdict::Kind;
 
 Integer side(int pixels) { return toInteger(pixels).value_or(0); }
@@ -20,11 +18,15 @@ bool isEither(std::string_view extension, std::string_view a, std::string_view b
   return extension == a || extension == b;
 }
 
+// The head's own word counts, and who looked into the file has to be able to draw it. What is none of the
+// kinds that a head is read of has the sides that were found.
 Verdict judgeImage(const LookedAt& file) {
   const auto& look = file.answer.look;
-  const bool unreadable =
-      !look.errorText.empty() || !look.facts.isStill || look.facts.width <= 0 || look.facts.height <= 0;
-  if (unreadable || std::max(look.facts.width, look.facts.height) >= kMostSide)
+  const bool told = file.head.ImageType() != ImageKind::Unknown;
+  const Long width = told ? file.head.ShownWidth() : look.facts.width;
+  const Long height = told ? file.head.ShownHeight() : look.facts.height;
+  const bool unreadable = !look.errorText.empty() || !look.facts.isStill || width <= 0 || height <= 0;
+  if (unreadable || std::max(width, height) >= kTooManyPixels)
     return {Kind::TakeBack, refusedImage(unreadable)};
   return {};
 }

@@ -1,6 +1,7 @@
 // Whether a file that has been looked into joins the collection, as a function of what is known of it.
 #pragma once
 
+#include "intake/image_info.h"
 #include "intake/intake_class.h"
 #include "ports/media_looker.h"
 #include "ports/message_boxes.h"
@@ -14,6 +15,7 @@ namespace kvo {
 struct LookedAt {
   std::string name;      ///< without its folder
   bool isEmpty = false;  ///< it has no bytes
+  CImageInfo head{};     ///< of what is an image by its name
   LookAnswer answer{};
   bool UseWMPfirst = false;  ///< QuickTime movies go to the player or not at all
 };

@@ -1,7 +1,10 @@
 #include "media/container_traits.h"
 #include "media/ffmpeg.h"
 
+#include <array>
 #include <filesystem>
+#include <fstream>
+#include <string_view>
 #include <system_error>
 
 namespace kvo::media {
@@ -29,6 +32,15 @@ int openOnlyOnce(AVFormatContext* context, AVIOContext** io, const char* url, in
                                 : avio_open2(io, url, flags, &context->interrupt_callback, options);
 }
 
+// MIDI tells what is to be played, and holds no sound.
+bool isScore(const std::string& path) {
+  constexpr std::size_t kFormAt = 8;  // behind "RIFF" and its length
+  std::array<char, 12> head{};
+  std::ifstream(path, std::ios::binary).read(head.data(), head.size());
+  const std::string_view bytes(head.data(), head.size());
+  return bytes.starts_with("MThd") || (bytes.starts_with("RIFF") && bytes.substr(kFormAt) == "RMID");
+}
+
 }  // namespace
 
 Result<FormatHandle> openHead(const std::string& path) {
@@ -44,6 +56,8 @@ Result<FormatHandle> openHead(const std::string& path) {
   av_dict_set(&options, "pattern_type", "none", 0);
   const int opened = avformat_open_input(&raw, ("file:" + path).c_str(), nullptr, &options);
   av_dict_free(&options);
+  if (opened < 0 && isScore(path))
+    return Error{"cannot play " + path + ": it is a score (MIDI), and there is no synthesizer for it"};
   if (opened == AVERROR_INVALIDDATA || opened == AVERROR(EINVAL) || opened == AVERROR_EOF)
     return Error{"cannot open " + path + ": it is no media file, or damaged"};
   if (opened < 0) return ffmpegError("cannot open " + path, opened);

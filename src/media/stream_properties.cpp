@@ -62,6 +62,13 @@ void fillRate(StreamProperties& properties) {
   if (untold != nullptr) untold->bitRate = std::max(properties.bitRate - told, 0.0);
 }
 
+// FFmpeg takes a picture for a film of one, of 25 a second.
+void becomeStill(StreamProperties& properties) {
+  properties.isStill = true;
+  properties.duration = properties.bitRate = 0;
+  for (auto& stream : properties.streams) stream.frameRate = stream.bitRate = 0;
+}
+
 }  // namespace
 
 Result<StreamProperties> readStreamProperties(const std::string& path) {
@@ -81,6 +88,7 @@ Result<StreamProperties> readStreamProperties(const std::string& path) {
   for (unsigned i = 0; i < format.nb_streams; ++i)
     properties.streams.push_back(propertyOf(*format.streams[i]));
   fillRate(properties);
+  if (traitsOf(format).isStill) becomeStill(properties);
   const AVDictionaryEntry* tag = nullptr;
   while ((tag = av_dict_get(format.metadata, "", tag, AV_DICT_IGNORE_SUFFIX)) != nullptr)
     properties.tags.emplace_back(tag->key, tag->value);

@@ -26,8 +26,9 @@ struct StreamProperties {
   bool isWindowsMedia = false;  ///< an ASF container
   bool isProtected = false;     ///< needs a license to be played
   bool isSeekable = true;
-  double duration = 0;  ///< seconds; 0 when the file does not tell
-  double bitRate = 0;   ///< bits a second, of the whole file
+  bool isStill = false;  ///< one picture: no length, no rates
+  double duration = 0;   ///< seconds; 0 when the file does not tell
+  double bitRate = 0;    ///< bits a second, of the whole file
   std::vector<StreamProperty> streams{};
   std::vector<std::pair<std::string, std::string>> tags{};  ///< "title" and its text, in the file's order
 };

@@ -62,7 +62,7 @@ std::string balanceText(const Movie& clip) {
 
 ClipKind kindOf(const Movie& clip) {
   if (clip.IsHTML()) return ClipKind::Page;
-  if (isAddress(clip.MovieName())) return ClipKind::Stream;
+  if (isStreamClip(clip)) return ClipKind::Stream;
   if (clip.IsStill()) return ClipKind::Still;
   const auto* kind = mediaKind(clip.MovieName());
   if (kind != nullptr && kind->byNameAlone)

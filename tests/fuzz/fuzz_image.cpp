@@ -21,9 +21,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   kvo::test::MemoryFiles files;
   files.all["/v/a"] = file;
+  part.ReadImageInfo(files, "/v/a");
   kvo::Movie clip;
-  clip.Path("/v/");
-  clip.MovieName("a");
-  if (kvo::AnalyseImage(clip, files) != (clip.StillW() > 0 && clip.StillH() > 0)) std::abort();
+  if (kvo::AnalyseImage(clip, part) != (clip.StillW() > 0 && clip.StillH() > 0)) std::abort();
   return 0;
 }

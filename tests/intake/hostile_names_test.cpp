@@ -93,5 +93,21 @@ TEST(HostileNames, NothingRunsAndNothingIsLost) {
   EXPECT_EQ(failed, "KVO_FAIL\r\n");
 }
 
+TEST(KVOprop, TellsOfAStillWithoutALengthAndHelpsWhenAsked) {
+  const test::ScratchFolder scratch;
+  const auto still =
+      test::makeMedia(scratch, "s.png", {"-f", "lavfi", "-i", "color=size=64x48", "-frames:v", "1"});
+  const std::string program = std::string(KVO_PROGRAMS) + "/KVOprop";
+  const auto json = test::runProgram({program, "--json", still});
+  EXPECT_EQ(json.exitCode, 0);
+  EXPECT_NE(json.out.find("\"still\": true"), std::string::npos) << json.out;
+  for (const auto* untold : {"seconds", "frameRate"})
+    EXPECT_EQ(json.out.find(untold), std::string::npos) << json.out;
+  const auto help = test::runProgram({program, "--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_TRUE(help.out.starts_with("usage: KVOprop") && help.err.empty()) << help.err;
+  EXPECT_EQ(test::runProgram({program}).exitCode, 2);
+}
+
 }  // namespace
 }  // namespace kvo

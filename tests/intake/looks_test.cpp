@@ -199,14 +199,14 @@ TEST(ImageInfo, ALongHeadIsReadToItsEndAndTheRecordStandsUpright) {
       jpegSegment('\xE2', std::string(60000, 'x')) + jpegSegment('\xC2', "\x08\0\x20\x01\x40\x03"s);
   files.all["/v/b.jpg"] = "\xFF\xD8";
   Movie clip;
-  clip.Path("/v/");
-  clip.MovieName("a.jpg");
-  EXPECT_TRUE(AnalyseImage(clip, files));
+  CImageInfo image;
+  image.ReadImageInfo(files, "/v/a.jpg");
+  EXPECT_TRUE(AnalyseImage(clip, image));
   EXPECT_EQ(clip.StillW(), 32);
   EXPECT_EQ(clip.StillH(), 320);
-  for (const auto* name : {"b.jpg", "missing.jpg"}) {
-    clip.MovieName(name);
-    EXPECT_FALSE(AnalyseImage(clip, files)) << name;
+  for (const auto* name : {"/v/b.jpg", "/v/missing.jpg"}) {
+    image.ReadImageInfo(files, name);
+    EXPECT_FALSE(AnalyseImage(clip, image)) << name;
     EXPECT_EQ(clip.StillH(), 320) << name;
   }
 }

@@ -92,6 +92,8 @@ TEST(PropertyReport, JsonHoldsAnyName) {
   const auto json = propertyJson("/v/\"a\"\n\\\xE9.wmv", properties({{.codec = "wmv3"}}));
   EXPECT_NE(json.find(R"("file": "/v/\"a\"\u000a\\é.wmv")"), std::string::npos) << json;
   EXPECT_NE(json.find(R"("title": "KVO_FAIL WMV V9")"), std::string::npos) << json;
+  for (const auto* untold : {"seconds", "frameRate", "bitRate"})
+    EXPECT_EQ(json.find(untold), std::string::npos) << untold << " of a file that does not tell: " << json;
 }
 
 struct ProbeBench {

@@ -128,6 +128,7 @@ constexpr Refused kRefused[] = {
     {"noise.png", "no picture", "Error Decoding Image"},
     {"notes.txt", "words", "Movie not added to collection"},
     {"a.zip", "PK", "Compressed File"},
+    {"score.mid", "MThd", "score.mid - Not added to collection"},
     {"a.rm", ".RMF", "RealPlayer Supported version of KVO Required"},
 };
 
@@ -207,8 +208,8 @@ TEST(RealMedia, OfManyKindsJoinsInOneGo) {
   EXPECT_EQ(end.exitCode, 1) << "some were refused";
   for (const auto& file : kRefused)
     EXPECT_NE(end.err.find(std::string(file.caption) + ":"), std::string::npos) << file.name << end.err;
-  for (const auto* caption :
-       {"Error Decoding Image:", "cut off.mp4 - Not added", "KVO - Fatal File access Error:"})
+  for (const auto* caption : {"Error Decoding Image:", "no synthesizer", "cut off.mp4 - Not added",
+                              "KVO - Fatal File access Error:"})
     EXPECT_NE(end.err.find(caption), std::string::npos) << caption << end.err;
 
   const Saved saved(collection);

@@ -18,8 +18,8 @@ constexpr MediaKind kKinds[] = {
     {"WMA", kSound, true},  {"MP3", kSound, true},  {"WAV", kSound, true},   {"AIF", kSound, true},
     {"AIFF", kSound, true}, {"IFF", kSound, true},  {"MP2", kSound, true},   {"AU", kSound, true},
     {"SND", kSound, true},  {"RA", kSound, true},
-    {"MID", kSound, true, false}, {"MIDI", kSound, true, false}, {"CDA", kSound, true, false},
-    {"WAX", kSound, true, false}, {"RAM", kSound, true, false},
+    {"MID", kSound, true, false}, {"MIDI", kSound, true, false}, {"RMI", kSound, true, false},
+    {"CDA", kSound, true, false}, {"WAX", kSound, true, false}, {"RAM", kSound, true, false},
     // Sound unless there is a picture in them
     {"FLAC", kSound}, {"OGG", kSound}, {"OPUS", kSound}, {"M4A", kSound}, {"AAC", kSound}, {"AC3", kSound},
     // Pictures
