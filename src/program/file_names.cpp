@@ -9,6 +9,8 @@ namespace kvo {
 namespace {
 
 constexpr std::string_view kPortable = "./";
+constexpr std::string_view kInstead = " ()'";  // what stands in a file for what it cannot carry
+constexpr int kMostLookedThrough = 10000;      // files of a folder and those below it
 
 // What a row may mean where it names a file, the likeliest first: its bytes as they stand, to the end of the
 // line, ahead of what the platform's reading makes of them.
@@ -37,7 +39,7 @@ std::string FileNames::placeOf(std::string_view folder) const {
 }
 
 bool FileNames::find(std::string& folder, std::string& name, const SectionRow& folderRow,
-                     const SectionRow& nameRow) const {
+                     const SectionRow& nameRow) {
   std::vector<std::string> folders;
   for (const auto& meaning : meaningsOf(folderRow)) folders.push_back(placeOf(folderOf(meaning, folder_)));
   for (const auto& text : {std::string(folderRow.value), folder})
@@ -51,10 +53,33 @@ bool FileNames::find(std::string& folder, std::string& name, const SectionRow& f
       return true;
     }
   }
+  for (const auto& f : folders) {
+    auto alike = nameAlike(f, fileNamePart(nameRow.value));
+    if (alike.empty()) continue;
+    name = std::move(alike);
+    folder = f;
+    return true;
+  }
   return false;
 }
 
-bool FileNames::findClip(ParsedClip& parsed) const {
+// The file of a folder whose name a collection can only carry so; empty where there is none.
+std::string FileNames::nameAlike(const std::string& folder, std::string_view name) {
+  if (name.find_first_of(kInstead) == std::string_view::npos) return {};
+  const auto [known, isNew] = filesOf_.try_emplace(folder);
+  if (isNew) {
+    int looked = 0;
+    files_.eachBelow(folder, [&](const std::string& path) {
+      if (const auto file = fileNamePart(path); folderPart(path) == folder && carriedName(file) != file)
+        known->second.emplace(carriedName(file), file);
+      return ++looked < kMostLookedThrough;
+    });
+  }
+  const auto alike = known->second.find(carriedName(name));
+  return alike == known->second.end() ? std::string() : alike->second;
+}
+
+bool FileNames::findClip(ParsedClip& parsed) {
   auto& clip = parsed.clip;
   if (isAddress(clip.MovieName()) || clip.IsExtendedCD()) return true;
   auto folder = clip.Path();
@@ -65,7 +90,7 @@ bool FileNames::findClip(ParsedClip& parsed) const {
   return true;
 }
 
-void FileNames::findOthers(ParsedClip& parsed) const {
+void FileNames::findOthers(ParsedClip& parsed) {
   auto& clip = parsed.clip;
   auto folder = clip.SrcPath();
   auto name = clip.SrcName();

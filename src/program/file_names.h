@@ -5,6 +5,7 @@
 #include "core/file/collection_text.h"
 #include "ports/files.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,29 +18,36 @@ class FileNames {
 
   /// Where a folder that begins with "./" begins: the folder of the collection that is read, with a separator
   /// at its end.
-  void begin(std::string collectionFolder) { collectionFolder_ = std::move(collectionFolder); }
+  void begin(std::string collectionFolder) {
+    collectionFolder_ = std::move(collectionFolder);
+    filesOf_.clear();
+  }
   [[nodiscard]] std::string placeOf(std::string_view folder) const;
 
   /// A row's text, or its bytes where it is no UTF-8 and they name something that is there.
   [[nodiscard]] std::string_view headText(const SettingRow& row, const SectionRow& read) const;
 
-  /// True, with `folder` and `name` as the disk knows them, when one of the meanings of their rows is a file.
-  bool find(std::string& folder, std::string& name, const SectionRow& folderRow,
-            const SectionRow& nameRow) const;
+  /// True, with `folder` and `name` as the disk knows them, when one of the meanings of their rows is a file,
+  /// or the name is what a collection could carry of a file's that is there.
+  bool find(std::string& folder, std::string& name, const SectionRow& folderRow, const SectionRow& nameRow);
 
   /// True for a clip whose file is there, or that has none.
-  bool findClip(ParsedClip& parsed) const;
+  bool findClip(ParsedClip& parsed);
 
   /// The files beside the clip's own: what an overlay is made of, and the mask.
-  void findOthers(ParsedClip& parsed) const;
+  void findOthers(ParsedClip& parsed);
 
   /// A name with its folder, in the meaning that is a file where there is one.
   [[nodiscard]] std::string whole(const SectionRow& row) const;
 
  private:
+  [[nodiscard]] std::string nameAlike(const std::string& folder, std::string_view name);
+
   const Files& files_;
   const ProgramFolder& folder_;
   std::string collectionFolder_;
+  std::map<std::string, std::map<std::string, std::string>>
+      filesOf_;  // of folders: by what is carried of them
 };
 
 }  // namespace kvo

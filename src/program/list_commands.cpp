@@ -56,8 +56,10 @@ void ListCommands::choose(std::vector<int> numbers, int number) {
   if (mayChoose()) list_.choose(std::move(numbers), number);
 }
 
-void ListCommands::remove() {
-  pass([&](const CommandPass& pass, const Movie& /*inHand*/) { history_.remove(pass, window_.list.chosen); });
+void ListCommands::Removeit(int number) {
+  pass([&](const CommandPass& pass, const Movie& /*inHand*/) {
+    history_.remove(pass, number > 0 ? std::vector{number} : window_.list.chosen);
+  });
 }
 
 void ListCommands::arrange(const CommandPass& pass, std::string_view act, std::vector<int> order) {

@@ -48,7 +48,8 @@ class ListCommands {
 
   // For all that are chosen.
 
-  void remove();
+  /// Clip `number` and its keyframes, or for 0 what is chosen.
+  void Removeit(int number = 0);
   /// By one place. What stands at the end stays there.
   void moveUp();
   void moveDown();

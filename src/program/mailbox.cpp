@@ -1,5 +1,6 @@
 #include "program/mailbox.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/messages.h"
 #include "intake/clip_names.h"
@@ -57,6 +58,13 @@ void Mailbox::takeHandover(const std::string& text) {
   const auto command = readStartCommand(lines, parts_.files, workingFolder_);
   take(command);
   if (!command.clips.empty() && transport_ != nullptr) transport_->Img_Play_Click();
+  tellMissing(command.missing);
+}
+
+void Mailbox::tellMissing(const std::vector<std::string>& paths) {
+  parts_.refusals.together([&] {
+    for (const auto& path : paths) parts_.refusals.show(refusedUnverified(fileNamePart(path)));
+  });
 }
 
 void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
@@ -72,8 +80,12 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
     }
   }
   if (unmapped) parts_.boxes.show(refusedUnmapped(true));
-  std::sort(command.clips.begin(), command.clips.end(), naturalLess);  // a file manager has no order
   take(command, before);
+}
+
+void Mailbox::takeDropped(std::vector<std::string> paths, int before) {
+  std::sort(paths.begin(), paths.end(), naturalLess);
+  takeFiles(paths, before);
 }
 
 void Mailbox::takeAddress(const std::string& address, const AddManner& manner) {

@@ -36,10 +36,16 @@ class Mailbox {
   void open(const std::string& workingFolder);
   void close() { timer6_->stop(); }
 
-  /// Files that the user drops or chooses: a collection takes the place of the one that is open, unsaved
-  /// changes being asked about; everything else is added in the order of names, ahead of clip `before` or,
-  /// for 0, at the end. Of a folder the clips in it are. What lies in a network and has no path is refused.
+  /// Files that the user chooses: a collection takes the place of the one that is open, unsaved changes being
+  /// asked about; everything else is added in this order, ahead of clip `before` or, for 0, at the end. Of a
+  /// folder the clips in it are. What lies in a network and has no path is refused.
   void takeFiles(const std::vector<std::string>& paths, int before = 0);
+
+  /// Files that the user drops: the same in the order of names, as a file manager has none.
+  void takeDropped(std::vector<std::string> paths, int before = 0);
+
+  /// Tells of files that were named and are not there, in one box.
+  void tellMissing(const std::vector<std::string>& paths);
 
   /// An address that the user types.
   void takeAddress(const std::string& address, const AddManner& manner);

@@ -168,7 +168,7 @@ Entries MainMenu::clipEntries() {
                      }};
   };
   return {{{MenuCommand::mnu_SectionName}, "Re&name", "F2", keys.Cross, [&] { list.beginRename(); }},
-          {{MenuCommand::Remove}, "Re&move", "Del", keys.Cross, [&] { list.remove(); }},
+          {{MenuCommand::Remove}, "Re&move", "Del", keys.Cross, [&] { list.Removeit(); }},
           {{MenuCommand::MoveUp}, "Move U&p", "Ctrl+Up", keys.UP, [&] { list.moveUp(); }},
           {{MenuCommand::MoveDown}, "Move &Down", "Ctrl+Down", keys.DOWN, [&] { list.moveDown(); }},
           reset(MenuCommand::ResetMarkIn, "Clear Mark-&In", slider.markIn > 0, true),

@@ -18,6 +18,11 @@ std::string_view switchIn(std::string_view argument, const Files& files) {
   return {};
 }
 
+// "/NAME": a switch of other programs, or of another time.
+bool isUnknownSwitch(std::string_view argument) {
+  return argument.starts_with('/') && argument.find_first_of("/.", 1) == std::string_view::npos;
+}
+
 }  // namespace
 
 bool namesCollection(std::string_view path) { return endsInText(path, ".INI") || endsInText(path, ".KVO"); }
@@ -35,7 +40,11 @@ StartCommand readStartCommand(const std::vector<std::string>& arguments, const F
     auto name = absoluteName(raw, workingFolder);
     const bool thereOrTrusted =
         isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(name) || files.isFolder(name);
-    if (!thereOrTrusted) continue;
+    if (!thereOrTrusted) {
+      if (!isUnknownSwitch(trimmed(raw)) && !fileNamePart(name).empty())
+        command.missing.push_back(std::move(name));
+      continue;
+    }
     if (namesCollection(name)) {
       command.collection = std::move(name);
     } else {

@@ -10,10 +10,11 @@
 namespace kvo {
 
 struct StartCommand {
-  bool fullScreen = false;         ///< "/FULLSC"
-  bool hundredPercent = false;     ///< "/HUNPCT"
-  std::string collection;          ///< empty for the default one
-  std::vector<std::string> clips;  ///< files and addresses to show, in order
+  bool fullScreen = false;           ///< "/FULLSC"
+  bool hundredPercent = false;       ///< "/HUNPCT"
+  std::string collection;            ///< empty for the default one
+  std::vector<std::string> clips;    ///< files and addresses to show, in order
+  std::vector<std::string> missing;  ///< full paths of files that were named and are not there
 };
 
 /// The text that takes the previews of the converter tool out of the list again.
@@ -22,9 +23,9 @@ inline constexpr std::string_view kRemovePreview = "KILLSQUASHPREV";
 /// True for the name of a collection: it ends in ".INI" or ".KVO".
 bool namesCollection(std::string_view path);
 
-/// Switches stand anywhere, in any case; unknown ones are ignored. A file that is not there is dropped,
-/// unless its name holds a blank. What ends in ".INI" or ".KVO" is the collection to read.
-/// Names begin at `workingFolder`.
+/// Switches stand anywhere, in any case; unknown ones are ignored. A file that is not there is missing,
+/// unless its name holds a blank: that may be a text of several. What ends in ".INI" or ".KVO" is the
+/// collection to read. Names begin at `workingFolder`.
 StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
                               const std::string& workingFolder = {});
 

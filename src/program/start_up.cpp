@@ -39,6 +39,7 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
     return parts_.handover.send(text) ? StartEnd::HandedOver : StartEnd::NotTaken;
   }
   const auto command = readStartCommand(arguments, parts_.files, workingFolder);
+  missing_ = command.missing;
   parts_.settings.user.attach(&parts_.store);
   if (!parts_.commands.openFirst(command.collection)) return StartEnd::Failed;
   deleteWorkFiles(parts_.files, parts_.folder);
@@ -46,12 +47,14 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
   checkScreen();
   loadWindow();
   parts_.list.fill();
+  whenLoaded_();
   const bool anyClips = !parts_.collection.MovieList.empty();
   if (anyClips && (command.fullScreen || command.hundredPercent)) {
     parts_.window.face.fullScreen = true;
     parts_.window.face.minimumDetails = command.hundredPercent;
     intro_.passOver();
   } else {
+    parts_.window.face.visible = true;  // a file may take its time, and have a box
     intro_.begin(command.clips);
   }
   parts_.window.face.visible = true;
@@ -60,6 +63,7 @@ StartEnd StartUp::run(const std::vector<std::string>& arguments, const std::stri
 }
 
 void StartUp::tell() {
+  mailbox_.tellMissing(std::exchange(missing_, {}));
   if (parts_.collection.filesMissing) {
     parts_.boxes.show(
         {std::string(LoadResString(343)), std::string(LoadResString(342)), BoxButtons::Ok, BoxIcon::Warning});

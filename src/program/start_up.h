@@ -5,7 +5,9 @@
 #include "program/mailbox.h"
 #include "program/skins.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -22,10 +24,13 @@ class StartUp {
   StartUp(const ProgramParts& parts, Skins& skins, Intro& intro, Mailbox& mailbox)
       : parts_(parts), skins_(skins), intro_(intro), mailbox_(mailbox) {}
 
+  /// Called when all is read that says what the window is like, ahead of its first clip.
+  void whenLoaded(std::function<void()> call) { whenLoaded_ = std::move(call); }
+
   /// Everything from the command line to the first clip. `workingFolder` is where its file names begin.
   StartEnd run(const std::vector<std::string>& arguments, const std::string& workingFolder);
 
-  /// What is to be told and asked once the window is seen: files that are missing, upgrades.
+  /// What is to be told and asked once the window is seen: files that are not there, upgrades.
   void tell();
 
  private:
@@ -38,6 +43,8 @@ class StartUp {
   Skins& skins_;
   Intro& intro_;
   Mailbox& mailbox_;
+  std::function<void()> whenLoaded_ = [] {};
+  std::vector<std::string> missing_;  // of the command line
 };
 
 /// True where the desktop's own text is larger than the smaller table of button places is made for.

@@ -105,7 +105,7 @@ TEST(CollectionCommands, NothingPassesWhileACommandRuns) {
     auto& progress = b.window.progress;
     EXPECT_EQ(progress.abortClicked, !progress.abortText.empty()) << "later work is not asked to stop";
     progress.abortClicked = false;
-    b.listCommands.remove();
+    b.listCommands.Removeit();
     b.history.undo();
     b.mailbox.takeFiles({"/v/a.avi"});
     b.handover.mailbox = "/v/a.avi";
@@ -201,7 +201,7 @@ TEST(CollectionCommands, DialogsBeginWhereTheUserKeepsCollections) {
 
 TEST(CollectionCommands, NewAsksAndEmpties) {
   RunningBench b;
-  b.listCommands.remove();
+  b.listCommands.Removeit();
   b.boxes.answers = {Answer::Cancel, Answer::No};
   EXPECT_FALSE(b.commands.New());
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Save changes to Current Colllection");

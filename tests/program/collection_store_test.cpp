@@ -249,6 +249,21 @@ TEST(CollectionStore, TextsComeBackAsTheyWereSaved) {
   }
 }
 
+TEST(CollectionStore, AFileIsFoundByWhatIsCarriedOfItsName) {
+  const std::string names[] = {"line\nend\r\n.avi", "cr\rin it.avi", "\"a\", [Movie1Audio].avi"};
+  Bench b;
+  Bench again;
+  for (const auto& name : names) {
+    b.addVideo(name, 0, 5);
+    again.files.all["/v/" + name] = again.files.all["/v/deep/" + name] = "x";
+  }
+  b.addVideo("it's gone.avi", 0, 5);
+  EXPECT_TRUE(b.file.WriteINI("/col", "t.INI", true));
+  load(again, b.files.all["/col/t.INI"], kLook);
+  ASSERT_EQ(again.collection.MovieList.count(), 4);
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(clipFile(again.collection.MovieList[i]), "/v/" + names[i - 1]);
+}
+
 TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
   const auto text = savedText([](Bench& b) {
     b.addVideo("b.avi", 0, 1);

@@ -63,9 +63,9 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
   };
   using List = ListCommands;
   const Row rows[] = {
-      {{2, 4}, [](List& list) { list.remove(); }, "Undo remove 2 clips", "ace"},
-      {{5}, [](List& list) { list.remove(); }, "Undo remove e.avi", "aBcd"},
-      {{1, 2, 3, 4, 5}, [](List& list) { list.remove(); }, "Undo remove 5 clips", ""},
+      {{2, 4}, [](List& list) { list.Removeit(); }, "Undo remove 2 clips", "ace"},
+      {{5}, [](List& list) { list.Removeit(); }, "Undo remove e.avi", "aBcd"},
+      {{1, 2, 3, 4, 5}, [](List& list) { list.Removeit(); }, "Undo remove 5 clips", ""},
       {{3}, [](List& list) { list.moveUp(); }, "Undo move c.mpg", "acBde"},
       {{4, 5}, [](List& list) { list.moveDown(); }, "", "aBcde"},
       {{3, 5}, [](List& list) { list.moveTo(1); }, "Undo move 2 clips", "ceaBd"},
@@ -112,13 +112,15 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
   b.files.all["/v/o.avi"] = "x";
   for (const auto& [before, names] :
        {std::pair{1, "noaBcde"}, {3, "aBnocde"}, {6, "aBcdeno"}, {0, "aBcdeno"}}) {
-    b.mailbox.takeFiles({"/v/new.avi", "/v/o.avi"}, before);
+    b.mailbox.takeDropped({"/v/o.avi", "/v/new.avi"}, before);
     EXPECT_EQ(b.initials() + b.window.history.undo, std::string(names) + "Undo add 2 clips");
     EXPECT_EQ(b.clip(b.collection.icurMov).MovieName(), "o.avi") << before;
     b.history.undo();
     EXPECT_EQ(b.initials(), "aBcde") << before;
     EXPECT_FALSE(b.dirty()) << before;
   }
+  b.mailbox.takeFiles({"/v/o.avi", "/v/new.avi"});
+  EXPECT_EQ(b.initials(), "aBcdeon") << "a dialog has an order";
 }
 
 TEST(History, OnlyWhatIsInTheFileIsClean) {
@@ -157,7 +159,7 @@ TEST(History, KeepsSoManyStepsAndForgetsWhatAnotherChangeHasReplaced) {
   for (; !b.window.history.undo.empty(); ++steps) b.history.undo();
   EXPECT_EQ(steps, History::kMaxSteps);
   EXPECT_EQ(b.names()[0], "19");
-  b.listCommands.remove();
+  b.listCommands.Removeit();
   EXPECT_EQ(b.window.history.redo, "");
 
   const auto revision = b.window.list.Fillist.revision();
@@ -347,7 +349,7 @@ TEST(ClipList, TellsOfTheCollectionAndOfTheClipInHand) {
             "Volume=70%;Balance=Stereo;Codec=H.264;");
   b.window.display.muted = true;
   b.listCommands.choose({1, 2, 3, 4, 5}, 1);
-  b.listCommands.remove();
+  b.listCommands.Removeit();
   EXPECT_TRUE(b.window.display.muted) << "the next clip is as mute";
   EXPECT_EQ(b.window.details.name + b.window.details.position + b.window.display.digits, "");
   EXPECT_EQ(b.window.face.caption, "KVO5");

@@ -139,8 +139,8 @@ TEST(MainMenu, OffersWhatCanBeDone) {
   b.called.clear();
   b.menu.choose({MenuCommand::mnu_DirXZoom, 50});
   EXPECT_EQ(b.called, "free") << "a face that does not come has no size";
-  b.listCommands.remove();
-  b.listCommands.remove();
+  b.listCommands.Removeit();
+  b.listCommands.Removeit();
   EXPECT_TRUE(b.menu.zoomMenu().empty());
   const auto ofEmpty = text(b.menu.windowMenu());
   for (const auto* shortcut : {"Ins", "Ctrl+N", "F2", "Del", "Ctrl+Up", "Ctrl+V", "Ctrl+Shift+Z"})

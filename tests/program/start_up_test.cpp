@@ -16,19 +16,21 @@ TEST(StartCommand, TakesSwitchesAnywhereAndFilesThatAreThere) {
   for (const auto* there : {"/v/a.avi", "/c/My.Ini", "/PLAY/x.avi", "/v/x.initial.avi"})
     files.all[there] = "x";
   const std::pair<Words, std::string> rows[] = {
-      {{"/C"}, "||"},
-      {{"/fullsc", "/v/a.avi"}, "full||/v/a.avi"},
-      {{"/v/a.avi", "/HUNPCT", "/PLAY"}, "hundred||/v/a.avi"},
-      {{"/c/My.Ini", "/NONSENSE"}, "|/c/My.Ini|"},
-      {{"/v/gone.avi", "/PLAY/x.avi"}, "||/PLAY/x.avi"},
-      {{"/v/gone too.avi", "/v/x.initial.avi"}, "||/v/gone too.avi/v/x.initial.avi"},
-      {{"http://host/a.asx"}, "||http://host/a.asx"},
+      {{"/C"}, "|||"},
+      {{"/fullsc", "/v/a.avi"}, "full||/v/a.avi|"},
+      {{"/v/a.avi", "/HUNPCT", "/PLAY"}, "hundred||/v/a.avi|"},
+      {{"/c/My.Ini", "/NONSENSE", "//"}, "|/c/My.Ini||"},
+      {{"/v/gone.avi", "/PLAY/x.avi", "/gone.INI"}, "||/PLAY/x.avi|/v/gone.avi/gone.INI"},
+      {{"/v/gone too.avi", "/v/x.initial.avi"}, "||/v/gone too.avi/v/x.initial.avi|"},
+      {{"http://host/a.asx"}, "||http://host/a.asx|"},
   };
   for (const auto& [arguments, asks] : rows) {
     const auto command = readStartCommand(arguments, files);
     std::string text = command.fullScreen ? "full" : command.hundredPercent ? "hundred" : "";
     text += "|" + command.collection + "|";
     for (const auto& clip : command.clips) text += clip;
+    text += "|";
+    for (const auto& gone : command.missing) text += gone;
     EXPECT_EQ(text, asks);
   }
 }
@@ -63,6 +65,22 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   ASSERT_EQ(none.boxes.shown.size(), 1U);
   EXPECT_EQ(none.boxes.shown[0].caption, "Kavio V5");
   EXPECT_EQ(none.log.texts()[0].substr(0, 11), "<<ERR6>> - ");
+}
+
+TEST(StartUp, TheWindowStandsBehindWhatIsToldOfNamedFiles) {
+  ProgramBench b;
+  b.saveCollection("/prog/KVO5.INI", {"a.avi"});
+  b.files.all["/v/broken.avi"] = "x";
+  Words seen;
+  b.startUp.whenLoaded([&] { seen.emplace_back(b.window.face.visible ? "visible" : "loaded"); });
+  b.intake.whenAsked = [&] { seen.emplace_back(b.window.face.visible ? "visible" : "hidden"); };
+  b.startUp.run({"/v/broken.avi", "/v/gone.avi", "/c/gone.INI"}, "/");
+  EXPECT_EQ(seen, (Words{"loaded", "visible"}));
+  EXPECT_TRUE(b.boxes.shown.empty());
+  b.startUp.tell();
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].text,
+            "KVO could not verify the file\r\ngone.avi\r\n- load aborted\r\ngone.INI\r\n- load aborted");
 }
 
 TEST(StartUp, NamesBeginAtTheWorkingFolder) {
@@ -120,6 +138,8 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.loop.advance(1);
   EXPECT_EQ(b.intake.asked, (Words{"/v/new.avi"}));
   EXPECT_FALSE(b.handover.mailbox);
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].text, "KVO could not verify the file\r\ngone.avi\r\n- load aborted");
 
   b.window.progress.status = "Loading Clip 5 of 20";
   handOver("/v/new.avi", 1000);
@@ -161,7 +181,7 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
   };
   const auto opens = [](ProgramBench& b) { b.commands.openFile("/c/Trip.INI"); };
   const auto exits = [](ProgramBench& b) { b.shutDown.exit(); };
-  const auto removes = [](ProgramBench& b) { b.listCommands.remove(); };
+  const auto removes = [](ProgramBench& b) { b.listCommands.Removeit(); };
   const auto none = [](ProgramBench& /*b*/) {};
   const Row rows[] = {
       {"film, to its end", "intro.avi", {}, ends, {"a.avi"}, ""},

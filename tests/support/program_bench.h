@@ -18,6 +18,7 @@
 #include "support/store_bench.h"
 #include "support/virtual_loop.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -33,6 +34,7 @@ class PlainIntake : public ClipIntake {
       : files_(files), collection_(collection), host_(host) {}
   std::vector<std::string> asked;
   std::vector<AddManner> manners;
+  std::function<void()> whenAsked = [] {};
   KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
 
   bool AddMoviesm(const std::string& text, const AddManner& manner) override { return add({text}, manner); }
@@ -48,6 +50,7 @@ class PlainIntake : public ClipIntake {
 
  private:
   bool addOne(const std::string& text, const AddManner& manner) {
+    whenAsked();
     asked.push_back(text);
     manners.push_back(manner);
     if (!files_.exists(text)) return false;

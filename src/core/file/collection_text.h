@@ -106,6 +106,10 @@ struct PrintedBlock {
   std::vector<std::string> changed;  ///< "Notes of clip 3": what the format cannot carry as it is
 };
 
+/// A file's name as a collection carries it at worst: without line ends, brackets and quotes of its own. What
+/// is the same here may be one name.
+std::string carriedName(std::string_view name);
+
 /// Gives the fields that are unset the texts that a reader expects, and the head its counts. Clips tell
 /// `listener` from here on.
 void fillUnset(KVO2& settings, Collection& collection, RecordListener* listener);

@@ -49,7 +49,7 @@ std::optional<Quotes> formOf(std::string_view value, bool namesFile) {
 // The value without what makes a reader stumble.
 std::string smoothed(std::string value) {
   for (char& c : value) {
-    if (c == '\r') c = ' ';
+    if (c == '\r' || c == '\n') c = ' ';
     if (c == '[') c = '(';
     if (c == ']') c = ')';
     if (c == '"') c = '\'';
@@ -154,6 +154,8 @@ RowWriter clipRows(const Movie& clip, int number) {
 }
 
 }  // namespace
+
+std::string carriedName(std::string_view name) { return std::string(trimmed(smoothed(std::string(name)))); }
 
 void fillUnset(KVO2& settings, Collection& collection, RecordListener* listener) {
   auto& clips = collection.MovieList;

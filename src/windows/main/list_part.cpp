@@ -77,7 +77,7 @@ ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic,
   press(keys_[0], [this] { logic_.commands.moveUp(); });
   press(keys_[1], [this] { logic_.commands.moveDown(); });
   press(keys_[2], logic_.addMedia);
-  press(keys_[3], [this] { logic_.commands.remove(); });
+  press(keys_[3], [this] { logic_.commands.Removeit(); });
   press(keys_[4], [this] { logic_.sortMenu(keys_[4]->mapToGlobal(keys_[4]->rect().bottomLeft())); });
   listen();
 }
@@ -125,7 +125,7 @@ void ListPart::dropRows(const QMimeData& carried, int before) {
   if (carried.hasFormat(kRowsFormat)) {
     logic_.commands.moveTo(before + 1);
   } else {
-    logic_.mailbox.takeFiles(droppedFiles(carried), before + 1);
+    logic_.mailbox.takeDropped(droppedFiles(carried), before + 1);
   }
   logic_.acted();
 }

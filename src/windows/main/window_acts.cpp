@@ -119,7 +119,7 @@ bool WindowActs::windowEvent(QWidget& window, QEvent& event) {
     case QEvent::Drop: {
       auto& drop = static_cast<QDropEvent&>(event);
       drop.acceptProposedAction();
-      logic_.mailbox.takeFiles(droppedFiles(*drop.mimeData()));
+      logic_.mailbox.takeDropped(droppedFiles(*drop.mimeData()));
       acted_();
       return true;
     }
