@@ -20,7 +20,7 @@
 namespace kvo {
 namespace {
 
-constexpr QSize kStreamInfo(460, 520);  // pixels
+constexpr QSize kStreamInfo(460, 570);  // pixels
 constexpr int kStreamMargin = 16;
 constexpr int kBetween = 8;
 
