@@ -1,11 +1,14 @@
 #include "app/add_command.h"
 
+#include "adapters/cdio/cdio_disc.h"
 #include "adapters/posix/poll_loop.h"
 #include "adapters/posix/stop_signals.h"
 #include "app/clip_summary.h"
 #include "app/console_render.h"
+#include "app/look_command.h"
 #include "base/paths.h"
 #include "intake/add_clips.h"
+#include "intake/batch_probe.h"
 #include "intake/folders.h"
 #include "intake/looking_process.h"
 #include "program/start_command.h"
@@ -65,7 +68,7 @@ Outcome openOrBegin(Session& session, const std::string& path) {
 
 }  // namespace
 
-int runAdd(Session& session, const CommandLine& line, const ProcessOrder& looking) {
+int runAdd(Session& session, const CommandLine& line, const std::string& programs) {
   const auto here = std::filesystem::current_path().string();
   const auto path = absoluteName(line.collection, here);
   if (auto opened = openOrBegin(session, path); !opened) return fail(opened.error().text);
@@ -74,9 +77,10 @@ int runAdd(Session& session, const CommandLine& line, const ProcessOrder& lookin
 
   PollLoop loop;
   ConsoleIntake host(session);
-  LookingProcess looker({session.processes, loop, looking});
-  NoDiscContents disc;
-  NoStreamProbe probe;
+  LookingProcess looker({session.processes, loop, lookingProcess(programs)});
+  CdioDisc disc;
+  BatchProbe probe({session.files, session.processes, loop, session.clock, session.temporaryFolders,
+                    programs + "KVOprop"});
   AddClips intake({session.files, session.clock, session.boxes, looker, disc, session.folder, probe,
                    session.log, session.settings, session.collection, host});
   names = withClipsOfFolders(names, session.files, [&] { return !host.stopped(); });

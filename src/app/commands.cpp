@@ -3,6 +3,7 @@
 #include "app/clip_summary.h"
 #include "app/console_render.h"
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "editor/compiler/collection_faults.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
@@ -19,6 +20,22 @@ std::string clipName(int number, const Movie& clip) {
 std::string faultText(const Compiled& made, const CollectionFault& fault) {
   return fault.clip == 0 ? fault.text
                          : clipName(fault.clip, *made.clips[fault.clip].record) + ": " + fault.text;
+}
+
+// What a clip holds, and where it stands; a page or a stream has no times that are known.
+std::string clipText(Session& session, const TimelineClip& clip) {
+  const auto& record = *clip.record;
+  auto text = FormatMask(clip.number, "####") + "  " + clipFile(record) + "\n      ";
+  if (record.IsHTML() || record.IsStream() || isAddress(clipFile(record)))
+    return text + clipSummary(record, nullptr) + "\n";
+  const auto facts = session.streams.facts(clipFile(record));
+  text += clipSummary(record, facts ? &*facts : nullptr) + "\n      section " +
+          FormatMask(clip.LoopStart.number(), "0.00") + " to " + FormatMask(clip.LoopEnd.number(), "0.00") +
+          " s, speed " + ShortText(speedOf(clip)) + ", in the movie " + FormatMask(clip.place.start, "0.00") +
+          " to " + FormatMask(clip.place.stop, "0.00") + " s";
+  if (!isCut(clip.TransType))
+    text += ", " + clip.TransType + " of " + ShortText(secondsFromTenths(clip.TransIn)) + " s";
+  return text + "\n";
 }
 
 // The document of a collection, unless a fault stands in its way. What was wrong with its reading is told.
@@ -76,16 +93,7 @@ int runCheck(Session& session, const CommandLine& line) {
   auto fault = std::find_if(faults.begin(), faults.end(), [](const auto& f) { return f.clip > 0; });
   std::for_each(faults.begin(), fault, [&](const auto& f) { problem(f.text); });
   for (const auto& clip : made.clips) {
-    const auto facts = session.streams.facts(clipFile(*clip.record));
-    print(FormatMask(clip.number, "####") + "  " + clipFile(*clip.record) + "\n      " +
-          clipSummary(*clip.record, facts ? &*facts : nullptr) + "\n      section " +
-          FormatMask(clip.LoopStart.number(), "0.00") + " to " + FormatMask(clip.LoopEnd.number(), "0.00") +
-          " s, speed " + ShortText(speedOf(clip)) + ", in the movie " + FormatMask(clip.place.start, "0.00") +
-          " to " + FormatMask(clip.place.stop, "0.00") + " s" +
-          (isCut(clip.TransType)
-               ? std::string()
-               : ", " + clip.TransType + " of " + ShortText(secondsFromTenths(clip.TransIn)) + " s") +
-          "\n");
+    print(clipText(session, clip));
     for (; fault != faults.end() && fault->clip == clip.number; ++fault) problem(fault->text);
   }
   // What stops a render may spoil its document as well; it has been told.

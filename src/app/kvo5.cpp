@@ -61,7 +61,7 @@ int run(const kvo::CommandLine& line) {
     case kvo::Task::Render:
       return kvo::runRender(session, line, beside + "KVORender");
     case kvo::Task::Add:
-      return kvo::runAdd(session, line, kvo::lookingProcess(beside));
+      return kvo::runAdd(session, line, beside);
     case kvo::Task::Check:
       return kvo::runCheck(session, line);
     default:

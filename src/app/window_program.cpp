@@ -1,5 +1,6 @@
 #include "app/window_program.h"
 
+#include "adapters/cdio/cdio_disc.h"
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/media/media_picture_counts.h"
@@ -166,6 +167,7 @@ class WindowProgram {
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
     session_.file.poster().whenEndOfPlayMoved(stop);
     intake_.poster().whenEndOfPlayMoved(stop);
+    startUp_.whenLoaded([this] { links_.takeInterfaceSize(); });
     commands_.whenOpened([this] { skins_.applyStored(); });
     listCommands_.whenUnseen([this] { links_.display().AllDetOn(); });
     intakeWindow_.whenJoined([this](int number) { rowPictures_.joined(number); });
@@ -274,7 +276,7 @@ class WindowProgram {
   RecentCollections recent_;
   CollectionCommands commands_;
   LookingProcess looker_;
-  NoDiscContents disc_;
+  CdioDisc disc_;
   IntakeWindow intakeWindow_;
   AddClips intake_;
   MissingFiles missing_{

@@ -30,12 +30,4 @@ class DiscContents {
   virtual Result<DiscTable> read(const std::string& folder) = 0;
 };
 
-/// Stands where discs cannot be read.
-class NoDiscContents : public DiscContents {
- public:
-  Result<DiscTable> read(const std::string& folder) override {
-    return Error{"there is no audio CD at " + folder};
-  }
-};
-
 }  // namespace kvo

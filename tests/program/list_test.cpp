@@ -302,7 +302,7 @@ TEST(ListCommands, WhatIsChosenWhileAnotherClipIsOpenedIsInHand) {
   b.list.whenInHand([&](int /*number*/) {
     if (std::exchange(due, false)) b.history.undo();
   });
-  b.listCommands.remove();
+  b.listCommands.Removeit();
   EXPECT_EQ(b.initials(), "aBcde") << "what led to the load can be taken back meanwhile";
   EXPECT_EQ(b.collection.icurMov, 4);
   EXPECT_FALSE(b.window.busy());

@@ -1,5 +1,6 @@
 #include "editor/compiler/collection_faults.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 #include "editor/compiler/document_text.h"
 #include "editor/compiler/durations.h"
@@ -17,6 +18,13 @@ constexpr double kLongestTime = 1e9;    // seconds; a document cannot give more
 constexpr double kLowestRate = 1;       // frames a second
 constexpr double kSlowest = 0.01;       // slower sound cannot be stretched
 constexpr double kHighestRate = 1000;
+
+// Of what is no file to take pictures or sound from.
+std::string_view whyInNoMovie(const Movie& clip) {
+  if (clip.IsHTML()) return "a web page cannot be put into a movie";
+  if (clip.IsStream() || isAddress(clipFile(clip))) return "a stream cannot be put into a movie";
+  return {};
+}
 
 class Faults {
  public:
@@ -37,6 +45,10 @@ class Faults {
       number_ = clip.number;
       if (number_ == misplaced)
         stop("it is sound ahead of a picture: sound belongs at the end of the collection");
+      if (const auto why = whyInNoMovie(*clip.record); !why.empty()) {
+        stop(std::string(why));
+        continue;
+      }
       fileFaults(clip);
       timeFaults(clip);
       if (!clip.isSound && !isCut(clip.TransType) && !isTransition(clip.TransType))

@@ -57,6 +57,13 @@ TEST(CollectionFaults, AreFoundInEveryClip) {
        "3 it is sound ahead of a picture: sound belongs at the end of the collection!"},
       {[](Bench& b, Movie&) { b.addMusic("m.mid", 0, 2); },
        "3 sound of its kind cannot be put into a movie!"},
+      {[](Bench&, Movie& m) {
+         m.Path("");
+         m.MovieName("http://h/a.asx");
+         m.LoopEnd(Value());
+       },
+       "2 a stream cannot be put into a movie!"},
+      {[](Bench&, Movie& m) { m.IsHTML(true); }, "2 a web page cannot be put into a movie!"},
       {[](Bench& b, Movie&) { b.settings.change().OutPutFrameRate = 0; },
        "its frame rate of 0 is not within 1 to 1000!"},
       {[](Bench& b, Movie&) { b.editor.controls.txtHeight = 0; },
