@@ -11,4 +11,8 @@ namespace kvo::media {
 /// As readFacts(), of a file that is open.
 Result<StreamFacts> factsOf(AVFormatContext& format, const std::string& path);
 
+/// Seconds that a file lasts as a whole; 0 when it does not tell. Bare sound is read through for it, so
+/// `format` stands at its end behind this.
+double wholeLength(AVFormatContext& format);
+
 }  // namespace kvo::media

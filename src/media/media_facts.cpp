@@ -29,6 +29,15 @@ double containerLength(const AVFormatContext& format) {
   return format.duration > 0 ? static_cast<double>(format.duration) / AV_TIME_BASE : 0;
 }
 
+// A file that tells no length has one that FFmpeg takes from its size and the rate of its first packets,
+// which is wrong where the rate changes.
+bool isGuessed(const AVFormatContext& format) {
+  constexpr std::int64_t kMostCounted = 256LL << 20;  // bytes
+  return format.duration_estimation_method == AVFMT_DURATION_FROM_BITRATE && format.nb_streams > 0 &&
+         format.streams[0]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO && format.pb != nullptr &&
+         avio_size(format.pb) <= kMostCounted;
+}
+
 // How long there are pictures: sound may go on longer, and the container counts both.
 double pictureLength(AVFormatContext& format, const AVStream& stream, double frameRate, bool hasAudio) {
   if ((format.iformat->flags & AVFMT_NOTIMESTAMPS) != 0 || traitsOf(format).hasNoTimes)
@@ -66,6 +75,18 @@ bool isOnItsSide(const std::string& path, const AVFormatContext& format, const A
 
 }  // namespace
 
+double wholeLength(AVFormatContext& format) {
+  if (!isGuessed(format)) return containerLength(format);
+  const auto packet = newPacket();
+  double seconds = 0;
+  while (av_read_frame(&format, packet.get()) >= 0) {
+    if (packet->stream_index == 0)
+      seconds += static_cast<double>(packet->duration) * av_q2d(format.streams[0]->time_base);
+    av_packet_unref(packet.get());
+  }
+  return seconds > 0 ? seconds : containerLength(format);
+}
+
 Result<StreamFacts> readFacts(const std::string& path) {
   if (isHeif(path)) return heifFacts(path);
   auto opened = openInput(path);
@@ -86,7 +107,7 @@ Result<StreamFacts> factsOf(AVFormatContext& format, const std::string& path) {
   // A file may be taken for sound by its name alone, and hold none.
   if (video < 0 && facts.sampleRate == 0)
     return Error{"cannot open " + path + ": it is no media file, or damaged"};
-  facts.duration = facts.wholeDuration = containerLength(format);
+  facts.duration = facts.wholeDuration = wholeLength(format);
   if (video >= 0) {
     const auto& stream = *format.streams[video];
     // The cover picture of a music file is no video.

@@ -1,6 +1,7 @@
 #include "media/stream_properties.h"
 
 #include "media/container_traits.h"
+#include "media/facts_of.h"
 #include "media/ffmpeg.h"
 
 #include <algorithm>
@@ -83,7 +84,7 @@ Result<StreamProperties> readStreamProperties(const std::string& path) {
   properties.isProtected = isProtected(format);
   properties.isSeekable = (format.ctx_flags & AVFMTCTX_UNSEEKABLE) == 0 &&
                           !(properties.isWindowsMedia && asfTellsUnseekable(path));
-  if (format.duration > 0) properties.duration = static_cast<double>(format.duration) / AV_TIME_BASE;
+  properties.duration = wholeLength(**opened);
   properties.bitRate = static_cast<double>(std::max<std::int64_t>(format.bit_rate, 0));
   for (unsigned i = 0; i < format.nb_streams; ++i)
     properties.streams.push_back(propertyOf(*format.streams[i]));

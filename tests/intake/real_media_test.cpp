@@ -91,6 +91,8 @@ const Made kFiles[] = {
     silent("several seconds.mp4", "-vf loop=3:25 -c:v libx264", "H.264", "64 x 48", 25, 4),
     tone("no picture.mp4", "-c:a aac", "AAC"),
     tone("m.mp3", "-c:a libmp3lame -id3v2_version 3", "MP3"),
+    {"uneven.mp3", "-f lavfi -i sine=duration=5 ", "-c:a libmp3lame -q:a 4 -write_xing 0", "44.1 KHz", "MP3",
+     5, 0, true},
     tone("m.mp2", "-c:a mp2", "MP2"),
     tone("m.wav", "-c:a pcm_s16le", "PCM signed 16-bit little-endian"),
     tone("m.aiff", "-c:a pcm_s16be", "PCM signed 16-bit big-endian"),
