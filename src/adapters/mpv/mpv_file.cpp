@@ -26,10 +26,12 @@ constexpr double kCoreTolerance = 0.005;
 constexpr double kCutOff = 2;  // seconds that may be missing at the end of what comes from an address
 
 // A sound that nobody hears, where the program's other sounds are not to be heard either. The core is kept
-// from SDL, which knows one device for a whole process: cores that come and go side by side hang in it.
+// from SDL, which knows one device for a whole process, and from JACK, whose clients share one thread for
+// messages and join it twice where they open side by side: cores that come and go hang in both. PipeWire
+// serves those who have JACK.
 std::string soundOutput() {
   const char* driver = std::getenv("SDL_AUDIODRIVER");
-  return driver != nullptr && std::string_view(driver) == "dummy" ? "null" : "pipewire,pulse,alsa,jack";
+  return driver != nullptr && std::string_view(driver) == "dummy" ? "null" : "pipewire,pulse,alsa";
 }
 
 std::string whyNot(int error) {
