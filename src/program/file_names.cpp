@@ -66,17 +66,18 @@ bool FileNames::find(std::string& folder, std::string& name, const SectionRow& f
 // The file of a folder whose name a collection can only carry so; empty where there is none.
 std::string FileNames::nameAlike(const std::string& folder, std::string_view name) {
   if (name.find_first_of(kInstead) == std::string_view::npos) return {};
-  const auto [known, isNew] = filesOf_.try_emplace(folder);
+  const auto [at, isNew] = filesOf_.try_emplace(folder);
+  auto& known = at->second;
   if (isNew) {
     int looked = 0;
     files_.eachBelow(folder, [&](const std::string& path) {
       if (const auto file = fileNamePart(path); folderPart(path) == folder && carriedName(file) != file)
-        known->second.emplace(carriedName(file), file);
+        known.emplace(carriedName(file), file);
       return ++looked < kMostLookedThrough;
     });
   }
-  const auto alike = known->second.find(carriedName(name));
-  return alike == known->second.end() ? std::string() : alike->second;
+  const auto alike = known.find(carriedName(name));
+  return alike == known.end() ? std::string() : alike->second;
 }
 
 bool FileNames::findClip(ParsedClip& parsed) {

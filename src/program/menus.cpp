@@ -51,7 +51,7 @@ MenuEntry ticked(MenuCommand command, std::string caption, bool tick, bool enabl
 
 // One of several that exclude each other.
 MenuEntry chosenOne(MenuId id, std::string caption, bool chosen, std::function<void()> act) {
-  return {.id = id,
+  return {.id = std::move(id),
           .caption = std::move(caption),
           .act = std::move(act),
           .takesPass = false,

@@ -259,13 +259,14 @@ CoolListRow CoolListView::drawing(int index) const {
   auto picture = look_.picture ? look_.picture(index) : QPixmap();
   const bool hasPicture = !picture.isNull();
   const bool hasIcon = number > 0 && static_cast<std::size_t>(number) <= images_.size();
+  if (hasIcon && !hasPicture) picture = images_[static_cast<std::size_t>(number) - 1];
   const auto from = contentsRect().topLeft();
   const int row = index - list_.TopIndex();
   return {toRect(list_.rowRect(row)).translated(from),
           toRect(list_.textRect(row)).translated(from),
           QString::fromStdString(item.ItemText),
           look_.trailing ? look_.trailing(index) : QString(),
-          hasIcon && !hasPicture ? images_[static_cast<std::size_t>(number) - 1] : std::move(picture),
+          std::move(picture),
           hasPicture ? look_.pictureLeft : look_.iconLeft,
           item.ItemSelected,
           look_.elide};
