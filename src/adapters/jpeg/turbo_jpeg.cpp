@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <jpeglib.h>
+#include <memory>
 
 namespace kvo {
 namespace {
@@ -97,7 +98,8 @@ class Encoder {
   Encoder& operator=(const Encoder&) = delete;
   ~Encoder() {
     jpeg_destroy_compress(&coder_);
-    std::free(bytes_);
+    const std::unique_ptr<unsigned char, decltype(&std::free)> bytes(bytes_,
+                                                                     &std::free);  // as the library made them
   }
 
   bool write(JpegSize size, std::span<const std::uint8_t> rows, int quality) {
