@@ -33,6 +33,15 @@ class Replacement {
   virtual Outcome commit() = 0;
 };
 
+/// A name that has one holder at a time. It is given back with the object, and when the process dies.
+class FileLock {
+ public:
+  FileLock() = default;
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+  virtual ~FileLock() = default;
+};
+
 struct FileFacts {
   std::uint64_t size = 0;    ///< bytes
   std::int64_t changed = 0;  ///< seconds since the beginning of 1970
@@ -84,6 +93,10 @@ class Files {
 
   /// Makes the folder and those above it.
   virtual Outcome makeFolder(const std::string& path) = 0;
+
+  /// Holds the name `path` among all that ask for it in this way, in this process and in others; waits for
+  /// the one that has it. An empty file of that name is made where there is none, and stays.
+  virtual Result<std::unique_ptr<FileLock>> lock(const std::string& path) = 0;
 
   /// True when both names lead to one and the same file.
   [[nodiscard]] virtual bool sameFile(const std::string& a, const std::string& b) const = 0;

@@ -50,12 +50,15 @@ std::optional<SketchFile> SketchFolder::find(const std::string& media) const {
 
 Outcome SketchFolder::keep(const SketchFile& more) {
   if (path_.empty()) return {};
+  if (auto done = files_.makeFolder(path_); !done) return done;
+  // A process that draws and one that listens are often at the same file.
+  const auto alone = files_.lock(withSeparator(path_) + "lock");
+  if (!alone) return alone.error();
   auto sketch = kept(more.key).value_or(SketchFile{more.key, {}, {}});
   const auto before = sketch;
   for (const auto& picture : more.pictures) sketch.add(picture);
   if (more.peaks) sketch.peaks = more.peaks;
   if (sketch == before) return {};
-  if (auto done = files_.makeFolder(path_); !done) return done;
   if (auto done = writeDurably(files_, fileOf(more.key.path), sketchBytes(sketch)); !done) return done;
   if (writes_++ % kSweepEvery == 0) sweep();
   return {};

@@ -10,6 +10,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -110,6 +111,27 @@ TEST(SketchProcess, GoesOnBehindOneThatCrashesOrHangs) {
   EXPECT_EQ(b.heard.back(), "last=") << "where none can be started there is nothing";
 }
 
+// What one of them adds between another's look and its write is not lost.
+TEST(SketchFolder, TakesFromSeveralAtOnce) {
+  constexpr std::uint32_t kEach = 40;
+  const test::ScratchFolder scratch;
+  PosixFiles files;
+  ASSERT_TRUE(writeDurably(files, scratch / "film", "film"));
+  const auto draws = [&](std::uint32_t first) {
+    PosixFiles own;
+    SketchFolder folder(own, scratch / "sketches");
+    for (std::uint32_t i = 0; i < kEach; ++i) {
+      auto sketch = *folder.find(scratch / "film");
+      sketch.add({first + i, "jpeg"});
+      EXPECT_TRUE(folder.keep(sketch));
+    }
+  };
+  std::thread other(draws, 1000);
+  draws(0);
+  other.join();
+  EXPECT_EQ(SketchFolder(files, scratch / "sketches").find(scratch / "film")->pictures.size(), 2 * kEach);
+}
+
 TEST(KeptSketches, OfRealMediaComeByTheProgramAndOutOfTheFolderNextTime) {
   const test::ScratchFolder media;
   const test::ScratchFolder cache;
@@ -146,8 +168,6 @@ TEST(KeptSketches, OfRealMediaComeByTheProgramAndOutOfTheFolderNextTime) {
       EXPECT_EQ((*peaks)[5], 0);
       EXPECT_NEAR((*peaks)[15], 128, 2);
     });
-    const auto kept = std::filesystem::directory_iterator(cache / "kvo5/sketches");
-    ASSERT_NE(kept, std::filesystem::directory_iterator());
     // A picture of the second run can only come from here.
     if (i == 0) {
       const auto before = std::filesystem::last_write_time(film);

@@ -90,6 +90,9 @@ class MemoryFiles : public Files {
   }
 
   Outcome makeFolder(const std::string& /*path*/) override { return {}; }
+  Result<std::unique_ptr<FileLock>> lock(const std::string& /*path*/) override {
+    return std::make_unique<FileLock>();
+  }
   [[nodiscard]] bool sameFile(const std::string& a, const std::string& b) const override { return a == b; }
 
  private:

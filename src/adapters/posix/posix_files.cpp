@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -27,6 +28,14 @@ std::string folderOf(const std::string& path) {
   const auto folder = folderPart(path);
   return folder.empty() ? "." : std::string(folder);
 }
+
+class HeldFile : public FileLock {
+ public:
+  explicit HeldFile(Descriptor file) : file_(std::move(file)) {}
+
+ private:
+  Descriptor file_;  // closing it lets go
+};
 
 // The file that a replacement of `path` has to stand in for: the target when `path` is a link.
 std::string targetOf(const std::string& path) {
@@ -230,6 +239,16 @@ Outcome PosixFiles::makeFolder(const std::string& path) {
   std::filesystem::create_directories(path, failed);
   if (failed) return Error{"cannot make the folder " + path + ": " + failed.message()};
   return {};
+}
+
+Result<std::unique_ptr<FileLock>> PosixFiles::lock(const std::string& path) {
+  Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode));
+  if (!file.open()) return failure("cannot hold", path);
+  int done = 0;
+  do done = ::flock(file.get(), LOCK_EX);
+  while (done != 0 && errno == EINTR);
+  if (done != 0) return failure("cannot hold", path);
+  return std::unique_ptr<FileLock>(std::make_unique<HeldFile>(std::move(file)));
 }
 
 bool PosixFiles::sameFile(const std::string& a, const std::string& b) const {
