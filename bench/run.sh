@@ -201,6 +201,7 @@ intake() (
     for kind in avi:mpeg4 mp4:libx264 mkv:libx265 mov:mjpeg mpg:mpeg1video ts:mpeg2video wmv:wmv2 webm:libvpx m2v:mpeg2video ogv:libtheora; do
       local sound=(-f lavfi -i sine=duration=4)
       [ "${kind%%:*}" = m2v ] && sound=()
+      [ "${kind##*:}" = libx265 ] && sound+=(-x265-params log-level=none)
       ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=640x360:rate=25:duration=4 "${sound[@]}" \
         -pix_fmt yuv420p -strict -1 -c:v "${kind##*:}" "$folder/one/v.${kind%%:*}"
     done
