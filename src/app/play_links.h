@@ -27,6 +27,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
     Desktop& desktop;
     WebPages& pages;
     Network& network;
+    Http& http;
     PlayTimers& timers;
     ClipList& list;
     History& history;

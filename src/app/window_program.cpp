@@ -1,6 +1,7 @@
 #include "app/window_program.h"
 
 #include "adapters/cdio/cdio_disc.h"
+#include "adapters/curl/curl_http.h"
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/media/media_picture_counts.h"
@@ -131,7 +132,7 @@ class WindowProgram {
                 probe_, boxes_, loop_, links_.player()}),
         streamInfo_(state_.streamInfo, links_.player(), loop_),
         play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
-               pages_, network_, timers_, list_, history_, commands_, media_, intro_, mailbox_, links_,
+               pages_, network_, http_, timers_, list_, history_, commands_, media_, intro_, mailbox_, links_,
                codec_}),
         menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
                skins_},
@@ -299,6 +300,7 @@ class WindowProgram {
   WebModule web_;
   WindowPages pages_;
   PosixNetwork network_;
+  CurlHttp http_{loop_};
   CodecInfo codec_;
   StreamInfo streamInfo_;
   PlayLinks play_;
