@@ -1,7 +1,7 @@
 #include "intake/look_words.h"
 
+#include "base/escaped_line.h"
 #include "base/numbers.h"
-#include "base/one_line.h"
 
 #include <algorithm>
 #include <iterator>
@@ -34,10 +34,10 @@ double exactOf(std::string_view value) {
     name, [](const MediaLook& look) { return write(look.facts.field); },                \
         [](MediaLook& look, std::string_view value) { look.facts.field = read(value); } \
   }
-#define KVO_TEXT(name, field)                                                            \
-  Word {                                                                                 \
-    name, [](const MediaLook& look) { return asOneLine(look.field); },                   \
-        [](MediaLook& look, std::string_view value) { look.field = fromOneLine(value); } \
+#define KVO_TEXT(name, field)                                                              \
+  Word {                                                                                   \
+    name, [](const MediaLook& look) { return escapedLine(look.field); },                   \
+        [](MediaLook& look, std::string_view value) { look.field = unescapedLine(value); } \
   }
 
 std::string flagText(bool flag) { return flag ? "1" : "0"; }

@@ -77,7 +77,7 @@ std::string joinedText(std::span<const GatheredBoxes::Waiting> boxes) {
 }
 
 // The caption without the file's name and what parts them.
-std::string kindOf(const GatheredBoxes::Waiting& waiting) {
+std::string captionKind(const GatheredBoxes::Waiting& waiting) {
   std::string_view caption = waiting.box.caption;
   if (waiting.name.empty() || !caption.starts_with(waiting.name)) return waiting.box.caption;
   caption.remove_prefix(waiting.name.size());
@@ -85,9 +85,9 @@ std::string kindOf(const GatheredBoxes::Waiting& waiting) {
 }
 
 // One alone whose caption names the file stays as it is.
-Box joined(std::span<const GatheredBoxes::Waiting> boxes) {
+Box oneBoxOf(std::span<const GatheredBoxes::Waiting> boxes) {
   auto box = boxes.front().box;
-  auto kind = kindOf(boxes.front());
+  auto kind = captionKind(boxes.front());
   if (boxes.size() == 1 && kind != box.caption) return box;
   box.caption = std::move(kind);
   box.text = joinedText(boxes);
@@ -115,10 +115,10 @@ void GatheredBoxes::together(const std::function<void()>& work) {
     work();
   }
   for (auto all = std::exchange(waiting_, {}); !all.empty();) {
-    const auto kind = kindOf(all.front());
+    const auto kind = captionKind(all.front());
     const auto others =
-        std::ranges::stable_partition(all, [&](const auto& box) { return kindOf(box) == kind; });
-    boxes_.show(joined({all.begin(), others.begin()}));
+        std::ranges::stable_partition(all, [&](const auto& box) { return captionKind(box) == kind; });
+    boxes_.show(oneBoxOf({all.begin(), others.begin()}));
     all.erase(all.begin(), others.begin());
   }
 }

@@ -1,6 +1,6 @@
 #include "program/start_command.h"
 
-#include "base/one_line.h"
+#include "base/escaped_line.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "intake/clip_names.h"
@@ -70,7 +70,7 @@ std::string handoverText(const std::vector<std::string>& arguments, const std::s
     if (word.empty()) continue;
     const auto name = namedFile(argument, files, workingFolder);
     const bool isWord = !switchIn(word, files).empty() || (word == kRemovePreview && !files.exists(name));
-    text.append(text.empty() ? "" : kCrLf).append(isWord ? word : asOneLine(name));
+    text.append(text.empty() ? "" : kCrLf).append(isWord ? word : escapedLine(name));
   }
   return text;
 }
@@ -78,7 +78,7 @@ std::string handoverText(const std::vector<std::string>& arguments, const std::s
 std::vector<std::string> handedOver(std::string_view text) {
   std::vector<std::string> arguments;
   while (!text.empty()) {
-    if (const auto line = nextLine(text); !trimmed(line).empty()) arguments.push_back(fromOneLine(line));
+    if (const auto line = nextLine(text); !trimmed(line).empty()) arguments.push_back(unescapedLine(line));
   }
   return arguments;
 }

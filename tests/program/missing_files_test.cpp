@@ -93,6 +93,7 @@ TEST(MissingFiles, OfCopiesThatFitTheOneOfTheMovedFolderIsTaken) {
     b.looks.all[path].look.facts.duration = 4;
   }
   b.files.all["/new/3 other/b.avi"] = "larger";
+  b.list.fill();
   b.dialogs.answers = {"/new"};
   b.missing.FindMissingFiles();
   EXPECT_EQ(clipFile(b.collection.MovieList[1]), "/new/2 moved/a.avi");

@@ -1,8 +1,8 @@
-#include "base/one_line.h"
+#include "base/escaped_line.h"
 
 namespace kvo {
 
-std::string asOneLine(std::string_view text) {
+std::string escapedLine(std::string_view text) {
   std::string line;
   for (const char c : text) {
     if (c == '\\') line += "\\\\";
@@ -13,7 +13,7 @@ std::string asOneLine(std::string_view text) {
   return line;
 }
 
-std::string fromOneLine(std::string_view line) {
+std::string unescapedLine(std::string_view line) {
   std::string text;
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (line[i] != '\\' || i + 1 == line.size()) {

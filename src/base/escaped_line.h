@@ -7,9 +7,9 @@
 namespace kvo {
 
 /// LF becomes "\n", CR "\r" and a backslash two of them.
-std::string asOneLine(std::string_view text);
+std::string escapedLine(std::string_view text);
 
 /// The text again. A backslash ahead of any other character, or at the end, stands for what follows it alone.
-std::string fromOneLine(std::string_view line);
+std::string unescapedLine(std::string_view line);
 
 }  // namespace kvo
