@@ -95,7 +95,7 @@ class WindowProgram {
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder, desktop_}, session_.file,
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
         looker_({session_.processes, loop_, lookingProcess(executableFolder)}),
-        intakeWindow_({state_, session_.settings, session_.collection, loop_, list_, desktop_}),
+        intakeWindow_({state_, session_.settings, session_.collection, loop_, list_, desktop_, refusals_}),
         intake_({session_.files, session_.clock, refusals_, looker_, disc_, session_.folder, probe_,
                  session_.log, session_.settings, session_.collection, intakeWindow_}),
         parts_{session_.files,

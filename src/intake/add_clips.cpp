@@ -71,6 +71,7 @@ bool AddClips::addOne(const std::string& name, const AddManner& manner) {
     clip.Path("");
     return addAddress(std::move(clip), manner);
   }
+  if (isUnmapped(name) && !parts_.files.exists(name)) return refuse(refusedUnmapped(false));
   return addFile(std::move(clip), manner);
 }
 

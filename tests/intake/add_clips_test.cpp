@@ -2,6 +2,7 @@
 #include "intake/add_clips.h"
 
 #include "core/telling/messages.h"
+#include "intake/asx_stream.h"
 #include "intake/clip_names.h"
 #include "intake/folders.h"
 #include "intake/intake_bench.h"
@@ -59,12 +60,19 @@ TEST(ClipNames, TracksComeFirstByTheirNumbersAndNamesBecomeWords) {
 
 TEST(ClipNames, OfAFolderTheClipsAre) {
   test::MemoryFiles files;
-  for (const auto* name : {"/v/f/b 10.avi", "/v/f/b 2.avi", "/v/f/deep/c.JPEG", "/v/f/notes.txt",
-                           "/v/f/x.zip", "/v/f/Holiday.INI", "/v/f/page.html", "/v/other.avi"})
+  for (const auto* name :
+       {"/v/f/b 10.avi", "/v/f/b 2.avi", "/v/f/deep/c.JPEG", "/v/f/notes.txt", "/v/f/x.zip",
+        "/v/f/Holiday.INI", "/v/f/autorun.inf", "/v/f/a.sdp", "/v/f/b.xyz", "/v/other.avi"})
     files.all[name] = "x";
   EXPECT_EQ(withClipsOfFolders({"/v/z.txt", "/v/f", "/v/other.avi"}, files, [] { return true; }),
             (Names{"/v/z.txt", "/v/f/b 2.avi", "/v/f/b 10.avi", "/v/f/deep/c.JPEG", "/v/other.avi"}));
   EXPECT_LE(withClipsOfFolders({"/v/f"}, files, [] { return false; }).size(), 1U);
+  for (const auto* kind :
+       {"m4v", "FLV",  "f4v", "vcr", "qt",  "wm",  "divx", "mpe", "dat", "mka", "m4b", "wv",
+        "oga", "jfif", "asx", "wvx", "wax", "swf", "html", "mid", "tif", "ico", "cda"}) {
+    files.all = {{std::string("/v/f/a.") + kind, "x"}};
+    EXPECT_EQ(withClipsOfFolders({"/v/f"}, files, [] { return true; }).size(), 1U) << kind;
+  }
 }
 
 TEST(AddClips, TheNameAndWhatIsInTheFileTellWhatTheRecordHolds) {
@@ -301,6 +309,10 @@ TEST(AddClips, AnAddressIsAStreamOrAPageByItsName) {
     EXPECT_EQ(clip->IsHTML(), row.what == Page) << row.address;
     EXPECT_EQ(clip->IsTrueQT4(), row.what == Viewer) << row.address;
   }
+  IntakeBench b;
+  EXPECT_EQ(b.add("\\\\server\\share\\a.avi"), nullptr);
+  EXPECT_EQ(b.box(),
+            "KVO5 - Warning - Unmapped Network Drive|Cannot add media from non Mapped Network Drive");
 }
 
 TEST(AddClips, LocalPagesStreamsTracksAndDiscsAreNotLookedInto) {
@@ -319,6 +331,18 @@ TEST(AddClips, LocalPagesStreamsTracksAndDiscsAreNotLookedInto) {
   EXPECT_TRUE(clips[3].IsHTML() && clips[3].HasAudio() && clips[3].RenderAudio());
   EXPECT_TRUE(clips[4].IsStream() && clips[5].IsStream());
   EXPECT_TRUE(b.looks.asked.empty() && b.boxes.shown.empty());
+
+  const std::string blanks(70000, ' ');
+  for (const auto& [name, text, stream] :
+       {std::tuple{"/v/long.asx", "<ref href=\"http://h/a\">" + blanks, true},
+        {"/v/far.asx", blanks + "//", false},
+        {"/v/film.asf", std::string("0&\xB2u\x8E") + '\0' + " // " + blanks, false}}) {
+    b.files.all[name] = text;
+    Movie clip;
+    clip.Path("/v/");
+    clip.MovieName(std::string(fileNamePart(name)));
+    EXPECT_EQ(IsASXAStream(clip, b.files), stream) << name;
+  }
 }
 
 TEST(AddClips, AnExtendedDiscBecomesItsTracks) {
