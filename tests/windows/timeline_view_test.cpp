@@ -53,11 +53,12 @@ TEST(TimelineView, DragsKeysAndTheWheelReachTheHand) {
     QTest::keyClick(&s.view, key);
   QTest::keyClick(&s.view, Qt::Key_Left, Qt::ControlModifier);
   EXPECT_EQ(s.told, (Told{"select 3", "mark 3", "remove 3", "trimmer 3", "move 3 before 2"}));
+  s.hand.zoom(100, 84);
   const double there = s.state.sight.secondsAt(600);
   QWheelEvent zoom({600, 80}, s.view.mapToGlobal(QPointF(600, 80)), {}, {0, 120}, Qt::NoButton,
                    Qt::ControlModifier, Qt::NoScrollPhase, false);
   QApplication::sendEvent(&s.view, &zoom);
-  EXPECT_DOUBLE_EQ(s.state.sight.scale, 25);
+  EXPECT_DOUBLE_EQ(s.state.sight.scale, 125);
   EXPECT_NEAR(s.state.sight.secondsAt(600), there, 0.001);
 }
 

@@ -47,14 +47,14 @@ double leastScale(const TimelineSight& sight, double end) {
 
 // The keyframes' badge stands left of that of the effects.
 void addBadges(SeenBlock& seen) {
-  if (seen.box.width - seen.wedge.width < kRoomForBadge) return;
-  double right = seen.box.right() - 4;
+  if (seen.openTo - seen.wedge.right() < kRoomForBadge) return;
+  double right = seen.openTo - 4;
   const auto badge = [&](TimelineBox& box) {
     box = {right - kBadgeWidth, seen.box.y + kBadgeTop, kBadgeWidth, kBadgeHeight};
     right -= kBadgeWidth + 4;
   };
   if (seen.block->effects > 0) badge(seen.effects);
-  const bool hasRoom = right - kBadgeWidth > seen.box.x + seen.wedge.width;
+  const bool hasRoom = right - kBadgeWidth > seen.wedge.right();
   if (seen.block->keyframes > 0 && hasRoom) badge(seen.keyframes);
 }
 
@@ -147,6 +147,9 @@ std::vector<SeenBlock> clipsInSight(const TimelineBlocks& blocks, const Timeline
     const double wedge = std::min(block.overlap * sight.scale, shown.box.width);
     shown.wedge = {left, bands.clips.y, wedge, bands.pictures.bottom() - bands.clips.y};
     if (block.isHeard && bands.sound.height > 0) shown.fullLevel = bands.sound.y + kSoundLine;
+    const bool hasNext = i + 1 < blocks.clips.size();
+    shown.openTo =
+        hasNext ? std::min(shown.box.right(), sight.xOf(blocks.clips[i + 1].start)) : shown.box.right();
     addBadges(shown);
     drawnTo = std::max(drawnTo, std::floor(shown.box.right()));
     const bool isNarrow = shown.box.width < 2;
@@ -167,6 +170,7 @@ std::vector<SeenBlock> musicInSight(const TimelineBlocks& blocks, const Timeline
     shown.block = &block;
     shown.box = {left, bands.music.y + lane * kMusicHeight, std::max(1.0, block.length() * sight.scale),
                  kMusicHeight};
+    shown.openTo = shown.box.right();
     shown.fullLevel = shown.box.y + kMusicLine;
   }
   return seen;

@@ -86,6 +86,7 @@ struct SeenBlock {
   const TimelineBlock* block = nullptr;  ///< not owned
   TimelineBox box;
   TimelineBox wedge;      ///< of the transition into it, no wider than a hair where there is none
+  double openTo = 0;      ///< pixels: where the front of the next clip lies over it, or else its end
   TimelineBox effects;    ///< badge; empty without any
   TimelineBox keyframes;  ///< the same
   double fullLevel = 0;   ///< pixels: where its sound is drawn at full level; 0 where it is not drawn

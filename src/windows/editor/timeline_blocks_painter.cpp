@@ -65,7 +65,7 @@ void TimelineBlocksPainter::drawTitle(const SeenBlock& seen) {
   const bool inHand = isInHand(seen);
   painter_.fillRect(QRectF(box.x, box.y, box.width, kTitleHeight),
                     inHand ? ink::mixed(token("tealLo"), token("tealBg"), 0.75) : ink::colour(token("ink4")));
-  double right = box.right() - 4;
+  double right = seen.openTo - 4;
   for (const auto* badge : {&seen.effects, &seen.keyframes}) {
     if (badge->width > 0) right = badge->x - 4;
   }

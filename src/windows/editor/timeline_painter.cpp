@@ -85,7 +85,7 @@ void TimelinePainter::drawHead(const TimelineBox& band, const char* icon, const 
   ink::icon(painter_, icon, token("text3"), {20, middle}, 14);
   painter_.setFont(ink::text(11));
   painter_.setPen(ink::colour(token("text3")));
-  ink::line(painter_, {34, middle - 9, kLaneHeads - 36, 18}, name);
+  ink::line(painter_, {32, middle - 9, kLaneHeads - 32, 18}, name);
 }
 
 void TimelinePainter::drawRuler() {
@@ -136,7 +136,7 @@ void TimelinePainter::drawOverrun() {
                     ink::colour(token("red")));
   painter_.setFont(ink::text(11));
   painter_.setPen(ink::colour(token("dangerText")));
-  ink::line(painter_, {x + 10, bands_.music.y, to - x - 14, bands_.music.height},
+  ink::line(painter_, {x + 10, bands_.music.y, to - x - 14, kMusicHeight},
             said("Past the last clip by %1 s").arg(shown(FormatMask(over, "0.0"))));
 }
 

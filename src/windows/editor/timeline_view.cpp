@@ -20,8 +20,8 @@ namespace {
 
 constexpr int kUsualHeight = 202;
 constexpr int kLeastHeight = 134;
-constexpr int kBarHeight = 14;
-constexpr int kBarFoot = 3;
+constexpr int kBarHeight = 10;
+constexpr int kBarFoot = 6;
 
 QRect pixels(const TimelineBox& box) {
   const double size = themeSize();
