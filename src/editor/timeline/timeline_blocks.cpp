@@ -73,8 +73,8 @@ void addClip(TimelineBlocks& blocks, TimelineClips& clips, TimelineBlock block, 
   blocks.clips.push_back(std::move(block));
 }
 
-void addMusic(TimelineBlocks& blocks, const TimelineClip& clip, TimelineBlock block, bool isPlaced) {
-  if (!clip.RenderAudio || !isPlaced || block.length() <= 0) {
+void addMusic(TimelineBlocks& blocks, const TimelineClip& clip, TimelineBlock block) {
+  if (!clip.placed || block.length() <= 0) {
     ++blocks.leftOut;
     return;
   }
@@ -84,6 +84,14 @@ void addMusic(TimelineBlocks& blocks, const TimelineClip& clip, TimelineBlock bl
   blocks.musicEnd = std::max(blocks.musicEnd, block.stop);
   blocks.lanes = block.lane + 1;
   blocks.music.push_back(std::move(block));
+}
+
+void placeMovie(TimelineClips& clips, const Collection& collection, const CompileOptions& options) {
+  const EffectsTable effects;
+  const KeyframeIndex keyframes(collection);
+  const auto line = videoLine({effects, keyframes, options}, clips, {.TimingOnly = true});
+  if (GetNumAudioTracks(clips) < 1 && !options.overlays) return;
+  overlayTracks(options, clips, options.trimOverlays && hasPicture(clips) ? line.largestStop : 0);
 }
 
 std::string counted(int count, const char* one, const char* many) {
@@ -107,28 +115,20 @@ const TimelineBlock* TimelineBlocks::seenAt(double seconds) const {
   return seen;
 }
 
-void placeMovie(TimelineClips& clips, const Collection& collection, const CompileOptions& options) {
-  const EffectsTable effects;
-  const KeyframeIndex keyframes(collection);
-  const auto line = videoLine({effects, keyframes, options}, clips, {.TimingOnly = true});
-  if (GetNumAudioTracks(clips) < 1 && !options.overlays) return;
-  overlayTracks(options, clips, options.trimOverlays && hasPicture(clips) ? line.largestStop : 0);
-}
-
 TimelineBlocks blocksOf(TimelineClips clips, const Collection& collection, const CompileOptions& options) {
+  placeMovie(clips, collection, options);
   std::map<Long, int> keyframes;
   const auto& keyed = collection.KeyframeList;
   for (int i = 1; i <= keyed.count(); ++i) ++keyframes[keyed[i].ClipName];
   TimelineBlocks blocks;
   blocks.isStacked = options.overlayOrder == OverlayOrder::Stacked;
-  const bool now = std::any_of(clips.begin(), clips.end(), [](const auto& clip) { return clip.placed; });
   for (const auto& clip : clips) {
     auto block = blockOf(clip, keyframes);
     if (!clip.isSound) {
       block.isHeard = block.isHeard && options.clipAudio;
       addClip(blocks, clips, std::move(block), options.stillDuration);
     } else if (clip.isMusic) {
-      addMusic(blocks, clip, std::move(block), now ? clip.placed : clip.record->TimeLineStop().isSet());
+      addMusic(blocks, clip, std::move(block));
     }
   }
   return blocks;

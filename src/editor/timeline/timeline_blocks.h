@@ -63,10 +63,8 @@ struct TimelineBlocks {
   [[nodiscard]] const TimelineBlock* seenAt(double seconds) const;
 };
 
-/// Places clips and music as a render of the collection does; the records stay.
-void placeMovie(TimelineClips& clips, const Collection& collection, const CompileOptions& options);
-
-/// The blocks of clips that have been placed, here or by a compile: else their records say where they lie.
+/// The blocks of the collection's clips where a render puts them, whatever their records say of an earlier
+/// one; the records stay.
 TimelineBlocks blocksOf(TimelineClips clips, const Collection& collection, const CompileOptions& options);
 
 /// "Clip 2, lake at dusk.mpg, 8.4 seconds, Dissolve over 2.0 seconds, 2 effects", in the user's language.

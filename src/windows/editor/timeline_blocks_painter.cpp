@@ -121,9 +121,11 @@ void TimelineBlocksPainter::drawSound(const SeenBlock& seen, const QRectF& band)
     painter_.fillRect(band, ink::colour(token("ink1")));
     painter_.setFont(ink::text(10));
     painter_.setPen(ink::colour(token("text3")));
+    const auto words = QCoreApplication::translate("kvo::TimelineView", "no sound");
     const double left = std::max(band.left(), left_);
-    ink::line(painter_, {left, band.top(), std::min(band.right(), right_) - left, band.height()},
-              QCoreApplication::translate("kvo::TimelineView", "no sound"), Qt::AlignCenter);
+    const QRectF seenBand(left, band.top(), std::min(seen.openTo, right_) - left, band.height());
+    if (QFontMetricsF(painter_.font()).horizontalAdvance(words) < seenBand.width())
+      ink::line(painter_, seenBand, words, Qt::AlignCenter);
     return;
   }
   const auto rgb = isInHand(seen) ? token("teal") : token("green");
@@ -305,6 +307,7 @@ void TimelineBlocksPainter::drawCarried(const TimelineBlock& block, const Timeli
   ink::line(painter_, {box.left() + 7, box.top(), box.width() - 14, kTitleHeight},
             QString::number(block.clip) + "  " + shown(block.name));
   painter_.setPen(QPen(ink::colour(token("teal")), 2));
+  painter_.setBrush(Qt::NoBrush);
   painter_.drawRoundedRect(box, 5, 5);
 }
 

@@ -47,12 +47,7 @@ struct TimelineBench : Bench, TimelineActs {
     show();
   }
 
-  void show() {
-    TimelineClips clips(collection, streams);
-    const auto options = optionsOf(editing);
-    placeMovie(clips, collection, options);
-    hand.show(blocksOf(std::move(clips), collection, options));
-  }
+  void show() { hand.show(blocksOf(TimelineClips(collection, streams), collection, optionsOf(editing))); }
 
   [[nodiscard]] TimelinePoint at(double seconds, double y) const { return {state.sight.xOf(seconds), y}; }
   void drag(const TimelinePoint& from, const TimelinePoint& to, const TimelineHeld& held = {.alt = true}) {
