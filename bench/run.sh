@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|seeks|movies|lengths|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -230,10 +230,10 @@ intake() (
   xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- "$bin/bench_intake" "$bin/kvo5" "$folder/all"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths play intake
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths play intake
 for part; do
   case $part in
-    kernels | records | compile) "$bin/bench_$part" ;;
+    kernels | records | compile | timeline) "$bin/bench_$part" ;;
     movies | lengths | seeks | play | intake | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
