@@ -1,0 +1,28 @@
+// What the editor's window shows beside its tabs, as data: the desk writes it, the window draws it and
+// decides nothing.
+#pragma once
+
+#include "editor/tabs/editor_parts_state.h"
+
+namespace kvo {
+
+/// Frm_Analysing, over the window while the files of the clips are looked into.
+struct AnalysingState {
+  bool visible = false;
+  int done = 0;  ///< of `total` files
+  int total = 0;
+  bool operator==(const AnalysingState&) const = default;
+};
+
+struct EditorWindowState {
+  EditorFrame frame;
+  AnalysingState analysing;
+  ClipStats stats;
+  ClipSliders sliders;
+  EditorTotals totals;
+  ClipKeys keys;
+  bool nothingToPreview = false;  ///< no clip is there
+  bool overlayAudio = false;      ///< there is music, and the controls for it are enabled
+};
+
+}  // namespace kvo
