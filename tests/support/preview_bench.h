@@ -15,6 +15,7 @@ class NotingHost : public PreviewHost {
  public:
   std::string notes;  // "park tools- row:1"
   bool free = true;
+  bool rewinds = true;
   int drawn = 0;
 
   std::string takeNotes() { return std::exchange(notes, {}); }
@@ -39,6 +40,7 @@ class NotingHost : public PreviewHost {
   void Displaymovieinfo() override { note("details"); }
   void deleteWorkFiles() override { note("sweep"); }
   [[nodiscard]] StillControls stillControls() const override { return {}; }
+  [[nodiscard]] bool Chk_AutoRewind() const override { return rewinds; }
   void previewChanged() override { ++drawn; }
 
  private:

@@ -4,7 +4,6 @@
 #include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/operations.h"
-#include "editor/tabs/preview_params.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,8 +17,7 @@ constexpr int kPositionTick = 100;
 constexpr int kEndTick = 100;
 constexpr int kSampleTick = 250;  // a sample that stands so long is kept in its file
 constexpr int kSamplePace = 60;   // between two samples of a slider that is dragged
-constexpr int kBoldFor = 1500;
-constexpr int kSelectEach = 3;  // ticks
+constexpr int kSelectEach = 3;    // ticks
 constexpr int kFullPower = 10;
 constexpr std::string_view kMovieDocument = "\\KVORender.xtl";
 constexpr std::string_view kSampleDocument = "\\KVOSamp.xtl";
@@ -43,7 +41,7 @@ PreviewKind kindOf(Sample what) {
 
 int powerOf(const KVO2& settings) {
   const int power = settings.preferences().PreviewCPU;
-  return power == 0 ? kFullPower : std::clamp(power, 1, kFullPower);
+  return power == 0 ? kFullPower : power;
 }
 
 }  // namespace
@@ -58,11 +56,6 @@ PreviewEngine::PreviewEngine(PreviewState& state, const Editing& editing, Timeli
       Timer1_(loop.timer([this] { GetCurrPos(); })),
       tmrTimer_(loop.timer([this] { watchEnd(); })),
       TimerPreview_(loop.timer([this] { writeSample(); })),
-      Tmr_Unbold_(loop.timer([this] {
-        Tmr_Unbold_->stop();
-        state_.Label42Bold = false;
-        host_.previewChanged();
-      })),
       pace_(loop.timer([this] {
         if (wish_) return beginWish();
         pace_->stop();
@@ -108,7 +101,6 @@ void PreviewEngine::PrepPreview() {
   }
   host_.watchChanges(false);
   if (!CreatePreview(true)) return host_.watchChanges(true);
-  state_.toolsOn = false;
   host_.FrmFileOpenToolsOnOff(false);
   host_.previewChanged();
 }
@@ -167,7 +159,7 @@ void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool No
 void PreviewEngine::DirXPlay(double StartSeconds) {
   const auto& bar = state_.FSB_RenderRange;
   const bool atEnd = bar.Max > 0 && StartSeconds >= bar.Max;
-  const auto from = frameOf(state_.Chk_AutoRewind && atEnd ? 0 : StartSeconds);
+  const auto from = frameOf(host_.Chk_AutoRewind() && atEnd ? 0 : StartSeconds);
   if (from != GetPreviewPositionFrame()) seekTo(from);
   host_.parkPlayer();
   player_.play();
@@ -199,7 +191,6 @@ void PreviewEngine::KillPreview() {
   state_.title.clear();
   state_.position = state_.total = 0;
   state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
-  state_.toolsOn = true;
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
   ShowPreviewBut();
   host_.Displaymovieinfo();
@@ -393,12 +384,11 @@ void PreviewEngine::watchEnd() {
   Timer1_->stop();
   const bool movie = state_.kind == PreviewKind::Movie;
   state_.PreviewPlaying = state_.paused = false;
-  state_.toolsOn = true;
   editing_.settings.state.IsPreviewRunning = false;
   ShowPreviewBut();
   host_.previewChanged();
   if (!movie) return;
-  if (state_.Chk_AutoRewind) {
+  if (host_.Chk_AutoRewind()) {
     player_.stop();
     sought_ = 0;
     TimeCodeOff();
@@ -428,31 +418,6 @@ void PreviewEngine::UpdateRenderPosDisplay(const std::string& text) { state_.Lbl
 void PreviewEngine::ShowPreviewBut() {
   state_.Cmd_PrevGrph =
       state_.kind == PreviewKind::Movie && state_.PreviewPlaying ? "Stop Preview" : "Preview";
-}
-
-void PreviewEngine::setAutoRewind(bool on) { state_.Chk_AutoRewind = on; }
-void PreviewEngine::setDynamic(bool on) { state_.ChkDynamic = on; }
-
-// The power.
-
-void PreviewEngine::UpdateCPUReqDisp() {
-  const int power = powerOf(editing_.settings);
-  state_.Sld_CPURequired = power;
-  state_.powerCaption = powerCaption(power);
-  state_.powerToolTip = powerToolTip(power);
-  state_.Label42 = ShowUserPreviewParams(editing_, GetPreviewParams(editing_, power));
-}
-
-void PreviewEngine::setPower(int power) {
-  const auto held = static_cast<Integer>(std::clamp(power, 1, kFullPower));
-  if (held == editing_.settings.preferences().PreviewCPU) return;
-  host_.edit(
-      "Preview power", 0, 0, [&] { editing_.settings.change().PreviewCPU = held; }, "preview power");
-  stale_ = true;
-  UpdateCPUReqDisp();
-  state_.Label42Bold = true;
-  Tmr_Unbold_->start(kBoldFor);
-  host_.previewChanged();
 }
 
 }  // namespace kvo

@@ -69,13 +69,6 @@ class PreviewEngine {
   void UpdateRenderPosDisplay(const std::string& text);
   void ShowPreviewBut();
 
-  /// What the power of the settings means.
-  void UpdateCPUReqDisp();
-  /// The power slider: 1 to 10.
-  void setPower(int power);
-  void setAutoRewind(bool on);
-  void setDynamic(bool on);
-
   [[nodiscard]] std::int64_t GetPreviewPositionFrame() const;
   [[nodiscard]] PlayState GetPreviewPlayState() const { return player_.state(); }
 
@@ -108,7 +101,6 @@ class PreviewEngine {
   std::unique_ptr<Timer> Timer1_;        // texts and bar
   std::unique_ptr<Timer> tmrTimer_;      // the end
   std::unique_ptr<Timer> TimerPreview_;  // a sample's document goes to its file
-  std::unique_ptr<Timer> Tmr_Unbold_;    // the label of the power has been looked at
   std::unique_ptr<Timer> pace_;          // of samples that follow each other
   std::optional<Wish> wish_;
   std::string unwritten_;               // the sample's document

@@ -31,6 +31,8 @@ class PreviewHost : public TabHost {
   virtual void deleteWorkFiles() = 0;
 
   [[nodiscard]] virtual StillControls stillControls() const = 0;
+  /// The box is ticked: the movie that has come to its end goes back to its start.
+  [[nodiscard]] virtual bool Chk_AutoRewind() const = 0;
 
   /// The preview's state is another than before: it is to be drawn.
   virtual void previewChanged() = 0;

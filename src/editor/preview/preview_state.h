@@ -42,15 +42,7 @@ struct PreviewState {
   std::vector<double> cuts;  ///< seconds: where the clips of the movie end
 
   std::string Cmd_PrevGrph = "Preview";
-  bool toolsOn = true;  ///< tabs and tools; off while the movie plays
-  PreviewLabels labels;
-
-  int Sld_CPURequired = 5;  ///< power, 1 to 10
-  std::string powerCaption, powerToolTip;
-  std::string Label42;  ///< what the power means, in lines
-  bool Label42Bold = false;
-  bool Chk_AutoRewind = true;
-  bool ChkDynamic = false;
+  PreviewLabels labels;  ///< lengths of the movie, as it was compiled last
 };
 
 }  // namespace kvo

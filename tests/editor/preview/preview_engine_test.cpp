@@ -37,7 +37,6 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   EXPECT_EQ(b.takeActs(), "clear load play");
   EXPECT_EQ(b.player.documents.back(), b.files.all.at("/prog/KVORender.xtl"));
   EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning && b.state.pic_DigDisplay);
-  EXPECT_FALSE(b.state.toolsOn);
   EXPECT_EQ(b.state.Cmd_PrevGrph, "Stop Preview");
   EXPECT_EQ(b.state.FSB_RenderRange.Max, 10);
   EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
@@ -69,7 +68,6 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   b.preview.PrepPreview();
   EXPECT_EQ(b.host.takeNotes(), "sliders park tools+ watch+ details");
   EXPECT_EQ(b.takeActs(), "clear");
-  EXPECT_TRUE(b.state.toolsOn);
   b.loop.advance(1000);
   EXPECT_EQ(b.host.takeNotes(), "") << "no timer is left running";
 }
@@ -77,7 +75,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
 TEST(Preview, AtTheEndOfTheBarItBeginsAnewOrStands) {
   for (const bool rewinds : {true, false}) {
     PreviewBench b;
-    b.preview.setAutoRewind(rewinds);
+    b.host.rewinds = rewinds;
     b.state.FSB_RenderRange.Value = 10;
     b.preview.PrepPreview();
     EXPECT_EQ(b.takeActs(), rewinds ? "clear load play" : "clear load seek:99 play");
@@ -145,7 +143,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   b.preview.sample(Sample::Effect, 1);
   EXPECT_EQ(b.takeActs(), "load play") << "at once";
   EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1));
-  EXPECT_TRUE(b.settings.state.IsPreviewRunning && b.state.toolsOn);
+  EXPECT_TRUE(b.settings.state.IsPreviewRunning);
   EXPECT_EQ(b.state.Cmd_PrevGrph, "Preview");
   b.shows(12);
   for (int value = 1; value <= 20; ++value) {  // a slider that is dragged
@@ -226,7 +224,7 @@ TEST(Preview, WhatCannotBeShownIsTold) {
   b.files.unwritable.insert("/prog/KVORender.xtl");
   b.preview.PrepPreview();
   EXPECT_NE(b.state.failure, "");
-  EXPECT_TRUE(b.state.toolsOn && b.host.takeNotes().ends_with("watch+"));
+  EXPECT_TRUE(b.host.takeNotes().ends_with("watch+"));
 
   b.host.free = false;
   b.takeActs();
@@ -241,23 +239,6 @@ TEST(Preview, WhatCannotBeShownIsTold) {
   ASSERT_EQ(b.boxes.shown.size(), 1U);
   EXPECT_EQ(b.boxes.shown[0].caption + ": " + b.boxes.shown[0].text,
             "KVO - Nothing to Render: Nothing to render");
-}
-
-TEST(Preview, ThePowerIsTold) {
-  PreviewBench b;
-  b.preview.setPower(4);
-  EXPECT_EQ(b.settings.preferences().PreviewCPU, 4);
-  EXPECT_EQ(b.state.powerCaption, "40% CPU - Preview Performance \\ CPU Power Required");
-  EXPECT_NE(b.state.Label42.find("H x W reduced by 3"), std::string::npos);
-  EXPECT_TRUE(b.state.Label42Bold);
-  EXPECT_EQ(b.host.takeNotes(), "Preview power") << "a change of the user's";
-  b.loop.advance(1500);
-  EXPECT_FALSE(b.state.Label42Bold);
-  b.preview.setPower(4);
-  EXPECT_EQ(b.host.takeNotes(), "") << "no change";
-  b.settings.change().PreviewCPU = 0;
-  b.preview.UpdateCPUReqDisp();
-  EXPECT_EQ(b.state.Sld_CPURequired, 10);
 }
 
 }  // namespace
