@@ -163,6 +163,8 @@ Outcome EnginePlayer::load(std::string document) {
   return {};
 }
 
+void EnginePlayer::clear() { state_->take(std::nullopt); }
+
 void EnginePlayer::play() {
   state_->command([](Playback& playback, double now) { playback.play(now); });
 }
