@@ -247,8 +247,16 @@ void History::show(Shown shown) {
   list_.show();
 }
 
+void History::together(const std::function<void()>& work) {
+  together_ = ++groups_;
+  work();
+  together_ = 0;
+}
+
 void History::keep(ListStep back) {
-  window_.history.done.push_back(back.name);
+  if (together_ != 0) back.group = together_;
+  const bool isFirst = undo_.empty() || back.group == 0 || undo_.back().group != back.group;
+  if (isFirst) window_.history.done.push_back(back.name);
   window_.history.undone.clear();
   undo_.push_back(std::move(back));
   redo_.clear();

@@ -67,6 +67,9 @@ class History {
   bool change(const CommandPass& pass, std::string name, Integer changeCode,
               const std::function<void()>& work, std::string_view series = {});
 
+  /// What `work` does through the operations above is one step, with the name of the first.
+  void together(const std::function<void()>& work);
+
   /// The next change begins a step of its own, whatever its series.
   void endSeries() { series_.clear(); }
 
@@ -120,6 +123,7 @@ class History {
   std::function<void(int)> whenEdited_ = [](int) {};
   std::string series_;  // of the newest step, while it may take in more
   int groups_ = 0;
+  int together_ = 0;  // the group of all steps that are made now; 0 for none
 };
 
 /// "remove lake at dusk.mpg", "remove 3 clips": what is done, and to which clips.

@@ -135,19 +135,22 @@ bool ListCommands::canCopy(CopyMode mode) const {
   return kvo::canCopy(collection_.MovieList[collection_.icurMov], mode, place_());
 }
 
-void ListCommands::copy(CopyMode mode) {
+void ListCommands::copy(CopyMode mode) { copy(mode, place_()); }
+
+void ListCommands::split(const PlayerPlace& place) { copy(CopyMode::Split, place); }
+
+void ListCommands::copy(CopyMode mode, const std::optional<PlayerPlace>& place) {
   pass([&](const CommandPass& pass, const Movie& clip) {
-    if (!canCopy(mode)) return;
-    const auto place = place_().value_or(PlayerPlace{});
+    if (collection_.MovieList.count() >= kMaxClips || !kvo::canCopy(clip, mode, place)) return;
     const int number = collection_.icurMov;
-    auto copy = copyOf(clip, mode, place);
+    auto copy = copyOf(clip, mode, place.value_or(PlayerPlace{}));
     copy.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
     if (mode != CopyMode::Split) {
       history_.insert(pass, named("copy"), number + 1, std::move(copy));
       return;
     }
     history_.change(pass, named("split"), kListChanged, [&] {
-      endAhead(collection_.MovieList[number], place);
+      endAhead(collection_.MovieList[number], *place);
       RecordList<Movie>::Numbered parts;
       parts.emplace_back(number + 1, std::make_unique<Movie>(std::move(copy)));
       collection_.MovieList.putIn(std::move(parts));

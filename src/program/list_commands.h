@@ -69,6 +69,8 @@ class ListCommands {
   /// Puts a copy behind it, or the second part of it, when canCopy says that there is something to copy. The
   /// new clip is in hand then.
   void copy(CopyMode mode);
+  /// The same with a split at a place of its file.
+  void split(const PlayerPlace& place);
   /// What tells where the player stands, none while it is empty.
   void placedBy(std::function<std::optional<PlayerPlace>()> place) { place_ = std::move(place); }
   [[nodiscard]] bool canCopy(CopyMode mode) const;
@@ -76,6 +78,7 @@ class ListCommands {
  private:
   void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
   bool mayChoose();
+  void copy(CopyMode mode, const std::optional<PlayerPlace>& place);
   void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
   [[nodiscard]] std::string named(std::string_view act) const;
 

@@ -101,10 +101,9 @@ CollectionShot::CollectionShot(const Collection& collection, const KVO2& setting
     : keyframes_(shotsOf(collection.KeyframeList)) {
   for (int i = 1; i <= collection.MovieList.count(); ++i) {
     const auto& clip = collection.MovieList[i];
-    // Some fields are settled by being read.
+    // Two fields are settled by being read, and read alike before.
     static_cast<void>(clip.Playspeed());
     static_cast<void>(clip.Balance());
-    static_cast<void>(clip.HasAudio());
   }
   clips_ = shotsOf(collection.MovieList);
   eachKeptPreference([&](const SettingRow& row, std::size_t) { preferences_.push_back(row.text(settings)); });

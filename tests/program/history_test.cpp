@@ -195,6 +195,15 @@ TEST(History, OneGestureIsOneStep) {
   b.history.endSeries();
   drag(7);
   EXPECT_EQ(b.window.history.done.size(), 3U) << "a redo, and a hand that lets go, end a gesture";
+  b.history.together([&] {
+    b.listCommands.rename("x");
+    b.listCommands.copy(CopyMode::Exact);
+  });
+  EXPECT_EQ(b.window.history.done.size(), 4U);
+  b.history.undo(2);
+  b.history.undo(2);
+  EXPECT_EQ(b.text(), first);
+  EXPECT_EQ(b.window.history.undone.size(), 4U);
 }
 
 TEST(ListCommands, ASplitLeavesBothPartsOfTheClip) {

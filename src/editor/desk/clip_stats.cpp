@@ -88,6 +88,7 @@ ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts) {
     keys.whyNot.fill(translated("There is no clip", {}));
     return keys;
   }
+  if (!hasSnapshot(*clip)) keys.of(ClipKey::AddSnapShot) = translated("This clip has no frames", {});
   if (clip->IsStill()) {
     const auto still = translated("A still has no marks", {});
     for (const auto key : {ClipKey::SetIN, ClipKey::SetOUT, ClipKey::ResetIN, ClipKey::ResetOUT,
@@ -98,7 +99,6 @@ ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts) {
   if (!facts.canSplit) keys.of(ClipKey::Split) = translated("Go to a place between the marks first", {});
   if (!facts.canCopyEnd) keys.of(ClipKey::CopyEnd) = translated("Nothing lies behind the Mark-Out", {});
   if (!facts.canCopyEqual) keys.of(ClipKey::Equi) = translated("Nothing lies behind the Mark-Out", {});
-  if (!hasSnapshot(*clip)) keys.of(ClipKey::AddSnapShot) = translated("This clip has no frames", {});
   return keys;
 }
 
