@@ -225,8 +225,8 @@ int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay) {
   return toLongClamped(longer / 2 * 1000);
 }
 
-Sample picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
-                      const EffectsTable& effects, const PicInPicOptions& wanted) {
+SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
+                              const EffectsTable& effects, const PicInPicOptions& wanted) {
   if (wanted.preview) {
     options.output.height = kPreviewHeight;
     options.output.width = kPreviewWidth;

@@ -56,8 +56,8 @@ int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay);
 
 /// The whole document for a backdrop, with its overlay if its record names one that is there, at the options'
 /// size and rate.
-Sample picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
-                      const EffectsTable& effects, const PicInPicOptions& wanted);
+SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
+                              const EffectsTable& effects, const PicInPicOptions& wanted);
 
 /// Captions of the two audio boxes, and whether they are enabled: overlay first.
 struct AudioBox {

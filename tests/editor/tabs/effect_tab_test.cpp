@@ -113,6 +113,7 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
     EXPECT_EQ(b.host.look(), row.asked) << row.what;
     EffectBench refused;
     refused.host.refuses = true;
+    refused.clip(1).IsDirty(false);
     row.act(refused);
     EXPECT_FALSE(refused.clip(1).IsDirty()) << row.what;
     EXPECT_FALSE(refused.tab.controls.switches.any()) << row.what;
