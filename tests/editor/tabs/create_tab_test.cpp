@@ -2,7 +2,7 @@
 #include "editor/tabs/create_tab.h"
 
 #include "editor/tabs/operations.h"
-#include "support/tab_bench.h"
+#include "editor/tabs/tab_bench.h"
 
 #include <algorithm>
 
@@ -13,7 +13,7 @@ namespace {
 
 struct CreateBench : test::Bench {
   CreateTab tab;
-  test::NotingHost host{*this};
+  test::NotingHost host{collection};
   CreateRules rules{editing, tab, host};
 
   CreateBench() {
@@ -50,7 +50,8 @@ TEST(CreateTab, ASizeIsOneForWindowFileAndCompile) {
     GetHeightWidth(b.editor.controls, height, width);
     EXPECT_EQ(std::pair(width, height), std::pair(row.width, row.height)) << row.name;
     EXPECT_EQ(std::pair(b.tab.txtWidth, b.tab.txtHeight), std::pair(row.width, row.height)) << row.name;
-    EXPECT_EQ(std::pair<int, int>(b.kept().RenderWidth, b.kept().RenderHeight), std::pair(row.width, row.height))
+    EXPECT_EQ(std::pair(int{b.kept().RenderWidth}, int{b.kept().RenderHeight}),
+              std::pair(row.width, row.height))
         << row.name;
     EXPECT_EQ(b.tab.sizeRow >= 0, row.isPreset) << row.name;
     if (b.tab.sizeRow >= 0) {

@@ -13,7 +13,7 @@ namespace {
 
 struct TransitionBench : test::Bench {
   TransitionTab tab;
-  test::NotingHost host{*this};
+  test::NotingHost host{collection};
   test::MemoryStore store;
   TransitionRules rules{editing, tab, host, store};
 
@@ -101,13 +101,15 @@ TEST(TransitionTab, TheCaptionsTellTheLength) {
   EXPECT_EQ(b.tab.inOver + "|" + b.tab.length, "In over 1.5 Secs|1.5");
   EXPECT_EQ(b.tab.panel.selected + "|" + b.tab.panel.Fra_FadDur, "Fade|Transition Duration");
   EXPECT_EQ(b.tab.Lbl_Tranclips, "a.avi -->  b.avi");
+  b.host.look();
   b.rules.moveDuration(2);
-  b.rules.moveDuration(1);
+  b.rules.moveDuration(0);
   EXPECT_TRUE(b.boxes.shown.empty()) << "while it is dragged";
   b.rules.letGo();
   EXPECT_EQ(b.boxes.shown.at(0).caption, "KVO - Short Transition duration");
   EXPECT_EQ(b.tab.panel.Fra_FadDur, "Transition Duration - ( Duration is very Short! )");
-  EXPECT_EQ(b.host.edits, (std::vector<std::string>{"Transition length 2 98 ~", "Transition length 2 98 ~"}));
+  EXPECT_EQ(b.host.look(),
+            "edit Transition length 2 98 series, sample Transition 2, edit Transition length 2 98 series");
 }
 
 // Each control of the page, and what it leaves in the record.
@@ -207,18 +209,19 @@ TEST(TransitionTab, ParticlesAreOptionsOfTheCollection) {
 
 TEST(TransitionTab, ASampleIsShownForWhatLooksOtherwise) {
   TransitionBench b;
-  EXPECT_EQ(b.host.samples.size(), 1U) << "of a cut";
+  EXPECT_EQ(b.host.look(), "kill, sample Transition 2") << "of a cut";
   b.rules.show(true);
-  EXPECT_EQ(b.host.samples.size(), 1U) << "nothing has changed";
+  EXPECT_EQ(b.host.look(), "") << "nothing has changed";
   b.rules.pick("Barn");
   b.rules.show(true);  // the change watch hears of the pick
-  EXPECT_EQ(b.host.samples.size(), 2U);
+  EXPECT_EQ(b.host.look(), "edit Transition 2 98, sample Transition 2");
   b.rules.pick("Barn");
-  EXPECT_EQ(b.host.samples.size(), 3U) << "asked for again";
+  EXPECT_EQ(b.host.look(), "edit Transition 2 98, sample Transition 2") << "asked for again";
   b.clip().TransIn(5);  // by an undo
   b.rules.show(true);
+  EXPECT_EQ(b.host.look(), "sample Transition 2");
   b.rules.enter();
-  EXPECT_EQ(b.host.samples, std::vector<std::string>(5, "0 2"));
+  EXPECT_EQ(b.host.look(), "sample Transition 2");
 }
 
 TEST(TransitionTab, WhatIsRefusedShowsTheRecord) {
