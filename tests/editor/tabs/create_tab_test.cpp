@@ -74,9 +74,9 @@ TEST(CreateTab, RateDepthAndPowerGoThroughTheHistory) {
   b.rules.movePower(3);
   b.rules.movePower(11);
   EXPECT_EQ(b.kept().PreviewCPU, 10);
-  EXPECT_EQ(b.host.edits,
-            (std::vector<std::string>{"Frame rate 0 0", "Frame rate 0 0", "Frame rate 0 0", "Colors 0 0",
-                                      "Preview power 0 0 ~", "Preview power 0 0 ~"}));
+  EXPECT_EQ(b.host.look(),
+            "edit Frame rate 0 0, edit Frame rate 0 0, edit Frame rate 0 0, edit Colors 0 0, "
+            "edit Preview power 0 0 series, edit Preview power 0 0 series");
   EXPECT_TRUE(b.settings.state.IsDirty);
 }
 

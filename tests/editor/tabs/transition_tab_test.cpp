@@ -1,8 +1,8 @@
 // The Transition tab: what its controls write into the record, and what a chosen clip makes of them.
 #include "editor/tabs/transition_tab.h"
 
-#include "editor/tabs/operations.h"
-#include "support/tab_bench.h"
+#include "editor/tabs/tab_bench.h"
+#include "support/memory_store.h"
 
 #include <functional>
 
