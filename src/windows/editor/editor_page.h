@@ -1,8 +1,11 @@
 // What the pages of the editor have in common: a card on which everything has its place in pixels at size 1.
 #pragma once
 
+#include "editor/tabs/tab_host.h"
+
 #include <QFrame>
 #include <QRect>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -11,6 +14,15 @@ class QLabel;
 class QScrollArea;
 
 namespace kvo {
+
+struct Editing;
+
+/// What a page asks when the user acts on it.
+struct PageLogic {
+  const Editing& editing;
+  TabHost& host;
+  std::function<void()> acted;  ///< behind each act
+};
 
 class EditorPage : public QFrame {
  public:

@@ -58,9 +58,12 @@ void HeadedSlider::draw(const ClipSlider& state, const QString& heading, const Q
 
 void HeadedSlider::layOut() {
   const int high = themed(kHeadingHeight);
+  const bool isBare = height() < themed(kHeight);
+  heading_->setVisible(!isBare);
+  value_->setVisible(!isBare);
   heading_->setGeometry(0, 0, width(), high);
   value_->setGeometry(width() / 2, 0, width() - width() / 2, high);
-  slider_->setGeometry(0, themed(kSliderTop), width(), themed(kSliderHeight));
+  slider_->setGeometry(0, isBare ? 0 : themed(kSliderTop), width(), themed(kSliderHeight));
 }
 
 void HeadedSlider::resizeEvent(QResizeEvent* event) {

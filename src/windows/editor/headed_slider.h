@@ -16,7 +16,8 @@ namespace kvo {
 
 class HeadedSlider final : public QWidget {
  public:
-  static constexpr int kHeight = 36;  ///< pixels at size 1
+  static constexpr int kHeight = 36;  ///< pixels at size 1; where it has less, the slider stands alone
+  static constexpr int kBareHeight = 24;
 
   /// `name` is what a screen reader calls it, and its tool tip.
   explicit HeadedSlider(const QString& name, QWidget* parent);
