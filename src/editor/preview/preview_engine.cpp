@@ -237,6 +237,7 @@ void PreviewEngine::PreviewtransPort(Key key) {
 void PreviewEngine::seekTo(std::int64_t frame) {
   sought_ = frame;
   player_.seek(frame);
+  if (!tmrTimer_->running()) tmrTimer_->start(kEndTick);  // it may fail
   GetCurrPos();
 }
 
@@ -368,17 +369,15 @@ void PreviewEngine::UpdateFrmFileOpenFillist() {
 }
 
 void PreviewEngine::watchEnd() {
-  switch (player_.state()) {
-    case PlayState::Failed:
-      return failed(player_.failure());
-    case PlayState::Ended:
-      // The first look may come before the player has taken up what it was told.
-      if (std::exchange(began_, true)) break;
-      return;
-    default:
-      began_ = true;
-      return;
+  const auto now = player_.state();
+  if (now == PlayState::Failed) return failed(player_.failure());
+  if (!state_.PreviewPlaying) {
+    if (sought_ && player_.position() != *sought_) return;
+    sought_.reset();
+    return tmrTimer_->stop();
   }
+  // The first look may come before the player has taken up what it was told.
+  if (!std::exchange(began_, true) || now != PlayState::Ended) return;
   tmrTimer_->stop();
   GetCurrPos();
   Timer1_->stop();

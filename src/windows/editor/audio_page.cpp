@@ -31,7 +31,7 @@ AudioPage::AudioPage(AudioTab& state, PageLogic logic, QWidget* parent)
   makeClip();
   put(made<QFrame>(this), {16, 242, 408, 1})->setProperty("role", "line");
   makeMusic();
-  notice_ = put(made<NoticeLine>(this), {16, 392, 408, 44});
+  notice_ = put(made<NoticeLine>(this), {16, 380, 408, 64});
 }
 
 void AudioPage::act(const std::function<void()>& work) {

@@ -21,8 +21,8 @@ constexpr QRect kEffectsPlace(182, 34, 242, 398);
 constexpr int kEffectRows = 21;
 constexpr double kEffectPitch = 18.4;
 constexpr int kEffectFirst = 39;  // middle of the first row, less half of its height
-constexpr std::array kEffectColumns = {190, 308};
-constexpr int kEffectWide = 112;
+constexpr std::array kEffectColumns = {186, 304};
+constexpr int kEffectWide = 117;
 constexpr int kBlurSwitch = static_cast<int>(EffectSwitch::Blur);
 constexpr int kMotionSwitch = static_cast<int>(EffectSwitch::MotionBlur);
 constexpr int kAgeSwitch = static_cast<int>(EffectSwitch::FilmAge);
@@ -111,7 +111,7 @@ QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, cons
 
 void EffectPage::makeEffects() {
   write(tr("Effects"), "caption", {182, 15, 60, 16});
-  auto* hint = write(tr("Right click a ticked effect for keyframes"), "hint", {232, 15, 192, 16});
+  auto* hint = write(tr("Right click for keyframes"), "hint", {232, 15, 192, 16});
   hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   effects_ = put(made<QFrame>(this), kEffectsPlace);
   effects_->setProperty("role", "list");

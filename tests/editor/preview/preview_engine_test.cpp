@@ -148,7 +148,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   b.shows(12);
   for (int value = 1; value <= 20; ++value) {  // a slider that is dragged
     b.collection.MovieList[1].BlurInt(static_cast<Integer>(value));
-    b.collection.MovieList[1].EffectWord("1" + std::string(45, '0'));
+    b.collection.MovieList[1].EffectWord(std::string(42, '0') + "1000");
     b.preview.sample(Sample::Effect, 1);
     b.loop.advance(10);
   }
@@ -221,12 +221,13 @@ TEST(Preview, WhatCannotBeShownIsTold) {
   EXPECT_EQ(b.state.failure, "") << "the next one makes sense";
 
   b.preview.KillPreview();
-  b.files.unwritable.insert("/prog/KVORender.xtl");
+  b.files.failedReplaces = 1;
   b.preview.PrepPreview();
   EXPECT_NE(b.state.failure, "");
   EXPECT_TRUE(b.host.takeNotes().ends_with("watch+"));
 
   b.host.free = false;
+  b.preview.KillPreview();
   b.takeActs();
   b.preview.PrepPreview();
   b.preview.sample(Sample::Effect, 1);
