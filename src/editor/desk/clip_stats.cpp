@@ -1,11 +1,11 @@
 #include "editor/desk/clip_stats.h"
 
 #include "base/text.h"
-#include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_word.h"
 #include "editor/desk/snapshot.h"
+#include "editor/tabs/audio_tab.h"
 #include "editor/tabs/preview.h"
 
 #include <cmath>
@@ -61,11 +61,6 @@ std::string rateHeading(int hundredths) {
   return translated("Clip Speed - %1x", {FormatMask(hundredths / kPercent, "0.00")});
 }
 
-std::string levelHeading(int tenths) {
-  if (tenths == 0) return translated("Clip Audio Level in Movie - Muted", {});
-  return translated("Clip Audio Level in Movie - %1%", {std::to_string(tenths * 10)});
-}
-
 ClipSliders clipSliders(const Editing& e, int clipNo) {
   ClipSliders sliders;
   sliders.jogHeading = e.settings.state.ShuttleProInstalled ? "Clip Pos \\ Mouse (ShuttlePro is Enabled)"
@@ -77,7 +72,7 @@ ClipSliders clipSliders(const Editing& e, int clipNo) {
     sliders.Sld_AudioOut.Value = static_cast<int>(std::lround(decimal(clip->AudioOutputLevel()) * kTenths));
   }
   sliders.Sld_Rate.heading = rateHeading(sliders.Sld_Rate.Value);
-  sliders.Sld_AudioOut.heading = levelHeading(sliders.Sld_AudioOut.Value);
+  sliders.Sld_AudioOut.heading = audioLevelHeading(sliders.Sld_AudioOut.Value);
   return sliders;
 }
 
@@ -108,13 +103,6 @@ EditorTotals editorTotals(const EditorState& editor) {
           .Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), kTotalMask) + "(s)",
           .audioToolTip = labels.audioToolTip,
           .audioIsRed = labels.audioIsRed};
-}
-
-bool CheckForAudiotrack(const Collection& collection) {
-  for (int i = 1; i <= collection.MovieList.count(); ++i) {
-    if (isSoundByName(collection.MovieList[i].MovieName())) return true;
-  }
-  return false;
 }
 
 }  // namespace kvo

@@ -14,9 +14,6 @@ ClipSliders clipSliders(const Editing& e, int clipNo);
 
 /// "Clip Speed - 0.50x", for hundredths of normal speed.
 std::string rateHeading(int hundredths);
-/// "Clip Audio Level in Movie - 80%", "- Muted" at 0, for tenths of full level.
-std::string levelHeading(int tenths);
-
 /// What there is to copy, and to split where the player stands.
 struct KeyFacts {
   bool canSplit = false;
@@ -29,8 +26,5 @@ ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts);
 
 /// The lengths of the movie by its last compile.
 EditorTotals editorTotals(const EditorState& editor);
-
-/// True if any clip is music by its name.
-bool CheckForAudiotrack(const Collection& collection);
 
 }  // namespace kvo

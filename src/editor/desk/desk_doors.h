@@ -1,6 +1,7 @@
 // What the desk asks of the rooms round it. Wired where the program is put together.
 #pragma once
 
+#include "editor/tabs/still_options.h"
 #include "editor/tabs/tab_host.h"
 #include "program/clip_copies.h"
 
@@ -21,8 +22,6 @@ class DeskPreview {
   DeskPreview& operator=(const DeskPreview&) = delete;
   virtual ~DeskPreview() = default;
 
-  /// Plays the movie, or ends the one that plays.
-  virtual void PrepPreview() = 0;
   /// Ends whatever is shown.
   virtual void KillPreview() = 0;
   virtual void sample(Sample what, int clipNo) = 0;
@@ -40,6 +39,12 @@ struct DeskTab {
 };
 using DeskTabs = std::array<DeskTab, kEditorTabs>;
 
+/// What the preview asks of controls on the tabs.
+struct PreviewControls {
+  std::function<StillControls()> stills;
+  std::function<bool()> Chk_AutoRewind;
+};
+
 /// What the main window and its player do for the editor.
 struct MainWindowDoors {
   std::function<void(int)> Displaymovieinfo;           ///< shows the details of a clip
@@ -56,6 +61,9 @@ struct MainWindowDoors {
   std::function<void(const std::string&)> AddMoviesm;  ///< adds a file to the collection
   std::function<void()> mnu_SaveShow_Click;            ///< saves the collection
   std::function<void()> empty;                         ///< it has no clip any more
+  std::function<void()> parkPlayer;  ///< timers stand, the player is out of sight, the positioner closed
+  std::function<void(bool)> FrmFileOpenToolsOnOff;  ///< its tools can be used, or only show
+  std::function<void()> draw;                       ///< what is shown has changed behind no act of the user
 };
 
 }  // namespace kvo

@@ -6,8 +6,10 @@
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/desk/clip_stats.h"
+#include "editor/tabs/audio_tab.h"
 #include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
+#include "program/shut_down.h"
 
 #include <algorithm>
 #include <utility>
@@ -58,6 +60,13 @@ const Movie* EditorDesk::clip() const {
 void EditorDesk::watchChanges(bool on) {
   on ? Tmr_CheckChanges_->start(kWatchInterval) : Tmr_CheckChanges_->stop();
 }
+
+void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
+  parts_.state.frame.toolsOn = on;
+  doors_.FrmFileOpenToolsOnOff(on);
+}
+
+void EditorDesk::deleteWorkFiles() { kvo::deleteWorkFiles(parts_.editing.files, parts_.editing.folder); }
 
 // What writes inside an edit is part of it.
 bool EditorDesk::edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
@@ -115,7 +124,7 @@ void EditorDesk::membershipChanged() {
     if (parts_.preview.isPlaying()) KillPreview();
     if (state.frame.CurrentTab != kCreateTab) Buildtabs(kCreateTab);
   }
-  state.overlayAudio = CheckForAudiotrack(parts_.editing.collection);
+  hasMusic_ = CheckForAudiotrack(parts_.editing);
 }
 
 // The places of clips and music, and what the movie comes to. Documents are compiled elsewhere.
@@ -123,7 +132,7 @@ void EditorDesk::retime() {
   const auto& e = parts_.editing;
   e.editor.texts = {};
   CreateClipLine(e, true, {.TransitionZero = true});
-  if (parts_.state.overlayAudio) AddOverlayAudioTracks(e);
+  if (hasMusic_) AddOverlayAudioTracks(e);
   e.editor.texts = {};
   parts_.state.totals = editorTotals(e.editor);
   parts_.preview.movieIsStale();

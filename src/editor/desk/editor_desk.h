@@ -5,6 +5,7 @@
 #include "editor/desk/clip_files.h"
 #include "editor/desk/desk_doors.h"
 #include "editor/desk/editor_window_state.h"
+#include "editor/preview/preview_host.h"
 #include "editor/tabs/editing.h"
 #include "ports/last_wish.h"
 #include "program/list_commands.h"
@@ -17,7 +18,7 @@
 
 namespace kvo {
 
-class EditorDesk : public TabHost {
+class EditorDesk : public PreviewHost {
  public:
   struct Parts {
     EditorWindowState& state;
@@ -33,7 +34,10 @@ class EditorDesk : public TabHost {
   EditorDesk(const Parts& parts, MainWindowDoors doors);
 
   /// The rules of the tabs, which are made behind the desk.
-  void tabs(DeskTabs tabs) { tabs_ = std::move(tabs); }
+  void tabs(DeskTabs tabs, PreviewControls controls) {
+    tabs_ = std::move(tabs);
+    controls_ = std::move(controls);
+  }
 
   // The window
 
@@ -45,15 +49,6 @@ class EditorDesk : public TabHost {
   [[nodiscard]] bool isOpen() const { return parts_.state.frame.visible; }
   /// Another collection is open.
   void collectionOpened();
-
-  // What the preview asks
-
-  /// False while a load or another command has the collection.
-  [[nodiscard]] bool mayEdit() const { return !parts_.window.busy(); }
-  /// Tmr_CheckChanges runs or stands.
-  void watchChanges(bool on);
-  /// Tabs and tools.
-  void FrmFileOpenToolsOnOff(bool on) { parts_.state.frame.toolsOn = on; }
 
   // The clip in hand
 
@@ -76,6 +71,18 @@ class EditorDesk : public TabHost {
   void ShowClipStats() override;
   void buildClipSliders() override;
   void Buildtabs(int tab) override;
+
+  // Of the preview
+  [[nodiscard]] bool mayEdit() const override { return !parts_.window.busy(); }
+  void parkPlayer() override { doors_.parkPlayer(); }
+  void FrmFileOpenToolsOnOff(bool on) override;
+  void watchChanges(bool on) override;
+  void selectRow(int clipNo) override { parts_.list.select(clipNo); }
+  void Displaymovieinfo() override { doors_.Displaymovieinfo(parts_.editing.collection.icurMov); }
+  void deleteWorkFiles() override;
+  [[nodiscard]] StillControls stillControls() const override { return controls_.stills(); }
+  [[nodiscard]] bool Chk_AutoRewind() const override { return controls_.Chk_AutoRewind(); }
+  void previewChanged() override { doors_.draw(); }
 
  private:
   struct Snapshot {
@@ -102,12 +109,14 @@ class EditorDesk : public TabHost {
   Parts parts_;
   MainWindowDoors doors_;
   DeskTabs tabs_;
+  PreviewControls controls_;
   ClipFiles files_;
   std::unique_ptr<Timer> Tmr_CheckChanges_;
   std::unique_ptr<Timer> analysing_;
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   bool opening_ = false;
   bool editing_ = false;  // inside an edit
+  bool hasMusic_ = false;
   int analysingTicks_ = 0;
   int ticks_ = 0;
   int shownClip_ = 0;  // whose details were shown last

@@ -22,7 +22,6 @@ struct EditorWindowState {
   EditorTotals totals;
   ClipKeys keys;
   bool nothingToPreview = false;  ///< no clip is there
-  bool overlayAudio = false;      ///< there is music, and the controls for it are enabled
 };
 
 }  // namespace kvo

@@ -16,11 +16,11 @@ class TimelineDesk : public TimelineActs {
  public:
   /// What other rooms do for it.
   struct Doors {
-    std::function<void(double seconds)> seek;                     ///< the preview goes there
-    std::function<void(const TimelineRange&)> setRange;           ///< of preview and render
-    std::function<void(const std::string&, double)> showFrame;    ///< of a file, in the preview's place
-    std::function<void()> endFrame;                               ///< what was shown before
-    std::function<void(int clip, int x, int y)> openMenu;         ///< 0 for that of the list
+    std::function<void(double seconds)> seek;                   ///< the preview goes there
+    std::function<void(const TimelineRange&)> setRange;         ///< of preview and render
+    std::function<void(const std::string&, double)> showFrame;  ///< of a file, in the preview's place
+    std::function<void()> endFrame;                             ///< what was shown before
+    std::function<void(int clip, int x, int y)> openMenu;       ///< 0 for that of the list
   };
   struct Parts {
     EditorDesk& desk;

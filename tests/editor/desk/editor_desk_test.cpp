@@ -18,7 +18,6 @@ using test::ProgramBench;
 struct NotedPreview : DeskPreview {
   std::string asked;
   bool plays = false;
-  void PrepPreview() override { asked += "prep "; }
   void KillPreview() override {
     asked += "kill ";
     plays = false;
@@ -65,7 +64,7 @@ struct DeskBench : ProgramBench {
     list.PreviewMovie(1);
     ClearDirtyFlags(collection, settings);
     settings.state.ObjectChange = 0;
-    desk.tabs(notedTabs());
+    desk.tabs(notedTabs(), {});
     listCommands.placedBy([this] { return place; });
     told.clear();
   }
@@ -222,7 +221,6 @@ TEST(EditorDesk, TheWatchTellsTheOpenTab) {
 TEST(EditorDesk, TheWatchLooksAtTheMembership) {
   DeskBench b;
   b.open();
-  EXPECT_TRUE(b.state.overlayAudio);
   b.desk.Buildtabs(4);
   b.listCommands.choose({1, 2, 3, 4}, 1);
   b.preview.plays = true;
