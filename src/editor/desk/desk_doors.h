@@ -41,29 +41,29 @@ using DeskTabs = std::array<DeskTab, kEditorTabs>;
 
 /// What the preview asks of controls on the tabs.
 struct PreviewControls {
-  std::function<StillControls()> stills;
-  std::function<bool()> Chk_AutoRewind;
+  std::function<StillControls()> stills{};
+  std::function<bool()> Chk_AutoRewind{};
 };
 
 /// What the main window and its player do for the editor.
 struct MainWindowDoors {
-  std::function<void(int)> Displaymovieinfo;           ///< shows the details of a clip
-  std::function<void()> PlayerPause;                   ///< as it is
-  std::function<void()> PlayerStop;                    ///< likewise
-  std::function<std::string()> PlayerGetFileName;      ///< full path of what is in the player, or empty
-  std::function<void()> pausePlaying;                  ///< the pause key, where a clip plays
-  std::function<std::optional<PlayerPlace>()> place;   ///< where the player stands; none while it is empty
-  std::function<void()> SetMarkIn;                     ///< where the player stands
-  std::function<void()> SetMarkOut;                    ///< likewise
-  std::function<void(bool in)> resetMark;              ///< Mark-In or Mark-Out to its end of the clip
-  std::function<void()> ShowSliderStuff;               ///< the slider comes in sight
-  std::function<void()> Pic_DigNumbers_Click;          ///< the trimmer: the direct positioner
-  std::function<void(const std::string&)> AddMoviesm;  ///< adds a file to the collection
-  std::function<void()> mnu_SaveShow_Click;            ///< saves the collection
-  std::function<void()> empty;                         ///< it has no clip any more
-  std::function<void()> parkPlayer;  ///< timers stand, the player is out of sight, the positioner closed
-  std::function<void(bool)> FrmFileOpenToolsOnOff;  ///< its tools can be used, or only show
-  std::function<void()> draw;                       ///< what is shown has changed behind no act of the user
+  std::function<void(int)> Displaymovieinfo{};           ///< shows the details of a clip
+  std::function<void()> PlayerPause{};                   ///< as it is
+  std::function<void()> PlayerStop{};                    ///< likewise
+  std::function<std::string()> PlayerGetFileName{};      ///< full path of what is in the player, or empty
+  std::function<void()> pausePlaying{};                  ///< the pause key, where a clip plays
+  std::function<std::optional<PlayerPlace>()> place{};   ///< where the player stands; none while it is empty
+  std::function<void()> SetMarkIn{};                     ///< where the player stands
+  std::function<void()> SetMarkOut{};                    ///< likewise
+  std::function<void(bool in)> resetMark{};              ///< Mark-In or Mark-Out to its end of the clip
+  std::function<void()> ShowSliderStuff{};               ///< the slider comes in sight
+  std::function<void()> Pic_DigNumbers_Click{};          ///< the trimmer: the direct positioner
+  std::function<void(const std::string&)> AddMoviesm{};  ///< adds a file to the collection
+  std::function<void()> mnu_SaveShow_Click{};            ///< saves the collection
+  std::function<void()> empty{};                         ///< it has no clip any more
+  std::function<void()> parkPlayer{};  ///< timers stand, the player is out of sight, the positioner closed
+  std::function<void(bool)> FrmFileOpenToolsOnOff{};  ///< its tools can be used, or only show
+  std::function<void()> draw{};                       ///< what is shown has changed behind no act of the user
 };
 
 }  // namespace kvo
