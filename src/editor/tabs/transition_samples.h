@@ -11,11 +11,11 @@
 namespace kvo {
 
 /// Of a sample, in pixels.
-inline constexpr int kTransitionSampleWidth = 124;
-inline constexpr int kTransitionSampleHeight = 70;
-/// Pictures of one sample, evenly from its start to its end; the one in the middle stands for it.
+inline constexpr int kTransitionSampleWidth = 150;
+inline constexpr int kTransitionSampleHeight = 90;
+/// Pictures of one sample, evenly from its start to its end; the one behind the middle stands for it.
 inline constexpr int kTransitionSampleSteps = 12;
-inline constexpr int kTransitionSampleStill = 5;
+inline constexpr int kTransitionSampleStill = 7;
 
 class TransitionSamples {
  public:

@@ -46,8 +46,8 @@ void AudioPage::makeClip() {
   connect(sound_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickClipSound(logic_.editing, state_, logic_.host, on); }); });
   const auto slider = [this](const QString& name, int top, auto rule) {
-    auto* made = put(kvo::made<HeadedSlider>(name, this),
-                     QRect(kSoundLeft, top, kSoundWide, HeadedSlider::kHeight));
+    auto* made =
+        put(kvo::made<HeadedSlider>(name, this), QRect(kSoundLeft, top, kSoundWide, HeadedSlider::kHeight));
     made->moved = [this, rule](int tenths) {
       act([&] { rule(logic_.editing, state_, logic_.host, tenths); });
     };
@@ -83,7 +83,8 @@ void AudioPage::makeMusic() {
   clipAudio_->setToolTip(tr("Put the clips' own sound into the movie"));
   connect(clipAudio_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickRenderClipAudio(logic_.editing, state_, on); }); });
-  trackFade_ = put(made<HeadedSlider>(tr("Fade between clips"), this), {224, 345, 200, HeadedSlider::kHeight});
+  trackFade_ =
+      put(made<HeadedSlider>(tr("Fade between clips"), this), {224, 345, 200, HeadedSlider::kHeight});
   trackFade_->moved = [this](int tenths) {
     act([&] { moveTrackFade(logic_.editing, state_, logic_.host, tenths); });
   };
@@ -106,8 +107,7 @@ void AudioPage::draw() {
   clipAudio_->setChecked(state_.Chk_RenderClipAudio);
   trackFade_->draw(state_.trackFade, shown(state_.trackFade.heading));
   const auto& notice = state_.notice;
-  notice_->draw(told(notice.title), told(notice.text),
-                notice.kind == AudioNotice::Kind::Good);
+  notice_->draw(told(notice.title), told(notice.text), notice.kind == AudioNotice::Kind::Good);
 }
 
 }  // namespace kvo

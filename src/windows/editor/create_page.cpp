@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QStyle>
+#include <cmath>
 
 namespace kvo {
 namespace {
@@ -28,6 +29,7 @@ constexpr int kLinePitch = 19;
 constexpr std::array kLineLefts = {16, 224};
 constexpr int kTickTop = 210;
 constexpr int kTickHeight = 4;
+constexpr int kTickInset = 10;  // from the slider's end to the middle of its handle there
 constexpr int kPowers = 10;
 constexpr int kBoldTime = 1500;  // milliseconds
 constexpr int kMostPixels = 3000;
@@ -46,7 +48,7 @@ void setFieldText(QLineEdit& field, const QString& text) {
 }
 
 // Whole seconds as they are, others to a tenth.
-QString secondsText(double seconds) { return QString::fromStdString(FormatMask(seconds, "0.#")); }
+QString secondsText(double seconds) { return shown(ShortText(std::round(seconds * 10) / 10)); }
 
 }  // namespace
 
@@ -80,11 +82,11 @@ QLineEdit* CreatePage::makeField(const QString& name, const QRect& place) {
 }
 
 void CreatePage::makeOutput() {
-  write(tr("Resolution"), "hint", {kPageLeft, 38, 148, 16});
-  write(tr("Width"), "hint", {178, 38, 64, 16});
-  write(tr("Height"), "hint", {250, 38, 64, 16});
-  write(tr("Frames a second"), "hint", {324, 38, 106, 16});
-  write(tr("Colors"), "hint", {kPageLeft, 94, 148, 16});
+  write(tr("Resolution"), "field", {kPageLeft, 38, 148, 16});
+  write(tr("Width"), "field", {178, 38, 64, 16});
+  write(tr("Height"), "field", {250, 38, 64, 16});
+  write(tr("Frames a second"), "field", {324, 38, 106, 16});
+  write(tr("Colors"), "field", {kPageLeft, 94, 148, 16});
   Cmb_Res_ = put(made<QComboBox>(this), {kPageLeft, 57, 148, 28});
   Cmb_Res_->setAccessibleName(tr("Resolution"));
   Cmb_Res_->setToolTip(tr("Size of the movie's picture"));
@@ -127,7 +129,7 @@ void CreatePage::makeOutput() {
 }
 
 void CreatePage::makeRange() {
-  write(tr("Range"), "hint", {178, 94, 148, 16});
+  write(tr("Range"), "field", {178, 94, 148, 16});
   const std::array names = {tr("Whole movie"), tr("From")};
   constexpr std::array kPlaces = {QRect(174, 115, 114, 24), QRect(288, 115, 60, 24)};
   for (std::size_t i = 0; i < names.size(); ++i) {
@@ -157,7 +159,7 @@ void CreatePage::makeRange() {
 
 void CreatePage::makePower() {
   Fra_PreviewOpts_ = write({}, "value", {kPageLeft, 168, 408, 18});
-  Sld_CPURequired_ = put(made<QSlider>(Qt::Horizontal, this), {kPageLeft - 6, 189, 420, 24});
+  Sld_CPURequired_ = put(made<QSlider>(Qt::Horizontal, this), {kPageLeft, 189, 408, 24});
   Sld_CPURequired_->setRange(1, kPowers);
   Sld_CPURequired_->setPageStep(1);
   Sld_CPURequired_->setAccessibleName(tr("Preview performance"));
@@ -191,6 +193,7 @@ QPushButton* CreatePage::makeKey(const char* icon, const QString& text, const QS
 void CreatePage::makeKeys() {
   Cmd_PrevGrph_ = put(made<QPushButton>(this), {kPageLeft, 338, kPageRight - kPageLeft, 44});
   Cmd_PrevGrph_->setProperty("kind", "primary");
+  Cmd_PrevGrph_->setProperty("large", true);
   setKeys(*Cmd_PrevGrph_, "Space");
   connect(Cmd_PrevGrph_, &QPushButton::clicked, [this] { acts_.preview(); });
   KVOBut_SaveProject_ =
@@ -267,7 +270,7 @@ void CreatePage::drawLines() {
 void CreatePage::paintEvent(QPaintEvent* event) {
   EditorPage::paintEvent(event);
   QPainter painter(this);
-  const int first = themed(kPageLeft + 4), last = themed(kPageRight - 4);
+  const int first = themed(kPageLeft + kTickInset), last = themed(kPageRight - kTickInset);
   for (int i = 0; i < kPowers; ++i) {
     painter.fillRect(first + (last - first) * i / (kPowers - 1), themed(kTickTop), themed(1),
                      themed(kTickHeight), toColour(token("line2")));

@@ -150,16 +150,13 @@ void EffectPage::makeLevels() {
   }
   const std::array names = {tr("Blur radius"), tr("Motion blur strength"), tr("Motion blur direction"),
                             tr("Film age")};
-  const std::array<QRect, kEffectLevels> places{QRect(16, 234, 150, HeadedSlider::kBareHeight),
-                                                QRect(16, 302, 70, HeadedSlider::kBareHeight),
-                                                QRect(96, 302, 70, HeadedSlider::kBareHeight),
-                                                QRect(16, 372, 150, HeadedSlider::kBareHeight)};
+  const std::array<QRect, kEffectLevels> places{
+      QRect(16, 234, 150, HeadedSlider::kBareHeight), QRect(16, 302, 70, HeadedSlider::kBareHeight),
+      QRect(96, 302, 70, HeadedSlider::kBareHeight), QRect(16, 372, 150, HeadedSlider::kBareHeight)};
   for (std::size_t i = 0; i < kEffectLevels; ++i) {
     levels_[i] = put(made<HeadedSlider>(names[i], this), places[i]);
     levels_[i]->moved = [this, i](int value) {
-      act([&] {
-        moveEffectLevel(logic_.editing, state_, logic_.host, static_cast<EffectLevel>(i), value);
-      });
+      act([&] { moveEffectLevel(logic_.editing, state_, logic_.host, static_cast<EffectLevel>(i), value); });
     };
   }
   easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 42, 24});
@@ -183,7 +180,8 @@ void EffectPage::draw() {
     setTipOf(*box, face.tip.empty() ? told(face.caption) : shown(face.tip));
     if (box->isChecked() != face.isOn) box->setChecked(face.isOn);
     box->setEnabled(state_.enabled);
-    if (std::exchange(drawnKeyframed_[static_cast<std::size_t>(i)], face.isKeyframed) == face.isKeyframed) continue;
+    if (std::exchange(drawnKeyframed_[static_cast<std::size_t>(i)], face.isKeyframed) == face.isKeyframed)
+      continue;
     box->setAccessibleDescription(face.isKeyframed ? tr("has keyframes") : QString());
     box->update();
   }

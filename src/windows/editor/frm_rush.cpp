@@ -82,13 +82,15 @@ FrmRush::~FrmRush() = default;
 QWidget* FrmRush::makeUpper() {
   upper_ = made<QWidget>(splitter_);
   auto* columns = made<QHBoxLayout>(upper_);
-  columns->setContentsMargins(themed(kRushSide), themed(kRushGap), themed(kRushSide), themed(kRushGap));
-  columns->setSpacing(themed(kRushGap));
+  columns->setContentsMargins(themed(kRushSide), themed(kRushGap), themed(kRushSide - kRushGap),
+                              themed(kRushGap));
+  columns->setSpacing(0);
   pages_ = made<QStackedWidget>(upper_);
   middle_ = made<QVBoxLayout>();
   middle_->setSpacing(themed(kCardGap));
   columns->addWidget(pages_);
   columns->addLayout(middle_, 1);
+  columns->addSpacing(themed(kRushGap));
   columns->addWidget(makeRight());
   return upper_;
 }
@@ -142,8 +144,9 @@ void FrmRush::layOut() {
   upper_->setMinimumHeight(themed(kLeastUpper));
   lower_->setMinimumHeight(themed(kLeastLower));
   lower_->setMaximumHeight(themed(kMostLower));
-  pages_->setFixedWidth(themed(EditorPage::kSize.width()));
-  right_->setFixedWidth(themed(kRightWidth));
+  // The bar of what has to scroll stands in the gap beside it.
+  pages_->setFixedWidth(themed(EditorPage::kSize.width() + kRushGap));
+  right_->setFixedWidth(themed(kRightWidth + kRushGap));
 }
 
 void FrmRush::setPage(int tab, EditorPage* page, std::function<void()> draw) {

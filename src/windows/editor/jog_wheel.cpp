@@ -17,7 +17,7 @@ namespace {
 constexpr double kPixelsAFrame = 6;
 constexpr double kNotch = 120;  // of a mouse's wheel, in eighths of a degree
 constexpr int kPage = 10;       // frames
-constexpr int kRibs = 48;       // around the wheel
+constexpr int kRibs = 88;       // around the wheel
 constexpr double kFramesAround = 48;
 constexpr double kWheelRadius = 6;
 
@@ -57,7 +57,7 @@ void JogWheel::paintEvent(QPaintEvent* /*event*/) {
     if (depth <= 0.05) continue;
     auto colour = toColour(isEnabled() ? token("line3") : token("line1"));
     colour.setAlphaF(static_cast<float>(depth * depth));
-    const double width = std::max(0.6, themed(4) * depth);
+    const double width = std::max(0.6, 2.4 * themeSize() * depth);
     painter.setBrush(colour);
     painter.drawRect(QRectF(drum.center().x() + std::sin(angle) * drum.width() / 2 - width / 2,
                             drum.top() + themed(4), width, drum.height() - themed(8)));

@@ -9,7 +9,6 @@
 #include "windows/editor/particle_part.h"
 #include "windows/editor/transition_tiles.h"
 
-#include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,6 +17,7 @@
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
+#include <QToolButton>
 
 namespace kvo {
 namespace {
@@ -162,18 +162,19 @@ void TransitionPage::makeChoice() {
     connect(key, &QPushButton::clicked,
             [this, &rules, isCut = key == cut_] { act([&] { rules.chooseCut(isCut); }); });
   }
-  find_ = put(made<QLineEdit>(this), {320, 10, 104, 28});
+  find_ = put(made<QLineEdit>(this), {320, 10, 78, 28});
   find_->setPlaceholderText(tr("Find"));
   find_->setAccessibleName(tr("Find a transition by its name"));
   find_->setToolTip(find_->accessibleName());
   find_->setStyleSheet("padding: 0 2px;");
-  favourites_ = find_->addAction(themeIcon("star"), QLineEdit::TrailingPosition);
+  favourites_ = put(made<QToolButton>(this), {400, 12, 24, 24});
+  favourites_->setProperty("kind", "quiet");
   favourites_->setCheckable(true);
-  favourites_->setText(tr("Favourites and those used last alone"));
-  favourites_->setToolTip(favourites_->text());
+  favourites_->setToolTip(tr("Favourites and those used last alone"));
+  favourites_->setAccessibleName(favourites_->toolTip());
   connect(find_, &QLineEdit::textEdited,
           [this, &rules](const QString& text) { act([&] { rules.find(text.toStdString()); }); });
-  connect(favourites_, &QAction::triggered,
+  connect(favourites_, &QToolButton::clicked,
           [this, &rules](bool on) { act([&] { rules.showFavouritesAlone(on); }); });
   instead_ = write({}, "hint", kTilesPlace);
   instead_->setAlignment(Qt::AlignCenter);
@@ -264,6 +265,8 @@ void TransitionPage::drawChoice() {
   find_->setEnabled(tiles);
   if (find_->text() != shown(state_.find)) find_->setText(shown(state_.find));
   favourites_->setChecked(state_.onlyFavourites);
+  favourites_->setEnabled(tiles);
+  favourites_->setIconSize(QSize(themed(16), themed(16)));
   favourites_->setIcon(QIcon(iconPicture("star", state_.onlyFavourites ? token("amber") : token("text3"),
                                          themed(16), devicePixelRatio())));
   Lst_Transitions_->setVisible(tiles);

@@ -14,6 +14,7 @@ class QComboBox;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
+class QToolButton;
 
 namespace kvo {
 
@@ -72,7 +73,7 @@ class TransitionPage final : public EditorPage {
   QPushButton* cut_ = nullptr;
   QPushButton* transition_ = nullptr;
   QLineEdit* find_ = nullptr;
-  QAction* favourites_ = nullptr;
+  QToolButton* favourites_ = nullptr;
   QLabel* instead_ = nullptr;
   TransitionTiles* Lst_Transitions_ = nullptr;
   ParticlePart* particles_ = nullptr;

@@ -21,8 +21,8 @@ namespace kvo {
 namespace {
 
 constexpr QSize kTile(75, 68);
-constexpr double kTilePitch = 75.5;
-constexpr int kTilesSide = 4;
+constexpr int kTilePitch = 74;  // they touch, as only one of them has a rim
+constexpr int kTilesSide = 1;
 constexpr int kTilesTop = 6;
 constexpr QRectF kTilePicture(6.5, 8, 62, 35);
 constexpr QRectF kTileName(2, 45, 71, 18);
@@ -54,7 +54,7 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, TransitionSamples& 
 }
 
 QRect TransitionTiles::tileRect(int index) const {
-  const double left = kTilesSide + kTilePitch * (index % kColumns);
+  const int left = kTilesSide + kTilePitch * (index % kColumns);
   const int top = kTilesTop + kTile.height() * (index / kColumns);
   return {themed(left), themed(top), themed(kTile.width()), themed(kTile.height())};
 }
