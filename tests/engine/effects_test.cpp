@@ -15,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kvo::engine {
+namespace kvo::engine::effects_drawn {
 namespace {
 
 namespace ids = effect_ids;
@@ -337,4 +337,4 @@ TEST(Effects, TakeNonsense) {
 }
 
 }  // namespace
-}  // namespace kvo::engine
+}  // namespace kvo::engine::effects_drawn

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kvo::engine {
+namespace kvo::engine::planned {
 namespace {
 
 Timeline timelineOf(const std::string& video, const std::string& audio = "") {
@@ -144,4 +144,4 @@ TEST(RenderPlan, StepsHaveAllTheSamples) {
 }
 
 }  // namespace
-}  // namespace kvo::engine
+}  // namespace kvo::engine::planned

@@ -16,7 +16,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kvo::engine {
+namespace kvo::engine::transitions_drawn {
 namespace {
 
 namespace ids = transition_ids;
@@ -326,4 +326,4 @@ TEST(Transitions, TakeNonsenseForTheirOptions) {
 }
 
 }  // namespace
-}  // namespace kvo::engine
+}  // namespace kvo::engine::transitions_drawn

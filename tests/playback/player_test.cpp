@@ -10,7 +10,7 @@ using test::FakeFile;
 using test::PlayerBench;
 using Seeks = std::vector<double>;
 
-const FakeFile kSound{.duration = 12.4, .rate = 0};
+const FakeFile kSoundFile{.duration = 12.4, .rate = 0};
 
 void expectSeeks(const Seeks& seeks, const Seeks& wanted, const std::string& row) {
   ASSERT_EQ(seeks.size(), wanted.size()) << row;
@@ -34,7 +34,7 @@ TEST(Player, AClipIsOpenedByItsEngineAndItsRecordTellsOfIt) {
       {"a.avi", {}, true, true, false, true, 25, "250"},
       {"a.avi", {.graphOpens = false}, true, false, false, true, 25, "250"},
       {"a.vob", {.rate = 29.97}, false, true, false, true, 25, "250"},
-      {"a.wma", kSound, false, true, false, true, 1, "12.4"},
+      {"a.wma", kSoundFile, false, true, false, true, 1, "12.4"},
   };
   for (const auto& row : rows) {
     PlayerBench b;
@@ -245,7 +245,7 @@ TEST(Player, LengthsAndSectionsAreInTheUnitInForce) {
   b.player.PlayerSetSelectionStart(5);
   b.player.PlayerSetSelectionEnd(5);
   EXPECT_EQ(clip.LoopEnd().number(), 10) << "an end ahead of the start is none";
-  b.load("a.wma", kSound);
+  b.load("a.wma", kSoundFile);
   b.player.PlayerSetDisplayMode(DisplayMode::Frames);
   EXPECT_DOUBLE_EQ(b.player.PlayerGetDuration(), 12.4) << "sound is counted in seconds";
 }
@@ -288,7 +288,7 @@ TEST(Player, SoundOnAGraphHasNoWindow) {
   b.load("a.mp4");
   b.player.PlayerShow();
   const auto before = b.mode.player.place;
-  b.load("a.wma", kSound);
+  b.load("a.wma", kSoundFile);
   b.player.PlayerShow();
   b.player.SendPlayerFarLeft();
   b.player.PlayerSetLeft(1);

@@ -1,6 +1,7 @@
 // Sketches by processes of their own: their words, what waits, their ends, and real media.
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/posix/poll_loop.h"
+#include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_processes.h"
 #include "sketches/kept_sketches.h"
 #include "sketches/sketch_file.h"

@@ -8,8 +8,13 @@
 #include "support/still_clock.h"
 
 #include <string>
+#include <string_view>
 
 namespace kvo::test {
+
+inline bool holds(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string::npos;
+}
 
 /// A collection with everything round it that reading, writing and compiling need.
 struct Bench {

@@ -17,7 +17,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kRow = 20;
+constexpr int kRowHeight = 20;
 constexpr ControlColour kGround = 0x00F0F0;    // blue 0, green F0, red F0
 constexpr ControlColour kSelected = 0xFF00F0;  // blue FF, green 0, red F0
 constexpr ControlColour kBorder = 0x00FF00;
@@ -29,7 +29,7 @@ class ListView : public testing::Test {
     CoolListProperties p;
     p.BorderStyle = 0;
     p.ItemHeightAuto = false;
-    p.ItemHeight = kRow;
+    p.ItemHeight = kRowHeight;
     p.WordWrap = false;
     p.BackNormal = kGround;
     p.BackSelected = kSelected;
@@ -40,7 +40,7 @@ class ListView : public testing::Test {
     p.FontSelected = 0xFFFFFF;
     p.Focus = false;
     view.setProperties(p);
-    view.setFixedSize(120, 5 * kRow);
+    view.setFixedSize(120, 5 * kRowHeight);
     window.setLayout(new QVBoxLayout);
     window.layout()->addWidget(&view);
     window.show();
@@ -55,8 +55,8 @@ class ListView : public testing::Test {
     how(p);
     view.setProperties(p);
   }
-  void press(int row) { QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(60, row * kRow + 5)); }
-  void release(int row) { QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(60, row * kRow + 5)); }
+  void press(int row) { QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(60, row * kRowHeight + 5)); }
+  void release(int row) { QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(60, row * kRowHeight + 5)); }
 
   QWidget window;
   CoolListView view{&window};
@@ -69,17 +69,18 @@ TEST_F(ListView, DrawsASelectedRowInItsStyle) {
     Rgb rgb;
     const char* what;
   };
-  const QPoint kMiddle(100, kRow + 10), kTop(100, kRow), kFoot(100, 2 * kRow - 1), kLeft(4, kRow + 10),
-      kRight(119, kRow + 10), kOffset(100, kRow + 3), kOtherRow(100, 5);
+  const QPoint kMiddle(100, kRowHeight + 10), kTop(100, kRowHeight), kFoot(100, 2 * kRowHeight - 1),
+      kLeft(4, kRowHeight + 10), kRight(119, kRowHeight + 10), kOffset(100, kRowHeight + 3),
+      kOtherRow(100, 5);
   const Row kRows[] = {
       {0, kMiddle, 0xF000FF, "filled"},
-      {0, QPoint(1, kRow + 10), token("teal"), "with a bar, since colour alone says no state"},
+      {0, QPoint(1, kRowHeight + 10), token("teal"), "with a bar, since colour alone says no state"},
       {0, kOtherRow, 0xF0F000, "as others"},
       {1, kMiddle, 0xF00000, "combined by AND"},
-      {1, QPoint(36, kRow + 10), 0x400000, "with its icon, too"},
+      {1, QPoint(36, kRowHeight + 10), 0x400000, "with its icon, too"},
       {2, kTop, 0xFF0000, "downward from the first colour"},
       {2, kFoot, 0x0000FF, "to the second"},
-      {3, QPoint(0, kRow + 1), 0xFF0000, "to the right from the first"},
+      {3, QPoint(0, kRowHeight + 1), 0xFF0000, "to the right from the first"},
       {3, kRight, 0x0000FF, "to the second"},
       {4, kTop, 0xF0F000, "outside the box"},
       {4, kOffset, 0x00FF00, "on its border"},
@@ -146,9 +147,9 @@ TEST_F(ListView, TellsWhatTheUserDoesInOrder) {
   press(1);
   release(1);
   EXPECT_EQ(std::exchange(told, ""), "MouseDown Index MouseUp Click ");
-  QTest::mouseDClick(&view, Qt::LeftButton, {}, QPoint(60, kRow + 5));
+  QTest::mouseDClick(&view, Qt::LeftButton, {}, QPoint(60, kRowHeight + 5));
   EXPECT_EQ(std::exchange(told, "").find("DblClick") == std::string::npos, false);
-  QTest::mouseClick(&view, Qt::RightButton, {}, QPoint(60, 3 * kRow));
+  QTest::mouseClick(&view, Qt::RightButton, {}, QPoint(60, 3 * kRowHeight));
   EXPECT_EQ(std::exchange(told, ""), "MouseDown MouseUp ");
   EXPECT_EQ(view.list().ListIndex(), 1) << "a right press only tells";
   QTest::keyClick(&view, Qt::Key_Down);
@@ -227,7 +228,7 @@ TEST_F(ListView, EditsInPlace) {
     view.list().StartEdit();
     ASSERT_TRUE(box->isVisible()) << row.what;
     if (!row.wraps) {
-      EXPECT_NEAR(box->geometry().center().y(), kRow / 2, 1) << "in line with the row";
+      EXPECT_NEAR(box->geometry().center().y(), kRowHeight / 2, 1) << "in line with the row";
     }
     QTest::keyClicks(box, "new");  // in the place of the whole text, which is selected
     row.end(box);
@@ -245,7 +246,7 @@ TEST_F(ListView, TakesDropsBetweenItsRows) {
   view.dropped = [&](const QMimeData& data, int before) {
     got += data.text().toStdString() + std::to_string(before) + " ";
   };
-  for (int y : {2, kRow - 2, 2 * kRow + 12, 4 * kRow}) {
+  for (int y : {2, kRowHeight - 2, 2 * kRowHeight + 12, 4 * kRowHeight}) {
     QDragEnterEvent enter(QPoint(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&view, &enter);
     EXPECT_TRUE(enter.isAccepted());
@@ -258,9 +259,9 @@ TEST_F(ListView, TakesDropsBetweenItsRows) {
   }
   EXPECT_EQ(got, "clip0 clip1 clip3 clip3 ");
   fill(50);
-  QDragEnterEvent enterLow(QPoint(50, 5 * kRow - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
+  QDragEnterEvent enterLow(QPoint(50, 5 * kRowHeight - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
   QCoreApplication::sendEvent(&view, &enterLow);
-  QDragMoveEvent low(QPoint(50, 5 * kRow - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
+  QDragMoveEvent low(QPoint(50, 5 * kRowHeight - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
   QCoreApplication::sendEvent(&view, &low);
   EXPECT_TRUE(QTest::qWaitFor([&] { return view.list().TopIndex() > 2; })) << "while the pointer rests";
   QDragLeaveEvent leave;
@@ -280,7 +281,7 @@ TEST_F(ListView, ADragOutCarriesInsteadOfSelecting) {
   int carried = -1;
   view.dragOut = [&](int index) { return carried = index, nullptr; };
   press(1);
-  QTest::mouseMove(&view, QPoint(60, 3 * kRow + 5));
+  QTest::mouseMove(&view, QPoint(60, 3 * kRowHeight + 5));
   release(3);
   EXPECT_EQ(carried, 1);
   EXPECT_EQ(view.list().ListIndex(), 1);
@@ -291,7 +292,7 @@ TEST_F(ListView, ShowsTheWholeOfATextThatIsCut) {
   view.list().AddItem("a name that is a good deal longer than the row that it stands in");
   const auto tip = [&](int row) {
     QToolTip::hideText();
-    const QPoint at(50, row * kRow + 5);
+    const QPoint at(50, row * kRowHeight + 5);
     QHelpEvent help(QEvent::ToolTip, at, view.mapToGlobal(at));
     QCoreApplication::sendEvent(&view, &help);
     return QToolTip::text().toStdString();
@@ -314,7 +315,7 @@ TEST_F(ListView, IsAListOfNamedItemsToAScreenReader) {
   EXPECT_EQ(item->text(QAccessible::Name), "item 2");
   EXPECT_TRUE(item->state().selected);
   EXPECT_TRUE(item->state().focused);
-  EXPECT_EQ(item->rect().topLeft(), view.mapToGlobal(QPoint(0, 2 * kRow)));
+  EXPECT_EQ(item->rect().topLeft(), view.mapToGlobal(QPoint(0, 2 * kRowHeight)));
   EXPECT_EQ(access->indexOfChild(item), 2);
   EXPECT_TRUE(access->child(8)->state().offscreen);
   EXPECT_EQ(access->child(9), nullptr);

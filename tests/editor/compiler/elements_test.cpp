@@ -18,6 +18,7 @@ namespace kvo {
 namespace {
 
 using test::Bench;
+using test::holds;
 
 // The element of a transition into the second of two clips.
 std::string transition(
@@ -37,8 +38,6 @@ std::string transition(
   TimelineClips clips(b.collection);
   return AddTransition(optionsOf(b.editing), clips, 2, o);
 }
-
-bool holds(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
 
 TEST(Transitions, EachNameHasItsElement) {
   EXPECT_EQ(transitionNames().size(), 74U);

@@ -17,8 +17,7 @@ namespace kvo {
 namespace {
 
 using test::Bench;
-
-bool holds(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
+using test::holds;
 
 TEST(PicInPic, TwentyOneDigitsGoInAndOut) {
   EXPECT_EQ(picInPicText({12, OverlayStyle::Radial, 8, 75, 1500, 20, true}), "012208075015000002001");
