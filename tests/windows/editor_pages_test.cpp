@@ -99,6 +99,7 @@ void expectReachable(QWidget& page, int leastHeight = 24) {
     if ((part->focusPolicy() & Qt::TabFocus) == 0 || !part->isVisibleTo(&page)) continue;
     const auto name = QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
     EXPECT_FALSE(name.isEmpty()) << part->metaObject()->className();
+    EXPECT_FALSE(part->toolTip().isEmpty()) << name.toStdString();
     const auto place = QRect(part->mapTo(&page, QPoint()), part->size());
     EXPECT_TRUE(page.rect().contains(place)) << name.toStdString();
     EXPECT_GE(part->height(), leastHeight) << name.toStdString();
@@ -239,7 +240,8 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   EXPECT_EQ(b.collection.KeyframeList[2].FrameNo, 80);
   EXPECT_EQ(b.collection.KeyframeList[2].Transparency, 31);
 
-  auto* strip = window.findChild<KeyframeStrip*>();
+  auto* strip = dynamic_cast<KeyframeStrip*>(named<QWidget>(window, "Keyframes over time"));
+  ASSERT_NE(strip, nullptr);
   const auto diamond = strip->at(80, 0.31);
   QTest::mousePress(strip, Qt::LeftButton, {}, diamond.toPoint());
   const auto target = strip->at(120, 0.8).toPoint();

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSlider>
 
 namespace kvo {
 namespace {
@@ -17,6 +18,7 @@ constexpr int kLevelLeft = 186;
 constexpr int kLevelTop = 35;
 constexpr int kLevelPitch = 50;
 constexpr int kLevelWide = 238;
+constexpr int kThresholdStep = 10;
 constexpr QSize kSmallPicture(71, 53);
 
 }  // namespace
@@ -30,6 +32,7 @@ ColorPage::ColorPage(ColorTab& state, PageLogic logic, Pictures pictures, QWidge
       sepia_(put(made<QCheckBox>(tr("Sepia"), this), {16 - kMarkRoom, 242, 150, 24})),
       reset_(put(made<QPushButton>(themeIcon("repeat"), tr("Reset"), this), {16, 404, 150, 28})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
+  clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
     act([&] { chooseColourClip(logic_.editing, state_, logic_.host, row); });
   };
@@ -61,6 +64,7 @@ void ColorPage::makeLevels() {
       act([&] { moveColourLevel(logic_.editing, state_, logic_.host, level, value); });
     };
   }
+  levels_[static_cast<std::size_t>(ColourLevel::Threshold)]->slider()->setSingleStep(kThresholdStep);
   constexpr std::array kDots = {token("red"), token("green"), kBlueDot};
   for (std::size_t i = 0; i < kDots.size(); ++i) levels_[i]->setDot(kDots[i]);
 }

@@ -67,6 +67,7 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, std::function<void()> 
       showKeyframes_(std::move(showKeyframes)),
       clips_(put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
+  clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
     act([&] { chooseEffectClip(logic_.editing, state_, logic_.host, row); });
   };

@@ -12,12 +12,14 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 
 namespace kvo {
 namespace {
 
 constexpr int kOverlayRight = 227;
 constexpr int kOverlayWide = 197;
+constexpr int kOverlayFadeStep = 100;  // milliseconds
 constexpr int kOverlaySlider = 174;
 constexpr int kOverlaySliderPitch = 46;
 
@@ -44,6 +46,8 @@ OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
       positions_(put(made<OverlayPositions>(this), {16, 184, 194, 92})) {
   write(tr("Backdrop"), "caption", {16, 15, 197, 16});
   write(tr("Overlay"), "caption", {kOverlayRight, 15, kOverlayWide, 16});
+  backdrops_->setToolTip(tr("The clip that lies below"));
+  overlays_->setToolTip(tr("The clip that lies over the backdrop"));
   backdrops_->chosen = [this](int row) {
     act([&] { chooseBackdrop(logic_.editing, state_, logic_.host, row); });
   };
@@ -89,6 +93,7 @@ void OverlayPage::makeSliders() {
   opacity_ = slider(tr("Max Opacity"), moveMaxOpacity);
   fadeIn_ = slider(tr("Fade in of the overlay"), moveOverlayIn);
   fadeOut_ = slider(tr("Fade out of the overlay"), moveOverlayOut);
+  for (auto* fade : {fadeIn_, fadeOut_}) fade->slider()->setSingleStep(kOverlayFadeStep);
   trim_ = put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
               {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom, 32});
   trim_->setAccessibleName(tr("Trim Overlay length to backdrop length (Rate Adjust)"));

@@ -40,13 +40,13 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
     });
   }
   write(tr("Stills"), "caption", {16, 97, 190, 16});
+  stills_->setToolTip(tr("The still whose options are shown"));
   stills_->chosen = [this](int row) { act([&] { chooseStill(logic_.editing, state_, logic_.host, row); }); };
   write(tr("Still Duration"), "caption", {224, 97, 200, 16});
   write(tr("Seven seconds is the usual length"), "hint", {224, 166, 200, 16});
   duration_->slider()->setSingleStep(kDurationStep);
   duration_->moved = [this](int milliseconds) {
-    const int rounded = (milliseconds + kDurationStep / 2) / kDurationStep * kDurationStep;
-    act([&] { moveStillDuration(logic_.editing, state_, logic_.host, rounded); });
+    act([&] { moveStillDuration(logic_.editing, state_, logic_.host, milliseconds); });
   };
   makeAspects();
 }

@@ -47,7 +47,7 @@ TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
   EXPECT_TRUE(w.visible);
   EXPECT_EQ(w.effectName, "ColoredPencil");
   EXPECT_EQ(w.Sld_FramePosMaster.Max, 200);
-  EXPECT_EQ(w.Lbl_Frame, "Current Frame = 00000 of 00200");
+  EXPECT_EQ(w.Lbl_Frame, "Current Frame = 000000 of 000200");
   EXPECT_EQ(w.Lst_Keyframes.rows, std::vector<std::string>{"Keyframe No = 0000000"});
   EXPECT_EQ(w.sliders[0].Value, 30) << "of the table";
   EXPECT_EQ(w.sliders[2].Value, 10);
