@@ -16,7 +16,8 @@ constexpr int kFrameHeight = 360;
 EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
     : parts_(parts),
       pictures_(parts.loop),
-      player_(std::move(sound), [this](auto frame, auto picture) { pictures_.put(frame, std::move(picture)); }),
+      player_(std::move(sound),
+              [this](auto frame, auto picture) { pictures_.put(frame, std::move(picture)); }),
       desk_({states_.window, parts.window, parts.session.editing, parts.loop, parts.history, parts.list,
              parts.commands, *this},
             mainWindow()),
@@ -76,7 +77,7 @@ TimelineDesk::Doors EditorLinks::timelineDoors() {
                 frames_.want(FrameWish{file, seconds});
               },
           .endFrame = [this] { endFrame(); },
-          .openMenu = [this](int clip, int x, int y) { parts_.openMenu(clip, x, y); }};
+          .openMenu = [this](int /*clip*/, int x, int y) { parts_.openMenu(x, y); }};
 }
 
 DeskTabs EditorLinks::tabs() {
@@ -90,14 +91,22 @@ DeskTabs EditorLinks::tabs() {
           rules(states_.audio),
           DeskTab{.enter = [this] { transition_.show(true); },
                   .follow = [this](bool rebuild) { transition_.show(rebuild); }},
-          rules(states_.effect),
+          DeskTab{.enter = [this] { enterTab(editing(), states_.effect, desk_); },
+                  .follow =
+                      [this](bool rebuild) {
+                        followTab(editing(), states_.effect, desk_, rebuild);
+                        if (states_.keyframes.visible) followKeyframes(editing(), states_.keyframes);
+                      }},
           rules(states_.stills),
           rules(states_.color),
           rules(states_.overlay)};
 }
 
 void EditorLinks::settle() {
-  if (!desk_.isOpen()) return;
+  if (!desk_.isOpen()) {
+    if (states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
+    return;
+  }
   const auto& history = parts_.window.history;
   if (std::exchange(historySeen_, history.revision) != history.revision) {
     states_.history.done = history.done;
@@ -105,8 +114,7 @@ void EditorLinks::settle() {
   }
   const auto& collection = parts_.session.collection;
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
-    hand_.show(
-        blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
+    hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.onlyShows = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
@@ -120,6 +128,21 @@ void EditorLinks::goInHistory(int steps) {
 void EditorLinks::jog(int frames) {
   auto& stepping = parts_.play.positions().stepping;
   for (int i = std::abs(frames); i > 0; --i) frames < 0 ? stepping.Rew1(true) : stepping.Adv1(true);
+}
+
+void EditorLinks::showKeyframes() {
+  ActivateKeyFrameForm(editing(), states_.keyframes, desk_);
+  parts_.draw();
+}
+
+void EditorLinks::showClipFrame(Long frame) {
+  const auto& collection = parts_.session.collection;
+  if (collection.icurMov < 1) return;
+  const auto& clip = collection.MovieList[collection.icurMov];
+  const double frames = clip.DurationFrames().number();
+  const double seconds = frames > 0 ? frame * clip.DurationTime().number() / frames : 0;
+  showsFrame_ = true;
+  frames_.want(FrameWish{clipFile(clip), seconds});
 }
 
 void EditorLinks::showFrame(const Result<FramePicture>& picture) {

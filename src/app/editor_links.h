@@ -10,6 +10,7 @@
 #include "editor/tabs/color_tab.h"
 #include "editor/tabs/create_tab.h"
 #include "editor/tabs/effect_tab.h"
+#include "editor/tabs/keyframe_window.h"
 #include "editor/tabs/overlay_tab.h"
 #include "editor/tabs/stills_tab.h"
 #include "editor/tabs/transition_tab.h"
@@ -37,6 +38,7 @@ struct EditorStates {
   StillsTab stills;
   ColorTab color;
   OverlayTab overlay;
+  KeyframeWindow keyframes;
 };
 
 class EditorLinks : public DeskPreview {
@@ -53,8 +55,8 @@ class EditorLinks : public DeskPreview {
     Mailbox& mailbox;
     FaceLinks& face;
     PlayLinks& play;
-    std::function<void()> draw;                            ///< all windows
-    std::function<void(int clip, int x, int y)> openMenu;  ///< of a clip, or with 0 of the list
+    std::function<void()> draw;                  ///< all windows
+    std::function<void(int x, int y)> openMenu;  ///< of the list, at a place of the screen
   };
   /// `sound` may be null. The parts outlive the object.
   EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound);
@@ -77,6 +79,10 @@ class EditorLinks : public DeskPreview {
   void goInHistory(int steps);
   /// The wheel has gone on by so many frames, or back.
   void jog(int frames);
+  /// Frm_Keyframe opens for the effect that is worked on.
+  void showKeyframes();
+  /// What the clip in hand has at a frame, in the preview's place.
+  void showClipFrame(Long frame);
 
   // Of the desk
   void KillPreview() override { preview_.KillPreview(); }

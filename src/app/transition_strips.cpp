@@ -20,8 +20,7 @@ TransitionStrips::TransitionStrips(Session& session, EventLoop& loop, std::funct
     : session_(session),
       came_(std::move(came)),
       maker_(
-          loop,
-          [](const Wish& wish) { return engine::drawStrip(wish.document, kTransitionSampleSteps); },
+          loop, [](const Wish& wish) { return engine::drawStrip(wish.document, kTransitionSampleSteps); },
           [this](const Wish& wish, const Result<std::vector<FramePicture>>& frames) {
             arrived(wish, frames);
           }) {}

@@ -111,6 +111,7 @@ bool EditorDesk::followsCollection() {
   const bool empty = parts_.editing.clips().empty();
   if (std::exchange(state.nothingToPreview, empty) != empty) {
     if (tabs_[kCreateTab - 1].follow) tabs_[kCreateTab - 1].follow(true);
+    ++state.timed;
     ShowClipStats();
     buildClipSliders();
   }
@@ -135,6 +136,7 @@ void EditorDesk::retime() {
   if (hasMusic_) AddOverlayAudioTracks(e);
   e.editor.texts = {};
   parts_.state.totals = editorTotals(e.editor);
+  ++parts_.state.timed;
   parts_.preview.movieIsStale();
 }
 
@@ -224,6 +226,8 @@ void EditorDesk::moveLevel(int tenths) {
       "level");
   buildClipSliders();
 }
+
+void EditorDesk::letGoLevel() { parts_.history.endSeries(); }
 
 void EditorDesk::saveProject() {
   if (!parts_.editing.clips().empty()) doors_.mnu_SaveShow_Click();

@@ -59,6 +59,7 @@ class EditorDesk : public PreviewHost {
   void letGoRate();
   /// Sld_AudioOut, in tenths of full level.
   void moveLevel(int tenths);
+  void letGoLevel();
   /// KVOBut_SaveProject.
   void saveProject();
 

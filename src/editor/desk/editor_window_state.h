@@ -4,6 +4,8 @@
 
 #include "editor/tabs/editor_parts_state.h"
 
+#include <cstdint>
+
 namespace kvo {
 
 /// Frm_Analysing, over the window while the files of the clips are looked into.
@@ -21,6 +23,7 @@ struct EditorWindowState {
   ClipSliders sliders;
   EditorTotals totals;
   ClipKeys keys;
+  std::uint64_t timed = 0;        ///< higher each time that the places of the clips are others
   bool nothingToPreview = false;  ///< no clip is there
 };
 
