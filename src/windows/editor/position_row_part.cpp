@@ -47,7 +47,7 @@ constexpr int kCaptionsWidth = 66;
 constexpr int kLineHeight = 16;
 constexpr int kFirstLine = 8;
 constexpr int kBarTop = 42;
-constexpr int kBarHeight = 24;
+constexpr int kRangeBarHeight = 24;
 constexpr int kTickTop = 61;
 constexpr int kTickLength = 5;
 constexpr int kHandle = 12;
@@ -178,7 +178,7 @@ void PositionRowPart::layOut() {
   }
   const int overhang = themed(kHandle) / 2;
   FSB_RenderRange_->setGeometry(left - overhang, themed(kBarTop), right - left + 2 * overhang,
-                                themed(kBarHeight));
+                                themed(kRangeBarHeight));
 }
 
 void PositionRowPart::paintEvent(QPaintEvent* event) {
