@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|preview|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -179,6 +179,13 @@ seeks() {
   "$bin/bench_seeks" "$work/dissolve-360-6/movie.xtl"
 }
 
+# The editor's preview: pictures left out, gaps, start, seeks, sound against picture.
+preview() {
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  "$bin/bench_preview" "$work/corpus"
+}
+
 # Playing, beside a running mpv: 720 lines at 25 pictures a second, H.264 with a key picture every ten seconds. On a
 # screen of its own, where both draw by software.
 play() {
@@ -230,11 +237,11 @@ intake() (
   xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- "$bin/bench_intake" "$bin/kvo5" "$folder/all"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths play intake
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths preview play intake
 for part; do
   case $part in
     kernels | records | compile | timeline) "$bin/bench_$part" ;;
-    movies | lengths | seeks | play | intake | before) "$part" ;;
+    movies | lengths | seeks | preview | play | intake | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

@@ -4,6 +4,12 @@
 
 namespace kvo {
 
+std::optional<PlayerPlace> playerPlace(Player& player) {
+  if (player.PlayerIsEmpty()) return std::nullopt;
+  const auto seen = seenFrame(player);
+  return PlayerPlace{seen.seconds, seen.frame};
+}
+
 PlayLinks::PlayLinks(const Parts& parts)
     : parts_(parts),
       transport_({parts.window.transport, parts.window.mode, parts.face.player(), parts.face.buttons(),

@@ -11,9 +11,13 @@
 #include "program/media_commands.h"
 #include "program/menus.h"
 
+#include <optional>
 #include <string>
 
 namespace kvo {
+
+/// Where the player stands; none while it is empty.
+std::optional<PlayerPlace> playerPlace(Player& player);
 
 class PlayLinks : public TransportHost, public PositionsHost {
  public:

@@ -34,13 +34,13 @@ std::optional<PicInPic> readPicInPic(std::string_view text);
 /// The names of the 15 positions, in order.
 std::span<const std::string_view> overlayPositionNames();
 
-struct PictureBox {
+struct OverlayBox {
   double height = 0, width = 0;  ///< pixels
   double offsetY = 0, offsetX = 0;
 };
 
 /// Where the overlay stands in a picture of `width` x `height`.
-PictureBox overlayBox(int position, double width, double height);
+OverlayBox overlayBox(int position, double width, double height);
 
 struct PicInPicOptions {
   bool preview = false;        ///< 170 x 70 and silent
@@ -56,8 +56,8 @@ int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay);
 
 /// The whole document for a backdrop, with its overlay if its record names one that is there, at the options'
 /// size and rate.
-Sample picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
-                      const EffectsTable& effects, const PicInPicOptions& wanted);
+SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
+                              const EffectsTable& effects, const PicInPicOptions& wanted);
 
 /// Captions of the two audio boxes, and whether they are enabled: overlay first.
 struct AudioBox {

@@ -49,8 +49,8 @@ std::string transitionClipsText(const Collection& collection, int clipNo) {
   return (clipNo == 1 ? std::string("Movie Start") : shownName(clips[clipNo - 1])) + " -->  " + name;
 }
 
-Sample transitionSample(const Collection& collection, int clipNo, CompileOptions options,
-                        const CompileFacts& facts, double sliderSeconds) {
+SampleDocument transitionSample(const Collection& collection, int clipNo, CompileOptions options,
+                                const CompileFacts& facts, double sliderSeconds) {
   options.transitions = true;
   options.output.width = kTransitionWidth;
   options.output.height = kTransitionHeight;
@@ -88,8 +88,8 @@ Sample transitionSample(const Collection& collection, int clipNo, CompileOptions
   return {file.bytes(), std::move(clips)};
 }
 
-Sample clipSample(const Collection& collection, int clipNo, CompileOptions options,
-                  const EffectsTable& effects, const SampleForm& form) {
+SampleDocument clipSample(const Collection& collection, int clipNo, CompileOptions options,
+                          const EffectsTable& effects, const SampleForm& form) {
   TimelineClips clips(collection);
   if (clipNo < 1 || clipNo > clips.count()) return {};
   options.effects = true;

@@ -16,25 +16,30 @@ void warnOfLongFade(const Editing& e, const std::string& which, const std::strin
 
 }  // namespace
 
-void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders) {
-  auto& clip = e.clips()[e.collection.icurMov];
-  if (!fromSliders) {
-    controls = {clip.RenderAudio(), ToNumber(ShortText(clip.AudioFadeInTime())) * 10,
-                ToNumber(ShortText(clip.AudioFadeOutTime())) * 10};
-    return;
-  }
-  if (!controls.renderAudio) {
-    clip.HasAudioFade(false);
-    return;
-  }
+void storeAudioFades(Movie& clip, const AudioFadeControls& controls) {
+  clip.HasAudioFade(controls.renderAudio);
+  if (!controls.renderAudio) return;
   clip.RenderAudio(true);
   clip.AudioFadeInTime(static_cast<Single>(controls.fadeIn / 10));
   clip.AudioFadeOutTime(static_cast<Single>(controls.fadeOut / 10));
-  clip.HasAudioFade(true);
-  if (!e.editor.controls.Chk_AutoTrim) return;
+}
+
+void warnOfLongFades(const Editing& e, const Movie& clip, const AudioFadeControls& controls) {
+  if (!controls.renderAudio || !e.editor.controls.Chk_AutoTrim) return;
   const double length = timelineLength(clip);
   if (controls.fadeIn / 10 > length) warnOfLongFade(e, "IN", "In");
   if (controls.fadeOut / 10 > length) warnOfLongFade(e, "OUT", "OUT");
+}
+
+void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders) {
+  auto& clip = e.clips()[e.collection.icurMov];
+  if (!fromSliders) {
+    controls = {clip.RenderAudio(), decimal(clip.AudioFadeInTime()) * 10,
+                decimal(clip.AudioFadeOutTime()) * 10};
+    return;
+  }
+  storeAudioFades(clip, controls);
+  warnOfLongFades(e, clip, controls);
 }
 
 AudioFadeTitles UpdateAudioFadeSliderTxt(const AudioFadeControls& controls) {

@@ -17,6 +17,10 @@ struct AudioFadeControls {
 /// fade that is longer than the clip is warned of.
 void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders);
 
+/// The two halves of the former, for a slider that is still being dragged.
+void storeAudioFades(Movie& clip, const AudioFadeControls& controls);
+void warnOfLongFades(const Editing& e, const Movie& clip, const AudioFadeControls& controls);
+
 struct AudioFadeTitles {
   std::string fadeIn;
   std::string fadeOut;

@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kFirstSlot = static_cast<int>(EffectSwitch::FirstPaletteSlot);
 constexpr int kLastSlot = static_cast<int>(EffectSwitch::LastPaletteSlot);
+constexpr Integer kMotionStrength = 14;
+constexpr Integer kMotionDirection = 20;  // degrees
 constexpr std::string_view kOlderSystems[] = {"ME", "98", "NT3", "2K", "NT4", "95"};
 
 void switchOnBlur(Movie& clip, EffectControls& controls) {
@@ -19,9 +21,11 @@ void switchOnBlur(Movie& clip, EffectControls& controls) {
   clip.BlurInt(4);
 }
 
-void switchOnMotionBlur(const Editing& e, EffectControls& controls) {
-  if (controls.Sld_MotionBlurStrength < 2) controls.Sld_MotionBlurStrength = 14;
-  if (controls.Sld_MotionDir < 2) controls.Sld_MotionDir = 20;
+void switchOnMotionBlur(const Editing& e, Movie& clip, EffectControls& controls) {
+  if (controls.Sld_MotionBlurStrength < 2) clip.MBlurStrength(kMotionStrength);
+  if (controls.Sld_MotionDir < 2) clip.MBlurDirection(kMotionDirection);
+  controls.Sld_MotionBlurStrength = clip.MBlurStrength();
+  controls.Sld_MotionDir = clip.MBlurDirection();
   BaseKeyframe base;
   base.name = "MotionBlur";
   base.param[0] = "14";
@@ -35,6 +39,16 @@ void switchOnFilmAge(Movie& clip, EffectControls& controls) {
   clip.AgeIntensity(35);
 }
 
+void applyEase(Movie& clip, Single initialScale, const char* direction) {
+  clip.EaseDuration(0);
+  clip.ScaleA(1);
+  clip.InitialScaleA(initialScale);
+  clip.MoveSpeedA(1);
+  clip.MoveADirection(direction);
+  clip.MoveARotationDirection("");
+  clip.RevolveCamera(false);
+}
+
 }  // namespace
 
 std::string effectCaption(const Editing& e, int position) {
@@ -43,13 +57,20 @@ std::string effectCaption(const Editing& e, int position) {
   return row == nullptr ? std::string() : row->name;
 }
 
+int effectNumber(const Editing& e, int position) {
+  if (position == static_cast<int>(EffectSwitch::Blur)) return kBlurEffect;
+  if (position == static_cast<int>(EffectSwitch::MotionBlur)) return kMotionBlurEffect;
+  int id = 0;
+  if (position >= kFirstSlot && position <= kLastSlot)
+    e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
+  return id;
+}
+
 void CreateStaticClipEffectWord(const Editing& e, const EffectControls& controls, int clipNo) {
   if (clipNo < 1) return;
   for (int i = 1; i <= kLastSlot; ++i) {
     if (controls.switches.isOn(i)) continue;
-    int id = 0;
-    e.editor.effects.GetEffectIDFromName(effectCaption(e, i), id);
-    removeKeyframes(e, clipNo, id);
+    removeKeyframes(e, clipNo, effectNumber(e, i));
   }
   e.clips()[clipNo].EffectWord(controls.switches.text());
 }
@@ -72,10 +93,9 @@ void switchEffect(const Editing& e, EffectControls& controls, int position, bool
   if (clipNo < 1) return;
   auto& clip = e.clips()[clipNo];
   controls.switches.set(position, on);
-  int id = 0;
-  if (position <= kLastSlot) e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
+  const int id = effectNumber(e, position);
   if (!on) {
-    if (position <= kLastSlot) removeKeyframes(e, clipNo, id);
+    if (id > 0) removeKeyframes(e, clipNo, id);
     CreateStaticClipEffectWord(e, controls, clipNo);
     ValidateEffectWordfromInterface(e, controls, clipNo);
     return;
@@ -85,7 +105,7 @@ void switchEffect(const Editing& e, EffectControls& controls, int position, bool
       switchOnBlur(clip, controls);
       break;
     case EffectSwitch::MotionBlur:
-      switchOnMotionBlur(e, controls);
+      switchOnMotionBlur(e, clip, controls);
       break;
     case EffectSwitch::FilmAge:
       switchOnFilmAge(clip, controls);
@@ -105,23 +125,13 @@ bool configureEffect(const Editing& e, int position) {
                   BoxButtons::Ok, BoxIcon::Information});
     return false;
   }
-  int id = position == static_cast<int>(EffectSwitch::Blur)         ? kBlurEffect
-           : position == static_cast<int>(EffectSwitch::MotionBlur) ? kMotionBlurEffect
-                                                                    : 0;
-  if (id == 0) e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
+  const int id = effectNumber(e, position);
   e.settings.state.KeyframeEffectNo = static_cast<Integer>(id);
   return id > 0;
 }
 
-void applyEaseDefaultIn(Movie& clip) {
-  clip.EaseDuration(0);
-  clip.ScaleA(1);
-  clip.InitialScaleA(0.75F);
-  clip.MoveSpeedA(1);
-  clip.MoveADirection("");
-  clip.MoveARotationDirection("");
-  clip.RevolveCamera(false);
-}
+void applyEaseDefaultIn(Movie& clip) { applyEase(clip, 0.75F, ""); }
+void applyEaseDefaultOut(Movie& clip) { applyEase(clip, 1, "out"); }
 
 std::vector<std::string> SetEaseSliderHeadings(const Movie& clip) {
   const auto number = [](Single value, std::string_view mask) {

@@ -21,6 +21,9 @@ struct EffectControls {
 /// The caption of Chk_Effect 1 to 42: a built-in effect, or the name in the palette slot.
 std::string effectCaption(const Editing& e, int position);
 
+/// The effect number of a switch, by which its keyframes are kept; 0 for one that can have none.
+int effectNumber(const Editing& e, int position);
+
 /// Stores the switches in the clip's EffectWord. The keyframes of an effect that is off are gone for good.
 void CreateStaticClipEffectWord(const Editing& e, const EffectControls& controls, int clipNo);
 
@@ -37,8 +40,9 @@ void switchEffect(const Editing& e, EffectControls& controls, int position, bool
 /// A right click on a switch that is on: true opens the keyframes of its effect; one without options says so.
 bool configureEffect(const Editing& e, int position);
 
-/// The preset of the ease panel.
+/// The presets of the ease panel.
 void applyEaseDefaultIn(Movie& clip);
+void applyEaseDefaultOut(Movie& clip);
 
 /// The four labels of the ease sliders.
 std::vector<std::string> SetEaseSliderHeadings(const Movie& clip);

@@ -82,7 +82,7 @@ CompileOptions sampleOptions(const Editing& e) {
   return options;
 }
 
-std::string shown(const Editing& e, const Sample& sample, Corrections which = Corrections::All) {
+std::string shown(const Editing& e, const SampleDocument& sample, Corrections which = Corrections::All) {
   applyCorrections(sample.clips, e.collection, e.settings, which);
   return sample.text;
 }

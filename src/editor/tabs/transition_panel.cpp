@@ -41,9 +41,17 @@ void ApplyTransitionDataToObjects(const Editing& e, TransitionPanel& panel) {
   const double duration = e.editor.controls.Sld_In.Value;
   clip.TransType(panel.listVisible && !panel.selected.empty() ? panel.selected : "CUT");
   if (static_cast<double>(clip.TransIn()) != duration) clip.TransIn(static_cast<Single>(duration));
-  panel.durationIsShort = duration < kShortDuration;
+  showDuration(e, panel);
+}
+
+void showDuration(const Editing& e, TransitionPanel& panel) {
+  const double duration = e.editor.controls.Sld_In.Value;
+  panel.durationIsShort = panel.listVisible && duration < kShortDuration;
   panel.Fra_FadDur =
       panel.durationIsShort ? "Transition Duration - ( Duration is very Short! )" : "Transition Duration";
+}
+
+void warnOfShortDuration(const Editing& e, const TransitionPanel& panel) {
   if (!panel.durationIsShort) return;
   e.boxes.show(
       {"KVO - Short Transition duration",

@@ -23,9 +23,15 @@ struct TransitionPanel {
 /// A name was picked; a `mode` of 2 asks for the particle options where there are such.
 void DoTransition(const Editing& e, TransitionPanel& panel, int mode);
 
-/// Stores the selected transition and its duration in the clip in hand. A duration that is too short to be
-/// seen is warned of.
+/// Stores the selected transition and its duration in the clip in hand.
 void ApplyTransitionDataToObjects(const Editing& e, TransitionPanel& panel);
+
+/// The caption of the duration's frame for the value of the slider.
+void showDuration(const Editing& e, TransitionPanel& panel);
+
+/// A box about a duration that is too short to be seen. Behind what stores one, never while a slider is
+/// dragged.
+void warnOfShortDuration(const Editing& e, const TransitionPanel& panel);
 
 /// Selects the transition that the clip in hand has.
 void MatchTransitionToList(const Editing& e, TransitionPanel& panel);

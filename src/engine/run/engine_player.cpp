@@ -17,12 +17,20 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr std::size_t kFilesKept = 6;  // open for the next document
+constexpr double kNewest = 0.25;       // what the newest frame weighs in how long one takes
+
 double nowSeconds() { return std::chrono::duration<double>(Clock::now().time_since_epoch()).count(); }
 
 std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, int width, int height) {
   auto bitmap = std::make_shared<Bitmap>(Bitmap{width, height, {}});
   if (!picture) return bitmap;
   // A picture's sides are even; the timeline's may be one less.
+  if (picture.width() == width && picture.height() == height) {
+    bitmap->bgr.resize(static_cast<std::size_t>(width) * 3 * static_cast<std::size_t>(height));
+    media::toBgr(picture, bitmap->bgr.data(), static_cast<std::size_t>(width) * 3);
+    return bitmap;
+  }
   const auto stride = static_cast<std::size_t>(picture.width()) * 3;
   std::vector<std::uint8_t> whole(stride * static_cast<std::size_t>(picture.height()));
   media::toBgr(picture, whole.data(), stride);
@@ -53,6 +61,7 @@ struct EnginePlayer::State {
   std::int64_t position = 0;
   std::int64_t frames = 0;
   double frameRate = 0;
+  double takes = 0.01;  // seconds to make a frame, of late
 
   std::thread thread;
 
@@ -96,7 +105,24 @@ struct EnginePlayer::State {
     return false;
   }
 
+  // Makes frames ahead while nothing is due or wanted for longer than one takes.
+  void workAhead(std::unique_lock<std::mutex>& lock, std::unique_ptr<Playback>& playback, double& wait) {
+    while (playback && wait > takes && commands.empty() && !ends && !drops) {
+      bool worked = false;
+      const bool goesOn = unlocked(lock, playback, [&]() -> Outcome {
+        const double begun = nowSeconds();
+        worked = playback->workAhead();
+        const double now = nowSeconds();
+        if (worked) takes += (now - begun - takes) * kNewest;
+        wait = playback->dueIn(now);
+        return {};
+      });
+      if (!goesOn || !worked) return;
+    }
+  }
+
   void run() {
+    OpenFiles files(kFilesKept);
     std::unique_ptr<Playback> playback;
     int width = 0;
     int height = 0;
@@ -107,10 +133,13 @@ struct EnginePlayer::State {
         auto next = std::exchange(toLoad, std::nullopt);
         unlocked(lock, playback, [&]() -> Outcome {
           playback.reset();  // the sound is free again
-          if (!next) return {};
+          if (!next) {
+            files.clear();
+            return {};
+          }
           width = next->width;
           height = next->height;
-          playback = std::make_unique<Playback>(std::move(*next), sound.get());
+          playback = std::make_unique<Playback>(std::move(*next), sound.get(), &files);
           return {};
         });
         continue;
@@ -132,7 +161,9 @@ struct EnginePlayer::State {
       });
       if (!shown) continue;
       tell(*playback);
-      if (wait > 0 && commands.empty() && !ends) changed.wait_for(lock, std::chrono::duration<double>(wait));
+      workAhead(lock, playback, wait);
+      if (wait > 0 && playback && !drops && commands.empty() && !ends)
+        changed.wait_for(lock, std::chrono::duration<double>(wait));
     }
   }
 };
@@ -162,6 +193,8 @@ Outcome EnginePlayer::load(std::string document) {
   state_->take(std::move(*timeline));
   return {};
 }
+
+void EnginePlayer::clear() { state_->take(std::nullopt); }
 
 void EnginePlayer::play() {
   state_->command([](Playback& playback, double now) { playback.play(now); });

@@ -259,6 +259,7 @@ TEST(TransitionPanel, StoresWhatIsPicked) {
   EXPECT_EQ(clip.TransIn(), 2);
   EXPECT_EQ(clip.ExtraParamName2(), "");
   EXPECT_TRUE(panel.durationIsShort && panel.wantsPreview);
+  warnOfShortDuration(b.editing, panel);
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Short Transition duration");
   panel.selected = "Shatter In";
   DoTransition(b.editing, panel, 2);

@@ -1,0 +1,39 @@
+// The options of Ease, in the place of the list of effects while they are open.
+#pragma once
+
+#include "editor/tabs/effect_tab.h"
+#include "windows/editor/editor_page.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+
+namespace kvo {
+
+class HeadedSlider;
+
+class EasePanelPart final : public EditorPage {
+  Q_DECLARE_TR_FUNCTIONS(kvo::EasePanelPart)
+
+ public:
+  EasePanelPart(EffectTab& state, const PageLogic& logic, QSize size, QWidget* parent);
+
+  void draw();
+
+ private:
+  void act(const std::function<void()>& work);
+  QComboBox* makeDirections(const QString& name, std::span<const std::string_view> directions,
+                            const QRect& place);
+
+  EffectTab& state_;
+  const PageLogic& logic_;
+  std::array<HeadedSlider*, kEaseLevels> sliders_{};
+  QComboBox* direction_;
+  QComboBox* rotation_;
+  QCheckBox* camera_;
+};
+
+}  // namespace kvo

@@ -1,0 +1,53 @@
+// The tab Effect: 42 effects, blur, motion blur, film age, and Ease with its panel.
+#pragma once
+
+#include "editor/tabs/effect_tab.h"
+#include "windows/editor/editor_page.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <functional>
+
+class QCheckBox;
+class QRadioButton;
+class QToolButton;
+
+namespace kvo {
+
+class ClipList;
+class EasePanelPart;
+class HeadedSlider;
+
+class EffectPage final : public EditorPage {
+  Q_DECLARE_TR_FUNCTIONS(kvo::EffectPage)
+
+ public:
+  /// `showKeyframes` opens the window for the effect that has been chosen for it.
+  EffectPage(EffectTab& state, PageLogic logic, std::function<void()> showKeyframes, QWidget* parent);
+
+  void draw();
+
+ private:
+  void makeEffects();
+  void makeLevels();
+  QCheckBox* makeSwitch(QCheckBox* box, int position);
+  QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place);
+  void act(const std::function<void()>& work);
+  void openKeyframes(int position);
+
+  EffectTab& state_;
+  PageLogic logic_;
+  std::function<void()> showKeyframes_;
+  ClipList* clips_;
+  QFrame* effects_ = nullptr;
+  std::array<QCheckBox*, EffectWord::kSwitches + 1> switches_{};
+  std::array<bool, EffectWord::kSwitches + 1> drawnKeyframed_{};
+  std::array<HeadedSlider*, kEffectLevels> levels_{};
+  std::array<QToolButton*, 2> keyframes_{};  // of blur and motion blur
+  QRadioButton* easeIn_ = nullptr;
+  QRadioButton* easeOut_ = nullptr;
+  QToolButton* easeOptions_ = nullptr;
+  EasePanelPart* easePanel_ = nullptr;
+};
+
+}  // namespace kvo

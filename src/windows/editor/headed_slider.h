@@ -1,0 +1,53 @@
+// A slider of the editor with its heading over it.
+#pragma once
+
+#include "editor/tabs/editor_parts_state.h"
+#include "ui/tokens.h"
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QSlider;
+
+namespace kvo {
+
+class HeadedSlider final : public QWidget {
+ public:
+  static constexpr int kHeight = 36;  ///< pixels at size 1; where it has less, the slider stands alone
+  static constexpr int kBareHeight = 24;
+
+  /// `name` is what a screen reader calls it, and its tool tip.
+  explicit HeadedSlider(const QString& name, QWidget* parent);
+
+  /// The user has moved it.
+  std::function<void(int value)> moved;
+  /// The user has let it go; keys and wheel let go at each step.
+  std::function<void()> letGo;
+
+  /// A dot of this colour behind the heading: what the slider stands for.
+  void setDot(Rgb colour);
+
+  /// The slider and its heading; `value` stands at the right, for eyes and screen readers.
+  void draw(const ClipSlider& state, const QString& heading, const QString& value = {});
+
+  [[nodiscard]] QSlider* slider() const { return slider_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void layOut();
+
+  QLabel* heading_;
+  QLabel* value_;
+  QSlider* slider_;
+  std::optional<Rgb> dot_;
+  bool isDrawing_ = false;
+};
+
+}  // namespace kvo

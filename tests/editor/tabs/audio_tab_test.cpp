@@ -1,0 +1,124 @@
+// What the controls of the tab Audio do to the records and to the movie.
+#include "editor/tabs/audio_tab.h"
+
+#include "editor/tabs/operations.h"
+#include "editor/tabs/tab_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::TabBench;
+
+struct AudioBench : TabBench {
+  AudioTab tab;
+  AudioBench() { open(); }
+  void open() {
+    CreateClipLine(editing, true, {});
+    enterTab(editing, tab, host);
+    host.look();
+  }
+  [[nodiscard]] std::string notice() const {
+    return std::to_string(static_cast<int>(tab.notice.kind)) + tab.notice.title;
+  }
+};
+
+TEST(AudioTab, ShowsAllClipsAndTheSoundOfTheOneInHand) {
+  AudioBench b;
+  EXPECT_EQ(b.tab.Lst_AudioMovies.rows.size(), 4U);
+  EXPECT_TRUE(b.tab.hasSound && b.tab.fades.renderAudio && b.tab.fadeIn.Enabled && b.tab.level.Enabled);
+  EXPECT_EQ(b.tab.fadeIn.heading + "|" + b.tab.level.heading,
+            "Fade In Over - Cut|Clip Audio Level in Movie - 100%");
+  b.clip(4).AudioFadeOutTime(7.5F);
+  b.clip(4).AudioOutputLevel(0);
+  chooseAudioClip(b.editing, b.tab, b.host, 3);
+  EXPECT_EQ(b.host.look(), "clip 4");
+  EXPECT_EQ(b.tab.fadeOut.heading + "|" + b.tab.level.heading,
+            "Fade Out Over 7.5s|Clip Audio Level in Movie - Muted");
+  EXPECT_EQ(b.tab.fadeOut.Max, 75) << "a value of the record's is never out of reach";
+  chooseAudioClip(b.editing, b.tab, b.host, 2);
+  EXPECT_FALSE(b.tab.hasSound || b.tab.fadeIn.Enabled || b.tab.level.Enabled) << "a still";
+}
+
+TEST(AudioTab, ControlsWriteTheRecordOfTheChosenClip) {
+  struct Row {
+    const char* what;
+    std::function<void(AudioBench&)> act;
+    const char* record;  // in the movie, fades on, fade in, fade out, level
+    const char* asked;
+  };
+  const Row rows[] = {
+      {"out of the movie", [](AudioBench& b) { tickClipSound(b.editing, b.tab, b.host, false); }, "0 0 0 0 1",
+       "edit Sound off 1 98"},
+      {"into it again",
+       [](AudioBench& b) {
+         for (const bool on : {false, true}) tickClipSound(b.editing, b.tab, b.host, on);
+       },
+       "1 1 0 0 1", "edit Sound off 1 98, edit Sound on 1 98"},
+      {"fade in", [](AudioBench& b) { moveFadeIn(b.editing, b.tab, b.host, 15); }, "1 1 1.5 0 1",
+       "edit Fade in 1 0 series"},
+      {"fade out", [](AudioBench& b) { moveFadeOut(b.editing, b.tab, b.host, 25); }, "1 1 0 2.5 1",
+       "edit Fade out 1 0 series"},
+      {"level", [](AudioBench& b) { moveAudioLevel(b.editing, b.tab, b.host, 7); }, "1 0 0 0 0.7",
+       "edit Level 1 98 series"},
+  };
+  for (const auto& row : rows) {
+    AudioBench b;
+    row.act(b);
+    const auto& m = b.clip(1);
+    EXPECT_EQ(std::to_string(static_cast<int>(m.RenderAudio())) + " " +
+                  std::to_string(static_cast<int>(m.HasAudioFade())) + " " + ShortText(m.AudioFadeInTime()) +
+                  " " + ShortText(m.AudioFadeOutTime()) + " " + ShortText(m.AudioOutputLevel()),
+              row.record)
+        << row.what;
+    EXPECT_EQ(b.host.look(), row.asked) << row.what;
+  }
+}
+
+TEST(AudioTab, AFadeThatIsTooLongIsWarnedOfWhenItIsLetGo) {
+  AudioBench b;
+  moveFadeIn(b.editing, b.tab, b.host, 90);
+  EXPECT_TRUE(b.boxes.shown.empty()) << "while it is dragged";
+  letGoFade(b.editing, b.tab);
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].caption, "KVO5 - Autotrim Fade Warning");
+  tickAutoTrim(b.editing, b.tab, b.host, false);
+  letGoFade(b.editing, b.tab);
+  EXPECT_EQ(b.boxes.shown.size(), 1U) << "only with Auto Trim";
+}
+
+TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
+  AudioBench b;
+  EXPECT_EQ(b.notice(), "1Audio length matches video length") << "trimmed";
+  tickAutoTrim(b.editing, b.tab, b.host, false);
+  EXPECT_EQ(b.host.look(), "edit Auto Trim 0 98");
+  EXPECT_FALSE(b.settings.preferences().AutoTrimAudio || b.tab.Chk_AutoTrim);
+  b.open();
+  EXPECT_EQ(b.notice(), "2Audio Length does not match video Length");
+  b.settings.adjust().AutoTrimAudio = true;  // as by an undo
+  b.open();
+  EXPECT_TRUE(b.tab.Chk_AutoTrim && b.editor.controls.Chk_AutoTrim);
+
+  b.settings.state.ObjectChange = 0;
+  chooseOverlayOrder(b.editing, b.tab, OverlayOrder::Stacked);
+  EXPECT_EQ(b.editor.controls.Opt_StackOverlay, OverlayOrder::Stacked);
+  EXPECT_EQ(b.settings.state.ObjectChange, 98);
+  tickRenderClipAudio(b.editing, b.tab, false);
+  EXPECT_FALSE(b.editor.controls.Chk_RenderClipAudio || b.tab.trackFade.Enabled);
+
+  moveTrackFade(b.editing, b.tab, b.host, 5);
+  EXPECT_EQ(b.tab.trackFade.heading, "Fade between clips - 0.5s");
+  EXPECT_EQ(b.settings.preferences().VideoTrackFadeAmt, 5);
+
+  b.addVideo("late.avi", 0, 3);
+  b.open();
+  EXPECT_EQ(b.tab.notice.text, "Please move the audio track :- <song.mp3> to the end of the collection.");
+  b.collection.MovieList.remove(4);
+  b.open();
+  EXPECT_FALSE(b.tab.hasMusic || b.tab.Chk_AutoTrimEnabled);
+  EXPECT_EQ(b.notice(), "0");
+}
+
+}  // namespace
+}  // namespace kvo

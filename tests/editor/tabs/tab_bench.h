@@ -1,0 +1,72 @@
+// A tab of the editor on a collection of stand-ins, and the desk that it lies on.
+#pragma once
+
+#include "editor/tabs/tab_host.h"
+#include "support/fakes.h"
+
+#include <string>
+#include <vector>
+
+namespace kvo::test {
+
+/// Notes what is asked of it, each as a line: "edit Blur 2 0 series", "sample Effect 2".
+class NotingHost final : public TabHost {
+ public:
+  explicit NotingHost(Collection& collection) : collection_(collection) {}
+
+  std::vector<std::string> asked;
+  bool refuses = false;
+
+  bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
+            std::string_view series) override {
+    asked.push_back("edit " + std::string(act) + " " + std::to_string(clipNo) + " " +
+                    std::to_string(changeCode) + (series.empty() ? "" : " series"));
+    if (!refuses) work();
+    return !refuses;
+  }
+  void UpDateFrmFileOpen(int clipNo, bool /*pause*/) override {
+    asked.push_back("clip " + std::to_string(clipNo));
+    collection_.icurMov = clipNo;
+  }
+  void sample(Sample what, int clipNo) override {
+    constexpr const char* kNames[] = {"Transition", "Effect", "Colour", "Keyframe", "PictureInPicture"};
+    asked.push_back("sample " + std::string(kNames[static_cast<int>(what)]) + " " + std::to_string(clipNo));
+  }
+  void KillPreview() override { asked.emplace_back("kill"); }
+  void ShowClipStats() override {}
+  void buildClipSliders() override {}
+  void Buildtabs(int tab) override { asked.push_back("tab " + std::to_string(tab)); }
+
+  /// What has been asked since the last look, joined by ", ".
+  std::string look() {
+    std::string all;
+    for (const auto& line : asked) all += (all.empty() ? "" : ", ") + line;
+    asked.clear();
+    return all;
+  }
+
+ private:
+  Collection& collection_;
+};
+
+/// Two videos, a still and music; the first is the clip in hand.
+struct TabBench : Bench {
+  NotingHost host{collection};
+
+  TabBench() {
+    addVideo("a.avi", 0, 8).KeyID(1);
+    addVideo("b.mpg", 2, 6).KeyID(2);
+    auto& still = addVideo("photo.jpg", 0, 7);
+    still.KeyID(3);
+    still.IsStill(true);
+    still.Resolution("N/A");
+    still.DurationTime(Value("N/A"));
+    streams.all["/v/photo.jpg"] = {.hasVideo = true, .isStill = true};
+    addMusic("song.mp3", 0, 20).KeyID(4);
+    collection.icurMov = 1;
+  }
+
+  Movie& clip(int number) { return collection.MovieList[number]; }
+};
+
+}  // namespace kvo::test
