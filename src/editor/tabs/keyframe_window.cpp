@@ -4,6 +4,7 @@
 #include "core/telling/translated.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_word.h"
+#include "editor/tabs/effect_panel.h"
 #include "editor/tabs/effects_file.h"
 #include "editor/tabs/keyframe_edits.h"
 
@@ -227,6 +228,15 @@ int lineOfFrame(const Editing& e, Long frame) {
   return found == own.end() ? -1 : static_cast<int>(found - own.begin());
 }
 
+// Whether the clip has the effect.
+bool isSwitchedOn(const Editing& e, const KeyframeWindow& window) {
+  const EffectWord word(e.clips()[window.clipNo].EffectWord());
+  for (int position = 1; position <= EffectWord::kSwitches; ++position) {
+    if (word.isOn(position) && effectNumber(e, position) == window.effectNo) return true;
+  }
+  return false;
+}
+
 std::string effectNameOf(const Editing& e, int effectNo) {
   if (effectNo == kBlurEffect) return "Blur";
   if (effectNo == kMotionBlurEffect) return "Motion blur";
@@ -274,8 +284,7 @@ void SuspendKeyframeForm(const Editing& e, KeyframeWindow& window) {
 void followKeyframes(const Editing& e, KeyframeWindow& window) {
   if (!window.visible) return;
   const bool isSameClip = e.collection.icurMov == window.clipNo && window.clipNo <= e.clips().count();
-  if (!isSameClip || e.settings.state.KeyframeEffectNo != window.effectNo ||
-      !EffectWord(e.clips()[window.clipNo].EffectWord()).any())
+  if (!isSameClip || e.settings.state.KeyframeEffectNo != window.effectNo || !isSwitchedOn(e, window))
     return SuspendKeyframeForm(e, window);
   readKeyframes(e, window);
 }

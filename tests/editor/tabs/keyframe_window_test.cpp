@@ -154,7 +154,7 @@ TEST(KeyframeWindow, BlursHaveTheirOwnControls) {
   EXPECT_TRUE(motion.window.Chk_MblurAddative);
 }
 
-TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsClip) {
+TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
   KeyframeBench b;
   b.add(150);
   b.clip(1).LoopEnd(Value(4));
@@ -163,9 +163,10 @@ TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsClip) {
   EXPECT_TRUE(b.window.ignored.at(1));
   EXPECT_EQ(b.frames(), "0:0 ");
   EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100) << "it stays within the marks";
-  b.collection.icurMov = 2;
+  EXPECT_TRUE(b.window.visible);
+  b.clip(1).EffectWord(std::string(EffectWord::kSwitches, '0'));
   followKeyframes(b.editing, b.window);
-  EXPECT_FALSE(b.window.visible);
+  EXPECT_FALSE(b.window.visible) << "the clip has the effect no more";
 }
 
 }  // namespace
