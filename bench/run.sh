@@ -179,11 +179,17 @@ seeks() {
   "$bin/bench_seeks" "$work/dissolve-360-6/movie.xtl"
 }
 
-# The editor's preview: pictures left out, gaps, start, seeks, sound against picture.
+# The editor's preview: pictures left out, gaps, start, seeks, sound against picture; with clear films, and with noise.
 preview() {
   mkdir -p "$work"
   bash bench/make_corpus.sh "$work/corpus"
-  "$bin/bench_preview" "$work/corpus"
+  local film
+  for film in 1 2 3; do
+    [ -e "$work/film$film.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
+      -f lavfi -i "sine=frequency=$((film * 300))" -t 12 -c:v libx264 -preset fast -g 50 -c:a aac "$work/film$film.mp4"
+  done
+  "$bin/bench_preview" "$work/film"
+  "$bin/bench_preview" "$work/corpus/c"
 }
 
 # Playing, beside a running mpv: 720 lines at 25 pictures a second, H.264 with a key picture every ten seconds. On a

@@ -46,12 +46,17 @@ std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, int width,
 }  // namespace
 
 struct EnginePlayer::State {
+  struct Command {
+    enum class What { Play, Pause, Stop, Seek } what;
+    std::int64_t frame = 0;  // of a seek
+  };
+
   std::unique_ptr<SoundOutput> sound;
   ShowFrame show;
 
   std::mutex mutex;
   std::condition_variable changed;
-  std::vector<std::function<void(Playback&, double now)>> commands;
+  std::vector<Command> commands;
   std::optional<Timeline> toLoad;
   bool drops = false;  // what is played is to make room for what is to be loaded, or for nothing
   bool ends = false;
@@ -84,11 +89,30 @@ struct EnginePlayer::State {
     changed.notify_all();
   }
 
-  void command(std::function<void(Playback&, double now)> what) {
+  void command(const Command& what) {
     const std::lock_guard lock(mutex);
     if (state == PlayState::Empty || state == PlayState::Failed) return;
-    commands.push_back(std::move(what));
+    // Of the seeks that have not been taken up only the newest counts.
+    if (what.what == Command::What::Seek && !commands.empty() && commands.back().what == what.what)
+      commands.pop_back();
+    commands.push_back(what);
     changed.notify_all();
+  }
+
+  // The picture that is wanted first is made before the clock runs.
+  static void carryOut(const Command& command, Playback& playback) {
+    switch (command.what) {
+      case Command::What::Play:
+        playback.makeReady();
+        return playback.play(nowSeconds());
+      case Command::What::Pause:
+        return playback.pause(nowSeconds());
+      case Command::What::Stop:
+        return playback.stop();
+      case Command::What::Seek:
+        playback.makeReady(command.frame);
+        return playback.seek(command.frame, nowSeconds());
+    }
   }
 
   // Does `work` while nobody has to wait for it; false when something else is wanted by now, or it failed.
@@ -150,9 +174,8 @@ struct EnginePlayer::State {
       }
       double wait = 0;
       const auto asked = std::exchange(commands, {});
-      for (const auto& what : asked) what(*playback, nowSeconds());
-      tell(*playback);
       const bool shown = unlocked(lock, playback, [&]() -> Outcome {
+        for (const auto& command : asked) carryOut(command, *playback);
         auto due = playback->step(nowSeconds());
         if (!due) return due.error();
         if (*due) show((*due)->frame, bitmapOf((*due)->picture, width, height));
@@ -196,18 +219,10 @@ Outcome EnginePlayer::load(std::string document) {
 
 void EnginePlayer::clear() { state_->take(std::nullopt); }
 
-void EnginePlayer::play() {
-  state_->command([](Playback& playback, double now) { playback.play(now); });
-}
-void EnginePlayer::pause() {
-  state_->command([](Playback& playback, double now) { playback.pause(now); });
-}
-void EnginePlayer::stop() {
-  state_->command([](Playback& playback, double /*now*/) { playback.stop(); });
-}
-void EnginePlayer::seek(std::int64_t frame) {
-  state_->command([frame](Playback& playback, double now) { playback.seek(frame, now); });
-}
+void EnginePlayer::play() { state_->command({State::Command::What::Play}); }
+void EnginePlayer::pause() { state_->command({State::Command::What::Pause}); }
+void EnginePlayer::stop() { state_->command({State::Command::What::Stop}); }
+void EnginePlayer::seek(std::int64_t frame) { state_->command({State::Command::What::Seek, frame}); }
 
 PlayState EnginePlayer::state() const {
   const std::lock_guard lock(state_->mutex);

@@ -10,6 +10,7 @@ namespace kvo::engine {
 namespace {
 
 constexpr double kSoundAhead = 0.4;       // seconds that are queued ahead of what is heard
+constexpr double kSoundFirst = 0.2;       // that are enough to begin with
 constexpr double kSoundStep = 0.05;       // seconds queued at a time
 constexpr double kStands = 3600;          // nothing is due
 constexpr std::int64_t kFramesAhead = 8;  // that are made before they are due
@@ -41,8 +42,18 @@ void Playback::silence() {
   sound_->clear();
 }
 
+std::int64_t Playback::held(std::int64_t frame) const {
+  return std::clamp<std::int64_t>(frame, 0, frames_ - 1);
+}
+
+void Playback::makeReady(std::optional<std::int64_t> frame) {
+  if (state_ == PlayState::Failed) return;
+  const auto first = state_ == PlayState::Ended ? 0 : wanted_;
+  static_cast<void>(guarded([&] { return picture(held(frame.value_or(first))); }));
+}
+
 void Playback::standAt(std::int64_t frame) {
-  wanted_ = std::clamp<std::int64_t>(frame, 0, frames_ - 1);
+  wanted_ = held(frame);
   mixer_.reset();
   queued_ = 0;
   silence();
@@ -91,7 +102,7 @@ Outcome Playback::queueSound() {
   if (!mixer_) mixer_.emplace(timeline_, timeline_.frameRate.unitsAt(wanted_, media::kSampleRate));
   const bool begins = queued_ == 0;
   std::vector<float> samples(static_cast<std::size_t>(kSoundStep * media::kSampleRate) * media::kChannels);
-  while (sound_->waiting() < kSoundAhead) {
+  while (sound_->waiting() < (begins ? kSoundFirst : kSoundAhead)) {
     if (auto done = mixer_->read(samples); !done) return done;
     sound_->queue(samples);
     queued_ += static_cast<std::int64_t>(samples.size()) / media::kChannels;

@@ -32,6 +32,10 @@ class Playback {
   void stop();
   void seek(std::int64_t frame, double now);
 
+  /// Makes the frame that a seek to `frame` shows, or that playing would begin with, so that the clock need
+  /// not run before it is there. What fails is told when it is due.
+  void makeReady(std::optional<std::int64_t> frame = std::nullopt);
+
   struct Shown {
     std::int64_t frame = 0;
     media::Picture picture{};
@@ -60,6 +64,7 @@ class Playback {
   Outcome queueSound();
   void silence();
   void standAt(std::int64_t frame);
+  [[nodiscard]] std::int64_t held(std::int64_t frame) const;
   Result<std::optional<Shown>> due(double now);
   Result<std::optional<Shown>> show(std::int64_t frame);
   Result<media::Picture> picture(std::int64_t frame);

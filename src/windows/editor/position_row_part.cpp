@@ -86,7 +86,7 @@ PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, Q
     made_->setTextFormat(Qt::PlainText);
     return made_;
   };
-  captions_ = {label(tr("Remaining"), "caption"), label(tr("Total"), "caption")};
+  captions_ = {label(tr("Remaining"), "hint"), label(tr("Total"), "hint")};
   Lbl_Remain_ = label({}, "number");
   Lbl_TotDur_ = label({}, "number");
   Lbl_Remain_->setAccessibleName(tr("Remaining"));
@@ -176,16 +176,14 @@ void PositionRowPart::layOut() {
     keys_[i]->setGeometry(x, middle - height / 2, themed(kRowKeys[i].width), height);
     x += themed(kRowKeys[i].width) + themed(kRowKeyGap);
   }
-  const int overhang = themed(kHandle) / 2;
-  FSB_RenderRange_->setGeometry(left - overhang, themed(kBarTop), right - left + 2 * overhang,
-                                themed(kRangeBarHeight));
+  FSB_RenderRange_->setGeometry(left, themed(kBarTop), right - left, themed(kRangeBarHeight));
 }
 
 void PositionRowPart::paintEvent(QPaintEvent* event) {
   QFrame::paintEvent(event);
   if (drawnTotal_ <= 0) return;
   QPainter painter(this);
-  const double left = themed(kRowInset);
+  const double left = themed(kRowInset) + themed(kHandle) / 2.0;  // of the handle's middle
   const double along = width() - 2 * left;
   const auto tick = [&](double seconds) {
     const double x = std::round(left + along * seconds / drawnTotal_);
