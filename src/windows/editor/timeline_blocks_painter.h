@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/timeline/timeline_hand.h"
+#include "ui/tokens.h"
 #include "windows/editor/timeline_sketches.h"
 
 class QPainter;
