@@ -1,13 +1,21 @@
 // The pages of the editor, driven as a user drives them.
+#include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 #include "ui/made.h"
+#include "ui/theme.h"
 #include "windows/editor/audio_page.h"
+#include "windows/editor/color_page.h"
 #include "windows/editor/effect_page.h"
+#include "windows/editor/overlay_page.h"
+#include "windows/editor/stills_page.h"
+#include "windows/keyframe/frm_keyframe.h"
+#include "windows/keyframe/keyframe_strip.h"
 
+#include <QAbstractButton>
+#include <QAbstractSlider>
 #include <QAccessible>
 #include <QApplication>
-#include <QCheckBox>
-#include <QSlider>
+#include <QContextMenuEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -20,39 +28,238 @@ using test::TabBench;
 // Pictures to look at, where they are asked for.
 void keepPicture(QWidget& widget, const QString& name) {
   const auto folder = qEnvironmentVariable("KVO_PICTURES");
-  if (!folder.isEmpty()) widget.grab().save(folder + "/" + name + ".png");
+  if (folder.isEmpty()) return;
+  widget.grab().save(folder + "/" + name + ".png");
+  setThemeSize(*qApp, 2);
+  QTest::qWait(1);
+  widget.grab().save(folder + "/" + name + "@2x.png");
+  setThemeSize(*qApp, 1);
+  QTest::qWait(1);
 }
 
+// Five clips as in a small film, with music at their end.
 struct PageBench : TabBench {
-  int acts = 0;
-  PageLogic logic{editing, host, [this] { ++acts; }};
+  PageLogic logic{editing, host, [] {}};
 
   PageBench() {
+    collection.clearLists();
+    addVideo("Opening.mp4", 0, 6).AltName("Opening");
+    addVideo("lake at dusk.mpg", 0, 8);
+    auto& still = addVideo("photo.jpg", 0, 7);
+    still.IsStill(true);
+    still.stretchmode(1);
     addVideo("sailing.avi", 0, 15);
-    clip(1).AltName("Opening");
+    addMusic("music.mp3", 0, 36);
+    for (int i = 1; i <= 5; ++i) {
+      clip(i).KeyID(i);
+      clip(i).HasAudio(true);
+    }
+    settings.adjust().StillsIndividual = true;
+    collection.icurMov = 2;
+    CreateClipLine(editing, true, {});
+  }
+
+  /// A page that is drawn behind each act.
+  template <class Page, class Tab, class... More>
+  std::unique_ptr<Page> open(Tab& tab, More&&... more) {
+    enterTab(editing, tab, host);
+    auto draw = std::make_shared<std::function<void()>>();
+    logic.acted = [draw] { (*draw)(); };
+    auto page = std::make_unique<Page>(tab, logic, std::forward<More>(more)..., nullptr);
+    *draw = [shown = page.get()] { shown->draw(); };
+    page->draw();
+    page->show();
+    return page;
   }
 };
 
-TEST(EffectPage, TicksAndMovesReachTheRecord) {
-  PageBench b;
-  EffectTab tab;
-  enterTab(b.editing, tab, b.host);
-  int opened = 0;
-  EffectPage page(tab, b.logic, [&] { ++opened; }, nullptr);
-  b.logic.acted = [&] { page.draw(); };
-  page.draw();
-  page.show();
-  keepPicture(page, "effect");
+// The control that a screen reader calls so.
+template <class Control>
+Control* named(QWidget& page, const QString& name) {
+  for (auto* control : page.findChildren<Control*>()) {
+    if (QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name) == name) return control;
+  }
+  ADD_FAILURE() << "no control " << name.toStdString();
+  return nullptr;
 }
 
-TEST(AudioPage, Shows) {
+void press(QWidget& page, const QString& name) {
+  if (auto* button = named<QAbstractButton>(page, name)) button->click();
+}
+
+// By keys: one step up from where it stands.
+void stepUp(QWidget& page, const QString& name) {
+  if (auto* slider = named<QAbstractSlider>(page, name)) QTest::keyClick(slider, Qt::Key_Right);
+}
+
+// Every control that takes the keyboard has a name and a tip, is in the page, and is large enough to hit.
+void expectReachable(QWidget& page, int leastHeight = 24) {
+  int seen = 0;
+  for (auto* part : page.findChildren<QWidget*>()) {
+    if ((part->focusPolicy() & Qt::TabFocus) == 0 || !part->isVisibleTo(&page)) continue;
+    const auto name = QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
+    EXPECT_FALSE(name.isEmpty()) << part->metaObject()->className();
+    EXPECT_FALSE(part->toolTip().isEmpty()) << name.toStdString();
+    const auto place = QRect(part->mapTo(&page, QPoint()), part->size());
+    EXPECT_TRUE(page.rect().contains(place)) << name.toStdString();
+    EXPECT_GE(part->height(), leastHeight) << name.toStdString();
+    ++seen;
+  }
+  EXPECT_GT(seen, 5);
+}
+
+TEST(EffectPage, TicksSlidersAndRightClicksReachTheRecord) {
+  PageBench b;
+  EffectTab tab;
+  int opened = 0;
+  auto page = b.open<EffectPage>(tab, [&] { ++opened; });
+  press(*page, "Watercolor");
+  press(*page, "Film age");
+  stepUp(*page, "Film age");
+  auto& clip = b.clip(2);
+  EXPECT_TRUE(EffectWord(clip.EffectWord()).isOn(EffectSwitch::FilmAge));
+  EXPECT_EQ(clip.AgeIntensity(), 36);
+  auto* box = named<QAbstractButton>(*page, "Watercolor");
+  QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(4, 4), box->mapToGlobal(QPoint(4, 4)));
+  QApplication::sendEvent(box, &rightClick);
+  EXPECT_EQ(opened, 1);
+  keepPicture(*page, "effect");
+  expectReachable(*page, 18);
+  press(*page, "Ease \\ Motion");
+  EXPECT_FALSE(box->isVisible()) << "the options of Ease stand there now";
+  stepUp(*page, "Motion speed");
+  EXPECT_EQ(clip.MoveSpeedA(), 1.01F);
+  keepPicture(*page, "effect-ease");
+  press(*page, "Back to the effects");
+  EXPECT_TRUE(box->isVisible());
+}
+
+TEST(AudioPage, FadesLevelAndMusic) {
   PageBench b;
   AudioTab tab;
+  auto page = b.open<AudioPage>(tab);
+  for (int i = 0; i < 15; ++i) stepUp(*page, "Fade in of this clip");
+  stepUp(*page, "Level of this clip in the movie");
+  EXPECT_EQ(b.clip(2).AudioFadeInTime(), 1.5F);
+  EXPECT_EQ(b.clip(2).AudioOutputLevel(), 1.1F);
+  keepPicture(*page, "audio");
+  expectReachable(*page);
+  press(*page, "All from the start of the movie");
+  EXPECT_EQ(b.editor.controls.Opt_StackOverlay, OverlayOrder::Stacked);
+  press(*page, "Auto Trim");
+  EXPECT_FALSE(b.settings.preferences().AutoTrimAudio);
+  press(*page, "Put this sound in the movie");
+  EXPECT_FALSE(b.clip(2).RenderAudio());
+  EXPECT_FALSE(named<QAbstractSlider>(*page, "Fade in of this clip")->isEnabled());
+  b.addVideo("late.avi", 0, 3);
+  followTab(b.editing, tab, b.host, true);
+  page->draw();
+  keepPicture(*page, "audio-misplaced");
+}
+
+TEST(StillsPage, DurationAndAspect) {
+  PageBench b;
+  b.collection.icurMov = 3;
+  StillsTab tab;
+  auto page = b.open<StillsPage>(tab, PictureOfClip());
+  stepUp(*page, "Still Duration");
+  press(*page, "Maintain and fill target frame");
+  EXPECT_EQ(b.clip(3).LoopEnd().text(), "7.1");
+  EXPECT_EQ(b.clip(3).stretchmode(), 2);
+  keepPicture(*page, "stills");
+  expectReachable(*page);
+  press(*page, "Treat all stills in group the same");
+  EXPECT_FALSE(b.settings.preferences().StillsIndividual);
+}
+
+TEST(ColorPage, LevelsSepiaAndReset) {
+  PageBench b;
+  ColorTab tab;
+  b.clip(2).Red(110);
+  b.clip(2).Contrast(4);
+  QImage small(80, 60, QImage::Format_RGB32);
+  small.fill(toColour(token("violet")));
+  const auto picture = [small](int) { return small; };
+  auto page = b.open<ColorPage>(tab, ColorPage::Pictures{picture, picture});
+  stepUp(*page, "Red");
+  press(*page, "Sepia");
+  EXPECT_EQ(b.clip(2).Red(), 111);
+  EXPECT_TRUE(b.clip(2).Sepia());
+  keepPicture(*page, "color");
+  expectReachable(*page);
+  press(*page, "Reset");
+  EXPECT_EQ(b.clip(2).Red(), 0);
+  EXPECT_FALSE(named<QAbstractButton>(*page, "Reset")->isEnabled());
+}
+
+TEST(OverlayPage, PlacesOneClipOverAnother) {
+  PageBench b;
+  OverlayTab tab;
+  auto page = b.open<OverlayPage>(tab);
+  chooseOverlay(b.editing, tab, b.host, 0);
+  page->draw();
+  press(*page, "Bottom Right Third");
+  press(*page, "Rectangular - 32bit Color Req");
+  press(*page, "Trim Overlay length to backdrop length (Rate Adjust)");
+  EXPECT_EQ(b.clip(2).HasPicInPic(), "001312100000000000001");
+  press(*page, "Add Audio from Overlay Clip - ( Level = 100% )");
+  EXPECT_TRUE(tab.overlaySound.ticked);
+  keepPicture(*page, "overlay");
+  expectReachable(*page);
+  press(*page, "Clear");
+  EXPECT_EQ(b.clip(2).HasPicInPic(), "");
+}
+
+TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
+  PageBench b;
+  b.settings.change().OutPutFrameRate = 25;
+  auto& clip = b.clip(2);
+  clip.DurationTime(Value(8));
+  clip.DurationFrames(Value(200));
+  clip.LoopEnd(Value(8));
+  EffectTab tab;
   enterTab(b.editing, tab, b.host);
-  AudioPage page(tab, b.logic, nullptr);
-  page.draw();
-  page.show();
-  keepPicture(page, "audio");
+  constexpr int kColoredPencil = 14;
+  tickEffect(b.editing, tab, b.host, kColoredPencil, true);
+  ASSERT_TRUE(opensKeyframes(b.editing, tab, kColoredPencil));
+  KeyframeWindow state;
+  ASSERT_TRUE(ActivateKeyFrameForm(b.editing, state, b.host));
+  QWidget owner;
+  owner.resize(1280, 800);
+  owner.show();
+  std::vector<Long> shownFrames;
+  FrmKeyframe* drawn = nullptr;
+  b.logic.acted = [&] { drawn->draw(&owner); };
+  FrmKeyframe window(state, b.logic, [&](Long frame) { shownFrames.push_back(frame); }, {});
+  drawn = &window;
+  window.draw(&owner);
+  EXPECT_TRUE(window.isVisible());
+  named<QAbstractSlider>(window, "Frame")->setValue(80);
+  press(window, "Add a new keyframe here");
+  stepUp(window, "Effect Level");
+  EXPECT_EQ(b.collection.KeyframeList[2].FrameNo, 80);
+  EXPECT_EQ(b.collection.KeyframeList[2].Transparency, 31);
+
+  auto* strip = dynamic_cast<KeyframeStrip*>(named<QWidget>(window, "Keyframes over time"));
+  ASSERT_NE(strip, nullptr);
+  const auto diamond = strip->at(80, 0.31);
+  QTest::mousePress(strip, Qt::LeftButton, {}, diamond.toPoint());
+  const auto target = strip->at(120, 0.8).toPoint();
+  QMouseEvent move(QEvent::MouseMove, target, strip->mapToGlobal(target), Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(strip, &move);
+  QTest::mouseRelease(strip, Qt::LeftButton, {}, target);
+  EXPECT_NEAR(b.collection.KeyframeList[2].FrameNo, 120, 1);
+  EXPECT_NEAR(b.collection.KeyframeList[2].Transparency, 80, 2);
+  QTest::keyClick(strip, Qt::Key_Left);
+  EXPECT_NEAR(b.collection.KeyframeList[2].FrameNo, 119, 1);
+  EXPECT_EQ(shownFrames.front(), 80);
+  EXPECT_NEAR(shownFrames.back(), 119, 1) << "the picture goes with the frame";
+  keepPicture(window, "keyframes");
+  expectReachable(window);
+  press(window, "Delete");
+  EXPECT_EQ(b.collection.KeyframeList.count(), 1);
+  QTest::keyClick(&window, Qt::Key_Escape);
+  EXPECT_FALSE(state.visible || window.isVisible());
 }
 
 }  // namespace

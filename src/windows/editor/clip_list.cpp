@@ -1,5 +1,6 @@
 #include "windows/editor/clip_list.h"
 
+#include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "editor/tabs/clip_checks.h"
 #include "ui/theme.h"
@@ -24,8 +25,6 @@ ControlColour listColour(Rgb rgb) {
 
 CoolListProperties clipListProperties() {
   CoolListProperties p;
-  p.Appearance = 0;
-  p.BorderStyle = 0;
   p.BackNormal = listColour(token("ink0"));
   p.BackSelected = listColour(token("tealBg"));
   p.FontNormal = listColour(token("text1"));
@@ -74,7 +73,7 @@ void ClipList::draw(const ListBox& state, const Collection& collection) {
                             ? mediaClass(collection.MovieList[clipNo].MovieName(), nullptr)
                             : MediaClass::Video;
       const auto icon = static_cast<std::int16_t>(static_cast<int>(kind) + 1);
-      items.push_back({nameOfRow(row), icon,
+      items.push_back({std::string(trimmed(nameOfRow(row))), icon,
                        static_cast<std::int16_t>(icon + static_cast<int>(kClipIcons.size())), false});
     }
     list().setItems(std::move(items));

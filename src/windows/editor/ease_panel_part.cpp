@@ -46,7 +46,8 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
       makeDirections(tr("Rotation direction"), rotationDirections(), {kSecond, kChoices + 18, kEaseHalf, 28});
   connect(rotation_, &QComboBox::activated,
           [this](int index) { act([&] { chooseRotation(logic_.editing, state_, logic_.host, index); }); });
-  camera_ = put(made<QCheckBox>(tr("Revolve camera"), this), {kEaseLeft, kChoices + 54, kEaseWide, 24});
+  camera_ =
+      put(made<QCheckBox>(tr("Revolve camera"), this), {kEaseLeft - kMarkRoom, kChoices + 54, kEaseWide, 24});
   camera_->setToolTip(tr("Turn the camera around the picture"));
   connect(camera_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickRotateCam(logic_.editing, state_, logic_.host, on); }); });

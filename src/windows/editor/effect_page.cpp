@@ -21,8 +21,8 @@ constexpr QRect kEffectsPlace(182, 34, 242, 398);
 constexpr int kEffectRows = 21;
 constexpr double kEffectPitch = 18.4;
 constexpr int kEffectFirst = 39;  // middle of the first row, less half of its height
-constexpr std::array kEffectColumns = {190, 308};
-constexpr int kEffectWide = 112;
+constexpr std::array kEffectColumns = {186, 304};
+constexpr int kEffectWide = 117;
 constexpr int kBlurSwitch = static_cast<int>(EffectSwitch::Blur);
 constexpr int kMotionSwitch = static_cast<int>(EffectSwitch::MotionBlur);
 constexpr int kAgeSwitch = static_cast<int>(EffectSwitch::FilmAge);
@@ -67,6 +67,7 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, std::function<void()> 
       showKeyframes_(std::move(showKeyframes)),
       clips_(put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
+  clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
     act([&] { chooseEffectClip(logic_.editing, state_, logic_.host, row); });
   };
@@ -111,7 +112,7 @@ QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, cons
 
 void EffectPage::makeEffects() {
   write(tr("Effects"), "caption", {182, 15, 60, 16});
-  auto* hint = write(tr("Right click a ticked effect for keyframes"), "hint", {232, 15, 192, 16});
+  auto* hint = write(tr("Right click for keyframes"), "hint", {232, 15, 192, 16});
   hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   effects_ = put(made<QFrame>(this), kEffectsPlace);
   effects_->setProperty("role", "list");
@@ -138,7 +139,8 @@ void EffectPage::makeLevels() {
   for (std::size_t i = 0; i < kSections.size(); ++i) {
     const auto& [heading, icon, top, position] = kSections[i];
     write(tr(heading), "caption", {16, top, 120, 16});
-    makeSwitch(put(made<QCheckBox>(this), {16, top + 16, 120, 24}), position)->setAccessibleName(tr(heading));
+    makeSwitch(put(made<QCheckBox>(this), {16 - kMarkRoom, top + 16, 120, 24}), position)
+        ->setAccessibleName(tr(heading));
     if (icon == nullptr) continue;
     auto* key = makeSmallKey(icon, position == kEaseSwitch ? tr("Ease options") : tr("Keyframes"),
                              {142, top - 4, 24, 24});
@@ -159,8 +161,8 @@ void EffectPage::makeLevels() {
       act([&] { moveEffectLevel(logic_.editing, state_, logic_.host, static_cast<EffectLevel>(i), value); });
     };
   }
-  easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 42, 24});
-  easeOut_ = put(made<QRadioButton>(tr("Out"), this), {126, 416, 50, 24});
+  easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 44, 24});
+  easeOut_ = put(made<QRadioButton>(tr("Out"), this), {126, 416, 54, 24});
   auto* group = made<QButtonGroup>(this);
   for (auto* option : {easeIn_, easeOut_}) {
     group->addButton(option);

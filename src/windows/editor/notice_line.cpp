@@ -49,6 +49,7 @@ void NoticeLine::layOut() {
   const int titleHigh = std::min(title_->heightForWidth(wide), height());
   const int textHigh = std::min(text_->heightForWidth(wide), height() - titleHigh);
   const int top = std::max(0, (height() - titleHigh - textHigh) / 2);
+  card_ = QRect(0, top, width(), titleHigh + textHigh).adjusted(0, -themed(8), 0, themed(8)) & rect();
   title_->setGeometry(left, top, wide, titleHigh);
   text_->setGeometry(left, top + titleHigh, wide, textHigh);
 }
@@ -71,9 +72,9 @@ void NoticeLine::paintEvent(QPaintEvent* /*event*/) {
   ground.setAlphaF(0.6F);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ground);
-  painter.drawRoundedRect(rect(), themed(4), themed(4));
+  painter.drawRoundedRect(card_, themed(4), themed(4));
   painter.setBrush(toColour(sign));
-  painter.drawRoundedRect(QRectF(0, 0, themed(kNoticeBar), height()), 1, 1);
+  painter.drawRoundedRect(QRectF(card_.x(), card_.y(), themed(kNoticeBar), card_.height()), 1, 1);
   const auto icon = iconPicture(isGood_ ? "check" : "warn", sign, themed(kNoticeIcon), devicePixelRatio());
   painter.drawPixmap(QPointF(themed(14), (height() - themed(kNoticeIcon)) / 2.0), icon);
 }

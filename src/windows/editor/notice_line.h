@@ -24,6 +24,7 @@ class NoticeLine final : public QWidget {
 
   QLabel* title_;
   QLabel* text_;
+  QRect card_;  // about the two lines, in the middle of the widget
   bool isGood_ = true;
 };
 

@@ -1,0 +1,98 @@
+#include "editor/tabs/color_tab.h"
+
+#include "base/text.h"
+#include "editor/compiler/durations.h"
+
+#include <algorithm>
+#include <string>
+
+namespace kvo {
+namespace {
+
+struct ColourRow {
+  const char* name;
+  int max;
+  const Single& (Movie::*get)() const;
+  void (Movie::*set)(Single);
+};
+constexpr ColourRow kColourRows[kColourLevels] = {
+    {"Red", 255, &Movie::Red, &Movie::Red},
+    {"Green", 255, &Movie::Green, &Movie::Green},
+    {"Blue", 255, &Movie::Blue, &Movie::Blue},
+    {"Threshold", 1000, &Movie::Threshold, &Movie::Threshold},
+    {"Contrast", 20, &Movie::Contrast, &Movie::Contrast},
+    {"Brightness", 20, &Movie::Brightness, &Movie::Brightness},
+    {"Gamma", 20, &Movie::Gamma, &Movie::Gamma},
+};
+
+const ColourRow& rowOf(ColourLevel level) { return kColourRows[static_cast<std::size_t>(level)]; }
+
+void SetColorFrametoObj(const Editing& e, ColorTab& tab) {
+  const int clipNo = chosenClip(tab.Lst_ColorAdjust);
+  tab.enabled = clipNo >= 1 && clipNo <= e.clips().count();
+  const Movie none;
+  const auto& clip = tab.enabled ? e.clips()[clipNo] : none;
+  tab.Chk_Sepia = tab.isAdjusted = clip.Sepia();
+  for (std::size_t i = 0; i < kColourLevels; ++i) {
+    const auto& row = kColourRows[i];
+    const double stored = decimal((clip.*row.get)());
+    const int value = toLongClamped(RoundToWhole(stored));
+    tab.levels[i] = {std::min(0, value), std::max(row.max, value), value, tab.enabled, row.name};
+    tab.isAdjusted = tab.isAdjusted || stored != 0;
+  }
+}
+
+void changeColours(const Editing& e, ColorTab& tab, TabHost& host, std::string_view act, bool isSeries,
+                   const std::function<void(Movie&)>& work) {
+  const int clipNo = chosenClip(tab.Lst_ColorAdjust);
+  if (!tab.enabled) return;
+  const bool done = host.edit(
+      act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  SetColorFrametoObj(e, tab);
+  if (done) host.sample(Sample::Colour, clipNo);
+}
+
+}  // namespace
+
+std::string_view colourLevelName(ColourLevel level) { return rowOf(level).name; }
+
+void enterTab(const Editing& e, ColorTab& tab, TabHost& host) {
+  followTab(e, tab, host, true);
+  if (!tab.Lst_ColorAdjust.hasChoice() && !tab.Lst_ColorAdjust.rows.empty())
+    chooseColourClip(e, tab, host, 0);
+}
+
+void followTab(const Editing& e, ColorTab& tab, TabHost& /*host*/, bool rebuild) {
+  if (rebuild) tab.Lst_ColorAdjust.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
+  SetMovieLstToMainIndex(e, tab.Lst_ColorAdjust);
+  SetColorFrametoObj(e, tab);
+}
+
+void chooseColourClip(const Editing& e, ColorTab& tab, TabHost& host, int row) {
+  tab.Lst_ColorAdjust.ListIndex = row;
+  if (tab.Lst_ColorAdjust.hasChoice()) host.UpDateFrmFileOpen(chosenClip(tab.Lst_ColorAdjust), false);
+  SetMovieLstToMainIndex(e, tab.Lst_ColorAdjust);
+  SetColorFrametoObj(e, tab);
+  host.buildClipSliders();
+  host.ShowClipStats();
+  if (tab.isAdjusted) host.sample(Sample::Colour, chosenClip(tab.Lst_ColorAdjust));
+}
+
+void moveColourLevel(const Editing& e, ColorTab& tab, TabHost& host, ColourLevel level, int value) {
+  const auto& row = rowOf(level);
+  changeColours(e, tab, host, row.name, true,
+                [&](Movie& clip) { (clip.*row.set)(static_cast<Single>(value)); });
+}
+
+void tickSepia(const Editing& e, ColorTab& tab, TabHost& host, bool on) {
+  changeColours(e, tab, host, "Sepia", false, [&](Movie& clip) { clip.Sepia(on); });
+}
+
+void resetColours(const Editing& e, ColorTab& tab, TabHost& host) {
+  changeColours(e, tab, host, "Reset colors", false, [](Movie& clip) {
+    for (const auto& row : kColourRows) (clip.*row.set)(0);
+    clip.Sepia(false);
+  });
+}
+
+}  // namespace kvo

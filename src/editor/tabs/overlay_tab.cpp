@@ -1,0 +1,152 @@
+#include "editor/tabs/overlay_tab.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr Integer kMarkChanged = 96;  // change code
+constexpr int kPercent = 100;
+constexpr int kFadeStep = 50;  // milliseconds
+
+// Ranges, labels and audio boxes, as the two clips and the look have them.
+void buildControls(const Editing& e, OverlayTab& tab) {
+  const int backdropNo = chosenClip(tab.Lst_PicinPicBackdrop);
+  const int overlayNo = chosenClip(tab.Lst_PicinPicOverlays);
+  tab.enabled = backdropNo > 0;
+  tab.Pic_NoPinp = tab.enabled && overlayNo == 0;
+  const Movie none;
+  const auto& backdrop = backdropNo > 0 ? e.clips()[backdropNo] : none;
+  const auto& overlay = overlayNo > 0 ? e.clips()[overlayNo] : backdrop;
+  const int longest = fadeSliderMaximum(backdrop, overlay);
+  const auto texts = SetPicInPicSliderTexts(tab.look);
+  const auto slider = [&](int max, int value, const std::string& heading) {
+    return ClipSlider{0, std::max(max, value), value, tab.enabled, heading};
+  };
+  tab.Sld_MaxTransparency = slider(kPercent, tab.look.maxOpacity, texts[0]);
+  tab.Sld_OverlayIn = slider(longest, tab.look.fadeIn, texts[1]);
+  tab.Sld_OverlayOut = slider(longest, tab.look.fadeOut, texts[2]);
+  tab.overlaySound.box = overlayNo > 0 ? overlayAudioBox(overlay) : overlayAudioBox(none);
+  tab.backdropSound.box = backdropAudioBox(backdrop);
+}
+
+// The controls as the backdrop's record has them; without an overlay as they begin.
+void PopulateOverlayInterface(const Editing& e, OverlayTab& tab) {
+  const int backdropNo = chosenClip(tab.Lst_PicinPicBackdrop);
+  tab.look = {};
+  if (backdropNo > 0) {
+    if (const auto kept = readPicInPic(e.clips()[backdropNo].HasPicInPic())) tab.look = *kept;
+  }
+  chooseClip(tab.Lst_PicinPicOverlays, tab.look.overlayClip);
+  buildControls(e, tab);
+}
+
+void fillOverlayLists(const Editing& e, OverlayTab& tab) {
+  tab.Lst_PicinPicBackdrop.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
+  tab.Lst_PicinPicOverlays.rows = tab.Lst_PicinPicBackdrop.rows;
+}
+
+// To whole steps, but not off the end of the slider.
+int fadeStep(int milliseconds, const ClipSlider& slider) {
+  return std::min((milliseconds + kFadeStep / 2) / kFadeStep * kFadeStep, slider.Max);
+}
+
+void showSample(const OverlayTab& tab, TabHost& host) {
+  if (tab.enabled) host.sample(Sample::PictureInPicture, chosenClip(tab.Lst_PicinPicBackdrop));
+}
+
+// Packs the controls into the backdrop's record; without an overlay nothing is stored.
+void CreatePicInPicEffectWordFromInterface(const Editing& e, OverlayTab& tab, TabHost& host,
+                                           std::string_view act, bool isSeries) {
+  tab.look.overlayClip = chosenClip(tab.Lst_PicinPicOverlays);
+  if (tab.enabled && tab.look.overlayClip > 0) {
+    const int backdropNo = chosenClip(tab.Lst_PicinPicBackdrop);
+    host.edit(
+        act, backdropNo, 0, [&] { e.clips()[backdropNo].HasPicInPic(picInPicText(tab.look)); },
+        isSeries ? act : "");
+    PopulateOverlayInterface(e, tab);
+    showSample(tab, host);
+    return;
+  }
+  buildControls(e, tab);
+}
+
+}  // namespace
+
+void enterTab(const Editing& e, OverlayTab& tab, TabHost& host) {
+  host.KillPreview();
+  fillOverlayLists(e, tab);
+  SetMovieLstToMainIndex(e, tab.Lst_PicinPicBackdrop);
+  if (!tab.Lst_PicinPicBackdrop.hasChoice() && !tab.Lst_PicinPicBackdrop.rows.empty())
+    return chooseBackdrop(e, tab, host, 0);
+  PopulateOverlayInterface(e, tab);
+  showSample(tab, host);
+}
+
+void followTab(const Editing& e, OverlayTab& tab, TabHost& host, bool rebuild) {
+  if (!rebuild || e.settings.state.ObjectChange == kMarkChanged) return;
+  host.KillPreview();
+  const int row = tab.Lst_PicinPicBackdrop.ListIndex;
+  fillOverlayLists(e, tab);
+  const int last = static_cast<int>(tab.Lst_PicinPicBackdrop.rows.size()) - 1;
+  tab.Lst_PicinPicBackdrop.ListIndex = std::min(row, last);
+  PopulateOverlayInterface(e, tab);
+  showSample(tab, host);
+}
+
+void chooseBackdrop(const Editing& e, OverlayTab& tab, TabHost& host, int row) {
+  tab.Lst_PicinPicBackdrop.ListIndex = row;
+  if (tab.Lst_PicinPicBackdrop.hasChoice())
+    host.UpDateFrmFileOpen(chosenClip(tab.Lst_PicinPicBackdrop), false);
+  PopulateOverlayInterface(e, tab);
+  host.buildClipSliders();
+  host.ShowClipStats();
+  showSample(tab, host);
+}
+
+void chooseOverlay(const Editing& e, OverlayTab& tab, TabHost& host, int row) {
+  tab.Lst_PicinPicOverlays.ListIndex = row;
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay", false);
+}
+
+void chooseOverlayStyle(const Editing& e, OverlayTab& tab, TabHost& host, OverlayStyle style) {
+  tab.look.style = style;
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay transparency", false);
+}
+
+void chooseOverlayPosition(const Editing& e, OverlayTab& tab, TabHost& host, int position) {
+  tab.look.position = position;
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay position", false);
+}
+
+void moveMaxOpacity(const Editing& e, OverlayTab& tab, TabHost& host, int percent) {
+  tab.look.maxOpacity = percent;
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay opacity", true);
+}
+
+void moveOverlayIn(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds) {
+  tab.look.fadeIn = fadeStep(milliseconds, tab.Sld_OverlayIn);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade in", true);
+}
+
+void moveOverlayOut(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds) {
+  tab.look.fadeOut = fadeStep(milliseconds, tab.Sld_OverlayOut);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade out", true);
+}
+
+void tickTrimOverlay(const Editing& e, OverlayTab& tab, TabHost& host, bool on) {
+  tab.look.trimToBackdrop = on;
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay trim", false);
+}
+
+void clearPicInPic(const Editing& e, OverlayTab& tab, TabHost& host) {
+  const int backdropNo = chosenClip(tab.Lst_PicinPicBackdrop);
+  if (backdropNo == 0) return;
+  host.edit("Clear overlay", backdropNo, 0, [&] { e.clips()[backdropNo].HasPicInPic(""); });
+  PopulateOverlayInterface(e, tab);
+  showSample(tab, host);
+}
+
+}  // namespace kvo

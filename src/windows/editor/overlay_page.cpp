@@ -1,0 +1,148 @@
+#include "windows/editor/overlay_page.h"
+
+#include "ui/made.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/editor/clip_list.h"
+#include "windows/editor/headed_slider.h"
+#include "windows/editor/overlay_positions.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+
+namespace kvo {
+namespace {
+
+constexpr int kOverlayRight = 227;
+constexpr int kOverlayWide = 197;
+constexpr int kOverlayFadeStep = 100;  // milliseconds
+constexpr int kOverlaySlider = 174;
+constexpr int kOverlaySliderPitch = 46;
+
+struct StyleRow {
+  OverlayStyle style;
+  const char* caption;
+};
+constexpr std::array<StyleRow, 3> kStyles{
+    {{OverlayStyle::Uniform, QT_TRANSLATE_NOOP("kvo::OverlayPage", "Uniform")},
+     {OverlayStyle::Radial, QT_TRANSLATE_NOOP("kvo::OverlayPage", "Radial - 32bit Color Req")},
+     {OverlayStyle::Rectangular, QT_TRANSLATE_NOOP("kvo::OverlayPage", "Rectangular - 32bit Color Req")}}};
+
+}  // namespace
+
+OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
+    : EditorPage(parent),
+      state_(state),
+      logic_(std::move(logic)),
+      backdrops_(
+          put(made<ClipList>(tr("Backdrop"), tr("No clips with a picture"), this), {16, 34, 197, 122})),
+      overlays_(put(made<ClipList>(tr("Overlay"), tr("No clips with a picture"), this),
+                    {kOverlayRight, 34, kOverlayWide, 122})),
+      positionName_(write({}, "caption", {16, 164, 204, 16})),
+      positions_(put(made<OverlayPositions>(this), {16, 184, 194, 92})) {
+  write(tr("Backdrop"), "caption", {16, 15, 197, 16});
+  write(tr("Overlay"), "caption", {kOverlayRight, 15, kOverlayWide, 16});
+  backdrops_->setToolTip(tr("The clip that lies below"));
+  overlays_->setToolTip(tr("The clip that lies over the backdrop"));
+  backdrops_->chosen = [this](int row) {
+    act([&] { chooseBackdrop(logic_.editing, state_, logic_.host, row); });
+  };
+  overlays_->chosen = [this](int row) {
+    act([&] { chooseOverlay(logic_.editing, state_, logic_.host, row); });
+  };
+  makeLook();
+  makeSliders();
+  makeSound();
+}
+
+void OverlayPage::act(const std::function<void()>& work) {
+  work();
+  logic_.acted();
+}
+
+void OverlayPage::makeLook() {
+  positions_->chosen = [this](int position) {
+    act([&] { chooseOverlayPosition(logic_.editing, state_, logic_.host, position); });
+  };
+  write(tr("Transparency"), "caption", {16, 290, 197, 16});
+  auto* group = made<QButtonGroup>(this);
+  for (std::size_t i = 0; i < kStyles.size(); ++i) {
+    styles_[i] = put(made<QRadioButton>(tr(kStyles[i].caption), this),
+                     {16 - kMarkRoom, 307 + 22 * static_cast<int>(i), 214, 24});
+    styles_[i]->setToolTip(tr("How the edges of the overlay fade"));
+    group->addButton(styles_[i]);
+    connect(styles_[i], &QRadioButton::clicked, [this, style = kStyles[i].style] {
+      act([&] { chooseOverlayStyle(logic_.editing, state_, logic_.host, style); });
+    });
+  }
+}
+
+void OverlayPage::makeSliders() {
+  int top = kOverlaySlider;
+  const auto slider = [&](const QString& name, auto rule) {
+    auto* made = put(kvo::made<HeadedSlider>(name, this),
+                     QRect(kOverlayRight, std::exchange(top, top + kOverlaySliderPitch), kOverlayWide,
+                           HeadedSlider::kHeight));
+    made->moved = [this, rule](int value) { act([&] { rule(logic_.editing, state_, logic_.host, value); }); };
+    return made;
+  };
+  opacity_ = slider(tr("Max Opacity"), moveMaxOpacity);
+  fadeIn_ = slider(tr("Fade in of the overlay"), moveOverlayIn);
+  fadeOut_ = slider(tr("Fade out of the overlay"), moveOverlayOut);
+  for (auto* fade : {fadeIn_, fadeOut_}) fade->slider()->setSingleStep(kOverlayFadeStep);
+  trim_ = put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
+              {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom, 32});
+  trim_->setAccessibleName(tr("Trim Overlay length to backdrop length (Rate Adjust)"));
+  trim_->setToolTip(trim_->accessibleName());
+  connect(trim_, &QCheckBox::clicked,
+          [this](bool on) { act([&] { tickTrimOverlay(logic_.editing, state_, logic_.host, on); }); });
+}
+
+void OverlayPage::makeSound() {
+  const auto box = [this](int top, const QString& tip, OverlaySound& sound) {
+    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 412, 24});
+    made->setToolTip(tip);
+    connect(made, &QCheckBox::clicked, [this, &sound](bool on) { act([&] { sound.ticked = on; }); });
+    return made;
+  };
+  overlaySound_ = box(382, tr("The sound of the overlay goes into the new clip"), state_.overlaySound);
+  backdropSound_ = box(404, tr("The sound of the backdrop goes into the new clip"), state_.backdropSound);
+  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 350, 105, 28});
+  clear_->setToolTip(tr("Take the overlay off this backdrop"));
+  connect(clear_, &QPushButton::clicked,
+          [this] { act([&] { clearPicInPic(logic_.editing, state_, logic_.host); }); });
+  noOverlay_ = write(tr("Choose a clip to lay over the backdrop."), "hint", {16, 428, 408, 16});
+}
+
+void OverlayPage::draw() {
+  const auto& collection = logic_.editing.collection;
+  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection);
+  overlays_->draw(state_.Lst_PicinPicOverlays, collection);
+  overlays_->setEnabled(state_.enabled);
+  const auto position = static_cast<std::size_t>(state_.look.position - 1);
+  setTextOf(*positionName_, tr("Position - %1").arg(told(std::string(overlayPositionNames()[position]))));
+  positions_->draw(state_.look.position, state_.enabled);
+  for (std::size_t i = 0; i < kStyles.size(); ++i) {
+    styles_[i]->setEnabled(state_.enabled);
+    if (kStyles[i].style == state_.look.style) styles_[i]->setChecked(true);
+  }
+  opacity_->draw(state_.Sld_MaxTransparency, shown(state_.Sld_MaxTransparency.heading));
+  fadeIn_->draw(state_.Sld_OverlayIn, shown(state_.Sld_OverlayIn.heading));
+  fadeOut_->draw(state_.Sld_OverlayOut, shown(state_.Sld_OverlayOut.heading));
+  trim_->setEnabled(state_.enabled);
+  trim_->setChecked(state_.look.trimToBackdrop);
+  for (const auto& [box, sound] :
+       {std::pair{overlaySound_, &state_.overlaySound}, {backdropSound_, &state_.backdropSound}}) {
+    setTextOf(*box, told(sound->box.caption));
+    box->setEnabled(sound->box.enabled);
+    box->setChecked(sound->ticked && sound->box.enabled);
+  }
+  clear_->setEnabled(state_.enabled && state_.look.overlayClip > 0);
+  noOverlay_->setVisible(state_.Pic_NoPinp);
+}
+
+}  // namespace kvo

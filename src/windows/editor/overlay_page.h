@@ -1,0 +1,52 @@
+// The tab Overlay.
+#pragma once
+
+#include "editor/tabs/overlay_tab.h"
+#include "windows/editor/editor_page.h"
+
+#include <QCoreApplication>
+#include <array>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+namespace kvo {
+
+class ClipList;
+class HeadedSlider;
+class OverlayPositions;
+
+class OverlayPage final : public EditorPage {
+  Q_DECLARE_TR_FUNCTIONS(kvo::OverlayPage)
+
+ public:
+  OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent);
+
+  void draw();
+
+ private:
+  void makeLook();
+  void makeSliders();
+  void makeSound();
+  void act(const std::function<void()>& work);
+
+  OverlayTab& state_;
+  PageLogic logic_;
+  ClipList* backdrops_;
+  ClipList* overlays_;
+  QLabel* positionName_;
+  OverlayPositions* positions_;
+  std::array<QRadioButton*, 3> styles_{};
+  HeadedSlider* opacity_ = nullptr;
+  HeadedSlider* fadeIn_ = nullptr;
+  HeadedSlider* fadeOut_ = nullptr;
+  QCheckBox* trim_ = nullptr;
+  QCheckBox* overlaySound_ = nullptr;
+  QCheckBox* backdropSound_ = nullptr;
+  QPushButton* clear_ = nullptr;
+  QLabel* noOverlay_ = nullptr;
+};
+
+}  // namespace kvo

@@ -1,0 +1,89 @@
+#include "windows/editor/stills_page.h"
+
+#include "ui/made.h"
+#include "ui/texts.h"
+#include "windows/editor/aspect_row.h"
+#include "windows/editor/clip_list.h"
+#include "windows/editor/headed_slider.h"
+
+#include <QButtonGroup>
+#include <QLabel>
+#include <QSlider>
+
+namespace kvo {
+namespace {
+
+constexpr int kAspectTop = 250;
+constexpr int kAspectPitch = 46;
+constexpr int kDurationStep = 100;  // milliseconds
+
+}  // namespace
+
+StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture, QWidget* parent)
+    : EditorPage(parent),
+      state_(state),
+      logic_(std::move(logic)),
+      picture_(std::move(picture)),
+      caption_(write({}, "heading", {16, 10, 408, 20})),
+      stills_(put(made<ClipList>(tr("Stills"), tr("No stills"), this), {16, 116, 190, 96})),
+      duration_(put(made<HeadedSlider>(tr("Still Duration"), this), {224, 124, 200, HeadedSlider::kHeight})) {
+  const std::array choices = {tr("Treat all stills in group the same"),
+                              tr("Set options for each still individually")};
+  auto* group = made<QButtonGroup>(this);
+  for (std::size_t i = 0; i < choices.size(); ++i) {
+    groupOrIndividual_[i] =
+        put(made<QRadioButton>(choices[i], this), {16 - kMarkRoom, 38 + 24 * static_cast<int>(i), 408, 24});
+    groupOrIndividual_[i]->setToolTip(choices[i]);
+    group->addButton(groupOrIndividual_[i]);
+    connect(groupOrIndividual_[i], &QRadioButton::clicked, [this, individually = i == 1] {
+      act([&] { chooseIndividually(logic_.editing, state_, logic_.host, individually); });
+    });
+  }
+  write(tr("Stills"), "caption", {16, 97, 190, 16});
+  stills_->setToolTip(tr("The still whose options are shown"));
+  stills_->chosen = [this](int row) { act([&] { chooseStill(logic_.editing, state_, logic_.host, row); }); };
+  write(tr("Still Duration"), "caption", {224, 97, 200, 16});
+  write(tr("Seven seconds is the usual length"), "hint", {224, 166, 200, 16});
+  duration_->slider()->setSingleStep(kDurationStep);
+  duration_->moved = [this](int milliseconds) {
+    act([&] { moveStillDuration(logic_.editing, state_, logic_.host, milliseconds); });
+  };
+  makeAspects();
+}
+
+void StillsPage::makeAspects() {
+  write(tr("Aspect ratio options"), "caption", {16, 226, 408, 16});
+  auto* group = made<QButtonGroup>(this);
+  const auto captions = aspectCaptions();
+  for (std::size_t i = 0; i < aspects_.size(); ++i) {
+    const int aspect = static_cast<int>(i);
+    aspects_[i] = put(made<AspectRow>(aspect, told(std::string(captions[i])), this),
+                      {16, kAspectTop + kAspectPitch * aspect, 408, 40});
+    group->addButton(aspects_[i]);
+    connect(aspects_[i], &QRadioButton::clicked,
+            [this, aspect] { act([&] { chooseAspect(logic_.editing, state_, logic_.host, aspect); }); });
+  }
+}
+
+void StillsPage::act(const std::function<void()>& work) {
+  work();
+  logic_.acted();
+}
+
+void StillsPage::draw() {
+  setTextOf(*caption_, shown(state_.caption));
+  groupOrIndividual_[state_.controls.individually ? 1 : 0]->setChecked(true);
+  for (auto* option : groupOrIndividual_) option->setEnabled(state_.enabled);
+  stills_->draw(state_.Lst_Movies, logic_.editing.collection);
+  stills_->setEnabled(state_.listEnabled);
+  duration_->draw(state_.Slider1, tr("Each still shows for"), shown(state_.reading));
+  const auto picture = picture_ && state_.shownClip > 0 ? picture_(state_.shownClip) : QImage();
+  const bool isOther = std::exchange(shownPicture_, picture.cacheKey()) != picture.cacheKey();
+  for (std::size_t i = 0; i < aspects_.size(); ++i) {
+    if (isOther) aspects_[i]->setStill(picture);
+    aspects_[i]->setEnabled(state_.enabled);
+    if (static_cast<int>(i) == state_.controls.aspect) aspects_[i]->setChecked(true);
+  }
+}
+
+}  // namespace kvo

@@ -1,0 +1,43 @@
+// The tab Stills.
+#pragma once
+
+#include "editor/tabs/stills_tab.h"
+#include "windows/editor/editor_page.h"
+#include "windows/editor/picture_of_clip.h"
+
+#include <QCoreApplication>
+#include <array>
+
+class QLabel;
+class QRadioButton;
+
+namespace kvo {
+
+class AspectRow;
+class ClipList;
+class HeadedSlider;
+
+class StillsPage final : public EditorPage {
+  Q_DECLARE_TR_FUNCTIONS(kvo::StillsPage)
+
+ public:
+  StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture, QWidget* parent);
+
+  void draw();
+
+ private:
+  void makeAspects();
+  void act(const std::function<void()>& work);
+
+  StillsTab& state_;
+  PageLogic logic_;
+  PictureOfClip picture_;
+  QLabel* caption_;
+  std::array<QRadioButton*, 2> groupOrIndividual_{};
+  ClipList* stills_;
+  HeadedSlider* duration_;
+  std::array<AspectRow*, 4> aspects_{};
+  qint64 shownPicture_ = 0;
+};
+
+}  // namespace kvo

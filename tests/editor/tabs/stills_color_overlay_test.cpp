@@ -1,0 +1,187 @@
+// What the controls of the tabs Stills, Color and Overlay do to the records.
+#include "editor/tabs/color_tab.h"
+#include "editor/tabs/overlay_tab.h"
+#include "editor/tabs/stills_tab.h"
+#include "editor/tabs/tab_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::TabBench;
+
+struct StillsBench : TabBench {
+  StillsTab tab;
+  StillsBench() {
+    auto& second = addVideo("second.bmp", 0, 3);
+    second.IsStill(true);
+    second.stretchmode(2);
+    settings.adjust().StillsIndividual = true;
+  }
+  void open() {
+    enterTab(editing, tab, host);
+    host.look();
+  }
+  [[nodiscard]] std::string stills() {
+    std::string all;
+    for (const int i : {1, 3, 5})
+      all += clip(i).LoopEnd().text() + "/" + std::to_string(clip(i).stretchmode()) + " ";
+    return all;
+  }
+};
+
+TEST(StillsTab, ShowsTheChosenStill) {
+  StillsBench b;
+  b.open();
+  EXPECT_EQ(b.tab.caption, "Still Options - 2 stills in this collection");
+  EXPECT_EQ(b.clip(3).DurationTime().text(), "7") << "a still without a length has the default one";
+  EXPECT_TRUE(b.tab.enabled && b.tab.listEnabled);
+  EXPECT_EQ(b.tab.reading, "7.0 s");
+  chooseStill(b.editing, b.tab, b.host, 1);
+  EXPECT_EQ(b.host.look(), "clip 5");
+  EXPECT_EQ(b.tab.reading + std::to_string(b.tab.controls.aspect), "3.0 s2");
+  b.collection.icurMov = 2;
+  followTab(b.editing, b.tab, b.host, true);
+  EXPECT_EQ(chosenClip(b.tab.Lst_Movies), 5) << "another clip in hand is no still";
+  b.collection.MovieList.remove(5);
+  b.collection.MovieList.remove(3);
+  b.settings.state.DefaultStillDuration = 4.5F;
+  followTab(b.editing, b.tab, b.host, true);
+  EXPECT_FALSE(b.tab.enabled || b.tab.listEnabled || b.tab.Slider1.Enabled);
+  EXPECT_EQ(b.tab.Slider1.Value, 4500);
+  moveStillDuration(b.editing, b.tab, b.host, 6000);
+  EXPECT_EQ(b.host.look(), "");
+}
+
+TEST(StillsTab, AreSetAlikeOrOneByOne) {
+  struct Row {
+    bool individually;
+    std::function<void(StillsBench&)> act;
+    const char* stills;
+    const char* asked;
+  };
+  const auto duration = [](StillsBench& b) { moveStillDuration(b.editing, b.tab, b.host, 2500); };
+  const auto aspect = [](StillsBench& b) { chooseAspect(b.editing, b.tab, b.host, 3); };
+  for (const auto& row : {Row{true, duration, "8/0 2.5/0 3/2 ", "edit Still duration 3 98 series"},
+                          Row{false, duration, "8/0 2.5/0 2.5/0 ", "edit Still duration 0 98 series"},
+                          Row{true, aspect, "8/0 7/3 3/2 ", "edit Still aspect 3 98"},
+                          Row{false, aspect, "8/0 7/3 7/3 ", "edit Still aspect 0 98"}}) {
+    StillsBench b;
+    b.open();
+    if (!row.individually) chooseIndividually(b.editing, b.tab, b.host, false);
+    EXPECT_EQ(b.tab.listEnabled, row.individually);
+    b.host.look();
+    row.act(b);
+    EXPECT_EQ(b.stills(), row.stills);
+    EXPECT_EQ(b.host.look(), row.asked);
+  }
+}
+
+TEST(ColorTab, EachLevelWritesItsField) {
+  TabBench b;
+  ColorTab tab;
+  b.clip(2).Red(110);
+  b.collection.icurMov = 2;
+  enterTab(b.editing, tab, b.host);
+  EXPECT_EQ(tab.Lst_ColorAdjust.rows.size(), 3U);
+  EXPECT_EQ(tab.levels[0].Value, 110);
+  for (std::size_t i = 0; i < kColourLevels; ++i)
+    moveColourLevel(b.editing, tab, b.host, static_cast<ColourLevel>(i), static_cast<int>(i) + 1);
+  const auto& m = b.clip(2);
+  std::string stored;
+  for (const Single v :
+       {m.Red(), m.Green(), m.Blue(), m.Threshold(), m.Contrast(), m.Brightness(), m.Gamma()})
+    stored += ShortText(v);
+  EXPECT_EQ(stored, "1234567");
+  EXPECT_EQ(b.host.look().substr(0, 36), "edit Red 2 0 series, sample Colour 2");
+  tickSepia(b.editing, tab, b.host, true);
+  EXPECT_TRUE(m.Sepia() && tab.Chk_Sepia);
+  resetColours(b.editing, tab, b.host);
+  EXPECT_FALSE(tab.isAdjusted || m.Sepia() || m.Gamma() != 0);
+  b.host.look();
+  b.host.refuses = true;
+  moveColourLevel(b.editing, tab, b.host, ColourLevel::Red, 40);
+  EXPECT_EQ(tab.levels[0].Value, 0) << "it shows what the record has";
+  EXPECT_EQ(b.host.look(), "edit Red 2 0 series");
+  b.collection.icurMov = 4;
+  followTab(b.editing, tab, b.host, true);
+  EXPECT_FALSE(tab.enabled || tab.levels[0].Enabled) << "music has no colours";
+}
+
+struct OverlayBench : TabBench {
+  OverlayTab tab;
+  OverlayBench() {
+    enterTab(editing, tab, host);
+    host.look();
+  }
+};
+
+TEST(OverlayTab, EachControlIsPackedIntoTheBackdrop) {
+  struct Row {
+    std::function<void(OverlayBench&)> act;
+    const char* word;
+    const char* asked;
+  };
+  const Row rows[] = {
+      {[](OverlayBench& b) { chooseOverlay(b.editing, b.tab, b.host, 2); }, "003001100000000000000",
+       "edit Overlay 1 0"},
+      {[](OverlayBench& b) { chooseOverlayStyle(b.editing, b.tab, b.host, OverlayStyle::Radial); },
+       "002201100000000000000", "edit Overlay transparency 1 0"},
+      {[](OverlayBench& b) { chooseOverlayPosition(b.editing, b.tab, b.host, 12); }, "002012100000000000000",
+       "edit Overlay position 1 0"},
+      {[](OverlayBench& b) { moveMaxOpacity(b.editing, b.tab, b.host, 85); }, "002001085000000000000",
+       "edit Overlay opacity 1 0 series"},
+      {[](OverlayBench& b) { moveOverlayIn(b.editing, b.tab, b.host, 1000); }, "002001100010000000000",
+       "edit Overlay fade in 1 0 series"},
+      {[](OverlayBench& b) { moveOverlayOut(b.editing, b.tab, b.host, 1500); }, "002001100000000150000",
+       "edit Overlay fade out 1 0 series"},
+      {[](OverlayBench& b) { tickTrimOverlay(b.editing, b.tab, b.host, true); }, "002001100000000000001",
+       "edit Overlay trim 1 0"},
+      {[](OverlayBench& b) { clearPicInPic(b.editing, b.tab, b.host); }, "", "edit Clear overlay 1 0"},
+  };
+  for (const auto& row : rows) {
+    OverlayBench b;
+    chooseOverlay(b.editing, b.tab, b.host, 1);
+    b.host.look();
+    row.act(b);
+    EXPECT_EQ(b.clip(1).HasPicInPic(), row.word);
+    EXPECT_EQ(b.host.look(), row.asked + std::string(", sample PictureInPicture 1"));
+  }
+}
+
+TEST(OverlayTab, WithoutAnOverlayNothingIsKept) {
+  OverlayBench b;
+  EXPECT_TRUE(b.tab.enabled && b.tab.Pic_NoPinp);
+  moveMaxOpacity(b.editing, b.tab, b.host, 40);
+  EXPECT_EQ(b.host.look() + b.clip(1).HasPicInPic(), "");
+  EXPECT_EQ(b.tab.Sld_MaxTransparency.heading, "Max Opacity 40%") << "it waits for the overlay";
+  chooseOverlay(b.editing, b.tab, b.host, 1);
+  EXPECT_EQ(b.clip(1).HasPicInPic(), "002001040000000000000");
+  EXPECT_FALSE(b.tab.Pic_NoPinp);
+  EXPECT_EQ(b.tab.Sld_OverlayIn.Max, 4000) << "half of the longer clip";
+}
+
+TEST(OverlayTab, LoadsTheBackdropThatIsChosen) {
+  OverlayBench b;
+  b.clip(2).HasPicInPic("001203070005000025001");
+  b.clip(1).HasAudio(true);
+  b.clip(1).AudioOutputLevel(0.5F);
+  chooseBackdrop(b.editing, b.tab, b.host, 1);
+  EXPECT_EQ(b.host.look(), "clip 2, sample PictureInPicture 2");
+  EXPECT_EQ(chosenClip(b.tab.Lst_PicinPicOverlays), 1);
+  EXPECT_EQ(picInPicText(b.tab.look), "001203070005000025001");
+  EXPECT_EQ(b.tab.overlaySound.box.caption, "Add Audio from Overlay Clip - ( Level = 50% )");
+  EXPECT_EQ(b.tab.backdropSound.box.caption, "Clip has no Audio");
+  b.settings.state.ObjectChange = 96;
+  followTab(b.editing, b.tab, b.host, true);
+  EXPECT_EQ(b.host.look(), "") << "a mark has been moved";
+  b.settings.state.ObjectChange = 99;
+  b.collection.MovieList.remove(3);
+  followTab(b.editing, b.tab, b.host, true);
+  EXPECT_EQ(b.host.look(), "kill, sample PictureInPicture 2");
+  EXPECT_EQ(b.tab.Lst_PicinPicOverlays.rows.size(), 2U);
+}
+
+}  // namespace
+}  // namespace kvo
