@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|seeks|movies|lengths|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|preview|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -179,6 +179,19 @@ seeks() {
   "$bin/bench_seeks" "$work/dissolve-360-6/movie.xtl"
 }
 
+# The editor's preview: pictures left out, gaps, start, seeks, sound against picture; with clear films, and with noise.
+preview() {
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  local film
+  for film in 1 2 3; do
+    [ -e "$work/film$film.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
+      -f lavfi -i "sine=frequency=$((film * 300))" -t 12 -c:v libx264 -preset fast -g 50 -c:a aac "$work/film$film.mp4"
+  done
+  "$bin/bench_preview" "$work/film"
+  "$bin/bench_preview" "$work/corpus/c"
+}
+
 # Playing, beside a running mpv: 720 lines at 25 pictures a second, H.264 with a key picture every ten seconds. On a
 # screen of its own, where both draw by software.
 play() {
@@ -201,6 +214,7 @@ intake() (
     for kind in avi:mpeg4 mp4:libx264 mkv:libx265 mov:mjpeg mpg:mpeg1video ts:mpeg2video wmv:wmv2 webm:libvpx m2v:mpeg2video ogv:libtheora; do
       local sound=(-f lavfi -i sine=duration=4)
       [ "${kind%%:*}" = m2v ] && sound=()
+      [ "${kind##*:}" = libx265 ] && sound+=(-x265-params log-level=none)
       ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=640x360:rate=25:duration=4 "${sound[@]}" \
         -pix_fmt yuv420p -strict -1 -c:v "${kind##*:}" "$folder/one/v.${kind%%:*}"
     done
@@ -229,11 +243,11 @@ intake() (
   xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- "$bin/bench_intake" "$bin/kvo5" "$folder/all"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths play intake
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths preview play intake
 for part; do
   case $part in
-    kernels | records | compile) "$bin/bench_$part" ;;
-    movies | lengths | seeks | play | intake | before) "$part" ;;
+    kernels | records | compile | timeline) "$bin/bench_$part" ;;
+    movies | lengths | seeks | preview | play | intake | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

@@ -42,6 +42,9 @@ class TimelinePlayer {
   /// the document's. Fails with the line of a document that makes no sense; then nothing is loaded.
   virtual Outcome load(std::string document) = 0;
 
+  /// Falls silent and lets go of what it has: nothing is loaded.
+  virtual void clear() = 0;
+
   /// Plays on from where it stands; from the start when it has ended.
   virtual void play() = 0;
   virtual void pause() = 0;

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <future>
 #include <mutex>
@@ -197,6 +198,58 @@ TEST_F(PlaybackTest, APauseStandsAtTheFrameThatIsShown) {
       }
     }
   }
+}
+
+TEST_F(PlaybackTest, WhatIsMadeAheadIsShownInItsTurn) {
+  const auto other = media_ / "other.mkv";
+  std::filesystem::copy_file(video_, other);
+  OpenFiles files(4);
+  double now = 0;
+  const auto text = test::documentOf({{video_, 0, 1, 0, 1}, {other, 2, 3, 1, 2}});
+  {
+    Playback playback(*readDocument(text), nullptr, &files);
+    playback.play(now);
+    ASSERT_TRUE(playback.step(now));
+    EXPECT_TRUE(playback.workAhead());
+    std::filesystem::remove(video_);  // both are open by now
+    std::filesystem::remove(other);
+    for (; playback.state() == PlayState::Playing; now += 0.04) {
+      const auto shown = playback.step(now);
+      ASSERT_TRUE(shown) << shown.error().text;
+      while (playback.workAhead()) {
+      }
+      if (!*shown) continue;
+      const auto frame = (*shown)->frame;
+      EXPECT_EQ(numberOf((*shown)->picture), frame < 25 ? frame : frame + 25);
+    }
+    EXPECT_EQ(playback.position(), 49);
+  }
+  Playback next(*readDocument(text), nullptr, &files);
+  next.seek(30, now);
+  const auto shown = next.step(now);
+  ASSERT_TRUE(shown && *shown) << "the next timeline has the same files";
+  EXPECT_EQ(numberOf((*shown)->picture), 55);
+  files.clear();
+  Playback none(*readDocument(text), nullptr, &files);
+  EXPECT_FALSE(none.step(now)) << "they have been let go of";
+}
+
+TEST(SeenFrames, KeepWhatWasWantedLast) {
+  const auto picture = share(media::Canvas::black(64, 48));
+  constexpr std::size_t kOne = 64 * 48 * 3 / 2;
+  SeenFrames seen(3 * kOne);
+  for (std::int64_t frame = 0; frame < 3; ++frame) seen.put(frame, picture);
+  EXPECT_TRUE(seen.find(0));
+  seen.put(3, picture);
+  const auto kept = [&] {
+    std::string all;
+    for (std::int64_t frame = 0; frame < 4; ++frame) all += seen.holds(frame) ? '1' : '0';
+    return all;
+  };
+  EXPECT_EQ(kept(), "1011") << "the second was wanted the longest ago";
+  seen.shrink(kOne);
+  EXPECT_EQ(kept(), "0001");
+  EXPECT_EQ(seen.bytes(), kOne);
 }
 
 // Whether something of another thread comes about.

@@ -1,6 +1,7 @@
 #include "adapters/sdl/sdl_sound_output.h"
 
 #include <SDL2/SDL.h>
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -9,6 +10,7 @@ constexpr int kSampleRate = 44100;
 constexpr int kChannels = 2;
 constexpr double kBytesPerSecond = 1.0 * kSampleRate * kChannels * sizeof(float);
 constexpr int kBlock = 1024;  // samples that the device takes at a time: 23 ms
+constexpr double kBlockSeconds = 1.0 * kBlock / kSampleRate;
 
 Error noSound() { return {std::string("there is no sound: ") + SDL_GetError()}; }
 
@@ -36,12 +38,34 @@ Outcome SdlSoundOutput::open() {
 }
 
 void SdlSoundOutput::queue(std::span<const float> samples) {
-  SDL_QueueAudio(device_, samples.data(), static_cast<std::uint32_t>(samples.size_bytes()));
+  if (SDL_QueueAudio(device_, samples.data(), static_cast<std::uint32_t>(samples.size_bytes())) == 0)
+    queued_ += static_cast<double>(samples.size_bytes()) / kBytesPerSecond;
 }
 
-double SdlSoundOutput::waiting() const { return SDL_GetQueuedAudioSize(device_) / kBytesPerSecond; }
-void SdlSoundOutput::clear() { SDL_ClearQueuedAudio(device_); }
-void SdlSoundOutput::run() { SDL_PauseAudioDevice(device_, 0); }
-void SdlSoundOutput::hold() { SDL_PauseAudioDevice(device_, 1); }
+// The device takes a block at a time, which is then heard little by little.
+double SdlSoundOutput::waiting() const {
+  const double taken = queued_ - SDL_GetQueuedAudioSize(device_) / kBytesPerSecond;
+  const auto now = Clock::now();
+  if (runs_) heard_ += std::chrono::duration<double>(now - asked_).count();
+  asked_ = now;
+  heard_ = std::clamp(heard_, std::max(0.0, taken - kBlockSeconds), std::max(0.0, taken));
+  return queued_ - heard_;
+}
+
+void SdlSoundOutput::clear() {
+  SDL_ClearQueuedAudio(device_);
+  queued_ = heard_ = 0;
+}
+
+void SdlSoundOutput::run() {
+  SDL_PauseAudioDevice(device_, 0);
+  runs_ = true;
+  asked_ = Clock::now();
+}
+
+void SdlSoundOutput::hold() {
+  SDL_PauseAudioDevice(device_, 1);
+  runs_ = false;
+}
 
 }  // namespace kvo

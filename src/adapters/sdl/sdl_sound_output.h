@@ -3,6 +3,7 @@
 
 #include "ports/sound_output.h"
 
+#include <chrono>
 #include <cstdint>
 
 namespace kvo {
@@ -19,7 +20,13 @@ class SdlSoundOutput : public SoundOutput {
   void hold() override;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   std::uint32_t device_ = 0;
+  bool runs_ = false;
+  double queued_ = 0;                  // seconds since the sound was cleared
+  mutable double heard_ = 0;           // of them
+  mutable Clock::time_point asked_{};  // when it was reckoned
 };
 
 }  // namespace kvo

@@ -5,7 +5,8 @@ namespace kvo::engine {
 Compositor::Compositor(const Timeline& timeline, const Habits& habits)
     : size_(frameSizeOf(timeline)),
       planner_(timeline),
-      stack_(timeline.video, {size_, habits.decoderThreads, habits.keptOpen, habits.damage}) {}
+      scout_(timeline),
+      stack_(timeline.video, {size_, habits.decoderThreads, habits.keptOpen, habits.damage, habits.files}) {}
 
 Result<media::Picture> Compositor::frame(std::int64_t number) {
   auto seen = stack_.draw(planner_.at(number));
@@ -14,5 +15,7 @@ Result<media::Picture> Compositor::frame(std::int64_t number) {
   if (*seen) shown = layOver(shown, *seen);
   return shown;
 }
+
+void Compositor::expect(std::int64_t number) { stack_.expect(scout_.at(number)); }
 
 }  // namespace kvo::engine

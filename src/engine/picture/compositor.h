@@ -15,12 +15,13 @@ namespace kvo::engine {
 class Compositor {
  public:
   /// How it works on files: each decoder with so many threads, and how many of the files that are not needed
-  /// now stay open, for one who goes to and fro. What cannot be decoded is told to `damage`, which outlives
-  /// the compositor.
+  /// now stay open, for one who goes to and fro. What cannot be decoded is told to `damage`; files are taken
+  /// from `files`, where that is not null, and given back to it. Both outlive the compositor.
   struct Habits {
     int decoderThreads = 1;
     std::size_t keptOpen = 0;
     media::DamageList* damage = nullptr;
+    OpenFiles* files = nullptr;
   };
 
   /// `timeline` outlives the compositor and has video.
@@ -31,9 +32,13 @@ class Compositor {
   /// the timeline's, rounded up to even. Forward is cheap. Files are open only while their clips are shown.
   Result<media::Picture> frame(std::int64_t number);
 
+  /// A frame will be wanted before long: files that it needs and that are not open are made ready beside.
+  void expect(std::int64_t number);
+
  private:
   FrameSize size_;
   FramePlanner planner_;
+  FramePlanner scout_;  // ahead of it
   Stack stack_;
 };
 

@@ -33,6 +33,15 @@ Picture layOver(const Picture& below, const Picture& above) {
 
 // What is at work while a layer is shown.
 struct Stack::Open {
+  Open(OpenFiles* pool, const std::string& path) : files(pool), src(path) {}
+  Open(const Open&) = delete;
+  Open& operator=(const Open&) = delete;
+  ~Open() {
+    if (files != nullptr && source) files->give(src, std::move(source->reader));
+  }
+
+  OpenFiles* files;
+  const std::string& src;  // the layer's
   struct Source {
     media::VideoReader reader;
     media::Scaler scaler;
@@ -75,9 +84,12 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
   const auto found = open_.find(layer);
   if (found != open_.end()) return found->second.get();
   const auto& wanted = layers_[layer];
-  auto open = std::make_unique<Open>();
+  auto open = std::make_unique<Open>(setting_.files, wanted.src);
+  expected_.erase(layer);
   if (wanted.inside.empty()) {
-    auto reader = media::VideoReader::open(wanted.src, setting_.decoderThreads, setting_.damage);
+    auto reader = setting_.files != nullptr
+                      ? setting_.files->take(wanted.src, setting_.decoderThreads, setting_.damage)
+                      : media::VideoReader::open(wanted.src, setting_.decoderThreads, setting_.damage);
     if (!reader) return reader.error();
     open->source = Open::Source{std::move(*reader), media::Scaler(setting_.size.width, setting_.size.height)};
   } else {
@@ -89,6 +101,19 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
   }
   open->changes = changesByItself(wanted);
   return open_.emplace(layer, std::move(open)).first->second.get();
+}
+
+void Stack::expect(const FramePlan& plan) {
+  if (setting_.files == nullptr) return;
+  for (const auto& planned : plan) {
+    if (const auto found = open_.find(planned.number); found != open_.end()) {
+      if (found->second->inside) found->second->inside->expect(planned.inside);
+      continue;
+    }
+    const auto& layer = *planned.layer;
+    if (layer.inside.empty() && expected_.insert(planned.number).second)
+      setting_.files->expect(layer.src, setting_.decoderThreads, layer.mstart);
+  }
 }
 
 // The picture of a layer ahead of its effects; `same` when it is the one of the frame before.

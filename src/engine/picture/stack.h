@@ -4,12 +4,14 @@
 #include "base/result.h"
 #include "engine/document/timeline.h"
 #include "engine/picture/frame_plan.h"
+#include "engine/picture/open_files.h"
 #include "media/damage.h"
 #include "media/picture.h"
 
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace kvo::engine {
@@ -21,6 +23,7 @@ class Stack {
     int decoderThreads = 1;               ///< of each file
     std::size_t keptOpen = 0;             ///< files that stay open though their clips are not shown now
     media::DamageList* damage = nullptr;  ///< is told what cannot be decoded; outlives the stack
+    OpenFiles* files = nullptr;           ///< where files come from and go to; null: opened and closed
   };
 
   /// `layers`, bottom to top, outlive the stack.
@@ -33,6 +36,9 @@ class Stack {
   /// there is nothing. Forward is cheap. Files are open only while their clips are planned, but for those
   /// that the setting keeps.
   Result<media::Picture> draw(const FramePlan& plan);
+
+  /// The files of a plan that will be drawn before long are made ready.
+  void expect(const FramePlan& plan);
 
  private:
   struct Open;
@@ -48,6 +54,7 @@ class Stack {
   Setting setting_;
   std::int64_t asked_ = 0;  // frames, so far
   std::map<std::size_t, std::unique_ptr<Open>> open_;
+  std::set<std::size_t> expected_;  // layers whose files are being made ready
 };
 
 /// Premultiplied `above` over `below`, of one size; without alpha if `below` has none. Empty when memory is

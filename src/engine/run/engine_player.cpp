@@ -17,12 +17,20 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr std::size_t kFilesKept = 6;  // open for the next document
+constexpr double kNewest = 0.25;       // what the newest frame weighs in how long one takes
+
 double nowSeconds() { return std::chrono::duration<double>(Clock::now().time_since_epoch()).count(); }
 
 std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, int width, int height) {
   auto bitmap = std::make_shared<Bitmap>(Bitmap{width, height, {}});
   if (!picture) return bitmap;
   // A picture's sides are even; the timeline's may be one less.
+  if (picture.width() == width && picture.height() == height) {
+    bitmap->bgr.resize(static_cast<std::size_t>(width) * 3 * static_cast<std::size_t>(height));
+    media::toBgr(picture, bitmap->bgr.data(), static_cast<std::size_t>(width) * 3);
+    return bitmap;
+  }
   const auto stride = static_cast<std::size_t>(picture.width()) * 3;
   std::vector<std::uint8_t> whole(stride * static_cast<std::size_t>(picture.height()));
   media::toBgr(picture, whole.data(), stride);
@@ -38,12 +46,17 @@ std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, int width,
 }  // namespace
 
 struct EnginePlayer::State {
+  struct Command {
+    enum class What { Play, Pause, Stop, Seek } what;
+    std::int64_t frame = 0;  // of a seek
+  };
+
   std::unique_ptr<SoundOutput> sound;
   ShowFrame show;
 
   std::mutex mutex;
   std::condition_variable changed;
-  std::vector<std::function<void(Playback&, double now)>> commands;
+  std::vector<Command> commands;
   std::optional<Timeline> toLoad;
   bool drops = false;  // what is played is to make room for what is to be loaded, or for nothing
   bool ends = false;
@@ -53,6 +66,7 @@ struct EnginePlayer::State {
   std::int64_t position = 0;
   std::int64_t frames = 0;
   double frameRate = 0;
+  double takes = 0.01;  // seconds to make a frame, of late
 
   std::thread thread;
 
@@ -75,11 +89,30 @@ struct EnginePlayer::State {
     changed.notify_all();
   }
 
-  void command(std::function<void(Playback&, double now)> what) {
+  void command(const Command& what) {
     const std::lock_guard lock(mutex);
     if (state == PlayState::Empty || state == PlayState::Failed) return;
-    commands.push_back(std::move(what));
+    // Of the seeks that have not been taken up only the newest counts.
+    if (what.what == Command::What::Seek && !commands.empty() && commands.back().what == what.what)
+      commands.pop_back();
+    commands.push_back(what);
     changed.notify_all();
+  }
+
+  // The picture that is wanted first is made before the clock runs.
+  static void carryOut(const Command& command, Playback& playback) {
+    switch (command.what) {
+      case Command::What::Play:
+        playback.makeReady();
+        return playback.play(nowSeconds());
+      case Command::What::Pause:
+        return playback.pause(nowSeconds());
+      case Command::What::Stop:
+        return playback.stop();
+      case Command::What::Seek:
+        playback.makeReady(command.frame);
+        return playback.seek(command.frame, nowSeconds());
+    }
   }
 
   // Does `work` while nobody has to wait for it; false when something else is wanted by now, or it failed.
@@ -96,7 +129,24 @@ struct EnginePlayer::State {
     return false;
   }
 
+  // Makes frames ahead while nothing is due or wanted for longer than one takes.
+  void workAhead(std::unique_lock<std::mutex>& lock, std::unique_ptr<Playback>& playback, double& wait) {
+    while (playback && wait > takes && commands.empty() && !ends && !drops) {
+      bool worked = false;
+      const bool goesOn = unlocked(lock, playback, [&]() -> Outcome {
+        const double begun = nowSeconds();
+        worked = playback->workAhead();
+        const double now = nowSeconds();
+        if (worked) takes += (now - begun - takes) * kNewest;
+        wait = playback->dueIn(now);
+        return {};
+      });
+      if (!goesOn || !worked) return;
+    }
+  }
+
   void run() {
+    OpenFiles files(kFilesKept);
     std::unique_ptr<Playback> playback;
     int width = 0;
     int height = 0;
@@ -107,10 +157,13 @@ struct EnginePlayer::State {
         auto next = std::exchange(toLoad, std::nullopt);
         unlocked(lock, playback, [&]() -> Outcome {
           playback.reset();  // the sound is free again
-          if (!next) return {};
+          if (!next) {
+            files.clear();
+            return {};
+          }
           width = next->width;
           height = next->height;
-          playback = std::make_unique<Playback>(std::move(*next), sound.get());
+          playback = std::make_unique<Playback>(std::move(*next), sound.get(), &files);
           return {};
         });
         continue;
@@ -121,9 +174,8 @@ struct EnginePlayer::State {
       }
       double wait = 0;
       const auto asked = std::exchange(commands, {});
-      for (const auto& what : asked) what(*playback, nowSeconds());
-      tell(*playback);
       const bool shown = unlocked(lock, playback, [&]() -> Outcome {
+        for (const auto& command : asked) carryOut(command, *playback);
         auto due = playback->step(nowSeconds());
         if (!due) return due.error();
         if (*due) show((*due)->frame, bitmapOf((*due)->picture, width, height));
@@ -132,7 +184,9 @@ struct EnginePlayer::State {
       });
       if (!shown) continue;
       tell(*playback);
-      if (wait > 0 && commands.empty() && !ends) changed.wait_for(lock, std::chrono::duration<double>(wait));
+      workAhead(lock, playback, wait);
+      if (wait > 0 && playback && !drops && commands.empty() && !ends)
+        changed.wait_for(lock, std::chrono::duration<double>(wait));
     }
   }
 };
@@ -163,18 +217,12 @@ Outcome EnginePlayer::load(std::string document) {
   return {};
 }
 
-void EnginePlayer::play() {
-  state_->command([](Playback& playback, double now) { playback.play(now); });
-}
-void EnginePlayer::pause() {
-  state_->command([](Playback& playback, double now) { playback.pause(now); });
-}
-void EnginePlayer::stop() {
-  state_->command([](Playback& playback, double /*now*/) { playback.stop(); });
-}
-void EnginePlayer::seek(std::int64_t frame) {
-  state_->command([frame](Playback& playback, double now) { playback.seek(frame, now); });
-}
+void EnginePlayer::clear() { state_->take(std::nullopt); }
+
+void EnginePlayer::play() { state_->command({State::Command::What::Play}); }
+void EnginePlayer::pause() { state_->command({State::Command::What::Pause}); }
+void EnginePlayer::stop() { state_->command({State::Command::What::Stop}); }
+void EnginePlayer::seek(std::int64_t frame) { state_->command({State::Command::What::Seek, frame}); }
 
 PlayState EnginePlayer::state() const {
   const std::lock_guard lock(state_->mutex);

@@ -15,6 +15,7 @@ class EnginePlayer : public TimelinePlayer {
   ~EnginePlayer() override;
 
   Outcome load(std::string document) override;
+  void clear() override;
   void play() override;
   void pause() override;
   void stop() override;

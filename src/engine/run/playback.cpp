@@ -9,19 +9,28 @@
 namespace kvo::engine {
 namespace {
 
-constexpr double kSoundAhead = 0.4;  // seconds that are queued ahead of what is heard
-constexpr double kSoundStep = 0.05;  // seconds queued at a time
-constexpr double kStands = 3600;     // nothing is due
+constexpr double kSoundAhead = 0.4;       // seconds that are queued ahead of what is heard
+constexpr double kSoundFirst = 0.2;       // that are enough to begin with
+constexpr double kSoundStep = 0.05;       // seconds queued at a time
+constexpr double kStands = 3600;          // nothing is due
+constexpr std::int64_t kFramesAhead = 8;  // that are made before they are due
+constexpr double kFilesAhead = 1.5;       // seconds that the file of a clip is made ready ahead of it
+constexpr double kSeenFor = 10;           // seconds that all frames stay at hand where it stands
+// Bytes of frames at hand: ten seconds of 720 lines, and what stays of them behind that time.
+constexpr std::size_t kMostSeen = 384ULL << 20U;
+constexpr std::size_t kSeenAtRest = 48ULL << 20U;
+
 // A seek has to decode from the key frame on, and goes to and fro between clips.
-constexpr Compositor::Habits kHabits = {.decoderThreads = 4, .keptOpen = 4};
+Compositor::Habits habitsOf(OpenFiles* files) { return {.decoderThreads = 4, .keptOpen = 4, .files = files}; }
 
 }  // namespace
 
-Playback::Playback(Timeline timeline, SoundOutput* sound)
+Playback::Playback(Timeline timeline, SoundOutput* sound, OpenFiles* files)
     : timeline_(std::move(timeline)),
       sound_(timeline_.audio.empty() ? nullptr : sound),
-      frames_(std::max<std::int64_t>(1, timeline_.frames())) {
-  if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, kHabits);
+      frames_(std::max<std::int64_t>(1, timeline_.frames())),
+      seen_(kMostSeen) {
+  if (timeline_.hasVideo && !timeline_.video.empty()) compositor_.emplace(timeline_, habitsOf(files));
   if (sound_ != nullptr && !sound_->open()) sound_ = nullptr;
 }
 
@@ -33,8 +42,18 @@ void Playback::silence() {
   sound_->clear();
 }
 
+std::int64_t Playback::held(std::int64_t frame) const {
+  return std::clamp<std::int64_t>(frame, 0, frames_ - 1);
+}
+
+void Playback::makeReady(std::optional<std::int64_t> frame) {
+  if (state_ == PlayState::Failed) return;
+  const auto first = state_ == PlayState::Ended ? 0 : wanted_;
+  static_cast<void>(guarded([&] { return picture(held(frame.value_or(first))); }));
+}
+
 void Playback::standAt(std::int64_t frame) {
-  wanted_ = std::clamp<std::int64_t>(frame, 0, frames_ - 1);
+  wanted_ = held(frame);
   mixer_.reset();
   queued_ = 0;
   silence();
@@ -83,7 +102,7 @@ Outcome Playback::queueSound() {
   if (!mixer_) mixer_.emplace(timeline_, timeline_.frameRate.unitsAt(wanted_, media::kSampleRate));
   const bool begins = queued_ == 0;
   std::vector<float> samples(static_cast<std::size_t>(kSoundStep * media::kSampleRate) * media::kChannels);
-  while (sound_->waiting() < kSoundAhead) {
+  while (sound_->waiting() < (begins ? kSoundFirst : kSoundAhead)) {
     if (auto done = mixer_->read(samples); !done) return done;
     sound_->queue(samples);
     queued_ += static_cast<std::int64_t>(samples.size()) / media::kChannels;
@@ -92,16 +111,32 @@ Outcome Playback::queueSound() {
   return {};
 }
 
+Result<media::Picture> Playback::picture(std::int64_t frame) {
+  if (!compositor_) return media::Picture();
+  if (auto seen = seen_.find(frame)) return seen;
+  auto made = compositor_->frame(frame);
+  if (made) seen_.put(frame, *made);
+  return made;
+}
+
 Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
   if (frame == shown_) return std::optional<Shown>();
-  Shown shown{frame, {}};
-  if (compositor_) {
-    auto picture = compositor_->frame(frame);
-    if (!picture) return picture.error();
-    shown.picture = std::move(*picture);
-  }
+  auto seen = picture(frame);
+  if (!seen) return seen.error();
   shown_ = frame;
-  return std::optional(std::move(shown));
+  return std::optional(Shown{frame, std::move(*seen)});
+}
+
+bool Playback::workAhead() {
+  if (state_ != PlayState::Playing || !compositor_ || shown_ < 0) return false;
+  const auto last = frames_ - 1;
+  compositor_->expect(
+      std::min(shown_ + std::max<std::int64_t>(timeline_.frameRate.frameAt(kFilesAhead), 1), last));
+  for (auto frame = shown_ + 1; frame <= std::min(shown_ + kFramesAhead, last); ++frame) {
+    if (seen_.holds(frame)) continue;
+    return bool(guarded([&] { return picture(frame); }));
+  }
+  return false;
 }
 
 Result<std::optional<Playback::Shown>> Playback::step(double now) {
@@ -110,6 +145,10 @@ Result<std::optional<Playback::Shown>> Playback::step(double now) {
   if (!shown) {
     standAt(wanted_);
     state_ = PlayState::Failed;
+  } else if (*shown) {
+    seenAt_ = now;
+  } else if (now - seenAt_ >= kSeenFor && state_ != PlayState::Playing) {
+    seen_.shrink(kSeenAtRest);
   }
   return shown;
 }
@@ -126,7 +165,8 @@ Result<std::optional<Playback::Shown>> Playback::due(double now) {
 double Playback::dueIn(double now) const {
   if (state_ != PlayState::Playing) {
     const auto stands = state_ == PlayState::Ended ? frames_ - 1 : wanted_;
-    return state_ == PlayState::Failed || shown_ == stands ? kStands : 0;
+    if (state_ != PlayState::Failed && shown_ != stands) return 0;
+    return seen_.bytes() > kSeenAtRest ? std::max(0.1, seenAt_ + kSeenFor - now) : kStands;
   }
   const double next = timeline_.frameRate.secondsAt(std::max(shown_, wanted_) + 1) - heardUpTo(now);
   // The sound must not run dry between two frames of a slow rate.

@@ -5,6 +5,7 @@
 #include "base/result.h"
 #include "engine/document/timeline.h"
 #include "engine/picture/compositor.h"
+#include "engine/run/seen_frames.h"
 #include "engine/sound/mixer.h"
 #include "ports/sound_output.h"
 #include "ports/timeline_player.h"
@@ -17,8 +18,9 @@ namespace kvo::engine {
 
 class Playback {
  public:
-  /// `sound` may be null: a player without loudspeakers. It outlives the playback.
-  Playback(Timeline timeline, SoundOutput* sound);
+  /// `sound` may be null: a player without loudspeakers; so may `files`, which lends the clips' files. Both
+  /// outlive the playback.
+  Playback(Timeline timeline, SoundOutput* sound, OpenFiles* files = nullptr);
   Playback(const Playback&) = delete;
   Playback& operator=(const Playback&) = delete;
   /// The sound falls silent.
@@ -30,6 +32,10 @@ class Playback {
   void stop();
   void seek(std::int64_t frame, double now);
 
+  /// Makes the frame that a seek to `frame` shows, or that playing would begin with, so that the clock need
+  /// not run before it is there. What fails is told when it is due.
+  void makeReady(std::optional<std::int64_t> frame = std::nullopt);
+
   struct Shown {
     std::int64_t frame = 0;
     media::Picture picture{};
@@ -38,6 +44,11 @@ class Playback {
   /// Does what is due: gives the frame to show, or nothing while the one that is shown still stands. Frames
   /// that are late are left out. Fails when a clip cannot be shown.
   Result<std::optional<Shown>> step(double now);
+
+  /// Makes the next frame that is not at hand yet, and has the files of later ones made ready, so that the
+  /// picture does not wait when it is due. False when there is nothing to do ahead; what fails is told when
+  /// it is due.
+  bool workAhead();
 
   /// When something will be due, in seconds from `now`; a long time when it stands.
   [[nodiscard]] double dueIn(double now) const;
@@ -53,14 +64,18 @@ class Playback {
   Outcome queueSound();
   void silence();
   void standAt(std::int64_t frame);
+  [[nodiscard]] std::int64_t held(std::int64_t frame) const;
   Result<std::optional<Shown>> due(double now);
   Result<std::optional<Shown>> show(std::int64_t frame);
+  Result<media::Picture> picture(std::int64_t frame);
 
   Timeline timeline_;
   SoundOutput* sound_;
   std::int64_t frames_;
   std::optional<Compositor> compositor_;
   std::optional<Mixer> mixer_;
+  SeenFrames seen_;
+  double seenAt_ = 0;  // the clock when a frame was shown
   PlayState state_ = PlayState::Stopped;
   std::int64_t shown_ = -1;  // nothing yet
   std::int64_t wanted_ = 0;  // where it stands, or began to play

@@ -1,0 +1,21 @@
+// Places of the preview in figures and among the clips.
+#pragma once
+
+#include "core/records/collection.h"
+
+#include <string>
+
+namespace kvo {
+
+/// "01:07.2000": minutes, seconds and ten thousandths. Below 0 counts as 0.
+std::string positionText(double seconds);
+
+/// The number of the clip that is seen at a place of the compiled movie, seconds: the first with a picture
+/// whose TimeLineStop lies behind it; the last behind the end. Without any picture sound counts too. 0 when
+/// no clip has a place.
+int clipAt(const Collection& collection, double seconds);
+
+/// The name that a clip is shown by.
+std::string titleOf(const Movie& clip);
+
+}  // namespace kvo

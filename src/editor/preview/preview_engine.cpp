@@ -1,0 +1,422 @@
+#include "editor/preview/preview_engine.h"
+
+#include "base/text.h"
+#include "editor/compiler/document_check.h"
+#include "editor/preview/position_texts.h"
+#include "editor/tabs/operations.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+// Milliseconds.
+constexpr int kPositionTick = 100;
+constexpr int kEndTick = 100;
+constexpr int kSampleTick = 250;  // a sample that stands so long is kept in its file
+constexpr int kSamplePace = 60;   // between two samples of a slider that is dragged
+constexpr int kSelectEach = 3;    // ticks
+constexpr int kFullPower = 10;
+constexpr std::string_view kMovieDocument = "\\KVORender.xtl";
+constexpr std::string_view kSampleDocument = "\\KVOSamp.xtl";
+constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
+
+PreviewKind kindOf(Sample what) {
+  switch (what) {
+    case Sample::Transition:
+      return PreviewKind::Transition;
+    case Sample::Effect:
+      return PreviewKind::Effect;
+    case Sample::Colour:
+      return PreviewKind::Colour;
+    case Sample::Keyframe:
+      return PreviewKind::Keyframe;
+    case Sample::PictureInPicture:
+      return PreviewKind::PictureInPicture;
+  }
+  return PreviewKind::None;
+}
+
+int powerOf(const KVO2& settings) {
+  const int power = settings.preferences().PreviewCPU;
+  return power == 0 ? kFullPower : power;
+}
+
+}  // namespace
+
+PreviewEngine::PreviewEngine(PreviewState& state, const Editing& editing, TimelinePlayer& player,
+                             NewestPicture& pictures, EventLoop& loop, PreviewHost& host)
+    : state_(state),
+      editing_(editing),
+      player_(player),
+      pictures_(pictures),
+      host_(host),
+      Timer1_(loop.timer([this] { GetCurrPos(); })),
+      tmrTimer_(loop.timer([this] { watchEnd(); })),
+      TimerPreview_(loop.timer([this] { writeSample(); })),
+      pace_(loop.timer([this] {
+        if (wish_) return beginWish();
+        pace_->stop();
+      })) {
+  pictures_.whenArrived([this](auto frame, auto picture) { arrived(frame, std::move(picture)); });
+}
+
+PreviewEngine::~PreviewEngine() {
+  pictures_.whenArrived({});
+  player_.clear();
+}
+
+bool PreviewEngine::isSample() const {
+  return state_.kind != PreviewKind::None && state_.kind != PreviewKind::Movie;
+}
+
+bool PreviewEngine::movieRuns() const { return state_.kind == PreviewKind::Movie && state_.PreviewPlaying; }
+
+double PreviewEngine::secondsOf(std::int64_t frame) const {
+  const double rate = player_.frameRate();
+  return rate > 0 ? static_cast<double>(frame) / rate : 0;
+}
+
+std::int64_t PreviewEngine::frameOf(double seconds) const {
+  const auto frame = std::llround(seconds * player_.frameRate());
+  return std::clamp<std::int64_t>(frame, 0, std::max<std::int64_t>(player_.frames() - 1, 0));
+}
+
+std::int64_t PreviewEngine::GetPreviewPositionFrame() const { return sought_.value_or(player_.position()); }
+
+// The movie.
+
+void PreviewEngine::PrepPreview() {
+  if (isSample()) KillPreview();
+  editing_.editor.texts = {};
+  editing_.editor.LastClipStop.clear();
+  host_.buildClipSliders();
+  host_.parkPlayer();
+  if (movieRuns()) {
+    host_.ShowClipStats();
+    TimeCodeOff();
+    return KillPreview();
+  }
+  host_.watchChanges(false);
+  if (!CreatePreview(true)) return host_.watchChanges(true);
+  host_.FrmFileOpenToolsOnOff(false);
+  host_.previewChanged();
+}
+
+bool PreviewEngine::CreatePreview(bool Play) {
+  if (!host_.mayEdit()) return false;
+  if (!editing_.clips().empty()) host_.selectRow(1);
+  const auto labels = kvo::CreatePreview(editing_, host_.stillControls());
+  if (!labels) {
+    if (!editing_.clips().empty()) failed(labels.error().text);
+    return false;
+  }
+  const auto document = editing_.files.read(editing_.folder.beside(kMovieDocument), kMaxDocument);
+  if (!document) {
+    failed(document.error().text);
+    return false;
+  }
+  if (Play || state_.PreviewPlaying) KillPreview();
+  state_.labels = *labels;
+  state_.FSB_RenderRange.Max = labels->FSB_RenderRangeMax;
+  state_.cuts.assign(editing_.editor.ClipStopList.begin(), editing_.editor.ClipStopList.end());
+  saveGraph(*document);
+  state_.kind = PreviewKind::Movie;
+  state_.clipNo = 0;
+  stale_ = false;
+  PreviewIt(*document, state_.FSB_RenderRange.Value, !Play);
+  return state_.failure.empty();
+}
+
+void PreviewEngine::saveGraph(const std::string& document) {
+  const auto& preferences = editing_.settings.preferences();
+  if (preferences.GrfFileName.empty() || !preferences.OutputGRF) return;
+  const auto done = writeDurably(editing_.files, preferences.GrfFileName, document);
+  if (!done) editing_.log.LogError(done.error().text);
+}
+
+void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool NoPlay) {
+  if (state_.PreviewPlaying) {
+    player_.clear();
+    state_.PreviewPlaying = state_.paused = false;
+    editing_.settings.state.IsPreviewRunning = false;
+    return;
+  }
+  tmrTimer_->stop();
+  sought_.reset();
+  if (const auto loaded = player_.load(std::move(Document)); !loaded) return failed(loaded.error().text);
+  state_.failure.clear();
+  state_.total = secondsOf(player_.frames());
+  if (isSample()) state_.FSB_RenderRange.Max = static_cast<int>(std::floor(state_.total));
+  const double from = std::max(StartSeconds, 0.0);
+  if (!NoPlay) return DirXPlay(from);
+  seekTo(frameOf(from));
+  host_.previewChanged();
+}
+
+void PreviewEngine::DirXPlay(double StartSeconds) {
+  const auto& bar = state_.FSB_RenderRange;
+  const bool atEnd = bar.Max > 0 && StartSeconds >= bar.Max;
+  const auto from = frameOf(host_.Chk_AutoRewind() && atEnd ? 0 : StartSeconds);
+  if (from != GetPreviewPositionFrame()) seekTo(from);
+  host_.parkPlayer();
+  player_.play();
+  TimeCodeOn();
+  tmrTimer_->start(kEndTick);
+  state_.PreviewPlaying = true;
+  state_.paused = began_ = false;
+  editing_.settings.state.IsPreviewRunning = true;
+  ShowPreviewBut();
+  host_.previewChanged();
+}
+
+void PreviewEngine::KillPreview() {
+  for (auto* timer : {&tmrTimer_, &TimerPreview_, &Timer1_, &pace_}) (*timer)->stop();
+  wish_.reset();
+  unwritten_.clear();
+  sought_.reset();
+  player_.clear();
+  if (movieRuns()) {
+    host_.FrmFileOpenToolsOnOff(true);
+    host_.watchChanges(true);
+  }
+  if (isSample()) {
+    state_.FSB_RenderRange = movieBar_;
+    state_.cuts = movieCuts_;
+  }
+  state_.kind = PreviewKind::None;
+  state_.clipNo = 0;
+  state_.title.clear();
+  state_.position = state_.total = 0;
+  state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
+  editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
+  ShowPreviewBut();
+  host_.Displaymovieinfo();
+  host_.previewChanged();
+}
+
+void PreviewEngine::failed(const std::string& text) {
+  editing_.log.LogError(text);
+  KillPreview();
+  state_.failure = text;
+  stale_ = true;
+  host_.previewChanged();
+}
+
+// The keys, and places of the movie.
+
+void PreviewEngine::PausePreview() {
+  if (!state_.PreviewPlaying) return;
+  state_.paused = !state_.paused;
+  if (state_.paused) {
+    player_.pause();
+  } else {
+    sought_.reset();
+    player_.play();
+  }
+  ShowPreviewBut();
+  host_.previewChanged();
+}
+
+void PreviewEngine::PreviewtransPort(Key key) {
+  if (key == Key::PlayOrPause) {
+    if (state_.PreviewPlaying) return PausePreview();
+    return isSample() ? DirXPlay(0) : PrepPreview();
+  }
+  if (state_.kind == PreviewKind::None && !standOnMovie()) return;
+  const bool steps = key == Key::StepBack || key == Key::StepForward;
+  if (steps && state_.PreviewPlaying && !state_.paused) PausePreview();
+  const auto last = player_.frames() - 1;
+  const auto now = GetPreviewPositionFrame();
+  const auto to = key == Key::ToStart ? 0 : key == Key::ToEnd ? last : now + (key == Key::StepBack ? -1 : 1);
+  seekTo(std::clamp<std::int64_t>(to, 0, std::max<std::int64_t>(last, 0)));
+}
+
+void PreviewEngine::seekTo(std::int64_t frame) {
+  sought_ = frame;
+  player_.seek(frame);
+  if (!tmrTimer_->running()) tmrTimer_->start(kEndTick);  // it may fail
+  GetCurrPos();
+}
+
+// The movie as it is now stands in the player; false when there is none to show.
+bool PreviewEngine::standOnMovie() {
+  if (state_.kind == PreviewKind::Movie && !stale_ && player_.state() != PlayState::Empty) return true;
+  if (!host_.mayEdit() || editing_.clips().empty()) return false;
+  if (state_.kind != PreviewKind::None) KillPreview();
+  auto& change = editing_.settings.state.ObjectChange;
+  const auto code = change;  // the change watch has still to hear of it
+  auto document = compilePreviewText(editing_, powerOf(editing_.settings));
+  change = code;
+  const double total = ToNumber(editing_.editor.LastClipStop);
+  state_.FSB_RenderRange.Max = static_cast<int>(std::floor(total));
+  state_.kind = PreviewKind::Movie;
+  stale_ = false;
+  PreviewIt(std::move(document), state_.FSB_RenderRange.Value, true);
+  return state_.failure.empty();
+}
+
+void PreviewEngine::showAt(double seconds) {
+  if (isSample()) KillPreview();
+  if (!standOnMovie()) return;
+  seekTo(frameOf(seconds));
+  host_.previewChanged();
+}
+
+void PreviewEngine::holdRange(bool held) { state_.FSB_RenderRange.held = held; }
+
+void PreviewEngine::moveRange(double seconds) {
+  auto& bar = state_.FSB_RenderRange;
+  bar.Value = std::max(seconds, 0.0);
+  if (isSample()) return seekTo(frameOf(seconds));
+  showAt(seconds);
+}
+
+// Samples.
+
+void PreviewEngine::sample(Sample what, int clipNo) {
+  if (!host_.mayEdit() || clipNo < 1 || clipNo > editing_.clips().count()) return;
+  wish_ = Wish{what, clipNo};
+  if (!pace_->running()) beginWish();
+}
+
+std::string PreviewEngine::documentOf(const Wish& wish) const {
+  switch (wish.what) {
+    case Sample::Transition:
+      return Previewtransition(editing_, wish.clipNo);
+    case Sample::Effect:
+    case Sample::Keyframe:
+      return PreviewEffect(editing_, wish.clipNo);
+    case Sample::Colour:
+      return PreviewColourAdjust(editing_, wish.clipNo);
+    case Sample::PictureInPicture:
+      return CreatePinPPreview(editing_, wish.clipNo, {.preview = true});
+  }
+  return {};
+}
+
+void PreviewEngine::beginWish() {
+  const auto wish = *std::exchange(wish_, std::nullopt);
+  pace_->start(kSamplePace);
+  if (wish.clipNo > editing_.clips().count()) return;
+  auto document = documentOf(wish);
+  if (document.empty()) return;
+  const bool goesOn = state_.kind == kindOf(wish.what) && state_.clipNo == wish.clipNo &&
+                      state_.PreviewPlaying && player_.state() != PlayState::Ended;
+  const double from = goesOn ? secondsOf(GetPreviewPositionFrame()) : 0;
+  if (!isSample()) {
+    if (state_.kind == PreviewKind::Movie) KillPreview();
+    movieBar_ = state_.FSB_RenderRange;
+    movieCuts_ = std::exchange(state_.cuts, {});
+    pace_->start(kSamplePace);
+  }
+  state_.kind = kindOf(wish.what);
+  state_.clipNo = wish.clipNo;
+  editing_.settings.state.KeyframePreview = wish.what == Sample::Keyframe;
+  state_.title = wish.what == Sample::Transition ? transitionClipsText(editing_.collection, wish.clipNo)
+                                                 : titleOf(editing_.clips()[wish.clipNo]);
+  state_.PreviewPlaying = false;
+  unwritten_ = document;
+  TimerPreview_->start(kSampleTick);
+  PreviewIt(std::move(document), from, false);
+}
+
+// A sample that is not followed by another at once is kept as the document that was shown last.
+void PreviewEngine::writeSample() {
+  TimerPreview_->stop();
+  const auto path = editing_.folder.beside(kSampleDocument);
+  const auto done = writeDocument(editing_.files, path, std::exchange(unwritten_, {}));
+  if (!done) editing_.log.LogError(done.error().text);
+}
+
+// What the timers do, and pictures that come.
+
+void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> picture) {
+  if (state_.kind == PreviewKind::None || player_.state() == PlayState::Empty) return;
+  if (sought_ == frame || (state_.PreviewPlaying && !state_.paused)) sought_.reset();
+  state_.picture = picture->bgr.empty() ? nullptr : std::move(picture);
+  state_.position = secondsOf(frame);
+  if (!Timer1_->running()) GetCurrPos();
+  host_.previewChanged();
+}
+
+void PreviewEngine::GetCurrPos() {
+  const double position = secondsOf(GetPreviewPositionFrame());
+  state_.position = position;
+  if (Timer1_->running()) {
+    host_.ShowClipStats();
+    tick_ = (tick_ + 1) % kSelectEach;
+  }
+  if (state_.kind == PreviewKind::Movie && tick_ == 0) UpdateFrmFileOpenFillist();
+  UpdateRenderPosDisplay(positionText(position));
+  state_.Lbl_Remain = positionText(state_.total - position);
+  state_.Lbl_TotDur = positionText(state_.total);
+  auto& bar = state_.FSB_RenderRange;
+  if (!bar.held) bar.Value = position;
+  host_.previewChanged();
+}
+
+void PreviewEngine::UpdateFrmFileOpenFillist() {
+  const int clipNo = clipAt(editing_.collection, state_.position);
+  if (clipNo == 0) return;
+  state_.title = titleOf(editing_.clips()[clipNo]);
+  if (clipNo == state_.clipNo || !state_.PreviewPlaying) return;
+  state_.clipNo = clipNo;
+  host_.selectRow(clipNo);
+  host_.buildClipSliders();
+}
+
+void PreviewEngine::watchEnd() {
+  const auto now = player_.state();
+  if (now == PlayState::Failed) return failed(player_.failure());
+  if (!state_.PreviewPlaying) {
+    if (sought_ && player_.position() != *sought_) return;
+    sought_.reset();
+    return tmrTimer_->stop();
+  }
+  // The first look may come before the player has taken up what it was told.
+  if (!std::exchange(began_, true) || now != PlayState::Ended) return;
+  tmrTimer_->stop();
+  GetCurrPos();
+  Timer1_->stop();
+  const bool movie = state_.kind == PreviewKind::Movie;
+  state_.PreviewPlaying = state_.paused = false;
+  editing_.settings.state.IsPreviewRunning = false;
+  ShowPreviewBut();
+  host_.previewChanged();
+  if (!movie) return;
+  if (host_.Chk_AutoRewind()) {
+    player_.stop();
+    sought_ = 0;
+    TimeCodeOff();
+    state_.FSB_RenderRange.Value = 0;
+  }
+  host_.Displaymovieinfo();
+  host_.deleteWorkFiles();
+  host_.FrmFileOpenToolsOnOff(true);
+  host_.watchChanges(true);
+  host_.previewChanged();
+}
+
+void PreviewEngine::TimeCodeOn() {
+  tick_ = 0;
+  Timer1_->start(kPositionTick);
+  state_.pic_DigDisplay = true;
+}
+
+void PreviewEngine::TimeCodeOff() {
+  Timer1_->stop();
+  UpdateRenderPosDisplay(kNoPosition);
+  state_.Lbl_Remain = state_.Lbl_TotDur = kNoPosition;
+}
+
+void PreviewEngine::UpdateRenderPosDisplay(const std::string& text) { state_.Lbl_TimePos = text; }
+
+void PreviewEngine::ShowPreviewBut() {
+  state_.Cmd_PrevGrph =
+      state_.kind == PreviewKind::Movie && state_.PreviewPlaying ? "Stop Preview" : "Preview";
+}
+
+}  // namespace kvo

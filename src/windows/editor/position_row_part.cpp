@@ -1,0 +1,198 @@
+#include "windows/editor/position_row_part.h"
+
+#include "ui/digit_display.h"
+#include "ui/made.h"
+#include "ui/painting.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/editor/editor_page.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QStyle>
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr double kBarSteps = 100;  // of a second
+constexpr int kBarPage = 100;
+constexpr std::size_t kPlayKey = 2;
+
+struct RowKey {
+  const char* icon;
+  const char* tip;
+  int width, height;  // pixels at size 1
+};
+
+#define KVO_TIP(text) QT_TRANSLATE_NOOP("kvo::PositionRowPart", text)
+constexpr std::array<RowKey, 5> kRowKeys{{{"prev", KVO_TIP("To the start"), 30, 28},
+                                          {"fb", KVO_TIP("One frame back"), 30, 28},
+                                          {"play", KVO_TIP("Play"), 40, 32},
+                                          {"fwd", KVO_TIP("One frame on"), 30, 28},
+                                          {"next", KVO_TIP("To the end"), 30, 28}}};
+#undef KVO_TIP
+
+// Pixels at size 1, from the row's corner.
+constexpr int kRowInset = 12;
+constexpr int kRowMiddle = 23;  // of digits and keys
+constexpr int kDigitsWidth = 132;
+constexpr int kDigitsHeight = 26;
+constexpr double kDigitHeight = 15;
+constexpr int kRowKeyGap = 5;
+constexpr int kNumbersWidth = 86;
+constexpr int kCaptionsWidth = 66;
+constexpr int kLineHeight = 16;
+constexpr int kFirstLine = 8;
+constexpr int kBarTop = 42;
+constexpr int kRangeBarHeight = 24;
+constexpr int kTickTop = 61;
+constexpr int kTickLength = 5;
+constexpr int kHandle = 12;
+
+// "00:07.2000" as the digits show it: two places are enough for the eye.
+QString digitsOf(const std::string& position) {
+  const auto text = shown(position);
+  const auto point = text.indexOf('.');
+  return point < 0 ? text : text.left(point + 3);
+}
+
+}  // namespace
+
+PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, QWidget* parent)
+    : QFrame(parent),
+      state_(state),
+      acts_(std::move(acts)),
+      pic_DigDisplay_(made<DigitDisplay>(kDigitHeight, this)) {
+  setProperty("role", "card");
+  pic_DigDisplay_->setAccessibleName(tr("Position"));
+  const std::array<std::function<void()>*, kKeys> does{&acts_.toStart, &acts_.stepBack, &acts_.playOrPause,
+                                                       &acts_.stepForward, &acts_.toEnd};
+  for (std::size_t i = 0; i < kKeys; ++i) {
+    auto* key = keys_[i] = made<QPushButton>(this);
+    key->setProperty("kind", "key");
+    key->setIcon(themeIcon(kRowKeys[i].icon));
+    key->setToolTip(tr(kRowKeys[i].tip));
+    key->setAccessibleName(tr(kRowKeys[i].tip));
+    key->setAutoRepeat(i == kPlayKey - 1 || i == kPlayKey + 1);
+    connect(key, &QPushButton::clicked, this, [act = does[i]] { (*act)(); });
+  }
+  const auto label = [&](const QString& text, const char* role) {
+    auto* made_ = made<QLabel>(text, this);
+    made_->setProperty("role", role);
+    made_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    made_->setTextFormat(Qt::PlainText);
+    return made_;
+  };
+  captions_ = {label(tr("Remaining"), "hint"), label(tr("Total"), "hint")};
+  Lbl_Remain_ = label({}, "number");
+  Lbl_TotDur_ = label({}, "number");
+  Lbl_Remain_->setAccessibleName(tr("Remaining"));
+  Lbl_TotDur_->setAccessibleName(tr("Total"));
+  FSB_RenderRange_ = made<QSlider>(Qt::Horizontal, this);
+  connectBar();
+  layOut();
+  draw();
+}
+
+void PositionRowPart::connectBar() {
+  auto* bar = FSB_RenderRange_;
+  bar->setAccessibleName(tr("Place in the movie"));
+  bar->setToolTip(tr("Place in the movie, from which the preview plays"));
+  bar->setPageStep(kBarPage);
+  bar->setSingleStep(kBarPage / 10);
+  connect(bar, &QSlider::sliderPressed, this, [this] { acts_.holdRange(true); });
+  connect(bar, &QSlider::sliderReleased, this, [this] { acts_.holdRange(false); });
+  connect(bar, &QSlider::valueChanged, this, [this](int value) {
+    if (!isDrawing_) acts_.moveRange(value / kBarSteps);
+  });
+}
+
+void PositionRowPart::draw() {
+  isDrawing_ = true;
+  pic_DigDisplay_->setText(digitsOf(state_.Lbl_TimePos));
+  setTextOf(*Lbl_Remain_, shown(state_.Lbl_Remain));
+  setTextOf(*Lbl_TotDur_, shown(state_.Lbl_TotDur));
+  drawPlayKey();
+  const auto& range = state_.FSB_RenderRange;
+  const double total = state_.total > 0 ? state_.total : range.Max;
+  FSB_RenderRange_->setMaximum(static_cast<int>(std::lround(total * kBarSteps)));
+  if (!FSB_RenderRange_->isSliderDown())
+    FSB_RenderRange_->setValue(static_cast<int>(std::lround(range.Value * kBarSteps)));
+  if (cuts_ != state_.cuts || drawnTotal_ != total) {
+    cuts_ = state_.cuts;
+    drawnTotal_ = total;
+    update();
+  }
+  isDrawing_ = false;
+}
+
+void PositionRowPart::drawPlayKey() {
+  const bool pauses = state_.PreviewPlaying && !state_.paused;
+  if (pauses == showsPause_) return;
+  showsPause_ = pauses;
+  auto* key = keys_[kPlayKey];
+  key->setIcon(themeIcon(pauses ? "pause" : "play"));
+  key->setToolTip(pauses ? tr("Pause") : tr("Play"));
+  key->setAccessibleName(key->toolTip());
+}
+
+QSize PositionRowPart::sizeHint() const { return {themed(524), themed(kHeight)}; }
+
+void PositionRowPart::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) layOut();
+  QFrame::changeEvent(event);
+}
+
+void PositionRowPart::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  layOut();
+}
+
+void PositionRowPart::layOut() {
+  if (FSB_RenderRange_ == nullptr) return;
+  setFixedHeight(themed(kHeight));
+  const int left = themed(kRowInset);
+  const int right = width() - left;
+  const int middle = themed(kRowMiddle);
+  pic_DigDisplay_->setGeometry(left, middle - themed(kDigitsHeight) / 2, themed(kDigitsWidth),
+                               themed(kDigitsHeight));
+  const int numbers = right - themed(kNumbersWidth);
+  const int captions = numbers - themed(kCaptionsWidth);
+  for (int line = 0; line < 2; ++line) {
+    const int top = themed(kFirstLine) + line * themed(kLineHeight);
+    (line == 0 ? Lbl_Remain_ : Lbl_TotDur_)->setGeometry(numbers, top, right - numbers, themed(kLineHeight));
+    captions_[static_cast<std::size_t>(line)]->setGeometry(captions, top, numbers - captions,
+                                                           themed(kLineHeight));
+  }
+  int wide = 0;
+  for (const auto& key : kRowKeys) wide += themed(key.width) + themed(kRowKeyGap);
+  const int from = left + themed(kDigitsWidth);
+  int x = from + std::max(0, captions - from - wide) / 2;
+  for (std::size_t i = 0; i < kKeys; ++i) {
+    const int height = themed(kRowKeys[i].height);
+    keys_[i]->setGeometry(x, middle - height / 2, themed(kRowKeys[i].width), height);
+    x += themed(kRowKeys[i].width) + themed(kRowKeyGap);
+  }
+  FSB_RenderRange_->setGeometry(left, themed(kBarTop), right - left, themed(kRangeBarHeight));
+}
+
+void PositionRowPart::paintEvent(QPaintEvent* event) {
+  QFrame::paintEvent(event);
+  if (drawnTotal_ <= 0) return;
+  QPainter painter(this);
+  const double left = themed(kRowInset) + themed(kHandle) / 2.0;  // of the handle's middle
+  const double along = width() - 2 * left;
+  const auto tick = [&](double seconds) {
+    const double x = std::round(left + along * seconds / drawnTotal_);
+    painter.fillRect(QRectF(x, themed(kTickTop), themed(1), themed(kTickLength)), toColour(token("line3")));
+  };
+  tick(0);
+  for (const double cut : cuts_) {
+    if (cut < drawnTotal_) tick(cut);
+  }
+}
+
+}  // namespace kvo

@@ -1,0 +1,120 @@
+#include "windows/editor/preview_part.h"
+
+#include "ui/painting.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+
+#include <QFontMetricsF>
+#include <QPainterPath>
+
+namespace kvo {
+namespace {
+
+// Pixels at size 1.
+constexpr double kPictureRadius = 8;
+constexpr int kChipInset = 8;
+constexpr int kChipHeight = 24;
+constexpr int kChipPadding = 10;
+constexpr int kChipText = 13;
+constexpr int kChipOpacity = 216;
+constexpr int kSignText = 13;
+
+QFont previewFont(const QWidget& widget, int pixels, QFont::Weight weight) {
+  auto font = widget.font();
+  font.setPixelSize(themed(pixels));
+  font.setWeight(weight);
+  return font;
+}
+
+}  // namespace
+
+PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(parent), state_(state) {
+  setAccessibleName(tr("Preview"));
+  setAttribute(Qt::WA_OpaquePaintEvent, false);
+}
+
+const Bitmap* PreviewPart::bitmap() const {
+  return state_.kind == PreviewKind::None ? nullptr : state_.picture.get();
+}
+
+QString PreviewPart::title() const {
+  if (state_.kind == PreviewKind::None)
+    return state_.failure.empty() ? tr("Nothing to Preview") : shown(state_.failure);
+  return shown(state_.title).replace(" -->  ", QString::fromUtf8(" \u2192 "));
+}
+
+void PreviewPart::draw() {
+  const auto text = title();
+  const auto picture = state_.kind == PreviewKind::None ? nullptr : state_.picture;
+  if (picture == drawn_ && text == drawnText_) return;
+  drawn_ = picture;
+  if (text != drawnText_) setAccessibleDescription(text);
+  drawnText_ = text;
+  update();
+}
+
+QRectF PreviewPart::pictureRect() const {
+  const auto* picture = bitmap();
+  if (picture == nullptr) return {};
+  auto size = QSizeF(picture->width, picture->height).scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
+  QRectF place({0, 0}, size);
+  place.moveCenter(QRectF(rect()).center());
+  return place;
+}
+
+void PreviewPart::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const Painting kept(painter);
+  const double radius = themed(kPictureRadius);
+  QPainterPath pane;
+  pane.addRoundedRect(onPixels(rect()), radius, radius);
+  painter.fillPath(pane, Qt::black);
+  if (const auto* picture = bitmap()) {
+    // The bytes are the player's own; they are read once, while they are drawn.
+    const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{3} * picture->width,
+                       QImage::Format_BGR888);
+    painter.save();
+    painter.setClipPath(pane);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(pictureRect(), image);
+    painter.restore();
+    drawTitle(painter);
+  } else {
+    drawEmpty(painter);
+  }
+  painter.setPen(QPen(toColour(token("line1")), 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(pane);
+}
+
+void PreviewPart::drawTitle(QPainter& painter) const {
+  if (drawnText_.isEmpty()) return;
+  painter.setFont(previewFont(*this, kChipText, QFont::DemiBold));
+  const QFontMetricsF metrics(painter.font());
+  const auto place = pictureRect();
+  const double inset = themed(kChipInset);
+  const double padding = themed(kChipPadding);
+  const auto text =
+      metrics.elidedText(drawnText_, Qt::ElideRight, std::max(0.0, place.width() - 2 * (inset + padding)));
+  const QRectF chip(place.left() + inset, place.top() + inset, metrics.horizontalAdvance(text) + 2 * padding,
+                    themed(kChipHeight));
+  auto ground = toColour(token("ink0"));
+  ground.setAlpha(kChipOpacity);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ground);
+  painter.drawRoundedRect(chip, themed(5), themed(5));
+  painter.setPen(toColour(token("text1")));
+  painter.drawText(chip, Qt::AlignCenter, text);
+}
+
+void PreviewPart::drawEmpty(QPainter& painter) const {
+  const bool bad = state_.kind == PreviewKind::None && !state_.failure.empty();
+  if (state_.kind != PreviewKind::None) return;  // its picture is on its way
+  painter.setFont(previewFont(*this, kSignText, QFont::Normal));
+  painter.setPen(toColour(bad ? token("red") : token("text3")));
+  const double inset = themed(2 * kChipPadding);
+  painter.drawText(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Qt::AlignCenter | Qt::TextWordWrap,
+                   drawnText_);
+}
+
+}  // namespace kvo

@@ -1,0 +1,246 @@
+// The preview on a player that does as it is told, in virtual time.
+#include "editor/preview/position_texts.h"
+#include "editor/tabs/operations.h"
+#include "support/preview_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::PreviewBench;
+using Key = PreviewEngine::Key;
+
+TEST(Preview, PlacesInFiguresAndAmongTheClips) {
+  for (const auto& [seconds, text] : {std::pair{0.0, "00:00.0000"},
+                                      {7.2, "00:07.2000"},
+                                      {59.99996, "01:00.0000"},
+                                      {61.23456, "01:01.2346"},
+                                      {6000.5, "100:00.5000"},
+                                      {-1.0, "00:00.0000"}}) {
+    EXPECT_EQ(positionText(seconds), text);
+  }
+  PreviewBench b;
+  EXPECT_EQ(clipAt(b.collection, 1), 0) << "nothing has a place yet";
+  b.addMusic("song.mp3", 0, 60).TimeLineStop(Value(60));
+  EXPECT_EQ(clipAt(b.collection, 1), 3) << "only sound has one";
+  compilePreviewText(b.editing, 5);
+  for (const auto& [seconds, clip] : {std::pair{0.0, 1}, {3.9, 1}, {4.0, 2}, {9.9, 2}, {30.0, 2}}) {
+    EXPECT_EQ(clipAt(b.collection, seconds), clip) << seconds;
+  }
+}
+
+TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
+  PreviewBench b;
+  b.preview.PrepPreview();
+  EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details park tools-");
+  EXPECT_EQ(b.takeActs(), "clear load play");
+  EXPECT_EQ(b.player.documents.back(), b.files.all.at("/prog/KVORender.xtl"));
+  EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning && b.state.pic_DigDisplay);
+  EXPECT_EQ(b.state.Cmd_PrevGrph, "Stop Preview");
+  EXPECT_EQ(b.state.FSB_RenderRange.Max, 10);
+  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
+  EXPECT_EQ(b.state.labels.lbl_VideoTotTime, "010.000");
+
+  b.shows(52);
+  b.loop.advance(300);
+  EXPECT_EQ(b.state.Lbl_TimePos + " " + b.state.Lbl_Remain + " " + b.state.Lbl_TotDur,
+            "00:05.2000 00:04.8000 00:10.0000");
+  EXPECT_EQ(b.state.FSB_RenderRange.Value, 5.2);
+  EXPECT_EQ(b.host.takeNotes(), "row:2 sliders") << "once";
+  EXPECT_EQ(b.state.title, "The hills");
+  ASSERT_TRUE(b.state.picture);
+
+  b.player.now = PlayState::Ended;
+  b.player.frame = 99;
+  b.loop.advance(200);
+  EXPECT_EQ(b.host.takeNotes(), "details sweep tools+ watch+");
+  EXPECT_EQ(b.takeActs(), "stop") << "back at its first frame";
+  EXPECT_FALSE(b.state.PreviewPlaying || b.settings.state.IsPreviewRunning);
+  EXPECT_EQ(b.state.Cmd_PrevGrph + b.state.Lbl_TimePos, "Preview0:00:0.000");
+  EXPECT_EQ(b.state.FSB_RenderRange.Value, 0);
+
+  b.preview.moveRange(7);
+  b.takeActs();
+  b.preview.PrepPreview();
+  EXPECT_EQ(b.takeActs(), "clear load seek:70 play") << "from the place of the bar";
+  b.host.takeNotes();
+  b.preview.PrepPreview();
+  EXPECT_EQ(b.host.takeNotes(), "sliders park tools+ watch+ details");
+  EXPECT_EQ(b.takeActs(), "clear");
+  b.loop.advance(1000);
+  EXPECT_EQ(b.host.takeNotes(), "") << "no timer is left running";
+}
+
+TEST(Preview, AtTheEndOfTheBarItBeginsAnewOrStands) {
+  for (const bool rewinds : {true, false}) {
+    PreviewBench b;
+    b.host.rewinds = rewinds;
+    b.state.FSB_RenderRange.Value = 10;
+    b.preview.PrepPreview();
+    EXPECT_EQ(b.takeActs(), rewinds ? "clear load play" : "clear load seek:99 play");
+    b.player.now = PlayState::Ended;
+    b.loop.advance(100);
+    EXPECT_TRUE(b.state.PreviewPlaying) << "the first look may be too early";
+    b.player.frame = 99;
+    b.loop.advance(100);
+    EXPECT_FALSE(b.state.PreviewPlaying);
+    EXPECT_EQ(b.state.FSB_RenderRange.Value, rewinds ? 0 : 9.9);
+  }
+}
+
+TEST(Preview, KeysAndBarMoveInTheMovie) {
+  PreviewBench b;
+  b.settings.state.ObjectChange = 98;
+  struct Row {
+    const char* what;
+    std::function<void()> act;
+    const char* acts;
+    const char* place;
+  };
+  const auto key = [&](Key k) { return [&b, k] { b.preview.PreviewtransPort(k); }; };
+  const Row rows[] = {
+      {"nothing is in hand", key(Key::StepForward), "load seek:0 seek:1", "00:00.1000"},
+      {"at once again", key(Key::StepForward), "seek:2", "00:00.2000"},
+      {"back", key(Key::StepBack), "seek:1", "00:00.1000"},
+      {"end", key(Key::ToEnd), "seek:99", "00:09.9000"},
+      {"not beyond", key(Key::StepForward), "seek:99", "00:09.9000"},
+      {"start", key(Key::ToStart), "seek:0", "00:00.0000"},
+      {"a place", [&] { b.preview.showAt(4.04); }, "seek:40", "00:04.0000"},
+      {"the bar", [&] { b.preview.moveRange(6); }, "seek:60", "00:06.0000"},
+      {"beyond the end", [&] { b.preview.showAt(99); }, "seek:99", "00:09.9000"},
+      {"a changed movie",
+       [&] {
+         b.preview.movieIsStale();
+         b.preview.showAt(3);
+       },
+       "clear load seek:99 seek:30", "00:03.0000"},
+      {"it plays", key(Key::PlayOrPause), "clear load seek:30 play", "00:03.0000"},
+      {"it halts", key(Key::PlayOrPause), "pause", "00:03.0000"},
+      {"it goes on", key(Key::PlayOrPause), "play", "00:03.0000"},
+      {"a step halts it", key(Key::StepForward), "pause seek:31", "00:03.1000"},
+  };
+  for (const auto& row : rows) {
+    row.act();
+    EXPECT_EQ(b.takeActs(), row.acts) << row.what;
+    EXPECT_EQ(b.state.Lbl_TimePos, row.place) << row.what;
+    if (row.acts == std::string("load seek:0 seek:1")) {
+      EXPECT_EQ(b.settings.state.ObjectChange, 98) << "the change watch has yet to hear of it";
+    }
+  }
+  EXPECT_TRUE(b.state.paused);
+  b.preview.PausePreview();
+  b.preview.holdRange(true);
+  b.shows(45);
+  b.loop.advance(100);
+  EXPECT_EQ(b.state.Lbl_TimePos, "00:04.5000");
+  EXPECT_EQ(b.state.FSB_RenderRange.Value, 3.1) << "the user has it";
+}
+
+TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
+  PreviewBench b;
+  b.state.FSB_RenderRange = {10, 6};
+  b.preview.sample(Sample::Effect, 1);
+  EXPECT_EQ(b.takeActs(), "load play") << "at once";
+  EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1));
+  EXPECT_TRUE(b.settings.state.IsPreviewRunning);
+  EXPECT_EQ(b.state.Cmd_PrevGrph, "Preview");
+  b.shows(12);
+  for (int value = 1; value <= 20; ++value) {  // a slider that is dragged
+    b.collection.MovieList[1].BlurInt(static_cast<Integer>(value));
+    b.collection.MovieList[1].EffectWord(std::string(42, '0') + "1000");
+    b.preview.sample(Sample::Effect, 1);
+    b.loop.advance(10);
+  }
+  b.loop.advance(60);
+  EXPECT_EQ(b.player.documents.size(), 5U) << "one each 60 ms";
+  EXPECT_NE(b.player.documents.back().find("\"20"), std::string::npos) << b.player.documents.back();
+  EXPECT_EQ(b.takeActs().substr(0, 17), "load seek:12 play") << "goes on where it was";
+  EXPECT_FALSE(b.files.all.contains("/prog/KVOSamp.xtl"));
+  b.loop.advance(250);
+  EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], b.player.documents.back());
+  b.takeActs();
+
+  struct Row {
+    Sample what;
+    PreviewKind kind;
+    const char* title;
+    std::string document;
+  };
+  for (const auto& row :
+       {Row{Sample::Transition, PreviewKind::Transition, "beach.avi -->  The hills",
+            Previewtransition(b.editing, 2)},
+        Row{Sample::Colour, PreviewKind::Colour, "The hills", PreviewColourAdjust(b.editing, 2)},
+        Row{Sample::Keyframe, PreviewKind::Keyframe, "The hills", PreviewEffect(b.editing, 2)},
+        Row{Sample::PictureInPicture, PreviewKind::PictureInPicture, "The hills",
+            CreatePinPPreview(b.editing, 2, {.preview = true})}}) {
+    b.preview.sample(row.what, 2);
+    b.loop.advance(60);
+    EXPECT_EQ(b.takeActs(), "load play") << row.title << " in place of the one before, from its start";
+    EXPECT_EQ(b.player.documents.back(), row.document);
+    EXPECT_EQ(b.state.title, row.title);
+    EXPECT_EQ(b.state.kind, row.kind);
+  }
+  b.player.now = PlayState::Ended;
+  b.loop.advance(200);
+  EXPECT_EQ(b.takeActs(), "") << "its last picture stands";
+  EXPECT_FALSE(b.state.PreviewPlaying);
+  b.preview.PreviewtransPort(Key::PlayOrPause);
+  EXPECT_EQ(b.takeActs(), "play") << "once more";
+  b.preview.PrepPreview();
+  EXPECT_EQ(b.state.kind, PreviewKind::Movie) << "a sample gives way";
+  EXPECT_EQ(b.state.FSB_RenderRange.Value, 6) << "the bar of the movie is where it was";
+  b.host.takeNotes();
+  b.preview.sample(Sample::Colour, 1);
+  EXPECT_EQ(b.host.takeNotes(), "tools+ watch+ details park") << "and so does a movie";
+  for (const int missing : {0, 3}) b.preview.sample(Sample::Effect, missing);
+  b.preview.KillPreview();
+  b.takeActs();
+  b.loop.advance(1000);
+  EXPECT_EQ(b.takeActs(), "") << "no wish is left over";
+}
+
+TEST(Preview, WhatCannotBeShownIsTold) {
+  PreviewBench b;
+  b.preview.PrepPreview();
+  b.player.now = PlayState::Failed;
+  b.player.why = "cannot open /v/beach.avi";
+  b.host.takeNotes();
+  b.loop.advance(100);
+  EXPECT_EQ(b.state.failure, "cannot open /v/beach.avi");
+  EXPECT_EQ(b.log.texts().back(), b.state.failure);
+  EXPECT_EQ(b.host.takeNotes(), "tools+ watch+ details");
+  EXPECT_FALSE(b.state.PreviewPlaying);
+
+  b.player.refuses = true;
+  b.preview.sample(Sample::Effect, 1);
+  EXPECT_EQ(b.state.failure, "line 3 makes no sense");
+  b.player.refuses = false;
+  b.preview.sample(Sample::Effect, 1);
+  b.loop.advance(60);
+  EXPECT_EQ(b.state.failure, "") << "the next one makes sense";
+
+  b.preview.KillPreview();
+  b.files.failedReplaces = 1;
+  b.preview.PrepPreview();
+  EXPECT_NE(b.state.failure, "");
+  EXPECT_TRUE(b.host.takeNotes().ends_with("watch+"));
+
+  b.host.free = false;
+  b.preview.KillPreview();
+  b.takeActs();
+  b.preview.PrepPreview();
+  b.preview.sample(Sample::Effect, 1);
+  b.preview.showAt(2);
+  EXPECT_EQ(b.takeActs(), "") << "another command has the collection";
+  b.host.free = true;
+  b.collection.MovieList.clear();
+  EXPECT_TRUE(b.boxes.shown.empty());
+  b.preview.PrepPreview();
+  ASSERT_EQ(b.boxes.shown.size(), 1U);
+  EXPECT_EQ(b.boxes.shown[0].caption + ": " + b.boxes.shown[0].text,
+            "KVO - Nothing to Render: Nothing to render");
+}
+
+}  // namespace
+}  // namespace kvo
