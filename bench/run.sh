@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|seeks|movies|lengths|preview|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|preview|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -214,6 +214,7 @@ intake() (
     for kind in avi:mpeg4 mp4:libx264 mkv:libx265 mov:mjpeg mpg:mpeg1video ts:mpeg2video wmv:wmv2 webm:libvpx m2v:mpeg2video ogv:libtheora; do
       local sound=(-f lavfi -i sine=duration=4)
       [ "${kind%%:*}" = m2v ] && sound=()
+      [ "${kind##*:}" = libx265 ] && sound+=(-x265-params log-level=none)
       ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=640x360:rate=25:duration=4 "${sound[@]}" \
         -pix_fmt yuv420p -strict -1 -c:v "${kind##*:}" "$folder/one/v.${kind%%:*}"
     done
@@ -242,10 +243,10 @@ intake() (
   xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- "$bin/bench_intake" "$bin/kvo5" "$folder/all"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile seeks movies lengths preview play intake
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths preview play intake
 for part; do
   case $part in
-    kernels | records | compile) "$bin/bench_$part" ;;
+    kernels | records | compile | timeline) "$bin/bench_$part" ;;
     movies | lengths | seeks | preview | play | intake | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2

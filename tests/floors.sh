@@ -16,6 +16,7 @@ only 'Q[A-Z]' ':!src/adapters/qt' ':!src/adapters/dbus' ':!src/adapters/webengin
 only 'SDL' ':!src/adapters/sdl'
 only 'opencv2|rubberband|pugixml' ':!src/engine'
 only 'cairo|librsvg' ':!src/art'
+only 'curl/' ':!src/adapters/curl'
 only 'cdio/' ':!src/adapters/cdio'
 only 'jpeglib' ':!src/art' ':!src/adapters/jpeg'
 only 'mpv/' ':!src/adapters/mpv'

@@ -18,12 +18,30 @@
 namespace kvo {
 namespace {
 
+// What is said of a file, behind its name.
+class NamedBoxes : public MessageBoxes {
+ public:
+  explicit NamedBoxes(MessageBoxes& boxes) : boxes_(boxes) {}
+
+  void about(const std::string& name) { name_ = name; }
+  Answer show(const Box& box) override {
+    auto named = box;
+    named.caption.insert(0, name_ + ": ");
+    return boxes_.show(named);
+  }
+  StyledAnswer showStyled(const StyledBox& box) override { return boxes_.showStyled(box); }
+
+ private:
+  MessageBoxes& boxes_;
+  std::string name_;
+};
+
 // A line for each clip that joins.
 class ConsoleIntake : public IntakeHost {
  public:
-  explicit ConsoleIntake(Session& session) : session_(session) {}
+  ConsoleIntake(Session& session, NamedBoxes& boxes) : session_(session), boxes_(boxes) {}
 
-  void analysing(int /*number*/, int /*total*/, const std::string& /*name*/) override {}
+  void analysing(int /*number*/, int /*total*/, const std::string& name) override { boxes_.about(name); }
   bool stopped() override { return signals_.came(); }
   void analysed() override {}
   void added(int number) override {
@@ -37,6 +55,7 @@ class ConsoleIntake : public IntakeHost {
 
  private:
   Session& session_;
+  NamedBoxes& boxes_;
   StopSignals signals_;
   int added_ = 0;
 };
@@ -73,17 +92,21 @@ int runAdd(Session& session, const CommandLine& line, const std::string& program
   const auto path = absoluteName(line.collection, here);
   if (auto opened = openOrBegin(session, path); !opened) return fail(opened.error().text);
   std::vector<std::string> names;
-  for (const auto& name : line.names) names.push_back(absoluteName(name, here));
+  for (const auto& name : line.names) names.push_back(namedFile(name, session.files, here));
 
   PollLoop loop;
-  ConsoleIntake host(session);
+  NamedBoxes boxes(session.boxes);
+  ConsoleIntake host(session, boxes);
   LookingProcess looker({session.processes, loop, lookingProcess(programs)});
   CdioDisc disc;
   BatchProbe probe({session.files, session.processes, loop, session.clock, session.temporaryFolders,
                     programs + "KVOprop"});
-  AddClips intake({session.files, session.clock, session.boxes, looker, disc, session.folder, probe,
-                   session.log, session.settings, session.collection, host});
+  AddClips intake({session.files, session.clock, boxes, looker, disc, session.folder, probe, session.log,
+                   session.settings, session.collection, host});
   names = withClipsOfFolders(names, session.files, [&] { return !host.stopped(); });
+  if (names.empty() && !host.stopped()) {
+    for (const auto& name : line.names) warn("no clip to add in " + name);
+  }
   intake.add(names, {});
   if (host.count() > 0 &&
       !session.file.WriteINI(std::string(folderPart(path)), std::string(fileNamePart(path)), true))

@@ -4,11 +4,17 @@
 
 namespace kvo {
 
+std::optional<PlayerPlace> playerPlace(Player& player) {
+  if (player.PlayerIsEmpty()) return std::nullopt;
+  const auto seen = seenFrame(player);
+  return PlayerPlace{seen.seconds, seen.frame};
+}
+
 PlayLinks::PlayLinks(const Parts& parts)
     : parts_(parts),
       transport_({parts.window.transport, parts.window.mode, parts.face.player(), parts.face.buttons(),
                   parts.face.display(), parts.timers, parts.settings, parts.collection, parts.files,
-                  parts.boxes, parts.loop, parts.desktop, parts.pages, parts.network, *this}),
+                  parts.boxes, parts.loop, parts.desktop, parts.pages, parts.network, parts.http, *this}),
       positions_(
           {parts.loop, parts.face.player(), parts.timers, parts.face.buttons(), parts.window.mode,
            parts.window.positions, parts.window.slider, parts.window.display, parts.window.details.position,

@@ -11,9 +11,13 @@
 #include "program/media_commands.h"
 #include "program/menus.h"
 
+#include <optional>
 #include <string>
 
 namespace kvo {
+
+/// Where the player stands; none while it is empty.
+std::optional<PlayerPlace> playerPlace(Player& player);
 
 class PlayLinks : public TransportHost, public PositionsHost {
  public:
@@ -27,6 +31,7 @@ class PlayLinks : public TransportHost, public PositionsHost {
     Desktop& desktop;
     WebPages& pages;
     Network& network;
+    Http& http;
     PlayTimers& timers;
     ClipList& list;
     History& history;

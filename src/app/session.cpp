@@ -51,7 +51,8 @@ Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& ship
   });
 }
 
-Result<ReadReport> Session::open(const std::string& collectionPath) {
+Result<ReadReport> Session::open(const std::string& name) {
+  const auto collectionPath = absoluteName(name, std::filesystem::current_path().string());
   if (!files.exists(collectionPath)) return Error{"there is no collection " + collectionPath};
   auto report =
       file.ReadINI(collectionPath, {.mayRewrite = false, .keepMissingClips = true, .isNeeded = false});

@@ -1,6 +1,7 @@
 #include "app/window_program.h"
 
 #include "adapters/cdio/cdio_disc.h"
+#include "adapters/curl/curl_http.h"
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/media/media_picture_counts.h"
@@ -14,8 +15,10 @@
 #include "adapters/qt/qt_file_dialogs.h"
 #include "adapters/qt/qt_translations.h"
 #include "adapters/qt/settings_store.h"
+#include "adapters/sdl/sdl_sound_output.h"
 #include "app/commands.h"
 #include "app/companions.h"
+#include "app/editor_window.h"
 #include "app/face_links.h"
 #include "app/look_command.h"
 #include "app/play_links.h"
@@ -30,6 +33,7 @@
 #include "playback/display/layout.h"
 #include "playback/stream_info.h"
 #include "playback/transport/transport_load_check.h"
+#include "program/autosave.h"
 #include "program/clip_picture.h"
 #include "program/intake_window.h"
 #include "program/list_commands.h"
@@ -44,6 +48,7 @@
 #include "ui/theme.h"
 #include "windows/codec/frm_codec.h"
 #include "windows/gallery/gallery.h"
+#include "windows/main/face_menu.h"
 #include "windows/main/frm_file_open.h"
 #include "windows/message/frm_message_boxes.h"
 #include "windows/position/position_windows.h"
@@ -53,6 +58,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPoint>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -94,7 +100,7 @@ class WindowProgram {
         commands_({session_.files, boxes_, dialogs_, loop_, session_.folder, desktop_}, session_.file,
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
         looker_({session_.processes, loop_, lookingProcess(executableFolder)}),
-        intakeWindow_({state_, session_.settings, session_.collection, loop_, list_, desktop_}),
+        intakeWindow_({state_, session_.settings, session_.collection, loop_, list_, desktop_, refusals_}),
         intake_({session_.files, session_.clock, refusals_, looker_, disc_, session_.folder, probe_,
                  session_.log, session_.settings, session_.collection, intakeWindow_}),
         parts_{session_.files,
@@ -131,7 +137,7 @@ class WindowProgram {
                 probe_, boxes_, loop_, links_.player()}),
         streamInfo_(state_.streamInfo, links_.player(), loop_),
         play_({state_, session_.settings, session_.collection, session_.files, boxes_, loop_, desktop_,
-               pages_, network_, timers_, list_, history_, commands_, media_, intro_, mailbox_, links_,
+               pages_, network_, http_, timers_, list_, history_, commands_, media_, intro_, mailbox_, links_,
                codec_}),
         menu_({state_, session_.settings, commands_, recent_, media_, listCommands_, history_, shutDown_,
                skins_},
@@ -161,19 +167,34 @@ class WindowProgram {
         positionWindows_(state_.positions, state_.mode, play_.positions(), {store_, desktop_},
                          [this] { draw(); }),
         frmCodec_(state_.codec, [this] { codec_.hide(); }),
-        frmStreamInfo_(state_.streamInfo, streamInfo_, [this] { draw(); }) {
+        frmStreamInfo_(state_.streamInfo, streamInfo_, [this] { draw(); }),
+        editor_({state_, session_, loop_, store_, history_, list_, listCommands_, commands_, mailbox_, links_,
+                 play_, [this] { draw(); },
+                 [this](int x, int y) {
+                   clipMenu_.openListMenu({x, y}, QApplication::activeWindow());
+                 }},
+                std::make_unique<SdlSoundOutput>()),
+        frmRush_({editor_, session_, loop_, sketches_, store_, desktop_, dialogs_,
+                  withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }, [] {}}),
+        autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
+                   session_.collection, state_, commands_}) {
     links_.link(skins_);
     mailbox_.guard({loadCheck_, session_.log, [] { std::exit(kExitFailed); }});
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
     session_.file.poster().whenEndOfPlayMoved(stop);
     intake_.poster().whenEndOfPlayMoved(stop);
     startUp_.whenLoaded([this] { links_.takeInterfaceSize(); });
-    commands_.whenOpened([this] { skins_.applyStored(); });
+    commands_.whenOpened([this] {
+      skins_.applyStored();
+      editor_.desk().collectionOpened();
+    });
+    listCommands_.placedBy([this] { return playerPlace(links_.player()); });
     listCommands_.whenUnseen([this] { links_.display().AllDetOn(); });
     intakeWindow_.whenJoined([this](int number) { rowPictures_.joined(number); });
     sketches_.whenCome([this](const std::string& path) {
       companions_.hover().came(path);
       rowPictures_.came();
+      frmRush_.sketchCame(path);
     });
     list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
     links_.takeInterfaceSize();
@@ -202,9 +223,11 @@ class WindowProgram {
       if (state_.face.fullScreen) coverScreen();
       showNow();
       startUp_.tell();
+      autosave_.begin();
       companions_.begin();
       const int code = QApplication::exec();
       companions_.leave();
+      autosave_.end();
       return code;
     } catch (const std::exception& thrown) {
       failures.LogError(std::string(LoadResString(179)) + " - " + thrown.what(), true);
@@ -231,6 +254,7 @@ class WindowProgram {
         .captions =
             [this] { applyCaptions(links_.player(), session_.files, session_.settings.state.ShowCaps); },
         .ordered = [this](MenuCommand tick) { play_.ordered(tick); },
+        .createMovie = [this] { editor_.CreateMovie(); },
         .resetMark =
             [this](bool in) {
               play_.positions().marks.reset(in ? SliderHandleId::Img_MarkIn : SliderHandleId::Img_MarkOut);
@@ -253,6 +277,7 @@ class WindowProgram {
     positionWindows_.draw(window_.shownFace());
     frmCodec_.draw(window_.shownFace());
     frmStreamInfo_.draw(window_.shownFace());
+    frmRush_.draw();
   }
 
   FrmMessageBoxes boxes_{[this] { showNow(); }};
@@ -299,6 +324,7 @@ class WindowProgram {
   WebModule web_;
   WindowPages pages_;
   PosixNetwork network_;
+  CurlHttp http_{loop_};
   CodecInfo codec_;
   StreamInfo streamInfo_;
   PlayLinks play_;
@@ -314,6 +340,10 @@ class WindowProgram {
   PositionWindows positionWindows_;
   FrmCodec frmCodec_;
   FrmStreamInfo frmStreamInfo_;
+  FaceMenu clipMenu_{menu_, [this] { draw(); }};
+  EditorLinks editor_;
+  EditorWindow frmRush_;
+  Autosave autosave_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.

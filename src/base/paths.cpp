@@ -71,6 +71,20 @@ std::string absoluteName(std::string_view name, std::string_view folder) {
   return fs::path(withSeparator(folder).append(name)).lexically_normal().string();
 }
 
+std::string DvdSource(const std::string& file) {
+  const auto kind = extensionOf(file);
+  if (kind != "IFO" && kind != "BUP") return file;
+  std::string first;
+  std::error_code failed;
+  const auto folder = folderPart(file);
+  for (fs::directory_iterator at(folder.empty() ? "." : folder, failed), end; !failed && at != end;
+       at.increment(failed)) {
+    auto other = at->path().string();
+    if (extensionOf(other) == "VOB" && (first.empty() || other < first)) first = std::move(other);
+  }
+  return first.empty() ? file : first;
+}
+
 bool isAddress(std::string_view text) {
   const auto scheme = text.find("://");
   return scheme != std::string_view::npos && scheme > 1 && text.find(kSeparator) > scheme;

@@ -42,6 +42,10 @@ std::string nameInAnyCase(const std::string& path);
 /// up and through "." are taken in what was not full.
 std::string absoluteName(std::string_view name, std::string_view folder);
 
+/// The file that holds the film of a DVD, for one of its menus (IFO, BUP): the first VOB of its folder, by
+/// the names. `file` itself where there is none, and for any other.
+std::string DvdSource(const std::string& file);
+
 /// True for a web address: "://" stands in it behind two characters or more, none of which is a separator.
 bool isAddress(std::string_view text);
 

@@ -16,11 +16,6 @@ namespace {
 
 constexpr std::uint64_t kMostOfCdFile = 4096;  // bytes
 
-bool isDvdMenu(std::string_view name) {
-  const auto kind = extensionOf(name);
-  return kind == "IFO" || kind == "BUP";
-}
-
 std::string cleanTag(std::string_view text) { return std::string(trimmed(text.substr(0, text.find('\0')))); }
 
 // A stream, or a page, tells of no length; what it sounds like is heard when it plays.
@@ -76,6 +71,7 @@ bool AddClips::addOne(const std::string& name, const AddManner& manner) {
     clip.Path("");
     return addAddress(std::move(clip), manner);
   }
+  if (isUnmapped(name) && !parts_.files.exists(name)) return refuse(refusedUnmapped(false));
   return addFile(std::move(clip), manner);
 }
 
@@ -114,6 +110,7 @@ bool AddClips::addFile(Movie clip, const AddManner& manner) {
   if (byName == IntakeClass::Page || byName == IntakeClass::Flash) {
     clip.IsHTML(true);
     clip.HasAudio(byName == IntakeClass::Flash);
+    clip.RenderAudio(clip.HasAudio());
     return join(std::move(clip));
   }
   if (IsASXAStream(clip, parts_.files)) {
@@ -132,7 +129,7 @@ bool AddClips::addLooked(Movie clip, const AddManner& manner) {
   const auto file = clipFile(clip);
   CImageInfo head;
   if (intakeClass(clip.MovieName()) == IntakeClass::Image) head.ReadImageInfo(parts_.files, file);
-  const auto answer = look(dvdSourceOf(file));
+  const auto answer = look(file);
   auto verdict = judge({.name = clip.MovieName(),
                         .isEmpty = ToNumber(clip.Size()) == 0,
                         .head = head,
@@ -153,19 +150,6 @@ bool AddClips::addLooked(Movie clip, const AddManner& manner) {
 
 LookAnswer AddClips::look(const std::string& file) {
   return parts_.looker.look(file, [this] { return parts_.host.stopped(); });
-}
-
-// What is looked into of a disc is its film, and not its menu.
-std::string AddClips::dvdSourceOf(const std::string& file) const {
-  if (!isDvdMenu(file)) return file;
-  std::string first;
-  const auto folder = std::string(folderPart(file));
-  parts_.files.eachBelow(folder, [&](const std::string& other) {
-    if (folderPart(other) == folder && extensionOf(other) == "VOB" && (first.empty() || other < first))
-      first = other;
-    return true;
-  });
-  return first.empty() ? file : first;
 }
 
 void AddClips::takeTags(Movie& clip, const MediaTags& tags) const {
@@ -209,9 +193,8 @@ bool AddClips::refuse(const Box& box) {
 // The box that also says what the file is made with.
 Box AddClips::withCodec(const std::string& file, const std::string& errorText) {
   const auto made = GetAVICompressor({parts_.files, parts_.folder, parts_.probe}, file);
-  const auto told = [](const std::string& text) { return isTold(text) ? text : std::string(); };
   const auto& [developer, address, notesOfIt] = made.description;
-  const CodecNotes notes{made.codec, told(developer), told(address), told(notesOfIt)};
+  const CodecNotes notes{made.codec, developer, address, notesOfIt};
   return refusedByPlayer(std::string(fileNamePart(file)), errorText, &notes);
 }
 

@@ -52,7 +52,6 @@ class AddClips : public ClipIntake {
   bool DidPlayAdd(Movie& clip, bool quiet);
   [[nodiscard]] Movie newRecord(const std::string& name) const;
   [[nodiscard]] LookAnswer look(const std::string& file);
-  [[nodiscard]] std::string dvdSourceOf(const std::string& file) const;
   bool refuse(const Box& box);
   void tell(const Verdict& verdict);
   [[nodiscard]] Box withCodec(const std::string& file, const std::string& errorText);

@@ -7,7 +7,7 @@
 namespace kvo {
 
 /// True for a clip that counts as a stream already, and for a file of the kinds that tell of streams which
-/// holds an address, other than that of a page with more information. No more than 64 KiB of it are read.
+/// holds an address in its first 64 KiB, other than that of a page with more information.
 bool IsASXAStream(const Movie& clip, const Files& files);
 
 }  // namespace kvo

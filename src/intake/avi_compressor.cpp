@@ -76,10 +76,6 @@ CodecDescription describedCodec(const Files& files, const ProgramFolder& folder,
       .value_or(CodecDescription{unknown, unknown, std::string(kNoNotes)});
 }
 
-bool isTold(std::string_view field) {
-  return !field.empty() && field != kUnknownCodec && field != kNoNotes && field != kNoAddress;
-}
-
 bool isAviKind(const Movie& clip) {
   const auto kind = extensionOf(clip.MovieName());
   return (kind == "AVI" || kind == "VCR") && !isAddress(clip.MovieName());

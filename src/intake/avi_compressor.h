@@ -31,9 +31,6 @@ std::optional<CodecDescription> GetCodecDesc(const Files& files, const ProgramFo
 /// The same; "Unknown", "Unknown" and "N/A" without a record.
 CodecDescription describedCodec(const Files& files, const ProgramFolder& folder, std::string_view code);
 
-/// False for the words that stand where a field of a description has nothing to tell.
-bool isTold(std::string_view field);
-
 /// How much of a file is looked at, bytes.
 inline constexpr std::size_t kAviHead = 300;
 

@@ -178,27 +178,30 @@ ImageFacts readJpeg(const HeadBytes& bytes) {
   return facts;
 }
 
-ImageFacts readHead(const HeadBytes& bytes) {
+// Nothing for what begins like none of the kinds.
+std::optional<ImageFacts> readHead(const HeadBytes& bytes) {
   if (bytes.begins("\x89PN")) return readPng(bytes);
   if (bytes.begins("GIF")) return readGif(bytes);
   if (bytes.begins("BM")) return readBmp(bytes);
   if (bytes.begins("\x0A")) return readPcx(bytes);
   if (bytes.begins("\xFF\xD8")) return readJpeg(bytes);
   if (const auto bigEndian = tiffIsBigEndian(bytes)) return readTiff(bytes, *bigEndian);
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace
 
 bool CImageInfo::readBytes(std::string_view bytes, std::uint64_t fileSize) {
   const HeadBytes head(bytes);
-  auto facts = readHead(head);
+  const auto known = readHead(head);
+  auto facts = known.value_or(ImageFacts());
   if (head.isShort()) facts = {.type = facts.type};
   const bool isWhole = !head.isShort() || fileSize <= bytes.size();
   width_ = facts.width;
   height_ = facts.height;
   depth_ = facts.depth;
   type_ = facts.type;
+  isForeign_ = !known;
   orientation_ = exifOrientation(bytes);
   fileSize_ = toLongClamped(static_cast<double>(fileSize));
   return isWhole;

@@ -32,6 +32,8 @@ class CImageInfo {
   [[nodiscard]] Long Height() const { return height_; }
   [[nodiscard]] Byte Depth() const { return depth_; }  ///< bits a pixel
   [[nodiscard]] ImageKind ImageType() const { return type_; }
+  /// It begins like none of the kinds. One that begins like a kind, and is Unknown, is refused by its head.
+  [[nodiscard]] bool isForeign() const { return isForeign_; }
   [[nodiscard]] Long FileSize() const { return fileSize_; }  ///< bytes
 
   /// How the camera was held, as Exif tells (1 to 8); 1 is upright, also where nothing is told.
@@ -48,6 +50,7 @@ class CImageInfo {
   Long height_ = 0;
   Byte depth_ = 0;
   ImageKind type_ = ImageKind::Unknown;
+  bool isForeign_ = true;
   Long fileSize_ = 0;
   int orientation_ = 1;
 };

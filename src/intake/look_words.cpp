@@ -1,5 +1,6 @@
 #include "intake/look_words.h"
 
+#include "base/escaped_line.h"
 #include "base/numbers.h"
 
 #include <algorithm>
@@ -7,30 +8,6 @@
 
 namespace kvo {
 namespace {
-
-std::string escaped(std::string_view text) {
-  std::string line;
-  for (const char c : text) {
-    if (c == '\\') line += "\\\\";
-    if (c == '\n') line += "\\n";
-    if (c == '\r') line += "\\r";
-    if (c != '\\' && c != '\n' && c != '\r') line += c;
-  }
-  return line;
-}
-
-std::string unescaped(std::string_view line) {
-  std::string text;
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] != '\\' || i + 1 == line.size()) {
-      text += line[i];
-      continue;
-    }
-    const char sign = line[++i];
-    text += sign == 'n' ? '\n' : sign == 'r' ? '\r' : sign;
-  }
-  return text;
-}
 
 struct Word {
   std::string_view name;
@@ -57,10 +34,10 @@ double exactOf(std::string_view value) {
     name, [](const MediaLook& look) { return write(look.facts.field); },                \
         [](MediaLook& look, std::string_view value) { look.facts.field = read(value); } \
   }
-#define KVO_TEXT(name, field)                                                          \
-  Word {                                                                               \
-    name, [](const MediaLook& look) { return escaped(look.field); },                   \
-        [](MediaLook& look, std::string_view value) { look.field = unescaped(value); } \
+#define KVO_TEXT(name, field)                                                              \
+  Word {                                                                                   \
+    name, [](const MediaLook& look) { return escapedLine(look.field); },                   \
+        [](MediaLook& look, std::string_view value) { look.field = unescapedLine(value); } \
   }
 
 std::string flagText(bool flag) { return flag ? "1" : "0"; }

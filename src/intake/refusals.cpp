@@ -84,13 +84,8 @@ Box refusedByPlayer(const std::string& name, std::string_view errorText, const C
     return warning(name + title(425), title(424));
   auto text = lines({numbered({409, 410, 411}), errorText});
   if (codec != nullptr) {
-    text = lines({text, title(412) + codec->code});
-    const auto add = [&](int number, const std::string& told) {
-      if (!told.empty()) text = lines({text, title(number) + told});
-    };
-    add(413, codec->developer);
-    add(414, codec->address);
-    add(415, wrapped(codec->notes));
+    text = lines({text, title(412) + codec->code, title(413) + codec->developer, title(414) + codec->address,
+                  title(415) + wrapped(codec->notes)});
   }
   return warning(name + title(416), std::move(text));
 }

@@ -22,7 +22,7 @@ bool isEither(std::string_view extension, std::string_view a, std::string_view b
 // kinds that a head is read of has the sides that were found.
 Verdict judgeImage(const LookedAt& file) {
   const auto& look = file.answer.look;
-  const bool told = file.head.ImageType() != ImageKind::Unknown;
+  const bool told = !file.head.isForeign();
   const Long width = told ? file.head.ShownWidth() : look.facts.width;
   const Long height = told ? file.head.ShownHeight() : look.facts.height;
   const bool unreadable = !look.errorText.empty() || !look.facts.isStill || width <= 0 || height <= 0;

@@ -1,3 +1,4 @@
+#include "base/paths.h"
 #include "media/container_traits.h"
 #include "media/ffmpeg.h"
 
@@ -54,7 +55,7 @@ Result<FormatHandle> openHead(const std::string& path) {
   raw->io_open = openOnlyOnce;
   AVDictionary* options = nullptr;
   av_dict_set(&options, "pattern_type", "none", 0);
-  const int opened = avformat_open_input(&raw, ("file:" + path).c_str(), nullptr, &options);
+  const int opened = avformat_open_input(&raw, ("file:" + DvdSource(path)).c_str(), nullptr, &options);
   av_dict_free(&options);
   if (opened < 0 && isScore(path))
     return Error{"cannot play " + path + ": it is a score (MIDI), and there is no synthesizer for it"};

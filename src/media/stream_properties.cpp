@@ -3,6 +3,7 @@
 #include "media/container_traits.h"
 #include "media/facts_of.h"
 #include "media/ffmpeg.h"
+#include "media/heif.h"
 
 #include <algorithm>
 #include <array>
@@ -70,9 +71,24 @@ void becomeStill(StreamProperties& properties) {
   for (auto& stream : properties.streams) stream.frameRate = stream.bitRate = 0;
 }
 
+Result<StreamProperties> heifProperties(const std::string& path) {
+  const auto facts = heifFacts(path);
+  if (!facts) return facts.error();
+  StreamProperties properties;
+  properties.container = "HEIF (High Efficiency Image File Format)";
+  properties.isStill = true;
+  properties.streams.push_back({.kind = StreamProperty::Kind::Video,
+                                .codec = facts->codec == "AVIF" ? "avif" : "heic",
+                                .codecName = facts->codec,
+                                .width = facts->width,
+                                .height = facts->height});
+  return properties;
+}
+
 }  // namespace
 
 Result<StreamProperties> readStreamProperties(const std::string& path) {
+  if (isHeif(path)) return heifProperties(path);
   const auto opened = openInput(path);
   if (!opened) return opened.error();
   const auto& format = **opened;

@@ -97,33 +97,63 @@ bool CollectionCommands::refuse(int text, int title) {
   return false;
 }
 
-bool CollectionCommands::load(const std::string& path) {
-  if (!namesCollection(path)) return refuse(336, 337);
+// Fills lists and settings. None when that is no collection: then the user has been told, and nothing else.
+std::optional<ReadReport> CollectionCommands::read(const std::string& path, ReadOptions options) {
   ReadReport report;
   {
     Watch watch(window_, ports_.loop, list_, LoadResString(338), LoadResString(341));
-    report = file_.ReadINI(path, {.isNeeded = false, .watch = &watch});
+    options.watch = &watch;
+    report = file_.ReadINI(path, options);
   }
   switch (report.end) {
     case ReadEnd::NotReadable:
     case ReadEnd::NotValid:
-      return refuse(339, 340);
+      refuse(339, 340);
+      return std::nullopt;
     case ReadEnd::TooManyClips:
       ports_.boxes.show({std::string(LoadResString(340)), report.why, BoxButtons::Ok, BoxIcon::Warning});
-      return false;
+      return std::nullopt;
     case ReadEnd::Done:
     case ReadEnd::Cancelled:
     case ReadEnd::Aborted:
       break;
   }
   whenOpened_();
-  settle(report, path);
+  return report;
+}
+
+bool CollectionCommands::load(const std::string& path) {
+  if (!namesCollection(path)) return refuse(336, 337);
+  const auto report = read(path, {.isNeeded = false});
+  if (!report) return false;
+  settle(*report, path);
   settings_.adjust().ColLoadFrom = std::string(folderPart(path));
+  showLoaded();
+  return true;
+}
+
+void CollectionCommands::showLoaded() {
   list_.fill();
   list_.show();
   list_.PreviewMovie(1);
   if (collection_.filesMissing) refuse(342, 343);
-  return true;
+}
+
+bool CollectionCommands::openKept(const std::string& path, const KeptName& kept) {
+  return pass([&] {
+    if (!mayLeaveChanges(LoadResString(345))) return false;
+    auto report = read(path, {.mayRewrite = false, .keepMissingClips = true, .isNeeded = false});
+    if (!report) return false;
+    report->end = ReadEnd::Aborted;  // it is not what the file of its name holds
+    settle(*report, path);
+    if (!kept.fullPath.empty()) {
+      collection_.IniName = fileNamePart(kept.fullPath);
+      collection_.IniFullPath = kept.fullPath;
+    }
+    collection_.isPortable = kept.isPortable;
+    showLoaded();
+    return true;
+  });
 }
 
 bool CollectionCommands::openFirst(const std::string& path) {

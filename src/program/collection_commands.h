@@ -7,9 +7,11 @@
 #include "ports/file_dialogs.h"
 #include "program/collection_store.h"
 #include "program/history.h"
+#include "program/kept_name.h"
 #include "program/recent_collections.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -65,6 +67,10 @@ class CollectionCommands {
   /// As openFile; unsaved changes are asked about first.
   bool openNamed(const std::string& path);
 
+  /// Opens what has been kept at `path` of a collection that could not be saved. It bears that one's name and
+  /// counts as changed; unsaved changes are asked about first.
+  bool openKept(const std::string& path, const KeptName& kept);
+
   /// Asks for a name and saves. False when the user took it back or the file could not be written.
   bool Save();
 
@@ -91,6 +97,8 @@ class CollectionCommands {
   bool pass(const std::function<bool()>& command);
   bool empty();
   bool load(const std::string& path);
+  std::optional<ReadReport> read(const std::string& path, ReadOptions options);
+  void showLoaded();
   void settle(const ReadReport& report, const std::string& path);
   bool save();
   [[nodiscard]] std::string usualFolder() const;

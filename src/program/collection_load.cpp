@@ -2,6 +2,7 @@
 #include "core/telling/deployment.h"
 #include "core/telling/messages.h"
 #include "core/telling/translated.h"
+#include "intake/asx_stream.h"
 #include "program/collection_store.h"
 
 #include <algorithm>
@@ -166,6 +167,9 @@ void CollectionStore::takeClips(CollectionReader& reader, const ReadOptions& opt
     }
     names_.findOthers(next);
     clip.SrcPath(names_.placeOf(clip.SrcPath()));
+    // No row of the file says so.
+    const bool isOnTheWeb = isAddress(clip.MovieName()) && !clip.IsHTML();
+    clip.IsStream(isOnTheWeb || IsASXAStream(clip, files_));
     collection_.MovieList.add(std::move(clip)).listener(&poster_);
   }
 }

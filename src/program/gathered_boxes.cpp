@@ -1,6 +1,7 @@
 #include "program/gathered_boxes.h"
 
 #include "base/holding.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
 
@@ -12,7 +13,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::size_t kMostTold = 12;  // texts in one box; of more their number is told
+constexpr std::size_t kMostTold = 12;  // files in one box; of more their number is told
 
 using Lines = std::vector<std::string>;
 
@@ -22,56 +23,103 @@ Lines linesIn(std::string_view text) {
   return lines;
 }
 
-std::size_t linesInCommon(std::span<const Lines> texts) {
+// What is told of one file or of several.
+struct Told {
+  Lines names;
+  Lines lines;
+};
+
+// A long name may be told cut.
+bool tellsOf(const std::string& name, std::span<const std::string> lines) {
+  return std::ranges::any_of(lines, [&](const std::string& line) {
+    return !line.empty() && (line.find(name) != std::string::npos || name.starts_with(line));
+  });
+}
+
+std::vector<Told> toldOf(std::span<const GatheredBoxes::Waiting> boxes) {
+  std::vector<Told> all;
+  for (const auto& [box, name] : boxes) {
+    const auto lines = linesIn(box.text);
+    auto told = std::ranges::find(all, lines, &Told::lines);
+    if (told == all.end()) told = all.insert(told, {{}, lines});
+    if (!name.empty() && !tellsOf(name, lines)) told->names.push_back(name);
+  }
+  return all;
+}
+
+// At the front of texts that differ.
+std::size_t linesInCommon(std::span<const Told> texts) {
+  if (texts.size() < 2) return 0;
   std::size_t count = 0;
-  for (; count + 1 < texts.front().size(); ++count) {
-    const auto& line = texts.front()[count];
-    if (!std::ranges::all_of(texts, [&](const Lines& l) { return count < l.size() && l[count] == line; }))
+  for (const auto& line : texts.front().lines) {
+    if (!std::ranges::all_of(texts,
+                             [&](const Told& t) { return count < t.lines.size() && t.lines[count] == line; }))
       break;
+    ++count;
   }
   return count;
 }
 
-std::string joinedText(std::span<const Lines> texts) {
-  const auto common = linesInCommon(texts);
-  Lines lines(texts.front().begin(), texts.front().begin() + static_cast<std::ptrdiff_t>(common));
-  const auto told = texts.first(std::min(texts.size(), kMostTold));
-  for (const auto& text : told)
-    lines.insert(lines.end(), text.begin() + static_cast<std::ptrdiff_t>(std::min(common, text.size())),
-                 text.end());
-  if (told.size() < texts.size())
-    lines.push_back(translated("and %1 more.", {std::to_string(texts.size() - told.size())}));
+std::string joinedText(std::span<const GatheredBoxes::Waiting> boxes) {
+  const auto texts = toldOf(boxes.first(std::min(boxes.size(), kMostTold)));
+  const auto common = static_cast<std::ptrdiff_t>(linesInCommon(texts));
+  const auto& first = texts.front().lines;
+  Lines lines(first.begin(), first.begin() + common);
+  for (const auto& text : texts) {
+    lines.insert(lines.end(), text.names.begin(), text.names.end());
+    lines.insert(lines.end(), text.lines.begin() + common, text.lines.end());
+  }
+  if (boxes.size() > kMostTold)
+    lines.push_back(translated("and %1 more.", {std::to_string(boxes.size() - kMostTold)}));
   std::string text;
   for (const auto& line : lines) text.append(text.empty() ? "" : kCrLf).append(line);
   return text;
 }
 
+// The caption without the file's name and what parts them.
+std::string captionKind(const GatheredBoxes::Waiting& waiting) {
+  std::string_view caption = waiting.box.caption;
+  if (waiting.name.empty() || !caption.starts_with(waiting.name)) return waiting.box.caption;
+  caption.remove_prefix(waiting.name.size());
+  return std::string(caption.substr(std::min(caption.find_first_not_of(" -"), caption.size())));
+}
+
+// One alone whose caption names the file stays as it is.
+Box oneBoxOf(std::span<const GatheredBoxes::Waiting> boxes) {
+  auto box = boxes.front().box;
+  auto kind = captionKind(boxes.front());
+  if (boxes.size() == 1 && kind != box.caption) return box;
+  box.caption = std::move(kind);
+  box.text = joinedText(boxes);
+  return box;
+}
+
 }  // namespace
+
+void GatheredBoxes::about(const std::string& path, int total) {
+  name_ = total > 1 ? fileNamePart(path) : std::string_view();
+}
 
 Answer GatheredBoxes::show(const Box& box) {
   if (!gathers_ || box.buttons != BoxButtons::Ok) return boxes_.show(box);
-  waiting_.push_back(box);
+  waiting_.push_back({box, name_});
   return Answer::Ok;
 }
 
 void GatheredBoxes::together(const std::function<void()>& work) {
   if (gathers_) return work();
   waiting_.clear();  // what a work left that was thrown out of
+  name_.clear();
   {
     const Holding gathers(gathers_);
     work();
   }
-  const auto all = std::exchange(waiting_, {});
-  for (std::size_t first = 0; first < all.size(); ++first) {
-    const auto same = [&](const Box& box) { return box.caption == all[first].caption; };
-    if (std::any_of(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(first), same)) continue;
-    std::vector<Lines> texts;
-    for (const auto& box : all) {
-      if (same(box)) texts.push_back(linesIn(box.text));
-    }
-    auto told = all[first];
-    if (texts.size() > 1) told.text = joinedText(texts);
-    boxes_.show(told);
+  for (auto all = std::exchange(waiting_, {}); !all.empty();) {
+    const auto kind = captionKind(all.front());
+    const auto others =
+        std::ranges::stable_partition(all, [&](const auto& box) { return captionKind(box) == kind; });
+    boxes_.show(oneBoxOf({all.begin(), others.begin()}));
+    all.erase(all.begin(), others.begin());
   }
 }
 

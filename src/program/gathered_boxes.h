@@ -4,6 +4,7 @@
 #include "ports/message_boxes.h"
 
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace kvo {
@@ -12,9 +13,18 @@ class GatheredBoxes : public MessageBoxes {
  public:
   explicit GatheredBoxes(MessageBoxes& boxes) : boxes_(boxes) {}
 
-  /// Does the work; boxes that only tell something wait for its end. Those of one caption become one: the
-  /// lines that all begin with, and then what differs of each.
+  struct Waiting {
+    Box box;
+    std::string name;  ///< of the file that it tells of; empty where one alone was asked for
+  };
+
+  /// Does the work; boxes that only tell something wait for its end. Those of one caption, a file's name in
+  /// front of it apart, become one: the lines that all begin with, and then the names of the files and what
+  /// is told of them, the same once. A name stands where neither caption nor text tell it.
   void together(const std::function<void()>& work);
+
+  /// What is shown from now on in this work is about the file or address `path`, one of `total`.
+  void about(const std::string& path, int total);
 
   /// While a work is done, Ok at once for a box that asks nothing.
   Answer show(const Box& box) override;
@@ -23,7 +33,8 @@ class GatheredBoxes : public MessageBoxes {
  private:
   MessageBoxes& boxes_;
   bool gathers_ = false;
-  std::vector<Box> waiting_;
+  std::string name_;
+  std::vector<Waiting> waiting_;
 };
 
 }  // namespace kvo

@@ -13,13 +13,6 @@ namespace {
 
 constexpr std::size_t kMaxName = 40;  // characters of a clip's name in a menu
 
-std::vector<int> numbersOf(const RecordList<Movie>::Numbered& records) {
-  std::vector<int> numbers;
-  numbers.reserve(records.size());
-  for (const auto& [number, record] : records) numbers.push_back(number);
-  return numbers;
-}
-
 std::vector<int> range(int first, int last) {
   std::vector<int> numbers(static_cast<std::size_t>(std::max(0, last - first + 1)));
   std::iota(numbers.begin(), numbers.end(), first);
@@ -43,16 +36,16 @@ std::vector<int> keyframesOf(const Collection& collection, const std::vector<int
   return numbers;
 }
 
-// The clip in hand is the same behind a step, with other values.
-bool staysLoaded(const ListStep& step, const ListStep& back) {
-  return !step.loadsAnew && step.inHand == back.inHand && back.values.size() == 1 &&
-         back.values.front().first == back.inHand;
+bool gives(const RecordStep<Movie>& step, int number) {
+  return std::ranges::any_of(step.values, [&](const auto& value) { return value.first == number; });
 }
 
-std::size_t recordsKept(const std::deque<ListStep>& steps) {
-  return std::accumulate(steps.begin(), steps.end(), std::size_t{0}, [](std::size_t sum, const auto& step) {
-    return sum + step.come.size() + step.keyframesCome.size() + step.values.size();
-  });
+// What a drag sets anew with each move is kept as it was ahead of the first.
+void addLatest(PreferenceStep& way, PreferenceStep latest) {
+  for (auto& [row, text] : latest) {
+    if (std::ranges::find(way, row, &PreferenceStep::value_type::first) == way.end())
+      way.emplace_back(row, std::move(text));
+  }
 }
 
 }  // namespace
@@ -67,8 +60,9 @@ std::string stepName(std::string_view act, const Collection& collection, const s
 
 bool History::remove(const CommandPass& pass, const std::vector<int>& numbers) {
   if (!pass || numbers.empty() || !has(numbers.front()) || !has(numbers.back())) return false;
-  ListStep step{.name = stepName("remove", collection_, numbers), .leave = numbers};
-  step.keyframesLeave = keyframesOf(collection_, numbers);
+  ListStep step{.name = stepName("remove", collection_, numbers)};
+  step.clips.leave = numbers;
+  step.keyframes.leave = keyframesOf(collection_, numbers);
   const int left = collection_.MovieList.count() - static_cast<int>(numbers.size());
   step.inHand = std::min(numbers.front(), left);
   carryOut(std::move(step), &pass);
@@ -88,7 +82,7 @@ bool History::arrange(const CommandPass& pass, std::string name, std::vector<int
 bool History::insert(const CommandPass& pass, std::string name, int number, Movie clip) {
   if (!pass || number < 1 || number > collection_.MovieList.count() + 1) return false;
   ListStep step{.name = std::move(name), .inHand = number};
-  step.come.emplace_back(number, std::make_unique<Movie>(std::move(clip)));
+  step.clips.come.emplace_back(number, std::make_unique<Movie>(std::move(clip)));
   carryOut(std::move(step), &pass);
   return true;
 }
@@ -102,24 +96,75 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
     change(clip);
     list_.renew(number);
     if (number == collection_.icurMov) whenEdited_(number);
+    this->changed();
     return true;
   }
   Movie changed = clip;
   change(changed);
   ListStep step{.name = std::move(name), .changeCode = changeCode, .inHand = number};
-  step.values.emplace_back(number, std::move(changed));
+  step.clips.values.emplace_back(number, std::move(changed));
   carryOut(std::move(step));
   series_ = thisSeries;
   return true;
 }
 
+bool History::change(const CommandPass& pass, std::string name, Integer changeCode,
+                     const std::function<void()>& work, std::string_view series) {
+  if (!pass) return false;
+  const bool wasDirty = settings_.state.IsDirty;
+  const CollectionShot before(collection_, settings_);
+  ListStep back{.name = std::move(name),
+                .changeCode = changeCode,
+                .leadsToSaved = !settings_.state.ListIsDirty,
+                .chosen = window_.list.chosen,
+                .inHand = collection_.icurMov};
+  work();
+  settings_.state.IsDirty = wasDirty;
+  back.clips = before.wayBack(collection_.MovieList);
+  back.keyframes = before.wayBack(collection_.KeyframeList);
+  back.preferences = before.wayBack(settings_);
+  if (back.clips.empty() && back.keyframes.empty() && back.preferences.empty()) return false;
+  settings_.state.ListIsDirty = true;
+  settings_.state.postChange(changeCode, changeCode);
+  renew(back);
+  const Shown shown{.moved = !back.movesNothing(),
+                    .edited = gives(back.clips, collection_.icurMov),
+                    .inHand = collection_.icurMov};
+  const auto thisSeries = series.empty() ? std::string() : std::string(series) + "*";
+  if (!joinsSeries(back, thisSeries)) {
+    keep(std::move(back));
+    series_ = thisSeries;
+  }
+  if (shown.moved) pass.open();
+  show(shown);
+  return true;
+}
+
+// Values alone go into the newest step of the series; what moves records is a step more, taken with it.
+bool History::joinsSeries(ListStep& back, const std::string& series) {
+  if (series.empty() || series != series_ || undo_.empty()) return false;
+  auto& newest = undo_.back();
+  if (back.clips.movesNothing() && back.keyframes.movesNothing()) {
+    addLatest(newest.clips, std::move(back.clips));
+    addLatest(newest.keyframes, std::move(back.keyframes));
+    addLatest(newest.preferences, std::move(back.preferences));
+  } else {
+    if (newest.group == 0) newest.group = ++groups_;
+    back.group = newest.group;
+    undo_.push_back(std::move(back));
+  }
+  changed();
+  return true;
+}
+
 bool History::replace(const CommandPass& pass, std::string name, std::vector<std::pair<int, Movie>> values) {
   if (!pass || values.empty() || !has(values.front().first) || !has(values.back().first)) return false;
-  carryOut({.name = std::move(name),
-            .values = std::move(values),
-            .loadsAnew = true,
-            .chosen = window_.list.chosen,
-            .inHand = collection_.icurMov});
+  ListStep step{.name = std::move(name),
+                .loadsAnew = true,
+                .chosen = window_.list.chosen,
+                .inHand = collection_.icurMov};
+  step.clips.values = std::move(values);
+  carryOut(std::move(step));
   return true;
 }
 
@@ -137,11 +182,12 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
     auto order = range(1, there + added);
     std::rotate(order.begin() + first - 1, order.begin() + there, order.end());
     ListStep moves{.order = std::move(order), .inHand = first + collection_.icurMov - there - 1};
-    apply(moves);
-    show(std::move(moves), false);
+    Shown shown;
+    apply(std::move(moves), shown);
+    show(std::move(shown));
   }
-  inverse.leave = range(first, first + added - 1);
-  inverse.name = stepName("add", collection_, inverse.leave);
+  inverse.clips.leave = range(first, first + added - 1);
+  inverse.name = stepName("add", collection_, inverse.clips.leave);
   settings_.state.ListIsDirty = true;
   keep(std::move(inverse));
   return true;
@@ -150,83 +196,106 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
 // Takes the step and keeps the one that takes it back. With a pass that is at its end with that others are
 // let in while it is shown.
 void History::carryOut(ListStep step, const CommandPass* pass) {
-  auto back = apply(step);
-  const bool stays = staysLoaded(step, back);
-  keep(std::move(back));
+  Shown shown;
+  keep(apply(std::move(step), shown));
   if (pass != nullptr) pass->open();
-  show(std::move(step), stays);
+  show(std::move(shown));
 }
 
 // Takes the step, and gives back the one that takes it back. It is not shown yet.
-ListStep History::apply(ListStep& step) {
-  auto& clips = collection_.MovieList;
-  ListStep inverse{.name = step.name,
-                   .changeCode = step.changeCode,
-                   .loadsAnew = step.loadsAnew,
-                   .leadsToSaved = !settings_.state.ListIsDirty,
-                   .chosen = window_.list.chosen,
-                   .inHand = collection_.icurMov};
-  inverse.come = clips.takeOut(step.leave);
-  inverse.keyframesCome = collection_.KeyframeList.takeOut(step.keyframesLeave);
-  inverse.leave = numbersOf(step.come);
-  clips.putIn(std::move(step.come));
-  for (const auto& [number, keyframe] : step.keyframesCome) inverse.keyframesLeave.push_back(number);
-  collection_.KeyframeList.putIn(std::move(step.keyframesCome));
+ListStep History::apply(ListStep step, Shown& shown) {
+  ListStep back{.name = step.name,
+                .group = step.group,
+                .changeCode = step.changeCode,
+                .loadsAnew = step.loadsAnew,
+                .leadsToSaved = !settings_.state.ListIsDirty,
+                .chosen = window_.list.chosen,
+                .inHand = collection_.icurMov};
+  shown.moved |= !step.movesNothing();
+  shown.loadsAnew |= step.loadsAnew;
+  shown.edited |= gives(step.clips, step.inHand);
+  shown.chosen = std::move(step.chosen);
+  shown.inHand = step.inHand;
+  back.clips = takeStep(std::move(step.clips), collection_.MovieList);
+  back.keyframes = takeStep(std::move(step.keyframes), collection_.KeyframeList);
+  back.preferences = takeStep(std::move(step.preferences), settings_);
   if (!step.order.empty()) {
-    clips.arrange(step.order);
-    inverse.order = inverseOf(step.order);
+    collection_.MovieList.arrange(step.order);
+    back.order = inverseOf(step.order);
   }
-  for (auto& [number, clip] : step.values) std::swap(clips[number], clip);
-  inverse.values = std::move(step.values);
-
   settings_.state.ListIsDirty = !step.leadsToSaved;
   settings_.state.postChange(step.changeCode, step.changeCode);
-  if (inverse.values.empty()) list_.fill();
-  for (const auto& [number, clip] : inverse.values) list_.renew(number);
-  return inverse;
+  renew(back);
+  return back;
 }
 
-void History::show(ListStep step, bool stays) {
-  if (stays) {
-    if (!step.chosen.empty()) window_.list.chosen = std::move(step.chosen);
+// The rows of the list, behind a step that `back` takes back.
+void History::renew(const ListStep& back) {
+  if (!back.movesNothing()) return list_.fill();
+  for (const auto& [number, clip] : back.clips.values) list_.renew(number);
+}
+
+void History::show(Shown shown) {
+  if (!shown.moved && !shown.loadsAnew && shown.inHand == collection_.icurMov) {
+    if (!shown.chosen.empty()) window_.list.chosen = std::move(shown.chosen);
+    if (!shown.edited) return;
     window_.list.rename = false;
-    return whenEdited_(step.inHand);
+    return whenEdited_(shown.inHand);
   }
-  if (step.loadsAnew) list_.forgetLoaded();
-  list_.choose(std::move(step.chosen), std::clamp(step.inHand, 0, collection_.MovieList.count()));
+  if (shown.loadsAnew) list_.forgetLoaded();
+  list_.choose(std::move(shown.chosen), std::clamp(shown.inHand, 0, collection_.MovieList.count()));
   list_.show();
 }
 
-void History::keep(ListStep inverse) {
-  undo_.push_back(std::move(inverse));
-  while (undo_.size() > 1 && (undo_.size() > kMaxSteps || recordsKept(undo_) > kMaxKept)) undo_.pop_front();
-  redo_.clear();
-  series_.clear();
-  tellNames();
+void History::together(const std::function<void()>& work) {
+  together_ = ++groups_;
+  work();
+  together_ = 0;
 }
 
-void History::undo() { step(undo_, redo_); }
-void History::redo() { step(redo_, undo_); }
-
-void History::step(std::deque<ListStep>& from, std::deque<ListStep>& onto) {
-  const CommandPass pass(window_);
-  if (!pass || from.empty()) return;
-  auto step = std::move(from.back());
-  from.pop_back();
-  auto back = apply(step);
-  const bool stays = staysLoaded(step, back);
-  onto.push_back(std::move(back));
+void History::keep(ListStep back) {
+  if (together_ != 0) back.group = together_;
+  const bool isFirst = undo_.empty() || back.group == 0 || undo_.back().group != back.group;
+  if (isFirst) window_.history.done.push_back(back.name);
+  window_.history.undone.clear();
+  undo_.push_back(std::move(back));
+  redo_.clear();
   series_.clear();
-  tellNames();
+  changed();
+}
+
+void History::undo(std::size_t steps) { take(undo_, redo_, steps); }
+void History::redo(std::size_t steps) { take(redo_, undo_, steps); }
+
+void History::take(std::deque<ListStep>& from, std::deque<ListStep>& onto, std::size_t steps) {
+  const CommandPass pass(window_);
+  if (!pass || from.empty() || steps == 0) return;
+  auto& names = window_.history;
+  Shown shown;
+  for (; steps > 0 && !from.empty(); --steps) {
+    const int group = from.back().group;
+    auto& taken = &from == &undo_ ? names.done : names.undone;
+    (&from == &undo_ ? names.undone : names.done).push_back(std::move(taken.back()));
+    taken.pop_back();
+    do {
+      auto step = std::move(from.back());
+      from.pop_back();
+      onto.push_back(apply(std::move(step), shown));
+    } while (group != 0 && !from.empty() && from.back().group == group);
+  }
+  series_.clear();
+  changed();
   pass.open();
-  show(std::move(step), stays);
+  show(std::move(shown));
 }
 
 void History::clear() {
   undo_.clear();
   redo_.clear();
   series_.clear();
-  tellNames();
+  window_.history.done.clear();
+  window_.history.undone.clear();
+  changed();
 }
 
 void History::saved() {
@@ -236,9 +305,11 @@ void History::saved() {
   series_.clear();
 }
 
-void History::tellNames() {
-  window_.history.undo = undo_.empty() ? "" : translated("Undo %1", {undo_.back().name});
-  window_.history.redo = redo_.empty() ? "" : translated("Redo %1", {redo_.back().name});
+void History::changed() {
+  auto& state = window_.history;
+  ++state.revision;
+  state.undo = state.done.empty() ? "" : translated("Undo %1", {state.done.back()});
+  state.redo = state.undone.empty() ? "" : translated("Redo %1", {state.undone.back()});
 }
 
 }  // namespace kvo

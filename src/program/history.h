@@ -1,8 +1,10 @@
-// The one gate through which every change of the collection's list goes, so that it can be undone and done
-// again. What is changed by other roads is nothing that the user did: an intro, what a compile corrects.
+// The one gate through which every change of the collection goes, so that it can be undone and done again.
+// What is changed by other roads is nothing that the user did: an intro, what a compile corrects. Steps are
+// kept as what differs, without a limit, until another collection is open.
 #pragma once
 
 #include "program/clip_list.h"
+#include "program/record_step.h"
 
 #include <cstddef>
 #include <deque>
@@ -14,30 +16,29 @@
 
 namespace kvo {
 
-/// How to go from one state of the list to another: clips leave, or come, or change places, or take other
-/// values. It does one of the four. Lists of numbers are ascending.
+/// How to go from one state of the collection to another: clips leave, come and take other values, or change
+/// places. Lists of numbers are ascending.
 struct ListStep {
   std::string name{};  ///< "remove lake at dusk.mpg"
+  int group = 0;       ///< steps of one, which follow each other, are taken together; 0 for none
 
-  std::vector<int> leave{};  ///< clips, and the keyframes that go with them
-  std::vector<int> keyframesLeave{};
-  RecordList<Movie>::Numbered come{};  ///< with the numbers that they have afterwards
-  RecordList<Keyframe>::Numbered keyframesCome{};
-  std::vector<int> order{};                     ///< for each place the number that its clip has before
-  std::vector<std::pair<int, Movie>> values{};  ///< of clips by their numbers
+  RecordStep<Movie> clips{};
+  RecordStep<Keyframe> keyframes{};
+  PreferenceStep preferences{};
+  std::vector<int> order{};  ///< alone: for each place the number that its clip has before
 
   Integer changeCode = 99;    ///< what the editor hears: 96 of marks, 99 of the list, 0 of nothing
   bool loadsAnew = false;     ///< the clip in hand is loaded anew
   bool leadsToSaved = false;  ///< the list is then as its file has it
   std::vector<int> chosen{};  ///< afterwards
   int inHand = 0;             ///< likewise
+
+  /// The list of clips stays as long, and in its order.
+  [[nodiscard]] bool movesNothing() const { return clips.movesNothing() && order.empty(); }
 };
 
 class History {
  public:
-  static constexpr std::size_t kMaxSteps = 200;
-  static constexpr std::size_t kMaxKept = 65534;  ///< records, in all steps back
-
   History(MainWindowState& window, Collection& collection, KVO2& settings, ClipList& list)
       : window_(window), collection_(collection), settings_(settings), list_(list) {}
 
@@ -60,6 +61,18 @@ class History {
   bool edit(const CommandPass& pass, std::string name, int number, Integer changeCode,
             const std::function<void(Movie&)>& change, std::string_view series = {});
 
+  /// Lets `work` write what it will: into clips, keyframes and preferences, in any number, and into the lists
+  /// of both. All of it is one step, and what differs is found out by comparing. Changes of one `series` that
+  /// follow each other are one step. A clip that comes in hand is for `work` to name (Collection::icurMov).
+  bool change(const CommandPass& pass, std::string name, Integer changeCode,
+              const std::function<void()>& work, std::string_view series = {});
+
+  /// What `work` does through the operations above is one step, with the name of the first.
+  void together(const std::function<void()>& work);
+
+  /// The next change begins a step of its own, whatever its series.
+  void endSeries() { series_.clear(); }
+
   /// Gives clips other values, by their numbers, in one step. The clip in hand is loaded anew where it is
   /// among them.
   bool replace(const CommandPass& pass, std::string name, std::vector<std::pair<int, Movie>> values);
@@ -68,9 +81,9 @@ class History {
   /// 0. All of it is one step.
   bool add(const CommandPass& pass, const std::function<void()>& additions, int before = 0);
 
-  // The two keys. They take a pass of their own.
-  void undo();
-  void redo();
+  // The two keys, and so many steps at once from its list. They take a pass of their own.
+  void undo(std::size_t steps = 1);
+  void redo(std::size_t steps = 1);
 
   /// Forgets all: another collection is open.
   void clear();
@@ -82,12 +95,23 @@ class History {
   void saved();
 
  private:
+  // What has to be shown behind one or more steps.
+  struct Shown {
+    bool moved = false;      // the list
+    bool loadsAnew = false;  // the clip in hand
+    bool edited = false;     // likewise, and it stays loaded
+    std::vector<int> chosen{};
+    int inHand = 0;
+  };
+
   void carryOut(ListStep step, const CommandPass* pass = nullptr);
-  ListStep apply(ListStep& step);
-  void show(ListStep step, bool stays);
-  void keep(ListStep inverse);
-  void step(std::deque<ListStep>& from, std::deque<ListStep>& onto);
-  void tellNames();
+  ListStep apply(ListStep step, Shown& shown);
+  void renew(const ListStep& back);
+  void show(Shown shown);
+  void keep(ListStep back);
+  bool joinsSeries(ListStep& back, const std::string& series);
+  void take(std::deque<ListStep>& from, std::deque<ListStep>& onto, std::size_t steps);
+  void changed();
   [[nodiscard]] bool has(int number) const { return number >= 1 && number <= collection_.MovieList.count(); }
 
   MainWindowState& window_;
@@ -98,6 +122,8 @@ class History {
   std::deque<ListStep> redo_;
   std::function<void(int)> whenEdited_ = [](int) {};
   std::string series_;  // of the newest step, while it may take in more
+  int groups_ = 0;
+  int together_ = 0;  // the group of all steps that are made now; 0 for none
 };
 
 /// "remove lake at dusk.mpg", "remove 3 clips": what is done, and to which clips.

@@ -5,6 +5,7 @@
 #include "ports/desktop.h"
 #include "ports/event_loop.h"
 #include "program/clip_list.h"
+#include "program/gathered_boxes.h"
 
 #include <functional>
 #include <string>
@@ -21,6 +22,7 @@ class IntakeWindow : public IntakeHost {
     EventLoop& loop;
     ClipList& list;
     Desktop& desktop;
+    GatheredBoxes& refusals;
   };
   explicit IntakeWindow(const Parts& parts) : parts_(parts) {}
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace kvo {
 namespace {
@@ -131,37 +132,30 @@ void ListCommands::setVolume(int percent) {
 
 bool ListCommands::canCopy(CopyMode mode) const {
   if (collection_.icurMov < 1 || collection_.MovieList.count() >= kMaxClips) return false;
-  if (mode == CopyMode::Exact) return true;
-  const auto& clip = collection_.MovieList[collection_.icurMov];
-  const auto frames = clip.DurationFrames().wholeNumber();
-  return playedLength(clip) && frames && clip.LoopEndFrames() < *frames;
+  return kvo::canCopy(collection_.MovieList[collection_.icurMov], mode, place_());
 }
 
-void ListCommands::copy(CopyMode mode) {
+void ListCommands::copy(CopyMode mode) { copy(mode, place_()); }
+
+void ListCommands::split(const PlayerPlace& place) { copy(CopyMode::Split, place); }
+
+void ListCommands::copy(CopyMode mode, const std::optional<PlayerPlace>& place) {
   pass([&](const CommandPass& pass, const Movie& clip) {
-    if (!canCopy(mode)) return;
-    Movie copy = clip;
-    if (mode != CopyMode::Exact) {
-      const double end = clip.LoopEnd().number();
-      copy.LoopStart(clip.LoopEnd());
-      copy.LoopStartFrames(clip.LoopEndFrames() + 1);
-      copy.LoopEnd(mode == CopyMode::Tail ? clip.DurationTime()
-                                          : Value(end + end - clip.LoopStart().number()));
-      if (clip.IsVFWCompat()) {
-        const auto frames = mode == CopyMode::Tail
-                                ? clip.DurationFrames().number()
-                                : copy.LoopStartFrames() + clip.LoopEndFrames() - clip.LoopStartFrames();
-        copy.LoopEndFrames(toLongClamped(frames));
-      }
-    }
+    if (collection_.MovieList.count() >= kMaxClips || !kvo::canCopy(clip, mode, place)) return;
+    const int number = collection_.icurMov;
+    auto copy = copyOf(clip, mode, place.value_or(PlayerPlace{}));
     copy.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
-    const double played =
-        (copy.LoopEnd().number() - copy.LoopStart().number()) / (static_cast<double>(copy.Playspeed()) / 10);
-    if (!copy.IsStill() && static_cast<double>(copy.TransIn()) / 10 > played)
-      copy.TransIn(static_cast<Single>(played / 2 * 10));
-    copy.CutIndex(toInteger(clip.CutIndex() + 1).value_or(clip.CutIndex()));
-    copy.AltName(clip.MovieName() + " - " + FormatMask(copy.CutIndex(), "000"));
-    history_.insert(pass, named("copy"), collection_.icurMov + 1, std::move(copy));
+    if (mode != CopyMode::Split) {
+      history_.insert(pass, named("copy"), number + 1, std::move(copy));
+      return;
+    }
+    history_.change(pass, named("split"), kListChanged, [&] {
+      endAhead(collection_.MovieList[number], *place);
+      RecordList<Movie>::Numbered parts;
+      parts.emplace_back(number + 1, std::make_unique<Movie>(std::move(copy)));
+      collection_.MovieList.putIn(std::move(parts));
+      collection_.icurMov = number + 1;
+    });
   });
 }
 

@@ -4,24 +4,19 @@
 
 #include "ports/clock.h"
 #include "ports/message_boxes.h"
+#include "program/clip_copies.h"
 #include "program/clip_order.h"
 #include "program/history.h"
 #include "program/intro.h"
 
 #include <functional>
+#include <optional>
 #include <random>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace kvo {
-
-/// What a copy of a clip takes of it.
-enum class CopyMode {
-  Exact,       ///< the same section
-  Tail,        ///< from Mark-Out to the end
-  EqualChunk,  ///< as long a section, from Mark-Out on
-};
 
 class ListCommands {
  public:
@@ -71,13 +66,19 @@ class ListCommands {
   /// 0 to 100 per cent; not for stills and pages, which have no sound.
   void setVolume(int percent);
 
-  /// Puts a copy behind it, when canCopy says that there is something to copy.
+  /// Puts a copy behind it, or the second part of it, when canCopy says that there is something to copy. The
+  /// new clip is in hand then.
   void copy(CopyMode mode);
+  /// The same with a split at a place of its file.
+  void split(const PlayerPlace& place);
+  /// What tells where the player stands, none while it is empty.
+  void placedBy(std::function<std::optional<PlayerPlace>()> place) { place_ = std::move(place); }
   [[nodiscard]] bool canCopy(CopyMode mode) const;
 
  private:
   void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
   bool mayChoose();
+  void copy(CopyMode mode, const std::optional<PlayerPlace>& place);
   void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
   [[nodiscard]] std::string named(std::string_view act) const;
 
@@ -88,6 +89,7 @@ class ListCommands {
   Collection& collection_;
   MainWindowState& window_;
   std::function<void()> showList_ = [] {};
+  std::function<std::optional<PlayerPlace>()> place_ = [] { return std::optional<PlayerPlace>(); };
   std::mt19937 shuffle_{std::random_device{}()};
 };
 

@@ -15,14 +15,6 @@ namespace {
 
 constexpr int kMailboxInterval = 200;  // milliseconds
 
-std::vector<std::string> linesOf(std::string_view text) {
-  std::vector<std::string> lines;
-  while (!text.empty()) {
-    if (const auto line = nextLine(text); !trimmed(line).empty()) lines.emplace_back(line);
-  }
-  return lines;
-}
-
 }  // namespace
 
 Mailbox::Mailbox(const ProgramParts& parts, Intro& intro)
@@ -50,12 +42,12 @@ void Mailbox::takeHandover(const std::string& text) {
     return;
   }
   parts_.window.face.visible = parts_.window.face.raise = true;
-  auto lines = linesOf(text);
-  for (auto& line : lines) {
-    if (!parts_.files.exists(line)) line = trimmed(replaced(line, "\"", ""));
+  auto arguments = handedOver(text);
+  for (auto& argument : arguments) {
+    if (!parts_.files.exists(argument)) argument = trimmed(replaced(argument, "\"", ""));
   }
   parts_.window.mode.player.IsPaused = false;
-  const auto command = readStartCommand(lines, parts_.files, workingFolder_);
+  const auto command = readStartCommand(arguments, parts_.files, workingFolder_);
   take(command);
   if (!command.clips.empty() && transport_ != nullptr) transport_->Img_Play_Click();
   tellMissing(command.missing);
@@ -73,7 +65,7 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
   for (const auto& path : paths) {
     if (isUnmapped(path)) {
       unmapped = true;
-    } else if (namesCollection(path)) {
+    } else if (paths.size() == 1 && namesCollection(path)) {
       command.collection = path;
     } else {
       command.clips.push_back(path);
@@ -89,6 +81,11 @@ void Mailbox::takeDropped(std::vector<std::string> paths, int before) {
 }
 
 void Mailbox::takeAddress(const std::string& address, const AddManner& manner) {
+  const bool isTrusted = isAddress(address) || isUnmapped(address) || address.starts_with(kSeparator);
+  if (!isTrusted && !parts_.files.exists(address)) {
+    if (const CommandPass pass(parts_.window); pass) parts_.boxes.show(refusedAddress(address));
+    return;
+  }
   StartCommand command;
   command.clips = {address};
   take(command, 0, manner);

@@ -36,8 +36,8 @@ class Mailbox {
   void open(const std::string& workingFolder);
   void close() { timer6_->stop(); }
 
-  /// Files that the user chooses: a collection takes the place of the one that is open, unsaved changes being
-  /// asked about; everything else is added in this order, ahead of clip `before` or, for 0, at the end. Of a
+  /// Files that the user chooses: a collection alone takes the place of the one that is open, unsaved changes
+  /// being asked about; else all are added in this order, ahead of clip `before` or, for 0, at the end. Of a
   /// folder the clips in it are. What lies in a network and has no path is refused.
   void takeFiles(const std::vector<std::string>& paths, int before = 0);
 
@@ -47,7 +47,7 @@ class Mailbox {
   /// Tells of files that were named and are not there, in one box.
   void tellMissing(const std::vector<std::string>& paths);
 
-  /// An address that the user types.
+  /// An address that the user types, or a full path.
   void takeAddress(const std::string& address, const AddManner& manner);
 
  private:

@@ -80,6 +80,12 @@ Entries MainMenu::windowMenu() { return windowMenu(Files::With); }
 
 Entries MainMenu::windowMenu(Files files) {
   Entries entries{addMedia(), submenu("&Collection", collectionEntries(files))};
+  if (doors_.createMovie)
+    entries.push_back({{MenuCommand::CreateMovie},
+                       "Create &Movie...",
+                       "Ctrl+M",
+                       parts_.window.menu.clipsEnabled,
+                       doors_.createMovie});
   addGroup(entries, historyEntries());
   addGroup(entries,
            {submenu("Cl&ip", clipEntries()), submenu("Sor&t by", sortMenu(), parts_.window.listKeys.SORT)});

@@ -28,6 +28,7 @@ enum class MenuCommand {
   ViewStream,
   FindMissing,
   Portable,
+  CreateMovie,
   Exit,
   Undo,
   Redo,
@@ -101,6 +102,7 @@ struct MenuDoors {
   std::function<void(bool)> makePortable{};    ///< from the next save on
   std::function<void()> captions{};            ///< the setting says whether they are shown
   std::function<void(MenuCommand)> ordered{};  ///< this tick of those that steer playing is another now
+  std::function<void()> createMovie{};         ///< the editor opens
   std::function<void(bool)> resetMark{};       ///< of the clip in hand: true Mark-In, false Mark-Out
 };
 

@@ -8,8 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <set>
+#include <tuple>
 
 namespace kvo {
 namespace {
@@ -32,6 +31,18 @@ int likeness(std::string_view a, std::string_view b) {
     b.remove_suffix(1);
     if (fileNamePart(a) != fileNamePart(b)) return same;
   }
+}
+
+bool isOfNameAndSize(const FoundFile& file, const MissingFile& missing) {
+  return sameText(fileNamePart(file.path), fileNamePart(missing.path)) &&
+         (missing.size == 0 || file.size == missing.size);
+}
+
+// Leaves those for which `holds`, unless none would be left.
+template <typename Rule>
+void keepWhere(std::vector<std::string>& paths, const Rule& holds) {
+  const auto others = std::ranges::stable_partition(paths, holds);
+  if (others.begin() != paths.begin()) paths.erase(others.begin(), others.end());
 }
 
 std::string foundText(int mended, std::size_t missing) {
@@ -62,23 +73,23 @@ std::vector<MissingFile> missingFiles(const Collection& collection, const Files&
 }
 
 std::optional<std::string> fileThatFits(const MissingFile& missing, const std::vector<FoundFile>& found,
-                                        const std::function<double(const std::string&)>& lengthOf) {
+                                        const FitRules& rules) {
   std::vector<std::string> fits;
   for (const auto& file : found) {
-    const bool isNamed = sameText(fileNamePart(file.path), fileNamePart(missing.path));
-    if (isNamed && (missing.size == 0 || file.size == missing.size)) fits.push_back(file.path);
-  }
-  if (fits.size() > 1 && missing.length > 0) {
-    auto same = fits;
-    std::erase_if(same,
-                  [&](const auto& path) { return std::abs(lengthOf(path) - missing.length) > kSameLength; });
-    if (!same.empty()) fits = std::move(same);
+    if (isOfNameAndSize(file, missing)) fits.push_back(file.path);
   }
   if (fits.empty()) return std::nullopt;
+  const auto isAsLong = [&](const std::string& path) {
+    return std::abs(rules.lengthOf(path) - missing.length) <= kSameLength;
+  };
+  if (fits.size() > 1 && missing.length > 0) keepWhere(fits, isAsLong);
+  keepWhere(fits, [&](const auto& path) { return !rules.taken.contains(path); });
   std::sort(fits.begin(), fits.end());
-  return *std::max_element(fits.begin(), fits.end(), [&](const auto& a, const auto& b) {
-    return likeness(a, missing.path) < likeness(b, missing.path);
-  });
+  const auto worth = [&](const std::string& path) {
+    const auto folder = rules.foundInFolder.find(std::string(folderPart(path)));
+    return std::tuple(likeness(path, missing.path), folder == rules.foundInFolder.end() ? 0 : folder->second);
+  };
+  return *std::ranges::max_element(fits, {}, worth);
 }
 
 void MissingFiles::look() {
@@ -135,12 +146,20 @@ std::vector<std::vector<FoundFile>> MissingFiles::search(const std::string& fold
 std::optional<int> MissingFiles::mend(const CommandPass& pass, const std::vector<MissingFile>& missing,
                                       const std::vector<std::vector<FoundFile>>& found,
                                       const SearchProgress& progress) {
-  const auto lengthOf = [&](const std::string& path) {
+  FitRules rules;
+  rules.lengthOf = [&](const std::string& path) {
     return parts_.looker.look(path, [&] { return progress.stopped(); }).look.facts.duration;
   };
+  for (int i = 1; i <= parts_.collection.MovieList.count(); ++i)
+    rules.taken.insert(clipFile(parts_.collection.MovieList[i]));
+  for (std::size_t i = 0; i < missing.size(); ++i) {
+    for (const auto& file : found[i]) {
+      if (isOfNameAndSize(file, missing[i])) ++rules.foundInFolder[std::string(folderPart(file.path))];
+    }
+  }
   std::vector<std::pair<int, Movie>> changed;
   for (std::size_t i = 0; i < missing.size(); ++i) {
-    const auto file = fileThatFits(missing[i], found[i], lengthOf);
+    const auto file = fileThatFits(missing[i], found[i], rules);
     if (progress.stopped()) return std::nullopt;
     if (!file) continue;
     auto clip = parts_.collection.MovieList[missing[i].number];

@@ -10,7 +10,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,10 +36,17 @@ struct FoundFile {
   std::uint64_t size = 0;
 };
 
+/// What decides between several files that fit.
+struct FitRules {
+  std::function<double(const std::string& path)> lengthOf;  ///< seconds
+  std::set<std::string> taken{};                            ///< paths that clips of the collection have
+  std::map<std::string, int> foundInFolder;  ///< how many of the missing files are found in each folder
+};
+
 /// The one of `found` that is the missing file: of its name and size; where several are, of its length too,
-/// and then the one whose folders are most like those it was in. `lengthOf` gives the seconds of a file.
+/// then one that no clip has, whose folders are most like those it was in, and where most others are.
 std::optional<std::string> fileThatFits(const MissingFile& missing, const std::vector<FoundFile>& found,
-                                        const std::function<double(const std::string&)>& lengthOf);
+                                        const FitRules& rules);
 
 class MissingFiles {
  public:

@@ -1,7 +1,9 @@
 #include "program/start_command.h"
 
+#include "base/escaped_line.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "intake/clip_names.h"
 
 #include <array>
 
@@ -27,6 +29,11 @@ bool isUnknownSwitch(std::string_view argument) {
 
 bool namesCollection(std::string_view path) { return endsInText(path, ".INI") || endsInText(path, ".KVO"); }
 
+std::string namedFile(const std::string& argument, const Files& files, const std::string& workingFolder) {
+  auto name = absoluteName(argument, workingFolder);
+  return isUnmapped(argument) && !files.exists(name) ? argument : name;
+}
+
 StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
                               const std::string& workingFolder) {
   StartCommand command;
@@ -37,15 +44,16 @@ StartCommand readStartCommand(const std::vector<std::string>& arguments, const F
       continue;
     }
     if (raw.empty()) continue;
-    auto name = absoluteName(raw, workingFolder);
-    const bool thereOrTrusted =
-        isAddress(raw) || raw.find(' ') != std::string::npos || files.exists(name) || files.isFolder(name);
+    auto name = namedFile(raw, files, workingFolder);
+    const bool isRefused = isUnmapped(name);
+    const bool thereOrTrusted = isAddress(raw) || isRefused || raw.find(' ') != std::string::npos ||
+                                files.exists(name) || files.isFolder(name);
     if (!thereOrTrusted) {
       if (!isUnknownSwitch(trimmed(raw)) && !fileNamePart(name).empty())
         command.missing.push_back(std::move(name));
       continue;
     }
-    if (namesCollection(name)) {
+    if (namesCollection(name) && !isRefused) {
       command.collection = std::move(name);
     } else {
       command.clips.push_back(std::move(name));
@@ -60,11 +68,19 @@ std::string handoverText(const std::vector<std::string>& arguments, const std::s
   for (const auto& argument : arguments) {
     const auto word = trimmed(argument);
     if (word.empty()) continue;
-    const auto name = absoluteName(argument, workingFolder);
+    const auto name = namedFile(argument, files, workingFolder);
     const bool isWord = !switchIn(word, files).empty() || (word == kRemovePreview && !files.exists(name));
-    text.append(text.empty() ? "" : kCrLf).append(isWord ? word : name);
+    text.append(text.empty() ? "" : kCrLf).append(isWord ? word : escapedLine(name));
   }
   return text;
+}
+
+std::vector<std::string> handedOver(std::string_view text) {
+  std::vector<std::string> arguments;
+  while (!text.empty()) {
+    if (const auto line = nextLine(text); !trimmed(line).empty()) arguments.push_back(unescapedLine(line));
+  }
+  return arguments;
 }
 
 }  // namespace kvo

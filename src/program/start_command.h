@@ -29,9 +29,16 @@ bool namesCollection(std::string_view path);
 StartCommand readStartCommand(const std::vector<std::string>& arguments, const Files& files,
                               const std::string& workingFolder = {});
 
+/// The full path of what an argument names. What lies in a network and has no path is no file of the folder,
+/// unless there is one of that name.
+std::string namedFile(const std::string& argument, const Files& files, const std::string& workingFolder);
+
 /// The command line as one text for the copy that runs already: a line for each argument, files by their full
-/// path from `workingFolder` on.
+/// path from `workingFolder` on, line ends in their names told by signs.
 std::string handoverText(const std::vector<std::string>& arguments, const std::string& workingFolder,
                          const Files& files);
+
+/// The arguments in such a text.
+std::vector<std::string> handedOver(std::string_view text);
 
 }  // namespace kvo

@@ -48,9 +48,10 @@ void KVOBut::setIconName(const QString& name) {
 
 QSize KVOBut::sizeHint() const {
   if (hasPictures()) return pictures_[Rest].deviceIndependentSize().toSize();
-  if (text().isEmpty()) return {kKeyWidth, kKeyHeight};
-  const int icon = iconName_.isEmpty() ? 0 : kIcon + kIconGap;
-  return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + icon + 2 * kKeyPadding, kKeyHeight};
+  if (text().isEmpty()) return {themed(kKeyWidth), themed(kKeyHeight)};
+  const int icon = iconName_.isEmpty() ? 0 : themed(kIcon + kIconGap);
+  return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + icon + 2 * themed(kKeyPadding),
+          themed(kKeyHeight)};
 }
 
 // A screen reader is told the tool tip, or else the text, and whether the key is lit.
@@ -112,12 +113,13 @@ void KVOBut::drawKey(QPainter& painter) const {
 
   const auto ink = !isEnabled() ? token("textOff") : lit ? token("tealHi") : token("text1");
   const int textWidth = text().isEmpty() ? 0 : fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-  const int iconWidth = iconName_.isEmpty() ? 0 : kIcon + (textWidth > 0 ? kIconGap : 0);
-  QPoint at((width() - textWidth - iconWidth) / 2, (height() - kIcon) / 2);
+  const int side = themed(kIcon);
+  const int iconWidth = iconName_.isEmpty() ? 0 : side + (textWidth > 0 ? themed(kIconGap) : 0);
+  QPoint at((width() - textWidth - iconWidth) / 2, (height() - side) / 2);
   if (isDown()) at.ry() += 1;
-  if (!iconName_.isEmpty()) painter.drawPixmap(at, iconPicture(iconName_, ink, kIcon, devicePixelRatio()));
+  if (!iconName_.isEmpty()) painter.drawPixmap(at, iconPicture(iconName_, ink, side, devicePixelRatio()));
   painter.setPen(toColour(ink));
-  painter.drawText(QRect(at.x() + iconWidth, at.y(), width() - at.x() - iconWidth, kIcon),
+  painter.drawText(QRect(at.x() + iconWidth, at.y(), width() - at.x() - iconWidth, side),
                    Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text());
 }
 

@@ -106,7 +106,14 @@ void drawHandle(QPainter& painter, const QRectF& handle, bool enabled) {
       QRectF(handle.center().x() - themed(1) / 2.0, handle.y() + themed(4), themed(1), themed(8)));
 }
 
-void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRectF& handleCell) {
+// A slider may stand for a colour.
+QColor fillOf(const QWidget* slider) {
+  const auto own = slider == nullptr ? QVariant() : slider->property("fill");
+  return own.isValid() ? own.value<QColor>() : toColour(token("teal"));
+}
+
+void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRectF& handleCell,
+                const QColor& fill) {
   const Painting kept(painter);
   const bool lies = option.orientation == Qt::Horizontal;
   const QRectF all = option.rect;
@@ -124,7 +131,7 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect
   } else {
     option.upsideDown ? slot.setTop(centre.y()) : slot.setBottom(centre.y());
   }
-  painter.setBrush(toColour(isEnabled(option) ? token("teal") : token("line2")));
+  painter.setBrush(isEnabled(option) ? fill : toColour(token("line2")));
   painter.drawRoundedRect(slot, round, round);
   const QSizeF size(themed(kHandle), themed(kMark));
   const QRectF handle(centre - QPointF(size.width() / 2, size.height() / 2), size);
@@ -303,7 +310,8 @@ void KvoStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
                                   QPainter* painter, const QWidget* widget) const {
   const auto* slider = control == CC_Slider ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
   if (slider != nullptr) {
-    return drawSlider(*painter, *slider, subControlRect(CC_Slider, slider, SC_SliderHandle, widget));
+    return drawSlider(*painter, *slider, subControlRect(CC_Slider, slider, SC_SliderHandle, widget),
+                      fillOf(widget));
   }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }

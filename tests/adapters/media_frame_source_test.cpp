@@ -113,6 +113,16 @@ std::string heldSo(std::string file, const std::string& kind, std::uint32_t orie
   return file.replace(4, 4, number(end, 4));
 }
 
+TEST(MediaFrameSource, OfAMenuOfADvdItIsTheFilm) {
+  const test::ScratchFolder disc;
+  test::makeMedia(disc, "VTS_01_1.VOB",
+                  {"-f", "lavfi", "-i", "color=red:size=64x48:rate=25:duration=1", "-c:v", "mpeg2video"});
+  std::ofstream(disc / "VIDEO_TS.IFO") << "DVDVIDEO-VMG";
+  const auto facts = MediaFrameSource().facts(disc / "VIDEO_TS.IFO");
+  ASSERT_TRUE(facts) << facts.error().text;
+  EXPECT_EQ(facts->width, 64);
+}
+
 TEST(MediaFrameSource, AStillStandsAsItsCameraWasHeld) {
   const test::ScratchFolder folder;
   const struct {

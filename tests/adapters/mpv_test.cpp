@@ -7,6 +7,7 @@
 #include "playback/player_facade.h"
 #include "playback/positions/section.h"
 #include "support/loop_rules.h"
+#include "support/loopback_server.h"
 #include "support/real_world.h"
 #include "support/scripted_boxes.h"
 
@@ -428,6 +429,23 @@ TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
     EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.drawn() >= 2; })) << "it runs by itself";
   }
   engine.setRate(20);  // soon at what is missing
+  {
+    // Behind the last picture of a whole file there are bytes that nobody reads.
+    const auto whole = makeNumbered(bench.folder, "whole.mp4", "3", "", {"-movflags", "+faststart"});
+    std::ifstream again(whole, std::ios::binary);
+    const std::string film((std::istreambuf_iterator<char>(again)), {});
+    const Server server(Server::Manner::Whole, film +
+                                                   std::string("\x00\x20\x00\x08"
+                                                               "free",
+                                                               8) +
+                                                   std::string(0x200000, '\0'));
+    engine.setFileName(server.address());
+    const int before = bench.ended;
+    EXPECT_TRUE(turnUntil(bench.loop,
+                          [&] { return bench.ended > before || engine.opening() == EngineOpening::Failed; }));
+    EXPECT_EQ(engine.opening(), EngineOpening::Open) << engine.errorDescription();
+    engine.setFileName("");
+  }
   for (const auto& [manner, why] : {std::pair{Server::Manner::Silent, "does not answer"},
                                     {Server::Manner::RedirectsForEver, "cannot open"},
                                     {Server::Manner::StopsInTheMiddle, "sends nothing any more"},

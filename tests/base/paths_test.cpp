@@ -3,6 +3,7 @@
 #include "support/real_world.h"
 
 #include <filesystem>
+#include <fstream>
 #include <map>
 
 #include <gtest/gtest.h>
@@ -32,6 +33,16 @@ TEST(ProgramFolder, HoldsItsFilesInAnyCaseOfLetters) {
   const ProgramFolder folder(scratch.path());
   EXPECT_EQ(folder.beside("\\Skins\\MINE"), scratch / "skins/Mine");
   EXPECT_EQ(folder.beside("\\Skins\\other"), scratch / "Skins\\other") << "which is not there";
+}
+
+TEST(Paths, AMenuOfADvdLeadsToItsFilm) {
+  const test::ScratchFolder disc;
+  for (const auto* name : {"VTS_01_2.VOB", "vts_01_1.vob", "VIDEO_TS.IFO", "a.mpg"})
+    std::ofstream(disc / name) << "x";
+  std::filesystem::rename(disc / "vts_01_1.vob", disc / "VTS_01_1.vob");
+  EXPECT_EQ(DvdSource(disc / "VIDEO_TS.IFO"), disc / "VTS_01_1.vob");
+  EXPECT_EQ(DvdSource(disc / "a.mpg"), disc / "a.mpg");
+  EXPECT_EQ(DvdSource("/none/VIDEO_TS.BUP"), "/none/VIDEO_TS.BUP");
 }
 
 TEST(Paths, TakeNamesApart) {

@@ -14,6 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool before = kvo::IsASXAStream(clip, files);
   if (before && text.find("//") == std::string::npos) std::abort();
   text += "\n//\n";
-  if (!kvo::IsASXAStream(clip, files) && text.size() <= 65536) std::abort();
+  if (!kvo::IsASXAStream(clip, files) && text.size() <= 65536 && text.find('\0') == std::string::npos)
+    std::abort();
   return 0;
 }

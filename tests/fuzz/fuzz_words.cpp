@@ -5,6 +5,7 @@
 #include "program/start_command.h"
 #include "support/fakes.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -18,10 +19,9 @@ std::vector<std::string> linesOf(std::string_view text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  // A name with the end of a line in it is two words to the other copy, so there are none here.
-  std::string text(reinterpret_cast<const char*>(data), size);
-  std::erase(text, '\r');
-  const auto words = linesOf(text);
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  auto words = linesOf(text);
+  for (auto& word : words) std::replace(word.begin(), word.end(), '\1', '\n');
   const auto line = kvo::readCommandLine(words);
   if (line && line->rate && !(*line->rate >= 1 && *line->rate <= 1000)) std::abort();
   if (line && line->range && !(line->range->from >= 0 && line->range->to > line->range->from)) std::abort();
@@ -31,7 +31,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   files.all["/v/a.avi"] = "x";
   files.all["/v/c.INI"] = "x";
   const auto here = kvo::readStartCommand(words, files, "/v");
-  const auto handed = kvo::readStartCommand(linesOf(kvo::handoverText(words, "/v", files)), files, "/v");
+  const auto handed =
+      kvo::readStartCommand(kvo::handedOver(kvo::handoverText(words, "/v", files)), files, "/v");
   if (here.fullScreen != handed.fullScreen || here.collection.empty() != handed.collection.empty())
     std::abort();
   return 0;

@@ -2,6 +2,7 @@
 #include "intake/add_clips.h"
 
 #include "core/telling/messages.h"
+#include "intake/asx_stream.h"
 #include "intake/clip_names.h"
 #include "intake/folders.h"
 #include "intake/intake_bench.h"
@@ -59,12 +60,19 @@ TEST(ClipNames, TracksComeFirstByTheirNumbersAndNamesBecomeWords) {
 
 TEST(ClipNames, OfAFolderTheClipsAre) {
   test::MemoryFiles files;
-  for (const auto* name : {"/v/f/b 10.avi", "/v/f/b 2.avi", "/v/f/deep/c.JPEG", "/v/f/notes.txt",
-                           "/v/f/x.zip", "/v/f/Holiday.INI", "/v/f/page.html", "/v/other.avi"})
+  for (const auto* name :
+       {"/v/f/b 10.avi", "/v/f/b 2.avi", "/v/f/deep/c.JPEG", "/v/f/notes.txt", "/v/f/x.zip",
+        "/v/f/Holiday.INI", "/v/f/autorun.inf", "/v/f/a.sdp", "/v/f/b.xyz", "/v/other.avi"})
     files.all[name] = "x";
   EXPECT_EQ(withClipsOfFolders({"/v/z.txt", "/v/f", "/v/other.avi"}, files, [] { return true; }),
             (Names{"/v/z.txt", "/v/f/b 2.avi", "/v/f/b 10.avi", "/v/f/deep/c.JPEG", "/v/other.avi"}));
   EXPECT_LE(withClipsOfFolders({"/v/f"}, files, [] { return false; }).size(), 1U);
+  for (const auto* kind :
+       {"m4v", "FLV",  "f4v", "vcr", "qt",  "wm",  "divx", "mpe", "dat", "mka", "m4b", "wv",
+        "oga", "jfif", "asx", "wvx", "wax", "swf", "html", "mid", "tif", "ico", "cda"}) {
+    files.all = {{std::string("/v/f/a.") + kind, "x"}};
+    EXPECT_EQ(withClipsOfFolders({"/v/f"}, files, [] { return true; }).size(), 1U) << kind;
+  }
 }
 
 TEST(AddClips, TheNameAndWhatIsInTheFileTellWhatTheRecordHolds) {
@@ -146,7 +154,11 @@ TEST(AddClips, RefusalsTellWhyAndChangeNothing) {
       {"a.mkv", broken("it is damaged"), "a.mkv - Not added to collection|" + byPlayer + "it is damaged"},
       {"a.avi", broken("it is damaged"),
        "a.avi - Not added to collection|" + byPlayer +
-           "it is damaged\r\nKVO has detected the codec's Fourcc Code as Unknown"},
+           "it is damaged\r\nKVO has detected the codec's Fourcc Code as Unknown\r\nThe Codec was developed "
+           "by "
+           "Unknown\r\nFor more information or to download and install the Codec, go to Unknown\r\nCodec "
+           "Notes :- "
+           "N/A"},
       {"a.mpeg", broken("it is damaged"), "a.mpeg - Not added to collection|" + byPlayer + "it is damaged"},
       {"a.wmv", broken(kDrmProtected),
        "a.wmv - Not added to collection|Movie has NOT been added to the collection.\r\nYou may not have a "
@@ -196,13 +208,18 @@ TEST(AddClips, TheHeadOfAnImageDecidesAndKnownCodecsAreTold) {
   b.files.all["/v/a.bmp"] += std::string(20, '\0');
   EXPECT_EQ(b.add("/v/a.bmp"), nullptr);
   EXPECT_TRUE(b.box().starts_with("Image not added to collection|")) << b.box();
+  b.put("/v/a.png", {kStillPicture});
+  b.files.all["/v/a.png"] = std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x02\x80\0\0\x01\xE0\x08\x05", 26) +
+                            std::string(20, '\0');
+  EXPECT_EQ(b.add("/v/a.png"), nullptr) << "of a colour type that there is not";
 
   b.put("/v/a.avi", {.errorText = "it is damaged"});
   b.files.all["/v/a.avi"] = "RIFF....AVI LIST....vidsDIVX";
   b.files.all[b.folder.beside("\\Fourcc.dat")] = "DIVX,\"Makers\",\"None known\",\"MPEG-4.\"\r\n";
   EXPECT_EQ(b.add("/v/a.avi"), nullptr);
   EXPECT_TRUE(
-      b.box().ends_with("Code as DIVX\r\nThe Codec was developed by Makers\r\nCodec Notes :- MPEG-4."))
+      b.box().ends_with("Code as DIVX\r\nThe Codec was developed by Makers\r\nFor more information or to "
+                        "download and install the Codec, go to None known\r\nCodec Notes :- MPEG-4."))
       << b.box();
 }
 
@@ -292,6 +309,10 @@ TEST(AddClips, AnAddressIsAStreamOrAPageByItsName) {
     EXPECT_EQ(clip->IsHTML(), row.what == Page) << row.address;
     EXPECT_EQ(clip->IsTrueQT4(), row.what == Viewer) << row.address;
   }
+  IntakeBench b;
+  EXPECT_EQ(b.add("\\\\server\\share\\a.avi"), nullptr);
+  EXPECT_EQ(b.box(),
+            "KVO5 - Warning - Unmapped Network Drive|Cannot add media from non Mapped Network Drive");
 }
 
 TEST(AddClips, LocalPagesStreamsTracksAndDiscsAreNotLookedInto) {
@@ -307,15 +328,21 @@ TEST(AddClips, LocalPagesStreamsTracksAndDiscsAreNotLookedInto) {
   ASSERT_EQ(b.names(), (Names{"Track02.cda", "p.htm", "f.swf", "s.asx", "s.wmv"}));
   EXPECT_EQ(clips[1].DurationTime().number(), 2);
   EXPECT_TRUE(clips[2].IsHTML() && !clips[2].HasAudio());
-  EXPECT_TRUE(clips[3].IsHTML() && clips[3].HasAudio());
+  EXPECT_TRUE(clips[3].IsHTML() && clips[3].HasAudio() && clips[3].RenderAudio());
   EXPECT_TRUE(clips[4].IsStream() && clips[5].IsStream());
   EXPECT_TRUE(b.looks.asked.empty() && b.boxes.shown.empty());
 
-  b.put("/d/VIDEO_TS/VIDEO_TS.IFO", {kFilm});
-  b.put("/d/VIDEO_TS/VTS_01_1.VOB", {kFilm});
-  b.put("/d/VIDEO_TS/VTS_01_2.VOB", {kFilm});
-  EXPECT_NE(b.add("/d/VIDEO_TS/VIDEO_TS.IFO"), nullptr);
-  EXPECT_EQ(b.looks.asked, Names{"/d/VIDEO_TS/VTS_01_1.VOB"});
+  const std::string blanks(70000, ' ');
+  for (const auto& [name, text, stream] :
+       {std::tuple{"/v/long.asx", "<ref href=\"http://h/a\">" + blanks, true},
+        {"/v/far.asx", blanks + "//", false},
+        {"/v/film.asf", std::string("0&\xB2u\x8E") + '\0' + " // " + blanks, false}}) {
+    b.files.all[name] = text;
+    Movie clip;
+    clip.Path("/v/");
+    clip.MovieName(std::string(fileNamePart(name)));
+    EXPECT_EQ(IsASXAStream(clip, b.files), stream) << name;
+  }
 }
 
 TEST(AddClips, AnExtendedDiscBecomesItsTracks) {

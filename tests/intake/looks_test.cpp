@@ -3,6 +3,7 @@
 #include "core/records/movie.h"
 #include "intake/avi_compressor.h"
 #include "intake/image_info.h"
+#include "intake/metafile.h"
 #include "support/memory_files.h"
 
 #include <fstream>
@@ -120,6 +121,29 @@ std::string tiff(std::string_view entries) {
 std::string jpegSegment(char marker, const std::string& content) {
   const auto length = content.size() + 2;
   return "\xFF"s + marker + static_cast<char>(length >> 8U) + static_cast<char>(length & 255U) + content;
+}
+
+TEST(Metafile, TellsItsPlayableAddressesInTheirOrder) {
+  using Addresses = std::vector<std::string>;
+  const std::pair<const char*, Addresses> rows[] = {
+      {"<asx version = \"3.0\"><Entry><REF HREF = \"http://h/a?x=1&amp;y\" /><ref "
+       "href='mms://h/b'/></Entry>\n"
+       "<!-- <ref href=\"http://h/no\"> --><moreinfo href=\"http://h/page\"/><entryref href=http://h/c.asx "
+       "></asx>",
+       {"http://h/a?x=1&y", "mms://h/b", "http://h/c.asx"}},
+      {"<ASX><ref title=\"a = b\" href=\"http://h/a\"/><ref href=\"file:///etc/a\"/><ref "
+       "href=\"C:\\a.wmv\"/>",
+       {"http://h/a"}},
+      {"[Reference]\r\nRef1=http://h/a\r\nREF2 = http://h/b\r\nTitle=http://h/no\r\n",
+       {"http://h/a", "http://h/b"}},
+      {"<asx><ref", {}},
+      {"<asx><ref href", {}},
+      {"<asx><ref href=\"http://h/a", {"http://h/a"}},
+      {"", {}},
+  };
+  for (const auto& [text, addresses] : rows) EXPECT_EQ(metafileAddresses(text), addresses) << text;
+  EXPECT_TRUE(isMetafile("http://h/live.ASX?id=3") && isMetafile("a.wvx") && isMetafile("a.wax"));
+  EXPECT_FALSE(isMetafile("http://h/a.wmv?x=.asx") || isMetafile("a.asf"));
 }
 
 TEST(ImageInfo, HeadsTellKindSizeAndDepth) {

@@ -209,7 +209,8 @@ TEST(RealMedia, OfManyKindsJoinsInOneGo) {
   const auto end = test::runProgram(command);
   EXPECT_EQ(end.exitCode, 1) << "some were refused";
   for (const auto& file : kRefused)
-    EXPECT_NE(end.err.find(std::string(file.caption) + ":"), std::string::npos) << file.name << end.err;
+    EXPECT_NE(end.err.find((media / file.name) + ": " + file.caption + ":"), std::string::npos)
+        << file.name << end.err;
   for (const auto* caption : {"Error Decoding Image:", "no synthesizer", "cut off.mp4 - Not added",
                               "KVO - Fatal File access Error:"})
     EXPECT_NE(end.err.find(caption), std::string::npos) << caption << end.err;
@@ -228,6 +229,9 @@ TEST(RealMedia, OfManyKindsJoinsInOneGo) {
                         ", " + file.codec),
               std::string::npos)
         << line;
+    if (!file.still) continue;
+    const auto probed = test::runProgram({KVO_PROGRAMS "/KVOprop", clipFile(clips[i])});
+    EXPECT_EQ(probed.exitCode, 0) << "what joins can be asked: " << probed.err;
   }
 }
 
@@ -251,6 +255,10 @@ TEST(RealMedia, TagsNamesAndFoldersAreTakenAsTheyAre) {
   EXPECT_EQ(saved.collection.MovieList[1].AltName(), "Two words");
   EXPECT_EQ(saved.collection.MovieList[1].Resolution().text(), "44.1 KHz") << "a cover is no picture";
   EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", "--add", home / "c.INI", media / "none"}).exitCode, 1);
+  std::filesystem::create_directory(media / "empty");
+  const auto none = test::runProgram({KVO_PROGRAMS "/kvo5", "--add", home / "c.INI", media / "empty"});
+  EXPECT_EQ(none.exitCode, 1);
+  EXPECT_EQ(none.err, "kvo5: no clip to add in " + (media / "empty") + "\n");
 }
 
 TEST(RealMedia, ACollectionThatIsBegunHasTheSkinOfTheProgram) {

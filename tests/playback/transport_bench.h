@@ -10,6 +10,7 @@
 #include "support/scripted_boxes.h"
 #include "support/virtual_loop.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,17 @@ class PlainNetwork : public Network {
  public:
   bool on = true;
   [[nodiscard]] bool connected() const override { return on; }
+};
+
+/// Texts by their addresses, given at once; what is not there is not answered.
+class PlainHttp : public Http {
+ public:
+  std::map<std::string, Result<std::string>> texts;
+  void get(const std::string& address, std::size_t most, Heard heard) override {
+    const auto found = texts.find(address);
+    if (found == texts.end()) return;
+    heard(found->second ? Result<std::string>(found->second->substr(0, most)) : found->second);
+  }
 };
 
 /// The rest of the window, as plain values.
@@ -103,6 +115,7 @@ struct TransportRoom {
   ScriptedBoxes boxes;
   PlainPages pages;
   PlainNetwork network;
+  PlainHttp http;
   TransportState state;
   PlayTimers timers{on.loop};
   PlainTransportHost host{collection};
@@ -111,7 +124,7 @@ struct TransportRoom {
   Buttons buttons{keys, mode, player, timers};
   Display display{{mode, player, buttons, timers, settings, collection, desktop, boxes, host}};
   Transport transport{{state, mode, player, buttons, display, timers, settings, collection, on.files, boxes,
-                       on.loop, desktop, pages, network, host}};
+                       on.loop, desktop, pages, network, http, host}};
 
   explicit TransportRoom(const On& stage) : on(stage) {
     host.player = &player;

@@ -79,6 +79,36 @@ TEST(Transport, AStreamThatDoesNotComeIsTold) {
   }
 }
 
+TEST(Transport, AFileThatTellsOfStreamsPlaysTheFirstThatComes) {
+  const std::string list =
+      "<asx><ref href=\"http://h/silent\"/><ref href=\"http://h/fails\"/><ref href=\"http://h/live\"/></asx>";
+  for (const auto* name : {"list.asx", "http://h/list.asx"}) {
+    TransportBench b;
+    b.add(name, 0);
+    b.files.all["/v/list.asx"] = list;
+    b.http.texts.emplace("http://h/list.asx", list);
+    for (const auto* address : {"http://h/silent", "http://h/fails", "http://h/live"})
+      b.media[address] = {.duration = 30};
+    b.transport.PreviewMovie(1);
+    b.loop.advance(21000);
+    EXPECT_EQ(b.player.PlayerGetFileName(), "http://h/fails") << name << ": the one ahead did not come";
+    b.control.opens(EngineOpening::Failed);
+    b.loop.advance(200);
+    b.control.opens(EngineOpening::Open);
+    b.loop.advance(200);
+    EXPECT_EQ(b.player.PlayerGetFileName(), "http://h/live") << name;
+    EXPECT_EQ(b.shown(), "1 playing") << name;
+    EXPECT_TRUE(b.boxes.shown.empty() && b.state.stream.Lbl_StreamInfo) << name;
+  }
+  TransportBench b;  // a server that does not answer, and a user who does not wait
+  b.add("http://h/list.asx", 0);
+  b.transport.PreviewMovie(1);
+  EXPECT_EQ(b.state.lbl_Novid.text, "Locating Server....");
+  b.transport.Image8_Click();
+  b.loop.advance(100);
+  EXPECT_EQ(b.state.lbl_Novid.text, "Connection aborted");
+}
+
 TEST(Transport, WithoutANetworkTheUserIsAsked) {
   for (const bool yes : {true, false}) {
     TransportBench b;

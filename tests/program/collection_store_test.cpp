@@ -117,6 +117,20 @@ TEST(CollectionStore, ClipRowsHaveTheirOwnRules) {
   }
 }
 
+// No row of a clip says that it is one.
+TEST(CollectionStore, AStreamIsKnownAgain) {
+  const auto text = savedText();
+  for (const auto& [name, bytes, isStream] : {std::tuple{"http://h/a.wmv", "", true},
+                                              {"live.asx", "<ref href=\"http://h/a\">", true},
+                                              {"live.asx", "words", false}}) {
+    Bench b;
+    b.files.all[std::string("/v/") + name] = bytes;
+    load(b, withRow(text, "MovieName       = ", name), kLook);
+    ASSERT_EQ(b.collection.MovieList.count(), 1) << name;
+    EXPECT_EQ(b.collection.MovieList[1].IsStream(), isStream) << name << bytes;
+  }
+}
+
 TEST(CollectionStore, AClipWithoutAKeyGetsOneThatNoOtherHas) {
   const Long clock = 14 * 3600 + 5 * 60 + 9;
   const auto text = savedText([&](Bench& b) {

@@ -152,13 +152,13 @@ TEST(History, OnlyWhatIsInTheFileIsClean) {
   EXPECT_TRUE(b.dirty()) << "nothing is in a file that could not be written";
 }
 
-TEST(History, KeepsSoManyStepsAndForgetsWhatAnotherChangeHasReplaced) {
+TEST(History, KeepsAllStepsAndForgetsWhatAnotherChangeHasReplaced) {
   ListBench b;
-  for (std::size_t i = 0; i < History::kMaxSteps + 20; ++i) b.listCommands.rename(std::to_string(i));
-  std::size_t steps = 0;
-  for (; !b.window.history.undo.empty(); ++steps) b.history.undo();
-  EXPECT_EQ(steps, History::kMaxSteps);
-  EXPECT_EQ(b.names()[0], "19");
+  for (int i = 0; i < 300; ++i) b.listCommands.rename(std::to_string(i));
+  b.history.undo(299);
+  EXPECT_EQ(b.names()[0], "0");
+  EXPECT_EQ(b.window.history.done.size(), 1U);
+  EXPECT_EQ(b.window.history.undone.size(), 299U);
   b.listCommands.Removeit();
   EXPECT_EQ(b.window.history.redo, "");
 
@@ -176,6 +176,9 @@ TEST(ListCommands, CopiesTakeWhatLiesBehindMarkOut) {
     b.clip(1).LoopEndFrames(125);
     b.clip(1).TransIn(40);
     b.clip(1).CutIndex(1);
+    b.listCommands.copy(CopyMode::Tail);
+    EXPECT_EQ(b.collection.MovieList.count(), 5) << "the player is empty";
+    b.listCommands.placedBy([] { return PlayerPlace{}; });
     b.listCommands.copy(mode);
     const auto& copy = b.clip(2);
     EXPECT_EQ(copy.LoopStart().number(), start);

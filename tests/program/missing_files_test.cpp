@@ -27,9 +27,8 @@ struct MissingBench : ProgramBench {
 
 TEST(MissingFiles, NameSizeLengthAndFoldersTellWhichItIs) {
   const MissingFile gone{1, "/old/trip/a.avi", 5, 4};
-  const auto lengthOf = [](const std::string& path) {
-    return path.find("long") == std::string::npos ? 4.02 : 9;
-  };
+  FitRules rules;
+  rules.lengthOf = [](const std::string& path) { return path.find("long") == std::string::npos ? 4.02 : 9; };
   const struct {
     std::vector<FoundFile> found;
     std::string fits;
@@ -42,7 +41,7 @@ TEST(MissingFiles, NameSizeLengthAndFoldersTellWhichItIs) {
       {{{"/n/long/a.avi", 5}, {"/n/long2/a.avi", 5}}, "/n/long/a.avi"},
       {{{"/n/x/a.avi", 5}, {"/n/trip/a.avi", 5}}, "/n/trip/a.avi"},
   };
-  for (const auto& row : rows) EXPECT_EQ(fileThatFits(gone, row.found, lengthOf).value_or(""), row.fits);
+  for (const auto& row : rows) EXPECT_EQ(fileThatFits(gone, row.found, rules).value_or(""), row.fits);
 }
 
 TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
@@ -82,6 +81,27 @@ TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
   EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/old/clip 20.avi");
   b.history.redo();
   EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/new/deep/clip 20.avi");
+}
+
+TEST(MissingFiles, OfCopiesThatFitTheOneOfTheMovedFolderIsTaken) {
+  MissingBench b;
+  for (const auto* path : {"/old/a.avi", "/old/b.avi", "/old/c.avi", "/new/0 taken/a.avi"})
+    b.addClip(path, 4);
+  for (const auto* path : {"/new/0 taken/a.avi", "/new/1 copies/a.avi", "/new/2 moved/a.avi",
+                           "/new/2 moved/b.avi", "/new/2 moved/c.avi"}) {
+    b.files.all[path] = "bytes";
+    b.looks.all[path].look.facts.duration = 4;
+  }
+  b.files.all["/new/3 other/b.avi"] = "larger";
+  b.list.fill();
+  b.dialogs.answers = {"/new"};
+  b.missing.FindMissingFiles();
+  EXPECT_EQ(clipFile(b.collection.MovieList[1]), "/new/2 moved/a.avi");
+  b.files.all.erase("/new/2 moved/a.avi");
+  b.files.all.erase("/new/1 copies/a.avi");
+  b.dialogs.answers = {"/new"};
+  b.missing.FindMissingFiles();
+  EXPECT_EQ(clipFile(b.collection.MovieList[1]), "/new/0 taken/a.avi") << "a clip may stand twice in a movie";
 }
 
 }  // namespace

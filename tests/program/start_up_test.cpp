@@ -23,9 +23,10 @@ TEST(StartCommand, TakesSwitchesAnywhereAndFilesThatAreThere) {
       {{"/v/gone.avi", "/PLAY/x.avi", "/gone.INI"}, "||/PLAY/x.avi|/v/gone.avi/gone.INI"},
       {{"/v/gone too.avi", "/v/x.initial.avi"}, "||/v/gone too.avi/v/x.initial.avi|"},
       {{"http://host/a.asx"}, "||http://host/a.asx|"},
+      {{"\\\\server\\share\\a.avi", "\\\\server\\c.INI"}, "||\\\\server\\share\\a.avi\\\\server\\c.INI|"},
   };
   for (const auto& [arguments, asks] : rows) {
-    const auto command = readStartCommand(arguments, files);
+    const auto command = readStartCommand(arguments, files, "/w");
     std::string text = command.fullScreen ? "full" : command.hundredPercent ? "hundred" : "";
     text += "|" + command.collection + "|";
     for (const auto& clip : command.clips) text += clip;
@@ -96,6 +97,8 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
       {{"/PLAY", " new.avi"}, {"/w/ new.avi"}, "/prog/KVO5.INI", "/PLAY\r\n/w/ new.avi"},
       {{"gone too.avi"}, {"/w/gone too.avi"}, "/prog/KVO5.INI", "/w/gone too.avi"},
       {{"http://h/x.asx"}, {"http://h/x.asx"}, "/prog/KVO5.INI", "http://h/x.asx"},
+      {{"\\\\s\\a.avi"}, {"\\\\s\\a.avi"}, "/prog/KVO5.INI", "\\\\\\\\s\\\\a.avi"},
+      {{"two\r\nlines.avi"}, {"/w/two\r\nlines.avi"}, "/prog/KVO5.INI", "/w/two\\r\\nlines.avi"},
       {{"Trip.INI"}, {}, "/w/Trip.INI", "/w/Trip.INI"},
       {{"old.Kvo"}, {}, "/w/old.Kvo", "/w/old.Kvo"},
   };
@@ -103,7 +106,8 @@ TEST(StartUp, NamesBeginAtTheWorkingFolder) {
     ProgramBench b;
     for (const auto* path : {"/prog/KVO5.INI", "/w/Trip.INI", "/w/old.Kvo"})
       b.saveCollection(path, {"a.avi"});
-    for (const auto* there : {"/w/new.avi", "/w/sub/new.avi", "/w/ new.avi"}) b.files.all[there] = "x";
+    for (const auto* there : {"/w/new.avi", "/w/sub/new.avi", "/w/ new.avi", "/w/two\r\nlines.avi"})
+      b.files.all[there] = "x";
     b.startUp.run(row.arguments, "/w");
     EXPECT_EQ(b.intake.asked, row.asked);
     EXPECT_EQ(b.collection.IniFullPath, row.path);
@@ -131,7 +135,7 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
     b.handover.mailbox = text;
     b.loop.advance(time);
   };
-  for (const auto* there : {"/v/new.avi", "/v/a \"b\".avi", "/v/ends with a blank "})
+  for (const auto* there : {"/v/new.avi", "/v/a \"b\".avi", "/v/ends with a blank ", "/v/two\r\nlines\\.avi"})
     b.files.all[there] = "x";
   handOver("/PLAY\n\"/v/new.avi\"\n/v/gone.avi", 199);
   EXPECT_TRUE(b.intake.asked.empty());
@@ -147,18 +151,20 @@ TEST(StartUp, TakesWhatIsHandedOverWithinATick) {
   b.window.progress.status.clear();
   for (const auto* junk : {"", "\n\n", "/NONSENSE", "\x01\xFF\xFE", "//////"}) handOver(junk);
   EXPECT_EQ(b.collection.MovieList.count(), 2);
-  for (const auto* odd : {"/v/a \"b\".avi", "/v/ends with a blank "}) {
-    handOver(odd);
+  for (const auto& [sent, odd] : {std::pair{"/v/a \"b\".avi", "/v/a \"b\".avi"},
+                                  {"/v/ends with a blank ", "/v/ends with a blank "},
+                                  {"/v/two\\r\\nlines\\\\.avi", "/v/two\r\nlines\\.avi"}}) {
+    handOver(sent);
     EXPECT_EQ(b.intake.asked.back(), odd);
   }
 
   b.collection.MovieList[3].MovieName("Preview.wmv");
   handOver("KILLSQUASHPREV");
-  EXPECT_EQ(b.names(), (Words{"a.avi", "new.avi", "ends with a blank "}));
+  EXPECT_EQ(b.names(), (Words{"a.avi", "new.avi", "ends with a blank ", "two\r\nlines\\.avi"}));
   for (const auto answer : {Answer::Cancel, Answer::No}) {
     b.boxes.answers = {answer};
     handOver("/c/Trip.kvo");
-    EXPECT_EQ(b.collection.MovieList.count(), answer == Answer::No ? 1 : 3) << "unsaved changes come first";
+    EXPECT_EQ(b.collection.MovieList.count(), answer == Answer::No ? 1 : 4) << "unsaved changes come first";
   }
 }
 
@@ -340,6 +346,41 @@ TEST(GatheredBoxes, ManyRefusalsAreToldTogetherAndQuestionsAtOnce) {
   EXPECT_EQ(boxes.shown.size(), 2U);
 }
 
+TEST(GatheredBoxes, OfSeveralFilesEachIsNamedAndWhatIsSaidOfAllIsSaidOnce) {
+  const std::string cannot = "KVO cannot.\r\nNothing was added.";
+  const struct {
+    int total;
+    const char* path;
+    const char* caption;
+    std::string text;
+  } rows[] = {
+      {9, "/v/a.txt", "Not added", cannot},
+      {9, "/v/c.mp4", "c.mp4 - Damaged", "Why :-\r\nno end"},
+      {9, "/v/b.txt", "Not added", cannot},
+      {9, "/v/d.mp4", "d.mp4 - Damaged", "Why :-\r\nno end"},
+      {9, "/v/e.mp4", "e.mp4 - Damaged", "Why :-\r\nno head"},
+      {9, "/v/f.zip", "Archive", "f.zip - must be expanded"},
+      {9, "/v/g.avi", "g.avi - Busy", "It is open."},
+      {9, "/v/h.jpg", "Image", "no size"},
+      {9, "/v/a long name that is gone.avi", "Gone", "KVO looked for\r\na long name"},
+      {1, "/v/i.pdf", "Alone", "no clip"},
+  };
+  test::ScriptedBoxes boxes;
+  GatheredBoxes gathered(boxes);
+  gathered.together([&] {
+    for (const auto& row : rows) {
+      gathered.about(row.path, row.total);
+      gathered.show({row.caption, row.text});
+    }
+  });
+  std::vector<std::string> told;
+  for (const auto& box : boxes.shown) told.push_back(box.caption + "|" + box.text);
+  EXPECT_EQ(told, (Words{"Not added|a.txt\r\nb.txt\r\n" + cannot,
+                         "Damaged|Why :-\r\nc.mp4\r\nd.mp4\r\nno end\r\ne.mp4\r\nno head",
+                         "Archive|f.zip - must be expanded", "g.avi - Busy|It is open.",
+                         "Image|h.jpg\r\nno size", "Gone|KVO looked for\r\na long name", "Alone|no clip"}));
+}
+
 TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   ProgramBench b;
   b.saveCollection("/prog/KVO5.INI", {"a.avi"});
@@ -358,10 +399,13 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   EXPECT_EQ(b.window.history.undo, "Undo add 2 clips");
   b.boxes.answers = {Answer::Cancel, Answer::No};
   b.collection.MovieList[1].IsDirty(true);
-  b.mailbox.takeFiles({"/v/n.avi", "/c/old.Kvo"});
+  b.mailbox.takeFiles({"/c/old.Kvo"});
   EXPECT_EQ(b.collection.MovieList.count(), 3) << "unsaved changes come first";
-  b.mailbox.takeFiles({"/v/n.avi", "/c/old.Kvo"});
-  EXPECT_EQ(b.names(), (Words{"o.avi", "n.avi"})) << "whatever the order of the files";
+  b.mailbox.takeFiles({"/c/old.Kvo"});
+  EXPECT_EQ(b.names(), (Words{"o.avi"}));
+  b.mailbox.takeFiles({"/v/n.avi", "/prog/KVO5.INI"});
+  EXPECT_EQ(b.collection.IniFullPath, "/c/old.Kvo") << "one of several is no collection to open";
+  EXPECT_EQ(b.intake.asked.back(), "/prog/KVO5.INI");
   for (const auto& [last, starts] : {std::pair{"", "/home/u/Videos"}, std::pair{"C:\\", "/home/u/Videos"},
                                      std::pair{"/my/films/", "/my/films/"}}) {
     b.desktop.videos = "/home/u/Videos";
@@ -369,6 +413,20 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
     EXPECT_EQ(mediaFolder(b.settings, b.desktop), starts);
   }
   MediaCommands media({b.dialogs, b.desktop, b.questions, b.boxes}, b.settings, b.window, b.mailbox);
+  b.settings.adjust().NoofUses = 30;
+  for (const auto& [typed, box] : {std::pair{"server/live.asx", "server/live.asx is no address"},
+                                   {"/v/gone.asx", ""},
+                                   {"/v/n.avi", ""},
+                                   {"\\\\server\\a.avi", ""},
+                                   {"mms://server/live.asx", ""}}) {
+    b.boxes.shown.clear();
+    b.intake.asked.clear();
+    b.questions.answers = {typed};
+    media.ViewStream();
+    EXPECT_EQ(b.intake.asked.empty(), *box != '\0') << typed;
+    ASSERT_EQ(b.boxes.shown.size(), *box == '\0' ? 0U : 1U) << typed;
+    EXPECT_TRUE(*box == '\0' || b.boxes.shown[0].text.starts_with(box)) << typed;
+  }
   b.dialogs.filter = 1;
   media.AddMedia();
   media.AddMedia();

@@ -90,9 +90,9 @@ struct ProgramBench : StoreBench {
   ClipList list{window, collection, settings};
   History history{window, collection, settings, list};
   RecentCollections recent{store, files};
-  IntakeWindow intakeWindow{{window, settings, collection, loop, list, desktop}};
-  PlainIntake intake{files, collection, intakeWindow};
   GatheredBoxes refusals{boxes};
+  IntakeWindow intakeWindow{{window, settings, collection, loop, list, desktop, refusals}};
+  PlainIntake intake{files, collection, intakeWindow};
   CollectionCommands commands{{files, boxes, dialogs, loop, folder, desktop},
                               file,
                               settings,

@@ -8,6 +8,8 @@
 #include "windows/editor/effect_page.h"
 #include "windows/editor/overlay_page.h"
 #include "windows/editor/stills_page.h"
+#include "windows/keyframe/frm_keyframe.h"
+#include "windows/keyframe/keyframe_strip.h"
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
@@ -97,6 +99,7 @@ void expectReachable(QWidget& page, int leastHeight = 24) {
     if ((part->focusPolicy() & Qt::TabFocus) == 0 || !part->isVisibleTo(&page)) continue;
     const auto name = QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
     EXPECT_FALSE(name.isEmpty()) << part->metaObject()->className();
+    EXPECT_FALSE(part->toolTip().isEmpty()) << name.toStdString();
     const auto place = QRect(part->mapTo(&page, QPoint()), part->size());
     EXPECT_TRUE(page.rect().contains(place)) << name.toStdString();
     EXPECT_GE(part->height(), leastHeight) << name.toStdString();
@@ -205,6 +208,58 @@ TEST(OverlayPage, PlacesOneClipOverAnother) {
   expectReachable(*page);
   press(*page, "Clear");
   EXPECT_EQ(b.clip(2).HasPicInPic(), "");
+}
+
+TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
+  PageBench b;
+  b.settings.change().OutPutFrameRate = 25;
+  auto& clip = b.clip(2);
+  clip.DurationTime(Value(8));
+  clip.DurationFrames(Value(200));
+  clip.LoopEnd(Value(8));
+  EffectTab tab;
+  enterTab(b.editing, tab, b.host);
+  constexpr int kColoredPencil = 14;
+  tickEffect(b.editing, tab, b.host, kColoredPencil, true);
+  ASSERT_TRUE(opensKeyframes(b.editing, tab, kColoredPencil));
+  KeyframeWindow state;
+  ASSERT_TRUE(ActivateKeyFrameForm(b.editing, state, b.host));
+  QWidget owner;
+  owner.resize(1280, 800);
+  owner.show();
+  std::vector<Long> shownFrames;
+  FrmKeyframe* drawn = nullptr;
+  b.logic.acted = [&] { drawn->draw(&owner); };
+  FrmKeyframe window(state, b.logic, [&](Long frame) { shownFrames.push_back(frame); }, {});
+  drawn = &window;
+  window.draw(&owner);
+  EXPECT_TRUE(window.isVisible());
+  named<QAbstractSlider>(window, "Frame")->setValue(80);
+  press(window, "Add a new keyframe here");
+  stepUp(window, "Effect Level");
+  EXPECT_EQ(b.collection.KeyframeList[2].FrameNo, 80);
+  EXPECT_EQ(b.collection.KeyframeList[2].Transparency, 31);
+
+  auto* strip = dynamic_cast<KeyframeStrip*>(named<QWidget>(window, "Keyframes over time"));
+  ASSERT_NE(strip, nullptr);
+  const auto diamond = strip->at(80, 0.31);
+  QTest::mousePress(strip, Qt::LeftButton, {}, diamond.toPoint());
+  const auto target = strip->at(120, 0.8).toPoint();
+  QMouseEvent move(QEvent::MouseMove, target, strip->mapToGlobal(target), Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(strip, &move);
+  QTest::mouseRelease(strip, Qt::LeftButton, {}, target);
+  EXPECT_NEAR(b.collection.KeyframeList[2].FrameNo, 120, 1);
+  EXPECT_NEAR(b.collection.KeyframeList[2].Transparency, 80, 2);
+  QTest::keyClick(strip, Qt::Key_Left);
+  EXPECT_NEAR(b.collection.KeyframeList[2].FrameNo, 119, 1);
+  EXPECT_EQ(shownFrames.front(), 80);
+  EXPECT_NEAR(shownFrames.back(), 119, 1) << "the picture goes with the frame";
+  keepPicture(window, "keyframes");
+  expectReachable(window);
+  press(window, "Delete");
+  EXPECT_EQ(b.collection.KeyframeList.count(), 1);
+  QTest::keyClick(&window, Qt::Key_Escape);
+  EXPECT_FALSE(state.visible || window.isVisible());
 }
 
 }  // namespace

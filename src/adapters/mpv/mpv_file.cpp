@@ -162,7 +162,7 @@ void MpvFile::open(const std::string& fileOrAddress) {
   core_.set("vid", std::string("auto"));
   core_.set("aid", std::string("auto"));
   core_.set("sid", std::string("auto"));
-  core_.command({"loadfile", name_, "replace"}, kOpenReply + opened_);
+  core_.command({"loadfile", isAddress_ ? name_ : DvdSource(name_), "replace"}, kOpenReply + opened_);
   watch();
 }
 
@@ -381,9 +381,10 @@ void MpvFile::goOn() {
   watch();
 }
 
-// The connection ended ahead of what was promised: so many seconds, or bytes.
+// The connection ended ahead of what was promised: so many seconds, or bytes where no length is known; behind
+// the last picture of a whole file there may be bytes that nobody reads.
 bool MpvFile::isCutOff(double at) const {
-  if (duration() > 0 && at < duration() - kCutOff) return true;
+  if (duration() > 0) return at < duration() - kCutOff;
   const auto size = core_.number("file-size");
   const auto got = core_.number("stream-pos");
   return size && got && *got < *size;

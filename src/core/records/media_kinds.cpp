@@ -22,15 +22,18 @@ constexpr MediaKind kKinds[] = {
     {"CDA", kSound, true, false}, {"WAX", kSound, true, false}, {"RAM", kSound, true, false},
     // Sound unless there is a picture in them
     {"FLAC", kSound}, {"OGG", kSound}, {"OPUS", kSound}, {"M4A", kSound}, {"AAC", kSound}, {"AC3", kSound},
+    {"MKA", kSound},  {"M4B", kSound}, {"WV", kSound},   {"OGA", kSound},
     // Pictures
     {"AVI", kVideo, true}, {"MPG", kVideo, true}, {"MPEG", kVideo, true}, {"M1V", kVideo, true},
-    {"M2V", kVideo, true}, {"M2P", kVideo, true}, {"WMV", kVideo, true},  {"GIF", kVideo, true},
-    {"JPG", kStill, true}, {"JPEG", kStill, true}, {"JPE", kStill, true}, {"BMP", kStill, true},
+    {"M2V", kVideo, true}, {"M2P", kVideo, true}, {"MPE", kVideo, true}, {"WMV", kVideo, true},  {"GIF", kVideo, true},
+    {"JPG", kStill, true}, {"JPEG", kStill, true}, {"JPE", kStill, true}, {"JFIF", kStill, true}, {"BMP", kStill, true},
     {"TIF", kStill, true}, {"TIFF", kStill, true}, {"PNG", kStill, true}, {"WEBP", kStill, true},
     {"HEIC", kStill, true}, {"HEIF", kStill, true}, {"AVIF", kStill, true},
     // Pictures unless there is only sound in them
     {"MKV", kVideo}, {"MP4", kVideo},  {"WEBM", kVideo}, {"MOV", kVideo}, {"MTS", kVideo}, {"M2TS", kVideo},
     {"TS", kVideo},  {"3GP", kVideo},  {"VOB", kVideo},  {"OGV", kVideo}, {"DV", kVideo},  {"ASF", kVideo},
+    {"M4V", kVideo}, {"FLV", kVideo},  {"F4V", kVideo},  {"QT", kVideo},  {"WM", kVideo},  {"DIVX", kVideo},
+    {"DAT", kVideo},
 };
 // clang-format on
 

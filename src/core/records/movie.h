@@ -196,6 +196,9 @@ class Movie {
   [[nodiscard]] const std::string& TransType() const { return transType_; }
   void TransType(std::string name);
 
+  /// Field by field, flags and the listener too.
+  bool operator==(const Movie&) const = default;
+
   /// Whom the record tells of changes; null for nobody. Not owned.
   void listener(RecordListener* listener) { listener_ = listener; }
 

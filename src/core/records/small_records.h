@@ -37,6 +37,7 @@ struct Keyframe {
   std::string EC;  ///< extra colour
   std::string TextureFile;
   Long ClipName = 0;  ///< KeyID of the clip it belongs to
+  bool operator==(const Keyframe&) const = default;
 };
 
 /// A position marker of the markers window.

@@ -77,7 +77,7 @@ std::string setAgain(std::string_view name, double value, double again) {
          tag::key("at", "0.01", shortNumber(again)).append(tag::kEndParam);
 }
 
-std::string placing(const PictureBox& box, double srcHeight, double srcWidth, const OutputForm& output,
+std::string placing(const OverlayBox& box, double srcHeight, double srcWidth, const OutputForm& output,
                     double stop) {
   const auto still = [](std::string_view name, double v) { return tag::param(name, shortNumber(v)); };
   return tag::transition(
@@ -194,9 +194,9 @@ std::optional<PicInPic> readPicInPic(std::string_view text) {
 
 std::span<const std::string_view> overlayPositionNames() { return kPositions; }
 
-PictureBox overlayBox(int position, double w, double h) {
+OverlayBox overlayBox(int position, double w, double h) {
   constexpr double kThird = 0.66;
-  const PictureBox boxes[] = {{h / 2, w / 2, 0, 0},
+  const OverlayBox boxes[] = {{h / 2, w / 2, 0, 0},
                               {h / 2, w / 2, 0, w / 2},
                               {h / 2, w / 2, h / 2, 0},
                               {h / 2, w / 2, h / 2, w / 2},

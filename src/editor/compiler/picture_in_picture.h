@@ -34,13 +34,13 @@ std::optional<PicInPic> readPicInPic(std::string_view text);
 /// The names of the 15 positions, in order.
 std::span<const std::string_view> overlayPositionNames();
 
-struct PictureBox {
+struct OverlayBox {
   double height = 0, width = 0;  ///< pixels
   double offsetY = 0, offsetX = 0;
 };
 
 /// Where the overlay stands in a picture of `width` x `height`.
-PictureBox overlayBox(int position, double width, double height);
+OverlayBox overlayBox(int position, double width, double height);
 
 struct PicInPicOptions {
   bool preview = false;        ///< 170 x 70 and silent

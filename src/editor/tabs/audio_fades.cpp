@@ -34,7 +34,8 @@ void warnOfLongFades(const Editing& e, const Movie& clip, const AudioFadeControl
 void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders) {
   auto& clip = e.clips()[e.collection.icurMov];
   if (!fromSliders) {
-    controls = {clip.RenderAudio(), decimal(clip.AudioFadeInTime()) * 10, decimal(clip.AudioFadeOutTime()) * 10};
+    controls = {clip.RenderAudio(), decimal(clip.AudioFadeInTime()) * 10,
+                decimal(clip.AudioFadeOutTime()) * 10};
     return;
   }
   storeAudioFades(clip, controls);

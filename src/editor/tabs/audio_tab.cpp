@@ -88,7 +88,8 @@ void readMovie(const Editing& e, AudioTab& tab) {
   tab.Chk_RenderClipAudioEnabled = !e.editor.hasNoVideo;
   const double fade = decimal(preferences.VideoTrackFadeAmt);
   tab.trackFade = audioSlider(kTrackFadeTenths, fade, tab.Chk_RenderClipAudio && !e.editor.hasNoVideo, {});
-  tab.trackFade.heading = translated("Fade between clips - %1s", {FormatMask(std::max(fade, 0.0) / 10, "0.0##")});
+  tab.trackFade.heading =
+      translated("Fade between clips - %1s", {FormatMask(std::max(fade, 0.0) / 10, "0.0##")});
   tab.notice = noticeOf(e, tab.hasMusic);
 }
 
@@ -97,7 +98,8 @@ bool changeSound(const Editing& e, AudioTab& tab, TabHost& host, std::string_vie
                  bool isSeries, const std::function<void(Movie&)>& work) {
   const int clipNo = chosenClip(tab.Lst_AudioMovies);
   if (!tab.hasSound) return false;
-  const bool done = host.edit(act, clipNo, code, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  const bool done = host.edit(
+      act, clipNo, code, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
   readClip(e, tab);
   return done;
 }
@@ -193,12 +195,13 @@ void tickRenderClipAudio(const Editing& e, AudioTab& tab, bool on) {
 
 void moveTrackFade(const Editing& e, AudioTab& tab, TabHost& host, int tenths) {
   constexpr std::string_view kAct = "Fade between clips";
-  host.edit(kAct, 0, 0,
-            [&] {
-              e.settings.change().VideoTrackFadeAmt = static_cast<Single>(tenths);
-              UpdateTrackFade(e, false);
-            },
-            kAct);
+  host.edit(
+      kAct, 0, 0,
+      [&] {
+        e.settings.change().VideoTrackFadeAmt = static_cast<Single>(tenths);
+        UpdateTrackFade(e, false);
+      },
+      kAct);
   readMovie(e, tab);
 }
 

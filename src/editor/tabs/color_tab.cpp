@@ -46,7 +46,8 @@ void changeColours(const Editing& e, ColorTab& tab, TabHost& host, std::string_v
                    const std::function<void(Movie&)>& work) {
   const int clipNo = chosenClip(tab.Lst_ColorAdjust);
   if (!tab.enabled) return;
-  const bool done = host.edit(act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  const bool done = host.edit(
+      act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
   SetColorFrametoObj(e, tab);
   if (done) host.sample(Sample::Colour, clipNo);
 }

@@ -16,7 +16,7 @@ inline constexpr std::size_t kColourLevels = 7;
 
 struct ColorTab {
   ListBox Lst_ColorAdjust;
-  bool enabled = false;  ///< a clip is chosen
+  bool enabled = false;                          ///< a clip is chosen
   std::array<ClipSlider, kColourLevels> levels;  ///< in whole numbers, as the records have them
   bool Chk_Sepia = false;
   bool isAdjusted = false;  ///< not all is at 0

@@ -61,7 +61,8 @@ int effectNumber(const Editing& e, int position) {
   if (position == static_cast<int>(EffectSwitch::Blur)) return kBlurEffect;
   if (position == static_cast<int>(EffectSwitch::MotionBlur)) return kMotionBlurEffect;
   int id = 0;
-  if (position >= kFirstSlot && position <= kLastSlot) e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
+  if (position >= kFirstSlot && position <= kLastSlot)
+    e.editor.effects.GetEffectIDFromName(effectCaption(e, position), id);
   return id;
 }
 

@@ -26,10 +26,11 @@ struct LevelRange {
   int min, max;
   const char* name;
 };
-constexpr LevelRange kLevelRanges[kEffectLevels] = {{EffectSwitch::Blur, 0, 100, "Blur"},
-                                                    {EffectSwitch::MotionBlur, 0, 100, "Motion blur strength"},
-                                                    {EffectSwitch::MotionBlur, 0, 360, "Motion blur direction"},
-                                                    {EffectSwitch::FilmAge, 1, 100, "Film age"}};
+constexpr LevelRange kLevelRanges[kEffectLevels] = {
+    {EffectSwitch::Blur, 0, 100, "Blur"},
+    {EffectSwitch::MotionBlur, 0, 100, "Motion blur strength"},
+    {EffectSwitch::MotionBlur, 0, 360, "Motion blur direction"},
+    {EffectSwitch::FilmAge, 1, 100, "Film age"}};
 
 struct EaseRange {
   const char* name;
@@ -111,8 +112,8 @@ void readRecord(const Editing& e, EffectTab& tab) {
     auto& face = tab.faces[static_cast<std::size_t>(i)];
     const bool on = tab.controls.switches.isOn(i);
     const int number = effectNumber(e, i);
-    face = {captionOf(e, i), {}, on,
-            on && number > 0 && KeyframeCount(e, number, tab.enabled ? clipNo : 0) > 1};
+    face = {
+        captionOf(e, i), {}, on, on && number > 0 && KeyframeCount(e, number, tab.enabled ? clipNo : 0) > 1};
     if (i >= kFirstPaletteSlot && i <= kLastPaletteSlot)
       face.tip = translated("Right click to configure %1 options", {face.caption});
   }
@@ -132,7 +133,8 @@ void change(const Editing& e, EffectTab& tab, TabHost& host, std::string_view ac
             const std::function<void(Movie&)>& work) {
   const int clipNo = chosenClip(tab.Lst_Clips);
   if (!tab.enabled) return;
-  const bool done = host.edit(act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  const bool done = host.edit(
+      act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
   readRecord(e, tab);
   if (!done) return;
   host.ShowClipStats();
@@ -253,9 +255,8 @@ void moveEase(const Editing& e, EffectTab& tab, TabHost& host, EaseLevel level, 
 }
 
 void chooseMoveDirection(const Editing& e, EffectTab& tab, TabHost& host, int direction) {
-  change(e, tab, host, "Ease direction", false, [&](Movie& clip) {
-    clip.MoveADirection(std::string(kMoves[static_cast<std::size_t>(direction)]));
-  });
+  change(e, tab, host, "Ease direction", false,
+         [&](Movie& clip) { clip.MoveADirection(std::string(kMoves[static_cast<std::size_t>(direction)])); });
 }
 
 void chooseRotation(const Editing& e, EffectTab& tab, TabHost& host, int rotation) {

@@ -14,7 +14,7 @@ namespace kvo {
 /// A switch of the tab, by its place in the word: 1 to 46.
 struct EffectSwitchFace {
   std::string caption;
-  std::string tip;          ///< composed
+  std::string tip;  ///< composed
   bool isOn = false;
   bool isKeyframed = false;  ///< its values move from keyframe to keyframe
   bool operator==(const EffectSwitchFace&) const = default;

@@ -15,8 +15,11 @@ Long toFrames(double seconds, const KVO2& settings) {
   return framesOf(seconds, settings.preferences().OutPutFrameRate);
 }
 
-// List numbers of the keyframes of the clip in hand and the effect being worked on.
-std::vector<int> ownKeyframes(const Editing& e) {
+std::string noneAsEmpty(const std::string& text) { return text == "None" ? std::string() : text; }
+
+}  // namespace
+
+std::vector<int> keyframesInHand(const Editing& e) {
   const auto keyId = e.clips()[e.collection.icurMov].KeyID();
   const auto& list = e.collection.KeyframeList;
   std::vector<int> own;
@@ -26,9 +29,17 @@ std::vector<int> ownKeyframes(const Editing& e) {
   return own;
 }
 
-std::string noneAsEmpty(const std::string& text) { return text == "None" ? std::string() : text; }
+void placeKeyframe(const Editing& e, Keyframe& keyframe, Long frameNo) {
+  keyframe.FrameNo = frameNo;
+  keyframe.Time = Value(std::max(frameNo / decimal(e.settings.preferences().OutPutFrameRate), 0.0));
+}
 
-}  // namespace
+void tellTakenFrame(const Editing& e, Long frameNo) {
+  e.boxes.show({"KVO5 - Duplicate Keyframe warning",
+                "Frame " + std::to_string(frameNo) +
+                    " is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.",
+                BoxButtons::Ok, BoxIcon::Warning});
+}
 
 bool KeyFrameExists(const Editing& e, int clipNo, Long frameNo, int effectNo) {
   if (effectNo == 0) effectNo = e.settings.state.KeyframeEffectNo;
@@ -115,30 +126,25 @@ bool AddKeyFrame(const Editing& e, Long frameNo, Keyframe values) {
   const int clipNo = e.collection.icurMov;
   const int effectNo = e.settings.state.KeyframeEffectNo;
   if (KeyFrameExists(e, clipNo, frameNo, effectNo)) {
-    e.boxes.show(
-        {"KVO5 - Duplicate Keyframe warning",
-         "Frame " + std::to_string(frameNo) +
-             " is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.",
-         BoxButtons::Ok, BoxIcon::Warning});
+    tellTakenFrame(e, frameNo);
     return false;
   }
   auto& list = e.collection.KeyframeList;
-  const auto own = ownKeyframes(e);
+  const auto own = keyframesInHand(e);
   if (own.size() == 1 && effectNo != kBlurEffect && effectNo != kMotionBlurEffect) {
     auto& first = list[own.front()];
     if (first.Transparency != 100) first.Transparency = first.Transparency >= 50 ? 100.0F : 0.0F;
   }
-  values.FrameNo = frameNo;
+  placeKeyframe(e, values, frameNo);
   values.EffectNo = static_cast<Integer>(effectNo);
   values.ClipName = e.clips()[clipNo].KeyID();
-  values.Time = Value(std::max(frameNo / decimal(e.settings.preferences().OutPutFrameRate), 0.0));
   list.add(std::move(values));
   e.clips()[clipNo].HasKeyFrames(true);
   return true;
 }
 
 bool deleteKeyframe(const Editing& e, int line) {
-  const auto own = ownKeyframes(e);
+  const auto own = keyframesInHand(e);
   if (own.size() < 2 || line < 1 || line > static_cast<int>(own.size())) return false;
   e.collection.KeyframeList.remove(own[static_cast<std::size_t>(line - 1)]);
   return true;
@@ -164,7 +170,7 @@ std::vector<std::string> AddKeyFramesToList(const Editing& e) {
       clip.IsStill() ? clip.LoopStartFrames() : toFrames(clip.LoopStart().number(), e.settings);
   const auto last = clip.IsStill() ? clip.LoopEndFrames() : toFrames(clip.LoopEnd().number(), e.settings);
   std::vector<std::string> lines;
-  for (const int i : ownKeyframes(e)) {
+  for (const int i : keyframesInHand(e)) {
     const auto& k = e.collection.KeyframeList[i];
     const auto* text = k.FrameNo > last    ? "IGNORED - Point after Mark Out - Keyframe No = "
                        : k.FrameNo < first ? "IGNORED - Point before Mark In - Keyframe No = "

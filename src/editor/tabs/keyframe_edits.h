@@ -12,6 +12,15 @@
 
 namespace kvo {
 
+/// The list numbers of the keyframes of the clip in hand and the effect being worked on, by line.
+std::vector<int> keyframesInHand(const Editing& e);
+
+/// Sets the frame of a keyframe, and its time by it.
+void placeKeyframe(const Editing& e, Keyframe& keyframe, Long frameNo);
+
+/// The box that tells that a frame has a keyframe already.
+void tellTakenFrame(const Editing& e, Long frameNo);
+
 /// True if the clip has a keyframe at the frame; an `effectNo` of 0 is the effect being worked on.
 bool KeyFrameExists(const Editing& e, int clipNo, Long frameNo, int effectNo);
 

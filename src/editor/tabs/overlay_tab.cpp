@@ -9,6 +9,7 @@ namespace {
 
 constexpr Integer kMarkChanged = 96;  // change code
 constexpr int kPercent = 100;
+constexpr int kFadeStep = 50;  // milliseconds
 
 // Ranges, labels and audio boxes, as the two clips and the look have them.
 void buildControls(const Editing& e, OverlayTab& tab) {
@@ -45,6 +46,11 @@ void PopulateOverlayInterface(const Editing& e, OverlayTab& tab) {
 void fillOverlayLists(const Editing& e, OverlayTab& tab) {
   tab.Lst_PicinPicBackdrop.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
   tab.Lst_PicinPicOverlays.rows = tab.Lst_PicinPicBackdrop.rows;
+}
+
+// To whole steps, but not off the end of the slider.
+int fadeStep(int milliseconds, const ClipSlider& slider) {
+  return std::min((milliseconds + kFadeStep / 2) / kFadeStep * kFadeStep, slider.Max);
 }
 
 void showSample(const OverlayTab& tab, TabHost& host) {
@@ -121,12 +127,12 @@ void moveMaxOpacity(const Editing& e, OverlayTab& tab, TabHost& host, int percen
 }
 
 void moveOverlayIn(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds) {
-  tab.look.fadeIn = milliseconds;
+  tab.look.fadeIn = fadeStep(milliseconds, tab.Sld_OverlayIn);
   CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade in", true);
 }
 
 void moveOverlayOut(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds) {
-  tab.look.fadeOut = milliseconds;
+  tab.look.fadeOut = fadeStep(milliseconds, tab.Sld_OverlayOut);
   CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade out", true);
 }
 

@@ -19,9 +19,9 @@ struct OverlaySound {
 struct OverlayTab {
   ListBox Lst_PicinPicBackdrop;
   ListBox Lst_PicinPicOverlays;
-  PicInPic look;         ///< Opt_Transstyle, Lst_OverlayPos, the sliders' values and the trim box
-  bool enabled = false;  ///< a backdrop is chosen
-  bool Pic_NoPinp = false;  ///< no overlay is chosen yet: there is nothing to keep
+  PicInPic look;                   ///< Opt_Transstyle, Lst_OverlayPos, the sliders' values and the trim box
+  bool enabled = false;            ///< a backdrop is chosen
+  bool Pic_NoPinp = false;         ///< no overlay is chosen yet: there is nothing to keep
   ClipSlider Sld_MaxTransparency;  ///< per cent
   ClipSlider Sld_OverlayIn;        ///< milliseconds
   ClipSlider Sld_OverlayOut;       ///< milliseconds

@@ -7,7 +7,6 @@
 #include <cmath>
 
 namespace kvo {
-namespace {
 
 PreviewLabels labelsOf(const EditorState& editor) {
   const double video = ToNumber(editor.VideoTotalTime);
@@ -29,8 +28,6 @@ PreviewLabels labelsOf(const EditorState& editor) {
           : "Total length of the audio to be rendered";
   return labels;
 }
-
-}  // namespace
 
 std::string powerToolTip(int power) { return std::to_string(power * 10) + "% CPU"; }
 

@@ -18,6 +18,9 @@ struct PreviewLabels {
   bool audioIsRed = false;  ///< sound and picture are of different length
 };
 
+/// What the lengths of the last compile come to.
+PreviewLabels labelsOf(const EditorState& editor);
+
 /// Caption of the power slider's frame and its tool tip, for a power of 1 to 10.
 std::string powerCaption(int power);
 std::string powerToolTip(int power);

@@ -12,6 +12,7 @@ namespace {
 constexpr Integer kAspectChanged = 98;  // change code
 constexpr int kLeastStill = 500;        // milliseconds
 constexpr int kMostStill = 20000;       // milliseconds
+constexpr int kStillStep = 100;         // milliseconds
 constexpr double kMilliseconds = 1000;
 
 constexpr std::string_view kAspects[] = {"Stretch to fit video framesize",
@@ -102,7 +103,7 @@ void chooseIndividually(const Editing& e, StillsTab& tab, TabHost& host, bool in
 void moveStillDuration(const Editing& e, StillsTab& tab, TabHost& host, int milliseconds) {
   changeStills(e, tab, host, "Still duration", true, [&] {
     auto controls = tab.controls;
-    moveStillSlider(e, controls, milliseconds);
+    moveStillSlider(e, controls, (milliseconds + kStillStep / 2) / kStillStep * kStillStep);
   });
 }
 

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "core/telling/failures.h"
 #include "core/telling/translated.h"
+#include "intake/metafile.h"
 
 #include <algorithm>
 #include <array>
@@ -19,6 +20,7 @@ constexpr int kMostLooks = 200;  // 20 seconds in which nothing moves
 constexpr int kSlow = 17500;     // bits a second
 constexpr int kBlinkWraps = 50;  // ticks
 constexpr int kBlinks = 11;
+constexpr std::size_t kMostOfMetafile = 65536;  // bytes
 
 // This machine is reached without any network.
 bool isOnThisMachine(std::string_view address) {
@@ -51,7 +53,7 @@ void StreamOpening::say(std::string text) {
 void StreamOpening::ShowStreamWMP(int number) {
   const auto& clip = core_.collection.MovieList[number];
   const auto name = streamName(clip);
-  if (!core_.player.PlayerIsEmpty() && core_.player.PlayerGetFileName() == name) {
+  if (!core_.player.PlayerIsEmpty() && name == named_ && core_.player.PlayerGetFileName() == playing_) {
     step_ = Step::Playing;
     core_.player.GlobalMediaPlay();
     core_.button(KeyWord::PlayOn);
@@ -67,14 +69,40 @@ void StreamOpening::ShowStreamWMP(int number) {
   core_.host.caption(translated("KVO Web Stream"));
   if (!mayConnect(name)) return;
   say("Locating Server....");
-  core_.player.PlayerSetAutoStart(false);
-  core_.player.PlayerSetFilename(name, number);
-  core_.player.GlobalMediaPlay();
-  if (core_.player.PlayerIsEmpty()) return fail();
+  named_ = name;
+  number_ = number;
   ticks_ = percent_ = 0;
-  step_ = Step::Connecting;
+  step_ = Step::Locating;
   poll_->start(kPoll);
-  tick();
+  if (!isAddress(name)) return openFirst(core_.files.readHead(name, kMostOfMetafile));
+  if (!isMetafile(name)) return openFirst(std::string());
+  core_.http.get(name, kMostOfMetafile, [this, name](Result<std::string> text) {
+    if (step_ == Step::Locating && name == named_) openFirst(std::move(text));
+  });
+}
+
+// Where a file tells of no others, it is what plays itself.
+void StreamOpening::openFirst(const Result<std::string>& metafile) {
+  addresses_ = metafile ? metafileAddresses(*metafile) : std::vector<std::string>();
+  if (addresses_.empty()) addresses_ = {named_};
+  std::ranges::reverse(addresses_);
+  openNext();
+}
+
+void StreamOpening::openNext() {
+  while (!addresses_.empty()) {
+    playing_ = std::move(addresses_.back());
+    addresses_.pop_back();
+    core_.player.PlayerSetAutoStart(false);
+    core_.player.PlayerSetFilename(playing_, number_);
+    core_.player.GlobalMediaPlay();
+    if (core_.player.PlayerIsEmpty()) continue;
+    ticks_ = percent_ = 0;
+    step_ = Step::Connecting;
+    poll_->start(kPoll);
+    return tick();
+  }
+  fail();
 }
 
 bool StreamOpening::mayConnect(const std::string& address) {
@@ -93,10 +121,14 @@ bool StreamOpening::mayConnect(const std::string& address) {
 }
 
 void StreamOpening::tick() {
-  if (step_ != Step::Connecting) return poll_->stop();
+  if (!connects()) return poll_->stop();
   if (core_.state.stopRequested) return abort();
+  if (step_ == Step::Locating) {
+    if (ticks_++ >= kMostLooks) fail();
+    return;
+  }
   const auto report = core_.player.streamReport();
-  if (report.opening == EngineOpening::Failed || core_.player.PlayerIsEmpty()) return fail();
+  if (report.opening == EngineOpening::Failed || core_.player.PlayerIsEmpty()) return openNext();
   if (report.opening == EngineOpening::Open) return plays();
   wait(report);
 }
@@ -105,7 +137,7 @@ void StreamOpening::tick() {
 void StreamOpening::wait(const StreamReport& report) {
   const int percent = report.opening == EngineOpening::Buffering ? report.buffered : 0;
   if (std::exchange(percent_, percent) != percent) ticks_ = 0;
-  if (ticks_ >= kMostLooks) return fail();
+  if (ticks_ >= kMostLooks) return openNext();
   if (ticks_++ % kLabelEach != 0) return;
   auto& label = core_.state.lbl_Novid;
   label.lit = !label.lit;

@@ -9,6 +9,7 @@
 #include "playback/transport/transport_host.h"
 #include "playback/transport/transport_state.h"
 #include "ports/files.h"
+#include "ports/http.h"
 #include "ports/network.h"
 #include "ports/web_pages.h"
 
@@ -32,6 +33,7 @@ struct TransportParts {
   Desktop& desktop;
   WebPages& pages;
   Network& network;
+  Http& http;
   TransportHost& host;
 };
 

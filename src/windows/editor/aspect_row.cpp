@@ -69,7 +69,9 @@ void AspectRow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Painting kept(painter);
   const bool lit = isChecked() && isEnabled();
-  painter.setPen(toColour(lit ? token("teal") : underMouse() && isEnabled() ? token("line3") : token("line1")));
+  painter.setPen(toColour(lit                           ? token("teal")
+                          : underMouse() && isEnabled() ? token("line3")
+                                                        : token("line1")));
   painter.setBrush(toColour(lit ? token("tealBg") : token("ink0")));
   painter.drawRoundedRect(onPixels(rect()), themed(6), themed(6));
 

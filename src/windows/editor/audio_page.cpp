@@ -25,13 +25,14 @@ AudioPage::AudioPage(AudioTab& state, PageLogic logic, QWidget* parent)
       logic_(std::move(logic)),
       clips_(put(made<ClipList>(tr("Clips and audio"), tr("No clips"), this), {16, 34, 198, 190})) {
   write(tr("Clips and audio"), "caption", {16, 15, 198, 16});
+  clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
     act([&] { chooseAudioClip(logic_.editing, state_, logic_.host, row); });
   };
   makeClip();
   put(made<QFrame>(this), {16, 242, 408, 1})->setProperty("role", "line");
   makeMusic();
-  notice_ = put(made<NoticeLine>(this), {16, 380, 408, 64});
+  notice_ = put(made<NoticeLine>(this), {16, 378, 408, 62});
 }
 
 void AudioPage::act(const std::function<void()>& work) {
@@ -41,13 +42,14 @@ void AudioPage::act(const std::function<void()>& work) {
 
 void AudioPage::makeClip() {
   write(tr("Clip audio"), "caption", {kSoundLeft, 15, kSoundWide, 16});
-  sound_ = put(made<QCheckBox>(tr("Put this sound in the movie"), this), {kSoundLeft, 34, kSoundWide, 24});
+  sound_ = put(made<QCheckBox>(tr("Put this sound in the movie"), this),
+               {kSoundLeft - kMarkRoom, 34, kSoundWide + kMarkRoom, 24});
   sound_->setToolTip(tr("Put the sound of this clip in the movie"));
   connect(sound_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickClipSound(logic_.editing, state_, logic_.host, on); }); });
   const auto slider = [this](const QString& name, int top, auto rule) {
-    auto* made = put(kvo::made<HeadedSlider>(name, this),
-                     QRect(kSoundLeft, top, kSoundWide, HeadedSlider::kHeight));
+    auto* made =
+        put(kvo::made<HeadedSlider>(name, this), QRect(kSoundLeft, top, kSoundWide, HeadedSlider::kHeight));
     made->moved = [this, rule](int tenths) {
       act([&] { rule(logic_.editing, state_, logic_.host, tenths); });
     };
@@ -64,26 +66,27 @@ void AudioPage::makeClip() {
 void AudioPage::makeMusic() {
   write(tr("Overlay audio"), "caption", {16, 253, 200, 16});
   const std::array orders = {tr("One after the other"), tr("All from the start of the movie")};
-  constexpr std::array kLefts = {16, 224};
+  constexpr std::array kLefts = {16 - kMarkRoom, 196};
   auto* group = made<QButtonGroup>(this);
   for (std::size_t i = 0; i < orders.size(); ++i) {
-    order_[i] = put(made<QRadioButton>(orders[i], this), {kLefts[i], 274, 204, 24});
+    order_[i] = put(made<QRadioButton>(orders[i], this), {kLefts[i], 274, i == 0 ? 180 : 228, 24});
     order_[i]->setToolTip(i == 0 ? tr("Music tracks follow each other") : tr("Music tracks sound together"));
     group->addButton(order_[i]);
     connect(order_[i], &QRadioButton::clicked, [this, order = static_cast<OverlayOrder>(i)] {
       act([&] { chooseOverlayOrder(logic_.editing, state_, order); });
     });
   }
-  autoTrim_ = put(made<QCheckBox>(tr("Auto Trim"), this), {16, 302, 190, 24});
+  autoTrim_ = put(made<QCheckBox>(tr("Auto Trim"), this), {16 - kMarkRoom, 302, 190, 24});
   autoTrim_->setToolTip(tr("Cut overlay audio to the length of the video"));
   connect(autoTrim_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickAutoTrim(logic_.editing, state_, logic_.host, on); }); });
-  write(tr("Cut overlay audio to the length of the video"), "hint", {40, 322, 320, 16});
-  clipAudio_ = put(made<QCheckBox>(tr("Render the clips' own audio"), this), {16, 346, 204, 24});
+  write(tr("Cut overlay audio to the length of the video"), "hint", {36, 322, 320, 16});
+  clipAudio_ = put(made<QCheckBox>(tr("Render the clips' own audio"), this), {16 - kMarkRoom, 346, 208, 24});
   clipAudio_->setToolTip(tr("Put the clips' own sound into the movie"));
   connect(clipAudio_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickRenderClipAudio(logic_.editing, state_, on); }); });
-  trackFade_ = put(made<HeadedSlider>(tr("Fade between clips"), this), {224, 345, 200, HeadedSlider::kHeight});
+  trackFade_ =
+      put(made<HeadedSlider>(tr("Fade between clips"), this), {224, 345, 200, HeadedSlider::kHeight});
   trackFade_->moved = [this](int tenths) {
     act([&] { moveTrackFade(logic_.editing, state_, logic_.host, tenths); });
   };
@@ -106,8 +109,7 @@ void AudioPage::draw() {
   clipAudio_->setChecked(state_.Chk_RenderClipAudio);
   trackFade_->draw(state_.trackFade, shown(state_.trackFade.heading));
   const auto& notice = state_.notice;
-  notice_->draw(told(notice.title), told(notice.text),
-                notice.kind == AudioNotice::Kind::Good);
+  notice_->draw(told(notice.title), told(notice.text), notice.kind == AudioNotice::Kind::Good);
 }
 
 }  // namespace kvo

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSlider>
 
 namespace kvo {
 namespace {
@@ -17,6 +18,7 @@ constexpr int kLevelLeft = 186;
 constexpr int kLevelTop = 35;
 constexpr int kLevelPitch = 50;
 constexpr int kLevelWide = 238;
+constexpr int kThresholdStep = 10;
 constexpr QSize kSmallPicture(71, 53);
 
 }  // namespace
@@ -27,9 +29,10 @@ ColorPage::ColorPage(ColorTab& state, PageLogic logic, Pictures pictures, QWidge
       logic_(std::move(logic)),
       pictures_(std::move(pictures)),
       clips_(put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 190})),
-      sepia_(put(made<QCheckBox>(tr("Sepia"), this), {16, 242, 150, 24})),
+      sepia_(put(made<QCheckBox>(tr("Sepia"), this), {16 - kMarkRoom, 242, 150, 24})),
       reset_(put(made<QPushButton>(themeIcon("repeat"), tr("Reset"), this), {16, 404, 150, 28})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
+  clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
     act([&] { chooseColourClip(logic_.editing, state_, logic_.host, row); });
   };
@@ -54,13 +57,14 @@ void ColorPage::makeLevels() {
   constexpr Rgb kBlueDot = 0x5B9BFF;  // what the slider stands for, not a colour of the program
   for (std::size_t i = 0; i < kColourLevels; ++i) {
     const auto level = static_cast<ColourLevel>(i);
-    levels_[i] = put(made<HeadedSlider>(told(std::string(colourLevelName(level))), this),
-                     QRect(kLevelLeft, kLevelTop + kLevelPitch * static_cast<int>(i), kLevelWide,
-                           HeadedSlider::kHeight));
+    levels_[i] = put(
+        made<HeadedSlider>(told(std::string(colourLevelName(level))), this),
+        QRect(kLevelLeft, kLevelTop + kLevelPitch * static_cast<int>(i), kLevelWide, HeadedSlider::kHeight));
     levels_[i]->moved = [this, level](int value) {
       act([&] { moveColourLevel(logic_.editing, state_, logic_.host, level, value); });
     };
   }
+  levels_[static_cast<std::size_t>(ColourLevel::Threshold)]->slider()->setSingleStep(kThresholdStep);
   constexpr std::array kDots = {token("red"), token("green"), kBlueDot};
   for (std::size_t i = 0; i < kDots.size(); ++i) levels_[i]->setDot(kDots[i]);
 }
@@ -82,9 +86,8 @@ void ColorPage::drawPictures() {
     const QSize pixels = part.picture->size() * devicePixelRatio();
     auto scaled =
         QPixmap::fromImage(image.scaled(pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation));
-    scaled = scaled.copy(QRect(QPoint((scaled.width() - pixels.width()) / 2,
-                                      (scaled.height() - pixels.height()) / 2),
-                               pixels));
+    scaled = scaled.copy(QRect(
+        QPoint((scaled.width() - pixels.width()) / 2, (scaled.height() - pixels.height()) / 2), pixels));
     scaled.setDevicePixelRatio(devicePixelRatio());
     part.picture->setPixmap(scaled);
   }

@@ -36,7 +36,8 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
   constexpr int kChoices = kEaseFirst + kEasePitch * static_cast<int>(kEaseLevels) + 2;
   constexpr int kSecond = kEaseLeft + kEaseWide - kEaseHalf;
   write(tr("Move"), "hint", {kEaseLeft, kChoices, kEaseHalf, 16});
-  direction_ = makeDirections(tr("Move direction"), moveDirections(), {kEaseLeft, kChoices + 18, kEaseHalf, 28});
+  direction_ =
+      makeDirections(tr("Move direction"), moveDirections(), {kEaseLeft, kChoices + 18, kEaseHalf, 28});
   connect(direction_, &QComboBox::activated, [this](int index) {
     act([&] { chooseMoveDirection(logic_.editing, state_, logic_.host, index); });
   });
@@ -45,7 +46,8 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
       makeDirections(tr("Rotation direction"), rotationDirections(), {kSecond, kChoices + 18, kEaseHalf, 28});
   connect(rotation_, &QComboBox::activated,
           [this](int index) { act([&] { chooseRotation(logic_.editing, state_, logic_.host, index); }); });
-  camera_ = put(made<QCheckBox>(tr("Revolve camera"), this), {kEaseLeft, kChoices + 54, kEaseWide, 24});
+  camera_ =
+      put(made<QCheckBox>(tr("Revolve camera"), this), {kEaseLeft - kMarkRoom, kChoices + 54, kEaseWide, 24});
   camera_->setToolTip(tr("Turn the camera around the picture"));
   connect(camera_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickRotateCam(logic_.editing, state_, logic_.host, on); }); });
@@ -67,8 +69,7 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
 
 QComboBox* EasePanelPart::makeDirections(const QString& name, std::span<const std::string_view> directions,
                                          const QRect& place) {
-  const std::array shownAs = {tr("None"), tr("In"),   tr("Out"),
-                              tr("Left"), tr("Right"), tr("Up"), tr("Down")};
+  const std::array shownAs = {tr("None"), tr("In"), tr("Out"), tr("Left"), tr("Right"), tr("Up"), tr("Down")};
   constexpr std::string_view kOrder[] = {"", "in", "out", "left", "right", "up", "down"};
   auto* box = put(made<QComboBox>(this), place);
   box->setAccessibleName(name);
@@ -89,7 +90,8 @@ void EasePanelPart::draw() {
   const auto& ease = state_.ease;
   setVisible(ease.open);
   if (!ease.open) return;
-  for (std::size_t i = 0; i < kEaseLevels; ++i) sliders_[i]->draw(ease.sliders[i], shown(ease.sliders[i].heading));
+  for (std::size_t i = 0; i < kEaseLevels; ++i)
+    sliders_[i]->draw(ease.sliders[i], shown(ease.sliders[i].heading));
   direction_->setCurrentIndex(ease.direction);
   rotation_->setCurrentIndex(ease.rotation);
   camera_->setChecked(ease.Chk_RotateCam);

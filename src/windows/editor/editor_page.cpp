@@ -45,7 +45,12 @@ void EditorPage::layOut() {
 }
 
 void EditorPage::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) layOut();
+  if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
+    layOut();
+    // And once more when its parts have the new style, which tells how small they can be.
+    QMetaObject::invokeMethod(
+        this, [this] { layOut(); }, Qt::QueuedConnection);
+  }
   QFrame::changeEvent(event);
 }
 

@@ -27,6 +27,8 @@ struct PageLogic {
 class EditorPage : public QFrame {
  public:
   static constexpr QSize kSize{440, 448};  ///< pixels at size 1
+  /// Pixels at size 1 from the left of a box or an option to its mark, where the ring of the focus has room.
+  static constexpr int kMarkRoom = 4;
 
   /// `role` is that of the frame in the sheet.
   explicit EditorPage(QWidget* parent, QSize size = kSize, const char* role = "card");

@@ -67,6 +67,7 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, std::function<void()> 
       showKeyframes_(std::move(showKeyframes)),
       clips_(put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
+  clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
     act([&] { chooseEffectClip(logic_.editing, state_, logic_.host, row); });
   };
@@ -138,7 +139,8 @@ void EffectPage::makeLevels() {
   for (std::size_t i = 0; i < kSections.size(); ++i) {
     const auto& [heading, icon, top, position] = kSections[i];
     write(tr(heading), "caption", {16, top, 120, 16});
-    makeSwitch(put(made<QCheckBox>(this), {16, top + 16, 120, 24}), position)->setAccessibleName(tr(heading));
+    makeSwitch(put(made<QCheckBox>(this), {16 - kMarkRoom, top + 16, 120, 24}), position)
+        ->setAccessibleName(tr(heading));
     if (icon == nullptr) continue;
     auto* key = makeSmallKey(icon, position == kEaseSwitch ? tr("Ease options") : tr("Keyframes"),
                              {142, top - 4, 24, 24});
@@ -150,20 +152,17 @@ void EffectPage::makeLevels() {
   }
   const std::array names = {tr("Blur radius"), tr("Motion blur strength"), tr("Motion blur direction"),
                             tr("Film age")};
-  const std::array<QRect, kEffectLevels> places{QRect(16, 234, 150, HeadedSlider::kBareHeight),
-                                                QRect(16, 302, 70, HeadedSlider::kBareHeight),
-                                                QRect(96, 302, 70, HeadedSlider::kBareHeight),
-                                                QRect(16, 372, 150, HeadedSlider::kBareHeight)};
+  const std::array<QRect, kEffectLevels> places{
+      QRect(16, 234, 150, HeadedSlider::kBareHeight), QRect(16, 302, 70, HeadedSlider::kBareHeight),
+      QRect(96, 302, 70, HeadedSlider::kBareHeight), QRect(16, 372, 150, HeadedSlider::kBareHeight)};
   for (std::size_t i = 0; i < kEffectLevels; ++i) {
     levels_[i] = put(made<HeadedSlider>(names[i], this), places[i]);
     levels_[i]->moved = [this, i](int value) {
-      act([&] {
-        moveEffectLevel(logic_.editing, state_, logic_.host, static_cast<EffectLevel>(i), value);
-      });
+      act([&] { moveEffectLevel(logic_.editing, state_, logic_.host, static_cast<EffectLevel>(i), value); });
     };
   }
-  easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 42, 24});
-  easeOut_ = put(made<QRadioButton>(tr("Out"), this), {126, 416, 50, 24});
+  easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 44, 24});
+  easeOut_ = put(made<QRadioButton>(tr("Out"), this), {126, 416, 54, 24});
   auto* group = made<QButtonGroup>(this);
   for (auto* option : {easeIn_, easeOut_}) {
     group->addButton(option);
@@ -183,7 +182,8 @@ void EffectPage::draw() {
     setTipOf(*box, face.tip.empty() ? told(face.caption) : shown(face.tip));
     if (box->isChecked() != face.isOn) box->setChecked(face.isOn);
     box->setEnabled(state_.enabled);
-    if (std::exchange(drawnKeyframed_[static_cast<std::size_t>(i)], face.isKeyframed) == face.isKeyframed) continue;
+    if (std::exchange(drawnKeyframed_[static_cast<std::size_t>(i)], face.isKeyframed) == face.isKeyframed)
+      continue;
     box->setAccessibleDescription(face.isKeyframed ? tr("has keyframes") : QString());
     box->update();
   }

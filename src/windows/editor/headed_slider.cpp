@@ -39,7 +39,10 @@ HeadedSlider::HeadedSlider(const QString& name, QWidget* parent)
   });
 }
 
-void HeadedSlider::setDot(Rgb colour) { dot_ = colour; }
+void HeadedSlider::setDot(Rgb colour) {
+  dot_ = colour;
+  slider_->setProperty("fill", toColour(colour));
+}
 
 void HeadedSlider::draw(const ClipSlider& state, const QString& heading, const QString& value) {
   isDrawing_ = true;

@@ -27,7 +27,7 @@ class HeadedSlider final : public QWidget {
   /// The user has let it go; keys and wheel let go at each step.
   std::function<void()> letGo;
 
-  /// A dot of this colour behind the heading: what the slider stands for.
+  /// What the slider stands for: a dot behind the heading, and the slot up to the handle.
   void setDot(Rgb colour);
 
   /// The slider and its heading; `value` stands at the right, for eyes and screen readers.

@@ -75,8 +75,7 @@ void NoticeLine::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRoundedRect(card_, themed(4), themed(4));
   painter.setBrush(toColour(sign));
   painter.drawRoundedRect(QRectF(card_.x(), card_.y(), themed(kNoticeBar), card_.height()), 1, 1);
-  const auto icon =
-      iconPicture(isGood_ ? "check" : "warn", sign, themed(kNoticeIcon), devicePixelRatio());
+  const auto icon = iconPicture(isGood_ ? "check" : "warn", sign, themed(kNoticeIcon), devicePixelRatio());
   painter.drawPixmap(QPointF(themed(14), (height() - themed(kNoticeIcon)) / 2.0), icon);
 }
 

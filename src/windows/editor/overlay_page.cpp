@@ -12,12 +12,14 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 
 namespace kvo {
 namespace {
 
 constexpr int kOverlayRight = 227;
 constexpr int kOverlayWide = 197;
+constexpr int kOverlayFadeStep = 100;  // milliseconds
 constexpr int kOverlaySlider = 174;
 constexpr int kOverlaySliderPitch = 46;
 
@@ -36,17 +38,22 @@ OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
     : EditorPage(parent),
       state_(state),
       logic_(std::move(logic)),
-      backdrops_(put(made<ClipList>(tr("Backdrop"), tr("No clips with a picture"), this), {16, 34, 197, 122})),
+      backdrops_(
+          put(made<ClipList>(tr("Backdrop"), tr("No clips with a picture"), this), {16, 34, 197, 122})),
       overlays_(put(made<ClipList>(tr("Overlay"), tr("No clips with a picture"), this),
                     {kOverlayRight, 34, kOverlayWide, 122})),
       positionName_(write({}, "caption", {16, 164, 204, 16})),
       positions_(put(made<OverlayPositions>(this), {16, 184, 194, 92})) {
   write(tr("Backdrop"), "caption", {16, 15, 197, 16});
   write(tr("Overlay"), "caption", {kOverlayRight, 15, kOverlayWide, 16});
+  backdrops_->setToolTip(tr("The clip that lies below"));
+  overlays_->setToolTip(tr("The clip that lies over the backdrop"));
   backdrops_->chosen = [this](int row) {
     act([&] { chooseBackdrop(logic_.editing, state_, logic_.host, row); });
   };
-  overlays_->chosen = [this](int row) { act([&] { chooseOverlay(logic_.editing, state_, logic_.host, row); }); };
+  overlays_->chosen = [this](int row) {
+    act([&] { chooseOverlay(logic_.editing, state_, logic_.host, row); });
+  };
   makeLook();
   makeSliders();
   makeSound();
@@ -65,7 +72,7 @@ void OverlayPage::makeLook() {
   auto* group = made<QButtonGroup>(this);
   for (std::size_t i = 0; i < kStyles.size(); ++i) {
     styles_[i] = put(made<QRadioButton>(tr(kStyles[i].caption), this),
-                     {16, 307 + 22 * static_cast<int>(i), 206, 24});
+                     {16 - kMarkRoom, 307 + 22 * static_cast<int>(i), 214, 24});
     styles_[i]->setToolTip(tr("How the edges of the overlay fade"));
     group->addButton(styles_[i]);
     connect(styles_[i], &QRadioButton::clicked, [this, style = kStyles[i].style] {
@@ -80,16 +87,15 @@ void OverlayPage::makeSliders() {
     auto* made = put(kvo::made<HeadedSlider>(name, this),
                      QRect(kOverlayRight, std::exchange(top, top + kOverlaySliderPitch), kOverlayWide,
                            HeadedSlider::kHeight));
-    made->moved = [this, rule](int value) {
-      act([&] { rule(logic_.editing, state_, logic_.host, value); });
-    };
+    made->moved = [this, rule](int value) { act([&] { rule(logic_.editing, state_, logic_.host, value); }); };
     return made;
   };
   opacity_ = slider(tr("Max Opacity"), moveMaxOpacity);
   fadeIn_ = slider(tr("Fade in of the overlay"), moveOverlayIn);
   fadeOut_ = slider(tr("Fade out of the overlay"), moveOverlayOut);
+  for (auto* fade : {fadeIn_, fadeOut_}) fade->slider()->setSingleStep(kOverlayFadeStep);
   trim_ = put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
-              {kOverlayRight, 310, kOverlayWide, 32});
+              {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom, 32});
   trim_->setAccessibleName(tr("Trim Overlay length to backdrop length (Rate Adjust)"));
   trim_->setToolTip(trim_->accessibleName());
   connect(trim_, &QCheckBox::clicked,
@@ -98,18 +104,18 @@ void OverlayPage::makeSliders() {
 
 void OverlayPage::makeSound() {
   const auto box = [this](int top, const QString& tip, OverlaySound& sound) {
-    auto* made = put(kvo::made<QCheckBox>(this), {16, top, 296, 24});
+    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 412, 24});
     made->setToolTip(tip);
     connect(made, &QCheckBox::clicked, [this, &sound](bool on) { act([&] { sound.ticked = on; }); });
     return made;
   };
-  overlaySound_ = box(378, tr("The sound of the overlay goes into the new clip"), state_.overlaySound);
-  backdropSound_ = box(400, tr("The sound of the backdrop goes into the new clip"), state_.backdropSound);
-  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 398, 105, 28});
+  overlaySound_ = box(382, tr("The sound of the overlay goes into the new clip"), state_.overlaySound);
+  backdropSound_ = box(404, tr("The sound of the backdrop goes into the new clip"), state_.backdropSound);
+  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 350, 105, 28});
   clear_->setToolTip(tr("Take the overlay off this backdrop"));
   connect(clear_, &QPushButton::clicked,
           [this] { act([&] { clearPicInPic(logic_.editing, state_, logic_.host); }); });
-  noOverlay_ = write(tr("Choose a clip to lay over the backdrop."), "hint", {16, 426, 300, 16});
+  noOverlay_ = write(tr("Choose a clip to lay over the backdrop."), "hint", {16, 428, 408, 16});
 }
 
 void OverlayPage::draw() {
@@ -129,8 +135,8 @@ void OverlayPage::draw() {
   fadeOut_->draw(state_.Sld_OverlayOut, shown(state_.Sld_OverlayOut.heading));
   trim_->setEnabled(state_.enabled);
   trim_->setChecked(state_.look.trimToBackdrop);
-  for (const auto& [box, sound] : {std::pair{overlaySound_, &state_.overlaySound},
-                                   {backdropSound_, &state_.backdropSound}}) {
+  for (const auto& [box, sound] :
+       {std::pair{overlaySound_, &state_.overlaySound}, {backdropSound_, &state_.backdropSound}}) {
     setTextOf(*box, told(sound->box.caption));
     box->setEnabled(sound->box.enabled);
     box->setChecked(sound->ticked && sound->box.enabled);

@@ -25,9 +25,10 @@ class PositionKey final : public HoverKey {
     QPainter painter(this);
     const Painting kept(painter);
     const bool lit = isChecked() && isEnabled();
-    painter.setPen(QPen(
-        toColour(lit ? token("teal") : underMouse() && isEnabled() ? token("line3") : token("line2")),
-        lit ? themed(3) / 2.0 : 1));
+    painter.setPen(QPen(toColour(lit                           ? token("teal")
+                                 : underMouse() && isEnabled() ? token("line3")
+                                                               : token("line2")),
+                        lit ? themed(3) / 2.0 : 1));
     painter.setBrush(toColour(lit ? token("tealBg") : token("ink0")));
     painter.drawRoundedRect(onPixels(rect()), themed(4), themed(4));
     const int inset = themed(kPositionInset);

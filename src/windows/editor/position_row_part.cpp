@@ -47,7 +47,7 @@ constexpr int kCaptionsWidth = 66;
 constexpr int kLineHeight = 16;
 constexpr int kFirstLine = 8;
 constexpr int kBarTop = 42;
-constexpr int kBarHeight = 24;
+constexpr int kRangeBarHeight = 24;
 constexpr int kTickTop = 61;
 constexpr int kTickLength = 5;
 constexpr int kHandle = 12;
@@ -176,7 +176,7 @@ void PositionRowPart::layOut() {
     keys_[i]->setGeometry(x, middle - height / 2, themed(kRowKeys[i].width), height);
     x += themed(kRowKeys[i].width) + themed(kRowKeyGap);
   }
-  FSB_RenderRange_->setGeometry(left, themed(kBarTop), right - left, themed(kBarHeight));
+  FSB_RenderRange_->setGeometry(left, themed(kBarTop), right - left, themed(kRangeBarHeight));
 }
 
 void PositionRowPart::paintEvent(QPaintEvent* event) {

@@ -32,7 +32,7 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
   auto* group = made<QButtonGroup>(this);
   for (std::size_t i = 0; i < choices.size(); ++i) {
     groupOrIndividual_[i] =
-        put(made<QRadioButton>(choices[i], this), {16, 38 + 24 * static_cast<int>(i), 408, 24});
+        put(made<QRadioButton>(choices[i], this), {16 - kMarkRoom, 38 + 24 * static_cast<int>(i), 408, 24});
     groupOrIndividual_[i]->setToolTip(choices[i]);
     group->addButton(groupOrIndividual_[i]);
     connect(groupOrIndividual_[i], &QRadioButton::clicked, [this, individually = i == 1] {
@@ -40,13 +40,13 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
     });
   }
   write(tr("Stills"), "caption", {16, 97, 190, 16});
+  stills_->setToolTip(tr("The still whose options are shown"));
   stills_->chosen = [this](int row) { act([&] { chooseStill(logic_.editing, state_, logic_.host, row); }); };
   write(tr("Still Duration"), "caption", {224, 97, 200, 16});
   write(tr("Seven seconds is the usual length"), "hint", {224, 166, 200, 16});
   duration_->slider()->setSingleStep(kDurationStep);
   duration_->moved = [this](int milliseconds) {
-    const int rounded = (milliseconds + kDurationStep / 2) / kDurationStep * kDurationStep;
-    act([&] { moveStillDuration(logic_.editing, state_, logic_.host, rounded); });
+    act([&] { moveStillDuration(logic_.editing, state_, logic_.host, milliseconds); });
   };
   makeAspects();
 }
@@ -60,9 +60,8 @@ void StillsPage::makeAspects() {
     aspects_[i] = put(made<AspectRow>(aspect, told(std::string(captions[i])), this),
                       {16, kAspectTop + kAspectPitch * aspect, 408, 40});
     group->addButton(aspects_[i]);
-    connect(aspects_[i], &QRadioButton::clicked, [this, aspect] {
-      act([&] { chooseAspect(logic_.editing, state_, logic_.host, aspect); });
-    });
+    connect(aspects_[i], &QRadioButton::clicked,
+            [this, aspect] { act([&] { chooseAspect(logic_.editing, state_, logic_.host, aspect); }); });
   }
 }
 

@@ -1,13 +1,13 @@
 #include "windows/main/list_part.h"
 
 #include "ui/cool_list_view.h"
+#include "ui/dropped_files.h"
 #include "ui/kvo_but.h"
 #include "ui/made.h"
 #include "ui/skin_face.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
-#include "windows/main/dropped_files.h"
 #include "windows/main/frame_pixmap.h"
 
 #include <QKeyEvent>

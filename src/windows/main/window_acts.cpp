@@ -1,6 +1,6 @@
 #include "windows/main/window_acts.h"
 
-#include "windows/main/dropped_files.h"
+#include "ui/dropped_files.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>

@@ -1,5 +1,6 @@
 // What the controls of the tab Audio do to the records and to the movie.
 #include "editor/tabs/audio_tab.h"
+
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 
@@ -48,8 +49,8 @@ TEST(AudioTab, ControlsWriteTheRecordOfTheChosenClip) {
     const char* asked;
   };
   const Row rows[] = {
-      {"out of the movie", [](AudioBench& b) { tickClipSound(b.editing, b.tab, b.host, false); },
-       "0 0 0 0 1", "edit Sound off 1 98"},
+      {"out of the movie", [](AudioBench& b) { tickClipSound(b.editing, b.tab, b.host, false); }, "0 0 0 0 1",
+       "edit Sound off 1 98"},
       {"into it again",
        [](AudioBench& b) {
          for (const bool on : {false, true}) tickClipSound(b.editing, b.tab, b.host, on);
@@ -67,8 +68,8 @@ TEST(AudioTab, ControlsWriteTheRecordOfTheChosenClip) {
     row.act(b);
     const auto& m = b.clip(1);
     EXPECT_EQ(std::to_string(static_cast<int>(m.RenderAudio())) + " " +
-                  std::to_string(static_cast<int>(m.HasAudioFade())) + " " + ShortText(m.AudioFadeInTime()) + " " +
-                  ShortText(m.AudioFadeOutTime()) + " " + ShortText(m.AudioOutputLevel()),
+                  std::to_string(static_cast<int>(m.HasAudioFade())) + " " + ShortText(m.AudioFadeInTime()) +
+                  " " + ShortText(m.AudioFadeOutTime()) + " " + ShortText(m.AudioOutputLevel()),
               row.record)
         << row.what;
     EXPECT_EQ(b.host.look(), row.asked) << row.what;

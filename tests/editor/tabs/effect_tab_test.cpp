@@ -1,5 +1,6 @@
 // What the controls of the tab Effect do to the record of the chosen clip.
 #include "editor/tabs/effect_tab.h"
+
 #include "editor/tabs/keyframe_edits.h"
 #include "editor/tabs/tab_bench.h"
 
@@ -98,7 +99,8 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
       {"direction of moving", [](EffectBench& b) { chooseMoveDirection(b.editing, b.tab, b.host, 3); },
        [](Movie& m) { return m.MoveADirection(); }, "left", "edit Ease direction 1 0, sample Effect 1"},
       {"rotation", [](EffectBench& b) { chooseRotation(b.editing, b.tab, b.host, 4); },
-       [](Movie& m) { return m.MoveARotationDirection(); }, "down", "edit Ease rotation 1 0, sample Effect 1"},
+       [](Movie& m) { return m.MoveARotationDirection(); }, "down",
+       "edit Ease rotation 1 0, sample Effect 1"},
       {"camera", [](EffectBench& b) { tickRotateCam(b.editing, b.tab, b.host, true); },
        [](Movie& m) { return std::string(m.RevolveCamera() ? "on" : ""); }, "on",
        "edit Ease camera 1 0, sample Effect 1"},

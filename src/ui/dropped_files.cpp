@@ -1,4 +1,4 @@
-#include "windows/main/dropped_files.h"
+#include "ui/dropped_files.h"
 
 #include <QMimeData>
 #include <QUrl>

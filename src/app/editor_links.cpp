@@ -1,0 +1,161 @@
+#include "app/editor_links.h"
+
+#include "editor/tabs/operations.h"
+#include "playback/positions/section.h"
+
+#include <cstdlib>
+
+namespace kvo {
+namespace {
+
+constexpr int kFrameWidth = 640;  // pixels, of the picture while a mark is dragged
+constexpr int kFrameHeight = 360;
+
+}  // namespace
+
+EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
+    : parts_(parts),
+      pictures_(parts.loop),
+      player_(std::move(sound),
+              [this](auto frame, auto picture) { pictures_.put(frame, std::move(picture)); }),
+      desk_({states_.window, parts.window, parts.session.editing, parts.loop, parts.history, parts.list,
+             parts.commands, *this},
+            mainWindow()),
+      preview_(states_.preview, parts.session.editing, player_, pictures_, parts.loop, desk_),
+      create_(parts.session.editing, states_.create, desk_),
+      transition_(parts.session.editing, states_.transition, desk_, parts.store),
+      timelineActs_({desk_, parts.session.editing, parts.history, parts.commands, parts.mailbox},
+                    timelineDoors()),
+      hand_(states_.timeline, timelineActs_),
+      frames_(
+          parts.loop,
+          [this](const FrameWish& wish) {
+            return parts_.session.streams.frame(wish.file, wish.seconds, kFrameWidth, kFrameHeight);
+          },
+          [this](const FrameWish& /*wish*/, const Result<FramePicture>& picture) { showFrame(picture); }) {
+  desk_.tabs(tabs(), {.stills = [this] { return states_.stills.controls; },
+                      .Chk_AutoRewind = [this] { return states_.create.Chk_AutoRewind; }});
+}
+
+bool EditorLinks::isPlaying() const {
+  return states_.preview.kind == PreviewKind::Movie && states_.preview.PreviewPlaying;
+}
+
+MainWindowDoors EditorLinks::mainWindow() {
+  return {.Displaymovieinfo = [this](int number) { parts_.face.Displaymovieinfo(number); },
+          .PlayerPause = [this] { parts_.face.PlayerPause(); },
+          .PlayerStop = [this] { parts_.face.PlayerStop(); },
+          .PlayerGetFileName = [this] { return parts_.face.player().PlayerGetFileName(); },
+          .pausePlaying =
+              [this] {
+                if (parts_.window.mode.player.IsPlaying) parts_.play.transport().Lbl_PauseGraphic_Click();
+              },
+          .place = [this] { return playerPlace(parts_.face.player()); },
+          .SetMarkIn = [this] { parts_.play.positions().marks.SetMarkIn(); },
+          .SetMarkOut = [this] { parts_.play.positions().marks.SetMarkOut(); },
+          .resetMark =
+              [this](bool in) {
+                parts_.play.positions().marks.reset(in ? SliderHandleId::Img_MarkIn
+                                                       : SliderHandleId::Img_MarkOut);
+              },
+          .ShowSliderStuff = [this] { parts_.play.ShowSliderStuff(); },
+          .Pic_DigNumbers_Click = [this] { parts_.play.positions().positioner.Pic_DigNumbers_Click(); },
+          .AddMoviesm = [this](const std::string& path) { parts_.mailbox.takeFiles({path}); },
+          .mnu_SaveShow_Click = [this] { parts_.collections.Save(); },
+          .empty = [this] { parts_.list.show(); },
+          .parkPlayer = [this] { parts_.play.transport().halt(); },
+          .FrmFileOpenToolsOnOff = [this](bool on) { parts_.window.face.controlsEnabled = on; },
+          .draw = [this] { parts_.draw(); }};
+}
+
+TimelineDesk::Doors EditorLinks::timelineDoors() {
+  return {.seek = [this](double seconds) { preview_.showAt(seconds); },
+          .setRange = [this](const TimelineRange& range) { create_.typeRange(range.from, range.to); },
+          .showFrame =
+              [this](const std::string& file, double seconds) {
+                if (!std::exchange(showsFrame_, true)) beforeFrame_ = states_.preview.picture;
+                frames_.want(FrameWish{file, seconds});
+              },
+          .endFrame = [this] { endFrame(); },
+          .openMenu = [this](int /*clip*/, int x, int y) { parts_.openMenu(x, y); }};
+}
+
+DeskTabs EditorLinks::tabs() {
+  const auto rules = [this](auto& tab) {
+    return DeskTab{.enter = [this, &tab] { enterTab(editing(), tab, desk_); },
+                   .follow = [this, &tab](bool rebuild) { followTab(editing(), tab, desk_, rebuild); }};
+  };
+  return {DeskTab{.restore = [this] { create_.restore(); },
+                  .enter = [this] { create_.refresh(); },
+                  .follow = [this](bool /*rebuild*/) { create_.refresh(); }},
+          rules(states_.audio),
+          DeskTab{.enter = [this] { transition_.show(true); },
+                  .follow = [this](bool rebuild) { transition_.show(rebuild); }},
+          DeskTab{.enter = [this] { enterTab(editing(), states_.effect, desk_); },
+                  .follow =
+                      [this](bool rebuild) {
+                        followTab(editing(), states_.effect, desk_, rebuild);
+                        if (states_.keyframes.visible) followKeyframes(editing(), states_.keyframes);
+                      }},
+          rules(states_.stills),
+          rules(states_.color),
+          rules(states_.overlay)};
+}
+
+void EditorLinks::settle() {
+  if (!desk_.isOpen()) {
+    if (states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
+    return;
+  }
+  const auto& history = parts_.window.history;
+  if (std::exchange(historySeen_, history.revision) != history.revision) {
+    states_.history.done = history.done;
+    states_.history.undone = history.undone;
+  }
+  const auto& collection = parts_.session.collection;
+  if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
+    hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
+  if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
+  states_.timeline.onlyShows = isPlaying();
+  if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
+}
+
+void EditorLinks::goInHistory(int steps) {
+  const auto count = static_cast<std::size_t>(std::abs(steps));
+  steps < 0 ? parts_.history.undo(count) : parts_.history.redo(count);
+}
+
+void EditorLinks::jog(int frames) {
+  auto& stepping = parts_.play.positions().stepping;
+  for (int i = std::abs(frames); i > 0; --i) frames < 0 ? stepping.Rew1(true) : stepping.Adv1(true);
+}
+
+void EditorLinks::showKeyframes() {
+  ActivateKeyFrameForm(editing(), states_.keyframes, desk_);
+  parts_.draw();
+}
+
+void EditorLinks::showClipFrame(Long frame) {
+  const auto& collection = parts_.session.collection;
+  if (collection.icurMov < 1) return;
+  const auto& clip = collection.MovieList[collection.icurMov];
+  const double frames = clip.DurationFrames().number();
+  const double seconds = frames > 0 ? frame * clip.DurationTime().number() / frames : 0;
+  showsFrame_ = true;
+  frames_.want(FrameWish{clipFile(clip), seconds});
+}
+
+void EditorLinks::showFrame(const Result<FramePicture>& picture) {
+  if (!picture || !showsFrame_) return;
+  states_.preview.picture =
+      std::make_shared<const Bitmap>(Bitmap{picture->width, picture->height, picture->bgr});
+  parts_.draw();
+}
+
+void EditorLinks::endFrame() {
+  if (!std::exchange(showsFrame_, false)) return;
+  states_.preview.picture = std::exchange(beforeFrame_, nullptr);
+  parts_.draw();
+}
+
+}  // namespace kvo

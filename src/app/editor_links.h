@@ -1,0 +1,122 @@
+// What the editor's desk, tabs, preview and timeline ask of each other and of the main window: wiring, and
+// no rules.
+#pragma once
+
+#include "app/play_links.h"
+#include "app/session.h"
+#include "editor/desk/timeline_desk.h"
+#include "editor/preview/preview_engine.h"
+#include "editor/tabs/audio_tab.h"
+#include "editor/tabs/color_tab.h"
+#include "editor/tabs/create_tab.h"
+#include "editor/tabs/effect_tab.h"
+#include "editor/tabs/keyframe_window.h"
+#include "editor/tabs/overlay_tab.h"
+#include "editor/tabs/stills_tab.h"
+#include "editor/tabs/transition_tab.h"
+#include "editor/timeline/timeline_hand.h"
+#include "engine/run/engine_player.h"
+#include "ports/sound_output.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace kvo {
+
+/// The states of all parts of the editor's window.
+struct EditorStates {
+  EditorWindowState window;
+  EditorHistory history;
+  PreviewState preview;
+  TimelineState timeline;
+  CreateTab create;
+  AudioTab audio;
+  TransitionTab transition;
+  EffectTab effect;
+  StillsTab stills;
+  ColorTab color;
+  OverlayTab overlay;
+  KeyframeWindow keyframes;
+};
+
+class EditorLinks : public DeskPreview {
+ public:
+  struct Parts {
+    MainWindowState& window;
+    Session& session;
+    EventLoop& loop;
+    UserStore& store;
+    History& history;
+    ClipList& list;
+    ListCommands& commands;
+    CollectionCommands& collections;
+    Mailbox& mailbox;
+    FaceLinks& face;
+    PlayLinks& play;
+    std::function<void()> draw;                  ///< all windows
+    std::function<void(int x, int y)> openMenu;  ///< of the list, at a place of the screen
+  };
+  /// `sound` may be null. The parts outlive the object.
+  EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound);
+
+  /// Ctrl+M, and the key Create Movie.
+  void CreateMovie() { desk_.Form_Load(); }
+
+  /// Ahead of each drawing: what the states show of each other.
+  void settle();
+
+  [[nodiscard]] EditorStates& states() { return states_; }
+  [[nodiscard]] EditorDesk& desk() { return desk_; }
+  [[nodiscard]] PreviewEngine& preview() { return preview_; }
+  [[nodiscard]] CreateRules& create() { return create_; }
+  [[nodiscard]] TransitionRules& transition() { return transition_; }
+  [[nodiscard]] TimelineHand& hand() { return hand_; }
+  [[nodiscard]] const Editing& editing() const { return parts_.session.editing; }
+
+  /// Below 0 undoes so many steps, above 0 redoes.
+  void goInHistory(int steps);
+  /// The wheel has gone on by so many frames, or back.
+  void jog(int frames);
+  /// Frm_Keyframe opens for the effect that is worked on.
+  void showKeyframes();
+  /// What the clip in hand has at a frame, in the preview's place.
+  void showClipFrame(Long frame);
+
+  // Of the desk
+  void KillPreview() override { preview_.KillPreview(); }
+  void sample(Sample what, int clipNo) override { preview_.sample(what, clipNo); }
+  [[nodiscard]] bool isPlaying() const override;
+  void movieIsStale() override { preview_.movieIsStale(); }
+
+ private:
+  struct FrameWish {
+    std::string file;
+    double seconds = 0;
+  };
+
+  [[nodiscard]] MainWindowDoors mainWindow();
+  [[nodiscard]] TimelineDesk::Doors timelineDoors();
+  [[nodiscard]] DeskTabs tabs();
+  void showFrame(const Result<FramePicture>& picture);
+  void endFrame();
+
+  Parts parts_;
+  EditorStates states_;
+  NewestPicture pictures_;
+  engine::EnginePlayer player_;
+  EditorDesk desk_;
+  PreviewEngine preview_;
+  CreateRules create_;
+  TransitionRules transition_;
+  TimelineDesk timelineActs_;
+  TimelineHand hand_;
+  LastWish<FrameWish, Result<FramePicture>> frames_;
+  std::shared_ptr<const Bitmap> beforeFrame_;  // what a frame of a dragged mark stands in the place of
+  bool showsFrame_ = false;
+  std::uint64_t historySeen_ = 0;
+  std::uint64_t timedSeen_ = 0;
+};
+
+}  // namespace kvo

@@ -1,0 +1,172 @@
+#include "app/editor_window.h"
+
+#include "ui/made.h"
+#include "windows/editor/audio_page.h"
+#include "windows/editor/color_page.h"
+#include "windows/editor/create_page.h"
+#include "windows/editor/effect_page.h"
+#include "windows/editor/frm_rush.h"
+#include "windows/editor/overlay_page.h"
+#include "windows/editor/position_row_part.h"
+#include "windows/editor/preview_part.h"
+#include "windows/editor/stills_page.h"
+#include "windows/editor/timeline_view.h"
+#include "windows/editor/transition_page.h"
+#include "windows/keyframe/frm_keyframe.h"
+
+#include <QImage>
+#include <utility>
+
+namespace kvo {
+
+EditorWindow::EditorWindow(const Parts& parts)
+    : parts_(parts), strips_(parts.session, parts.loop, [this] { parts_.draw(); }) {}
+
+EditorWindow::~EditorWindow() = default;
+
+void EditorWindow::draw() {
+  parts_.links.settle();
+  if (!frm_ && !parts_.links.desk().isOpen()) return;
+  if (!frm_) make();
+  frm_->draw();
+  keyframes_->draw(parts_.links.desk().isOpen() ? frm_.get() : nullptr);
+}
+
+void EditorWindow::sketchCame(const std::string& file) {
+  if (timeline_ != nullptr) timeline_->sketchesCame(file);
+}
+
+void EditorWindow::make() {
+  auto& links = parts_.links;
+  auto& states = links.states();
+  auto& desk = links.desk();
+  const auto act = [this](auto work) {
+    return [this, work](auto... given) {
+      work(given...);
+      parts_.draw();
+    };
+  };
+  frm_ = std::make_unique<FrmRush>(
+      RushState{states.window.frame, states.window.stats, states.window.sliders, states.window.totals,
+                states.window.keys, states.history},
+      RushActs{.Buildtabs = act([&desk](int tab) { desk.Buildtabs(tab); }),
+               .clipKey = act([&desk](ClipKey key) { desk.press(key); }),
+               .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
+               .rateLetGo = act([&desk] { desk.letGoRate(); }),
+               .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
+               .levelLetGo = act([&desk] { desk.letGoLevel(); }),
+               .jog = act([&links](int frames) { links.jog(frames); }),
+               .goInHistory = act([&links](int steps) { links.goInHistory(steps); }),
+               .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
+               .wholeMovie = act([&links] { links.hand().whole(); }),
+               .preview = act([&links] { links.preview().PrepPreview(); }),
+               .save = act([&desk] { desk.saveProject(); }),
+               .close = act([&desk] { desk.Form_QueryUnload(); })},
+      FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
+  keyframes_ = std::make_unique<FrmKeyframe>(
+      states.keyframes, pageLogic(), [&links](Long frame) { links.showClipFrame(frame); },
+      [this](int clipNo) { return pictureOf(clipNo); });
+  makePages();
+  makePreview();
+  makeTimeline();
+}
+
+PageLogic EditorWindow::pageLogic() {
+  return {parts_.links.editing(), parts_.links.desk(), [this] { parts_.draw(); }};
+}
+
+void EditorWindow::makePages() {
+  auto& links = parts_.links;
+  auto& states = links.states();
+  const auto set = [this](int tab, auto* page) { frm_->setPage(tab, page, [page] { page->draw(); }); };
+  const auto picture = [this](int clipNo) { return pictureOf(clipNo); };
+  set(1, made<CreatePage>(states.create, links.create(),
+                          CreatePage::Acts{.preview =
+                                               [&links, this] {
+                                                 links.preview().PrepPreview();
+                                                 parts_.draw();
+                                               },
+                                           .save =
+                                               [&links, this] {
+                                                 links.desk().saveProject();
+                                                 parts_.draw();
+                                               },
+                                           .help = parts_.help,
+                                           .quit =
+                                               [&links, this] {
+                                                 links.desk().Form_QueryUnload();
+                                                 parts_.draw();
+                                               },
+                                           .acted = [this] { parts_.draw(); }},
+                          frm_.get()));
+  set(2, made<AudioPage>(states.audio, pageLogic(), frm_.get()));
+  set(3, made<TransitionPage>(
+             TransitionPage::Logic{states.transition, links.transition(), parts_.session.collection, strips_,
+                                   [this] {
+                                     return parts_.dialogs
+                                         .open({"Mask", {{"Pictures (*.jpg)", "*.jpg *.jpeg"}}, {}, {}})
+                                         .value_or("");
+                                   },
+                                   [this] { parts_.draw(); }},
+             frm_.get()));
+  set(4, made<EffectPage>(
+             states.effect, pageLogic(), [&links] { links.showKeyframes(); }, frm_.get()));
+  set(5, made<StillsPage>(states.stills, pageLogic(), picture, frm_.get()));
+  set(6, made<ColorPage>(states.color, pageLogic(), ColorPage::Pictures{.before = picture, .after = {}},
+                         frm_.get()));
+  set(7, made<OverlayPage>(states.overlay, pageLogic(), frm_.get()));
+}
+
+void EditorWindow::makePreview() {
+  auto& links = parts_.links;
+  auto& preview = links.preview();
+  auto& state = links.states().preview;
+  const auto key = [this, &preview](PreviewEngine::Key which) {
+    return [this, &preview, which] {
+      preview.PreviewtransPort(which);
+      parts_.draw();
+    };
+  };
+  using Key = PreviewEngine::Key;
+  auto* picture = made<PreviewPart>(state, frm_.get());
+  auto* row =
+      made<PositionRowPart>(state,
+                            PositionActs{.toStart = key(Key::ToStart),
+                                         .stepBack = key(Key::StepBack),
+                                         .playOrPause = key(Key::PlayOrPause),
+                                         .stepForward = key(Key::StepForward),
+                                         .toEnd = key(Key::ToEnd),
+                                         .holdRange = [&preview](bool held) { preview.holdRange(held); },
+                                         .moveRange =
+                                             [this, &preview](double seconds) {
+                                               preview.moveRange(seconds);
+                                               parts_.draw();
+                                             }},
+                            frm_.get());
+  frm_->setPreview(picture, row, [picture, row] {
+    picture->draw();
+    row->draw();
+  });
+}
+
+void EditorWindow::makeTimeline() {
+  auto& links = parts_.links;
+  timeline_ = made<TimelineView>(
+      TimelineView::Logic{links.states().timeline, links.hand(), parts_.sketches, [this] { parts_.draw(); }},
+      frm_.get());
+  frm_->setTimeline(timeline_, [this] { timeline_->draw(); });
+}
+
+QImage EditorWindow::pictureOf(int clipNo) const {
+  const auto& clips = parts_.session.collection.MovieList;
+  if (clipNo < 1 || clipNo > clips.count()) return {};
+  const auto& clip = clips[clipNo];
+  const auto sketch = parts_.sketches.picture(clipFile(clip), clip.IsStill() ? 0 : clip.LoopStart().number());
+  if (!sketch || *sketch == nullptr) return {};
+  const auto& picture = **sketch;
+  return QImage(picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,
+                QImage::Format_BGR888)
+      .copy();
+}
+
+}  // namespace kvo

@@ -1,0 +1,60 @@
+// The editor's window with its pages, picture and timeline: made when it is opened for the first time.
+#pragma once
+
+#include "app/editor_links.h"
+#include "app/transition_strips.h"
+#include "ports/desktop.h"
+#include "ports/file_dialogs.h"
+#include "sketches/sketches.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+class QImage;
+
+namespace kvo {
+
+class FrmKeyframe;
+class FrmRush;
+struct PageLogic;
+class TimelineView;
+
+class EditorWindow {
+ public:
+  struct Parts {
+    EditorLinks& links;
+    Session& session;
+    EventLoop& loop;
+    Sketches& sketches;
+    UserStore& store;
+    const Desktop& desktop;
+    FileDialogs& dialogs;
+    std::string pictures;        ///< the folder of the keys' pictures, with its separator
+    std::function<void()> draw;  ///< all windows
+    std::function<void()> help;
+  };
+  /// All of it outlives the window.
+  explicit EditorWindow(const Parts& parts);
+  ~EditorWindow();
+
+  void draw();
+  /// A small picture, or the peaks, of this file have come.
+  void sketchCame(const std::string& file);
+
+ private:
+  void make();
+  void makePages();
+  void makePreview();
+  void makeTimeline();
+  [[nodiscard]] PageLogic pageLogic();
+  [[nodiscard]] QImage pictureOf(int clipNo) const;
+
+  Parts parts_;
+  TransitionStrips strips_;
+  std::unique_ptr<FrmRush> frm_;
+  std::unique_ptr<FrmKeyframe> keyframes_;
+  TimelineView* timeline_ = nullptr;  // the window's
+};
+
+}  // namespace kvo

@@ -1,0 +1,30 @@
+// What the editor tells of the clip in hand, and what can be done with it, as pure functions of its record.
+#pragma once
+
+#include "editor/tabs/editing.h"
+#include "editor/tabs/editor_parts_state.h"
+
+namespace kvo {
+
+/// The card of clip `clipNo`. While the movie plays on the first tab it says so.
+ClipStats clipStats(const Editing& e, int clipNo, bool previewing);
+
+/// The sliders of its speed and level as the record has them; 0 for no clip.
+ClipSliders clipSliders(const Editing& e, int clipNo);
+
+/// "Clip Speed - 0.50x", for hundredths of normal speed.
+std::string rateHeading(int hundredths);
+/// What there is to copy, and to split where the player stands.
+struct KeyFacts {
+  bool canSplit = false;
+  bool canCopyEnd = false;
+  bool canCopyEqual = false;
+};
+
+/// Which of the keys cannot be pressed for clip `clipNo`, and why.
+ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts);
+
+/// The lengths of the movie by its last compile.
+EditorTotals editorTotals(const EditorState& editor);
+
+}  // namespace kvo

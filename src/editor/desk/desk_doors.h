@@ -1,0 +1,69 @@
+// What the desk asks of the rooms round it. Wired where the program is put together.
+#pragma once
+
+#include "editor/tabs/still_options.h"
+#include "editor/tabs/tab_host.h"
+#include "program/clip_copies.h"
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace kvo {
+
+inline constexpr int kEditorTabs = 7;
+
+/// The preview, as far as the desk drives it.
+class DeskPreview {
+ public:
+  DeskPreview() = default;
+  DeskPreview(const DeskPreview&) = delete;
+  DeskPreview& operator=(const DeskPreview&) = delete;
+  virtual ~DeskPreview() = default;
+
+  /// Ends whatever is shown.
+  virtual void KillPreview() = 0;
+  virtual void sample(Sample what, int clipNo) = 0;
+  /// The movie plays: not a sample of one clip.
+  [[nodiscard]] virtual bool isPlaying() const = 0;
+  /// The collection is another than the one that was compiled.
+  virtual void movieIsStale() = 0;
+};
+
+/// The rules of a tab, as far as the desk calls them. What is empty is not called.
+struct DeskTab {
+  std::function<void()> restore{};     ///< the editor opens: as the preferences have it
+  std::function<void()> enter{};       ///< the tab is opened
+  std::function<void(bool)> follow{};  ///< records have changed under it; true makes its lists anew
+};
+using DeskTabs = std::array<DeskTab, kEditorTabs>;
+
+/// What the preview asks of controls on the tabs.
+struct PreviewControls {
+  std::function<StillControls()> stills{};
+  std::function<bool()> Chk_AutoRewind{};
+};
+
+/// What the main window and its player do for the editor.
+struct MainWindowDoors {
+  std::function<void(int)> Displaymovieinfo{};           ///< shows the details of a clip
+  std::function<void()> PlayerPause{};                   ///< as it is
+  std::function<void()> PlayerStop{};                    ///< likewise
+  std::function<std::string()> PlayerGetFileName{};      ///< full path of what is in the player, or empty
+  std::function<void()> pausePlaying{};                  ///< the pause key, where a clip plays
+  std::function<std::optional<PlayerPlace>()> place{};   ///< where the player stands; none while it is empty
+  std::function<void()> SetMarkIn{};                     ///< where the player stands
+  std::function<void()> SetMarkOut{};                    ///< likewise
+  std::function<void(bool in)> resetMark{};              ///< Mark-In or Mark-Out to its end of the clip
+  std::function<void()> ShowSliderStuff{};               ///< the slider comes in sight
+  std::function<void()> Pic_DigNumbers_Click{};          ///< the trimmer: the direct positioner
+  std::function<void(const std::string&)> AddMoviesm{};  ///< adds a file to the collection
+  std::function<void()> mnu_SaveShow_Click{};            ///< saves the collection
+  std::function<void()> empty{};                         ///< it has no clip any more
+  std::function<void()> parkPlayer{};  ///< timers stand, the player is out of sight, the positioner closed
+  std::function<void(bool)> FrmFileOpenToolsOnOff{};  ///< its tools can be used, or only show
+  std::function<void()> draw{};                       ///< what is shown has changed behind no act of the user
+};
+
+}  // namespace kvo

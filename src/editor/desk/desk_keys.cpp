@@ -1,0 +1,73 @@
+// The keys of the clip in hand.
+#include "base/paths.h"
+#include "core/telling/failures.h"
+#include "editor/desk/clip_stats.h"
+#include "editor/desk/editor_desk.h"
+#include "editor/desk/snapshot.h"
+
+namespace kvo {
+
+void EditorDesk::press(ClipKey key) {
+  ShowClipStats();
+  if (!parts_.state.keys.of(key).empty()) return;
+  auto& commands = parts_.commands;
+  switch (key) {
+    case ClipKey::SetIN:
+      return doors_.SetMarkIn();
+    case ClipKey::SetOUT:
+      return doors_.SetMarkOut();
+    case ClipKey::ResetIN:
+      return resetMark(true);
+    case ClipKey::ResetOUT:
+      return resetMark(false);
+    case ClipKey::Split:
+      return commands.copy(CopyMode::Split);
+    case ClipKey::Copy:
+      return commands.copy(CopyMode::Exact);
+    case ClipKey::CopyEnd:
+      return commands.copy(CopyMode::Tail);
+    case ClipKey::Equi:
+      return commands.copy(CopyMode::EqualChunk);
+    case ClipKey::Trimmer:
+      doors_.PlayerStop();
+      return doors_.Pic_DigNumbers_Click();
+    case ClipKey::Name:
+      return commands.beginRename();
+    case ClipKey::AddSnapShot:
+      return takeSnapshot();
+  }
+}
+
+void EditorDesk::resetMark(bool in) {
+  doors_.ShowSliderStuff();
+  if (doors_.PlayerGetFileName().empty()) parts_.list.PreviewMovie(parts_.editing.collection.icurMov);
+  doors_.resetMark(in);
+}
+
+// The frame is decoded beside, and kept when it comes home.
+void EditorDesk::takeSnapshot() {
+  const auto& inHand = *clip();
+  doors_.pausePlaying();
+  const auto place = doors_.place().value_or(PlayerPlace{});
+  snapshots_.want(Snapshot{clipFile(inHand), place.seconds,
+                           withSeparator(parts_.editing.settings.preferences().StillSavePath) +
+                               snapshotName(inHand, place.frame)});
+}
+
+Result<FramePicture> EditorDesk::frameOf(const Snapshot& wish) const {
+  auto& streams = parts_.editing.streams;
+  const auto facts = streams.facts(wish.clip);
+  if (!facts) return facts.error();
+  return streams.frame(wish.clip, wish.seconds, facts->width, facts->height);
+}
+
+void EditorDesk::keepSnapshot(const Snapshot& wish, const Result<FramePicture>& picture) {
+  const auto& e = parts_.editing;
+  Outcome kept = picture ? e.files.makeFolder(std::string(folderPart(wish.path))) : Outcome(picture.error());
+  if (kept) kept = writeDurably(e.files, wish.path, bitmapFile(*picture));
+  if (kept) return doors_.AddMoviesm(wish.path);
+  e.log.LogError(kept.error().text);
+  e.boxes.show({std::string(kProductName), kept.error().text, BoxButtons::Ok, BoxIcon::Warning});
+}
+
+}  // namespace kvo

@@ -1,0 +1,236 @@
+#include "editor/desk/editor_desk.h"
+
+#include "base/holding.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/records/media_kinds.h"
+#include "core/telling/translated.h"
+#include "editor/desk/clip_stats.h"
+#include "editor/tabs/audio_tab.h"
+#include "editor/tabs/clip_checks.h"
+#include "editor/tabs/operations.h"
+#include "program/shut_down.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr int kWatchInterval = 200;                       // milliseconds
+constexpr int kFirstCheck = 5;                            // ticks until the order of the clips is looked at
+constexpr int kLastTick = 550;                            // behind which they are counted anew
+constexpr std::chrono::milliseconds kGesturePause{1000};  // that ends a gesture
+
+constexpr Integer kSectionChange = 1;
+constexpr Integer kMarkChange = 96;
+constexpr Integer kMovedOn = 97;
+constexpr Integer kSpeedChange = 98;
+constexpr Integer kMembershipChange = 99;
+
+constexpr int kCreateTab = 1;
+constexpr int kAudioTab = 2;
+constexpr int kEffectTab = 4;
+constexpr int kOverlayTab = 7;
+
+constexpr float kHundredthsPerTenth = 10;
+constexpr float kLevelTenths = 10;
+
+}  // namespace
+
+EditorDesk::EditorDesk(const Parts& parts, MainWindowDoors doors)
+    : parts_(parts),
+      doors_(std::move(doors)),
+      files_(parts.loop, parts.editing.streams, [this](int done, int total) { looked(done, total); }),
+      Tmr_CheckChanges_(parts.loop.timer([this] { Tmr_CheckChanges_Timer(); })),
+      analysing_(parts.loop.timer([this] { countTick(); })),
+      snapshots_(
+          parts.loop, [this](const Snapshot& wish) { return frameOf(wish); },
+          [this](const Snapshot& wish, const Result<FramePicture>& picture) {
+            keepSnapshot(wish, picture);
+          }) {}
+
+const Movie* EditorDesk::clip() const {
+  const auto& collection = parts_.editing.collection;
+  return collection.icurMov >= 1 && collection.icurMov <= collection.MovieList.count()
+             ? &collection.MovieList[collection.icurMov]
+             : nullptr;
+}
+
+void EditorDesk::watchChanges(bool on) {
+  on ? Tmr_CheckChanges_->start(kWatchInterval) : Tmr_CheckChanges_->stop();
+}
+
+void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
+  parts_.state.frame.toolsOn = on;
+  doors_.FrmFileOpenToolsOnOff(on);
+}
+
+void EditorDesk::deleteWorkFiles() { kvo::deleteWorkFiles(parts_.editing.files, parts_.editing.folder); }
+
+// What writes inside an edit is part of it.
+bool EditorDesk::edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
+                      std::string_view series) {
+  if (editing_) {
+    work();
+    return true;
+  }
+  const CommandPass pass(parts_.window);
+  if (!pass) return false;
+  const auto now = parts_.loop.now();
+  if (now - std::exchange(lastEdit_, now) > kGesturePause) parts_.history.endSeries();
+  const auto& collection = parts_.editing.collection;
+  const bool isOfClip = clipNo >= 1 && clipNo <= collection.MovieList.count();
+  auto name = isOfClip ? stepName(std::string(act) + " on", collection, {clipNo})
+                       : translated(std::string(act).c_str(), {});
+  const auto thisSeries = series.empty() ? std::string() : std::string(series) + " " + std::to_string(clipNo);
+  const Holding inside(editing_);
+  const bool changed = parts_.history.change(pass, std::move(name), changeCode, work, thisSeries);
+  if (changed) parts_.preview.movieIsStale();
+  return changed;
+}
+
+// Tmr_CheckChanges: whatever has changed, by whomever, shows within a tick.
+void EditorDesk::Tmr_CheckChanges_Timer() {
+  if (++ticks_ == kFirstCheck && !parts_.preview.isPlaying()) IsAudioBeforeVideo(parts_.editing);
+  if (ticks_ > kLastTick) ticks_ = 1;
+  if (!followsCollection() || parts_.window.busy()) return;
+  if (parts_.editing.collection.icurMov != shownClip_) run().postChange(kMovedOn, kMovedOn);
+  const Integer code = run().ObjectChange;
+  if (code == 0 || !files_.known(parts_.editing.collection)) return;
+  if (code >= kMembershipChange) membershipChanged();
+  if (code > kSectionChange) retime();
+  ShowClipStats();
+  buildClipSliders();
+  followTab(code);
+}
+
+// False while there is no clip.
+bool EditorDesk::followsCollection() {
+  auto& state = parts_.state;
+  const bool empty = parts_.editing.clips().empty();
+  if (std::exchange(state.nothingToPreview, empty) != empty) {
+    if (tabs_[kCreateTab - 1].follow) tabs_[kCreateTab - 1].follow(true);
+    ++state.timed;
+    ShowClipStats();
+    buildClipSliders();
+  }
+  if (empty && state.frame.CurrentTab != kCreateTab) Buildtabs(kCreateTab);
+  return !empty;
+}
+
+void EditorDesk::membershipChanged() {
+  auto& state = parts_.state;
+  if (!HaveAtleastOneVidTrack(parts_.editing)) {
+    if (parts_.preview.isPlaying()) KillPreview();
+    if (state.frame.CurrentTab != kCreateTab) Buildtabs(kCreateTab);
+  }
+  hasMusic_ = CheckForAudiotrack(parts_.editing);
+}
+
+// The places of clips and music, and what the movie comes to. Documents are compiled elsewhere.
+void EditorDesk::retime() {
+  const auto& e = parts_.editing;
+  e.editor.texts = {};
+  CreateClipLine(e, true, {.TransitionZero = true});
+  if (hasMusic_) AddOverlayAudioTracks(e);
+  e.editor.texts = {};
+  parts_.state.totals = editorTotals(e.editor);
+  ++parts_.state.timed;
+  parts_.preview.movieIsStale();
+}
+
+// The open tab shows the clip that is in hand in the main window.
+void EditorDesk::followTab(Integer code) {
+  const bool rebuild = code > kSectionChange;
+  const int tab = parts_.state.frame.CurrentTab;
+  if (tab == kEffectTab && clip() != nullptr && isSoundByName(clip()->MovieName()))
+    return Buildtabs(kAudioTab);  // the change stands for the tick to come
+  const auto& follow = tabs_[static_cast<std::size_t>(tab - 1)].follow;
+  const bool concerned = tab != kOverlayTab || (rebuild && code != kMarkChange);
+  if (concerned) {
+    if (tab == kOverlayTab) KillPreview();
+    if (follow) follow(rebuild);
+  }
+  run().ObjectChange = 0;
+}
+
+void EditorDesk::Buildtabs(int tab) {
+  KillPreview();
+  tab = std::clamp(tab, kCreateTab, kEditorTabs);
+  parts_.state.frame.CurrentTab = tab;
+  const auto& enter = tabs_[static_cast<std::size_t>(tab - 1)].enter;
+  if (enter) enter();
+  ShowClipStats();
+}
+
+void EditorDesk::UpDateFrmFileOpen(int clipNo, bool pause) {
+  const auto& e = parts_.editing;
+  if (clipNo < 1 || clipNo > e.clips().count()) return;
+  const auto& wanted = e.clips()[clipNo];
+  const bool holds =
+      wanted.IsStill() || sameText(trimmed(fileNamePart(doors_.PlayerGetFileName())), wanted.MovieName());
+  if (clipNo != e.collection.icurMov || !holds) {
+    parts_.list.PreviewMovie(clipNo);
+  } else if (!parts_.preview.isPlaying()) {
+    doors_.Displaymovieinfo(clipNo);
+  }
+  if (!pause) doors_.PlayerPause();
+}
+
+void EditorDesk::ShowClipStats() {
+  const int number = parts_.editing.collection.icurMov;
+  const auto& commands = parts_.commands;
+  parts_.state.keys = clipKeys(parts_.editing, number,
+                               {.canSplit = commands.canCopy(CopyMode::Split),
+                                .canCopyEnd = commands.canCopy(CopyMode::Tail),
+                                .canCopyEqual = commands.canCopy(CopyMode::EqualChunk)});
+  shownClip_ = number;
+  if (clip() != nullptr && clip()->IsStream()) return;
+  const bool previewing = parts_.state.frame.CurrentTab == kCreateTab && parts_.preview.isPlaying();
+  parts_.state.stats = clipStats(parts_.editing, number, previewing);
+}
+
+void EditorDesk::buildClipSliders() {
+  parts_.state.sliders = clipSliders(parts_.editing, parts_.editing.collection.icurMov);
+}
+
+// The movie is timed anew when the hand lets go, and when the step is taken back.
+void EditorDesk::moveRate(int hundredths) {
+  const auto* inHand = clip();
+  if (inHand == nullptr || inHand->IsStill()) return;
+  const auto& slider = parts_.state.sliders.Sld_Rate;
+  const auto tenths =
+      static_cast<Single>(std::clamp(hundredths, slider.Min, slider.Max)) / kHundredthsPerTenth;
+  const int number = parts_.editing.collection.icurMov;
+  const Integer before = run().ObjectChange;
+  edit(
+      "Speed", number, kSpeedChange, [&] { parts_.editing.clips()[number].Playspeed(tenths); }, "speed");
+  run().ObjectChange = before;
+  buildClipSliders();
+}
+
+void EditorDesk::letGoRate() {
+  parts_.history.endSeries();
+  run().postChange(kSpeedChange, kSpeedChange);
+}
+
+void EditorDesk::moveLevel(int tenths) {
+  const auto* inHand = clip();
+  if (inHand == nullptr || inHand->IsStill()) return;
+  const auto& slider = parts_.state.sliders.Sld_AudioOut;
+  const auto level = static_cast<Single>(std::clamp(tenths, slider.Min, slider.Max)) / kLevelTenths;
+  const int number = parts_.editing.collection.icurMov;
+  edit(
+      "Level", number, kSectionChange, [&] { parts_.editing.clips()[number].AudioOutputLevel(level); },
+      "level");
+  buildClipSliders();
+}
+
+void EditorDesk::letGoLevel() { parts_.history.endSeries(); }
+
+void EditorDesk::saveProject() {
+  if (!parts_.editing.clips().empty()) doors_.mnu_SaveShow_Click();
+}
+
+}  // namespace kvo

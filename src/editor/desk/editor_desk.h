@@ -1,0 +1,129 @@
+// The open editor: the tabs lie on it, and it sees to what they have in common. It opens and closes, watches
+// for changes, makes and marks clips, and is the gate of the history for all of them.
+#pragma once
+
+#include "editor/desk/clip_files.h"
+#include "editor/desk/desk_doors.h"
+#include "editor/desk/editor_window_state.h"
+#include "editor/preview/preview_host.h"
+#include "editor/tabs/editing.h"
+#include "ports/last_wish.h"
+#include "program/list_commands.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kvo {
+
+class EditorDesk : public PreviewHost {
+ public:
+  struct Parts {
+    EditorWindowState& state;
+    MainWindowState& window;
+    const Editing& editing;
+    EventLoop& loop;
+    History& history;
+    ClipList& list;
+    ListCommands& commands;
+    DeskPreview& preview;
+  };
+  /// All of it outlives the desk.
+  EditorDesk(const Parts& parts, MainWindowDoors doors);
+
+  /// The rules of the tabs, which are made behind the desk.
+  void tabs(DeskTabs tabs, PreviewControls controls) {
+    tabs_ = std::move(tabs);
+    controls_ = std::move(controls);
+  }
+
+  // The window
+
+  /// Opens it on the collection. What the files of the clips hold is looked up first, in the background.
+  /// Nothing while another command runs, or when it is open.
+  void Form_Load();
+  /// Closes it. What the user has set stays in the records.
+  void Form_QueryUnload();
+  [[nodiscard]] bool isOpen() const { return parts_.state.frame.visible; }
+  /// Another collection is open.
+  void collectionOpened();
+
+  // The clip in hand
+
+  /// One of the keys; nothing where clipKeys says that it cannot be pressed.
+  void press(ClipKey key);
+  /// Sld_Rate, in hundredths of normal speed, and the hand that lets it go.
+  void moveRate(int hundredths);
+  void letGoRate();
+  /// Sld_AudioOut, in tenths of full level.
+  void moveLevel(int tenths);
+  void letGoLevel();
+  /// KVOBut_SaveProject.
+  void saveProject();
+
+  // Of the tabs
+  bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
+            std::string_view series) override;
+  void UpDateFrmFileOpen(int clipNo, bool pause) override;
+  void sample(Sample what, int clipNo) override { parts_.preview.sample(what, clipNo); }
+  void KillPreview() override { parts_.preview.KillPreview(); }
+  void ShowClipStats() override;
+  void buildClipSliders() override;
+  void Buildtabs(int tab) override;
+
+  // Of the preview
+  [[nodiscard]] bool mayEdit() const override { return !parts_.window.busy(); }
+  void parkPlayer() override { doors_.parkPlayer(); }
+  void FrmFileOpenToolsOnOff(bool on) override;
+  void watchChanges(bool on) override;
+  void selectRow(int clipNo) override { parts_.list.select(clipNo); }
+  void Displaymovieinfo() override { doors_.Displaymovieinfo(parts_.editing.collection.icurMov); }
+  void deleteWorkFiles() override;
+  [[nodiscard]] StillControls stillControls() const override { return controls_.stills(); }
+  [[nodiscard]] bool Chk_AutoRewind() const override { return controls_.Chk_AutoRewind(); }
+  void previewChanged() override { doors_.draw(); }
+
+ private:
+  struct Snapshot {
+    std::string clip;  // its file
+    double seconds = 0;
+    std::string path;  // of the still
+  };
+
+  void finishOpening();
+  void looked(int done, int total);
+  void Tmr_CheckChanges_Timer();
+  void countTick();
+  bool followsCollection();
+  void membershipChanged();
+  void retime();
+  void followTab(Integer code);
+  void takeSnapshot();
+  void keepSnapshot(const Snapshot& wish, const Result<FramePicture>& picture);
+  [[nodiscard]] Result<FramePicture> frameOf(const Snapshot& wish) const;
+  void resetMark(bool in);
+  [[nodiscard]] const Movie* clip() const;
+  [[nodiscard]] RunState& run() const { return parts_.editing.settings.state; }
+
+  Parts parts_;
+  MainWindowDoors doors_;
+  DeskTabs tabs_;
+  PreviewControls controls_;
+  ClipFiles files_;
+  std::unique_ptr<Timer> Tmr_CheckChanges_;
+  std::unique_ptr<Timer> analysing_;
+  LastWish<Snapshot, Result<FramePicture>> snapshots_;
+  bool opening_ = false;
+  bool editing_ = false;  // inside an edit
+  bool hasMusic_ = false;
+  int analysingTicks_ = 0;
+  int ticks_ = 0;
+  int shownClip_ = 0;  // whose details were shown last
+  std::chrono::milliseconds lastEdit_{};
+  bool LoopPreviews_ = false;       // as they were ahead of the opening
+  bool SliderPauseOnRepo_ = false;  // likewise
+};
+
+}  // namespace kvo

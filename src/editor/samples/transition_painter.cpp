@@ -1,0 +1,96 @@
+#include "editor/samples/transition_painter.h"
+
+#include "editor/compiler/sample_documents.h"
+#include "editor/tabs/transition_samples.h"
+#include "engine/document/document_reader.h"
+#include "engine/transitions/registry.h"
+#include "media/bgr.h"
+
+namespace kvo {
+namespace {
+
+constexpr double kSampleClip = 4;    // seconds of each of the two clips
+constexpr double kSampleLength = 2;  // seconds of the transition
+constexpr double kMargin = 0.125;    // seconds by which a document ends it earlier
+constexpr int kBytes = 3;            // of a pixel
+
+// Says of both clips that they have a picture; no file is read for the document.
+class OnlyPictures final : public FrameSource {
+ public:
+  Result<StreamFacts> facts(const std::string& /*path*/) override {
+    return StreamFacts{.hasVideo = true,
+                       .width = kTransitionSampleWidth,
+                       .height = kTransitionSampleHeight,
+                       .frameRate = 25};
+  }
+  Result<FramePicture> frame(const std::string& path, double, int, int) override { return Error{path}; }
+};
+
+// Two clips, the transition between them.
+std::string documentOf(std::string_view name) {
+  Collection collection;
+  for (const auto* file : {"a.avi", "b.avi"}) {
+    auto& clip = collection.MovieList.add({});
+    clip.MovieName(file);
+    clip.LoopStart(Value(0));
+    clip.LoopEnd(Value(kSampleClip));
+    clip.TransType("CUT");
+  }
+  collection.MovieList[2].TransType(std::string(name));
+  collection.MovieList[2].TransIn(static_cast<Single>(kSampleLength * 10));
+  OnlyPictures streams;
+  const EffectsTable effects;
+  return transitionSample(collection, 2, {}, {streams, effects}, kSampleLength).text;
+}
+
+const engine::Transition* transitionIn(const std::vector<engine::Layer>& layers) {
+  for (const auto& layer : layers) {
+    if (!layer.transitions.empty()) return &layer.transitions.front();
+    if (const auto* inside = transitionIn(layer.inside)) return inside;
+  }
+  return nullptr;
+}
+
+media::Picture pictureOf(const FramePicture& picture) {
+  auto canvas = media::Canvas::make(picture.width, picture.height);
+  media::fromBgr(picture.bgr.data(), static_cast<std::size_t>(picture.width) * kBytes, canvas);
+  return share(std::move(canvas));
+}
+
+FramePicture bytesOf(const media::Picture& picture) {
+  FramePicture out{picture.width(), picture.height(), {}};
+  const auto stride = static_cast<std::size_t>(out.width) * kBytes;
+  out.bgr.resize(stride * static_cast<std::size_t>(out.height));
+  media::toBgr(picture, out.bgr.data(), stride);
+  return out;
+}
+
+}  // namespace
+
+Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
+                                    const FramePicture& above) {
+  auto timeline = engine::readDocument(documentOf(name));
+  if (!timeline) return timeline.error();
+  const auto* found = transitionIn(timeline->video);
+  if (found == nullptr) return Error{"There is no transition of the name " + std::string(name)};
+  auto paint = found->kind->drawn.make(found->params, kTransitionSampleWidth, kTransitionSampleHeight);
+  if (!paint) return paint.error();
+  return PaintMoment([transition = *found, paint = std::move(*paint), from = pictureOf(below),
+                      to = pictureOf(above)](double part) {
+    const double since = part * (kSampleLength - kMargin);
+    const bool isPlaced = transition.kind->drawn.coversAll != nullptr;  // has no way of its own
+    auto canvas = media::Canvas::makeLike(from);
+    paint(from, to, {isPlaced ? 0.5 : transition.progressAt(transition.start + since), since}, canvas);
+    return bytesOf(share(std::move(canvas)));
+  });
+}
+
+FramePicture plainSamplePicture(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
+  FramePicture picture{kTransitionSampleWidth, kTransitionSampleHeight, {}};
+  const auto pixels = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
+  picture.bgr.reserve(pixels * kBytes);
+  for (std::size_t i = 0; i < pixels; ++i) picture.bgr.insert(picture.bgr.end(), {blue, green, red});
+  return picture;
+}
+
+}  // namespace kvo

@@ -1,0 +1,23 @@
+// A transition painted small on two pictures, as the movie would have it with its usual options.
+#pragma once
+
+#include "base/result.h"
+#include "ports/frame_source.h"
+
+#include <functional>
+#include <string_view>
+
+namespace kvo {
+
+/// Paints moments of one transition.
+using PaintMoment = std::function<FramePicture(double part)>;
+
+/// Makes ready to paint from `below` to `above`, which both have the size of a sample; what is made gives the
+/// picture at a part (0 to 1) of the way, and outlives them. Fails for a name that is none of a transition.
+Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
+                                    const FramePicture& above);
+
+/// A picture of one colour, in the size of a sample.
+FramePicture plainSamplePicture(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+
+}  // namespace kvo

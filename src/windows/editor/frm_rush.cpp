@@ -1,0 +1,255 @@
+#include "windows/editor/frm_rush.h"
+
+#include "ui/made.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/editor/clip_details_part.h"
+#include "windows/editor/clip_keys_part.h"
+#include "windows/editor/clip_sliders_part.h"
+#include "windows/editor/rush_tabs.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace kvo {
+namespace {
+
+constexpr QSize kRushSize(1280, 764);
+constexpr QSize kLeastRush(1024, 640);
+constexpr int kRushSide = 16;
+constexpr int kRushGap = 12;
+constexpr int kCardGap = 10;
+constexpr int kColumnHeight = 448;
+constexpr int kRightWidth = 260;
+constexpr int kLowerHeight = 248;
+constexpr int kLeastLower = 180;
+constexpr int kMostLower = 420;
+constexpr int kLeastUpper = 200;
+constexpr int kSplitterHandle = 6;
+constexpr int kZoomSteps = 20;
+constexpr std::string_view kLowerValue = "EditorTimelineHeight";
+
+// The keys of the clip in hand; those with Ctrl, Alt or Meta are not among them.
+struct KeyOfClip {
+  int key;
+  bool shift;
+  ClipKey act;
+};
+constexpr std::array<KeyOfClip, 10> kKeysOfClip{{{Qt::Key_I, false, ClipKey::SetIN},
+                                                 {Qt::Key_O, false, ClipKey::SetOUT},
+                                                 {Qt::Key_I, true, ClipKey::ResetIN},
+                                                 {Qt::Key_O, true, ClipKey::ResetOUT},
+                                                 {Qt::Key_X, false, ClipKey::Split},
+                                                 {Qt::Key_C, false, ClipKey::Copy},
+                                                 {Qt::Key_C, true, ClipKey::CopyEnd},
+                                                 {Qt::Key_E, false, ClipKey::Equi},
+                                                 {Qt::Key_T, false, ClipKey::Trimmer},
+                                                 {Qt::Key_F2, false, ClipKey::Name}}};
+
+}  // namespace
+
+FrmRush::FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::string pictures)
+    : QWidget(nullptr, Qt::Window),
+      state_(state),
+      acts_(std::move(acts)),
+      keeping_(std::move(keeping)),
+      pictures_(std::move(pictures)) {
+  setAttribute(Qt::WA_StyledBackground);
+  tabs_ = made<RushTabs>(state_, acts_, this);
+  splitter_ = made<QSplitter>(Qt::Vertical, this);
+  splitter_->setChildrenCollapsible(false);
+  splitter_->addWidget(makeUpper());
+  splitter_->addWidget(makeLower());
+  splitter_->setStretchFactor(0, 1);
+  auto* all = made<QVBoxLayout>(this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->setSpacing(0);
+  all->addWidget(tabs_);
+  all->addWidget(splitter_, 1);
+  makeShortcuts();
+  layOut();
+}
+
+FrmRush::~FrmRush() = default;
+
+QWidget* FrmRush::makeUpper() {
+  upper_ = made<QWidget>(splitter_);
+  auto* columns = made<QHBoxLayout>(upper_);
+  columns->setContentsMargins(themed(kRushSide), themed(kRushGap), themed(kRushSide - kRushGap),
+                              themed(kRushGap));
+  columns->setSpacing(0);
+  pages_ = made<QStackedWidget>(upper_);
+  middle_ = made<QVBoxLayout>();
+  middle_->setSpacing(themed(kCardGap));
+  columns->addWidget(pages_);
+  columns->addLayout(middle_, 1);
+  columns->addSpacing(themed(kRushGap));
+  columns->addWidget(makeRight());
+  return upper_;
+}
+
+QWidget* FrmRush::makeRight() {
+  right_ = made<QScrollArea>(upper_);
+  right_->setAccessibleName(tr("The clip in hand"));
+  right_->setFrameShape(QFrame::NoFrame);
+  right_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  right_->setFocusPolicy(Qt::NoFocus);
+  auto* cards = made<QWidget>(right_);
+  auto* column = made<QVBoxLayout>(cards);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(themed(kCardGap));
+  column->addWidget(details_ = made<ClipDetailsPart>(state_.stats, cards));
+  column->addWidget(sliders_ = made<ClipSlidersPart>(state_.sliders, acts_, cards));
+  column->addWidget(wheel_ = made<JogWheelPart>(state_.sliders, acts_, cards));
+  column->addStretch(1);
+  right_->setWidget(cards);
+  right_->setWidgetResizable(true);
+  return right_;
+}
+
+QWidget* FrmRush::makeLower() {
+  lower_ = made<QWidget>(splitter_);
+  below_ = made<QVBoxLayout>(lower_);
+  below_->setContentsMargins(0, 0, 0, 0);
+  below_->setSpacing(0);
+  below_->addWidget(keys_ = made<ClipKeysPart>(state_, acts_, pictures_, lower_));
+  return lower_;
+}
+
+void FrmRush::makeShortcuts() {
+  const auto on = [this](const QKeySequence& keys, const std::function<void()>& act) {
+    auto* shortcut = made<QShortcut>(keys, this);
+    connect(shortcut, &QShortcut::activated, [this, act] {
+      if (state_.frame.toolsOn) act();
+    });
+  };
+  for (int tab = 1; tab <= kPages; ++tab)
+    on(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + tab)), [this, tab] { acts_.Buildtabs(tab); });
+  on(QKeySequence("Ctrl+Z"), [this] { acts_.goInHistory(-1); });
+  on(QKeySequence("Ctrl+Shift+Z"), [this] { acts_.goInHistory(1); });
+  on(QKeySequence("Ctrl+Y"), [this] { acts_.goInHistory(1); });
+  on(QKeySequence("Ctrl+S"), [this] { acts_.save(); });
+}
+
+void FrmRush::layOut() {
+  setMinimumSize(themed(kLeastRush.width()), themed(kLeastRush.height()));
+  splitter_->setHandleWidth(themed(kSplitterHandle));
+  upper_->setMinimumHeight(themed(kLeastUpper));
+  lower_->setMinimumHeight(themed(kLeastLower));
+  lower_->setMaximumHeight(themed(kMostLower));
+  // The bar of what has to scroll stands in the gap beside it.
+  pages_->setFixedWidth(themed(EditorPage::kSize.width() + kRushGap));
+  right_->setFixedWidth(themed(kRightWidth + kRushGap));
+}
+
+void FrmRush::setPage(int tab, EditorPage* page, std::function<void()> draw) {
+  const auto i = static_cast<std::size_t>(tab - 1);
+  pageOf_[i] = EditorPage::scrolled(page, tabs_->nameOf(tab), pages_);
+  drawPage_[i] = std::move(draw);
+  pages_->addWidget(pageOf_[i]);
+}
+
+void FrmRush::setPreview(QWidget* picture, QWidget* positionRow, std::function<void()> draw) {
+  middle_->addWidget(picture, 1);
+  middle_->addWidget(positionRow);
+  drawPreview_ = std::move(draw);
+}
+
+void FrmRush::setTimeline(QWidget* timeline, std::function<void()> draw) {
+  below_->addWidget(timeline, 1);
+  drawTimeline_ = std::move(draw);
+}
+
+// The timeline has the height that it was left with, or else what the columns do not need.
+void FrmRush::appear() {
+  resize(themed(kRushSize.width()), themed(kRushSize.height()));
+  keeping_.place.restoreWithSize(*this);
+  const int room = height() - themed(RushTabs::kHeight) - splitter_->handleWidth();
+  const auto kept = keeping_.store.read(kLowerValue);
+  const int spare = room - themed(kColumnHeight + 2 * kRushGap);
+  const int wanted = kept.empty() ? std::min(spare, themed(kLowerHeight)) : static_cast<int>(ToNumber(kept));
+  const int low = std::clamp(wanted, themed(kLeastLower), themed(kMostLower));
+  splitter_->setSizes({room - low, low});
+  show();
+}
+
+void FrmRush::draw() {
+  if (!state_.frame.visible) return hide();
+  if (const auto caption = shown(state_.frame.caption); windowTitle() != caption) setWindowTitle(caption);
+  tabs_->draw();
+  const auto front = static_cast<std::size_t>(state_.frame.CurrentTab - 1);
+  if (pageOf_[front] != nullptr) {
+    pages_->setCurrentWidget(pageOf_[front]);
+    drawPage_[front]();
+  }
+  pages_->setEnabled(state_.frame.toolsOn || state_.frame.CurrentTab == 1);
+  details_->draw();
+  sliders_->draw();
+  wheel_->draw();
+  right_->setEnabled(state_.frame.toolsOn);
+  keys_->draw();
+  drawPreview_();
+  drawTimeline_();
+  if (!isVisible()) appear();
+}
+
+bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
+  if (key == Qt::Key_Space) {
+    acts_.preview();
+    return true;
+  }
+  if (!state_.frame.toolsOn) return false;
+  for (const auto& entry : kKeysOfClip) {
+    if (entry.key != key || entry.shift != with.testFlag(Qt::ShiftModifier)) continue;
+    if (state_.keys.of(entry.act).empty()) acts_.clipKey(entry.act);
+    return true;
+  }
+  const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };
+  switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      zoomBy(1.0 / kZoomSteps);
+      return true;
+    case Qt::Key_Minus:
+      zoomBy(-1.0 / kZoomSteps);
+      return true;
+    case Qt::Key_0:
+      acts_.wholeMovie();
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Here comes what the part with the keyboard has no use for.
+void FrmRush::keyPressEvent(QKeyEvent* event) {
+  const auto with = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  if (with == Qt::NoModifier && takes(event->key(), event->modifiers())) return event->accept();
+  QWidget::keyPressEvent(event);
+}
+
+void FrmRush::closeEvent(QCloseEvent* event) {
+  event->ignore();  // it goes when the editor has closed
+  acts_.close();
+}
+
+void FrmRush::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (event->spontaneous()) return;
+  keeping_.place.keep(*this, pos());
+  keeping_.store.write(kLowerValue, std::to_string(splitter_->sizes().back()));
+}
+
+void FrmRush::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::StyleChange && right_ != nullptr) layOut();
+  QWidget::changeEvent(event);
+}
+
+}  // namespace kvo

@@ -1,0 +1,92 @@
+// The editor's window: its frame and the places of its parts. Pages, preview and timeline are given to it.
+#pragma once
+
+#include "ports/user_store.h"
+#include "windows/editor/rush_acts.h"
+#include "windows/place/window_place.h"
+
+#include <QCoreApplication>
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <string>
+
+class QScrollArea;
+class QSplitter;
+class QStackedWidget;
+class QVBoxLayout;
+
+namespace kvo {
+
+class ClipDetailsPart;
+class ClipKeysPart;
+class ClipSlidersPart;
+class EditorPage;
+class JogWheelPart;
+class RushTabs;
+
+class FrmRush final : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(kvo::FrmRush)
+
+ public:
+  /// Where it stands, and how high its timeline is, are kept.
+  struct Keeping {
+    WindowPlace place;
+    UserStore& store;
+  };
+
+  /// `pictures` is the folder of the keys' pictures, with its separator.
+  FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::string pictures);
+  ~FrmRush() override;
+
+  // What is given becomes the window's; each is told to draw itself by the window's own draw().
+
+  /// The page of a tab, 1 to 7.
+  void setPage(int tab, EditorPage* page, std::function<void()> draw);
+  /// The picture, which takes the room that there is, and the row below it.
+  void setPreview(QWidget* picture, QWidget* positionRow, std::function<void()> draw);
+  void setTimeline(QWidget* timeline, std::function<void()> draw);
+
+  /// Brings it in line with the state; it appears where it was.
+  void draw();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  static constexpr int kPages = 7;
+
+  QWidget* makeUpper();
+  QWidget* makeRight();
+  QWidget* makeLower();
+  void makeShortcuts();
+  void layOut();
+  void appear();
+  [[nodiscard]] bool takes(int key, Qt::KeyboardModifiers with);
+
+  RushState state_;
+  RushActs acts_;
+  Keeping keeping_;
+  std::string pictures_;
+  RushTabs* tabs_ = nullptr;
+  QSplitter* splitter_ = nullptr;
+  QWidget* upper_ = nullptr;
+  QWidget* lower_ = nullptr;
+  QStackedWidget* pages_ = nullptr;
+  QVBoxLayout* middle_ = nullptr;
+  QVBoxLayout* below_ = nullptr;
+  QScrollArea* right_ = nullptr;
+  ClipDetailsPart* details_ = nullptr;
+  ClipSlidersPart* sliders_ = nullptr;
+  JogWheelPart* wheel_ = nullptr;
+  ClipKeysPart* keys_ = nullptr;
+  std::array<QWidget*, kPages> pageOf_{};
+  std::array<std::function<void()>, kPages> drawPage_;
+  std::function<void()> drawPreview_ = [] {};
+  std::function<void()> drawTimeline_ = [] {};
+};
+
+}  // namespace kvo

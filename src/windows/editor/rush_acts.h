@@ -1,0 +1,37 @@
+// What the frame of the editor's window shows, and what it asks when the user acts on it.
+#pragma once
+
+#include "editor/tabs/editor_parts_state.h"
+
+#include <functional>
+
+namespace kvo {
+
+/// All outlive the window.
+struct RushState {
+  const EditorFrame& frame;
+  const ClipStats& stats;
+  const ClipSliders& sliders;
+  const EditorTotals& totals;
+  const ClipKeys& keys;
+  const EditorHistory& history;
+};
+
+/// None may be empty.
+struct RushActs {
+  std::function<void(int tab)> Buildtabs;  ///< 1 to 7
+  std::function<void(ClipKey key)> clipKey;
+  std::function<void(int hundredths)> moveRate;
+  std::function<void()> rateLetGo;
+  std::function<void(int tenths)> moveLevel;
+  std::function<void()> levelLetGo;
+  std::function<void(int frames)> jog;         ///< the wheel has gone on by so many frames, or back
+  std::function<void(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes
+  std::function<void(double part)> zoom;       ///< of the timeline, 0 to 1
+  std::function<void()> wholeMovie;
+  std::function<void()> preview;  ///< Space
+  std::function<void()> save;
+  std::function<void()> close;
+};
+
+}  // namespace kvo

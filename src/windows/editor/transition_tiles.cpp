@@ -1,0 +1,297 @@
+#include "windows/editor/transition_tiles.h"
+
+#include "ui/focus_ring.h"
+#include "ui/kvo_style.h"
+#include "ui/made.h"
+#include "ui/painting.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+
+namespace kvo {
+namespace {
+
+constexpr QSize kTile(75, 68);
+constexpr int kTilePitch = 74;  // they touch, as only one of them has a rim
+constexpr int kTilesSide = 1;
+constexpr int kTilesTop = 6;
+constexpr QRectF kTilePicture(6.5, 8, 62, 35);
+constexpr QRectF kTileName(2, 45, 71, 18);
+constexpr double kTileRadius = 5;
+constexpr double kPictureRadius = 3;
+constexpr int kStarSide = 14;
+constexpr double kTileText = 10.2;
+constexpr int kStepTime = 80;  // milliseconds
+
+}  // namespace
+
+TransitionTiles::TransitionTiles(const TransitionTab& state, TransitionSamples& samples, Acts acts,
+                                 QWidget* parent)
+    : QScrollArea(parent),
+      state_(state),
+      samples_(samples),
+      acts_(std::move(acts)),
+      sheet_(made<QWidget>(this)) {
+  setProperty("role", "list");
+  setAccessibleName(tr("Transitions"));
+  setFocusPolicy(Qt::StrongFocus);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  sheet_->setMouseTracking(true);
+  sheet_->setAutoFillBackground(false);
+  sheet_->installEventFilter(this);
+  setWidget(sheet_);
+  viewport()->setAutoFillBackground(false);
+}
+
+QRect TransitionTiles::tileRect(int index) const {
+  const int left = kTilesSide + kTilePitch * (index % kColumns);
+  const int top = kTilesTop + kTile.height() * (index / kColumns);
+  return {themed(left), themed(top), themed(kTile.width()), themed(kTile.height())};
+}
+
+QRect TransitionTiles::starRect(int index) const {
+  const auto tile = tileRect(index);
+  const int side = themed(kStarSide + 10);  // what takes the mouse is larger than the star
+  return {tile.right() - side, tile.top(), side, side};
+}
+
+int TransitionTiles::tileAt(const QPoint& at) const {
+  for (int i = 0; i < static_cast<int>(state_.shown.size()); ++i)
+    if (tileRect(i).contains(at)) return i;
+  return -1;
+}
+
+int TransitionTiles::chosen() const {
+  const auto found = std::find(state_.shown.begin(), state_.shown.end(), state_.panel.selected);
+  return found == state_.shown.end() ? -1 : static_cast<int>(found - state_.shown.begin());
+}
+
+bool TransitionTiles::isFavourite(const std::string& name) const {
+  return std::find(state_.favourites.begin(), state_.favourites.end(), name) != state_.favourites.end();
+}
+
+void TransitionTiles::layOut() {
+  const int rows = (static_cast<int>(state_.shown.size()) + kColumns - 1) / kColumns;
+  sheet_->resize(viewport()->width(), themed(kTilesTop * 2 + kTile.height() * rows));
+  verticalScrollBar()->setSingleStep(themed(kTile.height()) / 2);
+}
+
+void TransitionTiles::draw() {
+  const bool otherNames = drawnNames_ != state_.shown;
+  const bool otherChoice = drawnChoice_ != state_.panel.selected;
+  const int revision = samples_.revision();
+  if (!otherNames && !otherChoice && drawnRevision_ == revision && drawnFavourites_ == state_.favourites)
+    return;
+  if (otherNames) {
+    drawnNames_ = state_.shown;
+    hover(-1);
+    layOut();
+  }
+  drawnChoice_ = state_.panel.selected;
+  drawnFavourites_ = state_.favourites;
+  drawnRevision_ = revision;
+  if (const int index = chosen(); index >= 0 && (otherNames || otherChoice)) {
+    const auto tile = tileRect(index);
+    ensureVisible(tile.center().x(), tile.center().y(), 0, tile.height());
+  }
+  setAccessibleDescription(shown(state_.panel.selected));
+  sheet_->update();
+}
+
+void TransitionTiles::paint(QPainter& painter, const QRect& region) {
+  if (state_.shown.empty()) {
+    painter.setPen(toColour(token("text3")));
+    painter.drawText(sheet_->rect().adjusted(0, themed(40), 0, 0), Qt::AlignHCenter | Qt::AlignTop,
+                     tr("No transition of that name"));
+  }
+  for (int i = 0; i < static_cast<int>(state_.shown.size()); ++i)
+    if (tileRect(i).intersects(region)) paintTile(painter, i);
+}
+
+void TransitionTiles::paintTile(QPainter& painter, int index) {
+  const Painting kept(painter);
+  const auto& name = state_.shown[static_cast<std::size_t>(index)];
+  const QRectF tile = tileRect(index);
+  const bool isChosen = index == chosen(), isHovered = index == hovered_;
+  const double rim = themed(2);
+  const auto inner = tile.adjusted(rim / 2, rim / 2, -rim / 2, -rim / 2);
+  painter.setPen(isChosen ? QPen(toColour(token("teal")), rim) : QPen(Qt::NoPen));
+  painter.setBrush(isChosen    ? QBrush(toColour(token("tealBg")))
+                   : isHovered ? QBrush(toColour(token("ink2")))
+                               : QBrush(Qt::NoBrush));
+  painter.drawRoundedRect(inner, themed(kTileRadius), themed(kTileRadius));
+  const auto placed = [&](const QRectF& part) {
+    return QRectF(tile.x() + themed(part.x()), tile.y() + themed(part.y()), themed(part.width()),
+                  themed(part.height()));
+  };
+  paintSample(painter, placed(kTilePicture), name, isHovered ? step_ : kTransitionSampleStill);
+  QFont font(painter.font());
+  font.setPixelSize(qRound(themed(kTileText * 10) / 10.0));
+  font.setWeight(isChosen ? QFont::DemiBold : QFont::Normal);
+  painter.setFont(font);
+  painter.setPen(toColour(!isEnabled() ? token("textOff") : isChosen ? token("text1") : token("text2")));
+  const auto line = placed(kTileName);
+  painter.drawText(line, Qt::AlignCenter,
+                   QFontMetricsF(font).elidedText(shown(name), Qt::ElideRight, line.width()));
+  if (isHovered || isFavourite(name)) {
+    const auto star = starRect(index);
+    painter.drawPixmap(star.center() - QPoint(themed(kStarSide), themed(kStarSide)) / 2,
+                       iconPicture("star", isFavourite(name) ? token("amber") : token("text1"),
+                                   themed(kStarSide), devicePixelRatio()));
+  }
+  if (isChosen && showsFocus(*this)) drawFocusRing(painter, tile, themed(kTileRadius + 2));
+}
+
+void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const std::string& name, int step) {
+  QPainterPath round;
+  round.addRoundedRect(place, themed(kPictureRadius), themed(kPictureRadius));
+  const Painting kept(painter);
+  painter.setClipPath(round);
+  painter.fillRect(place, toColour(token("ink3")));
+  auto picture = samples_.picture(name, step);
+  if (picture == nullptr && step != kTransitionSampleStill)
+    picture = samples_.picture(name, kTransitionSampleStill);
+  if (picture == nullptr) return;
+  const QImage image(picture->bgr.data(), picture->width, picture->height, picture->width * 3,
+                     QImage::Format_BGR888);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setOpacity(isEnabled() ? 1 : 0.4);
+  painter.drawImage(place, image);
+}
+
+void TransitionTiles::hover(int index) {
+  if (index == hovered_) return;
+  hovered_ = index;
+  step_ = 0;
+  index >= 0 ? moving_.start(kStepTime, this) : moving_.stop();
+  sheet_->update();
+}
+
+void TransitionTiles::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != moving_.timerId()) return QScrollArea::timerEvent(event);
+  step_ = (step_ + 1) % kTransitionSampleSteps;
+  if (hovered_ >= 0) sheet_->update(tileRect(hovered_));
+}
+
+bool TransitionTiles::pressed(const QPoint& at, Qt::MouseButton button) {
+  const int index = tileAt(at);
+  if (index < 0 || button != Qt::LeftButton) return false;
+  const auto name = state_.shown[static_cast<std::size_t>(index)];
+  starRect(index).contains(at) ? acts_.toggleFavourite(name) : acts_.pick(name);
+  return true;
+}
+
+void TransitionTiles::offerFavourite(int index, const QPoint& global) {
+  if (index < 0) return;
+  const auto name = state_.shown[static_cast<std::size_t>(index)];
+  QMenu menu(this);
+  menu.addAction(isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
+                 [this, name] { acts_.toggleFavourite(name); });
+  menu.exec(global);
+}
+
+void TransitionTiles::showTip(const QPoint& at, const QPoint& global) {
+  const int index = tileAt(at);
+  if (index < 0) return QToolTip::hideText();
+  const bool onStar = starRect(index).contains(at);
+  QToolTip::showText(global, onStar ? tr("Favourite") : shown(state_.shown[static_cast<std::size_t>(index)]),
+                     sheet_, onStar ? starRect(index) : tileRect(index));
+}
+
+bool TransitionTiles::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != sheet_) return QScrollArea::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::Paint: {
+      QPainter painter(sheet_);
+      paint(painter, static_cast<QPaintEvent*>(event)->rect());
+      return true;
+    }
+    case QEvent::MouseButtonPress: {
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      setFocus(Qt::MouseFocusReason);
+      return pressed(mouse->position().toPoint(), mouse->button());
+    }
+    case QEvent::MouseMove:
+      hover(tileAt(static_cast<QMouseEvent*>(event)->position().toPoint()));
+      return false;
+    case QEvent::Leave:
+      hover(-1);
+      return false;
+    case QEvent::ContextMenu: {
+      const auto* menu = static_cast<QContextMenuEvent*>(event);
+      offerFavourite(tileAt(menu->pos()), menu->globalPos());
+      return true;
+    }
+    case QEvent::ToolTip: {
+      const auto* help = static_cast<QHelpEvent*>(event);
+      showTip(help->pos(), help->globalPos());
+      return true;
+    }
+    default:
+      return QScrollArea::eventFilter(watched, event);
+  }
+}
+
+void TransitionTiles::keyPressEvent(QKeyEvent* event) {
+  const int all = static_cast<int>(state_.shown.size());
+  const int page = std::max(1, viewport()->height() / themed(kTile.height())) * kColumns;
+  switch (event->key()) {
+    case Qt::Key_Left:
+      return acts_.pickNext(-1);
+    case Qt::Key_Right:
+      return acts_.pickNext(1);
+    case Qt::Key_Up:
+      return acts_.pickNext(-kColumns);
+    case Qt::Key_Down:
+      return acts_.pickNext(kColumns);
+    case Qt::Key_PageUp:
+      return acts_.pickNext(-page);
+    case Qt::Key_PageDown:
+      return acts_.pickNext(page);
+    case Qt::Key_Home:
+      return acts_.pickNext(-all);
+    case Qt::Key_End:
+      return acts_.pickNext(all);
+    case Qt::Key_Menu: {
+      const int index = chosen();
+      return offerFavourite(index, index < 0 ? QPoint() : sheet_->mapToGlobal(tileRect(index).center()));
+    }
+    default:
+      event->ignore();  // on to the window, not to the bar
+  }
+}
+
+void TransitionTiles::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  layOut();
+}
+
+void TransitionTiles::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::StyleChange || event->type() == QEvent::EnabledChange) {
+    layOut();
+    sheet_->update();
+  }
+  QScrollArea::changeEvent(event);
+}
+
+void TransitionTiles::focusInEvent(QFocusEvent* event) {
+  QScrollArea::focusInEvent(event);
+  sheet_->update();
+}
+
+void TransitionTiles::focusOutEvent(QFocusEvent* event) {
+  QScrollArea::focusOutEvent(event);
+  sheet_->update();
+}
+
+}  // namespace kvo

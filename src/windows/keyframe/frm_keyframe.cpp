@@ -1,0 +1,248 @@
+#include "windows/keyframe/frm_keyframe.h"
+
+#include "ui/cool_list_view.h"
+#include "ui/made.h"
+#include "ui/over_owner.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/editor/headed_slider.h"
+#include "windows/keyframe/keyframe_strip.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+
+namespace kvo {
+namespace {
+
+constexpr QSize kKeyframeWindow(760, 500);
+constexpr QRect kListCard(16, 166, 232, 318);
+constexpr QRect kControlsCard(260, 166, 484, 318);
+constexpr int kControlsLeft = 274;
+constexpr int kControlsWide = 456;
+constexpr int kControlsHalf = 220;
+constexpr int kLevelY = 201;
+constexpr int kControlPitch = 40;
+constexpr int kColourPitch = 116;
+constexpr int kKeyframeRow = 24;
+
+ControlColour listGround(Rgb rgb) {
+  return ((rgb & 0xFFU) << 16U) | (rgb & 0xFF00U) | ((rgb >> 16U) & 0xFFU);
+}
+
+CoolListProperties keyframeRows() {
+  CoolListProperties p;
+  p.BackNormal = listGround(token("ink0"));
+  p.BackSelected = listGround(token("tealBg"));
+  p.FontNormal = listGround(token("text1"));
+  p.FontSelected = listGround(token("text1"));
+  p.ItemHeightAuto = false;
+  p.ItemHeight = themed(kKeyframeRow);
+  p.ItemTextLeft = themed(32);
+  p.ScrollBarWidth = themed(10);
+  p.WordWrap = false;
+  return p;
+}
+
+}  // namespace
+
+FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, std::function<void(Long)> showFrame,
+                         PictureOfClip picture)
+    : EditorPage(nullptr, kKeyframeWindow, "window"),
+      state_(state),
+      logic_(std::move(logic)),
+      showFrame_(std::move(showFrame)),
+      picture_(std::move(picture)),
+      clipName_(write({}, "heading", {16, 14, 240, 20})),
+      effectName_(write({}, "lit", {260, 14, 240, 20})),
+      frame_(write({}, "hint", {444, 14, 300, 20})) {
+  setWindowFlags(Qt::Tool | Qt::WindowStaysOnTopHint);
+  setWindowTitle(tr("KVO5 - Keyframes"));
+  setAccessibleName(tr("Keyframes"));
+  frame_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  for (const auto& card : {kListCard, kControlsCard})
+    put(made<QFrame>(this), card)->setProperty("role", "card");
+  makeStrip();
+  makeList();
+  makeControls();
+}
+
+// The frame that is shown goes with the slider, whatever has moved it.
+void FrmKeyframe::act(const std::function<void()>& work) {
+  const int before = state_.Sld_FramePosMaster.Value;
+  work();
+  if (state_.Sld_FramePosMaster.Value != before) showFrame_(state_.Sld_FramePosMaster.Value);
+  logic_.acted();
+}
+
+void FrmKeyframe::makeStrip() {
+  strip_ = put(made<KeyframeStrip>(state_, this), {16, 42, 728, 92});
+  strip_->setAccessibleName(tr("Keyframes over time"));
+  strip_->setToolTip(tr("Drag a diamond to move its keyframe; arrow keys move the chosen one"));
+  strip_->chosen = [this](int line) {
+    act([&] { chooseKeyframe(logic_.editing, state_, logic_.host, line); });
+  };
+  strip_->dragged = [this](int line, Long frame, double level) {
+    act([&] { dragKeyframe(logic_.editing, state_, logic_.host, line, frame, level); });
+  };
+  const auto goTo = [this](int frame) { act([&] { moveToFrame(logic_.editing, state_, frame); }); };
+  strip_->wentTo = goTo;
+  // In line with the strip's frames: the handle's middle is at its first.
+  master_ = put(made<HeadedSlider>(tr("Frame"), this), {28, 136, 704, HeadedSlider::kBareHeight});
+  master_->moved = goTo;
+}
+
+void FrmKeyframe::makeList() {
+  write(tr("Keyframes"), "caption", {30, 175, 180, 16});
+  list_ = put(made<CoolListView>(this, keyframeRows()), {28, 198, 208, 178});
+  list_->setAccessibleName(tr("Keyframes"));
+  list_->setToolTip(tr("Keyframes of this effect"));
+  CoolListView::Look look;
+  look.emptyText = tr("No keyframes");
+  look.iconLeft = themed(12);
+  list_->setLook(std::move(look));
+  list_->SetImageList({iconPicture("key", token("text3"), themed(14), devicePixelRatio()),
+                       iconPicture("key", token("teal"), themed(14), devicePixelRatio()),
+                       iconPicture("warn", token("text3"), themed(14), devicePixelRatio())});
+  list_->events.ListIndexChange = [this] {
+    if (isDrawing_ || list_->list().ListIndex() < 0) return;
+    act([&] { chooseKeyframe(logic_.editing, state_, logic_.host, list_->list().ListIndex()); });
+  };
+  const auto key = [this](const QString& text, const QString& tip, const QRect& place, auto rule) {
+    auto* made = put(kvo::made<QPushButton>(text, this), place);
+    made->setToolTip(tip);
+    connect(made, &QPushButton::clicked,
+            [this, rule] { act([&] { rule(logic_.editing, state_, logic_.host); }); });
+    return made;
+  };
+  add_ = key(tr("Add a new keyframe here"), tr("Add a new keyframe at this frame"), {28, 386, 208, 32},
+             addKeyframeHere);
+  add_->setProperty("kind", "primary");
+  add_->setIcon(QIcon(iconPicture("add", token("onTeal"), themed(16), devicePixelRatio())));
+  delete_ = key(tr("Delete"), tr("Delete the chosen keyframe"), {28, 426, 100, 28}, deleteChosenKeyframe);
+  delete_->setIcon(themeIcon("bin"));
+  deleteAll_ = key(tr("Delete all"), tr("Delete all keyframes but the first"), {136, 426, 100, 28},
+                   deleteAllKeyframes);
+  instantPreview_ = put(made<QCheckBox>(tr("Instant Preview"), this), {24, 457, 208, 24});
+  instantPreview_->setToolTip(tr("Show each change at once"));
+  connect(instantPreview_, &QCheckBox::clicked,
+          [this](bool on) { act([&] { tickInstantPreview(logic_.editing, state_, logic_.host, on); }); });
+}
+
+void FrmKeyframe::makeControls() {
+  heading_ = write({}, "caption", {kControlsLeft, 175, kControlsWide, 16});
+  for (std::size_t i = 0; i < kKeyframeSliders; ++i) {
+    const auto name = i == 0 ? tr("Effect Level") : tr("Control %1").arg(i);
+    const int place = static_cast<int>(i) - 1;
+    const QRect where =
+        i == 0 ? QRect(kControlsLeft, kLevelY, kControlsWide, HeadedSlider::kHeight)
+               : QRect(kControlsLeft + place % 2 * (kControlsWide - kControlsHalf),
+                       kLevelY + 44 + place / 2 * kControlPitch, kControlsHalf, HeadedSlider::kHeight);
+    sliders_[i] = put(made<HeadedSlider>(name, this), where);
+    sliders_[i]->moved = [this, i](int value) {
+      act([&] { moveKeyframeSlider(logic_.editing, state_, logic_.host, i, value); });
+    };
+  }
+  sliders_[0]->slider()->setToolTip(tr("Effect Level, Effect Intensity, Opacity, Effect Visibility"));
+  additive_ = put(made<QCheckBox>(tr("Overlay the blur on the picture"), this),
+                  {kControlsLeft - kMarkRoom, kLevelY + 92, kControlsWide, 24});
+  additive_->setToolTip(tr("Add the blur to the picture, in place of blurring it"));
+  connect(additive_, &QCheckBox::clicked,
+          [this](bool on) { act([&] { tickMblurAddative(logic_.editing, state_, logic_.host, on); }); });
+  const std::array names = {tr("Fore color"), tr("Back color"), tr("Extra color"), tr("Texture color")};
+  for (std::size_t i = 0; i < kKeyframeColours; ++i) {
+    const int left = kControlsLeft + kColourPitch * static_cast<int>(i);
+    colourNames_[i] = write(names[i], "hint", {left, 412, 108, 16});
+    colours_[i] = put(made<QComboBox>(this), {left, 431, 108, 28});
+    colours_[i]->setAccessibleName(names[i]);
+    colours_[i]->setToolTip(names[i]);
+    colours_[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(colours_[i], &QComboBox::activated, [this, i](int chosen) {
+      act([&] { chooseParamColor(logic_.editing, state_, logic_.host, i, chosen); });
+    });
+  }
+  colourNote_ = write(tr("Colors and texture do not change over time: the first keyframe decides."), "hint",
+                      {kControlsLeft, 462, kControlsWide, 16});
+}
+
+void FrmKeyframe::drawList() {
+  auto& list = list_->list();
+  if (drawnList_.rows != state_.Lst_Keyframes.rows) {
+    std::vector<CoolListItem> items;
+    for (std::size_t i = 0; i < state_.Lst_Keyframes.rows.size(); ++i) {
+      const bool ignored = state_.ignored[i];
+      items.push_back({state_.Lst_Keyframes.rows[i], static_cast<std::int16_t>(ignored ? 3 : 1),
+                       static_cast<std::int16_t>(ignored ? 3 : 2), false});
+    }
+    list.setItems(std::move(items));
+    drawnList_.rows = state_.Lst_Keyframes.rows;
+  }
+  if (list.ListIndex() != state_.Lst_Keyframes.ListIndex)
+    (void)list.setListIndex(state_.Lst_Keyframes.ListIndex);
+}
+
+void FrmKeyframe::drawControls() {
+  const bool isTable = state_.controls == KeyframeControls::Table;
+  const bool isMotion = state_.controls == KeyframeControls::MotionBlur;
+  const std::size_t count = isTable ? kKeyframeSliders : isMotion ? 2 : 1;
+  for (std::size_t i = 0; i < kKeyframeSliders; ++i) {
+    sliders_[i]->setVisible(i < count);
+    const auto& slider = state_.sliders[i];
+    const bool isLevel = isTable && i == 0;
+    if (i < count)
+      sliders_[i]->draw(slider, told(slider.heading), QString::number(slider.Value) + (isLevel ? "%" : ""));
+  }
+  additive_->setVisible(isMotion);
+  additive_->setChecked(state_.Chk_MblurAddative);
+  colourNote_->setVisible(isTable);
+  const bool isOther = drawnColours_ != state_.colours;
+  for (std::size_t i = 0; i < kKeyframeColours; ++i) {
+    const auto& colour = state_.Cmb_ParamColor[i];
+    colours_[i]->setVisible(isTable);
+    colourNames_[i]->setVisible(isTable);
+    colours_[i]->setEnabled(colour.enabled);
+    colourNames_[i]->setEnabled(colour.enabled);
+    if (isOther) {
+      colours_[i]->clear();
+      for (const auto& name : state_.colours) colours_[i]->addItem(shown(name));
+    }
+    colours_[i]->setCurrentIndex(colour.chosen);
+  }
+  if (isOther) drawnColours_ = state_.colours;
+}
+
+void FrmKeyframe::draw(QWidget* owner) {
+  if (!state_.visible || owner == nullptr) return hide();
+  isDrawing_ = true;
+  setTextOf(*clipName_, shown(state_.clipName));
+  setTextOf(*effectName_, told(state_.effectName));
+  clipName_->resize(std::min(clipName_->sizeHint().width(), themed(240)), clipName_->height());
+  effectName_->move(clipName_->geometry().right() + themed(8), clipName_->y());
+  setTextOf(*frame_, shown(state_.Lbl_Frame));
+  setTextOf(*heading_, told(state_.effectName));
+  strip_->draw(picture_ ? picture_(state_.clipNo) : QImage());
+  strip_->setAccessibleDescription(shown(state_.Lbl_Frame));
+  master_->draw(state_.Sld_FramePosMaster, {}, QString::number(state_.Sld_FramePosMaster.Value));
+  drawList();
+  drawControls();
+  delete_->setEnabled(state_.canDelete);
+  deleteAll_->setEnabled(state_.canDelete);
+  instantPreview_->setChecked(state_.instantPreview);
+  isDrawing_ = false;
+  if (!isVisible()) showOverOwner(*this, *owner);
+}
+
+void FrmKeyframe::keyPressEvent(QKeyEvent* event) {
+  event->key() == Qt::Key_Escape ? static_cast<void>(close()) : EditorPage::keyPressEvent(event);
+}
+
+void FrmKeyframe::closeEvent(QCloseEvent* event) {
+  event->accept();
+  act([&] { SuspendKeyframeForm(logic_.editing, state_); });
+}
+
+}  // namespace kvo

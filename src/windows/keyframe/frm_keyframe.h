@@ -1,0 +1,71 @@
+// The window of keyframes, Frm_Keyframe.
+#pragma once
+
+#include "editor/tabs/keyframe_window.h"
+#include "windows/editor/editor_page.h"
+#include "windows/editor/picture_of_clip.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace kvo {
+
+class CoolListView;
+class HeadedSlider;
+class KeyframeStrip;
+
+class FrmKeyframe final : public EditorPage {
+  Q_DECLARE_TR_FUNCTIONS(kvo::FrmKeyframe)
+
+ public:
+  /// `showFrame` brings the picture to a frame of the clip.
+  FrmKeyframe(KeyframeWindow& state, PageLogic logic, std::function<void(Long frame)> showFrame,
+              PictureOfClip picture);
+
+  /// Brings it in line with the state, above `owner`; null closes it.
+  void draw(QWidget* owner);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void makeStrip();
+  void makeList();
+  void makeControls();
+  void act(const std::function<void()>& work);
+  void drawList();
+  void drawControls();
+
+  KeyframeWindow& state_;
+  PageLogic logic_;
+  std::function<void(Long)> showFrame_;
+  PictureOfClip picture_;
+  QLabel* clipName_;
+  QLabel* effectName_;
+  QLabel* frame_;
+  KeyframeStrip* strip_ = nullptr;
+  HeadedSlider* master_ = nullptr;
+  CoolListView* list_ = nullptr;
+  QPushButton* add_ = nullptr;
+  QPushButton* delete_ = nullptr;
+  QPushButton* deleteAll_ = nullptr;
+  QCheckBox* instantPreview_ = nullptr;
+  QLabel* heading_ = nullptr;
+  std::array<HeadedSlider*, kKeyframeSliders> sliders_{};
+  QCheckBox* additive_ = nullptr;
+  std::array<QComboBox*, kKeyframeColours> colours_{};
+  std::array<QLabel*, kKeyframeColours> colourNames_{};
+  QLabel* colourNote_ = nullptr;
+  std::vector<std::string> drawnColours_;
+  ListBox drawnList_;
+  bool isDrawing_ = false;
+};
+
+}  // namespace kvo

@@ -1,0 +1,118 @@
+// The small pictures that the transitions are chosen by.
+#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/transition_painter.h"
+#include "vocabulary/transitions.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+constexpr int kDark = 60;
+constexpr int kBright = 200;
+
+FramePicture grey(int value) {
+  const auto byte = static_cast<std::uint8_t>(value);
+  return plainSamplePicture(byte, byte, byte);
+}
+
+double meanOf(const FramePicture& picture) {
+  double sum = 0;
+  for (const auto byte : picture.bgr) sum += byte;
+  return sum / static_cast<double>(picture.bgr.size());
+}
+
+// Of each name on offer: it begins with the first picture, ends with the second, and is neither between.
+TEST(TransitionPainter, PaintsEveryNameOnOffer) {
+  for (const auto name : transitionNames()) {
+    const auto paint = preparePainting(name, grey(kDark), grey(kBright));
+    ASSERT_TRUE(paint) << name << ": " << paint.error().text;
+    const auto middle = (*paint)((kTransitionSampleStill + 0.5) / kTransitionSampleSteps);
+    EXPECT_EQ(std::pair(middle.width, middle.height),
+              std::pair(kTransitionSampleWidth, kTransitionSampleHeight))
+        << name;
+    const auto other = [&](int than) {
+      return std::any_of(middle.bgr.begin(), middle.bgr.end(),
+                         [&](int byte) { return std::abs(byte - than) > 20; });
+    };
+    EXPECT_TRUE(other(kDark) && other(kBright)) << name;
+    EXPECT_NEAR(meanOf((*paint)(1)), kBright, 3) << name;
+  }
+  EXPECT_FALSE(preparePainting("no such transition", grey(kDark), grey(kBright)));
+}
+
+// Every file is grey, by the length of its name.
+class GreyFiles final : public FrameSource {
+ public:
+  Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
+  Result<FramePicture> frame(const std::string& path, double /*seconds*/, int /*width*/,
+                             int /*height*/) override {
+    return path == "/v/gone.avi" ? Result<FramePicture>(Error{path})
+                                 : grey(static_cast<int>(path.size()) * 10);
+  }
+};
+
+class SamplesBench {
+ public:
+  GreyFiles files;
+  Collection collection;
+  EngineTransitionSamples samples{files, [this] {
+                                    const std::lock_guard lock(mutex_);
+                                    ++come_;
+                                    heard_.notify_all();
+                                  }};
+
+  void add(const std::string& name) {
+    auto& clip = collection.MovieList.add({});
+    clip.Path("/v/");
+    clip.MovieName(name);
+    clip.LoopEnd(Value(5));
+  }
+
+  TransitionSamples::Picture wait(std::string_view name, int step = kTransitionSampleStill) {
+    std::unique_lock lock(mutex_);
+    const int before = come_;
+    if (auto there = samples.picture(name, step)) return there;
+    heard_.wait_for(lock, std::chrono::seconds(20), [&] { return come_ > before; });
+    lock.unlock();
+    return samples.picture(name, step);
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable heard_;
+  int come_ = 0;
+};
+
+TEST(TransitionSamples, AreOfTheFirstTwoClipsWithAPicture) {
+  SamplesBench b;
+  const auto plain = b.wait("Wipe Hard");
+  ASSERT_NE(plain, nullptr);
+  const int before = b.samples.revision();
+  b.add("song.mp3");
+  b.add("a.avi");
+  b.add("longer.avi");
+  b.samples.useClips(b.collection);
+  EXPECT_GT(b.samples.revision(), before);
+  const auto first = b.wait("Wipe Hard", 0), last = b.wait("Wipe Hard", kTransitionSampleSteps - 1);
+  ASSERT_TRUE(first != nullptr && last != nullptr);
+  EXPECT_NEAR(meanOf(*first), 80, 5) << "/v/a.avi";
+  EXPECT_NEAR(meanOf(*last), 130, 5) << "/v/longer.avi";
+  b.samples.useClips(b.collection);
+  EXPECT_EQ(b.samples.picture("Wipe Hard", 0), first) << "the same clips: it is kept";
+}
+
+TEST(TransitionSamples, AFileThatIsGoneIsAPlainColour) {
+  SamplesBench b;
+  b.add("gone.avi");
+  b.samples.useClips(b.collection);
+  EXPECT_NE(b.wait("Barn"), nullptr);
+  EXPECT_EQ(b.samples.picture("no such transition", 0), nullptr);
+  EXPECT_NE(b.wait("Iris"), nullptr) << "and those behind it come";
+}
+
+}  // namespace
+}  // namespace kvo

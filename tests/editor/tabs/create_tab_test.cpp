@@ -1,0 +1,127 @@
+// The Create tab: what its controls write, and what they show of it.
+#include "editor/tabs/create_tab.h"
+
+#include "editor/tabs/operations.h"
+#include "editor/tabs/tab_bench.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+struct CreateBench : test::Bench {
+  CreateTab tab;
+  test::NotingHost host{collection};
+  CreateRules rules{editing, tab, host};
+
+  CreateBench() {
+    addVideo("a.avi", 0, 5);
+    rules.restore();
+  }
+  [[nodiscard]] const Preferences& kept() const { return settings.preferences(); }
+};
+
+int rowOfSize(std::string_view text) {
+  const auto sizes = outputSizes();
+  return static_cast<int>(std::find(sizes.begin(), sizes.end(), text) - sizes.begin());
+}
+
+// The size that is shown, the one that is kept and the one that a compile asks for are one.
+TEST(CreateTab, ASizeIsOneForWindowFileAndCompile) {
+  struct Row {
+    const char* name;
+    std::function<void(CreateRules&)> act;
+    int width, height;
+    bool isPreset;
+  };
+  for (const auto& row :
+       {Row{"as it comes", [](auto&) {}, 240, 320, false},
+        Row{"preset", [](auto& r) { r.chooseSize(rowOfSize("1280 x 720")); }, 1280, 720, true},
+        Row{"no such row", [](auto& r) { r.chooseSize(999); }, 240, 320, false},
+        Row{"typed", [](auto& r) { r.typeSize(500, 400); }, 500, 400, false},
+        Row{"typed as a preset is", [](auto& r) { r.typeSize(640, 480); }, 640, 480, true},
+        Row{"empty boxes", [](auto& r) { r.typeSize(0, 0); }, 320, 240, true},
+        Row{"out of range", [](auto& r) { r.typeSize(3001, -1); }, 240, 320, false}}) {
+    CreateBench b;
+    row.act(b.rules);
+    int width = 0, height = 0;
+    GetHeightWidth(b.editor.controls, height, width);
+    EXPECT_EQ(std::pair(width, height), std::pair(row.width, row.height)) << row.name;
+    EXPECT_EQ(std::pair(b.tab.txtWidth, b.tab.txtHeight), std::pair(row.width, row.height)) << row.name;
+    EXPECT_EQ(std::pair(int{b.kept().RenderWidth}, int{b.kept().RenderHeight}),
+              std::pair(row.width, row.height))
+        << row.name;
+    EXPECT_EQ(b.tab.sizeRow >= 0, row.isPreset) << row.name;
+    if (b.tab.sizeRow >= 0) {
+      EXPECT_EQ(outputSizes()[static_cast<std::size_t>(b.tab.sizeRow)], b.editor.controls.Cmb_Res)
+          << row.name;
+    }
+  }
+}
+
+TEST(CreateTab, RateDepthAndPowerGoThroughTheHistory) {
+  CreateBench b;
+  for (const auto& [typed, rate] :
+       {std::pair{"30", 30.0F}, {"1.5", 24.0F}, {"500", 120.0F}, {"abc", 120.0F}}) {
+    b.rules.typeRate(typed);
+    EXPECT_EQ(b.kept().OutPutFrameRate, rate) << typed;
+  }
+  EXPECT_EQ(b.tab.frameRate, "120");
+  b.rules.chooseDepth(16);
+  EXPECT_EQ(b.kept().OutputColorDepth, 16);
+  b.rules.movePower(3);
+  b.rules.movePower(11);
+  EXPECT_EQ(b.kept().PreviewCPU, 10);
+  EXPECT_EQ(b.host.look(),
+            "edit Frame rate 0 0, edit Frame rate 0 0, edit Frame rate 0 0, edit Colors 0 0, "
+            "edit Preview power 0 0 series, edit Preview power 0 0 series");
+  EXPECT_TRUE(b.settings.state.IsDirty);
+}
+
+TEST(CreateTab, ThePowerSaysWhatItCosts) {
+  CreateBench b;
+  EXPECT_EQ(b.tab.Fra_PreviewOpts, "Preview Performance \\ CPU Power Required - 50% CPU");
+  EXPECT_NE(b.tab.Label42.find("FPS drop from 25 to 10 fps"), std::string::npos) << b.tab.Label42;
+  b.rules.movePower(10);
+  EXPECT_EQ(b.tab.Fra_PreviewOpts, "100% CPU - Preview Performance \\ CPU Power Required");
+  EXPECT_EQ(b.tab.powerToolTip, "100% CPU");
+  EXPECT_NE(b.tab.Label42.find("H x W is output dimensions"), std::string::npos) << b.tab.Label42;
+  EXPECT_EQ(b.tab.Label42Changes, 1);
+  b.collection.clearLists();
+  b.rules.refresh();
+  EXPECT_EQ(b.tab.Label42, "\r\n\r\n\r\nNothing to Preview");
+  EXPECT_TRUE(b.tab.Label42Bold && !b.tab.canSave);
+}
+
+TEST(CreateTab, WhatIsRefusedShowsWhatHolds) {
+  CreateBench b;
+  b.host.refuses = true;
+  b.rules.chooseSize(0);
+  b.rules.movePower(9);
+  b.rules.chooseDepth(32);
+  EXPECT_EQ(b.tab.sizeRow, -1);
+  EXPECT_EQ(b.tab.Sld_CPURequired, 5);
+  EXPECT_EQ(b.tab.Fra_PreviewOpts, "50% CPU - Preview Performance \\ CPU Power Required");
+  EXPECT_EQ(b.tab.Cmb_ColorDepth, 24);
+}
+
+TEST(CreateTab, ARangeStaysWithinTheMovie) {
+  CreateBench b;
+  b.editor.VideoTotalTime = "51.9";
+  b.rules.chooseRange(true);
+  EXPECT_EQ(b.tab.Txt_Too, 51.9);
+  b.rules.typeRange(90, 10);
+  EXPECT_FALSE(b.tab.Opt_RenderRangeWhole);
+  EXPECT_EQ(std::pair(b.tab.Txt_From, b.tab.Txt_Too), std::pair(10.0, 51.9));
+  b.editor.VideoTotalTime = "0";  // the movie has become one of sound
+  b.editor.AudioTotalTime = "8";
+  b.rules.refresh();
+  EXPECT_EQ(std::pair(b.tab.Txt_From, b.tab.Txt_Too), std::pair(8.0, 8.0));
+  b.rules.chooseRange(true);
+  EXPECT_EQ(std::pair(b.tab.Txt_From, b.tab.Txt_Too), std::pair(0.0, 8.0));
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,173 @@
+// What the window of keyframes does to the keyframes of the clip in hand.
+#include "editor/tabs/keyframe_window.h"
+
+#include "editor/tabs/effect_tab.h"
+#include "editor/tabs/keyframe_edits.h"
+#include "editor/tabs/tab_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::TabBench;
+
+// A clip of 8 seconds at 25 frames; ColoredPencil is row 8 of the table and switch 14.
+struct KeyframeBench : TabBench {
+  KeyframeWindow window;
+  EffectTab tab;
+
+  explicit KeyframeBench(int position = 14) {
+    settings.change().OutPutFrameRate = 25;
+    clip(1).DurationTime(Value(8));
+    clip(1).DurationFrames(Value(200));
+    clip(1).LoopEnd(Value(8));
+    files.all["/prog/ParamCols.dat"] = "ALICEBLUE\r\nBLUEVIOLET\r\n";
+    enterTab(editing, tab, host);
+    tickEffect(editing, tab, host, position, true);
+    EXPECT_TRUE(opensKeyframes(editing, tab, position));
+    EXPECT_TRUE(ActivateKeyFrameForm(editing, window, host));
+    host.look();
+  }
+  void add(int frame) {
+    moveToFrame(editing, window, frame);
+    addKeyframeHere(editing, window, host);
+  }
+  [[nodiscard]] std::string frames() const {
+    std::string all;
+    for (const auto& point : window.points)
+      all += std::to_string(point.frame) + ":" + ShortText(point.level) + " ";
+    return all;
+  }
+};
+
+TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
+  KeyframeBench b;
+  const auto& w = b.window;
+  EXPECT_TRUE(w.visible);
+  EXPECT_EQ(w.effectName, "ColoredPencil");
+  EXPECT_EQ(w.Sld_FramePosMaster.Max, 200);
+  EXPECT_EQ(w.Lbl_Frame, "Current Frame = 000000 of 000200");
+  EXPECT_EQ(w.Lst_Keyframes.rows, std::vector<std::string>{"Keyframe No = 0000000"});
+  EXPECT_EQ(w.sliders[0].Value, 30) << "of the table";
+  EXPECT_EQ(w.sliders[2].Value, 10);
+  EXPECT_EQ(w.colours.at(static_cast<std::size_t>(w.Cmb_ParamColor[0].chosen)), "BLUEVIOLET");
+  EXPECT_EQ(w.Cmb_ParamColor[1].chosen, 0) << "a colour that the list does not have";
+  EXPECT_FALSE(w.Cmb_ParamColor[3].enabled || w.canDelete);
+  EXPECT_EQ(b.settings.state.KeyframeMode, kFlagOn);
+  SuspendKeyframeForm(b.editing, b.window);
+  EXPECT_EQ(b.settings.state.KeyframeMode, 0);
+
+  auto& still = b.clip(3);
+  still.LoopEnd(Value("N/A"));
+  b.collection.icurMov = 3;
+  EXPECT_FALSE(ActivateKeyFrameForm(b.editing, b.window, b.host));
+  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
+            "KVO5 - Clip format Error|The duration of this clip is reported as 0 seconds");
+}
+
+TEST(KeyframeWindow, KeyframesAreAddedChosenAndDeleted) {
+  KeyframeBench b;
+  b.add(100);
+  EXPECT_EQ(b.host.look(), "edit New keyframe 1 0, sample Keyframe 1");
+  EXPECT_EQ(b.frames(), "0:0 100:0.3 ") << "with two the first begins at nothing or all";
+  EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 1);
+  b.add(100);
+  EXPECT_EQ(b.boxes.shown.back().caption, "KVO5 - Duplicate Keyframe warning");
+  EXPECT_EQ(b.host.look(), "");
+  b.add(50);
+  EXPECT_EQ(b.frames(), "0:0 50:0.3 100:0.3 ") << "in the order of their frames";
+  EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 2) << "in the order that they came";
+  chooseKeyframe(b.editing, b.window, b.host, 1);
+  EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100);
+  deleteChosenKeyframe(b.editing, b.window, b.host);
+  EXPECT_EQ(b.frames(), "0:0 50:0.3 ");
+  EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 0) << "the one before it";
+  deleteAllKeyframes(b.editing, b.window, b.host);
+  EXPECT_EQ(b.frames(), "0:0 ");
+  deleteChosenKeyframe(b.editing, b.window, b.host);
+  EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 1) << "the only one stays";
+}
+
+TEST(KeyframeWindow, ControlsWriteTheChosenKeyframe) {
+  KeyframeBench b;
+  b.add(100);
+  moveKeyframeSlider(b.editing, b.window, b.host, 0, 80);
+  moveKeyframeSlider(b.editing, b.window, b.host, 8, 7);
+  chooseParamColor(b.editing, b.window, b.host, 2, 1);
+  const auto& k = b.collection.KeyframeList[2];
+  EXPECT_EQ(ShortText(k.Transparency) + k.Param[7].text() + k.EC, "807ALICEBLUE");
+  chooseParamColor(b.editing, b.window, b.host, 2, 0);
+  EXPECT_EQ(k.EC, "");
+  EXPECT_EQ(b.collection.KeyframeList[1].Param[7].text(), "0") << "the other one is left alone";
+  tickInstantPreview(b.editing, b.window, b.host, false);
+  b.host.look();
+  moveKeyframeSlider(b.editing, b.window, b.host, 0, 20);
+  EXPECT_EQ(b.host.look(), "edit Keyframe 1 0 series") << "no preview but by the box";
+
+  removeKeyframes(b.editing, 1, 8);
+  followKeyframes(b.editing, b.window);
+  moveKeyframeSlider(b.editing, b.window, b.host, 1, 55);
+  EXPECT_EQ(b.editor.effects.named("ColoredPencil")->Control[0], "55") << "without keyframes the table";
+  EXPECT_EQ(b.window.sliders[1].Value, 55);
+}
+
+TEST(KeyframeWindow, DiamondsAreDraggedWithinTheClip) {
+  struct Row {
+    int line;
+    Long frame;
+    double level;
+    const char* frames;
+  };
+  for (const auto& row : {Row{1, 120, 0.5, "0:0 50:0.3 120:0.5 "}, Row{1, 900, 2, "0:0 50:0.3 200:1 "},
+                          Row{1, 50, 0.9, "0:0 50:0.3 100:0.9 "},  // is taken
+                          Row{0, 30, 1, "0:1 50:0.3 100:0.3 "},    // the first stays at its frame
+                          Row{2, 150, 0, "0:0 100:0.3 150:0 "}}) {
+    KeyframeBench b;
+    b.add(100);
+    b.add(50);
+    b.host.look();
+    dragKeyframe(b.editing, b.window, b.host, row.line, row.frame, row.level);
+    EXPECT_EQ(b.frames(), row.frames);
+    EXPECT_EQ(b.host.look(), "edit Move keyframe 1 0 series, sample Keyframe 1");
+    const auto& k = b.collection.KeyframeList[row.line + 1];
+    EXPECT_EQ(k.Time.number(), k.FrameNo / 25.0);
+  }
+}
+
+TEST(KeyframeWindow, BlursHaveTheirOwnControls) {
+  KeyframeBench blur(43);
+  EXPECT_EQ(blur.window.controls, KeyframeControls::Blur);
+  EXPECT_EQ(blur.window.sliders[0].Value, 4) << "of the clip";
+  moveKeyframeSlider(blur.editing, blur.window, blur.host, 0, 12);
+  EXPECT_EQ(blur.clip(1).BlurInt(), 12) << "without keyframes the clip's own";
+  blur.add(75);
+  EXPECT_EQ(blur.frames(), "75:0.12 ");
+
+  KeyframeBench motion(44);
+  EXPECT_EQ(motion.window.controls, KeyframeControls::MotionBlur);
+  EXPECT_EQ(motion.window.sliders[0].Value * 1000 + motion.window.sliders[1].Value, 14020);
+  moveKeyframeSlider(motion.editing, motion.window, motion.host, 1, 90);
+  tickMblurAddative(motion.editing, motion.window, motion.host, true);
+  const auto& k = motion.collection.KeyframeList[1];
+  EXPECT_EQ(k.Param[1].text() + "|" + k.Param[2].text(), "90|1");
+  EXPECT_TRUE(motion.window.Chk_MblurAddative);
+}
+
+TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
+  KeyframeBench b;
+  b.add(150);
+  b.clip(1).LoopEnd(Value(4));
+  followKeyframes(b.editing, b.window);
+  EXPECT_EQ(b.window.Lst_Keyframes.rows.at(1), "IGNORED - Point after Mark Out - Keyframe No = 0000150");
+  EXPECT_TRUE(b.window.ignored.at(1));
+  EXPECT_EQ(b.frames(), "0:0 ");
+  EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100) << "it stays within the marks";
+  EXPECT_TRUE(b.window.visible);
+  b.clip(1).EffectWord(std::string(EffectWord::kSwitches, '0'));
+  followKeyframes(b.editing, b.window);
+  EXPECT_FALSE(b.window.visible) << "the clip has the effect no more";
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,259 @@
+// The Transition tab: what its controls write into the record, and what a chosen clip makes of them.
+#include "editor/tabs/transition_tab.h"
+
+#include "editor/tabs/tab_bench.h"
+#include "support/memory_store.h"
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+struct TransitionBench : test::Bench {
+  TransitionTab tab;
+  test::NotingHost host{collection};
+  test::MemoryStore store;
+  TransitionRules rules{editing, tab, host, store};
+
+  TransitionBench() {
+    addVideo("a.avi", 0, 6);
+    addVideo("b.avi", 0, 4);
+    addMusic("song.mp3", 0, 30);
+    addVideo("c.mp4", 0, 3);
+    collection.icurMov = 2;
+    rules.enter();
+  }
+  Movie& clip(int number = 2) { return collection.MovieList[number]; }
+  void fade(Single tenths) {
+    clip().TransType("Fade");
+    clip().TransIn(tenths);
+    rules.show(true);
+  }
+};
+
+TEST(TransitionTab, TheListHasTheClipsWithAPicture) {
+  TransitionBench b;
+  std::vector<std::string> names;
+  for (const auto& row : b.tab.Lst_TransitionMovies.rows) names.push_back(nameOfRow(row));
+  EXPECT_EQ(names, (std::vector<std::string>{"a.avi", "b.avi", "c.mp4"}));
+  b.rules.chooseMovie(2);
+  EXPECT_EQ(b.collection.icurMov, 4);
+  EXPECT_EQ(b.tab.Lbl_Tranclips, "song.mp3 -->  c.mp4");
+  b.collection.icurMov = 3;
+  b.rules.show(true);
+  EXPECT_FALSE(b.tab.Lst_TransitionMovies.hasChoice());
+  b.rules.pick("Barn");
+  EXPECT_EQ(b.clip(4).TransType() + b.clip(3).TransType(), "CUTCUT");
+}
+
+TEST(TransitionTab, AChosenClipIsHeldWithinItsLimit) {
+  struct Row {
+    const char* name;
+    int number;
+    double length;
+    Single wanted, held;
+    const char* type;
+    int max;
+  };
+  for (const auto& row : {Row{"fits", 2, 4, 15, 15, "Fade", 40}, Row{"too long", 2, 4, 90, 40, "Fade", 40},
+                          Row{"the first clip: half of it", 1, 5, 90, 25, "Fade", 25},
+                          Row{"too short", 2, 0.1, 15, 0, "CUT", 0}}) {
+    TransitionBench b;
+    auto& clip = b.clip(row.number);
+    clip.LoopEnd(Value(row.length));
+    clip.TransType("Fade");
+    clip.TransIn(row.wanted);
+    clip.IsDirty(false);
+    b.collection.icurMov = row.number;
+    b.rules.show(true);
+    EXPECT_EQ(clip.TransIn(), row.held) << row.name;
+    EXPECT_EQ(clip.TransType(), row.type) << row.name;
+    EXPECT_FALSE(clip.IsDirty()) << row.name;
+    if (row.max > 0) {
+      EXPECT_EQ(b.tab.Sld_InMax, row.max) << row.name;
+    }
+    EXPECT_EQ(b.boxes.shown.empty(), row.max > 0) << row.name;
+  }
+  TransitionBench b;
+  b.clip().LoopEnd(Value(0.1));
+  b.rules.show(true);
+  EXPECT_EQ(b.boxes.shown.at(0).caption + "|" + b.boxes.shown.at(0).text,
+            "KVO - Transition warning|This clip or the previous clip is too short to apply a transition to");
+}
+
+TEST(TransitionTab, AStillGetsTheLengthOfStills) {
+  TransitionBench b;
+  b.settings.state.DefaultStillDuration = 7;
+  b.clip().IsStill(true);
+  b.clip().LoopStart(Value(0));
+  for (const Value& end : {Value("N/A"), Value(0)}) {
+    b.clip().LoopEnd(end);
+    b.rules.show(true);
+    EXPECT_EQ(b.clip().LoopEnd().text(), "7");
+  }
+}
+
+TEST(TransitionTab, TheCaptionsTellTheLength) {
+  TransitionBench b;
+  b.fade(15);
+  EXPECT_EQ(b.tab.inOver + "|" + b.tab.length, "In over 1.5 Secs|1.5");
+  EXPECT_EQ(b.tab.panel.selected + "|" + b.tab.panel.Fra_FadDur, "Fade|Transition Duration");
+  EXPECT_EQ(b.tab.Lbl_Tranclips, "a.avi -->  b.avi");
+  b.host.look();
+  b.rules.moveDuration(2);
+  b.rules.moveDuration(0);
+  EXPECT_TRUE(b.boxes.shown.empty()) << "while it is dragged";
+  b.rules.letGo();
+  EXPECT_EQ(b.boxes.shown.at(0).caption, "KVO - Short Transition duration");
+  EXPECT_EQ(b.tab.panel.Fra_FadDur, "Transition Duration - ( Duration is very Short! )");
+  EXPECT_EQ(b.host.look(),
+            "edit Transition length 2 98 series, sample Transition 2, edit Transition length 2 98 series");
+}
+
+// Each control of the page, and what it leaves in the record.
+TEST(TransitionTab, EachControlWritesItsField) {
+  struct Row {
+    const char* name;
+    const char* type;
+    std::function<void(TransitionRules&, TransitionTab&)> act;
+    std::function<std::string(const Movie&)> field;
+    const char* expected;
+  };
+  const auto extras = [](const Movie& m) {
+    return m.ExtraParamName1() + "=" + m.ExtraParamValue1() + " " + m.ExtraParamName2() + "=" +
+           m.ExtraParamValue2();
+  };
+  const auto border = [](const Movie& m) {
+    return std::to_string(m.BorderWidth()) + " " + ShortText(m.BorderSoftness()) + " " +
+           m.BorderColor().text() + " " + std::to_string(m.ReplicateX()) + " " +
+           std::to_string(m.ReplicateY());
+  };
+  const auto kind = [](const Movie& m) { return m.TransType() + " " + ShortText(m.TransIn()); };
+  for (const auto& row : {
+           Row{"a tile", "CUT", [](auto&r, auto&) { r.pick("Barn"); }, kind, "Barn 20"},
+           Row{"another tile", "Fade", [](auto&r, auto&) { r.pick("Barn"); }, kind, "Barn 15"},
+           Row{"the switch to Cut", "Fade", [](auto&r, auto&) { r.chooseCut(true); }, kind, "CUT 15"},
+           Row{"the switch back", "CUT", [](auto&r, auto&) { r.chooseCut(false); }, kind, "Dissolve 20"},
+           Row{"an arrow", "Fade", [](auto&r, auto&) { r.pickNext(-1); }, kind, "Dissolve 15"},
+           Row{"an arrow past the end", "Fade", [](auto&r, auto&) { r.pickNext(99); }, kind,
+               "Filled V Up 15"},
+           Row{"the length", "Fade", [](auto&r, auto&) { r.moveDuration(33); }, kind, "Fade 33"},
+           Row{"the length of a cut", "CUT", [](auto&r, auto&) { r.moveDuration(33); }, kind, "CUT 15"},
+           Row{"the length past its limit", "Fade", [](auto&r, auto&) { r.moveDuration(99); }, kind,
+               "Fade 40"},
+           Row{"not on offer, but served", "Curtains", [](auto&r, auto&) { r.moveDuration(9); }, kind,
+               "Curtains 9"},
+           Row{"digits", "Blinds", [](auto&r, auto&) { r.typeFirstOption("12"); }, extras, "bands=12 ="},
+           Row{"no digits", "Blinds", [](auto&r, auto&) { r.typeFirstOption("1x"); }, extras, "= ="},
+           Row{"six digits", "Blinds", [](auto&r, auto&) { r.typeFirstOption("123456"); }, extras, "= ="},
+           Row{"a direction", "Blinds", [](auto&r, auto&) { r.chooseSecondOption("Up"); }, extras,
+               "= Direction=Up"},
+           Row{"no direction", "Blinds", [](auto&r, auto&) { r.chooseSecondOption("hide"); }, extras, "= ="},
+           Row{"options of the one before", "Blinds",
+               [](auto&r, auto&) {
+                 r.chooseSecondOption("Up");
+                 r.pick("Slide");
+               },
+               extras, "= ="},
+           Row{"border", "Heart",
+               [](auto&r, auto&) {
+                 r.changeBorder({300, -1, 0xFF8000, 0, 4, false});
+               },
+               border, "255 0 #FF8000 1 4"},
+           Row{"nothing of the border", "Heart", [](auto&r, auto&t) { r.changeBorder(t.border); }, border,
+               "0 0  0 0"},
+           Row{"a mask", "Heart", [](auto&r, auto&) { r.chooseMask("/m/x.jpg"); },
+               [](const Movie&m) { return m.MaskName(); }, "/m/x.jpg"},
+       }) {
+    TransitionBench b;
+    b.clip().TransIn(15);
+    b.clip().TransType(row.type);
+    if (b.clip().TransType() == "CUT" && std::string_view(row.expected).ends_with("20")) b.clip().TransIn(0);
+    b.rules.show(true);
+    row.act(b.rules, b.tab);
+    EXPECT_EQ(row.field(b.clip()), row.expected) << row.name;
+  }
+}
+
+TEST(TransitionTab, ParticlesAreOptionsOfTheCollection) {
+  TransitionBench b;
+  for (const auto& [name, shows] : {std::pair{"Whirlwind", true}, {"Shatter Left", false}, {"Fade", false}}) {
+    b.clip().TransType(name);
+    b.clip().TransIn(10);
+    b.rules.show(true);
+    EXPECT_EQ(b.tab.panel.Cmd_ParticleOpts, shows) << name;
+  }
+  b.rules.openParticles(true);
+  EXPECT_FALSE(b.tab.particlesOpen) << "a fade has none";
+  b.rules.pick("Shatter Left");
+  EXPECT_TRUE(b.tab.panel.Cmd_ParticleOpts);
+  b.rules.openParticles(true);
+  EXPECT_TRUE(b.tab.particlesOpen);
+  EXPECT_EQ(b.clip().TransType(), "Shatter Left");
+  b.rules.changeParticles({false, 300, 20, 55, 4, 5});
+  const auto& kept = b.settings.preferences();
+  EXPECT_FALSE(kept.UseParticleDefaults);
+  EXPECT_EQ(std::tuple(kept.MaxParticles, kept.ParticleMotionSpeed, kept.ParticleSpinSpeed),
+            std::tuple(300, 20, 5));
+  EXPECT_EQ(std::pair(kept.PartExponentialProgressDuration, kept.PartExponentialProgressScale),
+            std::pair(0.4F, 0.5F));
+  auto defaults = b.tab.particles;
+  defaults.Chk_UseParticleDefaults = true;
+  b.rules.changeParticles(defaults);
+  EXPECT_EQ(std::pair(kept.PartExponentialProgressDuration, kept.PartExponentialProgressScale),
+            std::pair(0.0F, 0.3F));
+  EXPECT_EQ(kept.MaxParticles, 300);
+}
+
+TEST(TransitionTab, ASampleIsShownForWhatLooksOtherwise) {
+  TransitionBench b;
+  EXPECT_EQ(b.host.look(), "kill, sample Transition 2") << "of a cut";
+  b.rules.show(true);
+  EXPECT_EQ(b.host.look(), "") << "nothing has changed";
+  b.rules.pick("Barn");
+  b.rules.show(true);  // the change watch hears of the pick
+  EXPECT_EQ(b.host.look(), "edit Transition 2 98, sample Transition 2");
+  b.rules.pick("Barn");
+  EXPECT_EQ(b.host.look(), "edit Transition 2 98, sample Transition 2") << "asked for again";
+  b.clip().TransIn(5);  // by an undo
+  b.rules.show(true);
+  EXPECT_EQ(b.host.look(), "sample Transition 2");
+  b.rules.enter();
+  EXPECT_EQ(b.host.look(), "sample Transition 2");
+}
+
+TEST(TransitionTab, WhatIsRefusedShowsTheRecord) {
+  TransitionBench b;
+  b.fade(15);
+  b.host.refuses = true;
+  b.rules.pick("Barn");
+  b.rules.moveDuration(30);
+  b.rules.chooseCut(true);
+  EXPECT_EQ(b.tab.panel.selected, "Fade");
+  EXPECT_TRUE(b.tab.panel.listVisible);
+  EXPECT_EQ(b.tab.Sld_In, 15);
+}
+
+TEST(TransitionTab, NamesAreFoundAndRemembered) {
+  TransitionBench b;
+  EXPECT_EQ(b.tab.shown.size(), transitionNames().size());
+  b.rules.find(" CIRCLE1");
+  EXPECT_EQ(b.tab.shown, (std::vector<std::string>{"Circle1", "Circle16"}));
+  b.rules.pickNext(1);
+  EXPECT_EQ(b.clip().TransType(), "Circle1");
+  b.rules.find("");
+  b.rules.toggleFavourite("Star5");
+  b.rules.toggleFavourite("Barn");
+  b.rules.showFavouritesAlone(true);
+  EXPECT_EQ(b.tab.shown, (std::vector<std::string>{"Barn", "Circle1", "Star5"}));
+  b.rules.toggleFavourite("Star5");
+  TransitionTab later;
+  const TransitionRules again(b.editing, later, b.host, b.store);
+  EXPECT_TRUE(again.isFavourite("Barn") && !again.isFavourite("Star5"));
+  EXPECT_EQ(later.lastUsed, std::vector<std::string>{"Circle1"});
+}
+
+}  // namespace
+}  // namespace kvo

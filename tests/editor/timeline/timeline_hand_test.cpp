@@ -1,0 +1,240 @@
+// What the hand does on the timeline, and what it is told.
+#include "editor/timeline/timeline_bench.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::TimelineBench;
+using Told = std::vector<std::string>;
+
+// Heights of the parts of a timeline of the usual size with one lane of music.
+constexpr double kRuler = 12;
+constexpr double kTitle = 38;
+constexpr double kPictures = 80;
+constexpr double kSound = 125;
+constexpr double kMusic = 163;
+
+struct Taken : TimelineBench {
+  Taken() {
+    holiday();
+    state.marks.clip = 2;
+  }
+};
+
+TEST(TimelineHand, DragsMeanWhatTheyLookLike) {
+  struct Row {
+    double from, fromY, to, toY;
+    Told told;
+    const char* text;
+    const char* reason;
+  };
+  const auto file = "frame 2 20";
+  for (const auto& row : {
+           Row{12.4,
+               kPictures,
+               10.4,
+               kPictures,
+               {"frame 2 8.4", "frame ends", "mark 2"},
+               "Mark-Out 8.40 s   frame 210",
+               ""},
+           Row{4,
+               kPictures,
+               5,
+               kPictures,
+               {"frame 2 3", "frame ends", "mark 2"},
+               "Mark-In 3.00 s   frame 75",
+               ""},
+           Row{12.4,
+               kPictures,
+               40,
+               kPictures,
+               {file, "frame ends", "mark 2"},
+               "Mark-Out 20.00 s   frame 500",
+               "The file ends here"},
+           Row{4,
+               kPictures,
+               0.5,
+               kPictures,
+               {"frame 2 0", "frame ends", "mark 2"},
+               "Mark-In 0.00 s   frame 0",
+               "The file begins here"},
+           Row{4,
+               kPictures,
+               30,
+               kPictures,
+               {"frame 2 10.36", "frame ends", "mark 2"},
+               "Mark-In 10.36 s   frame 259",
+               "Mark-In stays ahead of Mark-Out"},
+           Row{6, kPictures, 7, kPictures, {"transition 2 30"}, "Dissolve 3.0 s", ""},
+           Row{6,
+               kPictures,
+               16,
+               kPictures,
+               {"transition 2 60"},
+               "Dissolve 6.0 s",
+               "At most 6.0 s: the shorter of the two clips"},
+           Row{6, kPictures, 3, kPictures, {"transition 2 0"}, "Cut", ""},
+           Row{15, kPictures, 13.5, kPictures, {"select 3", "transition 3 15"}, "Dissolve 1.5 s", ""},
+           Row{15, kPictures, 15.8, kPictures, {"select 3"}, "", "Clips follow each other without a gap"},
+           Row{9, kPictures, 9.5, kPictures, {"transition 2 15"}, "Dissolve 1.5 s", ""},
+           Row{2, kPictures, 1.5, kPictures, {"select 1"}, "", "Nothing lies ahead of the first clip"},
+           Row{15, kPictures, 1, kPictures, {"select 3", "move 3 before 1"}, "", ""},
+           Row{2, kPictures, 25, kPictures, {"select 1", "move 1 before 4"}, "", ""},
+           Row{2, kMusic, 3.5, kMusic, {"select 4", "fade 4 35"}, "Fade In Over 3.5s", ""},
+           Row{2, kMusic, 0, kMusic, {"select 4", "fade 4 0"}, "Fade In Over - Cut", ""},
+           Row{18.8,
+               kMusic,
+               1,
+               kMusic,
+               {"select 4", "fade 4 97"},
+               "Fade Out Over 9.7s",
+               "At most 9.7 s: half of the clip"},
+           Row{10, kMusic, 9, kPictures, {"select 4"}, "", "Music lies under the clips"},
+           Row{3, kRuler, 8, kRuler, {"seek 3", "seek 8"}, "8.00 s", ""},
+       }) {
+    Taken b;
+    b.drag(b.at(row.from, row.fromY), b.at(row.to, row.toY));
+    const auto saying = b.state.saying.value_or(TimelineSaying{});
+    EXPECT_EQ(saying.text, row.text) << row.from << " to " << row.to;
+    EXPECT_EQ(saying.reason, row.reason) << row.from << " to " << row.to;
+    b.hand.release();
+    EXPECT_EQ(b.told, row.told) << row.from << " to " << row.to;
+    EXPECT_FALSE(b.state.saying || b.state.drag);
+  }
+}
+
+TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
+  Taken b;
+  const auto click = [&](double seconds, double y) {
+    b.told.clear();
+    b.hand.press(b.at(seconds, y), {});
+    b.hand.release();
+    return b.told;
+  };
+  EXPECT_EQ(click(15, kPictures), Told{"select 3"});
+  EXPECT_EQ(click(5, kPictures), (Told{"select 2", "tab 3 2"}));
+  EXPECT_EQ(click(11.8, kTitle), Told{"tab 4 2"});
+  EXPECT_EQ(click(30, kPictures), Told{});
+  b.hand.doubleClick(b.at(9, kPictures));
+  EXPECT_EQ(b.told, Told{"trimmer 2"});
+  b.told.clear();
+  b.drag(b.at(12.4, kPictures), b.at(10, kPictures));
+  EXPECT_TRUE(b.hand.key(TimelineKey::Escape, {}));
+  b.hand.release();
+  EXPECT_EQ(b.told, (Told{"frame 2 8", "frame ends"}));
+  EXPECT_EQ(b.collection.MovieList[2].LoopEnd().text(), "10.4");
+  b.state.onlyShows = true;
+  EXPECT_EQ(click(15, kPictures), Told{});
+}
+
+TEST(TimelineHand, EdgesSnapUnlessAltIsHeld) {
+  Taken b;
+  b.settings.adjust().AutoTrimAudio = false;
+  b.show();
+  b.hand.stand(11.1, false);
+  const auto mark = [&](const TimelinePoint& from, const TimelinePoint& to, bool alt) {
+    b.drag(from, to, {.alt = alt});
+    const auto gesture = b.state.reading.gesture;
+    b.hand.cancel();
+    return std::get<MarkGesture>(gesture).seconds;
+  };
+  EXPECT_DOUBLE_EQ(mark(b.at(12.4, kPictures), b.at(11.2, kPictures), false), 9.12);  // the playhead
+  EXPECT_DOUBLE_EQ(mark(b.at(12.4, kPictures), b.at(11.2, kPictures), true), 9.2);
+  b.hand.zoom(7, 84);
+  b.state.marks.clip = 4;
+  EXPECT_DOUBLE_EQ(mark(b.at(153, kMusic - 8), b.at(19.6, kMusic), false), 19.4);  // the movie's end
+  EXPECT_DOUBLE_EQ(mark(b.at(153, kMusic - 8), b.at(19.6, kMusic), true), 19.6);
+}
+
+TEST(TimelineHand, KeysDoWhatThePointerDoes) {
+  Taken b;
+  const auto keys = [&](std::initializer_list<TimelineKey> pressed, TimelineHeld held = {}) {
+    b.told.clear();
+    for (const auto key : pressed) b.hand.key(key, held);
+    return b.told;
+  };
+  using enum TimelineKey;
+  EXPECT_EQ(keys({After, After, After}), (Told{"select 3", "select 4"}));
+  EXPECT_EQ(keys({First, Before}), Told{"select 1"});
+  EXPECT_EQ(keys({EdgeOut, Before, Before}), (Told{"mark 1", "mark 1"}));
+  EXPECT_EQ(b.collection.MovieList[1].LoopEndFrames(), 148);
+  EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).text, "Mark-Out 5.92 s   frame 148");
+  EXPECT_EQ(keys({EdgeOut, After}), Told{"select 2"});  // let go of again
+  EXPECT_EQ(keys({After}, {.control = true}), Told{"move 2 before 4"});
+  b.hand.takeInHand(1);
+  EXPECT_EQ(keys({Before}, {.control = true}), Told{});
+  EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "Nothing lies ahead of the first clip");
+  b.hand.stand(2.5, false);
+  EXPECT_EQ(keys({Open, Copy, Remove, Split}), (Told{"trimmer 1", "copy 1", "remove 1", "split 1 2.50"}));
+  b.hand.stand(100, false);
+  EXPECT_EQ(keys({Split}), Told{});
+  EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");
+}
+
+TEST(TimelineHand, FilesGoWhereTheBarStands) {
+  Taken b;
+  b.hand.dragFiles(b.at(9, kPictures));
+  EXPECT_EQ(b.state.drop.value_or(TimelineDrop{}).line, 12.4);
+  b.hand.dropFiles({"/v/new.avi"});
+  b.hand.dragFiles(b.at(90, kMusic));
+  b.hand.dropFiles({"/v/new.avi"});
+  TimelineBench none;
+  none.hand.dragFiles({400, 80});
+  none.hand.dropFiles({"/v/new.avi"});
+  EXPECT_EQ(b.told, (Told{"insert /v/new.avi before 3", "insert /v/new.avi before 4"}));
+  EXPECT_EQ(none.told, Told{"insert /v/new.avi before 1"});
+}
+
+// Clips one behind the other, each beginning where the one ahead ends or a transition earlier, in the order
+// of the collection; every section within its file.
+void expectWhole(TimelineBench& b, int round) {
+  const auto& clips = b.state.blocks.clips;
+  const TimelineClips records(b.collection, b.streams);
+  for (std::size_t i = 0; i < clips.size(); ++i) {
+    const double ahead = i == 0 ? 0 : clips[i - 1].stop;
+    const double overlap = i == 0 ? 0 : clips[i].overlap;
+    ASSERT_NEAR(clips[i].start, ahead - overlap, 0.0006) << round;
+    ASSERT_LE(overlap * 10, clips[i].longestTransition) << round;
+    ASSERT_GT(clips[i].stop, clips[i].start) << round;
+    ASSERT_GE(clips[i].markIn, 0) << round;
+    if (!clips[i].isStill) {
+      ASSERT_LE(clips[i].markOut, clips[i].sourceLength) << round;
+    }
+    ASSERT_EQ(clips[i].clip, static_cast<int>(i) + 1) << round;
+  }
+  ASSERT_EQ(misplacedSound(records), 0) << round;
+}
+
+TEST(TimelineHand, RandomDragsLeaveNoGapAndNoOverlapAboveTheLimit) {
+  std::mt19937 chance(20);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same ones each time
+  const auto below = [&](double most) { return std::uniform_real_distribution<>(0, most)(chance); };
+  TimelineBench b;
+  for (int i = 1; i <= 12; ++i)
+    b.video("c" + std::to_string(i) + ".avi", 0, below(8) + 0.3, 10).Playspeed(i % 3 == 0 ? 20 : 10);
+  auto& still = b.addVideo("photo.jpg", 0, 5);
+  still.IsStill(true);
+  b.music("a.mp3", 20);
+  b.music("b.mp3", 30);
+  b.show();
+  int changes = 0;
+  for (int round = 0; round < 3000; ++round) {
+    b.told.clear();
+    const TimelinePoint from{84 + below(1150), 25 + below(160)};
+    const TimelinePoint to{from.x + below(400) - 200, from.y + below(40) - 20};
+    b.drag(from, to, {.alt = round % 2 == 0});
+    b.hand.release();
+    const auto isChange = [](const std::string& what) {
+      return what.find("select") != 0 && what.find("frame") != 0;
+    };
+    changes += static_cast<int>(std::count_if(b.told.begin(), b.told.end(), isChange));
+    ASSERT_NO_FATAL_FAILURE(expectWhole(b, round));
+  }
+  EXPECT_GT(changes, 200);
+}
+
+}  // namespace
+}  // namespace kvo

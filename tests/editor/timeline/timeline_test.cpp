@@ -1,0 +1,145 @@
+// Where the blocks of a movie lie, what is in sight of them, and what lies under a point.
+#include "editor/timeline/timeline_bench.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::TimelineBench;
+
+TEST(TimelineBlocks, LieWhereACompilePutsThem) {
+  TimelineBench b;
+  b.holiday();
+  compileText(b.editing);
+  const auto& blocks = b.state.blocks;
+  ASSERT_EQ(blocks.clips.size() + blocks.music.size(), 4U);
+  for (int i = 1; i <= 4; ++i) {
+    const auto& record = b.collection.MovieList[i];
+    ASSERT_NE(blocks.of(i), nullptr) << i;
+    EXPECT_DOUBLE_EQ(blocks.of(i)->start, record.TimeLineStart().number()) << i;
+    EXPECT_DOUBLE_EQ(blocks.of(i)->stop, record.TimeLineStop().number()) << i;
+  }
+  EXPECT_TRUE(blocks.music[0].isTrimmed);
+  EXPECT_DOUBLE_EQ(blocks.videoEnd, 19.4);
+}
+
+TEST(TimelineBlocks, MusicRunsPastTheVideoWhereItIsNotTrimmed) {
+  TimelineBench b;
+  b.holiday();
+  b.music("more.wav", 5);
+  EXPECT_EQ(b.state.blocks.leftOut, 0);
+  b.show();
+  EXPECT_EQ(b.state.blocks.leftOut, 1);  // the video is covered
+  b.settings.adjust().AutoTrimAudio = false;
+  b.show();
+  EXPECT_DOUBLE_EQ(b.state.blocks.musicEnd, 158);
+  b.editor.controls.Opt_StackOverlay = OverlayOrder::Stacked;
+  b.show();
+  EXPECT_EQ(b.state.blocks.lanes, 2);
+  EXPECT_DOUBLE_EQ(b.state.blocks.of(5)->start, 0);
+}
+
+TEST(TimelineBlocks, AreSpokenOf) {
+  TimelineBench b;
+  b.holiday();
+  b.collection.MovieList[3].KeyID(7);
+  b.collection.KeyframeList.add({}).ClipName = 7;
+  b.show();
+  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, 1 keyframe");
+  EXPECT_EQ(spokenName(*b.state.blocks.of(2), false),
+            "Clip 2, lake.mpg, 8.4 seconds, Dissolve over 2.0 seconds, 2 effects");
+  EXPECT_EQ(spokenName(*b.state.blocks.of(4), true),
+            "Music 4, music.mp3, 19.4 seconds, fades in over 2.0 seconds");
+}
+
+TEST(TimelineSight, ZoomKeepsWhatIsUnderThePointerWithinItsLimits) {
+  TimelineSight sight;
+  for (const double scale : {50.0, 7.0, 1000.0, 4.0}) {
+    sight.from = 200;
+    const double there = sight.secondsAt(600);
+    zoomTo(sight, 2000, scale, 600);
+    EXPECT_EQ(sight.scale, std::min(scale, kLargestScale));
+    EXPECT_NEAR(sight.secondsAt(600), there, 1e-9) << scale;
+  }
+  zoomTo(sight, 2000, 0.1, 600);
+  EXPECT_LT(sight.xOf(2000), sight.width);  // all of a long movie is in sight, and no less
+  EXPECT_EQ(sight.from, 0);
+  zoomTo(sight, 30, 1, 600);
+  EXPECT_EQ(sight.scale, kLeastScale);
+  scrollTo(sight, 1000, 1e9);
+  EXPECT_LT(sight.xOf(1000), sight.width);
+}
+
+TEST(TimelineSight, TicksAreReadableAtEveryScale) {
+  struct Row {
+    double scale, from;
+    const char* first;
+    const char* second;
+  };
+  for (const auto& row :
+       {Row{20, 0, "00:00", "00:05"}, Row{200, 0.2, "00:00.0", "00:00.5"}, Row{4, 60, "01:00", "01:30"},
+        Row{4, 3590, "59:30", "1:00:00"}, Row{0.1, 0, "00:00", "30:00"}}) {
+    TimelineSight sight;
+    sight.scale = row.scale;
+    sight.from = row.from;
+    std::vector<TimelineTick> large;
+    for (const auto& tick : rulerTicks(sight)) {
+      if (!tick.text.empty()) large.push_back(tick);
+    }
+    ASSERT_GE(large.size(), 2U) << row.first;
+    EXPECT_EQ(large[0].text, row.first);
+    EXPECT_EQ(large[1].text, row.second);
+    EXPECT_GE(large[1].x - large[0].x, 80) << row.first;
+  }
+}
+
+TEST(TimelineSight, OfManyClipsOnlyWhatIsInSightIsLaidOut) {
+  TimelineBench b;
+  for (int i = 0; i < 9999; ++i) b.video("a.avi", 0, 5, 60);
+  b.show();
+  auto& sight = b.state.sight;
+  scrollTo(sight, b.state.blocks.end(), 25000);
+  const auto seen = clipsInSight(b.state.blocks, sight);
+  EXPECT_EQ(seen.front().block->clip, 5000);
+  EXPECT_LE(seen.size(), 14U);
+  showWhole(sight, b.state.blocks.end());
+  EXPECT_LE(clipsInSight(b.state.blocks, sight).size(), sight.width);
+}
+
+TEST(TimelineHit, EachPartIsFoundAtItsPlace) {
+  TimelineBench b;
+  b.holiday();
+  const auto bands = bandsOf(b.state.sight, 1);
+  const double title = bands.clips.y + 8;
+  const double middle = bands.pictures.y + 30;
+  const double sound = bands.sound.y + 8;
+  const double music = bands.music.y + 13;
+  TimelineMarks marks{.clip = 3, .playhead = 9, .range = TimelineRange{2, 12}};
+  struct Row {
+    double x, y;
+    TimelinePart part;
+    int clip;
+  };
+  const auto x = [&](double seconds) { return b.state.sight.xOf(seconds); };
+  for (const auto& row :
+       {Row{x(2.5), middle, TimelinePart::Clip, 1}, Row{x(0) + 3, middle, TimelinePart::MarkIn, 1},
+        Row{x(5), middle, TimelinePart::Wedge, 2}, Row{x(6) + 4, middle, TimelinePart::WedgeEnd, 2},
+        Row{x(12.4) - 14, title, TimelinePart::Effects, 2},
+        Row{x(12.4) - 9, middle, TimelinePart::MarkIn, 3},  // of the clip in hand
+        Row{x(19.4) + 9, middle, TimelinePart::MarkOut, 3}, Row{x(15), middle, TimelinePart::Clip, 3},
+        Row{x(12.4) + 14, sound, TimelinePart::FadeIn, 3}, Row{x(2), music, TimelinePart::FadeIn, 4},
+        Row{x(10), music, TimelinePart::Music, 4}, Row{x(19.4) - 4, music, TimelinePart::MarkOut, 4},
+        Row{x(5), 10, TimelinePart::Ruler, 0}, Row{x(9) + 5, 15, TimelinePart::Playhead, 0},
+        Row{x(12) - 8, 5, TimelinePart::RangeTo, 0}, Row{x(25), middle, TimelinePart::Nothing, 0},
+        Row{40, middle, TimelinePart::Nothing, 0}}) {
+    const auto hit = hitAt(b.state.blocks, b.state.sight, marks, {row.x, row.y});
+    EXPECT_EQ(static_cast<int>(hit.part), static_cast<int>(row.part)) << row.x << " " << row.y;
+    EXPECT_EQ(hit.clip, row.clip) << row.x << " " << row.y;
+  }
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,240 @@
+// One history of every edit: what is written through its gate is taken back whole, whatever it was.
+#include "core/file/collection_text.h"
+#include "program/list_commands.h"
+#include "support/program_bench.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ProgramBench;
+
+struct EditBench : ProgramBench {
+  explicit EditBench(int clips = 6) {
+    for (int i = 1; i <= clips; ++i) {
+      auto& clip = addVideo(std::string(1, static_cast<char>('a' + (i - 1) % 26)) + ".avi", 0, 8);
+      clip.KeyID(i);
+      clip.DurationTime(Value(10));
+      clip.DurationFrames(Value(250));
+    }
+    list.fill();
+    list.PreviewMovie(1);
+    ClearDirtyFlags(collection, settings);
+    settings.state.ObjectChange = 0;
+  }
+  Movie& clip(int number) { return collection.MovieList[number]; }
+  bool change(const std::function<void()>& work, std::string_view series = {}, Integer code = 98) {
+    return history.change(CommandPass(window), "edit", code, work, series);
+  }
+  [[nodiscard]] std::string text() const {
+    std::string all;
+    EXPECT_TRUE(print(settings, collection, [&](const PrintedBlock& block) {
+      all += block.text;
+      return Outcome();
+    }));
+    return all;
+  }
+  [[nodiscard]] bool dirty() const { return isDirty(collection, settings); }
+};
+
+// Anything that an author of an edit may write, in any mixture.
+class Gestures {
+ public:
+  Gestures(EditBench& bench, unsigned seed) : b_(bench), random_(seed) {}
+
+  void make() {
+    const int clips = b_.collection.MovieList.count();
+    const int kind = number(0, 9);
+    if (kind == 0 && clips > 2) return b_.listCommands.Removeit(number(1, clips));
+    if (kind == 1) return b_.listCommands.moveTo(number(1, clips + 1));
+    if (kind == 2 && clips < 30) return b_.listCommands.copy(CopyMode::Exact);
+    if (kind == 3) return b_.listCommands.rename("n" + std::to_string(number(1, 999)));
+    if (kind == 4) return b_.listCommands.setVolume(number(0, 100));
+    const bool drags = number(0, 2) == 0;
+    for (int i = drags ? number(1, 4) : 1; i > 0; --i)
+      b_.change([&] { write(); }, drags ? std::to_string(kind) : std::string());
+  }
+
+ private:
+  int number(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
+
+  void write() {
+    for (int i = number(1, 3); i > 0; --i) writeOne();
+  }
+
+  void writeOne() {
+    auto& clips = b_.collection.MovieList;
+    auto& keyframes = b_.collection.KeyframeList;
+    auto& clip = clips[number(1, clips.count())];
+    switch (number(0, 8)) {
+      case 0:
+        return clip.TransIn(static_cast<Single>(number(0, 40)));
+      case 1:
+        return clip.TransType(number(0, 1) == 0 ? "CUT" : "Iris");
+      case 2:
+        return clip.LoopEnd(Value(number(1, 10)));
+      case 3:
+        clip.EffectWord(std::string(static_cast<std::size_t>(number(1, 60)), '1'));
+        return clip.Notes(Value(number(0, 9)));
+      case 4:
+        if (keyframes.count() < 50) keyframes.add({}).ClipName = clip.KeyID();
+        return;
+      case 5:
+        if (!keyframes.empty()) keyframes.remove(number(1, keyframes.count()));
+        return;
+      case 6:
+        if (!keyframes.empty())
+          keyframes[number(1, keyframes.count())].Transparency = static_cast<Single>(number(0, 100));
+        return;
+      case 7:
+        b_.settings.change().PreviewCPU = static_cast<Integer>(number(1, 10));
+        b_.settings.adjust().StillsIndividual = number(0, 1) == 0;
+        return;
+      default:
+        if (clips.count() > 2) clips.remove(number(1, clips.count()));
+        b_.collection.icurMov = 1;
+    }
+  }
+
+  EditBench& b_;
+  std::mt19937 random_;
+};
+
+TEST(History, ThousandsOfEditsLeadBackToTheFirstByteAndOnToTheLast) {
+  for (const unsigned seed : {1U, 2U}) {
+    EditBench b;
+    Gestures gestures(b, seed);
+    const auto first = b.text();
+    for (int i = 0; i < 5000; ++i) gestures.make();
+    const auto last = b.text();
+    const auto steps = b.window.history.done.size();
+    EXPECT_GT(steps, 3000U);
+    ASSERT_NE(first, last);
+    std::vector<std::string> on{last};
+    while (!b.window.history.undo.empty()) {
+      b.history.undo();
+      if (b.window.history.done.size() % 500 == 0) on.push_back(b.text());
+    }
+    EXPECT_EQ(b.text(), first);
+    EXPECT_FALSE(b.dirty());
+    EXPECT_EQ(b.window.history.undone.size(), steps);
+    while (!b.window.history.redo.empty()) {
+      if (b.window.history.done.size() % 500 == 0) {
+        ASSERT_EQ(b.text(), on.back()) << "step " << b.window.history.done.size();
+        on.pop_back();
+      }
+      b.history.redo();
+    }
+    EXPECT_EQ(b.text(), last);
+    b.history.undo(steps);
+    EXPECT_EQ(b.text(), first) << "all at once, from the list of the history";
+  }
+}
+
+TEST(History, AChangeIsOneStepWhateverItWrites) {
+  EditBench b;
+  b.list.select(2);
+  const auto first = b.text();
+  EXPECT_FALSE(b.change([&] {
+    b.clip(2).Volume(b.clip(2).Volume());
+    b.settings.change().PreviewCPU = b.settings.preferences().PreviewCPU;
+  }));
+  EXPECT_FALSE(b.dirty()) << "what was written is what stood there";
+  std::vector<int> told;
+  b.history.whenEdited([&](int number) { told.push_back(number); });
+  EXPECT_TRUE(b.change([&] {
+    b.clip(2).EffectWord("101");
+    b.clip(5).TransIn(12);
+    b.collection.KeyframeList.add({}).ClipName = 2;
+    b.settings.change().PreviewCPU = 9;
+  }));
+  EXPECT_EQ(told, std::vector{2});
+  EXPECT_EQ(b.settings.state.ObjectChange, 98);
+  EXPECT_EQ(b.window.history.done, std::vector<std::string>{"edit"});
+  b.list.select(4);
+  b.history.undo();
+  EXPECT_EQ(b.text(), first);
+  EXPECT_FALSE(b.dirty());
+  EXPECT_EQ(b.collection.icurMov, 2) << "the user sees where it happens";
+  b.history.redo();
+  EXPECT_EQ(b.clip(5).TransIn(), 12);
+  EXPECT_EQ(b.settings.preferences().PreviewCPU, 9);
+
+  const CommandPass held(b.window);
+  EXPECT_FALSE(b.change([&] { b.clip(1).TransIn(1); })) << "another command runs";
+  EXPECT_EQ(b.clip(1).TransIn(), 0);
+}
+
+TEST(History, OneGestureIsOneStep) {
+  EditBench b;
+  const auto first = b.text();
+  const auto drag = [&](int value) {
+    b.change(
+        [&] {
+          b.clip(1).TransIn(static_cast<Single>(value));
+          b.clip(static_cast<int>(b.collection.MovieList.count())).Volume(static_cast<Integer>(value));
+          if (value == 2) b.collection.KeyframeList.add({}).ClipName = 1;
+          if (value == 3) b.collection.MovieList.remove(3);
+          if (value == 4) b.collection.KeyframeList[1].Transparency = 5;
+        },
+        "drag");
+  };
+  for (const int value : {1, 2, 3, 4, 5}) drag(value);
+  EXPECT_EQ(b.window.history.done.size(), 1U);
+  const auto last = b.text();
+  b.history.undo();
+  EXPECT_EQ(b.text(), first);
+  EXPECT_EQ(b.window.history.undo, "");
+  b.history.redo();
+  EXPECT_EQ(b.text(), last);
+  EXPECT_EQ(b.window.history.redo, "");
+  drag(6);
+  b.history.endSeries();
+  drag(7);
+  EXPECT_EQ(b.window.history.done.size(), 3U) << "a redo, and a hand that lets go, end a gesture";
+  b.history.together([&] {
+    b.listCommands.rename("x");
+    b.listCommands.copy(CopyMode::Exact);
+  });
+  EXPECT_EQ(b.window.history.done.size(), 4U);
+  b.history.undo(2);
+  b.history.undo(2);
+  EXPECT_EQ(b.text(), first);
+  EXPECT_EQ(b.window.history.undone.size(), 4U);
+}
+
+TEST(ListCommands, ASplitLeavesBothPartsOfTheClip) {
+  for (const auto& [frame, still, splits] : {std::tuple{100, false, true},
+                                             {200, false, false},
+                                             {25, false, false},
+                                             {230, false, false},
+                                             {100, true, false}}) {
+    EditBench b;
+    b.clip(1).LoopStart(Value(1));
+    b.clip(1).LoopEnd(Value(8));
+    b.clip(1).IsStill(still);
+    b.clip(1).TransIn(50);
+    const auto first = b.text();
+    EXPECT_FALSE(b.listCommands.canCopy(CopyMode::Split)) << "the player is empty";
+    b.listCommands.placedBy([&, at = frame] { return PlayerPlace{at / 25.0, at}; });
+    EXPECT_EQ(b.listCommands.canCopy(CopyMode::Split), splits) << frame;
+    b.listCommands.copy(CopyMode::Split);
+    EXPECT_EQ(b.collection.icurMov, splits ? 2 : 1);
+    if (!splits) continue;
+    EXPECT_EQ(b.clip(1).LoopEnd().text() + " " + std::to_string(b.clip(1).LoopEndFrames()), "3.99 99");
+    EXPECT_EQ(b.clip(2).LoopStart().text() + " " + std::to_string(b.clip(2).LoopStartFrames()), "4 100");
+    EXPECT_EQ(b.clip(2).LoopEnd().text() + " " + std::to_string(b.clip(2).LoopEndFrames()), "8 200");
+    EXPECT_EQ(b.clip(2).AltName(), "a.avi - 001");
+    EXPECT_EQ(b.clip(2).TransIn(), 20) << "half of what is played";
+    EXPECT_EQ(b.settings.state.ObjectChange, 99);
+    EXPECT_EQ(b.window.history.undo, "Undo split a.avi");
+    b.history.undo();
+    EXPECT_EQ(b.text(), first);
+  }
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,279 @@
+// The editor's window, drawn from state that is filled by hand. With KVO_PICTURES set to a folder each test
+// that draws leaves its picture there.
+#include "editor/samples/engine_transition_samples.h"
+#include "editor/tabs/tab_bench.h"
+#include "support/memory_store.h"
+#include "support/plain_desktop.h"
+#include "ui/kvo_but.h"
+#include "ui/made.h"
+#include "ui/theme.h"
+#include "windows/editor/create_page.h"
+#include "windows/editor/frm_rush.h"
+#include "windows/editor/transition_page.h"
+#include "windows/editor/transition_tiles.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+struct RushBench : test::TabBench {
+  EditorFrame frame{true, "   Create New Movie from Holiday Collection", 1, true, 0.4};
+  ClipStats stats{"Cut 2 Details", "lake at dusk.mpg",      "50 to 260",
+                  "8.400 (s)",     "6.00 - 14.40 (s) ",     "1x Speed",
+                  "25.00 fps",     "Dissolve over 2.0 (s)", "Effects applied",
+                  "100%"};
+  ClipSliders sliders;
+  EditorTotals totals{"051.900", "051.900(s)", "Total length of the audio to be rendered", false};
+  ClipKeys keys;
+  EditorHistory history{{"Fade on beach.avi", "Transition on lake at dusk.mpg"}, {"Blur on beach.avi"}};
+  CreateTab create;
+  TransitionTab transition;
+  test::MemoryStore store;
+  test::PlainDesktop desktop;
+  EngineTransitionSamples samples{streams, [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
+  int come = 0;
+  CreateRules createRules{editing, create, host};
+  TransitionRules transitionRules{editing, transition, host, store};
+  std::string asked;
+  std::unique_ptr<FrmRush> window;
+
+  RushBench() {
+    sliders.Sld_Rate.Enabled = sliders.Sld_AudioOut.Enabled = true;
+    sliders.Sld_Rate.heading = "Clip Speed - 1.00x";
+    sliders.Sld_AudioOut.heading = "Clip Audio Level in Movie - 100%";
+    sliders.jogHeading = "Clip Position \\ Mousewheel Control";
+    clip(2).TransType("Dissolve");
+    clip(2).TransIn(20);
+    collection.icurMov = 2;
+    settings.adjust().RenderWidth = 640;
+    settings.adjust().RenderHeight = 480;
+    editor.VideoTotalTime = "51.9";
+    createRules.restore();
+    transitionRules.enter();
+    host.look();
+  }
+
+  void open() {
+    const auto note = [this](const char* what) { return [this, what] { asked += std::string(what) + " "; }; };
+    const auto number = [this](const char* what) {
+      return [this, what](auto value) { asked += what + std::to_string(static_cast<int>(value)) + " "; };
+    };
+    window = std::make_unique<FrmRush>(
+        RushState{frame, stats, sliders, totals, keys, history},
+        RushActs{[this](int tab) {
+                   frame.CurrentTab = tab;
+                   window->draw();
+                 },
+                 number("key"), number("rate"), note("rateUp"), number("level"), note("levelUp"),
+                 number("jog"), number("history"),
+                 [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
+                 note("whole"), note("preview"), note("save"), note("close")},
+        FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
+    auto* page = made<CreatePage>(create, createRules,
+                                  CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
+                                                   [this] { window->draw(); }},
+                                  window.get());
+    window->setPage(1, page, [page] { page->draw(); });
+    auto* tiles =
+        made<TransitionPage>(TransitionPage::Logic{transition, transitionRules, collection, samples,
+                                                   [] { return "/m/mask.jpg"; }, [this] { window->draw(); }},
+                             window.get());
+    window->setPage(3, tiles, [tiles] { tiles->draw(); });
+    const auto card = [](int height) {
+      auto* frame = made<QFrame>();
+      frame->setProperty("role", "card");
+      if (height > 0) frame->setFixedHeight(height);
+      return frame;
+    };
+    window->setPreview(card(0), card(72), [] {});
+    window->setTimeline(card(0), [] {});
+    window->draw();
+    QApplication::processEvents();
+  }
+
+  void picture(const char* name) const {
+    const auto folder = qEnvironmentVariable("KVO_PICTURES");
+    if (!folder.isEmpty()) window->grab().save(folder + "/" + name + ".png");
+  }
+
+  template <class Part>
+  Part* part(const QString& name) const {
+    for (auto* widget : window->findChildren<Part*>())
+      if (widget->accessibleName() == name) return widget;
+    ADD_FAILURE() << "no " << name.toStdString();
+    return nullptr;
+  }
+};
+
+TEST(FrmRush, LooksAsDesigned) {
+  for (const double size : {1.0, 2.0}) {
+    setThemeSize(*qApp, size);
+    RushBench b;
+    b.desktop.facts = {2600, 1600, 24, 1};
+    b.open();
+    const std::string end = size > 1 ? "@2x" : "";
+    b.picture(("create" + end).c_str());
+    b.frame.CurrentTab = 3;
+    b.window->draw();
+    QApplication::processEvents();
+    EXPECT_TRUE(QTest::qWaitFor([&b] { return b.come >= 15; }));
+    b.window->draw();
+    b.picture(("transition" + end).c_str());
+    for (const auto* name : {"Heart", "Blinds", "Whirlwind"}) {
+      b.transitionRules.pick(name);
+      if (std::string_view(name) == "Whirlwind") b.transitionRules.openParticles(true);
+      b.window->draw();
+      b.picture((std::string("transition-") + name + end).c_str());
+    }
+  }
+  setThemeSize(*qApp, 1);
+}
+
+// What a key does where nothing else has a use for it, and what a disabled one does not.
+TEST(FrmRush, KeysReachTheClipAndTheTabs) {
+  struct Row {
+    Qt::Key key;
+    Qt::KeyboardModifiers with;
+    const char* asked;
+  };
+  RushBench b;
+  b.open();
+  b.keys.of(ClipKey::Equi) = "There is nothing behind Mark-Out";
+  b.window->draw();
+  b.window->setFocus();
+  for (const auto& row :
+       {Row{Qt::Key_I, Qt::NoModifier, "key0 "}, Row{Qt::Key_O, Qt::ShiftModifier, "key3 "},
+        Row{Qt::Key_C, Qt::ShiftModifier, "key6 "}, Row{Qt::Key_E, Qt::NoModifier, ""},
+        Row{Qt::Key_F2, Qt::NoModifier, "key9 "}, Row{Qt::Key_Space, Qt::NoModifier, "preview "},
+        Row{Qt::Key_Minus, Qt::NoModifier, "zoom35 "}, Row{Qt::Key_Plus, Qt::NoModifier, "zoom45 "},
+        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
+        Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
+        Row{Qt::Key_S, Qt::ControlModifier, "save "}}) {
+    b.asked.clear();
+    QTest::keyClick(b.window.get(), row.key, row.with);
+    EXPECT_EQ(b.asked, row.asked) << QKeySequence(row.key | row.with).toString().toStdString();
+  }
+  QTest::keyClick(b.window.get(), Qt::Key_3, Qt::ControlModifier);
+  EXPECT_EQ(b.frame.CurrentTab, 3);
+  b.asked.clear();
+  b.frame.CurrentTab = 1;
+  b.window->draw();
+  auto* width = b.part<QLineEdit>("Width in pixels");
+  width->setFocus();
+  QTest::keyClicks(width, "0ic");
+  EXPECT_EQ(b.asked, "") << "a field has its letters for itself";
+  b.frame.toolsOn = false;  // the movie plays
+  b.window->draw();
+  b.window->setFocus();
+  QTest::keyClick(b.window.get(), Qt::Key_I);
+  QTest::keyClick(b.window.get(), Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(b.window.get(), Qt::Key_Space);
+  EXPECT_EQ(b.asked, "preview ");
+}
+
+TEST(FrmRush, SaysWhyAKeyIsOff) {
+  RushBench b;
+  b.keys.of(ClipKey::Split) = "A still has no frames to split at";
+  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
+  b.history = {};
+  b.open();
+  int off = 0;
+  for (const auto* key : b.window->findChildren<KVOBut*>()) {
+    EXPECT_FALSE(key->accessibleName().isEmpty());
+    EXPECT_GE(std::min(key->width(), key->height()), 24) << key->accessibleName().toStdString();
+    const bool isSplit = key->toolTip().contains("A still has no frames");
+    EXPECT_FALSE(isSplit && key->isEnabled());
+    off += key->isEnabled() ? 0 : 1;
+  }
+  EXPECT_EQ(off, 4) << "split, undo, redo, their list";
+  EXPECT_EQ(b.part<QLabel>("Length of the audio")->toolTip(), "Audio Length does not match video Length");
+}
+
+// Every control of the two pages can be reached and is named.
+TEST(FrmRush, EachControlHasANameAndTakesTheKeyboard) {
+  RushBench b;
+  b.open();
+  for (const int tab : {1, 3}) {
+    b.frame.CurrentTab = tab;
+    b.window->draw();
+    for (const auto* widget : b.window->findChildren<QWidget*>()) {
+      if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      const auto name =
+          widget->accessibleName().isEmpty() && button != nullptr ? button->text() : widget->accessibleName();
+      EXPECT_FALSE(name.isEmpty()) << widget->metaObject()->className() << " on tab " << tab;
+    }
+  }
+}
+
+TEST(CreatePage, ItsControlsActAndFollow) {
+  RushBench b;
+  b.open();
+  auto* size = b.part<QComboBox>("Resolution");
+  EXPECT_EQ(size->currentText(), "640 x 480");
+  auto* width = b.part<QLineEdit>("Width in pixels");
+  width->setFocus();
+  width->selectAll();
+  QTest::keyClicks(width, "800");
+  QTest::keyClick(width, Qt::Key_Return);
+  EXPECT_EQ(b.settings.preferences().RenderWidth, 800);
+  EXPECT_EQ(size->currentIndex(), -1) << "800 x 480 is none of the list";
+  auto* power = b.part<QSlider>("Preview performance");
+  QTest::keyClick(power, Qt::Key_Right);
+  EXPECT_EQ(b.settings.preferences().PreviewCPU, 6);
+  EXPECT_EQ(power->toolTip(), "60% CPU");
+  b.settings.change().PreviewCPU = 2;  // an undo
+  b.createRules.refresh();
+  b.window->draw();
+  EXPECT_EQ(power->value(), 2);
+}
+
+TEST(TransitionPage, TilesArePickedByMouseAndArrows) {
+  RushBench b;
+  b.frame.CurrentTab = 3;
+  b.open();
+  auto* tiles = b.part<TransitionTiles>("Transitions");
+  auto* find = b.part<QLineEdit>("Find a transition by its name");
+  QTest::keyClicks(find, "circle");
+  EXPECT_EQ(b.transition.shown.size(), 6U);
+  QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(110, 50));
+  EXPECT_EQ(b.clip(2).TransType(), "Circle2");
+  QTest::keyClick(tiles, Qt::Key_Down);
+  EXPECT_EQ(b.clip(2).TransType(), "Circle16");
+  QTest::keyClick(tiles, Qt::Key_Left);
+  EXPECT_EQ(b.clip(2).TransType(), "Circle8");
+  QTest::mouseMove(tiles->widget(), QPoint(30, 30));
+  QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(68, 12));
+  EXPECT_EQ(b.transition.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
+  EXPECT_EQ(b.clip(2).TransType(), "Circle8");
+}
+
+TEST(FrmRush, RemembersItselfAndFitsASmallScreen) {
+  RushBench b;
+  b.desktop.facts = {1366, 768, 24, 1};
+  b.open();
+  EXPECT_LE(b.window->width(), 1366);
+  EXPECT_LE(b.window->height(), 768);
+  b.picture("small");
+  b.window->resize(1100, 700);
+  b.frame.visible = false;
+  b.window->draw();
+  b.frame.visible = true;
+  b.window->resize(1280, 760);
+  b.window->draw();
+  EXPECT_EQ(b.window->size(), QSize(1100, 700));
+  b.window->close();
+  EXPECT_TRUE(b.window->isVisible()) << "it goes when the editor has closed";
+  EXPECT_EQ(b.asked, "close ");
+}
+
+}  // namespace
+}  // namespace kvo
