@@ -1,6 +1,7 @@
 #include "app/editor_window.h"
 
 #include "ui/made.h"
+#include "windows/analysing/frm_analysing.h"
 #include "windows/editor/audio_page.h"
 #include "windows/editor/color_page.h"
 #include "windows/editor/create_page.h"
@@ -48,7 +49,9 @@ void EditorWindow::draw() {
   if (!frm_ && !parts_.links.desk().isOpen()) return;
   if (!frm_) make();
   frm_->draw();
-  keyframes_->draw(parts_.links.desk().isOpen() ? frm_.get() : nullptr);
+  auto* owner = parts_.links.desk().isOpen() ? frm_.get() : nullptr;
+  keyframes_->draw(owner);
+  analysing_->draw(owner);
 }
 
 void EditorWindow::sketchCame(const std::string& file) {
@@ -85,6 +88,7 @@ void EditorWindow::make() {
   keyframes_ = std::make_unique<FrmKeyframe>(
       states.keyframes, pageLogic(), [&links](Long frame) { links.showClipFrame(frame); },
       [this](int clipNo) { return pictureOf(clipNo); });
+  analysing_ = std::make_unique<FrmAnalysing>(states.window.analysing);
   makePages();
   makePreview();
   makeTimeline();

@@ -15,6 +15,7 @@ class QImage;
 
 namespace kvo {
 
+class FrmAnalysing;
 class FrmKeyframe;
 class FrmRush;
 struct PageLogic;
@@ -54,6 +55,7 @@ class EditorWindow {
   EngineTransitionSamples samples_;
   std::unique_ptr<FrmRush> frm_;
   std::unique_ptr<FrmKeyframe> keyframes_;
+  std::unique_ptr<FrmAnalysing> analysing_;
   TimelineView* timeline_ = nullptr;  // the window's
 };
 
