@@ -116,6 +116,10 @@ void EditorLinks::settle() {
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
+  const auto& create = states_.create;
+  states_.timeline.marks.range.reset();
+  if (!create.Opt_RenderRangeWhole)
+    states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
   states_.timeline.onlyShows = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }
