@@ -120,7 +120,7 @@ void EditorLinks::settle() {
   states_.timeline.marks.range.reset();
   if (!create.Opt_RenderRangeWhole)
     states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
-  states_.timeline.onlyShows = isPlaying();
+  states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }
 

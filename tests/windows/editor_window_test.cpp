@@ -176,13 +176,20 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   width->setFocus();
   QTest::keyClicks(width, "0ic");
   EXPECT_EQ(b.asked, "") << "a field has its letters for itself";
+  auto* strip = b.part<QTabBar>("Tabs of the editor");
+  strip->setFocus();
   b.frame.toolsOn = false;  // the movie plays
   b.window->draw();
-  b.window->setFocus();
-  QTest::keyClick(b.window.get(), Qt::Key_I);
-  QTest::keyClick(b.window.get(), Qt::Key_Z, Qt::ControlModifier);
-  QTest::keyClick(b.window.get(), Qt::Key_Space);
+  ASSERT_NE(b.window->focusWidget(), nullptr);
+  QTest::keyClick(b.window->focusWidget(), Qt::Key_I);
+  QTest::keyClick(b.window->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(b.window->focusWidget(), Qt::Key_Space);
+  strip->setCurrentIndex(4);
   EXPECT_EQ(b.asked, "preview ");
+  EXPECT_EQ(b.frame.CurrentTab, 1);
+  b.frame.toolsOn = true;
+  b.window->draw();
+  EXPECT_EQ(b.window->focusWidget(), strip);
 }
 
 TEST(FrmRush, SaysWhyAKeyIsOff) {

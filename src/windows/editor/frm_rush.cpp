@@ -206,6 +206,7 @@ void FrmRush::keep() const {
 void FrmRush::draw() {
   if (!state_.frame.visible) return hide();
   if (const auto caption = shown(state_.frame.caption); windowTitle() != caption) setWindowTitle(caption);
+  leaveTools();
   tabs_->draw();
   const auto front = static_cast<std::size_t>(state_.frame.CurrentTab - 1);
   if (pageOf_[front] != nullptr) {
@@ -216,11 +217,27 @@ void FrmRush::draw() {
   details_->draw();
   sliders_->draw();
   wheel_->draw();
-  right_->setEnabled(state_.frame.toolsOn);
+  sliders_->setEnabled(state_.frame.toolsOn);
   keys_->draw();
   drawPreview_();
   drawTimeline_();
+  takeTools();
   if (!isVisible()) appear();
+}
+
+// While tools are off the keyboard is the window's: what it was with could not take it, and the next in the
+// order would.
+void FrmRush::leaveTools() {
+  if (state_.frame.toolsOn || !hadTools_) return;
+  hadTools_ = false;
+  lastFocus_ = focusWidget();
+  setFocus();
+}
+
+void FrmRush::takeTools() {
+  if (!state_.frame.toolsOn || hadTools_) return;
+  hadTools_ = true;
+  if (lastFocus_ != nullptr && focusWidget() == this) lastFocus_->setFocus();
 }
 
 bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {

@@ -6,6 +6,7 @@
 #include "windows/place/window_place.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -67,6 +68,8 @@ class FrmRush final : public QWidget {
   void appear();
   void keep() const;
   void orderFocus();
+  void leaveTools();
+  void takeTools();
   [[nodiscard]] bool takes(int key, Qt::KeyboardModifiers with);
 
   RushState state_;
@@ -79,6 +82,8 @@ class FrmRush final : public QWidget {
   QWidget* lower_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QWidget* middle_ = nullptr;
+  bool hadTools_ = true;
+  QPointer<QWidget> lastFocus_;  // that the keyboard was with when the tools went off
   QVBoxLayout* below_ = nullptr;
   QScrollArea* right_ = nullptr;
   ClipDetailsPart* details_ = nullptr;

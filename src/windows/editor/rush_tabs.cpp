@@ -55,7 +55,8 @@ RushTabs::RushTabs(const RushState& state, const RushActs& acts, QWidget* parent
     Tb_FileTab_->setTabToolTip(static_cast<int>(i), tr(kTabRows[i].name) + QString(" (Ctrl+%1)").arg(i + 1));
   }
   connect(Tb_FileTab_, &QTabBar::currentChanged, [this](int index) {
-    if (!isDrawing_) acts_.Buildtabs(index + 1);
+    if (isDrawing_) return;
+    state_.frame.toolsOn ? acts_.Buildtabs(index + 1) : draw();  // not while the movie plays
   });
   list_->setToolTip(tr("What has been done"));
   connect(undo_, &KVOBut::clicked, [this] { acts_.goInHistory(-1); });
@@ -97,7 +98,6 @@ void RushTabs::layOut() {
 void RushTabs::draw() {
   isDrawing_ = true;
   Tb_FileTab_->setCurrentIndex(state_.frame.CurrentTab - 1);
-  Tb_FileTab_->setEnabled(state_.frame.toolsOn);
   isDrawing_ = false;
   const auto& history = state_.history;
   const bool on = state_.frame.toolsOn;
