@@ -2,7 +2,9 @@
 
 #include "editor/compiler/sample_documents.h"
 #include "editor/tabs/operations.h"
-#include "engine/run/strip.h"
+#include "engine/document/document_reader.h"
+#include "engine/picture/compositor.h"
+#include "media/bgr.h"
 
 #include <utility>
 
@@ -31,17 +33,31 @@ std::string colourDocument(const Editing& e, const Movie& clip, int width, int h
   return clipSample(one, 1, options, e.editor.effects, {width, height, false}).text;
 }
 
+// The first picture of a document.
+Result<FramePicture> firstPicture(std::string document) {
+  const auto timeline = engine::readDocument(std::move(document));
+  if (!timeline) return timeline.error();
+  engine::Compositor compositor(*timeline);
+  const auto picture = compositor.frame(0);
+  if (!picture) return picture.error();
+  FramePicture shown{picture->width(), picture->height(), {}};
+  constexpr std::size_t kPixel = 3;  // bytes
+  const auto stride = static_cast<std::size_t>(shown.width) * kPixel;
+  shown.bgr.resize(stride * static_cast<std::size_t>(shown.height));
+  media::toBgr(*picture, shown.bgr.data(), stride);
+  return shown;
+}
+
 }  // namespace
 
 ColourPictures::ColourPictures(const Editing& editing, EventLoop& loop, std::function<void()> came)
     : e_(editing),
       came_(std::move(came)),
       maker_(
-          loop, [](const Wish& wish) { return engine::drawStrip(wish.document, 1); },
-          [this](const Wish& wish, const Frames& frames) {
+          loop, [](const Wish& wish) { return firstPicture(wish.document); },
+          [this](const Wish& wish, const Result<FramePicture>& picture) {
             if (wish.look != look_) return;
-            picture_ =
-                frames && !frames->empty() ? std::make_shared<const FramePicture>(frames->front()) : nullptr;
+            picture_ = picture ? std::make_shared<const FramePicture>(*picture) : nullptr;
             came_();
           }) {}
 

@@ -9,7 +9,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace kvo {
 
@@ -26,7 +25,6 @@ class ColourPictures {
   Picture of(int clipNo, int width, int height);
 
  private:
-  using Frames = Result<std::vector<FramePicture>>;
   struct Wish {
     std::string look;  // all that the picture comes from
     std::string document;
@@ -37,7 +35,7 @@ class ColourPictures {
   std::string file_;  // of the clip that is shown
   std::string look_;  // that is wanted
   Picture picture_;
-  LastWish<Wish, Frames> maker_;
+  LastWish<Wish, Result<FramePicture>> maker_;
 };
 
 }  // namespace kvo

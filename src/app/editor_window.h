@@ -3,7 +3,7 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
-#include "app/transition_strips.h"
+#include "editor/samples/engine_transition_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
@@ -16,6 +16,7 @@
 
 namespace kvo {
 
+class FrmAnalysing;
 class FrmKeyframe;
 class FrmRush;
 struct PageLogic;
@@ -61,12 +62,13 @@ class EditorWindow {
   };
   static const QImage& kept(ShownPicture& shown, const std::shared_ptr<const FramePicture>& picture);
 
-  TransitionStrips strips_;
+  EngineTransitionSamples samples_;
   ColourPictures colours_;
   std::map<int, ShownPicture> pictures_;  // by clip
   ShownPicture coloured_;
   std::unique_ptr<FrmRush> frm_;
   std::unique_ptr<FrmKeyframe> keyframes_;
+  std::unique_ptr<FrmAnalysing> analysing_;
   TimelineView* timeline_ = nullptr;  // the window's
 };
 
