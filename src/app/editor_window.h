@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/editor_links.h"
-#include "app/transition_strips.h"
+#include "editor/samples/engine_transition_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
@@ -15,6 +15,7 @@ class QImage;
 
 namespace kvo {
 
+class FrmAnalysing;
 class FrmKeyframe;
 class FrmRush;
 struct PageLogic;
@@ -51,9 +52,10 @@ class EditorWindow {
   [[nodiscard]] QImage pictureOf(int clipNo) const;
 
   Parts parts_;
-  TransitionStrips strips_;
+  EngineTransitionSamples samples_;
   std::unique_ptr<FrmRush> frm_;
   std::unique_ptr<FrmKeyframe> keyframes_;
+  std::unique_ptr<FrmAnalysing> analysing_;
   TimelineView* timeline_ = nullptr;  // the window's
 };
 

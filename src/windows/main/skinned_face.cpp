@@ -7,6 +7,7 @@
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "windows/main/create_movie_key.h"
 #include "windows/main/details_part.h"
 #include "windows/main/empty_pane_part.h"
 #include "windows/main/glass_part.h"
@@ -119,6 +120,8 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
   position_ = made<PositionPart>(state_.details, state_.positions.markers,
                                  act([this] { logic_.positions.markers.open(); }), this);
+  createMovie_ = made<CreateMovieKey>(state_.menu, this);
+  connect(createMovie_, &QAbstractButton::clicked, [&acts] { acts.choose(MenuCommand::CreateMovie); });
   details_ = made<DetailsPart>(state_.details, act(logic_.showCodec), this);
   const auto look = [this](std::optional<double> seconds) {
     picture_->box().lookAt(seconds);
@@ -176,7 +179,7 @@ void SkinnedFace::setTabOrder() {
   };
   add({empty_});
   add(list_->tabOrder());
-  add({position_->indexKey()});
+  add({createMovie_, position_->indexKey()});
   add(details_->tabOrder());
   add(slider_->tabOrder());
   add(glass_->tabOrder());
@@ -199,6 +202,7 @@ void SkinnedFace::layOut() {
   largePicture_->layOut(scale_);
   collection_->layOut(scale_);
   position_->layOut(scale_);
+  createMovie_->layOut(scale_);
   details_->layOut(scale_);
   slider_->layOut(scale_);
   hover_->layOut(scale_);
@@ -237,6 +241,7 @@ void SkinnedFace::drawParts() {
   largePicture_->draw();
   collection_->draw();
   position_->draw(colour, state_.mode.panels.Lbl_Pos.visible);
+  createMovie_->draw();
   details_->draw(colour);
   slider_->draw();
   drawHover();
@@ -268,6 +273,7 @@ void SkinnedFace::showParts() {
   showPart(*largePicture_, (any && !details) || intro || comes);
   showPart(*collection_, any && panels.CollDets);
   showPart(*position_, any && panels.CollDets);
+  showPart(*createMovie_, any && panels.CollDets);
   showPart(*details_, details);
   if (loading) return loading_->setFocus();
   if (const auto before = std::exchange(focusBefore_, nullptr); before != nullptr) {

@@ -30,6 +30,7 @@ class LargePicturePart;
 class ListPart;
 class LoadingPart;
 class PicturePart;
+class CreateMovieKey;
 class PositionPart;
 class SliderPart;
 class TitleRailPart;
@@ -103,6 +104,7 @@ class SkinnedFace : public QWidget {
   LargePicturePart* largePicture_ = nullptr;
   CollectionDetailsPart* collection_ = nullptr;
   PositionPart* position_ = nullptr;
+  CreateMovieKey* createMovie_ = nullptr;
   DetailsPart* details_ = nullptr;
   SliderPart* slider_ = nullptr;
   HoverPart* hover_ = nullptr;

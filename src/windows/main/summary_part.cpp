@@ -11,6 +11,8 @@ constexpr double kSummaryTop = 233.5;
 constexpr double kSummaryHeight = 22;
 constexpr double kSummaryRadius = 5;
 constexpr double kSummaryText = 11.5;
+constexpr QRectF kWithoutIndex(285, kSummaryTop, 132, kSummaryHeight);
+constexpr QRectF kBesideIndex(285, kSummaryTop, 108, kSummaryHeight);
 
 }  // namespace
 
@@ -37,13 +39,13 @@ void CollectionDetailsPart::draw() {
 
 PositionPart::PositionPart(const DetailsState& state, const MarkersState& markers,
                            std::function<void()> index, QWidget* parent)
-    : Plate(QRectF(277, kSummaryTop, 267, kSummaryHeight), kSummaryRadius, parent),
+    : Plate(QRectF(277, kSummaryTop, 144, kSummaryHeight), kSummaryRadius, parent),
       state_(state),
       markers_(markers),
       position_(made<FaceLabel>(
-          QRectF(285, kSummaryTop, 226, kSummaryHeight),
+          kWithoutIndex,
           LabelLook{.pixels = kSummaryText, .weight = QFont::Medium, .colour = token("detail")}, this)),
-      index_(made<IconKey>("menu", tr("Index"), QRectF(514, kSummaryTop, 26, kSummaryHeight), 14, this)) {
+      index_(made<IconKey>("menu", tr("Index"), QRectF(394, kSummaryTop, 26, kSummaryHeight), 14, this)) {
   index_->setToolTip(tr("Index"));
   connect(index_, &QAbstractButton::clicked, std::move(index));
 }
@@ -52,6 +54,7 @@ QWidget* PositionPart::indexKey() const { return index_; }
 
 void PositionPart::layOut(const FaceScale& scale) {
   Plate::layOut(scale);
+  scale_ = scale;
   index_->layOut(scale);
   position_->layOut(scale);
 }
@@ -60,6 +63,7 @@ void PositionPart::draw(Rgb colour, bool hasPosition) {
   position_->setVisible(hasPosition);
   position_->write(shown(state_.position));
   index_->setVisible(markers_.available);
+  position_->setGeometry(placedIn(*this, scale_, markers_.available ? kBesideIndex : kWithoutIndex));
   position_->setColour(colour);
 }
 

@@ -43,6 +43,7 @@ class PositionPart : public Plate {
   const MarkersState& markers_;
   FaceLabel* position_;
   IconKey* index_;
+  FaceScale scale_;
 };
 
 }  // namespace kvo

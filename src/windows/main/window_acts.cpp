@@ -45,6 +45,11 @@ void WindowActs::openZoomMenu(const QPoint& at, QWidget& window) {
   acted_();
 }
 
+void WindowActs::choose(MenuCommand command) {
+  logic_.menu.choose({.command = command});
+  acted_();
+}
+
 bool WindowActs::key(const QString& typed) {
   return typed.size() == 1 && keyCommand(static_cast<unsigned char>(typed.front().toLatin1()));
 }

@@ -37,6 +37,8 @@ class WindowActs : public QObject {
   void openListMenu(const QPoint& at, QWidget& window);
   void openSortMenu(const QPoint& at, QWidget& window);
   void openZoomMenu(const QPoint& at, QWidget& window);
+  /// An entry of the menu, by a key of the window.
+  void choose(MenuCommand command);
   /// What a letter, digit or blank does; false for nothing, and while a load or a command is under way.
   bool key(const QString& typed);
 

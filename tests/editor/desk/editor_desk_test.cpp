@@ -3,6 +3,7 @@
 
 #include "editor/desk/clip_stats.h"
 #include "editor/desk/snapshot.h"
+#include "editor/desk/timeline_desk.h"
 #include "support/program_bench.h"
 
 #include <ctime>
@@ -407,6 +408,62 @@ TEST(ClipStats, TellWhatTheRecordHas) {
   b.clip(4).Resolution("N/A");
   EXPECT_EQ(all(clipStats(b.editing, 4, true)),
             "Previewing - Cut 4|photo.jpg|N/A|5.000 (s)|0.00 - 0.00 (s)|N/A|N/A|N/A|No Effects|N/A");
+}
+
+// Each wish of the timeline is one step, as the lists' own commands would have made it.
+TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
+  struct Row {
+    const char* step;
+    void (*act)(TimelineDesk&);
+    std::string names;
+  };
+  const Row rows[] = {
+      {"move film3.avi", [](TimelineDesk& desk) { desk.moveTo(3, 1); }, "312ps"},
+      {"Mark-Out on film2.avi",
+       [](TimelineDesk& desk) {
+         desk.setMark({2, ClipEdge::Out, 6, 150});
+       },
+       "123ps"},
+      {"Transition on film2.avi",
+       [](TimelineDesk& desk) {
+         desk.setTransIn({2, 10});
+       },
+       "123ps"},
+      {"Fade on song.mp3",
+       [](TimelineDesk& desk) {
+         desk.setFade({5, ClipEdge::In, 10});
+       },
+       "123ps"},
+      {"remove film2.avi", [](TimelineDesk& desk) { desk.remove(2); }, "13ps"},
+      {"copy film2.avi", [](TimelineDesk& desk) { desk.copy(2); }, "1223ps"},
+      {"split film2.avi", [](TimelineDesk& desk) { desk.split(2, 3); }, "1223ps"},
+      {"add a.avi",
+       [](TimelineDesk& desk) {
+         desk.insertFiles({"/v/x.mp3", "/v/a.avi"}, 2);
+       },
+       "1a23psx"},
+      {"",
+       [](TimelineDesk& desk) {
+         desk.setTransIn({9, 10}), desk.split(9, 1), desk.moveTo(0, 1);
+       },
+       "123ps"},
+  };
+  for (const auto& row : rows) {
+    DeskBench b;
+    for (const auto* name : {"/v/x.mp3", "/v/a.avi"}) b.files.all[name] = "x";
+    TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+    row.act(desk);
+    std::string names;
+    for (int i = 1; i <= b.collection.MovieList.count(); ++i) {
+      const auto& name = b.clip(i).MovieName();
+      names += name.starts_with("film") ? name[4] : name[0];
+    }
+    EXPECT_EQ(names, row.names) << row.step;
+    EXPECT_EQ(b.window.history.done,
+              *row.step == 0 ? std::vector<std::string>() : std::vector<std::string>{row.step});
+    b.history.undo();
+    EXPECT_EQ(b.collection.MovieList.count(), 5) << row.step;
+  }
 }
 
 // The change watch stays out of the window's way: what a thousand clips cost it.
