@@ -103,6 +103,7 @@ DeskTabs EditorLinks::tabs() {
 }
 
 void EditorLinks::settle() {
+  if (!parts_.window.face.visible) desk_.leave();
   if (!desk_.isOpen()) {
     if (states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
     return;
