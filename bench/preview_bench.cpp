@@ -190,12 +190,12 @@ bool plays(const std::string& clips, const Form& form) {
     return false;
   }
   const auto shown = measured.take();
-  double start = 0;
+  // The second picture comes a frame behind the start.
+  const double start = shown.size() > 1 ? shown[1].at - begun - 1.0 / form.rate : kGiveUp;
   double gap = 0;
   double gapAt = 0;
   double apart = 0;
   for (std::size_t i = 0; i < shown.size(); ++i) {
-    if (start == 0 && shown[i].heard > 0) start = shown[i].at - begun;
     if (i > 1 && shown[i].at - shown[i - 1].at > gap) {
       gap = shown[i].at - shown[i - 1].at;
       gapAt = static_cast<double>(shown[i].frame) / form.rate;

@@ -16,12 +16,31 @@
 #include "windows/keyframe/frm_keyframe.h"
 
 #include <QImage>
+#include <atomic>
+#include <memory>
 #include <utility>
 
 namespace kvo {
 
+namespace {
+
+// Has all that comes until it is the loop's turn drawn at once.
+std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
+  auto isWaiting = std::make_shared<std::atomic<bool>>(false);
+  return [&loop, draw = std::move(draw), isWaiting] {
+    if (isWaiting->exchange(true)) return;
+    loop.post([draw, isWaiting] {
+      *isWaiting = false;
+      draw();
+    });
+  };
+}
+
+}  // namespace
+
 EditorWindow::EditorWindow(const Parts& parts)
-    : parts_(parts), strips_(parts.session, parts.loop, [this] { parts_.draw(); }) {}
+    : parts_(parts),
+      samples_(parts.session.collection, parts.session.streams, drawSoon(parts.loop, parts.draw)) {}
 
 EditorWindow::~EditorWindow() = default;
 
@@ -105,7 +124,7 @@ void EditorWindow::makePages() {
                           frm_.get()));
   set(2, made<AudioPage>(states.audio, pageLogic(), frm_.get()));
   set(3, made<TransitionPage>(
-             TransitionPage::Logic{states.transition, links.transition(), parts_.session.collection, strips_,
+             TransitionPage::Logic{states.transition, links.transition(), parts_.session.collection, samples_,
                                    [this] {
                                      return parts_.dialogs
                                          .open({"Mask", {{"Pictures (*.jpg)", "*.jpg *.jpeg"}}, {}, {}})

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/editor_links.h"
-#include "app/transition_strips.h"
+#include "editor/samples/engine_transition_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
@@ -52,7 +52,7 @@ class EditorWindow {
   [[nodiscard]] QImage pictureOf(int clipNo) const;
 
   Parts parts_;
-  TransitionStrips strips_;
+  EngineTransitionSamples samples_;
   std::unique_ptr<FrmRush> frm_;
   std::unique_ptr<FrmKeyframe> keyframes_;
   std::unique_ptr<FrmAnalysing> analysing_;

@@ -39,12 +39,12 @@ bool AddClips::add(std::vector<std::string> names, const AddManner& manner) {
   bool any = false;
   for (int i = 0; i < total; ++i) {
     const auto& name = names[static_cast<std::size_t>(i)];
+    parts_.host.analysing(i + 1, total, name);
+    if (parts_.host.stopped()) break;
     if (parts_.collection.MovieList.count() >= kMaxClips) {
       refuse(refusedFull());
       break;
     }
-    parts_.host.analysing(i + 1, total, name);
-    if (parts_.host.stopped()) break;
     any |= addOne(name, manner);
   }
   parts_.host.analysed();

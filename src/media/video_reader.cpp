@@ -33,6 +33,7 @@ struct VideoReader::State {
   TimedFrame next{};
   bool begun = false;                // `next` has been asked for
   bool ended = false;                // and there is none
+  double sought = 0;                 // the place that was sought last: what lies ahead of it leads there
   std::optional<double> soundEnd{};  // seconds after the first picture; looked for behind the last picture
 
   Outcome readNext(double wanted) {
@@ -46,6 +47,7 @@ struct VideoReader::State {
   // The frame that is shown at `seconds`, or one ahead of it, comes into `next`.
   Outcome seek(double seconds) {
     current = next = {};
+    sought = seconds;
     for (const double back : kStepsBack) {
       const double at = seconds + kTimeTolerance - back;
       if (feed.onlyForward() || at <= 2 * kTimeTolerance) break;
@@ -61,20 +63,29 @@ struct VideoReader::State {
     if (!begun) return seconds > kTimeTolerance && !feed.onlyForward();  // a file is read from its start
     if (current.frame && seconds < current.seconds - kTimeTolerance && current.seconds > kTimeTolerance)
       return true;
-    return !ended && !feed.onlyForward() && seconds > next.seconds + kSeekAhead;
+    return !ended && !feed.onlyForward() && seconds > std::max(next.seconds, sought) + kSeekAhead;
   }
 
-  Outcome goTo(double seconds) {
+  // Where the way to a place begins.
+  Outcome setOut(double seconds) {
     const bool seeks = needsSeek(seconds);
     const bool first = !std::exchange(begun, true);
-    if (seeks || first) {
-      if (auto done = seeks ? seek(seconds) : readNext(seconds); !done) return done;
-    }
-    while (next.frame && (!current.frame || next.seconds <= seconds + kTimeTolerance)) {
+    if (!seeks && !first) return {};
+    return seeks ? seek(seconds) : readNext(seconds);
+  }
+
+  // On to the frame that is shown at `until`, on the way to `seconds`.
+  Outcome goOn(double until, double seconds) {
+    while (next.frame && (!current.frame || next.seconds <= until + kTimeTolerance)) {
       current = std::exchange(next, {});
       if (auto done = readNext(seconds); !done) return done;
     }
     return {};
+  }
+
+  Outcome goTo(double seconds) {
+    if (auto done = setOut(seconds); !done) return done;
+    return goOn(seconds, seconds);
   }
 
   // Behind the last picture: it stands as long as the file's sound goes on, and a little longer.
@@ -115,6 +126,17 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads, Dama
   auto state = std::make_unique<State>(State{std::move(*feed), damage});
   state->still = state->feed.source().traits().isStill;
   return VideoReader(std::move(state));
+}
+
+Result<VideoReader::Toward> VideoReader::frameToward(double seconds, double most) {
+  if (photograph_) return Toward{photograph_, 0};
+  auto& s = *state_;
+  if (s.still) seconds = 0;
+  if (auto done = s.setOut(seconds); !done) return done.error();
+  const double from = s.current.frame ? s.current.seconds : s.next.seconds;
+  if (auto done = s.goOn(std::min(seconds, from + most), seconds); !done) return done.error();
+  const bool there = !s.next.frame || s.next.seconds > seconds + kTimeTolerance;
+  return Toward{s.current.frame, there ? 0 : seconds - s.current.seconds};
 }
 
 Result<SharedFrame> VideoReader::frameAt(double seconds) {

@@ -29,6 +29,14 @@ class VideoReader {
   /// decoded.
   Result<SharedFrame> frameAt(double seconds);
 
+  /// A stretch of the way there, for one who may change his mind: decodes no more than about `most` seconds
+  /// beyond the key frame, or beyond where it stands.
+  struct Toward {
+    SharedFrame frame;  ///< where it has come to
+    double left = 0;    ///< seconds to go; 0 when frameAt(seconds) has it at hand
+  };
+  Result<Toward> frameToward(double seconds, double most);
+
  private:
   struct State;
   explicit VideoReader(std::unique_ptr<State> state);

@@ -7,6 +7,7 @@
 #include "support/documents.h"
 #include "support/real_world.h"
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
@@ -232,6 +233,50 @@ TEST_F(PlaybackTest, WhatIsMadeAheadIsShownInItsTurn) {
   files.clear();
   Playback none(*readDocument(text), nullptr, &files);
   EXPECT_FALSE(none.step(now)) << "they have been let go of";
+}
+
+TEST_F(PlaybackTest, TheWayToAFarPlaceIsGoneByStretches) {
+  const auto far = test::makeMedia(
+      media_, "far.mp4",
+      {"-f", "lavfi", "-i", "color=black:size=64x48:rate=25,format=yuv420p,geq=lum='16+N':cb=128:cr=128",
+       "-frames:v", "200", "-c:v", "libx264", "-g", "1000", "-keyint_min", "1000", "-qp", "1"});
+  Playback playback(*readDocument(test::documentOf({{far, 0, 8, 0, 8}})), nullptr);
+  const auto grey = [](const media::Picture& picture) { return int{picture.row(0, 9)[9]} - 16; };
+  std::vector<double> ways;
+  for (;;) {
+    const double left = playback.approach(150);
+    if (left <= 0) break;
+    ways.push_back(left);
+    const auto rough = playback.roughly(150);
+    EXPECT_EQ(rough.frame, 150);
+    EXPECT_NEAR(grey(rough.picture), 150 - left * 25, 1.5) << "as far as it has come";
+  }
+  ASSERT_GT(ways.size(), 5U);
+  EXPECT_TRUE(std::ranges::is_sorted(ways, std::greater()));
+  EXPECT_GT(ways.front(), 5);
+  playback.makeReady(150);
+  playback.seek(150, 0);
+  EXPECT_NEAR(grey((**playback.step(0)).picture), 150, 1);
+
+  // The player stands in for it with what is there, and leaves the way for another wish.
+  std::mutex mutex;
+  std::vector<std::pair<std::int64_t, int>> shown;
+  EnginePlayer player(nullptr, [&](auto frame, auto picture) {
+    const std::lock_guard lock(mutex);
+    shown.emplace_back(frame, picture->bgr.at(3 * 64 * 9 + 27) * 219 / 255);
+  });
+  const auto last = [&] {
+    const std::lock_guard lock(mutex);
+    return shown.empty() ? std::pair<std::int64_t, int>() : shown.back();
+  };
+  ASSERT_TRUE(player.load(test::documentOf({{far, 0, 8, 0, 8}})));
+  player.seek(180);
+  for (int i = 0; i < 400 && std::abs(last().second - 180) > 2; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_EQ(last().first, 180);
+  EXPECT_NEAR(last().second, 180, 2);
+  const std::lock_guard lock(mutex);
+  EXPECT_TRUE(std::ranges::any_of(shown, [](const auto& s) { return s.first == 180 && s.second < 130; }));
 }
 
 TEST(SeenFrames, KeepWhatWasWantedLast) {

@@ -441,6 +441,7 @@ TEST(AddClips, ClipsOfOneSecondHaveKeysOfTheirOwnAndThereAreNotTooMany) {
   EXPECT_FALSE(b.intake.add({"/v/a.avi", "/v/a.avi"}, {}));
   EXPECT_EQ(b.boxes.shown.size(), 1U);
   EXPECT_NE(b.box().find("32767"), std::string::npos);
+  EXPECT_EQ(*std::prev(b.host.told.end(), 2), "1/2 /v/a.avi") << "which is the first that does not fit";
 }
 
 TEST(LoadGuard, APlayerThatFailsLosesTheClipOrEndsTheProgram) {

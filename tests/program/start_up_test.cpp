@@ -414,7 +414,7 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   }
   MediaCommands media({b.dialogs, b.desktop, b.questions, b.boxes}, b.settings, b.window, b.mailbox);
   b.settings.adjust().NoofUses = 30;
-  for (const auto& [typed, box] : {std::pair{"server/live.asx", "server/live.asx is no address"},
+  for (const auto& [typed, box] : {std::pair{"server/live.asx", "server/live.asx\r\nis no address"},
                                    {"/v/gone.asx", ""},
                                    {"/v/n.avi", ""},
                                    {"\\\\server\\a.avi", ""},

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
+#include <QTabBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -38,7 +39,9 @@ struct RushBench : test::TabBench {
   TransitionTab transition;
   test::MemoryStore store;
   test::PlainDesktop desktop;
-  EngineTransitionSamples samples{streams, [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
+  test::NamedStreams noFiles;  // so that the samples are of plain colours
+  EngineTransitionSamples samples{collection, noFiles,
+                                  [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
   int come = 0;
   CreateRules createRules{editing, create, host};
   TransitionRules transitionRules{editing, transition, host, store};
@@ -94,7 +97,10 @@ struct RushBench : test::TabBench {
       return frame;
     };
     window->setPreview(card(0), card(72), [] {});
-    window->setTimeline(card(0), [] {});
+    auto* timeline = card(0);
+    timeline->setFocusPolicy(Qt::StrongFocus);
+    timeline->setAccessibleName("timeline");
+    window->setTimeline(timeline, [] {});
     window->draw();
     QApplication::processEvents();
   }
@@ -186,7 +192,9 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
   b.history = {};
   b.open();
   int off = 0;
-  for (const auto* key : b.window->findChildren<KVOBut*>()) {
+  for (const auto* button : b.window->findChildren<QAbstractButton*>()) {
+    const auto* key = dynamic_cast<const KVOBut*>(button);
+    if (key == nullptr) continue;
     EXPECT_FALSE(key->accessibleName().isEmpty());
     EXPECT_GE(std::min(key->width(), key->height()), 24) << key->accessibleName().toStdString();
     const bool isSplit = key->toolTip().contains("A still has no frames");
@@ -211,6 +219,25 @@ TEST(FrmRush, EachControlHasANameAndTakesTheKeyboard) {
           widget->accessibleName().isEmpty() && button != nullptr ? button->text() : widget->accessibleName();
       EXPECT_FALSE(name.isEmpty()) << widget->metaObject()->className() << " on tab " << tab;
     }
+  }
+}
+
+TEST(FrmRush, TabGoesFromTheStripDownToTheTimeline) {
+  RushBench b;
+  b.open();
+  QStringList order;
+  QWidget* at = b.part<QTabBar>("Tabs of the editor");
+  do {
+    if (at->isVisible() && (at->focusPolicy() & Qt::TabFocus) != 0)
+      order << (at->accessibleName().isEmpty() ? at->objectName() : at->accessibleName());
+    at = at->nextInFocusChain();
+  } while (at != b.part<QTabBar>("Tabs of the editor") && order.size() < 99);
+  const std::vector<QString> inOrder = {"Tabs of the editor",   "Resolution",        "Preview", "Clip speed",
+                                        "Position in the clip", "Set Mark-IN frame", "Zoom",    "timeline"};
+  qsizetype last = -1;
+  for (const auto& name : inOrder) {
+    EXPECT_GT(order.indexOf(name), last) << name.toStdString() << " in " << order.join(", ").toStdString();
+    last = order.indexOf(name);
   }
 }
 

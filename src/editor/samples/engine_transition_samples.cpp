@@ -9,7 +9,7 @@
 namespace kvo {
 namespace {
 
-constexpr double kBehindMark = 1;         // seconds: films begin black
+constexpr double kFromEnd = 1;            // seconds: films begin and end black
 constexpr std::size_t kMostWaiting = 64;  // older ones are asked for again when they are looked at
 
 bool hasPictureByName(const Movie& clip) {
@@ -17,28 +17,43 @@ bool hasPictureByName(const Movie& clip) {
   return kind != nullptr && kind->mediaClass != MediaClass::Sound;
 }
 
+// Near an end of the section that is played.
+SamplePlace placeIn(const Movie& clip, bool atEnd) {
+  const double start = clip.LoopStart().number();
+  const double end = std::max(clip.LoopEnd().number(), start);
+  const double inside = std::min(kFromEnd, (end - start) / 2);
+  return {clipFile(clip), clip.IsStill() ? 0 : atEnd ? end - inside : start + inside};
+}
+
 }  // namespace
 
-EngineTransitionSamples::EngineTransitionSamples(FrameSource& streams, std::function<void()> come)
-    : streams_(streams),
+EngineTransitionSamples::EngineTransitionSamples(const Collection& collection, FrameSource& streams,
+                                                 std::function<void()> come)
+    : collection_(collection),
+      streams_(streams),
       come_(std::move(come)),
       ground_(pictureAt({}, true), pictureAt({}, false)),
       thread_([this](const std::stop_token& stopped) { work(stopped); }) {}
 
 EngineTransitionSamples::~EngineTransitionSamples() = default;
 
-void EngineTransitionSamples::useClips(const Collection& collection) {
-  std::vector<SamplePlace> found;
-  for (int number = 1; number <= collection.MovieList.count() && found.size() < 2; ++number) {
-    const auto& clip = collection.MovieList[number];
-    if (!hasPictureByName(clip)) continue;
-    const double start = clip.LoopStart().number();
-    const double end = std::max(clip.LoopEnd().number(), start);
-    found.push_back({clipFile(clip), clip.IsStill() ? 0 : std::min(start + kBehindMark, (start + end) / 2)});
+EngineTransitionSamples::Places EngineTransitionSamples::placesNow() const {
+  const auto& clips = collection_.MovieList;
+  const int inHand = collection_.icurMov;
+  Places places;
+  if (inHand < 1 || inHand > clips.count() || !hasPictureByName(clips[inHand])) return places;
+  places.second = placeIn(clips[inHand], false);
+  for (int before = inHand - 1; before >= 1; --before) {
+    if (!hasPictureByName(clips[before])) continue;
+    places.first = placeIn(clips[before], true);
+    break;
   }
-  found.resize(2);
-  Places places(found[0], found[1]);
-  const std::lock_guard lock(mutex_);
+  return places;
+}
+
+// Other clips: what has been made is not of them.
+void EngineTransitionSamples::follow() {
+  auto places = placesNow();
   if (places == places_) return;
   places_ = std::move(places);
   done_.clear();
@@ -49,6 +64,7 @@ void EngineTransitionSamples::useClips(const Collection& collection) {
 TransitionSamples::Picture EngineTransitionSamples::picture(std::string_view name, int step) {
   const Wanted wanted(name, step);
   const std::lock_guard lock(mutex_);
+  follow();
   if (const auto found = done_.find(wanted); found != done_.end()) return found->second;
   std::erase(waiting_, wanted);
   waiting_.push_back(wanted);

@@ -28,12 +28,10 @@ struct SamplePlace {
 
 class EngineTransitionSamples final : public TransitionSamples {
  public:
-  /// `come` is called on the samples' own thread behind each picture. `streams` outlives the object.
-  EngineTransitionSamples(FrameSource& streams, std::function<void()> come);
+  /// `come` is called on the samples' own thread behind each picture. Both others outlive the object; the
+  /// collection is read while a picture is asked for.
+  EngineTransitionSamples(const Collection& collection, FrameSource& streams, std::function<void()> come);
   ~EngineTransitionSamples() override;
-
-  /// From now on of this collection's clips. Nothing is made anew while these are the same.
-  void useClips(const Collection& collection);
 
   Picture picture(std::string_view name, int step) override;
   [[nodiscard]] int revision() const override { return revision_; }
@@ -42,10 +40,13 @@ class EngineTransitionSamples final : public TransitionSamples {
   using Wanted = std::pair<std::string, int>;  // name and step
   using Places = std::pair<SamplePlace, SamplePlace>;
 
+  [[nodiscard]] Places placesNow() const;
+  void follow();
   void work(const std::stop_token& stopped);
   void make(const Wanted& wanted, const Places& places);
   [[nodiscard]] FramePicture pictureAt(const SamplePlace& place, bool isFirst) const;
 
+  const Collection& collection_;
   FrameSource& streams_;
   std::function<void()> come_;
   std::atomic<int> revision_ = 0;

@@ -32,10 +32,18 @@ class Compositor {
   /// the timeline's, rounded up to even. Forward is cheap. Files are open only while their clips are shown.
   Result<media::Picture> frame(std::int64_t number);
 
+  /// A stretch of the way to a frame that is not the next one: about `most` seconds of each file. Gives the
+  /// seconds to go, 0 when frame(number) has nothing left to decode.
+  Result<double> approach(std::int64_t number, double most);
+  /// Frame `number` of what has been decoded on the way there.
+  Result<media::Picture> roughFrame(std::int64_t number);
+
   /// A frame will be wanted before long: files that it needs and that are not open are made ready beside.
   void expect(std::int64_t number);
 
  private:
+  Result<media::Picture> onBlack(Result<media::Picture> seen) const;
+
   FrameSize size_;
   FramePlanner planner_;
   FramePlanner scout_;  // ahead of it

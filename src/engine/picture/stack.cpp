@@ -57,6 +57,16 @@ struct Stack::Open {
   Picture drawn;  // `placed` with its effects
 };
 
+namespace {
+
+Result<media::SharedFrame> standing(media::VideoReader& reader, double seconds) {
+  auto toward = reader.frameToward(seconds, 0);
+  if (!toward) return toward.error();
+  return std::move(toward->frame);
+}
+
+}  // namespace
+
 Stack::Stack(const std::vector<Layer>& layers, const Setting& setting) : layers_(layers), setting_(setting) {}
 Stack::Stack(Stack&&) noexcept = default;
 Stack::~Stack() = default;
@@ -103,6 +113,33 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
   return open_.emplace(layer, std::move(open)).first->second.get();
 }
 
+Result<double> Stack::approach(const FramePlan& plan, double most) {
+  double left = 0;
+  for (const auto& planned : plan) {
+    if (planned.progress <= 0) continue;
+    auto found = opened(planned.number);
+    if (!found) return found.error();
+    auto& open = **found;
+    if (open.inside) {
+      const auto inner = open.inside->approach(planned.inside, most);
+      if (!inner) return inner;
+      left = std::max(left, *inner);
+      continue;
+    }
+    const auto toward = open.source->reader.frameToward(planned.sourceTime, most);
+    if (!toward) return toward.error();
+    left = std::max(left, toward->left);
+  }
+  return left;
+}
+
+Result<Picture> Stack::drawAsItStands(const FramePlan& plan) {
+  asItStands_ = true;
+  auto drawn = draw(plan);
+  asItStands_ = false;
+  return drawn;
+}
+
 void Stack::expect(const FramePlan& plan) {
   if (setting_.files == nullptr) return;
   for (const auto& planned : plan) {
@@ -121,7 +158,8 @@ Result<Picture> Stack::source(const PlannedLayer& planned, Open& open, bool& sam
   same = false;
   if (open.inside) return open.inside->draw(planned.inside);
   const auto& clip = *planned.layer;
-  auto frame = open.source->reader.frameAt(planned.sourceTime);
+  auto frame = asItStands_ ? standing(open.source->reader, planned.sourceTime)
+                           : open.source->reader.frameAt(planned.sourceTime);
   if (!frame) return frame.error();
   same = *frame == open.shown;
   if (same) return open.placed;

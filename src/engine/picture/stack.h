@@ -37,6 +37,12 @@ class Stack {
   /// that the setting keeps.
   Result<media::Picture> draw(const FramePlan& plan);
 
+  /// A stretch of the way to a plan whose files stand elsewhere: about `most` seconds of each. Gives the
+  /// seconds to go, 0 when nothing is left but to draw it.
+  Result<double> approach(const FramePlan& plan, double most);
+  /// A plan as far as its files have come; empty where there is nothing.
+  Result<media::Picture> drawAsItStands(const FramePlan& plan);
+
   /// The files of a plan that will be drawn before long are made ready.
   void expect(const FramePlan& plan);
 
@@ -53,6 +59,7 @@ class Stack {
   const std::vector<Layer>& layers_;
   Setting setting_;
   std::int64_t asked_ = 0;  // frames, so far
+  bool asItStands_ = false;
   std::map<std::size_t, std::unique_ptr<Open>> open_;
   std::set<std::size_t> expected_;  // layers whose files are being made ready
 };

@@ -17,12 +17,19 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kFilesKept = 6;  // open for the next document
+constexpr std::size_t kFilesKept = 4;  // open for the next document
+constexpr double kLongWay = 2.2;       // seconds of film: key frames are further apart than that
 constexpr double kNewest = 0.25;       // what the newest frame weighs in how long one takes
 
 double nowSeconds() { return std::chrono::duration<double>(Clock::now().time_since_epoch()).count(); }
 
-std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, int width, int height) {
+struct Sides {
+  int width = 0;
+  int height = 0;
+};
+
+std::shared_ptr<const Bitmap> bitmapOf(const media::Picture& picture, const Sides& sides) {
+  const auto [width, height] = sides;
   auto bitmap = std::make_shared<Bitmap>(Bitmap{width, height, {}});
   if (!picture) return bitmap;
   // A picture's sides are even; the timeline's may be one less.
@@ -99,20 +106,49 @@ struct EnginePlayer::State {
     changed.notify_all();
   }
 
-  // The picture that is wanted first is made before the clock runs.
-  static void carryOut(const Command& command, Playback& playback) {
+  bool isWantedElsewhere() {
+    const std::lock_guard lock(mutex);
+    return !commands.empty() || drops || ends;
+  }
+
+  // Goes to a frame by stretches. Where the way is long, what is there first stands in for the frame
+  // meanwhile, and it is left when something else is wanted: false then.
+  bool goTo(std::int64_t frame, Playback& playback, const Sides& sides) {
+    bool toldRoughly = playback.state() == PlayState::Playing;
+    for (;;) {
+      const double left = playback.approach(frame);
+      if (left <= 0) break;
+      if (left < kLongWay) continue;
+      if (!std::exchange(toldRoughly, true)) {
+        const auto rough = playback.roughly(frame);
+        if (rough.picture) show(rough.frame, bitmapOf(rough.picture, sides));
+      }
+      if (isWantedElsewhere()) return false;
+    }
+    playback.makeReady(frame);
+    return true;
+  }
+
+  // The picture that is wanted first is made before the clock runs. False when it has not been.
+  bool carryOut(const Command& command, Playback& playback, const Sides& sides) {
+    bool ready = true;
     switch (command.what) {
       case Command::What::Play:
         playback.makeReady();
-        return playback.play(nowSeconds());
+        playback.play(nowSeconds());
+        break;
       case Command::What::Pause:
-        return playback.pause(nowSeconds());
+        playback.pause(nowSeconds());
+        break;
       case Command::What::Stop:
-        return playback.stop();
+        playback.stop();
+        break;
       case Command::What::Seek:
-        playback.makeReady(command.frame);
-        return playback.seek(command.frame, nowSeconds());
+        ready = goTo(command.frame, playback, sides);
+        playback.seek(command.frame, nowSeconds());
+        break;
     }
+    return ready;
   }
 
   // Does `work` while nobody has to wait for it; false when something else is wanted by now, or it failed.
@@ -148,8 +184,7 @@ struct EnginePlayer::State {
   void run() {
     OpenFiles files(kFilesKept);
     std::unique_ptr<Playback> playback;
-    int width = 0;
-    int height = 0;
+    Sides sides;
     std::unique_lock lock(mutex);
     while (!ends) {
       if (drops) {
@@ -161,8 +196,7 @@ struct EnginePlayer::State {
             files.clear();
             return {};
           }
-          width = next->width;
-          height = next->height;
+          sides = {next->width, next->height};
           playback = std::make_unique<Playback>(std::move(*next), sound.get(), &files);
           return {};
         });
@@ -175,10 +209,12 @@ struct EnginePlayer::State {
       double wait = 0;
       const auto asked = std::exchange(commands, {});
       const bool shown = unlocked(lock, playback, [&]() -> Outcome {
-        for (const auto& command : asked) carryOut(command, *playback);
+        bool ready = true;
+        for (const auto& command : asked) ready = carryOut(command, *playback, sides);
+        if (!ready) return {};
         auto due = playback->step(nowSeconds());
         if (!due) return due.error();
-        if (*due) show((*due)->frame, bitmapOf((*due)->picture, width, height));
+        if (*due) show((*due)->frame, bitmapOf((*due)->picture, sides));
         wait = playback->dueIn(nowSeconds());
         return {};
       });

@@ -16,12 +16,16 @@ constexpr double kStands = 3600;          // nothing is due
 constexpr std::int64_t kFramesAhead = 8;  // that are made before they are due
 constexpr double kFilesAhead = 1.5;       // seconds that the file of a clip is made ready ahead of it
 constexpr double kSeenFor = 10;           // seconds that all frames stay at hand where it stands
+constexpr double kStretch = 0.4;  // seconds of film on the way to a place, between two looks for other wishes
 // Bytes of frames at hand: ten seconds of 720 lines, and what stays of them behind that time.
 constexpr std::size_t kMostSeen = 384ULL << 20U;
 constexpr std::size_t kSeenAtRest = 48ULL << 20U;
 
 // A seek has to decode from the key frame on, and goes to and fro between clips.
-Compositor::Habits habitsOf(OpenFiles* files) { return {.decoderThreads = 4, .keptOpen = 4, .files = files}; }
+Compositor::Habits habitsOf(OpenFiles* files) {
+  const std::size_t kept = files != nullptr ? 1 : 4;
+  return {.decoderThreads = 4, .keptOpen = kept, .files = files};
+}
 
 }  // namespace
 
@@ -50,6 +54,17 @@ void Playback::makeReady(std::optional<std::int64_t> frame) {
   if (state_ == PlayState::Failed) return;
   const auto first = state_ == PlayState::Ended ? 0 : wanted_;
   static_cast<void>(guarded([&] { return picture(held(frame.value_or(first))); }));
+}
+
+double Playback::approach(std::int64_t frame) {
+  if (state_ == PlayState::Failed || !compositor_ || seen_.holds(held(frame))) return 0;
+  const auto left = guarded([&] { return compositor_->approach(held(frame), kStretch); });
+  return left ? *left : 0;
+}
+
+Playback::Shown Playback::roughly(std::int64_t frame) {
+  auto picture = guarded([&] { return compositor_->roughFrame(held(frame)); });
+  return {held(frame), picture ? std::move(*picture) : media::Picture()};
 }
 
 void Playback::standAt(std::int64_t frame) {

@@ -41,6 +41,12 @@ class Playback {
     media::Picture picture{};
   };
 
+  /// A stretch of the way to a frame that a seek will show, which may take long where key frames are far
+  /// apart. Gives the seconds of film to go, 0 when it is there or cannot be had.
+  double approach(std::int64_t frame);
+  /// That frame as far as it has been decoded by now; no picture where nothing can be shown.
+  Shown roughly(std::int64_t frame);
+
   /// Does what is due: gives the frame to show, or nothing while the one that is shown still stands. Frames
   /// that are late are left out. Fails when a clip cannot be shown.
   Result<std::optional<Shown>> step(double now);

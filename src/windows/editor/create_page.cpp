@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleValidator>
+#include <QEvent>
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
@@ -183,7 +184,8 @@ void CreatePage::makePower() {
 
 QPushButton* CreatePage::makeKey(const char* icon, const QString& text, const QString& tip,
                                  const QRect& place) {
-  auto* key = put(made<QPushButton>(themeIcon(icon), text, this), place);
+  auto* key = put(made<QPushButton>(text, this), place);
+  icons_.emplace_back(key, icon);
   key->setToolTip(tip);
   key->setAccessibleName(text);
   return key;
@@ -209,6 +211,12 @@ void CreatePage::makeKeys() {
 
 void CreatePage::draw() {
   isDrawing_ = true;
+  const bool running = state_.IsPreviewRunning;
+  for (QWidget* part : std::initializer_list<QWidget*>{
+           Cmb_Res_, txtWidth_, txtHeight_, rate_, Cmb_ColorDepth_, Opt_RenderRange_[0], Opt_RenderRange_[1],
+           Sld_CPURequired_, Chk_AutoRewind_, ChkDynamic_}) {
+    part->setEnabled(!running);
+  }
   drawOutput();
   setTextOf(*Fra_PreviewOpts_, told(state_.Fra_PreviewOpts));
   setTipOf(*Sld_CPURequired_, told(state_.powerToolTip));
@@ -217,16 +225,14 @@ void CreatePage::draw() {
   drawLines();
   Chk_AutoRewind_->setChecked(state_.Chk_AutoRewind);
   ChkDynamic_->setChecked(state_.ChkDynamic);
-  const bool running = state_.IsPreviewRunning;
   if (Cmd_PrevGrph_->text().isEmpty() || drawnRunning_ != running) {
     drawnRunning_ = running;
     Cmd_PrevGrph_->setText(running ? tr("Stop the preview") : tr("Preview"));
-    Cmd_PrevGrph_->setIcon(
-        QIcon(iconPicture(running ? "stop" : "play", token("onTeal"), themed(16), devicePixelRatio())));
+    drawIcons();
     Cmd_PrevGrph_->setToolTip(running ? tr("End the preview of the movie") : tr("Watch the movie"));
     Cmd_PrevGrph_->setAccessibleName(Cmd_PrevGrph_->text());
   }
-  KVOBut_SaveProject_->setEnabled(state_.canSave);
+  KVOBut_SaveProject_->setEnabled(state_.canSave && !running);
   isDrawing_ = false;
 }
 
@@ -239,7 +245,8 @@ void CreatePage::drawOutput() {
   Opt_RenderRange_[state_.Opt_RenderRangeWhole ? 0 : 1]->setChecked(true);
   setFieldText(*Txt_From_, secondsText(state_.Txt_From));
   setFieldText(*Txt_Too_, secondsText(state_.Txt_Too));
-  for (auto* field : {Txt_From_, Txt_Too_}) field->setEnabled(!state_.Opt_RenderRangeWhole);
+  for (auto* field : {Txt_From_, Txt_Too_})
+    field->setEnabled(!state_.Opt_RenderRangeWhole && !state_.IsPreviewRunning);
 }
 
 // The lines of Label42 in two columns, each with a sign of its own.
@@ -264,6 +271,21 @@ void CreatePage::drawLines() {
   drawnChanges_ = state_.Label42Changes;
   for (auto* line : lines_) restyle(*line, "state", "new");
   Tmr_Unbold_.start();
+}
+
+// Anew at each size of the interface.
+void CreatePage::drawIcons() {
+  const auto show = [this](QPushButton* key, const char* icon, Rgb colour) {
+    key->setIconSize(QSize(themed(16), themed(16)));
+    key->setIcon(QIcon(iconPicture(icon, colour, themed(16), devicePixelRatio())));
+  };
+  for (const auto& [key, icon] : icons_) show(key, icon, token("text1"));
+  show(Cmd_PrevGrph_, drawnRunning_ ? "stop" : "play", token("onTeal"));
+}
+
+void CreatePage::changeEvent(QEvent* event) {
+  EditorPage::changeEvent(event);
+  if (event->type() == QEvent::StyleChange && Cmd_PrevGrph_ != nullptr) drawIcons();
 }
 
 // The ten places of the power slider.

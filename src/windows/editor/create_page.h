@@ -38,6 +38,7 @@ class CreatePage final : public EditorPage {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   static constexpr std::size_t kLines = 6;
@@ -51,6 +52,7 @@ class CreatePage final : public EditorPage {
   void act(const std::function<void()>& work);
   void drawOutput();
   void drawLines();
+  void drawIcons();
 
   const CreateTab& state_;
   CreateRules& rules_;
@@ -74,6 +76,7 @@ class CreatePage final : public EditorPage {
   QCheckBox* ChkDynamic_ = nullptr;
   QPushButton* Cmd_PrevGrph_ = nullptr;
   QPushButton* KVOBut_SaveProject_ = nullptr;
+  std::vector<std::pair<QPushButton*, const char*>> icons_;
   bool drawnRunning_ = false;
   bool isDrawing_ = false;
 };

@@ -77,7 +77,9 @@ FrmRush::FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::st
   layOut();
 }
 
-FrmRush::~FrmRush() = default;
+FrmRush::~FrmRush() {
+  if (isVisible()) keep();
+}
 
 QWidget* FrmRush::makeUpper() {
   upper_ = made<QWidget>(splitter_);
@@ -86,10 +88,12 @@ QWidget* FrmRush::makeUpper() {
                               themed(kRushGap));
   columns->setSpacing(0);
   pages_ = made<QStackedWidget>(upper_);
-  middle_ = made<QVBoxLayout>();
-  middle_->setSpacing(themed(kCardGap));
+  middle_ = made<QWidget>(upper_);
+  auto* column = made<QVBoxLayout>(middle_);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(themed(kCardGap));
   columns->addWidget(pages_);
-  columns->addLayout(middle_, 1);
+  columns->addWidget(middle_, 1);
   columns->addSpacing(themed(kRushGap));
   columns->addWidget(makeRight());
   return upper_;
@@ -157,8 +161,9 @@ void FrmRush::setPage(int tab, EditorPage* page, std::function<void()> draw) {
 }
 
 void FrmRush::setPreview(QWidget* picture, QWidget* positionRow, std::function<void()> draw) {
-  middle_->addWidget(picture, 1);
-  middle_->addWidget(positionRow);
+  auto* column = static_cast<QVBoxLayout*>(middle_->layout());
+  column->addWidget(picture, 1);
+  column->addWidget(positionRow);
   drawPreview_ = std::move(draw);
 }
 
@@ -177,7 +182,25 @@ void FrmRush::appear() {
   const int wanted = kept.empty() ? std::min(spare, themed(kLowerHeight)) : static_cast<int>(ToNumber(kept));
   const int low = std::clamp(wanted, themed(kLeastLower), themed(kMostLower));
   splitter_->setSizes({room - low, low});
+  orderFocus();
   show();
+}
+
+// From the tabs through the columns down to the timeline, though the parts were made in another order.
+void FrmRush::orderFocus() {
+  QWidget* before = nullptr;
+  for (auto* part : std::array<QWidget*, 5>{tabs_, pages_, middle_, right_, lower_}) {
+    for (auto* widget : part->findChildren<QWidget*>()) {
+      if (widget->window() != this || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+      if (before != nullptr) setTabOrder(before, widget);
+      before = widget;
+    }
+  }
+}
+
+void FrmRush::keep() const {
+  keeping_.place.keep(*this, pos());
+  keeping_.store.write(kLowerValue, std::to_string(splitter_->sizes().back()));
 }
 
 void FrmRush::draw() {
@@ -242,9 +265,7 @@ void FrmRush::closeEvent(QCloseEvent* event) {
 
 void FrmRush::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
-  if (event->spontaneous()) return;
-  keeping_.place.keep(*this, pos());
-  keeping_.store.write(kLowerValue, std::to_string(splitter_->sizes().back()));
+  if (!event->spontaneous()) keep();
 }
 
 void FrmRush::changeEvent(QEvent* event) {

@@ -65,6 +65,8 @@ class FrmRush final : public QWidget {
   void makeShortcuts();
   void layOut();
   void appear();
+  void keep() const;
+  void orderFocus();
   [[nodiscard]] bool takes(int key, Qt::KeyboardModifiers with);
 
   RushState state_;
@@ -76,7 +78,7 @@ class FrmRush final : public QWidget {
   QWidget* upper_ = nullptr;
   QWidget* lower_ = nullptr;
   QStackedWidget* pages_ = nullptr;
-  QVBoxLayout* middle_ = nullptr;
+  QWidget* middle_ = nullptr;
   QVBoxLayout* below_ = nullptr;
   QScrollArea* right_ = nullptr;
   ClipDetailsPart* details_ = nullptr;

@@ -5,6 +5,7 @@
 #include "windows/editor/timeline_sketches.h"
 
 class QPainter;
+class QString;
 
 namespace kvo {
 

@@ -1,11 +1,11 @@
 #include "windows/keyframe/frm_keyframe.h"
 
-#include "ui/cool_list_view.h"
 #include "ui/made.h"
 #include "ui/over_owner.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/editor/headed_slider.h"
+#include "windows/editor/page_list.h"
 #include "windows/keyframe/keyframe_strip.h"
 
 #include <QCheckBox>
@@ -28,25 +28,8 @@ constexpr int kControlsHalf = 220;
 constexpr int kLevelY = 201;
 constexpr int kControlPitch = 40;
 constexpr int kColourPitch = 116;
-constexpr int kKeyframeRow = 24;
 
-ControlColour listGround(Rgb rgb) {
-  return ((rgb & 0xFFU) << 16U) | (rgb & 0xFF00U) | ((rgb >> 16U) & 0xFFU);
-}
-
-CoolListProperties keyframeRows() {
-  CoolListProperties p;
-  p.BackNormal = listGround(token("ink0"));
-  p.BackSelected = listGround(token("tealBg"));
-  p.FontNormal = listGround(token("text1"));
-  p.FontSelected = listGround(token("text1"));
-  p.ItemHeightAuto = false;
-  p.ItemHeight = themed(kKeyframeRow);
-  p.ItemTextLeft = themed(32);
-  p.ScrollBarWidth = themed(10);
-  p.WordWrap = false;
-  return p;
-}
+constexpr std::array kKeyframeIcons = {"key", "warn"};
 
 }  // namespace
 
@@ -98,19 +81,10 @@ void FrmKeyframe::makeStrip() {
 
 void FrmKeyframe::makeList() {
   write(tr("Keyframes"), "caption", {30, 175, 180, 16});
-  list_ = put(made<CoolListView>(this, keyframeRows()), {28, 198, 208, 178});
-  list_->setAccessibleName(tr("Keyframes"));
+  list_ = put(made<PageList>(tr("Keyframes"), tr("No keyframes"), kKeyframeIcons, this), {28, 198, 208, 178});
   list_->setToolTip(tr("Keyframes of this effect"));
-  CoolListView::Look look;
-  look.emptyText = tr("No keyframes");
-  look.iconLeft = themed(12);
-  list_->setLook(std::move(look));
-  list_->SetImageList({iconPicture("key", token("text3"), themed(14), devicePixelRatio()),
-                       iconPicture("key", token("teal"), themed(14), devicePixelRatio()),
-                       iconPicture("warn", token("text3"), themed(14), devicePixelRatio())});
-  list_->events.ListIndexChange = [this] {
-    if (isDrawing_ || list_->list().ListIndex() < 0) return;
-    act([&] { chooseKeyframe(logic_.editing, state_, logic_.host, list_->list().ListIndex()); });
+  list_->chosen = [this](int line) {
+    act([&] { chooseKeyframe(logic_.editing, state_, logic_.host, line); });
   };
   const auto key = [this](const QString& text, const QString& tip, const QRect& place, auto rule) {
     auto* made = put(kvo::made<QPushButton>(text, this), place);
@@ -170,19 +144,10 @@ void FrmKeyframe::makeControls() {
 }
 
 void FrmKeyframe::drawList() {
-  auto& list = list_->list();
-  if (drawnList_.rows != state_.Lst_Keyframes.rows) {
-    std::vector<CoolListItem> items;
-    for (std::size_t i = 0; i < state_.Lst_Keyframes.rows.size(); ++i) {
-      const bool ignored = state_.ignored[i];
-      items.push_back({state_.Lst_Keyframes.rows[i], static_cast<std::int16_t>(ignored ? 3 : 1),
-                       static_cast<std::int16_t>(ignored ? 3 : 2), false});
-    }
-    list.setItems(std::move(items));
-    drawnList_.rows = state_.Lst_Keyframes.rows;
-  }
-  if (list.ListIndex() != state_.Lst_Keyframes.ListIndex)
-    (void)list.setListIndex(state_.Lst_Keyframes.ListIndex);
+  std::vector<PageList::Row> rows;
+  for (std::size_t i = 0; i < state_.Lst_Keyframes.rows.size(); ++i)
+    rows.push_back({state_.Lst_Keyframes.rows[i], state_.ignored[i] ? 1 : 0});
+  list_->drawRows(std::move(rows), state_.Lst_Keyframes.ListIndex);
 }
 
 void FrmKeyframe::drawControls() {
@@ -217,7 +182,6 @@ void FrmKeyframe::drawControls() {
 
 void FrmKeyframe::draw(QWidget* owner) {
   if (!state_.visible || owner == nullptr) return hide();
-  isDrawing_ = true;
   setTextOf(*clipName_, shown(state_.clipName));
   setTextOf(*effectName_, told(state_.effectName));
   clipName_->resize(std::min(clipName_->sizeHint().width(), themed(240)), clipName_->height());
@@ -232,7 +196,6 @@ void FrmKeyframe::draw(QWidget* owner) {
   delete_->setEnabled(state_.canDelete);
   deleteAll_->setEnabled(state_.canDelete);
   instantPreview_->setChecked(state_.instantPreview);
-  isDrawing_ = false;
   if (!isVisible()) showOverOwner(*this, *owner);
 }
 

@@ -16,9 +16,9 @@ class QPushButton;
 
 namespace kvo {
 
-class CoolListView;
 class HeadedSlider;
 class KeyframeStrip;
+class PageList;
 
 class FrmKeyframe final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::FrmKeyframe)
@@ -52,7 +52,7 @@ class FrmKeyframe final : public EditorPage {
   QLabel* frame_;
   KeyframeStrip* strip_ = nullptr;
   HeadedSlider* master_ = nullptr;
-  CoolListView* list_ = nullptr;
+  PageList* list_ = nullptr;
   QPushButton* add_ = nullptr;
   QPushButton* delete_ = nullptr;
   QPushButton* deleteAll_ = nullptr;
@@ -64,8 +64,6 @@ class FrmKeyframe final : public EditorPage {
   std::array<QLabel*, kKeyframeColours> colourNames_{};
   QLabel* colourNote_ = nullptr;
   std::vector<std::string> drawnColours_;
-  ListBox drawnList_;
-  bool isDrawing_ = false;
 };
 
 }  // namespace kvo

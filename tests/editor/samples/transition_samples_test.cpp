@@ -59,7 +59,7 @@ class SamplesBench {
  public:
   GreyFiles files;
   Collection collection;
-  EngineTransitionSamples samples{files, [this] {
+  EngineTransitionSamples samples{collection, files, [this] {
                                     const std::lock_guard lock(mutex_);
                                     ++come_;
                                     heard_.notify_all();
@@ -87,28 +87,26 @@ class SamplesBench {
   int come_ = 0;
 };
 
-TEST(TransitionSamples, AreOfTheFirstTwoClipsWithAPicture) {
+TEST(TransitionSamples, LeadFromTheClipBeforeIntoTheOneInHand) {
   SamplesBench b;
-  const auto plain = b.wait("Wipe Hard");
-  ASSERT_NE(plain, nullptr);
+  ASSERT_NE(b.wait("Wipe Hard"), nullptr) << "plain";
   const int before = b.samples.revision();
-  b.add("song.mp3");
   b.add("a.avi");
+  b.add("song.mp3");
   b.add("longer.avi");
-  b.samples.useClips(b.collection);
-  EXPECT_GT(b.samples.revision(), before);
+  b.collection.icurMov = 3;
   const auto first = b.wait("Wipe Hard", 0), last = b.wait("Wipe Hard", kTransitionSampleSteps - 1);
+  EXPECT_GT(b.samples.revision(), before);
   ASSERT_TRUE(first != nullptr && last != nullptr);
   EXPECT_NEAR(meanOf(*first), 80, 5) << "/v/a.avi";
   EXPECT_NEAR(meanOf(*last), 130, 5) << "/v/longer.avi";
-  b.samples.useClips(b.collection);
   EXPECT_EQ(b.samples.picture("Wipe Hard", 0), first) << "the same clips: it is kept";
 }
 
 TEST(TransitionSamples, AFileThatIsGoneIsAPlainColour) {
   SamplesBench b;
   b.add("gone.avi");
-  b.samples.useClips(b.collection);
+  b.collection.icurMov = 1;
   EXPECT_NE(b.wait("Barn"), nullptr);
   EXPECT_EQ(b.samples.picture("no such transition", 0), nullptr);
   EXPECT_NE(b.wait("Iris"), nullptr) << "and those behind it come";

@@ -1,0 +1,84 @@
+#include "windows/editor/page_list.h"
+
+#include "ui/theme.h"
+
+#include <QEvent>
+
+namespace kvo {
+namespace {
+
+constexpr int kPageRow = 23;
+constexpr int kPageIcon = 14;
+constexpr int kPageIconLeft = 10;
+constexpr int kPageTextLeft = 32;
+constexpr int kPageBar = 10;
+
+// As the list takes colours: red in the low byte.
+ControlColour listColour(Rgb rgb) {
+  return ((rgb & 0xFFU) << 16U) | (rgb & 0xFF00U) | ((rgb >> 16U) & 0xFFU);
+}
+
+CoolListProperties pageListProperties() {
+  CoolListProperties p;
+  p.BackNormal = listColour(token("ink0"));
+  p.BackSelected = listColour(token("tealBg"));
+  p.FontNormal = listColour(token("text1"));
+  p.FontSelected = listColour(token("text1"));
+  p.ItemHeightAuto = false;
+  p.ItemHeight = themed(kPageRow);
+  p.ItemTextLeft = themed(kPageTextLeft);
+  p.ScrollBarWidth = themed(kPageBar);
+  p.WordWrap = false;
+  return p;
+}
+
+}  // namespace
+
+PageList::PageList(const QString& name, const QString& emptyText, std::span<const char* const> icons,
+                   QWidget* parent)
+    : CoolListView(parent, pageListProperties()), emptyText_(emptyText), icons_(icons) {
+  setAccessibleName(name);
+  setFace();
+  events.ListIndexChange = [this] {
+    if (!isDrawing_ && list().ListIndex() >= 0 && chosen) chosen(list().ListIndex());
+  };
+}
+
+void PageList::setFace() {
+  CoolListView::Look look;
+  look.emptyText = emptyText_;
+  look.elide = Qt::ElideMiddle;
+  look.iconLeft = themed(kPageIconLeft);
+  setLook(std::move(look));
+  setProperties(pageListProperties());
+  std::vector<QPixmap> icons;
+  for (const auto colour : {token("text3"), token("teal")}) {
+    for (const auto* icon : icons_)
+      icons.push_back(iconPicture(icon, colour, themed(kPageIcon), devicePixelRatio()));
+  }
+  SetImageList(std::move(icons));
+}
+
+void PageList::drawRows(std::vector<Row> rows, int ListIndex) {
+  isDrawing_ = true;
+  if (rows_ != rows) {
+    rows_ = std::move(rows);
+    std::vector<CoolListItem> items;
+    items.reserve(rows_.size());
+    for (const auto& row : rows_) {
+      const auto icon = static_cast<std::int16_t>(row.icon + 1);
+      items.push_back(
+          {row.text, icon, static_cast<std::int16_t>(icon + static_cast<int>(icons_.size())), false});
+    }
+    list().setItems(std::move(items));
+  }
+  if (list().ListIndex() != ListIndex) (void)list().setListIndex(ListIndex);
+  isDrawing_ = false;
+}
+
+void PageList::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::StyleChange) setFace();
+  CoolListView::changeEvent(event);
+}
+
+}  // namespace kvo

@@ -1,0 +1,43 @@
+// A list on a page of the editor: rows with a sign each, of one look, that grow with the interface.
+#pragma once
+
+#include "ui/cool_list_view.h"
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+class PageList : public CoolListView {
+ public:
+  struct Row {
+    std::string text;
+    int icon = 0;  ///< of the list's icons, from 0
+    bool operator==(const Row&) const = default;
+  };
+
+  /// `icons` are names of the theme's, and outlive the list; `emptyText` stands in it while it has no rows.
+  PageList(const QString& name, const QString& emptyText, std::span<const char* const> icons,
+           QWidget* parent);
+
+  /// The user has chosen a row.
+  std::function<void(int row)> chosen;
+
+  /// Rows, and which of them is chosen; -1 for none.
+  void drawRows(std::vector<Row> rows, int ListIndex);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void setFace();
+
+  QString emptyText_;
+  std::span<const char* const> icons_;
+  std::vector<Row> rows_;
+  bool isDrawing_ = false;
+};
+
+}  // namespace kvo
