@@ -117,7 +117,7 @@ void EditorLinks::settle() {
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
-  states_.timeline.onlyShows = isPlaying();
+  states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }
 
