@@ -104,6 +104,7 @@ DeskTabs EditorLinks::tabs() {
 }
 
 void EditorLinks::settle() {
+  if (!parts_.window.face.visible) desk_.leave();
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
   if (!desk_.isOpen()) return;
