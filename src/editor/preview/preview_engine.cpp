@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
+#include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
 
 #include <algorithm>
@@ -89,6 +90,7 @@ std::int64_t PreviewEngine::GetPreviewPositionFrame() const { return sought_.val
 // The movie.
 
 void PreviewEngine::PrepPreview() {
+  if (!movieRuns() && IsAudioBeforeVideo(editing_)) return;
   if (isSample()) release();
   editing_.editor.texts = {};
   editing_.editor.LastClipStop.clear();
