@@ -110,6 +110,10 @@ void EditorLinks::settle() {
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
   if (!desk_.isOpen()) return;
+  const auto& create = states_.create;
+  states_.timeline.marks.range.reset();
+  if (!create.Opt_RenderRangeWhole)
+    states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
   const auto& history = parts_.window.history;
   const bool edited = std::exchange(historySeen_, history.revision) != history.revision;
   if (edited) {
@@ -124,10 +128,6 @@ void EditorLinks::settle() {
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed || edited)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
-  const auto& create = states_.create;
-  states_.timeline.marks.range.reset();
-  if (!create.Opt_RenderRangeWhole)
-    states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
   states_.window.frame.zoom = hand_.zoomPart();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
