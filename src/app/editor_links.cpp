@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kFrameWidth = 640;  // pixels, of the picture while a mark is dragged
 constexpr int kFrameHeight = 360;
+constexpr int kEffectTab = 4;
 
 }  // namespace
 
@@ -103,19 +104,26 @@ DeskTabs EditorLinks::tabs() {
 }
 
 void EditorLinks::settle() {
-  if (!desk_.isOpen()) {
-    if (states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
-    return;
-  }
+  if (!parts_.window.face.visible) desk_.leave();
+  const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
+  if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
+  if (!desk_.isOpen()) return;
   const auto& history = parts_.window.history;
   if (std::exchange(historySeen_, history.revision) != history.revision) {
     states_.history.done = history.done;
     states_.history.undone = history.undone;
+    const auto open = tabs();  // the open tab shows what has been undone too
+    if (const auto& follow = open[static_cast<std::size_t>(states_.window.frame.CurrentTab - 1)].follow)
+      follow(false);
   }
   const auto& collection = parts_.session.collection;
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
+  const auto& create = states_.create;
+  states_.timeline.marks.range.reset();
+  if (!create.Opt_RenderRangeWhole)
+    states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }

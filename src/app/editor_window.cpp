@@ -15,14 +15,14 @@
 #include "windows/editor/transition_page.h"
 #include "windows/keyframe/frm_keyframe.h"
 
-#include <QImage>
 #include <atomic>
 #include <memory>
 #include <utility>
 
 namespace kvo {
-
 namespace {
+
+constexpr std::size_t kMostPictures = 64;  // of clips, as widgets draw them
 
 // Has all that comes until it is the loop's turn drawn at once.
 std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
@@ -40,7 +40,8 @@ std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
 
 EditorWindow::EditorWindow(const Parts& parts)
     : parts_(parts),
-      samples_(parts.session.collection, parts.session.streams, drawSoon(parts.loop, parts.draw)) {}
+      samples_(parts.session.collection, parts.session.streams, drawSoon(parts.loop, parts.draw)),
+      colours_(parts.links.editing(), parts.loop, [this] { parts_.draw(); }) {}
 
 EditorWindow::~EditorWindow() = default;
 
@@ -135,7 +136,9 @@ void EditorWindow::makePages() {
   set(4, made<EffectPage>(
              states.effect, pageLogic(), [&links] { links.showKeyframes(); }, frm_.get()));
   set(5, made<StillsPage>(states.stills, pageLogic(), picture, frm_.get()));
-  set(6, made<ColorPage>(states.color, pageLogic(), ColorPage::Pictures{.before = picture, .after = {}},
+  set(6, made<ColorPage>(states.color, pageLogic(),
+                         ColorPage::Pictures{.before = picture,
+                                             .after = [this](int clipNo) { return withColours(clipNo); }},
                          frm_.get()));
   set(7, made<OverlayPage>(states.overlay, pageLogic(), frm_.get()));
 }
@@ -180,16 +183,36 @@ void EditorWindow::makeTimeline() {
   frm_->setTimeline(timeline_, [this] { timeline_->draw(); });
 }
 
-QImage EditorWindow::pictureOf(int clipNo) const {
+std::shared_ptr<const FramePicture> EditorWindow::sketchOf(int clipNo) const {
   const auto& clips = parts_.session.collection.MovieList;
-  if (clipNo < 1 || clipNo > clips.count()) return {};
+  if (clipNo < 1 || clipNo > clips.count()) return nullptr;
   const auto& clip = clips[clipNo];
-  const auto sketch = parts_.sketches.picture(clipFile(clip), clip.IsStill() ? 0 : clip.LoopStart().number());
-  if (!sketch || *sketch == nullptr) return {};
-  const auto& picture = **sketch;
-  return QImage(picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,
-                QImage::Format_BGR888)
-      .copy();
+  return parts_.sketches.picture(clipFile(clip), clip.IsStill() ? 0 : clip.LoopStart().number())
+      .value_or(nullptr);
+}
+
+const QImage& EditorWindow::kept(ShownPicture& shown, const std::shared_ptr<const FramePicture>& picture) {
+  if (shown.picture == picture) return shown.image;
+  shown = {picture, {}};
+  if (picture != nullptr) {
+    shown.image = QImage(picture->bgr.data(), picture->width, picture->height, qsizetype{3} * picture->width,
+                         QImage::Format_BGR888)
+                      .copy();
+  }
+  return shown.image;
+}
+
+QImage EditorWindow::pictureOf(int clipNo) {
+  if (pictures_.size() > kMostPictures) pictures_.clear();
+  return kept(pictures_[clipNo], sketchOf(clipNo));
+}
+
+// As large as the picture that it stands beside.
+QImage EditorWindow::withColours(int clipNo) {
+  const auto beside = sketchOf(clipNo);
+  if (beside == nullptr) return {};
+  constexpr int kEven = 2;
+  return kept(coloured_, colours_.of(clipNo, beside->width / kEven * kEven, beside->height / kEven * kEven));
 }
 
 }  // namespace kvo

@@ -1,17 +1,18 @@
 // The editor's window with its pages, picture and timeline: made when it is opened for the first time.
 #pragma once
 
+#include "app/colour_pictures.h"
 #include "app/editor_links.h"
 #include "editor/samples/engine_transition_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
 
+#include <QImage>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
-
-class QImage;
 
 namespace kvo {
 
@@ -49,10 +50,22 @@ class EditorWindow {
   void makePreview();
   void makeTimeline();
   [[nodiscard]] PageLogic pageLogic();
-  [[nodiscard]] QImage pictureOf(int clipNo) const;
+  [[nodiscard]] std::shared_ptr<const FramePicture> sketchOf(int clipNo) const;
+  [[nodiscard]] QImage pictureOf(int clipNo);
+  [[nodiscard]] QImage withColours(int clipNo);
 
   Parts parts_;
+  // As widgets draw it; the same one as long as the picture is.
+  struct ShownPicture {
+    std::shared_ptr<const FramePicture> picture;
+    QImage image;
+  };
+  static const QImage& kept(ShownPicture& shown, const std::shared_ptr<const FramePicture>& picture);
+
   EngineTransitionSamples samples_;
+  ColourPictures colours_;
+  std::map<int, ShownPicture> pictures_;  // by clip
+  ShownPicture coloured_;
   std::unique_ptr<FrmRush> frm_;
   std::unique_ptr<FrmKeyframe> keyframes_;
   std::unique_ptr<FrmAnalysing> analysing_;

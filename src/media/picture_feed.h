@@ -41,6 +41,8 @@ class PictureFeed {
   [[nodiscard]] double readEnd() const { return std::max(end_, packetsEnd_); }
   /// The container's time of the first picture, seconds.
   [[nodiscard]] double origin() const { return origin_; }
+  /// Seconds that a picture usually stands.
+  [[nodiscard]] double frameLength() const { return clock_.frameLength(); }
   [[nodiscard]] const Source& source() const { return source_; }
 
  private:

@@ -5,6 +5,7 @@
 #include "media/picture_feed.h"
 
 #include <algorithm>
+#include <deque>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -23,6 +24,47 @@ constexpr double kHoldLast = 0.5;
 // containers find a place by its bytes, with the key frame anywhere ahead of it.
 constexpr double kStepsBack[] = {0, 1, 3, 9, 27, 81};
 
+// Pictures that have gone by, in the order of showing, the last of them right ahead of the present one.
+class Past {
+ public:
+  void keep(std::size_t bytes) { most_ = bytes; }
+  void clear() {
+    pictures_.clear();
+    bytes_ = 0;
+  }
+  void add(const TimedFrame& picture) {
+    if (most_ == 0 || !picture.frame) return;
+    pictures_.push_back(picture);
+    bytes_ += bytesOf(*picture.frame);
+    while (bytes_ > most_) {
+      bytes_ -= bytesOf(*pictures_.front().frame);
+      pictures_.pop_front();
+    }
+  }
+  /// The picture that is shown at `seconds`, where it is known that none is missing between it and the next.
+  /// The present one begins at `present`; `usual` is how long one stands.
+  [[nodiscard]] SharedFrame at(double seconds, double present, double usual) const {
+    double next = present;
+    for (auto picture = pictures_.rbegin(); picture != pictures_.rend(); ++picture) {
+      if (picture->seconds <= seconds + kTimeTolerance)
+        return next - picture->seconds <= 1.5 * usual ? picture->frame : nullptr;
+      next = picture->seconds;
+    }
+    return nullptr;
+  }
+
+ private:
+  static std::size_t bytesOf(const AVFrame& frame) {
+    std::size_t bytes = 0;
+    for (const auto* buffer : frame.buf) bytes += buffer != nullptr ? buffer->size : 0;
+    return bytes;
+  }
+
+  std::size_t most_ = 0;
+  std::size_t bytes_ = 0;
+  std::deque<TimedFrame> pictures_;
+};
+
 }  // namespace
 
 struct VideoReader::State {
@@ -31,6 +73,7 @@ struct VideoReader::State {
   bool still = false;
   TimedFrame current{};
   TimedFrame next{};
+  Past past{};
   bool begun = false;                // `next` has been asked for
   bool ended = false;                // and there is none
   double sought = 0;                 // the place that was sought last: what lies ahead of it leads there
@@ -47,6 +90,7 @@ struct VideoReader::State {
   // The frame that is shown at `seconds`, or one ahead of it, comes into `next`.
   Outcome seek(double seconds) {
     current = next = {};
+    past.clear();
     sought = seconds;
     for (const double back : kStepsBack) {
       const double at = seconds + kTimeTolerance - back;
@@ -77,10 +121,17 @@ struct VideoReader::State {
   // On to the frame that is shown at `until`, on the way to `seconds`.
   Outcome goOn(double until, double seconds) {
     while (next.frame && (!current.frame || next.seconds <= until + kTimeTolerance)) {
+      past.add(current);
       current = std::exchange(next, {});
       if (auto done = readNext(seconds); !done) return done;
     }
     return {};
+  }
+
+  // What has gone by and is at hand.
+  [[nodiscard]] SharedFrame goneBy(double seconds) const {
+    if (!current.frame || current.seconds <= seconds + kTimeTolerance) return nullptr;
+    return past.at(seconds, current.seconds, feed.frameLength());
   }
 
   Outcome goTo(double seconds) {
@@ -128,10 +179,15 @@ Result<VideoReader> VideoReader::open(const std::string& path, int threads, Dama
   return VideoReader(std::move(state));
 }
 
+void VideoReader::keepPast(std::size_t bytes) {
+  if (state_) state_->past.keep(bytes);
+}
+
 Result<VideoReader::Toward> VideoReader::frameToward(double seconds, double most) {
   if (photograph_) return Toward{photograph_, 0};
   auto& s = *state_;
   if (s.still) seconds = 0;
+  if (auto kept = s.goneBy(seconds)) return Toward{std::move(kept), 0};
   if (auto done = s.setOut(seconds); !done) return done.error();
   const double from = s.current.frame ? s.current.seconds : s.next.seconds;
   if (auto done = s.goOn(std::min(seconds, from + most), seconds); !done) return done.error();
@@ -143,6 +199,7 @@ Result<SharedFrame> VideoReader::frameAt(double seconds) {
   if (photograph_) return photograph_;
   auto& s = *state_;
   if (s.still && s.current.frame) return s.current.frame;
+  if (auto kept = s.goneBy(seconds)) return kept;
   if (auto done = s.goTo(s.still ? 0 : seconds); !done) return done.error();
   if (!s.current.frame) return Error{"no picture can be decoded in " + s.feed.source().path()};
   if (s.still) return s.current.frame;

@@ -6,6 +6,7 @@
 #include "media/damage.h"
 #include "media/picture.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -28,6 +29,10 @@ class VideoReader {
   /// is left out: the frame ahead of it stands. Fails when the file ends earlier, or nothing of it can be
   /// decoded.
   Result<SharedFrame> frameAt(double seconds);
+
+  /// Pictures that have gone by stay at hand from now on, the newest of them up to so many bytes: going back
+  /// to one decodes nothing.
+  void keepPast(std::size_t bytes);
 
   /// A stretch of the way there, for one who may change his mind: decodes no more than about `most` seconds
   /// beyond the key frame, or beyond where it stands.

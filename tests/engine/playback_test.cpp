@@ -212,6 +212,9 @@ TEST_F(PlaybackTest, WhatIsMadeAheadIsShownInItsTurn) {
     playback.play(now);
     ASSERT_TRUE(playback.step(now));
     EXPECT_TRUE(playback.workAhead());
+    auto ready = files.take(other, 1, nullptr);  // waits for it
+    ASSERT_TRUE(ready);
+    files.give(other, std::move(*ready));
     std::filesystem::remove(video_);  // both are open by now
     std::filesystem::remove(other);
     for (; playback.state() == PlayState::Playing; now += 0.04) {

@@ -44,6 +44,38 @@ TEST(VideoReader, GivesTheFrameThatIsShownAtATime) {
   EXPECT_NE(behind.error().text.find("b.mp4"), std::string::npos) << behind.error().text;
 }
 
+TEST(VideoReader, GoesBackToWhatHasGoneBy) {
+  const ScratchFolder folder;
+  const auto path = folder / "v.mp4";
+  test::makeMedia(folder, "v.mp4",
+                  {"-f", "lavfi", "-i", "testsrc2=size=64x48:rate=25:duration=4", "-c:v", "libx264", "-g",
+                   "200", "-bf", "3"});
+  auto exact = VideoReader::open(path, 1);
+  auto keeping = VideoReader::open(path, 1);
+  ASSERT_TRUE(exact && keeping);
+  keeping->keepPast(1U << 20U);
+  const auto same = [&](double seconds) {
+    return test::difference(Picture(*keeping->frameAt(seconds)), Picture(*exact->frameAt(seconds)));
+  };
+  const auto last = keeping->frameAt(1.4);
+  ASSERT_TRUE(last);
+  for (int i = 0; i < 20; ++i) ASSERT_TRUE(keeping->frameAt(1.4 + i * 0.04));
+  const auto again = keeping->frameAt(1.4);
+  EXPECT_TRUE(again && *again == *last) << "the very one: nothing is decoded";
+  for (const double seconds : {1.44, 1.42, 2.16, 1.3, 0.2, 3.5, 3.4, 0.0})
+    EXPECT_EQ(same(seconds), 0) << seconds;
+  // The way there by stretches, which ends at the same picture.
+  int stretches = 0;
+  for (;; ++stretches) {
+    const auto toward = keeping->frameToward(3.2, 0.4);
+    ASSERT_TRUE(toward);
+    if (toward->left <= 0) break;
+    EXPECT_LT(toward->left, 3.2 - 0.4 * stretches);
+  }
+  EXPECT_GT(stretches, 5);
+  EXPECT_EQ(same(3.2), 0);
+}
+
 TEST(AudioReader, StandsAtTheRightSampleAfterASeek) {
   const ScratchFolder folder;
   const std::pair<std::string, std::vector<std::string>> rows[] = {

@@ -53,6 +53,7 @@ TEST(PreviewPart, ThePictureKeepsItsShapeOnBlack) {
   keepPicture(part, "preview-part");
 
   state.kind = PreviewKind::None;
+  state.picture.reset();
   part.draw();
   EXPECT_TRUE(part.pictureRect().isEmpty());
   EXPECT_EQ(part.accessibleDescription(), "Nothing to Preview");

@@ -35,20 +35,19 @@ void TimelineDesk::setMark(const MarkGesture& mark) {
   if (!has(mark.clip)) return;
   parts_.desk.edit(
       mark.edge == ClipEdge::In ? "Mark-In" : "Mark-Out", mark.clip, kMarkMoved,
-      [&] { writeMark(parts_.editing.clips()[mark.clip], mark); }, "mark");
+      [&] { writeMark(parts_.editing.clips()[mark.clip], mark); }, mark.byStep ? "mark" : "");
 }
 
 void TimelineDesk::setTransIn(const TransInGesture& transition) {
   if (!has(transition.clip)) return;
-  parts_.desk.edit(
-      "Transition", transition.clip, kPlaceMoved,
-      [&] { writeTransIn(parts_.editing.clips()[transition.clip], transition); }, "transition");
+  parts_.desk.edit("Transition", transition.clip, kPlaceMoved,
+                   [&] { writeTransIn(parts_.editing.clips()[transition.clip], transition); }, {});
 }
 
 void TimelineDesk::setFade(const FadeGesture& fade) {
   if (!has(fade.clip)) return;
-  parts_.desk.edit(
-      "Fade", fade.clip, kPlaceMoved, [&] { writeFade(parts_.editing.clips()[fade.clip], fade); }, "fade");
+  parts_.desk.edit("Fade", fade.clip, kPlaceMoved,
+                   [&] { writeFade(parts_.editing.clips()[fade.clip], fade); }, {});
 }
 
 void TimelineDesk::showFrame(int clip, double seconds) {

@@ -89,7 +89,7 @@ std::int64_t PreviewEngine::GetPreviewPositionFrame() const { return sought_.val
 // The movie.
 
 void PreviewEngine::PrepPreview() {
-  if (isSample()) KillPreview();
+  if (isSample()) release();
   editing_.editor.texts = {};
   editing_.editor.LastClipStop.clear();
   host_.buildClipSliders();
@@ -118,7 +118,7 @@ bool PreviewEngine::CreatePreview(bool Play) {
     failed(document.error().text);
     return false;
   }
-  if (Play || state_.PreviewPlaying) KillPreview();
+  if (Play || state_.PreviewPlaying) release();
   state_.labels = *labels;
   state_.FSB_RenderRange.Max = labels->FSB_RenderRangeMax;
   state_.cuts.assign(editing_.editor.ClipStopList.begin(), editing_.editor.ClipStopList.end());
@@ -173,6 +173,13 @@ void PreviewEngine::DirXPlay(double StartSeconds) {
 }
 
 void PreviewEngine::KillPreview() {
+  release();
+  state_.picture.reset();
+  host_.previewChanged();
+}
+
+// Ends what is shown; its last picture stands until there is another.
+void PreviewEngine::release() {
   for (auto* timer : {&tmrTimer_, &TimerPreview_, &Timer1_, &pace_}) (*timer)->stop();
   wish_.reset();
   unwritten_.clear();
@@ -194,7 +201,6 @@ void PreviewEngine::KillPreview() {
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
   ShowPreviewBut();
   host_.Displaymovieinfo();
-  host_.previewChanged();
 }
 
 void PreviewEngine::failed(const std::string& text) {
@@ -245,7 +251,7 @@ void PreviewEngine::seekTo(std::int64_t frame) {
 bool PreviewEngine::standOnMovie() {
   if (state_.kind == PreviewKind::Movie && !stale_ && player_.state() != PlayState::Empty) return true;
   if (!host_.mayEdit() || editing_.clips().empty()) return false;
-  if (state_.kind != PreviewKind::None) KillPreview();
+  if (state_.kind != PreviewKind::None) release();
   auto& change = editing_.settings.state.ObjectChange;
   const auto code = change;  // the change watch has still to hear of it
   auto document = compilePreviewText(editing_, powerOf(editing_.settings));
@@ -259,7 +265,7 @@ bool PreviewEngine::standOnMovie() {
 }
 
 void PreviewEngine::showAt(double seconds) {
-  if (isSample()) KillPreview();
+  if (isSample()) release();
   if (!standOnMovie()) return;
   seekTo(frameOf(seconds));
   host_.previewChanged();
@@ -307,7 +313,7 @@ void PreviewEngine::beginWish() {
                       state_.PreviewPlaying && player_.state() != PlayState::Ended;
   const double from = goesOn ? secondsOf(GetPreviewPositionFrame()) : 0;
   if (!isSample()) {
-    if (state_.kind == PreviewKind::Movie) KillPreview();
+    if (state_.kind == PreviewKind::Movie) release();
     movieBar_ = state_.FSB_RenderRange;
     movieCuts_ = std::exchange(state_.cuts, {});
     pace_->start(kSamplePace);

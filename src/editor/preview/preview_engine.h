@@ -82,6 +82,7 @@ class PreviewEngine {
   [[nodiscard]] bool movieRuns() const;
   [[nodiscard]] double secondsOf(std::int64_t frame) const;
   [[nodiscard]] std::int64_t frameOf(double seconds) const;
+  void release();
   void saveGraph(const std::string& document);
   void seekTo(std::int64_t frame);
   bool standOnMovie();

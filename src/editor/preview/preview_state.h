@@ -29,7 +29,7 @@ struct PreviewState {
   bool paused = false;
   std::string failure;  ///< why nothing can be shown; empty when all is well
 
-  std::shared_ptr<const Bitmap> picture;  ///< the newest; of nothing that is in hand, it is not shown
+  std::shared_ptr<const Bitmap> picture;  ///< the newest; null when there is none
   std::string title;                      ///< of what is seen: a clip, or the two of a transition
   double position = 0;                    ///< seconds, of the picture
   double total = 0;                       ///< seconds of what is in hand

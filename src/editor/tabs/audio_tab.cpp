@@ -90,8 +90,9 @@ void readMovie(const Editing& e, AudioTab& tab) {
   tab.trackFade = audioSlider(kTrackFadeTenths, fade, tab.Chk_RenderClipAudio && !e.editor.hasNoVideo, {});
   tab.trackFade.heading =
       translated("Fade between clips - %1s", {FormatMask(std::max(fade, 0.0) / 10, "0.0##")});
-  tab.notice = noticeOf(e, tab.hasMusic);
 }
+
+void readNotice(const Editing& e, AudioTab& tab) { tab.notice = noticeOf(e, tab.hasMusic); }
 
 // One step of the history on the chosen clip.
 bool changeSound(const Editing& e, AudioTab& tab, TabHost& host, std::string_view act, Integer code,
@@ -131,7 +132,8 @@ void followTab(const Editing& e, AudioTab& tab, TabHost& host, bool rebuild) {
   if (rebuild) tab.Lst_AudioMovies.rows = PopulateMovieListBoxes(e, ListedClips::AndMusic);
   SetMovieLstToMainIndex(e, tab.Lst_AudioMovies);
   readClip(e, tab);
-  if (rebuild) readMovie(e, tab);
+  readMovie(e, tab);
+  if (rebuild) readNotice(e, tab);
   host.buildClipSliders();
 }
 

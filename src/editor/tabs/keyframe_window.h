@@ -32,6 +32,7 @@ struct KeyframePoint {
   int line = 0;      ///< of Lst_Keyframes, from 0
   Long frame = 0;    ///< of the clip
   double level = 0;  ///< 0 to 1
+  bool operator==(const KeyframePoint&) const = default;
 };
 
 struct KeyframeWindow {

@@ -28,7 +28,8 @@ void buildControls(const Editing& e, OverlayTab& tab) {
   tab.Sld_MaxTransparency = slider(kPercent, tab.look.maxOpacity, texts[0]);
   tab.Sld_OverlayIn = slider(longest, tab.look.fadeIn, texts[1]);
   tab.Sld_OverlayOut = slider(longest, tab.look.fadeOut, texts[2]);
-  tab.overlaySound.box = overlayNo > 0 ? overlayAudioBox(overlay) : overlayAudioBox(none);
+  tab.overlaySound.box =
+      overlayNo > 0 ? overlayAudioBox(overlay) : AudioBox{"Add Audio from Overlay Clip", false};
   tab.backdropSound.box = backdropAudioBox(backdrop);
 }
 
@@ -41,6 +42,13 @@ void PopulateOverlayInterface(const Editing& e, OverlayTab& tab) {
   }
   chooseClip(tab.Lst_PicinPicOverlays, tab.look.overlayClip);
   buildControls(e, tab);
+}
+
+// The backdrop may have another overlay by an undo. What waits for an overlay stays.
+void readBackdrop(const Editing& e, OverlayTab& tab) {
+  const int backdropNo = chosenClip(tab.Lst_PicinPicBackdrop);
+  if (backdropNo < 1 || backdropNo > e.clips().count()) return;
+  if (e.clips()[backdropNo].HasPicInPic() != picInPicText(tab.look)) PopulateOverlayInterface(e, tab);
 }
 
 void fillOverlayLists(const Editing& e, OverlayTab& tab) {
@@ -86,7 +94,8 @@ void enterTab(const Editing& e, OverlayTab& tab, TabHost& host) {
 }
 
 void followTab(const Editing& e, OverlayTab& tab, TabHost& host, bool rebuild) {
-  if (!rebuild || e.settings.state.ObjectChange == kMarkChanged) return;
+  if (!rebuild) return readBackdrop(e, tab);
+  if (e.settings.state.ObjectChange == kMarkChanged) return;
   host.KillPreview();
   const int row = tab.Lst_PicinPicBackdrop.ListIndex;
   fillOverlayLists(e, tab);

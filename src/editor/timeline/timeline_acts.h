@@ -1,5 +1,5 @@
 // What a timeline asks of the desk that it lies on. Clips go by their numbers in the collection, from 1. Each
-// change is one step of the history; the functions of timeline_writes.h say what it is.
+// drag is one step of the history; the functions of timeline_writes.h say what it is.
 #pragma once
 
 #include "editor/timeline/timeline_gestures.h"

@@ -59,6 +59,10 @@ struct Stack::Open {
 
 namespace {
 
+// Bytes of pictures that have gone by, of each file: about ten of 720 lines. A sample that is made anew goes
+// on where the one before was shown, a little behind what was made ahead.
+constexpr std::size_t kPast = 16U << 20U;
+
 Result<media::SharedFrame> standing(media::VideoReader& reader, double seconds) {
   auto toward = reader.frameToward(seconds, 0);
   if (!toward) return toward.error();
@@ -101,6 +105,7 @@ Result<Stack::Open*> Stack::opened(std::size_t layer) {
                       ? setting_.files->take(wanted.src, setting_.decoderThreads, setting_.damage)
                       : media::VideoReader::open(wanted.src, setting_.decoderThreads, setting_.damage);
     if (!reader) return reader.error();
+    if (setting_.files != nullptr) reader->keepPast(kPast);
     open->source = Open::Source{std::move(*reader), media::Scaler(setting_.size.width, setting_.size.height)};
   } else {
     open->inside = std::make_unique<Stack>(wanted.inside, setting_);

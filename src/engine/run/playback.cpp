@@ -9,13 +9,13 @@
 namespace kvo::engine {
 namespace {
 
-constexpr double kSoundAhead = 0.4;       // seconds that are queued ahead of what is heard
-constexpr double kSoundFirst = 0.2;       // that are enough to begin with
-constexpr double kSoundStep = 0.05;       // seconds queued at a time
-constexpr double kStands = 3600;          // nothing is due
-constexpr std::int64_t kFramesAhead = 8;  // that are made before they are due
-constexpr double kFilesAhead = 1.5;       // seconds that the file of a clip is made ready ahead of it
-constexpr double kSeenFor = 10;           // seconds that all frames stay at hand where it stands
+constexpr double kSoundAhead = 0.4;  // seconds that are queued ahead of what is heard
+constexpr double kSoundFirst = 0.2;  // that are enough to begin with
+constexpr double kSoundStep = 0.05;  // seconds queued at a time
+constexpr double kStands = 3600;     // nothing is due
+constexpr double kMadeAhead = 0.3;   // seconds of frames that are made before they are due
+constexpr double kFilesAhead = 1.5;  // seconds that the file of a clip is made ready ahead of it
+constexpr double kSeenFor = 10;      // seconds that all frames stay at hand where it stands
 constexpr double kStretch = 0.4;  // seconds of film on the way to a place, between two looks for other wishes
 // Bytes of frames at hand: ten seconds of 720 lines, and what stays of them behind that time.
 constexpr std::size_t kMostSeen = 384ULL << 20U;
@@ -145,9 +145,10 @@ Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
 bool Playback::workAhead() {
   if (state_ != PlayState::Playing || !compositor_ || shown_ < 0) return false;
   const auto last = frames_ - 1;
+  const auto ahead = std::max<std::int64_t>(timeline_.frameRate.frameAt(kMadeAhead), 2);
   compositor_->expect(
       std::min(shown_ + std::max<std::int64_t>(timeline_.frameRate.frameAt(kFilesAhead), 1), last));
-  for (auto frame = shown_ + 1; frame <= std::min(shown_ + kFramesAhead, last); ++frame) {
+  for (auto frame = shown_ + 1; frame <= std::min(shown_ + ahead, last); ++frame) {
     if (seen_.holds(frame)) continue;
     return bool(guarded([&] { return picture(frame); }));
   }

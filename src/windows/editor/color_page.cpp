@@ -82,8 +82,10 @@ void ColorPage::drawPictures() {
     const auto image = *sources[i] && clipNo > 0 ? (*sources[i])(clipNo) : QImage();
     part.heading->setVisible(!image.isNull());
     part.picture->setVisible(!image.isNull());
-    if (image.isNull() || std::exchange(part.key, image.cacheKey()) == image.cacheKey()) continue;
+    if (image.isNull()) continue;
     const QSize pixels = part.picture->size() * devicePixelRatio();
+    const bool isSame = std::exchange(part.key, image.cacheKey()) == image.cacheKey();
+    if (isSame && part.picture->pixmap().size() == pixels) continue;
     auto scaled =
         QPixmap::fromImage(image.scaled(pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation));
     scaled = scaled.copy(QRect(

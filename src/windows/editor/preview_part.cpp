@@ -33,28 +33,23 @@ PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(p
   setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
-const Bitmap* PreviewPart::bitmap() const {
-  return state_.kind == PreviewKind::None ? nullptr : state_.picture.get();
-}
-
 QString PreviewPart::title() const {
-  if (state_.kind == PreviewKind::None)
-    return state_.failure.empty() ? tr("Nothing to Preview") : shown(state_.failure);
+  if (!state_.failure.empty()) return shown(state_.failure);
+  if (state_.picture == nullptr && state_.kind == PreviewKind::None) return tr("Nothing to Preview");
   return shown(state_.title).replace(" -->  ", QString::fromUtf8(" \u2192 "));
 }
 
 void PreviewPart::draw() {
   const auto text = title();
-  const auto picture = state_.kind == PreviewKind::None ? nullptr : state_.picture;
-  if (picture == drawn_ && text == drawnText_) return;
-  drawn_ = picture;
+  if (state_.picture == drawn_ && text == drawnText_) return;
+  drawn_ = state_.picture;
   if (text != drawnText_) setAccessibleDescription(text);
   drawnText_ = text;
   update();
 }
 
 QRectF PreviewPart::pictureRect() const {
-  const auto* picture = bitmap();
+  const auto* picture = state_.picture.get();
   if (picture == nullptr) return {};
   auto size = QSizeF(picture->width, picture->height).scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
   QRectF place({0, 0}, size);
@@ -69,7 +64,7 @@ void PreviewPart::paintEvent(QPaintEvent* /*event*/) {
   QPainterPath pane;
   pane.addRoundedRect(onPixels(rect()), radius, radius);
   painter.fillPath(pane, Qt::black);
-  if (const auto* picture = bitmap()) {
+  if (const auto* picture = state_.picture.get()) {
     // The bytes are the player's own; they are read once, while they are drawn.
     const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{3} * picture->width,
                        QImage::Format_BGR888);
@@ -108,8 +103,7 @@ void PreviewPart::drawTitle(QPainter& painter) const {
 }
 
 void PreviewPart::drawEmpty(QPainter& painter) const {
-  const bool bad = state_.kind == PreviewKind::None && !state_.failure.empty();
-  if (state_.kind != PreviewKind::None) return;  // its picture is on its way
+  const bool bad = !state_.failure.empty();
   painter.setFont(previewFont(*this, kSignText, QFont::Normal));
   painter.setPen(toColour(bad ? token("red") : token("text3")));
   const double inset = themed(2 * kChipPadding);

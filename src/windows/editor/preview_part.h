@@ -24,7 +24,6 @@ class PreviewPart final : public QWidget {
 
  private:
   [[nodiscard]] QString title() const;
-  [[nodiscard]] const Bitmap* bitmap() const;
   void drawTitle(QPainter& painter) const;
   void drawEmpty(QPainter& painter) const;
 

@@ -151,7 +151,8 @@ void TimelineBlocksPainter::drawWave(const TimelineBlock& block, const QRectF& b
     if (first >= peaks->size()) break;
     std::uint8_t loudest = 0;
     for (auto i = first; i <= last && i < peaks->size(); ++i) loudest = std::max(loudest, (*peaks)[i]);
-    const double height = std::max(0.6, loudest / 255.0 * half);
+    // By the root, as what is a tenth as loud is by far not a tenth to the ear.
+    const double height = std::max(0.6, std::sqrt(loudest / 255.0) * half);
     bars.append(QRectF(band.left() + n * kWaveStep + 0.6, middle - height, kWaveWidth, 2 * height));
   }
   painter_.setPen(Qt::NoPen);

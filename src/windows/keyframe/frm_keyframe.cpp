@@ -20,6 +20,7 @@ namespace kvo {
 namespace {
 
 constexpr QSize kKeyframeWindow(760, 500);
+constexpr int kFromEdge = 16;
 constexpr QRect kListCard(16, 166, 232, 318);
 constexpr QRect kControlsCard(260, 166, 484, 318);
 constexpr int kControlsLeft = 274;
@@ -43,7 +44,8 @@ FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, std::function<v
       clipName_(write({}, "heading", {16, 14, 240, 20})),
       effectName_(write({}, "lit", {260, 14, 240, 20})),
       frame_(write({}, "hint", {444, 14, 300, 20})) {
-  setWindowFlags(Qt::Tool | Qt::WindowStaysOnTopHint);
+  setWindowFlags(Qt::Tool | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                 Qt::WindowCloseButtonHint);
   setWindowTitle(tr("KVO5 - Keyframes"));
   setAccessibleName(tr("Keyframes"));
   frame_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -196,7 +198,17 @@ void FrmKeyframe::draw(QWidget* owner) {
   delete_->setEnabled(state_.canDelete);
   deleteAll_->setEnabled(state_.canDelete);
   instantPreview_->setChecked(state_.instantPreview);
-  if (!isVisible()) showOverOwner(*this, *owner);
+  if (!isVisible()) appear(*owner);
+}
+
+// Low at the left, where the picture is in sight and the effects are not needed.
+void FrmKeyframe::appear(QWidget& owner) {
+  showOverOwner(*this, owner);
+  const auto place = owner.frameGeometry();
+  const int low = place.bottom() - themed(kFromEdge) - height();
+  move(place.left() + themed(kFromEdge), std::max(y(), low));
+  activateWindow();
+  list_->setFocus(Qt::OtherFocusReason);
 }
 
 void FrmKeyframe::keyPressEvent(QKeyEvent* event) {

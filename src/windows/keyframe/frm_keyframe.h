@@ -40,6 +40,7 @@ class FrmKeyframe final : public EditorPage {
   void makeList();
   void makeControls();
   void act(const std::function<void()>& work);
+  void appear(QWidget& owner);
   void drawList();
   void drawControls();
 

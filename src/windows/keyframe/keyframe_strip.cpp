@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainterPath>
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -43,6 +44,9 @@ KeyframeStrip::KeyframeStrip(const KeyframeWindow& state, QWidget* parent) : QWi
 }
 
 void KeyframeStrip::draw(const QImage& picture) {
+  Shown now{state_.Sld_FramePosMaster, state_.Lst_Keyframes.ListIndex, state_.points, picture.cacheKey()};
+  if (now == drawn_) return;
+  drawn_ = std::move(now);
   picture_ = picture;
   update();
 }

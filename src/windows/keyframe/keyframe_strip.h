@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace kvo {
 
@@ -41,7 +42,17 @@ class KeyframeStrip final : public QWidget {
   void drawRuler(QPainter& painter) const;
   void drawCurve(QPainter& painter) const;
 
+  // What the strip shows of the state.
+  struct Shown {
+    ClipSlider frames;
+    int ListIndex = -1;
+    std::vector<KeyframePoint> points;
+    qint64 picture = 0;
+    bool operator==(const Shown&) const = default;
+  };
+
   const KeyframeWindow& state_;
+  Shown drawn_;
   QImage picture_;
   std::optional<int> dragging_;  // a line; -1 while the frame is dragged
 };

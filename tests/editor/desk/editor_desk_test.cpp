@@ -466,6 +466,17 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
   }
 }
 
+TEST(TimelineDesk, EachDragIsAStepAndKeysInARowAreOne) {
+  DeskBench b;
+  TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+  desk.setTransIn({2, 10});
+  desk.setTransIn({2, 12});
+  desk.setMark({2, ClipEdge::Out, 4, 100});
+  desk.setMark({2, ClipEdge::Out, 3.96, 99, true});
+  desk.setMark({2, ClipEdge::Out, 3.92, 98, true});
+  EXPECT_EQ(b.window.history.done.size(), 4U);
+}
+
 // The change watch stays out of the window's way: what a thousand clips cost it.
 TEST(EditorDesk, TimesAThousandClipsWithinFiftyMilliseconds) {
   DeskBench b(1000);

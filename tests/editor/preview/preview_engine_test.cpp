@@ -64,8 +64,10 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   b.takeActs();
   b.preview.PrepPreview();
   EXPECT_EQ(b.takeActs(), "clear load seek:70 play") << "from the place of the bar";
+  EXPECT_TRUE(b.state.picture) << "the last one stands until the next is there";
   b.host.takeNotes();
   b.preview.PrepPreview();
+  EXPECT_FALSE(b.state.picture);
   EXPECT_EQ(b.host.takeNotes(), "sliders park tools+ watch+ details");
   EXPECT_EQ(b.takeActs(), "clear");
   b.loop.advance(1000);

@@ -110,6 +110,9 @@ TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   moveTrackFade(b.editing, b.tab, b.host, 5);
   EXPECT_EQ(b.tab.trackFade.heading, "Fade between clips - 0.5s");
   EXPECT_EQ(b.settings.preferences().VideoTrackFadeAmt, 5);
+  b.settings.change().VideoTrackFadeAmt = 8;  // as by an undo
+  followTab(b.editing, b.tab, b.host, false);
+  EXPECT_EQ(b.tab.trackFade.Value, 8);
 
   b.addVideo("late.avi", 0, 3);
   b.open();

@@ -173,6 +173,9 @@ TEST(OverlayTab, LoadsTheBackdropThatIsChosen) {
   EXPECT_EQ(picInPicText(b.tab.look), "001203070005000025001");
   EXPECT_EQ(b.tab.overlaySound.box.caption, "Add Audio from Overlay Clip - ( Level = 50% )");
   EXPECT_EQ(b.tab.backdropSound.box.caption, "Clip has no Audio");
+  b.clip(2).HasPicInPic("001203040005000025001");
+  followTab(b.editing, b.tab, b.host, false);
+  EXPECT_EQ(b.tab.look.maxOpacity, 40) << "as by an undo";
   b.settings.state.ObjectChange = 96;
   followTab(b.editing, b.tab, b.host, true);
   EXPECT_EQ(b.host.look(), "") << "a mark has been moved";
