@@ -169,6 +169,9 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   }
   QTest::keyClick(b.window.get(), Qt::Key_3, Qt::ControlModifier);
   EXPECT_EQ(b.frame.CurrentTab, 3);
+  b.part<TransitionTiles>("Transitions")->setFocus();
+  QTest::keyClick(b.window->focusWidget(), Qt::Key_1, Qt::ControlModifier);
+  EXPECT_EQ(b.window->focusWidget(), b.part<QTabBar>("Tabs of the editor"));
   b.asked.clear();
   b.frame.CurrentTab = 1;
   b.window->draw();

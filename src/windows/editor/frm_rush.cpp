@@ -210,6 +210,9 @@ void FrmRush::draw() {
   tabs_->draw();
   const auto front = static_cast<std::size_t>(state_.frame.CurrentTab - 1);
   if (pageOf_[front] != nullptr) {
+    // Else the keyboard would go on to the first field of the page that comes, which takes Space and letters.
+    const bool turns = pages_->currentWidget() != pageOf_[front];
+    if (turns && pages_->isAncestorOf(focusWidget())) tabs_->setFocus();
     pages_->setCurrentWidget(pageOf_[front]);
     drawPage_[front]();
   }

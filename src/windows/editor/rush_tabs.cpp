@@ -47,6 +47,7 @@ RushTabs::RushTabs(const RushState& state, const RushActs& acts, QWidget* parent
       redo_(makeKey("redo", "Ctrl+Shift+Z")),
       list_(makeKey("chev", "")),
       menu_(made<QMenu>(this)) {
+  setFocusProxy(Tb_FileTab_);
   Tb_FileTab_->setExpanding(false);
   Tb_FileTab_->setUsesScrollButtons(true);
   Tb_FileTab_->setAccessibleName(tr("Tabs of the editor"));
