@@ -104,6 +104,7 @@ DeskTabs EditorLinks::tabs() {
 }
 
 void EditorLinks::settle() {
+  if (!parts_.window.face.visible) desk_.leave();
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
   if (!desk_.isOpen()) return;
@@ -119,6 +120,7 @@ void EditorLinks::settle() {
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
+  if (!parts_.window.face.visible) desk_.leave();
   const auto& create = states_.create;
   states_.timeline.marks.range.reset();
   if (!create.Opt_RenderRangeWhole)

@@ -95,6 +95,7 @@ Autosave::Wish Autosave::copy() const {
   const auto& from = parts_.collection;
   auto& into = copy->collection;
   copyRecords(from.MovieList, into.MovieList);
+  for (int i = 1; i <= into.MovieList.count(); ++i) into.MovieList[i].listener(nullptr);
   copyRecords(from.AudMovieList, into.AudMovieList);
   copyRecords(from.KeyframeList, into.KeyframeList);
   into.kind = from.kind;

@@ -82,7 +82,7 @@ Entries MainMenu::windowMenu(Files files) {
   Entries entries{addMedia(), submenu("&Collection", collectionEntries(files))};
   if (doors_.createMovie)
     entries.push_back({{MenuCommand::CreateMovie},
-                       "Create &Movie...",
+                       "Create Mo&vie...",
                        "Ctrl+M",
                        parts_.window.menu.clipsEnabled,
                        doors_.createMovie});

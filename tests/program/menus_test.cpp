@@ -44,6 +44,7 @@ struct MenuBench : ProgramBench {
                   called += (kind == MediaTrack::Kind::Sound ? "sound" : "text") + std::to_string(id);
                 },
             .captions = door("captions"),
+            .createMovie = door("movie"),
             .resetMark = [this](bool in) { called += in ? "in" : "out"; }};
   }
 };
@@ -98,6 +99,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
   b.window.menu.mnu_Looping = true;
   EXPECT_EQ(text(b.menu.windowMenu()), R"([&Add Media... Ins]
 [&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 Lake && Sea.INI] } [&Save... Ctrl+S] - [Add &Web Page...] [&View Stream...] }
+[Create Mo&vie... Ctrl+M]
 -
 [&Undo rename a.avi Ctrl+Z]
 (&Redo Ctrl+Shift+Z)

@@ -103,6 +103,7 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
                           "Add media",
                           "Remove",
                           "Sort",
+                          "Create Movie",
                           "Position",
                           "Mark-In",
                           "Mark-Out",

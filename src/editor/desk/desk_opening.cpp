@@ -77,18 +77,24 @@ void EditorDesk::collectionOpened() {
 
 void EditorDesk::Form_QueryUnload() {
   if (!isOpen()) return;
+  leave();
   const auto& e = parts_.editing;
+  if (e.clips().empty()) return doors_.empty();
+  parts_.list.PreviewMovie(e.collection.icurMov);
+}
+
+void EditorDesk::leave() {
+  if (!isOpen()) return;
+  auto& user = parts_.editing.settings.user;
+  parts_.state.frame.visible = false;  // what is drawn from here on is the main window alone
   KillPreview();
   watchChanges(false);
   analysing_->stop();
   opening_ = false;
-  parts_.state.frame.visible = false;
   parts_.state.analysing = {};
   run().KVOIsInEditMode = false;
-  e.settings.user.LoopPreviews = LoopPreviews_;
-  e.settings.user.SliderPauseOnRepo = SliderPauseOnRepo_;
-  if (e.clips().empty()) return doors_.empty();
-  parts_.list.PreviewMovie(e.collection.icurMov);
+  user.LoopPreviews = LoopPreviews_;
+  user.SliderPauseOnRepo = SliderPauseOnRepo_;
 }
 
 }  // namespace kvo

@@ -46,6 +46,8 @@ class EditorDesk : public PreviewHost {
   void Form_Load();
   /// Closes it. What the user has set stays in the records.
   void Form_QueryUnload();
+  /// The same with the whole program: no clip is loaded any more.
+  void leave();
   [[nodiscard]] bool isOpen() const { return parts_.state.frame.visible; }
   /// Another collection is open.
   void collectionOpened();
