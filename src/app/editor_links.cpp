@@ -120,7 +120,6 @@ void EditorLinks::settle() {
   if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
-  if (!parts_.window.face.visible) desk_.leave();
   const auto& create = states_.create;
   states_.timeline.marks.range.reset();
   if (!create.Opt_RenderRangeWhole)
