@@ -220,9 +220,11 @@ void PreviewEngine::PausePreview() {
   state_.paused = !state_.paused;
   if (state_.paused) {
     player_.pause();
+    Timer1_->stop();  // places that are sought meanwhile tell of themselves
   } else {
     sought_.reset();
     player_.play();
+    Timer1_->start(kPositionTick);
   }
   ShowPreviewBut();
   host_.previewChanged();
@@ -357,7 +359,8 @@ void PreviewEngine::GetCurrPos() {
     host_.ShowClipStats();
     tick_ = (tick_ + 1) % kSelectEach;
   }
-  if (state_.kind == PreviewKind::Movie && tick_ == 0) UpdateFrmFileOpenFillist();
+  const bool looks = !Timer1_->running() || tick_ == 0;
+  if (state_.kind == PreviewKind::Movie && looks) UpdateFrmFileOpenFillist();
   UpdateRenderPosDisplay(positionText(position));
   state_.Lbl_Remain = positionText(state_.total - position);
   state_.Lbl_TotDur = positionText(state_.total);
