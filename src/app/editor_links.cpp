@@ -61,6 +61,7 @@ MainWindowDoors EditorLinks::mainWindow() {
               },
           .ShowSliderStuff = [this] { parts_.play.ShowSliderStuff(); },
           .Pic_DigNumbers_Click = [this] { parts_.play.positions().positioner.Pic_DigNumbers_Click(); },
+          .mnu_SectionName_Click = [this] { nameClip(); },
           .AddMoviesm = [this](const std::string& path) { parts_.mailbox.takeFiles({path}); },
           .mnu_SaveShow_Click = [this] { parts_.collections.Save(); },
           .empty = [this] { parts_.list.show(); },
@@ -137,6 +138,16 @@ void EditorLinks::settle() {
 void EditorLinks::goInHistory(int steps) {
   const auto count = static_cast<std::size_t>(std::abs(steps));
   steps < 0 ? parts_.history.undo(count) : parts_.history.redo(count);
+}
+
+// The list, in which a name can be edited in its place, lies below the editor.
+void EditorLinks::nameClip() {
+  const auto& collection = parts_.session.collection;
+  if (collection.icurMov < 1) return;
+  const auto shown = displayName(collection.MovieList[collection.icurMov]);
+  const auto name = parts_.questions.ask(translated("Change the Displayed name for the clip"),
+                                         translated("Name of %1", {shown}));
+  if (name) parts_.commands.rename(*name);
 }
 
 void EditorLinks::jog(int frames) {

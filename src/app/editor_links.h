@@ -17,6 +17,7 @@
 #include "editor/timeline/timeline_hand.h"
 #include "engine/run/engine_player.h"
 #include "ports/sound_output.h"
+#include "ports/text_questions.h"
 
 #include <cstdint>
 #include <functional>
@@ -57,6 +58,7 @@ class EditorLinks : public DeskPreview {
     PlayLinks& play;
     std::function<void()> draw;                  ///< all windows
     std::function<void(int x, int y)> openMenu;  ///< of the list, at a place of the screen
+    TextQuestions& questions;
   };
   /// `sound` may be null. The parts outlive the object.
   EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound);
@@ -99,6 +101,7 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] MainWindowDoors mainWindow();
   [[nodiscard]] TimelineDesk::Doors timelineDoors();
   [[nodiscard]] DeskTabs tabs();
+  void nameClip();
   void showFrame(const Result<FramePicture>& picture);
   void endFrame();
 

@@ -172,7 +172,8 @@ class WindowProgram {
                  play_, [this] { draw(); },
                  [this](int x, int y) {
                    clipMenu_.openListMenu({x, y}, QApplication::activeWindow());
-                 }},
+                 },
+                 boxes_},
                 std::make_unique<SdlSoundOutput>()),
         frmRush_({editor_, session_, loop_, sketches_, store_, desktop_, dialogs_,
                   withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }, [] {}}),

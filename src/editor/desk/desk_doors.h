@@ -58,6 +58,7 @@ struct MainWindowDoors {
   std::function<void(bool in)> resetMark{};              ///< Mark-In or Mark-Out to its end of the clip
   std::function<void()> ShowSliderStuff{};               ///< the slider comes in sight
   std::function<void()> Pic_DigNumbers_Click{};          ///< the trimmer: the direct positioner
+  std::function<void()> mnu_SectionName_Click{};         ///< asks for the clip's name in the list
   std::function<void(const std::string&)> AddMoviesm{};  ///< adds a file to the collection
   std::function<void()> mnu_SaveShow_Click{};            ///< saves the collection
   std::function<void()> empty{};                         ///< it has no clip any more

@@ -32,7 +32,7 @@ void EditorDesk::press(ClipKey key) {
       doors_.PlayerStop();
       return doors_.Pic_DigNumbers_Click();
     case ClipKey::Name:
-      return commands.beginRename();
+      return doors_.mnu_SectionName_Click();
     case ClipKey::AddSnapShot:
       return takeSnapshot();
   }

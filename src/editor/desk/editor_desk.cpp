@@ -126,6 +126,18 @@ void EditorDesk::membershipChanged() {
     if (state.frame.CurrentTab != kCreateTab) Buildtabs(kCreateTab);
   }
   hasMusic_ = CheckForAudiotrack(parts_.editing);
+  takeSounds();
+}
+
+// The collection's file does not say which clips have sound; their files have been looked into.
+void EditorDesk::takeSounds() {
+  const auto& e = parts_.editing;
+  for (int i = 1; i <= e.clips().count(); ++i) {
+    auto& clip = e.clips()[i];
+    if (clip.IsStill() || isAddress(clipFile(clip)) || extensionOf(clip.MovieName()) == "M1V") continue;
+    const auto facts = e.streams.facts(clipFile(clip));
+    if (facts) clip.HasAudio(facts->hasAudio);
+  }
 }
 
 // The places of clips and music, and what the movie comes to. Documents are compiled elsewhere.

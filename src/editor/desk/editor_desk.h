@@ -101,6 +101,7 @@ class EditorDesk : public PreviewHost {
   void countTick();
   bool followsCollection();
   void membershipChanged();
+  void takeSounds();
   void retime();
   void followTab(Integer code);
   void takeSnapshot();

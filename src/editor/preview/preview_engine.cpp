@@ -176,6 +176,7 @@ void PreviewEngine::DirXPlay(double StartSeconds) {
 
 void PreviewEngine::KillPreview() {
   release();
+  TimeCodeOff();
   state_.picture.reset();
   host_.previewChanged();
 }

@@ -22,6 +22,8 @@ namespace kvo {
 namespace {
 
 constexpr QSize kRushSize(1280, 764);
+constexpr int kFrameOfDesktop = 4;   // pixels that a desktop may put around a window
+constexpr int kTitleOfDesktop = 32;  // and above it
 constexpr QSize kLeastRush(1024, 640);
 constexpr int kRushSide = 16;
 constexpr int kRushGap = 12;
@@ -174,7 +176,9 @@ void FrmRush::setTimeline(QWidget* timeline, std::function<void()> draw) {
 
 // The timeline has the height that it was left with, or else what the columns do not need.
 void FrmRush::appear() {
-  resize(themed(kRushSize.width()), themed(kRushSize.height()));
+  const QSize wanted(themed(kRushSize.width()), themed(kRushSize.height()));
+  const auto room = screen()->availableSize() - QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop);
+  resize(wanted.boundedTo(room));
   keeping_.place.restoreWithSize(*this);
   const int room = height() - themed(RushTabs::kHeight) - splitter_->handleWidth();
   const auto kept = keeping_.store.read(kLowerValue);
