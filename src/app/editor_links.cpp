@@ -98,7 +98,9 @@ DeskTabs EditorLinks::tabs() {
                         followTab(editing(), states_.effect, desk_, rebuild);
                         if (states_.keyframes.visible) followKeyframes(editing(), states_.keyframes);
                       }},
-          rules(states_.stills),
+          DeskTab{.restore = [this] { restoreStills(editing(), states_.stills); },
+                  .enter = [this] { enterTab(editing(), states_.stills, desk_); },
+                  .follow = [this](bool rebuild) { followTab(editing(), states_.stills, desk_, rebuild); }},
           rules(states_.color),
           rules(states_.overlay)};
 }
@@ -108,8 +110,14 @@ void EditorLinks::settle() {
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
   if (!desk_.isOpen()) return;
+  const auto& create = states_.create;
+  states_.timeline.marks.range.reset();
+  if (!create.Opt_RenderRangeWhole)
+    states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
   const auto& history = parts_.window.history;
-  if (std::exchange(historySeen_, history.revision) != history.revision) {
+  const bool edited = std::exchange(historySeen_, history.revision) != history.revision;
+  if (edited) {
+    preview_.movieIsStale();
     states_.history.done = history.done;
     states_.history.undone = history.undone;
     const auto open = tabs();  // the open tab shows what has been undone too
@@ -117,13 +125,11 @@ void EditorLinks::settle() {
       follow(false);
   }
   const auto& collection = parts_.session.collection;
-  if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed)
+  if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed || edited)
     hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
-  const auto& create = states_.create;
-  states_.timeline.marks.range.reset();
-  if (!create.Opt_RenderRangeWhole)
-    states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
+  states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
+  states_.window.frame.zoom = hand_.zoomPart();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }
@@ -147,8 +153,8 @@ void EditorLinks::showClipFrame(Long frame) {
   const auto& collection = parts_.session.collection;
   if (collection.icurMov < 1) return;
   const auto& clip = collection.MovieList[collection.icurMov];
-  const double frames = clip.DurationFrames().number();
-  const double seconds = frames > 0 ? frame * clip.DurationTime().number() / frames : 0;
+  const double rate = static_cast<double>(parts_.session.settings.preferences().OutPutFrameRate);
+  const double seconds = rate > 0 ? frame / rate : 0;
   showsFrame_ = true;
   frames_.want(FrameWish{clipFile(clip), seconds});
 }

@@ -160,7 +160,7 @@ class WindowProgram {
         window_(state_,
                 {menu_, play_.positions(), listCommands_, history_, media_, mailbox_, shutDown_,
                  links_.display(), picture_, rowPictures_, companions_.hover(), companions_.resume(),
-                 [this] { companions_.settled(); }, play_.transport(), [this] { codec_.ShowCodec(); },
+                 [this] { settled(); }, play_.transport(), [this] { codec_.ShowCodec(); },
                  [this] { streamInfo_.Lbl_StreamInfo_Click(); }},
                 {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output(),
                  hasGraphicsDevice()}),
@@ -270,6 +270,12 @@ class WindowProgram {
   void coverScreen() {
     links_.display().coverOrBack();
     if (state_.face.minimumDetails) links_.display().startAtSourceSize();
+  }
+
+  // The state is whole. Where the program ends, the editor goes first: the main window is the last to close.
+  void settled() {
+    companions_.settled();
+    if (!state_.face.visible && editor_.desk().isOpen()) frmRush_.draw();
   }
 
   void draw() {

@@ -116,10 +116,10 @@ void GatheredBoxes::together(const std::function<void()>& work) {
   }
   for (auto all = std::exchange(waiting_, {}); !all.empty();) {
     const auto kind = captionKind(all.front());
-    const auto others =
-        std::ranges::stable_partition(all, [&](const auto& box) { return captionKind(box) == kind; });
-    boxes_.show(oneBoxOf({all.begin(), others.begin()}));
-    all.erase(all.begin(), others.begin());
+    const auto others = std::stable_partition(all.begin(), all.end(),
+                                              [&](const auto& box) { return captionKind(box) == kind; });
+    boxes_.show(oneBoxOf({all.begin(), others}));
+    all.erase(all.begin(), others);
   }
 }
 

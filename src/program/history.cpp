@@ -41,10 +41,10 @@ bool gives(const RecordStep<Movie>& step, int number) {
 }
 
 // What a drag sets anew with each move is kept as it was ahead of the first.
-void addLatest(PreferenceStep& way, PreferenceStep latest) {
-  for (auto& [row, text] : latest) {
+void addLatest(PreferenceStep& way, const PreferenceStep& latest) {
+  for (const auto& [row, text] : latest) {
     if (std::ranges::find(way, row, &PreferenceStep::value_type::first) == way.end())
-      way.emplace_back(row, std::move(text));
+      way.emplace_back(row, text);
   }
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kHeading = "[Autosave]\r\n";
 constexpr std::string_view kFileKey = "File= ";
-constexpr std::string_view kPortable = "Portable= True";
+constexpr std::string_view kPortableLine = "Portable= True";
 
 }  // namespace
 
@@ -18,7 +18,7 @@ std::string keptText(const KeptName& kept) {
   std::string text(kHeading);
   if (kept.fullPath.find_first_of("\r\n") == std::string::npos)
     text.append(kFileKey).append(kept.fullPath).append(kCrLf);
-  if (kept.isPortable) text.append(kPortable);
+  if (kept.isPortable) text.append(kPortableLine);
   return text;
 }
 
@@ -31,7 +31,7 @@ KeptName keptName(const Files& files, const std::string& path) {
   while (!rest.empty()) {
     const auto line = nextLine(rest);
     if (line.starts_with(kFileKey)) kept.fullPath = line.substr(kFileKey.size());
-    if (line.starts_with(kPortable)) kept.isPortable = true;
+    if (line.starts_with(kPortableLine)) kept.isPortable = true;
   }
   return kept;
 }

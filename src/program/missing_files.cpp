@@ -41,8 +41,8 @@ bool isOfNameAndSize(const FoundFile& file, const MissingFile& missing) {
 // Leaves those for which `holds`, unless none would be left.
 template <typename Rule>
 void keepWhere(std::vector<std::string>& paths, const Rule& holds) {
-  const auto others = std::ranges::stable_partition(paths, holds);
-  if (others.begin() != paths.begin()) paths.erase(others.begin(), others.end());
+  const auto others = std::stable_partition(paths.begin(), paths.end(), holds);
+  if (others != paths.begin()) paths.erase(others, paths.end());
 }
 
 std::string foundText(int mended, std::size_t missing) {

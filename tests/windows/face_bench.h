@@ -45,6 +45,12 @@ struct NoNetwork : Network {
   [[nodiscard]] bool connected() const override { return false; }
 };
 
+struct NoHttp : Http {
+  void get(const std::string& address, std::size_t /*most*/, Heard heard) override {
+    heard(Error{"cannot reach " + address});
+  }
+};
+
 struct FaceBench : ProgramBench {
   explicit FaceBench(const std::vector<std::string>& clips = {"a.avi", "b.avi", "c.jpg"}, double size = 1) {
     saveCollection("/prog/KVO5.INI", clips);
@@ -159,15 +165,18 @@ struct FaceBench : ProgramBench {
   MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   NoWebPages pages;
   NoNetwork network;
+  NoHttp http;
   CodecInfo codec{{window, settings, collection, list, files, folder, probe, boxes, loop, links.player()}};
-  PlayLinks play{{window, settings, collection, files, boxes, loop, desktop, pages, network, timers, list,
-                  history, commands, media, intro, mailbox, links, codec}};
+  PlayLinks play{{window, settings, collection, files, boxes, loop, desktop, pages, network, http, timers,
+                  list, history, commands, media, intro, mailbox, links, codec}};
   MainMenu menu{{window, settings, commands, recent, media, listCommands, history, shutDown, faceSkins},
                 {.freeZoom = [this] { links.display().Lbl_MiniMode_Click(); },
                  .minimumDetails = [this] { links.display().turnDetails(); },
                  .interfaceSize = [this] { links.takeInterfaceSize(); },
                  .fullPicture = [this] { links.display().mnu_DirXFullSC_Click(); },
-                 .ordered = [this](MenuCommand tick) { play.ordered(tick); }}};
+                 .ordered = [this](MenuCommand tick) { play.ordered(tick); },
+                 .createMovie = [this] { ++moviesWanted; }}};
+  int moviesWanted = 0;
   ClipPicture picture{streams, loop, window.picture};
   NamedSketches sketches;
   ListPictures rows{{sketches, collection, window.list}};

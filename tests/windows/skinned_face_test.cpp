@@ -84,6 +84,17 @@ TEST(SkinnedFace, ShowsTheDetailsOrThePictureAlone) {
   EXPECT_EQ(shown(), parts);
 }
 
+TEST(SkinnedFace, CreateMovieWantsAClip) {
+  FaceBench b;
+  QTest::mouseClick(&b.at("Create Movie"), Qt::LeftButton);
+  b.key(Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(b.moviesWanted, 2);
+  b.window.menu.clipsEnabled = false;
+  b.draw();
+  QTest::mouseClick(&b.at("Create Movie"), Qt::LeftButton);
+  EXPECT_EQ(b.moviesWanted, 2);
+}
+
 TEST(SkinnedFace, IsReachedByTabInOrder) {
   FaceBench b;
   b.history.edit(CommandPass(b.window), "turn", 1, 0, [](Movie& clip) { clip.Volume(5); });

@@ -59,9 +59,7 @@ void EditorDesk::finishOpening() {
   run().ObjectChange = kOpened;
   ticks_ = 0;
   shownClip_ = e.collection.icurMov;
-  for (const auto& tab : tabs_) {
-    if (tab.restore) tab.restore();
-  }
+  restoreTabs();
   Buildtabs(1);
   Tmr_CheckChanges_Timer();
   watchChanges(true);
@@ -69,9 +67,16 @@ void EditorDesk::finishOpening() {
   e.boxes.show({"KVO - No Video Tracks", "No Video Tracks found ?", BoxButtons::Ok, BoxIcon::Information});
 }
 
+void EditorDesk::restoreTabs() {
+  for (const auto& tab : tabs_) {
+    if (tab.restore) tab.restore();
+  }
+}
+
 void EditorDesk::collectionOpened() {
   parts_.state.frame.caption =
       translated("   Create New Movie from %1", {listCaption(parts_.editing.collection)});
+  if (isOpen() && !opening_) restoreTabs();
   run().postChange(kOpened, kOpened);
 }
 

@@ -95,6 +95,7 @@ class EditorDesk : public PreviewHost {
   };
 
   void finishOpening();
+  void restoreTabs();
   void looked(int done, int total);
   void Tmr_CheckChanges_Timer();
   void countTick();

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
+#include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
 
 #include <algorithm>
@@ -89,6 +90,7 @@ std::int64_t PreviewEngine::GetPreviewPositionFrame() const { return sought_.val
 // The movie.
 
 void PreviewEngine::PrepPreview() {
+  if (!movieRuns() && IsAudioBeforeVideo(editing_)) return;
   if (isSample()) release();
   editing_.editor.texts = {};
   editing_.editor.LastClipStop.clear();
@@ -218,9 +220,11 @@ void PreviewEngine::PausePreview() {
   state_.paused = !state_.paused;
   if (state_.paused) {
     player_.pause();
+    Timer1_->stop();  // places that are sought meanwhile tell of themselves
   } else {
     sought_.reset();
     player_.play();
+    Timer1_->start(kPositionTick);
   }
   ShowPreviewBut();
   host_.previewChanged();
@@ -355,7 +359,8 @@ void PreviewEngine::GetCurrPos() {
     host_.ShowClipStats();
     tick_ = (tick_ + 1) % kSelectEach;
   }
-  if (state_.kind == PreviewKind::Movie && tick_ == 0) UpdateFrmFileOpenFillist();
+  const bool looks = !Timer1_->running() || tick_ == 0;
+  if (state_.kind == PreviewKind::Movie && looks) UpdateFrmFileOpenFillist();
   UpdateRenderPosDisplay(positionText(position));
   state_.Lbl_Remain = positionText(state_.total - position);
   state_.Lbl_TotDur = positionText(state_.total);

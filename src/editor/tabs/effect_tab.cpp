@@ -157,7 +157,19 @@ void updateMotionKeyframe(const Editing& e, const Movie& clip) {
   base.name = "MotionBlur";
   base.param[0] = std::to_string(clip.MBlurStrength());
   base.param[1] = std::to_string(clip.MBlurDirection());
+  const auto& keyframes = e.collection.KeyframeList;
+  for (int i = 1; i <= keyframes.count(); ++i) {  // whether it is laid over the picture stays
+    const auto& k = keyframes[i];
+    if (k.ClipName == clip.KeyID() && k.EffectNo == kMotionBlurEffect) base.param[2] = k.Param[2].text();
+  }
   WriteBaseKeyFrameToCollection(e, std::move(base), true);
+}
+
+// No clip has a picture.
+void leaveEmpty(const Editing& e, EffectTab& tab, TabHost& host) {
+  readRecord(e, tab);
+  host.Buildtabs(1);
+  e.settings.state.ObjectChange = kMembershipChanged;
 }
 
 }  // namespace
@@ -168,21 +180,14 @@ std::span<const std::string_view> rotationDirections() { return kRotations; }
 void enterTab(const Editing& e, EffectTab& tab, TabHost& host) {
   tab.ease.open = false;
   fillList(e, tab);
-  if (!tab.Lst_Clips.hasChoice() && !tab.Lst_Clips.rows.empty()) {
-    chooseEffectClip(e, tab, host, 0);
-    return;
-  }
+  if (tab.Lst_Clips.rows.empty()) return leaveEmpty(e, tab, host);
+  if (!tab.Lst_Clips.hasChoice()) return chooseEffectClip(e, tab, host, 0);
   readRecord(e, tab);
 }
 
 void followTab(const Editing& e, EffectTab& tab, TabHost& host, bool rebuild) {
   if (rebuild || tab.Lst_Clips.rows.empty()) fillList(e, tab);
-  if (tab.Lst_Clips.rows.empty()) {
-    readRecord(e, tab);
-    host.Buildtabs(1);
-    e.settings.state.ObjectChange = kMembershipChanged;
-    return;
-  }
+  if (tab.Lst_Clips.rows.empty()) return leaveEmpty(e, tab, host);
   SetMovieLstToMainIndex(e, tab.Lst_Clips);
   if (!tab.Lst_Clips.hasChoice()) {
     host.Buildtabs(kAudioTab);

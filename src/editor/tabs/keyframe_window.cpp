@@ -33,6 +33,13 @@ FrameRange framesOfClip(const Editing& e, const Movie& clip) {
   return {first, std::max(first, last)};
 }
 
+// Of the keyframes, which count at the rate of the movie; the lines of the list go by it too.
+FrameRange framesThatCount(const Editing& e, const Movie& clip) {
+  if (clip.IsStill()) return framesOfClip(e, clip);
+  const auto rate = e.settings.preferences().OutPutFrameRate;
+  return {framesOf(clip.LoopStart().number(), rate), framesOf(clip.LoopEnd().number(), rate)};
+}
+
 Keyframe& keyframeOf(const Editing& e, int line) {
   return e.collection.KeyframeList[keyframesInHand(e)[static_cast<std::size_t>(line)]];
 }
@@ -57,8 +64,7 @@ Keyframe valuesWithoutKeyframe(const Editing& e, const KeyframeWindow& window) {
     values.Param[1] = Value(clip.MBlurDirection());
     values.Param[2] = Value(0);
   } else {
-    int effectNo = window.effectNo;
-    const auto* row = GetEffectParams(e, window.effectName, effectNo);
+    const auto* row = e.editor.effects.named(window.effectName);
     if (row == nullptr) return values;
     for (std::size_t i = 0; i < row->Control.size(); ++i) values.Param[i] = Value(row->Control[i]);
     values.Transparency = static_cast<Single>(ToNumber(row->Transparency));
@@ -144,7 +150,7 @@ void ScaleSlider(const Editing& e, KeyframeWindow& window) {
 }
 
 void fillKeyframes(const Editing& e, KeyframeWindow& window) {
-  const auto range = framesOfClip(e, e.clips()[window.clipNo]);
+  const auto range = framesThatCount(e, e.clips()[window.clipNo]);
   auto& list = window.Lst_Keyframes;
   list.rows = AddKeyFramesToList(e);
   const int last = static_cast<int>(list.rows.size()) - 1;

@@ -74,6 +74,12 @@ void changeStills(const Editing& e, StillsTab& tab, TabHost& host, std::string_v
 
 std::span<const std::string_view> aspectCaptions() { return kAspects; }
 
+void restoreStills(const Editing& e, StillsTab& tab) {
+  tab = {};
+  fillStills(e, tab);
+  BuildStillFrame(e, tab);
+}
+
 void enterTab(const Editing& e, StillsTab& tab, TabHost& host) {
   giveDurations(e);
   followTab(e, tab, host, true);
@@ -103,7 +109,8 @@ void chooseIndividually(const Editing& e, StillsTab& tab, TabHost& host, bool in
 void moveStillDuration(const Editing& e, StillsTab& tab, TabHost& host, int milliseconds) {
   changeStills(e, tab, host, "Still duration", true, [&] {
     auto controls = tab.controls;
-    moveStillSlider(e, controls, (milliseconds + kStillStep / 2) / kStillStep * kStillStep);
+    const int steps = (milliseconds + kStillStep / 2) / kStillStep;
+    moveStillSlider(e, controls, steps * kStillStep);
   });
 }
 

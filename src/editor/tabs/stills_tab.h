@@ -26,6 +26,9 @@ struct StillsTab {
 /// The captions of Opt_Aspect, by its index.
 std::span<const std::string_view> aspectCaptions();
 
+/// The editor opens, or another collection does in it: the options are those of its stills, tab or no tab.
+void restoreStills(const Editing& e, StillsTab& tab);
+
 /// The tab is opened. Stills without a length get the default one, which is no change of the user's.
 void enterTab(const Editing& e, StillsTab& tab, TabHost& host);
 /// A change was heard of while it is open.

@@ -75,7 +75,7 @@ constexpr std::array<ClipKeyRow, kClipKeys> kClipKeyRows{{
 constexpr int kKeyGap = 3;
 constexpr int kGroupGap = 13;
 constexpr int kRowSide = 16;
-constexpr int kZoomSteps = 100;
+constexpr int kZoomSliderSteps = 100;
 constexpr int kZoomStep = 5;
 
 QLabel* keyRowLabel(const QString& text, const char* role, QWidget* parent) {
@@ -154,16 +154,16 @@ QWidget* ClipKeysPart::makeZoom() {
     return made;
   };
   const auto step = [this](int by) {
-    acts_.zoom(std::clamp(zoomValue() + by, 0, kZoomSteps) / static_cast<double>(kZoomSteps));
+    acts_.zoom(std::clamp(zoomValue() + by, 0, kZoomSliderSteps) / static_cast<double>(kZoomSliderSteps));
   };
   zoomOut_ = key("zout", tr("Show more of the movie"), "-", [step] { step(-kZoomStep); });
   zoom_ = made<QSlider>(Qt::Horizontal, group);
   zoom_->setAccessibleName(tr("Zoom"));
   zoom_->setToolTip(tr("Zoom of the timeline"));
-  zoom_->setRange(0, kZoomSteps);
+  zoom_->setRange(0, kZoomSliderSteps);
   zoom_->setPageStep(kZoomStep * 2);
   connect(zoom_, &QSlider::valueChanged, [this](int value) {
-    if (!isDrawing_) acts_.zoom(value / static_cast<double>(kZoomSteps));
+    if (!isDrawing_) acts_.zoom(value / static_cast<double>(kZoomSliderSteps));
   });
   zoomIn_ = key("zin", tr("Show more of each clip"), "+", [step] { step(kZoomStep); });
   whole_ = key("size", tr("Show the whole movie"), "0", [this] { acts_.wholeMovie(); });
@@ -175,7 +175,9 @@ QWidget* ClipKeysPart::makeZoom() {
   return group;
 }
 
-int ClipKeysPart::zoomValue() const { return static_cast<int>(std::lround(state_.frame.zoom * kZoomSteps)); }
+int ClipKeysPart::zoomValue() const {
+  return static_cast<int>(std::lround(state_.frame.zoom * kZoomSliderSteps));
+}
 
 void ClipKeysPart::layOut() {
   setFixedHeight(themed(kHeight));

@@ -28,7 +28,7 @@ constexpr int kPageRight = 424;
 constexpr int kLineTop = 225;
 constexpr int kLinePitch = 19;
 constexpr std::array kLineLefts = {16, 224};
-constexpr int kTickTop = 210;
+constexpr int kPowerTickTop = 210;
 constexpr int kTickHeight = 4;
 constexpr int kTickInset = 10;  // from the slider's end to the middle of its handle there
 constexpr int kPowers = 10;
@@ -294,7 +294,7 @@ void CreatePage::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const int first = themed(kPageLeft + kTickInset), last = themed(kPageRight - kTickInset);
   for (int i = 0; i < kPowers; ++i) {
-    painter.fillRect(first + (last - first) * i / (kPowers - 1), themed(kTickTop), themed(1),
+    painter.fillRect(first + (last - first) * i / (kPowers - 1), themed(kPowerTickTop), themed(1),
                      themed(kTickHeight), toColour(token("line2")));
   }
 }

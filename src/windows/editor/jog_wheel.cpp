@@ -15,9 +15,9 @@ namespace kvo {
 namespace {
 
 constexpr double kPixelsAFrame = 6;
-constexpr double kNotch = 120;  // of a mouse's wheel, in eighths of a degree
-constexpr int kPage = 10;       // frames
-constexpr int kRibs = 88;       // around the wheel
+constexpr double kJogNotch = 120;  // of a mouse's wheel, in eighths of a degree
+constexpr int kPage = 10;          // frames
+constexpr int kRibs = 88;          // around the wheel
 constexpr double kFramesAround = 48;
 constexpr double kWheelRadius = 6;
 
@@ -93,7 +93,7 @@ void JogWheel::mouseReleaseEvent(QMouseEvent* event) {
 
 // Away from the user goes on.
 void JogWheel::wheelEvent(QWheelEvent* event) {
-  turn(event->angleDelta().y() / kNotch);
+  turn(event->angleDelta().y() / kJogNotch);
   event->accept();
 }
 

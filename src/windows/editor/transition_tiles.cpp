@@ -27,7 +27,7 @@ constexpr int kTilesTop = 6;
 constexpr QRectF kTilePicture(6.5, 8, 62, 35);
 constexpr QRectF kTileName(2, 45, 71, 18);
 constexpr double kTileRadius = 5;
-constexpr double kPictureRadius = 3;
+constexpr double kTilePictureRadius = 3;
 constexpr int kStarSide = 14;
 constexpr double kTileText = 10.2;
 constexpr int kStepTime = 80;  // milliseconds
@@ -154,7 +154,7 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
 
 void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const std::string& name, int step) {
   QPainterPath round;
-  round.addRoundedRect(place, themed(kPictureRadius), themed(kPictureRadius));
+  round.addRoundedRect(place, themed(kTilePictureRadius), themed(kTilePictureRadius));
   const Painting kept(painter);
   painter.setClipPath(round);
   painter.fillRect(place, toColour(token("ink3")));
@@ -162,7 +162,7 @@ void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const 
   if (picture == nullptr && step != kTransitionSampleStill)
     picture = samples_.picture(name, kTransitionSampleStill);
   if (picture == nullptr) return;
-  const QImage image(picture->bgr.data(), picture->width, picture->height, picture->width * 3,
+  const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{picture->width} * 3,
                      QImage::Format_BGR888);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.setOpacity(isEnabled() ? 1 : 0.4);

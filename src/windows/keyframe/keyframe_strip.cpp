@@ -135,8 +135,9 @@ void KeyframeStrip::drawGround(QPainter& painter) const {
     painter.setOpacity(0.45);
     const double high = themed(kRulerTop);
     const double wide = high * picture_.width() / std::max(1, picture_.height());
-    for (double x = 0; x < width(); x += std::max(1.0, wide))
-      painter.drawImage(QRectF(x, 0, wide, high), picture_);
+    const double step = std::max(1.0, wide);
+    const int count = static_cast<int>(std::ceil(width() / step));
+    for (int i = 0; i < count; ++i) painter.drawImage(QRectF(i * step, 0, wide, high), picture_);
     painter.restore();
   }
   painter.setPen(toColour(token("line2")));

@@ -131,6 +131,16 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
     }
   }
   EXPECT_TRUE(b.state.paused);
+  const int drawn = b.host.drawn;
+  b.loop.advance(1000);
+  EXPECT_EQ(b.host.drawn, drawn) << "nothing is drawn while it stands";
+  b.preview.PausePreview();
+  b.loop.advance(100);  // between two looks at the clip
+  b.preview.PausePreview();
+  b.preview.showAt(2);
+  EXPECT_EQ(b.state.title, "beach.avi");
+  b.preview.showAt(3.1);
+  b.takeActs();
   b.preview.PausePreview();
   b.preview.holdRange(true);
   b.shows(45);
