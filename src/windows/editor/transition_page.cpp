@@ -278,7 +278,7 @@ void TransitionPage::drawChoice() {
   setTextOf(*instead_, !isThere ? tr("Choose a clip at the left")
                        : !state_.canHaveTransition
                            ? tr("This clip or the previous clip is too short to apply a transition to")
-                           : tr("The clip follows without a transition"));
+                           : tr("The clip follows without a transition.\nClick Transition to choose one."));
 }
 
 }  // namespace kvo
