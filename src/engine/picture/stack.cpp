@@ -126,7 +126,7 @@ Result<double> Stack::approach(const FramePlan& plan, double most) {
     if (!found) return found.error();
     auto& open = **found;
     if (open.inside) {
-      const auto inner = open.inside->approach(planned.inside, most);
+      auto inner = open.inside->approach(planned.inside, most);
       if (!inner) return inner;
       left = std::max(left, *inner);
       continue;
