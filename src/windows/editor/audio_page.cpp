@@ -23,7 +23,7 @@ AudioPage::AudioPage(AudioTab& state, PageLogic logic, QWidget* parent)
     : EditorPage(parent),
       state_(state),
       logic_(std::move(logic)),
-      clips_(put(made<ClipList>(tr("Clips and audio"), tr("No clips"), this), {16, 34, 198, 190})) {
+      clips_(put(made<PageClipList>(tr("Clips and audio"), tr("No clips"), this), {16, 34, 198, 190})) {
   write(tr("Clips and audio"), "caption", {16, 15, 198, 16});
   clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {

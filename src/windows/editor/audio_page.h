@@ -13,7 +13,7 @@ class QRadioButton;
 
 namespace kvo {
 
-class ClipList;
+class PageClipList;
 class HeadedSlider;
 class NoticeLine;
 
@@ -32,7 +32,7 @@ class AudioPage final : public EditorPage {
 
   AudioTab& state_;
   PageLogic logic_;
-  ClipList* clips_;
+  PageClipList* clips_;
   QCheckBox* sound_ = nullptr;
   HeadedSlider* fadeIn_ = nullptr;
   HeadedSlider* fadeOut_ = nullptr;

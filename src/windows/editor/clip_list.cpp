@@ -13,10 +13,10 @@ constexpr std::array kClipIcons = {"music", "film", "still"};  // by MediaClass
 
 }  // namespace
 
-ClipList::ClipList(const QString& name, const QString& emptyText, QWidget* parent)
+PageClipList::PageClipList(const QString& name, const QString& emptyText, QWidget* parent)
     : PageList(name, emptyText, kClipIcons, parent) {}
 
-void ClipList::draw(const ListBox& state, const Collection& collection) {
+void PageClipList::draw(const ListBox& state, const Collection& collection) {
   if (drawn_ != state.rows) {
     drawn_ = state.rows;
     rows_.clear();

@@ -7,10 +7,10 @@
 
 namespace kvo {
 
-class ClipList final : public PageList {
+class PageClipList final : public PageList {
  public:
   /// `name` is what a screen reader calls it; `emptyText` stands in it while it has no rows.
-  ClipList(const QString& name, const QString& emptyText, QWidget* parent);
+  PageClipList(const QString& name, const QString& emptyText, QWidget* parent);
 
   /// The rows of `state`, each with the sign of what kind of clip it is.
   void draw(const ListBox& state, const Collection& collection);

@@ -28,7 +28,7 @@ ColorPage::ColorPage(ColorTab& state, PageLogic logic, Pictures pictures, QWidge
       state_(state),
       logic_(std::move(logic)),
       pictures_(std::move(pictures)),
-      clips_(put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 190})),
+      clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 190})),
       sepia_(put(made<QCheckBox>(tr("Sepia"), this), {16 - kMarkRoom, 242, 150, 24})),
       reset_(put(made<QPushButton>(themeIcon("repeat"), tr("Reset"), this), {16, 404, 150, 28})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});

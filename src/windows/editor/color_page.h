@@ -14,7 +14,7 @@ class QPushButton;
 
 namespace kvo {
 
-class ClipList;
+class PageClipList;
 class HeadedSlider;
 
 class ColorPage final : public EditorPage {
@@ -39,7 +39,7 @@ class ColorPage final : public EditorPage {
   ColorTab& state_;
   PageLogic logic_;
   Pictures pictures_;
-  ClipList* clips_;
+  PageClipList* clips_;
   std::array<HeadedSlider*, kColourLevels> levels_{};
   QCheckBox* sepia_;
   QPushButton* reset_;

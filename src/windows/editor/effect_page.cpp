@@ -65,7 +65,7 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, std::function<void()> 
       state_(state),
       logic_(std::move(logic)),
       showKeyframes_(std::move(showKeyframes)),
-      clips_(put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
+      clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
   clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {

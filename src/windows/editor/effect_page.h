@@ -14,7 +14,7 @@ class QToolButton;
 
 namespace kvo {
 
-class ClipList;
+class PageClipList;
 class EasePanelPart;
 class HeadedSlider;
 
@@ -38,7 +38,7 @@ class EffectPage final : public EditorPage {
   EffectTab& state_;
   PageLogic logic_;
   std::function<void()> showKeyframes_;
-  ClipList* clips_;
+  PageClipList* clips_;
   QFrame* effects_ = nullptr;
   std::array<QCheckBox*, EffectWord::kSwitches + 1> switches_{};
   std::array<bool, EffectWord::kSwitches + 1> drawnKeyframed_{};

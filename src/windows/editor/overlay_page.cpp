@@ -39,8 +39,8 @@ OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
       state_(state),
       logic_(std::move(logic)),
       backdrops_(
-          put(made<ClipList>(tr("Backdrop"), tr("No clips with a picture"), this), {16, 34, 197, 122})),
-      overlays_(put(made<ClipList>(tr("Overlay"), tr("No clips with a picture"), this),
+          put(made<PageClipList>(tr("Backdrop"), tr("No clips with a picture"), this), {16, 34, 197, 122})),
+      overlays_(put(made<PageClipList>(tr("Overlay"), tr("No clips with a picture"), this),
                     {kOverlayRight, 34, kOverlayWide, 122})),
       positionName_(write({}, "caption", {16, 164, 204, 16})),
       positions_(put(made<OverlayPositions>(this), {16, 184, 194, 92})) {

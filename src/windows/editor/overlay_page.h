@@ -14,7 +14,7 @@ class QRadioButton;
 
 namespace kvo {
 
-class ClipList;
+class PageClipList;
 class HeadedSlider;
 class OverlayPositions;
 
@@ -34,8 +34,8 @@ class OverlayPage final : public EditorPage {
 
   OverlayTab& state_;
   PageLogic logic_;
-  ClipList* backdrops_;
-  ClipList* overlays_;
+  PageClipList* backdrops_;
+  PageClipList* overlays_;
   QLabel* positionName_;
   OverlayPositions* positions_;
   std::array<QRadioButton*, 3> styles_{};

@@ -25,7 +25,7 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
       logic_(std::move(logic)),
       picture_(std::move(picture)),
       caption_(write({}, "heading", {16, 10, 408, 20})),
-      stills_(put(made<ClipList>(tr("Stills"), tr("No stills"), this), {16, 116, 190, 96})),
+      stills_(put(made<PageClipList>(tr("Stills"), tr("No stills"), this), {16, 116, 190, 96})),
       duration_(put(made<HeadedSlider>(tr("Still Duration"), this), {224, 124, 200, HeadedSlider::kHeight})) {
   const std::array choices = {tr("Treat all stills in group the same"),
                               tr("Set options for each still individually")};

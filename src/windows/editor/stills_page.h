@@ -14,7 +14,7 @@ class QRadioButton;
 namespace kvo {
 
 class AspectRow;
-class ClipList;
+class PageClipList;
 class HeadedSlider;
 
 class StillsPage final : public EditorPage {
@@ -34,7 +34,7 @@ class StillsPage final : public EditorPage {
   PictureOfClip picture_;
   QLabel* caption_;
   std::array<QRadioButton*, 2> groupOrIndividual_{};
-  ClipList* stills_;
+  PageClipList* stills_;
   HeadedSlider* duration_;
   std::array<AspectRow*, 4> aspects_{};
   qint64 shownPicture_ = 0;

@@ -47,7 +47,7 @@ void TransitionPage::makeLeft() {
   auto& rules = logic_.rules;
   write(tr("Transition into"), "caption", {kLeft, 15, kLeftWidth, 16});
   Lst_TransitionMovies_ =
-      put(made<ClipList>(tr("Clips"), tr("No clips with a picture"), this), {kLeft, 34, kLeftWidth, 170});
+      put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {kLeft, 34, kLeftWidth, 170});
   Lst_TransitionMovies_->commandKey = [](const QKeyEvent&) { return false; };  // letters are the window's
   Lst_TransitionMovies_->chosen = [this, &rules](int row) { act([&] { rules.chooseMovie(row); }); };
   Fra_FadDur_ = write({}, "caption", {kLeft, 210, kLeftWidth, 30});

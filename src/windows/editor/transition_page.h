@@ -18,7 +18,7 @@ class QToolButton;
 
 namespace kvo {
 
-class ClipList;
+class PageClipList;
 class ColourButton;
 class HeadedSlider;
 class ParticlePart;
@@ -57,7 +57,7 @@ class TransitionPage final : public EditorPage {
 
   Logic logic_;
   const TransitionTab& state_;
-  ClipList* Lst_TransitionMovies_ = nullptr;
+  PageClipList* Lst_TransitionMovies_ = nullptr;
   QLabel* Fra_FadDur_ = nullptr;
   HeadedSlider* Sld_In_ = nullptr;
   std::vector<QWidget*> borderParts_;
