@@ -1,5 +1,8 @@
 #include "app/editor_links.h"
 
+#include "core/records/media_kinds.h"
+#include "core/telling/translated.h"
+#include "editor/preview/position_texts.h"
 #include "editor/tabs/operations.h"
 #include "playback/positions/section.h"
 
@@ -33,7 +36,7 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
           [this](const FrameWish& wish) {
             return parts_.session.streams.frame(wish.file, wish.seconds, kFrameWidth, kFrameHeight);
           },
-          [this](const FrameWish& /*wish*/, const Result<FramePicture>& picture) { showFrame(picture); }) {
+          [this](const FrameWish& wish, const Result<FramePicture>& picture) { showFrame(wish, picture); }) {
   desk_.tabs(tabs(), {.stills = [this] { return states_.stills.controls; },
                       .Chk_AutoRewind = [this] { return states_.create.Chk_AutoRewind; }});
 }
@@ -131,6 +134,7 @@ void EditorLinks::settle() {
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
   states_.window.frame.zoom = hand_.zoomPart();
+  standIn();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }
@@ -144,7 +148,7 @@ void EditorLinks::goInHistory(int steps) {
 void EditorLinks::nameClip() {
   const auto& collection = parts_.session.collection;
   if (collection.icurMov < 1) return;
-  const auto shown = displayName(collection.MovieList[collection.icurMov]);
+  const auto shown = titleOf(collection.MovieList[collection.icurMov]);
   const auto name = parts_.questions.ask(translated("Change the Displayed name for the clip"),
                                          translated("Name of %1", {shown}));
   if (name) parts_.commands.rename(*name);
@@ -170,8 +174,22 @@ void EditorLinks::showClipFrame(Long frame) {
   frames_.want(FrameWish{clipFile(clip), seconds});
 }
 
-void EditorLinks::showFrame(const Result<FramePicture>& picture) {
-  if (!picture || !showsFrame_) return;
+// While no preview is shown the clip in hand is, as it begins.
+void EditorLinks::standIn() {
+  auto& preview = states_.preview;
+  const auto& collection = parts_.session.collection;
+  if (preview.kind != PreviewKind::None || showsFrame_ || !preview.failure.empty() || collection.icurMov < 1)
+    return standIn_.reset();
+  const auto& clip = collection.MovieList[collection.icurMov];
+  FrameWish wish{clipFile(clip), clip.LoopStart().number()};
+  if (standIn_ == wish) return;
+  standIn_ = wish;
+  preview.picture.reset();
+  if (!isSoundByName(clip.MovieName())) frames_.want(std::move(wish));
+}
+
+void EditorLinks::showFrame(const FrameWish& wish, const Result<FramePicture>& picture) {
+  if (!picture || !(showsFrame_ || standIn_ == wish)) return;
   states_.preview.picture =
       std::make_shared<const Bitmap>(Bitmap{picture->width, picture->height, picture->bgr});
   parts_.draw();

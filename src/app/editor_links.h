@@ -22,6 +22,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace kvo {
@@ -96,13 +97,15 @@ class EditorLinks : public DeskPreview {
   struct FrameWish {
     std::string file;
     double seconds = 0;
+    bool operator==(const FrameWish&) const = default;
   };
 
   [[nodiscard]] MainWindowDoors mainWindow();
   [[nodiscard]] TimelineDesk::Doors timelineDoors();
   [[nodiscard]] DeskTabs tabs();
   void nameClip();
-  void showFrame(const Result<FramePicture>& picture);
+  void standIn();
+  void showFrame(const FrameWish& wish, const Result<FramePicture>& picture);
   void endFrame();
 
   Parts parts_;
@@ -118,6 +121,7 @@ class EditorLinks : public DeskPreview {
   LastWish<FrameWish, Result<FramePicture>> frames_;
   std::shared_ptr<const Bitmap> beforeFrame_;  // what a frame of a dragged mark stands in the place of
   bool showsFrame_ = false;
+  std::optional<FrameWish> standIn_;  // what stands in the place of a preview, or will
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
 };

@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
@@ -176,9 +177,9 @@ void FrmRush::setTimeline(QWidget* timeline, std::function<void()> draw) {
 
 // The timeline has the height that it was left with, or else what the columns do not need.
 void FrmRush::appear() {
-  const QSize wanted(themed(kRushSize.width()), themed(kRushSize.height()));
-  const auto room = screen()->availableSize() - QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop);
-  resize(wanted.boundedTo(room));
+  const QSize whole(themed(kRushSize.width()), themed(kRushSize.height()));
+  resize(whole.boundedTo(screen()->availableSize() -
+                         QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop)));
   keeping_.place.restoreWithSize(*this);
   const int room = height() - themed(RushTabs::kHeight) - splitter_->handleWidth();
   const auto kept = keeping_.store.read(kLowerValue);
