@@ -23,6 +23,7 @@ enum Observed : std::uint64_t { kTime = 1, kEnd, kLength, kWaits, kFilled, kTrac
 
 // The core takes a picture that begins this little ahead of a wanted time for the wanted one, seconds.
 constexpr double kCoreTolerance = 0.005;
+constexpr double kWholeEnough = 0.875;  // of the bytes
 constexpr double kCutOff = 2;  // seconds that may be missing at the end of what comes from an address
 
 // A sound that nobody hears, where the program's other sounds are not to be heard either. The core is kept
@@ -381,13 +382,14 @@ void MpvFile::goOn() {
   watch();
 }
 
-// The connection ended ahead of what was promised: so many seconds, or bytes where no length is known; behind
-// the last picture of a whole file there may be bytes that nobody reads.
+// The connection ended ahead of what was promised: so many seconds, or bytes, since the length of some files
+// is only guessed from what has come. Behind the last picture of a whole file there may be some that nobody
+// reads.
 bool MpvFile::isCutOff(double at) const {
-  if (duration() > 0) return at < duration() - kCutOff;
+  if (duration() > 0 && at < duration() - kCutOff) return true;
   const auto size = core_.number("file-size");
   const auto got = core_.number("stream-pos");
-  return size && got && *got < *size;
+  return size && got && *got < *size * kWholeEnough;
 }
 
 void MpvFile::reachEnd() {

@@ -22,11 +22,11 @@ void EditorDesk::Form_Load() {
   auto& state = parts_.state;
   state.frame.visible = true;
   state.frame.CurrentTab = 1;
+  opening_ = true;
   collectionOpened();
   LoopPreviews_ = e.settings.user.LoopPreviews;
   SliderPauseOnRepo_ = e.settings.user.SliderPauseOnRepo;
   run().KVOIsInEditMode = true;
-  opening_ = true;
   if (files_.known(e.collection)) return finishOpening();
   state.frame.toolsOn = false;
   if (e.settings.preferences().KVOFastEdit && e.files.exists(e.folder.beside("\\PreviewDefaults.dat")))
