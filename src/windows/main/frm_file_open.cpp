@@ -21,6 +21,10 @@ void keepAbove(QWidget& window, bool above) {
   }
 }
 
+// A desktop takes a moment to put a window that has covered the screen back, and its frame about it: until
+// then where it is seen is not where it stands.
+constexpr int kSettleTime = 1500;  // milliseconds
+
 // A window of which a desktop has only put its frame elsewhere has not been moved.
 bool isNear(const QPoint& a, const QPoint& b) {
   constexpr int kFrame = 48;  // pixels, the highest title bar
@@ -80,15 +84,19 @@ void FrmFileOpen::showFace() {
   if (skinned_.windowTitle() != caption) skinned_.setWindowTitle(caption);
   const bool covered = now.isFullScreen();
   const auto size = now.size();
-  if (now.isVisible() && !covered) {
+  const bool settles = uncovered_.isValid() && !uncovered_.hasExpired(kSettleTime);
+  if (now.isVisible() && !covered && !settles) {
     corner_ = now.pos();
     frame_ = now.geometry().topLeft() - corner_;
   }
   &now == &skinned_ ? skinned_.draw() : zoom_.draw();
   // Where it stood before it covered the screen, when its frame is not back yet; and wholly on the screen
   // after it has grown.
-  if (now.isVisible() && !now.isFullScreen() && (covered || now.size() != size)) {
-    place_.moveTo(now, covered ? corner_ + frame_ : corner_);
+  if (now.isVisible() && !now.isFullScreen()) {
+    if (covered) uncovered_.start();
+    const bool framed = !covered && now.frameGeometry() != now.geometry();
+    const auto goal = (covered || settles) && !framed ? corner_ + frame_ : corner_;
+    if (covered || now.size() != size || (settles && now.pos() != goal)) place_.moveTo(now, goal);
   }
   if (!now.isVisible()) {
     if (other.isVisible() && !other.isFullScreen()) corner_ = other.pos();

@@ -11,6 +11,7 @@
 #include "windows/main/video_surface.h"
 #include "windows/place/window_place.h"
 
+#include <QElapsedTimer>
 #include <QPoint>
 #include <functional>
 #include <memory>
@@ -72,9 +73,10 @@ class FrmFileOpen {
   FreeZoomFace zoom_;
   FullPicture full_;
   WindowPlace place_;
-  QPoint corner_;  // of the face that is seen, as it is when it does not cover the screen
-  QPoint home_;    // of the skinned face, when it was left
-  QPoint frame_;   // how far its inside lies from there
+  QPoint corner_;            // of the face that is seen, as it is when it does not cover the screen
+  QPoint home_;              // of the skinned face, when it was left
+  QPoint frame_;             // how far its inside lies from there
+  QElapsedTimer uncovered_;  // since it covered the screen last
   bool drawing_ = false;
   bool again_ = false;  // the state has changed since the drawing began
 };
