@@ -99,7 +99,8 @@ void FrmFileOpen::showFace() {
     if (covered || now.size() != size || (settles && now.pos() != goal)) place_.moveTo(now, goal);
   }
   if (!now.isVisible()) {
-    if (other.isVisible() && !other.isFullScreen()) corner_ = other.pos();
+    if (other.isVisible() && !other.isFullScreen() && !settles) corner_ = other.pos();
+    uncovered_.invalidate();
     if (&other == &skinned_) home_ = corner_;
     if (&now == &skinned_ && isNear(corner_, home_)) corner_ = home_;
     other.isVisible() ? place_.moveTo(now, corner_) : place_.restore(now);
