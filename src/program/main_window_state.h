@@ -106,8 +106,8 @@ struct MenuState {
 
 /// The two keys of the history, and its list.
 struct HistoryState {
-  std::string undo;  ///< "Undo remove lake at dusk.mpg"; empty when there is nothing to undo
-  std::string redo;  ///< "Redo ..."
+  std::string undo;                 ///< "Undo remove lake at dusk.mpg"; empty when there is nothing to undo
+  std::string redo;                 ///< "Redo ..."
   std::vector<std::string> done;    ///< the names of all steps that can be undone, the newest last
   std::vector<std::string> undone;  ///< of those that can be redone, the next one last
   std::uint64_t revision = 0;       ///< higher with each change of the collection through the history
