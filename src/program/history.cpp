@@ -147,7 +147,7 @@ bool History::joinsSeries(ListStep& back, const std::string& series) {
   if (back.clips.movesNothing() && back.keyframes.movesNothing()) {
     addLatest(newest.clips, std::move(back.clips));
     addLatest(newest.keyframes, std::move(back.keyframes));
-    addLatest(newest.preferences, std::move(back.preferences));
+    addLatest(newest.preferences, back.preferences);
   } else {
     if (newest.group == 0) newest.group = ++groups_;
     back.group = newest.group;

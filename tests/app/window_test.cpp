@@ -140,7 +140,9 @@ class Window : public testing::Test {
       press("ctrl+a");
       type(file);
       press("Return");
-      std::this_thread::sleep_for(std::chrono::milliseconds(500));
+      constexpr int kMostLooks = 50;  // while it closes
+      for (int i = 0; i < kMostLooks && comesNow(title); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
       return !comesNow(title);
     });
   }

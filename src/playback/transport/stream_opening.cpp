@@ -76,8 +76,8 @@ void StreamOpening::ShowStreamWMP(int number) {
   poll_->start(kPoll);
   if (!isAddress(name)) return openFirst(core_.files.readHead(name, kMostOfMetafile));
   if (!isMetafile(name)) return openFirst(std::string());
-  core_.http.get(name, kMostOfMetafile, [this, name](Result<std::string> text) {
-    if (step_ == Step::Locating && name == named_) openFirst(std::move(text));
+  core_.http.get(name, kMostOfMetafile, [this, name](const Result<std::string>& text) {
+    if (step_ == Step::Locating && name == named_) openFirst(text);
   });
 }
 

@@ -76,6 +76,7 @@ void AudioPage::makeMusic() {
       act([&] { chooseOverlayOrder(logic_.editing, state_, order); });
     });
   }
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
   autoTrim_ = put(made<QCheckBox>(tr("Auto Trim"), this), {16 - kMarkRoom, 302, 190, 24});
   autoTrim_->setToolTip(tr("Cut overlay audio to the length of the video"));
   connect(autoTrim_, &QCheckBox::clicked,

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
+#include <QTimer>
 
 namespace kvo {
 
@@ -48,8 +49,7 @@ void EditorPage::changeEvent(QEvent* event) {
   if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
     layOut();
     // And once more when its parts have the new style, which tells how small they can be.
-    QMetaObject::invokeMethod(
-        this, [this] { layOut(); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] { layOut(); });
   }
   QFrame::changeEvent(event);
 }

@@ -79,7 +79,7 @@ void OverlayPage::makeLook() {
       act([&] { chooseOverlayStyle(logic_.editing, state_, logic_.host, style); });
     });
   }
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
 
 void OverlayPage::makeSliders() {
   int top = kOverlaySlider;

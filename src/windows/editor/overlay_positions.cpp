@@ -59,7 +59,7 @@ OverlayPositions::OverlayPositions(QWidget* parent) : QWidget(parent) {
     });
     keys_.push_back(key);
   }
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the widget owns its group
 
 void OverlayPositions::draw(int position, bool enabled) {
   for (std::size_t i = 0; i < keys_.size(); ++i) {
