@@ -122,6 +122,7 @@ void EditorLinks::settle() {
   const bool edited = std::exchange(historySeen_, history.revision) != history.revision;
   if (edited) {
     preview_.movieIsStale();
+    if (history.undone.size() != states_.history.undone.size()) preview_.sampleAnew();  // a step back, or on
     states_.history.done = history.done;
     states_.history.undone = history.undone;
     const auto open = tabs();  // the open tab shows what has been undone too

@@ -346,11 +346,17 @@ void PreviewEngine::writeSample() {
 
 void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> picture) {
   if (state_.kind == PreviewKind::None || player_.state() == PlayState::Empty) return;
-  if (sought_ == frame || (state_.PreviewPlaying && !state_.paused)) sought_.reset();
+  if (state_.PreviewPlaying && !state_.paused) sought_.reset();
   state_.picture = picture->bgr.empty() ? nullptr : std::move(picture);
   state_.position = secondsOf(frame);
   if (!Timer1_->running()) GetCurrPos();
   host_.previewChanged();
+}
+
+void PreviewEngine::sampleAnew() {
+  if (!isSample() || state_.clipNo < 1) return;
+  sample(static_cast<Sample>(static_cast<int>(state_.kind) - static_cast<int>(PreviewKind::Transition)),
+         state_.clipNo);
 }
 
 void PreviewEngine::GetCurrPos() {
@@ -386,7 +392,8 @@ void PreviewEngine::watchEnd() {
   if (!state_.PreviewPlaying) {
     if (sought_ && player_.position() != *sought_) return;
     sought_.reset();
-    return tmrTimer_->stop();
+    tmrTimer_->stop();
+    return GetCurrPos();
   }
   // The first look may come before the player has taken up what it was told.
   if (!std::exchange(began_, true) || now != PlayState::Ended) return;

@@ -58,6 +58,9 @@ class PreviewEngine {
   /// The collection is another than the one that was compiled.
   void movieIsStale() { stale_ = true; }
 
+  /// The sample that is shown, if one is, is made anew: its clip has changed.
+  void sampleAnew();
+
   /// Begins a sample of a clip, by the newest wish: those that come faster than samples can be made replace
   /// each other. What is shown of the same clip goes on at the same place.
   void sample(Sample what, int clipNo);

@@ -8,12 +8,13 @@
 #include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
-#include <QTimer>
 
 namespace kvo {
 
 EditorPage::EditorPage(QWidget* parent, QSize size, const char* role) : QFrame(parent), size_(size) {
   setProperty("role", role);
+  again_.setSingleShot(true);
+  connect(&again_, &QTimer::timeout, this, [this] { layOut(); });
   layOut();
 }
 
@@ -49,7 +50,7 @@ void EditorPage::changeEvent(QEvent* event) {
   if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
     layOut();
     // And once more when its parts have the new style, which tells how small they can be.
-    QTimer::singleShot(0, this, [this] { layOut(); });
+    again_.start(0);
   }
   QFrame::changeEvent(event);
 }

@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <QRect>
+#include <QTimer>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -54,6 +55,7 @@ class EditorPage : public QFrame {
 
   QSize size_;
   std::vector<std::pair<QWidget*, QRect>> places_;
+  QTimer again_;  // lays it out once more
 };
 
 /// Sets a text or a tip only where it differs: what has not changed is not painted.
