@@ -149,6 +149,19 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 3.1) << "the user has it";
 }
 
+TEST(Preview, APictureMayComeAheadOfThePlayersOwnPlace) {
+  PreviewBench b;
+  b.preview.showAt(6);
+  b.player.frame = 0;
+  b.pictures.put(60, std::make_shared<Bitmap>(Bitmap{1, 1, {1, 2, 3}}));
+  b.loop.advance(0);
+  EXPECT_EQ(b.state.Lbl_TimePos, "00:06.0000");
+  b.player.frame = 60;
+  b.loop.advance(500);
+  EXPECT_EQ(b.state.Lbl_TimePos, "00:06.0000");
+  EXPECT_EQ(b.state.position, 6);
+}
+
 TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   PreviewBench b;
   b.state.FSB_RenderRange = {10, 6};

@@ -54,6 +54,20 @@ TEST(StillsTab, ShowsTheChosenStill) {
   EXPECT_EQ(b.host.look(), "");
 }
 
+// The preview writes the options into the stills, tab or no tab.
+TEST(StillsTab, KeepWhatTheyHaveWhileItHasNotBeenOpened) {
+  for (const bool individually : {true, false}) {
+    StillsBench b;
+    b.settings.adjust().StillsIndividual = individually;
+    b.clip(3).LoopEnd(Value(3));
+    b.clip(3).stretchmode(2);
+    const auto before = b.stills();
+    restoreStills(b.editing, b.tab);
+    ApplyStillSettings(b.editing, b.tab.controls);
+    EXPECT_EQ(b.stills(), before) << individually;
+  }
+}
+
 TEST(StillsTab, AreSetAlikeOrOneByOne) {
   struct Row {
     bool individually;
