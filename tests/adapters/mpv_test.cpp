@@ -234,12 +234,16 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   const auto path = makeClip(bench.folder, "clip.mp4");
   auto& engine = bench.engine;
   int last = 0;
-  const auto playsToItsEnd = [&](int times) {
+  // The end is told ahead of a last picture that was late, which a busy machine draws a moment behind it.
+  const auto playsToItsEnd = [&](int times, double end, int picture) {
     last = 0;
-    return turnUntil(bench.loop, [&] {
-      last = std::max(last, bench.drawn());
-      return bench.ended == times;
-    });
+    const auto look = [&] { return last = std::max(last, bench.drawn()); };
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return look() >= 0 && bench.ended == times; }));
+    EXPECT_NEAR(engine.position(), end, 0.05) << "the end, no other place";
+    EXPECT_NE(engine.state(), EngineState::Running);
+    EXPECT_TRUE(turnUntil(bench.loop, [&] { return look() >= picture; })) << "the last one is " << last;
+    EXPECT_EQ(last, picture) << "none behind it";
+    EXPECT_EQ(bench.drawn(), picture) << "and it stands";
   };
   engine.setFileName(path);
   engine.setSelectionStart(0.6);
@@ -248,11 +252,8 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   engine.seek(0.6);
   engine.Run();
   EXPECT_EQ(engine.state(), EngineState::Running);
-  EXPECT_TRUE(playsToItsEnd(1));
-  EXPECT_EQ(last, 24) << "picture 25 begins at the end";
-  EXPECT_EQ(bench.drawn(), 24);
+  playsToItsEnd(1, 1.0, 24);
   EXPECT_EQ(engine.position(), 1.0);
-  EXPECT_NE(engine.state(), EngineState::Running);
   engine.Run();
   EXPECT_NE(engine.state(), EngineState::Running) << "at the end it stays there";
 
@@ -263,18 +264,16 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   ASSERT_EQ(bench.ended, 1) << "the end is on its way home";
   engine.seek(0.8);
   engine.Run();
-  EXPECT_TRUE(playsToItsEnd(2));
-  EXPECT_EQ(bench.drawn(), 24) << "the first end was none";
+  playsToItsEnd(2, 1.0, 24);  // the first end was none
 
   engine.setSelectionEnd(0);
   engine.seek(1.8);
   engine.Run();
-  EXPECT_TRUE(playsToItsEnd(3));
-  EXPECT_EQ(bench.drawn(), 49) << "the last one, where it stands";
+  playsToItsEnd(3, 2.0, 49);
   engine.setAutoRewind(true);
   engine.seek(1.8);
   engine.Run();
-  EXPECT_TRUE(playsToItsEnd(4));
+  EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.ended == 4; }));
   EXPECT_TRUE(bench.shows(15)) << "back at the section's start";
   EXPECT_NEAR(engine.position(), 0.6, 1e-3);
 
@@ -288,13 +287,13 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   graph.Run();
   EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 1; }));
   EXPECT_EQ(graph.position(), 0.2);
-  EXPECT_EQ(bench.drawn(), 4);
+  EXPECT_TRUE(bench.shows(4));
   graph.setStopTime(0.4);
   graph.Run();
   EXPECT_TRUE(turnUntil(bench.loop, [&] { return graph.position() > 0.2 && stops == 1; }))
       << "and tells its way";
   EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 2; })) << "a later end lets it go on";
-  EXPECT_EQ(bench.drawn(), 9);
+  EXPECT_TRUE(bench.shows(9));
   graph.step(-1);
   EXPECT_TRUE(bench.shows(8));
 }

@@ -136,9 +136,9 @@ void MpvFile::hear(std::function<void()> ended, std::function<void()> changed) {
 }
 
 // At the loop's next turn, where whoever hears it may do anything to this file.
-void MpvFile::tell(std::function<void()> MpvFile::*heard) {
-  house_.loop.post([this, heard, alive = std::weak_ptr(alive_), opened = opened_] {
-    if (alive.expired() || opened != opened_ || !(this->*heard)) return;
+void MpvFile::tell(std::function<void()> MpvFile::*heard, std::uint64_t MpvFile::*holds) {
+  house_.loop.post([this, heard, holds, alive = std::weak_ptr(alive_), was = this->*holds] {
+    if (alive.expired() || was != this->*holds || !(this->*heard)) return;
     const auto work = this->*heard;
     work();
   });
@@ -178,6 +178,7 @@ void MpvFile::close() {
 
 void MpvFile::forget() {
   ++opened_;
+  ++ends_;
   watch_->stop();
   name_.clear();
   fault_.clear();
@@ -396,6 +397,7 @@ void MpvFile::reachEnd() {
   if (seeks_.stepsOn()) return arrive();
   if (!runs_ || seeks_.busy()) return;
   runs_ = false;
+  ++ends_;
   stoodAt_ = endHolds_ ? std::min(end_, duration()) : duration();
   const double at = shownTime(time_);
   if (*stoodAt_ <= 0) stoodAt_ = at;
@@ -403,7 +405,7 @@ void MpvFile::reachEnd() {
     stoodAt_ = at;
     return fail(name_ + " ended ahead of its time");
   }
-  tell(&MpvFile::ended_);
+  tell(&MpvFile::ended_, &MpvFile::ends_);
 }
 
 void MpvFile::watch() {

@@ -128,7 +128,8 @@ class MpvFile {
   void watch();
   void fail(const std::string& text);
   void setOpening(EngineOpening opening);
-  void tell(std::function<void()> MpvFile::*heard);
+  /// Not any more, when the number has changed by then.
+  void tell(std::function<void()> MpvFile::*heard, std::uint64_t MpvFile::*holds = &MpvFile::opened_);
   [[nodiscard]] double shownTime(double time) const;
 
   House house_;
@@ -160,6 +161,7 @@ class MpvFile {
 
   bool runs_ = false;
   std::optional<double> stoodAt_;  // the end that it has come to by itself
+  std::uint64_t ends_ = 0;         // changes with each end and with what leads away from it
   double end_ = 0;
   bool endHolds_ = false;          // the core has been told of it
   bool asked_ = false;             // for the rate

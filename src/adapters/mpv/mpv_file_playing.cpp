@@ -45,6 +45,7 @@ void MpvFile::run() {
     seek(*std::exchange(stoodAt_, std::nullopt));  // the end is a later one now
   }
   runs_ = true;
+  ++ends_;
   sendEnd(position());
   core_.set("mute", sound_.mute);
   if (!seeks_.busy()) core_.set("pause", false);
@@ -80,6 +81,7 @@ void MpvFile::seek(double seconds) {
     if (!stoodAt_ && seeks_.isShown(to, shownTime(time_))) return;
   }
   stoodAt_.reset();
+  ++ends_;
   seeks_.want(to);
   if (runs_) sendEnd(to);
   goOn();
