@@ -82,6 +82,7 @@ class EditorDesk : public PreviewHost {
   void watchChanges(bool on) override;
   void selectRow(int clipNo) override { parts_.list.select(clipNo); }
   void Displaymovieinfo() override { doors_.Displaymovieinfo(parts_.editing.collection.icurMov); }
+  void restoreCaption() override;
   void deleteWorkFiles() override;
   [[nodiscard]] StillControls stillControls() const override { return controls_.stills(); }
   [[nodiscard]] bool Chk_AutoRewind() const override { return controls_.Chk_AutoRewind(); }
@@ -99,6 +100,7 @@ class EditorDesk : public PreviewHost {
   void looked(int done, int total);
   void Tmr_CheckChanges_Timer();
   void countTick();
+  void tellLackOfVideo();
   bool followsCollection();
   void membershipChanged();
   void takeSounds();
@@ -120,7 +122,8 @@ class EditorDesk : public PreviewHost {
   std::unique_ptr<Timer> analysing_;
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   bool opening_ = false;
-  bool editing_ = false;  // inside an edit
+  bool lacksVideo_ = false;  // and it is still to be told
+  bool editing_ = false;     // inside an edit
   bool hasMusic_ = false;
   int analysingTicks_ = 0;
   int ticks_ = 0;

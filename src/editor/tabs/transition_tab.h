@@ -110,6 +110,8 @@ class TransitionRules {
   void toggleFavourite(std::string_view name);
   [[nodiscard]] bool isFavourite(std::string_view name) const;
 
+  [[nodiscard]] const std::set<std::string>& missingFiles() const { return e_.editor.missingFiles; }
+
  private:
   [[nodiscard]] Movie* clip() const;
   bool correct(Movie& clip, int number) const;

@@ -119,6 +119,7 @@ class TimelineHand {
   void click(const TimelineHit& hit);
   void say(const TimelineBlock& block, TimelineReading reading);
   void chooseEdge(ClipEdge edge);
+  void letGoOfEdge();
   void go(int direction, const TimelineHeld& held);
   void goTo(bool last);
   void step(int direction);

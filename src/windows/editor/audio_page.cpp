@@ -94,7 +94,7 @@ void AudioPage::makeMusic() {
 }
 
 void AudioPage::draw() {
-  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection);
+  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection, logic_.editing.editor.missingFiles);
   sound_->setEnabled(state_.hasSound);
   sound_->setChecked(state_.fades.renderAudio);
   fadeIn_->draw(state_.fadeIn, shown(state_.fadeIn.heading));

@@ -74,7 +74,7 @@ void StillsPage::draw() {
   setTextOf(*caption_, shown(state_.caption));
   groupOrIndividual_[state_.controls.individually ? 1 : 0]->setChecked(true);
   for (auto* option : groupOrIndividual_) option->setEnabled(state_.enabled);
-  stills_->draw(state_.Lst_Movies, logic_.editing.collection);
+  stills_->draw(state_.Lst_Movies, logic_.editing.collection, logic_.editing.editor.missingFiles);
   stills_->setEnabled(state_.listEnabled);
   duration_->draw(state_.Slider1, tr("Each still shows for"), shown(state_.reading));
   const auto picture = picture_ && state_.shownClip > 0 ? picture_(state_.shownClip) : QImage();
