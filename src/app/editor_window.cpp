@@ -40,7 +40,10 @@ std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
 
 EditorWindow::EditorWindow(const Parts& parts)
     : parts_(parts),
-      samples_(parts.session.collection, parts.session.streams, drawSoon(parts.loop, parts.draw)),
+      transitions_(transitionArt(parts.session.collection), parts.session.streams,
+                   drawSoon(parts.loop, parts.draw)),
+      effects_(effectArt(parts.session.collection, parts.session.editor.effects), parts.session.streams,
+               drawSoon(parts.loop, parts.draw)),
       colours_(parts.links.editing(), parts.loop, [this] { parts_.draw(); }) {}
 
 EditorWindow::~EditorWindow() = default;
@@ -84,12 +87,14 @@ void EditorWindow::make() {
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
                .save = act([&desk] { desk.saveProject(); }),
+               .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
       states.keyframes, pageLogic(), [&links](Long frame) { links.showClipFrame(frame); },
       [this](int clipNo) { return pictureOf(clipNo); });
-  analysing_ = std::make_unique<FrmAnalysing>(states.window.analysing);
+  analysing_ =
+      std::make_unique<FrmAnalysing>(states.window.analysing, act([&desk] { desk.stopAnalysing(); }));
   makePages();
   makePreview();
   makeTimeline();
@@ -125,16 +130,17 @@ void EditorWindow::makePages() {
                           frm_.get()));
   set(2, made<AudioPage>(states.audio, pageLogic(), frm_.get()));
   set(3, made<TransitionPage>(
-             TransitionPage::Logic{states.transition, links.transition(), parts_.session.collection, samples_,
-                                   [this] {
-                                     return parts_.dialogs
-                                         .open({"Mask", {{"Pictures (*.jpg)", "*.jpg *.jpeg"}}, {}, {}})
-                                         .value_or("");
-                                   },
-                                   [this] { parts_.draw(); }},
+             TransitionPage::Logic{
+                 states.transition, links.transition(), parts_.session.collection, transitions_,
+                 [this] {
+                   return parts_.dialogs.open({"Mask", {{"Pictures (*.jpg)", "*.jpg *.jpeg"}}, {}, {}})
+                       .value_or("");
+                 },
+                 [this] { parts_.draw(); }},
              frm_.get()));
   set(4, made<EffectPage>(
-             states.effect, pageLogic(), [&links] { links.showKeyframes(); }, frm_.get()));
+             states.effect, pageLogic(), EffectPage::Choice{links.effectNames(), effects_},
+             [&links] { links.showKeyframes(); }, frm_.get()));
   set(5, made<StillsPage>(states.stills, pageLogic(), picture, frm_.get()));
   set(6, made<ColorPage>(states.color, pageLogic(),
                          ColorPage::Pictures{.before = picture,

@@ -3,7 +3,7 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
-#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
@@ -62,7 +62,8 @@ class EditorWindow {
   };
   static const QImage& kept(ShownPicture& shown, const std::shared_ptr<const FramePicture>& picture);
 
-  EngineTransitionSamples samples_;
+  EngineSamples transitions_;
+  EngineSamples effects_;
   ColourPictures colours_;
   std::map<int, ShownPicture> pictures_;  // by clip
   ShownPicture coloured_;

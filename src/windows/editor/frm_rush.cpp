@@ -253,7 +253,10 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     acts_.preview();
     return true;
   }
-  if (!state_.frame.toolsOn) return false;
+  if (!state_.frame.toolsOn) {
+    if (key == Qt::Key_Escape) acts_.stopAnalysing();
+    return key == Qt::Key_Escape;
+  }
   for (const auto& entry : kKeysOfClip) {
     if (entry.key != key || entry.shift != with.testFlag(Qt::ShiftModifier)) continue;
     if (state_.keys.of(entry.act).empty()) acts_.clipKey(entry.act);
