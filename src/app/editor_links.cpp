@@ -47,6 +47,11 @@ bool EditorLinks::isPlaying() const {
   return states_.preview.kind == PreviewKind::Movie && states_.preview.PreviewPlaying;
 }
 
+void EditorLinks::KillPreview() {
+  preview_.KillPreview();
+  standIn_.reset();  // it has gone with the preview's picture
+}
+
 MainWindowDoors EditorLinks::mainWindow() {
   return {.Displaymovieinfo = [this](int number) { parts_.face.Displaymovieinfo(number); },
           .PlayerPause = [this] { parts_.face.PlayerPause(); },

@@ -9,6 +9,7 @@
 #include "sketches/sketches.h"
 
 #include <QImage>
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -46,7 +47,7 @@ class EditorWindow {
 
  private:
   void make();
-  void makePages();
+  void makePage(int tab);
   void makePreview();
   void makeTimeline();
   [[nodiscard]] PageLogic pageLogic();
@@ -71,6 +72,7 @@ class EditorWindow {
   std::unique_ptr<FrmKeyframe> keyframes_;
   std::unique_ptr<FrmAnalysing> analysing_;
   TimelineView* timeline_ = nullptr;  // the window's
+  std::array<bool, kEditorTabs> hasPage_{};
 };
 
 }  // namespace kvo

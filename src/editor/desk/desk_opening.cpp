@@ -60,6 +60,7 @@ void EditorDesk::countTick() {
 }
 
 void EditorDesk::looked(const LookedSoFar& news) {
+  if (news.done == news.total && looked_) looked_();
   if (news.total == 0) return run().postChange(kOpened, kOpened);
   auto& shown = parts_.state.analysing;
   shown.done = news.done;

@@ -41,6 +41,9 @@ class EditorDesk : public PreviewHost {
     controls_ = std::move(controls);
   }
 
+  /// Hears that files have been looked into that were not known. May be empty.
+  void whenLooked(std::function<void()> heard) { looked_ = std::move(heard); }
+
   // The window
 
   /// Opens it on the collection. What the files of the clips hold is looked up first, in the background.
@@ -124,6 +127,7 @@ class EditorDesk : public PreviewHost {
   MainWindowDoors doors_;
   DeskTabs tabs_;
   PreviewControls controls_;
+  std::function<void()> looked_;
   ClipFiles files_;
   std::unique_ptr<Timer> Tmr_CheckChanges_;
   std::unique_ptr<Timer> analysing_;

@@ -11,7 +11,8 @@
 namespace kvo {
 namespace {
 
-constexpr double kEffectLength = 2;  // seconds of the clip
+constexpr double kEffectLength = 4;  // seconds of the clip
+constexpr double kSeenFrom = 2;      // its end, as there is something to see of all effects
 
 }  // namespace
 
@@ -35,7 +36,8 @@ Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& e
     draws.push_back(effect.kind->drawn.make(effect.params, kEffectSampleWidth, kEffectSampleHeight));
   return PaintEffect([draws = std::move(draws)](const FramePicture& picture, double part) {
     auto drawn = pictureOf(picture);
-    for (const auto& draw : draws) drawn = draw(drawn, {part * kEffectLength, kEffectLength});
+    const engine::EffectMoment moment{kSeenFrom + part * (kEffectLength - kSeenFrom), kEffectLength};
+    for (const auto& draw : draws) drawn = draw(drawn, moment);
     return bytesOf(drawn);
   });
 }

@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QPushButton>
 
 namespace kvo {
@@ -62,7 +63,7 @@ void FrmAnalysing::draw(QWidget* owner) {
   const auto name = shown(state_.file);
   file_->setText(file_->fontMetrics().elidedText(name, Qt::ElideMiddle, themed(kFilmSize.width() * 2 / 3)));
   file_->setToolTip(plainTip(name));
-  update(picturePlace());
+  if (std::exchange(drawn_, state_.picture) != state_.picture) update(picturePlace());
   if (!isVisible()) showOverOwner(*this, *owner);
 }
 
@@ -73,9 +74,10 @@ QRect FrmAnalysing::picturePlace() const {
 
 void FrmAnalysing::paintEvent(QPaintEvent* event) {
   QWidget::paintEvent(event);
+  const auto place = picturePlace();
+  if (!event->rect().intersects(place)) return;  // a text below it
   QPainter painter(this);
   const Painting kept(painter);
-  const auto place = picturePlace();
   painter.fillRect(place, toColour(token("void")));
   if (const auto& film = state_.picture; film != nullptr) {
     const QImage image(film->bgr.data(), film->width, film->height, qsizetype{3} * film->width,

@@ -39,6 +39,7 @@ class FrmAnalysing final : public QWidget {
   QLabel* file_;
   ProgressBar* bar_;
   QPushButton* stopKey_;
+  std::shared_ptr<const Bitmap> drawn_;  // of the film
 };
 
 }  // namespace kvo

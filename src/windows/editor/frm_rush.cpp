@@ -161,6 +161,7 @@ void FrmRush::setPage(int tab, EditorPage* page, std::function<void()> draw) {
   pageOf_[i] = EditorPage::scrolled(page, tabs_->nameOf(tab), pages_);
   drawPage_[i] = std::move(draw);
   pages_->addWidget(pageOf_[i]);
+  if (isVisible()) orderFocus();
 }
 
 void FrmRush::setPreview(QWidget* picture, QWidget* positionRow, std::function<void()> draw) {
