@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <algorithm>
 #include <chrono>
+#include <fstream>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -41,8 +43,10 @@ class AskedProgram {
   bool askUntil(const Enough& enough) {
     for (const auto begun = Clock::now(); Clock::now() - begun < kGiveUp;) {
       const auto asked = Clock::now();
+      const double worked = busyMilliseconds();
       const bool canPlay = ask("CanPlay").toBool();
       waits_.push_back(milliseconds(asked));
+      work_ = std::max(work_, busyMilliseconds() - worked);
       if (enough(canPlay)) return true;
       std::this_thread::sleep_for(kAskEvery);
     }
@@ -55,7 +59,13 @@ class AskedProgram {
     std::sort(waits_.begin(), waits_.end());
     return waits_[static_cast<std::size_t>(part * static_cast<double>(waits_.size() - 1))];
   }
-  void forget() { waits_.clear(); }
+  /// The milliseconds of CPU that the window's thread has had at the most between a question and its answer:
+  /// what the longest wait comes to where nothing else runs.
+  [[nodiscard]] double longestWork() const { return work_; }
+  void forget() {
+    waits_.clear();
+    work_ = 0;
+  }
   [[nodiscard]] std::size_t asked() const { return waits_.size(); }
   [[nodiscard]] qint64 id() const { return process_.processId(); }
 
@@ -77,8 +87,18 @@ class AskedProgram {
                                         : answer.arguments().first().value<QDBusVariant>().variant();
   }
 
+  // That the window's thread has had in all.
+  [[nodiscard]] double busyMilliseconds() const {
+    const auto id = std::to_string(process_.processId());
+    std::ifstream file("/proc/" + id + "/task/" + id + "/schedstat");
+    double nanoseconds = 0;
+    file >> nanoseconds;
+    return nanoseconds / 1e6;
+  }
+
   QProcess process_;
   std::vector<double> waits_;
+  double work_ = 0;
 };
 
 }  // namespace kvo::bench
