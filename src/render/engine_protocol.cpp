@@ -36,6 +36,11 @@ EngineWord readDamage(std::string_view rest) {
   return EngineDamage{kind == "sound", *from, *to, std::string(rest)};
 }
 
+EngineWord readNote(std::string_view rest) {
+  if (rest.empty()) return {};
+  return EngineNote{std::string(rest)};
+}
+
 EngineWord readReport(std::string_view rest) {
   const auto frames = takeNumber(rest);
   const auto seconds = takeNumber(rest);
@@ -57,6 +62,8 @@ std::string engineLine(const EngineDamage& damage) {
          FormatMask(damage.to, "0.00") + " " + damage.file;
 }
 
+std::string engineLine(const EngineNote& note) { return "note " + note.text; }
+
 std::string engineLine(const EngineReport& report) {
   return "done " + std::to_string(report.frames) + " " + FormatMask(report.seconds, "0.000") + " " +
          std::to_string(report.bytes);
@@ -66,6 +73,7 @@ EngineWord readEngineLine(std::string_view line) {
   const auto kind = takeWord(line);
   if (kind == "progress") return readProgress(line);
   if (kind == "damage") return readDamage(line);
+  if (kind == "note") return readNote(line);
   if (kind == "done") return readReport(line);
   return {};
 }

@@ -18,6 +18,7 @@ struct RenderReport {
   double seconds = 0;                   ///< length of what was rendered
   std::uint64_t bytes = 0;              ///< size of the file
   std::vector<media::Damage> damage{};  ///< what could not be decoded of the clips
+  std::vector<std::string> notes{};     ///< a line each: where the movie is not as the profile asks
 };
 
 /// Hears after each frame how many seconds of how many are done.
