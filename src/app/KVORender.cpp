@@ -35,12 +35,13 @@ void print(const std::string& line) {
 
 kvo::engine::RenderWatch progressPrinter() {
   using Clock = std::chrono::steady_clock;
-  return [next = Clock::now(), told = -1.0](double done, double total) mutable {
+  return [next = Clock::now(), told = -1.0](const kvo::engine::RenderStep& step) mutable {
     const auto now = Clock::now();
-    if (done == told || (now < next && done < total)) return;
+    if (step.done == told || (now < next && step.done < step.total)) return;
     next = now + std::chrono::milliseconds(200);
-    told = done;
-    print(kvo::engineLine(kvo::EngineProgress{done, total}));
+    told = step.done;
+    print(kvo::engineLine(
+        kvo::EngineProgress{step.done, step.total, static_cast<double>(step.bytes), step.written}));
   };
 }
 

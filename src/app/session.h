@@ -4,6 +4,7 @@
 #include "adapters/media/media_frame_source.h"
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_name_locks.h"
 #include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
 #include "editor/tabs/editing.h"
@@ -32,6 +33,7 @@ class Session {
   PosixFiles files;
   PosixClock clock;
   PosixProcesses processes;
+  PosixNameLocks nameLocks;
   PosixTemporaryFolders temporaryFolders;
   MessageBoxes& boxes;
   MediaFrameSource streams;

@@ -21,7 +21,7 @@ Result<SoundShape> SoundShape::open(int sampleRate, int channels) {
   auto state = std::make_unique<State>();
   state->channels = channels;
   if (sampleRate == kSampleRate && channels == kChannels) return SoundShape(std::move(state));
-  const AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
+  AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
   AVChannelLayout layout{};
   av_channel_layout_default(&layout, channels);
   SwrContext* raw = nullptr;

@@ -71,7 +71,7 @@ struct VideoEncoder::State {
     c.max_b_frames = 0;
     if (format.bitRate > 0) {
       c.bit_rate = format.bitRate;
-      c.bit_rate_tolerance = format.bitRate;
+      c.bit_rate_tolerance = format.bitRate / 10;
       c.qmin = 2;
       c.qmax = kCoarsest;
     } else {

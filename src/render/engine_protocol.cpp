@@ -24,8 +24,10 @@ std::optional<double> takeNumber(std::string_view& rest) {
 EngineWord readProgress(std::string_view rest) {
   const auto done = takeNumber(rest);
   const auto total = takeNumber(rest);
+  const auto bytes = takeNumber(rest);
+  const auto written = takeNumber(rest);
   if (!done || !total) return {};
-  return EngineProgress{*done, *total};
+  return EngineProgress{*done, *total, bytes.value_or(0), written.value_or(0)};
 }
 
 EngineWord readDamage(std::string_view rest) {
@@ -54,7 +56,8 @@ std::string_view kindOf(const EngineDamage& damage) { return damage.isSound ? "s
 }  // namespace
 
 std::string engineLine(const EngineProgress& progress) {
-  return "progress " + FormatMask(progress.done, "0.000") + " " + FormatMask(progress.total, "0.000");
+  return "progress " + FormatMask(progress.done, "0.000") + " " + FormatMask(progress.total, "0.000") + " " +
+         FormatMask(progress.bytes, "0") + " " + FormatMask(progress.written, "0.000");
 }
 
 std::string engineLine(const EngineDamage& damage) {

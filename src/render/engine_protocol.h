@@ -1,5 +1,6 @@
 // What the render engine tells while it works: lines of text on its standard output, written and read here.
-//   progress DONE TOTAL           seconds of the movie, a few times a second
+//   progress DONE TOTAL BYTES IN  seconds of the movie, a few times a second; the file's bytes so far and the
+//                                 seconds that are in them
 //   damage KIND FROM TO FILE      the "picture" or "sound" of these seconds of a file is missing
 //   note TEXT                     where the movie is not as its profile asks
 //   done FRAMES SECONDS BYTES     the file is in place
@@ -19,6 +20,8 @@ namespace kvo {
 struct EngineProgress {
   double done = 0;
   double total = 0;
+  double bytes = 0;    ///< of the file so far
+  double written = 0;  ///< seconds that these hold
   bool operator==(const EngineProgress&) const = default;
 };
 

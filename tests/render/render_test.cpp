@@ -69,9 +69,9 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   const auto& order = d.processes.last().order;
   EXPECT_EQ(order.program, "/bin/KVORender");
   EXPECT_EQ(order.arguments,
-            (Words{"/[1.50-4.00]", "/C", "mpeg4", "/S", "77", "/W", "/o.avi", "/tmp/kvo/movie.xtl"}));
+            (Words{"/[1.50-4.00]", "/C", "mpeg4", "/S", "77", "/W", "/o.avi", "/tmp/kvo/KVORender.xtl"}));
   EXPECT_FALSE(order.ownGroup);
-  EXPECT_EQ(d.files.all["/tmp/kvo/movie.xtl"], "<timeline>");
+  EXPECT_EQ(d.files.all["/tmp/kvo/KVORender.xtl"], "<timeline>");
   EXPECT_FALSE(d.driver.start(d.order)) << "one at a time";
 
   d.loop.advance(2000);
@@ -85,14 +85,14 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   EXPECT_EQ(d.folders.standing, 1);
   d.processes.end(0);
   const auto& state = d.driver.state();
-  EXPECT_EQ(state.phase, RenderPhase::Done);
+  EXPECT_EQ(state.phase, EnginePhase::Done);
   EXPECT_EQ(state.report, (EngineReport{63, 2.5, 1000}));
   EXPECT_EQ(state.damage, (std::vector{EngineDamage{true, 1, 2, "/a b.avi"}}));
   EXPECT_EQ(d.folders.standing, 0);
   EXPECT_TRUE(d.processes.last().destroyed);
 
   d.run();
-  EXPECT_EQ(d.driver.state().phase, RenderPhase::Running) << "and again";
+  EXPECT_EQ(d.driver.state().phase, EnginePhase::Running) << "and again";
   EXPECT_TRUE(d.driver.state().damage.empty());
 }
 
@@ -101,23 +101,23 @@ TEST(RenderDriver, TellsHowARenderEnded) {
     bool stop;
     int exitCode;
     const char* says;
-    RenderPhase phase;
+    EnginePhase phase;
     std::string failure;
     const char* tells = "";
   };
   for (const auto& row :
-       {Row{false, 1, "KVORender: o.avi: File too large", RenderPhase::Failed, ""},
-        Row{false, 1, "", RenderPhase::Failed, "the render engine ended with code 1"},
-        Row{false, 139, "", RenderPhase::Failed, "the render engine ended with code 139"},
-        Row{false, 139, "oops", RenderPhase::Failed, "the render engine ended with code 139"},
-        Row{true, 143, "", RenderPhase::Stopped, ""}, Row{true, 137, "", RenderPhase::Stopped, ""},
-        Row{true, 0, "", RenderPhase::Done, ""},                             // it had ended already
-        Row{true, 143, "", RenderPhase::Done, "", "done 63 2.500 1000"}}) {  // the movie stood
+       {Row{false, 1, "KVORender: o.avi: File too large", EnginePhase::Failed, ""},
+        Row{false, 1, "", EnginePhase::Failed, "the render engine ended with code 1"},
+        Row{false, 139, "", EnginePhase::Failed, "the render engine ended with code 139"},
+        Row{false, 139, "oops", EnginePhase::Failed, "the render engine ended with code 139"},
+        Row{true, 143, "", EnginePhase::Stopped, ""}, Row{true, 137, "", EnginePhase::Stopped, ""},
+        Row{true, 0, "", EnginePhase::Done, ""},                             // it had ended already
+        Row{true, 143, "", EnginePhase::Done, "", "done 63 2.500 1000"}}) {  // the movie stood
     Driven d;
     d.run();
     if (row.stop) d.driver.stop();
     EXPECT_EQ(d.processes.last().stopped, row.stop);
-    EXPECT_EQ(d.driver.state().phase, row.stop ? RenderPhase::Stopping : RenderPhase::Running);
+    EXPECT_EQ(d.driver.state().phase, row.stop ? EnginePhase::Stopping : EnginePhase::Running);
     if (*row.says != '\0') d.processes.sayError(row.says);
     if (*row.tells != '\0') d.processes.say(row.tells);
     d.processes.end(row.exitCode);
@@ -146,7 +146,7 @@ TEST(RenderDriver, WhatCannotBeginIsToldAndLeavesNothing) {
   EXPECT_EQ(d.folders.standing, 0);
   d.folders.refusal = "no room";
   EXPECT_EQ(d.driver.start(d.order).error().text, "no room");
-  EXPECT_EQ(d.driver.state().phase, RenderPhase::Idle);
+  EXPECT_EQ(d.driver.state().phase, EnginePhase::Idle);
 }
 
 TEST(RenderDriver, EndsTheEngineWithItself) {

@@ -1,8 +1,9 @@
 #include "engine/run/profile_file.h"
 
 #include <cmath>
-#include <pugixml.hpp>
 #include <string_view>
+
+#include <pugixml.hpp>
 
 namespace kvo::engine {
 namespace {
@@ -27,7 +28,8 @@ bool readPicture(const pugi::xml_node& stream, EncodeProfile& profile) {
   const auto info = media.child("videoinfoheader");
   const auto bitmap = info.child("bitmapinfoheader");
   const double ticks = info.attribute("avgtimeperframe").as_double();
-  const auto rate = ticks > 0 ? FrameRate::fromDecimal(std::round(kTicks / ticks * 1000) / 1000) : std::nullopt;
+  const auto rate =
+      ticks > 0 ? FrameRate::fromDecimal(std::round(kTicks / ticks * 1000) / 1000) : std::nullopt;
   profile.width = bitmap.attribute("biwidth").as_int();
   profile.height = bitmap.attribute("biheight").as_int();
   profile.videoBits = stream.attribute("bitRate").as_int();

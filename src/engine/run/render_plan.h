@@ -55,9 +55,9 @@ struct RenderPlan {
 /// The timeline in the frames that the movie is to have: those of the profile, where it tells a rate.
 Timeline inRateOf(const Timeline& timeline, const RenderJob& job);
 
-/// Plans for a machine of so many cores; `timeline` is in the movie's frames. The segments do not depend on it, and so neither do the bytes of the
-/// movie. Fails with a line for an output of another kind, one for which there is no picture or sound, and a
-/// slice outside of the timeline.
+/// Plans for a machine of so many cores; `timeline` is in the movie's frames. The segments do not depend on
+/// it, and so neither do the bytes of the movie. Fails with a line for an output of another kind, one for
+/// which there is no picture or sound, and a slice outside of the timeline.
 Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, int cores);
 
 /// The plan in a few lines, to be read.

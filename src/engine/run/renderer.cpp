@@ -34,7 +34,8 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
 
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
 Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWriter& writer,
-             media::DamageList& damage, std::uint64_t& pictureBytes, const RenderWatch& watch) {
+             media::DamageList& damage, std::uint64_t& pictureBytes,
+             const std::function<void(std::int64_t made, std::int64_t written)>& told) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.firstSample, &damage);
   std::optional<media::VideoEncoder> encoder;  // of frames that come as pictures
@@ -66,7 +67,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (auto done = writer.writeAudio(sound); !done) return done;
     }
     const auto made = line ? line->made() : step + 1 - plan.first;
-    if (watch) watch(std::min(plan.steps.secondsAt(made), plan.seconds()), plan.seconds());
+    told(made, step + 1 - plan.first);
   }
   return writer.finish();
 }
@@ -79,8 +80,8 @@ std::vector<std::string> notesOf(const RenderPlan& plan, std::uint64_t pictureBy
   std::vector<std::string> notes;
   const auto& sound = plan.format.sound;
   if (plan.format.audio && sound.bitRate > 0 && sound.bitRate < media::kLeastSoundBits) {
-    notes.push_back("the sound has " + kilobits(media::kLeastSoundBits) + " kbit/s, the least there is, not " +
-                    FormatMask(sound.bitRate / 1000.0, "0.#"));
+    notes.push_back("the sound has " + kilobits(media::kLeastSoundBits) +
+                    " kbit/s, the least there is, not " + ShortText(sound.bitRate / 1000.0));
   }
   const double wanted = plan.format.video ? plan.format.video->bitRate : 0;
   const double bits = static_cast<double>(pictureBytes) * 8 / plan.seconds();
@@ -101,7 +102,12 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
   if (!writer) return writer.error();
   media::DamageList damage;
   std::uint64_t pictureBytes = 0;
-  if (auto done = pump(timeline, *plan, *writer, damage, pictureBytes, watch); !done) return done.error();
+  const auto told = [&](std::int64_t made, std::int64_t written) {
+    const double total = plan->seconds();
+    const auto secondsAt = [&](std::int64_t steps) { return std::min(plan->steps.secondsAt(steps), total); };
+    if (watch) watch({secondsAt(made), total, (*target)->size(), secondsAt(written)});
+  };
+  if (auto done = pump(timeline, *plan, *writer, damage, pictureBytes, told); !done) return done.error();
   if (auto done = (*target)->commit(); !done) return done.error();
   return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size(),
                       damage.all(), notesOf(*plan, pictureBytes)};
