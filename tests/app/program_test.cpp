@@ -228,7 +228,6 @@ TEST_F(Program, DrawsAContactSheet) {
   EXPECT_EQ(picture.at(60, 70, 0), picture.at(60, 70 + 114, 0)) << "the rows are the same";
   expectEnd(engine({"--sheet", work_ / "s.jpg", work_ / "one.xtl"}), 2);
   expectEnd(engine({"--sheet", work_ / "s.png"}), 2);
-  expectEnd(engine({"/P", "7", "/W", work_ / "o.wmv", work_ / "one.xtl"}), 1, "/P 7");
   expectEnd(engine({"--sheet", work_ / "none.png", work_ / "none.xtl"}), 1, "none.xtl");
   EXPECT_FALSE(std::filesystem::exists(work_ / "none.png"));
 }
