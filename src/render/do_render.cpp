@@ -19,6 +19,7 @@ constexpr int kEndingNap = 50;        // milliseconds
 }  // namespace
 
 bool MovieRender::DoRender(const Job& job, const Part& part) {
+  if (state_.RenderAborted) return false;
   RenderOrder order{.document = job.document,
                     .output = part.OutFile,
                     .shownAs = part.OutFile == job.working ? job.file : std::string(),
@@ -73,6 +74,7 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
   }
   timeLeft_ = {};
   state_.pie = {};
+  state_.movieSeconds = 0;
   state_.RemainingSeconds = MaxSeconds;
   if (auto begun = driver_.start(order); !begun) {
     boxes.show(renderFailedBox(begun.error().text));

@@ -200,15 +200,16 @@ bool MovieRender::renderAll(const Job& job) {
   if (job.range) std::tie(part.RangeStart, part.RangeStop) = *job.range;
   bool isMade = DoRender(job, part);
   state_.caption = editorCaption(collectionName());
-  if (isMade && !state_.RenderAborted) isMade = !tellFailure();
-  if (isMade && !state_.RenderAborted && job.audioOnly()) {
+  // What was done when the abort came is a movie all the same.
+  if (state_.RenderAborted && (!isMade || driver_.state().phase != EnginePhase::Done)) {
+    e.boxes.show(abortedBox());
+    return false;
+  }
+  if (isMade) isMade = !tellFailure();
+  if (isMade && job.audioOnly()) {
     const auto written = ports_.host.StripWavFromCurrentVideo(job.working, job.file);
     if (!written) e.boxes.show(renderFailedBox(written.error().text));
     isMade = written.ok();
-  }
-  if (state_.RenderAborted && driver_.state().phase != EnginePhase::Done) {
-    e.boxes.show(abortedBox());
-    return false;
   }
   if (!isMade) return false;
   report(job, std::chrono::duration<double>(ports_.engine.loop.now() - begun).count());

@@ -89,6 +89,7 @@ class MovieRender {
   void report(const Job& job, double seconds);
   void restore(const Job& job);
 
+  // False, with a box, when the engine could not be started; without one when the user has given up.
   bool DoRender(const Job& job, const Part& part);
   bool takeProfile(const Job& job, RenderOrder& order);
   bool Shell32Bit(const RenderOrder& order, int MaxSeconds);

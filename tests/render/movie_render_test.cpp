@@ -278,6 +278,17 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
   }
 }
 
+TEST(MovieRender, AnAbortAheadOfTheEngineCounts) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.host.onChange = [&] {
+    if (b.state.frame == RenderFrame::Rendering) b.render.AbortRender();
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(b.engine.calls.size(), 1U);
+  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
+}
+
 TEST(MovieRender, GoesOnBeyondItsCountdownWithAnotherPie) {
   RenderBench b;
   b.choose(OutputKind::Avi);
