@@ -1,4 +1,5 @@
 #include "adapters/posix/posix_files.h"
+
 #include "adapters/posix/posix_name_locks.h"
 
 #include <filesystem>

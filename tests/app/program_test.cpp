@@ -354,6 +354,26 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
   }
 }
 
+TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {
+  const auto path = collection("c.INI", {video_});
+  temporaryFolder();
+  const auto profile = home_ / "program/wmsysprx.prx";
+  expectEnd(kvo5({"--render", path, "--output", work_ / "o.wmv", "--profile", "27"}), 0);
+  EXPECT_EQ(test::probed(work_ / "o.wmv", "stream=width,height,r_frame_rate"), "176 144 15/1");
+  const auto atRest = PosixFiles().read(profile, 1U << 20U).value();
+  EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
+
+  Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
+  expectEnd(kvo5({"--render", path, "--output", work_ / "p.wmv", "--profile", "30"}), 1, "Another render");
+  starter.signal(SIGKILL);
+  starter.end();
+  EXPECT_TRUE(starter.childrenEnd());
+  EXPECT_NE(PosixFiles().read(profile, 1U << 20U).value(), atRest);
+  expectEnd(kvo5({"--check", path}), 0);
+  EXPECT_EQ(PosixFiles().read(profile, 1U << 20U).value(), atRest);
+  EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
+}
+
 TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {
   const auto path = collection("c.INI", {video_});
   const auto here = work_ / "here";
