@@ -4,6 +4,7 @@
 #include "adapters/media/media_frame_source.h"
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_name_locks.h"
 #include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
 #include "editor/desk/presumed_files.h"
@@ -33,6 +34,7 @@ class Session {
   PosixFiles files;
   PosixClock clock;
   PosixProcesses processes;
+  PosixNameLocks nameLocks;
   PosixTemporaryFolders temporaryFolders;
   MessageBoxes& boxes;
   MediaFrameSource streams;

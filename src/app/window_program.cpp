@@ -44,6 +44,7 @@
 #include "program/missing_files.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
+#include "render/system_profile.h"
 #include "sketches/kept_sketches.h"
 #include "ui/skin_face.h"
 #include "ui/theme.h"
@@ -211,6 +212,7 @@ class WindowProgram {
       boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
       return kExitFailed;
     }
+    SystemProfile({session_.files, session_.nameLocks, session_.folder, boxes_}).mend();
     Failures failures(session_.log, boxes_, session_.settings, [] { std::exit(kExitFailed); });
     try {
       switch (startUp_.run(arguments, std::filesystem::current_path().string())) {
