@@ -22,6 +22,7 @@
 namespace kvo {
 namespace {
 
+constexpr int kTransitionTab = 3;
 constexpr std::size_t kMostPictures = 64;  // of clips, as widgets draw them
 
 // Has all that comes until it is the loop's turn drawn at once.
@@ -83,6 +84,10 @@ void EditorWindow::make() {
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
+               .transition = act([&links, &desk] {
+                 desk.Buildtabs(kTransitionTab);
+                 links.transition().chooseCut(false);
+               }),
                .save = act([&desk] { desk.saveProject(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);

@@ -78,7 +78,7 @@ struct RushBench : test::TabBench {
                  number("key"), number("rate"), note("rateUp"), number("level"), note("levelUp"),
                  number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), note("save"), note("close")},
+                 note("whole"), note("preview"), note("transition"), note("save"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
@@ -160,7 +160,7 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
         Row{Qt::Key_C, Qt::ShiftModifier, "key6 "}, Row{Qt::Key_E, Qt::NoModifier, ""},
         Row{Qt::Key_F2, Qt::NoModifier, "key9 "}, Row{Qt::Key_Space, Qt::NoModifier, "preview "},
         Row{Qt::Key_Minus, Qt::NoModifier, "zoom35 "}, Row{Qt::Key_Plus, Qt::NoModifier, "zoom45 "},
-        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
+        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "}, Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
         Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
         Row{Qt::Key_S, Qt::ControlModifier, "save "}}) {
     b.asked.clear();

@@ -271,6 +271,9 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     case Qt::Key_0:
       acts_.wholeMovie();
       return true;
+    case Qt::Key_D:
+      if (!with.testFlag(Qt::ShiftModifier)) acts_.transition();
+      return true;
     default:
       return false;
   }

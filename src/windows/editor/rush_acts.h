@@ -29,7 +29,8 @@ struct RushActs {
   std::function<void(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes
   std::function<void(double part)> zoom;       ///< of the timeline, 0 to 1
   std::function<void()> wholeMovie;
-  std::function<void()> preview;  ///< Space
+  std::function<void()> preview;     ///< Space
+  std::function<void()> transition;  ///< D: one leads into the clip in hand, if none does, and its tab opens
   std::function<void()> save;
   std::function<void()> close;
 };

@@ -4,6 +4,7 @@
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "ui/tool_tips.h"
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/particle_part.h"
@@ -154,6 +155,7 @@ void TransitionPage::makeChoice() {
   transition_ = put(made<QPushButton>(tr("Transition"), this), {234, 11, 80, 26});
   cut_->setToolTip(tr("The clip follows without a transition"));
   transition_->setToolTip(tr("A transition leads into the clip"));
+  setKeys(*transition_, "D");
   auto* one = made<QButtonGroup>(this);
   for (auto* key : {cut_, transition_}) {
     key->setCheckable(true);
