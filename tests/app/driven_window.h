@@ -32,7 +32,7 @@ inline int startQuietly(const std::vector<std::string>& command) {
 // Waits for what is to be seen. The limit is only for a fault: a machine that is busy with other work takes
 // long.
 inline bool eventually(const std::function<bool()>& holds) {
-  constexpr auto kLimit = std::chrono::seconds(25);
+  constexpr auto kLimit = std::chrono::minutes(2);
   const auto end = std::chrono::steady_clock::now() + kLimit;
   while (std::chrono::steady_clock::now() < end) {
     if (holds()) return true;

@@ -21,6 +21,7 @@ struct Spot {
 
 using Colour = std::array<int, 3>;
 constexpr Colour kRed{255, 0, 0}, kGreen{0, 128, 0}, kBlue{0, 0, 255}, kYellow{255, 255, 0};
+constexpr Colour kPaper{255, 255, 255}, kDropBar{243, 182, 74};
 
 bool isLike(const Colour& seen, const Colour& wanted) {
   constexpr int kMostOff = 40;
@@ -38,10 +39,10 @@ bool isBetween(const Colour& seen, const Colour& a, const Colour& b) {
   return true;
 }
 
-constexpr Spot kEmptyPanel{281, 160}, kThirdRow{150, 114}, kLastRow{150, 162}, kCreateMovie{486, 244};
+constexpr Spot kEmptyPanel{281, 160}, kAboveSong{150, 125}, kLastRow{150, 162}, kCreateMovie{486, 244};
 constexpr Spot kFirstFile{187, 89}, kFirstFileIcon{143, 84}, kLastFile{187, 161}, kOpen{813, 461};
 constexpr Spot kPreview{232, 416}, kSaveProject{130, 473}, kPicture{730, 200};
-constexpr Spot kStill{270, 620}, kStillOverClip{240, 620};  // pushed over its neighbour by a second
+constexpr Spot kStill{240, 620}, kStillOverClip{210, 620};  // pushed over its neighbour by a second
 
 class FirstMovie : public test::Window {
  protected:
@@ -52,9 +53,9 @@ class FirstMovie : public test::Window {
     const auto media = [&](const std::string& name, const std::string& source, const char* length) {
       test::makeMedia(home_, "Videos/" + name, {"-f", "lavfi", "-t", length, "-i", source});
     };
-    media("beach.avi", "color=red:size=320x240:rate=25", "1.5");
-    media("harbour.avi", "color=green:size=320x240:rate=25", "1.5");
-    media("lake.avi", "color=blue:size=320x240:rate=25", "3");
+    media("beach.avi", "color=red:size=320x240:rate=25", "1");
+    media("harbour.avi", "color=green:size=320x240:rate=25", "1");
+    media("lake.avi", "color=blue:size=320x240:rate=25", "2.5");
     media("theme.wav", "sine=frequency=440", "20");
     media("view.png", "color=yellow:size=320x240:rate=1", "1");
   }
@@ -79,7 +80,8 @@ class FirstMovie : public test::Window {
     test::runProgram(command);
     ++acts_;
   }
-  void drag(const Spot& from, const Spot& to) {
+  // Lets go when the place below the pointer is marked, where there is one to be marked.
+  void drag(const Spot& from, const Spot& to, const std::optional<Colour>& mark = {}) {
     auto command = pointAt(from);
     command.insert(command.end(), {"mousedown", "1"});
     constexpr int kSteps = 4;
@@ -88,8 +90,11 @@ class FirstMovie : public test::Window {
           pointAt({from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
       command.insert(command.end(), step.begin() + 1, step.end());
     }
-    command.insert(command.end(), {"mouseup", "1"});
     test::runProgram(command);
+    if (mark) {
+      EXPECT_TRUE(shows(to, *mark, "2x2"));
+    }
+    test::runProgram({"xdotool", "mouseup", "1"});
     ++acts_;
   }
   // The name is the user's own; the key behind it counts.
@@ -133,8 +138,8 @@ class FirstMovie : public test::Window {
       colour[i] = static_cast<unsigned char>(bytes[at + i]);
     return colour;
   }
-  static bool shows(const Spot& at, const Colour& colour) {
-    auto command = grab(at, "8x8");
+  static bool shows(const Spot& at, const Colour& colour, const char* size) {
+    auto command = grab(at, size);
     command.insert(command.end(), {"-frames:v", "1", "-"});
     return eventually([&] { return isLike(colourIn(test::runProgram(command).out, 0), colour); });
   }
@@ -195,8 +200,8 @@ class FirstMovie : public test::Window {
     ASSERT_GT(pictures.size(), 50U);
     std::size_t mixed = 0;
     for (std::size_t i = 0; i < pictures.size(); ++i) mixed += isBetween(at(i), kBlue, kYellow);
-    EXPECT_GE(mixed, 4U);
-    EXPECT_TRUE(isLike(at(2), kRed) && isLike(at(20), kGreen) && isLike(at(pictures.size() - 2), kYellow));
+    EXPECT_GE(mixed, 2U);
+    EXPECT_TRUE(isLike(at(2), kRed) && isLike(at(15), kGreen) && isLike(at(pictures.size() - 2), kYellow));
     EXPECT_GT(test::levelOf(test::samplesOf(movie), 1, 5), -40);
   }
 
@@ -213,12 +218,12 @@ TEST_F(FirstMovie, ByTheMouse) {
     click(kEmptyPanel);  // while the start goes on there is nothing to click
     return comesNow("Add Media");
   }));
-  ASSERT_TRUE(shows(kFirstFileIcon, {255, 255, 255}));
+  ASSERT_TRUE(shows(kFirstFileIcon, kPaper, "8x8"));
   click(kFirstFile);
   click(kLastFile, "shift");
   click(kOpen);
   ASSERT_TRUE(comes("view.png"));
-  drag(kLastRow, kThirdRow);  // the still, ahead of the song
+  drag(kLastRow, kAboveSong, kDropBar);  // the still, ahead of the song
   click(kCreateMovie);
   ASSERT_TRUE(comes("Create New Movie"));
   drag(kStill, kStillOverClip);
@@ -237,7 +242,7 @@ TEST_F(FirstMovie, ByTheKeyboard) {
     key("Insert");
     return comesNow("Add Media");
   }));
-  ASSERT_TRUE(shows(kFirstFileIcon, {255, 255, 255}));
+  ASSERT_TRUE(shows(kFirstFileIcon, kPaper, "8x8"));
   key("shift+Tab");
   key("ctrl+a");
   key("Return");
