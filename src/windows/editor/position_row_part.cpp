@@ -72,7 +72,7 @@ PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, Q
                                                        &acts_.stepForward, &acts_.toEnd};
   for (std::size_t i = 0; i < kKeys; ++i) {
     auto* key = keys_[i] = made<QPushButton>(this);
-    key->setProperty("kind", "key");
+    key->setProperty("kind", i == kPlayKey ? "play" : "key");
     key->setIcon(themeIcon(kRowKeys[i].icon));
     key->setToolTip(tr(kRowKeys[i].tip));
     key->setAccessibleName(tr(kRowKeys[i].tip));
