@@ -160,7 +160,8 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
         Row{Qt::Key_C, Qt::ShiftModifier, "key6 "}, Row{Qt::Key_E, Qt::NoModifier, ""},
         Row{Qt::Key_F2, Qt::NoModifier, "key9 "}, Row{Qt::Key_Space, Qt::NoModifier, "preview "},
         Row{Qt::Key_Minus, Qt::NoModifier, "zoom35 "}, Row{Qt::Key_Plus, Qt::NoModifier, "zoom45 "},
-        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "}, Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
+        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "},
+        Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
         Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
         Row{Qt::Key_S, Qt::ControlModifier, "save "}}) {
     b.asked.clear();
@@ -198,9 +199,10 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
 TEST(FrmRush, SaysWhyAKeyIsOff) {
   RushBench b;
   b.keys.of(ClipKey::Split) = "A still has no frames to split at";
-  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
   b.history = {};
   b.open();
+  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
+  b.window->draw();
   int off = 0;
   for (const auto* button : b.window->findChildren<QAbstractButton*>()) {
     const auto* key = dynamic_cast<const KVOBut*>(button);
@@ -212,7 +214,9 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
     off += key->isEnabled() ? 0 : 1;
   }
   EXPECT_EQ(off, 4) << "split, undo, redo, their list";
-  EXPECT_EQ(b.part<QLabel>("Length of the audio")->toolTip(), "Audio Length does not match video Length");
+  const auto* length = b.part<QLabel>("Length of the audio");
+  EXPECT_EQ(length->toolTip(), "Audio Length does not match video Length");
+  EXPECT_EQ(length->palette().color(QPalette::WindowText), toColour(token("red")));
 }
 
 // Every control of the two pages can be reached and is named.

@@ -77,7 +77,7 @@ constexpr std::array<ClipKeyRow, kClipKeys> kClipKeyRows{{
 constexpr int kKeyGap = 3;
 constexpr int kGroupGap = 13;  // with a line in it
 constexpr int kDividerHeight = 20;
-constexpr int kTotalsGap = 60;  // from the lengths to the zoom
+constexpr int kTotalsGap = 46;  // from the lengths to the zoom
 constexpr int kRowSide = 16;
 constexpr int kZoomSliderSteps = 100;
 constexpr int kZoomStep = 5;
@@ -147,11 +147,14 @@ QWidget* ClipKeysPart::makeTotals() {
   row->addWidget(video_);
   row->addSpacing(themed(kRowSide));
   row->addWidget(keyRowLabel(tr("Audio"), "hint", group));
-  warning_ = made<QLabel>(group);
-  row->addWidget(warning_);
   audio_ = keyRowLabel({}, "number", group);
   audio_->setAccessibleName(tr("Length of the audio"));
   row->addWidget(audio_);
+  warning_ = made<QLabel>(group);
+  auto kept = warning_->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);  // the lengths stand still
+  warning_->setSizePolicy(kept);
+  row->addWidget(warning_);
   return group;
 }
 
@@ -230,10 +233,7 @@ void ClipKeysPart::draw() {
   setTipOf(*audio_, told(totals.audioToolTip));
   warning_->setVisible(totals.audioIsRed);
   setTipOf(*warning_, told(totals.audioToolTip));
-  if (const QString bad(totals.audioIsRed ? "bad" : ""); audio_->property("state").toString() != bad) {
-    audio_->setProperty("state", bad);
-    audio_->setStyleSheet(audio_->styleSheet());  // so that the sheet is read anew for it
-  }
+  markBad(*audio_, totals.audioIsRed);
   if (!zoom_->isSliderDown()) zoom_->setValue(zoomValue());
   isDrawing_ = false;
 }

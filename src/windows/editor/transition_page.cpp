@@ -206,10 +206,7 @@ void TransitionPage::draw() {
   Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection);
   const auto& panel = state_.panel;
   setTextOf(*Fra_FadDur_, told(panel.Fra_FadDur));
-  if (const QString bad(panel.durationIsShort ? "bad" : ""); Fra_FadDur_->property("state") != bad) {
-    Fra_FadDur_->setProperty("state", bad);
-    Fra_FadDur_->setStyleSheet(Fra_FadDur_->styleSheet());  // so that the sheet is read anew for it
-  }
+  markBad(*Fra_FadDur_, panel.durationIsShort);
   Fra_FadDur_->setVisible(panel.listVisible);
   Sld_In_->setVisible(panel.listVisible);
   Sld_In_->draw({0, state_.Sld_InMax, state_.Sld_In, state_.canHaveTransition, {}}, shown(state_.inOver),
