@@ -21,7 +21,7 @@ struct Spot {
 
 using Colour = std::array<int, 3>;
 constexpr Colour kRed{255, 0, 0}, kGreen{0, 128, 0}, kBlue{0, 0, 255}, kYellow{255, 255, 0};
-constexpr Colour kPaper{255, 255, 255}, kDropBar{243, 182, 74};
+constexpr Colour kPaper{255, 255, 255}, kDropBar{243, 182, 74}, kChosen{44, 201, 196};
 
 bool isLike(const Colour& seen, const Colour& wanted) {
   constexpr int kMostOff = 40;
@@ -40,6 +40,7 @@ bool isBetween(const Colour& seen, const Colour& a, const Colour& b) {
 }
 
 constexpr Spot kEmptyPanel{281, 160}, kAboveSong{150, 125}, kLastRow{150, 162}, kCreateMovie{486, 244};
+constexpr Spot kAboveSongChosen{80, 138};  // the mark of a chosen row
 constexpr Spot kFirstFile{187, 89}, kFirstFileIcon{143, 84}, kLastFile{187, 161}, kOpen{813, 461};
 constexpr Spot kPreview{232, 416}, kSaveProject{130, 473}, kPicture{730, 200};
 constexpr Spot kStill{240, 620}, kStillOverClip{210, 620};  // pushed over its neighbour by a second
@@ -224,6 +225,7 @@ TEST_F(FirstMovie, ByTheMouse) {
   click(kOpen);
   ASSERT_TRUE(comes("view.png"));
   drag(kLastRow, kAboveSong, kDropBar);  // the still, ahead of the song
+  ASSERT_TRUE(shows(kAboveSongChosen, kChosen, "2x2")) << "and there it stands";
   click(kCreateMovie);
   ASSERT_TRUE(comes("Create New Movie"));
   drag(kStill, kStillOverClip);

@@ -13,6 +13,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -151,15 +152,16 @@ void TransitionPage::makeOptions() {
 
 void TransitionPage::makeChoice() {
   auto& rules = logic_.rules;
-  cut_ = put(made<QPushButton>(tr("Cut"), this), {182, 11, 52, 26});
-  transition_ = put(made<QPushButton>(tr("Transition"), this), {234, 11, 80, 26});
+  put(made<QFrame>(this), {182, 9, 132, 30})->setProperty("role", "list");
+  cut_ = put(made<QPushButton>(tr("Cut"), this), {185, 12, 46, 24});
+  transition_ = put(made<QPushButton>(tr("Transition"), this), {231, 12, 80, 24});
   cut_->setToolTip(tr("The clip follows without a transition"));
   transition_->setToolTip(tr("A transition leads into the clip"));
   setKeys(*transition_, "D");
   auto* one = made<QButtonGroup>(this);
   for (auto* key : {cut_, transition_}) {
     key->setCheckable(true);
-    key->setStyleSheet("padding: 0; min-height: 24px;");
+    key->setProperty("kind", "switch");
     one->addButton(key);
     connect(key, &QPushButton::clicked,
             [this, &rules, isCut = key == cut_] { act([&] { rules.chooseCut(isCut); }); });
