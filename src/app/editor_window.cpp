@@ -75,6 +75,10 @@ void EditorWindow::make() {
                 states.window.keys, states.history},
       RushActs{.Buildtabs = act([&desk](int tab) { desk.Buildtabs(tab); }),
                .clipKey = act([&desk](ClipKey key) { desk.press(key); }),
+               .transition = act([&links, &desk] {
+                 desk.Buildtabs(kTransitionTab);
+                 links.transition().chooseCut(false);
+               }),
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
@@ -84,10 +88,6 @@ void EditorWindow::make() {
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
-               .transition = act([&links, &desk] {
-                 desk.Buildtabs(kTransitionTab);
-                 links.transition().chooseCut(false);
-               }),
                .save = act([&desk] { desk.saveProject(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);

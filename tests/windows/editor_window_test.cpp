@@ -75,10 +75,10 @@ struct RushBench : test::TabBench {
                    frame.CurrentTab = tab;
                    window->draw();
                  },
-                 number("key"), number("rate"), note("rateUp"), number("level"), note("levelUp"),
-                 number("jog"), number("history"),
+                 number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
+                 note("levelUp"), number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), note("transition"), note("save"), note("close")},
+                 note("whole"), note("preview"), note("save"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),

@@ -31,9 +31,7 @@ constexpr int kEaseSwitch = static_cast<int>(EffectSwitch::Ease);
 // A switch in the list of effects: a row that is on has a ground, one with keyframes their sign.
 class EffectRowBox final : public QCheckBox {
  public:
-  EffectRowBox(const bool& keyframed, QWidget* parent) : QCheckBox(parent), keyframed_(keyframed) {
-    setProperty("small", true);
-  }
+  EffectRowBox(const bool& keyframed, QWidget* parent) : QCheckBox(parent), keyframed_(keyframed) {}
 
  protected:
   void paintEvent(QPaintEvent* event) override {
