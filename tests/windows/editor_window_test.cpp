@@ -199,10 +199,9 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
 TEST(FrmRush, SaysWhyAKeyIsOff) {
   RushBench b;
   b.keys.of(ClipKey::Split) = "A still has no frames to split at";
+  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
   b.history = {};
   b.open();
-  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
-  b.window->draw();
   int off = 0;
   for (const auto* button : b.window->findChildren<QAbstractButton*>()) {
     const auto* key = dynamic_cast<const KVOBut*>(button);
@@ -216,7 +215,11 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
   EXPECT_EQ(off, 4) << "split, undo, redo, their list";
   const auto* length = b.part<QLabel>("Length of the audio");
   EXPECT_EQ(length->toolTip(), "Audio Length does not match video Length");
-  EXPECT_EQ(length->palette().color(QPalette::WindowText), toColour(token("red")));
+  for (const bool isRed : {false, true}) {
+    b.totals.audioIsRed = isRed;
+    b.window->draw();
+    EXPECT_EQ(length->palette().color(QPalette::WindowText) == toColour(token("red")), isRed);
+  }
 }
 
 // Every control of the two pages can be reached and is named.
