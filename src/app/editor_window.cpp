@@ -22,6 +22,7 @@
 namespace kvo {
 namespace {
 
+constexpr int kTransitionTab = 3;
 constexpr std::size_t kMostPictures = 64;  // of clips, as widgets draw them
 
 // Has all that comes until it is the loop's turn drawn at once.
@@ -78,6 +79,10 @@ void EditorWindow::make() {
                 states.window.keys, states.history},
       RushActs{.Buildtabs = act([&desk](int tab) { desk.Buildtabs(tab); }),
                .clipKey = act([&desk](ClipKey key) { desk.press(key); }),
+               .transition = act([&links, &desk] {
+                 desk.Buildtabs(kTransitionTab);
+                 links.transition().chooseCut(false);
+               }),
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),

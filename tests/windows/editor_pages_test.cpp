@@ -283,6 +283,7 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   EXPECT_TRUE(window.isVisible());
   named<QAbstractSlider>(window, "Frame")->setValue(80);
   press(window, "Add a new keyframe here");
+  named<QAbstractSlider>(window, "Effect Level")->setValue(30);
   stepUp(window, "Effect Level");
   EXPECT_EQ(b.collection.KeyframeList[2].FrameNo, 80);
   EXPECT_EQ(b.collection.KeyframeList[2].Transparency, 31);

@@ -75,8 +75,8 @@ struct RushBench : test::TabBench {
                    frame.CurrentTab = tab;
                    window->draw();
                  },
-                 number("key"), number("rate"), note("rateUp"), number("level"), note("levelUp"),
-                 number("jog"), number("history"),
+                 number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
+                 note("levelUp"), number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
                  note("whole"), note("preview"), note("save"), note("stopAnalysing"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
@@ -160,7 +160,8 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
         Row{Qt::Key_C, Qt::ShiftModifier, "key6 "}, Row{Qt::Key_E, Qt::NoModifier, ""},
         Row{Qt::Key_F2, Qt::NoModifier, "key9 "}, Row{Qt::Key_Space, Qt::NoModifier, "preview "},
         Row{Qt::Key_Minus, Qt::NoModifier, "zoom35 "}, Row{Qt::Key_Plus, Qt::NoModifier, "zoom45 "},
-        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
+        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "},
+        Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
         Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
         Row{Qt::Key_S, Qt::ControlModifier, "save "}}) {
     b.asked.clear();
@@ -212,7 +213,13 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
     off += key->isEnabled() ? 0 : 1;
   }
   EXPECT_EQ(off, 4) << "split, undo, redo, their list";
-  EXPECT_EQ(b.part<QLabel>("Length of the audio")->toolTip(), "Audio Length does not match video Length");
+  const auto* length = b.part<QLabel>("Length of the audio");
+  EXPECT_EQ(length->toolTip(), "Audio Length does not match video Length");
+  for (const bool isRed : {false, true}) {
+    b.totals.audioIsRed = isRed;
+    b.window->draw();
+    EXPECT_EQ(length->palette().color(QPalette::WindowText) == toColour(token("red")), isRed);
+  }
 }
 
 // Every control of the two pages can be reached and is named.

@@ -265,6 +265,9 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
   }
   const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };
   switch (key) {
+    case Qt::Key_D:
+      if (!with.testFlag(Qt::ShiftModifier)) acts_.transition();
+      return true;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
       zoomBy(1.0 / kZoomSteps);

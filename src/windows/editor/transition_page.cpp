@@ -4,6 +4,7 @@
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "ui/tool_tips.h"
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/particle_part.h"
@@ -12,6 +13,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -150,14 +152,16 @@ void TransitionPage::makeOptions() {
 
 void TransitionPage::makeChoice() {
   auto& rules = logic_.rules;
-  cut_ = put(made<QPushButton>(tr("Cut"), this), {182, 11, 52, 26});
-  transition_ = put(made<QPushButton>(tr("Transition"), this), {234, 11, 80, 26});
+  put(made<QFrame>(this), {182, 9, 132, 30})->setProperty("role", "list");
+  cut_ = put(made<QPushButton>(tr("Cut"), this), {185, 12, 46, 24});
+  transition_ = put(made<QPushButton>(tr("Transition"), this), {231, 12, 80, 24});
   cut_->setToolTip(tr("The clip follows without a transition"));
   transition_->setToolTip(tr("A transition leads into the clip"));
+  setKeys(*transition_, "D");
   auto* one = made<QButtonGroup>(this);
   for (auto* key : {cut_, transition_}) {
     key->setCheckable(true);
-    key->setStyleSheet("padding: 0; min-height: 24px;");
+    key->setProperty("kind", "switch");
     one->addButton(key);
     connect(key, &QPushButton::clicked,
             [this, &rules, isCut = key == cut_] { act([&] { rules.chooseCut(isCut); }); });
@@ -204,10 +208,7 @@ void TransitionPage::draw() {
   Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection);
   const auto& panel = state_.panel;
   setTextOf(*Fra_FadDur_, told(panel.Fra_FadDur));
-  if (const QString bad(panel.durationIsShort ? "bad" : ""); Fra_FadDur_->property("state") != bad) {
-    Fra_FadDur_->setProperty("state", bad);
-    Fra_FadDur_->setStyleSheet(Fra_FadDur_->styleSheet());  // so that the sheet is read anew for it
-  }
+  markBad(*Fra_FadDur_, panel.durationIsShort);
   Fra_FadDur_->setVisible(panel.listVisible);
   Sld_In_->setVisible(panel.listVisible);
   Sld_In_->draw({0, state_.Sld_InMax, state_.Sld_In, state_.canHaveTransition, {}}, shown(state_.inOver),
