@@ -2,6 +2,7 @@
 // no rules.
 #pragma once
 
+#include "app/analysing_film.h"
 #include "app/play_links.h"
 #include "app/session.h"
 #include "editor/desk/file_watch.h"
@@ -76,6 +77,7 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] PreviewEngine& preview() { return preview_; }
   [[nodiscard]] CreateRules& create() { return create_; }
   [[nodiscard]] TransitionRules& transition() { return transition_; }
+  [[nodiscard]] NameChooser& effectNames() { return effectNames_; }
   [[nodiscard]] TimelineHand& hand() { return hand_; }
   [[nodiscard]] const Editing& editing() const { return parts_.session.editing; }
 
@@ -89,7 +91,7 @@ class EditorLinks : public DeskPreview {
   void showClipFrame(Long frame);
 
   // Of the desk
-  void KillPreview() override { preview_.KillPreview(); }
+  void KillPreview() override;
   void sample(Sample what, int clipNo) override { preview_.sample(what, clipNo); }
   [[nodiscard]] bool isPlaying() const override;
   void movieIsStale() override { preview_.movieIsStale(); }
@@ -120,6 +122,8 @@ class EditorLinks : public DeskPreview {
   PreviewEngine preview_;
   CreateRules create_;
   TransitionRules transition_;
+  NameChooser effectNames_;
+  AnalysingFilm film_;
   TimelineDesk timelineActs_;
   TimelineHand hand_;
   FileWatch files_;
@@ -130,6 +134,7 @@ class EditorLinks : public DeskPreview {
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
   std::uint64_t compilesSeen_ = 0;
+  std::uint64_t openedSeen_ = 0;
 };
 
 }  // namespace kvo
