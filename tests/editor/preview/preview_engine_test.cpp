@@ -232,6 +232,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
 TEST(Preview, AFileThatIsGoneIsToldUntilItIsBack) {
   PreviewBench b;
   auto& missing = b.editor.missingFiles;
+  b.files.all.erase("/v/hills.avi");
   b.preview.PrepPreview();
   b.player.now = PlayState::Failed;
   b.player.why = "cannot open /v/hills.avi: No such file or directory";
@@ -249,7 +250,6 @@ TEST(Preview, AFileThatIsGoneIsToldUntilItIsBack) {
 
 TEST(Preview, WhatCannotBeShownIsTold) {
   PreviewBench b;
-  b.files.all["/v/beach.avi"] = "no film";
   b.preview.PrepPreview();
   b.player.now = PlayState::Failed;
   b.player.why = "cannot open /v/beach.avi";

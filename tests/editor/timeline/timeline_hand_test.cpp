@@ -166,7 +166,7 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   EXPECT_EQ(b.collection.MovieList[1].LoopEndFrames(), 148);
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).text, "Mark-Out 5.92 s   frame 148");
   EXPECT_EQ(keys({EdgeOut, After}), (Told{"frame ends", "select 2"}));  // let go of again
-  EXPECT_EQ(keys({EdgeIn, Escape}), (Told{"frame 2 0", "frame ends"}));
+  EXPECT_EQ(keys({EdgeIn, Escape}), (Told{"frame 2 2", "frame ends"}));
   EXPECT_EQ(keys({After}, {.control = true}), Told{"move 2 before 4"});
   b.hand.takeInHand(1);
   EXPECT_EQ(keys({Before}, {.control = true}), Told{});
