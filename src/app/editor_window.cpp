@@ -7,6 +7,7 @@
 #include "windows/editor/create_page.h"
 #include "windows/editor/effect_page.h"
 #include "windows/editor/frm_rush.h"
+#include "windows/editor/hand_watch.h"
 #include "windows/editor/overlay_page.h"
 #include "windows/editor/position_row_part.h"
 #include "windows/editor/preview_part.h"
@@ -77,19 +78,23 @@ void EditorWindow::make() {
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
-               .levelLetGo = act([&desk] { desk.letGoLevel(); }),
                .jog = act([&links](int frames) { links.jog(frames); }),
                .goInHistory = act([&links](int steps) { links.goInHistory(steps); }),
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
-               .save = act([&desk] { desk.saveProject(); }),
+               .save = act([&desk] { desk.saveAgain(); }),
+               .saveAs = act([&desk] { desk.saveProject(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
-      states.keyframes, pageLogic(), [&links](Long frame) { links.showClipFrame(frame); },
-      [this](int clipNo) { return pictureOf(clipNo); });
+      states.keyframes, pageLogic(),
+      FrmKeyframe::Doors{.showFrame = [&links](Long frame) { links.showClipFrame(frame); },
+                         .goInHistory = [&links](int steps) { return links.goInHistory(steps); },
+                         .picture = [this](int clipNo) { return pictureOf(clipNo); }});
   analysing_ = std::make_unique<FrmAnalysing>(states.window.analysing);
+  for (QWidget* window : std::initializer_list<QWidget*>{frm_.get(), keyframes_.get()})
+    hands_.push_back(std::make_unique<HandWatch>(*window, [&desk](bool held) { desk.hold(held); }));
   makePages();
   makePreview();
   makeTimeline();
@@ -115,7 +120,7 @@ void EditorWindow::makePages() {
                                                  links.desk().saveProject();
                                                  parts_.draw();
                                                },
-                                           .help = parts_.help,
+                                           .help = [&links] { links.desk().Cmd_Help(); },
                                            .quit =
                                                [&links, this] {
                                                  links.desk().Form_QueryUnload();

@@ -20,8 +20,8 @@ class NotingHost : public PreviewHost {
 
   std::string takeNotes() { return std::exchange(notes, {}); }
 
-  bool edit(std::string_view act, int /*clipNo*/, Integer /*code*/, const std::function<void()>& work,
-            std::string_view /*series*/) override {
+  bool edit(std::string_view act, int /*clipNo*/, Integer /*code*/,
+            const std::function<void()>& work) override {
     note(std::string(act));
     work();
     return true;

@@ -29,6 +29,7 @@ void EditorDesk::Form_Load() {
   run().KVOIsInEditMode = true;
   if (files_.known(e.collection)) return finishOpening();
   state.frame.toolsOn = false;
+  state.frame.toolsOffBecause = translated("The files of the clips are still looked into");
   if (e.settings.preferences().KVOFastEdit && e.files.exists(e.folder.beside("\\PreviewDefaults.dat")))
     return;
   state.analysing = {.visible = true, .done = 0, .total = e.clips().count()};
@@ -53,6 +54,7 @@ void EditorDesk::finishOpening() {
   analysing_->stop();
   parts_.state.analysing = {};
   parts_.state.frame.toolsOn = true;
+  parts_.state.frame.toolsOffBecause.clear();
   const auto& e = parts_.editing;
   LoadEffects(e);
   GetStillOpts(e);

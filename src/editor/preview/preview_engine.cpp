@@ -237,8 +237,8 @@ void PreviewEngine::PreviewtransPort(Key key) {
     return isSample() ? DirXPlay(0) : PrepPreview();
   }
   if (state_.kind == PreviewKind::None && !standOnMovie()) return;
-  const bool steps = key == Key::StepBack || key == Key::StepForward;
-  if (steps && state_.PreviewPlaying && !state_.paused) PausePreview();
+  const bool stays = key != Key::ToStart;  // the end, too, is there to be seen: a rewind would follow
+  if (stays && state_.PreviewPlaying && !state_.paused) PausePreview();
   const auto last = player_.frames() - 1;
   const auto now = GetPreviewPositionFrame();
   const auto to = key == Key::ToStart ? 0 : key == Key::ToEnd ? last : now + (key == Key::StepBack ? -1 : 1);

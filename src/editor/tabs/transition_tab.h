@@ -8,8 +8,11 @@
 #include "ports/user_store.h"
 
 #include <functional>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -88,7 +91,7 @@ class TransitionRules {
   void chooseCut(bool cut);
   /// Sld_In, in tenths of a second. Moves of one drag are one step; `letGo` ends it.
   void moveDuration(int tenths);
-  void letGo() const;
+  void letGo();
 
   // The boxes of the options.
 
@@ -117,9 +120,10 @@ class TransitionRules {
   void BuildTransitionFrame();
   void PopulateTransOptsFromObj();
   void ApplyExtraParams(Movie& clip) const;
-  void storePick(std::string_view name, std::string_view series);
   void editOptions(std::string_view act, const std::function<void(Movie&)>& work);
   void askForSample();
+  void tellTooShort();
+  void warnOfShort();
   void noteUse(const std::string& name);
   void readNames();
   void showNames();
@@ -128,7 +132,9 @@ class TransitionRules {
   TransitionTab& tab_;
   TabHost& host_;
   UserStore& store_;
-  std::string sampled_;  // what the sample that was asked for last showed
+  std::string sampled_;                    // what the sample that was asked for last showed
+  std::optional<Long> toldTooShort_;       // the KeyID of the clip that a box has told of
+  std::set<std::pair<Long, int>> warned_;  // clips, by their KeyID, and lengths that a box has warned of
 };
 
 }  // namespace kvo

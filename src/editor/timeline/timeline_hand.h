@@ -118,6 +118,9 @@ class TimelineHand {
   void carryOut(const TimelineGesture& gesture);
   void click(const TimelineHit& hit);
   void say(const TimelineBlock& block, TimelineReading reading);
+  void refuse(const TimelineBlock& block, double seconds, std::string reason);
+  void sayAt(const TimelinePoint& at, std::string reason);
+  void sayOnlyShows(const TimelinePoint& at);
   void chooseEdge(ClipEdge edge);
   void go(int direction, const TimelineHeld& held);
   void goTo(bool last);

@@ -7,6 +7,7 @@
 #include "windows/editor/clip_list.h"
 #include "windows/editor/ease_panel_part.h"
 #include "windows/editor/headed_slider.h"
+#include "windows/editor/refusal.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -81,9 +82,11 @@ void EffectPage::act(const std::function<void()>& work) {
   logic_.acted();
 }
 
-void EffectPage::openKeyframes(int position) {
+void EffectPage::openOptions(QWidget& where, int position) {
   act([&] {
-    if (opensKeyframes(logic_.editing, state_, position)) showKeyframes_();
+    const auto configured = configure(logic_.editing, state_, logic_.host, position);
+    if (configured.showsKeyframes) showKeyframes_();
+    refuse(where, told(configured.whyNot));
   });
 }
 
@@ -92,12 +95,8 @@ QCheckBox* EffectPage::makeSwitch(QCheckBox* box, int position) {
   connect(box, &QCheckBox::clicked, [this, position](bool on) {
     act([&] { tickEffect(logic_.editing, state_, logic_.host, position, on); });
   });
-  if (position == kAgeSwitch) return box;
   box->setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(box, &QWidget::customContextMenuRequested, [this, position] {
-    if (position != kEaseSwitch) return openKeyframes(position);
-    act([&] { showEaseOpts(logic_.editing, state_, logic_.host, true); });
-  });
+  connect(box, &QWidget::customContextMenuRequested, [this, box, position] { openOptions(*box, position); });
   return box;
 }
 
@@ -145,8 +144,8 @@ void EffectPage::makeLevels() {
     auto* key = makeSmallKey(icon, position == kEaseSwitch ? tr("Ease options") : tr("Keyframes"),
                              {142, top - 4, 24, 24});
     (position == kEaseSwitch ? easeOptions_ : keyframes_[i]) = key;
-    connect(key, &QToolButton::clicked, [this, position = position] {
-      if (position != kEaseSwitch) return openKeyframes(position);
+    connect(key, &QToolButton::clicked, [this, key, position = position] {
+      if (position != kEaseSwitch) return openOptions(*key, position);
       act([&] { showEaseOpts(logic_.editing, state_, logic_.host, !state_.ease.open); });
     });
   }
@@ -193,7 +192,8 @@ void EffectPage::draw() {
     key->setVisible(state_.faces[static_cast<std::size_t>(position)].isOn);
   const bool eases = state_.faces[kEaseSwitch].isOn;
   easeOptions_->setVisible(eases);
-  for (auto* option : {easeIn_, easeOut_}) option->setEnabled(eases);
+  for (auto* option : {easeIn_, easeOut_})
+    setWhyNot(*option, eases ? QString() : tr("Switch the effect on first"));
   (state_.ease.EaseIN ? easeIn_ : easeOut_)->setChecked(true);
   effects_->setVisible(!state_.ease.open);
   for (int i = 1; i <= 2 * kEffectRows; ++i)

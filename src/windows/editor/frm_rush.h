@@ -53,6 +53,7 @@ class FrmRush final : public QWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -68,6 +69,7 @@ class FrmRush final : public QWidget {
   void appear();
   void keep() const;
   void orderFocus();
+  void save(const std::function<void()>& act);
   void leaveTools();
   void takeTools();
   [[nodiscard]] bool takes(int key, Qt::KeyboardModifiers with);

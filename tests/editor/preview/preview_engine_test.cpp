@@ -121,6 +121,9 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
       {"it halts", key(Key::PlayOrPause), "pause", "00:03.0000"},
       {"it goes on", key(Key::PlayOrPause), "play", "00:03.0000"},
       {"a step halts it", key(Key::StepForward), "pause seek:31", "00:03.1000"},
+      {"it goes on again", key(Key::PlayOrPause), "play", "00:03.1000"},
+      {"the end is there to be seen", key(Key::ToEnd), "pause seek:99", "00:09.9000"},
+      {"back", [&] { b.preview.showAt(3.1); }, "seek:31", "00:03.1000"},
   };
   for (const auto& row : rows) {
     row.act();
