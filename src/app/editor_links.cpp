@@ -51,6 +51,12 @@ bool EditorLinks::isPlaying() const {
   return states_.preview.kind == PreviewKind::Movie && states_.preview.PreviewPlaying;
 }
 
+// What stood in its place has gone with it.
+void EditorLinks::KillPreview() {
+  standIn_.reset();
+  preview_.KillPreview();
+}
+
 MainWindowDoors EditorLinks::mainWindow() {
   return {.Displaymovieinfo = [this](int number) { parts_.face.Displaymovieinfo(number); },
           .PlayerPause = [this] { parts_.face.PlayerPause(); },

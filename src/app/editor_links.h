@@ -88,7 +88,7 @@ class EditorLinks : public DeskPreview {
   void showClipFrame(Long frame);
 
   // Of the desk
-  void KillPreview() override { preview_.KillPreview(); }
+  void KillPreview() override;
   void sample(Sample what, int clipNo) override { preview_.sample(what, clipNo); }
   [[nodiscard]] bool isPlaying() const override;
   void movieIsStale() override { preview_.movieIsStale(); }

@@ -188,10 +188,7 @@ void PreviewEngine::release() {
   unwritten_.clear();
   sought_.reset();
   player_.clear();
-  if (movieRuns()) {
-    host_.FrmFileOpenToolsOnOff(true);
-    host_.watchChanges(true);
-  }
+  const bool ran = movieRuns();
   if (isSample()) {
     state_.FSB_RenderRange = movieBar_;
     state_.cuts = movieCuts_;
@@ -203,6 +200,10 @@ void PreviewEngine::release() {
   state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
   ShowPreviewBut();
+  if (ran) {
+    host_.FrmFileOpenToolsOnOff(true);
+    host_.watchChanges(true);
+  }
   host_.Displaymovieinfo();
 }
 

@@ -36,6 +36,7 @@ struct TimelineState {
   std::optional<TimelineDrag> drag;  ///< what is under way, and what it would do
   TimelineReading reading;
   std::optional<TimelineSaying> saying;
+  int refusals = 0;  ///< higher for each saying that is a reason alone: nothing goes on that it belongs to
   std::optional<TimelineDrop> drop;
   TimelineHit hover;
 };

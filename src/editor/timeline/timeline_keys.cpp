@@ -88,6 +88,7 @@ void TimelineHand::refuse(const TimelineBlock& block, double seconds, std::strin
 
 void TimelineHand::sayAt(const TimelinePoint& at, std::string reason) {
   state_.saying = TimelineSaying{at, {}, std::move(reason)};
+  ++state_.refusals;
 }
 
 void TimelineHand::sayOnlyShows(const TimelinePoint& at) { sayAt(at, translated("Stop the preview first")); }
@@ -97,6 +98,7 @@ void TimelineHand::say(const TimelineBlock& block, TimelineReading reading) {
   const double x = state_.sight.xOf(reading.line.value_or(block.start));
   const auto bands = bandsOf(state_.sight, state_.blocks.lanes);
   const TimelinePoint at{std::clamp(x, kLanesLeft, state_.sight.width), bands.pictures.y};
+  if (reading.text.empty()) return sayAt(at, std::move(reading.reason));
   state_.saying = TimelineSaying{at, std::move(reading.text), std::move(reading.reason)};
 }
 

@@ -149,8 +149,11 @@ void FrmRush::makeShortcuts() {
 void FrmRush::save(const std::function<void()>& act) {
   const auto& frame = state_.frame;
   const auto why = frame.toolsOn ? told(frame.saveOffBecause) : shown(frame.toolsOffBecause);
-  auto& here = focusWidget() != nullptr ? *focusWidget() : *static_cast<QWidget*>(tabs_);
-  why.isEmpty() ? act() : refuse(here, why);
+  why.isEmpty() ? act() : refuse(focused(), why);
+}
+
+QWidget& FrmRush::focused() const {
+  return focusWidget() != nullptr && focusWidget() != this ? *focusWidget() : *static_cast<QWidget*>(tabs_);
 }
 
 void FrmRush::layOut() {
@@ -280,6 +283,9 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
       return true;
     case Qt::Key_0:
       acts_.wholeMovie();
+      return true;
+    case Qt::Key_Delete:  // elsewhere it is not the clip that one would expect to go
+      refuse(focused(), tr("Click a clip on the timeline first"));
       return true;
     default:
       return false;

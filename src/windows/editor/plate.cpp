@@ -31,8 +31,8 @@ Plate::Plate(const QPointF& at, const QSizeF& within, const QString& text, const
   add(reason, token("amber"), kPlateReason);
   const double height = static_cast<double>(lines_.size()) * kPlateLine;
   const double x = std::clamp(at.x() - width / 2, 4.0, std::max(4.0, within.width() - width - 4));
-  const double y =
-      std::clamp(at.y() - kPlateAbove - height / 2, 2.0, std::max(2.0, within.height() - height - 2));
+  const double above = at.y() - kPlateAbove - height / 2;
+  const double y = above < 2 ? at.y() + kPlateAbove - height / 2 : above;  // where there is no room, below
   box_ = {x, y, width, height};
 }
 

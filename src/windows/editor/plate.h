@@ -16,7 +16,7 @@ namespace kvo {
 class Plate {
  public:
   Plate() = default;
-  /// Over `at`, as far as `within` has room; either text may be empty.
+  /// Over `at`, or below where `within` has no room; either text may be empty.
   Plate(const QPointF& at, const QSizeF& within, const QString& text, const QString& reason);
 
   [[nodiscard]] const QRectF& box() const { return box_; }

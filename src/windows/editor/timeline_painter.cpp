@@ -30,10 +30,7 @@ TimelinePainter::TimelinePainter(const TimelineState& state, TimelineSketches& s
 void TimelinePainter::draw(bool hasFocus) {
   painter_.setRenderHint(QPainter::Antialiasing);
   painter_.fillRect(QRectF(0, 0, state_.sight.width, state_.sight.height), ink::colour(token("ink0")));
-  if (state_.blocks.empty()) {
-    drawEmpty();
-    return drawSaying();
-  }
+  if (state_.blocks.empty()) return drawEmpty();
   drawLanes();
   TimelineBlocksPainter blocks(state_, sketches_, painter_);
   blocks.drawClips();
@@ -216,7 +213,7 @@ void TimelinePainter::drawDropPlace(double seconds) {
 }
 
 void TimelinePainter::drawSaying() {
-  if (!state_.saying) return;
+  if (!state_.saying || (state_.saying->text.empty() && !state_.drag)) return;
   const auto& saying = *state_.saying;
   Plate({saying.at.x, saying.at.y}, {state_.sight.width, state_.sight.height}, shown(saying.text),
         shown(saying.reason))

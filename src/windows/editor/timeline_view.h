@@ -85,6 +85,7 @@ class TimelineView : public QFrame {
   void shown();
   void settle();
   void tellClip();
+  void tellReason();
   bool pinch(const QNativeGestureEvent& event);
   void showTip(const QPoint& at, const QPoint& global);
 
@@ -93,6 +94,7 @@ class TimelineView : public QFrame {
   QScrollBar* bar_;
   std::optional<Drawn> drawn_;
   int toldClip_ = 0;
+  int refused_ = 0;
   QBasicTimer scrolling_;  // while a drag rests at an edge
   bool showingBar_ = false;
 };

@@ -32,6 +32,7 @@ TEST(Preview, PlacesInFiguresAndAmongTheClips) {
 
 TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   PreviewBench b;
+  b.host.turned = [&](bool on) { EXPECT_EQ(b.state.PreviewPlaying, !on) << "as they tell of it"; };
   b.preview.PrepPreview();
   EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details park tools-");
   EXPECT_EQ(b.takeActs(), "clear load play");
