@@ -217,8 +217,9 @@ TEST(FrmRush, WhatCannotBeDoneIsSaidWhereTheHandIs) {
     return [&b, which, with] { QTest::keyClick(b.window.get(), which, with); };
   };
   const auto click = [&](QWidget* part) { return [part] { QTest::mouseClick(part, Qt::LeftButton); }; };
-  auto* equi =
-      b.part<KVOBut>("Copy equal chunk from end of current clip - Right Click on Movie Name to Re-Name");
+  auto* equi = b.part<KVOBut>(
+      "Copy equal chunk from end of current clip - Right Click on Movie Name to Re-Name\n"
+      "Nothing lies behind the Mark-Out");
   struct Row {
     std::function<void()> act;
     const char* said;
@@ -236,6 +237,7 @@ TEST(FrmRush, WhatCannotBeDoneIsSaidWhereTheHandIs) {
   b.picture("refusal");
   b.frame.toolsOn = false;
   b.frame.toolsOffBecause = "Stop the preview first";
+  b.create.IsPreviewRunning = true;
   b.window->draw();
   for (const auto& act : std::initializer_list<std::function<void()>>{key(Qt::Key_3, Qt::ControlModifier),
                                                                       click(b.part<QComboBox>("Resolution")),

@@ -78,6 +78,7 @@ FrmRush::FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::st
   all->addWidget(tabs_);
   all->addWidget(splitter_, 1);
   makeShortcuts();
+  sayWhyOff(*this);
   layOut();
 }
 
@@ -298,9 +299,6 @@ void FrmRush::keyPressEvent(QKeyEvent* event) {
   if (with == Qt::NoModifier && takes(event->key(), event->modifiers())) return event->accept();
   QWidget::keyPressEvent(event);
 }
-
-// Here comes what nobody has taken: among it each press on what is off.
-void FrmRush::mousePressEvent(QMouseEvent* event) { refuseOff(*this, event->position().toPoint()); }
 
 void FrmRush::closeEvent(QCloseEvent* event) {
   event->ignore();  // it goes when the editor has closed

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
 
@@ -78,6 +79,31 @@ class Refusal final : public QWidget {
   QElapsedTimer since_;
 };
 
+// Keys and boxes that are off take presses without a word, so these are met on their way there.
+class OffWatch final : public QObject {
+ public:
+  explicit OffWatch(QWidget& window) : QObject(&window), window_(window) {
+    QApplication::instance()->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::MouseButtonPress || !watched->isWidgetType()) return false;
+    auto& part = *static_cast<QWidget*>(watched);
+    if (part.window() != &window_ || part.isEnabled()) return false;
+    const auto at = static_cast<QMouseEvent*>(event)->position().toPoint();
+    for (auto* of = &part; of != nullptr && of != &window_; of = of->parentWidget()) {
+      if (const auto reason = whyNot(*of); !reason.isEmpty()) {
+        refuse(part, at, reason);
+        break;
+      }
+    }
+    return false;
+  }
+
+ private:
+  QWidget& window_;
+};
+
 }  // namespace
 
 void refuse(QWidget& where, const QPoint& at, const QString& reason) {
@@ -108,12 +134,6 @@ void setWhyNot(QWidget& widget, const QString& reason, const QString& tip) {
   setTipOf(widget, reason.isEmpty() ? tip : tip + "\n" + reason);
 }
 
-void refuseOff(QWidget& window, const QPoint& at) {
-  auto* part = window.childAt(at);
-  if (part == nullptr || part->isEnabled()) return;
-  for (auto* of = part; of != nullptr && of != &window; of = of->parentWidget()) {
-    if (const auto reason = whyNot(*of); !reason.isEmpty()) return refuse(window, at, reason);
-  }
-}
+void sayWhyOff(QWidget& window) { made<OffWatch>(window); }
 
 }  // namespace kvo

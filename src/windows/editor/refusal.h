@@ -22,7 +22,7 @@ QString whyNot(const QWidget& widget);
 void setWhyNot(QWidget& widget, const QString& reason);
 void setWhyNot(QWidget& widget, const QString& reason, const QString& tip);
 
-/// For a press that nobody in `window` has taken: says why what lies there is off.
-void refuseOff(QWidget& window, const QPoint& at);
+/// From now on a press on anything in `window` that is off says why it is.
+void sayWhyOff(QWidget& window);
 
 }  // namespace kvo

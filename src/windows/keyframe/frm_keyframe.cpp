@@ -15,7 +15,6 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSlider>
@@ -58,6 +57,7 @@ FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, Doors doors)
   makeList();
   makeControls();
   makeShortcuts();
+  sayWhyOff(*this);
 }
 
 // Those of the editor's window below, which cannot hear them.
@@ -238,8 +238,6 @@ void FrmKeyframe::appear(QWidget& owner) {
 void FrmKeyframe::keyPressEvent(QKeyEvent* event) {
   event->key() == Qt::Key_Escape ? static_cast<void>(close()) : EditorPage::keyPressEvent(event);
 }
-
-void FrmKeyframe::mousePressEvent(QMouseEvent* event) { refuseOff(*this, event->position().toPoint()); }
 
 void FrmKeyframe::closeEvent(QCloseEvent* event) {
   event->accept();

@@ -37,7 +37,6 @@ class FrmKeyframe final : public EditorPage {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   void makeStrip();
