@@ -263,6 +263,8 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   EXPECT_NEAR(shownFrames.back(), 119, 1) << "the picture goes with the frame";
   keepPicture(window, "keyframes");
   expectReachable(window);
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   QTest::keyClick(strip, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(steps, -1);
   QTest::keyClick(strip, Qt::Key_Y, Qt::ControlModifier);
