@@ -9,7 +9,9 @@
 namespace kvo {
 namespace {
 
-constexpr int kWheelRest = 500;  // milliseconds without a notch, behind which a wheel rests
+// Milliseconds.
+constexpr int kWheelRest = 500;  // without a notch, behind which a wheel rests
+constexpr int kKeyRest = 100;    // a key that is held may seem to be let go for a moment between two repeats
 
 }  // namespace
 
@@ -23,12 +25,19 @@ void HandWatch::tell(bool held) {
   held_(held);
 }
 
+void HandWatch::pressed(int key) {
+  if (std::exchange(key_, key) != key && rest_.isActive()) tell(false);
+  tell(true);
+}
+
 // Ahead of what the widgets do: a click counts as done with the hand open, as it ends with a release.
 bool HandWatch::eventFilter(QObject* watched, QEvent* event) {
   if (!watched->isWidgetType() || static_cast<QWidget*>(watched)->window() != &window_) return false;
   switch (event->type()) {
-    case QEvent::MouseButtonPress:
     case QEvent::KeyPress:
+      pressed(static_cast<QKeyEvent*>(event)->key());
+      break;
+    case QEvent::MouseButtonPress:
       tell(true);
       break;
     case QEvent::Wheel:
@@ -36,7 +45,7 @@ bool HandWatch::eventFilter(QObject* watched, QEvent* event) {
       rest_.start(kWheelRest, this);
       break;
     case QEvent::KeyRelease:
-      if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) tell(false);
+      if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) rest_.start(kKeyRest, this);
       break;
     case QEvent::MouseButtonRelease:
     case QEvent::WindowDeactivate:

@@ -22,10 +22,12 @@ class HandWatch final : public QObject {
 
  private:
   void tell(bool held);
+  void pressed(int key);
 
   QWidget& window_;
   std::function<void(bool)> held_;
-  QBasicTimer rest_;  // of the wheel
+  QBasicTimer rest_;  // of the wheel, or of a key
+  int key_ = 0;       // that was pressed last
 };
 
 }  // namespace kvo
