@@ -2,6 +2,7 @@
 // no rules.
 #pragma once
 
+#include "app/analysing_film.h"
 #include "app/play_links.h"
 #include "app/session.h"
 #include "editor/desk/timeline_desk.h"
@@ -75,6 +76,7 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] PreviewEngine& preview() { return preview_; }
   [[nodiscard]] CreateRules& create() { return create_; }
   [[nodiscard]] TransitionRules& transition() { return transition_; }
+  [[nodiscard]] NameChooser& effectNames() { return effectNames_; }
   [[nodiscard]] TimelineHand& hand() { return hand_; }
   [[nodiscard]] const Editing& editing() const { return parts_.session.editing; }
 
@@ -118,6 +120,8 @@ class EditorLinks : public DeskPreview {
   PreviewEngine preview_;
   CreateRules create_;
   TransitionRules transition_;
+  NameChooser effectNames_;
+  AnalysingFilm film_;
   TimelineDesk timelineActs_;
   TimelineHand hand_;
   LastWish<FrameWish, Result<FramePicture>> frames_;
@@ -126,6 +130,7 @@ class EditorLinks : public DeskPreview {
   std::optional<FrameWish> standIn_;  // what stands in the place of a preview, or will
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
+  std::uint64_t openedSeen_ = 0;
 };
 
 }  // namespace kvo

@@ -3,12 +3,13 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
-#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
 
 #include <QImage>
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -47,7 +48,7 @@ class EditorWindow {
 
  private:
   void make();
-  void makePages();
+  void makePage(int tab);
   void makePreview();
   void makeTimeline();
   [[nodiscard]] PageLogic pageLogic();
@@ -63,7 +64,8 @@ class EditorWindow {
   };
   static const QImage& kept(ShownPicture& shown, const std::shared_ptr<const FramePicture>& picture);
 
-  EngineTransitionSamples samples_;
+  EngineSamples transitions_;
+  EngineSamples effects_;
   ColourPictures colours_;
   std::map<int, ShownPicture> pictures_;  // by clip
   ShownPicture coloured_;
@@ -72,6 +74,7 @@ class EditorWindow {
   std::unique_ptr<FrmAnalysing> analysing_;
   std::vector<std::unique_ptr<HandWatch>> hands_;  // of the windows in which edits are made
   TimelineView* timeline_ = nullptr;               // the window's
+  std::array<bool, kEditorTabs> hasPage_{};
 };
 
 }  // namespace kvo

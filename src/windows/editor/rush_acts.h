@@ -21,6 +21,7 @@ struct RushState {
 struct RushActs {
   std::function<void(int tab)> Buildtabs;  ///< 1 to 7
   std::function<void(ClipKey key)> clipKey;
+  std::function<void()> transition;  ///< D: one leads into the clip in hand, if none does, and its tab opens
   std::function<void(int hundredths)> moveRate;
   std::function<void()> rateLetGo;
   std::function<void(int tenths)> moveLevel;
@@ -28,9 +29,10 @@ struct RushActs {
   std::function<void(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes
   std::function<void(double part)> zoom;       ///< of the timeline, 0 to 1
   std::function<void()> wholeMovie;
-  std::function<void()> preview;  ///< Space
-  std::function<void()> save;     ///< Ctrl+S: into the collection's own file
-  std::function<void()> saveAs;   ///< Ctrl+Shift+S: asks for a name
+  std::function<void()> preview;        ///< Space
+  std::function<void()> save;           ///< Ctrl+S: into the collection's own file
+  std::function<void()> saveAs;         ///< Ctrl+Shift+S: asks for a name
+  std::function<void()> stopAnalysing;  ///< Escape while the files of the clips are looked into
   std::function<void()> close;
 };
 
