@@ -228,6 +228,7 @@ TEST_F(FirstMovie, ByTheMouse) {
   ASSERT_TRUE(shows(kAboveSongChosen, kChosen, "2x2")) << "and there it stands";
   click(kCreateMovie);
   ASSERT_TRUE(comes("Create New Movie"));
+  ASSERT_TRUE(shows(kStill, kYellow, "8x8")) << "its picture lies on the timeline";
   drag(kStill, kStillOverClip);
   click(kSaveProject);
   saves();
