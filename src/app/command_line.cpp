@@ -1,6 +1,8 @@
 #include "app/command_line.h"
 
 #include "base/numbers.h"
+#include "base/text.h"
+#include "render/wm8_profile.h"
 
 #include <algorithm>
 #include <array>
@@ -55,6 +57,14 @@ Outcome readCodec(CommandLine& line, const std::string& value) {
   return Error{"--codec " + value + ": there are raw and mpeg4"};
 }
 
+Outcome readProfile(CommandLine& line, const std::string& value) {
+  const auto number = numberIn(value);
+  if (!number || !isWhole(*number) || *number < 0 || *number > kLastProfile)
+    return Error{"--profile " + value + ": give the number of a Windows Media profile, 0 to 41"};
+  line.profile = static_cast<int>(*number);
+  return {};
+}
+
 Outcome readOutput(CommandLine& line, const std::string& value) {
   line.output = value;
   return value.empty() ? Outcome(Error{"--output: the name is empty"}) : Outcome();
@@ -68,7 +78,7 @@ struct RenderOption {
 constexpr std::array kRenderOptions = {
     RenderOption{"--output", readOutput}, RenderOption{"--range", readRange},
     RenderOption{"--size", readSize},     RenderOption{"--rate", readRate},
-    RenderOption{"--codec", readCodec},
+    RenderOption{"--codec", readCodec},   RenderOption{"--profile", readProfile},
 };
 
 // What is read for a command: its own word first, then what stands behind it.
@@ -92,6 +102,8 @@ Outcome readRender(CommandLine& line, Words words) {
     if (i + 1 == words.size()) return Error{words[i] + " needs a value"};
     if (auto done = option->read(line, words[i + 1]); !done) return done;
   }
+  if (line.profile && !endsInText(line.output, ".wmv") && !endsInText(line.output, ".wma"))
+    return Error{"--profile goes with an output that ends in .wmv or .wma"};
   return line.output.empty() ? Outcome(Error{words[0] + " needs --output FILE"}) : Outcome();
 }
 
@@ -165,6 +177,7 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --size WxH        picture size in pixels: 640x360
       --rate FPS        frames a second, 2 to 240: 25
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
+      --profile NUMBER  of a .wmv or .wma: size and bit rates of a Windows Media profile, 0 to 41
 kvo5 --add COLLECTION FILE...
     Adds clips, folders of clips and addresses of streams to a collection, which is begun where there is none.
 kvo5 --check COLLECTION

@@ -115,6 +115,25 @@ TEST(Autosave, AKeptFileThatIsDamagedIsPutAside) {
   EXPECT_FALSE(b.files.exists(kKept));
 }
 
+TEST(Autosave, AFailedWriteIsTriedAgainAndNothingPutAsideIsLost) {
+  KeptBench b;
+  b.files.all["/prog/Autosave.INI.old"] = "an earlier one";
+  b.files.all[kKept] = "one more";
+  b.boxes.answers = {Answer::No};
+  b.autosave.begin();
+  EXPECT_EQ(b.files.all["/prog/Autosave.INI.old"], "an earlier one");
+  EXPECT_EQ(b.files.all["/prog/Autosave.INI.old2"], "one more");
+  b.look();
+  b.listCommands.rename("Beach");
+  b.files.unwritable = {kKept};
+  b.look();
+  b.look();
+  EXPECT_FALSE(b.files.exists(kKept));
+  b.files.unwritable.clear();
+  b.look();
+  EXPECT_TRUE(b.files.all[kKept].find("Beach") != std::string::npos);
+}
+
 // A process that edits, and saves now and then, until it is killed. What it has done stands in the names of
 // the one clip: the milliseconds of the clock at each edit.
 [[noreturn]] void editForEver(const std::string& folder) {

@@ -1,6 +1,6 @@
 // The editor's window, drawn from state that is filled by hand. With KVO_PICTURES set to a folder each test
 // that draws leaves its picture there.
-#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/engine_samples.h"
 #include "editor/tabs/tab_bench.h"
 #include "support/memory_store.h"
 #include "support/plain_desktop.h"
@@ -40,8 +40,8 @@ struct RushBench : test::TabBench {
   test::MemoryStore store;
   test::PlainDesktop desktop;
   test::NamedStreams noFiles;  // so that the samples are of plain colours
-  EngineTransitionSamples samples{collection, noFiles,
-                                  [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
+  EngineSamples samples{transitionArt(collection), noFiles,
+                        [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
   int come = 0;
   CreateRules createRules{editing, create, host};
   TransitionRules transitionRules{editing, transition, host, store};
@@ -78,7 +78,7 @@ struct RushBench : test::TabBench {
                  number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
                  note("levelUp"), number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), note("save"), note("close")},
+                 note("whole"), note("preview"), note("save"), note("stopAnalysing"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
@@ -287,7 +287,7 @@ TEST(TransitionPage, TilesArePickedByMouseAndArrows) {
   auto* tiles = b.part<TransitionTiles>("Transitions");
   auto* find = b.part<QLineEdit>("Find a transition by its name");
   QTest::keyClicks(find, "circle");
-  EXPECT_EQ(b.transition.shown.size(), 6U);
+  EXPECT_EQ(b.transition.names.shown.size(), 6U);
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(110, 50));
   EXPECT_EQ(b.clip(2).TransType(), "Circle2");
   QTest::keyClick(tiles, Qt::Key_Down);
@@ -296,7 +296,7 @@ TEST(TransitionPage, TilesArePickedByMouseAndArrows) {
   EXPECT_EQ(b.clip(2).TransType(), "Circle8");
   QTest::mouseMove(tiles->widget(), QPoint(30, 30));
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(68, 12));
-  EXPECT_EQ(b.transition.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
+  EXPECT_EQ(b.transition.names.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
   EXPECT_EQ(b.clip(2).TransType(), "Circle8");
 }
 

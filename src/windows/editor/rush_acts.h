@@ -32,6 +32,7 @@ struct RushActs {
   std::function<void()> wholeMovie;
   std::function<void()> preview;  ///< Space
   std::function<void()> save;
+  std::function<void()> stopAnalysing;  ///< Escape while the files of the clips are looked into
   std::function<void()> close;
 };
 

@@ -178,21 +178,21 @@ void TransitionPage::makeChoice() {
   favourites_->setToolTip(tr("Favourites and those used last alone"));
   favourites_->setAccessibleName(favourites_->toolTip());
   connect(find_, &QLineEdit::textEdited,
-          [this, &rules](const QString& text) { act([&] { rules.find(text.toStdString()); }); });
+          [this, &rules](const QString& text) { act([&] { rules.names().find(text.toStdString()); }); });
   connect(favourites_, &QToolButton::clicked,
-          [this, &rules](bool on) { act([&] { rules.showFavouritesAlone(on); }); });
+          [this, &rules](bool on) { act([&] { rules.names().showFavouritesAlone(on); }); });
   instead_ = write({}, "hint", kTilesPlace);
   instead_->setAlignment(Qt::AlignCenter);
   instead_->setWordWrap(true);
-  Lst_Transitions_ =
-      put(made<TransitionTiles>(
-              state_, logic_.samples,
-              TransitionTiles::Acts{
-                  [this, &rules](const std::string& name) { act([&] { rules.pick(name); }); },
-                  [this, &rules](int steps) { act([&] { rules.pickNext(steps); }); },
-                  [this, &rules](const std::string& name) { act([&] { rules.toggleFavourite(name); }); }},
-              this),
-          kTilesPlace);
+  Lst_Transitions_ = put(
+      made<TransitionTiles>(
+          state_, logic_.samples,
+          TransitionTiles::Acts{
+              [this, &rules](const std::string& name) { act([&] { rules.pick(name); }); },
+              [this, &rules](int steps) { act([&] { rules.pickNext(steps); }); },
+              [this, &rules](const std::string& name) { act([&] { rules.names().toggleFavourite(name); }); }},
+          this),
+      kTilesPlace);
   particles_ =
       put(made<ParticlePart>(state_.particles,
                              ParticlePart::Acts{[this, &rules](const ParticleBoxes& wanted) {
@@ -265,12 +265,13 @@ void TransitionPage::drawChoice() {
   cut_->setEnabled(state_.canHaveTransition);
   transition_->setEnabled(state_.canHaveTransition);
   find_->setEnabled(tiles);
-  if (find_->text() != shown(state_.find)) find_->setText(shown(state_.find));
-  favourites_->setChecked(state_.onlyFavourites);
+  if (find_->text() != shown(state_.names.find)) find_->setText(shown(state_.names.find));
+  favourites_->setChecked(state_.names.onlyFavourites);
   favourites_->setEnabled(tiles);
   favourites_->setIconSize(QSize(themed(16), themed(16)));
-  favourites_->setIcon(QIcon(iconPicture("star", state_.onlyFavourites ? token("amber") : token("text3"),
-                                         themed(16), devicePixelRatio())));
+  favourites_->setIcon(
+      QIcon(iconPicture("star", state_.names.onlyFavourites ? token("amber") : token("text3"), themed(16),
+                        devicePixelRatio())));
   Lst_Transitions_->setVisible(tiles);
   if (tiles) Lst_Transitions_->draw();
   particles_->setVisible(panel.listVisible && state_.particlesOpen);
