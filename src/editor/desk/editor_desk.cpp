@@ -195,6 +195,12 @@ void EditorDesk::UpDateFrmFileOpen(int clipNo, bool pause) {
   if (!pause) doors_.PlayerPause();
 }
 
+// Behind a preview: the clip in hand is not the one that is previewed any more.
+void EditorDesk::Displaymovieinfo() {
+  doors_.Displaymovieinfo(parts_.editing.collection.icurMov);
+  ShowClipStats();
+}
+
 void EditorDesk::ShowClipStats() {
   const int number = parts_.editing.collection.icurMov;
   const auto& commands = parts_.commands;

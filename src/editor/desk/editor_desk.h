@@ -95,7 +95,7 @@ class EditorDesk : public PreviewHost {
   void FrmFileOpenToolsOnOff(bool on) override;
   void watchChanges(bool on) override;
   void selectRow(int clipNo) override { parts_.list.select(clipNo); }
-  void Displaymovieinfo() override { doors_.Displaymovieinfo(parts_.editing.collection.icurMov); }
+  void Displaymovieinfo() override;
   void deleteWorkFiles() override;
   [[nodiscard]] StillControls stillControls() const override { return controls_.stills(); }
   [[nodiscard]] bool Chk_AutoRewind() const override { return controls_.Chk_AutoRewind(); }

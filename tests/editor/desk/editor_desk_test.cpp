@@ -516,6 +516,11 @@ TEST(ClipStats, TellWhatTheRecordHas) {
   b.clip(4).Resolution("N/A");
   EXPECT_EQ(all(clipStats(b.editing, 4, true)),
             "Previewing - Cut 4|photo.jpg|N/A|5.000 (s)|0.00 - 0.00 (s)|N/A|N/A|N/A|No Effects|N/A");
+  for (const bool plays : {true, false}) {
+    b.preview.plays = plays;
+    b.desk.Displaymovieinfo();
+    EXPECT_EQ(b.state.stats.lbl_ClipStats, plays ? "Previewing - Cut 1" : "Cut 1 Details");
+  }
 }
 
 // Each wish of the timeline is one step, as the lists' own commands would have made it.
