@@ -81,7 +81,7 @@ int runWindow(int argc, char** argv) {
   if (!kvo::hasDisplay()) return failWithoutDisplay();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   return kvo::runWindow(argc, argv, kvo::findProgramFolder(environment, beside), beside,
-                        kvo::placesFile(environment));
+                        kvo::placesFile(environment), kvo::sketchesFolder(environment));
 }
 
 }  // namespace
