@@ -3,6 +3,7 @@
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/compiler/durations.h"
+#include "editor/desk/clip_stats.h"
 #include "editor/desk/values_beside.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/operations.h"
@@ -35,6 +36,9 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
       timelineActs_({desk_, parts.session.editing, parts.history, parts.commands, parts.mailbox},
                     timelineDoors()),
       hand_(states_.timeline, timelineActs_),
+      files_(
+          parts.loop, parts.session.editing.files, [this] { return filesOfClips(); },
+          [this](const auto& files) { missed(files); }),
       frames_(
           parts.loop,
           [this](const FrameWish& wish) {
@@ -131,6 +135,7 @@ void EditorLinks::settle() {
   if (!parts_.window.face.visible) desk_.leave();
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
+  files_.watch(desk_.isOpen());
   film_.settle();
   if (!desk_.isOpen()) return;
   const auto& create = states_.create;
@@ -150,15 +155,44 @@ void EditorLinks::settle() {
   }
   const auto& collection = parts_.session.collection;
   const bool timed = std::exchange(timedSeen_, states_.window.timed) != states_.window.timed;
-  if ((timed || edited) && desk_.knowsFiles())
-    hand_.show(blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing())));
+  if ((timed || edited) && desk_.knowsFiles()) showBlocks();
   if (std::exchange(openedSeen_, states_.window.opened) != states_.window.opened) hand_.open();
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
+  if (std::exchange(compilesSeen_, states_.preview.compiles) != states_.preview.compiles)
+    states_.window.totals = previewTotals(editing().editor, states_.preview.labels);
   states_.window.frame.zoom = hand_.zoomPart();
   standIn();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
+}
+
+void EditorLinks::showBlocks() {
+  const auto& collection = parts_.session.collection;
+  auto blocks = blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing()));
+  const auto& missing = editing().editor.missingFiles;
+  for (auto* row : {&blocks.clips, &blocks.music}) {
+    for (auto& block : *row) block.isMissing = missing.contains(block.file);
+  }
+  hand_.show(std::move(blocks));
+}
+
+FileWatch::Paths EditorLinks::filesOfClips() const {
+  FileWatch::Paths files;
+  const auto& clips = parts_.session.collection.MovieList;
+  for (int i = 1; i <= clips.count(); ++i) {
+    if (auto file = clipFile(clips[i]); !isAddress(file)) files.insert(std::move(file));
+  }
+  return files;
+}
+
+// What has come back is looked at anew, and so is the movie that failed for want of it.
+void EditorLinks::missed(const FileWatch::Paths& files) {
+  editing().editor.missingFiles = files;
+  ++states_.window.timed;
+  standIn_.reset();
+  preview_.filesCame();
+  parts_.draw();
 }
 
 std::string EditorLinks::goInHistory(int steps) {

@@ -5,6 +5,7 @@
 #include "app/analysing_film.h"
 #include "app/play_links.h"
 #include "app/session.h"
+#include "editor/desk/file_watch.h"
 #include "editor/desk/timeline_desk.h"
 #include "editor/preview/preview_engine.h"
 #include "editor/tabs/audio_tab.h"
@@ -111,6 +112,9 @@ class EditorLinks : public DeskPreview {
   void standIn();
   void showFrame(const FrameWish& wish, const Result<FramePicture>& picture);
   void endFrame();
+  [[nodiscard]] FileWatch::Paths filesOfClips() const;
+  void missed(const FileWatch::Paths& files);
+  void showBlocks();
 
   Parts parts_;
   EditorStates states_;
@@ -124,12 +128,14 @@ class EditorLinks : public DeskPreview {
   AnalysingFilm film_;
   TimelineDesk timelineActs_;
   TimelineHand hand_;
+  FileWatch files_;
   LastWish<FrameWish, Result<FramePicture>> frames_;
   std::shared_ptr<const Bitmap> beforeFrame_;  // what a frame of a dragged mark stands in the place of
   bool showsFrame_ = false;
   std::optional<FrameWish> standIn_;  // what stands in the place of a preview, or will
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
+  std::uint64_t compilesSeen_ = 0;
   std::uint64_t openedSeen_ = 0;
 };
 

@@ -42,6 +42,7 @@ class NotingHost : public PreviewHost {
   void watchChanges(bool on) override { note(on ? "watch+" : "watch-"); }
   void selectRow(int clipNo) override { note("row:" + std::to_string(clipNo)); }
   void Displaymovieinfo() override { note("details"); }
+  void restoreCaption() override { note("caption"); }
   void deleteWorkFiles() override { note("sweep"); }
   [[nodiscard]] StillControls stillControls() const override { return {}; }
   [[nodiscard]] bool Chk_AutoRewind() const override { return rewinds; }

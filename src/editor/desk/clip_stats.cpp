@@ -108,4 +108,10 @@ EditorTotals editorTotals(const EditorState& editor) {
           .audioIsRed = labels.audioIsRed};
 }
 
+EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels) {
+  auto totals = editorTotals(editor);
+  if (ToNumber(editor.AudioTotalTime) <= 0) totals.Lbl_AudTotal = labels.Lbl_AudTotal;
+  return totals;
+}
+
 }  // namespace kvo

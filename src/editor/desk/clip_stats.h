@@ -3,6 +3,7 @@
 
 #include "editor/tabs/editing.h"
 #include "editor/tabs/editor_parts_state.h"
+#include "editor/tabs/preview.h"
 
 namespace kvo {
 
@@ -29,5 +30,7 @@ ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts);
 
 /// The lengths of the movie by its last compile.
 EditorTotals editorTotals(const EditorState& editor);
+/// The same behind the compile of a preview, which says where there is no sound.
+EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels);
 
 }  // namespace kvo

@@ -107,8 +107,7 @@ void EditorDesk::finishOpening() {
   Buildtabs(1);
   Tmr_CheckChanges_Timer();
   watchChanges(true);
-  if (HaveAtleastOneVidTrack(e)) return;
-  e.boxes.show({"KVO - No Video Tracks", "No Video Tracks found ?", BoxButtons::Ok, BoxIcon::Information});
+  lacksVideo_ = !HaveAtleastOneVidTrack(e);
 }
 
 void EditorDesk::restoreTabs() {

@@ -67,6 +67,11 @@ void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
   doors_.FrmFileOpenToolsOnOff(on);
 }
 
+void EditorDesk::restoreCaption() {
+  parts_.state.frame.caption =
+      translated("   Create New movie from %1", {listName(parts_.editing.collection)});
+}
+
 void EditorDesk::deleteWorkFiles() { kvo::deleteWorkFiles(parts_.editing.files, parts_.editing.folder); }
 
 void EditorDesk::hold(bool held) {
@@ -96,6 +101,7 @@ bool EditorDesk::edit(std::string_view act, int clipNo, Integer changeCode,
 
 // Tmr_CheckChanges: whatever has changed, by whomever, shows within a tick.
 void EditorDesk::Tmr_CheckChanges_Timer() {
+  tellLackOfVideo();
   if (++ticks_ == kFirstCheck && !parts_.preview.isPlaying()) IsAudioBeforeVideo(parts_.editing);
   if (ticks_ > kLastTick) ticks_ = 1;
   if (!followsCollection() || parts_.window.busy()) return;
@@ -108,6 +114,13 @@ void EditorDesk::Tmr_CheckChanges_Timer() {
   ShowClipStats();
   buildClipSliders();
   followTab(code);
+}
+
+// Once the window is there for the box to stand over.
+void EditorDesk::tellLackOfVideo() {
+  if (!std::exchange(lacksVideo_, false)) return;
+  parts_.editing.boxes.show(
+      {"KVO - No Video Tracks", "No Video Tracks found ?", BoxButtons::Ok, BoxIcon::Information});
 }
 
 // False while there is no clip.

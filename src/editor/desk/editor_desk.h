@@ -96,6 +96,7 @@ class EditorDesk : public PreviewHost {
   void watchChanges(bool on) override;
   void selectRow(int clipNo) override { parts_.list.select(clipNo); }
   void Displaymovieinfo() override;
+  void restoreCaption() override;
   void deleteWorkFiles() override;
   [[nodiscard]] StillControls stillControls() const override { return controls_.stills(); }
   [[nodiscard]] bool Chk_AutoRewind() const override { return controls_.Chk_AutoRewind(); }
@@ -115,6 +116,7 @@ class EditorDesk : public PreviewHost {
   void tellPassedOver(const std::vector<std::string>& files);
   void Tmr_CheckChanges_Timer();
   void countTick();
+  void tellLackOfVideo();
   bool followsCollection();
   void membershipChanged();
   void takeSounds();
@@ -137,8 +139,9 @@ class EditorDesk : public PreviewHost {
   std::unique_ptr<Timer> analysing_;
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   bool opening_ = false;
-  bool editing_ = false;  // inside an edit
-  bool held_ = false;     // by the user, a key or the mouse
+  bool lacksVideo_ = false;  // and it is still to be told
+  bool editing_ = false;     // inside an edit
+  bool held_ = false;        // by the user, a key or the mouse
   bool hasMusic_ = false;
   int analysingTicks_ = 0;
   bool filmWasShown_ = false;

@@ -102,6 +102,8 @@ class TransitionRules {
   /// Which names are shown.
   [[nodiscard]] NameChooser& names() { return names_; }
 
+  [[nodiscard]] const std::set<std::string>& missingFiles() const { return e_.editor.missingFiles; }
+
  private:
   [[nodiscard]] Movie* clip() const;
   bool correct(Movie& clip, int number) const;

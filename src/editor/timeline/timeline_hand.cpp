@@ -48,7 +48,7 @@ void TimelineHand::show(TimelineBlocks blocks) {
 void TimelineHand::takeInHand(int clip) {
   if (state_.marks.clip == clip) return;
   state_.marks.clip = clip;
-  state_.edge.reset();
+  letGoOfEdge();
   if (const auto* block = inHand(); block != nullptr && !state_.drag)
     bringInSight(state_.sight, end(), block->start, block->stop);
 }
@@ -119,7 +119,7 @@ void TimelineHand::press(const TimelinePoint& at, const TimelineHeld& held) {
   pressed_ = TimelineDrag{hit, at, at, held};
   if (hit.clip != 0 && hit.clip != state_.marks.clip) {
     state_.marks.clip = hit.clip;  // as it lies: if it came in sight it would leave the pointer
-    state_.edge.reset();
+    letGoOfEdge();
     acts_.select(hit.clip);
   }
   if (hit.part == TimelinePart::Ruler && !held.shift)

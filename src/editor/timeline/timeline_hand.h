@@ -131,6 +131,7 @@ class TimelineHand {
   void sayAt(const TimelinePoint& at, std::string reason);
   void sayOnlyShows(const TimelinePoint& at);
   void chooseEdge(ClipEdge edge);
+  void letGoOfEdge();
   void go(int direction, const TimelineHeld& held);
   void goTo(bool last);
   void step(int direction);

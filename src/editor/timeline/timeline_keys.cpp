@@ -3,6 +3,7 @@
 #include "editor/timeline/timeline_hand.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -54,7 +55,7 @@ bool TimelineHand::key(TimelineKey key, const TimelineHeld& held) {
     case TimelineKey::Escape: {
       const bool hasWork = pressed_ || state_.edge;
       cancel();
-      state_.edge.reset();
+      letGoOfEdge();
       return hasWork;
     }
     case TimelineKey::Before:
@@ -107,9 +108,18 @@ void TimelineHand::say(const TimelineBlock& block, TimelineReading reading) {
   state_.saying = TimelineSaying{at, std::move(reading.text), std::move(reading.reason)};
 }
 
-// The same key again lets go of it.
+// What stands at it is seen until it is let go of; the same key again does that.
 void TimelineHand::chooseEdge(ClipEdge edge) {
-  state_.edge = state_.edge == edge ? std::nullopt : std::optional(edge);
+  const bool lets = state_.edge == edge;
+  letGoOfEdge();
+  if (lets) return;
+  state_.edge = edge;
+  const auto* block = inHand();
+  acts_.showFrame(block->clip, edge == ClipEdge::In ? block->markIn : block->markOut);
+}
+
+void TimelineHand::letGoOfEdge() {
+  if (std::exchange(state_.edge, std::nullopt)) acts_.endFrame();
 }
 
 void TimelineHand::go(int direction, const TimelineHeld& held) {
@@ -134,7 +144,10 @@ void TimelineHand::step(int direction) {
     return say(*block, refusal("Cannot re-set Mark-In point while setting Keyframes"));
   const auto reading = markStep(*block, *state_.edge, direction);
   say(*block, reading);
-  if (const auto* mark = std::get_if<MarkGesture>(&reading.gesture)) acts_.setMark(*mark);
+  const auto* mark = std::get_if<MarkGesture>(&reading.gesture);
+  if (mark == nullptr) return;
+  acts_.showFrame(mark->clip, mark->seconds);
+  acts_.setMark(*mark);
 }
 
 void TimelineHand::moveClip(int direction) {

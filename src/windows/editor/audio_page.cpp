@@ -95,7 +95,7 @@ void AudioPage::makeMusic() {
 }
 
 void AudioPage::draw() {
-  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection);
+  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection, logic_.editing.editor.missingFiles);
   const auto unless = [](bool can, const QString& why) { return can ? QString() : why; };
   setWhyNot(*sound_, unless(state_.hasSound, tr("This clip has no sound")));
   sound_->setChecked(state_.fades.renderAudio);

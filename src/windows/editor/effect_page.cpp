@@ -162,7 +162,7 @@ void EffectPage::makeLevels() {
 }
 
 void EffectPage::draw() {
-  clips_->draw(state_.Lst_Clips, logic_.editing.collection);
+  clips_->draw(state_.Lst_Clips, logic_.editing.collection, logic_.editing.editor.missingFiles);
   for (int i = 1; i <= EffectWord::kSwitches; ++i) {
     const auto& face = state_.faces[static_cast<std::size_t>(i)];
     auto* box = switches_[static_cast<std::size_t>(i)];

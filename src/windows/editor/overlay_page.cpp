@@ -122,8 +122,8 @@ void OverlayPage::makeSound() {
 
 void OverlayPage::draw() {
   const auto& collection = logic_.editing.collection;
-  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection);
-  overlays_->draw(state_.Lst_PicinPicOverlays, collection);
+  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection, logic_.editing.editor.missingFiles);
+  overlays_->draw(state_.Lst_PicinPicOverlays, collection, logic_.editing.editor.missingFiles);
   const auto noClip = state_.enabled ? QString() : tr("Choose a backdrop first");
   setWhyNot(*overlays_, noClip);
   const auto position = static_cast<std::size_t>(state_.look.position - 1);

@@ -76,7 +76,7 @@ void StillsPage::draw() {
   groupOrIndividual_[state_.controls.individually ? 1 : 0]->setChecked(true);
   const auto noStill = state_.enabled ? QString() : tr("There is no still in this collection");
   for (auto* option : groupOrIndividual_) setWhyNot(*option, noStill);
-  stills_->draw(state_.Lst_Movies, logic_.editing.collection);
+  stills_->draw(state_.Lst_Movies, logic_.editing.collection, logic_.editing.editor.missingFiles);
   const auto together = state_.listEnabled ? QString() : tr("All stills are treated the same");
   setWhyNot(*stills_, noStill.isEmpty() ? together : noStill);
   duration_->draw(state_.Slider1, tr("Each still shows for"), shown(state_.reading));

@@ -69,6 +69,10 @@ void TimelinePainter::drawLanes() {
   drawHead(bands_.clips, "film", said("Clips"));
   drawHead(bands_.music, "music", said("Overlay"));
   const auto& blocks = state_.blocks;
+  if (blocks.clips.empty())
+    drawLaneHint(bands_.clips, said("Drop clips or stills here: a movie needs a picture"));
+  if (blocks.music.empty() && blocks.leftOut == 0)
+    drawLaneHint(bands_.music, said("Drop music here to lay it under the clips"));
   if (blocks.leftOut == 0) return;
   const double x = std::max(state_.sight.xOf(blocks.musicEnd), kLanesLeft) + 8;
   painter_.setFont(ink::text(10));
@@ -76,6 +80,13 @@ void TimelinePainter::drawLanes() {
   ink::line(
       painter_, {x, bands_.music.y, state_.sight.width - x - 8, bands_.music.height},
       QCoreApplication::translate("kvo::TimelineView", "%n more are not heard", nullptr, blocks.leftOut));
+}
+
+void TimelinePainter::drawLaneHint(const TimelineBox& band, const QString& text) {
+  painter_.setFont(ink::text(11));
+  painter_.setPen(ink::colour(token("text3")));
+  ink::line(painter_, {kLanesLeft + 8, band.y, state_.sight.width - kLanesLeft - kLanesRight, band.height},
+            text);
 }
 
 void TimelinePainter::drawHead(const TimelineBox& band, const char* icon, const QString& name) {

@@ -1,5 +1,6 @@
 #include "windows/editor/timeline_view.h"
 
+#include "editor/tabs/clip_checks.h"
 #include "ui/focus_ring.h"
 #include "ui/made.h"
 #include "ui/texts.h"
@@ -243,7 +244,7 @@ void TimelineView::showTip(const QPoint& at, const QPoint& global) {
     } else if (hit.part == TimelinePart::Keyframes) {
       tip = tr("%n keyframes", nullptr, block->keyframes);
     } else {
-      tip = kvo::shown(block->name);
+      tip = kvo::shown(block->isMissing ? missingText(block->name) : block->name);
     }
   }
   QToolTip::showText(global, plainTip(tip), this);

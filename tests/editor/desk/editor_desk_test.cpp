@@ -2,6 +2,7 @@
 #include "editor/desk/editor_desk.h"
 
 #include "editor/desk/clip_stats.h"
+#include "editor/desk/file_watch.h"
 #include "editor/desk/snapshot.h"
 #include "editor/desk/timeline_desk.h"
 #include "editor/desk/values_beside.h"
@@ -143,6 +144,8 @@ TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
     EXPECT_TRUE(b.state.analysing.visible);
     EXPECT_FALSE(b.state.frame.toolsOn);
     EXPECT_EQ(b.state.frame.caption, "   Create New Movie from Holiday Collection");
+    b.desk.restoreCaption();
+    EXPECT_EQ(b.state.frame.caption, "   Create New movie from Holiday");
     b.loop.advance(65 * 500);
     EXPECT_TRUE(b.state.analysing.visible);
     b.loop.advance(500);
@@ -170,6 +173,8 @@ TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
   b.collection.MovieList.clear();
   b.list.fill();
   b.open();
+  EXPECT_TRUE(b.boxes.shown.empty()) << "the window comes first";
+  b.loop.advance(200);
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
             "KVO - No Video Tracks|No Video Tracks found ?");
   b.desk.Form_QueryUnload();
@@ -491,6 +496,39 @@ TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
   EXPECT_EQ(snapshotName(clip, 7), "a.b - f00007 - Still.bmp");
   clip.MovieHeight(0);
   EXPECT_FALSE(hasSnapshot(clip)) << "no size at all";
+}
+
+TEST(FileWatch, TellsOfFilesThatGoAndComeBack) {
+  test::VirtualLoop loop;
+  test::MemoryFiles files;
+  files.all = {{"/v/a.avi", "a"}, {"/v/b.avi", "b"}};
+  std::string told;
+  FileWatch watch(
+      loop, files,
+      [] {
+        return FileWatch::Paths{"/v/a.avi", "/v/b.avi"};
+      },
+      [&](const auto& paths) {
+        told = std::to_string(paths.size()) + (paths.empty() ? "" : *paths.begin());
+      });
+  const auto look = [&] {
+    told.clear();
+    loop.advance(1502);
+    EXPECT_TRUE(loop.workComesHome());
+    return told;
+  };
+  watch.watch(true);
+  ASSERT_TRUE(loop.workComesHome());
+  EXPECT_EQ(told, "") << "all are there";
+  files.all.erase("/v/b.avi");
+  EXPECT_EQ(look(), "1/v/b.avi");
+  EXPECT_EQ(look(), "") << "nothing new";
+  files.all["/v/b.avi"] = "b";
+  EXPECT_EQ(look(), "0");
+  files.all.clear();
+  EXPECT_EQ(look(), "2/v/a.avi");
+  watch.watch(false);
+  EXPECT_EQ(told, "0") << "nobody looks any more";
 }
 
 TEST(ClipStats, TellWhatTheRecordHas) {

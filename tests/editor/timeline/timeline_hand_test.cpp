@@ -161,10 +161,12 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   using enum TimelineKey;
   EXPECT_EQ(keys({After, After, After}), (Told{"select 3", "select 4"}));
   EXPECT_EQ(keys({First, Before}), Told{"select 1"});
-  EXPECT_EQ(keys({EdgeOut, Before, Before}), (Told{"mark 1", "mark 1"}));
+  EXPECT_EQ(keys({EdgeOut, Before, Before}),
+            (Told{"frame 1 6", "frame 1 5.96", "mark 1", "frame 1 5.92", "mark 1"}));
   EXPECT_EQ(b.collection.MovieList[1].LoopEndFrames(), 148);
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).text, "Mark-Out 5.92 s   frame 148");
-  EXPECT_EQ(keys({EdgeOut, After}), Told{"select 2"});  // let go of again
+  EXPECT_EQ(keys({EdgeOut, After}), (Told{"frame ends", "select 2"}));  // let go of again
+  EXPECT_EQ(keys({EdgeIn, Escape}), (Told{"frame 2 0", "frame ends"}));
   EXPECT_EQ(keys({After}, {.control = true}), Told{"move 2 before 4"});
   b.hand.takeInHand(1);
   EXPECT_EQ(keys({Before}, {.control = true}), Told{});
