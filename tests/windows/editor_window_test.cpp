@@ -199,36 +199,6 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   EXPECT_EQ(b.window->focusWidget(), strip);
 }
 
-TEST(FrmAnalysing, TellsHowFarItIsAndCanBeStoppedByKeyAndPointer) {
-  AnalysingState state;
-  int stops = 0;
-  QWidget owner;
-  owner.resize(800, 600);
-  owner.show();
-  FrmAnalysing window(state, [&] { ++stops; });
-  window.draw(&owner);
-  EXPECT_FALSE(window.isVisible());
-  state = {
-      .visible = true, .done = 2, .total = 12, .file = "beach.avi", .film = {}, .plays = 0, .picture = {}};
-  window.draw(&owner);
-  ASSERT_TRUE(window.isVisible());
-  QStringList texts;
-  for (const auto* label : window.findChildren<QLabel*>()) texts << label->text();
-  EXPECT_TRUE(texts.contains("Analysing Clip 3 of 12") && texts.contains("beach.avi"))
-      << texts.join("|").toStdString();
-  const auto fixed = window.grab().toImage();
-  state.picture = std::make_shared<const Bitmap>(Bitmap{1, 1, {0, 200, 0}});
-  window.draw(&owner);
-  EXPECT_NE(window.grab().toImage(), fixed) << "the film";
-  QTest::keyClick(&window, Qt::Key_Escape);
-  QTest::mouseClick(window.findChild<QPushButton*>(), Qt::LeftButton);
-  window.close();
-  EXPECT_EQ(stops, 3);
-  EXPECT_TRUE(window.isVisible()) << "until the state says otherwise";
-  window.draw(nullptr);
-  EXPECT_FALSE(window.isVisible());
-}
-
 TEST(FrmRush, SaysWhyAKeyIsOff) {
   RushBench b;
   b.keys.of(ClipKey::Split) = "A still has no frames to split at";
@@ -350,6 +320,36 @@ TEST(FrmRush, RemembersItselfAndFitsASmallScreen) {
   b.window->close();
   EXPECT_TRUE(b.window->isVisible()) << "it goes when the editor has closed";
   EXPECT_EQ(b.asked, "close ");
+}
+
+TEST(FrmAnalysing, TellsHowFarItIsAndCanBeStoppedByKeyAndPointer) {
+  AnalysingState state;
+  int stops = 0;
+  QWidget owner;
+  owner.resize(800, 600);
+  owner.show();
+  FrmAnalysing window(state, [&] { ++stops; });
+  window.draw(&owner);
+  EXPECT_FALSE(window.isVisible());
+  state = {
+      .visible = true, .done = 2, .total = 12, .file = "beach.avi", .film = {}, .plays = 0, .picture = {}};
+  window.draw(&owner);
+  ASSERT_TRUE(window.isVisible());
+  QStringList texts;
+  for (const auto* label : window.findChildren<QLabel*>()) texts << label->text();
+  EXPECT_TRUE(texts.contains("Analysing Clip 3 of 12") && texts.contains("beach.avi"))
+      << texts.join("|").toStdString();
+  const auto fixed = window.grab().toImage();
+  state.picture = std::make_shared<const Bitmap>(Bitmap{1, 1, {0, 200, 0}});
+  window.draw(&owner);
+  EXPECT_NE(window.grab().toImage(), fixed) << "the film";
+  QTest::keyClick(&window, Qt::Key_Escape);
+  QTest::mouseClick(window.findChild<QPushButton*>(), Qt::LeftButton);
+  window.close();
+  EXPECT_EQ(stops, 3);
+  EXPECT_TRUE(window.isVisible()) << "until the state says otherwise";
+  window.draw(nullptr);
+  EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace
