@@ -7,6 +7,7 @@
 #include "ui/kvo_but.h"
 #include "ui/made.h"
 #include "ui/theme.h"
+#include "windows/analysing/frm_analysing.h"
 #include "windows/editor/create_page.h"
 #include "windows/editor/frm_rush.h"
 #include "windows/editor/hand_watch.h"
@@ -17,6 +18,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSlider>
 #include <QTabBar>
 #include <QTest>
@@ -193,8 +195,9 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   QTest::keyClick(b.window->focusWidget(), Qt::Key_I);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Space);
+  QTest::keyClick(b.window->focusWidget(), Qt::Key_Escape);
   strip->setCurrentIndex(4);
-  EXPECT_EQ(b.asked, "preview ");
+  EXPECT_EQ(b.asked, "preview stopAnalysing ");
   EXPECT_EQ(b.frame.CurrentTab, 1);
   b.frame.toolsOn = true;
   b.frame.toolsOffBecause.clear();
@@ -407,6 +410,36 @@ TEST(FrmRush, RemembersItselfAndFitsASmallScreen) {
   b.window->close();
   EXPECT_TRUE(b.window->isVisible()) << "it goes when the editor has closed";
   EXPECT_EQ(b.asked, "close ");
+}
+
+TEST(FrmAnalysing, TellsHowFarItIsAndCanBeStoppedByKeyAndPointer) {
+  AnalysingState state;
+  int stops = 0;
+  QWidget owner;
+  owner.resize(800, 600);
+  owner.show();
+  FrmAnalysing window(state, [&] { ++stops; });
+  window.draw(&owner);
+  EXPECT_FALSE(window.isVisible());
+  state = {
+      .visible = true, .done = 2, .total = 12, .file = "beach.avi", .film = {}, .plays = 0, .picture = {}};
+  window.draw(&owner);
+  ASSERT_TRUE(window.isVisible());
+  QStringList texts;
+  for (const auto* label : window.findChildren<QLabel*>()) texts << label->text();
+  EXPECT_TRUE(texts.contains("Analysing Clip 3 of 12") && texts.contains("beach.avi"))
+      << texts.join("|").toStdString();
+  const auto fixed = window.grab().toImage();
+  state.picture = std::make_shared<const Bitmap>(Bitmap{1, 1, {0, 200, 0}});
+  window.draw(&owner);
+  EXPECT_NE(window.grab().toImage(), fixed) << "the film";
+  QTest::keyClick(&window, Qt::Key_Escape);
+  QTest::mouseClick(window.findChild<QPushButton*>(), Qt::LeftButton);
+  window.close();
+  EXPECT_EQ(stops, 3);
+  EXPECT_TRUE(window.isVisible()) << "until the state says otherwise";
+  window.draw(nullptr);
+  EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace

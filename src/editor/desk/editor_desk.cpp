@@ -43,6 +43,7 @@ EditorDesk::EditorDesk(const Parts& parts, MainWindowDoors doors)
       files_(parts.loop, parts.streams, [this](const LookedSoFar& news) { looked(news); }),
       Tmr_CheckChanges_(parts.loop.timer([this] { Tmr_CheckChanges_Timer(); })),
       analysing_(parts.loop.timer([this] { countTick(); })),
+      begin_(parts.loop.timer([this] { begin(); })),
       snapshots_(
           parts.loop, [this](const Snapshot& wish) { return frameOf(wish); },
           [this](const Snapshot& wish, const Result<FramePicture>& picture) {

@@ -111,6 +111,7 @@ class EditorDesk : public PreviewHost {
 
   void showCaption();
   void finishOpening();
+  void begin();
   void restoreTabs();
   void looked(const LookedSoFar& news);
   void tellPassedOver(const std::vector<std::string>& files);
@@ -137,6 +138,7 @@ class EditorDesk : public PreviewHost {
   ClipFiles files_;
   std::unique_ptr<Timer> Tmr_CheckChanges_;
   std::unique_ptr<Timer> analysing_;
+  std::unique_ptr<Timer> begin_;
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   bool opening_ = false;
   bool lacksVideo_ = false;  // and it is still to be told

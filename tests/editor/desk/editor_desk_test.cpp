@@ -108,6 +108,7 @@ struct DeskBench : ProgramBench {
     while (state.analysing.visible || !state.frame.toolsOn) {
       if (!loop.workComesHome()) break;
     }
+    loop.advance(1);
   }
   /// What is told in `ticks` ticks of the change watch.
   std::string tick(int ticks = 1) {
@@ -231,6 +232,7 @@ TEST(EditorDesk, AnalysingCanBeStoppedAndSaysWhatItHasNotLookedInto) {
     const std::lock_guard lock(b.held.held);  // the first file does not answer
     b.desk.Form_Load();
     b.desk.stopAnalysing();
+    b.loop.advance(1);
     EXPECT_TRUE(b.state.frame.toolsOn);
     ASSERT_EQ(b.boxes.shown.size(), 1U);
     EXPECT_EQ(b.boxes.shown[0].text,
