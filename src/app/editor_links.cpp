@@ -2,7 +2,9 @@
 
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
+#include "editor/compiler/durations.h"
 #include "editor/desk/clip_stats.h"
+#include "editor/desk/values_beside.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/operations.h"
 #include "playback/positions/section.h"
@@ -43,6 +45,10 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
             return parts_.session.streams.frame(wish.file, wish.seconds, kFrameWidth, kFrameHeight);
           },
           [this](const FrameWish& wish, const Result<FramePicture>& picture) { showFrame(wish, picture); }) {
+  parts.commands.whenCopied([this] { showSlider(); });
+  parts.play.positions().core.doors.UpdateKeyFramesIfWeHaveTo = [this] { UpdateKeyFramesIfWeHaveTo(); };
+  for (auto& value : valuesBeside(parts.session.editing, states_.overlay))
+    parts.history.alsoKeep(std::move(value));
   desk_.tabs(tabs(), {.stills = [this] { return states_.stills.controls; },
                       .Chk_AutoRewind = [this] { return states_.create.Chk_AutoRewind; }});
 }
@@ -73,11 +79,12 @@ MainWindowDoors EditorLinks::mainWindow() {
                 parts_.play.positions().marks.reset(in ? SliderHandleId::Img_MarkIn
                                                        : SliderHandleId::Img_MarkOut);
               },
-          .ShowSliderStuff = [this] { parts_.play.ShowSliderStuff(); },
+          .ShowSliderStuff = [this] { showSlider(); },
           .Pic_DigNumbers_Click = [this] { parts_.play.positions().positioner.Pic_DigNumbers_Click(); },
           .mnu_SectionName_Click = [this] { nameClip(); },
           .AddMoviesm = [this](const std::string& path) { parts_.mailbox.takeFiles({path}); },
           .mnu_SaveShow_Click = [this] { parts_.collections.Save(); },
+          .saveAgain = [this] { parts_.collections.saveAgain(); },
           .empty = [this] { parts_.list.show(); },
           .parkPlayer = [this] { parts_.play.transport().halt(); },
           .FrmFileOpenToolsOnOff = [this](bool on) { parts_.window.face.controlsEnabled = on; },
@@ -188,9 +195,13 @@ void EditorLinks::missed(const FileWatch::Paths& files) {
   parts_.draw();
 }
 
-void EditorLinks::goInHistory(int steps) {
+std::string EditorLinks::goInHistory(int steps) {
+  const auto& history = parts_.window.history;
+  if (steps < 0 ? history.done.empty() : history.undone.empty())
+    return translated(steps < 0 ? "There is nothing to undo" : "There is nothing to redo");
   const auto count = static_cast<std::size_t>(std::abs(steps));
   steps < 0 ? parts_.history.undo(count) : parts_.history.redo(count);
+  return {};
 }
 
 // The list, in which a name can be edited in its place, lies below the editor.
@@ -206,6 +217,20 @@ void EditorLinks::nameClip() {
 void EditorLinks::jog(int frames) {
   auto& stepping = parts_.play.positions().stepping;
   for (int i = std::abs(frames); i > 0; --i) frames < 0 ? stepping.Rew1(true) : stepping.Adv1(true);
+}
+
+void EditorLinks::showSlider() {
+  parts_.window.mode.ticks.mnu_ShowSlider = true;
+  parts_.play.ShowSliderStuff();
+}
+
+// The window of keyframes goes to where the player has stepped.
+void EditorLinks::UpdateKeyFramesIfWeHaveTo() {
+  const auto place = playerPlace(parts_.face.player());
+  if (!states_.keyframes.visible || !place) return;
+  moveToFrame(editing(), states_.keyframes,
+              framesOf(place->seconds, editing().settings.preferences().OutPutFrameRate));
+  showClipFrame(states_.keyframes.Sld_FramePosMaster.Value);
 }
 
 void EditorLinks::showKeyframes() {

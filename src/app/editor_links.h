@@ -81,8 +81,8 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] TimelineHand& hand() { return hand_; }
   [[nodiscard]] const Editing& editing() const { return parts_.session.editing; }
 
-  /// Below 0 undoes so many steps, above 0 redoes.
-  void goInHistory(int steps);
+  /// Below 0 undoes so many steps, above 0 redoes. Why not, composed, where there is nothing.
+  std::string goInHistory(int steps);
   /// The wheel has gone on by so many frames, or back.
   void jog(int frames);
   /// Frm_Keyframe opens for the effect that is worked on.
@@ -107,6 +107,8 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] TimelineDesk::Doors timelineDoors();
   [[nodiscard]] DeskTabs tabs();
   void nameClip();
+  void showSlider();
+  void UpdateKeyFramesIfWeHaveTo();
   void standIn();
   void showFrame(const FrameWish& wish, const Result<FramePicture>& picture);
   void endFrame();

@@ -189,10 +189,7 @@ void PreviewEngine::release() {
   unwritten_.clear();
   sought_.reset();
   player_.clear();
-  if (movieRuns()) {
-    host_.FrmFileOpenToolsOnOff(true);
-    host_.watchChanges(true);
-  }
+  const bool ran = movieRuns();
   if (isSample()) {
     state_.FSB_RenderRange = movieBar_;
     state_.cuts = movieCuts_;
@@ -205,6 +202,10 @@ void PreviewEngine::release() {
   state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
   ShowPreviewBut();
+  if (ran) {
+    host_.FrmFileOpenToolsOnOff(true);
+    host_.watchChanges(true);
+  }
   host_.Displaymovieinfo();
 }
 
@@ -259,8 +260,8 @@ void PreviewEngine::PreviewtransPort(Key key) {
     return isSample() ? DirXPlay(0) : PrepPreview();
   }
   if (state_.kind == PreviewKind::None && !standOnMovie()) return;
-  const bool steps = key == Key::StepBack || key == Key::StepForward;
-  if (steps && state_.PreviewPlaying && !state_.paused) PausePreview();
+  const bool stays = key != Key::ToStart;  // the end, too, is there to be seen: a rewind would follow
+  if (stays && state_.PreviewPlaying && !state_.paused) PausePreview();
   const auto last = player_.frames() - 1;
   const auto now = GetPreviewPositionFrame();
   const auto to = key == Key::ToStart ? 0 : key == Key::ToEnd ? last : now + (key == Key::StepBack ? -1 : 1);

@@ -3,6 +3,7 @@
 #include "ui/painting.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "windows/editor/plate.h"
 #include "windows/editor/timeline_blocks_painter.h"
 #include "windows/editor/timeline_ink.h"
 
@@ -14,8 +15,6 @@
 namespace kvo {
 namespace {
 
-constexpr double kSayingHeight = 24;
-constexpr double kSayingAbove = 34;   // pixels from the pointer to the plate's middle
 constexpr double kPastTheEnd = 0.05;  // seconds that music may go on behind the video unsaid
 
 QString said(const char* text) { return QCoreApplication::translate("kvo::TimelineView", text); }
@@ -224,37 +223,12 @@ void TimelinePainter::drawDropPlace(double seconds) {
   painter_.drawEllipse(QPointF(x, lane.y - 6), 5, 5);
 }
 
-// A plate over the pointer; what cannot be done stands below in amber.
 void TimelinePainter::drawSaying() {
-  if (!state_.saying) return;
+  if (!state_.saying || (state_.saying->text.empty() && !state_.drag)) return;
   const auto& saying = *state_.saying;
-  const auto font = ink::text(12, QFont::DemiBold);
-  const QFontMetricsF metrics(font);
-  double width = 0;
-  std::vector<std::pair<QString, Rgb>> lines;
-  const auto add = [&](const std::string& text, Rgb rgb, double more) {
-    if (text.empty()) return;
-    lines.emplace_back(shown(text), rgb);
-    width = std::max(width, metrics.horizontalAdvance(lines.back().first) + more);
-  };
-  add(saying.text, token("text1"), 20);
-  add(saying.reason, token("amber"), 38);
-  const double height = static_cast<double>(lines.size()) * kSayingHeight;
-  const double x = std::clamp(saying.at.x - width / 2, 4.0, std::max(4.0, state_.sight.width - width - 4));
-  const double y = std::clamp(saying.at.y - kSayingAbove - height / 2, 2.0,
-                              std::max(2.0, state_.sight.height - height - 2));
-  painter_.setPen(ink::colour(saying.reason.empty() ? token("teal") : token("amber")));
-  painter_.setBrush(ink::colour(token("glass")));
-  painter_.drawRoundedRect(onPixels({x, y, width, height}), 6, 6);
-  painter_.setFont(font);
-  double top = y;
-  for (const auto& [text, rgb] : lines) {
-    const bool isReason = rgb == token("amber");
-    if (isReason) ink::icon(painter_, "warn", rgb, {x + 18, top + kSayingHeight / 2}, 14);
-    painter_.setPen(ink::colour(rgb));
-    painter_.drawText(QRectF(x + (isReason ? 28 : 10), top, width, kSayingHeight), Qt::AlignVCenter, text);
-    top += kSayingHeight;
-  }
+  Plate({saying.at.x, saying.at.y}, {state_.sight.width, state_.sight.height}, shown(saying.text),
+        shown(saying.reason))
+      .draw(painter_);
 }
 
 }  // namespace kvo

@@ -5,6 +5,7 @@
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "windows/editor/refusal.h"
 #include "windows/editor/timeline_painter.h"
 
 #include <QHelpEvent>
@@ -98,7 +99,16 @@ void TimelineView::shown() {
 void TimelineView::settle() {
   shown();
   tellClip();
+  tellReason();
   if (logic_.acted) logic_.acted();
+}
+
+// What was refused is said as everywhere in the window; readings of what goes on are painted.
+void TimelineView::tellReason() {
+  const auto& state = logic_.state;
+  if (std::exchange(refused_, state.refusals) == state.refusals || !state.saying) return;
+  const auto& at = state.saying->at;
+  refuse(*this, QPointF(at.x * themeSize(), at.y * themeSize()).toPoint(), kvo::shown(state.saying->reason));
 }
 
 void TimelineView::tellClip() {

@@ -32,6 +32,7 @@ TEST(Preview, PlacesInFiguresAndAmongTheClips) {
 
 TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   PreviewBench b;
+  b.host.turned = [&](bool on) { EXPECT_EQ(b.state.PreviewPlaying, !on) << "as they tell of it"; };
   b.preview.PrepPreview();
   EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details park tools-");
   EXPECT_EQ(b.takeActs(), "clear load play");
@@ -121,6 +122,9 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
       {"it halts", key(Key::PlayOrPause), "pause", "00:03.0000"},
       {"it goes on", key(Key::PlayOrPause), "play", "00:03.0000"},
       {"a step halts it", key(Key::StepForward), "pause seek:31", "00:03.1000"},
+      {"it goes on again", key(Key::PlayOrPause), "play", "00:03.1000"},
+      {"the end is there to be seen", key(Key::ToEnd), "pause seek:99", "00:09.9000"},
+      {"back", [&] { b.preview.showAt(3.1); }, "seek:31", "00:03.1000"},
   };
   for (const auto& row : rows) {
     row.act();

@@ -178,6 +178,44 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");
 }
 
+TEST(TimelineHand, WhatCannotBeDoneIsSaidWhereTheHandIs) {
+  struct Row {
+    std::function<void(Taken&)> act;
+    const char* reason;
+  };
+  const auto key = [](TimelineKey key) { return [key](Taken& b) { b.hand.key(key, {}); }; };
+  const auto first = [](auto first, auto then) {
+    return [=](Taken& b) {
+      first(b);
+      then(b);
+    };
+  };
+  const auto nothing = [](Taken& b) { b.hand.takeInHand(0); };
+  const auto noClip = [](Taken& b) { b.hand.show({}); };
+  const auto plays = [](Taken& b) { b.state.onlyShows = true; };
+  const auto full = [](Taken& b) { b.whyNot = "no more"; };
+  const auto music = [&](Taken& b) {
+    full(b);
+    b.hand.takeInHand(4);
+    b.hand.stand(3, false);
+  };
+  using enum TimelineKey;
+  for (const auto& row :
+       {Row{first(nothing, key(Remove)), "Choose a clip first"},
+        Row{first(noClip, key(Remove)), "There is no clip"},
+        Row{first(plays, key(Remove)), "Stop the preview first"},
+        Row{first(plays, [](Taken& b) { b.hand.press(b.at(15, kPictures), {}), b.hand.release(); }),
+            "Stop the preview first"},
+        Row{first(full, key(Copy)), "no more"}, Row{first(music, key(Split)), "no more"}}) {
+    Taken b;
+    row.act(b);
+    EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, row.reason);
+    b.state.onlyShows = false;
+    b.hand.press(b.at(15, kPictures), {});
+    EXPECT_FALSE(b.state.saying) << row.reason;
+  }
+}
+
 TEST(TimelineHand, TheWholeMovieStaysInSightUntilTheUserLooksElsewhere) {
   const TimelinePoint middle{600, kPictures};
   struct Row {
