@@ -89,6 +89,17 @@ TEST(TimelineView, PicturesAreAskedForInSightOnlyAndDrawnWhenTheyCome) {
   EXPECT_NE(s.colour(2, 80), before);
 }
 
+TEST(TimelineView, SaysThatNothingIsThereOnlyWhereNothingComes) {
+  Shown s;
+  s.hand.show({});
+  const auto picture = [&](bool comes) {
+    s.state.isComing = comes;
+    s.view.draw();
+    return s.view.grab().toImage();
+  };
+  EXPECT_NE(picture(true), picture(false));
+}
+
 TEST(TimelineView, AScreenReaderHearsTheClips) {
   Shown s;
   auto* list = QAccessible::queryAccessibleInterface(&s.view);
