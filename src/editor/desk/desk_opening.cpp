@@ -37,6 +37,7 @@ void EditorDesk::Form_Load() {
   files_.forgetPassedOver();
   if (files_.known(e.collection)) return finishOpening();
   state.frame.toolsOn = false;
+  state.frame.toolsOffBecause = translated("The files of the clips are still looked into");
   state.analysing = {};
   state.analysing.total = e.clips().count();
   if (e.settings.preferences().KVOFastEdit && e.files.exists(e.folder.beside("\\PreviewDefaults.dat")))
@@ -96,6 +97,7 @@ void EditorDesk::finishOpening() {
   analysing_->stop();
   parts_.state.analysing = {};
   parts_.state.frame.toolsOn = true;
+  parts_.state.frame.toolsOffBecause.clear();
   const auto& e = parts_.editing;
   LoadEffects(e);
   GetStillOpts(e);
@@ -113,8 +115,7 @@ void EditorDesk::begin() {
   const auto& e = parts_.editing;
   Tmr_CheckChanges_Timer();
   watchChanges(true);
-  if (HaveAtleastOneVidTrack(e)) return;
-  e.boxes.show({"KVO - No Video Tracks", "No Video Tracks found ?", BoxButtons::Ok, BoxIcon::Information});
+  lacksVideo_ = !HaveAtleastOneVidTrack(e);
 }
 
 void EditorDesk::restoreTabs() {
