@@ -52,7 +52,8 @@ TEST(TimelineView, DragsKeysAndTheWheelReachTheHand) {
   for (const auto key : {Qt::Key_Right, Qt::Key_BracketRight, Qt::Key_Left, Qt::Key_Delete, Qt::Key_Return})
     QTest::keyClick(&s.view, key);
   QTest::keyClick(&s.view, Qt::Key_Left, Qt::ControlModifier);
-  EXPECT_EQ(s.told, (Told{"select 3", "mark 3", "remove 3", "trimmer 3", "move 3 before 2"}));
+  EXPECT_EQ(s.told, (Told{"select 3", "frame 3 7", "frame 3 6.96", "mark 3", "remove 3", "trimmer 3",
+                          "move 3 before 2"}));
   s.hand.zoom(100, 84);
   const double there = s.state.sight.secondsAt(600);
   QWheelEvent zoom({600, 80}, s.view.mapToGlobal(QPointF(600, 80)), {}, {0, 120}, Qt::NoButton,
