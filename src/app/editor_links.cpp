@@ -163,6 +163,7 @@ void EditorLinks::settle() {
     states_.window.totals = previewTotals(editing().editor, states_.preview.labels);
   states_.window.frame.zoom = hand_.zoomPart();
   standIn();
+  states_.timeline.isComing = desk_.isOpening();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }

@@ -52,7 +52,8 @@ TEST(TimelineView, DragsKeysAndTheWheelReachTheHand) {
   for (const auto key : {Qt::Key_Right, Qt::Key_BracketRight, Qt::Key_Left, Qt::Key_Delete, Qt::Key_Return})
     QTest::keyClick(&s.view, key);
   QTest::keyClick(&s.view, Qt::Key_Left, Qt::ControlModifier);
-  EXPECT_EQ(s.told, (Told{"select 3", "mark 3", "remove 3", "trimmer 3", "move 3 before 2"}));
+  EXPECT_EQ(s.told, (Told{"select 3", "frame 3 7", "frame 3 6.96", "mark 3", "remove 3", "trimmer 3",
+                          "move 3 before 2"}));
   s.hand.zoom(100, 84);
   const double there = s.state.sight.secondsAt(600);
   QWheelEvent zoom({600, 80}, s.view.mapToGlobal(QPointF(600, 80)), {}, {0, 120}, Qt::NoButton,
@@ -87,6 +88,17 @@ TEST(TimelineView, PicturesAreAskedForInSightOnlyAndDrawnWhenTheyCome) {
   s.sketches.come("/v/opening.mp4", 0);
   s.view.sketchesCame("/v/opening.mp4");
   EXPECT_NE(s.colour(2, 80), before);
+}
+
+TEST(TimelineView, SaysThatNothingIsThereOnlyWhereNothingComes) {
+  Shown s;
+  s.hand.show({});
+  const auto picture = [&](bool comes) {
+    s.state.isComing = comes;
+    s.view.draw();
+    return s.view.grab().toImage();
+  };
+  EXPECT_NE(picture(true), picture(false));
 }
 
 TEST(TimelineView, AScreenReaderHearsTheClips) {

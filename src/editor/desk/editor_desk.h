@@ -53,6 +53,8 @@ class EditorDesk : public PreviewHost {
   /// The same with the whole program: no clip is loaded any more.
   void leave();
   [[nodiscard]] bool isOpen() const { return parts_.state.frame.visible; }
+  /// It is open, and waits for what the files of the clips hold.
+  [[nodiscard]] bool isOpening() const { return opening_; }
   /// Opens without waiting for the files that have not been looked into, and says which. Each is looked into
   /// when its clip is taken in hand, and all at the next opening.
   void stopAnalysing();

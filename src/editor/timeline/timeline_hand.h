@@ -30,6 +30,7 @@ struct TimelineState {
   TimelineSight sight;
   TimelineMarks marks;
   std::optional<ClipEdge> edge;   ///< of the clip in hand, which the arrows move
+  bool isComing = false;          ///< the clips are being looked into, and come
   bool onlyShows = false;         ///< while a preview or render runs
   bool settingKeyframes = false;  ///< marks stay
 

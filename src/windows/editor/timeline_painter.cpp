@@ -46,6 +46,7 @@ void TimelinePainter::draw(bool hasFocus) {
 }
 
 void TimelinePainter::drawEmpty() {
+  if (state_.isComing) return drawLanes();
   const QRectF box(kLanesLeft, 18, state_.sight.width - kLanesLeft - kLanesRight, state_.sight.height - 52);
   painter_.setPen(QPen(ink::colour(state_.drop ? token("amber") : token("line2")), 1, Qt::CustomDashLine));
   auto pen = painter_.pen();

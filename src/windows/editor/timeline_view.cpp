@@ -78,7 +78,7 @@ TimelinePoint TimelineView::pointOf(const QPointF& at) const {
 
 TimelineView::Drawn TimelineView::wanted() const {
   const auto& state = logic_.state;
-  return {state.revision, state.sight, state.marks, state.onlyShows};
+  return {state.revision, state.sight, state.marks, state.onlyShows, state.isComing};
 }
 
 void TimelineView::draw() {

@@ -82,6 +82,7 @@ class TimelineView : public QFrame, public AccessibleRows {
     TimelineSight sight;
     TimelineMarks marks;
     bool onlyShows = false;
+    bool isComing = false;
     bool operator==(const Drawn&) const = default;
   };
 
