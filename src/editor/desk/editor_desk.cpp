@@ -131,6 +131,7 @@ bool EditorDesk::followsCollection() {
   if (std::exchange(state.nothingToPreview, empty) != empty) {
     if (tabs_[kCreateTab - 1].follow) tabs_[kCreateTab - 1].follow(true);
     ++state.timed;
+    if (empty) state.totals = editorTotals(EditorState());
     ShowClipStats();
     buildClipSliders();
   }

@@ -76,7 +76,7 @@ constexpr std::array<ClipKeyRow, kClipKeys> kClipKeyRows{{
 #undef KVO_TIP
 
 constexpr int kKeyGap = 3;
-constexpr int kGroupGap = 13;  // with a line in it
+constexpr int kDividerGap = 3;  // beside the line between two groups, and the gap of keys
 constexpr int kDividerHeight = 20;
 constexpr int kTotalsGap = 46;  // from the lengths to the zoom
 constexpr int kRowSide = 16;
@@ -97,7 +97,7 @@ QHBoxLayout* bareRow(QWidget* of, int gap) {
 }
 
 void addDivider(QHBoxLayout& row, QWidget* parent) {
-  const int gap = themed((kGroupGap - 1) / 2 - kKeyGap);
+  const int gap = themed(kDividerGap);
   auto* line = made<QFrame>(parent);
   line->setProperty("role", "divider");
   line->setFixedSize(themed(1), themed(kDividerHeight));

@@ -303,6 +303,7 @@ TEST(EditorDesk, TheWatchLooksAtTheMembership) {
   b.listCommands.Removeit();
   EXPECT_EQ(b.tick(), "anew1 enter1 ");
   EXPECT_TRUE(b.state.nothingToPreview);
+  EXPECT_EQ(b.state.totals.lbl_VideoTotTime + " " + b.state.totals.Lbl_AudTotal, "000.000 000.000(s)");
   EXPECT_EQ(b.state.stats.lbl_ClipStats, "");
   b.history.undo(2);
   b.tick();
