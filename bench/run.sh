@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|preview|play|intake|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|preview|play|intake|answers|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -205,10 +205,9 @@ play() {
   xvfb-run -a -s "-screen 0 1920x1080x24" "$bin/bench_play" "$work/play1.mp4" "$work/play2.mp4"
 }
 
-# Adding a thousand files of twenty kinds in one go, beside ffprobe, which is started anew for each as whoever uses it
-# does; then by the window, which is asked all the time whether it still answers.
-intake() (
-  local folder=$work/intake home=$work/intake-home kind i bus ours peer
+# A thousand files of twenty kinds, in $work/intake/all.
+thousand_files() {
+  local folder=$work/intake kind i
   if [ ! -e "$folder/z.mp4" ]; then
     mkdir -p "$folder/one"
     for kind in avi:mpeg4 mp4:libx264 mkv:libx265 mov:mjpeg mpg:mpeg1video ts:mpeg2video wmv:wmv2 webm:libvpx m2v:mpeg2video ogv:libtheora; do
@@ -231,11 +230,23 @@ intake() (
     mv "$folder/all/50-v.mp4" "$folder/all/z.mp4"
     touch "$folder/z.mp4"
   fi
-  rm -rf "$home"
-  mkdir -p "$home"
-  export HOME=$home XDG_RUNTIME_DIR=$home XDG_CACHE_HOME=$home/cache SDL_AUDIODRIVER=dummy
+}
+
+# A home of its own for the program, as a user has one who has never used it.
+new_home() {
+  rm -rf "$1"
+  mkdir -p "$1"
+  export HOME=$1 XDG_RUNTIME_DIR=$1 XDG_CACHE_HOME=$1/cache SDL_AUDIODRIVER=dummy
   unset KVO5_HOME XDG_DATA_HOME XDG_CONFIG_HOME
-  chmod 700 "$home"
+  chmod 700 "$1"
+}
+
+# Adding a thousand files of twenty kinds in one go, beside ffprobe, which is started anew for each as whoever uses it
+# does; then by the window, which is asked all the time whether it still answers.
+intake() (
+  local folder=$work/intake home=$work/intake-home bus ours peer
+  thousand_files
+  new_home "$home"
   peer=$( { time -p for i in "$folder"/all/*; do ffprobe -v error -show_format -show_streams "$i" >/dev/null; done; } 2>&1 | awk '/real/ { print $2 }')
   ours=$( { time -p "$bin/kvo5" --add "$home/all.INI" "$folder/all" >/dev/null; } 2>&1 | awk '/real/ { print $2 }')
   awk -v o="$ours" -v p="$peer" -v n="$(ls "$folder/all" | wc -l)" -v got="$(grep -c '^MovieName' "$home/all.INI")" 'BEGIN {
@@ -243,11 +254,28 @@ intake() (
   xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- "$bin/bench_intake" "$bin/kvo5" "$folder/all"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths preview play intake
+# The editor on a thousand clips and a song: how long it leaves a question unanswered, act by act, and what an act costs.
+answers() (
+  local home=$work/answers-home folder=$work/answers i clip
+  thousand_files
+  if [ ! -e "$folder" ]; then
+    mkdir -p "$folder"
+    for ((i = 1001; i <= 1072; ++i)); do
+      for clip in "$work"/intake/one/[vp].*; do ln "$clip" "$folder/$i-${clip##*/}"; done
+    done
+  fi
+  new_home "$home"
+  "$bin/kvo5" --add "$home/all.INI" "$folder"/* "$work/intake/one/s.mp3" >/dev/null
+  echo "the editor with a thousand clips:"
+  xvfb-run -a -s "-screen 0 1366x900x24" dbus-run-session -- bash -c \
+    'openbox & desktop=$!; "$0"/bench_answers "$0"/kvo5 "$1" bench/editor_acts.txt; kill $desktop' "$bin" "$home/all.INI"
+)
+
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths preview play intake answers
 for part; do
   case $part in
     kernels | records | compile | timeline) "$bin/bench_$part" ;;
-    movies | lengths | seeks | preview | play | intake | before) "$part" ;;
+    movies | lengths | seeks | preview | play | intake | answers | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

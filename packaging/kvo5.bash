@@ -17,11 +17,11 @@ _kvo5() {
       mapfile -t COMPREPLY < <(compgen -f -- "$cur")
       return
       ;;
-    --range | --size | --rate) return ;;
+    --range | --size | --rate | --profile) return ;;
   esac
   if [[ $cur == --* || $first == --render ]]; then
     local words='--render --add --check --document --gallery --help --version'
-    [[ $first == --render && $COMP_CWORD -gt 1 ]] && words='--output --range --size --rate --codec'
+    [[ $first == --render && $COMP_CWORD -gt 1 ]] && words='--output --range --size --rate --codec --profile'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
   else
     compopt -o filenames

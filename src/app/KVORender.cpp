@@ -7,6 +7,7 @@
 #include "base/guarded.h"
 #include "base/text.h"
 #include "engine/document/document_reader.h"
+#include "engine/run/profile_file.h"
 #include "engine/run/renderer.h"
 #include "engine/run/sheet.h"
 #include "media/media_facts.h"
@@ -14,6 +15,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -33,12 +35,13 @@ void print(const std::string& line) {
 
 kvo::engine::RenderWatch progressPrinter() {
   using Clock = std::chrono::steady_clock;
-  return [next = Clock::now(), told = -1.0](double done, double total) mutable {
+  return [next = Clock::now(), told = -1.0](const kvo::engine::RenderStep& step) mutable {
     const auto now = Clock::now();
-    if (done == told || (now < next && done < total)) return;
+    if (step.done == told || (now < next && step.done < step.total)) return;
     next = now + std::chrono::milliseconds(200);
-    told = done;
-    print(kvo::engineLine(kvo::EngineProgress{done, total}));
+    told = step.done;
+    print(kvo::engineLine(
+        kvo::EngineProgress{step.done, step.total, static_cast<double>(step.bytes), step.written}));
   };
 }
 
@@ -69,24 +72,37 @@ int makeSheet(kvo::Files& files, const kvo::SheetArguments& arguments) {
   return kvo::kExitDone;
 }
 
+// The one of the number, or what the file says that the starter has put in force.
+kvo::Result<std::optional<kvo::EncodeProfile>> profileFor(const kvo::Files& files,
+                                                          const kvo::EngineArguments& arguments) {
+  if (arguments.profile) return kvo::systemProfile(*arguments.profile);
+  const char* file = std::getenv(kvo::kProfileVariable);
+  if (file == nullptr || *file == '\0') return std::optional<kvo::EncodeProfile>();
+  auto bytes = files.read(file, kvo::engine::kMaxProfileFile);
+  if (!bytes) return bytes.error();
+  auto profile = kvo::engine::readProfileFile(std::move(*bytes));
+  if (!profile) return kvo::Error{std::string(file) + ": " + profile.error().text};
+  return profile;
+}
+
 int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   std::optional<kvo::StarterWatch> watch;
   if (arguments.starter) watch.emplace(*arguments.starter);
-  if (arguments.profile) {
-    return fail({"the system profile of /P " + std::to_string(*arguments.profile) +
-                 " cannot be used: the engine has no profiles yet"},
-                kvo::kExitFailed);
-  }
   // A starter's document is a temporary file that its user knows nothing of.
   const auto shownAs = arguments.starter ? std::string("the timeline document") : arguments.document;
   const auto timeline = load(files, arguments.document, shownAs);
   if (!timeline) return fail(timeline.error(), kvo::kExitFailed);
-  const auto report = kvo::engine::render(*timeline, arguments.job, files, progressPrinter());
+  const auto profile = profileFor(files, arguments);
+  if (!profile) return fail(profile.error(), kvo::kExitFailed);
+  auto job = arguments.job;
+  job.profile = *profile;
+  const auto report = kvo::engine::render(*timeline, job, files, progressPrinter());
   if (!report) return fail(report.error(), kvo::kExitFailed);
   for (const auto& hole : report->damage) {
     print(kvo::engineLine(
         kvo::EngineDamage{hole.lost == kvo::media::Lost::Sound, hole.from, hole.to, hole.path}));
   }
+  for (const auto& note : report->notes) print(kvo::engineLine(kvo::EngineNote{note}));
   print(kvo::engineLine(kvo::EngineReport{report->frames, report->seconds, report->bytes}));
   return kvo::kExitDone;
 }

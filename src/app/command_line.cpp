@@ -1,9 +1,12 @@
 #include "app/command_line.h"
 
 #include "base/numbers.h"
+#include "base/text.h"
+#include "render/wm8_profile.h"
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace kvo {
 namespace {
@@ -54,6 +57,14 @@ Outcome readCodec(CommandLine& line, const std::string& value) {
   return Error{"--codec " + value + ": there are raw and mpeg4"};
 }
 
+Outcome readProfile(CommandLine& line, const std::string& value) {
+  const auto number = numberIn(value);
+  if (!number || !isWhole(*number) || *number < 0 || *number > kLastProfile)
+    return Error{"--profile " + value + ": give the number of a Windows Media profile, 0 to 41"};
+  line.profile = static_cast<int>(*number);
+  return {};
+}
+
 Outcome readOutput(CommandLine& line, const std::string& value) {
   line.output = value;
   return value.empty() ? Outcome(Error{"--output: the name is empty"}) : Outcome();
@@ -67,19 +78,74 @@ struct RenderOption {
 constexpr std::array kRenderOptions = {
     RenderOption{"--output", readOutput}, RenderOption{"--range", readRange},
     RenderOption{"--size", readSize},     RenderOption{"--rate", readRate},
-    RenderOption{"--codec", readCodec},
+    RenderOption{"--codec", readCodec},   RenderOption{"--profile", readProfile},
 };
 
-Outcome readRenderOptions(CommandLine& line, const std::vector<std::string>& arguments) {
-  for (std::size_t i = 2; i < arguments.size(); i += 2) {
-    const auto* option = std::find_if(kRenderOptions.begin(), kRenderOptions.end(),
-                                      [&](const auto& o) { return o.name == arguments[i]; });
-    if (option == kRenderOptions.end()) return Error{"--render has no option " + arguments[i]};
-    if (i + 1 == arguments.size()) return Error{arguments[i] + " needs a value"};
-    if (auto done = option->read(line, arguments[i + 1]); !done) return done;
-  }
-  return line.output.empty() ? Outcome(Error{"--render needs --output FILE"}) : Outcome();
+// What is read for a command: its own word first, then what stands behind it.
+using Words = std::span<const std::string>;
+
+Outcome readNothing(CommandLine& /*line*/, Words words) {
+  return words.size() == 1 ? Outcome() : Error{words[0] + " takes nothing behind it"};
 }
+
+Outcome readCollection(CommandLine& line, Words words) {
+  if (words.size() < 2) return Error{words[0] + " needs a collection"};
+  line.collection = words[1];
+  return {};
+}
+
+Outcome readRender(CommandLine& line, Words words) {
+  if (auto done = readCollection(line, words); !done) return done;
+  for (std::size_t i = 2; i < words.size(); i += 2) {
+    const auto* option = std::ranges::find(kRenderOptions, words[i], &RenderOption::name);
+    if (option == kRenderOptions.end()) return Error{words[0] + " has no option " + words[i]};
+    if (i + 1 == words.size()) return Error{words[i] + " needs a value"};
+    if (auto done = option->read(line, words[i + 1]); !done) return done;
+  }
+  if (line.profile && !endsInText(line.output, ".wmv") && !endsInText(line.output, ".wma"))
+    return Error{"--profile goes with an output that ends in .wmv or .wma"};
+  return line.output.empty() ? Outcome(Error{words[0] + " needs --output FILE"}) : Outcome();
+}
+
+Outcome readAdd(CommandLine& line, Words words) {
+  if (auto done = readCollection(line, words); !done) return done;
+  if (words.size() < 3) return Error{words[0] + " needs files to add"};
+  line.names.assign(words.begin() + 2, words.end());
+  return {};
+}
+
+Outcome readCheck(CommandLine& line, Words words) {
+  if (words.size() > 2) return Error{words[0] + " takes nothing behind " + words[1]};
+  return readCollection(line, words);
+}
+
+Outcome readDocument(CommandLine& line, Words words) {
+  if (auto done = readCollection(line, words); !done) return done;
+  if (words.size() < 3) return Error{words[0] + " needs a file to write"};
+  line.output = words[2];
+  if (words.size() == 3) return {};
+  if (words.size() != 5 || words[3] != "--preview")
+    return Error{words[0] + " takes nothing behind " + words[2]};
+  const auto power = numberIn(words[4]);
+  if (!power || !isWhole(*power) || *power < 1 || *power > 10)
+    return Error{words[3] + " " + words[4] + ": give a power from 1 to 10"};
+  line.previewPower = static_cast<int>(*power);
+  return {};
+}
+
+struct Command {
+  std::string_view word;
+  Task task;
+  Outcome (*read)(CommandLine& line, Words words);
+};
+
+constexpr std::array kCommands = {
+    Command{"--help", Task::Help, readNothing},       Command{"-h", Task::Help, readNothing},
+    Command{"--version", Task::Version, readNothing}, Command{"--gallery", Task::Gallery, readNothing},
+    Command{"--look", Task::Look, readNothing},       Command{"--sketch", Task::Sketch, readNothing},
+    Command{"--render", Task::Render, readRender},    Command{"--add", Task::Add, readAdd},
+    Command{"--check", Task::Check, readCheck},       Command{"--document", Task::Document, readDocument},
+};
 
 }  // namespace
 
@@ -89,49 +155,11 @@ bool isConsoleCommand(const std::vector<std::string>& arguments) {
 
 Result<CommandLine> readCommandLine(const std::vector<std::string>& arguments) {
   if (arguments.empty()) return Error{"there is nothing to do"};
+  const auto* command = std::ranges::find(kCommands, arguments[0], &Command::word);
+  if (command == kCommands.end()) return Error{"there is no command " + arguments[0]};
   CommandLine line;
-  const auto& task = arguments[0];
-  if (task == "--help" || task == "-h" || task == "--version" || task == "--gallery" || task == "--look" ||
-      task == "--sketch") {
-    if (arguments.size() > 1) return Error{task + " takes nothing behind it"};
-    line.task = task == "--version"   ? Task::Version
-                : task == "--gallery" ? Task::Gallery
-                : task == "--look"    ? Task::Look
-                : task == "--sketch"  ? Task::Sketch
-                                      : Task::Help;
-    return line;
-  }
-  if (task != "--render" && task != "--check" && task != "--document" && task != "--add") {
-    return Error{"there is no command " + task};
-  }
-  if (arguments.size() < 2) return Error{task + " needs a collection"};
-  line.collection = arguments[1];
-  if (task == "--render") {
-    line.task = Task::Render;
-    if (auto done = readRenderOptions(line, arguments); !done) return done.error();
-    return line;
-  }
-  if (task == "--add") {
-    if (arguments.size() < 3) return Error{"--add needs files to add"};
-    line.task = Task::Add;
-    line.names.assign(arguments.begin() + 2, arguments.end());
-    return line;
-  }
-  if (task == "--document" && arguments.size() == 5 && arguments[3] == "--preview") {
-    const auto power = numberIn(arguments[4]);
-    if (!power || !isWhole(*power) || *power < 1 || *power > 10) {
-      return Error{"--preview " + arguments[4] + ": give a power from 1 to 10"};
-    }
-    line.task = Task::Document;
-    line.output = arguments[2];
-    line.previewPower = static_cast<int>(*power);
-    return line;
-  }
-  const std::size_t wanted = task == "--check" ? 2 : 3;
-  if (arguments.size() < wanted) return Error{"--document needs a file to write"};
-  if (arguments.size() > wanted) return Error{task + " takes nothing behind " + arguments[wanted - 1]};
-  line.task = task == "--check" ? Task::Check : Task::Document;
-  if (line.task == Task::Document) line.output = arguments[2];
+  line.task = command->task;
+  if (auto done = command->read(line, arguments); !done) return done.error();
   return line;
 }
 
@@ -149,6 +177,7 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --size WxH        picture size in pixels: 640x360
       --rate FPS        frames a second, 2 to 240: 25
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
+      --profile NUMBER  of a .wmv or .wma: size and bit rates of a Windows Media profile, 0 to 41
 kvo5 --add COLLECTION FILE...
     Adds clips, folders of clips and addresses of streams to a collection, which is begun where there is none.
 kvo5 --check COLLECTION

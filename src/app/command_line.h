@@ -38,6 +38,7 @@ struct CommandLine {
   std::optional<double> rate;       ///< frames a second
   std::optional<int> previewPower;  ///< of --document, 1 to 10
   std::string codec;                ///< of an AVI; empty for uncompressed
+  std::optional<int> profile;       ///< of a WMV or WMA, 0 to 41
 };
 
 /// True when the arguments ask for something else than the main window: a long option comes first.

@@ -7,6 +7,8 @@
 #include "editor/compiler/collection_faults.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
+#include "render/system_profile.h"
+#include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
 
@@ -75,6 +77,16 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
                     .frameRate = session.settings.preferences().OutPutFrameRate,
                     .sharesTerminal = true};
   if (line.range) order.range = {line.range->from, line.range->to};
+  SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
+  if (line.profile && *line.profile < kSystemProfiles) {
+    order.profile = line.profile;
+  } else if (line.profile) {
+    const auto size =
+        line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
+    if (!profile.CreateWM8RenderProfile(*line.profile, size))
+      return fail("the profile " + std::to_string(*line.profile) + " cannot be put in force");
+    order.profileFile = profile.path();
+  }
   return renderOnConsole(session, order, engine);
 }
 

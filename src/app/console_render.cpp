@@ -38,7 +38,7 @@ class ProgressShow {
 };
 
 // "made out.avi: 300 frames, 12.00 s, 5.2 MB, in 1.90 s (6.32 x real time)"
-std::string summary(const RenderState& state, const std::string& output) {
+std::string summary(const EngineRun& state, const std::string& output) {
   const auto& [frames, seconds, bytes] = state.report;
   const double took = state.progress.elapsed;
   const auto holes = state.damage.size();
@@ -51,15 +51,16 @@ std::string summary(const RenderState& state, const std::string& output) {
          "\n";
 }
 
-int tellEnd(const RenderState& state, const std::string& output, bool signalCame) {
+int tellEnd(const EngineRun& state, const std::string& output, bool signalCame) {
   for (const auto& line : state.engineSays) std::fprintf(stderr, "%s\n", line.c_str());
-  if (state.phase == RenderPhase::Done) {
+  if (state.phase == EnginePhase::Done) {
     for (const auto& hole : state.damage) warn(damageText(hole));
+    for (const auto& note : state.notes) warn(note);
     print(summary(state, output));
     return kExitDone;
   }
   // A signal of the terminal may end the engine before this program has seen it.
-  if (state.phase == RenderPhase::Stopped || signalCame)
+  if (state.phase == EnginePhase::Stopped || signalCame)
     return fail("stopped; nothing was written", kExitStopped);
   return state.failure.empty() ? kExitFailed : fail(state.failure);
 }

@@ -23,11 +23,13 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
       player_(std::move(sound),
               [this](auto frame, auto picture) { pictures_.put(frame, std::move(picture)); }),
       desk_({states_.window, parts.window, parts.session.editing, parts.loop, parts.history, parts.list,
-             parts.commands, *this},
+             parts.commands, *this, parts.session.editorStreams},
             mainWindow()),
       preview_(states_.preview, parts.session.editing, player_, pictures_, parts.loop, desk_),
       create_(parts.session.editing, states_.create, desk_),
       transition_(parts.session.editing, states_.transition, desk_, parts.store),
+      effectNames_(states_.effect.names, parts.store, "Effect"),
+      film_(parts.session.editing, states_.window.analysing, parts.loop, [this] { parts_.draw(); }),
       timelineActs_({desk_, parts.session.editing, parts.history, parts.commands, parts.mailbox},
                     timelineDoors()),
       hand_(states_.timeline, timelineActs_),
@@ -43,6 +45,11 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
 
 bool EditorLinks::isPlaying() const {
   return states_.preview.kind == PreviewKind::Movie && states_.preview.PreviewPlaying;
+}
+
+void EditorLinks::KillPreview() {
+  preview_.KillPreview();
+  standIn_.reset();  // it has gone with the preview's picture
 }
 
 MainWindowDoors EditorLinks::mainWindow() {
@@ -96,7 +103,11 @@ DeskTabs EditorLinks::tabs() {
           rules(states_.audio),
           DeskTab{.enter = [this] { transition_.show(true); },
                   .follow = [this](bool rebuild) { transition_.show(rebuild); }},
-          DeskTab{.enter = [this] { enterTab(editing(), states_.effect, desk_); },
+          DeskTab{.enter =
+                      [this] {
+                        enterTab(editing(), states_.effect, desk_);
+                        effectNames_.offer(kvo::effectNames(states_.effect));
+                      },
                   .follow =
                       [this](bool rebuild) {
                         followTab(editing(), states_.effect, desk_, rebuild);
@@ -113,6 +124,7 @@ void EditorLinks::settle() {
   if (!parts_.window.face.visible) desk_.leave();
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
+  film_.settle();
   if (!desk_.isOpen()) return;
   const auto& create = states_.create;
   states_.timeline.marks.range.reset();
@@ -130,8 +142,10 @@ void EditorLinks::settle() {
       follow(false);
   }
   const auto& collection = parts_.session.collection;
-  if (std::exchange(timedSeen_, states_.window.timed) != states_.window.timed || edited)
-    hand_.show(blocksOf(TimelineClips(collection, parts_.session.streams), collection, optionsOf(editing())));
+  const bool timed = std::exchange(timedSeen_, states_.window.timed) != states_.window.timed;
+  if ((timed || edited) && desk_.knowsFiles())
+    hand_.show(blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing())));
+  if (std::exchange(openedSeen_, states_.window.opened) != states_.window.opened) hand_.open();
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
   states_.window.frame.zoom = hand_.zoomPart();

@@ -2,6 +2,7 @@
 // no rules.
 #pragma once
 
+#include "app/analysing_film.h"
 #include "app/play_links.h"
 #include "app/session.h"
 #include "editor/desk/timeline_desk.h"
@@ -75,6 +76,7 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] PreviewEngine& preview() { return preview_; }
   [[nodiscard]] CreateRules& create() { return create_; }
   [[nodiscard]] TransitionRules& transition() { return transition_; }
+  [[nodiscard]] NameChooser& effectNames() { return effectNames_; }
   [[nodiscard]] TimelineHand& hand() { return hand_; }
   [[nodiscard]] const Editing& editing() const { return parts_.session.editing; }
 
@@ -88,7 +90,7 @@ class EditorLinks : public DeskPreview {
   void showClipFrame(Long frame);
 
   // Of the desk
-  void KillPreview() override { preview_.KillPreview(); }
+  void KillPreview() override;
   void sample(Sample what, int clipNo) override { preview_.sample(what, clipNo); }
   [[nodiscard]] bool isPlaying() const override;
   void movieIsStale() override { preview_.movieIsStale(); }
@@ -116,6 +118,8 @@ class EditorLinks : public DeskPreview {
   PreviewEngine preview_;
   CreateRules create_;
   TransitionRules transition_;
+  NameChooser effectNames_;
+  AnalysingFilm film_;
   TimelineDesk timelineActs_;
   TimelineHand hand_;
   LastWish<FrameWish, Result<FramePicture>> frames_;
@@ -124,6 +128,7 @@ class EditorLinks : public DeskPreview {
   std::optional<FrameWish> standIn_;  // what stands in the place of a preview, or will
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
+  std::uint64_t openedSeen_ = 0;
 };
 
 }  // namespace kvo

@@ -22,6 +22,7 @@
 namespace kvo {
 namespace {
 
+constexpr int kTransitionTab = 3;
 constexpr std::size_t kMostPictures = 64;  // of clips, as widgets draw them
 
 // Has all that comes until it is the loop's turn drawn at once.
@@ -40,7 +41,10 @@ std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
 
 EditorWindow::EditorWindow(const Parts& parts)
     : parts_(parts),
-      samples_(parts.session.collection, parts.session.streams, drawSoon(parts.loop, parts.draw)),
+      transitions_(transitionArt(parts.session.collection), parts.session.streams,
+                   drawSoon(parts.loop, parts.draw)),
+      effects_(effectArt(parts.session.collection, parts.session.editor.effects), parts.session.streams,
+               drawSoon(parts.loop, parts.draw)),
       colours_(parts.links.editing(), parts.loop, [this] { parts_.draw(); }) {}
 
 EditorWindow::~EditorWindow() = default;
@@ -49,6 +53,7 @@ void EditorWindow::draw() {
   parts_.links.settle();
   if (!frm_ && !parts_.links.desk().isOpen()) return;
   if (!frm_) make();
+  makePage(parts_.links.states().window.frame.CurrentTab);
   frm_->draw();
   auto* owner = parts_.links.desk().isOpen() ? frm_.get() : nullptr;
   keyframes_->draw(owner);
@@ -74,6 +79,10 @@ void EditorWindow::make() {
                 states.window.keys, states.history},
       RushActs{.Buildtabs = act([&desk](int tab) { desk.Buildtabs(tab); }),
                .clipKey = act([&desk](ClipKey key) { desk.press(key); }),
+               .transition = act([&links, &desk] {
+                 desk.Buildtabs(kTransitionTab);
+                 links.transition().chooseCut(false);
+               }),
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
@@ -84,13 +93,14 @@ void EditorWindow::make() {
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
                .save = act([&desk] { desk.saveProject(); }),
+               .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
       states.keyframes, pageLogic(), [&links](Long frame) { links.showClipFrame(frame); },
       [this](int clipNo) { return pictureOf(clipNo); });
-  analysing_ = std::make_unique<FrmAnalysing>(states.window.analysing);
-  makePages();
+  analysing_ =
+      std::make_unique<FrmAnalysing>(states.window.analysing, act([&desk] { desk.stopAnalysing(); }));
   makePreview();
   makeTimeline();
 }
@@ -99,48 +109,55 @@ PageLogic EditorWindow::pageLogic() {
   return {parts_.links.editing(), parts_.links.desk(), [this] { parts_.draw(); }};
 }
 
-void EditorWindow::makePages() {
+// A page is made when its tab is opened for the first time: all of them at once would take too long.
+void EditorWindow::makePage(int tab) {
+  if (std::exchange(hasPage_[static_cast<std::size_t>(tab - 1)], true)) return;
   auto& links = parts_.links;
   auto& states = links.states();
-  const auto set = [this](int tab, auto* page) { frm_->setPage(tab, page, [page] { page->draw(); }); };
+  const auto set = [&](auto* page) { frm_->setPage(tab, page, [page] { page->draw(); }); };
   const auto picture = [this](int clipNo) { return pictureOf(clipNo); };
-  set(1, made<CreatePage>(states.create, links.create(),
-                          CreatePage::Acts{.preview =
-                                               [&links, this] {
-                                                 links.preview().PrepPreview();
-                                                 parts_.draw();
-                                               },
-                                           .save =
-                                               [&links, this] {
-                                                 links.desk().saveProject();
-                                                 parts_.draw();
-                                               },
-                                           .help = parts_.help,
-                                           .quit =
-                                               [&links, this] {
-                                                 links.desk().Form_QueryUnload();
-                                                 parts_.draw();
-                                               },
-                                           .acted = [this] { parts_.draw(); }},
-                          frm_.get()));
-  set(2, made<AudioPage>(states.audio, pageLogic(), frm_.get()));
-  set(3, made<TransitionPage>(
-             TransitionPage::Logic{states.transition, links.transition(), parts_.session.collection, samples_,
-                                   [this] {
-                                     return parts_.dialogs
-                                         .open({"Mask", {{"Pictures (*.jpg)", "*.jpg *.jpeg"}}, {}, {}})
-                                         .value_or("");
-                                   },
-                                   [this] { parts_.draw(); }},
-             frm_.get()));
-  set(4, made<EffectPage>(
-             states.effect, pageLogic(), [&links] { links.showKeyframes(); }, frm_.get()));
-  set(5, made<StillsPage>(states.stills, pageLogic(), picture, frm_.get()));
-  set(6, made<ColorPage>(states.color, pageLogic(),
-                         ColorPage::Pictures{.before = picture,
-                                             .after = [this](int clipNo) { return withColours(clipNo); }},
-                         frm_.get()));
-  set(7, made<OverlayPage>(states.overlay, pageLogic(), frm_.get()));
+  const auto drawn = [this](auto work) {
+    return [this, work] {
+      work();
+      parts_.draw();
+    };
+  };
+  switch (tab) {
+    case 1:
+      return set(
+          made<CreatePage>(states.create, links.create(),
+                           CreatePage::Acts{.preview = drawn([&links] { links.preview().PrepPreview(); }),
+                                            .save = drawn([&links] { links.desk().saveProject(); }),
+                                            .help = parts_.help,
+                                            .quit = drawn([&links] { links.desk().Form_QueryUnload(); }),
+                                            .acted = [this] { parts_.draw(); }},
+                           frm_.get()));
+    case 2:
+      return set(made<AudioPage>(states.audio, pageLogic(), frm_.get()));
+    case 3:
+      return set(made<TransitionPage>(
+          TransitionPage::Logic{
+              states.transition, links.transition(), parts_.session.collection, transitions_,
+              [this] {
+                return parts_.dialogs.open({"Mask", {{"Pictures (*.jpg)", "*.jpg *.jpeg"}}, {}, {}})
+                    .value_or("");
+              },
+              [this] { parts_.draw(); }},
+          frm_.get()));
+    case 4:
+      return set(made<EffectPage>(
+          states.effect, pageLogic(), EffectPage::Choice{links.effectNames(), effects_},
+          [&links] { links.showKeyframes(); }, frm_.get()));
+    case 5:
+      return set(made<StillsPage>(states.stills, pageLogic(), picture, frm_.get()));
+    case 6:
+      return set(made<ColorPage>(
+          states.color, pageLogic(),
+          ColorPage::Pictures{.before = picture, .after = [this](int clipNo) { return withColours(clipNo); }},
+          frm_.get()));
+    default:
+      return set(made<OverlayPage>(states.overlay, pageLogic(), frm_.get()));
+  }
 }
 
 void EditorWindow::makePreview() {

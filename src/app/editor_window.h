@@ -3,12 +3,13 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
-#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
 #include "sketches/sketches.h"
 
 #include <QImage>
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -46,7 +47,7 @@ class EditorWindow {
 
  private:
   void make();
-  void makePages();
+  void makePage(int tab);
   void makePreview();
   void makeTimeline();
   [[nodiscard]] PageLogic pageLogic();
@@ -62,7 +63,8 @@ class EditorWindow {
   };
   static const QImage& kept(ShownPicture& shown, const std::shared_ptr<const FramePicture>& picture);
 
-  EngineTransitionSamples samples_;
+  EngineSamples transitions_;
+  EngineSamples effects_;
   ColourPictures colours_;
   std::map<int, ShownPicture> pictures_;  // by clip
   ShownPicture coloured_;
@@ -70,6 +72,7 @@ class EditorWindow {
   std::unique_ptr<FrmKeyframe> keyframes_;
   std::unique_ptr<FrmAnalysing> analysing_;
   TimelineView* timeline_ = nullptr;  // the window's
+  std::array<bool, kEditorTabs> hasPage_{};
 };
 
 }  // namespace kvo

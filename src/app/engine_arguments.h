@@ -12,9 +12,6 @@
 
 namespace kvo {
 
-/// Windows Media system profiles are numbered below this.
-inline constexpr int kSystemProfiles = 26;
-
 struct EngineArguments {
   engine::RenderJob job;
   std::optional<int> profile;  ///< number of a Windows Media system profile

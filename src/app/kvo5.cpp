@@ -9,6 +9,7 @@
 #include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
+#include "render/system_profile.h"
 #include "sketches/sketch_folder.h"
 
 #include <cstdio>
@@ -57,6 +58,7 @@ int run(const kvo::CommandLine& line) {
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   kvo::ConsoleBoxes boxes;
   kvo::Session session(folderToRead(beside), boxes);
+  kvo::SystemProfile({session.files, session.nameLocks, session.folder, boxes}).mend();
   switch (line.task) {
     case kvo::Task::Render:
       return kvo::runRender(session, line, beside + "KVORender");
@@ -79,7 +81,7 @@ int runWindow(int argc, char** argv) {
   if (!kvo::hasDisplay()) return failWithoutDisplay();
   const auto beside = kvo::withSeparator(kvo::executableFolder());
   return kvo::runWindow(argc, argv, kvo::findProgramFolder(environment, beside), beside,
-                        kvo::placesFile(environment));
+                        kvo::placesFile(environment), kvo::sketchesFolder(environment));
 }
 
 }  // namespace

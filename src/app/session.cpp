@@ -12,8 +12,8 @@
 namespace kvo {
 namespace {
 
-constexpr std::array<std::string_view, 4> kShippedFiles = {"silence.wav", "KVO5.INI", "ParamCols.dat",
-                                                           "Fourcc.dat"};
+constexpr std::array<std::string_view, 5> kShippedFiles = {"silence.wav", "KVO5.INI", "ParamCols.dat",
+                                                           "Fourcc.dat", "wmsysprx.prx"};
 constexpr std::uint64_t kMaxShipped = 64ULL << 20U;
 
 }  // namespace

@@ -4,8 +4,10 @@
 #include "adapters/media/media_frame_source.h"
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_name_locks.h"
 #include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
+#include "editor/desk/presumed_files.h"
 #include "editor/tabs/editing.h"
 #include "program/collection_store.h"
 
@@ -32,16 +34,18 @@ class Session {
   PosixFiles files;
   PosixClock clock;
   PosixProcesses processes;
+  PosixNameLocks nameLocks;
   PosixTemporaryFolders temporaryFolders;
   MessageBoxes& boxes;
   MediaFrameSource streams;
+  PresumedFiles editorStreams{streams};  ///< as the editor asks for them
   ProgramFolder folder;
   KVO2 settings;
   Collection collection;
   EditorState editor;
   ErrorLog log{files, clock, settings, folder};
   CollectionStore file{files, clock, boxes, log, folder, settings, collection};
-  Editing editing{collection, settings, editor, streams, files, boxes, folder, log, clock};
+  Editing editing{collection, settings, editor, editorStreams, files, boxes, folder, log, clock};
 };
 
 }  // namespace kvo

@@ -20,6 +20,7 @@
 #include "app/companions.h"
 #include "app/editor_window.h"
 #include "app/face_links.h"
+#include "app/known_files.h"
 #include "app/look_command.h"
 #include "app/play_links.h"
 #include "app/session.h"
@@ -43,6 +44,7 @@
 #include "program/missing_files.h"
 #include "program/shut_down.h"
 #include "program/start_up.h"
+#include "render/system_profile.h"
 #include "sketches/kept_sketches.h"
 #include "ui/skin_face.h"
 #include "ui/theme.h"
@@ -88,8 +90,9 @@ class PatientHandover : public Handover {
 class WindowProgram {
  public:
   WindowProgram(const ProgramFolder& programFolder, const std::string& placesFile,
-                const std::string& executableFolder)
-      : session_(programFolder, boxes_),
+                const std::string& executableFolder, std::string cacheFolder)
+      : cache_(std::move(cacheFolder)),
+        session_(programFolder, boxes_),
         handover_(handoverFolder(), handoverName(programFolder.path())),
         loop_([this] { draw(); }),
         probe_({session_.files, session_.processes, loop_, session_.clock, session_.temporaryFolders,
@@ -101,7 +104,7 @@ class WindowProgram {
                   session_.settings, session_.collection, {state_, list_, history_, recent_}),
         looker_({session_.processes, loop_, lookingProcess(executableFolder)}),
         intakeWindow_({state_, session_.settings, session_.collection, loop_, list_, desktop_, refusals_}),
-        intake_({session_.files, session_.clock, refusals_, looker_, disc_, session_.folder, probe_,
+        intake_({session_.files, session_.clock, refusals_, tellingLooker_, disc_, session_.folder, probe_,
                  session_.log, session_.settings, session_.collection, intakeWindow_}),
         parts_{session_.files,
                boxes_,
@@ -197,6 +200,7 @@ class WindowProgram {
       rowPictures_.came();
       frmRush_.sketchCame(path);
     });
+    editor_.desk().whenLooked([this] { keeping_.want(cache_); });
     list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
     links_.takeInterfaceSize();
   }
@@ -208,6 +212,7 @@ class WindowProgram {
       boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
       return kExitFailed;
     }
+    SystemProfile({session_.files, session_.nameLocks, session_.folder, boxes_}).mend();
     Failures failures(session_.log, boxes_, session_.settings, [] { std::exit(kExitFailed); });
     try {
       switch (startUp_.run(arguments, std::filesystem::current_path().string())) {
@@ -220,6 +225,7 @@ class WindowProgram {
         case StartEnd::Run:
           break;
       }
+      rememberFiles(session_.streams, session_.files, cache_);
       links_.takeInterfaceSize();
       if (state_.face.fullScreen) coverScreen();
       showNow();
@@ -229,6 +235,7 @@ class WindowProgram {
       const int code = QApplication::exec();
       companions_.leave();
       autosave_.end();
+      if (session_.streams.hasNews()) keepFiles(session_.streams, session_.files, cache_);
       return code;
     } catch (const std::exception& thrown) {
       failures.LogError(std::string(LoadResString(179)) + " - " + thrown.what(), true);
@@ -287,6 +294,7 @@ class WindowProgram {
     frmRush_.draw();
   }
 
+  std::string cache_;
   FrmMessageBoxes boxes_{[this] { showNow(); }};
   GatheredBoxes refusals_{boxes_};
   Session session_;
@@ -308,11 +316,12 @@ class WindowProgram {
   RecentCollections recent_;
   CollectionCommands commands_;
   LookingProcess looker_;
+  TellingLooker tellingLooker_{looker_, session_.streams};
   CdioDisc disc_;
   IntakeWindow intakeWindow_;
   AddClips intake_;
-  MissingFiles missing_{
-      {session_.files, dialogs_, boxes_, loop_, looker_, state_, session_.collection, list_, history_}};
+  MissingFiles missing_{{session_.files, dialogs_, boxes_, loop_, tellingLooker_, state_, session_.collection,
+                         list_, history_}};
   ProgramParts parts_;
   Intro intro_;
   Mailbox mailbox_;
@@ -341,6 +350,9 @@ class WindowProgram {
   KeptSketches sketches_;
   ListPictures rowPictures_{{sketches_, session_.collection, state_.list}};
   LastWish<std::string, Result<StreamFacts>> facts_;
+  LastWish<std::string, bool> keeping_{
+      loop_, [this](const std::string& cache) { return keepFiles(session_.streams, session_.files, cache); },
+      [](const std::string& /*cache*/, bool /*done*/) {}};
   Mpris mpris_;
   Companions companions_;
   FrmFileOpen window_;
@@ -373,14 +385,14 @@ bool hasDisplay() {
 }
 
 int runWindow(int argc, char** argv, const ProgramFolder& folder, const std::string& executableFolder,
-              const std::string& placesFile) {
+              const std::string& placesFile, const std::string& cacheFolder) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("KVO5");
   std::locale::global(std::locale(std::locale(), std::make_unique<QtTranslations>().release()));
   applyTheme(application);
   const auto shared = executableFolder + "../share";
   QApplication::setWindowIcon(programIcon(shared));
-  WindowProgram program(folder, placesFile, executableFolder);
+  WindowProgram program(folder, placesFile, executableFolder, cacheFolder);
   return program.run({argv + 1, argv + argc}, shared + "/kvo5");
 }
 

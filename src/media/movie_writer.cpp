@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "media/audio_reader.h"
 #include "media/ffmpeg.h"
+#include "media/sound_shape.h"
 
 #include <algorithm>
 #include <array>
@@ -104,6 +105,7 @@ struct MovieWriter::State {
   std::int64_t early = 0;    // the stamp of the next packet ahead of the movie, while there are any
   std::int64_t framesGiven = 0;
   std::int64_t samplesGiven = 0;
+  std::optional<SoundShape> shape;
   std::vector<float> held;  // samples that do not fill an encoder's frame yet
 
   Error failure(const std::string& what, int code) const {
@@ -162,21 +164,32 @@ struct MovieWriter::State {
     if (audio == nullptr) return failure("cannot write", AVERROR(ENOMEM));
     audioEncoder.reset(avcodec_alloc_context3(codec));
     auto& c = *audioEncoder;
-    c.sample_rate = kSampleRate;
-    c.ch_layout = AV_CHANNEL_LAYOUT_STEREO;
+    const auto wanted = isAsf() ? format.sound : SoundFormat();
+    auto made = SoundShape::open(wanted.sampleRate, wanted.channels);
+    if (!made) return made.error();
+    shape.emplace(std::move(*made));
+    c.sample_rate = wanted.sampleRate;
+    av_channel_layout_default(&c.ch_layout, wanted.channels);
     c.sample_fmt = isAsf() ? AV_SAMPLE_FMT_FLTP : AV_SAMPLE_FMT_S16;
-    c.time_base = {1, kSampleRate};
+    c.time_base = {1, wanted.sampleRate};
     if (isAsf()) c.bit_rate = format.video ? kMovieSoundRate : kSoundOnlyRate;
+    if (isAsf() && wanted.bitRate > 0) c.bit_rate = std::max(wanted.bitRate, kLeastSoundBits);
     audio->time_base = c.time_base;
     auto opened = openEncoder(c, *audio);
     if (opened && isAsf()) {
       // A decoder throws away the first two frames. One is the encoder's own delay, which its time stamps
       // count; the other is put ahead here.
-      held.assign(static_cast<std::size_t>(c.frame_size) * kChannels, 0.0F);
+      held.assign(frameSamples(), 0.0F);
       samples = -c.frame_size;
       early = -2;
     }
     return opened;
+  }
+
+  [[nodiscard]] int channels() const { return audioEncoder->ch_layout.nb_channels; }
+  // Of all channels in a frame of the encoder; 0 where a frame has any size.
+  [[nodiscard]] std::size_t frameSamples() const {
+    return static_cast<std::size_t>(audioEncoder->frame_size) * static_cast<std::size_t>(channels());
   }
 
   Outcome openEncoder(AVCodecContext& encoder, AVStream& stream) const {
@@ -233,9 +246,9 @@ struct MovieWriter::State {
   Outcome writeSamples(std::span<const float> part) {
     auto frame = newFrame();
     frame->format = audioEncoder->sample_fmt;
-    frame->nb_samples = static_cast<int>(part.size()) / kChannels;
-    frame->ch_layout = AV_CHANNEL_LAYOUT_STEREO;
-    frame->sample_rate = kSampleRate;
+    frame->nb_samples = static_cast<int>(part.size()) / channels();
+    av_channel_layout_copy(&frame->ch_layout, &audioEncoder->ch_layout);
+    frame->sample_rate = audioEncoder->sample_rate;
     frame->pts = samples;
     if (av_frame_get_buffer(frame.get(), 0) < 0) throw std::bad_alloc();
     if (audioEncoder->sample_fmt == AV_SAMPLE_FMT_S16) {
@@ -244,9 +257,10 @@ struct MovieWriter::State {
         return static_cast<std::int16_t>(std::clamp(std::lrint(s * 32768.0F), -32768L, 32767L));
       });
     } else {
-      for (int channel = 0; channel < kChannels; ++channel) {
+      const auto step = static_cast<std::size_t>(channels());
+      for (std::size_t channel = 0; channel < step; ++channel) {
         auto* out = reinterpret_cast<float*>(frame->extended_data[channel]);
-        for (auto i = static_cast<std::size_t>(channel); i < part.size(); i += kChannels) *out++ = part[i];
+        for (auto i = channel; i < part.size(); i += step) *out++ = part[i];
       }
     }
     samples += frame->nb_samples;
@@ -291,9 +305,9 @@ Outcome MovieWriter::writeVideo(const EncodedFrame& frame) {
 Outcome MovieWriter::writeAudio(std::span<const float> samples) {
   auto& s = *state_;
   s.samplesGiven += static_cast<std::int64_t>(samples.size()) / kChannels;
-  const auto chunk = static_cast<std::size_t>(s.audioEncoder->frame_size) * kChannels;
-  if (chunk == 0) return samples.empty() ? Outcome() : s.writeSamples(samples);
-  s.held.insert(s.held.end(), samples.begin(), samples.end());
+  const auto chunk = s.frameSamples();
+  if (samples.empty() || chunk == 0) return samples.empty() ? Outcome() : s.writeSamples(samples);
+  s.shape->convert(samples, s.held);
   std::size_t used = 0;
   for (; s.held.size() - used >= chunk; used += chunk) {
     if (auto done = s.writeSamples(std::span<const float>(s.held).subspan(used, chunk)); !done) return done;
@@ -304,10 +318,14 @@ Outcome MovieWriter::writeAudio(std::span<const float> samples) {
 
 Outcome MovieWriter::finish() {
   auto& s = *state_;
-  if (!s.held.empty()) {
+  if (s.shape && s.frameSamples() > 0) {
+    s.shape->convert({}, s.held);
     // The encoder takes whole frames only.
-    s.held.resize(static_cast<std::size_t>(s.audioEncoder->frame_size) * kChannels, 0.0F);
-    if (auto done = s.writeSamples(s.held); !done) return done;
+    const auto chunk = s.frameSamples();
+    s.held.resize((s.held.size() + chunk - 1) / chunk * chunk, 0.0F);
+    for (std::span<const float> rest = s.held; !rest.empty(); rest = rest.subspan(chunk)) {
+      if (auto done = s.writeSamples(rest.first(chunk)); !done) return done;
+    }
     s.held.clear();
   }
   if (s.audioEncoder) {

@@ -20,10 +20,21 @@ enum class Container { Avi, Wav, Wmv, Wma };
 /// By the extension of a file name in any case; nothing for another one.
 std::optional<Container> containerOf(std::string_view path);
 
+/// Of sound that is encoded; sound of a WAV or AVI is always 44.1 kHz stereo.
+struct SoundFormat {
+  int sampleRate = 44100;
+  int channels = 2;
+  int bitRate = 0;  ///< a second; 0 for 128000 beside a picture and 192000 without one
+};
+
+/// The encoder of Windows Media Audio goes no lower.
+inline constexpr int kLeastSoundBits = 24000;
+
 struct MovieFormat {
   Container container = Container::Avi;
   std::optional<VideoFormat> video;
-  bool audio = true;  ///< 44.1 kHz stereo: PCM of 16 bits, in ASF Windows Media Audio 2
+  bool audio = true;  ///< PCM of 16 bits, in ASF Windows Media Audio 2
+  SoundFormat sound{};
 };
 
 class MovieWriter {

@@ -5,13 +5,14 @@
 #include "media/scaler.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace kvo::media {
 namespace {
 
-constexpr int kQuantiser = 3;
 constexpr int kGroupOfPictures = 12;
+constexpr int kCoarsest = 31;  // quantiser
 
 struct FreePool {
   void operator()(AVBufferPool* p) const { av_buffer_pool_uninit(&p); }
@@ -29,6 +30,7 @@ struct VideoEncoder::State {
   VideoFormat format;
   std::string name;
   CodecHandle encoder;  // none for raw video
+  std::optional<Scaler> scaler;
 
   // Raw video
   std::unique_ptr<AVBufferPool, FreePool> rawPool;
@@ -67,12 +69,31 @@ struct VideoEncoder::State {
     c.framerate = av_inv_q(c.time_base);
     c.gop_size = kGroupOfPictures;
     c.max_b_frames = 0;
-    c.flags |= AV_CODEC_FLAG_QSCALE;
-    c.global_quality = FF_QP2LAMBDA * kQuantiser;
+    if (format.bitRate > 0) {
+      c.bit_rate = format.bitRate;
+      c.bit_rate_tolerance = format.bitRate / 10;
+      c.qmin = 2;
+      c.qmax = kCoarsest;
+    } else {
+      c.flags |= AV_CODEC_FLAG_QSCALE;
+      c.global_quality = FF_QP2LAMBDA * format.quantiser;
+    }
     c.thread_count = 1;
     if (headerInFile) c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     const int opened = avcodec_open2(&c, codec, nullptr);
     return opened < 0 ? Outcome(failure(opened)) : Outcome();
+  }
+
+  [[nodiscard]] bool fits(const Picture& picture) const {
+    const auto even = [](int side) { return (side + 1) & ~1; };
+    return picture.width() == even(format.width) && picture.height() == even(format.height);
+  }
+
+  Result<Picture> broughtToSize(const Picture& picture) {
+    const auto frame = newFrame();
+    if (av_frame_ref(frame.get(), picture.frame()) < 0) throw std::bad_alloc();
+    if (!scaler) scaler.emplace((format.width + 1) & ~1, (format.height + 1) & ~1);
+    return scaler->place(frame, Fit::Letterbox);
   }
 
   Result<EncodedFrame> encode(const Picture& picture, std::int64_t number) {
@@ -138,7 +159,7 @@ VideoEncoder::~VideoEncoder() = default;
 
 Result<VideoEncoder> VideoEncoder::open(const VideoFormat& format, bool headerInFile,
                                         const std::string& name) {
-  auto state = std::make_unique<State>(State{format, name, nullptr, nullptr, 0, {}});
+  auto state = std::make_unique<State>(State{format, name, nullptr, std::nullopt, nullptr, 0, {}});
   if (format.codec == VideoCodec::Raw) {
     state->beginRaw();
   } else if (auto begun = state->begin(headerInFile); !begun) {
@@ -148,6 +169,10 @@ Result<VideoEncoder> VideoEncoder::open(const VideoFormat& format, bool headerIn
 }
 
 Result<EncodedFrame> VideoEncoder::encode(const Picture& picture, std::int64_t number) {
+  if (!state_->fits(picture)) {
+    const auto sized = state_->broughtToSize(picture);
+    return sized ? encode(*sized, number) : sized.error();
+  }
   return state_->encoder ? state_->encode(picture, number) : state_->encodeRaw(picture, number);
 }
 

@@ -16,8 +16,8 @@ namespace kvo::media {
 
 enum class VideoCodec {
   Raw,    ///< uncompressed, bottom row first, at the bit depth asked for
-  Mpeg4,  ///< MPEG-4 part 2, constant quantiser 3
-  Wmv2,   ///< Windows Media Video 8, constant quantiser 3
+  Mpeg4,  ///< MPEG-4 part 2
+  Wmv2,   ///< Windows Media Video 8
 };
 
 struct VideoFormat {
@@ -26,6 +26,8 @@ struct VideoFormat {
   int height = 0;
   FrameRate frameRate{};
   int bitDepth = 24;  ///< 16 (5-5-5), 24 or 32; for Raw
+  int quantiser = 3;  ///< of each picture, 1 to 31; finer is less
+  int bitRate = 0;    ///< bits a second that are aimed at in place of that; 0 for none
 };
 
 /// A frame as it stands in a file, shared and not copied.
@@ -53,7 +55,8 @@ class VideoEncoder {
 
   /// The frame that stands at `number` in the movie. The first picture of an encoder is a key frame, and
   /// numbers rise by one, so that segments of a movie can be encoded by encoders of their own. A picture may
-  /// be larger than the movie by one row and column, which are cut off. Fails when memory is short.
+  /// be larger than the movie by one row and column, which are cut off; one of another size is brought to
+  /// the movie's, its shape kept by black bars. Fails when memory is short.
   Result<EncodedFrame> encode(const Picture& picture, std::int64_t number);
 
   /// What a file says of the stream.

@@ -38,7 +38,10 @@ Autosave::Autosave(const Parts& parts)
           parts.loop, [this](const Wish& wish) { return write(*wish); },
           [this](const Wish& /*wish*/, const Outcome& outcome) {
             isThere_ |= static_cast<bool>(outcome);
-            if (!outcome && !std::exchange(failed_, true)) parts_.log.LogError(outcome.error().text);
+            const bool failedBefore = std::exchange(failed_, !outcome);
+            if (outcome) return;
+            if (!failedBefore) parts_.log.LogError(outcome.error().text);
+            revision_.reset();  // the next look tries again
           })) {}
 
 void Autosave::begin() {
@@ -66,8 +69,10 @@ void Autosave::offer() {
     isThere_ = true;
     return;
   }
-  if (const auto done = parts_.files.rename(path_, path_ + ".old"); !done)
-    parts_.log.LogError(done.error().text);
+  // Beside what has been put aside before.
+  auto aside = path_ + ".old";
+  for (int i = 2; parts_.files.exists(aside); ++i) aside = path_ + ".old" + std::to_string(i);
+  if (const auto done = parts_.files.rename(path_, aside); !done) parts_.log.LogError(done.error().text);
 }
 
 void Autosave::look() {

@@ -37,7 +37,8 @@ class Autosave {
   explicit Autosave(const Parts& parts);
 
   /// Asks what is to become of what an earlier run has left, where there is anything: it is opened, counting
-  /// as changed, or put aside with ".old" behind its name. Behind that changes are kept from now on.
+  /// as changed, or put aside with ".old" behind its name, ".old2" where that is taken. Behind that changes
+  /// are kept from now on.
   void begin();
 
   /// The program ends, and whatever was to be saved has been: nothing is left behind.
@@ -62,8 +63,8 @@ class Autosave {
   std::unique_ptr<Timer> timer_;
   std::unique_ptr<LastWish<Wish, Outcome>> writer_;
   bool isThere_ = false;  // the file
-  bool failed_ = false;   // which has been logged
-  std::uint64_t revision_ = 0;
+  bool failed_ = false;   // the last write, which has been logged
+  std::optional<std::uint64_t> revision_;
   std::vector<std::string> preferences_;
 };
 

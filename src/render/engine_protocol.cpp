@@ -24,8 +24,10 @@ std::optional<double> takeNumber(std::string_view& rest) {
 EngineWord readProgress(std::string_view rest) {
   const auto done = takeNumber(rest);
   const auto total = takeNumber(rest);
+  const auto bytes = takeNumber(rest);
+  const auto written = takeNumber(rest);
   if (!done || !total) return {};
-  return EngineProgress{*done, *total};
+  return EngineProgress{*done, *total, bytes.value_or(0), written.value_or(0)};
 }
 
 EngineWord readDamage(std::string_view rest) {
@@ -34,6 +36,11 @@ EngineWord readDamage(std::string_view rest) {
   const auto to = takeNumber(rest);
   if ((kind != "sound" && kind != "picture") || !from || !to || rest.empty()) return {};
   return EngineDamage{kind == "sound", *from, *to, std::string(rest)};
+}
+
+EngineWord readNote(std::string_view rest) {
+  if (rest.empty()) return {};
+  return EngineNote{std::string(rest)};
 }
 
 EngineWord readReport(std::string_view rest) {
@@ -49,13 +56,16 @@ std::string_view kindOf(const EngineDamage& damage) { return damage.isSound ? "s
 }  // namespace
 
 std::string engineLine(const EngineProgress& progress) {
-  return "progress " + FormatMask(progress.done, "0.000") + " " + FormatMask(progress.total, "0.000");
+  return "progress " + FormatMask(progress.done, "0.000") + " " + FormatMask(progress.total, "0.000") + " " +
+         FormatMask(progress.bytes, "0") + " " + FormatMask(progress.written, "0.000");
 }
 
 std::string engineLine(const EngineDamage& damage) {
   return std::string("damage ").append(kindOf(damage)) + " " + FormatMask(damage.from, "0.00") + " " +
          FormatMask(damage.to, "0.00") + " " + damage.file;
 }
+
+std::string engineLine(const EngineNote& note) { return "note " + note.text; }
 
 std::string engineLine(const EngineReport& report) {
   return "done " + std::to_string(report.frames) + " " + FormatMask(report.seconds, "0.000") + " " +
@@ -66,6 +76,7 @@ EngineWord readEngineLine(std::string_view line) {
   const auto kind = takeWord(line);
   if (kind == "progress") return readProgress(line);
   if (kind == "damage") return readDamage(line);
+  if (kind == "note") return readNote(line);
   if (kind == "done") return readReport(line);
   return {};
 }

@@ -1,6 +1,8 @@
 // What the render engine tells while it works: lines of text on its standard output, written and read here.
-//   progress DONE TOTAL           seconds of the movie, a few times a second
+//   progress DONE TOTAL BYTES IN  seconds of the movie, a few times a second; the file's bytes so far and the
+//                                 seconds that are in them
 //   damage KIND FROM TO FILE      the "picture" or "sound" of these seconds of a file is missing
+//   note TEXT                     where the movie is not as its profile asks
 //   done FRAMES SECONDS BYTES     the file is in place
 // A failure is one line on its standard error.
 #pragma once
@@ -18,6 +20,8 @@ namespace kvo {
 struct EngineProgress {
   double done = 0;
   double total = 0;
+  double bytes = 0;    ///< of the file so far
+  double written = 0;  ///< seconds that these hold
   bool operator==(const EngineProgress&) const = default;
 };
 
@@ -29,6 +33,12 @@ struct EngineDamage {
   bool operator==(const EngineDamage&) const = default;
 };
 
+/// A line for the user.
+struct EngineNote {
+  std::string text;
+  bool operator==(const EngineNote&) const = default;
+};
+
 struct EngineReport {
   std::int64_t frames = 0;  ///< 0 for a sound file
   double seconds = 0;
@@ -36,12 +46,16 @@ struct EngineReport {
   bool operator==(const EngineReport&) const = default;
 };
 
+/// The environment variable that names the profile file of a render without a profile's number.
+inline constexpr const char* kProfileVariable = "KVO5_PROFILE";
+
 /// Nothing stands for a line that makes no sense.
-using EngineWord = std::variant<std::monostate, EngineProgress, EngineDamage, EngineReport>;
+using EngineWord = std::variant<std::monostate, EngineProgress, EngineDamage, EngineNote, EngineReport>;
 
 /// Without the end of the line.
 std::string engineLine(const EngineProgress& progress);
 std::string engineLine(const EngineDamage& damage);
+std::string engineLine(const EngineNote& note);
 std::string engineLine(const EngineReport& report);
 
 EngineWord readEngineLine(std::string_view line);

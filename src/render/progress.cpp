@@ -9,8 +9,8 @@
 namespace kvo {
 
 double shareDone(const RenderProgress& progress) {
-  const auto [done, total] = progress.movie;
-  return total > 0 ? std::clamp(done / total, 0.0, 1.0) : 0;
+  const auto& movie = progress.movie;
+  return movie.total > 0 ? std::clamp(movie.done / movie.total, 0.0, 1.0) : 0;
 }
 
 std::int64_t framesDone(const RenderProgress& progress) {
@@ -36,6 +36,29 @@ std::optional<double> secondsLeft(const RenderProgress& progress) {
   const double share = shareDone(progress);
   if (share <= 0 || !speedOf(progress)) return std::nullopt;
   return progress.elapsed * (1 - share) / share;
+}
+
+std::optional<double> bytesInAll(const RenderProgress& progress) {
+  const auto& movie = progress.movie;
+  if (movie.bytes <= 0 || movie.written <= 0) return std::nullopt;
+  return movie.bytes * std::max(movie.total / movie.written, 1.0);
+}
+
+std::optional<double> SteadyTimeLeft::after(const RenderProgress& progress) {
+  constexpr double kMostRise = 1.2;
+  auto left = secondsLeft(progress);
+  if (left && shown_ && shareDone(progress) >= 0.5) left = std::min(*left, *shown_ * kMostRise);
+  shown_ = left;
+  return left;
+}
+
+std::string leftText(const RenderProgress& progress, std::optional<double> secondsLeft) {
+  std::string text;
+  if (secondsLeft) text = clockText(*secondsLeft) + " left";
+  if (const auto inAll = bytesInAll(progress)) {
+    text += (text.empty() ? "" : ", ") + bytesText(progress.movie.bytes) + " of about " + bytesText(*inAll);
+  }
+  return text;
 }
 
 std::string progressText(const RenderProgress& progress) {

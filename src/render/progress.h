@@ -30,6 +30,23 @@ std::optional<double> speedOf(const RenderProgress& progress);
 /// Seconds of work, as the speed so far has it. Nothing as above.
 std::optional<double> secondsLeft(const RenderProgress& progress);
 
+/// Bytes that the file will have, as those of the part that is written have it. Nothing before that.
+std::optional<double> bytesInAll(const RenderProgress& progress);
+
+/// The time left as it is shown: what secondsLeft says, but in the second half of a render it never rises by
+/// more than a fifth from one time to the next.
+class SteadyTimeLeft {
+ public:
+  /// Seconds. Nothing as secondsLeft.
+  std::optional<double> after(const RenderProgress& progress);
+
+ private:
+  std::optional<double> shown_;
+};
+
+/// "0:12 left, 17.4 MB of about 40.1 MB"; what is not known yet is left out.
+std::string leftText(const RenderProgress& progress, std::optional<double> secondsLeft);
+
 /// " 43%  2.10 x real time  0:12 left"
 std::string progressText(const RenderProgress& progress);
 

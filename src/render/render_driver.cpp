@@ -2,11 +2,17 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "render/batch_file.h"
 
 namespace kvo {
 namespace {
 
 constexpr std::size_t kMaxErrorLines = 100;
+constexpr const char* kDocument = "/KVORender.xtl";
+constexpr const char* kBatchFile = "/KVORender.bat";
+constexpr const char* kSentinel = "/Rendone.txt";
+// Has the shell killed when this program ends; the engine does so with its shell.
+constexpr const char* kTether = "/usr/bin/setpriv";
 
 std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string& document, int starter) {
   std::vector<std::string> arguments;
@@ -14,6 +20,7 @@ std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string
     const auto& [from, to] = *order.range;
     arguments.push_back("/[" + FormatMask(from, "0.00") + "-" + FormatMask(to, "0.00") + "]");
   }
+  if (order.profile) arguments.insert(arguments.end(), {"/P", std::to_string(*order.profile)});
   if (!order.codec.empty()) arguments.insert(arguments.end(), {"/C", order.codec});
   arguments.insert(arguments.end(), {"/S", std::to_string(starter), "/W", order.output, document});
   return arguments;
@@ -21,36 +28,71 @@ std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string
 
 }  // namespace
 
+Outcome RenderDriver::prepare(const RenderOrder& order, const std::string& folder) {
+  const auto document = folder + kDocument;
+  const auto batchFile = folder + kBatchFile;
+  sentinel_ = folder + kSentinel;
+  ports_.files.remove(batchFile);
+  ports_.files.remove(sentinel_);
+  // The user knows nothing of these files.
+  if (auto done = writeDurably(ports_.files, document, order.document); !done)
+    return Error{replaced(done.error().text, document, "the timeline document")};
+  const EngineCall call{ports_.engine, argumentsOf(order, document, ports_.processes.ownNumber()),
+                        order.profileFile};
+  if (auto done = writeDurably(ports_.files, batchFile, batchScript(call, sentinel_)); !done)
+    return Error{replaced(done.error().text, batchFile, "the timeline document")};
+  return {};
+}
+
 Outcome RenderDriver::start(const RenderOrder& order) {
   if (process_) return Error{"a render is under way"};
-  auto folder = ports_.folders.make();
-  if (!folder) return folder.error();
-  const auto document = (*folder)->path() + "/movie.xtl";
-  if (auto done = writeDurably(ports_.files, document, order.document); !done) {
-    // The user knows nothing of that file.
-    return Error{replaced(done.error().text, document, "the timeline document")};
+  std::unique_ptr<TemporaryFolder> temporary;
+  auto folder = order.folder;
+  if (folder.empty()) {
+    auto made = ports_.folders.make();
+    if (!made) return made.error();
+    temporary = std::move(*made);
+    folder = temporary->path();
   }
+  if (auto done = prepare(order, folder); !done) return done;
   auto process = ports_.processes.start(
-      ports_.loop,
-      {ports_.engine, argumentsOf(order, document, ports_.processes.ownNumber()), !order.sharesTerminal},
+      ports_.loop, {kTether, {"--pdeathsig", "KILL", "/bin/sh", folder + kBatchFile}, !order.sharesTerminal},
       {.line = [this](std::string_view line) { hear(line); },
        .errorLine = [this](std::string_view line) { hearError(line); },
        .ended = [this](const ProcessEnd& end) { hearEnd(end); }});
   if (!process) return process.error();
-  folder_ = std::move(*folder);
+  folder_ = std::move(temporary);
   process_ = std::move(*process);
   begun_ = ports_.loop.now();
+  output_ = order.output;
+  shownAs_ = order.shownAs;
   state_ = {};
-  state_.phase = RenderPhase::Running;
+  state_.phase = EnginePhase::Running;
   state_.progress.frameRate = order.frameRate;
   return {};
 }
 
 void RenderDriver::stop() {
-  if (state_.phase != RenderPhase::Running) return;
-  state_.phase = RenderPhase::Stopping;
+  if (state_.phase != EnginePhase::Running) return;
+  state_.phase = EnginePhase::Stopping;
   process_->stop();
   changed_();
+}
+
+void RenderDriver::abandon() {
+  if (!process_) return;
+  letGo();
+  state_.phase = EnginePhase::Stopped;
+}
+
+bool RenderDriver::takeSentinel() {
+  return !sentinel_.empty() && ports_.files.exists(sentinel_) && ports_.files.remove(sentinel_);
+}
+
+void RenderDriver::letGo() {
+  process_.reset();
+  folder_.reset();
+  takeSentinel();
 }
 
 double RenderDriver::secondsSinceStart() const {
@@ -61,6 +103,7 @@ void RenderDriver::hear(std::string_view line) {
   const auto word = readEngineLine(line);
   if (const auto* progress = std::get_if<EngineProgress>(&word)) state_.progress.movie = *progress;
   if (const auto* damage = std::get_if<EngineDamage>(&word)) state_.damage.push_back(*damage);
+  if (const auto* note = std::get_if<EngineNote>(&word)) state_.notes.push_back(note->text);
   if (const auto* report = std::get_if<EngineReport>(&word)) state_.report = *report;
   state_.progress.elapsed = secondsSinceStart();
   changed_();
@@ -69,21 +112,20 @@ void RenderDriver::hear(std::string_view line) {
 void RenderDriver::hearError(std::string_view line) {
   auto& lines = state_.engineSays;
   if (lines.size() == kMaxErrorLines) lines.erase(lines.begin());
-  lines.emplace_back(line);
+  lines.push_back(shownAs_.empty() ? std::string(line) : replaced(line, output_, shownAs_));
 }
 
 void RenderDriver::hearEnd(const ProcessEnd& end) {
-  process_.reset();
-  folder_.reset();
+  letGo();
   state_.progress.elapsed = secondsSinceStart();
   // What tells of the movie has put it under its name, whatever has ended the engine then.
   if (end.exitCode == kExitDone ||
-      (state_.phase == RenderPhase::Stopping && state_.report != EngineReport{})) {
-    state_.phase = RenderPhase::Done;
-  } else if (state_.phase == RenderPhase::Stopping) {
-    state_.phase = RenderPhase::Stopped;
+      (state_.phase == EnginePhase::Stopping && state_.report != EngineReport{})) {
+    state_.phase = EnginePhase::Done;
+  } else if (state_.phase == EnginePhase::Stopping) {
+    state_.phase = EnginePhase::Stopped;
   } else {
-    state_.phase = RenderPhase::Failed;
+    state_.phase = EnginePhase::Failed;
     if (end.exitCode > kExitUsage || state_.engineSays.empty())
       state_.failure = "the render engine ended with code " + std::to_string(end.exitCode);
   }

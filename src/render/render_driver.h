@@ -1,5 +1,6 @@
-// A render as the program sees it: the engine runs as a process of its own on a document in a temporary
-// folder, is followed and stopped. Nothing here waits: what comes is heard through the loop.
+// A run of the engine as the program sees it: a script for the shell starts it on a document, and it is
+// followed and stopped. Nothing here waits: what comes is heard through the loop. However this program ends,
+// shell and engine end with it.
 #pragma once
 
 #include "ports/files.h"
@@ -21,12 +22,16 @@ struct RenderOrder {
   std::string output;                                ///< the extension says the kind
   std::optional<std::pair<double, double>> range{};  ///< from and to, seconds; without it the whole movie
   std::string codec{};                               ///< of an AVI; empty for uncompressed
-  double frameRate = 0;                              ///< of the movie
+  std::optional<int> profile{};                      ///< of Windows Media, one of the engine's own
+  std::string profileFile{};                         ///< that is in force; empty for none
+  std::string shownAs{};  ///< what the engine's lines call the output; empty for its own name
+  std::string folder{};   ///< for document, script and sentinel; empty for a temporary one
+  double frameRate = 0;   ///< of the movie
   /// The engine belongs to this program's job of the terminal, so that Ctrl-Z stops both.
   bool sharesTerminal = false;
 };
 
-enum class RenderPhase {
+enum class EnginePhase {
   Idle,  ///< nothing has been started yet
   Running,
   Stopping,  ///< the engine has been asked to end
@@ -35,15 +40,16 @@ enum class RenderPhase {
   Stopped,
 };
 
-struct RenderState {
-  RenderPhase phase = RenderPhase::Idle;
+struct EngineRun {
+  EnginePhase phase = EnginePhase::Idle;
   RenderProgress progress;
   std::vector<EngineDamage> damage;
+  std::vector<std::string> notes;       ///< where the movie is not as its profile asks
   EngineReport report;                  ///< of a movie that is done
   std::vector<std::string> engineSays;  ///< lines of its standard error, the last ones
   std::string failure;                  ///< why it failed, where the engine has not said so
 
-  [[nodiscard]] bool ended() const { return phase > RenderPhase::Stopping; }
+  [[nodiscard]] bool ended() const { return phase > EnginePhase::Stopping; }
 };
 
 class RenderDriver {
@@ -68,9 +74,17 @@ class RenderDriver {
   /// Ends a render within about a second; nothing is written then. Its end is heard as any other.
   void stop();
 
-  [[nodiscard]] const RenderState& state() const { return state_; }
+  /// Ends it at once, unheard: the state is that of a render that was stopped.
+  void abandon();
+
+  /// True once behind the appearance of the sign that the engine has ended; it is taken away again.
+  bool takeSentinel();
+
+  [[nodiscard]] const EngineRun& state() const { return state_; }
 
  private:
+  Outcome prepare(const RenderOrder& order, const std::string& folder);
+  void letGo();
   void hear(std::string_view line);
   void hearError(std::string_view line);
   void hearEnd(const ProcessEnd& end);
@@ -78,7 +92,10 @@ class RenderDriver {
 
   Ports ports_;
   std::function<void()> changed_;
-  RenderState state_;
+  EngineRun state_;
+  std::string output_;   // as the engine calls it
+  std::string shownAs_;  // as the user does
+  std::string sentinel_;
   std::chrono::milliseconds begun_{};
   std::unique_ptr<TemporaryFolder> folder_;
   std::unique_ptr<Process> process_;  // ends ahead of the folder that it reads from

@@ -1,6 +1,5 @@
 #include "ui/cool_list_view.h"
 
-#include "ui/cool_list_accessible.h"
 #include "ui/focus_ring.h"
 #include "ui/made.h"
 #include "ui/painting.h"
@@ -95,7 +94,7 @@ std::optional<QCursor> pointerOf(const CoolListProperties& properties) {
 
 CoolListView::CoolListView(QWidget* parent, const CoolListProperties& properties)
     : QFrame(parent), bar_(made<QScrollBar>(this)), edit_(made<QPlainTextEdit>(this)) {
-  installCoolListAccessibility();
+  installAccessibleRows();
   setFocusPolicy(Qt::StrongFocus);
   setAcceptDrops(true);
   clock_.start();
@@ -117,7 +116,7 @@ CoolListView::CoolListView(QWidget* parent, const CoolListProperties& properties
   list_.events.editChanged = [this] { showEdit(); };
   list_.events.Click = [this] { tell(events.Click); };
   list_.events.ListIndexChange = [this] {
-    tellFocus();
+    tellRowInHand(*this, *this);
     tell(events.ListIndexChange);
   };
   list_.events.SelectionChange = [this] { tell(events.SelectionChange); };
@@ -181,6 +180,18 @@ milliseconds CoolListView::now() const { return milliseconds(clock_.elapsed()); 
 QRect CoolListView::itemRect(int index) const {
   if (!list_.isInView(index)) return {};
   return toRect(list_.rowRect(index - list_.TopIndex())).translated(contentsRect().topLeft());
+}
+
+QString CoolListView::rowName(int row) const { return QString::fromStdString(list_.item(row).ItemText); }
+
+RowState CoolListView::rowState(int row) const {
+  return {.selected = list_.item(row).ItemSelected,
+          .inSight = list_.isInView(row),
+          .multiSelectable = list_.properties().SelectMode != 0};
+}
+
+int CoolListView::rowAt(const QPoint& at) const {
+  return list_.itemAt(at.y() - contentsRect().top()).value_or(-1);
 }
 
 QVariant CoolListView::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -324,17 +335,13 @@ void CoolListView::resizeEvent(QResizeEvent* event) {
 
 void CoolListView::focusInEvent(QFocusEvent* event) {
   QFrame::focusInEvent(event);
-  tellFocus();
+  tellRowInHand(*this, *this);
   update();
 }
 
 void CoolListView::focusOutEvent(QFocusEvent* event) {
   QFrame::focusOutEvent(event);
   update();
-}
-
-void CoolListView::tellFocus() const {
-  if (hasFocus() && list_.ListIndex() >= 0) tellItemFocus(*this, list_.ListIndex());
 }
 
 // A list without an index gets one by the first key that moves, so that it can be reached without a mouse.

@@ -1,6 +1,7 @@
 // The list control on the screen: draws a CoolList and brings it what keyboard, mouse and drops do.
 #pragma once
 
+#include "ui/accessible_rows.h"
 #include "ui/cool_list.h"
 #include "ui/cool_list_rows.h"
 
@@ -19,7 +20,7 @@ class QScrollBar;
 
 namespace kvo {
 
-class CoolListView : public QFrame {
+class CoolListView : public QFrame, public AccessibleRows {
  public:
   /// What the list tells its window. Each may be empty.
   struct Events {
@@ -67,6 +68,12 @@ class CoolListView : public QFrame {
 
   /// The text of an item, in the place of the widget; empty for one out of view.
   [[nodiscard]] QRect itemRect(int index) const;
+  [[nodiscard]] int rowCount() const override { return list_.ListCount(); }
+  [[nodiscard]] QString rowName(int row) const override;
+  [[nodiscard]] QRect rowPlace(int row) const override { return itemRect(row); }
+  [[nodiscard]] RowState rowState(int row) const override;
+  [[nodiscard]] int rowAt(const QPoint& at) const override;
+  [[nodiscard]] int rowInHand() const override { return list_.ListIndex(); }
   [[nodiscard]] QSize sizeHint() const override { return {200, 180}; }
   /// The place of the keyboard, where its menu opens, is the row of ListIndex.
   [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -100,7 +107,6 @@ class CoolListView : public QFrame {
   void layOut();
   void showBar();
   void showEdit();
-  void tellFocus() const;
   void waitForStep();
   bool navigate(const QKeyEvent& event);
   bool find(const QString& typed);

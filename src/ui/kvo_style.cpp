@@ -14,7 +14,8 @@ namespace kvo {
 namespace {
 
 constexpr int kMark = 16;
-constexpr int kRoom = 4;  // about a mark or a handle, for the ring
+constexpr int kSmallMark = 14;  // in a dense list
+constexpr int kRoom = 4;        // about a mark or a handle, for the ring
 constexpr int kLeastHit = 24;
 constexpr int kHandle = 12;
 constexpr int kSlot = 4;
@@ -125,6 +126,7 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect
   painter.setPen(Qt::NoPen);
   painter.setBrush(toColour(token("void")));
   painter.drawRoundedRect(slot, round, round);
+  const bool hasPart = option.sliderPosition > option.minimum;
   // The part from the least value to the handle; `upsideDown` tells at which end that is.
   if (lies) {
     option.upsideDown ? slot.setLeft(centre.x()) : slot.setRight(centre.x());
@@ -132,7 +134,7 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect
     option.upsideDown ? slot.setTop(centre.y()) : slot.setBottom(centre.y());
   }
   painter.setBrush(isEnabled(option) ? fill : toColour(token("line2")));
-  painter.drawRoundedRect(slot, round, round);
+  if (hasPart) painter.drawRoundedRect(slot, round, round);
   const QSizeF size(themed(kHandle), themed(kMark));
   const QRectF handle(centre - QPointF(size.width() / 2, size.height() / 2), size);
   drawHandle(painter, handle, isEnabled(option));
@@ -159,7 +161,7 @@ int KvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
-      return themed(kMark);
+      return themed(widget != nullptr && widget->property("small").toBool() ? kSmallMark : kMark);
     case PM_MenuHMargin:
       return themed(kMenuMarginH);
     case PM_MenuVMargin:

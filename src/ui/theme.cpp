@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QtMath>
@@ -89,17 +90,22 @@ QFont numberFont(double pixels) {
   return font;
 }
 
+// Drawn once: to read and render a source takes longer than all else that is drawn of a key.
 QPixmap iconPicture(const QString& name, Rgb colour, int side, double pixelRatio) {
+  QPixmap picture;
+  const auto kept = QString("kvo/%1/%2/%3/%4").arg(name).arg(colour).arg(side).arg(pixelRatio);
+  if (QPixmapCache::find(kept, &picture)) return picture;
   auto svg = resource(":/icons/" + name + ".svg");
   if (svg.isEmpty()) return {};
   // The sources are drawn in the colour of text.
   svg.replace(toColour(token("text1")).name().toUpper().toLatin1(), toColour(colour).name().toLatin1());
-  QPixmap picture(qRound(side * pixelRatio), qRound(side * pixelRatio));
+  picture = QPixmap(qRound(side * pixelRatio), qRound(side * pixelRatio));
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
   QSvgRenderer(svg).render(&painter);
   painter.end();
   picture.setDevicePixelRatio(pixelRatio);
+  QPixmapCache::insert(kept, picture);
   return picture;
 }
 

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -36,6 +37,46 @@ TEST(MediaFrameSource, KnowsAFileThatHasChanged) {
   EXPECT_EQ(source.facts(path)->width, 48);
   std::filesystem::remove(path);
   EXPECT_FALSE(source.facts(path)) << "it is gone";
+}
+
+// A file of the same size and time is not opened again, whoever has found out what it holds.
+TEST(MediaFrameSource, KnowsWhatAnEarlierRunHasFoundOut) {
+  const test::ScratchFolder folder;
+  const auto path = test::makeCountingVideo(folder, "a\tb.avi", "25", 25);
+  MediaFrameSource first;
+  const auto facts = first.facts(path);
+  ASSERT_TRUE(facts);
+  EXPECT_TRUE(first.hasNews());
+  const auto text = first.known("us");
+  const auto time = std::filesystem::last_write_time(path);
+  {
+    std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+    file << std::string(64, 'x');
+  }
+  std::filesystem::last_write_time(path, time);
+  struct Row {
+    const char* name;
+    std::string text, maker;
+    bool isKnown;
+  };
+  const Row rows[] = {{"as it was written", text, "us", true},
+                      {"by another", text, "them", false},
+                      {"nothing", "", "us", false},
+                      {"cut off", text.substr(0, text.size() - path.size()), "us", false},
+                      {"with a line that is none", "us\n12\tand more\n" + text.substr(3), "us", true}};
+  for (const auto& row : rows) {
+    MediaFrameSource later;
+    later.remember(row.text, row.maker);
+    const auto again = later.facts(path);
+    ASSERT_EQ(static_cast<bool>(again), row.isKnown) << row.name;
+    if (!again) continue;
+    EXPECT_FALSE(later.hasNews()) << row.name;
+    EXPECT_EQ(std::tuple(again->width, again->codec, again->frameRate, again->duration, again->hasAudio),
+              std::tuple(facts->width, facts->codec, facts->frameRate, facts->duration, facts->hasAudio));
+  }
+  MediaFrameSource told;
+  told.learn(path, {.hasVideo = true, .width = 7});
+  EXPECT_EQ(told.facts(path)->width, 7);
 }
 
 TEST(MediaFrameSource, GivesAFrameByItsTimeWithItsShapeKept) {

@@ -1,5 +1,7 @@
 #include "adapters/posix/posix_files.h"
 
+#include "adapters/posix/posix_name_locks.h"
+
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
@@ -60,6 +62,17 @@ TEST_F(PosixFilesTest, WhatIsNoFileIsNotWaitedFor) {
   const auto pipe = folder_ + "/pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   EXPECT_FALSE(files_.read(pipe, 100));
+}
+
+TEST_F(PosixFilesTest, ANameIsHeldByOneAtATime) {
+  PosixNameLocks locks;
+  PosixNameLocks others;
+  auto held = locks.tryLock(folder_ + "/name");
+  ASSERT_TRUE(held && *held);
+  EXPECT_EQ(others.tryLock(folder_ + "/name").value(), nullptr);
+  held->reset();
+  EXPECT_NE(others.tryLock(folder_ + "/name").value(), nullptr);
+  EXPECT_FALSE(locks.tryLock(folder_ + "/nowhere/name"));
 }
 
 TEST_F(PosixFilesTest, OnlyAFolderIsWrittenInto) {

@@ -47,6 +47,11 @@ TEST(CommandLine, TakesItsCommands) {
   EXPECT_EQ(render->range->to, 4);
   EXPECT_EQ(render->size->height, 360);
   EXPECT_EQ(*render->rate, 29.97);
+  EXPECT_EQ(readCommandLine({"--render", "c.INI", "--output", "o.WMV", "--profile", "41"})->profile, 41);
+  for (const auto* profile : {"42", "-1", "1.5", "x"})
+    EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.wmv", "--profile", profile}))
+        << profile;
+  EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--profile", "7"}));
   EXPECT_EQ(readCommandLine({"--check", "-c.INI"})->collection, "-c.INI");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl"})->output, "d.xtl");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "7"})->previewPower, 7);

@@ -228,7 +228,6 @@ TEST_F(Program, DrawsAContactSheet) {
   EXPECT_EQ(picture.at(60, 70, 0), picture.at(60, 70 + 114, 0)) << "the rows are the same";
   expectEnd(engine({"--sheet", work_ / "s.jpg", work_ / "one.xtl"}), 2);
   expectEnd(engine({"--sheet", work_ / "s.png"}), 2);
-  expectEnd(engine({"/P", "7", "/W", work_ / "o.wmv", work_ / "one.xtl"}), 1, "/P 7");
   expectEnd(engine({"--sheet", work_ / "none.png", work_ / "none.xtl"}), 1, "none.xtl");
   EXPECT_FALSE(std::filesystem::exists(work_ / "none.png"));
 }
@@ -258,22 +257,26 @@ class Running {
     output_ = pipe[0];
     char first = 0;
     EXPECT_EQ(::read(output_, &first, 1), 1) << "it has begun to work";
-    std::ifstream children("/proc/" + std::to_string(process_) + "/task/" + std::to_string(process_) +
-                           "/children");
-    children >> child_;
-    EXPECT_GT(child_, 0);
+    for (auto parent = process_; parent > 0;) {
+      const auto number = std::to_string(parent);
+      std::ifstream children("/proc/" + number + "/task/" + number + "/children");
+      if (parent != process_) children_.push_back(parent);
+      parent = 0;
+      children >> parent;
+    }
+    EXPECT_EQ(children_.size(), 2U) << "a shell, and the engine below it";
   }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
   ~Running() {
-    if (child_ > 0) ::kill(child_, SIGKILL);
+    for (const auto child : children_) ::kill(child, SIGKILL);
     if (process_ > 0) ::kill(process_, SIGKILL);
     end();
     ::close(output_);
   }
 
   void signal(int number) const { ::kill(process_, number); }
-  void signalChild(int number) const { ::kill(child_, number); }
+  void signalEngine(int number) const { ::kill(children_.back(), number); }
 
   // Its exit code, when it has ended.
   int end() { return process_ == 0 ? -1 : test::endOf(std::exchange(process_, 0)); }
@@ -288,24 +291,23 @@ class Running {
   }
 
   // Waits for the end of what it has started.
-  [[nodiscard]] bool childEnds() {
-    for (int i = 0; i < 200; ++i) {
-      std::ifstream file("/proc/" + std::to_string(child_) + "/stat");
-      std::string text;
-      std::getline(file, text);
-      const auto name = text.rfind(')');
-      if (name == std::string::npos || text.compare(name, 3, ") Z") == 0) {
-        child_ = 0;
-        return true;
-      }
+  [[nodiscard]] bool childrenEnd() {
+    for (int i = 0; i < 200 && !children_.empty(); ++i) {
+      std::erase_if(children_, [](pid_t child) {
+        std::ifstream file("/proc/" + std::to_string(child) + "/stat");
+        std::string text;
+        std::getline(file, text);
+        const auto name = text.rfind(')');
+        return name == std::string::npos || text.compare(name, 3, ") Z") == 0;
+      });
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    return false;
+    return children_.empty();
   }
 
  private:
   pid_t process_ = 0;
-  pid_t child_ = 0;
+  std::vector<pid_t> children_;  // the shell, and the engine below it
   int output_ = -1;
 };
 
@@ -331,9 +333,9 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
         Row{"interrupted while the engine hangs", true, SIGINT, 130, false}}) {
     Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.avi", "--size",
                      "1280x720", "--codec", "mpeg4"});
-    if (row.hangs) starter.signalChild(SIGSTOP);
+    if (row.hangs) starter.signalEngine(SIGSTOP);
     starter.signal(row.signal);
-    EXPECT_TRUE(starter.childEnds()) << row.what;
+    EXPECT_TRUE(starter.childrenEnd()) << row.what;
     if (row.exitCode >= 0) {
       EXPECT_EQ(starter.end(), row.exitCode) << row.what;
       if (row.exitCode == 130) {
@@ -350,6 +352,26 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
     EXPECT_TRUE(std::filesystem::is_empty(temporary)) << row.what << ": swept at the next start";
     EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << row.what;
   }
+}
+
+TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {
+  const auto path = collection("c.INI", {video_});
+  temporaryFolder();
+  const auto profile = home_ / "program/wmsysprx.prx";
+  expectEnd(kvo5({"--render", path, "--output", work_ / "o.wmv", "--profile", "27"}), 0);
+  EXPECT_EQ(test::probed(work_ / "o.wmv", "stream=width,height,r_frame_rate"), "176 144 15/1");
+  const auto atRest = PosixFiles().read(profile, 1U << 20U).value();
+  EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
+
+  Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
+  expectEnd(kvo5({"--render", path, "--output", work_ / "p.wmv", "--profile", "30"}), 1, "Another render");
+  starter.signal(SIGKILL);
+  starter.end();
+  EXPECT_TRUE(starter.childrenEnd());
+  EXPECT_NE(PosixFiles().read(profile, 1U << 20U).value(), atRest);
+  expectEnd(kvo5({"--check", path}), 0);
+  EXPECT_EQ(PosixFiles().read(profile, 1U << 20U).value(), atRest);
+  EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
 }
 
 TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {

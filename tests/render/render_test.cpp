@@ -1,3 +1,4 @@
+#include "render/batch_file.h"
 #include "render/render_driver.h"
 #include "support/fake_processes.h"
 #include "support/memory_files.h"
@@ -12,8 +13,10 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(EngineProtocol, IsReadAsItIsWritten) {
-  EXPECT_EQ(std::get<EngineProgress>(readEngineLine(engineLine(EngineProgress{1.5, 12}))),
-            (EngineProgress{1.5, 12}));
+  const EngineProgress progress{1.5, 12, 70000, 1.25};
+  EXPECT_EQ(std::get<EngineProgress>(readEngineLine(engineLine(progress))), progress);
+  EXPECT_EQ(std::get<EngineNote>(readEngineLine(engineLine(EngineNote{"the sound  has"}))),
+            EngineNote{"the sound  has"});
   for (const bool isSound : {false, true}) {
     const EngineDamage damage{isSound, 1.2, 1.84, "/my clips/a  b.avi "};
     EXPECT_EQ(std::get<EngineDamage>(readEngineLine(engineLine(damage))), damage);
@@ -23,13 +26,30 @@ TEST(EngineProtocol, IsReadAsItIsWritten) {
   EXPECT_EQ(std::get<EngineReport>(readEngineLine(engineLine(report))), report);
   for (const auto* line : {"", "progress", "progress 1", "progress x 2", "progress -1 2",
                            "damage smell 1 2 a.avi", "damage sound 1 2 ", "damage sound 1 a.avi", "done 1 2",
-                           "done 1 2 1e300", "Progress 1 2", "progresses 1 2"}) {
+                           "note", "done 1 2 1e300", "Progress 1 2", "progresses 1 2"}) {
     EXPECT_EQ(readEngineLine(line).index(), 0U) << line;
   }
   EXPECT_EQ(damageText({false, 1.2, 1.84, "a.avi"}),
             "a.avi: the picture from 1.20 to 1.84 s cannot be decoded; the one ahead stands");
   EXPECT_EQ(damageText({true, 0, 2, "a.avi"}),
             "a.avi: the sound from 0.00 to 2.00 s cannot be decoded; it is silent");
+}
+
+// The engine is slower in the second half, and stands still there for a while.
+TEST(RenderProgress, TimeLeftNeverJumpsUpInTheSecondHalf) {
+  SteadyTimeLeft steady;
+  EXPECT_FALSE(steady.after({{0, 100}, 25, 1}));
+  EXPECT_DOUBLE_EQ(*steady.after({{10, 100}, 25, 1}), 9);
+  EXPECT_DOUBLE_EQ(*steady.after({{11, 100}, 25, 11}), 89) << "in the first half it tells what it sees";
+  double last = *steady.after({{60, 100}, 25, 12});
+  for (double elapsed = 13; elapsed < 300; ++elapsed) {
+    const double now = *steady.after({{60 + elapsed / 10, 100}, 25, elapsed});
+    EXPECT_LE(now, last * 1.2 + 1e-9);
+    last = now;
+  }
+  EXPECT_NEAR(last, 300 * 0.1 / 0.9, 1) << "and comes to what is true";
+  EXPECT_EQ(leftText({{5, 20, 1'000'000, 4}, 25, 2}, 6.0), "0:06 left, 1.0 MB of about 5.0 MB");
+  EXPECT_EQ(leftText({{0, 20}, 25, 2}, std::nullopt), "");
 }
 
 TEST(RenderProgress, TellsShareSpeedAndTimeLeft) {
@@ -67,11 +87,12 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   d.order.sharesTerminal = true;
   d.run();
   const auto& order = d.processes.last().order;
-  EXPECT_EQ(order.program, "/bin/KVORender");
-  EXPECT_EQ(order.arguments,
-            (Words{"/[1.50-4.00]", "/C", "mpeg4", "/S", "77", "/W", "/o.avi", "/tmp/kvo/movie.xtl"}));
+  EXPECT_EQ(order.arguments, (Words{"--pdeathsig", "KILL", "/bin/sh", "/tmp/kvo/KVORender.bat"}));
+  EXPECT_EQ(d.files.all["/tmp/kvo/KVORender.bat"],
+            "#!/bin/sh\n'/bin/KVORender' '/[1.50-4.00]' '/C' 'mpeg4' '/S' '77' '/W' '/o.avi' "
+            "'/tmp/kvo/KVORender.xtl'\ncode=$?\necho >'/tmp/kvo/Rendone.txt'\nexit $code\n");
   EXPECT_FALSE(order.ownGroup);
-  EXPECT_EQ(d.files.all["/tmp/kvo/movie.xtl"], "<timeline>");
+  EXPECT_EQ(d.files.all["/tmp/kvo/KVORender.xtl"], "<timeline>");
   EXPECT_FALSE(d.driver.start(d.order)) << "one at a time";
 
   d.loop.advance(2000);
@@ -85,15 +106,25 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   EXPECT_EQ(d.folders.standing, 1);
   d.processes.end(0);
   const auto& state = d.driver.state();
-  EXPECT_EQ(state.phase, RenderPhase::Done);
+  EXPECT_EQ(state.phase, EnginePhase::Done);
   EXPECT_EQ(state.report, (EngineReport{63, 2.5, 1000}));
   EXPECT_EQ(state.damage, (std::vector{EngineDamage{true, 1, 2, "/a b.avi"}}));
   EXPECT_EQ(d.folders.standing, 0);
   EXPECT_TRUE(d.processes.last().destroyed);
 
   d.run();
-  EXPECT_EQ(d.driver.state().phase, RenderPhase::Running) << "and again";
+  EXPECT_EQ(d.driver.state().phase, EnginePhase::Running) << "and again";
   EXPECT_TRUE(d.driver.state().damage.empty());
+}
+
+// No name of a file is anything but a name to the shell.
+TEST(BatchFile, QuotesEveryPath) {
+  const std::string nasty = "it's $(touch x); `y`\n\"z\" \\";
+  EXPECT_EQ(shellQuoted(nasty), "'it'\\''s $(touch x); `y`\n\"z\" \\'");
+  EXPECT_EQ(
+      batchScript({"/a b/KVORender", {"/P", "7", "/W", "-o'.wmv", "/d.xtl"}, "/p q.prx"}, "/c d/Rendone.txt"),
+      "#!/bin/sh\nKVO5_PROFILE='/p q.prx' '/a b/KVORender' '/P' '7' '/W' '-o'\\''.wmv' '/d.xtl'\ncode=$?\n"
+      "echo >'/c d/Rendone.txt'\nexit $code\n");
 }
 
 TEST(RenderDriver, TellsHowARenderEnded) {
@@ -101,23 +132,23 @@ TEST(RenderDriver, TellsHowARenderEnded) {
     bool stop;
     int exitCode;
     const char* says;
-    RenderPhase phase;
+    EnginePhase phase;
     std::string failure;
     const char* tells = "";
   };
   for (const auto& row :
-       {Row{false, 1, "KVORender: o.avi: File too large", RenderPhase::Failed, ""},
-        Row{false, 1, "", RenderPhase::Failed, "the render engine ended with code 1"},
-        Row{false, 139, "", RenderPhase::Failed, "the render engine ended with code 139"},
-        Row{false, 139, "oops", RenderPhase::Failed, "the render engine ended with code 139"},
-        Row{true, 143, "", RenderPhase::Stopped, ""}, Row{true, 137, "", RenderPhase::Stopped, ""},
-        Row{true, 0, "", RenderPhase::Done, ""},                             // it had ended already
-        Row{true, 143, "", RenderPhase::Done, "", "done 63 2.500 1000"}}) {  // the movie stood
+       {Row{false, 1, "KVORender: o.avi: File too large", EnginePhase::Failed, ""},
+        Row{false, 1, "", EnginePhase::Failed, "the render engine ended with code 1"},
+        Row{false, 139, "", EnginePhase::Failed, "the render engine ended with code 139"},
+        Row{false, 139, "oops", EnginePhase::Failed, "the render engine ended with code 139"},
+        Row{true, 143, "", EnginePhase::Stopped, ""}, Row{true, 137, "", EnginePhase::Stopped, ""},
+        Row{true, 0, "", EnginePhase::Done, ""},                             // it had ended already
+        Row{true, 143, "", EnginePhase::Done, "", "done 63 2.500 1000"}}) {  // the movie stood
     Driven d;
     d.run();
     if (row.stop) d.driver.stop();
     EXPECT_EQ(d.processes.last().stopped, row.stop);
-    EXPECT_EQ(d.driver.state().phase, row.stop ? RenderPhase::Stopping : RenderPhase::Running);
+    EXPECT_EQ(d.driver.state().phase, row.stop ? EnginePhase::Stopping : EnginePhase::Running);
     if (*row.says != '\0') d.processes.sayError(row.says);
     if (*row.tells != '\0') d.processes.say(row.tells);
     d.processes.end(row.exitCode);
@@ -132,7 +163,7 @@ TEST(RenderDriver, TellsHowARenderEnded) {
 }
 
 TEST(RenderDriver, WhatCannotBeginIsToldAndLeavesNothing) {
-  for (int failAt = 1; failAt <= 3; ++failAt) {
+  for (int failAt = 1; failAt <= 6; ++failAt) {
     Driven d;
     d.files.failAt = failAt;
     const auto begun = d.driver.start(d.order);
@@ -146,7 +177,7 @@ TEST(RenderDriver, WhatCannotBeginIsToldAndLeavesNothing) {
   EXPECT_EQ(d.folders.standing, 0);
   d.folders.refusal = "no room";
   EXPECT_EQ(d.driver.start(d.order).error().text, "no room");
-  EXPECT_EQ(d.driver.state().phase, RenderPhase::Idle);
+  EXPECT_EQ(d.driver.state().phase, EnginePhase::Idle);
 }
 
 TEST(RenderDriver, EndsTheEngineWithItself) {

@@ -1,12 +1,15 @@
 // The pages of the editor, driven as a user drives them.
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
+#include "support/memory_store.h"
 #include "ui/made.h"
 #include "ui/theme.h"
 #include "windows/editor/audio_page.h"
 #include "windows/editor/color_page.h"
 #include "windows/editor/effect_page.h"
+#include "windows/editor/effect_rows.h"
 #include "windows/editor/overlay_page.h"
+#include "windows/editor/sample_motion.h"
 #include "windows/editor/stills_page.h"
 #include "windows/keyframe/frm_keyframe.h"
 #include "windows/keyframe/keyframe_strip.h"
@@ -16,6 +19,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -24,6 +28,14 @@ namespace kvo {
 namespace {
 
 using test::TabBench;
+
+struct GreySamples : MovingSamples {
+  Picture picture(std::string_view /*name*/, int step) override {
+    const auto grey = static_cast<std::uint8_t>(40 + 10 * step);
+    return std::make_shared<FramePicture>(FramePicture{2, 1, std::vector<std::uint8_t>(6, grey)});
+  }
+  [[nodiscard]] int revision() const override { return 1; }
+};
 
 // Pictures to look at, where they are asked for.
 void keepPicture(QWidget& widget, const QString& name) {
@@ -112,7 +124,12 @@ TEST(EffectPage, TicksSlidersAndRightClicksReachTheRecord) {
   PageBench b;
   EffectTab tab;
   int opened = 0;
-  auto page = b.open<EffectPage>(tab, [&] { ++opened; });
+  test::MemoryStore store;
+  NameChooser names(tab.names, store, "Effect");
+  GreySamples samples;
+  auto page = b.open<EffectPage>(tab, EffectPage::Choice{names, samples}, [&] { ++opened; });
+  names.offer(effectNames(tab));
+  page->draw();
   press(*page, "Watercolor");
   press(*page, "Film age");
   stepUp(*page, "Film age");
@@ -132,6 +149,36 @@ TEST(EffectPage, TicksSlidersAndRightClicksReachTheRecord) {
   keepPicture(*page, "effect-ease");
   press(*page, "Back to the effects");
   EXPECT_TRUE(box->isVisible());
+
+  auto* rows = named<EffectRows>(*page, "Effects");
+  for (const int key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Space}) QTest::keyClick(rows, Qt::Key(key));
+  EXPECT_TRUE(EffectWord(clip.EffectWord()).isOn(2)) << "the second";
+  EXPECT_EQ(tab.names.lastUsed, (std::vector<std::string>{"Invert", "Watercolor"}));
+  QTest::mouseClick(box, Qt::LeftButton, {}, {box->width() - 34, box->height() / 2});
+  EXPECT_TRUE(names.isFavourite("Watercolor"));
+  EXPECT_TRUE(box->isChecked()) << "the star is no switch";
+  press(*page, "Favourites and those used last alone");
+  EXPECT_EQ(tab.names.shown, (std::vector<std::string>{"Invert", "Watercolor"}));
+  QTest::keyClicks(named<QLineEdit>(*page, "Find an effect by its name"), "water");
+  EXPECT_TRUE(box->isVisible());
+  EXPECT_FALSE(named<QAbstractButton>(*page, "Invert")->isVisible());
+  EXPECT_EQ(box->y(), 0) << "it moves up";
+}
+
+TEST(SampleMotion, MovesWhileThePointerDoesAndComesToRest) {
+  int drawn = 0;
+  SampleMotion motion([&] { ++drawn; });
+  EXPECT_EQ(motion.step(), kSampleStill);
+  motion.stir();
+  for (int i = 0; i < 3; ++i) motion.tick();
+  EXPECT_EQ(motion.step(), kSampleStill + 3);
+  motion.rest();
+  EXPECT_EQ(motion.step(), kSampleStill);
+  EXPECT_EQ(drawn, 4);
+  motion.stir();
+  for (int i = 0; i < 100; ++i) motion.tick();
+  EXPECT_EQ(motion.step(), kSampleStill);
+  EXPECT_EQ(drawn, 4 + 5 * kSampleSteps) << "below a pointer that rests";
 }
 
 TEST(AudioPage, FadesLevelAndMusic) {
@@ -236,6 +283,7 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   EXPECT_TRUE(window.isVisible());
   named<QAbstractSlider>(window, "Frame")->setValue(80);
   press(window, "Add a new keyframe here");
+  named<QAbstractSlider>(window, "Effect Level")->setValue(30);
   stepUp(window, "Effect Level");
   EXPECT_EQ(b.collection.KeyframeList[2].FrameNo, 80);
   EXPECT_EQ(b.collection.KeyframeList[2].Transparency, 31);

@@ -1,6 +1,6 @@
 // The editor's window, drawn from state that is filled by hand. With KVO_PICTURES set to a folder each test
 // that draws leaves its picture there.
-#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/engine_samples.h"
 #include "editor/tabs/tab_bench.h"
 #include "support/memory_store.h"
 #include "support/plain_desktop.h"
@@ -40,8 +40,8 @@ struct RushBench : test::TabBench {
   test::MemoryStore store;
   test::PlainDesktop desktop;
   test::NamedStreams noFiles;  // so that the samples are of plain colours
-  EngineTransitionSamples samples{collection, noFiles,
-                                  [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
+  EngineSamples samples{transitionArt(collection), noFiles,
+                        [this] { QMetaObject::invokeMethod(qApp, [this] { ++come; }); }};
   int come = 0;
   CreateRules createRules{editing, create, host};
   TransitionRules transitionRules{editing, transition, host, store};
@@ -75,10 +75,10 @@ struct RushBench : test::TabBench {
                    frame.CurrentTab = tab;
                    window->draw();
                  },
-                 number("key"), number("rate"), note("rateUp"), number("level"), note("levelUp"),
-                 number("jog"), number("history"),
+                 number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
+                 note("levelUp"), number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), note("save"), note("close")},
+                 note("whole"), note("preview"), note("save"), note("stopAnalysing"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
@@ -160,7 +160,8 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
         Row{Qt::Key_C, Qt::ShiftModifier, "key6 "}, Row{Qt::Key_E, Qt::NoModifier, ""},
         Row{Qt::Key_F2, Qt::NoModifier, "key9 "}, Row{Qt::Key_Space, Qt::NoModifier, "preview "},
         Row{Qt::Key_Minus, Qt::NoModifier, "zoom35 "}, Row{Qt::Key_Plus, Qt::NoModifier, "zoom45 "},
-        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
+        Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "},
+        Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
         Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
         Row{Qt::Key_S, Qt::ControlModifier, "save "}}) {
     b.asked.clear();
@@ -212,7 +213,13 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
     off += key->isEnabled() ? 0 : 1;
   }
   EXPECT_EQ(off, 4) << "split, undo, redo, their list";
-  EXPECT_EQ(b.part<QLabel>("Length of the audio")->toolTip(), "Audio Length does not match video Length");
+  const auto* length = b.part<QLabel>("Length of the audio");
+  EXPECT_EQ(length->toolTip(), "Audio Length does not match video Length");
+  for (const bool isRed : {false, true}) {
+    b.totals.audioIsRed = isRed;
+    b.window->draw();
+    EXPECT_EQ(length->palette().color(QPalette::WindowText) == toColour(token("red")), isRed);
+  }
 }
 
 // Every control of the two pages can be reached and is named.
@@ -280,7 +287,7 @@ TEST(TransitionPage, TilesArePickedByMouseAndArrows) {
   auto* tiles = b.part<TransitionTiles>("Transitions");
   auto* find = b.part<QLineEdit>("Find a transition by its name");
   QTest::keyClicks(find, "circle");
-  EXPECT_EQ(b.transition.shown.size(), 6U);
+  EXPECT_EQ(b.transition.names.shown.size(), 6U);
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(110, 50));
   EXPECT_EQ(b.clip(2).TransType(), "Circle2");
   QTest::keyClick(tiles, Qt::Key_Down);
@@ -289,7 +296,7 @@ TEST(TransitionPage, TilesArePickedByMouseAndArrows) {
   EXPECT_EQ(b.clip(2).TransType(), "Circle8");
   QTest::mouseMove(tiles->widget(), QPoint(30, 30));
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(68, 12));
-  EXPECT_EQ(b.transition.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
+  EXPECT_EQ(b.transition.names.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
   EXPECT_EQ(b.clip(2).TransType(), "Circle8");
 }
 

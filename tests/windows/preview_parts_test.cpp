@@ -104,6 +104,17 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
   state.PreviewPlaying = true;
   row.draw();
   EXPECT_EQ(row.findChildren<QAbstractButton*>()[2]->accessibleName(), "Pause");
+  for (const int narrow : {460, 274}) {
+    row.resize(narrow, row.height());
+    for (const auto* key : row.findChildren<QAbstractButton*>()) {
+      for (const auto* label : row.findChildren<QLabel*>()) {
+        if (!label->isVisible()) continue;
+        EXPECT_FALSE(key->geometry().intersects(label->geometry()))
+            << narrow << " " << label->text().toStdString();
+      }
+      EXPECT_TRUE(row.rect().contains(key->geometry())) << narrow;
+    }
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "adapters/media/media_frame_source.h"
 
+#include "adapters/media/facts_text.h"
 #include "base/guarded.h"
 #include "media/bgr.h"
 #include "media/media_facts.h"
@@ -13,6 +14,7 @@ namespace kvo {
 namespace {
 
 constexpr int kBytesPerPixel = 3;
+constexpr std::size_t kMostKept = 20000;  // files, 150 bytes each
 
 int evenSide(int side) { return (std::max(side, 2) + 1) / 2 * 2; }
 
@@ -33,21 +35,68 @@ Result<FramePicture> readFrame(const std::string& path, double seconds, int widt
 
 }  // namespace
 
-Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
+std::optional<MediaFrameSource::Stamp> MediaFrameSource::stampOf(const std::string& path) {
   std::error_code failed;
   const auto size = std::filesystem::file_size(path, failed);
-  const Stamp stamp{failed ? 0 : size, std::filesystem::last_write_time(path, failed)};
-  if (!failed) {
+  if (failed) return std::nullopt;
+  const auto time = std::filesystem::last_write_time(path, failed);
+  return failed ? std::nullopt : std::optional(Stamp{size, time});
+}
+
+Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
+  const auto stamp = stampOf(path);
+  if (stamp) {
     const std::lock_guard lock(mutex_);
     const auto found = known_.find(path);
-    if (found != known_.end() && found->second.stamp == stamp) return found->second.facts;
+    if (found != known_.end() && found->second.stamp == *stamp) return found->second.facts;
   }
   auto facts = guarded([&] { return media::readFacts(path); });
-  if (facts && !failed) {
-    const std::lock_guard lock(mutex_);
-    known_.insert_or_assign(path, Known{stamp, *facts});
-  }
+  if (facts && stamp) take(path, *stamp, *facts);
   return facts;
+}
+
+void MediaFrameSource::learn(const std::string& path, const StreamFacts& facts) {
+  if (const auto stamp = stampOf(path)) take(path, *stamp, facts);
+}
+
+void MediaFrameSource::take(const std::string& path, const Stamp& stamp, const StreamFacts& facts) {
+  const std::lock_guard lock(mutex_);
+  known_.insert_or_assign(path, Known{stamp, facts});
+  hasNews_ = true;
+}
+
+std::string MediaFrameSource::known(std::string_view maker) {
+  const std::lock_guard lock(mutex_);
+  hasNews_ = false;
+  auto text = std::string(maker).append("\n");
+  std::size_t files = 0;
+  for (const auto& [path, known] : known_) {
+    const auto line =
+        lineOf({path, known.stamp.size, known.stamp.time.time_since_epoch().count(), known.facts});
+    if (line.empty()) continue;
+    text.append(line).append("\n");
+    if (++files == kMostKept) break;
+  }
+  return text;
+}
+
+void MediaFrameSource::remember(std::string_view text, std::string_view maker) {
+  const std::lock_guard lock(mutex_);
+  for (bool isFirst = true; !text.empty(); isFirst = false) {
+    const auto end = std::min(text.find('\n'), text.size());
+    const auto line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (isFirst && line != maker) return;
+    if (const auto file = isFirst ? std::nullopt : fileIn(line)) {
+      const std::filesystem::file_time_type time{std::filesystem::file_time_type::duration(file->changed)};
+      known_.try_emplace(file->path, Known{{file->size, time}, file->facts});
+    }
+  }
+}
+
+bool MediaFrameSource::hasNews() {
+  const std::lock_guard lock(mutex_);
+  return hasNews_;
 }
 
 Result<FramePicture> MediaFrameSource::frame(const std::string& path, double seconds, int width, int height) {

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <mutex>
+#include <sstream>
 #include <string>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -16,13 +17,27 @@ namespace {
 
 constexpr auto kLookEvery = std::chrono::milliseconds(200);
 
-// By /proc/PID/stat: the letter behind the name, which stands in parentheses and may hold some itself.
-bool isStopped(pid_t process) {
+// What /proc/PID/stat tells behind the name, which stands in parentheses and may hold some itself: a letter
+// for the state, and the parent's number. Empty for a process that is gone.
+std::string statOf(pid_t process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/stat");
   std::string line;
   std::getline(file, line);
   const auto name = line.rfind(") ");
-  return name != std::string::npos && line.size() > name + 2 && line[name + 2] == 'T';
+  return name == std::string::npos ? std::string() : line.substr(name + 2);
+}
+
+bool isStopped(pid_t process) { return statOf(process).starts_with('T'); }
+
+// Whether `starter` is this process's parent, or the parent of the shell that is its parent.
+bool stands(pid_t starter) {
+  const auto parent = ::getppid();
+  if (parent == starter) return true;
+  std::istringstream words(statOf(parent));
+  char state = 0;
+  pid_t above = 0;
+  words >> state >> above;
+  return above == starter;
 }
 
 [[noreturn]] void endWithout(const char* why) {
@@ -40,7 +55,7 @@ void watch(const std::stop_token& stop, pid_t starter) {
   while (!stop.stop_requested()) {
     changed.wait_for(lock, stop, kLookEvery, [] { return false; });
     if (stop.stop_requested()) return;
-    if (::getppid() != starter) endWithout("its starter has ended");
+    if (!stands(starter)) endWithout("its starter has ended");
     const bool standsStill = isStopped(starter);
     if (standsStill && stoodStill) endWithout("its starter has been stopped");
     stoodStill = standsStill;
@@ -51,7 +66,7 @@ void watch(const std::stop_token& stop, pid_t starter) {
 
 StarterWatch::StarterWatch(pid_t starter) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (::getppid() != starter) endWithout("its starter has ended");
+  if (!stands(starter)) endWithout("its starter has ended");
   thread_ = std::jthread([starter](const std::stop_token& stop) { watch(stop, starter); });
 }
 

@@ -1,4 +1,5 @@
 // How the editor opens and closes.
+#include "base/paths.h"
 #include "core/telling/translated.h"
 #include "editor/desk/clip_stats.h"
 #include "editor/desk/editor_desk.h"
@@ -6,11 +7,16 @@
 #include "editor/tabs/operations.h"
 #include "editor/tabs/still_options.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kvo {
 namespace {
 
-constexpr int kMostAnalysing = 65;   // ticks that Frm_Analysing stays for
-constexpr int kAnalysingTick = 500;  // milliseconds
+constexpr int kAnalysingFrom = 300;    // milliseconds that it may take without a word
+constexpr int kAnalysingTick = 500;    // milliseconds
+constexpr int kMostAnalysing = 65;     // ticks that Frm_Analysing stays for
+constexpr std::size_t kMostNames = 5;  // of files, in a box
 constexpr Integer kOpened = 99;
 
 }  // namespace
@@ -23,29 +29,65 @@ void EditorDesk::Form_Load() {
   state.frame.visible = true;
   state.frame.CurrentTab = 1;
   opening_ = true;
-  collectionOpened();
+  showCaption();
   LoopPreviews_ = e.settings.user.LoopPreviews;
   SliderPauseOnRepo_ = e.settings.user.SliderPauseOnRepo;
   run().KVOIsInEditMode = true;
+  files_.forgetPassedOver();
   if (files_.known(e.collection)) return finishOpening();
   state.frame.toolsOn = false;
+  state.analysing = {};
+  state.analysing.total = e.clips().count();
   if (e.settings.preferences().KVOFastEdit && e.files.exists(e.folder.beside("\\PreviewDefaults.dat")))
     return;
-  state.analysing = {.visible = true, .done = 0, .total = e.clips().count()};
   analysingTicks_ = 0;
-  analysing_->start(kAnalysingTick);
+  analysing_->start(kAnalysingFrom);
 }
 
 void EditorDesk::countTick() {
-  if (++analysingTicks_ <= kMostAnalysing) return;
+  auto& shown = parts_.state.analysing;
+  if (analysingTicks_++ == 0) {
+    shown.visible = true;
+    const auto& e = parts_.editing;
+    const auto film = e.folder.beside("\\maybe.wmv");
+    if (!std::exchange(filmWasShown_, true) && e.files.exists(film)) shown.film = film;
+    return analysing_->start(kAnalysingTick);
+  }
+  ++shown.plays;
+  if (analysingTicks_ <= kMostAnalysing + 1) return;
   analysing_->stop();
-  parts_.state.analysing.visible = false;
+  shown.visible = false;
 }
 
-void EditorDesk::looked(int done, int total) {
-  parts_.state.analysing.done = done;
-  parts_.state.analysing.total = total;
-  if (done == total && opening_ && files_.known(parts_.editing.collection)) finishOpening();
+void EditorDesk::looked(const LookedSoFar& news) {
+  if (news.done == news.total && looked_) looked_();
+  if (news.total == 0) return run().postChange(kOpened, kOpened);
+  auto& shown = parts_.state.analysing;
+  shown.done = news.done;
+  shown.total = news.total;
+  shown.file = std::string(fileNamePart(news.next));
+  if (opening_ && files_.known(parts_.editing.collection)) finishOpening();
+}
+
+void EditorDesk::stopAnalysing() {
+  if (!opening_) return;
+  const auto left = files_.giveUp();
+  finishOpening();
+  tellPassedOver(left);
+}
+
+void EditorDesk::tellPassedOver(const std::vector<std::string>& files) {
+  if (files.empty()) return;
+  std::string names;
+  for (std::size_t i = 0; i < std::min(files.size(), kMostNames); ++i)
+    names += "\n" + std::string(fileNamePart(files[i]));
+  if (files.size() > kMostNames) names += "\n...";
+  parts_.editing.boxes.show(
+      {"KVO - Analysing",
+       translated("%1 of %2 clips have not been looked into. They are taken by their names, without their "
+                  "sound, until you choose them:%3",
+                  {std::to_string(files.size()), std::to_string(parts_.editing.clips().count()), names}),
+       BoxButtons::Ok, BoxIcon::Information});
 }
 
 void EditorDesk::finishOpening() {
@@ -73,9 +115,14 @@ void EditorDesk::restoreTabs() {
   }
 }
 
-void EditorDesk::collectionOpened() {
+void EditorDesk::showCaption() {
   parts_.state.frame.caption =
       translated("   Create New Movie from %1", {listCaption(parts_.editing.collection)});
+}
+
+void EditorDesk::collectionOpened() {
+  showCaption();
+  ++parts_.state.opened;
   if (isOpen() && !opening_) restoreTabs();
   run().postChange(kOpened, kOpened);
 }

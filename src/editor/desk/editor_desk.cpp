@@ -41,7 +41,7 @@ constexpr float kLevelTenths = 10;
 EditorDesk::EditorDesk(const Parts& parts, MainWindowDoors doors)
     : parts_(parts),
       doors_(std::move(doors)),
-      files_(parts.loop, parts.editing.streams, [this](int done, int total) { looked(done, total); }),
+      files_(parts.loop, parts.streams, [this](const LookedSoFar& news) { looked(news); }),
       Tmr_CheckChanges_(parts.loop.timer([this] { Tmr_CheckChanges_Timer(); })),
       analysing_(parts.loop.timer([this] { countTick(); })),
       snapshots_(
@@ -96,6 +96,7 @@ void EditorDesk::Tmr_CheckChanges_Timer() {
   if (ticks_ > kLastTick) ticks_ = 1;
   if (!followsCollection() || parts_.window.busy()) return;
   if (parts_.editing.collection.icurMov != shownClip_) run().postChange(kMovedOn, kMovedOn);
+  if (clip() != nullptr) files_.takeUp(clipFile(*clip()));
   const Integer code = run().ObjectChange;
   if (code == 0 || !files_.known(parts_.editing.collection)) return;
   if (code >= kMembershipChange) membershipChanged();

@@ -15,6 +15,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvo {
 
@@ -29,6 +30,7 @@ class EditorDesk : public PreviewHost {
     ClipList& list;
     ListCommands& commands;
     DeskPreview& preview;
+    PresumedFiles& streams;  ///< which the editing asks
   };
   /// All of it outlives the desk.
   EditorDesk(const Parts& parts, MainWindowDoors doors);
@@ -38,6 +40,9 @@ class EditorDesk : public PreviewHost {
     tabs_ = std::move(tabs);
     controls_ = std::move(controls);
   }
+
+  /// Hears that files have been looked into that were not known. May be empty.
+  void whenLooked(std::function<void()> heard) { looked_ = std::move(heard); }
 
   // The window
 
@@ -49,6 +54,11 @@ class EditorDesk : public PreviewHost {
   /// The same with the whole program: no clip is loaded any more.
   void leave();
   [[nodiscard]] bool isOpen() const { return parts_.state.frame.visible; }
+  /// Opens without waiting for the files that have not been looked into, and says which. Each is looked into
+  /// when its clip is taken in hand, and all at the next opening.
+  void stopAnalysing();
+  /// What the files of the clips hold is known: a compile waits for none of them.
+  [[nodiscard]] bool knowsFiles() { return files_.known(parts_.editing.collection); }
   /// Another collection is open.
   void collectionOpened();
 
@@ -94,9 +104,11 @@ class EditorDesk : public PreviewHost {
     std::string path;  // of the still
   };
 
+  void showCaption();
   void finishOpening();
   void restoreTabs();
-  void looked(int done, int total);
+  void looked(const LookedSoFar& news);
+  void tellPassedOver(const std::vector<std::string>& files);
   void Tmr_CheckChanges_Timer();
   void countTick();
   bool followsCollection();
@@ -115,6 +127,7 @@ class EditorDesk : public PreviewHost {
   MainWindowDoors doors_;
   DeskTabs tabs_;
   PreviewControls controls_;
+  std::function<void()> looked_;
   ClipFiles files_;
   std::unique_ptr<Timer> Tmr_CheckChanges_;
   std::unique_ptr<Timer> analysing_;
@@ -123,6 +136,7 @@ class EditorDesk : public PreviewHost {
   bool editing_ = false;  // inside an edit
   bool hasMusic_ = false;
   int analysingTicks_ = 0;
+  bool filmWasShown_ = false;
   int ticks_ = 0;
   int shownClip_ = 0;  // whose details were shown last
   std::chrono::milliseconds lastEdit_{};

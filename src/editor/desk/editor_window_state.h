@@ -3,8 +3,11 @@
 #pragma once
 
 #include "editor/tabs/editor_parts_state.h"
+#include "ports/timeline_player.h"
 
 #include <cstdint>
+#include <memory>
+#include <string>
 
 namespace kvo {
 
@@ -13,6 +16,10 @@ struct AnalysingState {
   bool visible = false;
   int done = 0;  ///< of `total` files
   int total = 0;
+  std::string file;                       ///< that is looked into now; empty where it is not known
+  std::string film;                       ///< that is played meanwhile; empty for the fixed picture
+  int plays = 0;                          ///< commands to play it
+  std::shared_ptr<const Bitmap> picture;  ///< of the film
   bool operator==(const AnalysingState&) const = default;
 };
 
@@ -23,6 +30,7 @@ struct EditorWindowState {
   ClipSliders sliders;
   EditorTotals totals;
   ClipKeys keys;
+  std::uint64_t opened = 1;       ///< another for another collection
   std::uint64_t timed = 0;        ///< higher each time that the places of the clips are others
   bool nothingToPreview = false;  ///< no clip is there
 };

@@ -1,10 +1,10 @@
 #include "editor/samples/transition_painter.h"
 
 #include "editor/compiler/sample_documents.h"
-#include "editor/tabs/transition_samples.h"
+#include "editor/samples/sample_pictures.h"
+#include "editor/tabs/moving_samples.h"
 #include "engine/document/document_reader.h"
 #include "engine/transitions/registry.h"
-#include "media/bgr.h"
 
 namespace kvo {
 namespace {
@@ -12,7 +12,6 @@ namespace {
 constexpr double kSampleClip = 4;    // seconds of each of the two clips
 constexpr double kSampleLength = 2;  // seconds of the transition
 constexpr double kMargin = 0.125;    // seconds by which a document ends it earlier
-constexpr int kBytes = 3;            // of a pixel
 
 // Says of both clips that they have a picture; no file is read for the document.
 class OnlyPictures final : public FrameSource {
@@ -51,20 +50,6 @@ const engine::Transition* transitionIn(const std::vector<engine::Layer>& layers)
   return nullptr;
 }
 
-media::Picture pictureOf(const FramePicture& picture) {
-  auto canvas = media::Canvas::make(picture.width, picture.height);
-  media::fromBgr(picture.bgr.data(), static_cast<std::size_t>(picture.width) * kBytes, canvas);
-  return share(std::move(canvas));
-}
-
-FramePicture bytesOf(const media::Picture& picture) {
-  FramePicture out{picture.width(), picture.height(), {}};
-  const auto stride = static_cast<std::size_t>(out.width) * kBytes;
-  out.bgr.resize(stride * static_cast<std::size_t>(out.height));
-  media::toBgr(picture, out.bgr.data(), stride);
-  return out;
-}
-
 }  // namespace
 
 Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
@@ -83,14 +68,6 @@ Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& b
     paint(from, to, {isPlaced ? 0.5 : transition.progressAt(transition.start + since), since}, canvas);
     return bytesOf(share(std::move(canvas)));
   });
-}
-
-FramePicture plainSamplePicture(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-  FramePicture picture{kTransitionSampleWidth, kTransitionSampleHeight, {}};
-  const auto pixels = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
-  picture.bgr.reserve(pixels * kBytes);
-  for (std::size_t i = 0; i < pixels; ++i) picture.bgr.insert(picture.bgr.end(), {blue, green, red});
-  return picture;
 }
 
 }  // namespace kvo

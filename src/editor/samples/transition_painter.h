@@ -17,7 +17,4 @@ using PaintMoment = std::function<FramePicture(double part)>;
 Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
                                     const FramePicture& above);
 
-/// A picture of one colour, in the size of a sample.
-FramePicture plainSamplePicture(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
-
 }  // namespace kvo

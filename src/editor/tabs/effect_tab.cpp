@@ -215,6 +215,18 @@ void tickEffect(const Editing& e, EffectTab& tab, TabHost& host, int position, b
   tab.ease.open = position == kEasePosition && tab.controls.switches.isOn(EffectSwitch::Ease);
 }
 
+std::vector<std::string> effectNames(const EffectTab& tab) {
+  std::vector<std::string> names;
+  for (int i = 1; i <= kLastPaletteSlot; ++i) names.push_back(tab.faces[static_cast<std::size_t>(i)].caption);
+  return names;
+}
+
+void tickNamed(const Editing& e, EffectTab& tab, TabHost& host, NameChooser& names, int position, bool on) {
+  tickEffect(e, tab, host, position, on);
+  const auto& face = tab.faces[static_cast<std::size_t>(position)];
+  if (face.isOn) names.noteUse(face.caption);
+}
+
 bool opensKeyframes(const Editing& e, EffectTab& tab, int position) {
   if (!tab.enabled || !tab.controls.switches.isOn(position)) return false;
   return configureEffect(e, position);

@@ -4,6 +4,7 @@
 #include "editor/tabs/clip_lists.h"
 #include "editor/tabs/editor_parts_state.h"
 #include "editor/tabs/effect_panel.h"
+#include "editor/tabs/name_choice.h"
 #include "editor/tabs/tab_host.h"
 
 #include <array>
@@ -38,6 +39,7 @@ struct EasePanel {
 };
 
 struct EffectTab {
+  NameChoice names;  ///< of the effects 1 to 42
   ListBox Lst_Clips;
   bool enabled = false;  ///< a clip is chosen
   EffectControls controls;
@@ -62,6 +64,12 @@ void chooseEffectClip(const Editing& e, EffectTab& tab, TabHost& host, int row);
 
 /// One of the 46 switches.
 void tickEffect(const Editing& e, EffectTab& tab, TabHost& host, int position, bool on);
+
+/// The names of the effects 1 to 42, in list order.
+std::vector<std::string> effectNames(const EffectTab& tab);
+
+/// One of these, whose name is noted as used.
+void tickNamed(const Editing& e, EffectTab& tab, TabHost& host, NameChooser& names, int position, bool on);
 
 /// A right click on one of them. True: the keyframes of its effect are to be shown.
 bool opensKeyframes(const Editing& e, EffectTab& tab, int position);

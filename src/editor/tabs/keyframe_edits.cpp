@@ -30,8 +30,10 @@ std::vector<int> keyframesInHand(const Editing& e) {
 }
 
 void placeKeyframe(const Editing& e, Keyframe& keyframe, Long frameNo) {
+  const auto& clip = e.clips()[e.collection.icurMov];
+  const double ahead = clip.IsStill() ? clip.LoopStart().number() : 0;
   keyframe.FrameNo = frameNo;
-  keyframe.Time = Value(std::max(frameNo / decimal(e.settings.preferences().OutPutFrameRate), 0.0));
+  keyframe.Time = Value(std::max(frameNo / decimal(e.settings.preferences().OutPutFrameRate) - ahead, 0.0));
 }
 
 void tellTakenFrame(const Editing& e, Long frameNo) {
@@ -122,6 +124,14 @@ void AddSingleBaseKeyFrame(const Editing& e) {
   e.clips()[clipNo].HasKeyFrames(true);
 }
 
+void CheckKeyFrameZeroInitValue(const Editing& e) {
+  const int effectNo = e.settings.state.KeyframeEffectNo;
+  const auto own = keyframesInHand(e);
+  if (own.size() != 1 || effectNo == kBlurEffect || effectNo == kMotionBlurEffect) return;
+  auto& first = e.collection.KeyframeList[own.front()];
+  if (first.Transparency != 100) first.Transparency = first.Transparency >= 50 ? 100.0F : 0.0F;
+}
+
 bool AddKeyFrame(const Editing& e, Long frameNo, Keyframe values) {
   const int clipNo = e.collection.icurMov;
   const int effectNo = e.settings.state.KeyframeEffectNo;
@@ -129,16 +139,11 @@ bool AddKeyFrame(const Editing& e, Long frameNo, Keyframe values) {
     tellTakenFrame(e, frameNo);
     return false;
   }
-  auto& list = e.collection.KeyframeList;
-  const auto own = keyframesInHand(e);
-  if (own.size() == 1 && effectNo != kBlurEffect && effectNo != kMotionBlurEffect) {
-    auto& first = list[own.front()];
-    if (first.Transparency != 100) first.Transparency = first.Transparency >= 50 ? 100.0F : 0.0F;
-  }
+  CheckKeyFrameZeroInitValue(e);
   placeKeyframe(e, values, frameNo);
   values.EffectNo = static_cast<Integer>(effectNo);
   values.ClipName = e.clips()[clipNo].KeyID();
-  list.add(std::move(values));
+  e.collection.KeyframeList.add(std::move(values));
   e.clips()[clipNo].HasKeyFrames(true);
   return true;
 }

@@ -15,7 +15,7 @@ namespace kvo {
 /// The list numbers of the keyframes of the clip in hand and the effect being worked on, by line.
 std::vector<int> keyframesInHand(const Editing& e);
 
-/// Sets the frame of a keyframe, and its time by it.
+/// Sets the frame of a keyframe of the clip in hand, and its time by it: of a still from its Mark-In on.
 void placeKeyframe(const Editing& e, Keyframe& keyframe, Long frameNo);
 
 /// The box that tells that a frame has a keyframe already.
@@ -45,8 +45,12 @@ void AddSingleBaseKeyFrame(const Editing& e);
 /// The list index, from 1, of the keyframe of the clip in hand at frame 0 for the effect being worked on.
 std::optional<int> GetBaseKeyFrameLink(const Editing& e);
 
+/// Brings the level of an effect of the table to 0 or 100 where it has one keyframe: with more it begins
+/// there.
+void CheckKeyFrameZeroInitValue(const Editing& e);
+
 /// Adds a keyframe with these values to the clip in hand and the effect being worked on. False, with a box,
-/// when the frame has one already. A second keyframe brings the first one's level to 0 or 100.
+/// when the frame has one already.
 bool AddKeyFrame(const Editing& e, Long frameNo, Keyframe values);
 
 /// Deletes line `line` of the keyframe list, counted from 1. False when it is the only one: that stays.

@@ -315,8 +315,10 @@ void addKeyframeHere(const Editing& e, KeyframeWindow& window, TabHost& host) {
     tellTakenFrame(e, frame);
     return;
   }
-  const auto values = shownValues(e, window);
-  changeKeyframes(e, window, host, "New keyframe", {}, [&] { AddKeyFrame(e, frame, values); });
+  changeKeyframes(e, window, host, "New keyframe", {}, [&] {
+    CheckKeyFrameZeroInitValue(e);  // and the controls with it
+    AddKeyFrame(e, frame, shownValues(e, window));
+  });
   if (const int line = lineOfFrame(e, frame); line >= 0) window.Lst_Keyframes.ListIndex = line;
   SetEffectParams(e, window);
 }

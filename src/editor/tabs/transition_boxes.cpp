@@ -9,9 +9,6 @@ namespace kvo {
 namespace {
 
 constexpr int kMostBorder = 255;
-constexpr std::string_view kFavouritesValue = "TransitionFavourites";
-constexpr std::string_view kLastUsedValue = "TransitionsUsed";
-constexpr char kBetweenNames = ';';
 constexpr Single kScaleOfDefaults = 0.3F;
 
 // "#RRGGBB", or a whole number as red + 256 green + 65536 blue; black for other texts.
@@ -34,26 +31,6 @@ std::string colourText(unsigned rgb) {
   for (int shift = 20; shift >= 0; shift -= 4)
     text += "0123456789ABCDEF"[(rgb >> static_cast<unsigned>(shift)) & 0xFU];
   return text;
-}
-
-std::vector<std::string> namesIn(std::string_view text) {
-  std::vector<std::string> names;
-  while (!text.empty()) {
-    const auto end = std::min(text.find(kBetweenNames), text.size());
-    if (end > 0) names.emplace_back(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return names;
-}
-
-std::string joined(const std::vector<std::string>& names) {
-  std::string text;
-  for (const auto& name : names) text += (text.empty() ? "" : std::string(1, kBetweenNames)) + name;
-  return text;
-}
-
-bool contains(const std::vector<std::string>& names, std::string_view name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 // An option's name and value in the record; both empty for the transition's own.
@@ -181,61 +158,6 @@ void TransitionRules::changeParticles(const ParticleBoxes& wanted) {
       "particles");
   PopulateTransOptsFromObj();
   if (changed && tab_.Sld_In >= 1) askForSample();
-}
-
-void TransitionRules::find(std::string text) {
-  tab_.find = std::move(text);
-  showNames();
-}
-
-void TransitionRules::showFavouritesAlone(bool alone) {
-  tab_.onlyFavourites = alone;
-  showNames();
-}
-
-bool TransitionRules::isFavourite(std::string_view name) const { return contains(tab_.favourites, name); }
-
-void TransitionRules::toggleFavourite(std::string_view name) {
-  auto wanted = tab_.favourites;
-  if (std::erase(wanted, name) == 0) wanted.emplace_back(name);
-  tab_.favourites.clear();
-  for (const auto known : transitionNames()) {
-    if (contains(wanted, known)) tab_.favourites.emplace_back(known);
-  }
-  store_.write(kFavouritesValue, joined(tab_.favourites));
-  showNames();
-}
-
-void TransitionRules::noteUse(const std::string& name) {
-  auto& used = tab_.lastUsed;
-  std::erase(used, name);
-  used.insert(used.begin(), name);
-  if (used.size() > kMostLastUsed) used.resize(kMostLastUsed);
-  store_.write(kLastUsedValue, joined(used));
-}
-
-// What another version of the program had on offer is left out.
-void TransitionRules::readNames() {
-  const auto known = [&](std::string_view value) {
-    auto names = namesIn(store_.read(value));
-    std::erase_if(names, [](const auto& name) {
-      const auto all = transitionNames();
-      return std::find(all.begin(), all.end(), name) == all.end();
-    });
-    return names;
-  };
-  tab_.favourites = known(kFavouritesValue);
-  tab_.lastUsed = known(kLastUsedValue);
-  showNames();
-}
-
-void TransitionRules::showNames() {
-  const auto wanted = lower(trimmed(tab_.find));
-  tab_.shown.clear();
-  for (const auto name : transitionNames()) {
-    const bool isNear = !tab_.onlyFavourites || isFavourite(name) || contains(tab_.lastUsed, name);
-    if (isNear && lower(name).find(wanted) != std::string::npos) tab_.shown.emplace_back(name);
-  }
 }
 
 }  // namespace kvo

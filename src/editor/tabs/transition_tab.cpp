@@ -45,8 +45,9 @@ std::string lookOf(const Movie& clip, int number) {
 }  // namespace
 
 TransitionRules::TransitionRules(const Editing& editing, TransitionTab& tab, TabHost& host, UserStore& store)
-    : e_(editing), tab_(tab), host_(host), store_(store) {
-  readNames();
+    : e_(editing), tab_(tab), host_(host), names_(tab.names, store, "Transition") {
+  const auto all = transitionNames();
+  names_.offer({all.begin(), all.end()});
 }
 
 // The clip in hand, where the list has it and the main window is on it.
@@ -177,7 +178,7 @@ void TransitionRules::storePick(std::string_view name, std::string_view series) 
   panel.Cmd_ParticleOpts = panel.listVisible && showsParticleKey;
   tab_.particlesOpen = tab_.particlesOpen && panel.options.particles;
   if (clip->TransType() != name) return;
-  noteUse(std::string(name));
+  names_.noteUse(std::string(name));
   if (tab_.Sld_In > 0) askForSample();
   host_.ShowClipStats();
   warnOfShortDuration(e_, panel);
@@ -192,18 +193,20 @@ void TransitionRules::openParticles(bool open) {
 }
 
 void TransitionRules::pickNext(int steps) {
-  if (tab_.shown.empty()) return;
-  const auto found = std::find(tab_.shown.begin(), tab_.shown.end(), tab_.panel.selected);
-  const int last = static_cast<int>(tab_.shown.size()) - 1;
-  const int at =
-      found == tab_.shown.end() ? (steps > 0 ? -1 : last + 1) : static_cast<int>(found - tab_.shown.begin());
-  const int next = std::clamp(found == tab_.shown.end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
-  if (next != at) storePick(std::string(tab_.shown[static_cast<std::size_t>(next)]), "Lst_Transitions");
+  if (tab_.names.shown.empty()) return;
+  const auto found = std::find(tab_.names.shown.begin(), tab_.names.shown.end(), tab_.panel.selected);
+  const int last = static_cast<int>(tab_.names.shown.size()) - 1;
+  const int at = found == tab_.names.shown.end() ? (steps > 0 ? -1 : last + 1)
+                                                 : static_cast<int>(found - tab_.names.shown.begin());
+  const int next =
+      std::clamp(found == tab_.names.shown.end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
+  if (next != at) storePick(std::string(tab_.names.shown[static_cast<std::size_t>(next)]), "Lst_Transitions");
 }
 
 void TransitionRules::chooseCut(bool cut) {
   if (clip() == nullptr || cut == !tab_.panel.listVisible) return;
-  if (!cut) return pick(tab_.lastUsed.empty() ? std::string(kFirstChoice) : tab_.lastUsed.front());
+  if (!cut)
+    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstChoice) : tab_.names.lastUsed.front());
   tab_.panel.listVisible = false;
   host_.edit("Cut", e_.collection.icurMov, kRetime, [&] { ApplyTransitionDataToObjects(e_, tab_.panel); });
   tab_.panel.Cmd_ParticleOpts = tab_.particlesOpen = false;

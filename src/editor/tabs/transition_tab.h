@@ -3,9 +3,9 @@
 #pragma once
 
 #include "editor/tabs/clip_lists.h"
+#include "editor/tabs/name_choice.h"
 #include "editor/tabs/tab_host.h"
 #include "editor/tabs/transition_panel.h"
-#include "ports/user_store.h"
 
 #include <functional>
 #include <string>
@@ -37,6 +37,7 @@ struct ParticleBoxes {
 };
 
 struct TransitionTab {
+  NameChoice names;  ///< of Lst_Transitions
   ListBox Lst_TransitionMovies;
   TransitionPanel panel;
   bool canHaveTransition = false;  ///< the clip in hand and the one before it are long enough
@@ -50,18 +51,10 @@ struct TransitionTab {
   std::string secondOption;  ///< one of panel.options.secondValues; empty for the transition's own
   bool particlesOpen = false;
   ParticleBoxes particles;
-
-  std::string find;                     ///< what the names are searched by
-  bool onlyFavourites = false;          ///< favourites and those used last alone
-  std::vector<std::string> favourites;  ///< in list order
-  std::vector<std::string> lastUsed;    ///< the latest first
-  std::vector<std::string> shown;       ///< names of Lst_Transitions that pass the search, in its order
 };
 
 class TransitionRules {
  public:
-  /// Of those used last; more are forgotten.
-  static constexpr std::size_t kMostLastUsed = 6;
   /// Of the text of the first option.
   static constexpr std::size_t kMostDigits = 5;
 
@@ -103,12 +96,8 @@ class TransitionRules {
   void openParticles(bool open);
   void changeParticles(const ParticleBoxes& wanted);
 
-  // Which names are shown.
-
-  void find(std::string text);
-  void showFavouritesAlone(bool alone);
-  void toggleFavourite(std::string_view name);
-  [[nodiscard]] bool isFavourite(std::string_view name) const;
+  /// Which names are shown.
+  [[nodiscard]] NameChooser& names() { return names_; }
 
  private:
   [[nodiscard]] Movie* clip() const;
@@ -120,14 +109,11 @@ class TransitionRules {
   void storePick(std::string_view name, std::string_view series);
   void editOptions(std::string_view act, const std::function<void(Movie&)>& work);
   void askForSample();
-  void noteUse(const std::string& name);
-  void readNames();
-  void showNames();
 
   const Editing& e_;
   TransitionTab& tab_;
   TabHost& host_;
-  UserStore& store_;
+  NameChooser names_;
   std::string sampled_;  // what the sample that was asked for last showed
 };
 

@@ -42,7 +42,7 @@ void TimelineHand::show(TimelineBlocks blocks) {
   state_.hover = {};
   const int most = std::max(0, state_.blocks.lanes - bandsOf(state_.sight, state_.blocks.lanes).lanes);
   state_.sight.firstLane = std::min(state_.sight.firstLane, most);
-  scroll(state_.sight.from);
+  keepWhole();
 }
 
 void TimelineHand::takeInHand(int clip) {
@@ -61,11 +61,13 @@ void TimelineHand::stand(double seconds, bool inSight) {
 void TimelineHand::resize(double width, double height) {
   state_.sight.width = width;
   state_.sight.height = height;
-  scroll(state_.sight.from);
+  keepWhole();
 }
 
 void TimelineHand::zoom(double scale, double x) {
-  if (!state_.drag) zoomTo(state_.sight, end(), scale, x);
+  if (state_.drag) return;
+  isWhole_ = false;
+  zoomTo(state_.sight, end(), scale, x);
 }
 
 void TimelineHand::zoomBy(double factor) {
@@ -75,9 +77,22 @@ void TimelineHand::zoomBy(double factor) {
   zoom(sight.scale * factor, isInSight ? playhead : (kLanesLeft + sight.width) / 2);
 }
 
-void TimelineHand::whole() { showWhole(state_.sight, end()); }
+void TimelineHand::whole() {
+  isWhole_ = true;
+  keepWhole();
+}
 
-void TimelineHand::scroll(double from) { scrollTo(state_.sight, end(), from); }
+// What is in sight within the movie, or all of it.
+void TimelineHand::keepWhole() {
+  isWhole_ ? showWhole(state_.sight, end()) : scrollTo(state_.sight, end(), state_.sight.from);
+}
+
+void TimelineHand::scroll(double from) {
+  isWhole_ = false;
+  scrollTo(state_.sight, end(), from);
+}
+
+void TimelineHand::page(double pages) { scroll(state_.sight.from + pages * state_.sight.seconds()); }
 
 double TimelineHand::zoomPart() const {
   const double part = std::log(state_.sight.scale / kLeastScale) / std::log(kLargestScale / kLeastScale);
@@ -100,6 +115,7 @@ void TimelineHand::press(const TimelinePoint& at, const TimelineHeld& held) {
   if (state_.onlyShows) return;
   const auto hit = hitAt(state_.blocks, state_.sight, state_.marks, at);
   if (hit.part == TimelinePart::Nothing) return;
+  isWhole_ = false;
   pressed_ = TimelineDrag{hit, at, at, held};
   if (hit.clip != 0 && hit.clip != state_.marks.clip) {
     state_.marks.clip = hit.clip;  // as it lies: if it came in sight it would leave the pointer

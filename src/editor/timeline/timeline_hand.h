@@ -53,6 +53,8 @@ enum class TimelineKey {
   Split,
   ZoomIn,
   ZoomOut,
+  PageBack,
+  PageOn,
   Whole,
   Escape,
 };
@@ -65,6 +67,9 @@ class TimelineHand {
   // What the desk tells.
 
   void show(TimelineBlocks blocks);
+  /// Another collection is open: all of the movie is in sight, whatever comes and goes and however wide the
+  /// timeline is, until the user zooms, scrolls or takes hold of something.
+  void open() { whole(); }
   /// Another clip is in hand; it comes in sight.
   void takeInHand(int clip);
   /// The movie stands at `seconds`; with `inSight` the timeline follows.
@@ -78,6 +83,8 @@ class TimelineHand {
   void zoomBy(double factor);
   void whole();
   void scroll(double from);
+  /// By so many times of what is in sight.
+  void page(double pages);
   /// The scale as the part of its way that a slider shows, 0 to 1: each stretch of it zooms by as much.
   [[nodiscard]] double zoomPart() const;
   void setZoomPart(double part);
@@ -113,6 +120,7 @@ class TimelineHand {
  private:
   [[nodiscard]] double end() const { return state_.blocks.end(); }
   [[nodiscard]] const TimelineBlock* inHand() const { return state_.blocks.of(state_.marks.clip); }
+  void keepWhole();
   void select(int clip);
   void read();
   void carryOut(const TimelineGesture& gesture);
@@ -128,6 +136,7 @@ class TimelineHand {
 
   TimelineState& state_;
   TimelineActs& acts_;
+  bool isWhole_ = false;                 // all is in sight, and stays so
   std::optional<TimelineDrag> pressed_;  // a drag, once it has gone far enough
 };
 

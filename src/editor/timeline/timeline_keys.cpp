@@ -8,6 +8,7 @@ namespace kvo {
 namespace {
 
 constexpr double kZoomStep = 1.25;
+constexpr double kPage = 0.9;  // of what is in sight: the rest is seen before and behind
 
 const std::vector<TimelineBlock>& rowWith(const TimelineBlocks& blocks, int clip) {
   const auto isIt = [&](const auto& block) { return block.clip == clip; };
@@ -45,6 +46,10 @@ bool TimelineHand::key(TimelineKey key, const TimelineHeld& held) {
       return true;
     case TimelineKey::Whole:
       whole();
+      return true;
+    case TimelineKey::PageBack:
+    case TimelineKey::PageOn:
+      page(key == TimelineKey::PageOn ? kPage : -kPage);
       return true;
     case TimelineKey::Escape: {
       const bool hasWork = pressed_ || state_.edge;

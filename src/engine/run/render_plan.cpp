@@ -16,6 +16,24 @@ using media::kSampleRate;
 constexpr FrameRate kSoundSteps = 10;  // a second
 constexpr std::int64_t kStepSamples = kSampleRate / 10;
 
+bool isWindowsMedia(Container container) {
+  return container == Container::Wmv || container == Container::Wma;
+}
+
+// A third of what a quality lacks to 100: 97 is the finest that is worth its bits.
+int quantiserOf(int quality) { return std::clamp((100 - quality + 1) / 3, 2, 31); }
+
+void takeProfile(const EncodeProfile& profile, media::MovieFormat& format) {
+  format.sound = {profile.sampleRate, profile.channels, profile.audioBits};
+  if (!format.video || profile.width == 0) return;
+  auto& video = *format.video;
+  video.width = profile.width;
+  video.height = profile.height;
+  video.frameRate = profile.frameRate;
+  video.bitRate = profile.videoBits;
+  if (video.bitRate == 0) video.quantiser = quantiserOf(profile.quality);
+}
+
 Result<media::MovieFormat> formatOf(const Timeline& timeline, const RenderJob& job) {
   const auto container = media::containerOf(job.output);
   if (!container)
@@ -30,6 +48,7 @@ Result<media::MovieFormat> formatOf(const Timeline& timeline, const RenderJob& j
   } else if (!format.audio) {
     return Error{"cannot write " + job.output + ": there is no sound"};
   }
+  if (job.profile && isWindowsMedia(*container)) takeProfile(*job.profile, format);
   return format;
 }
 
@@ -87,6 +106,14 @@ double RenderPlan::seconds() const {
 std::int64_t RenderPlan::sampleOf(std::int64_t step) const {
   if (step == stop) return stopSample;
   return firstSample + steps.unitsAt(step, kSampleRate) - steps.unitsAt(first, kSampleRate);
+}
+
+Timeline inRateOf(const Timeline& timeline, const RenderJob& job) {
+  auto shaped = timeline;
+  const auto container = media::containerOf(job.output);
+  if (job.profile && job.profile->width > 0 && container == Container::Wmv)
+    shaped.frameRate = job.profile->frameRate;
+  return shaped;
 }
 
 Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, int cores) {

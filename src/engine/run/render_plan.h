@@ -6,6 +6,7 @@
 #include "engine/document/timeline.h"
 #include "engine/run/segments.h"
 #include "media/movie_writer.h"
+#include "vocabulary/encode_profiles.h"
 
 #include <cstdint>
 #include <optional>
@@ -24,6 +25,7 @@ struct RenderJob {
   std::string output;            ///< its extension says the kind: .AVI, .WAV, .WMV or .WMA
   std::optional<Slice> slice{};  ///< without it the whole timeline
   media::VideoCodec aviCodec = media::VideoCodec::Raw;
+  std::optional<EncodeProfile> profile{};  ///< of a WMV or WMA; the engine's own quality without one
 };
 
 /// Who makes the pictures.
@@ -50,9 +52,12 @@ struct RenderPlan {
   [[nodiscard]] std::int64_t sampleOf(std::int64_t step) const;
 };
 
-/// Plans for a machine of so many cores. The segments do not depend on it, and so neither do the bytes of the
-/// movie. Fails with a line for an output of another kind, one for which there is no picture or sound, and a
-/// slice outside of the timeline.
+/// The timeline in the frames that the movie is to have: those of the profile, where it tells a rate.
+Timeline inRateOf(const Timeline& timeline, const RenderJob& job);
+
+/// Plans for a machine of so many cores; `timeline` is in the movie's frames. The segments do not depend on
+/// it, and so neither do the bytes of the movie. Fails with a line for an output of another kind, one for
+/// which there is no picture or sound, and a slice outside of the timeline.
 Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, int cores);
 
 /// The plan in a few lines, to be read.

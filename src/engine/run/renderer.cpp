@@ -1,12 +1,14 @@
 #include "engine/run/renderer.h"
 
 #include "base/guarded.h"
+#include "base/numbers.h"
 #include "engine/run/frame_line.h"
 #include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
 #include "media/media_facts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <set>
 #include <thread>
@@ -32,7 +34,8 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
 
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
 Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWriter& writer,
-             media::DamageList& damage, const RenderWatch& watch) {
+             media::DamageList& damage, std::uint64_t& pictureBytes,
+             const std::function<void(std::int64_t made, std::int64_t written)>& told) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.firstSample, &damage);
   std::optional<media::VideoEncoder> encoder;  // of frames that come as pictures
@@ -54,6 +57,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       const auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
                                    : Result<media::EncodedFrame>(frame->encoded);
       if (!encoded) return encoded.error();
+      pictureBytes += encoded->bytes();
       if (auto done = writer.writeVideo(*encoded); !done) return done;
     }
     if (mixer) {
@@ -63,13 +67,32 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (auto done = writer.writeAudio(sound); !done) return done;
     }
     const auto made = line ? line->made() : step + 1 - plan.first;
-    if (watch) watch(std::min(plan.steps.secondsAt(made), plan.seconds()), plan.seconds());
+    told(made, step + 1 - plan.first);
   }
   return writer.finish();
 }
 
-Result<RenderReport> renderUnguarded(const Timeline& timeline, const RenderJob& job, Files& files,
+std::string kilobits(double bits) { return ShortText(std::round(bits / 1000)); }
+
+// Encoders have floors, and the rate of a picture is a target.
+std::vector<std::string> notesOf(const RenderPlan& plan, std::uint64_t pictureBytes) {
+  constexpr double kClearlyMore = 1.25;
+  std::vector<std::string> notes;
+  const auto& sound = plan.format.sound;
+  if (plan.format.audio && sound.bitRate > 0 && sound.bitRate < media::kLeastSoundBits) {
+    notes.push_back("the sound has " + kilobits(media::kLeastSoundBits) +
+                    " kbit/s, the least there is, not " + ShortText(sound.bitRate / 1000.0));
+  }
+  const double wanted = plan.format.video ? plan.format.video->bitRate : 0;
+  const double bits = static_cast<double>(pictureBytes) * 8 / plan.seconds();
+  if (wanted > 0 && bits > wanted * kClearlyMore)
+    notes.push_back("the picture has " + kilobits(bits) + " kbit/s, not " + kilobits(wanted));
+  return notes;
+}
+
+Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job, Files& files,
                                      const RenderWatch& watch) {
+  const auto timeline = inRateOf(given, job);
   const auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
   if (!plan) return plan.error();
   if (auto done = checkSources(timeline, job, files); !done) return done.error();
@@ -78,10 +101,16 @@ Result<RenderReport> renderUnguarded(const Timeline& timeline, const RenderJob& 
   auto writer = media::MovieWriter::open(**target, plan->format, job.output);
   if (!writer) return writer.error();
   media::DamageList damage;
-  if (auto done = pump(timeline, *plan, *writer, damage, watch); !done) return done.error();
+  std::uint64_t pictureBytes = 0;
+  const auto told = [&](std::int64_t made, std::int64_t written) {
+    const double total = plan->seconds();
+    const auto secondsAt = [&](std::int64_t steps) { return std::min(plan->steps.secondsAt(steps), total); };
+    if (watch) watch({secondsAt(made), total, (*target)->size(), secondsAt(written)});
+  };
+  if (auto done = pump(timeline, *plan, *writer, damage, pictureBytes, told); !done) return done.error();
   if (auto done = (*target)->commit(); !done) return done.error();
   return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size(),
-                      damage.all()};
+                      damage.all(), notesOf(*plan, pictureBytes)};
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace kvo::engine {
@@ -18,10 +19,18 @@ struct RenderReport {
   double seconds = 0;                   ///< length of what was rendered
   std::uint64_t bytes = 0;              ///< size of the file
   std::vector<media::Damage> damage{};  ///< what could not be decoded of the clips
+  std::vector<std::string> notes{};     ///< a line each: where the movie is not as the profile asks
 };
 
-/// Hears after each frame how many seconds of how many are done.
-using RenderWatch = std::function<void(double done, double total)>;
+struct RenderStep {
+  double done = 0;  ///< seconds of the movie whose pictures are made, in whatever order
+  double total = 0;
+  std::uint64_t bytes = 0;  ///< of the file so far
+  double written = 0;       ///< seconds of the movie that these hold
+};
+
+/// Hears after each frame how far it is.
+using RenderWatch = std::function<void(const RenderStep& step)>;
 
 /// Writes `job.output` in one durable step. Fails with one line that names the file or the clip at fault, and
 /// then nothing has changed under the output's name: a source that is missing or cannot be read, an output

@@ -13,6 +13,7 @@ constexpr int kDetailValueLeft = 92;
 constexpr int kDetailTop = 51;
 constexpr int kDetailHeight = 17;
 constexpr double kDetailPitch = 18.6;
+constexpr QLatin1StringView kNone("N/A");
 
 struct DetailRow {
   const char* caption;
@@ -54,6 +55,7 @@ void ClipDetailsPart::draw() {
   for (std::size_t i = 0; i < kRows; ++i) {
     const auto text = shown(state_.*kDetailRows[i].text);
     setTextOf(*values_[i], text);
+    values_[i]->setEnabled(text != kNone);
     values_[i]->setAccessibleDescription(text);
   }
 }

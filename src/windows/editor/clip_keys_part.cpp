@@ -8,9 +8,11 @@
 #include "windows/editor/editor_page.h"
 
 #include <QEvent>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSlider>
+#include <QToolButton>
 #include <cmath>
 
 namespace kvo {
@@ -73,7 +75,9 @@ constexpr std::array<ClipKeyRow, kClipKeys> kClipKeyRows{{
 #undef KVO_TIP
 
 constexpr int kKeyGap = 3;
-constexpr int kGroupGap = 13;
+constexpr int kGroupGap = 13;  // with a line in it
+constexpr int kDividerHeight = 20;
+constexpr int kTotalsGap = 46;  // from the lengths to the zoom
 constexpr int kRowSide = 16;
 constexpr int kZoomSliderSteps = 100;
 constexpr int kZoomStep = 5;
@@ -91,6 +95,16 @@ QHBoxLayout* bareRow(QWidget* of, int gap) {
   return row;
 }
 
+void addDivider(QHBoxLayout& row, QWidget* parent) {
+  const int gap = themed((kGroupGap - 1) / 2 - kKeyGap);
+  auto* line = made<QFrame>(parent);
+  line->setProperty("role", "divider");
+  line->setFixedSize(themed(1), themed(kDividerHeight));
+  row.addSpacing(gap);
+  row.addWidget(line);
+  row.addSpacing(gap);
+}
+
 }  // namespace
 
 ClipKeysPart::ClipKeysPart(const RushState& state, const RushActs& acts, const std::string& pictures,
@@ -102,7 +116,7 @@ ClipKeysPart::ClipKeysPart(const RushState& state, const RushActs& acts, const s
   row->addWidget(makeKeys());
   row->addStretch(1);
   row->addWidget(makeTotals());
-  row->addStretch(1);
+  row->addSpacing(themed(kTotalsGap));
   row->addWidget(makeZoom());
   layOut();
 }
@@ -112,7 +126,7 @@ QWidget* ClipKeysPart::makeKeys() {
   auto* row = bareRow(group, kKeyGap);
   for (std::size_t i = 0; i < kClipKeys; ++i) {
     const auto& entry = kClipKeyRows[i];
-    if (entry.beginsGroup) row->addSpacing(themed(kGroupGap - kKeyGap));
+    if (entry.beginsGroup) addDivider(*row, group);
     keys_[i] = made<KVOBut>(group);
     keys_[i]->setIconName(entry.icon);
     keys_[i]->setToolTip(tr(entry.tip));
@@ -133,11 +147,14 @@ QWidget* ClipKeysPart::makeTotals() {
   row->addWidget(video_);
   row->addSpacing(themed(kRowSide));
   row->addWidget(keyRowLabel(tr("Audio"), "hint", group));
-  warning_ = made<QLabel>(group);
-  row->addWidget(warning_);
   audio_ = keyRowLabel({}, "number", group);
   audio_->setAccessibleName(tr("Length of the audio"));
   row->addWidget(audio_);
+  warning_ = made<QLabel>(group);
+  auto kept = warning_->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);  // the lengths stand still
+  warning_->setSizePolicy(kept);
+  row->addWidget(warning_);
   return group;
 }
 
@@ -145,12 +162,14 @@ QWidget* ClipKeysPart::makeZoom() {
   auto* group = made<QWidget>(this);
   auto* row = bareRow(group, 2);
   const auto key = [&](const char* icon, const QString& tip, const char* keys, auto act) {
-    auto* made = kvo::made<KVOBut>(group);
-    made->setIconName(icon);
+    auto* made = kvo::made<QToolButton>(group);
+    made->setProperty("kind", "quiet");
+    made->setIcon(themeIcon(icon));
     made->setToolTip(tip);
+    made->setAccessibleName(tip);
     made->setFocusPolicy(Qt::TabFocus);
     setKeys(*made, keys);
-    connect(made, &KVOBut::clicked, act);
+    connect(made, &QToolButton::clicked, act);
     return made;
   };
   const auto step = [this](int by) {
@@ -161,12 +180,18 @@ QWidget* ClipKeysPart::makeZoom() {
   zoom_->setAccessibleName(tr("Zoom"));
   zoom_->setToolTip(tr("Zoom of the timeline"));
   zoom_->setRange(0, kZoomSliderSteps);
+  zoom_->setProperty("fill", toColour(token("line3")));
   zoom_->setPageStep(kZoomStep * 2);
   connect(zoom_, &QSlider::valueChanged, [this](int value) {
     if (!isDrawing_) acts_.zoom(value / static_cast<double>(kZoomSliderSteps));
   });
   zoomIn_ = key("zin", tr("Show more of each clip"), "+", [step] { step(kZoomStep); });
-  whole_ = key("size", tr("Show the whole movie"), "0", [this] { acts_.wholeMovie(); });
+  whole_ = made<KVOBut>(group);
+  whole_->setIconName("size");
+  whole_->setToolTip(tr("Show the whole movie"));
+  whole_->setFocusPolicy(Qt::TabFocus);
+  setKeys(*whole_, "0");
+  connect(whole_, &KVOBut::clicked, [this] { acts_.wholeMovie(); });
   row->addWidget(zoomOut_);
   row->addWidget(zoom_);
   row->addWidget(zoomIn_);
@@ -208,10 +233,7 @@ void ClipKeysPart::draw() {
   setTipOf(*audio_, told(totals.audioToolTip));
   warning_->setVisible(totals.audioIsRed);
   setTipOf(*warning_, told(totals.audioToolTip));
-  if (const QString bad(totals.audioIsRed ? "bad" : ""); audio_->property("state").toString() != bad) {
-    audio_->setProperty("state", bad);
-    audio_->setStyleSheet(audio_->styleSheet());  // so that the sheet is read anew for it
-  }
+  markBad(*audio_, totals.audioIsRed);
   if (!zoom_->isSliderDown()) zoom_->setValue(zoomValue());
   isDrawing_ = false;
 }

@@ -11,6 +11,7 @@
 
 class QLabel;
 class QSlider;
+class QToolButton;
 
 namespace kvo {
 
@@ -44,8 +45,8 @@ class ClipKeysPart final : public QWidget {
   QLabel* video_ = nullptr;
   QLabel* audio_ = nullptr;
   QLabel* warning_ = nullptr;
-  KVOBut* zoomOut_ = nullptr;
-  KVOBut* zoomIn_ = nullptr;
+  QToolButton* zoomOut_ = nullptr;
+  QToolButton* zoomIn_ = nullptr;
   KVOBut* whole_ = nullptr;
   QSlider* zoom_ = nullptr;
   bool isDrawing_ = false;

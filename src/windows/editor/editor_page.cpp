@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
+#include <QStyle>
 
 namespace kvo {
 
@@ -65,6 +66,14 @@ void setTextOf(QAbstractButton& button, const QString& text) {
 
 void setTipOf(QWidget& widget, const QString& tip) {
   if (const auto plain = plainTip(tip); widget.toolTip() != plain) widget.setToolTip(plain);
+}
+
+void markBad(QLabel& label, bool isBad) {
+  const QString state(isBad ? "bad" : "");
+  if (label.property("state").toString() == state) return;
+  label.setProperty("state", state);
+  label.style()->unpolish(&label);  // so that the sheet is read anew for it
+  label.style()->polish(&label);
 }
 
 }  // namespace kvo

@@ -63,4 +63,7 @@ void setTextOf(QLabel& label, const QString& text);
 void setTextOf(QAbstractButton& button, const QString& text);
 void setTipOf(QWidget& widget, const QString& tip);
 
+/// What a label says is wrong, or is not any more.
+void markBad(QLabel& label, bool isBad);
+
 }  // namespace kvo

@@ -1,69 +1,38 @@
 #include "windows/editor/effect_page.h"
 
 #include "ui/made.h"
-#include "ui/painting.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/editor/clip_list.h"
 #include "windows/editor/ease_panel_part.h"
+#include "windows/editor/effect_rows.h"
 #include "windows/editor/headed_slider.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QToolButton>
 
 namespace kvo {
 namespace {
 
-constexpr QRect kEffectsPlace(182, 34, 242, 398);
-constexpr int kEffectRows = 21;
-constexpr double kEffectPitch = 18.4;
-constexpr int kEffectFirst = 39;  // middle of the first row, less half of its height
-constexpr std::array kEffectColumns = {186, 304};
-constexpr int kEffectWide = 117;
+constexpr QRect kEffectsPlace(182, 42, 242, 370);
+constexpr QRect kEasePlace(182, 34, 242, 398);
 constexpr int kBlurSwitch = static_cast<int>(EffectSwitch::Blur);
 constexpr int kMotionSwitch = static_cast<int>(EffectSwitch::MotionBlur);
 constexpr int kAgeSwitch = static_cast<int>(EffectSwitch::FilmAge);
 constexpr int kEaseSwitch = static_cast<int>(EffectSwitch::Ease);
 
-// A switch in the list of effects: a row that is on has a ground, one with keyframes their sign.
-class EffectRowBox final : public QCheckBox {
- public:
-  EffectRowBox(const bool& keyframed, QWidget* parent) : QCheckBox(parent), keyframed_(keyframed) {}
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    if (isChecked()) {
-      QPainter painter(this);
-      const Painting kept(painter);
-      painter.setPen(Qt::NoPen);
-      painter.setBrush(toColour(token("tealBg")));
-      painter.drawRoundedRect(rect(), themed(4), themed(4));
-    }
-    QCheckBox::paintEvent(event);
-    if (!keyframed_) return;
-    QPainter painter(this);
-    const Painting kept(painter);
-    painter.translate(width() - themed(10), height() / 2.0);
-    painter.rotate(45);
-    painter.setPen(QPen(toColour(token("amber")), themed(3) / 2.0));
-    const double half = themed(7) / 2.0;
-    painter.drawRect(QRectF(-half, -half, 2 * half, 2 * half));
-  }
-
- private:
-  const bool& keyframed_;
-};
-
 }  // namespace
 
-EffectPage::EffectPage(EffectTab& state, PageLogic logic, std::function<void()> showKeyframes,
+EffectPage::EffectPage(EffectTab& state, PageLogic logic, Choice choice, std::function<void()> showKeyframes,
                        QWidget* parent)
     : EditorPage(parent),
       state_(state),
       logic_(std::move(logic)),
+      choice_(choice),
       showKeyframes_(std::move(showKeyframes)),
       clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
@@ -73,7 +42,7 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, std::function<void()> 
   };
   makeLevels();
   makeEffects();
-  easePanel_ = put(made<EasePanelPart>(state_, logic_, kEffectsPlace.size(), this), kEffectsPlace);
+  easePanel_ = put(made<EasePanelPart>(state_, logic_, kEasePlace.size(), this), kEasePlace);
 }
 
 void EffectPage::act(const std::function<void()>& work) {
@@ -90,7 +59,11 @@ void EffectPage::openKeyframes(int position) {
 QCheckBox* EffectPage::makeSwitch(QCheckBox* box, int position) {
   switches_[static_cast<std::size_t>(position)] = box;
   connect(box, &QCheckBox::clicked, [this, position](bool on) {
-    act([&] { tickEffect(logic_.editing, state_, logic_.host, position, on); });
+    act([&] {
+      position <= EffectRows::kRows
+          ? tickNamed(logic_.editing, state_, logic_.host, choice_.names, position, on)
+          : tickEffect(logic_.editing, state_, logic_.host, position, on);
+    });
   });
   if (position == kAgeSwitch) return box;
   box->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -112,18 +85,33 @@ QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, cons
 
 void EffectPage::makeEffects() {
   write(tr("Effects"), "caption", {182, 15, 60, 16});
-  auto* hint = write(tr("Right click for keyframes"), "hint", {232, 15, 192, 16});
+  makeChoice();
+  effects_ = put(made<EffectRows>(state_, choice_.samples,
+                                  EffectRows::Acts{[this](const std::string& name) {
+                                                     act([&] { choice_.names.toggleFavourite(name); });
+                                                   },
+                                                   [this](int position) { openKeyframes(position); }},
+                                  this),
+                 kEffectsPlace);
+  for (int i = 1; i <= EffectRows::kRows; ++i) makeSwitch(effects_->box(i), i);
+  noneFound_ = write(tr("No effect of that name"), "hint", {182, 82, 242, 16});
+  noneFound_->setAlignment(Qt::AlignCenter);
+  auto* hint = write(tr("Right click for keyframes"), "hint", {182, 416, 242, 16});
   hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  effects_ = put(made<QFrame>(this), kEffectsPlace);
-  effects_->setProperty("role", "list");
-  for (int i = 1; i <= 2 * kEffectRows; ++i) {
-    const auto column = static_cast<std::size_t>((i - 1) / kEffectRows);
-    const int row = (i - 1) % kEffectRows;
-    const int top = qRound(kEffectFirst + row * kEffectPitch);
-    auto* box = put(made<EffectRowBox>(state_.faces[static_cast<std::size_t>(i)].isKeyframed, this),
-                    {kEffectColumns[column], top, kEffectWide, 18});
-    makeSwitch(box, i);
-  }
+}
+
+void EffectPage::makeChoice() {
+  find_ = put(made<QLineEdit>(this), {250, 10, 146, 28});
+  find_->setPlaceholderText(tr("Find"));
+  find_->setAccessibleName(tr("Find an effect by its name"));
+  find_->setToolTip(find_->accessibleName());
+  find_->setStyleSheet("padding: 0 2px;");
+  favourites_ = makeSmallKey("star", tr("Favourites and those used last alone"), {400, 12, 24, 24});
+  favourites_->setCheckable(true);
+  connect(find_, &QLineEdit::textEdited,
+          [this](const QString& text) { act([&] { choice_.names.find(text.toStdString()); }); });
+  connect(favourites_, &QToolButton::clicked,
+          [this](bool on) { act([&] { choice_.names.showFavouritesAlone(on); }); });
 }
 
 void EffectPage::makeLevels() {
@@ -195,10 +183,19 @@ void EffectPage::draw() {
   easeOptions_->setVisible(eases);
   for (auto* option : {easeIn_, easeOut_}) option->setEnabled(eases);
   (state_.ease.EaseIN ? easeIn_ : easeOut_)->setChecked(true);
-  effects_->setVisible(!state_.ease.open);
-  for (int i = 1; i <= 2 * kEffectRows; ++i)
-    switches_[static_cast<std::size_t>(i)]->setVisible(!state_.ease.open);
+  drawEffects();
   easePanel_->draw();
+}
+
+void EffectPage::drawEffects() {
+  const auto& names = state_.names;
+  if (find_->text() != shown(names.find)) find_->setText(shown(names.find));
+  favourites_->setChecked(names.onlyFavourites);
+  favourites_->setIcon(QIcon(iconPicture("star", names.onlyFavourites ? token("amber") : token("text3"),
+                                         themed(16), devicePixelRatio())));
+  effects_->draw();
+  effects_->setVisible(!state_.ease.open);
+  noneFound_->setVisible(!state_.ease.open && names.shown.empty());
 }
 
 }  // namespace kvo

@@ -9,6 +9,8 @@
 #include <functional>
 
 class QCheckBox;
+class QLineEdit;
+class QLabel;
 class QRadioButton;
 class QToolButton;
 
@@ -16,19 +18,29 @@ namespace kvo {
 
 class PageClipList;
 class EasePanelPart;
+class EffectRows;
 class HeadedSlider;
+class MovingSamples;
 
 class EffectPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::EffectPage)
 
  public:
+  /// What the list of effects is made with; outlives the page.
+  struct Choice {
+    NameChooser& names;
+    MovingSamples& samples;
+  };
   /// `showKeyframes` opens the window for the effect that has been chosen for it.
-  EffectPage(EffectTab& state, PageLogic logic, std::function<void()> showKeyframes, QWidget* parent);
+  EffectPage(EffectTab& state, PageLogic logic, Choice choice, std::function<void()> showKeyframes,
+             QWidget* parent);
 
   void draw();
 
  private:
   void makeEffects();
+  void makeChoice();
+  void drawEffects();
   void makeLevels();
   QCheckBox* makeSwitch(QCheckBox* box, int position);
   QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place);
@@ -37,9 +49,13 @@ class EffectPage final : public EditorPage {
 
   EffectTab& state_;
   PageLogic logic_;
+  Choice choice_;
   std::function<void()> showKeyframes_;
   PageClipList* clips_;
-  QFrame* effects_ = nullptr;
+  EffectRows* effects_ = nullptr;
+  QLineEdit* find_ = nullptr;
+  QToolButton* favourites_ = nullptr;
+  QLabel* noneFound_ = nullptr;
   std::array<QCheckBox*, EffectWord::kSwitches + 1> switches_{};
   std::array<bool, EffectWord::kSwitches + 1> drawnKeyframed_{};
   std::array<HeadedSlider*, kEffectLevels> levels_{};

@@ -161,6 +161,7 @@ void FrmRush::setPage(int tab, EditorPage* page, std::function<void()> draw) {
   pageOf_[i] = EditorPage::scrolled(page, tabs_->nameOf(tab), pages_);
   drawPage_[i] = std::move(draw);
   pages_->addWidget(pageOf_[i]);
+  if (isVisible()) orderFocus();
 }
 
 void FrmRush::setPreview(QWidget* picture, QWidget* positionRow, std::function<void()> draw) {
@@ -253,7 +254,10 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     acts_.preview();
     return true;
   }
-  if (!state_.frame.toolsOn) return false;
+  if (!state_.frame.toolsOn) {
+    if (key == Qt::Key_Escape) acts_.stopAnalysing();
+    return key == Qt::Key_Escape;
+  }
   for (const auto& entry : kKeysOfClip) {
     if (entry.key != key || entry.shift != with.testFlag(Qt::ShiftModifier)) continue;
     if (state_.keys.of(entry.act).empty()) acts_.clipKey(entry.act);
@@ -261,6 +265,9 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
   }
   const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };
   switch (key) {
+    case Qt::Key_D:
+      if (!with.testFlag(Qt::ShiftModifier)) acts_.transition();
+      return true;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
       zoomBy(1.0 / kZoomSteps);

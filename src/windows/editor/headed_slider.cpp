@@ -24,6 +24,7 @@ HeadedSlider::HeadedSlider(const QString& name, QWidget* parent)
       heading_(made<QLabel>(this)),
       value_(made<QLabel>(this)),
       slider_(made<QSlider>(Qt::Horizontal, this)) {
+  heading_->setProperty("role", "field");
   value_->setProperty("role", "number");
   value_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   for (auto* label : {heading_, value_}) label->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -51,6 +51,7 @@ constexpr int kRangeBarHeight = 24;
 constexpr int kTickTop = 61;
 constexpr int kTickLength = 5;
 constexpr int kHandle = 12;
+constexpr int kSecondRow = 36;
 
 // "00:07.2000" as the digits show it: two places are enough for the eye.
 QString digitsOf(const std::string& position) {
@@ -72,7 +73,7 @@ PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, Q
                                                        &acts_.stepForward, &acts_.toEnd};
   for (std::size_t i = 0; i < kKeys; ++i) {
     auto* key = keys_[i] = made<QPushButton>(this);
-    key->setProperty("kind", "key");
+    key->setProperty("kind", i == kPlayKey ? "play" : "key");
     key->setIcon(themeIcon(kRowKeys[i].icon));
     key->setToolTip(tr(kRowKeys[i].tip));
     key->setAccessibleName(tr(kRowKeys[i].tip));
@@ -91,6 +92,7 @@ PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, Q
   Lbl_TotDur_ = label({}, "number");
   Lbl_Remain_->setAccessibleName(tr("Remaining"));
   Lbl_TotDur_->setAccessibleName(tr("Total"));
+  for (auto* number : {Lbl_Remain_, Lbl_TotDur_}) number->setToolTip(number->accessibleName());
   FSB_RenderRange_ = made<QSlider>(Qt::Horizontal, this);
   connectBar();
   layOut();
@@ -151,32 +153,37 @@ void PositionRowPart::resizeEvent(QResizeEvent* event) {
   layOut();
 }
 
+// In a narrow row the captions go first, then the keys go below digits and numbers.
 void PositionRowPart::layOut() {
   if (FSB_RenderRange_ == nullptr) return;
-  setFixedHeight(themed(kHeight));
   const int left = themed(kRowInset);
   const int right = width() - left;
+  int wide = -themed(kRowKeyGap);
+  for (const auto& key : kRowKeys) wide += themed(key.width) + themed(kRowKeyGap);
+  const int numbers = right - themed(kNumbersWidth);
+  const int from = left + themed(kDigitsWidth) + themed(kRowKeyGap);
+  const bool isNamed = from + wide + themed(kCaptionsWidth) <= numbers;
+  const int captions = isNamed ? numbers - themed(kCaptionsWidth) : numbers;
+  const bool isStacked = from + wide > captions;
+  below_ = isStacked ? themed(kSecondRow) : 0;
+  setFixedHeight(themed(kHeight) + below_);
   const int middle = themed(kRowMiddle);
   pic_DigDisplay_->setGeometry(left, middle - themed(kDigitsHeight) / 2, themed(kDigitsWidth),
                                themed(kDigitsHeight));
-  const int numbers = right - themed(kNumbersWidth);
-  const int captions = numbers - themed(kCaptionsWidth);
   for (int line = 0; line < 2; ++line) {
     const int top = themed(kFirstLine) + line * themed(kLineHeight);
+    auto* caption = captions_[static_cast<std::size_t>(line)];
     (line == 0 ? Lbl_Remain_ : Lbl_TotDur_)->setGeometry(numbers, top, right - numbers, themed(kLineHeight));
-    captions_[static_cast<std::size_t>(line)]->setGeometry(captions, top, numbers - captions,
-                                                           themed(kLineHeight));
+    caption->setGeometry(captions, top, numbers - captions, themed(kLineHeight));
+    caption->setVisible(isNamed);
   }
-  int wide = 0;
-  for (const auto& key : kRowKeys) wide += themed(key.width) + themed(kRowKeyGap);
-  const int from = left + themed(kDigitsWidth);
-  int x = from + std::max(0, captions - from - wide) / 2;
+  int x = isStacked ? (width() - wide) / 2 : from + (captions - from - wide) / 2;
   for (std::size_t i = 0; i < kKeys; ++i) {
     const int height = themed(kRowKeys[i].height);
-    keys_[i]->setGeometry(x, middle - height / 2, themed(kRowKeys[i].width), height);
+    keys_[i]->setGeometry(x, middle + below_ - height / 2, themed(kRowKeys[i].width), height);
     x += themed(kRowKeys[i].width) + themed(kRowKeyGap);
   }
-  FSB_RenderRange_->setGeometry(left, themed(kBarTop), right - left, themed(kRangeBarHeight));
+  FSB_RenderRange_->setGeometry(left, themed(kBarTop) + below_, right - left, themed(kRangeBarHeight));
 }
 
 void PositionRowPart::paintEvent(QPaintEvent* event) {
@@ -187,7 +194,8 @@ void PositionRowPart::paintEvent(QPaintEvent* event) {
   const double along = width() - 2 * left;
   const auto tick = [&](double seconds) {
     const double x = std::round(left + along * seconds / drawnTotal_);
-    painter.fillRect(QRectF(x, themed(kTickTop), themed(1), themed(kTickLength)), toColour(token("line3")));
+    painter.fillRect(QRectF(x, themed(kTickTop) + below_, themed(1), themed(kTickLength)),
+                     toColour(token("line3")));
   };
   tick(0);
   for (const double cut : cuts_) {

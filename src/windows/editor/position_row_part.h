@@ -61,6 +61,7 @@ class PositionRowPart final : public QFrame {
   std::vector<double> cuts_;
   double drawnTotal_ = 0;
   bool showsPause_ = false;
+  int below_ = 0;  // pixels that the keys of a narrow row stand lower
 };
 
 }  // namespace kvo

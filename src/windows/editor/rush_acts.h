@@ -21,6 +21,7 @@ struct RushState {
 struct RushActs {
   std::function<void(int tab)> Buildtabs;  ///< 1 to 7
   std::function<void(ClipKey key)> clipKey;
+  std::function<void()> transition;  ///< D: one leads into the clip in hand, if none does, and its tab opens
   std::function<void(int hundredths)> moveRate;
   std::function<void()> rateLetGo;
   std::function<void(int tenths)> moveLevel;
@@ -31,6 +32,7 @@ struct RushActs {
   std::function<void()> wholeMovie;
   std::function<void()> preview;  ///< Space
   std::function<void()> save;
+  std::function<void()> stopAnalysing;  ///< Escape while the files of the clips are looked into
   std::function<void()> close;
 };
 

@@ -4,7 +4,6 @@
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
-#include "windows/editor/timeline_accessible.h"
 #include "windows/editor/timeline_painter.h"
 
 #include <QHelpEvent>
@@ -54,7 +53,7 @@ TimelineView::TimelineView(Logic logic, QWidget* parent)
       logic_(std::move(logic)),
       sketches_(logic_.sketches),
       bar_(made<QScrollBar>(Qt::Horizontal, this)) {
-  installTimelineAccessibility();
+  installAccessibleRows();
   setAccessibleName(tr("Timeline"));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
@@ -102,7 +101,8 @@ void TimelineView::settle() {
 }
 
 void TimelineView::tellClip() {
-  if (std::exchange(toldClip_, logic_.state.marks.clip) != logic_.state.marks.clip) tellClipInHand(*this);
+  if (std::exchange(toldClip_, logic_.state.marks.clip) != logic_.state.marks.clip)
+    tellRowInHand(*this, *this);
 }
 
 void TimelineView::sketchesCame(const std::string& file) {
@@ -174,6 +174,35 @@ int TimelineView::clipAt(const QPoint& at) const {
   return hitAt(logic_.state.blocks, logic_.state.sight, logic_.state.marks, pointOf(at)).clip;
 }
 
+int TimelineView::rowCount() const {
+  const auto& blocks = logic_.state.blocks;
+  return static_cast<int>(blocks.clips.size() + blocks.music.size());
+}
+
+const TimelineBlock& TimelineView::blockOf(int row) const {
+  const auto& blocks = logic_.state.blocks;
+  const auto index = static_cast<std::size_t>(row);
+  return index < blocks.clips.size() ? blocks.clips[index] : blocks.music[index - blocks.clips.size()];
+}
+
+int TimelineView::rowOf(int clip) const {
+  for (int row = 0; row < rowCount(); ++row)
+    if (blockOf(row).clip == clip) return row;
+  return -1;
+}
+
+QString TimelineView::rowName(int row) const {
+  const bool isMusic = row >= static_cast<int>(logic_.state.blocks.clips.size());
+  return kvo::shown(spokenName(blockOf(row), isMusic));
+}
+
+QRect TimelineView::rowPlace(int row) const { return blockRect(blockOf(row).clip); }
+
+RowState TimelineView::rowState(int row) const {
+  const int clip = blockOf(row).clip;
+  return {.selected = clip == logic_.state.marks.clip, .inSight = !blockRect(clip).isEmpty()};
+}
+
 QVariant TimelineView::inputMethodQuery(Qt::InputMethodQuery query) const {
   return query == Qt::ImCursorRectangle ? blockRect(logic_.state.marks.clip)
                                         : QFrame::inputMethodQuery(query);
@@ -181,7 +210,7 @@ QVariant TimelineView::inputMethodQuery(Qt::InputMethodQuery query) const {
 
 void TimelineView::focusInEvent(QFocusEvent* event) {
   QFrame::focusInEvent(event);
-  tellClipInHand(*this);
+  tellRowInHand(*this, *this);
   update();
 }
 

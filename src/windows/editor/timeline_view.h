@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editor/timeline/timeline_hand.h"
+#include "ui/accessible_rows.h"
 #include "windows/editor/timeline_sketches.h"
 
 #include <QBasicTimer>
@@ -19,7 +20,7 @@ class QScrollBar;
 
 namespace kvo {
 
-class TimelineView : public QFrame {
+class TimelineView : public QFrame, public AccessibleRows {
   Q_DECLARE_TR_FUNCTIONS(kvo::TimelineView)
 
  public:
@@ -43,6 +44,13 @@ class TimelineView : public QFrame {
   [[nodiscard]] QRect blockRect(int clip) const;
   /// The clip at a place of the widget; 0 for none.
   [[nodiscard]] int clipAt(const QPoint& at) const;
+  // To a screen reader: the clips, and behind them the music.
+  [[nodiscard]] int rowCount() const override;
+  [[nodiscard]] QString rowName(int row) const override;
+  [[nodiscard]] QRect rowPlace(int row) const override;
+  [[nodiscard]] RowState rowState(int row) const override;
+  [[nodiscard]] int rowAt(const QPoint& at) const override { return rowOf(clipAt(at)); }
+  [[nodiscard]] int rowInHand() const override { return rowOf(logic_.state.marks.clip); }
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
   [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -77,6 +85,8 @@ class TimelineView : public QFrame {
     bool operator==(const Drawn&) const = default;
   };
 
+  [[nodiscard]] const TimelineBlock& blockOf(int row) const;
+  [[nodiscard]] int rowOf(int clip) const;
   [[nodiscard]] Drawn wanted() const;
   [[nodiscard]] TimelinePoint pointOf(const QPointF& at) const;
   void placeBar();

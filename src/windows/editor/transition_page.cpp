@@ -4,6 +4,7 @@
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "ui/tool_tips.h"
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/particle_part.h"
@@ -12,6 +13,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -150,14 +152,16 @@ void TransitionPage::makeOptions() {
 
 void TransitionPage::makeChoice() {
   auto& rules = logic_.rules;
-  cut_ = put(made<QPushButton>(tr("Cut"), this), {182, 11, 52, 26});
-  transition_ = put(made<QPushButton>(tr("Transition"), this), {234, 11, 80, 26});
+  put(made<QFrame>(this), {182, 9, 132, 30})->setProperty("role", "list");
+  cut_ = put(made<QPushButton>(tr("Cut"), this), {185, 12, 46, 24});
+  transition_ = put(made<QPushButton>(tr("Transition"), this), {231, 12, 80, 24});
   cut_->setToolTip(tr("The clip follows without a transition"));
   transition_->setToolTip(tr("A transition leads into the clip"));
+  setKeys(*transition_, "D");
   auto* one = made<QButtonGroup>(this);
   for (auto* key : {cut_, transition_}) {
     key->setCheckable(true);
-    key->setStyleSheet("padding: 0; min-height: 24px;");
+    key->setProperty("kind", "switch");
     one->addButton(key);
     connect(key, &QPushButton::clicked,
             [this, &rules, isCut = key == cut_] { act([&] { rules.chooseCut(isCut); }); });
@@ -174,21 +178,21 @@ void TransitionPage::makeChoice() {
   favourites_->setToolTip(tr("Favourites and those used last alone"));
   favourites_->setAccessibleName(favourites_->toolTip());
   connect(find_, &QLineEdit::textEdited,
-          [this, &rules](const QString& text) { act([&] { rules.find(text.toStdString()); }); });
+          [this, &rules](const QString& text) { act([&] { rules.names().find(text.toStdString()); }); });
   connect(favourites_, &QToolButton::clicked,
-          [this, &rules](bool on) { act([&] { rules.showFavouritesAlone(on); }); });
+          [this, &rules](bool on) { act([&] { rules.names().showFavouritesAlone(on); }); });
   instead_ = write({}, "hint", kTilesPlace);
   instead_->setAlignment(Qt::AlignCenter);
   instead_->setWordWrap(true);
-  Lst_Transitions_ =
-      put(made<TransitionTiles>(
-              state_, logic_.samples,
-              TransitionTiles::Acts{
-                  [this, &rules](const std::string& name) { act([&] { rules.pick(name); }); },
-                  [this, &rules](int steps) { act([&] { rules.pickNext(steps); }); },
-                  [this, &rules](const std::string& name) { act([&] { rules.toggleFavourite(name); }); }},
-              this),
-          kTilesPlace);
+  Lst_Transitions_ = put(
+      made<TransitionTiles>(
+          state_, logic_.samples,
+          TransitionTiles::Acts{
+              [this, &rules](const std::string& name) { act([&] { rules.pick(name); }); },
+              [this, &rules](int steps) { act([&] { rules.pickNext(steps); }); },
+              [this, &rules](const std::string& name) { act([&] { rules.names().toggleFavourite(name); }); }},
+          this),
+      kTilesPlace);
   particles_ =
       put(made<ParticlePart>(state_.particles,
                              ParticlePart::Acts{[this, &rules](const ParticleBoxes& wanted) {
@@ -204,10 +208,7 @@ void TransitionPage::draw() {
   Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection);
   const auto& panel = state_.panel;
   setTextOf(*Fra_FadDur_, told(panel.Fra_FadDur));
-  if (const QString bad(panel.durationIsShort ? "bad" : ""); Fra_FadDur_->property("state") != bad) {
-    Fra_FadDur_->setProperty("state", bad);
-    Fra_FadDur_->setStyleSheet(Fra_FadDur_->styleSheet());  // so that the sheet is read anew for it
-  }
+  markBad(*Fra_FadDur_, panel.durationIsShort);
   Fra_FadDur_->setVisible(panel.listVisible);
   Sld_In_->setVisible(panel.listVisible);
   Sld_In_->draw({0, state_.Sld_InMax, state_.Sld_In, state_.canHaveTransition, {}}, shown(state_.inOver),
@@ -264,12 +265,13 @@ void TransitionPage::drawChoice() {
   cut_->setEnabled(state_.canHaveTransition);
   transition_->setEnabled(state_.canHaveTransition);
   find_->setEnabled(tiles);
-  if (find_->text() != shown(state_.find)) find_->setText(shown(state_.find));
-  favourites_->setChecked(state_.onlyFavourites);
+  if (find_->text() != shown(state_.names.find)) find_->setText(shown(state_.names.find));
+  favourites_->setChecked(state_.names.onlyFavourites);
   favourites_->setEnabled(tiles);
   favourites_->setIconSize(QSize(themed(16), themed(16)));
-  favourites_->setIcon(QIcon(iconPicture("star", state_.onlyFavourites ? token("amber") : token("text3"),
-                                         themed(16), devicePixelRatio())));
+  favourites_->setIcon(
+      QIcon(iconPicture("star", state_.names.onlyFavourites ? token("amber") : token("text3"), themed(16),
+                        devicePixelRatio())));
   Lst_Transitions_->setVisible(tiles);
   if (tiles) Lst_Transitions_->draw();
   particles_->setVisible(panel.listVisible && state_.particlesOpen);

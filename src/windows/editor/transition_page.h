@@ -1,7 +1,7 @@
 // The page Transition: the clips, the transitions as tiles, and the options of the one that is chosen.
 #pragma once
 
-#include "editor/tabs/transition_samples.h"
+#include "editor/tabs/moving_samples.h"
 #include "editor/tabs/transition_tab.h"
 #include "windows/editor/editor_page.h"
 
@@ -32,7 +32,7 @@ class TransitionPage final : public EditorPage {
     const TransitionTab& state;
     TransitionRules& rules;
     const Collection& collection;
-    TransitionSamples& samples;
+    MovingSamples& samples;
     std::function<std::string()> askForMask;  ///< a picture's file; empty when the user leaves it
     std::function<void()> acted;              ///< behind each act
   };

@@ -30,17 +30,19 @@ constexpr double kTileRadius = 5;
 constexpr double kTilePictureRadius = 3;
 constexpr int kStarSide = 14;
 constexpr double kTileText = 10.2;
-constexpr int kStepTime = 80;  // milliseconds
 
 }  // namespace
 
-TransitionTiles::TransitionTiles(const TransitionTab& state, TransitionSamples& samples, Acts acts,
+TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samples, Acts acts,
                                  QWidget* parent)
     : QScrollArea(parent),
       state_(state),
       samples_(samples),
       acts_(std::move(acts)),
-      sheet_(made<QWidget>(this)) {
+      sheet_(made<QWidget>(this)),
+      motion_([this] { sheet_->update(); }),
+      pixmaps_(samples) {
+  installAccessibleRows();
   setProperty("role", "list");
   setAccessibleName(tr("Transitions"));
   setFocusPolicy(Qt::StrongFocus);
@@ -66,61 +68,78 @@ QRect TransitionTiles::starRect(int index) const {
 }
 
 int TransitionTiles::tileAt(const QPoint& at) const {
-  for (int i = 0; i < static_cast<int>(state_.shown.size()); ++i)
+  for (int i = 0; i < static_cast<int>(state_.names.shown.size()); ++i)
     if (tileRect(i).contains(at)) return i;
   return -1;
 }
 
 int TransitionTiles::chosen() const {
-  const auto found = std::find(state_.shown.begin(), state_.shown.end(), state_.panel.selected);
-  return found == state_.shown.end() ? -1 : static_cast<int>(found - state_.shown.begin());
+  const auto found = std::find(state_.names.shown.begin(), state_.names.shown.end(), state_.panel.selected);
+  return found == state_.names.shown.end() ? -1 : static_cast<int>(found - state_.names.shown.begin());
 }
 
 bool TransitionTiles::isFavourite(const std::string& name) const {
-  return std::find(state_.favourites.begin(), state_.favourites.end(), name) != state_.favourites.end();
+  return std::find(state_.names.favourites.begin(), state_.names.favourites.end(), name) !=
+         state_.names.favourites.end();
+}
+
+QString TransitionTiles::rowName(int row) const {
+  const auto& name = state_.names.shown[static_cast<std::size_t>(row)];
+  return isFavourite(name) ? tr("%1, a favourite").arg(shown(name)) : shown(name);
+}
+
+QRect TransitionTiles::rowPlace(int row) const {
+  const auto place = tileRect(row).translated(sheet_->mapTo(this, QPoint()));
+  return place.intersected(QRect(viewport()->mapTo(this, QPoint()), viewport()->size()));
+}
+
+RowState TransitionTiles::rowState(int row) const {
+  return {.selected = row == chosen(), .inSight = !rowPlace(row).isEmpty()};
 }
 
 void TransitionTiles::layOut() {
-  const int rows = (static_cast<int>(state_.shown.size()) + kColumns - 1) / kColumns;
+  const int rows = (static_cast<int>(state_.names.shown.size()) + kColumns - 1) / kColumns;
   sheet_->resize(viewport()->width(), themed(kTilesTop * 2 + kTile.height() * rows));
   verticalScrollBar()->setSingleStep(themed(kTile.height()) / 2);
 }
 
 void TransitionTiles::draw() {
-  const bool otherNames = drawnNames_ != state_.shown;
+  const bool otherNames = drawnNames_ != state_.names.shown;
   const bool otherChoice = drawnChoice_ != state_.panel.selected;
   const int revision = samples_.revision();
-  if (!otherNames && !otherChoice && drawnRevision_ == revision && drawnFavourites_ == state_.favourites)
+  if (!otherNames && !otherChoice && drawnRevision_ == revision &&
+      drawnFavourites_ == state_.names.favourites)
     return;
   if (otherNames) {
-    drawnNames_ = state_.shown;
+    drawnNames_ = state_.names.shown;
     hover(-1);
     layOut();
   }
   drawnChoice_ = state_.panel.selected;
-  drawnFavourites_ = state_.favourites;
+  drawnFavourites_ = state_.names.favourites;
   drawnRevision_ = revision;
   if (const int index = chosen(); index >= 0 && (otherNames || otherChoice)) {
     const auto tile = tileRect(index);
     ensureVisible(tile.center().x(), tile.center().y(), 0, tile.height());
   }
   setAccessibleDescription(shown(state_.panel.selected));
+  if (otherChoice) tellRowInHand(*this, *this);
   sheet_->update();
 }
 
 void TransitionTiles::paint(QPainter& painter, const QRect& region) {
-  if (state_.shown.empty()) {
+  if (state_.names.shown.empty()) {
     painter.setPen(toColour(token("text3")));
     painter.drawText(sheet_->rect().adjusted(0, themed(40), 0, 0), Qt::AlignHCenter | Qt::AlignTop,
                      tr("No transition of that name"));
   }
-  for (int i = 0; i < static_cast<int>(state_.shown.size()); ++i)
+  for (int i = 0; i < static_cast<int>(state_.names.shown.size()); ++i)
     if (tileRect(i).intersects(region)) paintTile(painter, i);
 }
 
 void TransitionTiles::paintTile(QPainter& painter, int index) {
   const Painting kept(painter);
-  const auto& name = state_.shown[static_cast<std::size_t>(index)];
+  const auto& name = state_.names.shown[static_cast<std::size_t>(index)];
   const QRectF tile = tileRect(index);
   const bool isChosen = index == chosen(), isHovered = index == hovered_;
   const double rim = themed(2);
@@ -134,7 +153,7 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
     return QRectF(tile.x() + themed(part.x()), tile.y() + themed(part.y()), themed(part.width()),
                   themed(part.height()));
   };
-  paintSample(painter, placed(kTilePicture), name, isHovered ? step_ : kTransitionSampleStill);
+  paintSample(painter, placed(kTilePicture), name);
   QFont font(painter.font());
   font.setPixelSize(qRound(themed(kTileText * 10) / 10.0));
   font.setWeight(isChosen ? QFont::DemiBold : QFont::Normal);
@@ -152,48 +171,33 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
   if (isChosen && showsFocus(*this)) drawFocusRing(painter, tile, themed(kTileRadius + 2));
 }
 
-void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const std::string& name, int step) {
+void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const std::string& name) {
   QPainterPath round;
   round.addRoundedRect(place, themed(kTilePictureRadius), themed(kTilePictureRadius));
   const Painting kept(painter);
   painter.setClipPath(round);
   painter.fillRect(place, toColour(token("ink3")));
-  auto picture = samples_.picture(name, step);
-  if (picture == nullptr && step != kTransitionSampleStill)
-    picture = samples_.picture(name, kTransitionSampleStill);
-  if (picture == nullptr) return;
-  const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{picture->width} * 3,
-                     QImage::Format_BGR888);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.setOpacity(isEnabled() ? 1 : 0.4);
-  painter.drawImage(place, image);
+  const auto& pixmap = pixmaps_.of(name, motion_.step(), place.size().toSize(), devicePixelRatioF());
+  if (!pixmap.isNull()) painter.drawPixmap(place.topLeft(), pixmap);
 }
 
 void TransitionTiles::hover(int index) {
-  if (index == hovered_) return;
-  hovered_ = index;
-  step_ = 0;
-  index >= 0 ? moving_.start(kStepTime, this) : moving_.stop();
-  sheet_->update();
-}
-
-void TransitionTiles::timerEvent(QTimerEvent* event) {
-  if (event->timerId() != moving_.timerId()) return QScrollArea::timerEvent(event);
-  step_ = (step_ + 1) % kTransitionSampleSteps;
-  if (hovered_ >= 0) sheet_->update(tileRect(hovered_));
+  index >= 0 ? motion_.stir() : motion_.rest();
+  if (std::exchange(hovered_, index) != index) sheet_->update();
 }
 
 bool TransitionTiles::pressed(const QPoint& at, Qt::MouseButton button) {
   const int index = tileAt(at);
   if (index < 0 || button != Qt::LeftButton) return false;
-  const auto name = state_.shown[static_cast<std::size_t>(index)];
+  const auto name = state_.names.shown[static_cast<std::size_t>(index)];
   starRect(index).contains(at) ? acts_.toggleFavourite(name) : acts_.pick(name);
   return true;
 }
 
 void TransitionTiles::offerFavourite(int index, const QPoint& global) {
   if (index < 0) return;
-  const auto name = state_.shown[static_cast<std::size_t>(index)];
+  const auto name = state_.names.shown[static_cast<std::size_t>(index)];
   QMenu menu(this);
   menu.addAction(isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
                  [this, name] { acts_.toggleFavourite(name); });
@@ -204,7 +208,8 @@ void TransitionTiles::showTip(const QPoint& at, const QPoint& global) {
   const int index = tileAt(at);
   if (index < 0) return QToolTip::hideText();
   const bool onStar = starRect(index).contains(at);
-  QToolTip::showText(global, onStar ? tr("Favourite") : shown(state_.shown[static_cast<std::size_t>(index)]),
+  QToolTip::showText(global,
+                     onStar ? tr("Favourite") : shown(state_.names.shown[static_cast<std::size_t>(index)]),
                      sheet_, onStar ? starRect(index) : tileRect(index));
 }
 
@@ -243,8 +248,9 @@ bool TransitionTiles::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TransitionTiles::keyPressEvent(QKeyEvent* event) {
-  const int all = static_cast<int>(state_.shown.size());
+  const int all = static_cast<int>(state_.names.shown.size());
   const int page = std::max(1, viewport()->height() / themed(kTile.height())) * kColumns;
+  motion_.stir();
   switch (event->key()) {
     case Qt::Key_Left:
       return acts_.pickNext(-1);
@@ -286,6 +292,7 @@ void TransitionTiles::changeEvent(QEvent* event) {
 
 void TransitionTiles::focusInEvent(QFocusEvent* event) {
   QScrollArea::focusInEvent(event);
+  tellRowInHand(*this, *this);
   sheet_->update();
 }
 

@@ -2,19 +2,17 @@
 // the keyboard: the arrows go from tile to tile.
 #pragma once
 
-#include "editor/tabs/transition_samples.h"
 #include "editor/tabs/transition_tab.h"
+#include "ui/accessible_rows.h"
+#include "windows/editor/sample_motion.h"
 
-#include <QBasicTimer>
 #include <QCoreApplication>
-#include <QPixmap>
 #include <QScrollArea>
 #include <functional>
-#include <map>
 
 namespace kvo {
 
-class TransitionTiles final : public QScrollArea {
+class TransitionTiles final : public QScrollArea, public AccessibleRows {
   Q_DECLARE_TR_FUNCTIONS(kvo::TransitionTiles)
 
  public:
@@ -28,16 +26,22 @@ class TransitionTiles final : public QScrollArea {
   static constexpr int kColumns = 3;
 
   /// State and samples outlive the tiles.
-  TransitionTiles(const TransitionTab& state, TransitionSamples& samples, Acts acts, QWidget* parent);
+  TransitionTiles(const TransitionTab& state, MovingSamples& samples, Acts acts, QWidget* parent);
 
   void draw();
+
+  [[nodiscard]] int rowCount() const override { return static_cast<int>(state_.names.shown.size()); }
+  [[nodiscard]] QString rowName(int row) const override;
+  [[nodiscard]] QRect rowPlace(int row) const override;
+  [[nodiscard]] RowState rowState(int row) const override;
+  [[nodiscard]] int rowAt(const QPoint& at) const override { return tileAt(sheet_->mapFrom(this, at)); }
+  [[nodiscard]] int rowInHand() const override { return chosen(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
@@ -45,7 +49,7 @@ class TransitionTiles final : public QScrollArea {
   void layOut();
   void paint(QPainter& painter, const QRect& region);
   void paintTile(QPainter& painter, int index);
-  void paintSample(QPainter& painter, const QRectF& place, const std::string& name, int step);
+  void paintSample(QPainter& painter, const QRectF& place, const std::string& name);
   bool pressed(const QPoint& at, Qt::MouseButton button);
   void hover(int index);
   void showTip(const QPoint& at, const QPoint& global);
@@ -57,7 +61,7 @@ class TransitionTiles final : public QScrollArea {
   [[nodiscard]] bool isFavourite(const std::string& name) const;
 
   const TransitionTab& state_;
-  TransitionSamples& samples_;
+  MovingSamples& samples_;
   Acts acts_;
   QWidget* sheet_;
   std::vector<std::string> drawnNames_;
@@ -65,8 +69,8 @@ class TransitionTiles final : public QScrollArea {
   std::vector<std::string> drawnFavourites_;
   int drawnRevision_ = -1;
   int hovered_ = -1;
-  int step_ = 0;  // of the sample that moves below the pointer
-  QBasicTimer moving_;
+  SampleMotion motion_;
+  SamplePixmaps pixmaps_;
 };
 
 }  // namespace kvo

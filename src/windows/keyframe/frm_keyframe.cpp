@@ -77,7 +77,7 @@ void FrmKeyframe::makeStrip() {
   const auto goTo = [this](int frame) { act([&] { moveToFrame(logic_.editing, state_, frame); }); };
   strip_->wentTo = goTo;
   // In line with the strip's frames: the handle's middle is at its first.
-  master_ = put(made<HeadedSlider>(tr("Frame"), this), {28, 136, 704, HeadedSlider::kBareHeight});
+  master_ = put(made<HeadedSlider>(tr("Frame"), this), {30, 136, 700, HeadedSlider::kBareHeight});
   master_->moved = goTo;
 }
 

@@ -119,10 +119,11 @@ struct DeskBench : ProgramBench {
   std::string inPlayer;
   std::optional<PlayerPlace> place = PlayerPlace{4, 100};
   HeldStreams held{streams};
-  Editing onHeld{collection, settings, editor, held, files, boxes, folder, log, clock};
+  PresumedFiles presumed{held};
+  Editing onHeld{collection, settings, editor, presumed, files, boxes, folder, log, clock};
   EditorWindowState state;
   NotedPreview preview;
-  EditorDesk desk{{state, window, onHeld, loop, history, list, listCommands, preview}, doors()};
+  EditorDesk desk{{state, window, onHeld, loop, history, list, listCommands, preview, presumed}, doors()};
 };
 
 TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
@@ -133,6 +134,8 @@ TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
   {
     const std::lock_guard lock(b.held.held);
     b.desk.Form_Load();
+    EXPECT_FALSE(b.state.analysing.visible) << "it may be done in a moment";
+    b.loop.advance(300);
     EXPECT_TRUE(b.state.analysing.visible);
     EXPECT_FALSE(b.state.frame.toolsOn);
     EXPECT_EQ(b.state.frame.caption, "   Create New Movie from Holiday Collection");
@@ -178,11 +181,66 @@ TEST(EditorDesk, AnalysingShowsUnlessTheFastOpeningIsWanted) {
     DeskBench b;
     b.settings.adjust().KVOFastEdit = fast;
     if (there) b.files.all["/prog/PreviewDefaults.dat"] = "x";
-    b.desk.Form_Load();
-    EXPECT_EQ(b.state.analysing.visible, shows);
+    {
+      const std::lock_guard lock(b.held.held);
+      b.desk.Form_Load();
+      b.loop.advance(300);
+      EXPECT_EQ(b.state.analysing.visible, shows);
+    }
     b.open();
     EXPECT_FALSE(b.state.analysing.visible);
   }
+}
+
+// The first time of a run only, with a command to play at each tick.
+TEST(EditorDesk, AnalysingPlaysAFilmOfTheProgramFolderOnce) {
+  DeskBench b;
+  b.files.all["/prog/maybe.wmv"] = "x";
+  for (const char* film : {"/prog/maybe.wmv", ""}) {
+    {
+      const std::lock_guard lock(b.held.held);
+      b.desk.Form_Load();
+      b.loop.advance(300 + 3 * 500);
+      EXPECT_EQ(b.state.analysing.film, film);
+      EXPECT_EQ(b.state.analysing.plays, 3);
+    }
+    b.open();
+    b.desk.Form_QueryUnload();
+    b.addVideo("another.avi", 0, 2);
+  }
+}
+
+TEST(EditorDesk, AnalysingCanBeStoppedAndSaysWhatItHasNotLookedInto) {
+  DeskBench b(7);
+  for (auto& [path, facts] : b.streams.all) facts.hasAudio = true;
+  const auto sounds = [&] {
+    std::string heard;
+    for (int i = 1; i <= 7; ++i) heard += b.clip(i).HasAudio() ? '1' : '0';
+    return heard;
+  };
+  {
+    const std::lock_guard lock(b.held.held);  // the first file does not answer
+    b.desk.Form_Load();
+    b.desk.stopAnalysing();
+    EXPECT_TRUE(b.state.frame.toolsOn);
+    ASSERT_EQ(b.boxes.shown.size(), 1U);
+    EXPECT_EQ(b.boxes.shown[0].text,
+              "9 of 9 clips have not been looked into. They are taken by their names, without their sound, "
+              "until you choose them:\nfilm1.avi\nfilm2.avi\nfilm3.avi\nfilm4.avi\nfilm5.avi\n...");
+    EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "061.000") << "as their records have them";
+    EXPECT_EQ(sounds(), "0000000");
+    b.list.select(3);
+    b.tick();
+    EXPECT_EQ(sounds(), "0000000") << "nobody waits for it";
+  }
+  while (sounds()[2] == '0' && b.loop.workComesHome()) b.tick();
+  EXPECT_EQ(sounds()[2], '1') << "it has been chosen";
+  EXPECT_EQ(sounds()[4], '0');
+  b.desk.stopAnalysing();
+  EXPECT_EQ(b.boxes.shown.size(), 1U) << "nothing is under way";
+  b.desk.Form_QueryUnload();
+  b.open();
+  EXPECT_EQ(sounds(), "1111111") << "the next opening looks at all";
 }
 
 // Which tab hears what, by the change code.

@@ -64,13 +64,21 @@ TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
   EXPECT_FALSE(ActivateKeyFrameForm(b.editing, b.window, b.host));
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
             "KVO5 - Clip format Error|The duration of this clip is reported as 0 seconds");
+  still.LoopStart(Value(1));
+  for (const auto& [frame, seconds] : {std::pair{50, 1.0}, {10, 0.0}}) {
+    Keyframe k;
+    placeKeyframe(b.editing, k, frame);
+    EXPECT_EQ(k.Time.number(), seconds) << "from the still's Mark-In on";
+  }
 }
 
 TEST(KeyframeWindow, KeyframesAreAddedChosenAndDeleted) {
   KeyframeBench b;
   b.add(100);
   EXPECT_EQ(b.host.look(), "edit New keyframe 1 0, sample Keyframe 1");
-  EXPECT_EQ(b.frames(), "0:0 100:0.3 ") << "with two the first begins at nothing or all";
+  EXPECT_EQ(b.frames(), "0:0 100:0 ") << "with two the level begins at nothing or all, also in the controls";
+  moveKeyframeSlider(b.editing, b.window, b.host, 0, 30);
+  b.host.look();
   EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 1);
   b.add(100);
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO5 - Duplicate Keyframe warning");
@@ -125,6 +133,7 @@ TEST(KeyframeWindow, DiamondsAreDraggedWithinTheClip) {
                           Row{2, 150, 0, "0:0 100:0.3 150:0 "}}) {
     KeyframeBench b;
     b.add(100);
+    moveKeyframeSlider(b.editing, b.window, b.host, 0, 30);
     b.add(50);
     b.host.look();
     dragKeyframe(b.editing, b.window, b.host, row.line, row.frame, row.level);

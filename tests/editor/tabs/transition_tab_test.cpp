@@ -238,21 +238,21 @@ TEST(TransitionTab, WhatIsRefusedShowsTheRecord) {
 
 TEST(TransitionTab, NamesAreFoundAndRemembered) {
   TransitionBench b;
-  EXPECT_EQ(b.tab.shown.size(), transitionNames().size());
-  b.rules.find(" CIRCLE1");
-  EXPECT_EQ(b.tab.shown, (std::vector<std::string>{"Circle1", "Circle16"}));
+  EXPECT_EQ(b.tab.names.shown.size(), transitionNames().size());
+  b.rules.names().find(" CIRCLE1");
+  EXPECT_EQ(b.tab.names.shown, (std::vector<std::string>{"Circle1", "Circle16"}));
   b.rules.pickNext(1);
   EXPECT_EQ(b.clip().TransType(), "Circle1");
-  b.rules.find("");
-  b.rules.toggleFavourite("Star5");
-  b.rules.toggleFavourite("Barn");
-  b.rules.showFavouritesAlone(true);
-  EXPECT_EQ(b.tab.shown, (std::vector<std::string>{"Barn", "Circle1", "Star5"}));
-  b.rules.toggleFavourite("Star5");
+  b.rules.names().find("");
+  b.rules.names().toggleFavourite("Star5");
+  b.rules.names().toggleFavourite("Barn");
+  b.rules.names().showFavouritesAlone(true);
+  EXPECT_EQ(b.tab.names.shown, (std::vector<std::string>{"Barn", "Circle1", "Star5"}));
+  b.rules.names().toggleFavourite("Star5");
   TransitionTab later;
-  const TransitionRules again(b.editing, later, b.host, b.store);
-  EXPECT_TRUE(again.isFavourite("Barn") && !again.isFavourite("Star5"));
-  EXPECT_EQ(later.lastUsed, std::vector<std::string>{"Circle1"});
+  TransitionRules again(b.editing, later, b.host, b.store);
+  EXPECT_TRUE(again.names().isFavourite("Barn") && !again.names().isFavourite("Star5"));
+  EXPECT_EQ(later.names.lastUsed, std::vector<std::string>{"Circle1"});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // What the hand does on the timeline, and what it is told.
 #include "editor/timeline/timeline_bench.h"
 
+#include <functional>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -173,6 +174,37 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   b.hand.stand(100, false);
   EXPECT_EQ(keys({Split}), Told{});
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");
+}
+
+TEST(TimelineHand, TheWholeMovieStaysInSightUntilTheUserLooksElsewhere) {
+  const TimelinePoint middle{600, kPictures};
+  struct Row {
+    const char* name;
+    std::function<void(TimelineBench&)> act;
+    bool isWhole;
+  };
+  const Row rows[] = {
+      {"nothing", [](auto&) {}, true},
+      {"the wheel zooms", [&](auto& b) { b.hand.wheel(middle, 0, 2, {.control = true}); }, false},
+      {"two fingers", [&](auto& b) { b.hand.pinch(middle, 1.5); }, false},
+      {"a key zooms", [](auto& b) { b.hand.key(TimelineKey::ZoomIn, {}); }, false},
+      {"and another goes back",
+       [](auto& b) { b.hand.key(TimelineKey::ZoomIn, {}), b.hand.key(TimelineKey::Whole, {}); }, true},
+      {"a page on", [](auto& b) { b.hand.key(TimelineKey::PageOn, {}); }, false},
+      {"the hand takes hold", [&](auto& b) { b.hand.press(middle, {}), b.hand.release(); }, false},
+      {"a clip by key", [](auto& b) { b.hand.key(TimelineKey::After, {}); }, true},
+      {"another collection", [](auto& b) { b.hand.zoom(100, 600), b.hand.open(); }, true}};
+  for (const auto& row : rows) {
+    Taken b;
+    b.hand.open();
+    row.act(b);
+    const double scale = b.state.sight.scale;
+    for (int i = 0; i < 9; ++i) b.video("more.avi", 0, 30, 30);
+    b.show();
+    b.hand.resize(900, 202);
+    EXPECT_EQ(b.state.sight.xOf(b.state.blocks.end()) < 900, row.isWhole) << row.name;
+    EXPECT_EQ(b.state.sight.scale == scale, !row.isWhole) << row.name;
+  }
 }
 
 TEST(TimelineHand, FilesGoWhereTheBarStands) {

@@ -1,6 +1,5 @@
-#include "ui/cool_list_accessible.h"
+#include "ui/accessible_rows.h"
 
-#include "ui/cool_list_view.h"
 #include "ui/made.h"
 
 #include <QAccessibleWidget>
@@ -10,14 +9,13 @@
 namespace kvo {
 namespace {
 
-// The item that stands at an index now.
-class ItemAccess : public QAccessibleInterface {
+// The row that stands at an index now. It goes with the list's own interface, which goes with the widget.
+class RowAccess : public QAccessibleInterface {
  public:
-  ItemAccess(CoolListView& view, int index) : view_(&view), index_(index) {}
+  RowAccess(QWidget& view, const AccessibleRows& rows, int index)
+      : view_(&view), rows_(rows), index_(index) {}
 
-  [[nodiscard]] bool isValid() const override {
-    return view_ != nullptr && index_ < view_->list().ListCount();
-  }
+  [[nodiscard]] bool isValid() const override { return view_ != nullptr && index_ < rows_.rowCount(); }
   [[nodiscard]] QObject* object() const override { return nullptr; }
   [[nodiscard]] QAccessibleInterface* parent() const override {
     return QAccessible::queryAccessibleInterface(view_.data());
@@ -29,14 +27,12 @@ class ItemAccess : public QAccessibleInterface {
   [[nodiscard]] QAccessible::Role role() const override { return QAccessible::ListItem; }
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    if (kind != QAccessible::Name || !isValid()) return {};
-    return QString::fromStdString(view_->list().item(index_).ItemText);
+    return kind == QAccessible::Name && isValid() ? rows_.rowName(index_) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
   [[nodiscard]] QRect rect() const override {
-    if (!isValid()) return {};
-    const auto inside = view_->itemRect(index_);
+    const auto inside = isValid() ? rows_.rowPlace(index_) : QRect();
     return inside.isEmpty() ? QRect() : QRect(view_->mapToGlobal(inside.topLeft()), inside.size());
   }
 
@@ -46,47 +42,47 @@ class ItemAccess : public QAccessibleInterface {
       state.invalid = true;
       return state;
     }
-    const auto& list = view_->list();
+    const auto row = rows_.rowState(index_);
     state.selectable = true;
     state.focusable = true;
-    state.selected = list.item(index_).ItemSelected;
-    state.focused = view_->hasFocus() && list.ListIndex() == index_;
-    state.offscreen = !list.isInView(index_);
+    state.selected = row.selected;
+    state.focused = view_->hasFocus() && rows_.rowInHand() == index_;
+    state.offscreen = !row.inSight;
     state.disabled = !view_->isEnabled();
-    state.multiSelectable = list.properties().SelectMode != 0;
+    state.multiSelectable = row.multiSelectable;
     return state;
   }
 
  private:
-  QPointer<CoolListView> view_;
+  QPointer<QWidget> view_;
+  const AccessibleRows& rows_;
   int index_;
 };
 
-class ListAccess : public QAccessibleWidget {
+class RowsAccess : public QAccessibleWidget {
  public:
-  explicit ListAccess(CoolListView& view) : QAccessibleWidget(&view, QAccessible::List), view_(view) {}
-  ListAccess(const ListAccess&) = delete;
-  ListAccess& operator=(const ListAccess&) = delete;
-  ~ListAccess() override {
+  RowsAccess(QWidget& view, const AccessibleRows& rows)
+      : QAccessibleWidget(&view, QAccessible::List), view_(view), rows_(rows) {}
+  RowsAccess(const RowsAccess&) = delete;
+  RowsAccess& operator=(const RowsAccess&) = delete;
+  ~RowsAccess() override {
     for (const auto& [index, id] : items_) QAccessible::deleteAccessibleInterface(id);
   }
 
-  [[nodiscard]] int childCount() const override { return view_.list().ListCount(); }
+  [[nodiscard]] int childCount() const override { return rows_.rowCount(); }
   [[nodiscard]] QAccessibleInterface* child(int index) const override {
     if (index < 0 || index >= childCount()) return nullptr;
     auto found = items_.find(index);
     if (found == items_.end()) {
       // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the register owns it
-      const auto id = QAccessible::registerAccessibleInterface(made<ItemAccess>(view_, index));
+      const auto id = QAccessible::registerAccessibleInterface(made<RowAccess>(view_, rows_, index));
       found = items_.emplace(index, id).first;
     }
     return QAccessible::accessibleInterface(found->second);
   }
   [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override {
     const auto inside = view_.mapFromGlobal(QPoint(x, y));
-    if (!view_.rect().contains(inside)) return nullptr;
-    const auto index = view_.list().itemAt(inside.y() - view_.contentsRect().top());
-    return index ? child(*index) : nullptr;
+    return view_.rect().contains(inside) ? child(rows_.rowAt(inside)) : nullptr;
   }
   [[nodiscard]] int indexOfChild(const QAccessibleInterface* wanted) const override {
     for (const auto& [index, id] : items_) {
@@ -95,29 +91,32 @@ class ListAccess : public QAccessibleWidget {
     return -1;
   }
   [[nodiscard]] QAccessibleInterface* focusChild() const override {
-    return view_.hasFocus() ? child(view_.list().ListIndex()) : nullptr;
+    return view_.hasFocus() ? child(rows_.rowInHand()) : nullptr;
   }
 
  private:
-  CoolListView& view_;
+  QWidget& view_;
+  const AccessibleRows& rows_;
   mutable std::map<int, QAccessible::Id> items_;
 };
 
-QAccessibleInterface* makeAccess(const QString& /*className*/, QObject* object) {
-  auto* view = dynamic_cast<CoolListView*>(object);
-  return view == nullptr ? nullptr : made<ListAccess>(*view);
+QAccessibleInterface* makeRowsAccess(const QString& /*className*/, QObject* object) {
+  const auto* rows = dynamic_cast<AccessibleRows*>(object);
+  auto* view = dynamic_cast<QWidget*>(object);
+  return rows == nullptr || view == nullptr ? nullptr : made<RowsAccess>(*view, *rows);
 }
 
 }  // namespace
 
-void installCoolListAccessibility() {
-  QAccessible::removeFactory(makeAccess);
-  QAccessible::installFactory(makeAccess);
+void installAccessibleRows() {
+  QAccessible::removeFactory(makeRowsAccess);
+  QAccessible::installFactory(makeRowsAccess);
 }
 
-void tellItemFocus(const CoolListView& view, int index) {
-  QAccessibleEvent event(const_cast<CoolListView*>(&view), QAccessible::Focus);
-  event.setChild(index);
+void tellRowInHand(QWidget& view, const AccessibleRows& rows) {
+  if (!view.hasFocus() || rows.rowInHand() < 0) return;
+  QAccessibleEvent event(&view, QAccessible::Focus);
+  event.setChild(rows.rowInHand());
   QAccessible::updateAccessibility(&event);
 }
 

@@ -1,5 +1,8 @@
 // The small pictures that the transitions are chosen by.
-#include "editor/samples/engine_transition_samples.h"
+#include "editor/samples/effect_painter.h"
+#include "editor/samples/engine_samples.h"
+#include "editor/samples/sample_art.h"
+#include "editor/samples/sample_pictures.h"
 #include "editor/samples/transition_painter.h"
 #include "vocabulary/transitions.h"
 
@@ -16,7 +19,7 @@ constexpr int kBright = 200;
 
 FramePicture grey(int value) {
   const auto byte = static_cast<std::uint8_t>(value);
-  return plainSamplePicture(byte, byte, byte);
+  return plainPicture(kTransitionSampleWidth, kTransitionSampleHeight, byte, byte, byte);
 }
 
 double meanOf(const FramePicture& picture) {
@@ -30,7 +33,7 @@ TEST(TransitionPainter, PaintsEveryNameOnOffer) {
   for (const auto name : transitionNames()) {
     const auto paint = preparePainting(name, grey(kDark), grey(kBright));
     ASSERT_TRUE(paint) << name << ": " << paint.error().text;
-    const auto middle = (*paint)((kTransitionSampleStill + 0.5) / kTransitionSampleSteps);
+    const auto middle = (*paint)((kSampleStill + 0.5) / kSampleSteps);
     EXPECT_EQ(std::pair(middle.width, middle.height),
               std::pair(kTransitionSampleWidth, kTransitionSampleHeight))
         << name;
@@ -42,6 +45,25 @@ TEST(TransitionPainter, PaintsEveryNameOnOffer) {
     EXPECT_NEAR(meanOf((*paint)(1)), kBright, 3) << name;
   }
   EXPECT_FALSE(preparePainting("no such transition", grey(kDark), grey(kBright)));
+}
+
+// Of each effect: it makes something else of a picture with edges, shades and colours, unless it begins at
+// level 0.
+TEST(EffectPainter, PaintsEveryEffectOnOffer) {
+  auto picture = plainPicture(kEffectSampleWidth, kEffectSampleHeight, 90, 40, 160);
+  for (std::size_t i = 0; i < picture.bgr.size(); ++i) {
+    const auto column = i / 3 % kEffectSampleWidth;
+    if (column / 16 % 2 == 0) picture.bgr[i] = static_cast<std::uint8_t>(column * 2);
+  }
+  const EffectsTable effects;
+  for (int number = 1; number <= 42; ++number) {
+    const auto paint = prepareEffect(std::to_string(number), effects);
+    ASSERT_TRUE(paint) << number << ": " << paint.error().text;
+    const auto* slot = effects.slot(number - 8);
+    const bool shows = slot == nullptr || slot->Transparency != "0";
+    EXPECT_EQ((*paint)(picture, 0.5).bgr != bytesOf(pictureOf(picture)).bgr, shows) << number;
+  }
+  for (const auto* none : {"0", "47", "Mirror"}) EXPECT_FALSE(prepareEffect(none, effects)) << none;
 }
 
 // Every file is grey, by the length of its name.
@@ -59,11 +81,11 @@ class SamplesBench {
  public:
   GreyFiles files;
   Collection collection;
-  EngineTransitionSamples samples{collection, files, [this] {
-                                    const std::lock_guard lock(mutex_);
-                                    ++come_;
-                                    heard_.notify_all();
-                                  }};
+  EngineSamples samples{transitionArt(collection), files, [this] {
+                          const std::lock_guard lock(mutex_);
+                          ++come_;
+                          heard_.notify_all();
+                        }};
 
   void add(const std::string& name) {
     auto& clip = collection.MovieList.add({});
@@ -72,7 +94,7 @@ class SamplesBench {
     clip.LoopEnd(Value(5));
   }
 
-  TransitionSamples::Picture wait(std::string_view name, int step = kTransitionSampleStill) {
+  MovingSamples::Picture wait(std::string_view name, int step = kSampleStill) {
     std::unique_lock lock(mutex_);
     const int before = come_;
     if (auto there = samples.picture(name, step)) return there;
@@ -87,7 +109,7 @@ class SamplesBench {
   int come_ = 0;
 };
 
-TEST(TransitionSamples, LeadFromTheClipBeforeIntoTheOneInHand) {
+TEST(MovingSamples, LeadFromTheClipBeforeIntoTheOneInHand) {
   SamplesBench b;
   ASSERT_NE(b.wait("Wipe Hard"), nullptr) << "plain";
   const int before = b.samples.revision();
@@ -95,7 +117,7 @@ TEST(TransitionSamples, LeadFromTheClipBeforeIntoTheOneInHand) {
   b.add("song.mp3");
   b.add("longer.avi");
   b.collection.icurMov = 3;
-  const auto first = b.wait("Wipe Hard", 0), last = b.wait("Wipe Hard", kTransitionSampleSteps - 1);
+  const auto first = b.wait("Wipe Hard", 0), last = b.wait("Wipe Hard", kSampleSteps - 1);
   EXPECT_GT(b.samples.revision(), before);
   ASSERT_TRUE(first != nullptr && last != nullptr);
   EXPECT_NEAR(meanOf(*first), 80, 5) << "/v/a.avi";
@@ -103,7 +125,35 @@ TEST(TransitionSamples, LeadFromTheClipBeforeIntoTheOneInHand) {
   EXPECT_EQ(b.samples.picture("Wipe Hard", 0), first) << "the same clips: it is kept";
 }
 
-TEST(TransitionSamples, AFileThatIsGoneIsAPlainColour) {
+TEST(MovingSamples, AnEffectIsSeenOnAStretchOfTheClipInHand) {
+  Collection collection;
+  const auto add = [&](const char* name, double from, double to) -> Movie& {
+    auto& clip = collection.MovieList.add({});
+    clip.MovieName(name);
+    clip.LoopStart(Value(from));
+    clip.LoopEnd(Value(to));
+    return clip;
+  };
+  add("a.avi", 0, 20);
+  add("b.avi", 5, 6);
+  add("c.jpg", 0, 7).IsStill(true);
+  add("d.mp3", 0, 7);
+  const EffectsTable effects;
+  const auto art = effectArt(collection, effects);
+  for (const auto& [clip, places, first, last] : {std::tuple{1, 12U, 1.0, 1.0 + 2.0 * 11 / 12},
+                                                  {2, 12U, 5.5, 5.5 + 0.5 * 11 / 12},
+                                                  {3, 1U, 0.0, 0.0}}) {
+    collection.icurMov = clip;
+    const auto seen = art.places();
+    ASSERT_EQ(seen.size(), places) << clip;
+    EXPECT_NEAR(seen.front().seconds, first, 1e-9) << clip;
+    EXPECT_NEAR(seen.back().seconds, last, 1e-9) << clip;
+  }
+  collection.icurMov = 4;
+  EXPECT_EQ(art.places(), SamplePlaces(1)) << "sound has no picture";
+}
+
+TEST(MovingSamples, AFileThatIsGoneIsAPlainColour) {
   SamplesBench b;
   b.add("gone.avi");
   b.collection.icurMov = 1;

@@ -1,0 +1,31 @@
+#include "app/known_files.h"
+
+#include "base/paths.h"
+
+namespace kvo {
+namespace {
+
+constexpr std::uint64_t kMostKeptBytes = 64ULL << 20U;
+constexpr std::string_view kFoundOutBy = "KVO5 " KVO_VERSION;  // another version may tell more
+
+std::string keptIn(const std::string& cacheFolder) { return withSeparator(cacheFolder) + "known-files"; }
+
+}  // namespace
+
+void rememberFiles(MediaFrameSource& streams, const Files& files, const std::string& cacheFolder) {
+  if (cacheFolder.empty()) return;
+  if (const auto text = files.read(keptIn(cacheFolder), kMostKeptBytes)) streams.remember(*text, kFoundOutBy);
+}
+
+bool keepFiles(MediaFrameSource& streams, Files& files, const std::string& cacheFolder) {
+  return !cacheFolder.empty() && files.makeFolder(cacheFolder) &&
+         writeDurably(files, keptIn(cacheFolder), streams.known(kFoundOutBy));
+}
+
+LookAnswer TellingLooker::look(const std::string& path, const std::function<bool()>& stopped) {
+  auto answer = looker_.look(path, stopped);
+  if (answer.end == LookEnd::Looked && answer.look.errorText.empty()) streams_.learn(path, answer.look.facts);
+  return answer;
+}
+
+}  // namespace kvo

@@ -1,0 +1,45 @@
+#include "editor/samples/effect_painter.h"
+
+#include "base/text.h"
+#include "editor/compiler/effect_word.h"
+#include "editor/compiler/sample_documents.h"
+#include "editor/samples/sample_pictures.h"
+#include "editor/tabs/moving_samples.h"
+#include "engine/document/document_reader.h"
+#include "engine/effects/registry.h"
+
+namespace kvo {
+namespace {
+
+constexpr double kEffectLength = 4;  // seconds of the clip
+constexpr double kSeenFrom = 2;      // its end, as there is something to see of all effects
+
+}  // namespace
+
+Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& effects) {
+  Collection one;
+  auto& clip = one.MovieList.add({});
+  clip.MovieName("a.avi");
+  clip.LoopStart(Value(0));
+  clip.LoopEnd(Value(kEffectLength));
+  EffectWord word;
+  word.set(static_cast<int>(ToNumber(number)), true);
+  clip.EffectWord(word.text());
+  const auto document =
+      clipSample(one, 1, {}, effects, {kEffectSampleWidth, kEffectSampleHeight, false}).text;
+  auto timeline = engine::readDocument(document);
+  if (!timeline) return timeline.error();
+  if (timeline->video.empty() || timeline->video.front().effects.empty())
+    return Error{"There is no effect with the number " + std::string(number)};
+  std::vector<engine::DrawEffect> draws;
+  for (const auto& effect : timeline->video.front().effects)
+    draws.push_back(effect.kind->drawn.make(effect.params, kEffectSampleWidth, kEffectSampleHeight));
+  return PaintEffect([draws = std::move(draws)](const FramePicture& picture, double part) {
+    auto drawn = pictureOf(picture);
+    const engine::EffectMoment moment{kSeenFrom + part * (kEffectLength - kSeenFrom), kEffectLength};
+    for (const auto& draw : draws) drawn = draw(drawn, moment);
+    return bytesOf(drawn);
+  });
+}
+
+}  // namespace kvo

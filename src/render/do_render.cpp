@@ -1,0 +1,148 @@
+// A render of the movie or of a part of it, from the script to the end of the engine.
+#include "base/numbers.h"
+#include "render/movie_render.h"
+#include "render/render_texts.h"
+#include "vocabulary/encode_profiles.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr int kEventInterval = 5000;  // milliseconds
+constexpr int kLastInterval = 2000;   // milliseconds, near the end
+constexpr double kNearEnd = 30;       // seconds
+constexpr int kMostForEnding = 2500;  // milliseconds that an engine has for it; it is killed after 1000
+constexpr int kEndingNap = 50;        // milliseconds
+
+}  // namespace
+
+bool MovieRender::DoRender(const Job& job, const Part& part) {
+  if (state_.RenderAborted) return false;
+  RenderOrder order{.document = job.document,
+                    .output = part.OutFile,
+                    .shownAs = part.OutFile == job.working ? job.file : std::string(),
+                    .folder = ports_.editing.folder.path(),
+                    .frameRate = ports_.editing.settings.preferences().OutPutFrameRate};
+  auto& boxes = ports_.editing.boxes;
+  if (part.RangeStart + part.RangeStop != 0) {
+    if (part.RangeStop <= part.RangeStart) {
+      boxes.show(rangeErrorBox());
+      boxes.show(rangeFailedBox());
+      return false;
+    }
+    order.range = {part.RangeStart, part.RangeStop};
+  }
+  if (!takeProfile(job, order)) {
+    boxes.show(profileFailedBox());
+    return false;
+  }
+  keepFolder();
+  const bool started = Shell32Bit(order, part.MaxSeconds);
+  profile_.RestoreSysProfile();
+  return started;
+}
+
+bool MovieRender::takeProfile(const Job& job, RenderOrder& order) {
+  if (job.profile == kNoProfile) return true;
+  if (job.profile < kSystemProfiles) {
+    order.profile = job.profile;
+    return true;
+  }
+  const auto size =
+      state_.Chk_UseCodecOutputDimensions ? std::optional<OutputSize>() : std::optional(outputSize());
+  if (!profile_.CreateWM8RenderProfile(job.profile, size)) return false;
+  order.profileFile = profile_.path();
+  return true;
+}
+
+// That a movie is made is no change of the collection.
+void MovieRender::keepFolder() {
+  auto& settings = ports_.editing.settings;
+  const bool wasDirty = settings.state.IsDirty;
+  settings.change().LoadFrom = withSeparator(ports_.editing.folder.path());
+  settings.state.IsDirty = wasDirty;
+  ports_.host.UpdLastRead();
+}
+
+bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
+  auto& boxes = ports_.editing.boxes;
+  if (MaxSeconds <= 0) {
+    boxes.show(noCountdownBox());
+    return false;
+  }
+  timeLeft_ = {};
+  state_.pie = {};
+  state_.movieSeconds = 0;
+  state_.RemainingSeconds = MaxSeconds;
+  if (auto begun = driver_.start(order); !begun) {
+    boxes.show(renderFailedBox(begun.error().text));
+    return false;
+  }
+  (void)mobjSlumber_.SlumberInterval(kEventInterval).ok();
+  (void)mobjSlumber_
+      .Slumber(MaxSeconds * 1000, {.Slumber = [&] { mobjSlumber_Slumber(MaxSeconds); },
+                                   .hasEnded = [&] { return driver_.state().ended(); },
+                                   .seesSentinel = [&] { return driver_.takeSentinel(); },
+                                   .overran =
+                                       [&](int time) {
+                                         state_.pie.colour = time == 1 ? kPieGreen : kPieYellow;
+                                         ports_.host.renderChanged();
+                                       }})
+      .ok();
+  endEngine();
+  state_.pie.percent = 100;
+  ports_.host.renderChanged();
+  return true;
+}
+
+// What the engine needs to end, or all that it gets: behind this nothing of it runs.
+void MovieRender::endEngine() {
+  auto& loop = ports_.engine.loop;
+  const auto until = loop.now() + std::chrono::milliseconds(kMostForEnding);
+  while (!driver_.state().ended() && loop.now() < until) loop.wait(kEndingNap);
+  if (driver_.state().ended()) return;
+  if (state_.RenderAborted) ports_.editing.boxes.show(abortFailedBox());
+  driver_.abandon();
+}
+
+void MovieRender::mobjSlumber_Slumber(int MaxSeconds) {
+  const double elapsed = mobjSlumber_.ElapsedMilliseconds();
+  state_.pie.percent = std::min(elapsed / (MaxSeconds * 1000.0) * 100, 100.0);
+  state_.RemainingSeconds = MaxSeconds - elapsed / 1000;
+  const auto left = static_cast<int>(std::lround(std::max(state_.RemainingSeconds, 0.0)));
+  state_.RenderHours = left / 3600;
+  state_.RenderMinutes = left / 60 % 60;
+  state_.RenderSecs = left % 60;
+  if (state_.RemainingSeconds < kNearEnd) (void)mobjSlumber_.SlumberInterval(kLastInterval).ok();
+  state_.countdown = countdownText(state_.RenderHours, state_.RenderMinutes, state_.RenderSecs);
+  ports_.host.renderChanged();
+}
+
+void MovieRender::hearEngine() {
+  const auto& progress = driver_.state().progress;
+  state_.movieSeconds = progress.movie.done;
+  state_.progress = leftText(progress, timeLeft_.after(progress));
+  ports_.host.renderChanged();
+}
+
+void MovieRender::AbortRender() {
+  if (!state_.isRunning || state_.RenderAborted) return;
+  state_.RenderAborted = true;
+  driver_.stop();
+  state_.pie.colour = kPieGreen;
+  mobjSlumber_.WakeUp();
+  ports_.host.renderChanged();
+}
+
+// True, with a box, when the engine has not made what it was started for.
+bool MovieRender::tellFailure() {
+  const auto& engine = driver_.state();
+  if (engine.phase == EnginePhase::Done) return false;
+  const auto& said = engine.engineSays;
+  ports_.editing.boxes.show(renderFailedBox(said.empty() ? engine.failure : said.back()));
+  return true;
+}
+
+}  // namespace kvo

@@ -1,0 +1,253 @@
+#include "render/movie_render.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "editor/tabs/operations.h"
+#include "render/render_texts.h"
+#include "vocabulary/encode_profiles.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace kvo {
+namespace {
+
+constexpr std::uint64_t kMaxMovieDocument = 256ULL << 20U;
+constexpr int kWavProfile = 23;  // that the sound of a WAV is made by first
+constexpr double kLargeMegabytes = 600;
+constexpr double kLongSeconds = 90 * 60;
+
+std::string collectionTitle(std::string_view fileName) {
+  const auto dot = fileName.rfind('.');
+  return std::string(fileName.substr(0, dot));
+}
+
+}  // namespace
+
+MovieRender::MovieRender(const Ports& ports, RenderState& state)
+    : ports_(ports),
+      state_(state),
+      profile_({ports.editing.files, ports.locks, ports.editing.folder, ports.editing.boxes}),
+      mobjSlumber_(ports.engine.loop),
+      driver_(ports.engine, [this] { hearEngine(); }) {}
+
+std::string MovieRender::collectionName() const { return collectionTitle(ports_.editing.collection.IniName); }
+
+void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
+  if (state_.isRunning) return;
+  ports_.host.PlayerStop();
+  Job job;
+  if (!readJob(PicInPicDocumentReady, job) || !askForName(job)) return;
+  state_.isRunning = true;
+  state_.RenderAborted = false;
+  state_.notes.clear();
+  ports_.host.DisabEditControls(true);
+  const bool isShown = makeMovie(job);
+  ports_.editing.files.remove(job.working);
+  state_.isRunning = false;
+  ports_.host.DisabEditControls(false);
+  if (!isShown) restore(job);
+}
+
+bool MovieRender::readDocument(bool ready, Job& job) {
+  const auto& e = ports_.editing;
+  if (!ready) {
+    job.document = compileText(e);
+    return true;
+  }
+  auto text = e.files.read(e.folder.beside("\\KVORender.xtl"), kMaxMovieDocument);
+  if (text) {
+    job.document = std::move(*text);
+  } else {
+    e.boxes.show(renderFailedBox(text.error().text));
+  }
+  return text.ok();
+}
+
+bool MovieRender::readJob(bool ready, Job& job) {
+  const auto& e = ports_.editing;
+  if (!readDocument(ready, job)) return false;
+  auto& query = job.query;
+  query.hasVideo = !e.editor.hasNoVideo;
+  query.videoTotal = ToNumber(e.editor.VideoTotalTime);
+  query.audioTotal = ToNumber(e.editor.AudioTotalTime);
+  if (!e.clips().empty()) query.lastClipStop = e.clips()[e.clips().count()].TimeLineStop().number();
+  job.length = query.hasVideo ? query.videoTotal : query.audioTotal;
+  if (!ports_.create.Opt_RenderRangeWhole) {
+    job.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
+    job.length = job.range->second - job.range->first;
+  }
+  job.kind = state_.kind;
+  if (job.kind == OutputKind::Wmv || job.kind == OutputKind::Wma) {
+    const auto row = static_cast<std::size_t>(std::max(state_.profileRow, 0));
+    job.profile = row < state_.Lst_WMVFormats.size() ? GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) : 1;
+  } else if (!query.hasVideo) {
+    job.kind = OutputKind::Wav;
+  }
+  if (job.audioOnly()) job.profile = kWavProfile;
+  return true;
+}
+
+bool MovieRender::askForName(Job& job) {
+  const auto pattern = filterOf(job.kind);
+  const auto extension = "." + std::string(extensionOf(job.kind));
+  const auto name = ports_.dialogs.save({.title = "Create New Movie",
+                                         .filters = {{pattern, pattern}},
+                                         .folder = {},
+                                         .name = collectionName() + extension});
+  if (!name || name->empty()) return false;
+  job.file = endsInText(*name, extension) ? *name : *name + extension;
+  // In the same folder, so that it comes under the final name in one step; nobody else's name.
+  job.working = std::string(folderPart(job.file)) + ".rendering-" +
+                std::to_string(ports_.engine.processes.ownNumber()) + (job.audioOnly() ? ".WMA" : extension);
+  return true;
+}
+
+// True when the movie is being viewed, or the options are shown: nothing is to be restored then.
+bool MovieRender::makeMovie(Job& job) {
+  auto& adjust = ports_.editing.settings.adjust();
+  adjust.RenderEstimateSecs = static_cast<Integer>(boundEstimate(adjust.RenderEstimateSecs));
+  job.query.estimateSeconds = adjust.RenderEstimateSecs;
+  state_.sizeLabel.clear();
+  state_.completed.clear();
+  state_.countdown.clear();
+  show(RenderFrame::Estimate);
+  const double known = ports_.editing.settings.state.TimeLineVideoTotTime;
+  if (job.query.hasVideo && known > 0) job.query.videoTotal = known;
+  switch (CalcEstimateTimeTotRender(job)) {
+    case Estimate::Failed:
+      return false;
+    case Estimate::DiskShort:
+      show(RenderFrame::Options);
+      return true;
+    case Estimate::GoOn:
+      break;
+  }
+  return renderAll(job);
+}
+
+int MovieRender::estimateLimit() const {
+  const auto& e = ports_.editing;
+  if (!e.settings.state.RenderEffects) return 15;
+  int rich = 0;
+  for (int number = 1; number <= e.clips().count(); ++number)
+    rich += ToNumber(e.clips()[number].EffectWord()) > 0 ? 1 : 0;
+  return rich * 5 + 30;
+}
+
+// The labels are cleared and the pie is full when it comes back.
+MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
+  auto& e = ports_.editing;
+  Part part{.OutFile = job.working, .MaxSeconds = estimateLimit()};
+  if (const auto range = estimateRange(job.query)) std::tie(part.RangeStart, part.RangeStop) = *range;
+  const bool started = DoRender(job, part);
+  state_.countdown.clear();
+  state_.progress.clear();
+  state_.pie = {100, kPieGreen};
+  ports_.host.renderChanged();
+  if (!started || state_.RenderAborted) {
+    if (state_.RenderAborted) e.boxes.show(abortedBox());
+    return Estimate::Failed;
+  }
+  if (tellFailure()) return Estimate::Failed;
+  const auto facts = e.files.facts(job.working);
+  const double total = job.length > 0 ? job.length : job.query.audioTotal;
+  const auto result = projected(job.query, driver_.state().progress.elapsed,
+                                facts ? static_cast<double>(facts->size) : 0, total);
+  e.files.remove(job.working);
+  state_.RenderSeconds = renderSecondsOf(result, total);
+  state_.sizeLabel = estimatedSizeText(result.megabytes);
+  ports_.host.renderChanged();
+  if (isDiskShort(result.megabytes, ports_.freeMegabytes(job.file))) {
+    e.boxes.show(diskShortBox(result.megabytes));
+    return Estimate::DiskShort;
+  }
+  return warn(result.megabytes) ? Estimate::GoOn : Estimate::Failed;
+}
+
+bool MovieRender::confirmed(const StyledBox& box, bool& neverAgain) {
+  const auto said = ports_.editing.boxes.showStyled(box);
+  const bool isYes = said.answer == Answer::Yes || said.answer == Answer::Ok;
+  // Whoever says no wants to be asked again.
+  neverAgain = said.neverAgain && isYes;
+  return isYes;
+}
+
+bool MovieRender::warn(double megabytes) {
+  const auto& preferences = ports_.editing.settings.preferences();
+  if (!preferences.OutputWarningsOn) return true;
+  bool neverAgain = false;
+  if (megabytes > kLargeMegabytes && !preferences.RenderDiskWarning) {
+    if (!confirmed(diskSpaceWarning(megabytes), neverAgain)) return false;
+    if (neverAgain) ports_.editing.settings.adjust().RenderDiskWarning = true;
+  }
+  if (state_.RenderSeconds > kLongSeconds && !preferences.RenderTimeWarning) {
+    if (!confirmed(renderTimeWarning(state_.RenderSeconds), neverAgain)) return false;
+    if (neverAgain) ports_.editing.settings.adjust().RenderTimeWarning = true;
+  }
+  return true;
+}
+
+bool MovieRender::renderAll(const Job& job) {
+  const auto& e = ports_.editing;
+  state_.summary = renderSummary(job.kind, job.length, profileText(job.profile));
+  state_.caption = creatingCaption(job.file, collectionName());
+  show(RenderFrame::Rendering);
+  ports_.host.ImagesOff();
+  const auto begun = ports_.engine.loop.now();
+  Part part{.OutFile = job.audioOnly() ? job.working : job.file,
+            .MaxSeconds = countdownSeconds(state_.RenderSeconds)};
+  if (job.range) std::tie(part.RangeStart, part.RangeStop) = *job.range;
+  bool isMade = DoRender(job, part);
+  state_.caption = editorCaption(collectionName());
+  // What was done when the abort came is a movie all the same.
+  if (state_.RenderAborted && (!isMade || driver_.state().phase != EnginePhase::Done)) {
+    e.boxes.show(abortedBox());
+    return false;
+  }
+  if (isMade) isMade = !tellFailure();
+  if (isMade && job.audioOnly()) {
+    const auto written = ports_.host.StripWavFromCurrentVideo(job.working, job.file);
+    if (!written) e.boxes.show(renderFailedBox(written.error().text));
+    isMade = written.ok();
+  }
+  if (!isMade) return false;
+  report(job, std::chrono::duration<double>(ports_.engine.loop.now() - begun).count());
+  if (job.audioOnly()) return false;
+  bool views = e.settings.preferences().RenderAutoView;
+  if (!views) {
+    bool neverAgain = false;
+    views = confirmed(viewQuestion(job.file), neverAgain);
+    if (neverAgain) e.settings.adjust().RenderAutoView = true;
+  }
+  if (!views) return false;
+  show(RenderFrame::None);
+  ports_.host.Buildtabs();
+  ports_.host.AddMoviesm(job.file);
+  return true;
+}
+
+void MovieRender::report(const Job& job, double seconds) {
+  ports_.host.deleteWorkFiles();
+  const auto facts = ports_.editing.files.facts(job.file);
+  state_.completed = completedText(seconds);
+  state_.sizeLabel = outputSizeText(facts ? static_cast<double>(facts->size) : 0);
+  state_.progress.clear();
+  for (const auto& hole : driver_.state().damage) state_.notes.push_back(damageText(hole));
+  const auto& notes = driver_.state().notes;
+  state_.notes.insert(state_.notes.end(), notes.begin(), notes.end());
+  show(RenderFrame::Report);
+}
+
+void MovieRender::restore(const Job& job) {
+  ports_.host.KillPreview();
+  if (job.profile != kNoProfile && !job.audioOnly() && state_.kind != OutputKind::Wma)
+    state_.kind = OutputKind::Wmv;
+  state_.caption = editorCaption(collectionName());
+  state_.countdown.clear();
+  state_.progress.clear();
+  if (state_.frame != RenderFrame::Report) return show(RenderFrame::Options);
+  ports_.host.renderChanged();
+}
+
+}  // namespace kvo

@@ -1,0 +1,32 @@
+// The numbered profiles of Windows Media: what the engine makes of each, and what the program writes into a
+// profile file for those that the engine has no table of.
+#pragma once
+
+#include "base/frame_rate.h"
+
+#include <optional>
+
+namespace kvo {
+
+/// What a Windows Media file is like. Bit rates are targets.
+struct EncodeProfile {
+  int width = 0;  ///< pixels; 0 for sound alone, and where the movie's own size is kept
+  int height = 0;
+  FrameRate frameRate{};
+  int videoBits = 0;  ///< a second; 0 at a constant quality
+  int quality = 0;    ///< of that, 1 to 100
+  int channels = 2;
+  int sampleRate = 44100;
+  int audioBits = 0;  ///< a second
+  bool operator==(const EncodeProfile&) const = default;
+};
+
+/// Numbers below this are the engine's own, from here on a profile file is written.
+inline constexpr int kSystemProfiles = 26;
+/// The profiles from 16 to 23 are sound alone.
+constexpr bool isSoundProfile(int number) { return number >= 16 && number <= 23; }
+
+/// One of the engine's own, 0 to 25; nothing for another number.
+std::optional<EncodeProfile> systemProfile(int number);
+
+}  // namespace kvo

@@ -1,0 +1,61 @@
+#include "windows/editor/sample_motion.h"
+
+#include <QImage>
+#include <QTimerEvent>
+
+namespace kvo {
+namespace {
+
+constexpr int kStepTime = 120;                  // milliseconds
+constexpr int kRounds = 5;                      // until they come to rest under a pointer that rests
+constexpr std::size_t kMostScaled = 74UL * 12;  // 9 KB each
+
+}  // namespace
+
+void SampleMotion::stir() {
+  left_ = kRounds * kSampleSteps;
+  if (moving_.isActive()) return;
+  step_ = kSampleStill;
+  moving_.start(kStepTime, this);
+}
+
+void SampleMotion::rest() {
+  if (!moving_.isActive()) return;
+  moving_.stop();
+  moved_();
+}
+
+void SampleMotion::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == moving_.timerId()) tick();
+}
+
+void SampleMotion::tick() {
+  if (--left_ <= 0) return rest();
+  step_ = (step_ + 1) % kSampleSteps;
+  moved_();
+}
+
+const QPixmap& SamplePixmaps::of(const std::string& name, int step, const QSize& size, double pixelRatio) {
+  const auto wanted = size * pixelRatio;
+  if (wanted != size_ || pixelRatio != ratio_ || scaled_.size() > kMostScaled) scaled_.clear();
+  size_ = wanted;
+  ratio_ = pixelRatio;
+  auto picture = samples_.picture(name, step);
+  if (picture == nullptr && step != kSampleStill) {
+    step = kSampleStill;
+    picture = samples_.picture(name, step);
+  }
+  auto& scaled = scaled_[{name, step}];
+  if (scaled.picture == picture) return scaled.pixmap;
+  scaled = {picture, {}};
+  if (picture != nullptr) {
+    const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{picture->width} * 3,
+                       QImage::Format_BGR888);
+    scaled.pixmap = QPixmap::fromImage(image.scaled(size_, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                                           .convertToFormat(QImage::Format_RGB32));
+    scaled.pixmap.setDevicePixelRatio(pixelRatio);
+  }
+  return scaled.pixmap;
+}
+
+}  // namespace kvo

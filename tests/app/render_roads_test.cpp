@@ -1,0 +1,187 @@
+// Movies made from the window's side with the real engine, each kind by its road, and taken apart again.
+#include "adapters/posix/poll_loop.h"
+#include "app/session.h"
+#include "media/strip_wav.h"
+#include "render/movie_render.h"
+#include "support/real_world.h"
+#include "support/scripted_boxes.h"
+#include "support/scripted_dialogs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::ScratchFolder;
+
+// A host that has nothing to draw on.
+class PlainHost : public RenderHost {
+ public:
+  explicit PlainHost(Files& files) : files_(files) {}
+  std::function<void()> onChange = [] {};
+  std::vector<std::string> added;
+
+  void PlayerStop() override {}
+  void ImagesOff() override {}
+  void UpdLastRead() override {}
+  void AddMoviesm(const std::string& path) override { added.push_back(path); }
+  void DisabEditControls(bool /*disabled*/) override {}
+  void ApplyStillSettings() override {}
+  void KillPreview() override {}
+  void Buildtabs() override {}
+  void deleteWorkFiles() override {}
+  Outcome StripWavFromCurrentVideo(const std::string& source, const std::string& wav) override {
+    return media::stripWav(files_, source, wav, [] { return true; });
+  }
+  void renderChanged() override { onChange(); }
+
+ private:
+  Files& files_;
+};
+
+// Three seconds of counted pictures; a beep after the first.
+class RenderRoads : public testing::Test {
+ protected:
+  RenderRoads()
+      : video_(test::makeCountingVideo(work_, "count.avi", "25", 75)),
+        sound_(test::makeMedia(work_, "beep.wav",
+                               {"-f", "lavfi", "-i", "sine=1000:duration=3", "-af",
+                                "volume=0:enable='lt(t,1)'", "-ar", "44100", "-ac", "2"})) {
+    std::filesystem::create_directories(home_.path());
+    EXPECT_TRUE(prepareProgramFolder(session_.files, session_.folder, KVO_SHIPPED));
+    boxes_.styledAnswer = {Answer::No, false};
+  }
+
+  void add(const std::string& file, bool hasPicture) {
+    const std::filesystem::path path(file);
+    auto& clip = session_.collection.MovieList.add({});
+    clip.MovieName(path.filename().string());
+    clip.Path(path.parent_path().string() + "/");
+    clip.LoopStart(Value(0.0));
+    clip.LoopEnd(Value(3.0));
+    clip.AudioOutputLevel(1);
+    clip.RenderAudio(true);
+    clip.Resolution(hasPicture ? "64 x 48" : "44.1 Khz");
+    clip.TransType("CUT");
+  }
+
+  // Makes the movie and gives its path, with what the boxes said where there is none.
+  std::string made(OutputKind kind, int profile, bool usesCodecSize = true) {
+    const auto file = out_ / ("movie" + std::to_string(profile));
+    dialogs_.answers = {file};
+    session_.editor.controls.txtWidth = 128;
+    session_.editor.controls.txtHeight = 96;
+    session_.settings.adjust().RenderWidth = 128;
+    session_.settings.adjust().RenderHeight = 96;
+    render_.Rendertofile();
+    render_.chooseKind(kind);
+    render_.tickCodecDimensions(usesCodecSize);
+    const auto& rows = state_.Lst_WMVFormats;
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const auto& text) { return GetWMVRenderProfileInt(text) == profile; });
+    if (row != rows.end()) render_.chooseProfile(static_cast<int>(row - rows.begin()));
+    render_.WriteRenderMovie();
+    for (const auto& box : boxes_.shown) ADD_FAILURE() << box.caption << ": " << box.text;
+    constexpr const char* kNames[] = {".WMV", ".WMA", ".AVI", ".WAV"};
+    return file + kNames[static_cast<int>(kind)];
+  }
+
+  // Seconds to the first sound.
+  static double beginOf(const std::string& path) {
+    const auto samples = test::samplesOf(path);
+    const auto first =
+        std::find_if(samples.begin(), samples.end(), [](float s) { return std::fabs(s) > 0.02; });
+    return static_cast<double>(first - samples.begin()) / 44100;
+  }
+
+  ScratchFolder work_;
+  ScratchFolder out_;
+  ScratchFolder home_;
+  test::ScriptedBoxes boxes_;
+  test::ScriptedDialogs dialogs_;
+  PollLoop loop_;
+  Session session_{ProgramFolder(home_.path()), boxes_};
+  CreateTab create_;
+  RenderState state_;
+  PlainHost host_{session_.files};
+  MovieRender render_{
+      {session_.editing,
+       create_,
+       dialogs_,
+       session_.nameLocks,
+       {session_.files, session_.temporaryFolders, session_.processes, loop_, KVO_PROGRAMS "/KVORender"},
+       [](const std::string&) { return 1e6; },
+       host_},
+      state_};
+  std::string video_;
+  std::string sound_;
+};
+
+TEST_F(RenderRoads, EachKindIsWhatWasChosen) {
+  add(video_, true);
+  add(sound_, false);
+  struct Row {
+    OutputKind kind;
+    int profile;
+    bool usesCodecSize;
+    std::string picture;  // codec, size, rate
+    std::string sound;    // codec, rate, channels
+  };
+  for (const auto& row : {Row{OutputKind::Avi, kNoProfile, true, "rawvideo,128,96,25/1", "pcm_s16le,44100,2"},
+                          Row{OutputKind::Wmv, 9, true, "wmv2,320,240,30/1", "wmav2,32000,2"},
+                          Row{OutputKind::Wmv, 27, true, "wmv2,176,144,15/1", "wmav2,11025,1"},
+                          Row{OutputKind::Wmv, 36, false, "wmv2,128,96,30/1", "wmav2,44100,2"},
+                          Row{OutputKind::Wma, 17, true, "", "wmav2,22050,1"},
+                          Row{OutputKind::Wav, 0, true, "", "pcm_s16le,44100,2"}}) {
+    const auto path = made(row.kind, row.profile, row.usesCodecSize);
+    const auto what = std::to_string(row.profile);
+    const auto told = [&](const char* stream, const char* entries) {
+      return test::runProgram({"ffprobe", "-v", "error", "-select_streams", stream, "-show_entries", entries,
+                               "-of", "csv=p=0", path})
+          .out;
+    };
+    EXPECT_EQ(told("v", "stream=codec_name,width,height,r_frame_rate"),
+              row.picture.empty() ? "" : row.picture + "\n");
+    EXPECT_EQ(told("a", "stream=codec_name,sample_rate,channels"), row.sound + "\n") << what;
+    const auto decoded = test::runProgram({"ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"});
+    EXPECT_EQ(decoded.err, "") << what;
+    EXPECT_NEAR(std::atof(test::probed(path, "format=duration").c_str()), 3, 0.07) << what;
+    EXPECT_NEAR(beginOf(path), beginOf(sound_), 0.010) << what;
+    EXPECT_EQ(state_.frame, RenderFrame::Report) << what;
+  }
+  EXPECT_EQ(out_.names().size(), 6U) << "and nothing beside them";
+}
+
+TEST_F(RenderRoads, AnAbortLeavesNothing) {
+  add(video_, true);
+  session_.settings.adjust().RenderEstimateSecs = 2;
+  bool aborted = false;
+  host_.onChange = [&] {
+    if (state_.frame != RenderFrame::Rendering || state_.movieSeconds <= 0 || aborted) return;
+    aborted = true;
+    render_.AbortRender();
+  };
+  add(video_, true);
+  const auto file = out_ / "movie.WMV";
+  ASSERT_TRUE(writeDurably(session_.files, file, "old"));
+  dialogs_.answers = {file};
+  session_.editor.controls.txtWidth = 1280;
+  session_.editor.controls.txtHeight = 720;
+  render_.Rendertofile();
+  render_.chooseKind(OutputKind::Wmv);
+  render_.tickCodecDimensions(false);
+  render_.WriteRenderMovie();
+  ASSERT_TRUE(aborted);
+  EXPECT_EQ(boxes_.shown.at(0).text, "Render Aborted !");
+  EXPECT_EQ(session_.files.read(file, 10).value(), "old");
+  EXPECT_EQ(out_.names(), std::vector<std::string>{"movie.WMV"});
+  EXPECT_EQ(session_.files.read(home_ / "wmsysprx.prx", 1000)->size(), 30U);
+}
+
+}  // namespace
+}  // namespace kvo

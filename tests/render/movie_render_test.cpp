@@ -1,0 +1,332 @@
+#include "render/render_texts.h"
+#include "support/render_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::EngineTurn;
+using test::RenderBench;
+
+std::string captionsOf(const test::ScriptedBoxes& boxes) {
+  std::string all;
+  for (const auto& box : boxes.shown) all += box.caption + "|";
+  for (const auto& box : boxes.styled) all += box.caption + "|";
+  return all;
+}
+
+TEST(Slumber, PacesItsEventsAndWakesAtOnce) {
+  test::VirtualLoop loop;
+  clsSlumber slumber(loop);
+  EXPECT_EQ(slumber.SlumberInterval(0).error().text, "SlumberInterval must be greater than 0!");
+  EXPECT_EQ(slumber.Slumber(0, {}).error().text, "Parameter MilliSeconds must be greater than 0!");
+  std::string seen;
+  const auto at = [&] { return std::to_string(loop.now().count()) + " "; };
+  ASSERT_TRUE(slumber.SlumberInterval(5000));
+  // Two periods of five minutes, of which the second is halved; the sentinel is looked for each fourth round.
+  ASSERT_TRUE(slumber.Slumber(
+      300000, {.Slumber = [] {},
+               .hasEnded = [] { return false; },
+               .seesSentinel =
+                   [&] {
+                     if (loop.now().count() % 100000 == 0) seen += at();
+                     return loop.now().count() >= 600000;
+                   },
+               .overran = [&](int time) { seen += "over" + std::to_string(time) + ":" + at(); }}));
+  EXPECT_EQ(seen, "100000 200000 300000 over1:300000 400000 over2:450000 500000 600000 ");
+  const auto ends = loop.now().count() + 7230;
+  int events = 0;
+  ASSERT_TRUE(slumber.Slumber(
+      300000, {.Slumber = [&] { ++events; }, .hasEnded = [&] { return loop.now().count() >= ends; }}));
+  EXPECT_NEAR(static_cast<double>(loop.now().count() - ends), 0, 50);
+  EXPECT_EQ(events, 2);
+  ASSERT_TRUE(slumber.Slumber(60000, {.Slumber = [&] { slumber.WakeUp(); }}));
+  EXPECT_EQ(slumber.ElapsedMilliseconds(), 5000);
+}
+
+TEST(RenderEstimate, KeepsItsBounds) {
+  for (const auto& [given, held] : {std::pair{1, 5}, {2, 2}, {0, 5}, {-3, 5}, {1024, 1024}, {2000, 10}})
+    EXPECT_EQ(boundEstimate(given), held) << given;
+  struct Row {
+    EstimateQuery query;
+    double slice, from, to;  // from -1: the whole movie
+  };
+  for (const auto& row : {Row{{true, 100, 0, 100, 5}, 5, 25, 30}, Row{{true, 8, 0, 8, 5}, 2, 2, 7},
+                          Row{{true, 0, 0, 9, 5}, 5, 0, 5}, Row{{true, 4, 0, 4, 5}, 1, -1, 0},
+                          Row{{false, 0, 200, 200, 10}, 25, 50, 60}}) {
+    EXPECT_EQ(estimateSlice(row.query), row.slice);
+    const auto range = estimateRange(row.query);
+    EXPECT_EQ(range.value_or(std::pair{-1.0, 0.0}), (std::pair{row.from, row.to}));
+  }
+  const EstimateQuery movie{true, 100, 0, 100, 5};
+  EXPECT_DOUBLE_EQ(projected(movie, 2, 5 * 1024 * 1024, 100).megabytes, 100);
+  EXPECT_EQ(projected(movie, 2, 0, 100).megabytes, 1);
+  EXPECT_EQ(projected({true, 0.3, 0, 0.3, 5}, 2, 9, 0.3).estimateSeconds, 1) << "nothing is divided by 0";
+  EXPECT_EQ(projected({false, 0, 90, 90, 5}, 40, 9, 90).seconds, 4);
+  EXPECT_EQ(projected({false, 0, 90, 90, 5}, 30, 9, 90).seconds, 30);
+  EXPECT_DOUBLE_EQ(renderSecondsOf({2, 1, 5}, 100), 0.4 * 100 * 1.6);
+  EXPECT_DOUBLE_EQ(renderSecondsOf({0, 1, 5}, 100), 160) << "a rate of 0 is 1";
+  EXPECT_EQ(countdownSeconds(64), 32);
+  EXPECT_EQ(countdownSeconds(0.4), 1);
+  EXPECT_EQ(countdownSeconds(0), 0);
+  EXPECT_TRUE(isDiskShort(91, 100));
+  EXPECT_FALSE(isDiskShort(90, 100));
+}
+
+TEST(RenderTexts, AreAsTold) {
+  for (const auto& [text, wanted] : {
+           std::pair{completedText(12.4), "Completed in 12.40 (s)"},
+           {completedText(59.996), "Completed in 60.00 (s)"},
+           {completedText(125.9), "Completed in 2 mins 5 (s)"},
+           {countdownText(1, 2, 3), "About 01.02.03(s) Remaining"},
+           {estimatedSizeText(3.2), "Estimated output file size = 3.20 Mb"},
+           {outputSizeText(1536 * 1024), "Output file size = 1.50 Mb"},
+           {diskSpaceWarning(1000).message, "This render will create a movie about 1000. Mb in size.\r\n"},
+           {diskSpaceWarning(1536).message, "This render will create a movie about 1.50 Gb in size.\r\n"},
+           {renderTimeWarning(5432).message, "This render may take longer than 90.53 mins.\r\n"},
+           {renderSummary(OutputKind::Wmv, 125, "P"), "Encoding 2 mins 5 secs of video to 'P'"},
+           {renderSummary(OutputKind::Wma, 12, "P"), "Encoding 12 secs of audio to 'P'"},
+           {renderSummary(OutputKind::Avi, 59, ""), "Writing 59 secs of uncompressed video."},
+           {renderSummary(OutputKind::Wav, 59, ""), "Writing 59 secs of '44.1Khz Stereo PCM' Audio only."},
+           {renderSummary(OutputKind::Wav, 65, ""),
+            "Writing 1 mins - 05 of '44.1Khz Stereo PCM' Audio only."},
+       }) {
+    EXPECT_EQ(text, wanted);
+  }
+  EXPECT_EQ(diskShortBox(12.5).text,
+            "There is not enough disk space to create your movie.\r\nKVO requires at least 12.5 MB of disk "
+            "space to "
+            "create this movie.\r\nReduce the output resolution or Free up some space and try again.");
+}
+
+TEST(MovieRender, GoesFromTheOptionsToTheReport) {
+  RenderBench b;
+  b.choose(OutputKind::Wmv, 9);
+  EXPECT_EQ(b.state.frame, RenderFrame::Options);
+  b.engine.turns = {{.seconds = 20, .bytes = 1 << 20}, {.seconds = 45, .bytes = 3 << 20}};
+  b.boxes.styledAnswer = {Answer::Yes, false};
+  b.settings.state.IsDirty = false;
+  std::string headings;
+  std::string countdowns;
+  b.host.onChange = [&] {
+    if (headings.rfind(b.state.heading) == std::string::npos) headings += b.state.heading + "|";
+    if (b.state.frame == RenderFrame::Rendering && !b.state.countdown.empty() &&
+        countdowns.rfind(b.state.countdown) == std::string::npos)
+      countdowns += b.state.countdown.substr(6, 8) + " ";
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(b.engine.calls.size(), 2U);
+  EXPECT_EQ(b.engine.calls[0],
+            "'/bin/KVORender' '/[3.00-8.00]' '/P' '9' '/S' '77' '/W' '/out/.rendering-77.WMV' "
+            "'/prog/KVORender.xtl'");
+  EXPECT_EQ(b.engine.calls[1],
+            "'/bin/KVORender' '/P' '9' '/S' '77' '/W' '/out/my film.wmv' '/prog/KVORender.xtl'");
+  // 20 s for 5 s of 12, with its margin 76.8 s; half of that is counted down.
+  EXPECT_DOUBLE_EQ(b.state.RenderSeconds, 76.8);
+  EXPECT_TRUE(countdowns.starts_with("00.00.33 00.00.28 00.00.26 00.00.24 ")) << countdowns;
+  EXPECT_EQ(headings, "Pre-Render - Phase 1|Rendering - Phase 2|");
+  EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep tabs add:/out/my film.wmv controls+");
+  EXPECT_EQ(b.state.completed, "Completed in 45.00 (s)");
+  EXPECT_EQ(b.state.sizeLabel, "Output file size = 3.00 Mb");
+  EXPECT_EQ(b.state.caption, "   Create New Movie from Holiday Collection");
+  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Successfully Created|");
+  EXPECT_EQ(b.dialogs.asked.at(0).name, "Holiday.WMV");
+  EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV"));
+  EXPECT_FALSE(b.settings.state.IsDirty) << "a movie is no change of the collection";
+  EXPECT_FALSE(b.state.isRunning);
+}
+
+TEST(MovieRender, ShowsTheReportWhenNobodyWantsToView) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.dialogs.answers = {"/out/film"};
+  b.boxes.styledAnswer = {Answer::No, true};
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(b.state.frame, RenderFrame::Report);
+  EXPECT_TRUE(b.files.all.contains("/out/film.AVI"));
+  EXPECT_FALSE(b.settings.preferences().RenderAutoView) << "who says no is asked again";
+  EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep controls+ kill");
+  EXPECT_TRUE(test::holds(b.engine.calls[1], "'/bin/KVORender' '/S'")) << "no profile";
+  b.choose(OutputKind::Avi);
+  b.dialogs.answers = {std::nullopt};
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(b.host.notes, "stop") << "Cancel";
+}
+
+TEST(MovieRender, WarnsOfLargeAndLongMovies) {
+  struct Row {
+    double seconds;     // that five of the movie take
+    std::size_t bytes;  // of them
+    bool on, diskOff, timeOff;
+    bool goesOn;  // the answer
+    std::string captions;
+    std::size_t renders;
+  };
+  const std::string disk = "KVO - Disk space warning|";
+  const std::string time = "KVO - Render Time warning|";
+  // 600 s of movie: 5 Mb for five of them are 600, and 28.125 s of work are 90 minutes.
+  for (const auto& row :
+       {Row{1, 5U << 20U, true, false, false, true, "", 2},
+        Row{1, 6U << 20U, true, false, false, true, disk, 2},
+        Row{1, 6U << 20U, true, false, false, false, disk, 1},
+        Row{1, 6U << 20U, true, true, false, false, "", 2},
+        Row{1, 6U << 20U, false, false, false, false, "", 2}, Row{28.1, 1, true, false, false, false, "", 2},
+        Row{28.2, 1, true, false, false, false, time, 1}, Row{28.2, 1, true, false, true, false, "", 2}}) {
+    RenderBench b;
+    b.addVideo("long.avi", 0, 588);
+    b.choose(OutputKind::Avi);
+    auto& adjust = b.settings.adjust();
+    adjust.OutputWarningsOn = row.on;
+    adjust.RenderDiskWarning = row.diskOff;
+    adjust.RenderTimeWarning = row.timeOff;
+    adjust.RenderAutoView = true;
+    b.engine.turns = {{.seconds = row.seconds, .bytes = row.bytes}};
+    b.boxes.styledAnswer = {row.goesOn ? Answer::Yes : Answer::No, true};
+    b.render.WriteRenderMovie();
+    EXPECT_EQ(captionsOf(b.boxes), row.captions) << row.seconds << " " << row.bytes;
+    EXPECT_EQ(b.engine.calls.size(), row.renders) << row.seconds << " " << row.bytes;
+    EXPECT_EQ(b.settings.preferences().RenderDiskWarning,
+              row.diskOff || (row.captions == disk && row.goesOn));
+  }
+}
+
+TEST(MovieRender, TellsWhatStandsInItsWay) {
+  struct Row {
+    const char* what;
+    std::function<void(RenderBench&)> prepare;
+    std::string captions;
+    std::size_t renders;
+  };
+  const auto range = [](double from, double too) {
+    return [=](RenderBench& b) {
+      b.create.Opt_RenderRangeWhole = false;
+      b.create.Txt_From = from;
+      b.create.Txt_Too = too;
+    };
+  };
+  const std::string failed = "KVO - Failed to Render Movie|";
+  for (const auto& row :
+       {Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, "KVO - Not enough Disk Space Warning|", 1},
+        Row{"no range", range(2, 2),
+            "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
+        Row{"no profile file", [](auto& b) { b.files.all.erase("/prog/wmsysprx.prx"); },
+            "KVO - Write WM8 Movie|" + failed, 0},
+        Row{"the engine fails",
+            [](auto& b) {
+              b.engine.turns = {{}, {.exitCode = 1, .says = "/out/my film.wmv: No space"}};
+            },
+            failed, 2},
+        Row{"the first part fails", [](auto& b) { b.engine.turns = {{.exitCode = 139}}; }, failed, 1}}) {
+    RenderBench b;
+    b.choose(OutputKind::Wmv, 38);
+    row.prepare(b);
+    b.files.all["/out/my film.wmv"] = "old";
+    b.render.WriteRenderMovie();
+    EXPECT_EQ(captionsOf(b.boxes), row.captions) << row.what;
+    EXPECT_EQ(b.engine.calls.size(), row.renders) << row.what;
+    EXPECT_EQ(b.files.all["/out/my film.wmv"], "old") << row.what;
+    EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV")) << row.what;
+    EXPECT_FALSE(b.files.all.contains("/prog/wmsysprx.prx.old")) << row.what;
+    EXPECT_EQ(b.state.frame, RenderFrame::Options) << row.what;
+    EXPECT_TRUE(b.host.notes.find("controls+") != std::string::npos && !b.state.isRunning) << row.what;
+    EXPECT_EQ(b.engine.running, 0) << row.what;
+  }
+  RenderBench empty;
+  empty.collection.MovieList.clear();
+  empty.render.Rendertofile();
+  EXPECT_EQ(captionsOf(empty.boxes), "KVO - No Movies in Collection|");
+}
+
+TEST(MovieRender, PutsItsProfileInForceForTheEngineAlone) {
+  RenderBench b;
+  b.choose(OutputKind::Wmv, 30);
+  b.render.tickCodecDimensions(false);
+  b.settings.adjust().RenderAutoView = true;
+  std::string during;
+  b.host.onChange = [&] {
+    during += b.engine.running > 0 ? b.files.all["/prog/wmsysprx.prx"].substr(0, 3) : "";
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_TRUE(b.engine.calls[0].starts_with("KVO5_PROFILE='/prog/wmsysprx.prx' '/bin/KVORender' '/["));
+  EXPECT_FALSE(test::holds(b.engine.calls[1], "/P'"));
+  EXPECT_TRUE(during.starts_with(std::string("<\0P", 3)));
+  EXPECT_EQ(b.files.all["/prog/wmsysprx.prx"], "system");
+}
+
+TEST(MovieRender, CanBeAbortedAtAnyTime) {
+  for (const auto frame : {RenderFrame::Estimate, RenderFrame::Rendering}) {
+    for (const bool heedsStop : {true, false}) {
+      RenderBench b;
+      b.choose(OutputKind::Wmv, 9);
+      b.files.all["/out/my film.wmv"] = "old";
+      const EngineTurn turn{.seconds = 30, .heedsStop = heedsStop};
+      b.engine.turns = {turn, turn};
+      b.host.onChange = [&] {
+        if (b.state.frame == frame && b.engine.running > 0 && b.loop.now().count() % 30000 > 7000)
+          b.render.AbortRender();
+      };
+      b.render.WriteRenderMovie();
+      EXPECT_EQ(captionsOf(b.boxes), std::string(heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
+                                         "KVO - Movie Render aborted|");
+      EXPECT_EQ(b.engine.running, 0);
+      EXPECT_EQ(b.files.all["/out/my film.wmv"], "old");
+      EXPECT_EQ(b.state.frame, RenderFrame::Options);
+      EXPECT_EQ(b.state.heading, "");
+      EXPECT_LT(b.loop.now().count() % 30000, 13500) << "the end is heard at once";
+    }
+  }
+}
+
+TEST(MovieRender, AnAbortAheadOfTheEngineCounts) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.host.onChange = [&] {
+    if (b.state.frame == RenderFrame::Rendering) b.render.AbortRender();
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(b.engine.calls.size(), 1U);
+  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
+}
+
+TEST(MovieRender, GoesOnBeyondItsCountdownWithAnotherPie) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.settings.adjust().RenderAutoView = true;
+  b.engine.turns = {{.seconds = 10}, {.seconds = 100}};  // 19 s are counted down
+  std::vector<int> colours;
+  b.host.onChange = [&] {
+    if (b.state.frame != RenderFrame::Rendering || b.engine.running == 0) return;
+    if (colours.empty() || colours.back() != b.state.pie.colour) colours.push_back(b.state.pie.colour);
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(colours, (std::vector{kPieBlue, 65280, 65535}));
+  EXPECT_EQ(b.state.completed, "Completed in 1 mins 40 (s)");
+}
+
+TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
+  for (const bool fails : {false, true}) {
+    RenderBench b;
+    b.collection.MovieList.clear();
+    b.addMusic("song.mp3", 0, 60);
+    b.choose(OutputKind::Wav);
+    b.dialogs.answers = {"/out/song.wav"};
+    b.files.all["/out/song.WMA"] = "mine";
+    b.files.all["/out/song.wav"] = "old";
+    if (fails) b.host.stripFails = "cannot write /out/song.wav: No space";
+    b.render.WriteRenderMovie();
+    ASSERT_EQ(b.engine.calls.size(), 2U);
+    EXPECT_TRUE(test::holds(b.engine.calls[1], "'/P' '23' '/S' '77' '/W' '/out/.rendering-77.WMA'"));
+    EXPECT_EQ(test::holds(b.host.notes, "strip:/out/.rendering-77.WMA"), !fails);
+    EXPECT_EQ(b.files.all["/out/song.wav"], fails ? "old" : "x");
+    EXPECT_EQ(b.files.all["/out/song.WMA"], "mine");
+    EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMA"));
+    EXPECT_EQ(captionsOf(b.boxes), fails ? "KVO - Failed to Render Movie|" : "")
+        << "nobody is asked to view it";
+    EXPECT_EQ(b.state.frame, fails ? RenderFrame::Options : RenderFrame::Report);
+    EXPECT_EQ(b.collection.MovieList.count(), 1);
+  }
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,147 @@
+#include "render/output_profiles.h"
+#include "render/system_profile.h"
+#include "render/wm8_profile.h"
+#include "support/golden.h"
+#include "support/memory_files.h"
+#include "support/memory_locks.h"
+#include "support/scripted_boxes.h"
+#include "vocabulary/encode_profiles.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+TEST(OutputProfiles, RowsEndInTheirNumber) {
+  const auto sound = PopulateWMVProfileOpts(true);
+  const auto picture = PopulateWMVProfileOpts(false);
+  ASSERT_EQ(sound.size(), 8U);
+  ASSERT_EQ(picture.size(), 34U);
+  EXPECT_EQ(sound[4], "Audio for single-channel ISDN (64 Kbps stereo" + std::string(100, ' ') + "20");
+  std::string numbers;
+  for (const auto* rows : {&sound, &picture}) {
+    for (const auto& row : *rows) numbers += std::to_string(GetWMVRenderProfileInt(row)) + " ";
+  }
+  EXPECT_EQ(
+      numbers,
+      "16 17 18 19 20 21 22 23 1 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 24 25 26 27 28 29 30 31 32 33 34 35 36 "
+      "37 38 39 40 41 ")
+      << "0 reads as 1";
+  EXPECT_EQ(GetWMVRenderProfileInt(""), 1);
+}
+
+TEST(OutputProfiles, TellOfTheirSize) {
+  struct Row {
+    int number;
+    OutputSize output;
+    bool usesCodecSize;
+    const char* ends;
+    std::size_t warnings = 0;
+  };
+  for (const auto& row :
+       {Row{7, {240, 176}, false, "(64 Kbps).\r\nHxW IS maintained (240x176)"},
+        Row{25, {240, 176}, false, "PocketPC.\r\nHxW NOT maintained (208x160)"},
+        Row{35, {352, 288}, true, "playback.\r\nHxW IS maintained (352x288)"},
+        Row{38, {640, 480}, true, "constrained.\r\nHxW NOT maintained (320x240)"},
+        Row{26, {640, 480}, false, "connections.\r\nHxW maintained (480x640)"},
+        Row{40, {641, 480}, true, "High Definition 720p output ONLY", 1}, Row{20, {641, 481}, true, "", 2}}) {
+    const auto told = ShowProfileDescription(row.number, row.output, row.usesCodecSize);
+    EXPECT_TRUE(told.text.ends_with(row.ends)) << row.number << told.text;
+    EXPECT_EQ(told.warnings.size(), row.warnings) << row.number;
+  }
+  const auto odd = ShowProfileDescription(1, {641, 481}, false).warnings;
+  EXPECT_EQ(odd[0].caption, "KVO5 - Encoding warning");
+  EXPECT_TRUE(odd[0].text.starts_with("The output height dimension"));
+  EXPECT_EQ(odd[1].caption, "KVO - Encoding warning");
+  EXPECT_FALSE(GetProfileXYDimensions(39) || GetProfileXYDimensions(16) || GetProfileXYDimensions(42));
+}
+
+// The text of both kinds, at the profile's own size and at the movie's; of the others what differs.
+TEST(Wm8Profile, FilesAreWrittenToTheByte) {
+  const auto whole = wm8ProfileBytes(29, std::nullopt, "") + wm8ProfileBytes(36, OutputSize{640, 360}, "16");
+  test::expectGolden("profiles.prx", whole);
+  const auto bytes = wm8ProfileBytes(41, std::nullopt, "");
+  EXPECT_TRUE(bytes.starts_with(std::string("<\0P\0", 4)));
+  EXPECT_TRUE(bytes.ends_with(std::string(">\0\r\0\n\0\r\0\n\0\r\n\r\n", 14)));
+  EXPECT_TRUE(wm8ProfileBytes(25, std::nullopt, "").empty());
+  EXPECT_TRUE(wm8ProfileBytes(42, std::nullopt, "").empty());
+  for (int number = 0; number <= kLastProfile; ++number) {
+    EXPECT_EQ(systemProfile(number).has_value(), number < kSystemProfiles) << number;
+    EXPECT_EQ(wm8ProfileSize(number).has_value(), number >= kSystemProfiles) << number;
+    EXPECT_FALSE(profileText(number).empty()) << number;
+  }
+}
+
+struct Placed {
+  test::MemoryFiles files;
+  test::MemoryLocks locks;
+  test::ScriptedBoxes boxes;
+  ProgramFolder folder{"/prog"};
+  SystemProfile profile{{files, locks, folder, boxes}};
+
+  Placed() { files.all["/prog/wmsysprx.prx"] = "system"; }
+};
+
+TEST(SystemProfileFile, IsReplacedForTheLengthOfARender) {
+  Placed p;
+  p.files.all["/prog/wmsysprx.prx.old"] = "of a render that was killed";
+  ASSERT_TRUE(p.profile.CreateWM8RenderProfile(30, OutputSize{640, 360}));
+  EXPECT_EQ(p.files.all["/prog/wmsysprx.prx"], wm8ProfileBytes(30, OutputSize{640, 360}, ""));
+  EXPECT_EQ(p.files.all["/prog/wmsysprx.prx.old"], "of a render that was killed") << "which was the system's";
+  EXPECT_FALSE(p.profile.CreateWM8RenderProfile(31, std::nullopt)) << "one at a time";
+
+  SystemProfile another({p.files, p.locks, p.folder, p.boxes});
+  another.mend();
+  EXPECT_FALSE(another.CreateWM8RenderProfile(31, std::nullopt));
+  EXPECT_EQ(p.boxes.shown.size(), 1U);
+  EXPECT_EQ(p.files.all["/prog/wmsysprx.prx"], wm8ProfileBytes(30, OutputSize{640, 360}, ""));
+
+  p.profile.RestoreSysProfile();
+  EXPECT_EQ(p.files.all.size(), 1U);
+  EXPECT_EQ(p.files.all["/prog/wmsysprx.prx"], "of a render that was killed");
+  EXPECT_TRUE(p.locks.held.empty());
+  EXPECT_TRUE(another.CreateWM8RenderProfile(31, std::nullopt));
+}
+
+TEST(SystemProfileFile, TheNewerOfTwoIsUsedAndWhatFailsChangesNothing) {
+  for (int failAt = 0; failAt <= 4; ++failAt) {
+    Placed p;
+    p.files.all["/prog/wmsyspr9.prx"] = "newer";
+    p.files.failAt = failAt;
+    EXPECT_EQ(p.profile.CreateWM8RenderProfile(30, std::nullopt), failAt == 0) << failAt;
+    EXPECT_EQ(p.files.all.contains("/prog/wmsyspr9.prx.old"), failAt == 0) << failAt;
+    EXPECT_EQ(p.files.all["/prog/wmsyspr9.prx"] == "newer", failAt != 0) << failAt;
+    EXPECT_EQ(p.locks.held.empty(), failAt != 0) << failAt;
+    EXPECT_EQ(p.files.all["/prog/wmsysprx.prx"], "system");
+  }
+}
+
+TEST(SystemProfileFile, TellsWhatIsGone) {
+  Placed p;
+  p.files.all.clear();
+  EXPECT_FALSE(p.profile.CreateWM8RenderProfile(30, std::nullopt));
+  EXPECT_EQ(p.boxes.shown.at(0).text, "Failed to find WM8 System Encoding profiles");
+  EXPECT_EQ(p.boxes.shown.at(0).caption, "KVO - Write WM8 Movie");
+  for (const bool oursIsGone : {false, true}) {
+    Placed q;
+    ASSERT_TRUE(q.profile.CreateWM8RenderProfile(30, std::nullopt));
+    q.files.all.erase("/prog/wmsysprx.prx.old");
+    if (oursIsGone) q.files.all.clear();
+    q.profile.RestoreSysProfile();
+    EXPECT_EQ(q.boxes.shown.at(0).text, oursIsGone
+                                            ? "Failed to restore the WM8 System Encoding profiles"
+                                            : "Failed to restore the original WM8 System Encoding profiles");
+    EXPECT_EQ(q.boxes.shown.at(0).caption, "KVO - WM8 Restore");
+  }
+}
+
+TEST(SystemProfileFile, IsMendedWhenTheProgramStarts) {
+  Placed p;
+  p.files.all["/prog/wmsysprx.prx.old"] = "system";
+  p.files.all["/prog/wmsysprx.prx"] = "ours";
+  p.profile.mend();
+  EXPECT_EQ(p.files.all, (std::map<std::string, std::string>{{"/prog/wmsysprx.prx", "system"}}));
+}
+
+}  // namespace
+}  // namespace kvo
