@@ -5,6 +5,7 @@
 #include "adapters/posix/stop_signals.h"
 #include "app/clip_summary.h"
 #include "app/console_render.h"
+#include "app/known_files.h"
 #include "app/look_command.h"
 #include "base/paths.h"
 #include "intake/add_clips.h"
@@ -97,7 +98,8 @@ int runAdd(Session& session, const CommandLine& line, const std::string& program
   PollLoop loop;
   NamedBoxes boxes(session.boxes);
   ConsoleIntake host(session, boxes);
-  LookingProcess looker({session.processes, loop, lookingProcess(programs)});
+  LookingProcess process({session.processes, loop, lookingProcess(programs)});
+  TellingLooker looker(process, session.streams);
   CdioDisc disc;
   BatchProbe probe({session.files, session.processes, loop, session.clock, session.temporaryFolders,
                     programs + "KVOprop"});

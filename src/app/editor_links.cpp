@@ -2,6 +2,9 @@
 
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
+#include "editor/compiler/durations.h"
+#include "editor/desk/clip_stats.h"
+#include "editor/desk/values_beside.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/operations.h"
 #include "playback/positions/section.h"
@@ -33,12 +36,19 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
       timelineActs_({desk_, parts.session.editing, parts.history, parts.commands, parts.mailbox},
                     timelineDoors()),
       hand_(states_.timeline, timelineActs_),
+      files_(
+          parts.loop, parts.session.editing.files, [this] { return filesOfClips(); },
+          [this](const auto& files) { missed(files); }),
       frames_(
           parts.loop,
           [this](const FrameWish& wish) {
             return parts_.session.streams.frame(wish.file, wish.seconds, kFrameWidth, kFrameHeight);
           },
           [this](const FrameWish& wish, const Result<FramePicture>& picture) { showFrame(wish, picture); }) {
+  parts.commands.whenCopied([this] { showSlider(); });
+  parts.play.positions().core.doors.UpdateKeyFramesIfWeHaveTo = [this] { UpdateKeyFramesIfWeHaveTo(); };
+  for (auto& value : valuesBeside(parts.session.editing, states_.overlay))
+    parts.history.alsoKeep(std::move(value));
   desk_.tabs(tabs(), {.stills = [this] { return states_.stills.controls; },
                       .Chk_AutoRewind = [this] { return states_.create.Chk_AutoRewind; }});
 }
@@ -69,11 +79,12 @@ MainWindowDoors EditorLinks::mainWindow() {
                 parts_.play.positions().marks.reset(in ? SliderHandleId::Img_MarkIn
                                                        : SliderHandleId::Img_MarkOut);
               },
-          .ShowSliderStuff = [this] { parts_.play.ShowSliderStuff(); },
+          .ShowSliderStuff = [this] { showSlider(); },
           .Pic_DigNumbers_Click = [this] { parts_.play.positions().positioner.Pic_DigNumbers_Click(); },
           .mnu_SectionName_Click = [this] { nameClip(); },
           .AddMoviesm = [this](const std::string& path) { parts_.mailbox.takeFiles({path}); },
           .mnu_SaveShow_Click = [this] { parts_.collections.Save(); },
+          .saveAgain = [this] { parts_.collections.saveAgain(); },
           .empty = [this] { parts_.list.show(); },
           .parkPlayer = [this] { parts_.play.transport().halt(); },
           .FrmFileOpenToolsOnOff = [this](bool on) { parts_.window.face.controlsEnabled = on; },
@@ -124,6 +135,7 @@ void EditorLinks::settle() {
   if (!parts_.window.face.visible) desk_.leave();
   const bool hasEffects = desk_.isOpen() && states_.window.frame.CurrentTab == kEffectTab;
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
+  files_.watch(desk_.isOpen());
   film_.settle();
   if (!desk_.isOpen()) return;
   const auto& create = states_.create;
@@ -143,20 +155,53 @@ void EditorLinks::settle() {
   }
   const auto& collection = parts_.session.collection;
   const bool timed = std::exchange(timedSeen_, states_.window.timed) != states_.window.timed;
-  if ((timed || edited) && desk_.knowsFiles())
-    hand_.show(blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing())));
+  if ((timed || edited) && desk_.knowsFiles()) showBlocks();
   if (std::exchange(openedSeen_, states_.window.opened) != states_.window.opened) hand_.open();
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
+  if (std::exchange(compilesSeen_, states_.preview.compiles) != states_.preview.compiles)
+    states_.window.totals = previewTotals(editing().editor, states_.preview.labels);
   states_.window.frame.zoom = hand_.zoomPart();
   standIn();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
 }
 
-void EditorLinks::goInHistory(int steps) {
+void EditorLinks::showBlocks() {
+  const auto& collection = parts_.session.collection;
+  auto blocks = blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing()));
+  const auto& missing = editing().editor.missingFiles;
+  for (auto* row : {&blocks.clips, &blocks.music}) {
+    for (auto& block : *row) block.isMissing = missing.contains(block.file);
+  }
+  hand_.show(std::move(blocks));
+}
+
+FileWatch::Paths EditorLinks::filesOfClips() const {
+  FileWatch::Paths files;
+  const auto& clips = parts_.session.collection.MovieList;
+  for (int i = 1; i <= clips.count(); ++i) {
+    if (auto file = clipFile(clips[i]); !isAddress(file)) files.insert(std::move(file));
+  }
+  return files;
+}
+
+// What has come back is looked at anew, and so is the movie that failed for want of it.
+void EditorLinks::missed(const FileWatch::Paths& files) {
+  editing().editor.missingFiles = files;
+  ++states_.window.timed;
+  standIn_.reset();
+  preview_.filesCame();
+  parts_.draw();
+}
+
+std::string EditorLinks::goInHistory(int steps) {
+  const auto& history = parts_.window.history;
+  if (steps < 0 ? history.done.empty() : history.undone.empty())
+    return translated(steps < 0 ? "There is nothing to undo" : "There is nothing to redo");
   const auto count = static_cast<std::size_t>(std::abs(steps));
   steps < 0 ? parts_.history.undo(count) : parts_.history.redo(count);
+  return {};
 }
 
 // The list, in which a name can be edited in its place, lies below the editor.
@@ -172,6 +217,20 @@ void EditorLinks::nameClip() {
 void EditorLinks::jog(int frames) {
   auto& stepping = parts_.play.positions().stepping;
   for (int i = std::abs(frames); i > 0; --i) frames < 0 ? stepping.Rew1(true) : stepping.Adv1(true);
+}
+
+void EditorLinks::showSlider() {
+  parts_.window.mode.ticks.mnu_ShowSlider = true;
+  parts_.play.ShowSliderStuff();
+}
+
+// The window of keyframes goes to where the player has stepped.
+void EditorLinks::UpdateKeyFramesIfWeHaveTo() {
+  const auto place = playerPlace(parts_.face.player());
+  if (!states_.keyframes.visible || !place) return;
+  moveToFrame(editing(), states_.keyframes,
+              framesOf(place->seconds, editing().settings.preferences().OutPutFrameRate));
+  showClipFrame(states_.keyframes.Sld_FramePosMaster.Value);
 }
 
 void EditorLinks::showKeyframes() {

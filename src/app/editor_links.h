@@ -5,6 +5,7 @@
 #include "app/analysing_film.h"
 #include "app/play_links.h"
 #include "app/session.h"
+#include "editor/desk/file_watch.h"
 #include "editor/desk/timeline_desk.h"
 #include "editor/preview/preview_engine.h"
 #include "editor/tabs/audio_tab.h"
@@ -80,8 +81,8 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] TimelineHand& hand() { return hand_; }
   [[nodiscard]] const Editing& editing() const { return parts_.session.editing; }
 
-  /// Below 0 undoes so many steps, above 0 redoes.
-  void goInHistory(int steps);
+  /// Below 0 undoes so many steps, above 0 redoes. Why not, composed, where there is nothing.
+  std::string goInHistory(int steps);
   /// The wheel has gone on by so many frames, or back.
   void jog(int frames);
   /// Frm_Keyframe opens for the effect that is worked on.
@@ -106,9 +107,14 @@ class EditorLinks : public DeskPreview {
   [[nodiscard]] TimelineDesk::Doors timelineDoors();
   [[nodiscard]] DeskTabs tabs();
   void nameClip();
+  void showSlider();
+  void UpdateKeyFramesIfWeHaveTo();
   void standIn();
   void showFrame(const FrameWish& wish, const Result<FramePicture>& picture);
   void endFrame();
+  [[nodiscard]] FileWatch::Paths filesOfClips() const;
+  void missed(const FileWatch::Paths& files);
+  void showBlocks();
 
   Parts parts_;
   EditorStates states_;
@@ -122,12 +128,14 @@ class EditorLinks : public DeskPreview {
   AnalysingFilm film_;
   TimelineDesk timelineActs_;
   TimelineHand hand_;
+  FileWatch files_;
   LastWish<FrameWish, Result<FramePicture>> frames_;
   std::shared_ptr<const Bitmap> beforeFrame_;  // what a frame of a dragged mark stands in the place of
   bool showsFrame_ = false;
   std::optional<FrameWish> standIn_;  // what stands in the place of a preview, or will
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
+  std::uint64_t compilesSeen_ = 0;
   std::uint64_t openedSeen_ = 0;
 };
 

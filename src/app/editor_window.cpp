@@ -7,6 +7,7 @@
 #include "windows/editor/create_page.h"
 #include "windows/editor/effect_page.h"
 #include "windows/editor/frm_rush.h"
+#include "windows/editor/hand_watch.h"
 #include "windows/editor/overlay_page.h"
 #include "windows/editor/position_row_part.h"
 #include "windows/editor/preview_part.h"
@@ -86,21 +87,25 @@ void EditorWindow::make() {
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
-               .levelLetGo = act([&desk] { desk.letGoLevel(); }),
                .jog = act([&links](int frames) { links.jog(frames); }),
                .goInHistory = act([&links](int steps) { links.goInHistory(steps); }),
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
-               .save = act([&desk] { desk.saveProject(); }),
+               .save = act([&desk] { desk.saveAgain(); }),
+               .saveAs = act([&desk] { desk.saveProject(); }),
                .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
-      states.keyframes, pageLogic(), [&links](Long frame) { links.showClipFrame(frame); },
-      [this](int clipNo) { return pictureOf(clipNo); });
+      states.keyframes, pageLogic(),
+      FrmKeyframe::Doors{.showFrame = [&links](Long frame) { links.showClipFrame(frame); },
+                         .goInHistory = [&links](int steps) { return links.goInHistory(steps); },
+                         .picture = [this](int clipNo) { return pictureOf(clipNo); }});
   analysing_ =
       std::make_unique<FrmAnalysing>(states.window.analysing, act([&desk] { desk.stopAnalysing(); }));
+  for (QWidget* window : std::initializer_list<QWidget*>{frm_.get(), keyframes_.get()})
+    hands_.push_back(std::make_unique<HandWatch>(*window, [&desk](bool held) { desk.hold(held); }));
   makePreview();
   makeTimeline();
 }
@@ -128,7 +133,7 @@ void EditorWindow::makePage(int tab) {
           made<CreatePage>(states.create, links.create(),
                            CreatePage::Acts{.preview = drawn([&links] { links.preview().PrepPreview(); }),
                                             .save = drawn([&links] { links.desk().saveProject(); }),
-                                            .help = parts_.help,
+                                            .help = [&links] { links.desk().Cmd_Help(); },
                                             .quit = drawn([&links] { links.desk().Form_QueryUnload(); }),
                                             .acted = [this] { parts_.draw(); }},
                            frm_.get()));

@@ -14,12 +14,14 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kvo {
 
 class FrmAnalysing;
 class FrmKeyframe;
 class FrmRush;
+class HandWatch;
 struct PageLogic;
 class TimelineView;
 
@@ -35,7 +37,6 @@ class EditorWindow {
     FileDialogs& dialogs;
     std::string pictures;        ///< the folder of the keys' pictures, with its separator
     std::function<void()> draw;  ///< all windows
-    std::function<void()> help;
   };
   /// All of it outlives the window.
   explicit EditorWindow(const Parts& parts);
@@ -71,7 +72,8 @@ class EditorWindow {
   std::unique_ptr<FrmRush> frm_;
   std::unique_ptr<FrmKeyframe> keyframes_;
   std::unique_ptr<FrmAnalysing> analysing_;
-  TimelineView* timeline_ = nullptr;  // the window's
+  std::vector<std::unique_ptr<HandWatch>> hands_;  // of the windows in which edits are made
+  TimelineView* timeline_ = nullptr;               // the window's
   std::array<bool, kEditorTabs> hasPage_{};
 };
 

@@ -22,10 +22,4 @@ bool keepFiles(MediaFrameSource& streams, Files& files, const std::string& cache
          writeDurably(files, keptIn(cacheFolder), streams.known(kFoundOutBy));
 }
 
-LookAnswer TellingLooker::look(const std::string& path, const std::function<bool()>& stopped) {
-  auto answer = looker_.look(path, stopped);
-  if (answer.end == LookEnd::Looked && answer.look.errorText.empty()) streams_.learn(path, answer.look.facts);
-  return answer;
-}
-
 }  // namespace kvo

@@ -20,7 +20,12 @@ class TellingLooker : public MediaLooker {
  public:
   /// Both outlive the object.
   TellingLooker(MediaLooker& looker, MediaFrameSource& streams) : looker_(looker), streams_(streams) {}
-  LookAnswer look(const std::string& path, const std::function<bool()>& stopped) override;
+  LookAnswer look(const std::string& path, const std::function<bool()>& stopped) override {
+    auto answer = looker_.look(path, stopped);
+    if (answer.end == LookEnd::Looked && answer.look.errorText.empty())
+      streams_.learn(path, answer.look.facts);
+    return answer;
+  }
 
  private:
   MediaLooker& looker_;

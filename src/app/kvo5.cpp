@@ -4,6 +4,7 @@
 #include "app/add_command.h"
 #include "app/commands.h"
 #include "app/companions.h"
+#include "app/known_files.h"
 #include "app/look_command.h"
 #include "app/sketch_command.h"
 #include "app/window_program.h"
@@ -52,6 +53,15 @@ void keepStandardNumbers() {
   }
 }
 
+// What the files hold is known to the window then, too.
+int addAndKeep(kvo::Session& session, const kvo::CommandLine& line, const std::string& beside) {
+  const auto cache = kvo::sketchesFolder(environment);
+  kvo::rememberFiles(session.streams, session.files, cache);
+  const int code = kvo::runAdd(session, line, beside);
+  if (session.streams.hasNews()) kvo::keepFiles(session.streams, session.files, cache);
+  return code;
+}
+
 int run(const kvo::CommandLine& line) {
   kvo::media::silenceRemarks();
   kvo::PosixTemporaryFolders().sweep();
@@ -63,7 +73,7 @@ int run(const kvo::CommandLine& line) {
     case kvo::Task::Render:
       return kvo::runRender(session, line, beside + "KVORender");
     case kvo::Task::Add:
-      return kvo::runAdd(session, line, beside);
+      return addAndKeep(session, line, beside);
     case kvo::Task::Check:
       return kvo::runCheck(session, line);
     default:

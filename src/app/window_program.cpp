@@ -179,7 +179,7 @@ class WindowProgram {
                  boxes_},
                 std::make_unique<SdlSoundOutput>()),
         frmRush_({editor_, session_, loop_, sketches_, store_, desktop_, dialogs_,
-                  withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }, [] {}}),
+                  withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
         autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
                    session_.collection, state_, commands_}) {
     links_.link(skins_);

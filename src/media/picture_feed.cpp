@@ -229,6 +229,13 @@ Outcome PictureFeed::toStart() {
   return {};
 }
 
+// A key frame is shown later than it is decoded, by the pictures that the decoder holds back.
+bool PictureFeed::keyLiesBetween(double from, double seconds) const {
+  const double held = (source_.decoder().has_b_frames + 1) * clock_.frameLength();
+  const auto key = source_.keyAt(seconds + origin_ - held);
+  return key && *key - origin_ > from;
+}
+
 bool PictureFeed::seek(double seconds) {
   if (!source_.seek(seconds + origin_)) return false;
   forget();

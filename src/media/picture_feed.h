@@ -30,6 +30,9 @@ class PictureFeed {
   /// A picture at `seconds` or some time ahead of it comes next, if the container finds one: false when it
   /// cannot, and then nothing has changed. Where it counts by bytes, what comes may lie behind `seconds`.
   bool seek(double seconds);
+  /// Whether a seek to `seconds` is known to begin at a key frame behind `from`, so that it spares what lies
+  /// between.
+  [[nodiscard]] bool keyLiesBetween(double from, double seconds) const;
   /// Whether the pictures can only be counted on from the first.
   [[nodiscard]] bool onlyForward() const { return clock_.kind() == FrameClock::Kind::Count; }
 

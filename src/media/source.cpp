@@ -96,6 +96,13 @@ bool Source::seek(double seconds) {
   return true;
 }
 
+std::optional<double> Source::keyAt(double seconds) const {
+  const auto at = static_cast<std::int64_t>(std::floor(seconds / timeBase()));
+  const auto* entry = avformat_index_get_entry_from_timestamp(&stream(), at, AVSEEK_FLAG_BACKWARD);
+  if (entry == nullptr) return std::nullopt;
+  return static_cast<double>(entry->timestamp) * timeBase();
+}
+
 Outcome Source::reopen() {
   auto format = openInput(path_);
   if (!format) return format.error();

@@ -7,6 +7,7 @@
 #include "media/picture.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace kvo::media {
@@ -31,6 +32,9 @@ class Source {
   /// What begins at `seconds` of the container's time, or some time ahead of it, comes next: false when it
   /// finds no such place, and then nothing has changed.
   bool seek(double seconds);
+  /// Where the last key frame stands that the container knows of at `seconds` or ahead, in the container's
+  /// seconds of decoding; nothing where it knows of none.
+  [[nodiscard]] std::optional<double> keyAt(double seconds) const;
   /// Opens the file anew, so that it is read from its first byte on. Fails when it is not the same any more.
   Outcome reopen();
 

@@ -16,8 +16,10 @@ namespace {
 // A mark is written with a few decimals and a stamp may count milliseconds: a frame that begins this little
 // later is meant.
 constexpr double kTimeTolerance = 0.00075;
-// Ahead by more than this it is cheaper to seek to a key frame than to decode all between.
+// Ahead by more than this it is cheaper to seek to a key frame than to decode all between; and where one is
+// known to lie ahead by this much.
 constexpr double kSeekAhead = 4.0;
+constexpr double kKeyAhead = 0.5;
 // How long the last frame stands when the marks go on behind the file's end.
 constexpr double kHoldLast = 0.5;
 // Where a seek lands behind the wanted time, the next one aims this much further back, in seconds: some
@@ -107,7 +109,9 @@ struct VideoReader::State {
     if (!begun) return seconds > kTimeTolerance && !feed.onlyForward();  // a file is read from its start
     if (current.frame && seconds < current.seconds - kTimeTolerance && current.seconds > kTimeTolerance)
       return true;
-    return !ended && !feed.onlyForward() && seconds > std::max(next.seconds, sought) + kSeekAhead;
+    const double ahead = std::max(next.seconds, sought);
+    if (ended || feed.onlyForward() || seconds <= ahead + kKeyAhead) return false;
+    return seconds > ahead + kSeekAhead || feed.keyLiesBetween(ahead + kKeyAhead, seconds);
   }
 
   // Where the way to a place begins.

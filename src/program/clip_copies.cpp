@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 
 namespace kvo {
 namespace {
@@ -32,15 +33,17 @@ void takeSection(Movie& copy, const Movie& clip, CopyMode mode) {
 
 }  // namespace
 
-bool canCopy(const Movie& clip, CopyMode mode, const std::optional<PlayerPlace>& place) {
-  if (mode == CopyMode::Exact) return true;
+std::string whyNoCopy(const Movie& clip, CopyMode mode, const std::optional<PlayerPlace>& place) {
+  if (mode == CopyMode::Exact) return {};
+  if (clip.IsStill())
+    return translated(mode == CopyMode::Split ? "A still cannot be split" : "A still has no marks");
   const auto frames = clip.DurationFrames().wholeNumber();
-  if (clip.IsStill() || !frames) return false;
+  if (!frames) return translated("It is not known how long this clip is");
+  if (!place && mode != CopyMode::EqualChunk) return translated("This clip is not in the player");
   const Long end = clip.LoopEndFrames();
-  if (mode == CopyMode::EqualChunk) return end < *frames;
-  if (!place) return false;
-  if (mode == CopyMode::Tail) return end < *frames;
-  return end <= *frames && place->frame > clip.LoopStartFrames() && place->frame < end;
+  if (mode != CopyMode::Split) return end < *frames ? "" : translated("Nothing lies behind the Mark-Out");
+  const bool isInside = end <= *frames && place->frame > clip.LoopStartFrames() && place->frame < end;
+  return isInside ? "" : translated("Go to a place between the marks first");
 }
 
 Movie copyOf(const Movie& clip, CopyMode mode, const PlayerPlace& place) {

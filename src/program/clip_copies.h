@@ -4,6 +4,7 @@
 #include "core/records/movie.h"
 
 #include <optional>
+#include <string>
 
 namespace kvo {
 
@@ -21,11 +22,11 @@ struct PlayerPlace {
   Long frame = 0;
 };
 
-/// Whether there is something to copy. `place` is none while the player is empty, which a copy to the end and
-/// a split need; a split leaves both parts a picture.
-bool canCopy(const Movie& clip, CopyMode mode, const std::optional<PlayerPlace>& place);
+/// Why there is nothing to copy; empty where there is something. `place` is none while the player is empty,
+/// which a copy to the end and a split need; a split leaves both parts a picture.
+std::string whyNoCopy(const Movie& clip, CopyMode mode, const std::optional<PlayerPlace>& place);
 
-/// The new record, where canCopy says so. It has no KeyID of its own yet.
+/// The new record, where there is something to copy. It has no KeyID of its own yet.
 Movie copyOf(const Movie& clip, CopyMode mode, const PlayerPlace& place);
 
 /// What a split leaves of the clip: it ends a hundredth of a second and one frame ahead of the new one.

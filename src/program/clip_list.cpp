@@ -18,10 +18,14 @@ constexpr std::size_t kMaxCaption = 50;  // characters
 
 }  // namespace
 
-std::string listCaption(const Collection& collection) {
+std::string listName(const Collection& collection) {
   const auto& name = collection.IniName;
   const auto stop = name.rfind('.');
-  const auto caption = translated("%1 Collection", {name.substr(0, stop == 0 ? std::string::npos : stop)});
+  return name.substr(0, stop == 0 ? std::string::npos : stop);
+}
+
+std::string listCaption(const Collection& collection) {
+  const auto caption = translated("%1 Collection", {listName(collection)});
   return std::string(cutTo(caption, kMaxCaption));
 }
 

@@ -15,7 +15,9 @@
 
 namespace kvo {
 
-/// The collection's name without its extension, and " Collection"; 50 characters at most.
+/// The collection's name without its extension.
+std::string listName(const Collection& collection);
+/// The same and " Collection"; 50 characters at most.
 std::string listCaption(const Collection& collection);
 
 class ClipList {

@@ -184,6 +184,17 @@ bool CollectionCommands::Save() {
   return pass([this] { return save(); });
 }
 
+bool CollectionCommands::saveAgain() {
+  return pass([this] { return hasChosenFile() ? saveTo(collection_.IniFullPath) : save(); });
+}
+
+bool CollectionCommands::hasChosenFile() const {
+  const auto& path = collection_.IniFullPath;
+  const auto& folder = ports_.folder;
+  const bool isNobodys = path == folder.beside("\\KVO5.INI") || path == folder.beside("Untitled.INI");
+  return !path.empty() && !isNobodys && ports_.files.exists(path);
+}
+
 // Where a collection was last, in this run or an earlier one. The program's own folder, where the first one
 // came from, has been nobody's choice.
 std::string CollectionCommands::usualFolder() const {
@@ -218,19 +229,23 @@ bool CollectionCommands::save() {
       return false;  // the dialog asked about another name
   }
   if (!endsInText(*path, ".INI")) return refuse(357, 358);
-  settings_.adjust().ColLoadFrom = std::string(folderPart(*path));
+  return saveTo(*path);
+}
+
+bool CollectionCommands::saveTo(const std::string& path) {
+  settings_.adjust().ColLoadFrom = std::string(folderPart(path));
   bool written = false;
   {
     Watch watch(window_, ports_.loop, list_, std::string(LoadResString(359)).append(LoadResString(360)), {});
-    written = file_.WriteINI(std::string(folderPart(*path)), std::string(fileNamePart(*path)), false, &watch);
+    written = file_.WriteINI(std::string(folderPart(path)), std::string(fileNamePart(path)), false, &watch);
   }
-  collection_.IniName = fileNamePart(*path);
-  collection_.IniFullPath = *path;
+  collection_.IniName = fileNamePart(path);
+  collection_.IniFullPath = path;
   window_.list.caption = listCaption(collection_);
   history_.saved();
   if (written) {
     ClearDirtyFlags(collection_, settings_);
-    recent_.remember(*path);
+    recent_.remember(path);
   } else {
     settings_.state.IsDirty = true;  // what could not be saved is still to be saved
     ports_.boxes.show({std::string(LoadResString(363)), std::string(LoadResString(361)), BoxButtons::Ok,

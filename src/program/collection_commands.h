@@ -73,6 +73,9 @@ class CollectionCommands {
 
   /// Asks for a name and saves. False when the user took it back or the file could not be written.
   bool Save();
+  /// Saves into the file that the collection is from. Asks where it has none, or that one which each start
+  /// begins with: nobody has chosen it.
+  bool saveAgain();
 
   /// From the next save on the file names clips from its own folder on, or by their whole paths.
   void makePortable(bool on);
@@ -101,6 +104,8 @@ class CollectionCommands {
   void showLoaded();
   void settle(const ReadReport& report, const std::string& path);
   bool save();
+  bool saveTo(const std::string& path);
+  [[nodiscard]] bool hasChosenFile() const;
   [[nodiscard]] std::string usualFolder() const;
   [[nodiscard]] std::string folderToSaveIn() const;
   bool refuse(int text, int title);

@@ -41,10 +41,10 @@ bool gives(const RecordStep<Movie>& step, int number) {
 }
 
 // What a drag sets anew with each move is kept as it was ahead of the first.
-void addLatest(PreferenceStep& way, const PreferenceStep& latest) {
-  for (const auto& [row, text] : latest) {
-    if (std::ranges::find(way, row, &PreferenceStep::value_type::first) == way.end())
-      way.emplace_back(row, text);
+template <class Step>
+void addFirst(Step& way, const Step& latest) {
+  for (const auto& [value, text] : latest) {
+    if (std::ranges::find(way, value, &Step::value_type::first) == way.end()) way.emplace_back(value, text);
   }
 }
 
@@ -113,6 +113,8 @@ bool History::change(const CommandPass& pass, std::string name, Integer changeCo
   if (!pass) return false;
   const bool wasDirty = settings_.state.IsDirty;
   const CollectionShot before(collection_, settings_);
+  std::vector<std::string> beside;
+  for (const auto& value : beside_) beside.push_back(value.text());
   ListStep back{.name = std::move(name),
                 .changeCode = changeCode,
                 .leadsToSaved = !settings_.state.ListIsDirty,
@@ -123,8 +125,11 @@ bool History::change(const CommandPass& pass, std::string name, Integer changeCo
   back.clips = before.wayBack(collection_.MovieList);
   back.keyframes = before.wayBack(collection_.KeyframeList);
   back.preferences = before.wayBack(settings_);
-  if (back.clips.empty() && back.keyframes.empty() && back.preferences.empty()) return false;
-  settings_.state.ListIsDirty = true;
+  for (std::size_t i = 0; i < beside.size(); ++i) {
+    if (beside_[i].text() != beside[i]) back.beside.emplace_back(i, std::move(beside[i]));
+  }
+  if (back.changesNoFile() && back.beside.empty()) return false;
+  if (!back.changesNoFile()) settings_.state.ListIsDirty = true;
   settings_.state.postChange(changeCode, changeCode);
   renew(back);
   const Shown shown{.moved = !back.movesNothing(),
@@ -147,7 +152,8 @@ bool History::joinsSeries(ListStep& back, const std::string& series) {
   if (back.clips.movesNothing() && back.keyframes.movesNothing()) {
     addLatest(newest.clips, std::move(back.clips));
     addLatest(newest.keyframes, std::move(back.keyframes));
-    addLatest(newest.preferences, back.preferences);
+    addFirst(newest.preferences, back.preferences);
+    addFirst(newest.beside, back.beside);
   } else {
     if (newest.group == 0) newest.group = ++groups_;
     back.group = newest.group;
@@ -211,6 +217,7 @@ ListStep History::apply(ListStep step, Shown& shown) {
                 .leadsToSaved = !settings_.state.ListIsDirty,
                 .chosen = window_.list.chosen,
                 .inHand = collection_.icurMov};
+  if (!step.changesNoFile()) settings_.state.ListIsDirty = !step.leadsToSaved;
   shown.moved |= !step.movesNothing();
   shown.loadsAnew |= step.loadsAnew;
   shown.edited |= gives(step.clips, step.inHand);
@@ -219,11 +226,11 @@ ListStep History::apply(ListStep step, Shown& shown) {
   back.clips = takeStep(std::move(step.clips), collection_.MovieList);
   back.keyframes = takeStep(std::move(step.keyframes), collection_.KeyframeList);
   back.preferences = takeStep(std::move(step.preferences), settings_);
+  back.beside = takeStep(std::move(step.beside), beside_);
   if (!step.order.empty()) {
     collection_.MovieList.arrange(step.order);
     back.order = inverseOf(step.order);
   }
-  settings_.state.ListIsDirty = !step.leadsToSaved;
   settings_.state.postChange(step.changeCode, step.changeCode);
   renew(back);
   return back;

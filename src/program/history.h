@@ -25,6 +25,7 @@ struct ListStep {
   RecordStep<Movie> clips{};
   RecordStep<Keyframe> keyframes{};
   PreferenceStep preferences{};
+  BesideStep beside{};
   std::vector<int> order{};  ///< alone: for each place the number that its clip has before
 
   Integer changeCode = 99;    ///< what the editor hears: 96 of marks, 99 of the list, 0 of nothing
@@ -33,6 +34,10 @@ struct ListStep {
   std::vector<int> chosen{};  ///< afterwards
   int inHand = 0;             ///< likewise
 
+  /// The collection's file would be the same.
+  [[nodiscard]] bool changesNoFile() const {
+    return clips.empty() && keyframes.empty() && preferences.empty() && order.empty();
+  }
   /// The list of clips stays as long, and in its order.
   [[nodiscard]] bool movesNothing() const { return clips.movesNothing() && order.empty(); }
 };
@@ -61,9 +66,10 @@ class History {
   bool edit(const CommandPass& pass, std::string name, int number, Integer changeCode,
             const std::function<void(Movie&)>& change, std::string_view series = {});
 
-  /// Lets `work` write what it will: into clips, keyframes and preferences, in any number, and into the lists
-  /// of both. All of it is one step, and what differs is found out by comparing. Changes of one `series` that
-  /// follow each other are one step. A clip that comes in hand is for `work` to name (Collection::icurMov).
+  /// Lets `work` write what it will: into clips, keyframes and preferences, in any number, into the lists of
+  /// both, and into the values beside them. All of it is one step, and what differs is found out by
+  /// comparing. Changes of one `series` that follow each other are one step. A clip that comes in hand is for
+  /// `work` to name (Collection::icurMov).
   bool change(const CommandPass& pass, std::string name, Integer changeCode,
               const std::function<void()>& work, std::string_view series = {});
 
@@ -87,6 +93,9 @@ class History {
 
   /// Forgets all: another collection is open.
   void clear();
+
+  /// A value beside the collection that changes are to know too.
+  void alsoKeep(ValueBeside value) { beside_.push_back(std::move(value)); }
 
   /// What goes on when clip `number`, in hand before and behind, has got other values. It is not loaded anew.
   void whenEdited(std::function<void(int number)> work) { whenEdited_ = std::move(work); }
@@ -118,6 +127,7 @@ class History {
   Collection& collection_;
   KVO2& settings_;
   ClipList& list_;
+  std::vector<ValueBeside> beside_;
   std::deque<ListStep> undo_;
   std::deque<ListStep> redo_;
   std::function<void(int)> whenEdited_ = [](int) {};

@@ -130,24 +130,30 @@ void ListCommands::setVolume(int percent) {
   });
 }
 
-bool ListCommands::canCopy(CopyMode mode) const {
-  if (collection_.icurMov < 1 || collection_.MovieList.count() >= kMaxClips) return false;
-  return kvo::canCopy(collection_.MovieList[collection_.icurMov], mode, place_());
+std::string ListCommands::whyNoCopy(CopyMode mode, const std::optional<PlayerPlace>& place) const {
+  if (collection_.icurMov < 1) return translated("There is no clip");
+  if (collection_.MovieList.count() >= kMaxClips)
+    return translated("A collection has no more than %1 clips", {std::to_string(kMaxClips)});
+  return kvo::whyNoCopy(collection_.MovieList[collection_.icurMov], mode, place);
 }
 
 void ListCommands::copy(CopyMode mode) { copy(mode, place_()); }
 
-void ListCommands::split(const PlayerPlace& place) { copy(CopyMode::Split, place); }
+std::string ListCommands::split(const PlayerPlace& place) {
+  auto why = whyNoCopy(CopyMode::Split, place);
+  if (why.empty()) copy(CopyMode::Split, place);
+  return why;
+}
 
 void ListCommands::copy(CopyMode mode, const std::optional<PlayerPlace>& place) {
   pass([&](const CommandPass& pass, const Movie& clip) {
-    if (collection_.MovieList.count() >= kMaxClips || !kvo::canCopy(clip, mode, place)) return;
+    if (!whyNoCopy(mode, place).empty()) return;
     const int number = collection_.icurMov;
     auto copy = copyOf(clip, mode, place.value_or(PlayerPlace{}));
     copy.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
     if (mode != CopyMode::Split) {
       history_.insert(pass, named("copy"), number + 1, std::move(copy));
-      return;
+      return copied_();
     }
     history_.change(pass, named("split"), kListChanged, [&] {
       endAhead(collection_.MovieList[number], *place);
@@ -156,6 +162,7 @@ void ListCommands::copy(CopyMode mode, const std::optional<PlayerPlace>& place) 
       collection_.MovieList.putIn(std::move(parts));
       collection_.icurMov = number + 1;
     });
+    copied_();
   });
 }
 

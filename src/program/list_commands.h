@@ -66,19 +66,23 @@ class ListCommands {
   /// 0 to 100 per cent; not for stills and pages, which have no sound.
   void setVolume(int percent);
 
-  /// Puts a copy behind it, or the second part of it, when canCopy says that there is something to copy. The
-  /// new clip is in hand then.
+  /// Puts a copy behind it, or the second part of it, when there is something to copy. The new clip is in
+  /// hand then.
   void copy(CopyMode mode);
-  /// The same with a split at a place of its file.
-  void split(const PlayerPlace& place);
+  /// The same with a split at a place of its file. Why it cannot be split, or empty.
+  std::string split(const PlayerPlace& place);
+  /// What goes on behind each of these.
+  void whenCopied(std::function<void()> work) { copied_ = std::move(work); }
   /// What tells where the player stands, none while it is empty.
   void placedBy(std::function<std::optional<PlayerPlace>()> place) { place_ = std::move(place); }
-  [[nodiscard]] bool canCopy(CopyMode mode) const;
+  /// Why there is nothing to copy now; composed, empty where there is.
+  [[nodiscard]] std::string whyNoCopy(CopyMode mode) const { return whyNoCopy(mode, place_()); }
 
  private:
   void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
   bool mayChoose();
   void copy(CopyMode mode, const std::optional<PlayerPlace>& place);
+  [[nodiscard]] std::string whyNoCopy(CopyMode mode, const std::optional<PlayerPlace>& place) const;
   void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
   [[nodiscard]] std::string named(std::string_view act) const;
 
@@ -89,6 +93,7 @@ class ListCommands {
   Collection& collection_;
   MainWindowState& window_;
   std::function<void()> showList_ = [] {};
+  std::function<void()> copied_ = [] {};
   std::function<std::optional<PlayerPlace>()> place_ = [] { return std::optional<PlayerPlace>(); };
   std::mt19937 shuffle_{std::random_device{}()};
 };

@@ -118,7 +118,8 @@ Entries MainMenu::collectionEntries(Files files) {
       {{MenuCommand::New}, "&New", "Ctrl+N", true, [&] { collections.New(); }},
       {{MenuCommand::mnu_LoadShow}, "&Open...", "Ctrl+O", true, [&] { collections.Open(); }},
       submenu("Open &Recent", files == Files::With ? recentEntries() : Entries()),
-      {{MenuCommand::mnu_SaveShow}, "&Save...", "Ctrl+S", true, [&] { collections.Save(); }},
+      {{MenuCommand::SaveAgain}, "&Save", "Ctrl+S", true, [&] { collections.saveAgain(); }},
+      {{MenuCommand::mnu_SaveShow}, "Save &As...", "Ctrl+Shift+S", true, [&] { collections.Save(); }},
       {},
       {{MenuCommand::AddWebPage}, "Add &Web Page...", "", true, [this] { parts_.media.AddWebPage(); }},
       {{MenuCommand::ViewStream}, "&View Stream...", "", true, [this] { parts_.media.ViewStream(); }}};
@@ -183,8 +184,9 @@ Entries MainMenu::clipEntries() {
 
 Entries MainMenu::copyEntries() {
   const auto copy = [&](MenuCommand command, const char* caption, const char* keys, CopyMode mode) {
-    return MenuEntry{
-        {command}, caption, keys, parts_.list.canCopy(mode), [this, mode] { parts_.list.copy(mode); }};
+    return MenuEntry{{command}, caption, keys, parts_.list.whyNoCopy(mode).empty(), [this, mode] {
+                       parts_.list.copy(mode);
+                     }};
   };
   return {copy(MenuCommand::mnu_CopyExact, "Copy Clip (Exact Copy)", "", CopyMode::Exact),
           copy(MenuCommand::mnu_CopyItem, "Copy Clip (From Mark-Out to Clip End)", "Ctrl+V", CopyMode::Tail),

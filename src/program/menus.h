@@ -22,6 +22,7 @@ enum class MenuCommand {
   New,
   mnu_LoadShow,
   Recent,  ///< `path`: of the collection
+  SaveAgain,
   mnu_SaveShow,
   AddMedia,
   AddWebPage,

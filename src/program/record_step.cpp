@@ -97,6 +97,15 @@ PreferenceStep takeStep(PreferenceStep step, KVO2& settings) {
   return step;
 }
 
+BesideStep takeStep(BesideStep step, const std::vector<ValueBeside>& values) {
+  for (auto& [place, text] : step) {
+    auto now = values[place].text();
+    values[place].take(text);
+    text = std::move(now);
+  }
+  return step;
+}
+
 CollectionShot::CollectionShot(const Collection& collection, const KVO2& settings)
     : keyframes_(shotsOf(collection.KeyframeList)) {
   for (int i = 1; i <= collection.MovieList.count(); ++i) {

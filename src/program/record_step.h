@@ -4,6 +4,8 @@
 #include "core/records/collection.h"
 #include "core/records/setting_rows.h"
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -65,6 +67,17 @@ using PreferenceStep = std::vector<std::pair<const SettingRow*, std::string>>;
 
 /// Takes a step, and gives back the one that takes it back. What tells that preferences have changed stays.
 PreferenceStep takeStep(PreferenceStep step, KVO2& settings);
+
+/// A value that no file of a collection has and that the user changes all the same, as text.
+struct ValueBeside {
+  std::function<std::string()> text;
+  std::function<void(const std::string&)> take;
+};
+/// Such values by their places in a list, and the texts that they are to take.
+using BesideStep = std::vector<std::pair<std::size_t, std::string>>;
+
+/// Takes a step, and gives back the one that takes it back.
+BesideStep takeStep(BesideStep step, const std::vector<ValueBeside>& values);
 
 /// The clips, keyframes and preferences as they were when it was made.
 class CollectionShot {

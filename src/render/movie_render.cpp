@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/render_texts.h"
 #include "vocabulary/encode_profiles.h"
@@ -88,6 +89,14 @@ bool MovieRender::readJob(bool ready, Job& job) {
   return true;
 }
 
+bool MovieRender::isOneOfTheClips(const std::string& file) const {
+  const auto& e = ports_.editing;
+  for (int number = 1; number <= e.clips().count(); ++number) {
+    if (e.files.sameFile(clipFile(e.clips()[number]), file)) return true;
+  }
+  return false;
+}
+
 bool MovieRender::askForName(Job& job) {
   const auto pattern = filterOf(job.kind);
   const auto extension = "." + std::string(extensionOf(job.kind));
@@ -100,7 +109,10 @@ bool MovieRender::askForName(Job& job) {
   // In the same folder, so that it comes under the final name in one step; nobody else's name.
   job.working = std::string(folderPart(job.file)) + ".rendering-" +
                 std::to_string(ports_.engine.processes.ownNumber()) + (job.audioOnly() ? ".WMA" : extension);
-  return true;
+  if (!isOneOfTheClips(job.file)) return true;
+  ports_.editing.boxes.show(
+      renderFailedBox(translated("cannot write %1: it is one of the clips", {job.file})));
+  return false;
 }
 
 // True when the movie is being viewed, or the options are shown: nothing is to be restored then.

@@ -81,6 +81,7 @@ class MovieRender {
   bool readJob(bool ready, Job& job);
   bool readDocument(bool ready, Job& job);
   bool askForName(Job& job);
+  [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;
   bool makeMovie(Job& job);
   Estimate CalcEstimateTimeTotRender(const Job& job);
   [[nodiscard]] int estimateLimit() const;

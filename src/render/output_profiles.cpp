@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "render/wm8_profile.h"
 #include "vocabulary/encode_profiles.h"
 
@@ -16,7 +17,7 @@ constexpr std::size_t kNumberDigits = 4;  // at the end of a row
 
 struct ProfileRow {
   int number;
-  std::string_view text;
+  const char* text;
   int description;  // number of its text; 0 for none
 };
 
@@ -71,7 +72,7 @@ constexpr std::array<ProfileRow, 34> kPictureRows = {{
 }};
 
 constexpr int kFirstDescription = 505;
-constexpr std::array<std::string_view, 20> kDescriptions = {
+constexpr std::array<const char*, 20> kDescriptions = {
     "Use this multiple bit rate profile for target audiences with a dial-up modem or single channel ISDN connection (bandwidth is between 28.8 Kbps and 56 Kbps).",  // 505
     "Use this multiple bit rate profile for target audiences with a dual channel ISDN, LAN, cable modem, or xDSL connection (bandwidth is between 100 Kbps and 500 Kbps).",  // 506
     "Use this multiple bit rate profile for target audiences with a dial-up modem, LAN, or dual-channel ISDN connection (bandwidths between 28.8 to 100 Kbps).",  // 507
@@ -96,7 +97,7 @@ constexpr std::array<std::string_view, 20> kDescriptions = {
 // clang-format on
 
 std::string rowText(const ProfileRow& row) {
-  return std::string(row.text) + blanks(kBlanks) + std::to_string(row.number);
+  return translated(row.text) + blanks(kBlanks) + std::to_string(row.number);
 }
 
 const ProfileRow* rowOf(int number) {
@@ -119,7 +120,7 @@ Box oddSideWarning(std::string_view side, std::string_view caption) {
 }
 
 std::string descriptionText(int number, OutputSize output, bool usesCodecSize) {
-  constexpr std::array<std::string_view, 3> kHighDefinition = {
+  constexpr std::array<const char*, 3> kHighDefinition = {
       "Use this profile for High Definition Unconstrained output ONLY",
       "Use this profile for High Definition 720p output ONLY",
       "Use this profile for High Definition 1080p output ONLY"};
@@ -128,14 +129,14 @@ std::string descriptionText(int number, OutputSize output, bool usesCodecSize) {
   if (!dimensions) {
     const auto high = static_cast<std::size_t>(number - kFirstHighDefinition);
     return number >= kFirstHighDefinition && high < kHighDefinition.size()
-               ? std::string(kHighDefinition.at(high))
+               ? translated(kHighDefinition.at(high))
                : std::string();
   }
-  auto text = std::string(dimensions->description).append(kCrLf);
+  auto text = dimensions->description + std::string(kCrLf);
   if (number >= kSystemProfiles && !usesCodecSize)
-    return text + "HxW maintained (" + sizeText(output.height, output.width) + ")";
-  return text + (dimensions->size == output ? "HxW IS maintained (" : "HxW NOT maintained (") +
-         sizeText(dimensions->size.width, dimensions->size.height) + ")";
+    return text + translated("HxW maintained (%1)", {sizeText(output.height, output.width)});
+  return text + translated(dimensions->size == output ? "HxW IS maintained (%1)" : "HxW NOT maintained (%1)",
+                           {sizeText(dimensions->size.width, dimensions->size.height)});
 }
 
 }  // namespace
@@ -159,15 +160,16 @@ int GetWMVRenderProfileInt(std::string_view row) {
   return number == 0 ? 1 : number;
 }
 
-std::string_view profileText(int number) {
+std::string profileText(int number) {
   const auto* row = rowOf(number);
-  return row != nullptr ? row->text : std::string_view();
+  return row != nullptr ? translated(row->text) : std::string();
 }
 
 std::optional<ProfileDimensions> GetProfileXYDimensions(int number) {
   const auto* row = rowOf(number);
   if (row == nullptr || row->description == 0) return std::nullopt;
-  const auto text = kDescriptions.at(static_cast<std::size_t>(row->description - kFirstDescription));
+  const auto text =
+      translated(kDescriptions.at(static_cast<std::size_t>(row->description - kFirstDescription)));
   if (const auto own = systemProfile(number)) return ProfileDimensions{{own->width, own->height}, text};
   return ProfileDimensions{*wm8ProfileSize(number), text};
 }

@@ -29,11 +29,11 @@ std::vector<std::string> PopulateWMVProfileOpts(bool audioOnly);
 int GetWMVRenderProfileInt(std::string_view row);
 
 /// The text of a profile, 0 to 41; empty for another number.
-std::string_view profileText(int number);
+std::string profileText(int number);
 
 struct ProfileDimensions {
   OutputSize size;
-  std::string_view description;
+  std::string description;
 };
 
 /// Size and description of a profile with a picture; nothing from 39 on, and for those of sound alone.

@@ -1,6 +1,7 @@
 #include "render/progress.h"
 
 #include "base/numbers.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 #include <array>
@@ -54,9 +55,10 @@ std::optional<double> SteadyTimeLeft::after(const RenderProgress& progress) {
 
 std::string leftText(const RenderProgress& progress, std::optional<double> secondsLeft) {
   std::string text;
-  if (secondsLeft) text = clockText(*secondsLeft) + " left";
+  if (secondsLeft) text = translated("%1 left", {clockText(*secondsLeft)});
   if (const auto inAll = bytesInAll(progress)) {
-    text += (text.empty() ? "" : ", ") + bytesText(progress.movie.bytes) + " of about " + bytesText(*inAll);
+    text += (text.empty() ? "" : ", ") +
+            translated("%1 of about %2", {bytesText(progress.movie.bytes), bytesText(*inAll)});
   }
   return text;
 }

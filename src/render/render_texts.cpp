@@ -34,12 +34,17 @@ Length lengthOf(double seconds) {
   return {whole / 60, whole % 60};
 }
 
-// "2 mins 5 secs of video", with the word for the seconds and what they are of.
-std::string lengthText(double seconds, const char* behindSeconds) {
-  const auto length = lengthOf(seconds);
-  return (length.minutes > 0 ? std::to_string(length.minutes) + " mins " : std::string()) +
-         std::to_string(length.seconds) + behindSeconds;
-}
+// A summary of seconds alone, and one with minutes too; "%3" is the profile.
+struct SummaryPatterns {
+  const char* seconds;
+  const char* minutes;
+};
+constexpr std::array<SummaryPatterns, 4> kSummaries = {
+    {{"Encoding %2 secs of video to '%3'", "Encoding %1 mins %2 secs of video to '%3'"},
+     {"Encoding %2 secs of audio to '%3'", "Encoding %1 mins %2 secs of audio to '%3'"},
+     {"Writing %2 secs of uncompressed video.", "Writing %1 mins %2 secs of uncompressed video."},
+     {"Writing %2 secs of '44.1Khz Stereo PCM' Audio only.",
+      "Writing %1 mins - %2 of '44.1Khz Stereo PCM' Audio only."}}};
 
 }  // namespace
 
@@ -60,20 +65,9 @@ std::string editorCaption(std::string_view collection) {
 
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile) {
   const auto length = lengthOf(seconds);
-  switch (kind) {
-    case OutputKind::Wmv:
-      return "Encoding " + lengthText(seconds, " secs of video to '") + std::string(profile) + "'";
-    case OutputKind::Wma:
-      return "Encoding " + lengthText(seconds, " secs of audio to '") + std::string(profile) + "'";
-    case OutputKind::Avi:
-      return "Writing " + lengthText(seconds, " secs of uncompressed video.");
-    case OutputKind::Wav:
-      break;
-  }
-  if (length.minutes == 0)
-    return "Writing " + std::to_string(length.seconds) + " secs of '44.1Khz Stereo PCM' Audio only.";
-  return "Writing " + std::to_string(length.minutes) + " mins - " +
-         twoDigits(static_cast<int>(length.seconds)) + " of '44.1Khz Stereo PCM' Audio only.";
+  const auto& patterns = kSummaries.at(static_cast<std::size_t>(kind));
+  return translated(length.minutes > 0 ? patterns.minutes : patterns.seconds,
+                    {std::to_string(length.minutes), std::to_string(length.seconds), profile});
 }
 
 std::string countdownText(int hours, int minutes, int seconds) {

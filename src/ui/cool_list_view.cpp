@@ -314,8 +314,10 @@ bool CoolListView::event(QEvent* event) {
   const auto index = list_.itemAt(yInside(help.pos()));
   if (!look_.toolTips || !index || !list_.isInView(*index)) return QFrame::event(event);
   const auto row = drawing(*index);
-  if (!isCut(row, list_.properties(), font())) return QFrame::event(event);
-  const auto plain = Qt::mightBeRichText(row.shown) ? row.shown.toHtmlEscaped() : row.shown;
+  const auto own = look_.toolTip ? look_.toolTip(*index) : QString();
+  if (own.isEmpty() && !isCut(row, list_.properties(), font())) return QFrame::event(event);
+  const auto& text = own.isEmpty() ? row.shown : own;
+  const auto plain = Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
   QToolTip::showText(help.globalPos(), plain, this, row.row);
   return true;
 }

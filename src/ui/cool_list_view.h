@@ -33,11 +33,12 @@ class CoolListView : public QFrame, public AccessibleRows {
 
   /// What a window adds to the look of the rows.
   struct Look {
-    QString emptyText;                           ///< stands in a list without rows
-    int iconLeft = 0;                            ///< pixels from the row's left
-    Qt::TextElideMode elide = Qt::ElideRight;    ///< of text that is too long, without WordWrap
-    std::function<QString(int index)> trailing;  ///< a number or time at the row's right
-    bool toolTips = true;                        ///< that show the whole of a text that was cut
+    QString emptyText;                            ///< stands in a list without rows
+    int iconLeft = 0;                             ///< pixels from the row's left
+    Qt::TextElideMode elide = Qt::ElideRight;     ///< of text that is too long, without WordWrap
+    std::function<QString(int index)> trailing;   ///< a number or time at the row's right
+    bool toolTips = true;                         ///< that show the whole of a text that was cut
+    std::function<QString(int index)> toolTip{};  ///< of a row; empty for that of a text that was cut
     /// Stands in the place of an item's icon; a null one leaves the icon there. Asked for as the row is
     /// drawn.
     std::function<QPixmap(int index)> picture{};

@@ -43,7 +43,7 @@ constexpr Spot kEmptyPanel{281, 160}, kAboveSong{150, 125}, kLastRow{150, 162}, 
 constexpr Spot kAboveSongChosen{80, 138};  // the mark of a chosen row
 constexpr Spot kFirstFile{187, 89}, kFirstFileIcon{143, 84}, kLastFile{187, 161}, kOpen{813, 461};
 constexpr Spot kPreview{232, 416}, kSaveProject{130, 473}, kPicture{730, 200};
-constexpr Spot kStill{240, 620}, kStillOverClip{210, 620};  // pushed over its neighbour by a second
+constexpr Spot kStill{900, 620}, kStillOverClip{750, 620};  // pushed over its neighbour
 
 class FirstMovie : public test::Window {
  protected:
@@ -228,6 +228,7 @@ TEST_F(FirstMovie, ByTheMouse) {
   ASSERT_TRUE(shows(kAboveSongChosen, kChosen, "2x2")) << "and there it stands";
   click(kCreateMovie);
   ASSERT_TRUE(comes("Create New Movie"));
+  ASSERT_TRUE(shows(kStill, kYellow, "8x8")) << "its picture lies on the timeline";
   drag(kStill, kStillOverClip);
   click(kSaveProject);
   saves();

@@ -1,11 +1,15 @@
 // Movies made from the window's side with the real engine, each kind by its road, and taken apart again.
 #include "adapters/posix/poll_loop.h"
 #include "app/session.h"
+#include "base/text.h"
+#include "engine/run/profile_file.h"
 #include "media/strip_wav.h"
 #include "render/movie_render.h"
+#include "render/wm8_profile.h"
 #include "support/real_world.h"
 #include "support/scripted_boxes.h"
 #include "support/scripted_dialogs.h"
+#include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +22,35 @@ namespace kvo {
 namespace {
 
 using test::ScratchFolder;
+
+// What the program writes is what the engine reads.
+TEST(ProfileFile, SaysTheSameToBoth) {
+  for (int number = kSystemProfiles; number <= kLastProfile; ++number) {
+    const auto read = engine::readProfileFile(wm8ProfileBytes(number, std::nullopt, ""));
+    ASSERT_TRUE(read && *read) << number;
+    const auto& profile = **read;
+    EXPECT_EQ((OutputSize{profile.width, profile.height}), *wm8ProfileSize(number)) << number;
+    EXPECT_EQ(profile.frameRate, FrameRate(number < 29 ? 15 : 30)) << number;
+    EXPECT_EQ(profile.videoBits > 0, number < 36) << number;
+    EXPECT_EQ(profile.quality > 0, number >= 36) << number;
+    EXPECT_EQ(profile.channels, number < 29 ? 1 : 2) << number;
+    EXPECT_TRUE(profile.audioBits >= 5000 && profile.sampleRate >= 8000) << number;
+  }
+  const auto empty = PosixFiles().read(KVO_SHIPPED "/wmsysprx.prx", 1000);
+  const auto none = engine::readProfileFile(*empty);
+  EXPECT_TRUE(none && !*none) << "the one that is shipped leaves the engine as it is";
+  auto whole = wm8ProfileBytes(30, std::nullopt, "");
+  EXPECT_FALSE(engine::readProfileFile(""));
+  EXPECT_FALSE(engine::readProfileFile(whole.substr(0, whole.size() / 2)));
+  for (const auto& [from, to] : {std::pair{"320", "0"}, {"32000", "99999"}, {"333333", "0"}}) {
+    const auto wide = [](std::string_view text) {
+      std::string bytes;
+      for (const char c : text) bytes.append({c, '\0'});
+      return bytes;
+    };
+    EXPECT_FALSE(engine::readProfileFile(replaced(whole, wide(from), wide(to)))) << from;
+  }
+}
 
 // A host that has nothing to draw on.
 class PlainHost : public RenderHost {

@@ -182,6 +182,30 @@ TEST_F(PlaybackTest, SoundGoesWithThePictureAfterASeek) {
   }
 }
 
+bool isOpen(const std::filesystem::path& file) {
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    if (std::filesystem::read_symlink(entry.path(), gone) == file) return true;
+  }
+  return false;
+}
+
+TEST_F(PlaybackTest, SoundIsOpenAheadOfItsTurn) {
+  const auto other = media_ / "other.wav";
+  std::filesystem::copy_file(tone_, other);
+  double now = 0;
+  FakeSound sound(now);
+  Playback playback(*readDocument(test::documentOf({{video_, 0, 4, 0, 4}}, {{other, 0, 2, 2, 4}})), &sound);
+  playback.play(now);
+  for (; now < 1; now += 0.02) ASSERT_TRUE(playback.step(now));
+  for (int i = 0; i < 2000 && !isOpen(other); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  std::filesystem::remove(other);
+  for (; playback.state() == PlayState::Playing; now += 0.02) ASSERT_TRUE(playback.step(now));
+  EXPECT_EQ(playback.state(), PlayState::Ended);
+  ASSERT_GT(sound.heard.size(), 2U * 44100 * 3);
+  EXPECT_NEAR(sound.heard[2 * 44100 * 2 + 50], 0.125, 0.01) << "a quarter of its first wave";
+}
+
 TEST_F(PlaybackTest, APauseStandsAtTheFrameThatIsShown) {
   for (const char* rate : {"25", "29.97", "23.976", "12.5", "60"}) {
     auto timeline = *readDocument(

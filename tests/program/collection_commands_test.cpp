@@ -181,6 +181,28 @@ TEST(CollectionCommands, SaveTakesTheNameAndTellsOfFailure) {
   EXPECT_EQ(b.dialogs.asked.back().folder, "/c/") << "and starts there the next time";
 }
 
+TEST(CollectionCommands, AFileThatTheUserHasChosenIsSavedToAgain) {
+  RunningBench b;
+  const auto asks = [&] {
+    const auto before = b.dialogs.asked.size();
+    b.commands.saveAgain();
+    return b.dialogs.asked.size() > before;
+  };
+  EXPECT_TRUE(asks()) << "the one that each start begins with";
+  b.dialogs.answers = {"/c/Mine.INI"};
+  EXPECT_TRUE(b.commands.Save());
+  b.collection.MovieList[1].Volume(7);
+  const auto first = b.files.all["/c/Mine.INI"];
+  EXPECT_FALSE(asks());
+  EXPECT_NE(b.files.all["/c/Mine.INI"], first);
+  EXPECT_FALSE(isDirty(b.collection, b.settings));
+  b.files.all.erase("/c/Mine.INI");
+  EXPECT_TRUE(asks()) << "it is gone";
+  b.files.all["/prog/Untitled.INI"] = "another's";
+  b.commands.New();
+  EXPECT_TRUE(asks()) << "it has no name yet";
+}
+
 TEST(CollectionCommands, DialogsBeginWhereTheUserKeepsCollections) {
   RunningBench b;
   b.saveCollection("/c/Trip.INI", {"a.avi"});

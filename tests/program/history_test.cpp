@@ -168,6 +168,32 @@ TEST(History, AChangeIsOneStepWhateverItWrites) {
   EXPECT_EQ(b.clip(1).TransIn(), 0);
 }
 
+TEST(History, KnowsValuesThatNoFileOfACollectionHas) {
+  EditBench b;
+  std::string order = "stacked";
+  b.history.alsoKeep({[&] { return order; }, [&](const std::string& text) { order = text; }});
+  EXPECT_TRUE(b.change([&] { order = "in sequence"; }));
+  EXPECT_FALSE(b.dirty()) << "there is nothing to save";
+  EXPECT_FALSE(b.change([&] { order = "in sequence"; }));
+  for (const int value : {1, 2}) {
+    b.change(
+        [&] {
+          order = std::to_string(value);
+          b.clip(1).TransIn(static_cast<Single>(value));
+        },
+        "drag");
+  }
+  EXPECT_TRUE(b.dirty());
+  b.history.undo();
+  EXPECT_EQ(order, "in sequence") << "as it was ahead of the drag";
+  EXPECT_FALSE(b.dirty());
+  b.history.undo();
+  EXPECT_EQ(order, "stacked");
+  b.history.redo(2);
+  EXPECT_EQ(order, "2");
+  EXPECT_TRUE(b.dirty());
+}
+
 TEST(History, OneGestureIsOneStep) {
   EditBench b;
   const auto first = b.text();
@@ -218,9 +244,9 @@ TEST(ListCommands, ASplitLeavesBothPartsOfTheClip) {
     b.clip(1).IsStill(still);
     b.clip(1).TransIn(50);
     const auto first = b.text();
-    EXPECT_FALSE(b.listCommands.canCopy(CopyMode::Split)) << "the player is empty";
+    EXPECT_FALSE(b.listCommands.whyNoCopy(CopyMode::Split).empty()) << "the player is empty";
     b.listCommands.placedBy([&, at = frame] { return PlayerPlace{at / 25.0, at}; });
-    EXPECT_EQ(b.listCommands.canCopy(CopyMode::Split), splits) << frame;
+    EXPECT_EQ(b.listCommands.whyNoCopy(CopyMode::Split).empty(), splits) << frame;
     b.listCommands.copy(CopyMode::Split);
     EXPECT_EQ(b.collection.icurMov, splits ? 2 : 1);
     if (!splits) continue;

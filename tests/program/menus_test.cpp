@@ -98,7 +98,7 @@ TEST(MainMenu, OffersWhatCanBeDone) {
   b.listCommands.rename("Lake & Sea");
   b.window.menu.mnu_Looping = true;
   EXPECT_EQ(text(b.menu.windowMenu()), R"([&Add Media... Ins]
-[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 Lake && Sea.INI] } [&Save... Ctrl+S] - [Add &Web Page...] [&View Stream...] }
+[&Collection] { [&New Ctrl+N] [&Open... Ctrl+O] [Open &Recent] { [&1 Lake && Sea.INI] } [&Save Ctrl+S] [Save &As... Ctrl+Shift+S] - [Add &Web Page...] [&View Stream...] }
 [Create Mo&vie... Ctrl+M]
 -
 [&Undo rename a.avi Ctrl+Z]

@@ -17,11 +17,12 @@ class NotingHost : public PreviewHost {
   bool free = true;
   bool rewinds = true;
   int drawn = 0;
+  std::function<void(bool)> turned = [](bool /*on*/) {};  // the tools
 
   std::string takeNotes() { return std::exchange(notes, {}); }
 
-  bool edit(std::string_view act, int /*clipNo*/, Integer /*code*/, const std::function<void()>& work,
-            std::string_view /*series*/) override {
+  bool edit(std::string_view act, int /*clipNo*/, Integer /*code*/,
+            const std::function<void()>& work) override {
     note(std::string(act));
     work();
     return true;
@@ -34,10 +35,14 @@ class NotingHost : public PreviewHost {
   void Buildtabs(int /*tab*/) override {}
   [[nodiscard]] bool mayEdit() const override { return free; }
   void parkPlayer() override { note("park"); }
-  void FrmFileOpenToolsOnOff(bool on) override { note(on ? "tools+" : "tools-"); }
+  void FrmFileOpenToolsOnOff(bool on) override {
+    note(on ? "tools+" : "tools-");
+    turned(on);
+  }
   void watchChanges(bool on) override { note(on ? "watch+" : "watch-"); }
   void selectRow(int clipNo) override { note("row:" + std::to_string(clipNo)); }
   void Displaymovieinfo() override { note("details"); }
+  void restoreCaption() override { note("caption"); }
   void deleteWorkFiles() override { note("sweep"); }
   [[nodiscard]] StillControls stillControls() const override { return {}; }
   [[nodiscard]] bool Chk_AutoRewind() const override { return rewinds; }

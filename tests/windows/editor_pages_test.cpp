@@ -268,7 +268,7 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   enterTab(b.editing, tab, b.host);
   constexpr int kColoredPencil = 14;
   tickEffect(b.editing, tab, b.host, kColoredPencil, true);
-  ASSERT_TRUE(opensKeyframes(b.editing, tab, kColoredPencil));
+  ASSERT_TRUE(configure(b.editing, tab, b.host, kColoredPencil).showsKeyframes);
   KeyframeWindow state;
   ASSERT_TRUE(ActivateKeyFrameForm(b.editing, state, b.host));
   QWidget owner;
@@ -277,7 +277,14 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   std::vector<Long> shownFrames;
   FrmKeyframe* drawn = nullptr;
   b.logic.acted = [&] { drawn->draw(&owner); };
-  FrmKeyframe window(state, b.logic, [&](Long frame) { shownFrames.push_back(frame); }, {});
+  int steps = 0;
+  FrmKeyframe window(state, b.logic,
+                     {[&](Long frame) { shownFrames.push_back(frame); },
+                      [&](int by) {
+                        steps = by;
+                        return std::string(by > 0 ? "There is nothing to redo" : "");
+                      },
+                      {}});
   drawn = &window;
   window.draw(&owner);
   EXPECT_TRUE(window.isVisible());
@@ -304,6 +311,14 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   EXPECT_NEAR(shownFrames.back(), 119, 1) << "the picture goes with the frame";
   keepPicture(window, "keyframes");
   expectReachable(window);
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(strip, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(steps, -1);
+  QTest::keyClick(strip, Qt::Key_Y, Qt::ControlModifier);
+  const auto* plate = window.findChild<QWidget*>("whyNot", Qt::FindDirectChildrenOnly);
+  ASSERT_NE(plate, nullptr);
+  EXPECT_EQ(plate->accessibleName(), "There is nothing to redo");
   press(window, "Delete");
   EXPECT_EQ(b.collection.KeyframeList.count(), 1);
   QTest::keyClick(&window, Qt::Key_Escape);

@@ -7,8 +7,10 @@
 #include "ui/kvo_but.h"
 #include "ui/made.h"
 #include "ui/theme.h"
+#include "windows/analysing/frm_analysing.h"
 #include "windows/editor/create_page.h"
 #include "windows/editor/frm_rush.h"
+#include "windows/editor/hand_watch.h"
 #include "windows/editor/transition_page.h"
 #include "windows/editor/transition_tiles.h"
 
@@ -16,6 +18,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSlider>
 #include <QTabBar>
 #include <QTest>
@@ -76,9 +79,10 @@ struct RushBench : test::TabBench {
                    window->draw();
                  },
                  number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
-                 note("levelUp"), number("jog"), number("history"),
+                 number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), note("save"), note("stopAnalysing"), note("close")},
+                 note("whole"), note("preview"), note("save"), note("saveAs"), note("stopAnalysing"),
+                 note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
@@ -163,7 +167,8 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
         Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "},
         Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
         Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
-        Row{Qt::Key_S, Qt::ControlModifier, "save "}}) {
+        Row{Qt::Key_S, Qt::ControlModifier, "save "},
+        Row{Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, "saveAs "}}) {
     b.asked.clear();
     QTest::keyClick(b.window.get(), row.key, row.with);
     EXPECT_EQ(b.asked, row.asked) << QKeySequence(row.key | row.with).toString().toStdString();
@@ -183,22 +188,110 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   auto* strip = b.part<QTabBar>("Tabs of the editor");
   strip->setFocus();
   b.frame.toolsOn = false;  // the movie plays
+  b.frame.toolsOffBecause = "Stop the preview first";
+  b.keys.whyNot.fill(b.frame.toolsOffBecause);
   b.window->draw();
   ASSERT_NE(b.window->focusWidget(), nullptr);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_I);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Space);
+  QTest::keyClick(b.window->focusWidget(), Qt::Key_Escape);
   strip->setCurrentIndex(4);
-  EXPECT_EQ(b.asked, "preview ");
+  EXPECT_EQ(b.asked, "preview stopAnalysing ");
   EXPECT_EQ(b.frame.CurrentTab, 1);
   b.frame.toolsOn = true;
+  b.frame.toolsOffBecause.clear();
   b.window->draw();
   EXPECT_EQ(b.window->focusWidget(), strip);
 }
 
+// What stands on the plate of the window now, and ends with the next act.
+QString refused(const RushBench& b) {
+  const auto* plate = b.window->findChild<QWidget*>("whyNot", Qt::FindDirectChildrenOnly);
+  return plate != nullptr && plate->isVisible() ? plate->accessibleName() : QString();
+}
+
+TEST(FrmRush, WhatCannotBeDoneIsSaidWhereTheHandIs) {
+  RushBench b;
+  b.history = {};
+  b.open();
+  b.keys.of(ClipKey::Equi) = "Nothing lies behind the Mark-Out";
+  b.sliders.Sld_Rate = {10, 200, 100, false, {}, "A still has no speed"};
+  b.window->draw();
+  const auto key = [&](Qt::Key which, Qt::KeyboardModifiers with = {}) {
+    return [&b, which, with] { QTest::keyClick(b.window.get(), which, with); };
+  };
+  const auto click = [&](QWidget* part) { return [part] { QTest::mouseClick(part, Qt::LeftButton); }; };
+  auto* equi = b.part<KVOBut>(
+      "Copy equal chunk from end of current clip - Right Click on Movie Name to Re-Name\n"
+      "Nothing lies behind the Mark-Out");
+  struct Row {
+    std::function<void()> act;
+    const char* said;
+  };
+  for (const auto& row : {Row{key(Qt::Key_E), "Nothing lies behind the Mark-Out"}, Row{key(Qt::Key_I), ""},
+                          Row{key(Qt::Key_Z, Qt::ControlModifier), "There is nothing to undo"},
+                          Row{click(equi), "Nothing lies behind the Mark-Out"},
+                          Row{click(b.part<QSlider>("Clip speed")), "A still has no speed"}}) {
+    b.asked.clear();
+    QTest::qWait(200);  // the press that was answered is over
+    row.act();
+    EXPECT_EQ(refused(b).toStdString(), row.said);
+    EXPECT_EQ(b.asked, *row.said == 0 ? "key0 " : "");
+  }
+  b.picture("refusal");
+  b.frame.toolsOn = false;
+  b.frame.toolsOffBecause = "Stop the preview first";
+  b.create.IsPreviewRunning = true;
+  b.window->draw();
+  for (const auto& act : std::initializer_list<std::function<void()>>{key(Qt::Key_3, Qt::ControlModifier),
+                                                                      click(b.part<QComboBox>("Resolution")),
+                                                                      key(Qt::Key_S, Qt::ControlModifier)}) {
+    QTest::qWait(200);
+    QTest::keyClick(b.window.get(), Qt::Key_Q);
+    EXPECT_EQ(refused(b), "");
+    act();
+    EXPECT_EQ(refused(b), "Stop the preview first");
+  }
+}
+
+TEST(HandWatch, TellsWhatIsHeldInItsWindow) {
+  QWidget window;
+  QSlider slider(Qt::Horizontal, &window);
+  QWidget other;
+  std::string told;
+  HandWatch watch(window, [&](bool held) { told += held ? "+" : "-"; });
+  window.show();
+  const auto look = [&] { return std::exchange(told, {}); };
+  QTest::mousePress(&slider, Qt::LeftButton);
+  EXPECT_EQ(look().front(), '+');
+  QTest::mouseRelease(&slider, Qt::LeftButton);
+  EXPECT_EQ(look().back(), '-');
+  QKeyEvent again(QEvent::KeyRelease, Qt::Key_Right, Qt::NoModifier, {}, true);
+  QTest::keyPress(&slider, Qt::Key_Right);
+  look();
+  QApplication::sendEvent(&slider, &again);
+  EXPECT_EQ(look(), "") << "the key is still down";
+  QTest::keyRelease(&slider, Qt::Key_Right);
+  QTest::keyPress(&slider, Qt::Key_Right);
+  EXPECT_EQ(look().find('-'), std::string::npos) << "as a desktop may tell of a key that is held";
+  QTest::keyRelease(&slider, Qt::Key_Right);
+  QTest::keyPress(&slider, Qt::Key_Up);
+  EXPECT_EQ(look().substr(0, 2), "-+") << "another key is another gesture";
+  QTest::keyRelease(&slider, Qt::Key_Up);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told == "-"; }));
+  look();
+  QTest::mouseClick(&other, Qt::LeftButton);
+  EXPECT_EQ(look(), "");
+  QWheelEvent notch({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&slider, &notch);
+  EXPECT_EQ(look().back(), '+');
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told == "-"; })) << "it has come to rest";
+}
+
 TEST(FrmRush, SaysWhyAKeyIsOff) {
   RushBench b;
-  b.keys.of(ClipKey::Split) = "A still has no frames to split at";
+  b.keys.of(ClipKey::Split) = "A still cannot be split";
   b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
   b.history = {};
   b.open();
@@ -208,7 +301,7 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
     if (key == nullptr) continue;
     EXPECT_FALSE(key->accessibleName().isEmpty());
     EXPECT_GE(std::min(key->width(), key->height()), 24) << key->accessibleName().toStdString();
-    const bool isSplit = key->toolTip().contains("A still has no frames");
+    const bool isSplit = key->toolTip().contains("A still cannot be split");
     EXPECT_FALSE(isSplit && key->isEnabled());
     off += key->isEnabled() ? 0 : 1;
   }
@@ -317,6 +410,36 @@ TEST(FrmRush, RemembersItselfAndFitsASmallScreen) {
   b.window->close();
   EXPECT_TRUE(b.window->isVisible()) << "it goes when the editor has closed";
   EXPECT_EQ(b.asked, "close ");
+}
+
+TEST(FrmAnalysing, TellsHowFarItIsAndCanBeStoppedByKeyAndPointer) {
+  AnalysingState state;
+  int stops = 0;
+  QWidget owner;
+  owner.resize(800, 600);
+  owner.show();
+  FrmAnalysing window(state, [&] { ++stops; });
+  window.draw(&owner);
+  EXPECT_FALSE(window.isVisible());
+  state = {
+      .visible = true, .done = 2, .total = 12, .file = "beach.avi", .film = {}, .plays = 0, .picture = {}};
+  window.draw(&owner);
+  ASSERT_TRUE(window.isVisible());
+  QStringList texts;
+  for (const auto* label : window.findChildren<QLabel*>()) texts << label->text();
+  EXPECT_TRUE(texts.contains("Analysing Clip 3 of 12") && texts.contains("beach.avi"))
+      << texts.join("|").toStdString();
+  const auto fixed = window.grab().toImage();
+  state.picture = std::make_shared<const Bitmap>(Bitmap{1, 1, {0, 200, 0}});
+  window.draw(&owner);
+  EXPECT_NE(window.grab().toImage(), fixed) << "the film";
+  QTest::keyClick(&window, Qt::Key_Escape);
+  QTest::mouseClick(window.findChild<QPushButton*>(), Qt::LeftButton);
+  window.close();
+  EXPECT_EQ(stops, 3);
+  EXPECT_TRUE(window.isVisible()) << "until the state says otherwise";
+  window.draw(nullptr);
+  EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace

@@ -227,7 +227,7 @@ int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay) {
 
 SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
                               const EffectsTable& effects, const PicInPicOptions& wanted) {
-  if (wanted.preview) {
+  if (wanted.preview && !wanted.inShape) {
     options.output.height = kPreviewHeight;
     options.output.width = kPreviewWidth;
   }

@@ -65,7 +65,10 @@ ClipSliders clipSliders(const Editing& e, int clipNo) {
   ClipSliders sliders;
   sliders.jogHeading = e.settings.state.ShuttleProInstalled ? "Clip Pos \\ Mouse (ShuttlePro is Enabled)"
                                                             : "Clip Position \\ Mousewheel Control";
-  if (const auto* clip = clipOf(e, clipNo)) {
+  const auto* clip = clipOf(e, clipNo);
+  sliders.Sld_Rate.whyNot = clip == nullptr ? "There is no clip" : "A still has no speed";
+  sliders.Sld_AudioOut.whyNot = clip == nullptr ? "There is no clip" : "A still has no sound";
+  if (clip != nullptr) {
     const bool moves = !clip->IsStill();
     sliders.Sld_Rate.Enabled = sliders.Sld_AudioOut.Enabled = moves;
     if (moves) sliders.Sld_Rate.Value = static_cast<int>(std::lround(decimal(clip->Playspeed()) * kTenths));
@@ -79,21 +82,21 @@ ClipSliders clipSliders(const Editing& e, int clipNo) {
 ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts) {
   ClipKeys keys;
   const auto* clip = clipOf(e, clipNo);
-  if (clip == nullptr) {
-    keys.whyNot.fill(translated("There is no clip", {}));
+  if (clip == nullptr || !facts.toolsOff.empty()) {
+    keys.whyNot.fill(facts.toolsOff.empty() ? translated("There is no clip") : facts.toolsOff);
     return keys;
   }
-  if (!hasSnapshot(*clip)) keys.of(ClipKey::AddSnapShot) = translated("This clip has no frames", {});
+  if (!hasSnapshot(*clip)) keys.of(ClipKey::AddSnapShot) = translated("This clip has no frames");
   if (clip->IsStill()) {
-    const auto still = translated("A still has no marks", {});
-    for (const auto key : {ClipKey::SetIN, ClipKey::SetOUT, ClipKey::ResetIN, ClipKey::ResetOUT,
-                           ClipKey::Split, ClipKey::CopyEnd, ClipKey::Equi, ClipKey::Trimmer})
+    const auto still = translated("A still has no marks");
+    for (const auto key :
+         {ClipKey::SetIN, ClipKey::SetOUT, ClipKey::ResetIN, ClipKey::ResetOUT, ClipKey::Trimmer})
       keys.of(key) = still;
-    return keys;
   }
-  if (!facts.canSplit) keys.of(ClipKey::Split) = translated("Go to a place between the marks first", {});
-  if (!facts.canCopyEnd) keys.of(ClipKey::CopyEnd) = translated("Nothing lies behind the Mark-Out", {});
-  if (!facts.canCopyEqual) keys.of(ClipKey::Equi) = translated("Nothing lies behind the Mark-Out", {});
+  keys.of(ClipKey::Split) = facts.Split;
+  keys.of(ClipKey::Copy) = facts.Copy;
+  keys.of(ClipKey::CopyEnd) = facts.CopyEnd;
+  keys.of(ClipKey::Equi) = facts.Equi;
   return keys;
 }
 
@@ -103,6 +106,12 @@ EditorTotals editorTotals(const EditorState& editor) {
           .Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), kTotalMask) + "(s)",
           .audioToolTip = labels.audioToolTip,
           .audioIsRed = labels.audioIsRed};
+}
+
+EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels) {
+  auto totals = editorTotals(editor);
+  if (ToNumber(editor.AudioTotalTime) <= 0) totals.Lbl_AudTotal = labels.Lbl_AudTotal;
+  return totals;
 }
 
 }  // namespace kvo

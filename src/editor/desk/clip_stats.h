@@ -3,6 +3,7 @@
 
 #include "editor/tabs/editing.h"
 #include "editor/tabs/editor_parts_state.h"
+#include "editor/tabs/preview.h"
 
 namespace kvo {
 
@@ -14,11 +15,14 @@ ClipSliders clipSliders(const Editing& e, int clipNo);
 
 /// "Clip Speed - 0.50x", for hundredths of normal speed.
 std::string rateHeading(int hundredths);
-/// What there is to copy, and to split where the player stands.
+/// Why there is nothing to copy, or to split where the player stands, and why no key can be pressed;
+/// composed, empty where there is no hindrance.
 struct KeyFacts {
-  bool canSplit = false;
-  bool canCopyEnd = false;
-  bool canCopyEqual = false;
+  std::string toolsOff{};
+  std::string Split{};
+  std::string Copy{};
+  std::string CopyEnd{};
+  std::string Equi{};
 };
 
 /// Which of the keys cannot be pressed for clip `clipNo`, and why.
@@ -26,5 +30,7 @@ ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts);
 
 /// The lengths of the movie by its last compile.
 EditorTotals editorTotals(const EditorState& editor);
+/// The same behind the compile of a preview, which says where there is no sound.
+EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels);
 
 }  // namespace kvo

@@ -60,8 +60,9 @@ struct MainWindowDoors {
   std::function<void()> Pic_DigNumbers_Click{};          ///< the trimmer: the direct positioner
   std::function<void()> mnu_SectionName_Click{};         ///< asks for the clip's name in the list
   std::function<void(const std::string&)> AddMoviesm{};  ///< adds a file to the collection
-  std::function<void()> mnu_SaveShow_Click{};            ///< saves the collection
-  std::function<void()> empty{};                         ///< it has no clip any more
+  std::function<void()> mnu_SaveShow_Click{};  ///< saves the collection under a name that it asks for
+  std::function<void()> saveAgain{};           ///< saves it into its own file
+  std::function<void()> empty{};               ///< it has no clip any more
   std::function<void()> parkPlayer{};  ///< timers stand, the player is out of sight, the positioner closed
   std::function<void(bool)> FrmFileOpenToolsOnOff{};  ///< its tools can be used, or only show
   std::function<void()> draw{};                       ///< what is shown has changed behind no act of the user

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kAnalysingFrom = 300;    // milliseconds that it may take without a word
 constexpr int kAnalysingTick = 500;    // milliseconds
+constexpr int kBeginsAfter = 1;        // milliseconds
 constexpr int kMostAnalysing = 65;     // ticks that Frm_Analysing stays for
 constexpr std::size_t kMostNames = 5;  // of files, in a box
 constexpr Integer kOpened = 99;
@@ -36,6 +37,7 @@ void EditorDesk::Form_Load() {
   files_.forgetPassedOver();
   if (files_.known(e.collection)) return finishOpening();
   state.frame.toolsOn = false;
+  state.frame.toolsOffBecause = translated("The files of the clips are still looked into");
   state.analysing = {};
   state.analysing.total = e.clips().count();
   if (e.settings.preferences().KVOFastEdit && e.files.exists(e.folder.beside("\\PreviewDefaults.dat")))
@@ -95,6 +97,7 @@ void EditorDesk::finishOpening() {
   analysing_->stop();
   parts_.state.analysing = {};
   parts_.state.frame.toolsOn = true;
+  parts_.state.frame.toolsOffBecause.clear();
   const auto& e = parts_.editing;
   LoadEffects(e);
   GetStillOpts(e);
@@ -103,10 +106,16 @@ void EditorDesk::finishOpening() {
   shownClip_ = e.collection.icurMov;
   restoreTabs();
   Buildtabs(1);
+  begin_->start(kBeginsAfter);
+}
+
+// The window is seen by now: to time many clips takes as long again.
+void EditorDesk::begin() {
+  begin_->stop();
+  const auto& e = parts_.editing;
   Tmr_CheckChanges_Timer();
   watchChanges(true);
-  if (HaveAtleastOneVidTrack(e)) return;
-  e.boxes.show({"KVO - No Video Tracks", "No Video Tracks found ?", BoxButtons::Ok, BoxIcon::Information});
+  lacksVideo_ = !HaveAtleastOneVidTrack(e);
 }
 
 void EditorDesk::restoreTabs() {
@@ -142,6 +151,7 @@ void EditorDesk::leave() {
   KillPreview();
   watchChanges(false);
   analysing_->stop();
+  begin_->stop();
   opening_ = false;
   parts_.state.analysing = {};
   run().KVOIsInEditMode = false;

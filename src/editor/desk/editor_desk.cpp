@@ -17,10 +17,9 @@
 namespace kvo {
 namespace {
 
-constexpr int kWatchInterval = 200;                       // milliseconds
-constexpr int kFirstCheck = 5;                            // ticks until the order of the clips is looked at
-constexpr int kLastTick = 550;                            // behind which they are counted anew
-constexpr std::chrono::milliseconds kGesturePause{1000};  // that ends a gesture
+constexpr int kWatchInterval = 200;  // milliseconds
+constexpr int kFirstCheck = 5;       // ticks until the order of the clips is looked at
+constexpr int kLastTick = 550;       // behind which they are counted anew
 
 constexpr Integer kSectionChange = 1;
 constexpr Integer kMarkChange = 96;
@@ -44,6 +43,7 @@ EditorDesk::EditorDesk(const Parts& parts, MainWindowDoors doors)
       files_(parts.loop, parts.streams, [this](const LookedSoFar& news) { looked(news); }),
       Tmr_CheckChanges_(parts.loop.timer([this] { Tmr_CheckChanges_Timer(); })),
       analysing_(parts.loop.timer([this] { countTick(); })),
+      begin_(parts.loop.timer([this] { begin(); })),
       snapshots_(
           parts.loop, [this](const Snapshot& wish) { return frameOf(wish); },
           [this](const Snapshot& wish, const Result<FramePicture>& picture) {
@@ -63,35 +63,46 @@ void EditorDesk::watchChanges(bool on) {
 
 void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
   parts_.state.frame.toolsOn = on;
+  parts_.state.frame.toolsOffBecause = on ? "" : translated("Stop the preview first");
+  ShowClipStats();
   doors_.FrmFileOpenToolsOnOff(on);
+}
+
+void EditorDesk::restoreCaption() {
+  parts_.state.frame.caption =
+      translated("   Create New movie from %1", {listName(parts_.editing.collection)});
 }
 
 void EditorDesk::deleteWorkFiles() { kvo::deleteWorkFiles(parts_.editing.files, parts_.editing.folder); }
 
+void EditorDesk::hold(bool held) {
+  held_ = held;
+  if (!held) parts_.history.endSeries();
+}
+
 // What writes inside an edit is part of it.
-bool EditorDesk::edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
-                      std::string_view series) {
+bool EditorDesk::edit(std::string_view act, int clipNo, Integer changeCode,
+                      const std::function<void()>& work) {
   if (editing_) {
     work();
     return true;
   }
   const CommandPass pass(parts_.window);
   if (!pass) return false;
-  const auto now = parts_.loop.now();
-  if (now - std::exchange(lastEdit_, now) > kGesturePause) parts_.history.endSeries();
   const auto& collection = parts_.editing.collection;
   const bool isOfClip = clipNo >= 1 && clipNo <= collection.MovieList.count();
   auto name = isOfClip ? stepName(std::string(act) + " on", collection, {clipNo})
                        : translated(std::string(act).c_str(), {});
-  const auto thisSeries = series.empty() ? std::string() : std::string(series) + " " + std::to_string(clipNo);
+  const auto series = held_ ? std::string(act) + " " + std::to_string(clipNo) : std::string();
   const Holding inside(editing_);
-  const bool changed = parts_.history.change(pass, std::move(name), changeCode, work, thisSeries);
+  const bool changed = parts_.history.change(pass, std::move(name), changeCode, work, series);
   if (changed) parts_.preview.movieIsStale();
   return changed;
 }
 
 // Tmr_CheckChanges: whatever has changed, by whomever, shows within a tick.
 void EditorDesk::Tmr_CheckChanges_Timer() {
+  tellLackOfVideo();
   if (++ticks_ == kFirstCheck && !parts_.preview.isPlaying()) IsAudioBeforeVideo(parts_.editing);
   if (ticks_ > kLastTick) ticks_ = 1;
   if (!followsCollection() || parts_.window.busy()) return;
@@ -104,6 +115,13 @@ void EditorDesk::Tmr_CheckChanges_Timer() {
   ShowClipStats();
   buildClipSliders();
   followTab(code);
+}
+
+// Once the window is there for the box to stand over.
+void EditorDesk::tellLackOfVideo() {
+  if (!std::exchange(lacksVideo_, false)) return;
+  parts_.editing.boxes.show(
+      {"KVO - No Video Tracks", "No Video Tracks found ?", BoxButtons::Ok, BoxIcon::Information});
 }
 
 // False while there is no clip.
@@ -191,13 +209,22 @@ void EditorDesk::UpDateFrmFileOpen(int clipNo, bool pause) {
   if (!pause) doors_.PlayerPause();
 }
 
+// Behind a preview: the clip in hand is not the one that is previewed any more.
+void EditorDesk::Displaymovieinfo() {
+  doors_.Displaymovieinfo(parts_.editing.collection.icurMov);
+  ShowClipStats();
+}
+
 void EditorDesk::ShowClipStats() {
   const int number = parts_.editing.collection.icurMov;
   const auto& commands = parts_.commands;
+  parts_.state.frame.saveOffBecause = parts_.editing.clips().empty() ? "There is nothing to save" : "";
   parts_.state.keys = clipKeys(parts_.editing, number,
-                               {.canSplit = commands.canCopy(CopyMode::Split),
-                                .canCopyEnd = commands.canCopy(CopyMode::Tail),
-                                .canCopyEqual = commands.canCopy(CopyMode::EqualChunk)});
+                               {.toolsOff = parts_.state.frame.toolsOffBecause,
+                                .Split = commands.whyNoCopy(CopyMode::Split),
+                                .Copy = commands.whyNoCopy(CopyMode::Exact),
+                                .CopyEnd = commands.whyNoCopy(CopyMode::Tail),
+                                .Equi = commands.whyNoCopy(CopyMode::EqualChunk)});
   shownClip_ = number;
   if (clip() != nullptr && clip()->IsStream()) return;
   const bool previewing = parts_.state.frame.CurrentTab == kCreateTab && parts_.preview.isPlaying();
@@ -217,16 +244,12 @@ void EditorDesk::moveRate(int hundredths) {
       static_cast<Single>(std::clamp(hundredths, slider.Min, slider.Max)) / kHundredthsPerTenth;
   const int number = parts_.editing.collection.icurMov;
   const Integer before = run().ObjectChange;
-  edit(
-      "Speed", number, kSpeedChange, [&] { parts_.editing.clips()[number].Playspeed(tenths); }, "speed");
+  edit("Speed", number, kSpeedChange, [&] { parts_.editing.clips()[number].Playspeed(tenths); });
   run().ObjectChange = before;
   buildClipSliders();
 }
 
-void EditorDesk::letGoRate() {
-  parts_.history.endSeries();
-  run().postChange(kSpeedChange, kSpeedChange);
-}
+void EditorDesk::letGoRate() { run().postChange(kSpeedChange, kSpeedChange); }
 
 void EditorDesk::moveLevel(int tenths) {
   const auto* inHand = clip();
@@ -234,16 +257,28 @@ void EditorDesk::moveLevel(int tenths) {
   const auto& slider = parts_.state.sliders.Sld_AudioOut;
   const auto level = static_cast<Single>(std::clamp(tenths, slider.Min, slider.Max)) / kLevelTenths;
   const int number = parts_.editing.collection.icurMov;
-  edit(
-      "Level", number, kSectionChange, [&] { parts_.editing.clips()[number].AudioOutputLevel(level); },
-      "level");
+  edit("Level", number, kSectionChange, [&] { parts_.editing.clips()[number].AudioOutputLevel(level); });
   buildClipSliders();
 }
 
-void EditorDesk::letGoLevel() { parts_.history.endSeries(); }
-
 void EditorDesk::saveProject() {
   if (!parts_.editing.clips().empty()) doors_.mnu_SaveShow_Click();
+}
+
+void EditorDesk::saveAgain() {
+  if (!parts_.editing.clips().empty()) doors_.saveAgain();
+}
+
+void EditorDesk::Cmd_Help() const {
+  parts_.editing.boxes.show(
+      {"KVO - Create Movie",
+       translated(
+           "A movie is made of the clips in the order of the timeline. Drag a clip to move it, its edges to "
+           "shorten it, and its front over the clip before for a transition.\n\n"
+           "Each tab works on the chosen clip: Transition leads into it, Effect and Color change its "
+           "picture, Stills sets how long pictures are shown, Audio its sound and the music below.\n\n"
+           "Preview, or Space, plays the movie. Ctrl+Z takes back whatever was done, Ctrl+S saves."),
+       BoxButtons::Ok, BoxIcon::Information});
 }
 
 }  // namespace kvo

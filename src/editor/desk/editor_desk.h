@@ -10,7 +10,6 @@
 #include "ports/last_wish.h"
 #include "program/list_commands.h"
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -66,18 +65,23 @@ class EditorDesk : public PreviewHost {
 
   /// One of the keys; nothing where clipKeys says that it cannot be pressed.
   void press(ClipKey key);
+  /// A key or the mouse is held down in a window of the editor, or let go: what is done meanwhile is one
+  /// step.
+  void hold(bool held);
+
   /// Sld_Rate, in hundredths of normal speed, and the hand that lets it go.
   void moveRate(int hundredths);
   void letGoRate();
   /// Sld_AudioOut, in tenths of full level.
   void moveLevel(int tenths);
-  void letGoLevel();
-  /// KVOBut_SaveProject.
+  /// KVOBut_SaveProject, which asks for a name, and Ctrl+S, which does so only where there is no file yet.
   void saveProject();
+  void saveAgain();
+  /// Cmd_Help: how a movie is made.
+  void Cmd_Help() const;
 
   // Of the tabs
-  bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
-            std::string_view series) override;
+  bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work) override;
   void UpDateFrmFileOpen(int clipNo, bool pause) override;
   void sample(Sample what, int clipNo) override { parts_.preview.sample(what, clipNo); }
   void KillPreview() override { parts_.preview.KillPreview(); }
@@ -91,7 +95,8 @@ class EditorDesk : public PreviewHost {
   void FrmFileOpenToolsOnOff(bool on) override;
   void watchChanges(bool on) override;
   void selectRow(int clipNo) override { parts_.list.select(clipNo); }
-  void Displaymovieinfo() override { doors_.Displaymovieinfo(parts_.editing.collection.icurMov); }
+  void Displaymovieinfo() override;
+  void restoreCaption() override;
   void deleteWorkFiles() override;
   [[nodiscard]] StillControls stillControls() const override { return controls_.stills(); }
   [[nodiscard]] bool Chk_AutoRewind() const override { return controls_.Chk_AutoRewind(); }
@@ -106,11 +111,13 @@ class EditorDesk : public PreviewHost {
 
   void showCaption();
   void finishOpening();
+  void begin();
   void restoreTabs();
   void looked(const LookedSoFar& news);
   void tellPassedOver(const std::vector<std::string>& files);
   void Tmr_CheckChanges_Timer();
   void countTick();
+  void tellLackOfVideo();
   bool followsCollection();
   void membershipChanged();
   void takeSounds();
@@ -131,15 +138,17 @@ class EditorDesk : public PreviewHost {
   ClipFiles files_;
   std::unique_ptr<Timer> Tmr_CheckChanges_;
   std::unique_ptr<Timer> analysing_;
+  std::unique_ptr<Timer> begin_;
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   bool opening_ = false;
-  bool editing_ = false;  // inside an edit
+  bool lacksVideo_ = false;  // and it is still to be told
+  bool editing_ = false;     // inside an edit
+  bool held_ = false;        // by the user, a key or the mouse
   bool hasMusic_ = false;
   int analysingTicks_ = 0;
   bool filmWasShown_ = false;
   int ticks_ = 0;
-  int shownClip_ = 0;  // whose details were shown last
-  std::chrono::milliseconds lastEdit_{};
+  int shownClip_ = 0;               // whose details were shown last
   bool LoopPreviews_ = false;       // as they were ahead of the opening
   bool SliderPauseOnRepo_ = false;  // likewise
 };

@@ -33,21 +33,20 @@ void TimelineDesk::moveTo(int clip, int before) {
 
 void TimelineDesk::setMark(const MarkGesture& mark) {
   if (!has(mark.clip)) return;
-  parts_.desk.edit(
-      mark.edge == ClipEdge::In ? "Mark-In" : "Mark-Out", mark.clip, kMarkMoved,
-      [&] { writeMark(parts_.editing.clips()[mark.clip], mark); }, mark.byStep ? "mark" : "");
+  parts_.desk.edit(mark.edge == ClipEdge::In ? "Mark-In" : "Mark-Out", mark.clip, kMarkMoved,
+                   [&] { writeMark(parts_.editing.clips()[mark.clip], mark); });
 }
 
 void TimelineDesk::setTransIn(const TransInGesture& transition) {
   if (!has(transition.clip)) return;
   parts_.desk.edit("Transition", transition.clip, kPlaceMoved,
-                   [&] { writeTransIn(parts_.editing.clips()[transition.clip], transition); }, {});
+                   [&] { writeTransIn(parts_.editing.clips()[transition.clip], transition); });
 }
 
 void TimelineDesk::setFade(const FadeGesture& fade) {
   if (!has(fade.clip)) return;
   parts_.desk.edit("Fade", fade.clip, kPlaceMoved,
-                   [&] { writeFade(parts_.editing.clips()[fade.clip], fade); }, {});
+                   [&] { writeFade(parts_.editing.clips()[fade.clip], fade); });
 }
 
 void TimelineDesk::showFrame(int clip, double seconds) {
@@ -65,15 +64,17 @@ void TimelineDesk::insertFiles(const std::vector<std::string>& files, int before
   });
 }
 
-void TimelineDesk::copy(int clip) {
+std::string TimelineDesk::copy(int clip) {
   select(clip);
-  parts_.commands.copy(CopyMode::Exact);
+  auto why = parts_.commands.whyNoCopy(CopyMode::Exact);
+  if (why.empty()) parts_.commands.copy(CopyMode::Exact);
+  return why;
 }
 
-void TimelineDesk::split(int clip, double seconds) {
-  if (!has(clip)) return;
+std::string TimelineDesk::split(int clip, double seconds) {
+  if (!has(clip)) return {};
   select(clip);
-  parts_.commands.split(placeIn(parts_.editing.clips()[clip], seconds));
+  return parts_.commands.split(placeIn(parts_.editing.clips()[clip], seconds));
 }
 
 void TimelineDesk::openTab(int tab, int clip) {

@@ -43,8 +43,8 @@ class TimelineDesk : public TimelineActs {
   void endFrame() override { doors_.endFrame(); }
   void insertFiles(const std::vector<std::string>& files, int before) override;
   void remove(int clip) override { parts_.commands.Removeit(clip); }
-  void copy(int clip) override;
-  void split(int clip, double seconds) override;
+  std::string copy(int clip) override;
+  std::string split(int clip, double seconds) override;
   void openTab(int tab, int clip) override;
   void openTrimmer(int clip) override;
   void openMenu(int clip, int x, int y) override { doors_.openMenu(clip, x, y); }

@@ -122,6 +122,7 @@ bool PreviewEngine::CreatePreview(bool Play) {
   }
   if (Play || state_.PreviewPlaying) release();
   state_.labels = *labels;
+  ++state_.compiles;
   state_.FSB_RenderRange.Max = labels->FSB_RenderRangeMax;
   state_.cuts.assign(editing_.editor.ClipStopList.begin(), editing_.editor.ClipStopList.end());
   saveGraph(*document);
@@ -188,10 +189,7 @@ void PreviewEngine::release() {
   unwritten_.clear();
   sought_.reset();
   player_.clear();
-  if (movieRuns()) {
-    host_.FrmFileOpenToolsOnOff(true);
-    host_.watchChanges(true);
-  }
+  const bool ran = movieRuns();
   if (isSample()) {
     state_.FSB_RenderRange = movieBar_;
     state_.cuts = movieCuts_;
@@ -199,18 +197,43 @@ void PreviewEngine::release() {
   state_.kind = PreviewKind::None;
   state_.clipNo = 0;
   state_.title.clear();
+  state_.overlayPosition = 0;
   state_.position = state_.total = 0;
   state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
   ShowPreviewBut();
+  if (ran) {
+    host_.FrmFileOpenToolsOnOff(true);
+    host_.watchChanges(true);
+  }
   host_.Displaymovieinfo();
 }
 
 void PreviewEngine::failed(const std::string& text) {
   editing_.log.LogError(text);
   KillPreview();
-  state_.failure = text;
+  state_.failure = reasonOf(text);
   stale_ = true;
+  host_.previewChanged();
+}
+
+// A clip whose file is gone is the reason, whatever the engine made of it.
+std::string PreviewEngine::reasonOf(const std::string& text) {
+  waitsFor_.clear();
+  for (int i = 1; i <= editing_.clips().count(); ++i) {
+    const auto& clip = editing_.clips()[i];
+    const auto file = clipFile(clip);
+    if (text.find(file) == std::string::npos || editing_.files.exists(file)) continue;
+    waitsFor_ = file;
+    return missingText(titleOf(clip));
+  }
+  return text;
+}
+
+void PreviewEngine::filesCame() {
+  if (waitsFor_.empty() || editing_.editor.missingFiles.contains(waitsFor_)) return;
+  waitsFor_.clear();
+  state_.failure.clear();
   host_.previewChanged();
 }
 
@@ -237,8 +260,8 @@ void PreviewEngine::PreviewtransPort(Key key) {
     return isSample() ? DirXPlay(0) : PrepPreview();
   }
   if (state_.kind == PreviewKind::None && !standOnMovie()) return;
-  const bool steps = key == Key::StepBack || key == Key::StepForward;
-  if (steps && state_.PreviewPlaying && !state_.paused) PausePreview();
+  const bool stays = key != Key::ToStart;  // the end, too, is there to be seen: a rewind would follow
+  if (stays && state_.PreviewPlaying && !state_.paused) PausePreview();
   const auto last = player_.frames() - 1;
   const auto now = GetPreviewPositionFrame();
   const auto to = key == Key::ToStart ? 0 : key == Key::ToEnd ? last : now + (key == Key::StepBack ? -1 : 1);
@@ -261,8 +284,7 @@ bool PreviewEngine::standOnMovie() {
   const auto code = change;  // the change watch has still to hear of it
   auto document = compilePreviewText(editing_, powerOf(editing_.settings));
   change = code;
-  const double total = ToNumber(editing_.editor.LastClipStop);
-  state_.FSB_RenderRange.Max = static_cast<int>(std::floor(total));
+  state_.FSB_RenderRange.Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
   state_.kind = PreviewKind::Movie;
   stale_ = false;
   PreviewIt(std::move(document), state_.FSB_RenderRange.Value, true);
@@ -328,10 +350,20 @@ void PreviewEngine::beginWish() {
   editing_.settings.state.KeyframePreview = wish.what == Sample::Keyframe;
   state_.title = wish.what == Sample::Transition ? transitionClipsText(editing_.collection, wish.clipNo)
                                                  : titleOf(editing_.clips()[wish.clipNo]);
+  state_.overlayPosition = overlayPositionOf(wish);
   state_.PreviewPlaying = false;
   unwritten_ = document;
+  if (wish.what == Sample::PictureInPicture)
+    document = CreatePinPPreview(editing_, wish.clipNo, {.preview = true, .inShape = true});
   TimerPreview_->start(kSampleTick);
   PreviewIt(std::move(document), from, false);
+}
+
+int PreviewEngine::overlayPositionOf(const Wish& wish) const {
+  if (wish.what != Sample::PictureInPicture) return 0;
+  const auto look = readPicInPic(editing_.clips()[wish.clipNo].HasPicInPic());
+  const bool isThere = look && look->overlayClip >= 1 && look->overlayClip <= editing_.clips().count();
+  return isThere ? look->position : 0;
 }
 
 // A sample that is not followed by another at once is kept as the document that was shown last.
@@ -412,6 +444,7 @@ void PreviewEngine::watchEnd() {
     TimeCodeOff();
     state_.FSB_RenderRange.Value = 0;
   }
+  host_.restoreCaption();
   host_.Displaymovieinfo();
   host_.deleteWorkFiles();
   host_.FrmFileOpenToolsOnOff(true);

@@ -58,6 +58,9 @@ class PreviewEngine {
   /// The collection is another than the one that was compiled.
   void movieIsStale() { stale_ = true; }
 
+  /// The editor's missing files are others: what could not be shown for want of one may be tried again.
+  void filesCame();
+
   /// The sample that is shown, if one is, is made anew: its clip has changed.
   void sampleAnew();
 
@@ -91,10 +94,12 @@ class PreviewEngine {
   bool standOnMovie();
   void beginWish();
   [[nodiscard]] std::string documentOf(const Wish& wish) const;
+  [[nodiscard]] int overlayPositionOf(const Wish& wish) const;
   void writeSample();
   void watchEnd();
   void arrived(std::int64_t frame, std::shared_ptr<const Bitmap> picture);
   void failed(const std::string& text);
+  [[nodiscard]] std::string reasonOf(const std::string& text);
   void UpdateFrmFileOpenFillist();
 
   PreviewState& state_;
@@ -111,6 +116,7 @@ class PreviewEngine {
   std::optional<std::int64_t> sought_;  // the frame that is on its way
   RenderRange movieBar_;                // the movie's, while a sample has the bar
   std::vector<double> movieCuts_;
+  std::string waitsFor_;  // the file for want of which it failed
   bool stale_ = true;
   bool began_ = false;  // the player has been seen doing what it was told
   int tick_ = 0;

@@ -27,6 +27,9 @@ class PreviewHost : public TabHost {
   /// The main window shows the details of the selected clip.
   virtual void Displaymovieinfo() = 0;
 
+  /// The movie has come to its end: the window's caption says what it is made from.
+  virtual void restoreCaption() = 0;
+
   /// What a preview left beside the program goes.
   virtual void deleteWorkFiles() = 0;
 

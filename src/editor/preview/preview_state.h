@@ -4,6 +4,7 @@
 #include "editor/tabs/preview.h"
 #include "ports/timeline_player.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,6 +31,7 @@ struct PreviewState {
   std::string failure;  ///< why nothing can be shown; empty when all is well
 
   std::shared_ptr<const Bitmap> picture;  ///< the newest; null when there is none
+  int overlayPosition = 0;                ///< 1 to 15, of a clip that is laid over what is seen; 0 for none
   std::string title;                      ///< of what is seen: a clip, or the two of a transition
   double position = 0;                    ///< seconds, of the picture
   double total = 0;                       ///< seconds of what is in hand
@@ -42,7 +44,8 @@ struct PreviewState {
   std::vector<double> cuts;  ///< seconds: where the clips of the movie end
 
   std::string Cmd_PrevGrph = "Preview";
-  PreviewLabels labels;  ///< lengths of the movie, as it was compiled last
+  PreviewLabels labels;        ///< lengths of the movie, as it was compiled last
+  std::uint64_t compiles = 0;  ///< how often that was
 };
 
 }  // namespace kvo

@@ -73,6 +73,9 @@ void readClip(const Editing& e, AudioTab& tab) {
   tab.fadeOut = audioSlider(kFadeTenths, tab.fades.fadeOut, tab.fades.renderAudio, titles.fadeOut);
   tab.level = audioSlider(kMostLevel, decimal(clip.AudioOutputLevel()) * kFullLevel, tab.hasSound, {});
   tab.level.heading = audioLevelHeading(tab.level.Value);
+  tab.level.whyNot = "This clip has no sound";
+  tab.fadeIn.whyNot = tab.fadeOut.whyNot =
+      tab.hasSound ? "Put this sound in the movie first" : tab.level.whyNot;
 }
 
 void readMovie(const Editing& e, AudioTab& tab) {
@@ -90,17 +93,18 @@ void readMovie(const Editing& e, AudioTab& tab) {
   tab.trackFade = audioSlider(kTrackFadeTenths, fade, tab.Chk_RenderClipAudio && !e.editor.hasNoVideo, {});
   tab.trackFade.heading =
       translated("Fade between clips - %1s", {FormatMask(std::max(fade, 0.0) / 10, "0.0##")});
+  tab.trackFade.whyNot =
+      e.editor.hasNoVideo ? "No clip has a picture" : "The clips' own audio is not in the movie";
 }
 
 void readNotice(const Editing& e, AudioTab& tab) { tab.notice = noticeOf(e, tab.hasMusic); }
 
 // One step of the history on the chosen clip.
 bool changeSound(const Editing& e, AudioTab& tab, TabHost& host, std::string_view act, Integer code,
-                 bool isSeries, const std::function<void(Movie&)>& work) {
+                 const std::function<void(Movie&)>& work) {
   const int clipNo = chosenClip(tab.Lst_AudioMovies);
   if (!tab.hasSound) return false;
-  const bool done = host.edit(
-      act, clipNo, code, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  const bool done = host.edit(act, clipNo, code, [&] { work(e.clips()[clipNo]); });
   readClip(e, tab);
   return done;
 }
@@ -108,7 +112,7 @@ bool changeSound(const Editing& e, AudioTab& tab, TabHost& host, std::string_vie
 void moveFade(const Editing& e, AudioTab& tab, TabHost& host, std::string_view act,
               const AudioFadeControls& wanted) {
   if (!tab.fades.renderAudio) return;
-  changeSound(e, tab, host, act, 0, true, [&](Movie& clip) { storeAudioFades(clip, wanted); });
+  changeSound(e, tab, host, act, 0, [&](Movie& clip) { storeAudioFades(clip, wanted); });
 }
 
 }  // namespace
@@ -147,7 +151,7 @@ void chooseAudioClip(const Editing& e, AudioTab& tab, TabHost& host, int row) {
 }
 
 void tickClipSound(const Editing& e, AudioTab& tab, TabHost& host, bool on) {
-  changeSound(e, tab, host, on ? "Sound on" : "Sound off", kLevelChanged, false, [&](Movie& clip) {
+  changeSound(e, tab, host, on ? "Sound on" : "Sound off", kLevelChanged, [&](Movie& clip) {
     clip.RenderAudio(on);
     storeAudioFades(clip, {on, tab.fades.fadeIn, tab.fades.fadeOut});
   });
@@ -167,7 +171,7 @@ void letGoFade(const Editing& e, const AudioTab& tab) {
 }
 
 void moveAudioLevel(const Editing& e, AudioTab& tab, TabHost& host, int tenths) {
-  const bool done = changeSound(e, tab, host, "Level", kLevelChanged, true, [&](Movie& clip) {
+  const bool done = changeSound(e, tab, host, "Level", kLevelChanged, [&](Movie& clip) {
     clip.AudioOutputLevel(static_cast<Single>(static_cast<double>(tenths) / kFullLevel));
   });
   if (!done) return;
@@ -175,9 +179,8 @@ void moveAudioLevel(const Editing& e, AudioTab& tab, TabHost& host, int tenths) 
   host.ShowClipStats();
 }
 
-void chooseOverlayOrder(const Editing& e, AudioTab& tab, OverlayOrder order) {
-  e.editor.controls.Opt_StackOverlay = order;
-  e.settings.state.postChange(kLevelChanged, kLevelChanged);
+void chooseOverlayOrder(const Editing& e, AudioTab& tab, TabHost& host, OverlayOrder order) {
+  host.edit("Order of the music", 0, kLevelChanged, [&] { e.editor.controls.Opt_StackOverlay = order; });
   readMovie(e, tab);
 }
 
@@ -189,21 +192,17 @@ void tickAutoTrim(const Editing& e, AudioTab& tab, TabHost& host, bool on) {
   readMovie(e, tab);
 }
 
-void tickRenderClipAudio(const Editing& e, AudioTab& tab, bool on) {
-  e.editor.controls.Chk_RenderClipAudio = on;
-  e.settings.state.postChange(kLevelChanged, kLevelChanged);
+void tickRenderClipAudio(const Editing& e, AudioTab& tab, TabHost& host, bool on) {
+  host.edit(on ? "Clips' own audio on" : "Clips' own audio off", 0, kLevelChanged,
+            [&] { e.editor.controls.Chk_RenderClipAudio = on; });
   readMovie(e, tab);
 }
 
 void moveTrackFade(const Editing& e, AudioTab& tab, TabHost& host, int tenths) {
-  constexpr std::string_view kAct = "Fade between clips";
-  host.edit(
-      kAct, 0, 0,
-      [&] {
-        e.settings.change().VideoTrackFadeAmt = static_cast<Single>(tenths);
-        UpdateTrackFade(e, false);
-      },
-      kAct);
+  host.edit("Fade between clips", 0, 0, [&] {
+    e.settings.change().VideoTrackFadeAmt = static_cast<Single>(tenths);
+    UpdateTrackFade(e, false);
+  });
   readMovie(e, tab);
 }
 

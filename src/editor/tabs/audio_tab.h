@@ -66,9 +66,9 @@ void letGoFade(const Editing& e, const AudioTab& tab);
 
 void moveAudioLevel(const Editing& e, AudioTab& tab, TabHost& host, int tenths);
 
-void chooseOverlayOrder(const Editing& e, AudioTab& tab, OverlayOrder order);
+void chooseOverlayOrder(const Editing& e, AudioTab& tab, TabHost& host, OverlayOrder order);
 void tickAutoTrim(const Editing& e, AudioTab& tab, TabHost& host, bool on);
-void tickRenderClipAudio(const Editing& e, AudioTab& tab, bool on);
+void tickRenderClipAudio(const Editing& e, AudioTab& tab, TabHost& host, bool on);
 /// Held within the shortest clip.
 void moveTrackFade(const Editing& e, AudioTab& tab, TabHost& host, int tenths);
 

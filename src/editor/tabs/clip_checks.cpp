@@ -1,6 +1,7 @@
 #include "editor/tabs/clip_checks.h"
 
 #include "base/text.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 
@@ -25,6 +26,10 @@ bool IsAudioBeforeVideo(const Editing& e) {
                     e.clips()[misplaced].MovieName() + ">\r\nto the end of the collection.",
                 BoxButtons::Ok, BoxIcon::Warning});
   return true;
+}
+
+std::string missingText(const std::string& name) {
+  return translated("%1 has been moved or no longer exists", {name});
 }
 
 int GetIndividualClipNo(std::string_view row) {

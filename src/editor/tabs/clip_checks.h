@@ -4,12 +4,16 @@
 
 #include "editor/tabs/editing.h"
 
+#include <string>
 #include <string_view>
 
 namespace kvo {
 
 /// Checks that audio clips stand at the end; true, with a warning box that names the clip, when one does not.
 bool IsAudioBeforeVideo(const Editing& e);
+
+/// What is told of a clip whose file is gone.
+std::string missingText(const std::string& name);
 
 /// The clip number at the end of a list's row: its last four characters, trimmed. 0 gives 1.
 int GetIndividualClipNo(std::string_view row);

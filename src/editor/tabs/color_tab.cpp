@@ -38,18 +38,24 @@ void SetColorFrametoObj(const Editing& e, ColorTab& tab) {
     const double stored = decimal((clip.*row.get)());
     const int value = toLongClamped(RoundToWhole(stored));
     tab.levels[i] = {std::min(0, value), std::max(row.max, value), value, tab.enabled, row.name};
+    tab.levels[i].whyNot = "Choose a clip first";
     tab.isAdjusted = tab.isAdjusted || stored != 0;
   }
 }
 
-void changeColours(const Editing& e, ColorTab& tab, TabHost& host, std::string_view act, bool isSeries,
+void changeColours(const Editing& e, ColorTab& tab, TabHost& host, std::string_view act,
                    const std::function<void(Movie&)>& work) {
   const int clipNo = chosenClip(tab.Lst_ColorAdjust);
   if (!tab.enabled) return;
-  const bool done = host.edit(
-      act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  const bool done = host.edit(act, clipNo, 0, [&] { work(e.clips()[clipNo]); });
   SetColorFrametoObj(e, tab);
   if (done) host.sample(Sample::Colour, clipNo);
+}
+
+// A clip as it is shows no sample, and that of another must not stand for it.
+void sampleColours(const ColorTab& tab, TabHost& host, bool isOther) {
+  if (tab.isAdjusted) return host.sample(Sample::Colour, chosenClip(tab.Lst_ColorAdjust));
+  if (isOther) host.KillPreview();
 }
 
 }  // namespace
@@ -57,15 +63,18 @@ void changeColours(const Editing& e, ColorTab& tab, TabHost& host, std::string_v
 std::string_view colourLevelName(ColourLevel level) { return rowOf(level).name; }
 
 void enterTab(const Editing& e, ColorTab& tab, TabHost& host) {
-  followTab(e, tab, host, true);
+  tab.Lst_ColorAdjust.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
+  followTab(e, tab, host, false);
   if (!tab.Lst_ColorAdjust.hasChoice() && !tab.Lst_ColorAdjust.rows.empty())
     chooseColourClip(e, tab, host, 0);
 }
 
-void followTab(const Editing& e, ColorTab& tab, TabHost& /*host*/, bool rebuild) {
+void followTab(const Editing& e, ColorTab& tab, TabHost& host, bool rebuild) {
+  const int before = chosenClip(tab.Lst_ColorAdjust);
   if (rebuild) tab.Lst_ColorAdjust.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
   SetMovieLstToMainIndex(e, tab.Lst_ColorAdjust);
   SetColorFrametoObj(e, tab);
+  if (rebuild) sampleColours(tab, host, chosenClip(tab.Lst_ColorAdjust) != before);
 }
 
 void chooseColourClip(const Editing& e, ColorTab& tab, TabHost& host, int row) {
@@ -75,21 +84,20 @@ void chooseColourClip(const Editing& e, ColorTab& tab, TabHost& host, int row) {
   SetColorFrametoObj(e, tab);
   host.buildClipSliders();
   host.ShowClipStats();
-  if (tab.isAdjusted) host.sample(Sample::Colour, chosenClip(tab.Lst_ColorAdjust));
+  sampleColours(tab, host, true);
 }
 
 void moveColourLevel(const Editing& e, ColorTab& tab, TabHost& host, ColourLevel level, int value) {
   const auto& row = rowOf(level);
-  changeColours(e, tab, host, row.name, true,
-                [&](Movie& clip) { (clip.*row.set)(static_cast<Single>(value)); });
+  changeColours(e, tab, host, row.name, [&](Movie& clip) { (clip.*row.set)(static_cast<Single>(value)); });
 }
 
 void tickSepia(const Editing& e, ColorTab& tab, TabHost& host, bool on) {
-  changeColours(e, tab, host, "Sepia", false, [&](Movie& clip) { clip.Sepia(on); });
+  changeColours(e, tab, host, "Sepia", [&](Movie& clip) { clip.Sepia(on); });
 }
 
 void resetColours(const Editing& e, ColorTab& tab, TabHost& host) {
-  changeColours(e, tab, host, "Reset colors", false, [](Movie& clip) {
+  changeColours(e, tab, host, "Reset colors", [](Movie& clip) {
     for (const auto& row : kColourRows) (clip.*row.set)(0);
     clip.Sepia(false);
   });

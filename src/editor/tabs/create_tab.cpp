@@ -125,8 +125,7 @@ void CreateRules::chooseDepth(int bits) {
 
 void CreateRules::movePower(int power) {
   power = std::clamp(power, 1, kMostPower);
-  host_.edit(
-      "Preview power", 0, 0, [&] { e_.settings.change().PreviewCPU = static_cast<Integer>(power); }, "power");
+  host_.edit("Preview power", 0, 0, [&] { e_.settings.change().PreviewCPU = static_cast<Integer>(power); });
   refresh();
   tab_.Fra_PreviewOpts = powerCaption(tab_.Sld_CPURequired);
   ++tab_.Label42Changes;

@@ -31,7 +31,8 @@ struct ClipSlider {
   int Max = 200;
   int Value = 100;
   bool Enabled = false;
-  std::string heading;  ///< composed
+  std::string heading;   ///< composed
+  std::string whyNot{};  ///< it is off, where a reason is known
   bool operator==(const ClipSlider&) const = default;
 };
 
@@ -86,10 +87,12 @@ struct EditorHistory {
 /// The window itself.
 struct EditorFrame {
   bool visible = false;
-  std::string caption;  ///< composed
-  int CurrentTab = 1;   ///< 1 to 7
-  bool toolsOn = true;  ///< false while the movie is previewed: tabs, pages and tools only show
-  double zoom = 0.5;    ///< of the timeline, 0 to 1 along its slider
+  std::string caption;            ///< composed
+  int CurrentTab = 1;             ///< 1 to 7
+  bool toolsOn = true;            ///< false while the movie is previewed: tabs, pages and tools only show
+  double zoom = 0.5;              ///< of the timeline, 0 to 1 along its slider
+  std::string toolsOffBecause{};  ///< composed; empty while they are on
+  std::string saveOffBecause{};   ///< there is nothing to save; empty where there is
   bool operator==(const EditorFrame&) const = default;
 };
 

@@ -4,6 +4,7 @@
 
 #include "editor/compiler/compile.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,7 @@ struct EditorState {
   int OutputHeight = 0;
   bool hasNoVideo = false;  ///< the last look found no clip with a picture
   std::vector<float> ClipStopList;
+  std::set<std::string> missingFiles;  ///< of the clips, that were not there at the last look
 };
 
 }  // namespace kvo

@@ -14,6 +14,7 @@ namespace {
 constexpr int kFirstPaletteSlot = static_cast<int>(EffectSwitch::FirstPaletteSlot);
 constexpr int kLastPaletteSlot = static_cast<int>(EffectSwitch::LastPaletteSlot);
 constexpr int kEasePosition = static_cast<int>(EffectSwitch::Ease);
+constexpr int kFilmAgePosition = static_cast<int>(EffectSwitch::FilmAge);
 constexpr Integer kMembershipChanged = 99;
 constexpr int kAudioTab = 2;
 constexpr double kHundred = 100;
@@ -122,6 +123,7 @@ void readRecord(const Editing& e, EffectTab& tab) {
   for (std::size_t i = 0; i < kEffectLevels; ++i) {
     const auto& range = kLevelRanges[i];
     tab.levels[i] = sliderOf(range.min, range.max, values[i], tab.controls.switches.isOn(range.effect));
+    tab.levels[i].whyNot = tab.enabled ? "Switch the effect on first" : "Choose a clip first";
   }
   const bool eases = tab.controls.switches.isOn(EffectSwitch::Ease);
   readEase(tab.enabled ? e.clips()[clipNo] : Movie(), eases, tab.ease);
@@ -129,12 +131,11 @@ void readRecord(const Editing& e, EffectTab& tab) {
 }
 
 // One step of the history on the chosen clip, and what the window shows behind it.
-void change(const Editing& e, EffectTab& tab, TabHost& host, std::string_view act, bool isSeries,
+void change(const Editing& e, EffectTab& tab, TabHost& host, std::string_view act,
             const std::function<void(Movie&)>& work) {
   const int clipNo = chosenClip(tab.Lst_Clips);
   if (!tab.enabled) return;
-  const bool done = host.edit(
-      act, clipNo, 0, [&] { work(e.clips()[clipNo]); }, isSeries ? act : "");
+  const bool done = host.edit(act, clipNo, 0, [&] { work(e.clips()[clipNo]); });
   readRecord(e, tab);
   if (!done) return;
   host.ShowClipStats();
@@ -148,6 +149,13 @@ void fillList(const Editing& e, EffectTab& tab) {
 
 void giveEaseDefault(Movie& clip) {
   if (clip.InitialScaleA() == 0 && clip.ScaleA() == 0) applyEaseDefaultOut(clip);
+}
+
+// A clip without effects shows none, and the sample of another must not stand for it.
+void sampleEffects(const EffectTab& tab, TabHost& host, bool isOther) {
+  if (tab.enabled && tab.controls.switches.any())
+    return host.sample(Sample::Effect, chosenClip(tab.Lst_Clips));
+  if (isOther) host.KillPreview();
 }
 
 // While it is the only one it stands for the sliders.
@@ -186,6 +194,7 @@ void enterTab(const Editing& e, EffectTab& tab, TabHost& host) {
 }
 
 void followTab(const Editing& e, EffectTab& tab, TabHost& host, bool rebuild) {
+  const int before = chosenClip(tab.Lst_Clips);
   if (rebuild || tab.Lst_Clips.rows.empty()) fillList(e, tab);
   if (tab.Lst_Clips.rows.empty()) return leaveEmpty(e, tab, host);
   SetMovieLstToMainIndex(e, tab.Lst_Clips);
@@ -194,6 +203,7 @@ void followTab(const Editing& e, EffectTab& tab, TabHost& host, bool rebuild) {
     return;
   }
   readRecord(e, tab);
+  if (rebuild) sampleEffects(tab, host, chosenClip(tab.Lst_Clips) != before);
 }
 
 void chooseEffectClip(const Editing& e, EffectTab& tab, TabHost& host, int row) {
@@ -203,11 +213,11 @@ void chooseEffectClip(const Editing& e, EffectTab& tab, TabHost& host, int row) 
   readRecord(e, tab);
   host.buildClipSliders();
   host.ShowClipStats();
-  if (tab.enabled && tab.controls.switches.any()) host.sample(Sample::Effect, chosenClip(tab.Lst_Clips));
+  sampleEffects(tab, host, true);
 }
 
 void tickEffect(const Editing& e, EffectTab& tab, TabHost& host, int position, bool on) {
-  change(e, tab, host, actOf(e, position), false, [&](Movie& clip) {
+  change(e, tab, host, actOf(e, position), [&](Movie& clip) {
     auto controls = tab.controls;
     switchEffect(e, controls, position, on);
     if (on && position == kEasePosition) giveEaseDefault(clip);
@@ -227,13 +237,21 @@ void tickNamed(const Editing& e, EffectTab& tab, TabHost& host, NameChooser& nam
   if (face.isOn) names.noteUse(face.caption);
 }
 
-bool opensKeyframes(const Editing& e, EffectTab& tab, int position) {
-  if (!tab.enabled || !tab.controls.switches.isOn(position)) return false;
-  return configureEffect(e, position);
+Configured configure(const Editing& e, EffectTab& tab, TabHost& host, int position) {
+  if (!tab.enabled) return {.showsKeyframes = false, .whyNot = "Choose a clip first"};
+  if (!tab.controls.switches.isOn(position))
+    return {.showsKeyframes = false, .whyNot = "Switch the effect on first"};
+  if (position == kEasePosition) {
+    showEaseOpts(e, tab, host, true);
+    return {};
+  }
+  if (position == kFilmAgePosition)
+    return {.showsKeyframes = false, .whyNot = "The age of a film has no keyframes"};
+  return {.showsKeyframes = configureEffect(e, position), .whyNot = {}};
 }
 
 void moveEffectLevel(const Editing& e, EffectTab& tab, TabHost& host, EffectLevel level, int value) {
-  change(e, tab, host, kLevelRanges[indexOf(level)].name, true, [&](Movie& clip) {
+  change(e, tab, host, kLevelRanges[indexOf(level)].name, [&](Movie& clip) {
     const auto stored = toInteger(value).value_or(0);
     switch (level) {
       case EffectLevel::Blur:
@@ -254,40 +272,40 @@ void showEaseOpts(const Editing& e, EffectTab& tab, TabHost& host, bool open) {
   if (open && tab.enabled) {
     const auto& clip = e.clips()[chosenClip(tab.Lst_Clips)];
     if (clip.InitialScaleA() == 0 && clip.ScaleA() == 0) {
-      change(e, tab, host, "Ease", false, [](Movie& eased) { giveEaseDefault(eased); });
+      change(e, tab, host, "Ease", [](Movie& eased) { giveEaseDefault(eased); });
     }
   }
   tab.ease.open = open && tab.controls.switches.isOn(EffectSwitch::Ease);
 }
 
 void chooseEase(const Editing& e, EffectTab& tab, TabHost& host, bool in) {
-  change(e, tab, host, "Ease", false, [&](Movie& clip) { clip.EaseIN(in); });
+  change(e, tab, host, "Ease", [&](Movie& clip) { clip.EaseIN(in); });
 }
 
 void moveEase(const Editing& e, EffectTab& tab, TabHost& host, EaseLevel level, int hundredths) {
   const auto& range = kEaseRanges[indexOf(level)];
-  change(e, tab, host, range.name, true, [&](Movie& clip) {
+  change(e, tab, host, range.name, [&](Movie& clip) {
     (clip.*range.set)(hundredths < 1 ? 0 : static_cast<Single>(hundredths / kHundred));
   });
 }
 
 void chooseMoveDirection(const Editing& e, EffectTab& tab, TabHost& host, int direction) {
-  change(e, tab, host, "Ease direction", false,
+  change(e, tab, host, "Ease direction",
          [&](Movie& clip) { clip.MoveADirection(std::string(kMoves[static_cast<std::size_t>(direction)])); });
 }
 
 void chooseRotation(const Editing& e, EffectTab& tab, TabHost& host, int rotation) {
-  change(e, tab, host, "Ease rotation", false, [&](Movie& clip) {
+  change(e, tab, host, "Ease rotation", [&](Movie& clip) {
     clip.MoveARotationDirection(std::string(kRotations[static_cast<std::size_t>(rotation)]));
   });
 }
 
 void tickRotateCam(const Editing& e, EffectTab& tab, TabHost& host, bool on) {
-  change(e, tab, host, "Ease camera", false, [&](Movie& clip) { clip.RevolveCamera(on); });
+  change(e, tab, host, "Ease camera", [&](Movie& clip) { clip.RevolveCamera(on); });
 }
 
 void pressEaseDefault(const Editing& e, EffectTab& tab, TabHost& host, bool in) {
-  change(e, tab, host, in ? "Ease in" : "Ease out", false,
+  change(e, tab, host, in ? "Ease in" : "Ease out",
          [&](Movie& clip) { in ? applyEaseDefaultIn(clip) : applyEaseDefaultOut(clip); });
 }
 

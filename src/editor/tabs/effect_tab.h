@@ -71,8 +71,13 @@ std::vector<std::string> effectNames(const EffectTab& tab);
 /// One of these, whose name is noted as used.
 void tickNamed(const Editing& e, EffectTab& tab, TabHost& host, NameChooser& names, int position, bool on);
 
-/// A right click on one of them. True: the keyframes of its effect are to be shown.
-bool opensKeyframes(const Editing& e, EffectTab& tab, int position);
+/// What a right click on one of them comes to.
+struct Configured {
+  bool showsKeyframes = false;  ///< those of its effect are to be shown
+  std::string whyNot;           ///< there is nothing to be shown
+};
+/// A right click on one of them: its options. A box tells of an effect that has none.
+Configured configure(const Editing& e, EffectTab& tab, TabHost& host, int position);
 
 void moveEffectLevel(const Editing& e, EffectTab& tab, TabHost& host, EffectLevel level, int value);
 

@@ -180,8 +180,8 @@ void PreviewKeyFrame(const KeyframeWindow& window, TabHost& host) {
 
 // One step of the history on the keyframes of the clip, and what the window shows behind it.
 void changeKeyframes(const Editing& e, KeyframeWindow& window, TabHost& host, std::string_view act,
-                     std::string_view series, const std::function<void()>& work) {
-  if (host.edit(act, window.clipNo, 0, work, series)) PreviewKeyFrame(window, host);
+                     const std::function<void()>& work) {
+  if (host.edit(act, window.clipNo, 0, work)) PreviewKeyFrame(window, host);
   readKeyframes(e, window);
 }
 
@@ -207,23 +207,21 @@ void storeInClip(Movie& clip, KeyframeControls controls, const Keyframe& values)
 
 // Values that a control has changed: into the chosen keyframe, or where there is none into the effect's row
 // of the table, or the clip's own.
-void storeValues(const Editing& e, KeyframeWindow& window, TabHost& host, std::string_view series,
+void storeValues(const Editing& e, KeyframeWindow& window, TabHost& host,
                  const std::function<void(Keyframe&)>& set) {
   if (hasLine(window)) {
     const int line = window.Lst_Keyframes.ListIndex;
-    changeKeyframes(e, window, host, "Keyframe", series, [&] { set(keyframeOf(e, line)); });
+    changeKeyframes(e, window, host, "Keyframe", [&] { set(keyframeOf(e, line)); });
     return;
   }
   auto values = valuesWithoutKeyframe(e, window);
   set(values);
   if (window.controls != KeyframeControls::Table) {
-    changeKeyframes(e, window, host, window.effectName, series,
+    changeKeyframes(e, window, host, window.effectName,
                     [&] { storeInClip(e.clips()[window.clipNo], window.controls, values); });
     return;
   }
-  storeInTable(e, window, std::move(values));
-  readKeyframes(e, window);
-  PreviewKeyFrame(window, host);
+  changeKeyframes(e, window, host, window.effectName, [&] { storeInTable(e, window, std::move(values)); });
 }
 
 // The line of a frame; -1 for none.
@@ -315,7 +313,7 @@ void addKeyframeHere(const Editing& e, KeyframeWindow& window, TabHost& host) {
     tellTakenFrame(e, frame);
     return;
   }
-  changeKeyframes(e, window, host, "New keyframe", {}, [&] {
+  changeKeyframes(e, window, host, "New keyframe", [&] {
     CheckKeyFrameZeroInitValue(e);  // and the controls with it
     AddKeyFrame(e, frame, shownValues(e, window));
   });
@@ -327,12 +325,12 @@ void deleteChosenKeyframe(const Editing& e, KeyframeWindow& window, TabHost& hos
   if (!window.canDelete || !hasLine(window)) return;
   const int line = window.Lst_Keyframes.ListIndex;
   window.Lst_Keyframes.ListIndex = std::max(line - 1, 0);
-  changeKeyframes(e, window, host, "Delete keyframe", {}, [&] { deleteKeyframe(e, line + 1); });
+  changeKeyframes(e, window, host, "Delete keyframe", [&] { deleteKeyframe(e, line + 1); });
 }
 
 void deleteAllKeyframes(const Editing& e, KeyframeWindow& window, TabHost& host) {
   window.Lst_Keyframes.ListIndex = 0;
-  changeKeyframes(e, window, host, "Delete all keyframes", {}, [&] { KillAllKeyframeData(e); });
+  changeKeyframes(e, window, host, "Delete all keyframes", [&] { KillAllKeyframeData(e); });
 }
 
 void dragKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host, int line, Long frame,
@@ -342,7 +340,7 @@ void dragKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host, int l
   const auto& master = window.Sld_FramePosMaster;
   const Long wanted = std::clamp<Long>(frame, master.Min, master.Max);
   const int percent = wholeOf(std::clamp(level, 0.0, 1.0) * kFullLevelPercent);
-  changeKeyframes(e, window, host, "Move keyframe", "Move keyframe", [&] {
+  changeKeyframes(e, window, host, "Move keyframe", [&] {
     auto& k = keyframeOf(e, line);
     if (k.Time.number() > 0 && lineOfFrame(e, wanted) < 0) placeKeyframe(e, k, wanted);
     if (window.controls == KeyframeControls::Table) {
@@ -356,7 +354,7 @@ void dragKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host, int l
 
 void moveKeyframeSlider(const Editing& e, KeyframeWindow& window, TabHost& host, std::size_t index,
                         int value) {
-  storeValues(e, window, host, "Keyframe slider " + std::to_string(index), [&](Keyframe& k) {
+  storeValues(e, window, host, [&](Keyframe& k) {
     if (window.controls != KeyframeControls::Table) {
       k.Param[index] = Value(value);
     } else if (index == 0) {
@@ -368,13 +366,13 @@ void moveKeyframeSlider(const Editing& e, KeyframeWindow& window, TabHost& host,
 }
 
 void tickMblurAddative(const Editing& e, KeyframeWindow& window, TabHost& host, bool on) {
-  storeValues(e, window, host, {}, [&](Keyframe& k) { k.Param[2] = Value(on ? 1 : 0); });
+  storeValues(e, window, host, [&](Keyframe& k) { k.Param[2] = Value(on ? 1 : 0); });
 }
 
 void chooseParamColor(const Editing& e, KeyframeWindow& window, TabHost& host, std::size_t index,
                       int chosen) {
   const auto name = chosen < 1 ? std::string() : window.colours.at(static_cast<std::size_t>(chosen));
-  storeValues(e, window, host, {}, [&](Keyframe& k) { colourOf(k, index) = name; });
+  storeValues(e, window, host, [&](Keyframe& k) { colourOf(k, index) = name; });
 }
 
 void tickInstantPreview(const Editing& e, KeyframeWindow& window, TabHost& host, bool on) {

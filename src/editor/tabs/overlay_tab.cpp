@@ -23,7 +23,7 @@ void buildControls(const Editing& e, OverlayTab& tab) {
   const int longest = fadeSliderMaximum(backdrop, overlay);
   const auto texts = SetPicInPicSliderTexts(tab.look);
   const auto slider = [&](int max, int value, const std::string& heading) {
-    return ClipSlider{0, std::max(max, value), value, tab.enabled, heading};
+    return ClipSlider{0, std::max(max, value), value, tab.enabled, heading, "Choose a backdrop first"};
   };
   tab.Sld_MaxTransparency = slider(kPercent, tab.look.maxOpacity, texts[0]);
   tab.Sld_OverlayIn = slider(longest, tab.look.fadeIn, texts[1]);
@@ -65,15 +65,19 @@ void showSample(const OverlayTab& tab, TabHost& host) {
   if (tab.enabled) host.sample(Sample::PictureInPicture, chosenClip(tab.Lst_PicinPicBackdrop));
 }
 
+void tickSound(const OverlayTab& tab, TabHost& host, std::string_view act, OverlaySound& sound, bool on) {
+  if (!sound.box.enabled) return;
+  host.edit(act, chosenClip(tab.Lst_PicinPicBackdrop), 0, [&] { sound.ticked = on; });
+  showSample(tab, host);
+}
+
 // Packs the controls into the backdrop's record; without an overlay nothing is stored.
 void CreatePicInPicEffectWordFromInterface(const Editing& e, OverlayTab& tab, TabHost& host,
-                                           std::string_view act, bool isSeries) {
+                                           std::string_view act) {
   tab.look.overlayClip = chosenClip(tab.Lst_PicinPicOverlays);
   if (tab.enabled && tab.look.overlayClip > 0) {
     const int backdropNo = chosenClip(tab.Lst_PicinPicBackdrop);
-    host.edit(
-        act, backdropNo, 0, [&] { e.clips()[backdropNo].HasPicInPic(picInPicText(tab.look)); },
-        isSeries ? act : "");
+    host.edit(act, backdropNo, 0, [&] { e.clips()[backdropNo].HasPicInPic(picInPicText(tab.look)); });
     PopulateOverlayInterface(e, tab);
     showSample(tab, host);
     return;
@@ -117,37 +121,45 @@ void chooseBackdrop(const Editing& e, OverlayTab& tab, TabHost& host, int row) {
 
 void chooseOverlay(const Editing& e, OverlayTab& tab, TabHost& host, int row) {
   tab.Lst_PicinPicOverlays.ListIndex = row;
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay", false);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay");
 }
 
 void chooseOverlayStyle(const Editing& e, OverlayTab& tab, TabHost& host, OverlayStyle style) {
   tab.look.style = style;
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay transparency", false);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay transparency");
 }
 
 void chooseOverlayPosition(const Editing& e, OverlayTab& tab, TabHost& host, int position) {
   tab.look.position = position;
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay position", false);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay position");
 }
 
 void moveMaxOpacity(const Editing& e, OverlayTab& tab, TabHost& host, int percent) {
   tab.look.maxOpacity = percent;
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay opacity", true);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay opacity");
 }
 
 void moveOverlayIn(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds) {
   tab.look.fadeIn = fadeStep(milliseconds, tab.Sld_OverlayIn);
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade in", true);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade in");
 }
 
 void moveOverlayOut(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds) {
   tab.look.fadeOut = fadeStep(milliseconds, tab.Sld_OverlayOut);
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade out", true);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay fade out");
 }
 
 void tickTrimOverlay(const Editing& e, OverlayTab& tab, TabHost& host, bool on) {
   tab.look.trimToBackdrop = on;
-  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay trim", false);
+  CreatePicInPicEffectWordFromInterface(e, tab, host, "Overlay trim");
+}
+
+void tickOverlaySound(const Editing& /*e*/, OverlayTab& tab, TabHost& host, bool on) {
+  tickSound(tab, host, "Overlay sound", tab.overlaySound, on);
+}
+
+void tickBackdropSound(const Editing& /*e*/, OverlayTab& tab, TabHost& host, bool on) {
+  tickSound(tab, host, "Backdrop sound", tab.backdropSound, on);
 }
 
 void clearPicInPic(const Editing& e, OverlayTab& tab, TabHost& host) {

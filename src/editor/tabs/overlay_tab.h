@@ -45,6 +45,9 @@ void moveMaxOpacity(const Editing& e, OverlayTab& tab, TabHost& host, int percen
 void moveOverlayIn(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds);
 void moveOverlayOut(const Editing& e, OverlayTab& tab, TabHost& host, int milliseconds);
 void tickTrimOverlay(const Editing& e, OverlayTab& tab, TabHost& host, bool on);
+/// Whether the sound of the overlay, or of the backdrop, comes into the new clip.
+void tickOverlaySound(const Editing& e, OverlayTab& tab, TabHost& host, bool on);
+void tickBackdropSound(const Editing& e, OverlayTab& tab, TabHost& host, bool on);
 
 /// KVOBut_PicInPicClear: the backdrop has no overlay any more.
 void clearPicInPic(const Editing& e, OverlayTab& tab, TabHost& host);

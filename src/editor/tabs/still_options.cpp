@@ -22,11 +22,16 @@ std::optional<double> sectionValue(std::string_view text, std::string_view secti
   return std::nullopt;
 }
 
+// What a clip has already is no change of it: each preview applies them anew.
 void apply(Movie& clip, const StillControls& controls) {
   if (!clip.IsStill()) return;
+  const double length = controls.milliseconds / 1000;
+  const auto aspect = static_cast<Integer>(controls.aspect);
+  if (clip.LoopStart().number() == 0 && clip.LoopEnd().number() == length && clip.stretchmode() == aspect)
+    return;
   clip.LoopStart(Value(0));
-  clip.LoopEnd(Value(controls.milliseconds / 1000));
-  clip.stretchmode(static_cast<Integer>(controls.aspect));
+  clip.LoopEnd(Value(length));
+  clip.stretchmode(aspect);
 }
 
 }  // namespace

@@ -52,6 +52,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   tab.controls.milliseconds = RoundToWhole(seconds * kMilliseconds);
   const int shown = toLongClamped(tab.controls.milliseconds);
   tab.Slider1 = {std::min(kLeastStill, shown), std::max(kMostStill, shown), shown, tab.enabled, {}};
+  tab.Slider1.whyNot = "There is no still in this collection";
   tab.reading = translated("%1 s", {FormatMask(seconds, "0.0##")});
 }
 
@@ -61,11 +62,11 @@ void fillStills(const Editing& e, StillsTab& tab) {
 }
 
 // One step of the history on one still or on all of them; 0 names no clip.
-void changeStills(const Editing& e, StillsTab& tab, TabHost& host, std::string_view act, bool isSeries,
+void changeStills(const Editing& e, StillsTab& tab, TabHost& host, std::string_view act,
                   const std::function<void()>& work) {
   if (!tab.enabled) return;
   const int clipNo = tab.controls.individually ? tab.controls.selectedClip : 0;
-  host.edit(act, clipNo, kAspectChanged, work, isSeries ? act : "");
+  host.edit(act, clipNo, kAspectChanged, work);
   BuildStillFrame(e, tab);
   host.ShowClipStats();
 }
@@ -107,7 +108,7 @@ void chooseIndividually(const Editing& e, StillsTab& tab, TabHost& host, bool in
 }
 
 void moveStillDuration(const Editing& e, StillsTab& tab, TabHost& host, int milliseconds) {
-  changeStills(e, tab, host, "Still duration", true, [&] {
+  changeStills(e, tab, host, "Still duration", [&] {
     auto controls = tab.controls;
     const int steps = (milliseconds + kStillStep / 2) / kStillStep;
     moveStillSlider(e, controls, steps * kStillStep);
@@ -115,7 +116,7 @@ void moveStillDuration(const Editing& e, StillsTab& tab, TabHost& host, int mill
 }
 
 void chooseAspect(const Editing& e, StillsTab& tab, TabHost& host, int aspect) {
-  changeStills(e, tab, host, "Still aspect", false, [&] {
+  changeStills(e, tab, host, "Still aspect", [&] {
     auto controls = tab.controls;
     controls.aspect = aspect;
     ApplyStillSettings(e, controls);

@@ -18,12 +18,13 @@ class TabHost {
   TabHost& operator=(const TabHost&) = delete;
   virtual ~TabHost() = default;
 
-  /// The gate of the history. Whatever `work` writes into records, keyframes and preferences is one step with
-  /// the name `act` and clip `clipNo` ("Fade on beach.avi"); edits of one `series` that follow each other are
-  /// one step, as while a slider is dragged. `changeCode` is what ObjectChange becomes, 0 leaves it. False
-  /// when nothing has changed, or nothing may: a load or another command runs.
-  virtual bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
-                    std::string_view series = {}) = 0;
+  /// The gate of the history. Whatever `work` writes into records, keyframes, preferences and what else is
+  /// kept there is one step with the name `act` and clip `clipNo` ("Fade on beach.avi"). While the user holds
+  /// a key or the mouse, as when a slider is dragged, edits of one name and clip that follow each other are
+  /// one step. `changeCode` is what ObjectChange becomes, 0 leaves it. False when nothing has changed, or
+  /// nothing may: a load or another command runs.
+  virtual bool edit(std::string_view act, int clipNo, Integer changeCode,
+                    const std::function<void()>& work) = 0;
 
   /// Brings the main window to a clip that was chosen in a list of the editor; with `pause` false the player
   /// is paused on it.

@@ -88,8 +88,7 @@ void TransitionRules::editOptions(std::string_view act, const std::function<void
   auto* clip = this->clip();
   if (clip == nullptr || !tab_.panel.listVisible) return;
   const bool showsParticleKey = tab_.panel.Cmd_ParticleOpts;
-  const bool changed = host_.edit(
-      act, e_.collection.icurMov, 0, [&] { work(*clip); }, act);
+  const bool changed = host_.edit(act, e_.collection.icurMov, 0, [&] { work(*clip); });
   BuildTransitionFrame();
   tab_.panel.Cmd_ParticleOpts = showsParticleKey;
   if (changed && tab_.Sld_In >= 1) askForSample();
@@ -132,30 +131,27 @@ void TransitionRules::chooseSecondOption(std::string_view value) {
 
 void TransitionRules::changeParticles(const ParticleBoxes& wanted) {
   const auto shown = tab_.particles;
-  const bool changed = host_.edit(
-      "Particle options", 0, 0,
-      [&] {
-        e_.settings.state.IsDirty = true;
-        auto& preferences = e_.settings.adjust();
-        preferences.UseParticleDefaults = wanted.Chk_UseParticleDefaults;
-        if (wanted.Chk_UseParticleDefaults) {
-          if (shown.Chk_UseParticleDefaults) return;
-          preferences.PartExponentialProgressDuration = 0;
-          preferences.PartExponentialProgressScale = kScaleOfDefaults;
-          return;
-        }
-        preferences.MaxParticles = static_cast<Integer>(std::clamp(wanted.Sld_ParticleFragments, 2, 1000));
-        preferences.ParticleMotionSpeed =
-            static_cast<Integer>(std::clamp(wanted.Sld_ParticleMotionSpeed, 1, 100));
-        preferences.ParticleSpinSpeed =
-            static_cast<Integer>(std::clamp(wanted.Sld_ParticleSpinSpeed, 0, 1000) / 10);
-        const auto tenths = [](int value) { return static_cast<Single>(std::clamp(value, 0, 10)) / 10; };
-        if (wanted.Sld_ExponEntialProgDuration != shown.Sld_ExponEntialProgDuration)
-          preferences.PartExponentialProgressDuration = tenths(wanted.Sld_ExponEntialProgDuration);
-        if (wanted.Sld_ExponentialProgScale != shown.Sld_ExponentialProgScale)
-          preferences.PartExponentialProgressScale = tenths(wanted.Sld_ExponentialProgScale);
-      },
-      "particles");
+  const bool changed = host_.edit("Particle options", 0, 0, [&] {
+    e_.settings.state.IsDirty = true;
+    auto& preferences = e_.settings.adjust();
+    preferences.UseParticleDefaults = wanted.Chk_UseParticleDefaults;
+    if (wanted.Chk_UseParticleDefaults) {
+      if (shown.Chk_UseParticleDefaults) return;
+      preferences.PartExponentialProgressDuration = 0;
+      preferences.PartExponentialProgressScale = kScaleOfDefaults;
+      return;
+    }
+    preferences.MaxParticles = static_cast<Integer>(std::clamp(wanted.Sld_ParticleFragments, 2, 1000));
+    preferences.ParticleMotionSpeed =
+        static_cast<Integer>(std::clamp(wanted.Sld_ParticleMotionSpeed, 1, 100));
+    preferences.ParticleSpinSpeed =
+        static_cast<Integer>(std::clamp(wanted.Sld_ParticleSpinSpeed, 0, 1000) / 10);
+    const auto tenths = [](int value) { return static_cast<Single>(std::clamp(value, 0, 10)) / 10; };
+    if (wanted.Sld_ExponEntialProgDuration != shown.Sld_ExponEntialProgDuration)
+      preferences.PartExponentialProgressDuration = tenths(wanted.Sld_ExponEntialProgDuration);
+    if (wanted.Sld_ExponentialProgScale != shown.Sld_ExponentialProgScale)
+      preferences.PartExponentialProgressScale = tenths(wanted.Sld_ExponentialProgScale);
+  });
   PopulateTransOptsFromObj();
   if (changed && tab_.Sld_In >= 1) askForSample();
 }

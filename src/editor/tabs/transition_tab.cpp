@@ -59,6 +59,7 @@ Movie* TransitionRules::clip() const {
 
 void TransitionRules::enter() {
   sampled_.clear();
+  toldTooShort_.reset();
   show(true);
 }
 
@@ -73,6 +74,7 @@ void TransitionRules::chooseMovie(int row) {
   if (!tab_.Lst_TransitionMovies.hasChoice()) return;
   host_.UpDateFrmFileOpen(chosenClip(tab_.Lst_TransitionMovies), false);
   sampled_.clear();
+  toldTooShort_.reset();
   Lst_TransitionMovies_MouseUp();
 }
 
@@ -104,11 +106,7 @@ void TransitionRules::Lst_TransitionMovies_MouseUp() {
   if (clip == nullptr) return showNoClip();
   const int number = e_.collection.icurMov;
   quietly(*clip, [&] { tab_.canHaveTransition = correct(*clip, number); });
-  if (!tab_.canHaveTransition) {
-    e_.boxes.show({"KVO - Transition warning",
-                   "This clip or the previous clip is too short to apply a transition to", BoxButtons::Ok,
-                   BoxIcon::Warning});
-  }
+  tellTooShort();
   const bool cut = isCut(clip->TransType());
   tab_.Lbl_Tranclips = transitionClipsText(e_.collection, number);
   BuildTransitionFrame();
@@ -122,6 +120,24 @@ void TransitionRules::Lst_TransitionMovies_MouseUp() {
   }
   host_.buildClipSliders();
   host_.ShowClipStats();
+}
+
+// Once for each time that a clip is chosen, whatever else changes meanwhile.
+void TransitionRules::tellTooShort() {
+  const auto key = clip()->KeyID();
+  if (tab_.canHaveTransition) return toldTooShort_.reset();
+  if (toldTooShort_ == key) return;
+  toldTooShort_ = key;
+  e_.boxes.show({"KVO - Transition warning",
+                 "This clip or the previous clip is too short to apply a transition to", BoxButtons::Ok,
+                 BoxIcon::Warning});
+}
+
+// Once for each clip and length; the caption says it all the time.
+void TransitionRules::warnOfShort() {
+  const auto* clip = this->clip();
+  if (clip == nullptr || !tab_.panel.durationIsShort) return;
+  if (warned_.emplace(clip->KeyID(), tab_.Sld_In).second) warnOfShortDuration(e_, tab_.panel);
 }
 
 void TransitionRules::showNoClip() {
@@ -156,7 +172,7 @@ void TransitionRules::BuildTransitionFrame() {
   PopulateTransOptsFromObj();
 }
 
-void TransitionRules::storePick(std::string_view name, std::string_view series) {
+void TransitionRules::pick(std::string_view name) {
   auto* clip = this->clip();
   if (clip == nullptr || !tab_.canHaveTransition) return;
   auto& panel = tab_.panel;
@@ -165,15 +181,12 @@ void TransitionRules::storePick(std::string_view name, std::string_view series) 
   panel.selected = name;
   if (slider.Value < 1) slider.Value = std::min<double>(kDefaultLength, slider.Max);
   bool showsParticleKey = panel.Cmd_ParticleOpts;
-  host_.edit(
-      "Transition", e_.collection.icurMov, kRetime,
-      [&] {
-        DoTransition(e_, panel, 1);
-        showsParticleKey = panel.Cmd_ParticleOpts;
-        PopulateTransOptsFromObj();
-        ApplyExtraParams(*clip);
-      },
-      series);
+  host_.edit("Transition", e_.collection.icurMov, kRetime, [&] {
+    DoTransition(e_, panel, 1);
+    showsParticleKey = panel.Cmd_ParticleOpts;
+    PopulateTransOptsFromObj();
+    ApplyExtraParams(*clip);
+  });
   BuildTransitionFrame();  // as the record has it now, whether or not the edit was let through
   panel.Cmd_ParticleOpts = panel.listVisible && showsParticleKey;
   tab_.particlesOpen = tab_.particlesOpen && panel.options.particles;
@@ -181,10 +194,8 @@ void TransitionRules::storePick(std::string_view name, std::string_view series) 
   names_.noteUse(std::string(name));
   if (tab_.Sld_In > 0) askForSample();
   host_.ShowClipStats();
-  warnOfShortDuration(e_, panel);
+  warnOfShort();
 }
-
-void TransitionRules::pick(std::string_view name) { storePick(name, {}); }
 
 void TransitionRules::openParticles(bool open) {
   constexpr int kOpenOptions = 2;
@@ -200,7 +211,7 @@ void TransitionRules::pickNext(int steps) {
                                                  : static_cast<int>(found - tab_.names.shown.begin());
   const int next =
       std::clamp(found == tab_.names.shown.end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
-  if (next != at) storePick(std::string(tab_.names.shown[static_cast<std::size_t>(next)]), "Lst_Transitions");
+  if (next != at) pick(std::string(tab_.names.shown[static_cast<std::size_t>(next)]));
 }
 
 void TransitionRules::chooseCut(bool cut) {
@@ -220,9 +231,8 @@ void TransitionRules::moveDuration(int tenths) {
   auto& slider = e_.editor.controls.Sld_In;
   slider.Value = std::clamp(tenths, 0, slider.Max);
   const bool showsParticleKey = tab_.panel.Cmd_ParticleOpts;
-  const bool changed = host_.edit(
-      "Transition length", e_.collection.icurMov, kRetime,
-      [&] { ApplyTransitionDataToObjects(e_, tab_.panel); }, "Sld_In");
+  const bool changed = host_.edit("Transition length", e_.collection.icurMov, kRetime,
+                                  [&] { ApplyTransitionDataToObjects(e_, tab_.panel); });
   BuildTransitionFrame();
   tab_.panel.Cmd_ParticleOpts = showsParticleKey;
   if (!changed) return;
@@ -230,7 +240,7 @@ void TransitionRules::moveDuration(int tenths) {
   host_.ShowClipStats();
 }
 
-void TransitionRules::letGo() const { warnOfShortDuration(e_, tab_.panel); }
+void TransitionRules::letGo() { warnOfShort(); }
 
 void TransitionRules::askForSample() {
   const auto* clip = this->clip();

@@ -8,8 +8,11 @@
 #include "editor/tabs/transition_panel.h"
 
 #include <functional>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -81,7 +84,7 @@ class TransitionRules {
   void chooseCut(bool cut);
   /// Sld_In, in tenths of a second. Moves of one drag are one step; `letGo` ends it.
   void moveDuration(int tenths);
-  void letGo() const;
+  void letGo();
 
   // The boxes of the options.
 
@@ -99,6 +102,8 @@ class TransitionRules {
   /// Which names are shown.
   [[nodiscard]] NameChooser& names() { return names_; }
 
+  [[nodiscard]] const std::set<std::string>& missingFiles() const { return e_.editor.missingFiles; }
+
  private:
   [[nodiscard]] Movie* clip() const;
   bool correct(Movie& clip, int number) const;
@@ -106,15 +111,18 @@ class TransitionRules {
   void BuildTransitionFrame();
   void PopulateTransOptsFromObj();
   void ApplyExtraParams(Movie& clip) const;
-  void storePick(std::string_view name, std::string_view series);
   void editOptions(std::string_view act, const std::function<void(Movie&)>& work);
   void askForSample();
+  void tellTooShort();
+  void warnOfShort();
 
   const Editing& e_;
   TransitionTab& tab_;
   TabHost& host_;
   NameChooser names_;
-  std::string sampled_;  // what the sample that was asked for last showed
+  std::string sampled_;                    // what the sample that was asked for last showed
+  std::optional<Long> toldTooShort_;       // the KeyID of the clip that a box has told of
+  std::set<std::pair<Long, int>> warned_;  // clips, by their KeyID, and lengths that a box has warned of
 };
 
 }  // namespace kvo

@@ -35,9 +35,10 @@ class TimelineActs {
   /// Adds files and folders ahead of the clip with this number; music among them goes behind all pictures.
   virtual void insertFiles(const std::vector<std::string>& files, int before) = 0;
   virtual void remove(int clip) = 0;
-  virtual void copy(int clip) = 0;
+  // What cannot be done gives back why; composed, else empty.
+  virtual std::string copy(int clip) = 0;
   /// Parts a clip at `seconds` of its file.
-  virtual void split(int clip, double seconds) = 0;
+  virtual std::string split(int clip, double seconds) = 0;
 
   /// Goes to a tab, 1 to 7, with a clip in hand.
   virtual void openTab(int tab, int clip) = 0;

@@ -140,6 +140,7 @@ std::string spokenName(const TimelineBlock& block, bool isMusic) {
   auto text = isMusic ? translated("Music %1, %2, %3 seconds", {number, block.name, seconds(block.length())})
                       : translated("Clip %1, %2, %3 seconds", {number, block.name, seconds(block.length())});
   const auto add = [&](const std::string& more) { text += ", " + more; };
+  if (block.isMissing) add(translated("its file is missing"));
   if (!block.transition.empty())
     add(translated("%1 over %2 seconds", {block.transition, seconds(block.overlap)}));
   if (block.effects > 0) add(counted(block.effects, "1 effect", "%1 effects"));

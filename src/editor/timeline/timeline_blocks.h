@@ -26,6 +26,7 @@ struct TimelineBlock {
   double sourceLength = 0;  ///< of the whole file; 0 where it has none, as a still, or it is not known
   double frameRate = 0;     ///< pictures a second on the average; 0 where it is not known
   bool isStill = false;
+  bool isMissing = false;     ///< its file is gone
   bool isHeard = false;       ///< its sound goes into the movie
   bool isTrimmed = false;     ///< music that ends with the video ahead of its Mark-Out
   std::string transition;     ///< into it; empty for a cut

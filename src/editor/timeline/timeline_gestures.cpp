@@ -266,9 +266,7 @@ TimelineReading meaningOf(const TimelineBlocks& blocks, const TimelineSight& sig
 TimelineReading markStep(const TimelineBlock& block, ClipEdge edge, int pictures) {
   const double step = block.isStill ? kLeastStill : block.frameRate > 0 ? 1 / block.frameRate : kLeastSection;
   const double now = edge == ClipEdge::In ? block.markIn : block.markOut;
-  auto out = markAt(block, edge, now + pictures * step);
-  if (auto* mark = std::get_if<MarkGesture>(&out.gesture)) mark->byStep = true;
-  return out;
+  return markAt(block, edge, now + pictures * step);
 }
 
 }  // namespace kvo

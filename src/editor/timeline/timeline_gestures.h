@@ -21,8 +21,7 @@ struct MarkGesture {
   int clip = 0;
   ClipEdge edge = ClipEdge::In;
   double seconds = 0;
-  Long frame = 0;       ///< 0 where pictures are not counted
-  bool byStep = false;  ///< one of several keys in a row, which are one step of the history
+  Long frame = 0;  ///< 0 where pictures are not counted
   bool operator==(const MarkGesture&) const = default;
 };
 /// A transition over so long into the clip; 0 for a cut.

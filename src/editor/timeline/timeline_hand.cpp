@@ -48,7 +48,7 @@ void TimelineHand::show(TimelineBlocks blocks) {
 void TimelineHand::takeInHand(int clip) {
   if (state_.marks.clip == clip) return;
   state_.marks.clip = clip;
-  state_.edge.reset();
+  letGoOfEdge();
   if (const auto* block = inHand(); block != nullptr && !state_.drag)
     bringInSight(state_.sight, end(), block->start, block->stop);
 }
@@ -112,14 +112,14 @@ void TimelineHand::select(int clip) {
 
 void TimelineHand::press(const TimelinePoint& at, const TimelineHeld& held) {
   state_.saying.reset();
-  if (state_.onlyShows) return;
+  if (state_.onlyShows) return sayOnlyShows(at);
   const auto hit = hitAt(state_.blocks, state_.sight, state_.marks, at);
   if (hit.part == TimelinePart::Nothing) return;
   isWhole_ = false;
   pressed_ = TimelineDrag{hit, at, at, held};
   if (hit.clip != 0 && hit.clip != state_.marks.clip) {
     state_.marks.clip = hit.clip;  // as it lies: if it came in sight it would leave the pointer
-    state_.edge.reset();
+    letGoOfEdge();
     acts_.select(hit.clip);
   }
   if (hit.part == TimelinePart::Ruler && !held.shift)
@@ -173,8 +173,8 @@ void TimelineHand::release() {
   const auto pressed = std::exchange(pressed_, std::nullopt);
   const bool wasDrag = std::exchange(state_.drag, std::nullopt).has_value();
   const auto reading = std::exchange(state_.reading, {});
-  state_.saying.reset();
   if (!pressed) return;
+  state_.saying.reset();
   if (!wasDrag) return click(pressed->hit);
   if (isMark(pressed->hit.part)) acts_.endFrame();
   if (!std::holds_alternative<SeekGesture>(reading.gesture)) carryOut(reading.gesture);
@@ -238,7 +238,7 @@ void TimelineHand::wheel(const TimelinePoint& at, double across, double along, c
 void TimelineHand::pinch(const TimelinePoint& at, double factor) { zoom(state_.sight.scale * factor, at.x); }
 
 void TimelineHand::openMenu(const TimelinePoint& at, int x, int y) {
-  if (state_.onlyShows) return;
+  if (state_.onlyShows) return sayOnlyShows(at);
   const auto hit = hitAt(state_.blocks, state_.sight, state_.marks, at);
   select(hit.clip);
   acts_.openMenu(hit.clip, x, y);

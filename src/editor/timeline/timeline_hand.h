@@ -36,6 +36,7 @@ struct TimelineState {
   std::optional<TimelineDrag> drag;  ///< what is under way, and what it would do
   TimelineReading reading;
   std::optional<TimelineSaying> saying;
+  int refusals = 0;  ///< higher for each saying that is a reason alone: nothing goes on that it belongs to
   std::optional<TimelineDrop> drop;
   TimelineHit hover;
 };
@@ -126,7 +127,11 @@ class TimelineHand {
   void carryOut(const TimelineGesture& gesture);
   void click(const TimelineHit& hit);
   void say(const TimelineBlock& block, TimelineReading reading);
+  void refuse(const TimelineBlock& block, double seconds, std::string reason);
+  void sayAt(const TimelinePoint& at, std::string reason);
+  void sayOnlyShows(const TimelinePoint& at);
   void chooseEdge(ClipEdge edge);
+  void letGoOfEdge();
   void go(int direction, const TimelineHeld& held);
   void goTo(bool last);
   void step(int direction);

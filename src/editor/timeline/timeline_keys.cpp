@@ -3,6 +3,7 @@
 #include "editor/timeline/timeline_hand.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -54,7 +55,7 @@ bool TimelineHand::key(TimelineKey key, const TimelineHeld& held) {
     case TimelineKey::Escape: {
       const bool hasWork = pressed_ || state_.edge;
       cancel();
-      state_.edge.reset();
+      letGoOfEdge();
       return hasWork;
     }
     case TimelineKey::Before:
@@ -66,33 +67,59 @@ bool TimelineHand::key(TimelineKey key, const TimelineHeld& held) {
       goTo(key == TimelineKey::Last);
       return true;
     default:
-      if (inHand() == nullptr || state_.onlyShows) return false;
       edit(key);
       return true;
   }
 }
 
 void TimelineHand::edit(TimelineKey key) {
-  const int clip = state_.marks.clip;
+  const auto* block = inHand();
+  const TimelinePoint middle{state_.sight.width / 2, bandsOf(state_.sight, state_.blocks.lanes).pictures.y};
+  if (state_.onlyShows) return sayOnlyShows(middle);
+  if (block == nullptr)
+    return sayAt(middle, translated(state_.blocks.empty() ? "There is no clip" : "Choose a clip first"));
+  const int clip = block->clip;
   if (key == TimelineKey::EdgeIn) chooseEdge(ClipEdge::In);
   if (key == TimelineKey::EdgeOut) chooseEdge(ClipEdge::Out);
   if (key == TimelineKey::Open) acts_.openTrimmer(clip);
   if (key == TimelineKey::Remove) acts_.remove(clip);
-  if (key == TimelineKey::Copy) acts_.copy(clip);
+  if (key == TimelineKey::Copy) refuse(*block, block->start, acts_.copy(clip));
   if (key == TimelineKey::Split) split();
 }
+
+// What was done leaves other blocks and nothing to say.
+void TimelineHand::refuse(const TimelineBlock& block, double seconds, std::string reason) {
+  if (!reason.empty()) say(block, {.gesture = {}, .text = {}, .reason = std::move(reason), .line = seconds});
+}
+
+void TimelineHand::sayAt(const TimelinePoint& at, std::string reason) {
+  state_.saying = TimelineSaying{at, {}, std::move(reason)};
+  ++state_.refusals;
+}
+
+void TimelineHand::sayOnlyShows(const TimelinePoint& at) { sayAt(at, translated("Stop the preview first")); }
 
 void TimelineHand::say(const TimelineBlock& block, TimelineReading reading) {
   if (reading.text.empty() && reading.reason.empty()) return;
   const double x = state_.sight.xOf(reading.line.value_or(block.start));
   const auto bands = bandsOf(state_.sight, state_.blocks.lanes);
   const TimelinePoint at{std::clamp(x, kLanesLeft, state_.sight.width), bands.pictures.y};
+  if (reading.text.empty()) return sayAt(at, std::move(reading.reason));
   state_.saying = TimelineSaying{at, std::move(reading.text), std::move(reading.reason)};
 }
 
-// The same key again lets go of it.
+// What stands at it is seen until it is let go of; the same key again does that.
 void TimelineHand::chooseEdge(ClipEdge edge) {
-  state_.edge = state_.edge == edge ? std::nullopt : std::optional(edge);
+  const bool lets = state_.edge == edge;
+  letGoOfEdge();
+  if (lets) return;
+  state_.edge = edge;
+  const auto* block = inHand();
+  acts_.showFrame(block->clip, edge == ClipEdge::In ? block->markIn : block->markOut);
+}
+
+void TimelineHand::letGoOfEdge() {
+  if (std::exchange(state_.edge, std::nullopt)) acts_.endFrame();
 }
 
 void TimelineHand::go(int direction, const TimelineHeld& held) {
@@ -117,7 +144,10 @@ void TimelineHand::step(int direction) {
     return say(*block, refusal("Cannot re-set Mark-In point while setting Keyframes"));
   const auto reading = markStep(*block, *state_.edge, direction);
   say(*block, reading);
-  if (const auto* mark = std::get_if<MarkGesture>(&reading.gesture)) acts_.setMark(*mark);
+  const auto* mark = std::get_if<MarkGesture>(&reading.gesture);
+  if (mark == nullptr) return;
+  acts_.showFrame(mark->clip, mark->seconds);
+  acts_.setMark(*mark);
 }
 
 void TimelineHand::moveClip(int direction) {
@@ -140,8 +170,7 @@ void TimelineHand::split() {
   const bool isThere = block->start <= seconds && seconds < block->stop;
   const auto* parted = isThere ? block : state_.blocks.seenAt(seconds);
   if (parted == nullptr) return say(*block, refusal("No clip stands at the playhead"));
-  if (parted->isStill) return say(*parted, refusal("A still cannot be split"));
-  acts_.split(parted->clip, parted->sourceAt(seconds));
+  refuse(*parted, seconds, acts_.split(parted->clip, parted->sourceAt(seconds)));
 }
 
 }  // namespace kvo

@@ -134,6 +134,7 @@ struct EnginePlayer::State {
     bool ready = true;
     switch (command.what) {
       case Command::What::Play:
+        playback.expectSound();
         playback.makeReady();
         playback.play(nowSeconds());
         break;
@@ -144,6 +145,7 @@ struct EnginePlayer::State {
         playback.stop();
         break;
       case Command::What::Seek:
+        playback.expectSound(command.frame);
         ready = goTo(command.frame, playback, sides);
         playback.seek(command.frame, nowSeconds());
         break;

@@ -11,11 +11,15 @@ namespace {
 
 constexpr double kSoundAhead = 0.4;  // seconds that are queued ahead of what is heard
 constexpr double kSoundFirst = 0.2;  // that are enough to begin with
+constexpr double kSoundLow = 0.15;   // that must not wait for a better moment
 constexpr double kSoundStep = 0.05;  // seconds queued at a time
 constexpr double kStands = 3600;     // nothing is due
 constexpr double kMadeAhead = 0.3;   // seconds of frames that are made before they are due
 constexpr double kFilesAhead = 1.5;  // seconds that the file of a clip is made ready ahead of it
-constexpr double kSeenFor = 10;      // seconds that all frames stay at hand where it stands
+// A frame may be seen this much ahead of its sound: it has a way to go to the screen, and the thread may be
+// woken late.
+constexpr double kEarly = 0.008;
+constexpr double kSeenFor = 10;   // seconds that all frames stay at hand where it stands
 constexpr double kStretch = 0.4;  // seconds of film on the way to a place, between two looks for other wishes
 // Bytes of frames at hand: ten seconds of 720 lines, and what stays of them behind that time.
 constexpr std::size_t kMostSeen = 384ULL << 20U;
@@ -50,10 +54,24 @@ std::int64_t Playback::held(std::int64_t frame) const {
   return std::clamp<std::int64_t>(frame, 0, frames_ - 1);
 }
 
+std::int64_t Playback::startOfPlay() const { return state_ == PlayState::Ended ? 0 : wanted_; }
+
 void Playback::makeReady(std::optional<std::int64_t> frame) {
   if (state_ == PlayState::Failed) return;
-  const auto first = state_ == PlayState::Ended ? 0 : wanted_;
-  static_cast<void>(guarded([&] { return picture(held(frame.value_or(first))); }));
+  static_cast<void>(guarded([&] { return picture(held(frame.value_or(startOfPlay()))); }));
+}
+
+void Playback::expectSound(std::optional<std::int64_t> frame) {
+  if (state_ == PlayState::Failed || sound_ == nullptr) return;
+  if (frame && state_ != PlayState::Playing) return;
+  mixFrom(held(frame.value_or(startOfPlay())));
+  mixer_->expect(0);
+}
+
+void Playback::mixFrom(std::int64_t frame) {
+  if (unread_ == frame) return;
+  mixer_.emplace(timeline_, timeline_.frameRate.unitsAt(frame, media::kSampleRate));
+  unread_ = frame;
 }
 
 double Playback::approach(std::int64_t frame) {
@@ -69,7 +87,10 @@ Playback::Shown Playback::roughly(std::int64_t frame) {
 
 void Playback::standAt(std::int64_t frame) {
   wanted_ = held(frame);
-  mixer_.reset();
+  if (unread_ != wanted_) {
+    mixer_.reset();
+    unread_.reset();
+  }
   queued_ = 0;
   silence();
 }
@@ -108,14 +129,18 @@ double Playback::heardUpTo(double now) const {
   return from + std::max(heard, 0.0);
 }
 
+double Playback::early() const { return std::min(kEarly, timeline_.frameRate.secondsAt(1) / 2); }
+
 std::int64_t Playback::dueFrame(double now) const {
-  return std::max(timeline_.frameRate.frameAt(heardUpTo(now)), wanted_);
+  const auto due = timeline_.frameRate.frameAt(heardUpTo(now) + early());
+  return std::clamp(due, wanted_, frames_ - 1);
 }
 
 Outcome Playback::queueSound() {
   if (sound_ == nullptr) return {};
-  if (!mixer_) mixer_.emplace(timeline_, timeline_.frameRate.unitsAt(wanted_, media::kSampleRate));
   const bool begins = queued_ == 0;
+  if (begins) mixFrom(wanted_);
+  unread_.reset();
   std::vector<float> samples(static_cast<std::size_t>(kSoundStep * media::kSampleRate) * media::kChannels);
   while (sound_->waiting() < (begins ? kSoundFirst : kSoundAhead)) {
     if (auto done = mixer_->read(samples); !done) return done;
@@ -123,6 +148,7 @@ Outcome Playback::queueSound() {
     queued_ += static_cast<std::int64_t>(samples.size()) / media::kChannels;
   }
   if (begins) sound_->run();
+  mixer_->expect(static_cast<std::int64_t>(kFilesAhead * media::kSampleRate));
   return {};
 }
 
@@ -143,7 +169,10 @@ Result<std::optional<Playback::Shown>> Playback::show(std::int64_t frame) {
 }
 
 bool Playback::workAhead() {
-  if (state_ != PlayState::Playing || !compositor_ || shown_ < 0) return false;
+  if (state_ != PlayState::Playing) return false;
+  if (queued_ > 0 && sound_->waiting() < kSoundAhead - kSoundStep)
+    static_cast<void>(guarded([&] { return queueSound(); }));
+  if (!compositor_ || shown_ < 0) return false;
   const auto last = frames_ - 1;
   const auto ahead = std::max<std::int64_t>(timeline_.frameRate.frameAt(kMadeAhead), 2);
   compositor_->expect(
@@ -171,8 +200,9 @@ Result<std::optional<Playback::Shown>> Playback::step(double now) {
 
 Result<std::optional<Playback::Shown>> Playback::due(double now) {
   if (state_ != PlayState::Playing) return show(state_ == PlayState::Ended ? frames_ - 1 : wanted_);
-  if (auto done = queueSound(); !done) return done.error();
-  if (const auto frame = dueFrame(now); frame < frames_) return show(frame);
+  const bool mayWait = queued_ > 0 && sound_->waiting() > kSoundLow;
+  if (auto done = mayWait ? Outcome() : queueSound(); !done) return done.error();
+  if (timeline_.frameRate.frameAt(heardUpTo(now)) < frames_) return show(dueFrame(now));
   standAt(frames_ - 1);
   state_ = PlayState::Ended;
   return show(frames_ - 1);
@@ -184,7 +214,8 @@ double Playback::dueIn(double now) const {
     if (state_ != PlayState::Failed && shown_ != stands) return 0;
     return seen_.bytes() > kSeenAtRest ? std::max(0.1, seenAt_ + kSeenFor - now) : kStands;
   }
-  const double next = timeline_.frameRate.secondsAt(std::max(shown_, wanted_) + 1) - heardUpTo(now);
+  const auto after = std::max(shown_, wanted_) + 1;
+  const double next = timeline_.frameRate.secondsAt(after) - (after < frames_ ? early() : 0) - heardUpTo(now);
   // The sound must not run dry between two frames of a slow rate.
   return std::clamp(next, 0.0, sound_ != nullptr ? kSoundAhead / 4 : kStands);
 }

@@ -36,6 +36,10 @@ class Playback {
   /// not run before it is there. What fails is told when it is due.
   void makeReady(std::optional<std::int64_t> frame = std::nullopt);
 
+  /// The sound is made ready on other threads, from `frame` on, where playing begins, or goes on when it
+  /// plays.
+  void expectSound(std::optional<std::int64_t> frame = std::nullopt);
+
   struct Shown {
     std::int64_t frame = 0;
     media::Picture picture{};
@@ -51,9 +55,9 @@ class Playback {
   /// that are late are left out. Fails when a clip cannot be shown.
   Result<std::optional<Shown>> step(double now);
 
-  /// Makes the next frame that is not at hand yet, and has the files of later ones made ready, so that the
-  /// picture does not wait when it is due. False when there is nothing to do ahead; what fails is told when
-  /// it is due.
+  /// Fills the loudspeakers up, makes the next frame that is not at hand yet, and has the files of later
+  /// ones made ready, so that nothing waits when it is due. False when no frame is to be made ahead; what
+  /// fails is told when it is due.
   bool workAhead();
 
   /// When something will be due, in seconds from `now`; a long time when it stands.
@@ -67,10 +71,13 @@ class Playback {
  private:
   [[nodiscard]] double heardUpTo(double now) const;
   [[nodiscard]] std::int64_t dueFrame(double now) const;
+  void mixFrom(std::int64_t frame);
   Outcome queueSound();
   void silence();
   void standAt(std::int64_t frame);
   [[nodiscard]] std::int64_t held(std::int64_t frame) const;
+  [[nodiscard]] std::int64_t startOfPlay() const;
+  [[nodiscard]] double early() const;
   Result<std::optional<Shown>> due(double now);
   Result<std::optional<Shown>> show(std::int64_t frame);
   Result<media::Picture> picture(std::int64_t frame);
@@ -80,6 +87,7 @@ class Playback {
   std::int64_t frames_;
   std::optional<Compositor> compositor_;
   std::optional<Mixer> mixer_;
+  std::optional<std::int64_t> unread_;  // the frame that the mixer begins at, while nothing was read of it
   SeenFrames seen_;
   double seenAt_ = 0;  // the clock when a frame was shown
   PlayState state_ = PlayState::Stopped;

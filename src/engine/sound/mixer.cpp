@@ -1,5 +1,6 @@
 #include "engine/sound/mixer.h"
 
+#include "base/guarded.h"
 #include "media/audio_reader.h"
 
 #include <algorithm>
@@ -34,7 +35,28 @@ float gainAt(const AudioClip& clip, double seconds) {
 }  // namespace
 
 Mixer::Mixer(const Timeline& timeline, std::int64_t from, media::DamageList* damage)
-    : timeline_(timeline), damage_(damage), clips_(sampleRanges(timeline)), position_(from) {}
+    : timeline_(timeline),
+      damage_(damage),
+      clips_(sampleRanges(timeline)),
+      position_(from),
+      scout_(sampleRanges(timeline)) {}
+
+// All that is read is read on from here, so the first read of a clip begins at its start, or here.
+void Mixer::expect(std::int64_t ahead) {
+  for (const auto number : scout_.at(position_ + ahead)) {
+    if (open_.contains(number) || coming_.contains(number)) continue;
+    const auto offset = std::max<std::int64_t>(position_ - clips_[number].first, 0);
+    coming_[number] = std::async(std::launch::async, [this, number, offset] {
+      return guarded([&] { return ClipSound::open(timeline_.audio[number], offset, damage_); });
+    });
+  }
+}
+
+Result<ClipSound> Mixer::opened(std::size_t clip, std::int64_t offset) {
+  auto coming = coming_.extract(clip);
+  if (!coming.empty()) return coming.mapped().get();
+  return ClipSound::open(timeline_.audio[clip], offset, damage_);
+}
 
 Outcome Mixer::addClip(std::size_t number) {
   const auto& clip = timeline_.audio[number];
@@ -44,7 +66,7 @@ Outcome Mixer::addClip(std::size_t number) {
   if (first >= stop) return {};
   auto found = open_.find(number);
   if (found == open_.end()) {
-    auto sound = ClipSound::open(clip, first - range.first, damage_);
+    auto sound = opened(number, first - range.first);
     if (!sound) return sound.error();
     found = open_.emplace(number, std::move(*sound)).first;
   }

@@ -9,6 +9,7 @@
 #include "media/damage.h"
 
 #include <cstdint>
+#include <future>
 #include <map>
 #include <span>
 #include <vector>
@@ -24,8 +25,13 @@ class Mixer {
   /// Fills `samples` (stereo) on from where the last read ended. Files are open only while they sound.
   Outcome read(std::span<float> samples);
 
+  /// Files of clips that sound now, or will this many samples further on, are opened on other threads, so
+  /// that the read that comes there need not wait. What goes wrong is told by that read.
+  void expect(std::int64_t ahead);
+
  private:
   Outcome mixBlock();
+  Result<ClipSound> opened(std::size_t clip, std::int64_t offset);
   Outcome addClip(std::size_t clip);
 
   const Timeline& timeline_;
@@ -33,6 +39,8 @@ class Mixer {
   ActiveSet clips_;
   std::int64_t position_;  // timeline sample that the next block begins with
   std::map<std::size_t, ClipSound> open_;
+  ActiveSet scout_;  // ahead of `clips_`
+  std::map<std::size_t, std::future<Result<ClipSound>>> coming_;
   Limiter limiter_;
   std::vector<float> block_;
   std::vector<float> clipBlock_;

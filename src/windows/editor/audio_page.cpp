@@ -5,6 +5,7 @@
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/notice_line.h"
+#include "windows/editor/refusal.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -73,7 +74,7 @@ void AudioPage::makeMusic() {
     order_[i]->setToolTip(i == 0 ? tr("Music tracks follow each other") : tr("Music tracks sound together"));
     group->addButton(order_[i]);
     connect(order_[i], &QRadioButton::clicked, [this, order = static_cast<OverlayOrder>(i)] {
-      act([&] { chooseOverlayOrder(logic_.editing, state_, order); });
+      act([&] { chooseOverlayOrder(logic_.editing, state_, logic_.host, order); });
     });
   }
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
@@ -85,7 +86,7 @@ void AudioPage::makeMusic() {
   clipAudio_ = put(made<QCheckBox>(tr("Render the clips' own audio"), this), {16 - kMarkRoom, 346, 208, 24});
   clipAudio_->setToolTip(tr("Put the clips' own sound into the movie"));
   connect(clipAudio_, &QCheckBox::clicked,
-          [this](bool on) { act([&] { tickRenderClipAudio(logic_.editing, state_, on); }); });
+          [this](bool on) { act([&] { tickRenderClipAudio(logic_.editing, state_, logic_.host, on); }); });
   trackFade_ =
       put(made<HeadedSlider>(tr("Fade between clips"), this), {224, 345, 200, HeadedSlider::kHeight});
   trackFade_->moved = [this](int tenths) {
@@ -94,19 +95,22 @@ void AudioPage::makeMusic() {
 }
 
 void AudioPage::draw() {
-  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection);
-  sound_->setEnabled(state_.hasSound);
+  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  const auto unless = [](bool can, const QString& why) { return can ? QString() : why; };
+  setWhyNot(*sound_, unless(state_.hasSound, tr("This clip has no sound")));
   sound_->setChecked(state_.fades.renderAudio);
   fadeIn_->draw(state_.fadeIn, shown(state_.fadeIn.heading));
   fadeOut_->draw(state_.fadeOut, shown(state_.fadeOut.heading));
   level_->draw(state_.level, shown(state_.level.heading));
+  const auto noMusic = unless(state_.hasMusic, tr("There is no music in this collection"));
+  const auto noVideo = unless(state_.Chk_RenderClipAudioEnabled, tr("No clip has a picture"));
   for (std::size_t i = 0; i < order_.size(); ++i) {
-    order_[i]->setEnabled(state_.hasMusic);
+    setWhyNot(*order_[i], noMusic);
     if (static_cast<OverlayOrder>(i) == state_.Opt_StackOverlay) order_[i]->setChecked(true);
   }
-  autoTrim_->setEnabled(state_.Chk_AutoTrimEnabled);
+  setWhyNot(*autoTrim_, noMusic.isEmpty() ? noVideo : noMusic);
   autoTrim_->setChecked(state_.Chk_AutoTrim);
-  clipAudio_->setEnabled(state_.Chk_RenderClipAudioEnabled);
+  setWhyNot(*clipAudio_, noVideo);
   clipAudio_->setChecked(state_.Chk_RenderClipAudio);
   trackFade_->draw(state_.trackFade, shown(state_.trackFade.heading));
   const auto& notice = state_.notice;

@@ -6,6 +6,7 @@
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
 #include "windows/editor/editor_page.h"
+#include "windows/editor/refusal.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -221,11 +222,7 @@ void ClipKeysPart::layOut() {
 void ClipKeysPart::draw() {
   isDrawing_ = true;
   for (std::size_t i = 0; i < kClipKeys; ++i) {
-    const auto& whyNot = state_.keys.whyNot[i];
-    const bool can = whyNot.empty() && state_.frame.toolsOn;
-    if (keys_[i]->isEnabled() != can) keys_[i]->setEnabled(can);
-    const auto tip = tr(kClipKeyRows[i].tip);
-    setTipOf(*keys_[i], whyNot.empty() ? tip : tip + "\n" + told(whyNot));
+    setWhyNot(*keys_[i], shown(state_.keys.whyNot[i]));
   }
   const auto& totals = state_.totals;
   setTextOf(*video_, shown(totals.lbl_VideoTotTime));
@@ -236,6 +233,10 @@ void ClipKeysPart::draw() {
   markBad(*audio_, totals.audioIsRed);
   if (!zoom_->isSliderDown()) zoom_->setValue(zoomValue());
   isDrawing_ = false;
+}
+
+void ClipKeysPart::refuse(ClipKey key) {
+  kvo::refuse(*keys_[static_cast<std::size_t>(key)], shown(state_.keys.of(key)));
 }
 
 void ClipKeysPart::changeEvent(QEvent* event) {

@@ -27,6 +27,8 @@ class ClipKeysPart final : public QWidget {
   ClipKeysPart(const RushState& state, const RushActs& acts, const std::string& pictures, QWidget* parent);
 
   void draw();
+  /// Says why a key cannot be pressed.
+  void refuse(ClipKey key);
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -16,16 +16,20 @@ constexpr std::array kClipIcons = {"music", "film", "still"};  // by MediaClass
 PageClipList::PageClipList(const QString& name, const QString& emptyText, QWidget* parent)
     : PageList(name, emptyText, kClipIcons, parent) {}
 
-void PageClipList::draw(const ListBox& state, const Collection& collection) {
-  if (drawn_ != state.rows) {
+void PageClipList::draw(const ListBox& state, const Collection& collection,
+                        const std::set<std::string>& missing) {
+  if (drawn_ != state.rows || missing_ != missing) {
     drawn_ = state.rows;
+    missing_ = missing;
     rows_.clear();
     for (const auto& row : drawn_) {
       const int clipNo = GetIndividualClipNo(row);
-      const auto kind = clipNo <= collection.MovieList.count()
-                            ? mediaClass(collection.MovieList[clipNo].MovieName(), nullptr)
-                            : MediaClass::Video;
-      rows_.push_back({std::string(trimmed(nameOfRow(row))), static_cast<int>(kind)});
+      auto& made =
+          rows_.emplace_back(Row{std::string(trimmed(nameOfRow(row))), static_cast<int>(MediaClass::Video)});
+      if (clipNo > collection.MovieList.count()) continue;
+      const auto& clip = collection.MovieList[clipNo];
+      made.icon = static_cast<int>(mediaClass(clip.MovieName(), nullptr));
+      if (!missing.empty() && missing.contains(clipFile(clip))) made.fault = missingText(made.text);
     }
   }
   drawRows(rows_, state.ListIndex);

@@ -17,7 +17,6 @@ ClipSlidersPart::ClipSlidersPart(const ClipSliders& state, const RushActs& acts,
   rate_->moved = [&acts](int value) { acts.moveRate(value); };
   rate_->letGo = [&acts] { acts.rateLetGo(); };
   level_->moved = [&acts](int value) { acts.moveLevel(value); };
-  level_->letGo = [&acts] { acts.levelLetGo(); };
 }
 
 void ClipSlidersPart::draw() {

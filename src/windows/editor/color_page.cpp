@@ -5,6 +5,7 @@
 #include "ui/theme.h"
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
+#include "windows/editor/refusal.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -96,14 +97,14 @@ void ColorPage::drawPictures() {
 }
 
 void ColorPage::draw() {
-  clips_->draw(state_.Lst_ColorAdjust, logic_.editing.collection);
+  clips_->draw(state_.Lst_ColorAdjust, logic_.editing.collection, logic_.editing.editor.missingFiles);
   for (std::size_t i = 0; i < kColourLevels; ++i) {
     const auto& level = state_.levels[i];
     levels_[i]->draw(level, told(level.heading), QString::number(level.Value));
   }
-  sepia_->setEnabled(state_.enabled);
+  setWhyNot(*sepia_, state_.enabled ? QString() : tr("Choose a clip first"));
   sepia_->setChecked(state_.Chk_Sepia);
-  reset_->setEnabled(state_.isAdjusted);
+  setWhyNot(*reset_, state_.isAdjusted ? QString() : tr("All values are 0 already"));
   drawPictures();
 }
 

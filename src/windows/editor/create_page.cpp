@@ -5,6 +5,7 @@
 #include "ui/texts.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
+#include "windows/editor/refusal.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -201,7 +202,7 @@ void CreatePage::makeKeys() {
   KVOBut_SaveProject_ =
       makeKey("save", tr("Save the project"), tr("Save the project and all the current settings"),
               {kPageLeft, 402, 198, 30});
-  setKeys(*KVOBut_SaveProject_, "Ctrl+S");
+  setKeys(*KVOBut_SaveProject_, "Ctrl+Shift+S");
   connect(KVOBut_SaveProject_, &QPushButton::clicked, [this] { acts_.save(); });
   auto* help = makeKey("help", tr("Help"), tr("How a movie is made"), {226, 402, 96, 30});
   connect(help, &QPushButton::clicked, [this] { acts_.help(); });
@@ -217,6 +218,7 @@ void CreatePage::draw() {
            Sld_CPURequired_, Chk_AutoRewind_, ChkDynamic_}) {
     part->setEnabled(!running);
   }
+  noteWhyNot(*this, running ? tr("Stop the preview first") : QString());
   drawOutput();
   setTextOf(*Fra_PreviewOpts_, told(state_.Fra_PreviewOpts));
   setTipOf(*Sld_CPURequired_, told(state_.powerToolTip));
@@ -232,7 +234,9 @@ void CreatePage::draw() {
     Cmd_PrevGrph_->setToolTip(running ? tr("End the preview of the movie") : tr("Watch the movie"));
     Cmd_PrevGrph_->setAccessibleName(Cmd_PrevGrph_->text());
   }
-  KVOBut_SaveProject_->setEnabled(state_.canSave && !running);
+  setWhyNot(*KVOBut_SaveProject_, !state_.canSave ? tr("There is nothing to save")
+                                  : running       ? tr("Stop the preview first")
+                                                  : QString());
   isDrawing_ = false;
 }
 
@@ -245,8 +249,10 @@ void CreatePage::drawOutput() {
   Opt_RenderRange_[state_.Opt_RenderRangeWhole ? 0 : 1]->setChecked(true);
   setFieldText(*Txt_From_, secondsText(state_.Txt_From));
   setFieldText(*Txt_Too_, secondsText(state_.Txt_Too));
-  for (auto* field : {Txt_From_, Txt_Too_})
+  for (auto* field : {Txt_From_, Txt_Too_}) {
+    noteWhyNot(*field, state_.Opt_RenderRangeWhole ? tr("Choose From first") : QString());
     field->setEnabled(!state_.Opt_RenderRangeWhole && !state_.IsPreviewRunning);
+  }
 }
 
 // The lines of Label42 in two columns, each with a sign of its own.

@@ -7,6 +7,7 @@
 #include "windows/editor/ease_panel_part.h"
 #include "windows/editor/effect_rows.h"
 #include "windows/editor/headed_slider.h"
+#include "windows/editor/refusal.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -50,9 +51,11 @@ void EffectPage::act(const std::function<void()>& work) {
   logic_.acted();
 }
 
-void EffectPage::openKeyframes(int position) {
+void EffectPage::openOptions(QWidget& where, int position) {
   act([&] {
-    if (opensKeyframes(logic_.editing, state_, position)) showKeyframes_();
+    const auto configured = configure(logic_.editing, state_, logic_.host, position);
+    if (configured.showsKeyframes) showKeyframes_();
+    refuse(where, told(configured.whyNot));
   });
 }
 
@@ -65,12 +68,8 @@ QCheckBox* EffectPage::makeSwitch(QCheckBox* box, int position) {
           : tickEffect(logic_.editing, state_, logic_.host, position, on);
     });
   });
-  if (position == kAgeSwitch) return box;
   box->setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(box, &QWidget::customContextMenuRequested, [this, position] {
-    if (position != kEaseSwitch) return openKeyframes(position);
-    act([&] { showEaseOpts(logic_.editing, state_, logic_.host, true); });
-  });
+  connect(box, &QWidget::customContextMenuRequested, [this, box, position] { openOptions(*box, position); });
   return box;
 }
 
@@ -86,13 +85,14 @@ QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, cons
 void EffectPage::makeEffects() {
   write(tr("Effects"), "caption", {182, 15, 60, 16});
   makeChoice();
-  effects_ = put(made<EffectRows>(state_, choice_.samples,
-                                  EffectRows::Acts{[this](const std::string& name) {
-                                                     act([&] { choice_.names.toggleFavourite(name); });
-                                                   },
-                                                   [this](int position) { openKeyframes(position); }},
-                                  this),
-                 kEffectsPlace);
+  effects_ =
+      put(made<EffectRows>(
+              state_, choice_.samples,
+              EffectRows::Acts{
+                  [this](const std::string& name) { act([&] { choice_.names.toggleFavourite(name); }); },
+                  [this](int position) { openOptions(*effects_->box(position), position); }},
+              this),
+          kEffectsPlace);
   for (int i = 1; i <= EffectRows::kRows; ++i) makeSwitch(effects_->box(i), i);
   noneFound_ = write(tr("No effect of that name"), "hint", {182, 82, 242, 16});
   noneFound_->setAlignment(Qt::AlignCenter);
@@ -133,8 +133,8 @@ void EffectPage::makeLevels() {
     auto* key = makeSmallKey(icon, position == kEaseSwitch ? tr("Ease options") : tr("Keyframes"),
                              {142, top - 4, 24, 24});
     (position == kEaseSwitch ? easeOptions_ : keyframes_[i]) = key;
-    connect(key, &QToolButton::clicked, [this, position = position] {
-      if (position != kEaseSwitch) return openKeyframes(position);
+    connect(key, &QToolButton::clicked, [this, key, position = position] {
+      if (position != kEaseSwitch) return openOptions(*key, position);
       act([&] { showEaseOpts(logic_.editing, state_, logic_.host, !state_.ease.open); });
     });
   }
@@ -162,7 +162,7 @@ void EffectPage::makeLevels() {
 }
 
 void EffectPage::draw() {
-  clips_->draw(state_.Lst_Clips, logic_.editing.collection);
+  clips_->draw(state_.Lst_Clips, logic_.editing.collection, logic_.editing.editor.missingFiles);
   for (int i = 1; i <= EffectWord::kSwitches; ++i) {
     const auto& face = state_.faces[static_cast<std::size_t>(i)];
     auto* box = switches_[static_cast<std::size_t>(i)];
@@ -181,7 +181,8 @@ void EffectPage::draw() {
     key->setVisible(state_.faces[static_cast<std::size_t>(position)].isOn);
   const bool eases = state_.faces[kEaseSwitch].isOn;
   easeOptions_->setVisible(eases);
-  for (auto* option : {easeIn_, easeOut_}) option->setEnabled(eases);
+  for (auto* option : {easeIn_, easeOut_})
+    setWhyNot(*option, eases ? QString() : tr("Switch the effect on first"));
   (state_.ease.EaseIN ? easeIn_ : easeOut_)->setChecked(true);
   drawEffects();
   easePanel_->draw();

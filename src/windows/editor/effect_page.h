@@ -45,7 +45,7 @@ class EffectPage final : public EditorPage {
   QCheckBox* makeSwitch(QCheckBox* box, int position);
   QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place);
   void act(const std::function<void()>& work);
-  void openKeyframes(int position);
+  void openOptions(QWidget& where, int position);
 
   EffectTab& state_;
   PageLogic logic_;

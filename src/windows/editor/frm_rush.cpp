@@ -6,6 +6,7 @@
 #include "windows/editor/clip_details_part.h"
 #include "windows/editor/clip_keys_part.h"
 #include "windows/editor/clip_sliders_part.h"
+#include "windows/editor/refusal.h"
 #include "windows/editor/rush_tabs.h"
 
 #include <QCloseEvent>
@@ -77,6 +78,7 @@ FrmRush::FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::st
   all->addWidget(tabs_);
   all->addWidget(splitter_, 1);
   makeShortcuts();
+  sayWhyOff(*this);
   layOut();
 }
 
@@ -133,16 +135,26 @@ QWidget* FrmRush::makeLower() {
 void FrmRush::makeShortcuts() {
   const auto on = [this](const QKeySequence& keys, const std::function<void()>& act) {
     auto* shortcut = made<QShortcut>(keys, this);
-    connect(shortcut, &QShortcut::activated, [this, act] {
-      if (state_.frame.toolsOn) act();
-    });
+    connect(shortcut, &QShortcut::activated, act);
   };
   for (int tab = 1; tab <= kPages; ++tab)
-    on(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + tab)), [this, tab] { acts_.Buildtabs(tab); });
-  on(QKeySequence("Ctrl+Z"), [this] { acts_.goInHistory(-1); });
-  on(QKeySequence("Ctrl+Shift+Z"), [this] { acts_.goInHistory(1); });
-  on(QKeySequence("Ctrl+Y"), [this] { acts_.goInHistory(1); });
-  on(QKeySequence("Ctrl+S"), [this] { acts_.save(); });
+    on(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + tab)), [this, tab] { tabs_->goTo(tab); });
+  on(QKeySequence("Ctrl+Z"), [this] { tabs_->goInHistory(-1); });
+  on(QKeySequence("Ctrl+Shift+Z"), [this] { tabs_->goInHistory(1); });
+  on(QKeySequence("Ctrl+Y"), [this] { tabs_->goInHistory(1); });
+  on(QKeySequence("Ctrl+S"), [this] { save(acts_.save); });
+  on(QKeySequence("Ctrl+Shift+S"), [this] { save(acts_.saveAs); });
+}
+
+// The key that does the same may lie on a page that is not open.
+void FrmRush::save(const std::function<void()>& act) {
+  const auto& frame = state_.frame;
+  const auto why = frame.toolsOn ? told(frame.saveOffBecause) : shown(frame.toolsOffBecause);
+  why.isEmpty() ? act() : refuse(focused(), why);
+}
+
+QWidget& FrmRush::focused() const {
+  return focusWidget() != nullptr && focusWidget() != this ? *focusWidget() : *static_cast<QWidget*>(tabs_);
 }
 
 void FrmRush::layOut() {
@@ -223,6 +235,8 @@ void FrmRush::draw() {
     drawPage_[front]();
   }
   pages_->setEnabled(state_.frame.toolsOn || state_.frame.CurrentTab == 1);
+  for (auto* part : std::array<QWidget*, 2>{pages_, sliders_})
+    noteWhyNot(*part, shown(state_.frame.toolsOffBecause));
   details_->draw();
   sliders_->draw();
   wheel_->draw();
@@ -254,14 +268,14 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     acts_.preview();
     return true;
   }
+  for (const auto& entry : kKeysOfClip) {
+    if (entry.key != key || entry.shift != with.testFlag(Qt::ShiftModifier)) continue;
+    state_.keys.of(entry.act).empty() ? acts_.clipKey(entry.act) : keys_->refuse(entry.act);
+    return true;
+  }
   if (!state_.frame.toolsOn) {
     if (key == Qt::Key_Escape) acts_.stopAnalysing();
     return key == Qt::Key_Escape;
-  }
-  for (const auto& entry : kKeysOfClip) {
-    if (entry.key != key || entry.shift != with.testFlag(Qt::ShiftModifier)) continue;
-    if (state_.keys.of(entry.act).empty()) acts_.clipKey(entry.act);
-    return true;
   }
   const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };
   switch (key) {
@@ -277,6 +291,9 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
       return true;
     case Qt::Key_0:
       acts_.wholeMovie();
+      return true;
+    case Qt::Key_Delete:  // elsewhere it is not the clip that one would expect to go
+      refuse(focused(), tr("Click a clip on the timeline first"));
       return true;
     default:
       return false;

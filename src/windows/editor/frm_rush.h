@@ -68,6 +68,8 @@ class FrmRush final : public QWidget {
   void appear();
   void keep() const;
   void orderFocus();
+  void save(const std::function<void()>& act);
+  [[nodiscard]] QWidget& focused() const;
   void leaveTools();
   void takeTools();
   [[nodiscard]] bool takes(int key, Qt::KeyboardModifiers with);

@@ -2,12 +2,15 @@
 
 #include "ui/made.h"
 #include "ui/painting.h"
+#include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/editor/editor_page.h"
+#include "windows/editor/refusal.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QSlider>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -32,12 +35,27 @@ HeadedSlider::HeadedSlider(const QString& name, QWidget* parent)
   slider_->setToolTip(name);
   connect(slider_, &QSlider::valueChanged, [this](int value) {
     if (isDrawing_) return;
+    hasMoved_ = true;
     if (moved) moved(value);
-    if (letGo && !slider_->isSliderDown()) letGo();
+    if (!slider_->isSliderDown() && !keyIsDown_) endMove();
   });
-  connect(slider_, &QSlider::sliderReleased, [this] {
-    if (letGo) letGo();
-  });
+  connect(slider_, &QSlider::sliderReleased, [this] { endMove(); });
+  slider_->installEventFilter(this);
+}
+
+void HeadedSlider::endMove() {
+  if (std::exchange(hasMoved_, false) && letGo) letGo();
+}
+
+bool HeadedSlider::eventFilter(QObject* watched, QEvent* event) {
+  const auto type = event->type();
+  if (type == QEvent::KeyPress) keyIsDown_ = true;
+  const bool isUp = type == QEvent::KeyRelease && !static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  if (isUp || type == QEvent::FocusOut) {
+    keyIsDown_ = false;
+    endMove();
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void HeadedSlider::setDot(Rgb colour) {
@@ -51,6 +69,7 @@ void HeadedSlider::draw(const ClipSlider& state, const QString& heading, const Q
   setTextOf(*value_, value);
   if (heading_->isEnabled() != state.Enabled) heading_->setEnabled(state.Enabled);
   if (value_->isEnabled() != state.Enabled) value_->setEnabled(state.Enabled);
+  setWhyNot(*slider_, state.Enabled ? QString() : told(state.whyNot));
   slider_->setEnabled(state.Enabled);
   slider_->setRange(state.Min, state.Max);
   slider_->setPageStep(std::max(1, (state.Max - state.Min) / kPageParts));

@@ -24,7 +24,7 @@ class HeadedSlider final : public QWidget {
 
   /// The user has moved it.
   std::function<void(int value)> moved;
-  /// The user has let it go; keys and wheel let go at each step.
+  /// The user has let it go, or the key that moved it; a wheel lets go at each step.
   std::function<void()> letGo;
 
   /// What the slider stands for: a dot behind the heading, and the slot up to the handle.
@@ -35,6 +35,8 @@ class HeadedSlider final : public QWidget {
 
   [[nodiscard]] QSlider* slider() const { return slider_; }
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -42,12 +44,15 @@ class HeadedSlider final : public QWidget {
 
  private:
   void layOut();
+  void endMove();
 
   QLabel* heading_;
   QLabel* value_;
   QSlider* slider_;
   std::optional<Rgb> dot_;
   bool isDrawing_ = false;
+  bool hasMoved_ = false;  // since it was let go last
+  bool keyIsDown_ = false;
 };
 
 }  // namespace kvo

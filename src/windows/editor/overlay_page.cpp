@@ -6,6 +6,7 @@
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/overlay_positions.h"
+#include "windows/editor/refusal.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -103,14 +104,15 @@ void OverlayPage::makeSliders() {
 }
 
 void OverlayPage::makeSound() {
-  const auto box = [this](int top, const QString& tip, OverlaySound& sound) {
+  const auto box = [this](int top, const QString& tip, auto rule) {
     auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 412, 24});
     made->setToolTip(tip);
-    connect(made, &QCheckBox::clicked, [this, &sound](bool on) { act([&] { sound.ticked = on; }); });
+    connect(made, &QCheckBox::clicked,
+            [this, rule](bool on) { act([&] { rule(logic_.editing, state_, logic_.host, on); }); });
     return made;
   };
-  overlaySound_ = box(382, tr("The sound of the overlay goes into the new clip"), state_.overlaySound);
-  backdropSound_ = box(404, tr("The sound of the backdrop goes into the new clip"), state_.backdropSound);
+  overlaySound_ = box(382, tr("The sound of the overlay goes into the new clip"), tickOverlaySound);
+  backdropSound_ = box(404, tr("The sound of the backdrop goes into the new clip"), tickBackdropSound);
   clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 350, 105, 28});
   clear_->setToolTip(tr("Take the overlay off this backdrop"));
   connect(clear_, &QPushButton::clicked,
@@ -120,28 +122,30 @@ void OverlayPage::makeSound() {
 
 void OverlayPage::draw() {
   const auto& collection = logic_.editing.collection;
-  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection);
-  overlays_->draw(state_.Lst_PicinPicOverlays, collection);
-  overlays_->setEnabled(state_.enabled);
+  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection, logic_.editing.editor.missingFiles);
+  overlays_->draw(state_.Lst_PicinPicOverlays, collection, logic_.editing.editor.missingFiles);
+  const auto noClip = state_.enabled ? QString() : tr("Choose a backdrop first");
+  setWhyNot(*overlays_, noClip);
   const auto position = static_cast<std::size_t>(state_.look.position - 1);
   setTextOf(*positionName_, tr("Position - %1").arg(told(std::string(overlayPositionNames()[position]))));
   positions_->draw(state_.look.position, state_.enabled);
+  noteWhyNot(*positions_, noClip);
   for (std::size_t i = 0; i < kStyles.size(); ++i) {
-    styles_[i]->setEnabled(state_.enabled);
+    setWhyNot(*styles_[i], noClip);
     if (kStyles[i].style == state_.look.style) styles_[i]->setChecked(true);
   }
   opacity_->draw(state_.Sld_MaxTransparency, shown(state_.Sld_MaxTransparency.heading));
   fadeIn_->draw(state_.Sld_OverlayIn, shown(state_.Sld_OverlayIn.heading));
   fadeOut_->draw(state_.Sld_OverlayOut, shown(state_.Sld_OverlayOut.heading));
-  trim_->setEnabled(state_.enabled);
+  setWhyNot(*trim_, noClip);
   trim_->setChecked(state_.look.trimToBackdrop);
   for (const auto& [box, sound] :
        {std::pair{overlaySound_, &state_.overlaySound}, {backdropSound_, &state_.backdropSound}}) {
     setTextOf(*box, told(sound->box.caption));
-    box->setEnabled(sound->box.enabled);
+    setWhyNot(*box, sound->box.enabled ? QString() : tr("Clip has no Audio"));
     box->setChecked(sound->ticked && sound->box.enabled);
   }
-  clear_->setEnabled(state_.enabled && state_.look.overlayClip > 0);
+  setWhyNot(*clear_, state_.look.overlayClip > 0 ? QString() : tr("This backdrop has no overlay"));
   noOverlay_->setVisible(state_.Pic_NoPinp);
 }
 

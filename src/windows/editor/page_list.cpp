@@ -1,5 +1,6 @@
 #include "windows/editor/page_list.h"
 
+#include "ui/texts.h"
 #include "ui/theme.h"
 
 #include <QEvent>
@@ -49,6 +50,10 @@ void PageList::setFace() {
   look.emptyText = emptyText_;
   look.elide = Qt::ElideMiddle;
   look.iconLeft = themed(kPageIconLeft);
+  look.toolTip = [this](int index) {
+    const auto row = static_cast<std::size_t>(index);
+    return row < rows_.size() ? shown(rows_[row].fault) : QString();
+  };
   setLook(std::move(look));
   setProperties(pageListProperties());
   std::vector<QPixmap> icons;
@@ -56,6 +61,7 @@ void PageList::setFace() {
     for (const auto* icon : icons_)
       icons.push_back(iconPicture(icon, colour, themed(kPageIcon), devicePixelRatio()));
   }
+  icons.push_back(iconPicture("warn", token("red"), themed(kPageIcon), devicePixelRatio()));
   SetImageList(std::move(icons));
 }
 
@@ -66,9 +72,11 @@ void PageList::drawRows(std::vector<Row> rows, int ListIndex) {
     std::vector<CoolListItem> items;
     items.reserve(rows_.size());
     for (const auto& row : rows_) {
-      const auto icon = static_cast<std::int16_t>(row.icon + 1);
+      const auto kinds = static_cast<int>(icons_.size());
+      const int icon = row.fault.empty() ? row.icon : 2 * kinds;
+      const int chosen = row.fault.empty() ? row.icon + kinds : icon;
       items.push_back(
-          {row.text, icon, static_cast<std::int16_t>(icon + static_cast<int>(icons_.size())), false});
+          {row.text, static_cast<std::int16_t>(icon + 1), static_cast<std::int16_t>(chosen + 1), false});
     }
     list().setItems(std::move(items));
   }

@@ -14,7 +14,8 @@ class PageList : public CoolListView {
  public:
   struct Row {
     std::string text;
-    int icon = 0;  ///< of the list's icons, from 0
+    int icon = 0;         ///< of the list's icons, from 0
+    std::string fault{};  ///< why it cannot be used: a sign stands in the icon's place, and this is the tip
     bool operator==(const Row&) const = default;
   };
 

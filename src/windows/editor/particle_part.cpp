@@ -60,8 +60,9 @@ void ParticlePart::draw() {
   for (std::size_t i = 0; i < kSliders; ++i) {
     const auto& entry = kParticleSliders[i];
     const int value = state_.*entry.value;
-    sliders_[i]->draw({entry.least, entry.most, value, !state_.Chk_UseParticleDefaults, {}}, tr(entry.name),
-                      QString::number(value * entry.shownPart));
+    sliders_[i]->draw(
+        {entry.least, entry.most, value, !state_.Chk_UseParticleDefaults, {}, "Untick the defaults first"},
+        tr(entry.name), QString::number(value * entry.shownPart));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "windows/editor/preview_part.h"
 
+#include "editor/compiler/picture_in_picture.h"
 #include "ui/painting.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -72,6 +73,7 @@ void PreviewPart::paintEvent(QPaintEvent* /*event*/) {
     painter.setClipPath(pane);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(pictureRect(), image);
+    drawOverlayFrame(painter);
     painter.restore();
     drawTitle(painter);
   } else {
@@ -80,6 +82,19 @@ void PreviewPart::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QPen(toColour(token("line1")), 1));
   painter.setBrush(Qt::NoBrush);
   painter.drawPath(pane);
+}
+
+// Where the upper of two clips lies, whatever it shows and however faint it is.
+void PreviewPart::drawOverlayFrame(QPainter& painter) const {
+  if (state_.overlayPosition == 0) return;
+  const auto place = pictureRect();
+  const auto box = overlayBox(state_.overlayPosition, place.width(), place.height());
+  const QRectF frame(place.left() + box.offsetX, place.top() + box.offsetY, box.width, box.height);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(toColour(token("ink0")), themed(3) / 2.0));
+  painter.drawRect(onPixels(frame));
+  painter.setPen(QPen(toColour(token("teal")), themed(3) / 2.0, Qt::DashLine));
+  painter.drawRect(onPixels(frame));
 }
 
 void PreviewPart::drawTitle(QPainter& painter) const {

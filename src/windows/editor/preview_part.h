@@ -24,6 +24,7 @@ class PreviewPart final : public QWidget {
 
  private:
   [[nodiscard]] QString title() const;
+  void drawOverlayFrame(QPainter& painter) const;
   void drawTitle(QPainter& painter) const;
   void drawEmpty(QPainter& painter) const;
 

@@ -25,13 +25,13 @@ struct RushActs {
   std::function<void(int hundredths)> moveRate;
   std::function<void()> rateLetGo;
   std::function<void(int tenths)> moveLevel;
-  std::function<void()> levelLetGo;
   std::function<void(int frames)> jog;         ///< the wheel has gone on by so many frames, or back
   std::function<void(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes
   std::function<void(double part)> zoom;       ///< of the timeline, 0 to 1
   std::function<void()> wholeMovie;
-  std::function<void()> preview;  ///< Space
-  std::function<void()> save;
+  std::function<void()> preview;        ///< Space
+  std::function<void()> save;           ///< Ctrl+S: into the collection's own file
+  std::function<void()> saveAs;         ///< Ctrl+Shift+S: asks for a name
   std::function<void()> stopAnalysing;  ///< Escape while the files of the clips are looked into
   std::function<void()> close;
 };

@@ -6,6 +6,7 @@
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
 #include "windows/editor/editor_page.h"
+#include "windows/editor/refusal.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -56,10 +57,8 @@ RushTabs::RushTabs(const RushState& state, const RushActs& acts, QWidget* parent
     Tb_FileTab_->setTabToolTip(static_cast<int>(i), tr(kTabRows[i].name) + QString(" (Ctrl+%1)").arg(i + 1));
   }
   connect(Tb_FileTab_, &QTabBar::currentChanged, [this](int index) {
-    if (isDrawing_) return;
-    state_.frame.toolsOn ? acts_.Buildtabs(index + 1) : draw();  // not while the movie plays
+    if (!isDrawing_) goTo(index + 1);
   });
-  list_->setToolTip(tr("What has been done"));
   connect(undo_, &KVOBut::clicked, [this] { acts_.goInHistory(-1); });
   connect(redo_, &KVOBut::clicked, [this] { acts_.goInHistory(1); });
   connect(list_, &KVOBut::clicked, [this] { showHistory(); });
@@ -101,14 +100,30 @@ void RushTabs::draw() {
   Tb_FileTab_->setCurrentIndex(state_.frame.CurrentTab - 1);
   isDrawing_ = false;
   const auto& history = state_.history;
-  const bool on = state_.frame.toolsOn;
-  undo_->setEnabled(on && !history.done.empty());
-  redo_->setEnabled(on && !history.undone.empty());
-  list_->setEnabled(on && !(history.done.empty() && history.undone.empty()));
-  setTipOf(*undo_, history.done.empty() ? tr("There is nothing to undo")
-                                        : tr("Undo %1").arg(shown(history.done.back())));
-  setTipOf(*redo_, history.undone.empty() ? tr("There is nothing to redo")
-                                          : tr("Redo %1").arg(shown(history.undone.back())));
+  const auto& off = state_.frame.toolsOffBecause;
+  const auto offer = [&](KVOBut& key, const QString& tip, const QString& nothing) {
+    setWhyNot(key, off.empty() ? nothing : shown(off), tip);
+  };
+  const auto act = [](const QString& pattern, const auto& names) {
+    return pattern.arg(names.empty() ? QString() : shown(names.back())).trimmed();
+  };
+  const auto unless = [](bool has, const QString& nothing) { return has ? QString() : nothing; };
+  const auto noUndo = unless(!history.done.empty(), tr("There is nothing to undo"));
+  const auto noRedo = unless(!history.undone.empty(), tr("There is nothing to redo"));
+  offer(*undo_, act(tr("Undo %1"), history.done), noUndo);
+  offer(*redo_, act(tr("Redo %1"), history.undone), noRedo);
+  offer(*list_, tr("What has been done"), noRedo.isEmpty() ? QString() : noUndo);
+}
+
+void RushTabs::goInHistory(int steps) {
+  const auto& key = steps < 0 ? undo_ : redo_;
+  key->isEnabled() ? acts_.goInHistory(steps) : refuse(*key, whyNot(*key));
+}
+
+void RushTabs::goTo(int tab) {
+  if (state_.frame.toolsOn) return acts_.Buildtabs(tab);
+  draw();
+  refuse(*Tb_FileTab_, Tb_FileTab_->tabRect(tab - 1).center(), shown(state_.frame.toolsOffBecause));
 }
 
 // From the farthest redo down to the farthest undo, the present place between them.

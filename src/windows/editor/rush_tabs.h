@@ -26,6 +26,11 @@ class RushTabs final : public QWidget {
 
   void draw();
 
+  /// Ctrl+Z and its like: below 0 undoes, above 0 redoes; where it cannot it says why.
+  void goInHistory(int steps);
+  /// The keys of the tabs, 1 to 7: likewise.
+  void goTo(int tab);
+
   /// What a tab is called, 1 to 7.
   [[nodiscard]] QString nameOf(int tab) const;
 

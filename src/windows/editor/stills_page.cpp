@@ -5,6 +5,7 @@
 #include "windows/editor/aspect_row.h"
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
+#include "windows/editor/refusal.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -73,15 +74,17 @@ void StillsPage::act(const std::function<void()>& work) {
 void StillsPage::draw() {
   setTextOf(*caption_, shown(state_.caption));
   groupOrIndividual_[state_.controls.individually ? 1 : 0]->setChecked(true);
-  for (auto* option : groupOrIndividual_) option->setEnabled(state_.enabled);
-  stills_->draw(state_.Lst_Movies, logic_.editing.collection);
-  stills_->setEnabled(state_.listEnabled);
+  const auto noStill = state_.enabled ? QString() : tr("There is no still in this collection");
+  for (auto* option : groupOrIndividual_) setWhyNot(*option, noStill);
+  stills_->draw(state_.Lst_Movies, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  const auto together = state_.listEnabled ? QString() : tr("All stills are treated the same");
+  setWhyNot(*stills_, noStill.isEmpty() ? together : noStill);
   duration_->draw(state_.Slider1, tr("Each still shows for"), shown(state_.reading));
   const auto picture = picture_ && state_.shownClip > 0 ? picture_(state_.shownClip) : QImage();
   const bool isOther = std::exchange(shownPicture_, picture.cacheKey()) != picture.cacheKey();
   for (std::size_t i = 0; i < aspects_.size(); ++i) {
     if (isOther) aspects_[i]->setStill(picture);
-    aspects_[i]->setEnabled(state_.enabled);
+    setWhyNot(*aspects_[i], noStill);
     if (static_cast<int>(i) == state_.controls.aspect) aspects_[i]->setChecked(true);
   }
 }

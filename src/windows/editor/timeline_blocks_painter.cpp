@@ -96,6 +96,7 @@ void TimelineBlocksPainter::drawBadge(const TimelineBox& box, const char* name, 
 void TimelineBlocksPainter::drawPictures(const SeenBlock& seen, const QRectF& band) {
   const auto& block = *seen.block;
   if (band.height() < 8) return;
+  if (block.isMissing) return drawMissing(band);
   if (!sketches_.mayHavePicture(block.file)) {
     ink::icon(painter_, block.isStill ? "still" : "film", token("text3"), band.center(), 16);
     return;
@@ -113,6 +114,19 @@ void TimelineBlocksPainter::drawPictures(const SeenBlock& seen, const QRectF& ba
     if (!picture.isNull()) painter_.drawPixmap(QPointF(x, band.top()), picture);
     if (n > 0) painter_.fillRect(QRectF(x, band.top(), 1, band.height()), ink::colour(token("void"), 0.6));
   }
+}
+
+// In the place of pictures that there are none of any more.
+void TimelineBlocksPainter::drawMissing(const QRectF& band) {
+  painter_.fillRect(band, ink::colour(token("redLo"), 0.55));
+  painter_.setPen(QPen(ink::colour(token("red")), 1, Qt::DashLine));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawRect(onPixels(band));
+  const double left = std::max(band.left(), left_);
+  const double right = std::min(band.right(), right_);
+  const int side = band.height() < 24 ? 12 : 16;
+  if (right - left > side)
+    ink::icon(painter_, "warn", token("red"), {(left + right) / 2, band.center().y()}, side);
 }
 
 void TimelineBlocksPainter::drawSound(const SeenBlock& seen, const QRectF& band) {
@@ -237,7 +251,11 @@ void TimelineBlocksPainter::drawSong(const SeenBlock& seen) {
   painter_.setPen(Qt::NoPen);
   painter_.setBrush(ink::colour(token("violetLo")));
   painter_.drawRoundedRect(box, kBlockRadius, kBlockRadius);
-  drawWave(block, box.adjusted(0, 10, 0, 0), token("violet"));
+  if (block.isMissing) {
+    drawMissing(box.adjusted(2, 13, -2, -2));
+  } else {
+    drawWave(block, box.adjusted(0, 10, 0, 0), token("violet"));
+  }
   drawFades(seen, asDragged(block), box.bottom() - 1);
   painter_.setFont(ink::text(10));
   painter_.setPen(ink::colour(token("text1"), 0.9));

@@ -29,6 +29,7 @@ class TimelineBlocksPainter {
   void drawClip(const SeenBlock& seen);
   void drawTitle(const SeenBlock& seen);
   void drawPictures(const SeenBlock& seen, const QRectF& band);
+  void drawMissing(const QRectF& band);
   void drawSound(const SeenBlock& seen, const QRectF& band);
   void drawWave(const TimelineBlock& block, const QRectF& band, Rgb rgb);
   void drawWedge(const SeenBlock& seen);

@@ -3,6 +3,7 @@
 #include "ui/painting.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "windows/editor/plate.h"
 #include "windows/editor/timeline_blocks_painter.h"
 #include "windows/editor/timeline_ink.h"
 
@@ -14,8 +15,6 @@
 namespace kvo {
 namespace {
 
-constexpr double kSayingHeight = 24;
-constexpr double kSayingAbove = 34;   // pixels from the pointer to the plate's middle
 constexpr double kPastTheEnd = 0.05;  // seconds that music may go on behind the video unsaid
 
 QString said(const char* text) { return QCoreApplication::translate("kvo::TimelineView", text); }
@@ -70,6 +69,10 @@ void TimelinePainter::drawLanes() {
   drawHead(bands_.clips, "film", said("Clips"));
   drawHead(bands_.music, "music", said("Overlay"));
   const auto& blocks = state_.blocks;
+  if (blocks.clips.empty())
+    drawLaneHint(bands_.clips, said("Drop clips or stills here: a movie needs a picture"));
+  if (blocks.music.empty() && blocks.leftOut == 0)
+    drawLaneHint(bands_.music, said("Drop music here to lay it under the clips"));
   if (blocks.leftOut == 0) return;
   const double x = std::max(state_.sight.xOf(blocks.musicEnd), kLanesLeft) + 8;
   painter_.setFont(ink::text(10));
@@ -77,6 +80,13 @@ void TimelinePainter::drawLanes() {
   ink::line(
       painter_, {x, bands_.music.y, state_.sight.width - x - 8, bands_.music.height},
       QCoreApplication::translate("kvo::TimelineView", "%n more are not heard", nullptr, blocks.leftOut));
+}
+
+void TimelinePainter::drawLaneHint(const TimelineBox& band, const QString& text) {
+  painter_.setFont(ink::text(11));
+  painter_.setPen(ink::colour(token("text3")));
+  ink::line(painter_, {kLanesLeft + 8, band.y, state_.sight.width - kLanesLeft - kLanesRight, band.height},
+            text);
 }
 
 void TimelinePainter::drawHead(const TimelineBox& band, const char* icon, const QString& name) {
@@ -213,37 +223,12 @@ void TimelinePainter::drawDropPlace(double seconds) {
   painter_.drawEllipse(QPointF(x, lane.y - 6), 5, 5);
 }
 
-// A plate over the pointer; what cannot be done stands below in amber.
 void TimelinePainter::drawSaying() {
-  if (!state_.saying) return;
+  if (!state_.saying || (state_.saying->text.empty() && !state_.drag)) return;
   const auto& saying = *state_.saying;
-  const auto font = ink::text(12, QFont::DemiBold);
-  const QFontMetricsF metrics(font);
-  double width = 0;
-  std::vector<std::pair<QString, Rgb>> lines;
-  const auto add = [&](const std::string& text, Rgb rgb, double more) {
-    if (text.empty()) return;
-    lines.emplace_back(shown(text), rgb);
-    width = std::max(width, metrics.horizontalAdvance(lines.back().first) + more);
-  };
-  add(saying.text, token("text1"), 20);
-  add(saying.reason, token("amber"), 38);
-  const double height = static_cast<double>(lines.size()) * kSayingHeight;
-  const double x = std::clamp(saying.at.x - width / 2, 4.0, std::max(4.0, state_.sight.width - width - 4));
-  const double y = std::clamp(saying.at.y - kSayingAbove - height / 2, 2.0,
-                              std::max(2.0, state_.sight.height - height - 2));
-  painter_.setPen(ink::colour(saying.reason.empty() ? token("teal") : token("amber")));
-  painter_.setBrush(ink::colour(token("glass")));
-  painter_.drawRoundedRect(onPixels({x, y, width, height}), 6, 6);
-  painter_.setFont(font);
-  double top = y;
-  for (const auto& [text, rgb] : lines) {
-    const bool isReason = rgb == token("amber");
-    if (isReason) ink::icon(painter_, "warn", rgb, {x + 18, top + kSayingHeight / 2}, 14);
-    painter_.setPen(ink::colour(rgb));
-    painter_.drawText(QRectF(x + (isReason ? 28 : 10), top, width, kSayingHeight), Qt::AlignVCenter, text);
-    top += kSayingHeight;
-  }
+  Plate({saying.at.x, saying.at.y}, {state_.sight.width, state_.sight.height}, shown(saying.text),
+        shown(saying.reason))
+      .draw(painter_);
 }
 
 }  // namespace kvo

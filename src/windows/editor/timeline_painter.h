@@ -21,6 +21,7 @@ class TimelinePainter {
   void drawLanes();
   void drawRuler();
   void drawRange();
+  void drawLaneHint(const TimelineBox& band, const QString& text);
   void drawHead(const TimelineBox& band, const char* icon, const QString& name);
   void drawOverrun();
   void drawDrag();

@@ -1,9 +1,11 @@
 #include "windows/editor/timeline_view.h"
 
+#include "editor/tabs/clip_checks.h"
 #include "ui/focus_ring.h"
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
+#include "windows/editor/refusal.h"
 #include "windows/editor/timeline_painter.h"
 
 #include <QHelpEvent>
@@ -97,7 +99,16 @@ void TimelineView::shown() {
 void TimelineView::settle() {
   shown();
   tellClip();
+  tellReason();
   if (logic_.acted) logic_.acted();
+}
+
+// What was refused is said as everywhere in the window; readings of what goes on are painted.
+void TimelineView::tellReason() {
+  const auto& state = logic_.state;
+  if (std::exchange(refused_, state.refusals) == state.refusals || !state.saying) return;
+  const auto& at = state.saying->at;
+  refuse(*this, QPointF(at.x * themeSize(), at.y * themeSize()).toPoint(), kvo::shown(state.saying->reason));
 }
 
 void TimelineView::tellClip() {
@@ -233,7 +244,7 @@ void TimelineView::showTip(const QPoint& at, const QPoint& global) {
     } else if (hit.part == TimelinePart::Keyframes) {
       tip = tr("%n keyframes", nullptr, block->keyframes);
     } else {
-      tip = kvo::shown(block->name);
+      tip = kvo::shown(block->isMissing ? missingText(block->name) : block->name);
     }
   }
   QToolTip::showText(global, plainTip(tip), this);

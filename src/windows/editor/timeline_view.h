@@ -95,6 +95,7 @@ class TimelineView : public QFrame, public AccessibleRows {
   void shown();
   void settle();
   void tellClip();
+  void tellReason();
   bool pinch(const QNativeGestureEvent& event);
   void showTip(const QPoint& at, const QPoint& global);
 
@@ -103,6 +104,7 @@ class TimelineView : public QFrame, public AccessibleRows {
   QScrollBar* bar_;
   std::optional<Drawn> drawn_;
   int toldClip_ = 0;
+  int refused_ = 0;
   QBasicTimer scrolling_;  // while a drag rests at an edge
   bool showingBar_ = false;
 };

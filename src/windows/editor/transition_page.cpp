@@ -8,6 +8,7 @@
 #include "windows/editor/clip_list.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/particle_part.h"
+#include "windows/editor/refusal.h"
 #include "windows/editor/transition_tiles.h"
 
 #include <QButtonGroup>
@@ -205,7 +206,7 @@ void TransitionPage::makeChoice() {
 
 void TransitionPage::draw() {
   isDrawing_ = true;
-  Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection);
+  Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection, logic_.rules.missingFiles());
   const auto& panel = state_.panel;
   setTextOf(*Fra_FadDur_, told(panel.Fra_FadDur));
   markBad(*Fra_FadDur_, panel.durationIsShort);
@@ -262,12 +263,19 @@ void TransitionPage::drawChoice() {
   const auto& panel = state_.panel;
   const bool tiles = panel.listVisible && !state_.particlesOpen;
   (panel.listVisible ? transition_ : cut_)->setChecked(true);
-  cut_->setEnabled(state_.canHaveTransition);
-  transition_->setEnabled(state_.canHaveTransition);
-  find_->setEnabled(tiles);
+  const bool isThere = state_.Lst_TransitionMovies.hasChoice();
+  const auto noTransition = state_.canHaveTransition ? QString()
+                            : isThere
+                                ? tr("This clip or the previous clip is too short to apply a transition to")
+                                : tr("Choose a clip first");
+  for (auto* key : {cut_, transition_}) setWhyNot(*key, noTransition);
+  const auto noTiles = tiles                    ? QString()
+                       : noTransition.isEmpty() ? tr("Click Transition first")
+                                                : noTransition;
+  setWhyNot(*find_, noTiles);
   if (find_->text() != shown(state_.names.find)) find_->setText(shown(state_.names.find));
   favourites_->setChecked(state_.names.onlyFavourites);
-  favourites_->setEnabled(tiles);
+  setWhyNot(*favourites_, noTiles);
   favourites_->setIconSize(QSize(themed(16), themed(16)));
   favourites_->setIcon(
       QIcon(iconPicture("star", state_.names.onlyFavourites ? token("amber") : token("text3"), themed(16),
@@ -277,10 +285,9 @@ void TransitionPage::drawChoice() {
   particles_->setVisible(panel.listVisible && state_.particlesOpen);
   particles_->draw();
   instead_->setVisible(!panel.listVisible);
-  const bool isThere = state_.Lst_TransitionMovies.hasChoice();
   setTextOf(*instead_, !isThere ? tr("Choose a clip at the left")
                        : !state_.canHaveTransition
-                           ? tr("This clip or the previous clip is too short to apply a transition to")
+                           ? noTransition
                            : tr("The clip follows without a transition.\nClick Transition to choose one."));
 }
 

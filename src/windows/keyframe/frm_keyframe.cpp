@@ -6,14 +6,17 @@
 #include "ui/theme.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/page_list.h"
+#include "windows/editor/refusal.h"
 #include "windows/keyframe/keyframe_strip.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSlider>
 
 namespace kvo {
@@ -29,18 +32,17 @@ constexpr int kControlsHalf = 220;
 constexpr int kLevelY = 201;
 constexpr int kControlPitch = 40;
 constexpr int kColourPitch = 116;
+constexpr int kRoomOfBar = 24;  // beside the names in an open list
 
 constexpr std::array kKeyframeIcons = {"key", "warn"};
 
 }  // namespace
 
-FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, std::function<void(Long)> showFrame,
-                         PictureOfClip picture)
+FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, Doors doors)
     : EditorPage(nullptr, kKeyframeWindow, "window"),
       state_(state),
       logic_(std::move(logic)),
-      showFrame_(std::move(showFrame)),
-      picture_(std::move(picture)),
+      doors_(std::move(doors)),
       clipName_(write({}, "heading", {16, 14, 240, 20})),
       effectName_(write({}, "lit", {260, 14, 240, 20})),
       frame_(write({}, "hint", {444, 14, 300, 20})) {
@@ -54,13 +56,30 @@ FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, std::function<v
   makeStrip();
   makeList();
   makeControls();
+  makeShortcuts();
+  sayWhyOff(*this);
+}
+
+// Those of the editor's window below, which cannot hear them.
+void FrmKeyframe::makeShortcuts() {
+  const auto on = [this](const char* keys, int steps) {
+    auto* shortcut = made<QShortcut>(QKeySequence(keys), this);
+    connect(shortcut, &QShortcut::activated, [this, steps] {
+      act([&] {
+        refuse(focusWidget() != nullptr ? *focusWidget() : *this, shown(doors_.goInHistory(steps)));
+      });
+    });
+  };
+  on("Ctrl+Z", -1);
+  on("Ctrl+Shift+Z", 1);
+  on("Ctrl+Y", 1);
 }
 
 // The frame that is shown goes with the slider, whatever has moved it.
 void FrmKeyframe::act(const std::function<void()>& work) {
   const int before = state_.Sld_FramePosMaster.Value;
   work();
-  if (state_.Sld_FramePosMaster.Value != before) showFrame_(state_.Sld_FramePosMaster.Value);
+  if (state_.Sld_FramePosMaster.Value != before) doors_.showFrame(state_.Sld_FramePosMaster.Value);
   logic_.acted();
 }
 
@@ -171,11 +190,16 @@ void FrmKeyframe::drawControls() {
     const auto& colour = state_.Cmb_ParamColor[i];
     colours_[i]->setVisible(isTable);
     colourNames_[i]->setVisible(isTable);
-    colours_[i]->setEnabled(colour.enabled);
+    const auto name = shown(state_.colours.at(static_cast<std::size_t>(colour.chosen)));
+    setWhyNot(*colours_[i], colour.enabled ? QString() : tr("This effect has no texture"),
+              colourNames_[i]->text() + ": " + name);
     colourNames_[i]->setEnabled(colour.enabled);
     if (isOther) {
       colours_[i]->clear();
-      for (const auto& name : state_.colours) colours_[i]->addItem(shown(name));
+      for (const auto& entry : state_.colours) colours_[i]->addItem(shown(entry));
+      auto* open = colours_[i]->view();  // the whole names, which the closed list has no room for
+      open->setTextElideMode(Qt::ElideNone);
+      open->setMinimumWidth(open->sizeHintForColumn(0) + themed(kRoomOfBar));
     }
     colours_[i]->setCurrentIndex(colour.chosen);
   }
@@ -190,13 +214,13 @@ void FrmKeyframe::draw(QWidget* owner) {
   effectName_->move(clipName_->geometry().right() + themed(8), clipName_->y());
   setTextOf(*frame_, shown(state_.Lbl_Frame));
   setTextOf(*heading_, told(state_.effectName));
-  strip_->draw(picture_ ? picture_(state_.clipNo) : QImage());
+  strip_->draw(doors_.picture ? doors_.picture(state_.clipNo) : QImage());
   strip_->setAccessibleDescription(shown(state_.Lbl_Frame));
   master_->draw(state_.Sld_FramePosMaster, {}, QString::number(state_.Sld_FramePosMaster.Value));
   drawList();
   drawControls();
-  delete_->setEnabled(state_.canDelete);
-  deleteAll_->setEnabled(state_.canDelete);
+  for (auto* key : {delete_, deleteAll_})
+    setWhyNot(*key, state_.canDelete ? QString() : tr("The first keyframe stays"));
   instantPreview_->setChecked(state_.instantPreview);
   if (!isVisible()) appear(*owner);
 }

@@ -24,9 +24,12 @@ class FrmKeyframe final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::FrmKeyframe)
 
  public:
-  /// `showFrame` brings the picture to a frame of the clip.
-  FrmKeyframe(KeyframeWindow& state, PageLogic logic, std::function<void(Long frame)> showFrame,
-              PictureOfClip picture);
+  struct Doors {
+    std::function<void(Long frame)> showFrame;          ///< brings the picture to a frame of the clip
+    std::function<std::string(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes; or why not
+    PictureOfClip picture;
+  };
+  FrmKeyframe(KeyframeWindow& state, PageLogic logic, Doors doors);
 
   /// Brings it in line with the state, above `owner`; null closes it.
   void draw(QWidget* owner);
@@ -39,6 +42,7 @@ class FrmKeyframe final : public EditorPage {
   void makeStrip();
   void makeList();
   void makeControls();
+  void makeShortcuts();
   void act(const std::function<void()>& work);
   void appear(QWidget& owner);
   void drawList();
@@ -46,8 +50,7 @@ class FrmKeyframe final : public EditorPage {
 
   KeyframeWindow& state_;
   PageLogic logic_;
-  std::function<void(Long)> showFrame_;
-  PictureOfClip picture_;
+  Doors doors_;
   QLabel* clipName_;
   QLabel* effectName_;
   QLabel* frame_;

@@ -2,8 +2,11 @@
 #include "editor/desk/editor_desk.h"
 
 #include "editor/desk/clip_stats.h"
+#include "editor/desk/file_watch.h"
 #include "editor/desk/snapshot.h"
 #include "editor/desk/timeline_desk.h"
+#include "editor/desk/values_beside.h"
+#include "editor/tabs/audio_tab.h"
 #include "support/program_bench.h"
 
 #include <mutex>
@@ -94,8 +97,10 @@ struct DeskBench : ProgramBench {
             .ShowSliderStuff = note("slider"),
             .Pic_DigNumbers_Click = note("trimmer"),
             .AddMoviesm = [this](const std::string& path) { told += "add" + path + " "; },
-            .mnu_SaveShow_Click = note("save"),
-            .empty = note("empty")};
+            .mnu_SaveShow_Click = note("saveAs"),
+            .saveAgain = note("save"),
+            .empty = note("empty"),
+            .FrmFileOpenToolsOnOff = [](bool) {}};
   }
   void open() {
     desk.Form_Load();
@@ -103,6 +108,7 @@ struct DeskBench : ProgramBench {
     while (state.analysing.visible || !state.frame.toolsOn) {
       if (!loop.workComesHome()) break;
     }
+    loop.advance(1);
   }
   /// What is told in `ticks` ticks of the change watch.
   std::string tick(int ticks = 1) {
@@ -139,6 +145,8 @@ TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
     EXPECT_TRUE(b.state.analysing.visible);
     EXPECT_FALSE(b.state.frame.toolsOn);
     EXPECT_EQ(b.state.frame.caption, "   Create New Movie from Holiday Collection");
+    b.desk.restoreCaption();
+    EXPECT_EQ(b.state.frame.caption, "   Create New movie from Holiday");
     b.loop.advance(65 * 500);
     EXPECT_TRUE(b.state.analysing.visible);
     b.loop.advance(500);
@@ -166,6 +174,8 @@ TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
   b.collection.MovieList.clear();
   b.list.fill();
   b.open();
+  EXPECT_TRUE(b.boxes.shown.empty()) << "the window comes first";
+  b.loop.advance(200);
   EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
             "KVO - No Video Tracks|No Video Tracks found ?");
   b.desk.Form_QueryUnload();
@@ -222,6 +232,7 @@ TEST(EditorDesk, AnalysingCanBeStoppedAndSaysWhatItHasNotLookedInto) {
     const std::lock_guard lock(b.held.held);  // the first file does not answer
     b.desk.Form_Load();
     b.desk.stopAnalysing();
+    b.loop.advance(1);
     EXPECT_TRUE(b.state.frame.toolsOn);
     ASSERT_EQ(b.boxes.shown.size(), 1U);
     EXPECT_EQ(b.boxes.shown[0].text,
@@ -369,30 +380,49 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
   EXPECT_NE(b.state.keys.of(ClipKey::Split), "");
   EXPECT_NE(b.state.keys.of(ClipKey::CopyEnd), "") << "an empty player does not tell where it stands";
   EXPECT_EQ(b.state.keys.of(ClipKey::Equi), "");
+  b.desk.FrmFileOpenToolsOnOff(false);
+  for (const auto& whyNot : b.state.keys.whyNot) EXPECT_EQ(whyNot, "Stop the preview first");
+  b.desk.FrmFileOpenToolsOnOff(true);
+  EXPECT_EQ(b.state.keys.of(ClipKey::Copy), "");
+  b.told.clear();
+  b.desk.saveAgain();
+  b.desk.saveProject();
+  b.collection.clearLists();
+  b.list.fill();
+  b.desk.ShowClipStats();
+  EXPECT_EQ(b.state.frame.saveOffBecause, "There is nothing to save");
+  b.desk.saveAgain();
+  EXPECT_EQ(b.told.substr(0, 12), "save saveAs ");
 }
 
 TEST(EditorDesk, ADraggedSliderIsOneStepAndTimesTheMovieWhenItIsLetGo) {
   DeskBench b;
   b.open();
   b.tick();
-  for (const int value : {90, 70, 50}) b.desk.moveRate(value);
+  b.desk.hold(true);
+  for (const int value : {90, 70, 50}) {
+    b.desk.moveRate(value);
+    b.loop.advance(1500);  // however long the hand pauses
+  }
   EXPECT_EQ(b.clip(1).Playspeed(), 5);
   EXPECT_EQ(b.state.sliders.Sld_Rate.heading, "Clip Speed - 0.50x");
   EXPECT_EQ(b.settings.state.ObjectChange, 0);
-  b.tick();
   EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "029.000");
+  b.desk.hold(false);
   b.desk.letGoRate();
   b.tick();
   EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "037.000");
+  b.desk.hold(true);
   b.desk.moveLevel(0);
   EXPECT_EQ(b.state.sliders.Sld_AudioOut.heading, "Clip Audio Level in Movie - Muted");
   b.desk.moveLevel(8);
   EXPECT_EQ(b.state.sliders.Sld_AudioOut.heading, "Clip Audio Level in Movie - 80%");
   EXPECT_EQ(b.window.history.done, (std::vector<std::string>{"Speed on film1.avi", "Level on film1.avi"}));
-  b.loop.advance(1200);
+  b.desk.hold(false);
   b.desk.moveLevel(9);
-  EXPECT_EQ(b.window.history.done.size(), 3U) << "a hand that pauses has let go";
-  b.history.undo(3);
+  b.desk.moveLevel(10);
+  EXPECT_EQ(b.window.history.done.size(), 4U) << "with nothing held each is a step";
+  b.history.undo(4);
   b.tick();
   EXPECT_EQ(b.clip(1).Playspeed(), 10);
   EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "029.000");
@@ -403,11 +433,39 @@ TEST(EditorDesk, ADraggedSliderIsOneStepAndTimesTheMovieWhenItIsLetGo) {
 
 TEST(EditorDesk, WhatWritesInsideAnEditIsPartOfIt) {
   DeskBench b;
-  const auto inner = [&] { return b.desk.edit("Inner", 1, 98, [&] { b.clip(1).TransIn(7); }, {}); };
-  EXPECT_TRUE(b.desk.edit("Outer", 2, 1, [&] { EXPECT_TRUE(inner()); }, {}));
+  const auto inner = [&] { return b.desk.edit("Inner", 1, 98, [&] { b.clip(1).TransIn(7); }); };
+  EXPECT_TRUE(b.desk.edit("Outer", 2, 1, [&] { EXPECT_TRUE(inner()); }));
   EXPECT_EQ(b.window.history.done, std::vector<std::string>{"Outer on film2.avi"});
   b.window.progress.status = "Loading";
   EXPECT_FALSE(inner());
+}
+
+TEST(EditorDesk, WhatNoFileHasIsInTheHistoryToo) {
+  DeskBench b;
+  OverlayTab overlay;
+  AudioTab audio;
+  for (auto& value : valuesBeside(b.editing, overlay)) b.history.alsoKeep(std::move(value));
+  const auto all = [&] {
+    const auto& controls = b.editor.controls;
+    return std::to_string(static_cast<int>(controls.Opt_StackOverlay)) +
+           (controls.Chk_RenderClipAudio ? " own " : " ") + (overlay.overlaySound.ticked ? "over " : "") +
+           (overlay.backdropSound.ticked ? "back " : "") + ShortText(b.settings.state.DefaultStillDuration) +
+           " " + b.editor.effects.named("Chrome")->Control[2];
+  };
+  const auto first = all();
+  chooseOverlayOrder(b.onHeld, audio, b.desk, OverlayOrder::Stacked);
+  tickRenderClipAudio(b.onHeld, audio, b.desk, false);
+  for (auto* sound : {&overlay.overlaySound, &overlay.backdropSound})
+    b.desk.edit("Sound", 1, 0, [&] { sound->ticked = true; });
+  b.desk.edit("Still duration", 0, 98, [&] { b.settings.state.DefaultStillDuration = 2.5F; });
+  b.desk.edit("Chrome", 1, 0, [&] { b.editor.effects.named("Chrome")->Control[2] = "44"; });
+  EXPECT_EQ(all(), "1 over back 2.5 44");
+  EXPECT_EQ(b.window.history.done.size(), 6U);
+  EXPECT_EQ(b.window.history.done[1], "Clips' own audio off");
+  b.history.undo(6);
+  EXPECT_EQ(all(), first);
+  b.history.redo(6);
+  EXPECT_EQ(all(), "1 over back 2.5 44");
 }
 
 TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
@@ -442,6 +500,39 @@ TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
   EXPECT_FALSE(hasSnapshot(clip)) << "no size at all";
 }
 
+TEST(FileWatch, TellsOfFilesThatGoAndComeBack) {
+  test::VirtualLoop loop;
+  test::MemoryFiles files;
+  files.all = {{"/v/a.avi", "a"}, {"/v/b.avi", "b"}};
+  std::string told;
+  FileWatch watch(
+      loop, files,
+      [] {
+        return FileWatch::Paths{"/v/a.avi", "/v/b.avi"};
+      },
+      [&](const auto& paths) {
+        told = std::to_string(paths.size()) + (paths.empty() ? "" : *paths.begin());
+      });
+  const auto look = [&] {
+    told.clear();
+    loop.advance(1502);
+    EXPECT_TRUE(loop.workComesHome());
+    return told;
+  };
+  watch.watch(true);
+  ASSERT_TRUE(loop.workComesHome());
+  EXPECT_EQ(told, "") << "all are there";
+  files.all.erase("/v/b.avi");
+  EXPECT_EQ(look(), "1/v/b.avi");
+  EXPECT_EQ(look(), "") << "nothing new";
+  files.all["/v/b.avi"] = "b";
+  EXPECT_EQ(look(), "0");
+  files.all.clear();
+  EXPECT_EQ(look(), "2/v/a.avi");
+  watch.watch(false);
+  EXPECT_EQ(told, "0") << "nobody looks any more";
+}
+
 TEST(ClipStats, TellWhatTheRecordHas) {
   DeskBench b;
   auto& clip = b.clip(2);
@@ -465,6 +556,11 @@ TEST(ClipStats, TellWhatTheRecordHas) {
   b.clip(4).Resolution("N/A");
   EXPECT_EQ(all(clipStats(b.editing, 4, true)),
             "Previewing - Cut 4|photo.jpg|N/A|5.000 (s)|0.00 - 0.00 (s)|N/A|N/A|N/A|No Effects|N/A");
+  for (const bool plays : {true, false}) {
+    b.preview.plays = plays;
+    b.desk.Displaymovieinfo();
+    EXPECT_EQ(b.state.stats.lbl_ClipStats, plays ? "Previewing - Cut 1" : "Cut 1 Details");
+  }
 }
 
 // Each wish of the timeline is one step, as the lists' own commands would have made it.
@@ -523,14 +619,16 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
   }
 }
 
-TEST(TimelineDesk, EachDragIsAStepAndKeysInARowAreOne) {
+TEST(TimelineDesk, EachDragIsAStepAndKeysThatAreHeldAreOne) {
   DeskBench b;
   TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
   desk.setTransIn({2, 10});
   desk.setTransIn({2, 12});
   desk.setMark({2, ClipEdge::Out, 4, 100});
-  desk.setMark({2, ClipEdge::Out, 3.96, 99, true});
-  desk.setMark({2, ClipEdge::Out, 3.92, 98, true});
+  b.desk.hold(true);
+  desk.setMark({2, ClipEdge::Out, 3.96, 99});
+  desk.setMark({2, ClipEdge::Out, 3.92, 98});
+  b.desk.hold(false);
   EXPECT_EQ(b.window.history.done.size(), 4U);
 }
 

@@ -32,6 +32,7 @@ TEST(Preview, PlacesInFiguresAndAmongTheClips) {
 
 TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   PreviewBench b;
+  b.host.turned = [&](bool on) { EXPECT_EQ(b.state.PreviewPlaying, !on) << "as they tell of it"; };
   b.preview.PrepPreview();
   EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details park tools-");
   EXPECT_EQ(b.takeActs(), "clear load play");
@@ -54,7 +55,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   b.player.now = PlayState::Ended;
   b.player.frame = 99;
   b.loop.advance(200);
-  EXPECT_EQ(b.host.takeNotes(), "details sweep tools+ watch+");
+  EXPECT_EQ(b.host.takeNotes(), "caption details sweep tools+ watch+");
   EXPECT_EQ(b.takeActs(), "stop") << "back at its first frame";
   EXPECT_FALSE(b.state.PreviewPlaying || b.settings.state.IsPreviewRunning);
   EXPECT_EQ(b.state.Cmd_PrevGrph + b.state.Lbl_TimePos, "Preview0:00:0.000");
@@ -121,6 +122,9 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
       {"it halts", key(Key::PlayOrPause), "pause", "00:03.0000"},
       {"it goes on", key(Key::PlayOrPause), "play", "00:03.0000"},
       {"a step halts it", key(Key::StepForward), "pause seek:31", "00:03.1000"},
+      {"it goes on again", key(Key::PlayOrPause), "play", "00:03.1000"},
+      {"the end is there to be seen", key(Key::ToEnd), "pause seek:99", "00:09.9000"},
+      {"back", [&] { b.preview.showAt(3.1); }, "seek:31", "00:03.1000"},
   };
   for (const auto& row : rows) {
     row.act();
@@ -186,6 +190,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], b.player.documents.back());
   b.takeActs();
 
+  b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 12}));
   struct Row {
     Sample what;
     PreviewKind kind;
@@ -198,15 +203,18 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
         Row{Sample::Colour, PreviewKind::Colour, "The hills", PreviewColourAdjust(b.editing, 2)},
         Row{Sample::Keyframe, PreviewKind::Keyframe, "The hills", PreviewEffect(b.editing, 2)},
         Row{Sample::PictureInPicture, PreviewKind::PictureInPicture, "The hills",
-            CreatePinPPreview(b.editing, 2, {.preview = true})}}) {
+            CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})}}) {
     b.preview.sample(row.what, 2);
     b.loop.advance(60);
     EXPECT_EQ(b.takeActs(), "load play") << row.title << " in place of the one before, from its start";
     EXPECT_EQ(b.player.documents.back(), row.document);
     EXPECT_EQ(b.state.title, row.title);
     EXPECT_EQ(b.state.kind, row.kind);
+    EXPECT_EQ(b.state.overlayPosition, row.kind == PreviewKind::PictureInPicture ? 12 : 0);
   }
   b.player.now = PlayState::Ended;
+  b.loop.advance(250);
+  EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], CreatePinPPreview(b.editing, 2, {.preview = true}));
   b.loop.advance(200);
   EXPECT_EQ(b.takeActs(), "") << "its last picture stands";
   EXPECT_FALSE(b.state.PreviewPlaying);
@@ -225,8 +233,27 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.takeActs(), "") << "no wish is left over";
 }
 
+TEST(Preview, AFileThatIsGoneIsToldUntilItIsBack) {
+  PreviewBench b;
+  auto& missing = b.editor.missingFiles;
+  b.preview.PrepPreview();
+  b.player.now = PlayState::Failed;
+  b.player.why = "cannot open /v/hills.avi: No such file or directory";
+  b.loop.advance(100);
+  const std::string gone = "The hills has been moved or no longer exists";
+  EXPECT_EQ(b.state.failure, gone);
+  EXPECT_EQ(b.log.texts().back(), b.player.why);
+  for (const auto& [files, told] :
+       {std::pair(std::set<std::string>{"/v/hills.avi", "/v/beach.avi"}, gone), {{"/v/beach.avi"}, ""}}) {
+    missing = files;
+    b.preview.filesCame();
+    EXPECT_EQ(b.state.failure, told);
+  }
+}
+
 TEST(Preview, WhatCannotBeShownIsTold) {
   PreviewBench b;
+  b.files.all["/v/beach.avi"] = "no film";
   b.preview.PrepPreview();
   b.player.now = PlayState::Failed;
   b.player.why = "cannot open /v/beach.avi";

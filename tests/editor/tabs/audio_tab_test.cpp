@@ -57,11 +57,11 @@ TEST(AudioTab, ControlsWriteTheRecordOfTheChosenClip) {
        },
        "1 1 0 0 1", "edit Sound off 1 98, edit Sound on 1 98"},
       {"fade in", [](AudioBench& b) { moveFadeIn(b.editing, b.tab, b.host, 15); }, "1 1 1.5 0 1",
-       "edit Fade in 1 0 series"},
+       "edit Fade in 1 0"},
       {"fade out", [](AudioBench& b) { moveFadeOut(b.editing, b.tab, b.host, 25); }, "1 1 0 2.5 1",
-       "edit Fade out 1 0 series"},
+       "edit Fade out 1 0"},
       {"level", [](AudioBench& b) { moveAudioLevel(b.editing, b.tab, b.host, 7); }, "1 0 0 0 0.7",
-       "edit Level 1 98 series"},
+       "edit Level 1 98"},
   };
   for (const auto& row : rows) {
     AudioBench b;
@@ -100,12 +100,12 @@ TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   b.open();
   EXPECT_TRUE(b.tab.Chk_AutoTrim && b.editor.controls.Chk_AutoTrim);
 
-  b.settings.state.ObjectChange = 0;
-  chooseOverlayOrder(b.editing, b.tab, OverlayOrder::Stacked);
-  EXPECT_EQ(b.editor.controls.Opt_StackOverlay, OverlayOrder::Stacked);
-  EXPECT_EQ(b.settings.state.ObjectChange, 98);
-  tickRenderClipAudio(b.editing, b.tab, false);
+  b.host.look();
+  chooseOverlayOrder(b.editing, b.tab, b.host, OverlayOrder::Stacked);
+  EXPECT_EQ(b.tab.Opt_StackOverlay, OverlayOrder::Stacked);
+  tickRenderClipAudio(b.editing, b.tab, b.host, false);
   EXPECT_FALSE(b.editor.controls.Chk_RenderClipAudio || b.tab.trackFade.Enabled);
+  EXPECT_EQ(b.host.look(), "edit Order of the music 0 98, edit Clips' own audio off 0 98");
 
   moveTrackFade(b.editing, b.tab, b.host, 5);
   EXPECT_EQ(b.tab.trackFade.heading, "Fade between clips - 0.5s");

@@ -76,7 +76,7 @@ TEST(CreateTab, RateDepthAndPowerGoThroughTheHistory) {
   EXPECT_EQ(b.kept().PreviewCPU, 10);
   EXPECT_EQ(b.host.look(),
             "edit Frame rate 0 0, edit Frame rate 0 0, edit Frame rate 0 0, edit Colors 0 0, "
-            "edit Preview power 0 0 series, edit Preview power 0 0 series");
+            "edit Preview power 0 0, edit Preview power 0 0");
   EXPECT_TRUE(b.settings.state.IsDirty);
 }
 

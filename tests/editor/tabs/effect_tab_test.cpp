@@ -37,7 +37,12 @@ TEST(EffectTab, FollowsTheClipInHand) {
   b.collection.icurMov = 3;
   followTab(b.editing, b.tab, b.host, true);
   EXPECT_EQ(chosenClip(b.tab.Lst_Clips), 3);
-  EXPECT_EQ(b.host.look(), "");
+  EXPECT_EQ(b.host.look(), "kill") << "it has no effects to show";
+  b.clip(2).EffectWord("01");
+  b.collection.icurMov = 2;
+  followTab(b.editing, b.tab, b.host, true);
+  followTab(b.editing, b.tab, b.host, false);
+  EXPECT_EQ(b.host.look(), "sample Effect 2");
   b.collection.icurMov = 4;
   followTab(b.editing, b.tab, b.host, true);
   EXPECT_EQ(b.host.look(), "tab 2") << "sound has no effects";
@@ -79,20 +84,20 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
        [](Movie& m) { return m.MoveADirection() + ShortText(m.ScaleA()) + ShortText(m.InitialScaleA()); },
        "out11", "edit Ease 1 0, sample Effect 1"},
       {"blur slider", level(EffectLevel::Blur, 9), [](Movie& m) { return std::to_string(m.BlurInt()); }, "9",
-       "edit Blur 1 0 series, sample Effect 1"},
+       "edit Blur 1 0, sample Effect 1"},
       {"strength", level(EffectLevel::MotionStrength, 30),
        [](Movie& m) { return std::to_string(m.MBlurStrength()); }, "30",
-       "edit Motion blur strength 1 0 series, sample Effect 1"},
+       "edit Motion blur strength 1 0, sample Effect 1"},
       {"direction", level(EffectLevel::MotionDirection, 270),
        [](Movie& m) { return std::to_string(m.MBlurDirection()); }, "270",
-       "edit Motion blur direction 1 0 series, sample Effect 1"},
+       "edit Motion blur direction 1 0, sample Effect 1"},
       {"age", level(EffectLevel::FilmAge, 80), [](Movie& m) { return std::to_string(m.AgeIntensity()); },
-       "80", "edit Film age 1 0 series, sample Effect 1"},
+       "80", "edit Film age 1 0, sample Effect 1"},
       {"ease slider", ease(EaseLevel::Progress, 25), [](Movie& m) { return ShortText(m.EaseDuration()); },
-       "0.25", "edit Ease progress 1 0 series, sample Effect 1"},
+       "0.25", "edit Ease progress 1 0, sample Effect 1"},
       {"ease at its end", ease(EaseLevel::StartScale, 0),
        [](Movie& m) { return ShortText(m.InitialScaleA()); }, "0",
-       "edit Starting magnification 1 0 series, sample Effect 1"},
+       "edit Starting magnification 1 0, sample Effect 1"},
       {"ease in", [](EffectBench& b) { chooseEase(b.editing, b.tab, b.host, true); },
        [](Movie& m) { return std::string(m.EaseIN() ? "in" : "out"); }, "in",
        "edit Ease 1 0, sample Effect 1"},
@@ -141,13 +146,23 @@ TEST(EffectTab, KeyframesComeAndGoWithTheirEffect) {
 
 TEST(EffectTab, ARightClickConfiguresWhatIsOn) {
   EffectBench b;
-  EXPECT_FALSE(opensKeyframes(b.editing, b.tab, kColoredPencil)) << "it is off";
+  const auto click = [&](int position) {
+    const auto configured = configure(b.editing, b.tab, b.host, position);
+    return std::string(configured.showsKeyframes ? "keyframes" : "") + configured.whyNot;
+  };
+  for (const int position : {1, kColoredPencil, kAge, kEase}) {
+    EXPECT_EQ(click(position), "Switch the effect on first");
+    tickEffect(b.editing, b.tab, b.host, position, true);
+  }
   EXPECT_TRUE(b.boxes.shown.empty());
-  for (const int position : {1, kColoredPencil}) tickEffect(b.editing, b.tab, b.host, position, true);
-  EXPECT_FALSE(opensKeyframes(b.editing, b.tab, 1));
+  EXPECT_EQ(click(1), "");
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO - No Configurable Options");
-  EXPECT_TRUE(opensKeyframes(b.editing, b.tab, kColoredPencil));
+  EXPECT_EQ(click(kColoredPencil), "keyframes");
   EXPECT_EQ(b.settings.state.KeyframeEffectNo, 8);
+  EXPECT_EQ(click(kAge), "The age of a film has no keyframes");
+  b.tab.ease.open = false;
+  EXPECT_EQ(click(kEase), "");
+  EXPECT_TRUE(b.tab.ease.open);
 }
 
 TEST(EffectTab, EasesPanelOpensWithItAndTellsItsValues) {

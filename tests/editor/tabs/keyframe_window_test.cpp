@@ -25,7 +25,7 @@ struct KeyframeBench : TabBench {
     files.all["/prog/ParamCols.dat"] = "ALICEBLUE\r\nBLUEVIOLET\r\n";
     enterTab(editing, tab, host);
     tickEffect(editing, tab, host, position, true);
-    EXPECT_TRUE(opensKeyframes(editing, tab, position));
+    EXPECT_TRUE(configure(editing, tab, host, position).showsKeyframes);
     EXPECT_TRUE(ActivateKeyFrameForm(editing, window, host));
     host.look();
   }
@@ -111,7 +111,7 @@ TEST(KeyframeWindow, ControlsWriteTheChosenKeyframe) {
   tickInstantPreview(b.editing, b.window, b.host, false);
   b.host.look();
   moveKeyframeSlider(b.editing, b.window, b.host, 0, 20);
-  EXPECT_EQ(b.host.look(), "edit Keyframe 1 0 series") << "no preview but by the box";
+  EXPECT_EQ(b.host.look(), "edit Keyframe 1 0") << "no preview but by the box";
 
   removeKeyframes(b.editing, 1, 8);
   followKeyframes(b.editing, b.window);
@@ -138,7 +138,7 @@ TEST(KeyframeWindow, DiamondsAreDraggedWithinTheClip) {
     b.host.look();
     dragKeyframe(b.editing, b.window, b.host, row.line, row.frame, row.level);
     EXPECT_EQ(b.frames(), row.frames);
-    EXPECT_EQ(b.host.look(), "edit Move keyframe 1 0 series, sample Keyframe 1");
+    EXPECT_EQ(b.host.look(), "edit Move keyframe 1 0, sample Keyframe 1");
     const auto& k = b.collection.KeyframeList[row.line + 1];
     EXPECT_EQ(k.Time.number(), k.FrameNo / 25.0);
   }

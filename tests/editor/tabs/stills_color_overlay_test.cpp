@@ -77,8 +77,8 @@ TEST(StillsTab, AreSetAlikeOrOneByOne) {
   };
   const auto duration = [](StillsBench& b) { moveStillDuration(b.editing, b.tab, b.host, 2500); };
   const auto aspect = [](StillsBench& b) { chooseAspect(b.editing, b.tab, b.host, 3); };
-  for (const auto& row : {Row{true, duration, "8/0 2.5/0 3/2 ", "edit Still duration 3 98 series"},
-                          Row{false, duration, "8/0 2.5/0 2.5/0 ", "edit Still duration 0 98 series"},
+  for (const auto& row : {Row{true, duration, "8/0 2.5/0 3/2 ", "edit Still duration 3 98"},
+                          Row{false, duration, "8/0 2.5/0 2.5/0 ", "edit Still duration 0 98"},
                           Row{true, aspect, "8/0 7/3 3/2 ", "edit Still aspect 3 98"},
                           Row{false, aspect, "8/0 7/3 7/3 ", "edit Still aspect 0 98"}}) {
     StillsBench b;
@@ -108,7 +108,7 @@ TEST(ColorTab, EachLevelWritesItsField) {
        {m.Red(), m.Green(), m.Blue(), m.Threshold(), m.Contrast(), m.Brightness(), m.Gamma()})
     stored += ShortText(v);
   EXPECT_EQ(stored, "1234567");
-  EXPECT_EQ(b.host.look().substr(0, 36), "edit Red 2 0 series, sample Colour 2");
+  EXPECT_EQ(b.host.look().substr(0, 29), "edit Red 2 0, sample Colour 2");
   tickSepia(b.editing, tab, b.host, true);
   EXPECT_TRUE(m.Sepia() && tab.Chk_Sepia);
   resetColours(b.editing, tab, b.host);
@@ -117,10 +117,17 @@ TEST(ColorTab, EachLevelWritesItsField) {
   b.host.refuses = true;
   moveColourLevel(b.editing, tab, b.host, ColourLevel::Red, 40);
   EXPECT_EQ(tab.levels[0].Value, 0) << "it shows what the record has";
-  EXPECT_EQ(b.host.look(), "edit Red 2 0 series");
+  EXPECT_EQ(b.host.look(), "edit Red 2 0");
   b.collection.icurMov = 4;
   followTab(b.editing, tab, b.host, true);
   EXPECT_FALSE(tab.enabled || tab.levels[0].Enabled) << "music has no colours";
+  b.host.look();
+  b.clip(1).Gamma(3);
+  b.collection.icurMov = 1;  // chosen elsewhere
+  followTab(b.editing, tab, b.host, true);
+  b.collection.icurMov = 3;
+  followTab(b.editing, tab, b.host, true);
+  EXPECT_EQ(b.host.look(), "sample Colour 1, kill") << "the third clip is as it was";
 }
 
 struct OverlayBench : TabBench {
@@ -145,17 +152,22 @@ TEST(OverlayTab, EachControlIsPackedIntoTheBackdrop) {
       {[](OverlayBench& b) { chooseOverlayPosition(b.editing, b.tab, b.host, 12); }, "002012100000000000000",
        "edit Overlay position 1 0"},
       {[](OverlayBench& b) { moveMaxOpacity(b.editing, b.tab, b.host, 85); }, "002001085000000000000",
-       "edit Overlay opacity 1 0 series"},
+       "edit Overlay opacity 1 0"},
       {[](OverlayBench& b) { moveOverlayIn(b.editing, b.tab, b.host, 1000); }, "002001100010000000000",
-       "edit Overlay fade in 1 0 series"},
+       "edit Overlay fade in 1 0"},
       {[](OverlayBench& b) { moveOverlayOut(b.editing, b.tab, b.host, 1500); }, "002001100000000150000",
-       "edit Overlay fade out 1 0 series"},
+       "edit Overlay fade out 1 0"},
       {[](OverlayBench& b) { tickTrimOverlay(b.editing, b.tab, b.host, true); }, "002001100000000000001",
        "edit Overlay trim 1 0"},
+      {[](OverlayBench& b) { tickOverlaySound(b.editing, b.tab, b.host, true); }, "002001100000000000000",
+       "edit Overlay sound 1 0"},
+      {[](OverlayBench& b) { tickBackdropSound(b.editing, b.tab, b.host, true); }, "002001100000000000000",
+       "edit Backdrop sound 1 0"},
       {[](OverlayBench& b) { clearPicInPic(b.editing, b.tab, b.host); }, "", "edit Clear overlay 1 0"},
   };
   for (const auto& row : rows) {
     OverlayBench b;
+    for (const int clip : {1, 2}) b.clip(clip).HasAudio(true);
     chooseOverlay(b.editing, b.tab, b.host, 1);
     b.host.look();
     row.act(b);

@@ -9,7 +9,7 @@
 
 namespace kvo::test {
 
-/// Notes what is asked of it, each as a line: "edit Blur 2 0 series", "sample Effect 2".
+/// Notes what is asked of it, each as a line: "edit Blur 2 0", "sample Effect 2".
 class NotingHost final : public TabHost {
  public:
   explicit NotingHost(Collection& collection) : collection_(collection) {}
@@ -17,10 +17,10 @@ class NotingHost final : public TabHost {
   std::vector<std::string> asked;
   bool refuses = false;
 
-  bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work,
-            std::string_view series) override {
+  bool edit(std::string_view act, int clipNo, Integer changeCode,
+            const std::function<void()>& work) override {
     asked.push_back("edit " + std::string(act) + " " + std::to_string(clipNo) + " " +
-                    std::to_string(changeCode) + (series.empty() ? "" : " series"));
+                    std::to_string(changeCode));
     if (!refuses) work();
     return !refuses;
   }

@@ -78,7 +78,8 @@ TEST(TransitionTab, AChosenClipIsHeldWithinItsLimit) {
   }
   TransitionBench b;
   b.clip().LoopEnd(Value(0.1));
-  b.rules.show(true);
+  for (const bool rebuild : {true, true, false}) b.rules.show(rebuild);
+  ASSERT_EQ(b.boxes.shown.size(), 1U) << "not for each change that is heard of";
   EXPECT_EQ(b.boxes.shown.at(0).caption + "|" + b.boxes.shown.at(0).text,
             "KVO - Transition warning|This clip or the previous clip is too short to apply a transition to");
 }
@@ -106,10 +107,11 @@ TEST(TransitionTab, TheCaptionsTellTheLength) {
   b.rules.moveDuration(0);
   EXPECT_TRUE(b.boxes.shown.empty()) << "while it is dragged";
   b.rules.letGo();
+  b.rules.letGo();
+  ASSERT_EQ(b.boxes.shown.size(), 1U) << "once for a clip and a length";
   EXPECT_EQ(b.boxes.shown.at(0).caption, "KVO - Short Transition duration");
   EXPECT_EQ(b.tab.panel.Fra_FadDur, "Transition Duration - ( Duration is very Short! )");
-  EXPECT_EQ(b.host.look(),
-            "edit Transition length 2 98 series, sample Transition 2, edit Transition length 2 98 series");
+  EXPECT_EQ(b.host.look(), "edit Transition length 2 98, sample Transition 2, edit Transition length 2 98");
 }
 
 // Each control of the page, and what it leaves in the record.

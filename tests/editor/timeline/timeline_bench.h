@@ -94,9 +94,14 @@ struct TimelineBench : Bench, TimelineActs {
     note("insert " + files.front() + " before " + std::to_string(before));
   }
   void remove(int clip) override { note("remove " + std::to_string(clip)); }
-  void copy(int clip) override { note("copy " + std::to_string(clip)); }
-  void split(int clip, double seconds) override {
+  std::string whyNot;  ///< nothing is copied or split
+  std::string copy(int clip) override {
+    note("copy " + std::to_string(clip));
+    return whyNot;
+  }
+  std::string split(int clip, double seconds) override {
     note("split " + std::to_string(clip) + " " + FormatMask(seconds, "0.00"));
+    return whyNot;
   }
   void openTab(int tab, int clip) override {
     note("tab " + std::to_string(tab) + " " + std::to_string(clip));

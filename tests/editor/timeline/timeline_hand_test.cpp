@@ -161,10 +161,12 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   using enum TimelineKey;
   EXPECT_EQ(keys({After, After, After}), (Told{"select 3", "select 4"}));
   EXPECT_EQ(keys({First, Before}), Told{"select 1"});
-  EXPECT_EQ(keys({EdgeOut, Before, Before}), (Told{"mark 1", "mark 1"}));
+  EXPECT_EQ(keys({EdgeOut, Before, Before}),
+            (Told{"frame 1 6", "frame 1 5.96", "mark 1", "frame 1 5.92", "mark 1"}));
   EXPECT_EQ(b.collection.MovieList[1].LoopEndFrames(), 148);
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).text, "Mark-Out 5.92 s   frame 148");
-  EXPECT_EQ(keys({EdgeOut, After}), Told{"select 2"});  // let go of again
+  EXPECT_EQ(keys({EdgeOut, After}), (Told{"frame ends", "select 2"}));  // let go of again
+  EXPECT_EQ(keys({EdgeIn, Escape}), (Told{"frame 2 0", "frame ends"}));
   EXPECT_EQ(keys({After}, {.control = true}), Told{"move 2 before 4"});
   b.hand.takeInHand(1);
   EXPECT_EQ(keys({Before}, {.control = true}), Told{});
@@ -174,6 +176,44 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   b.hand.stand(100, false);
   EXPECT_EQ(keys({Split}), Told{});
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");
+}
+
+TEST(TimelineHand, WhatCannotBeDoneIsSaidWhereTheHandIs) {
+  struct Row {
+    std::function<void(Taken&)> act;
+    const char* reason;
+  };
+  const auto key = [](TimelineKey key) { return [key](Taken& b) { b.hand.key(key, {}); }; };
+  const auto first = [](auto first, auto then) {
+    return [=](Taken& b) {
+      first(b);
+      then(b);
+    };
+  };
+  const auto nothing = [](Taken& b) { b.hand.takeInHand(0); };
+  const auto noClip = [](Taken& b) { b.hand.show({}); };
+  const auto plays = [](Taken& b) { b.state.onlyShows = true; };
+  const auto full = [](Taken& b) { b.whyNot = "no more"; };
+  const auto music = [&](Taken& b) {
+    full(b);
+    b.hand.takeInHand(4);
+    b.hand.stand(3, false);
+  };
+  using enum TimelineKey;
+  for (const auto& row :
+       {Row{first(nothing, key(Remove)), "Choose a clip first"},
+        Row{first(noClip, key(Remove)), "There is no clip"},
+        Row{first(plays, key(Remove)), "Stop the preview first"},
+        Row{first(plays, [](Taken& b) { b.hand.press(b.at(15, kPictures), {}), b.hand.release(); }),
+            "Stop the preview first"},
+        Row{first(full, key(Copy)), "no more"}, Row{first(music, key(Split)), "no more"}}) {
+    Taken b;
+    row.act(b);
+    EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, row.reason);
+    b.state.onlyShows = false;
+    b.hand.press(b.at(15, kPictures), {});
+    EXPECT_FALSE(b.state.saying) << row.reason;
+  }
 }
 
 TEST(TimelineHand, TheWholeMovieStaysInSightUntilTheUserLooksElsewhere) {
