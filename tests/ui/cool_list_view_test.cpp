@@ -70,8 +70,7 @@ TEST_F(ListView, DrawsASelectedRowInItsStyle) {
     const char* what;
   };
   const QPoint kMiddle(100, kRowHeight + 10), kTop(100, kRowHeight), kFoot(100, 2 * kRowHeight - 1),
-      kLeft(4, kRowHeight + 10), kRight(119, kRowHeight + 10), kOffset(100, kRowHeight + 3),
-      kOtherRow(100, 5);
+      kRight(119, kRowHeight + 10), kOffset(100, kRowHeight + 3), kOtherRow(100, 5);
   const Row kRows[] = {
       {0, kMiddle, 0xF000FF, "filled"},
       {0, QPoint(1, kRowHeight + 10), token("teal"), "with a bar, since colour alone says no state"},
