@@ -169,17 +169,19 @@ void removeKeyframes(const Editing& e, int clipNo, std::optional<int> effectNo) 
       [&](const Keyframe& k) { return k.ClipName == keyId && (!effectNo || k.EffectNo == *effectNo); });
 }
 
+FrameRange framesThatCount(const Editing& e, const Movie& clip) {
+  if (clip.IsStill()) return {clip.LoopStartFrames(), clip.LoopEndFrames()};
+  return {toFrames(clip.LoopStart().number(), e.settings), toFrames(clip.LoopEnd().number(), e.settings)};
+}
+
 std::vector<std::string> AddKeyFramesToList(const Editing& e) {
-  const auto& clip = e.clips()[e.collection.icurMov];
-  const auto first =
-      clip.IsStill() ? clip.LoopStartFrames() : toFrames(clip.LoopStart().number(), e.settings);
-  const auto last = clip.IsStill() ? clip.LoopEndFrames() : toFrames(clip.LoopEnd().number(), e.settings);
+  const auto range = framesThatCount(e, e.clips()[e.collection.icurMov]);
   std::vector<std::string> lines;
   for (const int i : keyframesInHand(e)) {
     const auto& k = e.collection.KeyframeList[i];
-    const auto* text = k.FrameNo > last    ? "IGNORED - Point after Mark Out - Keyframe No = "
-                       : k.FrameNo < first ? "IGNORED - Point before Mark In - Keyframe No = "
-                                           : "Keyframe No = ";
+    const auto* text = k.FrameNo > range.last    ? "IGNORED - Point after Mark Out - Keyframe No = "
+                       : k.FrameNo < range.first ? "IGNORED - Point before Mark In - Keyframe No = "
+                                                 : "Keyframe No = ";
     lines.push_back(text + FormatMask(k.FrameNo, kFrameMask));
   }
   return lines;

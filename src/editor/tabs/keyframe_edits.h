@@ -62,6 +62,13 @@ void KillAllKeyframeData(const Editing& e);
 /// Removes every keyframe of the clip; with an effect number only that effect's.
 void removeKeyframes(const Editing& e, int clipNo, std::optional<int> effectNo);
 
+struct FrameRange {
+  Long first = 0, last = 0;
+};
+
+/// The frames of the clip between its marks, at the movie's rate; those of a still as its record has them.
+FrameRange framesThatCount(const Editing& e, const Movie& clip);
+
 /// The lines of the keyframe list for the clip in hand and the effect being worked on.
 std::vector<std::string> AddKeyFramesToList(const Editing& e);
 

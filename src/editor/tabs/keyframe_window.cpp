@@ -22,22 +22,12 @@ constexpr int kDirectionMost = 360;  // degrees
 constexpr std::string_view kFrameReading = "00####";
 constexpr std::string_view kTextured[] = {"ConteCrayon", "RoughPastel", "Texturizer", "Underpainting"};
 
-struct FrameRange {
-  Long first = 0, last = 0;
-};
-
-FrameRange framesOfClip(const Editing& e, const Movie& clip) {
-  const auto rate = e.settings.preferences().OutPutFrameRate;
-  const Long first = clip.LoopStartFrames();
-  const Long last = clip.IsStill() ? clip.LoopEndFrames() : framesOf(clip.LoopEnd().number(), rate);
-  return {first, std::max(first, last)};
-}
-
-// Of the keyframes, which count at the rate of the movie; the lines of the list go by it too.
-FrameRange framesThatCount(const Editing& e, const Movie& clip) {
-  if (clip.IsStill()) return framesOfClip(e, clip);
-  const auto rate = e.settings.preferences().OutPutFrameRate;
-  return {framesOf(clip.LoopStart().number(), rate), framesOf(clip.LoopEnd().number(), rate)};
+// Mark-In counts as a picture of the clip, unless it would lie behind Mark-Out then: that is of the movie.
+FrameRange framesOfSlider(const Editing& e, const Movie& clip) {
+  auto range = framesThatCount(e, clip);
+  if (clip.LoopStartFrames() <= range.last) range.first = clip.LoopStartFrames();
+  range.last = std::max(range.first, range.last);
+  return range;
 }
 
 Keyframe& keyframeOf(const Editing& e, int line) {
@@ -143,7 +133,7 @@ void UpdateFrameDisplay(const Editing& e, KeyframeWindow& window) {
 }
 
 void ScaleSlider(const Editing& e, KeyframeWindow& window) {
-  const auto range = framesOfClip(e, e.clips()[window.clipNo]);
+  const auto range = framesOfSlider(e, e.clips()[window.clipNo]);
   auto& master = window.Sld_FramePosMaster;
   master = {range.first, range.last, std::clamp<int>(master.Value, range.first, range.last), true, {}};
   UpdateFrameDisplay(e, window);
@@ -272,7 +262,7 @@ bool ActivateKeyFrameForm(const Editing& e, KeyframeWindow& window, TabHost& hos
   window.clipName = listedName(clip);
   window.effectName = effectNameOf(e, effectNo);
   window.colours = LoadColorArrays(e);
-  window.Sld_FramePosMaster.Value = clip.LoopStartFrames();
+  window.Sld_FramePosMaster.Value = 0;  // it comes up to the first
   e.settings.state.KeyframeMode = kFlagOn;
   e.settings.state.KeyframePreview = window.instantPreview;
   readKeyframes(e, window);

@@ -120,6 +120,25 @@ TEST(KeyframeWindow, ControlsWriteTheChosenKeyframe) {
   EXPECT_EQ(b.window.sliders[1].Value, 55);
 }
 
+TEST(KeyframeWindow, TheSliderGoesFromMarkInToMarkOutAtAnyRate) {
+  for (const auto& [clipRate, movieRate, first, last] :
+       {std::array{25, 25, 250, 375}, {25, 30, 250, 450}, {50, 25, 250, 375}, {30, 25, 300, 375}}) {
+    KeyframeBench b(43);
+    b.settings.change().OutPutFrameRate = static_cast<Single>(movieRate);
+    auto& clip = b.clip(1);
+    clip.DurationTime(Value(20));
+    clip.DurationFrames(Value(20 * clipRate));
+    clip.LoopStart(Value(10));
+    clip.LoopEnd(Value(15));
+    ASSERT_TRUE(ActivateKeyFrameForm(b.editing, b.window, b.host));
+    const auto& master = b.window.Sld_FramePosMaster;
+    EXPECT_EQ((std::array{master.Min, master.Value, master.Max}), (std::array{first, first, last}))
+        << clipRate << " in " << movieRate;
+    b.add(last);
+    EXPECT_FALSE(b.window.ignored.back());
+  }
+}
+
 TEST(KeyframeWindow, DiamondsAreDraggedWithinTheClip) {
   struct Row {
     int line;
