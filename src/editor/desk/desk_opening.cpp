@@ -99,7 +99,10 @@ void EditorDesk::finishOpening() {
   parts_.state.frame.toolsOn = true;
   parts_.state.frame.toolsOffBecause.clear();
   const auto& e = parts_.editing;
-  LoadEffects(e);
+  if (filedEffects_.empty()) {
+    LoadEffects(e);
+    filedEffects_ = e.editor.effects.text(true);
+  }
   GetStillOpts(e);
   run().ObjectChange = kOpened;
   ticks_ = 0;
@@ -144,8 +147,18 @@ void EditorDesk::Form_QueryUnload() {
   parts_.list.PreviewMovie(e.collection.icurMov);
 }
 
+// What an effect without keyframes begins with is set in the table, and stays for the next run.
+void EditorDesk::fileEffects() {
+  auto table = parts_.editing.editor.effects.text(true);
+  if (filedEffects_.empty() || table == filedEffects_) return;
+  const auto done = WriteEffectsArrayToDisk(parts_.editing);
+  if (!done) return parts_.editing.log.LogError(done.error().text);
+  filedEffects_ = std::move(table);
+}
+
 void EditorDesk::leave() {
   if (!isOpen()) return;
+  fileEffects();
   auto& user = parts_.editing.settings.user;
   parts_.state.frame.visible = false;  // what is drawn from here on is the main window alone
   KillPreview();

@@ -113,6 +113,7 @@ class EditorDesk : public PreviewHost {
 
   void showCaption();
   void finishOpening();
+  void fileEffects();
   void begin();
   void restoreTabs();
   void looked(const LookedSoFar& news);
@@ -142,6 +143,7 @@ class EditorDesk : public PreviewHost {
   std::unique_ptr<Timer> analysing_;
   std::unique_ptr<Timer> begin_;
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
+  std::string filedEffects_;  // the effects table as its file has it; empty until it is read, once a run
   bool opening_ = false;
   bool lacksVideo_ = false;  // and it is still to be told
   bool editing_ = false;     // inside an edit

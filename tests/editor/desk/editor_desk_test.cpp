@@ -471,6 +471,36 @@ TEST(EditorDesk, WhatNoFileHasIsInTheHistoryToo) {
   EXPECT_EQ(all(), "1 over back 2.5 44");
 }
 
+TEST(EditorDesk, WritesTheEffectsTableWhenItClosesWithAnother) {
+  const std::string path = "/prog/EffectParams.dat";
+  DeskBench b;
+  const auto value = [](DeskBench& of) -> std::string& {
+    return of.editor.effects.named("Chrome")->Control[2];
+  };
+  b.open();
+  const auto first = b.files.all[path];
+  b.desk.Form_QueryUnload();
+  EXPECT_EQ(b.files.all[path], first) << "nothing has changed";
+  b.open();
+  value(b) = "44";
+  b.files.failedReplaces = 1;
+  b.desk.Form_QueryUnload();
+  EXPECT_EQ(b.files.all[path], first);
+  b.open();
+  EXPECT_EQ(value(b), "44") << "it lives as long as the run, also where the disk does not take it";
+  b.desk.Form_QueryUnload();
+  DeskBench next;
+  next.files.all[path] = b.files.all[path];
+  {
+    const std::lock_guard lock(next.held.held);
+    next.desk.Form_Load();
+    next.desk.Form_QueryUnload();
+    EXPECT_EQ(next.files.all[path], b.files.all[path]) << "the table has not been read yet";
+  }
+  next.open();
+  EXPECT_EQ(value(next), "44");
+}
+
 TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
   DeskBench b;
   b.settings.adjust().StillSavePath = "/stills";
