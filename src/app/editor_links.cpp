@@ -33,8 +33,7 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
       transition_(parts.session.editing, states_.transition, desk_, parts.store),
       effectNames_(states_.effect.names, parts.store, "Effect"),
       film_(parts.session.editing, states_.window.analysing, parts.loop, [this] { parts_.draw(); }),
-      timelineActs_({desk_, parts.session.editing, parts.history, parts.commands, parts.mailbox},
-                    timelineDoors()),
+      timelineActs_({desk_, parts.session.editing, parts.commands, parts.mailbox}, timelineDoors()),
       hand_(states_.timeline, timelineActs_),
       files_(
           parts.loop, parts.session.editing.files, [this] { return filesOfClips(); },

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "core/records/media_kinds.h"
 #include "core/telling/messages.h"
 #include "intake/clip_names.h"
 #include "intake/folders.h"
@@ -9,6 +10,7 @@
 #include "program/search_progress.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace kvo {
 namespace {
@@ -48,7 +50,7 @@ void Mailbox::takeHandover(const std::string& text) {
   }
   parts_.window.mode.player.IsPaused = false;
   const auto command = readStartCommand(arguments, parts_.files, workingFolder_);
-  take(command);
+  take(command, {});
   if (!command.clips.empty() && transport_ != nullptr) transport_->Img_Play_Click();
   tellMissing(command.missing);
 }
@@ -59,7 +61,13 @@ void Mailbox::tellMissing(const std::vector<std::string>& paths) {
   });
 }
 
-void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
+void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) { takePaths(paths, {before}); }
+
+void Mailbox::takeForMovie(const std::vector<std::string>& paths, int before) {
+  takePaths(paths, {before, true});
+}
+
+void Mailbox::takePaths(const std::vector<std::string>& paths, const Place& place) {
   StartCommand command;
   bool unmapped = false;
   for (const auto& path : paths) {
@@ -72,7 +80,7 @@ void Mailbox::takeFiles(const std::vector<std::string>& paths, int before) {
     }
   }
   if (unmapped) parts_.boxes.show(refusedUnmapped(true));
-  take(command, before);
+  take(command, place);
 }
 
 void Mailbox::takeDropped(std::vector<std::string> paths, int before) {
@@ -88,7 +96,7 @@ void Mailbox::takeAddress(const std::string& address, const AddManner& manner) {
   }
   StartCommand command;
   command.clips = {address};
-  take(command, 0, manner);
+  take(command, {}, manner);
 }
 
 std::vector<std::string> Mailbox::clipsOf(const std::vector<std::string>& names) {
@@ -98,15 +106,27 @@ std::vector<std::string> Mailbox::clipsOf(const std::vector<std::string>& names)
   return clips;
 }
 
-void Mailbox::take(const StartCommand& command, int before, const AddManner& manner) {
+void Mailbox::take(const StartCommand& command, const Place& place, const AddManner& manner) {
   if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return;
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return;
   intro_.leave();
   if (guard_) guard_->player.beforeAdding();
-  const bool added = parts_.history.add(
-      pass, [&] { parts_.refusals.together([&] { parts_.intake.add(clipsOf(command.clips), manner); }); },
-      before);
+  auto clips = clipsOf(command.clips);
+  const auto music = place.isMovie
+                         ? std::stable_partition(clips.begin(), clips.end(), std::not_fn(isSoundByName))
+                         : clips.end();
+  bool added = false;
+  const auto add = [&](const std::vector<std::string>& some, int before) {
+    const auto work = [&] { parts_.intake.add(some, manner); };
+    if (!some.empty()) added |= parts_.history.add(pass, work, before);
+  };
+  parts_.refusals.together([&] {
+    parts_.history.together([&] {
+      add({clips.begin(), music}, place.before);
+      add({music, clips.end()}, 0);
+    });
+  });
   parts_.list.show();
   if (added) return show(pass);
   if (guard_) guard_->player.nothingAdded();

@@ -44,6 +44,10 @@ class Mailbox {
   /// Files that the user drops: the same in the order of names, as a file manager has none.
   void takeDropped(std::vector<std::string> paths, int before = 0);
 
+  /// Files for the movie: what has a picture ahead of clip `before`, the music at the end, also that of
+  /// folders.
+  void takeForMovie(const std::vector<std::string>& paths, int before);
+
   /// Tells of files that were named and are not there, in one box.
   void tellMissing(const std::vector<std::string>& paths);
 
@@ -53,7 +57,12 @@ class Mailbox {
  private:
   void look();
   void takeHandover(const std::string& text);
-  void take(const StartCommand& command, int before = 0, const AddManner& manner = {});
+  struct Place {
+    int before = 0;        // this clip; 0 at the end
+    bool isMovie = false;  // its music stands behind all pictures
+  };
+  void takePaths(const std::vector<std::string>& paths, const Place& place);
+  void take(const StartCommand& command, const Place& place, const AddManner& manner = {});
   std::vector<std::string> clipsOf(const std::vector<std::string>& names);
   void show(const CommandPass& pass);
 

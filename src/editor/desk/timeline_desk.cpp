@@ -1,6 +1,5 @@
 #include "editor/desk/timeline_desk.h"
 
-#include "core/records/media_kinds.h"
 #include "editor/timeline/timeline_writes.h"
 
 #include <algorithm>
@@ -51,17 +50,6 @@ void TimelineDesk::setFade(const FadeGesture& fade) {
 
 void TimelineDesk::showFrame(int clip, double seconds) {
   if (has(clip)) doors_.showFrame(clipFile(parts_.editing.clips()[clip]), seconds);
-}
-
-// Music stands behind all pictures.
-void TimelineDesk::insertFiles(const std::vector<std::string>& files, int before) {
-  std::vector<std::string> pictures;
-  std::vector<std::string> music;
-  for (const auto& file : files) (isSoundByName(file) ? music : pictures).push_back(file);
-  parts_.history.together([&] {
-    if (!pictures.empty()) parts_.mailbox.takeFiles(pictures, before);
-    if (!music.empty()) parts_.mailbox.takeFiles(music);
-  });
 }
 
 std::string TimelineDesk::copy(int clip) {

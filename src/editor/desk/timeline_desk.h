@@ -25,7 +25,6 @@ class TimelineDesk : public TimelineActs {
   struct Parts {
     EditorDesk& desk;
     const Editing& editing;
-    History& history;
     ListCommands& commands;
     Mailbox& mailbox;
   };
@@ -41,7 +40,9 @@ class TimelineDesk : public TimelineActs {
   void setRange(const TimelineRange& range) override { doors_.setRange(range); }
   void showFrame(int clip, double seconds) override;
   void endFrame() override { doors_.endFrame(); }
-  void insertFiles(const std::vector<std::string>& files, int before) override;
+  void insertFiles(const std::vector<std::string>& files, int before) override {
+    parts_.mailbox.takeForMovie(files, before);
+  }
   void remove(int clip) override { parts_.commands.Removeit(clip); }
   std::string copy(int clip) override;
   std::string split(int clip, double seconds) override;

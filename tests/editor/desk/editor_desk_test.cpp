@@ -628,6 +628,7 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
          desk.insertFiles({"/v/x.mp3", "/v/a.avi"}, 2);
        },
        "1a23psx"},
+      {"add 2 clips", [](TimelineDesk& desk) { desk.insertFiles({"/f"}, 2); }, "1ac23psb"},
       {"",
        [](TimelineDesk& desk) {
          desk.setTransIn({9, 10}), desk.split(9, 1), desk.moveTo(0, 1);
@@ -636,8 +637,9 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
   };
   for (const auto& row : rows) {
     DeskBench b;
-    for (const auto* name : {"/v/x.mp3", "/v/a.avi"}) b.files.all[name] = "x";
-    TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+    for (const auto* name : {"/v/x.mp3", "/v/a.avi", "/f/a.avi", "/f/b.mp3", "/f/c.avi"})
+      b.files.all[name] = "x";
+    TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
     row.act(desk);
     std::string names;
     for (int i = 1; i <= b.collection.MovieList.count(); ++i) {
@@ -654,7 +656,7 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
 
 TEST(TimelineDesk, EachDragIsAStepAndKeysThatAreHeldAreOne) {
   DeskBench b;
-  TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+  TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
   desk.setTransIn({2, 10});
   desk.setTransIn({2, 12});
   desk.setMark({2, ClipEdge::Out, 4, 100});
