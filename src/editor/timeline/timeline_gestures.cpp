@@ -269,4 +269,12 @@ TimelineReading markStep(const TimelineBlock& block, ClipEdge edge, int pictures
   return markAt(block, edge, now + pictures * step);
 }
 
+TimelineReading heldMarks(ClipEdge edge) {
+  return {.gesture = {},
+          .text = {},
+          .reason = translated(edge == ClipEdge::In ? "Cannot re-set Mark-In point while setting Keyframes"
+                                                    : "Cannot re-set Mark-Out point while setting Keyframes"),
+          .line = {}};
+}
+
 }  // namespace kvo

@@ -77,6 +77,9 @@ TimelineReading meaningOf(const TimelineBlocks& blocks, const TimelineSight& sig
 /// The same for a mark that goes by so many pictures; by hundredths of a second where they are not counted.
 TimelineReading markStep(const TimelineBlock& block, ClipEdge edge, int pictures);
 
+/// What a mark says that stays, as keyframes are being set.
+TimelineReading heldMarks(ClipEdge edge);
+
 /// The transition that an overlap has until another is chosen.
 inline constexpr const char* kFirstTransition = "Dissolve";
 

@@ -26,12 +26,18 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 bool isMark(TimelinePart part) { return part == TimelinePart::MarkIn || part == TimelinePart::MarkOut; }
 
-TimelineReading heldMarks(bool in) {
-  return {.gesture = {},
-          .text = {},
-          .reason = translated(in ? "Cannot re-set Mark-In point while setting Keyframes"
-                                  : "Cannot re-set Mark-Out point while setting Keyframes"),
-          .line = {}};
+// The tab that a part opens; none for one that is the clip itself.
+std::optional<int> opensTab(TimelinePart part) {
+  switch (part) {
+    case TimelinePart::Wedge:
+    case TimelinePart::WedgeEnd:
+      return kTransitionTab;
+    case TimelinePart::Effects:
+    case TimelinePart::Keyframes:
+      return kEffectTab;
+    default:
+      return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -143,7 +149,7 @@ void TimelineHand::move(const TimelinePoint& at, const TimelineHeld& held) {
 void TimelineHand::read() {
   const auto part = state_.drag->hit.part;
   state_.reading = isMark(part) && state_.settingKeyframes
-                       ? heldMarks(part == TimelinePart::MarkIn)
+                       ? heldMarks(part == TimelinePart::MarkIn ? ClipEdge::In : ClipEdge::Out)
                        : meaningOf(state_.blocks, state_.sight, state_.marks, *state_.drag);
   state_.saying.reset();
   if (!state_.reading.text.empty() || !state_.reading.reason.empty())
@@ -181,10 +187,7 @@ void TimelineHand::release() {
 }
 
 void TimelineHand::click(const TimelineHit& hit) {
-  const bool isTransition = hit.part == TimelinePart::Wedge || hit.part == TimelinePart::WedgeEnd;
-  const bool isBadge = hit.part == TimelinePart::Effects || hit.part == TimelinePart::Keyframes;
-  if (isTransition) acts_.openTab(kTransitionTab, hit.clip);
-  if (isBadge) acts_.openTab(kEffectTab, hit.clip);
+  if (const auto tab = opensTab(hit.part)) acts_.openTab(*tab, hit.clip);
 }
 
 void TimelineHand::leave() {
@@ -204,7 +207,7 @@ void TimelineHand::doubleClick(const TimelinePoint& at) {
   if (state_.onlyShows) return;
   const auto hit = hitAt(state_.blocks, state_.sight, state_.marks, at);
   cancel();
-  if (hit.clip == 0 || hit.part == TimelinePart::Wedge || hit.part == TimelinePart::Effects) return;
+  if (hit.clip == 0 || opensTab(hit.part)) return;
   select(hit.clip);
   acts_.openTrimmer(hit.clip);
 }

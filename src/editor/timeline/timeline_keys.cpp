@@ -140,8 +140,7 @@ void TimelineHand::goTo(bool last) {
 void TimelineHand::step(int direction) {
   const auto* block = inHand();
   if (block == nullptr) return;
-  if (state_.settingKeyframes)
-    return say(*block, refusal("Cannot re-set Mark-In point while setting Keyframes"));
+  if (state_.settingKeyframes) return say(*block, heldMarks(*state_.edge));
   const auto reading = markStep(*block, *state_.edge, direction);
   say(*block, reading);
   const auto* mark = std::get_if<MarkGesture>(&reading.gesture);

@@ -122,6 +122,21 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   EXPECT_EQ(click(30, kPictures), Told{});
   b.hand.doubleClick(b.at(9, kPictures));
   EXPECT_EQ(b.told, Told{"trimmer 2"});
+  const auto twice = [&](const TimelinePoint& at) {
+    b.told.clear();
+    b.hand.press(at, {});
+    b.hand.release();
+    b.hand.doubleClick(at);
+    return b.told;
+  };
+  b.collection.MovieList[2].KeyID(7);
+  Keyframe keyframe;
+  keyframe.ClipName = 7;
+  b.collection.KeyframeList.add(keyframe);
+  b.show();
+  const auto seen = clipsInSight(b.state.blocks, b.state.sight).at(1);
+  EXPECT_EQ(twice({seen.keyframes.x + 1, kTitle}), Told{"tab 4 2"});
+  EXPECT_EQ(twice({seen.wedge.right(), kTitle}), Told{"tab 3 2"});
   b.told.clear();
   b.drag(b.at(12.4, kPictures), b.at(10, kPictures));
   EXPECT_TRUE(b.hand.key(TimelineKey::Escape, {}));
@@ -200,12 +215,17 @@ TEST(TimelineHand, WhatCannotBeDoneIsSaidWhereTheHandIs) {
     b.hand.stand(3, false);
   };
   using enum TimelineKey;
+  const auto step = [&](TimelineKey edge) {
+    return first(first([](Taken& b) { b.state.settingKeyframes = true; }, key(edge)), key(Before));
+  };
   for (const auto& row :
        {Row{first(nothing, key(Remove)), "Choose a clip first"},
         Row{first(noClip, key(Remove)), "There is no clip"},
         Row{first(plays, key(Remove)), "Stop the preview first"},
         Row{first(plays, [](Taken& b) { b.hand.press(b.at(15, kPictures), {}), b.hand.release(); }),
             "Stop the preview first"},
+        Row{step(EdgeIn), "Cannot re-set Mark-In point while setting Keyframes"},
+        Row{step(EdgeOut), "Cannot re-set Mark-Out point while setting Keyframes"},
         Row{first(full, key(Copy)), "no more"}, Row{first(music, key(Split)), "no more"}}) {
     Taken b;
     row.act(b);
