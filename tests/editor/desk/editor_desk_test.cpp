@@ -443,15 +443,15 @@ TEST(EditorDesk, WhatWritesInsideAnEditIsPartOfIt) {
   EXPECT_FALSE(inner());
 }
 
-TEST(EditorDesk, WhatNoFileHasIsInTheHistoryToo) {
+TEST(EditorDesk, WhatTheMovieIsMadeWithIsInTheHistoryToo) {
   DeskBench b;
   OverlayTab overlay;
   AudioTab audio;
   for (auto& value : valuesBeside(b.editing, overlay)) b.history.alsoKeep(std::move(value));
   const auto all = [&] {
-    const auto& controls = b.editor.controls;
-    return std::to_string(static_cast<int>(controls.Opt_StackOverlay)) +
-           (controls.Chk_RenderClipAudio ? " own " : " ") + (overlay.overlaySound.ticked ? "over " : "") +
+    const auto& preferences = b.settings.preferences();
+    return std::string(preferences.ExternalAudioStack ? "row " : "") +
+           (preferences.RenderVideoAudio ? "own " : "") + (overlay.overlaySound.ticked ? "over " : "") +
            (overlay.backdropSound.ticked ? "back " : "") + ShortText(b.settings.state.DefaultStillDuration) +
            " " + b.editor.effects.named("Chrome")->Control[2];
   };
@@ -462,13 +462,13 @@ TEST(EditorDesk, WhatNoFileHasIsInTheHistoryToo) {
     b.desk.edit("Sound", 1, 0, [&] { sound->ticked = true; });
   b.desk.edit("Still duration", 0, 98, [&] { b.settings.state.DefaultStillDuration = 2.5F; });
   b.desk.edit("Chrome", 1, 0, [&] { b.editor.effects.named("Chrome")->Control[2] = "44"; });
-  EXPECT_EQ(all(), "1 over back 2.5 44");
+  EXPECT_EQ(all(), "over back 2.5 44");
   EXPECT_EQ(b.window.history.done.size(), 6U);
   EXPECT_EQ(b.window.history.done[1], "Clips' own audio off");
   b.history.undo(6);
   EXPECT_EQ(all(), first);
   b.history.redo(6);
-  EXPECT_EQ(all(), "1 over back 2.5 44");
+  EXPECT_EQ(all(), "over back 2.5 44");
 }
 
 TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
