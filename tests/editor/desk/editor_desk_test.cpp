@@ -7,6 +7,8 @@
 #include "editor/desk/timeline_desk.h"
 #include "editor/desk/values_beside.h"
 #include "editor/tabs/audio_tab.h"
+#include "editor/tabs/preview.h"
+#include "editor/tabs/stills_tab.h"
 #include "support/program_bench.h"
 
 #include <chrono>
@@ -633,6 +635,25 @@ TEST(TimelineDesk, EachDragIsAStepAndKeysThatAreHeldAreOne) {
   desk.setMark({2, ClipEdge::Out, 3.92, 98});
   b.desk.hold(false);
   EXPECT_EQ(b.window.history.done.size(), 4U);
+}
+
+TEST(TimelineDesk, AStillKeepsTheLengthThatItWasDraggedTo) {
+  DeskBench b;
+  b.addVideo("second.jpg", 0, 5).IsStill(true);
+  TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+  StillsTab tab;
+  restoreStills(b.editing, tab);
+  const auto previewed = [&] {
+    EXPECT_TRUE(CreatePreview(b.editing, stillControls(b.editing, tab)));
+    return b.clip(4).LoopEnd().text() + " " + b.clip(6).LoopEnd().text() +
+           (b.settings.preferences().StillsIndividual ? " one by one" : "");
+  };
+  EXPECT_EQ(previewed(), "5 5");
+  desk.setMark({4, ClipEdge::Out, 3.2, 0});
+  EXPECT_EQ(previewed(), "3.2 5 one by one");
+  EXPECT_EQ(b.window.history.done.size(), 1U);
+  b.history.undo(1);
+  EXPECT_EQ(previewed(), "5 5");
 }
 
 }  // namespace
