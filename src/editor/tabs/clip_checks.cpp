@@ -8,9 +8,7 @@
 namespace kvo {
 namespace {
 
-int numberAtEnd(std::string_view row, std::size_t width) {
-  return toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(width, row.size())))));
-}
+int clipNoIn(std::string_view text) { return toLongClamped(ToNumber(trimmed(text))); }
 
 }  // namespace
 
@@ -33,10 +31,13 @@ std::string missingText(const std::string& name) {
 }
 
 int GetIndividualClipNo(std::string_view row) {
-  const int number = numberAtEnd(row, 4);
+  const auto text = trimmed(row);
+  const int number = clipNoIn(text.substr(text.rfind(' ') + 1));
   return number == 0 ? 1 : number;
 }
 
-int GetEffectClipNo(std::string_view row) { return numberAtEnd(row, 10); }
+int GetEffectClipNo(std::string_view row) {
+  return clipNoIn(row.substr(row.size() - std::min<std::size_t>(10, row.size())));
+}
 
 }  // namespace kvo

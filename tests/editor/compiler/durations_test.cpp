@@ -61,7 +61,7 @@ TEST(Durations, TheShortestCutHoldsTheTrackFade) {
 
 TEST(Durations, RowsEndInTheirClipNumber) {
   EXPECT_EQ(GetIndividualClipNo("beach.avi   12"), 12);
-  EXPECT_EQ(GetIndividualClipNo("clip 79999"), 9999);
+  EXPECT_EQ(GetIndividualClipNo("clip   79999"), 79999);
   EXPECT_EQ(GetIndividualClipNo(""), 1);
   EXPECT_EQ(GetEffectClipNo("beach.avi         7"), 7);
   EXPECT_EQ(GetEffectClipNo("none"), 0);
