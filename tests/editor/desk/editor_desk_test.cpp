@@ -672,7 +672,7 @@ TEST(TimelineDesk, EachDragIsAStepAndKeysThatAreHeldAreOne) {
 TEST(TimelineDesk, AStillKeepsTheLengthThatItWasDraggedTo) {
   DeskBench b;
   b.addVideo("second.jpg", 0, 5).IsStill(true);
-  TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+  TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
   StillsTab tab;
   restoreStills(b.editing, tab);
   const auto previewed = [&] {
