@@ -100,7 +100,7 @@ DeskTabs EditorLinks::tabs() {
                   .enter = [this] { create_.refresh(); },
                   .follow = [this](bool /*rebuild*/) { create_.refresh(); }},
           rules(states_.audio),
-          DeskTab{.enter = [this] { transition_.show(true); },
+          DeskTab{.enter = [this] { transition_.enter(); },
                   .follow = [this](bool rebuild) { transition_.show(rebuild); }},
           DeskTab{.enter =
                       [this] {
