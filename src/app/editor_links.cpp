@@ -148,7 +148,7 @@ void EditorLinks::settle() {
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
   if (std::exchange(compilesSeen_, states_.preview.compiles) != states_.preview.compiles)
-    states_.window.totals = previewTotals(editing().editor, states_.preview.labels);
+    states_.window.totals = previewTotals(editing().editor);
   states_.window.frame.zoom = hand_.zoomPart();
   standing_.settle(collection, states_.keyframes.visible);
   states_.timeline.isComing = desk_.isOpening();

@@ -108,9 +108,9 @@ EditorTotals editorTotals(const EditorState& editor) {
           .audioIsRed = labels.audioIsRed};
 }
 
-EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels) {
+EditorTotals previewTotals(const EditorState& editor) {
   auto totals = editorTotals(editor);
-  if (ToNumber(editor.AudioTotalTime) <= 0) totals.Lbl_AudTotal = labels.Lbl_AudTotal;
+  if (ToNumber(editor.AudioTotalTime) <= 0) totals.Lbl_AudTotal = labelsOf(editor).Lbl_AudTotal;
   return totals;
 }
 

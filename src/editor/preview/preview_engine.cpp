@@ -5,6 +5,7 @@
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
+#include "editor/tabs/preview.h"
 
 #include <algorithm>
 #include <cmath>
@@ -110,9 +111,8 @@ void PreviewEngine::PrepPreview() {
 bool PreviewEngine::CreatePreview(bool Play) {
   if (!host_.mayEdit()) return false;
   if (!editing_.clips().empty()) host_.selectRow(1);
-  const auto labels = kvo::CreatePreview(editing_, host_.stillControls());
-  if (!labels) {
-    if (!editing_.clips().empty()) failed(labels.error().text);
+  if (const auto made = kvo::CreatePreview(editing_, host_.stillControls()); !made) {
+    if (!editing_.clips().empty()) failed(made.error().text);
     return false;
   }
   const auto document = editing_.files.read(editing_.folder.beside(kMovieDocument), kMaxDocument);
@@ -121,16 +121,21 @@ bool PreviewEngine::CreatePreview(bool Play) {
     return false;
   }
   if (Play || state_.PreviewPlaying) release();
-  state_.labels = *labels;
   ++state_.compiles;
-  state_.FSB_RenderRange.Max = labels->FSB_RenderRangeMax;
-  state_.cuts.assign(editing_.editor.ClipStopList.begin(), editing_.editor.ClipStopList.end());
+  fillBar();
   saveGraph(*document);
   state_.kind = PreviewKind::Movie;
   state_.clipNo = 0;
   stale_ = false;
   PreviewIt(*document, state_.FSB_RenderRange.Value, !Play);
   return state_.failure.empty();
+}
+
+// As the last compile has the movie.
+void PreviewEngine::fillBar() {
+  const auto& editor = editing_.editor;
+  state_.FSB_RenderRange.Max = labelsOf(editor).FSB_RenderRangeMax;
+  state_.cuts.assign(editor.ClipStopList.begin(), editor.ClipStopList.end());
 }
 
 void PreviewEngine::saveGraph(const std::string& document) {
@@ -152,7 +157,6 @@ void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool No
   if (const auto loaded = player_.load(std::move(Document)); !loaded) return failed(loaded.error().text);
   state_.failure.clear();
   state_.total = secondsOf(player_.frames());
-  if (isSample()) state_.FSB_RenderRange.Max = static_cast<int>(std::floor(state_.total));
   const double from = std::max(StartSeconds, 0.0);
   if (!NoPlay) return DirXPlay(from);
   seekTo(frameOf(from));
@@ -160,9 +164,9 @@ void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool No
 }
 
 void PreviewEngine::DirXPlay(double StartSeconds) {
-  const auto& bar = state_.FSB_RenderRange;
-  const bool atEnd = bar.Max > 0 && StartSeconds >= bar.Max;
-  const auto from = frameOf(host_.Chk_AutoRewind() && atEnd ? 0 : StartSeconds);
+  const auto wanted = frameOf(StartSeconds);
+  const bool atEnd = wanted >= player_.frames() - 1;
+  const auto from = host_.Chk_AutoRewind() && atEnd ? 0 : wanted;
   if (from != GetPreviewPositionFrame()) seekTo(from);
   host_.parkPlayer();
   player_.play();
@@ -284,7 +288,8 @@ bool PreviewEngine::standOnMovie() {
   const auto code = change;  // the change watch has still to hear of it
   auto document = compilePreviewText(editing_, powerOf(editing_.settings));
   change = code;
-  state_.FSB_RenderRange.Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
+  takeStops(editing_.editor, document);
+  fillBar();
   state_.kind = PreviewKind::Movie;
   stale_ = false;
   PreviewIt(std::move(document), state_.FSB_RenderRange.Value, true);

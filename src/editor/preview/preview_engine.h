@@ -40,7 +40,8 @@ class PreviewEngine {
   /// failure.
   void PreviewIt(std::string Document, double StartSeconds, bool NoPlay);
 
-  /// Plays what the player has; from the start when that is wanted at the end.
+  /// Plays what the player has; from the start when that is wanted at the last
+  /// frame.
   void DirXPlay(double StartSeconds);
 
   /// Ends whatever is shown, and lets go of it.
@@ -89,6 +90,7 @@ class PreviewEngine {
   [[nodiscard]] double secondsOf(std::int64_t frame) const;
   [[nodiscard]] std::int64_t frameOf(double seconds) const;
   void release();
+  void fillBar();
   void saveGraph(const std::string& document);
   void seekTo(std::int64_t frame);
   bool standOnMovie();

@@ -209,13 +209,15 @@ Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string
 }
 
 void AnalyseRenderFile(const Editing& e, const std::string& fileName) {
-  auto& stops = e.editor.ClipStopList;
-  stops.clear();
   const auto bytes = e.files.read(fileName, kMaxDocument);
-  if (!bytes) return;
-  std::string_view rest(*bytes);
-  while (!rest.empty()) {
-    const auto line = nextLine(rest);
+  takeStops(e.editor, bytes ? *bytes : std::string_view());
+}
+
+void takeStops(EditorState& editor, std::string_view document) {
+  auto& stops = editor.ClipStopList;
+  stops.clear();
+  while (!document.empty()) {
+    const auto line = nextLine(document);
     if (line.find("SamplingRate=") != std::string_view::npos) return;
     const auto at = line.find(" stop=");
     if (line.find("<clip src=") == std::string_view::npos || at == std::string_view::npos) continue;

@@ -54,6 +54,8 @@ Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string
 
 /// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
 void AnalyseRenderFile(const Editing& e, const std::string& fileName);
+/// The same of the text of one.
+void takeStops(EditorState& editor, std::string_view document);
 
 /// Compiles the collection for a render at full power, with every effect and transition. Gives the text.
 std::string compileText(const Editing& e);
