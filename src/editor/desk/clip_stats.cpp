@@ -105,7 +105,8 @@ EditorTotals editorTotals(const EditorState& editor) {
   return {.lbl_VideoTotTime = labels.lbl_VideoTotTime,
           .Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), kTotalMask) + "(s)",
           .audioToolTip = labels.audioToolTip,
-          .audioIsRed = labels.audioIsRed};
+          .audioIsRed = labels.audioIsRed,
+          .Fra_Preview = editor.controls.Fra_Preview};
 }
 
 EditorTotals previewTotals(const EditorState& editor) {

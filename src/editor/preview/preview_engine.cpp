@@ -175,7 +175,6 @@ void PreviewEngine::DirXPlay(double StartSeconds) {
   state_.PreviewPlaying = true;
   state_.paused = began_ = false;
   editing_.settings.state.IsPreviewRunning = true;
-  ShowPreviewBut();
   host_.previewChanged();
 }
 
@@ -203,9 +202,8 @@ void PreviewEngine::release() {
   state_.title.clear();
   state_.overlayPosition = 0;
   state_.position = state_.total = 0;
-  state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
+  state_.PreviewPlaying = state_.paused = false;
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
-  ShowPreviewBut();
   if (ran) {
     host_.FrmFileOpenToolsOnOff(true);
     host_.watchChanges(true);
@@ -254,7 +252,6 @@ void PreviewEngine::PausePreview() {
     player_.play();
     Timer1_->start(kPositionTick);
   }
-  ShowPreviewBut();
   host_.previewChanged();
 }
 
@@ -440,7 +437,6 @@ void PreviewEngine::watchEnd() {
   const bool movie = state_.kind == PreviewKind::Movie;
   state_.PreviewPlaying = state_.paused = false;
   editing_.settings.state.IsPreviewRunning = false;
-  ShowPreviewBut();
   host_.previewChanged();
   if (!movie) return;
   if (host_.Chk_AutoRewind()) {
@@ -460,7 +456,6 @@ void PreviewEngine::watchEnd() {
 void PreviewEngine::TimeCodeOn() {
   tick_ = 0;
   Timer1_->start(kPositionTick);
-  state_.pic_DigDisplay = true;
 }
 
 void PreviewEngine::TimeCodeOff() {
@@ -470,10 +465,5 @@ void PreviewEngine::TimeCodeOff() {
 }
 
 void PreviewEngine::UpdateRenderPosDisplay(const std::string& text) { state_.Lbl_TimePos = text; }
-
-void PreviewEngine::ShowPreviewBut() {
-  state_.Cmd_PrevGrph =
-      state_.kind == PreviewKind::Movie && state_.PreviewPlaying ? "Stop Preview" : "Preview";
-}
 
 }  // namespace kvo

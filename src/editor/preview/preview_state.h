@@ -35,14 +35,12 @@ struct PreviewState {
   double position = 0;                    ///< seconds, of the picture
   double total = 0;                       ///< seconds of what is in hand
 
-  bool pic_DigDisplay = false;            ///< digits beside the bar
   std::string Lbl_TimePos = kNoPosition;  ///< "00:07.2000"
   std::string Lbl_Remain = kNoPosition;
   std::string Lbl_TotDur = kNoPosition;
   RenderRange FSB_RenderRange;
   std::vector<double> cuts;  ///< seconds: where the clips of the movie end
 
-  std::string Cmd_PrevGrph = "Preview";
   std::uint64_t compiles = 0;  ///< of the movie, to be played
 };
 

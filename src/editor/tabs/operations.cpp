@@ -1,6 +1,7 @@
 #include "editor/tabs/operations.h"
 
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/document_text.h"
@@ -31,15 +32,10 @@ int previewPower(KVO2& settings) {
   return settings.preferences().PreviewCPU;
 }
 
-void setAudioTotal(EditorState& editor, Stamp total) {
-  editor.AudioTotalTime = stampText(total);
-  editor.controls.Lbl_AudTotal = FormatMask(total.seconds, kTotalMask);
-}
-
 void setVideoTotal(EditorState& editor, std::optional<double> stop, double largest) {
   editor.VideoTotalTime = stop ? fixedText(*stop) : "0";
   editor.LastClipStop = fixedText(largest);
-  editor.controls.Fra_Preview = "0 to " + FormatMask(largest, "0.00") + " (s)";
+  editor.controls.Fra_Preview = translated("0 to %1 (s)", {FormatMask(largest, "0.00")});
 }
 
 void noticePicture(const Editing& e, bool hasPicture) {
@@ -63,7 +59,7 @@ std::string compiled(const Editing& e, const CompileOptions& options) {
   noticePicture(e, made.hasPicture);
   setVideoTotal(editor, made.videoStop, made.largestStop);
   editor.AudioTotalTime.clear();
-  if (made.audioStop) setAudioTotal(editor, *made.audioStop);
+  if (made.audioStop) editor.AudioTotalTime = stampText(*made.audioStop);
   if (made.hasPicture) {
     editor.OutputWidth = made.output.width;
     editor.OutputHeight = made.output.height;
@@ -195,8 +191,8 @@ void AddOverlayAudioTracks(const Editing& e) {
   applyCorrections(clips, e.collection, e.settings);
   editor.texts.AudioTrackText += music.tracks;
   const double video = ToNumber(editor.VideoTotalTime);
-  setAudioTotal(editor,
-                options.trimOverlays && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
+  editor.AudioTotalTime =
+      stampText(options.trimOverlays && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
 }
 
 Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName) {
