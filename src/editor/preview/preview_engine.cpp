@@ -146,12 +146,6 @@ void PreviewEngine::saveGraph(const std::string& document) {
 }
 
 void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool NoPlay) {
-  if (state_.PreviewPlaying) {
-    player_.clear();
-    state_.PreviewPlaying = state_.paused = false;
-    editing_.settings.state.IsPreviewRunning = false;
-    return;
-  }
   tmrTimer_->stop();
   sought_.reset();
   if (const auto loaded = player_.load(std::move(Document)); !loaded) return failed(loaded.error().text);
@@ -278,7 +272,7 @@ void PreviewEngine::seekTo(std::int64_t frame) {
 
 // The movie as it is now stands in the player; false when there is none to show.
 bool PreviewEngine::standOnMovie() {
-  if (state_.kind == PreviewKind::Movie && !stale_ && player_.state() != PlayState::Empty) return true;
+  if (state_.kind == PreviewKind::Movie && !stale_ && GetPreviewPlayState() != PlayState::Empty) return true;
   if (!host_.mayEdit() || editing_.clips().empty()) return false;
   if (state_.kind != PreviewKind::None) release();
   auto& change = editing_.settings.state.ObjectChange;
@@ -339,7 +333,7 @@ void PreviewEngine::beginWish() {
   auto document = documentOf(wish);
   if (document.empty()) return;
   const bool goesOn = state_.kind == kindOf(wish.what) && state_.clipNo == wish.clipNo &&
-                      state_.PreviewPlaying && player_.state() != PlayState::Ended;
+                      state_.PreviewPlaying && GetPreviewPlayState() != PlayState::Ended;
   const double from = goesOn ? secondsOf(GetPreviewPositionFrame()) : 0;
   if (!isSample()) {
     if (state_.kind == PreviewKind::Movie) release();
@@ -379,7 +373,7 @@ void PreviewEngine::writeSample() {
 // What the timers do, and pictures that come.
 
 void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> picture) {
-  if (state_.kind == PreviewKind::None || player_.state() == PlayState::Empty) return;
+  if (state_.kind == PreviewKind::None || GetPreviewPlayState() == PlayState::Empty) return;
   if (state_.PreviewPlaying && !state_.paused) sought_.reset();
   state_.picture = picture->bgr.empty() ? nullptr : std::move(picture);
   state_.position = secondsOf(frame);
@@ -421,7 +415,7 @@ void PreviewEngine::UpdateFrmFileOpenFillist() {
 }
 
 void PreviewEngine::watchEnd() {
-  const auto now = player_.state();
+  const auto now = GetPreviewPlayState();
   if (now == PlayState::Failed) return failed(player_.failure());
   if (!state_.PreviewPlaying) {
     if (sought_ && player_.position() != *sought_) return;

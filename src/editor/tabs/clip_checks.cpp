@@ -6,13 +6,6 @@
 #include <algorithm>
 
 namespace kvo {
-namespace {
-
-int numberAtEnd(std::string_view row, std::size_t width) {
-  return toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(width, row.size())))));
-}
-
-}  // namespace
 
 bool IsAudioBeforeVideo(const Editing& e) {
   for (int i = 1; i <= e.clips().count(); ++i) {
@@ -33,10 +26,9 @@ std::string missingText(const std::string& name) {
 }
 
 int GetIndividualClipNo(std::string_view row) {
-  const int number = numberAtEnd(row, 4);
+  constexpr std::size_t kWidth = 4;  // characters of the number
+  const int number = toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(kWidth, row.size())))));
   return number == 0 ? 1 : number;
 }
-
-int GetEffectClipNo(std::string_view row) { return numberAtEnd(row, 10); }
 
 }  // namespace kvo

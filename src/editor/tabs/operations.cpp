@@ -233,10 +233,6 @@ std::string compilePreviewText(const Editing& e, int power) {
   return compiled(e, previewOptions(optionsOf(e), GetPreviewParams(e, power), power));
 }
 
-Outcome CompileForRender(const Editing& e, const std::string& fileName) {
-  return writeDocument(e.files, fileName, compileText(e));
-}
-
 std::string CalcMaxTransitionDuration(const Editing& e, int clipNo) {
   const double seconds =
       longestTransition(TimelineClips(e.collection), clipNo, e.settings.state.DefaultStillDuration);

@@ -15,7 +15,7 @@ namespace {
 using test::Bench;
 
 std::string compiled(Bench& b) {
-  EXPECT_TRUE(CompileForRender(b.editing, "/prog/KVORender.xtl"));
+  EXPECT_TRUE(writeDocument(b.files, "/prog/KVORender.xtl", compileText(b.editing)));
   return b.files.all["/prog/KVORender.xtl"];
 }
 
