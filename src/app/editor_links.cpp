@@ -86,7 +86,11 @@ MainWindowDoors EditorLinks::mainWindow() {
 TimelineDesk::Doors EditorLinks::timelineDoors() {
   return {.seek = [this](double seconds) { preview_.showAt(seconds); },
           .setRange = [this](const TimelineRange& range) { create_.typeRange(range.from, range.to); },
-          .showFrame = [this](const std::string& file, double seconds) { standing_.showMark(file, seconds); },
+          .showFrame =
+              [this](const std::string& file, double seconds) {
+                preview_.haltSample();
+                standing_.showMark(file, seconds);
+              },
           .endFrame = [this] { standing_.endMark(); },
           .openMenu = [this](int /*clip*/, int x, int y) { parts_.openMenu(x, y); }};
 }
@@ -231,6 +235,7 @@ void EditorLinks::showClipFrame(Long frame) {
   const auto& collection = parts_.session.collection;
   if (collection.icurMov < 1) return;
   const auto& clip = collection.MovieList[collection.icurMov];
+  preview_.haltSample();
   standing_.showKeyframe(clip, frame, parts_.session.settings.preferences().OutPutFrameRate);
 }
 

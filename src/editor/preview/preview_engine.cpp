@@ -249,6 +249,10 @@ void PreviewEngine::PausePreview() {
   host_.previewChanged();
 }
 
+void PreviewEngine::haltSample() {
+  if (isSample() && !state_.paused) PausePreview();
+}
+
 void PreviewEngine::PreviewtransPort(Key key) {
   if (key == Key::PlayOrPause) {
     if (state_.PreviewPlaying) return PausePreview();

@@ -40,6 +40,8 @@ class PreviewEngine {
 
   /// Halts what plays, and lets it go on.
   void PausePreview();
+  /// Halts a sample that plays, so that a frame can be seen in its place.
+  void haltSample();
   void PreviewtransPort(Key key);
 
   /// Shows a place of the movie as it is now, in seconds, standing; where it plays it goes on from there.

@@ -220,6 +220,12 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
     EXPECT_EQ(b.state.kind, row.kind);
     EXPECT_EQ(b.state.overlayPosition, row.kind == PreviewKind::PictureInPicture ? 12 : 0);
   }
+  for (const auto* acts : {"pause", ""}) {
+    b.preview.haltSample();
+    EXPECT_EQ(b.takeActs(), acts) << "for a frame of the clip";
+  }
+  b.preview.PausePreview();
+  EXPECT_EQ(b.takeActs(), "play");
   b.player.now = PlayState::Ended;
   b.loop.advance(250);
   EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], CreatePinPPreview(b.editing, 2, {.preview = true}));
@@ -230,6 +236,8 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.takeActs(), "play") << "once more";
   b.preview.PrepPreview();
   EXPECT_EQ(b.state.kind, PreviewKind::Movie) << "a sample gives way";
+  b.preview.haltSample();
+  EXPECT_FALSE(b.state.paused) << "the movie is none";
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 6) << "the bar of the movie is where it was";
   b.host.takeNotes();
   b.preview.sample(Sample::Colour, 1);
