@@ -41,7 +41,7 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
   parts.play.positions().core.doors.UpdateKeyFramesIfWeHaveTo = [this] { UpdateKeyFramesIfWeHaveTo(); };
   for (auto& value : valuesBeside(parts.session.editing, states_.overlay))
     parts.history.alsoKeep(std::move(value));
-  desk_.tabs(tabs(), {.stills = [this] { return states_.stills.controls; },
+  desk_.tabs(tabs(), {.stills = [this] { return stillControls(editing(), states_.stills); },
                       .Chk_AutoRewind = [this] { return states_.create.Chk_AutoRewind; }});
 }
 

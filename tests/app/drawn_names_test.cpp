@@ -38,7 +38,7 @@ class DrawnNames : public testing::Test {
   static engine::Timeline compiled(test::Bench& b, const std::string& what) {
     b.editor.controls.txtWidth = kWidth;
     b.editor.controls.txtHeight = kHeight;
-    b.editor.controls.Chk_RenderClipAudio = false;
+    b.settings.adjust().RenderVideoAudio = false;
     auto timeline = engine::readDocument(compileText(b.editing));
     EXPECT_TRUE(timeline) << what << ": " << timeline.error().text;
     return timeline ? std::move(*timeline) : engine::Timeline{};

@@ -92,9 +92,7 @@ class FirstMovie : public test::Window {
       command.insert(command.end(), step.begin() + 1, step.end());
     }
     test::runProgram(command);
-    if (mark) {
-      EXPECT_TRUE(shows(to, *mark, "2x2"));
-    }
+    if (mark) showsSoon(to, *mark, "2x2");
     test::runProgram({"xdotool", "mouseup", "1"});
     ++acts_;
   }
@@ -139,10 +137,20 @@ class FirstMovie : public test::Window {
       colour[i] = static_cast<unsigned char>(bytes[at + i]);
     return colour;
   }
-  static bool shows(const Spot& at, const Colour& colour, const char* size) {
+  static bool showsNow(const Spot& at, const Colour& colour, const char* size) {
     auto command = grab(at, size);
     command.insert(command.end(), {"-frames:v", "1", "-"});
-    return eventually([&] { return isLike(colourIn(test::runProgram(command).out, 0), colour); });
+    return isLike(colourIn(test::runProgram(command).out, 0), colour);
+  }
+  static bool shows(const Spot& at, const Colour& colour, const char* size) {
+    return eventually([&] { return showsNow(at, colour, size); });
+  }
+  // Within some looks, for what may have to be done again.
+  static bool showsSoon(const Spot& at, const Colour& colour, const char* size) {
+    constexpr int kLooks = 15;
+    for (int i = 0; i < kLooks; ++i)
+      if (showsNow(at, colour, size)) return true;
+    return false;
   }
 
   // From here on each picture that is seen in the preview is noted.
@@ -224,8 +232,12 @@ TEST_F(FirstMovie, ByTheMouse) {
   click(kLastFile, "shift");
   click(kOpen);
   ASSERT_TRUE(comes("view.png"));
-  drag(kLastRow, kAboveSong, kDropBar);  // the still, ahead of the song
-  ASSERT_TRUE(shows(kAboveSongChosen, kChosen, "2x2")) << "and there it stands";
+  // A drop ahead of the desktop's word that it will be taken is none, and nobody sees that word.
+  ASSERT_TRUE(eventually([&, before = acts_] {
+    acts_ = before;
+    drag(kLastRow, kAboveSong, kDropBar);  // the still, ahead of the song
+    return showsSoon(kAboveSongChosen, kChosen, "2x2");
+  })) << "and there it stands";
   click(kCreateMovie);
   ASSERT_TRUE(comes("Create New Movie"));
   ASSERT_TRUE(shows(kStill, kYellow, "8x8")) << "its picture lies on the timeline";

@@ -192,7 +192,7 @@ TEST(AudioPage, FadesLevelAndMusic) {
   keepPicture(*page, "audio");
   expectReachable(*page);
   press(*page, "All from the start of the movie");
-  EXPECT_EQ(b.editor.controls.Opt_StackOverlay, OverlayOrder::Stacked);
+  EXPECT_FALSE(b.settings.preferences().ExternalAudioStack);
   press(*page, "Auto Trim");
   EXPECT_FALSE(b.settings.preferences().AutoTrimAudio);
   press(*page, "Put this sound in the movie");

@@ -72,7 +72,6 @@ void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& se
   ValidateKeyFrames(collection);
   const bool wasDirty = settings.state.IsDirty;
   if (compiled.hasMusic) settings.change().DubInPlaylistAudioTrks = true;
-  if (!compiled.hasPicture) settings.adjust().AutoTrimAudio = false;
   settings.state.IsDirty = wasDirty;
 }
 

@@ -1,6 +1,7 @@
 #include "editor/desk/timeline_desk.h"
 
 #include "core/records/media_kinds.h"
+#include "editor/tabs/still_options.h"
 #include "editor/timeline/timeline_writes.h"
 
 #include <algorithm>
@@ -33,8 +34,12 @@ void TimelineDesk::moveTo(int clip, int before) {
 
 void TimelineDesk::setMark(const MarkGesture& mark) {
   if (!has(mark.clip)) return;
-  parts_.desk.edit(mark.edge == ClipEdge::In ? "Mark-In" : "Mark-Out", mark.clip, kMarkMoved,
-                   [&] { writeMark(parts_.editing.clips()[mark.clip], mark); });
+  parts_.desk.edit(mark.edge == ClipEdge::In ? "Mark-In" : "Mark-Out", mark.clip, kMarkMoved, [&] {
+    auto& clip = parts_.editing.clips()[mark.clip];
+    writeMark(clip, mark);
+    if (clip.IsStill() && stillsAreIndividual(parts_.editing))
+      parts_.editing.settings.adjust().StillsIndividual = true;
+  });
 }
 
 void TimelineDesk::setTransIn(const TransInGesture& transition) {

@@ -15,15 +15,9 @@ ValueBeside asFlag(bool& flag) {
 }  // namespace
 
 std::vector<ValueBeside> valuesBeside(const Editing& e, OverlayTab& overlay) {
-  auto& controls = e.editor.controls;
   auto& still = e.settings.state.DefaultStillDuration;
   auto& effects = e.editor.effects;
-  return {{[&controls] { return std::to_string(static_cast<int>(controls.Opt_StackOverlay)); },
-           [&controls](const std::string& text) {
-             controls.Opt_StackOverlay = static_cast<OverlayOrder>(toLongClamped(ToNumber(text)));
-           }},
-          asFlag(controls.Chk_RenderClipAudio),
-          asFlag(overlay.overlaySound.ticked),
+  return {asFlag(overlay.overlaySound.ticked),
           asFlag(overlay.backdropSound.ticked),
           {[&still] { return ShortText(still); },
            [&still](const std::string& text) { still = static_cast<Single>(ToNumber(text)); }},

@@ -9,8 +9,8 @@
 
 namespace kvo {
 
-/// The order of the music, the clips' own audio, the sound of an overlay and its backdrop, the usual length
-/// of stills, and the effects table. `e` and `overlay` outlive them.
+/// The sound of an overlay and its backdrop, the usual length of stills, and the effects table. `e` and
+/// `overlay` outlive them.
 std::vector<ValueBeside> valuesBeside(const Editing& e, OverlayTab& overlay);
 
 }  // namespace kvo

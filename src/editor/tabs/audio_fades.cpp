@@ -2,6 +2,7 @@
 
 #include "core/telling/failures.h"
 #include "editor/compiler/durations.h"
+#include "editor/tabs/operations.h"
 
 namespace kvo {
 namespace {
@@ -25,7 +26,7 @@ void storeAudioFades(Movie& clip, const AudioFadeControls& controls) {
 }
 
 void warnOfLongFades(const Editing& e, const Movie& clip, const AudioFadeControls& controls) {
-  if (!controls.renderAudio || !e.editor.controls.Chk_AutoTrim) return;
+  if (!controls.renderAudio || !trimsMusic(e)) return;
   const double length = timelineLength(clip);
   if (controls.fadeIn / 10 > length) warnOfLongFade(e, "IN", "In");
   if (controls.fadeOut / 10 > length) warnOfLongFade(e, "OUT", "OUT");

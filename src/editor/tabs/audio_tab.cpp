@@ -36,12 +36,11 @@ bool isHeard(const Editing& e, const Movie& clip) {
 // Seconds of the music, as the movie will have it.
 double musicTotal(const Editing& e) {
   if (!e.editor.AudioTotalTime.empty()) return ToNumber(e.editor.AudioTotalTime);
-  const auto options = optionsOf(e);
+  const bool trims = trimsMusic(e);
   TimelineClips clips(e.collection, e.streams);
-  const double stop =
-      overlayTracks(options, clips, options.trimOverlays ? ToNumber(e.editor.LastClipStop) : 0).stop;
+  const double stop = overlayTracks(optionsOf(e), clips, trims ? ToNumber(e.editor.LastClipStop) : 0).stop;
   const double video = ToNumber(e.editor.VideoTotalTime);
-  return options.trimOverlays && video >= stop ? video : stop;
+  return trims && video >= stop ? video : stop;
 }
 
 AudioNotice noticeOf(const Editing& e, bool hasMusic) {
@@ -79,22 +78,19 @@ void readClip(const Editing& e, AudioTab& tab) {
 }
 
 void readMovie(const Editing& e, AudioTab& tab) {
-  auto& controls = e.editor.controls;
-  const auto& preferences = e.settings.preferences();
-  controls.Chk_AutoTrimEnabled = !e.editor.hasNoVideo;
-  if (controls.Chk_AutoTrimEnabled) controls.Chk_AutoTrim = preferences.AutoTrimAudio;
+  const auto options = optionsOf(e);
+  const bool hasVideo = !e.editor.hasNoVideo;
   tab.hasMusic = CheckForAudiotrack(e);
-  tab.Opt_StackOverlay = controls.Opt_StackOverlay;
-  tab.Chk_AutoTrim = controls.Chk_AutoTrim;
-  tab.Chk_AutoTrimEnabled = tab.hasMusic && controls.Chk_AutoTrimEnabled;
-  tab.Chk_RenderClipAudio = controls.Chk_RenderClipAudio;
-  tab.Chk_RenderClipAudioEnabled = !e.editor.hasNoVideo;
-  const double fade = decimal(preferences.VideoTrackFadeAmt);
-  tab.trackFade = audioSlider(kTrackFadeTenths, fade, tab.Chk_RenderClipAudio && !e.editor.hasNoVideo, {});
+  tab.Opt_StackOverlay = options.overlayOrder;
+  tab.Chk_AutoTrim = trimsMusic(e);
+  tab.Chk_AutoTrimEnabled = tab.hasMusic && hasVideo;
+  tab.Chk_RenderClipAudio = options.clipAudio && hasVideo;
+  tab.Chk_RenderClipAudioEnabled = hasVideo;
+  const double fade = decimal(options.trackFade);
+  tab.trackFade = audioSlider(kTrackFadeTenths, fade, tab.Chk_RenderClipAudio, {});
   tab.trackFade.heading =
       translated("Fade between clips - %1s", {FormatMask(std::max(fade, 0.0) / 10, "0.0##")});
-  tab.trackFade.whyNot =
-      e.editor.hasNoVideo ? "No clip has a picture" : "The clips' own audio is not in the movie";
+  tab.trackFade.whyNot = hasVideo ? "The clips' own audio is not in the movie" : "No clip has a picture";
 }
 
 void readNotice(const Editing& e, AudioTab& tab) { tab.notice = noticeOf(e, tab.hasMusic); }
@@ -180,21 +176,19 @@ void moveAudioLevel(const Editing& e, AudioTab& tab, TabHost& host, int tenths) 
 }
 
 void chooseOverlayOrder(const Editing& e, AudioTab& tab, TabHost& host, OverlayOrder order) {
-  host.edit("Order of the music", 0, kLevelChanged, [&] { e.editor.controls.Opt_StackOverlay = order; });
+  host.edit("Order of the music", 0, kLevelChanged,
+            [&] { e.settings.change().ExternalAudioStack = order == OverlayOrder::InSequence; });
   readMovie(e, tab);
 }
 
 void tickAutoTrim(const Editing& e, AudioTab& tab, TabHost& host, bool on) {
-  host.edit("Auto Trim", 0, kLevelChanged, [&] {
-    e.editor.controls.Chk_AutoTrim = on;
-    SetAutoTrim(e);
-  });
+  host.edit("Auto Trim", 0, kLevelChanged, [&] { SetAutoTrim(e, on); });
   readMovie(e, tab);
 }
 
 void tickRenderClipAudio(const Editing& e, AudioTab& tab, TabHost& host, bool on) {
   host.edit(on ? "Clips' own audio on" : "Clips' own audio off", 0, kLevelChanged,
-            [&] { e.editor.controls.Chk_RenderClipAudio = on; });
+            [&] { e.settings.adjust().RenderVideoAudio = on; });
   readMovie(e, tab);
 }
 

@@ -3,8 +3,6 @@
 #include "base/text.h"
 #include "core/telling/translated.h"
 
-#include <algorithm>
-
 namespace kvo {
 
 bool IsAudioBeforeVideo(const Editing& e) {
@@ -26,8 +24,8 @@ std::string missingText(const std::string& name) {
 }
 
 int GetIndividualClipNo(std::string_view row) {
-  constexpr std::size_t kWidth = 4;  // characters of the number
-  const int number = toLongClamped(ToNumber(trimmed(row.substr(row.size() - std::min(kWidth, row.size())))));
+  const auto text = trimmed(row);
+  const int number = toLongClamped(ToNumber(text.substr(text.rfind(' ') + 1)));
   return number == 0 ? 1 : number;
 }
 

@@ -15,7 +15,7 @@ bool IsAudioBeforeVideo(const Editing& e);
 /// What is told of a clip whose file is gone.
 std::string missingText(const std::string& name);
 
-/// The clip number at the end of a list's row: its last four characters, trimmed. 0 gives 1.
+/// The clip number at the end of a list's row, behind its last blank. 0 gives 1.
 int GetIndividualClipNo(std::string_view row);
 
 }  // namespace kvo

@@ -17,10 +17,6 @@ struct Slider {
 };
 
 struct EditorControls {
-  bool Chk_RenderClipAudio = true;  ///< the clips' own sound goes into the movie
-  bool Chk_AutoTrim = true;
-  bool Chk_AutoTrimEnabled = true;
-  OverlayOrder Opt_StackOverlay = OverlayOrder::InSequence;
   Slider Sld_In;
   bool Opt_Preset = false;  ///< the output size comes from Cmb_Res, else from the two boxes
   std::string Cmb_Res;      ///< "640 x 480"

@@ -38,16 +38,6 @@ void setVideoTotal(EditorState& editor, std::optional<double> stop, double large
   editor.controls.Fra_Preview = translated("0 to %1 (s)", {FormatMask(largest, "0.00")});
 }
 
-void noticePicture(const Editing& e, bool hasPicture) {
-  e.editor.hasNoVideo = !hasPicture;
-  if (hasPicture) return;
-  auto& controls = e.editor.controls;
-  controls.Chk_RenderClipAudio = false;
-  controls.Chk_AutoTrim = false;
-  controls.Chk_AutoTrimEnabled = false;
-  SetAutoTrim(e);
-}
-
 std::string compiled(const Editing& e, const CompileOptions& options) {
   e.settings.state.ObjectChange = 0;
   auto made = compile(e.collection, options, factsOf(e));
@@ -56,7 +46,7 @@ std::string compiled(const Editing& e, const CompileOptions& options) {
   e.settings.state.RenderEffects = options.effects;
   e.settings.state.RenderTransitions = options.transitions;
   auto& editor = e.editor;
-  noticePicture(e, made.hasPicture);
+  editor.hasNoVideo = !made.hasPicture;
   setVideoTotal(editor, made.videoStop, made.largestStop);
   editor.AudioTotalTime.clear();
   if (made.audioStop) editor.AudioTotalTime = stampText(*made.audioStop);
@@ -94,10 +84,7 @@ std::string clipSample(const Editing& e, int clipNo, const SampleForm& form) {
 
 CompileOptions optionsOf(const Editing& e) {
   auto options = renderOptions(e.settings, e.folder.beside("\\silence.wav"));
-  auto& controls = e.editor.controls;
-  GetHeightWidth(controls, options.output.height, options.output.width);
-  options.clipAudio = controls.Chk_RenderClipAudio;
-  options.overlayOrder = controls.Opt_StackOverlay;
+  GetHeightWidth(e.editor.controls, options.output.height, options.output.width);
   return options;
 }
 
@@ -133,14 +120,15 @@ void CreateVideoGroup(const Editing& e, int& depth, int& width, int& height, Sin
 
 bool HaveAtleastOneVidTrack(const Editing& e) {
   const bool has = hasPicture(TimelineClips(e.collection, e.streams));
-  noticePicture(e, has);
+  e.editor.hasNoVideo = !has;
   return has;
 }
 
-void SetAutoTrim(const Editing& e) {
-  const auto& controls = e.editor.controls;
-  e.settings.adjust().AutoTrimAudio = controls.Chk_AutoTrimEnabled && controls.Chk_AutoTrim;
+void SetAutoTrim(const Editing& e, bool Chk_AutoTrim) {
+  if (!e.editor.hasNoVideo) e.settings.adjust().AutoTrimAudio = Chk_AutoTrim;
 }
+
+bool trimsMusic(const Editing& e) { return e.settings.preferences().AutoTrimAudio && !e.editor.hasNoVideo; }
 
 void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions o) {
   auto& state = e.settings.state;
@@ -185,14 +173,14 @@ void CreateAudioClipLine(const Editing& e) {
 
 void AddOverlayAudioTracks(const Editing& e) {
   auto& editor = e.editor;
-  const auto options = optionsOf(e);
+  const bool trims = trimsMusic(e);
   TimelineClips clips(e.collection, e.streams);
-  const auto music = overlayTracks(options, clips, options.trimOverlays ? ToNumber(editor.LastClipStop) : 0);
+  const auto music = overlayTracks(optionsOf(e), clips, trims ? ToNumber(editor.LastClipStop) : 0);
   applyCorrections(clips, e.collection, e.settings);
   editor.texts.AudioTrackText += music.tracks;
   const double video = ToNumber(editor.VideoTotalTime);
   editor.AudioTotalTime =
-      stampText(options.trimOverlays && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
+      stampText(trims && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
 }
 
 Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName) {

@@ -29,11 +29,15 @@ int GetHeightFromString(std::string_view text);
 /// below 10 the picture is reduced as the preview table says, and depth, size and rate are changed in place.
 void CreateVideoGroup(const Editing& e, int& depth, int& width, int& height, Single& frameRate, int mode);
 
-/// True if any clip has a picture that can be shown. If none has, the clip audio and auto-trim boxes go off.
+/// True if any clip has a picture that can be shown. While none has, the clips' own audio and Auto Trim count
+/// as off, whatever their preferences say.
 bool HaveAtleastOneVidTrack(const Editing& e);
 
-/// Brings KVO2.AutoTrimAudio into line with Chk_AutoTrim.
-void SetAutoTrim(const Editing& e);
+/// Brings KVO2.AutoTrimAudio into line with Chk_AutoTrim; while no clip has a picture that box is disabled.
+void SetAutoTrim(const Editing& e, bool Chk_AutoTrim);
+
+/// Auto Trim is in force.
+bool trimsMusic(const Editing& e);
 
 /// Fills VideoTrackText and writes TimeLineStart and TimeLineStop into the records. Clips are placed with
 /// their transitions within their limits; TransIn takes its limit only where transitions are written. Leaves

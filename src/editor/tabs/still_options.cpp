@@ -1,8 +1,10 @@
 #include "editor/tabs/still_options.h"
 
 #include "base/text.h"
+#include "editor/compiler/durations.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kvo {
 namespace {
@@ -10,6 +12,7 @@ namespace {
 constexpr std::string_view kDefaultFile =
     "[DefaultGroupStillDuration]\r\nStillDur=7.000\r\n\r\n[DefaultGroupStillFrameRate]\r\nFrameRate=0\r\n";
 constexpr Integer kStillChanged = 98;  // change code
+constexpr double kHalfMillisecond = 0.0005;
 
 // The number on the line behind a section's heading; nothing when there is no such section.
 std::optional<double> sectionValue(std::string_view text, std::string_view section, std::string_view key) {
@@ -27,7 +30,8 @@ void apply(Movie& clip, const StillControls& controls) {
   if (!clip.IsStill()) return;
   const double length = controls.milliseconds / 1000;
   const auto aspect = static_cast<Integer>(controls.aspect);
-  if (clip.LoopStart().number() == 0 && clip.LoopEnd().number() == length && clip.stretchmode() == aspect)
+  if (clip.LoopStart().number() == 0 && std::abs(clip.LoopEnd().number() - length) < kHalfMillisecond &&
+      clip.stretchmode() == aspect)
     return;
   clip.LoopStart(Value(0));
   clip.LoopEnd(Value(length));
@@ -48,6 +52,24 @@ void GetStillOpts(const Editing& e) {
   if (const auto v = sectionValue(text, "[DEFAULTGROUPSTILLFRAMERATE]", "FRAMERATE=")) {
     e.settings.state.DefaultStillFrameRate = static_cast<Single>(*v);
   }
+}
+
+double stillSeconds(const Editing& e, const Movie& still) {
+  const double own = still.LoopEnd().number() - still.LoopStart().number();
+  return own > 0 ? own : decimal(e.settings.state.DefaultStillDuration);
+}
+
+bool stillsAreIndividual(const Editing& e) {
+  if (e.settings.preferences().StillsIndividual) return true;
+  const Movie* first = nullptr;
+  for (int i = 1; i <= e.clips().count(); ++i) {
+    const auto& clip = e.clips()[i];
+    if (!clip.IsStill()) continue;
+    if (first == nullptr) first = &clip;
+    const double apart = std::abs(stillSeconds(e, clip) - stillSeconds(e, *first));
+    if (apart >= kHalfMillisecond || clip.stretchmode() != first->stretchmode()) return true;
+  }
+  return false;
 }
 
 void ApplyStillSettings(const Editing& e, const StillControls& controls) {

@@ -20,7 +20,14 @@ struct StillControls {
   int selectedClip = 0;        ///< the clip number of the selected line of Lst_Movies, 0 for none
 };
 
-/// Writes the controls into every still, or into the selected one.
+/// Seconds that a still is shown: its own, or the default ones where it has none.
+double stillSeconds(const Editing& e, const Movie& still);
+
+/// Each still has options of its own: the user says so, or they differ.
+bool stillsAreIndividual(const Editing& e);
+
+/// Writes the controls into every still, or into the selected one. What differs by less than the slider can
+/// tell is left as it is.
 void ApplyStillSettings(const Editing& e, const StillControls& controls);
 
 /// The duration slider was moved: a change of the user's that becomes the default.

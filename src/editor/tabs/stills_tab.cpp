@@ -9,7 +9,7 @@
 namespace kvo {
 namespace {
 
-constexpr Integer kAspectChanged = 98;  // change code
+constexpr Integer kStillsChanged = 98;  // change code
 constexpr int kLeastStill = 500;        // milliseconds
 constexpr int kMostStill = 20000;       // milliseconds
 constexpr int kStillStep = 100;         // milliseconds
@@ -37,7 +37,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   const int count = GetStillsInCollection(e);
   tab.caption = stillsCaption(count);
   tab.enabled = count > 0;
-  tab.controls.individually = e.settings.preferences().StillsIndividual;
+  tab.controls.individually = stillsAreIndividual(e);
   tab.listEnabled = tab.enabled && tab.controls.individually;
   if (!tab.Lst_Movies.hasChoice() && !tab.Lst_Movies.rows.empty()) tab.Lst_Movies.ListIndex = 0;
   const int clipNo = chosenClip(tab.Lst_Movies);
@@ -45,8 +45,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   double seconds = decimal(e.settings.state.DefaultStillDuration);
   if (clipNo > 0) {
     const auto& clip = e.clips()[clipNo];
-    const double own = clip.LoopEnd().number() - clip.LoopStart().number();
-    if (own > 0) seconds = own;
+    seconds = stillSeconds(e, clip);
     tab.controls.aspect = std::clamp<int>(clip.stretchmode(), 0, static_cast<int>(std::size(kAspects)) - 1);
   }
   tab.controls.milliseconds = RoundToWhole(seconds * kMilliseconds);
@@ -61,12 +60,20 @@ void fillStills(const Editing& e, StillsTab& tab) {
   SetMovieLstToMainIndex(e, tab.Lst_Movies);
 }
 
+void follow(const Editing& e, StillsTab& tab, bool rebuild) {
+  const int chosen = chosenClip(tab.Lst_Movies);
+  if (rebuild) fillStills(e, tab);
+  SetMovieLstToMainIndex(e, tab.Lst_Movies);
+  if (!tab.Lst_Movies.hasChoice()) chooseClip(tab.Lst_Movies, chosen);
+  BuildStillFrame(e, tab);
+}
+
 // One step of the history on one still or on all of them; 0 names no clip.
 void changeStills(const Editing& e, StillsTab& tab, TabHost& host, std::string_view act,
                   const std::function<void()>& work) {
   if (!tab.enabled) return;
   const int clipNo = tab.controls.individually ? tab.controls.selectedClip : 0;
-  host.edit(act, clipNo, kAspectChanged, work);
+  host.edit(act, clipNo, kStillsChanged, work);
   BuildStillFrame(e, tab);
   host.ShowClipStats();
 }
@@ -86,12 +93,11 @@ void enterTab(const Editing& e, StillsTab& tab, TabHost& host) {
   followTab(e, tab, host, true);
 }
 
-void followTab(const Editing& e, StillsTab& tab, TabHost& /*host*/, bool rebuild) {
-  const int chosen = chosenClip(tab.Lst_Movies);
-  if (rebuild) fillStills(e, tab);
-  SetMovieLstToMainIndex(e, tab.Lst_Movies);
-  if (!tab.Lst_Movies.hasChoice()) chooseClip(tab.Lst_Movies, chosen);
-  BuildStillFrame(e, tab);
+void followTab(const Editing& e, StillsTab& tab, TabHost& /*host*/, bool rebuild) { follow(e, tab, rebuild); }
+
+StillControls stillControls(const Editing& e, StillsTab& tab) {
+  follow(e, tab, true);
+  return tab.controls;
 }
 
 void chooseStill(const Editing& e, StillsTab& tab, TabHost& host, int row) {
@@ -103,7 +109,12 @@ void chooseStill(const Editing& e, StillsTab& tab, TabHost& host, int row) {
 }
 
 void chooseIndividually(const Editing& e, StillsTab& tab, TabHost& host, bool individually) {
-  host.edit("Still options", 0, 0, [&] { e.settings.adjust().StillsIndividual = individually; });
+  host.edit("Still options", 0, kStillsChanged, [&] {
+    e.settings.adjust().StillsIndividual = individually;
+    auto controls = tab.controls;
+    controls.individually = individually;
+    if (!individually) ApplyStillSettings(e, controls);
+  });
   BuildStillFrame(e, tab);
 }
 

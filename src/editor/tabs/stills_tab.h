@@ -34,10 +34,13 @@ void enterTab(const Editing& e, StillsTab& tab, TabHost& host);
 /// A change was heard of while it is open.
 void followTab(const Editing& e, StillsTab& tab, TabHost& host, bool rebuild);
 
+/// What a preview applies: the options as the stills have them now, tab or no tab.
+StillControls stillControls(const Editing& e, StillsTab& tab);
+
 /// A row of Lst_Movies, from 0.
 void chooseStill(const Editing& e, StillsTab& tab, TabHost& host, int row);
 
-/// Opt_GroupOrIndividual.
+/// Opt_GroupOrIndividual. Stills that are to be the same take the options that are shown.
 void chooseIndividually(const Editing& e, StillsTab& tab, TabHost& host, bool individually);
 
 /// Slider1, in milliseconds; the value becomes the default too.

@@ -72,7 +72,8 @@ TEST(Document, AudioOnlyHasNoVideoGroup) {
   b.addMusic("m.mp3", 0, 12.5);
   b.addMusic("n.wav", 1, 3).AudioOutputLevel(0.5F);
   expectGolden(b, "audio-only.xtl");
-  EXPECT_FALSE(b.settings.preferences().AutoTrimAudio);
+  EXPECT_TRUE(b.settings.preferences().AutoTrimAudio) << "a look changes nothing that is saved";
+  EXPECT_FALSE(trimsMusic(b.editing));
 }
 
 TEST(Document, StillsInAllStretchModes) {
@@ -160,7 +161,7 @@ TEST(Document, OverlaysInSequenceAndStackedTrimmedAndNot) {
     for (const bool trim : {false, true}) {
       Bench b;
       b.settings.adjust().AutoTrimAudio = trim;
-      b.editor.controls.Opt_StackOverlay = stacked ? OverlayOrder::Stacked : OverlayOrder::InSequence;
+      b.settings.change().ExternalAudioStack = !stacked;
       b.addVideo("a.avi", 0, 20);
       b.addMusic("m.mp3", 0, 12.5);
       auto& faded = b.addMusic("n.wav", 1, 31);
@@ -365,8 +366,7 @@ TEST(Document, HasAPictureWhereAStreamAStillOrANameSaysSo) {
     b.streams.all.clear();
     if (row.facts) b.streams.all[std::string("/v/") + row.name] = *row.facts;
     EXPECT_EQ(HaveAtleastOneVidTrack(b.editing), row.hasPicture) << row.name;
-    EXPECT_EQ(b.editor.controls.Chk_AutoTrimEnabled, row.hasPicture) << row.name;
-    EXPECT_EQ(b.editor.controls.Chk_RenderClipAudio, row.hasPicture) << row.name;
+    EXPECT_EQ(trimsMusic(b.editing), row.hasPicture) << row.name;
     EXPECT_TRUE(checkDocument(compileText(b.editing))) << row.name << ": tracks stand in a group";
   }
 }

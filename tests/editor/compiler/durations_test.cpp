@@ -77,7 +77,7 @@ TEST(Durations, AClipThatIsHeardAndHasTimesFades) {
 
 TEST(Durations, RowsEndInTheirClipNumber) {
   EXPECT_EQ(GetIndividualClipNo("beach.avi   12"), 12);
-  EXPECT_EQ(GetIndividualClipNo("clip 79999"), 9999);
+  EXPECT_EQ(GetIndividualClipNo("clip   79999"), 79999);
   EXPECT_EQ(GetIndividualClipNo(""), 1);
 }
 

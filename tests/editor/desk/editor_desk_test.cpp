@@ -7,6 +7,8 @@
 #include "editor/desk/timeline_desk.h"
 #include "editor/desk/values_beside.h"
 #include "editor/tabs/audio_tab.h"
+#include "editor/tabs/preview.h"
+#include "editor/tabs/stills_tab.h"
 #include "support/program_bench.h"
 
 #include <chrono>
@@ -451,15 +453,15 @@ TEST(EditorDesk, WhatWritesInsideAnEditIsPartOfIt) {
   EXPECT_FALSE(inner());
 }
 
-TEST(EditorDesk, WhatNoFileHasIsInTheHistoryToo) {
+TEST(EditorDesk, WhatTheMovieIsMadeWithIsInTheHistoryToo) {
   DeskBench b;
   OverlayTab overlay;
   AudioTab audio;
   for (auto& value : valuesBeside(b.editing, overlay)) b.history.alsoKeep(std::move(value));
   const auto all = [&] {
-    const auto& controls = b.editor.controls;
-    return std::to_string(static_cast<int>(controls.Opt_StackOverlay)) +
-           (controls.Chk_RenderClipAudio ? " own " : " ") + (overlay.overlaySound.ticked ? "over " : "") +
+    const auto& preferences = b.settings.preferences();
+    return std::string(preferences.ExternalAudioStack ? "row " : "") +
+           (preferences.RenderVideoAudio ? "own " : "") + (overlay.overlaySound.ticked ? "over " : "") +
            (overlay.backdropSound.ticked ? "back " : "") + ShortText(b.settings.state.DefaultStillDuration) +
            " " + b.editor.effects.named("Chrome")->Control[2];
   };
@@ -470,13 +472,13 @@ TEST(EditorDesk, WhatNoFileHasIsInTheHistoryToo) {
     b.desk.edit("Sound", 1, 0, [&] { sound->ticked = true; });
   b.desk.edit("Still duration", 0, 98, [&] { b.settings.state.DefaultStillDuration = 2.5F; });
   b.desk.edit("Chrome", 1, 0, [&] { b.editor.effects.named("Chrome")->Control[2] = "44"; });
-  EXPECT_EQ(all(), "1 over back 2.5 44");
+  EXPECT_EQ(all(), "over back 2.5 44");
   EXPECT_EQ(b.window.history.done.size(), 6U);
   EXPECT_EQ(b.window.history.done[1], "Clips' own audio off");
   b.history.undo(6);
   EXPECT_EQ(all(), first);
   b.history.redo(6);
-  EXPECT_EQ(all(), "1 over back 2.5 44");
+  EXPECT_EQ(all(), "over back 2.5 44");
 }
 
 TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
@@ -641,6 +643,25 @@ TEST(TimelineDesk, EachDragIsAStepAndKeysThatAreHeldAreOne) {
   desk.setMark({2, ClipEdge::Out, 3.92, 98});
   b.desk.hold(false);
   EXPECT_EQ(b.window.history.done.size(), 4U);
+}
+
+TEST(TimelineDesk, AStillKeepsTheLengthThatItWasDraggedTo) {
+  DeskBench b;
+  b.addVideo("second.jpg", 0, 5).IsStill(true);
+  TimelineDesk desk({b.desk, b.onHeld, b.history, b.listCommands, b.mailbox}, {});
+  StillsTab tab;
+  restoreStills(b.editing, tab);
+  const auto previewed = [&] {
+    EXPECT_TRUE(CreatePreview(b.editing, stillControls(b.editing, tab)));
+    return b.clip(4).LoopEnd().text() + " " + b.clip(6).LoopEnd().text() +
+           (b.settings.preferences().StillsIndividual ? " one by one" : "");
+  };
+  EXPECT_EQ(previewed(), "5 5");
+  desk.setMark({4, ClipEdge::Out, 3.2, 0});
+  EXPECT_EQ(previewed(), "3.2 5 one by one");
+  EXPECT_EQ(b.window.history.done.size(), 1U);
+  b.history.undo(1);
+  EXPECT_EQ(previewed(), "5 5");
 }
 
 }  // namespace

@@ -4,6 +4,9 @@
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 
+#include <array>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 namespace kvo {
@@ -98,13 +101,18 @@ TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   EXPECT_EQ(b.notice(), "2Audio Length does not match video Length");
   b.settings.adjust().AutoTrimAudio = true;  // as by an undo
   b.open();
-  EXPECT_TRUE(b.tab.Chk_AutoTrim && b.editor.controls.Chk_AutoTrim);
+  EXPECT_TRUE(b.tab.Chk_AutoTrim);
 
   b.host.look();
   chooseOverlayOrder(b.editing, b.tab, b.host, OverlayOrder::Stacked);
   EXPECT_EQ(b.tab.Opt_StackOverlay, OverlayOrder::Stacked);
+  EXPECT_FALSE(b.settings.preferences().ExternalAudioStack);
   tickRenderClipAudio(b.editing, b.tab, b.host, false);
-  EXPECT_FALSE(b.editor.controls.Chk_RenderClipAudio || b.tab.trackFade.Enabled);
+  EXPECT_FALSE(b.tab.Chk_RenderClipAudio || b.tab.trackFade.Enabled);
+  EXPECT_FALSE(renderOptions(b.settings, {}).clipAudio) << "what a render without the window follows";
+  b.settings.adjust().RenderVideoAudio = true;  // as by an undo
+  followTab(b.editing, b.tab, b.host, false);
+  EXPECT_TRUE(b.tab.Chk_RenderClipAudio);
   EXPECT_EQ(b.host.look(), "edit Order of the music 0 98, edit Clips' own audio off 0 98");
 
   moveTrackFade(b.editing, b.tab, b.host, 5);
@@ -121,6 +129,24 @@ TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   b.open();
   EXPECT_FALSE(b.tab.hasMusic || b.tab.Chk_AutoTrimEnabled);
   EXPECT_EQ(b.notice(), "0");
+}
+
+TEST(AudioTab, BoxesAreOffWhileThereIsNoPictureAndComeBackWithIt) {
+  AudioBench b;
+  const auto boxes = [&] {
+    enterTab(b.editing, b.tab, b.host);
+    return std::array{b.tab.Chk_AutoTrim, b.tab.Chk_AutoTrimEnabled, b.tab.Chk_RenderClipAudio,
+                      b.tab.Chk_RenderClipAudioEnabled, b.tab.trackFade.Enabled};
+  };
+  b.collection.MovieList.remove(3);
+  b.collection.MovieList.remove(2);
+  const auto there = std::exchange(b.streams.all, {});
+  compileText(b.editing);
+  EXPECT_EQ(boxes(), (std::array{false, false, false, false, false}));
+  tickAutoTrim(b.editing, b.tab, b.host, false);
+  b.streams.all = there;
+  compileText(b.editing);
+  EXPECT_EQ(boxes(), (std::array{true, true, true, true, true}));
 }
 
 }  // namespace

@@ -55,16 +55,26 @@ TEST(StillsTab, ShowsTheChosenStill) {
 }
 
 // The preview writes the options into the stills, tab or no tab.
-TEST(StillsTab, KeepWhatTheyHaveWhileItHasNotBeenOpened) {
-  for (const bool individually : {true, false}) {
+TEST(StillsTab, APreviewLeavesThemWhatTheyHave) {
+  struct Row {
+    bool individually;
+    double seconds;
+    int aspect;
+    bool shownIndividually;
+  };
+  for (const auto& row : {Row{true, 3, 2, true}, Row{false, 3, 2, false}, Row{false, 3.0004, 2, false},
+                          Row{false, 4.2, 2, true}, Row{false, 3, 1, true}}) {
     StillsBench b;
-    b.settings.adjust().StillsIndividual = individually;
-    b.clip(3).LoopEnd(Value(3));
-    b.clip(3).stretchmode(2);
-    const auto before = b.stills();
+    b.settings.adjust().StillsIndividual = row.individually;
     restoreStills(b.editing, b.tab);
-    ApplyStillSettings(b.editing, b.tab.controls);
-    EXPECT_EQ(b.stills(), before) << individually;
+    b.clip(3).LoopEnd(Value(row.seconds));
+    b.clip(3).stretchmode(static_cast<Integer>(row.aspect));
+    b.collection.icurMov = 3;
+    const auto before = b.stills();
+    ApplyStillSettings(b.editing, stillControls(b.editing, b.tab));
+    EXPECT_EQ(b.stills(), before);
+    EXPECT_EQ(b.tab.controls.individually, row.shownIndividually) << row.seconds << row.aspect;
+    EXPECT_EQ(b.settings.preferences().StillsIndividual, row.individually) << "nothing is saved of it";
   }
 }
 
@@ -83,7 +93,10 @@ TEST(StillsTab, AreSetAlikeOrOneByOne) {
                           Row{false, aspect, "8/0 7/3 7/3 ", "edit Still aspect 0 98"}}) {
     StillsBench b;
     b.open();
-    if (!row.individually) chooseIndividually(b.editing, b.tab, b.host, false);
+    if (!row.individually) {
+      chooseIndividually(b.editing, b.tab, b.host, false);
+      EXPECT_EQ(b.stills(), "8/0 7/0 7/0 ") << "as the chosen one is";
+    }
     EXPECT_EQ(b.tab.listEnabled, row.individually);
     b.host.look();
     row.act(b);

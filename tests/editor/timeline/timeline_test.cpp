@@ -36,7 +36,7 @@ TEST(TimelineBlocks, MusicRunsPastTheVideoWhereItIsNotTrimmed) {
   b.settings.adjust().AutoTrimAudio = false;
   b.show();
   EXPECT_DOUBLE_EQ(b.state.blocks.musicEnd, 158);
-  b.editor.controls.Opt_StackOverlay = OverlayOrder::Stacked;
+  b.settings.change().ExternalAudioStack = false;
   b.show();
   EXPECT_EQ(b.state.blocks.lanes, 2);
   EXPECT_DOUBLE_EQ(b.state.blocks.of(5)->start, 0);
