@@ -1,6 +1,5 @@
 #include "app/editor_links.h"
 
-#include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/compiler/durations.h"
 #include "editor/desk/clip_stats.h"
@@ -14,8 +13,6 @@
 namespace kvo {
 namespace {
 
-constexpr int kFrameWidth = 640;  // pixels, of the picture while a mark is dragged
-constexpr int kFrameHeight = 360;
 constexpr int kEffectTab = 4;
 
 }  // namespace
@@ -38,12 +35,7 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
       files_(
           parts.loop, parts.session.editing.files, [this] { return filesOfClips(); },
           [this](const auto& files) { missed(files); }),
-      frames_(
-          parts.loop,
-          [this](const FrameWish& wish) {
-            return parts_.session.streams.frame(wish.file, wish.seconds, kFrameWidth, kFrameHeight);
-          },
-          [this](const FrameWish& wish, const Result<FramePicture>& picture) { showFrame(wish, picture); }) {
+      standing_(states_.preview, parts.session.streams, parts.loop, [this] { parts_.draw(); }) {
   parts.commands.whenCopied([this] { showSlider(); });
   parts.play.positions().core.doors.UpdateKeyFramesIfWeHaveTo = [this] { UpdateKeyFramesIfWeHaveTo(); };
   for (auto& value : valuesBeside(parts.session.editing, states_.overlay))
@@ -58,7 +50,7 @@ bool EditorLinks::isPlaying() const {
 
 void EditorLinks::KillPreview() {
   preview_.KillPreview();
-  standIn_.reset();  // it has gone with the preview's picture
+  standing_.forget();
 }
 
 MainWindowDoors EditorLinks::mainWindow() {
@@ -95,10 +87,10 @@ TimelineDesk::Doors EditorLinks::timelineDoors() {
           .setRange = [this](const TimelineRange& range) { create_.typeRange(range.from, range.to); },
           .showFrame =
               [this](const std::string& file, double seconds) {
-                if (!std::exchange(showsFrame_, true)) beforeFrame_ = states_.preview.picture;
-                frames_.want(FrameWish{file, seconds});
+                preview_.haltSample();
+                standing_.showMark(file, seconds);
               },
-          .endFrame = [this] { endFrame(); },
+          .endFrame = [this] { standing_.endMark(); },
           .openMenu = [this](int /*clip*/, int x, int y) { parts_.openMenu(x, y); }};
 }
 
@@ -111,7 +103,7 @@ DeskTabs EditorLinks::tabs() {
                   .enter = [this] { create_.refresh(); },
                   .follow = [this](bool /*rebuild*/) { create_.refresh(); }},
           rules(states_.audio),
-          DeskTab{.enter = [this] { transition_.show(true); },
+          DeskTab{.enter = [this] { transition_.enter(); },
                   .follow = [this](bool rebuild) { transition_.show(rebuild); }},
           DeskTab{.enter =
                       [this] {
@@ -159,9 +151,9 @@ void EditorLinks::settle() {
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
   if (std::exchange(compilesSeen_, states_.preview.compiles) != states_.preview.compiles)
-    states_.window.totals = previewTotals(editing().editor, states_.preview.labels);
+    states_.window.totals = previewTotals(editing().editor);
   states_.window.frame.zoom = hand_.zoomPart();
-  standIn();
+  standing_.settle(collection, states_.keyframes.visible);
   states_.timeline.isComing = desk_.isOpening();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
@@ -190,7 +182,7 @@ FileWatch::Paths EditorLinks::filesOfClips() const {
 void EditorLinks::missed(const FileWatch::Paths& files) {
   editing().editor.missingFiles = files;
   ++states_.window.timed;
-  standIn_.reset();
+  standing_.forget();
   preview_.filesCame();
   parts_.draw();
 }
@@ -242,37 +234,8 @@ void EditorLinks::showClipFrame(Long frame) {
   const auto& collection = parts_.session.collection;
   if (collection.icurMov < 1) return;
   const auto& clip = collection.MovieList[collection.icurMov];
-  const double rate = static_cast<double>(parts_.session.settings.preferences().OutPutFrameRate);
-  const double seconds = rate > 0 ? frame / rate : 0;
-  showsFrame_ = true;
-  frames_.want(FrameWish{clipFile(clip), seconds});
-}
-
-// While no preview is shown the clip in hand is, as it begins.
-void EditorLinks::standIn() {
-  auto& preview = states_.preview;
-  const auto& collection = parts_.session.collection;
-  if (preview.kind != PreviewKind::None || showsFrame_ || !preview.failure.empty() || collection.icurMov < 1)
-    return standIn_.reset();
-  const auto& clip = collection.MovieList[collection.icurMov];
-  FrameWish wish{clipFile(clip), clip.LoopStart().number()};
-  if (standIn_ == wish) return;
-  standIn_ = wish;
-  preview.picture.reset();
-  if (!isSoundByName(clip.MovieName())) frames_.want(std::move(wish));
-}
-
-void EditorLinks::showFrame(const FrameWish& wish, const Result<FramePicture>& picture) {
-  if (!picture || !(showsFrame_ || standIn_ == wish)) return;
-  states_.preview.picture =
-      std::make_shared<const Bitmap>(Bitmap{picture->width, picture->height, picture->bgr});
-  parts_.draw();
-}
-
-void EditorLinks::endFrame() {
-  if (!std::exchange(showsFrame_, false)) return;
-  states_.preview.picture = std::exchange(beforeFrame_, nullptr);
-  parts_.draw();
+  preview_.haltSample();
+  standing_.showKeyframe(clip, frame, parts_.session.settings.preferences().OutPutFrameRate);
 }
 
 }  // namespace kvo

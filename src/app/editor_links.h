@@ -8,6 +8,7 @@
 #include "editor/desk/file_watch.h"
 #include "editor/desk/timeline_desk.h"
 #include "editor/preview/preview_engine.h"
+#include "editor/preview/standing_picture.h"
 #include "editor/tabs/audio_tab.h"
 #include "editor/tabs/color_tab.h"
 #include "editor/tabs/create_tab.h"
@@ -24,7 +25,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace kvo {
@@ -97,21 +97,12 @@ class EditorLinks : public DeskPreview {
   void movieIsStale() override { preview_.movieIsStale(); }
 
  private:
-  struct FrameWish {
-    std::string file;
-    double seconds = 0;
-    bool operator==(const FrameWish&) const = default;
-  };
-
   [[nodiscard]] MainWindowDoors mainWindow();
   [[nodiscard]] TimelineDesk::Doors timelineDoors();
   [[nodiscard]] DeskTabs tabs();
   void nameClip();
   void showSlider();
   void UpdateKeyFramesIfWeHaveTo();
-  void standIn();
-  void showFrame(const FrameWish& wish, const Result<FramePicture>& picture);
-  void endFrame();
   [[nodiscard]] FileWatch::Paths filesOfClips() const;
   void missed(const FileWatch::Paths& files);
   void showBlocks();
@@ -129,10 +120,7 @@ class EditorLinks : public DeskPreview {
   TimelineDesk timelineActs_;
   TimelineHand hand_;
   FileWatch files_;
-  LastWish<FrameWish, Result<FramePicture>> frames_;
-  std::shared_ptr<const Bitmap> beforeFrame_;  // what a frame of a dragged mark stands in the place of
-  bool showsFrame_ = false;
-  std::optional<FrameWish> standIn_;  // what stands in the place of a preview, or will
+  StandingPicture standing_;
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
   std::uint64_t compilesSeen_ = 0;

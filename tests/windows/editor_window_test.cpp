@@ -292,7 +292,7 @@ TEST(HandWatch, TellsWhatIsHeldInItsWindow) {
 TEST(FrmRush, SaysWhyAKeyIsOff) {
   RushBench b;
   b.keys.of(ClipKey::Split) = "A still cannot be split";
-  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true};
+  b.totals = {"051.900", "030.000(s)", "Audio Length does not match video Length", true, "0 to 51.90 (s)"};
   b.history = {};
   b.open();
   int off = 0;
@@ -306,6 +306,7 @@ TEST(FrmRush, SaysWhyAKeyIsOff) {
     off += key->isEnabled() ? 0 : 1;
   }
   EXPECT_EQ(off, 4) << "split, undo, redo, their list";
+  EXPECT_EQ(b.part<QLabel>("Length of the video")->toolTip(), "0 to 51.90 (s)");
   const auto* length = b.part<QLabel>("Length of the audio");
   EXPECT_EQ(length->toolTip(), "Audio Length does not match video Length");
   for (const bool isRed : {false, true}) {

@@ -105,12 +105,13 @@ EditorTotals editorTotals(const EditorState& editor) {
   return {.lbl_VideoTotTime = labels.lbl_VideoTotTime,
           .Lbl_AudTotal = FormatMask(ToNumber(editor.AudioTotalTime), kTotalMask) + "(s)",
           .audioToolTip = labels.audioToolTip,
-          .audioIsRed = labels.audioIsRed};
+          .audioIsRed = labels.audioIsRed,
+          .Fra_Preview = editor.controls.Fra_Preview};
 }
 
-EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels) {
+EditorTotals previewTotals(const EditorState& editor) {
   auto totals = editorTotals(editor);
-  if (ToNumber(editor.AudioTotalTime) <= 0) totals.Lbl_AudTotal = labels.Lbl_AudTotal;
+  if (ToNumber(editor.AudioTotalTime) <= 0) totals.Lbl_AudTotal = labelsOf(editor).Lbl_AudTotal;
   return totals;
 }
 

@@ -31,6 +31,6 @@ ClipKeys clipKeys(const Editing& e, int clipNo, const KeyFacts& facts);
 /// The lengths of the movie by its last compile.
 EditorTotals editorTotals(const EditorState& editor);
 /// The same behind the compile of a preview, which says where there is no sound.
-EditorTotals previewTotals(const EditorState& editor, const PreviewLabels& labels);
+EditorTotals previewTotals(const EditorState& editor);
 
 }  // namespace kvo

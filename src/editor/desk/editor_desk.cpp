@@ -100,8 +100,10 @@ bool EditorDesk::edit(std::string_view act, int clipNo, Integer changeCode,
   return changed;
 }
 
-// Tmr_CheckChanges: whatever has changed, by whomever, shows within a tick.
+// Tmr_CheckChanges: whatever has changed, by whomever, shows within a tick. Behind a box the collection may
+// be another command's too.
 void EditorDesk::Tmr_CheckChanges_Timer() {
+  if (parts_.window.busy()) return;  // the collection is another command's
   tellLackOfVideo();
   if (++ticks_ == kFirstCheck && !parts_.preview.isPlaying()) IsAudioBeforeVideo(parts_.editing);
   if (ticks_ > kLastTick) ticks_ = 1;

@@ -5,6 +5,7 @@
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/clip_checks.h"
 #include "editor/tabs/operations.h"
+#include "editor/tabs/preview.h"
 
 #include <algorithm>
 #include <cmath>
@@ -110,9 +111,8 @@ void PreviewEngine::PrepPreview() {
 bool PreviewEngine::CreatePreview(bool Play) {
   if (!host_.mayEdit()) return false;
   if (!editing_.clips().empty()) host_.selectRow(1);
-  const auto labels = kvo::CreatePreview(editing_, host_.stillControls());
-  if (!labels) {
-    if (!editing_.clips().empty()) failed(labels.error().text);
+  if (const auto made = kvo::CreatePreview(editing_, host_.stillControls()); !made) {
+    if (!editing_.clips().empty()) failed(made.error().text);
     return false;
   }
   const auto document = editing_.files.read(editing_.folder.beside(kMovieDocument), kMaxDocument);
@@ -121,16 +121,21 @@ bool PreviewEngine::CreatePreview(bool Play) {
     return false;
   }
   if (Play || state_.PreviewPlaying) release();
-  state_.labels = *labels;
   ++state_.compiles;
-  state_.FSB_RenderRange.Max = labels->FSB_RenderRangeMax;
-  state_.cuts.assign(editing_.editor.ClipStopList.begin(), editing_.editor.ClipStopList.end());
+  fillBar();
   saveGraph(*document);
   state_.kind = PreviewKind::Movie;
   state_.clipNo = 0;
   stale_ = false;
   PreviewIt(*document, state_.FSB_RenderRange.Value, !Play);
   return state_.failure.empty();
+}
+
+// As the last compile has the movie.
+void PreviewEngine::fillBar() {
+  const auto& editor = editing_.editor;
+  state_.FSB_RenderRange.Max = labelsOf(editor).FSB_RenderRangeMax;
+  state_.cuts.assign(editor.ClipStopList.begin(), editor.ClipStopList.end());
 }
 
 void PreviewEngine::saveGraph(const std::string& document) {
@@ -141,18 +146,11 @@ void PreviewEngine::saveGraph(const std::string& document) {
 }
 
 void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool NoPlay) {
-  if (state_.PreviewPlaying) {
-    player_.clear();
-    state_.PreviewPlaying = state_.paused = false;
-    editing_.settings.state.IsPreviewRunning = false;
-    return;
-  }
   tmrTimer_->stop();
   sought_.reset();
   if (const auto loaded = player_.load(std::move(Document)); !loaded) return failed(loaded.error().text);
   state_.failure.clear();
   state_.total = secondsOf(player_.frames());
-  if (isSample()) state_.FSB_RenderRange.Max = static_cast<int>(std::floor(state_.total));
   const double from = std::max(StartSeconds, 0.0);
   if (!NoPlay) return DirXPlay(from);
   seekTo(frameOf(from));
@@ -160,9 +158,9 @@ void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool No
 }
 
 void PreviewEngine::DirXPlay(double StartSeconds) {
-  const auto& bar = state_.FSB_RenderRange;
-  const bool atEnd = bar.Max > 0 && StartSeconds >= bar.Max;
-  const auto from = frameOf(host_.Chk_AutoRewind() && atEnd ? 0 : StartSeconds);
+  const auto wanted = frameOf(StartSeconds);
+  const bool atEnd = wanted >= player_.frames() - 1;
+  const auto from = host_.Chk_AutoRewind() && atEnd ? 0 : wanted;
   if (from != GetPreviewPositionFrame()) seekTo(from);
   host_.parkPlayer();
   player_.play();
@@ -171,7 +169,6 @@ void PreviewEngine::DirXPlay(double StartSeconds) {
   state_.PreviewPlaying = true;
   state_.paused = began_ = false;
   editing_.settings.state.IsPreviewRunning = true;
-  ShowPreviewBut();
   host_.previewChanged();
 }
 
@@ -199,9 +196,8 @@ void PreviewEngine::release() {
   state_.title.clear();
   state_.overlayPosition = 0;
   state_.position = state_.total = 0;
-  state_.PreviewPlaying = state_.paused = state_.pic_DigDisplay = false;
+  state_.PreviewPlaying = state_.paused = false;
   editing_.settings.state.IsPreviewRunning = editing_.settings.state.KeyframePreview = false;
-  ShowPreviewBut();
   if (ran) {
     host_.FrmFileOpenToolsOnOff(true);
     host_.watchChanges(true);
@@ -250,8 +246,11 @@ void PreviewEngine::PausePreview() {
     player_.play();
     Timer1_->start(kPositionTick);
   }
-  ShowPreviewBut();
   host_.previewChanged();
+}
+
+void PreviewEngine::haltSample() {
+  if (isSample() && !state_.paused) PausePreview();
 }
 
 void PreviewEngine::PreviewtransPort(Key key) {
@@ -277,14 +276,15 @@ void PreviewEngine::seekTo(std::int64_t frame) {
 
 // The movie as it is now stands in the player; false when there is none to show.
 bool PreviewEngine::standOnMovie() {
-  if (state_.kind == PreviewKind::Movie && !stale_ && player_.state() != PlayState::Empty) return true;
+  if (state_.kind == PreviewKind::Movie && !stale_ && GetPreviewPlayState() != PlayState::Empty) return true;
   if (!host_.mayEdit() || editing_.clips().empty()) return false;
   if (state_.kind != PreviewKind::None) release();
   auto& change = editing_.settings.state.ObjectChange;
   const auto code = change;  // the change watch has still to hear of it
   auto document = compilePreviewText(editing_, powerOf(editing_.settings));
   change = code;
-  state_.FSB_RenderRange.Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
+  takeStops(editing_.editor, document);
+  fillBar();
   state_.kind = PreviewKind::Movie;
   stale_ = false;
   PreviewIt(std::move(document), state_.FSB_RenderRange.Value, true);
@@ -337,7 +337,7 @@ void PreviewEngine::beginWish() {
   auto document = documentOf(wish);
   if (document.empty()) return;
   const bool goesOn = state_.kind == kindOf(wish.what) && state_.clipNo == wish.clipNo &&
-                      state_.PreviewPlaying && player_.state() != PlayState::Ended;
+                      state_.PreviewPlaying && GetPreviewPlayState() != PlayState::Ended;
   const double from = goesOn ? secondsOf(GetPreviewPositionFrame()) : 0;
   if (!isSample()) {
     if (state_.kind == PreviewKind::Movie) release();
@@ -377,7 +377,7 @@ void PreviewEngine::writeSample() {
 // What the timers do, and pictures that come.
 
 void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> picture) {
-  if (state_.kind == PreviewKind::None || player_.state() == PlayState::Empty) return;
+  if (state_.kind == PreviewKind::None || GetPreviewPlayState() == PlayState::Empty) return;
   if (state_.PreviewPlaying && !state_.paused) sought_.reset();
   state_.picture = picture->bgr.empty() ? nullptr : std::move(picture);
   state_.position = secondsOf(frame);
@@ -419,7 +419,7 @@ void PreviewEngine::UpdateFrmFileOpenFillist() {
 }
 
 void PreviewEngine::watchEnd() {
-  const auto now = player_.state();
+  const auto now = GetPreviewPlayState();
   if (now == PlayState::Failed) return failed(player_.failure());
   if (!state_.PreviewPlaying) {
     if (sought_ && player_.position() != *sought_) return;
@@ -435,7 +435,6 @@ void PreviewEngine::watchEnd() {
   const bool movie = state_.kind == PreviewKind::Movie;
   state_.PreviewPlaying = state_.paused = false;
   editing_.settings.state.IsPreviewRunning = false;
-  ShowPreviewBut();
   host_.previewChanged();
   if (!movie) return;
   if (host_.Chk_AutoRewind()) {
@@ -455,7 +454,6 @@ void PreviewEngine::watchEnd() {
 void PreviewEngine::TimeCodeOn() {
   tick_ = 0;
   Timer1_->start(kPositionTick);
-  state_.pic_DigDisplay = true;
 }
 
 void PreviewEngine::TimeCodeOff() {
@@ -465,10 +463,5 @@ void PreviewEngine::TimeCodeOff() {
 }
 
 void PreviewEngine::UpdateRenderPosDisplay(const std::string& text) { state_.Lbl_TimePos = text; }
-
-void PreviewEngine::ShowPreviewBut() {
-  state_.Cmd_PrevGrph =
-      state_.kind == PreviewKind::Movie && state_.PreviewPlaying ? "Stop Preview" : "Preview";
-}
 
 }  // namespace kvo

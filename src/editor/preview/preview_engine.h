@@ -35,19 +35,13 @@ class PreviewEngine {
   /// when there is nothing to show or the collection may not be edited.
   bool CreatePreview(bool Play);
 
-  /// Gives the player the text of a document, which is of the state's kind; unless `NoPlay`, it plays from
-  /// `StartSeconds`. One that is on ends instead. A document that makes no sense is told in the state's
-  /// failure.
-  void PreviewIt(std::string Document, double StartSeconds, bool NoPlay);
-
-  /// Plays what the player has; from the start when that is wanted at the end.
-  void DirXPlay(double StartSeconds);
-
   /// Ends whatever is shown, and lets go of it.
   void KillPreview();
 
   /// Halts what plays, and lets it go on.
   void PausePreview();
+  /// Halts a sample that plays, so that a frame can be seen in its place.
+  void haltSample();
   void PreviewtransPort(Key key);
 
   /// Shows a place of the movie as it is now, in seconds, standing; where it plays it goes on from there.
@@ -68,27 +62,31 @@ class PreviewEngine {
   /// each other. What is shown of the same clip goes on at the same place.
   void sample(Sample what, int clipNo);
 
-  /// Texts, bar and selection by where the player is.
-  void GetCurrPos();
-  void TimeCodeOn();
-  void TimeCodeOff();
-  void UpdateRenderPosDisplay(const std::string& text);
-  void ShowPreviewBut();
-
-  [[nodiscard]] std::int64_t GetPreviewPositionFrame() const;
-  [[nodiscard]] PlayState GetPreviewPlayState() const { return player_.state(); }
-
  private:
   struct Wish {
     Sample what = Sample::Transition;
     int clipNo = 0;
   };
 
+  /// Gives the player the text of a document, which is of the state's kind; unless `NoPlay`, it plays from
+  /// `StartSeconds`. A document that makes no sense is told in the state's failure.
+  void PreviewIt(std::string Document, double StartSeconds, bool NoPlay);
+  /// Plays what the player has; from the start when that is wanted at the last frame.
+  void DirXPlay(double StartSeconds);
+  /// Texts, bar and selection by where the player is.
+  void GetCurrPos();
+  void TimeCodeOn();
+  void TimeCodeOff();
+  void UpdateRenderPosDisplay(const std::string& text);
+  [[nodiscard]] std::int64_t GetPreviewPositionFrame() const;
+  [[nodiscard]] PlayState GetPreviewPlayState() const { return player_.state(); }
+
   [[nodiscard]] bool isSample() const;
   [[nodiscard]] bool movieRuns() const;
   [[nodiscard]] double secondsOf(std::int64_t frame) const;
   [[nodiscard]] std::int64_t frameOf(double seconds) const;
   void release();
+  void fillBar();
   void saveGraph(const std::string& document);
   void seekTo(std::int64_t frame);
   bool standOnMovie();

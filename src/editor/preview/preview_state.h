@@ -1,7 +1,6 @@
 // What the preview shows, as data: the preview engine writes it, the editor's window draws it.
 #pragma once
 
-#include "editor/tabs/preview.h"
 #include "ports/timeline_player.h"
 
 #include <cstdint>
@@ -36,16 +35,13 @@ struct PreviewState {
   double position = 0;                    ///< seconds, of the picture
   double total = 0;                       ///< seconds of what is in hand
 
-  bool pic_DigDisplay = false;            ///< digits beside the bar
   std::string Lbl_TimePos = kNoPosition;  ///< "00:07.2000"
   std::string Lbl_Remain = kNoPosition;
   std::string Lbl_TotDur = kNoPosition;
   RenderRange FSB_RenderRange;
   std::vector<double> cuts;  ///< seconds: where the clips of the movie end
 
-  std::string Cmd_PrevGrph = "Preview";
-  PreviewLabels labels;        ///< lengths of the movie, as it was compiled last
-  std::uint64_t compiles = 0;  ///< how often that was
+  std::uint64_t compiles = 0;  ///< of the movie, to be played
 };
 
 }  // namespace kvo

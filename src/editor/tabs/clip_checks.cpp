@@ -3,14 +3,7 @@
 #include "base/text.h"
 #include "core/telling/translated.h"
 
-#include <algorithm>
-
 namespace kvo {
-namespace {
-
-int clipNoIn(std::string_view text) { return toLongClamped(ToNumber(trimmed(text))); }
-
-}  // namespace
 
 bool IsAudioBeforeVideo(const Editing& e) {
   for (int i = 1; i <= e.clips().count(); ++i) {
@@ -32,12 +25,8 @@ std::string missingText(const std::string& name) {
 
 int GetIndividualClipNo(std::string_view row) {
   const auto text = trimmed(row);
-  const int number = clipNoIn(text.substr(text.rfind(' ') + 1));
+  const int number = toLongClamped(ToNumber(text.substr(text.rfind(' ') + 1)));
   return number == 0 ? 1 : number;
-}
-
-int GetEffectClipNo(std::string_view row) {
-  return clipNoIn(row.substr(row.size() - std::min<std::size_t>(10, row.size())));
 }
 
 }  // namespace kvo

@@ -18,7 +18,4 @@ std::string missingText(const std::string& name);
 /// The clip number at the end of a list's row, behind its last blank. 0 gives 1.
 int GetIndividualClipNo(std::string_view row);
 
-/// The same of the effect lists, whose rows end in ten characters for the number; 0 when there is none.
-int GetEffectClipNo(std::string_view row);
-
 }  // namespace kvo

@@ -48,7 +48,8 @@ struct EditorTotals {
   std::string lbl_VideoTotTime;  ///< "051.900"
   std::string Lbl_AudTotal;      ///< "051.900(s)"
   std::string audioToolTip;
-  bool audioIsRed = false;  ///< sound and picture are of different length
+  bool audioIsRed = false;    ///< sound and picture are of different length
+  std::string Fra_Preview{};  ///< "0 to 51.90 (s)"
   bool operator==(const EditorTotals&) const = default;
 };
 

@@ -22,8 +22,7 @@ struct EditorControls {
   std::string Cmb_Res;      ///< "640 x 480"
   int txtHeight = 240;
   int txtWidth = 320;
-  std::string Lbl_AudTotal;
-  std::string Fra_Preview;
+  std::string Fra_Preview;  ///< what the last compile has of the movie: "0 to 51.90 (s)"
 };
 
 struct EditorState {

@@ -1,6 +1,7 @@
 #include "editor/tabs/operations.h"
 
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/document_text.h"
@@ -31,15 +32,10 @@ int previewPower(KVO2& settings) {
   return settings.preferences().PreviewCPU;
 }
 
-void setAudioTotal(EditorState& editor, Stamp total) {
-  editor.AudioTotalTime = stampText(total);
-  editor.controls.Lbl_AudTotal = FormatMask(total.seconds, kTotalMask);
-}
-
 void setVideoTotal(EditorState& editor, std::optional<double> stop, double largest) {
   editor.VideoTotalTime = stop ? fixedText(*stop) : "0";
   editor.LastClipStop = fixedText(largest);
-  editor.controls.Fra_Preview = "0 to " + FormatMask(largest, "0.00") + " (s)";
+  editor.controls.Fra_Preview = translated("0 to %1 (s)", {FormatMask(largest, "0.00")});
 }
 
 std::string compiled(const Editing& e, const CompileOptions& options) {
@@ -53,7 +49,7 @@ std::string compiled(const Editing& e, const CompileOptions& options) {
   editor.hasNoVideo = !made.hasPicture;
   setVideoTotal(editor, made.videoStop, made.largestStop);
   editor.AudioTotalTime.clear();
-  if (made.audioStop) setAudioTotal(editor, *made.audioStop);
+  if (made.audioStop) editor.AudioTotalTime = stampText(*made.audioStop);
   if (made.hasPicture) {
     editor.OutputWidth = made.output.width;
     editor.OutputHeight = made.output.height;
@@ -183,7 +179,8 @@ void AddOverlayAudioTracks(const Editing& e) {
   applyCorrections(clips, e.collection, e.settings);
   editor.texts.AudioTrackText += music.tracks;
   const double video = ToNumber(editor.VideoTotalTime);
-  setAudioTotal(editor, trims && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
+  editor.AudioTotalTime =
+      stampText(trims && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
 }
 
 Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName) {
@@ -196,13 +193,15 @@ Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string
 }
 
 void AnalyseRenderFile(const Editing& e, const std::string& fileName) {
-  auto& stops = e.editor.ClipStopList;
-  stops.clear();
   const auto bytes = e.files.read(fileName, kMaxDocument);
-  if (!bytes) return;
-  std::string_view rest(*bytes);
-  while (!rest.empty()) {
-    const auto line = nextLine(rest);
+  takeStops(e.editor, bytes ? *bytes : std::string_view());
+}
+
+void takeStops(EditorState& editor, std::string_view document) {
+  auto& stops = editor.ClipStopList;
+  stops.clear();
+  while (!document.empty()) {
+    const auto line = nextLine(document);
     if (line.find("SamplingRate=") != std::string_view::npos) return;
     const auto at = line.find(" stop=");
     if (line.find("<clip src=") == std::string_view::npos || at == std::string_view::npos) continue;
@@ -220,10 +219,6 @@ std::string compileText(const Editing& e) {
 std::string compilePreviewText(const Editing& e, int power) {
   writeQuietly(e.settings, [&](auto& s) { s.PreviewCPU = static_cast<Integer>(power); });
   return compiled(e, previewOptions(optionsOf(e), GetPreviewParams(e, power), power));
-}
-
-Outcome CompileForRender(const Editing& e, const std::string& fileName) {
-  return writeDocument(e.files, fileName, compileText(e));
 }
 
 std::string CalcMaxTransitionDuration(const Editing& e, int clipNo) {

@@ -1,6 +1,8 @@
 // The operations of the editor that compile: each runs the compiler on the open collection, as the settings
 // and the controls have it, and writes what that corrects into records, settings and controls. A compile is
 // no change of the user's: dirty flags stay. A full one answers the change code, which is 0 behind it.
+// The steps have given names, CreateVideoGroup to AnalyseRenderFile, and leave working texts to each other;
+// the program compiles by compileText and compilePreviewText, which come to the same.
 #pragma once
 
 #include "base/result.h"
@@ -58,15 +60,14 @@ Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string
 
 /// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
 void AnalyseRenderFile(const Editing& e, const std::string& fileName);
+/// The same of the text of one.
+void takeStops(EditorState& editor, std::string_view document);
 
 /// Compiles the collection for a render at full power, with every effect and transition. Gives the text.
 std::string compileText(const Editing& e);
 
 /// Compiles the collection for a preview of the given power (1 to 10). Gives the text.
 std::string compilePreviewText(const Editing& e, int power);
-
-/// As compileText, into `fileName`.
-Outcome CompileForRender(const Editing& e, const std::string& fileName);
 
 /// The longest allowed transition into the clip in seconds, one decimal.
 std::string CalcMaxTransitionDuration(const Editing& e, int clipNo);

@@ -226,6 +226,7 @@ void ClipKeysPart::draw() {
   }
   const auto& totals = state_.totals;
   setTextOf(*video_, shown(totals.lbl_VideoTotTime));
+  setTipOf(*video_, shown(totals.Fra_Preview));
   setTextOf(*audio_, told(totals.Lbl_AudTotal));
   setTipOf(*audio_, told(totals.audioToolTip));
   warning_->setVisible(totals.audioIsRed);

@@ -15,7 +15,7 @@ namespace {
 using test::Bench;
 
 std::string compiled(Bench& b) {
-  EXPECT_TRUE(CompileForRender(b.editing, "/prog/KVORender.xtl"));
+  EXPECT_TRUE(writeDocument(b.files, "/prog/KVORender.xtl", compileText(b.editing)));
   return b.files.all["/prog/KVORender.xtl"];
 }
 
@@ -283,17 +283,16 @@ TEST(Document, EachClipGoesWhereItsKindBelongs) {
 TEST(Document, TheSoundsTotalFollowsTheVideoWhereItIsTrimmedToIt) {
   struct Row {
     bool trim, overlay;
-    const char *total, *label;
+    const char* total;
   };
-  for (const auto& row : {Row{true, true, "20.0000", "020.000"}, Row{true, false, "20.0000", "020.000"},
-                          Row{false, true, "12.5", "012.500"}, Row{false, false, "0", "000.000"}}) {
+  for (const auto& row : {Row{true, true, "20.0000"}, Row{true, false, "20.0000"}, Row{false, true, "12.5"},
+                          Row{false, false, "0"}}) {
     Bench b;
     b.settings.adjust().AutoTrimAudio = row.trim;
     b.addVideo("a.avi", 0, 20);
     b.addMusic("m.mp3", 0, 12.5).RenderAudio(row.overlay);
     compiled(b);
     EXPECT_EQ(b.editor.AudioTotalTime, row.total) << row.trim << row.overlay;
-    EXPECT_EQ(b.editor.controls.Lbl_AudTotal, row.label) << row.trim << row.overlay;
   }
 }
 

@@ -59,12 +59,26 @@ TEST(Durations, TheShortestCutHoldsTheTrackFade) {
   EXPECT_FLOAT_EQ(b.settings.preferences().VideoTrackFadeAmt, -0.5F);
 }
 
+TEST(Durations, AClipThatIsHeardAndHasTimesFades) {
+  for (const auto& [heard, tenths, fades] :
+       {std::tuple{true, 5, true}, {true, 0, false}, {false, 5, false}}) {
+    Bench b;
+    auto& clip = b.addVideo("a.avi", 0, 4);
+    clip.RenderAudio(heard);
+    clip.AudioFadeOutTime(static_cast<Single>(tenths));
+    clip.HasAudioFade(!fades);
+    auto& music = b.addMusic("m.mp3", 0, 4);
+    music.HasAudioFade(true);
+    UpdateTrackFade(b.editing, true);
+    EXPECT_EQ(clip.HasAudioFade(), fades) << heard << tenths;
+    EXPECT_TRUE(music.HasAudioFade()) << "of sound it stays";
+  }
+}
+
 TEST(Durations, RowsEndInTheirClipNumber) {
   EXPECT_EQ(GetIndividualClipNo("beach.avi   12"), 12);
   EXPECT_EQ(GetIndividualClipNo("clip   79999"), 79999);
   EXPECT_EQ(GetIndividualClipNo(""), 1);
-  EXPECT_EQ(GetEffectClipNo("beach.avi         7"), 7);
-  EXPECT_EQ(GetEffectClipNo("none"), 0);
 }
 
 TEST(Durations, AnAutomaticFadeNeedsRoom) {

@@ -124,7 +124,7 @@ TEST(DocumentCheck, KeepsADamagedDocumentFromBeingWritten) {
   clip.TransIn(10);
   clip.BorderColor(Value("a \"b\""));
   b.files.all["/prog/KVORender.xtl"] = "old";
-  const auto done = CompileForRender(b.editing, "/prog/KVORender.xtl");
+  const auto done = writeDocument(b.files, "/prog/KVORender.xtl", compileText(b.editing));
   ASSERT_FALSE(done);
   EXPECT_NE(done.error().text.find("/prog/KVORender.xtl"), std::string::npos) << done.error().text;
   EXPECT_EQ(b.files.all["/prog/KVORender.xtl"], "old");

@@ -326,8 +326,16 @@ TEST(EditorDesk, TheOrderOfTheClipsIsCheckedAtOnceAndThenSeldom) {
   EXPECT_TRUE(b.boxes.shown[0].text.find("<song.mp3>") != std::string::npos);
   b.tick(545);
   EXPECT_EQ(boxes(), 1U);
+  b.clip(2).MovieName("speech.wav");
+  {
+    const CommandPass pass(b.window);  // a load or a save
+    b.tick(5);
+    EXPECT_EQ(boxes(), 1U) << "another command has the collection";
+    EXPECT_EQ(b.clip(2).MovieHeight(), 480);
+  }
   b.tick(5);
   EXPECT_EQ(boxes(), 2U) << "some 110 seconds later";
+  EXPECT_EQ(b.clip(2).MovieHeight(), 0);
 }
 
 TEST(EditorDesk, BringsTheMainWindowToAClip) {

@@ -37,11 +37,9 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details park tools-");
   EXPECT_EQ(b.takeActs(), "clear load play");
   EXPECT_EQ(b.player.documents.back(), b.files.all.at("/prog/KVORender.xtl"));
-  EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning && b.state.pic_DigDisplay);
-  EXPECT_EQ(b.state.Cmd_PrevGrph, "Stop Preview");
+  EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning);
   EXPECT_EQ(b.state.FSB_RenderRange.Max, 10);
   EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
-  EXPECT_EQ(b.state.labels.lbl_VideoTotTime, "010.000");
 
   b.shows(52);
   b.loop.advance(300);
@@ -58,7 +56,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   EXPECT_EQ(b.host.takeNotes(), "caption details sweep tools+ watch+");
   EXPECT_EQ(b.takeActs(), "stop") << "back at its first frame";
   EXPECT_FALSE(b.state.PreviewPlaying || b.settings.state.IsPreviewRunning);
-  EXPECT_EQ(b.state.Cmd_PrevGrph + b.state.Lbl_TimePos, "Preview0:00:0.000");
+  EXPECT_EQ(b.state.Lbl_TimePos, kNoPosition);
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 0);
 
   b.preview.moveRange(7);
@@ -76,6 +74,16 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
 }
 
 TEST(Preview, AtTheEndOfTheBarItBeginsAnewOrStands) {
+  for (const auto& [frames, from, acts] : {std::tuple{109, 10.3, "clear load seek:103 play"},
+                                           {109, 10.8, "clear load play"},
+                                           {5, 0.4, "clear load play"},
+                                           {5, 0.3, "clear load seek:3 play"}}) {
+    PreviewBench b;
+    b.player.length = frames;
+    b.state.FSB_RenderRange.Value = from;
+    b.preview.PrepPreview();
+    EXPECT_EQ(b.takeActs(), acts) << from << " of " << frames;
+  }
   for (const bool rewinds : {true, false}) {
     PreviewBench b;
     b.host.rewinds = rewinds;
@@ -132,6 +140,7 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
     EXPECT_EQ(b.state.Lbl_TimePos, row.place) << row.what;
     if (row.acts == std::string("load seek:0 seek:1")) {
       EXPECT_EQ(b.settings.state.ObjectChange, 98) << "the change watch has yet to hear of it";
+      EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
     }
   }
   EXPECT_TRUE(b.state.paused);
@@ -173,7 +182,6 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.takeActs(), "load play") << "at once";
   EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1));
   EXPECT_TRUE(b.settings.state.IsPreviewRunning);
-  EXPECT_EQ(b.state.Cmd_PrevGrph, "Preview");
   b.shows(12);
   for (int value = 1; value <= 20; ++value) {  // a slider that is dragged
     b.collection.MovieList[1].BlurInt(static_cast<Integer>(value));
@@ -212,6 +220,12 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
     EXPECT_EQ(b.state.kind, row.kind);
     EXPECT_EQ(b.state.overlayPosition, row.kind == PreviewKind::PictureInPicture ? 12 : 0);
   }
+  for (const auto* acts : {"pause", ""}) {
+    b.preview.haltSample();
+    EXPECT_EQ(b.takeActs(), acts) << "for a frame of the clip";
+  }
+  b.preview.PausePreview();
+  EXPECT_EQ(b.takeActs(), "play");
   b.player.now = PlayState::Ended;
   b.loop.advance(250);
   EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], CreatePinPPreview(b.editing, 2, {.preview = true}));
@@ -222,6 +236,8 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.takeActs(), "play") << "once more";
   b.preview.PrepPreview();
   EXPECT_EQ(b.state.kind, PreviewKind::Movie) << "a sample gives way";
+  b.preview.haltSample();
+  EXPECT_FALSE(b.state.paused) << "the movie is none";
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 6) << "the bar of the movie is where it was";
   b.host.takeNotes();
   b.preview.sample(Sample::Colour, 1);

@@ -1,0 +1,118 @@
+// What stands in the preview's place; a picture is as bright as the second of its file.
+#include "editor/preview/standing_picture.h"
+
+#include "support/fakes.h"
+#include "support/virtual_loop.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+struct StandingBench : test::Bench {
+  StandingBench() {
+    addVideo("beach.avi", 3, 9);
+    addVideo("hills.avi", 7, 9);
+    addMusic("song.mp3", 0, 60);
+    collection.icurMov = 1;
+    settle();
+  }
+  void settle() { standing.settle(collection, keyframesOpen); }
+  /// The second that is shown, -1 for none, once what is on its way is there.
+  int shown() {
+    settle();
+    loop.workComesHome();
+    return seen();
+  }
+  [[nodiscard]] int seen() const { return state.picture ? state.picture->bgr.at(0) : -1; }
+
+  test::VirtualLoop loop;
+  PreviewState state;
+  bool keyframesOpen = false;
+  StandingPicture standing{state, streams, loop, [] {}};
+};
+
+TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
+  StandingBench b;
+  EXPECT_EQ(b.seen(), -1) << "on its way";
+  EXPECT_EQ(b.shown(), 3);
+  b.collection.icurMov = 2;
+  EXPECT_EQ(b.shown(), 7);
+  b.collection.MovieList[2].LoopStart(Value(8));
+  EXPECT_EQ(b.shown(), 8) << "its mark has been moved";
+  b.collection.icurMov = 3;
+  b.settle();
+  EXPECT_EQ(b.seen(), -1) << "sound is not seen";
+  b.state.failure = "no such file";
+  b.collection.icurMov = 1;
+  b.settle();
+  EXPECT_EQ(b.seen(), -1) << "what failed is told there";
+  b.state.failure.clear();
+  EXPECT_EQ(b.shown(), 3);
+}
+
+// Whatever takes its frame away, the picture follows the clip again.
+TEST(StandingPicture, AFrameStandsUntilSomethingElseIsToBeSeen) {
+  struct Row {
+    const char* what;
+    bool isMark;
+    void (*act)(StandingBench&);
+    int shown;
+  };
+  const Row rows[] = {
+      {"the mark is let go", true, [](auto& b) { b.standing.endMark(); }, 3},
+      {"another clip", true, [](auto& b) { b.collection.icurMov = 2; }, 7},
+      {"the window of keyframes closes", false, [](auto& b) { b.keyframesOpen = false; }, 3},
+      {"another clip", false, [](auto& b) { b.collection.icurMov = 2; }, 7},
+      {"a preview has ended", false,
+       [](auto& b) {
+         b.state.kind = PreviewKind::Keyframe;
+         b.state.PreviewPlaying = true;
+         b.settle();
+         b.state = {};
+       },
+       3},
+      {"a preview is killed", true,
+       [](auto& b) {
+         b.state.picture.reset();
+         b.standing.forget();
+       },
+       3},
+  };
+  for (const auto& row : rows) {
+    StandingBench b;
+    b.shown();
+    b.keyframesOpen = !row.isMark;
+    if (row.isMark) {
+      b.standing.showMark("/v/beach.avi", 5);
+    } else {
+      b.standing.showKeyframe(b.collection.MovieList[1], 125, 25);
+    }
+    EXPECT_EQ(b.shown(), 5) << row.what;
+    b.settle();
+    EXPECT_EQ(b.seen(), 5) << row.what;
+    row.act(b);
+    EXPECT_EQ(b.shown(), row.shown) << row.what;
+  }
+}
+
+TEST(StandingPicture, AFrameOverAPreviewGivesItsPictureBack) {
+  StandingBench b;
+  b.shown();
+  b.state.kind = PreviewKind::Movie;
+  const auto ofMovie = std::make_shared<const Bitmap>(Bitmap{1, 1, {9, 9, 9}});
+  for (const bool plays : {false, true}) {
+    b.state.picture = ofMovie;
+    b.standing.showMark("/v/beach.avi", 5);
+    EXPECT_EQ(b.shown(), 5);
+    b.state.PreviewPlaying = plays;
+    if (plays) b.state.picture = ofMovie;
+    plays ? b.settle() : b.standing.endMark();
+    EXPECT_EQ(b.state.picture, ofMovie);
+  }
+  b.standing.endMark();
+  EXPECT_EQ(b.state.picture, ofMovie) << "it has ended";
+}
+
+}  // namespace
+}  // namespace kvo
