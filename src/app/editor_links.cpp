@@ -73,11 +73,16 @@ MainWindowDoors EditorLinks::mainWindow() {
           .ShowSliderStuff = [this] { showSlider(); },
           .Pic_DigNumbers_Click = [this] { parts_.play.positions().positioner.Pic_DigNumbers_Click(); },
           .mnu_SectionName_Click = [this] { nameClip(); },
-          .AddMoviesm = [this](const std::string& path) { parts_.mailbox.takeFiles({path}); },
+          .AddMoviesm = [this](const std::string& path,
+                               int before) { parts_.mailbox.takeForMovie({path}, before); },
           .mnu_SaveShow_Click = [this] { parts_.collections.Save(); },
           .saveAgain = [this] { parts_.collections.saveAgain(); },
           .empty = [this] { parts_.list.show(); },
-          .parkPlayer = [this] { parts_.play.transport().halt(); },
+          .parkPlayer =
+              [this] {
+                parts_.play.transport().halt();
+                parts_.play.positions().positioner.close();
+              },
           .FrmFileOpenToolsOnOff = [this](bool on) { parts_.window.face.controlsEnabled = on; },
           .draw = [this] { parts_.draw(); }};
 }

@@ -34,6 +34,7 @@ std::string codecNotes(const std::string& notes) {
 CodecInfo::CodecInfo(const Parts& parts) : parts_(parts), idle_(parts.loop.timer([this] { ask(); })) {}
 
 void CodecInfo::Displaymovieinfo(int number) {
+  if (number < 1 || number > parts_.collection.MovieList.count()) return;
   auto& clip = parts_.collection.MovieList[number];
   if (isAviKind(clip) && clip.VideoCodec().empty()) {
     const auto head = parts_.files.readHead(clipFile(clip), kAviHead);

@@ -155,6 +155,7 @@ class FirstMovie : public test::Window {
 
   // From here on each picture that is seen in the preview is noted.
   void watchPreview() {
+    heardBefore_ = read("heard").size();
     auto command = grab(kPicture, "32x32");
     command.insert(command.end(), {"-flush_packets", "1", work_ / "seen"});
     watcher_ = test::startQuietly(command);
@@ -176,26 +177,34 @@ class FirstMovie : public test::Window {
     }
     return next == wanted.size();
   }
-  // Loudest of the last quarter of a second that has gone to the loudspeakers.
-  float heardNow() const {
+  // Whether anything has gone to the loudspeakers since.
+  bool hears() const {
     const auto bytes = read("heard");
-    constexpr std::size_t kQuarter = 44100 / 4 * 2 * sizeof(float);
-    float loudest = 0;
-    const auto whole = bytes.size() / sizeof(float) * sizeof(float);
-    for (auto i = whole - std::min(whole, kQuarter); i < whole; i += sizeof(float)) {
+    for (auto i = heardBefore_ / sizeof(float) * sizeof(float); i + sizeof(float) <= bytes.size();
+         i += sizeof(float)) {
       float sample = 0;
       std::memcpy(&sample, bytes.data() + i, sizeof(float));
-      loudest = std::max(loudest, std::abs(sample));
+      if (std::abs(sample) > 0.01F) return true;
     }
-    return loudest;
+    return false;
+  }
+  // A busy machine leaves pictures out: what has not been seen is played again.
+  bool previewHas(const std::vector<std::optional<Colour>>& wanted) const {
+    constexpr int kLooks = 60;  // some more than it plays for
+    return eventually([&] {
+      for (int i = 0; i < kLooks; ++i) {
+        if (sees(wanted) && hears()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(250));
+      }
+      press("space");
+      return false;
+    });
   }
 
   // Both ways end in this.
   void expectTheMovie() {
-    EXPECT_TRUE(eventually([&] {
-      return sees({kRed, kGreen, kBlue, std::nullopt, kYellow});
-    })) << "the preview has the clips, the dissolve and the still";
-    EXPECT_TRUE(eventually([&] { return heardNow() > 0.01F; })) << "and the song";
+    EXPECT_TRUE(previewHas({kRed, kGreen, kBlue, std::nullopt, kYellow}))
+        << "the clips, the dissolve, the still and the song";
     EXPECT_LE(acts_, kMostActs);
     const auto movie = work_ / "movie.avi";
     const auto end = test::runProgram({KVO_PROGRAMS "/kvo5", "--render", work_ / "Holiday.INI", "--output",
@@ -217,6 +226,7 @@ class FirstMovie : public test::Window {
   static constexpr int kMostActs = 14;
   int acts_ = 0;
   pid_t watcher_ = 0;
+  std::size_t heardBefore_ = 0;  // bytes
 };
 
 TEST_F(FirstMovie, ByTheMouse) {

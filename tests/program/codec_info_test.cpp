@@ -35,6 +35,8 @@ struct CodecBench : test::ProgramBench {
 
 TEST(CodecInfo, AnAviGetsItsCodecOnceAndTheWindowTellsOfIt) {
   CodecBench b;
+  b.codec.Displaymovieinfo(0);  // of an empty collection there is nothing to tell
+  b.codec.Displaymovieinfo(1);
   auto& clip = b.show("a.avi", std::string("xvid\0", 5));
   EXPECT_EQ(clip.VideoCodec(), "XVID");
   EXPECT_EQ(b.window.details.pairs[8], (Detail{"Codec", "XVID", "Click Here for more info on the Codec"}));

@@ -59,7 +59,8 @@ struct MainWindowDoors {
   std::function<void()> ShowSliderStuff{};               ///< the slider comes in sight
   std::function<void()> Pic_DigNumbers_Click{};          ///< the trimmer: the direct positioner
   std::function<void()> mnu_SectionName_Click{};         ///< asks for the clip's name in the list
-  std::function<void(const std::string&)> AddMoviesm{};  ///< adds a file to the collection
+  /// Adds a file to the collection, ahead of a clip, or at the end with 0.
+  std::function<void(const std::string&, int before)> AddMoviesm{};
   std::function<void()> mnu_SaveShow_Click{};  ///< saves the collection under a name that it asks for
   std::function<void()> saveAgain{};           ///< saves it into its own file
   std::function<void()> empty{};               ///< it has no clip any more

@@ -1,11 +1,22 @@
 // The keys of the clip in hand.
 #include "base/paths.h"
+#include "core/records/media_kinds.h"
 #include "core/telling/failures.h"
 #include "editor/desk/clip_stats.h"
 #include "editor/desk/editor_desk.h"
 #include "editor/desk/snapshot.h"
 
 namespace kvo {
+namespace {
+
+// Pictures come ahead of it; 0 without any.
+int firstSound(const Collection& collection) {
+  for (int i = 1; i <= collection.MovieList.count(); ++i)
+    if (isSoundByName(collection.MovieList[i].MovieName())) return i;
+  return 0;
+}
+
+}  // namespace
 
 void EditorDesk::press(ClipKey key) {
   ShowClipStats();
@@ -49,9 +60,11 @@ void EditorDesk::takeSnapshot() {
   const auto& inHand = *clip();
   doors_.pausePlaying();
   const auto place = doors_.place().value_or(PlayerPlace{});
-  snapshots_.want(Snapshot{clipFile(inHand), place.seconds,
-                           withSeparator(parts_.editing.settings.preferences().StillSavePath) +
-                               snapshotName(inHand, place.frame)});
+  auto folder = parts_.editing.settings.preferences().StillSavePath;
+  if (folder.empty())
+    folder = parts_.editing.folder.beside("\\ExtractedFrames");  // nobody has chosen one yet
+  snapshots_.want(
+      Snapshot{clipFile(inHand), place.seconds, withSeparator(folder) + snapshotName(inHand, place.frame)});
 }
 
 Result<FramePicture> EditorDesk::frameOf(const Snapshot& wish) const {
@@ -65,7 +78,7 @@ void EditorDesk::keepSnapshot(const Snapshot& wish, const Result<FramePicture>& 
   const auto& e = parts_.editing;
   Outcome kept = picture ? e.files.makeFolder(std::string(folderPart(wish.path))) : Outcome(picture.error());
   if (kept) kept = writeDurably(e.files, wish.path, bitmapFile(*picture));
-  if (kept) return doors_.AddMoviesm(wish.path);
+  if (kept) return doors_.AddMoviesm(wish.path, firstSound(e.collection));
   e.log.LogError(kept.error().text);
   e.boxes.show({std::string(kProductName), kept.error().text, BoxButtons::Ok, BoxIcon::Warning});
 }

@@ -437,12 +437,10 @@ void PreviewEngine::watchEnd() {
   editing_.settings.state.IsPreviewRunning = false;
   host_.previewChanged();
   if (!movie) return;
-  if (host_.Chk_AutoRewind()) {
-    player_.stop();
-    sought_ = 0;
-    TimeCodeOff();
-    state_.FSB_RenderRange.Value = 0;
-  }
+  player_.stop();
+  sought_ = 0;
+  TimeCodeOff();
+  state_.FSB_RenderRange.Value = 0;
   host_.restoreCaption();
   host_.Displaymovieinfo();
   host_.deleteWorkFiles();

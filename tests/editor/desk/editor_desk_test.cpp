@@ -100,7 +100,10 @@ struct DeskBench : ProgramBench {
             .resetMark = [this](bool in) { told += in ? "resetIn " : "resetOut "; },
             .ShowSliderStuff = note("slider"),
             .Pic_DigNumbers_Click = note("trimmer"),
-            .AddMoviesm = [this](const std::string& path) { told += "add" + path + " "; },
+            .AddMoviesm =
+                [this](const std::string& path, int before) {
+                  told += "add" + path + (before > 0 ? " ahead of " + std::to_string(before) : "") + " ";
+                },
             .mnu_SaveShow_Click = note("saveAs"),
             .saveAgain = note("save"),
             .empty = note("empty"),
@@ -521,9 +524,14 @@ TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
   b.desk.press(ClipKey::AddSnapShot);
   ASSERT_TRUE(b.loop.workComesHome());
   const std::string path = "/stills/film1 - f00100 - Still.bmp";
-  EXPECT_EQ(b.told, "halt add" + path + " ");
+  EXPECT_EQ(b.told, "halt add" + path + " ahead of 5 ") << "the song stays behind the pictures";
   EXPECT_EQ(b.files.all[path].size(), 54U + 2 * 8) << "rows are filled to four bytes";
   EXPECT_EQ(b.files.all[path].substr(54, 8), std::string("\4\4\4\4\4\4\0\0", 8));
+  b.settings.adjust().StillSavePath.clear();
+  b.told.clear();
+  b.desk.press(ClipKey::AddSnapShot);
+  ASSERT_TRUE(b.loop.workComesHome());
+  EXPECT_NE(b.told.find("add" + b.folder.beside("\\ExtractedFrames/film1 - f")), std::string::npos) << b.told;
   b.streams.all.erase("/v/film1.avi");
   b.desk.press(ClipKey::AddSnapShot);
   ASSERT_TRUE(b.loop.workComesHome());
