@@ -17,13 +17,16 @@ constexpr double kSeenFrom = 2;      // its end, as there is something to see of
 }  // namespace
 
 Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& effects) {
+  const auto place = static_cast<int>(ToNumber(number));
+  if (place < 1 || place > EffectWord::kSwitches)
+    return Error{"There is no effect with the number " + std::string(number)};
   Collection one;
   auto& clip = one.MovieList.add({});
   clip.MovieName("a.avi");
   clip.LoopStart(Value(0));
   clip.LoopEnd(Value(kEffectLength));
   EffectWord word;
-  word.set(static_cast<int>(ToNumber(number)), true);
+  word.set(place, true);
   clip.EffectWord(word.text());
   const auto document =
       clipSample(one, 1, {}, effects, {kEffectSampleWidth, kEffectSampleHeight, false}).text;
