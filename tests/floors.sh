@@ -22,4 +22,12 @@ only 'jpeglib' ':!src/art' ':!src/adapters/jpeg'
 only 'mpv/' ':!src/adapters/mpv'
 only 'hwy/|libheif/' ':!src/media'
 only 'xcb/' ':!src/ui'
+
+# Rooms do not see each other's headers, and the linker takes two classes of one name for one.
+twice=$(git ls-files 'src/*.h' | grep -v '^src/art/' | xargs grep -lx 'namespace kvo {' |
+  xargs sed -nE 's/^(class|struct) ([A-Za-z_0-9]+)( final)?( :.*)? \{.*/\2/p' | sort | uniq -d)
+if [ -n "$twice" ]; then
+  printf '%s\n' "$twice" "there are two classes of this name"
+  bad=1
+fi
 exit $bad

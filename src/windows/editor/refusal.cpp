@@ -3,7 +3,7 @@
 #include "ui/made.h"
 #include "ui/theme.h"
 #include "windows/editor/editor_page.h"
-#include "windows/editor/plate.h"
+#include "windows/editor/saying_plate.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -34,7 +34,8 @@ class Refusal final : public QWidget {
   void say(const QPoint& at, const QString& reason) {
     const double size = themeSize();
     const auto& all = *parentWidget();
-    plate_ = Plate({at.x() / size, at.y() / size}, {all.width() / size, all.height() / size}, {}, reason);
+    plate_ =
+        SayingPlate({at.x() / size, at.y() / size}, {all.width() / size, all.height() / size}, {}, reason);
     const auto box = plate_.box();
     setGeometry(QRectF(box.x() * size, box.y() * size, box.width() * size, box.height() * size)
                     .toAlignedRect()
@@ -74,7 +75,7 @@ class Refusal final : public QWidget {
   }
 
  private:
-  Plate plate_;
+  SayingPlate plate_;
   QBasicTimer leaving_;
   QElapsedTimer since_;
 };

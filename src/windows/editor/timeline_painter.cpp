@@ -3,7 +3,7 @@
 #include "ui/painting.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
-#include "windows/editor/plate.h"
+#include "windows/editor/saying_plate.h"
 #include "windows/editor/timeline_blocks_painter.h"
 #include "windows/editor/timeline_ink.h"
 
@@ -227,8 +227,8 @@ void TimelinePainter::drawDropPlace(double seconds) {
 void TimelinePainter::drawSaying() {
   if (!state_.saying || (state_.saying->text.empty() && !state_.drag)) return;
   const auto& saying = *state_.saying;
-  Plate({saying.at.x, saying.at.y}, {state_.sight.width, state_.sight.height}, shown(saying.text),
-        shown(saying.reason))
+  SayingPlate({saying.at.x, saying.at.y}, {state_.sight.width, state_.sight.height}, shown(saying.text),
+              shown(saying.reason))
       .draw(painter_);
 }
 

@@ -13,11 +13,11 @@ class QPainter;
 
 namespace kvo {
 
-class Plate {
+class SayingPlate {
  public:
-  Plate() = default;
+  SayingPlate() = default;
   /// Over `at`, or below where `within` has no room; either text may be empty.
-  Plate(const QPointF& at, const QSizeF& within, const QString& text, const QString& reason);
+  SayingPlate(const QPointF& at, const QSizeF& within, const QString& text, const QString& reason);
 
   [[nodiscard]] const QRectF& box() const { return box_; }
   void draw(QPainter& painter) const;

@@ -1,4 +1,4 @@
-#include "windows/editor/plate.h"
+#include "windows/editor/saying_plate.h"
 
 #include "ui/painting.h"
 #include "windows/editor/timeline_ink.h"
@@ -19,7 +19,8 @@ QFont plateFont() { return ink::text(12, QFont::DemiBold); }
 
 }  // namespace
 
-Plate::Plate(const QPointF& at, const QSizeF& within, const QString& text, const QString& reason) {
+SayingPlate::SayingPlate(const QPointF& at, const QSizeF& within, const QString& text,
+                         const QString& reason) {
   const QFontMetricsF metrics(plateFont());
   double width = 0;
   const auto add = [&](const QString& line, Rgb rgb, double left) {
@@ -36,7 +37,7 @@ Plate::Plate(const QPointF& at, const QSizeF& within, const QString& text, const
   box_ = {x, y, width, height};
 }
 
-void Plate::draw(QPainter& painter) const {
+void SayingPlate::draw(QPainter& painter) const {
   if (lines_.empty()) return;
   painter.setPen(ink::colour(lines_.back().second == token("amber") ? token("amber") : token("teal")));
   painter.setBrush(ink::colour(token("glass")));
