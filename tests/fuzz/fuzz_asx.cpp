@@ -1,5 +1,5 @@
-// Any text as a file that tells of streams: one with an address in it is one, whatever stands before; and none of the
-// addresses in it is empty or reaches over a line's end.
+// Any text as a file that tells of streams: one with an address in it is one, whatever stands before; and
+// none of the addresses in it is empty or reaches over a line's end.
 #include "intake/asx_stream.h"
 #include "intake/metafile.h"
 #include "support/memory_files.h"

@@ -47,18 +47,18 @@ struct PreviewControls {
 
 /// What the main window and its player do for the editor.
 struct MainWindowDoors {
-  std::function<void(int)> Displaymovieinfo{};           ///< shows the details of a clip
-  std::function<void()> PlayerPause{};                   ///< as it is
-  std::function<void()> PlayerStop{};                    ///< likewise
-  std::function<std::string()> PlayerGetFileName{};      ///< full path of what is in the player, or empty
-  std::function<void()> pausePlaying{};                  ///< the pause key, where a clip plays
-  std::function<std::optional<PlayerPlace>()> place{};   ///< where the player stands; none while it is empty
-  std::function<void()> SetMarkIn{};                     ///< where the player stands
-  std::function<void()> SetMarkOut{};                    ///< likewise
-  std::function<void(bool in)> resetMark{};              ///< Mark-In or Mark-Out to its end of the clip
-  std::function<void()> ShowSliderStuff{};               ///< the slider comes in sight
-  std::function<void()> Pic_DigNumbers_Click{};          ///< the trimmer: the direct positioner
-  std::function<void()> mnu_SectionName_Click{};         ///< asks for the clip's name in the list
+  std::function<void(int)> Displaymovieinfo{};          ///< shows the details of a clip
+  std::function<void()> PlayerPause{};                  ///< as it is
+  std::function<void()> PlayerStop{};                   ///< likewise
+  std::function<std::string()> PlayerGetFileName{};     ///< full path of what is in the player, or empty
+  std::function<void()> pausePlaying{};                 ///< the pause key, where a clip plays
+  std::function<std::optional<PlayerPlace>()> place{};  ///< where the player stands; none while it is empty
+  std::function<void()> SetMarkIn{};                    ///< where the player stands
+  std::function<void()> SetMarkOut{};                   ///< likewise
+  std::function<void(bool in)> resetMark{};             ///< Mark-In or Mark-Out to its end of the clip
+  std::function<void()> ShowSliderStuff{};              ///< the slider comes in sight
+  std::function<void()> Pic_DigNumbers_Click{};         ///< the trimmer: the direct positioner
+  std::function<void()> mnu_SectionName_Click{};        ///< asks for the clip's name in the list
   /// Adds a file to the collection, ahead of a clip, or at the end with 0.
   std::function<void(const std::string&, int before)> AddMoviesm{};
   std::function<void()> mnu_SaveShow_Click{};  ///< saves the collection under a name that it asks for
