@@ -61,7 +61,8 @@ void FrmAnalysing::draw(QWidget* owner) {
   const int clip = std::min(state_.done + 1, state_.total);
   count_->setText(tr("Analysing Clip %1 of %2").arg(clip).arg(state_.total));
   const auto name = shown(state_.file);
-  file_->setText(file_->fontMetrics().elidedText(name, Qt::ElideMiddle, themed(kFilmSize.width() * 2 / 3)));
+  constexpr int kNameWidth = kFilmSize.width() * 2 / 3;
+  file_->setText(file_->fontMetrics().elidedText(name, Qt::ElideMiddle, themed(kNameWidth)));
   file_->setToolTip(plainTip(name));
   if (std::exchange(drawn_, state_.picture) != state_.picture) update(picturePlace());
   if (!isVisible()) showOverOwner(*this, *owner);

@@ -10,13 +10,13 @@
 #include "windows/keyframe/keyframe_strip.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSlider>
 
 namespace kvo {
@@ -62,17 +62,12 @@ FrmKeyframe::FrmKeyframe(KeyframeWindow& state, PageLogic logic, Doors doors)
 
 // Those of the editor's window below, which cannot hear them.
 void FrmKeyframe::makeShortcuts() {
-  const auto on = [this](const char* keys, int steps) {
-    auto* shortcut = made<QShortcut>(QKeySequence(keys), this);
-    connect(shortcut, &QShortcut::activated, [this, steps] {
-      act([&] {
-        refuse(focusWidget() != nullptr ? *focusWidget() : *this, shown(doors_.goInHistory(steps)));
-      });
-    });
+  const auto go = [this](int steps) {
+    act([&] { refuse(focusWidget() != nullptr ? *focusWidget() : *this, shown(doors_.goInHistory(steps))); });
   };
-  on("Ctrl+Z", -1);
-  on("Ctrl+Shift+Z", 1);
-  on("Ctrl+Y", 1);
+  addAction(QString(), QKeySequence("Ctrl+Z"), this, [go] { go(-1); });
+  addAction(QString(), QKeySequence("Ctrl+Shift+Z"), this, [go] { go(1); });
+  addAction(QString(), QKeySequence("Ctrl+Y"), this, [go] { go(1); });
 }
 
 // The frame that is shown goes with the slider, whatever has moved it.
