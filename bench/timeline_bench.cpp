@@ -49,8 +49,8 @@ struct NoDesk : TimelineActs {
   void endFrame() override {}
   void insertFiles(const std::vector<std::string>&, int) override {}
   void remove(int) override {}
-  void copy(int) override {}
-  void split(int, double) override {}
+  std::string copy(int) override { return {}; }
+  std::string split(int, double) override { return {}; }
   void openTab(int, int) override {}
   void openTrimmer(int) override {}
   void openMenu(int, int, int) override {}
