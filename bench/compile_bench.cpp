@@ -9,7 +9,7 @@
 
 namespace {
 
-class SameStreams : public kvo::FrameSource {
+class SameStreams : public kvo::MediaContents {
  public:
   kvo::Result<kvo::StreamFacts> facts(const std::string& /*path*/) override {
     return kvo::StreamFacts{.hasVideo = true, .hasAudio = true};

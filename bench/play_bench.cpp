@@ -1,7 +1,7 @@
 // Playing beside mpv: bench_play FIRST SECOND, two films of ten seconds and more. Both draw into a window of
 // 1280 x 720 by software, with a sound that nobody hears; mpv is told what to do through its socket. Then the
 // sound of the next clip at a sink of a sound server that the bench starts.
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/qt/qt_event_loop.h"
 #include "windows/main/video_surface.h"
@@ -127,7 +127,7 @@ class Ours {
 
  private:
   kvo::QtEventLoop loop_{[] {}};
-  kvo::MediaFrameSource facts_;
+  kvo::MediaFileContents facts_;
   kvo::MpvStage stage_{loop_, facts_};
   kvo::MpvControlEngine engine_{stage_};
   CountedOutput output_{stage_.output()};

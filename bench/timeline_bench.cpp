@@ -16,7 +16,7 @@ namespace {
 
 using namespace kvo;
 
-struct SameStreams : FrameSource {
+struct SameStreams : MediaContents {
   Result<StreamFacts> facts(const std::string& path) override {
     const bool isMusic = path.ends_with(".mp3");
     return StreamFacts{.hasVideo = !isMusic, .hasAudio = true, .width = 640, .height = 360, .frameRate = 25};
