@@ -11,6 +11,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -19,31 +20,25 @@ namespace {
 
 constexpr double kLabelTop = 2;
 constexpr double kLabelHigh = 28;
-constexpr double kDesignWidth = 7590;  // units that the table's lefts are counted in
-constexpr double kLabelWide = 400;
 constexpr double kBlobSide = 13;                                    // of the handle's picture
 constexpr double kBlobReach = 24;                                   // of what takes the mouse about it
 constexpr std::array kSeparators = {84.5, 246.17, 368.83, 410.17};  // of a picture 506 wide
 constexpr double kPictureWide = 506;
 
-struct ToolRow {
-  double left;  ///< of the glyph in the picture, in units of the design's width
-  const char* name;
+constexpr std::array<const char*, kHitLabels> kNames = {
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Play"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Pause"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Rewind 5 frames"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame back"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame forward"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Advance 5 frames"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "A quarter of the speed"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Half the speed"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Twice the speed"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Slider"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Full Screen Mode"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Normal Mode"),
 };
-constexpr std::array<ToolRow, kHitLabels> kTools = {{
-    {0, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Play")},
-    {750, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Pause")},
-    {1400, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Rewind 5 frames")},
-    {2000, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame back")},
-    {2570, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame forward")},
-    {3200, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Advance 5 frames")},
-    {3800, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "A quarter of the speed")},
-    {4450, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Half the speed")},
-    {5100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Twice the speed")},
-    {5580, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Slider")},
-    {6340, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Full Screen Mode")},
-    {7100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Normal Mode")},
-}};
 
 std::optional<Step> stepOf(HitLabel label) {
   switch (label) {
@@ -70,8 +65,7 @@ ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const s
       folder_(folder),
       handle_(made<SliderHandle>(tr("Position"), this)) {
   for (std::size_t i = 0; i < kHitLabels; ++i) {
-    keys_[i] = made<ToolKey>(picture_, kTools[i].left / kDesignWidth, kLabelWide / kDesignWidth,
-                             tr(kTools[i].name), this);
+    keys_[i] = made<ToolKey>(picture_, tr(kNames[i]), this);
     if (const auto step = stepOf(static_cast<HitLabel>(i))) {
       acts_.steps.serve(*keys_[i], *step);
       keys_[i]->setEnabled(static_cast<bool>(acts_.steps.release));
@@ -136,15 +130,17 @@ QString ToolbarPart::tipOf(HitLabel label) const {
   if (step != Step::Rew5 && step != Step::Adv5) return plainTip(told(state_.mode.toolbar[label].toolTip));
   const auto& tips = state_.transport.tips;
   const auto tip = plainTip(told(step == Step::Rew5 ? tips.rewind : tips.advance));
-  return tip.isEmpty() ? tr(kTools[static_cast<std::size_t>(label)].name) : tip;
+  return tip.isEmpty() ? tr(kNames[static_cast<std::size_t>(label)]) : tip;
 }
 
 void ToolbarPart::draw() {
+  const Twips whole = std::max(state_.mode.toolbar.Img_Toolbar.place.width, 1.0);
   for (std::size_t i = 0; i < kHitLabels; ++i) {
     const auto label = static_cast<HitLabel>(i);
     const auto& place = state_.mode.toolbar[label];
     auto& key = *keys_[i];
     key.setVisible(place.visible);
+    key.setGlyph(place.left / whole, place.width / whole);
     key.setGeometry(pixels(place.left), scale_.at(kLabelTop), pixels(place.width), scale_.at(kLabelHigh));
     key.setLit(isLit(label));
     const auto tip = tipOf(label);
