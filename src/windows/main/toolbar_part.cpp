@@ -59,11 +59,11 @@ std::optional<Step> stepOf(HitLabel label) {
 
 ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder,
                          QWidget* parent)
-    : QWidget(parent),
+    : HeldLine(acts.line, parent),
       state_(state),
       acts_(acts),
       folder_(folder),
-      handle_(made<SliderHandle>(tr("Position"), this)) {
+      handle_(addHandle(tr("Position"), SliderHandleId::ImageBlob)) {
   for (std::size_t i = 0; i < kHitLabels; ++i) {
     keys_[i] = made<ToolKey>(picture_, tr(kNames[i]), this);
     if (const auto step = stepOf(static_cast<HitLabel>(i))) {
@@ -74,29 +74,7 @@ ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const s
     if (acts_.clicks[i]) connect(keys_[i], &ToolKey::clicked, acts_.clicks[i]);
     keys_[i]->setEnabled(static_cast<bool>(acts_.clicks[i]));
   }
-  setMouseTracking(true);
-  connectHandle();
-}
-
-void ToolbarPart::connectHandle() {
-  constexpr auto kBlob = SliderHandleId::ImageBlob;
-  handle_->partAt = [this](const QPoint& global) { return partAt(mapFromGlobal(global).x()); };
-  handle_->setMouseTracking(true);
-  handle_->installEventFilter(this);
   handle_->lower();  // below the keys, whose feet it reaches
-  handle_->taken = [this] { return acts_.marks.press(kBlob); };
-  handle_->moving = [this](double part) {
-    acts_.marks.drag(kBlob, part);
-    draw();
-  };
-  handle_->letGo = [this] {
-    acts_.marks.release(kBlob, MouseKey::Left);
-    acts_.acted();
-  };
-  handle_->put = [this](double part) {
-    acts_.marks.put(kBlob, part);
-    acts_.acted();
-  };
 }
 
 void ToolbarPart::layOut(const FaceScale& scale) {
@@ -166,7 +144,7 @@ void ToolbarPart::placeHandle() {
   handle_->setVisible(showsLine());
 }
 
-double ToolbarPart::partAt(int x) const {
+double ToolbarPart::lineAt(int x) const {
   return percentOnLine(state_.mode.slider, x * state_.mode.twipsPerPixel()) / 100;
 }
 
@@ -174,7 +152,7 @@ double ToolbarPart::partAt(int x) const {
 bool ToolbarPart::showsLine() const { return state_.mode.slider.ImageBlob.visible && state_.slider.handles; }
 
 // From the feet of the keys down.
-bool ToolbarPart::isOnLine(const QPoint& at) const {
+bool ToolbarPart::takes(const QPoint& at) const {
   const auto& slider = state_.mode.slider;
   return showsLine() && at.y() >= scale_.at(kLabelTop + kLabelHigh) && at.x() >= pixels(slider.X1) &&
          at.x() <= pixels(slider.X2);
@@ -184,40 +162,9 @@ QPoint ToolbarPart::below(double part) const {
   return {pixels(placeOnLine(state_.mode.slider, part * 100)), height()};
 }
 
-// What is being dragged is seen in the clip's own picture.
-void ToolbarPart::hoverAt(const QPoint& at) {
-  if (!acts_.hover) return;
-  isOnLine(at) && !handle_->isDragged() ? acts_.hover(partAt(at.x())) : acts_.hoverEnds();
-}
-
 void ToolbarPart::mouseMoveEvent(QMouseEvent* event) {
-  const auto at = event->position().toPoint();
-  handle_->dragTo(partAt(at.x()));
-  hoverAt(at);
+  HeldLine::mouseMoveEvent(event);
   event->ignore();  // the face looks whether the mouse rests
-}
-
-// The position goes there, and on with the pointer.
-void ToolbarPart::mousePressEvent(QMouseEvent* event) {
-  const auto at = event->position().toPoint();
-  if (event->button() != Qt::LeftButton || !isOnLine(at)) return event->ignore();
-  handle_->take();
-  handle_->dragTo(partAt(at.x()));
-  hoverAt(at);
-}
-
-void ToolbarPart::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) handle_->drop();
-}
-
-bool ToolbarPart::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseMove)
-    hoverAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()));
-  return QWidget::eventFilter(watched, event);
-}
-
-void ToolbarPart::leaveEvent(QEvent* /*event*/) {
-  if (acts_.hoverEnds) acts_.hoverEnds();
 }
 
 void ToolbarPart::paintEvent(QPaintEvent* /*event*/) {
