@@ -2,6 +2,7 @@
 
 #include "adapters/cdio/cdio_disc.h"
 #include "adapters/curl/curl_http.h"
+#include "adapters/dbus/bus_screen_saver.h"
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/media/media_picture_counts.h"
@@ -153,7 +154,7 @@ class WindowProgram {
               if (facts) list_.takeFacts(path, *facts);
             }),
         companions_({sketches_,
-                     desktop_,
+                     saver_,
                      {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
                       placesFile},
                      {state_, session_.collection, session_.files, links_.player(), loop_, play_.transport(),
@@ -301,6 +302,7 @@ class WindowProgram {
   MainWindowState state_;
   QtFileDialogs dialogs_;
   QtDesktop desktop_;
+  BusScreenSaver saver_;
   SettingsStore store_;
   SocketHandover handover_;
   PatientHandover patient_{handover_};

@@ -2,6 +2,8 @@
 // bus, and where there is none to be asked the portal that programs in a sandbox use.
 #pragma once
 
+#include "ports/screen_saver.h"
+
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -10,11 +12,11 @@ class QDBusMessage;
 
 namespace kvo {
 
-class ScreenSaver {
+class BusScreenSaver : public ScreenSaver {
  public:
   /// Never waits for the desktop. Without a session bus nothing happens. What is still held when the program
   /// ends, the desktop lets go of by itself.
-  void inhibit(bool on);
+  void inhibit(bool on) override;
 
  private:
   /// Who has been asked, or holds the screen awake.
