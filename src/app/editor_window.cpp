@@ -75,6 +75,13 @@ void EditorWindow::make() {
       parts_.draw();
     };
   };
+  const auto telling = [this](auto work) {
+    return [this, work] {
+      auto said = work();
+      parts_.draw();
+      return said;
+    };
+  };
   frm_ = std::make_unique<FrmRush>(
       RushState{states.window.frame, states.window.stats, states.window.sliders, states.window.totals,
                 states.window.keys, states.history},
@@ -92,8 +99,8 @@ void EditorWindow::make() {
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
-               .save = act([&desk] { desk.saveAgain(); }),
-               .saveAs = act([&desk] { desk.saveProject(); }),
+               .save = telling([&desk] { return desk.saveAgain(); }),
+               .saveAs = telling([&desk] { return desk.saveProject(); }),
                .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);

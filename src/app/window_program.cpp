@@ -133,7 +133,7 @@ class WindowProgram {
         shutDown_(parts_, mailbox_),
         media_({dialogs_, desktop_, boxes_, boxes_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
-                      state_),
+                      state_, session_.settings),
         web_(executableFolder + "../lib/kvo5/KVOWeb.so", canShutIn),
         pages_([this](QWidget* parent) { return web_.makeView(parent); },
                {store_, desktop_, "WebWindowPlace"}),

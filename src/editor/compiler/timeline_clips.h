@@ -26,6 +26,7 @@ struct TimelineClip {
   bool isMusic = false;           ///< the same, of a kind that can be laid under a movie
   bool hasPicture = false;        ///< a stream of the file
   bool hasSound = false;
+  bool isRead = false;  ///< its file has been: what it has is no presumption, and the file is there
 
   Value LoopStart;
   Value LoopEnd;

@@ -77,8 +77,9 @@ class EditorDesk : public PreviewHost {
   /// Sld_AudioOut, in tenths of full level.
   void moveLevel(int tenths);
   /// KVOBut_SaveProject, which asks for a name, and Ctrl+S, which does so only where there is no file yet.
-  void saveProject();
-  void saveAgain();
+  /// They give what is said of it, composed; empty where nothing was saved.
+  std::string saveProject();
+  std::string saveAgain();
   /// Cmd_Help: how a movie is made.
   void Cmd_Help() const;
 
@@ -126,6 +127,7 @@ class EditorDesk : public PreviewHost {
   void takeSounds();
   void retime();
   void followTab(Integer code);
+  [[nodiscard]] std::string saved(const std::function<bool()>& save) const;
   void takeSnapshot();
   void keepSnapshot(const Snapshot& wish, const Result<FramePicture>& picture);
   [[nodiscard]] Result<FramePicture> frameOf(const Snapshot& wish) const;

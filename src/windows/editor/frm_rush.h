@@ -68,7 +68,7 @@ class FrmRush final : public QWidget {
   void appear();
   void keep() const;
   void orderFocus();
-  void save(const std::function<void()>& act);
+  void save(const std::function<std::string()>& act);
   [[nodiscard]] QWidget& focused() const;
   void leaveTools();
   void takeTools();
