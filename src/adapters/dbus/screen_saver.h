@@ -12,6 +12,9 @@ namespace kvo {
 
 class ScreenSaver {
  public:
+  /// `reason` is what the desktop may show of it.
+  explicit ScreenSaver(QString reason = "A clip plays") : reason_(std::move(reason)) {}
+
   /// Never waits for the desktop. Without a session bus nothing happens. What is still held when the program
   /// ends, the desktop lets go of by itself.
   void inhibit(bool on);
@@ -28,6 +31,9 @@ class ScreenSaver {
   void answered(Holder whom, const QDBusMessage& reply);
   void release();
 
+  [[nodiscard]] QDBusMessage request(bool ofPortal) const;
+
+  QString reason_;
   bool wanted_ = false;
   Holder holder_ = Holder::None;
   uint cookie_ = 0;  // of the screen saver
