@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kKindGap = 8;
 constexpr int kKindColumn = 330;  // with its bar
-constexpr FactRows::Form kOptionFacts{208, 22, 0};
+constexpr FactRows::Form kOptionFacts{208, 20, 0};
 
 // A row of the list without its blanks and its number.
 std::string profileName(const std::string& row) { return profileText(GetWMVRenderProfileInt(row)); }
@@ -91,8 +91,8 @@ void OptionsPage::makeProfiles() {
 
 void OptionsPage::makeSummary() {
   write(tr("Your movie"), "caption", {750, 16, 208, 18});
-  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 40, 208, 176});
-  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), {750, 212, 208, 84});
+  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160});
+  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), {750, 206, 208, 90});
   KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 306, 208, 40});
   KVOBut_WriteMovie_->setProperty("kind", "primary");
   KVOBut_WriteMovie_->setProperty("large", true);

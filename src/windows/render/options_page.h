@@ -24,7 +24,7 @@ class OptionsPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::OptionsPage)
 
  public:
-  static constexpr QSize kPlace{976, 390};  ///< pixels at size 1
+  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
 
   OptionsPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture, QWidget* parent);
 

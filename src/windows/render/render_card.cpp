@@ -39,6 +39,7 @@ RenderCard::RenderCard(const RenderState& state, RenderActs acts, const PictureO
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     frames_->addWidget(area);
   }
+  for (auto* key : findChildren<QPushButton*>()) key->setAutoDefault(true);  // Enter presses it
   layOut();
 }
 
@@ -82,7 +83,7 @@ void RenderCard::draw() {
   const bool isPair = state_.frame == RenderFrame::PicInPic;
   frames_->setCurrentIndex(isOptions ? 0 : isPair ? 1 : 2);
   isOptions ? options_->draw() : isPair ? pair_->draw() : work_->draw();
-  if (std::exchange(drawn_, state_.frame) != state_.frame) firstFocus()->setFocus();
+  if (isVisible() && std::exchange(drawn_, state_.frame) != state_.frame) firstFocus()->setFocus();
 }
 
 void RenderCard::keyPressEvent(QKeyEvent* event) {
