@@ -14,17 +14,16 @@ constexpr const char* kSaver = "org.freedesktop.ScreenSaver";
 constexpr const char* kSaverPath = "/org/freedesktop/ScreenSaver";
 constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
 constexpr uint kIdle = 8;  // of what the portal can hold off: the session counting as idle
-constexpr const char* kReason = "A clip plays";
-
-QDBusMessage request(bool ofPortal) {
-  if (!ofPortal)
-    return QDBusMessage::createMethodCall(kSaver, kSaverPath, kSaver, "Inhibit") << "KVO5" << kReason;
-  auto call = QDBusMessage::createMethodCall(kPortal, "/org/freedesktop/portal/desktop",
-                                             "org.freedesktop.portal.Inhibit", "Inhibit");
-  return call << QString() << kIdle << QVariantMap{{"reason", kReason}};
-}
 
 }  // namespace
+
+QDBusMessage BusScreenSaver::request(bool ofPortal) const {
+  if (!ofPortal)
+    return QDBusMessage::createMethodCall(kSaver, kSaverPath, kSaver, "Inhibit") << "KVO5" << reason_;
+  auto call = QDBusMessage::createMethodCall(kPortal, "/org/freedesktop/portal/desktop",
+                                             "org.freedesktop.portal.Inhibit", "Inhibit");
+  return call << QString() << kIdle << QVariantMap{{"reason", reason_}};
+}
 
 void BusScreenSaver::inhibit(bool on) {
   wanted_ = on;

@@ -14,6 +14,9 @@ namespace kvo {
 
 class BusScreenSaver : public ScreenSaver {
  public:
+  /// `reason` is what the desktop may show of it.
+  explicit BusScreenSaver(QString reason = "A clip plays") : reason_(std::move(reason)) {}
+
   /// Never waits for the desktop. Without a session bus nothing happens. What is still held when the program
   /// ends, the desktop lets go of by itself.
   void inhibit(bool on) override;
@@ -30,6 +33,9 @@ class BusScreenSaver : public ScreenSaver {
   void answered(Holder whom, const QDBusMessage& reply);
   void release();
 
+  [[nodiscard]] QDBusMessage request(bool ofPortal) const;
+
+  QString reason_;
   bool wanted_ = false;
   Holder holder_ = Holder::None;
   uint cookie_ = 0;  // of the screen saver
