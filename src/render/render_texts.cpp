@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
+#include "render/output_kinds.h"
 
 #include <array>
 #include <cmath>
@@ -48,10 +49,7 @@ constexpr std::array<SummaryPatterns, 4> kSummaries = {
 
 }  // namespace
 
-std::string_view extensionOf(OutputKind kind) {
-  constexpr std::array<std::string_view, 4> kExtensions = {"WMV", "WMA", "AVI", "WAV"};
-  return kExtensions.at(static_cast<std::size_t>(kind));
-}
+std::string_view extensionOf(OutputKind kind) { return kindRow(kind).extension; }
 
 std::string filterOf(OutputKind kind) { return "*." + lower(extensionOf(kind)); }
 
@@ -153,6 +151,21 @@ Box noCountdownBox() {
   return warningBox("KVO5 - Render Engine Failure",
                     "Render Failed - Probable cause is output dimensions - Change the dimensions and re-try "
                     "the render");
+}
+
+Box replaceQuestion(std::string_view file) {
+  return {"KVO - Create Movie",
+          translated("%1 is there already. Do you wish to replace it ?", {fileNamePart(file)}),
+          BoxButtons::YesNo, BoxIcon::Question};
+}
+
+Box silenceQuestion(int minutes) {
+  return {"KVO - Render Engine",
+          translated("The render engine has said nothing for %1 min. It may hang, or have much to do.\r\n"
+                     "Do you wish to abort the render ?",
+                     {std::to_string(minutes)}),
+          BoxButtons::YesNo, BoxIcon::Warning,
+          {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
 }
 
 Box renderFailedBox(std::string_view why) {

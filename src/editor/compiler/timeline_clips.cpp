@@ -9,7 +9,7 @@
 namespace kvo {
 namespace {
 
-void lookInto(TimelineClip& clip, FrameSource& streams) {
+void lookInto(TimelineClip& clip, MediaContents& streams) {
   const auto& name = clip.record->MovieName();
   const auto* kind = mediaKind(name);
   const auto facts = streams.facts(clipFile(*clip.record));
@@ -71,7 +71,8 @@ TimelineClips::TimelineClips(const Collection& collection) {
   }
 }
 
-TimelineClips::TimelineClips(const Collection& collection, FrameSource& streams) : TimelineClips(collection) {
+TimelineClips::TimelineClips(const Collection& collection, MediaContents& streams)
+    : TimelineClips(collection) {
   for (auto& clip : clips_) lookInto(clip, streams);
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/records/collection.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <optional>
 #include <string>
@@ -50,7 +50,7 @@ class TimelineClips {
   /// As the records have them; kinds and streams are not known.
   explicit TimelineClips(const Collection& collection);
   /// With what the files hold, each looked into once.
-  TimelineClips(const Collection& collection, FrameSource& streams);
+  TimelineClips(const Collection& collection, MediaContents& streams);
 
   [[nodiscard]] int count() const { return static_cast<int>(clips_.size()); }
   TimelineClip& operator[](int number) { return clips_[static_cast<std::size_t>(number - 1)]; }

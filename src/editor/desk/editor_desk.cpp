@@ -62,10 +62,24 @@ void EditorDesk::watchChanges(bool on) {
 }
 
 void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
-  parts_.state.frame.toolsOn = on;
-  parts_.state.frame.toolsOffBecause = on ? "" : translated("Stop the preview first");
-  ShowClipStats();
+  toolsOn_ = on;
+  showTools();
   doors_.FrmFileOpenToolsOnOff(on);
+}
+
+void EditorDesk::toolsOffFor(const std::string& because) {
+  if (offBecause_ == because) return;
+  offBecause_ = because;
+  showTools();
+}
+
+void EditorDesk::showTools() {
+  auto& frame = parts_.state.frame;
+  frame.toolsOn = toolsOn_ && offBecause_.empty();
+  frame.toolsOffBecause = frame.toolsOn          ? ""
+                          : offBecause_.empty() ? translated("Stop the preview first")
+                                                : offBecause_;
+  ShowClipStats();
 }
 
 void EditorDesk::restoreCaption() {

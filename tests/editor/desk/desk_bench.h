@@ -23,9 +23,9 @@ struct NotedPreview : DeskPreview {
 };
 
 /// Streams that can be kept waiting for.
-struct HeldStreams : FrameSource {
-  explicit HeldStreams(FrameSource& all) : all(all) {}
-  FrameSource& all;
+struct HeldStreams : MediaContents {
+  explicit HeldStreams(MediaContents& all) : all(all) {}
+  MediaContents& all;
   std::mutex held;
   Result<StreamFacts> facts(const std::string& path) override {
     const std::lock_guard lock(held);
