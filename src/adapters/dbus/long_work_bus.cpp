@@ -25,12 +25,14 @@ void LongWorkBus::keepAwake(const std::string& why) {
   if (!bus.isConnected()) return;
   auto call = QDBusMessage::createMethodCall(kLogin, "/org/freedesktop/login1",
                                              "org.freedesktop.login1.Manager", "Inhibit");
-  call << "sleep:idle" << "KVO5" << QString::fromStdString(why) << "block";
+  call << "sleep:idle"
+       << "KVO5" << QString::fromStdString(why) << "block";
   auto answer = std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(call), &home_);
   QObject::connect(answer.get(), &QDBusPendingCallWatcher::finished, &home_,
                    [this](QDBusPendingCallWatcher* done) {
                      const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *done;
-                     if (isHeld_ && reply.isValid()) lock_ = std::make_unique<QDBusUnixFileDescriptor>(reply.value());
+                     if (isHeld_ && reply.isValid())
+                       lock_ = std::make_unique<QDBusUnixFileDescriptor>(reply.value());
                    });
   answer_.reset(answer.release());
 }

@@ -31,7 +31,7 @@ class LongWorkBus : public LongWork {
   // Of the login manager; closed, also by the end of the program, it lets go.
   std::unique_ptr<QDBusUnixFileDescriptor> lock_;
   ScreenSaver screenSaver_{"A movie is made"};  // a screen that is dark sends many machines to sleep
-  QObject home_;                  // answers come while it lives
+  QObject home_;                                // answers come while it lives
   std::unique_ptr<QObject, Later> answer_;
 };
 

@@ -148,8 +148,8 @@ class EditorDesk : public PreviewHost {
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   std::string filedEffects_;  // the effects table as its file has it; empty until it is read, once a run
   bool opening_ = false;
-  bool toolsOn_ = true;     // as far as the preview goes
-  std::string offBecause_;  // of all else; empty for none
+  bool toolsOn_ = true;      // as far as the preview goes
+  std::string offBecause_;   // of all else; empty for none
   bool lacksVideo_ = false;  // and it is still to be told
   bool editing_ = false;     // inside an edit
   bool held_ = false;        // by the user, a key or the mouse

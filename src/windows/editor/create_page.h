@@ -24,7 +24,7 @@ class CreatePage final : public EditorPage {
  public:
   /// What its keys ask; none may be empty.
   struct Acts {
-    std::function<void()> preview;  ///< Cmd_PrevGrph: begins one, or ends the one that runs
+    std::function<void()> preview;       ///< Cmd_PrevGrph: begins one, or ends the one that runs
     std::function<void()> renderToFile;  ///< Cmd_RendertoFile: shows what the movie can be made as
     std::function<void()> save;
     std::function<void()> help;
