@@ -78,6 +78,13 @@ void EditorWindow::make() {
       parts_.draw();
     };
   };
+  const auto telling = [this](auto work) {
+    return [this, work] {
+      auto said = work();
+      parts_.draw();
+      return said;
+    };
+  };
   frm_ = std::make_unique<FrmRush>(
       RushState{states.window.frame, states.window.stats, states.window.sliders, states.window.totals,
                 states.window.keys, states.history},
@@ -96,8 +103,8 @@ void EditorWindow::make() {
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
                .renderToFile = act([&render] { render.Rendertofile(); }),
-               .save = act([&desk] { desk.saveAgain(); }),
-               .saveAs = act([&desk] { desk.saveProject(); }),
+               .save = telling([&desk] { return desk.saveAgain(); }),
+               .saveAs = telling([&desk] { return desk.saveProject(); }),
                .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
                .close = act([&desk, &render] {
                  if (render.mayEnd()) desk.Form_QueryUnload();

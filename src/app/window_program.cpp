@@ -2,6 +2,7 @@
 
 #include "adapters/cdio/cdio_disc.h"
 #include "adapters/curl/curl_http.h"
+#include "adapters/dbus/bus_screen_saver.h"
 #include "adapters/dbus/long_work_bus.h"
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
@@ -134,7 +135,7 @@ class WindowProgram {
         shutDown_(parts_, mailbox_),
         media_({dialogs_, desktop_, boxes_, boxes_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
-                      state_),
+                      state_, session_.settings),
         web_(executableFolder + "../lib/kvo5/KVOWeb.so", canShutIn),
         pages_([this](QWidget* parent) { return web_.makeView(parent); },
                {store_, desktop_, "WebWindowPlace"}),
@@ -155,7 +156,7 @@ class WindowProgram {
               if (facts) list_.takeFacts(path, *facts);
             }),
         companions_({sketches_,
-                     desktop_,
+                     saver_,
                      {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
                       placesFile},
                      {state_, session_.collection, session_.files, links_.player(), loop_, play_.transport(),
@@ -307,6 +308,7 @@ class WindowProgram {
   MainWindowState state_;
   QtFileDialogs dialogs_;
   QtDesktop desktop_;
+  BusScreenSaver saver_;
   SettingsStore store_;
   SocketHandover handover_;
   PatientHandover patient_{handover_};

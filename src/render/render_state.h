@@ -1,7 +1,7 @@
 // What the pages of a render show, as plain data: the options, the pre-render, the render and the report.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <memory>
 #include <optional>

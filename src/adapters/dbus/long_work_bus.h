@@ -2,7 +2,7 @@
 // and notifications go to whoever shows them on the session bus.
 #pragma once
 
-#include "adapters/dbus/screen_saver.h"
+#include "adapters/dbus/bus_screen_saver.h"
 #include "ports/long_work.h"
 
 #include <QObject>
@@ -30,8 +30,8 @@ class LongWorkBus : public LongWork {
   bool isHeld_ = false;
   // Of the login manager; closed, also by the end of the program, it lets go.
   std::unique_ptr<QDBusUnixFileDescriptor> lock_;
-  ScreenSaver screenSaver_{"A movie is made"};  // a screen that is dark sends many machines to sleep
-  QObject home_;                                // answers come while it lives
+  BusScreenSaver screenSaver_{"A movie is made"};  // a screen that is dark sends many machines to sleep
+  QObject home_;                                   // answers come while it lives
   std::unique_ptr<QObject, Later> answer_;
 };
 

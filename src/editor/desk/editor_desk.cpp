@@ -278,12 +278,13 @@ void EditorDesk::moveLevel(int tenths) {
   buildClipSliders();
 }
 
-void EditorDesk::saveProject() {
-  if (!parts_.editing.clips().empty()) doors_.mnu_SaveShow_Click();
-}
+std::string EditorDesk::saveProject() { return saved(doors_.mnu_SaveShow_Click); }
+std::string EditorDesk::saveAgain() { return saved(doors_.saveAgain); }
 
-void EditorDesk::saveAgain() {
-  if (!parts_.editing.clips().empty()) doors_.saveAgain();
+std::string EditorDesk::saved(const std::function<bool()>& save) const {
+  const auto& collection = parts_.editing.collection;
+  if (collection.MovieList.empty() || !save()) return {};
+  return translated("Saved as %1", {collection.IniName});
 }
 
 void EditorDesk::Cmd_Help() const {

@@ -77,8 +77,9 @@ class EditorDesk : public PreviewHost {
   /// Sld_AudioOut, in tenths of full level.
   void moveLevel(int tenths);
   /// KVOBut_SaveProject, which asks for a name, and Ctrl+S, which does so only where there is no file yet.
-  void saveProject();
-  void saveAgain();
+  /// They give what is said of it, composed; empty where nothing was saved.
+  std::string saveProject();
+  std::string saveAgain();
   /// Tools are off for a reason, composed, that has nothing to do with the preview; empty for none any more.
   void toolsOffFor(const std::string& because);
   /// Cmd_Help: how a movie is made.
@@ -129,6 +130,7 @@ class EditorDesk : public PreviewHost {
   void takeSounds();
   void retime();
   void followTab(Integer code);
+  [[nodiscard]] std::string saved(const std::function<bool()>& save) const;
   void takeSnapshot();
   void keepSnapshot(const Snapshot& wish, const Result<FramePicture>& picture);
   [[nodiscard]] Result<FramePicture> frameOf(const Snapshot& wish) const;

@@ -153,10 +153,10 @@ void FrmRush::makeShortcuts() {
 }
 
 // The key that does the same may lie on a page that is not open.
-void FrmRush::save(const std::function<void()>& act) {
+void FrmRush::save(const std::function<std::string()>& act) {
   const auto& frame = state_.frame;
   const auto why = frame.toolsOn ? told(frame.saveOffBecause) : shown(frame.toolsOffBecause);
-  why.isEmpty() ? act() : refuse(focused(), why);
+  why.isEmpty() ? say(focused(), shown(act())) : refuse(focused(), why);
 }
 
 QWidget& FrmRush::focused() const {

@@ -72,7 +72,7 @@ class FrmRush final : public QWidget {
   void keep() const;
   void orderFocus();
   void drawRender();
-  void save(const std::function<void()>& act);
+  void save(const std::function<std::string()>& act);
   [[nodiscard]] QWidget& focused() const;
   void leaveTools();
   void takeTools();

@@ -1,7 +1,7 @@
 // A picture on black, in its own shape.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <QImage>
 #include <QWidget>

@@ -2,6 +2,8 @@
 // bus, and where there is none to be asked the portal that programs in a sandbox use.
 #pragma once
 
+#include "ports/screen_saver.h"
+
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -10,14 +12,14 @@ class QDBusMessage;
 
 namespace kvo {
 
-class ScreenSaver {
+class BusScreenSaver : public ScreenSaver {
  public:
   /// `reason` is what the desktop may show of it.
-  explicit ScreenSaver(QString reason = "A clip plays") : reason_(std::move(reason)) {}
+  explicit BusScreenSaver(QString reason = "A clip plays") : reason_(std::move(reason)) {}
 
   /// Never waits for the desktop. Without a session bus nothing happens. What is still held when the program
   /// ends, the desktop lets go of by itself.
-  void inhibit(bool on);
+  void inhibit(bool on) override;
 
  private:
   /// Who has been asked, or holds the screen awake.
