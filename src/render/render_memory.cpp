@@ -54,13 +54,13 @@ void MovieRender::recall() {
 void MovieRender::remember(const Job& job) {
   auto& store = ports_.store;
   folder_ = std::string(folderPart(job.file));
+  if (folder_.size() > 1) folder_.pop_back();  // its separator
   store.write(kRenderFolder, folder_);
   store.write(kRenderWorking, store.read(kRenderWorking) + job.working + "\n");
   if (job.isPicInPic) return;
   store.write(kRenderKind, kindRow(state_.kind).extension);
   store.write(kRenderOwnSize, state_.Chk_UseCodecOutputDimensions ? "0" : "1");
-  if (job.profile != kNoProfile && !job.audioOnly())
-    store.write(kRenderProfile, std::to_string(job.profile));
+  if (job.profile != kNoProfile && !job.audioOnly()) store.write(kRenderProfile, std::to_string(job.profile));
 }
 
 void MovieRender::forget(const std::string& working) {

@@ -106,7 +106,7 @@ StyledBox renderTimeWarning(double seconds) {
 
 StyledBox viewQuestion(std::string_view file) {
   return question("KVO - Movie Successfully Created",
-                  translated("%1 has been created !", {file}).append(kCrLf).append(kCrLf),
+                  translated("%1 has been created !", {fileNamePart(file)}).append(kCrLf).append(kCrLf),
                   "Do you wish to view the new Movie ?", BoxIcon::Done);
 }
 
@@ -164,7 +164,8 @@ Box silenceQuestion(int minutes) {
           translated("The render engine has said nothing for %1 min. It may hang, or have much to do.\r\n"
                      "Do you wish to abort the render ?",
                      {std::to_string(minutes)}),
-          BoxButtons::YesNo, BoxIcon::Warning,
+          BoxButtons::YesNo,
+          BoxIcon::Warning,
           {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
 }
 

@@ -143,8 +143,8 @@ void OptionsPage::drawProfiles() {
   Chk_UseCodecOutputDimensions_->setVisible(isListed && row.hasPicture);
   Chk_UseCodecOutputDimensions_->setChecked(state_.Chk_UseCodecOutputDimensions);
   const auto size = shown(state_.codecSize);
-  setTextOf(*Chk_UseCodecOutputDimensions_,
-            size.isEmpty() ? tr("Use the size of the profile") : tr("Use the size of the profile, %1").arg(size));
+  setTextOf(*Chk_UseCodecOutputDimensions_, size.isEmpty() ? tr("Use the size of the profile")
+                                                           : tr("Use the size of the profile, %1").arg(size));
 }
 
 }  // namespace kvo
