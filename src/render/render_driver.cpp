@@ -21,7 +21,14 @@ std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string
     arguments.push_back("/[" + FormatMask(from, "0.00") + "-" + FormatMask(to, "0.00") + "]");
   }
   if (order.profile) arguments.insert(arguments.end(), {"/P", std::to_string(*order.profile)});
-  if (!order.codec.empty()) arguments.insert(arguments.end(), {"/C", order.codec});
+  const auto add = [&](const char* option, const std::string& value) {
+    if (!value.empty()) arguments.insert(arguments.end(), {option, value});
+  };
+  add("/P", order.preset);
+  add("/C", order.codec);
+  if (order.quality > 0) add("/Q", std::to_string(order.quality));
+  add("/E", order.effort);
+  if (order.megabytes > 0) add("/M", FormatMask(order.megabytes, "0.000"));
   arguments.insert(arguments.end(), {"/S", std::to_string(starter), "/W", order.output, document});
   return arguments;
 }

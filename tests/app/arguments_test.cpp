@@ -17,7 +17,7 @@ TEST(EngineArguments, TakeTheirForms) {
   EXPECT_EQ(all->job.slice->to, 4);
   EXPECT_EQ(all->profile, 12);
   EXPECT_EQ(all->starter, 4194303);
-  EXPECT_EQ(all->job.aviCodec, media::VideoCodec::Mpeg4);
+  EXPECT_EQ(all->job.codec, VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
   const auto least = readEngineArguments({"/w", "o.wav", "d.xtl"});
