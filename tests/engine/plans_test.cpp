@@ -105,6 +105,13 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
       // Large pictures cannot wait for their turn, and large references are not held four times.
       {"AVI, large", large, {"m.avi"}, 8},
       {"WMV, large", large, {"m.wmv"}, 8},
+      {"MP4", timeline, {"m.mp4"}, 4},
+      {"AV1, which one encoder makes", timeline, {"m.webm", {}, VideoCodec::Av1}, 4},
+      {"GIF, by its preset", timeline, {.output = "m.gif", .preset = presetNamed("gif")}, 2},
+      {"MP4 within a size", timeline, {.output = "m.mp4", .megabytes = 1}, 2},
+      {"a codec of another kind", timeline, {"m.mp4", {}, VideoCodec::Vp9}, 1},
+      {"a preset of another kind", timeline, {.output = "m.webm", .preset = presetNamed("web")}, 1},
+      {"WebM within a size", timeline, {.output = "m.webm", .megabytes = 1}, 1},
       {"WAV", timeline, {"m.wav"}, 4},
       {"WMA, 0.05 to 0.07 s", timeline, {"m.wma", Slice{0.05, 0.07}}, 4},
       {"an extension that is not known", timeline, {"m.mkv"}, 1},
