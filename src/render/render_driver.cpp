@@ -108,12 +108,21 @@ double RenderDriver::secondsSinceStart() const {
 
 void RenderDriver::hear(std::string_view line) {
   const auto word = readEngineLine(line);
-  if (const auto* progress = std::get_if<EngineProgress>(&word)) state_.progress.movie = *progress;
+  if (const auto* progress = std::get_if<EngineProgress>(&word)) hearProgress(*progress);
   if (const auto* damage = std::get_if<EngineDamage>(&word)) state_.damage.push_back(*damage);
   if (const auto* note = std::get_if<EngineNote>(&word)) state_.notes.push_back(note->text);
   if (const auto* report = std::get_if<EngineReport>(&word)) state_.report = *report;
   state_.progress.elapsed = secondsSinceStart();
   changed_();
+}
+
+void RenderDriver::hearProgress(const EngineProgress& movie) {
+  auto& progress = state_.progress;
+  if (progress.begunAt == 0) {
+    progress.begunAt = secondsSinceStart();
+    progress.begunWith = movie.done;
+  }
+  progress.movie = movie;
 }
 
 void RenderDriver::hearError(std::string_view line) {

@@ -90,6 +90,7 @@ class RenderDriver {
   Outcome prepare(const RenderOrder& order, const std::string& folder);
   void letGo();
   void hear(std::string_view line);
+  void hearProgress(const EngineProgress& movie);
   void hearError(std::string_view line);
   void hearEnd(const ProcessEnd& end);
   [[nodiscard]] double secondsSinceStart() const;
