@@ -2,6 +2,7 @@
 // render/engine_protocol.h. With --sheet it draws a row of small frames of each document instead, for looking
 // at. A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_temporary_folders.h"
 #include "adapters/posix/starter_watch.h"
 #include "app/engine_arguments.h"
 #include "base/guarded.h"
@@ -17,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -96,6 +98,13 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   if (!profile) return fail(profile.error(), kvo::kExitFailed);
   auto job = arguments.job;
   job.profile = *profile;
+  std::unique_ptr<kvo::TemporaryFolder> scratch;
+  if (kvo::engine::mostMegabytes(job) > 0) {
+    auto made = kvo::PosixTemporaryFolders().make();
+    if (!made) return fail(made.error(), kvo::kExitFailed);
+    scratch = std::move(*made);
+    job.scratch = scratch->path();
+  }
   const auto report = kvo::engine::render(*timeline, job, files, progressPrinter());
   if (!report) return fail(report.error(), kvo::kExitFailed);
   for (const auto& hole : report->damage) {
@@ -109,7 +118,9 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
 
 int wrongUsage(const kvo::Error& error) {
   std::fputs(
-      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/S PROCESS] /W OUTPUT DOCUMENT\n"
+      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/Q QUALITY] [/E EFFORT] [/M MEGABYTES] [/S "
+      "PROCESS]\n"
+      "                 /W OUTPUT DOCUMENT\n"
       "       KVORender --sheet FILE.png DOCUMENT...\n",
       stderr);
   return fail(error, kvo::kExitUsage);

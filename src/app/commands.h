@@ -11,6 +11,9 @@ namespace kvo {
 /// Compiles the collection and has the engine, the program `engine`, render it.
 int runRender(Session& session, const CommandLine& line, const std::string& engine);
 
+/// Lists the presets of a render.
+int runPresets();
+
 int runCheck(Session& session, const CommandLine& line);
 
 int runDocument(Session& session, const CommandLine& line);

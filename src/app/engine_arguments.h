@@ -1,5 +1,6 @@
 // The command line of the render engine:
-//   KVORender [/[from-to]] [/P n] [/C codec] [/S process] /W OUTPUT DOCUMENT
+//   KVORender [/[from-to]] [/P n or preset] [/C codec] [/Q quality] [/E effort] [/M megabytes] [/S process]
+//             /W OUTPUT DOCUMENT
 //   KVORender --sheet FILE.png DOCUMENT...
 #pragma once
 

@@ -36,7 +36,11 @@ std::optional<double> speedOf(const RenderProgress& progress) {
 std::optional<double> secondsLeft(const RenderProgress& progress) {
   const double share = shareDone(progress);
   if (share <= 0 || !speedOf(progress)) return std::nullopt;
-  return progress.elapsed * (1 - share) / share;
+  const auto& movie = progress.movie;
+  const double made = movie.done - progress.begunWith;
+  const double took = progress.elapsed - progress.begunAt;
+  if (made <= 0 || took <= 0) return progress.elapsed * (1 - share) / share;
+  return took * (movie.total - movie.done) / made;
 }
 
 std::optional<double> bytesInAll(const RenderProgress& progress) {

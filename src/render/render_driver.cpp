@@ -21,7 +21,14 @@ std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string
     arguments.push_back("/[" + FormatMask(from, "0.00") + "-" + FormatMask(to, "0.00") + "]");
   }
   if (order.profile) arguments.insert(arguments.end(), {"/P", std::to_string(*order.profile)});
-  if (!order.codec.empty()) arguments.insert(arguments.end(), {"/C", order.codec});
+  const auto add = [&](const char* option, const std::string& value) {
+    if (!value.empty()) arguments.insert(arguments.end(), {option, value});
+  };
+  add("/P", order.preset);
+  add("/C", order.codec);
+  if (order.quality > 0) add("/Q", std::to_string(order.quality));
+  add("/E", order.effort);
+  if (order.megabytes > 0) add("/M", FormatMask(order.megabytes, "0.000"));
   arguments.insert(arguments.end(), {"/S", std::to_string(starter), "/W", order.output, document});
   return arguments;
 }
@@ -101,12 +108,21 @@ double RenderDriver::secondsSinceStart() const {
 
 void RenderDriver::hear(std::string_view line) {
   const auto word = readEngineLine(line);
-  if (const auto* progress = std::get_if<EngineProgress>(&word)) state_.progress.movie = *progress;
+  if (const auto* progress = std::get_if<EngineProgress>(&word)) hearProgress(*progress);
   if (const auto* damage = std::get_if<EngineDamage>(&word)) state_.damage.push_back(*damage);
   if (const auto* note = std::get_if<EngineNote>(&word)) state_.notes.push_back(note->text);
   if (const auto* report = std::get_if<EngineReport>(&word)) state_.report = *report;
   state_.progress.elapsed = secondsSinceStart();
   changed_();
+}
+
+void RenderDriver::hearProgress(const EngineProgress& movie) {
+  auto& progress = state_.progress;
+  if (progress.begunAt == 0) {
+    progress.begunAt = secondsSinceStart();
+    progress.begunWith = movie.done;
+  }
+  progress.movie = movie;
 }
 
 void RenderDriver::hearError(std::string_view line) {

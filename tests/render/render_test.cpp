@@ -55,6 +55,8 @@ TEST(RenderProgress, TimeLeftNeverJumpsUpInTheSecondHalf) {
 TEST(RenderProgress, TellsShareSpeedAndTimeLeft) {
   EXPECT_EQ(progressText({{0, 10}, 25, 0}), "  0%");
   EXPECT_EQ(progressText({{5, 20}, 25, 2}), " 25%  2.50 x real time  0:06 left");
+  EXPECT_EQ(progressText({{5, 20}, 25, 2, 1.5, 1}), " 25%  2.50 x real time  0:02 left")
+      << "of which 1.5 to begin";
   EXPECT_EQ(progressText({{20, 20}, 25, 8}), "100%  2.50 x real time  0:00 left");
   EXPECT_EQ(clockText(3661), "1:01:01");
   EXPECT_EQ(clockText(59.2), "1:00");

@@ -80,18 +80,25 @@ Outcome FrameLine::makeSegment(std::size_t number) {
   for (auto frame = segment.first; frame < segment.stop; ++frame) {
     auto picture = compositor.frame(frame);
     if (!picture) return picture.error();
-    MadeFrame made;
-    if (encoder) {
-      auto encoded = encoder->encode(*picture, frame - segments_.front().first);
-      if (!encoded) return encoded.error();
-      made.encoded = std::move(*encoded);
-    } else {
-      made.picture = std::move(*picture);
-    }
     ++made_;
-    if (!put(number, std::move(made))) return {};
+    if (!encoder) {
+      if (!put(number, {std::move(*picture), {}})) return {};
+      continue;
+    }
+    auto wanted = putAll(number, encoder->encode(*picture, frame - segments_.front().first));
+    if (!wanted || !*wanted) return wanted ? Outcome() : wanted.error();
   }
-  return {};
+  if (!encoder) return {};
+  const auto wanted = putAll(number, encoder->finish());
+  return wanted ? Outcome() : wanted.error();
+}
+
+Result<bool> FrameLine::putAll(std::size_t lane, Result<media::EncodedFrames> frames) {
+  if (!frames) return frames.error();
+  for (auto& frame : *frames) {
+    if (!put(lane, {{}, std::move(frame)})) return false;
+  }
+  return true;
 }
 
 // False when nobody wants more.

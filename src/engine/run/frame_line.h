@@ -20,7 +20,8 @@
 
 namespace kvo::engine {
 
-/// A frame of the movie: encoded, or as a picture where the encoding is left to whoever takes it.
+/// A frame of the movie: encoded, in the order of the file, or as a picture where the encoding is left to
+/// whoever takes it.
 struct MadeFrame {
   media::Picture picture{};
   media::EncodedFrame encoded{};
@@ -55,6 +56,7 @@ class FrameLine {
   void work();
   Outcome makeSegment(std::size_t number);
   bool put(std::size_t lane, MadeFrame frame);
+  Result<bool> putAll(std::size_t lane, Result<media::EncodedFrames> frames);
   void fail(const Error& error);
 
   const Timeline& timeline_;
