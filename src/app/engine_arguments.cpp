@@ -29,10 +29,36 @@ std::optional<int> wholeIn(std::string_view text) {
   return whole && *whole == *number ? whole : std::nullopt;
 }
 
+// "2/8": the second of eight.
+std::optional<engine::Share> shareIn(std::string_view text) {
+  const auto slash = text.find('/');
+  if (slash == std::string_view::npos) return std::nullopt;
+  const auto number = wholeIn(text.substr(0, slash));
+  const auto of = wholeIn(text.substr(slash + 1));
+  if (!number || !of || *number < 1 || *number > *of) return std::nullopt;
+  return engine::Share{static_cast<std::size_t>(*number) - 1, static_cast<std::size_t>(*of)};
+}
+
 std::optional<media::VideoCodec> codecNamed(std::string_view name) {
   if (sameText(name, "raw")) return media::VideoCodec::Raw;
   if (sameText(name, "mpeg4")) return media::VideoCodec::Mpeg4;
   return std::nullopt;
+}
+
+// What of the arguments changes the bytes of a movie: not where it goes, who starts it and with whom it is
+// made.
+std::string identityOf(const std::vector<std::string>& arguments) {
+  constexpr std::array<std::string_view, 4> kBeside = {"/S", "/W", "/K", "/J"};
+  std::string identity;
+  for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
+    const auto& argument = arguments[i];
+    if (std::any_of(kBeside.begin(), kBeside.end(), [&](auto o) { return sameText(argument, o); })) {
+      ++i;
+    } else {
+      identity += argument + "\n";
+    }
+  }
+  return identity;
 }
 
 }  // namespace
@@ -50,6 +76,8 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
   if (arguments.empty()) return Error{"no document is named"};
   EngineArguments read;
   read.document = arguments.back();
+  std::string workFolder;
+  std::optional<engine::Share> share;
   const std::size_t options = arguments.size() - 1;
   for (std::size_t i = 0; i < options; ++i) {
     const auto& option = arguments[i];
@@ -58,13 +86,18 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
       if (!read.job.slice) return Error{"the range " + option + " is not of the form /[1.50-4.00]"};
       continue;
     }
-    constexpr std::array<std::string_view, 4> kWithValue = {"/P", "/C", "/S", "/W"};
+    constexpr std::array<std::string_view, 6> kWithValue = {"/P", "/C", "/S", "/W", "/K", "/J"};
     if (std::none_of(kWithValue.begin(), kWithValue.end(), [&](auto o) { return sameText(option, o); })) {
       return Error{"there is no option " + option};
     }
     if (i + 1 >= options) return Error{"the option " + option + " needs a value"};
     const auto& value = arguments[++i];
-    if (sameText(option, "/W")) {
+    if (sameText(option, "/K")) {
+      workFolder = value;
+    } else if (sameText(option, "/J")) {
+      share = shareIn(value);
+      if (!share) return Error{"the share " + value + " is not of the form 2/8"};
+    } else if (sameText(option, "/W")) {
       read.job.output = value;
     } else if (sameText(option, "/P")) {
       read.profile = wholeIn(value);
@@ -81,6 +114,8 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
     }
   }
   if (read.job.output.empty()) return Error{"no output file is named: /W OUTPUT"};
+  if (share && workFolder.empty()) return Error{"a share needs a folder for its segments: /K FOLDER"};
+  if (!workFolder.empty()) read.job.work = engine::Work{workFolder, identityOf(arguments), share};
   return read;
 }
 

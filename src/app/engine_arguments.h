@@ -1,5 +1,5 @@
 // The command line of the render engine:
-//   KVORender [/[from-to]] [/P n] [/C codec] [/S process] /W OUTPUT DOCUMENT
+//   KVORender [/[from-to]] [/P n] [/C codec] [/S process] [/K folder [/J n/of]] /W OUTPUT DOCUMENT
 //   KVORender --sheet FILE.png DOCUMENT...
 #pragma once
 

@@ -128,10 +128,10 @@ Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, in
   }
   planFrames(*slice, plan);
   const auto& video = *plan.format.video;
-  plan.segments = canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
-                                 : std::vector<Segment>{{plan.first, plan.stop}};
+  plan.segments = job.work || canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
+                                             : std::vector<Segment>{{plan.first, plan.stop}};
   plan.crew = crewFor(video, plan.segments.size(), std::max(1, cores));
-  plan.encodesInSegments = video.codec != media::VideoCodec::Raw;
+  plan.encodesInSegments = job.work || video.codec != media::VideoCodec::Raw;
   return plan;
 }
 

@@ -21,11 +21,25 @@ struct Slice {
   double to = 0;
 };
 
+/// Each process of several that make a movie together sees to the segments `number`, `number + of`, ...
+struct Share {
+  std::size_t number = 0;
+  std::size_t of = 1;
+};
+
+/// Where finished segments are kept until the movie stands.
+struct Work {
+  std::string folder;
+  std::string identity;          ///< what a segment depends on beside the plan and the sources
+  std::optional<Share> share{};  ///< only these segments are made, and no movie
+};
+
 struct RenderJob {
   std::string output;            ///< its extension says the kind: .AVI, .WAV, .WMV or .WMA
   std::optional<Slice> slice{};  ///< without it the whole timeline
   media::VideoCodec aviCodec = media::VideoCodec::Raw;
   std::optional<EncodeProfile> profile{};  ///< of a WMV or WMA; the engine's own quality without one
+  std::optional<Work> work{};              ///< of a movie with pictures
 };
 
 /// Who makes the pictures.

@@ -3,6 +3,7 @@
 #include "base/guarded.h"
 #include "base/numbers.h"
 #include "engine/run/frame_line.h"
+#include "engine/run/work_folder.h"
 #include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
 #include "media/media_facts.h"
@@ -32,10 +33,20 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
   return {};
 }
 
+using Told = std::function<void(std::int64_t made, std::int64_t written)>;
+
+// Makes the segments of this process's share, and no movie.
+Outcome makeShare(const Timeline& timeline, const RenderPlan& plan, const media::MovieWriter& writer,
+                  const WorkFolder& work, const Told& told) {
+  FrameLine line(
+      timeline, plan.segments, [&writer] { return writer.newVideoEncoder(); }, plan.crew, nullptr, &work);
+  return line.finish([&] { told(line.made(), 0); });
+}
+
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
-Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWriter& writer,
-             media::DamageList& damage, std::uint64_t& pictureBytes,
-             const std::function<void(std::int64_t made, std::int64_t written)>& told) {
+Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder* work,
+             media::MovieWriter& writer, media::DamageList& damage, std::uint64_t& pictureBytes,
+             const Told& told) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.firstSample, &damage);
   std::optional<media::VideoEncoder> encoder;  // of frames that come as pictures
@@ -47,12 +58,12 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (!made) return made.error();
       encoder.emplace(std::move(*made));
     }
-    line.emplace(timeline, plan.segments, newEncoder, plan.crew, &damage);
+    line.emplace(timeline, plan.segments, newEncoder, plan.crew, &damage, work);
   }
   std::vector<float> sound;
   for (auto step = plan.first; step < plan.stop; ++step) {
     if (line) {
-      const auto frame = line->next();
+      const auto frame = line->next([&] { told(line->made(), step - plan.first); });
       if (!frame) return frame.error();
       const auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
                                    : Result<media::EncodedFrame>(frame->encoded);
@@ -96,7 +107,15 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
   const auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
   if (!plan) return plan.error();
   if (auto done = checkSources(timeline, job, files); !done) return done.error();
-  auto target = files.replace(job.output);
+  std::optional<WorkFolder> work;
+  if (job.work && !plan->format.video && job.work->share) return Error{"a sound file has no segments"};
+  if (job.work && plan->format.video) {
+    auto opened = WorkFolder::open(timeline, *plan, job, files);
+    if (!opened) return opened.error();
+    work.emplace(std::move(*opened));
+  }
+  const bool isShare = work && job.work->share;
+  auto target = files.replace(isShare ? work->draft() : job.output);
   if (!target) return target.error();
   auto writer = media::MovieWriter::open(**target, plan->format, job.output);
   if (!writer) return writer.error();
@@ -107,8 +126,15 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
     const auto secondsAt = [&](std::int64_t steps) { return std::min(plan->steps.secondsAt(steps), total); };
     if (watch) watch({secondsAt(made), total, (*target)->size(), secondsAt(written)});
   };
-  if (auto done = pump(timeline, *plan, *writer, damage, pictureBytes, told); !done) return done.error();
+  if (isShare) {
+    // What the writer has begun is never committed: it tells what the encoders are like.
+    if (auto done = makeShare(timeline, *plan, *writer, *work, told); !done) return done.error();
+    return RenderReport{0, plan->seconds()};
+  }
+  if (auto done = pump(timeline, *plan, work ? &*work : nullptr, *writer, damage, pictureBytes, told); !done)
+    return done.error();
   if (auto done = (*target)->commit(); !done) return done.error();
+  if (work) work->sweep();
   return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size(),
                       damage.all(), notesOf(*plan, pictureBytes)};
 }
