@@ -37,8 +37,8 @@ kvo::engine::RenderWatch progressPrinter() {
     if (step.done == told || (now < next && step.done < step.total)) return;
     next = now + std::chrono::milliseconds(200);
     told = step.done;
-    print(kvo::engineLine(
-        kvo::EngineProgress{step.done, step.total, static_cast<double>(step.bytes), step.written}));
+    print(kvo::engineLine(kvo::EngineProgress{step.done, step.total, static_cast<double>(step.bytes),
+                                              step.written, step.kept}));
   };
 }
 

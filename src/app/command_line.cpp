@@ -97,6 +97,11 @@ Outcome readCollection(CommandLine& line, Words words) {
 Outcome readRender(CommandLine& line, Words words) {
   if (auto done = readCollection(line, words); !done) return done;
   for (std::size_t i = 2; i < words.size(); i += 2) {
+    if (words[i] == "--resume") {
+      line.resume = true;
+      --i;
+      continue;
+    }
     const auto* option = std::ranges::find(kRenderOptions, words[i], &RenderOption::name);
     if (option == kRenderOptions.end()) return Error{words[0] + " has no option " + words[i]};
     if (i + 1 == words.size()) return Error{words[i] + " needs a value"};
@@ -178,6 +183,8 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --rate FPS        frames a second, 2 to 240: 25
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4
       --profile NUMBER  of a .wmv or .wma: size and bit rates of a Windows Media profile, 0 to 41
+      --resume          keeps what is finished of the picture in a folder beside FILE, and goes on from there
+                        when the same render was cut off or stopped
 kvo5 --add COLLECTION FILE...
     Adds clips, folders of clips and addresses of streams to a collection, which is begun where there is none.
 kvo5 --check COLLECTION

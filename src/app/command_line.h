@@ -39,6 +39,7 @@ struct CommandLine {
   std::optional<int> previewPower;  ///< of --document, 1 to 10
   std::string codec;                ///< of an AVI; empty for uncompressed
   std::optional<int> profile;       ///< of a WMV or WMA, 0 to 41
+  bool resume = false;              ///< finished segments are kept, and those that are there are taken
 };
 
 /// True when the arguments ask for something else than the main window: a long option comes first.

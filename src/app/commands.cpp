@@ -11,6 +11,7 @@
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace kvo {
 namespace {
@@ -76,6 +77,12 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
                     .codec = line.codec,
                     .frameRate = session.settings.preferences().OutPutFrameRate,
                     .sharesTerminal = true};
+  if (line.resume) {
+    order.workFolder = workFolderOf(line.output);
+  } else {
+    std::error_code ignored;  // what is left of one that nobody wants to go on with
+    std::filesystem::remove_all(workFolderOf(line.output), ignored);
+  }
   if (line.range) order.range = {line.range->from, line.range->to};
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
   if (line.profile && *line.profile < kSystemProfiles) {

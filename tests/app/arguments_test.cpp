@@ -9,14 +9,18 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(EngineArguments, TakeTheirForms) {
-  const auto all = readEngineArguments(
-      {"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/W", "/out/my movie.avi", "/x/doc.xtl"});
+  const auto all = readEngineArguments({"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/J",
+                                        "2/3", "/K", "/work", "/W", "/out/my movie.avi", "/x/doc.xtl"});
   ASSERT_TRUE(all) << all.error().text;
   ASSERT_TRUE(all->job.slice);
   EXPECT_EQ(all->job.slice->from, 1.5);
   EXPECT_EQ(all->job.slice->to, 4);
   EXPECT_EQ(all->profile, 12);
   EXPECT_EQ(all->starter, 4194303);
+  EXPECT_EQ(all->job.work->folder, "/work");
+  EXPECT_EQ(all->job.work->share->number, 1U);
+  EXPECT_EQ(all->job.work->share->of, 3U);
+  EXPECT_EQ(all->job.work->identity, "/[1.50-4.00] \n/P\n12\n/C\nmpeg4\n");
   EXPECT_EQ(all->job.aviCodec, media::VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
@@ -34,6 +38,9 @@ TEST(EngineArguments, TakeTheirForms) {
                          {"/S", "x", "/W", "o.avi", "d.xtl"},
                          {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
                          {"/[1.50]", "/W", "o.avi", "d.xtl"},
+                         {"/J", "1/2", "/W", "o.avi", "d.xtl"},
+                         {"/K", "w", "/J", "3/2", "/W", "o.avi", "d.xtl"},
+                         {"/K", "w", "/J", "0/2", "/W", "o.avi", "d.xtl"},
                          {"/Q", "/W", "o.avi", "d.xtl"}};
   for (const auto& words : wrong) EXPECT_FALSE(readEngineArguments(words)) << testing::PrintToString(words);
 }

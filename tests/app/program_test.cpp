@@ -354,6 +354,46 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
   }
 }
 
+// Cut off behind the first finished segments, stopped, and changed in between.
+TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
+  const auto path = collection("c.INI", std::vector<std::string>(16, video_));
+  temporaryFolder();
+  const auto order = [&](const char* name, bool resumes) {
+    std::vector<std::string> words = {"--render", path,      "--output", work_ / name,
+                                      "--size",   "640x360", "--codec",  "mpeg4"};
+    if (resumes) words.emplace_back("--resume");
+    return words;
+  };
+  const auto folder = work_ / ".rendering-b.avi";
+  const auto segments = [&] {
+    std::error_code none;
+    std::filesystem::directory_iterator in(folder, none);
+    return std::count_if(begin(in), end(in),
+                         [](const auto& e) { return e.path().extension() == ".segment"; });
+  };
+  expectEnd(kvo5(order("a.avi", false)), 0);
+  for (const int number : {SIGKILL, SIGINT}) {
+    auto words = order("b.avi", true);
+    words.insert(words.begin(), KVO_PROGRAMS "/kvo5");
+    Running render(words);
+    const auto before = segments();
+    while (segments() == before) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    render.signal(number);
+    EXPECT_TRUE(render.childrenEnd());
+    const auto says = number == SIGINT ? "the same command goes on from here" : "";
+    EXPECT_NE(render.said().find(says), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
+  }
+  EXPECT_GE(segments(), 2);
+  expectEnd(kvo5(order("b.avi", true)), 0);
+  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
+  EXPECT_TRUE(bytes("a.avi") == bytes("b.avi"));
+  EXPECT_FALSE(std::filesystem::exists(folder));
+  std::filesystem::create_directory(folder);
+  expectEnd(kvo5(order("b.avi", false)), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder)) << "nobody wants to go on with it";
+}
+
 TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {
   const auto path = collection("c.INI", {video_});
   temporaryFolder();

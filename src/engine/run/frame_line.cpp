@@ -77,7 +77,9 @@ Outcome FrameLine::makeSegment(std::size_t number) {
 Outcome FrameLine::keepSegment(std::size_t number) {
   if (!work_->wants(number)) return {};
   if (const auto kept = work_->read(number)) {
-    made_ += segments_[number].stop - segments_[number].first;
+    const auto frames = segments_[number].stop - segments_[number].first;
+    made_ += frames;
+    kept_ += frames;
     return {};
   }
   auto target = work_->begin(number);

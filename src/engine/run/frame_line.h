@@ -50,6 +50,8 @@ class FrameLine {
 
   /// How many frames have been made, in whatever order.
   [[nodiscard]] std::int64_t made() const { return made_; }
+  /// How many of them stood in the work folder already.
+  [[nodiscard]] std::int64_t kept() const { return kept_; }
 
  private:
   // What is ready of a segment.
@@ -79,6 +81,7 @@ class FrameLine {
   const WorkFolder* const work_;
   std::optional<media::SegmentReader> reader_;  // of the lane that is handed out
   std::atomic<std::int64_t> made_ = 0;
+  std::atomic<std::int64_t> kept_ = 0;
 
   std::mutex mutex_;
   std::condition_variable changed_;

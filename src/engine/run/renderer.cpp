@@ -33,14 +33,15 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
   return {};
 }
 
-using Told = std::function<void(std::int64_t made, std::int64_t written)>;
+// Steps, as RenderStep has them.
+using Told = std::function<void(std::int64_t made, std::int64_t written, std::int64_t kept)>;
 
 // Makes the segments of this process's share, and no movie.
 Outcome makeShare(const Timeline& timeline, const RenderPlan& plan, const media::MovieWriter& writer,
                   const WorkFolder& work, const Told& told) {
   FrameLine line(
       timeline, plan.segments, [&writer] { return writer.newVideoEncoder(); }, plan.crew, nullptr, &work);
-  return line.finish([&] { told(line.made(), 0); });
+  return line.finish([&] { told(line.made(), 0, line.kept()); });
 }
 
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
@@ -63,7 +64,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder*
   std::vector<float> sound;
   for (auto step = plan.first; step < plan.stop; ++step) {
     if (line) {
-      const auto frame = line->next([&] { told(line->made(), step - plan.first); });
+      const auto frame = line->next([&] { told(line->made(), step - plan.first, line->kept()); });
       if (!frame) return frame.error();
       const auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
                                    : Result<media::EncodedFrame>(frame->encoded);
@@ -78,7 +79,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder*
       if (auto done = writer.writeAudio(sound); !done) return done;
     }
     const auto made = line ? line->made() : step + 1 - plan.first;
-    told(made, step + 1 - plan.first);
+    told(made, step + 1 - plan.first, line ? line->kept() : 0);
   }
   return writer.finish();
 }
@@ -121,10 +122,10 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
   if (!writer) return writer.error();
   media::DamageList damage;
   std::uint64_t pictureBytes = 0;
-  const auto told = [&](std::int64_t made, std::int64_t written) {
+  const auto told = [&](std::int64_t made, std::int64_t written, std::int64_t kept) {
     const double total = plan->seconds();
     const auto secondsAt = [&](std::int64_t steps) { return std::min(plan->steps.secondsAt(steps), total); };
-    if (watch) watch({secondsAt(made), total, (*target)->size(), secondsAt(written)});
+    if (watch) watch({secondsAt(made), total, (*target)->size(), secondsAt(written), secondsAt(kept)});
   };
   if (isShare) {
     // What the writer has begun is never committed: it tells what the encoders are like.
