@@ -18,6 +18,7 @@ enum class Task {
   Render,
   Check,
   Document,
+  Queue,
   Add,
   Look,    ///< the program's own: it looks into files for another copy
   Sketch,  ///< likewise: it makes small pictures of them
@@ -27,6 +28,9 @@ struct PictureSize {
   int width = 0;  ///< pixels
   int height = 0;
 };
+
+/// What is asked of the queue of renders.
+enum class QueueAct { Add, List, Pause, Resume, Remove, Move, Run };
 
 struct CommandLine {
   Task task = Task::Help;
@@ -39,7 +43,11 @@ struct CommandLine {
   std::optional<int> previewPower;  ///< of --document, 1 to 10
   std::string codec;                ///< of an AVI; empty for uncompressed
   std::optional<int> profile;       ///< of a WMV or WMA, 0 to 41
-  bool resume = false;              ///< finished segments are kept, and those that are there are taken
+  int slurmJobs = 0;                ///< that a cluster makes the segments by; 0 for this machine alone
+  QueueAct queueAct = QueueAct::List;
+  int queueNumber = 0;  ///< of the job that is meant
+  int queuePlace = 0;   ///< that it is moved to, from 1
+  bool resume = false;  ///< finished segments are kept, and those that are there are taken
 };
 
 /// True when the arguments ask for something else than the main window: a long option comes first.

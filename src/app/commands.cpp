@@ -2,12 +2,14 @@
 
 #include "app/clip_summary.h"
 #include "app/console_render.h"
+#include "app/farm_command.h"
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "editor/compiler/collection_faults.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
 #include "render/system_profile.h"
+#include "render/wm8_profile.h"
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
@@ -56,11 +58,11 @@ Result<std::string> compileWithoutFaults(Session& session, const ReadReport& rep
 
 }  // namespace
 
-int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+Result<RenderOrder> renderOrder(Session& session, const CommandLine& line) {
   const auto report = session.open(line.collection);
-  if (!report) return fail(report.error().text);
+  if (!report) return report.error();
   if (session.files.sameFile(line.collection, line.output)) {
-    return fail("cannot write " + line.output + ": it is the collection");
+    return Error{"cannot write " + line.output + ": it is the collection"};
   }
   if (line.size) {
     session.settings.adjust().RenderWidth = static_cast<Integer>(line.size->width);
@@ -69,25 +71,38 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   if (line.rate) session.settings.change().OutPutFrameRate = static_cast<Single>(*line.rate);
 
   const auto text = compileWithoutFaults(session, *report, std::nullopt);
-  if (!text) return fail(text.error().text);
+  if (!text) return text.error();
   if (auto sound = checkDocument(*text); !sound)
-    return fail("cannot write the timeline document: " + sound.error().text);
+    return Error{"cannot write the timeline document: " + sound.error().text};
   RenderOrder order{.document = *text,
                     .output = line.output,
                     .codec = line.codec,
                     .frameRate = session.settings.preferences().OutPutFrameRate,
                     .sharesTerminal = true};
+  if (line.range) order.range = {line.range->from, line.range->to};
+  if (line.profile && *line.profile < kSystemProfiles) order.profile = line.profile;
+  return order;
+}
+
+std::string ownProfile(const CommandLine& line) {
+  if (!line.profile) return {};
+  const auto size = line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
+  return wm8ProfileBytes(*line.profile, size, {});
+}
+
+int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+  auto made = renderOrder(session, line);
+  if (!made) return fail(made.error().text);
+  auto& order = *made;
+  if (line.slurmJobs > 0) return renderOnFarm(session, order, ownProfile(line), line.slurmJobs, engine);
   if (line.resume) {
     order.workFolder = workFolderOf(line.output);
   } else {
     std::error_code ignored;  // what is left of one that nobody wants to go on with
     std::filesystem::remove_all(workFolderOf(line.output), ignored);
   }
-  if (line.range) order.range = {line.range->from, line.range->to};
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
-  if (line.profile && *line.profile < kSystemProfiles) {
-    order.profile = line.profile;
-  } else if (line.profile) {
+  if (line.profile && !order.profile) {
     const auto size =
         line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
     if (!profile.CreateWM8RenderProfile(*line.profile, size))
