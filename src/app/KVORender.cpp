@@ -2,6 +2,7 @@
 // render/engine_protocol.h. With --sheet it draws a row of small frames of each document instead, for looking
 // at. A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_temporary_folders.h"
 #include "adapters/posix/starter_watch.h"
 #include "app/engine_job.h"
 #include "base/guarded.h"
@@ -14,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -63,8 +65,15 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   std::optional<kvo::StarterWatch> watch;
   if (arguments.starter) watch.emplace(*arguments.starter);
   const char* profile = std::getenv(kvo::kProfileVariable);
-  const auto work = kvo::readEngineJob(files, arguments, profile == nullptr ? "" : profile);
+  auto work = kvo::readEngineJob(files, arguments, profile == nullptr ? "" : profile);
   if (!work) return fail(work.error(), kvo::kExitFailed);
+  std::unique_ptr<kvo::TemporaryFolder> scratch;
+  if (kvo::engine::mostMegabytes(work->job) > 0) {
+    auto made = kvo::PosixTemporaryFolders().make();
+    if (!made) return fail(made.error(), kvo::kExitFailed);
+    scratch = std::move(*made);
+    work->job.scratch = scratch->path();
+  }
   const auto report = kvo::engine::render(work->timeline, work->job, files, progressPrinter());
   if (!report) return fail(report.error(), kvo::kExitFailed);
   for (const auto& hole : report->damage) {
@@ -78,8 +87,9 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
 
 int wrongUsage(const kvo::Error& error) {
   std::fputs(
-      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/S PROCESS] [/K FOLDER [/J N/OF]] /W OUTPUT "
-      "DOCUMENT\n"
+      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/Q QUALITY] [/E EFFORT] [/M MEGABYTES] [/S "
+      "PROCESS]\n"
+      "                 [/K FOLDER [/J N/OF]] /W OUTPUT DOCUMENT\n"
       "       KVORender --sheet FILE.png DOCUMENT...\n",
       stderr);
   return fail(error, kvo::kExitUsage);

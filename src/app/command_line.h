@@ -19,14 +19,10 @@ enum class Task {
   Check,
   Document,
   Queue,
+  Presets,
   Add,
   Look,    ///< the program's own: it looks into files for another copy
   Sketch,  ///< likewise: it makes small pictures of them
-};
-
-struct PictureSize {
-  int width = 0;  ///< pixels
-  int height = 0;
 };
 
 /// What is asked of the queue of renders.
@@ -38,12 +34,16 @@ struct CommandLine {
   std::string output;
   std::vector<std::string> names;  ///< that are to be added
   std::optional<engine::Slice> range;
-  std::optional<PictureSize> size;
+  std::optional<PictureSides> size;
   std::optional<double> rate;       ///< frames a second
   std::optional<int> previewPower;  ///< of --document, 1 to 10
-  std::string codec;                ///< of an AVI; empty for uncompressed
+  std::string codec;                ///< a word of codecWord; empty for the kind's own
   std::optional<int> profile;       ///< of a WMV or WMA, 0 to 41
-  int slurmJobs = 0;                ///< that a cluster makes the segments by; 0 for this machine alone
+  const MoviePreset* preset = nullptr;
+  int quality = 0;       ///< on the codec's own scale; 0 for the usual
+  std::string effort;    ///< one of effortWords(); empty for the usual
+  double megabytes = 0;  ///< that an MP4 is not to exceed; 0 for no limit
+  int slurmJobs = 0;     ///< that a cluster makes the segments by; 0 for this machine alone
   QueueAct queueAct = QueueAct::List;
   int queueNumber = 0;  ///< of the job that is meant
   int queuePlace = 0;   ///< that it is moved to, from 1

@@ -17,6 +17,9 @@ Result<RenderOrder> renderOrder(Session& session, const CommandLine& line);
 /// The bytes of the profile file that a render has of its own; empty where it has none.
 std::string ownProfile(const CommandLine& line);
 
+/// Lists the presets of a render.
+int runPresets();
+
 int runCheck(Session& session, const CommandLine& line);
 
 int runDocument(Session& session, const CommandLine& line);

@@ -57,6 +57,7 @@ Result<std::vector<std::string>> segmentFiles(const Files& files, const EngineJo
   const auto timeline = engine::inRateOf(job.timeline, job.job);
   const auto plan = engine::planRender(timeline, job.job, 1);
   if (!plan) return plan.error();
+  if (!plan->encodesInSegments) return std::vector<std::string>();
   return engine::segmentFiles(timeline, *plan, job.job, files);
 }
 

@@ -111,6 +111,8 @@ int main(int argc, char** argv) {
     case kvo::Task::Version:
       std::puts("KVO5 " KVO_VERSION);
       return afterPrinting(kvo::kExitDone);
+    case kvo::Task::Presets:
+      return afterPrinting(kvo::runPresets());
     case kvo::Task::Look:
       return kvo::runLook();
     case kvo::Task::Sketch:

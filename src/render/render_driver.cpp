@@ -29,9 +29,16 @@ std::vector<std::string> engineArguments(const RenderOrder& order, const std::st
     arguments.push_back("/[" + FormatMask(from, "0.00") + "-" + FormatMask(to, "0.00") + "]");
   }
   if (order.profile) arguments.insert(arguments.end(), {"/P", std::to_string(*order.profile)});
-  if (!order.codec.empty()) arguments.insert(arguments.end(), {"/C", order.codec});
-  if (!order.workFolder.empty()) arguments.insert(arguments.end(), {"/K", order.workFolder});
-  if (!share.empty()) arguments.insert(arguments.end(), {"/J", share});
+  const auto add = [&](const char* option, const std::string& value) {
+    if (!value.empty()) arguments.insert(arguments.end(), {option, value});
+  };
+  add("/P", order.preset);
+  add("/C", order.codec);
+  if (order.quality > 0) add("/Q", std::to_string(order.quality));
+  add("/E", order.effort);
+  if (order.megabytes > 0) add("/M", FormatMask(order.megabytes, "0.000"));
+  add("/K", order.workFolder);
+  add("/J", share);
   arguments.insert(arguments.end(), {"/W", order.output, document});
   return arguments;
 }

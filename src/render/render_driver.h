@@ -21,8 +21,12 @@ struct RenderOrder {
   std::string document;                              ///< its text
   std::string output;                                ///< the extension says the kind
   std::optional<std::pair<double, double>> range{};  ///< from and to, seconds; without it the whole movie
-  std::string codec{};                               ///< of an AVI; empty for uncompressed
+  std::string codec{};                               ///< a word of codecWord; empty for the kind's own
   std::optional<int> profile{};                      ///< of Windows Media, one of the engine's own
+  std::string preset{};                              ///< the name of a MoviePreset; empty for none
+  int quality = 0;                                   ///< on the codec's own scale; 0 for the usual
+  std::string effort{};                              ///< one of effortWords(); empty for the usual
+  double megabytes = 0;                              ///< that an MP4 is not to exceed; 0 for no limit
   std::string profileFile{};                         ///< that is in force; empty for none
   std::string shownAs{};  ///< what the engine's lines call the output; empty for its own name
   std::string folder{};   ///< for document, script and sentinel; empty for a temporary one

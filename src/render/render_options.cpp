@@ -28,7 +28,7 @@ void MovieRender::Rendertofile() {
   }
   ports_.host.PlayerStop();
   ports_.host.ApplyStillSettings();
-  if (!HaveAtleastOneVidTrack(ports_.editing) && state_.kind != OutputKind::Wma)
+  if (!HaveAtleastOneVidTrack(ports_.editing) && movieFileOf(state_.kind).hasPicture)
     state_.kind = OutputKind::Wav;
   chooseKind(state_.kind);
   show(RenderFrame::Options);

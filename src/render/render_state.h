@@ -1,17 +1,12 @@
 // What the pages of a render show, as plain data: the options, the pre-render, the render and the report.
 #pragma once
 
+#include "vocabulary/movie_files.h"
+
 #include <string>
 #include <vector>
 
 namespace kvo {
-
-enum class OutputKind {
-  Wmv,  ///< Opt_CompressorType 0, as Wma
-  Wma,
-  Avi,
-  Wav,
-};
 
 /// The frames, in the order in which they are seen.
 enum class RenderFrame {
@@ -39,7 +34,7 @@ struct RenderState {
   bool RenderAborted = false;
 
   // The options
-  OutputKind kind = OutputKind::Wmv;
+  OutputKind kind = OutputKind::Mp4;        ///< until another is chosen
   std::vector<std::string> Lst_WMVFormats;  ///< of a Windows Media kind, else empty
   int profileRow = -1;                      ///< in that list; -1 for none
   bool Chk_UseCodecOutputDimensions = true;

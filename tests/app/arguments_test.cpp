@@ -21,7 +21,7 @@ TEST(EngineArguments, TakeTheirForms) {
   EXPECT_EQ(all->job.work->share->number, 1U);
   EXPECT_EQ(all->job.work->share->of, 3U);
   EXPECT_EQ(all->job.work->identity, "/[1.50-4.00] \n/P\n12\n/C\nmpeg4\n");
-  EXPECT_EQ(all->job.aviCodec, media::VideoCodec::Mpeg4);
+  EXPECT_EQ(all->job.codec, VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
   const auto least = readEngineArguments({"/w", "o.wav", "d.xtl"});

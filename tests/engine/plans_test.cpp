@@ -95,7 +95,7 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
     RenderJob job;
     int cores;
   };
-  const auto mpeg4 = media::VideoCodec::Mpeg4;
+  const auto mpeg4 = VideoCodec::Mpeg4;
   const Row rows[] = {
       {"AVI, one core", timeline, {"m.avi"}, 1},
       {"AVI, eight cores", timeline, {"m.AVI"}, 8},
@@ -107,7 +107,7 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
       {"WMV, large", large, {"m.wmv"}, 8},
       {"WAV", timeline, {"m.wav"}, 4},
       {"WMA, 0.05 to 0.07 s", timeline, {"m.wma", Slice{0.05, 0.07}}, 4},
-      {"an extension that is not known", timeline, {"m.mov"}, 1},
+      {"an extension that is not known", timeline, {"m.mkv"}, 1},
       {"a sound file, silent", silent, {"m.wav"}, 1},
       {"a movie without a picture", dark, {"m.avi"}, 1},
       {"behind the end", timeline, {"m.avi", Slice{21, 22}}, 1},

@@ -249,7 +249,7 @@ TEST_F(Render, WritesEachKindWithItsStreams) {
                                        "lavfi", "-i", "sine=duration=2", "-c:v", "ffv1", "-c:a", "flac"});
   const auto text = documentOf({{source, 0, 2, 0, 2}}, {{source, 0, 2, 0, 2}}, {100, 75});
   RenderJob mpeg4;
-  mpeg4.aviCodec = media::VideoCodec::Mpeg4;
+  mpeg4.codec = media::VideoCodec::Mpeg4;
   EXPECT_EQ(test::probed(rendered(text, "a.AVI"), "stream=codec_name,nb_frames"),
             "rawvideo 50 pcm_s16le 88200");
   EXPECT_EQ(test::probed(rendered(text, "m.avi", mpeg4), "stream=codec_name,width,height,nb_frames"),

@@ -45,14 +45,15 @@ class WorkFolderTest : public testing::Test {
   std::string video_;
   std::string tone_;
   Timeline timeline_;
-  media::VideoCodec codec_ = media::VideoCodec::Mpeg4;
+  VideoCodec codec_ = VideoCodec::Mpeg4;
   std::string folder_ = out_ / ".rendering-movie";
 };
 
 TEST_F(WorkFolderTest, TheBytesAreThoseOfOneGo) {
-  for (const auto& [name, codec] : {std::pair{"m.avi", media::VideoCodec::Mpeg4},
-                                    {"raw.avi", media::VideoCodec::Raw},
-                                    {"m.wmv", media::VideoCodec::Wmv2}}) {
+  for (const auto& [name, codec] : {std::pair{"m.avi", VideoCodec::Mpeg4},
+                                    {"raw.avi", VideoCodec::Raw},
+                                    {"m.wmv", VideoCodec::Wmv2},
+                                    {"m.mp4", VideoCodec::H264}}) {
     codec_ = codec;
     ASSERT_TRUE(make(name, std::nullopt));
     const auto whole = bytesOf(name);

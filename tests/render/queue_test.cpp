@@ -20,6 +20,10 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   job.share = 0.25;
   job.order.range = {1.5, 4};
   job.order.profile = 7;
+  job.order.preset = "web";
+  job.order.quality = 21;
+  job.order.effort = "slow";
+  job.order.megabytes = 24.5;
   job.order.profileFile = "/q/1.prx";
   job.order.frameRate = 29.97;
   addJob(queue, "", {.document = "d", .output = "/b.avi"});
@@ -28,6 +32,7 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   const auto read = readQueue(text);
   EXPECT_EQ(queueText(read), text);
   ASSERT_EQ(read.jobs.size(), 1U);
+  EXPECT_EQ(engineArguments(read.jobs[0].order, "d"), engineArguments(queue.jobs[0].order, "d"));
   EXPECT_EQ(read.jobs[0].title, "Holiday\n[job]");
   EXPECT_EQ(read.jobs[0].order.range, (std::pair{1.5, 4.0}));
   EXPECT_EQ(read.jobs[0].order.workFolder, "/out/.rendering-a=b \\.wmv");

@@ -107,20 +107,27 @@ Outcome FrameLine::makeFrames(std::size_t number, media::DamageList* damage, con
   for (auto frame = segment.first; frame < segment.stop; ++frame) {
     auto picture = compositor.frame(frame);
     if (!picture) return picture.error();
-    MadeFrame made;
-    if (encoder) {
-      auto encoded = encoder->encode(*picture, frame - segments_.front().first);
-      if (!encoded) return encoded.error();
-      made.encoded = std::move(*encoded);
-    } else {
-      made.picture = std::move(*picture);
-    }
     ++made_;
-    const auto wanted = taker(std::move(made));
-    if (!wanted) return wanted.error();
-    if (!*wanted) return {};
+    if (!encoder) {
+      const auto wanted = taker({std::move(*picture), {}});
+      if (!wanted || !*wanted) return wanted ? Outcome() : wanted.error();
+      continue;
+    }
+    const auto wanted = takeAll(encoder->encode(*picture, frame - segments_.front().first), taker);
+    if (!wanted || !*wanted) return wanted ? Outcome() : wanted.error();
   }
-  return {};
+  if (!encoder) return {};
+  const auto wanted = takeAll(encoder->finish(), taker);
+  return wanted ? Outcome() : wanted.error();
+}
+
+Result<bool> FrameLine::takeAll(Result<media::EncodedFrames> frames, const Taker& taker) {
+  if (!frames) return frames.error();
+  for (auto& frame : *frames) {
+    auto wanted = taker({{}, std::move(frame)});
+    if (!wanted || !*wanted) return wanted;
+  }
+  return true;
 }
 
 bool FrameLine::isStopped() {

@@ -21,7 +21,8 @@
 
 namespace kvo::engine {
 
-/// A frame of the movie: encoded, or as a picture where the encoding is left to whoever takes it.
+/// A frame of the movie: encoded, in the order of the file, or as a picture where the encoding is left to
+/// whoever takes it.
 struct MadeFrame {
   media::Picture picture{};
   media::EncodedFrame encoded{};
@@ -64,6 +65,7 @@ class FrameLine {
   // Takes a frame that has been made; false when nobody wants more.
   using Taker = std::function<Result<bool>(MadeFrame)>;
   Outcome makeSegment(std::size_t number);
+  static Result<bool> takeAll(Result<media::EncodedFrames> frames, const Taker& taker);
   Outcome makeFrames(std::size_t number, media::DamageList* damage, const Taker& taker);
   Outcome keepSegment(std::size_t number);
   Result<MadeFrame> keptFrame();

@@ -54,7 +54,7 @@ Outcome FarmRender::start(const FarmOrder& order) {
   }
   auto segments = ports_.segmentsOf(order_.render, folder + kFarmDocument);
   if (!segments) return segments.error();
-  if (segments->empty()) return Error{"a sound file is made by one machine, without a cluster"};
+  if (segments->empty()) return Error{"such a file is made in one piece, without a cluster"};
   segments_ = std::move(*segments);
   order_.shares = std::clamp(order.shares, 1, static_cast<int>(segments_.size()));
   const auto script = jobScript(ports_.engine.engine, order_.render, folder + kFarmDocument, order_.shares);

@@ -59,6 +59,16 @@ constexpr std::array kQueueRows = {
              [](QueueJob& job, std::string_view text) { readRangeOf(job.order, text); }},
     QueueRow{"codec", [](const QueueJob& job) { return job.order.codec; },
              [](QueueJob& job, std::string_view text) { job.order.codec = text; }},
+    QueueRow{"preset", [](const QueueJob& job) { return job.order.preset; },
+             [](QueueJob& job, std::string_view text) { job.order.preset = text; }},
+    QueueRow{"quality", [](const QueueJob& job) { return std::to_string(job.order.quality); },
+             [](QueueJob& job, std::string_view text) { job.order.quality = wholeIn(text); }},
+    QueueRow{"effort", [](const QueueJob& job) { return job.order.effort; },
+             [](QueueJob& job, std::string_view text) { job.order.effort = text; }},
+    QueueRow{"megabytes", [](const QueueJob& job) { return exact(job.order.megabytes); },
+             [](QueueJob& job, std::string_view text) {
+               job.order.megabytes = std::max(numberIn(text).value_or(0), 0.0);
+             }},
     QueueRow{"profile",
              [](const QueueJob& job) {
                return job.order.profile ? std::to_string(*job.order.profile) : std::string();
