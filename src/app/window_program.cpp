@@ -23,6 +23,7 @@
 #include "app/known_files.h"
 #include "app/look_command.h"
 #include "app/play_links.h"
+#include "app/queue_command.h"
 #include "app/session.h"
 #include "app/sketch_command.h"
 #include "base/numbers.h"
@@ -181,7 +182,13 @@ class WindowProgram {
         frmRush_({editor_, session_, loop_, sketches_, store_, desktop_, dialogs_,
                   withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
         autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
-                   session_.collection, state_, commands_}) {
+                   session_.collection, state_, commands_}),
+        queue_({queueStore_,
+                session_.nameLocks,
+                {session_.files, session_.temporaryFolders, session_.processes, loop_,
+                 executableFolder + "KVORender"},
+                removeWholeFolder},
+               [] {}) {
     links_.link(skins_);
     mailbox_.guard({loadCheck_, session_.log, [] { std::exit(kExitFailed); }});
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
@@ -231,6 +238,7 @@ class WindowProgram {
       showNow();
       startUp_.tell();
       autosave_.begin();
+      queue_.start();
       companions_.begin();
       const int code = QApplication::exec();
       companions_.leave();
@@ -363,6 +371,8 @@ class WindowProgram {
   EditorLinks editor_;
   EditorWindow frmRush_;
   Autosave autosave_;
+  QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
+  QueueRunner queue_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.

@@ -33,7 +33,7 @@ TEST(EngineArguments, TakeTheirForms) {
                          {"/W", "d.xtl"},
                          {"/P", "26", "/W", "o.wmv", "d.xtl"},
                          {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
-                         {"/C", "h264", "/W", "o.avi", "d.xtl"},
+                         {"/C", "divx", "/W", "o.avi", "d.xtl"},
                          {"/S", "0", "/W", "o.avi", "d.xtl"},
                          {"/S", "x", "/W", "o.avi", "d.xtl"},
                          {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
@@ -59,6 +59,12 @@ TEST(CommandLine, TakesItsCommands) {
     EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.wmv", "--profile", profile}))
         << profile;
   EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--profile", "7"}));
+  EXPECT_EQ(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--slurm", "8"})->slurmJobs, 8);
+  EXPECT_TRUE(readCommandLine({"--render", "c.INI", "--resume", "--output", "o.avi"})->resume);
+  const auto queued = readCommandLine({"--queue", "add", "c.INI", "--output", "o.avi"});
+  EXPECT_TRUE(queued && queued->task == Task::Queue && queued->queueAct == QueueAct::Add);
+  const auto moved = readCommandLine({"--queue", "move", "3", "1"});
+  EXPECT_TRUE(moved && moved->queueNumber == 3 && moved->queuePlace == 1);
   EXPECT_EQ(readCommandLine({"--check", "-c.INI"})->collection, "-c.INI");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl"})->output, "d.xtl");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "7"})->previewPower, 7);
@@ -73,6 +79,12 @@ TEST(CommandLine, TakesItsCommands) {
             std::string::npos);
 
   const Words wrong[] = {{"--nonsense"},
+                         {"--queue"},
+                         {"--queue", "pause"},
+                         {"--queue", "pause", "x"},
+                         {"--queue", "list", "1"},
+                         {"--queue", "add", "c.INI", "--output", "o.avi", "--resume"},
+                         {"--render", "c.INI", "--output", "o.avi", "--slurm", "0"},
                          {"--render"},
                          {"--render", "c.INI"},
                          {"--render", "c.INI", "--output"},
