@@ -33,7 +33,7 @@ TEST(EngineArguments, TakeTheirForms) {
                          {"/W", "d.xtl"},
                          {"/P", "26", "/W", "o.wmv", "d.xtl"},
                          {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
-                         {"/C", "divx", "/W", "o.avi", "d.xtl"},
+                         {"/C", "h265", "/W", "o.avi", "d.xtl"},
                          {"/S", "0", "/W", "o.avi", "d.xtl"},
                          {"/S", "x", "/W", "o.avi", "d.xtl"},
                          {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
