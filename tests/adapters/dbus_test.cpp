@@ -1,6 +1,6 @@
 // Media controls and the screen saver on a bus of the test's own, steered by playerctl as by any applet.
-#include "adapters/dbus/mpris.h"
 #include "adapters/dbus/bus_screen_saver.h"
+#include "adapters/dbus/mpris.h"
 #include "support/own_bus.h"
 
 #include <QCoreApplication>
