@@ -60,7 +60,40 @@ bool FileNames::find(std::string& folder, std::string& name, const SectionRow& f
     folder = f;
     return true;
   }
+  for (const auto& f : folders) {
+    const auto alike = pathAlike(std::string(f).append(fileNamePart(nameRow.value)));
+    if (alike.empty()) continue;
+    name = fileNamePart(alike);
+    folder = folderPart(alike);
+    return true;
+  }
   return false;
+}
+
+// The file in folders whose names a collection can only carry so; empty where there is none. It is looked for
+// below the deepest folder that is there.
+std::string FileNames::pathAlike(const std::string& path) {
+  auto above = std::string(folderPart(path));
+  if (above.ends_with(kSeparator)) above.pop_back();
+  std::string_view missing;
+  while (!above.empty() && !files_.isFolder(above)) {
+    const auto at = above.rfind('/');
+    if (at == std::string::npos) return {};
+    missing = std::string_view(path).substr(at + 1, above.size() - at - 1);
+    above.resize(at);
+  }
+  if (above.empty() || missing.find_first_of(kInstead) == std::string_view::npos) return {};
+  const auto [at, isNew] = pathsBelow_.try_emplace(above);
+  auto& known = at->second;
+  if (isNew) {
+    int looked = 0;
+    files_.eachBelow(above, [&](const std::string& there) {
+      if (carriedName(there) != there) known.emplace(carriedName(there), there);
+      return ++looked < kMostLookedThrough;
+    });
+  }
+  const auto alike = known.find(carriedName(path));
+  return alike == known.end() ? std::string() : alike->second;
 }
 
 // The file of a folder whose name a collection can only carry so; empty where there is none.

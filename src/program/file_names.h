@@ -21,6 +21,7 @@ class FileNames {
   void begin(std::string collectionFolder) {
     collectionFolder_ = std::move(collectionFolder);
     filesOf_.clear();
+    pathsBelow_.clear();
   }
   [[nodiscard]] std::string placeOf(std::string_view folder) const;
 
@@ -42,12 +43,14 @@ class FileNames {
 
  private:
   [[nodiscard]] std::string nameAlike(const std::string& folder, std::string_view name);
+  [[nodiscard]] std::string pathAlike(const std::string& path);
 
   const Files& files_;
   const ProgramFolder& folder_;
   std::string collectionFolder_;
   std::map<std::string, std::map<std::string, std::string>>
       filesOf_;  // of folders: by what is carried of them
+  std::map<std::string, std::map<std::string, std::string>> pathsBelow_;  // likewise, with their folders
 };
 
 }  // namespace kvo

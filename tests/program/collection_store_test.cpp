@@ -272,10 +272,18 @@ TEST(CollectionStore, AFileIsFoundByWhatIsCarriedOfItsName) {
     again.files.all["/v/" + name] = again.files.all["/v/deep/" + name] = "x";
   }
   b.addVideo("it's gone.avi", 0, 5);
+  const std::string folders[] = {"/v/two\nlines/", "/v/two\nlines/in \"it\"/"};
+  for (const auto& folder : folders) {
+    b.addVideo("a.avi", 0, 5).Path(folder);
+    again.files.all[folder + "a.avi"] = "x";
+  }
+  b.addVideo("a.avi", 0, 5).Path("/v/is gone/");
   EXPECT_TRUE(b.file.WriteINI("/col", "t.INI", true));
   load(again, b.files.all["/col/t.INI"], kLook);
-  ASSERT_EQ(again.collection.MovieList.count(), 4);
+  ASSERT_EQ(again.collection.MovieList.count(), 7);
   for (int i = 1; i <= 3; ++i) EXPECT_EQ(clipFile(again.collection.MovieList[i]), "/v/" + names[i - 1]);
+  for (int i = 5; i <= 6; ++i) EXPECT_EQ(again.collection.MovieList[i].Path(), folders[i - 5]);
+  EXPECT_EQ(again.collection.MovieList[7].Path(), "/v/is gone/");
 }
 
 TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
