@@ -14,6 +14,8 @@ namespace kvo {
 namespace {
 
 constexpr int kEffectTab = 4;
+constexpr int kStandingWidth = 640;  // pixels
+constexpr int kStandingHeight = 480;
 
 }  // namespace
 
@@ -158,7 +160,8 @@ void EditorLinks::settle() {
   if (std::exchange(compilesSeen_, states_.preview.compiles) != states_.preview.compiles)
     states_.window.totals = previewTotals(editing().editor);
   states_.window.frame.zoom = hand_.zoomPart();
-  standing_.settle(collection, states_.keyframes.visible);
+  standing_.settle(collection, states_.keyframes.visible,
+                   shapedLike(optionsOf(editing()).output, kStandingWidth, kStandingHeight));
   states_.timeline.isComing = desk_.isOpening();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
   if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());

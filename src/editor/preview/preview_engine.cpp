@@ -4,7 +4,6 @@
 #include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/clip_checks.h"
-#include "editor/tabs/operations.h"
 #include "editor/tabs/preview.h"
 
 #include <algorithm>
@@ -183,7 +182,7 @@ void PreviewEngine::KillPreview() {
 void PreviewEngine::release() {
   for (auto* timer : {&tmrTimer_, &TimerPreview_, &Timer1_, &pace_}) (*timer)->stop();
   wish_.reset();
-  unwritten_.clear();
+  unwritten_.reset();
   sought_.reset();
   player_.clear();
   const bool ran = movieRuns();
@@ -315,17 +314,18 @@ void PreviewEngine::sample(Sample what, int clipNo) {
   if (!pace_->running()) beginWish();
 }
 
-std::string PreviewEngine::documentOf(const Wish& wish) const {
+std::string PreviewEngine::documentOf(const Wish& wish, SampleSize size) const {
   switch (wish.what) {
     case Sample::Transition:
-      return Previewtransition(editing_, wish.clipNo);
+      return Previewtransition(editing_, wish.clipNo, size);
     case Sample::Effect:
     case Sample::Keyframe:
-      return PreviewEffect(editing_, wish.clipNo);
+      return PreviewEffect(editing_, wish.clipNo, size);
     case Sample::Colour:
-      return PreviewColourAdjust(editing_, wish.clipNo);
+      return PreviewColourAdjust(editing_, wish.clipNo, size);
     case Sample::PictureInPicture:
-      return CreatePinPPreview(editing_, wish.clipNo, {.preview = true});
+      return CreatePinPPreview(editing_, wish.clipNo,
+                               {.preview = true, .inShape = size == SampleSize::Shown});
   }
   return {};
 }
@@ -334,7 +334,7 @@ void PreviewEngine::beginWish() {
   const auto wish = *std::exchange(wish_, std::nullopt);
   pace_->start(kSamplePace);
   if (wish.clipNo > editing_.clips().count()) return;
-  auto document = documentOf(wish);
+  auto document = documentOf(wish, SampleSize::Shown);
   if (document.empty()) return;
   const bool goesOn = state_.kind == kindOf(wish.what) && state_.clipNo == wish.clipNo &&
                       state_.PreviewPlaying && GetPreviewPlayState() != PlayState::Ended;
@@ -352,9 +352,7 @@ void PreviewEngine::beginWish() {
                                                  : titleOf(editing_.clips()[wish.clipNo]);
   state_.overlayPosition = overlayPositionOf(wish);
   state_.PreviewPlaying = false;
-  unwritten_ = document;
-  if (wish.what == Sample::PictureInPicture)
-    document = CreatePinPPreview(editing_, wish.clipNo, {.preview = true, .inShape = true});
+  unwritten_ = wish;
   TimerPreview_->start(kSampleTick);
   PreviewIt(std::move(document), from, false);
 }
@@ -366,11 +364,13 @@ int PreviewEngine::overlayPositionOf(const Wish& wish) const {
   return isThere ? look->position : 0;
 }
 
-// A sample that is not followed by another at once is kept as the document that was shown last.
+// A sample that is not followed by another at once is kept as its document.
 void PreviewEngine::writeSample() {
   TimerPreview_->stop();
+  const auto wish = std::exchange(unwritten_, std::nullopt);
+  if (!wish || wish->clipNo > editing_.clips().count()) return;
   const auto path = editing_.folder.beside(kSampleDocument);
-  const auto done = writeDocument(editing_.files, path, std::exchange(unwritten_, {}));
+  const auto done = writeDocument(editing_.files, path, documentOf(*wish, SampleSize::Kept));
   if (!done) editing_.log.LogError(done.error().text);
 }
 

@@ -7,6 +7,7 @@
 #include "editor/preview/preview_host.h"
 #include "editor/preview/preview_state.h"
 #include "editor/tabs/editing.h"
+#include "editor/tabs/operations.h"
 
 #include <cstdint>
 #include <memory>
@@ -91,7 +92,7 @@ class PreviewEngine {
   void seekTo(std::int64_t frame);
   bool standOnMovie();
   void beginWish();
-  [[nodiscard]] std::string documentOf(const Wish& wish) const;
+  [[nodiscard]] std::string documentOf(const Wish& wish, SampleSize size) const;
   [[nodiscard]] int overlayPositionOf(const Wish& wish) const;
   void writeSample();
   void watchEnd();
@@ -110,7 +111,7 @@ class PreviewEngine {
   std::unique_ptr<Timer> TimerPreview_;  // a sample's document goes to its file
   std::unique_ptr<Timer> pace_;          // of samples that follow each other
   std::optional<Wish> wish_;
-  std::string unwritten_;               // the sample's document
+  std::optional<Wish> unwritten_;       // the sample whose document is to be kept
   std::optional<std::int64_t> sought_;  // the frame that is on its way
   RenderRange movieBar_;                // the movie's, while a sample has the bar
   std::vector<double> movieCuts_;

@@ -5,12 +5,6 @@
 #include <utility>
 
 namespace kvo {
-namespace {
-
-constexpr int kStandingWidth = 640;  // pixels
-constexpr int kStandingHeight = 360;
-
-}  // namespace
 
 StandingPicture::StandingPicture(PreviewState& state, FrameSource& streams, EventLoop& loop,
                                  std::function<void()> draw)
@@ -19,16 +13,16 @@ StandingPicture::StandingPicture(PreviewState& state, FrameSource& streams, Even
       frames_(
           loop,
           [&streams](const Wish& wish) {
-            return streams.frame(wish.file, wish.seconds, kStandingWidth, kStandingHeight);
+            return streams.frame(wish.file, wish.seconds, wish.form.width, wish.form.height);
           },
           [this](const Wish& wish, const Result<FramePicture>& picture) { arrived(wish, picture); }) {}
 
 void StandingPicture::showMark(const std::string& file, double seconds) {
-  show(Owner::Mark, {file, seconds});
+  show(Owner::Mark, {file, seconds, form_});
 }
 
 void StandingPicture::showKeyframe(const Movie& clip, Long frame, double rate) {
-  show(Owner::Keyframes, {clipFile(clip), rate > 0 ? frame / rate : 0});
+  show(Owner::Keyframes, {clipFile(clip), rate > 0 ? frame / rate : 0, form_});
 }
 
 void StandingPicture::show(Owner owner, Wish wish) {
@@ -53,7 +47,8 @@ void StandingPicture::forget() {
   standIn_.reset();
 }
 
-void StandingPicture::settle(const Collection& collection, bool keyframesOpen) {
+void StandingPicture::settle(const Collection& collection, bool keyframesOpen, const SampleForm& form) {
+  form_ = form;
   const int number = collection.icurMov;
   const bool isAnother = std::exchange(inHand_, number) != number;
   if (state_.PreviewPlaying && !state_.paused) return forget();
@@ -61,7 +56,7 @@ void StandingPicture::settle(const Collection& collection, bool keyframesOpen) {
   if (state_.kind != PreviewKind::None || frame_ || !state_.failure.empty() || number < 1)
     return standIn_.reset();
   const auto& clip = collection.MovieList[number];
-  Wish wish{clipFile(clip), clip.LoopStart().number()};
+  Wish wish{clipFile(clip), clip.LoopStart().number(), form};
   if (standIn_ == wish) return;
   standIn_ = wish;
   state_.picture.reset();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/records/collection.h"
+#include "editor/compiler/sample_documents.h"
 #include "editor/preview/preview_state.h"
 #include "ports/frame_source.h"
 #include "ports/last_wish.h"
@@ -27,9 +28,9 @@ class StandingPicture {
   /// keyframes closes.
   void showKeyframe(const Movie& clip, Long frame, double rate);
 
-  /// Ahead of each drawing. A frame gives way to a preview that plays and to another clip in hand; where
-  /// there is neither preview nor frame, the clip in hand stands in.
-  void settle(const Collection& collection, bool keyframesOpen);
+  /// Ahead of each drawing; `form` is the size of the picture. A frame gives way to a preview that plays and
+  /// to another clip in hand; where there is neither preview nor frame, the clip in hand stands in.
+  void settle(const Collection& collection, bool keyframesOpen, const SampleForm& form);
 
   /// The picture has gone with a preview, or the files are others than they were.
   void forget();
@@ -39,6 +40,7 @@ class StandingPicture {
   struct Wish {
     std::string file;
     double seconds = 0;
+    SampleForm form;
     bool operator==(const Wish&) const = default;
   };
 
@@ -52,6 +54,7 @@ class StandingPicture {
   std::shared_ptr<const Bitmap> before_;  // what it stands in the place of
   std::optional<Wish> standIn_;           // what stands in the place of a preview, or will
   int inHand_ = 0;                        // the clip
+  SampleForm form_;
   LastWish<Wish, Result<FramePicture>> frames_;
 };
 

@@ -180,7 +180,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   b.state.FSB_RenderRange = {10, 6};
   b.preview.sample(Sample::Effect, 1);
   EXPECT_EQ(b.takeActs(), "load play") << "at once";
-  EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1));
+  EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1, SampleSize::Shown));
   EXPECT_TRUE(b.settings.state.IsPreviewRunning);
   b.shows(12);
   for (int value = 1; value <= 20; ++value) {  // a slider that is dragged
@@ -195,7 +195,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.takeActs().substr(0, 17), "load seek:12 play") << "goes on where it was";
   EXPECT_FALSE(b.files.all.contains("/prog/KVOSamp.xtl"));
   b.loop.advance(250);
-  EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], b.player.documents.back());
+  EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], PreviewEffect(b.editing, 1));
   b.takeActs();
 
   b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 12}));
@@ -205,13 +205,14 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
     const char* title;
     std::string document;
   };
-  for (const auto& row :
-       {Row{Sample::Transition, PreviewKind::Transition, "beach.avi -->  The hills",
-            Previewtransition(b.editing, 2)},
-        Row{Sample::Colour, PreviewKind::Colour, "The hills", PreviewColourAdjust(b.editing, 2)},
-        Row{Sample::Keyframe, PreviewKind::Keyframe, "The hills", PreviewEffect(b.editing, 2)},
-        Row{Sample::PictureInPicture, PreviewKind::PictureInPicture, "The hills",
-            CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})}}) {
+  for (const auto& row : {Row{Sample::Transition, PreviewKind::Transition, "beach.avi -->  The hills",
+                              Previewtransition(b.editing, 2, SampleSize::Shown)},
+                          Row{Sample::Colour, PreviewKind::Colour, "The hills",
+                              PreviewColourAdjust(b.editing, 2, SampleSize::Shown)},
+                          Row{Sample::Keyframe, PreviewKind::Keyframe, "The hills",
+                              PreviewEffect(b.editing, 2, SampleSize::Shown)},
+                          Row{Sample::PictureInPicture, PreviewKind::PictureInPicture, "The hills",
+                              CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})}}) {
     b.preview.sample(row.what, 2);
     b.loop.advance(60);
     EXPECT_EQ(b.takeActs(), "load play") << row.title << " in place of the one before, from its start";

@@ -17,7 +17,7 @@ struct StandingBench : test::Bench {
     collection.icurMov = 1;
     settle();
   }
-  void settle() { standing.settle(collection, keyframesOpen); }
+  void settle() { standing.settle(collection, keyframesOpen, form); }
   /// The second that is shown, -1 for none, once what is on its way is there.
   int shown() {
     settle();
@@ -29,6 +29,7 @@ struct StandingBench : test::Bench {
   test::VirtualLoop loop;
   PreviewState state;
   bool keyframesOpen = false;
+  SampleForm form{64, 48};
   StandingPicture standing{state, streams, loop, [] {}};
 };
 
@@ -40,6 +41,9 @@ TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
   EXPECT_EQ(b.shown(), 7);
   b.collection.MovieList[2].LoopStart(Value(8));
   EXPECT_EQ(b.shown(), 8) << "its mark has been moved";
+  b.form = {96, 54};
+  b.shown();
+  EXPECT_EQ(b.state.picture->width, 96) << "the movie has another shape";
   b.collection.icurMov = 3;
   b.settle();
   EXPECT_EQ(b.seen(), -1) << "sound is not seen";
