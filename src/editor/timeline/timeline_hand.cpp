@@ -16,6 +16,8 @@ constexpr double kWheelStep = 60;    // pixels a notch
 constexpr double kWheelZoom = 1.25;  // a notch
 constexpr int kTransitionTab = 3;
 constexpr int kEffectTab = 4;
+constexpr int kColourTab = 6;
+constexpr int kOverlayTab = 7;
 
 template <class... Cases>
 struct Overloaded : Cases... {
@@ -35,6 +37,10 @@ std::optional<int> opensTab(TimelinePart part) {
     case TimelinePart::Effects:
     case TimelinePart::Keyframes:
       return kEffectTab;
+    case TimelinePart::Colours:
+      return kColourTab;
+    case TimelinePart::Overlay:
+      return kOverlayTab;
     default:
       return std::nullopt;
   }

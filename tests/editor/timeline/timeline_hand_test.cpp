@@ -1,4 +1,5 @@
 // What the hand does on the timeline, and what it is told.
+#include "editor/compiler/picture_in_picture.h"
 #include "editor/timeline/timeline_bench.h"
 
 #include <functional>
@@ -133,9 +134,14 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   Keyframe keyframe;
   keyframe.ClipName = 7;
   b.collection.KeyframeList.add(keyframe);
+  b.collection.MovieList[2].Gamma(3);
+  b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
   b.show();
   const auto seen = clipsInSight(b.state.blocks, b.state.sight).at(1);
-  EXPECT_EQ(twice({seen.keyframes.x + 1, kTitle}), Told{"tab 4 2"});
+  for (const auto& [badge, tab] : {std::pair(TimelineBadge::Keyframes, "tab 4 2"),
+                                   {TimelineBadge::Colours, "tab 6 2"},
+                                   {TimelineBadge::Overlay, "tab 7 2"}})
+    EXPECT_EQ(twice({seen.badges[static_cast<std::size_t>(badge)].x + 1, kTitle}), Told{tab});
   EXPECT_EQ(twice({seen.wedge.right(), kTitle}), Told{"tab 3 2"});
   b.told.clear();
   b.drag(b.at(12.4, kPictures), b.at(10, kPictures));
