@@ -42,10 +42,12 @@ std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
 
 EditorWindow::EditorWindow(const Parts& parts)
     : parts_(parts),
-      transitions_(transitionArt(parts.session.collection), parts.session.streams,
-                   drawSoon(parts.loop, parts.draw)),
-      effects_(effectArt(parts.session.collection, parts.session.editor.effects), parts.session.streams,
-               drawSoon(parts.loop, parts.draw)),
+      transitions_(transitionArt(parts.session.collection, parts.session.settings), parts.session.streams,
+                   drawSoon(parts.loop, parts.draw),
+                   [&desktop = parts.desktop] { return desktop.reducesMotion(); }),
+      effects_(effectArt(parts.session.collection, parts.session.settings, parts.session.editor.effects),
+               parts.session.streams, drawSoon(parts.loop, parts.draw),
+               [&desktop = parts.desktop] { return desktop.reducesMotion(); }),
       colours_(parts.links.editing(), parts.loop, [this] { parts_.draw(); }) {}
 
 EditorWindow::~EditorWindow() = default;

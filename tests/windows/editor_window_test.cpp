@@ -45,7 +45,7 @@ struct RushBench : test::TabBench {
   test::NamedStreams noFiles;  // so that the samples are of plain colours
   int come = 0;
   QObject home;  // what is on its way when the bench ends does not arrive
-  EngineSamples samples{transitionArt(collection), noFiles,
+  EngineSamples samples{transitionArt(collection, settings), noFiles,
                         [this] { QMetaObject::invokeMethod(&home, [this] { ++come; }); }};
   CreateRules createRules{editing, create, host};
   TransitionRules transitionRules{editing, transition, host, store};

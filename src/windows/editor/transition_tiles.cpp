@@ -12,7 +12,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
-#include <QPainterPath>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
@@ -27,7 +26,6 @@ constexpr int kTilesTop = 6;
 constexpr QRectF kTilePicture(6.5, 8, 62, 35);
 constexpr QRectF kTileName(2, 45, 71, 18);
 constexpr double kTileRadius = 5;
-constexpr double kTilePictureRadius = 3;
 constexpr int kStarSide = 14;
 constexpr double kTileText = 10.2;
 
@@ -40,7 +38,7 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samp
       samples_(samples),
       acts_(std::move(acts)),
       sheet_(made<QWidget>(this)),
-      motion_([this] { sheet_->update(); }),
+      motion_(samples, [this] { sheet_->update(); }),
       pixmaps_(samples) {
   installAccessibleRows();
   setProperty("role", "list");
@@ -55,9 +53,13 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samp
   viewport()->setAutoFillBackground(false);
 }
 
+int TransitionTiles::columns() const {
+  return std::max(1, (viewport()->width() - themed(kTilesSide)) / themed(kTilePitch));
+}
+
 QRect TransitionTiles::tileRect(int index) const {
-  const int left = kTilesSide + kTilePitch * (index % kColumns);
-  const int top = kTilesTop + kTile.height() * (index / kColumns);
+  const int left = kTilesSide + kTilePitch * (index % columns());
+  const int top = kTilesTop + kTile.height() * (index / columns());
   return {themed(left), themed(top), themed(kTile.width()), themed(kTile.height())};
 }
 
@@ -98,7 +100,7 @@ RowState TransitionTiles::rowState(int row) const {
 }
 
 void TransitionTiles::layOut() {
-  const int rows = (static_cast<int>(state_.names.shown.size()) + kColumns - 1) / kColumns;
+  const int rows = (static_cast<int>(state_.names.shown.size()) + columns() - 1) / columns();
   sheet_->resize(viewport()->width(), themed(kTilesTop * 2 + kTile.height() * rows));
   verticalScrollBar()->setSingleStep(themed(kTile.height()) / 2);
 }
@@ -153,7 +155,7 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
     return QRectF(tile.x() + themed(part.x()), tile.y() + themed(part.y()), themed(part.width()),
                   themed(part.height()));
   };
-  paintSample(painter, placed(kTilePicture), name);
+  pixmaps_.paint(painter, placed(kTilePicture), name, motion_.step(isHovered), isEnabled());
   QFont font(painter.font());
   font.setPixelSize(qRound(themed(kTileText * 10) / 10.0));
   font.setWeight(isChosen ? QFont::DemiBold : QFont::Normal);
@@ -169,17 +171,6 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
                                    themed(kStarSide), devicePixelRatio()));
   }
   if (isChosen && showsFocus(*this)) drawFocusRing(painter, tile, themed(kTileRadius + 2));
-}
-
-void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const std::string& name) {
-  QPainterPath round;
-  round.addRoundedRect(place, themed(kTilePictureRadius), themed(kTilePictureRadius));
-  const Painting kept(painter);
-  painter.setClipPath(round);
-  painter.fillRect(place, toColour(token("ink3")));
-  painter.setOpacity(isEnabled() ? 1 : 0.4);
-  const auto& pixmap = pixmaps_.of(name, motion_.step(), place.size().toSize(), devicePixelRatioF());
-  if (!pixmap.isNull()) painter.drawPixmap(place.topLeft(), pixmap);
 }
 
 void TransitionTiles::hover(int index) {
@@ -249,7 +240,7 @@ bool TransitionTiles::eventFilter(QObject* watched, QEvent* event) {
 
 void TransitionTiles::keyPressEvent(QKeyEvent* event) {
   const int all = static_cast<int>(state_.names.shown.size());
-  const int page = std::max(1, viewport()->height() / themed(kTile.height())) * kColumns;
+  const int page = std::max(1, viewport()->height() / themed(kTile.height())) * columns();
   motion_.stir();
   switch (event->key()) {
     case Qt::Key_Left:
@@ -257,9 +248,9 @@ void TransitionTiles::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
       return acts_.pickNext(1);
     case Qt::Key_Up:
-      return acts_.pickNext(-kColumns);
+      return acts_.pickNext(-columns());
     case Qt::Key_Down:
-      return acts_.pickNext(kColumns);
+      return acts_.pickNext(columns());
     case Qt::Key_PageUp:
       return acts_.pickNext(-page);
     case Qt::Key_PageDown:
