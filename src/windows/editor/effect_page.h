@@ -43,7 +43,7 @@ class EffectPage final : public EditorPage {
   void drawEffects();
   void makeLevels();
   QCheckBox* makeSwitch(QCheckBox* box, int position);
-  QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place);
+  QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place, const Share& share);
   void act(const std::function<void()>& work);
   void openOptions(QWidget& where, int position);
 
