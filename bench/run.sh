@@ -188,7 +188,9 @@ preview() {
     [ -e "$work/film$film.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
       -f lavfi -i "sine=frequency=$((film * 300))" -t 12 -c:v libx264 -preset fast -g 50 -c:a aac "$work/film$film.mp4"
   done
-  "$bin/bench_preview" "$work/film"
+  [ -e "$work/long.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
+    -t 12 -c:v libx264 -preset fast -g 300 -keyint_min 300 -sc_threshold 0 "$work/long.mp4"
+  "$bin/bench_preview" "$work/film" "$work/long.mp4"
   "$bin/bench_preview" "$work/corpus/c"
 }
 
