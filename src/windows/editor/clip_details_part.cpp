@@ -43,7 +43,7 @@ ClipDetailsPart::ClipDetailsPart(const ClipStats& state, QWidget* parent)
   for (std::size_t i = 0; i < kRows; ++i) {
     const int top = kDetailTop + static_cast<int>(kDetailPitch * static_cast<double>(i));
     const int down = 100 * static_cast<int>(i + 1) / static_cast<int>(kRows);
-    auto* caption =
+    auto* caption = captions_[i] =
         write(tr(kDetailRows[i].caption), "hint",
               {kDetailLeft, top, kDetailValueLeft - kDetailLeft - 2, kDetailHeight}, {.down = down});
     values_[i] =
@@ -54,7 +54,8 @@ ClipDetailsPart::ClipDetailsPart(const ClipStats& state, QWidget* parent)
 }
 
 void ClipDetailsPart::draw() {
-  setTextOf(*title_, shown(state_.lbl_ClipStats));
+  const bool isNone = state_.lbl_ClipStats.empty();
+  setTextOf(*title_, isNone ? tr("No clip chosen") : shown(state_.lbl_ClipStats));
   const QFontMetrics metrics(name_->font());
   setTextOf(*name_, metrics.elidedText(shown(state_.clipName), Qt::ElideMiddle, name_->width()));
   setTipOf(*name_, shown(state_.clipName));
@@ -62,6 +63,7 @@ void ClipDetailsPart::draw() {
     const auto text = shown(state_.*kDetailRows[i].text);
     setTextOf(*values_[i], text);
     values_[i]->setEnabled(text != kNone);
+    captions_[i]->setVisible(!isNone);
     values_[i]->setAccessibleDescription(text);
   }
 }

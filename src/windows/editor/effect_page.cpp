@@ -20,7 +20,7 @@ namespace kvo {
 namespace {
 
 constexpr QRect kEffectsPlace(182, 42, 242, 370);
-constexpr QRect kEasePlace(182, 34, 242, 398);
+constexpr QRect kEasePlace(182, 14, 242, 418);
 constexpr Share kEffectsShare{.right = 30, .wider = 70, .taller = 100};
 constexpr int kHalfSlider = 90;  // two of them stand side by side
 constexpr int kBlurSwitch = static_cast<int>(EffectSwitch::Blur);
@@ -87,7 +87,7 @@ QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, cons
 }
 
 void EffectPage::makeEffects() {
-  write(tr("Effects"), "caption", {182, 15, 60, 16}, {.right = 30});
+  effectsCaption_ = write(tr("Effects"), "caption", {182, 15, 60, 16}, {.right = 30});
   makeChoice();
   effects_ =
       put(made<EffectRows>(
@@ -100,9 +100,9 @@ void EffectPage::makeEffects() {
   for (int i = 1; i <= EffectRows::kRows; ++i) makeSwitch(effects_->box(i), i);
   noneFound_ = write(tr("No effect of that name"), "hint", {182, 82, 242, 16}, {.right = 30, .wider = 70});
   noneFound_->setAlignment(Qt::AlignCenter);
-  auto* hint = write(tr("Right click for keyframes"), "hint", {182, 416, 242, 16},
-                     {.right = 30, .down = 100, .wider = 70});
-  hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  hint_ = write(tr("Right click for keyframes"), "hint", {182, 416, 242, 16},
+                {.right = 30, .down = 100, .wider = 70});
+  hint_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void EffectPage::makeChoice() {
@@ -204,7 +204,8 @@ void EffectPage::drawEffects() {
   favourites_->setIcon(QIcon(iconPicture("star", names.onlyFavourites ? token("amber") : token("text3"),
                                          themed(16), devicePixelRatio())));
   effects_->draw();
-  effects_->setVisible(!state_.ease.open);
+  for (auto* part : std::initializer_list<QWidget*>{effectsCaption_, find_, favourites_, effects_, hint_})
+    part->setVisible(!state_.ease.open);
   noneFound_->setVisible(!state_.ease.open && names.shown.empty());
 }
 

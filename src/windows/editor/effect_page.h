@@ -55,6 +55,8 @@ class EffectPage final : public EditorPage {
   EffectRows* effects_ = nullptr;
   QLineEdit* find_ = nullptr;
   QToolButton* favourites_ = nullptr;
+  QLabel* effectsCaption_ = nullptr;
+  QLabel* hint_ = nullptr;
   QLabel* noneFound_ = nullptr;
   std::array<QCheckBox*, EffectWord::kSwitches + 1> switches_{};
   std::array<bool, EffectWord::kSwitches + 1> drawnKeyframed_{};

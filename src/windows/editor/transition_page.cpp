@@ -288,7 +288,9 @@ void TransitionPage::drawChoice() {
   particles_->setVisible(panel.listVisible && state_.particlesOpen);
   particles_->draw();
   instead_->setVisible(!panel.listVisible);
-  setTextOf(*instead_, !isThere ? tr("Choose a clip at the left")
+  setTextOf(*instead_, state_.Lst_TransitionMovies.rows.empty()
+                           ? tr("Drop clips or stills on the timeline first")
+                       : !isThere ? tr("Choose a clip at the left")
                        : !state_.canHaveTransition
                            ? noTransition
                            : tr("The clip follows without a transition.\nClick Transition to choose one."));

@@ -51,7 +51,10 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   void hover(int index);
   void showTip(const QPoint& at, const QPoint& global);
   void offerFavourite(int index, const QPoint& global);
+  void bringChoiceInSight();
   [[nodiscard]] int columns() const;
+  [[nodiscard]] int wider() const;
+  [[nodiscard]] int tileHeight() const;
   [[nodiscard]] QRect tileRect(int index) const;
   [[nodiscard]] QRect starRect(int index) const;
   [[nodiscard]] int tileAt(const QPoint& at) const;
