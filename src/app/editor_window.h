@@ -3,9 +3,11 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
+#include "app/render_links.h"
 #include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
+#include "ports/motion.h"
 #include "sketches/sketches.h"
 
 #include <QImage>
@@ -29,12 +31,14 @@ class EditorWindow {
  public:
   struct Parts {
     EditorLinks& links;
+    RenderLinks& render;
     Session& session;
     EventLoop& loop;
     Sketches& sketches;
     UserStore& store;
     const Desktop& desktop;
     FileDialogs& dialogs;
+    Motion& motion;
     std::string pictures;        ///< the folder of the keys' pictures, with its separator
     std::function<void()> draw;  ///< all windows
   };
@@ -51,6 +55,7 @@ class EditorWindow {
   void makePage(int tab);
   void makePreview();
   void makeTimeline();
+  void makeRender();
   [[nodiscard]] PageLogic pageLogic();
   [[nodiscard]] std::shared_ptr<const FramePicture> sketchOf(int clipNo) const;
   [[nodiscard]] QImage pictureOf(int clipNo);

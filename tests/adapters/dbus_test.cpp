@@ -1,7 +1,7 @@
 // Media controls and the screen saver on a bus of the test's own, steered by playerctl as by any applet.
-#include "adapters/dbus/motion_setting.h"
+#include "adapters/dbus/bus_motion.h"
+#include "adapters/dbus/bus_screen_saver.h"
 #include "adapters/dbus/mpris.h"
-#include "adapters/dbus/screen_saver.h"
 #include "support/own_bus.h"
 
 #include <QCoreApplication>
@@ -299,7 +299,7 @@ TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
     ASSERT_TRUE(desktop.registerVirtualObject(path, &saver, QDBusConnection::SubPath));
     ASSERT_TRUE(
         desktop.registerService(portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"));
-    ScreenSaver awake;
+    BusScreenSaver awake;
     awake.inhibit(true);
     awake.inhibit(true);
     ASSERT_TRUE(until([&] { return saver.calls == "Inhibit "; })) << saver.calls;
@@ -356,7 +356,7 @@ TEST_F(Bus, ThePortalTellsWhetherLittleShouldMove) {
     settings.value = row.value;
     ASSERT_TRUE(desktop.registerVirtualObject("/org/freedesktop/portal/desktop", &settings));
     ASSERT_TRUE(desktop.registerService("org.freedesktop.portal.Desktop"));
-    MotionSetting motion;
+    BusMotion motion;
     EXPECT_FALSE(motion.isReduced()) << "it is not waited for";
     ASSERT_TRUE(until([&] { return settings.asked == 3; }));
     const auto isThere = [&] { return motion.isReduced(); };

@@ -1,8 +1,6 @@
 // The desktop by Qt.
 #pragma once
 
-#include "adapters/dbus/motion_setting.h"
-#include "adapters/dbus/screen_saver.h"
 #include "ports/desktop.h"
 
 namespace kvo {
@@ -15,12 +13,6 @@ class QtDesktop : public Desktop {
   [[nodiscard]] std::string videosFolder() const override;
   bool openPage(const std::string& address) override;
   bool openFile(const std::string& path) override;
-  [[nodiscard]] bool reducesMotion() const override { return motion_.isReduced(); }
-  void inhibitScreenSaver(bool on) override { screenSaver_.inhibit(on); }
-
- private:
-  ScreenSaver screenSaver_;
-  mutable MotionSetting motion_;  // asks when it is asked
 };
 
 }  // namespace kvo

@@ -6,7 +6,7 @@
 
 namespace kvo {
 
-StandingPicture::StandingPicture(PreviewState& state, FrameSource& streams, EventLoop& loop,
+StandingPicture::StandingPicture(PreviewState& state, MediaContents& streams, EventLoop& loop,
                                  std::function<void()> draw)
     : state_(state),
       draw_(std::move(draw)),

@@ -5,7 +5,7 @@
 #include "core/records/collection.h"
 #include "core/records/settings.h"
 #include "editor/compiler/effects_table.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstddef>
 #include <functional>

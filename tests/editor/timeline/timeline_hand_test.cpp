@@ -133,6 +133,7 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   b.collection.MovieList[2].KeyID(7);
   Keyframe keyframe;
   keyframe.ClipName = 7;
+  keyframe.Time = Value(2);
   b.collection.KeyframeList.add(keyframe);
   b.collection.MovieList[2].Gamma(3);
   b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));

@@ -51,8 +51,14 @@ TEST(TimelineBlocks, AreSpokenOf) {
   b.collection.MovieList[3].Sepia(true);
   b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2}));
   b.show();
+  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, colors set")
+      << "nothing moves";
+  auto& second = b.collection.KeyframeList.add({});
+  second.ClipName = 7;
+  second.Time = Value(2);
+  b.show();
   EXPECT_EQ(spokenName(*b.state.blocks.of(3), false),
-            "Clip 3, sailing.avi, 7.0 seconds, 1 keyframe, colors set");
+            "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes, colors set");
   EXPECT_EQ(spokenName(*b.state.blocks.of(1), false),
             "Clip 1, opening.mp4, 6.0 seconds, a clip laid over it");
   EXPECT_EQ(spokenName(*b.state.blocks.of(2), false),

@@ -2,6 +2,8 @@
 // that knows its settings.
 #pragma once
 
+#include "ports/motion.h"
+
 #include <QElapsedTimer>
 #include <QObject>
 #include <array>
@@ -11,11 +13,11 @@ class QDBusMessage;
 
 namespace kvo {
 
-class MotionSetting {
+class BusMotion : public Motion {
  public:
   /// As far as the desktop has told. It is asked at the first call, and again at one that comes ten seconds
   /// later; it is never waited for.
-  bool isReduced();
+  bool isReduced() override;
 
  private:
   void ask();

@@ -1,4 +1,4 @@
-#include "adapters/dbus/motion_setting.h"
+#include "adapters/dbus/bus_motion.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -24,12 +24,12 @@ constexpr std::array<MotionRow, 3> kMotionRows{{{"org.freedesktop.appearance", "
 
 }  // namespace
 
-bool MotionSetting::isReduced() {
+bool BusMotion::isReduced() {
   if (!asked_.isValid() || asked_.hasExpired(kAskAgain)) ask();
   return std::ranges::find(isReduced_, true) != isReduced_.end();
 }
 
-void MotionSetting::ask() {
+void BusMotion::ask() {
   asked_.start();
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
@@ -49,7 +49,7 @@ void MotionSetting::ask() {
 }
 
 // A value, in one or two values of any kind; what the desktop does not know is an error.
-void MotionSetting::answered(std::size_t row, const QDBusMessage& reply) {
+void BusMotion::answered(std::size_t row, const QDBusMessage& reply) {
   if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return;
   auto value = reply.arguments().front();
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
