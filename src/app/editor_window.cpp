@@ -56,8 +56,9 @@ void EditorWindow::draw() {
   if (!frm_) make();
   makePage(parts_.links.states().window.frame.CurrentTab);
   frm_->draw();
-  auto* owner = parts_.links.desk().isOpen() ? frm_.get() : nullptr;
-  keyframes_->draw(owner);
+  const auto& desk = parts_.links.desk();
+  auto* owner = desk.isOpen() ? frm_.get() : nullptr;
+  keyframes_->draw(parts_.links.isPlaying() ? nullptr : owner);  // it would lie over the movie
   analysing_->draw(owner);
 }
 
@@ -87,14 +88,14 @@ void EditorWindow::make() {
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
-               .jog = act([&links](int frames) { links.jog(frames); }),
+               .jog = act([&desk](int pictures) { desk.jog(pictures); }),
                .goInHistory = act([&links](int steps) { links.goInHistory(steps); }),
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
-               .preview = act([&links] { links.preview().PrepPreview(); }),
+               .preview = act([&links] { links.preview().playOrPauseMovie(); }),
                .save = act([&desk] { desk.saveAgain(); }),
                .saveAs = act([&desk] { desk.saveProject(); }),
-               .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
+               .stop = act([&links] { links.stop(); }),
                .close = act([&desk] { desk.Form_QueryUnload(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(

@@ -34,6 +34,7 @@ class NotingHost : public PreviewHost {
   void buildClipSliders() override { note("sliders"); }
   void Buildtabs(int /*tab*/) override {}
   [[nodiscard]] bool mayEdit() const override { return free; }
+  void haltPlayer() override { note("halt"); }
   void parkPlayer() override { note("park"); }
   void FrmFileOpenToolsOnOff(bool on) override {
     note(on ? "tools+" : "tools-");
@@ -41,6 +42,7 @@ class NotingHost : public PreviewHost {
   }
   void watchChanges(bool on) override { note(on ? "watch+" : "watch-"); }
   void selectRow(int clipNo) override { note("row:" + std::to_string(clipNo)); }
+  void movieStands(double seconds) override { note("at " + ShortText(seconds)); }
   void Displaymovieinfo() override { note("details"); }
   void restoreCaption() override { note("caption"); }
   void deleteWorkFiles() override { note("sweep"); }

@@ -82,8 +82,7 @@ struct RushBench : test::TabBench {
                  number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
                  number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), note("save"), note("saveAs"), note("stopAnalysing"),
-                 note("close")},
+                 note("whole"), note("preview"), note("save"), note("saveAs"), note("stop"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
@@ -198,7 +197,7 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Space);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Escape);
   strip->setCurrentIndex(4);
-  EXPECT_EQ(b.asked, "preview stopAnalysing ");
+  EXPECT_EQ(b.asked, "preview stop ");
   EXPECT_EQ(b.frame.CurrentTab, 1);
   b.frame.toolsOn = true;
   b.frame.toolsOffBecause.clear();

@@ -234,6 +234,7 @@ void CreatePage::draw() {
     Cmd_PrevGrph_->setToolTip(running ? tr("End the preview of the movie") : tr("Watch the movie"));
     Cmd_PrevGrph_->setAccessibleName(Cmd_PrevGrph_->text());
   }
+  setWhyNot(*Cmd_PrevGrph_, state_.canSave || running ? QString() : tr("Nothing to Preview"));
   setWhyNot(*KVOBut_SaveProject_, !state_.canSave ? tr("There is nothing to save")
                                   : running       ? tr("Stop the preview first")
                                                   : QString());

@@ -36,7 +36,7 @@ PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(p
 
 QString PreviewPart::title() const {
   if (!state_.failure.empty()) return shown(state_.failure);
-  if (state_.picture == nullptr && state_.kind == PreviewKind::None) return tr("Nothing to Preview");
+  if (state_.picture == nullptr && state_.title.empty()) return tr("Nothing to Preview");
   return shown(state_.title).replace(" -->  ", QString::fromUtf8(" \u2192 "));
 }
 

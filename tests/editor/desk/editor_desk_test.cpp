@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <mutex>
+#include <sstream>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -32,6 +33,12 @@ struct NotedPreview : DeskPreview {
   void sample(Sample /*what*/, int clipNo) override { asked += "sample" + std::to_string(clipNo) + " "; }
   [[nodiscard]] bool isPlaying() const override { return plays; }
   void movieIsStale() override {}
+  void standAt(double seconds) override { at = seconds; }
+  void showClip() override {
+    if (does != nullptr) *does += "leave ";
+  }
+  double at = -1;
+  std::string* does = nullptr;
 };
 
 /// Streams that can be kept waiting for.
@@ -95,6 +102,20 @@ struct DeskBench : ProgramBench {
             .PlayerGetFileName = [this] { return inPlayer; },
             .pausePlaying = note("halt"),
             .place = [this] { return place; },
+            .pictureAt = [this](double seconds) -> std::optional<PlayerPlace> {
+              if (!place) return std::nullopt;
+              return PlayerPlace{seconds, static_cast<Long>(std::lround(seconds * 25))};
+            },
+            .standPlayer =
+                [this](double seconds) {
+                  told += "to" + ShortText(seconds) + " ";
+                  if (place) place = PlayerPlace{seconds, static_cast<Long>(std::lround(seconds * 25))};
+                },
+            .stepPlayer =
+                [this](int pictures) {
+                  const double to = place->seconds + pictures / 25.0;
+                  place = PlayerPlace{to, static_cast<Long>(std::lround(to * 25))};
+                },
             .SetMarkIn = note("markIn"),
             .SetMarkOut = note("markOut"),
             .resetMark = [this](bool in) { told += in ? "resetIn " : "resetOut "; },
@@ -126,6 +147,18 @@ struct DeskBench : ProgramBench {
   std::string changed(Integer code) {
     settings.state.ObjectChange = code;
     return tick();
+  }
+
+  /// What is told of clips and places: "load2 to4 leave".
+  [[nodiscard]] std::string moves() const {
+    std::string all;
+    for (std::istringstream words(told); words;) {
+      std::string word;
+      words >> word;
+      for (const auto* of : {"load", "to", "leave", "mark"})
+        if (word.starts_with(of)) all += word + " ";
+    }
+    return all;
   }
 
   std::string told;
@@ -364,21 +397,23 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
     const char* film;  // what is told, or a step of the history
     const char* still;
   };
-  const Row rows[] = {{ClipKey::SetIN, "markIn ", ""},
-                      {ClipKey::SetOUT, "markOut ", ""},
-                      {ClipKey::ResetIN, "slider resetIn ", ""},
-                      {ClipKey::ResetOUT, "slider resetOut ", ""},
-                      {ClipKey::Split, "load2 Undo split film1.avi", ""},
-                      {ClipKey::Copy, "load2 Undo copy film1.avi", "load5 Undo copy photo.jpg"},
-                      {ClipKey::CopyEnd, "load2 Undo copy film1.avi", ""},
-                      {ClipKey::Equi, "load2 Undo copy film1.avi", ""},
-                      {ClipKey::Trimmer, "stop trimmer ", ""},
-                      {ClipKey::AddSnapShot, "halt ", ""}};
+  const Row rows[] = {{ClipKey::SetIN, "to4 markIn ", ""},
+                      {ClipKey::SetOUT, "to4 markOut ", ""},
+                      {ClipKey::ResetIN, "to4 slider resetIn ", ""},
+                      {ClipKey::ResetOUT, "to4 slider resetOut ", ""},
+                      {ClipKey::Split, "to4 to4 load2 Undo split film1.avi", ""},
+                      {ClipKey::Copy, "to4 load2 Undo copy film1.avi", "load5 Undo copy photo.jpg"},
+                      {ClipKey::CopyEnd, "to4 load2 Undo copy film1.avi", ""},
+                      {ClipKey::Equi, "to4 load2 Undo copy film1.avi", ""},
+                      {ClipKey::Trimmer, "to4 stop trimmer ", ""},
+                      {ClipKey::AddSnapShot, "to4 halt ", ""}};
   for (const auto& row : rows) {
     for (const int clip : {1, 4}) {
       DeskBench b;
       b.open();
       b.list.select(clip);
+      b.desk.follow();
+      if (clip == 1) b.desk.movieStands(4);
       b.told.clear();
       b.desk.press(row.key);
       EXPECT_EQ(b.told + b.window.history.undo, clip == 1 ? row.film : row.still)
@@ -387,10 +422,11 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
   }
   DeskBench b;
   b.open();
+  b.desk.follow();
   b.inPlayer.clear();
   b.told.clear();
   b.desk.press(ClipKey::ResetIN);
-  EXPECT_EQ(b.told, "slider load1 resetIn ") << "the player was empty";
+  EXPECT_EQ(b.told, "to0 slider load1 resetIn ") << "the player was empty";
   b.place.reset();
   b.desk.ShowClipStats();
   EXPECT_NE(b.state.keys.of(ClipKey::Split), "");
@@ -520,11 +556,12 @@ TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
   b.streams.all["/v/film1.avi"].width = 2;
   b.streams.all["/v/film1.avi"].height = 2;
   b.open();
+  b.desk.movieStands(4);
   b.told.clear();
   b.desk.press(ClipKey::AddSnapShot);
   ASSERT_TRUE(b.loop.workComesHome());
   const std::string path = "/stills/film1 - f00100 - Still.bmp";
-  EXPECT_EQ(b.told, "halt add" + path + " ahead of 5 ") << "the song stays behind the pictures";
+  EXPECT_EQ(b.told, "load1 to4 halt add" + path + " ahead of 5 ") << "the song stays behind the pictures";
   EXPECT_EQ(b.files.all[path].size(), 54U + 2 * 8) << "rows are filled to four bytes";
   EXPECT_EQ(b.files.all[path].substr(54, 8), std::string("\4\4\4\4\4\4\0\0", 8));
   b.settings.adjust().StillSavePath.clear();
@@ -614,6 +651,89 @@ TEST(ClipStats, TellWhatTheRecordHas) {
   }
 }
 
+// The second film plays twice as fast: the clips begin at 0, 8, 12 and 20 s of the movie.
+TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
+  struct Row {
+    const char* what;
+    void (*act)(DeskBench&);
+    int clip;  // in hand
+    double inMovie, inClip;
+    const char* does;  // what is loaded, where the player is sent, what the preview is told
+  };
+  const Row rows[] = {
+      {"the ruler", [](auto& b) { b.desk.movieStands(10); }, 2, 10, 4, "load2 to4 "},
+      {"a drag over it", [](auto& b) { b.desk.movieStands(7), b.desk.movieStands(13); }, 3, 13, 1,
+       "load3 to1 "},
+      {"a still", [](auto& b) { b.desk.movieStands(22); }, 4, 22, 2, "load4 "},
+      {"behind the pictures", [](auto& b) { b.desk.movieStands(28); }, 4, 28, 5, "load4 "},
+      {"a clip is chosen", [](auto& b) { b.list.PreviewMovie(3); }, 3, 12, 0, "load3 to0 "},
+      {"a tab's list", [](auto& b) { b.desk.UpDateFrmFileOpen(2, true); }, 2, 8, 0, "load2 to0 "},
+      {"it lies at the playhead",
+       [](auto& b) {
+         b.desk.movieStands(10), b.list.select(1), b.desk.follow(), b.desk.movieStands(9),
+             b.list.PreviewMovie(2);
+       },
+       2, 9, 2, "load2 load2 to2 "},
+      {"the wheel", [](auto& b) { b.desk.jog(50); }, 1, 2, 2, "to0 leave "},
+      {"the wheel in a fast clip", [](auto& b) { b.desk.movieStands(10), b.desk.jog(-50); }, 2, 9, 2,
+       "load2 to4 leave "},
+      {"the wheel in a still", [](auto& b) { b.list.PreviewMovie(4), b.desk.jog(50); }, 4, 22, 2,
+       "load4 leave "},
+      {"a mark",
+       [](auto& b) {
+         b.desk.movieStands(6), b.desk.edit("Mark-In", 1, 96, [&] { b.clip(1).LoopStart(Value(2)); });
+       },
+       1, 4, 6, "to6 "},
+      {"a key", [](auto& b) { b.desk.movieStands(10), b.desk.press(ClipKey::SetIN); }, 2, 10, 4,
+       "load2 to4 markIn to4 "},
+      {"the positioner",
+       [](auto& b) {
+         b.window.positions.positioner.visible = true, b.place = PlayerPlace{5, 125};
+       },
+       1, 5, 5, "leave "},
+      {"the movie plays", [](auto& b) { b.preview.plays = true, b.desk.selectRow(3), b.desk.jog(5); }, 3, 0,
+       0, ""},
+      {"the movie is about to play",
+       [](auto& b) { b.desk.movieStands(10), b.desk.follow(), b.desk.selectRow(1); }, 1, 10, 4, ""},
+      {"no clip", [](auto& b) { b.desk.movieStands(10), b.collection.clearLists(), b.list.fill(); }, 0, 0, 0,
+       ""},
+  };
+  for (const auto& row : rows) {
+    DeskBench b;
+    b.clip(2).Playspeed(20);
+    b.open();
+    b.desk.follow();
+    b.tick();
+    b.told.clear();
+    b.preview.does = &b.told;
+    row.act(b);
+    for (int i = 0; i < 2; ++i) {
+      b.desk.follow();
+      b.loop.advance(200);
+    }
+    b.desk.follow();
+    EXPECT_EQ(b.collection.icurMov, row.clip) << row.what;
+    EXPECT_NEAR(b.desk.playhead().inMovie(), row.inMovie, 1e-6) << row.what;
+    EXPECT_NEAR(b.desk.playhead().inClip(), row.inClip, 1e-6) << row.what;
+    EXPECT_EQ(b.moves(), row.does) << row.what;
+    EXPECT_TRUE(b.preview.plays || b.preview.at == b.desk.playhead().inMovie()) << row.what;
+  }
+}
+
+TEST(Playhead, AnotherClipBelowItLeavesThePictureAlone) {
+  DeskBench b;
+  b.open();
+  b.desk.Buildtabs(7);
+  b.preview.asked.clear();
+  b.desk.movieStands(10);
+  EXPECT_EQ(b.state.stats.lbl_ClipStats, "Cut 2 Details") << "at once";
+  EXPECT_NE(b.tick().find("anew7"), std::string::npos);
+  EXPECT_EQ(b.preview.asked, "");
+  b.list.PreviewMovie(3);
+  b.tick();
+  EXPECT_EQ(b.preview.asked, "kill ") << "it has been chosen";
+}
+
 // Each wish of the timeline is one step, as the lists' own commands would have made it.
 TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
   struct Row {
@@ -640,7 +760,7 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
        "123ps"},
       {"remove film2.avi", [](TimelineDesk& desk) { desk.remove(2); }, "13ps"},
       {"copy film2.avi", [](TimelineDesk& desk) { desk.copy(2); }, "1223ps"},
-      {"split film2.avi", [](TimelineDesk& desk) { desk.split(2, 3); }, "1223ps"},
+      {"split film2.avi", [](TimelineDesk& desk) { desk.split(2); }, "1223ps"},
       {"add a.avi",
        [](TimelineDesk& desk) {
          desk.insertFiles({"/v/x.mp3", "/v/a.avi"}, 2);
@@ -649,7 +769,7 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
       {"add 2 clips", [](TimelineDesk& desk) { desk.insertFiles({"/f"}, 2); }, "1ac23psb"},
       {"",
        [](TimelineDesk& desk) {
-         desk.setTransIn({9, 10}), desk.split(9, 1), desk.moveTo(0, 1);
+         desk.setTransIn({9, 10}), desk.split(9), desk.moveTo(0, 1);
        },
        "123ps"},
   };
@@ -658,6 +778,9 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
     for (const auto* name : {"/v/x.mp3", "/v/a.avi", "/f/a.avi", "/f/b.mp3", "/f/c.avi"})
       b.files.all[name] = "x";
     TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
+    b.clip(2).TimeLineStart(Value(8));
+    b.clip(2).TimeLineStop(Value(16));
+    b.desk.movieStands(11);
     row.act(desk);
     std::string names;
     for (int i = 1; i <= b.collection.MovieList.count(); ++i) {
