@@ -17,6 +17,8 @@ class NotingHost : public PreviewHost {
   bool free = true;
   bool rewinds = true;
   int drawn = 0;
+  std::function<void()> draws{};
+  double playhead = 0;
   std::function<void(bool)> turned = [](bool /*on*/) {};  // the tools
 
   std::string takeNotes() { return std::exchange(notes, {}); }
@@ -42,13 +44,19 @@ class NotingHost : public PreviewHost {
   }
   void watchChanges(bool on) override { note(on ? "watch+" : "watch-"); }
   void selectRow(int clipNo) override { note("row:" + std::to_string(clipNo)); }
-  void movieStands(double seconds) override { note("at " + ShortText(seconds)); }
+  void movieStands(double seconds) override {
+    note("at " + ShortText(seconds));
+    playhead = seconds;
+  }
   void Displaymovieinfo() override { note("details"); }
   void restoreCaption() override { note("caption"); }
   void deleteWorkFiles() override { note("sweep"); }
   [[nodiscard]] StillControls stillControls() const override { return {}; }
   [[nodiscard]] bool Chk_AutoRewind() const override { return rewinds; }
-  void previewChanged() override { ++drawn; }
+  void previewChanged() override {
+    ++drawn;
+    if (draws) draws();
+  }
 
  private:
   void note(const std::string& what) { notes += (notes.empty() ? "" : " ") + what; }

@@ -4,10 +4,12 @@
 #include "editor/preview/position_texts.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kvo {
 namespace {
 
+constexpr double kPicture = 0.2;      // seconds: no picture stands longer
 constexpr int kAtOnce = 1;            // milliseconds: behind the act that has loaded the clip
 constexpr Integer kLeavesOrder = 97;  // up to here changes leave the clips in their order
 
@@ -144,7 +146,8 @@ void Playhead::bring() {
   if (clip->IsStill()) return;
   parts_.doors.standPlayer(inClip_);
   // What is seen there begins a little earlier.
-  if (const auto seen = parts_.doors.pictureAt(inClip_)) inClip_ = seen->seconds;
+  const auto seen = parts_.doors.place();
+  if (seen && std::abs(seen->seconds - inClip_) < kPicture) inClip_ = seen->seconds;
   timed_ = placeInMovie(*clip, inClip_);
 }
 

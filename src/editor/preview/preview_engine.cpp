@@ -1,5 +1,6 @@
 #include "editor/preview/preview_engine.h"
 
+#include "base/holding.h"
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "editor/compiler/document_check.h"
@@ -167,7 +168,7 @@ void PreviewEngine::takeTimes() {
 }
 
 void PreviewEngine::standAt(double seconds) {
-  if (movieRuns()) return;
+  if (movieRuns() || seeking_) return;
   if (state_.kind == PreviewKind::Movie && (stale_ || seconds != standsAt_)) showClip();
   auto& bar = isSample() ? movieBar_ : state_.FSB_RenderRange;
   if (!bar.held) bar.Value = seconds;
@@ -311,6 +312,7 @@ void PreviewEngine::PreviewtransPort(Key key) {
     if (state_.PreviewPlaying) return PausePreview();
     return isSample() ? DirXPlay(0) : PrepPreview();
   }
+  const Holding inside(seeking_);
   if (state_.kind == PreviewKind::None && !standOnMovie()) return;
   const bool stays = key != Key::ToStart;  // the end, too, is there to be seen: a rewind would follow
   if (stays && state_.PreviewPlaying && !state_.paused) PausePreview();
@@ -354,6 +356,7 @@ bool PreviewEngine::standOnMovie() {
 }
 
 void PreviewEngine::showAt(double seconds) {
+  const Holding inside(seeking_);
   if (isSample()) release();
   if (!standOnMovie()) return;
   standOn(frameOf(seconds));

@@ -130,7 +130,8 @@ class PreviewEngine {
   std::vector<double> movieCuts_;
   std::string waitsFor_;  // the file for want of which it failed
   bool stale_ = true;
-  bool began_ = false;  // the player has been seen doing what it was told
+  bool seeking_ = false;  // by the user's choice; the playhead follows
+  bool began_ = false;    // the player has been seen doing what it was told
   int tick_ = 0;
 };
 

@@ -165,6 +165,41 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 3.1) << "the user has it";
 }
 
+// As the desk has it, which tells at each drawing where the playhead is.
+TEST(Preview, WhatStandsOfTheMovieIsAtThePlayhead) {
+  PreviewBench b;
+  b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
+  const auto seen = [&] {
+    return std::string(b.state.kind == PreviewKind::Movie ? "movie " : "clip ") + b.state.Lbl_TimePos + " " +
+           ShortText(b.state.FSB_RenderRange.Value);
+  };
+  struct Row {
+    const char* what;
+    std::function<void()> act;
+    const char* seen;
+  };
+  for (const auto& row :
+       {Row{"the ruler", [&] { b.preview.showAt(4); }, "movie 00:04.0000 4"},
+        Row{"the bar", [&] { b.preview.moveRange(6.5); }, "movie 00:06.5000 6.5"},
+        Row{"a step", [&] { b.preview.PreviewtransPort(Key::StepForward); }, "movie 00:06.6000 6.6"},
+        Row{"an edit", [&] { b.preview.movieIsStale(); }, "clip 00:06.6000 6.6"},
+        Row{"a step behind it", [&] { b.preview.PreviewtransPort(Key::StepBack); }, "movie 00:06.5000 6.5"},
+        Row{"it has been played", [&] { b.preview.playOrPauseMovie(), b.shows(72), b.preview.PrepPreview(); },
+            "movie 00:07.2000 7.2"},
+        Row{"another clip", [&] { b.host.playhead = 2; }, "clip 00:02.0000 2"},
+        Row{"the wheel", [&] { b.preview.showAt(5), b.preview.showClip(); }, "clip 00:05.0000 5"},
+        Row{"a sample", [&] { b.preview.sample(Sample::Effect, 1), b.preview.showClip(); },
+            "clip 00:05.0000 5"}}) {
+    row.act();
+    b.host.previewChanged();
+    EXPECT_EQ(seen(), row.seen) << row.what;
+    EXPECT_EQ(b.state.Lbl_TotDur, "00:10.0000") << row.what;
+  }
+  b.collection.MovieList[2].TimeLineStop(Value(9));
+  b.preview.takeTimes();
+  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 9})) << "a clip has been trimmed";
+}
+
 TEST(Preview, APictureMayComeAheadOfThePlayersOwnPlace) {
   PreviewBench b;
   b.preview.showAt(6);
