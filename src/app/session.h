@@ -1,7 +1,7 @@
 // The one owner of everything: settings, collection, editor state and the adapters behind the ports.
 #pragma once
 
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_name_locks.h"
@@ -10,6 +10,9 @@
 #include "editor/desk/presumed_files.h"
 #include "editor/tabs/editing.h"
 #include "program/collection_store.h"
+#include "vocabulary/movie_presets.h"
+
+#include <optional>
 
 namespace kvo {
 
@@ -28,8 +31,10 @@ class Session {
   /// Reads a collection without touching its file. Clips whose file is missing stay in the list.
   Result<ReadReport> open(const std::string& collectionPath);
 
-  /// Compiles the collection for a render, or for a preview of the given power. Nothing is written back.
-  Compiled compile(std::optional<int> previewPower = std::nullopt);
+  /// Compiles the collection for a render, or for a preview of the given power; in its own size without
+  /// another. Nothing is written back.
+  Compiled compile(std::optional<int> previewPower = std::nullopt,
+                   std::optional<PictureSides> size = std::nullopt);
 
   PosixFiles files;
   PosixClock clock;
@@ -37,7 +42,7 @@ class Session {
   PosixNameLocks nameLocks;
   PosixTemporaryFolders temporaryFolders;
   MessageBoxes& boxes;
-  MediaFrameSource streams;
+  MediaFileContents streams;
   PresumedFiles editorStreams{streams};  ///< as the editor asks for them
   ProgramFolder folder;
   KVO2 settings;

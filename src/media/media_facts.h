@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <string>
 
@@ -15,7 +15,8 @@ Result<StreamFacts> readFacts(const std::string& path);
 /// A quick look: fails with a line that names the file when it is missing or its head is no media file's.
 Outcome checkInput(const std::string& path);
 
-/// FFmpeg's own remarks on standard error are held back from here on: what matters comes as an Error.
+/// FFmpeg's own remarks on standard error, and those of its encoders, are held back from here on: what
+/// matters comes as an Error. To be called ahead of the first thread.
 void silenceRemarks();
 
 }  // namespace kvo::media

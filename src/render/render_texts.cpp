@@ -39,6 +39,10 @@ struct SummaryPatterns {
   const char* seconds;
   const char* minutes;
 };
+constexpr SummaryPatterns kPictureSummary = {"Encoding %2 secs of video to %3",
+                                             "Encoding %1 mins %2 secs of video to %3"};
+constexpr SummaryPatterns kSoundSummary = {"Encoding %2 secs of audio to %3",
+                                           "Encoding %1 mins %2 secs of audio to %3"};
 constexpr std::array<SummaryPatterns, 4> kSummaries = {
     {{"Encoding %2 secs of video to '%3'", "Encoding %1 mins %2 secs of video to '%3'"},
      {"Encoding %2 secs of audio to '%3'", "Encoding %1 mins %2 secs of audio to '%3'"},
@@ -48,10 +52,7 @@ constexpr std::array<SummaryPatterns, 4> kSummaries = {
 
 }  // namespace
 
-std::string_view extensionOf(OutputKind kind) {
-  constexpr std::array<std::string_view, 4> kExtensions = {"WMV", "WMA", "AVI", "WAV"};
-  return kExtensions.at(static_cast<std::size_t>(kind));
-}
+std::string_view extensionOf(OutputKind kind) { return movieFileOf(kind).extension; }
 
 std::string filterOf(OutputKind kind) { return "*." + lower(extensionOf(kind)); }
 
@@ -65,9 +66,14 @@ std::string editorCaption(std::string_view collection) {
 
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile) {
   const auto length = lengthOf(seconds);
-  const auto& patterns = kSummaries.at(static_cast<std::size_t>(kind));
+  const auto number = static_cast<std::size_t>(kind);
+  const auto& file = movieFileOf(kind);
+  const bool hasOwn = number < kSummaries.size();
+  const auto& patterns = hasOwn ? kSummaries.at(number) : file.hasPicture ? kPictureSummary : kSoundSummary;
+  const auto target = std::string(file.extension) + " (" + translated(file.about) + ")";
   return translated(length.minutes > 0 ? patterns.minutes : patterns.seconds,
-                    {std::to_string(length.minutes), std::to_string(length.seconds), profile});
+                    {std::to_string(length.minutes), std::to_string(length.seconds),
+                     hasOwn ? profile : std::string_view(target)});
 }
 
 std::string countdownText(int hours, int minutes, int seconds) {
@@ -108,7 +114,7 @@ StyledBox renderTimeWarning(double seconds) {
 
 StyledBox viewQuestion(std::string_view file) {
   return question("KVO - Movie Successfully Created",
-                  translated("%1 has been created !", {file}).append(kCrLf).append(kCrLf),
+                  translated("%1 has been created !", {fileNamePart(file)}).append(kCrLf).append(kCrLf),
                   "Do you wish to view the new Movie ?", BoxIcon::Done);
 }
 
@@ -153,6 +159,22 @@ Box noCountdownBox() {
   return warningBox("KVO5 - Render Engine Failure",
                     "Render Failed - Probable cause is output dimensions - Change the dimensions and re-try "
                     "the render");
+}
+
+Box replaceQuestion(std::string_view file) {
+  return {"KVO - Create Movie",
+          translated("%1 is there already. Do you wish to replace it ?", {fileNamePart(file)}),
+          BoxButtons::YesNo, BoxIcon::Question};
+}
+
+Box silenceQuestion(int minutes) {
+  return {"KVO - Render Engine",
+          translated("The render engine has said nothing for %1 min. It may hang, or have much to do.\r\n"
+                     "Do you wish to abort the render ?",
+                     {std::to_string(minutes)}),
+          BoxButtons::YesNo,
+          BoxIcon::Warning,
+          {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
 }
 
 Box renderFailedBox(std::string_view why) {

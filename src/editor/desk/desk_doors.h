@@ -69,8 +69,8 @@ struct MainWindowDoors {
   std::function<void()> mnu_SectionName_Click{};  ///< asks for the clip's name in the list
   /// Adds a file to the collection, ahead of a clip, or at the end with 0.
   std::function<void(const std::string&, int before)> AddMoviesm{};
-  std::function<void()> mnu_SaveShow_Click{};         ///< saves the collection under a name that it asks for
-  std::function<void()> saveAgain{};                  ///< saves it into its own file
+  std::function<bool()> mnu_SaveShow_Click{};         ///< saves the collection under a name that it asks for
+  std::function<bool()> saveAgain{};                  ///< saves it into its own file
   std::function<void()> empty{};                      ///< it has no clip any more
   std::function<void()> haltPlayer{};                 ///< timers stand, the player is stopped
   std::function<void()> parkPlayer{};                 ///< and out of sight, and the positioner closed

@@ -63,10 +63,24 @@ void EditorDesk::watchChanges(bool on) {
 }
 
 void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
-  parts_.state.frame.toolsOn = on;
-  parts_.state.frame.toolsOffBecause = on ? "" : translated("Stop the preview first");
-  ShowClipStats();
+  toolsOn_ = on;
+  showTools();
   doors_.FrmFileOpenToolsOnOff(on);
+}
+
+void EditorDesk::toolsOffFor(const std::string& because) {
+  if (offBecause_ == because) return;
+  offBecause_ = because;
+  showTools();
+}
+
+void EditorDesk::showTools() {
+  auto& frame = parts_.state.frame;
+  frame.toolsOn = toolsOn_ && offBecause_.empty();
+  frame.toolsOffBecause = frame.toolsOn         ? ""
+                          : offBecause_.empty() ? translated("Stop the preview first")
+                                                : offBecause_;
+  ShowClipStats();
 }
 
 void EditorDesk::restoreCaption() {
@@ -118,7 +132,7 @@ void EditorDesk::Tmr_CheckChanges_Timer() {
   ShowClipStats();
   buildClipSliders();
   // Another clip under the playhead is no reason to leave the picture there.
-  const bool wasSought = std::exchange(sought_, false);
+  const bool wasSought = std::exchange(sought_, 0) == parts_.editing.collection.icurMov;
   if (!wasSought || code != kMovedOn) return followTab(code);
   const Holding inside(following_);
   followTab(code);
@@ -136,9 +150,14 @@ bool EditorDesk::followsCollection() {
   auto& state = parts_.state;
   const bool empty = parts_.editing.clips().empty();
   if (std::exchange(state.nothingToPreview, empty) != empty) {
+    if (empty) {
+      auto& editor = parts_.editing.editor;
+      editor.VideoTotalTime = EditorState().VideoTotalTime;
+      editor.AudioTotalTime.clear();
+      state.totals = editorTotals(editor);
+    }
     if (tabs_[kCreateTab - 1].follow) tabs_[kCreateTab - 1].follow(true);
     ++state.timed;
-    if (empty) state.totals = editorTotals(EditorState());
     ShowClipStats();
     buildClipSliders();
   }
@@ -235,7 +254,7 @@ void EditorDesk::selectRow(int clipNo) {
 
 // The open tab hears of it as soon as the change watch runs.
 void EditorDesk::tellSought() {
-  sought_ = true;
+  sought_ = parts_.editing.collection.icurMov;
   run().postChange(kMovedOn, kMovedOn);
 }
 
@@ -303,12 +322,13 @@ void EditorDesk::moveLevel(int tenths) {
   buildClipSliders();
 }
 
-void EditorDesk::saveProject() {
-  if (!parts_.editing.clips().empty()) doors_.mnu_SaveShow_Click();
-}
+std::string EditorDesk::saveProject() { return saved(doors_.mnu_SaveShow_Click); }
+std::string EditorDesk::saveAgain() { return saved(doors_.saveAgain); }
 
-void EditorDesk::saveAgain() {
-  if (!parts_.editing.clips().empty()) doors_.saveAgain();
+std::string EditorDesk::saved(const std::function<bool()>& save) const {
+  const auto& collection = parts_.editing.collection;
+  if (collection.MovieList.empty() || !save()) return {};
+  return translated("Saved as %1", {collection.IniName});
 }
 
 void EditorDesk::Cmd_Help() const {
