@@ -72,7 +72,6 @@ void MovieRender::tellOptions() {
   const auto& e = ports_.editing;
   const auto& preferences = e.settings.preferences();
   const auto size = outputSize();
-  const auto& row = kindRow(state_.kind);
   const double video = ToNumber(e.editor.VideoTotalTime);
   const double length = video > 0 ? video : ToNumber(e.editor.AudioTotalTime);
   const auto& create = ports_.create;
@@ -82,7 +81,7 @@ void MovieRender::tellOptions() {
                                 ? translated("Whole movie")
                                 : translated("%1 to %2 s", {FormatMask(create.Txt_From, "0.0"),
                                                             FormatMask(create.Txt_Too, "0.0")})});
-  if (row.hasPicture) {
+  if (movieFileOf(state_.kind).hasPicture) {
     const bool isCodecs = !state_.codecSize.empty() && state_.Chk_UseCodecOutputDimensions;
     facts.push_back({"Picture", isCodecs ? state_.codecSize
                                          : std::to_string(size.width) + " x " + std::to_string(size.height)});
