@@ -82,6 +82,7 @@ class Bus : public testing::Test {
     static std::string name = "test";
     static char* arguments[] = {name.data(), nullptr};
     bus = std::make_unique<test::OwnBus>();
+    ::setenv("DBUS_SYSTEM_BUS_ADDRESS", bus->address().c_str(), 1);  // it stands for that one too
     application = std::make_unique<QCoreApplication>(words, arguments);
   }
   static void TearDownTestSuite() {
@@ -358,7 +359,6 @@ class Sleeper : public QDBusVirtualObject {
 };
 
 TEST_F(Bus, LongWorkHoldsSleepOffAndTellsOfItsEnd) {
-  ::setenv("DBUS_SYSTEM_BUS_ADDRESS", bus->address().c_str(), 1);
   auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "sleeper");
   Sleeper sleeper;
   ASSERT_TRUE(desktop.registerVirtualObject("/org/freedesktop", &sleeper, QDBusConnection::SubPath));

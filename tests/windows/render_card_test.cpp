@@ -105,10 +105,10 @@ TEST(RenderCard, OffersKindsAndProfiles) {
     QTest::mouseClick(row, Qt::LeftButton);
   }
   EXPECT_TRUE(
-      rows.starts_with("Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
-                       "(WMA)|44.1Khz Stereo WAV|"))
+      rows.starts_with("MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
+                       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
       << rows;
-  EXPECT_TRUE(b.asked.starts_with("kind2 kind0 kind1 kind3 ")) << b.asked;
+  EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ")) << b.asked;
   auto* list = b.card->findChild<PageList*>();
   EXPECT_EQ(list->list().ListIndex(), 25);
   EXPECT_EQ(list->rowName(25).toStdString().substr(0, 36), "WMV8 for Broadband (NTSC, 1400 Kbps)");
