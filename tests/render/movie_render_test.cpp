@@ -262,6 +262,8 @@ std::string factsOf(const RenderState& state) {
 
 TEST(MovieRender, BeginsWithWhatWasUsedLast) {
   RenderBench first;
+  first.render.Rendertofile();
+  EXPECT_EQ(first.state.kind, OutputKind::Mp4);
   first.choose(OutputKind::Wmv, 9);
   EXPECT_EQ(first.state.facts.at(3), (RenderFact{"Picture", "320 x 240"})) << "the profile's own";
   first.render.tickCodecDimensions(false);
