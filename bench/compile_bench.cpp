@@ -9,7 +9,7 @@
 
 namespace {
 
-class SameStreams : public kvo::FrameSource {
+class SameStreams : public kvo::MediaContents {
  public:
   kvo::Result<kvo::StreamFacts> facts(const std::string& /*path*/) override {
     return kvo::StreamFacts{.hasVideo = true, .hasAudio = true};
@@ -51,7 +51,7 @@ void compileCollection(benchmark::State& state) {
   const kvo::EffectsTable effects;
   SameStreams streams;
   const auto options = kvo::renderOptions(settings, "silence.wav");
-  for (auto _ : state) benchmark::DoNotOptimize(kvo::compile(collection, options, {streams, effects}));
+  while (state.KeepRunning()) benchmark::DoNotOptimize(kvo::compile(collection, options, {streams, effects}));
   state.SetComplexityN(state.range(0));
 }
 

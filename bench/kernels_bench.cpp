@@ -25,7 +25,7 @@ void blend(benchmark::State& state) {
   const auto below = noise(kWidth * kHeight);
   const auto above = noise(kWidth * kHeight);
   std::vector<std::uint8_t> out(kWidth * kHeight);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     for (std::size_t y = 0; y < kHeight; ++y) {
       kvo::media::mixRow(&below[y * kWidth], &above[y * kWidth], &out[y * kWidth], kWidth, 77);
     }
@@ -37,7 +37,7 @@ void blend(benchmark::State& state) {
 void halve(benchmark::State& state) {
   const auto in = noise(kWidth * kHeight);
   std::vector<std::uint8_t> out(kWidth * kHeight / 4);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     for (std::size_t y = 0; y < kHeight / 2; ++y) {
       kvo::media::halveRows(&in[2 * y * kWidth], &in[(2 * y + 1) * kWidth], &out[y * kWidth / 2], kWidth / 2);
     }
@@ -51,7 +51,7 @@ void toBgr(benchmark::State& state) {
   const auto u = noise(kWidth * kHeight / 4);
   const auto v = noise(kWidth * kHeight / 4);
   std::vector<std::uint8_t> out(kWidth * 3);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     for (std::size_t row = 0; row < kHeight; ++row) {
       kvo::media::yuvToBgr(&y[row * kWidth], &u[row / 2 * kWidth / 2], &v[row / 2 * kWidth / 2], out.data(),
                            kWidth, kvo::media::Matrix::Bt709);

@@ -1,7 +1,7 @@
 // Playing beside mpv: bench_play FIRST SECOND, two films of ten seconds and more. Both draw into a window of
 // 1280 x 720 by software, with a sound that nobody hears; mpv is told what to do through its socket. Then the
 // sound of the next clip at a sink of a sound server that the bench starts.
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/qt/qt_event_loop.h"
 #include "windows/main/video_surface.h"
@@ -37,10 +37,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kWidth = 1280;
-constexpr int kHeight = 720;
-constexpr double kGiveUp = 10;  // seconds
-constexpr double kSeeks[] = {9.48, 3.2, 8.04, 1.0, 6.6};
+constexpr int kScreenWidth = 1280;
+constexpr int kScreenHeight = 720;
+constexpr double kTooLate = 10;  // seconds
+constexpr double kSeekPlaces[] = {9.48, 3.2, 8.04, 1.0, 6.6};
 
 double milliseconds(Clock::time_point since) {
   return std::chrono::duration<double, std::milli>(Clock::now() - since).count();
@@ -101,8 +101,8 @@ class CountedOutput : public kvo::VideoOutput {
 class Ours {
  public:
   Ours() {
-    window_.resize(kWidth, kHeight);
-    surface_->widget().resize(kWidth, kHeight);
+    window_.resize(kScreenWidth, kScreenHeight);
+    surface_->widget().resize(kScreenWidth, kScreenHeight);
     window_.show();
     turn(0.3);
   }
@@ -110,8 +110,10 @@ class Ours {
   kvo::MpvControlEngine& engine() { return engine_; }
   void turn(double seconds) {
     QEventLoop events;
-    QTimer::singleShot(std::chrono::milliseconds(std::lround(seconds * 1000)), Qt::PreciseTimer, &events,
-                       &QEventLoop::quit);
+    QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.callOnTimeout(&events, &QEventLoop::quit);
+    timer.start(std::chrono::milliseconds(std::lround(seconds * 1000)));
     events.exec();
   }
   // How long it takes until a new picture has been drawn and nothing is on its way any more.
@@ -120,14 +122,14 @@ class Ours {
     const int before = output_.drawn;
     const auto begun = Clock::now();
     command();
-    while ((output_.drawn == before || !arrived()) && milliseconds(begun) < kGiveUp * 1000)
+    while ((output_.drawn == before || !arrived()) && milliseconds(begun) < kTooLate * 1000)
       QApplication::processEvents(QEventLoop::WaitForMoreEvents, 1);
     return milliseconds(begun);
   }
 
  private:
   kvo::QtEventLoop loop_{[] {}};
-  kvo::MediaFrameSource facts_;
+  kvo::MediaFileContents facts_;
   kvo::MpvStage stage_{loop_, facts_};
   kvo::MpvControlEngine engine_{stage_};
   CountedOutput output_{stage_.output()};
@@ -144,6 +146,7 @@ class Child {
     if (process_ != 0) return;
     if (out >= 0) ::dup2(out, STDOUT_FILENO);
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (const auto& word : words) pointers.push_back(const_cast<char*>(word.c_str()));
     pointers.push_back(nullptr);
     ::execvp(pointers[0], pointers.data());
@@ -274,7 +277,7 @@ class Peer {
     const auto begun = Clock::now();
     say(command);
     std::string heard;
-    while (heard.find("playback-restart") == std::string::npos && milliseconds(begun) < kGiveUp * 1000)
+    while (heard.find("playback-restart") == std::string::npos && milliseconds(begun) < kTooLate * 1000)
       heard += next(100);
     return milliseconds(begun);
   }
@@ -320,7 +323,7 @@ void compare(Ours& ours, const Peer& peer, const std::string& first, const std::
   row("first picture behind the command", median(mine), median(theirs), "ms");
   mine.clear();
   theirs.clear();
-  for (const double seconds : kSeeks) {
+  for (const double seconds : kSeekPlaces) {
     mine.push_back(ours.untilDrawn([&] { engine.seek(seconds); },
                                    [&] { return std::fabs(engine.position() - seconds) < 0.05; }));
     ours.turn(0.2);
@@ -411,7 +414,7 @@ void sounds(const std::string& folder, const std::string& first, const std::stri
     const auto begun = Clock::now();
     engine.setFileName(next);
     engine.Run();
-    while (ear.heard(begun) < 0 && milliseconds(begun) < kGiveUp * 1000)
+    while (ear.heard(begun) < 0 && milliseconds(begun) < kTooLate * 1000)
       QApplication::processEvents(QEventLoop::WaitForMoreEvents, 1);
     heard.push_back(ear.heard(begun));
   }

@@ -75,14 +75,14 @@ class SavedCollection {
 
 void readCollection(benchmark::State& state) {
   SavedCollection saved(static_cast<int>(state.range(0)));
-  for (auto _ : state) saved.read();
+  while (state.KeepRunning()) saved.read();
   if (saved.collection.MovieList.count() != state.range(0)) state.SkipWithError("clips were lost");
   state.SetComplexityN(state.range(0));
 }
 
 void writeCollection(benchmark::State& state) {
   SavedCollection saved(static_cast<int>(state.range(0)));
-  for (auto _ : state) saved.write();
+  while (state.KeepRunning()) saved.write();
   state.SetComplexityN(state.range(0));
 }
 

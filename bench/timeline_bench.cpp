@@ -16,7 +16,7 @@ namespace {
 
 using namespace kvo;
 
-struct SameStreams : FrameSource {
+struct SoundAndFilms : MediaContents {
   Result<StreamFacts> facts(const std::string& path) override {
     const bool isMusic = path.ends_with(".mp3");
     return StreamFacts{.hasVideo = !isMusic, .hasAudio = true, .width = 640, .height = 360, .frameRate = 25};
@@ -82,7 +82,7 @@ double cpuMilliseconds(int times, const std::function<void(int)>& work) {
 void measure(int clips) {
   Collection collection;
   fill(collection, clips);
-  SameStreams streams;
+  SoundAndFilms streams;
   SameSketches sketches;
   NoDesk desk;
   TimelineState state;

@@ -98,6 +98,15 @@ Outcome readOutput(CommandLine& line, const std::string& value) {
   return value.empty() ? Outcome(Error{"--output: the name is empty"}) : Outcome();
 }
 
+Outcome readSlurm(CommandLine& line, const std::string& value) {
+  constexpr double kMostJobs = 1000;
+  const auto number = numberIn(value);
+  if (!number || !isWhole(*number) || *number < 1 || *number > kMostJobs)
+    return Error{"--slurm " + value + ": give the number of jobs at a time, 1 to 1000"};
+  line.slurmJobs = static_cast<int>(*number);
+  return {};
+}
+
 struct RenderOption {
   std::string_view name;
   Outcome (*read)(CommandLine& line, const std::string& value);
@@ -109,6 +118,7 @@ constexpr std::array kRenderOptions = {
     RenderOption{"--codec", readCodec},   RenderOption{"--profile", readProfile},
     RenderOption{"--preset", readPreset}, RenderOption{"--quality", readQuality},
     RenderOption{"--effort", readEffort}, RenderOption{"--size-mb", readMegabytes},
+    RenderOption{"--slurm", readSlurm},
 };
 
 // What is read for a command: its own word first, then what stands behind it.
@@ -144,6 +154,11 @@ Outcome checkKind(const CommandLine& line) {
 Outcome readRender(CommandLine& line, Words words) {
   if (auto done = readCollection(line, words); !done) return done;
   for (std::size_t i = 2; i < words.size(); i += 2) {
+    if (words[i] == "--resume") {
+      line.resume = true;
+      --i;
+      continue;
+    }
     const auto* option = std::ranges::find(kRenderOptions, words[i], &RenderOption::name);
     if (option == kRenderOptions.end()) return Error{words[0] + " has no option " + words[i]};
     if (i + 1 == words.size()) return Error{words[i] + " needs a value"};
@@ -153,6 +168,48 @@ Outcome readRender(CommandLine& line, Words words) {
     return Error{"--profile goes with an output that ends in .wmv or .wma"};
   if (line.output.empty()) return Error{words[0] + " needs --output FILE"};
   return checkKind(line);
+}
+
+struct QueueWord {
+  std::string_view word;
+  QueueAct act;
+  std::size_t numbers;  // that stand behind it
+};
+
+constexpr std::array kQueueWords = {
+    QueueWord{"list", QueueAct::List, 0},     QueueWord{"run", QueueAct::Run, 0},
+    QueueWord{"pause", QueueAct::Pause, 1},   QueueWord{"resume", QueueAct::Resume, 1},
+    QueueWord{"remove", QueueAct::Remove, 1}, QueueWord{"move", QueueAct::Move, 2},
+};
+
+Outcome readQueueWords(CommandLine& line, Words words) {
+  if (words.size() > 1 && words[1] == "add") {
+    line.queueAct = QueueAct::Add;
+    if (auto done = readRender(line, words.subspan(1)); !done) return done;
+    if (line.slurmJobs > 0 || line.resume)
+      return Error{"what the queue makes goes on by itself, and on this machine"};
+    return {};
+  }
+  const auto* found =
+      words.size() < 2 ? kQueueWords.end() : std::ranges::find(kQueueWords, words[1], &QueueWord::word);
+  if (found == kQueueWords.end())
+    return Error{words[0] + " needs one of add, list, pause, resume, remove, move and run"};
+  std::array<int, 2> numbers{};
+  if (words.size() != found->numbers + 2)
+    return Error{words[0] + " " + words[1] + " takes " +
+                 (found->numbers == 0   ? "nothing"
+                  : found->numbers == 1 ? "the number of a job"
+                                        : "the number of a job and a place") +
+                 " behind it"};
+  for (std::size_t i = 0; i < found->numbers; ++i) {
+    const auto whole = toLong(numberIn(words[i + 2]).value_or(0));
+    if (!whole || *whole < 1) return Error{words[0] + " " + words[1] + ": " + words[i + 2] + " is no number"};
+    numbers.at(i) = *whole;
+  }
+  line.queueAct = found->act;
+  line.queueNumber = numbers[0];
+  line.queuePlace = numbers[1];
+  return {};
 }
 
 Outcome readAdd(CommandLine& line, Words words) {
@@ -188,17 +245,12 @@ struct Command {
 };
 
 constexpr std::array kCommands = {
-    Command{"--help", Task::Help, readNothing},
-    Command{"-h", Task::Help, readNothing},
-    Command{"--version", Task::Version, readNothing},
-    Command{"--gallery", Task::Gallery, readNothing},
-    Command{"--look", Task::Look, readNothing},
-    Command{"--sketch", Task::Sketch, readNothing},
-    Command{"--render", Task::Render, readRender},
-    Command{"--add", Task::Add, readAdd},
-    Command{"--check", Task::Check, readCheck},
-    Command{"--document", Task::Document, readDocument},
-    Command{"--list-presets", Task::Presets, readNothing},
+    Command{"--help", Task::Help, readNothing},       Command{"-h", Task::Help, readNothing},
+    Command{"--version", Task::Version, readNothing}, Command{"--gallery", Task::Gallery, readNothing},
+    Command{"--look", Task::Look, readNothing},       Command{"--sketch", Task::Sketch, readNothing},
+    Command{"--render", Task::Render, readRender},    Command{"--add", Task::Add, readAdd},
+    Command{"--check", Task::Check, readCheck},       Command{"--document", Task::Document, readDocument},
+    Command{"--queue", Task::Queue, readQueueWords},  Command{"--list-presets", Task::Presets, readNothing},
 };
 
 }  // namespace
@@ -237,6 +289,14 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --quality NUMBER  of an .mp4 or .webm: on the codec's own scale, the finest first: 20
       --effort WORD     of the same: from ultrafast over veryfast, medium and slow to veryslow
       --profile NUMBER  of a .wmv or .wma: size and bit rates of a Windows Media profile, 0 to 41
+      --resume          keeps what is finished of the picture in a folder beside FILE, and goes on from there
+                        when the same render was cut off or stopped
+      --slurm JOBS      a Slurm cluster makes the picture, so many jobs at a time; FILE and all clips lie in
+                        folders that its machines share
+kvo5 --queue add COLLECTION --output FILE [OPTION VALUE]...
+    Puts a render into the queue, which the window makes in the background.
+kvo5 --queue list | run | pause N | resume N | remove N | move N PLACE
+    Lists the queue; makes what waits in it here; or does so with its job N.
 kvo5 --list-presets
     Lists the presets of --render.
 kvo5 --add COLLECTION FILE...

@@ -2,6 +2,7 @@
 
 #include "app/clip_summary.h"
 #include "app/console_render.h"
+#include "app/farm_command.h"
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
@@ -10,9 +11,11 @@
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
 #include "render/system_profile.h"
+#include "render/wm8_profile.h"
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace kvo {
 namespace {
@@ -71,11 +74,11 @@ int runPresets() {
   return kExitDone;
 }
 
-int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+Result<RenderOrder> renderOrder(Session& session, const CommandLine& line) {
   const auto report = session.open(line.collection);
-  if (!report) return fail(report.error().text);
+  if (!report) return report.error();
   if (session.files.sameFile(line.collection, line.output)) {
-    return fail("cannot write " + line.output + ": it is the collection");
+    return Error{"cannot write " + line.output + ": it is the collection"};
   }
   if (line.rate) session.settings.change().OutPutFrameRate = static_cast<Single>(*line.rate);
   const auto rate = session.settings.preferences().OutPutFrameRate;
@@ -83,9 +86,9 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
     session.settings.change().OutPutFrameRate = static_cast<Single>(line.preset->mostRate);
 
   const auto text = compileWithoutFaults(session, *report, std::nullopt, sidesOf(line, session.settings));
-  if (!text) return fail(text.error().text);
+  if (!text) return text.error();
   if (auto sound = checkDocument(*text); !sound)
-    return fail("cannot write the timeline document: " + sound.error().text);
+    return Error{"cannot write the timeline document: " + sound.error().text};
   RenderOrder order{.document = *text,
                     .output = line.output,
                     .codec = line.codec,
@@ -96,10 +99,29 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
                     .frameRate = session.settings.preferences().OutPutFrameRate,
                     .sharesTerminal = true};
   if (line.range) order.range = {line.range->from, line.range->to};
+  if (line.profile && *line.profile < kSystemProfiles) order.profile = line.profile;
+  return order;
+}
+
+std::string ownProfile(const CommandLine& line) {
+  if (!line.profile) return {};
+  const auto size = line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
+  return wm8ProfileBytes(*line.profile, size, {});
+}
+
+int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+  auto made = renderOrder(session, line);
+  if (!made) return fail(made.error().text);
+  auto& order = *made;
+  if (line.slurmJobs > 0) return renderOnFarm(session, order, ownProfile(line), line.slurmJobs, engine);
+  if (line.resume) {
+    order.workFolder = workFolderOf(line.output);
+  } else {
+    std::error_code ignored;  // what is left of one that nobody wants to go on with
+    std::filesystem::remove_all(workFolderOf(line.output), ignored);
+  }
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
-  if (line.profile && *line.profile < kSystemProfiles) {
-    order.profile = line.profile;
-  } else if (line.profile) {
+  if (line.profile && !order.profile) {
     const auto size =
         line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
     if (!profile.CreateWM8RenderProfile(*line.profile, size))

@@ -13,7 +13,7 @@ class Companions {
  public:
   struct Parts {
     Sketches& sketches;
-    Desktop& desktop;
+    ScreenSaver& saver;
     Resume::Parts resume;
     OutsideControls::Parts outside;
     MediaControls& controls;
@@ -22,7 +22,7 @@ class Companions {
       : window_(parts.resume.window),
         hover_(parts.sketches, parts.resume.window),
         resume_(parts.resume),
-        awake_(parts.resume.window, parts.desktop),
+        awake_(parts.resume.window, parts.saver),
         outside_(parts.outside, parts.controls) {}
 
   [[nodiscard]] HoverPreview& hover() { return hover_; }

@@ -75,8 +75,8 @@ MainWindowDoors EditorLinks::mainWindow() {
           .mnu_SectionName_Click = [this] { nameClip(); },
           .AddMoviesm = [this](const std::string& path,
                                int before) { parts_.mailbox.takeForMovie({path}, before); },
-          .mnu_SaveShow_Click = [this] { parts_.collections.Save(); },
-          .saveAgain = [this] { parts_.collections.saveAgain(); },
+          .mnu_SaveShow_Click = [this] { return parts_.collections.Save(); },
+          .saveAgain = [this] { return parts_.collections.saveAgain(); },
           .empty = [this] { parts_.list.show(); },
           .parkPlayer =
               [this] {
@@ -205,9 +205,9 @@ std::string EditorLinks::goInHistory(int steps) {
 void EditorLinks::nameClip() {
   const auto& collection = parts_.session.collection;
   if (collection.icurMov < 1) return;
-  const auto shown = titleOf(collection.MovieList[collection.icurMov]);
+  const auto& clip = collection.MovieList[collection.icurMov];
   const auto name = parts_.questions.ask(translated("Change the Displayed name for the clip"),
-                                         translated("Name of %1", {shown}));
+                                         translated("Name of %1", {titleOf(clip)}), listedName(clip));
   if (name) parts_.commands.rename(*name);
 }
 
@@ -225,8 +225,7 @@ void EditorLinks::showSlider() {
 void EditorLinks::UpdateKeyFramesIfWeHaveTo() {
   const auto place = playerPlace(parts_.face.player());
   if (!states_.keyframes.visible || !place) return;
-  moveToFrame(editing(), states_.keyframes,
-              framesOf(place->seconds, editing().settings.preferences().OutPutFrameRate));
+  moveToFrame(states_.keyframes, framesOf(place->seconds, editing().settings.preferences().OutPutFrameRate));
   showClipFrame(states_.keyframes.Sld_FramePosMaster.Value);
 }
 

@@ -15,6 +15,7 @@
 #include "windows/editor/timeline_view.h"
 #include "windows/editor/transition_page.h"
 #include "windows/keyframe/frm_keyframe.h"
+#include "windows/render/render_card.h"
 
 #include <atomic>
 #include <memory>
@@ -52,6 +53,7 @@ EditorWindow::~EditorWindow() = default;
 
 void EditorWindow::draw() {
   parts_.links.settle();
+  parts_.render.settle();
   if (!frm_ && !parts_.links.desk().isOpen()) return;
   if (!frm_) make();
   makePage(parts_.links.states().window.frame.CurrentTab);
@@ -69,10 +71,18 @@ void EditorWindow::make() {
   auto& links = parts_.links;
   auto& states = links.states();
   auto& desk = links.desk();
+  auto& render = parts_.render;
   const auto act = [this](auto work) {
     return [this, work](auto... given) {
       work(given...);
       parts_.draw();
+    };
+  };
+  const auto telling = [this](auto work) {
+    return [this, work] {
+      auto said = work();
+      parts_.draw();
+      return said;
     };
   };
   frm_ = std::make_unique<FrmRush>(
@@ -92,10 +102,13 @@ void EditorWindow::make() {
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
                .preview = act([&links] { links.preview().PrepPreview(); }),
-               .save = act([&desk] { desk.saveAgain(); }),
-               .saveAs = act([&desk] { desk.saveProject(); }),
+               .renderToFile = act([&render] { render.Rendertofile(); }),
+               .save = telling([&desk] { return desk.saveAgain(); }),
+               .saveAs = telling([&desk] { return desk.saveProject(); }),
                .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
-               .close = act([&desk] { desk.Form_QueryUnload(); })},
+               .close = act([&desk, &render] {
+                 if (render.mayEnd()) desk.Form_QueryUnload();
+               })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
       states.keyframes, pageLogic(),
@@ -108,6 +121,7 @@ void EditorWindow::make() {
     hands_.push_back(std::make_unique<HandWatch>(*window, [&desk](bool held) { desk.hold(held); }));
   makePreview();
   makeTimeline();
+  makeRender();
 }
 
 PageLogic EditorWindow::pageLogic() {
@@ -132,6 +146,7 @@ void EditorWindow::makePage(int tab) {
       return set(
           made<CreatePage>(states.create, links.create(),
                            CreatePage::Acts{.preview = drawn([&links] { links.preview().PrepPreview(); }),
+                                            .renderToFile = drawn([this] { parts_.render.Rendertofile(); }),
                                             .save = drawn([&links] { links.desk().saveProject(); }),
                                             .help = [&links] { links.desk().Cmd_Help(); },
                                             .quit = drawn([&links] { links.desk().Form_QueryUnload(); }),
@@ -160,8 +175,11 @@ void EditorWindow::makePage(int tab) {
           states.color, pageLogic(),
           ColorPage::Pictures{.before = picture, .after = [this](int clipNo) { return withColours(clipNo); }},
           frm_.get()));
-    default:
-      return set(made<OverlayPage>(states.overlay, pageLogic(), frm_.get()));
+    default: {
+      auto* page = made<OverlayPage>(states.overlay, pageLogic(), frm_.get());
+      page->render = drawn([this] { parts_.render.RenderPinP(); });
+      return set(page);
+    }
   }
 }
 
@@ -203,6 +221,34 @@ void EditorWindow::makeTimeline() {
       TimelineView::Logic{links.states().timeline, links.hand(), parts_.sketches, [this] { parts_.draw(); }},
       frm_.get());
   frm_->setTimeline(timeline_, [this] { timeline_->draw(); });
+}
+
+void EditorWindow::makeRender() {
+  auto& links = parts_.render;
+  auto& render = links.render();
+  const auto act = [this](auto work) {
+    return [this, work](auto... given) {
+      work(given...);
+      parts_.draw();
+    };
+  };
+  const auto& collection = parts_.session.collection;
+  auto* card = made<RenderCard>(
+      links.state(),
+      RenderActs{.chooseKind = act([&render](OutputKind kind) { render.chooseKind(kind); }),
+                 .chooseProfile = act([&render](int row) { render.chooseProfile(row); }),
+                 .tickCodecDimensions = act([&render](bool on) { render.tickCodecDimensions(on); }),
+                 .write = act([&links] { links.write(); }),
+                 .writePair = act([&links] { links.writePair(); }),
+                 .abort = act([&render] { render.AbortRender(); }),
+                 .view = act([&links] { links.view(); }),
+                 .leave = act([&render] { render.leave(); })},
+      [this, &collection](int clipNo) { return pictureOf(clipNo == 0 ? collection.icurMov : clipNo); },
+      frm_.get());
+  frm_->setRender(card, [card, &links] {
+    card->draw();
+    return links.state().frame != RenderFrame::None;
+  });
 }
 
 std::shared_ptr<const FramePicture> EditorWindow::sketchOf(int clipNo) const {

@@ -3,6 +3,7 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
+#include "app/render_links.h"
 #include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
@@ -29,6 +30,7 @@ class EditorWindow {
  public:
   struct Parts {
     EditorLinks& links;
+    RenderLinks& render;
     Session& session;
     EventLoop& loop;
     Sketches& sketches;
@@ -51,6 +53,7 @@ class EditorWindow {
   void makePage(int tab);
   void makePreview();
   void makeTimeline();
+  void makeRender();
   [[nodiscard]] PageLogic pageLogic();
   [[nodiscard]] std::shared_ptr<const FramePicture> sketchOf(int clipNo) const;
   [[nodiscard]] QImage pictureOf(int clipNo);

@@ -29,6 +29,32 @@ std::optional<int> wholeIn(std::string_view text) {
   return whole && *whole == *number ? whole : std::nullopt;
 }
 
+// "2/8": the second of eight.
+std::optional<engine::Share> shareIn(std::string_view text) {
+  const auto slash = text.find('/');
+  if (slash == std::string_view::npos) return std::nullopt;
+  const auto number = wholeIn(text.substr(0, slash));
+  const auto of = wholeIn(text.substr(slash + 1));
+  if (!number || !of || *number < 1 || *number > *of) return std::nullopt;
+  return engine::Share{static_cast<std::size_t>(*number) - 1, static_cast<std::size_t>(*of)};
+}
+
+// What of the arguments changes the bytes of a movie: not where it goes, who starts it and with whom it is
+// made.
+std::string identityOf(const std::vector<std::string>& arguments) {
+  constexpr std::array<std::string_view, 4> kBeside = {"/S", "/W", "/K", "/J"};
+  std::string identity;
+  for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
+    const auto& argument = arguments[i];
+    if (std::any_of(kBeside.begin(), kBeside.end(), [&](auto o) { return sameText(argument, o); })) {
+      ++i;
+    } else {
+      identity += argument + "\n";
+    }
+  }
+  return identity;
+}
+
 using Reader = Outcome (*)(EngineArguments& read, const std::string& value);
 
 Outcome readOutput(EngineArguments& read, const std::string& value) {
@@ -76,17 +102,30 @@ Outcome readMegabytes(EngineArguments& read, const std::string& value) {
   return Error{"the size " + value + " is no number of megabytes"};
 }
 
+Outcome readWorkFolder(EngineArguments& read, const std::string& value) {
+  read.workFolder = value;
+  return {};
+}
+
+Outcome readShare(EngineArguments& read, const std::string& value) {
+  read.share = shareIn(value);
+  if (read.share) return {};
+  return Error{"the share " + value + " is not of the form 2/8"};
+}
+
 struct EngineOption {
   std::string_view name;
   Reader read;
 };
-constexpr std::array<EngineOption, 7> kOptions = {{{"/W", readOutput},
+constexpr std::array<EngineOption, 9> kOptions = {{{"/W", readOutput},
                                                    {"/P", readProfile},
                                                    {"/S", readStarter},
                                                    {"/C", readCodec},
                                                    {"/Q", readQuality},
                                                    {"/E", readEffort},
-                                                   {"/M", readMegabytes}}};
+                                                   {"/M", readMegabytes},
+                                                   {"/K", readWorkFolder},
+                                                   {"/J", readShare}}};
 
 }  // namespace
 
@@ -118,6 +157,10 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
     if (auto done = known->read(read, arguments[++i]); !done) return done.error();
   }
   if (read.job.output.empty()) return Error{"no output file is named: /W OUTPUT"};
+  if (read.share && read.workFolder.empty())
+    return Error{"a share needs a folder for its segments: /K FOLDER"};
+  if (!read.workFolder.empty())
+    read.job.work = engine::Work{read.workFolder, identityOf(arguments), read.share};
   return read;
 }
 

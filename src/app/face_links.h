@@ -17,7 +17,7 @@ class FaceLinks : public DisplayHost, public SkinCalls, public PlayerHost {
     MainWindowState& window;
     KVO2& settings;
     Collection& collection;
-    FrameSource& streams;
+    MediaContents& streams;
     PictureCounts& counts;
     ControlEngine& control;
     FilterGraphs& graphs;

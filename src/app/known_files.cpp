@@ -12,12 +12,12 @@ std::string keptIn(const std::string& cacheFolder) { return withSeparator(cacheF
 
 }  // namespace
 
-void rememberFiles(MediaFrameSource& streams, const Files& files, const std::string& cacheFolder) {
+void rememberFiles(MediaFileContents& streams, const Files& files, const std::string& cacheFolder) {
   if (cacheFolder.empty()) return;
   if (const auto text = files.read(keptIn(cacheFolder), kMostKeptBytes)) streams.remember(*text, kFoundOutBy);
 }
 
-bool keepFiles(MediaFrameSource& streams, Files& files, const std::string& cacheFolder) {
+bool keepFiles(MediaFileContents& streams, Files& files, const std::string& cacheFolder) {
   return !cacheFolder.empty() && files.makeFolder(cacheFolder) &&
          writeDurably(files, keptIn(cacheFolder), streams.known(kFoundOutBy));
 }

@@ -1,7 +1,7 @@
 // The one owner of everything: settings, collection, editor state and the adapters behind the ports.
 #pragma once
 
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/posix/posix_clock.h"
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_name_locks.h"
@@ -42,7 +42,7 @@ class Session {
   PosixNameLocks nameLocks;
   PosixTemporaryFolders temporaryFolders;
   MessageBoxes& boxes;
-  MediaFrameSource streams;
+  MediaFileContents streams;
   PresumedFiles editorStreams{streams};  ///< as the editor asks for them
   ProgramFolder folder;
   KVO2 settings;

@@ -1,7 +1,7 @@
 #include "app/sketch_command.h"
 
 #include "adapters/jpeg/turbo_jpeg.h"
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/media/media_sound_peaks.h"
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/starter_watch.h"
@@ -70,7 +70,7 @@ int runSketch(const std::string& folder) {
   if (::nice(kGivesWay) == -1) errno = 0;  // no more than slower for others
   PosixFiles files;
   SketchFolder kept(files, folder);
-  MediaFrameSource frames;
+  MediaFileContents frames;
   MediaSoundPeaks sounds(frames);
   const TurboJpeg jpeg;
   SketchMaker maker({kept, frames, sounds, jpeg});

@@ -2,6 +2,8 @@
 
 #include "adapters/cdio/cdio_disc.h"
 #include "adapters/curl/curl_http.h"
+#include "adapters/dbus/bus_screen_saver.h"
+#include "adapters/dbus/long_work_bus.h"
 #include "adapters/dbus/mpris.h"
 #include "adapters/jpeg/turbo_jpeg.h"
 #include "adapters/media/media_picture_counts.h"
@@ -23,6 +25,8 @@
 #include "app/known_files.h"
 #include "app/look_command.h"
 #include "app/play_links.h"
+#include "app/queue_command.h"
+#include "app/render_links.h"
 #include "app/session.h"
 #include "app/sketch_command.h"
 #include "base/numbers.h"
@@ -132,7 +136,7 @@ class WindowProgram {
         shutDown_(parts_, mailbox_),
         media_({dialogs_, desktop_, boxes_, boxes_}, session_.settings, state_, mailbox_),
         listCommands_({session_.files, session_.clock, boxes_}, history_, list_, intro_, session_.collection,
-                      state_),
+                      state_, session_.settings),
         web_(executableFolder + "../lib/kvo5/KVOWeb.so", canShutIn),
         pages_([this](QWidget* parent) { return web_.makeView(parent); },
                {store_, desktop_, "WebWindowPlace"}),
@@ -153,7 +157,7 @@ class WindowProgram {
               if (facts) list_.takeFacts(path, *facts);
             }),
         companions_({sketches_,
-                     desktop_,
+                     saver_,
                      {state_, session_.collection, session_.settings, links_.player(), loop_, session_.files,
                       placesFile},
                      {state_, session_.collection, session_.files, links_.player(), loop_, play_.transport(),
@@ -178,10 +182,18 @@ class WindowProgram {
                  },
                  boxes_},
                 std::make_unique<SdlSoundOutput>()),
-        frmRush_({editor_, session_, loop_, sketches_, store_, desktop_, dialogs_,
+        renders_({state_, session_, loop_, editor_, links_, play_, mailbox_, store_, dialogs_, longWork_,
+                  desktop_, executableFolder + "KVORender", [this] { draw(); }}),
+        frmRush_({editor_, renders_, session_, loop_, sketches_, store_, desktop_, dialogs_,
                   withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
         autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
-                   session_.collection, state_, commands_}) {
+                   session_.collection, state_, commands_}),
+        queue_({queueStore_,
+                session_.nameLocks,
+                {session_.files, session_.temporaryFolders, session_.processes, loop_,
+                 executableFolder + "KVORender"},
+                removeWholeFolder},
+               [] {}) {
     links_.link(skins_);
     mailbox_.guard({loadCheck_, session_.log, [] { std::exit(kExitFailed); }});
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
@@ -202,6 +214,7 @@ class WindowProgram {
     });
     editor_.desk().whenLooked([this] { keeping_.want(cache_); });
     list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
+    shutDown_.whenBusy([this] { (void)renders_.mayEnd(); });
     links_.takeInterfaceSize();
   }
 
@@ -231,6 +244,8 @@ class WindowProgram {
       showNow();
       startUp_.tell();
       autosave_.begin();
+      renders_.render().sweep();
+      queue_.start();
       companions_.begin();
       const int code = QApplication::exec();
       companions_.leave();
@@ -301,6 +316,7 @@ class WindowProgram {
   MainWindowState state_;
   QtFileDialogs dialogs_;
   QtDesktop desktop_;
+  BusScreenSaver saver_;
   SettingsStore store_;
   SocketHandover handover_;
   PatientHandover patient_{handover_};
@@ -361,8 +377,12 @@ class WindowProgram {
   FrmStreamInfo frmStreamInfo_;
   FaceMenu clipMenu_{menu_, [this] { draw(); }};
   EditorLinks editor_;
+  LongWorkBus longWork_;
+  RenderLinks renders_;
   EditorWindow frmRush_;
   Autosave autosave_;
+  QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
+  QueueRunner queue_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.

@@ -4,6 +4,7 @@
 #include "core/records/collection.h"
 #include "core/telling/failures.h"
 #include "core/telling/messages.h"
+#include "core/telling/translated.h"
 #include "ports/media_looker.h"
 
 #include <initializer_list>
@@ -60,6 +61,11 @@ Box refusedFull() {
 Box refusedAddress(std::string_view address) {
   return warning(title(398), lines({cutTo(address, kShownAddress), "is no address that KVO can play.",
                                     "An address tells its kind and a server, like http://server/live.asx"}));
+}
+
+Box refusedFolder(std::string_view name) {
+  return warning(title(398), lines({cutTo(name, kShownAddress),
+                                    translated("There is nothing in this folder that KVO can play.")}));
 }
 
 Box refusedRealFamily() { return {title(395), title(394), BoxButtons::Ok, BoxIcon::Information}; }

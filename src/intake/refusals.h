@@ -25,6 +25,8 @@ Box refusedArchive(const std::string& name);
 /// `unreadable`: it has no header that tells a size; else its size is out of range.
 Box refusedImage(bool unreadable);
 Box refusedUnverified(std::string_view name);
+/// A folder in which there is nothing to play.
+Box refusedFolder(std::string_view name);
 /// A movie that a viewer of its own would have to show.
 Box refusedMovie();
 /// In words of the player. `codec` may be null.

@@ -12,7 +12,7 @@
 #include "playback/routing.h"
 #include "ports/control_engine.h"
 #include "ports/filter_graph.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 #include "ports/message_boxes.h"
 #include "ports/picture_counts.h"
 #include "ports/stream_probe.h"
@@ -50,7 +50,7 @@ class PlayerFacade : public Player {
     const KVO2& settings;
     ControlEngine& control;
     FilterGraphs& graphs;
-    FrameSource& streams;
+    MediaContents& streams;
     PictureCounts& counts;
     StreamProbe& probe;
     MessageBoxes& boxes;

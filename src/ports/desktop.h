@@ -47,8 +47,6 @@ class Desktop {
   virtual bool openPage(const std::string& address) = 0;
   /// Opens a file, by its full path, with the program that the user has for it. False when there is none.
   virtual bool openFile(const std::string& path) = 0;
-  /// Keeps the screen awake from now on, or no longer. Nothing where the desktop cannot be asked.
-  virtual void inhibitScreenSaver(bool on) = 0;
 };
 
 }  // namespace kvo

@@ -2,7 +2,7 @@
 // it. A file can be made to crash or hang whoever reads it; the program goes on.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <functional>
 #include <string>

@@ -13,8 +13,10 @@ class TextQuestions {
   TextQuestions& operator=(const TextQuestions&) = delete;
   virtual ~TextQuestions() = default;
 
-  /// What was typed, without blanks at its ends; nothing on Cancel.
-  virtual std::optional<std::string> ask(const std::string& title, const std::string& prompt) = 0;
+  /// What was typed, without blanks at its ends; nothing on Cancel. The field begins with `text`, chosen as a
+  /// whole.
+  virtual std::optional<std::string> ask(const std::string& title, const std::string& prompt,
+                                         const std::string& text) = 0;
 };
 
 }  // namespace kvo

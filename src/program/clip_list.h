@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/records/collection.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 #include "program/main_window_state.h"
 
 #include <functional>

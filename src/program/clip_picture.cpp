@@ -4,7 +4,7 @@
 
 namespace kvo {
 
-ClipPicture::ClipPicture(FrameSource& streams, EventLoop& loop, ClipPictureState& state)
+ClipPicture::ClipPicture(MediaContents& streams, EventLoop& loop, ClipPictureState& state)
     : state_(state),
       fetch_(
           loop,

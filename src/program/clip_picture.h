@@ -14,7 +14,7 @@ class ClipPicture {
  public:
   /// `streams` is asked on the other thread; the state is written on the loop's. All outlive the object,
   /// which waits at its end for the file that is being read.
-  ClipPicture(FrameSource& streams, EventLoop& loop, ClipPictureState& state);
+  ClipPicture(MediaContents& streams, EventLoop& loop, ClipPictureState& state);
 
   /// Wants this picture from now on; what is shown stays until it has come. Without a path: none, at once.
   void want(const PictureWish& wish);

@@ -1,7 +1,7 @@
 // The picture of the clip in hand, as the window draws it.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstdint>
 #include <memory>

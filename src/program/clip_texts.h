@@ -3,7 +3,7 @@
 
 #include "core/records/movie.h"
 #include "core/records/settings.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 #include "program/main_window_state.h"
 
 #include <array>

@@ -96,9 +96,7 @@ Box oneBoxOf(std::span<const GatheredBoxes::Waiting> boxes) {
 
 }  // namespace
 
-void GatheredBoxes::about(const std::string& path, int total) {
-  name_ = total > 1 ? fileNamePart(path) : std::string_view();
-}
+void GatheredBoxes::about(const std::string& path) { name_ = fileNamePart(path); }
 
 Answer GatheredBoxes::show(const Box& box) {
   if (!gathers_ || box.buttons != BoxButtons::Ok) return boxes_.show(box);

@@ -15,7 +15,7 @@ class GatheredBoxes : public MessageBoxes {
 
   struct Waiting {
     Box box;
-    std::string name;  ///< of the file that it tells of; empty where one alone was asked for
+    std::string name;  ///< of the file that it tells of; empty where it is about none
   };
 
   /// Does the work; boxes that only tell something wait for its end. Those of one caption, a file's name in
@@ -23,8 +23,8 @@ class GatheredBoxes : public MessageBoxes {
   /// is told of them, the same once. A name stands where neither caption nor text tell it.
   void together(const std::function<void()>& work);
 
-  /// What is shown from now on in this work is about the file or address `path`, one of `total`.
-  void about(const std::string& path, int total);
+  /// What is shown from now on in this work is about the file or address `path`.
+  void about(const std::string& path);
 
   /// While a work is done, Ok at once for a box that asks nothing.
   Answer show(const Box& box) override;

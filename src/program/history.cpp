@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "core/telling/translated.h"
+#include "editor/compiler/picture_in_picture.h"
 #include "program/clip_texts.h"
 
 #include <algorithm>
@@ -79,14 +80,6 @@ bool History::arrange(const CommandPass& pass, std::string name, std::vector<int
   return true;
 }
 
-bool History::insert(const CommandPass& pass, std::string name, int number, Movie clip) {
-  if (!pass || number < 1 || number > collection_.MovieList.count() + 1) return false;
-  ListStep step{.name = std::move(name), .inHand = number};
-  step.clips.come.emplace_back(number, std::make_unique<Movie>(std::move(clip)));
-  carryOut(std::move(step), &pass);
-  return true;
-}
-
 bool History::edit(const CommandPass& pass, std::string name, int number, Integer changeCode,
                    const std::function<void(Movie&)>& change, std::string_view series) {
   if (!pass || !has(number)) return false;
@@ -121,6 +114,7 @@ bool History::change(const CommandPass& pass, std::string name, Integer changeCo
                 .chosen = window_.list.chosen,
                 .inHand = collection_.icurMov};
   work();
+  before.takeOverlaysAlong(collection_.MovieList);
   settings_.state.IsDirty = wasDirty;
   back.clips = before.wayBack(collection_.MovieList);
   back.keyframes = before.wayBack(collection_.KeyframeList);
@@ -189,6 +183,10 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
     std::rotate(order.begin() + first - 1, order.begin() + there, order.end());
     ListStep moves{.order = std::move(order), .inHand = first + collection_.icurMov - there - 1};
     Shown shown;
+    takeOverlaysAlong(moves);
+    auto values = std::exchange(moves.clips.values, {});
+    for (auto& [number, value] : values) std::swap(collection_.MovieList[number], value);
+    inverse.clips.values = std::move(values);  // of clips that stand ahead of the additions, then
     apply(std::move(moves), shown);
     show(std::move(shown));
   }
@@ -199,10 +197,32 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
   return true;
 }
 
+// Numbers of values are those behind what leaves and comes, and ahead of the order.
+void History::takeOverlaysAlong(ListStep& step) const {
+  if (step.movesNothing()) return;
+  const auto places = inverseOf(step.order);
+  const auto coming = step.clips.coming();
+  const auto carried = [&](int number) { return carriedNumber(number, step.clips.leave, coming); };
+  const auto now = [&](int number) {
+    const int there = carried(number);
+    return there < 1 || places.empty() ? there : places[static_cast<std::size_t>(there - 1)];
+  };
+  followOverlays(
+      collection_.MovieList, [&](int overlay) { return has(overlay) ? now(overlay) : overlay; },
+      [&](int number, std::string text) {
+        const int there = carried(number);
+        if (there < 1) return;
+        Movie changed = collection_.MovieList[number];
+        changed.HasPicInPic(std::move(text));
+        step.clips.values.emplace_back(there, std::move(changed));
+      });
+}
+
 // Takes the step and keeps the one that takes it back. With a pass that is at its end with that others are
 // let in while it is shown.
 void History::carryOut(ListStep step, const CommandPass* pass) {
   Shown shown;
+  takeOverlaysAlong(step);
   keep(apply(std::move(step), shown));
   if (pass != nullptr) pass->open();
   show(std::move(shown));
@@ -230,6 +250,7 @@ ListStep History::apply(ListStep step, Shown& shown) {
   if (!step.order.empty()) {
     collection_.MovieList.arrange(step.order);
     back.order = inverseOf(step.order);
+    for (auto& [number, value] : back.clips.values) number = back.order[static_cast<std::size_t>(number - 1)];
   }
   settings_.state.postChange(step.changeCode, step.changeCode);
   renew(back);

@@ -1,6 +1,7 @@
 // The one gate through which every change of the collection goes, so that it can be undone and done again.
 // What is changed by other roads is nothing that the user did: an intro, what a compile corrects. Steps are
-// kept as what differs, without a limit, until another collection is open.
+// kept as what differs, without a limit, until another collection is open. A clip that lies over another is
+// known by its number there, which follows it.
 #pragma once
 
 #include "program/clip_list.h"
@@ -58,9 +59,6 @@ class History {
   bool arrange(const CommandPass& pass, std::string name, std::vector<int> order, std::vector<int> chosen,
                int inHand);
 
-  /// Puts a clip in under this number.
-  bool insert(const CommandPass& pass, std::string name, int number, Movie clip);
-
   /// Lets `change` give clip `number` other values. Changes of one `series` that follow each other are one
   /// step.
   bool edit(const CommandPass& pass, std::string name, int number, Integer changeCode,
@@ -114,6 +112,7 @@ class History {
   };
 
   void carryOut(ListStep step, const CommandPass* pass = nullptr);
+  void takeOverlaysAlong(ListStep& step) const;
   ListStep apply(ListStep step, Shown& shown);
   void renew(const ListStep& back);
   void show(Shown shown);

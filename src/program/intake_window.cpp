@@ -6,7 +6,7 @@
 namespace kvo {
 
 void IntakeWindow::analysing(int number, int total, const std::string& name) {
-  parts_.refusals.about(name, total);
+  parts_.refusals.about(name);
   auto& progress = parts_.window.progress;
   progress.abortText = LoadResString(341);
   progress.done = number;

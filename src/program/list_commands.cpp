@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "core/telling/messages.h"
 #include "core/telling/translated.h"
+#include "editor/compiler/keyframe_copies.h"
 #include "program/clip_texts.h"
 
 #include <algorithm>
@@ -149,14 +150,19 @@ void ListCommands::copy(CopyMode mode, const std::optional<PlayerPlace>& place) 
   pass([&](const CommandPass& pass, const Movie& clip) {
     if (!whyNoCopy(mode, place).empty()) return;
     const int number = collection_.icurMov;
+    const bool isSplit = mode == CopyMode::Split;
     auto copy = copyOf(clip, mode, place.value_or(PlayerPlace{}));
     copy.KeyID(freshKeyIDs(collection_, toLongClamped(secondsSinceMidnight(ports_.clock)), 1).front());
-    if (mode != CopyMode::Split) {
-      history_.insert(pass, named("copy"), number + 1, std::move(copy));
-      return copied_();
-    }
-    history_.change(pass, named("split"), kListChanged, [&] {
-      endAhead(collection_.MovieList[number], *place);
+    history_.change(pass, named(isSplit ? "split" : "copy"), kListChanged, [&] {
+      auto& original = collection_.MovieList[number];
+      const Single rate = settings_.preferences().OutPutFrameRate;
+      auto keyframes = keyframesOfCopy(collection_, original, copy, rate);
+      if (isSplit) {
+        const Movie whole = original;
+        endAhead(original, *place);
+        endKeyframes(collection_, whole, original, rate);
+      }
+      for (auto& k : keyframes) collection_.KeyframeList.add(std::move(k));
       RecordList<Movie>::Numbered parts;
       parts.emplace_back(number + 1, std::make_unique<Movie>(std::move(copy)));
       collection_.MovieList.putIn(std::move(parts));

@@ -27,13 +27,14 @@ class ListCommands {
   };
 
   ListCommands(const Ports& ports, History& history, ClipList& list, Intro& intro, Collection& collection,
-               MainWindowState& window)
+               MainWindowState& window, const KVO2& settings)
       : ports_(ports),
         history_(history),
         list_(list),
         intro_(intro),
         collection_(collection),
-        window_(window) {}
+        window_(window),
+        settings_(settings) {}
 
   /// Makes the clip of this number the one in hand, and the only one that is chosen.
   void select(int number);
@@ -92,6 +93,7 @@ class ListCommands {
   Intro& intro_;
   Collection& collection_;
   MainWindowState& window_;
+  const KVO2& settings_;
   std::function<void()> showList_ = [] {};
   std::function<void()> copied_ = [] {};
   std::function<std::optional<PlayerPlace>()> place_ = [] { return std::optional<PlayerPlace>(); };

@@ -50,8 +50,7 @@ void Mailbox::takeHandover(const std::string& text) {
   }
   parts_.window.mode.player.IsPaused = false;
   const auto command = readStartCommand(arguments, parts_.files, workingFolder_);
-  take(command, {});
-  if (!command.clips.empty() && transport_ != nullptr) transport_->Img_Play_Click();
+  if (take(command, {}) && transport_ != nullptr) transport_->Img_Play_Click();
   tellMissing(command.missing);
 }
 
@@ -102,26 +101,39 @@ void Mailbox::takeAddress(const std::string& address, const AddManner& manner) {
 std::vector<std::string> Mailbox::clipsOf(const std::vector<std::string>& names) {
   SearchProgress search(parts_.window, parts_.loop, LoadResString(387), LoadResString(341));
   auto clips = withClipsOfFolders(names, parts_.files, [&] { return search.goesOn(); });
-  if (search.stopped()) clips.clear();
+  if (search.stopped()) {
+    clips.clear();
+  } else {
+    tellEmpty(names, clips);
+  }
   return clips;
 }
 
-void Mailbox::take(const StartCommand& command, const Place& place, const AddManner& manner) {
-  if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return;
+void Mailbox::tellEmpty(const std::vector<std::string>& names, const std::vector<std::string>& clips) {
+  for (const auto& name : names) {
+    if (!parts_.files.isFolder(name)) continue;
+    const auto inside = withSeparator(name);
+    if (std::ranges::none_of(clips, [&](const auto& clip) { return clip.starts_with(inside); }))
+      parts_.refusals.show(refusedFolder(name));
+  }
+}
+
+bool Mailbox::take(const StartCommand& command, const Place& place, const AddManner& manner) {
+  if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return false;
   const CommandPass pass(parts_.window);
-  if (!pass || command.clips.empty()) return;
+  if (!pass || command.clips.empty()) return false;
   intro_.leave();
   if (guard_) guard_->player.beforeAdding();
-  auto clips = clipsOf(command.clips);
-  const auto music = place.isMovie
-                         ? std::stable_partition(clips.begin(), clips.end(), std::not_fn(isSoundByName))
-                         : clips.end();
   bool added = false;
   const auto add = [&](const std::vector<std::string>& some, int before) {
     const auto work = [&] { parts_.intake.add(some, manner); };
     if (!some.empty()) added |= parts_.history.add(pass, work, before);
   };
   parts_.refusals.together([&] {
+    auto clips = clipsOf(command.clips);
+    const auto music = place.isMovie
+                           ? std::stable_partition(clips.begin(), clips.end(), std::not_fn(isSoundByName))
+                           : clips.end();
     parts_.history.together([&] {
       add({clips.begin(), music}, place.before);
       add({music, clips.end()}, 0);
@@ -130,23 +142,28 @@ void Mailbox::take(const StartCommand& command, const Place& place, const AddMan
   parts_.list.show();
   if (added) return show(pass);
   if (guard_) guard_->player.nothingAdded();
+  return false;
 }
 
-void Mailbox::show(const CommandPass& pass) {
+bool Mailbox::show(const CommandPass& pass) {
   const int number = parts_.collection.icurMov;
   const auto load = [&] { parts_.list.PreviewMovie(number); };
-  if (!guard_) return load();
+  if (!guard_) {
+    load();
+    return true;
+  }
   const auto file = clipFile(parts_.collection.MovieList[number]);
   switch (guardLoad(guard_->player, file, load, parts_.boxes, guard_->log)) {
     case GuardedLoad::Done:
-      return;
+      return true;
     case GuardedLoad::Refused:
       parts_.history.remove(pass, {number});
-      return;
+      return false;
     case GuardedLoad::Fatal:
       parts_.settings.state.IsDirty = false;
-      return guard_->endProgram();
+      guard_->endProgram();
   }
+  return false;
 }
 
 }  // namespace kvo

@@ -62,9 +62,10 @@ class Mailbox {
     bool isMovie = false;  // its music stands behind all pictures
   };
   void takePaths(const std::vector<std::string>& paths, const Place& place);
-  void take(const StartCommand& command, const Place& place, const AddManner& manner = {});
+  bool take(const StartCommand& command, const Place& place, const AddManner& manner = {});
   std::vector<std::string> clipsOf(const std::vector<std::string>& names);
-  void show(const CommandPass& pass);
+  void tellEmpty(const std::vector<std::string>& names, const std::vector<std::string>& clips);
+  bool show(const CommandPass& pass);
 
   ProgramParts parts_;
   Intro& intro_;

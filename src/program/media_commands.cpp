@@ -54,7 +54,7 @@ void MediaCommands::ViewStream() {
 void MediaCommands::takeTyped(int title, int prompt, const AddManner& manner) {
   std::string address;
   if (const CommandPass pass(window_); pass)
-    address = ports_.questions.ask(std::string(LoadResString(title)), std::string(LoadResString(prompt)))
+    address = ports_.questions.ask(std::string(LoadResString(title)), std::string(LoadResString(prompt)), {})
                   .value_or("");
   if (address.empty()) return;
   // A page by its host's name alone.

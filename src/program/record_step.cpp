@@ -1,5 +1,7 @@
 #include "program/record_step.h"
 
+#include "editor/compiler/picture_in_picture.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -50,10 +52,16 @@ bool standAsThey(const Shots<Record>& shots, const RecordList<Record>& list) {
 
 // Records are known by where they are kept, which stays as long as they are in the list.
 template <class Record>
-RecordStep<Record> recordsBack(const RecordList<Record>& list, const Shots<Record>& shots) {
+std::unordered_map<const Record*, int> numbersIn(const RecordList<Record>& list) {
   std::unordered_map<const Record*, int> numbers;
+  for (int i = 1; i <= list.count(); ++i) numbers.emplace(&list[i], i);
+  return numbers;
+}
+
+template <class Record>
+RecordStep<Record> recordsBack(const RecordList<Record>& list, const Shots<Record>& shots) {
   const bool unmoved = standAsThey(shots, list);
-  for (int i = 1; !unmoved && i <= list.count(); ++i) numbers.emplace(&list[i], i);
+  const auto numbers = unmoved ? std::unordered_map<const Record*, int>() : numbersIn(list);
   RecordStep<Record> back;
   int last = 0;  // of those that were there before
   for (std::size_t i = 0; i < shots.size(); ++i) {
@@ -86,6 +94,9 @@ int carriedNumber(int number, const std::vector<int>& leaving, const std::vector
   return carried;
 }
 
+// Of a copy, as reading it may take RenderAudio away.
+void keepFacts(Movie& clip, Movie known) { clip.HasAudio(known.HasAudio()); }
+
 PreferenceStep takeStep(PreferenceStep step, KVO2& settings) {
   const bool wasDirty = settings.state.IsDirty;
   for (auto& [row, text] : step) {
@@ -116,6 +127,19 @@ CollectionShot::CollectionShot(const Collection& collection, const KVO2& setting
   }
   clips_ = shotsOf(collection.MovieList);
   eachKeptPreference([&](const SettingRow& row, std::size_t) { preferences_.push_back(row.text(settings)); });
+}
+
+void CollectionShot::takeOverlaysAlong(RecordList<Movie>& clips) const {
+  if (standAsThey(clips_, clips)) return;
+  const auto numbers = numbersIn(clips);
+  followOverlays(
+      clips,
+      [&](int overlay) {
+        if (overlay > static_cast<int>(clips_.size())) return overlay;
+        const auto found = numbers.find(clips_[static_cast<std::size_t>(overlay - 1)].first);
+        return found == numbers.end() ? 0 : found->second;
+      },
+      [&](int number, std::string text) { clips[number].HasPicInPic(std::move(text)); });
 }
 
 RecordStep<Movie> CollectionShot::wayBack(RecordList<Movie>& clips) const {

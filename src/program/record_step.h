@@ -34,6 +34,11 @@ struct RecordStep {
   }
 };
 
+/// What is known of the file is nothing that a step changes: `clip`, which comes, is told it by the record
+/// whose place it takes.
+void keepFacts(Movie& clip, Movie known);
+inline void keepFacts(Keyframe& /*keyframe*/, const Keyframe& /*known*/) {}
+
 /// Takes a step, which is used up, and gives back the one that takes it back.
 template <class Record>
 RecordStep<Record> takeStep(RecordStep<Record> step, RecordList<Record>& list) {
@@ -43,6 +48,7 @@ RecordStep<Record> takeStep(RecordStep<Record> step, RecordList<Record>& list) {
   list.putIn(std::move(step.come));
   for (auto& [number, value] : step.values) {
     std::swap(list[number], value);
+    keepFacts(list[number], value);
     back.values.emplace_back(carriedNumber(number, back.leave, step.leave), std::move(value));
   }
   return back;
@@ -83,6 +89,10 @@ BesideStep takeStep(BesideStep step, const std::vector<ValueBeside>& values);
 class CollectionShot {
  public:
   CollectionShot(const Collection& collection, const KVO2& settings);
+
+  /// Brings overlays of clips, which are known by the numbers that these had, in line with a list that has
+  /// changed since.
+  void takeOverlaysAlong(RecordList<Movie>& clips) const;
 
   // The ways back from what has become of them. A clip that was only marked as changed is so no longer.
   [[nodiscard]] RecordStep<Movie> wayBack(RecordList<Movie>& clips) const;

@@ -18,6 +18,7 @@ bool ShutDown::exit() {
   const CommandPass pass(parts_.window);
   if (!pass) {
     parts_.window.progress.abort();
+    if (busy_) busy_();
     return false;
   }
   parts_.commands.prepare();

@@ -13,9 +13,13 @@ class ShutDown {
   /// under way, which is asked to stop where it can: the program goes on.
   bool exit();
 
+  /// Hears that the end was asked for while other work runs. May be empty.
+  void whenBusy(std::function<void()> heard) { busy_ = std::move(heard); }
+
  private:
   ProgramParts parts_;
   Mailbox& mailbox_;
+  std::function<void()> busy_;
   bool ended_ = false;
 };
 

@@ -15,6 +15,7 @@ constexpr int kLastInterval = 2000;   // milliseconds, near the end
 constexpr double kNearEnd = 30;       // seconds
 constexpr int kMostForEnding = 2500;  // milliseconds that an engine has for it; it is killed after 1000
 constexpr int kEndingNap = 50;        // milliseconds
+constexpr std::chrono::minutes kFirstPatience{1};  // with an engine that says nothing
 
 }  // namespace
 
@@ -74,8 +75,10 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
   }
   timeLeft_ = {};
   state_.pie = {};
-  state_.movieSeconds = 0;
   state_.RemainingSeconds = MaxSeconds;
+  partStart_ = order.range ? order.range->first : 0;
+  begun_ = heard_ = ports_.engine.loop.now();
+  patience_ = kFirstPatience;
   if (auto begun = driver_.start(order); !begun) {
     boxes.show(renderFailedBox(begun.error().text));
     return false;
@@ -117,14 +120,28 @@ void MovieRender::mobjSlumber_Slumber(int MaxSeconds) {
   state_.RenderSecs = left % 60;
   if (state_.RemainingSeconds < kNearEnd) (void)mobjSlumber_.SlumberInterval(kLastInterval).ok();
   state_.countdown = countdownText(state_.RenderHours, state_.RenderMinutes, state_.RenderSecs);
+  tellWork();
   ports_.host.renderChanged();
+  askAboutSilence();
 }
 
 void MovieRender::hearEngine() {
   const auto& progress = driver_.state().progress;
-  state_.movieSeconds = progress.movie.done;
+  heard_ = ports_.engine.loop.now();
+  state_.movieSeconds = partStart_ + progress.movie.done;
   state_.progress = leftText(progress, timeLeft_.after(progress));
+  tellWork();
   ports_.host.renderChanged();
+}
+
+// An engine that hangs is not ended unasked: one frame may take long.
+void MovieRender::askAboutSilence() {
+  if (state_.RenderAborted || ports_.engine.loop.now() - heard_ < patience_) return;
+  const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(patience_).count();
+  const auto answer = ports_.editing.boxes.show(silenceQuestion(static_cast<int>(minutes)));
+  if (answer == Answer::Yes && !driver_.state().ended()) AbortRender();
+  heard_ = ports_.engine.loop.now();
+  patience_ *= 2;
 }
 
 void MovieRender::AbortRender() {

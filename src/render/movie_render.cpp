@@ -3,11 +3,14 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
+#include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
+#include "render/output_kinds.h"
 #include "render/render_texts.h"
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
+#include <memory>
 #include <tuple>
 
 namespace kvo {
@@ -17,6 +20,19 @@ constexpr std::uint64_t kMaxMovieDocument = 256ULL << 20U;
 constexpr int kWavProfile = 23;  // that the sound of a WAV is made by first
 constexpr double kLargeMegabytes = 600;
 constexpr double kLongSeconds = 90 * 60;
+constexpr double kToldFrom = 30;  // seconds: the end of a render that takes longer is told on the desktop
+
+// The machine stays awake as long as it lives.
+class Awake {
+ public:
+  Awake(LongWork& work, const std::string& why) : work_(work) { work_.keepAwake(why); }
+  Awake(const Awake&) = delete;
+  Awake& operator=(const Awake&) = delete;
+  ~Awake() { work_.letSleep(); }
+
+ private:
+  LongWork& work_;
+};
 
 std::string collectionTitle(std::string_view fileName) {
   const auto dot = fileName.rfind('.');
@@ -41,10 +57,22 @@ void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
   if (!readJob(PicInPicDocumentReady, job) || !askForName(job)) return;
   state_.isRunning = true;
   state_.RenderAborted = false;
+  state_.canView = false;
   state_.notes.clear();
   ports_.host.DisabEditControls(true);
-  const bool isShown = makeMovie(job);
-  ports_.editing.files.remove(job.working);
+  bool isShown = false;
+  {
+    const Awake awake(ports_.work, translated("A movie is made"));
+    job_ = &job;
+    sweep();
+    remember(job);
+    takeFilm(job);
+    isShown = makeMovie(job);
+    job_ = nullptr;
+  }
+  state_.document = nullptr;
+  state_.picture = nullptr;
+  forget(job.working);
   state_.isRunning = false;
   ports_.host.DisabEditControls(false);
   if (!isShown) restore(job);
@@ -66,19 +94,11 @@ bool MovieRender::readDocument(bool ready, Job& job) {
 }
 
 bool MovieRender::readJob(bool ready, Job& job) {
-  const auto& e = ports_.editing;
+  job.isPicInPic = ready;
   if (!readDocument(ready, job)) return false;
-  auto& query = job.query;
-  query.hasVideo = !e.editor.hasNoVideo;
-  query.videoTotal = ToNumber(e.editor.VideoTotalTime);
-  query.audioTotal = ToNumber(e.editor.AudioTotalTime);
-  if (!e.clips().empty()) query.lastClipStop = e.clips()[e.clips().count()].TimeLineStop().number();
-  job.length = query.hasVideo ? query.videoTotal : query.audioTotal;
-  if (!ports_.create.Opt_RenderRangeWhole) {
-    job.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
-    job.length = job.range->second - job.range->first;
-  }
-  job.kind = state_.kind;
+  readLengths(job);
+  const auto& query = job.query;
+  job.kind = ready ? OutputKind::Avi : state_.kind;
   if (job.kind == OutputKind::Wmv || job.kind == OutputKind::Wma) {
     const auto row = static_cast<std::size_t>(std::max(state_.profileRow, 0));
     job.profile = row < state_.Lst_WMVFormats.size() ? GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) : 1;
@@ -87,6 +107,24 @@ bool MovieRender::readJob(bool ready, Job& job) {
   }
   if (job.audioOnly()) job.profile = kWavProfile;
   return true;
+}
+
+void MovieRender::readLengths(Job& job) const {
+  const auto& e = ports_.editing;
+  auto& query = job.query;
+  if (job.isPicInPic) {
+    query.hasVideo = true;
+    query.videoTotal = query.lastClipStop = job.length = timelineLength(e.clips()[pair_.backdropNo]);
+    return;
+  }
+  query.hasVideo = !e.editor.hasNoVideo;
+  query.videoTotal = ToNumber(e.editor.VideoTotalTime);
+  query.audioTotal = ToNumber(e.editor.AudioTotalTime);
+  if (!e.clips().empty()) query.lastClipStop = e.clips()[e.clips().count()].TimeLineStop().number();
+  job.length = query.hasVideo ? query.videoTotal : query.audioTotal;
+  if (ports_.create.Opt_RenderRangeWhole) return;
+  job.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
+  job.length = job.range->second - job.range->first;
 }
 
 bool MovieRender::isOneOfTheClips(const std::string& file) const {
@@ -102,10 +140,11 @@ bool MovieRender::askForName(Job& job) {
   const auto extension = "." + std::string(extensionOf(job.kind));
   const auto name = ports_.dialogs.save({.title = "Create New Movie",
                                          .filters = {{pattern, pattern}},
-                                         .folder = {},
+                                         .folder = folder_.empty() ? ports_.moviesFolder() : folder_,
                                          .name = collectionName() + extension});
   if (!name || name->empty()) return false;
   job.file = endsInText(*name, extension) ? *name : *name + extension;
+  if (!mayReplace(*name, job.file)) return false;
   // In the same folder, so that it comes under the final name in one step; nobody else's name.
   job.working = std::string(folderPart(job.file)) + ".rendering-" +
                 std::to_string(ports_.engine.processes.ownNumber()) + (job.audioOnly() ? ".WMA" : extension);
@@ -113,6 +152,12 @@ bool MovieRender::askForName(Job& job) {
   ports_.editing.boxes.show(
       renderFailedBox(translated("cannot write %1: it is one of the clips", {job.file})));
   return false;
+}
+
+// The dialog has asked about the name that was typed, and not about the one with its ending.
+bool MovieRender::mayReplace(const std::string& named, const std::string& file) const {
+  if (named == file || !ports_.editing.files.exists(file)) return true;
+  return ports_.editing.boxes.show(replaceQuestion(file)) == Answer::Yes;
 }
 
 // True when the movie is being viewed, or the options are shown: nothing is to be restored then.
@@ -125,12 +170,12 @@ bool MovieRender::makeMovie(Job& job) {
   state_.countdown.clear();
   show(RenderFrame::Estimate);
   const double known = ports_.editing.settings.state.TimeLineVideoTotTime;
-  if (job.query.hasVideo && known > 0) job.query.videoTotal = known;
+  if (job.query.hasVideo && known > 0 && !job.isPicInPic) job.query.videoTotal = known;
   switch (CalcEstimateTimeTotRender(job)) {
     case Estimate::Failed:
       return false;
     case Estimate::DiskShort:
-      show(RenderFrame::Options);
+      showOptions(job.isPicInPic);
       return true;
     case Estimate::GoOn:
       break;
@@ -151,7 +196,8 @@ int MovieRender::estimateLimit() const {
 MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   auto& e = ports_.editing;
   Part part{.OutFile = job.working, .MaxSeconds = estimateLimit()};
-  if (const auto range = estimateRange(job.query)) std::tie(part.RangeStart, part.RangeStop) = *range;
+  state_.sample = estimateRange(job.query);
+  if (state_.sample) std::tie(part.RangeStart, part.RangeStop) = *state_.sample;
   const bool started = DoRender(job, part);
   state_.countdown.clear();
   state_.progress.clear();
@@ -169,6 +215,7 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   e.files.remove(job.working);
   state_.RenderSeconds = renderSecondsOf(result, total);
   state_.sizeLabel = estimatedSizeText(result.megabytes);
+  tellWork();
   ports_.host.renderChanged();
   if (isDiskShort(result.megabytes, ports_.freeMegabytes(job.file))) {
     e.boxes.show(diskShortBox(result.megabytes));
@@ -204,6 +251,8 @@ bool MovieRender::renderAll(const Job& job) {
   const auto& e = ports_.editing;
   state_.summary = renderSummary(job.kind, job.length, profileText(job.profile));
   state_.caption = creatingCaption(job.file, collectionName());
+  state_.sample.reset();
+  state_.movieSeconds = job.range ? job.range->first : 0;
   show(RenderFrame::Rendering);
   ports_.host.ImagesOff();
   const auto begun = ports_.engine.loop.now();
@@ -223,9 +272,24 @@ bool MovieRender::renderAll(const Job& job) {
     if (!written) e.boxes.show(renderFailedBox(written.error().text));
     isMade = written.ok();
   }
-  if (!isMade) return false;
-  report(job, std::chrono::duration<double>(ports_.engine.loop.now() - begun).count());
-  if (job.audioOnly()) return false;
+  const double took = std::chrono::duration<double>(ports_.engine.loop.now() - begun).count();
+  if (!isMade) {
+    tellEnd(translated("%1 could not be made.", {fileNamePart(job.file)}), took);
+    return false;
+  }
+  report(job, took);
+  tellEnd(translated("%1 has been created !", {fileNamePart(job.file)}), took);
+  return !job.audioOnly() && offerView(job);
+}
+
+// Somebody who has gone to do something else hears of it.
+void MovieRender::tellEnd(const std::string& text, double took) {
+  if (took >= kToldFrom) ports_.work.tell("KVO5", text);
+}
+
+// True when the movie has joined the collection.
+bool MovieRender::offerView(const Job& job) {
+  const auto& e = ports_.editing;
   bool views = e.settings.preferences().RenderAutoView;
   if (!views) {
     bool neverAgain = false;
@@ -233,10 +297,16 @@ bool MovieRender::renderAll(const Job& job) {
     if (neverAgain) e.settings.adjust().RenderAutoView = true;
   }
   if (!views) return false;
+  view();
+  return true;
+}
+
+void MovieRender::view() {
+  if (!state_.canView) return;
+  state_.canView = false;
   show(RenderFrame::None);
   ports_.host.Buildtabs();
-  ports_.host.AddMoviesm(job.file);
-  return true;
+  ports_.host.AddMoviesm(madeFile_);
 }
 
 void MovieRender::report(const Job& job, double seconds) {
@@ -248,17 +318,20 @@ void MovieRender::report(const Job& job, double seconds) {
   for (const auto& hole : driver_.state().damage) state_.notes.push_back(damageText(hole));
   const auto& notes = driver_.state().notes;
   state_.notes.insert(state_.notes.end(), notes.begin(), notes.end());
+  madeFile_ = job.file;
+  state_.canView = true;
   show(RenderFrame::Report);
 }
 
 void MovieRender::restore(const Job& job) {
   ports_.host.KillPreview();
+  state_.picture = nullptr;
   if (job.profile != kNoProfile && !job.audioOnly() && state_.kind != OutputKind::Wma)
     state_.kind = OutputKind::Wmv;
   state_.caption = editorCaption(collectionName());
   state_.countdown.clear();
   state_.progress.clear();
-  if (state_.frame != RenderFrame::Report) return show(RenderFrame::Options);
+  if (state_.frame != RenderFrame::Report) return showOptions(job.isPicInPic);
   ports_.host.renderChanged();
 }
 

@@ -2,9 +2,12 @@
 // the render with its countdown, and the report.
 #pragma once
 
+#include "editor/compiler/picture_in_picture.h"
 #include "editor/tabs/create_tab.h"
 #include "editor/tabs/editing.h"
 #include "ports/file_dialogs.h"
+#include "ports/long_work.h"
+#include "ports/user_store.h"
 #include "render/estimate.h"
 #include "render/render_driver.h"
 #include "render/render_host.h"
@@ -12,6 +15,7 @@
 #include "render/slumber.h"
 #include "render/system_profile.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -30,6 +34,9 @@ class MovieRender {
     /// Room on the disk that a file is on, in megabytes of 1024 * 1024 bytes.
     std::function<double(const std::string& file)> freeMegabytes;
     RenderHost& host;
+    UserStore& store;  ///< keeps what was used last
+    LongWork& work;
+    std::function<std::string()> moviesFolder;  ///< where the first movie is proposed
   };
 
   /// All of it outlives the object, which writes `state` and calls the host behind each change of it.
@@ -43,8 +50,17 @@ class MovieRender {
   /// A row of Lst_WMVFormats. A side of the output that is odd is told.
   void chooseProfile(int row);
   void tickCodecDimensions(bool on);
-  /// Back to the tab.
+  /// Back to the tab: KVOBut1_CancelRenderPicInPic as well.
   void leave();
+
+  /// KVOBut_RenderPinP: shows what the clip of a backdrop and its overlay is going to be. A backdrop without
+  /// one has none. `wanted` tells which sound goes into it.
+  void RenderPinP(int backdropNo, const PicInPicOptions& wanted);
+  /// KVOBut_RenderNewPicInPic: writes the document of the two and makes the clip.
+  void RenderNewPicInPic();
+
+  /// The movie of the report joins the collection and is shown.
+  void view();
 
   /// KVOBut_WriteMovie: asks for a name and makes the movie; comes back when all is over. With
   /// `PicInPicDocumentReady` the document is the one that stands beside the program. Nothing happens while
@@ -54,11 +70,12 @@ class MovieRender {
   /// KVOBut_AbortRender: ends what runs; the movie is not made, and what had its name stays.
   void AbortRender();
 
-  /// To be called when the program starts: brings back what a killed render has left out of its place.
-  void mend() { profile_.mend(); }
+  /// To be called when the program starts: what a killed render has left beside its movie goes.
+  void sweep();
 
  private:
   struct Job {
+    bool isPicInPic = false;
     std::string document;
     OutputKind kind = OutputKind::Wmv;  ///< that the user gets
     int profile = kNoProfile;
@@ -68,6 +85,10 @@ class MovieRender {
     double length = 0;  ///< seconds of the movie that are rendered
     EstimateQuery query;
     [[nodiscard]] bool audioOnly() const { return kind == OutputKind::Wav; }
+  };
+  struct Pair {
+    int backdropNo = 0;
+    PicInPicOptions wanted;
   };
   struct Part {
     std::string OutFile;
@@ -80,15 +101,19 @@ class MovieRender {
   // The flow, in its order.
   bool readJob(bool ready, Job& job);
   bool readDocument(bool ready, Job& job);
+  void readLengths(Job& job) const;
   bool askForName(Job& job);
+  [[nodiscard]] bool mayReplace(const std::string& named, const std::string& file) const;
   [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;
   bool makeMovie(Job& job);
   Estimate CalcEstimateTimeTotRender(const Job& job);
   [[nodiscard]] int estimateLimit() const;
   bool warn(double megabytes);
   bool renderAll(const Job& job);
+  bool offerView(const Job& job);
   void report(const Job& job, double seconds);
   void restore(const Job& job);
+  void tellEnd(const std::string& text, double took);
 
   // False, with a box, when the engine could not be started; without one when the user has given up.
   bool DoRender(const Job& job, const Part& part);
@@ -97,11 +122,26 @@ class MovieRender {
   void endEngine();
   void mobjSlumber_Slumber(int MaxSeconds);
   void hearEngine();
+  void askAboutSilence();
   bool tellFailure();
   void keepFolder();
 
+  // What is remembered.
+  void recall();
+  void remember(const Job& job);
+  void forget(const std::string& working);
+
+  // The lines that the frames tell.
+  void tellOptions();
+  void tellPair();
+  void tellWork();
+  void takeFilm(const Job& job);
+  [[nodiscard]] std::string formOf(const Job& job) const;
+  [[nodiscard]] std::string clipAt(double seconds) const;
+
   bool confirmed(const StyledBox& box, bool& neverAgain);
   void show(RenderFrame frame);
+  void showOptions(bool ofPicInPic) { show(ofPicInPic ? RenderFrame::PicInPic : RenderFrame::Options); }
   void describe();
   [[nodiscard]] OutputSize outputSize() const;
   [[nodiscard]] std::string collectionName() const;
@@ -111,6 +151,15 @@ class MovieRender {
   SystemProfile profile_;
   clsSlumber mobjSlumber_;
   SteadyTimeLeft timeLeft_;
+  Pair pair_;
+  const Job* job_ = nullptr;  // that is being made
+  bool hasRecalled_ = false;
+  std::string folder_;                 // of the movie that was made last
+  std::string madeFile_;               // of the report
+  double partStart_ = 0;               // seconds of the movie: where the engine began
+  std::chrono::milliseconds begun_{};  // the engine's start
+  std::chrono::milliseconds heard_{};  // its last sign of life
+  std::chrono::milliseconds patience_{};
   RenderDriver driver_;
 };
 

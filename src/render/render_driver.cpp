@@ -1,6 +1,7 @@
 #include "render/render_driver.h"
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "render/batch_file.h"
 
@@ -14,7 +15,14 @@ constexpr const char* kSentinel = "/Rendone.txt";
 // Has the shell killed when this program ends; the engine does so with its shell.
 constexpr const char* kTether = "/usr/bin/setpriv";
 
-std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string& document, int starter) {
+}  // namespace
+
+std::string workFolderOf(const std::string& output) {
+  return withSeparator(folderPart(output)).append(".rendering-").append(fileNamePart(output));
+}
+
+std::vector<std::string> engineArguments(const RenderOrder& order, const std::string& document,
+                                         const std::string& share) {
   std::vector<std::string> arguments;
   if (order.range) {
     const auto& [from, to] = *order.range;
@@ -29,11 +37,11 @@ std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string
   if (order.quality > 0) add("/Q", std::to_string(order.quality));
   add("/E", order.effort);
   if (order.megabytes > 0) add("/M", FormatMask(order.megabytes, "0.000"));
-  arguments.insert(arguments.end(), {"/S", std::to_string(starter), "/W", order.output, document});
+  add("/K", order.workFolder);
+  add("/J", share);
+  arguments.insert(arguments.end(), {"/W", order.output, document});
   return arguments;
 }
-
-}  // namespace
 
 Outcome RenderDriver::prepare(const RenderOrder& order, const std::string& folder) {
   const auto document = folder + kDocument;
@@ -44,8 +52,8 @@ Outcome RenderDriver::prepare(const RenderOrder& order, const std::string& folde
   // The user knows nothing of these files.
   if (auto done = writeDurably(ports_.files, document, order.document); !done)
     return Error{replaced(done.error().text, document, "the timeline document")};
-  const EngineCall call{ports_.engine, argumentsOf(order, document, ports_.processes.ownNumber()),
-                        order.profileFile};
+  EngineCall call{ports_.engine, engineArguments(order, document), order.profileFile};
+  call.arguments.insert(call.arguments.end() - 3, {"/S", std::to_string(ports_.processes.ownNumber())});
   if (auto done = writeDurably(ports_.files, batchFile, batchScript(call, sentinel_)); !done)
     return Error{replaced(done.error().text, batchFile, "the timeline document")};
   return {};

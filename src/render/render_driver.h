@@ -30,7 +30,10 @@ struct RenderOrder {
   std::string profileFile{};                         ///< that is in force; empty for none
   std::string shownAs{};  ///< what the engine's lines call the output; empty for its own name
   std::string folder{};   ///< for document, script and sentinel; empty for a temporary one
-  double frameRate = 0;   ///< of the movie
+  /// Where finished segments are kept, so that a render that is cut off or stopped goes on from them; empty
+  /// for a render that leaves nothing. It goes with the movie's completion.
+  std::string workFolder{};
+  double frameRate = 0;  ///< of the movie
   /// The engine belongs to this program's job of the terminal, so that Ctrl-Z stops both.
   bool sharesTerminal = false;
 };
@@ -55,6 +58,14 @@ struct EngineRun {
 
   [[nodiscard]] bool ended() const { return phase > EnginePhase::Stopping; }
 };
+
+/// The work folder for an output, beside it.
+std::string workFolderOf(const std::string& output);
+
+/// What the engine is called with, but for its starter. `share` is a share of the segments, as "2/8", or
+/// empty.
+std::vector<std::string> engineArguments(const RenderOrder& order, const std::string& document,
+                                         const std::string& share = {});
 
 class RenderDriver {
  public:

@@ -1,5 +1,6 @@
 // The options of a render: which kind, which profile.
 #include "base/text.h"
+#include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
 #include "render/render_texts.h"
@@ -16,7 +17,11 @@ void MovieRender::show(RenderFrame frame) {
   state_.frame = frame;
   state_.heading = frame == RenderFrame::Estimate    ? "Pre-Render - Phase 1"
                    : frame == RenderFrame::Rendering ? "Rendering - Phase 2"
+                   : frame == RenderFrame::PicInPic  ? "Render New Picture in Picture Clip"
                                                      : "";
+  if (frame == RenderFrame::Options) tellOptions();
+  if (frame == RenderFrame::PicInPic) tellPair();
+  if (frame != RenderFrame::None) tellWork();
   ports_.host.renderChanged();
 }
 
@@ -28,14 +33,38 @@ void MovieRender::Rendertofile() {
   }
   ports_.host.PlayerStop();
   ports_.host.ApplyStillSettings();
+  recall();
   if (!HaveAtleastOneVidTrack(ports_.editing) && movieFileOf(state_.kind).hasPicture)
-    state_.kind = OutputKind::Wav;
-  chooseKind(state_.kind);
+    chooseKind(OutputKind::Wav);
+  else
+    chooseKind(state_.kind);
   show(RenderFrame::Options);
 }
 
 void MovieRender::leave() {
   if (!state_.isRunning) show(RenderFrame::None);
+}
+
+void MovieRender::RenderPinP(int backdropNo, const PicInPicOptions& wanted) {
+  const auto& clips = ports_.editing.clips();
+  if (state_.isRunning || backdropNo < 1 || backdropNo > clips.count()) return;
+  if (clips[backdropNo].HasPicInPic().empty()) return;
+  recall();
+  pair_ = {backdropNo, wanted};
+  pair_.wanted.preview = false;
+  show(RenderFrame::PicInPic);
+}
+
+void MovieRender::RenderNewPicInPic() {
+  const auto& e = ports_.editing;
+  if (state_.isRunning || pair_.backdropNo < 1 || pair_.backdropNo > e.clips().count()) return;
+  ports_.host.PlayerStop();
+  const auto text = CreatePinPPreview(e, pair_.backdropNo, pair_.wanted);
+  if (auto done = writeDurably(e.files, e.folder.beside("\\KVORender.xtl"), text); !done) {
+    e.boxes.show(renderFailedBox(done.error().text));
+    return;
+  }
+  WriteRenderMovie(true);
 }
 
 void MovieRender::chooseKind(OutputKind kind) {
@@ -74,12 +103,16 @@ void MovieRender::tickCodecDimensions(bool on) {
 
 void MovieRender::describe() {
   state_.profileDescription.clear();
+  state_.codecSize.clear();
   if (state_.profileRow >= 0) {
-    const auto& row = state_.Lst_WMVFormats[static_cast<std::size_t>(state_.profileRow)];
+    const int number =
+        GetWMVRenderProfileInt(state_.Lst_WMVFormats[static_cast<std::size_t>(state_.profileRow)]);
     state_.profileDescription =
-        ShowProfileDescription(GetWMVRenderProfileInt(row), outputSize(), state_.Chk_UseCodecOutputDimensions)
-            .text;
+        ShowProfileDescription(number, outputSize(), state_.Chk_UseCodecOutputDimensions).text;
+    if (const auto facts = GetProfileXYDimensions(number))
+      state_.codecSize = std::to_string(facts->size.width) + " x " + std::to_string(facts->size.height);
   }
+  if (state_.frame == RenderFrame::Options) tellOptions();
   ports_.host.renderChanged();
 }
 

@@ -1,9 +1,13 @@
 // What the pages of a render show, as plain data: the options, the pre-render, the render and the report.
 #pragma once
 
+#include "ports/media_contents.h"
 #include "vocabulary/movie_files.h"
 
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvo {
@@ -12,6 +16,7 @@ namespace kvo {
 enum class RenderFrame {
   None,
   Options,    ///< BuildFileRenderFrame
+  PicInPic,   ///< "Render New Picture in Picture Clip", in place of the options
   Estimate,   ///< BuildEstimateFrame: "Pre-Render - Phase 1"
   Rendering,  ///< BuildRenderingFrame: "Rendering - Phase 2"
   Report,
@@ -28,6 +33,21 @@ struct RenderPie {
   bool operator==(const RenderPie&) const = default;
 };
 
+/// A line of what is told of a movie: its name is whole, its value composed.
+struct RenderFact {
+  std::string name;
+  std::string value;
+  bool operator==(const RenderFact&) const = default;
+};
+
+/// What the movie is made of, in its order. Seconds of the movie.
+struct FilmCut {
+  int clip = 0;  ///< its number in the collection
+  double from = 0;
+  double to = 0;
+  bool operator==(const FilmCut&) const = default;
+};
+
 struct RenderState {
   RenderFrame frame = RenderFrame::None;
   bool isRunning = false;  ///< from the question for a name on; KVOBut_AbortRender is enabled meanwhile
@@ -39,16 +59,24 @@ struct RenderState {
   int profileRow = -1;                      ///< in that list; -1 for none
   bool Chk_UseCodecOutputDimensions = true;
   std::string profileDescription;  ///< lines joined by CR LF
+  std::string codecSize;           ///< of the profile in hand, "320x240"; empty where it has none of its own
 
   // While it runs
   std::string caption;  ///< of the window
   std::string heading;
-  std::string summary;      ///< what is being made
-  std::string countdown;    ///< "About 00.01.30(s) Remaining"
-  std::string sizeLabel;    ///< estimated, at the end the file's own
-  std::string completed;    ///< how long it took
-  std::string progress;     ///< time left and size so far, by what the engine tells
-  double movieSeconds = 0;  ///< of the movie that are made; the picture being made stands there
+  std::string summary;    ///< what is being made
+  std::string countdown;  ///< "About 00.01.30(s) Remaining"
+  std::string sizeLabel;  ///< estimated, at the end the file's own
+  std::string completed;  ///< how long it took
+  std::string progress;   ///< time left and size so far, by what the engine tells
+  std::vector<RenderFact> facts;
+  std::vector<FilmCut> film;
+  double filmLength = 0;                            ///< seconds
+  std::optional<std::pair<double, double>> sample;  ///< the part that is rendered first, seconds
+  double movieSeconds = 0;  ///< where in the movie the engine is; the picture being made stands there
+  std::shared_ptr<const std::string> document;  ///< the timeline of what is made; null for none
+  std::shared_ptr<const FramePicture> picture;  ///< of about that place; null until there is one
+  bool canView = false;                         ///< of the report: the movie is not in the collection yet
   RenderPie pie;
   double RenderSeconds = 0;     ///< that the render is going to take
   double RemainingSeconds = 0;  ///< of the countdown

@@ -114,7 +114,7 @@ StyledBox renderTimeWarning(double seconds) {
 
 StyledBox viewQuestion(std::string_view file) {
   return question("KVO - Movie Successfully Created",
-                  translated("%1 has been created !", {file}).append(kCrLf).append(kCrLf),
+                  translated("%1 has been created !", {fileNamePart(file)}).append(kCrLf).append(kCrLf),
                   "Do you wish to view the new Movie ?", BoxIcon::Done);
 }
 
@@ -159,6 +159,22 @@ Box noCountdownBox() {
   return warningBox("KVO5 - Render Engine Failure",
                     "Render Failed - Probable cause is output dimensions - Change the dimensions and re-try "
                     "the render");
+}
+
+Box replaceQuestion(std::string_view file) {
+  return {"KVO - Create Movie",
+          translated("%1 is there already. Do you wish to replace it ?", {fileNamePart(file)}),
+          BoxButtons::YesNo, BoxIcon::Question};
+}
+
+Box silenceQuestion(int minutes) {
+  return {"KVO - Render Engine",
+          translated("The render engine has said nothing for %1 min. It may hang, or have much to do.\r\n"
+                     "Do you wish to abort the render ?",
+                     {std::to_string(minutes)}),
+          BoxButtons::YesNo,
+          BoxIcon::Warning,
+          {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
 }
 
 Box renderFailedBox(std::string_view why) {

@@ -42,6 +42,10 @@ Box rangeErrorBox();
 Box rangeFailedBox();
 Box profileFailedBox();
 Box noCountdownBox();
+/// A file of the movie's name is there, and nobody has been asked about it yet.
+Box replaceQuestion(std::string_view file);
+/// The engine has said nothing for so many minutes.
+Box silenceQuestion(int minutes);
 /// A movie that the engine has not made; `why` is its line.
 Box renderFailedBox(std::string_view why);
 

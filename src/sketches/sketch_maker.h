@@ -16,7 +16,7 @@ class SketchMaker {
  public:
   struct Parts {
     SketchFolder& folder;
-    FrameSource& frames;
+    MediaContents& frames;
     SoundPeaks& sounds;
     const Jpeg& jpeg;
   };

@@ -2,7 +2,7 @@
 // timeline. They are made in the background and kept from one run to the next.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstdint>
 #include <functional>

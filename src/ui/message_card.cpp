@@ -145,7 +145,8 @@ MessageCard::MessageCard(const MessageFace& face, QWidget* parent)
   body->addWidget(makeText(face), 1);
   column->addLayout(body);
   if (face.asksForText) {
-    field_ = made<QLineEdit>(this);
+    field_ = made<QLineEdit>(face.text, this);
+    field_->selectAll();
     field_->setAccessibleName(face.lines.join(' ').simplified());
     column->addSpacing(themed(12));
     column->addWidget(field_);

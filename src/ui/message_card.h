@@ -24,6 +24,7 @@ struct MessageFace {
   QString neverAgain;        ///< of the check box; empty for none
   QStringList keys{"OK"};    ///< the first is the primary one
   bool asksForText = false;  ///< has a field below the lines
+  QString text{};            ///< that the field begins with, chosen as a whole
 };
 
 class MessageCard : public QFrame {

@@ -1,6 +1,6 @@
 // Media controls and the screen saver on a bus of the test's own, steered by playerctl as by any applet.
+#include "adapters/dbus/bus_screen_saver.h"
 #include "adapters/dbus/mpris.h"
-#include "adapters/dbus/screen_saver.h"
 #include "support/own_bus.h"
 
 #include <QCoreApplication>
@@ -298,7 +298,7 @@ TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
     ASSERT_TRUE(desktop.registerVirtualObject(path, &saver, QDBusConnection::SubPath));
     ASSERT_TRUE(
         desktop.registerService(portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"));
-    ScreenSaver awake;
+    BusScreenSaver awake;
     awake.inhibit(true);
     awake.inhibit(true);
     ASSERT_TRUE(until([&] { return saver.calls == "Inhibit "; })) << saver.calls;

@@ -1,4 +1,4 @@
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/media/media_picture_counts.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
@@ -59,7 +59,7 @@ const auto* const kCommaLocale = testing::AddGlobalTestEnvironment(std::make_uni
 struct Bench {
   test::ScratchFolder folder;
   PollLoop loop;
-  MediaFrameSource facts;
+  MediaFileContents facts;
   MpvLimits limits{.address = std::chrono::milliseconds(2500)};  // a busy machine is slow to begin
   MpvStage stage{loop, facts, limits};
   MpvControlEngine engine{stage};

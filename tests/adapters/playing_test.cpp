@@ -1,5 +1,5 @@
 // A collection on the real engines: the transport, the player and libmpv with real files.
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "adapters/media/media_picture_counts.h"
 #include "adapters/mpv/mpv_control_engine.h"
 #include "adapters/mpv/mpv_filter_graphs.h"
@@ -26,7 +26,7 @@ using test::turnUntil;
 struct RealStage {
   test::ScratchFolder folder;
   PollLoop loop;
-  MediaFrameSource streams;
+  MediaFileContents streams;
   MpvStage stage{loop, streams, {.address = std::chrono::milliseconds(2500)}};
   MpvControlEngine control{stage};
   MpvFilterGraphs graphs{stage};

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kMaxClips = 40;  // more cost time and show nothing new
 
-class AllStreams : public kvo::FrameSource {
+class AllStreams : public kvo::MediaContents {
  public:
   kvo::Result<kvo::StreamFacts> facts(const std::string& path) override {
     kvo::StreamFacts facts;

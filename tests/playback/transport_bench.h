@@ -102,7 +102,7 @@ struct TransportRoom {
     EventLoop& loop;
     ControlEngine& control;
     FilterGraphs& graphs;
-    FrameSource& streams;
+    MediaContents& streams;
     PictureCounts& counts;
     Files& files;
   } on;

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Gives each picture only when it is let.
-class HeldStreams : public FrameSource {
+class HeldStreams : public MediaContents {
  public:
   Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
   Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {

@@ -1,5 +1,6 @@
 // One history of every edit: what is written through its gate is taken back whole, whatever it was.
 #include "core/file/collection_text.h"
+#include "editor/compiler/picture_in_picture.h"
 #include "program/list_commands.h"
 #include "support/program_bench.h"
 
@@ -69,7 +70,7 @@ class Gestures {
     auto& clips = b_.collection.MovieList;
     auto& keyframes = b_.collection.KeyframeList;
     auto& clip = clips[number(1, clips.count())];
-    switch (number(0, 8)) {
+    switch (number(0, 9)) {
       case 0:
         return clip.TransIn(static_cast<Single>(number(0, 40)));
       case 1:
@@ -93,6 +94,8 @@ class Gestures {
         b_.settings.change().PreviewCPU = static_cast<Integer>(number(1, 10));
         b_.settings.adjust().StillsIndividual = number(0, 1) == 0;
         return;
+      case 8:
+        return clip.HasPicInPic(picInPicText({.overlayClip = number(1, clips.count() + 1)}));
       default:
         if (clips.count() > 2) clips.remove(number(1, clips.count()));
         b_.collection.icurMov = 1;
@@ -230,6 +233,107 @@ TEST(History, OneGestureIsOneStep) {
   b.history.undo(2);
   EXPECT_EQ(b.text(), first);
   EXPECT_EQ(b.window.history.undone.size(), 4U);
+}
+
+TEST(History, AStepBackKeepsWhatHasBeenLearntOfFiles) {
+  EditBench b;
+  b.clip(2).RenderAudio(true);
+  b.change([&] { b.clip(2).TransIn(7); });
+  b.clip(2).HasAudio(true);  // its file is looked into only now
+  for (const bool back : {true, false}) {
+    back ? b.history.undo() : b.history.redo();
+    EXPECT_TRUE(b.clip(2).HasAudio() && b.clip(2).RenderAudio()) << back;
+  }
+}
+
+// Clip c has b over it, e has f.
+TEST(History, OverlaysStayWithTheirClips) {
+  struct Row {
+    void (*act)(EditBench&);
+    const char* pairs;
+  };
+  const Row rows[] = {
+      {[](EditBench& b) { b.listCommands.choose({2}, 2), b.listCommands.moveTo(7); }, "cbef"},
+      {[](EditBench& b) {
+         b.listCommands.choose({3, 6}, 3), b.listCommands.moveTo(1);
+       },
+       "cbef"},
+      {[](EditBench& b) { b.listCommands.sort(SortKey::Shuff); }, "cbef"},
+      {[](EditBench& b) { b.listCommands.Removeit(1); }, "cbef"},
+      {[](EditBench& b) { b.listCommands.Removeit(2); }, "ef"},
+      {[](EditBench& b) { b.listCommands.Removeit(3); }, "ef"},
+      {[](EditBench& b) { b.list.select(3), b.listCommands.copy(CopyMode::Exact); }, "cbcbef"},
+      {[](EditBench& b) {
+         b.listCommands.split({4, 100});
+       },
+       "cbef"},
+      {[](EditBench& b) { b.change([&] { b.collection.MovieList.remove(2); }); }, "ef"},
+      {[](EditBench& b) {
+         b.history.add(
+             CommandPass(b.window), [&] { b.addVideo("x.avi", 0, 8); }, 2);
+       },
+       "cbef"},
+  };
+  for (const auto& row : rows) {
+    EditBench b;
+    const auto pairs = [&] {
+      std::vector<std::string> all;
+      for (int i = 1; i <= b.collection.MovieList.count(); ++i) {
+        const auto look = readPicInPic(b.clip(i).HasPicInPic());
+        if (look)
+          all.push_back(b.clip(i).MovieName().substr(0, 1) + b.clip(look->overlayClip).MovieName()[0]);
+      }
+      std::sort(all.begin(), all.end());
+      std::string text;
+      for (const auto& pair : all) text += pair;
+      return text;
+    };
+    b.clip(3).HasPicInPic(picInPicText({.overlayClip = 2, .maxOpacity = 70}));
+    b.clip(5).HasPicInPic(picInPicText({.overlayClip = 6}));
+    const auto first = b.text();
+    row.act(b);
+    const auto last = b.text();
+    const auto number = &row - rows;
+    EXPECT_EQ(pairs(), row.pairs) << number;
+    b.history.undo();
+    EXPECT_EQ(b.text(), first) << number;
+    b.history.redo();
+    EXPECT_EQ(b.text(), last) << number;
+    EXPECT_EQ(pairs(), row.pairs) << number;
+  }
+}
+
+TEST(ListCommands, CopiesHaveTheKeyframesToo) {
+  for (const auto& [mode, keyframes] :
+       {std::pair{CopyMode::Exact, "1@0=0 1@4=40 1@9=90 new@0=0 new@4=40 new@9=90 "},
+        {CopyMode::Tail, "1@0=0 1@4=40 1@9=90 new@6=40 new@9=90 "},
+        {CopyMode::EqualChunk, "1@0=0 1@4=40 1@9=90 new@6=40 new@9=90 "},
+        {CopyMode::Split, "1@0=0 1@4=40 1@4.99=49.9 new@5=50 new@9=90 "}}) {
+    EditBench b;
+    b.settings.change().OutPutFrameRate = 25;
+    b.clip(1).LoopEnd(Value(mode == CopyMode::Split ? 10 : 6));
+    for (const int second : {0, 4, 9}) {
+      auto& k = b.collection.KeyframeList.add({});
+      k.Time = Value(second);
+      k.FrameNo = second * 25;
+      k.EffectNo = 8;
+      k.Param[0] = Value(second * 10);
+      k.ClipName = 1;
+    }
+    if (mode == CopyMode::Tail || mode == CopyMode::EqualChunk) b.clip(1).LoopEndFrames(150);
+    const auto first = b.text();
+    b.listCommands.placedBy([] { return PlayerPlace{5, 125}; });
+    b.listCommands.copy(mode);
+    std::string all;
+    for (int i = 1; i <= b.collection.KeyframeList.count(); ++i) {
+      const auto& k = b.collection.KeyframeList[i];
+      EXPECT_TRUE(k.ClipName == 1 || k.ClipName == b.clip(2).KeyID());
+      all += (k.ClipName == 1 ? "1@" : "new@") + k.Time.text() + "=" + k.Param[0].text() + " ";
+    }
+    EXPECT_EQ(all, keyframes);
+    b.history.undo();
+    EXPECT_EQ(b.text(), first) << "one step";
+  }
 }
 
 TEST(ListCommands, ASplitLeavesBothPartsOfTheClip) {

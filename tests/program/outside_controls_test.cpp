@@ -238,5 +238,18 @@ TEST(Covers, AreTheStillItselfOrLieBesideTheSound) {
       << "a picture beside a film may be of anything";
 }
 
+TEST(Mailbox, PlaysWhatAnotherCopyHandsOverUnlessItIsRefused) {
+  for (const bool refused : {false, true}) {
+    OutsideBench b;
+    b.mailbox.transport(b.transport);
+    b.mailbox.open("/");
+    b.files.all["/v/new.avi"] = "x";
+    if (refused) b.intake.whenAsked = [&] { b.files.all.clear(); };
+    b.handover.mailbox = "/v/new.avi";
+    b.loop.advance(200);
+    EXPECT_EQ(b.transport.calls, refused ? "" : "play ");
+  }
+}
+
 }  // namespace
 }  // namespace kvo

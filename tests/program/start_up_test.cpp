@@ -349,36 +349,36 @@ TEST(GatheredBoxes, ManyRefusalsAreToldTogetherAndQuestionsAtOnce) {
 TEST(GatheredBoxes, OfSeveralFilesEachIsNamedAndWhatIsSaidOfAllIsSaidOnce) {
   const std::string cannot = "KVO cannot.\r\nNothing was added.";
   const struct {
-    int total;
     const char* path;
     const char* caption;
     std::string text;
   } rows[] = {
-      {9, "/v/a.txt", "Not added", cannot},
-      {9, "/v/c.mp4", "c.mp4 - Damaged", "Why :-\r\nno end"},
-      {9, "/v/b.txt", "Not added", cannot},
-      {9, "/v/d.mp4", "d.mp4 - Damaged", "Why :-\r\nno end"},
-      {9, "/v/e.mp4", "e.mp4 - Damaged", "Why :-\r\nno head"},
-      {9, "/v/f.zip", "Archive", "f.zip - must be expanded"},
-      {9, "/v/g.avi", "g.avi - Busy", "It is open."},
-      {9, "/v/h.jpg", "Image", "no size"},
-      {9, "/v/a long name that is gone.avi", "Gone", "KVO looked for\r\na long name"},
-      {1, "/v/i.pdf", "Alone", "no clip"},
+      {"/v/a.txt", "Not added", cannot},
+      {"/v/c.mp4", "c.mp4 - Damaged", "Why :-\r\nno end"},
+      {"/v/b.txt", "Not added", cannot},
+      {"/v/d.mp4", "d.mp4 - Damaged", "Why :-\r\nno end"},
+      {"/v/e.mp4", "e.mp4 - Damaged", "Why :-\r\nno head"},
+      {"/v/f.zip", "Archive", "f.zip - must be expanded"},
+      {"/v/g.avi", "g.avi - Busy", "It is open."},
+      {"/v/h.jpg", "Image", "no size"},
+      {"/v/a long name that is gone.avi", "Gone", "KVO looked for\r\na long name"},
+      {"/v/i.pdf", "Alone", "no clip"},
   };
   test::ScriptedBoxes boxes;
   GatheredBoxes gathered(boxes);
   gathered.together([&] {
     for (const auto& row : rows) {
-      gathered.about(row.path, row.total);
+      gathered.about(row.path);
       gathered.show({row.caption, row.text});
     }
   });
   std::vector<std::string> told;
   for (const auto& box : boxes.shown) told.push_back(box.caption + "|" + box.text);
-  EXPECT_EQ(told, (Words{"Not added|a.txt\r\nb.txt\r\n" + cannot,
-                         "Damaged|Why :-\r\nc.mp4\r\nd.mp4\r\nno end\r\ne.mp4\r\nno head",
-                         "Archive|f.zip - must be expanded", "g.avi - Busy|It is open.",
-                         "Image|h.jpg\r\nno size", "Gone|KVO looked for\r\na long name", "Alone|no clip"}));
+  EXPECT_EQ(told,
+            (Words{"Not added|a.txt\r\nb.txt\r\n" + cannot,
+                   "Damaged|Why :-\r\nc.mp4\r\nd.mp4\r\nno end\r\ne.mp4\r\nno head",
+                   "Archive|f.zip - must be expanded", "g.avi - Busy|It is open.", "Image|h.jpg\r\nno size",
+                   "Gone|KVO looked for\r\na long name", "Alone|i.pdf\r\nno clip"}));
 }
 
 TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
@@ -403,6 +403,10 @@ TEST(StartUp, DroppedFilesJoinAndADroppedCollectionTakesThePlace) {
   EXPECT_EQ(b.collection.MovieList.count(), 3) << "unsaved changes come first";
   b.mailbox.takeFiles({"/c/old.Kvo"});
   EXPECT_EQ(b.names(), (Words{"o.avi"}));
+  b.files.all["/empty/notes.txt"] = "x";
+  b.mailbox.takeFiles({"/empty", "/v/n.avi"});
+  EXPECT_EQ(b.boxes.shown.back().text, "/empty\r\nThere is nothing in this folder that KVO can play.");
+  EXPECT_EQ(b.names(), (Words{"o.avi", "n.avi"}));
   b.mailbox.takeFiles({"/v/n.avi", "/prog/KVO5.INI"});
   EXPECT_EQ(b.collection.IniFullPath, "/c/old.Kvo") << "one of several is no collection to open";
   EXPECT_EQ(b.intake.asked.back(), "/prog/KVO5.INI");

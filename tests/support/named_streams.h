@@ -1,7 +1,7 @@
 // Streams told by name, and the pictures in them.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 #include "ports/picture_counts.h"
 
 #include <map>
@@ -10,7 +10,7 @@
 
 namespace kvo::test {
 
-class NamedStreams : public FrameSource {
+class NamedStreams : public MediaContents {
  public:
   std::map<std::string, StreamFacts> all;
 

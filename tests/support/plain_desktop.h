@@ -32,8 +32,6 @@ class PlainDesktop : public Desktop {
     files.push_back(path);
     return true;
   }
-  std::string awake;  // "+" for each time that the screen is to stay awake, "-" for each end of it
-  void inhibitScreenSaver(bool on) override { awake += on ? '+' : '-'; }
 };
 
 }  // namespace kvo::test

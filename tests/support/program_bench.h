@@ -107,7 +107,7 @@ struct ProgramBench : StoreBench {
   Skins skins{{dialogs, boxes, loop, pictures, log, folder}, calls, settings, window};
   StartUp startUp{parts, skins, intro, mailbox};
   ShutDown shutDown{parts, mailbox};
-  ListCommands listCommands{{files, clock, boxes}, history, list, intro, collection, window};
+  ListCommands listCommands{{files, clock, boxes}, history, list, intro, collection, window, settings};
 
   /// What the list shows, which is what the collection has.
   [[nodiscard]] std::vector<std::string> names() const {

@@ -6,6 +6,7 @@
 #include "support/fakes.h"
 #include "support/memory_folders.h"
 #include "support/memory_locks.h"
+#include "support/memory_store.h"
 #include "support/scripted_dialogs.h"
 #include "support/virtual_loop.h"
 
@@ -118,6 +119,14 @@ class NotingRenderHost : public RenderHost {
   MemoryFiles& files_;
 };
 
+class NotedWork : public LongWork {
+ public:
+  std::string notes;
+  void keepAwake(const std::string& /*why*/) override { notes += "awake "; }
+  void letSleep() override { notes += "asleep "; }
+  void tell(const std::string& /*title*/, const std::string& text) override { notes += "[" + text + "] "; }
+};
+
 /// Two clips of 4 and 8 seconds, and a system profile file.
 struct RenderBench : Bench {
   RenderBench() {
@@ -148,6 +157,8 @@ struct RenderBench : Bench {
   TimedEngine engine{loop, files};
   CreateTab create;
   double freeMegabytes = 1e6;
+  MemoryStore store;
+  NotedWork work;
   RenderState state;
   NotingRenderHost host{files};
   MovieRender render{{editing,
@@ -156,7 +167,10 @@ struct RenderBench : Bench {
                       locks,
                       {files, folders, engine, loop, "/bin/KVORender"},
                       [this](const std::string&) { return freeMegabytes; },
-                      host},
+                      host,
+                      store,
+                      work,
+                      [] { return std::string("/videos"); }},
                      state};
 };
 

@@ -15,7 +15,8 @@ class ScriptedQuestions : public TextQuestions {
   std::deque<std::string> answers;
   std::vector<std::pair<std::string, std::string>> asked;  // titles and prompts
 
-  std::optional<std::string> ask(const std::string& title, const std::string& prompt) override {
+  std::optional<std::string> ask(const std::string& title, const std::string& prompt,
+                                 const std::string& /*text*/) override {
     asked.emplace_back(title, prompt);
     if (answers.empty()) return std::nullopt;
     auto answer = answers.front();

@@ -134,9 +134,12 @@ TEST(FrmMessageBoxes, TakeALineThatIsTyped) {
     const char* typed;
     Qt::Key key;
     std::optional<std::string> answer;
+    const char* begins = "";
   } rows[] = {{" http://a/n.asx ", Qt::Key_Return, "http://a/n.asx"},
               {"http://a", Qt::Key_Escape, std::nullopt},
-              {"  ", Qt::Key_Return, std::nullopt}};
+              {"  ", Qt::Key_Return, std::nullopt},
+              {"", Qt::Key_Return, "lake at dusk", "lake at dusk"},
+              {"b", Qt::Key_Return, "b", "chosen as a whole"}};
   FrmMessageBoxes boxes;
   for (const auto& row : rows) {
     whenShown([&](MessageWindow& window) {
@@ -149,7 +152,8 @@ TEST(FrmMessageBoxes, TakeALineThatIsTyped) {
       EXPECT_EQ(window.typed(), "  ") << "nothing is no answer";
       QTest::keyClick(field, Qt::Key_Escape);
     });
-    EXPECT_EQ(boxes.ask("Add Web page to Collection", "Enter the URL          "), row.answer) << row.typed;
+    EXPECT_EQ(boxes.ask("Add Web page to Collection", "Enter the URL          ", row.begins), row.answer)
+        << row.typed;
   }
 }
 

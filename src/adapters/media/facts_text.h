@@ -1,7 +1,7 @@
 // What is known of media files as text, a line each, so that a later run need not open them for it.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstdint>
 #include <optional>

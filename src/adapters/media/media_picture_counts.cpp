@@ -5,7 +5,7 @@
 
 namespace kvo {
 
-MediaPictureCounts::MediaPictureCounts(EventLoop& loop, FrameSource& facts)
+MediaPictureCounts::MediaPictureCounts(EventLoop& loop, MediaContents& facts)
     : facts_(facts),
       count_(
           loop, [this](const Wish& wish) { return unevenBegins(wish); },

@@ -1,8 +1,8 @@
 // When the pictures of a file begin that come as they like, by FFmpeg on a thread of its own.
 #pragma once
 
-#include "ports/frame_source.h"
 #include "ports/last_wish.h"
+#include "ports/media_contents.h"
 #include "ports/picture_counts.h"
 
 #include <atomic>
@@ -12,7 +12,7 @@ namespace kvo {
 class MediaPictureCounts : public PictureCounts {
  public:
   /// `facts` tells which files have a constant rate. Both outlive the object.
-  MediaPictureCounts(EventLoop& loop, FrameSource& facts);
+  MediaPictureCounts(EventLoop& loop, MediaContents& facts);
   ~MediaPictureCounts() override { ++wishes_; }
 
   void whenCounted(std::function<void(const std::string&, std::vector<double>)> heard) override {
@@ -27,7 +27,7 @@ class MediaPictureCounts : public PictureCounts {
   };
   std::vector<double> unevenBegins(const Wish& wish);
 
-  FrameSource& facts_;
+  MediaContents& facts_;
   std::function<void(const std::string&, std::vector<double>)> heard_;
   std::atomic<int> wishes_{0};  // a count that is not the last wish's ends
   LastWish<Wish, std::vector<double>> count_;

@@ -1,7 +1,7 @@
 // How loud the sound of a file is, by FFmpeg.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 #include "ports/sound_peaks.h"
 
 namespace kvo {
@@ -9,13 +9,13 @@ namespace kvo {
 class MediaSoundPeaks : public SoundPeaks {
  public:
   /// `facts`, which tells how long a file is, outlives the object.
-  explicit MediaSoundPeaks(FrameSource& facts) : facts_(facts) {}
+  explicit MediaSoundPeaks(MediaContents& facts) : facts_(facts) {}
 
   Result<std::vector<std::uint8_t>> peaks(const std::string& path, int perSecond,
                                           const std::function<void()>& alive) override;
 
  private:
-  FrameSource& facts_;
+  MediaContents& facts_;
 };
 
 }  // namespace kvo

@@ -7,7 +7,7 @@
 #include "adapters/mpv/mpv_seeks.h"
 #include "ports/control_engine.h"
 #include "ports/event_loop.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <chrono>
 #include <functional>
@@ -40,7 +40,7 @@ class MpvFile {
  public:
   struct House {
     EventLoop& loop;
-    FrameSource& facts;  ///< asked for the rate of files that are sought in
+    MediaContents& facts;  ///< asked for the rate of files that are sought in
     MpvLimits limits;
     std::function<void(MpvFile&)> pictureDue;  ///< a picture of this file is to be drawn or passed over
     std::function<void(MpvFile&)> opened;      ///< there is one now

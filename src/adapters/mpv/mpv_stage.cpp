@@ -12,7 +12,7 @@ constexpr std::size_t kMostAtRest = 2;
 
 }  // namespace
 
-MpvStage::MpvStage(EventLoop& loop, FrameSource& facts, const MpvLimits& limits)
+MpvStage::MpvStage(EventLoop& loop, MediaContents& facts, const MpvLimits& limits)
     : loop_(loop), facts_(facts), limits_(limits) {
   std::setlocale(LC_NUMERIC, "C");
 }

@@ -15,7 +15,7 @@ class MpvStage {
  public:
   /// Both outlive the stage, and the stage all that is made on it. From here on LC_NUMERIC is "C" for the
   /// whole process, as cores ask for: a stage is made ahead of the first thread that reads numbers.
-  MpvStage(EventLoop& loop, FrameSource& facts, const MpvLimits& limits = {});
+  MpvStage(EventLoop& loop, MediaContents& facts, const MpvLimits& limits = {});
   ~MpvStage();
 
   [[nodiscard]] VideoOutput& output() { return output_; }
@@ -32,7 +32,7 @@ class MpvStage {
   std::unique_ptr<MpvFile> atRest();
 
   EventLoop& loop_;
-  FrameSource& facts_;
+  MediaContents& facts_;
   MpvLimits limits_;
   MpvVideoOutput output_;
   std::vector<std::unique_ptr<MpvFile>> resting_;

@@ -1,7 +1,6 @@
 // The desktop by Qt.
 #pragma once
 
-#include "adapters/dbus/screen_saver.h"
 #include "ports/desktop.h"
 
 namespace kvo {
@@ -14,10 +13,6 @@ class QtDesktop : public Desktop {
   [[nodiscard]] std::string videosFolder() const override;
   bool openPage(const std::string& address) override;
   bool openFile(const std::string& path) override;
-  void inhibitScreenSaver(bool on) override { screenSaver_.inhibit(on); }
-
- private:
-  ScreenSaver screenSaver_;
 };
 
 }  // namespace kvo

@@ -2,7 +2,7 @@
 // between sound and picture, and only where the name leaves that open.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <span>
 #include <string_view>

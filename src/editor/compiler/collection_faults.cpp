@@ -28,7 +28,7 @@ std::string_view whyInNoMovie(const Movie& clip) {
 
 class Faults {
  public:
-  Faults(const Compiled& compiled, FrameSource& streams, const Files& files, const ReadReport& report)
+  Faults(const Compiled& compiled, MediaContents& streams, const Files& files, const ReadReport& report)
       : compiled_(compiled), streams_(streams), files_(files) {
     const auto& clips = compiled.clips;
     readFaults(report);
@@ -156,14 +156,14 @@ class Faults {
   }
 
   const Compiled& compiled_;
-  FrameSource& streams_;
+  MediaContents& streams_;
   const Files& files_;
   int number_ = 0;
 };
 
 }  // namespace
 
-std::vector<CollectionFault> collectionFaults(const Compiled& compiled, FrameSource& streams,
+std::vector<CollectionFault> collectionFaults(const Compiled& compiled, MediaContents& streams,
                                               const Files& files, const ReadReport& report) {
   return Faults(compiled, streams, files, report).all;
 }

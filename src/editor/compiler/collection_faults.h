@@ -19,7 +19,7 @@ struct CollectionFault {
 
 /// All faults of a compiled collection, in the order of its clips, those of the whole ahead of them. `report`
 /// tells of its reading.
-std::vector<CollectionFault> collectionFaults(const Compiled& compiled, FrameSource& streams,
+std::vector<CollectionFault> collectionFaults(const Compiled& compiled, MediaContents& streams,
                                               const Files& files, const ReadReport& report = {});
 
 }  // namespace kvo

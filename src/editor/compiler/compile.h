@@ -14,7 +14,7 @@ namespace kvo {
 
 /// What a compile asks of the world; all of it outlives the compile.
 struct CompileFacts {
-  FrameSource& streams;
+  MediaContents& streams;
   const EffectsTable& effects;
 };
 

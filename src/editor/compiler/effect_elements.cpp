@@ -98,22 +98,21 @@ std::string paletteElement(const EffectSources& from, const TimelineClip& clip, 
   return withParams(effect_ids::kPalette, span, params);
 }
 
+// Keyframes of other effects leave the blur its radius.
 std::string blurParams(const EffectSources& from, const TimelineClip& clip) {
-  if (!clip.HasKeyFrames) return tag::param("PixelRadius", fieldText(clip.record->BlurInt()));
-  return WriteKeyframesToTimeLine(from.keyframes, clip, "PixelRadius", kBlurEffect, from.options.movieRate);
+  auto moving =
+      WriteKeyframesToTimeLine(from.keyframes, clip, "PixelRadius", kBlurEffect, from.options.movieRate);
+  return moving.empty() ? tag::param("PixelRadius", fieldText(clip.record->BlurInt())) : moving;
 }
 
 std::string motionBlurParams(const EffectSources& from, const TimelineClip& clip) {
-  const auto& own = from.keyframes.of(clip.record->KeyID(), kMotionBlurEffect);
-  if (own.empty() || own.front()->FrameNo != 0) {
-    return tag::param("Strength", fieldText(clip.record->MBlurStrength())) +
-           tag::param("Direction", fieldText(clip.record->MBlurDirection())) + tag::param("Add", "true");
-  }
   std::string params;
   for (const auto* name : {"Strength", "Direction", "Add"}) {
     params += WriteKeyframesToTimeLine(from.keyframes, clip, name, kMotionBlurEffect, from.options.movieRate);
   }
-  return params;
+  if (!params.empty()) return params;
+  return tag::param("Strength", fieldText(clip.record->MBlurStrength())) +
+         tag::param("Direction", fieldText(clip.record->MBlurDirection())) + tag::param("Add", "true");
 }
 
 // Levels rise at half the slope outside of 0 to 128.

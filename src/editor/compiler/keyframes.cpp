@@ -5,6 +5,7 @@
 #include "editor/compiler/durations.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <set>
@@ -13,6 +14,10 @@ namespace kvo {
 namespace {
 
 constexpr std::size_t kValueWidth = 30;  // characters of a value that are written, its last ones
+constexpr double kSameTime = 0.000005;   // seconds: half of the last digit that is written of them
+constexpr double kSmallestStep = 0.001;  // of a value between two keyframes
+constexpr int kWholeBlur = 100;
+constexpr int kWholeMotion = 50;
 
 int controlNumber(std::string_view name) {
   constexpr std::string_view kControl = "Control";
@@ -42,7 +47,7 @@ std::string movingValue(const Keyframe& k, std::string_view name, int effectNo) 
 }
 
 // The value of the last frame decides where a level begins.
-double initialLevel(const std::vector<const Keyframe*>& keyframes) {
+double initialLevel(std::span<const Keyframe* const> keyframes) {
   const Keyframe* last = nullptr;
   for (const auto* k : keyframes) {
     if (last == nullptr || k->FrameNo >= last->FrameNo) last = k;
@@ -50,12 +55,32 @@ double initialLevel(const std::vector<const Keyframe*>& keyframes) {
   return last == nullptr ? 0 : last->Param[0].number();
 }
 
-std::string startValue(const std::vector<const Keyframe*>& all, const Keyframe& first, std::string_view name,
-                       int effectNo) {
-  if (effectNo == kBlurEffect) return initialLevel(all) > 0 ? "100" : "0";
-  if (effectNo == kMotionBlurEffect) return name == "Strength" && initialLevel(all) > 0 ? "50" : "0";
-  if (name == "Transparency" && all.size() > 1) return first.Transparency > 50 ? "100" : "0";
-  return shortNumber(ToNumber(movingValue(first, name, effectNo)));
+// Numbers go from one keyframe to the next in a straight line. Flags and texts stay.
+Value between(const Value& a, const Value& b, double share) {
+  const auto from = a.wholeNumber();
+  const auto to = b.wholeNumber();
+  if (!from || !to) return a;
+  return std::round((*from + (*to - *from) * share) / kSmallestStep) * kSmallestStep;
+}
+
+Keyframe between(Keyframe a, const Keyframe& b, double share) {
+  const std::size_t moving = a.EffectNo == kMotionBlurEffect ? 2 : a.Param.size();
+  for (std::size_t i = 0; i < moving; ++i) a.Param[i] = between(a.Param[i], b.Param[i], share);
+  a.Transparency =
+      static_cast<Single>(between(decimal(a.Transparency), decimal(b.Transparency), share).number());
+  return a;
+}
+
+Keyframe beginning(std::span<const Keyframe* const> all, Keyframe first) {
+  const bool rises = initialLevel(all) > 0;
+  if (first.EffectNo == kBlurEffect) {
+    first.Param[0] = rises ? kWholeBlur : 0;
+  } else if (first.EffectNo == kMotionBlurEffect) {
+    first.Param[0] = rises ? kWholeMotion : 0;
+  } else if (all.size() > 1) {
+    first.Transparency = first.Transparency > 50 ? 100.0F : 0.0F;
+  }
+  return first;
 }
 
 }  // namespace
@@ -77,7 +102,7 @@ KeyframeIndex::KeyframeIndex(const Collection& collection) {
     if (!clips.contains(k.ClipName)) continue;  // its clip is gone
     // Sorted as text: the frame with its leading zeros, then the place in the list.
     entries[{k.ClipName, k.EffectNo}].push_back(
-        {FormatMask(k.FrameNo, "0######") + " " + std::to_string(++place), &k});
+        {FormatMask(isBase(k) ? 0 : k.FrameNo, "0######") + " " + std::to_string(++place), &k});
   }
   for (auto& [owner, unsorted] : entries) {
     std::sort(unsorted.begin(), unsorted.end(), [](const Entry& a, const Entry& b) { return a.key < b.key; });
@@ -92,33 +117,69 @@ const std::vector<const Keyframe*>& KeyframeIndex::of(Long keyId, int effectNo) 
   return found == sorted_.end() ? kNone : found->second;
 }
 
-bool KeyframeIndex::has(Long keyId) const {
-  const auto found = sorted_.lower_bound({keyId, std::numeric_limits<int>::min()});
-  return found != sorted_.end() && found->first.first == keyId;
+std::vector<int> KeyframeIndex::effectsOf(Long keyId) const {
+  std::vector<int> effects;
+  for (auto at = sorted_.lower_bound({keyId, std::numeric_limits<int>::min()});
+       at != sorted_.end() && at->first.first == keyId; ++at)
+    effects.push_back(at->first.second);
+  return effects;
+}
+
+bool KeyframeIndex::has(Long keyId) const { return !effectsOf(keyId).empty(); }
+
+KeyframeSpan keyframeSpan(const Movie& clip, Single movieRate) {
+  if (clip.IsStill()) return {0, clip.LoopEndFrames()};
+  return {clip.LoopStart().number(), framesOf(clip.LoopEnd().number(), movieRate)};
+}
+
+Keyframe valuesAt(std::span<const Keyframe* const> all, const KeyframeSpan& span, double seconds) {
+  const Keyframe* first = nullptr;
+  const Keyframe* ahead = nullptr;
+  const Keyframe* behind = nullptr;
+  for (const auto* k : all) {
+    if (!span.reaches(*k)) continue;
+    if (first == nullptr) first = k;
+    if (isBase(*k)) continue;
+    const double time = k->Time.number();
+    if (time < seconds + kSameTime) {
+      if (ahead == nullptr || time >= ahead->Time.number()) ahead = k;
+    } else if (behind == nullptr || time < behind->Time.number()) {
+      behind = k;
+    }
+  }
+  auto values = ahead != nullptr ? *ahead : beginning(all, *first);
+  const double from = ahead != nullptr ? ahead->Time.number() : span.markIn;
+  if (behind != nullptr)
+    values = between(values, *behind, std::max(0.0, seconds - from) / (behind->Time.number() - from));
+  values.Time = Value(seconds);
+  values.FC = first->FC;
+  values.BC = first->BC;
+  values.EC = first->EC;
+  values.TextureFile = first->TextureFile;
+  return values;
 }
 
 std::string WriteKeyframesToTimeLine(const KeyframeIndex& index, const TimelineClip& clip,
                                      std::string_view paramName, int effectNo, Single movieRate) {
   const auto& record = *clip.record;
   const auto& all = index.of(record.KeyID(), effectNo);
-  const auto last = record.IsStill() ? record.LoopEndFrames() : framesOf(clip.LoopEnd.number(), movieRate);
+  auto span = keyframeSpan(record, movieRate);
+  if (!record.IsStill()) span = {clip.LoopStart.number(), framesOf(clip.LoopEnd.number(), movieRate)};
+  const auto first = std::ranges::find_if(all, [&](const auto* k) { return span.reaches(*k); });
+  if (first == all.end()) return {};
   const auto name = effectNo == kBlurEffect ? std::string_view("PixelRadius") : paramName;
+  if (const auto fixed = fixedValue(**first, name))
+    return tag::openParam(name, *fixed) + std::string(tag::kEndParam);
 
-  std::string text;
   std::vector<std::pair<std::string, std::string>> keys;  // time and value
   for (const auto* k : all) {
-    if (k->FrameNo > last) continue;
-    const bool isFirst = text.empty();
-    if (isFirst) {
-      if (const auto fixed = fixedValue(*k, name))
-        return tag::openParam(name, *fixed) + std::string(tag::kEndParam);
-      text = tag::openParam(name, startValue(all, *k, name, effectNo));
-    }
-    if (isFirst && k->FrameNo < record.LoopStartFrames()) continue;
-    keys.emplace_back(keyTimeText(k->Time.number() / speedOf(clip)), movingValue(*k, name, effectNo));
+    const double time = k->Time.number() - span.markIn;
+    if (time < kSameTime || !span.reaches(*k)) continue;
+    keys.emplace_back(keyTimeText(time / speedOf(clip)), movingValue(*k, name, effectNo));
   }
-  if (text.empty()) return text;
   std::sort(keys.begin(), keys.end());
+  const auto begins = movingValue(valuesAt(all, span, span.markIn), name, effectNo);
+  auto text = tag::openParam(name, name == "Add" ? begins : shortNumber(ToNumber(begins)));
   for (const auto& [time, value] : keys) {
     const auto shown = std::string_view(value).substr(value.size() - std::min(kValueWidth, value.size()));
     if (time != keyTimeText(0)) text += tag::keyframe(time, trimmed(shown));

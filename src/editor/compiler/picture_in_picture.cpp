@@ -10,11 +10,13 @@
 #include "vocabulary/transitions.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
 
 constexpr std::size_t kDigits = 21;
+constexpr std::size_t kMostDigits = 23;  // as many as the number of the last clip of a collection needs
 constexpr int kPreviewWidth = 170;
 constexpr int kPreviewHeight = 70;
 constexpr double kEffectPastEnd = 2;  // seconds
@@ -163,33 +165,53 @@ void AddPictureInPicture(const EffectSources& from, TimelineClips& clips, int ba
       placing(overlayBox(look->position, width, height), height / part, width / part, output, stop + 1);
 }
 
-std::string boxCaption(std::string_view name, const Movie& clip) {
-  return std::string(name) + shortNumber(decimal(clip.AudioOutputLevel()) * 100) + "% )";
+// By a copy, as reading it takes RenderAudio away from a record whose file is still to be looked into.
+AudioBox audioBox(std::string_view name, Movie clip) {
+  if (!clip.HasAudio()) return {"Clip has no Audio", false};
+  return {std::string(name) + shortNumber(decimal(clip.AudioOutputLevel()) * 100) + "% )", true};
 }
 
 }  // namespace
 
 std::string picInPicText(const PicInPic& look) {
   if (look.overlayClip == 0) return {};
-  return digits(look.overlayClip, 3) + std::to_string(static_cast<int>(look.style)) +
+  return FormatMask(look.overlayClip, "000") + std::to_string(static_cast<int>(look.style)) +
          digits(look.position, 2) + digits(look.maxOpacity, 3) + digits(look.fadeIn, 5) +
          digits(look.fadeOut, 5) + "0" + (look.trimToBackdrop ? "1" : "0");
 }
 
 std::optional<PicInPic> readPicInPic(std::string_view text) {
-  if (text.size() != kDigits || text.find_first_not_of("0123456789") != std::string_view::npos)
+  if (text.size() < kDigits || text.size() > kMostDigits ||
+      text.find_first_not_of("0123456789") != std::string_view::npos)
     return std::nullopt;
   const auto number = [&](std::size_t at, std::size_t count) {
     return static_cast<int>(ToNumber(text.substr(at, count)));
   };
-  PicInPic look{number(0, 3),   static_cast<OverlayStyle>(number(3, 1)),
-                number(4, 2),   number(6, 3),
-                number(9, 5),   number(14, 5),
-                text[20] == '1'};
+  const auto clipDigits = text.size() - kDigits + 3;
+  const int clip = number(0, clipDigits);
+  text.remove_prefix(clipDigits);
+  PicInPic look{clip,
+                static_cast<OverlayStyle>(number(0, 1)),
+                number(1, 2),
+                number(3, 3),
+                number(6, 5),
+                number(11, 5),
+                text.back() == '1'};
   const bool known = look.style == OverlayStyle::Uniform || look.style == OverlayStyle::Radial ||
                      look.style == OverlayStyle::Rectangular;
   if (!known || look.overlayClip < 1 || look.position < 1 || look.position > 15) return std::nullopt;
   return look;
+}
+
+void followOverlays(const RecordList<Movie>& clips, const std::function<int(int)>& numberNow,
+                    const std::function<void(int, std::string)>& changes) {
+  for (int i = 1; i <= clips.count(); ++i) {
+    if (clips[i].HasPicInPic().empty()) continue;
+    auto look = readPicInPic(clips[i].HasPicInPic());
+    if (!look) continue;
+    const int now = numberNow(look->overlayClip);
+    if (std::exchange(look->overlayClip, now) != now) changes(i, picInPicText(*look));
+  }
 }
 
 std::span<const std::string_view> overlayPositionNames() { return kPositions; }
@@ -264,13 +286,11 @@ SampleDocument picInPicSample(const Collection& collection, int backdropNo, Comp
 }
 
 AudioBox overlayAudioBox(const Movie& clip) {
-  if (!clip.HasAudio()) return {"Clip has no Audio", false};
-  return {boxCaption("Add Audio from Overlay Clip - ( Level = ", clip), true};
+  return audioBox("Add Audio from Overlay Clip - ( Level = ", clip);
 }
 
 AudioBox backdropAudioBox(const Movie& clip) {
-  if (!clip.HasAudio()) return {"Clip has no Audio", false};
-  return {boxCaption("Add Audio from Backdrop Clip - ( Level = ", clip), true};
+  return audioBox("Add Audio from Backdrop Clip - ( Level = ", clip);
 }
 
 }  // namespace kvo

@@ -1,10 +1,12 @@
 // Picture-in-picture: one clip laid over another in a document of its own, apart from the collection's
-// timeline. The backdrop's record holds the overlay and its look in 21 digits.
+// timeline. The backdrop's record holds the overlay and its look in 21 digits, and in more for a clip above
+// 999.
 #pragma once
 
 #include "editor/compiler/sample_documents.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -25,11 +27,18 @@ struct PicInPic {
   bool trimToBackdrop = false;
 };
 
-/// The 21 digits, each number held to its width; empty for an overlay clip 0.
+/// The digits, each number but that of the clip held to its width; empty for an overlay clip 0.
 std::string picInPicText(const PicInPic& look);
 
-/// Takes the digits apart; nothing when they are not 21, or name a style or a position that there is not.
+/// Takes the digits apart; nothing when they are too few or too many, or name a style or a position that
+/// there is not.
 std::optional<PicInPic> readPicInPic(std::string_view text);
+
+/// Brings what the records of all clips say of their overlays in line with a list in which clips have moved:
+/// `numberNow` tells the number of what was clip n, 0 where it has gone. `changes` hears of each record that
+/// is to have another text.
+void followOverlays(const RecordList<Movie>& clips, const std::function<int(int)>& numberNow,
+                    const std::function<void(int number, std::string text)>& changes);
 
 /// The names of the 15 positions, in order.
 std::span<const std::string_view> overlayPositionNames();

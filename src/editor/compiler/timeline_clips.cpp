@@ -9,12 +9,13 @@
 namespace kvo {
 namespace {
 
-void lookInto(TimelineClip& clip, FrameSource& streams) {
+void lookInto(TimelineClip& clip, MediaContents& streams) {
   const auto& name = clip.record->MovieName();
   const auto* kind = mediaKind(name);
   const auto facts = streams.facts(clipFile(*clip.record));
   clip.hasPicture = facts && facts->hasVideo;
   clip.hasSound = facts && facts->hasAudio;
+  clip.isRead = facts && (!facts->hasVideo || facts->width > 0);  // what is presumed tells no size
   clip.isSound = mediaClass(name, facts ? &*facts : nullptr) == MediaClass::Sound;
   clip.isMusic = clip.isSound && (kind == nullptr || kind->canBeInMovie);
 }
@@ -37,8 +38,10 @@ void correct(Movie& record, const TimelineClip& clip) {
   if (record.LoopEnd() != clip.LoopEnd) record.LoopEnd(clip.LoopEnd);
   record.DurationTime(clip.DurationTime);
   if (record.TransType() != clip.TransType) record.TransType(clip.TransType);
-  if (clip.HasAudio) record.HasAudio(*clip.HasAudio);
-  record.RenderAudio(clip.RenderAudio);
+  if (clip.isRead || record.IsStill()) {  // a sound that is away for a while comes back
+    if (clip.HasAudio) record.HasAudio(*clip.HasAudio);
+    record.RenderAudio(clip.RenderAudio);
+  }
   record.HasAudioFade(clip.HasAudioFade);
   record.HasKeyFrames(clip.HasKeyFrames);
   if (!clip.placed) return;
@@ -68,7 +71,8 @@ TimelineClips::TimelineClips(const Collection& collection) {
   }
 }
 
-TimelineClips::TimelineClips(const Collection& collection, FrameSource& streams) : TimelineClips(collection) {
+TimelineClips::TimelineClips(const Collection& collection, MediaContents& streams)
+    : TimelineClips(collection) {
   for (auto& clip : clips_) lookInto(clip, streams);
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/records/collection.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <optional>
 #include <string>
@@ -26,6 +26,7 @@ struct TimelineClip {
   bool isMusic = false;           ///< the same, of a kind that can be laid under a movie
   bool hasPicture = false;        ///< a stream of the file
   bool hasSound = false;
+  bool isRead = false;  ///< its file has been: what it has is no presumption, and the file is there
 
   Value LoopStart;
   Value LoopEnd;
@@ -49,7 +50,7 @@ class TimelineClips {
   /// As the records have them; kinds and streams are not known.
   explicit TimelineClips(const Collection& collection);
   /// With what the files hold, each looked into once.
-  TimelineClips(const Collection& collection, FrameSource& streams);
+  TimelineClips(const Collection& collection, MediaContents& streams);
 
   [[nodiscard]] int count() const { return static_cast<int>(clips_.size()); }
   TimelineClip& operator[](int number) { return clips_[static_cast<std::size_t>(number - 1)]; }

@@ -1,12 +1,14 @@
 #include "editor/desk/clip_stats.h"
 
 #include "base/text.h"
+#include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_word.h"
 #include "editor/desk/snapshot.h"
 #include "editor/tabs/audio_tab.h"
 #include "editor/tabs/preview.h"
+#include "program/clip_texts.h"
 
 #include <cmath>
 
@@ -20,6 +22,18 @@ constexpr double kPercent = 100;
 std::string rateText(const Movie& clip) {
   const double seconds = clip.DurationTime().number();
   return FormatMask(seconds > 0 ? clip.DurationFrames().number() / seconds : 0, "0.00") + " fps";
+}
+
+std::string soundText(const Editing& e, const Movie& clip) {
+  const auto facts = e.streams.facts(clipFile(clip));
+  std::string text;
+  for (const auto& chip : chipsOf(clip, facts ? &*facts : nullptr)) text += (text.empty() ? "" : ", ") + chip;
+  return text.empty() ? kNotApplicable : text;
+}
+
+std::string sectionText(const Movie& clip) {
+  return FormatMask(clip.LoopStart().number(), "0.00") + " to " +
+         FormatMask(clip.LoopEnd().number(), "0.00") + " (s)";
 }
 
 std::string transitionText(const Movie& clip) {
@@ -42,14 +56,16 @@ ClipStats clipStats(const Editing& e, int clipNo, bool previewing) {
   const auto number = std::to_string(clipNo);
   stats.lbl_ClipStats = previewing ? "Previewing - Cut " + number : "Cut " + number + " Details";
   stats.clipName = listedName(*clip);
-  stats.Lbl_FrameDets =
-      still ? std::string(kNotApplicable)
-            : std::to_string(clip->LoopStartFrames()) + " to " + std::to_string(clip->LoopEndFrames());
+  stats.isSound = isSoundByName(clip->MovieName());
+  stats.Lbl_FrameDets = still           ? std::string(kNotApplicable)
+                        : stats.isSound ? sectionText(*clip)
+                                        : std::to_string(clip->LoopStartFrames()) + " to " +
+                                              std::to_string(clip->LoopEndFrames());
   stats.Lbl_Durdets = FormatMask(timelineLength(*clip), "0.000") + " (s)";
   stats.Lbl_Timelinedets = FormatMask(clip->TimeLineStart().number(), "0.00") + " - " +
                            FormatMask(clip->TimeLineStop().number(), "0.00") + (still ? " (s)" : " (s) ");
   stats.Lbl_Speeddets = still ? kNotApplicable : ShortText(decimal(clip->Playspeed()) / kTenths) + "x Speed";
-  stats.Lbl_Framratedets = still ? kNotApplicable : rateText(*clip);
+  stats.Lbl_Framratedets = still ? kNotApplicable : stats.isSound ? soundText(e, *clip) : rateText(*clip);
   stats.Lbl_Transdets = transitionText(*clip);
   stats.Lbl_EffectDets = EffectWord(clip->EffectWord()).any() ? "Effects applied" : "No Effects";
   stats.Lbl_AudioDets =

@@ -61,8 +61,8 @@ struct MainWindowDoors {
   std::function<void()> mnu_SectionName_Click{};        ///< asks for the clip's name in the list
   /// Adds a file to the collection, ahead of a clip, or at the end with 0.
   std::function<void(const std::string&, int before)> AddMoviesm{};
-  std::function<void()> mnu_SaveShow_Click{};  ///< saves the collection under a name that it asks for
-  std::function<void()> saveAgain{};           ///< saves it into its own file
+  std::function<bool()> mnu_SaveShow_Click{};  ///< saves the collection under a name that it asks for
+  std::function<bool()> saveAgain{};           ///< saves it into its own file
   std::function<void()> empty{};               ///< it has no clip any more
   std::function<void()> parkPlayer{};  ///< timers stand, the player is out of sight, the positioner closed
   std::function<void(bool)> FrmFileOpenToolsOnOff{};  ///< its tools can be used, or only show

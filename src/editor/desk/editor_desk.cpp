@@ -62,10 +62,24 @@ void EditorDesk::watchChanges(bool on) {
 }
 
 void EditorDesk::FrmFileOpenToolsOnOff(bool on) {
-  parts_.state.frame.toolsOn = on;
-  parts_.state.frame.toolsOffBecause = on ? "" : translated("Stop the preview first");
-  ShowClipStats();
+  toolsOn_ = on;
+  showTools();
   doors_.FrmFileOpenToolsOnOff(on);
+}
+
+void EditorDesk::toolsOffFor(const std::string& because) {
+  if (offBecause_ == because) return;
+  offBecause_ = because;
+  showTools();
+}
+
+void EditorDesk::showTools() {
+  auto& frame = parts_.state.frame;
+  frame.toolsOn = toolsOn_ && offBecause_.empty();
+  frame.toolsOffBecause = frame.toolsOn         ? ""
+                          : offBecause_.empty() ? translated("Stop the preview first")
+                                                : offBecause_;
+  ShowClipStats();
 }
 
 void EditorDesk::restoreCaption() {
@@ -264,12 +278,13 @@ void EditorDesk::moveLevel(int tenths) {
   buildClipSliders();
 }
 
-void EditorDesk::saveProject() {
-  if (!parts_.editing.clips().empty()) doors_.mnu_SaveShow_Click();
-}
+std::string EditorDesk::saveProject() { return saved(doors_.mnu_SaveShow_Click); }
+std::string EditorDesk::saveAgain() { return saved(doors_.saveAgain); }
 
-void EditorDesk::saveAgain() {
-  if (!parts_.editing.clips().empty()) doors_.saveAgain();
+std::string EditorDesk::saved(const std::function<bool()>& save) const {
+  const auto& collection = parts_.editing.collection;
+  if (collection.MovieList.empty() || !save()) return {};
+  return translated("Saved as %1", {collection.IniName});
 }
 
 void EditorDesk::Cmd_Help() const {

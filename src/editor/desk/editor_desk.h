@@ -77,8 +77,11 @@ class EditorDesk : public PreviewHost {
   /// Sld_AudioOut, in tenths of full level.
   void moveLevel(int tenths);
   /// KVOBut_SaveProject, which asks for a name, and Ctrl+S, which does so only where there is no file yet.
-  void saveProject();
-  void saveAgain();
+  /// They give what is said of it, composed; empty where nothing was saved.
+  std::string saveProject();
+  std::string saveAgain();
+  /// Tools are off for a reason, composed, that has nothing to do with the preview; empty for none any more.
+  void toolsOffFor(const std::string& because);
   /// Cmd_Help: how a movie is made.
   void Cmd_Help() const;
 
@@ -112,6 +115,7 @@ class EditorDesk : public PreviewHost {
   };
 
   void showCaption();
+  void showTools();
   void finishOpening();
   void fileEffects();
   void begin();
@@ -126,6 +130,7 @@ class EditorDesk : public PreviewHost {
   void takeSounds();
   void retime();
   void followTab(Integer code);
+  [[nodiscard]] std::string saved(const std::function<bool()>& save) const;
   void takeSnapshot();
   void keepSnapshot(const Snapshot& wish, const Result<FramePicture>& picture);
   [[nodiscard]] Result<FramePicture> frameOf(const Snapshot& wish) const;
@@ -145,6 +150,8 @@ class EditorDesk : public PreviewHost {
   LastWish<Snapshot, Result<FramePicture>> snapshots_;
   std::string filedEffects_;  // the effects table as its file has it; empty until it is read, once a run
   bool opening_ = false;
+  bool toolsOn_ = true;      // as far as the preview goes
+  std::string offBecause_;   // of all else; empty for none
   bool lacksVideo_ = false;  // and it is still to be told
   bool editing_ = false;     // inside an edit
   bool held_ = false;        // by the user, a key or the mouse

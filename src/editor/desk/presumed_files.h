@@ -2,7 +2,7 @@
 // taken from the name, so nothing that asks waits for it either.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <mutex>
 #include <set>
@@ -10,10 +10,10 @@
 
 namespace kvo {
 
-class PresumedFiles : public FrameSource {
+class PresumedFiles : public MediaContents {
  public:
   /// `files` outlives the object.
-  explicit PresumedFiles(FrameSource& files) : files_(files) {}
+  explicit PresumedFiles(MediaContents& files) : files_(files) {}
 
   /// From any thread, as all of it. A file that was passed over has a picture or sound by its name, and no
   /// sound beside a picture; sizes, rates and lengths are not known.
@@ -28,7 +28,7 @@ class PresumedFiles : public FrameSource {
   [[nodiscard]] bool isPassedOver(const std::string& path);
 
  private:
-  FrameSource& files_;
+  MediaContents& files_;
   std::mutex mutex_;
   std::set<std::string> passedOver_;
 };

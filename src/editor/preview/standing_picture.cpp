@@ -12,7 +12,7 @@ constexpr int kStandingHeight = 360;
 
 }  // namespace
 
-StandingPicture::StandingPicture(PreviewState& state, FrameSource& streams, EventLoop& loop,
+StandingPicture::StandingPicture(PreviewState& state, MediaContents& streams, EventLoop& loop,
                                  std::function<void()> draw)
     : state_(state),
       draw_(std::move(draw)),

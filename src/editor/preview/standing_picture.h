@@ -4,8 +4,8 @@
 
 #include "core/records/collection.h"
 #include "editor/preview/preview_state.h"
-#include "ports/frame_source.h"
 #include "ports/last_wish.h"
+#include "ports/media_contents.h"
 
 #include <functional>
 #include <memory>
@@ -17,7 +17,7 @@ namespace kvo {
 class StandingPicture {
  public:
   /// All of it outlives the object. `draw` hears of another picture.
-  StandingPicture(PreviewState& state, FrameSource& streams, EventLoop& loop, std::function<void()> draw);
+  StandingPicture(PreviewState& state, MediaContents& streams, EventLoop& loop, std::function<void()> draw);
 
   /// What a file has at `seconds`, while a mark is dragged there; then what was shown before.
   void showMark(const std::string& file, double seconds);

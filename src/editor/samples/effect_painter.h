@@ -3,7 +3,7 @@
 
 #include "base/result.h"
 #include "editor/compiler/effects_table.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <functional>
 #include <string_view>

@@ -12,7 +12,7 @@ constexpr std::size_t kMostWaiting = 640;  // older ones are asked for again whe
 
 }  // namespace
 
-EngineSamples::EngineSamples(SampleArt art, FrameSource& streams, std::function<void()> come)
+EngineSamples::EngineSamples(SampleArt art, MediaContents& streams, std::function<void()> come)
     : art_(std::move(art)),
       streams_(streams),
       come_(std::move(come)),

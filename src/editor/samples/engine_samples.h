@@ -22,7 +22,7 @@ class EngineSamples final : public MovingSamples {
  public:
   /// `come` is called on the samples' own thread behind each picture. What the art asks and `streams` outlive
   /// the object; the collection is read while a picture is asked for.
-  EngineSamples(SampleArt art, FrameSource& streams, std::function<void()> come);
+  EngineSamples(SampleArt art, MediaContents& streams, std::function<void()> come);
   ~EngineSamples() override;
 
   Picture picture(std::string_view name, int step) override;
@@ -41,7 +41,7 @@ class EngineSamples final : public MovingSamples {
   const FramePicture& ground(std::size_t index);
 
   SampleArt art_;
-  FrameSource& streams_;
+  MediaContents& streams_;
   std::function<void()> come_;
   std::atomic<int> revision_ = 0;
 

@@ -4,7 +4,7 @@
 #include "base/result.h"
 #include "core/records/collection.h"
 #include "editor/compiler/effects_table.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstddef>
 #include <functional>

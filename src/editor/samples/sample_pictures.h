@@ -2,7 +2,7 @@
 #pragma once
 
 #include "media/picture.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstdint>
 

@@ -14,7 +14,7 @@ constexpr double kSampleLength = 2;  // seconds of the transition
 constexpr double kMargin = 0.125;    // seconds by which a document ends it earlier
 
 // Says of both clips that they have a picture; no file is read for the document.
-class OnlyPictures final : public FrameSource {
+class OnlyPictures final : public MediaContents {
  public:
   Result<StreamFacts> facts(const std::string& /*path*/) override {
     return StreamFacts{.hasVideo = true,

@@ -9,7 +9,7 @@
 #include "editor/tabs/editor_state.h"
 #include "ports/clock.h"
 #include "ports/files.h"
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 #include "ports/message_boxes.h"
 
 #include <cstdint>
@@ -26,7 +26,7 @@ struct Editing {
   Collection& collection;
   KVO2& settings;
   EditorState& editor;
-  FrameSource& streams;
+  MediaContents& streams;
   Files& files;
   MessageBoxes& boxes;
   const ProgramFolder& folder;

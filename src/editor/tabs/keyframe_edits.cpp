@@ -45,10 +45,12 @@ void tellTakenFrame(const Editing& e, Long frameNo) {
 
 bool KeyFrameExists(const Editing& e, int clipNo, Long frameNo, int effectNo) {
   if (effectNo == 0) effectNo = e.settings.state.KeyframeEffectNo;
-  const auto keyId = e.clips()[clipNo].KeyID();
+  const auto& clip = e.clips()[clipNo];
+  const auto range = framesThatCount(e, clip);
   const auto& list = e.collection.KeyframeList;
   for (int i = 1; i <= list.count(); ++i) {
-    if (list[i].ClipName == keyId && list[i].FrameNo == frameNo && list[i].EffectNo == effectNo) return true;
+    const auto& k = list[i];
+    if (k.ClipName == clip.KeyID() && range.frameOf(k) == frameNo && k.EffectNo == effectNo) return true;
   }
   return false;
 }
@@ -65,12 +67,8 @@ int KeyframeCount(const Editing& e, int effectNo, int clipNo) {
 }
 
 std::optional<int> GetBaseKeyFrameLink(const Editing& e) {
-  const auto keyId = e.clips()[e.collection.icurMov].KeyID();
-  const auto& list = e.collection.KeyframeList;
-  for (int i = 1; i <= list.count(); ++i) {
-    if (list[i].ClipName == keyId && list[i].EffectNo == e.settings.state.KeyframeEffectNo &&
-        list[i].FrameNo == 0)
-      return i;
+  for (const int number : keyframesInHand(e)) {
+    if (isBase(e.collection.KeyframeList[number])) return number;
   }
   return std::nullopt;
 }
@@ -89,7 +87,10 @@ void WriteBaseKeyFrameToCollection(const Editing& e, BaseKeyframe base, bool upd
             row->backColor, row->extraColor, row->texture};
   }
   Keyframe fresh;
-  const auto link = update ? GetBaseKeyFrameLink(e) : std::nullopt;
+  auto link = update ? GetBaseKeyFrameLink(e) : std::nullopt;
+  if (update && !link) {  // a part of a split may begin with one that is none
+    if (const auto own = keyframesInHand(e); own.size() == 1) link = own.front();
+  }
   if (update && !link) return;
   auto& k = update ? e.collection.KeyframeList[*link] : fresh;
   const std::size_t stored = isTableEffect ? 8 : effectNo == kBlurEffect ? 1 : 3;
@@ -104,7 +105,7 @@ void WriteBaseKeyFrameToCollection(const Editing& e, BaseKeyframe base, bool upd
     k.EC = noneAsEmpty(base.extraColor);
     k.TextureFile = noneAsEmpty(base.texture);
   }
-  k.FrameNo = isTableEffect ? clip.LoopStartFrames() : toFrames(clip.LoopStart().number(), settings);
+  k.FrameNo = framesThatCount(e, clip).first;
   k.EffectNo = static_cast<Integer>(effectNo);
   k.ClipName = clip.KeyID();
   k.Time = Value(0);
@@ -113,7 +114,7 @@ void WriteBaseKeyFrameToCollection(const Editing& e, BaseKeyframe base, bool upd
 
 void AddSingleBaseKeyFrame(const Editing& e) {
   const int clipNo = e.collection.icurMov;
-  if (KeyFrameExists(e, clipNo, 0, e.settings.state.KeyframeEffectNo)) {
+  if (GetBaseKeyFrameLink(e)) {
     e.boxes.show({"KVO5 - Duplicate Keyframe warning", "Frame 0 is already a keyframe.", BoxButtons::Ok,
                   BoxIcon::Warning});
     return;
@@ -156,11 +157,12 @@ bool deleteKeyframe(const Editing& e, int line) {
 }
 
 void KillAllKeyframeData(const Editing& e) {
-  const auto keyId = e.clips()[e.collection.icurMov].KeyID();
-  const int effectNo = e.settings.state.KeyframeEffectNo;
-  e.collection.KeyframeList.removeIf([&](const Keyframe& k) {
-    return k.ClipName == keyId && k.EffectNo == effectNo && k.Time.number() > 0;
-  });
+  const auto own = keyframesInHand(e);
+  if (own.empty()) return;
+  const auto* kept = &e.collection.KeyframeList[GetBaseKeyFrameLink(e).value_or(own.front())];
+  const auto keyId = kept->ClipName;
+  e.collection.KeyframeList.removeIf(
+      [&](const Keyframe& k) { return k.ClipName == keyId && k.EffectNo == kept->EffectNo && &k != kept; });
 }
 
 void removeKeyframes(const Editing& e, int clipNo, std::optional<int> effectNo) {
@@ -179,10 +181,11 @@ std::vector<std::string> AddKeyFramesToList(const Editing& e) {
   std::vector<std::string> lines;
   for (const int i : keyframesInHand(e)) {
     const auto& k = e.collection.KeyframeList[i];
-    const auto* text = k.FrameNo > range.last    ? "IGNORED - Point after Mark Out - Keyframe No = "
-                       : k.FrameNo < range.first ? "IGNORED - Point before Mark In - Keyframe No = "
-                                                 : "Keyframe No = ";
-    lines.push_back(text + FormatMask(k.FrameNo, kFrameMask));
+    const Long frame = range.frameOf(k);
+    const auto* text = frame > range.last    ? "IGNORED - Point after Mark Out - Keyframe No = "
+                       : frame < range.first ? "IGNORED - Point before Mark In - Keyframe No = "
+                                             : "Keyframe No = ";
+    lines.push_back(text + FormatMask(frame, kFrameMask));
   }
   return lines;
 }

@@ -15,7 +15,8 @@ namespace kvo {
 /// The list numbers of the keyframes of the clip in hand and the effect being worked on, by line.
 std::vector<int> keyframesInHand(const Editing& e);
 
-/// Sets the frame of a keyframe of the clip in hand, and its time by it: of a still from its Mark-In on.
+/// Sets the frame of a keyframe of the clip in hand, and its time by it: from the file's start on, of a still
+/// from its Mark-In.
 void placeKeyframe(const Editing& e, Keyframe& keyframe, Long frameNo);
 
 /// The box that tells that a frame has a keyframe already.
@@ -39,10 +40,10 @@ struct BaseKeyframe {
 /// for "MotionBlur" the values are those of the effects table.
 void WriteBaseKeyFrameToCollection(const Editing& e, BaseKeyframe base, bool update);
 
-/// The base keyframe of the effect being worked on; a box tells when the clip has one at frame 0 already.
+/// The base keyframe of the effect being worked on; a box tells when the clip has one already.
 void AddSingleBaseKeyFrame(const Editing& e);
 
-/// The list index, from 1, of the keyframe of the clip in hand at frame 0 for the effect being worked on.
+/// The list index, from 1, of the base keyframe of the clip in hand for the effect being worked on.
 std::optional<int> GetBaseKeyFrameLink(const Editing& e);
 
 /// Brings the level of an effect of the table to 0 or 100 where it has one keyframe: with more it begins
@@ -64,6 +65,11 @@ void removeKeyframes(const Editing& e, int clipNo, std::optional<int> effectNo);
 
 struct FrameRange {
   Long first = 0, last = 0;
+
+  /// Where a keyframe stands among them.
+  [[nodiscard]] Long frameOf(const Keyframe& keyframe) const {
+    return isBase(keyframe) ? first : keyframe.FrameNo;
+  }
 };
 
 /// The frames of the clip between its marks, at the movie's rate; those of a still as its record has them.

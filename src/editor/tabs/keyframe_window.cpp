@@ -22,16 +22,12 @@ constexpr int kDirectionMost = 360;  // degrees
 constexpr std::string_view kFrameReading = "00####";
 constexpr std::string_view kTextured[] = {"ConteCrayon", "RoughPastel", "Texturizer", "Underpainting"};
 
-// Mark-In counts as a picture of the clip, unless it would lie behind Mark-Out then: that is of the movie.
-FrameRange framesOfSlider(const Editing& e, const Movie& clip) {
-  auto range = framesThatCount(e, clip);
-  if (clip.LoopStartFrames() <= range.last) range.first = clip.LoopStartFrames();
-  range.last = std::max(range.first, range.last);
-  return range;
-}
-
 Keyframe& keyframeOf(const Editing& e, int line) {
   return e.collection.KeyframeList[keyframesInHand(e)[static_cast<std::size_t>(line)]];
+}
+
+Long frameOfLine(const Editing& e, int line) {
+  return framesThatCount(e, e.clips()[e.collection.icurMov]).frameOf(keyframeOf(e, line));
 }
 
 bool hasLine(const KeyframeWindow& window) { return window.Lst_Keyframes.hasChoice(); }
@@ -126,17 +122,18 @@ void SetEffectParams(const Editing& e, KeyframeWindow& window) {
       std::find(std::begin(kTextured), std::end(kTextured), window.effectName) != std::end(kTextured);
 }
 
-void UpdateFrameDisplay(const Editing& e, KeyframeWindow& window) {
-  window.Lbl_Frame = translated("Current Frame = %1 of %2",
-                                {FormatMask(window.Sld_FramePosMaster.Value, kFrameReading),
-                                 FormatMask(e.clips()[window.clipNo].LoopEndFrames(), kFrameReading)});
+void UpdateFrameDisplay(KeyframeWindow& window) {
+  window.Lbl_Frame =
+      translated("Current Frame = %1 of %2", {FormatMask(window.Sld_FramePosMaster.Value, kFrameReading),
+                                              FormatMask(window.Sld_FramePosMaster.Max, kFrameReading)});
 }
 
 void ScaleSlider(const Editing& e, KeyframeWindow& window) {
-  const auto range = framesOfSlider(e, e.clips()[window.clipNo]);
+  const auto range = framesThatCount(e, e.clips()[window.clipNo]);
   auto& master = window.Sld_FramePosMaster;
-  master = {range.first, range.last, std::clamp<int>(master.Value, range.first, range.last), true, {}};
-  UpdateFrameDisplay(e, window);
+  const Long last = std::max(range.first, range.last);
+  master = {range.first, last, std::clamp<int>(master.Value, range.first, last), true, {}};
+  UpdateFrameDisplay(window);
 }
 
 void fillKeyframes(const Editing& e, KeyframeWindow& window) {
@@ -150,9 +147,10 @@ void fillKeyframes(const Editing& e, KeyframeWindow& window) {
   window.points.clear();
   for (int line = 0; line <= last; ++line) {
     const auto& k = keyframeOf(e, line);
-    const bool isOutside = k.FrameNo > range.last || k.FrameNo < range.first;
+    const Long frame = range.frameOf(k);
+    const bool isOutside = frame > range.last || frame < range.first;
     window.ignored.push_back(isOutside);
-    if (!isOutside) window.points.push_back({line, k.FrameNo, levelOf(window, k)});
+    if (!isOutside) window.points.push_back({line, frame, levelOf(window, k)});
   }
   std::stable_sort(window.points.begin(), window.points.end(),
                    [](const auto& a, const auto& b) { return a.frame < b.frame; });
@@ -217,8 +215,9 @@ void storeValues(const Editing& e, KeyframeWindow& window, TabHost& host,
 // The line of a frame; -1 for none.
 int lineOfFrame(const Editing& e, Long frame) {
   const auto own = keyframesInHand(e);
-  const auto found = std::find_if(own.begin(), own.end(),
-                                  [&](int i) { return e.collection.KeyframeList[i].FrameNo == frame; });
+  const auto range = framesThatCount(e, e.clips()[e.collection.icurMov]);
+  const auto found = std::find_if(
+      own.begin(), own.end(), [&](int i) { return range.frameOf(e.collection.KeyframeList[i]) == frame; });
   return found == own.end() ? -1 : static_cast<int>(found - own.begin());
 }
 
@@ -258,6 +257,7 @@ bool ActivateKeyFrameForm(const Editing& e, KeyframeWindow& window, TabHost& hos
                     : effectNo == kMotionBlurEffect ? KeyframeControls::MotionBlur
                                                     : KeyframeControls::Table;
   window.clipNo = clipNo;
+  window.clipKey = clip.KeyID();
   window.effectNo = effectNo;
   window.clipName = listedName(clip);
   window.effectName = effectNameOf(e, effectNo);
@@ -277,22 +277,24 @@ void SuspendKeyframeForm(const Editing& e, KeyframeWindow& window) {
 
 void followKeyframes(const Editing& e, KeyframeWindow& window) {
   if (!window.visible) return;
-  const bool isSameClip = e.collection.icurMov == window.clipNo && window.clipNo <= e.clips().count();
+  const int inHand = e.collection.icurMov;
+  const bool isSameClip = inHand >= 1 && e.clips()[inHand].KeyID() == window.clipKey;
+  window.clipNo = inHand;
   if (!isSameClip || e.settings.state.KeyframeEffectNo != window.effectNo || !isSwitchedOn(e, window))
     return SuspendKeyframeForm(e, window);
   readKeyframes(e, window);
 }
 
-void moveToFrame(const Editing& e, KeyframeWindow& window, int frame) {
+void moveToFrame(KeyframeWindow& window, int frame) {
   auto& master = window.Sld_FramePosMaster;
   master.Value = std::clamp(frame, master.Min, master.Max);
-  UpdateFrameDisplay(e, window);
+  UpdateFrameDisplay(window);
 }
 
 void chooseKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host, int line) {
   window.Lst_Keyframes.ListIndex = line;
   if (!hasLine(window)) return;
-  moveToFrame(e, window, keyframeOf(e, line).FrameNo);
+  moveToFrame(window, frameOfLine(e, line));
   SetEffectParams(e, window);
   PreviewKeyFrame(window, host);
 }
@@ -332,14 +334,14 @@ void dragKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host, int l
   const int percent = wholeOf(std::clamp(level, 0.0, 1.0) * kFullLevelPercent);
   changeKeyframes(e, window, host, "Move keyframe", [&] {
     auto& k = keyframeOf(e, line);
-    if (k.Time.number() > 0 && lineOfFrame(e, wanted) < 0) placeKeyframe(e, k, wanted);
+    if (!isBase(k) && lineOfFrame(e, wanted) < 0) placeKeyframe(e, k, wanted);
     if (window.controls == KeyframeControls::Table) {
       k.Transparency = static_cast<Single>(percent);
     } else {
       k.Param[0] = Value(percent);
     }
   });
-  moveToFrame(e, window, keyframeOf(e, line).FrameNo);
+  moveToFrame(window, frameOfLine(e, line));
 }
 
 void moveKeyframeSlider(const Editing& e, KeyframeWindow& window, TabHost& host, std::size_t index,

@@ -39,6 +39,7 @@ struct KeyframeWindow {
   bool visible = false;
   KeyframeControls controls = KeyframeControls::Table;
   int clipNo = 0;
+  Long clipKey = 0;  ///< by which the clip is known where it moves
   int effectNo = 0;
   std::string clipName;
   std::string effectName;
@@ -70,7 +71,7 @@ void SuspendKeyframeForm(const Editing& e, KeyframeWindow& window);
 void followKeyframes(const Editing& e, KeyframeWindow& window);
 
 /// Sld_FramePosMaster: the frame where a new keyframe would be.
-void moveToFrame(const Editing& e, KeyframeWindow& window, int frame);
+void moveToFrame(KeyframeWindow& window, int frame);
 
 /// A line of the list, from 0; goes to its frame.
 void chooseKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host, int line);

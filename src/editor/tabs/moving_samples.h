@@ -2,7 +2,7 @@
 // of their names are drawn with.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <functional>
 #include <memory>

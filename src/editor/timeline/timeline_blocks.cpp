@@ -9,7 +9,6 @@
 #include "editor/compiler/keyframes.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
 namespace kvo {
@@ -38,9 +37,18 @@ double rateOf(const Movie& record) {
   return record.FrameRate() > 0 ? decimal(record.FrameRate()) : 0;
 }
 
-TimelineBlock blockOf(const TimelineClip& clip, const std::map<Long, int>& keyframes) {
+// Of the effects that move: one that has its base keyframe alone does not.
+int keyframesOf(const KeyframeIndex& keyframes, Long keyId) {
+  int count = 0;
+  for (const int effect : keyframes.effectsOf(keyId)) {
+    const auto& own = keyframes.of(keyId, effect);
+    if (own.size() > 1 || !isBase(*own.front())) count += static_cast<int>(own.size());
+  }
+  return count;
+}
+
+TimelineBlock blockOf(const TimelineClip& clip, const KeyframeIndex& keyframes) {
   const auto& record = *clip.record;
-  const auto keyed = keyframes.find(record.KeyID());
   return {
       .clip = clip.number,
       .start = clip.place.start,
@@ -56,7 +64,7 @@ TimelineBlock blockOf(const TimelineClip& clip, const std::map<Long, int>& keyfr
       .isHeard = clip.hasSound && record.RenderAudio() && record.AudioOutputLevel() != 0,
       .transition = {},
       .effects = clip.isSound ? 0 : switchesOn(record.EffectWord()),
-      .keyframes = keyed == keyframes.end() ? 0 : keyed->second,
+      .keyframes = keyframesOf(keyframes, record.KeyID()),
       .fadeIn = decimal(record.AudioFadeInTime()),
       .fadeOut = decimal(record.AudioFadeOutTime())};
 }
@@ -86,9 +94,8 @@ void addMusic(TimelineBlocks& blocks, const TimelineClip& clip, TimelineBlock bl
   blocks.music.push_back(std::move(block));
 }
 
-void placeMovie(TimelineClips& clips, const Collection& collection, const CompileOptions& options) {
+void placeMovie(TimelineClips& clips, const KeyframeIndex& keyframes, const CompileOptions& options) {
   const EffectsTable effects;
-  const KeyframeIndex keyframes(collection);
   const auto line = videoLine({effects, keyframes, options}, clips, {.TimingOnly = true});
   if (GetNumAudioTracks(clips) < 1 && !options.overlays) return;
   overlayTracks(options, clips, options.trimOverlays && hasPicture(clips) ? line.largestStop : 0);
@@ -116,10 +123,8 @@ const TimelineBlock* TimelineBlocks::seenAt(double seconds) const {
 }
 
 TimelineBlocks blocksOf(TimelineClips clips, const Collection& collection, const CompileOptions& options) {
-  placeMovie(clips, collection, options);
-  std::map<Long, int> keyframes;
-  const auto& keyed = collection.KeyframeList;
-  for (int i = 1; i <= keyed.count(); ++i) ++keyframes[keyed[i].ClipName];
+  const KeyframeIndex keyframes(collection);
+  placeMovie(clips, keyframes, options);
   TimelineBlocks blocks;
   blocks.isStacked = options.overlayOrder == OverlayOrder::Stacked;
   for (const auto& clip : clips) {

@@ -228,10 +228,11 @@ Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, in
     if (auto done = planSize(job, plan); !done) return done.error();
   }
   auto& video = *plan.format.video;
-  plan.segments = canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
-                                 : std::vector<Segment>{{plan.first, plan.stop}};
+  const bool keepsRaw = job.work && video.codec == VideoCodec::Raw;  // through files, so that none waits
+  plan.segments = keepsRaw || canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
+                                             : std::vector<Segment>{{plan.first, plan.stop}};
   plan.crew = crewFor(video, plan.segments.size(), std::max(1, cores));
-  plan.encodesInSegments = encodesApart(video.codec) && plan.mostBytes == 0;
+  plan.encodesInSegments = (keepsRaw || encodesApart(video.codec)) && plan.mostBytes == 0;
   video.threads = encoderThreads(video.codec, plan.segments.size(), plan.encodesInSegments);
   return plan;
 }

@@ -22,11 +22,25 @@ struct Slice {
   double to = 0;
 };
 
+/// Each process of several that make a movie together sees to the segments `number`, `number + of`, ...
+struct Share {
+  std::size_t number = 0;
+  std::size_t of = 1;
+};
+
+/// Where finished segments are kept until the movie stands.
+struct Work {
+  std::string folder;
+  std::string identity;          ///< what a segment depends on beside the plan and the sources
+  std::optional<Share> share{};  ///< only these segments are made, and no movie
+};
+
 struct RenderJob {
   std::string output;                      ///< its extension says the kind
   std::optional<Slice> slice{};            ///< without it the whole timeline
   std::optional<VideoCodec> codec{};       ///< one that the kind takes; its own without one
   std::optional<EncodeProfile> profile{};  ///< of a WMV or WMA; the engine's own quality without one
+  std::optional<Work> work{};              ///< of a movie with pictures
   const MoviePreset* preset = nullptr;     ///< of the kind that it says
   int quality = 0;       ///< on the codec's own scale; 0 for that of the preset, or the usual
   std::string effort{};  ///< one of effortWords(); empty as above

@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "engine/run/frame_line.h"
 #include "engine/run/size_aim.h"
+#include "engine/run/work_folder.h"
 #include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
 #include "media/media_facts.h"
@@ -33,6 +34,17 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
   return {};
 }
 
+// Steps, as RenderStep has them.
+using Told = std::function<void(std::int64_t made, std::int64_t written, std::int64_t kept)>;
+
+// Makes the segments of this process's share, and no movie.
+Outcome makeShare(const Timeline& timeline, const RenderPlan& plan, const media::MovieWriter& writer,
+                  const WorkFolder& work, const Told& told) {
+  FrameLine line(
+      timeline, plan.segments, [&writer] { return writer.newVideoEncoder(); }, plan.crew, nullptr, &work);
+  return line.finish([&] { told(line.made(), 0, line.kept()); });
+}
+
 Outcome writeAll(const Result<media::EncodedFrames>& frames, media::MovieWriter& writer,
                  std::uint64_t& pictureBytes) {
   if (!frames) return frames.error();
@@ -44,9 +56,9 @@ Outcome writeAll(const Result<media::EncodedFrames>& frames, media::MovieWriter&
 }
 
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
-Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWriter& writer,
-             media::DamageList& damage, std::uint64_t& pictureBytes,
-             const std::function<void(std::int64_t made, std::int64_t written)>& told) {
+Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder* work,
+             media::MovieWriter& writer, media::DamageList& damage, std::uint64_t& pictureBytes,
+             const Told& told) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.firstSample, &damage);
   std::optional<media::VideoEncoder> encoder;  // of frames that come as pictures
@@ -58,12 +70,12 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (!made) return made.error();
       encoder.emplace(std::move(*made));
     }
-    line.emplace(timeline, plan.segments, newEncoder, plan.crew, &damage);
+    line.emplace(timeline, plan.segments, newEncoder, plan.crew, &damage, work);
   }
   std::vector<float> sound;
   for (auto step = plan.first; step < plan.stop; ++step) {
     if (line) {
-      const auto frame = line->next();
+      const auto frame = line->next([&] { told(line->made(), step - plan.first, line->kept()); });
       if (!frame) return frame.error();
       auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
                              : Result<media::EncodedFrames>(media::EncodedFrames{frame->encoded});
@@ -76,7 +88,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (auto done = writer.writeAudio(sound); !done) return done;
     }
     const auto made = line ? line->made() : step + 1 - plan.first;
-    told(made, step + 1 - plan.first);
+    told(made, step + 1 - plan.first, line ? line->kept() : 0);
   }
   if (encoder) {
     if (auto done = writeAll(encoder->finish(), writer, pictureBytes); !done) return done;
@@ -107,22 +119,35 @@ class Teller {
  public:
   Teller(const RenderPlan& plan, const RenderWatch& watch) : plan_(plan), watch_(watch) {}
 
-  void firstPass(std::int64_t made) const { tell(secondsAt(made) / 2, 0, 0); }
-  void pass(std::int64_t made, std::int64_t written, std::uint64_t bytes) const {
+  void firstPass(std::int64_t made) const { tell({secondsAt(made) / 2}); }
+  void pass(std::int64_t made, std::int64_t written, std::int64_t kept, std::uint64_t bytes) const {
     const double done = secondsAt(made);
-    tell(plan_.mostBytes > 0 ? (plan_.seconds() + done) / 2 : done, bytes, secondsAt(written));
+    tell({plan_.mostBytes > 0 ? (plan_.seconds() + done) / 2 : done, 0, bytes, secondsAt(written),
+          secondsAt(kept)});
   }
 
  private:
   [[nodiscard]] double secondsAt(std::int64_t steps) const {
     return std::min(plan_.steps.secondsAt(steps), plan_.seconds());
   }
-  void tell(double done, std::uint64_t bytes, double written) const {
-    if (watch_) watch_({done, plan_.seconds(), bytes, written});
+  void tell(RenderStep step) const {
+    step.total = plan_.seconds();
+    if (watch_) watch_(step);
   }
 
   const RenderPlan& plan_;
   const RenderWatch& watch_;
+};
+
+// All that a file is made with.
+struct Making {
+  const Timeline& timeline;
+  const RenderPlan& plan;
+  const RenderJob& job;
+  Files& files;
+  media::DamageList& damage;
+  const Teller& teller;
+  const WorkFolder* work;
 };
 
 struct MadeFile {
@@ -130,35 +155,38 @@ struct MadeFile {
   std::uint64_t pictureBytes = 0;
 };
 
-Result<MadeFile> makeFile(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
-                          Files& files, media::DamageList& damage, const Teller& teller) {
-  auto target = files.replace(job.output);
+Result<MadeFile> makeFile(const Making& making) {
+  const auto& [timeline, plan, job, files, damage, teller, work] = making;
+  const bool isShare = work != nullptr && job.work->share;
+  auto target = files.replace(isShare ? work->draft() : job.output);
   if (!target) return target.error();
   MadeFile made{std::move(*target)};
   auto writer = media::MovieWriter::open(*made.target, plan.format, job.output);
   if (!writer) return writer.error();
-  const auto told = [&](std::int64_t done, std::int64_t written) {
-    teller.pass(done, written, made.target->size());
+  const Told told = [&](std::int64_t done, std::int64_t written, std::int64_t kept) {
+    making.teller.pass(done, written, kept, made.target->size());
   };
-  if (auto done = pump(timeline, plan, *writer, damage, made.pictureBytes, told); !done) return done.error();
+  // What a share's writer has begun is never committed: it tells what the encoders are like.
+  const auto done = isShare ? makeShare(timeline, plan, *writer, *work, told)
+                            : pump(timeline, plan, work, *writer, damage, made.pictureBytes, told);
+  if (!done) return done.error();
   return made;
 }
 
 // Two passes, and more where the second misses the size.
-Result<MadeFile> makeSizedFile(const Timeline& timeline, RenderPlan& plan, const RenderJob& job, Files& files,
-                               media::DamageList& damage, const Teller& teller) {
+Result<MadeFile> makeSizedFile(const Making& making, RenderPlan& plan) {
   SizeAim aim(plan);
   plan.format.video->bitRate = aim.bitRate();
-  const auto noted =
-      takeNotes(timeline, plan, job.output, [&](std::int64_t made) { teller.firstPass(made); });
+  const auto noted = takeNotes(making.timeline, plan, making.job.output,
+                               [&](std::int64_t made) { making.teller.firstPass(made); });
   if (!noted) return noted.error();
   for (;;) {
-    auto made = makeFile(timeline, plan, job, files, damage, teller);
+    auto made = makeFile(making);
     if (!made) return made;
     const auto fits = aim.judge(made->target->size(), made->pictureBytes);
     if (fits == Fits::Good) return made;
     if (fits == Fits::Never) {
-      return Error{"cannot write " + job.output + ": the movie does not go into " +
+      return Error{"cannot write " + making.job.output + ": the movie does not go into " +
                    ShortText(static_cast<double>(plan.mostBytes) / 1e6) + " MB"};
     }
     plan.format.video->bitRate = aim.bitRate();
@@ -171,12 +199,25 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
   auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
   if (!plan) return plan.error();
   if (auto done = checkSources(timeline, job, files); !done) return done.error();
+  std::optional<WorkFolder> work;
+  if (job.work && plan->encodesInSegments) {
+    auto opened = WorkFolder::open(timeline, *plan, job, files);
+    if (!opened) return opened.error();
+    work.emplace(std::move(*opened));
+  } else if (job.work && job.work->share) {
+    return Error{"cannot make a share of " + job.output + ": it is made in one piece"};
+  }
   media::DamageList damage;
   const Teller teller(*plan, watch);
-  auto made = plan->mostBytes > 0 ? makeSizedFile(timeline, *plan, job, files, damage, teller)
-                                  : makeFile(timeline, *plan, job, files, damage, teller);
+  const Making making{timeline, *plan, job, files, damage, teller, work ? &*work : nullptr};
+  if (work && job.work->share) {
+    const auto made = makeFile(making);
+    return made ? Result(RenderReport{0, plan->seconds()}) : made.error();
+  }
+  auto made = plan->mostBytes > 0 ? makeSizedFile(making, *plan) : makeFile(making);
   if (!made) return made.error();
   if (auto done = made->target->commit(); !done) return done.error();
+  if (work) work->sweep();
   return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(),
                       made->target->size(), damage.all(), notesOf(*plan, made->pictureBytes)};
 }

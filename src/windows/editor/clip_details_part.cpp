@@ -18,13 +18,16 @@ constexpr QLatin1StringView kNone("N/A");
 struct DetailRow {
   const char* caption;
   std::string ClipStats::*text;
+  const char* ofSound = nullptr;  // where it is another
 };
 constexpr std::array<DetailRow, 8> kDetailRows{
-    {{QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Frames"), &ClipStats::Lbl_FrameDets},
+    {{QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Frames"), &ClipStats::Lbl_FrameDets,
+      QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Section")},
      {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Length"), &ClipStats::Lbl_Durdets},
      {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Timeline"), &ClipStats::Lbl_Timelinedets},
      {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Speed"), &ClipStats::Lbl_Speeddets},
-     {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Frame rate"), &ClipStats::Lbl_Framratedets},
+     {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Frame rate"), &ClipStats::Lbl_Framratedets,
+      QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Sound")},
      {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Transition"), &ClipStats::Lbl_Transdets},
      {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Effects"), &ClipStats::Lbl_EffectDets},
      {QT_TRANSLATE_NOOP("kvo::ClipDetailsPart", "Audio"), &ClipStats::Lbl_AudioDets}}};
@@ -39,11 +42,9 @@ ClipDetailsPart::ClipDetailsPart(const ClipStats& state, QWidget* parent)
   setAccessibleName(tr("Clip details"));
   for (std::size_t i = 0; i < kRows; ++i) {
     const int top = kDetailTop + static_cast<int>(kDetailPitch * static_cast<double>(i));
-    auto* caption = write(tr(kDetailRows[i].caption), "hint",
-                          {kDetailLeft, top, kDetailValueLeft - kDetailLeft - 2, kDetailHeight});
+    captions_[i] = write({}, "hint", {kDetailLeft, top, kDetailValueLeft - kDetailLeft - 2, kDetailHeight});
     values_[i] =
         write({}, "detail", {kDetailValueLeft, top, kPlace.width() - kDetailValueLeft - 8, kDetailHeight});
-    values_[i]->setAccessibleName(caption->text());
   }
 }
 
@@ -53,7 +54,11 @@ void ClipDetailsPart::draw() {
   setTextOf(*name_, metrics.elidedText(shown(state_.clipName), Qt::ElideMiddle, name_->width()));
   setTipOf(*name_, shown(state_.clipName));
   for (std::size_t i = 0; i < kRows; ++i) {
-    const auto text = shown(state_.*kDetailRows[i].text);
+    const auto& row = kDetailRows[i];
+    const auto caption = tr(state_.isSound && row.ofSound != nullptr ? row.ofSound : row.caption);
+    setTextOf(*captions_[i], caption);
+    values_[i]->setAccessibleName(caption);
+    const auto text = shown(state_.*row.text);
     setTextOf(*values_[i], text);
     values_[i]->setEnabled(text != kNone);
     values_[i]->setAccessibleDescription(text);

@@ -25,6 +25,7 @@ class ClipDetailsPart final : public EditorPage {
   const ClipStats& state_;
   QLabel* title_;
   QLabel* name_;
+  std::array<QLabel*, kRows> captions_{};
   std::array<QLabel*, kRows> values_{};
 };
 

@@ -192,13 +192,18 @@ QPushButton* CreatePage::makeKey(const char* icon, const QString& text, const QS
   return key;
 }
 
-// The one that leads on has the whole row while there is no other.
 void CreatePage::makeKeys() {
-  Cmd_PrevGrph_ = put(made<QPushButton>(this), {kPageLeft, 338, kPageRight - kPageLeft, 44});
-  Cmd_PrevGrph_->setProperty("kind", "primary");
+  Cmd_PrevGrph_ = put(made<QPushButton>(this), {kPageLeft, 338, 198, 44});
   Cmd_PrevGrph_->setProperty("large", true);
   setKeys(*Cmd_PrevGrph_, "Space");
   connect(Cmd_PrevGrph_, &QPushButton::clicked, [this] { acts_.preview(); });
+  Cmd_RendertoFile_ = put(made<QPushButton>(tr("Create Movie"), this), {226, 338, 198, 44});
+  Cmd_RendertoFile_->setProperty("kind", "primary");
+  Cmd_RendertoFile_->setProperty("large", true);
+  Cmd_RendertoFile_->setAccessibleName(tr("Create Movie"));
+  Cmd_RendertoFile_->setToolTip(tr("Make the movie as a file"));
+  setKeys(*Cmd_RendertoFile_, "Ctrl+Return");
+  connect(Cmd_RendertoFile_, &QPushButton::clicked, [this] { acts_.renderToFile(); });
   KVOBut_SaveProject_ =
       makeKey("save", tr("Save the project"), tr("Save the project and all the current settings"),
               {kPageLeft, 402, 198, 30});
@@ -237,6 +242,7 @@ void CreatePage::draw() {
   setWhyNot(*KVOBut_SaveProject_, !state_.canSave ? tr("There is nothing to save")
                                   : running       ? tr("Stop the preview first")
                                                   : QString());
+  setWhyNot(*Cmd_RendertoFile_, running ? tr("Stop the preview first") : QString());
   isDrawing_ = false;
 }
 
@@ -286,7 +292,8 @@ void CreatePage::drawIcons() {
     key->setIcon(QIcon(iconPicture(icon, colour, themed(16), devicePixelRatio())));
   };
   for (const auto& [key, icon] : icons_) show(key, icon, token("text1"));
-  show(Cmd_PrevGrph_, drawnRunning_ ? "stop" : "play", token("onTeal"));
+  show(Cmd_PrevGrph_, drawnRunning_ ? "stop" : "play", token("text1"));
+  show(Cmd_RendertoFile_, "movie", token("onTeal"));
 }
 
 void CreatePage::changeEvent(QEvent* event) {

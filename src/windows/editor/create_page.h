@@ -24,7 +24,8 @@ class CreatePage final : public EditorPage {
  public:
   /// What its keys ask; none may be empty.
   struct Acts {
-    std::function<void()> preview;  ///< Cmd_PrevGrph: begins one, or ends the one that runs
+    std::function<void()> preview;       ///< Cmd_PrevGrph: begins one, or ends the one that runs
+    std::function<void()> renderToFile;  ///< Cmd_RendertoFile: shows what the movie can be made as
     std::function<void()> save;
     std::function<void()> help;
     std::function<void()> quit;
@@ -75,6 +76,7 @@ class CreatePage final : public EditorPage {
   QCheckBox* Chk_AutoRewind_ = nullptr;
   QCheckBox* ChkDynamic_ = nullptr;
   QPushButton* Cmd_PrevGrph_ = nullptr;
+  QPushButton* Cmd_RendertoFile_ = nullptr;
   QPushButton* KVOBut_SaveProject_ = nullptr;
   std::vector<std::pair<QPushButton*, const char*>> icons_;
   bool drawnRunning_ = false;

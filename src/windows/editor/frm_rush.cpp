@@ -8,6 +8,7 @@
 #include "windows/editor/clip_sliders_part.h"
 #include "windows/editor/refusal.h"
 #include "windows/editor/rush_tabs.h"
+#include "windows/editor/veil.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -139,6 +140,11 @@ void FrmRush::makeShortcuts() {
   };
   for (int tab = 1; tab <= kPages; ++tab)
     on(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + tab)), [this, tab] { tabs_->goTo(tab); });
+  for (const auto* keys : {"Ctrl+Return", "Ctrl+Enter"})
+    on(QKeySequence(keys), [this] {
+      const auto why = shown(state_.frame.toolsOffBecause);
+      why.isEmpty() ? acts_.renderToFile() : refuse(focused(), why);
+    });
   on(QKeySequence("Ctrl+Z"), [this] { tabs_->goInHistory(-1); });
   on(QKeySequence("Ctrl+Shift+Z"), [this] { tabs_->goInHistory(1); });
   on(QKeySequence("Ctrl+Y"), [this] { tabs_->goInHistory(1); });
@@ -147,10 +153,10 @@ void FrmRush::makeShortcuts() {
 }
 
 // The key that does the same may lie on a page that is not open.
-void FrmRush::save(const std::function<void()>& act) {
+void FrmRush::save(const std::function<std::string()>& act) {
   const auto& frame = state_.frame;
   const auto why = frame.toolsOn ? told(frame.saveOffBecause) : shown(frame.toolsOffBecause);
-  why.isEmpty() ? act() : refuse(focused(), why);
+  why.isEmpty() ? say(focused(), shown(act())) : refuse(focused(), why);
 }
 
 QWidget& FrmRush::focused() const {
@@ -186,6 +192,16 @@ void FrmRush::setPreview(QWidget* picture, QWidget* positionRow, std::function<v
 void FrmRush::setTimeline(QWidget* timeline, std::function<void()> draw) {
   below_->addWidget(timeline, 1);
   drawTimeline_ = std::move(draw);
+}
+
+void FrmRush::setRender(QWidget* card, std::function<bool()> draw) {
+  card_ = card;
+  card_->hide();
+  auto* columns = static_cast<QHBoxLayout*>(upper_->layout());
+  columns->insertWidget(columns->indexOf(middle_) + 1, card_, 1);
+  drawCard_ = std::move(draw);
+  const std::array<QWidget*, 3> behind{tabs_, right_, lower_};
+  for (std::size_t i = 0; i < behind.size(); ++i) veils_[i] = made<Veil>(*behind[i]);
 }
 
 // The timeline has the height that it was left with, or else what the columns do not need.
@@ -244,8 +260,21 @@ void FrmRush::draw() {
   keys_->draw();
   drawPreview_();
   drawTimeline_();
+  drawRender();
   takeTools();
   if (!isVisible()) appear();
+}
+
+void FrmRush::drawRender() {
+  if (card_ == nullptr) return;
+  const bool isShown = drawCard_();
+  if (isShown == !card_->isHidden()) return;
+  setFocus();  // what is hidden would pass the keyboard on to whatever comes next
+  pages_->setVisible(!isShown);
+  middle_->setVisible(!isShown);
+  card_->setVisible(isShown);
+  for (auto* veil : veils_) veil->setVisible(isShown);
+  if (isShown) drawCard_();
 }
 
 // While tools are off the keyboard is the window's: what it was with could not take it, and the next in the

@@ -47,6 +47,9 @@ class FrmRush final : public QWidget {
   /// The picture, which takes the room that there is, and the row below it.
   void setPreview(QWidget* picture, QWidget* positionRow, std::function<void()> draw);
   void setTimeline(QWidget* timeline, std::function<void()> draw);
+  /// What lies over page and picture while a movie is made, and all else then stands back. `draw` tells
+  /// whether it is to be seen.
+  void setRender(QWidget* card, std::function<bool()> draw);
 
   /// Brings it in line with the state; it appears where it was.
   void draw();
@@ -68,7 +71,8 @@ class FrmRush final : public QWidget {
   void appear();
   void keep() const;
   void orderFocus();
-  void save(const std::function<void()>& act);
+  void drawRender();
+  void save(const std::function<std::string()>& act);
   [[nodiscard]] QWidget& focused() const;
   void leaveTools();
   void takeTools();
@@ -84,6 +88,8 @@ class FrmRush final : public QWidget {
   QWidget* lower_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QWidget* middle_ = nullptr;
+  QWidget* card_ = nullptr;
+  std::array<QWidget*, 3> veils_{};  // over what stands back
   bool hadTools_ = true;
   QPointer<QWidget> lastFocus_;  // that the keyboard was with when the tools went off
   QVBoxLayout* below_ = nullptr;
@@ -96,6 +102,7 @@ class FrmRush final : public QWidget {
   std::array<std::function<void()>, kPages> drawPage_;
   std::function<void()> drawPreview_ = [] {};
   std::function<void()> drawTimeline_ = [] {};
+  std::function<bool()> drawCard_ = [] { return false; };
 };
 
 }  // namespace kvo

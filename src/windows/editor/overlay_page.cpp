@@ -105,7 +105,7 @@ void OverlayPage::makeSliders() {
 
 void OverlayPage::makeSound() {
   const auto box = [this](int top, const QString& tip, auto rule) {
-    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 412, 24});
+    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 300, 24});
     made->setToolTip(tip);
     connect(made, &QCheckBox::clicked,
             [this, rule](bool on) { act([&] { rule(logic_.editing, state_, logic_.host, on); }); });
@@ -117,7 +117,11 @@ void OverlayPage::makeSound() {
   clear_->setToolTip(tr("Take the overlay off this backdrop"));
   connect(clear_, &QPushButton::clicked,
           [this] { act([&] { clearPicInPic(logic_.editing, state_, logic_.host); }); });
-  noOverlay_ = write(tr("Choose a clip to lay over the backdrop."), "hint", {16, 428, 408, 16});
+  KVOBut_RenderPinP_ = put(made<QPushButton>(themeIcon("movie"), tr("Render..."), this), {319, 382, 105, 28});
+  KVOBut_RenderPinP_->setProperty("kind", "primary");
+  KVOBut_RenderPinP_->setToolTip(tr("Make a clip of backdrop and overlay"));
+  connect(KVOBut_RenderPinP_, &QPushButton::clicked, [this] { render(); });
+  notice_ = write({}, "hint", {16, 428, 408, 16});
 }
 
 void OverlayPage::draw() {
@@ -145,8 +149,12 @@ void OverlayPage::draw() {
     setWhyNot(*box, sound->box.enabled ? QString() : tr("Clip has no Audio"));
     box->setChecked(sound->ticked && sound->box.enabled);
   }
-  setWhyNot(*clear_, state_.look.overlayClip > 0 ? QString() : tr("This backdrop has no overlay"));
-  noOverlay_->setVisible(state_.Pic_NoPinp);
+  const auto noPair = state_.look.overlayClip > 0 ? QString() : tr("This backdrop has no overlay");
+  setWhyNot(*clear_, noPair);
+  setWhyNot(*KVOBut_RenderPinP_, noPair);
+  setTextOf(*notice_, state_.Pic_NoPinp
+                          ? tr("Choose a clip to lay over the backdrop.")
+                          : tr("The new clip is an uncompressed 32-bit movie and needs much disk space."));
 }
 
 }  // namespace kvo

@@ -24,6 +24,9 @@ class OverlayPage final : public EditorPage {
  public:
   OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent);
 
+  /// KVOBut_RenderPinP.
+  std::function<void()> render = [] {};
+
   void draw();
 
  private:
@@ -46,7 +49,8 @@ class OverlayPage final : public EditorPage {
   QCheckBox* overlaySound_ = nullptr;
   QCheckBox* backdropSound_ = nullptr;
   QPushButton* clear_ = nullptr;
-  QLabel* noOverlay_ = nullptr;
+  QPushButton* KVOBut_RenderPinP_ = nullptr;
+  QLabel* notice_ = nullptr;
 };
 
 }  // namespace kvo

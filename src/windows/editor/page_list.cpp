@@ -19,7 +19,7 @@ ControlColour listColour(Rgb rgb) {
   return ((rgb & 0xFFU) << 16U) | (rgb & 0xFF00U) | ((rgb >> 16U) & 0xFFU);
 }
 
-CoolListProperties pageListProperties() {
+CoolListProperties pageListProperties(bool hasIcons) {
   CoolListProperties p;
   p.BackNormal = listColour(token("ink0"));
   p.BackSelected = listColour(token("tealBg"));
@@ -27,7 +27,7 @@ CoolListProperties pageListProperties() {
   p.FontSelected = listColour(token("text1"));
   p.ItemHeightAuto = false;
   p.ItemHeight = themed(kPageRow);
-  p.ItemTextLeft = themed(kPageTextLeft);
+  p.ItemTextLeft = themed(hasIcons ? kPageTextLeft : kPageIconLeft);
   p.ScrollBarWidth = themed(kPageBar);
   p.WordWrap = false;
   return p;
@@ -37,7 +37,7 @@ CoolListProperties pageListProperties() {
 
 PageList::PageList(const QString& name, const QString& emptyText, std::span<const char* const> icons,
                    QWidget* parent)
-    : CoolListView(parent, pageListProperties()), emptyText_(emptyText), icons_(icons) {
+    : CoolListView(parent, pageListProperties(!icons.empty())), emptyText_(emptyText), icons_(icons) {
   setAccessibleName(name);
   setFace();
   events.ListIndexChange = [this] {
@@ -50,12 +50,13 @@ void PageList::setFace() {
   look.emptyText = emptyText_;
   look.elide = Qt::ElideMiddle;
   look.iconLeft = themed(kPageIconLeft);
+  look.trailing = [this](int index) { return trailing ? trailing(index) : QString(); };
   look.toolTip = [this](int index) {
     const auto row = static_cast<std::size_t>(index);
     return row < rows_.size() ? shown(rows_[row].fault) : QString();
   };
   setLook(std::move(look));
-  setProperties(pageListProperties());
+  setProperties(pageListProperties(!icons_.empty()));
   std::vector<QPixmap> icons;
   for (const auto colour : {token("text3"), token("teal")}) {
     for (const auto* icon : icons_)
@@ -73,8 +74,9 @@ void PageList::drawRows(std::vector<Row> rows, int ListIndex) {
     items.reserve(rows_.size());
     for (const auto& row : rows_) {
       const auto kinds = static_cast<int>(icons_.size());
-      const int icon = row.fault.empty() ? row.icon : 2 * kinds;
-      const int chosen = row.fault.empty() ? row.icon + kinds : icon;
+      const bool isFaulty = !row.fault.empty();
+      const int icon = isFaulty ? 2 * kinds : kinds == 0 ? -1 : row.icon;
+      const int chosen = isFaulty || kinds == 0 ? icon : row.icon + kinds;
       items.push_back(
           {row.text, static_cast<std::int16_t>(icon + 1), static_cast<std::int16_t>(chosen + 1), false});
     }

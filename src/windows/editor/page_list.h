@@ -19,12 +19,16 @@ class PageList : public CoolListView {
     bool operator==(const Row&) const = default;
   };
 
-  /// `icons` are names of the theme's, and outlive the list; `emptyText` stands in it while it has no rows.
+  /// `icons` are names of the theme's, and outlive the list, none for rows without; `emptyText` stands in it
+  /// while it has no rows.
   PageList(const QString& name, const QString& emptyText, std::span<const char* const> icons,
            QWidget* parent);
 
   /// The user has chosen a row.
   std::function<void(int row)> chosen;
+
+  /// What stands at the right of a row. May be empty.
+  std::function<QString(int row)> trailing;
 
   /// Rows, and which of them is chosen; -1 for none.
   void drawRows(std::vector<Row> rows, int ListIndex);

@@ -31,16 +31,16 @@ class Refusal final : public QWidget {
     QApplication::instance()->installEventFilter(this);
   }
 
-  void say(const QPoint& at, const QString& reason) {
+  void say(const QPoint& at, const QString& text, const QString& reason) {
     const double size = themeSize();
     const auto& all = *parentWidget();
     plate_ =
-        SayingPlate({at.x() / size, at.y() / size}, {all.width() / size, all.height() / size}, {}, reason);
+        SayingPlate({at.x() / size, at.y() / size}, {all.width() / size, all.height() / size}, text, reason);
     const auto box = plate_.box();
     setGeometry(QRectF(box.x() * size, box.y() * size, box.width() * size, box.height() * size)
                     .toAlignedRect()
                     .adjusted(-1, -1, 1, 1));
-    setAccessibleName(reason);
+    setAccessibleName(text + reason);
     raise();
     show();
     update();
@@ -105,14 +105,20 @@ class OffWatch final : public QObject {
   QWidget& window_;
 };
 
+Refusal& plateOf(QWidget& window) {
+  auto* found = window.findChild<QWidget*>(kWhyNot, Qt::FindDirectChildrenOnly);
+  return found != nullptr ? *static_cast<Refusal*>(found) : *made<Refusal>(window);
+}
+
 }  // namespace
 
 void refuse(QWidget& where, const QPoint& at, const QString& reason) {
-  if (reason.isEmpty()) return;
-  auto& window = *where.window();
-  auto* found = window.findChild<QWidget*>(kWhyNot, Qt::FindDirectChildrenOnly);
-  auto* plate = found != nullptr ? static_cast<Refusal*>(found) : made<Refusal>(window);
-  plate->say(where.mapTo(&window, at), reason);
+  if (!reason.isEmpty()) plateOf(*where.window()).say(where.mapTo(where.window(), at), {}, reason);
+}
+
+void say(QWidget& where, const QString& text) {
+  const auto middle = where.mapTo(where.window(), where.rect().center());
+  if (!text.isEmpty()) plateOf(*where.window()).say(middle, text, {});
 }
 
 void refuse(QWidget& where, const QString& reason) { refuse(where, where.rect().center(), reason); }

@@ -1,5 +1,5 @@
-// Why something cannot be done, said where the hand is: on a plate over the place, until the next key or
-// click.
+// Why something cannot be done, or that it has been, said where the hand is: on a plate over the place, until
+// the next key or click.
 #pragma once
 
 #include <QString>
@@ -13,6 +13,9 @@ namespace kvo {
 /// nothing.
 void refuse(QWidget& where, const QPoint& at, const QString& reason);
 void refuse(QWidget& where, const QString& reason);
+
+/// The same of what has been done and is not seen.
+void say(QWidget& where, const QString& text);
 
 /// Why a widget, and what lies in it, is off: said when it is clicked. Empty for none.
 void noteWhyNot(QWidget& widget, const QString& reason);

@@ -88,7 +88,7 @@ void FrmKeyframe::makeStrip() {
   strip_->dragged = [this](int line, Long frame, double level) {
     act([&] { dragKeyframe(logic_.editing, state_, logic_.host, line, frame, level); });
   };
-  const auto goTo = [this](int frame) { act([&] { moveToFrame(logic_.editing, state_, frame); }); };
+  const auto goTo = [this](int frame) { act([&] { moveToFrame(state_, frame); }); };
   strip_->wentTo = goTo;
   // In line with the strip's frames: the handle's middle is at its first.
   master_ = put(made<HeadedSlider>(tr("Frame"), this), {30, 136, 700, HeadedSlider::kBareHeight});

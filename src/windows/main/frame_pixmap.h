@@ -1,7 +1,7 @@
 // Pictures of clips as widgets draw them.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <QImage>
 #include <QPixmap>

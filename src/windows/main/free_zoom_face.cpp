@@ -68,18 +68,15 @@ FreeZoomFace::FreeZoomFace(MainWindowState& state, const Logic& logic, WindowAct
 ToolbarPart::Acts FreeZoomFace::toolActs() {
   ToolbarPart::Acts acts{.clicks = {},
                          .steps = stepActs(logic_.positions.stepping, [this] { acted_(); }),
-                         .marks = logic_.positions.marks,
-                         .acted = [this] { acted_(); },
-                         .hover =
-                             [this](double part) {
-                               logic_.hover.over(part);
-                               drawHover();
-                             },
-                         .hoverEnds =
-                             [this] {
-                               logic_.hover.left();
-                               drawHover();
-                             }};
+                         .line = {logic_.positions.marks, [this] { acted_(); },
+                                  [this](double part) {
+                                    logic_.hover.over(part);
+                                    drawHover();
+                                  },
+                                  [this] {
+                                    logic_.hover.left();
+                                    drawHover();
+                                  }}};
   const auto of = [&](HitLabel label) -> std::function<void()>& {
     return acts.clicks[static_cast<std::size_t>(label)];
   };

@@ -58,8 +58,8 @@ ListPart::ListPart(ClipListState& state, const ListKeysState& keys, Logic logic,
       caption_(made<FaceLabel>(kListCaption, LabelLook{.weight = QFont::DemiBold}, this)),
       list_(made<CoolListView>(this, frameless())) {
   list_->setAccessibleName(tr("Clips"));
-  const std::array<QString, 5> names = {tr("Move up"), tr("Move down"), tr("Add media"), tr("Remove"),
-                                        tr("Sort")};
+  const std::array<QString, 5> names = {tr("Advance Clip in playlist"), tr("Move clip down in playlist"),
+                                        tr("Add media"), tr("Remove"), tr("Sort")};
   constexpr std::array kShortcuts = {"Ctrl+Up", "Ctrl+Down", "Ins", "Del", ""};
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     keys_[i] = made<KVOBut>(this);

@@ -127,17 +127,17 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
     picture_->box().lookAt(seconds);
     largePicture_->box().lookAt(seconds);
   };
-  SliderPart::Acts slides{logic_.positions.marks, [this] { acted_(); }};
-  slides.look = [look](double seconds) { look(seconds); };
-  slides.lookEnds = [look] { look(std::nullopt); };
-  slides.hover = [this](double part) {
-    logic_.hover.over(part);
-    drawHover();
-  };
-  slides.hoverEnds = [this] {
-    logic_.hover.left();
-    drawHover();
-  };
+  const SliderPart::Acts slides{{logic_.positions.marks, [this] { acted_(); },
+                                 [this](double part) {
+                                   logic_.hover.over(part);
+                                   drawHover();
+                                 },
+                                 [this] {
+                                   logic_.hover.left();
+                                   drawHover();
+                                 }},
+                                [look](double seconds) { look(seconds); },
+                                [look] { look(std::nullopt); }};
   slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
   hover_ = made<HoverPart>(state_.hover, this);
   glass_ = made<GlassPart>(

@@ -1,14 +1,13 @@
 #include "windows/main/slider_part.h"
 
-#include "ui/made.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
 #include "windows/main/part_pictures.h"
 #include "windows/main/slider_handle.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <array>
 
 namespace kvo {
 namespace {
@@ -28,63 +27,31 @@ constexpr double kMarkWidth = 8;
 }  // namespace
 
 SliderPart::SliderPart(const SliderState& state, const Acts& acts, const std::string& folder, QWidget* parent)
-    : QWidget(parent),
-      state_(state),
-      acts_(acts),
-      folder_(folder),
-      handles_{made<SliderHandle>(tr("Position"), this), made<SliderHandle>(tr("Mark-In"), this),
-               made<SliderHandle>(tr("Mark-Out"), this)} {
-  for (auto* handle : handles_) {
-    handle->partAt = [this](const QPoint& global) { return lineAt(mapFromGlobal(global).x()); };
-    handle->setMouseTracking(true);
-    handle->installEventFilter(this);
-    handle->hide();
-  }
-  setMouseTracking(true);
-  connectHandle(Position);
-  connectHandle(MarkIn);
-  connectHandle(MarkOut);
+    : HeldLine(acts.line, parent), state_(state), acts_(acts), folder_(folder) {
+  addHandle(tr("Position"), SliderHandleId::ImageBlob);
+  addHandle(tr("Mark-In"), SliderHandleId::Img_MarkIn);
+  addHandle(tr("Mark-Out"), SliderHandleId::Img_MarkOut);
 }
 
-void SliderPart::connectHandle(Handle which) {
-  auto* handle = handles_[which];
-  const auto id = static_cast<SliderHandleId>(which);
-  handle->taken = [this, id] { return acts_.marks.press(id); };
-  handle->moving = [this, handle, id](double part) {
-    acts_.marks.drag(id, part);
-    place(*handle);
-    update();
-    if (acts_.look) acts_.look(part * state_.length);
-  };
-  handle->letGo = [this, id] {
-    if (acts_.lookEnds) acts_.lookEnds();
-    acts_.marks.release(id, MouseKey::Left);
-    acts_.acted();
-  };
-  handle->put = [this, id](double part) {
-    acts_.marks.put(id, part);
-    acts_.acted();
-  };
-  if (which == Position) return;
-  handle->reset = [this, id] {
-    acts_.marks.reset(id);
-    acts_.acted();
-  };
+void SliderPart::moved(SliderHandle& handle) {
+  place(handle);
+  update();
+  acts_.look(handle.part() * state_.length);
 }
 
 void SliderPart::layOut(const FaceScale& scale) {
   scale_ = scale;
   setGeometry(placedIn(*parentWidget(), scale, kSliderPlace));
   constexpr std::array kPictures = {"ImageBlob.bmp", "Img_MarkIn.bmp", "Img_MarkOut.bmp"};
-  for (std::size_t i = 0; i < handles_.size(); ++i) {
-    handles_[i]->setPicture(partPicture(folder_ + kPictures[i], scale.size(), devicePixelRatio()));
-    place(*handles_[i]);
+  for (std::size_t i = 0; i < handles().size(); ++i) {
+    handles()[i]->setPicture(partPicture(folder_ + kPictures[i], scale.size(), devicePixelRatio()));
+    place(*handles()[i]);
   }
   update();
 }
 
 double SliderPart::part(Handle handle) const {
-  const auto* held = handles_[handle];
+  const auto* held = handles()[handle];
   return held->isDragged()    ? held->part()
          : handle == Position ? state_.position
          : handle == MarkIn   ? state_.markIn
@@ -96,18 +63,16 @@ double SliderPart::lineAt(int x) const {
   return (x / scale_.size() + kSliderPlace.left() - kLineFrom) / (kLineTo - kLineFrom);
 }
 
-double SliderPart::partAt(int x) const { return std::clamp(lineAt(x), 0.0, 1.0); }
-
 // The position stands on its place, a mark beside it: Mark-In with its right edge there, Mark-Out with its
 // left one.
 void SliderPart::place(SliderHandle& handle) const {
   const double at = kLineFrom + handle.part() * (kLineTo - kLineFrom);
   QRectF hit(at - kHandleReach / 2, kSliderPlace.top(), kHandleReach, kSliderPlace.height());
   double pictureLeft = at - kHandleSide / 2;
-  if (&handle == handles_[MarkIn]) {
+  if (&handle == handles()[MarkIn]) {
     hit.setRect(at - kMarkReach, kSliderPlace.top(), kMarkReach + kMarkInside, kSliderPlace.height());
     pictureLeft = at - kMarkWidth;
-  } else if (&handle == handles_[MarkOut]) {
+  } else if (&handle == handles()[MarkOut]) {
     hit.setRect(at - kMarkInside, kSliderPlace.top(), kMarkReach + kMarkInside, kSliderPlace.height());
     pictureLeft = at;
   }
@@ -121,7 +86,7 @@ void SliderPart::place(SliderHandle& handle) const {
 
 void SliderPart::draw() {
   for (const auto which : {Position, MarkIn, MarkOut}) {
-    auto* handle = handles_[which];
+    auto* handle = handles()[which];
     handle->setPart(part(which));
     handle->setVisible(state_.handles);
     if (!handle->isDragged()) place(*handle);
@@ -131,47 +96,15 @@ void SliderPart::draw() {
   update();
 }
 
-std::vector<QWidget*> SliderPart::tabOrder() const { return {handles_.begin(), handles_.end()}; }
+std::vector<QWidget*> SliderPart::tabOrder() const { return {handles().begin(), handles().end()}; }
 
 QPoint SliderPart::over(double part) const {
   const double x = kLineFrom + part * (kLineTo - kLineFrom) - kSliderPlace.left();
   return {scale_.at(x), scale_.at(kSliderPlate.top() - kSliderPlace.top())};
 }
 
-// What is being dragged is seen in the clip's own picture.
-void SliderPart::hoverAt(int x) {
-  if (!acts_.hover) return;
-  const bool drags = std::any_of(handles_.begin(), handles_.end(), [](auto* h) { return h->isDragged(); });
-  drags || !state_.handles ? acts_.hoverEnds() : acts_.hover(partAt(x));
-}
-
-void SliderPart::mouseMoveEvent(QMouseEvent* event) {
-  const int x = event->position().toPoint().x();
-  handles_[Position]->dragTo(partAt(x));
-  hoverAt(x);
-}
-
-void SliderPart::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) handles_[Position]->drop();
-}
-
-bool SliderPart::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseMove)
-    hoverAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()).x());
-  return QWidget::eventFilter(watched, event);
-}
-
-void SliderPart::leaveEvent(QEvent* /*event*/) {
-  if (acts_.hoverEnds) acts_.hoverEnds();
-}
-
-void SliderPart::mousePressEvent(QMouseEvent* event) {
-  const bool onLine = placedIn(*this, scale_, kSliderPlate).contains(event->position().toPoint());
-  if (event->button() != Qt::LeftButton || !onLine || !state_.handles) return event->ignore();
-  // The position goes there, and on with the pointer.
-  auto* handle = handles_[Position];
-  handle->take();
-  handle->dragTo(partAt(event->position().toPoint().x()));
+bool SliderPart::takes(const QPoint& at) const {
+  return state_.handles && placedIn(*this, scale_, kSliderPlate).contains(at);
 }
 
 void SliderPart::paintEvent(QPaintEvent* /*event*/) {

@@ -12,9 +12,8 @@ constexpr QRectF kToolBar(0, 23.4, 12, 2);  // the bar of one that is lit, from 
 
 }  // namespace
 
-ToolKey::ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWidth, const QString& name,
-                 QWidget* parent)
-    : HoverKey(parent), picture_(picture), glyphLeft_(glyphLeft), glyphWidth_(glyphWidth) {
+ToolKey::ToolKey(const ToolbarPicture& picture, const QString& name, QWidget* parent)
+    : HoverKey(parent), picture_(picture) {
   setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard where it is
   setAccessibleName(name);
   setToolTip(name);
@@ -23,6 +22,11 @@ ToolKey::ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWi
 void ToolKey::layOut(const FaceScale& scale) {
   scale_ = scale;
   update();
+}
+
+void ToolKey::setGlyph(double left, double width) {
+  glyphLeft_ = left;
+  glyphWidth_ = width;
 }
 
 void ToolKey::setLit(bool lit) {

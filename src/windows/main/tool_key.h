@@ -13,11 +13,12 @@ class ToolKey : public HoverKey {
   Q_DECLARE_TR_FUNCTIONS(kvo::ToolKey)
 
  public:
-  /// `picture` outlives the key. Left and width of the glyph in it are parts of its width.
-  ToolKey(const ToolbarPicture& picture, double glyphLeft, double glyphWidth, const QString& name,
-          QWidget* parent);
+  /// `picture` outlives the key.
+  ToolKey(const ToolbarPicture& picture, const QString& name, QWidget* parent);
 
   void layOut(const FaceScale& scale);
+  /// The glyph in the picture; left and width are parts of its width.
+  void setGlyph(double left, double width);
   void setLit(bool lit);
 
  protected:
@@ -25,8 +26,8 @@ class ToolKey : public HoverKey {
 
  private:
   const ToolbarPicture& picture_;
-  double glyphLeft_;
-  double glyphWidth_;
+  double glyphLeft_ = 0;
+  double glyphWidth_ = 0;
   FaceScale scale_;
   bool lit_ = false;
 };

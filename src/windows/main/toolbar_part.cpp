@@ -11,6 +11,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -19,31 +20,25 @@ namespace {
 
 constexpr double kLabelTop = 2;
 constexpr double kLabelHigh = 28;
-constexpr double kDesignWidth = 7590;  // units that the table's lefts are counted in
-constexpr double kLabelWide = 400;
 constexpr double kBlobSide = 13;                                    // of the handle's picture
 constexpr double kBlobReach = 24;                                   // of what takes the mouse about it
 constexpr std::array kSeparators = {84.5, 246.17, 368.83, 410.17};  // of a picture 506 wide
 constexpr double kPictureWide = 506;
 
-struct ToolRow {
-  double left;  ///< of the glyph in the picture, in units of the design's width
-  const char* name;
+constexpr std::array<const char*, kHitLabels> kNames = {
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Play"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Pause"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Rewind 5 frames"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame back"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame forward"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Advance 5 frames"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "A quarter of the speed"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Half the speed"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Twice the speed"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Slider"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Full Screen Mode"),
+    QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Normal Mode"),
 };
-constexpr std::array<ToolRow, kHitLabels> kTools = {{
-    {0, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Play")},
-    {750, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Pause")},
-    {1400, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Rewind 5 frames")},
-    {2000, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame back")},
-    {2570, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "One frame forward")},
-    {3200, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Advance 5 frames")},
-    {3800, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "A quarter of the speed")},
-    {4450, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Half the speed")},
-    {5100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Twice the speed")},
-    {5580, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Slider")},
-    {6340, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Full Screen Mode")},
-    {7100, QT_TRANSLATE_NOOP("kvo::ToolbarPart", "Normal Mode")},
-}};
 
 std::optional<Step> stepOf(HitLabel label) {
   switch (label) {
@@ -64,14 +59,13 @@ std::optional<Step> stepOf(HitLabel label) {
 
 ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder,
                          QWidget* parent)
-    : QWidget(parent),
+    : HeldLine(acts.line, parent),
       state_(state),
       acts_(acts),
       folder_(folder),
-      handle_(made<SliderHandle>(tr("Position"), this)) {
+      handle_(addHandle(tr("Position"), SliderHandleId::ImageBlob)) {
   for (std::size_t i = 0; i < kHitLabels; ++i) {
-    keys_[i] = made<ToolKey>(picture_, kTools[i].left / kDesignWidth, kLabelWide / kDesignWidth,
-                             tr(kTools[i].name), this);
+    keys_[i] = made<ToolKey>(picture_, tr(kNames[i]), this);
     if (const auto step = stepOf(static_cast<HitLabel>(i))) {
       acts_.steps.serve(*keys_[i], *step);
       keys_[i]->setEnabled(static_cast<bool>(acts_.steps.release));
@@ -80,29 +74,7 @@ ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const s
     if (acts_.clicks[i]) connect(keys_[i], &ToolKey::clicked, acts_.clicks[i]);
     keys_[i]->setEnabled(static_cast<bool>(acts_.clicks[i]));
   }
-  setMouseTracking(true);
-  connectHandle();
-}
-
-void ToolbarPart::connectHandle() {
-  constexpr auto kBlob = SliderHandleId::ImageBlob;
-  handle_->partAt = [this](const QPoint& global) { return partAt(mapFromGlobal(global).x()); };
-  handle_->setMouseTracking(true);
-  handle_->installEventFilter(this);
   handle_->lower();  // below the keys, whose feet it reaches
-  handle_->taken = [this] { return acts_.marks.press(kBlob); };
-  handle_->moving = [this](double part) {
-    acts_.marks.drag(kBlob, part);
-    draw();
-  };
-  handle_->letGo = [this] {
-    acts_.marks.release(kBlob, MouseKey::Left);
-    acts_.acted();
-  };
-  handle_->put = [this](double part) {
-    acts_.marks.put(kBlob, part);
-    acts_.acted();
-  };
 }
 
 void ToolbarPart::layOut(const FaceScale& scale) {
@@ -136,15 +108,17 @@ QString ToolbarPart::tipOf(HitLabel label) const {
   if (step != Step::Rew5 && step != Step::Adv5) return plainTip(told(state_.mode.toolbar[label].toolTip));
   const auto& tips = state_.transport.tips;
   const auto tip = plainTip(told(step == Step::Rew5 ? tips.rewind : tips.advance));
-  return tip.isEmpty() ? tr(kTools[static_cast<std::size_t>(label)].name) : tip;
+  return tip.isEmpty() ? tr(kNames[static_cast<std::size_t>(label)]) : tip;
 }
 
 void ToolbarPart::draw() {
+  const Twips whole = std::max(state_.mode.toolbar.Img_Toolbar.place.width, 1.0);
   for (std::size_t i = 0; i < kHitLabels; ++i) {
     const auto label = static_cast<HitLabel>(i);
     const auto& place = state_.mode.toolbar[label];
     auto& key = *keys_[i];
     key.setVisible(place.visible);
+    key.setGlyph(place.left / whole, place.width / whole);
     key.setGeometry(pixels(place.left), scale_.at(kLabelTop), pixels(place.width), scale_.at(kLabelHigh));
     key.setLit(isLit(label));
     const auto tip = tipOf(label);
@@ -170,7 +144,7 @@ void ToolbarPart::placeHandle() {
   handle_->setVisible(showsLine());
 }
 
-double ToolbarPart::partAt(int x) const {
+double ToolbarPart::lineAt(int x) const {
   return percentOnLine(state_.mode.slider, x * state_.mode.twipsPerPixel()) / 100;
 }
 
@@ -178,7 +152,7 @@ double ToolbarPart::partAt(int x) const {
 bool ToolbarPart::showsLine() const { return state_.mode.slider.ImageBlob.visible && state_.slider.handles; }
 
 // From the feet of the keys down.
-bool ToolbarPart::isOnLine(const QPoint& at) const {
+bool ToolbarPart::takes(const QPoint& at) const {
   const auto& slider = state_.mode.slider;
   return showsLine() && at.y() >= scale_.at(kLabelTop + kLabelHigh) && at.x() >= pixels(slider.X1) &&
          at.x() <= pixels(slider.X2);
@@ -188,40 +162,9 @@ QPoint ToolbarPart::below(double part) const {
   return {pixels(placeOnLine(state_.mode.slider, part * 100)), height()};
 }
 
-// What is being dragged is seen in the clip's own picture.
-void ToolbarPart::hoverAt(const QPoint& at) {
-  if (!acts_.hover) return;
-  isOnLine(at) && !handle_->isDragged() ? acts_.hover(partAt(at.x())) : acts_.hoverEnds();
-}
-
 void ToolbarPart::mouseMoveEvent(QMouseEvent* event) {
-  const auto at = event->position().toPoint();
-  handle_->dragTo(partAt(at.x()));
-  hoverAt(at);
+  HeldLine::mouseMoveEvent(event);
   event->ignore();  // the face looks whether the mouse rests
-}
-
-// The position goes there, and on with the pointer.
-void ToolbarPart::mousePressEvent(QMouseEvent* event) {
-  const auto at = event->position().toPoint();
-  if (event->button() != Qt::LeftButton || !isOnLine(at)) return event->ignore();
-  handle_->take();
-  handle_->dragTo(partAt(at.x()));
-  hoverAt(at);
-}
-
-void ToolbarPart::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) handle_->drop();
-}
-
-bool ToolbarPart::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseMove)
-    hoverAt(mapFromGlobal(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()));
-  return QWidget::eventFilter(watched, event);
-}
-
-void ToolbarPart::leaveEvent(QEvent* /*event*/) {
-  if (acts_.hoverEnds) acts_.hoverEnds();
 }
 
 void ToolbarPart::paintEvent(QPaintEvent* /*event*/) {

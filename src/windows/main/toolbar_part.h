@@ -1,14 +1,13 @@
 // The toolbar of Free Zoom: twelve labels over its picture, and the line of the slider.
 #pragma once
 
-#include "playback/positions/marks.h"
 #include "program/main_window_state.h"
 #include "windows/main/face_scale.h"
+#include "windows/main/held_line.h"
 #include "windows/main/step_acts.h"
 #include "windows/main/toolbar_picture.h"
 
 #include <QCoreApplication>
-#include <QWidget>
 #include <array>
 #include <functional>
 #include <string>
@@ -16,10 +15,9 @@
 
 namespace kvo {
 
-class SliderHandle;
 class ToolKey;
 
-class ToolbarPart : public QWidget {
+class ToolbarPart : public HeldLine {
   Q_DECLARE_TR_FUNCTIONS(kvo::ToolbarPart)
 
  public:
@@ -27,10 +25,7 @@ class ToolbarPart : public QWidget {
     /// What the labels do, in their order. One that does nothing yet is disabled.
     std::array<std::function<void()>, kHitLabels> clicks;
     StepActs steps;
-    Marks& marks;
-    std::function<void()> acted;               ///< called behind each act on the slider
-    std::function<void(double part)> hover{};  ///< the pointer is at this part of the line
-    std::function<void()> hoverEnds{};
+    HeldLine::Acts line;
   };
 
   /// `folder` is the program's, with its pictures in "Buttons/" and "Parts/".
@@ -42,23 +37,19 @@ class ToolbarPart : public QWidget {
   [[nodiscard]] QPoint below(double part) const;
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-  void leaveEvent(QEvent* event) override;
+  [[nodiscard]] double lineAt(int x) const override;
+  [[nodiscard]] bool takes(const QPoint& at) const override;
+  [[nodiscard]] bool hears(const QPoint& at) const override { return takes(at); }
+  void moved(SliderHandle& /*handle*/) override { draw(); }
   void mouseMoveEvent(QMouseEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   [[nodiscard]] int pixels(Twips twips) const;
   [[nodiscard]] bool isLit(HitLabel label) const;
   [[nodiscard]] QString tipOf(HitLabel label) const;
-  [[nodiscard]] double partAt(int x) const;
-  [[nodiscard]] bool isOnLine(const QPoint& at) const;
   [[nodiscard]] bool showsLine() const;
-  void hoverAt(const QPoint& at);
   void placeHandle();
-  void connectHandle();
 
   // Of the slider: what is painted below the labels.
   struct Line {

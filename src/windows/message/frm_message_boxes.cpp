@@ -110,10 +110,12 @@ StyledAnswer FrmMessageBoxes::showStyled(const StyledBox& box) {
                           .icon = box.icon});
 }
 
-std::optional<std::string> FrmMessageBoxes::ask(const std::string& title, const std::string& prompt) {
+std::optional<std::string> FrmMessageBoxes::ask(const std::string& title, const std::string& prompt,
+                                                const std::string& text) {
   ahead_();
   MessageQuestion question;
   question.face.asksForText = true;
+  question.face.text = shown(text);
   MessageWindow window(madeOf(question, {.caption = title,
                                          .text = told(prompt).trimmed().toStdString(),
                                          .buttons = BoxButtons::OkCancel,

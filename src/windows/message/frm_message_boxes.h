@@ -17,7 +17,8 @@ class FrmMessageBoxes : public MessageBoxes, public TextQuestions {
 
   Answer show(const Box& box) override;
   StyledAnswer showStyled(const StyledBox& box) override;
-  std::optional<std::string> ask(const std::string& title, const std::string& prompt) override;
+  std::optional<std::string> ask(const std::string& title, const std::string& prompt,
+                                 const std::string& text) override;
 
  private:
   std::function<void()> ahead_;

@@ -188,6 +188,11 @@ TEST(Document, ClipSoundFadesAndSilence) {
   // A clip without sound is silent once; then it has no sound track.
   expectGolden(b, "clip-sound.xtl", "clip-sound-again.xtl");
   EXPECT_FALSE(b.collection.MovieList[3].RenderAudio());
+  b.streams.all.erase("/v/short.avi");
+  b.streams.all["/v/a.avi"] = {.hasVideo = true};  // presumed: nobody has looked into it
+  compileText(b.editing);
+  EXPECT_TRUE(b.collection.MovieList[4].RenderAudio()) << "a file that is away comes back with its sound";
+  EXPECT_TRUE(faded.RenderAudio());
 }
 
 TEST(Document, ATimingPassWritesNoTransitions) {

@@ -2,6 +2,7 @@
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_elements.h"
 #include "editor/compiler/effect_word.h"
+#include "editor/compiler/keyframe_copies.h"
 #include "editor/compiler/transition_element.h"
 #include "editor/compiler/transition_names.h"
 #include "editor/tabs/effects_file.h"
@@ -10,6 +11,7 @@
 #include "support/fakes.h"
 #include "support/golden.h"
 
+#include <cmath>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -207,24 +209,129 @@ TEST(Keyframes, BlurAndMotionBlurHaveTheirOwnParameters) {
   test::expectGolden("keyframes-blur.txt", effects(b, wordWith({43, 44})));
 }
 
+std::string written(const Bench& b, int clip, const char* name, int effectNo) {
+  return WriteKeyframesToTimeLine(KeyframeIndex(b.collection), TimelineClips(b.collection)[clip], name,
+                                  effectNo, 25);
+}
+
 TEST(Keyframes, NumbersAndOrderAtTheirEdges) {
   Bench b;
   addLevels(b.addVideo("a.avi", 1, 5));
   addKeyframe(b, 8, 25, 0, "10", 40);
-  const auto written = [&](const char* name, int effectNo) {
-    return WriteKeyframesToTimeLine(KeyframeIndex(b.collection), TimelineClips(b.collection)[1], name,
-                                    effectNo, 25);
-  };
-  EXPECT_EQ(written("Transparency", 8), std::string(20, ' ') +
-                                            "<param name=\"Transparency\" value=\"40\">\r\n" +
-                                            std::string(20, ' ') + "</param>\r\n")
+  EXPECT_EQ(written(b, 1, "Transparency", 8), std::string(20, ' ') +
+                                                  "<param name=\"Transparency\" value=\"40\">\r\n" +
+                                                  std::string(20, ' ') + "</param>\r\n")
       << "one keyframe stands as it is";
-  addKeyframe(b, 8, 30, 0.2, "9", 0);
-  addKeyframe(b, 8, 30, 0.2, "10", 0);
-  const auto text = written("Control1Value", 8);
+  addKeyframe(b, 8, 30, 1.2, "9", 0);
+  addKeyframe(b, 8, 30, 1.2, "10", 0);
+  const auto text = written(b, 1, "Control1Value", 8);
   EXPECT_LT(text.find("time=\"000000.2\"  value=\"10\""), text.find("time=\"000000.2\"  value=\"9\""))
       << text;
-  EXPECT_EQ(written("Control1Value", 99), "");
+  EXPECT_EQ(written(b, 1, "Control1Value", 99), "");
+}
+
+/// What a parameter of a document comes to at a time.
+double valueIn(const std::string& text, double time) {
+  const auto after = [&](std::string_view mark, std::size_t from) {
+    const auto at = text.find(mark, from);
+    return at == std::string::npos ? at : at + mark.size();
+  };
+  auto at = after("value=\"", 0);
+  double from = 0;
+  double value = std::stod(text.substr(at));
+  while ((at = after("time=\"", at)) != std::string::npos) {
+    const double to = std::stod(text.substr(at));
+    const double next = std::stod(text.substr(after("value=\"", at)));
+    if (time < to) return value + (next - value) * (time - from) / (to - from);
+    from = to;
+    value = next;
+  }
+  return value;
+}
+
+// Keyframes lie at 4, 6 and 10 seconds of the file, a base one ahead of them.
+TEST(Keyframes, CountFromTheMarkInAtTheSpeedOfTheClip) {
+  struct Row {
+    double markIn, markOut;
+    Single speed;
+    std::string lines;  // of control 1: what it begins with, then times and values
+  };
+  for (const auto& row : {Row{0, 20, 10, "0 4:40 6:60 10:20 "}, Row{3, 20, 10, "0 1:40 3:60 7:20 "},
+                          Row{3, 20, 20, "0 0.5:40 1.5:60 3.5:20 "}, Row{3, 20, 5, "0 2:40 6:60 14:20 "},
+                          Row{4, 20, 10, "40 2:60 6:20 "}, Row{8, 20, 10, "40 2:20 "},
+                          Row{5, 6, 10, "50 1:60 "}, Row{12, 20, 10, "20 "}}) {
+    Bench b;
+    auto& clip = b.addVideo("a.avi", row.markIn, row.markOut);
+    clip.KeyID(7);
+    clip.Playspeed(row.speed);
+    addKeyframe(b, 8, 75, 0, "0", 0);  // wherever the Mark-In was
+    for (const auto& [time, value] : {std::pair{4, "40"}, {6, "60"}, {10, "20"}})
+      addKeyframe(b, 8, time * 25, time, value, 0);
+    std::string lines;
+    const auto text = written(b, 1, "Control1Value", 8);
+    for (std::size_t at = 0, end = 0; (at = text.find("value=\"", end)) != std::string::npos;) {
+      const auto time = text.rfind("time=\"", at);
+      if (end > 0) lines += ShortText(std::stod(text.substr(time + 6))) + ":";
+      end = text.find('"', at + 7);
+      lines += text.substr(at + 7, end - at - 7) + " ";
+    }
+    EXPECT_EQ(lines, row.lines) << row.markIn << " at " << row.speed;
+  }
+}
+
+TEST(Keyframes, OfOneEffectLeaveAnotherAlone) {
+  Bench b;
+  addLevels(b.addVideo("a.avi", 2, 5));
+  addKeyframe(b, 9, 50, 0, "1", 0);
+  const auto text = effects(b, wordWith({43, 44}));
+  EXPECT_TRUE(holds(text, "<param name=\"PixelRadius\" value=\"4\"/>")) << text;
+  EXPECT_TRUE(holds(text, "<param name=\"Strength\" value=\"14\"/>")) << text;
+  addKeyframe(b, kMotionBlurEffect, 50, 0, "14", 0).Param[1] = Value("20");
+  EXPECT_TRUE(holds(effects(b, wordWith({44})), "<param name=\"Direction\" value=\"20\">"))
+      << "also behind a Mark-In";
+}
+
+// Both parts of a clip look as the whole did, whatever moves in it.
+TEST(Keyframes, ASplitIsNotSeen) {
+  using Points = std::vector<std::pair<double, int>>;  // seconds of the file, value
+  for (const auto& points :
+       {Points{{0, 30}}, Points{{0, 0}, {10, 90}}, Points{{0, 70}, {4, 20}, {9, 60}},
+        Points{{0, 60}, {4, 40}, {10, 0}}, Points{{0, 10}, {9, 50}, {14, 0}}, Points{{5, 40}, {9, 10}}}) {
+    for (const int effect : {8, kBlurEffect, kMotionBlurEffect}) {
+      for (const double cut : {3.0, 4.0, 6.5, 11.0}) {
+        Bench b;
+        auto& clip = b.addVideo("a.avi", 2, 12);
+        clip.KeyID(7);
+        clip.Playspeed(20);
+        for (const auto& [time, value] : points)
+          addKeyframe(b, effect, static_cast<Long>(time * 25), time, std::to_string(value),
+                      static_cast<Single>(value));
+        const char* const params[] = {"Control1Value", "Transparency"};
+        const char* const motion[] = {"Strength", "Direction"};
+        for (const auto* name : effect == kMotionBlurEffect ? motion : params) {
+          Bench parts;
+          const auto whole = written(b, 1, name, effect);
+          auto& first = parts.collection.MovieList.add(clip);
+          for (int i = 1; i <= b.collection.KeyframeList.count(); ++i)
+            parts.collection.KeyframeList.add(b.collection.KeyframeList[i]);
+          auto& second = parts.collection.MovieList.add(clip);
+          second.KeyID(8);
+          second.LoopStart(Value(cut));
+          first.LoopEnd(Value(cut - 0.01));
+          auto behind = keyframesOfCopy(parts.collection, clip, second, 25);
+          endKeyframes(parts.collection, clip, first, 25);
+          for (auto& k : behind) parts.collection.KeyframeList.add(std::move(k));
+          for (const double at : {2.0, 2.5, 3.9, 4.1, 6.4, 6.6, 9.5, 11.9}) {
+            const int part = at < cut ? 1 : 2;
+            EXPECT_NEAR(valueIn(written(parts, part, name, effect), (at - (part == 1 ? 2 : cut)) / 2),
+                        valueIn(whole, (at - 2) / 2), 0.01)
+                << name << " of " << effect << " at " << at << " cut at " << cut << "\n"
+                << whole << written(parts, part, name, effect);
+          }
+        }
+      }
+    }
+  }
 }
 
 TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
@@ -258,8 +365,7 @@ TEST(Keyframes, ComeAndGoByTheirRules) {
   addKeyframe(b, 8, 120, 4.8, "1", 0);
   b.collection.MovieList[1].LoopStart(Value(1));
   EXPECT_EQ(AddKeyFramesToList(b.editing),
-            (std::vector<std::string>{"IGNORED - Point before Mark In - Keyframe No = 0000000",
-                                      "Keyframe No = 0000050",
+            (std::vector<std::string>{"Keyframe No = 0000025", "Keyframe No = 0000050",
                                       "IGNORED - Point after Mark Out - Keyframe No = 0000120"}));
   KillAllKeyframeData(b.editing);
   EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "the base keyframe stays";

@@ -1,18 +1,12 @@
-// The open editor on a collection, in virtual time.
-#include "editor/desk/editor_desk.h"
-
+// What the tabs of the open editor have in common.
 #include "editor/desk/clip_stats.h"
+#include "editor/desk/desk_bench.h"
 #include "editor/desk/file_watch.h"
 #include "editor/desk/snapshot.h"
-#include "editor/desk/timeline_desk.h"
 #include "editor/desk/values_beside.h"
 #include "editor/tabs/audio_tab.h"
-#include "editor/tabs/preview.h"
-#include "editor/tabs/stills_tab.h"
-#include "support/program_bench.h"
 
 #include <chrono>
-#include <mutex>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -20,246 +14,7 @@
 namespace kvo {
 namespace {
 
-using test::ProgramBench;
-
-struct NotedPreview : DeskPreview {
-  std::string asked;
-  bool plays = false;
-  void KillPreview() override {
-    asked += "kill ";
-    plays = false;
-  }
-  void sample(Sample /*what*/, int clipNo) override { asked += "sample" + std::to_string(clipNo) + " "; }
-  [[nodiscard]] bool isPlaying() const override { return plays; }
-  void movieIsStale() override {}
-};
-
-/// Streams that can be kept waiting for.
-struct HeldStreams : FrameSource {
-  explicit HeldStreams(FrameSource& all) : all(all) {}
-  FrameSource& all;
-  std::mutex held;
-  Result<StreamFacts> facts(const std::string& path) override {
-    const std::lock_guard lock(held);
-    return all.facts(path);
-  }
-  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
-    return all.frame(path, seconds, width, height);
-  }
-};
-
-/// Three films, a still and a song on the desk; what it asks of others is noted.
-struct DeskBench : ProgramBench {
-  explicit DeskBench(int films = 3) {
-    for (int i = 1; i <= films; ++i) {
-      auto& clip = addVideo("film" + std::to_string(i) + ".avi", 0, 8);
-      clip.KeyID(i);
-      clip.DurationTime(Value(10));
-      clip.DurationFrames(Value(250));
-      clip.LoopEnd(Value(8));
-      clip.MovieHeight(480);
-    }
-    auto& still = addVideo("photo.jpg", 0, 5);
-    still.IsStill(true);
-    streams.all["/v/photo.jpg"] = {.hasVideo = true, .isStill = true, .width = 640, .height = 480};
-    addMusic("song.mp3", 0, 30);
-    list.whenInHand([this](int number) {
-      told += "load" + std::to_string(number) + " ";
-      inPlayer = number > 0 ? clipFile(clip(number)) : "";
-    });
-    list.fill();
-    list.PreviewMovie(1);
-    ClearDirtyFlags(collection, settings);
-    settings.state.ObjectChange = 0;
-    desk.tabs(notedTabs(), {});
-    listCommands.placedBy([this] { return place; });
-    told.clear();
-  }
-
-  Movie& clip(int number) { return collection.MovieList[number]; }
-  DeskTabs notedTabs() {
-    DeskTabs tabs;
-    for (std::size_t i = 0; i < tabs.size(); ++i) {
-      const auto name = std::to_string(i + 1);
-      tabs[i] = {.restore = [this, name] { told += "restore" + name + " "; },
-                 .enter = [this, name] { told += "enter" + name + " "; },
-                 .follow = [this, name](bool anew) { told += (anew ? "anew" : "follow") + name + " "; }};
-    }
-    return tabs;
-  }
-  MainWindowDoors doors() {
-    const auto note = [this](const char* what) { return [this, what] { told += std::string(what) + " "; }; };
-    return {.Displaymovieinfo = [this](int number) { told += "details" + std::to_string(number) + " "; },
-            .PlayerPause = note("pause"),
-            .PlayerStop = note("stop"),
-            .PlayerGetFileName = [this] { return inPlayer; },
-            .pausePlaying = note("halt"),
-            .place = [this] { return place; },
-            .SetMarkIn = note("markIn"),
-            .SetMarkOut = note("markOut"),
-            .resetMark = [this](bool in) { told += in ? "resetIn " : "resetOut "; },
-            .ShowSliderStuff = note("slider"),
-            .Pic_DigNumbers_Click = note("trimmer"),
-            .AddMoviesm =
-                [this](const std::string& path, int before) {
-                  told += "add" + path + (before > 0 ? " ahead of " + std::to_string(before) : "") + " ";
-                },
-            .mnu_SaveShow_Click = note("saveAs"),
-            .saveAgain = note("save"),
-            .empty = note("empty"),
-            .FrmFileOpenToolsOnOff = [](bool) {}};
-  }
-  void open() {
-    desk.Form_Load();
-    if (!desk.isOpen()) return;
-    while (state.analysing.visible || !state.frame.toolsOn) {
-      if (!loop.workComesHome()) break;
-    }
-    loop.advance(1);
-  }
-  /// What is told in `ticks` ticks of the change watch.
-  std::string tick(int ticks = 1) {
-    told.clear();
-    loop.advance(200 * ticks);
-    return told;
-  }
-  std::string changed(Integer code) {
-    settings.state.ObjectChange = code;
-    return tick();
-  }
-
-  std::string told;
-  std::string inPlayer;
-  std::optional<PlayerPlace> place = PlayerPlace{4, 100};
-  HeldStreams held{streams};
-  PresumedFiles presumed{held};
-  Editing onHeld{collection, settings, editor, presumed, files, boxes, folder, log, clock};
-  EditorWindowState state;
-  NotedPreview preview;
-  EditorDesk desk{{state, window, onHeld, loop, history, list, listCommands, preview, presumed}, doors()};
-};
-
-TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
-  DeskBench b;
-  b.settings.user.LoopPreviews = true;
-  b.settings.adjust().AutoTrimAudio = false;
-  b.collection.IniName = "Holiday.INI";
-  {
-    const std::lock_guard lock(b.held.held);
-    b.desk.Form_Load();
-    EXPECT_FALSE(b.state.analysing.visible) << "it may be done in a moment";
-    b.loop.advance(300);
-    EXPECT_TRUE(b.state.analysing.visible);
-    EXPECT_FALSE(b.state.frame.toolsOn);
-    EXPECT_EQ(b.state.frame.caption, "   Create New Movie from Holiday Collection");
-    b.desk.restoreCaption();
-    EXPECT_EQ(b.state.frame.caption, "   Create New movie from Holiday");
-    b.loop.advance(65 * 500);
-    EXPECT_TRUE(b.state.analysing.visible);
-    b.loop.advance(500);
-    EXPECT_FALSE(b.state.analysing.visible) << "its longest time";
-    EXPECT_EQ(b.told, "");
-  }
-  b.open();
-  EXPECT_EQ(b.told.substr(0, 9), "restore1 ");
-  EXPECT_TRUE(b.boxes.shown.empty());
-  EXPECT_TRUE(b.settings.state.KVOIsInEditMode);
-  EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "029.000");
-  EXPECT_EQ(b.state.totals.Lbl_AudTotal, "030.000(s)");
-  EXPECT_TRUE(b.state.totals.audioIsRed);
-  EXPECT_EQ(b.state.stats.lbl_ClipStats, "Cut 1 Details");
-  EXPECT_FALSE(isDirty(b.collection, b.settings)) << "nobody has changed anything";
-  b.settings.user.LoopPreviews = false;
-  b.told.clear();
-  b.desk.Form_QueryUnload();
-  EXPECT_EQ(b.told, "load1 ");
-  EXPECT_FALSE(b.desk.isOpen());
-  EXPECT_FALSE(b.settings.state.KVOIsInEditMode);
-  EXPECT_TRUE(b.settings.user.LoopPreviews);
-  EXPECT_EQ(b.tick(5), "") << "the watch stands";
-
-  b.collection.MovieList.clear();
-  b.list.fill();
-  b.open();
-  EXPECT_TRUE(b.boxes.shown.empty()) << "the window comes first";
-  b.loop.advance(200);
-  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
-            "KVO - No Video Tracks|No Video Tracks found ?");
-  b.desk.Form_QueryUnload();
-  EXPECT_EQ(b.told.substr(b.told.size() - 6), "empty ");
-  const CommandPass held(b.window);
-  b.desk.Form_Load();
-  EXPECT_FALSE(b.desk.isOpen()) << "another command runs";
-}
-
-TEST(EditorDesk, AnalysingShowsUnlessTheFastOpeningIsWanted) {
-  for (const auto& [fast, there, shows] :
-       {std::tuple{true, true, false}, {true, false, true}, {false, true, true}}) {
-    DeskBench b;
-    b.settings.adjust().KVOFastEdit = fast;
-    if (there) b.files.all["/prog/PreviewDefaults.dat"] = "x";
-    {
-      const std::lock_guard lock(b.held.held);
-      b.desk.Form_Load();
-      b.loop.advance(300);
-      EXPECT_EQ(b.state.analysing.visible, shows);
-    }
-    b.open();
-    EXPECT_FALSE(b.state.analysing.visible);
-  }
-}
-
-// The first time of a run only, with a command to play at each tick.
-TEST(EditorDesk, AnalysingPlaysAFilmOfTheProgramFolderOnce) {
-  DeskBench b;
-  b.files.all["/prog/maybe.wmv"] = "x";
-  for (const char* film : {"/prog/maybe.wmv", ""}) {
-    {
-      const std::lock_guard lock(b.held.held);
-      b.desk.Form_Load();
-      b.loop.advance(300 + 3 * 500);
-      EXPECT_EQ(b.state.analysing.film, film);
-      EXPECT_EQ(b.state.analysing.plays, 3);
-    }
-    b.open();
-    b.desk.Form_QueryUnload();
-    b.addVideo("another.avi", 0, 2);
-  }
-}
-
-TEST(EditorDesk, AnalysingCanBeStoppedAndSaysWhatItHasNotLookedInto) {
-  DeskBench b(7);
-  for (auto& [path, facts] : b.streams.all) facts.hasAudio = true;
-  const auto sounds = [&] {
-    std::string heard;
-    for (int i = 1; i <= 7; ++i) heard += b.clip(i).HasAudio() ? '1' : '0';
-    return heard;
-  };
-  {
-    const std::lock_guard lock(b.held.held);  // the first file does not answer
-    b.desk.Form_Load();
-    b.desk.stopAnalysing();
-    b.loop.advance(1);
-    EXPECT_TRUE(b.state.frame.toolsOn);
-    ASSERT_EQ(b.boxes.shown.size(), 1U);
-    EXPECT_EQ(b.boxes.shown[0].text,
-              "9 of 9 clips have not been looked into. They are taken by their names, without their sound, "
-              "until you choose them:\nfilm1.avi\nfilm2.avi\nfilm3.avi\nfilm4.avi\nfilm5.avi\n...");
-    EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "061.000") << "as their records have them";
-    EXPECT_EQ(sounds(), "0000000");
-    b.list.select(3);
-    b.tick();
-    EXPECT_EQ(sounds(), "0000000") << "nobody waits for it";
-  }
-  while (sounds()[2] == '0' && b.loop.workComesHome()) b.tick();
-  EXPECT_EQ(sounds()[2], '1') << "it has been chosen";
-  EXPECT_EQ(sounds()[4], '0');
-  b.desk.stopAnalysing();
-  EXPECT_EQ(b.boxes.shown.size(), 1U) << "nothing is under way";
-  b.desk.Form_QueryUnload();
-  b.open();
-  EXPECT_EQ(sounds(), "1111111") << "the next opening looks at all";
-}
+using test::DeskBench;
 
 // Which tab hears what, by the change code.
 TEST(EditorDesk, TheWatchTellsTheOpenTab) {
@@ -401,14 +156,16 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
   b.desk.FrmFileOpenToolsOnOff(true);
   EXPECT_EQ(b.state.keys.of(ClipKey::Copy), "");
   b.told.clear();
-  b.desk.saveAgain();
-  b.desk.saveProject();
+  b.collection.IniName = "Holiday.INI";
+  for (const auto& said : {b.desk.saveAgain(), b.desk.saveProject()}) EXPECT_EQ(said, "Saved as Holiday.INI");
+  b.saves = false;
+  EXPECT_EQ(b.desk.saveAgain(), "") << "the box has told why not";
   b.collection.clearLists();
   b.list.fill();
   b.desk.ShowClipStats();
   EXPECT_EQ(b.state.frame.saveOffBecause, "There is nothing to save");
   b.desk.saveAgain();
-  EXPECT_EQ(b.told.substr(0, 12), "save saveAs ");
+  EXPECT_EQ(b.told.substr(0, 17), "save saveAs save ");
 }
 
 TEST(EditorDesk, ADraggedSliderIsOneStepAndTimesTheMovieWhenItIsLetGo) {
@@ -482,36 +239,6 @@ TEST(EditorDesk, WhatTheMovieIsMadeWithIsInTheHistoryToo) {
   EXPECT_EQ(all(), first);
   b.history.redo(6);
   EXPECT_EQ(all(), "over back 2.5 44");
-}
-
-TEST(EditorDesk, WritesTheEffectsTableWhenItClosesWithAnother) {
-  const std::string path = "/prog/EffectParams.dat";
-  DeskBench b;
-  const auto value = [](DeskBench& of) -> std::string& {
-    return of.editor.effects.named("Chrome")->Control[2];
-  };
-  b.open();
-  const auto first = b.files.all[path];
-  b.desk.Form_QueryUnload();
-  EXPECT_EQ(b.files.all[path], first) << "nothing has changed";
-  b.open();
-  value(b) = "44";
-  b.files.failedReplaces = 1;
-  b.desk.Form_QueryUnload();
-  EXPECT_EQ(b.files.all[path], first);
-  b.open();
-  EXPECT_EQ(value(b), "44") << "it lives as long as the run, also where the disk does not take it";
-  b.desk.Form_QueryUnload();
-  DeskBench next;
-  next.files.all[path] = b.files.all[path];
-  {
-    const std::lock_guard lock(next.held.held);
-    next.desk.Form_Load();
-    next.desk.Form_QueryUnload();
-    EXPECT_EQ(next.files.all[path], b.files.all[path]) << "the table has not been read yet";
-  }
-  next.open();
-  EXPECT_EQ(value(next), "44");
 }
 
 TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
@@ -607,101 +334,16 @@ TEST(ClipStats, TellWhatTheRecordHas) {
   b.clip(4).Resolution("N/A");
   EXPECT_EQ(all(clipStats(b.editing, 4, true)),
             "Previewing - Cut 4|photo.jpg|N/A|5.000 (s)|0.00 - 0.00 (s)|N/A|N/A|N/A|No Effects|N/A");
+  b.clip(5).Resolution("44.1 KHz");
+  b.streams.all["/v/song.mp3"].channels = 2;
+  const auto song = clipStats(b.editing, 5, false);
+  EXPECT_TRUE(song.isSound);
+  EXPECT_EQ(song.Lbl_FrameDets + "|" + song.Lbl_Framratedets, "0.00 to 30.00 (s)|44.1 KHz, Stereo");
   for (const bool plays : {true, false}) {
     b.preview.plays = plays;
     b.desk.Displaymovieinfo();
     EXPECT_EQ(b.state.stats.lbl_ClipStats, plays ? "Previewing - Cut 1" : "Cut 1 Details");
   }
-}
-
-// Each wish of the timeline is one step, as the lists' own commands would have made it.
-TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
-  struct Row {
-    const char* step;
-    void (*act)(TimelineDesk&);
-    std::string names;
-  };
-  const Row rows[] = {
-      {"move film3.avi", [](TimelineDesk& desk) { desk.moveTo(3, 1); }, "312ps"},
-      {"Mark-Out on film2.avi",
-       [](TimelineDesk& desk) {
-         desk.setMark({2, ClipEdge::Out, 6, 150});
-       },
-       "123ps"},
-      {"Transition on film2.avi",
-       [](TimelineDesk& desk) {
-         desk.setTransIn({2, 10});
-       },
-       "123ps"},
-      {"Fade on song.mp3",
-       [](TimelineDesk& desk) {
-         desk.setFade({5, ClipEdge::In, 10});
-       },
-       "123ps"},
-      {"remove film2.avi", [](TimelineDesk& desk) { desk.remove(2); }, "13ps"},
-      {"copy film2.avi", [](TimelineDesk& desk) { desk.copy(2); }, "1223ps"},
-      {"split film2.avi", [](TimelineDesk& desk) { desk.split(2, 3); }, "1223ps"},
-      {"add a.avi",
-       [](TimelineDesk& desk) {
-         desk.insertFiles({"/v/x.mp3", "/v/a.avi"}, 2);
-       },
-       "1a23psx"},
-      {"add 2 clips", [](TimelineDesk& desk) { desk.insertFiles({"/f"}, 2); }, "1ac23psb"},
-      {"",
-       [](TimelineDesk& desk) {
-         desk.setTransIn({9, 10}), desk.split(9, 1), desk.moveTo(0, 1);
-       },
-       "123ps"},
-  };
-  for (const auto& row : rows) {
-    DeskBench b;
-    for (const auto* name : {"/v/x.mp3", "/v/a.avi", "/f/a.avi", "/f/b.mp3", "/f/c.avi"})
-      b.files.all[name] = "x";
-    TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
-    row.act(desk);
-    std::string names;
-    for (int i = 1; i <= b.collection.MovieList.count(); ++i) {
-      const auto& name = b.clip(i).MovieName();
-      names += name.starts_with("film") ? name[4] : name[0];
-    }
-    EXPECT_EQ(names, row.names) << row.step;
-    EXPECT_EQ(b.window.history.done,
-              *row.step == 0 ? std::vector<std::string>() : std::vector<std::string>{row.step});
-    b.history.undo();
-    EXPECT_EQ(b.collection.MovieList.count(), 5) << row.step;
-  }
-}
-
-TEST(TimelineDesk, EachDragIsAStepAndKeysThatAreHeldAreOne) {
-  DeskBench b;
-  TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
-  desk.setTransIn({2, 10});
-  desk.setTransIn({2, 12});
-  desk.setMark({2, ClipEdge::Out, 4, 100});
-  b.desk.hold(true);
-  desk.setMark({2, ClipEdge::Out, 3.96, 99});
-  desk.setMark({2, ClipEdge::Out, 3.92, 98});
-  b.desk.hold(false);
-  EXPECT_EQ(b.window.history.done.size(), 4U);
-}
-
-TEST(TimelineDesk, AStillKeepsTheLengthThatItWasDraggedTo) {
-  DeskBench b;
-  b.addVideo("second.jpg", 0, 5).IsStill(true);
-  TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
-  StillsTab tab;
-  restoreStills(b.editing, tab);
-  const auto previewed = [&] {
-    EXPECT_TRUE(CreatePreview(b.editing, stillControls(b.editing, tab)));
-    return b.clip(4).LoopEnd().text() + " " + b.clip(6).LoopEnd().text() +
-           (b.settings.preferences().StillsIndividual ? " one by one" : "");
-  };
-  EXPECT_EQ(previewed(), "5 5");
-  desk.setMark({4, ClipEdge::Out, 3.2, 0});
-  EXPECT_EQ(previewed(), "3.2 5 one by one");
-  EXPECT_EQ(b.window.history.done.size(), 1U);
-  b.history.undo(1);
-  EXPECT_EQ(previewed(), "5 5");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The preview with the engine that plays it, on its own thread.
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 #include "engine/run/engine_player.h"
 #include "support/documents.h"
 #include "support/preview_bench.h"

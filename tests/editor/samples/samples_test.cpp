@@ -67,7 +67,7 @@ TEST(EffectPainter, PaintsEveryEffectOnOffer) {
 }
 
 // Every file is grey, by the length of its name.
-class GreyFiles final : public FrameSource {
+class GreyFiles final : public MediaContents {
  public:
   Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
   Result<FramePicture> frame(const std::string& path, double /*seconds*/, int /*width*/,

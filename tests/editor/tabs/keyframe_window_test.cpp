@@ -30,7 +30,7 @@ struct KeyframeBench : TabBench {
     host.look();
   }
   void add(int frame) {
-    moveToFrame(editing, window, frame);
+    moveToFrame(window, frame);
     addKeyframeHere(editing, window, host);
   }
   [[nodiscard]] std::string frames() const {
@@ -122,7 +122,7 @@ TEST(KeyframeWindow, ControlsWriteTheChosenKeyframe) {
 
 TEST(KeyframeWindow, TheSliderGoesFromMarkInToMarkOutAtAnyRate) {
   for (const auto& [clipRate, movieRate, first, last] :
-       {std::array{25, 25, 250, 375}, {25, 30, 250, 450}, {50, 25, 250, 375}, {30, 25, 300, 375}}) {
+       {std::array{25, 25, 250, 375}, {25, 30, 300, 450}, {50, 25, 250, 375}, {30, 25, 250, 375}}) {
     KeyframeBench b(43);
     b.settings.change().OutPutFrameRate = static_cast<Single>(movieRate);
     auto& clip = b.clip(1);
@@ -135,6 +135,10 @@ TEST(KeyframeWindow, TheSliderGoesFromMarkInToMarkOutAtAnyRate) {
     EXPECT_EQ((std::array{master.Min, master.Value, master.Max}), (std::array{first, first, last}))
         << clipRate << " in " << movieRate;
     b.add(last);
+    b.settings.state.KeyframeEffectNo = 8;
+    AddSingleBaseKeyFrame(b.editing);
+    ASSERT_TRUE(ActivateKeyFrameForm(b.editing, b.window, b.host));
+    EXPECT_EQ(b.frames(), std::to_string(first) + ":0.3 ") << "the base one stands at the Mark-In";
     EXPECT_FALSE(b.window.ignored.back());
   }
 }
@@ -192,6 +196,12 @@ TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
   EXPECT_EQ(b.frames(), "0:0 ");
   EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100) << "it stays within the marks";
   EXPECT_TRUE(b.window.visible);
+  b.collection.MovieList.arrange({2, 3, 1, 4});
+  b.collection.icurMov = 3;
+  followKeyframes(b.editing, b.window);
+  EXPECT_EQ(b.window.clipNo, 3) << "it goes with its clip";
+  b.collection.MovieList.arrange({3, 1, 2, 4});
+  b.collection.icurMov = 1;
   b.clip(1).EffectWord(std::string(EffectWord::kSwitches, '0'));
   followKeyframes(b.editing, b.window);
   EXPECT_FALSE(b.window.visible) << "the clip has the effect no more";

@@ -27,7 +27,9 @@ TEST(PicInPic, TwentyOneDigitsGoInAndOut) {
                           "012216075015000002001", "000208075015000002001", "01220807501500000200x"}) {
     EXPECT_FALSE(readPicInPic(bad)) << bad;
   }
-  EXPECT_EQ(picInPicText({2000, OverlayStyle::Uniform, 1, 100, 200000, 0, false}).size(), 21U);
+  EXPECT_EQ(picInPicText({2000, OverlayStyle::Uniform, 1, 100, 200000, 0, false}), "2000001100999990000000");
+  EXPECT_EQ(readPicInPic("2000001100999990000000")->overlayClip, 2000) << "as many digits as it needs";
+  EXPECT_EQ(picInPicText(*readPicInPic("32767208075015000002001")), "32767208075015000002001");
 }
 
 TEST(PicInPic, HasItsPlacesTimesAndFades) {

@@ -132,6 +132,7 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   b.collection.MovieList[2].KeyID(7);
   Keyframe keyframe;
   keyframe.ClipName = 7;
+  keyframe.Time = Value(2);
   b.collection.KeyframeList.add(keyframe);
   b.show();
   const auto seen = clipsInSight(b.state.blocks, b.state.sight).at(1);

@@ -48,7 +48,12 @@ TEST(TimelineBlocks, AreSpokenOf) {
   b.collection.MovieList[3].KeyID(7);
   b.collection.KeyframeList.add({}).ClipName = 7;
   b.show();
-  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, 1 keyframe");
+  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds") << "nothing moves";
+  auto& second = b.collection.KeyframeList.add({});
+  second.ClipName = 7;
+  second.Time = Value(2);
+  b.show();
+  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes");
   EXPECT_EQ(spokenName(*b.state.blocks.of(2), false),
             "Clip 2, lake.mpg, 8.4 seconds, Dissolve over 2.0 seconds, 2 effects");
   EXPECT_EQ(spokenName(*b.state.blocks.of(4), true),

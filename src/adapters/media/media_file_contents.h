@@ -2,7 +2,7 @@
 // changes.
 #pragma once
 
-#include "ports/frame_source.h"
+#include "ports/media_contents.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -14,7 +14,7 @@
 
 namespace kvo {
 
-class MediaFrameSource : public FrameSource {
+class MediaFileContents : public MediaContents {
  public:
   Result<StreamFacts> facts(const std::string& path) override;
   Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override;

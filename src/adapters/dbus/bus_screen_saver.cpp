@@ -1,4 +1,4 @@
-#include "adapters/dbus/screen_saver.h"
+#include "adapters/dbus/bus_screen_saver.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -14,25 +14,24 @@ constexpr const char* kSaver = "org.freedesktop.ScreenSaver";
 constexpr const char* kSaverPath = "/org/freedesktop/ScreenSaver";
 constexpr const char* kPortal = "org.freedesktop.portal.Desktop";
 constexpr uint kIdle = 8;  // of what the portal can hold off: the session counting as idle
-constexpr const char* kReason = "A clip plays";
-
-QDBusMessage request(bool ofPortal) {
-  if (!ofPortal)
-    return QDBusMessage::createMethodCall(kSaver, kSaverPath, kSaver, "Inhibit") << "KVO5" << kReason;
-  auto call = QDBusMessage::createMethodCall(kPortal, "/org/freedesktop/portal/desktop",
-                                             "org.freedesktop.portal.Inhibit", "Inhibit");
-  return call << QString() << kIdle << QVariantMap{{"reason", kReason}};
-}
 
 }  // namespace
 
-void ScreenSaver::inhibit(bool on) {
+QDBusMessage BusScreenSaver::request(bool ofPortal) const {
+  if (!ofPortal)
+    return QDBusMessage::createMethodCall(kSaver, kSaverPath, kSaver, "Inhibit") << "KVO5" << reason_;
+  auto call = QDBusMessage::createMethodCall(kPortal, "/org/freedesktop/portal/desktop",
+                                             "org.freedesktop.portal.Inhibit", "Inhibit");
+  return call << QString() << kIdle << QVariantMap{{"reason", reason_}};
+}
+
+void BusScreenSaver::inhibit(bool on) {
   wanted_ = on;
   if (on && holder_ == Holder::None) ask(Holder::ScreenSaver);
   if (!on && (holder_ == Holder::ScreenSaver || holder_ == Holder::Portal)) release();
 }
 
-void ScreenSaver::ask(Holder whom) {
+void BusScreenSaver::ask(Holder whom) {
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
   holder_ = Holder::Asked;
@@ -43,7 +42,7 @@ void ScreenSaver::ask(Holder whom) {
   answer_.reset(answer.release());
 }
 
-void ScreenSaver::answered(Holder whom, const QDBusMessage& reply) {
+void BusScreenSaver::answered(Holder whom, const QDBusMessage& reply) {
   holder_ = Holder::None;
   if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
     if (wanted_ && whom == Holder::ScreenSaver) ask(Holder::Portal);
@@ -59,7 +58,7 @@ void ScreenSaver::answered(Holder whom, const QDBusMessage& reply) {
   if (!wanted_) release();
 }
 
-void ScreenSaver::release() {
+void BusScreenSaver::release() {
   const bool ofPortal = std::exchange(holder_, Holder::None) == Holder::Portal;
   auto call =
       ofPortal ? QDBusMessage::createMethodCall(kPortal, handle_, "org.freedesktop.portal.Request", "Close")

@@ -2,6 +2,8 @@
 // bus, and where there is none to be asked the portal that programs in a sandbox use.
 #pragma once
 
+#include "ports/screen_saver.h"
+
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -10,11 +12,14 @@ class QDBusMessage;
 
 namespace kvo {
 
-class ScreenSaver {
+class BusScreenSaver : public ScreenSaver {
  public:
+  /// `reason` is what the desktop may show of it.
+  explicit BusScreenSaver(QString reason = "A clip plays") : reason_(std::move(reason)) {}
+
   /// Never waits for the desktop. Without a session bus nothing happens. What is still held when the program
   /// ends, the desktop lets go of by itself.
-  void inhibit(bool on);
+  void inhibit(bool on) override;
 
  private:
   /// Who has been asked, or holds the screen awake.
@@ -28,6 +33,9 @@ class ScreenSaver {
   void answered(Holder whom, const QDBusMessage& reply);
   void release();
 
+  [[nodiscard]] QDBusMessage request(bool ofPortal) const;
+
+  QString reason_;
   bool wanted_ = false;
   Holder holder_ = Holder::None;
   uint cookie_ = 0;  // of the screen saver

@@ -32,12 +32,12 @@ struct FramePicture {
   std::vector<std::uint8_t> bgr;
 };
 
-class FrameSource {
+class MediaContents {
  public:
-  FrameSource() = default;
-  FrameSource(const FrameSource&) = delete;
-  FrameSource& operator=(const FrameSource&) = delete;
-  virtual ~FrameSource() = default;
+  MediaContents() = default;
+  MediaContents(const MediaContents&) = delete;
+  MediaContents& operator=(const MediaContents&) = delete;
+  virtual ~MediaContents() = default;
 
   /// From any thread. Fails with a line that names the file when it is not there or is no media file.
   virtual Result<StreamFacts> facts(const std::string& path) = 0;

@@ -1,4 +1,4 @@
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 
 #include "support/real_world.h"
 
@@ -14,9 +14,9 @@
 namespace kvo {
 namespace {
 
-TEST(MediaFrameSource, KnowsAFileThatHasChanged) {
+TEST(MediaFileContents, KnowsAFileThatHasChanged) {
   const test::ScratchFolder folder;
-  MediaFrameSource source;
+  MediaFileContents source;
   const auto path = folder / "clip.avi";
   const auto make = [&](const std::string& size) {
     test::makeMedia(folder, "clip.avi",
@@ -40,10 +40,10 @@ TEST(MediaFrameSource, KnowsAFileThatHasChanged) {
 }
 
 // A file of the same size and time is not opened again, whoever has found out what it holds.
-TEST(MediaFrameSource, KnowsWhatAnEarlierRunHasFoundOut) {
+TEST(MediaFileContents, KnowsWhatAnEarlierRunHasFoundOut) {
   const test::ScratchFolder folder;
   const auto path = test::makeCountingVideo(folder, "a\tb.avi", "25", 25);
-  MediaFrameSource first;
+  MediaFileContents first;
   const auto facts = first.facts(path);
   ASSERT_TRUE(facts);
   EXPECT_TRUE(first.hasNews());
@@ -65,7 +65,7 @@ TEST(MediaFrameSource, KnowsWhatAnEarlierRunHasFoundOut) {
                       {"cut off", text.substr(0, text.size() - path.size()), "us", false},
                       {"with a line that is none", "us\n12\tand more\n" + text.substr(3), "us", true}};
   for (const auto& row : rows) {
-    MediaFrameSource later;
+    MediaFileContents later;
     later.remember(row.text, row.maker);
     const auto again = later.facts(path);
     ASSERT_EQ(static_cast<bool>(again), row.isKnown) << row.name;
@@ -74,14 +74,14 @@ TEST(MediaFrameSource, KnowsWhatAnEarlierRunHasFoundOut) {
     EXPECT_EQ(std::tuple(again->width, again->codec, again->frameRate, again->duration, again->hasAudio),
               std::tuple(facts->width, facts->codec, facts->frameRate, facts->duration, facts->hasAudio));
   }
-  MediaFrameSource told;
+  MediaFileContents told;
   told.learn(path, {.hasVideo = true, .width = 7});
   EXPECT_EQ(told.facts(path)->width, 7);
 }
 
-TEST(MediaFrameSource, GivesAFrameByItsTimeWithItsShapeKept) {
+TEST(MediaFileContents, GivesAFrameByItsTimeWithItsShapeKept) {
   const test::ScratchFolder folder;
-  MediaFrameSource source;
+  MediaFileContents source;
   const auto path = test::makeCountingVideo(folder, "count.avi", "25", 25);  // 64 x 48
   const auto at = [](const FramePicture& picture, int x, int y) {
     return picture.bgr.at(static_cast<std::size_t>(3 * (y * picture.width + x)));
@@ -154,17 +154,17 @@ std::string heldSo(std::string file, const std::string& kind, std::uint32_t orie
   return file.replace(4, 4, number(end, 4));
 }
 
-TEST(MediaFrameSource, OfAMenuOfADvdItIsTheFilm) {
+TEST(MediaFileContents, OfAMenuOfADvdItIsTheFilm) {
   const test::ScratchFolder disc;
   test::makeMedia(disc, "VTS_01_1.VOB",
                   {"-f", "lavfi", "-i", "color=red:size=64x48:rate=25:duration=1", "-c:v", "mpeg2video"});
   std::ofstream(disc / "VIDEO_TS.IFO") << "DVDVIDEO-VMG";
-  const auto facts = MediaFrameSource().facts(disc / "VIDEO_TS.IFO");
+  const auto facts = MediaFileContents().facts(disc / "VIDEO_TS.IFO");
   ASSERT_TRUE(facts) << facts.error().text;
   EXPECT_EQ(facts->width, 64);
 }
 
-TEST(MediaFrameSource, AStillStandsAsItsCameraWasHeld) {
+TEST(MediaFileContents, AStillStandsAsItsCameraWasHeld) {
   const test::ScratchFolder folder;
   const struct {
     std::uint32_t orientation;
@@ -177,7 +177,7 @@ TEST(MediaFrameSource, AStillStandsAsItsCameraWasHeld) {
         folder, "plain." + kind,
         {"-f", "lavfi", "-i", "color=black:size=64x32,drawbox=0:0:32:16:white:fill", "-frames:v", "1"}));
     for (const auto& row : rows) {
-      MediaFrameSource source;
+      MediaFileContents source;
       const auto path = folder / ("held." + kind);
       std::ofstream(path, std::ios::binary) << heldSo(plain, kind, row.orientation);
       const auto facts = source.facts(path);
@@ -220,7 +220,7 @@ std::string turnedAvif(std::string file, int quarters) {
   return file.insert(ties, number(9, 4, true) + "irot" + static_cast<char>(quarters));
 }
 
-TEST(MediaFrameSource, APhotographOfAPhoneStandsUprightAndGoesOnForEver) {
+TEST(MediaFileContents, APhotographOfAPhoneStandsUprightAndGoesOnForEver) {
   const test::ScratchFolder folder;
   const auto plain =
       test::makeMedia(folder, "plain.avif",
@@ -238,7 +238,7 @@ TEST(MediaFrameSource, APhotographOfAPhoneStandsUprightAndGoesOnForEver) {
     int red;  // the quarter that it is in, row by row
   } rows[] = {{"plain.avif", 0}, {"0.heic", 0}, {"0.avif", 0}, {"1.avif", 2}, {"2.avif", 3}, {"3.avif", 1}};
   for (const auto& row : rows) {
-    MediaFrameSource source;
+    MediaFileContents source;
     const auto facts = source.facts(folder / row.name);
     ASSERT_TRUE(facts) << facts.error().text;
     const bool swapped = row.name[0] == '1' || row.name[0] == '3';
@@ -254,7 +254,7 @@ TEST(MediaFrameSource, APhotographOfAPhoneStandsUprightAndGoesOnForEver) {
       EXPECT_LT(pixel[0], 12);
     }
   }
-  MediaFrameSource source;
+  MediaFileContents source;
   for (const std::size_t size : {20, 60, 300}) {
     std::ofstream(folder / "cut.avif", std::ios::binary) << bytesOf(plain).substr(0, size);
     EXPECT_FALSE(source.frame(folder / "cut.avif", 0, 64, 32)) << size;

@@ -1,4 +1,4 @@
-#include "adapters/media/media_frame_source.h"
+#include "adapters/media/media_file_contents.h"
 
 #include "adapters/media/facts_text.h"
 #include "base/guarded.h"
@@ -35,7 +35,7 @@ Result<FramePicture> readFrame(const std::string& path, double seconds, int widt
 
 }  // namespace
 
-std::optional<MediaFrameSource::Stamp> MediaFrameSource::stampOf(const std::string& path) {
+std::optional<MediaFileContents::Stamp> MediaFileContents::stampOf(const std::string& path) {
   std::error_code failed;
   const auto size = std::filesystem::file_size(path, failed);
   if (failed) return std::nullopt;
@@ -43,7 +43,7 @@ std::optional<MediaFrameSource::Stamp> MediaFrameSource::stampOf(const std::stri
   return failed ? std::nullopt : std::optional(Stamp{size, time});
 }
 
-Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
+Result<StreamFacts> MediaFileContents::facts(const std::string& path) {
   const auto stamp = stampOf(path);
   if (stamp) {
     const std::lock_guard lock(mutex_);
@@ -55,17 +55,17 @@ Result<StreamFacts> MediaFrameSource::facts(const std::string& path) {
   return facts;
 }
 
-void MediaFrameSource::learn(const std::string& path, const StreamFacts& facts) {
+void MediaFileContents::learn(const std::string& path, const StreamFacts& facts) {
   if (const auto stamp = stampOf(path)) take(path, *stamp, facts);
 }
 
-void MediaFrameSource::take(const std::string& path, const Stamp& stamp, const StreamFacts& facts) {
+void MediaFileContents::take(const std::string& path, const Stamp& stamp, const StreamFacts& facts) {
   const std::lock_guard lock(mutex_);
   known_.insert_or_assign(path, Known{stamp, facts});
   hasNews_ = true;
 }
 
-std::string MediaFrameSource::known(std::string_view maker) {
+std::string MediaFileContents::known(std::string_view maker) {
   const std::lock_guard lock(mutex_);
   hasNews_ = false;
   auto text = std::string(maker).append("\n");
@@ -80,7 +80,7 @@ std::string MediaFrameSource::known(std::string_view maker) {
   return text;
 }
 
-void MediaFrameSource::remember(std::string_view text, std::string_view maker) {
+void MediaFileContents::remember(std::string_view text, std::string_view maker) {
   const std::lock_guard lock(mutex_);
   for (bool isFirst = true; !text.empty(); isFirst = false) {
     const auto end = std::min(text.find('\n'), text.size());
@@ -94,12 +94,13 @@ void MediaFrameSource::remember(std::string_view text, std::string_view maker) {
   }
 }
 
-bool MediaFrameSource::hasNews() {
+bool MediaFileContents::hasNews() {
   const std::lock_guard lock(mutex_);
   return hasNews_;
 }
 
-Result<FramePicture> MediaFrameSource::frame(const std::string& path, double seconds, int width, int height) {
+Result<FramePicture> MediaFileContents::frame(const std::string& path, double seconds, int width,
+                                              int height) {
   return guarded([&] { return readFrame(path, seconds, width, height); });
 }
 

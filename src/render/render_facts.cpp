@@ -1,0 +1,143 @@
+// What the frames of a render tell of the movie, line by line.
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "core/records/media_kinds.h"
+#include "core/telling/translated.h"
+#include "editor/compiler/durations.h"
+#include "editor/tabs/operations.h"
+#include "render/movie_render.h"
+#include "render/output_kinds.h"
+#include "render/render_texts.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvo {
+namespace {
+
+constexpr double kMegabytesOfGb = 1024;
+constexpr double kBytesOfMb = 1024.0 * 1024;
+constexpr int kUncompressedPixel = 4;  // bytes of a picture-in-picture's
+
+std::string secondsOf(double seconds) { return translated("%1 s", {FormatMask(seconds, "0.000")}); }
+
+std::string roomText(double megabytes) {
+  return megabytes < kMegabytesOfGb ? translated("%1 Mb", {FormatMask(megabytes, "0")})
+                                    : translated("%1 Gb", {FormatMask(megabytes / kMegabytesOfGb, "0.0")});
+}
+
+std::string nameOf(const Movie& clip) {
+  const std::string other(trimmed(clip.AltName()));
+  return other.empty() ? std::string(clip.MovieName()) : other;
+}
+
+}  // namespace
+
+std::string MovieRender::clipAt(double seconds) const {
+  const auto& clips = ports_.editing.clips();
+  const FilmCut* seen = nullptr;
+  for (const auto& cut : state_.film) {
+    if (cut.from <= seconds) seen = &cut;
+  }
+  if (seen == nullptr || seen->clip > clips.count()) return {};
+  return translated("Cut %1   %2", {std::to_string(seen->clip), nameOf(clips[seen->clip])});
+}
+
+std::string MovieRender::formOf(const Job& job) const {
+  return job.profile == kNoProfile || job.audioOnly() ? translated(kindRow(job.kind).title)
+                                                      : profileText(job.profile);
+}
+
+void MovieRender::takeFilm(const Job& job) {
+  const auto& e = ports_.editing;
+  state_.film.clear();
+  state_.sample.reset();
+  state_.movieSeconds = 0;
+  state_.document = std::make_shared<const std::string>(job.document);
+  state_.filmLength = std::max(job.query.videoTotal, job.isPicInPic ? 0 : job.query.audioTotal);
+  if (job.isPicInPic) {
+    state_.film = {{pair_.backdropNo, 0, state_.filmLength}};
+    return;
+  }
+  for (int number = 1; number <= e.clips().count(); ++number) {
+    const auto& clip = e.clips()[number];
+    const FilmCut cut{number, clip.TimeLineStart().number(), clip.TimeLineStop().number()};
+    if (!isSoundByName(clip.MovieName()) && cut.to > cut.from) state_.film.push_back(cut);
+  }
+}
+
+// Your movie, before it is made.
+void MovieRender::tellOptions() {
+  const auto& e = ports_.editing;
+  const auto& preferences = e.settings.preferences();
+  const auto size = outputSize();
+  const double video = ToNumber(e.editor.VideoTotalTime);
+  const double length = video > 0 ? video : ToNumber(e.editor.AudioTotalTime);
+  const auto& create = ports_.create;
+  auto& facts = state_.facts;
+  facts = {{"Clips", std::to_string(e.clips().count())}, {"Length", secondsOf(length)}};
+  facts.push_back({"Range", create.Opt_RenderRangeWhole
+                                ? translated("Whole movie")
+                                : translated("%1 to %2 s", {FormatMask(create.Txt_From, "0.0"),
+                                                            FormatMask(create.Txt_Too, "0.0")})});
+  if (movieFileOf(state_.kind).hasPicture) {
+    const bool isCodecs = !state_.codecSize.empty() && state_.Chk_UseCodecOutputDimensions;
+    facts.push_back({"Picture", isCodecs ? state_.codecSize
+                                         : std::to_string(size.width) + " x " + std::to_string(size.height)});
+    facts.push_back({"Frames a second", ShortText(preferences.OutPutFrameRate)});
+    facts.push_back({"Colors", translated("%1 bit", {std::to_string(preferences.OutputColorDepth)})});
+  }
+  facts.push_back({"Sound", translated("44.1 kHz stereo")});
+  const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
+  facts.push_back({"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))});
+}
+
+void MovieRender::tellPair() {
+  const auto& e = ports_.editing;
+  const auto& backdrop = e.clips()[pair_.backdropNo];
+  const auto look = readPicInPic(backdrop.HasPicInPic());
+  const int overlay = look ? look->overlayClip : 0;
+  const auto size = outputSize();
+  const double rate = e.settings.preferences().OutPutFrameRate;
+  const double length = timelineLength(backdrop);
+  const double bytes = std::ceil(length * rate) * size.width * size.height * kUncompressedPixel;
+  const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
+  state_.facts = {{"Backdrop", nameOf(backdrop)},
+                  {"Overlay", overlay >= 1 && overlay <= e.clips().count() ? nameOf(e.clips()[overlay]) : ""},
+                  {"Length", secondsOf(length)},
+                  {"Picture", std::to_string(size.width) + " x " + std::to_string(size.height)},
+                  {"Frames a second", ShortText(rate)},
+                  {"Output file size", translated("about %1", {roomText(bytes / kBytesOfMb)})},
+                  {"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))}};
+  state_.film = {{pair_.backdropNo, 0, length}};
+}
+
+// While it is made, and behind that.
+void MovieRender::tellWork() {
+  if (job_ == nullptr) return;
+  const auto& job = *job_;
+  const auto& progress = driver_.state().progress;
+  auto& facts = state_.facts;
+  const std::string made = "'" + job.file + "'";
+  if (state_.frame == RenderFrame::Estimate) {
+    facts = {{"Result", state_.sizeLabel.empty() ? translated("not known yet") : state_.sizeLabel},
+             {"Free on this disk", roomText(ports_.freeMegabytes(job.file))},
+             {"Output", made},
+             {"Profile", formOf(job)}};
+  } else if (state_.frame == RenderFrame::Rendering) {
+    const auto speed = speedOf(progress);
+    const double took = std::chrono::duration<double>(ports_.engine.loop.now() - begun_).count();
+    facts = {{"Now", clipAt(state_.movieSeconds)},
+             {"Elapsed", translated("%1 s", {FormatMask(std::floor(took), "0")})},
+             {"Left", state_.progress},
+             {"Speed", speed ? translated("%1 x real time", {FormatMask(*speed, "0.00")}) : ""},
+             {"Result", state_.sizeLabel},
+             {"Output", made},
+             {"Profile", formOf(job)}};
+  } else if (state_.frame == RenderFrame::Report) {
+    facts = {{"Movie", made}, {"Length", secondsOf(job.length)}, {"Profile", formOf(job)}};
+  }
+}
+
+}  // namespace kvo

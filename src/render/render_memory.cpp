@@ -1,0 +1,80 @@
+// What a render leaves to the next one: the choices that were made, and what goes when it was killed.
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "render/movie_render.h"
+
+namespace kvo {
+namespace {
+
+constexpr std::string_view kRenderKind = "RenderKind";
+constexpr std::string_view kRenderProfile = "RenderProfile";
+constexpr std::string_view kRenderOwnSize = "RenderOwnSize";
+constexpr std::string_view kRenderFolder = "RenderFolder";
+constexpr std::string_view kRenderWorking = "RenderWorking";  // the files of renders under way, a line each
+constexpr std::string_view kWorkingMark = ".rendering-";
+
+// The process in whose name a file stands is gone.
+bool isLeftOver(const Files& files, std::string_view file) {
+  const auto name = fileNamePart(file);
+  if (!name.starts_with(kWorkingMark)) return false;
+  const auto process = name.substr(kWorkingMark.size(), name.rfind('.') - kWorkingMark.size());
+  return !files.exists("/proc/" + std::string(process) + "/stat");
+}
+
+template <class Each>
+void eachLine(std::string_view text, Each each) {
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    if (end > 0) each(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+}
+
+}  // namespace
+
+// Once a run: from then on the options are as they were left.
+void MovieRender::recall() {
+  if (std::exchange(hasRecalled_, true)) return;
+  const auto& store = ports_.store;
+  folder_ = store.read(kRenderFolder);
+  if (!ports_.editing.files.isFolder(folder_)) folder_.clear();
+  state_.Chk_UseCodecOutputDimensions = store.read(kRenderOwnSize) != "1";
+  const auto kept = outputKindOf("movie." + store.read(kRenderKind));
+  if (!kept) return;
+  chooseKind(*kept);
+  const auto profile = store.read(kRenderProfile);
+  for (std::size_t row = 0; row < state_.Lst_WMVFormats.size(); ++row) {
+    if (!profile.empty() && GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) == ToNumber(profile))
+      state_.profileRow = static_cast<int>(row);
+  }
+}
+
+void MovieRender::remember(const Job& job) {
+  auto& store = ports_.store;
+  folder_ = std::string(folderPart(job.file));
+  if (folder_.size() > 1) folder_.pop_back();  // its separator
+  store.write(kRenderFolder, folder_);
+  store.write(kRenderWorking, store.read(kRenderWorking) + job.working + "\n");
+  if (job.isPicInPic) return;
+  store.write(kRenderKind, extensionOf(state_.kind));
+  store.write(kRenderOwnSize, state_.Chk_UseCodecOutputDimensions ? "0" : "1");
+  if (job.profile != kNoProfile && !job.audioOnly()) store.write(kRenderProfile, std::to_string(job.profile));
+}
+
+void MovieRender::forget(const std::string& working) {
+  ports_.editing.files.remove(working);
+  std::string others;
+  eachLine(ports_.store.read(kRenderWorking), [&](std::string_view line) {
+    if (line != working) others.append(line).append("\n");
+  });
+  ports_.store.write(kRenderWorking, others);
+}
+
+void MovieRender::sweep() {
+  eachLine(ports_.store.read(kRenderWorking), [&](std::string_view line) {
+    if (isLeftOver(ports_.editing.files, line)) forget(std::string(line));
+  });
+}
+
+}  // namespace kvo

@@ -1,0 +1,150 @@
+#include "windows/render/options_page.h"
+
+#include "render/output_profiles.h"
+#include "ui/made.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/editor/page_list.h"
+#include "windows/render/fact_rows.h"
+#include "windows/render/kind_row.h"
+#include "windows/render/picture_pane.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace kvo {
+namespace {
+
+constexpr int kKindGap = 8;
+constexpr int kKindColumn = 330;  // with its bar
+constexpr FactRows::Form kOptionFacts{208, 20, 0};
+
+// A row of the list without its blanks and its number.
+std::string profileName(const std::string& row) { return profileText(GetWMVRenderProfileInt(row)); }
+
+QString sizeOf(const std::string& row) {
+  const auto facts = GetProfileXYDimensions(GetWMVRenderProfileInt(row));
+  return facts ? QString("%1 x %2").arg(facts->size.width).arg(facts->size.height) : QString();
+}
+
+}  // namespace
+
+OptionsPage::OptionsPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture,
+                         QWidget* parent)
+    : EditorPage(parent, kPlace, "plain"), state_(state), acts_(acts), picture_(std::move(picture)) {
+  makeKinds();
+  makeProfiles();
+  makeSummary();
+  layOutKinds();
+}
+
+void OptionsPage::makeKinds() {
+  auto* area = put(made<QScrollArea>(this), {18, 18, kKindColumn, 354});
+  area->setAccessibleName(tr("Kind of movie"));
+  area->setFrameShape(QFrame::NoFrame);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFocusPolicy(Qt::NoFocus);
+  auto* column = made<QWidget>(area);
+  rows_ = made<QVBoxLayout>(column);
+  rows_->setContentsMargins(0, 0, 0, 0);
+  auto* group = made<QButtonGroup>(column);
+  for (const auto& row : outputKinds()) {
+    auto* button = made<KindRow>(row, column);
+    group->addButton(button);
+    rows_->addWidget(button);
+    connect(button, &QRadioButton::clicked, [this, kind = row.kind] { acts_.chooseKind(kind); });
+    Opt_CompressorType_.push_back(button);
+  }
+  rows_->addStretch(1);
+  area->setWidget(column);
+  area->setWidgetResizable(true);
+}
+
+void OptionsPage::makeProfiles() {
+  listCaption_ = write(tr("Profile"), "caption", {350, 16, 200, 18});
+  sizeCaption_ = write(tr("Picture size"), "hint", {600, 16, 116, 18});
+  sizeCaption_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  Lst_WMVFormats_ = put(made<PageList>(tr("Profile"), QString(), std::span<const char* const>(), this),
+                        {350, 38, 380, 235});
+  Lst_WMVFormats_->trailing = [this](int index) {
+    const auto row = static_cast<std::size_t>(index);
+    return row < state_.Lst_WMVFormats.size() ? sizeOf(state_.Lst_WMVFormats[row]) : QString();
+  };
+  Lst_WMVFormats_->chosen = [this](int row) { acts_.chooseProfile(row); };
+  tellPlate_ = put(made<QFrame>(this), {350, 283, 380, 88});
+  tellPlate_->setProperty("role", "list");
+  description_ = write({}, "field", {362, 288, 356, 52});
+  description_->setWordWrap(true);
+  description_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  hint_ = write({}, "field", {350, 42, 380, 200});
+  hint_->setWordWrap(true);
+  hint_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  Chk_UseCodecOutputDimensions_ = put(made<QCheckBox>(this), {358, 343, 364, 24});
+  connect(Chk_UseCodecOutputDimensions_, &QCheckBox::clicked,
+          [this](bool on) { acts_.tickCodecDimensions(on); });
+}
+
+void OptionsPage::makeSummary() {
+  write(tr("Your movie"), "caption", {750, 16, 208, 18});
+  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160});
+  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), {750, 206, 208, 90});
+  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 306, 208, 40});
+  KVOBut_WriteMovie_->setProperty("kind", "primary");
+  KVOBut_WriteMovie_->setProperty("large", true);
+  KVOBut_WriteMovie_->setToolTip(tr("Choose a name, and make the movie"));
+  connect(KVOBut_WriteMovie_, &QPushButton::clicked, [this] { acts_.write(); });
+  auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 208, 26});
+  back->setProperty("kind", "quiet");
+  back->setToolTip(tr("Back to editing") + " (Esc)");
+  connect(back, &QPushButton::clicked, [this] { acts_.leave(); });
+}
+
+void OptionsPage::layOutKinds() {
+  rows_->setSpacing(themed(kKindGap));
+  for (auto* row : Opt_CompressorType_) row->setFixedSize(row->sizeHint());
+  const int side = themed(16);
+  KVOBut_WriteMovie_->setIconSize({side, side});
+  KVOBut_WriteMovie_->setIcon(QIcon(iconPicture("movie", token("onTeal"), side, devicePixelRatio())));
+}
+
+void OptionsPage::changeEvent(QEvent* event) {
+  EditorPage::changeEvent(event);
+  if (event->type() == QEvent::StyleChange && KVOBut_WriteMovie_ != nullptr) layOutKinds();
+}
+
+void OptionsPage::draw() {
+  for (auto* row : Opt_CompressorType_) {
+    if (row->kind() == state_.kind) row->setChecked(true);
+  }
+  drawProfiles();
+  facts_->draw(state_.facts);
+  pane_->draw(picture_(0));
+}
+
+void OptionsPage::drawProfiles() {
+  const bool isListed = !state_.Lst_WMVFormats.empty();
+  const auto& row = kindRow(state_.kind);
+  for (QWidget* part : std::initializer_list<QWidget*>{Lst_WMVFormats_, tellPlate_, description_})
+    part->setVisible(isListed);
+  sizeCaption_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
+  hint_->setVisible(!isListed);
+  setTextOf(*listCaption_, isListed ? tr("Profile") : told(row.title));
+  setTextOf(*hint_, told(row.hint).replace("\r\n", "\n\n"));
+  std::vector<PageList::Row> rows;
+  rows.reserve(state_.Lst_WMVFormats.size());
+  for (const auto& profile : state_.Lst_WMVFormats) rows.push_back({profileName(profile)});
+  Lst_WMVFormats_->drawRows(std::move(rows), state_.profileRow);
+  setTextOf(*description_, shown(state_.profileDescription).replace("\r\n", "\n"));
+  Chk_UseCodecOutputDimensions_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
+  Chk_UseCodecOutputDimensions_->setChecked(state_.Chk_UseCodecOutputDimensions);
+  const auto size = shown(state_.codecSize);
+  setTextOf(*Chk_UseCodecOutputDimensions_, size.isEmpty() ? tr("Use the size of the profile")
+                                                           : tr("Use the size of the profile, %1").arg(size));
+}
+
+}  // namespace kvo

@@ -1,0 +1,62 @@
+// BuildFileRenderFrame: the kinds of output, the profiles of one that has them, what the movie is like, and
+// the key that makes it.
+#pragma once
+
+#include "windows/editor/editor_page.h"
+#include "windows/editor/picture_of_clip.h"
+#include "windows/render/render_acts.h"
+
+#include <QCoreApplication>
+#include <vector>
+
+class QCheckBox;
+class QPushButton;
+class QVBoxLayout;
+
+namespace kvo {
+
+class FactRows;
+class KindRow;
+class PageList;
+class PicturePane;
+
+class OptionsPage final : public EditorPage {
+  Q_DECLARE_TR_FUNCTIONS(kvo::OptionsPage)
+
+ public:
+  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
+
+  OptionsPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture, QWidget* parent);
+
+  void draw();
+  /// The key that leads on.
+  [[nodiscard]] QPushButton* writeKey() const { return KVOBut_WriteMovie_; }
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void makeKinds();
+  void makeProfiles();
+  void makeSummary();
+  void drawProfiles();
+  void layOutKinds();
+
+  const RenderState& state_;
+  const RenderActs& acts_;
+  PictureOfClip picture_;
+  QVBoxLayout* rows_ = nullptr;
+  std::vector<KindRow*> Opt_CompressorType_;
+  QLabel* listCaption_ = nullptr;
+  QLabel* sizeCaption_ = nullptr;
+  PageList* Lst_WMVFormats_ = nullptr;
+  QFrame* tellPlate_ = nullptr;
+  QLabel* description_ = nullptr;
+  QLabel* hint_ = nullptr;
+  QCheckBox* Chk_UseCodecOutputDimensions_ = nullptr;
+  FactRows* facts_ = nullptr;
+  PicturePane* pane_ = nullptr;
+  QPushButton* KVOBut_WriteMovie_ = nullptr;
+};
+
+}  // namespace kvo

@@ -1,0 +1,48 @@
+#include "windows/render/pair_page.h"
+
+#include "ui/made.h"
+#include "ui/theme.h"
+#include "windows/render/fact_rows.h"
+#include "windows/render/picture_pane.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace kvo {
+namespace {
+
+constexpr int kPairLeft = 386;
+constexpr FactRows::Form kPairFacts{430, 27, 160};
+
+}  // namespace
+
+PairPage::PairPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture, QWidget* parent)
+    : EditorPage(parent, kPlace, "plain"),
+      state_(state),
+      picture_(std::move(picture)),
+      pane_(put(made<PicturePane>(tr("The backdrop"), this), {48, 56, 288, 216})),
+      facts_(put(made<FactRows>(kPairFacts, this), {kPairLeft, 108, 430, 216})),
+      KVOBut_RenderNewPicInPic_(
+          put(made<QPushButton>(tr("Render New Clip"), this), {kPairLeft, 334, 170, 34})),
+      KVOBut1_CancelRenderPicInPic_(
+          put(made<QPushButton>(tr("Back to editing"), this), {kPairLeft + 180, 334, 150, 34})) {
+  write(tr("Two clips become one"), "title", {kPairLeft, 40, 572, 26});
+  auto* notice = write(tr("The new clip is an uncompressed 32-bit movie: it is as good as its two clips, and "
+                          "large. The room on the disk is looked at before it is made."),
+                       "field", {kPairLeft, 68, 560, 34});
+  notice->setWordWrap(true);
+  notice->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  KVOBut_RenderNewPicInPic_->setProperty("kind", "primary");
+  KVOBut_RenderNewPicInPic_->setToolTip(tr("Choose a name, and make the clip"));
+  KVOBut1_CancelRenderPicInPic_->setProperty("kind", "quiet");
+  KVOBut1_CancelRenderPicInPic_->setToolTip(tr("Back to editing") + " (Esc)");
+  connect(KVOBut_RenderNewPicInPic_, &QPushButton::clicked, [&acts] { acts.writePair(); });
+  connect(KVOBut1_CancelRenderPicInPic_, &QPushButton::clicked, [&acts] { acts.leave(); });
+}
+
+void PairPage::draw() {
+  facts_->draw(state_.facts);
+  pane_->draw(picture_(state_.film.empty() ? 0 : state_.film.front().clip));
+}
+
+}  // namespace kvo

@@ -1,0 +1,22 @@
+// What the card of a render asks when the user acts on it.
+#pragma once
+
+#include "render/render_state.h"
+
+#include <functional>
+
+namespace kvo {
+
+/// None may be empty.
+struct RenderActs {
+  std::function<void(OutputKind kind)> chooseKind;
+  std::function<void(int row)> chooseProfile;        ///< of Lst_WMVFormats
+  std::function<void(bool on)> tickCodecDimensions;  ///< Chk_UseCodecOutputDimensions
+  std::function<void()> write;                       ///< KVOBut_WriteMovie
+  std::function<void()> writePair;                   ///< KVOBut_RenderNewPicInPic
+  std::function<void()> abort;                       ///< KVOBut_AbortRender
+  std::function<void()> view;                        ///< the movie of the report
+  std::function<void()> leave;
+};
+
+}  // namespace kvo

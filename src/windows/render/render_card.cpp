@@ -1,0 +1,99 @@
+#include "windows/render/render_card.h"
+
+#include "ui/made.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/render/options_page.h"
+#include "windows/render/pair_page.h"
+#include "windows/render/render_head.h"
+#include "windows/render/work_page.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace kvo {
+
+RenderCard::RenderCard(const RenderState& state, RenderActs acts, const PictureOfClip& picture,
+                       QWidget* parent)
+    : QFrame(parent),
+      state_(state),
+      acts_(std::move(acts)),
+      head_(made<RenderHead>(this)),
+      frames_(made<QStackedWidget>(this)),
+      options_(made<OptionsPage>(state_, acts_, picture, frames_)),
+      pair_(made<PairPage>(state_, acts_, picture, frames_)),
+      work_(made<WorkPage>(state_, acts_, picture, frames_)) {
+  setProperty("role", "card");
+  setAccessibleName(tr("Create Movie"));
+  auto* column = made<QVBoxLayout>(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(head_);
+  column->addWidget(frames_, 1);
+  for (EditorPage* page : std::initializer_list<EditorPage*>{options_, pair_, work_}) {
+    auto* area = EditorPage::scrolled(page, accessibleName(), frames_);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    frames_->addWidget(area);
+  }
+  for (auto* key : findChildren<QPushButton*>()) key->setAutoDefault(true);  // Enter presses it
+  layOut();
+}
+
+void RenderCard::layOut() { head_->setFixedHeight(themed(RenderHead::kHeight)); }
+
+QString RenderCard::title() const {
+  return state_.heading.empty() ? tr("Create Movie") : told(state_.heading);
+}
+
+int RenderCard::step() const {
+  switch (state_.frame) {
+    case RenderFrame::Estimate:
+      return 2;
+    case RenderFrame::Rendering:
+      return 3;
+    case RenderFrame::Report:
+      return RenderHead::kSteps + 1;
+    default:
+      return 1;
+  }
+}
+
+QWidget* RenderCard::firstFocus() const {
+  switch (state_.frame) {
+    case RenderFrame::Options:
+      return options_->writeKey();
+    case RenderFrame::PicInPic:
+      return pair_->writeKey();
+    default:
+      return work_->firstKey();
+  }
+}
+
+void RenderCard::draw() {
+  if (state_.frame == RenderFrame::None) {
+    drawn_ = RenderFrame::None;
+    return;
+  }
+  head_->draw(title(), step());
+  const bool isOptions = state_.frame == RenderFrame::Options;
+  const bool isPair = state_.frame == RenderFrame::PicInPic;
+  frames_->setCurrentIndex(isOptions ? 0 : isPair ? 1 : 2);
+  isOptions ? options_->draw() : isPair ? pair_->draw() : work_->draw();
+  if (isVisible() && std::exchange(drawn_, state_.frame) != state_.frame) firstFocus()->setFocus();
+}
+
+void RenderCard::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && !state_.isRunning) return acts_.leave();
+  event->key() == Qt::Key_Escape ? event->accept() : QFrame::keyPressEvent(event);
+}
+
+void RenderCard::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::StyleChange) layOut();
+  QFrame::changeEvent(event);
+}
+
+}  // namespace kvo

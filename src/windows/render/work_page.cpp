@@ -1,0 +1,109 @@
+#include "windows/render/work_page.h"
+
+#include "ui/made.h"
+#include "ui/texts.h"
+#include "ui/theme.h"
+#include "windows/render/fact_rows.h"
+#include "windows/render/film_strip.h"
+#include "windows/render/picture_pane.h"
+#include "windows/render/render_pie.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace kvo {
+namespace {
+
+constexpr int kWorkLeft = 386;
+constexpr QRect kWorkPie(70, 80, RenderPieBar::kSide, RenderPieBar::kSide);
+constexpr FactRows::Form kWorkFacts{372, 24, 110};
+
+}  // namespace
+
+WorkPage::WorkPage(const RenderState& state, const RenderActs& acts, const PictureOfClip& picture,
+                   QWidget* parent)
+    : EditorPage(parent, kPlace, "plain"),
+      state_(state),
+      Picture2_(put(made<RenderPieBar>(this), kWorkPie)),
+      headline_(write({}, "title", {kWorkLeft, 40, 372, 26})),
+      below_(write({}, "field", {kWorkLeft, 68, 372, 34})),
+      facts_(put(made<FactRows>(kWorkFacts, this), {kWorkLeft, 108, 372, 192})),
+      pane_(put(made<PicturePane>(tr("The picture being made"), this), {774, 44, 184, 138})),
+      film_(put(made<FilmStrip>(picture, this), {kWorkLeft, 282, 572, 40})),
+      KVOBut_AbortRender_(makeKey(tr("Abort"), "danger", {kWorkLeft, 334, 150, 34})),
+      view_(makeKey(tr("View Movie"), "primary", {kWorkLeft, 334, 150, 34})),
+      back_(makeKey(tr("Back to editing"), "quiet", {kWorkLeft + 160, 334, 150, 34})),
+      live_(write(tr("The window stays live while the engine works."), "hint",
+                  {kWorkLeft + 168, 342, 400, 18})),
+      notes_(write({}, "hint", {kWorkLeft, 216, 572, 66})) {
+  Picture2_->setAccessibleName(tr("How much is done"));
+  notes_->setWordWrap(true);
+  notes_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  below_->setWordWrap(true);
+  below_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  KVOBut_AbortRender_->setToolTip(tr("End it; no movie is made"));
+  view_->setToolTip(tr("Add the movie to the collection and play it"));
+  connect(KVOBut_AbortRender_, &QPushButton::clicked, [&acts] { acts.abort(); });
+  connect(view_, &QPushButton::clicked, [&acts] { acts.view(); });
+  connect(back_, &QPushButton::clicked, [&acts] { acts.leave(); });
+}
+
+QPushButton* WorkPage::makeKey(const QString& text, const char* kind, const QRect& place) {
+  auto* key = put(made<QPushButton>(text, this), place);
+  key->setProperty("kind", kind);
+  return key;
+}
+
+QPushButton* WorkPage::firstKey() const {
+  if (state_.frame != RenderFrame::Report) return KVOBut_AbortRender_;
+  return state_.canView ? view_ : back_;
+}
+
+QString WorkPage::headline() const {
+  if (state_.frame == RenderFrame::Report) return shown(state_.completed);
+  if (state_.frame == RenderFrame::Estimate) return tr("Trying a short piece of your movie");
+  return state_.countdown.empty() ? tr("The engine begins") : shown(state_.countdown);
+}
+
+QString WorkPage::belowHeadline() const {
+  if (state_.frame == RenderFrame::Report) return shown(state_.sizeLabel);
+  if (state_.frame == RenderFrame::Rendering) return shown(state_.summary);
+  return tr("It is rendered first, and tells how long the whole will take and how much disk it needs.");
+}
+
+void WorkPage::setIcons() {
+  if (std::exchange(iconSide_, themed(16)) == themed(16)) return;
+  const auto set = [this](QPushButton* key, const char* icon, Rgb colour) {
+    key->setIconSize({iconSide_, iconSide_});
+    key->setIcon(QIcon(iconPicture(icon, colour, iconSide_, devicePixelRatio())));
+  };
+  set(KVOBut_AbortRender_, "abort", token("dangerText"));
+  set(view_, "play", token("onTeal"));
+}
+
+void WorkPage::draw() {
+  setIcons();
+  const bool isDone = state_.frame == RenderFrame::Report;
+  const bool isEstimate = state_.frame == RenderFrame::Estimate;
+  const auto countdown = shown(state_.countdown);
+  Picture2_->draw(state_.pie, isEstimate ? tr("of the sample") : tr("of the countdown"), isDone);
+  setTextOf(*headline_, headline());
+  setTextOf(*below_, belowHeadline());
+  facts_->draw(state_.facts);
+  pane_->draw(state_.picture);
+  pane_->setVisible(!isDone && !state_.film.empty());
+  film_->draw(state_, state_.frame == RenderFrame::Rendering);
+  film_->setVisible(!isDone && !state_.film.empty());
+  KVOBut_AbortRender_->setVisible(!isDone);
+  KVOBut_AbortRender_->setEnabled(state_.isRunning && !state_.RenderAborted);
+  live_->setVisible(!isDone);
+  view_->setVisible(isDone && state_.canView);
+  back_->setVisible(isDone);
+  QStringList notes;
+  for (const auto& note : state_.notes) notes << shown(note);
+  setTextOf(*notes_, notes.join("\n"));
+  setTipOf(*notes_, notes.join("\n"));
+  notes_->setVisible(isDone);
+}
+
+}  // namespace kvo

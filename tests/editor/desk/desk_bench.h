@@ -1,0 +1,131 @@
+// The open editor on a collection of three films, a still and a song, in virtual time.
+#pragma once
+
+#include "editor/desk/editor_desk.h"
+#include "support/program_bench.h"
+
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace kvo::test {
+
+struct NotedPreview : DeskPreview {
+  std::string asked;
+  bool plays = false;
+  void KillPreview() override {
+    asked += "kill ";
+    plays = false;
+  }
+  void sample(Sample /*what*/, int clipNo) override { asked += "sample" + std::to_string(clipNo) + " "; }
+  [[nodiscard]] bool isPlaying() const override { return plays; }
+  void movieIsStale() override {}
+};
+
+/// Streams that can be kept waiting for.
+struct HeldStreams : MediaContents {
+  explicit HeldStreams(MediaContents& all) : all(all) {}
+  MediaContents& all;
+  std::mutex held;
+  Result<StreamFacts> facts(const std::string& path) override {
+    const std::lock_guard lock(held);
+    return all.facts(path);
+  }
+  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
+    return all.frame(path, seconds, width, height);
+  }
+};
+
+/// Three films, a still and a song on the desk; what it asks of others is noted.
+struct DeskBench : ProgramBench {
+  explicit DeskBench(int films = 3) {
+    for (int i = 1; i <= films; ++i) {
+      auto& clip = addVideo("film" + std::to_string(i) + ".avi", 0, 8);
+      clip.KeyID(i);
+      clip.DurationTime(Value(10));
+      clip.DurationFrames(Value(250));
+      clip.LoopEnd(Value(8));
+      clip.MovieHeight(480);
+    }
+    auto& still = addVideo("photo.jpg", 0, 5);
+    still.IsStill(true);
+    streams.all["/v/photo.jpg"] = {.hasVideo = true, .isStill = true, .width = 640, .height = 480};
+    addMusic("song.mp3", 0, 30);
+    list.whenInHand([this](int number) {
+      told += "load" + std::to_string(number) + " ";
+      inPlayer = number > 0 ? clipFile(clip(number)) : "";
+    });
+    list.fill();
+    list.PreviewMovie(1);
+    ClearDirtyFlags(collection, settings);
+    settings.state.ObjectChange = 0;
+    desk.tabs(notedTabs(), {});
+    listCommands.placedBy([this] { return place; });
+    told.clear();
+  }
+
+  Movie& clip(int number) { return collection.MovieList[number]; }
+  DeskTabs notedTabs() {
+    DeskTabs tabs;
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+      const auto name = std::to_string(i + 1);
+      tabs[i] = {.restore = [this, name] { told += "restore" + name + " "; },
+                 .enter = [this, name] { told += "enter" + name + " "; },
+                 .follow = [this, name](bool anew) { told += (anew ? "anew" : "follow") + name + " "; }};
+    }
+    return tabs;
+  }
+  MainWindowDoors doors() {
+    const auto note = [this](const char* what) { return [this, what] { told += std::string(what) + " "; }; };
+    return {.Displaymovieinfo = [this](int number) { told += "details" + std::to_string(number) + " "; },
+            .PlayerPause = note("pause"),
+            .PlayerStop = note("stop"),
+            .PlayerGetFileName = [this] { return inPlayer; },
+            .pausePlaying = note("halt"),
+            .place = [this] { return place; },
+            .SetMarkIn = note("markIn"),
+            .SetMarkOut = note("markOut"),
+            .resetMark = [this](bool in) { told += in ? "resetIn " : "resetOut "; },
+            .ShowSliderStuff = note("slider"),
+            .Pic_DigNumbers_Click = note("trimmer"),
+            .AddMoviesm =
+                [this](const std::string& path, int before) {
+                  told += "add" + path + (before > 0 ? " ahead of " + std::to_string(before) : "") + " ";
+                },
+            .mnu_SaveShow_Click = [this] { return (told += "saveAs ", true); },
+            .saveAgain = [this] { return (told += "save ", saves); },
+            .empty = note("empty"),
+            .FrmFileOpenToolsOnOff = [](bool) {}};
+  }
+  void open() {
+    desk.Form_Load();
+    if (!desk.isOpen()) return;
+    while (state.analysing.visible || !state.frame.toolsOn) {
+      if (!loop.workComesHome()) break;
+    }
+    loop.advance(1);
+  }
+  /// What is told in `ticks` ticks of the change watch.
+  std::string tick(int ticks = 1) {
+    told.clear();
+    loop.advance(200 * ticks);
+    return told;
+  }
+  std::string changed(Integer code) {
+    settings.state.ObjectChange = code;
+    return tick();
+  }
+
+  std::string told;
+  bool saves = true;  // Ctrl+S
+  std::string inPlayer;
+  std::optional<PlayerPlace> place = PlayerPlace{4, 100};
+  HeldStreams held{streams};
+  PresumedFiles presumed{held};
+  Editing onHeld{collection, settings, editor, presumed, files, boxes, folder, log, clock};
+  EditorWindowState state;
+  NotedPreview preview;
+  EditorDesk desk{{state, window, onHeld, loop, history, list, listCommands, preview, presumed}, doors()};
+};
+
+}  // namespace kvo::test
