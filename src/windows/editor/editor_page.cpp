@@ -37,6 +37,7 @@ QLabel* EditorPage::write(const QString& text, const char* role, const QRect& pl
 }
 
 void EditorPage::remember(QWidget* part, const QRect& place) {
+  std::erase_if(places_, [&](const auto& kept) { return kept.first == part; });
   places_.emplace_back(part, place);
   part->setGeometry(themed(place.x()), themed(place.y()), themed(place.width()), themed(place.height()));
 }

@@ -38,7 +38,7 @@ class EditorPage : public QFrame {
   static QScrollArea* scrolled(EditorPage* page, const QString& name, QWidget* parent);
 
  protected:
-  /// Places a part of the page; it moves with the size of the interface.
+  /// Places a part of the page, or puts it elsewhere; it moves with the size of the interface.
   template <class Part>
   Part* put(Part* part, const QRect& place) {
     remember(part, place);
