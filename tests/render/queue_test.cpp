@@ -144,6 +144,9 @@ TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
   EXPECT_EQ(q.told(), "1 waiting");
   q.loop.advance(5000);
   EXPECT_EQ(q.told(), "1 waiting") << "nothing is begun behind a stop";
+  EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 3);
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 3, q.sweep));
+  EXPECT_EQ(q.swept.size(), 1U) << "another goes on from what is there";
   EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
   EXPECT_EQ(q.swept.back(), "/.rendering-1.avi");
   EXPECT_FALSE(q.files.exists("/q/1.xtl"));
