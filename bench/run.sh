@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|timeline|seeks|movies|lengths|preview|play|intake|answers|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|encode|honest|lengths|preview|play|intake|answers|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -10,25 +10,33 @@ runs=${KVO_BENCH_RUNS:-5}
 
 have() { command -v "$1" >/dev/null; }
 
-render() {  # PEER JOB CODEC OUTPUT
-  local codec
+render() {  # PEER JOB CODEC OUTPUT; a codec of H.264 is "h264 PRESET"
+  local codec sound=(-c:a pcm_s16le)
+  [ "${3%% *}" = h264 ] && sound=(-c:a aac -b:a 160k)
   case $1 in
     ours | before | again)
       codec=(/C "$3")
+      [ "${3%% *}" != h264 ] || codec=(/E "${3#* }" /Q 20)
       [ "$1" = ours ] || local bin=$KVO_BENCH_BEFORE
       "$bin/KVORender" "${codec[@]}" /W "$4" "$2/movie.xtl"
       ;;
     ffmpeg)
       codec=(-c:v mpeg4 -q:v 3 -bf 0)
       [ "$3" = raw ] && codec=(-c:v rawvideo -pix_fmt bgr24)
+      [ "${3%% *}" = h264 ] && codec=(-c:v libx264 -preset "${3#* }" -crf 20 -pix_fmt yuv420p -movflags +faststart)
       mapfile -t inputs <"$2/inputs.txt"
       ffmpeg -hide_banner -loglevel error -nostdin -y "${inputs[@]}" -filter_complex_script "$2/graph.txt" \
-        -map '[V]' -map '[A]' -r 25 "${codec[@]}" -c:a pcm_s16le "$4"
+        -map '[V]' -map '[A]' -r 25 "${codec[@]}" "${sound[@]}" "$4"
       ;;
     melt)
       codec=(vcodec=mpeg4 qscale=3 bf=0)
       [ "$3" = raw ] && codec=(vcodec=rawvideo pix_fmt=bgr24)
-      melt -quiet "$2/movie.mlt" -consumer "avformat:$4" f=avi "${codec[@]}" acodec=pcm_s16le ar=44100 \
+      sound=(f=avi acodec=pcm_s16le)
+      if [ "${3%% *}" = h264 ]; then
+        codec=(vcodec=libx264 preset="${3#* }" crf=20 pix_fmt=yuv420p movflags=+faststart)
+        sound=(f=mp4 acodec=aac ab=160k)
+      fi
+      melt -quiet "$2/movie.mlt" -consumer "avformat:$4" "${codec[@]}" "${sound[@]}" ar=44100 \
         real_time=-2 terminate_on_pause=1 2>/dev/null
       ;;
   esac
@@ -102,6 +110,72 @@ movies() {
       for codec in mpeg4 raw; do movie "$kind" "$lines" 6 "$codec" ours ffmpeg melt; done
     done
   done
+}
+
+# Mean PSNR of a movie against another of the same pictures; both are brought to the weights of BT.709.
+psnr() {  # MOVIE REFERENCE
+  local same=scale=out_color_matrix=bt709,format=yuv420p
+  ffmpeg -hide_banner -nostdin -i "$1" -i "$2" -lavfi "[0:v]$same[a];[1:v]$same[b];[a][b]psnr" -f null - 2>&1 |
+    sed -n 's/.*average:\([0-9.inf]*\).*/\1/p' | tail -1
+}
+
+# The same movie as H.264 at equal settings: wall, CPU, CPU beside what the encoder alone takes, and PSNR.
+encoded() {  # KIND LINES PRESET
+  local job=$work/$1-$2-6 size=640x360 weights=bt601 peer figures wall cpu alone raw=$work/reference.avi
+  [ "$2" = 1080 ] && size=1920x1080 weights=bt709
+  bash bench/make_job.sh "$1" "$2" 6 "$work/corpus" "$job"
+  printf 'H.264 %s, %s, %s lines (load %s)\n' "$3" "$1" "$2" "$(cut -d' ' -f1 /proc/loadavg)"
+  mapfile -t inputs <"$job/inputs.txt"
+  ffmpeg -hide_banner -loglevel error -nostdin -y "${inputs[@]}" -filter_complex_script "$job/graph.txt" -map '[V]' \
+    -map '[A]' -r 25 -c:v ffv1 -pix_fmt yuv420p -colorspace "${weights/bt601/smpte170m}" -c:a pcm_s16le "$raw"
+  /usr/bin/time -o "$work/floor" -f '%U %S' ffmpeg -hide_banner -loglevel error -nostdin -threads 1 -i "$raw" -an -f null -
+  /usr/bin/time -a -o "$work/floor" -f '%U %S' ffmpeg -hide_banner -loglevel error -nostdin -y -threads 1 -i "$raw" -an \
+    -c:v libx264 -preset "$3" -crf 20 -pix_fmt yuv420p -threads 1 -f null -
+  alone=$(awk 'NR == 1 { d = $1 + $2 } NR == 2 { printf "%.2f", $1 + $2 - d }' "$work/floor")
+  for peer in ours ffmpeg melt; do
+    have "$peer" || [ "$peer" = ours ] || continue
+    figures=$(for ((r = 0; r < runs; ++r)); do measured "$peer" "$job" "h264 $3" "$work/movie.mp4"; done)
+    wall=$(awk '{ print $1 }' <<<"$figures" | median)
+    cpu=$(awk '{ print $2 }' <<<"$figures" | median)
+    render "$peer" "$job" "h264 $3" "$work/movie.mp4" >/dev/null
+    awk -v peer="$peer" -v w="$wall" -v c="$cpu" -v a="$alone" -v p="$(psnr "$work/movie.mp4" "$raw")" \
+      -v b="$(stat -c %s "$work/movie.mp4")" 'BEGIN {
+        printf "  %-8s %7.2f s wall %7.2f s CPU, %6.2f s of it beside the encoder, PSNR %s dB, %.2f MB\n", peer, w, c, c - a, p, b / 1e6 }'
+  done
+  rm -f "$raw" "$work/movie.mp4"
+}
+
+encode() {
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  local lines preset
+  for lines in ${KVO_BENCH_LINES:-360 1080}; do
+    for preset in veryfast medium; do encoded dissolve "$lines" "$preset"; done
+  done
+}
+
+# What the program says of time left and size at a quarter of the way, over ten renders of different kinds.
+honest() {
+  mkdir -p "$work"
+  bash bench/make_corpus.sh "$work/corpus"
+  local name kind lines clips end preset
+  printf 'time and size at a quarter of the way, and at the end (load %s)\n' "$(cut -d' ' -f1 /proc/loadavg)"
+  while read -r name kind lines clips end preset; do
+    bash bench/make_job.sh "$kind" "$lines" "$clips" "$work/corpus" "$work/$kind-$lines-$clips"
+    "$bin/bench_honest" "$bin/KVORender" "$name" "$work/$kind-$lines-$clips/movie.xtl" "$work/honest.$end" ${preset:+"$preset"} || true
+    rm -f "$work/honest.$end"
+  done <<'END'
+wmv-cuts cuts 360 6 wmv
+wmv-effects effects 360 12 wmv
+avi-wipe wipe 360 6 avi
+mp4-dissolve dissolve 360 6 mp4
+mp4-one-clip cuts 360 1 mp4
+mp4-1080 dissolve 1080 3 mp4
+mp4-email dissolve 360 6 mp4 email
+mov-cuts cuts 360 3 mov
+webm-cuts cuts 360 2 webm
+wav-effects effects 360 24 wav
+END
 }
 
 # One job by the engine and by the one before, in turn.
@@ -271,11 +345,11 @@ answers() (
     'openbox & desktop=$!; "$0"/bench_answers "$0"/kvo5 "$1" bench/editor_acts.txt; kill $desktop' "$bin" "$home/all.INI"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies lengths preview play intake answers
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies encode honest lengths preview play intake answers
 for part; do
   case $part in
     kernels | records | compile | timeline) "$bin/bench_$part" ;;
-    movies | lengths | seeks | preview | play | intake | answers | before) "$part" ;;
+    movies | encode | honest | lengths | seeks | preview | play | intake | answers | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

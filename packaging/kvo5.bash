@@ -20,8 +20,8 @@ _kvo5() {
     --range | --size | --rate | --profile) return ;;
   esac
   if [[ $cur == --* || $first == --render ]]; then
-    local words='--render --add --check --document --gallery --help --version'
-    [[ $first == --render && $COMP_CWORD -gt 1 ]] && words='--output --range --size --rate --codec --profile'
+    local words='--render --queue --add --check --document --gallery --help --version'
+    [[ $first == --render && $COMP_CWORD -gt 1 ]] && words='--output --range --size --rate --codec --profile --resume --slurm'
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
   else
     compopt -o filenames

@@ -18,15 +18,15 @@ enum class Task {
   Render,
   Check,
   Document,
+  Queue,
+  Presets,
   Add,
   Look,    ///< the program's own: it looks into files for another copy
   Sketch,  ///< likewise: it makes small pictures of them
 };
 
-struct PictureSize {
-  int width = 0;  ///< pixels
-  int height = 0;
-};
+/// What is asked of the queue of renders.
+enum class QueueAct { Add, List, Pause, Resume, Remove, Move, Run };
 
 struct CommandLine {
   Task task = Task::Help;
@@ -34,11 +34,20 @@ struct CommandLine {
   std::string output;
   std::vector<std::string> names;  ///< that are to be added
   std::optional<engine::Slice> range;
-  std::optional<PictureSize> size;
+  std::optional<PictureSides> size;
   std::optional<double> rate;       ///< frames a second
   std::optional<int> previewPower;  ///< of --document, 1 to 10
-  std::string codec;                ///< of an AVI; empty for uncompressed
+  std::string codec;                ///< a word of codecWord; empty for the kind's own
   std::optional<int> profile;       ///< of a WMV or WMA, 0 to 41
+  const MoviePreset* preset = nullptr;
+  int quality = 0;       ///< on the codec's own scale; 0 for the usual
+  std::string effort;    ///< one of effortWords(); empty for the usual
+  double megabytes = 0;  ///< that an MP4 is not to exceed; 0 for no limit
+  int slurmJobs = 0;     ///< that a cluster makes the segments by; 0 for this machine alone
+  QueueAct queueAct = QueueAct::List;
+  int queueNumber = 0;  ///< of the job that is meant
+  int queuePlace = 0;   ///< that it is moved to, from 1
+  bool resume = false;  ///< finished segments are kept, and those that are there are taken
 };
 
 /// True when the arguments ask for something else than the main window: a long option comes first.

@@ -2,15 +2,20 @@
 
 #include "app/clip_summary.h"
 #include "app/console_render.h"
+#include "app/farm_command.h"
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "base/text.h"
 #include "editor/compiler/collection_faults.h"
+#include "editor/compiler/compile_options.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
 #include "render/system_profile.h"
+#include "render/wm8_profile.h"
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace kvo {
 namespace {
@@ -42,8 +47,9 @@ std::string clipText(Session& session, const TimelineClip& clip) {
 
 // The document of a collection, unless a fault stands in its way. What was wrong with its reading is told.
 Result<std::string> compileWithoutFaults(Session& session, const ReadReport& report,
-                                         std::optional<int> previewPower) {
-  auto made = session.compile(previewPower);
+                                         std::optional<int> previewPower,
+                                         std::optional<PictureSides> size = std::nullopt) {
+  auto made = session.compile(previewPower, size);
   const auto faults = collectionFaults(made, session.streams, session.files, report);
   for (const auto& fault : faults) {
     if (fault.clip == 0 && !fault.stopsRender) warn(fault.text);
@@ -53,34 +59,69 @@ Result<std::string> compileWithoutFaults(Session& session, const ReadReport& rep
   return std::move(made.text);
 }
 
+// The movie is composed in the size that it is going to have.
+PictureSides sidesOf(const CommandLine& line, const KVO2& settings) {
+  const auto& p = settings.preferences();
+  const auto sides = line.size.value_or(PictureSides{heldWidth(p.RenderWidth), heldHeight(p.RenderHeight)});
+  return line.preset != nullptr ? fittedTo(*line.preset, sides) : sides;
+}
+
 }  // namespace
 
-int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+int runPresets() {
+  for (const auto& preset : moviePresets())
+    print(std::string(preset.name) + blanks(10 - preset.name.size()) + std::string(preset.text) + "\n");
+  return kExitDone;
+}
+
+Result<RenderOrder> renderOrder(Session& session, const CommandLine& line) {
   const auto report = session.open(line.collection);
-  if (!report) return fail(report.error().text);
+  if (!report) return report.error();
   if (session.files.sameFile(line.collection, line.output)) {
-    return fail("cannot write " + line.output + ": it is the collection");
-  }
-  if (line.size) {
-    session.settings.adjust().RenderWidth = static_cast<Integer>(line.size->width);
-    session.settings.adjust().RenderHeight = static_cast<Integer>(line.size->height);
+    return Error{"cannot write " + line.output + ": it is the collection"};
   }
   if (line.rate) session.settings.change().OutPutFrameRate = static_cast<Single>(*line.rate);
+  const auto rate = session.settings.preferences().OutPutFrameRate;
+  if (line.preset != nullptr && rate > line.preset->mostRate)
+    session.settings.change().OutPutFrameRate = static_cast<Single>(line.preset->mostRate);
 
-  const auto text = compileWithoutFaults(session, *report, std::nullopt);
-  if (!text) return fail(text.error().text);
+  const auto text = compileWithoutFaults(session, *report, std::nullopt, sidesOf(line, session.settings));
+  if (!text) return text.error();
   if (auto sound = checkDocument(*text); !sound)
-    return fail("cannot write the timeline document: " + sound.error().text);
+    return Error{"cannot write the timeline document: " + sound.error().text};
   RenderOrder order{.document = *text,
                     .output = line.output,
                     .codec = line.codec,
+                    .preset = line.preset != nullptr ? std::string(line.preset->name) : std::string(),
+                    .quality = line.quality,
+                    .effort = line.effort,
+                    .megabytes = line.megabytes,
                     .frameRate = session.settings.preferences().OutPutFrameRate,
                     .sharesTerminal = true};
   if (line.range) order.range = {line.range->from, line.range->to};
+  if (line.profile && *line.profile < kSystemProfiles) order.profile = line.profile;
+  return order;
+}
+
+std::string ownProfile(const CommandLine& line) {
+  if (!line.profile) return {};
+  const auto size = line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
+  return wm8ProfileBytes(*line.profile, size, {});
+}
+
+int runRender(Session& session, const CommandLine& line, const std::string& engine) {
+  auto made = renderOrder(session, line);
+  if (!made) return fail(made.error().text);
+  auto& order = *made;
+  if (line.slurmJobs > 0) return renderOnFarm(session, order, ownProfile(line), line.slurmJobs, engine);
+  if (line.resume) {
+    order.workFolder = workFolderOf(line.output);
+  } else {
+    std::error_code ignored;  // what is left of one that nobody wants to go on with
+    std::filesystem::remove_all(workFolderOf(line.output), ignored);
+  }
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
-  if (line.profile && *line.profile < kSystemProfiles) {
-    order.profile = line.profile;
-  } else if (line.profile) {
+  if (line.profile && !order.profile) {
     const auto size =
         line.size ? std::optional(OutputSize{line.size->width, line.size->height}) : std::nullopt;
     if (!profile.CreateWM8RenderProfile(*line.profile, size))

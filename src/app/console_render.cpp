@@ -51,17 +51,19 @@ std::string summary(const EngineRun& state, const std::string& output) {
          "\n";
 }
 
-int tellEnd(const EngineRun& state, const std::string& output, bool signalCame) {
+int tellEnd(const EngineRun& state, const RenderOrder& order, bool signalCame) {
   for (const auto& line : state.engineSays) std::fprintf(stderr, "%s\n", line.c_str());
   if (state.phase == EnginePhase::Done) {
     for (const auto& hole : state.damage) warn(damageText(hole));
     for (const auto& note : state.notes) warn(note);
-    print(summary(state, output));
+    print(summary(state, order.output));
     return kExitDone;
   }
   // A signal of the terminal may end the engine before this program has seen it.
   if (state.phase == EnginePhase::Stopped || signalCame)
-    return fail("stopped; nothing was written", kExitStopped);
+    return fail(order.workFolder.empty() ? "stopped; nothing was written"
+                                         : "stopped; the same command goes on from here",
+                kExitStopped);
   return state.failure.empty() ? kExitFailed : fail(state.failure);
 }
 
@@ -94,7 +96,7 @@ int renderOnConsole(Session& session, const RenderOrder& order, const std::strin
   look->start(kLookEvery);
   loop.run();
   show.end();
-  return tellEnd(driver.state(), order.output, signals.came());
+  return tellEnd(driver.state(), order, signals.came());
 }
 
 }  // namespace kvo

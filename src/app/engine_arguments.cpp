@@ -29,11 +29,103 @@ std::optional<int> wholeIn(std::string_view text) {
   return whole && *whole == *number ? whole : std::nullopt;
 }
 
-std::optional<media::VideoCodec> codecNamed(std::string_view name) {
-  if (sameText(name, "raw")) return media::VideoCodec::Raw;
-  if (sameText(name, "mpeg4")) return media::VideoCodec::Mpeg4;
-  return std::nullopt;
+// "2/8": the second of eight.
+std::optional<engine::Share> shareIn(std::string_view text) {
+  const auto slash = text.find('/');
+  if (slash == std::string_view::npos) return std::nullopt;
+  const auto number = wholeIn(text.substr(0, slash));
+  const auto of = wholeIn(text.substr(slash + 1));
+  if (!number || !of || *number < 1 || *number > *of) return std::nullopt;
+  return engine::Share{static_cast<std::size_t>(*number) - 1, static_cast<std::size_t>(*of)};
 }
+
+// What of the arguments changes the bytes of a movie: not where it goes, who starts it and with whom it is
+// made.
+std::string identityOf(const std::vector<std::string>& arguments) {
+  constexpr std::array<std::string_view, 4> kBeside = {"/S", "/W", "/K", "/J"};
+  std::string identity;
+  for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
+    const auto& argument = arguments[i];
+    if (std::any_of(kBeside.begin(), kBeside.end(), [&](auto o) { return sameText(argument, o); })) {
+      ++i;
+    } else {
+      identity += argument + "\n";
+    }
+  }
+  return identity;
+}
+
+using Reader = Outcome (*)(EngineArguments& read, const std::string& value);
+
+Outcome readOutput(EngineArguments& read, const std::string& value) {
+  read.job.output = value;
+  return {};
+}
+
+Outcome readProfile(EngineArguments& read, const std::string& value) {
+  read.job.preset = presetNamed(value);
+  if (read.job.preset != nullptr) return {};
+  read.profile = wholeIn(value);
+  if (read.profile && *read.profile >= 0 && *read.profile < kSystemProfiles) return {};
+  return Error{"the profile " + value + " is neither a number from 0 to 25 nor the name of a preset"};
+}
+
+Outcome readStarter(EngineArguments& read, const std::string& value) {
+  read.starter = wholeIn(value);
+  if (read.starter && *read.starter >= 1) return {};
+  return Error{"the process " + value + " is no number of one"};
+}
+
+Outcome readCodec(EngineArguments& read, const std::string& value) {
+  read.job.codec = codecNamed(value);
+  if (read.job.codec) return {};
+  return Error{"there is no codec " + value + "; there are raw, mpeg4, h264, vp9 and av1"};
+}
+
+Outcome readQuality(EngineArguments& read, const std::string& value) {
+  const auto number = wholeIn(value);
+  read.job.quality = number.value_or(0);
+  if (number && *number >= 1 && *number <= 63) return {};
+  return Error{"the quality " + value + " is not a whole number from 1 to 63"};
+}
+
+Outcome readEffort(EngineArguments& read, const std::string& value) {
+  read.job.effort = value;
+  if (effortOf(value)) return {};
+  return Error{"there is no effort " + value + "; they go from ultrafast to veryslow"};
+}
+
+Outcome readMegabytes(EngineArguments& read, const std::string& value) {
+  const auto number = numberIn(value);
+  read.job.megabytes = number.value_or(0);
+  if (number && *number > 0 && *number <= 1e6) return {};
+  return Error{"the size " + value + " is no number of megabytes"};
+}
+
+Outcome readWorkFolder(EngineArguments& read, const std::string& value) {
+  read.workFolder = value;
+  return {};
+}
+
+Outcome readShare(EngineArguments& read, const std::string& value) {
+  read.share = shareIn(value);
+  if (read.share) return {};
+  return Error{"the share " + value + " is not of the form 2/8"};
+}
+
+struct EngineOption {
+  std::string_view name;
+  Reader read;
+};
+constexpr std::array<EngineOption, 9> kOptions = {{{"/W", readOutput},
+                                                   {"/P", readProfile},
+                                                   {"/S", readStarter},
+                                                   {"/C", readCodec},
+                                                   {"/Q", readQuality},
+                                                   {"/E", readEffort},
+                                                   {"/M", readMegabytes},
+                                                   {"/K", readWorkFolder},
+                                                   {"/J", readShare}}};
 
 }  // namespace
 
@@ -58,29 +150,17 @@ Result<EngineArguments> readEngineArguments(const std::vector<std::string>& argu
       if (!read.job.slice) return Error{"the range " + option + " is not of the form /[1.50-4.00]"};
       continue;
     }
-    constexpr std::array<std::string_view, 4> kWithValue = {"/P", "/C", "/S", "/W"};
-    if (std::none_of(kWithValue.begin(), kWithValue.end(), [&](auto o) { return sameText(option, o); })) {
-      return Error{"there is no option " + option};
-    }
+    const auto known = std::find_if(kOptions.begin(), kOptions.end(),
+                                    [&](const auto& o) { return sameText(option, o.name); });
+    if (known == kOptions.end()) return Error{"there is no option " + option};
     if (i + 1 >= options) return Error{"the option " + option + " needs a value"};
-    const auto& value = arguments[++i];
-    if (sameText(option, "/W")) {
-      read.job.output = value;
-    } else if (sameText(option, "/P")) {
-      read.profile = wholeIn(value);
-      if (!read.profile || *read.profile < 0 || *read.profile >= kSystemProfiles) {
-        return Error{"the profile " + value + " is not a number from 0 to 25"};
-      }
-    } else if (sameText(option, "/S")) {
-      read.starter = wholeIn(value);
-      if (!read.starter || *read.starter < 1) return Error{"the process " + value + " is no number of one"};
-    } else {
-      const auto codec = codecNamed(value);
-      if (!codec) return Error{"there is no codec " + value + "; there are raw and mpeg4"};
-      read.job.aviCodec = *codec;
-    }
+    if (auto done = known->read(read, arguments[++i]); !done) return done.error();
   }
   if (read.job.output.empty()) return Error{"no output file is named: /W OUTPUT"};
+  if (read.share && read.workFolder.empty())
+    return Error{"a share needs a folder for its segments: /K FOLDER"};
+  if (!read.workFolder.empty())
+    read.job.work = engine::Work{read.workFolder, identityOf(arguments), read.share};
   return read;
 }
 

@@ -6,6 +6,7 @@
 #include "app/companions.h"
 #include "app/known_files.h"
 #include "app/look_command.h"
+#include "app/queue_command.h"
 #include "app/sketch_command.h"
 #include "app/window_program.h"
 #include "base/paths.h"
@@ -72,6 +73,8 @@ int run(const kvo::CommandLine& line) {
   switch (line.task) {
     case kvo::Task::Render:
       return kvo::runRender(session, line, beside + "KVORender");
+    case kvo::Task::Queue:
+      return kvo::runQueue(session, line, beside + "KVORender");
     case kvo::Task::Add:
       return addAndKeep(session, line, beside);
     case kvo::Task::Check:
@@ -108,6 +111,8 @@ int main(int argc, char** argv) {
     case kvo::Task::Version:
       std::puts("KVO5 " KVO_VERSION);
       return afterPrinting(kvo::kExitDone);
+    case kvo::Task::Presets:
+      return afterPrinting(kvo::runPresets());
     case kvo::Task::Look:
       return kvo::runLook();
     case kvo::Task::Sketch:

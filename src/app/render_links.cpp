@@ -90,7 +90,7 @@ void RenderLinks::settle() {
   auto& desk = parts_.editor.desk();
   if (!desk.isOpen() && state_.frame != RenderFrame::None) render_.leave();
   const bool isShown = state_.frame != RenderFrame::None;
-  desk.toolsOffFor(!isShown             ? std::string()
+  desk.toolsOffFor(!isShown           ? std::string()
                    : state_.isRunning ? translated("Abort the render first")
                                       : translated("Go back to editing first"));
   pictures_.settle();

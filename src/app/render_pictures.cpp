@@ -11,7 +11,7 @@ namespace kvo {
 namespace {
 
 constexpr std::chrono::milliseconds kPictureEvery{500};
-constexpr int kRestTimes = 4;  // of the time that the last picture took
+constexpr int kRestTimes = 4;             // of the time that the last picture took
 constexpr int kRenderPictureWidth = 368;  // pixels: what is shown at twice the size
 
 // Smaller by whole steps, so that it is quick.
@@ -27,7 +27,8 @@ std::shared_ptr<const FramePicture> small(const media::Picture& picture) {
   made->bgr.reserve(static_cast<std::size_t>(made->width) * static_cast<std::size_t>(made->height) * kPixel);
   for (int y = 0; y < made->height; ++y) {
     for (int x = 0; x < made->width; ++x) {
-      const auto* from = &bgr[static_cast<std::size_t>(y * step) * stride + static_cast<std::size_t>(x * step) * kPixel];
+      const auto* from =
+          &bgr[static_cast<std::size_t>(y * step) * stride + static_cast<std::size_t>(x * step) * kPixel];
       made->bgr.insert(made->bgr.end(), from, from + kPixel);
     }
   }
@@ -75,7 +76,8 @@ RenderPictures::Found RenderPictures::find(Film& film, const Wish& wish) {
         film.compositor->frame(std::clamp<std::int64_t>(wanted, 0, film.timeline->frames() - 1));
     if (picture) found.picture = small(*picture);
   }
-  found.took = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - begun);
+  found.took =
+      std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - begun);
   return found;
 }
 

@@ -62,8 +62,12 @@ Result<ReadReport> Session::open(const std::string& name) {
   return report;
 }
 
-Compiled Session::compile(std::optional<int> previewPower) {
+Compiled Session::compile(std::optional<int> previewPower, std::optional<PictureSides> size) {
   auto options = renderOptions(settings, folder.beside("\\silence.wav"));
+  if (size) {
+    options.output.width = size->width;
+    options.output.height = size->height;
+  }
   if (previewPower)
     options = previewOptions(std::move(options), GetPreviewParams(editing, *previewPower), *previewPower);
   return kvo::compile(collection, options, {streams, editor.effects});

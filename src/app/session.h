@@ -10,6 +10,9 @@
 #include "editor/desk/presumed_files.h"
 #include "editor/tabs/editing.h"
 #include "program/collection_store.h"
+#include "vocabulary/movie_presets.h"
+
+#include <optional>
 
 namespace kvo {
 
@@ -28,8 +31,10 @@ class Session {
   /// Reads a collection without touching its file. Clips whose file is missing stay in the list.
   Result<ReadReport> open(const std::string& collectionPath);
 
-  /// Compiles the collection for a render, or for a preview of the given power. Nothing is written back.
-  Compiled compile(std::optional<int> previewPower = std::nullopt);
+  /// Compiles the collection for a render, or for a preview of the given power; in its own size without
+  /// another. Nothing is written back.
+  Compiled compile(std::optional<int> previewPower = std::nullopt,
+                   std::optional<PictureSides> size = std::nullopt);
 
   PosixFiles files;
   PosixClock clock;

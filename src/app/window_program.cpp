@@ -25,6 +25,7 @@
 #include "app/known_files.h"
 #include "app/look_command.h"
 #include "app/play_links.h"
+#include "app/queue_command.h"
 #include "app/render_links.h"
 #include "app/session.h"
 #include "app/sketch_command.h"
@@ -186,7 +187,13 @@ class WindowProgram {
         frmRush_({editor_, renders_, session_, loop_, sketches_, store_, desktop_, dialogs_,
                   withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
         autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
-                   session_.collection, state_, commands_}) {
+                   session_.collection, state_, commands_}),
+        queue_({queueStore_,
+                session_.nameLocks,
+                {session_.files, session_.temporaryFolders, session_.processes, loop_,
+                 executableFolder + "KVORender"},
+                removeWholeFolder},
+               [] {}) {
     links_.link(skins_);
     mailbox_.guard({loadCheck_, session_.log, [] { std::exit(kExitFailed); }});
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
@@ -238,6 +245,7 @@ class WindowProgram {
       startUp_.tell();
       autosave_.begin();
       renders_.render().sweep();
+      queue_.start();
       companions_.begin();
       const int code = QApplication::exec();
       companions_.leave();
@@ -373,6 +381,8 @@ class WindowProgram {
   RenderLinks renders_;
   EditorWindow frmRush_;
   Autosave autosave_;
+  QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
+  QueueRunner queue_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.

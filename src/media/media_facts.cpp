@@ -7,6 +7,7 @@
 #include "media/source.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace kvo::media {
@@ -139,6 +140,10 @@ Outcome checkInput(const std::string& path) {
   return opened ? Outcome() : Outcome(opened.error());
 }
 
-void silenceRemarks() { av_log_set_level(AV_LOG_QUIET); }
+void silenceRemarks() {
+  av_log_set_level(AV_LOG_QUIET);
+  ::setenv("SVT_LOG", "0",
+           0);  // NOLINT(concurrency-mt-unsafe): ahead of the first encoder of AV1, which has its own
+}
 
 }  // namespace kvo::media

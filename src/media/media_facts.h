@@ -15,7 +15,8 @@ Result<StreamFacts> readFacts(const std::string& path);
 /// A quick look: fails with a line that names the file when it is missing or its head is no media file's.
 Outcome checkInput(const std::string& path);
 
-/// FFmpeg's own remarks on standard error are held back from here on: what matters comes as an Error.
+/// FFmpeg's own remarks on standard error, and those of its encoders, are held back from here on: what
+/// matters comes as an Error. To be called ahead of the first thread.
 void silenceRemarks();
 
 }  // namespace kvo::media

@@ -1,30 +1,28 @@
-// Writes encoded pictures, and sound that it encodes, into a movie or sound file: AVI (with an OpenDML index
-// beyond 1 GB), WAV (RIFF, RF64 beyond 4 GB), WMV and WMA (ASF).
+// Writes encoded pictures, and sound that it encodes, into a movie or sound file of each kind: AVI with an
+// OpenDML index beyond 1 GB, WAV as RF64 beyond 4 GB, MP4 with its index in front.
 #pragma once
 
 #include "base/result.h"
 #include "media/picture.h"
 #include "media/video_encoder.h"
 #include "ports/files.h"
+#include "vocabulary/movie_files.h"
 
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 
 namespace kvo::media {
 
-enum class Container { Avi, Wav, Wmv, Wma };
+using Container = OutputKind;
 
-/// By the extension of a file name in any case; nothing for another one.
-std::optional<Container> containerOf(std::string_view path);
-
-/// Of sound that is encoded; sound of a WAV or AVI is always 44.1 kHz stereo.
+/// Of sound that is encoded; sound of a WAV or AVI is always 44.1 kHz stereo. What is 0 is as the kind of
+/// file has it.
 struct SoundFormat {
-  int sampleRate = 44100;
+  int sampleRate = 0;
   int channels = 2;
-  int bitRate = 0;  ///< a second; 0 for 128000 beside a picture and 192000 without one
+  int bitRate = 0;  ///< a second
 };
 
 /// The encoder of Windows Media Audio goes no lower.
@@ -33,7 +31,7 @@ inline constexpr int kLeastSoundBits = 24000;
 struct MovieFormat {
   Container container = Container::Avi;
   std::optional<VideoFormat> video;
-  bool audio = true;  ///< PCM of 16 bits, in ASF Windows Media Audio 2
+  bool audio = true;  ///< as the kind of file has it
   SoundFormat sound{};
 };
 

@@ -1,6 +1,8 @@
 #include "media/video_encoder.h"
 
 #include "media/ffmpeg.h"
+#include "media/gif_pictures.h"
+#include "media/picture_encoder.h"
 #include "media/pixel_rows.h"
 #include "media/scaler.h"
 
@@ -11,9 +13,6 @@
 namespace kvo::media {
 namespace {
 
-constexpr int kGroupOfPictures = 12;
-constexpr int kCoarsest = 31;  // quantiser
-
 struct FreePool {
   void operator()(AVBufferPool* p) const { av_buffer_pool_uninit(&p); }
 };
@@ -22,20 +21,53 @@ AVPixelFormat rawFormat(int bitDepth) {
   return bitDepth == 16 ? AV_PIX_FMT_RGB555LE : bitDepth == 32 ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR24;
 }
 
+// Four seconds, as far as they take no more than 128 MB while their colours are chosen.
+std::size_t gifGroup(const VideoFormat& format) {
+  constexpr double kSeconds = 4;
+  constexpr double kBytes = 128e6;
+  const double frames = std::min(static_cast<double>(format.frameRate.frameFrom(kSeconds)),
+                                 kBytes / (4.0 * format.width * format.height));
+  return static_cast<std::size_t>(std::max(frames, 2.0));
+}
+
+int evenUp(int side) { return (side + 1) & ~1; }
+
+// A picture with the luma weights of BT.709, which it has by itself where it is high enough.
+Picture inBt709(const Picture& picture) {
+  if (usualMatrix(picture.height()) == Matrix::Bt709) return picture;
+  auto canvas = copyOf(picture);
+  const auto half = static_cast<std::size_t>(canvas.width() / 2);
+  for (int y = 0; y < canvas.height() / 2; ++y) {
+    changeMatrix(canvas.row(0, 2 * y), canvas.row(0, 2 * y + 1), canvas.row(1, y), canvas.row(2, y), half,
+                 Matrix::Bt601);
+  }
+  return share(std::move(canvas));
+}
+
 }  // namespace
 
 std::size_t EncodedFrame::bytes() const { return packet_ ? static_cast<std::size_t>(packet_->size) : 0; }
 
 struct VideoEncoder::State {
+  State(VideoFormat wanted, std::string fileName) : format(std::move(wanted)), name(std::move(fileName)) {}
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+  ~State() { endAv1(); }
+
   VideoFormat format;
   std::string name;
-  CodecHandle encoder;  // none for raw video
-  std::optional<Scaler> scaler;
+  CodecHandle encoder{};  // none for raw video
+  std::optional<Scaler> scaler{};
+  ScalerHandle converter{};  // to the encoder's own kind of picture
+  std::optional<GifPictures> gif{};
 
   // Raw video
-  std::unique_ptr<AVBufferPool, FreePool> rawPool;
+  std::unique_ptr<AVBufferPool, FreePool> rawPool{};
   std::size_t rawStride = 0;
-  std::vector<std::uint8_t> rawRow;
+  std::vector<std::uint8_t> rawRow{};
+
+  bool hasBegun = false;
+  bool hasEnded = false;
 
   [[nodiscard]] Error failure(int code) const { return ffmpegError("cannot encode " + name, code); }
 
@@ -49,56 +81,80 @@ struct VideoEncoder::State {
   }
 
   Outcome begin(bool headerInFile) {
-    const auto id = format.codec == VideoCodec::Mpeg4 ? AV_CODEC_ID_MPEG4 : AV_CODEC_ID_WMV2;
-    const auto* codec = avcodec_find_encoder(id);
-    if (codec == nullptr) {
-      return Error{"cannot write " + name + ": no encoder for " + avcodec_get_name(id)};
+    if (format.codec == VideoCodec::Raw) {
+      beginRaw();
+      return {};
     }
-    if (format.codec == VideoCodec::Wmv2 && format.width % 2 != 0) {
-      return Error{"cannot write " + name + ": its width of " + std::to_string(format.width) +
-                   " is odd, and Windows Media Video has even widths only"};
-    }
-    encoder.reset(avcodec_alloc_context3(codec));
-    auto& c = *encoder;
-    c.width = format.width;
-    c.height = format.height;
-    c.pix_fmt = AV_PIX_FMT_YUV420P;
-    // MPEG-4 counts the ticks of a second in 16 bits. A frame's number is its time here, whatever the unit.
-    const auto time = frameTimeOf(format.frameRate);
-    av_reduce(&c.time_base.num, &c.time_base.den, time.num, time.den, 65535);
-    c.framerate = av_inv_q(c.time_base);
-    c.gop_size = kGroupOfPictures;
-    c.max_b_frames = 0;
-    if (format.bitRate > 0) {
-      c.bit_rate = format.bitRate;
-      c.bit_rate_tolerance = format.bitRate / 10;
-      c.qmin = 2;
-      c.qmax = kCoarsest;
-    } else {
-      c.flags |= AV_CODEC_FLAG_QSCALE;
-      c.global_quality = FF_QP2LAMBDA * format.quantiser;
-    }
-    c.thread_count = 1;
-    if (headerInFile) c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    const int opened = avcodec_open2(&c, codec, nullptr);
-    return opened < 0 ? Outcome(failure(opened)) : Outcome();
+    auto opened = openPictureEncoder(format, headerInFile, name);
+    if (!opened) return opened.error();
+    encoder = std::move(*opened);
+    if (format.codec == VideoCodec::Gif) gif.emplace(gifGroup(format));
+    return {};
   }
 
   [[nodiscard]] bool fits(const Picture& picture) const {
-    const auto even = [](int side) { return (side + 1) & ~1; };
-    return picture.width() == even(format.width) && picture.height() == even(format.height);
+    return picture.width() == evenUp(format.width) && picture.height() == evenUp(format.height);
   }
 
   Result<Picture> broughtToSize(const Picture& picture) {
     const auto frame = newFrame();
     if (av_frame_ref(frame.get(), picture.frame()) < 0) throw std::bad_alloc();
-    if (!scaler) scaler.emplace((format.width + 1) & ~1, (format.height + 1) & ~1);
+    if (!scaler) scaler.emplace(evenUp(format.width), evenUp(format.height));
     return scaler->place(frame, Fit::Letterbox);
   }
 
-  Result<EncodedFrame> encode(const Picture& picture, std::int64_t number) {
-    const auto frame = newFrame();
-    auto packet = newPacket();
+  // The same picture as the encoder takes it, where that is another kind than ours.
+  SharedFrame converted(const SharedFrame& frame) {
+    if (frame->format == encoder->pix_fmt) return frame;
+    if (!converter) {
+      converter.reset(sws_getContext(frame->width, frame->height, static_cast<AVPixelFormat>(frame->format),
+                                     frame->width, frame->height, encoder->pix_fmt,
+                                     SWS_BICUBIC | SWS_ACCURATE_RND, nullptr, nullptr, nullptr));
+      if (!converter) throw std::bad_alloc();
+    }
+    auto made = newFrame(encoder->pix_fmt, frame->width, frame->height);
+    sws_scale(converter.get(), frame->data, frame->linesize, 0, frame->height, made->data, made->linesize);
+    made->pts = frame->pts;
+    return made;
+  }
+
+  // The encoder of AV1 can only be let go of when it has seen a picture and an end.
+  void endAv1() {
+    if (format.codec != VideoCodec::Av1 || !encoder || hasEnded) return;
+    EncodedFrames unwanted;
+    if (!hasBegun && !feed(newFrame(encoder->pix_fmt, format.width, format.height).get(), unwanted)) return;
+    (void)feed(nullptr, unwanted).ok();
+  }
+
+  // Null asks for what is held back.
+  Outcome feed(const AVFrame* frame, EncodedFrames& out) {
+    hasBegun = true;
+    hasEnded = frame == nullptr;
+    if (const int sent = avcodec_send_frame(encoder.get(), frame); sent < 0) return failure(sent);
+    for (;;) {
+      auto packet = newPacket();
+      const int got = avcodec_receive_packet(encoder.get(), packet.get());
+      if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return {};
+      if (got < 0) return failure(got);
+      packet->duration = 1;
+      // The pictures of AV1 stand in the order in which they are seen.
+      if (format.codec == VideoCodec::Av1) packet->dts = packet->pts;
+      out.emplace_back(std::move(packet));
+    }
+  }
+
+  Result<EncodedFrames> encodeAll(const Result<std::vector<SharedFrame>>& frames) {
+    if (!frames) return frames.error();
+    EncodedFrames out;
+    for (const auto& frame : *frames) {
+      if (auto done = feed(frame.get(), out); !done) return done.error();
+    }
+    return out;
+  }
+
+  Result<EncodedFrames> encode(const Picture& given, std::int64_t number) {
+    const auto picture = isBt709Always(format.codec) ? inBt709(given) : given;
+    auto frame = newFrame();
     if (av_frame_ref(frame.get(), picture.frame()) < 0) throw std::bad_alloc();
     frame->width = format.width;
     frame->height = format.height;
@@ -107,11 +163,23 @@ struct VideoEncoder::State {
     frame->pict_type = AV_PICTURE_TYPE_NONE;
     frame->quality = encoder->global_quality;
     frame->sample_aspect_ratio = {0, 1};
-    int done = avcodec_send_frame(encoder.get(), frame.get());
-    if (done >= 0) done = avcodec_receive_packet(encoder.get(), packet.get());
-    if (done < 0) return failure(done);
-    packet->duration = 1;
-    return EncodedFrame(std::move(packet));
+    if (gif) return encodeAll(gif->put(std::move(frame)));
+    frame = converted(frame);
+    frame->color_primaries = encoder->color_primaries;
+    frame->color_trc = encoder->color_trc;
+    frame->colorspace = encoder->colorspace;
+    frame->color_range = encoder->color_range;
+    EncodedFrames out;
+    auto done = feed(frame.get(), out);
+    return done ? Result<EncodedFrames>(std::move(out)) : done.error();
+  }
+
+  Result<EncodedFrames> finish() {
+    if (!encoder) return EncodedFrames();
+    auto out = gif ? encodeAll(gif->finish()) : Result<EncodedFrames>(EncodedFrames());
+    if (!out) return out;
+    auto done = feed(nullptr, *out);
+    return done ? std::move(out) : done.error();
   }
 
   void convertRow(const Picture& picture, int y, std::uint8_t* out) {
@@ -136,7 +204,7 @@ struct VideoEncoder::State {
     }
   }
 
-  Result<EncodedFrame> encodeRaw(const Picture& picture, std::int64_t number) {
+  EncodedFrames encodeRaw(const Picture& picture, std::int64_t number) {
     auto packet = newPacket();
     packet->buf = av_buffer_pool_get(rawPool.get());
     if (packet->buf == nullptr) throw std::bad_alloc();
@@ -148,7 +216,9 @@ struct VideoEncoder::State {
     packet->pts = packet->dts = number;
     packet->duration = 1;
     packet->flags |= AV_PKT_FLAG_KEY;
-    return EncodedFrame(std::move(packet));
+    EncodedFrames out;
+    out.emplace_back(std::move(packet));
+    return out;
   }
 };
 
@@ -159,22 +229,21 @@ VideoEncoder::~VideoEncoder() = default;
 
 Result<VideoEncoder> VideoEncoder::open(const VideoFormat& format, bool headerInFile,
                                         const std::string& name) {
-  auto state = std::make_unique<State>(State{format, name, nullptr, std::nullopt, nullptr, 0, {}});
-  if (format.codec == VideoCodec::Raw) {
-    state->beginRaw();
-  } else if (auto begun = state->begin(headerInFile); !begun) {
-    return begun.error();
-  }
+  auto state = std::make_unique<State>(format, name);
+  if (auto begun = state->begin(headerInFile); !begun) return begun.error();
   return VideoEncoder(std::move(state));
 }
 
-Result<EncodedFrame> VideoEncoder::encode(const Picture& picture, std::int64_t number) {
+Result<EncodedFrames> VideoEncoder::encode(const Picture& picture, std::int64_t number) {
   if (!state_->fits(picture)) {
     const auto sized = state_->broughtToSize(picture);
     return sized ? encode(*sized, number) : sized.error();
   }
-  return state_->encoder ? state_->encode(picture, number) : state_->encodeRaw(picture, number);
+  return state_->encoder ? state_->encode(picture, number)
+                         : Result<EncodedFrames>(state_->encodeRaw(picture, number));
 }
+
+Result<EncodedFrames> VideoEncoder::finish() { return state_->finish(); }
 
 Outcome VideoEncoder::describe(AVCodecParameters& parameters) const {
   if (state_->encoder) {

@@ -4,21 +4,22 @@
 #include "base/frame_rate.h"
 #include "base/result.h"
 #include "media/picture.h"
+#include "vocabulary/movie_files.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 struct AVPacket;
 struct AVCodecParameters;
 
 namespace kvo::media {
 
-enum class VideoCodec {
-  Raw,    ///< uncompressed, bottom row first, at the bit depth asked for
-  Mpeg4,  ///< MPEG-4 part 2
-  Wmv2,   ///< Windows Media Video 8
-};
+using kvo::VideoCodec;
+
+/// A movie whose bit rate has to be met is encoded twice; the first time only notes come of it.
+enum class Pass { Only, First, Second };
 
 struct VideoFormat {
   VideoCodec codec = VideoCodec::Raw;
@@ -26,8 +27,14 @@ struct VideoFormat {
   int height = 0;
   FrameRate frameRate{};
   int bitDepth = 24;  ///< 16 (5-5-5), 24 or 32; for Raw
-  int quantiser = 3;  ///< of each picture, 1 to 31; finer is less
+  int quantiser = 3;  ///< of each picture, 1 to 31; finer is less; of MPEG-4 and Windows Media
   int bitRate = 0;    ///< bits a second that are aimed at in place of that; 0 for none
+  int quality = 0;    ///< of H.264, VP9 and AV1 on their own scales, finer is less; 0 for the usual
+  int effort = 2;     ///< a place among effortWords()
+  int threads = 1;    ///< of an encoder; its frames depend on it
+  Pass pass = Pass::Only;
+  std::string
+      notes{};  ///< file that a first pass leaves for the second, with more of that beginning beside it
 };
 
 /// A frame as it stands in a file, shared and not copied.
@@ -43,21 +50,29 @@ class EncodedFrame {
   std::shared_ptr<AVPacket> packet_;
 };
 
+/// In the order in which they stand in the file.
+using EncodedFrames = std::vector<EncodedFrame>;
+
 class VideoEncoder {
  public:
-  /// Fails for sizes that the codec does not take. `headerInFile` keeps what describes the stream out of the
-  /// frames, for files that have a place for it. `name` is for error lines.
+  /// Fails for sizes that the codec does not take, and where FFmpeg has no such encoder. `headerInFile` keeps
+  /// what describes the stream out of the frames, for files that have a place for it. `name` is for error
+  /// lines.
   static Result<VideoEncoder> open(const VideoFormat& format, bool headerInFile, const std::string& name);
 
   VideoEncoder(VideoEncoder&&) noexcept;
   VideoEncoder& operator=(VideoEncoder&&) noexcept;
   ~VideoEncoder();
 
-  /// The frame that stands at `number` in the movie. The first picture of an encoder is a key frame, and
-  /// numbers rise by one, so that segments of a movie can be encoded by encoders of their own. A picture may
-  /// be larger than the movie by one row and column, which are cut off; one of another size is brought to
+  /// Takes the picture that stands at `number` in the movie, and gives the frames that are ready: codecs that
+  /// look ahead hold some back. The first picture of an encoder is a key frame, and numbers rise by one, so
+  /// that segments of a movie can be encoded by encoders of their own and laid behind each other. A picture
+  /// may be larger than the movie by one row and column, which are cut off; one of another size is brought to
   /// the movie's, its shape kept by black bars. Fails when memory is short.
-  Result<EncodedFrame> encode(const Picture& picture, std::int64_t number);
+  Result<EncodedFrames> encode(const Picture& picture, std::int64_t number);
+
+  /// What was held back: as many frames as pictures have come then. Nothing can be encoded behind it.
+  Result<EncodedFrames> finish();
 
   /// What a file says of the stream.
   [[nodiscard]] Outcome describe(AVCodecParameters& parameters) const;

@@ -26,8 +26,9 @@ EngineWord readProgress(std::string_view rest) {
   const auto total = takeNumber(rest);
   const auto bytes = takeNumber(rest);
   const auto written = takeNumber(rest);
+  const auto kept = takeNumber(rest);
   if (!done || !total) return {};
-  return EngineProgress{*done, *total, bytes.value_or(0), written.value_or(0)};
+  return EngineProgress{*done, *total, bytes.value_or(0), written.value_or(0), kept.value_or(0)};
 }
 
 EngineWord readDamage(std::string_view rest) {
@@ -57,7 +58,8 @@ std::string_view kindOf(const EngineDamage& damage) { return damage.isSound ? "s
 
 std::string engineLine(const EngineProgress& progress) {
   return "progress " + FormatMask(progress.done, "0.000") + " " + FormatMask(progress.total, "0.000") + " " +
-         FormatMask(progress.bytes, "0") + " " + FormatMask(progress.written, "0.000");
+         FormatMask(progress.bytes, "0") + " " + FormatMask(progress.written, "0.000") + " " +
+         FormatMask(progress.kept, "0.000");
 }
 
 std::string engineLine(const EngineDamage& damage) {

@@ -1,6 +1,7 @@
 // What the render engine tells while it works: lines of text on its standard output, written and read here.
-//   progress DONE TOTAL BYTES IN  seconds of the movie, a few times a second; the file's bytes so far and the
-//                                 seconds that are in them
+//   progress DONE TOTAL BYTES IN KEPT
+//                                 seconds of the movie, a few times a second; the file's bytes so far and the
+//                                 seconds that are in them; how much of what is done an earlier run had made
 //   damage KIND FROM TO FILE      the "picture" or "sound" of these seconds of a file is missing
 //   note TEXT                     where the movie is not as its profile asks
 //   done FRAMES SECONDS BYTES     the file is in place
@@ -22,6 +23,7 @@ struct EngineProgress {
   double total = 0;
   double bytes = 0;    ///< of the file so far
   double written = 0;  ///< seconds that these hold
+  double kept = 0;     ///< seconds of `done` that an earlier run had made
   bool operator==(const EngineProgress&) const = default;
 };
 

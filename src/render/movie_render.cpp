@@ -102,7 +102,7 @@ bool MovieRender::readJob(bool ready, Job& job) {
   if (job.kind == OutputKind::Wmv || job.kind == OutputKind::Wma) {
     const auto row = static_cast<std::size_t>(std::max(state_.profileRow, 0));
     job.profile = row < state_.Lst_WMVFormats.size() ? GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) : 1;
-  } else if (!query.hasVideo) {
+  } else if (!query.hasVideo && movieFileOf(job.kind).hasPicture) {
     job.kind = OutputKind::Wav;
   }
   if (job.audioOnly()) job.profile = kWavProfile;

@@ -29,14 +29,19 @@ std::optional<double> framesPerSecond(const RenderProgress& progress) {
 }
 
 std::optional<double> speedOf(const RenderProgress& progress) {
-  if (progress.movie.done <= 0 || progress.elapsed <= 0) return std::nullopt;
-  return progress.movie.done / progress.elapsed;
+  const double made = progress.movie.done - progress.movie.kept;
+  if (made <= 0 || progress.elapsed <= 0) return std::nullopt;
+  return made / progress.elapsed;
 }
 
 std::optional<double> secondsLeft(const RenderProgress& progress) {
-  const double share = shareDone(progress);
-  if (share <= 0 || !speedOf(progress)) return std::nullopt;
-  return progress.elapsed * (1 - share) / share;
+  const auto speed = speedOf(progress);
+  if (!speed || progress.movie.total <= 0) return std::nullopt;
+  const auto& movie = progress.movie;
+  const double left = std::max(movie.total - movie.done, 0.0);
+  const double made = movie.done - std::max(progress.begunWith, movie.kept);
+  const double took = progress.elapsed - progress.begunAt;
+  return made > 0 && took > 0 ? left * took / made : left / *speed;
 }
 
 std::optional<double> bytesInAll(const RenderProgress& progress) {

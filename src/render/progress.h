@@ -12,6 +12,8 @@ struct RenderProgress {
   EngineProgress movie;  ///< seconds of it
   double frameRate = 0;  ///< of the movie, frames a second; 0 for a sound file
   double elapsed = 0;    ///< seconds of work so far
+  double begunAt = 0;    ///< of these, when the first word came: opening the files is no measure of the rest
+  double begunWith = 0;  ///< seconds of the movie that were made then
 };
 
 /// 0 to 1.
@@ -27,7 +29,7 @@ std::optional<double> framesPerSecond(const RenderProgress& progress);
 /// Seconds of the movie made in a second of work. Nothing before the first bit of it.
 std::optional<double> speedOf(const RenderProgress& progress);
 
-/// Seconds of work, as the speed so far has it. Nothing as above.
+/// Seconds of work, as the speed since the first word has it. Nothing as above.
 std::optional<double> secondsLeft(const RenderProgress& progress);
 
 /// Bytes that the file will have, as those of the part that is written have it. Nothing before that.

@@ -1,6 +1,7 @@
 #include "render/render_driver.h"
 
 #include "base/numbers.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "render/batch_file.h"
 
@@ -14,19 +15,33 @@ constexpr const char* kSentinel = "/Rendone.txt";
 // Has the shell killed when this program ends; the engine does so with its shell.
 constexpr const char* kTether = "/usr/bin/setpriv";
 
-std::vector<std::string> argumentsOf(const RenderOrder& order, const std::string& document, int starter) {
+}  // namespace
+
+std::string workFolderOf(const std::string& output) {
+  return withSeparator(folderPart(output)).append(".rendering-").append(fileNamePart(output));
+}
+
+std::vector<std::string> engineArguments(const RenderOrder& order, const std::string& document,
+                                         const std::string& share) {
   std::vector<std::string> arguments;
   if (order.range) {
     const auto& [from, to] = *order.range;
     arguments.push_back("/[" + FormatMask(from, "0.00") + "-" + FormatMask(to, "0.00") + "]");
   }
   if (order.profile) arguments.insert(arguments.end(), {"/P", std::to_string(*order.profile)});
-  if (!order.codec.empty()) arguments.insert(arguments.end(), {"/C", order.codec});
-  arguments.insert(arguments.end(), {"/S", std::to_string(starter), "/W", order.output, document});
+  const auto add = [&](const char* option, const std::string& value) {
+    if (!value.empty()) arguments.insert(arguments.end(), {option, value});
+  };
+  add("/P", order.preset);
+  add("/C", order.codec);
+  if (order.quality > 0) add("/Q", std::to_string(order.quality));
+  add("/E", order.effort);
+  if (order.megabytes > 0) add("/M", FormatMask(order.megabytes, "0.000"));
+  add("/K", order.workFolder);
+  add("/J", share);
+  arguments.insert(arguments.end(), {"/W", order.output, document});
   return arguments;
 }
-
-}  // namespace
 
 Outcome RenderDriver::prepare(const RenderOrder& order, const std::string& folder) {
   const auto document = folder + kDocument;
@@ -37,8 +52,8 @@ Outcome RenderDriver::prepare(const RenderOrder& order, const std::string& folde
   // The user knows nothing of these files.
   if (auto done = writeDurably(ports_.files, document, order.document); !done)
     return Error{replaced(done.error().text, document, "the timeline document")};
-  const EngineCall call{ports_.engine, argumentsOf(order, document, ports_.processes.ownNumber()),
-                        order.profileFile};
+  EngineCall call{ports_.engine, engineArguments(order, document), order.profileFile};
+  call.arguments.insert(call.arguments.end() - 3, {"/S", std::to_string(ports_.processes.ownNumber())});
   if (auto done = writeDurably(ports_.files, batchFile, batchScript(call, sentinel_)); !done)
     return Error{replaced(done.error().text, batchFile, "the timeline document")};
   return {};
@@ -101,12 +116,21 @@ double RenderDriver::secondsSinceStart() const {
 
 void RenderDriver::hear(std::string_view line) {
   const auto word = readEngineLine(line);
-  if (const auto* progress = std::get_if<EngineProgress>(&word)) state_.progress.movie = *progress;
+  if (const auto* progress = std::get_if<EngineProgress>(&word)) hearProgress(*progress);
   if (const auto* damage = std::get_if<EngineDamage>(&word)) state_.damage.push_back(*damage);
   if (const auto* note = std::get_if<EngineNote>(&word)) state_.notes.push_back(note->text);
   if (const auto* report = std::get_if<EngineReport>(&word)) state_.report = *report;
   state_.progress.elapsed = secondsSinceStart();
   changed_();
+}
+
+void RenderDriver::hearProgress(const EngineProgress& movie) {
+  auto& progress = state_.progress;
+  if (progress.begunAt == 0) {
+    progress.begunAt = secondsSinceStart();
+    progress.begunWith = movie.done;
+  }
+  progress.movie = movie;
 }
 
 void RenderDriver::hearError(std::string_view line) {

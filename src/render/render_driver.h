@@ -21,12 +21,19 @@ struct RenderOrder {
   std::string document;                              ///< its text
   std::string output;                                ///< the extension says the kind
   std::optional<std::pair<double, double>> range{};  ///< from and to, seconds; without it the whole movie
-  std::string codec{};                               ///< of an AVI; empty for uncompressed
+  std::string codec{};                               ///< a word of codecWord; empty for the kind's own
   std::optional<int> profile{};                      ///< of Windows Media, one of the engine's own
+  std::string preset{};                              ///< the name of a MoviePreset; empty for none
+  int quality = 0;                                   ///< on the codec's own scale; 0 for the usual
+  std::string effort{};                              ///< one of effortWords(); empty for the usual
+  double megabytes = 0;                              ///< that an MP4 is not to exceed; 0 for no limit
   std::string profileFile{};                         ///< that is in force; empty for none
   std::string shownAs{};  ///< what the engine's lines call the output; empty for its own name
   std::string folder{};   ///< for document, script and sentinel; empty for a temporary one
-  double frameRate = 0;   ///< of the movie
+  /// Where finished segments are kept, so that a render that is cut off or stopped goes on from them; empty
+  /// for a render that leaves nothing. It goes with the movie's completion.
+  std::string workFolder{};
+  double frameRate = 0;  ///< of the movie
   /// The engine belongs to this program's job of the terminal, so that Ctrl-Z stops both.
   bool sharesTerminal = false;
 };
@@ -51,6 +58,14 @@ struct EngineRun {
 
   [[nodiscard]] bool ended() const { return phase > EnginePhase::Stopping; }
 };
+
+/// The work folder for an output, beside it.
+std::string workFolderOf(const std::string& output);
+
+/// What the engine is called with, but for its starter. `share` is a share of the segments, as "2/8", or
+/// empty.
+std::vector<std::string> engineArguments(const RenderOrder& order, const std::string& document,
+                                         const std::string& share = {});
 
 class RenderDriver {
  public:
@@ -86,6 +101,7 @@ class RenderDriver {
   Outcome prepare(const RenderOrder& order, const std::string& folder);
   void letGo();
   void hear(std::string_view line);
+  void hearProgress(const EngineProgress& movie);
   void hearError(std::string_view line);
   void hearEnd(const ProcessEnd& end);
   [[nodiscard]] double secondsSinceStart() const;

@@ -23,9 +23,8 @@ constexpr int kUncompressedPixel = 4;  // bytes of a picture-in-picture's
 std::string secondsOf(double seconds) { return translated("%1 s", {FormatMask(seconds, "0.000")}); }
 
 std::string roomText(double megabytes) {
-  return megabytes < kMegabytesOfGb
-             ? translated("%1 Mb", {FormatMask(megabytes, "0")})
-             : translated("%1 Gb", {FormatMask(megabytes / kMegabytesOfGb, "0.0")});
+  return megabytes < kMegabytesOfGb ? translated("%1 Mb", {FormatMask(megabytes, "0")})
+                                    : translated("%1 Gb", {FormatMask(megabytes / kMegabytesOfGb, "0.0")});
 }
 
 std::string nameOf(const Movie& clip) {
@@ -73,7 +72,6 @@ void MovieRender::tellOptions() {
   const auto& e = ports_.editing;
   const auto& preferences = e.settings.preferences();
   const auto size = outputSize();
-  const auto& row = kindRow(state_.kind);
   const double video = ToNumber(e.editor.VideoTotalTime);
   const double length = video > 0 ? video : ToNumber(e.editor.AudioTotalTime);
   const auto& create = ports_.create;
@@ -83,7 +81,7 @@ void MovieRender::tellOptions() {
                                 ? translated("Whole movie")
                                 : translated("%1 to %2 s", {FormatMask(create.Txt_From, "0.0"),
                                                             FormatMask(create.Txt_Too, "0.0")})});
-  if (row.hasPicture) {
+  if (movieFileOf(state_.kind).hasPicture) {
     const bool isCodecs = !state_.codecSize.empty() && state_.Chk_UseCodecOutputDimensions;
     facts.push_back({"Picture", isCodecs ? state_.codecSize
                                          : std::to_string(size.width) + " x " + std::to_string(size.height)});
@@ -105,14 +103,13 @@ void MovieRender::tellPair() {
   const double length = timelineLength(backdrop);
   const double bytes = std::ceil(length * rate) * size.width * size.height * kUncompressedPixel;
   const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
-  state_.facts = {
-      {"Backdrop", nameOf(backdrop)},
-      {"Overlay", overlay >= 1 && overlay <= e.clips().count() ? nameOf(e.clips()[overlay]) : ""},
-      {"Length", secondsOf(length)},
-      {"Picture", std::to_string(size.width) + " x " + std::to_string(size.height)},
-      {"Frames a second", ShortText(rate)},
-      {"Output file size", translated("about %1", {roomText(bytes / kBytesOfMb)})},
-      {"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))}};
+  state_.facts = {{"Backdrop", nameOf(backdrop)},
+                  {"Overlay", overlay >= 1 && overlay <= e.clips().count() ? nameOf(e.clips()[overlay]) : ""},
+                  {"Length", secondsOf(length)},
+                  {"Picture", std::to_string(size.width) + " x " + std::to_string(size.height)},
+                  {"Frames a second", ShortText(rate)},
+                  {"Output file size", translated("about %1", {roomText(bytes / kBytesOfMb)})},
+                  {"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))}};
   state_.film = {{pair_.backdropNo, 0, length}};
 }
 
@@ -135,7 +132,7 @@ void MovieRender::tellWork() {
              {"Elapsed", translated("%1 s", {FormatMask(std::floor(took), "0")})},
              {"Left", state_.progress},
              {"Speed", speed ? translated("%1 x real time", {FormatMask(*speed, "0.00")}) : ""},
-             {"Estimate", state_.sizeLabel},
+             {"Result", state_.sizeLabel},
              {"Output", made},
              {"Profile", formOf(job)}};
   } else if (state_.frame == RenderFrame::Report) {

@@ -3,7 +3,6 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "render/movie_render.h"
-#include "render/output_kinds.h"
 
 namespace kvo {
 namespace {
@@ -41,9 +40,9 @@ void MovieRender::recall() {
   folder_ = store.read(kRenderFolder);
   if (!ports_.editing.files.isFolder(folder_)) folder_.clear();
   state_.Chk_UseCodecOutputDimensions = store.read(kRenderOwnSize) != "1";
-  const auto* kept = kindNamed(store.read(kRenderKind));
-  if (kept == nullptr) return;
-  chooseKind(kept->kind);
+  const auto kept = outputKindOf("movie." + store.read(kRenderKind));
+  if (!kept) return;
+  chooseKind(*kept);
   const auto profile = store.read(kRenderProfile);
   for (std::size_t row = 0; row < state_.Lst_WMVFormats.size(); ++row) {
     if (!profile.empty() && GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) == ToNumber(profile))
@@ -54,13 +53,13 @@ void MovieRender::recall() {
 void MovieRender::remember(const Job& job) {
   auto& store = ports_.store;
   folder_ = std::string(folderPart(job.file));
+  if (folder_.size() > 1) folder_.pop_back();  // its separator
   store.write(kRenderFolder, folder_);
   store.write(kRenderWorking, store.read(kRenderWorking) + job.working + "\n");
   if (job.isPicInPic) return;
-  store.write(kRenderKind, kindRow(state_.kind).extension);
+  store.write(kRenderKind, extensionOf(state_.kind));
   store.write(kRenderOwnSize, state_.Chk_UseCodecOutputDimensions ? "0" : "1");
-  if (job.profile != kNoProfile && !job.audioOnly())
-    store.write(kRenderProfile, std::to_string(job.profile));
+  if (job.profile != kNoProfile && !job.audioOnly()) store.write(kRenderProfile, std::to_string(job.profile));
 }
 
 void MovieRender::forget(const std::string& working) {

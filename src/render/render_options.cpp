@@ -3,7 +3,6 @@
 #include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
-#include "render/output_kinds.h"
 #include "render/render_texts.h"
 
 namespace kvo {
@@ -35,7 +34,7 @@ void MovieRender::Rendertofile() {
   ports_.host.PlayerStop();
   ports_.host.ApplyStillSettings();
   recall();
-  if (!HaveAtleastOneVidTrack(ports_.editing) && kindRow(state_.kind).hasPicture)
+  if (!HaveAtleastOneVidTrack(ports_.editing) && movieFileOf(state_.kind).hasPicture)
     chooseKind(OutputKind::Wav);
   else
     chooseKind(state_.kind);

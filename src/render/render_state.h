@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ports/media_contents.h"
+#include "vocabulary/movie_files.h"
 
 #include <memory>
 #include <optional>
@@ -10,13 +11,6 @@
 #include <vector>
 
 namespace kvo {
-
-enum class OutputKind {
-  Wmv,  ///< Opt_CompressorType 0, as Wma
-  Wma,
-  Avi,
-  Wav,
-};
 
 /// The frames, in the order in which they are seen.
 enum class RenderFrame {
@@ -60,7 +54,7 @@ struct RenderState {
   bool RenderAborted = false;
 
   // The options
-  OutputKind kind = OutputKind::Wmv;
+  OutputKind kind = OutputKind::Mp4;        ///< until another is chosen
   std::vector<std::string> Lst_WMVFormats;  ///< of a Windows Media kind, else empty
   int profileRow = -1;                      ///< in that list; -1 for none
   bool Chk_UseCodecOutputDimensions = true;

@@ -4,7 +4,6 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
-#include "render/output_kinds.h"
 
 #include <array>
 #include <cmath>
@@ -40,6 +39,10 @@ struct SummaryPatterns {
   const char* seconds;
   const char* minutes;
 };
+constexpr SummaryPatterns kPictureSummary = {"Encoding %2 secs of video to %3",
+                                             "Encoding %1 mins %2 secs of video to %3"};
+constexpr SummaryPatterns kSoundSummary = {"Encoding %2 secs of audio to %3",
+                                           "Encoding %1 mins %2 secs of audio to %3"};
 constexpr std::array<SummaryPatterns, 4> kSummaries = {
     {{"Encoding %2 secs of video to '%3'", "Encoding %1 mins %2 secs of video to '%3'"},
      {"Encoding %2 secs of audio to '%3'", "Encoding %1 mins %2 secs of audio to '%3'"},
@@ -49,7 +52,7 @@ constexpr std::array<SummaryPatterns, 4> kSummaries = {
 
 }  // namespace
 
-std::string_view extensionOf(OutputKind kind) { return kindRow(kind).extension; }
+std::string_view extensionOf(OutputKind kind) { return movieFileOf(kind).extension; }
 
 std::string filterOf(OutputKind kind) { return "*." + lower(extensionOf(kind)); }
 
@@ -63,9 +66,14 @@ std::string editorCaption(std::string_view collection) {
 
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile) {
   const auto length = lengthOf(seconds);
-  const auto& patterns = kSummaries.at(static_cast<std::size_t>(kind));
+  const auto number = static_cast<std::size_t>(kind);
+  const auto& file = movieFileOf(kind);
+  const bool hasOwn = number < kSummaries.size();
+  const auto& patterns = hasOwn ? kSummaries.at(number) : file.hasPicture ? kPictureSummary : kSoundSummary;
+  const auto target = std::string(file.extension) + " (" + translated(file.about) + ")";
   return translated(length.minutes > 0 ? patterns.minutes : patterns.seconds,
-                    {std::to_string(length.minutes), std::to_string(length.seconds), profile});
+                    {std::to_string(length.minutes), std::to_string(length.seconds),
+                     hasOwn ? profile : std::string_view(target)});
 }
 
 std::string countdownText(int hours, int minutes, int seconds) {
@@ -106,7 +114,7 @@ StyledBox renderTimeWarning(double seconds) {
 
 StyledBox viewQuestion(std::string_view file) {
   return question("KVO - Movie Successfully Created",
-                  translated("%1 has been created !", {file}).append(kCrLf).append(kCrLf),
+                  translated("%1 has been created !", {fileNamePart(file)}).append(kCrLf).append(kCrLf),
                   "Do you wish to view the new Movie ?", BoxIcon::Done);
 }
 
@@ -164,7 +172,8 @@ Box silenceQuestion(int minutes) {
           translated("The render engine has said nothing for %1 min. It may hang, or have much to do.\r\n"
                      "Do you wish to abort the render ?",
                      {std::to_string(minutes)}),
-          BoxButtons::YesNo, BoxIcon::Warning,
+          BoxButtons::YesNo,
+          BoxIcon::Warning,
           {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
 }
 

@@ -9,17 +9,28 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(EngineArguments, TakeTheirForms) {
-  const auto all = readEngineArguments(
-      {"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/W", "/out/my movie.avi", "/x/doc.xtl"});
+  const auto all = readEngineArguments({"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/J",
+                                        "2/3", "/K", "/work", "/W", "/out/my movie.avi", "/x/doc.xtl"});
   ASSERT_TRUE(all) << all.error().text;
   ASSERT_TRUE(all->job.slice);
   EXPECT_EQ(all->job.slice->from, 1.5);
   EXPECT_EQ(all->job.slice->to, 4);
   EXPECT_EQ(all->profile, 12);
   EXPECT_EQ(all->starter, 4194303);
-  EXPECT_EQ(all->job.aviCodec, media::VideoCodec::Mpeg4);
+  EXPECT_EQ(all->job.work->folder, "/work");
+  EXPECT_EQ(all->job.work->share->number, 1U);
+  EXPECT_EQ(all->job.work->share->of, 3U);
+  EXPECT_EQ(all->job.work->identity, "/[1.50-4.00] \n/P\n12\n/C\nmpeg4\n");
+  EXPECT_EQ(all->job.codec, VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
+  const auto preset =
+      readEngineArguments({"/P", "Email", "/Q", "23", "/E", "slow", "/M", "2.5", "/W", "o.mp4", "d.xtl"});
+  ASSERT_TRUE(preset) << preset.error().text;
+  EXPECT_EQ(preset->job.preset, presetNamed("email"));
+  EXPECT_EQ(preset->job.quality, 23);
+  EXPECT_EQ(preset->job.effort, "slow");
+  EXPECT_EQ(preset->job.megabytes, 2.5);
   const auto least = readEngineArguments({"/w", "o.wav", "d.xtl"});
   ASSERT_TRUE(least);
   EXPECT_FALSE(least->job.slice || least->profile);
@@ -29,11 +40,18 @@ TEST(EngineArguments, TakeTheirForms) {
                          {"/W", "d.xtl"},
                          {"/P", "26", "/W", "o.wmv", "d.xtl"},
                          {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
-                         {"/C", "h264", "/W", "o.avi", "d.xtl"},
+                         {"/P", "nothing", "/W", "o.mp4", "d.xtl"},
+                         {"/Q", "0", "/W", "o.mp4", "d.xtl"},
+                         {"/E", "quick", "/W", "o.mp4", "d.xtl"},
+                         {"/M", "-1", "/W", "o.mp4", "d.xtl"},
+                         {"/C", "h265", "/W", "o.avi", "d.xtl"},
                          {"/S", "0", "/W", "o.avi", "d.xtl"},
                          {"/S", "x", "/W", "o.avi", "d.xtl"},
                          {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
                          {"/[1.50]", "/W", "o.avi", "d.xtl"},
+                         {"/J", "1/2", "/W", "o.avi", "d.xtl"},
+                         {"/K", "w", "/J", "3/2", "/W", "o.avi", "d.xtl"},
+                         {"/K", "w", "/J", "0/2", "/W", "o.avi", "d.xtl"},
                          {"/Q", "/W", "o.avi", "d.xtl"}};
   for (const auto& words : wrong) EXPECT_FALSE(readEngineArguments(words)) << testing::PrintToString(words);
 }
@@ -52,6 +70,22 @@ TEST(CommandLine, TakesItsCommands) {
     EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.wmv", "--profile", profile}))
         << profile;
   EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--profile", "7"}));
+  const auto mp4 =
+      readCommandLine({"--render", "c.INI", "--output", "o.mp4", "--preset", "phone", "--size-mb", "8",
+                       "--quality", "20", "--effort", "veryfast", "--size", "3840x2160"});
+  ASSERT_TRUE(mp4) << mp4.error().text;
+  EXPECT_EQ(mp4->preset, presetNamed("phone"));
+  EXPECT_EQ(mp4->megabytes, 8);
+  EXPECT_EQ(mp4->quality, 20);
+  EXPECT_EQ(mp4->effort, "veryfast");
+  EXPECT_EQ(mp4->size->width, 3840);
+  EXPECT_EQ(readCommandLine({"--list-presets"})->task, Task::Presets);
+  EXPECT_EQ(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--slurm", "8"})->slurmJobs, 8);
+  EXPECT_TRUE(readCommandLine({"--render", "c.INI", "--resume", "--output", "o.avi"})->resume);
+  const auto queued = readCommandLine({"--queue", "add", "c.INI", "--output", "o.avi"});
+  EXPECT_TRUE(queued && queued->task == Task::Queue && queued->queueAct == QueueAct::Add);
+  const auto moved = readCommandLine({"--queue", "move", "3", "1"});
+  EXPECT_TRUE(moved && moved->queueNumber == 3 && moved->queuePlace == 1);
   EXPECT_EQ(readCommandLine({"--check", "-c.INI"})->collection, "-c.INI");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl"})->output, "d.xtl");
   EXPECT_EQ(readCommandLine({"--document", "c.INI", "d.xtl", "--preview", "7"})->previewPower, 7);
@@ -66,6 +100,12 @@ TEST(CommandLine, TakesItsCommands) {
             std::string::npos);
 
   const Words wrong[] = {{"--nonsense"},
+                         {"--queue"},
+                         {"--queue", "pause"},
+                         {"--queue", "pause", "x"},
+                         {"--queue", "list", "1"},
+                         {"--queue", "add", "c.INI", "--output", "o.avi", "--resume"},
+                         {"--render", "c.INI", "--output", "o.avi", "--slurm", "0"},
                          {"--render"},
                          {"--render", "c.INI"},
                          {"--render", "c.INI", "--output"},
@@ -78,6 +118,13 @@ TEST(CommandLine, TakesItsCommands) {
                          {"--render", "c.INI", "--output", "o.avi", "--rate", "1.99"},
                          {"--render", "c.INI", "--output", "o.avi", "--rate", "1,5"},
                          {"--render", "c.INI", "--output", "o.avi", "--colour", "x"},
+                         {"--render", "c.INI", "--output", "o.mkv"},
+                         {"--render", "c.INI", "--output", "o.mp4", "--codec", "mpeg4"},
+                         {"--render", "c.INI", "--output", "o.webm", "--preset", "web"},
+                         {"--render", "c.INI", "--output", "o.mp4", "--preset", "x"},
+                         {"--render", "c.INI", "--output", "o.webm", "--size-mb", "8"},
+                         {"--render", "c.INI", "--output", "o.mp4", "--quality", "0"},
+                         {"--render", "c.INI", "--output", "o.mp4", "--effort", "x"},
                          {"--check"},
                          {"--check", "a", "b"},
                          {"--document", "a"}};

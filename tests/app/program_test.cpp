@@ -5,6 +5,7 @@
 #include "support/fakes.h"
 #include "support/real_world.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -352,6 +353,82 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
     EXPECT_TRUE(std::filesystem::is_empty(temporary)) << row.what << ": swept at the next start";
     EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << row.what;
   }
+}
+
+std::ptrdiff_t finishedSegments(const std::string& folder) {
+  std::error_code none;
+  std::filesystem::directory_iterator in(folder, none);
+  return std::count_if(begin(in), end(in), [](const auto& e) { return e.path().extension() == ".segment"; });
+}
+
+// Cut off behind the first finished segments, stopped, and changed in between.
+TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
+  const auto path = collection("c.INI", std::vector<std::string>(16, video_));
+  temporaryFolder();
+  const auto order = [&](const char* name, bool resumes) {
+    std::vector<std::string> words = {"--render", path,      "--output", work_ / name,
+                                      "--size",   "640x360", "--codec",  "mpeg4"};
+    if (resumes) words.emplace_back("--resume");
+    return words;
+  };
+  const auto folder = work_ / ".rendering-b.avi";
+  const auto segments = [&] { return finishedSegments(folder); };
+  expectEnd(kvo5(order("a.avi", false)), 0);
+  for (const int number : {SIGKILL, SIGINT}) {
+    auto words = order("b.avi", true);
+    words.insert(words.begin(), KVO_PROGRAMS "/kvo5");
+    Running render(words);
+    const auto before = segments();
+    while (segments() == before) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    render.signal(number);
+    EXPECT_TRUE(render.childrenEnd());
+    const auto says = number == SIGINT ? "the same command goes on from here" : "";
+    EXPECT_NE(render.said().find(says), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
+  }
+  EXPECT_GE(segments(), 2);
+  expectEnd(kvo5(order("b.avi", true)), 0);
+  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
+  EXPECT_TRUE(bytes("a.avi") == bytes("b.avi"));
+  EXPECT_FALSE(std::filesystem::exists(folder));
+  std::filesystem::create_directory(folder);
+  expectEnd(kvo5(order("b.avi", false)), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder)) << "nobody wants to go on with it";
+}
+
+TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
+  const auto path = collection("c.INI", std::vector<std::string>(16, video_));
+  temporaryFolder();
+  const std::vector<std::string> options = {"--size", "640x360", "--codec", "mpeg4"};
+  const auto add = [&](const char* name) {
+    std::vector<std::string> words = {"--queue", "add", path, "--output", work_ / name};
+    words.insert(words.end(), options.begin(), options.end());
+    expectEnd(kvo5(words), 0, "job ");
+  };
+  for (const auto* name : {"a.avi", "b.avi", "c.avi"}) add(name);
+  expectEnd(kvo5({"--queue", "pause", "1"}), 0);
+  expectEnd(kvo5({"--queue", "move", "3", "1"}), 0);
+  const auto waitFor = [](const auto& what) {
+    for (int i = 0; i < 6000 && !what(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  };
+  // What is done to the collection afterwards is no matter.
+  std::filesystem::remove(path);
+  const auto runner = test::startProgram({KVO_PROGRAMS "/kvo5", "--queue", "run"});
+  waitFor([&] { return finishedSegments(work_ / ".rendering-c.avi") > 0; });
+  ::kill(runner, SIGKILL);
+  test::endOf(runner);
+  expectEnd(kvo5({"--queue", "list"}), 0, "3  running");
+  EXPECT_FALSE(std::filesystem::exists(work_ / "c.avi"));
+  expectEnd(kvo5({"--queue", "resume", "1"}), 0);
+  expectEnd(kvo5({"--queue", "remove", "2"}), 0);
+  expectEnd(kvo5({"--queue", "run"}), 0, "1  done  100%");
+  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
+  EXPECT_TRUE(bytes("a.avi") == bytes("c.avi"));
+  EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
+  EXPECT_FALSE(std::filesystem::exists(work_ / ".rendering-c.avi"));
+  EXPECT_FALSE(std::filesystem::exists(home_ / "program/Queue/3.xtl"));
+  expectEnd(kvo5({"--queue", "resume", "1"}), 1, "job 1 is done");
+  expectEnd(kvo5({"--queue", "stop"}), 2);
 }
 
 TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {

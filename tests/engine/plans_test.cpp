@@ -95,7 +95,7 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
     RenderJob job;
     int cores;
   };
-  const auto mpeg4 = media::VideoCodec::Mpeg4;
+  const auto mpeg4 = VideoCodec::Mpeg4;
   const Row rows[] = {
       {"AVI, one core", timeline, {"m.avi"}, 1},
       {"AVI, eight cores", timeline, {"m.AVI"}, 8},
@@ -105,9 +105,16 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
       // Large pictures cannot wait for their turn, and large references are not held four times.
       {"AVI, large", large, {"m.avi"}, 8},
       {"WMV, large", large, {"m.wmv"}, 8},
+      {"MP4", timeline, {"m.mp4"}, 4},
+      {"AV1, which one encoder makes", timeline, {"m.webm", {}, VideoCodec::Av1}, 4},
+      {"GIF, by its preset", timeline, {.output = "m.gif", .preset = presetNamed("gif")}, 2},
+      {"MP4 within a size", timeline, {.output = "m.mp4", .megabytes = 1}, 2},
+      {"a codec of another kind", timeline, {"m.mp4", {}, VideoCodec::Vp9}, 1},
+      {"a preset of another kind", timeline, {.output = "m.webm", .preset = presetNamed("web")}, 1},
+      {"WebM within a size", timeline, {.output = "m.webm", .megabytes = 1}, 1},
       {"WAV", timeline, {"m.wav"}, 4},
       {"WMA, 0.05 to 0.07 s", timeline, {"m.wma", Slice{0.05, 0.07}}, 4},
-      {"an extension that is not known", timeline, {"m.mov"}, 1},
+      {"an extension that is not known", timeline, {"m.mkv"}, 1},
       {"a sound file, silent", silent, {"m.wav"}, 1},
       {"a movie without a picture", dark, {"m.avi"}, 1},
       {"behind the end", timeline, {"m.avi", Slice{21, 22}}, 1},

@@ -251,7 +251,7 @@ TEST_F(Render, WritesEachKindWithItsStreams) {
                                        "lavfi", "-i", "sine=duration=2", "-c:v", "ffv1", "-c:a", "flac"});
   const auto text = documentOf({{source, 0, 2, 0, 2}}, {{source, 0, 2, 0, 2}}, {100, 75});
   RenderJob mpeg4;
-  mpeg4.aviCodec = media::VideoCodec::Mpeg4;
+  mpeg4.codec = VideoCodec::Mpeg4;
   EXPECT_EQ(test::probed(rendered(text, "a.AVI"), "stream=codec_name,nb_frames"),
             "rawvideo 50 pcm_s16le 88200");
   EXPECT_EQ(test::probed(rendered(text, "m.avi", mpeg4), "stream=codec_name,width,height,nb_frames"),
@@ -277,8 +277,9 @@ TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
       {documentOf({{media_ / "cut.mkv", 0, 1, 0, 1}}), "o.avi", "cut.mkv"},
       {documentOf({{out_ / "source.avi", 0, 1, 0, 1}}), "source.avi", "it is one of the clips"},
       {documentOf({{source, 0, 1, 0, 1}}), "none/o.avi", "No such file"},
-      {documentOf({{source, 0, 1, 0, 1}}), "o.mov", "must end in"},
+      {documentOf({{source, 0, 1, 0, 1}}), "o.mkv", "must end in"},
       {documentOf({{source, 0, 1, 0, 1}}, {}, {101, 76}), "o.wmv", "its width of 101 is odd"},
+      {documentOf({{source, 0, 1, 0, 1}}, {}, {100, 75}), "o.mp4", "its height of 75 is odd"},
   };
   ASSERT_TRUE(writeDurably(files_, out_ / "o.avi", "the old movie"));
   const auto before = out_.names();

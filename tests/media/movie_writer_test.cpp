@@ -31,10 +31,12 @@ std::vector<test::DecodedPicture> written(const std::string& path, const MovieFo
   for (const auto& stretch : stretches) {
     auto encoder = writer->newVideoEncoder();
     EXPECT_TRUE(encoder);
-    for (const auto& picture : stretch) {
-      const auto frame = encoder->encode(picture, number++);
-      EXPECT_TRUE(frame && writer->writeVideo(*frame)) << path << number;
-    }
+    const auto write = [&](const Result<EncodedFrames>& frames) {
+      EXPECT_TRUE(frames) << path << number;
+      for (const auto& frame : *frames) EXPECT_TRUE(writer->writeVideo(frame)) << path << number;
+    };
+    for (const auto& picture : stretch) write(encoder->encode(picture, number++));
+    write(encoder->finish());
   }
   EXPECT_TRUE(writer->finish());
   EXPECT_TRUE((*target)->commit());
@@ -88,7 +90,10 @@ TEST(MovieWriter, TakesStretchesOfSeveralEncoders) {
   for (int i = 0; i < 60; ++i)
     stretches[i < 17 ? 0 : i < 29 ? 1 : 2].push_back(filled(64, 48, 20 + 3 * i, 128, 128));
   for (const auto& [name, container, codec] : {std::tuple{"m.avi", Container::Avi, VideoCodec::Mpeg4},
-                                               std::tuple{"w.wmv", Container::Wmv, VideoCodec::Wmv2}}) {
+                                               std::tuple{"w.wmv", Container::Wmv, VideoCodec::Wmv2},
+                                               std::tuple{"h.mp4", Container::Mp4, VideoCodec::H264},
+                                               std::tuple{"v.webm", Container::WebM, VideoCodec::Vp9},
+                                               std::tuple{"p.mov", Container::Mov, VideoCodec::ProRes}}) {
     const auto pictures =
         written(folder / name, {container, VideoFormat{codec, 64, 48, 25, 24}, false}, stretches);
     ASSERT_EQ(pictures.size(), 60U) << name;
@@ -134,7 +139,7 @@ TEST(MovieWriter, AnAviBeyondTwoGigabytesHasAnOpenDmlIndex) {
   const auto frame = encoder->encode(filled(4096, 4096, 126, 128, 128), 0);
   ASSERT_TRUE(frame);
   constexpr int kFrames = 34;  // 64 MB each
-  for (int i = 0; i < kFrames; ++i) ASSERT_TRUE(writer->writeVideo(*frame));
+  for (int i = 0; i < kFrames; ++i) ASSERT_TRUE(writer->writeVideo(frame->front()));
   ASSERT_TRUE(writer->finish());
   EXPECT_GT(outline.size(), 2ULL << 30U);
   EXPECT_EQ(outline.count("AVIX"), 2);

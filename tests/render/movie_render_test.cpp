@@ -87,6 +87,9 @@ TEST(RenderTexts, AreAsTold) {
            {renderTimeWarning(5432).message, "This render may take longer than 90.53 mins.\r\n"},
            {renderSummary(OutputKind::Wmv, 125, "P"), "Encoding 2 mins 5 secs of video to 'P'"},
            {renderSummary(OutputKind::Wma, 12, "P"), "Encoding 12 secs of audio to 'P'"},
+           {renderSummary(OutputKind::Mp4, 125, ""),
+            "Encoding 2 mins 5 secs of video to MP4 (H.264 and AAC)"},
+           {renderSummary(OutputKind::Mp3, 12, ""), "Encoding 12 secs of audio to MP3 (MP3)"},
            {renderSummary(OutputKind::Avi, 59, ""), "Writing 59 secs of uncompressed video."},
            {renderSummary(OutputKind::Wav, 59, ""), "Writing 59 secs of '44.1Khz Stereo PCM' Audio only."},
            {renderSummary(OutputKind::Wav, 65, ""), "Writing 1 mins - 5 of '44.1Khz Stereo PCM' Audio only."},
@@ -134,6 +137,7 @@ TEST(MovieRender, GoesFromTheOptionsToTheReport) {
   EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV"));
   EXPECT_FALSE(b.settings.state.IsDirty) << "a movie is no change of the collection";
   EXPECT_FALSE(b.state.isRunning);
+  EXPECT_EQ(b.work.notes, "awake [my film.wmv has been created !] asleep ");
 }
 
 TEST(MovieRender, ShowsTheReportWhenNobodyWantsToView) {
@@ -147,6 +151,10 @@ TEST(MovieRender, ShowsTheReportWhenNobodyWantsToView) {
   EXPECT_FALSE(b.settings.preferences().RenderAutoView) << "who says no is asked again";
   EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep controls+ kill");
   EXPECT_TRUE(test::holds(b.engine.calls[1], "'/bin/KVORender' '/S'")) << "no profile";
+  EXPECT_EQ(b.work.notes, "awake asleep ") << "it was short";
+  b.render.view();
+  b.render.view();
+  EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep controls+ kill tabs add:/out/film.AVI");
   b.choose(OutputKind::Avi);
   b.dialogs.answers = {std::nullopt};
   b.render.WriteRenderMovie();
@@ -206,7 +214,14 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
   };
   const std::string failed = "KVO - Failed to Render Movie|";
   for (const auto& row :
-       {Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0},
+       {Row{"an older file",
+            [](auto& b) {
+              b.dialogs.answers = {"/out/older"};
+              b.files.all["/out/older.WMV"] = "old";
+              b.boxes.answers = {Answer::No};
+            },
+            "KVO - Create Movie|", 0},
+        Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0},
         Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, "KVO - Not enough Disk Space Warning|", 1},
         Row{"no range", range(2, 2),
             "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
@@ -237,6 +252,114 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
   empty.collection.MovieList.clear();
   empty.render.Rendertofile();
   EXPECT_EQ(captionsOf(empty.boxes), "KVO - No Movies in Collection|");
+}
+
+std::string factsOf(const RenderState& state) {
+  std::string all;
+  for (const auto& [name, value] : state.facts) all.append(name).append("=").append(value).append("|");
+  return all;
+}
+
+TEST(MovieRender, BeginsWithWhatWasUsedLast) {
+  RenderBench first;
+  first.choose(OutputKind::Wmv, 9);
+  EXPECT_EQ(first.state.facts.at(3), (RenderFact{"Picture", "320 x 240"})) << "the profile's own";
+  first.render.tickCodecDimensions(false);
+  first.create.Opt_RenderRangeWhole = false;
+  first.create.Txt_From = 2;
+  first.create.Txt_Too = 5.5;
+  first.render.WriteRenderMovie();
+  EXPECT_EQ(first.dialogs.asked.at(0).folder, "/videos");
+  RenderBench next;
+  next.store.all = first.store.all;
+  next.files.all["/out/another.avi"] = "";
+  next.settings.adjust().RenderWidth = 640;
+  next.render.Rendertofile();
+  EXPECT_EQ(next.state.kind, OutputKind::Wmv);
+  EXPECT_EQ(GetWMVRenderProfileInt(next.state.Lst_WMVFormats.at(9)), 9);
+  EXPECT_EQ(next.state.profileRow, 9);
+  EXPECT_FALSE(next.state.Chk_UseCodecOutputDimensions);
+  EXPECT_EQ(next.state.codecSize, "320 x 240");
+  next.render.WriteRenderMovie();
+  EXPECT_EQ(next.dialogs.asked.at(0).folder, "/out");
+}
+
+TEST(MovieRender, TellsHowFarItIs) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  EXPECT_EQ(factsOf(b.state),
+            "Clips=2|Length=0.000 s|Range=Whole movie|Picture=320 x 240|Frames a second=25|Colors=24 bit|"
+            "Sound=44.1 kHz stereo|Free disk=976.6 Gb|");
+  b.engine.turns = {{.seconds = 20}, {.seconds = 20}};
+  std::string estimate, rendering;
+  b.host.onChange = [&] {
+    if (b.state.frame == RenderFrame::Estimate && b.engine.running > 0) {
+      EXPECT_EQ(b.state.movieSeconds, 4) << "a second into the part that begins at 3";
+      estimate = factsOf(b.state);
+    }
+    if (b.state.frame == RenderFrame::Rendering && b.engine.running > 0) rendering = factsOf(b.state);
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(estimate,
+            "Result=not known yet|Free on this disk=976.6 Gb|Output='/out/my film.wmv.AVI'|"
+            "Profile=Full Frames Uncompressed AVI|");
+  EXPECT_TRUE(rendering.starts_with("Now=Cut 1   beach.avi|Elapsed=")) << rendering;
+  EXPECT_EQ(b.state.film, (std::vector<FilmCut>{{1, 0, 4}, {2, 4, 12}}));
+  EXPECT_EQ(factsOf(b.state),
+            "Movie='/out/my film.wmv.AVI'|Length=12.000 s|Profile=Full Frames Uncompressed AVI|");
+}
+
+TEST(MovieRender, MakesOneClipOfTwo) {
+  for (const bool fails : {false, true}) {
+    RenderBench b;
+    b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 11}));
+    b.create.Opt_RenderRangeWhole = false;  // which is the movie's
+    b.render.RenderPinP(1, {});
+    EXPECT_EQ(b.state.frame, RenderFrame::None) << "no overlay";
+    b.render.RenderPinP(2, {.backdropAudio = true});
+    ASSERT_EQ(b.state.frame, RenderFrame::PicInPic);
+    EXPECT_EQ(b.state.heading, "Render New Picture in Picture Clip");
+    EXPECT_TRUE(factsOf(b.state).starts_with("Backdrop=hills.avi|Overlay=beach.avi|Length=8.000 s|"));
+    b.dialogs.answers = {"/out/pair.avi"};
+    if (fails) b.engine.turns = {{.exitCode = 1}};
+    std::string document;
+    b.host.onChange = [&] {
+      if (b.engine.running > 0) document = b.files.all["/prog/KVORender.xtl"];
+    };
+    b.render.RenderNewPicInPic();
+    EXPECT_TRUE(test::holds(document, "KVO PicInPic") && test::holds(document, "\"audio\"")) << document;
+    EXPECT_TRUE(b.engine.calls.at(0).starts_with("'/bin/KVORender' '/[2.00-7.00]' '/S'"))
+        << b.engine.calls[0];
+    EXPECT_EQ(b.files.all.contains("/out/pair.avi"), !fails);
+    EXPECT_EQ(b.state.frame, fails ? RenderFrame::PicInPic : RenderFrame::None);
+    EXPECT_EQ(test::holds(b.host.notes, "add:/out/pair.avi"), !fails);
+    EXPECT_FALSE(b.store.all.contains("RenderKind")) << "it is no choice of the user's";
+  }
+}
+
+TEST(MovieRender, AsksAboutAnEngineThatSaysNothing) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.engine.turns = {{.seconds = 1}, {.seconds = 100000}};
+  b.boxes.answers = {Answer::No, Answer::Yes};
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(captionsOf(b.boxes), "KVO - Render Engine|KVO - Render Engine|KVO - Movie Render aborted|");
+  EXPECT_TRUE(test::holds(b.boxes.shown.at(1).text, "for 2 min."));
+  EXPECT_LT(b.loop.now(), std::chrono::seconds(200)) << "a minute, and then two";
+}
+
+TEST(MovieRender, SweepsWhatAKilledRenderHasLeft) {
+  RenderBench b;
+  b.files.all = {{"/out/.rendering-5.WMA", ""},
+                 {"/out/.rendering-6.AVI", ""},
+                 {"/out/mine.AVI", ""},
+                 {"/proc/6/stat", ""}};
+  b.store.all["RenderWorking"] = "/out/.rendering-5.WMA\n/out/.rendering-6.AVI\n/out/mine.AVI\n";
+  b.render.sweep();
+  EXPECT_FALSE(b.files.all.contains("/out/.rendering-5.WMA"));
+  EXPECT_TRUE(b.files.all.contains("/out/.rendering-6.AVI")) << "its program still runs";
+  EXPECT_TRUE(b.files.all.contains("/out/mine.AVI"));
+  EXPECT_EQ(b.store.all["RenderWorking"], "/out/.rendering-6.AVI\n/out/mine.AVI\n");
 }
 
 TEST(MovieRender, PutsItsProfileInForceForTheEngineAlone) {

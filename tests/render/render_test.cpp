@@ -13,7 +13,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(EngineProtocol, IsReadAsItIsWritten) {
-  const EngineProgress progress{1.5, 12, 70000, 1.25};
+  const EngineProgress progress{1.5, 12, 70000, 1.25, 0.5};
   EXPECT_EQ(std::get<EngineProgress>(readEngineLine(engineLine(progress))), progress);
   EXPECT_EQ(std::get<EngineNote>(readEngineLine(engineLine(EngineNote{"the sound  has"}))),
             EngineNote{"the sound  has"});
@@ -55,6 +55,9 @@ TEST(RenderProgress, TimeLeftNeverJumpsUpInTheSecondHalf) {
 TEST(RenderProgress, TellsShareSpeedAndTimeLeft) {
   EXPECT_EQ(progressText({{0, 10}, 25, 0}), "  0%");
   EXPECT_EQ(progressText({{5, 20}, 25, 2}), " 25%  2.50 x real time  0:06 left");
+  EXPECT_EQ(progressText({{5, 20}, 25, 2, 1.5, 1}), " 25%  2.50 x real time  0:02 left")
+      << "of which 1.5 to begin";
+  EXPECT_EQ(progressText({{15, 20, 0, 0, 10}, 25, 2}), " 75%  2.50 x real time  0:02 left") << "it goes on";
   EXPECT_EQ(progressText({{20, 20}, 25, 8}), "100%  2.50 x real time  0:00 left");
   EXPECT_EQ(clockText(3661), "1:01:01");
   EXPECT_EQ(clockText(59.2), "1:00");
@@ -84,12 +87,14 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   Driven d;
   d.order.range = {1.5, 4};
   d.order.codec = "mpeg4";
+  d.order.workFolder = workFolderOf("/o.avi");
   d.order.sharesTerminal = true;
   d.run();
   const auto& order = d.processes.last().order;
   EXPECT_EQ(order.arguments, (Words{"--pdeathsig", "KILL", "/bin/sh", "/tmp/kvo/KVORender.bat"}));
   EXPECT_EQ(d.files.all["/tmp/kvo/KVORender.bat"],
-            "#!/bin/sh\n'/bin/KVORender' '/[1.50-4.00]' '/C' 'mpeg4' '/S' '77' '/W' '/o.avi' "
+            "#!/bin/sh\n'/bin/KVORender' '/[1.50-4.00]' '/C' 'mpeg4' '/K' '/.rendering-o.avi' '/S' '77' '/W' "
+            "'/o.avi' "
             "'/tmp/kvo/KVORender.xtl'\ncode=$?\necho >'/tmp/kvo/Rendone.txt'\nexit $code\n");
   EXPECT_FALSE(order.ownGroup);
   EXPECT_EQ(d.files.all["/tmp/kvo/KVORender.xtl"], "<timeline>");

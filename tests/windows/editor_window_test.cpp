@@ -82,12 +82,13 @@ struct RushBench : test::TabBench {
                  number("key"), note("transition"), number("rate"), note("rateUp"), number("level"),
                  number("jog"), number("history"),
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
-                 note("whole"), note("preview"), [this] { return asked += "save ", std::string("Saved"); },
+                 note("whole"), note("preview"), note("render"),
+                 [this] { return asked += "save ", std::string("Saved"); },
                  [this] { return asked += "saveAs ", std::string(); }, note("stopAnalysing"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
-                                  CreatePage::Acts{note("preview"), note("save"), note("help"), note("quit"),
-                                                   [this] { window->draw(); }},
+                                  CreatePage::Acts{note("preview"), note("render"), note("save"),
+                                                   note("help"), note("quit"), [this] { window->draw(); }},
                                   window.get());
     window->setPage(1, page, [page] { page->draw(); });
     auto* tiles =
@@ -168,7 +169,7 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
         Row{Qt::Key_0, Qt::NoModifier, "whole "}, Row{Qt::Key_D, Qt::NoModifier, "transition "},
         Row{Qt::Key_Z, Qt::ControlModifier, "history-1 "},
         Row{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "history1 "},
-        Row{Qt::Key_S, Qt::ControlModifier, "save "},
+        Row{Qt::Key_S, Qt::ControlModifier, "save "}, Row{Qt::Key_Return, Qt::ControlModifier, "render "},
         Row{Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, "saveAs "}}) {
     b.asked.clear();
     QTest::keyClick(b.window.get(), row.key, row.with);

@@ -2,6 +2,7 @@
 
 #include "adapters/posix/descriptor.h"
 #include "base/paths.h"
+#include "ports/read_back.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -58,7 +59,7 @@ Result<Descriptor> openFile(const std::string& path, std::uint64_t& size) {
   return file;
 }
 
-class PosixReplacement : public Replacement {
+class PosixReplacement : public Replacement, public ReadBack {
  public:
   PosixReplacement(Descriptor file, std::string path, std::string scratch)
       : file_(std::move(file)), path_(std::move(path)), scratch_(std::move(scratch)) {}
@@ -80,6 +81,19 @@ class PosixReplacement : public Replacement {
   }
 
   [[nodiscard]] std::uint64_t size() const override { return size_; }
+
+  [[nodiscard]] Result<std::size_t> read(std::uint64_t at, std::span<char> bytes) const override {
+    std::size_t got = 0;
+    while (got < bytes.size()) {
+      const auto done =
+          ::pread(file_.get(), bytes.data() + got, bytes.size() - got, static_cast<off_t>(at + got));
+      if (done < 0 && errno == EINTR) continue;
+      if (done < 0) return failure("cannot read", path_);
+      if (done == 0) break;
+      got += static_cast<std::size_t>(done);
+    }
+    return got;
+  }
 
   Outcome commit() override {
     if (::fsync(file_.get()) != 0) return failure("cannot write", path_);
@@ -196,11 +210,11 @@ Result<std::unique_ptr<Replacement>> PosixFiles::replace(const std::string& path
     mode = (old.st_mode & 07777U) | S_IWUSR;
   }
   std::string scratch;
-  Descriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode));
+  Descriptor file(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFileMode));
   if (!file.open() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
     scratch = target + ".new" + std::to_string(::getpid());
     Descriptor named(
-        ::open(scratch.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
+        ::open(scratch.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kNewFileMode));
     if (!named.open()) return failure("cannot write", path);
     if (mode) ::fchmod(named.get(), *mode);
     return std::unique_ptr<Replacement>(

@@ -76,7 +76,7 @@ void EditorDesk::toolsOffFor(const std::string& because) {
 void EditorDesk::showTools() {
   auto& frame = parts_.state.frame;
   frame.toolsOn = toolsOn_ && offBecause_.empty();
-  frame.toolsOffBecause = frame.toolsOn          ? ""
+  frame.toolsOffBecause = frame.toolsOn         ? ""
                           : offBecause_.empty() ? translated("Stop the preview first")
                                                 : offBecause_;
   ShowClipStats();

@@ -14,7 +14,6 @@ namespace kvo {
 struct ClipStats {
   std::string lbl_ClipStats;     ///< "Cut 2 Details"
   std::string clipName;          ///< as it is listed
-  bool isSound = false;          ///< sound alone, which has no frames
   std::string Lbl_FrameDets;     ///< "50 to 260"; of sound its section: "0.00 to 30.00 (s)"
   std::string Lbl_Durdets;       ///< "8.400 (s)"
   std::string Lbl_Timelinedets;  ///< "6.00 - 14.40 (s) "
@@ -23,6 +22,7 @@ struct ClipStats {
   std::string Lbl_Transdets;     ///< "Dissolve over 2.0 (s)"
   std::string Lbl_EffectDets;    ///< "Effects applied"
   std::string Lbl_AudioDets;     ///< "100%"
+  bool isSound = false;          ///< sound alone, which has no frames
   bool operator==(const ClipStats&) const = default;
 };
 

@@ -10,15 +10,10 @@
 namespace kvo::engine {
 namespace {
 
-using media::Container;
 using media::kSampleRate;
 
 constexpr FrameRate kSoundSteps = 10;  // a second
 constexpr std::int64_t kStepSamples = kSampleRate / 10;
-
-bool isWindowsMedia(Container container) {
-  return container == Container::Wmv || container == Container::Wma;
-}
 
 // A third of what a quality lacks to 100: 97 is the finest that is worth its bits.
 int quantiserOf(int quality) { return std::clamp((100 - quality + 1) / 3, 2, 31); }
@@ -34,21 +29,67 @@ void takeProfile(const EncodeProfile& profile, media::MovieFormat& format) {
   if (video.bitRate == 0) video.quantiser = quantiserOf(profile.quality);
 }
 
-Result<media::MovieFormat> formatOf(const Timeline& timeline, const RenderJob& job) {
-  const auto container = media::containerOf(job.output);
-  if (!container)
-    return Error{"cannot write " + job.output + ": its name must end in .AVI, .WAV, .WMV or .WMA"};
-  media::MovieFormat format{*container, {}, !timeline.audio.empty()};
-  if (*container == Container::Avi || *container == Container::Wmv) {
-    if (!timeline.hasVideo || timeline.video.empty()) {
-      return Error{"cannot write " + job.output + ": there is no picture; a sound file ends in .WAV or .WMA"};
-    }
-    format.video = media::VideoFormat{*container == Container::Avi ? job.aviCodec : media::VideoCodec::Wmv2,
-                                      timeline.width, timeline.height, timeline.frameRate, timeline.bitDepth};
-  } else if (!format.audio) {
-    return Error{"cannot write " + job.output + ": there is no sound"};
+// Sound that leaves little for the picture is made smaller, within what can be listened to.
+int soundBitsWithin(double bits, int usual) {
+  constexpr double kShareOfSound = 0.25;
+  constexpr double kLeast = 32000;
+  return static_cast<int>(std::clamp(bits * kShareOfSound, kLeast, static_cast<double>(usual)));
+}
+
+void takePreset(const RenderJob& job, media::MovieFormat& format) {
+  const auto* preset = job.preset;
+  if (preset != nullptr) format.sound.bitRate = preset->soundBits;
+  if (!format.video) return;
+  auto& video = *format.video;
+  if (preset != nullptr) {
+    const auto sides = fittedTo(*preset, {video.width, video.height});
+    video.width = sides.width;
+    video.height = sides.height;
+    video.quality = preset->quality;
+    video.effort = effortOf(preset->effort).value_or(video.effort);
   }
-  if (job.profile && isWindowsMedia(*container)) takeProfile(*job.profile, format);
+  if (job.quality > 0) video.quality = job.quality;
+  video.effort = effortOf(job.effort).value_or(video.effort);
+}
+
+Error cannotWrite(const RenderJob& job, const std::string& why) {
+  return Error{"cannot write " + job.output + ": " + why};
+}
+
+// Why this kind of file cannot be made as the job says.
+Outcome checkWishes(OutputKind kind, const RenderJob& job) {
+  const auto codecs = codecsOf(kind);
+  if (job.codec && std::find(codecs.begin(), codecs.end(), *job.codec) == codecs.end()) {
+    std::string words;
+    for (const auto codec : codecs) words.append(words.empty() ? "" : " and ").append(codecWord(codec));
+    return cannotWrite(job, "it takes no codec " + std::string(codecWord(*job.codec)) +
+                                (words.empty() ? std::string() : "; there is " + words));
+  }
+  if (job.preset != nullptr && job.preset->kind != kind) {
+    return cannotWrite(job, "the preset " + std::string(job.preset->name) + " makes a ." +
+                                std::string(movieFileOf(job.preset->kind).extension));
+  }
+  if (mostMegabytes(job) > 0 && kind != OutputKind::Mp4)
+    return cannotWrite(job, "only an MP4 keeps within a size");
+  return {};
+}
+
+Result<media::MovieFormat> formatOf(const Timeline& timeline, const RenderJob& job) {
+  const auto kind = outputKindOf(job.output);
+  if (!kind) return cannotWrite(job, "its name must end in " + extensionsText(false));
+  if (auto done = checkWishes(*kind, job); !done) return done.error();
+  const auto& file = movieFileOf(*kind);
+  media::MovieFormat format{*kind, {}, !timeline.audio.empty() && file.sound.has_value()};
+  if (file.hasPicture) {
+    if (!timeline.hasVideo || timeline.video.empty())
+      return cannotWrite(job, "there is no picture; a sound file ends in " + extensionsText(true));
+    format.video = media::VideoFormat{job.codec.value_or(file.codec), timeline.width, timeline.height,
+                                      timeline.frameRate, timeline.bitDepth};
+  } else if (!format.audio) {
+    return cannotWrite(job, "there is no sound");
+  }
+  if (job.profile && isWindowsMedia(*kind)) takeProfile(*job.profile, format);
+  if (!isWindowsMedia(*kind)) takePreset(job, format);
   return format;
 }
 
@@ -77,11 +118,61 @@ void planSound(const Slice& slice, RenderPlan& plan) {
   plan.stop = (plan.stopSample - plan.firstSample + kStepSamples - 1) / kStepSamples;
 }
 
+// Whether a movie's frames can be laid behind each other from encoders that know nothing of each other. The
+// encoder of AV1 is several threads of its own, and the colours of a GIF are those of the file.
+bool encodesApart(VideoCodec codec) {
+  return codec != VideoCodec::Raw && codec != VideoCodec::Av1 && codec != VideoCodec::Gif;
+}
+
+// Of an encoder: where there are few segments, its own threads keep the cores busy. The frames depend on
+// their number, so it goes by the movie and not by the machine.
+int encoderThreads(VideoCodec codec, std::size_t segments, bool apart) {
+  constexpr std::size_t kWanted = 4;
+  if (codec != VideoCodec::H264 && codec != VideoCodec::Vp9) return 1;
+  return static_cast<int>(apart ? std::max<std::size_t>(kWanted / segments, 1) : kWanted);
+}
+
+// Bits a second for the picture of a movie that has to keep within a size.
+Outcome planSize(const RenderJob& job, RenderPlan& plan) {
+  constexpr double kBitsOfAPixel = 0.055;  // below that a smaller picture looks better
+  constexpr double kLeastBits = 12000;
+  // What the file says of each frame of picture and sound, and of itself, in bits.
+  constexpr double kOfPicture = 20 * 8;
+  constexpr double kOfSound = 12 * 8;
+  constexpr double kHead = 2000 * 8;
+  auto& video = *plan.format.video;
+  plan.mostBytes = static_cast<std::uint64_t>(mostMegabytes(job) * 1e6);
+  const double bits = static_cast<double>(plan.mostBytes) * 8 / plan.seconds();
+  double left = bits - video.frameRate.perSecond() * kOfPicture - kHead / plan.seconds();
+  if (plan.format.audio) {
+    auto& sound = plan.format.sound.bitRate;
+    if (sound == 0) sound = movieFileOf(plan.format.container).soundBits;
+    sound = soundBitsWithin(bits, sound);
+    left -= sound + kOfSound * kSampleRate / 1024;
+  }
+  if (left < kLeastBits)
+    return cannotWrite(job,
+                       "a movie of this length does not go into " + ShortText(mostMegabytes(job)) + " MB");
+  video.bitRate = static_cast<int>(std::min(left, 2e9));
+  const double pixels = static_cast<double>(video.width) * video.height * video.frameRate.perSecond();
+  const double factor = std::min(1.0, std::sqrt(left / (pixels * kBitsOfAPixel)));
+  const auto side = [&](int pixelsOfIt) {
+    return std::max(16, static_cast<int>(std::lround(pixelsOfIt * factor / 2)) * 2);
+  };
+  if (factor < 1) {
+    video.width = side(video.width);
+    video.height = side(video.height);
+  }
+  video.pass = media::Pass::Second;
+  video.notes = job.scratch + "/passes";
+  return {};
+}
+
 // Whether whole segments can wait for their turn: encoded they are small, as pictures they may not be.
 bool canWait(const media::VideoFormat& video) {
   constexpr double kFrames = 150;
   constexpr double kBytes = 56e6;
-  return video.codec != media::VideoCodec::Raw || kFrames * 1.5 * video.width * video.height <= kBytes;
+  return encodesApart(video.codec) || kFrames * 1.5 * video.width * video.height <= kBytes;
 }
 
 // A worker to a core, as long as memory stays small: each holds the reference frames of what it decodes.
@@ -93,10 +184,14 @@ Crew crewFor(const media::VideoFormat& video, std::size_t segments, int cores) {
   return {workers, std::clamp(cores / workers, 1, 4)};
 }
 
-constexpr std::array<const char*, 4> kContainers = {"AVI", "WAV", "WMV", "WMA"};
-constexpr std::array<const char*, 3> kCodecs = {"raw", "MPEG-4", "WMV 8"};
+constexpr std::array<const char*, 8> kCodecs = {"raw", "MPEG-4", "WMV 8",  "H.264",
+                                                "VP9", "AV1",    "ProRes", "GIF"};
 
 }  // namespace
+
+double mostMegabytes(const RenderJob& job) {
+  return job.megabytes > 0 || job.preset == nullptr ? job.megabytes : job.preset->megabytes;
+}
 
 double RenderPlan::seconds() const {
   return format.video ? steps.secondsAt(stop - first)
@@ -110,9 +205,11 @@ std::int64_t RenderPlan::sampleOf(std::int64_t step) const {
 
 Timeline inRateOf(const Timeline& timeline, const RenderJob& job) {
   auto shaped = timeline;
-  const auto container = media::containerOf(job.output);
-  if (job.profile && job.profile->width > 0 && container == Container::Wmv)
+  const auto kind = outputKindOf(job.output);
+  if (job.profile && job.profile->width > 0 && kind == OutputKind::Wmv)
     shaped.frameRate = job.profile->frameRate;
+  if (job.preset != nullptr && shaped.frameRate.perSecond() > job.preset->mostRate)
+    shaped.frameRate = *FrameRate::fromDecimal(job.preset->mostRate);
   return shaped;
 }
 
@@ -127,11 +224,16 @@ Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, in
     return plan;
   }
   planFrames(*slice, plan);
-  const auto& video = *plan.format.video;
-  plan.segments = canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
-                                 : std::vector<Segment>{{plan.first, plan.stop}};
+  if (mostMegabytes(job) > 0) {
+    if (auto done = planSize(job, plan); !done) return done.error();
+  }
+  auto& video = *plan.format.video;
+  const bool keepsRaw = job.work && video.codec == VideoCodec::Raw;  // through files, so that none waits
+  plan.segments = keepsRaw || canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
+                                             : std::vector<Segment>{{plan.first, plan.stop}};
   plan.crew = crewFor(video, plan.segments.size(), std::max(1, cores));
-  plan.encodesInSegments = video.codec != media::VideoCodec::Raw;
+  plan.encodesInSegments = (keepsRaw || encodesApart(video.codec)) && plan.mostBytes == 0;
+  video.threads = encoderThreads(video.codec, plan.segments.size(), plan.encodesInSegments);
   return plan;
 }
 
@@ -139,7 +241,7 @@ std::string toText(const RenderPlan& plan) {
   const auto range = [](std::int64_t first, std::int64_t stop) {
     return std::to_string(first) + "-" + std::to_string(stop);
   };
-  std::string text = kContainers.at(static_cast<std::size_t>(plan.format.container));
+  std::string text(movieFileOf(plan.format.container).extension);
   if (const auto& video = plan.format.video) {
     text += std::string(", ") + kCodecs.at(static_cast<std::size_t>(video->codec)) + " " +
             std::to_string(video->width) + " x " + std::to_string(video->height) + " at " +

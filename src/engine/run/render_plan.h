@@ -7,6 +7,7 @@
 #include "engine/run/segments.h"
 #include "media/movie_writer.h"
 #include "vocabulary/encode_profiles.h"
+#include "vocabulary/movie_presets.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,12 +22,35 @@ struct Slice {
   double to = 0;
 };
 
-struct RenderJob {
-  std::string output;            ///< its extension says the kind: .AVI, .WAV, .WMV or .WMA
-  std::optional<Slice> slice{};  ///< without it the whole timeline
-  media::VideoCodec aviCodec = media::VideoCodec::Raw;
-  std::optional<EncodeProfile> profile{};  ///< of a WMV or WMA; the engine's own quality without one
+/// Each process of several that make a movie together sees to the segments `number`, `number + of`, ...
+struct Share {
+  std::size_t number = 0;
+  std::size_t of = 1;
 };
+
+/// Where finished segments are kept until the movie stands.
+struct Work {
+  std::string folder;
+  std::string identity;          ///< what a segment depends on beside the plan and the sources
+  std::optional<Share> share{};  ///< only these segments are made, and no movie
+};
+
+struct RenderJob {
+  std::string output;                      ///< its extension says the kind
+  std::optional<Slice> slice{};            ///< without it the whole timeline
+  std::optional<VideoCodec> codec{};       ///< one that the kind takes; its own without one
+  std::optional<EncodeProfile> profile{};  ///< of a WMV or WMA; the engine's own quality without one
+  std::optional<Work> work{};              ///< of a movie with pictures
+  const MoviePreset* preset = nullptr;     ///< of the kind that it says
+  int quality = 0;       ///< on the codec's own scale; 0 for that of the preset, or the usual
+  std::string effort{};  ///< one of effortWords(); empty as above
+  double megabytes =
+      0;  ///< of 1,000,000 bytes, that an MP4 is not to exceed; 0 for that of the preset, or none
+  std::string scratch{};  ///< folder for the notes between two passes, where there are any
+};
+
+/// What the movie is not to exceed, of 1,000,000 bytes; 0 for no limit.
+double mostMegabytes(const RenderJob& job);
 
 /// Who makes the pictures.
 struct Crew {
@@ -46,13 +70,15 @@ struct RenderPlan {
   std::vector<Segment> segments{};  ///< of a movie; all its frames
   Crew crew{};
   bool encodesInSegments = false;  ///< each segment by an encoder of its own; else one behind them all
+  std::uint64_t mostBytes = 0;     ///< of the file, which takes two passes to meet; 0 for no limit
 
   [[nodiscard]] double seconds() const;
   /// The timeline's sample that a step begins with.
   [[nodiscard]] std::int64_t sampleOf(std::int64_t step) const;
 };
 
-/// The timeline in the frames that the movie is to have: those of the profile, where it tells a rate.
+/// The timeline in the frames that the movie is to have: those of the profile or the preset, where it tells a
+/// rate or a limit of it.
 Timeline inRateOf(const Timeline& timeline, const RenderJob& job);
 
 /// Plans for a machine of so many cores; `timeline` is in the movie's frames. The segments do not depend on

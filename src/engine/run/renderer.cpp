@@ -3,6 +3,8 @@
 #include "base/guarded.h"
 #include "base/numbers.h"
 #include "engine/run/frame_line.h"
+#include "engine/run/size_aim.h"
+#include "engine/run/work_folder.h"
 #include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
 #include "media/media_facts.h"
@@ -32,10 +34,31 @@ Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files
   return {};
 }
 
+// Steps, as RenderStep has them.
+using Told = std::function<void(std::int64_t made, std::int64_t written, std::int64_t kept)>;
+
+// Makes the segments of this process's share, and no movie.
+Outcome makeShare(const Timeline& timeline, const RenderPlan& plan, const media::MovieWriter& writer,
+                  const WorkFolder& work, const Told& told) {
+  FrameLine line(
+      timeline, plan.segments, [&writer] { return writer.newVideoEncoder(); }, plan.crew, nullptr, &work);
+  return line.finish([&] { told(line.made(), 0, line.kept()); });
+}
+
+Outcome writeAll(const Result<media::EncodedFrames>& frames, media::MovieWriter& writer,
+                 std::uint64_t& pictureBytes) {
+  if (!frames) return frames.error();
+  for (const auto& frame : *frames) {
+    pictureBytes += frame.bytes();
+    if (auto done = writer.writeVideo(frame); !done) return done;
+  }
+  return {};
+}
+
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
-Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWriter& writer,
-             media::DamageList& damage, std::uint64_t& pictureBytes,
-             const std::function<void(std::int64_t made, std::int64_t written)>& told) {
+Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder* work,
+             media::MovieWriter& writer, media::DamageList& damage, std::uint64_t& pictureBytes,
+             const Told& told) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.firstSample, &damage);
   std::optional<media::VideoEncoder> encoder;  // of frames that come as pictures
@@ -47,18 +70,16 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (!made) return made.error();
       encoder.emplace(std::move(*made));
     }
-    line.emplace(timeline, plan.segments, newEncoder, plan.crew, &damage);
+    line.emplace(timeline, plan.segments, newEncoder, plan.crew, &damage, work);
   }
   std::vector<float> sound;
   for (auto step = plan.first; step < plan.stop; ++step) {
     if (line) {
-      const auto frame = line->next();
+      const auto frame = line->next([&] { told(line->made(), step - plan.first, line->kept()); });
       if (!frame) return frame.error();
-      const auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
-                                   : Result<media::EncodedFrame>(frame->encoded);
-      if (!encoded) return encoded.error();
-      pictureBytes += encoded->bytes();
-      if (auto done = writer.writeVideo(*encoded); !done) return done;
+      auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
+                             : Result<media::EncodedFrames>(media::EncodedFrames{frame->encoded});
+      if (auto done = writeAll(encoded, writer, pictureBytes); !done) return done;
     }
     if (mixer) {
       const auto count = plan.sampleOf(step + 1) - plan.sampleOf(step);
@@ -67,7 +88,10 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, media::MovieWrite
       if (auto done = writer.writeAudio(sound); !done) return done;
     }
     const auto made = line ? line->made() : step + 1 - plan.first;
-    told(made, step + 1 - plan.first);
+    told(made, step + 1 - plan.first, line ? line->kept() : 0);
+  }
+  if (encoder) {
+    if (auto done = writeAll(encoder->finish(), writer, pictureBytes); !done) return done;
   }
   return writer.finish();
 }
@@ -83,34 +107,119 @@ std::vector<std::string> notesOf(const RenderPlan& plan, std::uint64_t pictureBy
     notes.push_back("the sound has " + kilobits(media::kLeastSoundBits) +
                     " kbit/s, the least there is, not " + ShortText(sound.bitRate / 1000.0));
   }
-  const double wanted = plan.format.video ? plan.format.video->bitRate : 0;
+  const double wanted = plan.format.video && plan.mostBytes == 0 ? plan.format.video->bitRate : 0;
   const double bits = static_cast<double>(pictureBytes) * 8 / plan.seconds();
   if (wanted > 0 && bits > wanted * kClearlyMore)
     notes.push_back("the picture has " + kilobits(bits) + " kbit/s, not " + kilobits(wanted));
   return notes;
 }
 
+// Tells the watch how far a render is. A movie of two passes has come half the way with the first.
+class Teller {
+ public:
+  Teller(const RenderPlan& plan, const RenderWatch& watch) : plan_(plan), watch_(watch) {}
+
+  void firstPass(std::int64_t made) const { tell({secondsAt(made) / 2}); }
+  void pass(std::int64_t made, std::int64_t written, std::int64_t kept, std::uint64_t bytes) const {
+    const double done = secondsAt(made);
+    tell({plan_.mostBytes > 0 ? (plan_.seconds() + done) / 2 : done, 0, bytes, secondsAt(written),
+          secondsAt(kept)});
+  }
+
+ private:
+  [[nodiscard]] double secondsAt(std::int64_t steps) const {
+    return std::min(plan_.steps.secondsAt(steps), plan_.seconds());
+  }
+  void tell(RenderStep step) const {
+    step.total = plan_.seconds();
+    if (watch_) watch_(step);
+  }
+
+  const RenderPlan& plan_;
+  const RenderWatch& watch_;
+};
+
+// All that a file is made with.
+struct Making {
+  const Timeline& timeline;
+  const RenderPlan& plan;
+  const RenderJob& job;
+  Files& files;
+  media::DamageList& damage;
+  const Teller& teller;
+  const WorkFolder* work;
+};
+
+struct MadeFile {
+  std::unique_ptr<Replacement> target;
+  std::uint64_t pictureBytes = 0;
+};
+
+Result<MadeFile> makeFile(const Making& making) {
+  const auto& [timeline, plan, job, files, damage, teller, work] = making;
+  const bool isShare = work != nullptr && job.work->share;
+  auto target = files.replace(isShare ? work->draft() : job.output);
+  if (!target) return target.error();
+  MadeFile made{std::move(*target)};
+  auto writer = media::MovieWriter::open(*made.target, plan.format, job.output);
+  if (!writer) return writer.error();
+  const Told told = [&](std::int64_t done, std::int64_t written, std::int64_t kept) {
+    making.teller.pass(done, written, kept, made.target->size());
+  };
+  // What a share's writer has begun is never committed: it tells what the encoders are like.
+  const auto done = isShare ? makeShare(timeline, plan, *writer, *work, told)
+                            : pump(timeline, plan, work, *writer, damage, made.pictureBytes, told);
+  if (!done) return done.error();
+  return made;
+}
+
+// Two passes, and more where the second misses the size.
+Result<MadeFile> makeSizedFile(const Making& making, RenderPlan& plan) {
+  SizeAim aim(plan);
+  plan.format.video->bitRate = aim.bitRate();
+  const auto noted = takeNotes(making.timeline, plan, making.job.output,
+                               [&](std::int64_t made) { making.teller.firstPass(made); });
+  if (!noted) return noted.error();
+  for (;;) {
+    auto made = makeFile(making);
+    if (!made) return made;
+    const auto fits = aim.judge(made->target->size(), made->pictureBytes);
+    if (fits == Fits::Good) return made;
+    if (fits == Fits::Never) {
+      return Error{"cannot write " + making.job.output + ": the movie does not go into " +
+                   ShortText(static_cast<double>(plan.mostBytes) / 1e6) + " MB"};
+    }
+    plan.format.video->bitRate = aim.bitRate();
+  }
+}
+
 Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job, Files& files,
                                      const RenderWatch& watch) {
   const auto timeline = inRateOf(given, job);
-  const auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
+  auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
   if (!plan) return plan.error();
   if (auto done = checkSources(timeline, job, files); !done) return done.error();
-  auto target = files.replace(job.output);
-  if (!target) return target.error();
-  auto writer = media::MovieWriter::open(**target, plan->format, job.output);
-  if (!writer) return writer.error();
+  std::optional<WorkFolder> work;
+  if (job.work && plan->encodesInSegments) {
+    auto opened = WorkFolder::open(timeline, *plan, job, files);
+    if (!opened) return opened.error();
+    work.emplace(std::move(*opened));
+  } else if (job.work && job.work->share) {
+    return Error{"cannot make a share of " + job.output + ": it is made in one piece"};
+  }
   media::DamageList damage;
-  std::uint64_t pictureBytes = 0;
-  const auto told = [&](std::int64_t made, std::int64_t written) {
-    const double total = plan->seconds();
-    const auto secondsAt = [&](std::int64_t steps) { return std::min(plan->steps.secondsAt(steps), total); };
-    if (watch) watch({secondsAt(made), total, (*target)->size(), secondsAt(written)});
-  };
-  if (auto done = pump(timeline, *plan, *writer, damage, pictureBytes, told); !done) return done.error();
-  if (auto done = (*target)->commit(); !done) return done.error();
-  return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(), (*target)->size(),
-                      damage.all(), notesOf(*plan, pictureBytes)};
+  const Teller teller(*plan, watch);
+  const Making making{timeline, *plan, job, files, damage, teller, work ? &*work : nullptr};
+  if (work && job.work->share) {
+    const auto made = makeFile(making);
+    return made ? Result(RenderReport{0, plan->seconds()}) : made.error();
+  }
+  auto made = plan->mostBytes > 0 ? makeSizedFile(making, *plan) : makeFile(making);
+  if (!made) return made.error();
+  if (auto done = made->target->commit(); !done) return done.error();
+  if (work) work->sweep();
+  return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(),
+                      made->target->size(), damage.all(), notesOf(*plan, made->pictureBytes)};
 }
 
 }  // namespace

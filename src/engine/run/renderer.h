@@ -27,6 +27,7 @@ struct RenderStep {
   double total = 0;
   std::uint64_t bytes = 0;  ///< of the file so far
   double written = 0;       ///< seconds of the movie that these hold
+  double kept = 0;          ///< seconds of `done` that stood in the work folder already
 };
 
 /// Hears after each frame how far it is.

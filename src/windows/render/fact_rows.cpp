@@ -41,8 +41,7 @@ void FactRows::draw(const std::vector<RenderFact>& facts) {
       values_[i]->setAccessibleDescription(value);
       setTipOf(*values_[i], value);
     }
-    setTextOf(*values_[i],
-              values_[i]->fontMetrics().elidedText(value, Qt::ElideMiddle, values_[i]->width()));
+    setTextOf(*values_[i], values_[i]->fontMetrics().elidedText(value, Qt::ElideMiddle, values_[i]->width()));
   }
 }
 

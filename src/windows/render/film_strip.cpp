@@ -10,7 +10,7 @@ namespace kvo {
 namespace {
 
 constexpr int kFilmEdge = 4;
-constexpr int kFilmVeil = 166;  // of 255
+constexpr int kFilmVeil = 166;    // of 255
 constexpr double kFilmPixel = 1;  // a move of less is not drawn
 
 }  // namespace
@@ -71,7 +71,8 @@ void FilmStrip::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(QRectF(to, all.top(), all.right() - to, all.height()), veil);
     painter.setPen(QPen(toColour(token("teal")), themed(2)));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(from, themed(2), to - from, height() - 2 * themed(2)), themed(3), themed(3));
+    painter.drawRoundedRect(QRectF(from, themed(2), to - from, height() - 2 * themed(2)), themed(3),
+                            themed(3));
   } else if (done_ >= 0) {
     const double at = placeOf(done_);
     painter.fillRect(QRectF(at, all.top(), all.right() - at, all.height()), veil);

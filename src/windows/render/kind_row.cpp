@@ -24,7 +24,8 @@ QRect scaled(const QRect& place) {
 
 }  // namespace
 
-KindRow::KindRow(const OutputKindRow& row, QWidget* parent) : QRadioButton(told(row.title), parent), row_(row) {
+KindRow::KindRow(const OutputKindRow& row, QWidget* parent)
+    : QRadioButton(told(row.title), parent), row_(row) {
   setAttribute(Qt::WA_Hover);
   setAccessibleName(text());
   const auto tip = told(*row.hint == '\0' ? row.brief : row.hint);
@@ -69,15 +70,16 @@ void KindRow::paintSign(QPainter& painter, bool lit) const {
   painter.setBrush(toColour(lit ? token("tealLo") : token("ink3")));
   painter.drawRoundedRect(plate, themed(6), themed(6));
   const int side = themed(kKindIcon);
-  painter.drawPixmap(plate.center() - QPoint(side, side) / 2,
-                     iconPicture(row_.icon, toColour(lit ? token("tealHi") : token("text2")).rgb() & 0xFFFFFFU,
-                                 side, devicePixelRatio()));
+  painter.drawPixmap(
+      plate.center() - QPoint(side, side) / 2,
+      iconPicture(row_.icon, toColour(lit ? token("tealHi") : token("text2")).rgb() & 0xFFFFFFU, side,
+                  devicePixelRatio()));
   auto font = this->font();
   font.setPixelSize(themed(10));
   font.setWeight(QFont::DemiBold);
   painter.setFont(font);
   painter.setPen(toColour(lit ? token("tealHi") : token("text3")));
-  painter.drawText(scaled(kKindSign), Qt::AlignCenter, row_.extension);
+  painter.drawText(scaled(kKindSign), Qt::AlignCenter, shown(movieFileOf(row_.kind).extension));
 }
 
 }  // namespace kvo

@@ -131,7 +131,7 @@ void OptionsPage::drawProfiles() {
   const auto& row = kindRow(state_.kind);
   for (QWidget* part : std::initializer_list<QWidget*>{Lst_WMVFormats_, tellPlate_, description_})
     part->setVisible(isListed);
-  sizeCaption_->setVisible(isListed && row.hasPicture);
+  sizeCaption_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
   hint_->setVisible(!isListed);
   setTextOf(*listCaption_, isListed ? tr("Profile") : told(row.title));
   setTextOf(*hint_, told(row.hint).replace("\r\n", "\n\n"));
@@ -140,11 +140,11 @@ void OptionsPage::drawProfiles() {
   for (const auto& profile : state_.Lst_WMVFormats) rows.push_back({profileName(profile)});
   Lst_WMVFormats_->drawRows(std::move(rows), state_.profileRow);
   setTextOf(*description_, shown(state_.profileDescription).replace("\r\n", "\n"));
-  Chk_UseCodecOutputDimensions_->setVisible(isListed && row.hasPicture);
+  Chk_UseCodecOutputDimensions_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
   Chk_UseCodecOutputDimensions_->setChecked(state_.Chk_UseCodecOutputDimensions);
   const auto size = shown(state_.codecSize);
-  setTextOf(*Chk_UseCodecOutputDimensions_,
-            size.isEmpty() ? tr("Use the size of the profile") : tr("Use the size of the profile, %1").arg(size));
+  setTextOf(*Chk_UseCodecOutputDimensions_, size.isEmpty() ? tr("Use the size of the profile")
+                                                           : tr("Use the size of the profile, %1").arg(size));
 }
 
 }  // namespace kvo

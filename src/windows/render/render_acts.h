@@ -10,7 +10,7 @@ namespace kvo {
 /// None may be empty.
 struct RenderActs {
   std::function<void(OutputKind kind)> chooseKind;
-  std::function<void(int row)> chooseProfile;       ///< of Lst_WMVFormats
+  std::function<void(int row)> chooseProfile;        ///< of Lst_WMVFormats
   std::function<void(bool on)> tickCodecDimensions;  ///< Chk_UseCodecOutputDimensions
   std::function<void()> write;                       ///< KVOBut_WriteMovie
   std::function<void()> writePair;                   ///< KVOBut_RenderNewPicInPic

@@ -16,10 +16,9 @@ constexpr int kHeadStepRight = 512;  // from the card's right to the middle of t
 constexpr int kHeadRing = 20;
 constexpr int kHeadLine = 23;
 constexpr int kHeadNameGap = 18;
-constexpr std::array kStepNames{QT_TRANSLATE_NOOP("kvo::RenderHead", "Options"),
-                                QT_TRANSLATE_NOOP("kvo::RenderHead", "Pre-Render"),
-                                QT_TRANSLATE_NOOP("kvo::RenderHead", "Rendering"),
-                                QT_TRANSLATE_NOOP("kvo::RenderHead", "Done")};
+constexpr std::array kStepNames{
+    QT_TRANSLATE_NOOP("kvo::RenderHead", "Options"), QT_TRANSLATE_NOOP("kvo::RenderHead", "Pre-Render"),
+    QT_TRANSLATE_NOOP("kvo::RenderHead", "Rendering"), QT_TRANSLATE_NOOP("kvo::RenderHead", "Done")};
 
 QFont headFont(const QWidget& widget, int pixels, QFont::Weight weight) {
   auto font = widget.font();
@@ -39,9 +38,8 @@ void RenderHead::draw(const QString& title, int step) {
   title_ = title;
   step_ = step;
   setAccessibleName(title);
-  setAccessibleDescription(
-      step > kSteps ? nameOf(kSteps)
-                    : tr("Step %1 of %2, %3").arg(step).arg(kSteps).arg(nameOf(step)));
+  setAccessibleDescription(step > kSteps ? nameOf(kSteps)
+                                         : tr("Step %1 of %2, %3").arg(step).arg(kSteps).arg(nameOf(step)));
   update();
 }
 

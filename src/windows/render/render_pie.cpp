@@ -77,8 +77,8 @@ void RenderPieBar::paintShare(QPainter& painter, const QRectF& hole) const {
     const double u = themed(100) / 100.0;
     const auto at = hole.center();
     painter.setPen(QPen(toColour(token("green")), themed(4), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(QPolygonF{{at + QPointF(-kPieTick, 2) * u, at + QPointF(-8, 26) * u,
-                                    at + QPointF(kPieTick, -22) * u}});
+    painter.drawPolyline(QPolygonF{
+        {at + QPointF(-kPieTick, 2) * u, at + QPointF(-8, 26) * u, at + QPointF(kPieTick, -22) * u}});
     return;
   }
   auto font = this->font();

@@ -71,7 +71,18 @@ QString WorkPage::belowHeadline() const {
   return tr("It is rendered first, and tells how long the whole will take and how much disk it needs.");
 }
 
+void WorkPage::setIcons() {
+  if (std::exchange(iconSide_, themed(16)) == themed(16)) return;
+  const auto set = [this](QPushButton* key, const char* icon, Rgb colour) {
+    key->setIconSize({iconSide_, iconSide_});
+    key->setIcon(QIcon(iconPicture(icon, colour, iconSide_, devicePixelRatio())));
+  };
+  set(KVOBut_AbortRender_, "abort", token("dangerText"));
+  set(view_, "play", token("onTeal"));
+}
+
 void WorkPage::draw() {
+  setIcons();
   const bool isDone = state_.frame == RenderFrame::Report;
   const bool isEstimate = state_.frame == RenderFrame::Estimate;
   const auto countdown = shown(state_.countdown);

@@ -32,6 +32,7 @@ class WorkPage final : public EditorPage {
   [[nodiscard]] QString headline() const;
   [[nodiscard]] QString belowHeadline() const;
   QPushButton* makeKey(const QString& text, const char* kind, const QRect& place);
+  void setIcons();
 
   const RenderState& state_;
   RenderPieBar* Picture2_;
@@ -45,6 +46,7 @@ class WorkPage final : public EditorPage {
   QPushButton* back_;
   QLabel* live_;
   QLabel* notes_;
+  int iconSide_ = 0;  // pixels, as they were made
 };
 
 }  // namespace kvo

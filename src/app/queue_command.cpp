@@ -1,0 +1,122 @@
+#include "app/queue_command.h"
+
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/stop_signals.h"
+#include "app/commands.h"
+#include "base/numbers.h"
+
+#include <filesystem>
+#include <map>
+#include <system_error>
+
+namespace kvo {
+namespace {
+
+constexpr int kQueueLookEvery = 50;  // milliseconds between two looks for a stop signal
+
+// "2  waiting   0%  /home/me/film.avi  (Holiday.INI)"
+std::string jobText(const QueueJob& job) {
+  auto text = std::to_string(job.number) + "  " + std::string(stateWord(job.state)) + "  " +
+              FormatMask(job.share * 100, "0") + "%  " + job.order.output + "  (" + job.title + ")\n";
+  if (!job.failure.empty()) text += "      " + job.failure + "\n";
+  return text;
+}
+
+int listQueue(const QueueStore& store) {
+  const auto queue = store.read();
+  if (!queue) return fail(queue.error().text);
+  for (const auto& job : queue->jobs) print(jobText(job));
+  if (queue->jobs.empty()) print("the queue is empty\n");
+  return kExitDone;
+}
+
+int addToQueue(Session& session, QueueStore& store, const CommandLine& line) {
+  auto order = renderOrder(session, line);
+  if (!order) return fail(order.error().text);
+  order->output = absoluteName(order->output, std::filesystem::current_path().string());
+  const auto number = store.add(line.collection, *order, ownProfile(line));
+  if (!number) return fail(number.error().text);
+  print("job " + std::to_string(*number) + "\n");
+  return kExitDone;
+}
+
+// Tells of each job when its state changes.
+class QueueShow {
+ public:
+  void show(const RenderQueue& queue) {
+    for (const auto& job : queue.jobs) {
+      auto& shown = shown_.try_emplace(job.number, JobState::Waiting).first->second;
+      if (shown != job.state) print(jobText(job));
+      shown = job.state;
+    }
+  }
+
+ private:
+  std::map<int, JobState> shown_;
+};
+
+int makeQueue(Session& session, QueueStore& store, const std::string& engine) {
+  StopSignals signals;
+  PollLoop loop;
+  QueueShow show;
+  QueueRunner runner({store,
+                      session.nameLocks,
+                      {session.files, session.temporaryFolders, session.processes, loop, engine},
+                      removeWholeFolder},
+                     [&] {
+                       show.show(runner.queue());
+                       const bool isStopped = signals.came() && runner.running() == 0;
+                       if (runner.isIdle() || isStopped || !runner.trouble().empty()) loop.quit();
+                     });
+  const auto look = loop.timer([&] {
+    if (signals.came()) runner.stop();
+  });
+  look->start(kQueueLookEvery);
+  runner.start();
+  if (!runner.isIdle() && runner.isElsewhere()) return fail("another copy of the program makes the queue");
+  if (!runner.isIdle()) loop.run();
+  if (!runner.trouble().empty()) return fail(runner.trouble());
+  if (signals.came()) return fail("stopped; the queue goes on from here", kExitStopped);
+  const auto& jobs = runner.queue().jobs;
+  const bool allMade = std::ranges::find(jobs, JobState::Failed, &QueueJob::state) == jobs.end();
+  return allMade ? kExitDone : kExitFailed;
+}
+
+}  // namespace
+
+std::string queueFolder(const ProgramFolder& folder) { return folder.beside("\\Queue"); }
+
+void removeWholeFolder(const std::string& folder) {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+int runQueue(Session& session, const CommandLine& line, const std::string& engine) {
+  QueueStore store(session.files, queueFolder(session.folder));
+  const auto changed = [&](auto act) {
+    const auto done = store.change([&](RenderQueue& queue) { return act(queue); });
+    return done ? kExitDone : fail(done.error().text);
+  };
+  const int number = line.queueNumber;
+  switch (line.queueAct) {
+    case QueueAct::Add:
+      return addToQueue(session, store, line);
+    case QueueAct::List:
+      return listQueue(store);
+    case QueueAct::Pause:
+      return changed([&](RenderQueue& queue) { return pauseJob(queue, number); });
+    case QueueAct::Resume:
+      return changed([&](RenderQueue& queue) { return resumeJob(queue, number); });
+    case QueueAct::Move:
+      return changed([&](RenderQueue& queue) { return moveJob(queue, number, line.queuePlace); });
+    case QueueAct::Remove: {
+      const auto done = removeQueued(store, session.nameLocks, number, removeWholeFolder);
+      return done ? kExitDone : fail(done.error().text);
+    }
+    case QueueAct::Run:
+      break;
+  }
+  return makeQueue(session, store, engine);
+}
+
+}  // namespace kvo

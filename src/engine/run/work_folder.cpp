@@ -1,0 +1,108 @@
+#include "engine/run/work_folder.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+namespace kvo::engine {
+namespace {
+
+constexpr std::string_view kEnding = ".segment";
+
+// FNV-1a, 64 bits.
+std::uint64_t keyOf(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037ULL;
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
+  return hash;
+}
+
+std::string hexOf(std::uint64_t number) {
+  std::array<char, 16> digits{};
+  const auto end = std::to_chars(digits.begin(), digits.end(), number, 16).ptr;
+  const auto count = static_cast<std::size_t>(end - digits.begin());
+  return std::string(digits.size() - count, '0').append(digits.data(), count);
+}
+
+std::string segmentsText(const RenderPlan& plan) {
+  std::string text;
+  for (const auto& [first, stop] : plan.segments)
+    text += std::to_string(first) + "-" + std::to_string(stop) + " ";
+  return text;
+}
+
+// A line for each source.
+std::string sourcesText(const Timeline& timeline, const Files& files) {
+  std::set<std::string> sources;
+  for (const auto& file : pictureFiles(timeline.video)) sources.insert(file);
+  for (const auto& clip : timeline.audio) sources.insert(clip.src);
+  std::string text;
+  for (const auto& source : sources) {
+    const auto facts = files.facts(source).value_or(FileFacts());
+    text += source + " " + std::to_string(facts.size) + " " + std::to_string(facts.changed) + "\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+std::vector<std::string> segmentFiles(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
+                                      const Files& files) {
+  const auto key = hexOf(keyOf(media::encoderVersions() + "\n" + segmentsText(plan) + "\n" +
+                               sourcesText(timeline, files) + job.work->identity));
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < plan.segments.size(); ++i)
+    names.push_back(key + "-" + std::to_string(i + 1).append(kEnding));
+  return names;
+}
+
+WorkFolder::WorkFolder(Files& files, const Work& work, std::vector<std::string> names)
+    : files_(&files),
+      folder_(work.folder),
+      share_(work.share),
+      names_(std::move(names)),
+      key_(keyOf(names_.empty() ? "" : names_.front())) {}
+
+Result<WorkFolder> WorkFolder::open(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
+                                    Files& files) {
+  WorkFolder work(files, *job.work, segmentFiles(timeline, plan, job, files));
+  if (auto made = files.makeFolder(work.folder_); !made) return made.error();
+  if (!work.share_) work.sweepOthers();
+  return work;
+}
+
+void WorkFolder::sweepOthers() const {
+  std::vector<std::string> others;
+  files_->eachBelow(folder_, [&](const std::string& path) {
+    const auto name = path.substr(path.find_last_of('/') + 1);
+    if (endsInText(name, kEnding) && std::find(names_.begin(), names_.end(), name) == names_.end())
+      others.push_back(path);
+    return true;
+  });
+  for (const auto& path : others) files_->remove(path);
+}
+
+bool WorkFolder::wants(std::size_t number) const { return !share_ || number % share_->of == share_->number; }
+
+Result<media::SegmentReader> WorkFolder::read(std::size_t number) const {
+  return media::SegmentReader::open(folder_ + "/" + names_.at(number), key_);
+}
+
+Result<std::unique_ptr<Replacement>> WorkFolder::begin(std::size_t number) const {
+  return files_->replace(folder_ + "/" + names_.at(number));
+}
+
+std::string WorkFolder::draft() const {
+  return folder_ + "/draft-" + std::to_string(share_ ? share_->number : 0);
+}
+
+void WorkFolder::sweep() const {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+}  // namespace kvo::engine

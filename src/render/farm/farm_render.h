@@ -1,0 +1,100 @@
+// A render whose segments are made by the machines of a Slurm cluster over a shared folder, as an array of
+// jobs, and joined here. Nothing here waits: what comes is heard through the loop.
+#pragma once
+
+#include "render/farm/slurm_words.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kvo {
+
+struct FarmOrder {
+  RenderOrder render;     ///< its work folder is the one that is shared; full paths
+  std::string profile{};  ///< bytes of a profile file, which is copied there; empty for none
+  int shares = 1;         ///< the most jobs at a time
+};
+
+enum class FarmPhase {
+  Idle,
+  Submitting,
+  Making,   ///< the cluster makes segments
+  Joining,  ///< all are made; the engine joins them here
+  Stopping,
+  Done,
+  Failed,
+  Stopped,
+};
+
+struct FarmRun {
+  FarmPhase phase = FarmPhase::Idle;
+  std::size_t segments = 0;
+  std::size_t made = 0;
+  int attempt = 1;        ///< how often what failed has been handed in
+  std::string failure{};  ///< a line
+
+  [[nodiscard]] bool ended() const { return phase >= FarmPhase::Done; }
+};
+
+class FarmRender {
+ public:
+  struct Ports {
+    RenderDriver::Ports engine;  ///< its program lies where the cluster's machines see it, too
+    /// The files of the segments of a render whose document stands at `document`.
+    std::function<Result<std::vector<std::string>>(const RenderOrder& order, const std::string& document)>
+        segmentsOf;
+  };
+
+  /// `changed` is called behind each change; it may destroy this when the render has ended.
+  FarmRender(Ports ports, std::function<void()> changed);
+  FarmRender(const FarmRender&) = delete;
+  FarmRender& operator=(const FarmRender&) = delete;
+  ~FarmRender() = default;
+
+  /// Fails, with nothing begun, where the shared folder cannot be written and where there are no segments.
+  Outcome start(const FarmOrder& order);
+
+  /// Takes the jobs back; what is finished stays for the next start.
+  void stop();
+
+  [[nodiscard]] const FarmRun& state() const { return state_; }
+  /// The engine's part at the end.
+  [[nodiscard]] const EngineRun& joining() const { return driver_.state(); }
+
+ private:
+  struct Answer {
+    std::vector<std::string> lines;
+    std::vector<std::string> errors;
+    int exitCode = 0;
+  };
+  using Heard = std::function<void(const Answer& answer)>;
+
+  Outcome run(const char* program, std::vector<std::string> arguments, Heard heard);
+  void submit();
+  void hearSubmitted(const Answer& answer);
+  void ask();
+  void hearAsked(const Answer& answer);
+  void hearArrayEnd();
+  void join();
+  void hearJoining();
+  void takeBack();
+  void end(FarmPhase phase, std::string failure = {});
+  void count();
+  [[nodiscard]] std::vector<int> unfinished() const;
+  [[nodiscard]] std::string whyUnfinished(int share) const;
+
+  Ports ports_;
+  std::function<void()> changed_;
+  RenderDriver driver_;
+  std::unique_ptr<Timer> timer_;
+  std::unique_ptr<Process> process_;
+  FarmOrder order_;
+  std::vector<std::string> segments_;
+  std::string job_;   // the array that is at work; empty for none
+  int silences_ = 0;  // times in a row that the cluster did not answer
+  FarmRun state_;
+};
+
+}  // namespace kvo

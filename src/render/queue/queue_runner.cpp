@@ -1,0 +1,134 @@
+#include "render/queue/queue_runner.h"
+
+namespace kvo {
+namespace {
+
+constexpr int kLookEvery = 500;         // milliseconds
+constexpr double kWorthTelling = 0.01;  // of a job, that the file hears of
+
+}  // namespace
+
+QueueRunner::QueueRunner(const Ports& ports, std::function<void()> changed)
+    : ports_(ports),
+      changed_(std::move(changed)),
+      driver_(ports.engine, [this] { hear(); }),
+      timer_(ports.engine.loop.timer([this] { look(); })) {}
+
+void QueueRunner::start() {
+  stops_ = false;
+  timer_->start(kLookEvery);
+  look();
+}
+
+void QueueRunner::stop() {
+  stops_ = true;
+  driver_.stop();
+}
+
+bool QueueRunner::takeLock() {
+  if (lock_) return true;
+  auto held = ports_.locks.tryLock(ports_.store.runnerLock());
+  if (!held || !*held) return false;
+  lock_ = std::move(*held);
+  const auto mended = ports_.store.change([](RenderQueue& queue) -> Outcome {
+    mendQueue(queue);
+    return {};
+  });
+  if (!mended) trouble_ = mended.error().text;
+  return true;
+}
+
+void QueueRunner::look() {
+  auto read = ports_.store.read();
+  trouble_ = read ? std::string() : read.error().text;
+  if (!read) return changed_();
+  queue_ = std::move(*read);
+  // A folder is made for the queue with its first job, not for looking.
+  if (!queue_.jobs.empty() && takeLock()) {
+    if (auto mended = ports_.store.read()) queue_ = std::move(*mended);
+    follow();
+  }
+  changed_();
+}
+
+void QueueRunner::follow() {
+  if (running_ > 0) {
+    const auto* job = jobOf(queue_, running_);
+    if (job == nullptr || job->state != JobState::Running) driver_.stop();
+  } else if (const auto* next = nextJob(queue_); next != nullptr && !stops_) {
+    begin(QueueJob(*next));
+  }
+}
+
+void QueueRunner::begin(const QueueJob& job) {
+  const auto order = ports_.store.orderOf(job);
+  const auto begun = order ? driver_.start(*order) : Outcome(order.error());
+  if (!begun) {
+    return write(job.number, [&](QueueJob& kept) {
+      kept.state = JobState::Failed;
+      kept.failure = begun.error().text;
+    });
+  }
+  running_ = job.number;
+  order_ = *order;
+  written_ = job.share;
+  write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
+}
+
+void QueueRunner::hear() {
+  if (driver_.state().ended()) return hearEnd();
+  const double share = shareDone(driver_.state().progress);
+  if (auto* job = jobOf(queue_, running_); job != nullptr) job->share = share;
+  if (share >= written_ + kWorthTelling) {
+    written_ = share;
+    write(running_, [&](QueueJob& kept) { kept.share = share; });
+  }
+  changed_();
+}
+
+void QueueRunner::hearEnd() {
+  const auto& run = driver_.state();
+  const int number = std::exchange(running_, 0);
+  bool isThere = false;
+  write(number, [&](QueueJob& job) {
+    isThere = true;
+    if (run.phase == EnginePhase::Done) {
+      job.state = JobState::Done;
+      job.share = 1;
+    } else if (run.phase == EnginePhase::Failed) {
+      job.state = JobState::Failed;
+      job.failure = run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+    } else if (job.state == JobState::Running) {
+      job.state = JobState::Waiting;
+    }
+  });
+  if (!isThere || run.phase == EnginePhase::Done) ports_.store.forget(number);
+  if (!isThere) ports_.removeFolder(order_.workFolder);
+  changed_();
+}
+
+void QueueRunner::write(int number, const std::function<void(QueueJob&)>& change) {
+  const auto done = ports_.store.change([&](RenderQueue& queue) -> Outcome {
+    if (auto* job = jobOf(queue, number)) change(*job);
+    queue_ = queue;
+    return {};
+  });
+  trouble_ = done ? std::string() : done.error().text;
+}
+
+Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
+                     const std::function<void(const std::string& folder)>& removeFolder) {
+  QueueJob gone;
+  auto done = store.change([&](RenderQueue& queue) {
+    if (const auto* job = jobOf(queue, number)) gone = *job;
+    return removeJob(queue, number);
+  });
+  if (!done) return done;
+  store.forget(number);
+  // Where a runner is at work on it, the runner sweeps.
+  const auto nobodyRuns = locks.tryLock(store.runnerLock());
+  if (gone.state != JobState::Running || (nobodyRuns && *nobodyRuns)) removeFolder(gone.order.workFolder);
+  return done;
+}
+
+}  // namespace kvo

@@ -1,0 +1,76 @@
+// Makes the jobs of the queue one behind the other while the program does other things. Of all copies of the
+// program one makes them; what another copy does to the queue is seen within half a second.
+#pragma once
+
+#include "ports/name_locks.h"
+#include "render/queue/queue_store.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace kvo {
+
+class QueueRunner {
+ public:
+  struct Ports {
+    QueueStore& store;
+    NameLocks& locks;
+    RenderDriver::Ports engine;
+    std::function<void(const std::string& folder)> removeFolder;  ///< with what is in it
+  };
+
+  /// `changed` is called behind each change of what is seen here, and is not to destroy the runner.
+  QueueRunner(const Ports& ports, std::function<void()> changed);
+  QueueRunner(const QueueRunner&) = delete;
+  QueueRunner& operator=(const QueueRunner&) = delete;
+  ~QueueRunner() = default;
+
+  /// From now on it looks at the queue, and makes what waits there. What an ended program has left running
+  /// goes on from its last finished segment. With the runner ends the engine.
+  void start();
+
+  /// Ends the job that is being made, which waits for its turn again; nothing else is begun.
+  void stop();
+
+  /// The queue as it was seen last.
+  [[nodiscard]] const RenderQueue& queue() const { return queue_; }
+  /// The job that is being made here; 0 for none.
+  [[nodiscard]] int running() const { return running_; }
+  /// How far that is.
+  [[nodiscard]] const EngineRun& run() const { return driver_.state(); }
+  /// Another copy of the program makes the jobs.
+  [[nodiscard]] bool isElsewhere() const { return !lock_; }
+  /// Nothing is made here, and nothing waits.
+  [[nodiscard]] bool isIdle() const { return running_ == 0 && nextJob(queue_) == nullptr; }
+  /// Why the queue can be read or written no more; empty else.
+  [[nodiscard]] const std::string& trouble() const { return trouble_; }
+
+ private:
+  void look();
+  bool takeLock();
+  void follow();
+  void begin(const QueueJob& job);
+  void hear();
+  void hearEnd();
+  void write(int number, const std::function<void(QueueJob&)>& change);
+
+  Ports ports_;
+  std::function<void()> changed_;
+  RenderDriver driver_;
+  std::unique_ptr<Timer> timer_;
+  std::unique_ptr<FileLock> lock_;
+  RenderQueue queue_;
+  int running_ = 0;
+  RenderOrder order_;   // of the one that runs
+  double written_ = 0;  // its share as the file has it
+  bool stops_ = false;
+  std::string trouble_;
+};
+
+/// Takes a job out of the queue with all that is kept for it. One that is being made, here or elsewhere, is
+/// ended by its runner within half a second.
+Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
+                     const std::function<void(const std::string& folder)>& removeFolder);
+
+}  // namespace kvo

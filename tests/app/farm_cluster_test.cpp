@@ -1,0 +1,201 @@
+// A real cluster of one machine, on loopback and with everything of its own, makes a movie.
+#include "support/real_world.h"
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string textOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool comesTrue(const std::function<bool()>& what) {
+  for (int i = 0; i < 600; ++i) {
+    if (what()) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  return false;
+}
+
+// Ports that nobody has.
+std::pair<int, int> freePorts() {
+  std::array<int, 2> sockets{};
+  std::array<int, 2> ports{};
+  for (std::size_t i = 0; i < 2; ++i) {
+    sockets.at(i) = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    EXPECT_EQ(::bind(sockets.at(i), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ::getsockname(sockets.at(i), reinterpret_cast<sockaddr*>(&address), &length);
+    ports.at(i) = ntohs(address.sin_port);
+  }
+  for (const int socket : sockets) ::close(socket);
+  return {ports[0], ports[1]};
+}
+
+// munged, slurmctld and slurmd of the user who runs the test. They end with it.
+class Cluster {
+ public:
+  Cluster() {
+    const auto munge = folder_ / "munge";
+    for (const auto& path : {munge, folder_ / "state", folder_ / "spool"}) fs::create_directory(path);
+    {
+      std::ifstream random("/dev/urandom", std::ios::binary);
+      std::string key(1024, '\0');
+      random.read(key.data(), static_cast<std::streamsize>(key.size()));
+      std::ofstream(munge + "/key", std::ios::binary) << key;
+      fs::permissions(munge + "/key", fs::perms::owner_read);
+    }
+    begin({"/usr/sbin/munged", "--foreground", "--force", "--key-file=" + munge + "/key",
+           "--socket=" + munge + "/socket", "--pid-file=" + munge + "/pid", "--log-file=" + munge + "/log",
+           "--seed-file=" + munge + "/seed"});
+    EXPECT_TRUE(comesTrue([&] { return fs::exists(munge + "/socket"); }));
+    writeConfiguration(munge + "/socket");
+    ::setenv("SLURM_CONF", (folder_ / "slurm.conf").c_str(), 1);
+    begin({"/usr/sbin/slurmctld", "-D", "-c"});
+    begin({"/usr/sbin/slurmd", "-D", "-c"});
+    EXPECT_TRUE(comesTrue([] {
+      return test::runProgram({"sinfo", "--noheader", "--format=%T"}).out.starts_with("idle");
+    })) << textOf(folder_ / "controller.log")
+        << textOf(folder_ / "machine.log");
+  }
+  Cluster(const Cluster&) = delete;
+  Cluster& operator=(const Cluster&) = delete;
+  ~Cluster() {
+    for (auto process = processes_.rbegin(); process != processes_.rend(); ++process) {
+      ::kill(*process, SIGTERM);
+      test::endOf(*process);
+    }
+    ::unsetenv("SLURM_CONF");
+  }
+
+ private:
+  void begin(const std::vector<std::string>& command) {
+    std::vector<std::string> tethered = {"/usr/bin/setpriv", "--pdeathsig", "TERM"};
+    tethered.insert(tethered.end(), command.begin(), command.end());
+    const int quiet = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    processes_.push_back(test::startProgram(tethered, quiet, quiet));
+    ::close(quiet);
+  }
+
+  void writeConfiguration(const std::string& socket) const {
+    std::array<char, 256> name{};
+    ::gethostname(name.data(), name.size() - 1);
+    const auto host = std::string(name.data()).substr(0, std::string(name.data()).find('.'));
+    const auto user = test::runProgram({"id", "-un"}).out;
+    const auto [controller, machine] = freePorts();
+    std::ofstream(folder_ / "slurm.conf")
+        << "ClusterName=test\nSlurmctldHost=" << host << "(127.0.0.1)\nSlurmUser=" << user
+        << "SlurmdUser=" << user << "AuthType=auth/munge\nAuthInfo=socket=" << socket
+        << "\nSlurmctldPort=" << controller << "\nSlurmdPort=" << machine
+        << "\nStateSaveLocation=" << folder_ / "state"
+        << "\nSlurmdSpoolDir=" << folder_ / "spool"
+        << "\nSlurmctldPidFile=" << folder_ / "controller.pid"
+        << "\nSlurmdPidFile=" << folder_ / "machine.pid"
+        << "\nSlurmctldLogFile=" << folder_ / "controller.log"
+        << "\nSlurmdLogFile=" << folder_ / "machine.log"
+        << "\nProctrackType=proctrack/pgid\nTaskPlugin=task/none\nSelectType=select/cons_tres\n"
+           "SelectTypeParameters=CR_Core\nJobAcctGatherType=jobacct_gather/none\nMpiDefault=none\n"
+           "SchedulerParameters=batch_sched_delay=0,sched_interval=1\nKillWait=1\nReturnToService=2\n"
+        << "NodeName=" << host << " NodeAddr=127.0.0.1 CPUs=" << std::thread::hardware_concurrency()
+        << " State=UNKNOWN\nPartitionName=main Nodes=" << host << " Default=YES State=UP\n";
+  }
+
+  test::ScratchFolder folder_;
+  std::vector<int> processes_;
+};
+
+class FarmCluster : public testing::Test {
+ protected:
+  FarmCluster() {
+    ::setenv("KVO5_HOME", home_.path().c_str(), 1);
+    const auto video = test::makeCountingVideo(work_, "0.avi", "25", 100);
+    std::vector<std::string> words = {KVO_PROGRAMS "/kvo5", "--add", collection_, video};
+    for (const auto* copy : {"1.avi", "2.avi", "3.avi", "4.avi", "5.avi"}) {
+      fs::copy(video, work_ / copy);
+      words.push_back(work_ / copy);
+    }
+    EXPECT_EQ(test::runProgram(words).exitCode, 0);
+  }
+  ~FarmCluster() override { ::unsetenv("KVO5_HOME"); }
+
+  [[nodiscard]] std::vector<std::string> order(const std::string& name, bool onFarm) const {
+    std::vector<std::string> words = {KVO_PROGRAMS "/kvo5",
+                                      "--render",
+                                      collection_,
+                                      "--output",
+                                      work_ / name,
+                                      "--size",
+                                      "640x360",
+                                      "--codec",
+                                      "mpeg4"};
+    if (onFarm) words.insert(words.end(), {"--slurm", "2"});
+    return words;
+  }
+
+  // One that makes a share of a movie here. False while there is none.
+  [[nodiscard]] bool killOneEngine() const {
+    for (const auto& entry : fs::directory_iterator("/proc")) {
+      const auto name = entry.path().filename().string();
+      const auto command = textOf(entry.path() / "cmdline");
+      const bool isEngine = command.starts_with(KVO_PROGRAMS "/KVORender") &&
+                            command.find(work_.path()) != std::string::npos &&
+                            command.find("/J") != std::string::npos;
+      if (isEngine) return ::kill(std::stoi(name), SIGKILL) == 0;
+    }
+    return false;
+  }
+
+  test::ScratchFolder home_;
+  test::ScratchFolder work_;
+  std::string collection_ = work_ / "c.INI";
+};
+
+TEST_F(FarmCluster, MakesTheMovieOfOneMachineToTheByte) {
+  const Cluster cluster;
+  ASSERT_EQ(test::runProgram(order("a.avi", false)).exitCode, 0);
+  // One of the engines is killed at its work: its share is handed in again.
+  const auto told = work_ / "told.txt";
+  const int out = ::open(told.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  const int made = test::startProgram(order("b.avi", true), out, out);
+  ::close(out);
+  EXPECT_TRUE(comesTrue([&] { return killOneEngine(); })) << textOf(told);
+  EXPECT_EQ(test::endOf(made), 0) << textOf(told);
+  EXPECT_NE(textOf(told).find("attempt 2"), std::string::npos) << textOf(told);
+  EXPECT_TRUE(textOf(work_ / "a.avi") == textOf(work_ / "b.avi"));
+  EXPECT_FALSE(fs::exists(work_ / ".rendering-b.avi"));
+
+  // A stop takes the jobs back, and the next start goes on.
+  const auto nobodyRuns = [] { return test::runProgram({"squeue", "--noheader"}).out.empty(); };
+  const int stopped = test::startProgram(order("c.avi", true));
+  EXPECT_TRUE(comesTrue([&] { return !nobodyRuns(); }));
+  ::kill(stopped, SIGINT);
+  EXPECT_EQ(test::endOf(stopped), 130);
+  EXPECT_TRUE(comesTrue(nobodyRuns));
+  EXPECT_FALSE(fs::exists(work_ / "c.avi"));
+  const auto again = test::runProgram(order("c.avi", true));
+  EXPECT_EQ(again.exitCode, 0) << again.out << again.err;
+  EXPECT_TRUE(textOf(work_ / "a.avi") == textOf(work_ / "c.avi"));
+}
+
+}  // namespace
+}  // namespace kvo

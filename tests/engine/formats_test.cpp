@@ -1,0 +1,189 @@
+// Movies of every kind and every preset, taken apart again: what they are, and where picture and sound stand.
+#include "adapters/posix/posix_files.h"
+#include "engine/document/document_reader.h"
+#include "engine/run/renderer.h"
+#include "support/documents.h"
+#include "support/real_world.h"
+#include "vocabulary/movie_presets.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace kvo::engine {
+namespace {
+
+using test::documentOf;
+
+class Formats : public testing::Test {
+ protected:
+  Result<RenderReport> make(const std::string& text, RenderJob job, const std::string& name) {
+    auto timeline = readDocument(text);
+    EXPECT_TRUE(timeline) << timeline.error().text;
+    job.output = out_ / name;
+    job.scratch = scratch_.path();
+    return render(*timeline, job, files_, {});
+  }
+
+  [[nodiscard]] std::uint64_t sizeOf(const std::string& name) const {
+    return files_.facts(out_ / name).value_or(FileFacts{}).size;
+  }
+
+  test::ScratchFolder media_;
+  test::ScratchFolder out_;
+  test::ScratchFolder scratch_;
+  PosixFiles files_;
+};
+
+struct Case {
+  std::string name;
+  RenderJob job;
+  std::string picture;  // codec, width, height, rate
+  std::string sound;    // codec, rate, channels
+};
+
+std::vector<Case> cases() {
+  const auto form = std::string(" 96 64 25/1");
+  std::vector<Case> all = {{"k.wmv", {}, "wmv2" + form, "wmav2 44100 2"},
+                           {"k.wma", {}, "", "wmav2 44100 2"},
+                           {"k.avi", {}, "rawvideo" + form, "pcm_s16le 44100 2"},
+                           {"k.wav", {}, "", "pcm_s16le 44100 2"},
+                           {"k.mp4", {}, "h264" + form, "aac 44100 2"},
+                           {"k.mov", {}, "prores" + form, "pcm_s16le 48000 2"},
+                           {"k.webm", {}, "vp9" + form, "opus 48000 2"},
+                           {"k.gif", {}, "gif" + form, ""},
+                           {"k.flac", {}, "", "flac 44100 2"},
+                           {"k.mp3", {}, "", "mp3 44100 2"},
+                           {"k.m4a", {}, "", "aac 44100 2"}};
+  all.push_back({"av1.webm", {}, "av1" + form, "opus 48000 2"});
+  all.back().job.codec = VideoCodec::Av1;
+  for (const auto& preset : moviePresets()) {
+    const auto kind = std::find_if(all.begin(), all.end(),
+                                   [&](const Case& c) { return outputKindOf(c.name) == preset.kind; });
+    auto picture = kind->picture;
+    if (preset.mostRate < 25) picture.replace(picture.size() - 4, 2, ShortText(preset.mostRate));
+    all.push_back({std::string(preset.name) + kind->name.substr(1), {}, picture, kind->sound});
+    all.back().job.preset = &preset;
+  }
+  return all;
+}
+
+// Seconds to where a movie's sound begins, and to its one bright picture, as our own readers have it.
+struct Places {
+  double sound = -1;
+  double picture = -1;
+};
+
+Places placesIn(const std::string& movie) {
+  Places places;
+  const auto samples = test::samplesOf(movie);
+  const auto loud = std::find_if(samples.begin(), samples.end(), [](float s) { return std::fabs(s) > 0.1; });
+  if (loud != samples.end()) places.sound = static_cast<double>(loud - samples.begin()) / 44100;
+  const auto pictures = test::picturesOf(movie, 96, 64);
+  const auto bright = std::find_if(pictures.begin(), pictures.end(),
+                                   [](const auto& picture) { return picture.mean() > 128; });
+  if (bright != pictures.end()) places.picture = static_cast<double>(bright - pictures.begin()) / 25;
+  return places;
+}
+
+TEST_F(Formats, EveryKindAndPresetHoldsWhatItSaysAtItsTime) {
+  const auto source = test::makeMedia(
+      media_, "flash.mkv",
+      {"-f", "lavfi", "-i", "color=black:s=96x64:r=25:d=2,drawbox=c=white:t=fill:enable='between(n,25,26)'",
+       "-f", "lavfi", "-i",
+       "aevalsrc='if(between(t,1,1.1),0.7*sin(2*PI*900*t),0)|if(between(t,1,1.1),0.7*sin(2*PI*900*t),0)':s="
+       "44100:d=2",
+       "-c:v", "ffv1", "-c:a", "flac"});
+  const auto text = documentOf({{source, 0, 2, 0, 2}}, {{source, 0, 2, 0, 2}}, {96, 64});
+  for (const auto& c : cases()) {
+    SCOPED_TRACE(c.name);
+    const auto report = make(text, c.job, c.name);
+    ASSERT_TRUE(report) << report.error().text;
+    const auto path = out_ / c.name;
+    const auto told = [&](const char* stream, const char* entries) {
+      return test::runProgram({"ffprobe", "-v", "error", "-select_streams", stream, "-show_entries", entries,
+                               "-of", "csv=p=0:s=\\ ", path})
+          .out;
+    };
+    EXPECT_EQ(told("v", "stream=codec_name,width,height,r_frame_rate"),
+              c.picture.empty() ? "" : c.picture + "\n");
+    EXPECT_EQ(told("a", "stream=codec_name,sample_rate,channels"), c.sound.empty() ? "" : c.sound + "\n");
+    const bool isOld =
+        c.picture.starts_with("wmv2") || c.picture.starts_with("raw") || c.picture.starts_with("gif");
+    if (!c.picture.empty() && !isOld) {
+      EXPECT_EQ(told("v", "stream=color_range,color_space,color_transfer,color_primaries"),
+                "tv bt709 bt709 bt709\n");
+    }
+    EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"}).err, "");
+    EXPECT_NEAR(std::atof(test::probed(path, "format=duration").c_str()), 2, 0.04);
+    if (c.name.ends_with(".mp4")) {
+      const auto bytes = *files_.read(path, 1U << 24U);
+      EXPECT_LT(bytes.find("moov"), bytes.find("mdat")) << "the index stands in front";
+    }
+    // What our own engine reads of it.
+    const std::vector<test::DocumentClip> again = {{path, 0, 1.9, 0, 1.9}};
+    const bool hasPicture = !c.picture.empty();
+    const bool hasSound = !c.sound.empty();
+    const auto* name = hasPicture ? "again.avi" : "again.wav";
+    const auto read = make(documentOf(hasPicture ? again : std::vector<test::DocumentClip>{},
+                                      hasSound ? again : std::vector<test::DocumentClip>{}, {96, 64}),
+                           {}, name);
+    ASSERT_TRUE(read) << read.error().text;
+    const auto places = placesIn(out_ / name);
+    if (hasSound) {
+      EXPECT_NEAR(places.sound, 1, 0.010);
+    }
+    if (hasPicture) {
+      EXPECT_NEAR(places.picture, 1, c.job.preset != nullptr && c.job.preset->mostRate < 25 ? 0.07 : 0.01);
+    }
+  }
+}
+
+TEST_F(Formats, AMovieKeepsWithinItsSizeAndMeetsIt) {
+  const auto noise = test::makeMedia(
+      media_, "noise.mkv",
+      {"-f", "lavfi", "-i", "testsrc2=s=160x120:r=25:d=31,noise=alls=40:allf=t", "-f", "lavfi", "-i",
+       "anoisesrc=d=31:a=0.3", "-c:v", "libx264", "-preset", "ultrafast", "-crf", "10", "-c:a", "flac"});
+  const auto still = test::makeMedia(media_, "still.mkv",
+                                     {"-f", "lavfi", "-i", "color=gray:s=160x120:r=25:d=31", "-c:v", "ffv1"});
+  struct Row {
+    const char* what;
+    std::string file;
+    double seconds;
+    double megabytes;
+    double least;  // of the size
+  };
+  for (const auto& row : {Row{"long", noise, 31, 1.5, 0.97}, Row{"tight", noise, 31, 0.3, 0.97},
+                          Row{"short", noise, 4, 0.3, 0.3}, Row{"needs less", still, 31, 1, 0}}) {
+    SCOPED_TRACE(row.what);
+    RenderJob job;
+    job.megabytes = row.megabytes;
+    const std::vector<test::DocumentClip> clips = {{row.file, 0, row.seconds, 0, row.seconds}};
+    const auto report =
+        make(documentOf(clips, row.least > 0 ? clips : std::vector<test::DocumentClip>{}, {160, 120}), job,
+             "m.mp4");
+    ASSERT_TRUE(report) << report.error().text;
+    EXPECT_LE(static_cast<double>(sizeOf("m.mp4")), row.megabytes * 1e6);
+    EXPECT_GE(static_cast<double>(sizeOf("m.mp4")), row.megabytes * 1e6 * row.least);
+    EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", out_ / "m.mp4", "-f", "null", "-"}).err, "");
+  }
+  RenderJob job;
+  job.megabytes = 0.05;
+  const auto report = make(documentOf({{noise, 0, 31, 0, 31}}, {{noise, 0, 31, 0, 31}}), job, "tiny.mp4");
+  ASSERT_FALSE(report);
+  EXPECT_NE(report.error().text.find("does not go into 0.05 MB"), std::string::npos) << report.error().text;
+}
+
+TEST(MoviePresets, BringDownAndNeverUp) {
+  const auto& phone = *presetNamed("PHONE");
+  for (const auto& [given, fitted] : {std::pair{PictureSides{1920, 1080}, PictureSides{1280, 720}},
+                                      {{1080, 1920}, {720, 1280}},
+                                      {{1440, 1080}, {960, 720}},
+                                      {{4000, 500}, {1280, 160}},
+                                      {{641, 361}, {641, 361}}})
+    EXPECT_EQ(fittedTo(phone, given), fitted) << given.width;
+}
+
+}  // namespace
+}  // namespace kvo::engine

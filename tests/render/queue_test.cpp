@@ -1,0 +1,168 @@
+// Renders that wait their turn, in virtual time.
+#include "render/queue/queue_runner.h"
+#include "support/fake_processes.h"
+#include "support/memory_files.h"
+#include "support/memory_folders.h"
+#include "support/memory_locks.h"
+#include "support/virtual_loop.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+TEST(RenderQueueText, IsReadAsItIsWritten) {
+  RenderQueue queue;
+  auto& job =
+      addJob(queue, "Holiday\n[job]", {.document = "d", .output = "/out/a=b \\.wmv", .codec = "mpeg4"});
+  job.state = JobState::Failed;
+  job.failure = "disk full";
+  job.share = 0.25;
+  job.order.range = {1.5, 4};
+  job.order.profile = 7;
+  job.order.preset = "web";
+  job.order.quality = 21;
+  job.order.effort = "slow";
+  job.order.megabytes = 24.5;
+  job.order.profileFile = "/q/1.prx";
+  job.order.frameRate = 29.97;
+  addJob(queue, "", {.document = "d", .output = "/b.avi"});
+  ASSERT_TRUE(removeJob(queue, 2));
+  const auto text = queueText(queue);
+  const auto read = readQueue(text);
+  EXPECT_EQ(queueText(read), text);
+  ASSERT_EQ(read.jobs.size(), 1U);
+  EXPECT_EQ(engineArguments(read.jobs[0].order, "d"), engineArguments(queue.jobs[0].order, "d"));
+  EXPECT_EQ(read.jobs[0].title, "Holiday\n[job]");
+  EXPECT_EQ(read.jobs[0].order.range, (std::pair{1.5, 4.0}));
+  EXPECT_EQ(read.jobs[0].order.workFolder, "/out/.rendering-a=b \\.wmv");
+  EXPECT_EQ(read.lastNumber, 2) << "the number of one that is gone is not used again";
+  for (const auto* junk : {"", "nonsense", "KVO5 render queue\n[job]\nnumber=x\noutput=/a.avi\n",
+                           "KVO5 render queue\nnumber=1\n[job]\nnumber=3\n"})
+    EXPECT_TRUE(readQueue(junk).jobs.empty()) << junk;
+}
+
+struct Queued {
+  test::MemoryFiles files;
+  test::MemoryFolders folders;
+  test::MemoryLocks locks;
+  test::FakeProcesses processes;
+  test::VirtualLoop loop;
+  std::vector<std::string> swept;
+  std::function<void(const std::string&)> sweep = [this](const std::string& f) { swept.push_back(f); };
+  QueueStore store{files, "/q"};
+  std::unique_ptr<QueueRunner> runner;
+
+  explicit Queued(int jobs) {
+    for (int i = 1; i <= jobs; ++i) {
+      const auto name = "/" + std::to_string(i) + ".avi";
+      EXPECT_EQ(store.add("Holiday", {.document = "<" + name + ">", .output = name}, "").value(), i);
+    }
+    begin();
+  }
+  // The program is started anew.
+  void begin() {
+    runner.reset();
+    runner = std::make_unique<QueueRunner>(
+        QueueRunner::Ports{store, locks, {files, folders, processes, loop, "/bin/KVORender"}, sweep}, [] {});
+    runner->start();
+  }
+  void does(Outcome (*act)(RenderQueue&, int), int number) {
+    EXPECT_TRUE(store.change([&](RenderQueue& queue) { return act(queue, number); }));
+    loop.advance(500);
+  }
+  // "1 running, 2 waiting"
+  std::string told() {
+    std::string text;
+    const auto queue = store.read();
+    for (const auto& job : queue->jobs)
+      text +=
+          (text.empty() ? "" : ", ") + std::to_string(job.number) + " " + std::string(stateWord(job.state));
+    return text;
+  }
+  void end(int exitCode) {
+    processes.end(exitCode);
+    loop.advance(500);
+  }
+};
+
+TEST(QueueRunnerTest, MakesOneBehindTheOther) {
+  Queued q(3);
+  EXPECT_EQ(q.told(), "1 running, 2 waiting, 3 waiting");
+  EXPECT_EQ(q.files.all["/tmp/kvo/KVORender.xtl"], "</1.avi>") << "its own copy of the document";
+  EXPECT_NE(q.files.all["/tmp/kvo/KVORender.bat"].find("'/K' '/.rendering-1.avi'"), std::string::npos);
+  EXPECT_TRUE(q.store.change([](RenderQueue& queue) { return moveJob(queue, 3, 2); }));
+  q.processes.say("progress 1.000 4.000");
+  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0.25);
+  q.end(0);
+  EXPECT_EQ(q.told(), "1 done, 3 running, 2 waiting");
+  EXPECT_FALSE(q.files.exists("/q/1.xtl"));
+  q.processes.sayError("KVORender: disk full");
+  q.end(1);
+  EXPECT_EQ(q.told(), "1 done, 3 failed, 2 running");
+  EXPECT_EQ(q.store.read()->jobs[1].failure, "KVORender: disk full");
+  q.end(0);
+  EXPECT_TRUE(q.runner->isIdle());
+  q.does(resumeJob, 3);
+  EXPECT_EQ(q.told(), "1 done, 3 running, 2 done");
+  EXPECT_TRUE(q.swept.empty());
+}
+
+TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
+  Queued q(2);
+  q.does(pauseJob, 1);
+  EXPECT_TRUE(q.processes.last().stopped);
+  q.end(143);
+  EXPECT_EQ(q.told(), "1 paused, 2 running") << "another one's turn";
+  q.does(resumeJob, 1);
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 2, q.sweep));
+  EXPECT_TRUE(q.swept.empty()) << "while the engine writes there";
+  q.loop.advance(500);
+  EXPECT_TRUE(q.processes.last().stopped);
+  q.end(143);
+  EXPECT_EQ(q.swept, std::vector<std::string>{"/.rendering-2.avi"});
+  EXPECT_EQ(q.told(), "1 running");
+  q.runner->stop();
+  q.end(143);
+  EXPECT_EQ(q.told(), "1 waiting");
+  q.loop.advance(5000);
+  EXPECT_EQ(q.told(), "1 waiting") << "nothing is begun behind a stop";
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
+  EXPECT_EQ(q.swept.back(), "/.rendering-1.avi");
+  EXPECT_FALSE(q.files.exists("/q/1.xtl"));
+}
+
+TEST(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
+  Queued q(2);
+  const auto first = q.processes.all.size();
+  q.begin();
+  EXPECT_EQ(q.told(), "1 running, 2 waiting");
+  EXPECT_EQ(q.processes.all.size(), first + 1) << "it is begun again, on the segments that stand";
+  QueueRunner other({q.store, q.locks, {q.files, q.folders, q.processes, q.loop, "/bin/KVORender"}, q.sweep},
+                    [] {});
+  other.start();
+  EXPECT_TRUE(other.isElsewhere());
+  EXPECT_EQ(q.processes.all.size(), first + 1) << "one of all copies makes them";
+  EXPECT_EQ(other.queue().jobs.size(), 2U) << "and all see them";
+}
+
+TEST(QueueRunnerTest, TellsWhatCannotBeDone) {
+  Queued q(1);
+  for (const auto act : {pauseJob, resumeJob, removeJob}) {
+    EXPECT_EQ(q.store.change([&](RenderQueue& queue) { return act(queue, 7); }).error().text,
+              "there is no job 7 in the queue");
+  }
+  EXPECT_EQ(q.store.change([](RenderQueue& queue) { return resumeJob(queue, 1); }).error().text,
+            "job 1 is running");
+  q.processes.refusal = "cannot start it";
+  ASSERT_TRUE(q.store.add("", {.document = "d", .output = "/x.avi"}, "profile"));
+  EXPECT_EQ(q.files.all["/q/2.prx"], "profile");
+  q.end(0);
+  EXPECT_EQ(q.told(), "1 done, 2 failed");
+  q.files.unreadable.insert("/q/Queue.txt");
+  q.loop.advance(500);
+  EXPECT_NE(q.runner->trouble(), "");
+}
+
+}  // namespace
+}  // namespace kvo
