@@ -127,12 +127,11 @@ TEST_F(Bus, PlayerctlSteersAndReads) {
   EXPECT_EQ(mine({"status"}), "Playing\n");
   EXPECT_EQ(mine({"position"}).substr(0, 3), "4.5");
   EXPECT_EQ(mine({"volume"}), "0.500000\n");
-  EXPECT_EQ(
-      mine({"metadata", "--format",
-            "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:trackid}"
-            "}"}),
-      "lake at "
-      "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
+  EXPECT_EQ(mine({"metadata", "--format",
+                  "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:"
+                  "trackid}}"}),
+            "lake at "
+            "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
   const struct {
     std::vector<std::string> words;
     const char* asked;
