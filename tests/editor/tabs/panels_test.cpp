@@ -160,6 +160,27 @@ TEST(Samples, ShowATransitionInItsFourCases) {
   EXPECT_EQ(PreviewEffect(b.editing, 0), "");
 }
 
+// What is played of a sample, whatever the size of its document that is kept.
+TEST(Samples, AreShownInTheShapeOfTheMovie) {
+  for (const auto& [width, height, tag] : {std::tuple{640, 480, "width=\"480\" height=\"360\""},
+                                           {1920, 1080, "width=\"480\" height=\"270\""},
+                                           {176, 144, "width=\"176\" height=\"144\""}}) {
+    Bench b;
+    b.addVideo("a.avi", 0, 9);
+    b.addVideo("b.avi", 2, 6);
+    b.settings.adjust().RenderWidth = static_cast<Integer>(width);
+    b.settings.adjust().RenderHeight = static_cast<Integer>(height);
+    b.editor.controls.Opt_Preset = false;
+    b.editor.controls.txtWidth = width;
+    b.editor.controls.txtHeight = height;
+    for (const auto& text :
+         {Previewtransition(b.editing, 2, SampleSize::Shown), PreviewEffect(b.editing, 2, SampleSize::Shown),
+          PreviewColourAdjust(b.editing, 2, SampleSize::Shown),
+          CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})})
+      EXPECT_TRUE(holds(text, tag)) << text;
+  }
+}
+
 TEST(Preview, CompilesReducedByItsPower) {
   Bench b;
   b.addVideo("a.avi", 0, 5).EffectWord("1");
