@@ -3,6 +3,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "render/movie_render.h"
+#include "render/render_texts.h"
 
 namespace kvo {
 namespace {
@@ -41,8 +42,7 @@ void MovieRender::recall() {
   if (!ports_.editing.files.isFolder(folder_)) folder_.clear();
   state_.Chk_UseCodecOutputDimensions = store.read(kRenderOwnSize) != "1";
   const auto kept = outputKindOf("movie." + store.read(kRenderKind));
-  if (!kept) return;
-  chooseKind(*kept);
+  chooseKind(kept.value_or(OutputKind::Mp4));
   const auto profile = store.read(kRenderProfile);
   for (std::size_t row = 0; row < state_.Lst_WMVFormats.size(); ++row) {
     if (!profile.empty() && GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) == ToNumber(profile))

@@ -1,6 +1,7 @@
 // Media controls and the screen saver on a bus of the test's own, steered by playerctl as by any applet.
 #include "adapters/dbus/bus_motion.h"
 #include "adapters/dbus/bus_screen_saver.h"
+#include "adapters/dbus/long_work_bus.h"
 #include "adapters/dbus/mpris.h"
 #include "support/own_bus.h"
 
@@ -9,6 +10,7 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
+#include <QDBusUnixFileDescriptor>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <chrono>
@@ -81,6 +83,7 @@ class Bus : public testing::Test {
     static std::string name = "test";
     static char* arguments[] = {name.data(), nullptr};
     bus = std::make_unique<test::OwnBus>();
+    ::setenv("DBUS_SYSTEM_BUS_ADDRESS", bus->address().c_str(), 1);  // it stands for that one too
     application = std::make_unique<QCoreApplication>(words, arguments);
   }
   static void TearDownTestSuite() {
@@ -124,12 +127,11 @@ TEST_F(Bus, PlayerctlSteersAndReads) {
   EXPECT_EQ(mine({"status"}), "Playing\n");
   EXPECT_EQ(mine({"position"}).substr(0, 3), "4.5");
   EXPECT_EQ(mine({"volume"}), "0.500000\n");
-  EXPECT_EQ(
-      mine({"metadata", "--format",
-            "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:trackid}"
-            "}"}),
-      "lake at "
-      "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
+  EXPECT_EQ(mine({"metadata", "--format",
+                  "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:"
+                  "trackid}}"}),
+            "lake at "
+            "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
   const struct {
     std::vector<std::string> words;
     const char* asked;
@@ -371,6 +373,67 @@ TEST_F(Bus, ThePortalTellsWhetherLittleShouldMove) {
     }
     QDBusConnection::disconnectFromBus("desktop");
   }
+}
+
+// The login manager, which gives out the end of a pipe, and who shows notifications.
+class Sleeper : public QDBusVirtualObject {
+ public:
+  Sleeper() {
+    std::array<int, 2> pipe{};
+    EXPECT_EQ(::pipe2(pipe.data(), O_CLOEXEC | O_NONBLOCK), 0);
+    held_ = pipe[0];
+    given_ = QDBusUnixFileDescriptor(pipe[1]);
+    ::close(pipe[1]);
+  }
+  Sleeper(const Sleeper&) = delete;
+  Sleeper& operator=(const Sleeper&) = delete;
+  ~Sleeper() override { ::close(held_); }
+
+  std::string calls;
+  // Whoever has the other end has closed it.
+  [[nodiscard]] bool isReleased() const {
+    char byte = 0;
+    return ::read(held_, &byte, 1) == 0;
+  }
+  QString introspect(const QString& /*path*/) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    calls += message.member().toStdString() + " ";
+    for (const auto& argument : message.arguments())
+      if (argument.typeId() == QMetaType::QString) calls += "[" + argument.toString().toStdString() + "] ";
+    auto reply = message.createReply();
+    if (message.member() == "Inhibit") reply << QVariant::fromValue(given_);
+    connection.send(reply);
+    given_ = {};
+    return true;
+  }
+
+ private:
+  int held_ = -1;
+  QDBusUnixFileDescriptor given_;
+};
+
+TEST_F(Bus, LongWorkHoldsSleepOffAndTellsOfItsEnd) {
+  auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "sleeper");
+  Sleeper sleeper;
+  ASSERT_TRUE(desktop.registerVirtualObject("/org/freedesktop", &sleeper, QDBusConnection::SubPath));
+  for (const auto* name : {"org.freedesktop.login1", "org.freedesktop.Notifications"})
+    ASSERT_TRUE(desktop.registerService(name));
+  LongWorkBus work;
+  work.keepAwake("A movie is made");
+  ASSERT_TRUE(until([&] { return !sleeper.calls.empty(); }));
+  EXPECT_EQ(sleeper.calls, "Inhibit [sleep:idle] [KVO5] [A movie is made] [block] ");
+  for (int i = 0; i < 20; ++i) {  // its answer comes
+    QCoreApplication::processEvents();
+    std::this_thread::sleep_for(5ms);
+  }
+  EXPECT_FALSE(sleeper.isReleased());
+  work.letSleep();
+  EXPECT_TRUE(until([&] { return sleeper.isReleased(); }));
+  sleeper.calls.clear();
+  work.tell("KVO5", "a<b.wmv has been created !");
+  EXPECT_TRUE(until([&] { return !sleeper.calls.empty(); }));
+  EXPECT_EQ(sleeper.calls, "Notify [KVO5] [kvo5] [KVO5] [a&lt;b.wmv has been created !] ");
+  QDBusConnection::disconnectFromBus("sleeper");
 }
 
 }  // namespace

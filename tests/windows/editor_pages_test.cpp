@@ -295,7 +295,12 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
                       {}});
   drawn = &window;
   window.draw(&owner);
+  window.move(37, 91);
+  window.draw(nullptr);
+  EXPECT_FALSE(window.isVisible()) << "while the movie plays";
+  window.draw(&owner);
   EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(window.pos(), QPoint(37, 91));
   named<QAbstractSlider>(window, "Frame")->setValue(80);
   press(window, "Add a new keyframe here");
   named<QAbstractSlider>(window, "Effect Level")->setValue(30);

@@ -87,7 +87,7 @@ struct RushBench : test::TabBench {
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
                  note("whole"), note("preview"), note("render"),
                  [this] { return asked += "save ", std::string("Saved"); },
-                 [this] { return asked += "saveAs ", std::string(); }, note("stopAnalysing"), note("close")},
+                 [this] { return asked += "saveAs ", std::string(); }, note("stop"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("render"), note("save"),
@@ -230,7 +230,7 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Space);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Escape);
   strip->setCurrentIndex(4);
-  EXPECT_EQ(b.asked, "preview stopAnalysing ");
+  EXPECT_EQ(b.asked, "preview stop ");
   EXPECT_EQ(b.frame.CurrentTab, 1);
   b.frame.toolsOn = true;
   b.frame.toolsOffBecause.clear();

@@ -1,5 +1,5 @@
-// What stands in the preview's place while nothing plays there: the clip in hand as it begins, or the frame
-// at which a mark is dragged or the window of keyframes stands.
+// What stands in the preview's place while nothing plays there: the clip in hand at the playhead, or the
+// frame at which a mark is dragged or the window of keyframes stands.
 #pragma once
 
 #include "core/records/collection.h"
@@ -29,8 +29,9 @@ class StandingPicture {
   void showKeyframe(const Movie& clip, Long frame, double rate);
 
   /// Ahead of each drawing; `form` is the size of the picture. A frame gives way to a preview that plays and
-  /// to another clip in hand; where there is neither preview nor frame, the clip in hand stands in.
-  void settle(const Collection& collection, bool keyframesOpen, const SampleForm& form);
+  /// to another clip in hand; where there is neither preview nor frame, the clip in hand stands in, at
+  /// `seconds` of its file.
+  void settle(const Collection& collection, bool keyframesOpen, double seconds, const SampleForm& form);
 
   /// The picture has gone with a preview, or the files are others than they were.
   void forget();
@@ -46,6 +47,7 @@ class StandingPicture {
 
   void show(Owner owner, Wish wish);
   void endFrame();
+  void standIn(const Movie& clip, double seconds);
   void arrived(const Wish& wish, const Result<FramePicture>& picture);
 
   PreviewState& state_;

@@ -248,9 +248,10 @@ void CreatePage::draw() {
     drawnRunning_ = running;
     Cmd_PrevGrph_->setText(running ? tr("Stop the preview") : tr("Preview"));
     drawIcons();
-    Cmd_PrevGrph_->setToolTip(running ? tr("End the preview of the movie") : tr("Watch the movie"));
     Cmd_PrevGrph_->setAccessibleName(Cmd_PrevGrph_->text());
   }
+  setWhyNot(*Cmd_PrevGrph_, state_.canSave || running ? QString() : tr("Nothing to Preview"),
+            running ? tr("End the preview of the movie") : tr("Watch the movie"));
   setWhyNot(*KVOBut_SaveProject_, !state_.canSave ? tr("There is nothing to save")
                                   : running       ? tr("Stop the preview first")
                                                   : QString());

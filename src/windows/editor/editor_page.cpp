@@ -55,6 +55,7 @@ void EditorPage::mayBe(double least, double most) {
 QSize EditorPage::sizeHint() const { return {themed(size_.width()), themed(size_.height())}; }
 
 void EditorPage::remember(QWidget* part, const QRect& place, const Share& share) {
+  std::erase_if(places_, [&](const auto& kept) { return kept.part == part; });
   places_.push_back({part, place, share});
   lay(places_.back());
 }

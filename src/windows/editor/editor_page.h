@@ -47,7 +47,7 @@ class EditorPage : public QFrame {
   static QScrollArea* scrolled(EditorPage* page, const QString& name, QWidget* parent);
 
  protected:
-  /// Places a part of the page; it moves with the sizes of interface and page.
+  /// Places a part of the page, or puts it elsewhere; it moves with the sizes of interface and page.
   template <class Part>
   Part* put(Part* part, const QRect& place, const Share& share = {}) {
     remember(part, place, share);

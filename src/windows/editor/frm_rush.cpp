@@ -337,7 +337,7 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     return true;
   }
   if (!state_.frame.toolsOn) {
-    if (key == Qt::Key_Escape) acts_.stopAnalysing();
+    if (key == Qt::Key_Escape) acts_.stop();
     return key == Qt::Key_Escape;
   }
   const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };

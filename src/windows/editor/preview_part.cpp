@@ -37,7 +37,7 @@ PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(p
   setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
-bool PreviewPart::isEmpty() const { return state_.picture == nullptr && state_.kind == PreviewKind::None; }
+bool PreviewPart::isEmpty() const { return state_.picture == nullptr && state_.title.empty(); }
 
 QString PreviewPart::title() const {
   if (!state_.failure.empty()) return shown(state_.failure);

@@ -79,7 +79,7 @@ void KindRow::paintSign(QPainter& painter, bool lit) const {
   font.setWeight(QFont::DemiBold);
   painter.setFont(font);
   painter.setPen(toColour(lit ? token("tealHi") : token("text3")));
-  painter.drawText(scaled(kKindSign), Qt::AlignCenter, shown(movieFileOf(row_.kind).extension));
+  painter.drawText(scaled(kKindSign), Qt::AlignCenter, shown(std::string(movieFileOf(row_.kind).extension)));
 }
 
 }  // namespace kvo

@@ -152,6 +152,11 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   EXPECT_EQ(b.collection.MovieList[2].LoopEnd().text(), "10.4");
   b.state.onlyShows = true;
   EXPECT_EQ(click(15, kPictures), Told{});
+  EXPECT_EQ(click(15, kRuler), Told{"seek 15"}) << "the preview goes on from there";
+  b.told.clear();
+  b.hand.press(b.at(15, kRuler), {.shift = true});
+  b.hand.release();
+  EXPECT_EQ(b.told, Told{}) << "no range";
 }
 
 TEST(TimelineHand, EdgesSnapUnlessAltIsHeld) {
@@ -194,7 +199,7 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   EXPECT_EQ(keys({Before}, {.control = true}), Told{});
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "Nothing lies ahead of the first clip");
   b.hand.stand(2.5, false);
-  EXPECT_EQ(keys({Open, Copy, Remove, Split}), (Told{"trimmer 1", "copy 1", "remove 1", "split 1 2.50"}));
+  EXPECT_EQ(keys({Open, Copy, Remove, Split}), (Told{"trimmer 1", "copy 1", "remove 1", "split 1"}));
   b.hand.stand(100, false);
   EXPECT_EQ(keys({Split}), Told{});
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");

@@ -1,0 +1,109 @@
+// A movie made from the window: begun, aborted in the middle, begun again, and watched.
+#include "app/driven_window.h"
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::eventually;
+
+class MadeMovie : public test::Window {
+ protected:
+  MadeMovie() {
+    ::setenv("SDL_AUDIODRIVER", "dummy", 1);
+    std::filesystem::create_directories(std::filesystem::path(work_ / "out"));
+    const auto clip = test::makeMedia(work_, "beach.avi",
+                                      {"-f", "lavfi", "-t", "60", "-i", "testsrc2=size=320x240:rate=25"});
+    EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5", "--add", work_ / "Holiday.INI", clip}).exitCode, 0);
+  }
+  ~MadeMovie() override { ::unsetenv("SDL_AUDIODRIVER"); }
+
+  // The dialog's name is how the editor's begins.
+  static bool asksForName() {
+    return test::runProgram({"xdotool", "getactivewindow", "getwindowname"}).out == "Create New Movie\n";
+  }
+  // What is left in the movie's folder, hidden files too.
+  [[nodiscard]] std::string made() const {
+    std::string names;
+    for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(work_ / "out")))
+      names += file.path().filename().string() + " ";
+    return names;
+  }
+  // From the options to the pre-render.
+  void begins() {
+    ASSERT_TRUE(eventually([] {
+      if (asksForName()) return true;
+      press("Return");
+      return soon([] { return asksForName(); });
+    }));
+    ASSERT_TRUE(eventually([&] {
+      if (!asksForName()) return true;
+      press("ctrl+a");
+      type(work_ / "out/movie.wmv");
+      press("Return");
+      return soon([] { return !asksForName(); });
+    }));
+    ASSERT_TRUE(comes("Creating movie.wmv from Holiday Collection"));
+  }
+  void opensEditor() {
+    start({work_ / "Holiday.INI"});
+    ASSERT_TRUE(comes("beach.avi"));
+    ASSERT_TRUE(eventually([] {
+      press("ctrl+m");
+      return soon([] { return comesNow("Create New Movie"); });
+    }));
+  }
+  static bool soon(const std::function<bool()>& holds) {
+    constexpr int kLooks = 40;
+    for (int i = 0; i < kLooks; ++i) {
+      if (holds()) return true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return holds();
+  }
+};
+
+TEST_F(MadeMovie, IsAbortedAndMadeFromTheEditor) {
+  opensEditor();
+  press("ctrl+Return");
+  begins();
+  press("Return");  // the keyboard is with Abort
+  ASSERT_TRUE(comes("KVO - Movie Render aborted"));
+  EXPECT_EQ(made(), "") << "nothing half-made is left";
+  press("Return");
+  ASSERT_TRUE(comes("Create New Movie from Holiday Collection")) << "and the options are there again";
+  begins();
+  ASSERT_TRUE(comes("KVO - Movie Successfully Created"));
+  press("Return");
+  EXPECT_TRUE(comes("movie.wmv")) << "it plays in the main window";
+  EXPECT_EQ(made(), "movie.wmv ");
+  EXPECT_EQ(test::picturesOf(work_ / "out/movie.wmv", 32, 24).size(), 1500U);
+}
+
+TEST_F(MadeMovie, ToldFailedWhenTheEngineIsKilled) {
+  opensEditor();
+  press("ctrl+Return");
+  begins();
+  // The child of the shell that is this program's child.
+  const auto childOf = [](const std::string& process) {
+    const auto all = test::runProgram({"pgrep", "-P", process, "-f", "KVORender"}).out;
+    return all.substr(0, all.find('\n'));
+  };
+  std::string engine;
+  ASSERT_TRUE(eventually([&] {
+    engine = childOf(childOf(std::to_string(program_)));
+    return !engine.empty();
+  }));
+  ::kill(std::stoi(engine), SIGKILL);
+  ASSERT_TRUE(comes("KVO - Failed to Render Movie"));
+  EXPECT_EQ(made(), "");
+  press("Return");
+  ASSERT_TRUE(comes("Create New Movie from Holiday Collection"));
+  begins();  // the window lives
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,172 @@
+// The card of a render, in each of its frames and at two sizes of the interface.
+#include "windows/render/render_card.h"
+
+#include "render/output_profiles.h"
+#include "ui/made.h"
+#include "ui/theme.h"
+#include "windows/editor/page_list.h"
+#include "windows/render/kind_row.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+struct CardBench {
+  RenderState state;
+  std::string asked;
+  std::unique_ptr<RenderCard> card;
+
+  CardBench() {
+    const auto note = [this](const char* what) { return [this, what] { asked += std::string(what) + " "; }; };
+    const auto number = [this](const char* what) {
+      return [this, what](auto value) { asked += what + std::to_string(static_cast<int>(value)) + " "; };
+    };
+    state.Lst_WMVFormats = PopulateWMVProfileOpts(false);
+    state.profileRow = 25;
+    state.codecSize = "320 x 240";
+    state.profileDescription = "Use this profile.\r\nHxW IS maintained (320x240)";
+    state.facts = {{"Length", "51.900 s"}, {"Free disk", "38.2 Gb"}};
+    state.film = {{1, 0, 8}, {2, 8, 20}, {3, 20, 40}};
+    state.filmLength = 40;
+    card = std::make_unique<RenderCard>(
+        state,
+        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("pair"),
+                   note("abort"), note("view"), note("leave")},
+        [](int clip) {
+          QImage image(160, 90, QImage::Format_RGB32);
+          image.fill(QColor::fromHsv(clip * 80, 160, 200));
+          return image;
+        },
+        nullptr);
+    card->resize(themed(976), themed(448));
+    card->show();
+  }
+  void go(RenderFrame frame) {
+    state.frame = frame;
+    card->draw();
+    QApplication::processEvents();
+  }
+  [[nodiscard]] std::string focus() const {
+    const auto* key = qobject_cast<QAbstractButton*>(card->focusWidget());
+    return key == nullptr ? "" : key->text().toStdString();
+  }
+  // A text that is seen.
+  [[nodiscard]] bool says(const QString& text) const {
+    for (const auto* label : card->findChildren<QLabel*>())
+      if (label->isVisible() && label->text() == text) return true;
+    return false;
+  }
+  void picture(const std::string& name) const {
+    const auto folder = qEnvironmentVariable("KVO_PICTURES");
+    if (!folder.isEmpty()) card->grab().save(folder + "/render-" + QString::fromStdString(name) + ".png");
+  }
+};
+
+TEST(RenderCard, LeadsByItsKeys) {
+  struct Row {
+    RenderFrame frame;
+    bool isRunning;
+    const char* focus;  // the key that has the keyboard
+    Qt::Key key;
+    const char* asked;
+  };
+  CardBench b;
+  b.state.canView = true;
+  for (const auto& row : {Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Return, "write "},
+                          Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Escape, "leave "},
+                          Row{RenderFrame::PicInPic, false, "Render New Clip", Qt::Key_Space, "pair "},
+                          Row{RenderFrame::Estimate, true, "Abort", Qt::Key_Escape, ""},
+                          Row{RenderFrame::Rendering, true, "Abort", Qt::Key_Return, "abort "},
+                          Row{RenderFrame::Report, false, "View Movie", Qt::Key_Space, "view "},
+                          Row{RenderFrame::Report, false, "View Movie", Qt::Key_Escape, "leave "}}) {
+    b.go(RenderFrame::None);
+    b.state.isRunning = row.isRunning;
+    b.go(row.frame);
+    EXPECT_EQ(b.focus(), row.focus);
+    b.asked.clear();
+    QTest::keyClick(b.card->focusWidget(), row.key);
+    EXPECT_EQ(b.asked, row.asked) << row.focus;
+  }
+}
+
+TEST(RenderCard, OffersKindsAndProfiles) {
+  CardBench b;
+  b.go(RenderFrame::Options);
+  std::string rows;
+  for (auto* row : b.card->findChildren<KindRow*>()) {
+    rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
+    QTest::mouseClick(row, Qt::LeftButton);
+  }
+  EXPECT_TRUE(
+      rows.starts_with("MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
+                       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
+      << rows;
+  EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ")) << b.asked;
+  auto* list = b.card->findChild<PageList*>();
+  EXPECT_EQ(list->list().ListIndex(), 25);
+  EXPECT_EQ(list->rowName(25).toStdString().substr(0, 36), "WMV8 for Broadband (NTSC, 1400 Kbps)");
+  b.asked.clear();
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::mouseClick(b.card->findChild<QCheckBox*>(), Qt::LeftButton, {}, {10, 10});
+  EXPECT_EQ(b.asked, "profile26 own0 ");
+  b.state.kind = OutputKind::Wav;
+  b.state.Lst_WMVFormats.clear();
+  b.go(RenderFrame::Options);
+  EXPECT_FALSE(list->isVisible());
+  EXPECT_TRUE(b.says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";
+}
+
+TEST(RenderCard, ShowsHowFarTheMovieIs) {
+  CardBench b;
+  b.state.isRunning = true;
+  b.state.countdown = "About 00.00.46(s) Remaining";
+  b.state.movieSeconds = 20;
+  b.state.pie = {43, kPieYellow};
+  b.go(RenderFrame::Rendering);
+  EXPECT_TRUE(b.says("About 00.00.46(s) Remaining") && b.says("51.900 s"));
+  const auto image = b.card->grab().toImage();
+  const auto at = [&](int x, int y) { return image.pixelColor(x, y).rgb() & 0xFFFFFFU; };
+  // The ring at a quarter and at three quarters of its way, the strip before and behind the place.
+  EXPECT_EQ(at(70 + 116 + 85, 57 + 80 + 116), token("amber"));
+  EXPECT_EQ(at(70 + 116 - 85, 57 + 80 + 116), token("ink1"));
+  EXPECT_GT(qGray(at(386 + 250, 57 + 302)), 2 * qGray(at(386 + 350, 57 + 302)));
+  b.state.isRunning = false;
+  b.state.completed = "Completed in 58.42 (s)";
+  b.state.notes = {"holiday.avi: the sound from 1.00 to 2.00 s cannot be decoded"};
+  b.go(RenderFrame::Report);
+  EXPECT_TRUE(b.says("Completed in 58.42 (s)") && b.says(QString::fromStdString(b.state.notes[0])));
+}
+
+TEST(RenderCard, LooksAsDesigned) {
+  for (const double size : {1.0, 2.0}) {
+    setThemeSize(*qApp, size);
+    CardBench b;
+    const std::string end = size > 1 ? "@2x" : "";
+    b.state.sample = {18, 22};
+    for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "options"},
+                                      {RenderFrame::Estimate, "pre"},
+                                      {RenderFrame::Report, "done"},
+                                      {RenderFrame::PicInPic, "pair"}}) {
+      b.go(frame);
+      for (auto* part : b.card->findChildren<QWidget*>()) {
+        if (!part->isVisible() || part->focusPolicy() == Qt::NoFocus || part->parentWidget() == nullptr)
+          continue;
+        EXPECT_FALSE(part->accessibleName().isEmpty() && qobject_cast<QAbstractButton*>(part) == nullptr)
+            << name << " " << part->metaObject()->className();
+        EXPECT_GE(part->height(), themed(24)) << name << " " << part->metaObject()->className();
+      }
+      b.picture(name + end);
+    }
+  }
+  setThemeSize(*qApp, 1);
+}
+
+}  // namespace
+}  // namespace kvo
