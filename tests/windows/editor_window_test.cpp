@@ -16,9 +16,12 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTabBar>
 #include <QTest>
@@ -150,6 +153,31 @@ TEST(FrmRush, LooksAsDesigned) {
 }
 
 // What a key does where nothing else has a use for it, and what a disabled one does not.
+TEST(FrmRush, ColumnsAndTimelineTakeTheRoomThatThereIs) {
+  RushBench b;
+  b.desktop.facts = {2600, 1600, 24, 1};
+  b.open();
+  const auto* page = b.part<QScrollArea>("Create");
+  const auto* quit = b.part<QPushButton>("Quit");
+  const auto* timeline = b.part<QFrame>("timeline");
+  struct Row {
+    QSize window;
+    int page;  // its width
+    int timeline;
+  };
+  for (const auto& row : {Row{{1024, 640}, 440, 134},
+                          {{1100, 664}, 440, 134},
+                          {{1280, 764}, 440, 196},
+                          {{1920, 1044}, 632, 300}}) {
+    b.window->resize(row.window);
+    QApplication::processEvents();
+    EXPECT_EQ(page->verticalScrollBar()->maximum(), 0) << row.window.height();
+    EXPECT_LE(quit->geometry().bottom(), page->widget()->height() - 6) << row.window.height();
+    EXPECT_EQ(page->widget()->width(), row.page);
+    EXPECT_NEAR(timeline->height(), row.timeline, 10) << row.window.height();
+  }
+}
+
 TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   struct Row {
     Qt::Key key;
