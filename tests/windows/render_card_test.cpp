@@ -104,9 +104,9 @@ TEST(RenderCard, OffersKindsAndProfiles) {
     rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
     QTest::mouseClick(row, Qt::LeftButton);
   }
-  EXPECT_TRUE(
-      rows.starts_with("MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
-                       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
+  EXPECT_TRUE(rows.starts_with(
+      "MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
+      "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
       << rows;
   EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ")) << b.asked;
   auto* list = b.card->findChild<PageList*>();
