@@ -1,8 +1,13 @@
-// The editor's preview at speed: bench_preview CLIP, as in "corpus/c" for its clips c1.mp4 to c3.mp4 of the
-// corpus (720 lines at 25 frames a second, a key frame every two seconds). A movie of three of them with two
-// dissolves, the middle one blurred, is played at power 5 and at power 10, and sought in.
+// The editor's preview at speed: bench_preview CLIP [LONG], as in "corpus/c" for its clips c1.mp4 to c3.mp4
+// of the corpus (720 lines at 25 frames a second, a key frame every two seconds). A movie of three of them
+// with two dissolves, the middle one blurred, is played at power 5 and at power 10, and sought in; samples of
+// every effect are begun. LONG is a file of the same kind whose only key frame is its first, of twelve
+// seconds.
+#include "editor/compiler/effect_word.h"
+#include "editor/compiler/sample_documents.h"
 #include "engine/run/engine_player.h"
 #include "media/media_facts.h"
+#include "media/video_reader.h"
 #include "ports/sound_output.h"
 
 #include <algorithm>
@@ -265,14 +270,110 @@ bool seeks(const std::string& clips, const Form& form) {
   return true;
 }
 
+// The sample of an effect, as the editor plays it beside a movie of 720 lines.
+std::string sampleOf(const std::string& file, int effect, int level) {
+  kvo::Collection one;
+  auto& clip = one.MovieList.add({});
+  clip.Path(file.substr(0, file.rfind('/') + 1));
+  clip.MovieName(file.substr(file.rfind('/') + 1));
+  clip.LoopStart(kvo::Value(1));
+  clip.LoopEnd(kvo::Value(7));
+  clip.BlurInt(static_cast<kvo::Integer>(level));
+  kvo::EffectWord word;
+  word.set(effect, true);
+  clip.EffectWord(word.text());
+  kvo::CompileOptions options;
+  options.output.rate = 10;
+  return kvo::clipSample(one, 1, options, {}, {480, 270, true}).text;
+}
+
+// From the change of a value to the first picture of the sample: of each effect, and of a slider that is
+// dragged.
+bool samples(const std::string& clips) {
+  constexpr int kEffects = 42;
+  constexpr int kChanges = 40;
+  constexpr auto kPace = std::chrono::milliseconds(60);
+  constexpr int kBlur = static_cast<int>(kvo::EffectSwitch::Blur);
+  Measured measured;
+  const auto timed = [&](int effect, int level) {
+    const double begun = now();
+    auto document = sampleOf(clips + "1.mp4", effect, level);
+    if (!measured.player().load(std::move(document))) return kGiveUp;
+    measured.take();
+    measured.player().play();
+    for (;;) {
+      const auto shown = measured.next();
+      if (!shown) return kGiveUp;
+      if (shown->frame == 0) return shown->at - begun;
+    }
+  };
+  std::vector<double> took;
+  for (int effect = 1; effect <= kEffects; ++effect) {
+    took.push_back(timed(effect, 1));
+    std::this_thread::sleep_for(kPace);
+  }
+  std::printf("  samples at 480 x 270, from the change to the first picture:\n");
+  tell("each effect", took);
+  took.clear();
+  for (int level = 1; level <= kChanges; ++level) {
+    took.push_back(timed(kBlur, level));
+    std::this_thread::sleep_for(kPace);
+  }
+  tell("a slider that is dragged", took);
+  return took.back() < kGiveUp;
+}
+
+// Seeks in twelve seconds behind one key frame, each in a player that has just been opened.
+bool seeksFarFromAKeyFrame(const std::string& file) {
+  constexpr int kFarSeeks = 20;
+  constexpr int kRate = 25;
+  constexpr unsigned kFrames = 12 * kRate;
+  const auto document =
+      "<timeline>\r\n<group type=\"video\" bitdepth=\"24\" width=\"1280\" height=\"720\" "
+      "framerate=\"25\">\r\n<track>\r\n<clip src=\"" +
+      file +
+      "\" mstart=\"0\" mstop=\"12\" start=\"0\" stop=\"12\" "
+      ">\r\n</clip>\r\n</track>\r\n</group>\r\n</timeline>\r\n";
+  std::mt19937 random(2);
+  std::vector<double> first;
+  std::vector<double> exact;
+  std::vector<double> ratio;
+  for (int i = 0; i < kFarSeeks; ++i) {
+    const auto frame = static_cast<std::int64_t>(kFrames / 4 + random() % (kFrames * 3 / 4));
+    Measured measured;
+    if (!measured.player().load(document) || !measured.next()) return false;
+    const double begun = now();
+    measured.player().seek(frame);
+    auto shown = measured.next();
+    if (!shown) return false;
+    first.push_back(shown->at - begun);
+    while (shown && shown->frame != frame) shown = measured.next();
+    if (!shown) return false;
+    exact.push_back(shown->at - begun);
+    auto reader = kvo::media::VideoReader::open(file, 0);
+    if (!reader || !reader->frameAt(0)) return false;
+    const double decodes = now();
+    if (!reader->frameAt(static_cast<double>(frame) / kRate)) return false;
+    ratio.push_back(exact.back() / (now() - decodes));
+  }
+  std::printf("  far behind a key frame, %s:\n", file.c_str());
+  tell("some picture", first);
+  tell("the one that is wanted", exact);
+  std::sort(ratio.begin(), ratio.end());
+  std::printf("    against decoding alone: median %.2f times, nine of ten within %.2f\n",
+              ratio[ratio.size() / 2], ratio[ratio.size() * 9 / 10]);
+  return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) return 2;
+  if (argc < 2 || argc > 3) return 2;
   kvo::media::silenceRemarks();
   std::printf("%s\n", argv[1]);
   for (const auto& form : {Form{5, 427, 240, 10}, Form{10, 1280, 720, 25}}) {
     if (!plays(argv[1], form) || !seeks(argv[1], form)) return 1;
   }
-  return 0;
+  if (!samples(argv[1])) return 1;
+  return argc == 3 && !seeksFarFromAKeyFrame(argv[2]) ? 1 : 0;
 }

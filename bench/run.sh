@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|timeline|seeks|movies|encode|honest|lengths|preview|play|intake|answers|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
+# run.sh [kernels|records|compile|timeline|seeks|movies|encode|honest|profiles|lengths|preview|play|intake|answers|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
 # often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
 # KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
@@ -178,6 +178,39 @@ wav-effects effects 360 24 wav
 END
 }
 
+# Each of the 42 profiles of Windows Media, with what comes back of it: a flash and a tone of second 1, the length, and
+# a whole decode without a message. Where something is off, the line ends in "WRONG".
+profiles() (
+  local folder=$work/profiles number kind file says form rate
+  mkdir -p "$folder"
+  new_home "$folder/home"
+  [ -e "$folder/flash.mkv" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi \
+    -i "color=black:s=320x240:r=30:d=2,drawbox=c=white:t=fill:enable='gte(n,30)'" -f lavfi \
+    -i "aevalsrc='if(gte(t,1),0.7*sin(2*PI*600*t),0)':s=44100:d=2" -ac 2 -c:v ffv1 -c:a flac "$folder/flash.mkv"
+  "$bin/kvo5" --add "$folder/flash.INI" "$folder/flash.mkv" >/dev/null
+  for ((number = 0; number < 42; ++number)); do
+    kind=wmv
+    [ "$number" -lt 16 ] || [ "$number" -gt 23 ] || kind=wma
+    file=$folder/made.$kind
+    "$bin/kvo5" --render "$folder/flash.INI" --output "$file" --profile "$number" >/dev/null 2>&1
+    form=$(ffprobe -v error -show_entries stream=codec_name,width,height,r_frame_rate,sample_rate,channels -of csv=p=0 "$file" |
+      tr '\n' ' ')
+    rate=$(ffprobe -v error -select_streams v -show_entries stream=r_frame_rate -of csv=p=0 "$file")
+    says=$(ffmpeg -hide_banner -nostdin -i "$file" -vf blackdetect=d=0.2:pix_th=0.3 -af silencedetect=n=-30dB:d=0.3 -f null - 2>&1)
+    awk -v number="$number" -v form="$form" -v rate="${rate:-1/1}" -v kind="$kind" -v noise="$(ffmpeg -v error -nostdin -i "$file" -f null - 2>&1)" \
+      -v length_="$(ffprobe -v error -show_entries format=duration -of csv=p=0 "$file")" '
+      match($0, /silence_end: [0-9.]+/) && !tone { tone = substr($0, RSTART + 13, RLENGTH - 13) }
+      match($0, /black_end:[0-9.]+/) && !flash { flash = substr($0, RSTART + 10, RLENGTH - 10) }
+      function off(a, b) { return a > b ? a - b : b - a }
+      END {
+        split(rate, r, "/")
+        wrong = noise != "" || off(tone, 1) > 0.010 || off(length_, 2) > 0.1 || (kind == "wmv" && off(flash, 1) > r[2] / r[1] + 0.003)
+        printf "  %2d  %-58s %.2f s, tone %.3f, flash %s %s\n", number, form, length_, tone, flash, wrong ? "WRONG" : ""
+      }' <<<"$says"
+    rm -f "$file"
+  done
+)
+
 # One job by the engine and by the one before, in turn.
 compared() {  # KIND LINES CLIPS CODEC
   local job=$work/$1-$2-$3 peer r
@@ -262,7 +295,9 @@ preview() {
     [ -e "$work/film$film.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
       -f lavfi -i "sine=frequency=$((film * 300))" -t 12 -c:v libx264 -preset fast -g 50 -c:a aac "$work/film$film.mp4"
   done
-  "$bin/bench_preview" "$work/film"
+  [ -e "$work/long.mp4" ] || ffmpeg -hide_banner -loglevel error -nostdin -y -f lavfi -i testsrc2=size=1280x720:rate=25 \
+    -t 12 -c:v libx264 -preset fast -g 300 -keyint_min 300 -sc_threshold 0 "$work/long.mp4"
+  "$bin/bench_preview" "$work/film" "$work/long.mp4"
   "$bin/bench_preview" "$work/corpus/c"
 }
 
@@ -345,11 +380,11 @@ answers() (
     'openbox & desktop=$!; "$0"/bench_answers "$0"/kvo5 "$1" bench/editor_acts.txt; kill $desktop' "$bin" "$home/all.INI"
 )
 
-[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies encode honest lengths preview play intake answers
+[ $# -gt 0 ] || set -- kernels records compile timeline seeks movies encode honest profiles lengths preview play intake answers
 for part; do
   case $part in
     kernels | records | compile | timeline) "$bin/bench_$part" ;;
-    movies | encode | honest | lengths | seeks | preview | play | intake | answers | before) "$part" ;;
+    movies | encode | honest | profiles | lengths | seeks | preview | play | intake | answers | before) "$part" ;;
     *)
       echo "bench: there is no part '$part'" >&2
       exit 2

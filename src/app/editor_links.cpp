@@ -14,6 +14,8 @@ namespace kvo {
 namespace {
 
 constexpr int kEffectTab = 4;
+constexpr int kStandingWidth = 640;  // pixels
+constexpr int kStandingHeight = 480;
 
 }  // namespace
 
@@ -63,6 +65,14 @@ MainWindowDoors EditorLinks::mainWindow() {
                 if (parts_.window.mode.player.IsPlaying) parts_.play.transport().Lbl_PauseGraphic_Click();
               },
           .place = [this] { return playerPlace(parts_.face.player()); },
+          .pictureAt = [this](double seconds) -> std::optional<PlayerPlace> {
+            const auto& player = parts_.face.player();
+            if (player.PlayerIsEmpty()) return std::nullopt;
+            const auto seen = player.pictureAt(seconds);
+            return PlayerPlace{seen.seconds, seen.frame};
+          },
+          .standPlayer = [this](double seconds) { standPlayer(seconds); },
+          .stepPlayer = [this](int pictures) { parts_.play.positions().stepping.goBy(pictures); },
           .SetMarkIn = [this] { parts_.play.positions().marks.SetMarkIn(); },
           .SetMarkOut = [this] { parts_.play.positions().marks.SetMarkOut(); },
           .resetMark =
@@ -78,6 +88,7 @@ MainWindowDoors EditorLinks::mainWindow() {
           .mnu_SaveShow_Click = [this] { return parts_.collections.Save(); },
           .saveAgain = [this] { return parts_.collections.saveAgain(); },
           .empty = [this] { parts_.list.show(); },
+          .haltPlayer = [this] { parts_.play.transport().halt(); },
           .parkPlayer =
               [this] {
                 parts_.play.transport().halt();
@@ -152,16 +163,20 @@ void EditorLinks::settle() {
   const auto& collection = parts_.session.collection;
   const bool timed = std::exchange(timedSeen_, states_.window.timed) != states_.window.timed;
   if ((timed || edited) && desk_.knowsFiles()) showBlocks();
+  if (timed) preview_.takeTimes();
   if (std::exchange(openedSeen_, states_.window.opened) != states_.window.opened) hand_.open();
   if (states_.timeline.marks.clip != collection.icurMov) hand_.takeInHand(collection.icurMov);
   states_.timeline.settingKeyframes = parts_.session.settings.state.KeyframeMode != 0;
   if (std::exchange(compilesSeen_, states_.preview.compiles) != states_.preview.compiles)
     states_.window.totals = previewTotals(editing().editor);
   states_.window.frame.zoom = hand_.zoomPart();
-  standing_.settle(collection, states_.keyframes.visible);
+  desk_.follow();
+  const auto& playhead = desk_.playhead();
+  standing_.settle(collection, states_.keyframes.visible, playhead.inClip(),
+                   shapedLike(optionsOf(editing()).output, kStandingWidth, kStandingHeight));
   states_.timeline.isComing = desk_.isOpening();
   states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
-  if (states_.preview.kind == PreviewKind::Movie) hand_.stand(states_.preview.position, isPlaying());
+  hand_.stand(isPlaying() ? states_.preview.position : playhead.inMovie(), isPlaying());
 }
 
 void EditorLinks::showBlocks() {
@@ -193,6 +208,8 @@ void EditorLinks::missed(const FileWatch::Paths& files) {
 }
 
 std::string EditorLinks::goInHistory(int steps) {
+  const auto& frame = states_.window.frame;
+  if (!frame.toolsOn) return frame.toolsOffBecause;
   const auto& history = parts_.window.history;
   if (steps < 0 ? history.done.empty() : history.undone.empty())
     return translated(steps < 0 ? "There is nothing to undo" : "There is nothing to redo");
@@ -211,9 +228,13 @@ void EditorLinks::nameClip() {
   if (name) parts_.commands.rename(*name);
 }
 
-void EditorLinks::jog(int frames) {
-  auto& stepping = parts_.play.positions().stepping;
-  for (int i = std::abs(frames); i > 0; --i) frames < 0 ? stepping.Rew1(true) : stepping.Adv1(true);
+void EditorLinks::standPlayer(double seconds) {
+  if (parts_.window.mode.player.IsPlaying) parts_.play.transport().halt();
+  auto& player = parts_.face.player();
+  if (player.PlayerIsEmpty()) return;
+  const InMode mode(player, DisplayMode::Seconds);
+  player.PlayerSetCurrentPosition(seconds);
+  parts_.play.positions().core.displays.showPosition();
 }
 
 void EditorLinks::showSlider() {
@@ -227,6 +248,11 @@ void EditorLinks::UpdateKeyFramesIfWeHaveTo() {
   if (!states_.keyframes.visible || !place) return;
   moveToFrame(states_.keyframes, framesOf(place->seconds, editing().settings.preferences().OutPutFrameRate));
   showClipFrame(states_.keyframes.Sld_FramePosMaster.Value);
+}
+
+void EditorLinks::stop() {
+  desk_.stopAnalysing();
+  if (isPlaying()) preview_.PrepPreview();
 }
 
 void EditorLinks::showKeyframes() {

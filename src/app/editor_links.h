@@ -83,8 +83,8 @@ class EditorLinks : public DeskPreview {
 
   /// Below 0 undoes so many steps, above 0 redoes. Why not, composed, where there is nothing.
   std::string goInHistory(int steps);
-  /// The wheel has gone on by so many frames, or back.
-  void jog(int frames);
+  /// Escape while the tools are off: what has them off ends.
+  void stop();
   /// Frm_Keyframe opens for the effect that is worked on.
   void showKeyframes();
   /// What the clip in hand has at a frame, in the preview's place.
@@ -93,13 +93,16 @@ class EditorLinks : public DeskPreview {
   // Of the desk
   void KillPreview() override;
   void sample(Sample what, int clipNo) override { preview_.sample(what, clipNo); }
-  [[nodiscard]] bool isPlaying() const override;
+  [[nodiscard]] bool isPlaying() const override;  ///< the movie
   void movieIsStale() override { preview_.movieIsStale(); }
+  void standAt(double seconds) override { preview_.standAt(seconds); }
+  void showClip() override { preview_.showClip(); }
 
  private:
   [[nodiscard]] MainWindowDoors mainWindow();
   [[nodiscard]] TimelineDesk::Doors timelineDoors();
   [[nodiscard]] DeskTabs tabs();
+  void standPlayer(double seconds);
   void nameClip();
   void showSlider();
   void UpdateKeyFramesIfWeHaveTo();

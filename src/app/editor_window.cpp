@@ -43,10 +43,11 @@ std::function<void()> drawSoon(EventLoop& loop, std::function<void()> draw) {
 
 EditorWindow::EditorWindow(const Parts& parts)
     : parts_(parts),
-      transitions_(transitionArt(parts.session.collection), parts.session.streams,
-                   drawSoon(parts.loop, parts.draw)),
-      effects_(effectArt(parts.session.collection, parts.session.editor.effects), parts.session.streams,
-               drawSoon(parts.loop, parts.draw)),
+      transitions_(transitionArt(parts.session.collection, parts.session.settings), parts.session.streams,
+                   drawSoon(parts.loop, parts.draw), [&motion = parts.motion] { return motion.isReduced(); }),
+      effects_(effectArt(parts.session.collection, parts.session.settings, parts.session.editor.effects),
+               parts.session.streams, drawSoon(parts.loop, parts.draw),
+               [&motion = parts.motion] { return motion.isReduced(); }),
       colours_(parts.links.editing(), parts.loop, [this] { parts_.draw(); }) {}
 
 EditorWindow::~EditorWindow() = default;
@@ -58,8 +59,9 @@ void EditorWindow::draw() {
   if (!frm_) make();
   makePage(parts_.links.states().window.frame.CurrentTab);
   frm_->draw();
-  auto* owner = parts_.links.desk().isOpen() ? frm_.get() : nullptr;
-  keyframes_->draw(owner);
+  const auto& desk = parts_.links.desk();
+  auto* owner = desk.isOpen() ? frm_.get() : nullptr;
+  keyframes_->draw(parts_.links.isPlaying() ? nullptr : owner);  // it would lie over the movie
   analysing_->draw(owner);
 }
 
@@ -97,15 +99,15 @@ void EditorWindow::make() {
                .moveRate = act([&desk](int hundredths) { desk.moveRate(hundredths); }),
                .rateLetGo = act([&desk] { desk.letGoRate(); }),
                .moveLevel = act([&desk](int tenths) { desk.moveLevel(tenths); }),
-               .jog = act([&links](int frames) { links.jog(frames); }),
+               .jog = act([&desk](int pictures) { desk.jog(pictures); }),
                .goInHistory = act([&links](int steps) { links.goInHistory(steps); }),
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
-               .preview = act([&links] { links.preview().PrepPreview(); }),
+               .preview = act([&links] { links.preview().playOrPauseMovie(); }),
                .renderToFile = act([&render] { render.Rendertofile(); }),
                .save = telling([&desk] { return desk.saveAgain(); }),
                .saveAs = telling([&desk] { return desk.saveProject(); }),
-               .stopAnalysing = act([&desk] { desk.stopAnalysing(); }),
+               .stop = act([&links] { links.stop(); }),
                .close = act([&desk, &render] {
                  if (render.mayEnd()) desk.Form_QueryUnload();
                })},
@@ -239,6 +241,10 @@ void EditorWindow::makeRender() {
                  .chooseProfile = act([&render](int row) { render.chooseProfile(row); }),
                  .tickCodecDimensions = act([&render](bool on) { render.tickCodecDimensions(on); }),
                  .write = act([&links] { links.write(); }),
+                 .addToQueue = act([&links] { links.addToQueue(); }),
+                 .chooseJob = act([&links](int row) { links.chooseJob(row); }),
+                 .pauseJob = act([&links] { links.pauseJob(); }),
+                 .removeJob = act([&links] { links.removeJob(); }),
                  .writePair = act([&links] { links.writePair(); }),
                  .abort = act([&render] { render.AbortRender(); }),
                  .view = act([&links] { links.view(); }),

@@ -7,6 +7,7 @@
 #include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
 #include "ports/file_dialogs.h"
+#include "ports/motion.h"
 #include "sketches/sketches.h"
 
 #include <QImage>
@@ -37,6 +38,7 @@ class EditorWindow {
     UserStore& store;
     const Desktop& desktop;
     FileDialogs& dialogs;
+    Motion& motion;
     std::string pictures;        ///< the folder of the keys' pictures, with its separator
     std::function<void()> draw;  ///< all windows
   };

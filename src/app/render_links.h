@@ -5,6 +5,7 @@
 #include "app/render_pictures.h"
 #include "ports/desktop.h"
 #include "render/movie_render.h"
+#include "render/queue/queue_runner.h"
 
 #include <functional>
 #include <optional>
@@ -26,6 +27,8 @@ class RenderLinks : public RenderHost {
     FileDialogs& dialogs;
     LongWork& work;
     const Desktop& desktop;
+    QueueStore& queueStore;
+    QueueRunner& queue;
     std::string engine;          ///< path of its program
     std::function<void()> draw;  ///< all windows
   };
@@ -37,12 +40,20 @@ class RenderLinks : public RenderHost {
 
   /// The keys of the card that make a movie: begins with the next turn of the loop, and is drawn as it goes.
   void write();
+  void addToQueue();
   void writePair();
   /// The movie of the report joins the collection and plays.
   void view();
   /// Cmd_RendertoFile, and KVOBut_RenderPinP.
   void Rendertofile();
   void RenderPinP();
+
+  /// A row of Lst_Queue, and what the keys do to it.
+  void chooseJob(int row);
+  void pauseJob();
+  void removeJob();
+  /// Behind each change of the queue.
+  void queueChanged();
 
   /// A render is under way, which ends with the program: asks whether it is to.
   [[nodiscard]] bool mayEnd();
@@ -65,6 +76,8 @@ class RenderLinks : public RenderHost {
  private:
   void begin(std::function<void()> work);
   void addMovie();
+  [[nodiscard]] const QueuedRow* chosenJob() const;
+  void tellJob(const Outcome& done);
 
   Parts parts_;
   RenderState state_;

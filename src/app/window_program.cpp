@@ -2,6 +2,7 @@
 
 #include "adapters/cdio/cdio_disc.h"
 #include "adapters/curl/curl_http.h"
+#include "adapters/dbus/bus_motion.h"
 #include "adapters/dbus/bus_screen_saver.h"
 #include "adapters/dbus/long_work_bus.h"
 #include "adapters/dbus/mpris.h"
@@ -182,18 +183,18 @@ class WindowProgram {
                  },
                  boxes_},
                 std::make_unique<SdlSoundOutput>()),
-        renders_({state_, session_, loop_, editor_, links_, play_, mailbox_, store_, dialogs_, longWork_,
-                  desktop_, executableFolder + "KVORender", [this] { draw(); }}),
-        frmRush_({editor_, renders_, session_, loop_, sketches_, store_, desktop_, dialogs_,
-                  withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
-        autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
-                   session_.collection, state_, commands_}),
         queue_({queueStore_,
                 session_.nameLocks,
                 {session_.files, session_.temporaryFolders, session_.processes, loop_,
                  executableFolder + "KVORender"},
                 removeWholeFolder},
-               [] {}) {
+               [this] { renders_.queueChanged(); }),
+        renders_({state_, session_, loop_, editor_, links_, play_, mailbox_, store_, dialogs_, longWork_,
+                  desktop_, queueStore_, queue_, executableFolder + "KVORender", [this] { draw(); }}),
+        frmRush_({editor_, renders_, session_, loop_, sketches_, store_, desktop_, dialogs_, motion_,
+                  withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
+        autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
+                   session_.collection, state_, commands_}) {
     links_.link(skins_);
     mailbox_.guard({loadCheck_, session_.log, [] { std::exit(kExitFailed); }});
     const auto stop = [this](const Movie& clip) { play_.positions().endOfPlayMoved(clip); };
@@ -317,6 +318,7 @@ class WindowProgram {
   QtFileDialogs dialogs_;
   QtDesktop desktop_;
   BusScreenSaver saver_;
+  BusMotion motion_;
   SettingsStore store_;
   SocketHandover handover_;
   PatientHandover patient_{handover_};
@@ -378,11 +380,11 @@ class WindowProgram {
   FaceMenu clipMenu_{menu_, [this] { draw(); }};
   EditorLinks editor_;
   LongWorkBus longWork_;
+  QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
+  QueueRunner queue_;
   RenderLinks renders_;
   EditorWindow frmRush_;
   Autosave autosave_;
-  QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
-  QueueRunner queue_;
 };
 
 // What stands for the program in a desktop's lists of windows. `shared` is the installation's share folder.

@@ -78,12 +78,12 @@ class ListCommands {
   void placedBy(std::function<std::optional<PlayerPlace>()> place) { place_ = std::move(place); }
   /// Why there is nothing to copy now; composed, empty where there is.
   [[nodiscard]] std::string whyNoCopy(CopyMode mode) const { return whyNoCopy(mode, place_()); }
+  [[nodiscard]] std::string whyNoCopy(CopyMode mode, const std::optional<PlayerPlace>& place) const;
 
  private:
   void pass(const std::function<void(const CommandPass&, const Movie&)>& command);
   bool mayChoose();
   void copy(CopyMode mode, const std::optional<PlayerPlace>& place);
-  [[nodiscard]] std::string whyNoCopy(CopyMode mode, const std::optional<PlayerPlace>& place) const;
   void arrange(const CommandPass& pass, std::string_view act, std::vector<int> order);
   [[nodiscard]] std::string named(std::string_view act) const;
 

@@ -37,6 +37,9 @@ class MovieRender {
     UserStore& store;  ///< keeps what was used last
     LongWork& work;
     std::function<std::string()> moviesFolder;  ///< where the first movie is proposed
+    /// Puts a render into the queue, with the bytes of a profile file of its own if it has one.
+    std::function<Result<int>(const std::string& title, const RenderOrder& order, const std::string& profile)>
+        enqueue{};
   };
 
   /// All of it outlives the object, which writes `state` and calls the host behind each change of it.
@@ -66,6 +69,9 @@ class MovieRender {
   /// `PicInPicDocumentReady` the document is the one that stands beside the program. Nothing happens while
   /// one is being made.
   void WriteRenderMovie(bool PicInPicDocumentReady = false);
+
+  /// KVOBut_AddToQueue: asks for a name, and has the queue make the movie as it is now.
+  void AddToQueue();
 
   /// KVOBut_AbortRender: ends what runs; the movie is not made, and what had its name stays.
   void AbortRender();

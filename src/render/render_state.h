@@ -48,6 +48,17 @@ struct FilmCut {
   bool operator==(const FilmCut&) const = default;
 };
 
+/// A render of the queue.
+struct QueuedRow {
+  int number = 0;  ///< of the job
+  std::string name;
+  std::string state;    ///< a word, or how far it is
+  std::string failure;  ///< a line; empty for none
+  bool canPause = false;
+  bool canGoOn = false;
+  bool operator==(const QueuedRow&) const = default;
+};
+
 struct RenderState {
   RenderFrame frame = RenderFrame::None;
   bool isRunning = false;  ///< from the question for a name on; KVOBut_AbortRender is enabled meanwhile
@@ -60,6 +71,9 @@ struct RenderState {
   bool Chk_UseCodecOutputDimensions = true;
   std::string profileDescription;  ///< lines joined by CR LF
   std::string codecSize;           ///< of the profile in hand, "320x240"; empty where it has none of its own
+
+  std::vector<QueuedRow> Lst_Queue;  ///< what waits its turn
+  int queueRow = -1;                 ///< in that list; -1 for none
 
   // While it runs
   std::string caption;  ///< of the window

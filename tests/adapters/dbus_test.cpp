@@ -1,4 +1,5 @@
 // Media controls and the screen saver on a bus of the test's own, steered by playerctl as by any applet.
+#include "adapters/dbus/bus_motion.h"
 #include "adapters/dbus/bus_screen_saver.h"
 #include "adapters/dbus/long_work_bus.h"
 #include "adapters/dbus/mpris.h"
@@ -126,12 +127,11 @@ TEST_F(Bus, PlayerctlSteersAndReads) {
   EXPECT_EQ(mine({"status"}), "Playing\n");
   EXPECT_EQ(mine({"position"}).substr(0, 3), "4.5");
   EXPECT_EQ(mine({"volume"}), "0.500000\n");
-  EXPECT_EQ(
-      mine({"metadata", "--format",
-            "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:trackid}"
-            "}"}),
-      "lake at "
-      "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
+  EXPECT_EQ(mine({"metadata", "--format",
+                  "{{title}}|{{artist}}|{{album}}|{{mpris:length}}|{{mpris:artUrl}}|{{xesam:url}}|{{mpris:"
+                  "trackid}}"}),
+            "lake at "
+            "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
   const struct {
     std::vector<std::string> words;
     const char* asked;
@@ -317,6 +317,60 @@ TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
     awake.inhibit(true);
     awake.inhibit(false);
     EXPECT_TRUE(portal || until([&] { return saver.calls == end; })) << saver.calls;
+    QDBusConnection::disconnectFromBus("desktop");
+  }
+}
+
+// A portal that knows the setting of one kind of desktop.
+class Settings : public QDBusVirtualObject {
+ public:
+  QString key;
+  QVariant value;
+  int asked = 0;
+  QString introspect(const QString& /*path*/) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    ++asked;
+    const QVariant inside = QVariant::fromValue(QDBusVariant(value));
+    connection.send(
+        message.arguments().value(1) == key
+            ? message.createReply(QVariant::fromValue(QDBusVariant(inside)))
+            : message.createErrorReply("org.freedesktop.portal.Error.NotFound", "no such setting"));
+    return true;
+  }
+};
+
+TEST_F(Bus, ThePortalTellsWhetherLittleShouldMove) {
+  struct Row {
+    const char* key;
+    QVariant value;
+    bool isReduced;
+  };
+  for (const auto& row : {Row{"reduced-motion", 1U, true},
+                          {"reduced-motion", 0U, false},
+                          {"enable-animations", false, true},
+                          {"enable-animations", true, false},
+                          {"AnimationDurationFactor", "0", true},
+                          {"AnimationDurationFactor", "0.5", false},
+                          {"AnimationDurationFactor", "slow", false}}) {
+    auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "desktop");
+    Settings settings;
+    settings.key = row.key;
+    settings.value = row.value;
+    ASSERT_TRUE(desktop.registerVirtualObject("/org/freedesktop/portal/desktop", &settings));
+    ASSERT_TRUE(desktop.registerService("org.freedesktop.portal.Desktop"));
+    BusMotion motion;
+    EXPECT_FALSE(motion.isReduced()) << "it is not waited for";
+    ASSERT_TRUE(until([&] { return settings.asked == 3; }));
+    const auto isThere = [&] { return motion.isReduced(); };
+    if (row.isReduced) {
+      EXPECT_TRUE(until(isThere)) << row.key;
+    } else {
+      for (int i = 0; i < 20; ++i) {
+        QCoreApplication::processEvents();
+        std::this_thread::sleep_for(5ms);
+      }
+      EXPECT_FALSE(isThere()) << row.key << " " << row.value.toString().toStdString();
+    }
     QDBusConnection::disconnectFromBus("desktop");
   }
 }

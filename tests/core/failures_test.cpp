@@ -38,10 +38,8 @@ TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
   b.log.LogError("lost");
   EXPECT_EQ(b.files.all["/prog/KVOERROR.LOG"],
             " **** W A R N I N G ****Error Handler did not process an error correctly. Possibly check  the "
-            "Errorlog "
-            "path is not set to an incorrect drive mapping in the INI file Or  You do not have Write "
-            "permissions for "
-            "this workstation. Contact your system administrator.\r\n");
+            "Errorlog path is not set to an incorrect drive mapping in the INI file Or  You do not have "
+            "Write permissions for this workstation. Contact your system administrator.\r\n");
   EXPECT_TRUE(b.boxes.shown.empty());
   b.files.unwritable.insert("/prog/KVOERROR.LOG");
   b.log.LogError("lost again");

@@ -199,15 +199,17 @@ TEST_F(Render, RatesOfTelevisionAreExact) {
   struct Row {
     const char* rate;
     std::int64_t numerator, denominator;
+    std::int64_t milliseconds = 6006;  // a whole number of frames at the rates of television
   };
   for (const auto& row :
-       {Row{"23.976", 24000, 1001}, Row{"23.98", 24000, 1001}, Row{"23.97602", 24000, 1001},
-        Row{"29.97", 30000, 1001}, Row{"29.98", 30000, 1001}, Row{"59.94", 60000, 1001},
+       {Row{"23.976", 24000, 1001, 60060}, Row{"23.98", 24000, 1001}, Row{"23.97602", 24000, 1001},
+        Row{"29.97", 30000, 1001, 60060}, Row{"29.98", 30000, 1001}, Row{"59.94", 60000, 1001, 60060},
         Row{"59.95", 60000, 1001}, Row{"24", 24, 1}, Row{"12.5", 25, 2}, Row{"33.33", 3333, 100}}) {
+    const double length = static_cast<double>(row.milliseconds) / 1000;
     const auto text =
-        documentOf({{still, 0, 60.06, 0, 60.06}}, {{tone, 0, 60.06, 0, 60.06}}, {16, 16, row.rate});
-    // 60.06 s are a whole number of frames at the rates of television.
-    const auto frames = (6006 * row.numerator + 100 * row.denominator - 1) / (100 * row.denominator);
+        documentOf({{still, 0, length, 0, length}}, {{tone, 0, length, 0, length}}, {16, 16, row.rate});
+    const auto frames =
+        (row.milliseconds * row.numerator + 1000 * row.denominator - 1) / (1000 * row.denominator);
     const auto samples = (frames * 44100 * row.denominator + row.numerator / 2) / row.numerator;
     const auto ratio = std::to_string(row.numerator) + "/" + std::to_string(row.denominator);
     EXPECT_EQ(test::probed(rendered(text, "rate.avi"), "stream=r_frame_rate,nb_frames,duration_ts"),

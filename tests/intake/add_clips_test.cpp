@@ -145,8 +145,7 @@ TEST(AddClips, RefusalsTellWhyAndChangeNothing) {
       {"thumbs.db", film, "Movie not added to collection|" + notAdded},
       {"a.ZIP", film,
        "Compressed File|a.ZIP - must be decompressed or expanded with either Winzip or WinRar before it can "
-       "be "
-       "viewed."},
+       "be viewed."},
       {"a.rm", film, "RealPlayer Supported version of KVO Required|" + std::string(LoadResString(394))},
       {"a.bmp", broken("no"), "Error Decoding Image|" + noImage},
       {"a.jpg", film, "Error Decoding Image|" + noImage},
@@ -155,31 +154,25 @@ TEST(AddClips, RefusalsTellWhyAndChangeNothing) {
       {"a.avi", broken("it is damaged"),
        "a.avi - Not added to collection|" + byPlayer +
            "it is damaged\r\nKVO has detected the codec's Fourcc Code as Unknown\r\nThe Codec was developed "
-           "by "
-           "Unknown\r\nFor more information or to download and install the Codec, go to Unknown\r\nCodec "
-           "Notes :- "
-           "N/A"},
+           "by Unknown\r\nFor more information or to download and install the Codec, go to Unknown\r\nCodec "
+           "Notes :- N/A"},
       {"a.mpeg", broken("it is damaged"), "a.mpeg - Not added to collection|" + byPlayer + "it is damaged"},
       {"a.wmv", broken(kDrmProtected),
        "a.wmv - Not added to collection|Movie has NOT been added to the collection.\r\nYou may not have a "
-       "valid "
-       "License to play\r\nthis clip or the current license has expired."},
+       "valid License to play\r\nthis clip or the current license has expired."},
       {"a.wmv", broken("error &HC00D00C8"),
        "a.wmv - Not added to collection|Movie has NOT been added to the collection.\r\nYou may not have a "
-       "valid "
-       "License to play\r\nthis clip or the current license has expired."},
+       "valid License to play\r\nthis clip or the current license has expired."},
       {"a.avi", broken("cannot open a.avi: Text file busy"),
        "a.avi - Shareing Violation|The media file you are trying to open is currently opened in another "
        "application."},
       {"a.avi", film,
        "Movie not added to collection|KVO could not add the movie to the collection.\r\nThe movie could not "
-       "be "
-       "played.",
+       "be played.",
        LookEnd::Crashed},
       {"a.jpg", film,
        "Movie not added to collection|KVO could not add the movie to the collection.\r\nThe movie could not "
-       "be "
-       "played.",
+       "be played.",
        LookEnd::Hung},
   };
   for (const auto& row : rows) {
@@ -242,13 +235,11 @@ TEST(AddClips, WhatIsOddIsToldAndTheClipStays) {
       {"a.mid", endless, ""},
       {"a.mpg", noDecoder,
        "KVO - Possible malformed MPEG|The MPEG file <a.mpg>> may be corrupt\\not playable. The file may play "
-       "if you "
-       "re-route MPEG playback in KVO via the VMR (Prefs - General - MPEG routing).\r\nKVO will now attempt "
-       "playback."},
+       "if you re-route MPEG playback in KVO via the VMR (Prefs - General - MPEG routing).\r\nKVO will now "
+       "attempt playback."},
       {"a.asf", noDecoder,
        "KVO - Old format ASF detected|The ASF file <a.asf>> may not be playable.\r\nKVO will attempt "
-       "playback but "
-       "may fail."},
+       "playback but may fail."},
   };
   for (const auto& row : rows) {
     IntakeBench b;

@@ -32,8 +32,19 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
           << "only a loud one draws its key";
     }
   }
+  for (const auto& [from, by, to] :
+       {std::tuple{100, 7, 107}, {100, -60, 40}, {10, -60, 0}, {190, 60, 199}, {220, 5, 220}}) {
+    PositionsBench wheel;
+    wheel.ready("a.avi", {}, 2, 8);
+    wheel.seek(from / 25.0);
+    wheel.positions.stepping.goBy(by);
+    EXPECT_EQ(wheel.frame(), to) << from << " by " << by;
+  }
   PositionsBench b;
   b.ready("a.mp3", {.rate = 0});
+  b.seek(3);
+  b.positions.stepping.goBy(-5);
+  EXPECT_NEAR(b.seconds(), 2.5, 1e-9);
   b.seek(3);
   b.positions.stepping.Adv1(false);
   EXPECT_NEAR(b.seconds(), 3.1, 1e-9);

@@ -430,6 +430,32 @@ TEST(MovieRender, GoesOnBeyondItsCountdownWithAnotherPie) {
   EXPECT_EQ(b.state.completed, "Completed in 1 mins 40 (s)");
 }
 
+TEST(MovieRender, HandsAMovieToTheQueue) {
+  RenderBench b;
+  b.create.Opt_RenderRangeWhole = false;
+  b.create.Txt_From = 1;
+  b.create.Txt_Too = 3;
+  for (const int number : {9, 30}) {
+    b.choose(OutputKind::Wmv, number);
+    b.dialogs.answers = {"/out/film.wmv"};
+    b.render.AddToQueue();
+    ASSERT_FALSE(b.queued.empty());
+    const auto& order = b.queued.back();
+    EXPECT_EQ(order.output, "/out/film.wmv");
+    EXPECT_NE(order.document.find("hills.avi"), std::string::npos) << "as the collection is now";
+    EXPECT_EQ(order.range, (std::pair{1.0, 3.0}));
+    EXPECT_EQ(order.profile, number == 9 ? std::optional(9) : std::nullopt);
+    EXPECT_EQ(b.queuedProfile.empty(), number == 9) << "a copy of its own";
+  }
+  EXPECT_TRUE(b.engine.calls.empty());
+  EXPECT_EQ(b.files.all["/prog/wmsysprx.prx"], "system");
+  b.create.Txt_Too = 1;
+  b.dialogs.answers = {"/out/film.wmv"};
+  b.render.AddToQueue();
+  EXPECT_EQ(b.queued.size(), 2U);
+  EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
+}
+
 TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
   for (const bool fails : {false, true}) {
     RenderBench b;

@@ -1,4 +1,5 @@
 // Renders that wait their turn, in virtual time.
+#include "render/queue/queue_rows.h"
 #include "render/queue/queue_runner.h"
 #include "support/fake_processes.h"
 #include "support/memory_files.h"
@@ -40,6 +41,22 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   for (const auto* junk : {"", "nonsense", "KVO5 render queue\n[job]\nnumber=x\noutput=/a.avi\n",
                            "KVO5 render queue\nnumber=1\n[job]\nnumber=3\n"})
     EXPECT_TRUE(readQueue(junk).jobs.empty()) << junk;
+}
+
+TEST(RenderQueueText, IsShownAsRows) {
+  RenderQueue queue;
+  for (const auto state :
+       {JobState::Waiting, JobState::Running, JobState::Paused, JobState::Done, JobState::Failed}) {
+    auto& job = addJob(queue, "", {.document = "d", .output = "/out/a.mp4"});
+    job.state = state;
+    job.share = 0.425;
+    if (state == JobState::Failed) job.failure = "disk full";
+  }
+  EXPECT_EQ(queuedRows(queue), (std::vector<QueuedRow>{{1, "a.mp4", "waiting", "", true, false},
+                                                       {2, "a.mp4", "43%", "", true, false},
+                                                       {3, "a.mp4", "paused", "", false, true},
+                                                       {4, "a.mp4", "done", "", false, false},
+                                                       {5, "a.mp4", "failed", "disk full", false, true}}));
 }
 
 struct Queued {
@@ -127,6 +144,9 @@ TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
   EXPECT_EQ(q.told(), "1 waiting");
   q.loop.advance(5000);
   EXPECT_EQ(q.told(), "1 waiting") << "nothing is begun behind a stop";
+  EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 3);
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 3, q.sweep));
+  EXPECT_EQ(q.swept.size(), 1U) << "another goes on from what is there";
   EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
   EXPECT_EQ(q.swept.back(), "/.rendering-1.avi");
   EXPECT_FALSE(q.files.exists("/q/1.xtl"));

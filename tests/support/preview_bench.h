@@ -17,6 +17,8 @@ class NotingHost : public PreviewHost {
   bool free = true;
   bool rewinds = true;
   int drawn = 0;
+  std::function<void()> draws{};
+  double playhead = 0;
   std::function<void(bool)> turned = [](bool /*on*/) {};  // the tools
 
   std::string takeNotes() { return std::exchange(notes, {}); }
@@ -34,6 +36,7 @@ class NotingHost : public PreviewHost {
   void buildClipSliders() override { note("sliders"); }
   void Buildtabs(int /*tab*/) override {}
   [[nodiscard]] bool mayEdit() const override { return free; }
+  void haltPlayer() override { note("halt"); }
   void parkPlayer() override { note("park"); }
   void FrmFileOpenToolsOnOff(bool on) override {
     note(on ? "tools+" : "tools-");
@@ -41,12 +44,19 @@ class NotingHost : public PreviewHost {
   }
   void watchChanges(bool on) override { note(on ? "watch+" : "watch-"); }
   void selectRow(int clipNo) override { note("row:" + std::to_string(clipNo)); }
+  void movieStands(double seconds) override {
+    note("at " + ShortText(seconds));
+    playhead = seconds;
+  }
   void Displaymovieinfo() override { note("details"); }
   void restoreCaption() override { note("caption"); }
   void deleteWorkFiles() override { note("sweep"); }
   [[nodiscard]] StillControls stillControls() const override { return {}; }
   [[nodiscard]] bool Chk_AutoRewind() const override { return rewinds; }
-  void previewChanged() override { ++drawn; }
+  void previewChanged() override {
+    ++drawn;
+    if (draws) draws();
+  }
 
  private:
   void note(const std::string& what) { notes += (notes.empty() ? "" : " ") + what; }

@@ -161,6 +161,8 @@ struct RenderBench : Bench {
   NotedWork work;
   RenderState state;
   NotingRenderHost host{files};
+  std::vector<RenderOrder> queued;
+  std::string queuedProfile;
   MovieRender render{{editing,
                       create,
                       dialogs,
@@ -170,7 +172,12 @@ struct RenderBench : Bench {
                       host,
                       store,
                       work,
-                      [] { return std::string("/videos"); }},
+                      [] { return std::string("/videos"); },
+                      [this](const std::string&, const RenderOrder& order, const std::string& profile) {
+                        queued.push_back(order);
+                        queuedProfile = profile;
+                        return Result<int>(1);
+                      }},
                      state};
 };
 

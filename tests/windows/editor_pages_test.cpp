@@ -35,6 +35,8 @@ struct GreySamples : MovingSamples {
     return std::make_shared<FramePicture>(FramePicture{2, 1, std::vector<std::uint8_t>(6, grey)});
   }
   [[nodiscard]] int revision() const override { return 1; }
+  [[nodiscard]] bool areCalm() const override { return isCalm; }
+  bool isCalm = false;
 };
 
 // Pictures to look at, where they are asked for.
@@ -167,18 +169,24 @@ TEST(EffectPage, TicksSlidersAndRightClicksReachTheRecord) {
 
 TEST(SampleMotion, MovesWhileThePointerDoesAndComesToRest) {
   int drawn = 0;
-  SampleMotion motion([&] { ++drawn; });
-  EXPECT_EQ(motion.step(), kSampleStill);
+  GreySamples samples;
+  SampleMotion motion(samples, [&] { ++drawn; });
+  EXPECT_EQ(motion.step(true), kSampleStill);
   motion.stir();
   for (int i = 0; i < 3; ++i) motion.tick();
-  EXPECT_EQ(motion.step(), kSampleStill + 3);
+  EXPECT_EQ(motion.step(false), kSampleStill + 3);
   motion.rest();
-  EXPECT_EQ(motion.step(), kSampleStill);
+  EXPECT_EQ(motion.step(false), kSampleStill);
   EXPECT_EQ(drawn, 4);
   motion.stir();
   for (int i = 0; i < 100; ++i) motion.tick();
-  EXPECT_EQ(motion.step(), kSampleStill);
+  EXPECT_EQ(motion.step(false), kSampleStill);
   EXPECT_EQ(drawn, 4 + 5 * kSampleSteps) << "below a pointer that rests";
+  samples.isCalm = true;
+  motion.stir();
+  motion.tick();
+  EXPECT_EQ(motion.step(false), kSampleStill);
+  EXPECT_EQ(motion.step(true), kSampleStill + 1) << "that below the pointer alone";
 }
 
 TEST(AudioPage, FadesLevelAndMusic) {
@@ -287,7 +295,12 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
                       {}});
   drawn = &window;
   window.draw(&owner);
+  window.move(37, 91);
+  window.draw(nullptr);
+  EXPECT_FALSE(window.isVisible()) << "while the movie plays";
+  window.draw(&owner);
   EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(window.pos(), QPoint(37, 91));
   named<QAbstractSlider>(window, "Frame")->setValue(80);
   press(window, "Add a new keyframe here");
   named<QAbstractSlider>(window, "Effect Level")->setValue(30);

@@ -45,7 +45,7 @@ struct RushBench : test::TabBench {
   test::NamedStreams noFiles;  // so that the samples are of plain colours
   int come = 0;
   QObject home;  // what is on its way when the bench ends does not arrive
-  EngineSamples samples{transitionArt(collection), noFiles,
+  EngineSamples samples{transitionArt(collection, settings), noFiles,
                         [this] { QMetaObject::invokeMethod(&home, [this] { ++come; }); }};
   CreateRules createRules{editing, create, host};
   TransitionRules transitionRules{editing, transition, host, store};
@@ -84,7 +84,7 @@ struct RushBench : test::TabBench {
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
                  note("whole"), note("preview"), note("render"),
                  [this] { return asked += "save ", std::string("Saved"); },
-                 [this] { return asked += "saveAs ", std::string(); }, note("stopAnalysing"), note("close")},
+                 [this] { return asked += "saveAs ", std::string(); }, note("stop"), note("close")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, createRules,
                                   CreatePage::Acts{note("preview"), note("render"), note("save"),
@@ -202,7 +202,7 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Space);
   QTest::keyClick(b.window->focusWidget(), Qt::Key_Escape);
   strip->setCurrentIndex(4);
-  EXPECT_EQ(b.asked, "preview stopAnalysing ");
+  EXPECT_EQ(b.asked, "preview stop ");
   EXPECT_EQ(b.frame.CurrentTab, 1);
   b.frame.toolsOn = true;
   b.frame.toolsOffBecause.clear();

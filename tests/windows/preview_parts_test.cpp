@@ -54,6 +54,7 @@ TEST(PreviewPart, ThePictureKeepsItsShapeOnBlack) {
 
   state.kind = PreviewKind::None;
   state.picture.reset();
+  state.title.clear();
   part.draw();
   EXPECT_TRUE(part.pictureRect().isEmpty());
   EXPECT_EQ(part.accessibleDescription(), "Nothing to Preview");
@@ -101,6 +102,8 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
   QTest::mouseMove(bar, handle + QPoint(100, 0));
   QTest::mouseRelease(bar, Qt::LeftButton, Qt::NoModifier, handle + QPoint(100, 0));
   EXPECT_TRUE(told.startsWith("held ") && told.endsWith(" free ")) << told.toStdString();
+  QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, QPoint(bar->width() / 2, bar->height() / 2));
+  EXPECT_NEAR(bar->value(), bar->maximum() / 2, bar->maximum() / 100) << "where it was clicked";
   state.PreviewPlaying = true;
   row.draw();
   EXPECT_EQ(row.findChildren<QAbstractButton*>()[2]->accessibleName(), "Pause");

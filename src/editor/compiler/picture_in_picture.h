@@ -53,7 +53,7 @@ OverlayBox overlayBox(int position, double width, double height);
 
 struct PicInPicOptions {
   bool preview = false;        ///< 170 x 70 and silent
-  bool inShape = false;        ///< of a preview: it has the size of the options instead, the movie's shape
+  bool inShape = false;        ///< of a preview: it has the size of the options instead
   bool backdropAudio = false;  ///< the box is enabled and ticked
   bool overlayAudio = false;
 };

@@ -38,8 +38,7 @@ std::string firstClipTrack(const EffectSources& from, TimelineClips& clips) {
                               recordedTransition(clip, from.options, 0, Stamp{longest / 10.0}));
 }
 
-constexpr int kTransitionWidth = 150;
-constexpr int kTransitionHeight = 90;
+int evenSide(double pixels) { return std::max(2, static_cast<int>(pixels / 2 + 0.5) * 2); }
 
 }  // namespace
 
@@ -49,11 +48,18 @@ std::string transitionClipsText(const Collection& collection, int clipNo) {
   return (clipNo == 1 ? std::string("Movie Start") : shownName(clips[clipNo - 1])) + " -->  " + name;
 }
 
+SampleForm shapedLike(const OutputForm& movie, int width, int height) {
+  if (movie.width < 1 || movie.height < 1) return {width, height, true};
+  const double part =
+      std::min({1.0, static_cast<double>(width) / movie.width, static_cast<double>(height) / movie.height});
+  return {evenSide(movie.width * part), evenSide(movie.height * part), true};
+}
+
 SampleDocument transitionSample(const Collection& collection, int clipNo, CompileOptions options,
-                                const CompileFacts& facts, double sliderSeconds) {
+                                const CompileFacts& facts, double sliderSeconds, const SampleForm& form) {
   options.transitions = true;
-  options.output.width = kTransitionWidth;
-  options.output.height = kTransitionHeight;
+  options.output.width = form.width;
+  options.output.height = form.height;
   const KeyframeIndex keyframes(collection);
   const EffectSources from{facts.effects, keyframes, options};
   TimelineClips clips(collection, facts.streams);
@@ -79,8 +85,8 @@ SampleDocument transitionSample(const Collection& collection, int clipNo, Compil
   file.print(blanks(5) + tag::group({{"type", "video"},
                                      {"bitdepth", std::to_string(options.output.depth)},
                                      {"framerate", shortNumber(options.output.rate)},
-                                     {"width", std::to_string(kTransitionWidth)},
-                                     {"height", std::to_string(kTransitionHeight)}},
+                                     {"width", std::to_string(form.width)},
+                                     {"height", std::to_string(form.height)}},
                                     " >\r\n\r\n"));
   file.print(blanks(5) + tracks);
   file.print(line(tag::kEndGroup) + "\r\n");

@@ -18,9 +18,16 @@ int firstSound(const Collection& collection) {
 
 }  // namespace
 
+// What it does to the clip is done at the playhead, which stays there.
 void EditorDesk::press(ClipKey key) {
   ShowClipStats();
   if (!parts_.state.keys.of(key).empty()) return;
+  playhead_.bring();
+  carryOut(key);
+  playhead_.bringSoon();
+}
+
+void EditorDesk::carryOut(ClipKey key) {
   auto& commands = parts_.commands;
   switch (key) {
     case ClipKey::SetIN:
@@ -32,7 +39,7 @@ void EditorDesk::press(ClipKey key) {
     case ClipKey::ResetOUT:
       return resetMark(false);
     case ClipKey::Split:
-      return commands.copy(CopyMode::Split);
+      return static_cast<void>(split());
     case ClipKey::Copy:
       return commands.copy(CopyMode::Exact);
     case ClipKey::CopyEnd:
@@ -49,6 +56,12 @@ void EditorDesk::press(ClipKey key) {
   }
 }
 
+std::string EditorDesk::split() {
+  playhead_.follow();
+  playhead_.bring();
+  return parts_.commands.split(playhead_.inPlayer().value_or(PlayerPlace{}));
+}
+
 void EditorDesk::resetMark(bool in) {
   doors_.ShowSliderStuff();
   if (doors_.PlayerGetFileName().empty()) parts_.list.PreviewMovie(parts_.editing.collection.icurMov);
@@ -59,7 +72,7 @@ void EditorDesk::resetMark(bool in) {
 void EditorDesk::takeSnapshot() {
   const auto& inHand = *clip();
   doors_.pausePlaying();
-  const auto place = doors_.place().value_or(PlayerPlace{});
+  const auto place = playhead_.inPlayer().value_or(PlayerPlace{});
   auto folder = parts_.editing.settings.preferences().StillSavePath;
   if (folder.empty())
     folder = parts_.editing.folder.beside("\\ExtractedFrames");  // nobody has chosen one yet

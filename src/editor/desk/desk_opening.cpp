@@ -31,6 +31,7 @@ void EditorDesk::Form_Load() {
   state.frame.CurrentTab = 1;
   opening_ = true;
   showCaption();
+  playhead_.reset();
   LoopPreviews_ = e.settings.user.LoopPreviews;
   SliderPauseOnRepo_ = e.settings.user.SliderPauseOnRepo;
   run().KVOIsInEditMode = true;
@@ -134,6 +135,7 @@ void EditorDesk::showCaption() {
 
 void EditorDesk::collectionOpened() {
   showCaption();
+  playhead_.reset();
   ++parts_.state.opened;
   if (isOpen() && !opening_) restoreTabs();
   run().postChange(kOpened, kOpened);
@@ -165,6 +167,7 @@ void EditorDesk::leave() {
   watchChanges(false);
   analysing_->stop();
   begin_->stop();
+  playhead_.reset();
   opening_ = false;
   parts_.state.analysing = {};
   run().KVOIsInEditMode = false;

@@ -40,6 +40,7 @@ constexpr float kLevelTenths = 10;
 EditorDesk::EditorDesk(const Parts& parts, MainWindowDoors doors)
     : parts_(parts),
       doors_(std::move(doors)),
+      playhead_({parts.editing, parts.window, parts.loop, parts.list, parts.preview, doors_}),
       files_(parts.loop, parts.streams, [this](const LookedSoFar& news) { looked(news); }),
       Tmr_CheckChanges_(parts.loop.timer([this] { Tmr_CheckChanges_Timer(); })),
       analysing_(parts.loop.timer([this] { countTick(); })),
@@ -127,9 +128,13 @@ void EditorDesk::Tmr_CheckChanges_Timer() {
   const Integer code = run().ObjectChange;
   if (code == 0 || !files_.known(parts_.editing.collection)) return;
   if (code >= kMembershipChange) membershipChanged();
-  if (code > kSectionChange) retime();
+  if (code > kSectionChange) retime(code > kMovedOn);
   ShowClipStats();
   buildClipSliders();
+  // Another clip under the playhead is no reason to leave the picture there.
+  const bool wasSought = std::exchange(sought_, 0) == parts_.editing.collection.icurMov;
+  if (!wasSought || code != kMovedOn) return followTab(code);
+  const Holding inside(following_);
   followTab(code);
 }
 
@@ -145,9 +150,14 @@ bool EditorDesk::followsCollection() {
   auto& state = parts_.state;
   const bool empty = parts_.editing.clips().empty();
   if (std::exchange(state.nothingToPreview, empty) != empty) {
+    if (empty) {
+      auto& editor = parts_.editing.editor;
+      editor.VideoTotalTime = EditorState().VideoTotalTime;
+      editor.AudioTotalTime.clear();
+      state.totals = editorTotals(editor);
+    }
     if (tabs_[kCreateTab - 1].follow) tabs_[kCreateTab - 1].follow(true);
     ++state.timed;
-    if (empty) state.totals = editorTotals(EditorState());
     ShowClipStats();
     buildClipSliders();
   }
@@ -176,8 +186,9 @@ void EditorDesk::takeSounds() {
   }
 }
 
-// The places of clips and music, and what the movie comes to. Documents are compiled elsewhere.
-void EditorDesk::retime() {
+// The places of clips and music, and what the movie comes to; `isOther` where that may be another than
+// before. Documents are compiled elsewhere.
+void EditorDesk::retime(bool isOther) {
   const auto& e = parts_.editing;
   e.editor.texts = {};
   CreateClipLine(e, true, {.TransitionZero = true});
@@ -185,7 +196,7 @@ void EditorDesk::retime() {
   e.editor.texts = {};
   parts_.state.totals = editorTotals(e.editor);
   ++parts_.state.timed;
-  parts_.preview.movieIsStale();
+  if (isOther) parts_.preview.movieIsStale();
 }
 
 // The open tab shows the clip that is in hand in the main window.
@@ -214,16 +225,48 @@ void EditorDesk::Buildtabs(int tab) {
 
 void EditorDesk::UpDateFrmFileOpen(int clipNo, bool pause) {
   const auto& e = parts_.editing;
-  if (clipNo < 1 || clipNo > e.clips().count()) return;
+  if (clipNo < 1 || clipNo > e.clips().count() || following_) return;
   const auto& wanted = e.clips()[clipNo];
   const bool holds =
       wanted.IsStill() || sameText(trimmed(fileNamePart(doors_.PlayerGetFileName())), wanted.MovieName());
   if (clipNo != e.collection.icurMov || !holds) {
     parts_.list.PreviewMovie(clipNo);
+    playhead_.follow();
+    playhead_.loaded();
   } else if (!parts_.preview.isPlaying()) {
     doors_.Displaymovieinfo(clipNo);
   }
   if (!pause) doors_.PlayerPause();
+}
+
+void EditorDesk::sample(Sample what, int clipNo) {
+  if (!following_) parts_.preview.sample(what, clipNo);
+}
+
+void EditorDesk::KillPreview() {
+  if (!following_) parts_.preview.KillPreview();
+}
+
+void EditorDesk::selectRow(int clipNo) {
+  playhead_.lend(clipNo);
+  tellSought();
+}
+
+// The open tab hears of it as soon as the change watch runs.
+void EditorDesk::tellSought() {
+  sought_ = parts_.editing.collection.icurMov;
+  run().postChange(kMovedOn, kMovedOn);
+}
+
+void EditorDesk::movieStands(double seconds) {
+  if (playhead_.goTo(seconds)) tellSought();
+  ShowClipStats();
+  buildClipSliders();
+}
+
+void EditorDesk::jog(int pictures) {
+  playhead_.step(pictures);
+  ShowClipStats();
 }
 
 // Behind a preview: the clip in hand is not the one that is previewed any more.
@@ -235,13 +278,14 @@ void EditorDesk::Displaymovieinfo() {
 void EditorDesk::ShowClipStats() {
   const int number = parts_.editing.collection.icurMov;
   const auto& commands = parts_.commands;
+  const auto place = playhead_.inPlayer();
   parts_.state.frame.saveOffBecause = parts_.editing.clips().empty() ? "There is nothing to save" : "";
   parts_.state.keys = clipKeys(parts_.editing, number,
                                {.toolsOff = parts_.state.frame.toolsOffBecause,
-                                .Split = commands.whyNoCopy(CopyMode::Split),
-                                .Copy = commands.whyNoCopy(CopyMode::Exact),
-                                .CopyEnd = commands.whyNoCopy(CopyMode::Tail),
-                                .Equi = commands.whyNoCopy(CopyMode::EqualChunk)});
+                                .Split = commands.whyNoCopy(CopyMode::Split, place),
+                                .Copy = commands.whyNoCopy(CopyMode::Exact, place),
+                                .CopyEnd = commands.whyNoCopy(CopyMode::Tail, place),
+                                .Equi = commands.whyNoCopy(CopyMode::EqualChunk, place)});
   shownClip_ = number;
   if (clip() != nullptr && clip()->IsStream()) return;
   const bool previewing = parts_.state.frame.CurrentTab == kCreateTab && parts_.preview.isPlaying();
@@ -295,7 +339,9 @@ void EditorDesk::Cmd_Help() const {
            "shorten it, and its front over the clip before for a transition.\n\n"
            "Each tab works on the chosen clip: Transition leads into it, Effect and Color change its "
            "picture, Stills sets how long pictures are shown, Audio its sound and the music below.\n\n"
-           "Preview, or Space, plays the movie. Ctrl+Z takes back whatever was done, Ctrl+S saves."),
+           "Preview, or Space, plays the movie; Space halts it and lets it go on, Escape stops it. Ctrl+Z "
+           "takes "
+           "back whatever was done, Ctrl+S saves."),
        BoxButtons::Ok, BoxIcon::Information});
 }
 

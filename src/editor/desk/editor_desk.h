@@ -5,6 +5,7 @@
 #include "editor/desk/clip_files.h"
 #include "editor/desk/desk_doors.h"
 #include "editor/desk/editor_window_state.h"
+#include "editor/desk/playhead.h"
 #include "editor/preview/preview_host.h"
 #include "editor/tabs/editing.h"
 #include "ports/last_wish.h"
@@ -65,8 +66,16 @@ class EditorDesk : public PreviewHost {
 
   // The clip in hand
 
+  /// Ahead of each drawing: see Playhead::follow.
+  void follow() { playhead_.follow(); }
+  /// Where the user is.
+  [[nodiscard]] const Playhead& playhead() const { return playhead_; }
+  /// The wheel has gone on by so many pictures, or back.
+  void jog(int pictures);
   /// One of the keys; nothing where clipKeys says that it cannot be pressed.
   void press(ClipKey key);
+  /// Parts the clip in hand at the playhead. Why it cannot be parted there, or empty.
+  std::string split();
   /// A key or the mouse is held down in a window of the editor, or let go: what is done meanwhile is one
   /// step.
   void hold(bool held);
@@ -88,18 +97,20 @@ class EditorDesk : public PreviewHost {
   // Of the tabs
   bool edit(std::string_view act, int clipNo, Integer changeCode, const std::function<void()>& work) override;
   void UpDateFrmFileOpen(int clipNo, bool pause) override;
-  void sample(Sample what, int clipNo) override { parts_.preview.sample(what, clipNo); }
-  void KillPreview() override { parts_.preview.KillPreview(); }
+  void sample(Sample what, int clipNo) override;
+  void KillPreview() override;
   void ShowClipStats() override;
   void buildClipSliders() override;
   void Buildtabs(int tab) override;
 
   // Of the preview
   [[nodiscard]] bool mayEdit() const override { return !parts_.window.busy(); }
+  void haltPlayer() override { doors_.haltPlayer(); }
   void parkPlayer() override { doors_.parkPlayer(); }
   void FrmFileOpenToolsOnOff(bool on) override;
   void watchChanges(bool on) override;
-  void selectRow(int clipNo) override { parts_.list.select(clipNo); }
+  void selectRow(int clipNo) override;
+  void movieStands(double seconds) override;
   void Displaymovieinfo() override;
   void restoreCaption() override;
   void deleteWorkFiles() override;
@@ -128,10 +139,12 @@ class EditorDesk : public PreviewHost {
   bool followsCollection();
   void membershipChanged();
   void takeSounds();
-  void retime();
+  void retime(bool isOther);
   void followTab(Integer code);
+  void carryOut(ClipKey key);
   [[nodiscard]] std::string saved(const std::function<bool()>& save) const;
   void takeSnapshot();
+  void tellSought();
   void keepSnapshot(const Snapshot& wish, const Result<FramePicture>& picture);
   [[nodiscard]] Result<FramePicture> frameOf(const Snapshot& wish) const;
   void resetMark(bool in);
@@ -143,6 +156,7 @@ class EditorDesk : public PreviewHost {
   DeskTabs tabs_;
   PreviewControls controls_;
   std::function<void()> looked_;
+  Playhead playhead_;
   ClipFiles files_;
   std::unique_ptr<Timer> Tmr_CheckChanges_;
   std::unique_ptr<Timer> analysing_;
@@ -154,6 +168,8 @@ class EditorDesk : public PreviewHost {
   std::string offBecause_;   // of all else; empty for none
   bool lacksVideo_ = false;  // and it is still to be told
   bool editing_ = false;     // inside an edit
+  int sought_ = 0;           // the clip that the playhead has come to, which the open tab has to follow
+  bool following_ = false;   // it does so now, and leaves what is seen alone
   bool held_ = false;        // by the user, a key or the mouse
   bool hasMusic_ = false;
   int analysingTicks_ = 0;

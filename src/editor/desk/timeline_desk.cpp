@@ -4,20 +4,12 @@
 #include "editor/timeline/timeline_writes.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace kvo {
 namespace {
 
 constexpr Integer kMarkMoved = 96;
 constexpr Integer kPlaceMoved = 98;
-
-// The pictures of a clip, counted at its average rate.
-PlayerPlace placeIn(const Movie& clip, double seconds) {
-  const double length = clip.DurationTime().number();
-  const double rate = length > 0 ? clip.DurationFrames().number() / length : 0;
-  return {seconds, static_cast<Long>(std::lround(seconds * rate))};
-}
 
 }  // namespace
 
@@ -64,10 +56,10 @@ std::string TimelineDesk::copy(int clip) {
   return why;
 }
 
-std::string TimelineDesk::split(int clip, double seconds) {
+std::string TimelineDesk::split(int clip) {
   if (!has(clip)) return {};
   select(clip);
-  return parts_.commands.split(placeIn(parts_.editing.clips()[clip], seconds));
+  return parts_.desk.split();
 }
 
 void TimelineDesk::openTab(int tab, int clip) {

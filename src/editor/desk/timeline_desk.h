@@ -45,7 +45,7 @@ class TimelineDesk : public TimelineActs {
   }
   void remove(int clip) override { parts_.commands.Removeit(clip); }
   std::string copy(int clip) override;
-  std::string split(int clip, double seconds) override;
+  std::string split(int clip) override;
   void openTab(int tab, int clip) override;
   void openTrimmer(int clip) override;
   void openMenu(int clip, int x, int y) override { doors_.openMenu(clip, x, y); }

@@ -40,6 +40,16 @@ int clipAt(const Collection& collection, double seconds) {
   return seen != 0 ? seen : clipThere(collection, seconds, true);
 }
 
+bool liesAt(const Movie& clip, double seconds) {
+  return clip.TimeLineStart().number() <= seconds && seconds < clip.TimeLineStop().number();
+}
+
+int clipToTake(const Collection& collection, double seconds) {
+  const int number = collection.icurMov;
+  const bool isClip = number >= 1 && number <= collection.MovieList.count();
+  return isClip && liesAt(collection.MovieList[number], seconds) ? number : clipAt(collection, seconds);
+}
+
 std::string titleOf(const Movie& clip) {
   const auto name = trimmed(clip.AltName());
   return name.empty() ? clip.MovieName() : std::string(name);

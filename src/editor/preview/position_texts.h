@@ -15,6 +15,12 @@ std::string positionText(double seconds);
 /// no clip has a place.
 int clipAt(const Collection& collection, double seconds);
 
+/// The clip is seen at a place of the movie, seconds, or heard there.
+bool liesAt(const Movie& clip, double seconds);
+
+/// The clip in hand where it lies at `seconds`, else what clipAt tells.
+int clipToTake(const Collection& collection, double seconds);
+
 /// The name that a clip is shown by.
 std::string titleOf(const Movie& clip);
 

@@ -1,10 +1,11 @@
 #include "editor/preview/preview_engine.h"
 
+#include "base/holding.h"
 #include "base/text.h"
+#include "core/records/media_kinds.h"
 #include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/clip_checks.h"
-#include "editor/tabs/operations.h"
 #include "editor/tabs/preview.h"
 
 #include <algorithm>
@@ -21,6 +22,7 @@ constexpr int kSampleTick = 250;  // a sample that stands so long is kept in its
 constexpr int kSamplePace = 60;   // between two samples of a slider that is dragged
 constexpr int kSelectEach = 3;    // ticks
 constexpr int kFullPower = 10;
+constexpr double kWithinFrame = 1e-6;  // of a frame: what a product may lack
 constexpr std::string_view kMovieDocument = "\\KVORender.xtl";
 constexpr std::string_view kSampleDocument = "\\KVOSamp.xtl";
 constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
@@ -81,8 +83,9 @@ double PreviewEngine::secondsOf(std::int64_t frame) const {
   return rate > 0 ? static_cast<double>(frame) / rate : 0;
 }
 
+// The one that is seen there.
 std::int64_t PreviewEngine::frameOf(double seconds) const {
-  const auto frame = std::llround(seconds * player_.frameRate());
+  const auto frame = static_cast<std::int64_t>(std::floor(seconds * player_.frameRate() + kWithinFrame));
   return std::clamp<std::int64_t>(frame, 0, std::max<std::int64_t>(player_.frames() - 1, 0));
 }
 
@@ -98,12 +101,19 @@ void PreviewEngine::PrepPreview() {
   host_.buildClipSliders();
   host_.parkPlayer();
   if (movieRuns()) {
+    const double at = state_.position;
     host_.ShowClipStats();
+    release();
     TimeCodeOff();
-    return KillPreview();
+    showAt(at);  // what was seen last stands
+    return host_.previewChanged();
   }
+  const double from = state_.FSB_RenderRange.Value;
   host_.watchChanges(false);
-  if (!CreatePreview(true)) return host_.watchChanges(true);
+  if (!CreatePreview(true)) {
+    host_.watchChanges(true);
+    return host_.movieStands(from);
+  }
   host_.FrmFileOpenToolsOnOff(false);
   host_.previewChanged();
 }
@@ -138,6 +148,45 @@ void PreviewEngine::fillBar() {
   state_.cuts.assign(editor.ClipStopList.begin(), editor.ClipStopList.end());
 }
 
+double PreviewEngine::movieLength() const {
+  const auto& editor = editing_.editor;
+  const double video = ToNumber(editor.VideoTotalTime);
+  return video > 0 ? video : ToNumber(editor.AudioTotalTime);
+}
+
+void PreviewEngine::takeTimes() {
+  if (movieRuns()) return;
+  (isSample() ? movieBar_ : state_.FSB_RenderRange).Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
+  auto& cuts = isSample() ? movieCuts_ : state_.cuts;
+  cuts.clear();
+  for (int i = 1; i <= editing_.clips().count(); ++i) {
+    const auto& clip = editing_.clips()[i];
+    const double stop = clip.TimeLineStop().number();
+    if (stop > 0 && !isSoundByName(clip.MovieName())) cuts.push_back(stop);
+  }
+}
+
+void PreviewEngine::standAt(double seconds) {
+  if (movieRuns() || seeking_) return;
+  if (state_.kind == PreviewKind::Movie && (stale_ || seconds != standsAt_)) showClip();
+  auto& bar = isSample() ? movieBar_ : state_.FSB_RenderRange;
+  if (!bar.held) bar.Value = seconds;
+  if (state_.kind == PreviewKind::None) tellPlace(seconds);
+}
+
+void PreviewEngine::showClip() {
+  if (state_.kind != PreviewKind::None && !movieRuns()) release();
+}
+
+// Where nothing is shown.
+void PreviewEngine::tellPlace(double seconds) {
+  state_.total = movieLength();
+  if (state_.total <= 0) return TimeCodeOff();
+  UpdateRenderPosDisplay(positionText(seconds));
+  state_.Lbl_Remain = positionText(state_.total - seconds);
+  state_.Lbl_TotDur = positionText(state_.total);
+}
+
 void PreviewEngine::saveGraph(const std::string& document) {
   const auto& preferences = editing_.settings.preferences();
   if (preferences.GrfFileName.empty() || !preferences.OutputGRF) return;
@@ -162,7 +211,7 @@ void PreviewEngine::DirXPlay(double StartSeconds) {
   const bool atEnd = wanted >= player_.frames() - 1;
   const auto from = host_.Chk_AutoRewind() && atEnd ? 0 : wanted;
   if (from != GetPreviewPositionFrame()) seekTo(from);
-  host_.parkPlayer();
+  host_.haltPlayer();
   player_.play();
   TimeCodeOn();
   tmrTimer_->start(kEndTick);
@@ -175,7 +224,6 @@ void PreviewEngine::DirXPlay(double StartSeconds) {
 void PreviewEngine::KillPreview() {
   release();
   TimeCodeOff();
-  state_.picture.reset();
   host_.previewChanged();
 }
 
@@ -183,10 +231,11 @@ void PreviewEngine::KillPreview() {
 void PreviewEngine::release() {
   for (auto* timer : {&tmrTimer_, &TimerPreview_, &Timer1_, &pace_}) (*timer)->stop();
   wish_.reset();
-  unwritten_.clear();
+  unwritten_.reset();
   sought_.reset();
   player_.clear();
   const bool ran = movieRuns();
+  const double at = state_.position;
   if (isSample()) {
     state_.FSB_RenderRange = movieBar_;
     state_.cuts = movieCuts_;
@@ -201,6 +250,7 @@ void PreviewEngine::release() {
   if (ran) {
     host_.FrmFileOpenToolsOnOff(true);
     host_.watchChanges(true);
+    host_.movieStands(at);
   }
   host_.Displaymovieinfo();
 }
@@ -208,6 +258,7 @@ void PreviewEngine::release() {
 void PreviewEngine::failed(const std::string& text) {
   editing_.log.LogError(text);
   KillPreview();
+  state_.picture.reset();
   state_.failure = reasonOf(text);
   stale_ = true;
   host_.previewChanged();
@@ -249,6 +300,8 @@ void PreviewEngine::PausePreview() {
   host_.previewChanged();
 }
 
+void PreviewEngine::playOrPauseMovie() { movieRuns() ? PausePreview() : PrepPreview(); }
+
 void PreviewEngine::haltSample() {
   if (isSample() && !state_.paused) PausePreview();
 }
@@ -258,13 +311,22 @@ void PreviewEngine::PreviewtransPort(Key key) {
     if (state_.PreviewPlaying) return PausePreview();
     return isSample() ? DirXPlay(0) : PrepPreview();
   }
+  const Holding inside(seeking_);
   if (state_.kind == PreviewKind::None && !standOnMovie()) return;
   const bool stays = key != Key::ToStart;  // the end, too, is there to be seen: a rewind would follow
   if (stays && state_.PreviewPlaying && !state_.paused) PausePreview();
   const auto last = player_.frames() - 1;
   const auto now = GetPreviewPositionFrame();
   const auto to = key == Key::ToStart ? 0 : key == Key::ToEnd ? last : now + (key == Key::StepBack ? -1 : 1);
-  seekTo(std::clamp<std::int64_t>(to, 0, std::max<std::int64_t>(last, 0)));
+  standOn(std::clamp<std::int64_t>(to, 0, std::max<std::int64_t>(last, 0)));
+}
+
+// By the user's choice.
+void PreviewEngine::standOn(std::int64_t frame) {
+  seekTo(frame);
+  if (state_.kind != PreviewKind::Movie || state_.PreviewPlaying) return;
+  standsAt_ = state_.position;
+  host_.movieStands(standsAt_);
 }
 
 void PreviewEngine::seekTo(std::int64_t frame) {
@@ -276,7 +338,8 @@ void PreviewEngine::seekTo(std::int64_t frame) {
 
 // The movie as it is now stands in the player; false when there is none to show.
 bool PreviewEngine::standOnMovie() {
-  if (state_.kind == PreviewKind::Movie && !stale_ && GetPreviewPlayState() != PlayState::Empty) return true;
+  const bool isAsItIs = !stale_ || state_.PreviewPlaying;
+  if (state_.kind == PreviewKind::Movie && isAsItIs && GetPreviewPlayState() != PlayState::Empty) return true;
   if (!host_.mayEdit() || editing_.clips().empty()) return false;
   if (state_.kind != PreviewKind::None) release();
   auto& change = editing_.settings.state.ObjectChange;
@@ -292,9 +355,10 @@ bool PreviewEngine::standOnMovie() {
 }
 
 void PreviewEngine::showAt(double seconds) {
+  const Holding inside(seeking_);
   if (isSample()) release();
   if (!standOnMovie()) return;
-  seekTo(frameOf(seconds));
+  standOn(frameOf(seconds));
   host_.previewChanged();
 }
 
@@ -315,17 +379,18 @@ void PreviewEngine::sample(Sample what, int clipNo) {
   if (!pace_->running()) beginWish();
 }
 
-std::string PreviewEngine::documentOf(const Wish& wish) const {
+std::string PreviewEngine::documentOf(const Wish& wish, SampleSize size) const {
   switch (wish.what) {
     case Sample::Transition:
-      return Previewtransition(editing_, wish.clipNo);
+      return Previewtransition(editing_, wish.clipNo, size);
     case Sample::Effect:
     case Sample::Keyframe:
-      return PreviewEffect(editing_, wish.clipNo);
+      return PreviewEffect(editing_, wish.clipNo, size);
     case Sample::Colour:
-      return PreviewColourAdjust(editing_, wish.clipNo);
+      return PreviewColourAdjust(editing_, wish.clipNo, size);
     case Sample::PictureInPicture:
-      return CreatePinPPreview(editing_, wish.clipNo, {.preview = true});
+      return CreatePinPPreview(editing_, wish.clipNo,
+                               {.preview = true, .inShape = size == SampleSize::Shown});
   }
   return {};
 }
@@ -334,7 +399,7 @@ void PreviewEngine::beginWish() {
   const auto wish = *std::exchange(wish_, std::nullopt);
   pace_->start(kSamplePace);
   if (wish.clipNo > editing_.clips().count()) return;
-  auto document = documentOf(wish);
+  auto document = documentOf(wish, SampleSize::Shown);
   if (document.empty()) return;
   const bool goesOn = state_.kind == kindOf(wish.what) && state_.clipNo == wish.clipNo &&
                       state_.PreviewPlaying && GetPreviewPlayState() != PlayState::Ended;
@@ -352,9 +417,7 @@ void PreviewEngine::beginWish() {
                                                  : titleOf(editing_.clips()[wish.clipNo]);
   state_.overlayPosition = overlayPositionOf(wish);
   state_.PreviewPlaying = false;
-  unwritten_ = document;
-  if (wish.what == Sample::PictureInPicture)
-    document = CreatePinPPreview(editing_, wish.clipNo, {.preview = true, .inShape = true});
+  unwritten_ = wish;
   TimerPreview_->start(kSampleTick);
   PreviewIt(std::move(document), from, false);
 }
@@ -366,11 +429,13 @@ int PreviewEngine::overlayPositionOf(const Wish& wish) const {
   return isThere ? look->position : 0;
 }
 
-// A sample that is not followed by another at once is kept as the document that was shown last.
+// A sample that is not followed by another at once is kept as its document.
 void PreviewEngine::writeSample() {
   TimerPreview_->stop();
+  const auto wish = std::exchange(unwritten_, std::nullopt);
+  if (!wish || wish->clipNo > editing_.clips().count()) return;
   const auto path = editing_.folder.beside(kSampleDocument);
-  const auto done = writeDocument(editing_.files, path, std::exchange(unwritten_, {}));
+  const auto done = writeDocument(editing_.files, path, documentOf(*wish, SampleSize::Kept));
   if (!done) editing_.log.LogError(done.error().text);
 }
 
@@ -409,7 +474,8 @@ void PreviewEngine::GetCurrPos() {
 }
 
 void PreviewEngine::UpdateFrmFileOpenFillist() {
-  const int clipNo = clipAt(editing_.collection, state_.position);
+  const auto& collection = editing_.collection;
+  const int clipNo = (state_.PreviewPlaying ? clipAt : clipToTake)(collection, state_.position);
   if (clipNo == 0) return;
   state_.title = titleOf(editing_.clips()[clipNo]);
   if (clipNo == state_.clipNo || !state_.PreviewPlaying) return;
@@ -446,6 +512,8 @@ void PreviewEngine::watchEnd() {
   host_.deleteWorkFiles();
   host_.FrmFileOpenToolsOnOff(true);
   host_.watchChanges(true);
+  standsAt_ = 0;
+  host_.movieStands(0);
   host_.previewChanged();
 }
 

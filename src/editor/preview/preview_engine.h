@@ -7,6 +7,7 @@
 #include "editor/preview/preview_host.h"
 #include "editor/preview/preview_state.h"
 #include "editor/tabs/editing.h"
+#include "editor/tabs/operations.h"
 
 #include <cstdint>
 #include <memory>
@@ -35,7 +36,7 @@ class PreviewEngine {
   /// when there is nothing to show or the collection may not be edited.
   bool CreatePreview(bool Play);
 
-  /// Ends whatever is shown, and lets go of it.
+  /// Ends whatever is shown, and lets go of it; its last picture stands until there is another.
   void KillPreview();
 
   /// Halts what plays, and lets it go on.
@@ -49,8 +50,18 @@ class PreviewEngine {
   /// The user takes the bar, moves it to a place in seconds, or lets it go.
   void holdRange(bool held);
   void moveRange(double seconds);
+  /// Space: plays the movie, halts it, lets it go on.
+  void playOrPauseMovie();
+
   /// The collection is another than the one that was compiled.
   void movieIsStale() { stale_ = true; }
+  /// The clips have other places in the movie: bar and cuts follow, unless it plays.
+  void takeTimes();
+  /// The playhead is at `seconds`, and so the bar of the movie. What stands of the movie elsewhere, or as it
+  /// was before, goes; where nothing is shown the texts tell the place. Nothing while the movie plays.
+  void standAt(double seconds);
+  /// The clip in hand is to be seen: a sample goes, and what stands of the movie.
+  void showClip();
 
   /// The editor's missing files are others: what could not be shown for want of one may be tried again.
   void filesCame();
@@ -87,11 +98,14 @@ class PreviewEngine {
   [[nodiscard]] std::int64_t frameOf(double seconds) const;
   void release();
   void fillBar();
+  [[nodiscard]] double movieLength() const;
+  void tellPlace(double seconds);
+  void standOn(std::int64_t frame);
   void saveGraph(const std::string& document);
   void seekTo(std::int64_t frame);
   bool standOnMovie();
   void beginWish();
-  [[nodiscard]] std::string documentOf(const Wish& wish) const;
+  [[nodiscard]] std::string documentOf(const Wish& wish, SampleSize size) const;
   [[nodiscard]] int overlayPositionOf(const Wish& wish) const;
   void writeSample();
   void watchEnd();
@@ -110,13 +124,15 @@ class PreviewEngine {
   std::unique_ptr<Timer> TimerPreview_;  // a sample's document goes to its file
   std::unique_ptr<Timer> pace_;          // of samples that follow each other
   std::optional<Wish> wish_;
-  std::string unwritten_;               // the sample's document
+  std::optional<Wish> unwritten_;       // the sample whose document is to be kept
   std::optional<std::int64_t> sought_;  // the frame that is on its way
+  double standsAt_ = 0;                 // seconds of the movie: where the host was told that it stands
   RenderRange movieBar_;                // the movie's, while a sample has the bar
   std::vector<double> movieCuts_;
   std::string waitsFor_;  // the file for want of which it failed
   bool stale_ = true;
-  bool began_ = false;  // the player has been seen doing what it was told
+  bool seeking_ = false;  // by the user's choice; the playhead follows
+  bool began_ = false;    // the player has been seen doing what it was told
   int tick_ = 0;
 };
 

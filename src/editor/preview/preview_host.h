@@ -12,7 +12,9 @@ class PreviewHost : public TabHost {
   /// False while a load or another command has the collection.
   [[nodiscard]] virtual bool mayEdit() const = 0;
 
-  /// The main window's timers stand, its player is stopped and out of sight, the direct positioner is closed.
+  /// The main window's timers stand, its player is stopped.
+  virtual void haltPlayer() = 0;
+  /// And out of sight, and the direct positioner is closed.
   virtual void parkPlayer() = 0;
 
   /// Tabs and tools of the editor, and those of the main window.
@@ -23,6 +25,9 @@ class PreviewHost : public TabHost {
 
   /// Selects a row of the main list, 1 for the first, without loading its clip.
   virtual void selectRow(int clipNo) = 0;
+
+  /// The movie stands at `seconds`, where the user has sent it or it has ended.
+  virtual void movieStands(double seconds) = 0;
 
   /// The main window shows the details of the selected clip.
   virtual void Displaymovieinfo() = 0;

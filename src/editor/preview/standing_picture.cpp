@@ -1,16 +1,11 @@
 #include "editor/preview/standing_picture.h"
 
 #include "core/records/media_kinds.h"
+#include "editor/preview/position_texts.h"
 
 #include <utility>
 
 namespace kvo {
-namespace {
-
-constexpr int kStandingWidth = 640;  // pixels
-constexpr int kStandingHeight = 360;
-
-}  // namespace
 
 StandingPicture::StandingPicture(PreviewState& state, MediaContents& streams, EventLoop& loop,
                                  std::function<void()> draw)
@@ -19,16 +14,16 @@ StandingPicture::StandingPicture(PreviewState& state, MediaContents& streams, Ev
       frames_(
           loop,
           [&streams](const Wish& wish) {
-            return streams.frame(wish.file, wish.seconds, kStandingWidth, kStandingHeight);
+            return streams.frame(wish.file, wish.seconds, wish.form.width, wish.form.height);
           },
           [this](const Wish& wish, const Result<FramePicture>& picture) { arrived(wish, picture); }) {}
 
 void StandingPicture::showMark(const std::string& file, double seconds) {
-  show(Owner::Mark, {file, seconds});
+  show(Owner::Mark, {file, seconds, form_});
 }
 
 void StandingPicture::showKeyframe(const Movie& clip, Long frame, double rate) {
-  show(Owner::Keyframes, {clipFile(clip), rate > 0 ? frame / rate : 0});
+  show(Owner::Keyframes, {clipFile(clip), rate > 0 ? frame / rate : 0, form_});
 }
 
 void StandingPicture::show(Owner owner, Wish wish) {
@@ -53,24 +48,38 @@ void StandingPicture::forget() {
   standIn_.reset();
 }
 
-void StandingPicture::settle(const Collection& collection, bool keyframesOpen) {
+void StandingPicture::settle(const Collection& collection, bool keyframesOpen, double seconds,
+                             const SampleForm& form) {
+  form_ = form;
   const int number = collection.icurMov;
   const bool isAnother = std::exchange(inHand_, number) != number;
   if (state_.PreviewPlaying && !state_.paused) return forget();
   if (frame_ && (isAnother || (frame_ == Owner::Keyframes && !keyframesOpen))) endFrame();
-  if (state_.kind != PreviewKind::None || frame_ || !state_.failure.empty() || number < 1)
-    return standIn_.reset();
-  const auto& clip = collection.MovieList[number];
-  Wish wish{clipFile(clip), clip.LoopStart().number()};
+  if (state_.kind != PreviewKind::None || frame_ || !state_.failure.empty()) return standIn_.reset();
+  if (number >= 1) return standIn(collection.MovieList[number], seconds);
+  standIn_.reset();
+  state_.picture.reset();
+  state_.title.clear();
+}
+
+// The picture before it stands until it is there.
+void StandingPicture::standIn(const Movie& clip, double seconds) {
+  Wish wish{clipFile(clip), clip.IsStill() ? 0 : seconds, form_};
+  state_.title = titleOf(clip);
   if (standIn_ == wish) return;
   standIn_ = wish;
-  state_.picture.reset();
-  if (!isSoundByName(clip.MovieName())) frames_.want(std::move(wish));
+  const bool isSeen = !isSoundByName(clip.MovieName());
+  if (!isSeen) state_.picture.reset();
+  if (isSeen) frames_.want(std::move(wish));
 }
 
 void StandingPicture::arrived(const Wish& wish, const Result<FramePicture>& picture) {
-  if (!picture || !(frame_ || standIn_ == wish)) return;
-  state_.picture = std::make_shared<const Bitmap>(Bitmap{picture->width, picture->height, picture->bgr});
+  if (!(frame_ || standIn_ == wish)) return;
+  if (picture) {
+    state_.picture = std::make_shared<const Bitmap>(Bitmap{picture->width, picture->height, picture->bgr});
+  } else if (!frame_) {
+    state_.picture.reset();
+  }
   draw_();
 }
 

@@ -1,8 +1,9 @@
-// What stands in the preview's place while nothing plays there: the clip in hand as it begins, or the frame
-// at which a mark is dragged or the window of keyframes stands.
+// What stands in the preview's place while nothing plays there: the clip in hand at the playhead, or the
+// frame at which a mark is dragged or the window of keyframes stands.
 #pragma once
 
 #include "core/records/collection.h"
+#include "editor/compiler/sample_documents.h"
 #include "editor/preview/preview_state.h"
 #include "ports/last_wish.h"
 #include "ports/media_contents.h"
@@ -27,9 +28,10 @@ class StandingPicture {
   /// keyframes closes.
   void showKeyframe(const Movie& clip, Long frame, double rate);
 
-  /// Ahead of each drawing. A frame gives way to a preview that plays and to another clip in hand; where
-  /// there is neither preview nor frame, the clip in hand stands in.
-  void settle(const Collection& collection, bool keyframesOpen);
+  /// Ahead of each drawing; `form` is the size of the picture. A frame gives way to a preview that plays and
+  /// to another clip in hand; where there is neither preview nor frame, the clip in hand stands in, at
+  /// `seconds` of its file.
+  void settle(const Collection& collection, bool keyframesOpen, double seconds, const SampleForm& form);
 
   /// The picture has gone with a preview, or the files are others than they were.
   void forget();
@@ -39,11 +41,13 @@ class StandingPicture {
   struct Wish {
     std::string file;
     double seconds = 0;
+    SampleForm form;
     bool operator==(const Wish&) const = default;
   };
 
   void show(Owner owner, Wish wish);
   void endFrame();
+  void standIn(const Movie& clip, double seconds);
   void arrived(const Wish& wish, const Result<FramePicture>& picture);
 
   PreviewState& state_;
@@ -52,6 +56,7 @@ class StandingPicture {
   std::shared_ptr<const Bitmap> before_;  // what it stands in the place of
   std::optional<Wish> standIn_;           // what stands in the place of a preview, or will
   int inHand_ = 0;                        // the clip
+  SampleForm form_;
   LastWish<Wish, Result<FramePicture>> frames_;
 };
 

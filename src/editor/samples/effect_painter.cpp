@@ -4,7 +4,6 @@
 #include "editor/compiler/effect_word.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/samples/sample_pictures.h"
-#include "editor/tabs/moving_samples.h"
 #include "engine/document/document_reader.h"
 #include "engine/effects/registry.h"
 
@@ -16,7 +15,8 @@ constexpr double kSeenFrom = 2;      // its end, as there is something to see of
 
 }  // namespace
 
-Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& effects) {
+Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& effects, int width,
+                                  int height) {
   const auto place = static_cast<int>(ToNumber(number));
   if (place < 1 || place > EffectWord::kSwitches)
     return Error{"There is no effect with the number " + std::string(number)};
@@ -28,15 +28,14 @@ Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& e
   EffectWord word;
   word.set(place, true);
   clip.EffectWord(word.text());
-  const auto document =
-      clipSample(one, 1, {}, effects, {kEffectSampleWidth, kEffectSampleHeight, false}).text;
+  const auto document = clipSample(one, 1, {}, effects, {width, height, false}).text;
   auto timeline = engine::readDocument(document);
   if (!timeline) return timeline.error();
   if (timeline->video.empty() || timeline->video.front().effects.empty())
     return Error{"There is no effect with the number " + std::string(number)};
   std::vector<engine::DrawEffect> draws;
   for (const auto& effect : timeline->video.front().effects)
-    draws.push_back(effect.kind->drawn.make(effect.params, kEffectSampleWidth, kEffectSampleHeight));
+    draws.push_back(effect.kind->drawn.make(effect.params, width, height));
   return PaintEffect([draws = std::move(draws)](const FramePicture& picture, double part) {
     auto drawn = pictureOf(picture);
     const engine::EffectMoment moment{kSeenFrom + part * (kEffectLength - kSeenFrom), kEffectLength};

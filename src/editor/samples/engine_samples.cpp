@@ -12,10 +12,12 @@ constexpr std::size_t kMostWaiting = 640;  // older ones are asked for again whe
 
 }  // namespace
 
-EngineSamples::EngineSamples(SampleArt art, MediaContents& streams, std::function<void()> come)
+EngineSamples::EngineSamples(SampleArt art, MediaContents& streams, std::function<void()> come,
+                             std::function<bool()> areCalm)
     : art_(std::move(art)),
       streams_(streams),
       come_(std::move(come)),
+      areCalm_(std::move(areCalm)),
       thread_([this](const std::stop_token& stopped) { work(stopped); }) {}
 
 EngineSamples::~EngineSamples() = default;
@@ -87,11 +89,11 @@ const FramePicture& EngineSamples::ground(std::size_t index) {
   if (const auto found = ground_.find(index); found != ground_.end()) return found->second;
   const auto& place = drawn_.at(index);
   if (!place.path.empty()) {
-    auto shown = streams_.frame(place.path, place.seconds, art_.width, art_.height);
+    auto shown = streams_.frame(place.path, place.seconds, place.width, place.height);
     if (shown) return ground_[index] = std::move(*shown);
   }
-  return ground_[index] = index == 0 ? plainPicture(art_.width, art_.height, 0x3B, 0x46, 0x56)
-                                     : plainPicture(art_.width, art_.height, 0x2C, 0xC9, 0xC4);
+  return ground_[index] = index == 0 ? plainPicture(place.width, place.height, 0x3B, 0x46, 0x56)
+                                     : plainPicture(place.width, place.height, 0x2C, 0xC9, 0xC4);
 }
 
 }  // namespace kvo

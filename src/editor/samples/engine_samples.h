@@ -22,11 +22,13 @@ class EngineSamples final : public MovingSamples {
  public:
   /// `come` is called on the samples' own thread behind each picture. What the art asks and `streams` outlive
   /// the object; the collection is read while a picture is asked for.
-  EngineSamples(SampleArt art, MediaContents& streams, std::function<void()> come);
+  EngineSamples(SampleArt art, MediaContents& streams, std::function<void()> come,
+                std::function<bool()> areCalm = {});
   ~EngineSamples() override;
 
   Picture picture(std::string_view name, int step) override;
   [[nodiscard]] int revision() const override { return revision_; }
+  [[nodiscard]] bool areCalm() const override { return areCalm_ && areCalm_(); }
 
  private:
   using Wanted = std::pair<std::string, int>;  // name and step
@@ -43,6 +45,7 @@ class EngineSamples final : public MovingSamples {
   SampleArt art_;
   MediaContents& streams_;
   std::function<void()> come_;
+  std::function<bool()> areCalm_;
   std::atomic<int> revision_ = 0;
 
   std::mutex mutex_;  // guards what follows

@@ -1,6 +1,7 @@
 #include "editor/samples/sample_art.h"
 
 #include "core/records/media_kinds.h"
+#include "editor/compiler/sample_documents.h"
 #include "editor/samples/effect_painter.h"
 #include "editor/samples/transition_painter.h"
 #include "editor/tabs/moving_samples.h"
@@ -20,12 +21,23 @@ bool hasPictureByName(const Movie& clip) {
   return kind != nullptr && kind->mediaClass != MediaClass::Sound;
 }
 
+// As many as are asked for, of plain colour.
+SamplePlaces plainPlaces(std::size_t count, const KVO2& settings, int width, int height) {
+  const auto& preferences = settings.preferences();
+  OutputForm movie;
+  movie.width = heldWidth(preferences.RenderWidth);
+  movie.height = heldHeight(preferences.RenderHeight);
+  const auto form = shapedLike(movie, width, height);
+  return SamplePlaces(count, {"", 0, form.width, form.height});
+}
+
 // Near an end of the section that is played.
-SamplePlace placeIn(const Movie& clip, bool atEnd) {
+void stand(SamplePlace& place, const Movie& clip, bool atEnd) {
   const double start = clip.LoopStart().number();
   const double end = std::max(clip.LoopEnd().number(), start);
   const double inside = std::min(kFromEnd, (end - start) / 2);
-  return {clipFile(clip), clip.IsStill() ? 0 : atEnd ? end - inside : start + inside};
+  place.path = clipFile(clip);
+  place.seconds = clip.IsStill() ? 0 : atEnd ? end - inside : start + inside;
 }
 
 const Movie* clipInHand(const Collection& collection) {
@@ -34,26 +46,27 @@ const Movie* clipInHand(const Collection& collection) {
   return number >= 1 && number <= clips.count() && hasPictureByName(clips[number]) ? &clips[number] : nullptr;
 }
 
-SamplePlaces placesOfTransition(const Collection& collection) {
-  SamplePlaces places(2);
+SamplePlaces placesOfTransition(const Collection& collection, const KVO2& settings) {
+  auto places = plainPlaces(2, settings, kTransitionSampleWidth, kTransitionSampleHeight);
   const auto* second = clipInHand(collection);
   if (second == nullptr) return places;
-  places[1] = placeIn(*second, false);
+  stand(places[1], *second, false);
   for (int before = collection.icurMov - 1; before >= 1; --before) {
     if (!hasPictureByName(collection.MovieList[before])) continue;
-    places[0] = placeIn(collection.MovieList[before], true);
+    stand(places[0], collection.MovieList[before], true);
     break;
   }
   return places;
 }
 
-SamplePlaces placesOfEffect(const Collection& collection) {
+SamplePlaces placesOfEffect(const Collection& collection, const KVO2& settings) {
+  auto places = plainPlaces(1, settings, kEffectSampleWidth, kEffectSampleHeight);
   const auto* clip = clipInHand(collection);
-  if (clip == nullptr) return SamplePlaces(1);
-  const auto first = placeIn(*clip, false);
-  if (clip->IsStill()) return {first};
-  const double left = std::max(0.0, clip->LoopEnd().number() - first.seconds);
-  SamplePlaces places(kSampleSteps, first);
+  if (clip == nullptr) return places;
+  stand(places[0], *clip, false);
+  if (clip->IsStill()) return places;
+  const double left = std::max(0.0, clip->LoopEnd().number() - places[0].seconds);
+  places.resize(kSampleSteps, SamplePlace(places[0]));
   for (std::size_t i = 0; i < places.size(); ++i)
     places[i].seconds += std::min(kStretch, left) * static_cast<double>(i) / kSampleSteps;
   return places;
@@ -68,10 +81,8 @@ struct KnownEffects {
 
 }  // namespace
 
-SampleArt transitionArt(const Collection& collection) {
-  return {.width = kTransitionSampleWidth,
-          .height = kTransitionSampleHeight,
-          .places = [&collection] { return placesOfTransition(collection); },
+SampleArt transitionArt(const Collection& collection, const KVO2& settings) {
+  return {.places = [&collection, &settings] { return placesOfTransition(collection, settings); },
           .prepare = [](std::string_view name, const GroundPicture& ground) -> Result<PaintStep> {
             auto paint = preparePainting(name, ground(0), ground(1));
             if (!paint) return paint.error();
@@ -80,13 +91,11 @@ SampleArt transitionArt(const Collection& collection) {
           }};
 }
 
-SampleArt effectArt(const Collection& collection, const EffectsTable& effects) {
+SampleArt effectArt(const Collection& collection, const KVO2& settings, const EffectsTable& effects) {
   auto known = std::make_shared<KnownEffects>();
-  return {.width = kEffectSampleWidth,
-          .height = kEffectSampleHeight,
-          .places =
-              [&collection, &effects, known] {
-                auto places = placesOfEffect(collection);
+  return {.places =
+              [&collection, &settings, &effects, known] {
+                auto places = placesOfEffect(collection, settings);
                 const std::lock_guard lock(known->mutex);
                 if (std::exchange(known->places, places) != places) known->table = effects;
                 return places;
@@ -96,7 +105,8 @@ SampleArt effectArt(const Collection& collection, const EffectsTable& effects) {
               const std::lock_guard lock(known->mutex);
               return std::pair(known->table, known->places.size());
             }();
-            auto paint = prepareEffect(name, table.first);
+            const auto& size = ground(0);
+            auto paint = prepareEffect(name, table.first, size.width, size.height);
             if (!paint) return paint.error();
             return PaintStep(
                 [paint = std::move(*paint), ground, places = static_cast<int>(table.second)](int step) {

@@ -3,6 +3,7 @@
 
 #include "base/result.h"
 #include "core/records/collection.h"
+#include "core/records/settings.h"
 #include "editor/compiler/effects_table.h"
 #include "ports/media_contents.h"
 
@@ -18,6 +19,8 @@ namespace kvo {
 struct SamplePlace {
   std::string path;
   double seconds = 0;
+  int width = 0;  ///< pixels of the sample: the movie's shape
+  int height = 0;
   bool operator==(const SamplePlace&) const = default;
 };
 using SamplePlaces = std::vector<SamplePlace>;
@@ -28,8 +31,6 @@ using GroundPicture = std::function<const FramePicture&(std::size_t place)>;
 using PaintStep = std::function<FramePicture(int step)>;
 
 struct SampleArt {
-  int width = 0;  ///< pixels
-  int height = 0;
   /// What there is to see of the collection now. Called where the collection is written.
   std::function<SamplePlaces()> places;
   /// Makes ready to paint a sample; fails for a name that is none. Called on another thread.
@@ -37,10 +38,10 @@ struct SampleArt {
 };
 
 /// From the clip ahead of the one in hand into that one.
-SampleArt transitionArt(const Collection& collection);
+SampleArt transitionArt(const Collection& collection, const KVO2& settings);
 
 /// Two seconds of the clip in hand, with an effect as it is when it is switched on. What `effects` say holds
 /// from the time when a clip is taken in hand.
-SampleArt effectArt(const Collection& collection, const EffectsTable& effects);
+SampleArt effectArt(const Collection& collection, const KVO2& settings, const EffectsTable& effects);
 
 }  // namespace kvo

@@ -2,7 +2,6 @@
 
 #include "editor/compiler/sample_documents.h"
 #include "editor/samples/sample_pictures.h"
-#include "editor/tabs/moving_samples.h"
 #include "engine/document/document_reader.h"
 #include "engine/transitions/registry.h"
 
@@ -17,16 +16,13 @@ constexpr double kMargin = 0.125;    // seconds by which a document ends it earl
 class OnlyPictures final : public MediaContents {
  public:
   Result<StreamFacts> facts(const std::string& /*path*/) override {
-    return StreamFacts{.hasVideo = true,
-                       .width = kTransitionSampleWidth,
-                       .height = kTransitionSampleHeight,
-                       .frameRate = 25};
+    return StreamFacts{.hasVideo = true, .frameRate = 25};
   }
   Result<FramePicture> frame(const std::string& path, double, int, int) override { return Error{path}; }
 };
 
 // Two clips, the transition between them.
-std::string documentOf(std::string_view name) {
+std::string documentOf(std::string_view name, const SampleForm& form) {
   Collection collection;
   for (const auto* file : {"a.avi", "b.avi"}) {
     auto& clip = collection.MovieList.add({});
@@ -39,7 +35,7 @@ std::string documentOf(std::string_view name) {
   collection.MovieList[2].TransIn(static_cast<Single>(kSampleLength * 10));
   OnlyPictures streams;
   const EffectsTable effects;
-  return transitionSample(collection, 2, {}, {streams, effects}, kSampleLength).text;
+  return transitionSample(collection, 2, {}, {streams, effects}, kSampleLength, form).text;
 }
 
 const engine::Transition* transitionIn(const std::vector<engine::Layer>& layers) {
@@ -54,11 +50,11 @@ const engine::Transition* transitionIn(const std::vector<engine::Layer>& layers)
 
 Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
                                     const FramePicture& above) {
-  auto timeline = engine::readDocument(documentOf(name));
+  auto timeline = engine::readDocument(documentOf(name, {below.width, below.height}));
   if (!timeline) return timeline.error();
   const auto* found = transitionIn(timeline->video);
   if (found == nullptr) return Error{"There is no transition of the name " + std::string(name)};
-  auto paint = found->kind->drawn.make(found->params, kTransitionSampleWidth, kTransitionSampleHeight);
+  auto paint = found->kind->drawn.make(found->params, below.width, below.height);
   if (!paint) return paint.error();
   return PaintMoment([transition = *found, paint = std::move(*paint), from = pictureOf(below),
                       to = pictureOf(above)](double part) {

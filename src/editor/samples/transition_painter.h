@@ -12,7 +12,7 @@ namespace kvo {
 /// Paints moments of one transition.
 using PaintMoment = std::function<FramePicture(double part)>;
 
-/// Makes ready to paint from `below` to `above`, which both have the size of a sample; what is made gives the
+/// Makes ready to paint from `below` to `above`, which are of one size; what is made gives the
 /// picture at a part (0 to 1) of the way, and outlives them. Fails for a name that is none of a transition.
 Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
                                     const FramePicture& above);

@@ -10,7 +10,7 @@
 
 namespace kvo {
 
-/// Of a sample, in pixels.
+/// Pixels that a sample fits into, in the movie's shape.
 inline constexpr int kTransitionSampleWidth = 150;
 inline constexpr int kTransitionSampleHeight = 90;
 inline constexpr int kEffectSampleWidth = 96;
@@ -33,6 +33,8 @@ class MovingSamples {
   virtual Picture picture(std::string_view name, int step) = 0;
   /// Grows when other pictures have come: what is drawn is out of date.
   [[nodiscard]] virtual int revision() const = 0;
+  /// The user wants little to move: only the sample below the pointer.
+  [[nodiscard]] virtual bool areCalm() const { return false; }
 };
 
 }  // namespace kvo

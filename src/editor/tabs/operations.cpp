@@ -14,6 +14,8 @@ namespace kvo {
 namespace {
 
 constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
+constexpr int kShownWidth = 480;  // pixels: about what the preview has room for, and soon made
+constexpr int kShownHeight = 360;
 
 CompileFacts factsOf(const Editing& e) { return {e.streams, e.editor.effects}; }
 
@@ -73,8 +75,13 @@ std::string shown(const Editing& e, const SampleDocument& sample, Corrections wh
   return sample.text;
 }
 
-std::string clipSample(const Editing& e, int clipNo, const SampleForm& form) {
+SampleForm formOf(const CompileOptions& options, SampleSize size, const SampleForm& kept) {
+  return size == SampleSize::Kept ? kept : shapedLike(options.output, kShownWidth, kShownHeight);
+}
+
+std::string clipSample(const Editing& e, int clipNo, SampleSize size, const SampleForm& kept) {
   const auto options = sampleOptions(e);
+  const auto form = formOf(options, size, kept);
   e.settings.state.PreviewFrameRate = options.output.rate;
   e.settings.state.RenderEffects = true;
   return shown(e, clipSample(e.collection, clipNo, options, e.editor.effects, form));
@@ -244,23 +251,34 @@ void UpdateTrackFade(const Editing& e, bool audioPass) {
   if (e.settings.preferences().VideoTrackFadeAmt > most) e.settings.change().VideoTrackFadeAmt = most;
 }
 
-std::string Previewtransition(const Editing& e, int clipNo) {
+std::string Previewtransition(const Editing& e, int clipNo, SampleSize size) {
   const auto options = sampleOptions(e);
   e.settings.state.RenderTransitions = true;
   return shown(
-      e, transitionSample(e.collection, clipNo, options, factsOf(e), e.editor.controls.Sld_In.Value / 10),
+      e,
+      transitionSample(e.collection, clipNo, options, factsOf(e), e.editor.controls.Sld_In.Value / 10,
+                       formOf(options, size, kTransitionSample)),
       Corrections::OfTransitions);
 }
 
-std::string PreviewEffect(const Editing& e, int clipNo) { return clipSample(e, clipNo, kEffectSample); }
+std::string PreviewEffect(const Editing& e, int clipNo, SampleSize size) {
+  return clipSample(e, clipNo, size, kEffectSample);
+}
 
-std::string PreviewColourAdjust(const Editing& e, int clipNo) { return clipSample(e, clipNo, kColourSample); }
+std::string PreviewColourAdjust(const Editing& e, int clipNo, SampleSize size) {
+  return clipSample(e, clipNo, size, kColourSample);
+}
 
 std::string CreatePinPPreview(const Editing& e, int backdropNo, const PicInPicOptions& wanted) {
   auto options = sampleOptions(e);
   e.settings.state.PreviewFrameRate = options.output.rate;
   e.settings.state.RenderEffects = true;
   if (!wanted.preview) options.output.rate = e.settings.preferences().OutPutFrameRate;
+  if (wanted.inShape) {
+    const auto form = formOf(options, SampleSize::Shown, {});
+    options.output.width = form.width;
+    options.output.height = form.height;
+  }
   return shown(e, picInPicSample(e.collection, backdropNo, options, e.editor.effects, wanted));
 }
 

@@ -79,11 +79,17 @@ void SortTransitionTimes(const Editing& e, int clipNo);
 /// the shortest clip.
 void UpdateTrackFade(const Editing& e, bool audioPass);
 
+/// Of a sample's picture.
+enum class SampleSize {
+  Kept,   ///< of the document that is kept
+  Shown,  ///< the movie's shape, within 480 x 360 pixels
+};
+
 /// The documents by which one transition, one clip's effects, its colours, and a picture-in-picture are
 /// shown.
-std::string Previewtransition(const Editing& e, int clipNo);
-std::string PreviewEffect(const Editing& e, int clipNo);
-std::string PreviewColourAdjust(const Editing& e, int clipNo);
+std::string Previewtransition(const Editing& e, int clipNo, SampleSize size = SampleSize::Kept);
+std::string PreviewEffect(const Editing& e, int clipNo, SampleSize size = SampleSize::Kept);
+std::string PreviewColourAdjust(const Editing& e, int clipNo, SampleSize size = SampleSize::Kept);
 std::string CreatePinPPreview(const Editing& e, int backdropNo, const PicInPicOptions& options);
 
 }  // namespace kvo

@@ -37,8 +37,8 @@ class TimelineActs {
   virtual void remove(int clip) = 0;
   // What cannot be done gives back why; composed, else empty.
   virtual std::string copy(int clip) = 0;
-  /// Parts a clip at `seconds` of its file.
-  virtual std::string split(int clip, double seconds) = 0;
+  /// Parts a clip at the playhead, at which it lies.
+  virtual std::string split(int clip) = 0;
 
   /// Goes to a tab, 1 to 7, with a clip in hand.
   virtual void openTab(int tab, int clip) = 0;

@@ -7,6 +7,7 @@
 #include "editor/compiler/effect_word.h"
 #include "editor/compiler/effects_table.h"
 #include "editor/compiler/keyframes.h"
+#include "editor/compiler/picture_in_picture.h"
 
 #include <algorithm>
 #include <utility>
@@ -37,6 +38,17 @@ double rateOf(const Movie& record) {
   return record.FrameRate() > 0 ? decimal(record.FrameRate()) : 0;
 }
 
+bool hasColours(const Movie& record) {
+  const std::array levels = {record.Red(),      record.Green(),      record.Blue(), record.Threshold(),
+                             record.Contrast(), record.Brightness(), record.Gamma()};
+  return record.Sepia() || std::ranges::any_of(levels, [](Single level) { return level != 0; });
+}
+
+bool hasOverlay(const Movie& record) {
+  const auto look = readPicInPic(record.HasPicInPic());
+  return look && look->overlayClip > 0;
+}
+
 // Of the effects that move: one that has its base keyframe alone does not.
 int keyframesOf(const KeyframeIndex& keyframes, Long keyId) {
   int count = 0;
@@ -49,6 +61,7 @@ int keyframesOf(const KeyframeIndex& keyframes, Long keyId) {
 
 TimelineBlock blockOf(const TimelineClip& clip, const KeyframeIndex& keyframes) {
   const auto& record = *clip.record;
+  const int keys = keyframesOf(keyframes, record.KeyID());
   return {
       .clip = clip.number,
       .start = clip.place.start,
@@ -63,8 +76,9 @@ TimelineBlock blockOf(const TimelineClip& clip, const KeyframeIndex& keyframes) 
       .isStill = record.IsStill(),
       .isHeard = clip.hasSound && record.RenderAudio() && record.AudioOutputLevel() != 0,
       .transition = {},
-      .effects = clip.isSound ? 0 : switchesOn(record.EffectWord()),
-      .keyframes = keyframesOf(keyframes, record.KeyID()),
+      .badges = clip.isSound ? std::array{0, keys, 0, 0}
+                             : std::array{switchesOn(record.EffectWord()), keys, hasColours(record) ? 1 : 0,
+                                          hasOverlay(record) ? 1 : 0},
       .fadeIn = decimal(record.AudioFadeInTime()),
       .fadeOut = decimal(record.AudioFadeOutTime())};
 }
@@ -139,6 +153,20 @@ TimelineBlocks blocksOf(TimelineClips clips, const Collection& collection, const
   return blocks;
 }
 
+std::string badgeName(const TimelineBlock& block, TimelineBadge which) {
+  switch (which) {
+    case TimelineBadge::Effects:
+      return counted(block.badge(which), "1 effect", "%1 effects");
+    case TimelineBadge::Keyframes:
+      return counted(block.badge(which), "1 keyframe", "%1 keyframes");
+    case TimelineBadge::Colours:
+      return translated("colors set", {});
+    case TimelineBadge::Overlay:
+      return translated("a clip laid over it", {});
+  }
+  return {};
+}
+
 std::string spokenName(const TimelineBlock& block, bool isMusic) {
   const auto seconds = [](double length) { return FormatMask(length, "0.0"); };
   const auto number = std::to_string(block.clip);
@@ -148,8 +176,9 @@ std::string spokenName(const TimelineBlock& block, bool isMusic) {
   if (block.isMissing) add(translated("its file is missing"));
   if (!block.transition.empty())
     add(translated("%1 over %2 seconds", {block.transition, seconds(block.overlap)}));
-  if (block.effects > 0) add(counted(block.effects, "1 effect", "%1 effects"));
-  if (block.keyframes > 0) add(counted(block.keyframes, "1 keyframe", "%1 keyframes"));
+  for (std::size_t i = 0; i < kTimelineBadges; ++i) {
+    if (block.badges[i] > 0) add(badgeName(block, static_cast<TimelineBadge>(i)));
+  }
   if (isMusic && block.fadeIn > 0) add(translated("fades in over %1 seconds", {seconds(block.fadeIn)}));
   if (isMusic && block.fadeOut > 0) add(translated("fades out over %1 seconds", {seconds(block.fadeOut)}));
   return text;

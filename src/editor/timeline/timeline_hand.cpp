@@ -16,6 +16,8 @@ constexpr double kWheelStep = 60;    // pixels a notch
 constexpr double kWheelZoom = 1.25;  // a notch
 constexpr int kTransitionTab = 3;
 constexpr int kEffectTab = 4;
+constexpr int kColourTab = 6;
+constexpr int kOverlayTab = 7;
 
 template <class... Cases>
 struct Overloaded : Cases... {
@@ -26,6 +28,9 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 bool isMark(TimelinePart part) { return part == TimelinePart::MarkIn || part == TimelinePart::MarkOut; }
 
+// Places are gone to also while a preview plays.
+bool isPlace(TimelinePart part) { return part == TimelinePart::Ruler || part == TimelinePart::Playhead; }
+
 // The tab that a part opens; none for one that is the clip itself.
 std::optional<int> opensTab(TimelinePart part) {
   switch (part) {
@@ -35,6 +40,10 @@ std::optional<int> opensTab(TimelinePart part) {
     case TimelinePart::Effects:
     case TimelinePart::Keyframes:
       return kEffectTab;
+    case TimelinePart::Colours:
+      return kColourTab;
+    case TimelinePart::Overlay:
+      return kOverlayTab;
     default:
       return std::nullopt;
   }
@@ -118,8 +127,8 @@ void TimelineHand::select(int clip) {
 
 void TimelineHand::press(const TimelinePoint& at, const TimelineHeld& held) {
   state_.saying.reset();
-  if (state_.onlyShows) return sayOnlyShows(at);
   const auto hit = hitAt(state_.blocks, state_.sight, state_.marks, at);
+  if (state_.onlyShows && !(isPlace(hit.part) && !held.shift)) return sayOnlyShows(at);
   if (hit.part == TimelinePart::Nothing) return;
   isWhole_ = false;
   pressed_ = TimelineDrag{hit, at, at, held};
@@ -139,6 +148,7 @@ void TimelineHand::move(const TimelinePoint& at, const TimelineHeld& held) {
   }
   pressed_->to = at;
   pressed_->held = held;
+  if (state_.onlyShows) pressed_->held.shift = false;
   const auto& from = pressed_->from;
   if (!state_.drag && std::hypot(at.x - from.x, at.y - from.y) < kDragFrom) return;
   state_.drag = pressed_;

@@ -48,8 +48,9 @@ TimelineBox grown(const TimelineBox& badge) {
 
 TimelinePart clipPart(const SeenBlock& seen, const TimelineSight& sight, const TimelinePoint& at) {
   const bool hasWedge = seen.wedge.width > 0;
-  if (grown(seen.effects).holds(at)) return TimelinePart::Effects;
-  if (grown(seen.keyframes).holds(at)) return TimelinePart::Keyframes;
+  for (std::size_t i = 0; i < kTimelineBadges; ++i) {
+    if (grown(seen.badges[i]).holds(at)) return partOf(static_cast<TimelineBadge>(i));
+  }
   if (const auto fade = fadeAt(seen, sight, at)) return *fade;
   if (hasWedge && at.y < seen.wedge.bottom() && near(at.x, seen.wedge.right(), kPlainReach))
     return TimelinePart::WedgeEnd;

@@ -15,8 +15,10 @@ enum class TimelinePart {
   MarkOut,
   Wedge,
   WedgeEnd,  ///< where the transition ends
-  Effects,   ///< badges
+  Effects,   ///< badges, in the order of TimelineBadge
   Keyframes,
+  Colours,
+  Overlay,
   FadeIn,  ///< handles
   FadeOut,
   Ruler,
@@ -24,6 +26,18 @@ enum class TimelinePart {
   RangeFrom,
   RangeTo,
 };
+
+/// The part that a badge is.
+constexpr TimelinePart partOf(TimelineBadge badge) {
+  return static_cast<TimelinePart>(static_cast<int>(TimelinePart::Effects) + static_cast<int>(badge));
+}
+
+/// The badge that a part is, if it is one.
+constexpr std::optional<TimelineBadge> badgeOf(TimelinePart part) {
+  const int place = static_cast<int>(part) - static_cast<int>(TimelinePart::Effects);
+  if (place < 0 || place >= static_cast<int>(kTimelineBadges)) return std::nullopt;
+  return static_cast<TimelineBadge>(place);
+}
 
 struct TimelineHit {
   TimelinePart part = TimelinePart::Nothing;

@@ -169,7 +169,7 @@ void TimelineHand::split() {
   const bool isThere = block->start <= seconds && seconds < block->stop;
   const auto* parted = isThere ? block : state_.blocks.seenAt(seconds);
   if (parted == nullptr) return say(*block, refusal("No clip stands at the playhead"));
-  refuse(*parted, seconds, acts_.split(parted->clip, parted->sourceAt(seconds)));
+  refuse(*parted, seconds, acts_.split(parted->clip));
 }
 
 }  // namespace kvo

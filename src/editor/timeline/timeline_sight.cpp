@@ -18,7 +18,7 @@ constexpr double kBadgeTop = 3;
 constexpr double kBadgeWidth = 20;
 constexpr double kBadgeHeight = 13;
 constexpr double kRoomForBadge = 44;  // pixels of a block
-constexpr double kMusicLine = 12;     // from a lane's top to its full level
+constexpr double kMusicLine = 15;     // from a lane's top to its full level, below its name
 constexpr double kSoundLine = 4;      // the same of a clip's sound
 constexpr double kHandleInside = 12;  // a handle stands so far from the block's end at least
 
@@ -45,17 +45,15 @@ double leastScale(const TimelineSight& sight, double end) {
   return std::min(kLeastScale, wholeScale(sight, end));
 }
 
-// The keyframes' badge stands left of that of the effects.
+// They stand beside each other, the first at the right.
 void addBadges(SeenBlock& seen) {
   if (seen.openTo - seen.wedge.right() < kRoomForBadge) return;
   double right = seen.openTo - 4;
-  const auto badge = [&](TimelineBox& box) {
-    box = {right - kBadgeWidth, seen.box.y + kBadgeTop, kBadgeWidth, kBadgeHeight};
+  for (std::size_t i = 0; i < kTimelineBadges; ++i) {
+    if (seen.block->badges[i] == 0 || right - kBadgeWidth <= seen.wedge.right()) continue;
+    seen.badges[i] = {right - kBadgeWidth, seen.box.y + kBadgeTop, kBadgeWidth, kBadgeHeight};
     right -= kBadgeWidth + 4;
-  };
-  if (seen.block->effects > 0) badge(seen.effects);
-  const bool hasRoom = right - kBadgeWidth > seen.wedge.right();
-  if (seen.block->keyframes > 0 && hasRoom) badge(seen.keyframes);
+  }
 }
 
 }  // namespace

@@ -85,11 +85,10 @@ std::vector<TimelineTick> rulerTicks(const TimelineSight& sight);
 struct SeenBlock {
   const TimelineBlock* block = nullptr;  ///< not owned
   TimelineBox box;
-  TimelineBox wedge;      ///< of the transition into it, no wider than a hair where there is none
-  double openTo = 0;      ///< pixels: where the front of the next clip lies over it, or else its end
-  TimelineBox effects;    ///< badge; empty without any
-  TimelineBox keyframes;  ///< the same
-  double fullLevel = 0;   ///< pixels: where its sound is drawn at full level; 0 where it is not drawn
+  TimelineBox wedge;  ///< of the transition into it, no wider than a hair where there is none
+  double openTo = 0;  ///< pixels: where the front of the next clip lies over it, or else its end
+  std::array<TimelineBox, kTimelineBadges> badges{};  ///< empty where there is none, or no room
+  double fullLevel = 0;  ///< pixels: where its sound is drawn at full level; 0 where it is not drawn
 };
 
 /// What is in sight, in order; of clips that are narrower than a pixel one stands for its neighbours.

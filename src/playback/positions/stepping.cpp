@@ -82,6 +82,20 @@ void Stepping::one(int direction, bool quiet) {
   ends(which, quiet);
 }
 
+void Stepping::goBy(int pictures) {
+  const auto which = pictures > 0 ? Step::Adv1 : Step::Rew1;
+  if (pictures == 0 || !begins(which, true)) return;
+  auto& player = core_.player;
+  const bool counts = core_.hasPicture();
+  const InMode unit(player, counts ? DisplayMode::Frames : DisplayMode::Seconds);
+  const double step = counts ? 1 : kSoundStep;
+  const double at =
+      counts ? RoundToWhole(player.PlayerGetCurrentPosition()) : player.PlayerGetCurrentPosition();
+  const double last = std::max(player.PlayerGetSelectionEnd() - step, at);
+  player.PlayerSetCurrentPosition(std::clamp(at + pictures * step, 0.0, last));
+  ends(which, true);
+}
+
 Long Stepping::framesOf(int direction, bool quiet) const {
   const auto& clip = *core_.clip();
   const Long section = clip.LoopEndFrames() - clip.LoopStartFrames();

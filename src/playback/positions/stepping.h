@@ -19,6 +19,9 @@ class Stepping {
   void Adv5(bool quiet);
   void Rew5(bool quiet);
   void step(Step which, bool quiet);
+  /// By so many pictures at once, back below 0, from the place that the player is on its way to; sound goes
+  /// by tenths of a second. No further than the section goes on.
+  void goBy(int pictures);
 
   // A key of the window. With a still the two large ones show the next clip and the one before.
 

@@ -1,5 +1,7 @@
 #include "render/queue/queue_runner.h"
 
+#include <algorithm>
+
 namespace kvo {
 namespace {
 
@@ -119,14 +121,19 @@ void QueueRunner::write(int number, const std::function<void(QueueJob&)>& change
 Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
                      const std::function<void(const std::string& folder)>& removeFolder) {
   QueueJob gone;
+  bool isShared = false;  // by another job of the same output
   auto done = store.change([&](RenderQueue& queue) {
     if (const auto* job = jobOf(queue, number)) gone = *job;
-    return removeJob(queue, number);
+    auto removed = removeJob(queue, number);
+    isShared = std::ranges::find(queue.jobs, gone.order.output,
+                                 [](const QueueJob& job) { return job.order.output; }) != queue.jobs.end();
+    return removed;
   });
   if (!done) return done;
   store.forget(number);
   // Where a runner is at work on it, the runner sweeps.
   const auto nobodyRuns = locks.tryLock(store.runnerLock());
+  if (isShared) return done;
   if (gone.state != JobState::Running || (nobodyRuns && *nobodyRuns)) removeFolder(gone.order.workFolder);
   return done;
 }

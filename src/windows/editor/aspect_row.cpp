@@ -10,8 +10,9 @@ namespace {
 
 constexpr QSize kAspectPicture(36, 27);
 constexpr int kAspectPictureLeft = 10;
-constexpr int kAspectMarkLeft = 58;
-constexpr int kAspectTextLeft = 84;
+constexpr int kAspectRoom = 13;  // above and below the picture
+constexpr int kAspectMarkGap = 12;
+constexpr int kAspectTextGap = 10;
 constexpr int kAspectMark = 16;
 
 // A hill under the sun, wider than the frame, so that the four ways differ.
@@ -75,8 +76,9 @@ void AspectRow::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(toColour(lit ? token("tealBg") : token("ink0")));
   painter.drawRoundedRect(onPixels(rect()), themed(6), themed(6));
 
-  const QRect picture(QPoint(themed(kAspectPictureLeft), (height() - themed(kAspectPicture.height())) / 2),
-                      QSize(themed(kAspectPicture.width()), themed(kAspectPicture.height())));
+  const int high = height() - themed(kAspectRoom);
+  const QRect picture(themed(kAspectPictureLeft), (height() - high) / 2,
+                      high * kAspectPicture.width() / kAspectPicture.height(), high);
   painter.setOpacity(isEnabled() ? 1 : 0.4);
   painter.drawImage(picture, fitted(picture.size() * devicePixelRatio()));
   painter.setOpacity(1);
@@ -84,10 +86,10 @@ void AspectRow::paintEvent(QPaintEvent* /*event*/) {
   QStyleOptionButton option;
   initStyleOption(&option);
   const int mark = themed(kAspectMark);
-  option.rect = {themed(kAspectMarkLeft), (height() - mark) / 2, mark, mark};
+  option.rect = {picture.right() + 1 + themed(kAspectMarkGap), (height() - mark) / 2, mark, mark};
   style()->drawPrimitive(QStyle::PE_IndicatorRadioButton, &option, &painter, this);
   painter.setPen(toColour(isEnabled() ? token("text1") : token("textOff")));
-  const QRect text = rect().adjusted(themed(kAspectTextLeft), 0, -themed(8), 0);
+  const QRect text = rect().adjusted(option.rect.right() + 1 + themed(kAspectTextGap), 0, -themed(8), 0);
   painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
                    fontMetrics().elidedText(this->text(), Qt::ElideRight, text.width()));
 }

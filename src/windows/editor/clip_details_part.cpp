@@ -13,6 +13,8 @@ constexpr int kDetailValueLeft = 92;
 constexpr int kDetailTop = 51;
 constexpr int kDetailHeight = 17;
 constexpr double kDetailPitch = 18.6;
+constexpr double kLeastDetails = 0.87;  // times its own height
+constexpr double kMostDetails = 1.6;
 constexpr QLatin1StringView kNone("N/A");
 
 struct DetailRow {
@@ -37,19 +39,24 @@ constexpr std::array<DetailRow, 8> kDetailRows{
 ClipDetailsPart::ClipDetailsPart(const ClipStats& state, QWidget* parent)
     : EditorPage(parent, kPlace),
       state_(state),
-      title_(write({}, "heading", {kDetailLeft, 10, 232, 18})),
-      name_(write({}, "lit", {kDetailLeft, 29, 232, 17})) {
+      title_(write({}, "heading", {kDetailLeft, 10, 232, 18}, {.wider = 100})),
+      name_(write({}, "lit", {kDetailLeft, 29, 232, 17}, {.wider = 100})) {
+  mayBe(kLeastDetails, kMostDetails);
   setAccessibleName(tr("Clip details"));
   for (std::size_t i = 0; i < kRows; ++i) {
     const int top = kDetailTop + static_cast<int>(kDetailPitch * static_cast<double>(i));
-    captions_[i] = write({}, "hint", {kDetailLeft, top, kDetailValueLeft - kDetailLeft - 2, kDetailHeight});
+    const int down = 100 * static_cast<int>(i + 1) / static_cast<int>(kRows);
+    captions_[i] = write({}, "hint", {kDetailLeft, top, kDetailValueLeft - kDetailLeft - 2, kDetailHeight},
+                         {.down = down});
     values_[i] =
-        write({}, "detail", {kDetailValueLeft, top, kPlace.width() - kDetailValueLeft - 8, kDetailHeight});
+        write({}, "detail", {kDetailValueLeft, top, kPlace.width() - kDetailValueLeft - 8, kDetailHeight},
+              {.down = down, .wider = 100});
   }
 }
 
 void ClipDetailsPart::draw() {
-  setTextOf(*title_, shown(state_.lbl_ClipStats));
+  const bool isNone = state_.lbl_ClipStats.empty();
+  setTextOf(*title_, isNone ? tr("No clip chosen") : shown(state_.lbl_ClipStats));
   const QFontMetrics metrics(name_->font());
   setTextOf(*name_, metrics.elidedText(shown(state_.clipName), Qt::ElideMiddle, name_->width()));
   setTipOf(*name_, shown(state_.clipName));
@@ -61,6 +68,7 @@ void ClipDetailsPart::draw() {
     const auto text = shown(state_.*row.text);
     setTextOf(*values_[i], text);
     values_[i]->setEnabled(text != kNone);
+    captions_[i]->setVisible(!isNone);
     values_[i]->setAccessibleDescription(text);
   }
 }

@@ -21,6 +21,10 @@ constexpr int kLevelPitch = 50;
 constexpr int kLevelWide = 238;
 constexpr int kThresholdStep = 10;
 constexpr QSize kSmallPicture(71, 53);
+constexpr int kListShare = 75;
+constexpr int kPictureShare = 15;
+constexpr int kLevelShare = 12;
+constexpr Share kBelowList{.down = kListShare, .wider = 30};
 
 }  // namespace
 
@@ -29,9 +33,11 @@ ColorPage::ColorPage(ColorTab& state, PageLogic logic, Pictures pictures, QWidge
       state_(state),
       logic_(std::move(logic)),
       pictures_(std::move(pictures)),
-      clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 190})),
-      sepia_(put(made<QCheckBox>(tr("Sepia"), this), {16 - kMarkRoom, 242, 150, 24})),
-      reset_(put(made<QPushButton>(themeIcon("repeat"), tr("Reset"), this), {16, 404, 150, 28})) {
+      clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 190},
+                 {.wider = 30, .taller = kListShare})),
+      sepia_(put(made<QCheckBox>(tr("Sepia"), this), {16 - kMarkRoom, 242, 150, 24}, kBelowList)),
+      reset_(put(made<QPushButton>(themeIcon("repeat"), tr("Reset"), this), {16, 404, 150, 28},
+                 {.down = 100, .wider = 30})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
   clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
@@ -41,15 +47,18 @@ ColorPage::ColorPage(ColorTab& state, PageLogic logic, Pictures pictures, QWidge
   sepia_->setToolTip(tr("Tint the clip like an old photograph"));
   connect(sepia_, &QCheckBox::clicked,
           [this](bool on) { act([&] { tickSepia(logic_.editing, state_, logic_.host, on); }); });
-  write(tr("All values at 0 leave\nthe clip as it is."), "hint", {16, 270, 150, 32});
+  write(tr("All values at 0 leave\nthe clip as it is."), "hint", {16, 270, 150, 32}, kBelowList);
   reset_->setToolTip(tr("Set all values to 0"));
   connect(reset_, &QPushButton::clicked,
           [this] { act([&] { resetColours(logic_.editing, state_, logic_.host); }); });
   const std::array headings = {tr("Before"), tr("After")};
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     const int left = 16 + 79 * static_cast<int>(i);
-    shown_[i] = {write(headings[i], "hint", {left, 314, kSmallPicture.width(), 16}),
-                 put(made<QLabel>(this), {{left, 332}, kSmallPicture})};
+    const int right = 15 * static_cast<int>(i);
+    shown_[i] = {write(headings[i], "hint", {left, 314, kSmallPicture.width(), 16},
+                       {.right = right, .down = kListShare}),
+                 put(made<QLabel>(this), {{left, 332}, kSmallPicture},
+                     {.right = right, .down = kListShare, .wider = 15, .taller = kPictureShare})};
     shown_[i].picture->setAccessibleName(headings[i]);
   }
 }
@@ -60,7 +69,8 @@ void ColorPage::makeLevels() {
     const auto level = static_cast<ColourLevel>(i);
     levels_[i] = put(
         made<HeadedSlider>(told(std::string(colourLevelName(level))), this),
-        QRect(kLevelLeft, kLevelTop + kLevelPitch * static_cast<int>(i), kLevelWide, HeadedSlider::kHeight));
+        QRect(kLevelLeft, kLevelTop + kLevelPitch * static_cast<int>(i), kLevelWide, HeadedSlider::kHeight),
+        {.right = 30, .down = kLevelShare * static_cast<int>(i), .wider = 70});
     levels_[i]->moved = [this, level](int value) {
       act([&] { moveColourLevel(logic_.editing, state_, logic_.host, level, value); });
     };

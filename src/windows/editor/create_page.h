@@ -48,8 +48,9 @@ class CreatePage final : public EditorPage {
   void makeRange();
   void makePower();
   void makeKeys();
-  QLineEdit* makeField(const QString& name, const QRect& place);
-  QPushButton* makeKey(const char* icon, const QString& text, const QString& tip, const QRect& place);
+  QLineEdit* makeField(const QString& name, const QRect& place, const Share& share);
+  QPushButton* makeKey(const char* icon, const QString& text, const QString& tip, const QRect& place,
+                       const Share& share);
   void act(const std::function<void()>& work);
   void drawOutput();
   void drawLines();

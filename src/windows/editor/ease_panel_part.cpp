@@ -17,6 +17,8 @@ constexpr int kEaseWide = 218;
 constexpr int kEaseFirst = 36;
 constexpr int kEasePitch = 44;
 constexpr int kEaseHalf = 104;
+constexpr Share kFirstHalf{.wider = 50};
+constexpr Share kSecondShare{.right = 50, .wider = 50};
 
 }  // namespace
 
@@ -27,8 +29,8 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
                             tr("Ending magnification")};
   for (std::size_t i = 0; i < kEaseLevels; ++i) {
     const int top = kEaseFirst + kEasePitch * static_cast<int>(i);
-    sliders_[i] =
-        put(made<HeadedSlider>(names[i], this), QRect(kEaseLeft, top, kEaseWide, HeadedSlider::kHeight));
+    sliders_[i] = put(made<HeadedSlider>(names[i], this),
+                      QRect(kEaseLeft, top, kEaseWide, HeadedSlider::kHeight), {.wider = 100});
     sliders_[i]->moved = [this, i](int value) {
       act([&] { moveEase(logic_.editing, state_, logic_.host, static_cast<EaseLevel>(i), value); });
     };
@@ -36,14 +38,14 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
   constexpr int kChoices = kEaseFirst + kEasePitch * static_cast<int>(kEaseLevels) + 2;
   constexpr int kSecond = kEaseLeft + kEaseWide - kEaseHalf;
   write(tr("Move"), "hint", {kEaseLeft, kChoices, kEaseHalf, 16});
-  direction_ =
-      makeDirections(tr("Move direction"), moveDirections(), {kEaseLeft, kChoices + 18, kEaseHalf, 28});
+  direction_ = makeDirections(tr("Move direction"), moveDirections(),
+                              {kEaseLeft, kChoices + 18, kEaseHalf, 28}, kFirstHalf);
   connect(direction_, &QComboBox::activated, [this](int index) {
     act([&] { chooseMoveDirection(logic_.editing, state_, logic_.host, index); });
   });
-  write(tr("Rotation"), "hint", {kSecond, kChoices, kEaseHalf, 16});
-  rotation_ =
-      makeDirections(tr("Rotation direction"), rotationDirections(), {kSecond, kChoices + 18, kEaseHalf, 28});
+  write(tr("Rotation"), "hint", {kSecond, kChoices, kEaseHalf, 16}, kSecondShare);
+  rotation_ = makeDirections(tr("Rotation direction"), rotationDirections(),
+                             {kSecond, kChoices + 18, kEaseHalf, 28}, kSecondShare);
   connect(rotation_, &QComboBox::activated,
           [this](int index) { act([&] { chooseRotation(logic_.editing, state_, logic_.host, index); }); });
   camera_ =
@@ -53,25 +55,26 @@ EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize siz
           [this](bool on) { act([&] { tickRotateCam(logic_.editing, state_, logic_.host, on); }); });
   const std::array defaults = {tr("Default IN"), tr("Default OUT")};
   for (std::size_t i = 0; i < defaults.size(); ++i) {
-    auto* key = put(made<QPushButton>(defaults[i], this),
-                    {i == 0 ? kEaseLeft : kSecond, kChoices + 88, kEaseHalf, 28});
+    auto* key =
+        put(made<QPushButton>(defaults[i], this),
+            {i == 0 ? kEaseLeft : kSecond, kChoices + 88, kEaseHalf, 28}, i == 0 ? kFirstHalf : kSecondShare);
     key->setToolTip(i == 0 ? tr("Comes closer, from three quarters of its size") : tr("Moves away"));
     connect(key, &QPushButton::clicked, [this, isIn = i == 0] {
       act([&] { pressEaseDefault(logic_.editing, state_, logic_.host, isIn); });
     });
   }
   auto* back = put(made<QPushButton>(themeIcon("back"), tr("Back to the effects"), this),
-                   {kEaseLeft, size.height() - 40, kEaseWide, 28});
+                   {kEaseLeft, size.height() - 40, kEaseWide, 28}, {.down = 100, .wider = 100});
   back->setToolTip(tr("Show the list of effects again"));
   connect(back, &QPushButton::clicked,
           [this] { act([&] { showEaseOpts(logic_.editing, state_, logic_.host, false); }); });
 }
 
 QComboBox* EasePanelPart::makeDirections(const QString& name, std::span<const std::string_view> directions,
-                                         const QRect& place) {
+                                         const QRect& place, const Share& share) {
   const std::array shownAs = {tr("None"), tr("In"), tr("Out"), tr("Left"), tr("Right"), tr("Up"), tr("Down")};
   constexpr std::string_view kOrder[] = {"", "in", "out", "left", "right", "up", "down"};
-  auto* box = put(made<QComboBox>(this), place);
+  auto* box = put(made<QComboBox>(this), place, share);
   box->setAccessibleName(name);
   box->setToolTip(name);
   for (const auto direction : directions) {

@@ -26,7 +26,7 @@ class EasePanelPart final : public EditorPage {
  private:
   void act(const std::function<void()>& work);
   QComboBox* makeDirections(const QString& name, std::span<const std::string_view> directions,
-                            const QRect& place);
+                            const QRect& place, const Share& share);
 
   EffectTab& state_;
   const PageLogic& logic_;

@@ -11,11 +11,18 @@
 #include <QStyle>
 
 namespace kvo {
+namespace {
+
+constexpr double kMostHeight = 10;  // times its own: as high as there is room
+
+}  // namespace
 
 EditorPage::EditorPage(QWidget* parent, QSize size, const char* role) : QFrame(parent), size_(size) {
   setProperty("role", role);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   again_.setSingleShot(true);
   connect(&again_, &QTimer::timeout, this, [this] { layOut(); });
+  resize(themed(size_.width()), themed(size_.height()));
   layOut();
 }
 
@@ -25,26 +32,54 @@ QScrollArea* EditorPage::scrolled(EditorPage* page, const QString& name, QWidget
   area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setFocusPolicy(Qt::NoFocus);  // what has the keyboard comes into view by itself
+  page->mayBe(static_cast<double>(kLeastHeight) / page->size_.height(), kMostHeight);
   area->setWidget(page);
+  area->setWidgetResizable(true);
   return area;
 }
 
-QLabel* EditorPage::write(const QString& text, const char* role, const QRect& place) {
-  auto* label = put(made<QLabel>(text, this), place);
+QLabel* EditorPage::write(const QString& text, const char* role, const QRect& place, const Share& share) {
+  auto* label = put(made<QLabel>(text, this), place, share);
   label->setProperty("role", role);
   label->setTextFormat(Qt::PlainText);
   return label;
 }
 
-void EditorPage::remember(QWidget* part, const QRect& place) {
-  places_.emplace_back(part, place);
-  part->setGeometry(themed(place.x()), themed(place.y()), themed(place.width()), themed(place.height()));
+void EditorPage::mayBe(double least, double most) {
+  least_ = least;
+  most_ = most;
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  layOut();
+}
+
+QSize EditorPage::sizeHint() const { return {themed(size_.width()), themed(size_.height())}; }
+
+void EditorPage::remember(QWidget* part, const QRect& place, const Share& share) {
+  std::erase_if(places_, [&](const auto& kept) { return kept.part == part; });
+  places_.push_back({part, place, share});
+  lay(places_.back());
 }
 
 void EditorPage::layOut() {
-  setFixedSize(themed(size_.width()), themed(size_.height()));
-  for (const auto& [part, place] : places_)
-    part->setGeometry(themed(place.x()), themed(place.y()), themed(place.width()), themed(place.height()));
+  setMinimumSize(themed(size_.width()), qRound(least_ * themed(size_.height())));
+  if (isWindow()) setMaximumSize(minimumSize());
+  if (most_ > 1) setMaximumHeight(qRound(most_ * themed(size_.height())));
+  for (const auto& placed : places_) lay(placed);
+}
+
+void EditorPage::lay(const Placed& placed) const {
+  const auto& [part, place, share] = placed;
+  const auto more = size() - sizeHint();
+  const auto part100 = [](int whole, int hundredths) { return whole * hundredths / 100; };
+  part->setGeometry(themed(place.x()) + part100(more.width(), share.right),
+                    themed(place.y()) + part100(more.height(), share.down),
+                    themed(place.width()) + part100(more.width(), share.wider),
+                    themed(place.height()) + part100(more.height(), share.taller));
+}
+
+void EditorPage::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  for (const auto& placed : places_) lay(placed);
 }
 
 void EditorPage::changeEvent(QEvent* event) {

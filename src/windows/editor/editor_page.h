@@ -7,7 +7,6 @@
 #include <QRect>
 #include <QTimer>
 #include <functional>
-#include <utility>
 #include <vector>
 
 class QAbstractButton;
@@ -25,36 +24,59 @@ struct PageLogic {
   std::function<void()> acted;  ///< behind each act
 };
 
+/// What a part gets of the room that its page has beyond its own size, or too little, in hundredths.
+struct Share {
+  int right = 0;  ///< that it moves
+  int down = 0;
+  int wider = 0;
+  int taller = 0;
+};
+
 class EditorPage : public QFrame {
  public:
   static constexpr QSize kSize{440, 448};  ///< pixels at size 1
+  static constexpr int kLeastHeight = 398;
   /// Pixels at size 1 from the left of a box or an option to its mark, where the ring of the focus has room.
   static constexpr int kMarkRoom = 4;
 
   /// `role` is that of the frame in the sheet.
   explicit EditorPage(QWidget* parent, QSize size = kSize, const char* role = "card");
 
-  /// A page where it has less room than it needs: it scrolls up and down. Owned by `parent`.
+  /// A page that takes the room that there is, and scrolls up and down where it is less than it needs. Owned
+  /// by `parent`.
   static QScrollArea* scrolled(EditorPage* page, const QString& name, QWidget* parent);
 
  protected:
-  /// Places a part of the page; it moves with the size of the interface.
+  /// Places a part of the page, or puts it elsewhere; it moves with the sizes of interface and page.
   template <class Part>
-  Part* put(Part* part, const QRect& place) {
-    remember(part, place);
+  Part* put(Part* part, const QRect& place, const Share& share = {}) {
+    remember(part, place, share);
     return part;
   }
   /// A heading or another text that stands still; `role` as the sheet has it.
-  QLabel* write(const QString& text, const char* role, const QRect& place);
+  QLabel* write(const QString& text, const char* role, const QRect& place, const Share& share = {});
+
+  /// Its height may be so many times its own, by the room of its column.
+  void mayBe(double least, double most);
 
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  [[nodiscard]] QSize sizeHint() const override;
 
  private:
-  void remember(QWidget* part, const QRect& place);
+  struct Placed {
+    QWidget* part;
+    QRect place;
+    Share share;
+  };
+  void remember(QWidget* part, const QRect& place, const Share& share);
   void layOut();
+  void lay(const Placed& placed) const;
 
   QSize size_;
-  std::vector<std::pair<QWidget*, QRect>> places_;
+  double least_ = 1;  // times its own height
+  double most_ = 1;
+  std::vector<Placed> places_;
   QTimer again_;  // lays it out once more
 };
 

@@ -20,7 +20,9 @@ namespace kvo {
 namespace {
 
 constexpr QRect kEffectsPlace(182, 42, 242, 370);
-constexpr QRect kEasePlace(182, 34, 242, 398);
+constexpr QRect kEasePlace(182, 14, 242, 418);
+constexpr Share kEffectsShare{.right = 30, .wider = 70, .taller = 100};
+constexpr int kHalfSlider = 90;  // two of them stand side by side
 constexpr int kBlurSwitch = static_cast<int>(EffectSwitch::Blur);
 constexpr int kMotionSwitch = static_cast<int>(EffectSwitch::MotionBlur);
 constexpr int kAgeSwitch = static_cast<int>(EffectSwitch::FilmAge);
@@ -35,7 +37,8 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, Choice choice, std::fu
       logic_(std::move(logic)),
       choice_(choice),
       showKeyframes_(std::move(showKeyframes)),
-      clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146})) {
+      clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146},
+                 {.wider = 30, .taller = 100})) {
   write(tr("Clips"), "caption", {16, 15, 150, 16});
   clips_->setToolTip(tr("The clip that is worked on"));
   clips_->chosen = [this](int row) {
@@ -43,7 +46,7 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, Choice choice, std::fu
   };
   makeLevels();
   makeEffects();
-  easePanel_ = put(made<EasePanelPart>(state_, logic_, kEasePlace.size(), this), kEasePlace);
+  easePanel_ = put(made<EasePanelPart>(state_, logic_, kEasePlace.size(), this), kEasePlace, kEffectsShare);
 }
 
 void EffectPage::act(const std::function<void()>& work) {
@@ -73,8 +76,9 @@ QCheckBox* EffectPage::makeSwitch(QCheckBox* box, int position) {
   return box;
 }
 
-QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, const QRect& place) {
-  auto* key = put(made<QToolButton>(this), place);
+QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, const QRect& place,
+                                      const Share& share) {
+  auto* key = put(made<QToolButton>(this), place, share);
   key->setProperty("kind", "quiet");
   key->setIcon(themeIcon(icon));
   key->setToolTip(tip);
@@ -83,7 +87,7 @@ QToolButton* EffectPage::makeSmallKey(const char* icon, const QString& tip, cons
 }
 
 void EffectPage::makeEffects() {
-  write(tr("Effects"), "caption", {182, 15, 60, 16});
+  effectsCaption_ = write(tr("Effects"), "caption", {182, 15, 60, 16}, {.right = 30});
   makeChoice();
   effects_ =
       put(made<EffectRows>(
@@ -92,21 +96,23 @@ void EffectPage::makeEffects() {
                   [this](const std::string& name) { act([&] { choice_.names.toggleFavourite(name); }); },
                   [this](int position) { openOptions(*effects_->box(position), position); }},
               this),
-          kEffectsPlace);
+          kEffectsPlace, kEffectsShare);
   for (int i = 1; i <= EffectRows::kRows; ++i) makeSwitch(effects_->box(i), i);
-  noneFound_ = write(tr("No effect of that name"), "hint", {182, 82, 242, 16});
+  noneFound_ = write(tr("No effect of that name"), "hint", {182, 82, 242, 16}, {.right = 30, .wider = 70});
   noneFound_->setAlignment(Qt::AlignCenter);
-  auto* hint = write(tr("Right click for keyframes"), "hint", {182, 416, 242, 16});
-  hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  hint_ = write(tr("Right click for keyframes"), "hint", {182, 416, 242, 16},
+                {.right = 30, .down = 100, .wider = 70});
+  hint_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void EffectPage::makeChoice() {
-  find_ = put(made<QLineEdit>(this), {250, 10, 146, 28});
+  find_ = put(made<QLineEdit>(this), {250, 10, 146, 28}, {.right = 30, .wider = 70});
   find_->setPlaceholderText(tr("Find"));
   find_->setAccessibleName(tr("Find an effect by its name"));
   find_->setToolTip(find_->accessibleName());
   find_->setStyleSheet("padding: 0 2px;");
-  favourites_ = makeSmallKey("star", tr("Favourites and those used last alone"), {400, 12, 24, 24});
+  favourites_ =
+      makeSmallKey("star", tr("Favourites and those used last alone"), {400, 12, 24, 24}, {.right = 100});
   favourites_->setCheckable(true);
   connect(find_, &QLineEdit::textEdited,
           [this](const QString& text) { act([&] { choice_.names.find(text.toStdString()); }); });
@@ -126,12 +132,12 @@ void EffectPage::makeLevels() {
                                               {QT_TR_NOOP("Ease \\ Motion"), "gear", 400, kEaseSwitch}}};
   for (std::size_t i = 0; i < kSections.size(); ++i) {
     const auto& [heading, icon, top, position] = kSections[i];
-    write(tr(heading), "caption", {16, top, 120, 16});
-    makeSwitch(put(made<QCheckBox>(this), {16 - kMarkRoom, top + 16, 120, 24}), position)
+    write(tr(heading), "caption", {16, top, 120, 16}, {.down = 100});
+    makeSwitch(put(made<QCheckBox>(this), {16 - kMarkRoom, top + 16, 120, 24}, {.down = 100}), position)
         ->setAccessibleName(tr(heading));
     if (icon == nullptr) continue;
     auto* key = makeSmallKey(icon, position == kEaseSwitch ? tr("Ease options") : tr("Keyframes"),
-                             {142, top - 4, 24, 24});
+                             {142, top - 4, 24, 24}, {.right = 30, .down = 100});
     (position == kEaseSwitch ? easeOptions_ : keyframes_[i]) = key;
     connect(key, &QToolButton::clicked, [this, key, position = position] {
       if (position != kEaseSwitch) return openOptions(*key, position);
@@ -144,13 +150,16 @@ void EffectPage::makeLevels() {
       QRect(16, 234, 150, HeadedSlider::kBareHeight), QRect(16, 302, 70, HeadedSlider::kBareHeight),
       QRect(96, 302, 70, HeadedSlider::kBareHeight), QRect(16, 372, 150, HeadedSlider::kBareHeight)};
   for (std::size_t i = 0; i < kEffectLevels; ++i) {
-    levels_[i] = put(made<HeadedSlider>(names[i], this), places[i]);
+    const int wider = places[i].width() < kHalfSlider ? 15 : 30;
+    const int right = places[i].x() > kHalfSlider ? 15 : 0;
+    levels_[i] =
+        put(made<HeadedSlider>(names[i], this), places[i], {.right = right, .down = 100, .wider = wider});
     levels_[i]->moved = [this, i](int value) {
       act([&] { moveEffectLevel(logic_.editing, state_, logic_.host, static_cast<EffectLevel>(i), value); });
     };
   }
-  easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 44, 24});
-  easeOut_ = put(made<QRadioButton>(tr("Out"), this), {126, 416, 54, 24});
+  easeIn_ = put(made<QRadioButton>(tr("In"), this), {82, 416, 44, 24}, {.down = 100});
+  easeOut_ = put(made<QRadioButton>(tr("Out"), this), {126, 416, 54, 24}, {.down = 100});
   auto* group = made<QButtonGroup>(this);
   for (auto* option : {easeIn_, easeOut_}) {
     group->addButton(option);
@@ -195,7 +204,8 @@ void EffectPage::drawEffects() {
   favourites_->setIcon(QIcon(iconPicture("star", names.onlyFavourites ? token("amber") : token("text3"),
                                          themed(16), devicePixelRatio())));
   effects_->draw();
-  effects_->setVisible(!state_.ease.open);
+  for (auto* part : std::initializer_list<QWidget*>{effectsCaption_, find_, favourites_, effects_, hint_})
+    part->setVisible(!state_.ease.open);
   noneFound_->setVisible(!state_.ease.open && names.shown.empty());
 }
 

@@ -43,7 +43,7 @@ class EffectPage final : public EditorPage {
   void drawEffects();
   void makeLevels();
   QCheckBox* makeSwitch(QCheckBox* box, int position);
-  QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place);
+  QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place, const Share& share);
   void act(const std::function<void()>& work);
   void openOptions(QWidget& where, int position);
 
@@ -55,6 +55,8 @@ class EffectPage final : public EditorPage {
   EffectRows* effects_ = nullptr;
   QLineEdit* find_ = nullptr;
   QToolButton* favourites_ = nullptr;
+  QLabel* effectsCaption_ = nullptr;
+  QLabel* hint_ = nullptr;
   QLabel* noneFound_ = nullptr;
   std::array<QCheckBox*, EffectWord::kSwitches + 1> switches_{};
   std::array<bool, EffectWord::kSwitches + 1> drawnKeyframed_{};

@@ -12,7 +12,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPainterPath>
 #include <QScrollBar>
 #include <QStyleOptionButton>
 #include <algorithm>
@@ -96,15 +95,8 @@ void EffectRowBox::paintEvent(QPaintEvent* /*event*/) {
 void EffectRowBox::paintPicture(QPainter& painter) const {
   const QRectF place(themed(kRowPicture.left()), themed(kRowPicture.top()), themed(kRowPicture.width()),
                      themed(kRowPicture.height()));
-  const Painting kept(painter);
-  QPainterPath round;
-  round.addRoundedRect(place, themed(3), themed(3));
-  painter.setClipPath(round);
-  painter.fillRect(place, toColour(token("ink3")));
-  painter.setOpacity(isEnabled() ? 1 : 0.4);
-  const auto& pixmap = list_.pixmaps_.of(std::to_string(position_), list_.motion_.step(),
-                                         place.size().toSize(), devicePixelRatioF());
-  if (!pixmap.isNull()) painter.drawPixmap(place.topLeft(), pixmap);
+  list_.pixmaps_.paint(painter, place, std::to_string(position_), list_.motion_.step(underMouse()),
+                       isEnabled());
 }
 
 void EffectRowBox::paintSigns(QPainter& painter) const {
@@ -129,7 +121,7 @@ EffectRows::EffectRows(const EffectTab& state, MovingSamples& samples, Acts acts
       acts_(std::move(acts)),
       sheet_(made<QWidget>(this)),
       samples_(samples),
-      motion_([this] { sheet_->update(); }),
+      motion_(samples, [this] { sheet_->update(); }),
       pixmaps_(samples) {
   setProperty("role", "list");
   setAccessibleName(tr("Effects"));

@@ -34,6 +34,13 @@ constexpr int kCardGap = 10;
 constexpr int kColumnHeight = 448;
 constexpr int kRightWidth = 260;
 constexpr int kLowerHeight = 248;
+// Of each pixel that there is more than in the usual window, so much goes to the columns' width, or to the
+// timeline.
+constexpr double kPageShare = 0.3;
+constexpr int kMostPageMore = 200;
+constexpr double kRightShare = 0.12;
+constexpr int kMostRightMore = 80;
+constexpr double kLowerShare = 0.35;
 constexpr int kLeastLower = 180;
 constexpr int kMostLower = 420;
 constexpr int kLeastUpper = 200;
@@ -73,6 +80,8 @@ FrmRush::FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::st
   splitter_->addWidget(makeUpper());
   splitter_->addWidget(makeLower());
   splitter_->setStretchFactor(0, 1);
+  connect(splitter_, &QSplitter::splitterMoved,
+          [this] { wantedLower_ = qRound(splitter_->sizes().back() / themeSize()); });
   auto* all = made<QVBoxLayout>(this);
   all->setContentsMargins(0, 0, 0, 0);
   all->setSpacing(0);
@@ -90,8 +99,6 @@ FrmRush::~FrmRush() {
 QWidget* FrmRush::makeUpper() {
   upper_ = made<QWidget>(splitter_);
   auto* columns = made<QHBoxLayout>(upper_);
-  columns->setContentsMargins(themed(kRushSide), themed(kRushGap), themed(kRushSide - kRushGap),
-                              themed(kRushGap));
   columns->setSpacing(0);
   pages_ = made<QStackedWidget>(upper_);
   middle_ = made<QWidget>(upper_);
@@ -115,10 +122,10 @@ QWidget* FrmRush::makeRight() {
   auto* column = made<QVBoxLayout>(cards);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(themed(kCardGap));
-  column->addWidget(details_ = made<ClipDetailsPart>(state_.stats, cards));
-  column->addWidget(sliders_ = made<ClipSlidersPart>(state_.sliders, acts_, cards));
-  column->addWidget(wheel_ = made<JogWheelPart>(state_.sliders, acts_, cards));
-  column->addStretch(1);
+  column->addWidget(details_ = made<ClipDetailsPart>(state_.stats, cards), 4);
+  column->addWidget(sliders_ = made<ClipSlidersPart>(state_.sliders, acts_, cards), 2);
+  column->addWidget(wheel_ = made<JogWheelPart>(state_.sliders, acts_, cards), 2);
+  column->addStretch(0);
   right_->setWidget(cards);
   right_->setWidgetResizable(true);
   return right_;
@@ -169,15 +176,47 @@ void FrmRush::layOut() {
   upper_->setMinimumHeight(themed(kLeastUpper));
   lower_->setMinimumHeight(themed(kLeastLower));
   lower_->setMaximumHeight(themed(kMostLower));
+  shareRoom();
+}
+
+// The columns grow with a large window, and the timeline, which keeps the height that the user has given it
+// as long as they have theirs.
+void FrmRush::shareRoom() {
+  const double wide = width() / themeSize() - kRushSize.width();
+  const auto share = [&](double part, int most) {
+    return std::clamp(static_cast<int>(wide * part), 0, most);
+  };
   // The bar of what has to scroll stands in the gap beside it.
-  pages_->setFixedWidth(themed(EditorPage::kSize.width() + kRushGap));
-  right_->setFixedWidth(themed(kRightWidth + kRushGap));
+  const int page = themed(EditorPage::kSize.width() + share(kPageShare, kMostPageMore));
+  const int right = themed(kRightWidth + share(kRightShare, kMostRightMore));
+  pages_->setFixedWidth(page + themed(kRushGap));
+  right_->setFixedWidth(right + themed(kRushGap));
+  for (auto* area : pageOf_) {
+    if (area != nullptr) area->widget()->setFixedWidth(page);
+  }
+  right_->widget()->setFixedWidth(right);
+  const int room = height() - themed(RushTabs::kHeight) - splitter_->handleWidth();
+  const bool isLow = room < themed(kColumnHeight + 2 * kRushGap + kLeastLower);
+  const int edge = themed(isLow ? kRushGap / 2 : kRushGap);
+  upper_->layout()->setContentsMargins(themed(kRushSide), edge, themed(kRushSide - kRushGap), edge);
+  const int tall = std::max(0, static_cast<int>(height() / themeSize()) - kRushSize.height());
+  const int usual = kLowerHeight + static_cast<int>(tall * kLowerShare);
+  const int most = std::max(room - themed(kColumnHeight) - 2 * edge, themed(kLeastLower));
+  const int low = std::clamp(themed(wantedLower_ > 0 ? wantedLower_ : usual), themed(kLeastLower),
+                             std::min(most, themed(kMostLower)));
+  splitter_->setSizes({room - low, low});
+}
+
+void FrmRush::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  shareRoom();
 }
 
 void FrmRush::setPage(int tab, EditorPage* page, std::function<void()> draw) {
   const auto i = static_cast<std::size_t>(tab - 1);
   pageOf_[i] = EditorPage::scrolled(page, tabs_->nameOf(tab), pages_);
   drawPage_[i] = std::move(draw);
+  pageOf_[i]->widget()->setFixedWidth(pages_->width() - themed(kRushGap));
   pages_->addWidget(pageOf_[i]);
   if (isVisible()) orderFocus();
 }
@@ -204,18 +243,13 @@ void FrmRush::setRender(QWidget* card, std::function<bool()> draw) {
   for (std::size_t i = 0; i < behind.size(); ++i) veils_[i] = made<Veil>(*behind[i]);
 }
 
-// The timeline has the height that it was left with, or else what the columns do not need.
 void FrmRush::appear() {
   const QSize whole(themed(kRushSize.width()), themed(kRushSize.height()));
   resize(whole.boundedTo(screen()->availableSize() -
                          QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop)));
   keeping_.place.restoreWithSize(*this);
-  const int room = height() - themed(RushTabs::kHeight) - splitter_->handleWidth();
-  const auto kept = keeping_.store.read(kLowerValue);
-  const int spare = room - themed(kColumnHeight + 2 * kRushGap);
-  const int wanted = kept.empty() ? std::min(spare, themed(kLowerHeight)) : static_cast<int>(ToNumber(kept));
-  const int low = std::clamp(wanted, themed(kLeastLower), themed(kMostLower));
-  splitter_->setSizes({room - low, low});
+  wantedLower_ = static_cast<int>(ToNumber(keeping_.store.read(kLowerValue)));
+  shareRoom();
   orderFocus();
   show();
 }
@@ -234,7 +268,7 @@ void FrmRush::orderFocus() {
 
 void FrmRush::keep() const {
   keeping_.place.keep(*this, pos());
-  keeping_.store.write(kLowerValue, std::to_string(splitter_->sizes().back()));
+  if (wantedLower_ > 0) keeping_.store.write(kLowerValue, std::to_string(wantedLower_));
 }
 
 void FrmRush::draw() {
@@ -303,7 +337,7 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     return true;
   }
   if (!state_.frame.toolsOn) {
-    if (key == Qt::Key_Escape) acts_.stopAnalysing();
+    if (key == Qt::Key_Escape) acts_.stop();
     return key == Qt::Key_Escape;
   }
   const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };

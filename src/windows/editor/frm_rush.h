@@ -59,6 +59,7 @@ class FrmRush final : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   static constexpr int kPages = 7;
@@ -68,6 +69,7 @@ class FrmRush final : public QWidget {
   QWidget* makeLower();
   void makeShortcuts();
   void layOut();
+  void shareRoom();
   void appear();
   void keep() const;
   void orderFocus();
@@ -86,6 +88,7 @@ class FrmRush final : public QWidget {
   QSplitter* splitter_ = nullptr;
   QWidget* upper_ = nullptr;
   QWidget* lower_ = nullptr;
+  int wantedLower_ = 0;  // height of the timeline, pixels at size 1; 0 while the user has not chosen one
   QStackedWidget* pages_ = nullptr;
   QWidget* middle_ = nullptr;
   QWidget* card_ = nullptr;
@@ -98,7 +101,7 @@ class FrmRush final : public QWidget {
   ClipSlidersPart* sliders_ = nullptr;
   JogWheelPart* wheel_ = nullptr;
   ClipKeysPart* keys_ = nullptr;
-  std::array<QWidget*, kPages> pageOf_{};
+  std::array<QScrollArea*, kPages> pageOf_{};
   std::array<std::function<void()>, kPages> drawPage_;
   std::function<void()> drawPreview_ = [] {};
   std::function<void()> drawTimeline_ = [] {};

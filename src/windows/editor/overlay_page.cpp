@@ -23,6 +23,10 @@ constexpr int kOverlayWide = 197;
 constexpr int kOverlayFadeStep = 100;  // milliseconds
 constexpr int kOverlaySlider = 174;
 constexpr int kOverlaySliderPitch = 46;
+constexpr int kListsShare = 65;
+constexpr int kPositionsShare = 25;
+constexpr int kLookShare = 90;
+constexpr int kSliderShare = 8;
 
 struct StyleRow {
   OverlayStyle style;
@@ -39,14 +43,16 @@ OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
     : EditorPage(parent),
       state_(state),
       logic_(std::move(logic)),
-      backdrops_(
-          put(made<PageClipList>(tr("Backdrop"), tr("No clips with a picture"), this), {16, 34, 197, 122})),
+      backdrops_(put(made<PageClipList>(tr("Backdrop"), tr("No clips with a picture"), this),
+                     {16, 34, 197, 122}, {.wider = 50, .taller = kListsShare})),
       overlays_(put(made<PageClipList>(tr("Overlay"), tr("No clips with a picture"), this),
-                    {kOverlayRight, 34, kOverlayWide, 122})),
-      positionName_(write({}, "caption", {16, 164, 204, 16})),
-      positions_(put(made<OverlayPositions>(this), {16, 184, 194, 92})) {
+                    {kOverlayRight, 34, kOverlayWide, 122},
+                    {.right = 50, .wider = 50, .taller = kListsShare})),
+      positionName_(write({}, "caption", {16, 164, 204, 16}, {.down = kListsShare, .wider = 50})),
+      positions_(put(made<OverlayPositions>(this), {16, 184, 194, 92},
+                     {.down = kListsShare, .wider = 50, .taller = kPositionsShare})) {
   write(tr("Backdrop"), "caption", {16, 15, 197, 16});
-  write(tr("Overlay"), "caption", {kOverlayRight, 15, kOverlayWide, 16});
+  write(tr("Overlay"), "caption", {kOverlayRight, 15, kOverlayWide, 16}, {.right = 50});
   backdrops_->setToolTip(tr("The clip that lies below"));
   overlays_->setToolTip(tr("The clip that lies over the backdrop"));
   backdrops_->chosen = [this](int row) {
@@ -69,11 +75,11 @@ void OverlayPage::makeLook() {
   positions_->chosen = [this](int position) {
     act([&] { chooseOverlayPosition(logic_.editing, state_, logic_.host, position); });
   };
-  write(tr("Transparency"), "caption", {16, 290, 197, 16});
+  write(tr("Transparency"), "caption", {16, 290, 197, 16}, {.down = kLookShare});
   auto* group = made<QButtonGroup>(this);
   for (std::size_t i = 0; i < kStyles.size(); ++i) {
     styles_[i] = put(made<QRadioButton>(tr(kStyles[i].caption), this),
-                     {16 - kMarkRoom, 307 + 22 * static_cast<int>(i), 214, 24});
+                     {16 - kMarkRoom, 307 + 22 * static_cast<int>(i), 214, 24}, {.down = kLookShare});
     styles_[i]->setToolTip(tr("How the edges of the overlay fade"));
     group->addButton(styles_[i]);
     connect(styles_[i], &QRadioButton::clicked, [this, style = kStyles[i].style] {
@@ -83,11 +89,12 @@ void OverlayPage::makeLook() {
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
 
 void OverlayPage::makeSliders() {
-  int top = kOverlaySlider;
+  int top = kOverlaySlider, down = kListsShare;
   const auto slider = [&](const QString& name, auto rule) {
     auto* made = put(kvo::made<HeadedSlider>(name, this),
                      QRect(kOverlayRight, std::exchange(top, top + kOverlaySliderPitch), kOverlayWide,
-                           HeadedSlider::kHeight));
+                           HeadedSlider::kHeight),
+                     {.right = 50, .down = std::exchange(down, down + kSliderShare), .wider = 50});
     made->moved = [this, rule](int value) { act([&] { rule(logic_.editing, state_, logic_.host, value); }); };
     return made;
   };
@@ -95,8 +102,9 @@ void OverlayPage::makeSliders() {
   fadeIn_ = slider(tr("Fade in of the overlay"), moveOverlayIn);
   fadeOut_ = slider(tr("Fade out of the overlay"), moveOverlayOut);
   for (auto* fade : {fadeIn_, fadeOut_}) fade->slider()->setSingleStep(kOverlayFadeStep);
-  trim_ = put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
-              {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom, 32});
+  trim_ =
+      put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
+          {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom, 32}, {.right = 50, .down = kLookShare});
   trim_->setAccessibleName(tr("Trim Overlay length to backdrop length (Rate Adjust)"));
   trim_->setToolTip(trim_->accessibleName());
   connect(trim_, &QCheckBox::clicked,
@@ -105,7 +113,7 @@ void OverlayPage::makeSliders() {
 
 void OverlayPage::makeSound() {
   const auto box = [this](int top, const QString& tip, auto rule) {
-    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 300, 24});
+    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 300, 24}, {.down = 100});
     made->setToolTip(tip);
     connect(made, &QCheckBox::clicked,
             [this, rule](bool on) { act([&] { rule(logic_.editing, state_, logic_.host, on); }); });
@@ -113,15 +121,17 @@ void OverlayPage::makeSound() {
   };
   overlaySound_ = box(382, tr("The sound of the overlay goes into the new clip"), tickOverlaySound);
   backdropSound_ = box(404, tr("The sound of the backdrop goes into the new clip"), tickBackdropSound);
-  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 350, 105, 28});
+  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 350, 105, 28},
+               {.right = 100, .down = 95});
   clear_->setToolTip(tr("Take the overlay off this backdrop"));
   connect(clear_, &QPushButton::clicked,
           [this] { act([&] { clearPicInPic(logic_.editing, state_, logic_.host); }); });
-  KVOBut_RenderPinP_ = put(made<QPushButton>(themeIcon("movie"), tr("Render..."), this), {319, 382, 105, 28});
+  KVOBut_RenderPinP_ = put(made<QPushButton>(themeIcon("movie"), tr("Render..."), this), {319, 382, 105, 28},
+                           {.right = 100, .down = 100});
   KVOBut_RenderPinP_->setProperty("kind", "primary");
   KVOBut_RenderPinP_->setToolTip(tr("Make a clip of backdrop and overlay"));
   connect(KVOBut_RenderPinP_, &QPushButton::clicked, [this] { render(); });
-  notice_ = write({}, "hint", {16, 428, 408, 16});
+  notice_ = write({}, "hint", {16, 428, 408, 16}, {.down = 100, .wider = 100});
 }
 
 void OverlayPage::draw() {

@@ -32,8 +32,8 @@ ParticlePart::ParticlePart(const ParticleBoxes& state, Acts acts, QSize size, QW
     : EditorPage(parent, size, "list"),
       state_(state),
       acts_(std::move(acts)),
-      Chk_UseParticleDefaults_(
-          put(made<QCheckBox>(tr("Use Particle System Defaults"), this), {10, 40, size.width() - 20, 24})) {
+      Chk_UseParticleDefaults_(put(made<QCheckBox>(tr("Use Particle System Defaults"), this),
+                                   {10, 40, size.width() - 20, 24}, {.wider = 100})) {
   write(tr("Particle options"), "heading", {14, 12, size.width() - 28, 18});
   Chk_UseParticleDefaults_->setToolTip(tr("Each transition has the particles that suit it best"));
   connect(Chk_UseParticleDefaults_, &QCheckBox::clicked, [this](bool on) {
@@ -42,15 +42,17 @@ ParticlePart::ParticlePart(const ParticleBoxes& state, Acts acts, QSize size, QW
     acts_.change(wanted);
   });
   for (std::size_t i = 0; i < kSliders; ++i) {
-    sliders_[i] = put(made<HeadedSlider>(tr(kParticleSliders[i].name), this),
-                      {14, 78 + 48 * static_cast<int>(i), size.width() - 28, HeadedSlider::kHeight});
+    sliders_[i] =
+        put(made<HeadedSlider>(tr(kParticleSliders[i].name), this),
+            {14, 78 + 48 * static_cast<int>(i), size.width() - 28, HeadedSlider::kHeight}, {.wider = 100});
     sliders_[i]->moved = [this, i](int value) {
       auto wanted = state_;
       wanted.*kParticleSliders[i].value = value;
       acts_.change(wanted);
     };
   }
-  auto* done = put(made<QPushButton>(tr("Done"), this), {size.width() - 94, size.height() - 42, 80, 28});
+  auto* done = put(made<QPushButton>(tr("Done"), this), {size.width() - 94, size.height() - 42, 80, 28},
+                   {.right = 100, .down = 100});
   done->setToolTip(tr("Back to the transitions"));
   connect(done, &QPushButton::clicked, [this] { acts_.done(); });
 }

@@ -9,9 +9,11 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <QStyle>
+#include <QStyleOptionSlider>
 #include <cmath>
 
 namespace kvo {
@@ -60,6 +62,30 @@ QString digitsOf(const std::string& position) {
   return point < 0 ? text : text.left(point + 3);
 }
 
+// Its handle comes to where it is pressed, and is held there.
+class PlaceSlider final : public QSlider {
+ public:
+  explicit PlaceSlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {}
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const auto part = [&](QStyle::SubControl which) {
+      return style()->subControlRect(QStyle::CC_Slider, &option, which, this);
+    };
+    const auto handle = part(QStyle::SC_SliderHandle);
+    const auto groove = part(QStyle::SC_SliderGroove);
+    const auto at = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && !handle.contains(at)) {
+      setValue(QStyle::sliderValueFromPosition(minimum(), maximum(),
+                                               at.x() - groove.left() - handle.width() / 2,
+                                               groove.width() - handle.width()));
+    }
+    QSlider::mousePressEvent(event);
+  }
+};
+
 }  // namespace
 
 PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, QWidget* parent)
@@ -77,6 +103,7 @@ PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, Q
     key->setIcon(themeIcon(kRowKeys[i].icon));
     key->setToolTip(tr(kRowKeys[i].tip));
     key->setAccessibleName(tr(kRowKeys[i].tip));
+    key->setFocusPolicy(Qt::TabFocus);  // a click leaves Space to the movie
     key->setAutoRepeat(i == kPlayKey - 1 || i == kPlayKey + 1);
     connect(key, &QPushButton::clicked, this, [act = does[i]] { (*act)(); });
   }
@@ -93,7 +120,7 @@ PositionRowPart::PositionRowPart(const PreviewState& state, PositionActs acts, Q
   Lbl_Remain_->setAccessibleName(tr("Remaining"));
   Lbl_TotDur_->setAccessibleName(tr("Total"));
   for (auto* number : {Lbl_Remain_, Lbl_TotDur_}) number->setToolTip(number->accessibleName());
-  FSB_RenderRange_ = made<QSlider>(Qt::Horizontal, this);
+  FSB_RenderRange_ = made<PlaceSlider>(this);
   connectBar();
   layOut();
   draw();

@@ -6,7 +6,9 @@
 #include "ui/theme.h"
 
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QPainterPath>
+#include <QToolTip>
 
 namespace kvo {
 namespace {
@@ -19,6 +21,7 @@ constexpr int kChipPadding = 10;
 constexpr int kChipText = 13;
 constexpr int kChipOpacity = 216;
 constexpr int kSignText = 13;
+constexpr int kEmptyText = 15;
 
 QFont previewFont(const QWidget& widget, int pixels, QFont::Weight weight) {
   auto font = widget.font();
@@ -34,9 +37,11 @@ PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(p
   setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
+bool PreviewPart::isEmpty() const { return state_.picture == nullptr && state_.title.empty(); }
+
 QString PreviewPart::title() const {
   if (!state_.failure.empty()) return shown(state_.failure);
-  if (state_.picture == nullptr && state_.kind == PreviewKind::None) return tr("Nothing to Preview");
+  if (isEmpty()) return tr("Nothing to Preview");
   return shown(state_.title).replace(" -->  ", QString::fromUtf8(" \u2192 "));
 }
 
@@ -97,6 +102,20 @@ void PreviewPart::drawOverlayFrame(QPainter& painter) const {
   painter.drawRect(onPixels(frame));
 }
 
+QString PreviewPart::shortTitle(const QFontMetricsF& metrics) const {
+  const double room = pictureRect().width() - 2.0 * themed(kChipInset + kChipPadding);
+  return metrics.elidedText(drawnText_, Qt::ElideMiddle, std::max(0.0, room));
+}
+
+bool PreviewPart::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const QFontMetricsF metrics(previewFont(*this, kChipText, QFont::DemiBold));
+  const bool isCut = state_.picture != nullptr && shortTitle(metrics) != drawnText_;
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), isCut ? plainTip(drawnText_) : QString(),
+                     this);
+  return true;
+}
+
 void PreviewPart::drawTitle(QPainter& painter) const {
   if (drawnText_.isEmpty()) return;
   painter.setFont(previewFont(*this, kChipText, QFont::DemiBold));
@@ -104,8 +123,7 @@ void PreviewPart::drawTitle(QPainter& painter) const {
   const auto place = pictureRect();
   const double inset = themed(kChipInset);
   const double padding = themed(kChipPadding);
-  const auto text =
-      metrics.elidedText(drawnText_, Qt::ElideRight, std::max(0.0, place.width() - 2 * (inset + padding)));
+  const auto text = shortTitle(metrics);
   const QRectF chip(place.left() + inset, place.top() + inset, metrics.horizontalAdvance(text) + 2 * padding,
                     themed(kChipHeight));
   auto ground = toColour(token("ink0"));
@@ -122,8 +140,17 @@ void PreviewPart::drawEmpty(QPainter& painter) const {
   painter.setFont(previewFont(*this, kSignText, QFont::Normal));
   painter.setPen(toColour(bad ? token("red") : token("text3")));
   const double inset = themed(2 * kChipPadding);
-  painter.drawText(QRectF(rect()).adjusted(inset, inset, -inset, -inset), Qt::AlignCenter | Qt::TextWordWrap,
-                   drawnText_);
+  const auto place = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
+  if (bad || !isEmpty()) return painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, drawnText_);
+  painter.setFont(previewFont(*this, kEmptyText, QFont::DemiBold));
+  painter.setPen(toColour(token("text1")));
+  const QRectF head(place.left(), place.center().y() - themed(24), place.width(), themed(20));
+  painter.drawText(head, Qt::AlignCenter, drawnText_);
+  painter.setFont(previewFont(*this, kSignText, QFont::Normal));
+  painter.setPen(toColour(token("text3")));
+  painter.drawText(QRectF(place.left(), head.bottom() + themed(6), place.width(), themed(40)),
+                   Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                   tr("Click a clip with a picture on the timeline, or drop one there"));
 }
 
 }  // namespace kvo

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QWidget>
 
+class QFontMetricsF;
+
 namespace kvo {
 
 class PreviewPart final : public QWidget {
@@ -21,9 +23,13 @@ class PreviewPart final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
+  [[nodiscard]] bool isEmpty() const;
   [[nodiscard]] QString title() const;
+  /// The title as there is room for it.
+  [[nodiscard]] QString shortTitle(const QFontMetricsF& metrics) const;
   void drawOverlayFrame(QPainter& painter) const;
   void drawTitle(QPainter& painter) const;
   void drawEmpty(QPainter& painter) const;

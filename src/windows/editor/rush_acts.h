@@ -29,11 +29,11 @@ struct RushActs {
   std::function<void(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes
   std::function<void(double part)> zoom;       ///< of the timeline, 0 to 1
   std::function<void()> wholeMovie;
-  std::function<void()> preview;        ///< Space
+  std::function<void()> preview;        ///< Space: the movie plays, halts, goes on
   std::function<void()> renderToFile;   ///< Ctrl+Enter: Create Movie
   std::function<std::string()> save;    ///< Ctrl+S: into the collection's own file; gives what is said of it
   std::function<std::string()> saveAs;  ///< Ctrl+Shift+S: asks for a name; likewise
-  std::function<void()> stopAnalysing;  ///< Escape while the files of the clips are looked into
+  std::function<void()> stop;           ///< Escape while the tools are off: ends what has them off
   std::function<void()> close;
 };
 

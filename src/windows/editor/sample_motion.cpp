@@ -1,6 +1,10 @@
 #include "windows/editor/sample_motion.h"
 
+#include "ui/painting.h"
+#include "ui/theme.h"
+
 #include <QImage>
+#include <QPainterPath>
 #include <QTimerEvent>
 
 namespace kvo {
@@ -8,6 +12,7 @@ namespace {
 
 constexpr int kStepTime = 120;                  // milliseconds
 constexpr int kRounds = 5;                      // until they come to rest under a pointer that rests
+constexpr int kSampleRadius = 3;                // pixels at size 1
 constexpr std::size_t kMostScaled = 74UL * 12;  // 9 KB each
 
 }  // namespace
@@ -16,6 +21,7 @@ void SampleMotion::stir() {
   left_ = kRounds * kSampleSteps;
   if (moving_.isActive()) return;
   step_ = kSampleStill;
+  isCalm_ = samples_.areCalm();
   moving_.start(kStepTime, this);
 }
 
@@ -35,6 +41,24 @@ void SampleMotion::tick() {
   moved_();
 }
 
+void SamplePixmaps::paint(QPainter& painter, const QRectF& place, const std::string& name, int step,
+                          bool enabled) {
+  const auto& pixmap = of(name, step, place.size().toSize(), painter.device()->devicePixelRatioF());
+  QRectF shape(place);
+  if (!pixmap.isNull()) {
+    shape.setSize(pixmap.deviceIndependentSize());
+    shape.moveCenter(place.center());
+    shape.moveTopLeft(shape.topLeft().toPoint());  // sharp: not between two pixels
+  }
+  QPainterPath round;
+  round.addRoundedRect(shape, themed(kSampleRadius), themed(kSampleRadius));
+  const Painting kept(painter);
+  painter.setClipPath(round);
+  painter.fillRect(shape, toColour(token("ink3")));
+  painter.setOpacity(enabled ? 1 : 0.4);
+  if (!pixmap.isNull()) painter.drawPixmap(shape.topLeft(), pixmap);
+}
+
 const QPixmap& SamplePixmaps::of(const std::string& name, int step, const QSize& size, double pixelRatio) {
   const auto wanted = size * pixelRatio;
   if (wanted != size_ || pixelRatio != ratio_ || scaled_.size() > kMostScaled) scaled_.clear();
@@ -51,7 +75,7 @@ const QPixmap& SamplePixmaps::of(const std::string& name, int step, const QSize&
   if (picture != nullptr) {
     const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{picture->width} * 3,
                        QImage::Format_BGR888);
-    scaled.pixmap = QPixmap::fromImage(image.scaled(size_, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+    scaled.pixmap = QPixmap::fromImage(image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation)
                                            .convertToFormat(QImage::Format_RGB32));
     scaled.pixmap.setDevicePixelRatio(pixelRatio);
   }

@@ -6,6 +6,7 @@
 
 #include <QBasicTimer>
 #include <QObject>
+#include <QPainter>
 #include <QPixmap>
 #include <QSize>
 #include <functional>
@@ -15,11 +16,13 @@
 
 namespace kvo {
 
-/// All samples move while the pointer is over them, and come to rest where it rests.
+/// All samples move while the pointer is over them, and come to rest where it rests. Calm ones move alone,
+/// each below the pointer.
 class SampleMotion final : public QObject {
  public:
   /// `moved` is called at each step, and when they come to rest.
-  explicit SampleMotion(std::function<void()> moved) : moved_(std::move(moved)) {}
+  SampleMotion(const MovingSamples& samples, std::function<void()> moved)
+      : samples_(samples), moved_(std::move(moved)) {}
 
   /// The pointer moves over the list, or a key goes through it.
   void stir();
@@ -27,14 +30,18 @@ class SampleMotion final : public QObject {
   void rest();
   /// The time of a step is over.
   void tick();
-  /// Of all samples: that of one at rest while nothing moves.
-  [[nodiscard]] int step() const { return moving_.isActive() ? step_ : kSampleStill; }
+  /// Of a sample: that of one at rest while it does not move.
+  [[nodiscard]] int step(bool isBelowPointer) const {
+    return moving_.isActive() && (isBelowPointer || !isCalm_) ? step_ : kSampleStill;
+  }
 
  protected:
   void timerEvent(QTimerEvent* event) override;
 
  private:
+  const MovingSamples& samples_;
   std::function<void()> moved_;
+  bool isCalm_ = false;
   QBasicTimer moving_;
   int step_ = kSampleStill;
   int left_ = 0;  // steps
@@ -45,10 +52,14 @@ class SamplePixmaps {
  public:
   explicit SamplePixmaps(MovingSamples& samples) : samples_(samples) {}
 
-  /// The sample at a step, or else at rest; null while there is none. `size` is in logical pixels.
-  const QPixmap& of(const std::string& name, int step, const QSize& size, double pixelRatio);
+  /// Draws the sample at a step, or else at rest, in its shape in the middle of `place`, with round corners.
+  /// Plain while there is none.
+  void paint(QPainter& painter, const QRectF& place, const std::string& name, int step, bool enabled);
 
  private:
+  /// `size` is in logical pixels.
+  const QPixmap& of(const std::string& name, int step, const QSize& size, double pixelRatio);
+
   struct Scaled {
     MovingSamples::Picture picture;
     QPixmap pixmap;

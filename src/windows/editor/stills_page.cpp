@@ -16,6 +16,8 @@ namespace {
 
 constexpr int kAspectTop = 250;
 constexpr int kAspectPitch = 46;
+constexpr int kStillsShare = 60;
+constexpr int kAspectShare = 10;
 constexpr int kDurationStep = 100;  // milliseconds
 
 }  // namespace
@@ -25,9 +27,11 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
       state_(state),
       logic_(std::move(logic)),
       picture_(std::move(picture)),
-      caption_(write({}, "heading", {16, 10, 408, 20})),
-      stills_(put(made<PageClipList>(tr("Stills"), tr("No stills"), this), {16, 116, 190, 96})),
-      duration_(put(made<HeadedSlider>(tr("Still Duration"), this), {224, 124, 200, HeadedSlider::kHeight})) {
+      caption_(write({}, "heading", {16, 10, 408, 20}, {.wider = 100})),
+      stills_(put(made<PageClipList>(tr("Stills"), tr("No stills"), this), {16, 116, 190, 96},
+                  {.wider = 50, .taller = kStillsShare})),
+      duration_(put(made<HeadedSlider>(tr("Still Duration"), this), {224, 124, 200, HeadedSlider::kHeight},
+                    {.right = 50, .wider = 50})) {
   const std::array choices = {tr("Treat all stills in group the same"),
                               tr("Set options for each still individually")};
   auto* group = made<QButtonGroup>(this);
@@ -43,8 +47,8 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
   write(tr("Stills"), "caption", {16, 97, 190, 16});
   stills_->setToolTip(tr("The still whose options are shown"));
   stills_->chosen = [this](int row) { act([&] { chooseStill(logic_.editing, state_, logic_.host, row); }); };
-  write(tr("Still Duration"), "caption", {224, 97, 200, 16});
-  write(tr("Seven seconds is the usual length"), "hint", {224, 166, 200, 16});
+  write(tr("Still Duration"), "caption", {224, 97, 200, 16}, {.right = 50});
+  write(tr("Seven seconds is the usual length"), "hint", {224, 166, 200, 16}, {.right = 50, .wider = 50});
   duration_->slider()->setSingleStep(kDurationStep);
   duration_->moved = [this](int milliseconds) {
     act([&] { moveStillDuration(logic_.editing, state_, logic_.host, milliseconds); });
@@ -53,13 +57,14 @@ StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture,
 }
 
 void StillsPage::makeAspects() {
-  write(tr("Aspect ratio options"), "caption", {16, 226, 408, 16});
+  write(tr("Aspect ratio options"), "caption", {16, 226, 408, 16}, {.down = kStillsShare});
   auto* group = made<QButtonGroup>(this);
   const auto captions = aspectCaptions();
   for (std::size_t i = 0; i < aspects_.size(); ++i) {
     const int aspect = static_cast<int>(i);
     aspects_[i] = put(made<AspectRow>(aspect, told(std::string(captions[i])), this),
-                      {16, kAspectTop + kAspectPitch * aspect, 408, 40});
+                      {16, kAspectTop + kAspectPitch * aspect, 408, 40},
+                      {.down = kStillsShare + kAspectShare * aspect, .wider = 100, .taller = kAspectShare});
     group->addButton(aspects_[i]);
     connect(aspects_[i], &QRadioButton::clicked,
             [this, aspect] { act([&] { chooseAspect(logic_.editing, state_, logic_.host, aspect); }); });

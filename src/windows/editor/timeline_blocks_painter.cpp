@@ -23,6 +23,8 @@ constexpr double kDiscFrom = 20;       // pixels of a wedge
 constexpr double kGripWidth = 8;
 constexpr double kNarrow = 3;  // pixels: less of a clip is a bar
 constexpr Rgb kOnAmber = token("onTeal");
+constexpr std::array<const char*, kTimelineBadges> kBadgeIcons = {"fx", "key", "color", "overlay"};
+constexpr std::size_t kCountedBadges = 2;  // the others are there or not
 
 }  // namespace
 
@@ -66,8 +68,8 @@ void TimelineBlocksPainter::drawTitle(const SeenBlock& seen) {
   painter_.fillRect(QRectF(box.x, box.y, box.width, kTitleHeight),
                     inHand ? ink::mixed(token("tealLo"), token("tealBg"), 0.75) : ink::colour(token("ink4")));
   double right = seen.openTo - 4;
-  for (const auto* badge : {&seen.effects, &seen.keyframes}) {
-    if (badge->width > 0) right = badge->x - 4;
+  for (const auto& badge : seen.badges) {
+    if (badge.width > 0) right = badge.x - 4;
   }
   // What begins out of sight is named where it comes in.
   const double left = std::max(box.x + seen.wedge.width, left_) + 7;
@@ -75,16 +77,18 @@ void TimelineBlocksPainter::drawTitle(const SeenBlock& seen) {
   painter_.setPen(ink::colour(inHand ? token("text1") : token("text2")));
   ink::line(painter_, {left, box.y, right - left, kTitleHeight},
             QString::number(seen.block->clip) + "  " + shown(seen.block->name));
-  drawBadge(seen.effects, "fx", seen.block->effects);
-  drawBadge(seen.keyframes, "key", seen.block->keyframes);
+  for (std::size_t i = 0; i < kTimelineBadges; ++i)
+    drawBadge(seen.badges[i], kBadgeIcons[i], seen.block->badges[i], i < kCountedBadges);
 }
 
-void TimelineBlocksPainter::drawBadge(const TimelineBox& box, const char* name, int count) {
+void TimelineBlocksPainter::drawBadge(const TimelineBox& box, const char* name, int count, bool isCounted) {
   if (box.width <= 0) return;
   painter_.setPen(Qt::NoPen);
   painter_.setBrush(ink::colour(token("amber")));
   painter_.drawRoundedRect(ink::rect(box), 3, 3);
-  ink::icon(painter_, name, kOnAmber, {box.x + 6.5, box.y + box.height / 2}, 10);
+  ink::icon(painter_, name, kOnAmber, {box.x + (isCounted ? 6.5 : box.width / 2), box.y + box.height / 2},
+            isCounted ? 10 : 11);
+  if (!isCounted) return;
   painter_.setFont(ink::text(9, QFont::Bold));
   painter_.setPen(ink::colour(kOnAmber));
   painter_.drawText(QRectF(box.x + 11, box.y, box.width - 12, box.height), Qt::AlignCenter,

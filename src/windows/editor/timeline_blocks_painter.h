@@ -33,7 +33,7 @@ class TimelineBlocksPainter {
   void drawSound(const SeenBlock& seen, const QRectF& band);
   void drawWave(const TimelineBlock& block, const QRectF& band, Rgb rgb);
   void drawWedge(const SeenBlock& seen);
-  void drawBadge(const TimelineBox& box, const char* name, int count);
+  void drawBadge(const TimelineBox& box, const char* name, int count, bool isCounted);
   void drawSong(const SeenBlock& seen);
   void drawFades(const SeenBlock& seen, const TimelineBlock& block, double foot);
   void drawGrip(double x, const QRectF& band, bool isChosen);

@@ -42,6 +42,8 @@ Qt::CursorShape pointerFor(TimelinePart part) {
     case TimelinePart::Wedge:
     case TimelinePart::Effects:
     case TimelinePart::Keyframes:
+    case TimelinePart::Colours:
+    case TimelinePart::Overlay:
       return Qt::PointingHandCursor;
     default:
       return Qt::ArrowCursor;
@@ -239,10 +241,8 @@ void TimelineView::showTip(const QPoint& at, const QPoint& global) {
     const bool isTransition = hit.part == TimelinePart::Wedge || hit.part == TimelinePart::WedgeEnd;
     if (isTransition) {
       tip = tr("%1 over %2 s").arg(kvo::shown(block->transition)).arg(block->overlap, 0, 'f', 1);
-    } else if (hit.part == TimelinePart::Effects) {
-      tip = tr("%n effects", nullptr, block->effects);
-    } else if (hit.part == TimelinePart::Keyframes) {
-      tip = tr("%n keyframes", nullptr, block->keyframes);
+    } else if (const auto badge = badgeOf(hit.part)) {
+      tip = kvo::shown(badgeName(*block, *badge));
     } else {
       tip = kvo::shown(block->isMissing ? missingText(block->name) : block->name);
     }

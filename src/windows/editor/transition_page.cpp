@@ -28,6 +28,8 @@ namespace {
 constexpr int kLeft = 16;
 constexpr int kLeftWidth = 150;
 constexpr QRect kTilesPlace(182, 42, 242, 390);
+constexpr Share kTilesShare{.right = 30, .wider = 70, .taller = 100};
+constexpr Share kBelow{.down = 100, .wider = 30};  // what stands below the list of clips
 constexpr int kMostBorderPixels = 255;
 
 }  // namespace
@@ -49,21 +51,21 @@ void TransitionPage::act(const std::function<void()>& work) {
 void TransitionPage::makeLeft() {
   auto& rules = logic_.rules;
   write(tr("Transition into"), "caption", {kLeft, 15, kLeftWidth, 16});
-  Lst_TransitionMovies_ =
-      put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {kLeft, 34, kLeftWidth, 170});
+  Lst_TransitionMovies_ = put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this),
+                              {kLeft, 34, kLeftWidth, 170}, {.wider = 30, .taller = 100});
   Lst_TransitionMovies_->commandKey = [](const QKeyEvent&) { return false; };  // letters are the window's
   Lst_TransitionMovies_->chosen = [this, &rules](int row) { act([&] { rules.chooseMovie(row); }); };
-  Fra_FadDur_ = write({}, "caption", {kLeft, 210, kLeftWidth, 30});
+  Fra_FadDur_ = write({}, "caption", {kLeft, 210, kLeftWidth, 30}, kBelow);
   Fra_FadDur_->setWordWrap(true);
   Fra_FadDur_->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
   Sld_In_ = put(made<HeadedSlider>(tr("Transition Duration"), this),
-                {kLeft, 243, kLeftWidth, HeadedSlider::kHeight});
+                {kLeft, 243, kLeftWidth, HeadedSlider::kHeight}, kBelow);
   Sld_In_->moved = [this, &rules](int tenths) { act([&] { rules.moveDuration(tenths); }); };
   Sld_In_->letGo = [this, &rules] { act([&] { rules.letGo(); }); };
 }
 
 QSpinBox* TransitionPage::makeNumber(const QString& name, int least, const QRect& place) {
-  auto* box = put(made<QSpinBox>(this), place);
+  auto* box = put(made<QSpinBox>(this), place, {.down = 100});
   box->setRange(least, kMostBorderPixels);
   box->setButtonSymbols(QAbstractSpinBox::NoButtons);
   box->setKeyboardTracking(false);
@@ -88,9 +90,9 @@ void TransitionPage::makeBorder() {
   };
   constexpr std::array<Row, 3> kRows{
       {{QT_TR_NOOP("Width"), 306}, {QT_TR_NOOP("Softness"), 334}, {QT_TR_NOOP("Replicate"), 362}}};
-  borderParts_.push_back(write(tr("Border"), "caption", {kLeft, 285, kLeftWidth, 16}));
+  borderParts_.push_back(write(tr("Border"), "caption", {kLeft, 285, kLeftWidth, 16}, kBelow));
   for (const auto& [caption, top] : kRows)
-    borderParts_.push_back(write(tr(caption), "hint", {kLeft, top, 62, 24}));
+    borderParts_.push_back(write(tr(caption), "hint", {kLeft, top, 62, 24}, {.down = 100}));
   constexpr std::array<int BorderBoxes::*, 4> kNumbers = {&BorderBoxes::BorderWidth,
                                                           &BorderBoxes::BorderSoftness,
                                                           &BorderBoxes::ReplicateX, &BorderBoxes::ReplicateY};
@@ -104,20 +106,20 @@ void TransitionPage::makeBorder() {
     });
     borderParts_.push_back(border_[i]);
   }
-  borderParts_.push_back(write(tr("Color"), "hint", {128, 306, 40, 24}));
-  colour_ = put(made<ColourButton>(0, this), {126, 334, 40, 24});
+  borderParts_.push_back(write(tr("Color"), "hint", {128, 306, 40, 24}, {.down = 100}));
+  colour_ = put(made<ColourButton>(0, this), {126, 334, 40, 24}, {.down = 100});
   colour_->setAccessibleName(tr("Color of the border"));
   colour_->setToolTip(tr("Color of the border"));
   colour_->setStyleSheet("padding: 0; min-height: 22px; font-size: 1px; color: transparent;");
   colour_->chosen = [this](Rgb rgb) { changeBorder([&](BorderBoxes& boxes) { boxes.BorderColor = rgb; }); };
   borderParts_.push_back(colour_);
   mask_ = put(made<QCheckBox>(tr("Use a Jpeg Image as a\ntransition Mask"), this),
-              {kLeft - 4, 392, kLeftWidth + 8, 32});
+              {kLeft - 4, 392, kLeftWidth + 8, 32}, kBelow);
   mask_->setAccessibleName(tr("Use a Jpeg Image as a transition Mask"));
   mask_->setToolTip(mask_->accessibleName());
   connect(mask_, &QCheckBox::clicked, [this](bool on) { tickMask(on); });
   borderParts_.push_back(mask_);
-  currentMask_ = write({}, "hint", {kLeft, 425, kLeftWidth, 16});
+  currentMask_ = write({}, "hint", {kLeft, 425, kLeftWidth, 16}, kBelow);
   borderParts_.push_back(currentMask_);
 }
 
@@ -131,20 +133,21 @@ void TransitionPage::tickMask(bool on) {
 
 void TransitionPage::makeOptions() {
   auto& rules = logic_.rules;
-  firstCaption_ = write({}, "caption", {kLeft, 285, kLeftWidth, 16});
-  first_ = put(made<QLineEdit>(this), {kLeft, 304, 70, 28});
+  firstCaption_ = write({}, "caption", {kLeft, 285, kLeftWidth, 16}, kBelow);
+  first_ = put(made<QLineEdit>(this), {kLeft, 304, 70, 28}, {.down = 100});
   first_->setMaxLength(static_cast<int>(TransitionRules::kMostDigits));
   first_->setValidator(made<QRegularExpressionValidator>(QRegularExpression("[0-9]*"), first_));
   first_->setPlaceholderText(tr("usual"));
   connect(first_, &QLineEdit::textEdited,
           [this, &rules](const QString& text) { act([&] { rules.typeFirstOption(text.toStdString()); }); });
-  secondCaption_ = write({}, "caption", {kLeft, 340, kLeftWidth, 16});
-  second_ = put(made<QComboBox>(this), {kLeft, 359, kLeftWidth, 28});
+  secondCaption_ = write({}, "caption", {kLeft, 340, kLeftWidth, 16}, kBelow);
+  second_ = put(made<QComboBox>(this), {kLeft, 359, kLeftWidth, 28}, kBelow);
   second_->setPlaceholderText(tr("usual"));
   connect(second_, &QComboBox::activated, [this, &rules](int row) {
     act([&] { rules.chooseSecondOption(second_->itemData(row).toString().toStdString()); });
   });
-  Cmd_ParticleOpts_ = put(made<QPushButton>(tr("Particle options"), this), {kLeft, 290, kLeftWidth, 30});
+  Cmd_ParticleOpts_ =
+      put(made<QPushButton>(tr("Particle options"), this), {kLeft, 290, kLeftWidth, 30}, kBelow);
   Cmd_ParticleOpts_->setCheckable(true);
   Cmd_ParticleOpts_->setToolTip(tr("How many particles there are and how they move"));
   connect(Cmd_ParticleOpts_, &QPushButton::clicked,
@@ -153,9 +156,9 @@ void TransitionPage::makeOptions() {
 
 void TransitionPage::makeChoice() {
   auto& rules = logic_.rules;
-  put(made<QFrame>(this), {182, 9, 132, 30})->setProperty("role", "list");
-  cut_ = put(made<QPushButton>(tr("Cut"), this), {185, 12, 46, 24});
-  transition_ = put(made<QPushButton>(tr("Transition"), this), {231, 12, 80, 24});
+  put(made<QFrame>(this), {182, 9, 132, 30}, {.right = 30})->setProperty("role", "list");
+  cut_ = put(made<QPushButton>(tr("Cut"), this), {185, 12, 46, 24}, {.right = 30});
+  transition_ = put(made<QPushButton>(tr("Transition"), this), {231, 12, 80, 24}, {.right = 30});
   cut_->setToolTip(tr("The clip follows without a transition"));
   transition_->setToolTip(tr("A transition leads into the clip"));
   setKeys(*transition_, "D");
@@ -168,12 +171,12 @@ void TransitionPage::makeChoice() {
             [this, &rules, isCut = key == cut_] { act([&] { rules.chooseCut(isCut); }); });
   }
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
-  find_ = put(made<QLineEdit>(this), {320, 10, 78, 28});
+  find_ = put(made<QLineEdit>(this), {320, 10, 78, 28}, {.right = 30, .wider = 70});
   find_->setPlaceholderText(tr("Find"));
   find_->setAccessibleName(tr("Find a transition by its name"));
   find_->setToolTip(find_->accessibleName());
   find_->setStyleSheet("padding: 0 2px;");
-  favourites_ = put(made<QToolButton>(this), {400, 12, 24, 24});
+  favourites_ = put(made<QToolButton>(this), {400, 12, 24, 24}, {.right = 100});
   favourites_->setProperty("kind", "quiet");
   favourites_->setCheckable(true);
   favourites_->setToolTip(tr("Favourites and those used last alone"));
@@ -182,7 +185,7 @@ void TransitionPage::makeChoice() {
           [this, &rules](const QString& text) { act([&] { rules.names().find(text.toStdString()); }); });
   connect(favourites_, &QToolButton::clicked,
           [this, &rules](bool on) { act([&] { rules.names().showFavouritesAlone(on); }); });
-  instead_ = write({}, "hint", kTilesPlace);
+  instead_ = write({}, "hint", kTilesPlace, kTilesShare);
   instead_->setAlignment(Qt::AlignCenter);
   instead_->setWordWrap(true);
   Lst_Transitions_ = put(
@@ -193,7 +196,7 @@ void TransitionPage::makeChoice() {
               [this, &rules](int steps) { act([&] { rules.pickNext(steps); }); },
               [this, &rules](const std::string& name) { act([&] { rules.names().toggleFavourite(name); }); }},
           this),
-      kTilesPlace);
+      kTilesPlace, kTilesShare);
   particles_ =
       put(made<ParticlePart>(state_.particles,
                              ParticlePart::Acts{[this, &rules](const ParticleBoxes& wanted) {
@@ -201,7 +204,7 @@ void TransitionPage::makeChoice() {
                                                 },
                                                 [this, &rules] { act([&] { rules.openParticles(false); }); }},
                              kTilesPlace.size(), this),
-          kTilesPlace);
+          kTilesPlace, kTilesShare);
 }
 
 void TransitionPage::draw() {
@@ -285,7 +288,9 @@ void TransitionPage::drawChoice() {
   particles_->setVisible(panel.listVisible && state_.particlesOpen);
   particles_->draw();
   instead_->setVisible(!panel.listVisible);
-  setTextOf(*instead_, !isThere ? tr("Choose a clip at the left")
+  setTextOf(*instead_, state_.Lst_TransitionMovies.rows.empty()
+                           ? tr("Drop clips or stills on the timeline first")
+                       : !isThere ? tr("Choose a clip at the left")
                        : !state_.canHaveTransition
                            ? noTransition
                            : tr("The clip follows without a transition.\nClick Transition to choose one."));

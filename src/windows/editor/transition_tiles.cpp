@@ -12,7 +12,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
-#include <QPainterPath>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
@@ -20,14 +19,13 @@
 namespace kvo {
 namespace {
 
-constexpr QSize kTile(75, 68);
+constexpr QSize kTile(75, 68);  // at the least: they grow with the list
 constexpr int kTilePitch = 74;  // they touch, as only one of them has a rim
 constexpr int kTilesSide = 1;
 constexpr int kTilesTop = 6;
 constexpr QRectF kTilePicture(6.5, 8, 62, 35);
 constexpr QRectF kTileName(2, 45, 71, 18);
 constexpr double kTileRadius = 5;
-constexpr double kTilePictureRadius = 3;
 constexpr int kStarSide = 14;
 constexpr double kTileText = 10.2;
 
@@ -40,7 +38,7 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samp
       samples_(samples),
       acts_(std::move(acts)),
       sheet_(made<QWidget>(this)),
-      motion_([this] { sheet_->update(); }),
+      motion_(samples, [this] { sheet_->update(); }),
       pixmaps_(samples) {
   installAccessibleRows();
   setProperty("role", "list");
@@ -55,10 +53,23 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samp
   viewport()->setAutoFillBackground(false);
 }
 
+int TransitionTiles::columns() const {
+  return std::max(1, (viewport()->width() - themed(kTilesSide)) / themed(kTilePitch));
+}
+
+// Of a tile beyond its least width; its picture keeps its shape.
+int TransitionTiles::wider() const {
+  return std::max(0, (viewport()->width() - themed(kTilesSide)) / columns() - themed(kTilePitch));
+}
+
+int TransitionTiles::tileHeight() const {
+  return themed(kTile.height()) + qRound(wider() * kTilePicture.height() / kTilePicture.width());
+}
+
 QRect TransitionTiles::tileRect(int index) const {
-  const int left = kTilesSide + kTilePitch * (index % kColumns);
-  const int top = kTilesTop + kTile.height() * (index / kColumns);
-  return {themed(left), themed(top), themed(kTile.width()), themed(kTile.height())};
+  const int left = themed(kTilesSide) + (themed(kTilePitch) + wider()) * (index % columns());
+  return {left, themed(kTilesTop) + tileHeight() * (index / columns()), themed(kTile.width()) + wider(),
+          tileHeight()};
 }
 
 QRect TransitionTiles::starRect(int index) const {
@@ -98,9 +109,16 @@ RowState TransitionTiles::rowState(int row) const {
 }
 
 void TransitionTiles::layOut() {
-  const int rows = (static_cast<int>(state_.names.shown.size()) + kColumns - 1) / kColumns;
-  sheet_->resize(viewport()->width(), themed(kTilesTop * 2 + kTile.height() * rows));
-  verticalScrollBar()->setSingleStep(themed(kTile.height()) / 2);
+  const int rows = (static_cast<int>(state_.names.shown.size()) + columns() - 1) / columns();
+  sheet_->resize(viewport()->width(), 2 * themed(kTilesTop) + tileHeight() * rows);
+  verticalScrollBar()->setSingleStep(tileHeight() / 2);
+}
+
+void TransitionTiles::bringChoiceInSight() {
+  const int index = chosen();
+  if (index < 0) return;
+  const auto tile = tileRect(index);
+  ensureVisible(tile.center().x(), tile.center().y(), 0, tile.height());
 }
 
 void TransitionTiles::draw() {
@@ -118,10 +136,7 @@ void TransitionTiles::draw() {
   drawnChoice_ = state_.panel.selected;
   drawnFavourites_ = state_.names.favourites;
   drawnRevision_ = revision;
-  if (const int index = chosen(); index >= 0 && (otherNames || otherChoice)) {
-    const auto tile = tileRect(index);
-    ensureVisible(tile.center().x(), tile.center().y(), 0, tile.height());
-  }
+  if (otherNames || otherChoice) bringChoiceInSight();
   setAccessibleDescription(shown(state_.panel.selected));
   if (otherChoice) tellRowInHand(*this, *this);
   sheet_->update();
@@ -149,17 +164,18 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
                    : isHovered ? QBrush(toColour(token("ink2")))
                                : QBrush(Qt::NoBrush));
   painter.drawRoundedRect(inner, themed(kTileRadius), themed(kTileRadius));
-  const auto placed = [&](const QRectF& part) {
-    return QRectF(tile.x() + themed(part.x()), tile.y() + themed(part.y()), themed(part.width()),
-                  themed(part.height()));
+  const auto placed = [&](const QRectF& part, int down, int taller) {
+    return QRectF(tile.x() + themed(part.x()), tile.y() + themed(part.y()) + down,
+                  themed(part.width()) + wider(), themed(part.height()) + taller);
   };
-  paintSample(painter, placed(kTilePicture), name);
+  const int taller = tileHeight() - themed(kTile.height());
+  pixmaps_.paint(painter, placed(kTilePicture, 0, taller), name, motion_.step(isHovered), isEnabled());
   QFont font(painter.font());
   font.setPixelSize(qRound(themed(kTileText * 10) / 10.0));
   font.setWeight(isChosen ? QFont::DemiBold : QFont::Normal);
   painter.setFont(font);
   painter.setPen(toColour(!isEnabled() ? token("textOff") : isChosen ? token("text1") : token("text2")));
-  const auto line = placed(kTileName);
+  const auto line = placed(kTileName, taller, 0);
   painter.drawText(line, Qt::AlignCenter,
                    QFontMetricsF(font).elidedText(shown(name), Qt::ElideRight, line.width()));
   if (isHovered || isFavourite(name)) {
@@ -169,17 +185,6 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
                                    themed(kStarSide), devicePixelRatio()));
   }
   if (isChosen && showsFocus(*this)) drawFocusRing(painter, tile, themed(kTileRadius + 2));
-}
-
-void TransitionTiles::paintSample(QPainter& painter, const QRectF& place, const std::string& name) {
-  QPainterPath round;
-  round.addRoundedRect(place, themed(kTilePictureRadius), themed(kTilePictureRadius));
-  const Painting kept(painter);
-  painter.setClipPath(round);
-  painter.fillRect(place, toColour(token("ink3")));
-  painter.setOpacity(isEnabled() ? 1 : 0.4);
-  const auto& pixmap = pixmaps_.of(name, motion_.step(), place.size().toSize(), devicePixelRatioF());
-  if (!pixmap.isNull()) painter.drawPixmap(place.topLeft(), pixmap);
 }
 
 void TransitionTiles::hover(int index) {
@@ -249,7 +254,7 @@ bool TransitionTiles::eventFilter(QObject* watched, QEvent* event) {
 
 void TransitionTiles::keyPressEvent(QKeyEvent* event) {
   const int all = static_cast<int>(state_.names.shown.size());
-  const int page = std::max(1, viewport()->height() / themed(kTile.height())) * kColumns;
+  const int page = std::max(1, viewport()->height() / tileHeight()) * columns();
   motion_.stir();
   switch (event->key()) {
     case Qt::Key_Left:
@@ -257,9 +262,9 @@ void TransitionTiles::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
       return acts_.pickNext(1);
     case Qt::Key_Up:
-      return acts_.pickNext(-kColumns);
+      return acts_.pickNext(-columns());
     case Qt::Key_Down:
-      return acts_.pickNext(kColumns);
+      return acts_.pickNext(columns());
     case Qt::Key_PageUp:
       return acts_.pickNext(-page);
     case Qt::Key_PageDown:
@@ -280,6 +285,7 @@ void TransitionTiles::keyPressEvent(QKeyEvent* event) {
 void TransitionTiles::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);
   layOut();
+  bringChoiceInSight();
 }
 
 void TransitionTiles::changeEvent(QEvent* event) {

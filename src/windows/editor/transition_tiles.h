@@ -23,8 +23,6 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
     std::function<void(const std::string& name)> toggleFavourite;
   };
 
-  static constexpr int kColumns = 3;
-
   /// State and samples outlive the tiles.
   TransitionTiles(const TransitionTab& state, MovingSamples& samples, Acts acts, QWidget* parent);
 
@@ -49,11 +47,14 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   void layOut();
   void paint(QPainter& painter, const QRect& region);
   void paintTile(QPainter& painter, int index);
-  void paintSample(QPainter& painter, const QRectF& place, const std::string& name);
   bool pressed(const QPoint& at, Qt::MouseButton button);
   void hover(int index);
   void showTip(const QPoint& at, const QPoint& global);
   void offerFavourite(int index, const QPoint& global);
+  void bringChoiceInSight();
+  [[nodiscard]] int columns() const;
+  [[nodiscard]] int wider() const;
+  [[nodiscard]] int tileHeight() const;
   [[nodiscard]] QRect tileRect(int index) const;
   [[nodiscard]] QRect starRect(int index) const;
   [[nodiscard]] int tileAt(const QPoint& at) const;

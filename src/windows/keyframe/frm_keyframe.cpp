@@ -17,13 +17,14 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSlider>
 
 namespace kvo {
 namespace {
 
 constexpr QSize kKeyframeWindow(760, 500);
-constexpr int kFromEdge = 16;
+constexpr int kTitleOfWindow = 28;  // that a desktop puts above it
 constexpr QRect kListCard(16, 166, 232, 318);
 constexpr QRect kControlsCard(260, 166, 484, 318);
 constexpr int kControlsLeft = 274;
@@ -202,6 +203,7 @@ void FrmKeyframe::drawControls() {
 }
 
 void FrmKeyframe::draw(QWidget* owner) {
+  if (!state_.visible) isPlaced_ = false;
   if (!state_.visible || owner == nullptr) return hide();
   setTextOf(*clipName_, shown(state_.clipName));
   setTextOf(*effectName_, told(state_.effectName));
@@ -220,12 +222,23 @@ void FrmKeyframe::draw(QWidget* owner) {
   if (!isVisible()) appear(*owner);
 }
 
-// Low at the left, where the picture is in sight and the effects are not needed.
+// Beside the editor where the screen has room for it, else low at the left, where the effects are that are
+// not needed now: the picture is to be in sight.
 void FrmKeyframe::appear(QWidget& owner) {
-  showOverOwner(*this, owner);
-  const auto place = owner.frameGeometry();
-  const int low = place.bottom() - themed(kFromEdge) - height();
-  move(place.left() + themed(kFromEdge), std::max(y(), low));
+  if (isPlaced_) {
+    show();  // where it was
+  } else {
+    showOverOwner(*this, owner);
+    const auto editor = owner.frameGeometry();
+    const auto screen = owner.screen()->availableGeometry();
+    const int title = themed(kTitleOfWindow);
+    const int low = screen.bottom() - height() - title;
+    const bool hasRight = screen.right() - editor.right() >= width();
+    const bool hasLeft = editor.left() - screen.left() >= width();
+    const int left = hasRight ? editor.right() + 1 : hasLeft ? editor.left() - width() : screen.left();
+    move(left, hasRight || hasLeft ? std::min(editor.top(), low) : low);
+  }
+  isPlaced_ = true;
   activateWindow();
   list_->setFocus(Qt::OtherFocusReason);
 }

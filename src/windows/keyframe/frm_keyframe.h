@@ -68,6 +68,7 @@ class FrmKeyframe final : public EditorPage {
   std::array<QLabel*, kKeyframeColours> colourNames_{};
   QLabel* colourNote_ = nullptr;
   std::vector<std::string> drawnColours_;
+  bool isPlaced_ = false;  // since it was opened
 };
 
 }  // namespace kvo

@@ -8,6 +8,7 @@
 #include "windows/render/fact_rows.h"
 #include "windows/render/kind_row.h"
 #include "windows/render/picture_pane.h"
+#include "windows/render/queue_panel.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -22,6 +23,9 @@ namespace {
 
 constexpr int kKindGap = 8;
 constexpr int kKindColumn = 330;  // with its bar
+constexpr QRect kProfileList{350, 38, 380, 235};
+constexpr QRect kProfileTold{350, 283, 380, 88};
+constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
 constexpr FactRows::Form kOptionFacts{208, 20, 0};
 
 // A row of the list without its blanks and its number.
@@ -69,14 +73,14 @@ void OptionsPage::makeProfiles() {
   listCaption_ = write(tr("Profile"), "caption", {350, 16, 200, 18});
   sizeCaption_ = write(tr("Picture size"), "hint", {600, 16, 116, 18});
   sizeCaption_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  Lst_WMVFormats_ = put(made<PageList>(tr("Profile"), QString(), std::span<const char* const>(), this),
-                        {350, 38, 380, 235});
+  Lst_WMVFormats_ =
+      put(made<PageList>(tr("Profile"), QString(), std::span<const char* const>(), this), kProfileList);
   Lst_WMVFormats_->trailing = [this](int index) {
     const auto row = static_cast<std::size_t>(index);
     return row < state_.Lst_WMVFormats.size() ? sizeOf(state_.Lst_WMVFormats[row]) : QString();
   };
   Lst_WMVFormats_->chosen = [this](int row) { acts_.chooseProfile(row); };
-  tellPlate_ = put(made<QFrame>(this), {350, 283, 380, 88});
+  tellPlate_ = put(made<QFrame>(this), kProfileTold);
   tellPlate_->setProperty("role", "list");
   description_ = write({}, "field", {362, 288, 356, 52});
   description_->setWordWrap(true);
@@ -92,12 +96,17 @@ void OptionsPage::makeProfiles() {
 void OptionsPage::makeSummary() {
   write(tr("Your movie"), "caption", {750, 16, 208, 18});
   facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160});
-  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), {750, 206, 208, 90});
-  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 306, 208, 40});
+  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), {750, 206, 208, 62});
+  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 276, 208, 40});
   KVOBut_WriteMovie_->setProperty("kind", "primary");
   KVOBut_WriteMovie_->setProperty("large", true);
   KVOBut_WriteMovie_->setToolTip(tr("Choose a name, and make the movie"));
   connect(KVOBut_WriteMovie_, &QPushButton::clicked, [this] { acts_.write(); });
+  KVOBut_AddToQueue_ = put(made<QPushButton>(tr("Add to Queue"), this), {750, 320, 208, 28});
+  KVOBut_AddToQueue_->setToolTip(tr("Choose a name, and have the movie made in the background"));
+  connect(KVOBut_AddToQueue_, &QPushButton::clicked, [this] { acts_.addToQueue(); });
+  queue_ = put(made<QueuePanel>(state_, acts_, this), kQueuePlace);
+  queue_->hide();
   auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 208, 26});
   back->setProperty("kind", "quiet");
   back->setToolTip(tr("Back to editing") + " (Esc)");
@@ -122,8 +131,23 @@ void OptionsPage::draw() {
     if (row->kind() == state_.kind) row->setChecked(true);
   }
   drawProfiles();
+  drawQueue();
   facts_->draw(state_.facts);
   pane_->draw(picture_(0));
+}
+
+// While there is a queue the list of profiles is shorter, and what is told of one stands higher.
+void OptionsPage::drawQueue() {
+  const bool isThere = !state_.Lst_Queue.empty();
+  if (isThere == queue_->isHidden()) {
+    const int up = isThere ? kProfileTold.bottom() - kQueuePlace.top() + 9 : 0;
+    put(Lst_WMVFormats_, kProfileList.adjusted(0, 0, 0, -up));
+    put(tellPlate_, kProfileTold.translated(0, -up));
+    put(description_, QRect{362, 288, 356, 52}.translated(0, -up));
+    put(Chk_UseCodecOutputDimensions_, QRect{358, 343, 364, 24}.translated(0, -up));
+    queue_->setVisible(isThere);
+  }
+  queue_->draw();
 }
 
 void OptionsPage::drawProfiles() {

@@ -19,6 +19,7 @@ class FactRows;
 class KindRow;
 class PageList;
 class PicturePane;
+class QueuePanel;
 
 class OptionsPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::OptionsPage)
@@ -40,6 +41,7 @@ class OptionsPage final : public EditorPage {
   void makeProfiles();
   void makeSummary();
   void drawProfiles();
+  void drawQueue();
   void layOutKinds();
 
   const RenderState& state_;
@@ -57,6 +59,8 @@ class OptionsPage final : public EditorPage {
   FactRows* facts_ = nullptr;
   PicturePane* pane_ = nullptr;
   QPushButton* KVOBut_WriteMovie_ = nullptr;
+  QPushButton* KVOBut_AddToQueue_ = nullptr;
+  QueuePanel* queue_ = nullptr;
 };
 
 }  // namespace kvo

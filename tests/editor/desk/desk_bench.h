@@ -4,8 +4,10 @@
 #include "editor/desk/editor_desk.h"
 #include "support/program_bench.h"
 
+#include <cmath>
 #include <mutex>
 #include <optional>
+#include <sstream>
 #include <string>
 
 namespace kvo::test {
@@ -20,6 +22,12 @@ struct NotedPreview : DeskPreview {
   void sample(Sample /*what*/, int clipNo) override { asked += "sample" + std::to_string(clipNo) + " "; }
   [[nodiscard]] bool isPlaying() const override { return plays; }
   void movieIsStale() override {}
+  void standAt(double seconds) override { at = seconds; }
+  void showClip() override {
+    if (does != nullptr) *does += "leave ";
+  }
+  double at = -1;
+  std::string* does = nullptr;
 };
 
 /// Streams that can be kept waiting for.
@@ -83,6 +91,20 @@ struct DeskBench : ProgramBench {
             .PlayerGetFileName = [this] { return inPlayer; },
             .pausePlaying = note("halt"),
             .place = [this] { return place; },
+            .pictureAt = [this](double seconds) -> std::optional<PlayerPlace> {
+              if (!place) return std::nullopt;
+              return PlayerPlace{seconds, static_cast<Long>(std::lround(seconds * 25))};
+            },
+            .standPlayer =
+                [this](double seconds) {
+                  told += "to" + ShortText(seconds) + " ";
+                  if (place) place = PlayerPlace{seconds, static_cast<Long>(std::lround(seconds * 25))};
+                },
+            .stepPlayer =
+                [this](int pictures) {
+                  const double to = place->seconds + pictures / 25.0;
+                  place = PlayerPlace{to, static_cast<Long>(std::lround(to * 25))};
+                },
             .SetMarkIn = note("markIn"),
             .SetMarkOut = note("markOut"),
             .resetMark = [this](bool in) { told += in ? "resetIn " : "resetOut "; },
@@ -114,6 +136,18 @@ struct DeskBench : ProgramBench {
   std::string changed(Integer code) {
     settings.state.ObjectChange = code;
     return tick();
+  }
+
+  /// What is told of clips and places: "load2 to4 leave".
+  [[nodiscard]] std::string moves() const {
+    std::string all;
+    for (std::istringstream words(told); words;) {
+      std::string word;
+      words >> word;
+      for (const auto* of : {"load", "to", "leave", "mark"})
+        if (word.starts_with(of)) all += word + " ";
+    }
+    return all;
   }
 
   std::string told;

@@ -119,21 +119,23 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
     const char* film;  // what is told, or a step of the history
     const char* still;
   };
-  const Row rows[] = {{ClipKey::SetIN, "markIn ", ""},
-                      {ClipKey::SetOUT, "markOut ", ""},
-                      {ClipKey::ResetIN, "slider resetIn ", ""},
-                      {ClipKey::ResetOUT, "slider resetOut ", ""},
-                      {ClipKey::Split, "load2 Undo split film1.avi", ""},
-                      {ClipKey::Copy, "load2 Undo copy film1.avi", "load5 Undo copy photo.jpg"},
-                      {ClipKey::CopyEnd, "load2 Undo copy film1.avi", ""},
-                      {ClipKey::Equi, "load2 Undo copy film1.avi", ""},
-                      {ClipKey::Trimmer, "stop trimmer ", ""},
-                      {ClipKey::AddSnapShot, "halt ", ""}};
+  const Row rows[] = {{ClipKey::SetIN, "to4 markIn ", ""},
+                      {ClipKey::SetOUT, "to4 markOut ", ""},
+                      {ClipKey::ResetIN, "to4 slider resetIn ", ""},
+                      {ClipKey::ResetOUT, "to4 slider resetOut ", ""},
+                      {ClipKey::Split, "to4 to4 load2 Undo split film1.avi", ""},
+                      {ClipKey::Copy, "to4 load2 Undo copy film1.avi", "load5 Undo copy photo.jpg"},
+                      {ClipKey::CopyEnd, "to4 load2 Undo copy film1.avi", ""},
+                      {ClipKey::Equi, "to4 load2 Undo copy film1.avi", ""},
+                      {ClipKey::Trimmer, "to4 stop trimmer ", ""},
+                      {ClipKey::AddSnapShot, "to4 halt ", ""}};
   for (const auto& row : rows) {
     for (const int clip : {1, 4}) {
       DeskBench b;
       b.open();
       b.list.select(clip);
+      b.desk.follow();
+      if (clip == 1) b.desk.movieStands(4);
       b.told.clear();
       b.desk.press(row.key);
       EXPECT_EQ(b.told + b.window.history.undo, clip == 1 ? row.film : row.still)
@@ -142,10 +144,11 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
   }
   DeskBench b;
   b.open();
+  b.desk.follow();
   b.inPlayer.clear();
   b.told.clear();
   b.desk.press(ClipKey::ResetIN);
-  EXPECT_EQ(b.told, "slider load1 resetIn ") << "the player was empty";
+  EXPECT_EQ(b.told, "to0 slider load1 resetIn ") << "the player was empty";
   b.place.reset();
   b.desk.ShowClipStats();
   EXPECT_NE(b.state.keys.of(ClipKey::Split), "");
@@ -247,11 +250,12 @@ TEST(EditorDesk, TakesASnapshotAsAClipOfItsOwn) {
   b.streams.all["/v/film1.avi"].width = 2;
   b.streams.all["/v/film1.avi"].height = 2;
   b.open();
+  b.desk.movieStands(4);
   b.told.clear();
   b.desk.press(ClipKey::AddSnapShot);
   ASSERT_TRUE(b.loop.workComesHome());
   const std::string path = "/stills/film1 - f00100 - Still.bmp";
-  EXPECT_EQ(b.told, "halt add" + path + " ahead of 5 ") << "the song stays behind the pictures";
+  EXPECT_EQ(b.told, "load1 to4 halt add" + path + " ahead of 5 ") << "the song stays behind the pictures";
   EXPECT_EQ(b.files.all[path].size(), 54U + 2 * 8) << "rows are filled to four bytes";
   EXPECT_EQ(b.files.all[path].substr(54, 8), std::string("\4\4\4\4\4\4\0\0", 8));
   b.settings.adjust().StillSavePath.clear();

@@ -38,7 +38,7 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
        "123ps"},
       {"remove film2.avi", [](TimelineDesk& desk) { desk.remove(2); }, "13ps"},
       {"copy film2.avi", [](TimelineDesk& desk) { desk.copy(2); }, "1223ps"},
-      {"split film2.avi", [](TimelineDesk& desk) { desk.split(2, 3); }, "1223ps"},
+      {"split film2.avi", [](TimelineDesk& desk) { desk.split(2); }, "1223ps"},
       {"add a.avi",
        [](TimelineDesk& desk) {
          desk.insertFiles({"/v/x.mp3", "/v/a.avi"}, 2);
@@ -47,7 +47,7 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
       {"add 2 clips", [](TimelineDesk& desk) { desk.insertFiles({"/f"}, 2); }, "1ac23psb"},
       {"",
        [](TimelineDesk& desk) {
-         desk.setTransIn({9, 10}), desk.split(9, 1), desk.moveTo(0, 1);
+         desk.setTransIn({9, 10}), desk.split(9), desk.moveTo(0, 1);
        },
        "123ps"},
   };
@@ -56,6 +56,9 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
     for (const auto* name : {"/v/x.mp3", "/v/a.avi", "/f/a.avi", "/f/b.mp3", "/f/c.avi"})
       b.files.all[name] = "x";
     TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
+    b.clip(2).TimeLineStart(Value(8));
+    b.clip(2).TimeLineStop(Value(16));
+    b.desk.movieStands(11);
     row.act(desk);
     std::string names;
     for (int i = 1; i <= b.collection.MovieList.count(); ++i) {

@@ -34,7 +34,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   PreviewBench b;
   b.host.turned = [&](bool on) { EXPECT_EQ(b.state.PreviewPlaying, !on) << "as they tell of it"; };
   b.preview.PrepPreview();
-  EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details park tools-");
+  EXPECT_EQ(b.host.takeNotes(), "sliders park watch- row:1 details halt tools-");
   EXPECT_EQ(b.takeActs(), "clear load play");
   EXPECT_EQ(b.player.documents.back(), b.files.all.at("/prog/KVORender.xtl"));
   EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning);
@@ -53,7 +53,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   b.player.now = PlayState::Ended;
   b.player.frame = 99;
   b.loop.advance(200);
-  EXPECT_EQ(b.host.takeNotes(), "caption details sweep tools+ watch+");
+  EXPECT_EQ(b.host.takeNotes(), "caption details sweep tools+ watch+ at 0");
   EXPECT_EQ(b.takeActs(), "stop") << "back at its first frame";
   EXPECT_FALSE(b.state.PreviewPlaying || b.settings.state.IsPreviewRunning);
   EXPECT_EQ(b.state.Lbl_TimePos, kNoPosition);
@@ -65,10 +65,13 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   EXPECT_EQ(b.takeActs(), "clear load seek:70 play") << "from the place of the bar";
   EXPECT_TRUE(b.state.picture) << "the last one stands until the next is there";
   b.host.takeNotes();
+  b.shows(83);
   b.preview.PrepPreview();
-  EXPECT_FALSE(b.state.picture);
-  EXPECT_EQ(b.host.takeNotes(), "sliders park tools+ watch+ details");
-  EXPECT_EQ(b.takeActs(), "clear");
+  EXPECT_EQ(b.host.takeNotes(), "sliders park tools+ watch+ at 8.3 details at 8.3");
+  EXPECT_EQ(b.takeActs(), "clear load seek:70 seek:83");
+  EXPECT_TRUE(b.state.picture) << "what was seen stands";
+  EXPECT_EQ(b.state.Lbl_TimePos, "00:08.3000");
+  EXPECT_EQ(b.state.FSB_RenderRange.Value, 8.3);
   b.loop.advance(1000);
   EXPECT_EQ(b.host.takeNotes(), "") << "no timer is left running";
 }
@@ -162,6 +165,41 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 3.1) << "the user has it";
 }
 
+// As the desk has it, which tells at each drawing where the playhead is.
+TEST(Preview, WhatStandsOfTheMovieIsAtThePlayhead) {
+  PreviewBench b;
+  b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
+  const auto seen = [&] {
+    return std::string(b.state.kind == PreviewKind::Movie ? "movie " : "clip ") + b.state.Lbl_TimePos + " " +
+           ShortText(b.state.FSB_RenderRange.Value);
+  };
+  struct Row {
+    const char* what;
+    std::function<void()> act;
+    const char* seen;
+  };
+  for (const auto& row :
+       {Row{"the ruler", [&] { b.preview.showAt(4); }, "movie 00:04.0000 4"},
+        Row{"the bar", [&] { b.preview.moveRange(6.5); }, "movie 00:06.5000 6.5"},
+        Row{"a step", [&] { b.preview.PreviewtransPort(Key::StepForward); }, "movie 00:06.6000 6.6"},
+        Row{"an edit", [&] { b.preview.movieIsStale(); }, "clip 00:06.6000 6.6"},
+        Row{"a step behind it", [&] { b.preview.PreviewtransPort(Key::StepBack); }, "movie 00:06.5000 6.5"},
+        Row{"it has been played", [&] { b.preview.playOrPauseMovie(), b.shows(72), b.preview.PrepPreview(); },
+            "movie 00:07.2000 7.2"},
+        Row{"another clip", [&] { b.host.playhead = 2; }, "clip 00:02.0000 2"},
+        Row{"the wheel", [&] { b.preview.showAt(5), b.preview.showClip(); }, "clip 00:05.0000 5"},
+        Row{"a sample", [&] { b.preview.sample(Sample::Effect, 1), b.preview.showClip(); },
+            "clip 00:05.0000 5"}}) {
+    row.act();
+    b.host.previewChanged();
+    EXPECT_EQ(seen(), row.seen) << row.what;
+    EXPECT_EQ(b.state.Lbl_TotDur, "00:10.0000") << row.what;
+  }
+  b.collection.MovieList[2].TimeLineStop(Value(9));
+  b.preview.takeTimes();
+  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 9})) << "a clip has been trimmed";
+}
+
 TEST(Preview, APictureMayComeAheadOfThePlayersOwnPlace) {
   PreviewBench b;
   b.preview.showAt(6);
@@ -180,7 +218,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   b.state.FSB_RenderRange = {10, 6};
   b.preview.sample(Sample::Effect, 1);
   EXPECT_EQ(b.takeActs(), "load play") << "at once";
-  EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1));
+  EXPECT_EQ(b.player.documents.back(), PreviewEffect(b.editing, 1, SampleSize::Shown));
   EXPECT_TRUE(b.settings.state.IsPreviewRunning);
   b.shows(12);
   for (int value = 1; value <= 20; ++value) {  // a slider that is dragged
@@ -195,7 +233,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.takeActs().substr(0, 17), "load seek:12 play") << "goes on where it was";
   EXPECT_FALSE(b.files.all.contains("/prog/KVOSamp.xtl"));
   b.loop.advance(250);
-  EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], b.player.documents.back());
+  EXPECT_EQ(b.files.all["/prog/KVOSamp.xtl"], PreviewEffect(b.editing, 1));
   b.takeActs();
 
   b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 12}));
@@ -205,13 +243,14 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
     const char* title;
     std::string document;
   };
-  for (const auto& row :
-       {Row{Sample::Transition, PreviewKind::Transition, "beach.avi -->  The hills",
-            Previewtransition(b.editing, 2)},
-        Row{Sample::Colour, PreviewKind::Colour, "The hills", PreviewColourAdjust(b.editing, 2)},
-        Row{Sample::Keyframe, PreviewKind::Keyframe, "The hills", PreviewEffect(b.editing, 2)},
-        Row{Sample::PictureInPicture, PreviewKind::PictureInPicture, "The hills",
-            CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})}}) {
+  for (const auto& row : {Row{Sample::Transition, PreviewKind::Transition, "beach.avi -->  The hills",
+                              Previewtransition(b.editing, 2, SampleSize::Shown)},
+                          Row{Sample::Colour, PreviewKind::Colour, "The hills",
+                              PreviewColourAdjust(b.editing, 2, SampleSize::Shown)},
+                          Row{Sample::Keyframe, PreviewKind::Keyframe, "The hills",
+                              PreviewEffect(b.editing, 2, SampleSize::Shown)},
+                          Row{Sample::PictureInPicture, PreviewKind::PictureInPicture, "The hills",
+                              CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})}}) {
     b.preview.sample(row.what, 2);
     b.loop.advance(60);
     EXPECT_EQ(b.takeActs(), "load play") << row.title << " in place of the one before, from its start";
@@ -241,7 +280,7 @@ TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   EXPECT_EQ(b.state.FSB_RenderRange.Value, 6) << "the bar of the movie is where it was";
   b.host.takeNotes();
   b.preview.sample(Sample::Colour, 1);
-  EXPECT_EQ(b.host.takeNotes(), "tools+ watch+ details park") << "and so does a movie";
+  EXPECT_EQ(b.host.takeNotes(), "tools+ watch+ at 6 details halt") << "and so does a movie";
   for (const int missing : {0, 3}) b.preview.sample(Sample::Effect, missing);
   b.preview.KillPreview();
   b.takeActs();
@@ -277,7 +316,7 @@ TEST(Preview, WhatCannotBeShownIsTold) {
   b.loop.advance(100);
   EXPECT_EQ(b.state.failure, "cannot open /v/beach.avi");
   EXPECT_EQ(b.log.texts().back(), b.state.failure);
-  EXPECT_EQ(b.host.takeNotes(), "tools+ watch+ details");
+  EXPECT_EQ(b.host.takeNotes(), "tools+ watch+ at 0 details");
   EXPECT_FALSE(b.state.PreviewPlaying);
 
   b.player.refuses = true;
@@ -292,7 +331,7 @@ TEST(Preview, WhatCannotBeShownIsTold) {
   b.files.failedReplaces = 1;
   b.preview.PrepPreview();
   EXPECT_NE(b.state.failure, "");
-  EXPECT_TRUE(b.host.takeNotes().ends_with("watch+"));
+  EXPECT_TRUE(b.host.takeNotes().ends_with("watch+ at 0"));
 
   b.host.free = false;
   b.preview.KillPreview();

@@ -17,7 +17,10 @@ struct StandingBench : test::Bench {
     collection.icurMov = 1;
     settle();
   }
-  void settle() { standing.settle(collection, keyframesOpen); }
+  void settle() {
+    const auto& clip = collection.MovieList[collection.icurMov];
+    standing.settle(collection, keyframesOpen, clip.LoopStart().number() + past, form);
+  }
   /// The second that is shown, -1 for none, once what is on its way is there.
   int shown() {
     settle();
@@ -29,6 +32,8 @@ struct StandingBench : test::Bench {
   test::VirtualLoop loop;
   PreviewState state;
   bool keyframesOpen = false;
+  SampleForm form{64, 48};
+  double past = 0;  // seconds behind Mark-In
   StandingPicture standing{state, streams, loop, [] {}};
 };
 
@@ -36,13 +41,23 @@ TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
   StandingBench b;
   EXPECT_EQ(b.seen(), -1) << "on its way";
   EXPECT_EQ(b.shown(), 3);
+  EXPECT_EQ(b.state.title, "beach.avi");
   b.collection.icurMov = 2;
+  b.settle();
+  EXPECT_EQ(b.seen(), 3) << "it stands until the next is there";
   EXPECT_EQ(b.shown(), 7);
-  b.collection.MovieList[2].LoopStart(Value(8));
-  EXPECT_EQ(b.shown(), 8) << "its mark has been moved";
+  b.past = 1;
+  EXPECT_EQ(b.shown(), 8) << "the playhead has gone on";
+  b.form = {96, 54};
+  b.shown();
+  EXPECT_EQ(b.state.picture->width, 96) << "the movie has another shape";
+  b.collection.MovieList[2].IsStill(true);
+  EXPECT_EQ(b.shown(), 0) << "a still has one picture";
+  b.past = 0;
   b.collection.icurMov = 3;
   b.settle();
   EXPECT_EQ(b.seen(), -1) << "sound is not seen";
+  EXPECT_EQ(b.state.title, "song.mp3") << "but told";
   b.state.failure = "no such file";
   b.collection.icurMov = 1;
   b.settle();

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kDark = 60;
 constexpr int kBright = 200;
+using QuietSize = std::pair<Integer, Integer>;
 
 FramePicture grey(int value) {
   const auto byte = static_cast<std::uint8_t>(value);
@@ -57,23 +58,24 @@ TEST(EffectPainter, PaintsEveryEffectOnOffer) {
   }
   const EffectsTable effects;
   for (int number = 1; number <= 42; ++number) {
-    const auto paint = prepareEffect(std::to_string(number), effects);
+    const auto paint =
+        prepareEffect(std::to_string(number), effects, kEffectSampleWidth, kEffectSampleHeight);
     ASSERT_TRUE(paint) << number << ": " << paint.error().text;
     const auto* slot = effects.slot(number - 8);
     const bool shows = slot == nullptr || slot->Transparency != "0";
     EXPECT_EQ((*paint)(picture, 0.5).bgr != bytesOf(pictureOf(picture)).bgr, shows) << number;
   }
-  for (const auto* none : {"0", "47", "Mirror"}) EXPECT_FALSE(prepareEffect(none, effects)) << none;
+  for (const auto* none : {"0", "47", "Mirror"}) EXPECT_FALSE(prepareEffect(none, effects, 32, 18)) << none;
 }
 
 // Every file is grey, by the length of its name.
 class GreyFiles final : public MediaContents {
  public:
   Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
-  Result<FramePicture> frame(const std::string& path, double /*seconds*/, int /*width*/,
-                             int /*height*/) override {
+  Result<FramePicture> frame(const std::string& path, double /*seconds*/, int width, int height) override {
+    const auto byte = static_cast<std::uint8_t>(path.size() * 10);
     return path == "/v/gone.avi" ? Result<FramePicture>(Error{path})
-                                 : grey(static_cast<int>(path.size()) * 10);
+                                 : plainPicture(width, height, byte, byte, byte);
   }
 };
 
@@ -81,7 +83,8 @@ class SamplesBench {
  public:
   GreyFiles files;
   Collection collection;
-  EngineSamples samples{transitionArt(collection), files, [this] {
+  KVO2 settings;
+  EngineSamples samples{transitionArt(collection, settings), files, [this] {
                           const std::lock_guard lock(mutex_);
                           ++come_;
                           heard_.notify_all();
@@ -139,7 +142,8 @@ TEST(MovingSamples, AnEffectIsSeenOnAStretchOfTheClipInHand) {
   add("c.jpg", 0, 7).IsStill(true);
   add("d.mp3", 0, 7);
   const EffectsTable effects;
-  const auto art = effectArt(collection, effects);
+  KVO2 settings;
+  const auto art = effectArt(collection, settings, effects);
   for (const auto& [clip, places, first, last] : {std::tuple{1, 12U, 1.0, 1.0 + 2.0 * 11 / 12},
                                                   {2, 12U, 5.5, 5.5 + 0.5 * 11 / 12},
                                                   {3, 1U, 0.0, 0.0}}) {
@@ -150,7 +154,21 @@ TEST(MovingSamples, AnEffectIsSeenOnAStretchOfTheClipInHand) {
     EXPECT_NEAR(seen.back().seconds, last, 1e-9) << clip;
   }
   collection.icurMov = 4;
-  EXPECT_EQ(art.places(), SamplePlaces(1)) << "sound has no picture";
+  ASSERT_EQ(art.places().size(), 1U);
+  EXPECT_EQ(art.places().front().path, "") << "sound has no picture";
+}
+
+TEST(MovingSamples, HaveTheShapeOfTheMovie) {
+  SamplesBench b;
+  for (const auto& [movie, sample] : {std::pair(QuietSize{640, 480}, QuietSize{120, 90}),
+                                      {{1920, 1080}, {150, 84}},
+                                      {{480, 640}, {68, 90}}}) {
+    b.settings.adjust().RenderWidth = movie.first;
+    b.settings.adjust().RenderHeight = movie.second;
+    const auto picture = b.wait("Barn");
+    ASSERT_NE(picture, nullptr) << movie.first;
+    EXPECT_EQ(QuietSize(picture->width, picture->height), sample);
+  }
 }
 
 TEST(MovingSamples, AFileThatIsGoneIsAPlainColour) {

@@ -2,7 +2,6 @@
 #include "editor/compiler/picture_in_picture.h"
 #include "editor/tabs/audio_fades.h"
 #include "editor/tabs/effect_panel.h"
-#include "editor/tabs/keyframe_edits.h"
 #include "editor/tabs/operations.h"
 #include "editor/tabs/preview.h"
 #include "editor/tabs/preview_params.h"
@@ -19,7 +18,7 @@ namespace {
 using test::Bench;
 using test::holds;
 
-TEST(PicInPic, TwentyOneDigitsGoInAndOut) {
+TEST(PicInPic, ItsDigitsGoInAndOut) {
   EXPECT_EQ(picInPicText({12, OverlayStyle::Radial, 8, 75, 1500, 20, true}), "012208075015000002001");
   EXPECT_EQ(picInPicText(*readPicInPic("012208075015000002001")), "012208075015000002001");
   EXPECT_EQ(picInPicText({}), "");
@@ -161,6 +160,27 @@ TEST(Samples, ShowATransitionInItsFourCases) {
   EXPECT_EQ(PreviewEffect(b.editing, 0), "");
 }
 
+// What is played of a sample, whatever the size of its document that is kept.
+TEST(Samples, AreShownInTheShapeOfTheMovie) {
+  for (const auto& [width, height, tag] : {std::tuple{640, 480, "width=\"480\" height=\"360\""},
+                                           {1920, 1080, "width=\"480\" height=\"270\""},
+                                           {176, 144, "width=\"176\" height=\"144\""}}) {
+    Bench b;
+    b.addVideo("a.avi", 0, 9);
+    b.addVideo("b.avi", 2, 6);
+    b.settings.adjust().RenderWidth = static_cast<Integer>(width);
+    b.settings.adjust().RenderHeight = static_cast<Integer>(height);
+    b.editor.controls.Opt_Preset = false;
+    b.editor.controls.txtWidth = width;
+    b.editor.controls.txtHeight = height;
+    for (const auto& text :
+         {Previewtransition(b.editing, 2, SampleSize::Shown), PreviewEffect(b.editing, 2, SampleSize::Shown),
+          PreviewColourAdjust(b.editing, 2, SampleSize::Shown),
+          CreatePinPPreview(b.editing, 2, {.preview = true, .inShape = true})})
+      EXPECT_TRUE(holds(text, tag)) << text;
+  }
+}
+
 TEST(Preview, CompilesReducedByItsPower) {
   Bench b;
   b.addVideo("a.avi", 0, 5).EffectWord("1");
@@ -213,32 +233,9 @@ TEST(Preview, TellsItsLengths) {
   EXPECT_EQ(powerCaption(7), "70% CPU - Preview Performance \\ CPU Power Required");
 }
 
-TEST(EffectPanel, SwitchesHaveTheirConsequences) {
+TEST(EffectPanel, TellsItsEaseAndKnowsItsClasses) {
   Bench b;
   auto& clip = b.addVideo("a.avi", 0, 5);
-  clip.KeyID(7);
-  b.collection.icurMov = 1;
-  auto controls = DecodeStaticClipEffectWord(b.editing, 1);
-  EXPECT_FALSE(controls.switches.any());
-  // Blur, motion blur, film age, and ColoredPencil, which is row 8: the levels they are given, and keyframes.
-  for (const int position : {43, 44, 45, 14}) switchEffect(b.editing, controls, position, true);
-  EXPECT_EQ(clip.BlurInt(), 4);
-  EXPECT_EQ(clip.AgeIntensity(), 35);
-  ASSERT_EQ(b.collection.KeyframeList.count(), 2);
-  EXPECT_EQ(b.collection.KeyframeList[1].EffectNo, kMotionBlurEffect);
-  EXPECT_EQ(b.collection.KeyframeList[1].Param[1].text(), "20");
-  EXPECT_EQ(b.settings.state.KeyframeEffectNo, 8);
-  EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 1);
-  EXPECT_TRUE(EffectWord(clip.EffectWord()).isOn(14));
-  for (const int position : {14, 43, 44, 45}) switchEffect(b.editing, controls, position, false);
-  EXPECT_EQ(clip.EffectWord(), "");
-  EXPECT_EQ(b.collection.KeyframeList.count(), 0) << "gone for good";
-
-  EXPECT_FALSE(configureEffect(b.editing, 3));
-  EXPECT_EQ(b.boxes.shown.back().caption, "KVO - No Configurable Options");
-  EXPECT_TRUE(configureEffect(b.editing, 43));
-  EXPECT_EQ(b.settings.state.KeyframeEffectNo, kBlurEffect);
-
   applyEaseDefaultIn(clip);
   EXPECT_EQ(SetEaseSliderHeadings(clip),
             (std::vector<std::string>{"Ease Progress speed - Log(n) - 0.0", "Motion Speed - 1.0",

@@ -99,8 +99,8 @@ struct TimelineBench : Bench, TimelineActs {
     note("copy " + std::to_string(clip));
     return whyNot;
   }
-  std::string split(int clip, double seconds) override {
-    note("split " + std::to_string(clip) + " " + FormatMask(seconds, "0.00"));
+  std::string split(int clip) override {
+    note("split " + std::to_string(clip));
     return whyNot;
   }
   void openTab(int tab, int clip) override {

@@ -1,4 +1,5 @@
 // What the hand does on the timeline, and what it is told.
+#include "editor/compiler/picture_in_picture.h"
 #include "editor/timeline/timeline_bench.h"
 
 #include <functional>
@@ -134,9 +135,14 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   keyframe.ClipName = 7;
   keyframe.Time = Value(2);
   b.collection.KeyframeList.add(keyframe);
+  b.collection.MovieList[2].Gamma(3);
+  b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
   b.show();
   const auto seen = clipsInSight(b.state.blocks, b.state.sight).at(1);
-  EXPECT_EQ(twice({seen.keyframes.x + 1, kTitle}), Told{"tab 4 2"});
+  for (const auto& [badge, tab] : {std::pair(TimelineBadge::Keyframes, "tab 4 2"),
+                                   {TimelineBadge::Colours, "tab 6 2"},
+                                   {TimelineBadge::Overlay, "tab 7 2"}})
+    EXPECT_EQ(twice({seen.badges[static_cast<std::size_t>(badge)].x + 1, kTitle}), Told{tab});
   EXPECT_EQ(twice({seen.wedge.right(), kTitle}), Told{"tab 3 2"});
   b.told.clear();
   b.drag(b.at(12.4, kPictures), b.at(10, kPictures));
@@ -146,6 +152,11 @@ TEST(TimelineHand, ClicksOpenWhatTheySeeAndEscapeGivesUp) {
   EXPECT_EQ(b.collection.MovieList[2].LoopEnd().text(), "10.4");
   b.state.onlyShows = true;
   EXPECT_EQ(click(15, kPictures), Told{});
+  EXPECT_EQ(click(15, kRuler), Told{"seek 15"}) << "the preview goes on from there";
+  b.told.clear();
+  b.hand.press(b.at(15, kRuler), {.shift = true});
+  b.hand.release();
+  EXPECT_EQ(b.told, Told{}) << "no range";
 }
 
 TEST(TimelineHand, EdgesSnapUnlessAltIsHeld) {
@@ -188,7 +199,7 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   EXPECT_EQ(keys({Before}, {.control = true}), Told{});
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "Nothing lies ahead of the first clip");
   b.hand.stand(2.5, false);
-  EXPECT_EQ(keys({Open, Copy, Remove, Split}), (Told{"trimmer 1", "copy 1", "remove 1", "split 1 2.50"}));
+  EXPECT_EQ(keys({Open, Copy, Remove, Split}), (Told{"trimmer 1", "copy 1", "remove 1", "split 1"}));
   b.hand.stand(100, false);
   EXPECT_EQ(keys({Split}), Told{});
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");

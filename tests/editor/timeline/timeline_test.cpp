@@ -1,4 +1,5 @@
 // Where the blocks of a movie lie, what is in sight of them, and what lies under a point.
+#include "editor/compiler/picture_in_picture.h"
 #include "editor/timeline/timeline_bench.h"
 
 #include <random>
@@ -47,13 +48,19 @@ TEST(TimelineBlocks, AreSpokenOf) {
   b.holiday();
   b.collection.MovieList[3].KeyID(7);
   b.collection.KeyframeList.add({}).ClipName = 7;
+  b.collection.MovieList[3].Sepia(true);
+  b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2}));
   b.show();
-  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds") << "nothing moves";
+  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, colors set")
+      << "nothing moves";
   auto& second = b.collection.KeyframeList.add({});
   second.ClipName = 7;
   second.Time = Value(2);
   b.show();
-  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes");
+  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false),
+            "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes, colors set");
+  EXPECT_EQ(spokenName(*b.state.blocks.of(1), false),
+            "Clip 1, opening.mp4, 6.0 seconds, a clip laid over it");
   EXPECT_EQ(spokenName(*b.state.blocks.of(2), false),
             "Clip 2, lake.mpg, 8.4 seconds, Dissolve over 2.0 seconds, 2 effects");
   EXPECT_EQ(spokenName(*b.state.blocks.of(4), true),

@@ -1,0 +1,95 @@
+// Where the user is in the movie, and what follows.
+#include "editor/desk/desk_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+using test::DeskBench;
+
+// The second film plays twice as fast: the clips begin at 0, 8, 12 and 20 s of the movie.
+TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
+  struct Row {
+    const char* what;
+    void (*act)(DeskBench&);
+    int clip;  // in hand
+    double inMovie, inClip;
+    const char* does;  // what is loaded, where the player is sent, what the preview is told
+  };
+  const Row rows[] = {
+      {"the ruler", [](auto& b) { b.desk.movieStands(10); }, 2, 10, 4, "load2 to4 "},
+      {"a drag over it", [](auto& b) { b.desk.movieStands(7), b.desk.movieStands(13); }, 3, 13, 1,
+       "load3 to1 "},
+      {"a still", [](auto& b) { b.desk.movieStands(22); }, 4, 22, 2, "load4 "},
+      {"behind the pictures", [](auto& b) { b.desk.movieStands(28); }, 4, 28, 5, "load4 "},
+      {"a clip is chosen", [](auto& b) { b.list.PreviewMovie(3); }, 3, 12, 0, "load3 to0 "},
+      {"a tab's list", [](auto& b) { b.desk.UpDateFrmFileOpen(2, true); }, 2, 8, 0, "load2 to0 "},
+      {"it lies at the playhead",
+       [](auto& b) {
+         b.desk.movieStands(10), b.list.select(1), b.desk.follow(), b.desk.movieStands(9),
+             b.list.PreviewMovie(2);
+       },
+       2, 9, 2, "load2 load2 to2 "},
+      {"the wheel", [](auto& b) { b.desk.jog(50); }, 1, 2, 2, "to0 leave "},
+      {"the wheel in a fast clip", [](auto& b) { b.desk.movieStands(10), b.desk.jog(-50); }, 2, 9, 2,
+       "load2 to4 leave "},
+      {"the wheel in a still", [](auto& b) { b.list.PreviewMovie(4), b.desk.jog(50); }, 4, 22, 2,
+       "load4 leave "},
+      {"a mark",
+       [](auto& b) {
+         b.desk.movieStands(6), b.desk.edit("Mark-In", 1, 96, [&] { b.clip(1).LoopStart(Value(2)); });
+       },
+       1, 4, 6, "to6 "},
+      {"a key", [](auto& b) { b.desk.movieStands(10), b.desk.press(ClipKey::SetIN); }, 2, 10, 4,
+       "load2 to4 markIn to4 "},
+      {"the positioner",
+       [](auto& b) {
+         b.window.positions.positioner.visible = true, b.place = PlayerPlace{5, 125};
+       },
+       1, 5, 5, "leave "},
+      {"the movie plays", [](auto& b) { b.preview.plays = true, b.desk.selectRow(3), b.desk.jog(5); }, 3, 0,
+       0, ""},
+      {"the movie is about to play",
+       [](auto& b) { b.desk.movieStands(10), b.desk.follow(), b.desk.selectRow(1); }, 1, 10, 4, ""},
+      {"no clip", [](auto& b) { b.desk.movieStands(10), b.collection.clearLists(), b.list.fill(); }, 0, 0, 0,
+       ""},
+  };
+  for (const auto& row : rows) {
+    DeskBench b;
+    b.clip(2).Playspeed(20);
+    b.open();
+    b.desk.follow();
+    b.tick();
+    b.told.clear();
+    b.preview.does = &b.told;
+    row.act(b);
+    for (int i = 0; i < 2; ++i) {
+      b.desk.follow();
+      b.loop.advance(200);
+    }
+    b.desk.follow();
+    EXPECT_EQ(b.collection.icurMov, row.clip) << row.what;
+    EXPECT_NEAR(b.desk.playhead().inMovie(), row.inMovie, 1e-6) << row.what;
+    EXPECT_NEAR(b.desk.playhead().inClip(), row.inClip, 1e-6) << row.what;
+    EXPECT_EQ(b.moves(), row.does) << row.what;
+    EXPECT_TRUE(b.preview.plays || b.preview.at == b.desk.playhead().inMovie()) << row.what;
+  }
+}
+
+TEST(Playhead, AnotherClipBelowItLeavesThePictureAlone) {
+  DeskBench b;
+  b.open();
+  b.desk.Buildtabs(7);
+  b.preview.asked.clear();
+  b.desk.movieStands(10);
+  EXPECT_EQ(b.state.stats.lbl_ClipStats, "Cut 2 Details") << "at once";
+  EXPECT_NE(b.tick().find("anew7"), std::string::npos);
+  EXPECT_EQ(b.preview.asked, "");
+  b.list.PreviewMovie(3);
+  b.tick();
+  EXPECT_EQ(b.preview.asked, "kill ") << "it has been chosen";
+}
+
+}  // namespace
+}  // namespace kvo
