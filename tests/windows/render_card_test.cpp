@@ -37,8 +37,9 @@ struct CardBench {
     state.filmLength = 40;
     card = std::make_unique<RenderCard>(
         state,
-        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("pair"),
-                   note("abort"), note("view"), note("leave")},
+        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("queue"),
+                   number("job"), note("pause"), note("remove"), note("pair"), note("abort"), note("view"),
+                   note("leave")},
         [](int clip) {
           QImage image(160, 90, QImage::Format_RGB32);
           image.fill(QColor::fromHsv(clip * 80, 160, 200));
