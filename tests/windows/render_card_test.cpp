@@ -28,6 +28,7 @@ struct CardBench {
     const auto number = [this](const char* what) {
       return [this, what](auto value) { asked += what + std::to_string(static_cast<int>(value)) + " "; };
     };
+    state.kind = OutputKind::Wmv;
     state.Lst_WMVFormats = PopulateWMVProfileOpts(false);
     state.profileRow = 25;
     state.codecSize = "320 x 240";
@@ -110,7 +111,10 @@ TEST(RenderCard, OffersKindsAndProfiles) {
       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
       << rows;
   EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ")) << b.asked;
-  auto* list = b.card->findChild<PageList*>();
+  PageList* list = nullptr;
+  for (auto* part : b.card->findChildren<QWidget*>())
+    if (part->accessibleName() == "Profile") list = dynamic_cast<PageList*>(part);
+  ASSERT_NE(list, nullptr);
   EXPECT_EQ(list->list().ListIndex(), 25);
   EXPECT_EQ(list->rowName(25).toStdString().substr(0, 36), "WMV8 for Broadband (NTSC, 1400 Kbps)");
   b.asked.clear();
