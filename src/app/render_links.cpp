@@ -48,7 +48,7 @@ RenderLinks::RenderLinks(const Parts& parts)
 
 // Behind the click that asks for it: a movie takes long, and the loop runs meanwhile.
 void RenderLinks::begin(std::function<void()> work) {
-  if (state_.isRunning) return;
+  if (state_.isRunning || parts_.window.busy()) return;
   parts_.loop.post([this, work = std::move(work)] {
     work();
     addMovie();

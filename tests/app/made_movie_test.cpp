@@ -42,11 +42,11 @@ class MadeMovie : public test::Window {
     ASSERT_TRUE(eventually([&] {
       if (!asksForName()) return true;
       press("ctrl+a");
-      type(work_ / "out/movie.wmv");
+      type(work_ / "out/movie.mp4");
       press("Return");
       return soon([] { return !asksForName(); });
     }));
-    ASSERT_TRUE(comes("Creating movie.wmv from Holiday Collection"));
+    ASSERT_TRUE(comes("Creating movie.mp4 from Holiday Collection"));
   }
   void opensEditor() {
     start({work_ / "Holiday.INI"});
@@ -78,9 +78,9 @@ TEST_F(MadeMovie, IsAbortedAndMadeFromTheEditor) {
   begins();
   ASSERT_TRUE(comes("KVO - Movie Successfully Created"));
   press("Return");
-  EXPECT_TRUE(comes("movie.wmv")) << "it plays in the main window";
-  EXPECT_EQ(made(), "movie.wmv ");
-  EXPECT_EQ(test::picturesOf(work_ / "out/movie.wmv", 32, 24).size(), 1500U);
+  EXPECT_TRUE(comes("movie.mp4")) << "it plays in the main window";
+  EXPECT_EQ(made(), "movie.mp4 ");
+  EXPECT_EQ(test::picturesOf(work_ / "out/movie.mp4", 32, 24).size(), 1500U);
 }
 
 TEST_F(MadeMovie, ToldFailedWhenTheEngineIsKilled) {

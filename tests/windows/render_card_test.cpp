@@ -28,6 +28,7 @@ struct CardBench {
     const auto number = [this](const char* what) {
       return [this, what](auto value) { asked += what + std::to_string(static_cast<int>(value)) + " "; };
     };
+    state.kind = OutputKind::Wmv;
     state.Lst_WMVFormats = PopulateWMVProfileOpts(false);
     state.profileRow = 25;
     state.codecSize = "320 x 240";
@@ -37,8 +38,9 @@ struct CardBench {
     state.filmLength = 40;
     card = std::make_unique<RenderCard>(
         state,
-        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("pair"),
-                   note("abort"), note("view"), note("leave")},
+        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("queue"),
+                   number("job"), note("pause"), note("remove"), note("pair"), note("abort"), note("view"),
+                   note("leave")},
         [](int clip) {
           QImage image(160, 90, QImage::Format_RGB32);
           image.fill(QColor::fromHsv(clip * 80, 160, 200));
@@ -104,12 +106,15 @@ TEST(RenderCard, OffersKindsAndProfiles) {
     rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
     QTest::mouseClick(row, Qt::LeftButton);
   }
-  EXPECT_TRUE(
-      rows.starts_with("MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
-                       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
+  EXPECT_TRUE(rows.starts_with(
+      "MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
+      "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
       << rows;
   EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ")) << b.asked;
-  auto* list = b.card->findChild<PageList*>();
+  PageList* list = nullptr;
+  for (auto* part : b.card->findChildren<QWidget*>())
+    if (part->accessibleName() == "Profile") list = dynamic_cast<PageList*>(part);
+  ASSERT_NE(list, nullptr);
   EXPECT_EQ(list->list().ListIndex(), 25);
   EXPECT_EQ(list->rowName(25).toStdString().substr(0, 36), "WMV8 for Broadband (NTSC, 1400 Kbps)");
   b.asked.clear();

@@ -34,12 +34,13 @@ void LongWorkBus::keepAwake(const std::string& why) {
                      if (isHeld_ && reply.isValid())
                        lock_ = std::make_unique<QDBusUnixFileDescriptor>(reply.value());
                    });
-  answer_.reset(answer.release());
+  answer_ = std::move(answer);
 }
 
 void LongWorkBus::letSleep() {
   isHeld_ = false;
   lock_.reset();
+  answer_.reset();
   screenSaver_.inhibit(false);
 }
 

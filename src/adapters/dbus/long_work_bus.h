@@ -23,16 +23,12 @@ class LongWorkBus : public LongWork {
   void tell(const std::string& title, const std::string& text) override;
 
  private:
-  struct Later {  // an answer is let go of while it is heard
-    void operator()(QObject* answer) const { answer->deleteLater(); }
-  };
-
   bool isHeld_ = false;
   // Of the login manager; closed, also by the end of the program, it lets go.
   std::unique_ptr<QDBusUnixFileDescriptor> lock_;
   BusScreenSaver screenSaver_{"A movie is made"};  // a screen that is dark sends many machines to sleep
   QObject home_;                                   // answers come while it lives
-  std::unique_ptr<QObject, Later> answer_;
+  std::unique_ptr<QObject> answer_;                // has the lock as well
 };
 
 }  // namespace kvo
