@@ -164,7 +164,8 @@ Result<MadeFile> makeFile(const Making& making) {
   auto writer = media::MovieWriter::open(*made.target, plan.format, job.output);
   if (!writer) return writer.error();
   const Told told = [&](std::int64_t done, std::int64_t written, std::int64_t kept) {
-    making.teller.pass(done, written, kept, made.target->size());
+    // Some muxers hold back what they have for seconds.
+    making.teller.pass(done, written, kept, std::max(made.target->size(), made.pictureBytes));
   };
   // What a share's writer has begun is never committed: it tells what the encoders are like.
   const auto done = isShare ? makeShare(timeline, plan, *writer, *work, told)
