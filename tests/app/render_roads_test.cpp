@@ -6,6 +6,7 @@
 #include "media/strip_wav.h"
 #include "render/movie_render.h"
 #include "render/wm8_profile.h"
+#include "support/memory_store.h"
 #include "support/real_world.h"
 #include "support/scripted_boxes.h"
 #include "support/scripted_dialogs.h"
@@ -51,6 +52,13 @@ TEST(ProfileFile, SaysTheSameToBoth) {
     EXPECT_FALSE(engine::readProfileFile(replaced(whole, wide(from), wide(to)))) << from;
   }
 }
+
+// A desktop that nobody sits at.
+struct NoDesktop : LongWork {
+  void keepAwake(const std::string& /*why*/) override {}
+  void letSleep() override {}
+  void tell(const std::string& /*title*/, const std::string& /*text*/) override {}
+};
 
 // A host that has nothing to draw on.
 class PlainHost : public RenderHost {
@@ -142,6 +150,8 @@ class RenderRoads : public testing::Test {
   CreateTab create_;
   RenderState state_;
   PlainHost host_{session_.files};
+  test::MemoryStore store_;
+  NoDesktop desktop_;
   MovieRender render_{
       {session_.editing,
        create_,
@@ -149,7 +159,10 @@ class RenderRoads : public testing::Test {
        session_.nameLocks,
        {session_.files, session_.temporaryFolders, session_.processes, loop_, KVO_PROGRAMS "/KVORender"},
        [](const std::string&) { return 1e6; },
-       host_},
+       host_,
+       store_,
+       desktop_,
+       [] { return std::string(); }},
       state_};
   std::string video_;
   std::string sound_;
