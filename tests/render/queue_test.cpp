@@ -152,6 +152,20 @@ TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
   EXPECT_FALSE(q.files.exists("/q/1.xtl"));
 }
 
+TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
+  Queued q(1);
+  EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 2);
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
+  q.loop.advance(500);
+  q.end(143);
+  EXPECT_EQ(q.told(), "2 running");
+  EXPECT_TRUE(q.swept.empty()) << "it makes the same output";
+  q.files.unreadable.insert("/q/Queue.txt");
+  q.end(143);
+  EXPECT_TRUE(q.files.exists("/q/2.xtl"));
+  EXPECT_TRUE(q.swept.empty()) << "a queue that cannot be read";
+}
+
 TEST(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
   Queued q(2);
   const auto first = q.processes.all.size();

@@ -91,9 +91,7 @@ void QueueRunner::hear() {
 void QueueRunner::hearEnd() {
   const auto& run = driver_.state();
   const int number = std::exchange(running_, 0);
-  bool isThere = false;
   write(number, [&](QueueJob& job) {
-    isThere = true;
     if (run.phase == EnginePhase::Done) {
       job.state = JobState::Done;
       job.share = 1;
@@ -104,8 +102,10 @@ void QueueRunner::hearEnd() {
       job.state = JobState::Waiting;
     }
   });
-  if (!isThere || run.phase == EnginePhase::Done) ports_.store.forget(number);
-  if (!isThere) ports_.removeFolder(order_.workFolder);
+  // A queue that cannot be read does not say so.
+  const bool isGone = trouble_.empty() && jobOf(queue_, number) == nullptr;
+  if (isGone || run.phase == EnginePhase::Done) ports_.store.forget(number);
+  if (isGone && !hasOutput(queue_, order_.output)) ports_.removeFolder(order_.workFolder);
   changed_();
 }
 
@@ -125,8 +125,7 @@ Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
   auto done = store.change([&](RenderQueue& queue) {
     if (const auto* job = jobOf(queue, number)) gone = *job;
     auto removed = removeJob(queue, number);
-    isShared = std::ranges::find(queue.jobs, gone.order.output,
-                                 [](const QueueJob& job) { return job.order.output; }) != queue.jobs.end();
+    isShared = hasOutput(queue, gone.order.output);
     return removed;
   });
   if (!done) return done;
