@@ -166,6 +166,20 @@ TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
   EXPECT_TRUE(q.swept.empty()) << "a queue that cannot be read";
 }
 
+TEST(QueueRunnerTest, MakesAgainWhatCouldNotBeWrittenDown) {
+  Queued q(1);
+  q.files.failedReplaces = 1;
+  q.processes.end(0);
+  EXPECT_EQ(q.told(), "1 running") << "though it has ended";
+  q.files.failedReplaces = 2;
+  q.loop.advance(500);
+  EXPECT_EQ(q.processes.all.size(), 1U) << "nothing is begun while the disk is full";
+  q.loop.advance(500);
+  EXPECT_EQ(q.processes.all.size(), 2U);
+  q.end(0);
+  EXPECT_EQ(q.told(), "1 done");
+}
+
 TEST(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
   Queued q(2);
   const auto first = q.processes.all.size();

@@ -30,14 +30,19 @@ void QueueRunner::stop() {
 bool QueueRunner::takeLock() {
   if (lock_) return true;
   auto held = ports_.locks.tryLock(ports_.store.runnerLock());
-  if (!held || !*held) return false;
-  lock_ = std::move(*held);
-  const auto mended = ports_.store.change([](RenderQueue& queue) -> Outcome {
+  if (held) lock_ = std::move(*held);
+  return lock_ != nullptr;
+}
+
+// What is running in the queue and not here has lost its runner, or its end could not be written down.
+void QueueRunner::mend() {
+  if (std::ranges::find(queue_.jobs, JobState::Running, &QueueJob::state) == queue_.jobs.end()) return;
+  const auto mended = ports_.store.change([this](RenderQueue& queue) -> Outcome {
     mendQueue(queue);
+    queue_ = queue;
     return {};
   });
   if (!mended) trouble_ = mended.error().text;
-  return true;
 }
 
 void QueueRunner::look() {
@@ -57,12 +62,16 @@ void QueueRunner::follow() {
   if (running_ > 0) {
     const auto* job = jobOf(queue_, running_);
     if (job == nullptr || job->state != JobState::Running) driver_.stop();
-  } else if (const auto* next = nextJob(queue_); next != nullptr && !stops_) {
-    begin(QueueJob(*next));
+    return;
   }
+  mend();
+  if (const auto* next = nextJob(queue_); next != nullptr && !stops_) begin(QueueJob(*next));
 }
 
+// Nothing is begun that the queue cannot say of.
 void QueueRunner::begin(const QueueJob& job) {
+  write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
+  if (!trouble_.empty()) return;
   const auto order = ports_.store.orderOf(job);
   const auto begun = order ? driver_.start(*order) : Outcome(order.error());
   if (!begun) {
@@ -74,7 +83,6 @@ void QueueRunner::begin(const QueueJob& job) {
   running_ = job.number;
   order_ = *order;
   written_ = job.share;
-  write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
 }
 
 void QueueRunner::hear() {
@@ -104,7 +112,7 @@ void QueueRunner::hearEnd() {
   });
   // A queue that cannot be read does not say so.
   const bool isGone = trouble_.empty() && jobOf(queue_, number) == nullptr;
-  if (isGone || run.phase == EnginePhase::Done) ports_.store.forget(number);
+  if (isGone || (trouble_.empty() && run.phase == EnginePhase::Done)) ports_.store.forget(number);
   if (isGone && !hasOutput(queue_, order_.output)) ports_.removeFolder(order_.workFolder);
   changed_();
 }
