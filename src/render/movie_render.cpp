@@ -269,7 +269,8 @@ bool MovieRender::renderAll(const Job& job) {
   if (isMade) isMade = !tellFailure();
   if (isMade && job.audioOnly()) {
     const auto written = ports_.host.StripWavFromCurrentVideo(job.working, job.file);
-    if (!written) e.boxes.show(renderFailedBox(written.error().text));
+    if (!written) e.boxes.show(state_.RenderAborted ? abortedBox() : renderFailedBox(written.error().text));
+    if (!written && state_.RenderAborted) return false;
     isMade = written.ok();
   }
   const double took = std::chrono::duration<double>(ports_.engine.loop.now() - begun).count();

@@ -17,6 +17,10 @@ constexpr const char* kTether = "/usr/bin/setpriv";
 
 }  // namespace
 
+std::string whyFailed(const EngineRun& run) {
+  return run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+}
+
 std::string workFolderOf(const std::string& output) {
   return withSeparator(folderPart(output)).append(".rendering-").append(fileNamePart(output));
 }
