@@ -3,7 +3,6 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
-#include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
 #include "render/output_kinds.h"
 #include "render/render_texts.h"
@@ -109,12 +108,17 @@ bool MovieRender::readJob(bool ready, Job& job) {
   return true;
 }
 
+double MovieRender::pairLength() const {
+  const auto& e = ports_.editing;
+  return picInPicLength(e.collection, pair_.backdropNo, optionsOf(e).stillDuration);
+}
+
 void MovieRender::readLengths(Job& job) const {
   const auto& e = ports_.editing;
   auto& query = job.query;
   if (job.isPicInPic) {
     query.hasVideo = true;
-    query.videoTotal = query.lastClipStop = job.length = timelineLength(e.clips()[pair_.backdropNo]);
+    query.videoTotal = query.lastClipStop = job.length = pairLength();
     return;
   }
   query.hasVideo = !e.editor.hasNoVideo;

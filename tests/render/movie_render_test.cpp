@@ -341,6 +341,16 @@ TEST(MovieRender, MakesOneClipOfTwo) {
     EXPECT_EQ(test::holds(b.host.notes, "add:/out/pair.avi"), !fails);
     EXPECT_FALSE(b.store.all.contains("RenderKind")) << "it is no choice of the user's";
   }
+  for (const bool trims : {false, true}) {
+    RenderBench b;
+    b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2, .trimToBackdrop = trims}));
+    b.render.RenderPinP(1, {});
+    EXPECT_TRUE(test::holds(factsOf(b.state), trims ? "|Length=4.000 s|" : "|Length=8.000 s|"));
+    b.dialogs.answers = {"/out/pair.avi"};
+    b.render.RenderNewPicInPic();
+    EXPECT_EQ(test::holds(b.engine.calls.at(0), "'/[2.00-7.00]'"), !trims)
+        << "the whole pair is reckoned with";
+  }
 }
 
 TEST(MovieRender, AsksAboutAnEngineThatSaysNothing) {
