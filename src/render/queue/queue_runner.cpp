@@ -1,5 +1,8 @@
 #include "render/queue/queue_runner.h"
 
+#include "base/paths.h"
+#include "core/telling/translated.h"
+
 #include <algorithm>
 
 namespace kvo {
@@ -78,11 +81,13 @@ void QueueRunner::begin(const QueueJob& job) {
     return write(job.number, [&](QueueJob& kept) {
       kept.state = JobState::Failed;
       kept.failure = begun.error().text;
+      tellEnd(kept);
     });
   }
   running_ = job.number;
   order_ = *order;
   written_ = job.share;
+  if (ports_.work != nullptr) awake_.emplace(*ports_.work);
 }
 
 void QueueRunner::hear() {
@@ -99,22 +104,34 @@ void QueueRunner::hear() {
 void QueueRunner::hearEnd() {
   const auto& run = driver_.state();
   const int number = std::exchange(running_, 0);
+  awake_.reset();
   write(number, [&](QueueJob& job) {
     if (run.phase == EnginePhase::Done) {
       job.state = JobState::Done;
       job.share = 1;
     } else if (run.phase == EnginePhase::Failed) {
       job.state = JobState::Failed;
-      job.failure = run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+      job.failure = whyFailed(run);
     } else if (job.state == JobState::Running) {
       job.state = JobState::Waiting;
     }
   });
-  // A queue that cannot be read does not say so.
-  const bool isGone = trouble_.empty() && jobOf(queue_, number) == nullptr;
-  if (isGone || (trouble_.empty() && run.phase == EnginePhase::Done)) ports_.store.forget(number);
-  if (isGone && !hasOutput(queue_, order_.output)) ports_.removeFolder(order_.workFolder);
+  // All that is kept for a job stays where the queue cannot tell of it.
+  if (!trouble_.empty()) return changed_();
+  const auto* ended = jobOf(queue_, number);
+  if (ended != nullptr) tellEnd(*ended);
+  if (ended == nullptr || run.phase == EnginePhase::Done) ports_.store.forget(number);
+  if (ended == nullptr && !hasOutput(queue_, order_.output)) ports_.removeFolder(order_.workFolder);
   changed_();
+}
+
+void QueueRunner::tellEnd(const QueueJob& job) const {
+  if (ports_.work == nullptr) return;
+  const auto name = fileNamePart(job.order.output);
+  if (job.state == JobState::Failed)
+    ports_.work->tell("KVO5", translated("%1 could not be made.", {name}));
+  else if (job.state == JobState::Done && nextJob(queue_) == nullptr)
+    ports_.work->tell("KVO5", translated("%1 has been created !", {name}));
 }
 
 void QueueRunner::write(int number, const std::function<void(QueueJob&)>& change) {
