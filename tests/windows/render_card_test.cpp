@@ -104,10 +104,9 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   CardBench b;
   b.go(RenderFrame::Options);
   std::string rows;
-  for (auto* row : b.card->findChildren<KindRow*>()) {
-    rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
-    QTest::mouseClick(row, Qt::LeftButton);
-  }
+  const auto kinds = b.card->findChildren<KindRow*>();
+  for (auto* row : kinds) rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
+  for (auto* row : kinds) QTest::mouseClick(row, Qt::LeftButton);
   EXPECT_TRUE(rows.starts_with(
       "MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
