@@ -4,6 +4,7 @@
 #include "render/output_profiles.h"
 #include "ui/made.h"
 #include "ui/theme.h"
+#include "windows/editor/editor_page.h"
 #include "windows/editor/page_list.h"
 #include "windows/render/kind_row.h"
 
@@ -11,6 +12,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QTest>
 
@@ -181,6 +183,10 @@ TEST(RenderCard, LooksAsDesigned) {
             << name << " " << part->metaObject()->className();
         EXPECT_GE(part->height(), themed(24)) << name << " " << part->metaObject()->className();
       }
+      for (const auto* area : b.card->findChildren<QScrollArea*>())
+        EXPECT_TRUE(!area->isVisible() || dynamic_cast<EditorPage*>(area->widget()) == nullptr ||
+                    area->maximumViewportSize() == area->viewport()->size())
+            << name << " scrolls";
       b.picture(name + end);
     }
   }
