@@ -167,8 +167,7 @@ void MovieRender::AbortRender() {
 bool MovieRender::tellFailure() {
   const auto& engine = driver_.state();
   if (engine.phase == EnginePhase::Done) return false;
-  const auto& said = engine.engineSays;
-  ports_.editing.boxes.show(renderFailedBox(said.empty() ? engine.failure : said.back()));
+  ports_.editing.boxes.show(renderFailedBox(whyFailed(engine)));
   return true;
 }
 

@@ -3,7 +3,6 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
-#include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
 #include "render/awake.h"
 #include "render/output_kinds.h"
@@ -100,12 +99,17 @@ bool MovieRender::readJob(bool ready, Job& job) {
   return true;
 }
 
+double MovieRender::pairLength() const {
+  const auto& e = ports_.editing;
+  return picInPicLength(e.collection, pair_.backdropNo, optionsOf(e).stillDuration);
+}
+
 void MovieRender::readLengths(Job& job) const {
   const auto& e = ports_.editing;
   auto& query = job.query;
   if (job.isPicInPic) {
     query.hasVideo = true;
-    query.videoTotal = query.lastClipStop = job.length = timelineLength(e.clips()[pair_.backdropNo]);
+    query.videoTotal = query.lastClipStop = job.length = pairLength();
     return;
   }
   query.hasVideo = !e.editor.hasNoVideo;
@@ -261,7 +265,8 @@ bool MovieRender::renderAll(const Job& job) {
   if (isMade) isMade = !tellFailure();
   if (isMade && job.audioOnly()) {
     const auto written = ports_.host.StripWavFromCurrentVideo(job.working, job.file);
-    if (!written) e.boxes.show(renderFailedBox(written.error().text));
+    if (!written) e.boxes.show(state_.RenderAborted ? abortedBox() : renderFailedBox(written.error().text));
+    if (!written && state_.RenderAborted) return false;
     isMade = written.ok();
   }
   const double took = std::chrono::duration<double>(ports_.engine.loop.now() - begun).count();

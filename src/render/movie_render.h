@@ -115,6 +115,7 @@ class MovieRender {
   bool readJob(bool ready, Job& job);
   bool readDocument(bool ready, Job& job);
   void readLengths(Job& job) const;
+  [[nodiscard]] double pairLength() const;
   bool askForName(Job& job);
   [[nodiscard]] bool mayReplace(const std::string& named, const std::string& file) const;
   [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;

@@ -25,6 +25,10 @@ double mostBytes(const RenderOrder& order) {
 
 }  // namespace
 
+std::string whyFailed(const EngineRun& run) {
+  return run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+}
+
 std::string workFolderOf(const std::string& output) {
   return withSeparator(folderPart(output)).append(".rendering-").append(fileNamePart(output));
 }

@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
-#include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
 #include "render/output_kinds.h"
@@ -105,7 +104,7 @@ void MovieRender::tellPair() {
   const int overlay = look ? look->overlayClip : 0;
   const auto size = outputSize();
   const double rate = e.settings.preferences().OutPutFrameRate;
-  const double length = timelineLength(backdrop);
+  const double length = pairLength();
   const double bytes = std::ceil(length * rate) * size.width * size.height * kUncompressedPixel;
   const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
   state_.facts = {{"Backdrop", nameOf(backdrop)},

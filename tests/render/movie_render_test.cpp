@@ -204,6 +204,7 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
     std::function<void(RenderBench&)> prepare;
     std::string captions;
     std::size_t renders;
+    std::string why{};  // in the last box
   };
   const auto range = [](double from, double too) {
     return [=](RenderBench& b) {
@@ -232,13 +233,16 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
               b.engine.turns = {{}, {.exitCode = 1, .says = "/out/my film.wmv: No space"}};
             },
             failed, 2},
-        Row{"the first part fails", [](auto& b) { b.engine.turns = {{.exitCode = 139}}; }, failed, 1}}) {
+        Row{"the first part is killed",
+            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, failed, 1,
+            "the render engine ended with code 137"}}) {
     RenderBench b;
     b.choose(OutputKind::Wmv, 38);
     row.prepare(b);
     b.files.all["/out/my film.wmv"] = "old";
     b.render.WriteRenderMovie();
     EXPECT_EQ(captionsOf(b.boxes), row.captions) << row.what;
+    EXPECT_TRUE(test::holds(b.boxes.shown.back().text, row.why)) << row.what;
     EXPECT_EQ(b.engine.calls.size(), row.renders) << row.what;
     EXPECT_EQ(b.files.all["/out/my film.wmv"], "old") << row.what;
     EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV")) << row.what;
@@ -337,6 +341,16 @@ TEST(MovieRender, MakesOneClipOfTwo) {
     EXPECT_EQ(test::holds(b.host.notes, "add:/out/pair.avi"), !fails);
     EXPECT_FALSE(b.store.all.contains("RenderKind")) << "it is no choice of the user's";
   }
+  for (const bool trims : {false, true}) {
+    RenderBench b;
+    b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2, .trimToBackdrop = trims}));
+    b.render.RenderPinP(1, {});
+    EXPECT_TRUE(test::holds(factsOf(b.state), trims ? "|Length=4.000 s|" : "|Length=8.000 s|"));
+    b.dialogs.answers = {"/out/pair.avi"};
+    b.render.RenderNewPicInPic();
+    EXPECT_EQ(test::holds(b.engine.calls.at(0), "'/[2.00-7.00]'"), !trims)
+        << "the whole pair is reckoned with";
+  }
 }
 
 TEST(MovieRender, AsksAboutAnEngineThatSaysNothing) {
@@ -412,6 +426,16 @@ TEST(MovieRender, AnAbortAheadOfTheEngineCounts) {
   };
   b.render.WriteRenderMovie();
   EXPECT_EQ(b.engine.calls.size(), 1U);
+  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
+}
+
+TEST(MovieRender, AnAbortWhileTheWavIsTakenIsNoFailure) {
+  RenderBench b;
+  b.choose(OutputKind::Wav);
+  b.dialogs.answers = {"/out/song.wav"};
+  b.host.whileStripping = [&] { b.render.AbortRender(); };
+  b.host.stripFails = "it was stopped";
+  b.render.WriteRenderMovie();
   EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
 }
 

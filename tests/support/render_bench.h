@@ -97,6 +97,7 @@ class NotingRenderHost : public RenderHost {
   std::string notes;
   std::function<void()> onChange = [] {};
   std::string stripFails;
+  std::function<void()> whileStripping = [] {};
 
   void PlayerStop() override { note("stop"); }
   void ImagesOff() override { note("images-"); }
@@ -108,6 +109,7 @@ class NotingRenderHost : public RenderHost {
   void Buildtabs() override { note("tabs"); }
   void deleteWorkFiles() override { note("sweep"); }
   Outcome StripWavFromCurrentVideo(const std::string& source, const std::string& wav) override {
+    whileStripping();
     if (!stripFails.empty()) return Error{stripFails};
     note("strip:" + source);
     files_.all[wav] = files_.all.at(source);

@@ -105,7 +105,7 @@ void QueueRunner::hearEnd() {
       job.share = 1;
     } else if (run.phase == EnginePhase::Failed) {
       job.state = JobState::Failed;
-      job.failure = run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+      job.failure = whyFailed(run);
     } else if (job.state == JobState::Running) {
       job.state = JobState::Waiting;
     }
