@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 
@@ -123,6 +124,10 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   QTest::keyClick(list, Qt::Key_Down);
   QTest::mouseClick(b.card->findChild<QCheckBox*>(), Qt::LeftButton, {}, {10, 10});
   EXPECT_EQ(b.asked, "profile26 own0 ");
+  for (const auto* area : b.card->findChildren<QScrollArea*>()) {
+    EXPECT_TRUE(area->accessibleName() != "Create Movie" || !area->isVisible() ||
+                area->verticalScrollBar()->maximum() + area->horizontalScrollBar()->maximum() == 0);
+  }
   b.state.kind = OutputKind::Mp4;
   b.state.Lst_WMVFormats.clear();
   b.state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}, {"email", "E-mail", "640 x 480"}};
