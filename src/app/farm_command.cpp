@@ -70,12 +70,20 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
                     show.show(farm.state());
                     if (farm.state().ended()) loop.quit();
                   });
-  if (auto begun = farm.start({order, profile, jobs}); !begun) return fail(begun.error().text);
+  const bool isFresh = !session.files.isFolder(order.workFolder);
+  const auto leaveNothing = [&] {
+    if (isFresh && farm.state().made == 0) removeWholeFolder(order.workFolder);
+  };
+  if (auto begun = farm.start({order, profile, jobs}); !begun) {
+    leaveNothing();
+    return fail(begun.error().text);
+  }
   const auto look = loop.timer([&] {
     if (signals.came()) farm.stop();
   });
   look->start(kFarmLookEvery);
   loop.run();
+  if (farm.state().phase == FarmPhase::Failed) leaveNothing();
   return tellFarmEnd(farm.state(), farm.joining(), order);
 }
 

@@ -184,6 +184,7 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", good, "--output", good}, 2, "good.INI: its name must end in"},
       {{"--render", asMovie, "--output", asMovie}, 1, "it is the collection"},
       {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
+      {{"--render", good, "--output", work_ / "o.gif", "--slurm", "2"}, 1, "in one piece"},
       {{"--render", good}, 2, "--output"},
       {{"--nonsense"}, 2, "--nonsense"},
   };
