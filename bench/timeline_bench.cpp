@@ -50,7 +50,7 @@ struct NoDesk : TimelineActs {
   void insertFiles(const std::vector<std::string>&, int) override {}
   void remove(int) override {}
   std::string copy(int) override { return {}; }
-  std::string split(int, double) override { return {}; }
+  std::string split(int) override { return {}; }
   void openTab(int, int) override {}
   void openTrimmer(int) override {}
   void openMenu(int, int, int) override {}

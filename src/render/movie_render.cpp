@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
+#include "render/awake.h"
 #include "render/output_kinds.h"
 #include "render/render_texts.h"
 #include "vocabulary/encode_profiles.h"
@@ -20,18 +21,6 @@ constexpr int kWavProfile = 23;  // that the sound of a WAV is made by first
 constexpr double kLargeMegabytes = 600;
 constexpr double kLongSeconds = 90 * 60;
 constexpr double kToldFrom = 30;  // seconds: the end of a render that takes longer is told on the desktop
-
-// The machine stays awake as long as it lives.
-class Awake {
- public:
-  Awake(LongWork& work, const std::string& why) : work_(work) { work_.keepAwake(why); }
-  Awake(const Awake&) = delete;
-  Awake& operator=(const Awake&) = delete;
-  ~Awake() { work_.letSleep(); }
-
- private:
-  LongWork& work_;
-};
 
 std::string collectionTitle(std::string_view fileName) {
   const auto dot = fileName.rfind('.');
@@ -61,7 +50,7 @@ void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
   ports_.host.DisabEditControls(true);
   bool isShown = false;
   {
-    const Awake awake(ports_.work, translated("A movie is made"));
+    const Awake awake(ports_.work);
     job_ = &job;
     sweep();
     remember(job);
@@ -104,6 +93,8 @@ bool MovieRender::readJob(bool ready, Job& job) {
   } else if (!query.hasVideo && movieFileOf(job.kind).hasPicture) {
     job.kind = OutputKind::Wav;
   }
+  if (job.kind == state_.kind && !ready) job.preset = chosenPreset();
+  if (job.preset != nullptr && job.preset->megabytes > 0) job.megabytes = state_.wishedMegabytes;
   if (job.audioOnly()) job.profile = kWavProfile;
   return true;
 }
@@ -214,8 +205,9 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   if (tellFailure()) return Estimate::Failed;
   const auto facts = e.files.facts(job.working);
   const double total = job.length > 0 ? job.length : job.query.audioTotal;
-  const auto result = projected(job.query, driver_.state().progress.elapsed,
-                                facts ? static_cast<double>(facts->size) : 0, total);
+  auto result = projected(job.query, driver_.state().progress.elapsed,
+                          facts ? static_cast<double>(facts->size) : 0, total);
+  if (job.megabytes > 0) result.megabytes = std::min(result.megabytes, job.megabytes * 1e6 / (1 << 20));
   e.files.remove(job.working);
   state_.RenderSeconds = renderSecondsOf(result, total);
   state_.sizeLabel = estimatedSizeText(result.megabytes);

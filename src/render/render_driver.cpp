@@ -4,16 +4,24 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "render/batch_file.h"
+#include "vocabulary/movie_presets.h"
 
 namespace kvo {
 namespace {
 
+constexpr double kBytesOfMegabyte = 1e6;
 constexpr std::size_t kMaxErrorLines = 100;
 constexpr const char* kDocument = "/KVORender.xtl";
 constexpr const char* kBatchFile = "/KVORender.bat";
 constexpr const char* kSentinel = "/Rendone.txt";
 // Has the shell killed when this program ends; the engine does so with its shell.
 constexpr const char* kTether = "/usr/bin/setpriv";
+
+double mostBytes(const RenderOrder& order) {
+  const auto* preset = presetNamed(order.preset);
+  const double megabytes = order.megabytes > 0 || preset == nullptr ? order.megabytes : preset->megabytes;
+  return megabytes * kBytesOfMegabyte;
+}
 
 }  // namespace
 
@@ -88,6 +96,7 @@ Outcome RenderDriver::start(const RenderOrder& order) {
   state_ = {};
   state_.phase = EnginePhase::Running;
   state_.progress.frameRate = order.frameRate;
+  state_.progress.most = mostBytes(order);
   return {};
 }
 

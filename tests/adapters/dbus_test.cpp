@@ -71,7 +71,9 @@ std::string said(const std::vector<std::string>& command) {
 }
 
 std::string playerctl(std::vector<std::string> words) {
-  words.insert(words.begin(), "playerctl");
+  // It lists the players of both buses, and they are one here.
+  const std::vector<std::string> alone = {"env", "DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nowhere", "playerctl"};
+  words.insert(words.begin(), alone.begin(), alone.end());
   return said(words);
 }
 

@@ -480,6 +480,55 @@ TEST(MovieRender, HandsAMovieToTheQueue) {
   EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
 }
 
+TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
+  struct Row {
+    OutputKind kind;
+    const char* preset;       // null for a kind without
+    int megabytes;            // wished
+    std::string facts;        // picture and rate
+    std::string part, whole;  // what the engine is told
+  };
+  const std::string own = "Picture=2560 x 1440|Frames a second=50|";
+  for (const auto& row : {Row{OutputKind::Mp4, "", 20, own, "", ""},
+                          Row{OutputKind::Mp4, "phone", 20, "Picture=1280 x 720|Frames a second=30|",
+                              "'/P' 'phone' ", "'/P' 'phone' "},
+                          Row{OutputKind::Mp4, "email", 12, "Picture=1280 x 720|Frames a second=30|",
+                              "'/P' 'email' '/M' '5.000' ", "'/P' 'email' '/M' '12.000' "},
+                          Row{OutputKind::Mp4, "email", 0, "Picture=1280 x 720|Frames a second=30|",
+                              "'/P' 'email' '/M' '0.417' ", "'/P' 'email' '/M' '1.000' "},
+                          Row{OutputKind::WebM, "webm", 20, "Picture=1920 x 1080|Frames a second=50|",
+                              "'/P' 'webm' ", "'/P' 'webm' "},
+                          Row{OutputKind::Avi, nullptr, 20, own, "", ""}}) {
+    RenderBench b;
+    b.editor.controls.Cmb_Res = "2560 x 1440";
+    b.settings.change().OutPutFrameRate = 50;
+    b.settings.adjust().RenderAutoView = true;
+    b.choose(row.kind);
+    EXPECT_EQ(b.state.Lst_MadeFor.empty(), row.preset == nullptr);
+    const auto chosen = [&](const RenderState& state) {
+      return state.madeForRow < 0 ? "-"
+                                  : state.Lst_MadeFor.at(static_cast<std::size_t>(state.madeForRow)).preset;
+    };
+    for (int i = 0; i < static_cast<int>(b.state.Lst_MadeFor.size()) && chosen(b.state) != row.preset;)
+      b.render.chooseMadeFor(++i);
+    b.render.wishMegabytes(row.megabytes);
+    EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
+    b.engine.turns = {{.bytes = 50U << 20U}};
+    b.dialogs.answers = {"/out/film", "/out/film"};
+    b.render.AddToQueue();
+    EXPECT_EQ(b.queued.at(0).preset, row.preset == nullptr ? "" : row.preset);
+    b.render.WriteRenderMovie();
+    ASSERT_EQ(b.engine.calls.size(), 2U);
+    EXPECT_TRUE(test::holds(b.engine.calls[0], "'/[3.00-8.00]' " + row.part + "'/S'")) << b.engine.calls[0];
+    EXPECT_TRUE(b.engine.calls[1].starts_with("'/bin/KVORender' " + row.whole + "'/S'")) << b.engine.calls[1];
+    RenderBench next;
+    next.store.all = b.store.all;
+    next.render.Rendertofile();
+    EXPECT_EQ(chosen(next.state), chosen(b.state)) << "remembered";
+    EXPECT_EQ(next.state.wishedMegabytes, b.state.hasWishedSize ? std::max(row.megabytes, 1) : 20);
+  }
+}
+
 TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
   for (const bool fails : {false, true}) {
     RenderBench b;

@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -38,9 +39,9 @@ struct CardBench {
     state.filmLength = 40;
     card = std::make_unique<RenderCard>(
         state,
-        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("queue"),
-                   number("job"), note("pause"), note("remove"), note("pair"), note("abort"), note("view"),
-                   note("leave")},
+        RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
+                   note("write"), note("queue"), number("job"), note("pause"), note("remove"), note("pair"),
+                   note("abort"), note("view"), note("leave")},
         [](int clip) {
           QImage image(160, 90, QImage::Format_RGB32);
           image.fill(QColor::fromHsv(clip * 80, 160, 200));
@@ -102,10 +103,9 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   CardBench b;
   b.go(RenderFrame::Options);
   std::string rows;
-  for (auto* row : b.card->findChildren<KindRow*>()) {
-    rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
-    QTest::mouseClick(row, Qt::LeftButton);
-  }
+  const auto kinds = b.card->findChildren<KindRow*>();
+  for (auto* row : kinds) rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
+  for (auto* row : kinds) QTest::mouseClick(row, Qt::LeftButton);
   EXPECT_TRUE(rows.starts_with(
       "MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
@@ -121,8 +121,22 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   QTest::keyClick(list, Qt::Key_Down);
   QTest::mouseClick(b.card->findChild<QCheckBox*>(), Qt::LeftButton, {}, {10, 10});
   EXPECT_EQ(b.asked, "profile26 own0 ");
-  b.state.kind = OutputKind::Wav;
+  b.state.kind = OutputKind::Mp4;
   b.state.Lst_WMVFormats.clear();
+  b.state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}, {"email", "E-mail", "640 x 480"}};
+  b.state.madeForRow = 0;
+  b.go(RenderFrame::Options);
+  auto* size = b.card->findChild<QSpinBox*>();
+  EXPECT_TRUE(!list->isVisible() && b.says("Made for") && !size->isVisible());
+  b.state.madeForRow = 1;
+  b.state.hasWishedSize = true;
+  b.asked.clear();
+  b.go(RenderFrame::Options);
+  EXPECT_EQ(size->value(), 20);
+  size->stepUp();
+  EXPECT_EQ(b.asked, "mb21 ");
+  b.state.kind = OutputKind::Wav;
+  b.state.Lst_MadeFor.clear();
   b.go(RenderFrame::Options);
   EXPECT_FALSE(list->isVisible());
   EXPECT_TRUE(b.says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";
