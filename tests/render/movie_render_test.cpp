@@ -500,6 +500,7 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
                               "'/P' 'webm' ", "'/P' 'webm' "},
                           Row{OutputKind::Avi, nullptr, 20, own, "", ""}}) {
     RenderBench b;
+    b.editor.controls.Opt_Preset = true;
     b.editor.controls.Cmb_Res = "2560 x 1440";
     b.settings.change().OutPutFrameRate = 50;
     b.settings.adjust().RenderAutoView = true;
