@@ -240,6 +240,8 @@ void EditorWindow::makeRender() {
       RenderActs{.chooseKind = act([&render](OutputKind kind) { render.chooseKind(kind); }),
                  .chooseProfile = act([&render](int row) { render.chooseProfile(row); }),
                  .tickCodecDimensions = act([&render](bool on) { render.tickCodecDimensions(on); }),
+                 .chooseMadeFor = act([&render](int row) { render.chooseMadeFor(row); }),
+                 .wishMegabytes = act([&render](int megabytes) { render.wishMegabytes(megabytes); }),
                  .write = act([&links] { links.write(); }),
                  .addToQueue = act([&links] { links.addToQueue(); }),
                  .chooseJob = act([&links](int row) { links.chooseJob(row); }),

@@ -187,7 +187,8 @@ class WindowProgram {
                 session_.nameLocks,
                 {session_.files, session_.temporaryFolders, session_.processes, loop_,
                  executableFolder + "KVORender"},
-                removeWholeFolder},
+                removeWholeFolder,
+                &queueWork_},
                [this] { renders_.queueChanged(); }),
         renders_({state_, session_, loop_, editor_, links_, play_, mailbox_, store_, dialogs_, longWork_,
                   desktop_, queueStore_, queue_, executableFolder + "KVORender", [this] { draw(); }}),
@@ -380,6 +381,7 @@ class WindowProgram {
   FaceMenu clipMenu_{menu_, [this] { draw(); }};
   EditorLinks editor_;
   LongWorkBus longWork_;
+  LongWorkBus queueWork_;
   QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
   QueueRunner queue_;
   RenderLinks renders_;

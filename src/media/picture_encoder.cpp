@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kGroupOfPictures = 12;
 constexpr int kCoarsest = 31;        // quantiser of MPEG-4
-constexpr int kFinestOfSized = 12;   // quantiser of H.264 that nobody tells from a finer one
 constexpr double kLongestGroup = 5;  // seconds from one key frame to the next
 
 struct PictureCodec {

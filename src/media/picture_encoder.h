@@ -8,6 +8,9 @@
 
 namespace kvo::media {
 
+/// Quantiser of H.264 that nobody tells from a finer one: pictures that share a size get no finer.
+inline constexpr int kFinestOfSized = 12;
+
 /// An encoder for `format`, open. Fails as VideoEncoder::open does.
 Result<CodecHandle> openPictureEncoder(const VideoFormat& format, bool headerInFile, const std::string& name);
 

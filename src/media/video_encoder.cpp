@@ -48,6 +48,15 @@ Picture inBt709(const Picture& picture) {
 
 std::size_t EncodedFrame::bytes() const { return packet_ ? static_cast<std::size_t>(packet_->size) : 0; }
 
+bool EncodedFrame::isFinest() const {
+  std::size_t size = 0;
+  const auto* facts =
+      packet_ ? av_packet_get_side_data(packet_.get(), AV_PKT_DATA_QUALITY_STATS, &size) : nullptr;
+  // The last ones, that are asked for, have a number below 0.
+  return size >= sizeof(std::int32_t) &&
+         static_cast<std::int32_t>(AV_RL32(facts)) <= kFinestOfSized * FF_QP2LAMBDA;
+}
+
 struct VideoEncoder::State {
   State(VideoFormat wanted, std::string fileName) : format(std::move(wanted)), name(std::move(fileName)) {}
   State(const State&) = delete;

@@ -44,6 +44,9 @@ class EncodedFrame {
   explicit EncodedFrame(std::shared_ptr<AVPacket> packet) : packet_(std::move(packet)) {}
   explicit operator bool() const { return packet_ != nullptr; }
   [[nodiscard]] std::size_t bytes() const;
+  /// Of a movie with a bit rate, in H.264: it is as fine as they get, whatever bits there are. Known where
+  /// its encoder has just made it.
+  [[nodiscard]] bool isFinest() const;
   [[nodiscard]] const std::shared_ptr<AVPacket>& packet() const { return packet_; }
 
  private:

@@ -21,6 +21,7 @@ void MovieRender::AddToQueue() {
     boxes.show(rangeFailedBox());
     return;
   }
+  takePreset(job, order);
   std::string profile;
   // The engine makes a WAV by itself.
   if (job.profile != kNoProfile && !job.audioOnly()) {

@@ -39,6 +39,7 @@ bool MovieRender::DoRender(const Job& job, const Part& part) {
     boxes.show(profileFailedBox());
     return false;
   }
+  takePreset(job, order);
   keepFolder();
   const bool started = Shell32Bit(order, part.MaxSeconds);
   profile_.RestoreSysProfile();
@@ -56,6 +57,15 @@ bool MovieRender::takeProfile(const Job& job, RenderOrder& order) {
   if (!profile_.CreateWM8RenderProfile(job.profile, size)) return false;
   order.profileFile = profile_.path();
   return true;
+}
+
+// A part that is made for the estimate may have its share of the size.
+void MovieRender::takePreset(const Job& job, RenderOrder& order) const {
+  if (job.preset == nullptr) return;
+  order.preset = job.preset->name;
+  order.frameRate = std::min(order.frameRate, job.preset->mostRate);
+  const double seconds = order.range ? order.range->second - order.range->first : job.length;
+  order.megabytes = job.length > 0 ? job.megabytes * std::min(seconds / job.length, 1.0) : job.megabytes;
 }
 
 // That a movie is made is no change of the collection.
@@ -157,8 +167,7 @@ void MovieRender::AbortRender() {
 bool MovieRender::tellFailure() {
   const auto& engine = driver_.state();
   if (engine.phase == EnginePhase::Done) return false;
-  const auto& said = engine.engineSays;
-  ports_.editing.boxes.show(renderFailedBox(said.empty() ? engine.failure : said.back()));
+  ports_.editing.boxes.show(renderFailedBox(whyFailed(engine)));
   return true;
 }
 

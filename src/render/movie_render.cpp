@@ -3,8 +3,8 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "core/telling/translated.h"
-#include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
+#include "render/awake.h"
 #include "render/output_kinds.h"
 #include "render/render_texts.h"
 #include "vocabulary/encode_profiles.h"
@@ -21,18 +21,6 @@ constexpr int kWavProfile = 23;  // that the sound of a WAV is made by first
 constexpr double kLargeMegabytes = 600;
 constexpr double kLongSeconds = 90 * 60;
 constexpr double kToldFrom = 30;  // seconds: the end of a render that takes longer is told on the desktop
-
-// The machine stays awake as long as it lives.
-class Awake {
- public:
-  Awake(LongWork& work, const std::string& why) : work_(work) { work_.keepAwake(why); }
-  Awake(const Awake&) = delete;
-  Awake& operator=(const Awake&) = delete;
-  ~Awake() { work_.letSleep(); }
-
- private:
-  LongWork& work_;
-};
 
 std::string collectionTitle(std::string_view fileName) {
   const auto dot = fileName.rfind('.');
@@ -62,7 +50,7 @@ void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
   ports_.host.DisabEditControls(true);
   bool isShown = false;
   {
-    const Awake awake(ports_.work, translated("A movie is made"));
+    const Awake awake(ports_.work);
     job_ = &job;
     sweep();
     remember(job);
@@ -105,8 +93,15 @@ bool MovieRender::readJob(bool ready, Job& job) {
   } else if (!query.hasVideo && movieFileOf(job.kind).hasPicture) {
     job.kind = OutputKind::Wav;
   }
+  if (job.kind == state_.kind && !ready) job.preset = chosenPreset();
+  if (job.preset != nullptr && job.preset->megabytes > 0) job.megabytes = state_.wishedMegabytes;
   if (job.audioOnly()) job.profile = kWavProfile;
   return true;
+}
+
+double MovieRender::pairLength() const {
+  const auto& e = ports_.editing;
+  return picInPicLength(e.collection, pair_.backdropNo, optionsOf(e).stillDuration);
 }
 
 void MovieRender::readLengths(Job& job) const {
@@ -114,7 +109,7 @@ void MovieRender::readLengths(Job& job) const {
   auto& query = job.query;
   if (job.isPicInPic) {
     query.hasVideo = true;
-    query.videoTotal = query.lastClipStop = job.length = timelineLength(e.clips()[pair_.backdropNo]);
+    query.videoTotal = query.lastClipStop = job.length = pairLength();
     return;
   }
   query.hasVideo = !e.editor.hasNoVideo;
@@ -210,8 +205,9 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   if (tellFailure()) return Estimate::Failed;
   const auto facts = e.files.facts(job.working);
   const double total = job.length > 0 ? job.length : job.query.audioTotal;
-  const auto result = projected(job.query, driver_.state().progress.elapsed,
-                                facts ? static_cast<double>(facts->size) : 0, total);
+  auto result = projected(job.query, driver_.state().progress.elapsed,
+                          facts ? static_cast<double>(facts->size) : 0, total);
+  if (job.megabytes > 0) result.megabytes = std::min(result.megabytes, job.megabytes * 1e6 / (1 << 20));
   e.files.remove(job.working);
   state_.RenderSeconds = renderSecondsOf(result, total);
   state_.sizeLabel = estimatedSizeText(result.megabytes);
@@ -269,7 +265,8 @@ bool MovieRender::renderAll(const Job& job) {
   if (isMade) isMade = !tellFailure();
   if (isMade && job.audioOnly()) {
     const auto written = ports_.host.StripWavFromCurrentVideo(job.working, job.file);
-    if (!written) e.boxes.show(renderFailedBox(written.error().text));
+    if (!written) e.boxes.show(state_.RenderAborted ? abortedBox() : renderFailedBox(written.error().text));
+    if (!written && state_.RenderAborted) return false;
     isMade = written.ok();
   }
   const double took = std::chrono::duration<double>(ports_.engine.loop.now() - begun).count();

@@ -14,6 +14,7 @@
 #include "render/render_state.h"
 #include "render/slumber.h"
 #include "render/system_profile.h"
+#include "vocabulary/movie_presets.h"
 
 #include <chrono>
 #include <functional>
@@ -53,6 +54,10 @@ class MovieRender {
   /// A row of Lst_WMVFormats. A side of the output that is odd is told.
   void chooseProfile(int row);
   void tickCodecDimensions(bool on);
+  /// A row of Lst_MadeFor.
+  void chooseMadeFor(int row);
+  /// What a movie that keeps within a size may have, in megabytes; brought to what is in range.
+  void wishMegabytes(int megabytes);
   /// Back to the tab: KVOBut1_CancelRenderPicInPic as well.
   void leave();
 
@@ -85,8 +90,10 @@ class MovieRender {
     std::string document;
     OutputKind kind = OutputKind::Wmv;  ///< that the user gets
     int profile = kNoProfile;
-    std::string file;     ///< that the user has named
-    std::string working;  ///< beside it
+    const MoviePreset* preset = nullptr;  ///< null for none
+    double megabytes = 0;                 ///< of 1,000,000 bytes, not to be exceeded; 0 for no limit
+    std::string file;                     ///< that the user has named
+    std::string working;                  ///< beside it
     std::optional<std::pair<double, double>> range;
     double length = 0;  ///< seconds of the movie that are rendered
     EstimateQuery query;
@@ -108,6 +115,7 @@ class MovieRender {
   bool readJob(bool ready, Job& job);
   bool readDocument(bool ready, Job& job);
   void readLengths(Job& job) const;
+  [[nodiscard]] double pairLength() const;
   bool askForName(Job& job);
   [[nodiscard]] bool mayReplace(const std::string& named, const std::string& file) const;
   [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;
@@ -124,6 +132,7 @@ class MovieRender {
   // False, with a box, when the engine could not be started; without one when the user has given up.
   bool DoRender(const Job& job, const Part& part);
   bool takeProfile(const Job& job, RenderOrder& order);
+  void takePreset(const Job& job, RenderOrder& order) const;
   bool Shell32Bit(const RenderOrder& order, int MaxSeconds);
   void endEngine();
   void mobjSlumber_Slumber(int MaxSeconds);
@@ -149,6 +158,9 @@ class MovieRender {
   void show(RenderFrame frame);
   void showOptions(bool ofPicInPic) { show(ofPicInPic ? RenderFrame::PicInPic : RenderFrame::Options); }
   void describe();
+  void describeMadeFor();
+  void listMadeFor();
+  [[nodiscard]] const MoviePreset* chosenPreset() const;
   [[nodiscard]] OutputSize outputSize() const;
   [[nodiscard]] std::string collectionName() const;
 

@@ -46,8 +46,10 @@ std::optional<double> secondsLeft(const RenderProgress& progress) {
 
 std::optional<double> bytesInAll(const RenderProgress& progress) {
   const auto& movie = progress.movie;
-  if (movie.bytes <= 0 || movie.written <= 0) return std::nullopt;
-  return movie.bytes * std::max(movie.total / movie.written, 1.0);
+  const auto most = progress.most > 0 ? std::optional(progress.most) : std::nullopt;
+  if (movie.bytes <= 0 || movie.written <= 0) return most;
+  const double whole = movie.bytes * std::max(movie.total / movie.written, 1.0);
+  return most ? std::min(whole, *most) : whole;
 }
 
 std::optional<double> SteadyTimeLeft::after(const RenderProgress& progress) {
@@ -62,8 +64,10 @@ std::string leftText(const RenderProgress& progress, std::optional<double> secon
   std::string text;
   if (secondsLeft) text = translated("%1 left", {clockText(*secondsLeft)});
   if (const auto inAll = bytesInAll(progress)) {
+    const auto& bytes = progress.movie.bytes;
     text += (text.empty() ? "" : ", ") +
-            translated("%1 of about %2", {bytesText(progress.movie.bytes), bytesText(*inAll)});
+            (bytes > 0 ? translated("%1 of about %2", {bytesText(bytes), bytesText(*inAll)})
+                       : translated("about %1", {bytesText(*inAll)}));
   }
   return text;
 }

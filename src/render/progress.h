@@ -14,6 +14,7 @@ struct RenderProgress {
   double elapsed = 0;    ///< seconds of work so far
   double begunAt = 0;    ///< of these, when the first word came: opening the files is no measure of the rest
   double begunWith = 0;  ///< seconds of the movie that were made then
+  double most = 0;       ///< bytes that the file is not to exceed; 0 for no limit
 };
 
 /// 0 to 1.
@@ -32,7 +33,8 @@ std::optional<double> speedOf(const RenderProgress& progress);
 /// Seconds of work, as the speed since the first word has it. Nothing as above.
 std::optional<double> secondsLeft(const RenderProgress& progress);
 
-/// Bytes that the file will have, as those of the part that is written have it. Nothing before that.
+/// Bytes that the file will have, as those of the part that is written have it. Before that the most that it
+/// may have, and nothing where there is no limit.
 std::optional<double> bytesInAll(const RenderProgress& progress);
 
 /// The time left as it is shown: what secondsLeft says, but in the second half of a render it never rises by

@@ -4,10 +4,12 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "render/batch_file.h"
+#include "vocabulary/movie_presets.h"
 
 namespace kvo {
 namespace {
 
+constexpr double kBytesOfMegabyte = 1e6;
 constexpr std::size_t kMaxErrorLines = 100;
 constexpr const char* kDocument = "/KVORender.xtl";
 constexpr const char* kBatchFile = "/KVORender.bat";
@@ -15,7 +17,17 @@ constexpr const char* kSentinel = "/Rendone.txt";
 // Has the shell killed when this program ends; the engine does so with its shell.
 constexpr const char* kTether = "/usr/bin/setpriv";
 
+double mostBytes(const RenderOrder& order) {
+  const auto* preset = presetNamed(order.preset);
+  const double megabytes = order.megabytes > 0 || preset == nullptr ? order.megabytes : preset->megabytes;
+  return megabytes * kBytesOfMegabyte;
+}
+
 }  // namespace
+
+std::string whyFailed(const EngineRun& run) {
+  return run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+}
 
 std::string workFolderOf(const std::string& output) {
   return withSeparator(folderPart(output)).append(".rendering-").append(fileNamePart(output));
@@ -84,6 +96,7 @@ Outcome RenderDriver::start(const RenderOrder& order) {
   state_ = {};
   state_.phase = EnginePhase::Running;
   state_.progress.frameRate = order.frameRate;
+  state_.progress.most = mostBytes(order);
   return {};
 }
 

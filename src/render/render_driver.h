@@ -59,6 +59,9 @@ struct EngineRun {
   [[nodiscard]] bool ended() const { return phase > EnginePhase::Stopping; }
 };
 
+/// The line that tells the user why a run has failed. What a killed engine's shell says of it tells nothing.
+std::string whyFailed(const EngineRun& run);
+
 /// The work folder for an output, beside it.
 std::string workFolderOf(const std::string& output);
 

@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
-#include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
 #include "render/output_kinds.h"
@@ -45,8 +44,9 @@ std::string MovieRender::clipAt(double seconds) const {
 }
 
 std::string MovieRender::formOf(const Job& job) const {
-  return job.profile == kNoProfile || job.audioOnly() ? translated(kindRow(job.kind).title)
-                                                      : profileText(job.profile);
+  if (job.profile != kNoProfile && !job.audioOnly()) return profileText(job.profile);
+  const auto kind = translated(kindRow(job.kind).title);
+  return job.preset == nullptr ? kind : kind + ": " + translated(job.preset->title);
 }
 
 void MovieRender::takeFilm(const Job& job) {
@@ -83,9 +83,13 @@ void MovieRender::tellOptions() {
                                                             FormatMask(create.Txt_Too, "0.0")})});
   if (movieFileOf(state_.kind).hasPicture) {
     const bool isCodecs = !state_.codecSize.empty() && state_.Chk_UseCodecOutputDimensions;
-    facts.push_back({"Picture", isCodecs ? state_.codecSize
-                                         : std::to_string(size.width) + " x " + std::to_string(size.height)});
-    facts.push_back({"Frames a second", ShortText(preferences.OutPutFrameRate)});
+    const auto* preset = chosenPreset();
+    const PictureSides own{size.width, size.height};
+    const auto sides = preset != nullptr ? fittedTo(*preset, own) : own;
+    const double rate = preferences.OutPutFrameRate;
+    facts.push_back({"Picture", isCodecs ? state_.codecSize : sidesText(sides.width, sides.height)});
+    facts.push_back(
+        {"Frames a second", ShortText(preset != nullptr ? std::min(rate, preset->mostRate) : rate)});
     facts.push_back({"Colors", translated("%1 bit", {std::to_string(preferences.OutputColorDepth)})});
   }
   facts.push_back({"Sound", translated("44.1 kHz stereo")});
@@ -100,13 +104,13 @@ void MovieRender::tellPair() {
   const int overlay = look ? look->overlayClip : 0;
   const auto size = outputSize();
   const double rate = e.settings.preferences().OutPutFrameRate;
-  const double length = timelineLength(backdrop);
+  const double length = pairLength();
   const double bytes = std::ceil(length * rate) * size.width * size.height * kUncompressedPixel;
   const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
   state_.facts = {{"Backdrop", nameOf(backdrop)},
                   {"Overlay", overlay >= 1 && overlay <= e.clips().count() ? nameOf(e.clips()[overlay]) : ""},
                   {"Length", secondsOf(length)},
-                  {"Picture", std::to_string(size.width) + " x " + std::to_string(size.height)},
+                  {"Picture", sidesText(size.width, size.height)},
                   {"Frames a second", ShortText(rate)},
                   {"Output file size", translated("about %1", {roomText(bytes / kBytesOfMb)})},
                   {"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))}};

@@ -5,12 +5,16 @@
 #include "render/movie_render.h"
 #include "render/render_texts.h"
 
+#include <algorithm>
+
 namespace kvo {
 namespace {
 
 constexpr std::string_view kRenderKind = "RenderKind";
 constexpr std::string_view kRenderProfile = "RenderProfile";
 constexpr std::string_view kRenderOwnSize = "RenderOwnSize";
+constexpr std::string_view kRenderPreset = "RenderPreset";
+constexpr std::string_view kRenderMegabytes = "RenderMegabytes";
 constexpr std::string_view kRenderFolder = "RenderFolder";
 constexpr std::string_view kRenderWorking = "RenderWorking";  // the files of renders under way, a line each
 constexpr std::string_view kWorkingMark = ".rendering-";
@@ -42,7 +46,12 @@ void MovieRender::recall() {
   if (!ports_.editing.files.isFolder(folder_)) folder_.clear();
   state_.Chk_UseCodecOutputDimensions = store.read(kRenderOwnSize) != "1";
   const auto kept = outputKindOf("movie." + store.read(kRenderKind));
+  if (const auto wished = numberIn(store.read(kRenderMegabytes)))
+    wishMegabytes(static_cast<int>(std::clamp<double>(*wished, kLeastMegabytes, kMostMegabytes)));
   chooseKind(kept.value_or(OutputKind::Mp4));
+  const auto preset = std::ranges::find(state_.Lst_MadeFor, store.read(kRenderPreset), &MadeForRow::preset);
+  if (preset != state_.Lst_MadeFor.end())
+    chooseMadeFor(static_cast<int>(preset - state_.Lst_MadeFor.begin()));
   const auto profile = store.read(kRenderProfile);
   for (std::size_t row = 0; row < state_.Lst_WMVFormats.size(); ++row) {
     if (!profile.empty() && GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]) == ToNumber(profile))
@@ -59,6 +68,8 @@ void MovieRender::remember(const Job& job) {
   if (job.isPicInPic) return;
   store.write(kRenderKind, extensionOf(state_.kind));
   store.write(kRenderOwnSize, state_.Chk_UseCodecOutputDimensions ? "0" : "1");
+  if (!state_.Lst_MadeFor.empty()) store.write(kRenderPreset, job.preset ? job.preset->name : "");
+  if (job.megabytes > 0) store.write(kRenderMegabytes, std::to_string(state_.wishedMegabytes));
   if (job.profile != kNoProfile && !job.audioOnly()) store.write(kRenderProfile, std::to_string(job.profile));
 }
 

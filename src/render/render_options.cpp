@@ -3,7 +3,10 @@
 #include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
+#include "render/output_kinds.h"
 #include "render/render_texts.h"
+
+#include <algorithm>
 
 namespace kvo {
 
@@ -72,6 +75,7 @@ void MovieRender::chooseKind(OutputKind kind) {
   const bool isSound = kind == OutputKind::Wma;
   const bool isListed = isSound || kind == OutputKind::Wmv;
   const bool keepsRow = kind == state_.kind && !state_.Lst_WMVFormats.empty();
+  const bool keepsPurpose = kind == state_.kind && !state_.Lst_MadeFor.empty();
   state_.kind = kind;
   state_.Lst_WMVFormats = isListed ? PopulateWMVProfileOpts(isSound) : std::vector<std::string>();
   if (!keepsRow) state_.profileRow = isListed ? static_cast<int>(state_.Lst_WMVFormats.size()) - 1 : -1;
@@ -83,7 +87,46 @@ void MovieRender::chooseKind(OutputKind kind) {
         state_.profileRow = static_cast<int>(row);
     }
   }
+  listMadeFor();
+  if (!keepsPurpose) state_.madeForRow = state_.Lst_MadeFor.empty() ? -1 : 0;
   describe();
+}
+
+// One row for each preset of the kind, behind that for none of them.
+void MovieRender::listMadeFor() {
+  const auto size = outputSize();
+  const PictureSides own{size.width, size.height};
+  auto& rows = state_.Lst_MadeFor;
+  rows.clear();
+  for (const auto& preset : moviePresets()) {
+    if (preset.kind != state_.kind) continue;
+    if (rows.empty()) rows.push_back({"", "As on the Create page", sidesText(own.width, own.height)});
+    const auto sides = fittedTo(preset, own);
+    rows.push_back({std::string(preset.name), preset.title, sidesText(sides.width, sides.height)});
+  }
+}
+
+void MovieRender::chooseMadeFor(int row) {
+  if (state_.isRunning || row < 0 || row >= static_cast<int>(state_.Lst_MadeFor.size())) return;
+  state_.madeForRow = row;
+  describe();
+}
+
+void MovieRender::wishMegabytes(int megabytes) {
+  if (state_.isRunning) return;
+  state_.wishedMegabytes = std::clamp(megabytes, kLeastMegabytes, kMostMegabytes);
+  ports_.host.renderChanged();
+}
+
+const MoviePreset* MovieRender::chosenPreset() const {
+  const auto row = static_cast<std::size_t>(state_.madeForRow);
+  return row < state_.Lst_MadeFor.size() ? presetNamed(state_.Lst_MadeFor[row].preset) : nullptr;
+}
+
+void MovieRender::describeMadeFor() {
+  const auto* preset = chosenPreset();
+  state_.madeForText = preset != nullptr ? std::string(preset->text) : kindRow(state_.kind).hint;
+  state_.hasWishedSize = preset != nullptr && preset->megabytes > 0;
 }
 
 void MovieRender::chooseProfile(int row) {
@@ -110,8 +153,9 @@ void MovieRender::describe() {
     state_.profileDescription =
         ShowProfileDescription(number, outputSize(), state_.Chk_UseCodecOutputDimensions).text;
     if (const auto facts = GetProfileXYDimensions(number))
-      state_.codecSize = std::to_string(facts->size.width) + " x " + std::to_string(facts->size.height);
+      state_.codecSize = sidesText(facts->size.width, facts->size.height);
   }
+  describeMadeFor();
   if (state_.frame == RenderFrame::Options) tellOptions();
   ports_.host.renderChanged();
 }

@@ -48,6 +48,18 @@ struct FilmCut {
   bool operator==(const FilmCut&) const = default;
 };
 
+/// A choice of what the movie is made for.
+struct MadeForRow {
+  std::string preset;  ///< name of a MoviePreset; empty for what the Create page says
+  std::string title;   ///< whole
+  std::string size;    ///< of the picture at most, "1280 x 720"
+  bool operator==(const MadeForRow&) const = default;
+};
+
+/// Megabytes that a movie can be wished to keep within.
+inline constexpr int kLeastMegabytes = 1;
+inline constexpr int kMostMegabytes = 4000;
+
 /// A render of the queue.
 struct QueuedRow {
   int number = 0;  ///< of the job
@@ -71,6 +83,11 @@ struct RenderState {
   bool Chk_UseCodecOutputDimensions = true;
   std::string profileDescription;  ///< lines joined by CR LF
   std::string codecSize;           ///< of the profile in hand, "320x240"; empty where it has none of its own
+  std::vector<MadeForRow> Lst_MadeFor;  ///< of a kind that presets make, else empty
+  int madeForRow = -1;                  ///< in that list; -1 for none
+  std::string madeForText;              ///< whole; lines joined by CR LF
+  bool hasWishedSize = false;           ///< the chosen one keeps within wishedMegabytes
+  int wishedMegabytes = 20;             ///< of 1,000,000 bytes
 
   std::vector<QueuedRow> Lst_Queue;  ///< what waits its turn
   int queueRow = -1;                 ///< in that list; -1 for none

@@ -64,6 +64,10 @@ std::string editorCaption(std::string_view collection) {
   return "   " + translated("Create New Movie from %1 Collection", {collection});
 }
 
+std::string sidesText(int width, int height) {
+  return std::to_string(width) + " x " + std::to_string(height);
+}
+
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile) {
   const auto length = lengthOf(seconds);
   const auto number = static_cast<std::size_t>(kind);

@@ -17,6 +17,9 @@ std::string filterOf(OutputKind kind);
 std::string creatingCaption(std::string_view outputFile, std::string_view collection);
 std::string editorCaption(std::string_view collection);
 
+/// "1280 x 720", pixels
+std::string sidesText(int width, int height);
+
 /// "Encoding 2 mins 5 secs of video to 'WMV8 for ...'". `seconds` of the movie; `profile` by its text.
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile);
 

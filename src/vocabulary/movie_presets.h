@@ -11,8 +11,9 @@ namespace kvo {
 /// A choice of everything that a kind of file leaves open. What is larger or faster than told is brought down
 /// to it; nothing is ever made larger.
 struct MoviePreset {
-  std::string_view name;  ///< "web"
-  std::string_view text;  ///< what it is for, whole
+  std::string_view name;   ///< "web"
+  const char* title = "";  ///< "Web pages and browsers", whole
+  std::string_view text;   ///< what it is for, whole
   OutputKind kind = OutputKind::Mp4;
   int longSide = 0;           ///< pixels at most, of the longer side of the picture
   int shortSide = 0;          ///< and of the other

@@ -166,6 +166,7 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   std::ofstream(work_ / "text.mp3") << "no sound";
   std::ofstream(work_ / "huge.ppm") << "P6\n20000 20000\n255\n";
   const auto good = collection("good.INI", {video_});
+  const auto asMovie = collection("named as a movie.mp4", {video_});
   const auto o = work_ / "o.avi";
   const std::tuple<std::vector<std::string>, int, std::string> rows[] = {
       {{"--render", work_ / "none.INI", "--output", o}, 1, "none.INI"},
@@ -178,9 +179,10 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
        "text.mp3: it is no"},
       {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
       {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi"},
-      {{"--render", good, "--output", work_ / "o.mov"}, 1, "o.mov"},
+      {{"--render", good, "--output", work_ / "o.mkv"}, 2, "o.mkv: its name must end in .WMV"},
       {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
-      {{"--render", good, "--output", good}, 1, "it is the collection"},
+      {{"--render", good, "--output", good}, 2, "good.INI: its name must end in"},
+      {{"--render", asMovie, "--output", asMovie}, 1, "it is the collection"},
       {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
       {{"--render", good}, 2, "--output"},
       {{"--nonsense"}, 2, "--nonsense"},

@@ -28,7 +28,9 @@ class Formats : public testing::Test {
     EXPECT_TRUE(timeline) << timeline.error().text;
     job.output = out_ / name;
     job.scratch = scratch_.path();
-    return render(*timeline, job, files_, {});
+    shares_.clear();
+    return render(*timeline, job, files_,
+                  [this](const RenderStep& step) { shares_.push_back(step.done / step.total); });
   }
 
   [[nodiscard]] std::uint64_t sizeOf(const std::string& name) const {
@@ -38,6 +40,7 @@ class Formats : public testing::Test {
   test::ScratchFolder media_;
   test::ScratchFolder out_;
   test::ScratchFolder scratch_;
+  std::vector<double> shares_;  // that have been told
   PosixFiles files_;
 };
 
@@ -165,6 +168,9 @@ TEST_F(Formats, AMovieKeepsWithinItsSizeAndMeetsIt) {
     EXPECT_LE(static_cast<double>(sizeOf("m.mp4")), row.megabytes * 1e6);
     EXPECT_GE(static_cast<double>(sizeOf("m.mp4")), row.megabytes * 1e6 * row.least);
     EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", out_ / "m.mp4", "-f", "null", "-"}).err, "");
+    EXPECT_TRUE(std::ranges::is_sorted(shares_)) << "also where it is tried again";
+    EXPECT_EQ(shares_.back(), 1);
+    EXPECT_TRUE(row.least > 0 || shares_.at(shares_.size() - 2) < 0.91) << "no pass but the two";
   }
   RenderJob job;
   job.megabytes = 0.05;

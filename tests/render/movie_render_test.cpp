@@ -204,6 +204,7 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
     std::function<void(RenderBench&)> prepare;
     std::string captions;
     std::size_t renders;
+    std::string why{};  // in the last box
   };
   const auto range = [](double from, double too) {
     return [=](RenderBench& b) {
@@ -232,13 +233,16 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
               b.engine.turns = {{}, {.exitCode = 1, .says = "/out/my film.wmv: No space"}};
             },
             failed, 2},
-        Row{"the first part fails", [](auto& b) { b.engine.turns = {{.exitCode = 139}}; }, failed, 1}}) {
+        Row{"the first part is killed",
+            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, failed, 1,
+            "the render engine ended with code 137"}}) {
     RenderBench b;
     b.choose(OutputKind::Wmv, 38);
     row.prepare(b);
     b.files.all["/out/my film.wmv"] = "old";
     b.render.WriteRenderMovie();
     EXPECT_EQ(captionsOf(b.boxes), row.captions) << row.what;
+    EXPECT_TRUE(test::holds(b.boxes.shown.back().text, row.why)) << row.what;
     EXPECT_EQ(b.engine.calls.size(), row.renders) << row.what;
     EXPECT_EQ(b.files.all["/out/my film.wmv"], "old") << row.what;
     EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV")) << row.what;
@@ -337,6 +341,16 @@ TEST(MovieRender, MakesOneClipOfTwo) {
     EXPECT_EQ(test::holds(b.host.notes, "add:/out/pair.avi"), !fails);
     EXPECT_FALSE(b.store.all.contains("RenderKind")) << "it is no choice of the user's";
   }
+  for (const bool trims : {false, true}) {
+    RenderBench b;
+    b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2, .trimToBackdrop = trims}));
+    b.render.RenderPinP(1, {});
+    EXPECT_TRUE(test::holds(factsOf(b.state), trims ? "|Length=4.000 s|" : "|Length=8.000 s|"));
+    b.dialogs.answers = {"/out/pair.avi"};
+    b.render.RenderNewPicInPic();
+    EXPECT_EQ(test::holds(b.engine.calls.at(0), "'/[2.00-7.00]'"), !trims)
+        << "the whole pair is reckoned with";
+  }
 }
 
 TEST(MovieRender, AsksAboutAnEngineThatSaysNothing) {
@@ -415,6 +429,16 @@ TEST(MovieRender, AnAbortAheadOfTheEngineCounts) {
   EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
 }
 
+TEST(MovieRender, AnAbortWhileTheWavIsTakenIsNoFailure) {
+  RenderBench b;
+  b.choose(OutputKind::Wav);
+  b.dialogs.answers = {"/out/song.wav"};
+  b.host.whileStripping = [&] { b.render.AbortRender(); };
+  b.host.stripFails = "it was stopped";
+  b.render.WriteRenderMovie();
+  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
+}
+
 TEST(MovieRender, GoesOnBeyondItsCountdownWithAnotherPie) {
   RenderBench b;
   b.choose(OutputKind::Avi);
@@ -454,6 +478,56 @@ TEST(MovieRender, HandsAMovieToTheQueue) {
   b.render.AddToQueue();
   EXPECT_EQ(b.queued.size(), 2U);
   EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
+}
+
+TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
+  struct Row {
+    OutputKind kind;
+    const char* preset;       // null for a kind without
+    int megabytes;            // wished
+    std::string facts;        // picture and rate
+    std::string part, whole;  // what the engine is told
+  };
+  const std::string own = "Picture=2560 x 1440|Frames a second=50|";
+  for (const auto& row : {Row{OutputKind::Mp4, "", 20, own, "", ""},
+                          Row{OutputKind::Mp4, "phone", 20, "Picture=1280 x 720|Frames a second=30|",
+                              "'/P' 'phone' ", "'/P' 'phone' "},
+                          Row{OutputKind::Mp4, "email", 12, "Picture=1280 x 720|Frames a second=30|",
+                              "'/P' 'email' '/M' '5.000' ", "'/P' 'email' '/M' '12.000' "},
+                          Row{OutputKind::Mp4, "email", 0, "Picture=1280 x 720|Frames a second=30|",
+                              "'/P' 'email' '/M' '0.417' ", "'/P' 'email' '/M' '1.000' "},
+                          Row{OutputKind::WebM, "webm", 20, "Picture=1920 x 1080|Frames a second=50|",
+                              "'/P' 'webm' ", "'/P' 'webm' "},
+                          Row{OutputKind::Avi, nullptr, 20, own, "", ""}}) {
+    RenderBench b;
+    b.editor.controls.txtWidth = 2560;
+    b.editor.controls.txtHeight = 1440;
+    b.settings.change().OutPutFrameRate = 50;
+    b.settings.adjust().RenderAutoView = true;
+    b.choose(row.kind);
+    EXPECT_EQ(b.state.Lst_MadeFor.empty(), row.preset == nullptr);
+    const auto chosen = [&](const RenderState& state) {
+      return state.madeForRow < 0 ? "-"
+                                  : state.Lst_MadeFor.at(static_cast<std::size_t>(state.madeForRow)).preset;
+    };
+    for (int i = 0; i < static_cast<int>(b.state.Lst_MadeFor.size()) && chosen(b.state) != row.preset;)
+      b.render.chooseMadeFor(++i);
+    b.render.wishMegabytes(row.megabytes);
+    EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
+    b.engine.turns = {{.bytes = 50U << 20U}};
+    b.dialogs.answers = {"/out/film", "/out/film"};
+    b.render.AddToQueue();
+    EXPECT_EQ(b.queued.at(0).preset, row.preset == nullptr ? "" : row.preset);
+    b.render.WriteRenderMovie();
+    ASSERT_EQ(b.engine.calls.size(), 2U);
+    EXPECT_TRUE(test::holds(b.engine.calls[0], "'/[3.00-8.00]' " + row.part + "'/S'")) << b.engine.calls[0];
+    EXPECT_TRUE(b.engine.calls[1].starts_with("'/bin/KVORender' " + row.whole + "'/S'")) << b.engine.calls[1];
+    RenderBench next;
+    next.store.all = b.store.all;
+    next.render.Rendertofile();
+    EXPECT_EQ(chosen(next.state), chosen(b.state)) << "remembered";
+    EXPECT_EQ(next.state.wishedMegabytes, b.state.hasWishedSize ? std::max(row.megabytes, 1) : 20);
+  }
 }
 
 TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {

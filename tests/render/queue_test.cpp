@@ -5,6 +5,7 @@
 #include "support/memory_files.h"
 #include "support/memory_folders.h"
 #include "support/memory_locks.h"
+#include "support/noted_work.h"
 #include "support/virtual_loop.h"
 
 #include <gtest/gtest.h>
@@ -67,6 +68,7 @@ struct Queued {
   test::VirtualLoop loop;
   std::vector<std::string> swept;
   std::function<void(const std::string&)> sweep = [this](const std::string& f) { swept.push_back(f); };
+  test::NotedWork work;
   QueueStore store{files, "/q"};
   std::unique_ptr<QueueRunner> runner;
 
@@ -81,7 +83,8 @@ struct Queued {
   void begin() {
     runner.reset();
     runner = std::make_unique<QueueRunner>(
-        QueueRunner::Ports{store, locks, {files, folders, processes, loop, "/bin/KVORender"}, sweep}, [] {});
+        QueueRunner::Ports{store, locks, {files, folders, processes, loop, "/bin/KVORender"}, sweep, &work},
+        [] {});
     runner->start();
   }
   void does(Outcome (*act)(RenderQueue&, int), int number) {
@@ -117,9 +120,12 @@ TEST(QueueRunnerTest, MakesOneBehindTheOther) {
   q.processes.sayError("KVORender: disk full");
   q.end(1);
   EXPECT_EQ(q.told(), "1 done, 3 failed, 2 running");
+  EXPECT_EQ(q.work.notes, "awake asleep awake asleep [3.avi could not be made.] awake ");
+  q.work.notes.clear();
   EXPECT_EQ(q.store.read()->jobs[1].failure, "KVORender: disk full");
   q.end(0);
   EXPECT_TRUE(q.runner->isIdle());
+  EXPECT_EQ(q.work.notes, "asleep [2.avi has been created !] ");
   q.does(resumeJob, 3);
   EXPECT_EQ(q.told(), "1 done, 3 running, 2 done");
   EXPECT_TRUE(q.swept.empty());
@@ -131,6 +137,7 @@ TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
   EXPECT_TRUE(q.processes.last().stopped);
   q.end(143);
   EXPECT_EQ(q.told(), "1 paused, 2 running") << "another one's turn";
+  EXPECT_EQ(q.work.notes, "awake asleep awake ") << "the user knows";
   q.does(resumeJob, 1);
   EXPECT_TRUE(removeQueued(q.store, q.locks, 2, q.sweep));
   EXPECT_TRUE(q.swept.empty()) << "while the engine writes there";
@@ -179,6 +186,7 @@ TEST(QueueRunnerTest, TellsWhatCannotBeDone) {
   EXPECT_EQ(q.files.all["/q/2.prx"], "profile");
   q.end(0);
   EXPECT_EQ(q.told(), "1 done, 2 failed");
+  EXPECT_EQ(q.work.notes, "awake asleep [x.avi could not be made.] ");
   q.files.unreadable.insert("/q/Queue.txt");
   q.loop.advance(500);
   EXPECT_NE(q.runner->trouble(), "");

@@ -7,6 +7,7 @@
 #include "support/memory_folders.h"
 #include "support/memory_locks.h"
 #include "support/memory_store.h"
+#include "support/noted_work.h"
 #include "support/scripted_dialogs.h"
 #include "support/virtual_loop.h"
 
@@ -96,6 +97,7 @@ class NotingRenderHost : public RenderHost {
   std::string notes;
   std::function<void()> onChange = [] {};
   std::string stripFails;
+  std::function<void()> whileStripping = [] {};
 
   void PlayerStop() override { note("stop"); }
   void ImagesOff() override { note("images-"); }
@@ -107,6 +109,7 @@ class NotingRenderHost : public RenderHost {
   void Buildtabs() override { note("tabs"); }
   void deleteWorkFiles() override { note("sweep"); }
   Outcome StripWavFromCurrentVideo(const std::string& source, const std::string& wav) override {
+    whileStripping();
     if (!stripFails.empty()) return Error{stripFails};
     note("strip:" + source);
     files_.all[wav] = files_.all.at(source);
@@ -117,14 +120,6 @@ class NotingRenderHost : public RenderHost {
  private:
   void note(const std::string& what) { notes += (notes.empty() ? "" : " ") + what; }
   MemoryFiles& files_;
-};
-
-class NotedWork : public LongWork {
- public:
-  std::string notes;
-  void keepAwake(const std::string& /*why*/) override { notes += "awake "; }
-  void letSleep() override { notes += "asleep "; }
-  void tell(const std::string& /*title*/, const std::string& text) override { notes += "[" + text + "] "; }
 };
 
 /// Two clips of 4 and 8 seconds, and a system profile file.

@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -40,9 +42,9 @@ struct CardBench {
     state.filmLength = 40;
     card = std::make_unique<RenderCard>(
         state,
-        RenderActs{number("kind"), number("profile"), number("own"), note("write"), note("queue"),
-                   number("job"), note("pause"), note("remove"), note("pair"), note("abort"), note("view"),
-                   note("leave")},
+        RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
+                   note("write"), note("queue"), number("job"), note("pause"), note("remove"), note("pair"),
+                   note("abort"), note("view"), note("leave")},
         [](int clip) {
           QImage image(160, 90, QImage::Format_RGB32);
           image.fill(QColor::fromHsv(clip * 80, 160, 200));
@@ -122,8 +124,26 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   QTest::keyClick(list, Qt::Key_Down);
   QTest::mouseClick(b.card->findChild<QCheckBox*>(), Qt::LeftButton, {}, {10, 10});
   EXPECT_EQ(b.asked, "profile26 own0 ");
-  b.state.kind = OutputKind::Wav;
+  for (const auto* area : b.card->findChildren<QScrollArea*>()) {
+    EXPECT_TRUE(area->accessibleName() != "Create Movie" || !area->isVisible() ||
+                area->verticalScrollBar()->maximum() + area->horizontalScrollBar()->maximum() == 0);
+  }
+  b.state.kind = OutputKind::Mp4;
   b.state.Lst_WMVFormats.clear();
+  b.state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}, {"email", "E-mail", "640 x 480"}};
+  b.state.madeForRow = 0;
+  b.go(RenderFrame::Options);
+  auto* size = b.card->findChild<QSpinBox*>();
+  EXPECT_TRUE(!list->isVisible() && b.says("Made for") && !size->isVisible());
+  b.state.madeForRow = 1;
+  b.state.hasWishedSize = true;
+  b.asked.clear();
+  b.go(RenderFrame::Options);
+  EXPECT_EQ(size->value(), 20);
+  size->stepUp();
+  EXPECT_EQ(b.asked, "mb21 ");
+  b.state.kind = OutputKind::Wav;
+  b.state.Lst_MadeFor.clear();
   b.go(RenderFrame::Options);
   EXPECT_FALSE(list->isVisible());
   EXPECT_TRUE(b.says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";

@@ -247,6 +247,18 @@ int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay) {
   return toLongClamped(longer / 2 * 1000);
 }
 
+double picInPicLength(const Collection& collection, int backdropNo, Single stillDuration) {
+  TimelineClips clips(collection);
+  auto& backdrop = clips[backdropNo];
+  giveDuration(backdrop, stillDuration, false);
+  const double length = timelineLength(backdrop);
+  const auto look = readPicInPic(backdrop.record->HasPicInPic());
+  if (!look || look->overlayClip > clips.count()) return length;
+  auto& overlay = clips[look->overlayClip];
+  giveDuration(overlay, stillDuration, true);
+  return std::max(length, overlayTimes(overlay, *look, length).times.stop);
+}
+
 SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
                               const EffectsTable& effects, const PicInPicOptions& wanted) {
   if (wanted.preview && !wanted.inShape) {

@@ -64,6 +64,10 @@ std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look);
 /// Maximum of the two fade sliders in milliseconds: half of the longer clip.
 int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay);
 
+/// How long that document is, in seconds: an overlay that is not trimmed may go on behind its backdrop.
+/// `stillDuration` as in CompileOptions.
+double picInPicLength(const Collection& collection, int backdropNo, Single stillDuration);
+
 /// The whole document for a backdrop, with its overlay if its record names one that is there, at the options'
 /// size and rate.
 SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,

@@ -45,11 +45,17 @@ Outcome makeShare(const Timeline& timeline, const RenderPlan& plan, const media:
   return line.finish([&] { told(line.made(), 0, line.kept()); });
 }
 
-Outcome writeAll(const Result<media::EncodedFrames>& frames, media::MovieWriter& writer,
-                 std::uint64_t& pictureBytes) {
+// What the frames of a file have come to.
+struct Pictures {
+  std::uint64_t bytes = 0;
+  bool areFinest = true;
+};
+
+Outcome writeAll(const Result<media::EncodedFrames>& frames, media::MovieWriter& writer, Pictures& pictures) {
   if (!frames) return frames.error();
   for (const auto& frame : *frames) {
-    pictureBytes += frame.bytes();
+    pictures.bytes += frame.bytes();
+    pictures.areFinest = pictures.areFinest && frame.isFinest();
     if (auto done = writer.writeVideo(frame); !done) return done;
   }
   return {};
@@ -57,8 +63,7 @@ Outcome writeAll(const Result<media::EncodedFrames>& frames, media::MovieWriter&
 
 // Steps through the plan: a frame from the line and the sound that goes with it, into the writer.
 Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder* work,
-             media::MovieWriter& writer, media::DamageList& damage, std::uint64_t& pictureBytes,
-             const Told& told) {
+             media::MovieWriter& writer, media::DamageList& damage, Pictures& pictures, const Told& told) {
   std::optional<Mixer> mixer;
   if (plan.format.audio) mixer.emplace(timeline, plan.firstSample, &damage);
   std::optional<media::VideoEncoder> encoder;  // of frames that come as pictures
@@ -79,7 +84,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder*
       if (!frame) return frame.error();
       auto encoded = encoder ? encoder->encode(frame->picture, step - plan.first)
                              : Result<media::EncodedFrames>(media::EncodedFrames{frame->encoded});
-      if (auto done = writeAll(encoded, writer, pictureBytes); !done) return done;
+      if (auto done = writeAll(encoded, writer, pictures); !done) return done;
     }
     if (mixer) {
       const auto count = plan.sampleOf(step + 1) - plan.sampleOf(step);
@@ -91,7 +96,7 @@ Outcome pump(const Timeline& timeline, const RenderPlan& plan, const WorkFolder*
     told(made, step + 1 - plan.first, line ? line->kept() : 0);
   }
   if (encoder) {
-    if (auto done = writeAll(encoder->finish(), writer, pictureBytes); !done) return done;
+    if (auto done = writeAll(encoder->finish(), writer, pictures); !done) return done;
   }
   return writer.finish();
 }
@@ -114,29 +119,35 @@ std::vector<std::string> notesOf(const RenderPlan& plan, std::uint64_t pictureBy
   return notes;
 }
 
-// Tells the watch how far a render is. A movie of two passes has come half the way with the first.
+// Tells the watch how far a render is. The passes of a movie that has to keep within a size lie behind each
+// other: two are the rule, and each that is not foreseen takes most of what has been left for it.
 class Teller {
  public:
-  Teller(const RenderPlan& plan, const RenderWatch& watch) : plan_(plan), watch_(watch) {}
+  Teller(const RenderPlan& plan, const RenderWatch& watch)
+      : plan_(plan), watch_(watch), to_(plan.mostBytes > 0 ? kOfTwo / 2 : 1) {}
 
-  void firstPass(std::int64_t made) const { tell({secondsAt(made) / 2}); }
-  void pass(std::int64_t made, std::int64_t written, std::int64_t kept, std::uint64_t bytes) const {
-    const double done = secondsAt(made);
-    tell({plan_.mostBytes > 0 ? (plan_.seconds() + done) / 2 : done, 0, bytes, secondsAt(written),
-          secondsAt(kept)});
+  void nextPass() { from_ = std::exchange(to_, to_ < kOfTwo ? kOfTwo : to_ + (1 - to_) * kOfTwo); }
+  void tell(std::int64_t made, std::int64_t written, std::int64_t kept, std::uint64_t bytes) const {
+    const double share = from_ + (to_ - from_) * secondsAt(made) / plan_.seconds();
+    say({share * plan_.seconds(), 0, bytes, secondsAt(written), secondsAt(kept)});
   }
+  void end(std::uint64_t bytes) const { say({plan_.seconds(), 0, bytes, plan_.seconds()}); }
 
  private:
+  static constexpr double kOfTwo = 0.9;
+
   [[nodiscard]] double secondsAt(std::int64_t steps) const {
     return std::min(plan_.steps.secondsAt(steps), plan_.seconds());
   }
-  void tell(RenderStep step) const {
+  void say(RenderStep step) const {
     step.total = plan_.seconds();
     if (watch_) watch_(step);
   }
 
   const RenderPlan& plan_;
   const RenderWatch& watch_;
+  double from_ = 0;  // of the whole: where this pass begins
+  double to_;
 };
 
 // All that a file is made with.
@@ -146,13 +157,13 @@ struct Making {
   const RenderJob& job;
   Files& files;
   media::DamageList& damage;
-  const Teller& teller;
+  Teller& teller;
   const WorkFolder* work;
 };
 
 struct MadeFile {
   std::unique_ptr<Replacement> target;
-  std::uint64_t pictureBytes = 0;
+  Pictures pictures{};
 };
 
 Result<MadeFile> makeFile(const Making& making) {
@@ -165,11 +176,11 @@ Result<MadeFile> makeFile(const Making& making) {
   if (!writer) return writer.error();
   const Told told = [&](std::int64_t done, std::int64_t written, std::int64_t kept) {
     // Some muxers hold back what they have for seconds.
-    making.teller.pass(done, written, kept, std::max(made.target->size(), made.pictureBytes));
+    making.teller.tell(done, written, kept, std::max(made.target->size(), made.pictures.bytes));
   };
   // What a share's writer has begun is never committed: it tells what the encoders are like.
   const auto done = isShare ? makeShare(timeline, plan, *writer, *work, told)
-                            : pump(timeline, plan, work, *writer, damage, made.pictureBytes, told);
+                            : pump(timeline, plan, work, *writer, damage, made.pictures, told);
   if (!done) return done.error();
   return made;
 }
@@ -179,13 +190,18 @@ Result<MadeFile> makeSizedFile(const Making& making, RenderPlan& plan) {
   SizeAim aim(plan);
   plan.format.video->bitRate = aim.bitRate();
   const auto noted = takeNotes(making.timeline, plan, making.job.output,
-                               [&](std::int64_t made) { making.teller.firstPass(made); });
+                               [&](std::int64_t made) { making.teller.tell(made, 0, 0, 0); });
   if (!noted) return noted.error();
   for (;;) {
+    making.teller.nextPass();
     auto made = makeFile(making);
     if (!made) return made;
-    const auto fits = aim.judge(made->target->size(), made->pictureBytes);
-    if (fits == Fits::Good) return made;
+    const auto& [bytes, areFinest] = made->pictures;
+    const auto fits = aim.judge(made->target->size(), bytes, areFinest);
+    if (fits == Fits::Good) {
+      making.teller.end(made->target->size());
+      return made;
+    }
     if (fits == Fits::Never) {
       return Error{"cannot write " + making.job.output + ": the movie does not go into " +
                    ShortText(static_cast<double>(plan.mostBytes) / 1e6) + " MB"};
@@ -209,7 +225,7 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
     return Error{"cannot make a share of " + job.output + ": it is made in one piece"};
   }
   media::DamageList damage;
-  const Teller teller(*plan, watch);
+  Teller teller(*plan, watch);
   const Making making{timeline, *plan, job, files, damage, teller, work ? &*work : nullptr};
   if (work && job.work->share) {
     const auto made = makeFile(making);
@@ -220,7 +236,7 @@ Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job
   if (auto done = made->target->commit(); !done) return done.error();
   if (work) work->sweep();
   return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(),
-                      made->target->size(), damage.all(), notesOf(*plan, made->pictureBytes)};
+                      made->target->size(), damage.all(), notesOf(*plan, made->pictures.bytes)};
 }
 
 }  // namespace

@@ -38,13 +38,13 @@ SizeAim::SizeAim(const RenderPlan& plan)
       isLong_(plan.seconds() >= kLongFrom),
       bitRate_(static_cast<int>(plan.format.video->bitRate * kAim)) {}
 
-Fits SizeAim::judge(std::uint64_t bytes, std::uint64_t pictureBytes) {
+Fits SizeAim::judge(std::uint64_t bytes, std::uint64_t pictureBytes, bool isFinest) {
   const auto size = static_cast<double>(bytes);
   const auto picture = static_cast<double>(pictureBytes);
   const bool isOver = size > most_;
   ++tries_;
   // What was given more and has not taken it is as good as it gets.
-  const bool isFull = raisedFrom_ > 0 && size < raisedFrom_ * 1.01;
+  const bool isFull = isFinest || (raisedFrom_ > 0 && size < raisedFrom_ * 1.01);
   if (!isOver && (!isLong_ || size >= most_ * kNearEnough || isFull || tries_ == kMostTries))
     return Fits::Good;
   const double room = most_ * (kAim - kMorePerTry * (isOver ? tries_ - 1 : 0)) - (size - picture);

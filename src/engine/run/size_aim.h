@@ -28,8 +28,8 @@ class SizeAim {
   /// `plan` says the limit, and what is tried first.
   explicit SizeAim(const RenderPlan& plan);
 
-  /// Judges a file of `bytes`, of which `pictureBytes` are its frames.
-  Fits judge(std::uint64_t bytes, std::uint64_t pictureBytes);
+  /// Judges a file of `bytes`, of which `pictureBytes` are its frames; none could be finer with `isFinest`.
+  Fits judge(std::uint64_t bytes, std::uint64_t pictureBytes, bool isFinest);
 
   /// Bits a second for the pictures of the next try.
   [[nodiscard]] int bitRate() const { return bitRate_; }

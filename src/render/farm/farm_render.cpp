@@ -166,8 +166,7 @@ void FarmRender::hearJoining() {
   if (!run.ended()) return changed_();
   if (run.phase == EnginePhase::Done) return end(FarmPhase::Done);
   if (run.phase == EnginePhase::Stopped) return end(FarmPhase::Stopped);
-  end(FarmPhase::Failed,
-      run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure);
+  end(FarmPhase::Failed, whyFailed(run));
 }
 
 void FarmRender::stop() {

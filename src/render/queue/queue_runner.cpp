@@ -1,5 +1,8 @@
 #include "render/queue/queue_runner.h"
 
+#include "base/paths.h"
+#include "core/telling/translated.h"
+
 #include <algorithm>
 
 namespace kvo {
@@ -69,11 +72,13 @@ void QueueRunner::begin(const QueueJob& job) {
     return write(job.number, [&](QueueJob& kept) {
       kept.state = JobState::Failed;
       kept.failure = begun.error().text;
+      tellEnd(kept);
     });
   }
   running_ = job.number;
   order_ = *order;
   written_ = job.share;
+  if (ports_.work != nullptr) awake_.emplace(*ports_.work);
   write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
 }
 
@@ -92,6 +97,7 @@ void QueueRunner::hearEnd() {
   const auto& run = driver_.state();
   const int number = std::exchange(running_, 0);
   bool isThere = false;
+  awake_.reset();
   write(number, [&](QueueJob& job) {
     isThere = true;
     if (run.phase == EnginePhase::Done) {
@@ -99,14 +105,24 @@ void QueueRunner::hearEnd() {
       job.share = 1;
     } else if (run.phase == EnginePhase::Failed) {
       job.state = JobState::Failed;
-      job.failure = run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+      job.failure = whyFailed(run);
     } else if (job.state == JobState::Running) {
       job.state = JobState::Waiting;
     }
   });
+  if (const auto* ended = jobOf(queue_, number)) tellEnd(*ended);
   if (!isThere || run.phase == EnginePhase::Done) ports_.store.forget(number);
   if (!isThere) ports_.removeFolder(order_.workFolder);
   changed_();
+}
+
+void QueueRunner::tellEnd(const QueueJob& job) const {
+  if (ports_.work == nullptr) return;
+  const auto name = fileNamePart(job.order.output);
+  if (job.state == JobState::Failed)
+    ports_.work->tell("KVO5", translated("%1 could not be made.", {name}));
+  else if (job.state == JobState::Done && nextJob(queue_) == nullptr)
+    ports_.work->tell("KVO5", translated("%1 has been created !", {name}));
 }
 
 void QueueRunner::write(int number, const std::function<void(QueueJob&)>& change) {

@@ -3,10 +3,12 @@
 #pragma once
 
 #include "ports/name_locks.h"
+#include "render/awake.h"
 #include "render/queue/queue_store.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace kvo {
@@ -18,6 +20,8 @@ class QueueRunner {
     NameLocks& locks;
     RenderDriver::Ports engine;
     std::function<void(const std::string& folder)> removeFolder;  ///< with what is in it
+    /// Nobody else's. Null where no desktop is to know of it.
+    LongWork* work = nullptr;
   };
 
   /// `changed` is called behind each change of what is seen here, and is not to destroy the runner.
@@ -27,7 +31,8 @@ class QueueRunner {
   ~QueueRunner() = default;
 
   /// From now on it looks at the queue, and makes what waits there. What an ended program has left running
-  /// goes on from its last finished segment. With the runner ends the engine.
+  /// goes on from its last finished segment. With the runner ends the engine. Meanwhile the machine stays
+  /// awake; that one has failed, or the last one is made, is told on the desktop.
   void start();
 
   /// Ends the job that is being made, which waits for its turn again; nothing else is begun.
@@ -53,6 +58,7 @@ class QueueRunner {
   void begin(const QueueJob& job);
   void hear();
   void hearEnd();
+  void tellEnd(const QueueJob& job) const;
   void write(int number, const std::function<void(QueueJob&)>& change);
 
   Ports ports_;
@@ -62,6 +68,7 @@ class QueueRunner {
   std::unique_ptr<FileLock> lock_;
   RenderQueue queue_;
   int running_ = 0;
+  std::optional<Awake> awake_;
   RenderOrder order_;   // of the one that runs
   double written_ = 0;  // its share as the file has it
   bool stops_ = false;

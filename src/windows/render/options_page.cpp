@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace kvo {
@@ -25,6 +26,11 @@ constexpr int kKindGap = 8;
 constexpr int kKindColumn = 330;  // with its bar
 constexpr QRect kProfileList{350, 38, 380, 235};
 constexpr QRect kProfileTold{350, 283, 380, 88};
+constexpr QRect kText{362, 288, 356, 52};
+constexpr QRect kLongText{362, 288, 356, 78};  // where nothing stands below it
+constexpr QRect kOwnSize{358, 343, 364, 24};
+constexpr QRect kSizeName{362, 338, 180, 26};
+constexpr QRect kMegabytes{612, 338, 106, 26};
 constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
 constexpr FactRows::Form kOptionFacts{208, 20, 0};
 
@@ -43,6 +49,7 @@ OptionsPage::OptionsPage(const RenderState& state, const RenderActs& acts, Pictu
     : EditorPage(parent, kPlace, "plain"), state_(state), acts_(acts), picture_(std::move(picture)) {
   makeKinds();
   makeProfiles();
+  makeMadeFor();
   makeSummary();
   layOutKinds();
 }
@@ -82,15 +89,35 @@ void OptionsPage::makeProfiles() {
   Lst_WMVFormats_->chosen = [this](int row) { acts_.chooseProfile(row); };
   tellPlate_ = put(made<QFrame>(this), kProfileTold);
   tellPlate_->setProperty("role", "list");
-  description_ = write({}, "field", {362, 288, 356, 52});
+  description_ = write({}, "field", kText);
   description_->setWordWrap(true);
   description_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   hint_ = write({}, "field", {350, 42, 380, 200});
   hint_->setWordWrap(true);
   hint_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  Chk_UseCodecOutputDimensions_ = put(made<QCheckBox>(this), {358, 343, 364, 24});
+  Chk_UseCodecOutputDimensions_ = put(made<QCheckBox>(this), kOwnSize);
   connect(Chk_UseCodecOutputDimensions_, &QCheckBox::clicked,
           [this](bool on) { acts_.tickCodecDimensions(on); });
+}
+
+void OptionsPage::makeMadeFor() {
+  Lst_MadeFor_ =
+      put(made<PageList>(tr("Made for"), QString(), std::span<const char* const>(), this), kProfileList);
+  Lst_MadeFor_->trailing = [this](int index) {
+    const auto row = static_cast<std::size_t>(index);
+    return row < state_.Lst_MadeFor.size() ? shown(state_.Lst_MadeFor[row].size) : QString();
+  };
+  Lst_MadeFor_->chosen = [this](int row) { acts_.chooseMadeFor(row); };
+  sizeName_ = write(tr("At most"), "hint", kSizeName);
+  Num_Megabytes_ = put(made<QSpinBox>(this), kMegabytes);
+  Num_Megabytes_->setRange(kLeastMegabytes, kMostMegabytes);
+  Num_Megabytes_->setSuffix(tr(" MB"));
+  Num_Megabytes_->setKeyboardTracking(false);
+  Num_Megabytes_->setAccessibleName(tr("Size of the file at most, in megabytes"));
+  Num_Megabytes_->setToolTip(tr("What the mail takes. The picture is as fine as this allows"));
+  connect(Num_Megabytes_, &QSpinBox::valueChanged, [this](int megabytes) {
+    if (megabytes != state_.wishedMegabytes) acts_.wishMegabytes(megabytes);
+  });
 }
 
 void OptionsPage::makeSummary() {
@@ -130,40 +157,66 @@ void OptionsPage::draw() {
   for (auto* row : Opt_CompressorType_) {
     if (row->kind() == state_.kind) row->setChecked(true);
   }
+  drawLists();
   drawProfiles();
+  drawMadeFor();
   drawQueue();
   facts_->draw(state_.facts);
   pane_->draw(picture_(0));
 }
 
-// While there is a queue the list of profiles is shorter, and what is told of one stands higher.
+// While there is a queue the lists are shorter, and what is told of a row stands higher.
+void OptionsPage::layOutLists() {
+  const int up = queue_->isHidden() ? 0 : kProfileTold.bottom() - kQueuePlace.top() + 9;
+  const bool isAlone = !state_.Lst_MadeFor.empty() && !state_.hasWishedSize;
+  for (auto* list : {Lst_WMVFormats_, Lst_MadeFor_}) put(list, kProfileList.adjusted(0, 0, 0, -up));
+  put(tellPlate_, kProfileTold.translated(0, -up));
+  put(description_, (isAlone ? kLongText : kText).translated(0, -up));
+  put(Chk_UseCodecOutputDimensions_, kOwnSize.translated(0, -up));
+  put(sizeName_, kSizeName.translated(0, -up));
+  put(Num_Megabytes_, kMegabytes.translated(0, -up));
+}
+
 void OptionsPage::drawQueue() {
-  const bool isThere = !state_.Lst_Queue.empty();
-  if (isThere == queue_->isHidden()) {
-    const int up = isThere ? kProfileTold.bottom() - kQueuePlace.top() + 9 : 0;
-    put(Lst_WMVFormats_, kProfileList.adjusted(0, 0, 0, -up));
-    put(tellPlate_, kProfileTold.translated(0, -up));
-    put(description_, QRect{362, 288, 356, 52}.translated(0, -up));
-    put(Chk_UseCodecOutputDimensions_, QRect{358, 343, 364, 24}.translated(0, -up));
-    queue_->setVisible(isThere);
-  }
+  queue_->setVisible(!state_.Lst_Queue.empty());
+  layOutLists();
   queue_->draw();
+}
+
+// Which of the two lists there is, or the words that stand in their place.
+void OptionsPage::drawLists() {
+  const bool hasProfiles = !state_.Lst_WMVFormats.empty();
+  const bool hasPurposes = !state_.Lst_MadeFor.empty();
+  const bool isListed = hasProfiles || hasPurposes;
+  const auto& row = kindRow(state_.kind);
+  Lst_WMVFormats_->setVisible(hasProfiles);
+  Lst_MadeFor_->setVisible(hasPurposes);
+  tellPlate_->setVisible(isListed);
+  description_->setVisible(isListed);
+  sizeCaption_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
+  hint_->setVisible(!isListed);
+  setTextOf(*listCaption_, hasProfiles ? tr("Profile") : hasPurposes ? tr("Made for") : told(row.title));
+  setTextOf(*hint_, told(row.hint).replace("\r\n", "\n\n"));
+  const auto text = hasPurposes ? told(state_.madeForText) : shown(state_.profileDescription);
+  setTextOf(*description_, QString(text).replace("\r\n", "\n"));
+}
+
+void OptionsPage::drawMadeFor() {
+  std::vector<PageList::Row> rows;
+  rows.reserve(state_.Lst_MadeFor.size());
+  for (const auto& row : state_.Lst_MadeFor) rows.push_back({told(row.title).toStdString()});
+  Lst_MadeFor_->drawRows(std::move(rows), state_.madeForRow);
+  sizeName_->setVisible(state_.hasWishedSize);
+  Num_Megabytes_->setVisible(state_.hasWishedSize);
+  Num_Megabytes_->setValue(state_.wishedMegabytes);
 }
 
 void OptionsPage::drawProfiles() {
   const bool isListed = !state_.Lst_WMVFormats.empty();
-  const auto& row = kindRow(state_.kind);
-  for (QWidget* part : std::initializer_list<QWidget*>{Lst_WMVFormats_, tellPlate_, description_})
-    part->setVisible(isListed);
-  sizeCaption_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
-  hint_->setVisible(!isListed);
-  setTextOf(*listCaption_, isListed ? tr("Profile") : told(row.title));
-  setTextOf(*hint_, told(row.hint).replace("\r\n", "\n\n"));
   std::vector<PageList::Row> rows;
   rows.reserve(state_.Lst_WMVFormats.size());
   for (const auto& profile : state_.Lst_WMVFormats) rows.push_back({profileName(profile)});
   Lst_WMVFormats_->drawRows(std::move(rows), state_.profileRow);
-  setTextOf(*description_, shown(state_.profileDescription).replace("\r\n", "\n"));
   Chk_UseCodecOutputDimensions_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
   Chk_UseCodecOutputDimensions_->setChecked(state_.Chk_UseCodecOutputDimensions);
   const auto size = shown(state_.codecSize);

@@ -11,6 +11,7 @@
 
 class QCheckBox;
 class QPushButton;
+class QSpinBox;
 class QVBoxLayout;
 
 namespace kvo {
@@ -39,8 +40,12 @@ class OptionsPage final : public EditorPage {
  private:
   void makeKinds();
   void makeProfiles();
+  void makeMadeFor();
   void makeSummary();
+  void drawLists();
   void drawProfiles();
+  void drawMadeFor();
+  void layOutLists();
   void drawQueue();
   void layOutKinds();
 
@@ -52,10 +57,13 @@ class OptionsPage final : public EditorPage {
   QLabel* listCaption_ = nullptr;
   QLabel* sizeCaption_ = nullptr;
   PageList* Lst_WMVFormats_ = nullptr;
+  PageList* Lst_MadeFor_ = nullptr;
   QFrame* tellPlate_ = nullptr;
   QLabel* description_ = nullptr;
   QLabel* hint_ = nullptr;
   QCheckBox* Chk_UseCodecOutputDimensions_ = nullptr;
+  QLabel* sizeName_ = nullptr;
+  QSpinBox* Num_Megabytes_ = nullptr;
   FactRows* facts_ = nullptr;
   PicturePane* pane_ = nullptr;
   QPushButton* KVOBut_WriteMovie_ = nullptr;

@@ -12,10 +12,12 @@ struct RenderActs {
   std::function<void(OutputKind kind)> chooseKind;
   std::function<void(int row)> chooseProfile;        ///< of Lst_WMVFormats
   std::function<void(bool on)> tickCodecDimensions;  ///< Chk_UseCodecOutputDimensions
-  std::function<void()> write;                       ///< KVOBut_WriteMovie
-  std::function<void()> addToQueue;                  ///< KVOBut_AddToQueue
-  std::function<void(int row)> chooseJob;            ///< of Lst_Queue
-  std::function<void()> pauseJob;                    ///< the chosen one, or has it go on
+  std::function<void(int row)> chooseMadeFor;        ///< of Lst_MadeFor
+  std::function<void(int megabytes)> wishMegabytes;
+  std::function<void()> write;             ///< KVOBut_WriteMovie
+  std::function<void()> addToQueue;        ///< KVOBut_AddToQueue
+  std::function<void(int row)> chooseJob;  ///< of Lst_Queue
+  std::function<void()> pauseJob;          ///< the chosen one, or has it go on
   std::function<void()> removeJob;
   std::function<void()> writePair;  ///< KVOBut_RenderNewPicInPic
   std::function<void()> abort;      ///< KVOBut_AbortRender
