@@ -66,7 +66,7 @@ void Playhead::step(int pictures) {
   if (parts_.preview.isPlaying()) return;
   follow();
   bring();
-  if (clip_ == nullptr) return;
+  if (clip_ == nullptr || clip_ != inHand()) return;  // it may have gone while it was loaded
   auto to = inClip_;
   if (clip_->IsStill()) {
     const double rate = parts_.editing.settings.preferences().OutPutFrameRate;

@@ -57,6 +57,12 @@ TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
        0, ""},
       {"the movie is about to play",
        [](auto& b) { b.desk.movieStands(10), b.desk.follow(), b.desk.selectRow(1); }, 1, 10, 4, ""},
+      {"the clip goes while the wheel has it loaded",
+       [](auto& b) {
+         b.desk.movieStands(10), b.list.whenInHand([&b](int) { b.collection.clearLists(); });
+         b.desk.jog(-50);
+       },
+       0, 0, 0, ""},
       {"no clip", [](auto& b) { b.desk.movieStands(10), b.collection.clearLists(), b.list.fill(); }, 0, 0, 0,
        ""},
   };
