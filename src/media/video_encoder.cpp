@@ -52,7 +52,9 @@ bool EncodedFrame::isFinest() const {
   std::size_t size = 0;
   const auto* facts =
       packet_ ? av_packet_get_side_data(packet_.get(), AV_PKT_DATA_QUALITY_STATS, &size) : nullptr;
-  return size >= sizeof(std::uint32_t) && AV_RL32(facts) <= kFinestOfSized * FF_QP2LAMBDA;
+  // The last ones, that are asked for, have a number below 0.
+  return size >= sizeof(std::int32_t) &&
+         static_cast<std::int32_t>(AV_RL32(facts)) <= kFinestOfSized * FF_QP2LAMBDA;
 }
 
 struct VideoEncoder::State {

@@ -500,8 +500,8 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
                               "'/P' 'webm' ", "'/P' 'webm' "},
                           Row{OutputKind::Avi, nullptr, 20, own, "", ""}}) {
     RenderBench b;
-    b.editor.controls.Opt_Preset = true;
-    b.editor.controls.Cmb_Res = "2560 x 1440";
+    b.editor.controls.txtWidth = 2560;
+    b.editor.controls.txtHeight = 1440;
     b.settings.change().OutPutFrameRate = 50;
     b.settings.adjust().RenderAutoView = true;
     b.choose(row.kind);

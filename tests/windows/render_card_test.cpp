@@ -4,6 +4,7 @@
 #include "render/output_profiles.h"
 #include "ui/made.h"
 #include "ui/theme.h"
+#include "windows/editor/editor_page.h"
 #include "windows/editor/page_list.h"
 #include "windows/render/kind_row.h"
 
@@ -11,6 +12,8 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 
@@ -121,6 +124,10 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   QTest::keyClick(list, Qt::Key_Down);
   QTest::mouseClick(b.card->findChild<QCheckBox*>(), Qt::LeftButton, {}, {10, 10});
   EXPECT_EQ(b.asked, "profile26 own0 ");
+  for (const auto* area : b.card->findChildren<QScrollArea*>()) {
+    EXPECT_TRUE(area->accessibleName() != "Create Movie" || !area->isVisible() ||
+                area->verticalScrollBar()->maximum() + area->horizontalScrollBar()->maximum() == 0);
+  }
   b.state.kind = OutputKind::Mp4;
   b.state.Lst_WMVFormats.clear();
   b.state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}, {"email", "E-mail", "640 x 480"}};
@@ -186,6 +193,10 @@ TEST(RenderCard, LooksAsDesigned) {
             << name << " " << part->metaObject()->className();
         EXPECT_GE(part->height(), themed(24)) << name << " " << part->metaObject()->className();
       }
+      for (const auto* area : b.card->findChildren<QScrollArea*>())
+        EXPECT_TRUE(!area->isVisible() || dynamic_cast<EditorPage*>(area->widget()) == nullptr ||
+                    area->maximumViewportSize() == area->viewport()->size())
+            << name << " scrolls";
       b.picture(name + end);
     }
   }

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QStyle>
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -32,7 +33,7 @@ QScrollArea* EditorPage::scrolled(EditorPage* page, const QString& name, QWidget
   area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setFocusPolicy(Qt::NoFocus);  // what has the keyboard comes into view by itself
-  page->mayBe(static_cast<double>(kLeastHeight) / page->size_.height(), kMostHeight);
+  page->mayBe(std::min(1.0, static_cast<double>(kLeastHeight) / page->size_.height()), kMostHeight);
   area->setWidget(page);
   area->setWidgetResizable(true);
   return area;

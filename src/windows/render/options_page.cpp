@@ -29,8 +29,8 @@ constexpr QRect kProfileTold{350, 283, 380, 88};
 constexpr QRect kText{362, 288, 356, 52};
 constexpr QRect kLongText{362, 288, 356, 78};  // where nothing stands below it
 constexpr QRect kOwnSize{358, 343, 364, 24};
-constexpr QRect kSizeName{362, 341, 180, 26};
-constexpr QRect kMegabytes{612, 341, 106, 26};
+constexpr QRect kSizeName{362, 338, 180, 26};
+constexpr QRect kMegabytes{612, 338, 106, 26};
 constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
 constexpr FactRows::Form kOptionFacts{208, 20, 0};
 
