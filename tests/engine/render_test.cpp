@@ -267,6 +267,7 @@ TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
   const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 25);
   const auto sound = soundFile("tone.wav", "sine=duration=1");
   std::filesystem::copy(source, out_ / "source.avi");
+  std::filesystem::create_directory(out_ / "folder.avi");
   auto cut = *files_.read(source, 1U << 24U);
   ASSERT_TRUE(writeDurably(files_, media_ / "cut.mkv", cut.substr(0, cut.size() / 2)));
   const std::tuple<std::string, const char*, const char*> rows[] = {
@@ -277,6 +278,7 @@ TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
       {documentOf({{media_ / "cut.mkv", 0, 1, 0, 1}}), "o.avi", "cut.mkv"},
       {documentOf({{out_ / "source.avi", 0, 1, 0, 1}}), "source.avi", "it is one of the clips"},
       {documentOf({{source, 0, 1, 0, 1}}), "none/o.avi", "No such file"},
+      {documentOf({{source, 0, 1, 0, 1}}), "folder.avi", "it is a folder"},
       {documentOf({{source, 0, 1, 0, 1}}), "o.mkv", "must end in"},
       {documentOf({{source, 0, 1, 0, 1}}, {}, {101, 76}), "o.wmv", "its width of 101 is odd"},
       {documentOf({{source, 0, 1, 0, 1}}, {}, {100, 75}), "o.mp4", "its height of 75 is odd"},

@@ -147,6 +147,11 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   b.go(RenderFrame::Options);
   EXPECT_FALSE(list->isVisible());
   EXPECT_TRUE(b.says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";
+  CardBench sound;
+  sound.state.kind = OutputKind::Flac;
+  sound.go(RenderFrame::Options);
+  for (const auto* row : sound.card->findChildren<KindRow*>())
+    EXPECT_TRUE(!row->isChecked() || !row->visibleRegion().isEmpty()) << "the kind in hand is in sight";
 }
 
 TEST(RenderCard, ShowsHowFarTheMovieIs) {

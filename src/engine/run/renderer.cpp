@@ -19,8 +19,10 @@
 namespace kvo::engine {
 namespace {
 
-// Each source must be there and be a media file ahead of the first frame, and none may be the output.
+// Each source must be there and be a media file ahead of the first frame, and none may be the output. A
+// folder in the output's place would be noticed only when all is made.
 Outcome checkSources(const Timeline& timeline, const RenderJob& job, const Files& files) {
+  if (files.isFolder(job.output)) return Error{"cannot write " + job.output + ": it is a folder"};
   std::set<std::string> sources;
   for (const auto& file : pictureFiles(timeline.video)) sources.insert(file);
   for (const auto& clip : timeline.audio) sources.insert(clip.src);

@@ -55,12 +55,12 @@ OptionsPage::OptionsPage(const RenderState& state, const RenderActs& acts, Pictu
 }
 
 void OptionsPage::makeKinds() {
-  auto* area = put(made<QScrollArea>(this), {18, 18, kKindColumn, 354});
-  area->setAccessibleName(tr("Kind of movie"));
-  area->setFrameShape(QFrame::NoFrame);
-  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  area->setFocusPolicy(Qt::NoFocus);
-  auto* column = made<QWidget>(area);
+  kinds_ = put(made<QScrollArea>(this), {18, 18, kKindColumn, 354});
+  kinds_->setAccessibleName(tr("Kind of movie"));
+  kinds_->setFrameShape(QFrame::NoFrame);
+  kinds_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  kinds_->setFocusPolicy(Qt::NoFocus);
+  auto* column = made<QWidget>(kinds_);
   rows_ = made<QVBoxLayout>(column);
   rows_->setContentsMargins(0, 0, 0, 0);
   auto* group = made<QButtonGroup>(column);
@@ -72,8 +72,8 @@ void OptionsPage::makeKinds() {
     Opt_CompressorType_.push_back(button);
   }
   rows_->addStretch(1);
-  area->setWidget(column);
-  area->setWidgetResizable(true);
+  kinds_->setWidget(column);
+  kinds_->setWidgetResizable(true);
 }
 
 void OptionsPage::makeProfiles() {
@@ -155,7 +155,10 @@ void OptionsPage::changeEvent(QEvent* event) {
 
 void OptionsPage::draw() {
   for (auto* row : Opt_CompressorType_) {
-    if (row->kind() == state_.kind) row->setChecked(true);
+    if (row->kind() != state_.kind || row->isChecked()) continue;
+    row->setChecked(true);
+    rows_->activate();  // so that it has its place
+    kinds_->ensureWidgetVisible(row);
   }
   drawLists();
   drawProfiles();

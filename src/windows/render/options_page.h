@@ -11,6 +11,7 @@
 
 class QCheckBox;
 class QPushButton;
+class QScrollArea;
 class QSpinBox;
 class QVBoxLayout;
 
@@ -52,6 +53,7 @@ class OptionsPage final : public EditorPage {
   const RenderState& state_;
   const RenderActs& acts_;
   PictureOfClip picture_;
+  QScrollArea* kinds_ = nullptr;
   QVBoxLayout* rows_ = nullptr;
   std::vector<KindRow*> Opt_CompressorType_;
   QLabel* listCaption_ = nullptr;
