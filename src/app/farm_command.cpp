@@ -4,6 +4,7 @@
 #include "adapters/posix/stop_signals.h"
 #include "app/console_render.h"
 #include "app/engine_job.h"
+#include "app/queue_command.h"
 #include "render/farm/farm_render.h"
 
 #include <filesystem>
@@ -42,6 +43,7 @@ class FarmShow {
 
 int tellFarmEnd(const FarmRun& run, const EngineRun& joined, const RenderOrder& order) {
   if (run.phase == FarmPhase::Done) {
+    removeWholeFolder(order.workFolder);  // with what the jobs were told and have said
     for (const auto& hole : joined.damage) warn(damageText(hole));
     print("made " + order.output + ": " + bytesText(static_cast<double>(joined.report.bytes)) + "\n");
     return kExitDone;

@@ -174,6 +174,7 @@ void RenderLinks::AddMoviesm(const std::string& path) { joins_ = path; }
 void RenderLinks::addMovie() {
   if (joins_.empty()) return;
   parts_.mailbox.takeFiles({std::exchange(joins_, {})});
+  parts_.editor.desk().letPlay();
   parts_.window.face.raise = true;
   if (!parts_.window.mode.player.IsPlaying) parts_.play.transport().Img_Play_Click();
 }

@@ -23,6 +23,9 @@ TEST(PollLoop, RunsUntilItIsToQuit) {
   timer->start(1);
   loop.run();
   EXPECT_EQ(ticks, 3);
+  loop.quit();
+  loop.run();
+  EXPECT_EQ(ticks, 3) << "what has ended ahead of it is not waited for";
 }
 
 }  // namespace

@@ -99,6 +99,15 @@ TEST_F(WorkFolderTest, TakesWhatIsFinishedAndWhatBelongsToItAlone) {
       << "the source is another";
 }
 
+TEST_F(WorkFolderTest, LeavesWhatIsNotItsOwn) {
+  const std::vector<std::string> others = {"letter.txt", "my.segment", "below/0123456789abcdef-1.segment"};
+  fs::create_directories(folder_ + "/below");
+  for (const auto& other : others) ASSERT_TRUE(writeDurably(files_, folder_ + "/" + other, "theirs"));
+  ASSERT_TRUE(make("m.avi", Work{folder_, "id"}));
+  for (const auto& other : others) EXPECT_TRUE(files_.exists(folder_ + "/" + other)) << other;
+  EXPECT_EQ(kept().size(), others.size());
+}
+
 TEST_F(WorkFolderTest, AFileKeepsWhatWasMissingOfTheSources) {
   const std::vector<media::Damage> damage = {{"/a b.avi", media::Lost::Picture, 1, 2},
                                              {"", media::Lost::Sound, 0.5, 0.75}};

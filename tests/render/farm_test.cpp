@@ -74,7 +74,8 @@ TEST(FarmRenderTest, HandsInWhatFailedAFewTimes) {
   for (int attempt = 1; attempt <= 3; ++attempt) {
     EXPECT_EQ(f.farm.state().attempt, attempt);
     EXPECT_EQ(f.asked(), attempt == 1 ? "sbatch --array=1,2" : "sbatch --array=1") << "the share of 0 and 2";
-    f.files.all["/w/job-1.log"] = "KVORender: a.avi: no such file\nslurmstepd: end\n";
+    f.files.all["/w/job-1.log"] =
+        std::string(1U << 20U, '\n') + "KVORender: a.avi: no such file\nslurmstepd: end\n";
     f.answer({"4711;cluster"});
     f.answer({});
   }

@@ -159,6 +159,34 @@ TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
   EXPECT_FALSE(q.files.exists("/q/1.xtl"));
 }
 
+TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
+  Queued q(1);
+  EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 2);
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
+  q.loop.advance(500);
+  q.end(143);
+  EXPECT_EQ(q.told(), "2 running");
+  EXPECT_TRUE(q.swept.empty()) << "it makes the same output";
+  q.files.unreadable.insert("/q/Queue.txt");
+  q.end(143);
+  EXPECT_TRUE(q.files.exists("/q/2.xtl"));
+  EXPECT_TRUE(q.swept.empty()) << "a queue that cannot be read";
+}
+
+TEST(QueueRunnerTest, MakesAgainWhatCouldNotBeWrittenDown) {
+  Queued q(1);
+  q.files.failedReplaces = 1;
+  q.processes.end(0);
+  EXPECT_EQ(q.told(), "1 running") << "though it has ended";
+  q.files.failedReplaces = 2;
+  q.loop.advance(500);
+  EXPECT_EQ(q.processes.all.size(), 1U) << "nothing is begun while the disk is full";
+  q.loop.advance(500);
+  EXPECT_EQ(q.processes.all.size(), 2U);
+  q.end(0);
+  EXPECT_EQ(q.told(), "1 done");
+}
+
 TEST(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
   Queued q(2);
   const auto first = q.processes.all.size();

@@ -72,8 +72,7 @@ std::chrono::milliseconds PollLoop::now() const {
 }
 
 void PollLoop::run() {
-  quit_ = false;
-  while (!quit_) {
+  while (!std::exchange(quit_, false)) {
     pollfd ready{wake_.get(), POLLIN, 0};
     ::poll(&ready, 1, untilNextTick());
     yield();

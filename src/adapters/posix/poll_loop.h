@@ -24,7 +24,8 @@ class PollLoop : public EventLoop {
   void post(std::function<void()> work) override;
   [[nodiscard]] std::chrono::milliseconds now() const override;
 
-  /// Does what comes, and sleeps in between, until quit() is called by what it does.
+  /// Does what comes, and sleeps in between, until quit() is called by what it does. Where that was called
+  /// ahead of it, it ends at once.
   void run();
   void quit() { quit_ = true; }
 

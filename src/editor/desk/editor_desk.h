@@ -68,6 +68,8 @@ class EditorDesk : public PreviewHost {
 
   /// Ahead of each drawing: see Playhead::follow.
   void follow() { playhead_.follow(); }
+  /// The main window plays the clip in hand: see Playhead.
+  void letPlay() { playhead_.letPlay(); }
   /// Where the user is.
   [[nodiscard]] const Playhead& playhead() const { return playhead_; }
   /// The wheel has gone on by so many pictures, or back.

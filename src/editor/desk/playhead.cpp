@@ -26,6 +26,7 @@ const Movie* Playhead::inHand() const {
 
 // The movie's place goes with it.
 void Playhead::place(const Movie& clip, double inClip) {
+  played_ = nullptr;
   inClip_ = inClip;
   inMovie_ = timed_ = placeInMovie(clip, inClip);
 }
@@ -65,7 +66,7 @@ void Playhead::step(int pictures) {
   if (parts_.preview.isPlaying()) return;
   follow();
   bring();
-  if (clip_ == nullptr) return;
+  if (clip_ == nullptr || clip_ != inHand()) return;  // it may have gone while it was loaded
   auto to = inClip_;
   if (clip_->IsStill()) {
     const double rate = parts_.editing.settings.preferences().OutPutFrameRate;
@@ -112,6 +113,7 @@ bool Playhead::movedPlayer() const {
 void Playhead::take(const Movie* clip) {
   clip_ = loaded_ = clip;
   isLent_ = false;
+  if (clip != played_) played_ = nullptr;
   if (clip == nullptr) {
     inMovie_ = inClip_ = timed_ = 0;
     isUntimed_ = false;
@@ -143,7 +145,7 @@ void Playhead::bring() {
     parts_.list.PreviewMovie(parts_.editing.collection.icurMov);
     if (inHand() != clip) return;  // the user has chosen another meanwhile
   }
-  if (clip->IsStill()) return;
+  if (clip->IsStill() || clip == played_) return;
   parts_.doors.standPlayer(inClip_);
   // What is seen there begins a little earlier.
   const auto seen = parts_.doors.place();

@@ -49,6 +49,8 @@ class Playhead {
   /// Takes a clip in hand that the movie comes to as it plays, or is about to: the place is the movie's,
   /// until goTo says where that has ended, or another clip is chosen.
   void lend(int clipNo);
+  /// The clip in hand plays in the main window: it is let to, until the playhead goes elsewhere.
+  void letPlay() { played_ = inHand(); }
   /// The clip in hand has been loaded, and stands where that leaves it.
   void loaded();
 
@@ -71,6 +73,7 @@ class Playhead {
   std::unique_ptr<Timer> rest_;
   const Movie* clip_ = nullptr;    // that the place is in; only compared
   const Movie* loaded_ = nullptr;  // that came into the player last; likewise
+  const Movie* played_ = nullptr;  // that the main window plays; likewise
   double inMovie_ = 0;
   double inClip_ = 0;
   double timed_ = 0;        // what the last timing made of inClip_

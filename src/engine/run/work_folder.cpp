@@ -13,6 +13,7 @@ namespace kvo::engine {
 namespace {
 
 constexpr std::string_view kEnding = ".segment";
+constexpr std::size_t kKeyDigits = 16;
 
 // FNV-1a, 64 bits.
 std::uint64_t keyOf(std::string_view text) {
@@ -22,10 +23,15 @@ std::uint64_t keyOf(std::string_view text) {
 }
 
 std::string hexOf(std::uint64_t number) {
-  std::array<char, 16> digits{};
+  std::array<char, kKeyDigits> digits{};
   const auto end = std::to_chars(digits.begin(), digits.end(), number, 16).ptr;
   const auto count = static_cast<std::size_t>(end - digits.begin());
   return std::string(digits.size() - count, '0').append(digits.data(), count);
+}
+
+// A name that comes of a render, this one or another: the folder may hold what is none of ours.
+bool isOfRender(std::string_view name) {
+  return name.find_first_not_of("0123456789abcdef") == kKeyDigits && name[kKeyDigits] == '-';
 }
 
 std::string segmentsText(const RenderPlan& plan) {
@@ -75,15 +81,20 @@ Result<WorkFolder> WorkFolder::open(const Timeline& timeline, const RenderPlan& 
   return work;
 }
 
-void WorkFolder::sweepOthers() const {
-  std::vector<std::string> others;
+void WorkFolder::removeThose(const std::function<bool(const std::string& name)>& which) const {
+  std::vector<std::string> gone;
   files_->eachBelow(folder_, [&](const std::string& path) {
     const auto name = path.substr(path.find_last_of('/') + 1);
-    if (endsInText(name, kEnding) && std::find(names_.begin(), names_.end(), name) == names_.end())
-      others.push_back(path);
+    if (path == folder_ + "/" + name && isOfRender(name) && which(name)) gone.push_back(path);
     return true;
   });
-  for (const auto& path : others) files_->remove(path);
+  for (const auto& path : gone) files_->remove(path);
+}
+
+void WorkFolder::sweepOthers() const {
+  removeThose([&](const std::string& name) {
+    return endsInText(name, kEnding) && std::find(names_.begin(), names_.end(), name) == names_.end();
+  });
 }
 
 bool WorkFolder::wants(std::size_t number) const { return !share_ || number % share_->of == share_->number; }
@@ -97,12 +108,14 @@ Result<std::unique_ptr<Replacement>> WorkFolder::begin(std::size_t number) const
 }
 
 std::string WorkFolder::draft() const {
-  return folder_ + "/draft-" + std::to_string(share_ ? share_->number : 0);
+  return folder_ + "/" + names_.front().substr(0, kKeyDigits + 1) + "draft" +
+         std::to_string(share_ ? share_->number : 0);
 }
 
 void WorkFolder::sweep() const {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  removeThose([](const std::string&) { return true; });
+  std::error_code isInUse;
+  std::filesystem::remove(folder_, isInUse);
 }
 
 }  // namespace kvo::engine

@@ -8,6 +8,7 @@
 #include "ports/files.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,11 +41,12 @@ class WorkFolder {
   /// The name for what this process begins and never finishes.
   [[nodiscard]] std::string draft() const;
 
-  /// Removes the folder.
+  /// Removes all that renders have left there, and the folder where it holds nothing else.
   void sweep() const;
 
  private:
   WorkFolder(Files& files, const Work& work, std::vector<std::string> names);
+  void removeThose(const std::function<bool(const std::string& name)>& which) const;
   void sweepOthers() const;
 
   Files* files_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace kvo {
 namespace {
@@ -27,6 +28,11 @@ void markEnd(Movie& clip) {
 void markWhole(Movie& clip) {
   markIn(clip, {});
   markEnd(clip);
+}
+
+auto marksOf(const Movie& clip) {
+  return std::tuple(clip.LoopStart().number(), clip.LoopStartFrames(), clip.LoopEnd().number(),
+                    clip.LoopEndFrames());
 }
 
 }  // namespace
@@ -178,9 +184,13 @@ void Marks::releasePosition() {
   if (core_.mode.player.IsPlaying) core_.player.GlobalMediaPlay();
 }
 
-// Changes the record so that it can be undone, and tells the player of what it then holds.
+// Changes the record so that it can be undone, and tells the player of what it then holds. Marks that stand
+// so already are nothing to undo.
 bool Marks::edit(bool in, const std::function<void(Movie&)>& change) {
+  auto wanted = *core_.clip();
+  change(wanted);
   const bool done =
+      marksOf(wanted) == marksOf(*core_.clip()) ||
       core_.host.edit(in ? "Mark-In of" : "Mark-Out of", kMarksChangeCode, change, std::string_view());
   takeMarks();
   return done;

@@ -14,7 +14,7 @@ constexpr int kMostSilences = 60;  // a controller that restarts is back by then
 constexpr const char* kFarmDocument = "/render.xtl";
 constexpr const char* kFarmProfile = "/render.prx";
 constexpr const char* kFarmScript = "/render.sh";
-constexpr std::size_t kMaxLog = 64U << 10U;  // bytes
+constexpr std::size_t kMaxLog = 64U << 20U;  // bytes; a job says a line of progress five times a second
 
 }  // namespace
 

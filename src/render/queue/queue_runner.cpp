@@ -33,14 +33,19 @@ void QueueRunner::stop() {
 bool QueueRunner::takeLock() {
   if (lock_) return true;
   auto held = ports_.locks.tryLock(ports_.store.runnerLock());
-  if (!held || !*held) return false;
-  lock_ = std::move(*held);
-  const auto mended = ports_.store.change([](RenderQueue& queue) -> Outcome {
+  if (held) lock_ = std::move(*held);
+  return lock_ != nullptr;
+}
+
+// What is running in the queue and not here has lost its runner, or its end could not be written down.
+void QueueRunner::mend() {
+  if (std::ranges::find(queue_.jobs, JobState::Running, &QueueJob::state) == queue_.jobs.end()) return;
+  const auto mended = ports_.store.change([this](RenderQueue& queue) -> Outcome {
     mendQueue(queue);
+    queue_ = queue;
     return {};
   });
   if (!mended) trouble_ = mended.error().text;
-  return true;
 }
 
 void QueueRunner::look() {
@@ -60,12 +65,16 @@ void QueueRunner::follow() {
   if (running_ > 0) {
     const auto* job = jobOf(queue_, running_);
     if (job == nullptr || job->state != JobState::Running) driver_.stop();
-  } else if (const auto* next = nextJob(queue_); next != nullptr && !stops_) {
-    begin(QueueJob(*next));
+    return;
   }
+  mend();
+  if (const auto* next = nextJob(queue_); next != nullptr && !stops_) begin(QueueJob(*next));
 }
 
+// Nothing is begun that the queue cannot say of.
 void QueueRunner::begin(const QueueJob& job) {
+  write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
+  if (!trouble_.empty()) return;
   const auto order = ports_.store.orderOf(job);
   const auto begun = order ? driver_.start(*order) : Outcome(order.error());
   if (!begun) {
@@ -79,7 +88,6 @@ void QueueRunner::begin(const QueueJob& job) {
   order_ = *order;
   written_ = job.share;
   if (ports_.work != nullptr) awake_.emplace(*ports_.work);
-  write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
 }
 
 void QueueRunner::hear() {
@@ -96,10 +104,8 @@ void QueueRunner::hear() {
 void QueueRunner::hearEnd() {
   const auto& run = driver_.state();
   const int number = std::exchange(running_, 0);
-  bool isThere = false;
   awake_.reset();
   write(number, [&](QueueJob& job) {
-    isThere = true;
     if (run.phase == EnginePhase::Done) {
       job.state = JobState::Done;
       job.share = 1;
@@ -110,9 +116,12 @@ void QueueRunner::hearEnd() {
       job.state = JobState::Waiting;
     }
   });
-  if (const auto* ended = jobOf(queue_, number)) tellEnd(*ended);
-  if (!isThere || run.phase == EnginePhase::Done) ports_.store.forget(number);
-  if (!isThere) ports_.removeFolder(order_.workFolder);
+  // All that is kept for a job stays where the queue cannot tell of it.
+  if (!trouble_.empty()) return changed_();
+  const auto* ended = jobOf(queue_, number);
+  if (ended != nullptr) tellEnd(*ended);
+  if (ended == nullptr || run.phase == EnginePhase::Done) ports_.store.forget(number);
+  if (ended == nullptr && !hasOutput(queue_, order_.output)) ports_.removeFolder(order_.workFolder);
   changed_();
 }
 
@@ -141,8 +150,7 @@ Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
   auto done = store.change([&](RenderQueue& queue) {
     if (const auto* job = jobOf(queue, number)) gone = *job;
     auto removed = removeJob(queue, number);
-    isShared = std::ranges::find(queue.jobs, gone.order.output,
-                                 [](const QueueJob& job) { return job.order.output; }) != queue.jobs.end();
+    isShared = hasOutput(queue, gone.order.output);
     return removed;
   });
   if (!done) return done;

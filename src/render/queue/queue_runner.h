@@ -54,6 +54,7 @@ class QueueRunner {
  private:
   void look();
   bool takeLock();
+  void mend();
   void follow();
   void begin(const QueueJob& job);
   void hear();

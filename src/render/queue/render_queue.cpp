@@ -110,6 +110,10 @@ QueueJob* jobOf(RenderQueue& queue, int number) {
   return found == queue.jobs.end() ? nullptr : &*found;
 }
 
+bool hasOutput(const RenderQueue& queue, const std::string& output) {
+  return std::ranges::any_of(queue.jobs, [&](const QueueJob& job) { return job.order.output == output; });
+}
+
 const QueueJob* nextJob(const RenderQueue& queue) {
   const auto found = std::ranges::find(queue.jobs, JobState::Waiting, &QueueJob::state);
   return found == queue.jobs.end() ? nullptr : &*found;

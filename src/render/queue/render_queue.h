@@ -40,6 +40,9 @@ QueueJob& addJob(RenderQueue& queue, std::string title, RenderOrder order);
 QueueJob* jobOf(RenderQueue& queue, int number);
 const QueueJob* jobOf(const RenderQueue& queue, int number);
 
+/// Whether a job of it goes on from what is finished of such an output.
+bool hasOutput(const RenderQueue& queue, const std::string& output);
+
 /// The one whose turn it is; nothing while none waits.
 const QueueJob* nextJob(const RenderQueue& queue);
 

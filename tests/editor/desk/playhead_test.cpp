@@ -24,6 +24,11 @@ TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
       {"a still", [](auto& b) { b.desk.movieStands(22); }, 4, 22, 2, "load4 "},
       {"behind the pictures", [](auto& b) { b.desk.movieStands(28); }, 4, 28, 5, "load4 "},
       {"a clip is chosen", [](auto& b) { b.list.PreviewMovie(3); }, 3, 12, 0, "load3 to0 "},
+      {"a new movie is viewed", [](auto& b) { b.list.PreviewMovie(3), b.desk.letPlay(); }, 3, 12, 0,
+       "load3 "},
+      {"and left",
+       [](auto& b) { b.list.PreviewMovie(3), b.desk.letPlay(), b.desk.follow(), b.desk.movieStands(13); }, 3,
+       13, 1, "load3 to1 "},
       {"a tab's list", [](auto& b) { b.desk.UpDateFrmFileOpen(2, true); }, 2, 8, 0, "load2 to0 "},
       {"it lies at the playhead",
        [](auto& b) {
@@ -52,6 +57,12 @@ TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
        0, ""},
       {"the movie is about to play",
        [](auto& b) { b.desk.movieStands(10), b.desk.follow(), b.desk.selectRow(1); }, 1, 10, 4, ""},
+      {"the clip goes while the wheel has it loaded",
+       [](auto& b) {
+         b.desk.movieStands(10), b.list.whenInHand([&b](int) { b.collection.clearLists(); });
+         b.desk.jog(-50);
+       },
+       0, 0, 0, ""},
       {"no clip", [](auto& b) { b.desk.movieStands(10), b.collection.clearLists(), b.list.fill(); }, 0, 0, 0,
        ""},
   };
