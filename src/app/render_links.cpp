@@ -103,7 +103,11 @@ void RenderLinks::queueChanged() {
 }
 
 void RenderLinks::writePair() {
-  begin([this] { render_.RenderNewPicInPic(); });
+  begin([this] {
+    isPair_ = true;
+    render_.RenderNewPicInPic();
+    isPair_ = false;
+  });
 }
 
 void RenderLinks::view() {
@@ -146,7 +150,8 @@ void RenderLinks::settle() {
   if (!isShown) return;
   auto& timeline = parts_.editor.states().timeline;
   timeline.onlyShows = true;
-  if (state_.frame == RenderFrame::Rendering) parts_.editor.hand().stand(state_.movieSeconds, true);
+  if (state_.frame == RenderFrame::Rendering && !isPair_)
+    parts_.editor.hand().stand(state_.movieSeconds, true);
 }
 
 void RenderLinks::PlayerStop() {

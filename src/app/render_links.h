@@ -84,6 +84,7 @@ class RenderLinks : public RenderHost {
   MovieRender render_;
   RenderPictures pictures_;
   std::optional<CommandPass> pass_;  // while a movie is made the collection is its own
+  bool isPair_ = false;              // what is made has no place on the timeline
   std::string joins_;                // the movie that is to join the collection
 };
 
