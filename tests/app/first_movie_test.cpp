@@ -42,7 +42,7 @@ bool isBetween(const Colour& seen, const Colour& a, const Colour& b) {
 constexpr Spot kEmptyPanel{281, 160}, kAboveSong{150, 125}, kLastRow{150, 162}, kCreateMovie{486, 244};
 constexpr Spot kAboveSongChosen{80, 138};  // the mark of a chosen row
 constexpr Spot kFirstFile{187, 89}, kFirstFileIcon{143, 84}, kLastFile{187, 161}, kOpen{813, 461};
-constexpr Spot kPreview{232, 416}, kSaveProject{130, 473}, kPicture{730, 200};
+constexpr Spot kPreview{130, 416}, kSaveProject{130, 473}, kPicture{730, 200};
 constexpr Spot kStill{900, 620}, kStillOverClip{750, 620};  // pushed over its neighbour
 
 class FirstMovie : public test::Window {
