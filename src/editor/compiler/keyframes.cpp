@@ -147,6 +147,7 @@ Keyframe valuesAt(std::span<const Keyframe* const> all, const KeyframeSpan& span
       behind = k;
     }
   }
+  if (first == nullptr) return {};
   auto values = ahead != nullptr ? *ahead : beginning(all, *first);
   const double from = ahead != nullptr ? ahead->Time.number() : span.markIn;
   if (behind != nullptr)

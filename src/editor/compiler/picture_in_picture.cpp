@@ -166,6 +166,7 @@ void AddPictureInPicture(const EffectSources& from, TimelineClips& clips, int ba
 }
 
 // By a copy, as reading it takes RenderAudio away from a record whose file is still to be looked into.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 AudioBox audioBox(std::string_view name, Movie clip) {
   if (!clip.HasAudio()) return {"Clip has no Audio", false};
   return {std::string(name) + shortNumber(decimal(clip.AudioOutputLevel()) * 100) + "% )", true};

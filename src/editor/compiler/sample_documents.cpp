@@ -8,6 +8,7 @@
 #include "editor/compiler/transition_element.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kvo {
 namespace {
@@ -38,7 +39,7 @@ std::string firstClipTrack(const EffectSources& from, TimelineClips& clips) {
                               recordedTransition(clip, from.options, 0, Stamp{longest / 10.0}));
 }
 
-int evenSide(double pixels) { return std::max(2, static_cast<int>(pixels / 2 + 0.5) * 2); }
+int evenSide(double pixels) { return std::max(2, static_cast<int>(std::lround(pixels / 2)) * 2); }
 
 }  // namespace
 

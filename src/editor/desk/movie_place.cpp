@@ -8,8 +8,8 @@ namespace {
 
 constexpr double kTenthsOfNormal = 10;
 
-// Seconds of the file in a second of the movie.
-double speedOf(const Movie& clip) {
+// Seconds of the file in a second of the movie; a still has one place, and no speed stands still.
+double paceOf(const Movie& clip) {
   const double speed = clip.IsStill() ? 1 : static_cast<double>(clip.Playspeed()) / kTenthsOfNormal;
   return speed > 0 ? speed : 1;
 }
@@ -22,13 +22,13 @@ double heldWithin(double value, double from, double to) {
 
 double placeInClip(const Movie& clip, double seconds) {
   const double from = clip.LoopStart().number();
-  return heldWithin(from + (seconds - clip.TimeLineStart().number()) * speedOf(clip), from,
+  return heldWithin(from + (seconds - clip.TimeLineStart().number()) * paceOf(clip), from,
                     clip.LoopEnd().number());
 }
 
 double placeInMovie(const Movie& clip, double seconds) {
   const double start = clip.TimeLineStart().number();
-  return heldWithin(start + (seconds - clip.LoopStart().number()) / speedOf(clip), start,
+  return heldWithin(start + (seconds - clip.LoopStart().number()) / paceOf(clip), start,
                     clip.TimeLineStop().number());
 }
 
