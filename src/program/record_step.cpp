@@ -95,6 +95,7 @@ int carriedNumber(int number, const std::vector<int>& leaving, const std::vector
 }
 
 // Of a copy, as reading it may take RenderAudio away.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void keepFacts(Movie& clip, Movie known) { clip.HasAudio(known.HasAudio()); }
 
 PreferenceStep takeStep(PreferenceStep step, KVO2& settings) {
