@@ -10,7 +10,6 @@
 #include "windows/render/picture_pane.h"
 #include "windows/render/queue_panel.h"
 
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QEvent>
 #include <QLabel>
@@ -63,10 +62,8 @@ void OptionsPage::makeKinds() {
   auto* column = made<QWidget>(kinds_);
   rows_ = made<QVBoxLayout>(column);
   rows_->setContentsMargins(0, 0, 0, 0);
-  auto* group = made<QButtonGroup>(column);
   for (const auto& row : outputKinds()) {
     auto* button = made<KindRow>(row, column);
-    group->addButton(button);
     rows_->addWidget(button);
     connect(button, &QRadioButton::clicked, [this, kind = row.kind] { acts_.chooseKind(kind); });
     Opt_CompressorType_.push_back(button);

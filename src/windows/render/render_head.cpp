@@ -50,7 +50,7 @@ void RenderHead::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(headFont(*this, kHeadTitleText, QFont::DemiBold));
   painter.setPen(toColour(token("text1")));
   painter.drawText(QRect(themed(kHeadTitleLeft), 0, width() / 2, height()), Qt::AlignVCenter, title_);
-  const int first = std::max(width() - themed(kHeadStepRight), width() / 2 - themed(kHeadStepPitch / 2));
+  const int first = std::max(width() - themed(kHeadStepRight), width() / 2 - themed(kHeadStepPitch / 2.0));
   for (int step = 1; step <= kSteps; ++step) {
     const int x = first + themed(kHeadStepPitch) * (step - 1);
     const bool isDone = step < step_;
@@ -58,7 +58,7 @@ void RenderHead::paintEvent(QPaintEvent* /*event*/) {
     const auto colour = toColour(isDone || isNow ? token("teal") : token("line3"));
     if (step > 1) {
       painter.setPen(QPen(isDone || isNow ? colour : toColour(token("line2")), themed(2)));
-      painter.drawLine(x - themed(kHeadRing / 2 + kHeadLine), middle, x - themed(kHeadRing / 2), middle);
+      painter.drawLine(x - themed(kHeadRing / 2.0 + kHeadLine), middle, x - themed(kHeadRing / 2.0), middle);
     }
     const double radius = themed(kHeadRing) / 2.0;
     painter.setPen(QPen(colour, themed(3) / 2.0));
