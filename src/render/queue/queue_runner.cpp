@@ -8,7 +8,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kLookEvery = 500;         // milliseconds
+constexpr int kQueueLookEvery = 500;    // milliseconds
 constexpr double kWorthTelling = 0.01;  // of a job, that the file hears of
 
 }  // namespace
@@ -21,7 +21,7 @@ QueueRunner::QueueRunner(const Ports& ports, std::function<void()> changed)
 
 void QueueRunner::start() {
   stops_ = false;
-  timer_->start(kLookEvery);
+  timer_->start(kQueueLookEvery);
   look();
 }
 

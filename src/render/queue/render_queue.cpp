@@ -10,7 +10,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::array<std::string_view, 5> kStates = {"waiting", "running", "paused", "done", "failed"};
+constexpr std::array<std::string_view, 5> kStateWords = {"waiting", "running", "paused", "done", "failed"};
 constexpr std::string_view kHead = "KVO5 render queue";
 constexpr std::string_view kJob = "[job]";
 
@@ -30,8 +30,8 @@ void readRangeOf(RenderOrder& order, std::string_view text) {
 }
 
 void readState(QueueJob& job, std::string_view text) {
-  const auto* found = std::find(kStates.begin(), kStates.end(), text);
-  if (found != kStates.end()) job.state = static_cast<JobState>(found - kStates.begin());
+  const auto* found = std::find(kStateWords.begin(), kStateWords.end(), text);
+  if (found != kStateWords.end()) job.state = static_cast<JobState>(found - kStateWords.begin());
 }
 
 // A line of a job.
@@ -92,7 +92,7 @@ Error notNow(const QueueJob& job) {
 
 }  // namespace
 
-std::string_view stateWord(JobState state) { return kStates.at(static_cast<std::size_t>(state)); }
+std::string_view stateWord(JobState state) { return kStateWords.at(static_cast<std::size_t>(state)); }
 
 QueueJob& addJob(RenderQueue& queue, std::string title, RenderOrder order) {
   order.workFolder = workFolderOf(order.output);
