@@ -38,13 +38,10 @@ void BusMotion::ask() {
         QDBusMessage::createMethodCall("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                                        "org.freedesktop.portal.Settings", "Read");
     call << QString(kMotionRows[i].group) << QString(kMotionRows[i].key);
-    auto answer = std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(call), &home_);
+    auto answer = std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(call));
     QObject::connect(answer.get(), &QDBusPendingCallWatcher::finished, &home_,
-                     [this, i](QDBusPendingCallWatcher* done) {
-                       answered(i, done->reply());
-                       done->deleteLater();
-                     });
-    (void)answer.release();  // it is a child of home_
+                     [this, i](QDBusPendingCallWatcher* done) { answered(i, done->reply()); });
+    answers_.at(i) = std::move(answer);
   }
 }
 

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <array>
 #include <cstddef>
+#include <memory>
 
 class QDBusMessage;
 
@@ -26,6 +27,7 @@ class BusMotion : public Motion {
   QElapsedTimer asked_;
   std::array<bool, 3> isReduced_{};  // by each of the settings that say it
   QObject home_;                     // answers come while it lives
+  std::array<std::unique_ptr<QObject>, 3> answers_;
 };
 
 }  // namespace kvo
