@@ -5,7 +5,7 @@
 #include "app/console_render.h"
 #include "app/engine_job.h"
 #include "app/queue_command.h"
-#include "render/farm/farm_render.h"
+#include "render/cluster/cluster_render.h"
 
 #include <filesystem>
 

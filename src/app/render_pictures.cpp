@@ -1,5 +1,6 @@
 #include "app/render_pictures.h"
 
+#include "base/guarded.h"
 #include "engine/document/document_reader.h"
 #include "engine/picture/compositor.h"
 #include "media/bgr.h"
@@ -65,7 +66,8 @@ RenderPictures::Found RenderPictures::find(Film& film, const Wish& wish) {
   if (film.document != wish.document) {
     film = {};
     film.document = wish.document;
-    if (auto timeline = engine::readDocument(*wish.document); timeline && timeline->hasVideo) {
+    auto timeline = guarded([&] { return engine::readDocument(*wish.document); });
+    if (timeline && timeline->hasVideo) {
       film.timeline = std::make_unique<engine::Timeline>(std::move(*timeline));
       film.compositor = std::make_unique<engine::Compositor>(*film.timeline);
     }

@@ -2,7 +2,7 @@
 // jobs, and joined here. Nothing here waits: what comes is heard through the loop.
 #pragma once
 
-#include "render/farm/slurm_words.h"
+#include "render/cluster/slurm_words.h"
 
 #include <functional>
 #include <memory>

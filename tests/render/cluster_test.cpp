@@ -1,5 +1,5 @@
 // A cluster that answers as it is told, in virtual time.
-#include "render/farm/farm_render.h"
+#include "render/cluster/cluster_render.h"
 #include "support/fake_processes.h"
 #include "support/memory_files.h"
 #include "support/memory_folders.h"

@@ -1,4 +1,4 @@
-#include "render/farm/slurm_words.h"
+#include "render/cluster/slurm_words.h"
 
 #include "base/text.h"
 #include "render/batch_file.h"

@@ -1,4 +1,4 @@
-#include "render/farm/farm_render.h"
+#include "render/cluster/cluster_render.h"
 
 #include "base/text.h"
 
