@@ -32,7 +32,8 @@ PreviewEngine::PreviewEngine(PreviewState& state, const Editing& editing, Timeli
       pace_(loop.timer([this] {
         if (wish_) return beginWish();
         pace_->stop();
-      })) {
+      })),
+      rest_(loop.timer([this] { showAnew(); })) {
   pictures_.whenArrived([this](auto frame, auto picture) { arrived(frame, std::move(picture)); });
 }
 

@@ -13,6 +13,7 @@ namespace kvo {
 namespace {
 
 constexpr int kFullPower = 10;
+constexpr int kRest = 250;             // milliseconds: longer than the desk needs to see what has changed
 constexpr double kWithinFrame = 1e-6;  // of a frame: what a product may lack
 
 int powerOf(const KVO2& settings) {
@@ -42,14 +43,41 @@ void PreviewEngine::takeTimes() {
 
 void PreviewEngine::standAt(double seconds) {
   if (movieRuns() || seeking_) return;
-  if (state_.kind == PreviewKind::Movie && (stale_ || seconds != standsAt_)) showClip();
+  playhead_ = seconds;
+  if (owesMovie_ && !rest_->running()) rest_->start(kRest);
+  if (state_.kind == PreviewKind::Movie && !owesMovie_ && (stale_ || seconds != standsAt_)) release();
   auto& bar = isSample() ? movieBar_ : state_.FSB_RenderRange;
   if (!bar.held) bar.Value = seconds;
   if (state_.kind == PreviewKind::None) tellPlace(seconds);
 }
 
 void PreviewEngine::showClip() {
+  owesMovie_ = false;
   if (state_.kind != PreviewKind::None && !movieRuns()) release();
+}
+
+void PreviewEngine::movieIsStale() {
+  stale_ = true;
+  if (owesMovie_ || (state_.kind == PreviewKind::Movie && !movieRuns())) movieEdited();
+}
+
+void PreviewEngine::movieEdited() {
+  stale_ = owesMovie_ = true;
+  rest_->start(kRest);
+}
+
+// A sample shows the edit already. While the user holds something, the next drawing sees to it.
+void PreviewEngine::showAnew() {
+  rest_->stop();
+  if (!host_.isAtRest() || !host_.mayEdit()) return;
+  const bool wanted = std::exchange(owesMovie_, false) && stale_ && state_.failure.empty();
+  const bool setsKeyframes = editing_.settings.state.KeyframeMode != 0;
+  if (!wanted || movieRuns() || isSample() || setsKeyframes) return;
+  const Holding inside(seeking_);
+  if (!state_.FSB_RenderRange.held) state_.FSB_RenderRange.Value = playhead_;
+  if (!standOnMovie()) return;
+  standsAt_ = playhead_;
+  host_.previewChanged();
 }
 
 // Where nothing is shown.
