@@ -94,8 +94,7 @@ class MovieRender {
     double megabytes = 0;                 ///< of 1,000,000 bytes, not to be exceeded; 0 for no limit
     std::string file;                     ///< that the user has named
     std::string working;                  ///< beside it
-    std::optional<std::pair<double, double>> range;
-    double length = 0;  ///< seconds of the movie that are rendered
+    double length = 0;                    ///< seconds of the movie that are rendered
     EstimateQuery query;
     [[nodiscard]] bool audioOnly() const { return kind == OutputKind::Wav; }
   };
@@ -149,6 +148,7 @@ class MovieRender {
   // The lines that the frames tell.
   void tellOptions();
   void tellPair();
+  void findCaution();
   void tellWork();
   void takeFilm(const Job& job);
   [[nodiscard]] std::string formOf(const Job& job) const;
@@ -162,6 +162,7 @@ class MovieRender {
   void listMadeFor();
   [[nodiscard]] const MoviePreset* chosenPreset() const;
   [[nodiscard]] OutputSize outputSize() const;
+  [[nodiscard]] PictureSides pictureSides() const;
   [[nodiscard]] std::string collectionName() const;
 
   Ports ports_;

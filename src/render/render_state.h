@@ -85,9 +85,11 @@ struct RenderState {
   std::string codecSize;           ///< of the profile in hand, "320x240"; empty where it has none of its own
   std::vector<MadeForRow> Lst_MadeFor;  ///< of a kind that presets make, else empty
   int madeForRow = -1;                  ///< in that list; -1 for none
-  std::string madeForText;              ///< whole; lines joined by CR LF
+  std::string madeForText;              ///< lines joined by CR LF
   bool hasWishedSize = false;           ///< the chosen one keeps within wishedMegabytes
   int wishedMegabytes = 20;             ///< of 1,000,000 bytes
+  std::string caution;  ///< why the movie cannot be made like this, or becomes another; empty for none
+  bool canMake = true;  ///< KVOBut_WriteMovie and the queue's key are enabled
 
   std::vector<QueuedRow> Lst_Queue;  ///< what waits its turn
   int queueRow = -1;                 ///< in that list; -1 for none

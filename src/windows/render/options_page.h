@@ -32,8 +32,8 @@ class OptionsPage final : public EditorPage {
   OptionsPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture, QWidget* parent);
 
   void draw();
-  /// The key that leads on.
-  [[nodiscard]] QPushButton* writeKey() const { return KVOBut_WriteMovie_; }
+  /// The key that leads on; where it cannot, the kind in hand.
+  [[nodiscard]] QWidget* first() const;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -68,6 +68,7 @@ class OptionsPage final : public EditorPage {
   QSpinBox* Num_Megabytes_ = nullptr;
   FactRows* facts_ = nullptr;
   PicturePane* pane_ = nullptr;
+  QLabel* caution_ = nullptr;  // in its place, of what cannot be made
   QPushButton* KVOBut_WriteMovie_ = nullptr;
   QPushButton* KVOBut_AddToQueue_ = nullptr;
   QueuePanel* queue_ = nullptr;
