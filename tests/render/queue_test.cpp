@@ -54,11 +54,35 @@ TEST(RenderQueueText, IsShownAsRows) {
     job.share = 0.425;
     if (state == JobState::Failed) job.failure = "disk full";
   }
-  EXPECT_EQ(queuedRows(queue), (std::vector<QueuedRow>{{1, "a.mp4", "waiting", "", true, false},
-                                                       {2, "a.mp4", "43%", "", true, false},
-                                                       {3, "a.mp4", "paused", "", false, true},
-                                                       {4, "a.mp4", "done", "", false, false},
-                                                       {5, "a.mp4", "failed", "disk full", false, true}}));
+  EXPECT_EQ(queuedRows(queue),
+            (std::vector<QueuedRow>{{1, "a.mp4", "waiting", "", true, false},
+                                    {2, "a.mp4", "43%", "", true, false},
+                                    {3, "a.mp4", "paused", "", false, true},
+                                    {4, "a.mp4", "done", "", false, false},
+                                    {5, "a.mp4", "failed", "disk full", false, true, true}}));
+}
+
+TEST(RenderQueueText, IsToldInAFewWords) {
+  struct Row {
+    std::vector<JobState> jobs;
+    const char* text;
+    bool isBad;
+  };
+  using enum JobState;
+  for (const auto& [jobs, text, isBad] :
+       {Row{{}, "", false}, Row{{Done}, "", false}, Row{{Running}, "43%", false},
+        Row{{Done, Running, Waiting}, "43%, 1 render waits", false},
+        Row{{Running, Waiting, Failed, Waiting, Paused}, "43%, 2 renders wait, 1 render failed", true},
+        Row{{Failed, Failed}, "2 renders failed", true}, Row{{Paused, Done}, "1 render is paused", false}}) {
+    RenderQueue queue;
+    for (const auto state : jobs) addJob(queue, "", {.document = "d", .output = "/out/a.mp4"}).state = state;
+    for (auto& job : queue.jobs) job.share = 0.425;
+    const auto glance = queueGlance(queue, "");
+    EXPECT_EQ(glance.text, text);
+    EXPECT_EQ(glance.isBad, isBad) << text;
+    EXPECT_EQ(glance.about.empty(), glance.text.empty()) << text;
+    EXPECT_EQ(queueGlance(queue, "disk full"), (WorkGlance{"The queue has stopped", "disk full", 0, true}));
+  }
 }
 
 struct Queued {

@@ -20,8 +20,9 @@ class RenderCard final : public QFrame {
   Q_DECLARE_TR_FUNCTIONS(kvo::RenderCard)
 
  public:
-  /// `state` outlives the card. `picture` gives that of the clip in hand for clip 0.
-  RenderCard(const RenderState& state, RenderActs acts, const PictureOfClip& picture, QWidget* parent);
+  /// The states outlive the card. `picture` gives that of the clip in hand for clip 0.
+  RenderCard(const RenderState& state, const QueueState& queue, RenderActs acts, const PictureOfClip& picture,
+             QWidget* parent);
 
   void draw();
 
