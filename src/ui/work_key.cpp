@@ -83,7 +83,7 @@ void WorkKey::paintEvent(QPaintEvent* /*event*/) {
     painter.drawArc(ring, kWorkTop, -static_cast<int>(std::lround(kWorkTurn * share_)));
   }
   painter.setFont(font());
-  painter.setPen(toColour(token(isDown() ? "tealHi" : "text1")));
+  painter.setPen(toColour(isDown() ? token("tealHi") : token("text1")));
   const int left = qRound(sign.right() + kWorkGap * size_);
   painter.drawText(rect().adjusted(left, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                    text());

@@ -31,7 +31,8 @@ if mv "$here/next" "$here/taken" 2>/dev/null; then
       *) set -- "$@" "$word" ;;
     esac
   done
-  if [ -n "$share" ]; then "$here/real/KVORender" /J "$share" "$@" || exit; fi
+  # That it is done with its share is not to be taken for the end of the movie.
+  if [ -n "$share" ]; then "$here/real/KVORender" /J "$share" "$@" >"$here/said" || exit; fi
   echo $$ >"$here/halting"
   mv "$here/halting" "$here/halted"
   exec setpriv --pdeathsig KILL sh -c 'read never <"$0"' "$here/nothing"

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -183,7 +184,9 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   queue.isOpen = true;
   window.draw(true);
   QApplication::processEvents();
-  auto* list = window.findChild<PageList*>();
+  PageList* list = nullptr;
+  for (auto* part : window.findChildren<QWidget*>())
+    if (part->accessibleName() == "Queue") list = dynamic_cast<PageList*>(part);
   ASSERT_NE(list, nullptr);
   EXPECT_EQ(list->rowName(0), "a.mp4, 43%");
   EXPECT_EQ(list->rowName(2), "c.mp4, failed, disk full");

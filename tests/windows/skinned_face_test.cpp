@@ -152,7 +152,7 @@ TEST(SkinnedFace, TellsOfRendersInTheBackground) {
     EXPECT_FALSE(key.geometry().intersects(b.at("Undo").geometry()));
     const auto image = b.face().grab(key.geometry()).toImage();
     const auto ring = [&](int x) {
-      return image.pixelColor(qRound((6 + 6.5 + x) * size), image.height() / 2);
+      return image.pixelColor(static_cast<int>((6 + 6.5 + x) * size), image.height() / 2);
     };
     EXPECT_EQ(ring(5), toColour(token("teal"))) << "a quarter is done";
     EXPECT_EQ(ring(-5), toColour(token("line2"))) << "three quarters are not";

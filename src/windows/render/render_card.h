@@ -1,6 +1,7 @@
 // The card of a render over page and preview: its head, and the frame that it is in.
 #pragma once
 
+#include "render/queue_state.h"
 #include "windows/editor/picture_of_clip.h"
 #include "windows/render/render_acts.h"
 
