@@ -263,14 +263,13 @@ TEST(CorpusRefusal, SaysWhatIsWrongWithWhichFile) {
   std::filesystem::copy_file(movie, folder / "whole.mp4");
   constexpr const char* kNoMedia = ": it is no media file, or damaged";
   constexpr const char* kDamaged = " is damaged, or too large";
-  struct Row {
+  const struct {
     std::string path;
     bool picture;
     double from;
     const char* ahead;  // of the file's name
     const char* behind;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {write("noise.mp4", noise), true, 0, "cannot open ", kNoMedia},
       {write("noise.mp3", noise), false, 0, "no sound in ", ""},
       {write("empty.mkv", ""), true, 0, "cannot open ", kNoMedia},

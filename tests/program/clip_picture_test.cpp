@@ -84,21 +84,6 @@ TEST(ClipPicture, OfManyWishesTheFirstAndTheLastAreRead) {
   b.streams.let(1);
 }
 
-TEST(ClipPicture, WithinAFileTheOldOneStaysUntilTheNextComes) {
-  PictureBench b;
-  b.streams.let(1);
-  b.picture->want({"/a", 1, 4, 4});
-  ASSERT_TRUE(b.comes("/a", 1));
-  b.picture->want({"/a", 2, 4, 4});
-  b.streams.asked(2);
-  b.picture->want({"/a", 3, 4, 4});
-  EXPECT_EQ(b.state.picture->bgr[0], 1);
-  b.streams.let(1);
-  EXPECT_TRUE(b.comes("/a", 2)) << "what comes by the way is nearer to what is wanted";
-  b.streams.let(1);
-  EXPECT_TRUE(b.comes("/a", 3));
-}
-
 TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
   PictureBench b;
   b.picture->want({"/bad", 0, 4, 4});
@@ -120,21 +105,6 @@ TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
   b.picture.reset();
   b.loop.advance(1);
   EXPECT_EQ(b.state.picture, nullptr);
-}
-
-TEST(ClipPicture, IsOfWhatHasOneWhereTheClipStandsOrIsLookedAt) {
-  MainWindowState state;
-  EXPECT_EQ(pictureOf(state, {}, 4, 4), PictureWish{}) << "there is no clip";
-  state.mode.player.path = "/v";
-  state.slider = {.handles = true, .length = 10, .position = 0.5};
-  state.list.ListIndex = 0;
-  for (const auto kind :
-       {ClipKind::Video, ClipKind::Still, ClipKind::Sound, ClipKind::Page, ClipKind::Stream}) {
-    state.list.Fillist.assign({{"clip", "", kind}});
-    const bool has = kind == ClipKind::Video || kind == ClipKind::Still;
-    EXPECT_EQ(pictureOf(state, {}, 4, 3), has ? (PictureWish{"/v", 5, 4, 3}) : PictureWish{});
-    EXPECT_EQ(pictureOf(state, 7, 4, 3).seconds, has ? 7 : 0);
-  }
 }
 
 }  // namespace

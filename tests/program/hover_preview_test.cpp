@@ -59,24 +59,6 @@ TEST(HoverPreview, ShowsWhatComesOfTheLastPlaceOnItsGrid) {
   EXPECT_EQ(b.sketches.asked.back(), "/v/c.avi 1");
 }
 
-TEST(HoverPreview, HasATimeButNoPictureWhereThereIsNone) {
-  HoverBench b;
-  b.clip("/v/song.mp3", 100, ClipKind::Sound);
-  b.hover.over(0.5);
-  b.hover.settled();
-  EXPECT_EQ(b.window.hover.time, "0:50");
-  EXPECT_TRUE(b.sketches.asked.empty());
-  b.clip("/v/a.avi", 100);
-  b.sketches.come("/v/a.avi", 10);
-  b.sketches.pictures[{"/v/a.avi", 50.0}] = nullptr;
-  b.hover.over(0.1);
-  b.hover.over(0.5);
-  EXPECT_EQ(b.shows(), -1) << "this place has none";
-  b.clip("/v/still.jpg", 0);
-  b.hover.over(0.5);
-  EXPECT_FALSE(b.window.hover.visible) << "no length, no place";
-}
-
 TEST(ListPictures, AreOfFilmsAndStillsSoonBehindTheirMarkIn) {
   test::ProgramBench b;
   test::NamedSketches sketches;

@@ -13,31 +13,6 @@ namespace {
 
 using test::Bench;
 
-TEST(Durations, ATransitionIsHeldToTheShorterNeighbour) {
-  struct Row {
-    double first, second;
-    const char* most;
-    int max;
-  };
-  for (const auto& row : {Row{60, 40, "25.0", 250}, Row{3.04, 9, "3.0", 30}, Row{0.05, 9, "0.1", 1}}) {
-    Bench b;
-    b.addVideo("a.avi", 0, row.first).TransIn(999);
-    auto& clip = b.addVideo("b.avi", 0, row.second);
-    clip.TransIn(999);
-    EXPECT_EQ(CalcMaxTransitionDuration(b.editing, 2), row.most);
-    SortTransitionTimes(b.editing, 2);
-    EXPECT_EQ(b.editor.controls.Sld_In.Max, row.max);
-    EXPECT_EQ(clip.TransIn(), row.max);
-    SortTransitionTimes(b.editing, 1);
-    EXPECT_EQ(b.collection.MovieList[1].TransIn(), std::max(static_cast<int>(std::lround(row.first * 5)), 1))
-        << "half of the clip for the first";
-  }
-  Bench b;
-  b.addVideo("s.jpg", 0, 0).IsStill(true);
-  b.addVideo("b.avi", 0, 9);
-  EXPECT_EQ(CalcMaxTransitionDuration(b.editing, 2), "7.0") << "as long as stills last";
-}
-
 TEST(Durations, ACutIsPreviewedByTheLadder) {
   const std::pair<double, float> rows[] = {{0.2, 0.2F},  {0.25, 0.25F}, {0.6, 0.5F},
                                            {1.2, 0.75F}, {1.5, 1.0F},   {10, 2.0F}};
@@ -57,22 +32,6 @@ TEST(Durations, TheShortestCutHoldsTheTrackFade) {
   EXPECT_EQ(FindShortestCut(TimelineClips(b.collection, b.streams), true), 4);
   UpdateTrackFade(b.editing, false);
   EXPECT_FLOAT_EQ(b.settings.preferences().VideoTrackFadeAmt, -0.5F);
-}
-
-TEST(Durations, AClipThatIsHeardAndHasTimesFades) {
-  for (const auto& [heard, tenths, fades] :
-       {std::tuple{true, 5, true}, {true, 0, false}, {false, 5, false}}) {
-    Bench b;
-    auto& clip = b.addVideo("a.avi", 0, 4);
-    clip.RenderAudio(heard);
-    clip.AudioFadeOutTime(static_cast<Single>(tenths));
-    clip.HasAudioFade(!fades);
-    auto& music = b.addMusic("m.mp3", 0, 4);
-    music.HasAudioFade(true);
-    UpdateTrackFade(b.editing, true);
-    EXPECT_EQ(clip.HasAudioFade(), fades) << heard << tenths;
-    EXPECT_TRUE(music.HasAudioFade()) << "of sound it stays";
-  }
 }
 
 TEST(Durations, RowsEndInTheirClipNumber) {

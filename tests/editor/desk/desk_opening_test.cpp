@@ -61,41 +61,6 @@ TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
   EXPECT_FALSE(b.desk.isOpen()) << "another command runs";
 }
 
-TEST(EditorDesk, AnalysingShowsUnlessTheFastOpeningIsWanted) {
-  for (const auto& [fast, there, shows] :
-       {std::tuple{true, true, false}, {true, false, true}, {false, true, true}}) {
-    DeskBench b;
-    b.settings.adjust().KVOFastEdit = fast;
-    if (there) b.files.all["/prog/PreviewDefaults.dat"] = "x";
-    {
-      const std::lock_guard lock(b.held.held);
-      b.desk.Form_Load();
-      b.loop.advance(300);
-      EXPECT_EQ(b.state.analysing.visible, shows);
-    }
-    b.open();
-    EXPECT_FALSE(b.state.analysing.visible);
-  }
-}
-
-// The first time of a run only, with a command to play at each tick.
-TEST(EditorDesk, AnalysingPlaysAFilmOfTheProgramFolderOnce) {
-  DeskBench b;
-  b.files.all["/prog/maybe.wmv"] = "x";
-  for (const char* film : {"/prog/maybe.wmv", ""}) {
-    {
-      const std::lock_guard lock(b.held.held);
-      b.desk.Form_Load();
-      b.loop.advance(300 + 3 * 500);
-      EXPECT_EQ(b.state.analysing.film, film);
-      EXPECT_EQ(b.state.analysing.plays, 3);
-    }
-    b.open();
-    b.desk.Form_QueryUnload();
-    b.addVideo("another.avi", 0, 2);
-  }
-}
-
 TEST(EditorDesk, AnalysingCanBeStoppedAndSaysWhatItHasNotLookedInto) {
   DeskBench b(7);
   for (auto& [path, facts] : b.streams.all) facts.hasAudio = true;

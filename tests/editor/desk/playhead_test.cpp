@@ -10,14 +10,13 @@ using test::DeskBench;
 
 // The second film plays twice as fast: the clips begin at 0, 8, 12 and 20 s of the movie.
 TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
-  struct Row {
+  const struct {
     const char* what;
     void (*act)(DeskBench&);
     int clip;  // in hand
     double inMovie, inClip;
     const char* does;  // what is loaded, where the player is sent, what the preview is told
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"the ruler", [](auto& b) { b.desk.movieStands(10); }, 2, 10, 4, "load2 to4 "},
       {"a drag over it", [](auto& b) { b.desk.movieStands(7), b.desk.movieStands(13); }, 3, 13, 1,
        "load3 to1 "},

@@ -2,7 +2,6 @@
 #include "editor/compiler/picture_in_picture.h"
 #include "editor/timeline/timeline_bench.h"
 
-#include <random>
 
 #include <gtest/gtest.h>
 
@@ -106,19 +105,6 @@ TEST(TimelineSight, TicksAreReadableAtEveryScale) {
     EXPECT_EQ(large[1].text, row.second);
     EXPECT_GE(large[1].x - large[0].x, 80) << row.first;
   }
-}
-
-TEST(TimelineSight, OfManyClipsOnlyWhatIsInSightIsLaidOut) {
-  TimelineBench b;
-  for (int i = 0; i < 9999; ++i) b.video("a.avi", 0, 5, 60);
-  b.show();
-  auto& sight = b.state.sight;
-  scrollTo(sight, b.state.blocks.end(), 25000);
-  const auto seen = clipsInSight(b.state.blocks, sight);
-  EXPECT_EQ(seen.front().block->clip, 5000);
-  EXPECT_LE(seen.size(), 14U);
-  showWhole(sight, b.state.blocks.end());
-  EXPECT_LE(clipsInSight(b.state.blocks, sight).size(), sight.width);
 }
 
 TEST(TimelineHit, EachPartIsFoundAtItsPlace) {

@@ -30,35 +30,22 @@ TEST(TimelineWrites, TheDocumentIsThatOfTheLists) {
     std::function<void(TimelineBench&)> byLists;
     std::function<void(Collection&)> byHand;
   };
-  const auto clip = [](Collection& c, int n) -> Movie& { return c.MovieList[n]; };
-  const std::vector<Row> rows = {
-      {"a transition over a cut", [](auto& b) { choose(b, 3, "Dissolve", 15); },
-       [&](auto& c) {
-         writeTransIn(clip(c, 3), {3, 15});
-       }},
-      {"the same transition, longer", [](auto& b) { choose(b, 2, "Dissolve", 30); },
-       [&](auto& c) {
-         writeTransIn(clip(c, 2), {2, 30});
-       }},
-      {"no transition", [](auto& b) { choose(b, 2, "", 0); },
-       [&](auto& c) {
-         writeTransIn(clip(c, 2), {2, 0});
-       }},
-      {"a fade of music", [](auto& b) { fade(b, 4, 20, 15); },
-       [&](auto& c) {
-         writeFade(clip(c, 4), {4, ClipEdge::Out, 15});
-       }},
-      {"a fade of a clip", [](auto& b) { fade(b, 1, 5, 0); },
-       [&](auto& c) {
-         writeFade(clip(c, 1), {1, ClipEdge::In, 5});
-       }},
-      {"how long a still lasts",
-       [](auto& b) {
-         ApplyStillSettings(b.editing, {.milliseconds = 3200, .individually = true, .selectedClip = 5});
-       },
-       [&](auto& c) {
-         writeMark(clip(c, 5), {5, ClipEdge::Out, 3.2, 0});
-       }},
+  const auto transition = [](const TransInGesture& made) {
+    return [made](Collection& c) { writeTransIn(c.MovieList[made.clip], made); };
+  };
+  const auto fades = [](const FadeGesture& made) {
+    return [made](Collection& c) { writeFade(c.MovieList[made.clip], made); };
+  };
+  const StillControls lasts{.milliseconds = 3200, .individually = true, .selectedClip = 5};
+  const MarkGesture ends{5, ClipEdge::Out, 3.2, 0};
+  const Row rows[] = {
+      {"over a cut", [](auto& b) { choose(b, 3, "Dissolve", 15); }, transition({3, 15})},
+      {"the same, longer", [](auto& b) { choose(b, 2, "Dissolve", 30); }, transition({2, 30})},
+      {"no transition", [](auto& b) { choose(b, 2, "", 0); }, transition({2, 0})},
+      {"a fade of music", [](auto& b) { fade(b, 4, 20, 15); }, fades({4, ClipEdge::Out, 15})},
+      {"a fade of a clip", [](auto& b) { fade(b, 1, 5, 0); }, fades({1, ClipEdge::In, 5})},
+      {"how long a still lasts", [&](auto& b) { ApplyStillSettings(b.editing, lasts); },
+       [&](auto& c) { writeMark(c.MovieList[5], ends); }},
   };
   for (const auto& row : rows) {
     TimelineBench lists;
