@@ -2,7 +2,6 @@
 #include "editor/compiler/picture_in_picture.h"
 #include "editor/timeline/timeline_bench.h"
 
-
 #include <gtest/gtest.h>
 
 namespace kvo {
