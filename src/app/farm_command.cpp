@@ -59,6 +59,7 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
                  const std::string& engine) {
   order.output = absoluteName(order.output, std::filesystem::current_path().string());
   order.workFolder = workFolderOf(order.output);
+  order.encoder.clear();  // its machines differ
   StopSignals signals;
   PollLoop loop;
   FarmShow show;

@@ -24,13 +24,15 @@ TEST(EngineArguments, TakeTheirForms) {
   EXPECT_EQ(all->job.codec, VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
-  const auto preset =
-      readEngineArguments({"/P", "Email", "/Q", "23", "/E", "slow", "/M", "2.5", "/W", "o.mp4", "d.xtl"});
+  const auto preset = readEngineArguments({"/P", "Email", "/Q", "23", "/E", "slow", "/M", "2.5", "/H", "Auto",
+                                           "/K", "w", "/W", "o.mp4", "d.xtl"});
   ASSERT_TRUE(preset) << preset.error().text;
   EXPECT_EQ(preset->job.preset, presetNamed("email"));
   EXPECT_EQ(preset->job.quality, 23);
   EXPECT_EQ(preset->job.effort, "slow");
   EXPECT_EQ(preset->job.megabytes, 2.5);
+  EXPECT_EQ(preset->encoder, EncoderWish::Auto);
+  EXPECT_EQ(preset->job.work->identity.find("Auto"), std::string::npos) << "who encodes is known later";
   const auto least = readEngineArguments({"/w", "o.wav", "d.xtl"});
   ASSERT_TRUE(least);
   EXPECT_FALSE(least->job.slice || least->profile);
@@ -44,6 +46,7 @@ TEST(EngineArguments, TakeTheirForms) {
                          {"/Q", "0", "/W", "o.mp4", "d.xtl"},
                          {"/E", "quick", "/W", "o.mp4", "d.xtl"},
                          {"/M", "-1", "/W", "o.mp4", "d.xtl"},
+                         {"/H", "fpga", "/W", "o.mp4", "d.xtl"},
                          {"/C", "h265", "/W", "o.avi", "d.xtl"},
                          {"/S", "0", "/W", "o.avi", "d.xtl"},
                          {"/S", "x", "/W", "o.avi", "d.xtl"},
@@ -70,14 +73,15 @@ TEST(CommandLine, TakesItsCommands) {
     EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.wmv", "--profile", profile}))
         << profile;
   EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--profile", "7"}));
-  const auto mp4 =
-      readCommandLine({"--render", "c.INI", "--output", "o.mp4", "--preset", "phone", "--size-mb", "8",
-                       "--quality", "20", "--effort", "veryfast", "--size", "3840x2160"});
+  const auto mp4 = readCommandLine({"--render", "c.INI", "--output", "o.mp4", "--preset", "phone",
+                                    "--size-mb", "8", "--quality", "20", "--effort", "veryfast", "--size",
+                                    "3840x2160", "--encoder", "hardware"});
   ASSERT_TRUE(mp4) << mp4.error().text;
   EXPECT_EQ(mp4->preset, presetNamed("phone"));
   EXPECT_EQ(mp4->megabytes, 8);
   EXPECT_EQ(mp4->quality, 20);
   EXPECT_EQ(mp4->effort, "veryfast");
+  EXPECT_EQ(mp4->encoder, EncoderWish::Hardware);
   EXPECT_EQ(mp4->size->width, 3840);
   EXPECT_EQ(readCommandLine({"--list-presets"})->task, Task::Presets);
   EXPECT_EQ(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--slurm", "8"})->slurmJobs, 8);
@@ -125,6 +129,9 @@ TEST(CommandLine, TakesItsCommands) {
                          {"--render", "c.INI", "--output", "o.webm", "--size-mb", "8"},
                          {"--render", "c.INI", "--output", "o.mp4", "--quality", "0"},
                          {"--render", "c.INI", "--output", "o.mp4", "--effort", "x"},
+                         {"--render", "c.INI", "--output", "o.mp4", "--encoder", "x"},
+                         {"--render", "c.INI", "--output", "o.webm", "--encoder", "auto"},
+                         {"--render", "c.INI", "--output", "o.mp4", "--encoder", "hardware", "--slurm", "2"},
                          {"--check"},
                          {"--check", "a", "b"},
                          {"--document", "a"}};
