@@ -33,7 +33,8 @@ class HardwareRender : public testing::Test {
     return job;
   }
   std::string bytes(const std::string& name = "m.mp4") {
-    return files_.read(out_ / name, 1U << 28U).value_or("");
+    const auto read = files_.read(out_ / name, 1U << 28U);
+    return read ? *read : std::string();
   }
   std::string inSoftware() {
     EXPECT_TRUE(make({}, "s.mp4"));

@@ -46,11 +46,10 @@ TEST(Hardware, IsToldWhatTheSoftwareWouldBe) {
     EXPECT_EQ(c.global_quality, 23 * FF_QP2LAMBDA);
     EXPECT_EQ(c.pix_fmt, name == "h264_vaapi" ? AV_PIX_FMT_VAAPI : AV_PIX_FMT_NV12);
     EXPECT_TRUE(name == "h264_qsv" || optionOf(*encoder, "qp") == "23");
-    std::int64_t high = -1;
-    ASSERT_GE(av_opt_eval_int(c.priv_data, av_opt_find(c.priv_data, "profile", nullptr, 0, 0), "high",
-                              reinterpret_cast<int*>(&high)),
-              0);
-    EXPECT_EQ(static_cast<int>(numberOf(*encoder, "profile")), static_cast<int>(high));
+    int high = -1;
+    const auto* profile = av_opt_find(c.priv_data, "profile", nullptr, 0, 0);
+    ASSERT_GE(av_opt_eval_int(c.priv_data, profile, "high", &high), 0);
+    EXPECT_EQ(numberOf(*encoder, "profile"), high);
     std::string presets;
     for (const int effort : {0, 2, 5, 8}) {
       format.effort = effort;
@@ -67,6 +66,7 @@ TEST(Hardware, IsToldWhatTheSoftwareWouldBe) {
 }
 
 TEST(Hardware, WorksWhereATrialGivesAFrame) {
+  silenceRemarks();
   test::FakeHardware device;
   EXPECT_TRUE(tryHardware(device));
   EXPECT_EQ(device.pictures, 1);
@@ -84,8 +84,8 @@ TEST(Hardware, TellsWhyThereIsNone) {
   silenceRemarks();
   for (const auto name : hardwareNames()) {
     const auto tried = tryHardware(*hardwareNamed(name));
-    if (name == "h264_vaapi" && !std::filesystem::exists("/dev/dri")) EXPECT_FALSE(tried);
-    if (!tried) EXPECT_TRUE(tried.error().text.starts_with("cannot encode by " + std::string(name) + ": "));
+    EXPECT_TRUE(!tried || name != "h264_vaapi" || std::filesystem::exists("/dev/dri"));
+    EXPECT_TRUE(tried || tried.error().text.starts_with("cannot encode by " + std::string(name) + ": "));
   }
 }
 
