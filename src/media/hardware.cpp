@@ -181,7 +181,7 @@ Result<CodecHandle> setUpHardware(std::string_view name, const VideoFormat& form
   c.global_quality = quantiser * FF_QP2LAMBDA;
   for (const auto& [option, value] : kind->options(quantiser, format.effort)) {
     if (const int set = av_opt_set(c.priv_data, option, value.c_str(), 0); set < 0)
-      return ffmpegError(called + " does not know " + option + " " + value, set);
+      return ffmpegError(std::string(name).append(" does not know ").append(option), set);
   }
   return encoder;
 }
