@@ -3,6 +3,7 @@
 // at, and with --try-encoder it tries an encoder of a device. A failure is one line on standard error. Exit
 // codes: 0 done, 1 failed, 2 wrong usage.
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_name_locks.h"
 #include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
 #include "adapters/posix/starter_watch.h"
@@ -13,6 +14,7 @@
 #include "engine/run/sheet.h"
 #include "media/media_facts.h"
 #include "render/engine_protocol.h"
+#include "render/output_hold.h"
 
 #include <chrono>
 #include <cstdio>
@@ -71,6 +73,14 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   const char* profile = std::getenv(kvo::kProfileVariable);
   auto work = kvo::readEngineJob(files, arguments, profile == nullptr ? "" : profile);
   if (!work) return fail(work.error(), kvo::kExitFailed);
+  // Shares are in company; who has handed them in holds the output.
+  kvo::PosixNameLocks locks;
+  std::unique_ptr<kvo::FileLock> held;
+  if (!arguments.share) {
+    auto taken = kvo::holdOutput(files, locks, work->job.output, arguments.workFolder);
+    if (!taken) return fail(taken.error(), kvo::kExitFailed);
+    held = std::move(*taken);
+  }
   kvo::PosixProcesses processes;
   const auto program = kvo::withSeparator(kvo::executableFolder()) + "KVORender";
   const auto hardware = kvo::engineHardware(arguments.encoder, work->job, processes, program);

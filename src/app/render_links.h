@@ -6,7 +6,7 @@
 #include "ports/desktop.h"
 #include "render/hardware_trial.h"
 #include "render/movie_render.h"
-#include "render/queue/queue_runner.h"
+#include "render/queue/queue_store.h"
 
 #include <functional>
 #include <optional>
@@ -29,7 +29,6 @@ class RenderLinks : public RenderHost {
     LongWork& work;
     const Desktop& desktop;
     QueueStore& queueStore;
-    QueueRunner& queue;
     std::string engine;          ///< path of its program
     std::function<void()> draw;  ///< all windows
   };
@@ -48,13 +47,6 @@ class RenderLinks : public RenderHost {
   /// Cmd_RendertoFile, and KVOBut_RenderPinP.
   void Rendertofile();
   void RenderPinP();
-
-  /// A row of Lst_Queue, and what the keys do to it.
-  void chooseJob(int row);
-  void pauseJob();
-  void removeJob();
-  /// Behind each change of the queue.
-  void queueChanged();
 
   /// A render is under way, which ends with the program: asks whether it is to.
   [[nodiscard]] bool mayEnd();
@@ -77,8 +69,6 @@ class RenderLinks : public RenderHost {
  private:
   void begin(std::function<void()> work);
   void addMovie();
-  [[nodiscard]] const QueuedRow* chosenJob() const;
-  void tellJob(const Outcome& done);
 
   Parts parts_;
   RenderState state_;

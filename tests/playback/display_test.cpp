@@ -1,3 +1,4 @@
+#include "playback/display/picture_room.h"
 #include "playback/display_bench.h"
 
 #include <gtest/gtest.h>
@@ -338,4 +339,30 @@ TEST(Display, TheSpineReadsWhatKindOfClipIsInHand) {
 }
 
 }  // namespace
+TEST(PictureRoom, IsThePlayersAsFarAsTheWindowReaches) {
+  const Place all{0, 690, 9000, 5310};
+  const struct {
+    const char* what;
+    Place player;
+    bool hasPicture;
+    bool still;
+    Place room;
+  } rows[] = {
+      {"inside", {100, 700, 4000, 3000}, true, false, {100, 700, 4000, 3000}},
+      {"below the toolbar and past both sides", {-500, 0, 20000, 3000}, true, false, {0, 690, 9000, 2310}},
+      {"out of sight", {9000, 700, 4000, 3000}, true, false, all},
+      {"without a size", {100, 700, 0, 0}, true, false, all},
+      {"parked", {kParked, 700, 4000, 3000}, true, false, all},
+      {"a still", {100, 700, 4000, 3000}, true, true, all},
+      {"a sign", {100, 700, 4000, 3000}, false, false, all},
+  };
+  for (const auto& row : rows) {
+    DisplayModeState mode;
+    mode.player.place = row.player;
+    mode.still.Img_Still.visible = row.still;
+    EXPECT_EQ(pictureRoom(mode, row.hasPicture, 690, 9000, 6000), row.room) << row.what;
+  }
+  EXPECT_EQ(pictureRoom({}, false, 690, 9000, 300).height, 0) << "a window lower than its toolbar";
+}
+
 }  // namespace kvo

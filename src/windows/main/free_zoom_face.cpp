@@ -1,6 +1,8 @@
 #include "windows/main/free_zoom_face.h"
 
 #include "playback/display/layout.h"
+#include "playback/display/picture_room.h"
+#include "program/picture_sign.h"
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -145,22 +147,15 @@ void FreeZoomFace::takeShape() {
   resize(qRound(window.place.width / pixel), qRound(window.place.height / pixel));
 }
 
-// What the state gives the player, cut to the window; a still has all the room.
 void FreeZoomFace::placePicture() {
-  const auto& mode = state_.mode;
+  const double pixel = state_.mode.twipsPerPixel();
   const int toolbar = scale_.at(kToolbarHeight / kTwipsPerPixel);
   toolbar_->setGeometry(0, 0, width(), toolbar);
   picture_->setVisible(state_.list.ListIndex >= 0);
-  QRect room(0, toolbar, width(), std::max(height() - toolbar, 0));
-  const bool hasPicture = !picture_->isSign();
-  const auto& place = mode.player.place;
-  if (hasPicture && !mode.still.Img_Still.visible && !place.parked() && place.width > 0 && place.height > 0) {
-    const double pixel = mode.twipsPerPixel();
-    const QRect given(qRound(place.left / pixel), qRound(place.top / pixel), qRound(place.width / pixel),
-                      qRound(place.height / pixel));
-    if (const auto cut = given & room; !cut.isEmpty()) room = cut;
-  }
-  picture_->setGeometry(room);
+  const bool hasPicture = pictureSign(state_).icon == PictureSign::Icon::None;
+  const auto room = pictureRoom(state_.mode, hasPicture, toolbar * pixel, width() * pixel, height() * pixel);
+  picture_->setGeometry(qRound(room.left / pixel), qRound(room.top / pixel), qRound(room.width / pixel),
+                        qRound(room.height / pixel));
 }
 
 void FreeZoomFace::showToolbar(bool shown) {

@@ -23,37 +23,38 @@ constexpr int kSignTextGap = 10;
 constexpr int kLeastSignText = 12;
 constexpr int kMostSignText = 24;
 
-}  // namespace
-
-bool showsLabel(const MainWindowState& state) {
-  return state.mode.panels.Pic_NoVid && !state.transport.lbl_Novid.text.empty();
+const char* iconOf(PictureSign::Icon icon) {
+  switch (icon) {
+    case PictureSign::Icon::Sound:
+      return "music";
+    case PictureSign::Icon::Address:
+      return "globe";
+    default:
+      return "warn";
+  }
 }
+
+Rgb inkOf(PictureSign::Tone tone) {
+  switch (tone) {
+    case PictureSign::Tone::Stream:
+      return token("teal");
+    case PictureSign::Tone::Trouble:
+      return token("text2");
+    case PictureSign::Tone::Lit:
+      return token("text1");
+    default:
+      return token("text3");
+  }
+}
+
+QString actOf(const PictureSign& sign) { return sign.stops ? PictureBox::tr("Click to stop") : QString(); }
+
+}  // namespace
 
 PictureBox::PictureBox(const MainWindowState& state, ClipPicture& pictures, QWidget* parent)
     : QWidget(parent), state_(state), pictures_(pictures), stream_(made<StreamChip>(state, this)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAccessibleName(tr("Picture"));
-}
-
-PictureBox::Sign PictureBox::sign() const {
-  const auto* clip = rowOnShow(state_);
-  if (clip == nullptr) return {};
-  if (showsLabel(state_)) {
-    const auto& label = state_.transport.lbl_Novid;
-    const auto plain = label.stream ? token("teal") : token("text2");
-    return {label.stream ? "globe" : "warn", told(label.text), label.lit ? token("text1") : plain,
-            label.stops ? tr("Click to stop") : QString()};
-  }
-  switch (clip->kind) {
-    case ClipKind::Sound:
-      return {"music", tr("Sound")};
-    case ClipKind::Page:
-      return {"globe", tr("Web page")};
-    case ClipKind::Stream:
-      return {"globe", tr("Stream")};
-    default:
-      return state_.picture.fault.empty() ? Sign{} : Sign{"warn", tr("No picture")};
-  }
 }
 
 void PictureBox::draw() {
@@ -70,11 +71,11 @@ void PictureBox::draw() {
   const bool engines = isPlayed() && !at_;
   pictures_.want(engines ? PictureWish() : pictureOf(state_, at_, pixels.width(), pixels.height()));
   take();
-  const auto now = sign();
+  const auto now = pictureSign(state_);
   if (now == drawn_) return;
   drawn_ = now;
-  setAccessibleName(now.icon == nullptr ? tr("Picture") : now.text.simplified());
-  setAccessibleDescription(now.act);
+  setAccessibleName(now.icon == PictureSign::Icon::None ? tr("Picture") : told(now.text).simplified());
+  setAccessibleDescription(actOf(now));
   setToolTip(state_.picture.picture == nullptr ? plainTip(shown(state_.picture.fault)) : QString());
   update();
 }
@@ -149,7 +150,7 @@ void PictureBox::showEvent(QShowEvent* /*event*/) { draw(); }
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::black);
-  if (drawn_.icon == nullptr) {
+  if (drawn_.icon == PictureSign::Icon::None) {
     if (picture_.isNull()) return;
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     // One that was made for another size of the box stands in until its own comes.
@@ -159,21 +160,21 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   }
   painter.fillRect(rect(), toColour(token("void")));
   const int side = std::max(qRound(std::min(width(), height()) * kSignShare), kLeastSign);
-  const auto ink = drawn_.icon == std::string_view("warn") ? token("amber") : token("text3");
+  const auto ink = drawn_.icon == PictureSign::Icon::Trouble ? token("amber") : token("text3");
   const QPoint corner((width() - side) / 2, (height() - side) / 2 - kSignTextGap);
-  painter.drawPixmap(corner, iconPicture(drawn_.icon, ink, side, devicePixelRatio()));
+  painter.drawPixmap(corner, iconPicture(iconOf(drawn_.icon), ink, side, devicePixelRatio()));
   auto font = painter.font();
   font.setPixelSize(std::clamp(side * 2 / 5, kLeastSignText, kMostSignText));
   painter.setFont(font);
-  painter.setPen(toColour(drawn_.colour));
+  painter.setPen(toColour(inkOf(drawn_.tone)));
   QRect line(0, corner.y() + side + kSignTextGap, width(), painter.fontMetrics().height());
-  for (const auto& text : drawn_.text.split('\n')) {
+  for (const auto& text : told(drawn_.text).split('\n')) {
     painter.drawText(line, Qt::AlignCenter,
                      painter.fontMetrics().elidedText(text.trimmed(), Qt::ElideRight, width()));
     line.translate(0, line.height());
     painter.setPen(toColour(token("text3")));
   }
-  painter.drawText(line, Qt::AlignCenter, drawn_.act);
+  painter.drawText(line, Qt::AlignCenter, actOf(drawn_));
 }
 
 }  // namespace kvo

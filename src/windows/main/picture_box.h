@@ -2,8 +2,7 @@
 #pragma once
 
 #include "program/clip_picture.h"
-#include "program/main_window_state.h"
-#include "ui/tokens.h"
+#include "program/picture_sign.h"
 #include "windows/main/video_surface.h"
 
 #include <QCoreApplication>
@@ -17,9 +16,6 @@ namespace kvo {
 
 class ResumeChip;
 class StreamChip;
-
-/// The no-video label stands in the picture's place.
-[[nodiscard]] bool showsLabel(const MainWindowState& state);
 
 class PictureBox : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::PictureBox)
@@ -39,8 +35,6 @@ class PictureBox : public QWidget {
   void offerResume(std::function<void()> take);
   /// Hears of a click, by any button but the right one, which opens the menu.
   void whenClicked(std::function<void(Qt::MouseButton)> clicked) { clicked_ = std::move(clicked); }
-  /// The clip has no picture, and a sign stands for it.
-  [[nodiscard]] bool isSign() const { return sign().icon != nullptr; }
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -51,15 +45,6 @@ class PictureBox : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  struct Sign {
-    const char* icon = nullptr;  ///< null for none
-    QString text{};
-    Rgb colour = token("text3");  ///< of the text
-    QString act{};                ///< what a click on it does, in a line of its own
-    bool operator==(const Sign&) const = default;
-  };
-
-  [[nodiscard]] Sign sign() const;
   [[nodiscard]] bool isPlayed() const;
   [[nodiscard]] bool looksElsewhere() const;
   void take();
@@ -76,7 +61,7 @@ class PictureBox : public QWidget {
   std::optional<double> at_;
   QPixmap picture_;
   std::uint64_t shownRevision_ = 0;
-  Sign drawn_;
+  PictureSign drawn_;
   std::function<void(Qt::MouseButton)> clicked_;
   bool pressed_ = false;
 };

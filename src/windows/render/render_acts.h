@@ -7,6 +7,14 @@
 
 namespace kvo {
 
+/// What is done to the queue. None may be empty.
+struct QueueActs {
+  std::function<void(int row)> choose;  ///< of Lst_Queue
+  std::function<void()> pauseOrGoOn;    ///< the chosen one
+  std::function<void()> remove;
+  std::function<void(int place)> move;  ///< counted from 1
+};
+
 /// None may be empty.
 struct RenderActs {
   std::function<void(OutputKind kind)> chooseKind;
@@ -17,9 +25,7 @@ struct RenderActs {
   std::function<void(bool on)> tickHardware;  ///< Chk_Hardware
   std::function<void()> write;                ///< KVOBut_WriteMovie
   std::function<void()> addToQueue;           ///< KVOBut_AddToQueue
-  std::function<void(int row)> chooseJob;     ///< of Lst_Queue
-  std::function<void()> pauseJob;             ///< the chosen one, or has it go on
-  std::function<void()> removeJob;
+  QueueActs queue;
   std::function<void()> writePair;  ///< KVOBut_RenderNewPicInPic
   std::function<void()> abort;      ///< KVOBut_AbortRender
   std::function<void()> view;       ///< the movie of the report
