@@ -77,8 +77,11 @@ struct RenderState {
   std::string madeForText;              ///< lines joined by CR LF
   bool hasWishedSize = false;           ///< the chosen one keeps within wishedMegabytes
   int wishedMegabytes = 20;             ///< of 1,000,000 bytes
-  std::string caution;  ///< why the movie cannot be made like this, or becomes another; empty for none
-  bool canMake = true;  ///< KVOBut_WriteMovie and the queue's key are enabled
+  std::string caution;       ///< why the movie cannot be made like this, or becomes another; empty for none
+  bool canMake = true;       ///< KVOBut_WriteMovie and the queue's key are enabled
+  bool hasHardware = false;  ///< an encoder of a device works here
+  bool offersHardware = false;  ///< and can make the movie of these options
+  bool Chk_Hardware = false;    ///< it does, where it can
 
   // While it runs
   std::string caption;  ///< of the window
