@@ -227,7 +227,7 @@ class WindowProgram {
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
     auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder);
-    if (done) done = copyShippedPictures(session_.folder, shippedFolder);
+    if (done) done = copyShippedPictures(session_.files, session_.folder, shippedFolder);
     if (!done) {
       boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
       return kExitFailed;

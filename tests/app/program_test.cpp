@@ -96,8 +96,9 @@ TEST_F(Program, ShipsWhatIsMissingInAnyCaseOfLetters) {
     std::ofstream(work_ / file) << text;
   }
   const ProgramFolder own(work_ / "own");
-  EXPECT_TRUE(copyShippedPictures(own, work_ / "shipped"));
-  EXPECT_EQ(*PosixFiles().read(own.beside("\\Skins\\blue.bmp"), 9), "mine");
+  PosixFiles files;
+  EXPECT_TRUE(copyShippedPictures(files, own, work_ / "shipped"));
+  EXPECT_EQ(*files.read(own.beside("\\Skins\\blue.bmp"), 9), "mine");
   EXPECT_FALSE(fs::exists(work_ / "own/Skins") || fs::exists(work_ / "own/skins/blue.bmp"));
   EXPECT_TRUE(fs::exists(work_ / "own/skins/2/blue.bmp"));
 }
