@@ -1,12 +1,18 @@
 #include "app/command_line.h"
 #include "app/engine_arguments.h"
 
+#include <iterator>
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-using Words = std::vector<std::string>;
+std::vector<std::string> wordsOf(const std::string& line) {
+  std::istringstream each(line);
+  return {std::istream_iterator<std::string>(each), std::istream_iterator<std::string>()};
+}
 
 TEST(EngineArguments, TakeTheirForms) {
   const auto all = readEngineArguments({"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/J",
@@ -35,25 +41,13 @@ TEST(EngineArguments, TakeTheirForms) {
   ASSERT_TRUE(least);
   EXPECT_FALSE(least->job.slice || least->profile);
 
-  const Words wrong[] = {{},
-                         {"d.xtl"},
-                         {"/W", "d.xtl"},
-                         {"/P", "26", "/W", "o.wmv", "d.xtl"},
-                         {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
-                         {"/P", "nothing", "/W", "o.mp4", "d.xtl"},
-                         {"/Q", "0", "/W", "o.mp4", "d.xtl"},
-                         {"/E", "quick", "/W", "o.mp4", "d.xtl"},
-                         {"/M", "-1", "/W", "o.mp4", "d.xtl"},
-                         {"/C", "h265", "/W", "o.avi", "d.xtl"},
-                         {"/S", "0", "/W", "o.avi", "d.xtl"},
-                         {"/S", "x", "/W", "o.avi", "d.xtl"},
-                         {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
-                         {"/[1.50]", "/W", "o.avi", "d.xtl"},
-                         {"/J", "1/2", "/W", "o.avi", "d.xtl"},
-                         {"/K", "w", "/J", "3/2", "/W", "o.avi", "d.xtl"},
-                         {"/K", "w", "/J", "0/2", "/W", "o.avi", "d.xtl"},
-                         {"/Q", "/W", "o.avi", "d.xtl"}};
-  for (const auto& words : wrong) EXPECT_FALSE(readEngineArguments(words)) << testing::PrintToString(words);
+  for (const auto* line :
+       {"", "d.xtl", "/W d.xtl", "/P 26 /W o.wmv d.xtl", "/P 1.5 /W o.wmv d.xtl", "/P nothing /W o.mp4 d.xtl",
+        "/Q 0 /W o.mp4 d.xtl", "/E quick /W o.mp4 d.xtl", "/M -1 /W o.mp4 d.xtl", "/C h265 /W o.avi d.xtl",
+        "/S 0 /W o.avi d.xtl", "/S x /W o.avi d.xtl", "/[4.00-1.50] /W o.avi d.xtl", "/[1.50] /W o.avi d.xtl",
+        "/J 1/2 /W o.avi d.xtl", "/K w /J 3/2 /W o.avi d.xtl", "/K w /J 0/2 /W o.avi d.xtl",
+        "/Q /W o.avi d.xtl"})
+    EXPECT_FALSE(readEngineArguments(wordsOf(line))) << line;
 }
 
 TEST(CommandLine, TakesItsCommands) {
@@ -99,37 +93,16 @@ TEST(CommandLine, TakesItsCommands) {
                 .text.find("2 to 240"),
             std::string::npos);
 
-  const Words wrong[] = {{"--nonsense"},
-                         {"--queue"},
-                         {"--queue", "pause"},
-                         {"--queue", "pause", "x"},
-                         {"--queue", "list", "1"},
-                         {"--queue", "add", "c.INI", "--output", "o.avi", "--resume"},
-                         {"--render", "c.INI", "--output", "o.avi", "--slurm", "0"},
-                         {"--render"},
-                         {"--render", "c.INI"},
-                         {"--render", "c.INI", "--output"},
-                         {"--render", "c.INI", "--output", "o.avi", "--range", "4-1"},
-                         {"--render", "c.INI", "--output", "o.avi", "--range", "1.001-1.004"},
-                         {"--render", "c.INI", "--output", "o.avi", "--size", "640"},
-                         {"--render", "c.INI", "--output", "o.avi", "--size", "1x1"},
-                         {"--render", "c.INI", "--output", "o.avi", "--size", "20000x20000"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "0"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "0.1"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "1.99"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "1,5"},
-                         {"--render", "c.INI", "--output", "o.avi", "--colour", "x"},
-                         {"--render", "c.INI", "--output", "o.mkv"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--codec", "mpeg4"},
-                         {"--render", "c.INI", "--output", "o.webm", "--preset", "web"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--preset", "x"},
-                         {"--render", "c.INI", "--output", "o.webm", "--size-mb", "8"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--quality", "0"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--effort", "x"},
-                         {"--check"},
-                         {"--check", "a", "b"},
-                         {"--document", "a"}};
-  for (const auto& words : wrong) EXPECT_FALSE(readCommandLine(words)) << testing::PrintToString(words);
+  for (const auto* line : {"--nonsense", "--queue", "--queue pause", "--queue pause x", "--queue list 1",
+                           "--queue add c.INI --output o.avi --resume", "--render", "--render c.INI",
+                           "--render c.INI --output", "--check", "--check a b", "--document a"})
+    EXPECT_FALSE(readCommandLine(wordsOf(line))) << line;
+  for (const auto* line : {"o.avi --slurm 0", "o.avi --range 4-1", "o.avi --range 1.001-1.004",
+                           "o.avi --size 640", "o.avi --size 1x1", "o.avi --size 20000x20000",
+                           "o.avi --rate 0", "o.avi --rate 0.1", "o.avi --rate 1.99", "o.avi --rate 1,5",
+                           "o.avi --colour x", "o.mkv", "o.mp4 --codec mpeg4", "o.webm --preset web",
+                           "o.mp4 --preset x", "o.webm --size-mb 8", "o.mp4 --quality 0", "o.mp4 --effort x"})
+    EXPECT_FALSE(readCommandLine(wordsOf(std::string("--render c.INI --output ") + line))) << line;
 }
 
 }  // namespace
