@@ -1,6 +1,7 @@
 // The picture of the clip in hand.
 #include "program/clip_picture.h"
 
+#include "program/face_parts.h"
 #include "support/program_bench.h"
 
 #include <chrono>
@@ -134,6 +135,50 @@ TEST(ClipPicture, IsOfWhatHasOneWhereTheClipStandsOrIsLookedAt) {
     const bool has = kind == ClipKind::Video || kind == ClipKind::Still;
     EXPECT_EQ(pictureOf(state, {}, 4, 3), has ? (PictureWish{"/v", 5, 4, 3}) : PictureWish{});
     EXPECT_EQ(pictureOf(state, 7, 4, 3).seconds, has ? 7 : 0);
+  }
+}
+
+TEST(FaceParts, WhatTheNormalFaceShowsGoesByListDetailsAndPlayer) {
+  const struct {
+    const char* what;
+    std::function<void(MainWindowState&)> now;
+    const char* shown;
+  } rows[] = {{"no clip", [](auto& s) { s.emptyPane.visible = true; }, "empty "},
+              {"the intro", [](auto& s) { s.mode.player.visible = true; }, "large "},
+              {"a stream comes",
+               [](auto& s) {
+                 s.mode.panels.Pic_NoVid = true;
+                 s.transport.lbl_Novid.text = "Connecting";
+               },
+               "large "},
+              {"clips", [](auto& s) { s.list.visible = true; }, "list picture collection "},
+              {"without details",
+               [](auto& s) {
+                 s.list.visible = true;
+                 s.mode.panels.FraDets = s.mode.panels.CollDets = false;
+               },
+               "list large "},
+              {"the picture alone",
+               [](auto& s) {
+                 s.list.visible = true;
+                 s.mode.panels.FraDets = s.mode.panels.CollDets = s.mode.panels.Fillist.visible = false;
+               },
+               "large "}};
+  for (const auto& row : rows) {
+    MainWindowState state;
+    state.emptyPane.visible = false;
+    state.mode.panels.FraDets = state.mode.panels.CollDets = state.mode.panels.Fillist.visible = true;
+    row.now(state);
+    const auto parts = faceParts(state, false);
+    std::string shown;
+    for (const auto& [seen, name] : {std::pair{parts.empty, "empty "},
+                                     {parts.list, "list "},
+                                     {parts.picture, "picture "},
+                                     {parts.largePicture, "large "},
+                                     {parts.collection, "collection "}})
+      if (seen) shown += name;
+    EXPECT_EQ(shown, row.shown) << row.what;
+    EXPECT_EQ(faceParts(state, true), FaceParts()) << "long work goes on";
   }
 }
 
