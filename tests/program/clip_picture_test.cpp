@@ -144,7 +144,12 @@ TEST(FaceParts, WhatTheNormalFaceShowsGoesByListDetailsAndPlayer) {
     std::function<void(MainWindowState&)> now;
     const char* shown;
   } rows[] = {{"no clip", [](auto& s) { s.emptyPane.visible = true; }, "empty "},
-              {"the intro", [](auto& s) { s.mode.player.visible = true; }, "large "},
+              {"the intro",
+               [](auto& s) {
+                 s.mode.player.path = "/v/intro.avi";
+                 s.mode.player.visible = true;
+               },
+               "large "},
               {"a stream comes",
                [](auto& s) {
                  s.mode.panels.Pic_NoVid = true;
