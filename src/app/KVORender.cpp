@@ -2,6 +2,7 @@
 // render/engine_protocol.h. With --sheet it draws a row of small frames of each document instead, for looking
 // at. A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_name_locks.h"
 #include "adapters/posix/posix_temporary_folders.h"
 #include "adapters/posix/starter_watch.h"
 #include "app/engine_job.h"
@@ -10,6 +11,7 @@
 #include "engine/run/sheet.h"
 #include "media/media_facts.h"
 #include "render/engine_protocol.h"
+#include "render/output_hold.h"
 
 #include <chrono>
 #include <cstdio>
@@ -67,6 +69,14 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   const char* profile = std::getenv(kvo::kProfileVariable);
   auto work = kvo::readEngineJob(files, arguments, profile == nullptr ? "" : profile);
   if (!work) return fail(work.error(), kvo::kExitFailed);
+  // Shares are in company; who has handed them in holds the output.
+  kvo::PosixNameLocks locks;
+  std::unique_ptr<kvo::FileLock> held;
+  if (!arguments.share) {
+    auto taken = kvo::holdOutput(files, locks, work->job.output, arguments.workFolder);
+    if (!taken) return fail(taken.error(), kvo::kExitFailed);
+    held = std::move(*taken);
+  }
   std::unique_ptr<kvo::TemporaryFolder> scratch;
   if (kvo::engine::mostMegabytes(work->job) > 0) {
     auto made = kvo::PosixTemporaryFolders().make();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <span>
 
 namespace kvo {
@@ -27,9 +28,11 @@ std::optional<std::pair<double, double>> pairIn(std::string_view text, char betw
 bool isWhole(double value) { return RoundToWhole(value) == value; }
 
 Outcome readRange(CommandLine& line, const std::string& value) {
-  const auto range = pairIn(value, '-');
+  auto range = pairIn(value, '-');
+  // The engine is told hundredths.
+  if (range) range = {std::round(range->first * 100) / 100, std::round(range->second * 100) / 100};
   if (!range || range->first < 0 || range->second <= range->first) {
-    return Error{"--range " + value + ": give two times in seconds, like 1.5-4"};
+    return Error{"--range " + value + ": give two times in seconds, like 1.5-4, a hundredth apart or more"};
   }
   line.range = engine::Slice{range->first, range->second};
   return {};

@@ -3,6 +3,7 @@
 #include "app/clip_summary.h"
 #include "app/console_render.h"
 #include "app/farm_command.h"
+#include "app/queue_command.h"
 #include "base/numbers.h"
 #include "base/paths.h"
 #include "base/text.h"
@@ -10,6 +11,7 @@
 #include "editor/compiler/compile_options.h"
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
+#include "render/output_hold.h"
 #include "render/system_profile.h"
 #include "render/wm8_profile.h"
 #include "vocabulary/encode_profiles.h"
@@ -66,6 +68,18 @@ PictureSides sidesOf(const CommandLine& line, const KVO2& settings) {
   return line.preset != nullptr ? fittedTo(*line.preset, sides) : sides;
 }
 
+// What is left of a render that nobody wants to go on with. A job of the queue may want to.
+Outcome dropOldWork(Session& session, const std::string& output) {
+  const auto folder = workFolderOf(output);
+  if (!session.files.isFolder(folder)) return {};
+  const auto held = holdOutput(session.files, session.nameLocks, output, {});
+  if (!held) return held.error();
+  const auto queue = QueueStore(session.files, queueFolder(session.folder), warn).read();
+  const auto whole = absoluteName(output, std::filesystem::current_path().string());
+  if (queue && !hasOutput(*queue, whole)) removeWholeFolder(folder);
+  return {};
+}
+
 }  // namespace
 
 int runPresets() {
@@ -116,9 +130,8 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   if (line.slurmJobs > 0) return renderOnFarm(session, order, ownProfile(line), line.slurmJobs, engine);
   if (line.resume) {
     order.workFolder = workFolderOf(line.output);
-  } else {
-    std::error_code ignored;  // what is left of one that nobody wants to go on with
-    std::filesystem::remove_all(workFolderOf(line.output), ignored);
+  } else if (auto done = dropOldWork(session, line.output); !done) {
+    return fail(done.error().text);
   }
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
   if (line.profile && !order.profile) {

@@ -89,7 +89,7 @@ void EditorWindow::make() {
   };
   frm_ = std::make_unique<FrmRush>(
       RushState{states.window.frame, states.window.stats, states.window.sliders, states.window.totals,
-                states.window.keys, states.history},
+                states.window.keys, states.history, parts_.queue.state().glance},
       RushActs{.Buildtabs = act([&desk](int tab) { desk.Buildtabs(tab); }),
                .clipKey = act([&desk](ClipKey key) { desk.press(key); }),
                .transition = act([&links, &desk] {
@@ -110,7 +110,8 @@ void EditorWindow::make() {
                .stop = act([&links] { links.stop(); }),
                .close = act([&desk, &render] {
                  if (render.mayEnd()) desk.Form_QueryUnload();
-               })},
+               }),
+               .showQueue = act([&queue = parts_.queue] { queue.show(); })},
       FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
       states.keyframes, pageLogic(),
@@ -228,6 +229,7 @@ void EditorWindow::makeTimeline() {
 void EditorWindow::makeRender() {
   auto& links = parts_.render;
   auto& render = links.render();
+  auto& queue = parts_.queue;
   const auto act = [this](auto work) {
     return [this, work](auto... given) {
       work(given...);
@@ -236,7 +238,7 @@ void EditorWindow::makeRender() {
   };
   const auto& collection = parts_.session.collection;
   auto* card = made<RenderCard>(
-      links.state(),
+      links.state(), queue.state(),
       RenderActs{.chooseKind = act([&render](OutputKind kind) { render.chooseKind(kind); }),
                  .chooseProfile = act([&render](int row) { render.chooseProfile(row); }),
                  .tickCodecDimensions = act([&render](bool on) { render.tickCodecDimensions(on); }),
@@ -244,9 +246,10 @@ void EditorWindow::makeRender() {
                  .wishMegabytes = act([&render](int megabytes) { render.wishMegabytes(megabytes); }),
                  .write = act([&links] { links.write(); }),
                  .addToQueue = act([&links] { links.addToQueue(); }),
-                 .chooseJob = act([&links](int row) { links.chooseJob(row); }),
-                 .pauseJob = act([&links] { links.pauseJob(); }),
-                 .removeJob = act([&links] { links.removeJob(); }),
+                 .queue = {.choose = act([&queue](int row) { queue.choose(row); }),
+                           .pauseOrGoOn = act([&queue] { queue.pauseOrGoOn(); }),
+                           .remove = act([&queue] { queue.remove(); }),
+                           .move = act([&queue](int place) { queue.move(place); })},
                  .writePair = act([&links] { links.writePair(); }),
                  .abort = act([&render] { render.AbortRender(); }),
                  .view = act([&links] { links.view(); }),

@@ -3,6 +3,7 @@
 
 #include "app/colour_pictures.h"
 #include "app/editor_links.h"
+#include "app/queue_links.h"
 #include "app/render_links.h"
 #include "editor/samples/engine_samples.h"
 #include "ports/desktop.h"
@@ -32,6 +33,7 @@ class EditorWindow {
   struct Parts {
     EditorLinks& links;
     RenderLinks& render;
+    QueueLinks& queue;
     Session& session;
     EventLoop& loop;
     Sketches& sketches;

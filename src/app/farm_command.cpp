@@ -6,6 +6,7 @@
 #include "app/engine_job.h"
 #include "app/queue_command.h"
 #include "render/cluster/cluster_render.h"
+#include "render/output_hold.h"
 
 #include <filesystem>
 
@@ -26,19 +27,25 @@ Result<std::vector<std::string>> farmSegments(const Files& files, const RenderOr
   return names;
 }
 
-// A line for each segment that has come, and for each time that some are handed in again.
+// A line for each segment that has come, and for each time that some are handed in again, with what the job
+// said.
 class FarmShow {
  public:
   void show(const FarmRun& run) {
     auto text = "segments " + std::to_string(run.made) + " of " + std::to_string(run.segments);
     if (run.attempt > 1) text += ", attempt " + std::to_string(run.attempt);
     if (run.phase == FarmPhase::Joining) text = "joining the segments";
+    if (run.says != said_) {
+      for (const auto& line : run.says) warn(line);
+    }
+    said_ = run.says;
     if (text != shown_) print(text + "\n");
     shown_ = text;
   }
 
  private:
   std::string shown_;
+  std::vector<std::string> said_;
 };
 
 int tellFarmEnd(const FarmRun& run, const EngineRun& joined, const RenderOrder& order) {
@@ -59,18 +66,21 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
                  const std::string& engine) {
   order.output = absoluteName(order.output, std::filesystem::current_path().string());
   order.workFolder = workFolderOf(order.output);
+  const bool isFresh = !session.files.isFolder(order.workFolder);
+  auto held = holdOutput(session.files, session.nameLocks, order.output, order.workFolder);
+  if (!held) return fail(held.error().text);
   StopSignals signals;
   PollLoop loop;
   FarmShow show;
   FarmRender farm({{session.files, session.temporaryFolders, session.processes, loop, engine},
                    [&](const RenderOrder& asked, const std::string& document) {
                      return farmSegments(session.files, asked, document);
-                   }},
+                   },
+                   [&] { held->reset(); }},
                   [&] {
                     show.show(farm.state());
                     if (farm.state().ended()) loop.quit();
                   });
-  const bool isFresh = !session.files.isFolder(order.workFolder);
   const auto leaveNothing = [&] {
     if (isFresh && farm.state().made == 0) removeWholeFolder(order.workFolder);
   };

@@ -11,6 +11,7 @@
 #include "app/window_program.h"
 #include "base/paths.h"
 #include "media/media_facts.h"
+#include "render/engine_protocol.h"
 #include "render/system_profile.h"
 #include "sketches/sketch_folder.h"
 
@@ -101,6 +102,8 @@ int runWindow(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   keepStandardNumbers();
+  ::unsetenv(
+      kvo::kProfileVariable);  // the engines that this program starts are told of a profile by it alone
   if (!kvo::isConsoleCommand({argv + 1, argv + argc})) return runWindow(argc, argv);
   const auto line = kvo::readCommandLine({argv + 1, argv + argc});
   if (!line) return kvo::fail(line.error().text, kvo::kExitUsage);

@@ -92,7 +92,7 @@ void removeWholeFolder(const std::string& folder) {
 }
 
 int runQueue(Session& session, const CommandLine& line, const std::string& engine) {
-  QueueStore store(session.files, queueFolder(session.folder));
+  QueueStore store(session.files, queueFolder(session.folder), warn);
   const auto changed = [&](auto act) {
     const auto done = store.change([&](RenderQueue& queue) { return act(queue); });
     return done ? kExitDone : fail(done.error().text);

@@ -1,12 +1,9 @@
 #include "app/render_links.h"
 
-#include "app/queue_command.h"
 #include "base/paths.h"
 #include "core/telling/translated.h"
 #include "media/strip_wav.h"
-#include "render/queue/queue_rows.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <limits>
 
@@ -62,44 +59,6 @@ void RenderLinks::write() {
 
 void RenderLinks::addToQueue() {
   begin([this] { render_.AddToQueue(); });
-}
-
-const QueuedRow* RenderLinks::chosenJob() const {
-  const auto row = static_cast<std::size_t>(state_.queueRow);
-  return row < state_.Lst_Queue.size() ? &state_.Lst_Queue[row] : nullptr;
-}
-
-void RenderLinks::chooseJob(int row) { state_.queueRow = row; }
-
-void RenderLinks::tellJob(const Outcome& done) {
-  if (!done)
-    parts_.session.boxes.show({"KVO - Create Movie", done.error().text, BoxButtons::Ok, BoxIcon::Warning});
-  parts_.queue.start();
-}
-
-void RenderLinks::pauseJob() {
-  const auto* job = chosenJob();
-  if (job == nullptr) return;
-  tellJob(parts_.queueStore.change([&](RenderQueue& queue) {
-    return job->canGoOn ? resumeJob(queue, job->number) : kvo::pauseJob(queue, job->number);
-  }));
-}
-
-void RenderLinks::removeJob() {
-  const auto* job = chosenJob();
-  if (job == nullptr) return;
-  tellJob(removeQueued(parts_.queueStore, parts_.session.nameLocks, job->number, removeWholeFolder));
-}
-
-void RenderLinks::queueChanged() {
-  auto rows = queuedRows(parts_.queue.queue());
-  if (rows == state_.Lst_Queue) return;
-  const auto* chosen = chosenJob();
-  const int number = chosen == nullptr ? 0 : chosen->number;
-  const auto kept = std::ranges::find(rows, number, &QueuedRow::number);
-  state_.queueRow = kept != rows.end() ? static_cast<int>(kept - rows.begin()) : rows.empty() ? -1 : 0;
-  state_.Lst_Queue = std::move(rows);
-  parts_.draw();
 }
 
 void RenderLinks::writePair() {

@@ -5,7 +5,7 @@
 #include "app/render_pictures.h"
 #include "ports/desktop.h"
 #include "render/movie_render.h"
-#include "render/queue/queue_runner.h"
+#include "render/queue/queue_store.h"
 
 #include <functional>
 #include <optional>
@@ -28,7 +28,6 @@ class RenderLinks : public RenderHost {
     LongWork& work;
     const Desktop& desktop;
     QueueStore& queueStore;
-    QueueRunner& queue;
     std::string engine;          ///< path of its program
     std::function<void()> draw;  ///< all windows
   };
@@ -47,13 +46,6 @@ class RenderLinks : public RenderHost {
   /// Cmd_RendertoFile, and KVOBut_RenderPinP.
   void Rendertofile();
   void RenderPinP();
-
-  /// A row of Lst_Queue, and what the keys do to it.
-  void chooseJob(int row);
-  void pauseJob();
-  void removeJob();
-  /// Behind each change of the queue.
-  void queueChanged();
 
   /// A render is under way, which ends with the program: asks whether it is to.
   [[nodiscard]] bool mayEnd();
@@ -76,8 +68,6 @@ class RenderLinks : public RenderHost {
  private:
   void begin(std::function<void()> work);
   void addMovie();
-  [[nodiscard]] const QueuedRow* chosenJob() const;
-  void tellJob(const Outcome& done);
 
   Parts parts_;
   RenderState state_;

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <filesystem>
-#include <unistd.h>
 
 namespace kvo {
 namespace {
@@ -30,7 +29,7 @@ Outcome prepareProgramFolder(Files& files, const ProgramFolder& folder, const st
   return {};
 }
 
-Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& shippedFolder) {
+Outcome copyShippedPictures(Files& files, const ProgramFolder& folder, const std::string& shippedFolder) {
   namespace fs = std::filesystem;
   return guarded([&]() -> Outcome {
     for (const auto& entry : fs::recursive_directory_iterator(shippedFolder)) {
@@ -41,11 +40,10 @@ Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& ship
         fs::create_directory(target);
         continue;
       }
-      // A copy that was cut short must not be taken for the picture; another program may copy at the same
-      // time.
-      const auto beside = fs::path(target) += "." + std::to_string(::getpid());
-      fs::copy_file(entry.path(), beside, fs::copy_options::overwrite_existing);
-      fs::rename(beside, target);
+      // A copy that was cut short must not be taken for the picture.
+      const auto bytes = files.read(entry.path(), kMaxShipped);
+      if (!bytes) return bytes.error();
+      if (auto done = writeDurably(files, target, *bytes); !done) return done;
     }
     return {};
   });

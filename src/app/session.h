@@ -20,7 +20,7 @@ namespace kvo {
 Outcome prepareProgramFolder(Files& files, const ProgramFolder& folder, const std::string& shippedFolder);
 
 /// Copies in what else is shipped, the pictures of the windows with their folders, where it is missing.
-Outcome copyShippedPictures(const ProgramFolder& folder, const std::string& shippedFolder);
+Outcome copyShippedPictures(Files& files, const ProgramFolder& folder, const std::string& shippedFolder);
 
 class Session {
  public:

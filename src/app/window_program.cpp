@@ -27,6 +27,7 @@
 #include "app/look_command.h"
 #include "app/play_links.h"
 #include "app/queue_command.h"
+#include "app/queue_links.h"
 #include "app/render_links.h"
 #include "app/session.h"
 #include "app/sketch_command.h"
@@ -59,6 +60,7 @@
 #include "windows/main/frm_file_open.h"
 #include "windows/message/frm_message_boxes.h"
 #include "windows/position/position_windows.h"
+#include "windows/render/frm_queue.h"
 #include "windows/stream_info/frm_stream_info.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
@@ -169,7 +171,7 @@ class WindowProgram {
                 {menu_, play_.positions(), listCommands_, history_, media_, mailbox_, shutDown_,
                  links_.display(), picture_, rowPictures_, companions_.hover(), companions_.resume(),
                  [this] { settled(); }, play_.transport(), [this] { codec_.ShowCodec(); },
-                 [this] { streamInfo_.Lbl_StreamInfo_Click(); }},
+                 [this] { streamInfo_.Lbl_StreamInfo_Click(); }, [this] { showQueue(); }},
                 {face_, images_, store_, desktop_, withSeparator(session_.folder.path()), &stage_.output(),
                  hasGraphicsDevice()}),
         positionWindows_(state_.positions, state_.mode, play_.positions(), {store_, desktop_},
@@ -189,11 +191,14 @@ class WindowProgram {
                  executableFolder + "KVORender"},
                 removeWholeFolder,
                 &queueWork_},
-               [this] { renders_.queueChanged(); }),
+               [this] { queueLinks_.changed(); }),
+        queueLinks_({state_, session_, queueStore_, queue_, [this] { draw(); }}),
         renders_({state_, session_, loop_, editor_, links_, play_, mailbox_, store_, dialogs_, longWork_,
-                  desktop_, queueStore_, queue_, executableFolder + "KVORender", [this] { draw(); }}),
-        frmRush_({editor_, renders_, session_, loop_, sketches_, store_, desktop_, dialogs_, motion_,
-                  withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
+                  desktop_, queueStore_, executableFolder + "KVORender", [this] { draw(); }}),
+        frmQueue_(queueLinks_.state(), queueActs(), {store_, desktop_, "QueueWindowPlace"},
+                  [this] { queueLinks_.hide(); }),
+        frmRush_({editor_, renders_, queueLinks_, session_, loop_, sketches_, store_, desktop_, dialogs_,
+                  motion_, withSeparator(session_.folder.path()) + "Buttons/", [this] { draw(); }}),
         autosave_({session_.files, boxes_, loop_, session_.folder, session_.log, session_.settings,
                    session_.collection, state_, commands_}) {
     links_.link(skins_);
@@ -222,7 +227,7 @@ class WindowProgram {
 
   int run(const std::vector<std::string>& arguments, const std::string& shippedFolder) {
     auto done = prepareProgramFolder(session_.files, session_.folder, shippedFolder);
-    if (done) done = copyShippedPictures(session_.folder, shippedFolder);
+    if (done) done = copyShippedPictures(session_.files, session_.folder, shippedFolder);
     if (!done) {
       boxes_.show({std::string(kProductName), done.error().text, BoxButtons::Ok, BoxIcon::Critical});
       return kExitFailed;
@@ -286,6 +291,31 @@ class WindowProgram {
             }};
   }
 
+  // What the window of the queue does to it.
+  QueueActs queueActs() {
+    const auto act = [this](auto work) {
+      return [this, work](auto... given) {
+        work(given...);
+        draw();
+      };
+    };
+    return {.choose = act([this](int row) { queueLinks_.choose(row); }),
+            .pauseOrGoOn = act([this] { queueLinks_.pauseOrGoOn(); }),
+            .remove = act([this] { queueLinks_.remove(); }),
+            .move = act([this](int place) { queueLinks_.move(place); })};
+  }
+
+  void showQueue() {
+    queueLinks_.show();
+    frmQueue_.draw(true);
+  }
+
+  // Behind what holds the queue's file now.
+  void tellOfQueue(const std::string& line) {
+    session_.log.LogError(line);
+    loop_.post([this, line] { boxes_.show({"KVO - Render Queue", line, BoxButtons::Ok, BoxIcon::Warning}); });
+  }
+
   // As it is, and where the desktop puts it.
   void showNow() {
     window_.draw();
@@ -300,6 +330,7 @@ class WindowProgram {
   // The state is whole. Where the program ends, the editor goes first: the main window is the last to close.
   void settled() {
     companions_.settled();
+    if (!state_.face.visible) frmQueue_.draw(false);
     if (!state_.face.visible && editor_.desk().isOpen()) frmRush_.draw();
   }
 
@@ -309,6 +340,7 @@ class WindowProgram {
     frmCodec_.draw(window_.shownFace());
     frmStreamInfo_.draw(window_.shownFace());
     frmRush_.draw();
+    frmQueue_.draw(window_.shownFace() != nullptr);
   }
 
   std::string cache_;
@@ -382,9 +414,12 @@ class WindowProgram {
   EditorLinks editor_;
   LongWorkBus longWork_;
   LongWorkBus queueWork_;
-  QueueStore queueStore_{session_.files, queueFolder(session_.folder)};
+  QueueStore queueStore_{session_.files, queueFolder(session_.folder),
+                         [this](const std::string& line) { tellOfQueue(line); }};
   QueueRunner queue_;
+  QueueLinks queueLinks_;
   RenderLinks renders_;
+  FrmQueue frmQueue_;
   EditorWindow frmRush_;
   Autosave autosave_;
 };

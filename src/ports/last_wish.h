@@ -2,6 +2,7 @@
 // are made while one is answered only the last counts.
 #pragma once
 
+#include "base/guarded.h"
 #include "ports/event_loop.h"
 
 #include <condition_variable>
@@ -11,6 +12,7 @@
 #include <optional>
 #include <stop_token>
 #include <thread>
+#include <type_traits>
 #include <utility>
 
 namespace kvo {
@@ -18,8 +20,9 @@ namespace kvo {
 template <class Wish, class Answer>
 class LastWish {
  public:
-  /// `find` is called on the other thread, `arrived` on the loop's, for each wish that was taken up. The loop
-  /// outlives the object.
+  /// `find` is called on the other thread, `arrived` on the loop's, for each wish that was taken up. Where
+  /// `find` throws, an answer that can be an error is that error, any other an empty one. The loop outlives
+  /// the object.
   LastWish(EventLoop& loop, std::function<Answer(const Wish&)> find,
            std::function<void(const Wish&, Answer)> arrived)
       : loop_(loop), find_(std::move(find)), arrived_(std::move(arrived)) {}
@@ -41,6 +44,19 @@ class LastWish {
   }
 
  private:
+  // What a library or a full memory throws ends here: nobody would catch it on this thread.
+  Answer found(const Wish& wish) const {
+    try {
+      return find_(wish);
+    } catch (const std::exception& thrown) {
+      if constexpr (std::is_constructible_v<Answer, Error>) {
+        return Answer(errorOf(thrown));
+      } else {
+        return Answer();
+      }
+    }
+  }
+
   void work(const std::stop_token& stop) {
     for (;;) {
       std::optional<Wish> wish;
@@ -49,7 +65,7 @@ class LastWish {
         if (!told_.wait(lock, stop, [this] { return next_.has_value(); })) return;
         wish = std::exchange(next_, std::nullopt);
       }
-      auto answer = std::make_shared<Answer>(find_(*wish));
+      auto answer = std::make_shared<Answer>(found(*wish));
       loop_.post([this, lives = lives_, wish = std::move(*wish), answer] {
         if (*lives) arrived_(wish, std::move(*answer));
       });

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/revised_list.h"
+#include "core/telling/work_glance.h"
 #include "playback/buttons_state.h"
 #include "playback/display/display_mode_state.h"
 #include "playback/positions/position_state.h"
@@ -162,6 +163,7 @@ struct MainWindowState {
   HoverState hover;
   CodecWindowState codec;
   StreamInfoState streamInfo;
+  WorkGlance queue;          ///< of the renders in the background
   bool commandRuns = false;  ///< see CommandPass
 
   /// True while a command is under way and lets events through: nothing else may touch the collection.

@@ -1,5 +1,6 @@
 #include "render/engine_protocol.h"
 
+#include "base/escaped_line.h"
 #include "base/numbers.h"
 
 #include <algorithm>
@@ -36,12 +37,12 @@ EngineWord readDamage(std::string_view rest) {
   const auto from = takeNumber(rest);
   const auto to = takeNumber(rest);
   if ((kind != "sound" && kind != "picture") || !from || !to || rest.empty()) return {};
-  return EngineDamage{kind == "sound", *from, *to, std::string(rest)};
+  return EngineDamage{kind == "sound", *from, *to, unescapedLine(rest)};
 }
 
 EngineWord readNote(std::string_view rest) {
   if (rest.empty()) return {};
-  return EngineNote{std::string(rest)};
+  return EngineNote{unescapedLine(rest)};
 }
 
 EngineWord readReport(std::string_view rest) {
@@ -64,10 +65,10 @@ std::string engineLine(const EngineProgress& progress) {
 
 std::string engineLine(const EngineDamage& damage) {
   return std::string("damage ").append(kindOf(damage)) + " " + FormatMask(damage.from, "0.00") + " " +
-         FormatMask(damage.to, "0.00") + " " + damage.file;
+         FormatMask(damage.to, "0.00") + " " + escapedLine(damage.file);
 }
 
-std::string engineLine(const EngineNote& note) { return "note " + note.text; }
+std::string engineLine(const EngineNote& note) { return "note " + escapedLine(note.text); }
 
 std::string engineLine(const EngineReport& report) {
   return "done " + std::to_string(report.frames) + " " + FormatMask(report.seconds, "0.000") + " " +

@@ -5,6 +5,7 @@
 #include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/awake.h"
+#include "render/output_hold.h"
 #include "render/output_kinds.h"
 #include "render/render_texts.h"
 #include "vocabulary/encode_profiles.h"
@@ -42,7 +43,7 @@ void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
   if (state_.isRunning) return;
   ports_.host.PlayerStop();
   Job job;
-  if (!readJob(PicInPicDocumentReady, job) || !askForName(job)) return;
+  if (!readJob(PicInPicDocumentReady, job) || !askForName(job) || !isFree(job.file)) return;
   state_.isRunning = true;
   state_.RenderAborted = false;
   state_.canView = false;
@@ -54,6 +55,7 @@ void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
     job_ = &job;
     sweep();
     remember(job);
+    note(job.working);
     takeFilm(job);
     isShown = makeMovie(job);
     job_ = nullptr;
@@ -64,6 +66,13 @@ void MovieRender::WriteRenderMovie(bool PicInPicDocumentReady) {
   state_.isRunning = false;
   ports_.host.DisabEditControls(false);
   if (!isShown) restore(job);
+}
+
+// What the engine would find only behind the estimate: the queue, say, is making that movie.
+bool MovieRender::isFree(const std::string& file) const {
+  const bool isMade = isBeingMade(ports_.locks, file);
+  if (isMade) ports_.editing.boxes.show(renderFailedBox(beingMade(file).text));
+  return !isMade;
 }
 
 bool MovieRender::readDocument(bool ready, Job& job) {

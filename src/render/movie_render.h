@@ -117,6 +117,7 @@ class MovieRender {
   void readLengths(Job& job) const;
   [[nodiscard]] double pairLength() const;
   bool askForName(Job& job);
+  [[nodiscard]] bool isFree(const std::string& file) const;
   [[nodiscard]] bool mayReplace(const std::string& named, const std::string& file) const;
   [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;
   bool makeMovie(Job& job);
@@ -144,6 +145,7 @@ class MovieRender {
   // What is remembered.
   void recall();
   void remember(const Job& job);
+  void note(const std::string& working);
   void forget(const std::string& working);
 
   // The lines that the frames tell.

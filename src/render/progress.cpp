@@ -14,20 +14,6 @@ double shareDone(const RenderProgress& progress) {
   return movie.total > 0 ? std::clamp(movie.done / movie.total, 0.0, 1.0) : 0;
 }
 
-std::int64_t framesDone(const RenderProgress& progress) {
-  return std::llround(progress.movie.done * progress.frameRate);
-}
-
-std::int64_t framesInAll(const RenderProgress& progress) {
-  return std::llround(progress.movie.total * progress.frameRate);
-}
-
-std::optional<double> framesPerSecond(const RenderProgress& progress) {
-  const auto speed = speedOf(progress);
-  if (!speed || progress.frameRate <= 0) return std::nullopt;
-  return *speed * progress.frameRate;
-}
-
 std::optional<double> speedOf(const RenderProgress& progress) {
   const double made = progress.movie.done - progress.movie.kept;
   if (made <= 0 || progress.elapsed <= 0) return std::nullopt;

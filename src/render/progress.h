@@ -20,13 +20,6 @@ struct RenderProgress {
 /// 0 to 1.
 double shareDone(const RenderProgress& progress);
 
-/// Frames of the movie; 0 for a sound file.
-std::int64_t framesDone(const RenderProgress& progress);
-std::int64_t framesInAll(const RenderProgress& progress);
-
-/// Frames made in a second of work. Nothing before the first one.
-std::optional<double> framesPerSecond(const RenderProgress& progress);
-
 /// Seconds of the movie made in a second of work. Nothing before the first bit of it.
 std::optional<double> speedOf(const RenderProgress& progress);
 

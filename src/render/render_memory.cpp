@@ -64,13 +64,17 @@ void MovieRender::remember(const Job& job) {
   folder_ = std::string(folderPart(job.file));
   if (folder_.size() > 1) folder_.pop_back();  // its separator
   store.write(kRenderFolder, folder_);
-  store.write(kRenderWorking, store.read(kRenderWorking) + job.working + "\n");
   if (job.isPicInPic) return;
   store.write(kRenderKind, extensionOf(state_.kind));
   store.write(kRenderOwnSize, state_.Chk_UseCodecOutputDimensions ? "0" : "1");
   if (!state_.Lst_MadeFor.empty()) store.write(kRenderPreset, job.preset ? job.preset->name : "");
   if (job.megabytes > 0) store.write(kRenderMegabytes, std::to_string(state_.wishedMegabytes));
   if (job.profile != kNoProfile && !job.audioOnly()) store.write(kRenderProfile, std::to_string(job.profile));
+}
+
+// Until it is made, or swept behind the end of this program.
+void MovieRender::note(const std::string& working) {
+  ports_.store.write(kRenderWorking, ports_.store.read(kRenderWorking) + working + "\n");
 }
 
 void MovieRender::forget(const std::string& working) {

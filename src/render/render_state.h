@@ -60,17 +60,6 @@ struct MadeForRow {
 inline constexpr int kLeastMegabytes = 1;
 inline constexpr int kMostMegabytes = 4000;
 
-/// A render of the queue.
-struct QueuedRow {
-  int number = 0;  ///< of the job
-  std::string name;
-  std::string state;    ///< a word, or how far it is
-  std::string failure;  ///< a line; empty for none
-  bool canPause = false;
-  bool canGoOn = false;
-  bool operator==(const QueuedRow&) const = default;
-};
-
 struct RenderState {
   RenderFrame frame = RenderFrame::None;
   bool isRunning = false;  ///< from the question for a name on; KVOBut_AbortRender is enabled meanwhile
@@ -88,9 +77,6 @@ struct RenderState {
   std::string madeForText;              ///< whole; lines joined by CR LF
   bool hasWishedSize = false;           ///< the chosen one keeps within wishedMegabytes
   int wishedMegabytes = 20;             ///< of 1,000,000 bytes
-
-  std::vector<QueuedRow> Lst_Queue;  ///< what waits its turn
-  int queueRow = -1;                 ///< in that list; -1 for none
 
   // While it runs
   std::string caption;  ///< of the window

@@ -42,15 +42,16 @@ bool SystemProfile::bringBack(const std::string& path) {
 
 void SystemProfile::mend() {
   if (SysProfileRenamed()) return;
-  const auto held = hold();
-  if (!held || !*held) return;
+  if (const auto held = hold(); held && *held) bringAllBack();
+}
+
+void SystemProfile::bringAllBack() {
   for (const auto name : kProfileFiles) bringBack(ports_.folder.beside(name));
 }
 
 bool SystemProfile::CreateWM8RenderProfile(int number, std::optional<OutputSize> outputSize,
                                            std::string_view bitCount) {
   if (SysProfileRenamed()) return false;
-  mend();
   auto held = hold();
   if (!held) return false;
   if (!*held) {
@@ -58,6 +59,7 @@ bool SystemProfile::CreateWM8RenderProfile(int number, std::optional<OutputSize>
     return false;
   }
   lock_ = std::move(*held);
+  bringAllBack();
   if (WriteWM8EncodeProfile(number, outputSize, bitCount)) return true;
   if (!path_.empty()) bringBack(path_);
   lock_.reset();

@@ -53,6 +53,7 @@ class SystemProfile {
 
  private:
   [[nodiscard]] Result<std::unique_ptr<FileLock>> hold() const;
+  void bringAllBack();  // while the place is held
   // False when the old file could not be brought back.
   bool bringBack(const std::string& path);
   bool WriteWM8EncodeProfile(int number, std::optional<OutputSize> outputSize, std::string_view bitCount);

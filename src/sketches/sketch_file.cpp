@@ -1,5 +1,7 @@
 #include "sketches/sketch_file.h"
 
+#include "base/fnv.h"
+
 #include <algorithm>
 
 namespace kvo {
@@ -64,11 +66,7 @@ void SketchFile::add(Picture picture) {
   }
 }
 
-std::uint64_t sketchSum(std::string_view bytes) {
-  std::uint64_t sum = 14695981039346656037ULL;
-  for (const char c : bytes) sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
-  return sum;
-}
+std::uint64_t sketchSum(std::string_view bytes) { return fnv1a(bytes); }
 
 std::string sketchBytes(const SketchFile& sketch) {
   std::string bytes(kMagic);

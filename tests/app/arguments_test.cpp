@@ -110,6 +110,7 @@ TEST(CommandLine, TakesItsCommands) {
                          {"--render", "c.INI"},
                          {"--render", "c.INI", "--output"},
                          {"--render", "c.INI", "--output", "o.avi", "--range", "4-1"},
+                         {"--render", "c.INI", "--output", "o.avi", "--range", "1.001-1.004"},
                          {"--render", "c.INI", "--output", "o.avi", "--size", "640"},
                          {"--render", "c.INI", "--output", "o.avi", "--size", "1x1"},
                          {"--render", "c.INI", "--output", "o.avi", "--size", "20000x20000"},

@@ -1,5 +1,5 @@
 // A real cluster of one machine, on loopback and with everything of its own, makes a movie.
-#include "support/real_world.h"
+#include "support/held_engine.h"
 
 #include <array>
 #include <chrono>
@@ -139,58 +139,42 @@ class FarmCluster : public testing::Test {
   ~FarmCluster() override { ::unsetenv("KVO5_HOME"); }
 
   [[nodiscard]] std::vector<std::string> order(const std::string& name, bool onFarm) const {
-    std::vector<std::string> words = {KVO_PROGRAMS "/kvo5",
-                                      "--render",
-                                      collection_,
-                                      "--output",
-                                      work_ / name,
-                                      "--size",
-                                      "640x360",
-                                      "--codec",
-                                      "mpeg4"};
+    std::vector<std::string> words = {engine_.kvo5(), "--render", collection_, "--output", work_ / name,
+                                      "--size",       "640x360",  "--codec",   "mpeg4"};
     if (onFarm) words.insert(words.end(), {"--slurm", "2"});
     return words;
-  }
-
-  // One that makes a share of a movie here. False while there is none.
-  [[nodiscard]] bool killOneEngine() const {
-    for (const auto& entry : fs::directory_iterator("/proc")) {
-      const auto name = entry.path().filename().string();
-      const auto command = textOf(entry.path() / "cmdline");
-      const bool isEngine = command.starts_with(KVO_PROGRAMS "/KVORender") &&
-                            command.find(work_.path()) != std::string::npos &&
-                            command.find("/J") != std::string::npos;
-      if (isEngine) return ::kill(std::stoi(name), SIGKILL) == 0;
-    }
-    return false;
   }
 
   test::ScratchFolder home_;
   test::ScratchFolder work_;
   std::string collection_ = work_ / "c.INI";
+  test::HeldEngine engine_{KVO_PROGRAMS};
 };
 
 TEST_F(FarmCluster, MakesTheMovieOfOneMachineToTheByte) {
   const Cluster cluster;
   ASSERT_EQ(test::runProgram(order("a.avi", false)).exitCode, 0);
-  // One of the engines is killed at its work: its share is handed in again.
+  // One of the engines is killed: its share is handed in again.
+  engine_.haltNext("1/1");
   const auto told = work_ / "told.txt";
   const int out = ::open(told.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
   const int made = test::startProgram(order("b.avi", true), out, out);
   ::close(out);
-  EXPECT_TRUE(comesTrue([&] { return killOneEngine(); })) << textOf(told);
+  ::kill(engine_.halted(), SIGKILL);
   EXPECT_EQ(test::endOf(made), 0) << textOf(told);
   EXPECT_NE(textOf(told).find("attempt 2"), std::string::npos) << textOf(told);
   EXPECT_TRUE(textOf(work_ / "a.avi") == textOf(work_ / "b.avi"));
   EXPECT_FALSE(fs::exists(work_ / ".rendering-b.avi"));
 
   // A stop takes the jobs back, and the next start goes on.
+  engine_.haltNext("1/1");
   const auto nobodyRuns = [] { return test::runProgram({"squeue", "--noheader"}).out.empty(); };
   const int stopped = test::startProgram(order("c.avi", true));
-  EXPECT_TRUE(comesTrue([&] { return !nobodyRuns(); }));
+  const int halted = engine_.halted();
   ::kill(stopped, SIGINT);
   EXPECT_EQ(test::endOf(stopped), 130);
   EXPECT_TRUE(comesTrue(nobodyRuns));
+  EXPECT_TRUE(engine_.hasEnded(halted));
   EXPECT_FALSE(fs::exists(work_ / "c.avi"));
   const auto again = test::runProgram(order("c.avi", true));
   EXPECT_EQ(again.exitCode, 0) << again.out << again.err;

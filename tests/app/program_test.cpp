@@ -1,8 +1,10 @@
 // The programs themselves, started as a user or a script starts them.
 #include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_name_locks.h"
 #include "app/session.h"
 #include "program/collection_store.h"
 #include "support/fakes.h"
+#include "support/held_engine.h"
 #include "support/real_world.h"
 
 #include <algorithm>
@@ -94,8 +96,9 @@ TEST_F(Program, ShipsWhatIsMissingInAnyCaseOfLetters) {
     std::ofstream(work_ / file) << text;
   }
   const ProgramFolder own(work_ / "own");
-  EXPECT_TRUE(copyShippedPictures(own, work_ / "shipped"));
-  EXPECT_EQ(*PosixFiles().read(own.beside("\\Skins\\blue.bmp"), 9), "mine");
+  PosixFiles files;
+  EXPECT_TRUE(copyShippedPictures(files, own, work_ / "shipped"));
+  EXPECT_EQ(*files.read(own.beside("\\Skins\\blue.bmp"), 9), "mine");
   EXPECT_FALSE(fs::exists(work_ / "own/Skins") || fs::exists(work_ / "own/skins/blue.bmp"));
   EXPECT_TRUE(fs::exists(work_ / "own/skins/2/blue.bmp"));
 }
@@ -178,7 +181,9 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
        1,
        "text.mp3: it is no"},
       {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
-      {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi"},
+      {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi: No such file"},
+      {{"--render", good, "--output", work_ / "none/o.avi", "--resume"}, 1, "none/o.avi: No such file"},
+      {{"--render", good, "--output", work_ / "none/o.avi", "--slurm", "2"}, 1, "none/o.avi: No such file"},
       {{"--render", good, "--output", work_ / "o.mkv"}, 2, "o.mkv: its name must end in .WMV"},
       {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
       {{"--render", good, "--output", good}, 2, "good.INI: its name must end in"},
@@ -338,6 +343,7 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
     Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.avi", "--size",
                      "1280x720", "--codec", "mpeg4"});
     if (row.hangs) starter.signalEngine(SIGSTOP);
+    expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 1, "another render is making it");
     starter.signal(row.signal);
     EXPECT_TRUE(starter.childrenEnd()) << row.what;
     if (row.exitCode >= 0) {
@@ -364,7 +370,7 @@ std::ptrdiff_t finishedSegments(const std::string& folder) {
   return std::count_if(begin(in), end(in), [](const auto& e) { return e.path().extension() == ".segment"; });
 }
 
-// Cut off behind the first finished segments, stopped, and changed in between.
+// Cut off behind the first finished segments, and stopped behind more of them.
 TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
   const auto path = collection("c.INI", std::vector<std::string>(16, video_));
   temporaryFolder();
@@ -375,21 +381,27 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
     return words;
   };
   const auto folder = work_ / ".rendering-b.avi";
-  const auto segments = [&] { return finishedSegments(folder); };
+  const test::HeldEngine held(KVO_PROGRAMS);
   expectEnd(kvo5(order("a.avi", false)), 0);
-  for (const int number : {SIGKILL, SIGINT}) {
+  std::ptrdiff_t before = 0;
+  for (const auto& [number, share] : {std::pair{SIGKILL, "1/3"}, {SIGINT, "2/3"}}) {
+    held.haltNext(share);
     auto words = order("b.avi", true);
-    words.insert(words.begin(), KVO_PROGRAMS "/kvo5");
-    Running render(words);
-    const auto before = segments();
-    while (segments() == before) std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    render.signal(number);
-    EXPECT_TRUE(render.childrenEnd());
-    const auto says = number == SIGINT ? "the same command goes on from here" : "";
-    EXPECT_NE(render.said().find(says), std::string::npos);
+    words.insert(words.begin(), held.kvo5());
+    const auto said = work_ / "said.txt";
+    const int out = ::open(said.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const auto render = test::startProgram(words, out, out);
+    ::close(out);
+    const auto engine = held.halted();
+    EXPECT_GT(finishedSegments(folder), before) << number;
+    before = finishedSegments(folder);
+    ::kill(render, number);
+    EXPECT_EQ(test::endOf(render), number == SIGINT ? 130 : 128 + SIGKILL);
+    EXPECT_TRUE(held.hasEnded(engine));
+    const auto text = PosixFiles().read(said, 1U << 20U).value();
+    EXPECT_EQ(text.find("the same command goes on from here") != std::string::npos, number == SIGINT) << text;
     EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
   }
-  EXPECT_GE(segments(), 2);
   expectEnd(kvo5(order("b.avi", true)), 0);
   const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
   EXPECT_TRUE(bytes("a.avi") == bytes("b.avi"));
@@ -397,6 +409,37 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
   std::filesystem::create_directory(folder);
   expectEnd(kvo5(order("b.avi", false)), 0);
   EXPECT_FALSE(std::filesystem::exists(folder)) << "nobody wants to go on with it";
+}
+
+TEST_F(Program, OfTwoRendersOfOneOutputTheSecondIsRefused) {
+  const auto path = collection("c.INI", {video_});
+  const auto folder = work_ / ".rendering-o.avi";
+  const auto kept = folder + "/0123456789abcdef-1.segment";
+  PosixNameLocks locks;
+  std::filesystem::create_directory(folder);
+  std::ofstream(kept) << "of the first one";
+  struct Row {
+    std::string held;
+    Result<std::unique_ptr<FileLock>> (NameLocks::*hold)(const std::string& path);
+  };
+  for (const auto& [held, hold] :
+       {Row{work_ / "o.avi", &NameLocks::tryMaking}, Row{folder + "/Render.lock", &NameLocks::tryLock}}) {
+    const auto first = (locks.*hold)(held);
+    ASSERT_TRUE(first && *first);
+    for (const auto& more :
+         std::initializer_list<std::vector<std::string>>{{}, {"--resume"}, {"--slurm", "2"}}) {
+      std::vector<std::string> words = {"--render", path, "--output", work_ / "o.avi"};
+      words.insert(words.end(), more.begin(), more.end());
+      expectEnd(kvo5(words), 1, "o.avi: another render is making it");
+      EXPECT_TRUE(std::filesystem::exists(kept)) << held;
+      EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << held;
+    }
+  }
+  expectEnd(kvo5({"--queue", "add", path, "--output", work_ / "o.avi"}), 0, "job 1");
+  expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 0);
+  EXPECT_TRUE(std::filesystem::exists(kept)) << "the queue may go on from it";
+  expectEnd(kvo5({"--queue", "remove", "1"}), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder));
 }
 
 TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
@@ -411,15 +454,16 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   for (const auto* name : {"a.avi", "b.avi", "c.avi"}) add(name);
   expectEnd(kvo5({"--queue", "pause", "1"}), 0);
   expectEnd(kvo5({"--queue", "move", "3", "1"}), 0);
-  const auto waitFor = [](const auto& what) {
-    for (int i = 0; i < 6000 && !what(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  };
   // What is done to the collection afterwards is no matter.
   std::filesystem::remove(path);
-  const auto runner = test::startProgram({KVO_PROGRAMS "/kvo5", "--queue", "run"});
-  waitFor([&] { return finishedSegments(work_ / ".rendering-c.avi") > 0; });
+  const test::HeldEngine held(KVO_PROGRAMS);
+  held.haltNext("1/3");
+  const auto runner = test::startProgram({held.kvo5(), "--queue", "run"});
+  const auto engine = held.halted();
+  EXPECT_GT(finishedSegments(work_ / ".rendering-c.avi"), 0);
   ::kill(runner, SIGKILL);
   test::endOf(runner);
+  EXPECT_TRUE(held.hasEnded(engine));
   expectEnd(kvo5({"--queue", "list"}), 0, "3  running");
   EXPECT_FALSE(std::filesystem::exists(work_ / "c.avi"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 0);
@@ -432,6 +476,10 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   EXPECT_FALSE(std::filesystem::exists(home_ / "program/Queue/3.xtl"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 1, "job 1 is done");
   expectEnd(kvo5({"--queue", "stop"}), 2);
+  std::ofstream(home_ / "program/Queue/Queue.txt") << "KVO5 render queue of next year\n";
+  expectEnd(kvo5({"--queue", "list"}), 1, "is not a queue of this program");
+  expectEnd(kvo5({"--queue", "pause", "1"}), 1, "Queue not understood 1.txt");
+  expectEnd(kvo5({"--queue", "list"}), 0, "the queue is empty");
 }
 
 TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {

@@ -43,7 +43,8 @@ TEST(ProfileFile, SaysTheSameToBoth) {
   auto whole = wm8ProfileBytes(30, std::nullopt, "");
   EXPECT_FALSE(engine::readProfileFile(""));
   EXPECT_FALSE(engine::readProfileFile(whole.substr(0, whole.size() / 2)));
-  for (const auto& [from, to] : {std::pair{"320", "0"}, {"32000", "99999"}, {"333333", "0"}}) {
+  for (const auto& [from, to] :
+       {std::pair{"320", "0"}, {"320", "99999"}, {"32000", "99999"}, {"333333", "0"}}) {
     const auto wide = [](std::string_view text) {
       std::string bytes;
       for (const char c : text) bytes.append({c, '\0'});

@@ -20,8 +20,10 @@ struct Farmed {
   FarmRender farm{{{files, folders, processes, loop, "/bin/KVORender"},
                    [](const RenderOrder&, const std::string&) {
                      return Result(std::vector<std::string>{"/w/0", "/w/1", "/w/2"});
-                   }},
+                   },
+                   [this] { letGo = true; }},
                   [] {}};
+  bool letGo = false;
 
   Farmed() {
     const RenderOrder order{.document = "<timeline>", .output = "/o's.avi", .workFolder = "/w"};
@@ -49,8 +51,9 @@ TEST(FarmRenderTest, HandsSharesInAndJoinsThem) {
   Farmed f;
   EXPECT_EQ(f.asked(), "sbatch --array=1,2");
   EXPECT_EQ(f.files.all["/w/render.sh"],
-            "#!/bin/sh\nexport KVO5_PROFILE='/w/render.prx'\nexec '/bin/KVORender' '/K' '/w' '/J' "
-            "\"$SLURM_ARRAY_TASK_ID/2\" '/W' '/o'\\''s.avi' '/w/render.xtl'\n");
+            "#!/bin/sh\nexport KVO5_PROFILE='/w/render.prx'\n'/bin/KVORender' '/K' '/w' '/J' "
+            "\"$SLURM_ARRAY_TASK_ID/2\" '/W' '/o'\\''s.avi' '/w/render.xtl'\ncode=$?\n"
+            "echo \"the share has ended with $code $SLURM_ARRAY_JOB_ID\" >&2\nexit $code\n");
   EXPECT_EQ(f.files.all["/w/render.xtl"], "<timeline>");
   EXPECT_EQ(f.files.all["/w/render.prx"], "profile");
   f.answer({"4711"});
@@ -60,9 +63,11 @@ TEST(FarmRenderTest, HandsSharesInAndJoinsThem) {
   EXPECT_EQ(f.farm.state().made, 1U);
   f.answer({}, 1, "slurm_load_jobs error: Unable to contact slurm controller (connect failure)");
   EXPECT_EQ(f.farm.state().phase, FarmPhase::Making) << "it may come back";
+  EXPECT_FALSE(f.letGo) << "nobody else is to make that output";
   f.files.all["/w/0"] = f.files.all["/w/2"] = "made";
   f.answer({}, 1, "slurm_load_jobs error: Invalid job id specified");
   EXPECT_EQ(f.farm.state().phase, FarmPhase::Joining);
+  EXPECT_TRUE(f.letGo) << "the engine holds it itself";
   EXPECT_EQ(f.files.all["/tmp/kvo/KVORender.xtl"], "<timeline>");
   f.processes.end(0);
   EXPECT_EQ(f.farm.state().phase, FarmPhase::Done);
@@ -74,14 +79,74 @@ TEST(FarmRenderTest, HandsInWhatFailedAFewTimes) {
   for (int attempt = 1; attempt <= 3; ++attempt) {
     EXPECT_EQ(f.farm.state().attempt, attempt);
     EXPECT_EQ(f.asked(), attempt == 1 ? "sbatch --array=1,2" : "sbatch --array=1") << "the share of 0 and 2";
-    f.files.all["/w/job-1.log"] =
-        std::string(1U << 20U, '\n') + "KVORender: a.avi: no such file\nslurmstepd: end\n";
-    f.answer({"4711;cluster"});
+    const auto job = std::to_string(attempt);
+    f.answer({job + ";cluster"});
+    f.files.all["/w/job-1.err"] = std::string(1U << 20U, '\n') +
+                                  "KVORender: a.avi: no such file\nslurmstepd: end of " + job +
+                                  "\nthe share has ended with 1 " + job + "\n";
     f.answer({});
+    EXPECT_EQ(f.farm.state().says,
+              (std::vector<std::string>{"KVORender: a.avi: no such file", "slurmstepd: end of " + job}));
   }
   EXPECT_EQ(f.farm.state().phase, FarmPhase::Failed);
   EXPECT_EQ(f.farm.state().failure, "KVORender: a.avi: no such file");
   EXPECT_EQ(f.processes.all.size(), 6U);
+}
+
+// A shared folder shows some of it late, and of a job that was killed there is no last line.
+TEST(FarmRenderTest, WaitsForWhatIsSeenLate) {
+  const std::string end = "the share has ended with ";
+  struct Row {
+    const char* what;
+    std::string line;  // the last one of the share that has not come
+    int seconds;       // that it is waited for
+  };
+  for (const auto& row :
+       {Row{"was made", end + "0 4711", 60}, Row{"says nothing", "", 60},
+        Row{"has failed", end + "1 4711", 0}, Row{"failed another time", end + "1 47110", 60}}) {
+    for (const bool comes : {true, false}) {
+      if (comes && row.seconds == 0) continue;
+      Farmed f;
+      f.answer({"4711"});
+      f.files.all["/w/0"] = f.files.all["/w/2"] = "made";
+      f.files.all["/w/job-2.err"] = row.line + "\n";
+      f.processes.end(0);
+      if (row.seconds > 0) f.loop.advance(row.seconds * 1000 - 1000);
+      EXPECT_EQ(f.farm.state().phase, row.seconds > 0 ? FarmPhase::Making : FarmPhase::Submitting)
+          << row.what;
+      if (comes) f.files.all["/w/1"] = "made";
+      f.loop.advance(1000);
+      EXPECT_EQ(f.farm.state().phase, comes ? FarmPhase::Joining : FarmPhase::Submitting) << row.what;
+    }
+  }
+}
+
+TEST(FarmRenderTest, IsNotHeldUpByAClusterThatSaysNothing) {
+  const auto stopped = [](Farmed& f, const std::string& says) {
+    f.farm.stop();
+    f.loop.advance(9000);
+    EXPECT_EQ(f.farm.state().phase, FarmPhase::Stopping);
+    f.loop.advance(1000);
+    EXPECT_EQ(f.farm.state().phase, FarmPhase::Stopped);
+    EXPECT_EQ(f.farm.state().failure, says);
+    EXPECT_TRUE(f.processes.last().destroyed);
+  };
+  Farmed submits;
+  stopped(submits, "the cluster does not answer; it may have taken the jobs");
+  Farmed makes;
+  makes.answer({"4711"});
+  const auto squeue = makes.processes.all.back();
+  makes.loop.advance(5000);
+  EXPECT_EQ(makes.processes.all.back(), squeue) << "an answer that is late is waited for";
+  stopped(makes, "the cluster does not answer; job 4711 may go on");
+  EXPECT_TRUE(squeue->destroyed);
+  Farmed waits;
+  waits.answer({"4711"});
+  waits.loop.advance(290000);
+  EXPECT_EQ(waits.farm.state().phase, FarmPhase::Making);
+  EXPECT_GT(waits.processes.all.size(), 5U) << "it is asked again";
+  waits.loop.advance(60000);
+  EXPECT_EQ(waits.farm.state().failure, "the cluster does not answer; the jobs may go on");
 }
 
 TEST(FarmRenderTest, TakesItsJobsBack) {
@@ -92,7 +157,7 @@ TEST(FarmRenderTest, TakesItsJobsBack) {
     const char* asked;                              // behind it
   };
   for (const auto& row : {Row{"while they are handed in", {}, {"4711"}, "scancel 4711"},
-                          Row{"while they are at work", {{"4711"}}, {"RUNNING"}, "scancel 4711"},
+                          Row{"while they are at work", {{"4711"}}, {}, "scancel 4711"},
                           Row{"when none was taken", {}, {}, "sbatch --array=1,2"}}) {
     Farmed f;
     for (const auto& lines : row.answers) f.answer(lines);

@@ -472,12 +472,27 @@ TEST(MovieRender, HandsAMovieToTheQueue) {
     EXPECT_EQ(b.queuedProfile.empty(), number == 9) << "a copy of its own";
   }
   EXPECT_TRUE(b.engine.calls.empty());
+  EXPECT_EQ(b.store.all["RenderWorking"], "") << "no file of this program's own is begun";
   EXPECT_EQ(b.files.all["/prog/wmsysprx.prx"], "system");
   b.create.Txt_Too = 1;
   b.dialogs.answers = {"/out/film.wmv"};
   b.render.AddToQueue();
   EXPECT_EQ(b.queued.size(), 2U);
   EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
+}
+
+TEST(MovieRender, LeavesAnOutputToTheRenderThatMakesIt) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.dialogs.answers = {"/out/film.avi", "/out/film.avi"};
+  auto queue = b.locks.tryMaking("/out/film.avi");
+  b.render.WriteRenderMovie();
+  EXPECT_TRUE(b.engine.calls.empty());
+  EXPECT_TRUE(
+      test::holds(b.boxes.shown.at(0).text, "cannot write /out/film.avi: another render is making it"));
+  EXPECT_EQ(b.state.frame, RenderFrame::Options);
+  b.render.AddToQueue();
+  EXPECT_EQ(b.queued.size(), 1U) << "its turn comes later";
 }
 
 TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {

@@ -31,7 +31,7 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   addJob(queue, "", {.document = "d", .output = "/b.avi"});
   ASSERT_TRUE(removeJob(queue, 2));
   const auto text = queueText(queue);
-  const auto read = readQueue(text);
+  const auto read = *readQueue(text);
   EXPECT_EQ(queueText(read), text);
   ASSERT_EQ(read.jobs.size(), 1U);
   EXPECT_EQ(engineArguments(read.jobs[0].order, "d"), engineArguments(queue.jobs[0].order, "d"));
@@ -39,9 +39,10 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   EXPECT_EQ(read.jobs[0].order.range, (std::pair{1.5, 4.0}));
   EXPECT_EQ(read.jobs[0].order.workFolder, "/out/.rendering-a=b \\.wmv");
   EXPECT_EQ(read.lastNumber, 2) << "the number of one that is gone is not used again";
-  for (const auto* junk : {"", "nonsense", "KVO5 render queue\n[job]\nnumber=x\noutput=/a.avi\n",
+  for (const auto* junk : {"", "KVO5 render queue\n[job]\nnumber=x\noutput=/a.avi\n",
                            "KVO5 render queue\nnumber=1\n[job]\nnumber=3\n"})
-    EXPECT_TRUE(readQueue(junk).jobs.empty()) << junk;
+    EXPECT_TRUE(readQueue(junk)->jobs.empty()) << junk;
+  EXPECT_FALSE(readQueue("KVO5 render queue 2\n[job]\nnumber=1\noutput=/a.avi\n"));
 }
 
 TEST(RenderQueueText, IsShownAsRows) {
@@ -53,11 +54,35 @@ TEST(RenderQueueText, IsShownAsRows) {
     job.share = 0.425;
     if (state == JobState::Failed) job.failure = "disk full";
   }
-  EXPECT_EQ(queuedRows(queue), (std::vector<QueuedRow>{{1, "a.mp4", "waiting", "", true, false},
-                                                       {2, "a.mp4", "43%", "", true, false},
-                                                       {3, "a.mp4", "paused", "", false, true},
-                                                       {4, "a.mp4", "done", "", false, false},
-                                                       {5, "a.mp4", "failed", "disk full", false, true}}));
+  EXPECT_EQ(queuedRows(queue),
+            (std::vector<QueuedRow>{{1, "a.mp4", "waiting", "", true, false},
+                                    {2, "a.mp4", "43%", "", true, false},
+                                    {3, "a.mp4", "paused", "", false, true},
+                                    {4, "a.mp4", "done", "", false, false},
+                                    {5, "a.mp4", "failed", "disk full", false, true, true}}));
+}
+
+TEST(RenderQueueText, IsToldInAFewWords) {
+  struct Row {
+    std::vector<JobState> jobs;
+    const char* text;
+    bool isBad;
+  };
+  using enum JobState;
+  for (const auto& [jobs, text, isBad] :
+       {Row{{}, "", false}, Row{{Done}, "", false}, Row{{Running}, "43%", false},
+        Row{{Done, Running, Waiting}, "43%, 1 render waits", false},
+        Row{{Running, Waiting, Failed, Waiting, Paused}, "43%, 2 renders wait, 1 render failed", true},
+        Row{{Failed, Failed}, "2 renders failed", true}, Row{{Paused, Done}, "1 render is paused", false}}) {
+    RenderQueue queue;
+    for (const auto state : jobs) addJob(queue, "", {.document = "d", .output = "/out/a.mp4"}).state = state;
+    for (auto& job : queue.jobs) job.share = 0.425;
+    const auto glance = queueGlance(queue, "");
+    EXPECT_EQ(glance.text, text);
+    EXPECT_EQ(glance.isBad, isBad) << text;
+    EXPECT_EQ(glance.about.empty(), glance.text.empty()) << text;
+    EXPECT_EQ(queueGlance(queue, "disk full"), (WorkGlance{"The queue has stopped", "disk full", 0, true}));
+  }
 }
 
 struct Queued {
@@ -69,7 +94,8 @@ struct Queued {
   std::vector<std::string> swept;
   std::function<void(const std::string&)> sweep = [this](const std::string& f) { swept.push_back(f); };
   test::NotedWork work;
-  QueueStore store{files, "/q"};
+  std::vector<std::string> said;
+  QueueStore store{files, "/q", [this](const std::string& line) { said.push_back(line); }};
   std::unique_ptr<QueueRunner> runner;
 
   explicit Queued(int jobs) {
@@ -171,6 +197,50 @@ TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
   q.end(143);
   EXPECT_TRUE(q.files.exists("/q/2.xtl"));
   EXPECT_TRUE(q.swept.empty()) << "a queue that cannot be read";
+}
+
+TEST(QueueRunnerTest, KeepsAFileThatIsNoneOfAQueue) {
+  Queued q(0);
+  const std::string foreign = "KVO5 render queue 2\n[render]\n";
+  q.files.all["/q/Queue.txt"] = foreign;
+  q.files.all["/q/7.xtl"] = "a document of that queue";
+  q.loop.advance(500);
+  EXPECT_EQ(q.runner->trouble(), "/q/Queue.txt is not a queue of this program");
+  EXPECT_EQ(q.files.all["/q/Queue.txt"], foreign) << "looking leaves it";
+  const auto add = [&] { return q.store.add("", {.document = "d", .output = "/1.avi"}, ""); };
+  q.files.failAt = q.files.calls + 1;
+  EXPECT_FALSE(add());
+  EXPECT_EQ(q.files.all["/q/Queue.txt"], foreign);
+  EXPECT_TRUE(q.said.empty());
+  EXPECT_EQ(*add(), 8) << "the documents that stand there may be of use";
+  EXPECT_EQ(q.files.all["/q/Queue not understood 1.txt"], foreign);
+  EXPECT_EQ(q.said, std::vector<std::string>{"/q/Queue.txt is not a queue of this program; it is kept as "
+                                             "/q/Queue not understood 1.txt"});
+  q.loop.advance(500);
+  EXPECT_EQ(q.told(), "8 running");
+  EXPECT_EQ(q.runner->trouble(), "");
+  q.files.all["/q/Queue.txt"] = "other";
+  EXPECT_TRUE(add());
+  EXPECT_EQ(q.files.all["/q/Queue not understood 2.txt"], "other");
+}
+
+TEST(QueueRunnerTest, WaitsForAnotherRenderOfTheSameOutput) {
+  Queued q(0);
+  auto window = q.locks.tryMaking("/1.avi");
+  for (const auto* name : {"/1.avi", "/2.avi"})
+    ASSERT_TRUE(q.store.add("", {.document = "d", .output = name}, ""));
+  q.loop.advance(500);
+  EXPECT_EQ(q.told(), "1 waiting, 2 running");
+  q.end(0);
+  EXPECT_FALSE(q.runner->isIdle());
+  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
+  EXPECT_TRUE(q.swept.empty()) << "somebody is at work there";
+  ASSERT_TRUE(q.store.add("", {.document = "d", .output = "/1.avi"}, ""));
+  q.loop.advance(500);
+  EXPECT_EQ(q.told(), "2 done, 3 waiting");
+  window->reset();
+  q.loop.advance(500);
+  EXPECT_EQ(q.told(), "2 done, 3 running");
 }
 
 TEST(QueueRunnerTest, MakesAgainWhatCouldNotBeWrittenDown) {

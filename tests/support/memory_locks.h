@@ -17,6 +17,9 @@ class MemoryLocks : public NameLocks {
     if (!held.insert(path).second) return std::unique_ptr<FileLock>();
     return std::unique_ptr<FileLock>(std::make_unique<Held>(*this, path));
   }
+  Result<std::unique_ptr<FileLock>> tryMaking(const std::string& path) override {
+    return tryLock("making " + path);
+  }
 
  private:
   class Held : public FileLock {

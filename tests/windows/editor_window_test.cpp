@@ -40,6 +40,7 @@ struct RushBench : test::TabBench {
   ClipSliders sliders;
   EditorTotals totals{"051.900", "051.900(s)", "Total length of the audio to be rendered", false};
   ClipKeys keys;
+  WorkGlance queue;
   EditorHistory history{{"Fade on beach.avi", "Transition on lake at dusk.mpg"}, {"Blur on beach.avi"}};
   CreateTab create;
   TransitionTab transition;
@@ -77,7 +78,7 @@ struct RushBench : test::TabBench {
       return [this, what](auto value) { asked += what + std::to_string(static_cast<int>(value)) + " "; };
     };
     window = std::make_unique<FrmRush>(
-        RushState{frame, stats, sliders, totals, keys, history},
+        RushState{frame, stats, sliders, totals, keys, history, queue},
         RushActs{[this](int tab) {
                    frame.CurrentTab = tab;
                    window->draw();
@@ -87,7 +88,8 @@ struct RushBench : test::TabBench {
                  [this](double part) { asked += "zoom" + std::to_string(std::lround(part * 100)) + " "; },
                  note("whole"), note("preview"), note("render"),
                  [this] { return asked += "save ", std::string("Saved"); },
-                 [this] { return asked += "saveAs ", std::string(); }, note("stop"), note("close")},
+                 [this] { return asked += "saveAs ", std::string(); }, note("stop"), note("close"),
+                 note("queue")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
     auto* page = made<CreatePage>(create, frame, createRules,
                                   CreatePage::Acts{note("preview"), note("render"), note("save"),
@@ -135,6 +137,10 @@ TEST(FrmRush, LooksAsDesigned) {
     b.desktop.facts = {2600, 1600, 24, 1};
     b.open();
     const std::string end = size > 1 ? "@2x" : "";
+    b.queue = {"43%, 2 renders wait", "a.mp4 is being made in the background", 0.43, false};
+    b.window->draw();
+    b.part<QAbstractButton>("43%, 2 renders wait")->click();
+    EXPECT_EQ(b.asked, "queue ");
     b.picture(("create" + end).c_str());
     b.frame.CurrentTab = 3;
     b.window->draw();

@@ -102,7 +102,10 @@ struct FaceBench : ProgramBench {
                            hover,
                            resume,
                            {},
-                           play.transport()},
+                           play.transport(),
+                           [] {},
+                           [] {},
+                           [this] { ++queuesWanted; }},
         FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/", &video});
     draw();
     QApplication::setActiveWindow(&face());
@@ -177,6 +180,7 @@ struct FaceBench : ProgramBench {
                  .ordered = [this](MenuCommand tick) { play.ordered(tick); },
                  .createMovie = [this] { ++moviesWanted; }}};
   int moviesWanted = 0;
+  int queuesWanted = 0;
   ClipPicture picture{streams, loop, window.picture};
   NamedSketches sketches;
   ListPictures rows{{sketches, collection, window.list}};

@@ -2,15 +2,19 @@
 #include "windows/render/render_card.h"
 
 #include "render/output_profiles.h"
+#include "support/memory_store.h"
+#include "support/plain_desktop.h"
 #include "ui/made.h"
 #include "ui/theme.h"
 #include "windows/editor/editor_page.h"
 #include "windows/editor/page_list.h"
+#include "windows/render/frm_queue.h"
 #include "windows/render/kind_row.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -24,6 +28,7 @@ namespace {
 
 struct CardBench {
   RenderState state;
+  QueueState queue;
   std::string asked;
   std::unique_ptr<RenderCard> card;
 
@@ -41,9 +46,10 @@ struct CardBench {
     state.film = {{1, 0, 8}, {2, 8, 20}, {3, 20, 40}};
     state.filmLength = 40;
     card = std::make_unique<RenderCard>(
-        state,
+        state, queue,
         RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
-                   note("write"), note("queue"), number("job"), note("pause"), note("remove"), note("pair"),
+                   note("write"), note("queue"),
+                   QueueActs{number("job"), note("pause"), note("remove"), number("move")}, note("pair"),
                    note("abort"), note("view"), note("leave")},
         [](int clip) {
           QImage image(160, 90, QImage::Format_RGB32);
@@ -154,6 +160,78 @@ TEST(RenderCard, OffersKindsAndProfiles) {
     EXPECT_TRUE(!row->isChecked() || !row->visibleRegion().isEmpty()) << "the kind in hand is in sight";
 }
 
+// Three renders, the second one in hand.
+QueueState threeRenders() {
+  QueueState queue;
+  queue.Lst_Queue = {{7, "a.mp4", "43%", "", true, false},
+                     {3, "b.mp4", "waiting", "", true, false},
+                     {9, "c.mp4", "failed", "disk full", false, true, true}};
+  queue.row = 1;
+  return queue;
+}
+
+TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
+  auto queue = threeRenders();
+  std::string asked;
+  const auto number = [&](const char* what) {
+    return [&asked, what](int value) { asked += what + std::to_string(value) + " "; };
+  };
+  const auto note = [&](const char* what) { return [&asked, what] { asked += std::string(what) + " "; }; };
+  test::MemoryStore store;
+  test::PlainDesktop desktop;
+  FrmQueue window(queue, {number("job"), note("pause"), note("remove"), number("move")},
+                  {store, desktop, "QueuePlace"}, note("hide"));
+  queue.isOpen = true;
+  window.draw(true);
+  QApplication::processEvents();
+  PageList* list = nullptr;
+  for (auto* part : window.findChildren<QWidget*>())
+    if (part->accessibleName() == "Queue") list = dynamic_cast<PageList*>(part);
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(list->rowName(0), "a.mp4, 43%");
+  EXPECT_EQ(list->rowName(2), "c.mp4, failed, disk full");
+  const auto press = [&](const QString& name) {
+    for (auto* key : window.findChildren<QPushButton*>()) {
+      if ((key->text() == name || key->accessibleName() == name) && key->isEnabled()) key->click();
+    }
+  };
+  for (const auto* name : {"Pause", "Earlier", "Later", "Remove"}) press(name);
+  EXPECT_EQ(asked, "pause move1 move3 remove ");
+  asked.clear();
+  QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
+  QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
+  QTest::keyClick(list, Qt::Key_Space);
+  QTest::keyClick(list, Qt::Key_Delete);
+  EXPECT_EQ(asked, "move1 move3 pause remove ");
+  asked.clear();
+  const auto carried = list->dragOut(0);
+  for (const int before : {0, 1, 2, 3}) list->dropped(*carried, before);
+  EXPECT_EQ(asked, "job0 move1 job0 move1 job0 move2 job0 move3 ") << "a place is counted without itself";
+  asked.clear();
+  queue.row = 2;
+  window.draw(true);
+  for (const auto* name : {"Later", "Pause", "Try Again"}) press(name);
+  EXPECT_EQ(asked, "pause ") << "the last one, which has failed";
+  const auto says = [&](const QString& text) {
+    for (const auto* label : window.findChildren<QLabel*>())
+      if (label->isVisible() && label->accessibleName() == text) return true;
+    return false;
+  };
+  EXPECT_TRUE(says("disk full"));
+  queue.trouble = "cannot read /home/me/.local/share/KVO5/Queue/Queue.txt: Permission denied";
+  queue.Lst_Queue.clear();
+  queue.row = -1;
+  window.draw(true);
+  EXPECT_TRUE(says(QString::fromStdString(queue.trouble)));
+  asked.clear();
+  for (const auto* name : {"Pause", "Earlier", "Later", "Remove"}) press(name);
+  QTest::keyClick(list, Qt::Key_Delete);
+  QTest::keyClick(&window, Qt::Key_Escape);
+  EXPECT_EQ(asked, "hide ");
+  window.draw(false);
+  EXPECT_FALSE(window.isVisible()) << "the program has no other window";
+}
+
 TEST(RenderCard, ShowsHowFarTheMovieIs) {
   CardBench b;
   b.state.isRunning = true;
@@ -181,6 +259,7 @@ TEST(RenderCard, LooksAsDesigned) {
     CardBench b;
     const std::string end = size > 1 ? "@2x" : "";
     b.state.sample = {18, 22};
+    b.queue = threeRenders();
     for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "options"},
                                       {RenderFrame::Estimate, "pre"},
                                       {RenderFrame::Report, "done"},

@@ -1,5 +1,6 @@
 // The normal face of the main window, as a user and a screen reader meet it.
 #include "ui/cool_list_view.h"
+#include "ui/theme.h"
 #include "windows/face_bench.h"
 #include "windows/main/plate.h"
 
@@ -136,6 +137,33 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
                           "Minimise",
                           "Close"}))
       << "what cannot be done is left out";
+}
+
+TEST(SkinnedFace, TellsOfRendersInTheBackground) {
+  for (const double size : {1.0, 2.0}) {
+    FaceBench b({"a.avi"}, size);
+    b.window.queue = {"43%, 2 renders wait", "a.mp4 is being made in the background", 0.43, false};
+    b.draw();
+    const QString words("43%, 2 renders wait");
+    auto& key = b.at(words);
+    EXPECT_EQ(key.accessibleDescription(), "a.mp4 is being made in the background");
+    EXPECT_GE(key.height(), 24 * size);
+    EXPECT_GE(key.width(), key.fontMetrics().horizontalAdvance(words));
+    EXPECT_FALSE(key.geometry().intersects(b.at("Undo").geometry()));
+    const auto image = b.face().grab(key.geometry()).toImage();
+    const auto ring = [&](int x) {
+      return image.pixelColor(static_cast<int>((6 + 6.5 + x) * size), image.height() / 2);
+    };
+    EXPECT_EQ(ring(5), toColour(token("teal"))) << "a quarter is done";
+    EXPECT_EQ(ring(-5), toColour(token("line2"))) << "three quarters are not";
+    b.click(words);
+    key.setFocus();
+    b.key(Qt::Key_Return);
+    EXPECT_EQ(b.queuesWanted, 2);
+    b.window.queue = {};
+    b.draw();
+    EXPECT_EQ(b.find(words), nullptr);
+  }
 }
 
 TEST(SkinnedFace, TheListThatComesBehindAnIntroHasTheKeys) {

@@ -1,4 +1,4 @@
-// Names held by flock.
+// Names held by flock; the making of a file by a socket whose name the kernel alone knows.
 #pragma once
 
 #include "ports/name_locks.h"
@@ -8,6 +8,7 @@ namespace kvo {
 class PosixNameLocks : public NameLocks {
  public:
   Result<std::unique_ptr<FileLock>> tryLock(const std::string& path) override;
+  Result<std::unique_ptr<FileLock>> tryMaking(const std::string& path) override;
 };
 
 }  // namespace kvo

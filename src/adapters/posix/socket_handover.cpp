@@ -1,5 +1,7 @@
 #include "adapters/posix/socket_handover.h"
 
+#include "base/fnv.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -117,10 +119,9 @@ std::string handoverFolder() {
 }
 
 std::string handoverName(const std::string& programFolder) {
-  std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
-  for (const char c : programFolder) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
   std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "kvo5-%016llx", static_cast<unsigned long long>(hash));
+  std::snprintf(text.data(), text.size(), "kvo5-%016llx",
+                static_cast<unsigned long long>(fnv1a(programFolder)));
   return text.data();
 }
 

@@ -1,5 +1,7 @@
 #include "engine/run/profile_file.h"
 
+#include "engine/document/document_reader.h"
+
 #include <cmath>
 #include <string_view>
 
@@ -34,7 +36,8 @@ bool readPicture(const pugi::xml_node& stream, EncodeProfile& profile) {
   profile.height = bitmap.attribute("biheight").as_int();
   profile.videoBits = stream.attribute("bitRate").as_int();
   profile.quality = stream.attribute("vbrquality").as_int();
-  if (!rate || profile.width < 1 || profile.height < 1) return false;
+  const auto isSide = [](int side) { return side >= 1 && side <= kMaxSide; };
+  if (!rate || !isSide(profile.width) || !isSide(profile.height)) return false;
   profile.frameRate = *rate;
   return profile.videoBits > 0 || (profile.quality >= 1 && profile.quality <= 100);
 }

@@ -1,5 +1,6 @@
 #include "engine/run/work_folder.h"
 
+#include "base/fnv.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -14,13 +15,6 @@ namespace {
 
 constexpr std::string_view kEnding = ".segment";
 constexpr std::size_t kKeyDigits = 16;
-
-// FNV-1a, 64 bits.
-std::uint64_t keyOf(std::string_view text) {
-  std::uint64_t hash = 14695981039346656037ULL;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
-  return hash;
-}
 
 std::string hexOf(std::uint64_t number) {
   std::array<char, kKeyDigits> digits{};
@@ -58,7 +52,7 @@ std::string sourcesText(const Timeline& timeline, const Files& files) {
 
 std::vector<std::string> segmentFiles(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
                                       const Files& files) {
-  const auto key = hexOf(keyOf(media::encoderVersions() + "\n" + segmentsText(plan) + "\n" +
+  const auto key = hexOf(fnv1a(media::encoderVersions() + "\n" + segmentsText(plan) + "\n" +
                                sourcesText(timeline, files) + job.work->identity));
   std::vector<std::string> names;
   for (std::size_t i = 0; i < plan.segments.size(); ++i)
@@ -71,7 +65,7 @@ WorkFolder::WorkFolder(Files& files, const Work& work, std::vector<std::string> 
       folder_(work.folder),
       share_(work.share),
       names_(std::move(names)),
-      key_(keyOf(names_.empty() ? "" : names_.front())) {}
+      key_(fnv1a(names_.empty() ? "" : names_.front())) {}
 
 Result<WorkFolder> WorkFolder::open(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
                                     Files& files) {

@@ -1,20 +1,31 @@
 #include "render/cluster/cluster_render.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
+#include <utility>
 
 namespace kvo {
 namespace {
 
+using std::chrono::seconds;
+
 constexpr int kAskEvery = 1000;  // milliseconds
 constexpr int kMostAttempts = 3;
-constexpr int kMostSilences = 60;  // a controller that restarts is back by then
+constexpr seconds kMostAnswer{30};    // that a question waits for its answer
+constexpr seconds kMostSilence{300};  // a controller that restarts is back by then
+constexpr seconds kMostStopping{10};
+// What a client of a shared folder knows of it is at most a minute old, as NFS has it where nobody says
+// otherwise.
+constexpr seconds kMostSettling{60};
 constexpr const char* kFarmDocument = "/render.xtl";
 constexpr const char* kFarmProfile = "/render.prx";
 constexpr const char* kFarmScript = "/render.sh";
-constexpr std::size_t kMaxLog = 64U << 20U;  // bytes; a job says a line of progress five times a second
+constexpr std::size_t kMaxErrors = 16U << 20U;  // bytes
+constexpr std::size_t kMostToldLines = 10;
 
 }  // namespace
 
@@ -22,7 +33,7 @@ FarmRender::FarmRender(Ports ports, std::function<void()> changed)
     : ports_(std::move(ports)),
       changed_(std::move(changed)),
       driver_(ports_.engine, [this] { hearJoining(); }),
-      timer_(ports_.engine.loop.timer([this] { ask(); })) {}
+      timer_(ports_.engine.loop.timer([this] { tick(); })) {}
 
 Outcome FarmRender::run(const char* program, std::vector<std::string> arguments, Heard heard) {
   auto answer = std::make_shared<Answer>();
@@ -39,7 +50,12 @@ Outcome FarmRender::run(const char* program, std::vector<std::string> arguments,
            }});
   if (!process) return process.error();
   process_ = std::move(*process);
+  asked_ = ports_.engine.loop.now();
   return {};
+}
+
+bool FarmRender::isLate(std::chrono::milliseconds since, std::chrono::milliseconds most) const {
+  return ports_.engine.loop.now() - since >= most;
 }
 
 Outcome FarmRender::start(const FarmOrder& order) {
@@ -59,8 +75,8 @@ Outcome FarmRender::start(const FarmOrder& order) {
   order_.shares = std::clamp(order.shares, 1, static_cast<int>(segments_.size()));
   const auto script = jobScript(ports_.engine.engine, order_.render, folder + kFarmDocument, order_.shares);
   if (auto done = writeDurably(files, folder + kFarmScript, script); !done) return done;
-  state_ = {.phase = FarmPhase::Submitting, .segments = segments_.size()};
-  count();
+  state_ = {.segments = segments_.size()};
+  look();
   if (unfinished().empty()) {
     join();
   } else {
@@ -69,24 +85,33 @@ Outcome FarmRender::start(const FarmOrder& order) {
   return {};
 }
 
-void FarmRender::count() {
-  state_.made =
-      static_cast<std::size_t>(std::count_if(segments_.begin(), segments_.end(), [&](const auto& path) {
-        return ports_.engine.files.exists(path);
-      }));
+// By the list of what is in the folder: to open it has a shared folder's server asked anew, while the look-up
+// of a name may be answered from memory, where it is not there yet.
+void FarmRender::look() {
+  std::set<std::string, std::less<>> there;
+  ports_.engine.files.eachBelow(order_.render.workFolder, [&](const std::string& path) {
+    there.emplace(fileNamePart(path));
+    return true;
+  });
+  made_.clear();
+  for (const auto& segment : segments_) made_.push_back(there.contains(fileNamePart(segment)));
+  state_.made = static_cast<std::size_t>(std::count(made_.begin(), made_.end(), true));
 }
 
 std::vector<int> FarmRender::unfinished() const {
   std::set<int> shares;
-  for (std::size_t i = 0; i < segments_.size(); ++i) {
-    if (!ports_.engine.files.exists(segments_[i]))
-      shares.insert(static_cast<int>(i % static_cast<std::size_t>(order_.shares)) + 1);
+  for (std::size_t i = 0; i < made_.size(); ++i) {
+    if (!made_[i]) shares.insert(static_cast<int>(i % static_cast<std::size_t>(order_.shares)) + 1);
   }
   return {shares.begin(), shares.end()};
 }
 
 void FarmRender::submit() {
   const auto& folder = order_.render.workFolder;
+  timer_->stop();
+  job_.clear();
+  hasEnded_ = false;
+  state_.phase = FarmPhase::Submitting;
   const auto begun = run("sbatch", submitArguments(folder, folder + kFarmScript, unfinished()),
                          [this](const Answer& answer) { hearSubmitted(answer); });
   if (!begun) end(FarmPhase::Failed, begun.error().text);
@@ -102,61 +127,94 @@ void FarmRender::hearSubmitted(const Answer& answer) {
                answer.errors.empty() ? "the cluster has not taken the jobs" : answer.errors.back());
   }
   state_.phase = FarmPhase::Making;
-  silences_ = 0;
+  heard_ = ports_.engine.loop.now();
   timer_->start(kAskEvery);
   changed_();
 }
 
+void FarmRender::tick() {
+  if (state_.phase == FarmPhase::Stopping) return giveUp();
+  look();
+  if (hasEnded_) return settle();
+  if (!process_) return ask();
+  if (!isLate(asked_, kMostAnswer)) return changed_();
+  process_.reset();
+  hearSilence("the cluster does not answer");
+}
+
 void FarmRender::ask() {
-  count();
-  // An answer that is late is waited for.
-  if (process_) return changed_();
   const auto begun = run("squeue", askArguments(job_), [this](const Answer& answer) { hearAsked(answer); });
   if (!begun) return end(FarmPhase::Failed, begun.error().text);
   changed_();
 }
 
 void FarmRender::hearAsked(const Answer& answer) {
-  if (state_.phase == FarmPhase::Stopping) return takeBack();
   const bool isForgotten = std::any_of(answer.errors.begin(), answer.errors.end(),
                                        [](const auto& line) { return saysForgotten(line); });
-  if (answer.exitCode != 0 && !isForgotten) {
-    if (++silences_ < kMostSilences) return;
-    return end(FarmPhase::Failed,
-               answer.errors.empty() ? "the cluster does not answer" : answer.errors.back());
-  }
-  silences_ = 0;
-  if (answer.lines.empty()) hearArrayEnd();
+  if (answer.exitCode != 0 && !isForgotten)
+    return hearSilence(answer.errors.empty() ? "the cluster does not answer" : answer.errors.back());
+  heard_ = ports_.engine.loop.now();
+  if (!answer.lines.empty()) return;
+  hasEnded_ = true;
+  ended_ = heard_;
+  look();
+  settle();
 }
 
-void FarmRender::hearArrayEnd() {
-  timer_->stop();
-  job_.clear();
-  count();
+void FarmRender::hearSilence(const std::string& why) {
+  if (isLate(heard_, kMostSilence)) end(FarmPhase::Failed, why + "; the jobs may go on");
+}
+
+// Behind the end of the jobs. What they have made may be seen late; what has failed will not come.
+void FarmRender::settle() {
   const auto shares = unfinished();
   if (shares.empty()) return join();
-  if (state_.attempt == kMostAttempts) return end(FarmPhase::Failed, whyUnfinished(shares.front()));
-  ++state_.attempt;
-  state_.phase = FarmPhase::Submitting;
-  changed_();
-  submit();
+  const bool allFailed = std::ranges::all_of(shares, [this](int share) { return hasFailed(share); });
+  if (!allFailed && !isLate(ended_, kMostSettling)) return changed_();
+  handInAgain(shares);
 }
 
-// What the job has said last.
-std::string FarmRender::whyUnfinished(int share) const {
-  const auto log = ports_.engine.files.read(jobLog(order_.render.workFolder, share), kMaxLog);
-  std::string why = "the cluster has failed " + std::to_string(kMostAttempts) + " times at a segment";
-  if (!log) return why;
-  std::string_view rest = *log;
+void FarmRender::handInAgain(const std::vector<int>& shares) {
+  state_.says = saidBy(shares.front());
+  if (state_.attempt < kMostAttempts) {
+    ++state_.attempt;
+    state_.phase = FarmPhase::Submitting;
+    changed_();
+    return submit();
+  }
+  auto why = "the cluster has failed " + std::to_string(kMostAttempts) + " times at a segment";
+  for (const auto& line : state_.says) {
+    if (line.starts_with("KVORender:") || holdsText(line, "error")) why = line;
+  }
+  end(FarmPhase::Failed, std::move(why));
+}
+
+bool FarmRender::hasFailed(int share) const {
+  const auto errors = ports_.engine.files.read(jobErrors(order_.render.workFolder, share), kMaxErrors);
+  std::string_view rest = errors ? *errors : std::string_view();
+  while (!rest.empty()) {
+    if (saysFailed(nextLine(rest), job_)) return true;
+  }
+  return false;
+}
+
+std::vector<std::string> FarmRender::saidBy(int share) const {
+  const auto errors = ports_.engine.files.read(jobErrors(order_.render.workFolder, share), kMaxErrors);
+  std::vector<std::string> lines;
+  std::string_view rest = errors ? *errors : std::string_view();
   while (!rest.empty()) {
     const auto line = nextLine(rest);
-    if (line.starts_with("KVORender:") || holdsText(line, "error")) why = std::string(line);
+    if (line.empty() || saysEnded(line)) continue;
+    if (lines.size() == kMostToldLines) lines.erase(lines.begin());
+    lines.emplace_back(line);
   }
-  return why;
+  return lines;
 }
 
 void FarmRender::join() {
+  timer_->stop();
   state_.phase = FarmPhase::Joining;
+  ports_.letGo();
   if (auto begun = driver_.start(order_.render); !begun) return end(FarmPhase::Failed, begun.error().text);
   changed_();
 }
@@ -171,20 +229,29 @@ void FarmRender::hearJoining() {
 
 void FarmRender::stop() {
   if (state_.ended() || state_.phase == FarmPhase::Idle || state_.phase == FarmPhase::Stopping) return;
-  timer_->stop();
-  const bool joins = state_.phase == FarmPhase::Joining;
-  state_.phase = FarmPhase::Stopping;
-  if (joins) return driver_.stop();
-  // What has been asked is answered first: it may be the number of the jobs.
-  if (!process_) takeBack();
+  const auto before = std::exchange(state_.phase, FarmPhase::Stopping);
+  if (before == FarmPhase::Joining) return driver_.stop();
+  stopped_ = ports_.engine.loop.now();
+  timer_->start(kAskEvery);
+  // Of what has been asked only the number of the jobs is worth to be waited for.
+  if (before == FarmPhase::Submitting) return;
+  process_.reset();
+  takeBack();
 }
 
 void FarmRender::takeBack() {
-  if (job_.empty()) return end(FarmPhase::Stopped);
+  if (job_.empty() || hasEnded_) return end(FarmPhase::Stopped);
   const auto begun = run("scancel", {job_}, [this](const Answer& answer) {
     end(FarmPhase::Stopped, answer.exitCode == 0 || answer.errors.empty() ? "" : answer.errors.back());
   });
   if (!begun) end(FarmPhase::Stopped, begun.error().text);
+}
+
+void FarmRender::giveUp() {
+  if (!isLate(stopped_, kMostStopping)) return;
+  process_.reset();
+  end(FarmPhase::Stopped, job_.empty() ? "the cluster does not answer; it may have taken the jobs"
+                                       : "the cluster does not answer; job " + job_ + " may go on");
 }
 
 void FarmRender::end(FarmPhase phase, std::string failure) {

@@ -4,6 +4,7 @@
 
 #include "render/cluster/slurm_words.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -32,8 +33,9 @@ struct FarmRun {
   FarmPhase phase = FarmPhase::Idle;
   std::size_t segments = 0;
   std::size_t made = 0;
-  int attempt = 1;        ///< how often what failed has been handed in
-  std::string failure{};  ///< a line
+  int attempt = 1;                  ///< how often what failed has been handed in
+  std::vector<std::string> says{};  ///< the last lines of the job that failed last
+  std::string failure{};            ///< a line
 
   [[nodiscard]] bool ended() const { return phase >= FarmPhase::Done; }
 };
@@ -45,6 +47,8 @@ class FarmRender {
     /// The files of the segments of a render whose document stands at `document`.
     std::function<Result<std::vector<std::string>>(const RenderOrder& order, const std::string& document)>
         segmentsOf;
+    /// Called ahead of the engine's start here, which holds the output itself.
+    std::function<void()> letGo = [] {};
   };
 
   /// `changed` is called behind each change; it may destroy this when the render has ended.
@@ -56,7 +60,8 @@ class FarmRender {
   /// Fails, with nothing begun, where the shared folder cannot be written and where there are no segments.
   Outcome start(const FarmOrder& order);
 
-  /// Takes the jobs back; what is finished stays for the next start.
+  /// Takes the jobs back; what is finished stays for the next start. That is over in ten seconds, whether the
+  /// cluster answers or not, but in the midst of the joining, which ends as any render.
   void stop();
 
   [[nodiscard]] const FarmRun& state() const { return state_; }
@@ -72,18 +77,24 @@ class FarmRender {
   using Heard = std::function<void(const Answer& answer)>;
 
   Outcome run(const char* program, std::vector<std::string> arguments, Heard heard);
+  [[nodiscard]] bool isLate(std::chrono::milliseconds since, std::chrono::milliseconds most) const;
+  void tick();
+  void look();
   void submit();
   void hearSubmitted(const Answer& answer);
   void ask();
   void hearAsked(const Answer& answer);
-  void hearArrayEnd();
+  void hearSilence(const std::string& why);
+  void settle();
+  void handInAgain(const std::vector<int>& shares);
   void join();
   void hearJoining();
   void takeBack();
+  void giveUp();
   void end(FarmPhase phase, std::string failure = {});
-  void count();
   [[nodiscard]] std::vector<int> unfinished() const;
-  [[nodiscard]] std::string whyUnfinished(int share) const;
+  [[nodiscard]] std::vector<std::string> saidBy(int share) const;
+  [[nodiscard]] bool hasFailed(int share) const;
 
   Ports ports_;
   std::function<void()> changed_;
@@ -92,8 +103,13 @@ class FarmRender {
   std::unique_ptr<Process> process_;
   FarmOrder order_;
   std::vector<std::string> segments_;
-  std::string job_;   // the array that is at work; empty for none
-  int silences_ = 0;  // times in a row that the cluster did not answer
+  std::vector<bool> made_;               // of these
+  std::string job_;                      // the array that was handed in last; empty for none
+  bool hasEnded_ = false;                // and is at work no more
+  std::chrono::milliseconds asked_{};    // when the cluster was asked last
+  std::chrono::milliseconds heard_{};    // when it has answered last
+  std::chrono::milliseconds ended_{};    // when the array had ended
+  std::chrono::milliseconds stopped_{};  // when it was to be taken back
   FarmRun state_;
 };
 

@@ -6,12 +6,18 @@
 #include <algorithm>
 
 namespace kvo {
+namespace {
+
+// A job's last line, with its exit code and the number of its array.
+constexpr const char* kEnded = "the share has ended with";
+
+}  // namespace
 
 std::string jobScript(const std::string& engine, const RenderOrder& order, const std::string& document,
                       int shares) {
   constexpr std::string_view kShare = "%SHARE%";
   const auto arguments = engineArguments(order, document, std::string(kShare));
-  std::string line = "exec " + shellQuoted(engine);
+  auto line = shellQuoted(engine);
   for (const auto& argument : arguments) {
     line += argument == kShare ? " \"$SLURM_ARRAY_TASK_ID/" + std::to_string(shares) + "\""
                                : " " + shellQuoted(argument);
@@ -19,11 +25,12 @@ std::string jobScript(const std::string& engine, const RenderOrder& order, const
   const auto profile = order.profileFile.empty() ? std::string("unset ") + kProfileVariable + "\n"
                                                  : std::string("export ") + kProfileVariable + "=" +
                                                        shellQuoted(order.profileFile) + "\n";
-  return "#!/bin/sh\n" + profile + line + "\n";
+  return "#!/bin/sh\n" + profile + line + "\ncode=$?\necho \"" + kEnded +
+         " $code $SLURM_ARRAY_JOB_ID\" >&2\nexit $code\n";
 }
 
-std::string jobLog(const std::string& workFolder, int share) {
-  return workFolder + "/job-" + std::to_string(share) + ".log";
+std::string jobErrors(const std::string& workFolder, int share) {
+  return workFolder + "/job-" + std::to_string(share) + ".err";
 }
 
 std::vector<std::string> submitArguments(const std::string& workFolder, const std::string& script,
@@ -31,11 +38,12 @@ std::vector<std::string> submitArguments(const std::string& workFolder, const st
   std::string array;
   for (const int share : shares) array += (array.empty() ? "" : ",") + std::to_string(share);
   // Of a "%" in the folder's name Slurm would make something else.
-  const auto log = replaced(workFolder, "%", "%%") + "/job-%a.log";
+  const auto job = replaced(workFolder, "%", "%%") + "/job-%a";
   return {"--parsable",
           "--job-name=kvo5",
           "--array=" + array,
-          "--output=" + log,
+          "--output=" + job + ".log",
+          "--error=" + job + ".err",
           "--open-mode=truncate",
           "--chdir=" + workFolder,
           script};
@@ -50,6 +58,12 @@ std::optional<std::string> jobNumberIn(std::string_view line) {
   const bool isNumber = !number.empty() && std::all_of(number.begin(), number.end(),
                                                        [](char c) { return c >= '0' && c <= '9'; });
   return isNumber ? std::optional(std::string(number)) : std::nullopt;
+}
+
+bool saysEnded(std::string_view line) { return line.starts_with(kEnded); }
+
+bool saysFailed(std::string_view line, const std::string& job) {
+  return saysEnded(line) && line.ends_with(" " + job) && !line.starts_with(std::string(kEnded) + " 0 ");
 }
 
 bool saysForgotten(std::string_view line) { return holdsText(line, "invalid job id"); }

@@ -11,12 +11,12 @@
 namespace kvo {
 
 /// The script of each job of an array of `shares`: the engine makes the share of the job's own number,
-/// counted from 1, into the order's work folder.
+/// counted from 1, into the order's work folder, and behind it the script says how that has ended.
 std::string jobScript(const std::string& engine, const RenderOrder& order, const std::string& document,
                       int shares);
 
-/// The file that a job's output goes to, in the work folder.
-std::string jobLog(const std::string& workFolder, int share);
+/// The file in the work folder that a job's standard error goes to.
+std::string jobErrors(const std::string& workFolder, int share);
 
 std::vector<std::string> submitArguments(const std::string& workFolder, const std::string& script,
                                          const std::vector<int>& shares);
@@ -24,6 +24,10 @@ std::vector<std::string> askArguments(const std::string& job);
 
 /// The number of an array that has been handed in: "4711" or "4711;cluster". Nothing for another line.
 std::optional<std::string> jobNumberIn(std::string_view line);
+
+/// True for the line that a job says at its end, and for that of one of the array `job` which has failed.
+bool saysEnded(std::string_view line);
+bool saysFailed(std::string_view line, const std::string& job);
 
 /// True for what is said where the cluster has forgotten a job that has ended.
 bool saysForgotten(std::string_view line);

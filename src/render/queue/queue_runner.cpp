@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "core/telling/translated.h"
+#include "render/output_hold.h"
 
 #include <algorithm>
 
@@ -68,7 +69,15 @@ void QueueRunner::follow() {
     return;
   }
   mend();
-  if (const auto* next = nextJob(queue_); next != nullptr && !stops_) begin(QueueJob(*next));
+  if (const auto* next = nextFree(); next != nullptr && !stops_) begin(QueueJob(*next));
+}
+
+// What another render makes now, from the window or on the console, is made when that has ended.
+const QueueJob* QueueRunner::nextFree() const {
+  const auto found = std::ranges::find_if(queue_.jobs, [&](const QueueJob& job) {
+    return job.state == JobState::Waiting && !isBeingMade(ports_.locks, job.order.output);
+  });
+  return found == queue_.jobs.end() ? nullptr : &*found;
 }
 
 // Nothing is begun that the queue cannot say of.
@@ -155,9 +164,9 @@ Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
   });
   if (!done) return done;
   store.forget(number);
-  // Where a runner is at work on it, the runner sweeps.
+  // Where a runner is at work on it, the runner sweeps; where another render is, that one.
   const auto nobodyRuns = locks.tryLock(store.runnerLock());
-  if (isShared) return done;
+  if (isShared || isBeingMade(locks, gone.order.output)) return done;
   if (gone.state != JobState::Running || (nobodyRuns && *nobodyRuns)) removeFolder(gone.order.workFolder);
   return done;
 }

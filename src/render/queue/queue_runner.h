@@ -56,6 +56,7 @@ class QueueRunner {
   bool takeLock();
   void mend();
   void follow();
+  [[nodiscard]] const QueueJob* nextFree() const;
   void begin(const QueueJob& job);
   void hear();
   void hearEnd();

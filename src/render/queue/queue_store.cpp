@@ -1,5 +1,10 @@
 #include "render/queue/queue_store.h"
 
+#include "base/numbers.h"
+#include "base/paths.h"
+
+#include <algorithm>
+
 namespace kvo {
 namespace {
 
@@ -18,13 +23,44 @@ Result<RenderQueue> QueueStore::read() const {
   if (!files_.exists(path)) return RenderQueue();
   const auto text = files_.read(path, kMaxQueue);
   if (!text) return text.error();
-  return readQueue(*text);
+  auto queue = readQueue(*text);
+  if (!queue) return Error{path + " is not a queue of this program"};
+  return std::move(*queue);
+}
+
+// Behind the documents that stand there, which may belong to the queue that is not understood.
+int QueueStore::lastNumber() const {
+  int last = 0;
+  files_.eachBelow(folder_, [&](const std::string& path) {
+    const auto number = numberIn(fileNamePart(path.substr(0, path.rfind('.'))));
+    last = std::max(last, number ? toLong(*number).value_or(0) : 0);
+    return true;
+  });
+  return last;
+}
+
+// Nothing that is none of a queue is lost: it may be of a later version.
+Outcome QueueStore::keepForeign() {
+  const auto path = folder_ + kQueueFile;
+  const auto text = files_.exists(path) ? files_.read(path, kMaxQueue) : Result<std::string>("");
+  if (!text || readQueue(*text)) return {};
+  std::string aside;
+  for (int i = 1; aside.empty() || files_.exists(aside); ++i)
+    aside = folder_ + "/Queue not understood " + std::to_string(i) + ".txt";
+  if (auto done = files_.rename(path, aside); !done) return done;
+  // With this the new name is on the disk as well.
+  RenderQueue empty;
+  empty.lastNumber = lastNumber();
+  if (auto done = writeDurably(files_, path, queueText(empty)); !done) return done;
+  tell_(path + " is not a queue of this program; it is kept as " + aside);
+  return {};
 }
 
 Outcome QueueStore::change(const std::function<Outcome(RenderQueue&)>& change) {
   if (auto made = files_.makeFolder(folder_); !made) return made;
   const auto held = files_.lock(folder_ + "/Queue.lock");
   if (!held) return held.error();
+  if (auto done = keepForeign(); !done) return done;
   auto queue = read();
   if (!queue) return queue.error();
   if (auto done = change(*queue); !done) return done;

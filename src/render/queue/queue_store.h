@@ -14,13 +14,15 @@ namespace kvo {
 
 class QueueStore {
  public:
-  QueueStore(Files& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
+  /// `tell` hears a line that the user is to know.
+  QueueStore(Files& files, std::string folder, std::function<void(const std::string& line)> tell)
+      : files_(files), folder_(std::move(folder)), tell_(std::move(tell)) {}
 
-  /// Empty where there is none yet.
+  /// Empty where there is none yet. Fails where the file is none of a queue.
   [[nodiscard]] Result<RenderQueue> read() const;
 
   /// Reads it, has it changed, and writes it again, with nobody else in between. What `change` fails with
-  /// leaves it as it was.
+  /// leaves it as it was. A file that is none of a queue is kept under another name, which is told.
   Outcome change(const std::function<Outcome(RenderQueue&)>& change);
 
   /// Adds a job with copies of its document and of `profile`, the bytes of a profile file, if any. Gives its
@@ -39,8 +41,12 @@ class QueueStore {
  private:
   [[nodiscard]] std::string beside(int number, const char* ending) const;
 
+  Outcome keepForeign();
+  [[nodiscard]] int lastNumber() const;
+
   Files& files_;
   std::string folder_;
+  std::function<void(const std::string& line)> tell_;
 };
 
 }  // namespace kvo

@@ -168,9 +168,9 @@ std::string queueText(const RenderQueue& queue) {
   return text;
 }
 
-RenderQueue readQueue(std::string_view text) {
+std::optional<RenderQueue> readQueue(std::string_view text) {
   RenderQueue queue;
-  if (nextLine(text) != kHead) return queue;
+  if (!text.empty() && nextLine(text) != kHead) return std::nullopt;
   while (!text.empty()) {
     const auto line = nextLine(text);
     if (line == kJob) queue.jobs.emplace_back();

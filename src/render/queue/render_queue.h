@@ -4,6 +4,7 @@
 #include "base/result.h"
 #include "render/render_driver.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,8 +60,9 @@ void mendQueue(RenderQueue& queue);
 
 /// Lines of a key and a value.
 std::string queueText(const RenderQueue& queue);
-/// What makes no sense in it is left out.
-RenderQueue readQueue(std::string_view text);
+/// What makes no sense in it is left out. Nothing for a text that is none of a queue; an empty one is a queue
+/// without jobs.
+std::optional<RenderQueue> readQueue(std::string_view text);
 
 /// "waiting", "running", ...
 std::string_view stateWord(JobState state);

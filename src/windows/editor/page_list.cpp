@@ -86,6 +86,14 @@ void PageList::drawRows(std::vector<Row> rows, int ListIndex) {
   isDrawing_ = false;
 }
 
+QString PageList::rowName(int row) const {
+  QStringList words{CoolListView::rowName(row)};
+  if (trailing) words << trailing(row);
+  if (const auto i = static_cast<std::size_t>(row); i < rows_.size()) words << shown(rows_[i].fault);
+  words.removeAll(QString());
+  return words.join(", ");
+}
+
 void PageList::changeEvent(QEvent* event) {
   if (event->type() == QEvent::StyleChange) setFace();
   CoolListView::changeEvent(event);

@@ -33,6 +33,9 @@ class PageList : public CoolListView {
   /// Rows, and which of them is chosen; -1 for none.
   void drawRows(std::vector<Row> rows, int ListIndex);
 
+  /// With what stands at its right, and what is wrong with it.
+  [[nodiscard]] QString rowName(int row) const override;
+
  protected:
   void changeEvent(QEvent* event) override;
 

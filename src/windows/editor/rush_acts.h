@@ -1,6 +1,7 @@
 // What the frame of the editor's window shows, and what it asks when the user acts on it.
 #pragma once
 
+#include "core/telling/work_glance.h"
 #include "editor/tabs/editor_parts_state.h"
 
 #include <functional>
@@ -15,6 +16,7 @@ struct RushState {
   const EditorTotals& totals;
   const ClipKeys& keys;
   const EditorHistory& history;
+  const WorkGlance& queue;  ///< of the renders in the background
 };
 
 /// None may be empty.
@@ -35,6 +37,7 @@ struct RushActs {
   std::function<std::string()> saveAs;  ///< Ctrl+Shift+S: asks for a name; likewise
   std::function<void()> stop;           ///< Escape while the tools are off: ends what has them off
   std::function<void()> close;
+  std::function<void()> showQueue;  ///< its window opens
 };
 
 }  // namespace kvo

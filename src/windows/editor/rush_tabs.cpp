@@ -5,6 +5,7 @@
 #include "ui/texts.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
+#include "ui/work_key.h"
 #include "windows/editor/editor_page.h"
 #include "windows/editor/refusal.h"
 
@@ -44,6 +45,7 @@ RushTabs::RushTabs(const RushState& state, const RushActs& acts, QWidget* parent
       state_(state),
       acts_(acts),
       Tb_FileTab_(made<QTabBar>(this)),
+      queue_(made<WorkKey>(this)),
       undo_(makeKey("undo", "Ctrl+Z")),
       redo_(makeKey("redo", "Ctrl+Shift+Z")),
       list_(makeKey("chev", "")),
@@ -59,6 +61,7 @@ RushTabs::RushTabs(const RushState& state, const RushActs& acts, QWidget* parent
   connect(Tb_FileTab_, &QTabBar::currentChanged, [this](int index) {
     if (!isDrawing_) goTo(index + 1);
   });
+  connect(queue_, &WorkKey::clicked, [this] { acts_.showQueue(); });
   connect(undo_, &KVOBut::clicked, [this] { acts_.goInHistory(-1); });
   connect(redo_, &KVOBut::clicked, [this] { acts_.goInHistory(1); });
   connect(list_, &KVOBut::clicked, [this] { showHistory(); });
@@ -66,6 +69,7 @@ RushTabs::RushTabs(const RushState& state, const RushActs& acts, QWidget* parent
   row->setSpacing(themed(3));
   row->setContentsMargins(themed(kTabsLeft), themed(kTabsTop), themed(kStripRight), 1);
   row->addWidget(Tb_FileTab_, 1, Qt::AlignBottom);
+  row->addWidget(queue_, 0, Qt::AlignVCenter);
   for (auto* key : {undo_, redo_, list_}) row->addWidget(key, 0, Qt::AlignVCenter);
   layOut();
 }
@@ -99,6 +103,8 @@ void RushTabs::draw() {
   isDrawing_ = true;
   Tb_FileTab_->setCurrentIndex(state_.frame.CurrentTab - 1);
   isDrawing_ = false;
+  const auto& queue = state_.queue;
+  queue_->draw(shown(queue.text), shown(queue.about), queue.share, queue.isBad, themeSize());
   const auto& history = state_.history;
   const auto& off = state_.frame.toolsOffBecause;
   const auto offer = [&](KVOBut& key, const QString& tip, const QString& nothing) {

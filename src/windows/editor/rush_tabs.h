@@ -1,5 +1,5 @@
-// The strip at the top of the editor: its seven tabs, and the keys of undo and redo with the list of what
-// they can take back.
+// The strip at the top of the editor: its seven tabs, and what goes on in the background, and the keys of
+// undo and redo with the list of what they can take back.
 #pragma once
 
 #include "windows/editor/rush_acts.h"
@@ -13,6 +13,7 @@ class QTabBar;
 namespace kvo {
 
 class KVOBut;
+class WorkKey;
 
 class RushTabs final : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::RushTabs)
@@ -46,6 +47,7 @@ class RushTabs final : public QWidget {
   const RushState& state_;
   const RushActs& acts_;
   QTabBar* Tb_FileTab_;
+  WorkKey* queue_;
   KVOBut* undo_;
   KVOBut* redo_;
   KVOBut* list_;

@@ -40,6 +40,7 @@ class FrmFileOpen {
     Transport& transport;
     std::function<void()> showCodec = [] {};   ///< Frm_Codec is to open
     std::function<void()> showStream = [] {};  ///< frmStreamInfo is
+    std::function<void()> showQueue = [] {};   ///< FrmQueue is
   };
   /// What the window is made of.
   struct Material {

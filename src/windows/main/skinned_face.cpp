@@ -98,11 +98,12 @@ std::function<void()> SkinnedFace::act(std::function<void()> work) {
 }
 
 void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
-  rail_ = made<TitleRailPart>(
-      state_.face, state_.history,
-      TitleRailPart::Acts{[this, &acts](const QPoint& at) { acts.openMenu(at, *this); },
-                          act([this] { logic_.history.undo(); }), act([this] { logic_.history.redo(); })},
-      this);
+  rail_ =
+      made<TitleRailPart>(TitleRailPart::State{state_.face, state_.history, state_.queue},
+                          TitleRailPart::Acts{[this, &acts](const QPoint& at) { acts.openMenu(at, *this); },
+                                              act([this] { logic_.history.undo(); }),
+                                              act([this] { logic_.history.redo(); }), act(logic_.showQueue)},
+                          this);
   list_ = made<ListPart>(state_.list, state_.listKeys,
                          ListPart::Logic{logic_.list, logic_.rows, logic_.mailbox, logic_.addMedia,
                                          [this, &acts](const QPoint& at) { acts.openSortMenu(at, *this); },

@@ -53,6 +53,7 @@ class SkinnedFace : public QWidget {
     std::function<void()> addMedia;
     std::function<void()> showCodec;
     std::function<void()> showStream;
+    std::function<void()> showQueue;
   };
 
   /// `folder` is the program's. `acted` is called behind each act.

@@ -1,4 +1,5 @@
-// The rail at the head of the window: the menu key, the caption, and the two keys of the history.
+// The rail at the head of the window: the menu key, the caption, the two keys of the history, and what goes
+// on in the background.
 #pragma once
 
 #include "program/main_window_state.h"
@@ -10,6 +11,7 @@
 namespace kvo {
 
 class IconKey;
+class WorkKey;
 
 class TitleRailPart : public Plate {
   Q_DECLARE_TR_FUNCTIONS(kvo::TitleRailPart)
@@ -20,9 +22,15 @@ class TitleRailPart : public Plate {
     std::function<void(const QPoint& at)> openMenu;  ///< with its corner at that place of the screen
     std::function<void()> undo;
     std::function<void()> redo;
+    std::function<void()> showQueue;
+  };
+  struct State {
+    const FaceState& face;
+    const HistoryState& history;
+    const WorkGlance& queue;
   };
 
-  TitleRailPart(const FaceState& face, const HistoryState& history, const Acts& acts, QWidget* parent);
+  TitleRailPart(const State& state, const Acts& acts, QWidget* parent);
 
   void layOut(const FaceScale& scale);
   void draw();
@@ -31,12 +39,15 @@ class TitleRailPart : public Plate {
   [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
  private:
-  const FaceState& face_;
-  const HistoryState& history_;
+  void drawQueue();
+
+  State state_;
+  FaceScale railScale_;
   FaceLabel* caption_;
   IconKey* menu_;
   IconKey* undo_;
   IconKey* redo_;
+  WorkKey* queue_;
 };
 
 }  // namespace kvo

@@ -43,9 +43,13 @@ QString sizeOf(const std::string& row) {
 
 }  // namespace
 
-OptionsPage::OptionsPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture,
-                         QWidget* parent)
-    : EditorPage(parent, kPlace, "plain"), state_(state), acts_(acts), picture_(std::move(picture)) {
+OptionsPage::OptionsPage(const RenderState& state, const QueueState& queue, const RenderActs& acts,
+                         PictureOfClip picture, QWidget* parent)
+    : EditorPage(parent, kPlace, "plain"),
+      state_(state),
+      queueState_(queue),
+      acts_(acts),
+      picture_(std::move(picture)) {
   makeKinds();
   makeProfiles();
   makeMadeFor();
@@ -129,7 +133,7 @@ void OptionsPage::makeSummary() {
   KVOBut_AddToQueue_ = put(made<QPushButton>(tr("Add to Queue"), this), {750, 320, 208, 28});
   KVOBut_AddToQueue_->setToolTip(tr("Choose a name, and have the movie made in the background"));
   connect(KVOBut_AddToQueue_, &QPushButton::clicked, [this] { acts_.addToQueue(); });
-  queue_ = put(made<QueuePanel>(state_, acts_, this), kQueuePlace);
+  queue_ = put(made<QueuePanel>(queueState_, acts_.queue, this), kQueuePlace);
   queue_->hide();
   auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 208, 26});
   back->setProperty("kind", "quiet");
@@ -178,7 +182,7 @@ void OptionsPage::layOutLists() {
 }
 
 void OptionsPage::drawQueue() {
-  queue_->setVisible(!state_.Lst_Queue.empty());
+  queue_->setVisible(!queueState_.Lst_Queue.empty() || !queueState_.trouble.empty());
   layOutLists();
   queue_->draw();
 }

@@ -2,6 +2,7 @@
 // the key that makes it.
 #pragma once
 
+#include "render/queue_state.h"
 #include "windows/editor/editor_page.h"
 #include "windows/editor/picture_of_clip.h"
 #include "windows/render/render_acts.h"
@@ -29,7 +30,8 @@ class OptionsPage final : public EditorPage {
  public:
   static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
 
-  OptionsPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture, QWidget* parent);
+  OptionsPage(const RenderState& state, const QueueState& queue, const RenderActs& acts,
+              PictureOfClip picture, QWidget* parent);
 
   void draw();
   /// The key that leads on.
@@ -51,6 +53,7 @@ class OptionsPage final : public EditorPage {
   void layOutKinds();
 
   const RenderState& state_;
+  const QueueState& queueState_;
   const RenderActs& acts_;
   PictureOfClip picture_;
   QScrollArea* kinds_ = nullptr;

@@ -1,11 +1,16 @@
-// The renders that wait their turn: a list, and keys for the one that is chosen.
+// The renders that wait their turn: a list, keys for the one that is chosen, and why the queue has stopped
+// where it has. Ctrl with up and down, or the mouse, moves a render; Delete removes it, Space pauses it or
+// has it go on.
 #pragma once
 
+#include "render/queue_state.h"
 #include "windows/editor/editor_page.h"
 #include "windows/render/render_acts.h"
 
 #include <QCoreApplication>
 
+class QKeyEvent;
+class QMimeData;
 class QPushButton;
 
 namespace kvo {
@@ -18,17 +23,32 @@ class QueuePanel final : public EditorPage {
  public:
   static constexpr QSize kPlace{380, 128};  ///< pixels at size 1
 
-  QueuePanel(const RenderState& state, const RenderActs& acts, QWidget* parent);
+  /// Both outlive it.
+  QueuePanel(const QueueState& state, const QueueActs& acts, QWidget* parent);
 
   void draw();
+  /// From now on it takes the room that there is.
+  void letGrow() { mayBe(1, 10); }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void makeList();
   [[nodiscard]] const QueuedRow* chosen() const;
+  void pressKey(const QKeyEvent& event);
+  void drop(const QMimeData& carried, int before);
+  void drawKeys();
+  void drawTrouble();
 
-  const RenderState& state_;
+  const QueueState& state_;
+  const QueueActs& acts_;
   PageList* Lst_Queue_ = nullptr;
+  QLabel* trouble_ = nullptr;
   QPushButton* KVOBut_PauseJob_ = nullptr;
   QPushButton* KVOBut_RemoveJob_ = nullptr;
+  QPushButton* KVOBut_UpJob_ = nullptr;
+  QPushButton* KVOBut_DownJob_ = nullptr;
 };
 
 }  // namespace kvo

@@ -7,6 +7,14 @@
 
 namespace kvo {
 
+/// What is done to the queue. None may be empty.
+struct QueueActs {
+  std::function<void(int row)> choose;  ///< of Lst_Queue
+  std::function<void()> pauseOrGoOn;    ///< the chosen one
+  std::function<void()> remove;
+  std::function<void(int place)> move;  ///< counted from 1
+};
+
 /// None may be empty.
 struct RenderActs {
   std::function<void(OutputKind kind)> chooseKind;
@@ -14,11 +22,9 @@ struct RenderActs {
   std::function<void(bool on)> tickCodecDimensions;  ///< Chk_UseCodecOutputDimensions
   std::function<void(int row)> chooseMadeFor;        ///< of Lst_MadeFor
   std::function<void(int megabytes)> wishMegabytes;
-  std::function<void()> write;             ///< KVOBut_WriteMovie
-  std::function<void()> addToQueue;        ///< KVOBut_AddToQueue
-  std::function<void(int row)> chooseJob;  ///< of Lst_Queue
-  std::function<void()> pauseJob;          ///< the chosen one, or has it go on
-  std::function<void()> removeJob;
+  std::function<void()> write;       ///< KVOBut_WriteMovie
+  std::function<void()> addToQueue;  ///< KVOBut_AddToQueue
+  QueueActs queue;
   std::function<void()> writePair;  ///< KVOBut_RenderNewPicInPic
   std::function<void()> abort;      ///< KVOBut_AbortRender
   std::function<void()> view;       ///< the movie of the report

@@ -17,14 +17,14 @@
 
 namespace kvo {
 
-RenderCard::RenderCard(const RenderState& state, RenderActs acts, const PictureOfClip& picture,
-                       QWidget* parent)
+RenderCard::RenderCard(const RenderState& state, const QueueState& queue, RenderActs acts,
+                       const PictureOfClip& picture, QWidget* parent)
     : QFrame(parent),
       state_(state),
       acts_(std::move(acts)),
       head_(made<RenderHead>(this)),
       frames_(made<QStackedWidget>(this)),
-      options_(made<OptionsPage>(state_, acts_, picture, frames_)),
+      options_(made<OptionsPage>(state_, queue, acts_, picture, frames_)),
       pair_(made<PairPage>(state_, acts_, picture, frames_)),
       work_(made<WorkPage>(state_, acts_, picture, frames_)) {
   setProperty("role", "card");

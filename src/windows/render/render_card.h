@@ -1,6 +1,7 @@
 // The card of a render over page and preview: its head, and the frame that it is in.
 #pragma once
 
+#include "render/queue_state.h"
 #include "windows/editor/picture_of_clip.h"
 #include "windows/render/render_acts.h"
 
@@ -20,8 +21,9 @@ class RenderCard final : public QFrame {
   Q_DECLARE_TR_FUNCTIONS(kvo::RenderCard)
 
  public:
-  /// `state` outlives the card. `picture` gives that of the clip in hand for clip 0.
-  RenderCard(const RenderState& state, RenderActs acts, const PictureOfClip& picture, QWidget* parent);
+  /// The states outlive the card. `picture` gives that of the clip in hand for clip 0.
+  RenderCard(const RenderState& state, const QueueState& queue, RenderActs acts, const PictureOfClip& picture,
+             QWidget* parent);
 
   void draw();
 

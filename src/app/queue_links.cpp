@@ -1,0 +1,72 @@
+#include "app/queue_links.h"
+
+#include "app/queue_command.h"
+#include "render/queue/queue_rows.h"
+
+#include <algorithm>
+
+namespace kvo {
+
+const QueuedRow* QueueLinks::chosen() const {
+  const auto row = static_cast<std::size_t>(state_.row);
+  return row < state_.Lst_Queue.size() ? &state_.Lst_Queue[row] : nullptr;
+}
+
+void QueueLinks::choose(int row) { state_.row = row; }
+
+void QueueLinks::tell(const Outcome& done) {
+  if (!done)
+    parts_.session.boxes.show({"KVO - Render Queue", done.error().text, BoxButtons::Ok, BoxIcon::Warning});
+  parts_.runner.start();
+}
+
+void QueueLinks::pauseOrGoOn() {
+  const auto* job = chosen();
+  if (job == nullptr || !(job->canPause || job->canGoOn)) return;
+  tell(parts_.store.change([&](RenderQueue& queue) {
+    return job->canGoOn ? resumeJob(queue, job->number) : pauseJob(queue, job->number);
+  }));
+}
+
+void QueueLinks::remove() {
+  const auto* job = chosen();
+  if (job == nullptr) return;
+  tell(removeQueued(parts_.store, parts_.session.nameLocks, job->number, removeWholeFolder));
+}
+
+void QueueLinks::move(int place) {
+  const auto* job = chosen();
+  const auto last = static_cast<int>(state_.Lst_Queue.size());
+  if (job == nullptr || std::clamp(place, 1, last) == state_.row + 1) return;
+  tell(parts_.store.change([&](RenderQueue& queue) { return moveJob(queue, job->number, place); }));
+}
+
+void QueueLinks::show() {
+  state_.isOpen = true;
+  ++state_.raises;
+}
+
+void QueueLinks::hide() { state_.isOpen = false; }
+
+// The chosen one keeps the choice; where it is gone, what has come into its place gets it.
+int QueueLinks::rowAmong(const std::vector<QueuedRow>& rows) const {
+  const auto* before = chosen();
+  const auto kept = std::ranges::find(rows, before == nullptr ? 0 : before->number, &QueuedRow::number);
+  if (kept != rows.end()) return static_cast<int>(kept - rows.begin());
+  return std::min(std::max(state_.row, 0), static_cast<int>(rows.size()) - 1);
+}
+
+void QueueLinks::changed() {
+  auto now = state_;
+  now.trouble = parts_.runner.trouble();
+  now.glance = queueGlance(parts_.runner.queue(), now.trouble);
+  now.Lst_Queue = queuedRows(parts_.runner.queue());
+  now.row = rowAmong(now.Lst_Queue);
+  if (now == state_) return;
+  if (!now.trouble.empty() && now.trouble != state_.trouble) parts_.session.log.LogError(now.trouble);
+  state_ = std::move(now);
+  parts_.window.queue = state_.glance;
+  parts_.draw();
+}
+
+}  // namespace kvo

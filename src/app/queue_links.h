@@ -1,0 +1,51 @@
+// The queue of renders in the windows: what they show of it, and what their keys do to it.
+#pragma once
+
+#include "app/session.h"
+#include "program/main_window_state.h"
+#include "render/queue/queue_runner.h"
+#include "render/queue_state.h"
+
+#include <functional>
+#include <vector>
+
+namespace kvo {
+
+class QueueLinks {
+ public:
+  struct Parts {
+    MainWindowState& window;
+    Session& session;
+    QueueStore& store;
+    QueueRunner& runner;
+    std::function<void()> draw;  ///< all windows
+  };
+  /// All of it outlives the object.
+  explicit QueueLinks(const Parts& parts) : parts_(parts) {}
+
+  [[nodiscard]] const QueueState& state() const { return state_; }
+
+  /// A row of Lst_Queue, and what is done to it.
+  void choose(int row);
+  void pauseOrGoOn();
+  void remove();
+  /// Its place from 1 on; behind the last means there.
+  void move(int place);
+
+  /// The window of the queue.
+  void show();
+  void hide();
+
+  /// Behind each change of the queue, and each look at it.
+  void changed();
+
+ private:
+  [[nodiscard]] const QueuedRow* chosen() const;
+  [[nodiscard]] int rowAmong(const std::vector<QueuedRow>& rows) const;
+  void tell(const Outcome& done);
+
+  Parts parts_;
+  QueueState state_;
+};
+
+}  // namespace kvo

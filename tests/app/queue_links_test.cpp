@@ -1,0 +1,89 @@
+// The queue as the windows show it, over a real file and in virtual time.
+#include "app/queue_links.h"
+
+#include "support/fake_processes.h"
+#include "support/real_world.h"
+#include "support/scripted_boxes.h"
+#include "support/virtual_loop.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace kvo {
+namespace {
+
+struct QueueInWindows {
+  test::ScratchFolder home;
+  test::ScriptedBoxes boxes;
+  test::VirtualLoop loop;
+  test::FakeProcesses processes;
+  Session session{ProgramFolder(home.path()), boxes};
+  MainWindowState window;
+  int drawn = 0;
+  QueueStore store{session.files, home / "Queue", [](const std::string&) {}};
+  QueueRunner runner{{store,
+                      session.nameLocks,
+                      {session.files, session.temporaryFolders, processes, loop, "/bin/KVORender"},
+                      [](const std::string&) {}},
+                     [this] { links.changed(); }};
+  QueueLinks links{{window, session, store, runner, [this] { ++drawn; }}};
+
+  explicit QueueInWindows(int jobs) {
+    for (int i = 1; i <= jobs; ++i)
+      EXPECT_TRUE(store.add("", {.document = "d", .output = home / (std::to_string(i) + ".avi")}, ""));
+    runner.start();
+  }
+  // "2.avi 0%, 1.avi waiting*", a star behind the chosen one
+  [[nodiscard]] std::string rows() const {
+    std::string text;
+    const auto& state = links.state();
+    for (std::size_t i = 0; i < state.Lst_Queue.size(); ++i) {
+      text += (i == 0 ? "" : ", ") + state.Lst_Queue[i].name + " " + state.Lst_Queue[i].state +
+              (static_cast<int>(i) == state.row ? "*" : "");
+    }
+    return text;
+  }
+};
+
+TEST(QueueLinks, TheChosenRenderIsFollowed) {
+  QueueInWindows q(3);
+  EXPECT_EQ(q.rows(), "1.avi 0%*, 2.avi waiting, 3.avi waiting");
+  EXPECT_EQ(q.window.queue.text, "0%, 2 renders wait");
+  q.links.choose(2);
+  q.links.move(1);
+  EXPECT_EQ(q.rows(), "3.avi waiting*, 1.avi 0%, 2.avi waiting");
+  q.links.move(0);
+  EXPECT_EQ(q.rows(), "3.avi waiting*, 1.avi 0%, 2.avi waiting") << "it is the first one";
+  const int before = q.drawn;
+  q.loop.advance(5000);
+  EXPECT_EQ(q.drawn, before) << "nothing has changed";
+  q.links.remove();
+  EXPECT_EQ(q.rows(), "1.avi 0%*, 2.avi waiting");
+  q.links.pauseOrGoOn();
+  q.processes.end(143);
+  EXPECT_EQ(q.rows(), "1.avi paused*, 2.avi waiting");
+  q.loop.advance(500);
+  EXPECT_EQ(q.rows(), "1.avi paused*, 2.avi 0%");
+  q.processes.sayError("KVORender: disk full");
+  q.processes.end(1);
+  EXPECT_EQ(q.window.queue, (WorkGlance{"1 render failed", "Renders in the background", 0, true}));
+  q.links.choose(1);
+  q.links.pauseOrGoOn();
+  EXPECT_EQ(q.rows(), "1.avi paused, 2.avi 0%*") << "another try";
+  EXPECT_TRUE(q.boxes.shown.empty());
+}
+
+TEST(QueueLinks, TroubleIsShownAndLoggedOnce) {
+  QueueInWindows q(1);
+  std::ofstream(q.home / "Queue/Queue.txt") << "of another kind";
+  q.loop.advance(5000);
+  const auto why = q.home / "Queue/Queue.txt is not a queue of this program";
+  EXPECT_EQ(q.links.state().trouble, why);
+  EXPECT_EQ(q.window.queue, (WorkGlance{"The queue has stopped", why, 0, true}));
+  EXPECT_EQ(q.rows(), "1.avi 0%*") << "as it was seen last";
+  EXPECT_EQ(q.session.log.texts(), std::vector<std::string>{why});
+}
+
+}  // namespace
+}  // namespace kvo

@@ -1,0 +1,33 @@
+// The program with an engine that halts in the middle of its work and waits to be killed: what is cut off is
+// cut off at the same place on every machine.
+#pragma once
+
+#include "support/real_world.h"
+
+#include <string>
+
+namespace kvo::test {
+
+class HeldEngine {
+ public:
+  /// `programs` is the folder of the real ones.
+  explicit HeldEngine(const std::string& programs);
+
+  /// The kvo5 whose engine it is.
+  [[nodiscard]] std::string kvo5() const { return folder_ / "bin/kvo5"; }
+
+  /// The next engine that begins makes `share` of its segments and halts then; one that has been given a
+  /// share halts ahead of it. All others do their work.
+  void haltNext(const std::string& share) const;
+
+  /// Waits until it halts: its process.
+  [[nodiscard]] int halted() const;
+
+  /// Waits until that process is gone.
+  [[nodiscard]] bool hasEnded(int process) const;
+
+ private:
+  ScratchFolder folder_;
+};
+
+}  // namespace kvo::test
