@@ -10,20 +10,21 @@ runs=${KVO_BENCH_RUNS:-5}
 
 have() { command -v "$1" >/dev/null; }
 
-render() {  # PEER JOB CODEC OUTPUT; a codec of H.264 is "h264 PRESET"
-  local codec sound=(-c:a pcm_s16le)
-  [ "${3%% *}" = h264 ] && sound=(-c:a aac -b:a 160k)
+render() {  # PEER JOB CODEC OUTPUT; a codec of H.264 is "h264 PRESET CRF"
+  local codec preset crf sound=(-c:a pcm_s16le)
+  read -r codec preset crf <<<"$3"
+  [ "$codec" = h264 ] && sound=(-c:a aac -b:a 160k)
   case $1 in
     ours | before | again)
       codec=(/C "$3")
-      [ "${3%% *}" != h264 ] || codec=(/E "${3#* }" /Q 20)
+      [ -z "$preset" ] || codec=(/E "$preset" /Q "$crf")
       [ "$1" = ours ] || local bin=$KVO_BENCH_BEFORE
       "$bin/KVORender" "${codec[@]}" /W "$4" "$2/movie.xtl"
       ;;
     ffmpeg)
       codec=(-c:v mpeg4 -q:v 3 -bf 0)
       [ "$3" = raw ] && codec=(-c:v rawvideo -pix_fmt bgr24)
-      [ "${3%% *}" = h264 ] && codec=(-c:v libx264 -preset "${3#* }" -crf 20 -pix_fmt yuv420p -movflags +faststart)
+      [ -z "$preset" ] || codec=(-c:v libx264 -preset "$preset" -crf "$crf" -pix_fmt yuv420p -movflags +faststart)
       mapfile -t inputs <"$2/inputs.txt"
       ffmpeg -hide_banner -loglevel error -nostdin -y "${inputs[@]}" -filter_complex_script "$2/graph.txt" \
         -map '[V]' -map '[A]' -r 25 "${codec[@]}" "${sound[@]}" "$4"
@@ -32,8 +33,8 @@ render() {  # PEER JOB CODEC OUTPUT; a codec of H.264 is "h264 PRESET"
       codec=(vcodec=mpeg4 qscale=3 bf=0)
       [ "$3" = raw ] && codec=(vcodec=rawvideo pix_fmt=bgr24)
       sound=(f=avi acodec=pcm_s16le)
-      if [ "${3%% *}" = h264 ]; then
-        codec=(vcodec=libx264 preset="${3#* }" crf=20 pix_fmt=yuv420p movflags=+faststart)
+      if [ -n "$preset" ]; then
+        codec=(vcodec=libx264 preset="$preset" crf="$crf" pix_fmt=yuv420p movflags=+faststart)
         sound=(f=mp4 acodec=aac ab=160k)
       fi
       melt -quiet "$2/movie.mlt" -consumer "avformat:$4" "${codec[@]}" "${sound[@]}" ar=44100 \
@@ -112,36 +113,39 @@ movies() {
   done
 }
 
-# Mean PSNR of a movie against another of the same pictures, as red, green and blue: their weights may differ.
+# Mean PSNR of a movie against another of the same pictures.
 psnr() {  # MOVIE REFERENCE
-  ffmpeg -hide_banner -nostdin -i "$1" -i "$2" -lavfi "[0:v]format=gbrp[a];[1:v]format=gbrp[b];[a][b]psnr" -f null - 2>&1 |
+  ffmpeg -hide_banner -nostdin -i "$1" -i "$2" -lavfi "[0:v][1:v]psnr" -f null - 2>&1 |
     sed -n 's/.*average:\([0-9.inf]*\).*/\1/p' | tail -1
 }
 
-# The same movie as H.264 at equal settings: wall, CPU, CPU beside what the encoder alone takes, and PSNR.
+# CPU seconds that the encoder alone takes with one thread for the pictures of a movie.
+encoder_alone() {  # MOVIE PRESET
+  local log=$work/floor once=(ffmpeg -hide_banner -loglevel error -nostdin -threads 1 -i "$1" -an)
+  /usr/bin/time -o "$log" -f '%U %S' "${once[@]}" -f null -
+  /usr/bin/time -a -o "$log" -f '%U %S' "${once[@]}" -c:v libx264 -preset "$2" -crf 20 -pix_fmt yuv420p -threads 1 -f null -
+  awk 'NR == 1 { d = $1 + $2 } NR == 2 { printf "%.2f", $1 + $2 - d }' "$log"
+}
+
+# The same movie as H.264 at equal settings: wall, CPU, CPU beside what the encoder alone takes, and PSNR. Each peer
+# scales and mixes in its own way, so what it loses by encoding is told by its own pictures, hardly compressed.
 encoded() {  # KIND LINES PRESET
-  local job=$work/$1-$2-6 size=640x360 weights=bt601 peer figures wall cpu alone raw=$work/reference.avi
-  [ "$2" = 1080 ] && size=1920x1080 weights=bt709
+  local job=$work/$1-$2-6 peer figures wall cpu alone own=$work/own.mp4
   bash bench/make_job.sh "$1" "$2" 6 "$work/corpus" "$job"
   printf 'H.264 %s, %s, %s lines (load %s)\n' "$3" "$1" "$2" "$(cut -d' ' -f1 /proc/loadavg)"
-  mapfile -t inputs <"$job/inputs.txt"
-  ffmpeg -hide_banner -loglevel error -nostdin -y "${inputs[@]}" -filter_complex_script "$job/graph.txt" -map '[V]' \
-    -map '[A]' -r 25 -c:v ffv1 -pix_fmt yuv420p -colorspace "${weights/bt601/smpte170m}" -c:a pcm_s16le "$raw"
-  /usr/bin/time -o "$work/floor" -f '%U %S' ffmpeg -hide_banner -loglevel error -nostdin -threads 1 -i "$raw" -an -f null -
-  /usr/bin/time -a -o "$work/floor" -f '%U %S' ffmpeg -hide_banner -loglevel error -nostdin -y -threads 1 -i "$raw" -an \
-    -c:v libx264 -preset "$3" -crf 20 -pix_fmt yuv420p -threads 1 -f null -
-  alone=$(awk 'NR == 1 { d = $1 + $2 } NR == 2 { printf "%.2f", $1 + $2 - d }' "$work/floor")
   for peer in ours ffmpeg melt; do
     have "$peer" || [ "$peer" = ours ] || continue
-    figures=$(for ((r = 0; r < runs; ++r)); do measured "$peer" "$job" "h264 $3" "$work/movie.mp4"; done)
+    render "$peer" "$job" "h264 ultrafast 1" "$own" >/dev/null
+    alone=$(encoder_alone "$own" "$3")
+    figures=$(for ((r = 0; r < runs; ++r)); do measured "$peer" "$job" "h264 $3 20" "$work/movie.mp4"; done)
     wall=$(awk '{ print $1 }' <<<"$figures" | median)
     cpu=$(awk '{ print $2 }' <<<"$figures" | median)
-    render "$peer" "$job" "h264 $3" "$work/movie.mp4" >/dev/null
-    awk -v peer="$peer" -v w="$wall" -v c="$cpu" -v a="$alone" -v p="$(psnr "$work/movie.mp4" "$raw")" \
+    render "$peer" "$job" "h264 $3 20" "$work/movie.mp4" >/dev/null
+    awk -v peer="$peer" -v w="$wall" -v c="$cpu" -v a="$alone" -v p="$(psnr "$work/movie.mp4" "$own")" \
       -v b="$(stat -c %s "$work/movie.mp4")" 'BEGIN {
         printf "  %-8s %7.2f s wall %7.2f s CPU, %6.2f s of it beside the encoder, PSNR %s dB, %.2f MB\n", peer, w, c, c - a, p, b / 1e6 }'
   done
-  rm -f "$raw" "$work/movie.mp4"
+  rm -f "$own" "$work/movie.mp4"
 }
 
 encode() {

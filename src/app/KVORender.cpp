@@ -1,12 +1,15 @@
 // The render engine as a process of its own. What it tells on standard output stands in
 // render/engine_protocol.h. With --sheet it draws a row of small frames of each document instead, for looking
-// at. A failure is one line on standard error. Exit codes: 0 done, 1 failed, 2 wrong usage.
+// at, and with --try-encoder it tries an encoder of a device. A failure is one line on standard error. Exit
+// codes: 0 done, 1 failed, 2 wrong usage.
 #include "adapters/posix/posix_files.h"
 #include "adapters/posix/posix_name_locks.h"
+#include "adapters/posix/posix_processes.h"
 #include "adapters/posix/posix_temporary_folders.h"
 #include "adapters/posix/starter_watch.h"
-#include "app/engine_job.h"
+#include "app/engine_hardware.h"
 #include "base/guarded.h"
+#include "base/paths.h"
 #include "engine/run/renderer.h"
 #include "engine/run/sheet.h"
 #include "media/media_facts.h"
@@ -20,6 +23,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -77,6 +81,13 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
     if (!taken) return fail(taken.error(), kvo::kExitFailed);
     held = std::move(*taken);
   }
+  kvo::PosixProcesses processes;
+  const auto program = kvo::withSeparator(kvo::executableFolder()) + "KVORender";
+  const auto hardware = kvo::engineHardware(arguments.encoder, work->job, processes, program);
+  if (!hardware) return fail(hardware.error(), kvo::kExitFailed);
+  if (!hardware->note.empty()) print(kvo::engineLine(kvo::EngineNote{hardware->note}));
+  work->job.hardware = hardware->encoder.get();
+  work->job.needsHardware = arguments.encoder == kvo::EncoderWish::Hardware;
   std::unique_ptr<kvo::TemporaryFolder> scratch;
   if (kvo::engine::mostMegabytes(work->job) > 0) {
     auto made = kvo::PosixTemporaryFolders().make();
@@ -95,12 +106,23 @@ int makeMovie(kvo::Files& files, const kvo::EngineArguments& arguments) {
   return kvo::kExitDone;
 }
 
+// Whoever has started it goes by its end, and ends it where it hangs.
+int tryEncoder(const std::string& name) {
+  const kvo::StarterWatch watch(::getppid());
+  const auto hardware = kvo::media::hardwareNamed(name);
+  if (!hardware) return fail({"there is no encoder " + name}, kvo::kExitUsage);
+  const auto tried = kvo::guarded([&] { return kvo::media::tryHardware(*hardware); });
+  if (tried) return kvo::kExitDone;
+  std::fprintf(stderr, "%s\n", tried.error().text.c_str());
+  return kvo::kExitFailed;
+}
+
 int wrongUsage(const kvo::Error& error) {
   std::fputs(
-      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/Q QUALITY] [/E EFFORT] [/M MEGABYTES] [/S "
-      "PROCESS]\n"
-      "                 [/K FOLDER [/J N/OF]] /W OUTPUT DOCUMENT\n"
-      "       KVORender --sheet FILE.png DOCUMENT...\n",
+      "usage: KVORender [/[FROM-TO]] [/P PROFILE] [/C CODEC] [/Q QUALITY] [/E EFFORT] [/M MEGABYTES]\n"
+      "                 [/H ENCODER] [/S PROCESS] [/K FOLDER [/J N/OF]] /W OUTPUT DOCUMENT\n"
+      "       KVORender --sheet FILE.png DOCUMENT...\n"
+      "       KVORender --try-encoder NAME\n",
       stderr);
   return fail(error, kvo::kExitUsage);
 }
@@ -114,6 +136,7 @@ int main(int argc, char** argv) {
   const auto sheet = kvo::readSheetArguments(given);
   if (!sheet) return wrongUsage(sheet.error());
   if (*sheet) return makeSheet(files, **sheet);
+  if (given.size() == 2 && given[0] == kvo::kTryEncoder) return tryEncoder(given[1]);
   const auto arguments = kvo::readEngineArguments(given);
   return arguments ? makeMovie(files, *arguments) : wrongUsage(arguments.error());
 }

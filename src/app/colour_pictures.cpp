@@ -1,5 +1,6 @@
 #include "app/colour_pictures.h"
 
+#include "base/guarded.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/tabs/operations.h"
 #include "engine/document/document_reader.h"
@@ -34,8 +35,8 @@ std::string colourDocument(const Editing& e, const Movie& clip, int width, int h
 }
 
 // The first picture of a document.
-Result<FramePicture> firstPicture(std::string document) {
-  const auto timeline = engine::readDocument(std::move(document));
+Result<FramePicture> firstPicture(const std::string& document) {
+  const auto timeline = engine::readDocument(document);
   if (!timeline) return timeline.error();
   engine::Compositor compositor(*timeline);
   const auto picture = compositor.frame(0);
@@ -54,7 +55,7 @@ ColourPictures::ColourPictures(const Editing& editing, EventLoop& loop, std::fun
     : e_(editing),
       came_(std::move(came)),
       maker_(
-          loop, [](const Wish& wish) { return firstPicture(wish.document); },
+          loop, [](const Wish& wish) { return guarded([&] { return firstPicture(wish.document); }); },
           [this](const Wish& wish, const Result<FramePicture>& picture) {
             if (wish.look != look_) return;
             picture_ = picture ? std::make_shared<const FramePicture>(*picture) : nullptr;

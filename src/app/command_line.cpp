@@ -88,6 +88,13 @@ Outcome readMegabytes(CommandLine& line, const std::string& value) {
   return {};
 }
 
+Outcome readEncoder(CommandLine& line, const std::string& value) {
+  const auto wish = encoderNamed(value);
+  line.encoder = wish.value_or(EncoderWish::Software);
+  if (wish) return {};
+  return Error{"--encoder " + value + ": there are software, auto and hardware"};
+}
+
 Outcome readProfile(CommandLine& line, const std::string& value) {
   const auto number = numberIn(value);
   if (!number || !isWhole(*number) || *number < 0 || *number > kLastProfile)
@@ -121,7 +128,7 @@ constexpr std::array kRenderOptions = {
     RenderOption{"--codec", readCodec},   RenderOption{"--profile", readProfile},
     RenderOption{"--preset", readPreset}, RenderOption{"--quality", readQuality},
     RenderOption{"--effort", readEffort}, RenderOption{"--size-mb", readMegabytes},
-    RenderOption{"--slurm", readSlurm},
+    RenderOption{"--slurm", readSlurm},   RenderOption{"--encoder", readEncoder},
 };
 
 // What is read for a command: its own word first, then what stands behind it.
@@ -147,6 +154,11 @@ Outcome checkKind(const CommandLine& line) {
   }
   if (line.megabytes > 0 && *kind != OutputKind::Mp4)
     return Error{"--size-mb goes with an output that ends in .mp4"};
+  if (line.encoder != EncoderWish::Software && *kind != OutputKind::Mp4)
+    return Error{"--encoder " + std::string(encoderWord(line.encoder)) +
+                 " goes with an output that ends in .mp4"};
+  if (line.encoder == EncoderWish::Hardware && line.slurmJobs > 0)
+    return Error{"--encoder hardware does not go with --slurm: a cluster encodes in software"};
   const auto codecs = codecsOf(*kind);
   if (!line.codec.empty() && std::ranges::find(codecs, *codecNamed(line.codec)) == codecs.end())
     return Error{"--codec " + line.codec + " does not go with an output that ends in ." +
@@ -291,6 +303,8 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
       --codec NAME      of an .avi: raw (as it is without this option) or mpeg4; of a .webm: vp9 or av1
       --quality NUMBER  of an .mp4 or .webm: on the codec's own scale, the finest first: 20
       --effort WORD     of the same: from ultrafast over veryfast, medium and slow to veryslow
+      --encoder WORD    of an .mp4: software (as it is without this option), hardware (the encoder of the
+                        graphics card, larger at the same quality), or auto (that one where it works)
       --profile NUMBER  of a .wmv or .wma: size and bit rates of a Windows Media profile, 0 to 41
       --resume          keeps what is finished of the picture in a folder beside FILE, and goes on from there
                         when the same render was cut off or stopped

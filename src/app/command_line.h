@@ -43,7 +43,8 @@ struct CommandLine {
   int quality = 0;       ///< on the codec's own scale; 0 for the usual
   std::string effort;    ///< one of effortWords(); empty for the usual
   double megabytes = 0;  ///< that an MP4 is not to exceed; 0 for no limit
-  int slurmJobs = 0;     ///< that a cluster makes the segments by; 0 for this machine alone
+  EncoderWish encoder = EncoderWish::Software;
+  int slurmJobs = 0;  ///< that a cluster makes the segments by; 0 for this machine alone
   QueueAct queueAct = QueueAct::List;
   int queueNumber = 0;  ///< of the job that is meant
   int queuePlace = 0;   ///< that it is moved to, from 1

@@ -112,6 +112,7 @@ Result<RenderOrder> renderOrder(Session& session, const CommandLine& line) {
                     .megabytes = line.megabytes,
                     .frameRate = session.settings.preferences().OutPutFrameRate,
                     .sharesTerminal = true};
+  if (line.encoder != EncoderWish::Software) order.encoder = encoderWord(line.encoder);
   if (line.range) order.range = {line.range->from, line.range->to};
   if (line.profile && *line.profile < kSystemProfiles) order.profile = line.profile;
   return order;

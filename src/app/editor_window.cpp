@@ -244,6 +244,7 @@ void EditorWindow::makeRender() {
                  .tickCodecDimensions = act([&render](bool on) { render.tickCodecDimensions(on); }),
                  .chooseMadeFor = act([&render](int row) { render.chooseMadeFor(row); }),
                  .wishMegabytes = act([&render](int megabytes) { render.wishMegabytes(megabytes); }),
+                 .tickHardware = act([&render](bool on) { render.tickHardware(on); }),
                  .write = act([&links] { links.write(); }),
                  .addToQueue = act([&links] { links.addToQueue(); }),
                  .queue = {.choose = act([&queue](int row) { queue.choose(row); }),

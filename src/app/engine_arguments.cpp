@@ -40,9 +40,9 @@ std::optional<engine::Share> shareIn(std::string_view text) {
 }
 
 // What of the arguments changes the bytes of a movie: not where it goes, who starts it and with whom it is
-// made.
+// made. Which encoder makes it is known only when it is made.
 std::string identityOf(const std::vector<std::string>& arguments) {
-  constexpr std::array<std::string_view, 4> kBeside = {"/S", "/W", "/K", "/J"};
+  constexpr std::array<std::string_view, 5> kBeside = {"/S", "/W", "/K", "/J", "/H"};
   std::string identity;
   for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
     const auto& argument = arguments[i];
@@ -102,6 +102,13 @@ Outcome readMegabytes(EngineArguments& read, const std::string& value) {
   return Error{"the size " + value + " is no number of megabytes"};
 }
 
+Outcome readEncoder(EngineArguments& read, const std::string& value) {
+  const auto wish = encoderNamed(value);
+  read.encoder = wish.value_or(EncoderWish::Software);
+  if (wish) return {};
+  return Error{"there is no encoder " + value + "; there are software, auto and hardware"};
+}
+
 Outcome readWorkFolder(EngineArguments& read, const std::string& value) {
   read.workFolder = value;
   return {};
@@ -117,15 +124,16 @@ struct EngineOption {
   std::string_view name;
   Reader read;
 };
-constexpr std::array<EngineOption, 9> kOptions = {{{"/W", readOutput},
-                                                   {"/P", readProfile},
-                                                   {"/S", readStarter},
-                                                   {"/C", readCodec},
-                                                   {"/Q", readQuality},
-                                                   {"/E", readEffort},
-                                                   {"/M", readMegabytes},
-                                                   {"/K", readWorkFolder},
-                                                   {"/J", readShare}}};
+constexpr std::array<EngineOption, 10> kOptions = {{{"/W", readOutput},
+                                                    {"/P", readProfile},
+                                                    {"/S", readStarter},
+                                                    {"/C", readCodec},
+                                                    {"/Q", readQuality},
+                                                    {"/E", readEffort},
+                                                    {"/M", readMegabytes},
+                                                    {"/H", readEncoder},
+                                                    {"/K", readWorkFolder},
+                                                    {"/J", readShare}}};
 
 }  // namespace
 

@@ -1,7 +1,8 @@
 // The command line of the render engine:
-//   KVORender [/[from-to]] [/P n or preset] [/C codec] [/Q quality] [/E effort] [/M megabytes] [/S process]
-//             [/K folder [/J n/of]] /W OUTPUT DOCUMENT
+//   KVORender [/[from-to]] [/P n or preset] [/C codec] [/Q quality] [/E effort] [/M megabytes]
+//             [/H encoder] [/S process] [/K folder [/J n/of]] /W OUTPUT DOCUMENT
 //   KVORender --sheet FILE.png DOCUMENT...
+//   KVORender --try-encoder NAME
 #pragma once
 
 #include "base/result.h"
@@ -15,8 +16,9 @@ namespace kvo {
 
 struct EngineArguments {
   engine::RenderJob job;
-  std::optional<int> profile;          ///< number of a Windows Media system profile
-  std::optional<int> starter;          ///< number of the process that it ends with
+  std::optional<int> profile;  ///< number of a Windows Media system profile
+  std::optional<int> starter;  ///< number of the process that it ends with
+  EncoderWish encoder = EncoderWish::Software;
   std::string workFolder;              ///< of its segments; empty for none
   std::optional<engine::Share> share;  ///< of them that it makes, and no movie
   std::string document;

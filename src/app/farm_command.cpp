@@ -66,6 +66,7 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
                  const std::string& engine) {
   order.output = absoluteName(order.output, std::filesystem::current_path().string());
   order.workFolder = workFolderOf(order.output);
+  order.encoder.clear();  // its machines differ
   const bool isFresh = !session.files.isFolder(order.workFolder);
   auto held = holdOutput(session.files, session.nameLocks, order.output, order.workFolder);
   if (!held) return fail(held.error().text);

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "core/telling/translated.h"
+#include "media/hardware.h"
 #include "media/strip_wav.h"
 
 #include <filesystem>
@@ -25,6 +26,14 @@ double freeMegabytes(const std::string& file) {
 
 RenderLinks::RenderLinks(const Parts& parts)
     : parts_(parts),
+      hardware_({parts.session.processes,
+                 parts.loop,
+                 parts.engine,
+                 {media::hardwareNames().begin(), media::hardwareNames().end()}},
+                [this] {
+                  render_.hearHardware(!hardware_.found()->encoder.empty());
+                  parts_.draw();
+                }),
       render_({parts.session.editing,
                parts.editor.states().create,
                parts.dialogs,
@@ -39,7 +48,8 @@ RenderLinks::RenderLinks(const Parts& parts)
                [&store = parts.queueStore](const std::string& title, const RenderOrder& order,
                                            const std::string& profile) {
                  return store.add(title, order, profile);
-               }},
+               },
+               [this] { hardware_.begin(); }},
               state_),
       pictures_(state_, parts.loop, [this] { parts_.draw(); }) {}
 

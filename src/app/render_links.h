@@ -4,6 +4,7 @@
 #include "app/editor_links.h"
 #include "app/render_pictures.h"
 #include "ports/desktop.h"
+#include "render/hardware_trial.h"
 #include "render/movie_render.h"
 #include "render/queue/queue_store.h"
 
@@ -71,6 +72,7 @@ class RenderLinks : public RenderHost {
 
   Parts parts_;
   RenderState state_;
+  HardwareTrial hardware_;
   MovieRender render_;
   RenderPictures pictures_;
   std::optional<CommandPass> pass_;  // while a movie is made the collection is its own

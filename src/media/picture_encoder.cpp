@@ -73,7 +73,7 @@ class Options {
 void setUpH264(AVCodecContext& c, const VideoFormat& format, Options& options) {
   options.set("preset", std::string(effortWords()[static_cast<std::size_t>(format.effort)]));
   if (format.pass == Pass::Only) {
-    options.set("crf", format.quality > 0 ? format.quality : codecOf(format.codec).quality);
+    options.set("crf", qualityOf(format));
     return;
   }
   c.bit_rate = format.bitRate;
@@ -84,7 +84,7 @@ void setUpH264(AVCodecContext& c, const VideoFormat& format, Options& options) {
 
 void setUpVp9(AVCodecContext& c, const VideoFormat& format, Options& options) {
   c.bit_rate = 0;
-  options.set("crf", format.quality > 0 ? format.quality : codecOf(format.codec).quality);
+  options.set("crf", qualityOf(format));
   options.set("deadline", "good");
   options.set("cpu-used", std::clamp(7 - format.effort, 0, 5));
   options.set("lag-in-frames", 25);
@@ -95,7 +95,7 @@ void setUpVp9(AVCodecContext& c, const VideoFormat& format, Options& options) {
 }
 
 void setUpAv1(AVCodecContext& c, const VideoFormat& format, Options& options) {
-  options.set("crf", format.quality > 0 ? format.quality : codecOf(format.codec).quality);
+  options.set("crf", qualityOf(format));
   options.set("preset", std::clamp(12 - format.effort, 4, 12));
   c.gop_size = static_cast<int>(format.frameRate.frameFrom(kLongestGroup));
 }
@@ -135,6 +135,8 @@ void tagBt709(AVCodecContext& c) {
   c.chroma_sample_location = AVCHROMA_LOC_LEFT;
 }
 
+}  // namespace
+
 Outcome checkSize(const VideoFormat& format, const std::string& name) {
   const auto& codec = codecOf(format.codec);
   const auto odd = [&](const char* side, int pixels) {
@@ -146,7 +148,65 @@ Outcome checkSize(const VideoFormat& format, const std::string& name) {
   return {};
 }
 
-}  // namespace
+int qualityOf(const VideoFormat& format) {
+  return format.quality > 0 ? format.quality : codecOf(format.codec).quality;
+}
+
+void describePictures(AVCodecContext& c, const VideoFormat& format, bool headerInFile) {
+  c.width = format.width;
+  c.height = format.height;
+  c.time_base = frameTimeOf(format.frameRate);
+  c.framerate = av_inv_q(c.time_base);
+  if (isBt709Always(format.codec)) tagBt709(c);
+  if (headerInFile) c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+}
+
+SharedFrame frameOf(const AVCodecContext& c, const Picture& picture, std::int64_t number) {
+  auto frame = newFrame();
+  if (av_frame_ref(frame.get(), picture.frame()) < 0) throw std::bad_alloc();
+  frame->width = c.width;
+  frame->height = c.height;
+  frame->pts = number;
+  frame->pict_type = AV_PICTURE_TYPE_NONE;
+  frame->quality = c.global_quality;
+  frame->sample_aspect_ratio = {0, 1};
+  return frame;
+}
+
+void takeColours(const AVCodecContext& c, AVFrame& frame) {
+  frame.color_primaries = c.color_primaries;
+  frame.color_trc = c.color_trc;
+  frame.colorspace = c.colorspace;
+  frame.color_range = c.color_range;
+}
+
+int feedEncoder(AVCodecContext& c, const AVFrame* frame, EncodedFrames& out) {
+  if (const int sent = avcodec_send_frame(&c, frame); sent < 0) return sent;
+  for (;;) {
+    auto packet = newPacket();
+    const int got = avcodec_receive_packet(&c, packet.get());
+    if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return 0;
+    if (got < 0) return got;
+    packet->duration = 1;
+    // The pictures of AV1 stand in the order in which they are seen.
+    if (c.codec_id == AV_CODEC_ID_AV1) packet->dts = packet->pts;
+    out.emplace_back(std::move(packet));
+  }
+}
+
+SharedFrame FormatChange::to(AVPixelFormat format, const SharedFrame& frame) {
+  if (frame->format == format) return frame;
+  if (!scaler_) {
+    scaler_.reset(sws_getContext(frame->width, frame->height, static_cast<AVPixelFormat>(frame->format),
+                                 frame->width, frame->height, format, SWS_BICUBIC | SWS_ACCURATE_RND, nullptr,
+                                 nullptr, nullptr));
+    if (!scaler_) throw std::bad_alloc();
+  }
+  auto made = newFrame(format, frame->width, frame->height);
+  sws_scale(scaler_.get(), frame->data, frame->linesize, 0, frame->height, made->data, made->linesize);
+  made->pts = frame->pts;
+  return made;
+}
 
 bool isBt709Always(VideoCodec codec) {
   return codec == VideoCodec::H264 || codec == VideoCodec::Vp9 || codec == VideoCodec::Av1 ||
@@ -165,15 +225,10 @@ Result<CodecHandle> openPictureEncoder(const VideoFormat& format, bool headerInF
   CodecHandle encoder(avcodec_alloc_context3(codec));
   if (!encoder) return Error{"out of memory"};
   auto& c = *encoder;
-  c.width = format.width;
-  c.height = format.height;
+  describePictures(c, format, headerInFile);
   c.pix_fmt = traits.format;
-  c.time_base = frameTimeOf(format.frameRate);
-  c.framerate = av_inv_q(c.time_base);
-  if (isBt709Always(format.codec)) tagBt709(c);
   Options options;
   setUp(c, format, options);
-  if (headerInFile) c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
   const int opened = avcodec_open2(&c, codec, options.entries());
   if (opened < 0) return ffmpegError("cannot encode " + name + " as " + traits.title, opened);
   return encoder;

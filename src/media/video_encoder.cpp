@@ -2,6 +2,7 @@
 
 #include "media/ffmpeg.h"
 #include "media/gif_pictures.h"
+#include "media/hardware.h"
 #include "media/picture_encoder.h"
 #include "media/pixel_rows.h"
 #include "media/scaler.h"
@@ -65,9 +66,10 @@ struct VideoEncoder::State {
 
   VideoFormat format;
   std::string name;
-  CodecHandle encoder{};  // none for raw video
+  CodecHandle encoder{};  // none for raw video, and where a device encodes
+  std::unique_ptr<DeviceEncoder> device{};
   std::optional<Scaler> scaler{};
-  ScalerHandle converter{};  // to the encoder's own kind of picture
+  FormatChange change{};  // to the encoder's own kind of picture
   std::optional<GifPictures> gif{};
 
   // Raw video
@@ -94,10 +96,19 @@ struct VideoEncoder::State {
       beginRaw();
       return {};
     }
+    if (format.hardware != nullptr) return beginInDevice(headerInFile);
     auto opened = openPictureEncoder(format, headerInFile, name);
     if (!opened) return opened.error();
     encoder = std::move(*opened);
     if (format.codec == VideoCodec::Gif) gif.emplace(gifGroup(format));
+    return {};
+  }
+
+  Outcome beginInDevice(bool headerInFile) {
+    if (auto fit = checkSize(format, name); !fit) return fit;
+    auto opened = format.hardware->open(format, headerInFile);
+    if (!opened) return opened.error();
+    device = std::move(*opened);
     return {};
   }
 
@@ -112,21 +123,6 @@ struct VideoEncoder::State {
     return scaler->place(frame, Fit::Letterbox);
   }
 
-  // The same picture as the encoder takes it, where that is another kind than ours.
-  SharedFrame converted(const SharedFrame& frame) {
-    if (frame->format == encoder->pix_fmt) return frame;
-    if (!converter) {
-      converter.reset(sws_getContext(frame->width, frame->height, static_cast<AVPixelFormat>(frame->format),
-                                     frame->width, frame->height, encoder->pix_fmt,
-                                     SWS_BICUBIC | SWS_ACCURATE_RND, nullptr, nullptr, nullptr));
-      if (!converter) throw std::bad_alloc();
-    }
-    auto made = newFrame(encoder->pix_fmt, frame->width, frame->height);
-    sws_scale(converter.get(), frame->data, frame->linesize, 0, frame->height, made->data, made->linesize);
-    made->pts = frame->pts;
-    return made;
-  }
-
   // The encoder of AV1 can only be let go of when it has seen a picture and an end.
   void endAv1() {
     if (format.codec != VideoCodec::Av1 || !encoder || hasEnded) return;
@@ -139,17 +135,8 @@ struct VideoEncoder::State {
   Outcome feed(const AVFrame* frame, EncodedFrames& out) {
     hasBegun = true;
     hasEnded = frame == nullptr;
-    if (const int sent = avcodec_send_frame(encoder.get(), frame); sent < 0) return failure(sent);
-    for (;;) {
-      auto packet = newPacket();
-      const int got = avcodec_receive_packet(encoder.get(), packet.get());
-      if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return {};
-      if (got < 0) return failure(got);
-      packet->duration = 1;
-      // The pictures of AV1 stand in the order in which they are seen.
-      if (format.codec == VideoCodec::Av1) packet->dts = packet->pts;
-      out.emplace_back(std::move(packet));
-    }
+    const int fed = feedEncoder(*encoder, frame, out);
+    return fed < 0 ? Outcome(failure(fed)) : Outcome();
   }
 
   Result<EncodedFrames> encodeAll(const Result<std::vector<SharedFrame>>& frames) {
@@ -163,27 +150,18 @@ struct VideoEncoder::State {
 
   Result<EncodedFrames> encode(const Picture& given, std::int64_t number) {
     const auto picture = isBt709Always(format.codec) ? inBt709(given) : given;
-    auto frame = newFrame();
-    if (av_frame_ref(frame.get(), picture.frame()) < 0) throw std::bad_alloc();
-    frame->width = format.width;
-    frame->height = format.height;
-    frame->pts = number;
-    // What the source's stream said of its frame does not hold for ours.
-    frame->pict_type = AV_PICTURE_TYPE_NONE;
-    frame->quality = encoder->global_quality;
-    frame->sample_aspect_ratio = {0, 1};
+    if (device) return device->encode(picture, number);
+    auto frame = frameOf(*encoder, picture, number);
     if (gif) return encodeAll(gif->put(std::move(frame)));
-    frame = converted(frame);
-    frame->color_primaries = encoder->color_primaries;
-    frame->color_trc = encoder->color_trc;
-    frame->colorspace = encoder->colorspace;
-    frame->color_range = encoder->color_range;
+    frame = change.to(encoder->pix_fmt, frame);
+    takeColours(*encoder, *frame);
     EncodedFrames out;
     auto done = feed(frame.get(), out);
     return done ? Result<EncodedFrames>(std::move(out)) : done.error();
   }
 
   Result<EncodedFrames> finish() {
+    if (device) return device->finish();
     if (!encoder) return EncodedFrames();
     auto out = gif ? encodeAll(gif->finish()) : Result<EncodedFrames>(EncodedFrames());
     if (!out) return out;
@@ -248,13 +226,14 @@ Result<EncodedFrames> VideoEncoder::encode(const Picture& picture, std::int64_t 
     const auto sized = state_->broughtToSize(picture);
     return sized ? encode(*sized, number) : sized.error();
   }
-  return state_->encoder ? state_->encode(picture, number)
-                         : Result<EncodedFrames>(state_->encodeRaw(picture, number));
+  return state_->format.codec != VideoCodec::Raw ? state_->encode(picture, number)
+                                                 : Result<EncodedFrames>(state_->encodeRaw(picture, number));
 }
 
 Result<EncodedFrames> VideoEncoder::finish() { return state_->finish(); }
 
 Outcome VideoEncoder::describe(AVCodecParameters& parameters) const {
+  if (state_->device) return state_->device->describe(parameters);
   if (state_->encoder) {
     const int done = avcodec_parameters_from_context(&parameters, state_->encoder.get());
     return done < 0 ? Outcome(state_->failure(done)) : Outcome();

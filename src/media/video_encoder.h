@@ -18,6 +18,8 @@ namespace kvo::media {
 
 using kvo::VideoCodec;
 
+class Hardware;
+
 /// A movie whose bit rate has to be met is encoded twice; the first time only notes come of it.
 enum class Pass { Only, First, Second };
 
@@ -35,6 +37,7 @@ struct VideoFormat {
   Pass pass = Pass::Only;
   std::string
       notes{};  ///< file that a first pass leaves for the second, with more of that beginning beside it
+  Hardware* hardware = nullptr;  ///< that encodes in place of the software, and outlives the encoder
 };
 
 /// A frame as it stands in a file, shared and not copied.

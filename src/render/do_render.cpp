@@ -60,7 +60,8 @@ bool MovieRender::takeProfile(const Job& job, RenderOrder& order) {
 }
 
 // A part that is made for the estimate may have its share of the size.
-void MovieRender::takePreset(const Job& job, RenderOrder& order) const {
+void MovieRender::takePreset(const Job& job, RenderOrder& order) {
+  if (job.inHardware) order.encoder = encoderWord(EncoderWish::Auto);
   if (job.preset == nullptr) return;
   order.preset = job.preset->name;
   order.frameRate = std::min(order.frameRate, job.preset->mostRate);

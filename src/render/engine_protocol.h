@@ -3,7 +3,7 @@
 //                                 seconds of the movie, a few times a second; the file's bytes so far and the
 //                                 seconds that are in them; how much of what is done an earlier run had made
 //   damage KIND FROM TO FILE      the "picture" or "sound" of these seconds of a file is missing
-//   note TEXT                     where the movie is not as its profile asks
+//   note TEXT                     where the movie is not made as was asked
 //   done FRAMES SECONDS BYTES     the file is in place
 // A failure is one line on its standard error.
 #pragma once
@@ -50,6 +50,10 @@ struct EngineReport {
 
 /// The environment variable that names the profile file of a render without a profile's number.
 inline constexpr const char* kProfileVariable = "KVO5_PROFILE";
+
+/// What the engine is called with, and the name of an encoder of a device behind it, to try that one: it ends
+/// with 0 where a picture was encoded, else with a line that says why not.
+inline constexpr const char* kTryEncoder = "--try-encoder";
 
 /// Nothing stands for a line that makes no sense.
 using EngineWord = std::variant<std::monostate, EngineProgress, EngineDamage, EngineNote, EngineReport>;

@@ -104,6 +104,7 @@ bool MovieRender::readJob(bool ready, Job& job) {
   }
   if (job.kind == state_.kind && !ready) job.preset = chosenPreset();
   if (job.preset != nullptr && job.preset->megabytes > 0) job.megabytes = state_.wishedMegabytes;
+  job.inHardware = !ready && job.kind == state_.kind && state_.offersHardware && state_.Chk_Hardware;
   if (job.audioOnly()) job.profile = kWavProfile;
   return true;
 }

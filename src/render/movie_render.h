@@ -41,6 +41,8 @@ class MovieRender {
     /// Puts a render into the queue, with the bytes of a profile file of its own if it has one.
     std::function<Result<int>(const std::string& title, const RenderOrder& order, const std::string& profile)>
         enqueue{};
+    /// Finds out, by and by, whether an encoder of a device works, and tells hearHardware().
+    std::function<void()> findHardware{};
   };
 
   /// All of it outlives the object, which writes `state` and calls the host behind each change of it.
@@ -58,6 +60,9 @@ class MovieRender {
   void chooseMadeFor(int row);
   /// What a movie that keeps within a size may have, in megabytes; brought to what is in range.
   void wishMegabytes(int megabytes);
+  void tickHardware(bool on);
+  /// Whether an encoder of a device works here.
+  void hearHardware(bool works);
   /// Back to the tab: KVOBut1_CancelRenderPicInPic as well.
   void leave();
 
@@ -92,6 +97,7 @@ class MovieRender {
     int profile = kNoProfile;
     const MoviePreset* preset = nullptr;  ///< null for none
     double megabytes = 0;                 ///< of 1,000,000 bytes, not to be exceeded; 0 for no limit
+    bool inHardware = false;              ///< where that works
     std::string file;                     ///< that the user has named
     std::string working;                  ///< beside it
     std::optional<std::pair<double, double>> range;
@@ -133,7 +139,7 @@ class MovieRender {
   // False, with a box, when the engine could not be started; without one when the user has given up.
   bool DoRender(const Job& job, const Part& part);
   bool takeProfile(const Job& job, RenderOrder& order);
-  void takePreset(const Job& job, RenderOrder& order) const;
+  static void takePreset(const Job& job, RenderOrder& order);
   bool Shell32Bit(const RenderOrder& order, int MaxSeconds);
   void endEngine();
   void mobjSlumber_Slumber(int MaxSeconds);

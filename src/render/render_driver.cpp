@@ -49,6 +49,7 @@ std::vector<std::string> engineArguments(const RenderOrder& order, const std::st
   if (order.quality > 0) add("/Q", std::to_string(order.quality));
   add("/E", order.effort);
   if (order.megabytes > 0) add("/M", FormatMask(order.megabytes, "0.000"));
+  add("/H", order.encoder);
   add("/K", order.workFolder);
   add("/J", share);
   arguments.insert(arguments.end(), {"/W", order.output, document});

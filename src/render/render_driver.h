@@ -27,6 +27,7 @@ struct RenderOrder {
   int quality = 0;                                   ///< on the codec's own scale; 0 for the usual
   std::string effort{};                              ///< one of effortWords(); empty for the usual
   double megabytes = 0;                              ///< that an MP4 is not to exceed; 0 for no limit
+  std::string encoder{};                             ///< a word of encoderWord; empty for the software
   std::string profileFile{};                         ///< that is in force; empty for none
   std::string shownAs{};  ///< what the engine's lines call the output; empty for its own name
   std::string folder{};   ///< for document, script and sentinel; empty for a temporary one
@@ -51,7 +52,7 @@ struct EngineRun {
   EnginePhase phase = EnginePhase::Idle;
   RenderProgress progress;
   std::vector<EngineDamage> damage;
-  std::vector<std::string> notes;       ///< where the movie is not as its profile asks
+  std::vector<std::string> notes;       ///< where the movie is not made as was asked
   EngineReport report;                  ///< of a movie that is done
   std::vector<std::string> engineSays;  ///< lines of its standard error, the last ones
   std::string failure;                  ///< why it failed, where the engine has not said so

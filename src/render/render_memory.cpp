@@ -15,6 +15,7 @@ constexpr std::string_view kRenderProfile = "RenderProfile";
 constexpr std::string_view kRenderOwnSize = "RenderOwnSize";
 constexpr std::string_view kRenderPreset = "RenderPreset";
 constexpr std::string_view kRenderMegabytes = "RenderMegabytes";
+constexpr std::string_view kRenderHardware = "RenderHardware";
 constexpr std::string_view kRenderFolder = "RenderFolder";
 constexpr std::string_view kRenderWorking = "RenderWorking";  // the files of renders under way, a line each
 constexpr std::string_view kWorkingMark = ".rendering-";
@@ -45,6 +46,7 @@ void MovieRender::recall() {
   folder_ = store.read(kRenderFolder);
   if (!ports_.editing.files.isFolder(folder_)) folder_.clear();
   state_.Chk_UseCodecOutputDimensions = store.read(kRenderOwnSize) != "1";
+  state_.Chk_Hardware = store.read(kRenderHardware) == "1";
   const auto kept = outputKindOf("movie." + store.read(kRenderKind));
   if (const auto wished = numberIn(store.read(kRenderMegabytes)))
     wishMegabytes(static_cast<int>(std::clamp<double>(*wished, kLeastMegabytes, kMostMegabytes)));
@@ -67,6 +69,7 @@ void MovieRender::remember(const Job& job) {
   if (job.isPicInPic) return;
   store.write(kRenderKind, extensionOf(state_.kind));
   store.write(kRenderOwnSize, state_.Chk_UseCodecOutputDimensions ? "0" : "1");
+  if (state_.offersHardware) store.write(kRenderHardware, state_.Chk_Hardware ? "1" : "0");
   if (!state_.Lst_MadeFor.empty()) store.write(kRenderPreset, job.preset ? job.preset->name : "");
   if (job.megabytes > 0) store.write(kRenderMegabytes, std::to_string(state_.wishedMegabytes));
   if (job.profile != kNoProfile && !job.audioOnly()) store.write(kRenderProfile, std::to_string(job.profile));

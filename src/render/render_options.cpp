@@ -37,6 +37,7 @@ void MovieRender::Rendertofile() {
   ports_.host.PlayerStop();
   ports_.host.ApplyStillSettings();
   recall();
+  if (ports_.findHardware) ports_.findHardware();
   if (!HaveAtleastOneVidTrack(ports_.editing) && movieFileOf(state_.kind).hasPicture)
     chooseKind(OutputKind::Wav);
   else
@@ -118,6 +119,17 @@ void MovieRender::wishMegabytes(int megabytes) {
   ports_.host.renderChanged();
 }
 
+void MovieRender::tickHardware(bool on) {
+  if (state_.isRunning) return;
+  state_.Chk_Hardware = on;
+  ports_.host.renderChanged();
+}
+
+void MovieRender::hearHardware(bool works) {
+  state_.hasHardware = works;
+  describe();
+}
+
 const MoviePreset* MovieRender::chosenPreset() const {
   const auto row = static_cast<std::size_t>(state_.madeForRow);
   return row < state_.Lst_MadeFor.size() ? presetNamed(state_.Lst_MadeFor[row].preset) : nullptr;
@@ -127,6 +139,8 @@ void MovieRender::describeMadeFor() {
   const auto* preset = chosenPreset();
   state_.madeForText = preset != nullptr ? std::string(preset->text) : kindRow(state_.kind).hint;
   state_.hasWishedSize = preset != nullptr && preset->megabytes > 0;
+  state_.offersHardware =
+      state_.hasHardware && !state_.hasWishedSize && movieFileOf(state_.kind).codec == VideoCodec::H264;
 }
 
 void MovieRender::chooseProfile(int row) {

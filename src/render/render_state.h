@@ -77,6 +77,9 @@ struct RenderState {
   std::string madeForText;              ///< whole; lines joined by CR LF
   bool hasWishedSize = false;           ///< the chosen one keeps within wishedMegabytes
   int wishedMegabytes = 20;             ///< of 1,000,000 bytes
+  bool hasHardware = false;             ///< an encoder of a device works here
+  bool offersHardware = false;          ///< and can make the movie of these options
+  bool Chk_Hardware = false;            ///< it does, where it can
 
   // While it runs
   std::string caption;  ///< of the window

@@ -27,6 +27,7 @@ constexpr std::array<MovieFile, 11> kFiles = {{
 
 constexpr std::array<std::string_view, 8> kWords = {"raw", "mpeg4", "wmv2",   "h264",
                                                     "vp9", "av1",   "prores", "gif"};
+constexpr std::array<std::string_view, 3> kEncoderWords = {"software", "auto", "hardware"};
 constexpr std::array kOfAvi = {VideoCodec::Raw, VideoCodec::Mpeg4};
 constexpr std::array kOfWebM = {VideoCodec::Vp9, VideoCodec::Av1};
 
@@ -71,6 +72,15 @@ std::optional<VideoCodec> codecNamed(std::string_view word) {
       std::find_if(kWords.begin(), kWords.end(), [&](auto known) { return sameText(known, word); });
   if (found == kWords.end()) return std::nullopt;
   return static_cast<VideoCodec>(found - kWords.begin());
+}
+
+std::string_view encoderWord(EncoderWish wish) { return kEncoderWords.at(static_cast<std::size_t>(wish)); }
+
+std::optional<EncoderWish> encoderNamed(std::string_view word) {
+  const auto found = std::find_if(kEncoderWords.begin(), kEncoderWords.end(),
+                                  [&](auto known) { return sameText(known, word); });
+  if (found == kEncoderWords.end()) return std::nullopt;
+  return static_cast<EncoderWish>(found - kEncoderWords.begin());
 }
 
 }  // namespace kvo

@@ -59,6 +59,17 @@ std::string extensionsText(bool soundOnly);
 
 constexpr bool isWindowsMedia(OutputKind kind) { return kind == OutputKind::Wmv || kind == OutputKind::Wma; }
 
+/// Who encodes the pictures of an MP4.
+enum class EncoderWish {
+  Software,
+  Auto,      ///< a device where one works; else the software, and that is told
+  Hardware,  ///< a device; without one that works there is no movie
+};
+
+/// "software", "auto", "hardware"; and back.
+std::string_view encoderWord(EncoderWish wish);
+std::optional<EncoderWish> encoderNamed(std::string_view word);
+
 /// The codecs that a kind of file takes, its own first.
 std::span<const VideoCodec> codecsOf(OutputKind kind);
 

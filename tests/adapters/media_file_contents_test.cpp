@@ -54,16 +54,15 @@ TEST(MediaFileContents, KnowsWhatAnEarlierRunHasFoundOut) {
     file << std::string(64, 'x');
   }
   std::filesystem::last_write_time(path, time);
-  struct Row {
+  const struct {
     const char* name;
     std::string text, maker;
     bool isKnown;
-  };
-  const Row rows[] = {{"as it was written", text, "us", true},
-                      {"by another", text, "them", false},
-                      {"nothing", "", "us", false},
-                      {"cut off", text.substr(0, text.size() - path.size()), "us", false},
-                      {"with a line that is none", "us\n12\tand more\n" + text.substr(3), "us", true}};
+  } rows[] = {{"as it was written", text, "us", true},
+              {"by another", text, "them", false},
+              {"nothing", "", "us", false},
+              {"cut off", text.substr(0, text.size() - path.size()), "us", false},
+              {"with a line that is none", "us\n12\tand more\n" + text.substr(3), "us", true}};
   for (const auto& row : rows) {
     MediaFileContents later;
     later.remember(row.text, row.maker);

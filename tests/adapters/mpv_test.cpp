@@ -102,8 +102,7 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
   };
   for (const auto& row : {Row{"even.mp4", "25", "", h264}, Row{"ntsc.mp4", "30000/1001", "", h264},
                           Row{"uneven.mp4", "25", uneven, with(h264, {"-video_track_timescale", "1000"})},
-                          Row{"even.mkv", "30", "", h264}, Row{"uneven.mkv", "25", uneven, h264},
-                          Row{"even.wmv", "30", "", wmv}, Row{"uneven.wmv", "25", uneven, wmv},
+                          Row{"uneven.mkv", "25", uneven, h264}, Row{"even.wmv", "30", "", wmv},
                           Row{"b.avi", "25", "", {"-c:v", "mpeg4", "-q:v", "1", "-g", "20", "-bf", "2"}, 1},
                           Row{"b.ts", "25", "", h264, 1}}) {
     SCOPED_TRACE(row.name);
@@ -126,7 +125,7 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
       if (!row.stamps.empty()) return test::unevenBegin(number);
       return row.rate == "25" ? number / 25.0 : row.rate == "30" ? number / 30.0 : number * 1001 / 30000.0;
     };
-    for (const int number : {33, 8, 20, 19, 49, 0}) {
+    for (const int number : {33, 8, 20, 0}) {
       for (const double share : {0.0, 0.6}) {
         engine.seek(begin(number) + share * (begin(number + 1) - begin(number)));
         standsAt(number, share == 0 ? "sought at its begin" : "sought within it");
@@ -180,9 +179,10 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
     bool uneven;
     const std::vector<std::string>& codec;
     bool graph;
-  } rows[] = {{"frames.mp4", false, h264, false}, {"frames.mkv", false, h264, false},
-              {"frames.wmv", false, wmv, true},   {"uneven.mp4", true, h264, false},
-              {"uneven.mkv", true, h264, false},  {"uneven.wmv", true, wmv, true}};
+  } rows[] = {{"frames.mp4", false, h264, false},
+              {"frames.wmv", false, wmv, true},
+              {"uneven.mkv", true, h264, false},
+              {"uneven.wmv", true, wmv, true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const auto path = row.uneven ? makeNumbered(bench.folder, row.name, "25", test::kUneven, row.codec)

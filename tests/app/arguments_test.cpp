@@ -1,12 +1,18 @@
 #include "app/command_line.h"
 #include "app/engine_arguments.h"
 
+#include <iterator>
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-using Words = std::vector<std::string>;
+std::vector<std::string> wordsOf(const std::string& line) {
+  std::istringstream each(line);
+  return {std::istream_iterator<std::string>(each), std::istream_iterator<std::string>()};
+}
 
 TEST(EngineArguments, TakeTheirForms) {
   const auto all = readEngineArguments({"/[1.50-4.00] ", "/P", "12", "/C", "mpeg4", "/S", "4194303", "/J",
@@ -24,36 +30,26 @@ TEST(EngineArguments, TakeTheirForms) {
   EXPECT_EQ(all->job.codec, VideoCodec::Mpeg4);
   EXPECT_EQ(all->job.output, "/out/my movie.avi");
   EXPECT_EQ(all->document, "/x/doc.xtl");
-  const auto preset =
-      readEngineArguments({"/P", "Email", "/Q", "23", "/E", "slow", "/M", "2.5", "/W", "o.mp4", "d.xtl"});
+  const auto preset = readEngineArguments({"/P", "Email", "/Q", "23", "/E", "slow", "/M", "2.5", "/H", "Auto",
+                                           "/K", "w", "/W", "o.mp4", "d.xtl"});
   ASSERT_TRUE(preset) << preset.error().text;
   EXPECT_EQ(preset->job.preset, presetNamed("email"));
   EXPECT_EQ(preset->job.quality, 23);
   EXPECT_EQ(preset->job.effort, "slow");
   EXPECT_EQ(preset->job.megabytes, 2.5);
+  EXPECT_EQ(preset->encoder, EncoderWish::Auto);
+  EXPECT_EQ(preset->job.work->identity.find("Auto"), std::string::npos) << "who encodes is known later";
   const auto least = readEngineArguments({"/w", "o.wav", "d.xtl"});
   ASSERT_TRUE(least);
   EXPECT_FALSE(least->job.slice || least->profile);
 
-  const Words wrong[] = {{},
-                         {"d.xtl"},
-                         {"/W", "d.xtl"},
-                         {"/P", "26", "/W", "o.wmv", "d.xtl"},
-                         {"/P", "1.5", "/W", "o.wmv", "d.xtl"},
-                         {"/P", "nothing", "/W", "o.mp4", "d.xtl"},
-                         {"/Q", "0", "/W", "o.mp4", "d.xtl"},
-                         {"/E", "quick", "/W", "o.mp4", "d.xtl"},
-                         {"/M", "-1", "/W", "o.mp4", "d.xtl"},
-                         {"/C", "h265", "/W", "o.avi", "d.xtl"},
-                         {"/S", "0", "/W", "o.avi", "d.xtl"},
-                         {"/S", "x", "/W", "o.avi", "d.xtl"},
-                         {"/[4.00-1.50]", "/W", "o.avi", "d.xtl"},
-                         {"/[1.50]", "/W", "o.avi", "d.xtl"},
-                         {"/J", "1/2", "/W", "o.avi", "d.xtl"},
-                         {"/K", "w", "/J", "3/2", "/W", "o.avi", "d.xtl"},
-                         {"/K", "w", "/J", "0/2", "/W", "o.avi", "d.xtl"},
-                         {"/Q", "/W", "o.avi", "d.xtl"}};
-  for (const auto& words : wrong) EXPECT_FALSE(readEngineArguments(words)) << testing::PrintToString(words);
+  for (const auto* line :
+       {"", "d.xtl", "/W d.xtl", "/P 26 /W o.wmv d.xtl", "/P 1.5 /W o.wmv d.xtl", "/P nothing /W o.mp4 d.xtl",
+        "/Q 0 /W o.mp4 d.xtl", "/E quick /W o.mp4 d.xtl", "/M -1 /W o.mp4 d.xtl", "/H fpga /W o.mp4 d.xtl",
+        "/C h265 /W o.avi d.xtl", "/S 0 /W o.avi d.xtl", "/S x /W o.avi d.xtl", "/[4.00-1.50] /W o.avi d.xtl",
+        "/[1.50] /W o.avi d.xtl", "/J 1/2 /W o.avi d.xtl", "/K w /J 3/2 /W o.avi d.xtl",
+        "/K w /J 0/2 /W o.avi d.xtl", "/Q /W o.avi d.xtl"})
+    EXPECT_FALSE(readEngineArguments(wordsOf(line))) << line;
 }
 
 TEST(CommandLine, TakesItsCommands) {
@@ -70,14 +66,15 @@ TEST(CommandLine, TakesItsCommands) {
     EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.wmv", "--profile", profile}))
         << profile;
   EXPECT_FALSE(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--profile", "7"}));
-  const auto mp4 =
-      readCommandLine({"--render", "c.INI", "--output", "o.mp4", "--preset", "phone", "--size-mb", "8",
-                       "--quality", "20", "--effort", "veryfast", "--size", "3840x2160"});
+  const auto mp4 = readCommandLine({"--render", "c.INI", "--output", "o.mp4", "--preset", "phone",
+                                    "--size-mb", "8", "--quality", "20", "--effort", "veryfast", "--size",
+                                    "3840x2160", "--encoder", "hardware"});
   ASSERT_TRUE(mp4) << mp4.error().text;
   EXPECT_EQ(mp4->preset, presetNamed("phone"));
   EXPECT_EQ(mp4->megabytes, 8);
   EXPECT_EQ(mp4->quality, 20);
   EXPECT_EQ(mp4->effort, "veryfast");
+  EXPECT_EQ(mp4->encoder, EncoderWish::Hardware);
   EXPECT_EQ(mp4->size->width, 3840);
   EXPECT_EQ(readCommandLine({"--list-presets"})->task, Task::Presets);
   EXPECT_EQ(readCommandLine({"--render", "c.INI", "--output", "o.avi", "--slurm", "8"})->slurmJobs, 8);
@@ -99,37 +96,19 @@ TEST(CommandLine, TakesItsCommands) {
                 .text.find("2 to 240"),
             std::string::npos);
 
-  const Words wrong[] = {{"--nonsense"},
-                         {"--queue"},
-                         {"--queue", "pause"},
-                         {"--queue", "pause", "x"},
-                         {"--queue", "list", "1"},
-                         {"--queue", "add", "c.INI", "--output", "o.avi", "--resume"},
-                         {"--render", "c.INI", "--output", "o.avi", "--slurm", "0"},
-                         {"--render"},
-                         {"--render", "c.INI"},
-                         {"--render", "c.INI", "--output"},
-                         {"--render", "c.INI", "--output", "o.avi", "--range", "4-1"},
-                         {"--render", "c.INI", "--output", "o.avi", "--range", "1.001-1.004"},
-                         {"--render", "c.INI", "--output", "o.avi", "--size", "640"},
-                         {"--render", "c.INI", "--output", "o.avi", "--size", "1x1"},
-                         {"--render", "c.INI", "--output", "o.avi", "--size", "20000x20000"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "0"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "0.1"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "1.99"},
-                         {"--render", "c.INI", "--output", "o.avi", "--rate", "1,5"},
-                         {"--render", "c.INI", "--output", "o.avi", "--colour", "x"},
-                         {"--render", "c.INI", "--output", "o.mkv"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--codec", "mpeg4"},
-                         {"--render", "c.INI", "--output", "o.webm", "--preset", "web"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--preset", "x"},
-                         {"--render", "c.INI", "--output", "o.webm", "--size-mb", "8"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--quality", "0"},
-                         {"--render", "c.INI", "--output", "o.mp4", "--effort", "x"},
-                         {"--check"},
-                         {"--check", "a", "b"},
-                         {"--document", "a"}};
-  for (const auto& words : wrong) EXPECT_FALSE(readCommandLine(words)) << testing::PrintToString(words);
+  for (const auto* line : {"--nonsense", "--queue", "--queue pause", "--queue pause x", "--queue list 1",
+                           "--queue add c.INI --output o.avi --resume", "--render", "--render c.INI",
+                           "--render c.INI --output", "--check", "--check a b", "--document a"})
+    EXPECT_FALSE(readCommandLine(wordsOf(line))) << line;
+  for (const auto* line :
+       {"o.avi --slurm 0",     "o.avi --range 4-1",     "o.avi --range 1.001-1.004",
+        "o.avi --size 640",    "o.avi --size 1x1",      "o.avi --size 20000x20000",
+        "o.avi --rate 0",      "o.avi --rate 0.1",      "o.avi --rate 1.99",
+        "o.avi --rate 1,5",    "o.avi --colour x",      "o.mkv",
+        "o.mp4 --codec mpeg4", "o.webm --preset web",   "o.mp4 --preset x",
+        "o.webm --size-mb 8",  "o.mp4 --quality 0",     "o.mp4 --effort x",
+        "o.mp4 --encoder x",   "o.webm --encoder auto", "o.mp4 --encoder hardware --slurm 2"})
+    EXPECT_FALSE(readCommandLine(wordsOf(std::string("--render c.INI --output ") + line))) << line;
 }
 
 }  // namespace

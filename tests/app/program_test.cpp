@@ -411,6 +411,30 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
   EXPECT_FALSE(std::filesystem::exists(folder)) << "nobody wants to go on with it";
 }
 
+// No driver is found by these, on whatever machine this is.
+TEST_F(Program, WithoutADeviceThatEncodesTheSoftwareDoes) {
+  const auto path = collection("c.INI", {video_});
+  temporaryFolder();
+  ::setenv("LIBVA_DRIVER_NAME", "none", 1);
+  ::setenv("CUDA_VISIBLE_DEVICES", "-1", 1);
+  expectEnd(engine({"--try-encoder", "h264_vaapi"}), 1, "cannot encode by h264_vaapi: ");
+  expectEnd(engine({"--try-encoder", "libx264"}), 2, "there is no encoder libx264");
+  const auto render = [&](const char* name, const char* encoder) {
+    return kvo5({"--render", path, "--output", work_ / name, "--encoder", encoder});
+  };
+  expectEnd(render("s.mp4", "software"), 0);
+  const auto told = render("a.mp4", "auto");
+  expectEnd(told, 0,
+            "kvo5: the picture is encoded in software: no encoder of a device works here (h264_nvenc: ");
+  EXPECT_NE(told.err.find("; h264_vaapi: "), std::string::npos) << told.err;
+  expectEnd(render("h.mp4", "hardware"), 1, "h.mp4: no encoder of a device works here");
+  EXPECT_FALSE(std::filesystem::exists(work_ / "h.mp4"));
+  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
+  EXPECT_TRUE(bytes("a.mp4") == bytes("s.mp4"));
+  ::unsetenv("LIBVA_DRIVER_NAME");
+  ::unsetenv("CUDA_VISIBLE_DEVICES");
+}
+
 TEST_F(Program, OfTwoRendersOfOneOutputTheSecondIsRefused) {
   const auto path = collection("c.INI", {video_});
   const auto folder = work_ / ".rendering-o.avi";

@@ -65,12 +65,11 @@ TEST(Movie, PostsChangeCodesByTheirConditions) {
   ChangePoster poster(settings);
   Movie clip;
   clip.listener(&poster);
-  struct Row {
+  const struct {
     Integer before;
     void (*set)(Movie&);
     Integer after;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {0, [](Movie& m) { m.LoopStart(Value(1)); }, 1},   {95, [](Movie& m) { m.LoopStart(Value(1)); }, 1},
       {96, [](Movie& m) { m.LoopStart(Value(1)); }, 96}, {0, [](Movie& m) { m.LoopEnd(Value(1)); }, 1},
       {95, [](Movie& m) { m.LoopEnd(Value(1)); }, 95},   {1, [](Movie& m) { m.LoopEndFrames(5); }, 96},

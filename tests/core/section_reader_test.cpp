@@ -15,11 +15,10 @@ std::string rowsOf(const std::string& text, const char* name, int keepOpen = 0) 
 }
 
 TEST(SectionReader, FollowsTheItemRule) {
-  struct Row {
+  const struct {
     const char* text;
     const char* rows;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"[A]\r\nk = v\r\nl=w x \r\n\r\nm = z\r\n", "k|v;l|w x;"},
       {"[A]\nk = v, and more\nl = w\n", "k|v;l|w;"},
       {"[A]\r\nk = v,,x\r\nl = w\r\n", "k|v;l|w;"},

@@ -226,12 +226,11 @@ TEST(PaletteEffects, EachHasItsMark) {
   };
   const auto rough = [](const Picture& picture) { return detail(picture, 1, 0) + detail(picture, 0, 1); };
   const auto isBright = [](int v) { return v > 228; };
-  struct Mark {
+  const struct {
     const char* name;
     std::vector<std::size_t> ids;
     std::function<bool(std::size_t id, const Picture& picture)> holds;
-  };
-  const Mark marks[] = {
+  } marks[] = {
       {"grey",
        {5, 6, 7, 15, 22, 31, 36},
        [&](auto, const auto& p) { return difference(p, even, 1) + difference(p, even, 2) < 2; }},

@@ -2,9 +2,11 @@
 #include "engine/document/params.h"
 #include "engine/document/timeline.h"
 #include "engine/run/segments.h"
+#include "engine/run/size_aim.h"
 #include "engine/sound/limiter.h"
 
 #include <cmath>
+#include <functional>
 #include <numbers>
 
 #include <gtest/gtest.h>
@@ -88,6 +90,50 @@ TEST(Segments, BeginAtCutsAndBehindTransitions) {
       at = segment.stop;
     }
     EXPECT_EQ(at, 3000);
+  }
+}
+
+// Encoders that meet the bit rate, that have a floor, that are full early, and that go up and down by chance.
+TEST(SizeAim, EndsBehindFiveTriesWithinTheSizeWhereOneWas) {
+  struct Row {
+    const char* what;
+    std::function<double(double rate, int number)> made;  // bytes of the pictures of a try
+    Fits end;
+    int tries;
+  };
+  constexpr double kSecond = 1e6 / 8;  // bytes at the rate of the plan
+  const auto share = [](double rate) { return 40 * kSecond * rate / 1e6; };
+  const Row rows[] = {
+      {"meets it", [&](double rate, int) { return share(rate); }, Fits::Good, 1},
+      {"gives a fifth more", [&](double rate, int) { return 1.2 * share(rate); }, Fits::Good, 2},
+      {"gives a fifth less", [&](double rate, int) { return 0.8 * share(rate); }, Fits::Good, 2},
+      {"has a floor", [&](double, int) { return 2 * 40 * kSecond; }, Fits::Never, 5},
+      {"takes no more", [&](double, int) { return 0.5 * 40 * kSecond; }, Fits::Good, 2},
+      {"up and down",
+       [&](double rate, int number) {
+         return number == 5 ? share(rate) : (number % 2 == 0 ? 1.2 : 0.8) * share(rate);
+       },
+       Fits::Good, 5},
+      {"down and up at the end", [&](double, int number) { return (number == 4 ? 0.9 : 1.3) * 40 * kSecond; },
+       Fits::Good, 4},
+  };
+  RenderPlan plan;
+  plan.format.video = media::VideoFormat{.bitRate = 1'000'000};
+  plan.steps = 25;
+  plan.stop = 40 * 25;
+  plan.mostBytes = static_cast<std::uint64_t>(40 * kSecond);
+  for (const auto& row : rows) {
+    SizeAim aim(plan);
+    auto fits = Fits::TryAgain;
+    int tries = 0;
+    double bytes = 0;
+    while (fits == Fits::TryAgain && tries < 10) {
+      bytes = row.made(aim.bitRate(), ++tries);
+      fits = aim.judge(static_cast<std::uint64_t>(bytes), static_cast<std::uint64_t>(bytes), false);
+    }
+    EXPECT_EQ(fits, row.end) << row.what;
+    EXPECT_EQ(tries, row.tries) << row.what;
+    EXPECT_EQ(fits == Fits::Good, bytes <= 40 * kSecond) << row.what;
   }
 }
 

@@ -133,14 +133,13 @@ TEST_F(PlaybackTest, LeavesOutWhatIsLateAndKeepsItsPlace) {
   double now = 0;
   Playback playback(*readDocument(document(false)), nullptr);
   const auto seek = [&](std::int64_t frame) { return [&, frame] { playback.seek(frame, now); }; };
-  struct Row {
+  const struct {
     const char* what;
     double at;
     std::function<void()> act;
     std::int64_t position;
     PlayState state;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"play", 0, [&] { playback.play(now); }, 0, PlayState::Playing},
       {"a slow machine", 0.5, [] {}, 12, PlayState::Playing},
       {"pause", 0.5, [&] { playback.pause(now); }, 12, PlayState::Paused},

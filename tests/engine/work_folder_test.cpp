@@ -53,7 +53,9 @@ TEST_F(WorkFolderTest, TheBytesAreThoseOfOneGo) {
   for (const auto& [name, codec] : {std::pair{"m.avi", VideoCodec::Mpeg4},
                                     {"raw.avi", VideoCodec::Raw},
                                     {"m.wmv", VideoCodec::Wmv2},
-                                    {"m.mp4", VideoCodec::H264}}) {
+                                    {"m.mp4", VideoCodec::H264},
+                                    {"m.webm", VideoCodec::Vp9},
+                                    {"m.mov", VideoCodec::ProRes}}) {
     codec_ = codec;
     ASSERT_TRUE(make(name, std::nullopt));
     const auto whole = bytesOf(name);

@@ -349,32 +349,6 @@ TEST(AddClips, AnExtendedDiscBecomesItsTracks) {
   EXPECT_EQ(b.collection.kind, CollectionKind::HoldsExtendedCD);
 }
 
-TEST(AddClips, AQuickTimeMovieThatThePlayerRefusesGoesToItsViewer) {
-  enum Road { Yes, No, NoViewer, PlayerOnly, Quiet };
-  for (const auto road : {Yes, No, NoViewer, PlayerOnly, Quiet}) {
-    for (const auto* name : {"/v/a.mov", "/v/a.pic"}) {
-      IntakeBench b;
-      b.put(name, {.errorText = "no"});
-      b.boxes.answers = {road == Yes ? Answer::Yes : Answer::No};
-      b.host.hasViewer = road != NoViewer;
-      b.settings.adjust().UseWMPfirst = road == PlayerOnly;
-      const bool isMovie = std::string_view(name).ends_with("mov");
-      const auto* clip = b.add(name, {.quiet = road == Quiet});
-      EXPECT_EQ(clip != nullptr, road == Yes || road == Quiet) << name << road;
-      EXPECT_EQ(b.host.viewed.size(), road == Quiet || (road == PlayerOnly && isMovie) ? 0U : 1U);
-      if (clip == nullptr) continue;
-      EXPECT_TRUE(clip->IsTrueQT4());
-      EXPECT_EQ(clip->DurationTime().text() + clip->DurationFrames().text(), "N/AN/A");
-      if (road == Yes) {
-        EXPECT_EQ(b.box(), "KVO5 - Correct QuickTime Playback|Did the Movie / Image display Correctly ?");
-      }
-    }
-  }
-  IntakeBench b;
-  b.put("/v/a.mov", {kFilm});
-  EXPECT_FALSE(b.add("/v/a.mov")->IsTrueQT4());
-}
-
 TEST(AddClips, NamesComeFromTagsAndFromNamesThatAreNone) {
   IntakeBench b;
   b.put("/v/a+b.mp3", {kSound, {"A Title", "An Artist", "An Album", std::string("Folk\0rest", 9)}});

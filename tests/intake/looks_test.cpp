@@ -73,46 +73,6 @@ TEST(AviCompressor, EachCodeHasARecordThatSaysSomething) {
   EXPECT_EQ(codes.size(), 183U);  // two texts that are sought stand for one code
 }
 
-class CountingProbe : public StreamProbe {
- public:
-  std::string told;
-  int asked = 0;
-  std::optional<std::string> report(const std::string& /*path*/, int tries) override {
-    EXPECT_EQ(tries, 20);
-    ++asked;
-    return told.empty() ? std::nullopt : std::optional(told);
-  }
-};
-
-TEST(AviCompressor, WhatItsBytesDoNotTellTheProbeIsAskedFor) {
-  const struct {
-    const char* head;
-    const char* told;
-    AviCompressor found;
-    int asked;
-  } rows[] = {
-      {"DIVX", "", {"DIVX", {"A, B", "www.c.d", "Notes"}, true, false}, 0},
-      {"IV50", "", {"IV50", {"Unknown", "Unknown", "N/A"}, true, false}, 0},
-      {"?", "Video Stream proper", {"Unknown", {"Unknown", "Unknown", "N/A"}, false, true}, 1},
-      {"?", "KVO_FAIL", {"Unknown", {"Unknown", "Unknown", "N/A"}, false, false}, 1},
-      {"?", "", {"Unknown", {"Unknown", "Unknown", "N/A"}, false, false}, 1},
-  };
-  for (const auto& row : rows) {
-    test::MemoryFiles files;
-    const ProgramFolder folder("/prog");
-    files.all[folder.beside("\\Fourcc.dat")] = "XX\r\ndivx ,\"A, B\",www.c.d,Notes\r\n";
-    files.all["/v/a.avi"] = row.head;
-    CountingProbe probe;
-    probe.told = row.told;
-    const auto found = GetAVICompressor({files, folder, probe}, "/v/a.avi");
-    EXPECT_EQ(found.codec, row.found.codec);
-    EXPECT_EQ(found.description, row.found.description) << row.head;
-    EXPECT_EQ(found.isKnown, row.found.isKnown);
-    EXPECT_EQ(found.isWindowsMedia, row.found.isWindowsMedia) << row.told;
-    EXPECT_EQ(probe.asked, row.asked) << row.head;
-  }
-}
-
 // A TIFF of some entries, each of 12 bytes, Intel order.
 std::string tiff(std::string_view entries) {
   return "II*\0\x08\0\0\0"s + static_cast<char>(entries.size() / 12) + "\0"s + std::string(entries);

@@ -1,6 +1,8 @@
 #include "playback/display/picture_room.h"
 #include "playback/display_bench.h"
 
+#include <array>
+
 #include <gtest/gtest.h>
 
 namespace kvo {
@@ -187,21 +189,6 @@ TEST(Display, AnEmptyCollectionAndARadioStayInTheNormalFace) {
   EXPECT_TRUE(editing.boxes.styled.empty());
 }
 
-TEST(Display, AScreenOfAnotherSizeIsToldForEachAxis) {
-  DisplayBench b;
-  b.load("a.avi", 640, 480);
-  b.display.Lbl_MiniMode_Click();
-  b.desktop.facts.width = 1920;
-  b.display.Lbl_MinMax_Click();
-  ASSERT_EQ(b.boxes.shown.size(), 1u);
-  EXPECT_EQ(b.boxes.shown[0].text, "Width Display Corruption - Reset Display");
-  EXPECT_TRUE(b.mode.IsFullScreenWindow) << "and it goes on";
-  b.desktop.facts.height = 1080;
-  b.display.Lbl_MinMax_Click();
-  EXPECT_EQ(b.boxes.shown.back().text, "Height Display Corruption - Reset Display");
-  EXPECT_EQ(b.desktop.beeps, 3);
-}
-
 TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
   const double lefts[] = {0, 750, 1400, 2000, 2570, 3200, 3800, 4450, 5100, 5580, 6340, 7100};
   DisplayBench b;
@@ -229,19 +216,6 @@ TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
   EXPECT_EQ(b.mode.slider.ImageBlob.place, (Place{4800, 460, 195, 180})) << "still the middle";
 }
 
-TEST(Display, TheNormalFaceCannotBeSized) {
-  DisplayBench b;
-  auto& placings = b.mode.window.placings;
-  const auto before = placings;
-  b.display.Form_Resize(8440, 6160);
-  EXPECT_EQ(placings, before) << "less than a pixel away";
-  b.display.Form_Resize(9000, 7000);
-  EXPECT_EQ(placings, before + 1);
-  b.display.Form_Resize(9000, 7000);
-  EXPECT_EQ(placings, before + 1) << "a desktop that insists is left in peace";
-  EXPECT_EQ(sizeOf(b), kFacePlace);
-}
-
 TEST(Display, AStillIsShownInEveryFace) {
   DisplayBench b;
   b.loadStill(800, 600);
@@ -265,45 +239,6 @@ TEST(Display, AStillIsShownInEveryFace) {
   EXPECT_DOUBLE_EQ(still.Img_Still.place.height, 15560 - 2 * 690);
   b.load("a.avi", 640, 480);
   EXPECT_FALSE(still.Img_Still.visible);
-}
-
-TEST(Display, ThePictureAloneCoversTheScreenWhereThereIsOne) {
-  DisplayBench b;
-  b.load("a.mp3");
-  b.display.mnu_DirXFullSC_Click();
-  EXPECT_FALSE(b.mode.ticks.mnu_DirXFullSC);
-  b.loadStill(800, 600);
-  b.display.mnu_DirXFullSC_Click();
-  EXPECT_TRUE(b.mode.ticks.mnu_DirXFullSC && b.mode.pictureAlone);
-  EXPECT_TRUE(b.display.leaveFullPicture() && !b.mode.pictureAlone && !b.display.leaveFullPicture());
-  b.load("a.avi", 640, 480);
-  b.display.mnu_DirXFullSC_Click();
-  EXPECT_TRUE(b.mode.ticks.mnu_DirXFullSC && b.mode.player.fullScreen);
-  EXPECT_FALSE(b.mode.ticks.lockAndZoomEnabled);
-  b.player.PlayerSetFullScreenMode(false);  // left by the keyboard
-  b.display.SortFullScreen();
-  EXPECT_TRUE(b.mode.ticks.lockAndZoomEnabled && !b.mode.ticks.mnu_DirXFullSC);
-  b.display.Lbl_MiniMode_Click();
-  b.display.mnu_DirXFullSC_Click();
-  EXPECT_TRUE(b.display.stepBack() && b.mode.IsMiniMode && !b.mode.pictureAlone) << "back to the face";
-}
-
-// Of 1280 x 1024 pixels the toolbar leaves 886 to the picture.
-TEST(Display, WhereTheScreenIsCoveredThePictureIsSizedWithinIt) {
-  DisplayBench b;
-  b.load("a.avi", 640, 480);
-  b.display.coverOrBack();
-  b.display.Form_Resize(19200, 15360);
-  const struct {
-    int percent;
-    Place player;
-  } rows[] = {{50, {7200, 5535, 4800, 3600}}, {100, {4800, 3735, 9600, 7200}}, {200, {0, 690, 19200, 13290}}};
-  for (const auto& row : rows) {
-    b.display.ResizePercent(row.percent);
-    EXPECT_EQ(b.mode.player.place, row.player) << row.percent;
-    EXPECT_TRUE(b.mode.IsFullScreenWindow);
-    EXPECT_EQ(b.mode.ticks.mnu_DirXZoom50, row.percent == 50);
-  }
 }
 
 TEST(Display, TheKeysOfTheNormalFaceSayWhatTheOthersHaveLedTo) {
@@ -330,12 +265,57 @@ TEST(Display, TheKeysOfTheNormalFaceSayWhatTheOthersHaveLedTo) {
   }
 }
 
-TEST(Display, TheSpineReadsWhatKindOfClipIsInHand) {
+// What the play group shows and says: "1 4 PAUSED" and "playing", "paused".
+constexpr std::array<const char*, 4> kGroups{"", "NOTHING", "PLAYING", "PAUSED"};
+
+std::string playGroup(const DisplayBench& b) {
+  auto line = std::to_string(b.keys.at(KeyPlace::Play).image) + " " +
+              std::to_string(b.keys.at(KeyPlace::Pause).image) + " " +
+              kGroups[static_cast<std::size_t>(b.keys.group)];
+  if (b.mode.player.IsPlaying) line += " playing";
+  if (b.mode.player.IsPaused) line += " paused";
+  return line;
+}
+
+TEST(Buttons, WordsChangeThePlayGroup) {
+  const struct {
+    std::vector<KeyWord> words;
+    const char* expected;
+  } rows[] = {
+      {{KeyWord::PlayOn}, "2 3 PLAYING playing"},
+      {{KeyWord::PlayOn, KeyWord::PauseOn}, "1 4 PAUSED paused"},
+      {{KeyWord::PauseOn, KeyWord::PlayOn}, "2 3 PLAYING playing"},
+      {{KeyWord::PlayOn, KeyWord::PlayOff, KeyWord::PlayOn},
+       "1 3 PLAYING playing"},  // the state word has not changed
+      {{KeyWord::PlayOn, KeyWord::AllOff}, "1 3 NOTHING"},
+      {{KeyWord::PauseOff}, "0 3  playing"},
+      {{KeyWord::Rebuild}, "1 3 "},
+      {{KeyWord::PlayOn, KeyWord::AllOff, KeyWord::Rebuild}, "1 3 NOTHING"},
+      {{KeyWord::PlayOn, KeyWord::Rebuild}, "2 3 PLAYING playing"},
+      {{KeyWord::PlayOn, KeyWord::PlayOff, KeyWord::Rebuild}, "1 4 PAUSED paused"},
+      {{KeyWord::PlayOn, KeyWord::FFOn}, "2 4 PAUSED paused"},
+      {{KeyWord::PlayOn, KeyWord::FFOnHeld}, "2 3 PLAYING playing"},
+  };
+  for (const auto& row : rows) {
+    DisplayBench b;
+    for (const auto word : row.words) b.buttons.BuildButton(word);
+    EXPECT_EQ(playGroup(b), row.expected) << row.expected;
+  }
   DisplayBench b;
-  b.load("a.mp3");
-  EXPECT_EQ(b.host.caption, "KVO5 - Audio");
-  b.load("a.avi", 640, 480);
-  EXPECT_EQ(b.host.caption, "KVO5");
+  b.buttons.BuildButton(KeyWord::FOn, true);
+  EXPECT_EQ(playGroup(b), "2 0 PLAYING playing") << "whatever the word";
+}
+
+TEST(Buttons, AllAreDrawnAndTheStepsOnlyWithAClip) {
+  DisplayBench b;
+  b.timers.Timer7.start();
+  b.buttons.BuildAllButs(false);
+  EXPECT_FALSE(b.keys.stepLabelsEnabled || b.timers.Timer7.enabled());
+  EXPECT_EQ(b.keys.at(KeyPlace::Speeds).image, 0);
+  EXPECT_EQ(b.keys.at(KeyPlace::Mini).image, 19);
+  b.buttons.BuildAllButs(true);
+  EXPECT_TRUE(b.keys.stepLabelsEnabled && b.timers.Timer1.enabled() && b.timers.Timer6.enabled());
+  for (std::size_t i = 0; i < kKeyPlaces; ++i) EXPECT_GT(b.keys.drawn[i].image, 0) << i;
 }
 
 }  // namespace

@@ -41,6 +41,8 @@ constexpr LayoutModes kCovering{.IsMiniMode = true, .IsFullScreenWindow = true};
 
 constexpr Place kFace{0, 0, 8430, 6150};
 constexpr Place kZoomWindow{0, 0, 7590, 6130};
+constexpr Place kTallWindow{0, 0, 4800, 4301};  // by two twips beyond the tolerance
+constexpr Place kSoundWindow{0, 0, 4800, 3600};
 constexpr Place kScreenWindow{0, 0, 19200, 15360};
 
 struct LayoutRow {
@@ -85,24 +87,14 @@ TEST(Layout, EachKindOfClipHasItsPlaceInEachMode) {
       {"Free Zoom", kZoom, kVGA, kZoomWindow, 15, "shown 0,690 9600x8580; window 0,0 9600x9270"},
       {"Free Zoom at 2x", kZoom, kVGA, kZoomWindow, 7.5, "shown 0,690 4800x4980; window 0,0 4800x5670"},
       {"the picture fills it already", kZoom, kVGA, {0, 0, 4800, 4299}, 15, "shown 0,690 4800x3609"},
-      {"a shape beyond the tolerance",
-       kZoom,
-       kVGA,
-       {0, 0, 4800, 4301},
-       15,
-       "shown 0,690 9600x8580; window 0,0 9600x9270"},
+      {"a shape too far off", kZoom, kVGA, kTallWindow, 15, "shown 0,690 9600x8580; window 0,0 9600x9270"},
       {"larger than the screen", kZoom, kHuge, kZoomWindow, 15,
        "shown 0,690 19200x12180; window 0,0 19200x12870"},
       {"aspect locked", kLocked, kVGA, kZoomWindow, 15, "shown 0,690 7590x5440"},
       {"sound in Free Zoom", kZoom, kSound, kZoomWindow, 15,
        "hidden 0,690 4800x2910; window 0,0 4800x3600; no video; Timer4 on; \"KVO5 - Audio\""},
       {"a clip that follows", kFollows, kVGA, kZoomWindow, 15, "shown 0,690 7590x5440"},
-      {"behind sound that was chosen",
-       kFollows,
-       kVGA,
-       {0, 0, 4800, 3600},
-       15,
-       "shown 0,690 9600x8580; window 0,0 9600x9270"},
+      {"sound was chosen", kFollows, kVGA, kSoundWindow, 15, "shown 0,690 9600x8580; window 0,0 9600x9270"},
       {"sound that follows", kFollows, kSound, kZoomWindow, 15,
        "hidden 0,690 7590x5440; no video; \"KVO5 - Audio\""},
       {"still in Free Zoom", kZoom, kStill, kZoomWindow, 15, "hidden 0,690 7590x5440; Timer4 off"},

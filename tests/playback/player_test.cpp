@@ -1,5 +1,10 @@
+#include "playback/captions.h"
 #include "playback/kvo_player_eng_ocx.h"
 #include "playback/player_bench.h"
+#include "playback/routing.h"
+#include "playback/stream_info.h"
+#include "support/held_player.h"
+#include "support/memory_files.h"
 
 #include <gtest/gtest.h>
 
@@ -61,50 +66,9 @@ TEST(Player, AClipIsOpenedByItsEngineAndItsRecordTellsOfIt) {
   }
 }
 
-TEST(Player, AFileThatTellsNoRateHasFifteenPicturesASecondAndOneWithoutStreamsIsToldOf) {
-  PlayerBench b;
-  b.add("a.wmv");
-  b.streams.all["/v/a.wmv"].frameRate = 0;
-  b.open(1);
-  EXPECT_EQ(b.collection.MovieList[1].FrameRate(), 15);
-  EXPECT_TRUE(b.boxes.shown.empty());
-  b.streams.all["/v/a.wmv"] = {};
-  b.open(1);
-  ASSERT_EQ(b.boxes.shown.size(), 1u);
-  EXPECT_EQ(b.boxes.shown[0].text, "This WMV stream contains no video - Error - Malformed Stream");
-  EXPECT_EQ(b.player.PlayerCoronaGetFrameRate(0), 15);
-}
-
-TEST(Player, TheProbeIsAskedOnceForAClip) {
-  PlayerBench b;
-  b.probe.told = "Audio Stream proper WMA V9 rate: 64kbps Video Stream proper WMV V9 rate: 300kbps";
-  const auto& clip = b.load("a.wmv");
-  b.open(1);
-  EXPECT_EQ(b.probe.asked, 1);
-  EXPECT_EQ(clip.VideoCodec() + clip.VideoBitRate() + clip.AudioCodec() + clip.AudioBitRate(),
-            "WMV9300kWMA V964k");
-  EXPECT_TRUE(b.player.UsingCorona());
-}
-
-TEST(Player, AnotherClipThatComesWhileOneIsProbedStays) {
-  PlayerBench b;
-  b.add("a.wmv");
-  b.add("b.mp4");
-  b.probe.meanwhile = [&] { b.open(2); };
-  b.open(1);
-  EXPECT_EQ(b.player.PlayerGetFileName(), "/v/b.mp4");
-  EXPECT_FALSE(b.player.UsingCorona());
-  b.collection.MovieList[1].VideoCodec("");
-  b.probe.meanwhile = [&] {
-    b.player.Med_previewClear();
-    b.collection.MovieList.remove(1);
-  };
-  b.open(1);
-  EXPECT_TRUE(b.player.PlayerIsEmpty());
-}
-
 TEST(Player, ASeekOfAGraphLandsOnThePictureOrAheadOfTheEnd) {
   using enum DisplayMode;
+  constexpr double kNtsc = 30000.0 / 1001;
   const struct {
     const char* name;
     double duration, rate;
@@ -125,14 +89,7 @@ TEST(Player, ASeekOfAGraphLandsOnThePictureOrAheadOfTheEnd) {
       {"a.wmv", 10, 25, Frames, true, 50, {1.99}, false},
       {"a.wmv", 10, 25, Frames, false, 250, {9.99, 10}, true},
       {"a.wmv", 10, 25, Frames, false, 251, {9.99}, false},
-      {"a.wmv",
-       10,
-       30000.0 / 1001,
-       Frames,
-       false,
-       30,
-       {30 * 1001 / 30000.0 - 0.01, 30 * 1001 / 30000.0},
-       true},
+      {"a.wmv", 10, kNtsc, Frames, false, 30, {0.991, 1.001}, true},
       {"a.wma", 10, 0, Seconds, false, 3, {3}, false},
       {"a.wma", 10, 0, Frames, false, 3, {2.99}, false},
       {"a.wma", 10, 0, Frames, false, 11, {9.99}, false},
@@ -213,43 +170,6 @@ TEST(Player, PicturesOfUnevenLengthsHaveTheirNumbersByTheirTimes) {
   }
 }
 
-TEST(Player, LengthsAndSectionsAreInTheUnitInForce) {
-  for (const char* name : {"a.mp4", "a.wmv"}) {
-    PlayerBench b;
-    auto& clip = b.load(name);
-    clip.DurationFrames(Value(250));
-    b.player.PlayerSetSelectionStart(2);
-    b.player.PlayerSetSelectionEnd(6);
-    EXPECT_EQ(clip.LoopEnd().number(), b.player.UsingCorona() ? 10 : 6) << name;
-    b.player.PlayerSetDisplayMode(DisplayMode::Frames);
-    EXPECT_EQ(b.player.PlayerGetSelectionStart(), 50) << name;
-    EXPECT_EQ(b.player.PlayerGetSelectionEnd(), 150) << name;
-    EXPECT_EQ(b.player.PlayerGetDuration(), 250) << name;
-    for (const auto& [moved, held] : {std::pair{4.0, 4.0}, {8.0, 6.0}}) {
-      if (b.player.UsingCorona()) break;
-      b.control.setSelectionEnd(moved);
-      b.player.holdSelectionEnd();
-      EXPECT_EQ(b.control.selectionEnd(), held) << "no further than Mark-Out";
-    }
-    b.player.GlobalMediaPlay();
-    b.loop.advance(20000);
-    EXPECT_EQ(b.player.PlayerGetCurrentPosition(), 150) << name << " stops at the end of its section";
-  }
-  for (const auto& [recorded, length] : {std::pair{9.8, 9.8}, {12.0, 10.0}, {0.0, 10.0}}) {
-    PlayerBench c;
-    c.load("a.mpg").DurationTime(Value(recorded));
-    EXPECT_DOUBLE_EQ(c.player.PlayerGetDuration(), length) << "sound behind the pictures does not count";
-  }
-  PlayerBench b;
-  auto& clip = b.load("a.mp4");
-  b.player.PlayerSetSelectionStart(5);
-  b.player.PlayerSetSelectionEnd(5);
-  EXPECT_EQ(clip.LoopEnd().number(), 10) << "an end ahead of the start is none";
-  b.load("a.wma", kSoundFile);
-  b.player.PlayerSetDisplayMode(DisplayMode::Frames);
-  EXPECT_DOUBLE_EQ(b.player.PlayerGetDuration(), 12.4) << "sound is counted in seconds";
-}
-
 TEST(Player, PlayGoesOnOrBeginsAgainFromMarkIn) {
   const struct {
     const char* name;
@@ -283,25 +203,6 @@ TEST(Player, PlayGoesOnOrBeginsAgainFromMarkIn) {
   EXPECT_FALSE(b.mode.player.IsPlaying) << "there is nothing to play";
 }
 
-TEST(Player, SoundOnAGraphHasNoWindow) {
-  PlayerBench b;
-  b.load("a.mp4");
-  b.player.PlayerShow();
-  const auto before = b.mode.player.place;
-  b.load("a.wma", kSoundFile);
-  b.player.PlayerShow();
-  b.player.SendPlayerFarLeft();
-  b.player.PlayerSetLeft(1);
-  b.player.PlayerSetTop(1);
-  b.player.PlayerSetWidth(1);
-  b.player.PlayerSetHeight(1);
-  b.player.PlayerSetFullScreenMode(true);
-  EXPECT_EQ(b.mode.player.place, before);
-  EXPECT_FALSE(b.mode.player.visible || b.player.PlayerGetFullScreenMode());
-  EXPECT_EQ(b.player.PlayerGetSourceWidth(), 0);
-  EXPECT_EQ(b.player.PlayerCoronaGetFrameRate(0), 1);
-}
-
 TEST(Player, ADiscHasOneRateAndSizeAndIsNeverEmpty) {
   PlayerBench b;
   auto& clip = b.load("VTS_01_1.VOB", {.duration = 60, .rate = 29.97, .width = 352, .height = 240});
@@ -318,37 +219,6 @@ TEST(Player, ADiscHasOneRateAndSizeAndIsNeverEmpty) {
   EXPECT_FALSE(b.player.PlayerIsEmpty());
 }
 
-TEST(Player, AGraphKeepsItsRateAndSaysSoOfMpegWithTheWindowOpen) {
-  const struct {
-    const char* name;
-    double rate;
-    bool vmr, window, editing, refused, told;
-  } rows[] = {
-      {"a.mpg", 2, true, true, false, true, true},   {"a.mpg", 1, true, true, false, false, false},
-      {"a.mpg", 2, true, false, false, true, false}, {"a.mpg", 2, true, true, true, true, false},
-      {"a.wmv", 2, true, true, false, true, false},
-  };
-  for (const auto& row : rows) {
-    PlayerBench b;
-    b.settings.user.MPEGRoutingVMR = row.vmr;
-    b.settings.state.KVOIsInEditMode = row.editing;
-    b.playerHost.rateWindow = row.window;
-    b.load(row.name);
-    EXPECT_EQ(b.player.PlayerSetRate(row.rate), !row.refused) << row.name;
-    EXPECT_EQ(b.boxes.shown.size(), row.told ? 1u : 0u) << row.name;
-    EXPECT_EQ(b.player.PlayerGetRate(), 1) << row.name;
-    if (row.told) {
-      EXPECT_EQ(b.boxes.shown[0].text,
-                "KVO Cannot make rate changes to MPEG via the VMR\r\n"
-                "Re-start the clip and then make the rate change.");
-    }
-  }
-  PlayerBench b;
-  b.load("a.mp4");
-  EXPECT_TRUE(b.player.PlayerSetRate(2));
-  EXPECT_EQ(b.player.PlayerGetRate(), 2);
-}
-
 TEST(Player, WhatIsSetForTheSoundHoldsForLaterGraphs) {
   PlayerBench b;
   b.player.PlayerSetVolume(-600);
@@ -359,22 +229,6 @@ TEST(Player, WhatIsSetForTheSoundHoldsForLaterGraphs) {
   EXPECT_EQ(b.graphs.graph->volume, -600);
   EXPECT_EQ(b.graphs.graph->balance, 300);
   EXPECT_EQ(b.control.volume, -600);
-}
-
-TEST(Player, FullScreenHoldsBackTheMenusUntilItIsLeftOrTheClipGoes) {
-  PlayerBench b;
-  b.load("a.wmv");
-  b.player.PlayerSetFullScreenMode(true);
-  EXPECT_TRUE(b.player.PlayerGetFullScreenMode() && !b.mode.ticks.lockAndZoomEnabled);
-  const auto place = b.mode.player.place;
-  b.player.PlayerSetWidth(100);
-  b.player.SendPlayerFarLeft();
-  EXPECT_EQ(b.mode.player.place, place);
-  b.player.PlayerSetFullScreenMode(false);
-  EXPECT_TRUE(!b.player.PlayerGetFullScreenMode() && b.mode.ticks.lockAndZoomEnabled);
-  b.player.PlayerSetFullScreenMode(true);
-  b.player.CoronaClear();
-  EXPECT_FALSE(b.player.PlayerGetFullScreenMode());
 }
 
 TEST(Player, TheLastLoadCountsWhenOpeningLetsAnotherIn) {
@@ -453,24 +307,114 @@ TEST(KVOPlayerEngOcX, PlaysAFileToItsEndAndTellsTheTime) {
   EXPECT_DOUBLE_EQ(b.position, 0.2) << "from the start again";
 }
 
-TEST(KVOPlayerEngOcX, AFileThatBreaksOffIsOpenedAgainWhereItStoodButNotForEver) {
-  PreviewBench b;
-  b.player.PlayVideo(1.0);
-  b.loop.advance(1000);
-  b.graphs.graph->Stop();
-  b.loop.advance(200);
-  EXPECT_EQ(b.graphs.made, 2);
-  EXPECT_GT(b.position, 1.9);
-  b.files["/m.avi"].opens = false;
-  b.graphs.graph->Stop();
-  b.loop.advance(200);
-  EXPECT_EQ(b.finished, 1);
+TEST(Routing, NameRecordAndSettingsChooseTheEngine) {
+  using enum EngineRoute;
+  const char* none = "NOTCORONA";
+  const struct {
+    const char* system;
+    const char* path;
+    bool IsCorona, MPEGRoutingVMR;
+    const char* probed;  // what the probe would say
+    Routing routing;
+    int asked;  // times
+  } rows[] = {
+      {"Linux", "/v/a.mp4", false, true, "WMV9", {NotForced, none, false}, 0},
+      {"Linux", "/v/a.avi", false, true, "WMV9", {NotForced, none, false}, 0},
+      {"Linux", "/v/a.avi", true, false, "WMV9", {AviByCorona, "WMV9", true}, 1},
+      {"Linux", "/v/a.avi", true, false, "", {AviByCorona, "Unknown", true}, 1},
+      {"Linux", "/v/a.avi", true, false, "Indeo", {AviByCorona, "Indeo", false}, 1},
+      {"Linux", "/v/a.mp4", true, false, "WMV9", {NotForced, none, false}, 0},
+      {"Linux", "/v/a.mpg", false, false, "", {NotForced, none, false}, 0},
+      {"Linux", "/v/a.mpeg", false, true, "", {MpegOrDvd, "MPEG", true}, 0},
+      {"Linux", "/v/a.M2P", false, true, "", {MpegOrDvd, "MPEG", true}, 0},
+      {"Linux", "/v/VTS_01_1.VOB", false, false, "", {MpegOrDvd, "DVD", true}, 0},
+      {"Linux", "/v/video_ts.ifo", false, false, "", {MpegOrDvd, "DVD", true}, 0},
+      {"Linux", "/v/a.wmv", false, false, "", {NotForced, "Unknown", true}, 1},
+      {"Linux", "/v/a.wmv", false, false, "WMV7(Buffrd)", {NotForced, "WMV7 - BuffReRoute", true}, 1},
+      {"Linux", "/v/a.wmv", false, false, "MPEG-4", {NotForced, "MPEG-4", false}, 1},
+      {"Linux", "/v/a.wm", false, false, "WMV8", {NotForced, "WMV8", true}, 1},
+      {"Linux", "/v/a.au", false, false, "", {NotForced, "Unknown", true}, 1},
+      {"Linux", "/v/a.aiff", false, false, "", {NotForced, none, false}, 0},
+      {"Linux", "/v/wmv", false, false, "", {NotForced, "Unknown", true}, 1},
+      {"98", "/v/a.wmv", false, false, "WMV9", {NotForced, "", false}, 0},
+      {"NT4", "/v/a.vob", false, true, "", {NotForced, "", false}, 0},
+      {"Linux", "http://a.b/c.wmv", false, false, "WMV9", {NotForced, "", false}, 0},
+  };
+  for (const auto& row : rows) {
+    int asked = 0;
+    const auto routing = routeOf({row.system, row.path, row.IsCorona, row.MPEGRoutingVMR}, [&] {
+      ++asked;
+      return std::string(row.probed);
+    });
+    EXPECT_EQ(routing, row.routing) << row.system << " " << row.path << ": " << routing.codecWord;
+    EXPECT_EQ(asked, row.asked) << row.path;
+  }
 }
 
-TEST(KVOPlayerEngOcX, TimesHaveTwoDigitsEach) {
-  const std::pair<double, const char*> rows[] = {
-      {0, "00:00:00"}, {59.99, "00:00:59"}, {3661.5, "01:01:01"}, {360000, "100:00:00"}};
-  for (const auto& [seconds, text] : rows) EXPECT_EQ(KVOPlayerEngOcX::ConvertTime(seconds), text);
+struct CaptionsBench : test::PlayerBench {
+  struct {
+    DisplayModeState& mode;
+  } window{mode};
+  test::MemoryFiles texts;
+  test::HeldPlayer held{*this};
+};
+
+TEST(Captions, SamiGoesFirstAndWithoutTextsTheyStayOff) {
+  CaptionsBench b;
+  b.held.PlayerSetFilename("/v/film.one.avi", 1);
+  applyCaptions(b.held, b.texts, true);
+  EXPECT_FALSE(b.held.captions) << "there is nothing to show";
+  b.held.tracks = {{MediaTrack::Kind::Subtitles, 1, "", "", false}};
+  applyCaptions(b.held, b.texts, true);
+  EXPECT_TRUE(b.held.captions) << "what the file brings";
+  for (const auto& [file, found] :
+       {std::pair{"film.srt", ""}, std::pair{"film.one.sub", "film.one.sub"},
+        std::pair{"film.one.srt", "film.one.srt"}, std::pair{"film.one.smi", "film.one.smi"}}) {
+    b.texts.all[std::string("/v/") + file] = "x";
+    const auto beside = captionFileBeside(b.texts, "/v/film.one.avi");
+    EXPECT_EQ(beside, *found == '\0' ? "" : std::string("/v/") + found);
+  }
+  applyCaptions(b.held, b.texts, true);
+  EXPECT_EQ(b.held.captionFile, "/v/film.one.smi");
+  applyCaptions(b.held, b.texts, false);
+  EXPECT_FALSE(b.held.captions);
+  EXPECT_EQ(captionFileBeside(b.texts, "http://film.one"), "");
+}
+
+TEST(StreamInfo, TellsWhatTheStreamTellsAndFollowsIt) {
+  test::PlayerBench b;
+  StreamInfoState state;
+  StreamInfo info(state, b.player, b.loop);
+  info.Lbl_StreamInfo_Click();
+  EXPECT_FALSE(state.visible) << "nothing plays";
+  b.load("a.mp4", {.tracks = {{MediaTrack::Kind::Sound, 1, "", "en", true},
+                              {MediaTrack::Kind::Subtitles, 1, "Signs", "", false}}});
+  b.control.details = {.description = "News",
+                       .others = {{"icy-br", "128"}},
+                       .codecs = {{"Video", "h264"}},
+                       .receivedRate = 96000.4,
+                       .lostPictures = 2};
+  info.Lbl_StreamInfo_Click();
+  ASSERT_TRUE(state.visible);
+  ASSERT_EQ(state.properties.size(), 9U);
+  EXPECT_EQ(state.properties[0], (StreamFactLine{"Description", "News"}));
+  EXPECT_EQ(state.properties[8], (StreamFactLine{"Creation Date", "-"}));
+  EXPECT_EQ(state.codecs, (std::vector<StreamFactLine>{{"Video", "h264"}}));
+  EXPECT_EQ(state.connection[2], (StreamFactLine{"Received", "96000 bps"}));
+  EXPECT_EQ(state.choices,
+            (std::vector<StreamChoice>{{"Sound 1 (en)", true}, {"Subtitles 1 - Signs", false}}));
+  info.more();
+  EXPECT_EQ(state.properties.back(), (StreamFactLine{"icy-br", "128"}));
+  for (const bool chosen : {true, false}) {
+    info.choose(1);
+    EXPECT_EQ(state.choices[1].chosen, chosen);
+  }
+  b.control.details.lostPictures = 7;
+  b.loop.advance(1000);
+  EXPECT_EQ(state.connection.back().value, "7");
+  b.player.Med_previewClear();
+  b.loop.advance(1000);
+  EXPECT_EQ(state, StreamInfoState()) << "with the stream its window goes";
 }
 
 }  // namespace

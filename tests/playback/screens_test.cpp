@@ -19,70 +19,40 @@ const Screen kLeftLow = screenAt("left", {0, 0, 1024, 768}, 30);
 
 TEST(Screens, AWindowIsPutWhereItCanBeReached) {
   const std::vector<Screen> both{kLeft, kRight}, only{kLeft}, low{kLeftLow}, swapped{kRight, kLeft};
-  const RememberedPlace onLeft{{100, 200, 562, 410}, "left", kLeft.whole};
+  const auto onLeft = [](int left, int top, int width = 562, int height = 410) {
+    return RememberedPlace{{left, top, width, height}, "left", kLeft.whole};
+  };
   const RememberedPlace onRight{{2200, 300, 800, 600}, "right", kRight.whole};
+  struct Window {
+    int width, height;
+    bool sizable;
+  };
+  constexpr Window kFixed{562, 410, false}, kSizable{10, 10, true};
   const struct {
     const char* what;
     std::vector<Screen> screens;
     std::optional<RememberedPlace> remembered;
-    int width, height;
-    bool sizable;
+    Window window;
     ScreenArea expected;
   } rows[] = {
-      {"first time", both, {}, 562, 410, false, {679, 350, 562, 410}},
-      {"as it was", both, onLeft, 562, 410, false, {100, 200, 562, 410}},
-      {"on the second screen", both, onRight, 10, 10, true, {2200, 300, 800, 600}},
-      {"a fixed window at its new size", both, onLeft, 702, 512, false, {100, 200, 702, 512}},
-      {"the screens have changed places",
-       {screenAt("right", {0, 0, 1280, 1024})},
-       onRight,
-       10,
-       10,
-       true,
-       {280, 300, 800, 600}},
-      {"another main screen", swapped, onLeft, 562, 410, false, {100, 200, 562, 410}},
-      {"its screen is gone", only, onRight, 10, 10, true, {653, 340, 800, 600}},
-      {"over the left edge",
-       both,
-       RememberedPlace{{-400, 200, 562, 410}, "left", kLeft.whole},
-       562,
-       410,
-       false,
-       {0, 200, 562, 410}},
-      {"below the lower edge",
-       both,
-       RememberedPlace{{100, 1000, 562, 410}, "left", kLeft.whole},
-       562,
-       410,
-       false,
-       {100, 670, 562, 410}},
-      {"under the bar of the desktop",
-       both,
-       RememberedPlace{{100, 0, 562, 410}, "left", kLeft.whole},
-       562,
-       410,
-       false,
-       {100, 30, 562, 410}},
-      {"less resolution",
-       low,
-       RememberedPlace{{1358, 670, 562, 410}, "left", kLeft.whole},
-       562,
-       410,
-       false,
-       {462, 358, 562, 410}},
-      {"too large for the screen",
-       low,
-       RememberedPlace{{50, 60, 1800, 1000}, "left", kLeft.whole},
-       10,
-       10,
-       true,
-       {0, 30, 1024, 738}},
-      {"fixed and too large", low, onLeft, 1124, 820, false, {0, 30, 1124, 820}},
-      {"no screen at all", {}, onLeft, 562, 410, false, {0, 0, 562, 410}},
+      {"first time", both, {}, kFixed, {679, 350, 562, 410}},
+      {"as it was", both, onLeft(100, 200), kFixed, {100, 200, 562, 410}},
+      {"on the second screen", both, onRight, kSizable, {2200, 300, 800, 600}},
+      {"a new size", both, onLeft(100, 200), {702, 512, false}, {100, 200, 702, 512}},
+      {"they have moved", {screenAt("right", {0, 0, 1280, 1024})}, onRight, kSizable, {280, 300, 800, 600}},
+      {"another main screen", swapped, onLeft(100, 200), kFixed, {100, 200, 562, 410}},
+      {"its screen is gone", only, onRight, kSizable, {653, 340, 800, 600}},
+      {"over the left edge", both, onLeft(-400, 200), kFixed, {0, 200, 562, 410}},
+      {"below the lower edge", both, onLeft(100, 1000), kFixed, {100, 670, 562, 410}},
+      {"under the bar of the desktop", both, onLeft(100, 0), kFixed, {100, 30, 562, 410}},
+      {"less resolution", low, onLeft(1358, 670), kFixed, {462, 358, 562, 410}},
+      {"too large for the screen", low, onLeft(50, 60, 1800, 1000), kSizable, {0, 30, 1024, 738}},
+      {"fixed and too large", low, onLeft(100, 200), {1124, 820, false}, {0, 30, 1124, 820}},
+      {"no screen at all", {}, onLeft(100, 200), kFixed, {0, 0, 562, 410}},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(placeWindow(row.screens, row.remembered, row.width, row.height, row.sizable), row.expected)
-        << row.what;
+    const auto& [width, height, sizable] = row.window;
+    EXPECT_EQ(placeWindow(row.screens, row.remembered, width, height, sizable), row.expected) << row.what;
   }
 }
 

@@ -30,44 +30,6 @@ TEST(Slider, APerCentIsAWholeNumberOfTwips) {
   }
 }
 
-TEST(Slider, WordsMoveHandlesAndHandlesStandForPlaces) {
-  PositionsBench b;
-  b.ready("a.avi");
-  auto& slider = b.positions.core.slider;
-  slider.hold(0);
-  slider.SetposAsPct(25, "IN");
-  slider.SetposAsPct(170, "OUT");
-  slider.SetposAsPct(40, "nonsense");
-  EXPECT_EQ(b.slider, (SliderState{false, 0, 0.25, 1, 0.4}));
-  EXPECT_EQ(slider.PosPctToSecs(), 4);
-  EXPECT_EQ(slider.PosPctToSecsMark(0), 2.5);
-  EXPECT_EQ(slider.PosPctToSecsMark(7), 10);
-  EXPECT_EQ(slider.TimeAsPctUnfmt(2), 20);
-  const InMode frames(b.player, DisplayMode::Frames);
-  EXPECT_EQ(slider.PosPctToSecs(), 100) << "in the unit that is in force";
-  EXPECT_EQ(slider.TimeAsPctUnfmt(50), 20);
-}
-
-struct DiscAt80 : DiscPosition {
-  [[nodiscard]] std::string position() const override { return "01m 20s"; }
-  [[nodiscard]] std::string trackLength() const override { return "03m 20s"; }
-  void step(int) override {}
-  void toTrack(int) override {}
-};
-
-TEST(Slider, TracksAreCountedByTheirTexts) {
-  EXPECT_EQ(trackSeconds("3m 20s"), 200);
-  EXPECT_EQ(trackSeconds("x3m 20s", true), 200);
-  PositionsBench b;
-  auto& clip = b.ready("Track01.CDA");
-  clip.DurationTime(Value("3m 20s"));
-  const DiscAt80 disc;
-  b.positions.core.slider.disc(&disc);
-  EXPECT_EQ(b.positions.core.slider.TimeAsPct(), 40);
-  b.positions.core.slider.hold(0.5);
-  EXPECT_EQ(b.positions.core.slider.PosPctToSecs(), 100);
-}
-
 TEST(Slider, GlidesOnceBehindALoadAndOnlyToTheRight) {
   PositionsBench b;
   b.ready();
@@ -100,22 +62,6 @@ TEST(Slider, GlidesOnceBehindALoadAndOnlyToTheRight) {
   slider.hold(0.3);
   b.loop.advance(1000);
   EXPECT_EQ(at(), 2250) << "a hand ends it";
-}
-
-TEST(Displays, SevenPlacesForANumberOfEachSize) {
-  const struct {
-    double x;
-    const char* text;
-  } rows[] = {{123456, "123456"}, {12345.67, "12345.7"}, {1234.567, "1234.57"}, {123.4, "123.400"},
-              {12.5, "12.5000"},  {4.16, "04.1600"},     {0, "0000000"},        {-3.5, "0003.50"}};
-  for (const auto& row : rows) {
-    const auto text = digitalText(row.x);
-    EXPECT_EQ(row.x < 0 ? text.substr(text.size() - 7) : text, row.text) << row.x;
-  }
-  EXPECT_EQ(rateLabel(0.25), "0.25x");
-  EXPECT_EQ(rateLabel(1), "1.0x");
-  EXPECT_EQ(levelLabel(0.5), "0.5");
-  EXPECT_EQ(markerTime(125), "02m:05");
 }
 
 TEST(Displays, DigitsAndLabelGoByTheUnit) {

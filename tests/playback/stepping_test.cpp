@@ -50,14 +50,6 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
   EXPECT_NEAR(b.seconds(), 3.1, 1e-9);
   b.positions.stepping.Adv5(false);
   EXPECT_NEAR(b.seconds(), 8.1, 1e-9) << "sound goes by seconds";
-  for (const auto* name : {"a.avi", "http://host/a.avi"}) {
-    PositionsBench still;
-    const bool address = std::string_view(name).starts_with("http");
-    still.ready(name, {.seekable = address});
-    still.play();
-    still.positions.stepping.Adv1(false);
-    EXPECT_EQ(still.control.calls.find("step"), std::string::npos) << name;
-  }
 }
 
 TEST(Stepping, TheFlagsGoWithItInEveryFace) {
@@ -259,29 +251,6 @@ TEST(KeyCommands, DoWhatTheTableSays) {
   EXPECT_EQ(b.transport.calls, "pause ");
 }
 
-TEST(RemoteCommands, TheNextClipGoesRoundForStillsAndLoopedCollections) {
-  const struct {
-    int count, inHand, direction;
-    bool still, loops;
-    const char* calls;
-  } rows[] = {{3, 1, 1, false, false, "PreviewMovie2 "},
-              {3, 3, 1, false, false, ""},
-              {3, 3, 1, false, true, "PreviewMovie1 "},
-              {3, 3, 1, true, false, "PreviewMovie1 "},
-              {1, 1, 1, true, true, ""},
-              {3, 2, -1, false, false, "PreviewMovie1 "},
-              {3, 1, -1, false, false, ""},
-              {3, 1, -1, false, true, "PreviewMovie3 "}};
-  for (const auto& row : rows) {
-    PositionsBench b;
-    for (int i = 0; i < row.count; ++i) b.ready("a.avi").IsStill(row.still);
-    b.settings.user.LoopCol = row.loops;
-    b.collection.icurMov = row.inHand;
-    row.direction > 0 ? b.positions.remote.Lbl_NextMov_Click() : b.positions.remote.Lbl_PrevMov_Click();
-    EXPECT_EQ(b.transport.calls, row.calls) << row.inHand << " " << row.direction;
-  }
-}
-
 TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
   PositionsBench b;
   b.ready("plain.avi", {.markers = {{0, "All"}}});
@@ -305,22 +274,6 @@ TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
   b.ready("b.mkv", {.seekable = false, .markers = {{0, "One"}, {4, "Two"}}});
   b.positions.markers.choose(1);
   EXPECT_EQ(b.boxes.shown.back().text, "Seeking is not possible in this stream");
-}
-
-TEST(Stepping, OfADiscTheRightKeysGoByChaptersWhereItHasAny) {
-  PositionsBench b;
-  b.ready("a.vob", {.duration = 100, .markers = {{0, "One"}, {40, "Two"}, {70, "Three"}}});
-  const auto press = [&](bool end) {
-    end ? b.positions.stepping.Lbl_End_Click() : b.positions.stepping.Lbl_Start_Click();
-    return b.seconds();
-  };
-  b.seek(50);
-  EXPECT_EQ(press(true), 70);
-  EXPECT_EQ(press(false), 40);
-  EXPECT_EQ(press(false), 0);
-  b.ready("b.vob", {.duration = 100});
-  EXPECT_NEAR(press(true), 100, 0.05);
-  EXPECT_EQ(press(false), 0);
 }
 
 TEST(Shuttle, RingAndKeysDriveThePlayer) {

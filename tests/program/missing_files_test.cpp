@@ -25,25 +25,6 @@ struct MissingBench : ProgramBench {
   }
 };
 
-TEST(MissingFiles, NameSizeLengthAndFoldersTellWhichItIs) {
-  const MissingFile gone{1, "/old/trip/a.avi", 5, 4};
-  FitRules rules;
-  rules.lengthOf = [](const std::string& path) { return path.find("long") == std::string::npos ? 4.02 : 9; };
-  const struct {
-    std::vector<FoundFile> found;
-    std::string fits;
-  } rows[] = {
-      {{}, ""},
-      {{{"/n/b.avi", 5}}, ""},
-      {{{"/n/a.avi", 6}}, ""},
-      {{{"/n/long/a.avi", 5}}, "/n/long/a.avi"},
-      {{{"/n/long/a.avi", 5}, {"/n/A.AVI", 5}}, "/n/A.AVI"},
-      {{{"/n/long/a.avi", 5}, {"/n/long2/a.avi", 5}}, "/n/long/a.avi"},
-      {{{"/n/x/a.avi", 5}, {"/n/trip/a.avi", 5}}, "/n/trip/a.avi"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(fileThatFits(gone, row.found, rules).value_or(""), row.fits);
-}
-
 TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
   MissingBench b;
   for (int i = 1; i <= 20; ++i) {

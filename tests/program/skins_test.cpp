@@ -19,7 +19,7 @@ struct SkinsBench : test::ProgramBench {
 
 TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
   constexpr const char* kCancel = "";
-  struct Row {
+  const struct {
     const char* what;
     std::string SkinPath, file;
     bool noDialog;
@@ -28,8 +28,7 @@ TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
     const char* calls;
     std::string pathAfter;
     std::size_t logged;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"built in", "Def", "", true, kCancel, "/prog/Skins/blue.bmp", "pause all+ ", "Def", 0},
       {"built in, whatever the file", "Quirl", "/u/mine.png", false, kCancel, "/prog/Skins/Plastique.bmp",
        "pause all+ ", "Quirl", 0},
@@ -41,7 +40,6 @@ TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
        "all PLAYON play ", "Def", 1},
       {"dialog", "", "", false, "/u/mine.png", "/u/mine.png", "pause all+ ", "/u/mine.png", 0},
       {"dialog, no picture", "", "", false, "/u/broken.wmf", "/prog/Skins/blue.bmp", "pause all+ ", "Def", 1},
-      {"dialog, taken back", "", "", false, kCancel, "", "", "", 0},
       {"by name", "/u/mine.png", "", true, kCancel, "/prog/Skins/blue.bmp", "pause all+ ", "/u/mine.png", 0},
   };
   for (const auto& row : rows) {
@@ -65,38 +63,13 @@ TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
   }
 }
 
-TEST(Skins, AskForAPictureWhereTheLastOneWasFound) {
-  SkinsBench b;
-  b.settings.adjust().SkinPath = "Quirl";
-  const int ask = static_cast<int>(b.skins.menu().size()) - 1;
-  b.skins.choose(ask);
-  EXPECT_EQ(b.path(), "Quirl") << "taken back";
-  EXPECT_FALSE(b.settings.state.IsDirty);
-  b.skins.choose(2);
-  b.settings.state.IsDirty = false;
-  b.dialogs.answers = {"/u/mine.png"};
-  b.skins.choose(ask);
-  EXPECT_EQ(b.path(), "/u/mine.png");
-  EXPECT_EQ(b.skin().LogoColor, 0xFF0000U) << "as it will be when the collection is opened again";
-  EXPECT_TRUE(b.settings.state.IsDirty) << "it is to be kept";
-  EXPECT_TRUE(b.skins.menu().back().isChosen);
-  b.skins.choose(ask);
-  ASSERT_EQ(b.dialogs.asked.size(), 3U);
-  EXPECT_EQ(b.dialogs.asked[0].title, "Change KVO Skin.");
-  EXPECT_EQ(b.dialogs.asked[0].folder, "/prog/Skins/");
-  EXPECT_EQ(b.dialogs.asked[0].filters.at(b.dialogs.asked[0].filter).name,
-            "All Supported Skin Types (*.Bmp;*.jpg;*.mov;*.dib;*.wmf)");
-  EXPECT_EQ(b.dialogs.asked[2].folder, "/u/");
-}
-
 TEST(Skins, BringTheirColoursAndAreFoundAgain) {
-  struct Row {
+  const struct {
     int place;
     const char* path;
     ColorRef logo, display;
     const char* calls;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {0, "Def", 0xC0C000, 0xC0C000, "pause all+ "},
       {1, "Quirl", 0xC0C000, 0xC0C000, "pause all+ "},
       {2, "/prog/Skins/snakesk.jpg", 0xFFFF00, 0x00FF00, "stop all+ "},
@@ -114,7 +87,6 @@ TEST(Skins, BringTheirColoursAndAreFoundAgain) {
     EXPECT_GT(b.skin().revision, revision);
     EXPECT_EQ(b.skin().LogoColor, row.logo) << row.path;
     EXPECT_EQ(b.skin().DisplayColor, row.display) << row.path;
-    EXPECT_EQ(b.skin().logoCaption, "KVO5     ");
     EXPECT_TRUE(b.skins.menu()[static_cast<std::size_t>(row.place)].isChosen);
   }
   SkinsBench b;
@@ -127,67 +99,6 @@ TEST(Skins, BringTheirColoursAndAreFoundAgain) {
   EXPECT_EQ(b.settings.preferences().DisplayColor, "12632064") << "the colours of what is shown";
   ASSERT_EQ(b.boxes.shown.size(), 1U);
   EXPECT_EQ(b.boxes.shown[0].text, "no picture /prog/Skins/snakesk.jpg\r\nThe default skin takes its place.");
-  b.window.commandRuns = true;
-  b.skins.choose(1);
-  EXPECT_EQ(b.path(), "Def") << "another command runs";
-}
-
-TEST(Skins, OfASettingAreNamedInAnyCase) {
-  const std::string unused(128, 'x');
-  const std::tuple<std::string, const char*, const char*> rows[] = {
-      {"", "Def", "/prog/Skins/blue.bmp"},
-      {unused, "Def", "/prog/Skins/blue.bmp"},
-      {" QUIRL ", "Quirl", "/prog/Skins/Plastique.bmp"},
-      {"def", "Def", "/prog/Skins/blue.bmp"},
-      {"/u/mine.png", "/u/mine.png", "/u/mine.png"},
-  };
-  for (const auto& [stored, path, held] : rows) {
-    SkinsBench b;
-    b.settings.adjust().SkinPath = stored;
-    b.settings.change().DisplayColor = "&H00FF0000&";
-    b.skins.applyStored();
-    EXPECT_EQ(b.path(), path);
-    EXPECT_EQ(b.pictures.held, held);
-    EXPECT_EQ(b.skin().DisplayColor, 0xFF0000U);
-  }
-  SkinsBench own;
-  own.settings.adjust().SkinPath = "/u/mine.png";
-  own.skins.applyStored();
-  EXPECT_EQ(own.skin().LogoColor, 0xFF0000U) << "a picture of the user's has no colour of its own";
-  const auto revision = own.skin().revision;
-  own.skins.FadBorder(" KVO5 ", 0xFF0000);
-  EXPECT_EQ(own.skin().revision, revision) << "what is painted is as it was";
-  own.skins.FadBorder("KVO5 - Audio", 0xFF0000);
-  EXPECT_GT(own.skin().revision, revision);
-}
-
-TEST(Skins, WithoutAnyPictureLeaveTheWindowBareAndSayWhy) {
-  SkinsBench b;
-  b.files.all.clear();
-  b.skins.applyStored();
-  EXPECT_EQ(b.skin().picture + b.skin().mask, "");
-  EXPECT_EQ(b.log.texts().size(), 2U) << "the mask and the picture";
-}
-
-TEST(FontTest, AtSizeOneTellsOfLargeText) {
-  struct Row {
-    int textHeight;
-    double factor;
-    const char* choice;
-    bool isTold;
-  };
-  const Row rows[] = {{16, 1, "0", false},  {17, 1, "0", true},     {20, 1.5, "0", false},
-                      {20, 1.5, "1", true}, {20, 1, "1.25", false}, {20, 1, "2", false}};
-  for (const auto& row : rows) {
-    SkinsBench b;
-    b.saveCollection("/prog/KVO5.INI", {});
-    b.desktop.facts.textHeight = row.textHeight;
-    b.desktop.all = {{"one", {}, {}, row.factor}};
-    b.store.all["InterfaceSize"] = row.choice;
-    b.startUp.run({}, "/");
-    EXPECT_EQ(b.boxes.shown.size(), row.isTold ? 1U : 0U)
-        << row.textHeight << " " << row.factor << row.choice;
-  }
 }
 
 TEST(ColorOfText, ReadsBothForms) {

@@ -545,6 +545,38 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
   }
 }
 
+// The row is there where a device works and can make the movie; only then the engine is asked for it.
+TEST(MovieRender, OffersADeviceWhereOneWorks) {
+  RenderBench b;
+  b.settings.adjust().RenderAutoView = true;
+  b.choose(OutputKind::Mp4);
+  EXPECT_EQ(b.asksForHardware, 1);
+  b.render.tickHardware(true);
+  EXPECT_FALSE(b.state.offersHardware);
+  b.dialogs.answers = {"/out/a", "/out/b", "/out/c", "/out/d"};
+  b.render.AddToQueue();
+  EXPECT_EQ(b.queued.back().encoder, "") << "nobody has seen the row";
+  b.render.hearHardware(true);
+  EXPECT_TRUE(b.state.offersHardware);
+  b.render.AddToQueue();
+  EXPECT_EQ(b.queued.back().encoder, "auto");
+  b.render.WriteRenderMovie();
+  ASSERT_EQ(b.engine.calls.size(), 2U);
+  for (const auto& call : b.engine.calls) EXPECT_TRUE(test::holds(call, "'/H' 'auto' '/S'")) << call;
+  b.render.Rendertofile();
+  const auto email = std::ranges::find(b.state.Lst_MadeFor, "email", &MadeForRow::preset);
+  b.render.chooseMadeFor(static_cast<int>(email - b.state.Lst_MadeFor.begin()));
+  EXPECT_FALSE(b.state.offersHardware) << "only the software keeps within a size";
+  b.render.AddToQueue();
+  EXPECT_EQ(b.queued.back().encoder, "");
+  b.render.chooseKind(OutputKind::WebM);
+  EXPECT_FALSE(b.state.offersHardware);
+  RenderBench next;
+  next.store.all = b.store.all;
+  next.render.Rendertofile();
+  EXPECT_TRUE(next.state.Chk_Hardware) << "remembered";
+}
+
 TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
   for (const bool fails : {false, true}) {
     RenderBench b;

@@ -26,6 +26,7 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   job.order.quality = 21;
   job.order.effort = "slow";
   job.order.megabytes = 24.5;
+  job.order.encoder = "auto";
   job.order.profileFile = "/q/1.prx";
   job.order.frameRate = 29.97;
   addJob(queue, "", {.document = "d", .output = "/b.avi"});

@@ -39,21 +39,10 @@ TEST(SketchFile, WhatIsDamagedIsNone) {
   }
   // The sum is right, and the rest is not: another version, more of anything than there is, and less.
   const auto body = whole.substr(0, whole.size() - 8);
-  for (const auto& [at, byte] : {std::pair{8, 2},
-                                 {12, 11},
-                                 {12, 9},
-                                 {15, 127},
-                                 {32, 4},
-                                 {32, 2},
-                                 {35, 127},
-                                 {36, 0},
-                                 {36, 2},
-                                 {40, 4},
-                                 {40, 2},
-                                 {47, 127},
-                                 {59, 6},
-                                 {62, 5},
-                                 {65, 127}}) {
+  const std::pair<int, int> wrong[] = {{8, 2},  {12, 11},  {12, 9}, {15, 127}, {32, 4},
+                                       {32, 2}, {35, 127}, {36, 0}, {36, 2},   {40, 4},
+                                       {40, 2}, {47, 127}, {59, 6}, {62, 5},   {65, 127}};
+  for (const auto& [at, byte] : wrong) {
     auto other = body;
     other[static_cast<std::size_t>(at)] = static_cast<char>(byte);
     EXPECT_FALSE(readSketch(summed(other))) << at << " " << byte;

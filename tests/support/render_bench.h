@@ -158,6 +158,7 @@ struct RenderBench : Bench {
   NotingRenderHost host{files};
   std::vector<RenderOrder> queued;
   std::string queuedProfile;
+  int asksForHardware = 0;
   MovieRender render{{editing,
                       create,
                       dialogs,
@@ -172,7 +173,8 @@ struct RenderBench : Bench {
                         queued.push_back(order);
                         queuedProfile = profile;
                         return Result<int>(1);
-                      }},
+                      },
+                      [this] { ++asksForHardware; }},
                      state};
 };
 

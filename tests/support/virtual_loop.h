@@ -17,6 +17,7 @@ class VirtualLoop : public EventLoop {
  public:
   std::function<void()> onYield = [] {};
   int yields = 0;
+  int home = 0;  ///< pieces of posted work that have been done
 
   std::unique_ptr<Timer> timer(std::function<void()> tick) override {
     return std::make_unique<VirtualTimer>(*this, std::move(tick));
@@ -89,7 +90,10 @@ class VirtualLoop : public EventLoop {
       const std::lock_guard lock(mutex_);
       work.swap(posted_);
     }
-    for (const auto& piece : work) piece();
+    for (const auto& piece : work) {
+      piece();
+      ++home;
+    }
   }
 
   int now_ = 0;

@@ -94,13 +94,12 @@ class List : public testing::Test {
 };
 
 TEST_F(List, FollowsWhatIsDoneToIt) {
-  struct Row {
+  const struct {
     int count, mode;
     const char* steps;
     const char* after;  // the index, the first row in view, and what is selected
     const char* why = "";
-  };
-  const Row rows[] = {
+  } rows[] = {
       {8, 0, "choose 1 choose 3", "3 0: 3"},
       {8, 0, "choose 7", "7 3: 7", "brought into view"},
       {8, 0, "choose 7 choose 2", "2 2: 2", "upwards, too"},
@@ -207,20 +206,6 @@ TEST_F(List, TellsOfTwoRowsOfEachMoveAndOfEachClick) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(List, TheItemUnderThePointerIsChosenWhereThatIsWanted) {
-  make(5);
-  change([](auto& p) { p.HoverSelection = true; });
-  list.mouseMove(2 * kRow, milliseconds(0));
-  list.mouseMove(2 * kRow + 5, milliseconds(0));
-  EXPECT_EQ(selected(), "2");
-  EXPECT_EQ(changes, 1) << "one row, one change";
-  choose(4);
-  list.mouseMove(2 * kRow + 6, milliseconds(0));
-  EXPECT_EQ(selected(), "4") << "the pointer still stands in its row";
-  list.mouseMove(-30, milliseconds(0));
-  EXPECT_FALSE(list.nextStep().has_value()) << "only a drag scrolls";
-}
-
 TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
   for (const auto& [pixels, step] : {std::pair{1, 480}, {10, 300}, {22, 60}, {23, 40}, {30, 40}, {900, 40}}) {
     list.Clear();
@@ -244,36 +229,6 @@ TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
     list.advance(milliseconds(9000));
     EXPECT_EQ(list.ListIndex(), index) << "the drag has ended";
   }
-}
-
-TEST_F(List, OrderIsThatOfTheBytesBySortingWithGaps) {
-  using Texts = std::vector<const char*>;
-  const std::tuple<Texts, int, const char*> kRows[] = {
-      {{"b", "a"}, 0, "a b"},
-      {{"b", "a", "C", "a", "B", "c", "A"}, 0, "A B C a a b c"},
-      {{"b", "a", "C", "\xC3\xA9", "z"}, 1, "\xC3\xA9 z b a C"},
-  };
-  make(0);
-  for (const auto& [texts_, orderType, after] : kRows) {
-    change([type = orderType](auto& p) { p.OrderType = type; });
-    fill(texts_);
-    choose(1);
-    list.Order();
-    EXPECT_EQ(texts(), after);
-    EXPECT_EQ(list.ListIndex(), -1);
-    EXPECT_EQ(list.SelectedCount(), 0);
-  }
-  // The gap of 4 carries the first behind its equal; a stable sort would not.
-  change([](auto& p) { p.OrderType = 0; });
-  fill({"x", "x", "b", "c", "a"});
-  list.Order();
-  EXPECT_EQ(texts(), "a b c x x");
-  EXPECT_EQ(list.item(3).ItemIcon, 2);
-  EXPECT_EQ(list.item(4).ItemIcon, 1);
-  fill({"only"});
-  choose(0);
-  list.Order();
-  EXPECT_EQ(selected(), "0") << "one item is left alone";
 }
 
 TEST_F(List, FindFirst) {

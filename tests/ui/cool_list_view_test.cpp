@@ -197,13 +197,12 @@ TEST_F(ListView, GivesLettersDigitsAndSpaceToItsWindow) {
 }
 
 TEST_F(ListView, EditsInPlace) {
-  struct Row {
+  const struct {
     const char* what;
     bool wraps;
     std::function<void(QWidget*)> end;
     const char* after;
-  };
-  const Row kRows[] = {
+  } kRows[] = {
       {"Enter keeps", false, [](QWidget* box) { QTest::keyClick(box, Qt::Key_Return); }, "new"},
       {"so does a line feed", false,
        [](QWidget* box) { QTest::keyClick(box, Qt::Key_Return, Qt::ControlModifier); }, "new"},

@@ -1,7 +1,4 @@
-// Shapes of windows: made from masks, given to windows, and their files, which are read back here by a reader
-// of the test's own.
-#include "adapters/posix/posix_files.h"
-#include "support/real_world.h"
+// Shapes of windows: made from masks, given to windows.
 #include "ui/dib_section.h"
 #include "ui/dib_section_region.h"
 
@@ -9,7 +6,6 @@
 #include <QWidget>
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -17,7 +13,6 @@
 namespace kvo {
 namespace {
 
-using test::ScratchFolder;
 using Pixels = std::vector<std::string>;  // rows; '#' belongs to the shape
 
 Pixels drawn(int width, int height, const std::function<bool(double, double)>& isShape) {
@@ -62,12 +57,11 @@ TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
     const double radius = std::hypot(x - 40, y - 40);
     return radius < 38 && radius > 20;
   };
-  struct Row {
+  const struct {
     Pixels mask;
     int rectangles;  // -1: not counted
     RegionRectangle bounds;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {{"###", "###"}, 1, {0, 0, 3, 2}},
       {{"...", "..."}, 0, {0, 0, 0, 0}},
       {{"#", ".", "."}, 1, {0, 0, 1, 1}},
@@ -204,64 +198,6 @@ TEST(DibSectionRegion, AWidgetTakesTheShapeAsItsMask) {
   EXPECT_FALSE(widget.mask().intersects(QRect(0, 0, 3, 1))) << "nothing is left to be seen";
 }
 
-TEST(DibSectionRegion, IsSavedAndLoaded) {
-  const ScratchFolder folder;
-  PosixFiles files;
-  cDIBSectionRegion region;
-  const auto path = folder / "shape.rgn";
-  auto fault = region.Save(files, path);
-  ASSERT_TRUE(fault);
-  EXPECT_EQ(fault->source, ".cDIBSectionRegion");
-  EXPECT_EQ(fault->text, "Unable to determine size of region");
-
-  ASSERT_TRUE(region.Create(surfaceOf({"##.", "###"}), 0));
-  std::ofstream(path)
-      << "an older and much longer file that has to go, whatever was in it, to the last byte of it, "
-         "and there are more bytes in it than in a region of two rectangles";
-  EXPECT_FALSE(region.Save(files, path));
-  EXPECT_EQ(files.read(path, 1000).value(), regionData(*region.region()));
-  fault = region.Save(files, folder / "missing/shape.rgn");
-  ASSERT_TRUE(fault);
-  EXPECT_EQ(fault->source, ".cDIBSectionRegion");
-
-  cDIBSectionRegion loaded;
-  EXPECT_TRUE(loaded.LoadFromFile(files, path));
-  EXPECT_EQ(*loaded.region(), *region.region());
-  std::ofstream(path) << "no region";
-  EXPECT_FALSE(loaded.LoadFromFile(files, path));
-  EXPECT_EQ(loaded.region(), nullptr);
-  EXPECT_FALSE(loaded.LoadFromFile(files, folder / "none"));
-}
-
-TEST(DibSectionRegion, IsLoadedFromALibraryOfResources) {
-  const ScratchFolder folder;
-  const auto shape = regionWithout(surfaceOf({"##.", "###"}), 0);
-  std::ofstream(folder / "shape.rgn") << regionData(shape);
-  std::ofstream(folder / "text") << "no region";
-  std::ofstream(folder / "shapes.qrc") << "<RCC><qresource prefix='REGION'><file alias='101'>shape.rgn</file>"
-                                          "<file alias='102'>text</file></qresource></RCC>";
-  const auto library = folder / "shapes.rcc";
-  ASSERT_EQ(test::runProgram({KVO_RCC, "--binary", folder / "shapes.qrc", "-o", library}).exitCode, 0);
-
-  cDIBSectionRegion region;
-  EXPECT_FALSE(region.LoadFromResource(library, "REGION", "101"));
-  ASSERT_NE(region.region(), nullptr);
-  EXPECT_EQ(*region.region(), shape);
-  const std::tuple<std::string, const char*, const char*> faults[] = {
-      {folder / "none.rcc", "101", "Can't open DLL for Resource Access"},
-      {folder / "text", "101", "Can't open DLL for Resource Access"},
-      {library, "7", "Resource with ID 7 could not be found"},
-      {library, "102", "Cannot access data for resource with ID 102"},
-  };
-  for (const auto& [path, id, text] : faults) {
-    const auto fault = region.LoadFromResource(path, "REGION", id);
-    ASSERT_TRUE(fault) << text;
-    EXPECT_EQ(fault->text, text);
-    EXPECT_EQ(fault->source, "KVO5.cDIBSectionRegion");
-    EXPECT_EQ(region.region(), nullptr);
-  }
-}
-
 TEST(DibSection, RowsAreFilledUpToFourBytes) {
   cDIBSection surface;
   for (const auto& [width, bytes] : {std::pair{1, 4U}, {4, 12U}, {5, 16U}, {6, 20U}}) {
@@ -286,37 +222,6 @@ TEST(DibSection, WhatIsTransparentInAPictureIsBlack) {
   ASSERT_TRUE(surface.CreateFromPicture(picture));
   const auto row = surface.row(0);
   EXPECT_EQ(std::vector(row.begin(), row.end()), (std::vector<std::uint8_t>{0, 0, 0, 3, 2, 1}));
-}
-
-TEST(DibSection, MeetsAnotherWithinBoth) {
-  cDIBSection source;
-  ASSERT_TRUE(source.Create(2, 2));
-  std::ranges::fill(source.DIBSectionBitsPtr(), std::uint8_t{0x0F});
-  struct Row {
-    int x, y, sourceX, sourceY;
-    RasterOperation operation;
-    Pixels expected;  // '#': met
-    int value;
-  };
-  using enum RasterOperation;
-  const Row rows[] = {
-      {0, 0, 0, 0, SRCCOPY, {"##.", "##."}, 0x0F}, {2, 1, 0, 0, SRCCOPY, {"...", "..#"}, 0x0F},
-      {-1, 0, 0, 0, SRCAND, {"#..", "#.."}, 0x03}, {0, -1, 0, 0, SRCPAINT, {"##.", "..."}, 0x3F},
-      {0, 0, 1, 1, SRCCOPY, {"#..", "..."}, 0x0F}, {0, 0, -1, 0, SRCCOPY, {".##", ".##"}, 0x0F},
-      {9, 0, 0, 0, SRCCOPY, {"...", "..."}, 0x0F},
-  };
-  for (const auto& row : rows) {
-    cDIBSection target;
-    ASSERT_TRUE(target.Create(3, 2));
-    std::ranges::fill(target.DIBSectionBitsPtr(), std::uint8_t{0x33});
-    source.PaintPicture(target, row.x, row.y, 9, 9, row.sourceX, row.sourceY, row.operation);
-    const auto met = drawn(3, 2, [&](double x, double y) {
-      const auto value = target.row(static_cast<int>(y))[static_cast<std::size_t>(x) * 3];
-      EXPECT_TRUE(value == 0x33 || value == row.value) << int{value};
-      return value != 0x33;
-    });
-    EXPECT_EQ(met, row.expected) << row.x << ' ' << row.sourceX;
-  }
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "ui/message_card.h"
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QFocusFrame>
@@ -20,12 +19,11 @@ namespace kvo {
 namespace {
 
 TEST(Tokens, TextAndMarksStandOutFromTheirGrounds) {
-  struct Row {
+  const struct {
     const char* what;
     Rgb mark, ground;
     double least;
-  };
-  constexpr Row kRows[] = {
+  } kRows[] = {
       {"hint on a card", token("text3"), token("ink2"), 5.5},
       {"hint on the window", token("text3"), token("ink1"), 4.5},
       {"hint in a list", token("text3"), token("ink0"), 4.5},
@@ -69,21 +67,6 @@ TEST(Theme, TheSheetHasColoursOfTheTableAlone) {
   }
 }
 
-TEST(Theme, AnIconIsDrawnInItsColourAndAsSharpAsTheScreen) {
-  const auto image = iconPicture("film", token("amber"), 16, 2).toImage();
-  EXPECT_EQ(image.size(), QSize(32, 32));
-  int inked = 0;
-  for (int y = 0; y < 32; ++y) {
-    for (int x = 0; x < 32; ++x) {
-      if (image.pixelColor(x, y).alpha() < 255) continue;
-      ++inked;
-      EXPECT_EQ(image.pixelColor(x, y), toColour(token("amber"))) << x << ',' << y;
-    }
-  }
-  EXPECT_GT(inked, 100);
-  EXPECT_TRUE(iconPicture("no such icon", token("amber")).isNull());
-}
-
 class Focus : public testing::Test {
  protected:
   Focus() {
@@ -118,47 +101,6 @@ TEST_F(Focus, IsShownWhereTheKeyboardBroughtItAndNotTheMouse) {
   EXPECT_FALSE(hasRing(second_)) << "left";
   EXPECT_FALSE(hasRing(box_)) << "a check box rings its mark, not its whole width";
   EXPECT_NE(box_.grab().toImage(), before);
-}
-
-// Rows of colour `rgb` between two columns of a menu's picture.
-int rowsWith(const QImage& image, Rgb rgb, int from, int to) {
-  int rows = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = from; x < to; ++x) {
-      if ((image.pixel(x, y) & 0xFFFFFFU) != rgb) continue;
-      ++rows;
-      break;
-    }
-  }
-  return rows;
-}
-
-TEST(Menus, HaveRowsWithMarksAtTheLeftAndShortcutsAtTheRight) {
-  QMenu menu;
-  menu.addAction("Plain text");
-  const int one = menu.sizeHint().height();
-  auto* ticked = menu.addAction("Loop");
-  EXPECT_EQ(menu.sizeHint().height() - one, 26);
-  menu.addSeparator();
-  const int width = menu.sizeHint().width();
-  menu.addAction("Undo\tCtrl+Shift+Z");
-  EXPECT_EQ(menu.sizeHint().height() - one, 26 + 9 + 26);
-  EXPECT_GT(menu.sizeHint().width(), width + 60) << "room for the shortcut";
-  menu.resize(menu.sizeHint());
-  const auto plain = menu.grab().toImage();
-  EXPECT_EQ(rowsWith(plain, token("teal"), 0, 36), 0);
-  EXPECT_GT(rowsWith(plain, token("text3"), menu.width() - 40, menu.width() - 10), 5);
-  ticked->setCheckable(true);
-  ticked->setChecked(true);
-  const auto tick = menu.grab().toImage();
-  EXPECT_GT(rowsWith(tick, token("teal"), 0, 36), 3);
-  QActionGroup several(&menu);
-  ticked->setActionGroup(&several);
-  const auto dot = menu.grab().toImage();
-  EXPECT_GT(rowsWith(dot, token("teal"), 0, 36), 3);
-  EXPECT_NE(dot, tick) << "a tick is no dot";
-  menu.setActiveAction(ticked);
-  EXPECT_GT(rowsWith(menu.grab().toImage(), token("tealBg"), 60, 90), 20) << "the row at hand is lit";
 }
 
 TEST(Theme, TakesAnotherSizeAsAWhole) {

@@ -1,18 +1,14 @@
-#include "ui/colour_button.h"
 #include "ui/digit_display.h"
 #include "ui/kvo_but.h"
 #include "ui/level_lights.h"
-#include "ui/message_card.h"
 #include "ui/progress_bar.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
 #include "windows/gallery/gallery.h"
 
 #include <QAccessible>
-#include <QCheckBox>
 #include <QDir>
 #include <QHelpEvent>
-#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolTip>
@@ -180,31 +176,6 @@ TEST(ProgressBar, FillsAsFarAsTheWorkIsAndTravelsWhereThatIsNotKnown) {
   }
   bar.setRange(0, 0);
   EXPECT_LE(countOf(bar, token("teal")), 240 * 6 / 3);
-}
-
-TEST(ColourButton, AsksAndTellsWhatWasChosen) {
-  ColourButton button(0x00C0C0);
-  std::vector<Rgb> told;
-  button.chosen = [&](Rgb colour) { told.push_back(colour); };
-  for (const auto& answer : {std::optional<Rgb>(0x112233), std::optional<Rgb>()}) {
-    button.ask = [&](Rgb) { return answer; };
-    button.click();
-    EXPECT_EQ(button.colour(), 0x112233U);
-  }
-  EXPECT_EQ(told, std::vector<Rgb>{0x112233});
-  EXPECT_EQ(button.text(), "#112233");
-}
-
-TEST(MessageCard, HasTheTextsAndKeysThatItWasGiven) {
-  const MessageCard card(
-      {MessageSign::Error, "Head", {"One <b>", "Two"}, "Prompt", "Never again", {"Yes", "No"}});
-  QStringList texts;
-  for (const auto* label : card.findChildren<QLabel*>()) texts << label->text() << label->accessibleName();
-  for (const auto* text : {"Head", "One <b>", "Two", "Prompt"}) EXPECT_TRUE(texts.contains(text)) << text;
-  ASSERT_EQ(card.keys().size(), 2U);
-  EXPECT_EQ(card.keys()[0]->property("kind"), "primary");
-  EXPECT_EQ(card.neverAgain()->text(), "Never again");
-  EXPECT_EQ(MessageCard({}).neverAgain(), nullptr);
 }
 
 TEST(Gallery, EveryWidgetThatTheKeyboardReachesSaysWhatItIs) {

@@ -30,12 +30,11 @@ void whenShown(const std::function<void(MessageWindow&)>& act) {
 
 TEST(FrmMessageBoxes, AreAnsweredByKeyboardAndPointer) {
   using Keys = std::vector<Qt::Key>;
-  struct Row {
+  const struct {
     BoxButtons buttons;
     Keys keys;
     Answer answer;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {BoxButtons::Ok, {Qt::Key_Return}, Answer::Ok},
       {BoxButtons::Ok, {Qt::Key_Escape}, Answer::Ok},
       {BoxButtons::OkCancel, {Qt::Key_Space}, Answer::Ok},

@@ -48,7 +48,7 @@ struct CardBench {
     card = std::make_unique<RenderCard>(
         state, queue,
         RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
-                   note("write"), note("queue"),
+                   number("device"), note("write"), note("queue"),
                    QueueActs{number("job"), note("pause"), note("remove"), number("move")}, note("pair"),
                    note("abort"), note("view"), note("leave")},
         [](int clip) {
@@ -141,6 +141,21 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   b.go(RenderFrame::Options);
   auto* size = b.card->findChild<QSpinBox*>();
   EXPECT_TRUE(!list->isVisible() && b.says("Made for") && !size->isVisible());
+  const auto device = [&] {
+    for (auto* tick : b.card->findChildren<QCheckBox*>())
+      if (tick->text() == "Encode by the graphics card") return tick;
+    return static_cast<QCheckBox*>(nullptr);
+  }();
+  ASSERT_NE(device, nullptr);
+  EXPECT_FALSE(device->isVisible()) << "no device works";
+  b.state.offersHardware = true;
+  b.asked.clear();
+  b.go(RenderFrame::Options);
+  b.picture("device");
+  EXPECT_TRUE(device->isVisible() && !device->isChecked());
+  QTest::mouseClick(device, Qt::LeftButton, {}, {10, 10});
+  EXPECT_EQ(b.asked, "device1 ");
+  b.state.offersHardware = false;
   b.state.madeForRow = 1;
   b.state.hasWishedSize = true;
   b.asked.clear();

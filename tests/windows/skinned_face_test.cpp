@@ -13,12 +13,11 @@ using test::FaceBench;
 using Names = std::vector<std::string>;
 
 TEST(FaceScale, PutsEdgesWhereTheyBelongAtEachSize) {
-  struct Row {
+  const struct {
     double size;
     QSize window;
     QRect rail, next;  // of places that touch at size 1
-  };
-  const Row rows[] = {
+  } rows[] = {
       {1, {562, 410}, {30, 4, 388, 19}, {418, 4, 7, 19}},
       {1.25, {702, 512}, {38, 5, 485, 24}, {523, 5, 8, 24}},
       {1.5, {843, 615}, {45, 6, 582, 29}, {627, 6, 11, 29}},

@@ -1,5 +1,6 @@
 #include "editor/samples/effect_painter.h"
 
+#include "base/guarded.h"
 #include "base/text.h"
 #include "editor/compiler/effect_word.h"
 #include "editor/compiler/sample_documents.h"
@@ -29,7 +30,7 @@ Result<PaintEffect> prepareEffect(std::string_view number, const EffectsTable& e
   word.set(place, true);
   clip.EffectWord(word.text());
   const auto document = clipSample(one, 1, {}, effects, {width, height, false}).text;
-  auto timeline = engine::readDocument(document);
+  auto timeline = guarded([&] { return engine::readDocument(document); });
   if (!timeline) return timeline.error();
   if (timeline->video.empty() || timeline->video.front().effects.empty())
     return Error{"There is no effect with the number " + std::string(number)};

@@ -1,5 +1,6 @@
 #include "editor/samples/transition_painter.h"
 
+#include "base/guarded.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/samples/sample_pictures.h"
 #include "engine/document/document_reader.h"
@@ -50,7 +51,9 @@ const engine::Transition* transitionIn(const std::vector<engine::Layer>& layers)
 
 Result<PaintMoment> preparePainting(std::string_view name, const FramePicture& below,
                                     const FramePicture& above) {
-  auto timeline = engine::readDocument(documentOf(name, {below.width, below.height}));
+  auto timeline = guarded([&] {
+    return engine::readDocument(documentOf(name, {below.width, below.height}));
+  });
   if (!timeline) return timeline.error();
   const auto* found = transitionIn(timeline->video);
   if (found == nullptr) return Error{"There is no transition of the name " + std::string(name)};

@@ -175,11 +175,11 @@ bool canWait(const media::VideoFormat& video) {
   return encodesApart(video.codec) || kFrames * 1.5 * video.width * video.height <= kBytes;
 }
 
-// A worker to a core, as long as memory stays small: each holds the reference frames of what it decodes.
-// Cores that are left help the decoders.
+// A worker to a core, as long as memory stays small: each holds the reference frames of what it decodes. Some
+// devices have no more than two encoders at a time. Cores that are left help the decoders.
 Crew crewFor(const media::VideoFormat& video, std::size_t segments, int cores) {
   constexpr int kLargePicture = 1 << 20;  // pixels
-  const int most = video.width * video.height > kLargePicture ? 2 : 4;
+  const int most = video.width * video.height > kLargePicture || video.hardware != nullptr ? 2 : 4;
   const int workers = std::min({cores, most, static_cast<int>(std::min<std::size_t>(segments, 64))});
   return {workers, std::clamp(cores / workers, 1, 4)};
 }
@@ -228,6 +228,8 @@ Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, in
     if (auto done = planSize(job, plan); !done) return done.error();
   }
   auto& video = *plan.format.video;
+  const bool isShare = job.work && job.work->share;
+  if (video.codec == VideoCodec::H264 && plan.mostBytes == 0 && !isShare) video.hardware = job.hardware;
   const bool keepsRaw = job.work && video.codec == VideoCodec::Raw;  // through files, so that none waits
   plan.segments = keepsRaw || canWait(video) ? segmentsOf(timeline, plan.first, plan.stop)
                                              : std::vector<Segment>{{plan.first, plan.stop}};
@@ -254,7 +256,11 @@ std::string toText(const RenderPlan& plan) {
   for (const auto& segment : plan.segments) text += " " + range(segment.first, segment.stop);
   return text + "\nworkers " + std::to_string(plan.crew.workers) + ", threads of a decoder " +
          std::to_string(plan.crew.decoderThreads) + ", encoders " +
-         std::to_string(plan.encodesInSegments ? plan.segments.size() : 1) + "\n";
+         std::to_string(plan.encodesInSegments ? plan.segments.size() : 1) +
+         (plan.format.video->hardware == nullptr
+              ? std::string()
+              : " of " + std::string(plan.format.video->hardware->name())) +
+         "\n";
 }
 
 }  // namespace kvo::engine

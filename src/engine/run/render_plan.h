@@ -5,6 +5,7 @@
 #include "base/result.h"
 #include "engine/document/timeline.h"
 #include "engine/run/segments.h"
+#include "media/hardware.h"
 #include "media/movie_writer.h"
 #include "vocabulary/encode_profiles.h"
 #include "vocabulary/movie_presets.h"
@@ -47,6 +48,10 @@ struct RenderJob {
   double megabytes =
       0;  ///< of 1,000,000 bytes, that an MP4 is not to exceed; 0 for that of the preset, or none
   std::string scratch{};  ///< folder for the notes between two passes, where there are any
+  /// Encodes H.264 in place of the software, but for a movie that keeps within a size and for a share, which
+  /// may be in company of other machines; null for none. It outlives the render.
+  media::Hardware* hardware = nullptr;
+  bool needsHardware = false;  ///< where that fails so does the render; else it begins anew in software
 };
 
 /// What the movie is not to exceed, of 1,000,000 bytes; 0 for no limit.

@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "engine/run/frame_line.h"
 #include "engine/run/size_aim.h"
+#include "engine/run/watched_hardware.h"
 #include "engine/run/work_folder.h"
 #include "engine/sound/mixer.h"
 #include "media/audio_reader.h"
@@ -212,33 +213,81 @@ Result<MadeFile> makeSizedFile(const Making& making, RenderPlan& plan) {
   }
 }
 
-Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job, Files& files,
-                                     const RenderWatch& watch) {
-  const auto timeline = inRateOf(given, job);
-  auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
-  if (!plan) return plan.error();
-  if (auto done = checkSources(timeline, job, files); !done) return done.error();
+Result<RenderReport> renderPlan(const Timeline& timeline, RenderPlan& plan, const RenderJob& job,
+                                Files& files, const RenderWatch& watch) {
   std::optional<WorkFolder> work;
-  if (job.work && plan->encodesInSegments) {
-    auto opened = WorkFolder::open(timeline, *plan, job, files);
+  if (job.work && plan.encodesInSegments) {
+    auto opened = WorkFolder::open(timeline, plan, job, files);
     if (!opened) return opened.error();
     work.emplace(std::move(*opened));
   } else if (job.work && job.work->share) {
     return Error{"cannot make a share of " + job.output + ": it is made in one piece"};
   }
   media::DamageList damage;
-  Teller teller(*plan, watch);
-  const Making making{timeline, *plan, job, files, damage, teller, work ? &*work : nullptr};
+  Teller teller(plan, watch);
+  const Making making{timeline, plan, job, files, damage, teller, work ? &*work : nullptr};
   if (work && job.work->share) {
     const auto made = makeFile(making);
-    return made ? Result(RenderReport{0, plan->seconds()}) : made.error();
+    return made ? Result(RenderReport{0, plan.seconds()}) : made.error();
   }
-  auto made = plan->mostBytes > 0 ? makeSizedFile(making, *plan) : makeFile(making);
+  auto made = plan.mostBytes > 0 ? makeSizedFile(making, plan) : makeFile(making);
   if (!made) return made.error();
   if (auto done = made->target->commit(); !done) return done.error();
   if (work) work->sweep();
-  return RenderReport{plan->format.video ? plan->stop - plan->first : 0, plan->seconds(),
-                      made->target->size(), damage.all(), notesOf(*plan, made->pictures.bytes)};
+  return RenderReport{plan.format.video ? plan.stop - plan.first : 0, plan.seconds(), made->target->size(),
+                      damage.all(), notesOf(plan, made->pictures.bytes)};
+}
+
+// Whether anything of it stands in the work folder.
+bool hasBegun(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job, const Files& files) {
+  if (!job.work) return false;
+  const auto names = segmentFiles(timeline, plan, job, files);
+  return std::any_of(names.begin(), names.end(),
+                     [&](const auto& name) { return files.exists(job.work->folder + "/" + name); });
+}
+
+// What a second attempt tells goes on from how far the first has come.
+RenderWatch goingOn(const RenderWatch& watch, const RenderStep& from) {
+  return [watch, from](RenderStep step) {
+    const double share = step.total > 0 ? step.done / step.total : 0;
+    step.done = from.done + (step.total - from.done) * share;
+    if (watch) watch(step);
+  };
+}
+
+// By the device, as long as that works. A movie has one encoder from start to end: what was begun in software
+// goes on so, and where the device fails it is made anew.
+Result<RenderReport> renderInDevice(const Timeline& timeline, RenderPlan& plan, const RenderJob& job,
+                                    Files& files, const RenderWatch& watch) {
+  WatchedHardware hardware(*plan.format.video->hardware);
+  auto inSoftware = plan;
+  inSoftware.format.video->hardware = nullptr;
+  std::string why = "as it was begun";
+  RenderStep reached;
+  if (job.needsHardware || !hasBegun(timeline, inSoftware, job, files)) {
+    plan.format.video->hardware = &hardware;
+    auto made = renderPlan(timeline, plan, job, files, [&](const RenderStep& step) {
+      reached = step;
+      if (watch) watch(step);
+    });
+    const auto failure = hardware.failure();
+    if (made || !failure || job.needsHardware) return made;
+    why = failure->text;
+  }
+  auto made = renderPlan(timeline, inSoftware, job, files, goingOn(watch, reached));
+  if (made) made->notes.push_back("the picture is encoded in software: " + why);
+  return made;
+}
+
+Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job, Files& files,
+                                     const RenderWatch& watch) {
+  const auto timeline = inRateOf(given, job);
+  auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
+  if (!plan) return plan.error();
+  if (auto done = checkSources(timeline, job, files); !done) return done.error();
+  if (plan->format.video && plan->format.video->hardware != nullptr)
+    return renderInDevice(timeline, *plan, job, files, watch);
+  return renderPlan(timeline, *plan, job, files, watch);
 }
 
 }  // namespace

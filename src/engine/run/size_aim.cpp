@@ -9,8 +9,8 @@ namespace {
 
 constexpr double kAim = 0.985;  // of the limit: encoders miss by a hundredth
 constexpr double kNearEnough = 0.97;
-constexpr double kLongFrom = 30;  // seconds
-constexpr int kMostTries = 5;
+constexpr double kLongFrom = 30;      // seconds
+constexpr int kMostTries = 5;         // of which the last is for a file that is too large only
 constexpr double kMorePerTry = 0.01;  // that later tries aim lower
 
 }  // namespace
@@ -45,12 +45,16 @@ Fits SizeAim::judge(std::uint64_t bytes, std::uint64_t pictureBytes, bool isFine
   ++tries_;
   // What was given more and has not taken it is as good as it gets.
   const bool isFull = isFinest || (raisedFrom_ > 0 && size < raisedFrom_ * 1.01);
-  if (!isOver && (!isLong_ || size >= most_ * kNearEnough || isFull || tries_ == kMostTries))
-    return Fits::Good;
+  if (!isOver) {
+    if (!isLong_ || size >= most_ * kNearEnough || isFull || tries_ >= kMostTries - 1) return Fits::Good;
+    fitting_ = std::max(fitting_, bitRate_);
+  }
   const double room = most_ * (kAim - kMorePerTry * (isOver ? tries_ - 1 : 0)) - (size - picture);
   if (tries_ == kMostTries || room <= 0 || picture <= 0) return Fits::Never;
   raisedFrom_ = isOver ? 0 : size;
   bitRate_ = static_cast<int>(std::clamp(bitRate_ * (room / picture), 1000.0, 2e9));
+  // What has kept within the size once does so again: better too small than no movie.
+  if (tries_ == kMostTries - 1 && fitting_ > 0) bitRate_ = fitting_;
   return Fits::TryAgain;
 }
 

@@ -29,6 +29,8 @@ class SizeAim {
   explicit SizeAim(const RenderPlan& plan);
 
   /// Judges a file of `bytes`, of which `pictureBytes` are its frames; none could be finer with `isFinest`.
+  /// Good is never larger than the limit, and comes by the fifth try at the latest; Never comes where none of
+  /// them has kept within it.
   Fits judge(std::uint64_t bytes, std::uint64_t pictureBytes, bool isFinest);
 
   /// Bits a second for the pictures of the next try.
@@ -40,6 +42,7 @@ class SizeAim {
   int bitRate_;
   int tries_ = 0;
   double raisedFrom_ = 0;  // bytes of a file that was too small, and was given more
+  int fitting_ = 0;        // the highest bit rate of a file that kept within the size
 };
 
 }  // namespace kvo::engine

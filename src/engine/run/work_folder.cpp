@@ -35,6 +35,13 @@ std::string segmentsText(const RenderPlan& plan) {
   return text;
 }
 
+// Which encoders make them.
+std::string encodersText(const RenderPlan& plan) {
+  const auto* hardware = plan.format.video ? plan.format.video->hardware : nullptr;
+  return media::encoderVersions() +
+         (hardware == nullptr ? std::string() : " " + std::string(hardware->name()));
+}
+
 // A line for each source.
 std::string sourcesText(const Timeline& timeline, const Files& files) {
   std::set<std::string> sources;
@@ -52,7 +59,7 @@ std::string sourcesText(const Timeline& timeline, const Files& files) {
 
 std::vector<std::string> segmentFiles(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
                                       const Files& files) {
-  const auto key = hexOf(fnv1a(media::encoderVersions() + "\n" + segmentsText(plan) + "\n" +
+  const auto key = hexOf(fnv1a(encodersText(plan) + "\n" + segmentsText(plan) + "\n" +
                                sourcesText(timeline, files) + job.work->identity));
   std::vector<std::string> names;
   for (std::size_t i = 0; i < plan.segments.size(); ++i)

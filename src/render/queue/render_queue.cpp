@@ -69,6 +69,8 @@ constexpr std::array kQueueRows = {
              [](QueueJob& job, std::string_view text) {
                job.order.megabytes = std::max(numberIn(text).value_or(0), 0.0);
              }},
+    QueueRow{"encoder", [](const QueueJob& job) { return job.order.encoder; },
+             [](QueueJob& job, std::string_view text) { job.order.encoder = text; }},
     QueueRow{"profile",
              [](const QueueJob& job) {
                return job.order.profile ? std::to_string(*job.order.profile) : std::string();

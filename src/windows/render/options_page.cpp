@@ -28,6 +28,7 @@ constexpr QRect kProfileTold{350, 283, 380, 88};
 constexpr QRect kText{362, 288, 356, 52};
 constexpr QRect kLongText{362, 288, 356, 78};  // where nothing stands below it
 constexpr QRect kOwnSize{358, 343, 364, 24};
+constexpr QRect kHardware = kOwnSize;  // never both
 constexpr QRect kSizeName{362, 338, 180, 26};
 constexpr QRect kMegabytes{612, 338, 106, 26};
 constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
@@ -53,6 +54,7 @@ OptionsPage::OptionsPage(const RenderState& state, const QueueState& queue, cons
   makeKinds();
   makeProfiles();
   makeMadeFor();
+  makeHardware();
   makeSummary();
   layOutKinds();
 }
@@ -121,6 +123,13 @@ void OptionsPage::makeMadeFor() {
   });
 }
 
+void OptionsPage::makeHardware() {
+  Chk_Hardware_ = put(made<QCheckBox>(tr("Encode by the graphics card"), this), kHardware);
+  Chk_Hardware_->setToolTip(
+      tr("Sooner done, in a larger file of the same quality, which other machines would not make alike"));
+  connect(Chk_Hardware_, &QCheckBox::clicked, [this](bool on) { acts_.tickHardware(on); });
+}
+
 void OptionsPage::makeSummary() {
   write(tr("Your movie"), "caption", {750, 16, 208, 18});
   facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160});
@@ -172,11 +181,12 @@ void OptionsPage::draw() {
 // While there is a queue the lists are shorter, and what is told of a row stands higher.
 void OptionsPage::layOutLists() {
   const int up = queue_->isHidden() ? 0 : kProfileTold.bottom() - kQueuePlace.top() + 9;
-  const bool isAlone = !state_.Lst_MadeFor.empty() && !state_.hasWishedSize;
+  const bool isAlone = !state_.Lst_MadeFor.empty() && !state_.hasWishedSize && !state_.offersHardware;
   for (auto* list : {Lst_WMVFormats_, Lst_MadeFor_}) put(list, kProfileList.adjusted(0, 0, 0, -up));
   put(tellPlate_, kProfileTold.translated(0, -up));
   put(description_, (isAlone ? kLongText : kText).translated(0, -up));
   put(Chk_UseCodecOutputDimensions_, kOwnSize.translated(0, -up));
+  put(Chk_Hardware_, kHardware.translated(0, -up));
   put(sizeName_, kSizeName.translated(0, -up));
   put(Num_Megabytes_, kMegabytes.translated(0, -up));
 }
@@ -213,6 +223,8 @@ void OptionsPage::drawMadeFor() {
   sizeName_->setVisible(state_.hasWishedSize);
   Num_Megabytes_->setVisible(state_.hasWishedSize);
   Num_Megabytes_->setValue(state_.wishedMegabytes);
+  Chk_Hardware_->setVisible(state_.offersHardware);
+  Chk_Hardware_->setChecked(state_.Chk_Hardware);
 }
 
 void OptionsPage::drawProfiles() {

@@ -44,6 +44,7 @@ class OptionsPage final : public EditorPage {
   void makeKinds();
   void makeProfiles();
   void makeMadeFor();
+  void makeHardware();
   void makeSummary();
   void drawLists();
   void drawProfiles();
@@ -69,6 +70,7 @@ class OptionsPage final : public EditorPage {
   QCheckBox* Chk_UseCodecOutputDimensions_ = nullptr;
   QLabel* sizeName_ = nullptr;
   QSpinBox* Num_Megabytes_ = nullptr;
+  QCheckBox* Chk_Hardware_ = nullptr;
   FactRows* facts_ = nullptr;
   PicturePane* pane_ = nullptr;
   QPushButton* KVOBut_WriteMovie_ = nullptr;

@@ -22,8 +22,9 @@ struct RenderActs {
   std::function<void(bool on)> tickCodecDimensions;  ///< Chk_UseCodecOutputDimensions
   std::function<void(int row)> chooseMadeFor;        ///< of Lst_MadeFor
   std::function<void(int megabytes)> wishMegabytes;
-  std::function<void()> write;       ///< KVOBut_WriteMovie
-  std::function<void()> addToQueue;  ///< KVOBut_AddToQueue
+  std::function<void(bool on)> tickHardware;  ///< Chk_Hardware
+  std::function<void()> write;                ///< KVOBut_WriteMovie
+  std::function<void()> addToQueue;           ///< KVOBut_AddToQueue
   QueueActs queue;
   std::function<void()> writePair;  ///< KVOBut_RenderNewPicInPic
   std::function<void()> abort;      ///< KVOBut_AbortRender

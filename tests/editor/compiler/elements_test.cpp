@@ -346,48 +346,6 @@ TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
   }
 }
 
-TEST(Keyframes, ComeAndGoByTheirRules) {
-  Bench b;
-  addLevels(b.addVideo("a.avi", 0, 4));
-  b.collection.icurMov = 1;
-  b.settings.state.KeyframeEffectNo = 8;
-  AddSingleBaseKeyFrame(b.editing);
-  ASSERT_EQ(b.collection.KeyframeList.count(), 1);
-  const auto& base = b.collection.KeyframeList[1];
-  EXPECT_EQ(base.Param[1].text() + "|" + base.FC, "10|BLUEVIOLET");
-  EXPECT_EQ(base.Transparency, 30);
-  EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
-  AddSingleBaseKeyFrame(b.editing);
-  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
-            "KVO5 - Duplicate Keyframe warning|Frame 0 is already a keyframe.");
-  EXPECT_EQ(KeyframeCount(b.editing, 8, 0), 1);
-  addKeyframe(b, 8, 50, 2, "1", 0);
-  addKeyframe(b, 8, 120, 4.8, "1", 0);
-  b.collection.MovieList[1].LoopStart(Value(1));
-  EXPECT_EQ(AddKeyFramesToList(b.editing),
-            (std::vector<std::string>{"Keyframe No = 0000025", "Keyframe No = 0000050",
-                                      "IGNORED - Point after Mark Out - Keyframe No = 0000120"}));
-  KillAllKeyframeData(b.editing);
-  EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "the base keyframe stays";
-  EXPECT_FALSE(deleteKeyframe(b.editing, 1)) << "the only one stays";
-  b.collection.KeyframeList[1].Transparency = 60;
-  Keyframe second;
-  second.Transparency = 20;
-  EXPECT_TRUE(AddKeyFrame(b.editing, 50, second));
-  EXPECT_EQ(b.collection.KeyframeList[1].Transparency, 100) << "a level begins at 0 or 100";
-  EXPECT_EQ(b.collection.KeyframeList[2].Time.number(), 2);
-  EXPECT_FALSE(AddKeyFrame(b.editing, 50, second));
-  EXPECT_EQ(
-      b.boxes.shown.back().text,
-      "Frame 50 is already a keyframe.\r\nUse the slider to position to where you want a new keyframe.");
-  EXPECT_TRUE(deleteKeyframe(b.editing, 2));
-  addKeyframe(b, 8, 1, 1, "1", 0).ClipName = 999;
-  b.collection.MovieList[1].HasKeyFrames(false);
-  ValidateKeyFrames(b.collection);
-  EXPECT_EQ(b.collection.KeyframeList.count(), 1) << "one without a clip goes";
-  EXPECT_TRUE(b.collection.MovieList[1].HasKeyFrames());
-}
-
 TEST(EffectsTable, IsWrittenAndReadToTheByte) {
   Bench b;
   auto& table = b.editor.effects;
@@ -442,26 +400,6 @@ TEST(EffectsTable, AWriteThatFailsIsTriedThreeTimesATenthOfASecondApart) {
     EXPECT_EQ(holds(log, "EffectsDefaultWrite  Err -  - Aborting after 3 Attempts"), failures == 3) << log;
     EXPECT_TRUE(b.files.exists("/prog/EffectParams.dat")) << "written at the second go if not before";
   }
-}
-
-TEST(EffectsTable, AnEffectThatIsNotInItIsLoggedAndTheTableRebuilt) {
-  Bench b;
-  b.addVideo("a.avi", 0, 5).KeyID(7);
-  b.collection.icurMov = 1;
-  LoadEffects(b.editing);
-  b.editor.effects.named("Grain")->Control[0] = "5";
-  ASSERT_TRUE(WriteEffectsArrayToDisk(b.editing));
-  for (const int number : {2, 21, kBlurEffect, kMotionBlurEffect, 49}) {
-    b.settings.state.KeyframeEffectNo = static_cast<Integer>(number);
-    AddSingleBaseKeyFrame(b.editing);
-    const bool known = number != 49;
-    EXPECT_EQ(b.editor.effects.named("Grain")->Control[0], known ? "5" : "0") << number;
-    EXPECT_EQ(holds(b.files.all["/prog/KVOError.Log"],
-                    "GetEffectParams Err - Failed to Find effect - rebuilding Effects table"),
-              !known)
-        << number;
-  }
-  EXPECT_EQ(b.files.all["/prog/EffectParams.dat"], EffectsTable().text(false));
 }
 
 TEST(Documents, EverythingAClipCanCarry) {

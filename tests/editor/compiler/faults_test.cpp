@@ -24,11 +24,10 @@ std::string told(Bench& b, const ReadReport& report = {}) {
 }
 
 TEST(CollectionFaults, AreFoundInEveryClip) {
-  struct Row {
+  const struct {
     std::function<void(Bench&, Movie&)> change;  // the second of two clips
     const char* faults;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {[](Bench&, Movie&) {}, ""},
       {[](Bench&, Movie& m) { m.LoopStart(Value()); }, ""},
       {[](Bench& b, Movie&) { b.files.all.erase("/v/b.avi"); }, "2 the file is missing!"},

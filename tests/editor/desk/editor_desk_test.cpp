@@ -18,16 +18,14 @@ using test::DeskBench;
 
 // Which tab hears what, by the change code.
 TEST(EditorDesk, TheWatchTellsTheOpenTab) {
-  struct Row {
+  const struct {
     int tab;
     Integer code;
     const char* told;
     int tabThen;
-  };
-  const Row rows[] = {{1, 1, "follow1 ", 1}, {1, 99, "anew1 ", 1}, {2, 1, "follow2 ", 2},
-                      {2, 96, "anew2 ", 2},  {3, 97, "anew3 ", 3}, {4, 98, "anew4 ", 4},
-                      {5, 1, "follow5 ", 5}, {6, 99, "anew6 ", 6}, {7, 1, "", 7},
-                      {7, 96, "", 7},        {7, 98, "anew7 ", 7}, {3, 0, "", 3}};
+  } rows[] = {{1, 1, "follow1 ", 1}, {1, 99, "anew1 ", 1}, {2, 1, "follow2 ", 2}, {2, 96, "anew2 ", 2},
+              {3, 97, "anew3 ", 3},  {4, 98, "anew4 ", 4}, {5, 1, "follow5 ", 5}, {6, 99, "anew6 ", 6},
+              {7, 1, "", 7},         {7, 96, "", 7},       {7, 98, "anew7 ", 7},  {3, 0, "", 3}};
   DeskBench b;
   b.open();
   for (const auto& row : rows) {
@@ -71,64 +69,21 @@ TEST(EditorDesk, TheWatchLooksAtTheMembership) {
   EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "029.000");
 }
 
-TEST(EditorDesk, TheOrderOfTheClipsIsCheckedAtOnceAndThenSeldom) {
-  DeskBench b;
-  b.listCommands.select(5);
-  b.listCommands.moveTo(1);
-  b.open();
-  const auto boxes = [&] { return b.boxes.shown.size(); };
-  b.tick(3);
-  EXPECT_EQ(boxes(), 0U);
-  b.tick();
-  ASSERT_EQ(boxes(), 1U);
-  EXPECT_TRUE(b.boxes.shown[0].text.find("<song.mp3>") != std::string::npos);
-  b.tick(545);
-  EXPECT_EQ(boxes(), 1U);
-  b.clip(2).MovieName("speech.wav");
-  {
-    const CommandPass pass(b.window);  // a load or a save
-    b.tick(5);
-    EXPECT_EQ(boxes(), 1U) << "another command has the collection";
-    EXPECT_EQ(b.clip(2).MovieHeight(), 480);
-  }
-  b.tick(5);
-  EXPECT_EQ(boxes(), 2U) << "some 110 seconds later";
-  EXPECT_EQ(b.clip(2).MovieHeight(), 0);
-}
-
-TEST(EditorDesk, BringsTheMainWindowToAClip) {
-  DeskBench b;
-  b.open();
-  for (const auto& [clip, pause, plays, holds, told] : {std::tuple{2, true, false, true, "load2 "},
-                                                        {2, true, false, true, "details2 "},
-                                                        {2, false, false, true, "details2 pause "},
-                                                        {2, true, true, true, ""},
-                                                        {2, true, false, false, "load2 "},
-                                                        {9, false, false, true, ""}}) {
-    if (!holds) b.inPlayer = "/v/other.avi";
-    b.preview.plays = plays;
-    b.told.clear();
-    b.desk.UpDateFrmFileOpen(clip, pause);
-    EXPECT_EQ(b.told, told);
-  }
-}
-
 TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
-  struct Row {
+  const struct {
     ClipKey key;
     const char* film;  // what is told, or a step of the history
     const char* still;
-  };
-  const Row rows[] = {{ClipKey::SetIN, "to4 markIn ", ""},
-                      {ClipKey::SetOUT, "to4 markOut ", ""},
-                      {ClipKey::ResetIN, "to4 slider resetIn ", ""},
-                      {ClipKey::ResetOUT, "to4 slider resetOut ", ""},
-                      {ClipKey::Split, "to4 to4 load2 Undo split film1.avi", ""},
-                      {ClipKey::Copy, "to4 load2 Undo copy film1.avi", "load5 Undo copy photo.jpg"},
-                      {ClipKey::CopyEnd, "to4 load2 Undo copy film1.avi", ""},
-                      {ClipKey::Equi, "to4 load2 Undo copy film1.avi", ""},
-                      {ClipKey::Trimmer, "to4 stop trimmer ", ""},
-                      {ClipKey::AddSnapShot, "to4 halt ", ""}};
+  } rows[] = {{ClipKey::SetIN, "to4 markIn ", ""},
+              {ClipKey::SetOUT, "to4 markOut ", ""},
+              {ClipKey::ResetIN, "to4 slider resetIn ", ""},
+              {ClipKey::ResetOUT, "to4 slider resetOut ", ""},
+              {ClipKey::Split, "to4 to4 load2 Undo split film1.avi", ""},
+              {ClipKey::Copy, "to4 load2 Undo copy film1.avi", "load5 Undo copy photo.jpg"},
+              {ClipKey::CopyEnd, "to4 load2 Undo copy film1.avi", ""},
+              {ClipKey::Equi, "to4 load2 Undo copy film1.avi", ""},
+              {ClipKey::Trimmer, "to4 stop trimmer ", ""},
+              {ClipKey::AddSnapShot, "to4 halt ", ""}};
   for (const auto& row : rows) {
     for (const int clip : {1, 4}) {
       DeskBench b;
@@ -339,16 +294,123 @@ TEST(ClipStats, TellWhatTheRecordHas) {
   b.clip(4).Resolution("N/A");
   EXPECT_EQ(all(clipStats(b.editing, 4, true)),
             "Previewing - Cut 4|photo.jpg|N/A|5.000 (s)|0.00 - 0.00 (s)|N/A|N/A|N/A|No Effects|N/A");
-  b.clip(5).Resolution("44.1 KHz");
-  b.streams.all["/v/song.mp3"].channels = 2;
-  const auto song = clipStats(b.editing, 5, false);
-  EXPECT_TRUE(song.isSound);
-  EXPECT_EQ(song.Lbl_FrameDets + "|" + song.Lbl_Framratedets, "0.00 to 30.00 (s)|44.1 KHz, Stereo");
-  for (const bool plays : {true, false}) {
-    b.preview.plays = plays;
-    b.desk.Displaymovieinfo();
-    EXPECT_EQ(b.state.stats.lbl_ClipStats, plays ? "Previewing - Cut 1" : "Cut 1 Details");
+}
+
+TEST(EditorDesk, OpensBehindALookIntoTheFilesAndGivesBackWhatItBorrowed) {
+  DeskBench b;
+  b.settings.user.LoopPreviews = true;
+  b.settings.adjust().AutoTrimAudio = false;
+  b.collection.IniName = "Holiday.INI";
+  {
+    const std::lock_guard lock(b.held.held);
+    b.desk.Form_Load();
+    EXPECT_FALSE(b.state.analysing.visible) << "it may be done in a moment";
+    b.loop.advance(300);
+    EXPECT_TRUE(b.state.analysing.visible);
+    EXPECT_FALSE(b.state.frame.toolsOn);
+    EXPECT_EQ(b.state.frame.caption, "   Create New Movie from Holiday Collection");
+    b.desk.restoreCaption();
+    EXPECT_EQ(b.state.frame.caption, "   Create New movie from Holiday");
+    b.loop.advance(65 * 500);
+    EXPECT_TRUE(b.state.analysing.visible);
+    b.loop.advance(500);
+    EXPECT_FALSE(b.state.analysing.visible) << "its longest time";
+    EXPECT_EQ(b.told, "");
   }
+  b.open();
+  EXPECT_EQ(b.told.substr(0, 9), "restore1 ");
+  EXPECT_TRUE(b.boxes.shown.empty());
+  EXPECT_TRUE(b.settings.state.KVOIsInEditMode);
+  EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "029.000");
+  EXPECT_EQ(b.state.totals.Lbl_AudTotal, "030.000(s)");
+  EXPECT_TRUE(b.state.totals.audioIsRed);
+  EXPECT_EQ(b.state.stats.lbl_ClipStats, "Cut 1 Details");
+  EXPECT_FALSE(isDirty(b.collection, b.settings)) << "nobody has changed anything";
+  b.settings.user.LoopPreviews = false;
+  b.told.clear();
+  b.desk.Form_QueryUnload();
+  EXPECT_EQ(b.told, "load1 ");
+  EXPECT_FALSE(b.desk.isOpen());
+  EXPECT_FALSE(b.settings.state.KVOIsInEditMode);
+  EXPECT_TRUE(b.settings.user.LoopPreviews);
+  EXPECT_EQ(b.tick(5), "") << "the watch stands";
+
+  b.collection.MovieList.clear();
+  b.list.fill();
+  b.open();
+  EXPECT_TRUE(b.boxes.shown.empty()) << "the window comes first";
+  b.loop.advance(200);
+  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text,
+            "KVO - No Video Tracks|No Video Tracks found ?");
+  b.desk.Form_QueryUnload();
+  EXPECT_EQ(b.told.substr(b.told.size() - 6), "empty ");
+  const CommandPass held(b.window);
+  b.desk.Form_Load();
+  EXPECT_FALSE(b.desk.isOpen()) << "another command runs";
+}
+
+TEST(EditorDesk, AnalysingCanBeStoppedAndSaysWhatItHasNotLookedInto) {
+  DeskBench b(7);
+  for (auto& [path, facts] : b.streams.all) facts.hasAudio = true;
+  const auto sounds = [&] {
+    std::string heard;
+    for (int i = 1; i <= 7; ++i) heard += b.clip(i).HasAudio() ? '1' : '0';
+    return heard;
+  };
+  {
+    const std::lock_guard lock(b.held.held);  // the first file does not answer
+    b.desk.Form_Load();
+    b.desk.stopAnalysing();
+    b.loop.advance(1);
+    EXPECT_TRUE(b.state.frame.toolsOn);
+    ASSERT_EQ(b.boxes.shown.size(), 1U);
+    EXPECT_EQ(b.boxes.shown[0].text,
+              "9 of 9 clips have not been looked into. They are taken by their names, without their sound, "
+              "until you choose them:\nfilm1.avi\nfilm2.avi\nfilm3.avi\nfilm4.avi\nfilm5.avi\n...");
+    EXPECT_EQ(b.state.totals.lbl_VideoTotTime, "061.000") << "as their records have them";
+    EXPECT_EQ(sounds(), "0000000");
+    b.list.select(3);
+    b.tick();
+    EXPECT_EQ(sounds(), "0000000") << "nobody waits for it";
+  }
+  while (sounds()[2] == '0' && b.loop.workComesHome()) b.tick();
+  EXPECT_EQ(sounds()[2], '1') << "it has been chosen";
+  EXPECT_EQ(sounds()[4], '0');
+  b.desk.stopAnalysing();
+  EXPECT_EQ(b.boxes.shown.size(), 1U) << "nothing is under way";
+  b.desk.Form_QueryUnload();
+  b.open();
+  EXPECT_EQ(sounds(), "1111111") << "the next opening looks at all";
+}
+
+TEST(EditorDesk, WritesTheEffectsTableWhenItClosesWithAnother) {
+  const std::string path = "/prog/EffectParams.dat";
+  DeskBench b;
+  const auto value = [](DeskBench& of) -> std::string& {
+    return of.editor.effects.named("Chrome")->Control[2];
+  };
+  b.open();
+  const auto first = b.files.all[path];
+  b.desk.Form_QueryUnload();
+  EXPECT_EQ(b.files.all[path], first) << "nothing has changed";
+  b.open();
+  value(b) = "44";
+  b.files.failedReplaces = 1;
+  b.desk.Form_QueryUnload();
+  EXPECT_EQ(b.files.all[path], first);
+  b.open();
+  EXPECT_EQ(value(b), "44") << "it lives as long as the run, also where the disk does not take it";
+  b.desk.Form_QueryUnload();
+  DeskBench next;
+  next.files.all[path] = b.files.all[path];
+  {
+    const std::lock_guard lock(next.held.held);
+    next.desk.Form_Load();
+    next.desk.Form_QueryUnload();
+    EXPECT_EQ(next.files.all[path], b.files.all[path]) << "the table has not been read yet";
+  }
+  next.open();
+  EXPECT_EQ(value(next), "44");
 }
 
 }  // namespace

@@ -51,20 +51,14 @@ TEST(AudioTab, ControlsWriteTheRecordOfTheChosenClip) {
     const char* record;  // in the movie, fades on, fade in, fade out, level
     const char* asked;
   };
+  const auto does = [](auto act, auto choice) {
+    return [=](AudioBench& b) { act(b.editing, b.tab, b.host, choice); };
+  };
   const Row rows[] = {
-      {"out of the movie", [](AudioBench& b) { tickClipSound(b.editing, b.tab, b.host, false); }, "0 0 0 0 1",
-       "edit Sound off 1 98"},
-      {"into it again",
-       [](AudioBench& b) {
-         for (const bool on : {false, true}) tickClipSound(b.editing, b.tab, b.host, on);
-       },
-       "1 1 0 0 1", "edit Sound off 1 98, edit Sound on 1 98"},
-      {"fade in", [](AudioBench& b) { moveFadeIn(b.editing, b.tab, b.host, 15); }, "1 1 1.5 0 1",
-       "edit Fade in 1 0"},
-      {"fade out", [](AudioBench& b) { moveFadeOut(b.editing, b.tab, b.host, 25); }, "1 1 0 2.5 1",
-       "edit Fade out 1 0"},
-      {"level", [](AudioBench& b) { moveAudioLevel(b.editing, b.tab, b.host, 7); }, "1 0 0 0 0.7",
-       "edit Level 1 98"},
+      {"out of the movie", does(tickClipSound, false), "0 0 0 0 1", "edit Sound off 1 98"},
+      {"fade in", does(moveFadeIn, 15), "1 1 1.5 0 1", "edit Fade in 1 0"},
+      {"fade out", does(moveFadeOut, 25), "1 1 0 2.5 1", "edit Fade out 1 0"},
+      {"level", does(moveAudioLevel, 7), "1 0 0 0 0.7", "edit Level 1 98"},
   };
   for (const auto& row : rows) {
     AudioBench b;

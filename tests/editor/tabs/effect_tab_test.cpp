@@ -59,7 +59,7 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
     std::function<void(EffectBench&)> act;
     std::function<std::string(Movie&)> field;
     const char* stored;
-    const char* asked;
+    const char* asked;  // ahead of " 1 0, sample Effect 1"
   };
   const auto tick = [](int position) {
     return [position](EffectBench& b) { tickEffect(b.editing, b.tab, b.host, position, true); };
@@ -70,54 +70,43 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
   const auto ease = [](EaseLevel which, int value) {
     return [=](EffectBench& b) { moveEase(b.editing, b.tab, b.host, which, value); };
   };
+  const auto does = [](auto act, auto choice) {
+    return [=](EffectBench& b) { act(b.editing, b.tab, b.host, choice); };
+  };
+  const auto word = [](Movie& m) { return m.EffectWord(); };
+  const auto blur = [](Movie& m) { return std::to_string(m.BlurInt()); };
+  const auto motion = [](Movie& m) {
+    return std::to_string(m.MBlurStrength()) + " " + std::to_string(m.MBlurDirection());
+  };
+  const auto age = [](Movie& m) { return std::to_string(m.AgeIntensity()); };
+  const auto moves = [](Movie& m) {
+    return m.MoveADirection() + " " + m.MoveARotationDirection() + " " + ShortText(m.ScaleA()) + " " +
+           ShortText(m.InitialScaleA()) + " " + ShortText(m.EaseDuration()) + (m.EaseIN() ? " in" : "") +
+           (m.RevolveCamera() ? " camera" : "");
+  };
   const Row rows[] = {
-      {"mirror", tick(1), [](Movie& m) { return m.EffectWord(); },
-       "1000000000000000000000000000000000000000000000", "edit Mirror 1 0, sample Effect 1"},
-      {"blur", tick(kBlur), [](Movie& m) { return std::to_string(m.BlurInt()); }, "4",
-       "edit Blur 1 0, sample Effect 1"},
-      {"motion blur", tick(kMotion),
-       [](Movie& m) { return std::to_string(m.MBlurStrength() * 1000 + m.MBlurDirection()); }, "14020",
-       "edit Motion blur 1 0, sample Effect 1"},
-      {"film age", tick(kAge), [](Movie& m) { return std::to_string(m.AgeIntensity()); }, "35",
-       "edit Film age 1 0, sample Effect 1"},
-      {"ease begins moving out", tick(kEase),
-       [](Movie& m) { return m.MoveADirection() + ShortText(m.ScaleA()) + ShortText(m.InitialScaleA()); },
-       "out11", "edit Ease 1 0, sample Effect 1"},
-      {"blur slider", level(EffectLevel::Blur, 9), [](Movie& m) { return std::to_string(m.BlurInt()); }, "9",
-       "edit Blur 1 0, sample Effect 1"},
-      {"strength", level(EffectLevel::MotionStrength, 30),
-       [](Movie& m) { return std::to_string(m.MBlurStrength()); }, "30",
-       "edit Motion blur strength 1 0, sample Effect 1"},
-      {"direction", level(EffectLevel::MotionDirection, 270),
-       [](Movie& m) { return std::to_string(m.MBlurDirection()); }, "270",
-       "edit Motion blur direction 1 0, sample Effect 1"},
-      {"age", level(EffectLevel::FilmAge, 80), [](Movie& m) { return std::to_string(m.AgeIntensity()); },
-       "80", "edit Film age 1 0, sample Effect 1"},
-      {"ease slider", ease(EaseLevel::Progress, 25), [](Movie& m) { return ShortText(m.EaseDuration()); },
-       "0.25", "edit Ease progress 1 0, sample Effect 1"},
-      {"ease at its end", ease(EaseLevel::StartScale, 0),
-       [](Movie& m) { return ShortText(m.InitialScaleA()); }, "0",
-       "edit Starting magnification 1 0, sample Effect 1"},
-      {"ease in", [](EffectBench& b) { chooseEase(b.editing, b.tab, b.host, true); },
-       [](Movie& m) { return std::string(m.EaseIN() ? "in" : "out"); }, "in",
-       "edit Ease 1 0, sample Effect 1"},
-      {"direction of moving", [](EffectBench& b) { chooseMoveDirection(b.editing, b.tab, b.host, 3); },
-       [](Movie& m) { return m.MoveADirection(); }, "left", "edit Ease direction 1 0, sample Effect 1"},
-      {"rotation", [](EffectBench& b) { chooseRotation(b.editing, b.tab, b.host, 4); },
-       [](Movie& m) { return m.MoveARotationDirection(); }, "down",
-       "edit Ease rotation 1 0, sample Effect 1"},
-      {"camera", [](EffectBench& b) { tickRotateCam(b.editing, b.tab, b.host, true); },
-       [](Movie& m) { return std::string(m.RevolveCamera() ? "on" : ""); }, "on",
-       "edit Ease camera 1 0, sample Effect 1"},
-      {"preset", [](EffectBench& b) { pressEaseDefault(b.editing, b.tab, b.host, true); },
-       [](Movie& m) { return ShortText(m.InitialScaleA()) + m.MoveADirection(); }, "0.75",
-       "edit Ease in 1 0, sample Effect 1"},
+      {"mirror", tick(1), word, "1000000000000000000000000000000000000000000000", "Mirror"},
+      {"blur", tick(kBlur), blur, "4", "Blur"},
+      {"motion blur", tick(kMotion), motion, "14 20", "Motion blur"},
+      {"film age", tick(kAge), age, "35", "Film age"},
+      {"ease begins moving out", tick(kEase), moves, "out  1 1 0", "Ease"},
+      {"blur slider", level(EffectLevel::Blur, 9), blur, "9", "Blur"},
+      {"strength", level(EffectLevel::MotionStrength, 30), motion, "30 0", "Motion blur strength"},
+      {"direction", level(EffectLevel::MotionDirection, 270), motion, "0 270", "Motion blur direction"},
+      {"age", level(EffectLevel::FilmAge, 80), age, "80", "Film age"},
+      {"ease slider", ease(EaseLevel::Progress, 25), moves, "  0 0 0.25", "Ease progress"},
+      {"ease at its end", ease(EaseLevel::StartScale, 0), moves, "  0 0 0", "Starting magnification"},
+      {"ease in", does(chooseEase, true), moves, "  0 0 0 in", "Ease"},
+      {"direction of moving", does(chooseMoveDirection, 3), moves, "left  0 0 0", "Ease direction"},
+      {"rotation", does(chooseRotation, 4), moves, " down 0 0 0", "Ease rotation"},
+      {"camera", does(tickRotateCam, true), moves, "  0 0 0 camera", "Ease camera"},
+      {"preset", does(pressEaseDefault, true), moves, "  1 0.75 0", "Ease in"},
   };
   for (const auto& row : rows) {
     EffectBench b;
     row.act(b);
     EXPECT_EQ(row.field(b.clip(1)), row.stored) << row.what;
-    EXPECT_EQ(b.host.look(), row.asked) << row.what;
+    EXPECT_EQ(b.host.look(), std::string("edit ") + row.asked + " 1 0, sample Effect 1") << row.what;
     EffectBench refused;
     refused.host.refuses = true;
     refused.clip(1).IsDirty(false);

@@ -1,12 +1,10 @@
 // What the editor's panels do to a clip, and the documents that go beside the collection's own.
 #include "editor/compiler/picture_in_picture.h"
-#include "editor/tabs/audio_fades.h"
 #include "editor/tabs/effect_panel.h"
 #include "editor/tabs/operations.h"
 #include "editor/tabs/preview.h"
 #include "editor/tabs/preview_params.h"
 #include "editor/tabs/still_options.h"
-#include "editor/tabs/transition_panel.h"
 #include "support/fakes.h"
 #include "support/golden.h"
 
@@ -101,40 +99,6 @@ TEST(Stills, TakeTheirDefaultsFromTheFile) {
   GetStillOpts(b.editing);
   EXPECT_EQ(b.settings.state.DefaultStillDuration, 2.5F);
   EXPECT_EQ(b.settings.state.DefaultStillFrameRate, 12) << "a section that is not there changes nothing";
-}
-
-TEST(Stills, AreSetTogetherOrOneByOne) {
-  Bench b;
-  auto& first = b.addVideo("s.jpg", 2, 0);
-  first.IsStill(true);
-  first.AltName("Beach");
-  b.addVideo("a.avi", 1, 5);
-  b.addVideo("t.jpg", 2, 0).IsStill(true);
-  EXPECT_EQ(GetStillsInCollection(b.editing), 2);
-  EXPECT_EQ(PopulateStillListBox(b.editing)[0], "Beach" + std::string(200, ' ') + "1");
-  const auto ends = [&] {
-    std::string all;
-    for (int i = 1; i <= 3; ++i)
-      all += b.collection.MovieList[i].LoopStart().text() + "-" + b.collection.MovieList[i].LoopEnd().text() +
-             " ";
-    return all;
-  };
-  StillControls controls{.milliseconds = 3500, .aspect = 3, .individually = true, .selectedClip = 0};
-  ApplyStillSettings(b.editing, controls);
-  EXPECT_EQ(ends(), "2-0 1-5 2-0 ") << "none is selected";
-  controls.selectedClip = 3;
-  ApplyStillSettings(b.editing, controls);
-  EXPECT_EQ(ends(), "2-0 1-5 0-3.5 ");
-  auto& last = b.collection.MovieList[3];
-  EXPECT_EQ(last.stretchmode(), 3);
-  last.IsDirty(false);
-  ApplyStillSettings(b.editing, controls);
-  EXPECT_FALSE(last.IsDirty()) << "as each preview does, which changes nothing";
-  controls.individually = false;
-  moveStillSlider(b.editing, controls, 5000);
-  EXPECT_EQ(ends(), "0-5 1-5 0-5 ") << "a video is left alone";
-  EXPECT_EQ(b.settings.state.ObjectChange, 98);
-  EXPECT_EQ(b.settings.state.DefaultStillDuration, 5);
 }
 
 TEST(Samples, ShowATransitionInItsFourCases) {
@@ -248,55 +212,6 @@ TEST(EffectPanel, TellsItsEaseAndKnowsItsClasses) {
   for (const auto& [name, language] : {std::pair{"blur", "DE-DE"}, {"", "EN-US"}})
     EXPECT_EQ(GetEffectClsid(name, language), "") << "a class without a name has none";
   EXPECT_EQ(GetEffectClsid("BLUR"), "{7312498D-E87A-11d1-81E0-0000F87557DB}");
-}
-
-TEST(TransitionPanel, StoresWhatIsPicked) {
-  Bench b;
-  auto& clip = b.addVideo("a.avi", 0, 5);
-  b.collection.icurMov = 1;
-  b.editor.controls.Sld_In.Value = 2;
-  clip.ExtraParamName2("Direction");
-  TransitionPanel panel{.selected = "Barn"};
-  DoTransition(b.editing, panel, 1);
-  EXPECT_EQ(clip.TransType(), "Barn");
-  EXPECT_EQ(clip.TransIn(), 2);
-  EXPECT_EQ(clip.ExtraParamName2(), "");
-  EXPECT_TRUE(panel.durationIsShort && panel.wantsPreview);
-  warnOfShortDuration(b.editing, panel);
-  EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Short Transition duration");
-  panel.selected = "Shatter In";
-  DoTransition(b.editing, panel, 2);
-  EXPECT_TRUE(panel.wantsParticleWindow && panel.Cmd_ParticleOpts);
-  EXPECT_EQ(clip.TransType(), "Barn");
-  MatchTransitionToList(b.editing, panel);
-  EXPECT_EQ(panel.selected, "Barn");
-  panel.listVisible = false;
-  ApplyTransitionDataToObjects(b.editing, panel);
-  EXPECT_EQ(clip.TransType(), "CUT");
-}
-
-TEST(AudioFades, GoFromTheSlidersToTheClip) {
-  Bench b;
-  auto& clip = b.addVideo("a.avi", 0, 2);
-  b.collection.icurMov = 1;
-  AudioFadeControls controls{true, 15, 30};
-  AdjustAudioTrackFadeObjects(b.editing, controls, true);
-  EXPECT_EQ(clip.AudioFadeInTime(), 1.5F);
-  EXPECT_TRUE(clip.HasAudioFade());
-  ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_EQ(
-      b.boxes.shown[0].caption + "|" + b.boxes.shown[0].text,
-      "KVO5 - Autotrim Fade Warning|As the 'Auto Trim' feature is ON, the values you have set for the fade "
-      "OUT "
-      "are longer than the clip. You must reduce the fade OUT time or switch OFF the 'Auto Trim' feature.");
-  AudioFadeControls back;
-  AdjustAudioTrackFadeObjects(b.editing, back, false);
-  EXPECT_EQ(back.fadeOut, 30);
-  const auto titles = UpdateAudioFadeSliderTxt({true, 15, 0});
-  EXPECT_EQ(titles.fadeIn + "|" + titles.fadeOut, "Fade In Over 1.5s|Fade Out Over - Cut");
-  controls.renderAudio = false;
-  AdjustAudioTrackFadeObjects(b.editing, controls, true);
-  EXPECT_FALSE(clip.HasAudioFade());
 }
 
 }  // namespace

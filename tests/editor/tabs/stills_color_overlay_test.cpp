@@ -160,26 +160,20 @@ TEST(OverlayTab, EachControlIsPackedIntoTheBackdrop) {
     const char* word;
     const char* asked;
   };
+  const auto does = [](auto act, auto... choice) {
+    return [=](OverlayBench& b) { act(b.editing, b.tab, b.host, choice...); };
+  };
   const Row rows[] = {
-      {[](OverlayBench& b) { chooseOverlay(b.editing, b.tab, b.host, 2); }, "003001100000000000000",
-       "edit Overlay 1 0"},
-      {[](OverlayBench& b) { chooseOverlayStyle(b.editing, b.tab, b.host, OverlayStyle::Radial); },
-       "002201100000000000000", "edit Overlay transparency 1 0"},
-      {[](OverlayBench& b) { chooseOverlayPosition(b.editing, b.tab, b.host, 12); }, "002012100000000000000",
-       "edit Overlay position 1 0"},
-      {[](OverlayBench& b) { moveMaxOpacity(b.editing, b.tab, b.host, 85); }, "002001085000000000000",
-       "edit Overlay opacity 1 0"},
-      {[](OverlayBench& b) { moveOverlayIn(b.editing, b.tab, b.host, 1000); }, "002001100010000000000",
-       "edit Overlay fade in 1 0"},
-      {[](OverlayBench& b) { moveOverlayOut(b.editing, b.tab, b.host, 1500); }, "002001100000000150000",
-       "edit Overlay fade out 1 0"},
-      {[](OverlayBench& b) { tickTrimOverlay(b.editing, b.tab, b.host, true); }, "002001100000000000001",
-       "edit Overlay trim 1 0"},
-      {[](OverlayBench& b) { tickOverlaySound(b.editing, b.tab, b.host, true); }, "002001100000000000000",
-       "edit Overlay sound 1 0"},
-      {[](OverlayBench& b) { tickBackdropSound(b.editing, b.tab, b.host, true); }, "002001100000000000000",
-       "edit Backdrop sound 1 0"},
-      {[](OverlayBench& b) { clearPicInPic(b.editing, b.tab, b.host); }, "", "edit Clear overlay 1 0"},
+      {does(chooseOverlay, 2), "003001100000000000000", "Overlay"},
+      {does(chooseOverlayStyle, OverlayStyle::Radial), "002201100000000000000", "Overlay transparency"},
+      {does(chooseOverlayPosition, 12), "002012100000000000000", "Overlay position"},
+      {does(moveMaxOpacity, 85), "002001085000000000000", "Overlay opacity"},
+      {does(moveOverlayIn, 1000), "002001100010000000000", "Overlay fade in"},
+      {does(moveOverlayOut, 1500), "002001100000000150000", "Overlay fade out"},
+      {does(tickTrimOverlay, true), "002001100000000000001", "Overlay trim"},
+      {does(tickOverlaySound, true), "002001100000000000000", "Overlay sound"},
+      {does(tickBackdropSound, true), "002001100000000000000", "Backdrop sound"},
+      {does(clearPicInPic), "", "Clear overlay"},
   };
   for (const auto& row : rows) {
     OverlayBench b;
@@ -188,7 +182,7 @@ TEST(OverlayTab, EachControlIsPackedIntoTheBackdrop) {
     b.host.look();
     row.act(b);
     EXPECT_EQ(b.clip(1).HasPicInPic(), row.word);
-    EXPECT_EQ(b.host.look(), row.asked + std::string(", sample PictureInPicture 1"));
+    EXPECT_EQ(b.host.look(), std::string("edit ") + row.asked + " 1 0, sample PictureInPicture 1");
   }
 }
 

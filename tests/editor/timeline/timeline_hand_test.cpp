@@ -17,7 +17,6 @@ using Told = std::vector<std::string>;
 constexpr double kRuler = 12;
 constexpr double kTitle = 38;
 constexpr double kPictures = 80;
-constexpr double kSound = 125;
 constexpr double kMusic = 163;
 
 struct Taken : TimelineBench {
@@ -29,82 +28,47 @@ struct Taken : TimelineBench {
 
 TEST(TimelineHand, DragsMeanWhatTheyLookLike) {
   struct Row {
-    double from, fromY, to, toY;
-    Told told;
-    const char* text;
-    const char* reason;
+    double from, to, y;
+    const char* told;
+    const char* text = "";
+    const char* reason = "";
+    double toY = 0;
   };
-  const auto file = "frame 2 20";
   for (const auto& row : {
-           Row{12.4,
-               kPictures,
-               10.4,
-               kPictures,
-               {"frame 2 8.4", "frame ends", "mark 2"},
-               "Mark-Out 8.40 s   frame 210",
-               ""},
-           Row{4,
-               kPictures,
-               5,
-               kPictures,
-               {"frame 2 3", "frame ends", "mark 2"},
-               "Mark-In 3.00 s   frame 75",
-               ""},
-           Row{12.4,
-               kPictures,
-               40,
-               kPictures,
-               {file, "frame ends", "mark 2"},
-               "Mark-Out 20.00 s   frame 500",
+           Row{12.4, 10.4, kPictures, "frame 2 8.4, frame ends, mark 2", "Mark-Out 8.40 s   frame 210"},
+           Row{4, 5, kPictures, "frame 2 3, frame ends, mark 2", "Mark-In 3.00 s   frame 75"},
+           Row{12.4, 40, kPictures, "frame 2 20, frame ends, mark 2", "Mark-Out 20.00 s   frame 500",
                "The file ends here"},
-           Row{4,
-               kPictures,
-               0.5,
-               kPictures,
-               {"frame 2 0", "frame ends", "mark 2"},
-               "Mark-In 0.00 s   frame 0",
+           Row{4, 0.5, kPictures, "frame 2 0, frame ends, mark 2", "Mark-In 0.00 s   frame 0",
                "The file begins here"},
-           Row{4,
-               kPictures,
-               30,
-               kPictures,
-               {"frame 2 10.36", "frame ends", "mark 2"},
-               "Mark-In 10.36 s   frame 259",
+           Row{4, 30, kPictures, "frame 2 10.36, frame ends, mark 2", "Mark-In 10.36 s   frame 259",
                "Mark-In stays ahead of Mark-Out"},
-           Row{6, kPictures, 7, kPictures, {"transition 2 30"}, "Dissolve 3.0 s", ""},
-           Row{6,
-               kPictures,
-               16,
-               kPictures,
-               {"transition 2 60"},
-               "Dissolve 6.0 s",
+           Row{6, 7, kPictures, "transition 2 30", "Dissolve 3.0 s"},
+           Row{6, 16, kPictures, "transition 2 60", "Dissolve 6.0 s",
                "At most 6.0 s: the shorter of the two clips"},
-           Row{6, kPictures, 3, kPictures, {"transition 2 0"}, "Cut", ""},
-           Row{15, kPictures, 13.5, kPictures, {"select 3", "transition 3 15"}, "Dissolve 1.5 s", ""},
-           Row{15, kPictures, 15.8, kPictures, {"select 3"}, "", "Clips follow each other without a gap"},
-           Row{9, kPictures, 9.5, kPictures, {"transition 2 15"}, "Dissolve 1.5 s", ""},
-           Row{2, kPictures, 1.5, kPictures, {"select 1"}, "", "Nothing lies ahead of the first clip"},
-           Row{15, kPictures, 1, kPictures, {"select 3", "move 3 before 1"}, "", ""},
-           Row{2, kPictures, 25, kPictures, {"select 1", "move 1 before 4"}, "", ""},
-           Row{2, kMusic, 3.5, kMusic, {"select 4", "fade 4 35"}, "Fade In Over 3.5s", ""},
-           Row{2, kMusic, 0, kMusic, {"select 4", "fade 4 0"}, "Fade In Over - Cut", ""},
-           Row{18.8,
-               kMusic,
-               1,
-               kMusic,
-               {"select 4", "fade 4 97"},
-               "Fade Out Over 9.7s",
+           Row{6, 3, kPictures, "transition 2 0", "Cut"},
+           Row{15, 13.5, kPictures, "select 3, transition 3 15", "Dissolve 1.5 s"},
+           Row{15, 15.8, kPictures, "select 3", "", "Clips follow each other without a gap"},
+           Row{9, 9.5, kPictures, "transition 2 15", "Dissolve 1.5 s"},
+           Row{2, 1.5, kPictures, "select 1", "", "Nothing lies ahead of the first clip"},
+           Row{15, 1, kPictures, "select 3, move 3 before 1"},
+           Row{2, 25, kPictures, "select 1, move 1 before 4"},
+           Row{2, 3.5, kMusic, "select 4, fade 4 35", "Fade In Over 3.5s"},
+           Row{2, 0, kMusic, "select 4, fade 4 0", "Fade In Over - Cut"},
+           Row{18.8, 1, kMusic, "select 4, fade 4 97", "Fade Out Over 9.7s",
                "At most 9.7 s: half of the clip"},
-           Row{10, kMusic, 9, kPictures, {"select 4"}, "", "Music lies under the clips"},
-           Row{3, kRuler, 8, kRuler, {"seek 3", "seek 8"}, "8.00 s", ""},
+           Row{10, 9, kMusic, "select 4", "", "Music lies under the clips", kPictures},
+           Row{3, 8, kRuler, "seek 3, seek 8", "8.00 s"},
        }) {
     Taken b;
-    b.drag(b.at(row.from, row.fromY), b.at(row.to, row.toY));
+    b.drag(b.at(row.from, row.y), b.at(row.to, row.toY > 0 ? row.toY : row.y));
     const auto saying = b.state.saying.value_or(TimelineSaying{});
     EXPECT_EQ(saying.text, row.text) << row.from << " to " << row.to;
     EXPECT_EQ(saying.reason, row.reason) << row.from << " to " << row.to;
     b.hand.release();
-    EXPECT_EQ(b.told, row.told) << row.from << " to " << row.to;
+    std::string told;
+    for (const auto& one : b.told) told += (told.empty() ? "" : ", ") + one;
+    EXPECT_EQ(told, row.told) << row.from << " to " << row.to;
     EXPECT_FALSE(b.state.saying || b.state.drag);
   }
 }
@@ -205,57 +169,13 @@ TEST(TimelineHand, KeysDoWhatThePointerDoes) {
   EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, "No clip stands at the playhead");
 }
 
-TEST(TimelineHand, WhatCannotBeDoneIsSaidWhereTheHandIs) {
-  struct Row {
-    std::function<void(Taken&)> act;
-    const char* reason;
-  };
-  const auto key = [](TimelineKey key) { return [key](Taken& b) { b.hand.key(key, {}); }; };
-  const auto first = [](auto first, auto then) {
-    return [=](Taken& b) {
-      first(b);
-      then(b);
-    };
-  };
-  const auto nothing = [](Taken& b) { b.hand.takeInHand(0); };
-  const auto noClip = [](Taken& b) { b.hand.show({}); };
-  const auto plays = [](Taken& b) { b.state.onlyShows = true; };
-  const auto full = [](Taken& b) { b.whyNot = "no more"; };
-  const auto music = [&](Taken& b) {
-    full(b);
-    b.hand.takeInHand(4);
-    b.hand.stand(3, false);
-  };
-  using enum TimelineKey;
-  const auto step = [&](TimelineKey edge) {
-    return first(first([](Taken& b) { b.state.settingKeyframes = true; }, key(edge)), key(Before));
-  };
-  for (const auto& row :
-       {Row{first(nothing, key(Remove)), "Choose a clip first"},
-        Row{first(noClip, key(Remove)), "There is no clip"},
-        Row{first(plays, key(Remove)), "Stop the preview first"},
-        Row{first(plays, [](Taken& b) { b.hand.press(b.at(15, kPictures), {}), b.hand.release(); }),
-            "Stop the preview first"},
-        Row{step(EdgeIn), "Cannot re-set Mark-In point while setting Keyframes"},
-        Row{step(EdgeOut), "Cannot re-set Mark-Out point while setting Keyframes"},
-        Row{first(full, key(Copy)), "no more"}, Row{first(music, key(Split)), "no more"}}) {
-    Taken b;
-    row.act(b);
-    EXPECT_EQ(b.state.saying.value_or(TimelineSaying{}).reason, row.reason);
-    b.state.onlyShows = false;
-    b.hand.press(b.at(15, kPictures), {});
-    EXPECT_FALSE(b.state.saying) << row.reason;
-  }
-}
-
 TEST(TimelineHand, TheWholeMovieStaysInSightUntilTheUserLooksElsewhere) {
   const TimelinePoint middle{600, kPictures};
-  struct Row {
+  const struct {
     const char* name;
     std::function<void(TimelineBench&)> act;
     bool isWhole;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"nothing", [](auto&) {}, true},
       {"the wheel zooms", [&](auto& b) { b.hand.wheel(middle, 0, 2, {.control = true}); }, false},
       {"two fingers", [&](auto& b) { b.hand.pinch(middle, 1.5); }, false},
@@ -325,7 +245,7 @@ TEST(TimelineHand, RandomDragsLeaveNoGapAndNoOverlapAboveTheLimit) {
   b.music("b.mp3", 30);
   b.show();
   int changes = 0;
-  for (int round = 0; round < 3000; ++round) {
+  for (int round = 0; round < 1000; ++round) {
     b.told.clear();
     const TimelinePoint from{84 + below(1150), 25 + below(160)};
     const TimelinePoint to{from.x + below(400) - 200, from.y + below(40) - 20};
@@ -337,7 +257,7 @@ TEST(TimelineHand, RandomDragsLeaveNoGapAndNoOverlapAboveTheLimit) {
     changes += static_cast<int>(std::count_if(b.told.begin(), b.told.end(), isChange));
     ASSERT_NO_FATAL_FAILURE(expectWhole(b, round));
   }
-  EXPECT_GT(changes, 200);
+  EXPECT_GT(changes, 66);
 }
 
 }  // namespace
