@@ -90,7 +90,7 @@ struct RushBench : test::TabBench {
                  [this] { return asked += "saveAs ", std::string(); }, note("stop"), note("close"),
                  note("queue")},
         FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
-    auto* page = made<CreatePage>(create, createRules,
+    auto* page = made<CreatePage>(create, frame, createRules,
                                   CreatePage::Acts{note("preview"), note("render"), note("save"),
                                                    note("help"), note("quit"), [this] { window->draw(); }},
                                   window.get());
@@ -250,7 +250,7 @@ TEST(FrmRush, WhatCannotBeDoneIsSaidWhereTheHandIs) {
   }
   b.frame.toolsOn = false;
   b.frame.toolsOffBecause = "Stop the preview first";
-  b.create.IsPreviewRunning = true;
+  b.createRules.showPreview(true);
   b.window->draw();
   for (const auto& act : std::initializer_list<std::function<void()>>{key(Qt::Key_3, Qt::ControlModifier),
                                                                       click(b.part<QComboBox>("Resolution")),
