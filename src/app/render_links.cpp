@@ -5,6 +5,7 @@
 #include "editor/tabs/clip_checks.h"
 #include "media/hardware.h"
 #include "media/strip_wav.h"
+#include "render/render_texts.h"
 
 #include <filesystem>
 #include <limits>
@@ -100,12 +101,18 @@ void RenderLinks::RenderPinP() {
                       .overlayAudio = isHeard(overlay.overlaySound)});
 }
 
+// The key, and each road out of the program, ask the same; a second of them waits for the first.
+void RenderLinks::abort() {
+  if (!state_.isRunning || state_.RenderAborted || isAsking_) return;
+  isAsking_ = true;
+  const auto answer = parts_.session.boxes.show(abortQuestion());
+  isAsking_ = false;
+  if (answer == Answer::Yes) render_.AbortRender();
+}
+
 bool RenderLinks::mayEnd() {
   if (!state_.isRunning) return true;
-  const auto answer = parts_.session.boxes.show(
-      {"KVO - Create Movie", translated("A movie is being made. Do you wish to abort it ?"),
-       BoxButtons::YesNo, BoxIcon::Question});
-  if (answer == Answer::Yes) render_.AbortRender();
+  abort();
   return false;
 }
 

@@ -175,6 +175,14 @@ Box replaceQuestion(std::string_view file) {
           BoxButtons::YesNo, BoxIcon::Question};
 }
 
+Box abortQuestion() {
+  return {.caption = "KVO - Create Movie",
+          .text = "A movie is being made. Do you wish to abort it ?",
+          .buttons = BoxButtons::YesNo,
+          .icon = BoxIcon::Question,
+          .isRisky = true};
+}
+
 Box silenceQuestion(int minutes) {
   return {"KVO - Render Engine",
           translated("The render engine has said nothing for %1 min. It may hang, or have much to do.\r\n"
@@ -182,7 +190,9 @@ Box silenceQuestion(int minutes) {
                      {std::to_string(minutes)}),
           BoxButtons::YesNo,
           BoxIcon::Warning,
-          {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
+          {{"Yes", "Abort"}, {"No", "Go on waiting"}},
+          0,
+          true};
 }
 
 Box renderFailedBox(std::string_view why) {

@@ -51,6 +51,8 @@ Box profileFailedBox();
 Box noCountdownBox();
 /// A file of the movie's name is there, and nobody has been asked about it yet.
 Box replaceQuestion(std::string_view file);
+/// A movie is being made, and the user wants it to end.
+Box abortQuestion();
 /// The engine has said nothing for so many minutes.
 Box silenceQuestion(int minutes);
 /// A movie that the engine has not made; `why` is its line.

@@ -94,8 +94,9 @@ TEST(RenderCard, LeadsByItsKeys) {
   for (const auto& row : {Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Return, "write "},
                           Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Escape, "leave "},
                           Row{RenderFrame::PicInPic, false, "Render New Clip", Qt::Key_Space, "pair "},
-                          Row{RenderFrame::Estimate, true, "Abort", Qt::Key_Escape, ""},
-                          Row{RenderFrame::Rendering, true, "Abort", Qt::Key_Return, "abort "},
+                          Row{RenderFrame::Estimate, true, "", Qt::Key_Escape, ""},
+                          Row{RenderFrame::Estimate, true, "", Qt::Key_Space, ""},
+                          Row{RenderFrame::Rendering, true, "", Qt::Key_Return, ""},
                           Row{RenderFrame::Report, false, "View Movie", Qt::Key_Space, "view "},
                           Row{RenderFrame::Report, false, "View Movie", Qt::Key_Escape, "leave "}}) {
     b.go(RenderFrame::None);
@@ -106,6 +107,12 @@ TEST(RenderCard, LeadsByItsKeys) {
     QTest::keyClick(b.card->focusWidget(), row.key);
     EXPECT_EQ(b.asked, row.asked) << row.focus;
   }
+  b.state.isRunning = true;
+  b.go(RenderFrame::Rendering);
+  QTest::keyClick(b.card->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(b.focus(), "Abort");
+  QTest::keyClick(b.card->focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(b.asked.ends_with("abort ")) << b.asked;
 }
 
 TEST(RenderCard, OffersKindsAndProfiles) {

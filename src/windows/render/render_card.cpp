@@ -69,7 +69,7 @@ QWidget* RenderCard::firstFocus() const {
     case RenderFrame::PicInPic:
       return pair_->writeKey();
     default:
-      return work_->firstKey();
+      return work_->first();
   }
 }
 

@@ -36,6 +36,8 @@ WorkPage::WorkPage(const RenderState& state, const RenderActs& acts, const Pictu
       live_(write(tr("The window stays live while the engine works."), "hint",
                   {kWorkLeft + 168, 342, 400, 18})),
       notes_(write({}, "hint", {kWorkLeft, 216, 572, 66})) {
+  setFocusPolicy(Qt::ClickFocus);
+  setAccessibleName(tr("The movie being made"));
   Picture2_->setAccessibleName(tr("How much is done"));
   notes_->setWordWrap(true);
   notes_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
@@ -54,8 +56,8 @@ QPushButton* WorkPage::makeKey(const QString& text, const char* kind, const QRec
   return key;
 }
 
-QPushButton* WorkPage::firstKey() const {
-  if (state_.frame != RenderFrame::Report) return KVOBut_AbortRender_;
+QWidget* WorkPage::first() {
+  if (state_.frame != RenderFrame::Report) return this;
   return state_.canView ? view_ : back_;
 }
 
