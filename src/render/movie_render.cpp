@@ -140,29 +140,45 @@ bool MovieRender::isOneOfTheClips(const std::string& file) const {
   return false;
 }
 
+// What cannot be is told at once, and the dialog comes again with what was typed.
 bool MovieRender::askForName(Job& job) {
   const auto pattern = filterOf(job.kind);
   const auto extension = "." + std::string(extensionOf(job.kind));
-  const auto name = ports_.dialogs.save({.title = "Create New Movie",
-                                         .filters = {{pattern, pattern}},
-                                         .folder = folder_.empty() ? ports_.moviesFolder() : folder_,
-                                         .name = collectionName() + extension});
-  if (!name || name->empty()) return false;
-  job.file = endsInText(*name, extension) ? *name : *name + extension;
-  if (!mayReplace(*name, job.file)) return false;
+  FileQuestion question{.title = "Create New Movie",
+                        .filters = {{pattern, pattern}},
+                        .folder = folder_.empty() ? ports_.moviesFolder() : folder_,
+                        .name = collectionName() + extension,
+                        .mayExist = true};
+  do {
+    const auto name = ports_.dialogs.save(question);
+    if (!name || name->empty()) return false;
+    job.file = endsInText(*name, extension) ? *name : *name + extension;
+    question.name = fileNamePart(*name);
+    if (const auto folder = folderPart(*name); isThere(folder)) question.folder = folder;
+  } while (!mayBe(job.file));
   // In the same folder, so that it comes under the final name in one step; nobody else's name.
   job.working = std::string(folderPart(job.file)) + ".rendering-" +
                 std::to_string(ports_.engine.processes.ownNumber()) + (job.audioOnly() ? ".WMA" : extension);
-  if (!isOneOfTheClips(job.file)) return true;
-  ports_.editing.boxes.show(
-      renderFailedBox(translated("cannot write %1: it is one of the clips", {job.file})));
-  return false;
+  return true;
 }
 
-// The dialog has asked about the name that was typed, and not about the one with its ending.
-bool MovieRender::mayReplace(const std::string& named, const std::string& file) const {
-  if (named == file || !ports_.editing.files.exists(file)) return true;
-  return ports_.editing.boxes.show(replaceQuestion(file)) == Answer::Yes;
+bool MovieRender::isThere(std::string_view folder) const {
+  while (folder.size() > 1 && folder.ends_with('/')) folder.remove_suffix(1);
+  return ports_.editing.files.isFolder(std::string(folder));
+}
+
+// False, with a box, for a file that the movie cannot be, or is not to be.
+bool MovieRender::mayBe(const std::string& file) const {
+  const auto& e = ports_.editing;
+  if (const auto folder = folderPart(file); !isThere(folder)) {
+    e.boxes.show(renderFailedBox(translated("There is no folder %1", {folder})));
+    return false;
+  }
+  if (isOneOfTheClips(file)) {
+    e.boxes.show(renderFailedBox(translated("cannot write %1: it is one of the clips", {file})));
+    return false;
+  }
+  return !e.files.exists(file) || e.boxes.show(replaceQuestion(file)) == Answer::Yes;
 }
 
 // True when the movie is being viewed, or the options are shown: nothing is to be restored then.
@@ -255,7 +271,7 @@ bool MovieRender::renderAll(const Job& job) {
   const auto& e = ports_.editing;
   state_.summary = renderSummary(job.kind, job.length, profileText(job.profile));
   state_.caption = creatingCaption(job.file, collectionName());
-  state_.sample.reset();
+  takeFilm(job);
   const auto& range = job.query.range;
   state_.movieSeconds = range ? range->first : 0;
   show(RenderFrame::Rendering);

@@ -14,12 +14,14 @@
 #include "render/render_state.h"
 #include "render/slumber.h"
 #include "render/system_profile.h"
+#include "vocabulary/encode_profiles.h"
 #include "vocabulary/movie_presets.h"
 
 #include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace kvo {
@@ -123,7 +125,8 @@ class MovieRender {
   [[nodiscard]] double pairLength() const;
   bool askForName(Job& job);
   [[nodiscard]] bool isFree(const std::string& file) const;
-  [[nodiscard]] bool mayReplace(const std::string& named, const std::string& file) const;
+  [[nodiscard]] bool mayBe(const std::string& file) const;
+  [[nodiscard]] bool isThere(std::string_view folder) const;
   [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;
   bool makeMovie(Job& job);
   Estimate CalcEstimateTimeTotRender(const Job& job);
@@ -169,6 +172,7 @@ class MovieRender {
   void describeMadeFor();
   void listMadeFor();
   [[nodiscard]] const MoviePreset* chosenPreset() const;
+  [[nodiscard]] std::optional<EncodeProfile> chosenProfile() const;
   [[nodiscard]] OutputSize outputSize() const;
   [[nodiscard]] PictureSides pictureSides() const;
   [[nodiscard]] std::string collectionName() const;

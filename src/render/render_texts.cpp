@@ -172,7 +172,7 @@ Box noCountdownBox() {
 Box replaceQuestion(std::string_view file) {
   return {"KVO - Create Movie",
           translated("%1 is there already. Do you wish to replace it ?", {fileNamePart(file)}),
-          BoxButtons::YesNo, BoxIcon::Question};
+          BoxButtons::YesNo, BoxIcon::Warning};
 }
 
 Box abortQuestion() {

@@ -49,7 +49,7 @@ Box rangeErrorBox();
 Box rangeFailedBox();
 Box profileFailedBox();
 Box noCountdownBox();
-/// A file of the movie's name is there, and nobody has been asked about it yet.
+/// A file of the movie's name is there.
 Box replaceQuestion(std::string_view file);
 /// A movie is being made, and the user wants it to end.
 Box abortQuestion();

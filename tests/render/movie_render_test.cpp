@@ -230,6 +230,7 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
     };
   };
   const std::string failed = "KVO - Failed to Render Movie|";
+  const std::string asked = "KVO - Create Movie|";
   for (const auto& row :
        {Row{"an older file",
             [](auto& b) {
@@ -237,23 +238,28 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
               b.files.all["/out/older.WMV"] = "old";
               b.boxes.answers = {Answer::No};
             },
-            "KVO - Create Movie|", 0},
-        Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0},
-        Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, "KVO - Not enough Disk Space Warning|", 1},
+            asked, 0},
+        Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0,
+            "it is one of the clips"},
+        Row{"no such folder", [](auto& b) { b.dialogs.answers = {"/gone/film.wmv"}; }, failed, 0,
+            "There is no folder /gone/"},
+        Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, asked + "KVO - Not enough Disk Space Warning|",
+            1},
         Row{"no range", range(2, 2),
-            "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
+            asked + "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
         Row{"no profile file", [](auto& b) { b.files.all.erase("/prog/wmsysprx.prx"); },
-            "KVO - Write WM8 Movie|" + failed, 0},
+            asked + "KVO - Write WM8 Movie|" + failed, 0},
         Row{"the engine fails",
             [](auto& b) {
               b.engine.turns = {{}, {.exitCode = 1, .says = "/out/my film.wmv: No space"}};
             },
-            failed, 2},
+            asked + failed, 2},
         Row{"the first part is killed",
-            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, failed, 1,
+            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, asked + failed, 1,
             "the render engine ended with code 137"}}) {
     RenderBench b;
     b.choose(OutputKind::Wmv, 38);
+    b.boxes.answers = {Answer::Yes};  // it may be replaced
     row.prepare(b);
     b.files.all["/out/my film.wmv"] = "old";
     b.render.WriteRenderMovie();
@@ -304,6 +310,61 @@ TEST(MovieRender, BeginsWithWhatWasUsedLast) {
   EXPECT_EQ(next.state.codecSize, "320 x 240");
   next.render.WriteRenderMovie();
   EXPECT_EQ(next.dialogs.asked.at(0).folder, "/out");
+}
+
+TEST(MovieRender, TellsWhatTheMovieIsLike) {
+  struct Row {
+    OutputKind kind;
+    int profile;
+    const char* facts;
+  };
+  for (const auto& row : {Row{OutputKind::Wmv, 38, "Frames a second=30|Colors=24 bit|Sound=44.1 kHz stereo|"},
+                          Row{OutputKind::Wmv, 26, "Frames a second=15|Colors=24 bit|Sound=8 kHz mono|"},
+                          Row{OutputKind::Wmv, 15, "Frames a second=24|Colors=24 bit|Sound=44.1 kHz stereo|"},
+                          Row{OutputKind::Wma, 17, "Range=2.5 to 7.0 s|Sound=22.05 kHz mono|"},
+                          Row{OutputKind::Mov, -1, "Frames a second=25|Colors=24 bit|Sound=48 kHz stereo|"},
+                          Row{OutputKind::Gif, -1, "Frames a second=25|Colors=8 bit|Sound=none|"}}) {
+    RenderBench b;
+    b.create.Opt_RenderRangeWhole = false;
+    b.create.Txt_From = 2.5;
+    b.create.Txt_Too = 7;
+    b.choose(row.kind, row.profile);
+    EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
+    EXPECT_TRUE(test::holds(factsOf(b.state), "|Length=4.500 s|")) << factsOf(b.state);
+  }
+}
+
+// What the sample has shown is not what the movie begins with.
+TEST(MovieRender, BeginsEachPartWithoutAPicture) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  std::shared_ptr<const std::string> sampled;
+  b.host.onChange = [&] {
+    if (b.state.frame == RenderFrame::Estimate) {
+      sampled = b.state.document;
+      b.state.picture = std::make_shared<FramePicture>();
+    }
+    if (b.state.frame != RenderFrame::Rendering) return;
+    EXPECT_EQ(b.state.picture, nullptr);
+    EXPECT_NE(b.state.document, sampled) << "nor does one come that is still being made";
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_NE(sampled, nullptr);
+}
+
+TEST(MovieRender, AsksAgainForANameThatCannotBe) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.addVideo("own.avi", 0, 2, "/out/");
+  b.files.all["/out/older.avi"] = "old";
+  b.dialogs.answers = {"/out/own.avi", "/gone/new.avi", "/out/older.avi", "/out/new.avi"};
+  b.boxes.answers = {Answer::Ok, Answer::Ok, Answer::No};
+  b.render.WriteRenderMovie();
+  ASSERT_EQ(b.dialogs.asked.size(), 4U);
+  EXPECT_EQ(b.dialogs.asked[2].folder + b.dialogs.asked[2].name, "/out/new.avi") << "where a folder is";
+  EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Create Movie") << "asked of what is there";
+  EXPECT_EQ(b.files.all["/out/older.avi"], "old");
+  EXPECT_TRUE(b.files.all.contains("/out/new.avi"));
 }
 
 TEST(MovieRender, TellsHowFarItIs) {
@@ -420,6 +481,7 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
       RenderBench b;
       b.choose(OutputKind::Wmv, 9);
       b.files.all["/out/my film.wmv"] = "old";
+      b.boxes.answers = {Answer::Yes};  // it may be replaced
       const EngineTurn turn{.seconds = 30, .heedsStop = heedsStop};
       b.engine.turns = {turn, turn};
       b.host.onChange = [&] {
@@ -428,7 +490,8 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
       };
       b.render.WriteRenderMovie();
       EXPECT_EQ(captionsOf(b.boxes),
-                std::string(heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
+                std::string("KVO - Create Movie|") +
+                    (heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
                     (frame == RenderFrame::Rendering ? "KVO - Movie Render aborted|" : ""))
           << "of the first part there is nothing to tell";
       EXPECT_EQ(b.engine.running, 0);
