@@ -171,6 +171,7 @@ class MovieRender {
   void describe();
   void describeMadeFor();
   void listMadeFor();
+  [[nodiscard]] std::string largerClips() const;
   [[nodiscard]] const MoviePreset* chosenPreset() const;
   [[nodiscard]] std::optional<EncodeProfile> chosenProfile() const;
   [[nodiscard]] OutputSize outputSize() const;

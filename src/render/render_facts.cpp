@@ -37,6 +37,16 @@ std::string nameOf(const Movie& clip) {
   return other.empty() ? std::string(clip.MovieName()) : other;
 }
 
+// Backdrops of a picture-in-picture, which becomes a part of a movie only as a clip of its own.
+int overlayCount(const Editing& e) {
+  int count = 0;
+  for (int number = 1; number <= e.clips().count(); ++number) {
+    const auto look = readPicInPic(e.clips()[number].HasPicInPic());
+    count += look && look->overlayClip > 0 ? 1 : 0;
+  }
+  return count;
+}
+
 std::string soundText(const MovieFile& file, const std::optional<EncodeProfile>& profile) {
   if (!file.sound) return translated("none");
   const int rate = profile ? profile->sampleRate : file.sampleRate;
@@ -160,6 +170,15 @@ void MovieRender::findCaution() {
     refuse("The width of %1 is odd, and a %2 has an even one. Change it on the Create page.", sides.width);
   } else if (even.height && sides.height % 2 != 0) {
     refuse("The height of %1 is odd, and a %2 has an even one. Change it on the Create page.", sides.height);
+  } else if (const int overlays = overlayCount(ports_.editing); overlays > 0) {
+    state_.caution = overlays == 1
+                         ? translated(
+                               "1 clip has an overlay. Render it on the Overlay page: the movie shows "
+                               "the clip without.")
+                         : translated(
+                               "%1 clips have an overlay. Render them on the Overlay page: the movie "
+                               "shows the clips without.",
+                               {std::to_string(overlays)});
   }
 }
 

@@ -1,5 +1,6 @@
 // The options of a render: which kind, which profile.
 #include "base/text.h"
+#include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
@@ -136,10 +137,27 @@ const MoviePreset* MovieRender::chosenPreset() const {
   return row < state_.Lst_MadeFor.size() ? presetNamed(state_.Lst_MadeFor[row].preset) : nullptr;
 }
 
+// What is told where clips lose by the size of the movie; empty where none does.
+std::string MovieRender::largerClips() const {
+  const auto& e = ports_.editing;
+  PictureSides most;
+  for (int number = 1; number <= e.clips().count(); ++number) {
+    const auto& clip = e.clips()[number];
+    if (clip.IsStill() || isSoundByName(clip.MovieName())) continue;
+    if (clip.MovieWidth() * clip.MovieHeight() > most.width * most.height)
+      most = {clip.MovieWidth(), clip.MovieHeight()};
+  }
+  const auto output = outputSize();
+  if (most.width <= output.width || most.height <= output.height) return {};
+  return translated("Your clips are up to %1: a larger size is set on the Create page.",
+                    {sidesText(most.width, most.height)});
+}
+
 void MovieRender::describeMadeFor() {
   const auto* preset = chosenPreset();
   state_.madeForText =
       preset != nullptr ? presetText(*preset, state_.wishedMegabytes) : translated(kindRow(state_.kind).hint);
+  if (const auto larger = largerClips(); !larger.empty()) state_.madeForText += "\r\n" + larger;
   state_.hasWishedSize = preset != nullptr && preset->megabytes > 0;
   state_.offersHardware =
       state_.hasHardware && !state_.hasWishedSize && movieFileOf(state_.kind).codec == VideoCodec::H264;

@@ -648,6 +648,21 @@ TEST(MovieRender, AsksAboutEachMovieButAWav) {
   }
 }
 
+TEST(MovieRender, SaysWhatOfTheClipsIsNotInTheMovie) {
+  RenderBench b;
+  b.choose(OutputKind::Mp4);
+  EXPECT_FALSE(test::holds(b.state.madeForText, "Your clips"));
+  EXPECT_EQ(b.state.caution, "");
+  b.collection.MovieList[1].MovieWidth(1920);
+  b.collection.MovieList[1].MovieHeight(1080);
+  b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
+  b.choose(OutputKind::Mp4);
+  EXPECT_TRUE(test::holds(b.state.madeForText, "Your clips are up to 1920 x 1080:")) << b.state.madeForText;
+  EXPECT_TRUE(b.state.canMake && b.state.caution.starts_with("1 clip has an overlay.")) << b.state.caution;
+  b.choose(OutputKind::Mp3);
+  EXPECT_EQ(b.state.caution, "") << "it has no picture";
+}
+
 TEST(MovieRender, CautionsWhileAnotherChoiceCanBeMade) {
   struct Row {
     OutputKind kind;

@@ -180,6 +180,37 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   sound.go(RenderFrame::Options);
   for (const auto* row : sound.card->findChildren<KindRow*>())
     EXPECT_TRUE(!row->isChecked() || !row->visibleRegion().isEmpty()) << "the kind in hand is in sight";
+  for (auto* row : sound.card->findChildren<KindRow*>()) {
+    row->setChecked(true);  // as an arrow key does
+    sound.state.kind = row->kind();
+    sound.go(RenderFrame::Options);
+    EXPECT_EQ(row->visibleRegion().boundingRect(), row->rect()) << row->text().toStdString();
+  }
+}
+
+// Nothing stays as small as it is in a small window.
+TEST(RenderCard, TakesTheRoomOfALargeWindow) {
+  CardBench b;
+  b.state.picture = std::make_shared<FramePicture>();
+  const auto areaOf = [&b](const QString& name) {
+    for (const auto* part : b.card->findChildren<QWidget*>())
+      if (part->accessibleName() == name && part->isVisible()) return part->width() * part->height();
+    return 0;
+  };
+  for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "Kind of movie"},
+                                    {RenderFrame::Options, "Profile"},
+                                    {RenderFrame::Options, "The clip in hand"},
+                                    {RenderFrame::Rendering, "The picture being made"},
+                                    {RenderFrame::PicInPic, "The backdrop"}}) {
+    b.card->resize(themed(976), themed(448));
+    b.go(frame);
+    const int small = areaOf(name);
+    b.card->resize(themed(1540), themed(760));
+    QApplication::processEvents();
+    EXPECT_GT(areaOf(name), 2 * small) << name;
+    EXPECT_GT(small, 0) << name;
+    b.picture("large-" + std::to_string(static_cast<int>(frame)));
+  }
 }
 
 TEST(RenderCard, SaysWhyAMovieCannotBeMade) {
