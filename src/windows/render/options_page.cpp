@@ -37,7 +37,7 @@ constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
 constexpr QRect kPicture{750, 204, 208, 58};
 // Who gets the room of a larger card: the kinds, the lists in the middle, the summary.
 constexpr Share kKindsGrow{0, 0, 25, 100};
-constexpr Share kListGrows{25, 0, 40, 100};
+constexpr Share kOptionListGrows{25, 0, 40, 100};
 constexpr Share kBelowList{25, 100, 40, 0};
 constexpr Share kAtListsEnd{65, 100, 0, 0};
 constexpr Share kOverList{25, 0, 40, 0};
@@ -108,7 +108,7 @@ void OptionsPage::makeProfiles() {
   description_ = write({}, "field", kText);
   description_->setWordWrap(true);
   description_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  hint_ = write({}, "field", {350, 42, 380, 200}, kListGrows);
+  hint_ = write({}, "field", {350, 42, 380, 200}, kOptionListGrows);
   hint_->setWordWrap(true);
   hint_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   Chk_UseCodecOutputDimensions_ = put(made<QCheckBox>(this), kOwnSize);
@@ -223,7 +223,7 @@ void OptionsPage::layOutLists() {
   const auto below = less(kBelowList);
   const bool isAlone = !state_.Lst_MadeFor.empty() && !state_.hasWishedSize && !state_.offersHardware;
   for (auto* list : {Lst_WMVFormats_, Lst_MadeFor_})
-    put(list, kProfileList.adjusted(0, 0, 0, -up), less(kListGrows));
+    put(list, kProfileList.adjusted(0, 0, 0, -up), less(kOptionListGrows));
   put(tellPlate_, kProfileTold.translated(0, -up), below);
   put(description_, (isAlone ? kLongText : kText).translated(0, -up), below);
   put(Chk_UseCodecOutputDimensions_, kOwnSize.translated(0, -up), below);
