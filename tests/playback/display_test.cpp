@@ -277,6 +277,23 @@ std::string playGroup(const DisplayBench& b) {
   return line;
 }
 
+TEST(Buttons, WhatNeedsAClipOrAPlayerTakesTheMouseOnlyThen) {
+  const struct {
+    KeyPlace place;
+    std::array<bool, 3> takes;  // without clips, with them, with steps too
+  } rows[] = {{KeyPlace::Minimise, {true, true, true}}, {KeyPlace::Mini, {true, true, true}},
+              {KeyPlace::Play, {false, true, true}},    {KeyPlace::PlayAll, {false, true, true}},
+              {KeyPlace::Size, {false, true, true}},    {KeyPlace::FrameBack, {false, false, true}},
+              {KeyPlace::Speeds, {false, false, true}}, {KeyPlace::FastForward, {false, false, true}}};
+  ButtonsState steps;
+  steps.stepLabelsEnabled = true;
+  for (const auto& row : rows)
+    EXPECT_EQ((std::array{steps.takesMouse(row.place, false), ButtonsState().takesMouse(row.place, true),
+                          steps.takesMouse(row.place, true)}),
+              row.takes)
+        << static_cast<int>(row.place);
+}
+
 TEST(Buttons, WordsChangeThePlayGroup) {
   const struct {
     std::vector<KeyWord> words;

@@ -40,6 +40,27 @@ int countOf(QWidget& widget, Rgb colour) {
   return count;
 }
 
+TEST(OwnerPlace, AWindowStandsByItsOwnerAsFarAsTheScreenHasRoom) {
+  const QRect room(0, 30, 1366, 738);
+  const QSize size(400, 300);
+  const struct {
+    const char* what;
+    QRect owner;
+    QSize size;
+    QPoint over, beside;
+  } rows[] = {{"in the middle", {300, 200, 600, 400}, size, {400, 250}, {907, 200}},
+              {"at the right edge", {900, 200, 600, 400}, size, {965, 250}, {492, 200}},
+              {"at the upper left", {-300, -100, 400, 300}, size, {0, 30}, {107, -100}},
+              {"at the foot", {300, 600, 600, 400}, size, {400, 467}, {907, 600}},
+              {"neither side has room", {100, 200, 1200, 400}, size, {500, 250}, {0, 200}},
+              {"too large", {300, 200, 600, 400}, {1400, 900}, {0, 30}, {0, 200}}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(overOwner(row.owner, room, row.size), row.over) << row.what;
+    EXPECT_EQ(besideOwner(row.owner, room, row.size, 8), row.beside) << row.what;
+  }
+  EXPECT_EQ(overOwner(rows[0].owner, room, size, {0.78, 0.2}), QPoint(568, 130));
+}
+
 TEST(KvoBut, ShowsThePictureOfItsState) {
   KVOBut button;
   const QPoint middle(18, 14);

@@ -86,6 +86,11 @@ struct EditorHistory {
   bool operator==(const EditorHistory&) const = default;
 };
 
+struct EditorFrame;
+/// Why nothing can be undone now (`steps` below 0), redone (above) or either (0). Composed; empty where it
+/// can.
+std::string whyNoStep(const EditorFrame& frame, const EditorHistory& history, int steps);
+
 /// The window itself.
 struct EditorFrame {
   bool visible = false;
