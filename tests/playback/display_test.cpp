@@ -77,6 +77,7 @@ TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
     way(b.display);
     EXPECT_EQ(b.mode.IsMiniMode, zoom);
     EXPECT_EQ(b.mode.IsFullScreenWindow, covers);
+    EXPECT_EQ(b.mode.isLit(HitLabel::Lbl_MinMax), covers);
   }
   EXPECT_FALSE(b.display.stepBack());
   EXPECT_TRUE(coversAtHint) << "the hint waits for the user over the screen that was asked for";

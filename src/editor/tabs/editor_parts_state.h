@@ -10,6 +10,9 @@
 
 namespace kvo {
 
+/// Stands for what a clip does not have.
+inline constexpr const char* kNotApplicable = "N/A";
+
 /// The card of the clip in hand; empty texts leave their line empty.
 struct ClipStats {
   std::string lbl_ClipStats;     ///< "Cut 2 Details"
