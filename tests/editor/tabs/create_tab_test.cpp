@@ -1,6 +1,7 @@
 // The Create tab: what its controls write, and what they show of it.
 #include "editor/tabs/create_tab.h"
 
+#include "editor/tabs/editor_parts_state.h"
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 
