@@ -53,10 +53,10 @@ int WindowProgram::run(const std::vector<std::string>& arguments, const std::str
     links_.takeInterfaceSize();
     if (state_.face.fullScreen) coverScreen();
     showNow();
+    renders_.render().sweep();
+    queue_.start();  // it does not wait for somebody who answers what is asked now
     startUp_.tell();
     autosave_.begin();
-    renders_.render().sweep();
-    queue_.start();
     companions_.begin();
     const int code = QApplication::exec();
     companions_.leave();
