@@ -1,6 +1,7 @@
 #include "ui/digit_display.h"
 #include "ui/kvo_but.h"
 #include "ui/level_lights.h"
+#include "ui/owner_place.h"
 #include "ui/progress_bar.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
