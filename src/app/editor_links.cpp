@@ -175,7 +175,8 @@ void EditorLinks::settle() {
   standing_.settle(collection, states_.keyframes.visible, playhead.inClip(),
                    shapedLike(optionsOf(editing()).output, kStandingWidth, kStandingHeight));
   states_.timeline.isComing = desk_.isOpening();
-  states_.timeline.onlyShows = states_.create.IsPreviewRunning = isPlaying();
+  states_.timeline.onlyShows = isPlaying();
+  create_.showPreview(isPlaying());
   hand_.stand(isPlaying() ? states_.preview.position : playhead.inMovie(), isPlaying());
 }
 

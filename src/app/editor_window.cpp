@@ -147,7 +147,7 @@ void EditorWindow::makePage(int tab) {
   switch (tab) {
     case 1:
       return set(
-          made<CreatePage>(states.create, links.create(),
+          made<CreatePage>(states.create, states.window.frame, links.create(),
                            CreatePage::Acts{.preview = drawn([&links] { links.preview().PrepPreview(); }),
                                             .renderToFile = drawn([this] { parts_.render.Rendertofile(); }),
                                             .save = drawn([&links] { links.desk().saveProject(); }),

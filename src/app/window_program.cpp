@@ -249,10 +249,10 @@ class WindowProgram {
       links_.takeInterfaceSize();
       if (state_.face.fullScreen) coverScreen();
       showNow();
+      renders_.render().sweep();
+      queue_.start();  // it does not wait for somebody who answers what is asked now
       startUp_.tell();
       autosave_.begin();
-      renders_.render().sweep();
-      queue_.start();
       companions_.begin();
       const int code = QApplication::exec();
       companions_.leave();

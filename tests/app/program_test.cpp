@@ -515,11 +515,15 @@ TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {
   const auto atRest = PosixFiles().read(profile, 1U << 20U).value();
   EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
 
-  Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
+  const test::HeldEngine held(KVO_PROGRAMS);
+  held.haltNext("");
+  const auto starter =
+      test::startProgram({held.kvo5(), "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
+  const auto engine = held.halted();
   expectEnd(kvo5({"--render", path, "--output", work_ / "p.wmv", "--profile", "30"}), 1, "Another render");
-  starter.signal(SIGKILL);
-  starter.end();
-  EXPECT_TRUE(starter.childrenEnd());
+  ::kill(starter, SIGKILL);
+  test::endOf(starter);
+  EXPECT_TRUE(held.hasEnded(engine));
   EXPECT_NE(PosixFiles().read(profile, 1U << 20U).value(), atRest);
   expectEnd(kvo5({"--check", path}), 0);
   EXPECT_EQ(PosixFiles().read(profile, 1U << 20U).value(), atRest);

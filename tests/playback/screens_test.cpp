@@ -1,5 +1,6 @@
 #include "playback/display/screens.h"
 
+#include "playback/display/face_corner.h"
 #include "playback/display/interface_size.h"
 
 #include <gtest/gtest.h>
@@ -90,6 +91,70 @@ TEST(Screens, TheInterfaceIsAsLargeAsAskedAndAsTheScreenHasRoom) {
   EXPECT_EQ(sizeInForce(small, 0, true), 1.25) << "large text";
   EXPECT_EQ(sizeInForce(small, 1, true), 1) << "large text, but the user has chosen";
   EXPECT_EQ(sizeInForce({}, 0, false), 1);
+}
+
+// A face that stands at `corner`, with a frame of 4 pixels and a title of 30 about it.
+FaceOnScreen framedAt(ScreenPoint corner, int width = 562) {
+  return {corner, {corner.x + 4, corner.y + 30, width, 410}, true, true, false, true};
+}
+FaceOnScreen bareAt(ScreenPoint corner) {
+  return {corner, {corner.x, corner.y, 562, 410}, false, true, false, true};
+}
+
+TEST(FaceCorner, AFaceThatHasCoveredTheScreenComesBackToWhereItStood) {
+  auto covering = bareAt({0, 0});
+  covering.covers = true;
+  const ScreenPoint place{100, 200}, inside{104, 230}, elsewhere{0, 30};
+  const struct {
+    const char* what;
+    int time;
+    FaceOnScreen before, after;
+    std::optional<ScreenPoint> goal;
+  } steps[] = {{"as it stands", 0, framedAt(place), framedAt(place), {}},
+               {"it has grown", 10, framedAt(place), framedAt(place, 702), place},
+               {"covers", 20, framedAt(place), covering, {}},
+               {"and goes on to", 5000, covering, covering, {}},
+               {"comes back, without its frame yet", 6000, covering, bareAt(elsewhere), inside},
+               {"put elsewhere by the desktop", 6400, bareAt(elsewhere), bareAt(elsewhere), inside},
+               {"stands", 6500, bareAt(inside), bareAt(inside), {}},
+               {"has its frame, elsewhere", 7000, framedAt(elsewhere), framedAt(elsewhere), place},
+               {"moved by the user, later", 7600, framedAt(elsewhere), framedAt(elsewhere), {}},
+               {"and it has grown there", 7700, framedAt(elsewhere), framedAt(elsewhere, 702), elsewhere}};
+  FaceCorner corner;
+  for (const auto& step : steps) {
+    corner.beforeDrawing(step.before, step.time);
+    EXPECT_EQ(corner.afterDrawing(step.after, step.time), step.goal) << step.what;
+  }
+}
+
+TEST(FaceCorner, TheFacesShareItUnlessTheUserMovesOne) {
+  const ScreenPoint home{100, 200};
+  const auto leave = [&](FaceCorner& corner, FaceOnScreen zoom) {
+    corner.beforeDrawing(framedAt(home), 0);
+    EXPECT_EQ(corner.cameFrom(framedAt(home), 0), home);
+    corner.stands(home);
+    zoom.isNormal = false;
+    return zoom;
+  };
+  auto covering = framedAt({0, 0});
+  covering.covers = true;
+  auto hidden = framedAt({700, 500});
+  hidden.visible = false;
+  const struct {
+    const char* what;
+    FaceOnScreen zoom;
+    ScreenPoint back, atEnd;
+  } rows[] = {{"at rest", framedAt(home), home, home},
+              {"its frame alone was put elsewhere", framedAt({104, 248}), home, home},
+              {"moved", framedAt({100, 249}), {100, 249}, {100, 249}},
+              {"covers the screen", covering, home, home},
+              {"not in sight", hidden, home, {700, 500}}};
+  for (const auto& row : rows) {
+    FaceCorner corner;
+    const auto zoom = leave(corner, row.zoom);
+    EXPECT_EQ(corner.atEnd(zoom), row.atEnd) << row.what;
+    EXPECT_EQ(corner.cameFrom(zoom, 10), row.back) << row.what;
+  }
 }
 
 }  // namespace

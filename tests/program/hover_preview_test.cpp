@@ -2,6 +2,7 @@
 #include "program/hover_preview.h"
 
 #include "program/clip_picture.h"
+#include "program/face_parts.h"
 #include "program/list_pictures.h"
 #include "support/named_sketches.h"
 #include "support/program_bench.h"
@@ -195,6 +196,55 @@ TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
   b.picture.reset();
   b.loop.advance(1);
   EXPECT_EQ(b.state.picture, nullptr);
+}
+
+TEST(FaceParts, WhatTheNormalFaceShowsGoesByListDetailsAndPlayer) {
+  const struct {
+    const char* what;
+    std::function<void(MainWindowState&)> now;
+    const char* shown;
+  } rows[] = {{"no clip", [](auto& s) { s.emptyPane.visible = true; }, "empty "},
+              {"the intro",
+               [](auto& s) {
+                 s.mode.player.path = "/v/intro.avi";
+                 s.mode.player.visible = true;
+               },
+               "large "},
+              {"a stream comes",
+               [](auto& s) {
+                 s.mode.panels.Pic_NoVid = true;
+                 s.transport.lbl_Novid.text = "Connecting";
+               },
+               "large "},
+              {"clips", [](auto& s) { s.list.visible = true; }, "list picture collection "},
+              {"without details",
+               [](auto& s) {
+                 s.list.visible = true;
+                 s.mode.panels.FraDets = s.mode.panels.CollDets = false;
+               },
+               "list large "},
+              {"the picture alone",
+               [](auto& s) {
+                 s.list.visible = true;
+                 s.mode.panels.FraDets = s.mode.panels.CollDets = s.mode.panels.Fillist.visible = false;
+               },
+               "large "}};
+  for (const auto& row : rows) {
+    MainWindowState state;
+    state.emptyPane.visible = false;
+    state.mode.panels.FraDets = state.mode.panels.CollDets = state.mode.panels.Fillist.visible = true;
+    row.now(state);
+    const auto parts = faceParts(state, false);
+    std::string shown;
+    for (const auto& [seen, name] : {std::pair{parts.empty, "empty "},
+                                     {parts.list, "list "},
+                                     {parts.picture, "picture "},
+                                     {parts.largePicture, "large "},
+                                     {parts.collection, "collection "}})
+      if (seen) shown += name;
+    EXPECT_EQ(shown, row.shown) << row.what;
+    EXPECT_EQ(faceParts(state, true), FaceParts()) << "long work goes on";
+  }
 }
 
 }  // namespace

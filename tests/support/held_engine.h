@@ -16,8 +16,8 @@ class HeldEngine {
   /// The kvo5 whose engine it is.
   [[nodiscard]] std::string kvo5() const { return folder_ / "bin/kvo5"; }
 
-  /// The next engine that begins makes `share` of its segments and halts then; one that has been given a
-  /// share halts ahead of it. All others do their work.
+  /// The next engine that begins makes `share` of its segments, as "1/3", and halts then; without one, and
+  /// where its starter has given it a share, it halts ahead of its work. All others do theirs.
   void haltNext(const std::string& share) const;
 
   /// Waits until it halts: its process.

@@ -30,6 +30,10 @@ void giveStillLength(TimelineClip& clip, Single duration);
 /// before it, at most 25. A still without a length counts `stillDuration`.
 double longestTransition(const TimelineClips& clips, int clipNo, Single stillDuration);
 
+/// What is said of a clip that none can lead into, for want of length.
+inline constexpr const char* kTooShortForTransition =
+    "This clip or the previous clip is too short to apply a transition to";
+
 /// Brings TransIn within its limit, which it gives back in tenths of a second, and the clip's end in order: a
 /// still whose marks are one lasts `stillDuration`.
 int holdTransition(TimelineClips& clips, int clipNo, Single stillDuration);

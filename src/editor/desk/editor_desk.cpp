@@ -279,7 +279,8 @@ void EditorDesk::ShowClipStats() {
   const int number = parts_.editing.collection.icurMov;
   const auto& commands = parts_.commands;
   const auto place = playhead_.inPlayer();
-  parts_.state.frame.saveOffBecause = parts_.editing.clips().empty() ? "There is nothing to save" : "";
+  parts_.state.frame.saveOffBecause =
+      parts_.editing.clips().empty() ? translated("There is nothing to save") : "";
   parts_.state.keys = clipKeys(parts_.editing, number,
                                {.toolsOff = parts_.state.frame.toolsOffBecause,
                                 .Split = commands.whyNoCopy(CopyMode::Split, place),

@@ -72,25 +72,26 @@ void readClip(const Editing& e, AudioTab& tab) {
   tab.fadeOut = audioSlider(kFadeTenths, tab.fades.fadeOut, tab.fades.renderAudio, titles.fadeOut);
   tab.level = audioSlider(kMostLevel, decimal(clip.AudioOutputLevel()) * kFullLevel, tab.hasSound, {});
   tab.level.heading = audioLevelHeading(tab.level.Value);
-  tab.level.whyNot = "This clip has no sound";
+  tab.soundWhyNot = tab.level.whyNot = tab.hasSound ? "" : "This clip has no sound";
   tab.fadeIn.whyNot = tab.fadeOut.whyNot =
-      tab.hasSound ? "Put this sound in the movie first" : tab.level.whyNot;
+      tab.hasSound ? "Put this sound in the movie first" : tab.soundWhyNot;
 }
 
 void readMovie(const Editing& e, AudioTab& tab) {
   const auto options = optionsOf(e);
   const bool hasVideo = !e.editor.hasNoVideo;
   tab.hasMusic = CheckForAudiotrack(e);
+  tab.clipAudioWhyNot = hasVideo ? "" : "No clip has a picture";
+  tab.orderWhyNot = tab.hasMusic ? "" : "There is no music in this collection";
+  tab.trimWhyNot = tab.hasMusic ? tab.clipAudioWhyNot : tab.orderWhyNot;
   tab.Opt_StackOverlay = options.overlayOrder;
   tab.Chk_AutoTrim = trimsMusic(e);
-  tab.Chk_AutoTrimEnabled = tab.hasMusic && hasVideo;
   tab.Chk_RenderClipAudio = options.clipAudio && hasVideo;
-  tab.Chk_RenderClipAudioEnabled = hasVideo;
   const double fade = decimal(options.trackFade);
   tab.trackFade = audioSlider(kTrackFadeTenths, fade, tab.Chk_RenderClipAudio, {});
   tab.trackFade.heading =
       translated("Fade between clips - %1s", {FormatMask(std::max(fade, 0.0) / 10, "0.0##")});
-  tab.trackFade.whyNot = hasVideo ? "The clips' own audio is not in the movie" : "No clip has a picture";
+  tab.trackFade.whyNot = hasVideo ? "The clips' own audio is not in the movie" : tab.clipAudioWhyNot;
 }
 
 void readNotice(const Editing& e, AudioTab& tab) { tab.notice = noticeOf(e, tab.hasMusic); }

@@ -25,20 +25,22 @@ struct AudioTab {
 
   // The chosen clip.
   bool hasSound = false;
+  std::string soundWhyNot;  ///< it cannot be put in the movie; whole, empty where it can
   AudioFadeControls fades;
   ClipSlider fadeIn;   ///< tenths of a second
   ClipSlider fadeOut;  ///< tenths of a second
   ClipSlider level;    ///< tenths of full level
 
   // The music.
-  bool hasMusic = false;  ///< else its controls are disabled
+  bool hasMusic = false;
+  std::string orderWhyNot;  ///< Opt_StackOverlay is off; whole, empty where it is not
+  std::string trimWhyNot;   ///< Chk_AutoTrim is; likewise
   OverlayOrder Opt_StackOverlay = OverlayOrder::InSequence;
   bool Chk_AutoTrim = false;
-  bool Chk_AutoTrimEnabled = false;
 
   bool Chk_RenderClipAudio = false;
-  bool Chk_RenderClipAudioEnabled = false;
-  ClipSlider trackFade;  ///< tenths of a second
+  std::string clipAudioWhyNot;  ///< Chk_RenderClipAudio is off; likewise
+  ClipSlider trackFade;         ///< tenths of a second
   AudioNotice notice;
 };
 

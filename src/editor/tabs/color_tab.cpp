@@ -32,15 +32,17 @@ void SetColorFrametoObj(const Editing& e, ColorTab& tab) {
   tab.enabled = clipNo >= 1 && clipNo <= e.clips().count();
   const Movie none;
   const auto& clip = tab.enabled ? e.clips()[clipNo] : none;
+  tab.whyNot = tab.enabled ? "" : "Choose a clip first";
   tab.Chk_Sepia = tab.isAdjusted = clip.Sepia();
   for (std::size_t i = 0; i < kColourLevels; ++i) {
     const auto& row = kColourRows[i];
     const double stored = decimal((clip.*row.get)());
     const int value = toLongClamped(RoundToWhole(stored));
     tab.levels[i] = {std::min(0, value), std::max(row.max, value), value, tab.enabled, row.name};
-    tab.levels[i].whyNot = "Choose a clip first";
+    tab.levels[i].whyNot = tab.whyNot;
     tab.isAdjusted = tab.isAdjusted || stored != 0;
   }
+  tab.resetWhyNot = tab.isAdjusted ? "" : "All values are 0 already";
 }
 
 void changeColours(const Editing& e, ColorTab& tab, TabHost& host, std::string_view act,

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace kvo {
@@ -20,6 +21,8 @@ struct ColorTab {
   std::array<ClipSlider, kColourLevels> levels;  ///< in whole numbers, as the records have them
   bool Chk_Sepia = false;
   bool isAdjusted = false;  ///< not all is at 0
+  std::string whyNot;       ///< no clip is chosen; whole, empty where one is
+  std::string resetWhyNot;  ///< there is nothing to reset; likewise
 };
 
 /// "Red"

@@ -63,7 +63,6 @@ void CreateRules::refresh() {
     tab_.Fra_PreviewOpts = powerCaption(power);
   tab_.Sld_CPURequired = power;
   tab_.powerToolTip = powerToolTip(power);
-  tab_.canSave = !e_.clips().empty();
   showRange();
   UpdateCPUReqDisp();
 }
@@ -144,6 +143,21 @@ void CreateRules::showRange() {
   }
   tab_.Txt_From = std::clamp(tab_.Txt_From, 0.0, length);
   tab_.Txt_Too = std::clamp(tab_.Txt_Too, tab_.Txt_From, length);
+  showWhatIsOff();
+}
+
+void CreateRules::showPreview(bool running) {
+  tab_.IsPreviewRunning = running;
+  showWhatIsOff();
+}
+
+void CreateRules::showWhatIsOff() {
+  const bool running = tab_.IsPreviewRunning;
+  tab_.whyNot = running ? "Stop the preview first" : "";
+  tab_.rangeWhyNot = tab_.Opt_RenderRangeWhole ? "Choose From first" : tab_.whyNot;
+  tab_.Cmd_PrevGrph =
+      running ? PreviewKey{"Stop the preview", "End the preview of the movie", {}}
+              : PreviewKey{"Preview", "Watch the movie", e_.clips().empty() ? "Nothing to Preview" : ""};
 }
 
 void CreateRules::chooseRange(bool whole) {
@@ -160,8 +174,14 @@ void CreateRules::typeRange(double from, double too) {
 
 void CreateRules::UpdateCPUReqDisp() {
   tab_.Label42Bold = e_.clips().empty();
-  tab_.Label42 = tab_.Label42Bold ? "\r\n\r\n\r\nNothing to Preview"
-                                  : ShowUserPreviewParams(e_, GetPreviewParams(e_, tab_.Sld_CPURequired));
+  if (tab_.Label42Bold) {
+    tab_.lines = {};
+    tab_.Label42 = "\r\n\r\n\r\nNothing to Preview";
+    return;
+  }
+  const auto params = GetPreviewParams(e_, tab_.Sld_CPURequired);
+  tab_.lines = previewLines(e_, params);
+  tab_.Label42 = ShowUserPreviewParams(e_, params);
 }
 
 }  // namespace kvo

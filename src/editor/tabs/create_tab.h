@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editor/tabs/editing.h"
+#include "editor/tabs/preview_params.h"
 #include "editor/tabs/tab_host.h"
 
 #include <span>
@@ -16,6 +17,14 @@ std::span<const std::string_view> outputSizes();
 /// Frames a second on offer; others may be typed.
 std::span<const std::string_view> outputRates();
 
+/// The key that begins the preview of the movie, or ends the one that runs. Its texts are whole.
+struct PreviewKey {
+  std::string caption;
+  std::string tip;
+  std::string whyNot;  ///< it is off; empty where it is not
+  bool operator==(const PreviewKey&) const = default;
+};
+
 struct CreateTab {
   int sizeRow = -1;     ///< in outputSizes(); -1 while the two boxes hold another size
   int txtWidth = 320;   ///< pixels
@@ -28,13 +37,16 @@ struct CreateTab {
   int Sld_CPURequired = 5;           ///< 1 to 10
   std::string powerToolTip;
   std::string Fra_PreviewOpts;    ///< caption of the power slider
-  std::string Label42;            ///< what that power leaves of the movie, a line each
+  std::string Label42;            ///< what that power leaves of the movie, as one text
+  PreviewLines lines;             ///< the same, line by line
   bool Label42Bold = false;       ///< there is nothing to preview
   int Label42Changes = 0;         ///< counts the changes that the eye is to be drawn to
   bool Chk_AutoRewind = true;     ///< a preview that stands at its end begins again
   bool ChkDynamic = false;        ///< what is missing between decoder and screen is found by itself
-  bool IsPreviewRunning = false;  ///< Cmd_PrevGrph ends it
-  bool canSave = false;           ///< KVOBut_SaveProject
+  bool IsPreviewRunning = false;  ///< of the movie
+  PreviewKey Cmd_PrevGrph;
+  std::string whyNot;       ///< all but the keys is off; whole, empty where it is not
+  std::string rangeWhyNot;  ///< the two boxes of the range are; likewise
   bool operator==(const CreateTab&) const = default;
 };
 
@@ -47,6 +59,9 @@ class CreateRules {
   void restore();
   /// The same when only what others have done is to be seen: an undo, a load, new totals.
   void refresh();
+
+  /// A preview of the movie has begun, or ended.
+  void showPreview(bool running);
 
   /// A row of outputSizes().
   void chooseSize(int row);
@@ -71,6 +86,7 @@ class CreateRules {
  private:
   void showSize();
   void showRange();
+  void showWhatIsOff();
   [[nodiscard]] double movieLength() const;
   void writeSize(int width, int height);
 

@@ -94,7 +94,10 @@ struct EditorFrame {
   bool toolsOn = true;            ///< false while the movie is previewed: tabs, pages and tools only show
   double zoom = 0.5;              ///< of the timeline, 0 to 1 along its slider
   std::string toolsOffBecause{};  ///< composed; empty while they are on
-  std::string saveOffBecause{};   ///< there is nothing to save; empty where there is
+  std::string saveOffBecause{};   ///< composed: there is nothing to save; empty where there is
+
+  /// Why the project cannot be saved now; empty where it can.
+  [[nodiscard]] const std::string& whyNoSave() const { return toolsOn ? saveOffBecause : toolsOffBecause; }
   bool operator==(const EditorFrame&) const = default;
 };
 

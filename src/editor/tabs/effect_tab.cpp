@@ -90,6 +90,7 @@ ClipSlider sliderOf(int min, int max, int value, bool enabled) {
 }
 
 void readEase(const Movie& clip, bool on, EasePanel& ease) {
+  ease.whyNot = on ? "" : "Switch the effect on first";
   ease.EaseIN = clip.EaseIN();
   const auto headings = SetEaseSliderHeadings(clip);
   for (std::size_t i = 0; i < kEaseLevels; ++i) {

@@ -35,6 +35,7 @@ struct EasePanel {
   int direction = 0;  ///< of moveDirections()
   int rotation = 0;   ///< of rotationDirections()
   bool Chk_RotateCam = false;
+  std::string whyNot;  ///< the effect is not on; whole, empty where it is
   bool operator==(const EasePanel&) const = default;
 };
 

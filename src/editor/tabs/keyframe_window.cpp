@@ -95,11 +95,9 @@ ClipSlider keyframeSlider(int max, double value, std::string heading) {
   return {std::min(0, whole), std::max(max, whole), whole, true, std::move(heading)};
 }
 
-// Loads the controls from the chosen keyframe, or from where there is none yet.
-void SetEffectParams(const Editing& e, KeyframeWindow& window) {
+void loadControls(const Editing& e, KeyframeWindow& window) {
   auto values = shownValues(e, window);
   auto& sliders = window.sliders;
-  sliders.fill({});
   switch (window.controls) {
     case KeyframeControls::Blur:
       sliders[0] = keyframeSlider(kBlurMost, values.Param[0].number(), "Blur radius");
@@ -118,8 +116,19 @@ void SetEffectParams(const Editing& e, KeyframeWindow& window) {
                                     translated("Control %1", {std::to_string(i + 1)}));
   for (std::size_t i = 0; i < kKeyframeColours; ++i)
     window.Cmb_ParamColor[i].chosen = MatchColortoList(window.colours, colourOf(values, i));
-  window.Cmb_ParamColor.back().enabled =
+  const bool isTextured =
       std::find(std::begin(kTextured), std::end(kTextured), window.effectName) != std::end(kTextured);
+  window.Cmb_ParamColor.back().whyNot = isTextured ? "" : "This effect has no texture";
+}
+
+// Loads the controls from the chosen keyframe, or from where there is none yet.
+void SetEffectParams(const Editing& e, KeyframeWindow& window) {
+  window.sliders.fill({});
+  loadControls(e, window);
+  for (std::size_t i = 0; i < kKeyframeSliders; ++i) {
+    const bool isLevel = i == 0 && window.controls == KeyframeControls::Table;
+    window.readings[i] = std::to_string(window.sliders[i].Value) + (isLevel ? "%" : "");
+  }
 }
 
 void UpdateFrameDisplay(KeyframeWindow& window) {
@@ -142,7 +151,7 @@ void fillKeyframes(const Editing& e, KeyframeWindow& window) {
   list.rows = AddKeyFramesToList(e);
   const int last = static_cast<int>(list.rows.size()) - 1;
   list.ListIndex = std::min(std::max(list.ListIndex, 0), last);
-  window.canDelete = last > 0;
+  window.whyNoDelete = last > 0 ? "" : "The first keyframe stays";
   window.ignored.clear();
   window.points.clear();
   for (int line = 0; line <= last; ++line) {
@@ -238,6 +247,18 @@ std::string effectNameOf(const Editing& e, int effectNo) {
 
 }  // namespace
 
+KeyframeParts partsOf(KeyframeControls controls) {
+  switch (controls) {
+    case KeyframeControls::Blur:
+      return {.sliders = 1};
+    case KeyframeControls::MotionBlur:
+      return {.sliders = 2, .additive = true};
+    case KeyframeControls::Table:
+      break;
+  }
+  return {.sliders = kKeyframeSliders, .colours = true};
+}
+
 bool ActivateKeyFrameForm(const Editing& e, KeyframeWindow& window, TabHost& host) {
   const int clipNo = e.collection.icurMov;
   const int effectNo = e.settings.state.KeyframeEffectNo;
@@ -314,7 +335,7 @@ void addKeyframeHere(const Editing& e, KeyframeWindow& window, TabHost& host) {
 }
 
 void deleteChosenKeyframe(const Editing& e, KeyframeWindow& window, TabHost& host) {
-  if (!window.canDelete || !hasLine(window)) return;
+  if (!window.whyNoDelete.empty() || !hasLine(window)) return;
   const int line = window.Lst_Keyframes.ListIndex;
   window.Lst_Keyframes.ListIndex = std::max(line - 1, 0);
   changeKeyframes(e, window, host, "Delete keyframe", [&] { deleteKeyframe(e, line + 1); });

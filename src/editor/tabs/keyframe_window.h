@@ -19,12 +19,21 @@ enum class KeyframeControls {
   Table,       ///< level, eight controls, four colours
 };
 
+/// How many sliders, and whether the box that lays the blur over the picture, and lists of colours.
+struct KeyframeParts {
+  std::size_t sliders = 0;
+  bool additive = false;
+  bool colours = false;
+  bool operator==(const KeyframeParts&) const = default;
+};
+KeyframeParts partsOf(KeyframeControls controls);
+
 inline constexpr std::size_t kKeyframeSliders = 9;  ///< level and eight controls
 inline constexpr std::size_t kKeyframeColours = 4;  ///< fore, back, extra, texture
 
 struct KeyframeColour {
-  int chosen = 0;  ///< of the list of colours
-  bool enabled = true;
+  int chosen = 0;      ///< of the list of colours
+  std::string whyNot;  ///< it is off; whole, empty where it is not
 };
 
 /// A keyframe in the strip.
@@ -46,7 +55,7 @@ struct KeyframeWindow {
 
   ListBox Lst_Keyframes;
   std::vector<bool> ignored;  ///< by line: beyond the clip's marks
-  bool canDelete = false;     ///< more than one
+  std::string whyNoDelete;    ///< whole; empty where there are more than one
 
   ClipSlider Sld_FramePosMaster;      ///< frames
   std::string Lbl_Frame;              ///< composed: "Current Frame = 000134 of 000260"
@@ -54,6 +63,7 @@ struct KeyframeWindow {
 
   /// Blur: its radius. MotionBlur: strength and direction. Table: level, then the eight controls.
   std::array<ClipSlider, kKeyframeSliders> sliders;
+  std::array<std::string, kKeyframeSliders> readings;  ///< beside them
   bool Chk_MblurAddative = false;
   std::vector<std::string> colours;  ///< names; the first is "None"
   std::array<KeyframeColour, kKeyframeColours> Cmb_ParamColor;

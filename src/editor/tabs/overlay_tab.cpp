@@ -17,13 +17,17 @@ void buildControls(const Editing& e, OverlayTab& tab) {
   const int overlayNo = chosenClip(tab.Lst_PicinPicOverlays);
   tab.enabled = backdropNo > 0;
   tab.Pic_NoPinp = tab.enabled && overlayNo == 0;
+  tab.whyNot = tab.enabled ? "" : "Choose a backdrop first";
+  tab.pairWhyNot = tab.look.overlayClip > 0 ? "" : "This backdrop has no overlay";
+  tab.notice = tab.Pic_NoPinp ? "Choose a clip to lay over the backdrop."
+                              : "The new clip is an uncompressed 32-bit movie and needs much disk space.";
   const Movie none;
   const auto& backdrop = backdropNo > 0 ? e.clips()[backdropNo] : none;
   const auto& overlay = overlayNo > 0 ? e.clips()[overlayNo] : backdrop;
   const int longest = fadeSliderMaximum(backdrop, overlay);
   const auto texts = SetPicInPicSliderTexts(tab.look);
   const auto slider = [&](int max, int value, const std::string& heading) {
-    return ClipSlider{0, std::max(max, value), value, tab.enabled, heading, "Choose a backdrop first"};
+    return ClipSlider{0, std::max(max, value), value, tab.enabled, heading, tab.whyNot};
   };
   tab.Sld_MaxTransparency = slider(kPercent, tab.look.maxOpacity, texts[0]);
   tab.Sld_OverlayIn = slider(longest, tab.look.fadeIn, texts[1]);
@@ -31,6 +35,8 @@ void buildControls(const Editing& e, OverlayTab& tab) {
   tab.overlaySound.box =
       overlayNo > 0 ? overlayAudioBox(overlay) : AudioBox{"Add Audio from Overlay Clip", false};
   tab.backdropSound.box = backdropAudioBox(backdrop);
+  for (auto* sound : {&tab.overlaySound, &tab.backdropSound})
+    sound->whyNot = sound->box.enabled ? "" : "Clip has no Audio";
 }
 
 // The controls as the backdrop's record has them; without an overlay as they begin.

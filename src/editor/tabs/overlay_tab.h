@@ -14,6 +14,9 @@ namespace kvo {
 struct OverlaySound {
   AudioBox box;
   bool ticked = false;
+  std::string whyNot;  ///< it is off; whole, empty where it is not
+
+  [[nodiscard]] bool isHeard() const { return ticked && box.enabled; }
 };
 
 struct OverlayTab {
@@ -27,6 +30,9 @@ struct OverlayTab {
   ClipSlider Sld_OverlayOut;       ///< milliseconds
   OverlaySound overlaySound;
   OverlaySound backdropSound;
+  std::string whyNot;      ///< no backdrop is chosen; whole, empty where one is
+  std::string pairWhyNot;  ///< there is no pair to render or to clear; likewise
+  std::string notice;      ///< at the foot. Whole
 };
 
 /// The tab is opened.

@@ -1,6 +1,7 @@
 #include "editor/tabs/preview_params.h"
 
 #include "base/text.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 #include <array>
@@ -87,25 +88,33 @@ PreviewParams GetPreviewParams(const Editing& e, int power) {
   return params;
 }
 
-std::string ShowUserPreviewParams(const Editing& e, const PreviewParams& p) {
-  const auto& settings = e.settings;
-  const int outputDepth = settings.preferences().OutputColorDepth;
-  const auto outputRate = ShortText(settings.preferences().OutPutFrameRate);
-  const auto depth = std::to_string(p.Depth) + " bit";
+PreviewLines previewLines(const Editing& e, const PreviewParams& p) {
+  using Sign = PreviewLine::Sign;
+  const auto& preferences = e.settings.preferences();
+  const auto depth = std::to_string(p.Depth);
+  const auto rate = ShortText(p.Rate);
+  return {{{p.Scale == 1 ? translated("H x W is output dimensions ")
+                         : translated("H x W reduced by %1", {ShortText(p.Scale)})},
+           {translated("Aspect Ratio is maintained")},
+           {preferences.OutputColorDepth <= p.Depth
+                ? translated("Color maintained at %1 bit", {depth})
+                : translated("Color drop from %1 to %2 bit",
+                             {std::to_string(preferences.OutputColorDepth), depth})},
+           {p.Rate >= preferences.OutPutFrameRate
+                ? translated("FPS maintained at %1 fps", {rate})
+                : translated("FPS drop from %1 to %2 fps ", {ShortText(preferences.OutPutFrameRate), rate})},
+           {translated(p.Transitions ? "Transitions ARE shown" : "Transitions are NOT shown"),
+            p.Transitions ? Sign::Shown : Sign::NotShown},
+           {translated(p.Effects ? "Clip Effects ARE shown" : "Clip Effects are NOT shown"),
+            p.Effects ? Sign::Shown : Sign::NotShown}}};
+}
+
+std::string ShowUserPreviewParams(const Editing& e, const PreviewParams& params) {
+  constexpr std::string_view kBehind[] = {"\r\n\r\n", kCrLf, kCrLf, "\r\n\r\n", kCrLf, kCrLf};
+  const auto lines = previewLines(e, params);
   std::string text = "\r\n\r\n";
-  text += p.Scale == 1 ? "H x W is output dimensions " : "H x W reduced by " + ShortText(p.Scale);
-  text += "\r\n\r\nAspect Ratio is maintained\r\n";
-  text += outputDepth <= p.Depth ? "Color maintained at " + depth
-                                 : "Color drop from " + std::to_string(outputDepth) + " to " + depth;
-  text += kCrLf;
-  text += p.Rate >= settings.preferences().OutPutFrameRate
-              ? "FPS maintained at " + ShortText(p.Rate) + " fps"
-              : "FPS drop from " + outputRate + " to " + ShortText(p.Rate) + " fps ";
-  text += "\r\n\r\n";
-  text += p.Transitions ? "Transitions ARE shown" : "Transitions are NOT shown";
-  text += kCrLf;
-  text += p.Effects ? "Clip Effects ARE shown" : "Clip Effects are NOT shown";
-  return text + "\r\n";
+  for (std::size_t i = 0; i < lines.size(); ++i) text.append(lines[i].text).append(kBehind[i]);
+  return text;
 }
 
 }  // namespace kvo

@@ -3,6 +3,7 @@
 
 #include "editor/tabs/editing.h"
 
+#include <array>
 #include <string>
 
 namespace kvo {
@@ -12,7 +13,20 @@ namespace kvo {
 /// first.
 PreviewParams GetPreviewParams(const Editing& e, int power);
 
-/// What the parameters mean, in words, for the label beside the power slider.
+/// A line of what a preview leaves of the movie.
+struct PreviewLine {
+  enum class Sign { Note, Shown, NotShown };  ///< of what it has, or has not
+
+  std::string text;  ///< composed
+  Sign sign = Sign::Note;
+  bool operator==(const PreviewLine&) const = default;
+};
+/// Size, aspect ratio, colours, frames a second, transitions, effects.
+using PreviewLines = std::array<PreviewLine, 6>;
+
+PreviewLines previewLines(const Editing& e, const PreviewParams& params);
+
+/// The same as one text, with the empty lines between them.
 std::string ShowUserPreviewParams(const Editing& e, const PreviewParams& params);
 
 }  // namespace kvo

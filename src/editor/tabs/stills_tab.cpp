@@ -37,8 +37,10 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   const int count = GetStillsInCollection(e);
   tab.caption = stillsCaption(count);
   tab.enabled = count > 0;
+  tab.whyNot = tab.enabled ? "" : "There is no still in this collection";
   tab.controls.individually = stillsAreIndividual(e);
-  tab.listEnabled = tab.enabled && tab.controls.individually;
+  const bool isAlike = tab.enabled && !tab.controls.individually;
+  tab.listWhyNot = isAlike ? "All stills are treated the same" : tab.whyNot;
   if (!tab.Lst_Movies.hasChoice() && !tab.Lst_Movies.rows.empty()) tab.Lst_Movies.ListIndex = 0;
   const int clipNo = chosenClip(tab.Lst_Movies);
   tab.shownClip = tab.controls.selectedClip = clipNo;
@@ -51,7 +53,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   tab.controls.milliseconds = RoundToWhole(seconds * kMilliseconds);
   const int shown = toLongClamped(tab.controls.milliseconds);
   tab.Slider1 = {std::min(kLeastStill, shown), std::max(kMostStill, shown), shown, tab.enabled, {}};
-  tab.Slider1.whyNot = "There is no still in this collection";
+  tab.Slider1.whyNot = tab.whyNot;
   tab.reading = translated("%1 s", {FormatMask(seconds, "0.0##")});
 }
 

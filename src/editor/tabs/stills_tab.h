@@ -16,11 +16,12 @@ struct StillsTab {
   std::string caption;  ///< composed: "Still Options - 2 stills in this collection"
   ListBox Lst_Movies;
   StillControls controls;
-  ClipSlider Slider1;        ///< milliseconds
-  std::string reading;       ///< of the slider, composed: "7.0 s"
-  bool enabled = false;      ///< there are stills
-  bool listEnabled = false;  ///< they are set one by one
-  int shownClip = 0;         ///< whose picture the options show; 0 for none
+  ClipSlider Slider1;      ///< milliseconds
+  std::string reading;     ///< of the slider, composed: "7.0 s"
+  bool enabled = false;    ///< there are stills
+  std::string whyNot;      ///< there are none; whole, empty where there are
+  std::string listWhyNot;  ///< Lst_Movies is off: nor are they set one by one; likewise
+  int shownClip = 0;       ///< whose picture the options show; 0 for none
 };
 
 /// The captions of Opt_Aspect, by its index.

@@ -44,6 +44,23 @@ std::string lookOf(const Movie& clip, int number) {
 
 }  // namespace
 
+TransitionPane paneOf(const TransitionTab& tab) {
+  if (!tab.panel.listVisible) return TransitionPane::Hint;
+  return tab.particlesOpen ? TransitionPane::Particles : TransitionPane::Tiles;
+}
+
+std::string whyNoTiles(const TransitionTab& tab) {
+  if (paneOf(tab) == TransitionPane::Tiles) return {};
+  return tab.whyNone.empty() ? "Click Transition first" : tab.whyNone;
+}
+
+std::string hintOf(const TransitionTab& tab) {
+  if (tab.Lst_TransitionMovies.rows.empty()) return "Drop clips or stills on the timeline first";
+  if (!tab.Lst_TransitionMovies.hasChoice()) return "Choose a clip at the left";
+  return tab.whyNone.empty() ? "The clip follows without a transition.\nClick Transition to choose one."
+                             : tab.whyNone;
+}
+
 TransitionRules::TransitionRules(const Editing& editing, TransitionTab& tab, TabHost& host, UserStore& store)
     : e_(editing), tab_(tab), host_(host), names_(tab.names, store, "Transition") {
   const auto all = transitionNames();
@@ -105,7 +122,7 @@ void TransitionRules::Lst_TransitionMovies_MouseUp() {
   auto* clip = this->clip();
   if (clip == nullptr) return showNoClip();
   const int number = e_.collection.icurMov;
-  quietly(*clip, [&] { tab_.canHaveTransition = correct(*clip, number); });
+  quietly(*clip, [&] { tab_.whyNone = correct(*clip, number) ? "" : kTooShortForTransition; });
   tellTooShort();
   const bool cut = isCut(clip->TransType());
   tab_.Lbl_Tranclips = transitionClipsText(e_.collection, number);
@@ -125,12 +142,10 @@ void TransitionRules::Lst_TransitionMovies_MouseUp() {
 // Once for each time that a clip is chosen, whatever else changes meanwhile.
 void TransitionRules::tellTooShort() {
   const auto key = clip()->KeyID();
-  if (tab_.canHaveTransition) return toldTooShort_.reset();
+  if (tab_.whyNone.empty()) return toldTooShort_.reset();
   if (toldTooShort_ == key) return;
   toldTooShort_ = key;
-  e_.boxes.show({"KVO - Transition warning",
-                 "This clip or the previous clip is too short to apply a transition to", BoxButtons::Ok,
-                 BoxIcon::Warning});
+  e_.boxes.show({"KVO - Transition warning", tab_.whyNone, BoxButtons::Ok, BoxIcon::Warning});
 }
 
 // Once for each clip and length; the caption says it all the time.
@@ -141,7 +156,8 @@ void TransitionRules::warnOfShort() {
 }
 
 void TransitionRules::showNoClip() {
-  tab_.canHaveTransition = tab_.particlesOpen = false;
+  tab_.whyNone = "Choose a clip first";
+  tab_.particlesOpen = false;
   tab_.panel = {.listVisible = false};
   tab_.Sld_In = 0;
   tab_.inOver = tab_.length = tab_.Lbl_Tranclips = std::string();
@@ -174,7 +190,7 @@ void TransitionRules::BuildTransitionFrame() {
 
 void TransitionRules::pick(std::string_view name) {
   auto* clip = this->clip();
-  if (clip == nullptr || !tab_.canHaveTransition) return;
+  if (clip == nullptr || !tab_.whyNone.empty()) return;
   auto& panel = tab_.panel;
   auto& slider = e_.editor.controls.Sld_In;
   panel.listVisible = true;

@@ -43,8 +43,8 @@ struct TransitionTab {
   NameChoice names;  ///< of Lst_Transitions
   ListBox Lst_TransitionMovies;
   TransitionPanel panel;
-  bool canHaveTransition = false;  ///< the clip in hand and the one before it are long enough
-  int Sld_In = 0;                  ///< tenths of a second
+  std::string whyNone;  ///< the clip in hand can have none; whole, empty where it can
+  int Sld_In = 0;       ///< tenths of a second
   int Sld_InMax = 1;
   std::string inOver;  ///< Label17 2, composed: "In over 2 Secs"
   std::string length;  ///< Label17 1: "2.0"
@@ -55,6 +55,14 @@ struct TransitionTab {
   bool particlesOpen = false;
   ParticleBoxes particles;
 };
+
+/// What stands at the right of the tab.
+enum class TransitionPane { Tiles, Particles, Hint };
+TransitionPane paneOf(const TransitionTab& tab);
+/// Why no transition can be looked for among the tiles; whole, empty while they are there.
+std::string whyNoTiles(const TransitionTab& tab);
+/// What stands in their place while the clip has none. Whole.
+std::string hintOf(const TransitionTab& tab);
 
 class TransitionRules {
  public:

@@ -117,7 +117,7 @@ TimelineReading transitionOf(const DragContext& c, const TimelineBlock& block, d
   const bool isFirst = &block == c.blocks.clips.data();
   TimelineReading out;
   if (block.longestTransition < kShortestTransition) {
-    out.reason = translated("This clip or the previous clip is too short to apply a transition to");
+    out.reason = translated(kTooShortForTransition);
     return out;
   }
   const int wanted = toLongClamped(seconds * 10);

@@ -242,7 +242,8 @@ void FarmRender::stop() {
 void FarmRender::takeBack() {
   if (job_.empty() || hasEnded_) return end(FarmPhase::Stopped);
   const auto begun = run("scancel", {job_}, [this](const Answer& answer) {
-    end(FarmPhase::Stopped, answer.exitCode == 0 || answer.errors.empty() ? "" : answer.errors.back());
+    const bool isDone = answer.exitCode == 0 || answer.errors.empty();
+    end(FarmPhase::Stopped, isDone ? "" : answer.errors.back() + "; job " + job_ + " may go on");
   });
   if (!begun) end(FarmPhase::Stopped, begun.error().text);
 }

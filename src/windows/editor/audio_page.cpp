@@ -100,21 +100,18 @@ void AudioPage::makeMusic() {
 
 void AudioPage::draw() {
   clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection, logic_.editing.editor.missingFiles);
-  const auto unless = [](bool can, const QString& why) { return can ? QString() : why; };
-  setWhyNot(*sound_, unless(state_.hasSound, tr("This clip has no sound")));
+  setWhyNot(*sound_, told(state_.soundWhyNot));
   sound_->setChecked(state_.fades.renderAudio);
   fadeIn_->draw(state_.fadeIn, shown(state_.fadeIn.heading));
   fadeOut_->draw(state_.fadeOut, shown(state_.fadeOut.heading));
   level_->draw(state_.level, shown(state_.level.heading));
-  const auto noMusic = unless(state_.hasMusic, tr("There is no music in this collection"));
-  const auto noVideo = unless(state_.Chk_RenderClipAudioEnabled, tr("No clip has a picture"));
   for (std::size_t i = 0; i < order_.size(); ++i) {
-    setWhyNot(*order_[i], noMusic);
+    setWhyNot(*order_[i], told(state_.orderWhyNot));
     if (static_cast<OverlayOrder>(i) == state_.Opt_StackOverlay) order_[i]->setChecked(true);
   }
-  setWhyNot(*autoTrim_, noMusic.isEmpty() ? noVideo : noMusic);
+  setWhyNot(*autoTrim_, told(state_.trimWhyNot));
   autoTrim_->setChecked(state_.Chk_AutoTrim);
-  setWhyNot(*clipAudio_, noVideo);
+  setWhyNot(*clipAudio_, told(state_.clipAudioWhyNot));
   clipAudio_->setChecked(state_.Chk_RenderClipAudio);
   trackFade_->draw(state_.trackFade, shown(state_.trackFade.heading));
   const auto& notice = state_.notice;

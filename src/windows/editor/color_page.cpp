@@ -112,9 +112,9 @@ void ColorPage::draw() {
     const auto& level = state_.levels[i];
     levels_[i]->draw(level, told(level.heading), QString::number(level.Value));
   }
-  setWhyNot(*sepia_, state_.enabled ? QString() : tr("Choose a clip first"));
+  setWhyNot(*sepia_, told(state_.whyNot));
   sepia_->setChecked(state_.Chk_Sepia);
-  setWhyNot(*reset_, state_.isAdjusted ? QString() : tr("All values are 0 already"));
+  setWhyNot(*reset_, told(state_.resetWhyNot));
   drawPictures();
 }
 

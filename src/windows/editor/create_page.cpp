@@ -59,8 +59,9 @@ QString secondsText(double seconds) { return shown(ShortText(std::round(seconds 
 
 }  // namespace
 
-CreatePage::CreatePage(const CreateTab& state, CreateRules& rules, Acts acts, QWidget* parent)
-    : EditorPage(parent), state_(state), rules_(rules), acts_(std::move(acts)) {
+CreatePage::CreatePage(const CreateTab& state, const EditorFrame& frame, CreateRules& rules, Acts acts,
+                       QWidget* parent)
+    : EditorPage(parent), state_(state), frame_(frame), rules_(rules), acts_(std::move(acts)) {
   write(tr("Movie"), "heading", {kPageLeft, 11, 200, 18}, {.wider = 50});
   makeOutput();
   makeRange();
@@ -229,13 +230,12 @@ void CreatePage::makeKeys() {
 
 void CreatePage::draw() {
   isDrawing_ = true;
-  const bool running = state_.IsPreviewRunning;
   for (QWidget* part : std::initializer_list<QWidget*>{
            Cmb_Res_, txtWidth_, txtHeight_, rate_, Cmb_ColorDepth_, Opt_RenderRange_[0], Opt_RenderRange_[1],
            Sld_CPURequired_, Chk_AutoRewind_, ChkDynamic_}) {
-    part->setEnabled(!running);
+    part->setEnabled(state_.whyNot.empty());
   }
-  noteWhyNot(*this, running ? tr("Stop the preview first") : QString());
+  noteWhyNot(*this, told(state_.whyNot));
   drawOutput();
   setTextOf(*Fra_PreviewOpts_, told(state_.Fra_PreviewOpts));
   setTipOf(*Sld_CPURequired_, told(state_.powerToolTip));
@@ -244,19 +244,20 @@ void CreatePage::draw() {
   drawLines();
   Chk_AutoRewind_->setChecked(state_.Chk_AutoRewind);
   ChkDynamic_->setChecked(state_.ChkDynamic);
-  if (Cmd_PrevGrph_->text().isEmpty() || drawnRunning_ != running) {
-    drawnRunning_ = running;
-    Cmd_PrevGrph_->setText(running ? tr("Stop the preview") : tr("Preview"));
-    drawIcons();
-    Cmd_PrevGrph_->setAccessibleName(Cmd_PrevGrph_->text());
-  }
-  setWhyNot(*Cmd_PrevGrph_, state_.canSave || running ? QString() : tr("Nothing to Preview"),
-            running ? tr("End the preview of the movie") : tr("Watch the movie"));
-  setWhyNot(*KVOBut_SaveProject_, !state_.canSave ? tr("There is nothing to save")
-                                  : running       ? tr("Stop the preview first")
-                                                  : QString());
-  setWhyNot(*Cmd_RendertoFile_, running ? tr("Stop the preview first") : QString());
+  drawKeys();
   isDrawing_ = false;
+}
+
+void CreatePage::drawKeys() {
+  const auto& preview = state_.Cmd_PrevGrph;
+  if (const auto caption = told(preview.caption); Cmd_PrevGrph_->text() != caption) {
+    Cmd_PrevGrph_->setText(caption);
+    Cmd_PrevGrph_->setAccessibleName(caption);
+    drawIcons();
+  }
+  setWhyNot(*Cmd_PrevGrph_, told(preview.whyNot), told(preview.tip));
+  setWhyNot(*KVOBut_SaveProject_, shown(frame_.whyNoSave()));
+  setWhyNot(*Cmd_RendertoFile_, shown(frame_.toolsOffBecause));
 }
 
 void CreatePage::drawOutput() {
@@ -269,25 +270,22 @@ void CreatePage::drawOutput() {
   setFieldText(*Txt_From_, secondsText(state_.Txt_From));
   setFieldText(*Txt_Too_, secondsText(state_.Txt_Too));
   for (auto* field : {Txt_From_, Txt_Too_}) {
-    noteWhyNot(*field, state_.Opt_RenderRangeWhole ? tr("Choose From first") : QString());
-    field->setEnabled(!state_.Opt_RenderRangeWhole && !state_.IsPreviewRunning);
+    noteWhyNot(*field, told(state_.rangeWhyNot));
+    field->setEnabled(state_.rangeWhyNot.empty());
   }
 }
 
-// The lines of Label42 in two columns, each with a sign of its own.
+// In two columns, each with a sign of its own.
 void CreatePage::drawLines() {
-  QStringList texts;
-  if (!state_.Label42Bold) {
-    for (const auto& line : shown(state_.Label42).split("\r\n"))
-      if (!line.trimmed().isEmpty()) texts << line.trimmed();
-  }
+  using Sign = PreviewLine::Sign;
   setTextOf(*nothing_, state_.Label42Bold ? shown(state_.Label42).trimmed() : QString());
   for (std::size_t i = 0; i < kLines; ++i) {
-    const auto text = texts.value(static_cast<qsizetype>(i));
+    const auto& line = state_.lines[i];
+    const auto text = shown(line.text).trimmed();
     if (lines_[i]->text() == text) continue;
-    lines_[i]->setText(told(text.toStdString()));
-    const bool isOn = text.endsWith("ARE shown");
-    const auto* icon = isOn ? "check" : text.endsWith("NOT shown") ? "close" : "chevr";
+    lines_[i]->setText(text);
+    const bool isOn = line.sign == Sign::Shown;
+    const auto* icon = isOn ? "check" : line.sign == Sign::NotShown ? "close" : "chevr";
     signs_[i]->setPixmap(text.isEmpty() ? QPixmap()
                                         : iconPicture(icon, isOn ? token("teal") : token("text3"), themed(14),
                                                       devicePixelRatio()));
@@ -305,7 +303,7 @@ void CreatePage::drawIcons() {
     key->setIcon(QIcon(iconPicture(icon, colour, themed(16), devicePixelRatio())));
   };
   for (const auto& [key, icon] : icons_) show(key, icon, token("text1"));
-  show(Cmd_PrevGrph_, drawnRunning_ ? "stop" : "play", token("text1"));
+  show(Cmd_PrevGrph_, state_.IsPreviewRunning ? "stop" : "play", token("text1"));
   show(Cmd_RendertoFile_, "movie", token("onTeal"));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/tabs/create_tab.h"
+#include "editor/tabs/editor_parts_state.h"
 #include "windows/editor/editor_page.h"
 
 #include <QCoreApplication>
@@ -32,8 +33,9 @@ class CreatePage final : public EditorPage {
     std::function<void()> acted;  ///< behind each act on the page's controls
   };
 
-  /// State and rules outlive the page.
-  CreatePage(const CreateTab& state, CreateRules& rules, Acts acts, QWidget* parent);
+  /// All but the acts outlive the page.
+  CreatePage(const CreateTab& state, const EditorFrame& frame, CreateRules& rules, Acts acts,
+             QWidget* parent);
 
   void draw();
 
@@ -42,7 +44,7 @@ class CreatePage final : public EditorPage {
   void changeEvent(QEvent* event) override;
 
  private:
-  static constexpr std::size_t kLines = 6;
+  static constexpr std::size_t kLines = std::tuple_size_v<PreviewLines>;
 
   void makeOutput();
   void makeRange();
@@ -54,9 +56,11 @@ class CreatePage final : public EditorPage {
   void act(const std::function<void()>& work);
   void drawOutput();
   void drawLines();
+  void drawKeys();
   void drawIcons();
 
   const CreateTab& state_;
+  const EditorFrame& frame_;
   CreateRules& rules_;
   Acts acts_;
   QComboBox* Cmb_Res_ = nullptr;
@@ -80,7 +84,6 @@ class CreatePage final : public EditorPage {
   QPushButton* Cmd_RendertoFile_ = nullptr;
   QPushButton* KVOBut_SaveProject_ = nullptr;
   std::vector<std::pair<QPushButton*, const char*>> icons_;
-  bool drawnRunning_ = false;
   bool isDrawing_ = false;
 };
 

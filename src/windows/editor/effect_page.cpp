@@ -188,10 +188,8 @@ void EffectPage::draw() {
     levels_[i]->draw(state_.levels[i], {}, QString::number(state_.levels[i].Value));
   for (const auto& [key, position] : {std::pair{keyframes_[0], kBlurSwitch}, {keyframes_[1], kMotionSwitch}})
     key->setVisible(state_.faces[static_cast<std::size_t>(position)].isOn);
-  const bool eases = state_.faces[kEaseSwitch].isOn;
-  easeOptions_->setVisible(eases);
-  for (auto* option : {easeIn_, easeOut_})
-    setWhyNot(*option, eases ? QString() : tr("Switch the effect on first"));
+  easeOptions_->setVisible(state_.faces[kEaseSwitch].isOn);
+  for (auto* option : {easeIn_, easeOut_}) setWhyNot(*option, told(state_.ease.whyNot));
   (state_.ease.EaseIN ? easeIn_ : easeOut_)->setChecked(true);
   drawEffects();
   easePanel_->draw();

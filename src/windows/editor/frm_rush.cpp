@@ -161,8 +161,7 @@ void FrmRush::makeShortcuts() {
 
 // The key that does the same may lie on a page that is not open.
 void FrmRush::save(const std::function<std::string()>& act) {
-  const auto& frame = state_.frame;
-  const auto why = frame.toolsOn ? told(frame.saveOffBecause) : shown(frame.toolsOffBecause);
+  const auto why = shown(state_.frame.whyNoSave());
   why.isEmpty() ? say(focused(), shown(act())) : refuse(focused(), why);
 }
 

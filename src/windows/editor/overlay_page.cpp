@@ -138,7 +138,7 @@ void OverlayPage::draw() {
   const auto& collection = logic_.editing.collection;
   backdrops_->draw(state_.Lst_PicinPicBackdrop, collection, logic_.editing.editor.missingFiles);
   overlays_->draw(state_.Lst_PicinPicOverlays, collection, logic_.editing.editor.missingFiles);
-  const auto noClip = state_.enabled ? QString() : tr("Choose a backdrop first");
+  const auto noClip = told(state_.whyNot);
   setWhyNot(*overlays_, noClip);
   const auto position = static_cast<std::size_t>(state_.look.position - 1);
   setTextOf(*positionName_, tr("Position - %1").arg(told(std::string(overlayPositionNames()[position]))));
@@ -156,15 +156,13 @@ void OverlayPage::draw() {
   for (const auto& [box, sound] :
        {std::pair{overlaySound_, &state_.overlaySound}, {backdropSound_, &state_.backdropSound}}) {
     setTextOf(*box, told(sound->box.caption));
-    setWhyNot(*box, sound->box.enabled ? QString() : tr("Clip has no Audio"));
-    box->setChecked(sound->ticked && sound->box.enabled);
+    setWhyNot(*box, told(sound->whyNot));
+    box->setChecked(sound->isHeard());
   }
-  const auto noPair = state_.look.overlayClip > 0 ? QString() : tr("This backdrop has no overlay");
+  const auto noPair = told(state_.pairWhyNot);
   setWhyNot(*clear_, noPair);
   setWhyNot(*KVOBut_RenderPinP_, noPair);
-  setTextOf(*notice_, state_.Pic_NoPinp
-                          ? tr("Choose a clip to lay over the backdrop.")
-                          : tr("The new clip is an uncompressed 32-bit movie and needs much disk space."));
+  setTextOf(*notice_, told(state_.notice));
 }
 
 }  // namespace kvo

@@ -79,11 +79,10 @@ void StillsPage::act(const std::function<void()>& work) {
 void StillsPage::draw() {
   setTextOf(*caption_, shown(state_.caption));
   groupOrIndividual_[state_.controls.individually ? 1 : 0]->setChecked(true);
-  const auto noStill = state_.enabled ? QString() : tr("There is no still in this collection");
+  const auto noStill = told(state_.whyNot);
   for (auto* option : groupOrIndividual_) setWhyNot(*option, noStill);
   stills_->draw(state_.Lst_Movies, logic_.editing.collection, logic_.editing.editor.missingFiles);
-  const auto together = state_.listEnabled ? QString() : tr("All stills are treated the same");
-  setWhyNot(*stills_, noStill.isEmpty() ? together : noStill);
+  setWhyNot(*stills_, told(state_.listWhyNot));
   duration_->draw(state_.Slider1, tr("Each still shows for"), shown(state_.reading));
   const auto picture = picture_ && state_.shownClip > 0 ? picture_(state_.shownClip) : QImage();
   const bool isOther = std::exchange(shownPicture_, picture.cacheKey()) != picture.cacheKey();

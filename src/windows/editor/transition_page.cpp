@@ -215,7 +215,7 @@ void TransitionPage::draw() {
   markBad(*Fra_FadDur_, panel.durationIsShort);
   Fra_FadDur_->setVisible(panel.listVisible);
   Sld_In_->setVisible(panel.listVisible);
-  Sld_In_->draw({0, state_.Sld_InMax, state_.Sld_In, state_.canHaveTransition, {}}, shown(state_.inOver),
+  Sld_In_->draw({0, state_.Sld_InMax, state_.Sld_In, state_.whyNone.empty(), {}}, shown(state_.inOver),
                 shown(state_.length));
   drawBorder();
   drawOptions();
@@ -263,18 +263,10 @@ void TransitionPage::drawOptions() {
 }
 
 void TransitionPage::drawChoice() {
-  const auto& panel = state_.panel;
-  const bool tiles = panel.listVisible && !state_.particlesOpen;
-  (panel.listVisible ? transition_ : cut_)->setChecked(true);
-  const bool isThere = state_.Lst_TransitionMovies.hasChoice();
-  const auto noTransition = state_.canHaveTransition ? QString()
-                            : isThere
-                                ? tr("This clip or the previous clip is too short to apply a transition to")
-                                : tr("Choose a clip first");
-  for (auto* key : {cut_, transition_}) setWhyNot(*key, noTransition);
-  const auto noTiles = tiles                    ? QString()
-                       : noTransition.isEmpty() ? tr("Click Transition first")
-                                                : noTransition;
+  const auto pane = paneOf(state_);
+  (pane == TransitionPane::Hint ? cut_ : transition_)->setChecked(true);
+  for (auto* key : {cut_, transition_}) setWhyNot(*key, told(state_.whyNone));
+  const auto noTiles = told(whyNoTiles(state_));
   setWhyNot(*find_, noTiles);
   if (find_->text() != shown(state_.names.find)) find_->setText(shown(state_.names.find));
   favourites_->setChecked(state_.names.onlyFavourites);
@@ -283,17 +275,12 @@ void TransitionPage::drawChoice() {
   favourites_->setIcon(
       QIcon(iconPicture("star", state_.names.onlyFavourites ? token("amber") : token("text3"), themed(16),
                         devicePixelRatio())));
-  Lst_Transitions_->setVisible(tiles);
-  if (tiles) Lst_Transitions_->draw();
-  particles_->setVisible(panel.listVisible && state_.particlesOpen);
+  Lst_Transitions_->setVisible(pane == TransitionPane::Tiles);
+  if (pane == TransitionPane::Tiles) Lst_Transitions_->draw();
+  particles_->setVisible(pane == TransitionPane::Particles);
   particles_->draw();
-  instead_->setVisible(!panel.listVisible);
-  setTextOf(*instead_, state_.Lst_TransitionMovies.rows.empty()
-                           ? tr("Drop clips or stills on the timeline first")
-                       : !isThere ? tr("Choose a clip at the left")
-                       : !state_.canHaveTransition
-                           ? noTransition
-                           : tr("The clip follows without a transition.\nClick Transition to choose one."));
+  instead_->setVisible(pane == TransitionPane::Hint);
+  setTextOf(*instead_, told(hintOf(state_)));
 }
 
 }  // namespace kvo

@@ -168,28 +168,27 @@ void FrmKeyframe::drawList() {
 }
 
 void FrmKeyframe::drawControls() {
-  const bool isTable = state_.controls == KeyframeControls::Table;
-  const bool isMotion = state_.controls == KeyframeControls::MotionBlur;
-  const std::size_t count = isTable ? kKeyframeSliders : isMotion ? 2 : 1;
+  const auto parts = partsOf(state_.controls);
   for (std::size_t i = 0; i < kKeyframeSliders; ++i) {
-    sliders_[i]->setVisible(i < count);
+    sliders_[i]->setVisible(i < parts.sliders);
     const auto& slider = state_.sliders[i];
-    const bool isLevel = isTable && i == 0;
-    if (i < count)
-      sliders_[i]->draw(slider, told(slider.heading), QString::number(slider.Value) + (isLevel ? "%" : ""));
+    if (i < parts.sliders) sliders_[i]->draw(slider, told(slider.heading), shown(state_.readings[i]));
   }
-  additive_->setVisible(isMotion);
+  additive_->setVisible(parts.additive);
   additive_->setChecked(state_.Chk_MblurAddative);
-  colourNote_->setVisible(isTable);
+  drawColours(parts.colours);
+}
+
+void FrmKeyframe::drawColours(bool areThere) {
+  colourNote_->setVisible(areThere);
   const bool isOther = drawnColours_ != state_.colours;
   for (std::size_t i = 0; i < kKeyframeColours; ++i) {
     const auto& colour = state_.Cmb_ParamColor[i];
-    colours_[i]->setVisible(isTable);
-    colourNames_[i]->setVisible(isTable);
+    colours_[i]->setVisible(areThere);
+    colourNames_[i]->setVisible(areThere);
     const auto name = shown(state_.colours.at(static_cast<std::size_t>(colour.chosen)));
-    setWhyNot(*colours_[i], colour.enabled ? QString() : tr("This effect has no texture"),
-              colourNames_[i]->text() + ": " + name);
-    colourNames_[i]->setEnabled(colour.enabled);
+    setWhyNot(*colours_[i], told(colour.whyNot), colourNames_[i]->text() + ": " + name);
+    colourNames_[i]->setEnabled(colour.whyNot.empty());
     if (isOther) {
       colours_[i]->clear();
       for (const auto& entry : state_.colours) colours_[i]->addItem(shown(entry));
@@ -216,8 +215,7 @@ void FrmKeyframe::draw(QWidget* owner) {
   master_->draw(state_.Sld_FramePosMaster, {}, QString::number(state_.Sld_FramePosMaster.Value));
   drawList();
   drawControls();
-  for (auto* key : {delete_, deleteAll_})
-    setWhyNot(*key, state_.canDelete ? QString() : tr("The first keyframe stays"));
+  for (auto* key : {delete_, deleteAll_}) setWhyNot(*key, told(state_.whyNoDelete));
   instantPreview_->setChecked(state_.instantPreview);
   if (!isVisible()) appear(*owner);
 }

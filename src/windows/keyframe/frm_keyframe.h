@@ -47,6 +47,7 @@ class FrmKeyframe final : public EditorPage {
   void appear(QWidget& owner);
   void drawList();
   void drawControls();
+  void drawColours(bool areThere);
 
   KeyframeWindow& state_;
   PageLogic logic_;

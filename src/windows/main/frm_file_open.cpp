@@ -6,8 +6,6 @@
 
 #include <QApplication>
 #include <QWindow>
-#include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace kvo {
@@ -21,15 +19,7 @@ void keepAbove(QWidget& window, bool above) {
   }
 }
 
-// A desktop takes a moment to put a window that has covered the screen back, and its frame about it: until
-// then where it is seen is not where it stands.
-constexpr int kSettleTime = 1500;  // milliseconds
-
-// A window of which a desktop has only put its frame elsewhere has not been moved.
-bool isNear(const QPoint& a, const QPoint& b) {
-  constexpr int kFrame = 48;  // pixels, the highest title bar
-  return std::max(std::abs(a.x() - b.x()), std::abs(a.y() - b.y())) <= kFrame;
-}
+QPoint pointOf(const ScreenPoint& point) { return {point.x, point.y}; }
 
 }  // namespace
 
@@ -49,6 +39,7 @@ FrmFileOpen::FrmFileOpen(MainWindowState& state, const Logic& logic, const Mater
             acts_, material.folder, [this] { draw(); }),
       full_(state, logic.display, logic.transport, logic.pictures, acts_, [this] { draw(); }),
       place_(material.store, material.desktop, "FrmFileOpenPlace") {
+  clock_.start();
   if (material.video == nullptr) return;
   video_.emplace(*material.video, VideoFeed::best(material.graphicsDevice));
   skinned_.showVideo(*video_);
@@ -78,39 +69,26 @@ QWidget& FrmFileOpen::face() {
 
 QWidget* FrmFileOpen::shownFace() { return face().isVisible() ? &face() : nullptr; }
 
+FaceOnScreen FrmFileOpen::onScreen(const QWidget& face) const {
+  const auto inside = face.geometry();
+  return {.corner = {face.x(), face.y()},
+          .inside = {inside.x(), inside.y(), inside.width(), inside.height()},
+          .isFramed = face.frameGeometry() != inside,
+          .visible = face.isVisible(),
+          .covers = face.isFullScreen(),
+          .isNormal = &face == &skinned_};
+}
+
 void FrmFileOpen::showFace() {
   auto& now = face();
   auto& other = &now == &skinned_ ? static_cast<QWidget&>(zoom_) : static_cast<QWidget&>(skinned_);
   const auto caption = shown(state_.face.caption);
   if (skinned_.windowTitle() != caption) skinned_.setWindowTitle(caption);
-  const bool covered = now.isFullScreen();
-  const auto size = now.size();
-  const bool settles = uncovered_.isValid() && !uncovered_.hasExpired(kSettleTime);
-  if (now.isVisible() && !covered && !settles) {
-    corner_ = now.pos();
-    frame_ = now.geometry().topLeft() - corner_;
-  }
+  const auto time = clock_.elapsed();
+  corner_.beforeDrawing(onScreen(now), time);
   &now == &skinned_ ? skinned_.draw() : zoom_.draw();
-  // Where it stood before it covered the screen, when its frame is not back yet; and wholly on the screen
-  // after it has grown.
-  if (now.isVisible() && !now.isFullScreen()) {
-    if (covered) uncovered_.start();
-    const bool framed = !covered && now.frameGeometry() != now.geometry();
-    const auto goal = (covered || settles) && !framed ? corner_ + frame_ : corner_;
-    if (covered || now.size() != size || (settles && now.pos() != goal)) place_.moveTo(now, goal);
-  }
-  if (!now.isVisible()) {
-    if (other.isVisible() && !other.isFullScreen() && !settles) corner_ = other.pos();
-    uncovered_.invalidate();
-    if (&other == &skinned_) home_ = corner_;
-    if (&now == &skinned_ && isNear(corner_, home_)) corner_ = home_;
-    other.isVisible() ? place_.moveTo(now, corner_) : place_.restore(now);
-    corner_ = now.pos();
-    state_.mode.IsFullScreenWindow ? now.showFullScreen() : now.show();
-    other.hide();
-    now.activateWindow();
-    again_ = true;  // what is only drawn while it is seen
-  }
+  if (const auto goal = corner_.afterDrawing(onScreen(now), time)) place_.moveTo(now, pointOf(*goal));
+  if (!now.isVisible()) exchange(now, other);
   keepAbove(now, state_.face.stayOnTop);
   if (std::exchange(state_.face.raise, false)) {
     now.setWindowState(now.windowState() & ~Qt::WindowMinimized);
@@ -119,13 +97,21 @@ void FrmFileOpen::showFace() {
   }
 }
 
+void FrmFileOpen::exchange(QWidget& now, QWidget& other) {
+  const auto corner = corner_.cameFrom(onScreen(other), clock_.elapsed());
+  other.isVisible() ? place_.moveTo(now, pointOf(corner)) : place_.restore(now);
+  corner_.stands({now.x(), now.y()});
+  state_.mode.IsFullScreenWindow ? now.showFullScreen() : now.show();
+  other.hide();
+  now.activateWindow();
+  again_ = true;  // what is only drawn while it is seen
+}
+
 // The end of the program, or the time ahead of its first window.
 void FrmFileOpen::leave() {
   for (auto* window : {static_cast<QWidget*>(&skinned_), static_cast<QWidget*>(&zoom_)}) {
     if (!window->isVisible()) continue;
-    // The next start is with the skinned face, where it was.
-    const auto corner = window->isFullScreen() ? corner_ : window->pos();
-    place_.keep(*window, window == &zoom_ && isNear(corner, home_) ? home_ : corner);
+    place_.keep(*window, pointOf(corner_.atEnd(onScreen(*window))));
     window->close();
   }
 }

@@ -2,6 +2,7 @@
 // struct of the state and calls the logic for what the user does there; nothing is decided here.
 #pragma once
 
+#include "playback/display/face_corner.h"
 #include "program/clip_picture.h"
 #include "program/list_pictures.h"
 #include "program/media_commands.h"
@@ -12,7 +13,6 @@
 #include "windows/place/window_place.h"
 
 #include <QElapsedTimer>
-#include <QPoint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -63,7 +63,9 @@ class FrmFileOpen {
 
  private:
   [[nodiscard]] QWidget& face();
+  [[nodiscard]] FaceOnScreen onScreen(const QWidget& face) const;
   void showFace();
+  void exchange(QWidget& now, QWidget& other);
   void leave();
 
   MainWindowState& state_;
@@ -74,10 +76,8 @@ class FrmFileOpen {
   FreeZoomFace zoom_;
   FullPicture full_;
   WindowPlace place_;
-  QPoint corner_;            // of the face that is seen, as it is when it does not cover the screen
-  QPoint home_;              // of the skinned face, when it was left
-  QPoint frame_;             // how far its inside lies from there
-  QElapsedTimer uncovered_;  // since it covered the screen last
+  FaceCorner corner_;
+  QElapsedTimer clock_;
   bool drawing_ = false;
   bool again_ = false;  // the state has changed since the drawing began
 };

@@ -1,6 +1,7 @@
 #include "windows/main/skinned_face.h"
 
 #include "playback/display/layout.h"
+#include "program/face_parts.h"
 #include "ui/compositing.h"
 #include "ui/cool_list_view.h"
 #include "ui/logo.h"
@@ -88,13 +89,15 @@ KeysPart::Acts SkinnedFace::keyActs(WindowActs& acts) {
           .steps = stepActs(logic_.positions.stepping, [this] { acted_(); })};
 }
 
-void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
-  const auto act = [this](std::function<void()> work) {
-    return [this, work = std::move(work)] {
-      work();
-      acted_();
-    };
+// What the user does there, and all is drawn anew.
+std::function<void()> SkinnedFace::act(std::function<void()> work) {
+  return [this, work = std::move(work)] {
+    work();
+    acted_();
   };
+}
+
+void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   rail_ =
       made<TitleRailPart>(TitleRailPart::State{state_.face, state_.history, state_.queue},
                           TitleRailPart::Acts{[this, &acts](const QPoint& at) { acts.openMenu(at, *this); },
@@ -108,22 +111,46 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
                                          [&acts](const QString& typed) { return acts.key(typed); },
                                          [this] { logic_.transport.Img_Play_Click(); }, acted_},
                          folder + "Buttons/", this);
-  picture_ = made<PicturePart>(state_, logic_.pictures, this);
-  largePicture_ = made<LargePicturePart>(state_, logic_.pictures, this);
-  for (auto* box : {&picture_->box(), &largePicture_->box()})
-    box->offerResume(act([this] { logic_.resume.take(); }));
-  for (auto* box : {&picture_->box(), &largePicture_->box()}) {
-    box->whenClicked([this](Qt::MouseButton button) {
-      logic_.transport.pictureClicked(pictureButton(button));
-      acted_();
-    });
-  }
+  makePictures();
   collection_ = made<CollectionDetailsPart>(state_.collectionDetails, this);
   position_ = made<PositionPart>(state_.details, state_.positions.markers,
                                  act([this] { logic_.positions.markers.open(); }), this);
   createMovie_ = made<CreateMovieKey>(state_.menu, this);
   connect(createMovie_, &QAbstractButton::clicked, [&acts] { acts.choose(MenuCommand::CreateMovie); });
   details_ = made<DetailsPart>(state_.details, act(logic_.showCodec), this);
+  makeSlider(folder);
+  glass_ = made<GlassPart>(
+      state_,
+      GlassPart::Acts{act([this] { logic_.positions.positioner.Pic_DigNumbers_Click(); }),
+                      act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
+                      act([this] { logic_.positions.levels.showLevel(); }), act(logic_.showStream)},
+      this);
+  keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(acts), folder, this);
+  volume_ = made<VolumePart>(
+      state_.display,
+      [this](int percent) {
+        logic_.list.setVolume(percent);
+        acted_();
+      },
+      this);
+  makeEmptyPane(folder);
+  loading_ = made<LoadingPart>(
+      state_.progress, [this] { showParts(); }, this);
+}
+
+void SkinnedFace::makePictures() {
+  picture_ = made<PicturePart>(state_, logic_.pictures, this);
+  largePicture_ = made<LargePicturePart>(state_, logic_.pictures, this);
+  for (auto* box : {&picture_->box(), &largePicture_->box()}) {
+    box->offerResume(act([this] { logic_.resume.take(); }));
+    box->whenClicked([this](Qt::MouseButton button) {
+      logic_.transport.pictureClicked(pictureButton(button));
+      acted_();
+    });
+  }
+}
+
+void SkinnedFace::makeSlider(const std::string& folder) {
   const auto look = [this](std::optional<double> seconds) {
     picture_->box().lookAt(seconds);
     largePicture_->box().lookAt(seconds);
@@ -141,26 +168,13 @@ void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
                                 [look] { look(std::nullopt); }};
   slider_ = made<SliderPart>(state_.slider, slides, folder + "Parts/", this);
   hover_ = made<HoverPart>(state_.hover, this);
-  glass_ = made<GlassPart>(
-      state_,
-      GlassPart::Acts{act([this] { logic_.positions.positioner.Pic_DigNumbers_Click(); }),
-                      act([this] { logic_.positions.rate.Lbl_Speedo_Click(); }),
-                      act([this] { logic_.positions.levels.showLevel(); }), act(logic_.showStream)},
-      this);
-  keys_ = std::make_unique<KeysPart>(state_.buttons, images_, keyActs(acts), folder, this);
-  volume_ = made<VolumePart>(
-      state_.display,
-      [this](int percent) {
-        logic_.list.setVolume(percent);
-        acted_();
-      },
-      this);
+}
+
+void SkinnedFace::makeEmptyPane(const std::string& folder) {
   empty_ = made<EmptyPanePart>(state_.emptyPane, folder + "Parts/", this);
   empty_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(empty_, &QWidget::customContextMenuRequested, act(logic_.addMedia));
   connect(empty_, &QAbstractButton::clicked, act(logic_.addMedia));
-  loading_ = made<LoadingPart>(
-      state_.progress, [this] { showParts(); }, this);
 }
 
 void SkinnedFace::press(Transport& transport, bool right) {
@@ -261,21 +275,14 @@ void SkinnedFace::drawHover() { hover_->drawOver(slider_->mapTo(this, slider_->o
 void SkinnedFace::showParts() {
   const bool loading = !loading_->isHidden();
   if (loading && focusBefore_ == nullptr) focusBefore_ = focusWidget();
-  const auto& panels = state_.mode.panels;
-  const bool any = state_.list.visible && !loading;
-  const bool details = any && panels.FraDets;
-  showPart(*empty_, state_.emptyPane.visible && !loading);
-  showPart(*list_, any && panels.Fillist.visible);
-  showPart(*picture_, details);
-  // The intro plays while there is no list yet.
-  const bool intro = !state_.list.visible && state_.mode.player.shows() && !loading;
-  // So does what is told of a stream while it comes.
-  const bool comes = !state_.list.visible && !state_.emptyPane.visible && showsLabel(state_) && !loading;
-  showPart(*largePicture_, (any && !details) || intro || comes);
-  showPart(*collection_, any && panels.CollDets);
-  showPart(*position_, any && panels.CollDets);
-  showPart(*createMovie_, any && panels.CollDets);
-  showPart(*details_, details);
+  const auto parts = faceParts(state_, loading);
+  showPart(*empty_, parts.empty);
+  showPart(*list_, parts.list);
+  showPart(*picture_, parts.picture);
+  showPart(*largePicture_, parts.largePicture);
+  for (auto* part : std::initializer_list<QWidget*>{collection_, position_, createMovie_})
+    showPart(*part, parts.collection);
+  showPart(*details_, parts.picture);
   if (loading) return loading_->setFocus();
   if (const auto before = std::exchange(focusBefore_, nullptr); before != nullptr) {
     before->isVisibleTo(this) && before->isEnabled() ? before->setFocus() : setFocus();

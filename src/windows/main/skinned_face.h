@@ -73,7 +73,11 @@ class SkinnedFace : public QWidget {
 
  private:
   void press(Transport& transport, bool right);
+  [[nodiscard]] std::function<void()> act(std::function<void()> work);
   void makeParts(WindowActs& acts, const std::string& folder);
+  void makePictures();
+  void makeSlider(const std::string& folder);
+  void makeEmptyPane(const std::string& folder);
   [[nodiscard]] KeysPart::Acts keyActs(WindowActs& acts);
   void setTabOrder();
   void layOut();

@@ -48,6 +48,7 @@ void FrmQueue::draw(bool mayBeSeen) {
   if (std::exchange(raises_, state_.raises) == state_.raises) return;
   raise();
   activateWindow();
+  panel_->setFocus();
 }
 
 void FrmQueue::keyPressEvent(QKeyEvent* event) {

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
+#include <array>
 
 namespace kvo {
 namespace {
@@ -20,6 +21,8 @@ constexpr Share kListGrows{0, 0, 100, 100};
 constexpr Share kAtRight{100, 0, 0, 0};
 constexpr Share kWider{0, 0, 100, 0};
 constexpr QRect kTrouble{56, 0, 324, 18};
+constexpr std::array kJobIcons = {"movie"};
+constexpr int kStepIcon = 16;
 
 }  // namespace
 
@@ -45,6 +48,8 @@ QueuePanel::QueuePanel(const QueueState& state, const QueueActs& acts, QWidget* 
   for (auto* step : {KVOBut_UpJob_, KVOBut_DownJob_}) step->setAutoRepeat(true);
   KVOBut_UpJob_->setIcon(themeIcon("up"));
   KVOBut_DownJob_->setIcon(themeIcon("down"));
+  setFocusProxy(Lst_Queue_);
+  sizeIcons();
   connect(KVOBut_PauseJob_, &QPushButton::clicked, [this] { acts_.pauseOrGoOn(); });
   connect(KVOBut_RemoveJob_, &QPushButton::clicked, [this] { acts_.remove(); });
   connect(KVOBut_UpJob_, &QPushButton::clicked, [this] { acts_.move(state_.row); });
@@ -52,8 +57,9 @@ QueuePanel::QueuePanel(const QueueState& state, const QueueActs& acts, QWidget* 
 }
 
 void QueuePanel::makeList() {
-  Lst_Queue_ = put(made<PageList>(tr("Queue"), tr("Nothing waits"), std::span<const char* const>(), this),
-                   {0, 22, 268, 106}, kListGrows);
+  Lst_Queue_ =
+      put(made<PageList>(tr("Queue"), tr("Nothing waits"), std::span<const char* const>(kJobIcons), this),
+          {0, 22, 268, 106}, kListGrows);
   Lst_Queue_->trailing = [this](int index) {
     const auto row = static_cast<std::size_t>(index);
     return row < state_.Lst_Queue.size() ? told(state_.Lst_Queue[row].state) : QString();
@@ -132,6 +138,16 @@ void QueuePanel::drawTrouble() {
   setTextOf(*trouble_, QFontMetrics(trouble_->font()).elidedText(why, Qt::ElideMiddle, trouble_->width()));
   setTipOf(*trouble_, why);
   if (trouble_->accessibleName() != why) trouble_->setAccessibleName(why);
+}
+
+void QueuePanel::sizeIcons() {
+  const int side = themed(kStepIcon);
+  for (auto* step : {KVOBut_UpJob_, KVOBut_DownJob_}) step->setIconSize({side, side});
+}
+
+void QueuePanel::changeEvent(QEvent* event) {
+  EditorPage::changeEvent(event);
+  if (event->type() == QEvent::StyleChange && KVOBut_DownJob_ != nullptr) sizeIcons();
 }
 
 void QueuePanel::resizeEvent(QResizeEvent* event) {

@@ -31,10 +31,12 @@ class QueuePanel final : public EditorPage {
   void letGrow() { mayBe(1, 10); }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   void makeList();
+  void sizeIcons();
   [[nodiscard]] const QueuedRow* chosen() const;
   void pressKey(const QKeyEvent& event);
   void drop(const QMimeData& carried, int before);

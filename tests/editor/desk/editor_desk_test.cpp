@@ -111,6 +111,7 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
   EXPECT_EQ(b.state.keys.of(ClipKey::Equi), "");
   b.desk.FrmFileOpenToolsOnOff(false);
   for (const auto& whyNot : b.state.keys.whyNot) EXPECT_EQ(whyNot, "Stop the preview first");
+  EXPECT_EQ(b.state.frame.whyNoSave(), "Stop the preview first");
   b.desk.FrmFileOpenToolsOnOff(true);
   EXPECT_EQ(b.state.keys.of(ClipKey::Copy), "");
   b.told.clear();
@@ -121,7 +122,7 @@ TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {
   b.collection.clearLists();
   b.list.fill();
   b.desk.ShowClipStats();
-  EXPECT_EQ(b.state.frame.saveOffBecause, "There is nothing to save");
+  EXPECT_EQ(b.state.frame.whyNoSave(), "There is nothing to save");
   b.desk.saveAgain();
   EXPECT_EQ(b.told.substr(0, 17), "save saveAs save ");
 }

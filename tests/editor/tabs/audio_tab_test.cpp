@@ -121,7 +121,9 @@ TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   EXPECT_EQ(b.tab.notice.text, "Please move the audio track :- <song.mp3> to the end of the collection.");
   b.collection.MovieList.remove(4);
   b.open();
-  EXPECT_FALSE(b.tab.hasMusic || b.tab.Chk_AutoTrimEnabled);
+  EXPECT_FALSE(b.tab.hasMusic);
+  EXPECT_EQ(b.tab.orderWhyNot, "There is no music in this collection");
+  EXPECT_EQ(b.tab.trimWhyNot, b.tab.orderWhyNot);
   EXPECT_EQ(b.notice(), "0");
 }
 
@@ -129,8 +131,8 @@ TEST(AudioTab, BoxesAreOffWhileThereIsNoPictureAndComeBackWithIt) {
   AudioBench b;
   const auto boxes = [&] {
     enterTab(b.editing, b.tab, b.host);
-    return std::array{b.tab.Chk_AutoTrim, b.tab.Chk_AutoTrimEnabled, b.tab.Chk_RenderClipAudio,
-                      b.tab.Chk_RenderClipAudioEnabled, b.tab.trackFade.Enabled};
+    return std::array{b.tab.Chk_AutoTrim, b.tab.trimWhyNot.empty(), b.tab.Chk_RenderClipAudio,
+                      b.tab.clipAudioWhyNot.empty(), b.tab.trackFade.Enabled};
   };
   b.collection.MovieList.remove(3);
   b.collection.MovieList.remove(2);

@@ -89,10 +89,36 @@ TEST(CreateTab, ThePowerSaysWhatItCosts) {
   EXPECT_EQ(b.tab.powerToolTip, "100% CPU");
   EXPECT_NE(b.tab.Label42.find("H x W is output dimensions"), std::string::npos) << b.tab.Label42;
   EXPECT_EQ(b.tab.Label42Changes, 1);
+  EXPECT_EQ(b.tab.lines.back(), (PreviewLine{"Clip Effects ARE shown", PreviewLine::Sign::Shown}));
   b.collection.clearLists();
   b.rules.refresh();
   EXPECT_EQ(b.tab.Label42, "\r\n\r\n\r\nNothing to Preview");
-  EXPECT_TRUE(b.tab.Label42Bold && !b.tab.canSave);
+  EXPECT_TRUE(b.tab.Label42Bold);
+}
+
+TEST(CreateTab, WhatIsOffSaysWhy) {
+  const struct {
+    bool hasClips, runs, whole;
+    const char* expected;
+  } rows[] = {{true, false, true, "Preview - Watch the movie||Choose From first|"},
+              {true, false, false, "Preview - Watch the movie|||"},
+              {true, true, false,
+               "Stop the preview - End the preview of the movie||Stop the preview first|"
+               "Stop the preview first"},
+              {true, true, true,
+               "Stop the preview - End the preview of the movie||Choose From first|"
+               "Stop the preview first"},
+              {false, false, true, "Preview - Watch the movie|Nothing to Preview|Choose From first|"}};
+  for (const auto& row : rows) {
+    CreateBench b;
+    if (!row.hasClips) b.collection.clearLists();
+    b.rules.refresh();
+    b.rules.showPreview(row.runs);
+    b.rules.chooseRange(row.whole);
+    const auto& key = b.tab.Cmd_PrevGrph;
+    EXPECT_EQ(key.caption + " - " + key.tip + "|" + key.whyNot + "|" + b.tab.rangeWhyNot + "|" + b.tab.whyNot,
+              row.expected);
+  }
 }
 
 TEST(CreateTab, WhatIsRefusedShowsWhatHolds) {

@@ -53,7 +53,9 @@ TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
   EXPECT_EQ(w.sliders[2].Value, 10);
   EXPECT_EQ(w.colours.at(static_cast<std::size_t>(w.Cmb_ParamColor[0].chosen)), "BLUEVIOLET");
   EXPECT_EQ(w.Cmb_ParamColor[1].chosen, 0) << "a colour that the list does not have";
-  EXPECT_FALSE(w.Cmb_ParamColor[3].enabled || w.canDelete);
+  EXPECT_EQ(w.Cmb_ParamColor[3].whyNot + "|" + w.whyNoDelete,
+            "This effect has no texture|The first keyframe stays");
+  EXPECT_EQ(w.readings[0] + "|" + w.readings[2], "30%|10");
   EXPECT_EQ(b.settings.state.KeyframeMode, kFlagOn);
   SuspendKeyframeForm(b.editing, b.window);
   EXPECT_EQ(b.settings.state.KeyframeMode, 0);
@@ -80,6 +82,7 @@ TEST(KeyframeWindow, KeyframesAreAddedChosenAndDeleted) {
   moveKeyframeSlider(b.editing, b.window, b.host, 0, 30);
   b.host.look();
   EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 1);
+  EXPECT_EQ(b.window.whyNoDelete, "");
   b.add(100);
   EXPECT_EQ(b.boxes.shown.back().caption, "KVO5 - Duplicate Keyframe warning");
   EXPECT_EQ(b.host.look(), "");

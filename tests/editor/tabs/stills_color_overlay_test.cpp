@@ -36,7 +36,7 @@ TEST(StillsTab, ShowsTheChosenStill) {
   b.open();
   EXPECT_EQ(b.tab.caption, "Still Options - 2 stills in this collection");
   EXPECT_EQ(b.clip(3).DurationTime().text(), "7") << "a still without a length has the default one";
-  EXPECT_TRUE(b.tab.enabled && b.tab.listEnabled);
+  EXPECT_EQ(b.tab.whyNot + b.tab.listWhyNot, "");
   EXPECT_EQ(b.tab.reading, "7.0 s");
   chooseStill(b.editing, b.tab, b.host, 1);
   EXPECT_EQ(b.host.look(), "clip 5");
@@ -48,7 +48,9 @@ TEST(StillsTab, ShowsTheChosenStill) {
   b.collection.MovieList.remove(3);
   b.settings.state.DefaultStillDuration = 4.5F;
   followTab(b.editing, b.tab, b.host, true);
-  EXPECT_FALSE(b.tab.enabled || b.tab.listEnabled || b.tab.Slider1.Enabled);
+  EXPECT_FALSE(b.tab.Slider1.Enabled);
+  for (const auto& whyNot : {b.tab.whyNot, b.tab.listWhyNot, b.tab.Slider1.whyNot})
+    EXPECT_EQ(whyNot, "There is no still in this collection");
   EXPECT_EQ(b.tab.Slider1.Value, 4500);
   moveStillDuration(b.editing, b.tab, b.host, 6000);
   EXPECT_EQ(b.host.look(), "");
@@ -97,7 +99,7 @@ TEST(StillsTab, AreSetAlikeOrOneByOne) {
       chooseIndividually(b.editing, b.tab, b.host, false);
       EXPECT_EQ(b.stills(), "8/0 7/0 7/0 ") << "as the chosen one is";
     }
-    EXPECT_EQ(b.tab.listEnabled, row.individually);
+    EXPECT_EQ(b.tab.listWhyNot, row.individually ? "" : "All stills are treated the same");
     b.host.look();
     row.act(b);
     EXPECT_EQ(b.stills(), row.stills);
@@ -125,7 +127,8 @@ TEST(ColorTab, EachLevelWritesItsField) {
   tickSepia(b.editing, tab, b.host, true);
   EXPECT_TRUE(m.Sepia() && tab.Chk_Sepia);
   resetColours(b.editing, tab, b.host);
-  EXPECT_FALSE(tab.isAdjusted || m.Sepia() || m.Gamma() != 0);
+  EXPECT_FALSE(m.Sepia() || m.Gamma() != 0);
+  EXPECT_EQ(tab.whyNot + tab.resetWhyNot, "All values are 0 already");
   b.host.look();
   b.host.refuses = true;
   moveColourLevel(b.editing, tab, b.host, ColourLevel::Red, 40);
@@ -185,13 +188,15 @@ TEST(OverlayTab, EachControlIsPackedIntoTheBackdrop) {
 
 TEST(OverlayTab, WithoutAnOverlayNothingIsKept) {
   OverlayBench b;
-  EXPECT_TRUE(b.tab.enabled && b.tab.Pic_NoPinp);
+  EXPECT_EQ(b.tab.whyNot + b.tab.pairWhyNot, "This backdrop has no overlay");
+  EXPECT_EQ(b.tab.notice, "Choose a clip to lay over the backdrop.");
   moveMaxOpacity(b.editing, b.tab, b.host, 40);
   EXPECT_EQ(b.host.look() + b.clip(1).HasPicInPic(), "");
   EXPECT_EQ(b.tab.Sld_MaxTransparency.heading, "Max Opacity 40%") << "it waits for the overlay";
   chooseOverlay(b.editing, b.tab, b.host, 1);
   EXPECT_EQ(b.clip(1).HasPicInPic(), "002001040000000000000");
-  EXPECT_FALSE(b.tab.Pic_NoPinp);
+  EXPECT_EQ(b.tab.pairWhyNot, "");
+  EXPECT_EQ(b.tab.notice, "The new clip is an uncompressed 32-bit movie and needs much disk space.");
   EXPECT_EQ(b.tab.Sld_OverlayIn.Max, 4000) << "half of the longer clip";
 }
 
@@ -205,7 +210,7 @@ TEST(OverlayTab, LoadsTheBackdropThatIsChosen) {
   EXPECT_EQ(chosenClip(b.tab.Lst_PicinPicOverlays), 1);
   EXPECT_EQ(picInPicText(b.tab.look), "001203070005000025001");
   EXPECT_EQ(b.tab.overlaySound.box.caption, "Add Audio from Overlay Clip - ( Level = 50% )");
-  EXPECT_EQ(b.tab.backdropSound.box.caption, "Clip has no Audio");
+  EXPECT_EQ(b.tab.overlaySound.whyNot + b.tab.backdropSound.whyNot, "Clip has no Audio");
   b.clip(2).HasPicInPic("001203040005000025001");
   followTab(b.editing, b.tab, b.host, false);
   EXPECT_EQ(b.tab.look.maxOpacity, 40) << "as by an undo";

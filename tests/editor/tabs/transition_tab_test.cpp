@@ -84,6 +84,42 @@ TEST(TransitionTab, AChosenClipIsHeldWithinItsLimit) {
             "KVO - Transition warning|This clip or the previous clip is too short to apply a transition to");
 }
 
+TEST(TransitionTab, WhatCannotBeChosenSaysWhy) {
+  constexpr auto kShort = "This clip or the previous clip is too short to apply a transition to";
+  const struct {
+    const char* name;
+    std::function<void(TransitionBench&)> before;
+    TransitionPane pane;
+    std::string whyNone, whyNoTiles, hint;
+  } rows[] = {
+      {"a transition", [](auto& b) { b.fade(15); }, TransitionPane::Tiles, "", "", ""},
+      {"its particles",
+       [](auto& b) {
+         b.rules.pick("Shatter In");
+         b.rules.openParticles(true);
+       },
+       TransitionPane::Particles, "", "Click Transition first", ""},
+      {"a cut", [](auto& b) { b.rules.chooseCut(true); }, TransitionPane::Hint, "", "Click Transition first",
+       "The clip follows without a transition.\nClick Transition to choose one."},
+      {"too short", [](auto& b) { b.clip().LoopEnd(Value(0.1)); }, TransitionPane::Hint, kShort, kShort,
+       kShort},
+      {"none chosen", [](auto& b) { b.collection.icurMov = 0; }, TransitionPane::Hint, "Choose a clip first",
+       "Choose a clip first", "Choose a clip at the left"},
+      {"no clips", [](auto& b) { b.collection.clearLists(); }, TransitionPane::Hint, "Choose a clip first",
+       "Choose a clip first", "Drop clips or stills on the timeline first"}};
+  for (const auto& row : rows) {
+    TransitionBench b;
+    b.fade(15);
+    row.before(b);
+    b.rules.show(true);
+    EXPECT_EQ(paneOf(b.tab), row.pane) << row.name;
+    EXPECT_EQ(b.tab.whyNone + "|" + whyNoTiles(b.tab), row.whyNone + "|" + row.whyNoTiles) << row.name;
+    if (row.pane == TransitionPane::Hint) {
+      EXPECT_EQ(hintOf(b.tab), row.hint) << row.name;
+    }
+  }
+}
+
 TEST(TransitionTab, AStillGetsTheLengthOfStills) {
   TransitionBench b;
   b.settings.state.DefaultStillDuration = 7;

@@ -1,0 +1,25 @@
+#include "program/face_parts.h"
+
+#include "program/picture_sign.h"
+
+namespace kvo {
+
+FaceParts faceParts(const MainWindowState& state, bool tellsOfWork) {
+  if (tellsOfWork) return {};
+  FaceParts parts;
+  const auto& panels = state.mode.panels;
+  parts.empty = state.emptyPane.visible;
+  if (state.list.visible) {
+    parts.list = panels.Fillist.visible;
+    parts.picture = panels.FraDets;
+    parts.largePicture = !panels.FraDets;
+    parts.collection = panels.CollDets;
+    return parts;
+  }
+  const bool playsIntro = state.mode.player.shows();  // while there is no list yet
+  const bool streamComes = !parts.empty && showsLabel(state);
+  parts.largePicture = playsIntro || streamComes;
+  return parts;
+}
+
+}  // namespace kvo
