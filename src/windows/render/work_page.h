@@ -30,8 +30,6 @@ class WorkPage final : public EditorPage {
   [[nodiscard]] QWidget* first();
 
  private:
-  [[nodiscard]] QString headline() const;
-  [[nodiscard]] QString belowHeadline() const;
   QPushButton* makeKey(const QString& text, const char* kind, const QRect& place);
   void setIcons();
 
