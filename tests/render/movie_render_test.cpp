@@ -484,6 +484,11 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
       b.boxes.answers = {Answer::Yes};  // it may be replaced
       const EngineTurn turn{.seconds = 30, .heedsStop = heedsStop};
       b.engine.turns = {turn, turn};
+      b.boxes.whileShown = [&] {
+        if (b.boxes.shown.back().text == "Render Aborted !")
+          EXPECT_EQ(b.state.heading + b.state.caption,
+                    "Render aborted   Create New Movie from Holiday Collection");
+      };
       b.host.onChange = [&] {
         if (b.state.frame == frame && b.engine.running > 0 && b.loop.now().count() % 30000 > 7000)
           b.render.AbortRender();
