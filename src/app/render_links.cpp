@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "core/telling/translated.h"
+#include "editor/tabs/clip_checks.h"
 #include "media/hardware.h"
 #include "media/strip_wav.h"
 
@@ -91,12 +92,11 @@ void RenderLinks::Rendertofile() {
 void RenderLinks::RenderPinP() {
   auto& overlay = parts_.editor.states().overlay;
   if (parts_.window.busy() || overlay.look.overlayClip == 0) return;
-  const auto isHeard = [](const OverlaySound& sound) { return sound.box.enabled && sound.ticked; };
   KillPreview();
   render_.RenderPinP(chosenClip(overlay.Lst_PicinPicBackdrop),
                      {.preview = false,
-                      .backdropAudio = isHeard(overlay.backdropSound),
-                      .overlayAudio = isHeard(overlay.overlaySound)});
+                      .backdropAudio = overlay.backdropSound.isHeard(),
+                      .overlayAudio = overlay.overlaySound.isHeard()});
 }
 
 bool RenderLinks::mayEnd() {
@@ -142,7 +142,7 @@ void RenderLinks::AddMoviesm(const std::string& path) { joins_ = path; }
 // Once the render has given the collection back.
 void RenderLinks::addMovie() {
   if (joins_.empty()) return;
-  parts_.mailbox.takeFiles({std::exchange(joins_, {})});
+  parts_.mailbox.takeForMovie({std::exchange(joins_, {})}, firstSound(parts_.session.collection));
   parts_.editor.desk().letPlay();
   parts_.window.face.raise = true;
   if (!parts_.window.mode.player.IsPlaying) parts_.play.transport().Img_Play_Click();

@@ -14,7 +14,7 @@ void MovieRender::AddToQueue() {
   auto& boxes = ports_.editing.boxes;
   RenderOrder order{.document = job.document,
                     .output = job.file,
-                    .range = job.range,
+                    .range = job.query.range,
                     .frameRate = ports_.editing.settings.preferences().OutPutFrameRate};
   if (order.range && order.range->second <= order.range->first) {
     boxes.show(rangeErrorBox());
