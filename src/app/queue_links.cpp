@@ -1,6 +1,5 @@
 #include "app/queue_links.h"
 
-#include "app/queue_command.h"
 #include "render/queue/queue_rows.h"
 
 #include <algorithm>
@@ -31,7 +30,7 @@ void QueueLinks::pauseOrGoOn() {
 void QueueLinks::remove() {
   const auto* job = chosen();
   if (job == nullptr) return;
-  tell(removeQueued(parts_.store, parts_.session.nameLocks, job->number, removeWholeFolder));
+  tell(removeQueued(parts_.store, parts_.session.files, parts_.session.nameLocks, job->number));
 }
 
 void QueueLinks::move(int place) {

@@ -189,7 +189,6 @@ class WindowProgram {
                 session_.nameLocks,
                 {session_.files, session_.temporaryFolders, session_.processes, loop_,
                  executableFolder + "KVORender"},
-                removeWholeFolder,
                 &queueWork_},
                [this] { queueLinks_.changed(); }),
         queueLinks_({state_, session_, queueStore_, queue_, [this] { draw(); }}),

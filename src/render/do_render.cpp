@@ -24,8 +24,7 @@ bool MovieRender::DoRender(const Job& job, const Part& part) {
   RenderOrder order{.document = job.document,
                     .output = part.OutFile,
                     .shownAs = part.OutFile == job.working ? job.file : std::string(),
-                    .folder = ports_.editing.folder.path(),
-                    .frameRate = ports_.editing.settings.preferences().OutPutFrameRate};
+                    .folder = ports_.editing.folder.path()};
   auto& boxes = ports_.editing.boxes;
   if (part.RangeStart + part.RangeStop != 0) {
     if (part.RangeStop <= part.RangeStart) {
@@ -64,7 +63,6 @@ void MovieRender::takePreset(const Job& job, RenderOrder& order) {
   if (job.inHardware) order.encoder = encoderWord(EncoderWish::Auto);
   if (job.preset == nullptr) return;
   order.preset = job.preset->name;
-  order.frameRate = std::min(order.frameRate, job.preset->mostRate);
   const double seconds = order.range ? order.range->second - order.range->first : job.length;
   order.megabytes = job.length > 0 ? job.megabytes * std::min(seconds / job.length, 1.0) : job.megabytes;
 }

@@ -24,8 +24,7 @@ struct QueueInWindows {
   QueueStore store{session.files, home / "Queue", [](const std::string&) {}};
   QueueRunner runner{{store,
                       session.nameLocks,
-                      {session.files, session.temporaryFolders, processes, loop, "/bin/KVORender"},
-                      [](const std::string&) {}},
+                      {session.files, session.temporaryFolders, processes, loop, "/bin/KVORender"}},
                      [this] { links.changed(); }};
   QueueLinks links{{window, session, store, runner, [this] { ++drawn; }}};
 

@@ -73,8 +73,8 @@ struct Driven {
   test::FakeProcesses processes;
   test::VirtualLoop loop;
   int changes = 0;
-  RenderDriver driver{{files, folders, processes, loop, "/bin/KVORender"}, [this] { ++changes; }};
-  RenderOrder order{.document = "<timeline>", .output = "/o.avi", .frameRate = 25};
+  RenderDriver driver{{files, folders, processes, loop, "/bin/KVORender", true}, [this] { ++changes; }};
+  RenderOrder order{.document = "<timeline>", .output = "/o.avi"};
 
   void run() { EXPECT_TRUE(driver.start(order)); }
 };
@@ -84,7 +84,6 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   d.order.range = {1.5, 4};
   d.order.codec = "mpeg4";
   d.order.workFolder = workFolderOf("/o.avi");
-  d.order.sharesTerminal = true;
   d.run();
   const auto& order = d.processes.last().order;
   EXPECT_EQ(order.arguments, (Words{"--pdeathsig", "KILL", "/bin/sh", "/tmp/kvo/KVORender.bat"}));

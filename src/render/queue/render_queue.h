@@ -34,8 +34,9 @@ struct RenderQueue {
   int lastNumber = 0;
 };
 
-/// At the end; its number is the next one. Gives it back.
-QueueJob& addJob(RenderQueue& queue, std::string title, RenderOrder order);
+/// At the end; its number is the next one. Gives it back. Fails where a job that is to be made has the same
+/// output: one would replace the other's movie unasked.
+Result<QueueJob*> addJob(RenderQueue& queue, std::string title, RenderOrder order);
 
 /// Nothing where there is no job of that number.
 QueueJob* jobOf(RenderQueue& queue, int number);
@@ -48,10 +49,13 @@ bool hasOutput(const RenderQueue& queue, const std::string& output);
 const QueueJob* nextJob(const RenderQueue& queue);
 
 /// These fail with a line where there is no such job, and where it is not in a state for it: one that waits
-/// or runs can be paused; one that is paused or has failed goes on, from what is finished of it.
+/// or runs can be paused; one that is paused or has failed goes on, from what is finished of it, unless
+/// another is to be made under its name.
 Outcome pauseJob(RenderQueue& queue, int number);
 Outcome resumeJob(RenderQueue& queue, int number);
 Outcome removeJob(RenderQueue& queue, int number);
+/// One that waits is being made.
+Outcome beginJob(RenderQueue& queue, int number);
 /// Brings it to a place, counted from 1; behind the last means there.
 Outcome moveJob(RenderQueue& queue, int number, int place);
 
