@@ -119,16 +119,17 @@ psnr() {  # MOVIE REFERENCE
     sed -n 's/.*average:\([0-9.inf]*\).*/\1/p' | tail -1
 }
 
-# CPU seconds that the encoder alone takes with one thread for the pictures of a movie.
+# CPU seconds that the encoder alone takes with one thread for the pictures of a movie; what it makes is left in alone.mp4.
 encoder_alone() {  # MOVIE PRESET
-  local log=$work/floor once=(ffmpeg -hide_banner -loglevel error -nostdin -threads 1 -i "$1" -an)
+  local log=$work/floor once=(ffmpeg -hide_banner -loglevel error -nostdin -y -threads 1 -i "$1" -an)
   /usr/bin/time -o "$log" -f '%U %S' "${once[@]}" -f null -
-  /usr/bin/time -a -o "$log" -f '%U %S' "${once[@]}" -c:v libx264 -preset "$2" -crf 20 -pix_fmt yuv420p -threads 1 -f null -
+  /usr/bin/time -a -o "$log" -f '%U %S' "${once[@]}" -c:v libx264 -preset "$2" -crf 20 -pix_fmt yuv420p -threads 1 "$work/alone.mp4"
   awk 'NR == 1 { d = $1 + $2 } NR == 2 { printf "%.2f", $1 + $2 - d }' "$log"
 }
 
 # The same movie as H.264 at equal settings: wall, CPU, CPU beside what the encoder alone takes, and PSNR. Each peer
-# scales and mixes in its own way, so what it loses by encoding is told by its own pictures, hardly compressed.
+# scales and mixes in its own way, so what it loses by encoding is told by its own pictures, hardly compressed; beside it
+# stands what the encoder alone makes of these.
 encoded() {  # KIND LINES PRESET
   local job=$work/$1-$2-6 peer figures wall cpu alone own=$work/own.mp4
   bash bench/make_job.sh "$1" "$2" 6 "$work/corpus" "$job"
@@ -142,10 +143,10 @@ encoded() {  # KIND LINES PRESET
     cpu=$(awk '{ print $2 }' <<<"$figures" | median)
     render "$peer" "$job" "h264 $3 20" "$work/movie.mp4" >/dev/null
     awk -v peer="$peer" -v w="$wall" -v c="$cpu" -v a="$alone" -v p="$(psnr "$work/movie.mp4" "$own")" \
-      -v b="$(stat -c %s "$work/movie.mp4")" 'BEGIN {
-        printf "  %-8s %7.2f s wall %7.2f s CPU, %6.2f s of it beside the encoder, PSNR %s dB, %.2f MB\n", peer, w, c, c - a, p, b / 1e6 }'
+      -v b="$(stat -c %s "$work/movie.mp4")" -v e="$(psnr "$work/alone.mp4" "$own")" 'BEGIN {
+        printf "  %-8s %7.2f s wall %7.2f s CPU, %6.2f s of it beside the encoder, PSNR %.2f dB (the encoder alone %.2f), %.2f MB\n", peer, w, c, c - a, p, e, b / 1e6 }'
   done
-  rm -f "$own" "$work/movie.mp4"
+  rm -f "$own" "$work/movie.mp4" "$work/alone.mp4"
 }
 
 encode() {

@@ -12,6 +12,7 @@
 #include "editor/compiler/document_check.h"
 #include "editor/compiler/durations.h"
 #include "render/output_hold.h"
+#include "render/render_texts.h"
 #include "render/system_profile.h"
 #include "render/wm8_profile.h"
 #include "vocabulary/encode_profiles.h"
@@ -79,8 +80,10 @@ void dropOldWork(Session& session, const std::string& output) {
 }  // namespace
 
 int runPresets() {
-  for (const auto& preset : moviePresets())
-    print(std::string(preset.name) + blanks(10 - preset.name.size()) + std::string(preset.text) + "\n");
+  for (const auto& preset : moviePresets()) {
+    print(std::string(preset.name) + blanks(10 - preset.name.size()) + presetText(preset, preset.megabytes) +
+          (preset.megabytes > 0 ? ", unless you say another size\n" : "\n"));
+  }
   return kExitDone;
 }
 

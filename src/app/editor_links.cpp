@@ -144,6 +144,7 @@ void EditorLinks::settle() {
   if (!hasEffects && states_.keyframes.visible) SuspendKeyframeForm(editing(), states_.keyframes);
   files_.watch(desk_.isOpen());
   film_.settle();
+  const bool wasOpen = std::exchange(wasOpen_, desk_.isOpen());
   if (!desk_.isOpen()) return;
   const auto& create = states_.create;
   states_.timeline.marks.range.reset();
@@ -151,8 +152,10 @@ void EditorLinks::settle() {
     states_.timeline.marks.range = TimelineRange{create.Txt_From, create.Txt_Too};
   const auto& history = parts_.window.history;
   const bool edited = std::exchange(historySeen_, history.revision) != history.revision;
+  const bool isOther = !wasOpen || desk_.isOpening() || openedSeen_ != states_.window.opened;
+  if (edited && isOther) preview_.showClip();
   if (edited) {
-    preview_.movieIsStale();
+    isOther ? preview_.movieIsStale() : preview_.movieEdited();
     if (history.undone.size() != states_.history.undone.size()) preview_.sampleAnew();  // a step back, or on
     states_.history.done = history.done;
     states_.history.undone = history.undone;

@@ -124,6 +124,7 @@ class EditorLinks : public DeskPreview {
   TimelineHand hand_;
   FileWatch files_;
   StandingPicture standing_;
+  bool wasOpen_ = false;
   std::uint64_t historySeen_ = 0;
   std::uint64_t timedSeen_ = 0;
   std::uint64_t compilesSeen_ = 0;

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "core/telling/translated.h"
+#include "editor/tabs/clip_checks.h"
 #include "media/hardware.h"
 #include "media/strip_wav.h"
 
@@ -142,7 +143,7 @@ void RenderLinks::AddMoviesm(const std::string& path) { joins_ = path; }
 // Once the render has given the collection back.
 void RenderLinks::addMovie() {
   if (joins_.empty()) return;
-  parts_.mailbox.takeFiles({std::exchange(joins_, {})});
+  parts_.mailbox.takeForMovie({std::exchange(joins_, {})}, firstSound(parts_.session.collection));
   parts_.editor.desk().letPlay();
   parts_.window.face.raise = true;
   if (!parts_.window.mode.player.IsPlaying) parts_.play.transport().Img_Play_Click();

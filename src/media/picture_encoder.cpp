@@ -17,21 +17,19 @@ struct PictureCodec {
   const char* encoder;
   const char* title;
   AVPixelFormat format;
-  bool evenWidth;
-  bool evenHeight;
   int quality;  // the usual one, on the codec's scale
 };
 
 const PictureCodec& codecOf(VideoCodec codec) {
   static constexpr std::array<PictureCodec, 8> kCodecs = {{
-      {"", "", AV_PIX_FMT_NONE, false, false, 0},
-      {"mpeg4", "MPEG-4", AV_PIX_FMT_YUV420P, false, false, 0},
-      {"wmv2", "Windows Media Video", AV_PIX_FMT_YUV420P, true, false, 0},
-      {"libx264", "H.264", AV_PIX_FMT_YUV420P, true, true, 20},
-      {"libvpx-vp9", "VP9", AV_PIX_FMT_YUV420P, false, false, 31},
-      {"libsvtav1", "AV1", AV_PIX_FMT_YUV420P, true, true, 32},
-      {"prores_ks", "ProRes", AV_PIX_FMT_YUV422P10, true, false, 0},
-      {"gif", "GIF", AV_PIX_FMT_PAL8, false, false, 0},
+      {"", "", AV_PIX_FMT_NONE, 0},
+      {"mpeg4", "MPEG-4", AV_PIX_FMT_YUV420P, 0},
+      {"wmv2", "Windows Media Video", AV_PIX_FMT_YUV420P, 0},
+      {"libx264", "H.264", AV_PIX_FMT_YUV420P, 20},
+      {"libvpx-vp9", "VP9", AV_PIX_FMT_YUV420P, 31},
+      {"libsvtav1", "AV1", AV_PIX_FMT_YUV420P, 32},
+      {"prores_ks", "ProRes", AV_PIX_FMT_YUV422P10, 0},
+      {"gif", "GIF", AV_PIX_FMT_PAL8, 0},
   }};
   return kCodecs.at(static_cast<std::size_t>(codec));
 }
@@ -143,8 +141,9 @@ Outcome checkSize(const VideoFormat& format, const std::string& name) {
     return Error{"cannot write " + name + ": its " + side + " of " + std::to_string(pixels) +
                  " is odd, and " + codec.title + " has even " + side + "s only"};
   };
-  if (codec.evenWidth && format.width % 2 != 0) return odd("width", format.width);
-  if (codec.evenHeight && format.height % 2 != 0) return odd("height", format.height);
+  const auto even = evenSidesOf(format.codec);
+  if (even.width && format.width % 2 != 0) return odd("width", format.width);
+  if (even.height && format.height % 2 != 0) return odd("height", format.height);
   return {};
 }
 

@@ -12,7 +12,7 @@ void MovieRender::AddToQueue() {
   Job job;
   if (!readJob(false, job) || !askForName(job)) return;
   auto& boxes = ports_.editing.boxes;
-  RenderOrder order{.document = job.document, .output = job.file, .range = job.range};
+  RenderOrder order{.document = job.document, .output = job.file, .range = job.query.range};
   if (order.range && order.range->second <= order.range->first) {
     boxes.show(rangeErrorBox());
     boxes.show(rangeFailedBox());

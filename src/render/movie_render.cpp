@@ -128,8 +128,8 @@ void MovieRender::readLengths(Job& job) const {
   if (!e.clips().empty()) query.lastClipStop = e.clips()[e.clips().count()].TimeLineStop().number();
   job.length = query.hasVideo ? query.videoTotal : query.audioTotal;
   if (ports_.create.Opt_RenderRangeWhole) return;
-  job.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
-  job.length = job.range->second - job.range->first;
+  query.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
+  job.length = query.range->second - query.range->first;
 }
 
 bool MovieRender::isOneOfTheClips(const std::string& file) const {
@@ -208,10 +208,8 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   state_.progress.clear();
   state_.pie = {100, kPieGreen};
   ports_.host.renderChanged();
-  if (!started || state_.RenderAborted) {
-    if (state_.RenderAborted) e.boxes.show(abortedBox());
-    return Estimate::Failed;
-  }
+  // The options that come back tell of an abort: nothing of the movie has been made.
+  if (!started || state_.RenderAborted) return Estimate::Failed;
   if (tellFailure()) return Estimate::Failed;
   const auto facts = e.files.facts(job.working);
   const double total = job.length > 0 ? job.length : job.query.audioTotal;
@@ -258,13 +256,14 @@ bool MovieRender::renderAll(const Job& job) {
   state_.summary = renderSummary(job.kind, job.length, profileText(job.profile));
   state_.caption = creatingCaption(job.file, collectionName());
   state_.sample.reset();
-  state_.movieSeconds = job.range ? job.range->first : 0;
+  const auto& range = job.query.range;
+  state_.movieSeconds = range ? range->first : 0;
   show(RenderFrame::Rendering);
   ports_.host.ImagesOff();
   const auto begun = ports_.engine.loop.now();
   Part part{.OutFile = job.audioOnly() ? job.working : job.file,
             .MaxSeconds = countdownSeconds(state_.RenderSeconds)};
-  if (job.range) std::tie(part.RangeStart, part.RangeStop) = *job.range;
+  if (range) std::tie(part.RangeStart, part.RangeStop) = *range;
   bool isMade = DoRender(job, part);
   state_.caption = editorCaption(collectionName());
   // What was done when the abort came is a movie all the same.

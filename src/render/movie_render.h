@@ -100,8 +100,7 @@ class MovieRender {
     bool inHardware = false;              ///< where that works
     std::string file;                     ///< that the user has named
     std::string working;                  ///< beside it
-    std::optional<std::pair<double, double>> range;
-    double length = 0;  ///< seconds of the movie that are rendered
+    double length = 0;                    ///< seconds of the movie that are rendered
     EstimateQuery query;
     [[nodiscard]] bool audioOnly() const { return kind == OutputKind::Wav; }
   };
@@ -157,6 +156,7 @@ class MovieRender {
   // The lines that the frames tell.
   void tellOptions();
   void tellPair();
+  void findCaution();
   void tellWork();
   void takeFilm(const Job& job);
   [[nodiscard]] std::string formOf(const Job& job) const;
@@ -170,6 +170,7 @@ class MovieRender {
   void listMadeFor();
   [[nodiscard]] const MoviePreset* chosenPreset() const;
   [[nodiscard]] OutputSize outputSize() const;
+  [[nodiscard]] PictureSides pictureSides() const;
   [[nodiscard]] std::string collectionName() const;
 
   Ports ports_;

@@ -8,6 +8,8 @@
 #include "render/movie_render.h"
 #include "render/output_kinds.h"
 #include "render/render_texts.h"
+#include "render/wm8_profile.h"
+#include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +23,10 @@ constexpr int kUncompressedPixel = 4;  // bytes of a picture-in-picture's
 
 std::string secondsOf(double seconds) { return translated("%1 s", {FormatMask(seconds, "0.000")}); }
 
+constexpr double kMostRoom = 1e15;  // megabytes: beyond it nobody knows, as of a folder that is gone
+
 std::string roomText(double megabytes) {
+  if (megabytes > kMostRoom) return translated("not known");
   return megabytes < kMegabytesOfGb ? translated("%1 Mb", {FormatMask(megabytes, "0")})
                                     : translated("%1 Gb", {FormatMask(megabytes / kMegabytesOfGb, "0.0")});
 }
@@ -71,7 +76,6 @@ void MovieRender::takeFilm(const Job& job) {
 void MovieRender::tellOptions() {
   const auto& e = ports_.editing;
   const auto& preferences = e.settings.preferences();
-  const auto size = outputSize();
   const double video = ToNumber(e.editor.VideoTotalTime);
   const double length = video > 0 ? video : ToNumber(e.editor.AudioTotalTime);
   const auto& create = ports_.create;
@@ -82,12 +86,10 @@ void MovieRender::tellOptions() {
                                 : translated("%1 to %2 s", {FormatMask(create.Txt_From, "0.0"),
                                                             FormatMask(create.Txt_Too, "0.0")})});
   if (movieFileOf(state_.kind).hasPicture) {
-    const bool isCodecs = !state_.codecSize.empty() && state_.Chk_UseCodecOutputDimensions;
     const auto* preset = chosenPreset();
-    const PictureSides own{size.width, size.height};
-    const auto sides = preset != nullptr ? fittedTo(*preset, own) : own;
+    const auto sides = pictureSides();
     const double rate = preferences.OutPutFrameRate;
-    facts.push_back({"Picture", isCodecs ? state_.codecSize : sidesText(sides.width, sides.height)});
+    facts.push_back({"Picture", sidesText(sides.width, sides.height)});
     facts.push_back(
         {"Frames a second", ShortText(preset != nullptr ? std::min(rate, preset->mostRate) : rate)});
     facts.push_back({"Colors", translated("%1 bit", {std::to_string(preferences.OutputColorDepth)})});
@@ -95,6 +97,46 @@ void MovieRender::tellOptions() {
   facts.push_back({"Sound", translated("44.1 kHz stereo")});
   const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
   facts.push_back({"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))});
+  findCaution();
+}
+
+// Of the movie that the options make.
+PictureSides MovieRender::pictureSides() const {
+  const auto output = outputSize();
+  const PictureSides own{output.width, output.height};
+  if (const auto* preset = chosenPreset()) return fittedTo(*preset, own);
+  const auto row = static_cast<std::size_t>(state_.profileRow);
+  if (row >= state_.Lst_WMVFormats.size()) return own;
+  const int number = GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]);
+  if (const auto profile = systemProfile(number); profile && profile->width > 0)
+    return {profile->width, profile->height};
+  const auto written = state_.Chk_UseCodecOutputDimensions ? wm8ProfileSize(number) : std::nullopt;
+  return written ? PictureSides{written->width, written->height} : own;
+}
+
+// What the engine would refuse, or what is made in its place, while another choice can still be made.
+void MovieRender::findCaution() {
+  state_.caution.clear();
+  state_.canMake = true;
+  const auto& file = movieFileOf(state_.kind);
+  if (!file.hasPicture) return;
+  if (ports_.editing.editor.hasNoVideo) {
+    state_.canMake = state_.kind != OutputKind::Wmv;
+    state_.caution = state_.canMake ? translated("No clip has a picture: a WAV of the sound is made.")
+                                    : translated("No clip has a picture. Choose a kind of sound.");
+    return;
+  }
+  const auto even = evenSidesOf(file.codec);
+  const auto sides = pictureSides();
+  const auto refuse = [&](const char* pattern, int side) {
+    state_.canMake = false;
+    state_.caution = translated(pattern, {std::to_string(side), file.extension});
+  };
+  if (even.width && sides.width % 2 != 0) {
+    refuse("The width of %1 is odd, and a %2 has an even one. Change it on the Create page.", sides.width);
+  } else if (even.height && sides.height % 2 != 0) {
+    refuse("The height of %1 is odd, and a %2 has an even one. Change it on the Create page.", sides.height);
+  }
 }
 
 void MovieRender::tellPair() {

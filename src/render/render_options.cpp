@@ -116,6 +116,7 @@ void MovieRender::chooseMadeFor(int row) {
 void MovieRender::wishMegabytes(int megabytes) {
   if (state_.isRunning) return;
   state_.wishedMegabytes = std::clamp(megabytes, kLeastMegabytes, kMostMegabytes);
+  describeMadeFor();
   ports_.host.renderChanged();
 }
 
@@ -137,7 +138,8 @@ const MoviePreset* MovieRender::chosenPreset() const {
 
 void MovieRender::describeMadeFor() {
   const auto* preset = chosenPreset();
-  state_.madeForText = preset != nullptr ? std::string(preset->text) : kindRow(state_.kind).hint;
+  state_.madeForText =
+      preset != nullptr ? presetText(*preset, state_.wishedMegabytes) : translated(kindRow(state_.kind).hint);
   state_.hasWishedSize = preset != nullptr && preset->megabytes > 0;
   state_.offersHardware =
       state_.hasHardware && !state_.hasWishedSize && movieFileOf(state_.kind).codec == VideoCodec::H264;

@@ -74,12 +74,14 @@ struct RenderState {
   std::string codecSize;           ///< of the profile in hand, "320x240"; empty where it has none of its own
   std::vector<MadeForRow> Lst_MadeFor;  ///< of a kind that presets make, else empty
   int madeForRow = -1;                  ///< in that list; -1 for none
-  std::string madeForText;              ///< whole; lines joined by CR LF
+  std::string madeForText;              ///< lines joined by CR LF
   bool hasWishedSize = false;           ///< the chosen one keeps within wishedMegabytes
   int wishedMegabytes = 20;             ///< of 1,000,000 bytes
-  bool hasHardware = false;             ///< an encoder of a device works here
-  bool offersHardware = false;          ///< and can make the movie of these options
-  bool Chk_Hardware = false;            ///< it does, where it can
+  std::string caution;       ///< why the movie cannot be made like this, or becomes another; empty for none
+  bool canMake = true;       ///< KVOBut_WriteMovie and the queue's key are enabled
+  bool hasHardware = false;  ///< an encoder of a device works here
+  bool offersHardware = false;  ///< and can make the movie of these options
+  bool Chk_Hardware = false;    ///< it does, where it can
 
   // While it runs
   std::string caption;  ///< of the window

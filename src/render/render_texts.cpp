@@ -68,6 +68,10 @@ std::string sidesText(int width, int height) {
   return std::to_string(width) + " x " + std::to_string(height);
 }
 
+std::string presetText(const MoviePreset& preset, double megabytes) {
+  return translated(preset.text, {ShortText(megabytes)});
+}
+
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile) {
   const auto length = lengthOf(seconds);
   const auto number = static_cast<std::size_t>(kind);

@@ -3,6 +3,7 @@
 
 #include "ports/message_boxes.h"
 #include "render/render_state.h"
+#include "vocabulary/movie_presets.h"
 
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ std::string editorCaption(std::string_view collection);
 
 /// "1280 x 720", pixels
 std::string sidesText(int width, int height);
+
+/// What a preset is for, with the megabytes that a movie of it may have, where they are limited.
+std::string presetText(const MoviePreset& preset, double megabytes);
 
 /// "Encoding 2 mins 5 secs of video to 'WMV8 for ...'". `seconds` of the movie; `profile` by its text.
 std::string renderSummary(OutputKind kind, double seconds, std::string_view profile);

@@ -65,6 +65,24 @@ std::span<const VideoCodec> codecsOf(OutputKind kind) {
   return file.hasPicture ? std::span(&file.codec, 1) : std::span<const VideoCodec>();
 }
 
+// Where a sample of colour stands for two pixels of a row, or of a column too.
+EvenSides evenSidesOf(VideoCodec codec) {
+  switch (codec) {
+    case VideoCodec::H264:
+    case VideoCodec::Av1:
+      return {true, true};
+    case VideoCodec::Wmv2:
+    case VideoCodec::ProRes:
+      return {true, false};
+    case VideoCodec::Raw:
+    case VideoCodec::Mpeg4:
+    case VideoCodec::Vp9:
+    case VideoCodec::Gif:
+      break;
+  }
+  return {};
+}
+
 std::string_view codecWord(VideoCodec codec) { return kWords.at(static_cast<std::size_t>(codec)); }
 
 std::optional<VideoCodec> codecNamed(std::string_view word) {

@@ -73,6 +73,13 @@ std::optional<EncoderWish> encoderNamed(std::string_view word);
 /// The codecs that a kind of file takes, its own first.
 std::span<const VideoCodec> codecsOf(OutputKind kind);
 
+/// Which sides of a codec's pictures are even, whatever is asked for.
+struct EvenSides {
+  bool width = false;
+  bool height = false;
+};
+EvenSides evenSidesOf(VideoCodec codec);
+
 /// The word of a codec on a command line: "raw", "mpeg4", "h264", "vp9", "av1"; and back.
 std::string_view codecWord(VideoCodec codec);
 std::optional<VideoCodec> codecNamed(std::string_view word);

@@ -14,7 +14,7 @@ constexpr std::array<MoviePreset, 8> kPresets = {{
     {"web",     "Web pages and browsers", "For web pages and every browser: MP4, up to 1080 lines", OutputKind::Mp4, 1920, 1080, 60, 22, "medium", 160000},
     {"phone",   "Phones and tablets", "For phones and tablets: MP4, up to 720 lines and 30 frames", OutputKind::Mp4, 1280, 720, 30, 23, "medium", 128000},
     {"archive", "Keeping", "To keep: MP4 of the movie's own size, hardly a loss, large", OutputKind::Mp4, 4096, 4096, 60, 15, "slow", 256000},
-    {"email",   "E-mail, within a size", "To send: MP4 that keeps within a size, 20 MB unless you say another", OutputKind::Mp4, 1280, 720, 30, 0, "medium", 96000, 20},
+    {"email",   "E-mail, within a size", "To send: MP4 that keeps within %1 MB", OutputKind::Mp4, 1280, 720, 30, 0, "medium", 96000, 20},
     {"4k",      "Large screens (4K)", "For large screens: MP4, up to 2160 lines", OutputKind::Mp4, 3840, 2160, 60, 20, "fast", 192000},
     {"webm",    "Web pages, free codecs", "For web pages, with free codecs: WebM, up to 1080 lines", OutputKind::WebM, 1920, 1080, 60, 31, "medium", 128000},
     {"edit",    "Editing elsewhere", "For editing elsewhere: MOV with ProRes, very large", OutputKind::Mov, 4096, 4096, 60},

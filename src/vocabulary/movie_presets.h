@@ -13,7 +13,7 @@ namespace kvo {
 struct MoviePreset {
   std::string_view name;   ///< "web"
   const char* title = "";  ///< "Web pages and browsers", whole
-  std::string_view text;   ///< what it is for, whole
+  const char* text = "";   ///< what it is for, whole; "%1" in the place of the megabytes of one that has any
   OutputKind kind = OutputKind::Mp4;
   int longSide = 0;           ///< pixels at most, of the longer side of the picture
   int shortSide = 0;          ///< and of the other

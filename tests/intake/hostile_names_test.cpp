@@ -44,27 +44,14 @@ TEST(HostileNames, NothingRunsAndNothingIsLost) {
   const auto clip = test::makeMedia(scratch, "clip.wmv",
                                     {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.4", "-f", "lavfi", "-i",
                                      "sine=d=0.4", "-c:v", "wmv2", "-c:a", "wmav2", "-b:a", "64k"});
+  // clang-format off
   const std::string names[] = {
-      "plain.wmv",
-      "two  blanks and a tail .wmv",
-      "it's 'quoted'.wmv",
-      "\"double\".wmv",
-      "$(touch ran).wmv",
-      "`touch ran`.wmv",
-      "a;touch ran;b.wmv",
-      "a'$(touch ran)'b.wmv",
-      "a&touch ran&.wmv",
-      "> ran.wmv",
-      "$HOME %PATH% !x *?[a] ~.wmv",
-      "line\nend\r\n.wmv",
-      "\ntouch ran\n.wmv",
-      "back\\slash\\.wmv",
-      "--json",
-      "-.wmv",
-      "\xFF\xFE \xE9 \x81\x82\x88.wmv",
-      "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xAC.wmv",
-      std::string(251, 'x') + ".wmv",
-  };
+      "plain.wmv", "two  blanks and a tail .wmv", "it's 'quoted'.wmv", "\"double\".wmv",
+      "$(touch ran).wmv", "`touch ran`.wmv", "a;touch ran;b.wmv", "a'$(touch ran)'b.wmv",
+      "a&touch ran&.wmv", "> ran.wmv", "$HOME %PATH% !x *?[a] ~.wmv", "line\nend\r\n.wmv",
+      "\ntouch ran\n.wmv", "back\\slash\\.wmv", "--json", "-.wmv", "\xFF\xFE \xE9 \x81\x82\x88.wmv",
+      "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xAC.wmv", std::string(251, 'x') + ".wmv"};
+  // clang-format on
   PosixFiles files;
   PosixProcesses processes;
   PollLoop loop;

@@ -26,28 +26,18 @@ std::string shippedTable() {
 
 TEST(AviCompressor, TheFirstOfItsCodesDecides) {
   const std::string far(299, '.');
+  // clang-format off
   const struct {
     std::string head;
     const char* codec;
   } rows[] = {
-      {"strh....XVID and DIVX", "DIVX"},
-      {"XVID", "Unknown"},
-      {"XVID\0"s, "XVID"},
-      {"strhvidsxvid\0"s, "XVID"},
-      {"vids\0"s, "Uncompressed"},
-      {"vidsDIB ", "Uncompressed"},
-      {"VIDSVIDS", "VIDS"},
-      {"RIFF....AVI LIST....hdrlavih....vids\0xvid\0"s, "AVIH"},
-      {"a \xE9gorIV44", "IV44"},
-      {"h270", "Unknown"},
-      {"h269", "H269"},
-      {"Y8 ", "Unknown"},
-      {"Y8  ", "Y8  "},
-      {far + "MJPG", "Unknown"},
-      {far.substr(4) + "MJPG", "MJPG"},
-      {far.substr(2) + "MJPG", "Unknown"},
-      {"", "Unknown"},
-  };
+      {"strh....XVID and DIVX", "DIVX"}, {"XVID", "Unknown"}, {"XVID\0"s, "XVID"},
+      {"strhvidsxvid\0"s, "XVID"}, {"vids\0"s, "Uncompressed"}, {"vidsDIB ", "Uncompressed"},
+      {"VIDSVIDS", "VIDS"}, {"RIFF....AVI LIST....hdrlavih....vids\0xvid\0"s, "AVIH"},
+      {"a \xE9gorIV44", "IV44"}, {"h270", "Unknown"}, {"h269", "H269"}, {"Y8 ", "Unknown"},
+      {"Y8  ", "Y8  "}, {far + "MJPG", "Unknown"}, {far.substr(4) + "MJPG", "MJPG"},
+      {far.substr(2) + "MJPG", "Unknown"}, {"", "Unknown"}};
+  // clang-format on
   for (const auto& row : rows) EXPECT_EQ(codecInHead(row.head), row.codec) << row.head;
 }
 

@@ -54,6 +54,7 @@ TEST(Display, FreeZoomTakesTheSizeOfTheClipWhereTheDetailsWereOn) {
     EXPECT_EQ(b.mode.player.visible, row.width > 0) << row.name;
     EXPECT_EQ(row.width > 0 ? b.mode.player.place : Place{}, row.player) << row.name;
     EXPECT_EQ(b.mode.ticks.mnu_DirXZoom100, row.zoom100) << row.name;
+    EXPECT_EQ(b.host.caption, row.width > 0 ? "KVO5" : "KVO5 - Audio") << "the spine";
     EXPECT_EQ(b.mode.toolbar.Img_Toolbar.place, (Place{0, 0, row.window.width, 690}));
     EXPECT_FALSE(panelsShown(b) || b.mode.panels.picLogo || b.mode.IsResizing);
     EXPECT_TRUE(b.timers.Timer1.enabled() && b.timers.Timer6.enabled());
@@ -112,6 +113,10 @@ TEST(Display, EachFaceLeadsToTheOthersAndSaysSo) {
   EXPECT_EQ(b.mode.player.place, (Place{0, 690, 19200, 13290}));
   b.show();
   EXPECT_EQ(b.mode.player.place, (Place{0, 690, 19200, 13290})) << "the next clip has the same place";
+  b.display.ResizePercent(50);
+  EXPECT_EQ(b.mode.player.place, (Place{7200, 5535, 4800, 3600})) << "within what the toolbar leaves";
+  b.display.ResizePercent(200);
+  EXPECT_EQ(b.mode.player.place, (Place{0, 690, 19200, 13290}));
 
   b.display.Lbl_MinMax_Click();
   EXPECT_FALSE(b.mode.IsFullScreenWindow);
@@ -187,6 +192,21 @@ TEST(Display, AnEmptyCollectionAndARadioStayInTheNormalFace) {
   editing.display.Lbl_MiniMode_Click();
   EXPECT_TRUE(editing.mode.IsMiniMode) << "the editor may be open on an empty list";
   EXPECT_TRUE(editing.boxes.styled.empty());
+}
+
+TEST(Display, AScreenOfAnotherSizeIsToldForEachAxis) {
+  DisplayBench b;
+  b.load("a.avi", 640, 480);
+  b.display.Lbl_MiniMode_Click();
+  b.desktop.facts.width = 1920;
+  b.display.Lbl_MinMax_Click();
+  ASSERT_EQ(b.boxes.shown.size(), 1u);
+  EXPECT_EQ(b.boxes.shown[0].text, "Width Display Corruption - Reset Display");
+  EXPECT_TRUE(b.mode.IsFullScreenWindow) << "and it goes on";
+  b.desktop.facts.height = 1080;
+  b.display.Lbl_MinMax_Click();
+  EXPECT_EQ(b.boxes.shown.back().text, "Height Display Corruption - Reset Display");
+  EXPECT_EQ(b.desktop.beeps, 3);
 }
 
 TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
@@ -316,6 +336,8 @@ TEST(Buttons, AllAreDrawnAndTheStepsOnlyWithAClip) {
   b.buttons.BuildAllButs(true);
   EXPECT_TRUE(b.keys.stepLabelsEnabled && b.timers.Timer1.enabled() && b.timers.Timer6.enabled());
   for (std::size_t i = 0; i < kKeyPlaces; ++i) EXPECT_GT(b.keys.drawn[i].image, 0) << i;
+  b.display.setInterfaceSize(1.25);
+  EXPECT_EQ(b.keys.at(KeyPlace::Volume), (DrawnKey{5, 42, 429})) << "each key has its place at each size";
 }
 
 }  // namespace

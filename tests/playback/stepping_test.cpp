@@ -50,6 +50,9 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
   EXPECT_NEAR(b.seconds(), 3.1, 1e-9);
   b.positions.stepping.Adv5(false);
   EXPECT_NEAR(b.seconds(), 8.1, 1e-9) << "sound goes by seconds";
+  b.ready("b.avi", {.seekable = false});
+  b.positions.stepping.Adv1(false);
+  EXPECT_EQ(b.control.calls.find("step"), std::string::npos);
 }
 
 TEST(Stepping, TheFlagsGoWithItInEveryFace) {
@@ -244,6 +247,10 @@ TEST(KeyCommands, DoWhatTheTableSays) {
   b.settings.user.LoopCol = true;
   EXPECT_TRUE(b.positions.keys.KeyCommand('t'));
   EXPECT_EQ(std::exchange(b.transport.calls, ""), "PreviewMovie1 ") << "the remote's next goes round";
+  b.settings.user.LoopCol = false;
+  b.collection.icurMov = 1;
+  b.positions.remote.Lbl_PrevMov_Click();
+  EXPECT_EQ(b.transport.calls, "") << "ahead of the first there is none";
   b.settings.state.ShuttleProInstalled = true;
   for (const int key : {'h', 'n', 'q', 's'}) EXPECT_FALSE(b.positions.keys.KeyCommand(key)) << key;
   b.play();

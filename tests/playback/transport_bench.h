@@ -53,6 +53,8 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   std::string windowCaption;
   std::string spine;
   bool listShown = true;
+  bool commandRuns = false;
+  bool markHeld = false;
   std::function<void()> remoteNext = [] {};
   Player* player = nullptr;
   Buttons* buttons = nullptr;
@@ -63,7 +65,7 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   void FadBorder(const std::string& text) override { spine = text; }
   void showList(bool on) override { listShown = on; }
   void NoMoviesinCollection() override { asked += "empty "; }
-  [[nodiscard]] bool busy() const override { return false; }
+  [[nodiscard]] bool busy() const override { return commandRuns; }
   bool startUpVideoEnded() override { return false; }
   void closeClipWindows() override {}
   void SectionToPlay(bool /*keepPosition*/) override {
@@ -75,8 +77,8 @@ class PlainTransportHost : public DisplayHost, public TransportHost, public Play
   }
   void clipLoaded() override { asked += "loaded" + std::to_string(collection_.icurMov) + " "; }
   void showPosition() override {}
-  [[nodiscard]] bool markDragged() const override { return false; }
-  void endMarkDrag() override {}
+  [[nodiscard]] bool markDragged() const override { return markHeld; }
+  void endMarkDrag() override { markHeld = false; }
   void keepSpeed(double rate) override { asked += "speed" + ShortText(rate) + " "; }
   void Lbl_NextMov_Click() override { remoteNext(); }
 

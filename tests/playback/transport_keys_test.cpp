@@ -49,6 +49,10 @@ TEST(Transport, KeysPlayPauseAndStop) {
     t.Lbl_PauseGraphic_Click();
     EXPECT_FALSE(b.timers.Timer7.enabled());
     EXPECT_EQ(b.shown(), "1 paused");
+    b.settings.user.LoopPreviews = true;
+    t.mnu_Looping_Click();  // begins to play
+    EXPECT_EQ(b.shown(), "1 playing");
+    EXPECT_EQ(b.control.playCount, kForEver);
   }
 }
 
@@ -140,7 +144,7 @@ TEST(Transport, ThePictureAloneGoesOnWithTheCollection) {
     if (walk.empty() || walk.back() != b.shown().front()) walk += b.shown().front();
   }
   EXPECT_EQ(walk, "12341") << "a still has its time there";
-  EXPECT_TRUE(b.mode.player.fullScreen);
+  EXPECT_TRUE(b.mode.player.fullScreen && !b.mode.ticks.lockAndZoomEnabled);
   b.add("e.html").IsHTML(true);
   b.transport.PreviewMovie(5);
   EXPECT_FALSE(b.mode.pictureAlone) << "a page has a window of its own";

@@ -55,6 +55,21 @@ TEST(Transport, CollectionsGoOnAsTheirTicksSay) {
   }
 }
 
+TEST(Transport, AnEndIsLeftAloneWhileTheUserIsAtIt) {
+  for (const bool atMark : {true, false}) {
+    TransportBench b;
+    for (const auto* name : {"a.avi", "b.avi"}) b.add(name);
+    b.transport.PreviewMovie(1);
+    b.loop.advance(9000);
+    (atMark ? b.host.markHeld : b.host.commandRuns) = true;
+    b.loop.advance(2000);
+    EXPECT_EQ(b.shown(), atMark ? "1 paused" : "1 playing");
+    b.host.commandRuns = false;  // the box over the end has been answered
+    b.loop.advance(3000);
+    EXPECT_EQ(b.shown(), atMark ? "1 paused" : "2 playing");
+  }
+}
+
 // An end on its way home, and what happens ahead of it.
 TEST(Transport, AnEndIsOnlyThatOfWhatPlaysUntilThen) {
   for (const auto* kind : {".avi", ".wmv"}) {

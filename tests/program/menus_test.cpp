@@ -192,6 +192,8 @@ TEST(MainMenu, DoesWhatIsChosenUnlessItIsDisabled) {
     EXPECT_TRUE(b.window.menu.mnu_Looping);
   }
   EXPECT_EQ(b.called, "sizefreefree50200pictureout");
+  for (const auto command : {ToolTips, mnu_ShowCaps}) b.menu.choose({command});
+  EXPECT_TRUE(!b.window.face.toolTips && b.settings.state.ToolTipsOn == 0 && b.settings.state.ShowCaps);
   b.boxes.answers = {Answer::No};
   b.menu.choose({Exit});
   EXPECT_FALSE(b.window.face.visible);

@@ -87,6 +87,7 @@ TEST(Skins, BringTheirColoursAndAreFoundAgain) {
     EXPECT_GT(b.skin().revision, revision);
     EXPECT_EQ(b.skin().LogoColor, row.logo) << row.path;
     EXPECT_EQ(b.skin().DisplayColor, row.display) << row.path;
+    EXPECT_EQ(b.skin().logoCaption, "KVO5     ");
     EXPECT_TRUE(b.skins.menu()[static_cast<std::size_t>(row.place)].isChosen);
   }
   SkinsBench b;

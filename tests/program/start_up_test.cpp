@@ -58,6 +58,7 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   EXPECT_EQ(named.window.list.caption, "Trip Collection");
   EXPECT_EQ(named.window.list.ListIndex, 0);
   EXPECT_TRUE(named.window.list.visible && named.window.face.fullScreen);
+  EXPECT_FALSE(named.intro.StartingUp());
 
   ProgramBench none;
   EXPECT_EQ(none.startUp.run({}, "/"), StartEnd::Failed);
@@ -205,6 +206,10 @@ TEST(StartUp, TheIntroLeavesNoTraceOnAnyRoad) {
     for (const auto* there : {"/prog/intro.avi", "/v/n.avi", "/v/more.avi"}) b.files.all[there] = "x";
     b.intake.settings = &b.settings;
     b.startUp.run(row.arguments, "/");
+    if (b.intro.IntroRunning()) {
+      EXPECT_EQ(b.window.face.controlsEnabled, !row.arguments.empty()) << row.what;
+      EXPECT_FALSE(b.window.list.visible) << row.what;
+    }
     row.leave(b);
     b.intro.ended();
     b.loop.advance(1000);

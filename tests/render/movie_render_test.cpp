@@ -1,5 +1,8 @@
+#include "render/output_kinds.h"
 #include "render/render_texts.h"
 #include "support/render_bench.h"
+
+#include <limits>
 
 #include <gtest/gtest.h>
 
@@ -59,6 +62,19 @@ TEST(RenderEstimate, KeepsItsBounds) {
     const auto range = estimateRange(row.query);
     EXPECT_EQ(range.value_or(std::pair{-1.0, 0.0}), (std::pair{row.from, row.to}));
   }
+  using Range = std::pair<double, double>;
+  for (const auto& [whole, part] : {std::pair{Range{60, 100}, Range{70, 75}},
+                                    {Range{90, 95.2}, Range{90.2, 95.2}},
+                                    {Range{0, 3}, Range{0, 3}},
+                                    {Range{99, 100}, Range{99, 100}},
+                                    {Range{7, 7}, Range{25, 30}}}) {
+    for (const bool hasVideo : {true, false}) {
+      const auto tried = estimateRange({hasVideo, hasVideo ? 100.0 : 0, 100, 100, 5, whole}).value();
+      EXPECT_NEAR(tried.first, part.first, 1e-9) << whole.first << "-" << whole.second;
+      EXPECT_NEAR(tried.second, part.second, 1e-9) << whole.first << "-" << whole.second;
+    }
+  }
+  EXPECT_EQ(projected({true, 100, 0, 100, 5, Range{8, 10}}, 2, 9, 2).estimateSeconds, 2);
   const EstimateQuery movie{true, 100, 0, 100, 5};
   EXPECT_DOUBLE_EQ(projected(movie, 2, 5 * 1024 * 1024, 100).megabytes, 100);
   EXPECT_EQ(projected(movie, 2, 0, 100).megabytes, 1);
@@ -292,6 +308,10 @@ TEST(MovieRender, BeginsWithWhatWasUsedLast) {
 
 TEST(MovieRender, TellsHowFarItIs) {
   RenderBench b;
+  b.freeMegabytes = std::numeric_limits<double>::max();  // of a folder that is gone
+  b.choose(OutputKind::Avi);
+  EXPECT_TRUE(factsOf(b.state).ends_with("|Free disk=not known|")) << factsOf(b.state);
+  b.freeMegabytes = 1e6;
   b.choose(OutputKind::Avi);
   EXPECT_EQ(factsOf(b.state),
             "Clips=2|Length=0.000 s|Range=Whole movie|Picture=320 x 240|Frames a second=25|Colors=24 bit|"
@@ -407,8 +427,10 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
           b.render.AbortRender();
       };
       b.render.WriteRenderMovie();
-      EXPECT_EQ(captionsOf(b.boxes), std::string(heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
-                                         "KVO - Movie Render aborted|");
+      EXPECT_EQ(captionsOf(b.boxes),
+                std::string(heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
+                    (frame == RenderFrame::Rendering ? "KVO - Movie Render aborted|" : ""))
+          << "of the first part there is nothing to tell";
       EXPECT_EQ(b.engine.running, 0);
       EXPECT_EQ(b.files.all["/out/my film.wmv"], "old");
       EXPECT_EQ(b.state.frame, RenderFrame::Options);
@@ -529,6 +551,9 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
       b.render.chooseMadeFor(++i);
     b.render.wishMegabytes(row.megabytes);
     EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
+    EXPECT_EQ(test::holds(b.state.madeForText, "within " + std::to_string(b.state.wishedMegabytes) + " MB"),
+              b.state.hasWishedSize)
+        << b.state.madeForText;
     b.engine.turns = {{.bytes = 50U << 20U}};
     b.dialogs.answers = {"/out/film", "/out/film"};
     b.render.AddToQueue();
@@ -543,6 +568,67 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
     EXPECT_EQ(chosen(next.state), chosen(b.state)) << "remembered";
     EXPECT_EQ(next.state.wishedMegabytes, b.state.hasWishedSize ? std::max(row.megabytes, 1) : 20);
   }
+}
+
+TEST(MovieRender, AsksAboutEachMovieButAWav) {
+  for (const auto& row : outputKinds()) {
+    RenderBench b;
+    b.addMusic("song.mp3", 0, 60);
+    b.choose(row.kind);
+    b.dialogs.answers = {"/out/made"};
+    b.boxes.styledAnswer = {Answer::No, false};
+    b.render.WriteRenderMovie();
+    EXPECT_EQ(b.state.frame, RenderFrame::Report) << row.title;
+    EXPECT_EQ(captionsOf(b.boxes), row.kind == OutputKind::Wav ? "" : "KVO - Movie Successfully Created|")
+        << row.title;
+    EXPECT_TRUE(b.state.canView) << row.title;
+  }
+}
+
+TEST(MovieRender, CautionsWhileAnotherChoiceCanBeMade) {
+  struct Row {
+    OutputKind kind;
+    int width, height;
+    const char* caution;  // how it begins; empty for none
+    int profile = -1;
+    bool ownSize = true;
+    const char* preset = "";
+  };
+  const char* width = "The width of 321 is odd, and a ";
+  const char* height = "The height of 241 is odd, and a ";
+  for (const auto& row :
+       {Row{OutputKind::Mp4, 320, 240, ""}, Row{OutputKind::Mp4, 321, 240, width},
+        Row{OutputKind::Mp4, 320, 241, height}, Row{OutputKind::Mov, 321, 240, width},
+        Row{OutputKind::Mov, 320, 241, ""}, Row{OutputKind::WebM, 321, 241, ""},
+        Row{OutputKind::Avi, 321, 241, ""}, Row{OutputKind::Gif, 321, 241, ""},
+        Row{OutputKind::Mp3, 321, 241, ""}, Row{OutputKind::Wmv, 321, 241, "", 9, false},
+        Row{OutputKind::Wmv, 321, 241, "", 38}, Row{OutputKind::Wmv, 321, 241, "", 40},
+        Row{OutputKind::Wmv, 321, 241, width, 38, false}, Row{OutputKind::Wmv, 320, 241, "", 38, false},
+        Row{OutputKind::Mp4, 1921, 1081, "", -1, true, "phone"},
+        Row{OutputKind::Mp4, 321, 241, width, -1, true, "phone"}}) {
+    RenderBench b;
+    b.editor.controls.txtWidth = row.width;
+    b.editor.controls.txtHeight = row.height;
+    b.choose(row.kind, row.profile);
+    b.render.tickCodecDimensions(row.ownSize);
+    for (int i = 0; i < static_cast<int>(b.state.Lst_MadeFor.size()); ++i)
+      if (b.state.Lst_MadeFor[static_cast<std::size_t>(i)].preset == row.preset) b.render.chooseMadeFor(i);
+    EXPECT_TRUE(b.state.caution.starts_with(row.caution)) << b.state.caution;
+    EXPECT_EQ(b.state.caution.empty(), b.state.canMake) << b.state.caution;
+    EXPECT_EQ(b.state.canMake, std::string(row.caution).empty())
+        << kindRow(row.kind).title << " " << row.width << "x" << row.height << " " << row.profile;
+  }
+  RenderBench sound;
+  sound.collection.MovieList.clear();
+  sound.addMusic("song.mp3", 0, 60);
+  sound.choose(OutputKind::Wmv, 9);
+  EXPECT_FALSE(sound.state.canMake);
+  EXPECT_EQ(sound.state.caution, "No clip has a picture. Choose a kind of sound.");
+  sound.render.chooseKind(OutputKind::Mp4);
+  EXPECT_TRUE(sound.state.canMake);
+  EXPECT_EQ(sound.state.caution, "No clip has a picture: a WAV of the sound is made.");
+  sound.render.chooseKind(OutputKind::Wma);
+  EXPECT_EQ(sound.state.caution, "");
 }
 
 // The row is there where a device works and can make the movie; only then the engine is asked for it.

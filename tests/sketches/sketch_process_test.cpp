@@ -143,6 +143,11 @@ TEST(KeptSketches, OfRealMediaComeByTheProgramAndOutOfTheFolderNextTime) {
                        "aevalsrc=if(gte(t\\,1)\\,0.5\\,0):duration=2", "-c:v", "mpeg4", "-c:a", "pcm_s16le"});
   PosixProcesses processes;
   const TurboJpeg jpeg;
+  PosixFiles files;
+  const auto isKept = [&](const std::string& path) {
+    const auto sketch = SketchFolder(files, cache / "kvo5/sketches").find(path);
+    return !sketch || (!sketch->pictures.empty() && sketch->peaks);
+  };
   const auto take = [&](const std::string& path, auto check) {
     PollLoop loop;
     KeptSketches sketches({processes, loop, {.program = KVO_PROGRAMS "/kvo5", .arguments = {"--sketch"}}},
@@ -156,7 +161,8 @@ TEST(KeptSketches, OfRealMediaComeByTheProgramAndOutOfTheFolderNextTime) {
     }
     ASSERT_TRUE(picture && peaks);
     check(*picture, *peaks);
-    for (int i = 0; i < 60; ++i) loop.wait(20);  // what has been made is kept a moment later
+    for (int i = 0; i < 500 && !isKept(path); ++i) loop.wait(20);  // a moment later
+    EXPECT_TRUE(isKept(path));
   };
   for (int i = 0; i < 2; ++i) {
     take(film, [](const auto& picture, const auto& peaks) {

@@ -15,6 +15,7 @@ class NotingHost : public PreviewHost {
  public:
   std::string notes;  // "park tools- row:1"
   bool free = true;
+  bool rests = true;
   bool rewinds = true;
   int drawn = 0;
   std::function<void()> draws{};
@@ -36,6 +37,7 @@ class NotingHost : public PreviewHost {
   void buildClipSliders() override { note("sliders"); }
   void Buildtabs(int /*tab*/) override {}
   [[nodiscard]] bool mayEdit() const override { return free; }
+  [[nodiscard]] bool isAtRest() const override { return rests; }
   void haltPlayer() override { note("halt"); }
   void parkPlayer() override { note("park"); }
   void FrmFileOpenToolsOnOff(bool on) override {

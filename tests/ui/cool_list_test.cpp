@@ -192,20 +192,6 @@ TEST_F(List, TakesOnlyIndexesThatItHas) {
   EXPECT_FALSE(list.RemoveItem(-1).ok());
 }
 
-TEST_F(List, TellsOfTwoRowsOfEachMoveAndOfEachClick) {
-  make(8);
-  choose(1);
-  drawn.clear();
-  choose(3);
-  EXPECT_EQ(drawn.find_first_not_of("13 "), std::string::npos) << drawn;
-  act("choose 7 choose 2 choose -1");
-  EXPECT_EQ(changes, 5);
-  act("choose 2 space down");
-  EXPECT_EQ(clicks, 0) << "keys click where several may be selected";
-  act("mode 1 choose -1 space choose 1 space space");
-  EXPECT_EQ(clicks, 2);
-}
-
 TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
   for (const auto& [pixels, step] : {std::pair{1, 480}, {10, 300}, {22, 60}, {23, 40}, {30, 40}, {900, 40}}) {
     list.Clear();
@@ -295,25 +281,6 @@ TEST_F(List, AnEditIsKeptOrNot) {
     EXPECT_FALSE(list.editing());
     for (int i = 0; i < list.ListCount(); ++i) EXPECT_NE(list.item(i).ItemText, "other");
   }
-}
-
-TEST(CoolListProperties, AreStoredByName) {
-  const auto bag = writeProperties({});
-  EXPECT_EQ(bag.size(), 28U);
-  EXPECT_EQ(bag.at("BackSelected"), "2147483661");
-  EXPECT_EQ(bag.at("ScrollBarWidth"), "13");
-  EXPECT_EQ(bag.at("WordWrap"), "1");
-  const auto read = readProperties({{"WordWrap", "0"},
-                                    {"BackNormal", "255"},
-                                    {"BoxRadius", "x"},
-                                    {"ItemOffset", "1e99"},
-                                    {"Font", "Inter,14"}});
-  EXPECT_EQ(read.Font, "Inter,14");
-  EXPECT_FALSE(read.WordWrap);
-  EXPECT_EQ(read.BackNormal, 255U);
-  EXPECT_EQ(read.BoxRadius, 0);
-  EXPECT_EQ(read.ItemOffset, 0);
-  EXPECT_EQ(writeProperties(readProperties(bag)), bag);
 }
 
 }  // namespace

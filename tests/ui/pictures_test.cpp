@@ -154,32 +154,6 @@ TEST_F(Pictures, ThatAreNoneAreToldByName) {
   }
 }
 
-TEST_F(Pictures, OfJpegAreLoadedAtEachScaleWithSidesRoundedUp) {
-  for (const bool progressive : {false, true}) {
-    const auto file = jpegOf(waves(203, 101), progressive);
-    const auto path = keep("waves.jpg", file);
-    const auto whole = QImage::fromData(QByteArray::fromStdString(file));
-    for (const auto& [scale, width, height] :
-         {std::tuple{1, 203, 101}, {2, 102, 51}, {4, 51, 26}, {8, 26, 13}}) {
-      ASSERT_GT(LoadJpeg(reading_, surface_, path, scale), 0);
-      ASSERT_EQ(surface_.dib_width(), width);
-      ASSERT_EQ(surface_.dib_height(), height);
-      double difference = 0;
-      for (int y = 0; y < 101 / scale; ++y) {
-        for (int x = 0; x < 203 / scale; ++x) {
-          const auto expected = whole.pixelColor(x * scale + scale / 2, y * scale + scale / 2);
-          const auto* pixel = surface_.row(y).data() + static_cast<std::size_t>(x) * 3;
-          difference += std::abs(pixel[0] - expected.blue()) + std::abs(pixel[1] - expected.green()) +
-                        std::abs(pixel[2] - expected.red());
-        }
-      }
-      EXPECT_LT(difference / (3 * (101 / scale) * (203 / scale)), 4) << scale << progressive;
-    }
-  }
-  ASSERT_GT(LoadJpeg(reading_, surface_, keep("grey.jpg", hugeJpeg(16)), 1), 0);
-  for (const auto level : surface_.row(8).first(9)) EXPECT_NEAR(level, 40, 2);
-}
-
 TEST_F(Pictures, OfJpegThatAreDamagedOrTooLargeGiveNothing) {
   const auto good = jpegOf(waves(64, 64));
   auto noise = good;
@@ -226,14 +200,12 @@ TEST_F(Pictures, OfJpegAreDecodedWithinLimitsOfMemoryPassesAndRows) {
     std::span<std::uint8_t> rows;
     std::size_t stride;
     std::string says;
-  } cases[] = {
-      {withSize(jpegOf(waves(64, 64), true), 20000, 20000), 8, whole, 7500, "Backing store"},
-      {inPasses(100), 1, whole, 24, ""},
-      {inPasses(128), 1, whole, 24, "more than 100 passes over the picture"},
-      {small, 1, whole.first(10 * 32), 32, ""},
-      {small, 1, whole.first(9 * 32), 32, " "},
-      {small, 1, whole.first(10 * 32), 29, " "},
-  };
+  } cases[] = {{withSize(jpegOf(waves(64, 64), true), 20000, 20000), 8, whole, 7500, "Backing store"},
+               {inPasses(100), 1, whole, 24, ""},
+               {inPasses(128), 1, whole, 24, "more than 100 passes over the picture"},
+               {small, 1, whole.first(10 * 32), 32, ""},
+               {small, 1, whole.first(9 * 32), 32, " "},
+               {small, 1, whole.first(10 * 32), 29, " "}};
   for (const auto& row : cases) {
     const auto done = jpeg_.decode(row.file, row.scale, row.rows, row.stride);
     ASSERT_EQ(done.ok(), row.says.empty()) << row.stride;
@@ -247,14 +219,12 @@ TEST(KeyedPicture, LosesTheColourOfItsPixelOneOne) {
   const struct {
     const char* what;
     QRgb key, other, keyAfter, otherAfter;
-  } rows[] = {
-      {"an opaque key", 0xFFFF00FF, 0xFF102030, 0, 0xFF102030},
-      {"all of the key", 0xFFFF00FF, 0xFFFF00FF, 0, 0},
-      {"nearly the key", 0xFFFF00FF, 0xFFFF00FE, 0, 0xFFFF00FE},
-      {"the key's colour, half covering", 0xFFFF00FF, 0x80FF00FF, 0, 0x80FF00FF},
-      {"a transparent key", 0x00000000, 0xFF000000, 0x00000000, 0xFF000000},
-      {"a transparent key of a colour", 0x00FF00FF, 0xFFFF00FF, 0x00FF00FF, 0xFFFF00FF},
-  };
+  } rows[] = {{"an opaque key", 0xFFFF00FF, 0xFF102030, 0, 0xFF102030},
+              {"all of the key", 0xFFFF00FF, 0xFFFF00FF, 0, 0},
+              {"nearly the key", 0xFFFF00FF, 0xFFFF00FE, 0, 0xFFFF00FE},
+              {"the key's colour, half covering", 0xFFFF00FF, 0x80FF00FF, 0, 0x80FF00FF},
+              {"a transparent key", 0x00000000, 0xFF000000, 0x00000000, 0xFF000000},
+              {"a transparent key of a colour", 0x00FF00FF, 0xFFFF00FF, 0x00FF00FF, 0xFFFF00FF}};
   for (const auto& row : rows) {
     QImage picture(3, 2, QImage::Format_ARGB32);
     picture.fill(row.other);
@@ -300,30 +270,6 @@ TEST_F(Pictures, OfJpegAreDecodedAsSmallAsStillFillsWhatIsWantedOrAsMemoryAllows
     jpeg.whole = row.whole;
     EXPECT_FALSE(loadPicture({files_, jpeg}, path, row.wanted));
     EXPECT_EQ(jpeg.asked, row.scale) << row.whole.width << "x" << row.whole.height;
-  }
-}
-
-TEST(PictureFile, IsTheLeastThatIsLargeEnough) {
-  const test::ScratchFolder folder;
-  for (const auto* name : {"Skins/blue.bmp", "Skins/1.5/Blue.bmp", "Skins/2/blue.bmp", "Skins/mine.jpg"}) {
-    std::filesystem::create_directories(std::filesystem::path(folder / name).parent_path());
-    std::ofstream(folder / name) << "picture";
-  }
-  const struct {
-    const char* name;
-    double size;
-    const char* file;
-    double fileSize;
-  } rows[] = {
-      {"Skins/blue.bmp", 1, "Skins/blue.bmp", 1},          {"\\skins\\BLUE.BMP", 1, "Skins/blue.bmp", 1},
-      {"Skins/blue.bmp", 1.25, "Skins/1.5/Blue.bmp", 1.5}, {"skins/Blue.bmp", 1.75, "Skins/2/blue.bmp", 2},
-      {"Skins/blue.bmp", 3, "Skins/2/blue.bmp", 2},        {"Skins/MINE.jpg", 2, "Skins/mine.jpg", 1},
-      {"Skins/none.bmp", 2, "Skins/none.bmp", 1},
-  };
-  for (const auto& row : rows) {
-    const auto file = pictureFile(folder / row.name, row.size);
-    EXPECT_EQ(file.path, folder / row.file) << row.name << row.size;
-    EXPECT_EQ(file.size, row.fileSize) << row.name << row.size;
   }
 }
 

@@ -61,17 +61,15 @@ TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
     Pixels mask;
     int rectangles;  // -1: not counted
     RegionRectangle bounds;
-  } rows[] = {
-      {{"###", "###"}, 1, {0, 0, 3, 2}},
-      {{"...", "..."}, 0, {0, 0, 0, 0}},
-      {{"#", ".", "."}, 1, {0, 0, 1, 1}},
-      {{".", ".", "#"}, 1, {0, 2, 1, 3}},
-      {{"#...#", "#...#", "#####"}, 3, {0, 0, 5, 3}},
-      {{"####", "#..#", "#..#", "####"}, 4, {0, 0, 4, 4}},
-      {{"##", "..", "##"}, 2, {0, 0, 2, 3}},
-      {{"#..", "##.", ".##"}, 3, {0, 0, 3, 3}},
-      {drawn(80, 80, ring), -1, {2, 2, 78, 78}},
-  };
+  } rows[] = {{{"###", "###"}, 1, {0, 0, 3, 2}},
+              {{"...", "..."}, 0, {0, 0, 0, 0}},
+              {{"#", ".", "."}, 1, {0, 0, 1, 1}},
+              {{".", ".", "#"}, 1, {0, 2, 1, 3}},
+              {{"#...#", "#...#", "#####"}, 3, {0, 0, 5, 3}},
+              {{"####", "#..#", "#..#", "####"}, 4, {0, 0, 4, 4}},
+              {{"##", "..", "##"}, 2, {0, 0, 2, 3}},
+              {{"#..", "##.", ".##"}, 3, {0, 0, 3, 3}},
+              {drawn(80, 80, ring), -1, {2, 2, 78, 78}}};
   for (const auto& row : rows) {
     const auto region = regionWithout(surfaceOf(row.mask), 0);
     EXPECT_EQ(covered(region, static_cast<int>(row.mask[0].size()), static_cast<int>(row.mask.size())),
@@ -145,42 +143,6 @@ TEST(Region, RoundCornersAreQuartersOfAnEllipse) {
     EXPECT_NEAR(area, width * height - cornerArea, std::max(3.0, 0.001 * width * height)) << width;
     EXPECT_EQ(boundsOf(region), (RegionRectangle{0, 0, width, height})) << width;
   }
-}
-
-struct Shown : ShapedWindow {
-  void setShape(const Region* region) override { shape = region == nullptr ? Region{} : *region; }
-  Region shape;
-};
-
-TEST(DibSectionRegion, WindowsShareOneShapeUntilItIsDestroyed) {
-  Shown a;
-  Shown b;
-  Shown stranger;
-  const auto surface = surfaceOf({"##.", "###"});
-  const auto shape = regionWithout(surface, 0);
-  {
-    cDIBSectionRegion region;
-    region.Applied(a, true);
-    EXPECT_FALSE(region.Applied(a)) << "there is no region yet";
-    ASSERT_TRUE(region.Create(surface, 0));
-    for (auto* window : {&a, &b, &a}) region.Applied(*window, true);
-    EXPECT_EQ(region.AppliedToCount(), 2);
-    EXPECT_EQ(region.hWndForIndex(1), &a);
-    EXPECT_EQ(region.hWndForIndex(3), nullptr);
-    EXPECT_EQ(b.shape, shape);
-    stranger.shape = shape;
-    for (auto* window : {&a, &stranger}) {
-      region.Applied(*window, false);
-      EXPECT_EQ(window->shape, Region{}) << "also a window that is not in the list";
-    }
-    EXPECT_EQ(region.hWndForIndex(1), &b) << "the gap is closed";
-    EXPECT_FALSE(region.Create({}, 0));
-    EXPECT_EQ(b.shape, Region{});
-    EXPECT_EQ(region.region(), nullptr);
-    ASSERT_TRUE(region.Create(surface, 0));
-    region.Applied(b, true);
-  }
-  EXPECT_EQ(b.shape, Region{}) << "and when it is gone";
 }
 
 TEST(DibSectionRegion, AWidgetTakesTheShapeAsItsMask) {

@@ -58,27 +58,6 @@ TEST(KvoBut, ShowsThePictureOfItsState) {
       << "one that is disabled does not answer to the pointer";
 }
 
-TEST(KvoBut, IsAKeyWithTextWherePicturesAreMissing) {
-  const QTemporaryDir folder;
-  const auto path = folder.filePath("ADDNrm.bmp");
-  ASSERT_TRUE(filled(kPictureColours[0]).save(path));
-  KVOBut button;
-  button.setText("Add");
-  button.setPictures(path, folder.filePath("ADDHVR.bmp"), "");
-  EXPECT_TRUE(button.hasPictures());
-  button.setAttribute(Qt::WA_UnderMouse);
-  button.resize(36, 28);
-  EXPECT_EQ(seen(button, {18, 14}), kPictureColours[0]) << "the first stands in";
-  button.setAttribute(Qt::WA_UnderMouse, false);
-  button.setPictures(folder.filePath("none.bmp"), path, path);
-  EXPECT_FALSE(button.hasPictures());
-  button.resize(button.sizeHint());
-  EXPECT_GE(button.width(), button.fontMetrics().horizontalAdvance("Add") + 20);
-  const auto rest = button.grab().toImage();
-  button.setText("");
-  EXPECT_NE(button.grab().toImage(), rest) << "its text was drawn";
-}
-
 TEST(KvoBut, TakesThePicturesOfItsInterfaceSize) {
   const QTemporaryDir folder;
   ASSERT_TRUE(QDir(folder.path()).mkdir("2"));

@@ -39,18 +39,6 @@ struct GreySamples : MovingSamples {
   bool isCalm = false;
 };
 
-// Pictures to look at, where they are asked for.
-void keepPicture(QWidget& widget, const QString& name) {
-  const auto folder = qEnvironmentVariable("KVO_PICTURES");
-  if (folder.isEmpty()) return;
-  widget.grab().save(folder + "/" + name + ".png");
-  setThemeSize(*qApp, 2);
-  QTest::qWait(1);
-  widget.grab().save(folder + "/" + name + "@2x.png");
-  setThemeSize(*qApp, 1);
-  QTest::qWait(1);
-}
-
 // Five clips as in a small film, with music at their end.
 struct PageBench : TabBench {
   PageLogic logic{editing, host, [] {}};
@@ -142,13 +130,11 @@ TEST(EffectPage, TicksSlidersAndRightClicksReachTheRecord) {
   QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(4, 4), box->mapToGlobal(QPoint(4, 4)));
   QApplication::sendEvent(box, &rightClick);
   EXPECT_EQ(opened, 1);
-  keepPicture(*page, "effect");
   expectReachable(*page, 18);
   press(*page, "Ease \\ Motion");
   EXPECT_FALSE(box->isVisible()) << "the options of Ease stand there now";
   stepUp(*page, "Motion speed");
   EXPECT_EQ(clip.MoveSpeedA(), 1.01F);
-  keepPicture(*page, "effect-ease");
   press(*page, "Back to the effects");
   EXPECT_TRUE(box->isVisible());
 
@@ -197,7 +183,6 @@ TEST(AudioPage, FadesLevelAndMusic) {
   stepUp(*page, "Level of this clip in the movie");
   EXPECT_EQ(b.clip(2).AudioFadeInTime(), 1.5F);
   EXPECT_EQ(b.clip(2).AudioOutputLevel(), 1.1F);
-  keepPicture(*page, "audio");
   expectReachable(*page);
   press(*page, "All from the start of the movie");
   EXPECT_FALSE(b.settings.preferences().ExternalAudioStack);
@@ -209,7 +194,6 @@ TEST(AudioPage, FadesLevelAndMusic) {
   b.addVideo("late.avi", 0, 3);
   followTab(b.editing, tab, b.host, true);
   page->draw();
-  keepPicture(*page, "audio-misplaced");
 }
 
 TEST(StillsPage, DurationAndAspect) {
@@ -221,7 +205,6 @@ TEST(StillsPage, DurationAndAspect) {
   press(*page, "Maintain and fill target frame");
   EXPECT_EQ(b.clip(3).LoopEnd().text(), "7.1");
   EXPECT_EQ(b.clip(3).stretchmode(), 2);
-  keepPicture(*page, "stills");
   expectReachable(*page);
   press(*page, "Treat all stills in group the same");
   EXPECT_FALSE(b.settings.preferences().StillsIndividual);
@@ -240,7 +223,6 @@ TEST(ColorPage, LevelsSepiaAndReset) {
   press(*page, "Sepia");
   EXPECT_EQ(b.clip(2).Red(), 111);
   EXPECT_TRUE(b.clip(2).Sepia());
-  keepPicture(*page, "color");
   expectReachable(*page);
   press(*page, "Reset");
   EXPECT_EQ(b.clip(2).Red(), 0);
@@ -259,7 +241,6 @@ TEST(OverlayPage, PlacesOneClipOverAnother) {
   EXPECT_EQ(b.clip(2).HasPicInPic(), "001312100000000000001");
   press(*page, "Add Audio from Overlay Clip - ( Level = 100% )");
   EXPECT_TRUE(tab.overlaySound.ticked);
-  keepPicture(*page, "overlay");
   expectReachable(*page);
   press(*page, "Clear");
   EXPECT_EQ(b.clip(2).HasPicInPic(), "");
@@ -322,7 +303,6 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   EXPECT_NEAR(b.collection.KeyframeList[2].FrameNo, 119, 1);
   EXPECT_EQ(shownFrames.front(), 80);
   EXPECT_NEAR(shownFrames.back(), 119, 1) << "the picture goes with the frame";
-  keepPicture(window, "keyframes");
   expectReachable(window);
   window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));

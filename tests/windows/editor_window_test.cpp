@@ -1,5 +1,4 @@
-// The editor's window, drawn from state that is filled by hand. With KVO_PICTURES set to a folder each test
-// that draws leaves its picture there.
+// The editor's window, drawn from state that is filled by hand.
 #include "editor/samples/engine_samples.h"
 #include "editor/tabs/tab_bench.h"
 #include "support/memory_store.h"
@@ -116,11 +115,6 @@ struct RushBench : test::TabBench {
     QApplication::processEvents();
   }
 
-  void picture(const char* name) const {
-    const auto folder = qEnvironmentVariable("KVO_PICTURES");
-    if (!folder.isEmpty()) window->grab().save(folder + "/" + name + ".png");
-  }
-
   template <class Part>
   Part* part(const QString& name) const {
     for (auto* widget : window->findChildren<Part*>())
@@ -129,34 +123,6 @@ struct RushBench : test::TabBench {
     return nullptr;
   }
 };
-
-TEST(FrmRush, LooksAsDesigned) {
-  for (const double size : {1.0, 2.0}) {
-    setThemeSize(*qApp, size);
-    RushBench b;
-    b.desktop.facts = {2600, 1600, 24, 1};
-    b.open();
-    const std::string end = size > 1 ? "@2x" : "";
-    b.queue = {"43%, 2 renders wait", "a.mp4 is being made in the background", 0.43, false};
-    b.window->draw();
-    b.part<QAbstractButton>("43%, 2 renders wait")->click();
-    EXPECT_EQ(b.asked, "queue ");
-    b.picture(("create" + end).c_str());
-    b.frame.CurrentTab = 3;
-    b.window->draw();
-    QApplication::processEvents();
-    EXPECT_TRUE(QTest::qWaitFor([&b] { return b.come >= 15; }));
-    b.window->draw();
-    b.picture(("transition" + end).c_str());
-    for (const auto* name : {"Heart", "Blinds", "Whirlwind"}) {
-      b.transitionRules.pick(name);
-      if (std::string_view(name) == "Whirlwind") b.transitionRules.openParticles(true);
-      b.window->draw();
-      b.picture((std::string("transition-") + name + end).c_str());
-    }
-  }
-  setThemeSize(*qApp, 1);
-}
 
 TEST(FrmRush, ColumnsAndTimelineTakeTheRoomThatThereIs) {
   RushBench b;
@@ -193,7 +159,10 @@ TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   RushBench b;
   b.open();
   b.keys.of(ClipKey::Equi) = "There is nothing behind Mark-Out";
+  b.queue = {"43%, 2 renders wait", "a.mp4 is being made in the background", 0.43, false};
   b.window->draw();
+  b.part<QAbstractButton>("43%, 2 renders wait")->click();
+  EXPECT_EQ(b.asked, "queue ");
   b.window->setFocus();
   for (const auto& row :
        {Row{Qt::Key_I, Qt::NoModifier, "key0 "}, Row{Qt::Key_O, Qt::ShiftModifier, "key3 "},
@@ -279,7 +248,6 @@ TEST(FrmRush, WhatCannotBeDoneIsSaidWhereTheHandIs) {
     EXPECT_EQ(refused(b).toStdString(), row.said);
     EXPECT_EQ(b.asked, *row.said == 0 ? "key0 " : "");
   }
-  b.picture("refusal");
   b.frame.toolsOn = false;
   b.frame.toolsOffBecause = "Stop the preview first";
   b.createRules.showPreview(true);
@@ -440,7 +408,6 @@ TEST(FrmRush, RemembersItselfAndFitsASmallScreen) {
   b.open();
   EXPECT_LE(b.window->width(), 1366);
   EXPECT_LE(b.window->height(), 768);
-  b.picture("small");
   b.window->resize(1100, 700);
   b.frame.visible = false;
   b.window->draw();

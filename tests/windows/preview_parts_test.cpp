@@ -33,11 +33,6 @@ PreviewState movieState() {
   return state;
 }
 
-void keepPicture(QWidget& widget, const QString& name) {
-  const auto folder = qEnvironmentVariable("KVO_PICTURES");
-  if (!folder.isEmpty()) widget.grab().save(folder + "/" + name + ".png");
-}
-
 TEST(PreviewPart, ThePictureKeepsItsShapeOnBlack) {
   auto state = movieState();
   PreviewPart part(state, nullptr);
@@ -50,7 +45,6 @@ TEST(PreviewPart, ThePictureKeepsItsShapeOnBlack) {
   EXPECT_EQ(colour(9, 180), qRgb(0, 0, 0)) << "beside it";
   EXPECT_EQ(colour(514, 180), qRgb(0, 0, 0));
   EXPECT_NE(colour(40, 16), qRgb(200, 90, 40)) << "its title stands over it";
-  keepPicture(part, "preview-part");
 
   state.kind = PreviewKind::None;
   state.picture.reset();
@@ -82,7 +76,6 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
   auto* bar = row.findChild<QSlider*>();
   EXPECT_EQ(bar->value(), 920);
   EXPECT_EQ(told, "") << "what it draws nobody has done";
-  keepPicture(row, "position-row");
   for (auto* key : row.findChildren<QAbstractButton*>()) {
     EXPECT_GE(key->width(), 24);
     EXPECT_GE(key->height(), 24);

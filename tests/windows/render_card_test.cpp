@@ -175,6 +175,23 @@ TEST(RenderCard, OffersKindsAndProfiles) {
     EXPECT_TRUE(!row->isChecked() || !row->visibleRegion().isEmpty()) << "the kind in hand is in sight";
 }
 
+TEST(RenderCard, SaysWhyAMovieCannotBeMade) {
+  CardBench b;
+  b.state.caution = "The width of 321 is odd, and a WMV has an even one. Change it on the Create page.";
+  b.state.canMake = false;
+  b.go(RenderFrame::Options);
+  EXPECT_TRUE(b.says(QString::fromStdString(b.state.caution)));
+  EXPECT_EQ(b.focus(), "Windows Media Format (WMV)");
+  for (const auto* key : b.card->findChildren<QPushButton*>()) {
+    const bool leadsOn = key->text() == "Write Movie" || key->text() == "Add to Queue";
+    EXPECT_TRUE(!key->isVisible() || key->isEnabled() != leadsOn) << key->text().toStdString();
+  }
+  b.state.caution.clear();
+  b.state.canMake = true;
+  b.go(RenderFrame::Options);
+  EXPECT_FALSE(b.says("The width of 321 is odd, and a WMV has an even one. Change it on the Create page."));
+}
+
 // Three renders, the second one in hand.
 QueueState threeRenders() {
   QueueState queue;

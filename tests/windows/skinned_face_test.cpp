@@ -101,40 +101,20 @@ TEST(SkinnedFace, IsReachedByTabInOrder) {
   b.draw();
   auto* const first = &b.at("Menu");
   first->setFocus(Qt::TabFocusReason);
-  Names order;
+  std::string order;
   do {
-    order.push_back(b.face().focusWidget()->accessibleName().toStdString());
+    order += b.face().focusWidget()->accessibleName().toStdString() + ", ";
     QTest::keyClick(b.face().focusWidget(), Qt::Key_Tab);
-  } while (b.face().focusWidget() != first && order.size() < 40);
-  EXPECT_EQ(order, (Names{"Menu",
-                          "Undo",
-                          "Clips",
-                          "Advance Clip in playlist",
-                          "Move clip down in playlist",
-                          "Add media",
-                          "Remove",
-                          "Sort",
-                          "Create Movie",
-                          "Position",
-                          "Mark-In",
-                          "Mark-Out",
-                          "Direct Positioner",
-                          "Current Playback rate",
-                          "Output Level",
-                          "Volume",
-                          "Play",
-                          "Pause",
-                          "Right-Click to position to start or Click or Hold Down to rewind 5 frames",
-                          "One frame back",
-                          "One frame forward",
-                          "Right-Click to position to end or Click or Hold Down to advance 5 frames",
-                          "A quarter of the speed",
-                          "Half the speed",
-                          "Twice the speed",
-                          "Size of the picture",
-                          "Free Zoom Mode",
-                          "Minimise",
-                          "Close"}))
+  } while (b.face().focusWidget() != first && order.size() < 2000);
+  EXPECT_EQ(order,
+            "Menu, Undo, Clips, Advance Clip in playlist, Move clip down in playlist, Add media, "
+            "Remove, Sort, Create Movie, Position, Mark-In, Mark-Out, Direct Positioner, "
+            "Current Playback rate, Output Level, Volume, Play, Pause, "
+            "Right-Click to position to start or Click or Hold Down to rewind 5 frames, "
+            "One frame back, One frame forward, "
+            "Right-Click to position to end or Click or Hold Down to advance 5 frames, "
+            "A quarter of the speed, Half the speed, Twice the speed, Size of the picture, "
+            "Free Zoom Mode, Minimise, Close, ")
       << "what cannot be done is left out";
 }
 

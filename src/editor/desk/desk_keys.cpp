@@ -1,22 +1,12 @@
 // The keys of the clip in hand.
 #include "base/paths.h"
-#include "core/records/media_kinds.h"
 #include "core/telling/failures.h"
 #include "editor/desk/clip_stats.h"
 #include "editor/desk/editor_desk.h"
 #include "editor/desk/snapshot.h"
+#include "editor/tabs/clip_checks.h"
 
 namespace kvo {
-namespace {
-
-// Pictures come ahead of it; 0 without any.
-int firstSound(const Collection& collection) {
-  for (int i = 1; i <= collection.MovieList.count(); ++i)
-    if (isSoundByName(collection.MovieList[i].MovieName())) return i;
-  return 0;
-}
-
-}  // namespace
 
 // What it does to the clip is done at the playhead, which stays there.
 void EditorDesk::press(ClipKey key) {

@@ -164,6 +164,7 @@ void EditorDesk::leave() {
   auto& user = parts_.editing.settings.user;
   parts_.state.frame.visible = false;  // what is drawn from here on is the main window alone
   KillPreview();
+  parts_.preview.showClip();
   watchChanges(false);
   analysing_->stop();
   begin_->stop();

@@ -107,6 +107,7 @@ class EditorDesk : public PreviewHost {
 
   // Of the preview
   [[nodiscard]] bool mayEdit() const override { return !parts_.window.busy(); }
+  [[nodiscard]] bool isAtRest() const override { return isOpen() && !opening_ && !held_; }
   void haltPlayer() override { doors_.haltPlayer(); }
   void parkPlayer() override { doors_.parkPlayer(); }
   void FrmFileOpenToolsOnOff(bool on) override;

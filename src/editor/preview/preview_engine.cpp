@@ -1,15 +1,10 @@
 #include "editor/preview/preview_engine.h"
 
-#include "base/holding.h"
-#include "base/text.h"
-#include "core/records/media_kinds.h"
-#include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/clip_checks.h"
 #include "editor/tabs/preview.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace kvo {
@@ -18,35 +13,9 @@ namespace {
 // Milliseconds.
 constexpr int kPositionTick = 100;
 constexpr int kEndTick = 100;
-constexpr int kSampleTick = 250;  // a sample that stands so long is kept in its file
-constexpr int kSamplePace = 60;   // between two samples of a slider that is dragged
-constexpr int kSelectEach = 3;    // ticks
-constexpr int kFullPower = 10;
-constexpr double kWithinFrame = 1e-6;  // of a frame: what a product may lack
+constexpr int kSelectEach = 3;  // ticks
 constexpr std::string_view kMovieDocument = "\\KVORender.xtl";
-constexpr std::string_view kSampleDocument = "\\KVOSamp.xtl";
 constexpr std::uint64_t kMaxDocument = 256ULL << 20U;
-
-PreviewKind kindOf(Sample what) {
-  switch (what) {
-    case Sample::Transition:
-      return PreviewKind::Transition;
-    case Sample::Effect:
-      return PreviewKind::Effect;
-    case Sample::Colour:
-      return PreviewKind::Colour;
-    case Sample::Keyframe:
-      return PreviewKind::Keyframe;
-    case Sample::PictureInPicture:
-      return PreviewKind::PictureInPicture;
-  }
-  return PreviewKind::None;
-}
-
-int powerOf(const KVO2& settings) {
-  const int power = settings.preferences().PreviewCPU;
-  return power == 0 ? kFullPower : power;
-}
 
 }  // namespace
 
@@ -63,7 +32,8 @@ PreviewEngine::PreviewEngine(PreviewState& state, const Editing& editing, Timeli
       pace_(loop.timer([this] {
         if (wish_) return beginWish();
         pace_->stop();
-      })) {
+      })),
+      rest_(loop.timer([this] { showAnew(); })) {
   pictures_.whenArrived([this](auto frame, auto picture) { arrived(frame, std::move(picture)); });
 }
 
@@ -81,12 +51,6 @@ bool PreviewEngine::movieRuns() const { return state_.kind == PreviewKind::Movie
 double PreviewEngine::secondsOf(std::int64_t frame) const {
   const double rate = player_.frameRate();
   return rate > 0 ? static_cast<double>(frame) / rate : 0;
-}
-
-// The one that is seen there.
-std::int64_t PreviewEngine::frameOf(double seconds) const {
-  const auto frame = static_cast<std::int64_t>(std::floor(seconds * player_.frameRate() + kWithinFrame));
-  return std::clamp<std::int64_t>(frame, 0, std::max<std::int64_t>(player_.frames() - 1, 0));
 }
 
 std::int64_t PreviewEngine::GetPreviewPositionFrame() const { return sought_.value_or(player_.position()); }
@@ -152,39 +116,6 @@ double PreviewEngine::movieLength() const {
   const auto& editor = editing_.editor;
   const double video = ToNumber(editor.VideoTotalTime);
   return video > 0 ? video : ToNumber(editor.AudioTotalTime);
-}
-
-void PreviewEngine::takeTimes() {
-  if (movieRuns()) return;
-  (isSample() ? movieBar_ : state_.FSB_RenderRange).Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
-  auto& cuts = isSample() ? movieCuts_ : state_.cuts;
-  cuts.clear();
-  for (int i = 1; i <= editing_.clips().count(); ++i) {
-    const auto& clip = editing_.clips()[i];
-    const double stop = clip.TimeLineStop().number();
-    if (stop > 0 && !isSoundByName(clip.MovieName())) cuts.push_back(stop);
-  }
-}
-
-void PreviewEngine::standAt(double seconds) {
-  if (movieRuns() || seeking_) return;
-  if (state_.kind == PreviewKind::Movie && (stale_ || seconds != standsAt_)) showClip();
-  auto& bar = isSample() ? movieBar_ : state_.FSB_RenderRange;
-  if (!bar.held) bar.Value = seconds;
-  if (state_.kind == PreviewKind::None) tellPlace(seconds);
-}
-
-void PreviewEngine::showClip() {
-  if (state_.kind != PreviewKind::None && !movieRuns()) release();
-}
-
-// Where nothing is shown.
-void PreviewEngine::tellPlace(double seconds) {
-  state_.total = movieLength();
-  if (state_.total <= 0) return TimeCodeOff();
-  UpdateRenderPosDisplay(positionText(seconds));
-  state_.Lbl_Remain = positionText(state_.total - seconds);
-  state_.Lbl_TotDur = positionText(state_.total);
 }
 
 void PreviewEngine::saveGraph(const std::string& document) {
@@ -284,161 +215,6 @@ void PreviewEngine::filesCame() {
   host_.previewChanged();
 }
 
-// The keys, and places of the movie.
-
-void PreviewEngine::PausePreview() {
-  if (!state_.PreviewPlaying) return;
-  state_.paused = !state_.paused;
-  if (state_.paused) {
-    player_.pause();
-    Timer1_->stop();  // places that are sought meanwhile tell of themselves
-  } else {
-    sought_.reset();
-    player_.play();
-    Timer1_->start(kPositionTick);
-  }
-  host_.previewChanged();
-}
-
-void PreviewEngine::playOrPauseMovie() { movieRuns() ? PausePreview() : PrepPreview(); }
-
-void PreviewEngine::haltSample() {
-  if (isSample() && !state_.paused) PausePreview();
-}
-
-void PreviewEngine::PreviewtransPort(Key key) {
-  if (key == Key::PlayOrPause) {
-    if (state_.PreviewPlaying) return PausePreview();
-    return isSample() ? DirXPlay(0) : PrepPreview();
-  }
-  const Holding inside(seeking_);
-  if (state_.kind == PreviewKind::None && !standOnMovie()) return;
-  const bool stays = key != Key::ToStart;  // the end, too, is there to be seen: a rewind would follow
-  if (stays && state_.PreviewPlaying && !state_.paused) PausePreview();
-  const auto last = player_.frames() - 1;
-  const auto now = GetPreviewPositionFrame();
-  const auto to = key == Key::ToStart ? 0 : key == Key::ToEnd ? last : now + (key == Key::StepBack ? -1 : 1);
-  standOn(std::clamp<std::int64_t>(to, 0, std::max<std::int64_t>(last, 0)));
-}
-
-// By the user's choice.
-void PreviewEngine::standOn(std::int64_t frame) {
-  seekTo(frame);
-  if (state_.kind != PreviewKind::Movie || state_.PreviewPlaying) return;
-  standsAt_ = state_.position;
-  host_.movieStands(standsAt_);
-}
-
-void PreviewEngine::seekTo(std::int64_t frame) {
-  sought_ = frame;
-  player_.seek(frame);
-  if (!tmrTimer_->running()) tmrTimer_->start(kEndTick);  // it may fail
-  GetCurrPos();
-}
-
-// The movie as it is now stands in the player; false when there is none to show.
-bool PreviewEngine::standOnMovie() {
-  const bool isAsItIs = !stale_ || state_.PreviewPlaying;
-  if (state_.kind == PreviewKind::Movie && isAsItIs && GetPreviewPlayState() != PlayState::Empty) return true;
-  if (!host_.mayEdit() || editing_.clips().empty()) return false;
-  if (state_.kind != PreviewKind::None) release();
-  auto& change = editing_.settings.state.ObjectChange;
-  const auto code = change;  // the change watch has still to hear of it
-  auto document = compilePreviewText(editing_, powerOf(editing_.settings));
-  change = code;
-  takeStops(editing_.editor, document);
-  fillBar();
-  state_.kind = PreviewKind::Movie;
-  stale_ = false;
-  PreviewIt(std::move(document), state_.FSB_RenderRange.Value, true);
-  return state_.failure.empty();
-}
-
-void PreviewEngine::showAt(double seconds) {
-  const Holding inside(seeking_);
-  if (isSample()) release();
-  if (!standOnMovie()) return;
-  standOn(frameOf(seconds));
-  host_.previewChanged();
-}
-
-void PreviewEngine::holdRange(bool held) { state_.FSB_RenderRange.held = held; }
-
-void PreviewEngine::moveRange(double seconds) {
-  auto& bar = state_.FSB_RenderRange;
-  bar.Value = std::max(seconds, 0.0);
-  if (isSample()) return seekTo(frameOf(seconds));
-  showAt(seconds);
-}
-
-// Samples.
-
-void PreviewEngine::sample(Sample what, int clipNo) {
-  if (!host_.mayEdit() || clipNo < 1 || clipNo > editing_.clips().count()) return;
-  wish_ = Wish{what, clipNo};
-  if (!pace_->running()) beginWish();
-}
-
-std::string PreviewEngine::documentOf(const Wish& wish, SampleSize size) const {
-  switch (wish.what) {
-    case Sample::Transition:
-      return Previewtransition(editing_, wish.clipNo, size);
-    case Sample::Effect:
-    case Sample::Keyframe:
-      return PreviewEffect(editing_, wish.clipNo, size);
-    case Sample::Colour:
-      return PreviewColourAdjust(editing_, wish.clipNo, size);
-    case Sample::PictureInPicture:
-      return CreatePinPPreview(editing_, wish.clipNo,
-                               {.preview = true, .inShape = size == SampleSize::Shown});
-  }
-  return {};
-}
-
-void PreviewEngine::beginWish() {
-  const auto wish = *std::exchange(wish_, std::nullopt);
-  pace_->start(kSamplePace);
-  if (wish.clipNo > editing_.clips().count()) return;
-  auto document = documentOf(wish, SampleSize::Shown);
-  if (document.empty()) return;
-  const bool goesOn = state_.kind == kindOf(wish.what) && state_.clipNo == wish.clipNo &&
-                      state_.PreviewPlaying && GetPreviewPlayState() != PlayState::Ended;
-  const double from = goesOn ? secondsOf(GetPreviewPositionFrame()) : 0;
-  if (!isSample()) {
-    if (state_.kind == PreviewKind::Movie) release();
-    movieBar_ = state_.FSB_RenderRange;
-    movieCuts_ = std::exchange(state_.cuts, {});
-    pace_->start(kSamplePace);
-  }
-  state_.kind = kindOf(wish.what);
-  state_.clipNo = wish.clipNo;
-  editing_.settings.state.KeyframePreview = wish.what == Sample::Keyframe;
-  state_.title = wish.what == Sample::Transition ? transitionClipsText(editing_.collection, wish.clipNo)
-                                                 : titleOf(editing_.clips()[wish.clipNo]);
-  state_.overlayPosition = overlayPositionOf(wish);
-  state_.PreviewPlaying = false;
-  unwritten_ = wish;
-  TimerPreview_->start(kSampleTick);
-  PreviewIt(std::move(document), from, false);
-}
-
-int PreviewEngine::overlayPositionOf(const Wish& wish) const {
-  if (wish.what != Sample::PictureInPicture) return 0;
-  const auto look = readPicInPic(editing_.clips()[wish.clipNo].HasPicInPic());
-  const bool isThere = look && look->overlayClip >= 1 && look->overlayClip <= editing_.clips().count();
-  return isThere ? look->position : 0;
-}
-
-// A sample that is not followed by another at once is kept as its document.
-void PreviewEngine::writeSample() {
-  TimerPreview_->stop();
-  const auto wish = std::exchange(unwritten_, std::nullopt);
-  if (!wish || wish->clipNo > editing_.clips().count()) return;
-  const auto path = editing_.folder.beside(kSampleDocument);
-  const auto done = writeDocument(editing_.files, path, documentOf(*wish, SampleSize::Kept));
-  if (!done) editing_.log.LogError(done.error().text);
-}
-
 // What the timers do, and pictures that come.
 
 void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> picture) {
@@ -448,12 +224,6 @@ void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> pi
   state_.position = secondsOf(frame);
   if (!Timer1_->running()) GetCurrPos();
   host_.previewChanged();
-}
-
-void PreviewEngine::sampleAnew() {
-  if (!isSample() || state_.clipNo < 1) return;
-  sample(static_cast<Sample>(static_cast<int>(state_.kind) - static_cast<int>(PreviewKind::Transition)),
-         state_.clipNo);
 }
 
 void PreviewEngine::GetCurrPos() {

@@ -53,12 +53,15 @@ class PreviewEngine {
   /// Space: plays the movie, halts it, lets it go on.
   void playOrPauseMovie();
 
-  /// The collection is another than the one that was compiled.
-  void movieIsStale() { stale_ = true; }
+  /// The collection is another than the one that was compiled. What stands of the movie is shown anew.
+  void movieIsStale();
+  /// The same by an edit: when the hand rests the movie is shown at the playhead.
+  void movieEdited();
   /// The clips have other places in the movie: bar and cuts follow, unless it plays.
   void takeTimes();
-  /// The playhead is at `seconds`, and so the bar of the movie. What stands of the movie elsewhere, or as it
-  /// was before, goes; where nothing is shown the texts tell the place. Nothing while the movie plays.
+  /// The playhead is at `seconds`, and so the bar of the movie. What stands of the movie elsewhere goes, but
+  /// for a movie that is to be shown anew; where nothing is shown the texts tell the place. Nothing while the
+  /// movie plays.
   void standAt(double seconds);
   /// The clip in hand is to be seen: a sample goes, and what stands of the movie.
   void showClip();
@@ -101,6 +104,7 @@ class PreviewEngine {
   [[nodiscard]] double movieLength() const;
   void tellPlace(double seconds);
   void standOn(std::int64_t frame);
+  void showAnew();
   void saveGraph(const std::string& document);
   void seekTo(std::int64_t frame);
   bool standOnMovie();
@@ -123,16 +127,19 @@ class PreviewEngine {
   std::unique_ptr<Timer> tmrTimer_;      // the end
   std::unique_ptr<Timer> TimerPreview_;  // a sample's document goes to its file
   std::unique_ptr<Timer> pace_;          // of samples that follow each other
+  std::unique_ptr<Timer> rest_;          // of the hand that edits
   std::optional<Wish> wish_;
   std::optional<Wish> unwritten_;       // the sample whose document is to be kept
   std::optional<std::int64_t> sought_;  // the frame that is on its way
   double standsAt_ = 0;                 // seconds of the movie: where the host was told that it stands
+  double playhead_ = 0;                 // seconds of the movie: where the host is
   RenderRange movieBar_;                // the movie's, while a sample has the bar
   std::vector<double> movieCuts_;
   std::string waitsFor_;  // the file for want of which it failed
   bool stale_ = true;
-  bool seeking_ = false;  // by the user's choice; the playhead follows
-  bool began_ = false;    // the player has been seen doing what it was told
+  bool owesMovie_ = false;  // it is to be shown anew
+  bool seeking_ = false;    // by the user's choice; the playhead follows
+  bool began_ = false;      // the player has been seen doing what it was told
   int tick_ = 0;
 };
 

@@ -11,6 +11,8 @@ class PreviewHost : public TabHost {
  public:
   /// False while a load or another command has the collection.
   [[nodiscard]] virtual bool mayEdit() const = 0;
+  /// The editor is open, and nothing of it is held by the user.
+  [[nodiscard]] virtual bool isAtRest() const = 0;
 
   /// The main window's timers stand, its player is stopped.
   virtual void haltPlayer() = 0;

@@ -1,6 +1,7 @@
 #include "editor/tabs/clip_checks.h"
 
 #include "base/text.h"
+#include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 
 namespace kvo {
@@ -17,6 +18,12 @@ bool IsAudioBeforeVideo(const Editing& e) {
                     e.clips()[misplaced].MovieName() + ">\r\nto the end of the collection.",
                 BoxButtons::Ok, BoxIcon::Warning});
   return true;
+}
+
+int firstSound(const Collection& collection) {
+  for (int i = 1; i <= collection.MovieList.count(); ++i)
+    if (isSoundByName(collection.MovieList[i].MovieName())) return i;
+  return 0;
 }
 
 std::string missingText(const std::string& name) {

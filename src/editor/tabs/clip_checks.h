@@ -12,6 +12,9 @@ namespace kvo {
 /// Checks that audio clips stand at the end; true, with a warning box that names the clip, when one does not.
 bool IsAudioBeforeVideo(const Editing& e);
 
+/// The clip that the music begins with, behind all that has a picture; 0 without any.
+int firstSound(const Collection& collection);
+
 /// What is told of a clip whose file is gone.
 std::string missingText(const std::string& name);
 

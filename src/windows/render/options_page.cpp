@@ -17,6 +17,7 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace kvo {
 namespace {
@@ -32,6 +33,7 @@ constexpr QRect kHardware = kOwnSize;  // never both
 constexpr QRect kSizeName{362, 338, 180, 26};
 constexpr QRect kMegabytes{612, 338, 106, 26};
 constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
+constexpr QRect kPicture{750, 206, 208, 62};
 constexpr FactRows::Form kOptionFacts{208, 20, 0};
 
 // A row of the list without its blanks and its number.
@@ -133,7 +135,10 @@ void OptionsPage::makeHardware() {
 void OptionsPage::makeSummary() {
   write(tr("Your movie"), "caption", {750, 16, 208, 18});
   facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160});
-  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), {750, 206, 208, 62});
+  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), kPicture);
+  caution_ = write({}, "caution", kPicture);
+  caution_->setWordWrap(true);
+  caution_->setAlignment(Qt::AlignBottom | Qt::AlignLeft);
   KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 276, 208, 40});
   KVOBut_WriteMovie_->setProperty("kind", "primary");
   KVOBut_WriteMovie_->setProperty("large", true);
@@ -148,6 +153,12 @@ void OptionsPage::makeSummary() {
   back->setProperty("kind", "quiet");
   back->setToolTip(tr("Back to editing") + " (Esc)");
   connect(back, &QPushButton::clicked, [this] { acts_.leave(); });
+}
+
+QWidget* OptionsPage::first() const {
+  const auto inHand = std::ranges::find(Opt_CompressorType_, true, &KindRow::isChecked);
+  if (state_.canMake || inHand == Opt_CompressorType_.end()) return KVOBut_WriteMovie_;
+  return *inHand;
 }
 
 void OptionsPage::layOutKinds() {
@@ -176,6 +187,11 @@ void OptionsPage::draw() {
   drawQueue();
   facts_->draw(state_.facts);
   pane_->draw(picture_(0));
+  pane_->setVisible(state_.caution.empty());
+  caution_->setVisible(!state_.caution.empty());
+  setTextOf(*caution_, shown(state_.caution));
+  KVOBut_WriteMovie_->setEnabled(state_.canMake);
+  KVOBut_AddToQueue_->setEnabled(state_.canMake);
 }
 
 // While there is a queue the lists are shorter, and what is told of a row stands higher.
@@ -211,7 +227,7 @@ void OptionsPage::drawLists() {
   hint_->setVisible(!isListed);
   setTextOf(*listCaption_, hasProfiles ? tr("Profile") : hasPurposes ? tr("Made for") : told(row.title));
   setTextOf(*hint_, told(row.hint).replace("\r\n", "\n\n"));
-  const auto text = hasPurposes ? told(state_.madeForText) : shown(state_.profileDescription);
+  const auto text = shown(hasPurposes ? state_.madeForText : state_.profileDescription);
   setTextOf(*description_, QString(text).replace("\r\n", "\n"));
 }
 

@@ -34,8 +34,8 @@ class OptionsPage final : public EditorPage {
               PictureOfClip picture, QWidget* parent);
 
   void draw();
-  /// The key that leads on.
-  [[nodiscard]] QPushButton* writeKey() const { return KVOBut_WriteMovie_; }
+  /// The key that leads on; where it cannot, the kind in hand.
+  [[nodiscard]] QWidget* first() const;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -73,6 +73,7 @@ class OptionsPage final : public EditorPage {
   QCheckBox* Chk_Hardware_ = nullptr;
   FactRows* facts_ = nullptr;
   PicturePane* pane_ = nullptr;
+  QLabel* caution_ = nullptr;  // in its place, of what cannot be made
   QPushButton* KVOBut_WriteMovie_ = nullptr;
   QPushButton* KVOBut_AddToQueue_ = nullptr;
   QueuePanel* queue_ = nullptr;

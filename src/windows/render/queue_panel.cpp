@@ -108,6 +108,8 @@ void QueuePanel::drop(const QMimeData& carried, int before) {
 }
 
 void QueuePanel::draw() {
+  if (drawn_ == state_) return;
+  drawn_ = state_;
   std::vector<PageList::Row> rows;
   rows.reserve(state_.Lst_Queue.size());
   for (const auto& row : state_.Lst_Queue) rows.push_back({row.name, 0, row.failure});

@@ -8,6 +8,7 @@
 #include "windows/render/render_acts.h"
 
 #include <QCoreApplication>
+#include <optional>
 
 class QKeyEvent;
 class QMimeData;
@@ -45,6 +46,7 @@ class QueuePanel final : public EditorPage {
 
   const QueueState& state_;
   const QueueActs& acts_;
+  std::optional<QueueState> drawn_;
   PageList* Lst_Queue_ = nullptr;
   QLabel* trouble_ = nullptr;
   QPushButton* KVOBut_PauseJob_ = nullptr;

@@ -65,7 +65,7 @@ int RenderCard::step() const {
 QWidget* RenderCard::firstFocus() const {
   switch (state_.frame) {
     case RenderFrame::Options:
-      return options_->writeKey();
+      return options_->first();
     case RenderFrame::PicInPic:
       return pair_->writeKey();
     default:

@@ -420,6 +420,22 @@ TEST(Durations, RowsEndInTheirClipNumber) {
   EXPECT_EQ(GetIndividualClipNo(""), 1);
 }
 
+TEST(Durations, AClipThatIsHeardAndHasTimesFades) {
+  for (const auto& [heard, tenths, fades] :
+       {std::tuple{true, 5, true}, {true, 0, false}, {false, 5, false}}) {
+    Bench b;
+    auto& clip = b.addVideo("a.avi", 0, 4);
+    clip.RenderAudio(heard);
+    clip.AudioFadeOutTime(static_cast<Single>(tenths));
+    clip.HasAudioFade(!fades);
+    auto& music = b.addMusic("m.mp3", 0, 4);
+    music.HasAudioFade(true);
+    UpdateTrackFade(b.editing, true);
+    EXPECT_EQ(clip.HasAudioFade(), fades) << heard << tenths;
+    EXPECT_TRUE(music.HasAudioFade()) << "of sound it stays";
+  }
+}
+
 TEST(Durations, AnAutomaticFadeNeedsRoom) {
   struct Row {
     double start, stop;

@@ -182,7 +182,7 @@ TEST(Preview, WhatStandsOfTheMovieIsAtThePlayhead) {
        {Row{"the ruler", [&] { b.preview.showAt(4); }, "movie 00:04.0000 4"},
         Row{"the bar", [&] { b.preview.moveRange(6.5); }, "movie 00:06.5000 6.5"},
         Row{"a step", [&] { b.preview.PreviewtransPort(Key::StepForward); }, "movie 00:06.6000 6.6"},
-        Row{"an edit", [&] { b.preview.movieIsStale(); }, "clip 00:06.6000 6.6"},
+        Row{"an edit", [&] { b.preview.movieIsStale(), b.loop.advance(300); }, "movie 00:06.6000 6.6"},
         Row{"a step behind it", [&] { b.preview.PreviewtransPort(Key::StepBack); }, "movie 00:06.5000 6.5"},
         Row{"it has been played", [&] { b.preview.playOrPauseMovie(), b.shows(72), b.preview.PrepPreview(); },
             "movie 00:07.2000 7.2"},
@@ -198,6 +198,67 @@ TEST(Preview, WhatStandsOfTheMovieIsAtThePlayhead) {
   b.collection.MovieList[2].TimeLineStop(Value(9));
   b.preview.takeTimes();
   EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 9})) << "a clip has been trimmed";
+}
+
+TEST(Preview, TheMovieIsSeenBehindAnEdit) {
+  PreviewBench b;
+  b.host.playhead = 6.64;
+  b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
+  b.preview.standAt(6.64);
+  for (int step = 0; step < 5; ++step) {
+    b.collection.MovieList[2].LoopEnd(Value(7.0 - step));
+    b.preview.movieEdited();
+    b.loop.advance(200);
+    EXPECT_EQ(b.takeActs(), "") << "while the hand goes on";
+  }
+  b.loop.advance(100);
+  EXPECT_EQ(b.takeActs(), "load seek:66") << "once";
+  EXPECT_EQ(b.host.takeNotes(), "") << "clip in hand and playhead stay";
+  b.loop.advance(1000);
+  EXPECT_EQ(b.state.kind, PreviewKind::Movie);
+  b.shows(66);
+  const auto before = b.state.picture;
+  b.preview.movieEdited();
+  b.host.previewChanged();
+  EXPECT_EQ(b.state.picture, before) << "it stands until the new one is there";
+  struct Row {
+    const char* what;
+    std::function<void()> act;
+    const char* acts;
+    PreviewKind kind;
+  };
+  for (const auto& row :
+       {Row{"held", [&] { b.host.rests = false; }, "", PreviewKind::Movie},
+        Row{"let go", [&] { b.host.rests = true, b.host.previewChanged(); }, "clear load seek:66",
+            PreviewKind::Movie},
+        Row{"the wheel", [&] { b.preview.movieEdited(), b.preview.showClip(); }, "clear", PreviewKind::None},
+        Row{"keyframes",
+            [&] { b.settings.state.KeyframeMode = 1, b.preview.movieEdited(), b.preview.movieIsStale(); }, "",
+            PreviewKind::None},
+        Row{"a sample",
+            [&] {
+              b.settings.state.KeyframeMode = 0;
+              b.preview.movieEdited();
+              b.preview.sample(Sample::Effect, 1);
+            },
+            "load play", PreviewKind::Effect},
+        Row{"another collection",
+            [&] {
+              b.preview.showAt(2);
+              b.takeActs();
+              b.preview.showClip();
+              b.preview.movieIsStale();
+            },
+            "clear", PreviewKind::None},
+        Row{"it plays", [&] { b.preview.movieEdited(), b.preview.PrepPreview(); }, "seek:20 play",
+            PreviewKind::Movie}}) {
+    row.act();
+    b.loop.advance(300);
+    const auto acts = b.takeActs();
+    EXPECT_TRUE(acts.ends_with(row.acts) && acts.empty() == std::string(row.acts).empty())
+        << row.what << ": " << acts;
+    EXPECT_EQ(b.state.kind, row.kind) << row.what;
+  }
 }
 
 TEST(Preview, APictureMayComeAheadOfThePlayersOwnPlace) {
