@@ -81,7 +81,8 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
                     if (farm.state().ended()) loop.quit();
                   });
   const auto leaveNothing = [&] {
-    if (isFresh && farm.state().made == 0) (void)session.files.removeFolder(order.workFolder).ok();
+    if (isFresh && farm.state().made == 0 && !farm.state().mayGoOn)
+      (void)session.files.removeFolder(order.workFolder).ok();
   };
   if (auto begun = farm.start({order, profile, jobs}); !begun) {
     leaveNothing();
