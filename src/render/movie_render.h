@@ -138,6 +138,9 @@ class MovieRender {
   // False, with a box, when the engine could not be started; without one when the user has given up.
   bool DoRender(const Job& job, const Part& part);
   bool takeProfile(const Job& job, RenderOrder& order);
+  [[nodiscard]] std::optional<RenderOrder> orderOf(
+      const Job& job, const std::string& output, const std::optional<std::pair<double, double>>& range) const;
+  [[nodiscard]] std::optional<OutputSize> profileSize() const;
   static void takePreset(const Job& job, RenderOrder& order);
   bool Shell32Bit(const RenderOrder& order, int MaxSeconds);
   void endEngine();
