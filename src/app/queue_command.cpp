@@ -3,6 +3,7 @@
 #include "adapters/posix/poll_loop.h"
 #include "adapters/posix/stop_signals.h"
 #include "app/commands.h"
+#include "app/engine_job.h"
 #include "base/numbers.h"
 
 #include <filesystem>
@@ -37,7 +38,10 @@ int addToQueue(Session& session, QueueStore& store, const CommandLine& line) {
   auto order = renderOrder(session, line);
   if (!order) return fail(order.error().text);
   order->output = absoluteName(order->output, std::filesystem::current_path().string());
-  const auto number = store.add(line.collection, *order, ownProfile(line));
+  const auto profile = ownProfile(line);
+  const auto inSegments = makesSegments(session.files, session.temporaryFolders, *order, profile);
+  if (!inSegments) return fail(inSegments.error().text);
+  const auto number = store.add(line.collection, *order, profile, !*inSegments);
   if (!number) return fail(number.error().text);
   print("job " + std::to_string(*number) + "\n");
   return kExitDone;
@@ -107,6 +111,11 @@ int runQueue(Session& session, const CommandLine& line, const std::string& engin
       return changed([&](RenderQueue& queue) { return pauseJob(queue, number); });
     case QueueAct::Resume:
       return changed([&](RenderQueue& queue) { return resumeJob(queue, number); });
+    case QueueAct::Clear:
+      return changed([](RenderQueue& queue) -> Outcome {
+        clearDone(queue);
+        return {};
+      });
     case QueueAct::Move:
       return changed([&](RenderQueue& queue) { return moveJob(queue, number, line.queuePlace); });
     case QueueAct::Remove: {

@@ -221,6 +221,7 @@ class WindowProgram {
     editor_.desk().whenLooked([this] { keeping_.want(cache_); });
     list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
     shutDown_.whenBusy([this] { (void)renders_.mayEnd(); });
+    shutDown_.whenLeaving([this] { return queueLinks_.mayLeave(); });
     links_.takeInterfaceSize();
   }
 
@@ -301,7 +302,8 @@ class WindowProgram {
     return {.choose = act([this](int row) { queueLinks_.choose(row); }),
             .pauseOrGoOn = act([this] { queueLinks_.pauseOrGoOn(); }),
             .remove = act([this] { queueLinks_.remove(); }),
-            .move = act([this](int place) { queueLinks_.move(place); })};
+            .move = act([this](int place) { queueLinks_.move(place); }),
+            .clear = act([this] { queueLinks_.clear(); })};
   }
 
   void showQueue() {

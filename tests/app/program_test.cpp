@@ -185,6 +185,7 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", good, "--output", work_ / "none/o.avi", "--resume"}, 1, "none/o.avi: No such file"},
       {{"--render", good, "--output", work_ / "none/o.avi", "--slurm", "2"}, 1, "none/o.avi: No such file"},
       {{"--queue", "add", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi: No such file"},
+      {{"--queue", "add", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
       {{"--render", good, "--output", work_ / "o.mkv"}, 2, "o.mkv: its name must end in .WMV"},
       {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
       {{"--render", good, "--output", good}, 2, "good.INI: its name must end in"},
@@ -503,6 +504,8 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   EXPECT_FALSE(std::filesystem::exists(work_ / ".rendering-c.avi"));
   EXPECT_FALSE(std::filesystem::exists(home_ / "program/Queue/3.xtl"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 1, "job 1 is done");
+  expectEnd(kvo5({"--queue", "clear"}), 0);
+  expectEnd(kvo5({"--queue", "list"}), 0, "the queue is empty");
   expectEnd(kvo5({"--queue", "stop"}), 2);
   std::ofstream(home_ / "program/Queue/Queue.txt") << "KVO5 render queue of next year\n";
   expectEnd(kvo5({"--queue", "list"}), 1, "is not a queue of this program");

@@ -93,7 +93,8 @@ Outcome QueueStore::change(const std::function<Outcome(RenderQueue&)>& change) {
   return writeDurably(files_, folder_ + kQueueFile, queueText(*queue));
 }
 
-Result<int> QueueStore::add(const std::string& title, const RenderOrder& order, const std::string& profile) {
+Result<int> QueueStore::add(const std::string& title, const RenderOrder& order, const std::string& profile,
+                            bool isInOnePiece) {
   const std::string folder(folderPart(order.output));
   if (!files_.mayWriteInto(folder)) {
     return Error{"cannot write " + order.output +
@@ -105,6 +106,7 @@ Result<int> QueueStore::add(const std::string& title, const RenderOrder& order, 
     if (!put) return put.error();
     auto& job = **put;
     number = job.number;
+    job.isInOnePiece = isInOnePiece;
     if (auto done = writeDurably(files_, beside(number, ".xtl"), order.document); !done) return done;
     if (profile.empty()) return {};
     job.order.profileFile = beside(number, ".prx");

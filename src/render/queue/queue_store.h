@@ -27,8 +27,10 @@ class QueueStore {
   Outcome change(const std::function<Outcome(RenderQueue&)>& change);
 
   /// Adds a job with copies of its document and of `profile`, the bytes of a profile file, if any. Gives its
-  /// number. Fails, too, where its output's folder cannot be written, and as addJob does.
-  Result<int> add(const std::string& title, const RenderOrder& order, const std::string& profile);
+  /// number. One in one piece keeps nothing before it stands. Fails, too, where its output's folder cannot be
+  /// written, and as addJob does.
+  Result<int> add(const std::string& title, const RenderOrder& order, const std::string& profile,
+                  bool isInOnePiece = false);
 
   /// The order of a job with its document.
   [[nodiscard]] Result<RenderOrder> orderOf(const QueueJob& job) const;

@@ -53,6 +53,8 @@ constexpr std::array kQueueRows = {
              [](QueueJob& job, std::string_view text) {
                job.share = std::clamp(numberIn(text).value_or(0), 0.0, 1.0);
              }},
+    QueueRow{"one piece", [](const QueueJob& job) { return std::string(job.isInOnePiece ? "1" : ""); },
+             [](QueueJob& job, std::string_view text) { job.isInOnePiece = !text.empty(); }},
     QueueRow{"output", [](const QueueJob& job) { return job.order.output; },
              [](QueueJob& job, std::string_view text) { job.order.output = text; }},
     QueueRow{"range", [](const QueueJob& job) { return rangeText(job.order); },
@@ -105,7 +107,8 @@ std::string_view stateWord(JobState state) { return kStateWords.at(static_cast<s
 Result<QueueJob*> addJob(RenderQueue& queue, std::string title, RenderOrder order) {
   if (auto alone = aloneWith(queue, order.output, 0); !alone) return alone.error();
   order.workFolder = workFolderOf(order.output);
-  queue.jobs.push_back({++queue.lastNumber, JobState::Waiting, std::move(title), {}, 0, std::move(order)});
+  queue.jobs.push_back(
+      {++queue.lastNumber, JobState::Waiting, std::move(title), {}, 0, false, std::move(order)});
   return &queue.jobs.back();
 }
 
@@ -161,6 +164,10 @@ Outcome beginJob(RenderQueue& queue, int number) {
 Outcome removeJob(RenderQueue& queue, int number) {
   const auto gone = std::erase_if(queue.jobs, [&](const QueueJob& job) { return job.number == number; });
   return gone == 0 ? Outcome(noJob(number)) : Outcome();
+}
+
+void clearDone(RenderQueue& queue) {
+  std::erase_if(queue.jobs, [](const QueueJob& job) { return job.state == JobState::Done; });
 }
 
 Outcome moveJob(RenderQueue& queue, int number, int place) {

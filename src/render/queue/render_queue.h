@@ -25,7 +25,9 @@ struct QueueJob {
   std::string title;    ///< whose movie it is
   std::string failure;  ///< a line, of one that failed
   double share = 0;     ///< how far it is, 0 to 1
-  RenderOrder order;    ///< document and profile lie in files beside the queue's
+  /// Nothing of it is kept before all of it stands: cut off, it begins anew.
+  bool isInOnePiece = false;
+  RenderOrder order;  ///< document and profile lie in files beside the queue's
 };
 
 /// In the order in which they are made.
@@ -56,6 +58,8 @@ Outcome resumeJob(RenderQueue& queue, int number);
 Outcome removeJob(RenderQueue& queue, int number);
 /// One that waits is being made.
 Outcome beginJob(RenderQueue& queue, int number);
+/// Takes those out whose movies stand.
+void clearDone(RenderQueue& queue);
 /// Brings it to a place, counted from 1; behind the last means there.
 Outcome moveJob(RenderQueue& queue, int number, int place);
 
