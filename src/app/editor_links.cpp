@@ -212,11 +212,9 @@ void EditorLinks::missed(const FileWatch::Paths& files) {
 }
 
 std::string EditorLinks::goInHistory(int steps) {
-  const auto& frame = states_.window.frame;
-  if (!frame.toolsOn) return frame.toolsOffBecause;
   const auto& history = parts_.window.history;
-  if (steps < 0 ? history.done.empty() : history.undone.empty())
-    return translated(steps < 0 ? "There is nothing to undo" : "There is nothing to redo");
+  auto why = whyNoStep(states_.window.frame, {history.done, history.undone}, steps);
+  if (!why.empty()) return why;
   const auto count = static_cast<std::size_t>(std::abs(steps));
   steps < 0 ? parts_.history.undo(count) : parts_.history.redo(count);
   return {};

@@ -97,12 +97,11 @@ void RenderLinks::Rendertofile() {
 void RenderLinks::RenderPinP() {
   auto& overlay = parts_.editor.states().overlay;
   if (parts_.window.busy() || overlay.look.overlayClip == 0) return;
-  const auto isHeard = [](const OverlaySound& sound) { return sound.box.enabled && sound.ticked; };
   KillPreview();
   render_.RenderPinP(chosenClip(overlay.Lst_PicinPicBackdrop),
                      {.preview = false,
-                      .backdropAudio = isHeard(overlay.backdropSound),
-                      .overlayAudio = isHeard(overlay.overlaySound)});
+                      .backdropAudio = overlay.backdropSound.isHeard(),
+                      .overlayAudio = overlay.overlaySound.isHeard()});
 }
 
 bool RenderLinks::mayEnd() {

@@ -64,6 +64,22 @@ DrawnKey drawnKey(const KeyRow& row, double size) {
 
 }  // namespace
 
+bool ButtonsState::takesMouse(KeyPlace place, bool anyClip) const {
+  switch (place) {
+    case KeyPlace::Mini:
+    case KeyPlace::Minimise:
+      return true;
+    case KeyPlace::FastRewind:
+    case KeyPlace::FrameBack:
+    case KeyPlace::FrameForward:
+    case KeyPlace::FastForward:
+    case KeyPlace::Speeds:
+      return anyClip && stepLabelsEnabled;
+    default:
+      return anyClip;
+  }
+}
+
 void Buttons::BuildButton(KeyWord word, bool playOn) {
   passOn(word);
   if (playOn) {

@@ -43,6 +43,9 @@ struct ButtonsState {
   std::uint64_t revision = 1;  ///< higher after each change
 
   [[nodiscard]] const DrawnKey& at(KeyPlace place) const { return drawn[static_cast<std::size_t>(place)]; }
+  /// The labels of a place take the mouse; `anyClip`: there are clips, which all need but those of the
+  /// window.
+  [[nodiscard]] bool takesMouse(KeyPlace place, bool anyClip) const;
 };
 
 }  // namespace kvo

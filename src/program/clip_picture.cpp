@@ -52,4 +52,11 @@ PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksA
           height};
 }
 
+bool showsEngine(const MainWindowState& state, bool looksAt) {
+  const auto& player = state.mode.player;
+  const auto& come = state.picture;
+  const bool looksElsewhere = looksAt && come.picture != nullptr && come.wish.path == player.path;
+  return player.shows() && !player.place.parked() && !state.mode.still.Img_Still.visible && !looksElsewhere;
+}
+
 }  // namespace kvo

@@ -36,4 +36,8 @@ const ClipRow* rowOnShow(const MainWindowState& state);
 /// instead.
 PictureWish pictureOf(const MainWindowState& state, std::optional<double> looksAt, int width, int height);
 
+/// Whether what is seen is the picture that the engine draws: not while it is out of sight, nor once that of
+/// another time has come, if the user `looksAt` one.
+[[nodiscard]] bool showsEngine(const MainWindowState& state, bool looksAt);
+
 }  // namespace kvo

@@ -78,6 +78,7 @@ TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
     way(b.display);
     EXPECT_EQ(b.mode.IsMiniMode, zoom);
     EXPECT_EQ(b.mode.IsFullScreenWindow, covers);
+    EXPECT_EQ(b.mode.isLit(HitLabel::Lbl_MinMax), covers);
   }
   EXPECT_FALSE(b.display.stepBack());
   EXPECT_TRUE(coversAtHint) << "the hint waits for the user over the screen that was asked for";
@@ -295,6 +296,23 @@ std::string playGroup(const DisplayBench& b) {
   if (b.mode.player.IsPlaying) line += " playing";
   if (b.mode.player.IsPaused) line += " paused";
   return line;
+}
+
+TEST(Buttons, WhatNeedsAClipOrAPlayerTakesTheMouseOnlyThen) {
+  const struct {
+    KeyPlace place;
+    std::array<bool, 3> takes;  // without clips, with them, with steps too
+  } rows[] = {{KeyPlace::Minimise, {true, true, true}}, {KeyPlace::Mini, {true, true, true}},
+              {KeyPlace::Play, {false, true, true}},    {KeyPlace::PlayAll, {false, true, true}},
+              {KeyPlace::Size, {false, true, true}},    {KeyPlace::FrameBack, {false, false, true}},
+              {KeyPlace::Speeds, {false, false, true}}, {KeyPlace::FastForward, {false, false, true}}};
+  ButtonsState steps;
+  steps.stepLabelsEnabled = true;
+  for (const auto& row : rows)
+    EXPECT_EQ((std::array{steps.takesMouse(row.place, false), ButtonsState().takesMouse(row.place, true),
+                          steps.takesMouse(row.place, true)}),
+              row.takes)
+        << static_cast<int>(row.place);
 }
 
 TEST(Buttons, WordsChangeThePlayGroup) {

@@ -198,6 +198,34 @@ TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
   EXPECT_EQ(b.state.picture, nullptr);
 }
 
+TEST(ClipPicture, IsTheEnginesUnlessAnotherStandsForIt) {
+  using Change = std::function<void(MainWindowState&)>;
+  const struct {
+    const char* what;
+    Change now;
+    bool whilePlayed, whileLookedAt;
+  } rows[] = {{"in sight", [](auto&) {}, true, true},
+              {"hidden", [](auto& s) { s.mode.player.visible = false; }, false, false},
+              {"parked", [](auto& s) { s.mode.player.place.left = kParked; }, false, false},
+              {"a still", [](auto& s) { s.mode.still.Img_Still.visible = true; }, false, false},
+              {"that of another time has come",
+               [](auto& s) { s.picture.picture = std::make_shared<FramePicture>(); }, true, false},
+              {"that of another clip has come",
+               [](auto& s) {
+                 s.picture.picture = std::make_shared<FramePicture>();
+                 s.picture.wish.path = "/other";
+               },
+               true, true}};
+  for (const auto& row : rows) {
+    MainWindowState state;
+    state.mode.player.path = state.picture.wish.path = "/v";
+    state.mode.player.visible = true;
+    row.now(state);
+    EXPECT_EQ(showsEngine(state, false), row.whilePlayed) << row.what;
+    EXPECT_EQ(showsEngine(state, true), row.whileLookedAt) << row.what;
+  }
+}
+
 TEST(FaceParts, WhatTheNormalFaceShowsGoesByListDetailsAndPlayer) {
   const struct {
     const char* what;

@@ -1,5 +1,6 @@
 #include "render/batch_file.h"
 #include "render/render_driver.h"
+#include "render/work_view.h"
 #include "support/fake_processes.h"
 #include "support/memory_files.h"
 #include "support/memory_folders.h"
@@ -33,6 +34,67 @@ TEST(EngineProtocol, IsReadAsItIsWritten) {
             "a.avi: the picture from 1.20 to 1.84 s cannot be decoded; the one ahead stands");
   EXPECT_EQ(damageText({true, 0, 2, "a.avi"}),
             "a.avi: the sound from 0.00 to 2.00 s cannot be decoded; it is silent");
+}
+
+TEST(WorkView, SaysHowFarTheRenderIs) {
+  const struct {
+    const char* what;
+    RenderFrame frame;
+    bool isRunning, isAborted, hasFilm, isNew;
+    WorkView expected;
+  } rows[] = {{"a sample",
+               RenderFrame::Estimate,
+               true,
+               false,
+               true,
+               false,
+               {"Trying a short piece of your movie",
+                "It is rendered first, and tells how long the whole will take and how much disk it needs.",
+                "of the sample", false, true, true, false}},
+              {"the whole",
+               RenderFrame::Rendering,
+               true,
+               false,
+               true,
+               false,
+               {"The engine begins", "Encoding", "of the countdown", false, true, true, false}},
+              {"sound alone, and it ends",
+               RenderFrame::Rendering,
+               true,
+               true,
+               false,
+               false,
+               {"The engine begins", "Encoding", "of the countdown", false, false, false, false}},
+              {"a movie",
+               RenderFrame::Report,
+               false,
+               false,
+               true,
+               true,
+               {"Completed", "3 Mb", "of the countdown", true, false, false, true}},
+              {"one that is in the collection",
+               RenderFrame::Report,
+               false,
+               false,
+               true,
+               false,
+               {"Completed", "3 Mb", "of the countdown", true, false, false, false}}};
+  for (const auto& row : rows) {
+    RenderState state;
+    state.frame = row.frame;
+    state.isRunning = row.isRunning;
+    state.RenderAborted = row.isAborted;
+    if (row.hasFilm) state.film.emplace_back();
+    state.canView = row.isNew;
+    state.summary = "Encoding";
+    state.completed = "Completed";
+    state.sizeLabel = "3 Mb";
+    EXPECT_EQ(workView(state), row.expected) << row.what;
+  }
+  RenderState counts;
+  counts.frame = RenderFrame::Rendering;
+  counts.countdown = "About 00.01.30(s) Remaining";
+  EXPECT_EQ(workView(counts).headline, counts.countdown);
 }
 
 // The engine is slower in the second half, and stands still there for a while.

@@ -1,6 +1,7 @@
 #include "ui/digit_display.h"
 #include "ui/kvo_but.h"
 #include "ui/level_lights.h"
+#include "ui/owner_place.h"
 #include "ui/progress_bar.h"
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
@@ -38,6 +39,27 @@ int countOf(QWidget& widget, Rgb colour) {
     for (int x = 0; x < image.width(); ++x) count += (image.pixel(x, y) & 0xFFFFFFU) == colour ? 1 : 0;
   }
   return count;
+}
+
+TEST(OwnerPlace, AWindowStandsByItsOwnerAsFarAsTheScreenHasRoom) {
+  const QRect room(0, 30, 1366, 738);
+  const QSize size(400, 300);
+  const struct {
+    const char* what;
+    QRect owner;
+    QSize size;
+    QPoint over, beside;
+  } rows[] = {{"in the middle", {300, 200, 600, 400}, size, {400, 250}, {907, 200}},
+              {"at the right edge", {900, 200, 600, 400}, size, {965, 250}, {492, 200}},
+              {"at the upper left", {-300, -100, 400, 300}, size, {0, 30}, {107, -100}},
+              {"at the foot", {300, 600, 600, 400}, size, {400, 467}, {907, 600}},
+              {"neither side has room", {100, 200, 1200, 400}, size, {500, 250}, {0, 200}},
+              {"too large", {300, 200, 600, 400}, {1400, 900}, {0, 30}, {0, 200}}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(overOwner(row.owner, room, row.size), row.over) << row.what;
+    EXPECT_EQ(besideOwner(row.owner, room, row.size, 8), row.beside) << row.what;
+  }
+  EXPECT_EQ(overOwner(rows[0].owner, room, size, {0.78, 0.2}), QPoint(568, 130));
 }
 
 TEST(KvoBut, ShowsThePictureOfItsState) {

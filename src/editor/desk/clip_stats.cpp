@@ -15,7 +15,6 @@
 namespace kvo {
 namespace {
 
-constexpr const char* kNotApplicable = "N/A";
 constexpr double kTenths = 10;
 constexpr double kPercent = 100;
 

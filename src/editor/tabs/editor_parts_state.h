@@ -10,6 +10,9 @@
 
 namespace kvo {
 
+/// Stands for what a clip does not have.
+inline constexpr const char* kNotApplicable = "N/A";
+
 /// The card of the clip in hand; empty texts leave their line empty.
 struct ClipStats {
   std::string lbl_ClipStats;     ///< "Cut 2 Details"
@@ -85,6 +88,11 @@ struct EditorHistory {
   std::vector<std::string> undone;  ///< the next to be redone is the last
   bool operator==(const EditorHistory&) const = default;
 };
+
+struct EditorFrame;
+/// Why nothing can be undone now (`steps` below 0), redone (above) or either (0). Composed; empty where it
+/// can.
+std::string whyNoStep(const EditorFrame& frame, const EditorHistory& history, int steps);
 
 /// The window itself.
 struct EditorFrame {

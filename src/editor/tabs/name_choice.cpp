@@ -56,7 +56,7 @@ void NameChooser::showFavouritesAlone(bool alone) {
   show();
 }
 
-bool NameChooser::isFavourite(std::string_view name) const { return contains(choice_.favourites, name); }
+bool NameChoice::isFavourite(std::string_view name) const { return contains(favourites, name); }
 
 void NameChooser::toggleFavourite(std::string_view name) {
   auto wanted = choice_.favourites;

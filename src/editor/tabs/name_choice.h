@@ -15,6 +15,8 @@ struct NameChoice {
   std::vector<std::string> favourites;  ///< in list order
   std::vector<std::string> lastUsed;    ///< the latest first
   std::vector<std::string> shown;       ///< names that pass the search, in list order
+
+  [[nodiscard]] bool isFavourite(std::string_view name) const;
 };
 
 class NameChooser {
@@ -33,7 +35,7 @@ class NameChooser {
   void find(std::string text);
   void showFavouritesAlone(bool alone);
   void toggleFavourite(std::string_view name);
-  [[nodiscard]] bool isFavourite(std::string_view name) const;
+  [[nodiscard]] bool isFavourite(std::string_view name) const { return choice_.isFavourite(name); }
   void noteUse(const std::string& name);
 
  private:

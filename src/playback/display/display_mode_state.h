@@ -133,6 +133,8 @@ struct DisplayModeState {
 
   /// 15, 12, 10 or 7.5
   [[nodiscard]] Twips twipsPerPixel() const { return 15 / interfaceSize; }
+  /// What a label of the toolbar stands for is on.
+  [[nodiscard]] bool isLit(HitLabel label) const;
 };
 
 }  // namespace kvo

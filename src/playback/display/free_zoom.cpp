@@ -13,6 +13,21 @@ constexpr double kMostOfScreen = 2.0 / 3;  // of a side that a window may take b
 
 }  // namespace
 
+bool DisplayModeState::isLit(HitLabel label) const {
+  switch (label) {
+    case HitLabel::Lbl_PlayGraphic:
+      return player.IsPlaying;
+    case HitLabel::Lbl_PauseGraphic:
+      return player.IsPaused;
+    case HitLabel::Lbl_SliderMiniMode:
+      return ticks.mnu_ShowSlider;
+    case HitLabel::Lbl_MinMax:
+      return IsFullScreenWindow;
+    default:
+      return false;
+  }
+}
+
 void Display::Lbl_MiniMode_Click() {
   if (parts_.mode.IsMiniMode) return leaveFreeZoom();
   enterFreeZoom();

@@ -24,6 +24,9 @@ struct StreamLabels {
   std::string progress;         ///< "40%  @ 128000" while it buffers; else empty
   bool buffer = false;          ///< the buffer label is shown: it runs low
   bool bufferLit = false;       ///< in its other colour
+
+  /// What comes in now: how far it buffers, else its rate.
+  [[nodiscard]] const std::string& comesIn() const { return progress.empty() ? bandwidth : progress; }
   bool operator==(const StreamLabels&) const = default;
 };
 

@@ -15,7 +15,6 @@ constexpr int kDetailHeight = 17;
 constexpr double kDetailPitch = 18.6;
 constexpr double kLeastDetails = 0.87;  // times its own height
 constexpr double kMostDetails = 1.6;
-constexpr QLatin1StringView kNone("N/A");
 
 struct DetailRow {
   const char* caption;
@@ -67,7 +66,7 @@ void ClipDetailsPart::draw() {
     values_[i]->setAccessibleName(caption);
     const auto text = shown(state_.*row.text);
     setTextOf(*values_[i], text);
-    values_[i]->setEnabled(text != kNone);
+    values_[i]->setEnabled(state_.*row.text != kNotApplicable);
     captions_[i]->setVisible(!isNone);
     values_[i]->setAccessibleDescription(text);
   }

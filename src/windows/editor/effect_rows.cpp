@@ -100,7 +100,7 @@ void EffectRowBox::paintPicture(QPainter& painter) const {
 }
 
 void EffectRowBox::paintSigns(QPainter& painter) const {
-  const bool isFavourite = list_.isFavourite(face().caption);
+  const bool isFavourite = list_.state_.names.isFavourite(face().caption);
   if (isFavourite || underMouse()) {
     const auto star = iconPicture("star", isFavourite ? token("amber") : token("text1"), themed(kRowStar),
                                   devicePixelRatioF());
@@ -136,10 +136,6 @@ EffectRows::EffectRows(const EffectTab& state, MovingSamples& samples, Acts acts
 }
 
 QCheckBox* EffectRows::box(int position) const { return rows_[static_cast<std::size_t>(position - 1)]; }
-
-bool EffectRows::isFavourite(const std::string& name) const {
-  return std::ranges::find(state_.names.favourites, name) != state_.names.favourites.end();
-}
 
 EffectRowBox* EffectRows::current() const {
   return current_ < static_cast<int>(shown_.size()) ? shown_[static_cast<std::size_t>(current_)] : nullptr;
@@ -201,7 +197,7 @@ void EffectRows::openMenu() {
   const auto name = row->face().caption;
   QMenu menu(this);
   menu.addAction(tr("Keyframes"), [this, row] { acts_.configure(row->position()); });
-  menu.addAction(isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
+  menu.addAction(state_.names.isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
                  [this, name] { acts_.toggleFavourite(name); });
   menu.exec(row->mapToGlobal(row->rect().center()));
 }

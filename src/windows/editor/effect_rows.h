@@ -53,7 +53,6 @@ class EffectRows final : public QScrollArea {
   void goTo(int row);
   void openMenu();
   void tellFocus();
-  [[nodiscard]] bool isFavourite(const std::string& name) const;
   [[nodiscard]] EffectRowBox* current() const;
 
   const EffectTab& state_;

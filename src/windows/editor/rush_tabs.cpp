@@ -106,19 +106,15 @@ void RushTabs::draw() {
   const auto& queue = state_.queue;
   queue_->draw(shown(queue.text), shown(queue.about), queue.share, queue.isBad, themeSize());
   const auto& history = state_.history;
-  const auto& off = state_.frame.toolsOffBecause;
-  const auto offer = [&](KVOBut& key, const QString& tip, const QString& nothing) {
-    setWhyNot(key, off.empty() ? nothing : shown(off), tip);
+  const auto offer = [&](KVOBut& key, const QString& tip, int steps) {
+    setWhyNot(key, shown(whyNoStep(state_.frame, history, steps)), tip);
   };
   const auto act = [](const QString& pattern, const auto& names) {
     return pattern.arg(names.empty() ? QString() : shown(names.back())).trimmed();
   };
-  const auto unless = [](bool has, const QString& nothing) { return has ? QString() : nothing; };
-  const auto noUndo = unless(!history.done.empty(), tr("There is nothing to undo"));
-  const auto noRedo = unless(!history.undone.empty(), tr("There is nothing to redo"));
-  offer(*undo_, act(tr("Undo %1"), history.done), noUndo);
-  offer(*redo_, act(tr("Redo %1"), history.undone), noRedo);
-  offer(*list_, tr("What has been done"), noRedo.isEmpty() ? QString() : noUndo);
+  offer(*undo_, act(tr("Undo %1"), history.done), -1);
+  offer(*redo_, act(tr("Redo %1"), history.undone), 1);
+  offer(*list_, tr("What has been done"), 0);
 }
 
 void RushTabs::goInHistory(int steps) {

@@ -89,14 +89,9 @@ int TransitionTiles::chosen() const {
   return found == state_.names.shown.end() ? -1 : static_cast<int>(found - state_.names.shown.begin());
 }
 
-bool TransitionTiles::isFavourite(const std::string& name) const {
-  return std::find(state_.names.favourites.begin(), state_.names.favourites.end(), name) !=
-         state_.names.favourites.end();
-}
-
 QString TransitionTiles::rowName(int row) const {
   const auto& name = state_.names.shown[static_cast<std::size_t>(row)];
-  return isFavourite(name) ? tr("%1, a favourite").arg(shown(name)) : shown(name);
+  return state_.names.isFavourite(name) ? tr("%1, a favourite").arg(shown(name)) : shown(name);
 }
 
 QRect TransitionTiles::rowPlace(int row) const {
@@ -178,10 +173,10 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
   const auto line = placed(kTileName, taller, 0);
   painter.drawText(line, Qt::AlignCenter,
                    QFontMetricsF(font).elidedText(shown(name), Qt::ElideRight, line.width()));
-  if (isHovered || isFavourite(name)) {
+  if (isHovered || state_.names.isFavourite(name)) {
     const auto star = starRect(index);
     painter.drawPixmap(star.center() - QPoint(themed(kStarSide), themed(kStarSide)) / 2,
-                       iconPicture("star", isFavourite(name) ? token("amber") : token("text1"),
+                       iconPicture("star", state_.names.isFavourite(name) ? token("amber") : token("text1"),
                                    themed(kStarSide), devicePixelRatio()));
   }
   if (isChosen && showsFocus(*this)) drawFocusRing(painter, tile, themed(kTileRadius + 2));
@@ -204,7 +199,7 @@ void TransitionTiles::offerFavourite(int index, const QPoint& global) {
   if (index < 0) return;
   const auto name = state_.names.shown[static_cast<std::size_t>(index)];
   QMenu menu(this);
-  menu.addAction(isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
+  menu.addAction(state_.names.isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
                  [this, name] { acts_.toggleFavourite(name); });
   menu.exec(global);
 }

@@ -59,7 +59,6 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   [[nodiscard]] QRect starRect(int index) const;
   [[nodiscard]] int tileAt(const QPoint& at) const;
   [[nodiscard]] int chosen() const;
-  [[nodiscard]] bool isFavourite(const std::string& name) const;
 
   const TransitionTab& state_;
   MovingSamples& samples_;

@@ -206,7 +206,7 @@ void GlassPart::drawStream(QPainter& painter) const {
         box, Qt::AlignCenter,
         QFontMetricsF(painter.font(), this).elidedText(shown(text), Qt::ElideRight, box.width()));
   };
-  line(kStreamPlace, stream_.progress.empty() ? stream_.bandwidth : stream_.progress);
+  line(kStreamPlace, stream_.comesIn());
   const auto below = kStreamPlace.translated(0, kStreamPlace.height());
   painter.setPen(toColour(token("text2")));
   if (!stream_.buffer) return line(below, stream_.title);

@@ -26,7 +26,6 @@ struct KeyRow {
   int third;   ///< of the picture from left to right; -1 for all of it
   QRectF key;  ///< what of the label is the key, at size 1
   bool isRound;
-  bool isStep;  ///< one of the seven that can be disabled together
   const char* name;
   const char* keys;                            // of the keyboard that do the same; empty for none
   std::function<void()> KeysPart::Acts::*act;  // null for a key that steps
@@ -41,7 +40,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {2, 2, 44, 44},
      true,
-     false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Play"),
      "Space",
      &KeysPart::Acts::play},
@@ -49,7 +47,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {2, 5, 28, 28},
      true,
-     false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Pause"),
      "Space",
      &KeysPart::Acts::pause},
@@ -57,7 +54,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {3, 2, 22, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart",
                        "Right-Click to position to start or Click or Hold Down to rewind 5 frames"),
      "<",
@@ -67,7 +63,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {3, 2, 22, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "One frame back"),
      ",",
      nullptr,
@@ -76,7 +71,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {3, 2, 22, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "One frame forward"),
      ".",
      nullptr,
@@ -85,7 +79,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {3, 2, 22, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart",
                        "Right-Click to position to end or Click or Hold Down to advance 5 frames"),
      ">",
@@ -95,7 +88,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      0,
      {2, 2, 30, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "A quarter of the speed"),
      "Q",
      &KeysPart::Acts::speed025},
@@ -103,7 +95,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      1,
      {0, 2, 32, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Half the speed"),
      "H",
      &KeysPart::Acts::speed05},
@@ -111,14 +102,12 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      2,
      {0, 2, 30, 24},
      false,
-     true,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Twice the speed"),
      "D",
      &KeysPart::Acts::speed02},
     {KeyPlace::Size,
      kWhole,
      {2, 2, 34, 24},
-     false,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Size of the picture"),
      "",
@@ -127,7 +116,6 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {2, 2, 48, 30},
      false,
-     false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Play all"),
      "",
      &KeysPart::Acts::playAll},
@@ -135,14 +123,12 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      kWhole,
      {2, 1, 40, 16},
      false,
-     false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Free Zoom Mode"),
      "",
      &KeysPart::Acts::mini},
     {KeyPlace::Minimise,
      kWhole,
      {1, 2, 22, 19},
-     false,
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Minimise"),
      "",
@@ -214,8 +200,7 @@ void KeysPart::draw() {
         drawn.hover > 0 ? images_.picture(drawn.hover, scale_.size(), label.devicePixelRatio()) : QPixmap());
     label.setShape(scale_.place(row.key).translated(part.topLeft() - hit.topLeft()), row.isRound);
     const bool acts = row.step ? static_cast<bool>(acts_.steps.release) : static_cast<bool>(acts_.*row.act);
-    const bool ofWindow = row.place == KeyPlace::Mini || row.place == KeyPlace::Minimise;
-    label.setEnabled(acts && (!row.isStep || state_.stepLabelsEnabled) && (anyClip_ || ofWindow));
+    label.setEnabled(acts && state_.takesMouse(row.place, anyClip_));
     label.setLit(drawn.lit);
   }
   const auto& minimise = state_.at(KeyPlace::Minimise);

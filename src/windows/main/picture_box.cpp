@@ -106,16 +106,8 @@ void PictureBox::makeVideo() {
   widget.hide();
 }
 
-// Out of sight, or once that of the time that is looked at has come, it is not the engine's picture.
 bool PictureBox::isPlayed() const {
-  const auto& player = state_.mode.player;
-  return feed_ != nullptr && feed_->output().hasPicture() && player.shows() && !player.place.parked() &&
-         !state_.mode.still.Img_Still.visible && !looksElsewhere();
-}
-
-bool PictureBox::looksElsewhere() const {
-  const auto& come = state_.picture;
-  return at_ && come.picture != nullptr && come.wish.path == state_.mode.player.path;
+  return feed_ != nullptr && feed_->output().hasPicture() && showsEngine(state_, at_.has_value());
 }
 
 void PictureBox::lookAt(std::optional<double> seconds) {

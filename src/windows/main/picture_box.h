@@ -46,7 +46,6 @@ class PictureBox : public QWidget {
 
  private:
   [[nodiscard]] bool isPlayed() const;
-  [[nodiscard]] bool looksElsewhere() const;
   void take();
   void makeVideo();
 

@@ -89,14 +89,6 @@ KeysPart::Acts SkinnedFace::keyActs(WindowActs& acts) {
           .steps = stepActs(logic_.positions.stepping, [this] { acted_(); })};
 }
 
-// What the user does there, and all is drawn anew.
-std::function<void()> SkinnedFace::act(std::function<void()> work) {
-  return [this, work = std::move(work)] {
-    work();
-    acted_();
-  };
-}
-
 void SkinnedFace::makeParts(WindowActs& acts, const std::string& folder) {
   rail_ =
       made<TitleRailPart>(TitleRailPart::State{state_.face, state_.history, state_.queue},

@@ -18,6 +18,7 @@
 #include <QWidget>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace kvo {
 
@@ -73,7 +74,13 @@ class SkinnedFace : public QWidget {
 
  private:
   void press(Transport& transport, bool right);
-  [[nodiscard]] std::function<void()> act(std::function<void()> work);
+  // What the user does there, and all is drawn anew.
+  [[nodiscard]] auto act(std::function<void()> work) {
+    return [this, work = std::move(work)] {
+      work();
+      acted_();
+    };
+  }
   void makeParts(WindowActs& acts, const std::string& folder);
   void makePictures();
   void makeSlider(const std::string& folder);

@@ -28,7 +28,7 @@ void StreamChip::draw() {
   const auto& mode = state_.mode;
   const auto& labels = state_.transport.stream;
   const bool wanted = labels.Lbl_StreamInfo && labels.buffer && (mode.IsMiniMode || mode.pictureAlone);
-  const auto text = shown(labels.progress.empty() ? labels.bandwidth : labels.progress);
+  const auto text = shown(labels.comesIn());
   setVisible(wanted && !text.isEmpty());
   if (isHidden()) return;
   const FaceScale scale(mode.interfaceSize, logicalDpiY());

@@ -88,21 +88,6 @@ void ToolbarPart::layOut(const FaceScale& scale) {
 
 int ToolbarPart::pixels(Twips twips) const { return qRound(twips / state_.mode.twipsPerPixel()); }
 
-bool ToolbarPart::isLit(HitLabel label) const {
-  switch (label) {
-    case HitLabel::Lbl_PlayGraphic:
-      return state_.mode.player.IsPlaying;
-    case HitLabel::Lbl_PauseGraphic:
-      return state_.mode.player.IsPaused;
-    case HitLabel::Lbl_SliderMiniMode:
-      return state_.mode.ticks.mnu_ShowSlider;
-    case HitLabel::Lbl_MinMax:
-      return state_.mode.IsFullScreenWindow;
-    default:
-      return false;
-  }
-}
-
 QString ToolbarPart::tipOf(HitLabel label) const {
   const auto step = stepOf(label);
   if (step != Step::Rew5 && step != Step::Adv5) return plainTip(told(state_.mode.toolbar[label].toolTip));
@@ -120,7 +105,7 @@ void ToolbarPart::draw() {
     key.setVisible(place.visible);
     key.setGlyph(place.left / whole, place.width / whole);
     key.setGeometry(pixels(place.left), scale_.at(kLabelTop), pixels(place.width), scale_.at(kLabelHigh));
-    key.setLit(isLit(label));
+    key.setLit(state_.mode.isLit(label));
     const auto tip = tipOf(label);
     if (!tip.isEmpty() && key.toolTip() != tip) {
       key.setToolTip(tip);

@@ -46,7 +46,6 @@ class ToolbarPart : public HeldLine {
 
  private:
   [[nodiscard]] int pixels(Twips twips) const;
-  [[nodiscard]] bool isLit(HitLabel label) const;
   [[nodiscard]] QString tipOf(HitLabel label) const;
   [[nodiscard]] bool showsLine() const;
   void placeHandle();

@@ -2,6 +2,7 @@
 
 #include "ui/compositing.h"
 #include "ui/dib_section_region.h"
+#include "ui/owner_place.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
 #include "windows/place/window_place.h"
@@ -11,7 +12,6 @@
 #include <QPainterPath>
 #include <QScreen>
 #include <QWindow>
-#include <algorithm>
 
 namespace kvo {
 
@@ -35,15 +35,8 @@ void Floating::setScale(double size) {
 
 void Floating::showOver(QWidget* owner, const QPointF& part, const WindowPlace* kept) {
   if (owner != nullptr) {
-    const auto place = owner->geometry();
-    QPoint corner(place.left() + qRound(place.width() * part.x()) - width() / 2,
-                  place.top() + qRound(place.height() * part.y()) - height() / 2);
-    if (const auto* screen = owner->screen(); screen != nullptr) {
-      const auto room = screen->availableGeometry();
-      corner.setX(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())));
-      corner.setY(std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
-    }
-    kept != nullptr && kept->isKept() ? kept->restore(*this) : move(corner);
+    const auto place = overOwner(owner->geometry(), owner->screen()->availableGeometry(), size(), part);
+    kept != nullptr && kept->isKept() ? kept->restore(*this) : move(place);
     winId();  // so that there is a window to belong to another
     windowHandle()->setTransientParent(owner->windowHandle());
   }

@@ -1,6 +1,7 @@
 #include "windows/position/frm_markers.h"
 
 #include "ui/made.h"
+#include "ui/owner_place.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
 
@@ -10,7 +11,6 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
-#include <algorithm>
 #include <utility>
 
 namespace kvo {
@@ -43,11 +43,7 @@ FrmMarkers::FrmMarkers(const MarkersState& state, Markers& markers, WindowPlace 
 }
 
 void FrmMarkers::standBeside(const QWidget& owner) {
-  const auto room = owner.screen()->availableGeometry();
-  const auto place = owner.frameGeometry();
-  const int right = place.right() + kBeside;
-  const bool fits = right + width() <= room.right();
-  move(fits ? right : std::max(room.left(), place.left() - kBeside - width()), place.top());
+  move(besideOwner(owner.frameGeometry(), owner.screen()->availableGeometry(), size(), kBeside));
 }
 
 void FrmMarkers::draw(QWidget* owner) {

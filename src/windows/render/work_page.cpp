@@ -1,5 +1,6 @@
 #include "windows/render/work_page.h"
 
+#include "render/work_view.h"
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -55,20 +56,9 @@ QPushButton* WorkPage::makeKey(const QString& text, const char* kind, const QRec
 }
 
 QPushButton* WorkPage::firstKey() const {
-  if (state_.frame != RenderFrame::Report) return KVOBut_AbortRender_;
-  return state_.canView ? view_ : back_;
-}
-
-QString WorkPage::headline() const {
-  if (state_.frame == RenderFrame::Report) return shown(state_.completed);
-  if (state_.frame == RenderFrame::Estimate) return tr("Trying a short piece of your movie");
-  return state_.countdown.empty() ? tr("The engine begins") : shown(state_.countdown);
-}
-
-QString WorkPage::belowHeadline() const {
-  if (state_.frame == RenderFrame::Report) return shown(state_.sizeLabel);
-  if (state_.frame == RenderFrame::Rendering) return shown(state_.summary);
-  return tr("It is rendered first, and tells how long the whole will take and how much disk it needs.");
+  const auto view = workView(state_);
+  if (!view.isDone) return KVOBut_AbortRender_;
+  return view.canView ? view_ : back_;
 }
 
 void WorkPage::setIcons() {
@@ -83,27 +73,25 @@ void WorkPage::setIcons() {
 
 void WorkPage::draw() {
   setIcons();
-  const bool isDone = state_.frame == RenderFrame::Report;
-  const bool isEstimate = state_.frame == RenderFrame::Estimate;
-  const auto countdown = shown(state_.countdown);
-  Picture2_->draw(state_.pie, isEstimate ? tr("of the sample") : tr("of the countdown"), isDone);
-  setTextOf(*headline_, headline());
-  setTextOf(*below_, belowHeadline());
+  const auto view = workView(state_);
+  Picture2_->draw(state_.pie, shown(view.pieOf), view.isDone);
+  setTextOf(*headline_, shown(view.headline));
+  setTextOf(*below_, shown(view.below));
   facts_->draw(state_.facts);
   pane_->draw(state_.picture);
-  pane_->setVisible(!isDone && !state_.film.empty());
+  pane_->setVisible(view.showsFilm);
   film_->draw(state_, state_.frame == RenderFrame::Rendering);
-  film_->setVisible(!isDone && !state_.film.empty());
-  KVOBut_AbortRender_->setVisible(!isDone);
-  KVOBut_AbortRender_->setEnabled(state_.isRunning && !state_.RenderAborted);
-  live_->setVisible(!isDone);
-  view_->setVisible(isDone && state_.canView);
-  back_->setVisible(isDone);
+  film_->setVisible(view.showsFilm);
+  KVOBut_AbortRender_->setVisible(!view.isDone);
+  KVOBut_AbortRender_->setEnabled(view.canAbort);
+  live_->setVisible(!view.isDone);
+  view_->setVisible(view.canView);
+  back_->setVisible(view.isDone);
   QStringList notes;
   for (const auto& note : state_.notes) notes << shown(note);
   setTextOf(*notes_, notes.join("\n"));
   setTipOf(*notes_, notes.join("\n"));
-  notes_->setVisible(isDone);
+  notes_->setVisible(view.isDone);
 }
 
 }  // namespace kvo

@@ -29,8 +29,6 @@ class WorkPage final : public EditorPage {
   [[nodiscard]] QPushButton* firstKey() const;
 
  private:
-  [[nodiscard]] QString headline() const;
-  [[nodiscard]] QString belowHeadline() const;
   QPushButton* makeKey(const QString& text, const char* kind, const QRect& place);
   void setIcons();
 

@@ -1,6 +1,7 @@
 // The Create tab: what its controls write, and what they show of it.
 #include "editor/tabs/create_tab.h"
 
+#include "editor/tabs/editor_parts_state.h"
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 
@@ -119,6 +120,23 @@ TEST(CreateTab, WhatIsOffSaysWhy) {
     EXPECT_EQ(key.caption + " - " + key.tip + "|" + key.whyNot + "|" + b.tab.rangeWhyNot + "|" + b.tab.whyNot,
               row.expected);
   }
+}
+
+TEST(EditorParts, StepsOfTheHistorySayWhyTheyCannotBeTaken) {
+  const std::string noUndo = "There is nothing to undo", noRedo = "There is nothing to redo";
+  const std::vector<std::string> one{"Fade on beach.avi"};
+  const struct {
+    EditorHistory history;
+    std::array<std::string, 3> why;  // to go back, either way, on
+  } rows[] = {{{one, {}}, {"", "", noRedo}}, {{{}, one}, {noUndo, "", ""}}, {{}, {noUndo, noUndo, noRedo}}};
+  for (const auto& row : rows) {
+    for (const int steps : {-1, 0, 1})
+      EXPECT_EQ(whyNoStep({}, row.history, steps), row.why.at(static_cast<std::size_t>(steps + 1))) << steps;
+  }
+  EditorFrame previews;
+  previews.toolsOn = false;
+  previews.toolsOffBecause = "Stop the preview first";
+  EXPECT_EQ(whyNoStep(previews, rows[0].history, -1), "Stop the preview first");
 }
 
 TEST(CreateTab, WhatIsRefusedShowsWhatHolds) {

@@ -1,0 +1,31 @@
+#include "render/work_view.h"
+
+#include "core/telling/translated.h"
+
+namespace kvo {
+
+WorkView workView(const RenderState& state) {
+  WorkView view;
+  view.isDone = state.frame == RenderFrame::Report;
+  view.showsFilm = !view.isDone && !state.film.empty();
+  view.canAbort = !view.isDone && state.isRunning && !state.RenderAborted;
+  view.canView = view.isDone && state.canView;
+  view.pieOf = translated(state.frame == RenderFrame::Estimate ? "of the sample" : "of the countdown");
+  switch (state.frame) {
+    case RenderFrame::Report:
+      view.headline = state.completed;
+      view.below = state.sizeLabel;
+      return view;
+    case RenderFrame::Estimate:
+      view.headline = translated("Trying a short piece of your movie");
+      view.below = translated(
+          "It is rendered first, and tells how long the whole will take and how much disk it needs.");
+      return view;
+    default:
+      view.headline = state.countdown.empty() ? translated("The engine begins") : state.countdown;
+      view.below = state.summary;
+      return view;
+  }
+}
+
+}  // namespace kvo

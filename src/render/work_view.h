@@ -1,0 +1,24 @@
+// What stands on the page of a render that runs, or has ended.
+#pragma once
+
+#include "render/render_state.h"
+
+#include <string>
+
+namespace kvo {
+
+/// Texts are composed.
+struct WorkView {
+  std::string headline;
+  std::string below;
+  std::string pieOf;       ///< what the pie is a part of
+  bool isDone = false;     ///< the report: how it ended, in place of what goes on
+  bool showsFilm = false;  ///< the movie's clips, and the picture being made
+  bool canAbort = false;
+  bool canView = false;
+  bool operator==(const WorkView&) const = default;
+};
+
+[[nodiscard]] WorkView workView(const RenderState& state);
+
+}  // namespace kvo
