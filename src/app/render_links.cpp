@@ -179,8 +179,9 @@ Outcome RenderLinks::StripWavFromCurrentVideo(const std::string& source, const s
 }
 
 void RenderLinks::renderChanged() {
-  auto& states = parts_.editor.states();
-  if (!state_.caption.empty()) states.window.frame.caption = state_.caption;
+  // Once: behind the render the caption is the editor's own again.
+  if (auto caption = std::exchange(state_.caption, {}); !caption.empty())
+    parts_.editor.states().window.frame.caption = std::move(caption);
 }
 
 }  // namespace kvo

@@ -102,7 +102,8 @@ class MovieRender {
     bool inHardware = false;              ///< where that works
     std::string file;                     ///< that the user has named
     std::string working;                  ///< beside it
-    double length = 0;                    ///< seconds of the movie that are rendered
+    std::optional<std::pair<double, double>> range{};
+    double length = 0;  ///< seconds of the movie that are rendered
     EstimateQuery query;
     [[nodiscard]] bool audioOnly() const { return kind == OutputKind::Wav; }
   };
@@ -186,6 +187,8 @@ class MovieRender {
   Pair pair_;
   const Job* job_ = nullptr;  // that is being made
   bool hasRecalled_ = false;
+  /// What stands chosen for collections with a picture while one without has a WAV.
+  std::optional<OutputKind> setAside_;
   std::string folder_;                 // of the movie that was made last
   std::string madeFile_;               // of the report
   double partStart_ = 0;               // seconds of the movie: where the engine began

@@ -40,8 +40,9 @@ TEST(Slumber, PacesItsEventsAndWakesAtOnce) {
   EXPECT_EQ(seen, "100000 200000 300000 over1:300000 400000 over2:450000 500000 600000 ");
   const auto ends = loop.now().count() + 7230;
   int events = 0;
-  ASSERT_TRUE(slumber.Slumber(
-      300000, {.Slumber = [&] { ++events; }, .hasEnded = [&] { return loop.now().count() >= ends; }}));
+  ASSERT_TRUE(
+      slumber.Slumber(300000, {.Slumber = [&] { EXPECT_EQ(slumber.ElapsedMilliseconds(), 5000 * events++); },
+                               .hasEnded = [&] { return loop.now().count() >= ends; }}));
   EXPECT_NEAR(static_cast<double>(loop.now().count() - ends), 0, 50);
   EXPECT_EQ(events, 2);
   ASSERT_TRUE(slumber.Slumber(60000, {.Slumber = [&] { slumber.WakeUp(); }}));
@@ -62,19 +63,6 @@ TEST(RenderEstimate, KeepsItsBounds) {
     const auto range = estimateRange(row.query);
     EXPECT_EQ(range.value_or(std::pair{-1.0, 0.0}), (std::pair{row.from, row.to}));
   }
-  using Range = std::pair<double, double>;
-  for (const auto& [whole, part] : {std::pair{Range{60, 100}, Range{70, 75}},
-                                    {Range{90, 95.2}, Range{90.2, 95.2}},
-                                    {Range{0, 3}, Range{0, 3}},
-                                    {Range{99, 100}, Range{99, 100}},
-                                    {Range{7, 7}, Range{25, 30}}}) {
-    for (const bool hasVideo : {true, false}) {
-      const auto tried = estimateRange({hasVideo, hasVideo ? 100.0 : 0, 100, 100, 5, whole}).value();
-      EXPECT_NEAR(tried.first, part.first, 1e-9) << whole.first << "-" << whole.second;
-      EXPECT_NEAR(tried.second, part.second, 1e-9) << whole.first << "-" << whole.second;
-    }
-  }
-  EXPECT_EQ(projected({true, 100, 0, 100, 5, Range{8, 10}}, 2, 9, 2).estimateSeconds, 2);
   const EstimateQuery movie{true, 100, 0, 100, 5};
   EXPECT_DOUBLE_EQ(projected(movie, 2, 5 * 1024 * 1024, 100).megabytes, 100);
   EXPECT_EQ(projected(movie, 2, 0, 100).megabytes, 1);
@@ -142,7 +130,7 @@ TEST(MovieRender, GoesFromTheOptionsToTheReport) {
             "'/bin/KVORender' '/P' '9' '/S' '77' '/W' '/out/my film.wmv' '/prog/KVORender.xtl'");
   // 20 s for 5 s of 12, with its margin 76.8 s; half of that is counted down.
   EXPECT_DOUBLE_EQ(b.state.RenderSeconds, 76.8);
-  EXPECT_TRUE(countdowns.starts_with("00.00.33 00.00.28 00.00.26 00.00.24 ")) << countdowns;
+  EXPECT_TRUE(countdowns.starts_with("00.00.38 00.00.33 00.00.28 00.00.23 00.00.21 ")) << countdowns;
   EXPECT_EQ(headings, "Pre-Render - Phase 1|Rendering - Phase 2|");
   EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep tabs add:/out/my film.wmv controls+");
   EXPECT_EQ(b.state.completed, "Completed in 45.00 (s)");
