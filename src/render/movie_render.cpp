@@ -286,8 +286,11 @@ bool MovieRender::renderAll(const Job& job) {
   if (range) std::tie(part.RangeStart, part.RangeStop) = *range;
   bool isMade = DoRender(job, part);
   state_.caption = editorCaption(collectionName());
+  const bool isWhole = isMade && driver_.state().phase == EnginePhase::Done;
+  if (!isWhole) state_.heading = state_.RenderAborted ? "Render aborted" : "The movie has not been made";
+  ports_.host.renderChanged();
   // What was done when the abort came is a movie all the same.
-  if (state_.RenderAborted && (!isMade || driver_.state().phase != EnginePhase::Done)) {
+  if (state_.RenderAborted && !isWhole) {
     e.boxes.show(abortedBox());
     return false;
   }

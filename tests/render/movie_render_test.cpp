@@ -472,6 +472,11 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
       b.boxes.answers = {Answer::Yes};  // it may be replaced
       const EngineTurn turn{.seconds = 30, .heedsStop = heedsStop};
       b.engine.turns = {turn, turn};
+      b.boxes.whileShown = [&] {
+        const bool isTold = b.boxes.shown.back().text == "Render Aborted !";
+        EXPECT_EQ(isTold, b.state.heading == "Render aborted");
+        EXPECT_TRUE(!isTold || b.state.caption == "   Create New Movie from Holiday Collection");
+      };
       b.host.onChange = [&] {
         if (b.state.frame == frame && b.engine.running > 0 && b.loop.now().count() % 30000 > 7000)
           b.render.AbortRender();

@@ -57,7 +57,7 @@ struct CardBench {
           return image;
         },
         nullptr);
-    card->resize(themed(976), themed(448));
+    card->resize(themed(968), themed(441));  // in a window of 1280 x 720
     card->show();
   }
   void go(RenderFrame frame) {

@@ -29,7 +29,7 @@ class OptionsPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::OptionsPage)
 
  public:
-  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
+  static constexpr QSize kPlace{960, 380};  ///< pixels at size 1
 
   OptionsPage(const RenderState& state, const QueueState& queue, const RenderActs& acts,
               PictureOfClip picture, QWidget* parent);

@@ -20,7 +20,7 @@ class WorkPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::WorkPage)
 
  public:
-  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
+  static constexpr QSize kPlace{960, 380};  ///< pixels at size 1
 
   WorkPage(const RenderState& state, const RenderActs& acts, const PictureOfClip& picture, QWidget* parent);
 
