@@ -11,7 +11,8 @@ void MovieRender::AddToQueue() {
   if (state_.isRunning || !ports_.enqueue) return;
   Job job;
   if (!readJob(false, job) || !askForName(job)) return;
-  auto order = orderOf(job, job.file, job.query.range);
+  const auto range = job.range == std::pair(0.0, 0.0) ? std::nullopt : job.range;
+  auto order = orderOf(job, job.file, range);
   if (!order) return;
   std::string profile;
   // The engine makes a WAV by itself.

@@ -8,6 +8,7 @@
 #include "windows/render/render_acts.h"
 
 #include <QCoreApplication>
+#include <optional>
 #include <vector>
 
 class QCheckBox;
@@ -28,7 +29,7 @@ class OptionsPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::OptionsPage)
 
  public:
-  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
+  static constexpr QSize kPlace{960, 380};  ///< pixels at size 1
 
   OptionsPage(const RenderState& state, const QueueState& queue, const RenderActs& acts,
               PictureOfClip picture, QWidget* parent);
@@ -60,6 +61,7 @@ class OptionsPage final : public EditorPage {
   QScrollArea* kinds_ = nullptr;
   QVBoxLayout* rows_ = nullptr;
   std::vector<KindRow*> Opt_CompressorType_;
+  std::optional<OutputKind> shownKind_;  // that has been brought into sight
   QLabel* listCaption_ = nullptr;
   QLabel* sizeCaption_ = nullptr;
   PageList* Lst_WMVFormats_ = nullptr;

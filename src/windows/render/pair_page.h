@@ -18,7 +18,7 @@ class PairPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::PairPage)
 
  public:
-  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
+  static constexpr QSize kPlace{960, 380};  ///< pixels at size 1
 
   PairPage(const RenderState& state, const RenderActs& acts, PictureOfClip picture, QWidget* parent);
 

@@ -20,13 +20,14 @@ class WorkPage final : public EditorPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::WorkPage)
 
  public:
-  static constexpr QSize kPlace{970, 386};  ///< pixels at size 1
+  static constexpr QSize kPlace{960, 380};  ///< pixels at size 1
 
   WorkPage(const RenderState& state, const RenderActs& acts, const PictureOfClip& picture, QWidget* parent);
 
   void draw();
-  /// The key that has the keyboard when the frame comes.
-  [[nodiscard]] QPushButton* firstKey() const;
+  /// The key that has the keyboard when the frame comes; none while it works: Space and Enter are pressed
+  /// for other things too often to end a movie.
+  [[nodiscard]] QWidget* first();
 
  private:
   QPushButton* makeKey(const QString& text, const char* kind, const QRect& place);
