@@ -252,7 +252,7 @@ void EditorWindow::makeRender() {
                            .remove = act([&queue] { queue.remove(); }),
                            .move = act([&queue](int place) { queue.move(place); })},
                  .writePair = act([&links] { links.writePair(); }),
-                 .abort = act([&render] { render.AbortRender(); }),
+                 .abort = act([&links] { links.abort(); }),
                  .view = act([&links] { links.view(); }),
                  .leave = act([&render] { render.leave(); })},
       [this, &collection](int clipNo) { return pictureOf(clipNo == 0 ? collection.icurMov : clipNo); },

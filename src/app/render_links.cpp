@@ -5,6 +5,7 @@
 #include "editor/tabs/clip_checks.h"
 #include "media/hardware.h"
 #include "media/strip_wav.h"
+#include "render/render_texts.h"
 
 #include <filesystem>
 #include <limits>
@@ -99,12 +100,18 @@ void RenderLinks::RenderPinP() {
                       .overlayAudio = overlay.overlaySound.isHeard()});
 }
 
+// The key, and each road out of the program, ask the same; a second of them waits for the first.
+void RenderLinks::abort() {
+  if (!state_.isRunning || state_.RenderAborted || isAsking_) return;
+  isAsking_ = true;
+  const auto answer = parts_.session.boxes.show(abortQuestion());
+  isAsking_ = false;
+  if (answer == Answer::Yes) render_.AbortRender();
+}
+
 bool RenderLinks::mayEnd() {
   if (!state_.isRunning) return true;
-  const auto answer = parts_.session.boxes.show(
-      {"KVO - Create Movie", translated("A movie is being made. Do you wish to abort it ?"),
-       BoxButtons::YesNo, BoxIcon::Question});
-  if (answer == Answer::Yes) render_.AbortRender();
+  abort();
   return false;
 }
 
@@ -172,8 +179,9 @@ Outcome RenderLinks::StripWavFromCurrentVideo(const std::string& source, const s
 }
 
 void RenderLinks::renderChanged() {
-  auto& states = parts_.editor.states();
-  if (!state_.caption.empty()) states.window.frame.caption = state_.caption;
+  // Once: behind the render the caption is the editor's own again.
+  if (auto caption = std::exchange(state_.caption, {}); !caption.empty())
+    parts_.editor.states().window.frame.caption = std::move(caption);
 }
 
 }  // namespace kvo

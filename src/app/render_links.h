@@ -48,6 +48,8 @@ class RenderLinks : public RenderHost {
   void Rendertofile();
   void RenderPinP();
 
+  /// KVOBut_AbortRender: ends the render, once the user has said so.
+  void abort();
   /// A render is under way, which ends with the program: asks whether it is to.
   [[nodiscard]] bool mayEnd();
 
@@ -77,6 +79,7 @@ class RenderLinks : public RenderHost {
   RenderPictures pictures_;
   std::optional<CommandPass> pass_;  // while a movie is made the collection is its own
   bool isPair_ = false;              // what is made has no place on the timeline
+  bool isAsking_ = false;            // whether the render is to end
   std::string joins_;                // the movie that is to join the collection
 };
 

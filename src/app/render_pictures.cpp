@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kPictureEvery{500};
 constexpr int kRestTimes = 4;             // of the time that the last picture took
-constexpr int kRenderPictureWidth = 368;  // pixels: what is shown at twice the size
+constexpr int kRenderPictureWidth = 640;  // pixels: as it is shown in a large window
 
 // Smaller by whole steps, so that it is quick.
 std::shared_ptr<const FramePicture> small(const media::Picture& picture) {

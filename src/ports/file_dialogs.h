@@ -19,6 +19,8 @@ struct FileQuestion {
   std::string folder;      ///< where it starts
   std::string name;        ///< proposed name, for saving
   std::size_t filter = 0;  ///< which of the filters holds at first
+  /// For saving: whoever asks about a file that is there is the caller.
+  bool mayExist = false;
 };
 
 /// What the user has chosen.
@@ -40,7 +42,7 @@ class FileDialogs {
   virtual FileChoice openSeveral(const FileQuestion& question) = 0;
   /// A folder, without a separator at its end; of the question the title and where it starts count.
   virtual std::optional<std::string> openFolder(const FileQuestion& question) = 0;
-  /// Asks about replacing a file that is there.
+  /// Asks about replacing a file that is there, unless that may exist.
   virtual std::optional<std::string> save(const FileQuestion& question) = 0;
 };
 

@@ -22,6 +22,7 @@ struct Box {
   /// The box, which tells how long that still is, answers itself with its default button after so many
   /// seconds; 0 waits for the user.
   double seconds = 0;
+  bool isRisky = false;  ///< Enter presses the last button, the harmless one, and not the first
 };
 
 /// The button that Enter presses: Ok or Yes.

@@ -14,8 +14,9 @@ void MovieRender::AddToQueue() {
   auto& boxes = ports_.editing.boxes;
   RenderOrder order{.document = job.document,
                     .output = job.file,
-                    .range = job.query.range,
+                    .range = job.range,
                     .frameRate = ports_.editing.settings.preferences().OutPutFrameRate};
+  if (order.range == std::pair(0.0, 0.0)) order.range.reset();
   if (order.range && order.range->second <= order.range->first) {
     boxes.show(rangeErrorBox());
     boxes.show(rangeFailedBox());

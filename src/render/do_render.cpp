@@ -106,7 +106,7 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
                                        }})
       .ok();
   endEngine();
-  state_.pie.percent = 100;
+  state_.pie = {100, kPieGreen};
   ports_.host.renderChanged();
   return true;
 }

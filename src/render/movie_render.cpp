@@ -128,8 +128,10 @@ void MovieRender::readLengths(Job& job) const {
   if (!e.clips().empty()) query.lastClipStop = e.clips()[e.clips().count()].TimeLineStop().number();
   job.length = query.hasVideo ? query.videoTotal : query.audioTotal;
   if (ports_.create.Opt_RenderRangeWhole) return;
-  query.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
-  job.length = query.range->second - query.range->first;
+  // The engine is told hundredths.
+  const auto hundredths = [](double seconds) { return std::round(seconds * 100) / 100; };
+  job.range = {hundredths(ports_.create.Txt_From), hundredths(ports_.create.Txt_Too)};
+  job.length = job.range->second - job.range->first;
 }
 
 bool MovieRender::isOneOfTheClips(const std::string& file) const {
@@ -140,29 +142,45 @@ bool MovieRender::isOneOfTheClips(const std::string& file) const {
   return false;
 }
 
+// What cannot be is told at once, and the dialog comes again with what was typed.
 bool MovieRender::askForName(Job& job) {
   const auto pattern = filterOf(job.kind);
   const auto extension = "." + std::string(extensionOf(job.kind));
-  const auto name = ports_.dialogs.save({.title = "Create New Movie",
-                                         .filters = {{pattern, pattern}},
-                                         .folder = folder_.empty() ? ports_.moviesFolder() : folder_,
-                                         .name = collectionName() + extension});
-  if (!name || name->empty()) return false;
-  job.file = endsInText(*name, extension) ? *name : *name + extension;
-  if (!mayReplace(*name, job.file)) return false;
+  FileQuestion question{.title = "Create New Movie",
+                        .filters = {{pattern, pattern}},
+                        .folder = folder_.empty() ? ports_.moviesFolder() : folder_,
+                        .name = collectionName() + extension,
+                        .mayExist = true};
+  do {
+    const auto name = ports_.dialogs.save(question);
+    if (!name || name->empty()) return false;
+    job.file = endsInText(*name, extension) ? *name : *name + extension;
+    question.name = fileNamePart(*name);
+    if (const auto folder = folderPart(*name); isThere(folder)) question.folder = folder;
+  } while (!mayBe(job.file));
   // In the same folder, so that it comes under the final name in one step; nobody else's name.
   job.working = std::string(folderPart(job.file)) + ".rendering-" +
                 std::to_string(ports_.engine.processes.ownNumber()) + (job.audioOnly() ? ".WMA" : extension);
-  if (!isOneOfTheClips(job.file)) return true;
-  ports_.editing.boxes.show(
-      renderFailedBox(translated("cannot write %1: it is one of the clips", {job.file})));
-  return false;
+  return true;
 }
 
-// The dialog has asked about the name that was typed, and not about the one with its ending.
-bool MovieRender::mayReplace(const std::string& named, const std::string& file) const {
-  if (named == file || !ports_.editing.files.exists(file)) return true;
-  return ports_.editing.boxes.show(replaceQuestion(file)) == Answer::Yes;
+bool MovieRender::isThere(std::string_view folder) const {
+  while (folder.size() > 1 && folder.ends_with('/')) folder.remove_suffix(1);
+  return ports_.editing.files.isFolder(std::string(folder));
+}
+
+// False, with a box, for a file that the movie cannot be, or is not to be.
+bool MovieRender::mayBe(const std::string& file) const {
+  const auto& e = ports_.editing;
+  if (const auto folder = folderPart(file); !isThere(folder)) {
+    e.boxes.show(renderFailedBox(translated("There is no folder %1", {folder})));
+    return false;
+  }
+  if (isOneOfTheClips(file)) {
+    e.boxes.show(renderFailedBox(translated("cannot write %1: it is one of the clips", {file})));
+    return false;
+  }
+  return !e.files.exists(file) || e.boxes.show(replaceQuestion(file)) == Answer::Yes;
 }
 
 // True when the movie is being viewed, or the options are shown: nothing is to be restored then.
@@ -213,8 +231,10 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   if (tellFailure()) return Estimate::Failed;
   const auto facts = e.files.facts(job.working);
   const double total = job.length > 0 ? job.length : job.query.audioTotal;
-  auto result = projected(job.query, driver_.state().progress.elapsed,
-                          facts ? static_cast<double>(facts->size) : 0, total);
+  const auto& progress = driver_.state().progress;
+  // A device that is tried again ahead of the first picture is no measure of the rest.
+  const double took = progress.elapsed - (job.inHardware ? progress.begunAt : 0);
+  auto result = projected(job.query, took, facts ? static_cast<double>(facts->size) : 0, total);
   if (job.megabytes > 0) result.megabytes = std::min(result.megabytes, job.megabytes * 1e6 / (1 << 20));
   e.files.remove(job.working);
   state_.RenderSeconds = renderSecondsOf(result, total);
@@ -255,8 +275,8 @@ bool MovieRender::renderAll(const Job& job) {
   const auto& e = ports_.editing;
   state_.summary = renderSummary(job.kind, job.length, profileText(job.profile));
   state_.caption = creatingCaption(job.file, collectionName());
-  state_.sample.reset();
-  const auto& range = job.query.range;
+  takeFilm(job);
+  const auto& range = job.range;
   state_.movieSeconds = range ? range->first : 0;
   show(RenderFrame::Rendering);
   ports_.host.ImagesOff();
@@ -266,8 +286,11 @@ bool MovieRender::renderAll(const Job& job) {
   if (range) std::tie(part.RangeStart, part.RangeStop) = *range;
   bool isMade = DoRender(job, part);
   state_.caption = editorCaption(collectionName());
+  const bool isWhole = isMade && driver_.state().phase == EnginePhase::Done;
+  if (!isWhole) state_.heading = state_.RenderAborted ? "Render aborted" : "The movie has not been made";
+  ports_.host.renderChanged();
   // What was done when the abort came is a movie all the same.
-  if (state_.RenderAborted && (!isMade || driver_.state().phase != EnginePhase::Done)) {
+  if (state_.RenderAborted && !isWhole) {
     e.boxes.show(abortedBox());
     return false;
   }

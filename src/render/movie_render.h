@@ -14,12 +14,14 @@
 #include "render/render_state.h"
 #include "render/slumber.h"
 #include "render/system_profile.h"
+#include "vocabulary/encode_profiles.h"
 #include "vocabulary/movie_presets.h"
 
 #include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace kvo {
@@ -100,7 +102,8 @@ class MovieRender {
     bool inHardware = false;              ///< where that works
     std::string file;                     ///< that the user has named
     std::string working;                  ///< beside it
-    double length = 0;                    ///< seconds of the movie that are rendered
+    std::optional<std::pair<double, double>> range{};
+    double length = 0;  ///< seconds of the movie that are rendered
     EstimateQuery query;
     [[nodiscard]] bool audioOnly() const { return kind == OutputKind::Wav; }
   };
@@ -123,7 +126,8 @@ class MovieRender {
   [[nodiscard]] double pairLength() const;
   bool askForName(Job& job);
   [[nodiscard]] bool isFree(const std::string& file) const;
-  [[nodiscard]] bool mayReplace(const std::string& named, const std::string& file) const;
+  [[nodiscard]] bool mayBe(const std::string& file) const;
+  [[nodiscard]] bool isThere(std::string_view folder) const;
   [[nodiscard]] bool isOneOfTheClips(const std::string& file) const;
   bool makeMovie(Job& job);
   Estimate CalcEstimateTimeTotRender(const Job& job);
@@ -168,7 +172,9 @@ class MovieRender {
   void describe();
   void describeMadeFor();
   void listMadeFor();
+  [[nodiscard]] std::string largerClips() const;
   [[nodiscard]] const MoviePreset* chosenPreset() const;
+  [[nodiscard]] std::optional<EncodeProfile> chosenProfile() const;
   [[nodiscard]] OutputSize outputSize() const;
   [[nodiscard]] PictureSides pictureSides() const;
   [[nodiscard]] std::string collectionName() const;
@@ -181,6 +187,8 @@ class MovieRender {
   Pair pair_;
   const Job* job_ = nullptr;  // that is being made
   bool hasRecalled_ = false;
+  /// What stands chosen for collections with a picture while one without has a WAV.
+  std::optional<OutputKind> setAside_;
   std::string folder_;                 // of the movie that was made last
   std::string madeFile_;               // of the report
   double partStart_ = 0;               // seconds of the movie: where the engine began

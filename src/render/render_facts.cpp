@@ -19,6 +19,7 @@ namespace {
 
 constexpr double kMegabytesOfGb = 1024;
 constexpr double kBytesOfMb = 1024.0 * 1024;
+constexpr int kGifDepth = 8;           // bits of a pixel
 constexpr int kUncompressedPixel = 4;  // bytes of a picture-in-picture's
 
 std::string secondsOf(double seconds) { return translated("%1 s", {FormatMask(seconds, "0.000")}); }
@@ -34,6 +35,24 @@ std::string roomText(double megabytes) {
 std::string nameOf(const Movie& clip) {
   const std::string other(trimmed(clip.AltName()));
   return other.empty() ? std::string(clip.MovieName()) : other;
+}
+
+// Backdrops of a picture-in-picture, which becomes a part of a movie only as a clip of its own.
+int overlayCount(const Editing& e) {
+  int count = 0;
+  for (int number = 1; number <= e.clips().count(); ++number) {
+    const auto look = readPicInPic(e.clips()[number].HasPicInPic());
+    count += look && look->overlayClip > 0 ? 1 : 0;
+  }
+  return count;
+}
+
+std::string soundText(const MovieFile& file, const std::optional<EncodeProfile>& profile) {
+  if (!file.sound) return translated("none");
+  const int rate = profile ? profile->sampleRate : file.sampleRate;
+  const auto kilohertz = ShortText(rate / 1000.0);
+  return profile && profile->channels == 1 ? translated("%1 kHz mono", {kilohertz})
+                                           : translated("%1 kHz stereo", {kilohertz});
 }
 
 }  // namespace
@@ -58,7 +77,9 @@ void MovieRender::takeFilm(const Job& job) {
   const auto& e = ports_.editing;
   state_.film.clear();
   state_.sample.reset();
+  state_.picture = nullptr;
   state_.movieSeconds = 0;
+  // One of its own: a picture that is still being made of the one before is not shown any more.
   state_.document = std::make_shared<const std::string>(job.document);
   state_.filmLength = std::max(job.query.videoTotal, job.isPicInPic ? 0 : job.query.audioTotal);
   if (job.isPicInPic) {
@@ -76,28 +97,41 @@ void MovieRender::takeFilm(const Job& job) {
 void MovieRender::tellOptions() {
   const auto& e = ports_.editing;
   const auto& preferences = e.settings.preferences();
-  const double video = ToNumber(e.editor.VideoTotalTime);
-  const double length = video > 0 ? video : ToNumber(e.editor.AudioTotalTime);
   const auto& create = ports_.create;
+  const double video = ToNumber(e.editor.VideoTotalTime);
+  const double whole = video > 0 ? video : ToNumber(e.editor.AudioTotalTime);
+  const double length = create.Opt_RenderRangeWhole ? whole : std::max(create.Txt_Too - create.Txt_From, 0.0);
   auto& facts = state_.facts;
   facts = {{"Clips", std::to_string(e.clips().count())}, {"Length", secondsOf(length)}};
   facts.push_back({"Range", create.Opt_RenderRangeWhole
                                 ? translated("Whole movie")
                                 : translated("%1 to %2 s", {FormatMask(create.Txt_From, "0.0"),
                                                             FormatMask(create.Txt_Too, "0.0")})});
-  if (movieFileOf(state_.kind).hasPicture) {
+  const auto& file = movieFileOf(state_.kind);
+  const auto profile = chosenProfile();
+  if (file.hasPicture) {
     const auto* preset = chosenPreset();
     const auto sides = pictureSides();
-    const double rate = preferences.OutPutFrameRate;
+    double rate = preferences.OutPutFrameRate;
+    if (preset != nullptr) rate = std::min(rate, preset->mostRate);
+    if (profile && profile->width > 0) rate = profile->frameRate.perSecond();
+    const int depth = file.codec == VideoCodec::Gif ? kGifDepth : preferences.OutputColorDepth;
     facts.push_back({"Picture", sidesText(sides.width, sides.height)});
-    facts.push_back(
-        {"Frames a second", ShortText(preset != nullptr ? std::min(rate, preset->mostRate) : rate)});
-    facts.push_back({"Colors", translated("%1 bit", {std::to_string(preferences.OutputColorDepth)})});
+    facts.push_back({"Frames a second", ShortText(rate)});
+    facts.push_back({"Colors", translated("%1 bit", {std::to_string(depth)})});
   }
-  facts.push_back({"Sound", translated("44.1 kHz stereo")});
+  facts.push_back({"Sound", soundText(file, profile)});
   const auto folder = folder_.empty() ? ports_.moviesFolder() : folder_;
   facts.push_back({"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))});
   findCaution();
+}
+
+// Of the Windows Media that the options make.
+std::optional<EncodeProfile> MovieRender::chosenProfile() const {
+  const auto row = static_cast<std::size_t>(state_.profileRow);
+  if (row >= state_.Lst_WMVFormats.size()) return std::nullopt;
+  const int number = GetWMVRenderProfileInt(state_.Lst_WMVFormats[row]);
+  return number < kSystemProfiles ? systemProfile(number) : wm8Profile(number);
 }
 
 // Of the movie that the options make.
@@ -137,6 +171,15 @@ void MovieRender::findCaution() {
   } else if (even.height && sides.height % 2 != 0) {
     refuse("The height of %1 is odd, and %2 takes even ones only. Change it on the Create page.",
            sides.height);
+  } else if (const int overlays = overlayCount(ports_.editing); overlays > 0) {
+    state_.caution = overlays == 1
+                         ? translated(
+                               "1 clip has an overlay. Render it on the Overlay page: the movie shows "
+                               "the clip without.")
+                         : translated(
+                               "%1 clips have an overlay. Render them on the Overlay page: the movie "
+                               "shows the clips without.",
+                               {std::to_string(overlays)});
   }
 }
 

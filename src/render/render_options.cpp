@@ -1,5 +1,6 @@
 // The options of a render: which kind, which profile.
 #include "base/text.h"
+#include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
 #include "editor/tabs/operations.h"
 #include "render/movie_render.h"
@@ -38,10 +39,10 @@ void MovieRender::Rendertofile() {
   ports_.host.ApplyStillSettings();
   recall();
   if (ports_.findHardware) ports_.findHardware();
-  if (!HaveAtleastOneVidTrack(ports_.editing) && movieFileOf(state_.kind).hasPicture)
-    chooseKind(OutputKind::Wav);
-  else
-    chooseKind(state_.kind);
+  const auto kind = setAside_.value_or(state_.kind);
+  const bool fits = HaveAtleastOneVidTrack(ports_.editing) || !movieFileOf(kind).hasPicture;
+  chooseKind(fits ? kind : OutputKind::Wav);
+  if (!fits) setAside_ = kind;
   show(RenderFrame::Options);
 }
 
@@ -78,6 +79,7 @@ void MovieRender::chooseKind(OutputKind kind) {
   const bool keepsRow = kind == state_.kind && !state_.Lst_WMVFormats.empty();
   const bool keepsPurpose = kind == state_.kind && !state_.Lst_MadeFor.empty();
   state_.kind = kind;
+  setAside_.reset();
   state_.Lst_WMVFormats = isListed ? PopulateWMVProfileOpts(isSound) : std::vector<std::string>();
   if (!keepsRow) state_.profileRow = isListed ? static_cast<int>(state_.Lst_WMVFormats.size()) - 1 : -1;
   // The last row with a picture is of a size that few movies have.
@@ -136,10 +138,27 @@ const MoviePreset* MovieRender::chosenPreset() const {
   return row < state_.Lst_MadeFor.size() ? presetNamed(state_.Lst_MadeFor[row].preset) : nullptr;
 }
 
+// What is told where clips lose by the size of the movie; empty where none does.
+std::string MovieRender::largerClips() const {
+  const auto& e = ports_.editing;
+  PictureSides most;
+  for (int number = 1; number <= e.clips().count(); ++number) {
+    const auto& clip = e.clips()[number];
+    if (clip.IsStill() || isSoundByName(clip.MovieName())) continue;
+    if (clip.MovieWidth() * clip.MovieHeight() > most.width * most.height)
+      most = {clip.MovieWidth(), clip.MovieHeight()};
+  }
+  const auto output = outputSize();
+  if (most.width <= output.width || most.height <= output.height) return {};
+  return translated("Your clips are up to %1: a larger size is set on the Create page.",
+                    {sidesText(most.width, most.height)});
+}
+
 void MovieRender::describeMadeFor() {
   const auto* preset = chosenPreset();
   state_.madeForText =
       preset != nullptr ? presetText(*preset, state_.wishedMegabytes) : translated(kindRow(state_.kind).hint);
+  if (const auto larger = largerClips(); !larger.empty()) state_.madeForText += "\r\n" + larger;
   state_.hasWishedSize = preset != nullptr && preset->megabytes > 0;
   state_.offersHardware =
       state_.hasHardware && !state_.hasWishedSize && movieFileOf(state_.kind).codec == VideoCodec::H264;

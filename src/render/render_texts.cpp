@@ -172,7 +172,15 @@ Box noCountdownBox() {
 Box replaceQuestion(std::string_view file) {
   return {"KVO - Create Movie",
           translated("%1 is there already. Do you wish to replace it ?", {fileNamePart(file)}),
-          BoxButtons::YesNo, BoxIcon::Question};
+          BoxButtons::YesNo, BoxIcon::Warning};
+}
+
+Box abortQuestion() {
+  return {.caption = "KVO - Create Movie",
+          .text = "A movie is being made. Do you wish to abort it ?",
+          .buttons = BoxButtons::YesNo,
+          .icon = BoxIcon::Question,
+          .isRisky = true};
 }
 
 Box silenceQuestion(int minutes) {
@@ -182,7 +190,9 @@ Box silenceQuestion(int minutes) {
                      {std::to_string(minutes)}),
           BoxButtons::YesNo,
           BoxIcon::Warning,
-          {{"Yes", "Abort"}, {"No", "Go on waiting"}}};
+          {{"Yes", "Abort"}, {"No", "Go on waiting"}},
+          0,
+          true};
 }
 
 Box renderFailedBox(std::string_view why) {

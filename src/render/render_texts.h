@@ -49,8 +49,10 @@ Box rangeErrorBox();
 Box rangeFailedBox();
 Box profileFailedBox();
 Box noCountdownBox();
-/// A file of the movie's name is there, and nobody has been asked about it yet.
+/// A file of the movie's name is there.
 Box replaceQuestion(std::string_view file);
+/// A movie is being made, and the user wants it to end.
+Box abortQuestion();
 /// The engine has said nothing for so many minutes.
 Box silenceQuestion(int minutes);
 /// A movie that the engine has not made; `why` is its line.

@@ -1,9 +1,9 @@
 #include "render/wm8_profile.h"
 
 #include "base/text.h"
-#include "vocabulary/encode_profiles.h"
 
 #include <array>
+#include <cmath>
 
 namespace kvo {
 namespace {
@@ -154,6 +154,16 @@ std::string asUtf16(const std::string& ascii) {
 }
 
 }  // namespace
+
+std::optional<EncodeProfile> wm8Profile(int number) {
+  constexpr double kTicks = 1e7;  // of timePerFrame, in a second
+  const auto* p = wm8ProfileOf(number);
+  if (p == nullptr) return std::nullopt;
+  const auto rate = FrameRate::fromDecimal(std::round(kTicks / p->timePerFrame));
+  return EncodeProfile{p->width,      p->height,   rate.value_or(FrameRate()),
+                       p->videoBits,  p->quality,  p->channels,
+                       p->sampleRate, p->audioBits};
+}
 
 std::optional<OutputSize> wm8ProfileSize(int number) {
   const auto* profile = wm8ProfileOf(number);

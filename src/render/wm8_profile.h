@@ -2,6 +2,7 @@
 #pragma once
 
 #include "render/output_profiles.h"
+#include "vocabulary/encode_profiles.h"
 
 #include <optional>
 #include <string>
@@ -10,6 +11,9 @@
 namespace kvo {
 
 inline constexpr int kLastProfile = 41;
+
+/// What the file of a profile from 26 to 41 asks for; nothing for another number.
+std::optional<EncodeProfile> wm8Profile(int number);
 
 /// The picture that a profile from 26 to 41 has by itself; nothing for another number.
 std::optional<OutputSize> wm8ProfileSize(int number);

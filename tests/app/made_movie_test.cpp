@@ -75,7 +75,12 @@ TEST_F(MadeMovie, IsAbortedAndMadeFromTheEditor) {
   opensEditor();
   press("ctrl+Return");
   begins();
-  press("Return");  // the keyboard is with Abort
+  press("space");
+  press("Return");  // neither is for Abort, which is the first key of the card
+  press("Tab");
+  press("Return");
+  ASSERT_TRUE(comes("KVO - Create Movie"));
+  press("y");
   ASSERT_TRUE(comes("KVO - Movie Render aborted"));
   EXPECT_EQ(made(), "") << "nothing half-made is left";
   press("Return");

@@ -40,8 +40,9 @@ TEST(Slumber, PacesItsEventsAndWakesAtOnce) {
   EXPECT_EQ(seen, "100000 200000 300000 over1:300000 400000 over2:450000 500000 600000 ");
   const auto ends = loop.now().count() + 7230;
   int events = 0;
-  ASSERT_TRUE(slumber.Slumber(
-      300000, {.Slumber = [&] { ++events; }, .hasEnded = [&] { return loop.now().count() >= ends; }}));
+  ASSERT_TRUE(
+      slumber.Slumber(300000, {.Slumber = [&] { EXPECT_EQ(slumber.ElapsedMilliseconds(), 5000 * events++); },
+                               .hasEnded = [&] { return loop.now().count() >= ends; }}));
   EXPECT_NEAR(static_cast<double>(loop.now().count() - ends), 0, 50);
   EXPECT_EQ(events, 2);
   ASSERT_TRUE(slumber.Slumber(60000, {.Slumber = [&] { slumber.WakeUp(); }}));
@@ -62,19 +63,6 @@ TEST(RenderEstimate, KeepsItsBounds) {
     const auto range = estimateRange(row.query);
     EXPECT_EQ(range.value_or(std::pair{-1.0, 0.0}), (std::pair{row.from, row.to}));
   }
-  using Range = std::pair<double, double>;
-  for (const auto& [whole, part] : {std::pair{Range{60, 100}, Range{70, 75}},
-                                    {Range{90, 95.2}, Range{90.2, 95.2}},
-                                    {Range{0, 3}, Range{0, 3}},
-                                    {Range{99, 100}, Range{99, 100}},
-                                    {Range{7, 7}, Range{25, 30}}}) {
-    for (const bool hasVideo : {true, false}) {
-      const auto tried = estimateRange({hasVideo, hasVideo ? 100.0 : 0, 100, 100, 5, whole}).value();
-      EXPECT_NEAR(tried.first, part.first, 1e-9) << whole.first << "-" << whole.second;
-      EXPECT_NEAR(tried.second, part.second, 1e-9) << whole.first << "-" << whole.second;
-    }
-  }
-  EXPECT_EQ(projected({true, 100, 0, 100, 5, Range{8, 10}}, 2, 9, 2).estimateSeconds, 2);
   const EstimateQuery movie{true, 100, 0, 100, 5};
   EXPECT_DOUBLE_EQ(projected(movie, 2, 5 * 1024 * 1024, 100).megabytes, 100);
   EXPECT_EQ(projected(movie, 2, 0, 100).megabytes, 1);
@@ -142,7 +130,7 @@ TEST(MovieRender, GoesFromTheOptionsToTheReport) {
             "'/bin/KVORender' '/P' '9' '/S' '77' '/W' '/out/my film.wmv' '/prog/KVORender.xtl'");
   // 20 s for 5 s of 12, with its margin 76.8 s; half of that is counted down.
   EXPECT_DOUBLE_EQ(b.state.RenderSeconds, 76.8);
-  EXPECT_TRUE(countdowns.starts_with("00.00.33 00.00.28 00.00.26 00.00.24 ")) << countdowns;
+  EXPECT_TRUE(countdowns.starts_with("00.00.38 00.00.33 00.00.28 00.00.23 00.00.21 ")) << countdowns;
   EXPECT_EQ(headings, "Pre-Render - Phase 1|Rendering - Phase 2|");
   EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep tabs add:/out/my film.wmv controls+");
   EXPECT_EQ(b.state.completed, "Completed in 45.00 (s)");
@@ -230,6 +218,7 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
     };
   };
   const std::string failed = "KVO - Failed to Render Movie|";
+  const std::string asked = "KVO - Create Movie|";
   for (const auto& row :
        {Row{"an older file",
             [](auto& b) {
@@ -237,23 +226,28 @@ TEST(MovieRender, TellsWhatStandsInItsWay) {
               b.files.all["/out/older.WMV"] = "old";
               b.boxes.answers = {Answer::No};
             },
-            "KVO - Create Movie|", 0},
-        Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0},
-        Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, "KVO - Not enough Disk Space Warning|", 1},
+            asked, 0},
+        Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0,
+            "it is one of the clips"},
+        Row{"no such folder", [](auto& b) { b.dialogs.answers = {"/gone/film.wmv"}; }, failed, 0,
+            "There is no folder /gone/"},
+        Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, asked + "KVO - Not enough Disk Space Warning|",
+            1},
         Row{"no range", range(2, 2),
-            "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
+            asked + "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
         Row{"no profile file", [](auto& b) { b.files.all.erase("/prog/wmsysprx.prx"); },
-            "KVO - Write WM8 Movie|" + failed, 0},
+            asked + "KVO - Write WM8 Movie|" + failed, 0},
         Row{"the engine fails",
             [](auto& b) {
               b.engine.turns = {{}, {.exitCode = 1, .says = "/out/my film.wmv: No space"}};
             },
-            failed, 2},
+            asked + failed, 2},
         Row{"the first part is killed",
-            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, failed, 1,
+            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, asked + failed, 1,
             "the render engine ended with code 137"}}) {
     RenderBench b;
     b.choose(OutputKind::Wmv, 38);
+    b.boxes.answers = {Answer::Yes};  // it may be replaced
     row.prepare(b);
     b.files.all["/out/my film.wmv"] = "old";
     b.render.WriteRenderMovie();
@@ -304,6 +298,61 @@ TEST(MovieRender, BeginsWithWhatWasUsedLast) {
   EXPECT_EQ(next.state.codecSize, "320 x 240");
   next.render.WriteRenderMovie();
   EXPECT_EQ(next.dialogs.asked.at(0).folder, "/out");
+}
+
+TEST(MovieRender, TellsWhatTheMovieIsLike) {
+  struct Row {
+    OutputKind kind;
+    int profile;
+    const char* facts;
+  };
+  for (const auto& row : {Row{OutputKind::Wmv, 38, "Frames a second=30|Colors=24 bit|Sound=44.1 kHz stereo|"},
+                          Row{OutputKind::Wmv, 26, "Frames a second=15|Colors=24 bit|Sound=8 kHz mono|"},
+                          Row{OutputKind::Wmv, 15, "Frames a second=24|Colors=24 bit|Sound=44.1 kHz stereo|"},
+                          Row{OutputKind::Wma, 17, "Range=2.5 to 7.0 s|Sound=22.05 kHz mono|"},
+                          Row{OutputKind::Mov, -1, "Frames a second=25|Colors=24 bit|Sound=48 kHz stereo|"},
+                          Row{OutputKind::Gif, -1, "Frames a second=25|Colors=8 bit|Sound=none|"}}) {
+    RenderBench b;
+    b.create.Opt_RenderRangeWhole = false;
+    b.create.Txt_From = 2.5;
+    b.create.Txt_Too = 7;
+    b.choose(row.kind, row.profile);
+    EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
+    EXPECT_TRUE(test::holds(factsOf(b.state), "|Length=4.500 s|")) << factsOf(b.state);
+  }
+}
+
+// What the sample has shown is not what the movie begins with.
+TEST(MovieRender, BeginsEachPartWithoutAPicture) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  std::shared_ptr<const std::string> sampled;
+  b.host.onChange = [&] {
+    if (b.state.frame == RenderFrame::Estimate) {
+      sampled = b.state.document;
+      b.state.picture = std::make_shared<FramePicture>();
+    }
+    if (b.state.frame != RenderFrame::Rendering) return;
+    EXPECT_EQ(b.state.picture, nullptr);
+    EXPECT_NE(b.state.document, sampled) << "nor does one come that is still being made";
+  };
+  b.render.WriteRenderMovie();
+  EXPECT_NE(sampled, nullptr);
+}
+
+TEST(MovieRender, AsksAgainForANameThatCannotBe) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.addVideo("own.avi", 0, 2, "/out/");
+  b.files.all["/out/older.avi"] = "old";
+  b.dialogs.answers = {"/out/own.avi", "/gone/new.avi", "/out/older.avi", "/out/new.avi"};
+  b.boxes.answers = {Answer::Ok, Answer::Ok, Answer::No};
+  b.render.WriteRenderMovie();
+  ASSERT_EQ(b.dialogs.asked.size(), 4U);
+  EXPECT_EQ(b.dialogs.asked[2].folder + b.dialogs.asked[2].name, "/out/new.avi") << "where a folder is";
+  EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Create Movie") << "asked of what is there";
+  EXPECT_EQ(b.files.all["/out/older.avi"], "old");
+  EXPECT_TRUE(b.files.all.contains("/out/new.avi"));
 }
 
 TEST(MovieRender, TellsHowFarItIs) {
@@ -420,15 +469,22 @@ TEST(MovieRender, CanBeAbortedAtAnyTime) {
       RenderBench b;
       b.choose(OutputKind::Wmv, 9);
       b.files.all["/out/my film.wmv"] = "old";
+      b.boxes.answers = {Answer::Yes};  // it may be replaced
       const EngineTurn turn{.seconds = 30, .heedsStop = heedsStop};
       b.engine.turns = {turn, turn};
+      b.boxes.whileShown = [&] {
+        const bool isTold = b.boxes.shown.back().text == "Render Aborted !";
+        EXPECT_EQ(isTold, b.state.heading == "Render aborted");
+        EXPECT_TRUE(!isTold || b.state.caption == "   Create New Movie from Holiday Collection");
+      };
       b.host.onChange = [&] {
         if (b.state.frame == frame && b.engine.running > 0 && b.loop.now().count() % 30000 > 7000)
           b.render.AbortRender();
       };
       b.render.WriteRenderMovie();
       EXPECT_EQ(captionsOf(b.boxes),
-                std::string(heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
+                std::string("KVO - Create Movie|") +
+                    (heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
                     (frame == RenderFrame::Rendering ? "KVO - Movie Render aborted|" : ""))
           << "of the first part there is nothing to tell";
       EXPECT_EQ(b.engine.running, 0);
@@ -585,6 +641,21 @@ TEST(MovieRender, AsksAboutEachMovieButAWav) {
   }
 }
 
+TEST(MovieRender, SaysWhatOfTheClipsIsNotInTheMovie) {
+  RenderBench b;
+  b.choose(OutputKind::Mp4);
+  EXPECT_FALSE(test::holds(b.state.madeForText, "Your clips"));
+  EXPECT_EQ(b.state.caution, "");
+  b.collection.MovieList[1].MovieWidth(1920);
+  b.collection.MovieList[1].MovieHeight(1080);
+  b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
+  b.choose(OutputKind::Mp4);
+  EXPECT_TRUE(test::holds(b.state.madeForText, "Your clips are up to 1920 x 1080:")) << b.state.madeForText;
+  EXPECT_TRUE(b.state.canMake && b.state.caution.starts_with("1 clip has an overlay.")) << b.state.caution;
+  b.choose(OutputKind::Mp3);
+  EXPECT_EQ(b.state.caution, "") << "it has no picture";
+}
+
 TEST(MovieRender, CautionsWhileAnotherChoiceCanBeMade) {
   struct Row {
     OutputKind kind;
@@ -673,6 +744,7 @@ TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
     b.dialogs.answers = {"/out/song.wav"};
     b.files.all["/out/song.WMA"] = "mine";
     b.files.all["/out/song.wav"] = "old";
+    b.boxes.answers = {Answer::Yes};  // it may be replaced
     if (fails) b.host.stripFails = "cannot write /out/song.wav: No space";
     b.render.WriteRenderMovie();
     ASSERT_EQ(b.engine.calls.size(), 2U);
@@ -681,7 +753,8 @@ TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
     EXPECT_EQ(b.files.all["/out/song.wav"], fails ? "old" : "x");
     EXPECT_EQ(b.files.all["/out/song.WMA"], "mine");
     EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMA"));
-    EXPECT_EQ(captionsOf(b.boxes), fails ? "KVO - Failed to Render Movie|" : "")
+    EXPECT_EQ(captionsOf(b.boxes),
+              std::string("KVO - Create Movie|") + (fails ? "KVO - Failed to Render Movie|" : ""))
         << "nobody is asked to view it";
     EXPECT_EQ(b.state.frame, fails ? RenderFrame::Options : RenderFrame::Report);
     EXPECT_EQ(b.collection.MovieList.count(), 1);

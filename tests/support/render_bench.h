@@ -129,6 +129,7 @@ struct RenderBench : Bench {
     addVideo("hills.avi", 0, 8);
     collection.IniName = "Holiday.INI";
     files.all["/prog/wmsysprx.prx"] = "system";
+    files.all["/out/notes.txt"] = "";  // the folder is there
     settings.adjust().RenderDiskWarning = false;
     settings.adjust().RenderTimeWarning = false;
     settings.adjust().RenderEstimateSecs = 5;

@@ -56,6 +56,11 @@ TEST(FrmMessageBoxes, AreAnsweredByKeyboardAndPointer) {
     EXPECT_EQ(boxes.show({"Caption", "Text", row.buttons}), row.answer)
         << static_cast<int>(row.buttons) << testing::PrintToString(row.keys);
   }
+  for (const auto& [key, answer] : {std::pair{Qt::Key_Return, Answer::No}, {Qt::Key_Y, Answer::Yes}}) {
+    whenShown([key = key](MessageWindow& window) { QTest::keyClick(window.focusWidget(), key); });
+    EXPECT_EQ(boxes.show({.caption = "Caption", .text = "Text", .buttons = BoxButtons::YesNo, .isRisky = true}),
+              answer);
+  }
 }
 
 TEST(FrmMessageBoxes, ShowTheirTextsAndAreReadAloud) {

@@ -94,8 +94,9 @@ TEST(RenderCard, LeadsByItsKeys) {
   for (const auto& row : {Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Return, "write "},
                           Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Escape, "leave "},
                           Row{RenderFrame::PicInPic, false, "Render New Clip", Qt::Key_Space, "pair "},
-                          Row{RenderFrame::Estimate, true, "Abort", Qt::Key_Escape, ""},
-                          Row{RenderFrame::Rendering, true, "Abort", Qt::Key_Return, "abort "},
+                          Row{RenderFrame::Estimate, true, "", Qt::Key_Escape, ""},
+                          Row{RenderFrame::Estimate, true, "", Qt::Key_Space, ""},
+                          Row{RenderFrame::Rendering, true, "", Qt::Key_Return, ""},
                           Row{RenderFrame::Report, false, "View Movie", Qt::Key_Space, "view "},
                           Row{RenderFrame::Report, false, "View Movie", Qt::Key_Escape, "leave "}}) {
     b.go(RenderFrame::None);
@@ -106,6 +107,12 @@ TEST(RenderCard, LeadsByItsKeys) {
     QTest::keyClick(b.card->focusWidget(), row.key);
     EXPECT_EQ(b.asked, row.asked) << row.focus;
   }
+  b.state.isRunning = true;
+  b.go(RenderFrame::Rendering);
+  QTest::keyClick(b.card->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(b.focus(), "Abort");
+  QTest::keyClick(b.card->focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(b.asked.ends_with("abort ")) << b.asked;
 }
 
 TEST(RenderCard, OffersKindsAndProfiles) {
@@ -173,6 +180,37 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   sound.go(RenderFrame::Options);
   for (const auto* row : sound.card->findChildren<KindRow*>())
     EXPECT_TRUE(!row->isChecked() || !row->visibleRegion().isEmpty()) << "the kind in hand is in sight";
+  for (auto* row : sound.card->findChildren<KindRow*>()) {
+    row->setChecked(true);  // as an arrow key does
+    sound.state.kind = row->kind();
+    sound.go(RenderFrame::Options);
+    EXPECT_EQ(row->visibleRegion().boundingRect(), row->rect()) << row->text().toStdString();
+  }
+}
+
+// Nothing stays as small as it is in a small window.
+TEST(RenderCard, TakesTheRoomOfALargeWindow) {
+  CardBench b;
+  b.state.picture = std::make_shared<FramePicture>();
+  const auto areaOf = [&b](const QString& name) {
+    for (const auto* part : b.card->findChildren<QWidget*>())
+      if (part->accessibleName() == name && part->isVisible()) return part->width() * part->height();
+    return 0;
+  };
+  for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "Kind of movie"},
+                                    {RenderFrame::Options, "Profile"},
+                                    {RenderFrame::Options, "The clip in hand"},
+                                    {RenderFrame::Rendering, "The picture being made"},
+                                    {RenderFrame::PicInPic, "The backdrop"}}) {
+    b.card->resize(themed(976), themed(448));
+    b.go(frame);
+    const int small = areaOf(name);
+    b.card->resize(themed(1540), themed(760));
+    QApplication::processEvents();
+    EXPECT_GT(areaOf(name), 2 * small) << name;
+    EXPECT_GT(small, 0) << name;
+    b.picture("large-" + std::to_string(static_cast<int>(frame)));
+  }
 }
 
 TEST(RenderCard, SaysWhyAMovieCannotBeMade) {

@@ -48,6 +48,7 @@ FileChoice ask(const FileQuestion& question, QFileDialog::AcceptMode accept, QFi
   dialog.setFileMode(mode);
   dialog.setOption(QFileDialog::ReadOnly, accept == QFileDialog::AcceptOpen);
   dialog.setOption(QFileDialog::HideNameFilterDetails);  // the names tell as much as is to be told
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, question.mayExist);
   const auto filters = filtersOf(question);
   if (!filters.empty()) {
     dialog.setNameFilters(filters);

@@ -20,7 +20,7 @@ void buildControls(const Editing& e, OverlayTab& tab) {
   tab.whyNot = tab.enabled ? "" : "Choose a backdrop first";
   tab.pairWhyNot = tab.look.overlayClip > 0 ? "" : "This backdrop has no overlay";
   tab.notice = tab.Pic_NoPinp ? "Choose a clip to lay over the backdrop."
-                              : "The new clip is an uncompressed 32-bit movie and needs much disk space.";
+                              : "The new clip is an uncompressed 32-bit movie, large on disk.";
   const Movie none;
   const auto& backdrop = backdropNo > 0 ? e.clips()[backdropNo] : none;
   const auto& overlay = overlayNo > 0 ? e.clips()[overlayNo] : backdrop;

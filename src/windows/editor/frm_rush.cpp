@@ -169,8 +169,13 @@ QWidget& FrmRush::focused() const {
   return focusWidget() != nullptr && focusWidget() != this ? *focusWidget() : *static_cast<QWidget*>(tabs_);
 }
 
+QSize FrmRush::roomOnScreen() const {
+  return screen()->availableSize() - QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop);
+}
+
 void FrmRush::layOut() {
-  setMinimumSize(themed(kLeastRush.width()), themed(kLeastRush.height()));
+  // At a large interface its parts are squeezed: what lies beyond the screen cannot be reached at all.
+  setMinimumSize(QSize(themed(kLeastRush.width()), themed(kLeastRush.height())).boundedTo(roomOnScreen()));
   splitter_->setHandleWidth(themed(kSplitterHandle));
   upper_->setMinimumHeight(themed(kLeastUpper));
   lower_->setMinimumHeight(themed(kLeastLower));
@@ -244,8 +249,7 @@ void FrmRush::setRender(QWidget* card, std::function<bool()> draw) {
 
 void FrmRush::appear() {
   const QSize whole(themed(kRushSize.width()), themed(kRushSize.height()));
-  resize(whole.boundedTo(screen()->availableSize() -
-                         QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop)));
+  resize(whole.boundedTo(roomOnScreen()));
   keeping_.place.restoreWithSize(*this);
   wantedLower_ = static_cast<int>(ToNumber(keeping_.store.read(kLowerValue)));
   shareRoom();

@@ -68,6 +68,7 @@ class FrmRush final : public QWidget {
   QWidget* makeRight();
   QWidget* makeLower();
   void makeShortcuts();
+  [[nodiscard]] QSize roomOnScreen() const;
   void layOut();
   void shareRoom();
   void appear();

@@ -102,9 +102,9 @@ void OverlayPage::makeSliders() {
   fadeIn_ = slider(tr("Fade in of the overlay"), moveOverlayIn);
   fadeOut_ = slider(tr("Fade out of the overlay"), moveOverlayOut);
   for (auto* fade : {fadeIn_, fadeOut_}) fade->slider()->setSingleStep(kOverlayFadeStep);
-  trim_ =
-      put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
-          {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom, 32}, {.right = 50, .down = kLookShare});
+  trim_ = put(made<QCheckBox>(tr("Trim Overlay length to\nbackdrop length (Rate Adjust)"), this),
+              {kOverlayRight - kMarkRoom, 308, kOverlayWide + kMarkRoom + 10, 32},
+              {.right = 50, .down = kLookShare});
   trim_->setAccessibleName(tr("Trim Overlay length to backdrop length (Rate Adjust)"));
   trim_->setToolTip(trim_->accessibleName());
   connect(trim_, &QCheckBox::clicked,
@@ -113,7 +113,7 @@ void OverlayPage::makeSliders() {
 
 void OverlayPage::makeSound() {
   const auto box = [this](int top, const QString& tip, auto rule) {
-    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 300, 24}, {.down = 100});
+    auto* made = put(kvo::made<QCheckBox>(this), {16 - kMarkRoom, top, 408, 24}, {.down = 100, .wider = 100});
     made->setToolTip(tip);
     connect(made, &QCheckBox::clicked,
             [this, rule](bool on) { act([&] { rule(logic_.editing, state_, logic_.host, on); }); });
@@ -121,13 +121,13 @@ void OverlayPage::makeSound() {
   };
   overlaySound_ = box(382, tr("The sound of the overlay goes into the new clip"), tickOverlaySound);
   backdropSound_ = box(404, tr("The sound of the backdrop goes into the new clip"), tickBackdropSound);
-  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {319, 350, 105, 28},
+  clear_ = put(made<QPushButton>(themeIcon("bin"), tr("Clear"), this), {kOverlayRight, 346, 92, 28},
                {.right = 100, .down = 95});
   clear_->setToolTip(tr("Take the overlay off this backdrop"));
   connect(clear_, &QPushButton::clicked,
           [this] { act([&] { clearPicInPic(logic_.editing, state_, logic_.host); }); });
-  KVOBut_RenderPinP_ = put(made<QPushButton>(themeIcon("movie"), tr("Render..."), this), {319, 382, 105, 28},
-                           {.right = 100, .down = 100});
+  KVOBut_RenderPinP_ = put(made<QPushButton>(themeIcon("movie"), tr("Render..."), this), {325, 346, 99, 28},
+                           {.right = 100, .down = 95});
   KVOBut_RenderPinP_->setProperty("kind", "primary");
   KVOBut_RenderPinP_->setToolTip(tr("Make a clip of backdrop and overlay"));
   connect(KVOBut_RenderPinP_, &QPushButton::clicked, [this] { render(); });

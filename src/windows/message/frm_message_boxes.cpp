@@ -85,6 +85,7 @@ MessageQuestion madeOf(MessageQuestion question, const Box& box) {
   question.face.keys.clear();
   for (const auto answer : question.answers) question.face.keys << keyText(answer, box);
   question.seconds = box.seconds;
+  question.isRisky = box.isRisky;
   return question;
 }
 

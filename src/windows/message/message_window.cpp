@@ -61,14 +61,15 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
   }
   connect(card_->closeKey(), &QAbstractButton::clicked, [this] { reject(); });
   connect(&tick_, &QTimer::timeout, [this] { countDown(); });
-  card_->keys().front()->setDefault(true);
+  auto* usual = question.isRisky ? card_->keys().back() : card_->keys().front();
+  usual->setDefault(true);
   if (auto* field = card_->field(); field != nullptr) {
     const auto allow = [this] { card_->keys().front()->setEnabled(!typed().trimmed().isEmpty()); };
     connect(field, &QLineEdit::textChanged, allow);
     allow();
     field->setFocus(Qt::ActiveWindowFocusReason);
   } else {
-    card_->keys().front()->setFocus(Qt::ActiveWindowFocusReason);
+    usual->setFocus(Qt::ActiveWindowFocusReason);
   }
 }
 

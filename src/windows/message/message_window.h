@@ -18,8 +18,9 @@ namespace kvo {
 struct MessageQuestion {
   MessageFace face;
   std::vector<Answer> answers{
-      Answer::Ok};     ///< of each key; the first is the default, the last the harmless one
-  double seconds = 0;  ///< until the default answers by itself; 0 waits for ever
+      Answer::Ok};       ///< of each key; the first is the default, the last the harmless one
+  double seconds = 0;    ///< until the first answers by itself; 0 waits for ever
+  bool isRisky = false;  ///< the default is the last
 };
 
 class MessageWindow : public QDialog {

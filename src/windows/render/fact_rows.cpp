@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kFactHeight = 18;
 constexpr int kFactNameWidth = 120;
+constexpr Share kFactGrows{0, 0, 100, 0};
 
 }  // namespace
 
@@ -20,11 +21,22 @@ FactRows::FactRows(const Form& form, QWidget* parent)
   for (std::size_t i = 0; i < kMost; ++i) {
     const int top = form.pitch * static_cast<int>(i);
     names_[i] = write({}, "hint", {0, top, valueLeft - 4, kFactHeight});
-    values_[i] = write({}, "detail", {valueLeft, top, form.width - valueLeft, kFactHeight});
+    values_[i] = write({}, "detail", {valueLeft, top, form.width - valueLeft, kFactHeight}, kFactGrows);
     if (form.valueLeft == 0) values_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    lines_[i] = put(made<QFrame>(this), {0, top + (form.pitch + kFactHeight) / 2, form.width, 1});
+    lines_[i] = put(made<QFrame>(this), {0, top + (form.pitch + kFactHeight) / 2, form.width, 1}, kFactGrows);
     lines_[i]->setProperty("role", "line");
   }
+}
+
+void FactRows::resizeEvent(QResizeEvent* event) {
+  EditorPage::resizeEvent(event);
+  elide();
+}
+
+void FactRows::elide() {
+  for (auto* value : values_)
+    setTextOf(*value, value->fontMetrics().elidedText(value->accessibleDescription(), Qt::ElideMiddle,
+                                                      value->width()));
 }
 
 void FactRows::draw(const std::vector<RenderFact>& facts) {
@@ -41,8 +53,8 @@ void FactRows::draw(const std::vector<RenderFact>& facts) {
       values_[i]->setAccessibleDescription(value);
       setTipOf(*values_[i], value);
     }
-    setTextOf(*values_[i], values_[i]->fontMetrics().elidedText(value, Qt::ElideMiddle, values_[i]->width()));
   }
+  elide();
 }
 
 }  // namespace kvo

@@ -25,7 +25,12 @@ class FactRows final : public EditorPage {
 
   void draw(const std::vector<RenderFact>& facts);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void elide();
+
   std::array<QLabel*, kMost> names_{};
   std::array<QLabel*, kMost> values_{};
   std::array<QFrame*, kMost> lines_{};

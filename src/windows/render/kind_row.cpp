@@ -56,12 +56,13 @@ void KindRow::paintEvent(QPaintEvent* /*event*/) {
   font.setWeight(QFont::DemiBold);
   painter.setFont(font);
   painter.setPen(toColour(isEnabled() ? token("text1") : token("textOff")));
-  painter.drawText(scaled(kKindTitle), Qt::AlignVCenter, text());
+  const int wider = width() - sizeHint().width();
+  painter.drawText(scaled(kKindTitle).adjusted(0, 0, wider, 0), Qt::AlignVCenter, text());
   font.setPixelSize(themed(11));
   font.setWeight(QFont::Normal);
   painter.setFont(font);
   painter.setPen(toColour(isEnabled() ? token("text2") : token("textOff")));
-  painter.drawText(scaled(kKindBrief), Qt::TextWordWrap, told(row_.brief));
+  painter.drawText(scaled(kKindBrief).adjusted(0, 0, wider, 0), Qt::TextWordWrap, told(row_.brief));
 }
 
 void KindRow::paintSign(QPainter& painter, bool lit) const {

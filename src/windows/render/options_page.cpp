@@ -18,6 +18,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
@@ -33,7 +34,17 @@ constexpr QRect kHardware = kOwnSize;  // never both
 constexpr QRect kSizeName{362, 338, 180, 26};
 constexpr QRect kMegabytes{612, 338, 106, 26};
 constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
-constexpr QRect kPicture{750, 206, 208, 62};
+constexpr QRect kPicture{750, 204, 208, 58};
+// Who gets the room of a larger card: the kinds, the lists in the middle, the summary.
+constexpr Share kKindsGrow{0, 0, 25, 100};
+constexpr Share kOptionListGrows{25, 0, 40, 100};
+constexpr Share kBelowList{25, 100, 40, 0};
+constexpr Share kAtListsEnd{65, 100, 0, 0};
+constexpr Share kOverList{25, 0, 40, 0};
+constexpr Share kSummaryHead{65, 0, 35, 0};
+constexpr Share kSummaryGrows{65, 0, 35, 100};
+constexpr Share kSummaryKeys{65, 100, 35, 0};
+constexpr int kQueueGrows = 30;  // hundredths of what is taller, while there is one
 constexpr FactRows::Form kOptionFacts{208, 20, 0};
 
 // A row of the list without its blanks and its number.
@@ -62,7 +73,7 @@ OptionsPage::OptionsPage(const RenderState& state, const QueueState& queue, cons
 }
 
 void OptionsPage::makeKinds() {
-  kinds_ = put(made<QScrollArea>(this), {18, 18, kKindColumn, 354});
+  kinds_ = put(made<QScrollArea>(this), {18, 18, kKindColumn, 354}, kKindsGrow);
   kinds_->setAccessibleName(tr("Kind of movie"));
   kinds_->setFrameShape(QFrame::NoFrame);
   kinds_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -82,8 +93,8 @@ void OptionsPage::makeKinds() {
 }
 
 void OptionsPage::makeProfiles() {
-  listCaption_ = write(tr("Profile"), "caption", {350, 16, 200, 18});
-  sizeCaption_ = write(tr("Picture size"), "hint", {600, 16, 116, 18});
+  listCaption_ = write(tr("Profile"), "caption", {350, 16, 200, 18}, kOverList);
+  sizeCaption_ = write(tr("Picture size"), "hint", {600, 16, 116, 18}, {65, 0, 0, 0});
   sizeCaption_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   Lst_WMVFormats_ =
       put(made<PageList>(tr("Profile"), QString(), std::span<const char* const>(), this), kProfileList);
@@ -97,7 +108,7 @@ void OptionsPage::makeProfiles() {
   description_ = write({}, "field", kText);
   description_->setWordWrap(true);
   description_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  hint_ = write({}, "field", {350, 42, 380, 200});
+  hint_ = write({}, "field", {350, 42, 380, 200}, kOptionListGrows);
   hint_->setWordWrap(true);
   hint_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   Chk_UseCodecOutputDimensions_ = put(made<QCheckBox>(this), kOwnSize);
@@ -133,23 +144,23 @@ void OptionsPage::makeHardware() {
 }
 
 void OptionsPage::makeSummary() {
-  write(tr("Your movie"), "caption", {750, 16, 208, 18});
-  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160});
-  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), kPicture);
-  caution_ = write({}, "caution", kPicture);
+  write(tr("Your movie"), "caption", {750, 16, 208, 18}, kSummaryHead);
+  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160}, kSummaryHead);
+  pane_ = put(made<PicturePane>(tr("The clip in hand"), this), kPicture, kSummaryGrows);
+  caution_ = write({}, "caution", kPicture, kSummaryGrows);
   caution_->setWordWrap(true);
   caution_->setAlignment(Qt::AlignBottom | Qt::AlignLeft);
-  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 276, 208, 40});
+  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 268, 208, 40}, kSummaryKeys);
   KVOBut_WriteMovie_->setProperty("kind", "primary");
   KVOBut_WriteMovie_->setProperty("large", true);
   KVOBut_WriteMovie_->setToolTip(tr("Choose a name, and make the movie"));
   connect(KVOBut_WriteMovie_, &QPushButton::clicked, [this] { acts_.write(); });
-  KVOBut_AddToQueue_ = put(made<QPushButton>(tr("Add to Queue"), this), {750, 320, 208, 28});
+  KVOBut_AddToQueue_ = put(made<QPushButton>(tr("Add to Queue"), this), {750, 316, 208, 28}, kSummaryKeys);
   KVOBut_AddToQueue_->setToolTip(tr("Choose a name, and have the movie made in the background"));
   connect(KVOBut_AddToQueue_, &QPushButton::clicked, [this] { acts_.addToQueue(); });
   queue_ = put(made<QueuePanel>(queueState_, acts_.queue, this), kQueuePlace);
   queue_->hide();
-  auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 208, 26});
+  auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 208, 26}, kSummaryKeys);
   back->setProperty("kind", "quiet");
   back->setToolTip(tr("Back to editing") + " (Esc)");
   connect(back, &QPushButton::clicked, [this] { acts_.leave(); });
@@ -163,7 +174,10 @@ QWidget* OptionsPage::first() const {
 
 void OptionsPage::layOutKinds() {
   rows_->setSpacing(themed(kKindGap));
-  for (auto* row : Opt_CompressorType_) row->setFixedSize(row->sizeHint());
+  for (auto* row : Opt_CompressorType_) {
+    row->setFixedHeight(row->sizeHint().height());
+    row->setMinimumWidth(row->sizeHint().width());
+  }
   const int side = themed(16);
   KVOBut_WriteMovie_->setIconSize({side, side});
   KVOBut_WriteMovie_->setIcon(QIcon(iconPicture("movie", token("onTeal"), side, devicePixelRatio())));
@@ -175,11 +189,13 @@ void OptionsPage::changeEvent(QEvent* event) {
 }
 
 void OptionsPage::draw() {
-  for (auto* row : Opt_CompressorType_) {
-    if (row->kind() != state_.kind || row->isChecked()) continue;
-    row->setChecked(true);
-    rows_->activate();  // so that it has its place
-    kinds_->ensureWidgetVisible(row);
+  if (std::exchange(shownKind_, state_.kind) != state_.kind) {
+    for (auto* row : Opt_CompressorType_) {
+      if (row->kind() != state_.kind) continue;
+      row->setChecked(true);
+      rows_->activate();  // so that it has its place
+      kinds_->ensureWidgetVisible(row);
+    }
   }
   drawLists();
   drawProfiles();
@@ -196,15 +212,25 @@ void OptionsPage::draw() {
 
 // While there is a queue the lists are shorter, and what is told of a row stands higher.
 void OptionsPage::layOutLists() {
-  const int up = queue_->isHidden() ? 0 : kProfileTold.bottom() - kQueuePlace.top() + 9;
+  const bool hasQueue = !queue_->isHidden();
+  const int up = hasQueue ? kProfileTold.bottom() - kQueuePlace.top() + 9 : 0;
+  const int taken = hasQueue ? kQueueGrows : 0;
+  const auto less = [taken](Share share) {
+    share.down -= share.down > 0 ? taken : 0;
+    share.taller -= share.taller > 0 ? taken : 0;
+    return share;
+  };
+  const auto below = less(kBelowList);
   const bool isAlone = !state_.Lst_MadeFor.empty() && !state_.hasWishedSize && !state_.offersHardware;
-  for (auto* list : {Lst_WMVFormats_, Lst_MadeFor_}) put(list, kProfileList.adjusted(0, 0, 0, -up));
-  put(tellPlate_, kProfileTold.translated(0, -up));
-  put(description_, (isAlone ? kLongText : kText).translated(0, -up));
-  put(Chk_UseCodecOutputDimensions_, kOwnSize.translated(0, -up));
-  put(Chk_Hardware_, kHardware.translated(0, -up));
-  put(sizeName_, kSizeName.translated(0, -up));
-  put(Num_Megabytes_, kMegabytes.translated(0, -up));
+  for (auto* list : {Lst_WMVFormats_, Lst_MadeFor_})
+    put(list, kProfileList.adjusted(0, 0, 0, -up), less(kOptionListGrows));
+  put(tellPlate_, kProfileTold.translated(0, -up), below);
+  put(description_, (isAlone ? kLongText : kText).translated(0, -up), below);
+  put(Chk_UseCodecOutputDimensions_, kOwnSize.translated(0, -up), below);
+  put(Chk_Hardware_, kHardware.translated(0, -up), below);
+  put(sizeName_, kSizeName.translated(0, -up), below);
+  put(Num_Megabytes_, kMegabytes.translated(0, -up), less(kAtListsEnd));
+  put(queue_, kQueuePlace, {25, 100 - kQueueGrows, 40, kQueueGrows});
 }
 
 void OptionsPage::drawQueue() {

@@ -8,6 +8,7 @@
 #include "windows/render/render_acts.h"
 
 #include <QCoreApplication>
+#include <optional>
 #include <vector>
 
 class QCheckBox;
@@ -60,6 +61,7 @@ class OptionsPage final : public EditorPage {
   QScrollArea* kinds_ = nullptr;
   QVBoxLayout* rows_ = nullptr;
   std::vector<KindRow*> Opt_CompressorType_;
+  std::optional<OutputKind> shownKind_;  // that has been brought into sight
   QLabel* listCaption_ = nullptr;
   QLabel* sizeCaption_ = nullptr;
   PageList* Lst_WMVFormats_ = nullptr;

@@ -13,6 +13,8 @@ namespace {
 
 constexpr int kPairLeft = 386;
 constexpr FactRows::Form kPairFacts{430, 27, 160};
+constexpr Share kPairGrows{55, 0, 45, 0};
+constexpr Share kPairKeys{55, 100, 0, 0};
 
 }  // namespace
 
@@ -20,16 +22,16 @@ PairPage::PairPage(const RenderState& state, const RenderActs& acts, PictureOfCl
     : EditorPage(parent, kPlace, "plain"),
       state_(state),
       picture_(std::move(picture)),
-      pane_(put(made<PicturePane>(tr("The backdrop"), this), {48, 56, 288, 216})),
-      facts_(put(made<FactRows>(kPairFacts, this), {kPairLeft, 108, 430, 216})),
+      pane_(put(made<PicturePane>(tr("The backdrop"), this), {48, 56, 288, 216}, {0, 0, 55, 100})),
+      facts_(put(made<FactRows>(kPairFacts, this), {kPairLeft, 108, 430, 216}, kPairGrows)),
       KVOBut_RenderNewPicInPic_(
-          put(made<QPushButton>(tr("Render New Clip"), this), {kPairLeft, 334, 170, 34})),
+          put(made<QPushButton>(tr("Render New Clip"), this), {kPairLeft, 334, 170, 34}, kPairKeys)),
       KVOBut1_CancelRenderPicInPic_(
-          put(made<QPushButton>(tr("Back to editing"), this), {kPairLeft + 180, 334, 150, 34})) {
-  write(tr("Two clips become one"), "title", {kPairLeft, 40, 572, 26});
+          put(made<QPushButton>(tr("Back to editing"), this), {kPairLeft + 180, 334, 150, 34}, kPairKeys)) {
+  write(tr("Two clips become one"), "title", {kPairLeft, 40, 572, 26}, kPairGrows);
   auto* notice = write(tr("The new clip is an uncompressed 32-bit movie: it is as good as its two clips, and "
                           "large. The room on the disk is looked at before it is made."),
-                       "field", {kPairLeft, 68, 560, 34});
+                       "field", {kPairLeft, 68, 560, 34}, kPairGrows);
   notice->setWordWrap(true);
   notice->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   KVOBut_RenderNewPicInPic_->setProperty("kind", "primary");

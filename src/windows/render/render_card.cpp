@@ -37,6 +37,9 @@ RenderCard::RenderCard(const RenderState& state, const QueueState& queue, Render
   for (EditorPage* page : std::initializer_list<EditorPage*>{options_, pair_, work_}) {
     auto* area = EditorPage::scrolled(page, accessibleName(), frames_);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // So that the round corners of the card are seen below it.
+    area->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
     frames_->addWidget(area);
   }
   for (auto* key : findChildren<QPushButton*>()) key->setAutoDefault(true);  // Enter presses it
@@ -69,7 +72,7 @@ QWidget* RenderCard::firstFocus() const {
     case RenderFrame::PicInPic:
       return pair_->writeKey();
     default:
-      return work_->firstKey();
+      return work_->first();
   }
 }
 

@@ -18,6 +18,11 @@ namespace {
 constexpr int kWorkLeft = 386;
 constexpr QRect kWorkPie(70, 80, RenderPieBar::kSide, RenderPieBar::kSide);
 constexpr FactRows::Form kWorkFacts{372, 24, 110};
+// Who gets the room of a larger card: the words, and the picture beside them.
+constexpr Share kWordsGrow{0, 0, 35, 0};
+constexpr Share kPictureGrows{35, 0, 65, 100};
+constexpr Share kFilmGrows{0, 100, 100, 0};
+constexpr Share kBelowFilm{0, 100, 0, 0};
 
 }  // namespace
 
@@ -25,18 +30,20 @@ WorkPage::WorkPage(const RenderState& state, const RenderActs& acts, const Pictu
                    QWidget* parent)
     : EditorPage(parent, kPlace, "plain"),
       state_(state),
-      Picture2_(put(made<RenderPieBar>(this), kWorkPie)),
-      headline_(write({}, "title", {kWorkLeft, 40, 372, 26})),
-      below_(write({}, "field", {kWorkLeft, 68, 372, 34})),
-      facts_(put(made<FactRows>(kWorkFacts, this), {kWorkLeft, 108, 372, 192})),
-      pane_(put(made<PicturePane>(tr("The picture being made"), this), {774, 44, 184, 138})),
-      film_(put(made<FilmStrip>(picture, this), {kWorkLeft, 282, 572, 40})),
+      Picture2_(put(made<RenderPieBar>(this), kWorkPie, {0, 50, 0, 0})),
+      headline_(write({}, "title", {kWorkLeft, 40, 372, 26}, kWordsGrow)),
+      below_(write({}, "field", {kWorkLeft, 68, 372, 34}, kWordsGrow)),
+      facts_(put(made<FactRows>(kWorkFacts, this), {kWorkLeft, 108, 372, 192}, kWordsGrow)),
+      pane_(put(made<PicturePane>(tr("The picture being made"), this), {774, 44, 184, 138}, kPictureGrows)),
+      film_(put(made<FilmStrip>(picture, this), {kWorkLeft, 282, 572, 40}, kFilmGrows)),
       KVOBut_AbortRender_(makeKey(tr("Abort"), "danger", {kWorkLeft, 334, 150, 34})),
       view_(makeKey(tr("View Movie"), "primary", {kWorkLeft, 334, 150, 34})),
       back_(makeKey(tr("Back to editing"), "quiet", {kWorkLeft + 160, 334, 150, 34})),
       live_(write(tr("The window stays live while the engine works."), "hint",
-                  {kWorkLeft + 168, 342, 400, 18})),
-      notes_(write({}, "hint", {kWorkLeft, 216, 572, 66})) {
+                  {kWorkLeft + 168, 342, 400, 18}, kBelowFilm)),
+      notes_(write({}, "hint", {kWorkLeft, 216, 572, 66}, {0, 0, 100, 100})) {
+  setFocusPolicy(Qt::ClickFocus);
+  setAccessibleName(tr("The movie being made"));
   Picture2_->setAccessibleName(tr("How much is done"));
   notes_->setWordWrap(true);
   notes_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
@@ -50,14 +57,14 @@ WorkPage::WorkPage(const RenderState& state, const RenderActs& acts, const Pictu
 }
 
 QPushButton* WorkPage::makeKey(const QString& text, const char* kind, const QRect& place) {
-  auto* key = put(made<QPushButton>(text, this), place);
+  auto* key = put(made<QPushButton>(text, this), place, kBelowFilm);
   key->setProperty("kind", kind);
   return key;
 }
 
-QPushButton* WorkPage::firstKey() const {
+QWidget* WorkPage::first() {
   const auto view = workView(state_);
-  if (!view.isDone) return KVOBut_AbortRender_;
+  if (!view.isDone) return this;
   return view.canView ? view_ : back_;
 }
 

@@ -25,8 +25,9 @@ class WorkPage final : public EditorPage {
   WorkPage(const RenderState& state, const RenderActs& acts, const PictureOfClip& picture, QWidget* parent);
 
   void draw();
-  /// The key that has the keyboard when the frame comes.
-  [[nodiscard]] QPushButton* firstKey() const;
+  /// The key that has the keyboard when the frame comes; none while it works: Space and Enter are pressed
+  /// for other things too often to end a movie.
+  [[nodiscard]] QWidget* first();
 
  private:
   QPushButton* makeKey(const QString& text, const char* kind, const QRect& place);

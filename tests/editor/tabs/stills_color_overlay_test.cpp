@@ -196,7 +196,7 @@ TEST(OverlayTab, WithoutAnOverlayNothingIsKept) {
   chooseOverlay(b.editing, b.tab, b.host, 1);
   EXPECT_EQ(b.clip(1).HasPicInPic(), "002001040000000000000");
   EXPECT_EQ(b.tab.pairWhyNot, "");
-  EXPECT_EQ(b.tab.notice, "The new clip is an uncompressed 32-bit movie and needs much disk space.");
+  EXPECT_EQ(b.tab.notice, "The new clip is an uncompressed 32-bit movie, large on disk.");
   EXPECT_EQ(b.tab.Sld_OverlayIn.Max, 4000) << "half of the longer clip";
 }
 
