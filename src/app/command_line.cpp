@@ -193,8 +193,9 @@ struct QueueWord {
 
 constexpr std::array kQueueWords = {
     QueueWord{"list", QueueAct::List, 0},     QueueWord{"run", QueueAct::Run, 0},
-    QueueWord{"pause", QueueAct::Pause, 1},   QueueWord{"resume", QueueAct::Resume, 1},
-    QueueWord{"remove", QueueAct::Remove, 1}, QueueWord{"move", QueueAct::Move, 2},
+    QueueWord{"clear", QueueAct::Clear, 0},   QueueWord{"pause", QueueAct::Pause, 1},
+    QueueWord{"resume", QueueAct::Resume, 1}, QueueWord{"remove", QueueAct::Remove, 1},
+    QueueWord{"move", QueueAct::Move, 2},
 };
 
 Outcome readQueueWords(CommandLine& line, Words words) {
@@ -312,8 +313,8 @@ kvo5 --render COLLECTION --output FILE [OPTION VALUE]...
                         folders that its machines share
 kvo5 --queue add COLLECTION --output FILE [OPTION VALUE]...
     Puts a render into the queue, which the window makes in the background.
-kvo5 --queue list | run | pause N | resume N | remove N | move N PLACE
-    Lists the queue; makes what waits in it here; or does so with its job N.
+kvo5 --queue list | run | clear | pause N | resume N | remove N | move N PLACE
+    Lists the queue; makes what waits in it here; takes out what is done; or does so with its job N.
 kvo5 --list-presets
     Lists the presets of --render.
 kvo5 --add COLLECTION FILE...

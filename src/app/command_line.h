@@ -26,7 +26,7 @@ enum class Task {
 };
 
 /// What is asked of the queue of renders.
-enum class QueueAct { Add, List, Pause, Resume, Remove, Move, Run };
+enum class QueueAct { Add, List, Pause, Resume, Remove, Clear, Move, Run };
 
 struct CommandLine {
   Task task = Task::Help;

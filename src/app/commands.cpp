@@ -69,16 +69,12 @@ PictureSides sidesOf(const CommandLine& line, const KVO2& settings) {
   return line.preset != nullptr ? fittedTo(*line.preset, sides) : sides;
 }
 
-// What is left of a render that nobody wants to go on with. A job of the queue may want to.
-Outcome dropOldWork(Session& session, const std::string& output) {
-  const auto folder = workFolderOf(output);
-  if (!session.files.isFolder(folder)) return {};
-  const auto held = holdOutput(session.files, session.nameLocks, output, {});
-  if (!held) return held.error();
+// What is left of a render that nobody wants to go on with, now that the movie stands. A job of the queue may
+// want to.
+void dropOldWork(Session& session, const std::string& output) {
   const auto queue = QueueStore(session.files, queueFolder(session.folder), warn).read();
   const auto whole = absoluteName(output, std::filesystem::current_path().string());
-  if (queue && !hasOutput(*queue, whole)) removeWholeFolder(folder);
-  return {};
+  if (queue && !hasOutput(*queue, whole)) (void)dropWork(session.files, session.nameLocks, output).ok();
 }
 
 }  // namespace
@@ -112,9 +108,7 @@ Result<RenderOrder> renderOrder(Session& session, const CommandLine& line) {
                     .preset = line.preset != nullptr ? std::string(line.preset->name) : std::string(),
                     .quality = line.quality,
                     .effort = line.effort,
-                    .megabytes = line.megabytes,
-                    .frameRate = session.settings.preferences().OutPutFrameRate,
-                    .sharesTerminal = true};
+                    .megabytes = line.megabytes};
   if (line.encoder != EncoderWish::Software) order.encoder = encoderWord(line.encoder);
   if (line.range) order.range = {line.range->from, line.range->to};
   if (line.profile && *line.profile < kSystemProfiles) order.profile = line.profile;
@@ -132,11 +126,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   if (!made) return fail(made.error().text);
   auto& order = *made;
   if (line.slurmJobs > 0) return renderOnFarm(session, order, ownProfile(line), line.slurmJobs, engine);
-  if (line.resume) {
-    order.workFolder = workFolderOf(line.output);
-  } else if (auto done = dropOldWork(session, line.output); !done) {
-    return fail(done.error().text);
-  }
+  if (line.resume) order.workFolder = workFolderOf(line.output);
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
   if (line.profile && !order.profile) {
     const auto size =
@@ -145,7 +135,9 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
       return fail("the profile " + std::to_string(*line.profile) + " cannot be put in force");
     order.profileFile = profile.path();
   }
-  return renderOnConsole(session, order, engine);
+  const int code = renderOnConsole(session, order, engine);
+  if (code == kExitDone && !line.resume) dropOldWork(session, line.output);
+  return code;
 }
 
 int runCheck(Session& session, const CommandLine& line) {

@@ -85,7 +85,7 @@ int renderOnConsole(Session& session, const RenderOrder& order, const std::strin
   StopSignals signals;  // until here a signal ends the program by itself, and leaves nothing
   PollLoop loop;
   ProgressShow show;
-  RenderDriver driver({session.files, session.temporaryFolders, session.processes, loop, engine}, [&] {
+  RenderDriver driver({session.files, session.temporaryFolders, session.processes, loop, engine, true}, [&] {
     show.show(driver.state().progress);
     if (driver.state().ended()) loop.quit();
   });

@@ -53,6 +53,25 @@ Result<EngineJob> readEngineJob(const Files& files, const EngineArguments& argum
   return read;
 }
 
+Result<bool> makesSegments(Files& files, TemporaryFolders& folders, RenderOrder order,
+                           const std::string& profile) {
+  const auto folder = folders.make();
+  if (!folder) return folder.error();
+  const auto document = (*folder)->path() + "/KVORender.xtl";
+  if (auto done = writeDurably(files, document, order.document); !done) return done.error();
+  if (!profile.empty()) {
+    order.profileFile = (*folder)->path() + "/KVORender.prx";
+    if (auto done = writeDurably(files, order.profileFile, profile); !done) return done.error();
+  }
+  const auto arguments = readEngineArguments(engineArguments(order, document));
+  if (!arguments) return arguments.error();
+  const auto read = readEngineJob(files, *arguments, order.profileFile);
+  if (!read) return Error{replaced(read.error().text, document, "the timeline document")};
+  const auto plan = engine::planRender(engine::inRateOf(read->timeline, read->job), read->job, 1);
+  if (!plan) return plan.error();
+  return plan->encodesInSegments;
+}
+
 Result<std::vector<std::string>> segmentFiles(const Files& files, const EngineJob& job) {
   const auto timeline = engine::inRateOf(job.timeline, job.job);
   const auto plan = engine::planRender(timeline, job.job, 1);

@@ -4,6 +4,8 @@
 
 #include "app/engine_arguments.h"
 #include "ports/files.h"
+#include "ports/temporary_folders.h"
+#include "render/render_driver.h"
 
 #include <string>
 
@@ -21,6 +23,12 @@ Result<engine::Timeline> readTimeline(const Files& files, const std::string& doc
 /// Reads document and profile. `profileFile` is the one in force, empty for none.
 Result<EngineJob> readEngineJob(const Files& files, const EngineArguments& arguments,
                                 const std::string& profileFile);
+
+/// Whether an order's movie is made in segments, which are kept, and not in one piece; `profile` are the
+/// bytes of a profile file, empty for none. Fails as the render would before its first frame, but for its
+/// sources.
+Result<bool> makesSegments(Files& files, TemporaryFolders& folders, RenderOrder order,
+                           const std::string& profile);
 
 /// The names that the job's segments have in its work folder.
 Result<std::vector<std::string>> segmentFiles(const Files& files, const EngineJob& job);

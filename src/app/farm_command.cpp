@@ -4,7 +4,6 @@
 #include "adapters/posix/stop_signals.h"
 #include "app/console_render.h"
 #include "app/engine_job.h"
-#include "app/queue_command.h"
 #include "render/cluster/cluster_render.h"
 #include "render/output_hold.h"
 
@@ -50,7 +49,6 @@ class FarmShow {
 
 int tellFarmEnd(const FarmRun& run, const EngineRun& joined, const RenderOrder& order) {
   if (run.phase == FarmPhase::Done) {
-    removeWholeFolder(order.workFolder);  // with what the jobs were told and have said
     for (const auto& hole : joined.damage) warn(damageText(hole));
     print("made " + order.output + ": " + bytesText(static_cast<double>(joined.report.bytes)) + "\n");
     return kExitDone;
@@ -73,7 +71,7 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
   StopSignals signals;
   PollLoop loop;
   FarmShow show;
-  FarmRender farm({{session.files, session.temporaryFolders, session.processes, loop, engine},
+  FarmRender farm({{session.files, session.temporaryFolders, session.processes, loop, engine, true},
                    [&](const RenderOrder& asked, const std::string& document) {
                      return farmSegments(session.files, asked, document);
                    },
@@ -83,7 +81,8 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
                     if (farm.state().ended()) loop.quit();
                   });
   const auto leaveNothing = [&] {
-    if (isFresh && farm.state().made == 0) removeWholeFolder(order.workFolder);
+    if (isFresh && farm.state().made == 0 && !farm.state().mayGoOn)
+      (void)session.files.removeFolder(order.workFolder).ok();
   };
   if (auto begun = farm.start({order, profile, jobs}); !begun) {
     leaveNothing();
@@ -95,6 +94,9 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
   look->start(kFarmLookEvery);
   loop.run();
   if (farm.state().phase == FarmPhase::Failed) leaveNothing();
+  // With what the jobs were told and have said.
+  if (farm.state().phase == FarmPhase::Done)
+    (void)dropWork(session.files, session.nameLocks, order.output).ok();
   return tellFarmEnd(farm.state(), farm.joining(), order);
 }
 

@@ -3,16 +3,17 @@
 #include "adapters/posix/poll_loop.h"
 #include "adapters/posix/stop_signals.h"
 #include "app/commands.h"
+#include "app/engine_job.h"
 #include "base/numbers.h"
 
 #include <filesystem>
 #include <map>
-#include <system_error>
 
 namespace kvo {
 namespace {
 
-constexpr int kQueueLookEvery = 50;  // milliseconds between two looks for a stop signal
+constexpr int kQueueLookEvery = 50;   // milliseconds between two looks for a stop signal
+constexpr int kQueuePatience = 1200;  // milliseconds with another copy that makes the jobs
 
 // "2  waiting   0%  /home/me/film.avi  (Holiday.INI)"
 std::string jobText(const QueueJob& job) {
@@ -22,9 +23,12 @@ std::string jobText(const QueueJob& job) {
   return text;
 }
 
-int listQueue(const QueueStore& store) {
-  const auto queue = store.read();
+// What a program that is no more has left running waits.
+int listQueue(Session& session, const QueueStore& store) {
+  auto queue = store.read();
   if (!queue) return fail(queue.error().text);
+  const auto nobodyRuns = session.nameLocks.tryLock(store.runnerLock());
+  if (nobodyRuns && *nobodyRuns) mendQueue(*queue);
   for (const auto& job : queue->jobs) print(jobText(job));
   if (queue->jobs.empty()) print("the queue is empty\n");
   return kExitDone;
@@ -34,7 +38,10 @@ int addToQueue(Session& session, QueueStore& store, const CommandLine& line) {
   auto order = renderOrder(session, line);
   if (!order) return fail(order.error().text);
   order->output = absoluteName(order->output, std::filesystem::current_path().string());
-  const auto number = store.add(line.collection, *order, ownProfile(line));
+  const auto profile = ownProfile(line);
+  const auto inSegments = makesSegments(session.files, session.temporaryFolders, *order, profile);
+  if (!inSegments) return fail(inSegments.error().text);
+  const auto number = store.add(line.collection, *order, profile, !*inSegments);
   if (!number) return fail(number.error().text);
   print("job " + std::to_string(*number) + "\n");
   return kExitDone;
@@ -61,8 +68,7 @@ int makeQueue(Session& session, QueueStore& store, const std::string& engine) {
   QueueShow show;
   QueueRunner runner({store,
                       session.nameLocks,
-                      {session.files, session.temporaryFolders, session.processes, loop, engine},
-                      removeWholeFolder},
+                      {session.files, session.temporaryFolders, session.processes, loop, engine, true}},
                      [&] {
                        show.show(runner.queue());
                        const bool isStopped = signals.came() && runner.running() == 0;
@@ -73,23 +79,21 @@ int makeQueue(Session& session, QueueStore& store, const std::string& engine) {
   });
   look->start(kQueueLookEvery);
   runner.start();
-  if (!runner.isIdle() && runner.isElsewhere()) return fail("another copy of the program makes the queue");
+  // Who lists the queue has its name for a moment.
+  const auto patience = loop.timer([&] {
+    if (runner.isElsewhere()) loop.quit();
+  });
+  patience->start(kQueuePatience);
   if (!runner.isIdle()) loop.run();
+  if (!runner.isIdle() && runner.isElsewhere()) return fail("another copy of the program makes the queue");
   if (!runner.trouble().empty()) return fail(runner.trouble());
   if (signals.came()) return fail("stopped; the queue goes on from here", kExitStopped);
-  const auto& jobs = runner.queue().jobs;
-  const bool allMade = std::ranges::find(jobs, JobState::Failed, &QueueJob::state) == jobs.end();
-  return allMade ? kExitDone : kExitFailed;
+  return runner.failed() == 0 ? kExitDone : kExitFailed;
 }
 
 }  // namespace
 
 std::string queueFolder(const ProgramFolder& folder) { return folder.beside("\\Queue"); }
-
-void removeWholeFolder(const std::string& folder) {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
-}
 
 int runQueue(Session& session, const CommandLine& line, const std::string& engine) {
   QueueStore store(session.files, queueFolder(session.folder), warn);
@@ -102,15 +106,20 @@ int runQueue(Session& session, const CommandLine& line, const std::string& engin
     case QueueAct::Add:
       return addToQueue(session, store, line);
     case QueueAct::List:
-      return listQueue(store);
+      return listQueue(session, store);
     case QueueAct::Pause:
       return changed([&](RenderQueue& queue) { return pauseJob(queue, number); });
     case QueueAct::Resume:
       return changed([&](RenderQueue& queue) { return resumeJob(queue, number); });
+    case QueueAct::Clear:
+      return changed([](RenderQueue& queue) -> Outcome {
+        clearDone(queue);
+        return {};
+      });
     case QueueAct::Move:
       return changed([&](RenderQueue& queue) { return moveJob(queue, number, line.queuePlace); });
     case QueueAct::Remove: {
-      const auto done = removeQueued(store, session.nameLocks, number, removeWholeFolder);
+      const auto done = removeQueued(store, session.files, session.nameLocks, number);
       return done ? kExitDone : fail(done.error().text);
     }
     case QueueAct::Run:

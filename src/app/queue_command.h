@@ -12,9 +12,6 @@ namespace kvo {
 /// The folder of the user's queue.
 std::string queueFolder(const ProgramFolder& folder);
 
-/// Removes a folder with what is in it.
-void removeWholeFolder(const std::string& folder);
-
 /// Does what the command line asks of the queue; `engine` is the engine's program. Gives back the exit code
 /// of this program.
 int runQueue(Session& session, const CommandLine& line, const std::string& engine);

@@ -1,6 +1,8 @@
 #include "app/queue_links.h"
 
-#include "app/queue_command.h"
+#include "base/numbers.h"
+#include "base/paths.h"
+#include "core/telling/translated.h"
 #include "render/queue/queue_rows.h"
 
 #include <algorithm>
@@ -31,7 +33,28 @@ void QueueLinks::pauseOrGoOn() {
 void QueueLinks::remove() {
   const auto* job = chosen();
   if (job == nullptr) return;
-  tell(removeQueued(parts_.store, parts_.session.nameLocks, job->number, removeWholeFolder));
+  tell(removeQueued(parts_.store, parts_.session.files, parts_.session.nameLocks, job->number));
+}
+
+void QueueLinks::clear() {
+  tell(parts_.store.change([](RenderQueue& queue) -> Outcome {
+    clearDone(queue);
+    return {};
+  }));
+}
+
+bool QueueLinks::mayLeave() {
+  const auto& runner = parts_.runner;
+  const auto* job = jobOf(runner.queue(), runner.running());
+  if (job == nullptr || !job->isInOnePiece) return true;
+  const auto answer = parts_.session.boxes.show(
+      {"KVO - Render Queue",
+       translated(
+           "%1 is made in one piece. What is done of it, %2, is lost, and it begins anew at the next start. "
+           "Do you wish to leave now ?",
+           {fileNamePart(job->order.output), FormatMask(job->share * 100, "0") + "%"}),
+       BoxButtons::YesNo, BoxIcon::Question});
+  return answer == Answer::Yes;
 }
 
 void QueueLinks::move(int place) {
@@ -61,6 +84,8 @@ void QueueLinks::changed() {
   now.trouble = parts_.runner.trouble();
   now.glance = queueGlance(parts_.runner.queue(), now.trouble);
   now.Lst_Queue = queuedRows(parts_.runner.queue());
+  now.canClear = std::ranges::find(parts_.runner.queue().jobs, JobState::Done, &QueueJob::state) !=
+                 parts_.runner.queue().jobs.end();
   now.row = rowAmong(now.Lst_Queue);
   if (now == state_) return;
   if (!now.trouble.empty() && now.trouble != state_.trouble) parts_.session.log.LogError(now.trouble);

@@ -29,8 +29,13 @@ class QueueLinks {
   void choose(int row);
   void pauseOrGoOn();
   void remove();
+  /// Those that are done.
+  void clear();
   /// Its place from 1 on; behind the last means there.
   void move(int place);
+
+  /// Whether the program may end now. Asks where that loses what is made of a movie.
+  [[nodiscard]] bool mayLeave();
 
   /// The window of the queue.
   void show();

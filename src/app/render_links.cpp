@@ -1,5 +1,6 @@
 #include "app/render_links.h"
 
+#include "app/engine_job.h"
 #include "base/paths.h"
 #include "core/telling/translated.h"
 #include "editor/tabs/clip_checks.h"
@@ -47,9 +48,13 @@ RenderLinks::RenderLinks(const Parts& parts)
                parts.store,
                parts.work,
                [&desktop = parts.desktop] { return desktop.videosFolder(); },
-               [&store = parts.queueStore](const std::string& title, const RenderOrder& order,
-                                           const std::string& profile) {
-                 return store.add(title, order, profile);
+               [&store = parts.queueStore, &session = parts.session](
+                   const std::string& title, const RenderOrder& order,
+                   const std::string& profile) -> Result<int> {
+                 const auto inSegments =
+                     makesSegments(session.files, session.temporaryFolders, order, profile);
+                 if (!inSegments) return inSegments.error();
+                 return store.add(title, order, profile, !*inSegments);
                },
                [this] { hardware_.begin(); }},
               state_),
@@ -179,8 +184,9 @@ Outcome RenderLinks::StripWavFromCurrentVideo(const std::string& source, const s
 }
 
 void RenderLinks::renderChanged() {
-  auto& states = parts_.editor.states();
-  if (!state_.caption.empty()) states.window.frame.caption = state_.caption;
+  // Once: behind the render the caption is the editor's own again.
+  if (auto caption = std::exchange(state_.caption, {}); !caption.empty())
+    parts_.editor.states().window.frame.caption = std::move(caption);
 }
 
 }  // namespace kvo

@@ -103,7 +103,8 @@ QueueActs WindowProgram::queueActs() {
   return {.choose = act([this](int row) { queueLinks_.choose(row); }),
           .pauseOrGoOn = act([this] { queueLinks_.pauseOrGoOn(); }),
           .remove = act([this] { queueLinks_.remove(); }),
-          .move = act([this](int place) { queueLinks_.move(place); })};
+          .move = act([this](int place) { queueLinks_.move(place); }),
+          .clear = act([this] { queueLinks_.clear(); })};
 }
 
 void WindowProgram::showQueue() {

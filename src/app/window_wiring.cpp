@@ -99,6 +99,7 @@ void WindowProgram::wire() {
   editor_.desk().whenLooked([this] { keeping_.want(cache_); });
   list_.whenUnknown([this](const std::string& path) { facts_.want(path); });
   shutDown_.whenBusy([this] { (void)renders_.mayEnd(); });
+  shutDown_.whenLeaving([this] { return queueLinks_.mayLeave(); });
 }
 
 BatchProbe::Parts WindowProgram::probeParts(const std::string& executableFolder) {
@@ -316,7 +317,6 @@ QueueRunner::Ports WindowProgram::queuePorts(const std::string& executableFolder
           .locks = session_.nameLocks,
           .engine = {session_.files, session_.temporaryFolders, session_.processes, loop_,
                      executableFolder + "KVORender"},
-          .removeFolder = removeWholeFolder,
           .work = &queueWork_};
 }
 

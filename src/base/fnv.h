@@ -7,8 +7,10 @@
 
 namespace kvo {
 
-constexpr std::uint64_t fnv1a(std::string_view bytes) {
-  std::uint64_t hash = 14695981039346656037ULL;
+constexpr std::uint64_t kFnvBegin = 14695981039346656037ULL;
+
+/// `hash` is that of the bytes ahead of these.
+constexpr std::uint64_t fnv1a(std::string_view bytes, std::uint64_t hash = kFnvBegin) {
   for (const char c : bytes) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
   return hash;
 }

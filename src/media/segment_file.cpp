@@ -1,7 +1,9 @@
 #include "media/segment_file.h"
 
+#include "base/fnv.h"
 #include "media/ffmpeg.h"
 
+#include <array>
 #include <bit>
 #include <string_view>
 
@@ -10,13 +12,14 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little);
 
-constexpr std::string_view kMagic = "KVOSEG1\n";
+constexpr std::string_view kMagic = "KVOSEG2\n";
 
 struct SegmentHead {
   std::array<char, 8> magic{};
   std::uint64_t key = 0;
   std::uint64_t packets = 0;
   std::uint64_t holes = 0;
+  std::uint64_t hash = 0;
 };
 
 struct PacketHead {
@@ -46,11 +49,13 @@ std::string encoderVersions() {
 }
 
 SegmentWriter::SegmentWriter(Replacement& target, std::uint64_t key)
-    : target_(target), key_(key), at_(sizeof(SegmentHead)) {}
+    : target_(target), key_(key), at_(sizeof(SegmentHead)), hash_(kFnvBegin) {}
 
 Outcome SegmentWriter::put(const void* bytes, std::size_t count) {
-  auto done = target_.write(at_, {static_cast<const char*>(bytes), count});
+  const std::string_view more(static_cast<const char*>(bytes), count);
+  auto done = target_.write(at_, more);
   at_ += count;
+  hash_ = fnv1a(more, hash_);
   return done;
 }
 
@@ -69,12 +74,22 @@ Outcome SegmentWriter::finish(std::span<const Damage> damage) {
     if (auto done = put(&head, sizeof head); !done) return done;
     if (auto done = put(hole.path.data(), hole.path.size()); !done) return done;
   }
-  SegmentHead head{{}, key_, packets_, damage.size()};
+  SegmentHead head{{}, key_, packets_, damage.size(), hash_};
   kMagic.copy(head.magic.data(), head.magic.size());
   return target_.write(0, {reinterpret_cast<const char*>(&head), sizeof head});
 }
 
-// Goes over the file once, from head to head, and back to the first packet.
+std::uint64_t SegmentReader::hashOfRest() {
+  std::array<char, 1U << 16U> block{};
+  auto hash = kFnvBegin;
+  while (file_.read(block.data(), block.size()) || file_.gcount() > 0)
+    hash = fnv1a({block.data(), static_cast<std::size_t>(file_.gcount())}, hash);
+  file_.clear();
+  return hash;
+}
+
+// A file may have rotted, or stand without its bytes behind a power cut of a shared folder's server. Goes
+// over it from head to head then, and back to the first packet.
 bool SegmentReader::skim(std::uint64_t key) {
   file_.seekg(0, std::ios::end);
   const auto end = static_cast<std::int64_t>(file_.tellg());
@@ -84,6 +99,8 @@ bool SegmentReader::skim(std::uint64_t key) {
       head.key != key)
     return false;
   const auto first = file_.tellg();
+  if (hashOfRest() != head.hash) return false;
+  file_.seekg(first);
   for (auto i = head.packets; i > 0; --i) {
     PacketHead packet;
     if (!readInto(file_, packet) || packet.size < 0 || packet.size > end - file_.tellg()) return false;

@@ -1,7 +1,7 @@
 // The encoded pictures of a segment of a movie in a file of their own, from where they are laid into the
 // movie as they are. A file is good for one render alone, which its key tells:
-//   8       "KVOSEG1\n"
-//   8 8 8   key, number of packets, number of holes
+//   8         "KVOSEG2\n"
+//   8 8 8 8   key, number of packets, number of holes, FNV-1a of all that follows
 //   then, of each packet, its head (PacketHead) and its bytes, and of each hole its head and the file's name
 // Numbers are little endian.
 #pragma once
@@ -41,11 +41,12 @@ class SegmentWriter {
   const std::uint64_t key_;
   std::uint64_t at_;
   std::uint64_t packets_ = 0;
+  std::uint64_t hash_;
 };
 
 class SegmentReader {
  public:
-  /// Fails where there is no whole file of that key.
+  /// Fails where there is no whole and sound file of that key. That reads all of it.
   static Result<SegmentReader> open(const std::string& path, std::uint64_t key);
 
   /// The next packet; an empty one behind the last. Fails when the file cannot be read.
@@ -56,6 +57,7 @@ class SegmentReader {
  private:
   SegmentReader() = default;
   bool skim(std::uint64_t key);
+  std::uint64_t hashOfRest();
 
   std::string path_;
   std::ifstream file_;

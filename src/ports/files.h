@@ -94,6 +94,9 @@ class Files {
   /// Makes the folder and those above it.
   virtual Outcome makeFolder(const std::string& path) = 0;
 
+  /// Removes a folder with what is in it; one that is missing is no failure.
+  virtual Outcome removeFolder(const std::string& path) = 0;
+
   /// Holds the name `path` among all that ask for it in this way, in this process and in others; waits for
   /// the one that has it. An empty file of that name is made where there is none, and stays.
   virtual Result<std::unique_ptr<FileLock>> lock(const std::string& path) = 0;

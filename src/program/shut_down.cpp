@@ -21,6 +21,7 @@ bool ShutDown::exit() {
     if (busy_) busy_();
     return false;
   }
+  if (mayLeave_ && !mayLeave_()) return false;
   parts_.commands.prepare();
   deleteWorkFiles(parts_.files, parts_.folder);
   parts_.loop.yield();

@@ -10,16 +10,20 @@ class ShutDown {
   ShutDown(const ProgramParts& parts, Mailbox& mailbox) : parts_(parts), mailbox_(mailbox) {}
 
   /// Ends the program's work and asks about unsaved changes. False on Cancel, and while another command is
-  /// under way, which is asked to stop where it can: the program goes on.
+  /// under way, which is asked to stop where it can, and where it may not leave: the program goes on.
   bool exit();
 
   /// Hears that the end was asked for while other work runs. May be empty.
   void whenBusy(std::function<void()> heard) { busy_ = std::move(heard); }
 
+  /// Is asked whether the program may end while it could. May be empty.
+  void whenLeaving(std::function<bool()> mayLeave) { mayLeave_ = std::move(mayLeave); }
+
  private:
   ProgramParts parts_;
   Mailbox& mailbox_;
   std::function<void()> busy_;
+  std::function<bool()> mayLeave_;
   bool ended_ = false;
 };
 

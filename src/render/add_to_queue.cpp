@@ -11,28 +11,18 @@ void MovieRender::AddToQueue() {
   if (state_.isRunning || !ports_.enqueue) return;
   Job job;
   if (!readJob(false, job) || !askForName(job)) return;
-  auto& boxes = ports_.editing.boxes;
-  RenderOrder order{.document = job.document,
-                    .output = job.file,
-                    .range = job.query.range,
-                    .frameRate = ports_.editing.settings.preferences().OutPutFrameRate};
-  if (order.range && order.range->second <= order.range->first) {
-    boxes.show(rangeErrorBox());
-    boxes.show(rangeFailedBox());
-    return;
-  }
-  takePreset(job, order);
+  const auto range = job.range == std::pair(0.0, 0.0) ? std::nullopt : job.range;
+  auto order = orderOf(job, job.file, range);
+  if (!order) return;
   std::string profile;
   // The engine makes a WAV by itself.
   if (job.profile != kNoProfile && !job.audioOnly()) {
-    if (job.profile < kSystemProfiles) order.profile = job.profile;
-    const auto size =
-        state_.Chk_UseCodecOutputDimensions ? std::optional<OutputSize>() : std::optional(outputSize());
-    profile = wm8ProfileBytes(job.profile, size, {});
+    if (job.profile < kSystemProfiles) order->profile = job.profile;
+    profile = wm8ProfileBytes(job.profile, profileSize(), {});
   }
   remember(job);
-  const auto added = ports_.enqueue(collectionName(), order, profile);
-  if (!added) boxes.show(renderFailedBox(added.error().text));
+  const auto added = ports_.enqueue(collectionName(), *order, profile);
+  if (!added) ports_.editing.boxes.show(renderFailedBox(added.error().text));
   ports_.host.renderChanged();
 }
 

@@ -21,29 +21,37 @@ constexpr std::chrono::minutes kFirstPatience{1};  // with an engine that says n
 
 bool MovieRender::DoRender(const Job& job, const Part& part) {
   if (state_.RenderAborted) return false;
-  RenderOrder order{.document = job.document,
-                    .output = part.OutFile,
-                    .shownAs = part.OutFile == job.working ? job.file : std::string(),
-                    .folder = ports_.editing.folder.path(),
-                    .frameRate = ports_.editing.settings.preferences().OutPutFrameRate};
-  auto& boxes = ports_.editing.boxes;
-  if (part.RangeStart + part.RangeStop != 0) {
-    if (part.RangeStop <= part.RangeStart) {
-      boxes.show(rangeErrorBox());
-      boxes.show(rangeFailedBox());
-      return false;
-    }
-    order.range = {part.RangeStart, part.RangeStop};
-  }
-  if (!takeProfile(job, order)) {
-    boxes.show(profileFailedBox());
+  const bool isWhole = part.RangeStart + part.RangeStop == 0;
+  auto order = orderOf(job, part.OutFile,
+                       isWhole ? std::nullopt : std::optional(std::pair(part.RangeStart, part.RangeStop)));
+  if (!order) return false;
+  if (part.OutFile == job.working) order->shownAs = job.file;
+  order->folder = ports_.editing.folder.path();
+  if (!takeProfile(job, *order)) {
+    ports_.editing.boxes.show(profileFailedBox());
     return false;
   }
-  takePreset(job, order);
   keepFolder();
-  const bool started = Shell32Bit(order, part.MaxSeconds);
+  const bool started = Shell32Bit(*order, part.MaxSeconds);
   profile_.RestoreSysProfile();
   return started;
+}
+
+// Nothing, with boxes, for a range that is none.
+std::optional<RenderOrder> MovieRender::orderOf(const Job& job, const std::string& output,
+                                                const std::optional<std::pair<double, double>>& range) const {
+  if (range && range->second <= range->first) {
+    ports_.editing.boxes.show(rangeErrorBox());
+    ports_.editing.boxes.show(rangeFailedBox());
+    return std::nullopt;
+  }
+  RenderOrder order{.document = job.document, .output = output, .range = range};
+  takePreset(job, order);
+  return order;
+}
+
+std::optional<OutputSize> MovieRender::profileSize() const {
+  return state_.Chk_UseCodecOutputDimensions ? std::optional<OutputSize>() : std::optional(outputSize());
 }
 
 bool MovieRender::takeProfile(const Job& job, RenderOrder& order) {
@@ -52,9 +60,7 @@ bool MovieRender::takeProfile(const Job& job, RenderOrder& order) {
     order.profile = job.profile;
     return true;
   }
-  const auto size =
-      state_.Chk_UseCodecOutputDimensions ? std::optional<OutputSize>() : std::optional(outputSize());
-  if (!profile_.CreateWM8RenderProfile(job.profile, size)) return false;
+  if (!profile_.CreateWM8RenderProfile(job.profile, profileSize())) return false;
   order.profileFile = profile_.path();
   return true;
 }
@@ -64,7 +70,6 @@ void MovieRender::takePreset(const Job& job, RenderOrder& order) {
   if (job.inHardware) order.encoder = encoderWord(EncoderWish::Auto);
   if (job.preset == nullptr) return;
   order.preset = job.preset->name;
-  order.frameRate = std::min(order.frameRate, job.preset->mostRate);
   const double seconds = order.range ? order.range->second - order.range->first : job.length;
   order.megabytes = job.length > 0 ? job.megabytes * std::min(seconds / job.length, 1.0) : job.megabytes;
 }
@@ -106,7 +111,7 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
                                        }})
       .ok();
   endEngine();
-  state_.pie.percent = 100;
+  state_.pie = {100, kPieGreen};
   ports_.host.renderChanged();
   return true;
 }

@@ -14,41 +14,29 @@ constexpr double kSoundSlice = 25;
 constexpr double kSlowSound = 30;  // seconds: beyond, a tenth of the time is reckoned with
 constexpr double kSafety = 1.6;
 
-// Of the range; of one that ends before it begins nothing.
-std::optional<double> rangeLength(const EstimateQuery& query) {
-  if (!query.range || query.range->second <= query.range->first) return std::nullopt;
-  return query.range->second - query.range->first;
-}
-
-double pictureLength(const EstimateQuery& query) { return rangeLength(query).value_or(query.videoTotal); }
-
 }  // namespace
 
 int boundEstimate(int seconds) { return seconds > 1024 ? 10 : seconds < 2 ? 5 : seconds; }
 
 double estimateSlice(const EstimateQuery& query) {
   if (!query.hasVideo) return kSoundSlice;
-  const double total = pictureLength(query);
+  const double total = query.videoTotal;
   return total > 0 && total / 2 <= query.estimateSeconds ? total / 4 : query.estimateSeconds;
 }
 
 std::optional<std::pair<double, double>> estimateRange(const EstimateQuery& query) {
-  const auto length = rangeLength(query);
-  if (length.value_or(query.lastClipStop) <= query.estimateSeconds)
-    return length ? query.range : std::nullopt;
-  const double total = length.value_or(query.videoTotal > 0 ? query.videoTotal : query.audioTotal);
+  if (query.lastClipStop <= query.estimateSeconds) return std::nullopt;
+  const double total = query.videoTotal > 0 ? query.videoTotal : query.audioTotal;
   double start = total / 2;
   if (start + estimateSlice(query) > total / 2) start = total / 4;
-  if (length) start = query.range->first + std::min(start, *length - query.estimateSeconds);
   return std::pair{start, start + query.estimateSeconds};
 }
 
 EstimateResult projected(const EstimateQuery& query, double took, double bytes, double total) {
   EstimateResult result{took, bytes / kMegabyte / query.estimateSeconds * total, query.estimateSeconds};
   if (result.megabytes <= 0) result.megabytes = 1;
-  const double pictures = pictureLength(query);
-  if (query.hasVideo && pictures < query.estimateSeconds)
-    result.estimateSeconds = std::max(1, static_cast<int>(RoundToWhole(pictures)));
+  if (query.hasVideo && query.videoTotal < query.estimateSeconds)
+    result.estimateSeconds = std::max(1, static_cast<int>(RoundToWhole(query.videoTotal)));
   if (!query.hasVideo && took > kSlowSound) result.seconds = took / 10;
   return result;
 }

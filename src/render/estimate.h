@@ -12,19 +12,18 @@ int boundEstimate(int seconds);
 
 struct EstimateQuery {
   bool hasVideo = false;
-  double videoTotal = 0;                             ///< seconds
-  double audioTotal = 0;                             ///< seconds
-  double lastClipStop = 0;                           ///< seconds: where the last clip of the list ends
-  int estimateSeconds = 5;                           ///< bounded
-  std::optional<std::pair<double, double>> range{};  ///< seconds: what is rendered; nothing for all of it
+  double videoTotal = 0;    ///< seconds
+  double audioTotal = 0;    ///< seconds
+  double lastClipStop = 0;  ///< seconds: where the last clip of the list ends
+  int estimateSeconds = 5;  ///< bounded
 };
 
-/// The length that the part is reckoned with, in seconds: with a picture a quarter of a movie, or a range of
-/// it, that is not twice as long as the estimate; 25 without a picture.
+/// The length that the part is reckoned with, in seconds: with a picture a quarter of a movie that is not
+/// twice as long as the estimate; 25 without a picture.
 double estimateSlice(const EstimateQuery& query);
 
 /// The part that is rendered, from and to in seconds; nothing for a movie that is rendered whole, as short as
-/// it is. Of a range it is a part, or all of it.
+/// it is.
 std::optional<std::pair<double, double>> estimateRange(const EstimateQuery& query);
 
 struct EstimateResult {

@@ -128,8 +128,10 @@ void MovieRender::readLengths(Job& job) const {
   if (!e.clips().empty()) query.lastClipStop = e.clips()[e.clips().count()].TimeLineStop().number();
   job.length = query.hasVideo ? query.videoTotal : query.audioTotal;
   if (ports_.create.Opt_RenderRangeWhole) return;
-  query.range = {ports_.create.Txt_From, ports_.create.Txt_Too};
-  job.length = query.range->second - query.range->first;
+  // The engine is told hundredths.
+  const auto hundredths = [](double seconds) { return std::round(seconds * 100) / 100; };
+  job.range = {hundredths(ports_.create.Txt_From), hundredths(ports_.create.Txt_Too)};
+  job.length = job.range->second - job.range->first;
 }
 
 bool MovieRender::isOneOfTheClips(const std::string& file) const {
@@ -229,8 +231,10 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   if (tellFailure()) return Estimate::Failed;
   const auto facts = e.files.facts(job.working);
   const double total = job.length > 0 ? job.length : job.query.audioTotal;
-  auto result = projected(job.query, driver_.state().progress.elapsed,
-                          facts ? static_cast<double>(facts->size) : 0, total);
+  const auto& progress = driver_.state().progress;
+  // A device that is tried again ahead of the first picture is no measure of the rest.
+  const double took = progress.elapsed - (job.inHardware ? progress.begunAt : 0);
+  auto result = projected(job.query, took, facts ? static_cast<double>(facts->size) : 0, total);
   if (job.megabytes > 0) result.megabytes = std::min(result.megabytes, job.megabytes * 1e6 / (1 << 20));
   e.files.remove(job.working);
   state_.RenderSeconds = renderSecondsOf(result, total);
@@ -272,7 +276,7 @@ bool MovieRender::renderAll(const Job& job) {
   state_.summary = renderSummary(job.kind, job.length, profileText(job.profile));
   state_.caption = creatingCaption(job.file, collectionName());
   takeFilm(job);
-  const auto& range = job.query.range;
+  const auto& range = job.range;
   state_.movieSeconds = range ? range->first : 0;
   show(RenderFrame::Rendering);
   ports_.host.ImagesOff();

@@ -102,7 +102,8 @@ class MovieRender {
     bool inHardware = false;              ///< where that works
     std::string file;                     ///< that the user has named
     std::string working;                  ///< beside it
-    double length = 0;                    ///< seconds of the movie that are rendered
+    std::optional<std::pair<double, double>> range{};
+    double length = 0;  ///< seconds of the movie that are rendered
     EstimateQuery query;
     [[nodiscard]] bool audioOnly() const { return kind == OutputKind::Wav; }
   };
@@ -141,6 +142,9 @@ class MovieRender {
   // False, with a box, when the engine could not be started; without one when the user has given up.
   bool DoRender(const Job& job, const Part& part);
   bool takeProfile(const Job& job, RenderOrder& order);
+  [[nodiscard]] std::optional<RenderOrder> orderOf(
+      const Job& job, const std::string& output, const std::optional<std::pair<double, double>>& range) const;
+  [[nodiscard]] std::optional<OutputSize> profileSize() const;
   static void takePreset(const Job& job, RenderOrder& order);
   bool Shell32Bit(const RenderOrder& order, int MaxSeconds);
   void endEngine();
@@ -186,6 +190,8 @@ class MovieRender {
   Pair pair_;
   const Job* job_ = nullptr;  // that is being made
   bool hasRecalled_ = false;
+  /// What stands chosen for collections with a picture while one without has a WAV.
+  std::optional<OutputKind> setAside_;
   std::string folder_;                 // of the movie that was made last
   std::string madeFile_;               // of the report
   double partStart_ = 0;               // seconds of the movie: where the engine began

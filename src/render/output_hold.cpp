@@ -66,4 +66,11 @@ Result<std::unique_ptr<FileLock>> holdOutput(Files& files, NameLocks& locks, con
       std::make_unique<HeldFolder>(files, folder, std::move(lock), std::move(*inFolder)));
 }
 
+Outcome dropWork(Files& files, NameLocks& locks, const std::string& output) {
+  const auto folder = workFolderOf(output);
+  if (!files.isFolder(folder)) return {};
+  const auto held = holdOutput(files, locks, output, {});
+  return held ? files.removeFolder(folder) : held.error();
+}
+
 }  // namespace kvo

@@ -17,6 +17,10 @@ namespace kvo {
 Result<std::unique_ptr<FileLock>> holdOutput(Files& files, NameLocks& locks, const std::string& output,
                                              const std::string& workFolder);
 
+/// Removes the work folder of an output with what is in it. Fails, with all of it left, while somebody makes
+/// that output.
+Outcome dropWork(Files& files, NameLocks& locks, const std::string& output);
+
 /// Whether a render of this machine makes it now.
 bool isBeingMade(NameLocks& locks, const std::string& output);
 

@@ -10,7 +10,6 @@ namespace kvo {
 
 struct RenderProgress {
   EngineProgress movie;  ///< seconds of it
-  double frameRate = 0;  ///< of the movie, frames a second; 0 for a sound file
   double elapsed = 0;    ///< seconds of work so far
   double begunAt = 0;    ///< of these, when the first word came: opening the files is no measure of the rest
   double begunWith = 0;  ///< seconds of the movie that were made then

@@ -16,13 +16,15 @@ struct QueuedRow {
   std::string failure;  ///< a line; empty for none
   bool canPause = false;
   bool canGoOn = false;
-  bool hasFailed = false;  ///< so that going on is another try
+  bool hasFailed = false;     ///< so that going on is another try
+  bool isInOnePiece = false;  ///< so that a pause keeps nothing of it
   bool operator==(const QueuedRow&) const = default;
 };
 
 struct QueueState {
   std::vector<QueuedRow> Lst_Queue;  ///< in the order in which they are made
   int row = -1;                      ///< in that list; -1 for none
+  bool canClear = false;             ///< there are some that are done
   std::string trouble;               ///< why it can be read or written no more, a line; empty else
   WorkGlance glance;
   bool isOpen = false;  ///< its window

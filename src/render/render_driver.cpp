@@ -84,7 +84,7 @@ Outcome RenderDriver::start(const RenderOrder& order) {
   }
   if (auto done = prepare(order, folder); !done) return done;
   auto process = ports_.processes.start(
-      ports_.loop, {kTether, {"--pdeathsig", "KILL", "/bin/sh", folder + kBatchFile}, !order.sharesTerminal},
+      ports_.loop, {kTether, {"--pdeathsig", "KILL", "/bin/sh", folder + kBatchFile}, !ports_.sharesTerminal},
       {.line = [this](std::string_view line) { hear(line); },
        .errorLine = [this](std::string_view line) { hearError(line); },
        .ended = [this](const ProcessEnd& end) { hearEnd(end); }});
@@ -96,7 +96,6 @@ Outcome RenderDriver::start(const RenderOrder& order) {
   shownAs_ = order.shownAs;
   state_ = {};
   state_.phase = EnginePhase::Running;
-  state_.progress.frameRate = order.frameRate;
   state_.progress.most = mostBytes(order);
   return {};
 }

@@ -34,9 +34,6 @@ struct RenderOrder {
   /// Where finished segments are kept, so that a render that is cut off or stopped goes on from them; empty
   /// for a render that leaves nothing. It goes with the movie's completion.
   std::string workFolder{};
-  double frameRate = 0;  ///< of the movie
-  /// The engine belongs to this program's job of the terminal, so that Ctrl-Z stops both.
-  bool sharesTerminal = false;
 };
 
 enum class EnginePhase {
@@ -79,6 +76,8 @@ class RenderDriver {
     Processes& processes;
     EventLoop& loop;
     std::string engine;  ///< path of its program
+    /// The engine belongs to this program's job of the terminal, so that Ctrl-Z stops both.
+    bool sharesTerminal = false;
   };
 
   /// `changed` is called behind each change of the state but the start; it may destroy the driver when the

@@ -163,13 +163,14 @@ void MovieRender::findCaution() {
   const auto even = evenSidesOf(file.codec);
   const auto sides = pictureSides();
   const auto refuse = [&](const char* pattern, int side) {
-    state_.canMake = false;
+    state_.canMake = state_.hasWishedSize;  // a picture that is made smaller for it has even sides
     state_.caution = translated(pattern, {std::to_string(side), file.extension});
   };
   if (even.width && sides.width % 2 != 0) {
-    refuse("The width of %1 is odd, and a %2 has an even one. Change it on the Create page.", sides.width);
+    refuse("The width of %1 is odd, and %2 takes even ones only. Change it on the Create page.", sides.width);
   } else if (even.height && sides.height % 2 != 0) {
-    refuse("The height of %1 is odd, and a %2 has an even one. Change it on the Create page.", sides.height);
+    refuse("The height of %1 is odd, and %2 takes even ones only. Change it on the Create page.",
+           sides.height);
   } else if (const int overlays = overlayCount(ports_.editing); overlays > 0) {
     state_.caution = overlays == 1
                          ? translated(

@@ -40,10 +40,10 @@ void MovieRender::Rendertofile() {
   ports_.host.ApplyStillSettings();
   recall();
   if (ports_.findHardware) ports_.findHardware();
-  if (!HaveAtleastOneVidTrack(ports_.editing) && movieFileOf(state_.kind).hasPicture)
-    chooseKind(OutputKind::Wav);
-  else
-    chooseKind(state_.kind);
+  const auto kind = setAside_.value_or(state_.kind);
+  const bool fits = HaveAtleastOneVidTrack(ports_.editing) || !movieFileOf(kind).hasPicture;
+  chooseKind(fits ? kind : OutputKind::Wav);
+  if (!fits) setAside_ = kind;
   show(RenderFrame::Options);
 }
 
@@ -80,6 +80,7 @@ void MovieRender::chooseKind(OutputKind kind) {
   const bool keepsRow = kind == state_.kind && !state_.Lst_WMVFormats.empty();
   const bool keepsPurpose = kind == state_.kind && !state_.Lst_MadeFor.empty();
   state_.kind = kind;
+  setAside_.reset();
   state_.Lst_WMVFormats = isListed ? PopulateWMVProfileOpts(isSound) : std::vector<std::string>();
   if (!keepsRow) state_.profileRow = isListed ? static_cast<int>(state_.Lst_WMVFormats.size()) - 1 : -1;
   // The last row with a picture is of a size that few movies have.

@@ -62,7 +62,7 @@ inline constexpr int kMostMegabytes = 4000;
 
 struct RenderState {
   RenderFrame frame = RenderFrame::None;
-  bool isRunning = false;  ///< from the question for a name on; KVOBut_AbortRender is enabled meanwhile
+  bool isRunning = false;  ///< behind the question for a name; KVOBut_AbortRender is enabled meanwhile
   bool RenderAborted = false;
 
   // The options

@@ -37,8 +37,8 @@ bool clsSlumber::waitPeriod(int milliseconds, const Watch& watch) {
   elapsed_ = 0;
   do {
     const bool ended = sleepOne(watch);
-    takeTime();
     watch.Slumber();
+    takeTime();
     if (ended || woken_) return true;
     if (++rounds_ % kSentinelRounds == 0 && watch.seesSentinel()) return true;
   } while (elapsed_ < milliseconds);

@@ -184,6 +184,8 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi: No such file"},
       {{"--render", good, "--output", work_ / "none/o.avi", "--resume"}, 1, "none/o.avi: No such file"},
       {{"--render", good, "--output", work_ / "none/o.avi", "--slurm", "2"}, 1, "none/o.avi: No such file"},
+      {{"--queue", "add", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi: No such file"},
+      {{"--queue", "add", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
       {{"--render", good, "--output", work_ / "o.mkv"}, 2, "o.mkv: its name must end in .WMV"},
       {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
       {{"--render", good, "--output", good}, 2, "good.INI: its name must end in"},
@@ -459,7 +461,10 @@ TEST_F(Program, OfTwoRendersOfOneOutputTheSecondIsRefused) {
       EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << held;
     }
   }
+  expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi", "--range", "50-60"}), 1, "50.00-60.00");
+  EXPECT_TRUE(std::filesystem::exists(kept)) << "behind a command that comes to nothing";
   expectEnd(kvo5({"--queue", "add", path, "--output", work_ / "o.avi"}), 0, "job 1");
+  expectEnd(kvo5({"--queue", "add", path, "--output", work_ / "o.avi"}), 1, "job 1 of the queue is going to");
   expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 0);
   EXPECT_TRUE(std::filesystem::exists(kept)) << "the queue may go on from it";
   expectEnd(kvo5({"--queue", "remove", "1"}), 0);
@@ -488,7 +493,7 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   ::kill(runner, SIGKILL);
   test::endOf(runner);
   EXPECT_TRUE(held.hasEnded(engine));
-  expectEnd(kvo5({"--queue", "list"}), 0, "3  running");
+  expectEnd(kvo5({"--queue", "list"}), 0, "3  waiting");
   EXPECT_FALSE(std::filesystem::exists(work_ / "c.avi"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 0);
   expectEnd(kvo5({"--queue", "remove", "2"}), 0);
@@ -499,6 +504,8 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   EXPECT_FALSE(std::filesystem::exists(work_ / ".rendering-c.avi"));
   EXPECT_FALSE(std::filesystem::exists(home_ / "program/Queue/3.xtl"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 1, "job 1 is done");
+  expectEnd(kvo5({"--queue", "clear"}), 0);
+  expectEnd(kvo5({"--queue", "list"}), 0, "the queue is empty");
   expectEnd(kvo5({"--queue", "stop"}), 2);
   std::ofstream(home_ / "program/Queue/Queue.txt") << "KVO5 render queue of next year\n";
   expectEnd(kvo5({"--queue", "list"}), 1, "is not a queue of this program");

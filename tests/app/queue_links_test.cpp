@@ -24,8 +24,7 @@ struct QueueInWindows {
   QueueStore store{session.files, home / "Queue", [](const std::string&) {}};
   QueueRunner runner{{store,
                       session.nameLocks,
-                      {session.files, session.temporaryFolders, processes, loop, "/bin/KVORender"},
-                      [](const std::string&) {}},
+                      {session.files, session.temporaryFolders, processes, loop, "/bin/KVORender"}},
                      [this] { links.changed(); }};
   QueueLinks links{{window, session, store, runner, [this] { ++drawn; }}};
 
@@ -72,6 +71,34 @@ TEST(QueueLinks, TheChosenRenderIsFollowed) {
   q.links.pauseOrGoOn();
   EXPECT_EQ(q.rows(), "1.avi paused, 2.avi 0%*") << "another try";
   EXPECT_TRUE(q.boxes.shown.empty());
+}
+
+TEST(QueueLinks, WhatIsDoneIsCleared) {
+  QueueInWindows q(3);
+  EXPECT_FALSE(q.links.state().canClear);
+  q.processes.end(0);
+  q.loop.advance(500);
+  EXPECT_TRUE(q.links.state().canClear);
+  q.links.clear();
+  EXPECT_EQ(q.rows(), "2.avi 0%*, 3.avi waiting");
+  EXPECT_FALSE(q.links.state().canClear);
+}
+
+TEST(QueueLinks, LeavingAsksWhereItLosesWhatIsMade) {
+  QueueInWindows q(1);
+  EXPECT_TRUE(q.links.mayLeave()) << "it goes on from its segments";
+  EXPECT_TRUE(q.boxes.shown.empty());
+  ASSERT_TRUE(q.store.add("", {.document = "d", .output = q.home / "whole.gif"}, "", true));
+  q.processes.end(0);
+  q.loop.advance(500);
+  q.processes.say("progress 1.000 4.000");
+  for (const auto answer : {Answer::No, Answer::Yes}) {
+    q.boxes.answers.push_back(answer);
+    EXPECT_EQ(q.links.mayLeave(), answer == Answer::Yes);
+    EXPECT_NE(q.boxes.shown.back().text.find("whole.gif is made in one piece. What is done of it, 25%"),
+              std::string::npos)
+        << q.boxes.shown.back().text;
+  }
 }
 
 TEST(QueueLinks, TroubleIsShownAndLoggedOnce) {

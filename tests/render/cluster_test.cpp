@@ -25,9 +25,18 @@ struct Farmed {
                   [] {}};
   bool letGo = false;
 
-  Farmed() {
+  // Arrays of an earlier start are out.
+  explicit Farmed(bool out = false) {
     const RenderOrder order{.document = "<timeline>", .output = "/o's.avi", .workFolder = "/w"};
     EXPECT_TRUE(farm.start({order, "profile", 2}));
+    if (out) return;
+    finds({});
+  }
+  // To the question for such arrays.
+  void finds(const std::vector<std::string>& jobs) {
+    EXPECT_EQ(processes.last().order.arguments[1], "--me");
+    for (const auto& job : jobs) processes.say(job);
+    processes.end(0);
   }
   // Answers what was asked last, and lets a second pass.
   void answer(const std::vector<std::string>& lines, int exitCode = 0, const char* error = "") {
@@ -85,12 +94,13 @@ TEST(FarmRenderTest, HandsInWhatFailedAFewTimes) {
                                   "KVORender: a.avi: no such file\nslurmstepd: end of " + job +
                                   "\nthe share has ended with 1 " + job + "\n";
     f.answer({});
+    if (attempt < 3) f.finds({});
     EXPECT_EQ(f.farm.state().says,
               (std::vector<std::string>{"KVORender: a.avi: no such file", "slurmstepd: end of " + job}));
   }
   EXPECT_EQ(f.farm.state().phase, FarmPhase::Failed);
   EXPECT_EQ(f.farm.state().failure, "KVORender: a.avi: no such file");
-  EXPECT_EQ(f.processes.all.size(), 6U);
+  EXPECT_EQ(f.processes.all.size(), 9U);
 }
 
 // A shared folder shows some of it late, and of a job that was killed there is no last line.
@@ -146,7 +156,22 @@ TEST(FarmRenderTest, IsNotHeldUpByAClusterThatSaysNothing) {
   EXPECT_EQ(waits.farm.state().phase, FarmPhase::Making);
   EXPECT_GT(waits.processes.all.size(), 5U) << "it is asked again";
   waits.loop.advance(60000);
-  EXPECT_EQ(waits.farm.state().failure, "the cluster does not answer; the jobs may go on");
+  EXPECT_EQ(waits.asked(), "scancel 4711");
+  EXPECT_EQ(waits.farm.state().failure, "the cluster does not answer; job 4711 may go on");
+  EXPECT_EQ(waits.farm.state().phase, FarmPhase::Failed);
+  EXPECT_TRUE(waits.farm.state().mayGoOn) << "nobody is to sweep under it";
+}
+
+TEST(FarmRenderTest, FollowsTheJobsOfAnEarlierStart) {
+  Farmed f(true);
+  f.finds({"4711", "4711"});
+  EXPECT_EQ(f.farm.state().phase, FarmPhase::Making);
+  f.loop.advance(1000);
+  EXPECT_EQ(f.processes.last().order.arguments[2], "--jobs=4711");
+  f.files.all["/w/0"] = f.files.all["/w/1"] = f.files.all["/w/2"] = "made";
+  f.answer({});
+  EXPECT_EQ(f.farm.state().phase, FarmPhase::Joining);
+  EXPECT_EQ(f.processes.all.size(), 3U) << "none is handed in";
 }
 
 TEST(FarmRenderTest, TakesItsJobsBack) {

@@ -16,7 +16,7 @@ namespace {
 TEST(RenderQueueText, IsReadAsItIsWritten) {
   RenderQueue queue;
   auto& job =
-      addJob(queue, "Holiday\n[job]", {.document = "d", .output = "/out/a=b \\.wmv", .codec = "mpeg4"});
+      **addJob(queue, "Holiday\n[job]", {.document = "d", .output = "/out/a=b \\.wmv", .codec = "mpeg4"});
   job.state = JobState::Failed;
   job.failure = "disk full";
   job.share = 0.25;
@@ -28,8 +28,7 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   job.order.megabytes = 24.5;
   job.order.encoder = "auto";
   job.order.profileFile = "/q/1.prx";
-  job.order.frameRate = 29.97;
-  addJob(queue, "", {.document = "d", .output = "/b.avi"});
+  ASSERT_TRUE(addJob(queue, "", {.document = "d", .output = "/b.avi"}));
   ASSERT_TRUE(removeJob(queue, 2));
   const auto text = queueText(queue);
   const auto read = *readQueue(text);
@@ -50,17 +49,17 @@ TEST(RenderQueueText, IsShownAsRows) {
   RenderQueue queue;
   for (const auto state :
        {JobState::Waiting, JobState::Running, JobState::Paused, JobState::Done, JobState::Failed}) {
-    auto& job = addJob(queue, "", {.document = "d", .output = "/out/a.mp4"});
+    auto& job = **addJob(queue, "", {.document = "d", .output = "/out/" + std::string(stateWord(state))});
     job.state = state;
     job.share = 0.425;
     if (state == JobState::Failed) job.failure = "disk full";
   }
   EXPECT_EQ(queuedRows(queue),
-            (std::vector<QueuedRow>{{1, "a.mp4", "waiting", "", true, false},
-                                    {2, "a.mp4", "43%", "", true, false},
-                                    {3, "a.mp4", "paused", "", false, true},
-                                    {4, "a.mp4", "done", "", false, false},
-                                    {5, "a.mp4", "failed", "disk full", false, true, true}}));
+            (std::vector<QueuedRow>{{1, "waiting", "waiting", "", true, false},
+                                    {2, "running", "43%", "", true, false},
+                                    {3, "paused", "paused", "", false, true},
+                                    {4, "done", "done", "", false, false},
+                                    {5, "failed", "failed", "disk full", false, true, true}}));
 }
 
 TEST(RenderQueueText, IsToldInAFewWords) {
@@ -76,8 +75,11 @@ TEST(RenderQueueText, IsToldInAFewWords) {
         Row{{Running, Waiting, Failed, Waiting, Paused}, "43%, 2 renders wait, 1 render failed", true},
         Row{{Failed, Failed}, "2 renders failed", true}, Row{{Paused, Done}, "1 render is paused", false}}) {
     RenderQueue queue;
-    for (const auto state : jobs) addJob(queue, "", {.document = "d", .output = "/out/a.mp4"}).state = state;
-    for (auto& job : queue.jobs) job.share = 0.425;
+    for (const auto state : jobs) {
+      auto& job = queue.jobs.emplace_back();
+      job.state = state;
+      job.share = 0.425;
+    }
     const auto glance = queueGlance(queue, "");
     EXPECT_EQ(glance.text, text);
     EXPECT_EQ(glance.isBad, isBad) << text;
@@ -86,14 +88,21 @@ TEST(RenderQueueText, IsToldInAFewWords) {
   }
 }
 
+// Files at which somebody else may come first.
+struct SharedFiles : test::MemoryFiles {
+  std::function<void()> ahead = [] {};
+  Result<std::unique_ptr<FileLock>> lock(const std::string& path) override {
+    std::exchange(ahead, [] {})();
+    return MemoryFiles::lock(path);
+  }
+};
+
 struct Queued {
-  test::MemoryFiles files;
+  SharedFiles files;
   test::MemoryFolders folders;
   test::MemoryLocks locks;
   test::FakeProcesses processes;
   test::VirtualLoop loop;
-  std::vector<std::string> swept;
-  std::function<void(const std::string&)> sweep = [this](const std::string& f) { swept.push_back(f); };
   test::NotedWork work;
   std::vector<std::string> said;
   QueueStore store{files, "/q", [this](const std::string& line) { said.push_back(line); }};
@@ -110,10 +119,15 @@ struct Queued {
   void begin() {
     runner.reset();
     runner = std::make_unique<QueueRunner>(
-        QueueRunner::Ports{store, locks, {files, folders, processes, loop, "/bin/KVORender"}, sweep, &work},
-        [] {});
+        QueueRunner::Ports{store, locks, {files, folders, processes, loop, "/bin/KVORender"}, &work}, [] {});
     runner->start();
   }
+  // What is kept of the movie /NUMBER.avi.
+  [[nodiscard]] static std::string segment(int number) {
+    return "/.rendering-" + std::to_string(number) + ".avi/0123456789abcdef-1.segment";
+  }
+  [[nodiscard]] bool keeps(int number) const { return files.exists(segment(number)); }
+  Outcome removes(int number) { return removeQueued(store, files, locks, number); }
   void does(Outcome (*act)(RenderQueue&, int), int number) {
     EXPECT_TRUE(store.change([&](RenderQueue& queue) { return act(queue, number); }));
     loop.advance(500);
@@ -136,6 +150,7 @@ struct Queued {
 TEST(QueueRunnerTest, MakesOneBehindTheOther) {
   Queued q(3);
   EXPECT_EQ(q.told(), "1 running, 2 waiting, 3 waiting");
+  EXPECT_TRUE(q.processes.last().order.ownGroup) << "no terminal stops it";
   EXPECT_EQ(q.files.all["/tmp/kvo/KVORender.xtl"], "</1.avi>") << "its own copy of the document";
   EXPECT_NE(q.files.all["/tmp/kvo/KVORender.bat"].find("'/K' '/.rendering-1.avi'"), std::string::npos);
   EXPECT_TRUE(q.store.change([](RenderQueue& queue) { return moveJob(queue, 3, 2); }));
@@ -155,49 +170,98 @@ TEST(QueueRunnerTest, MakesOneBehindTheOther) {
   EXPECT_EQ(q.work.notes, "asleep [2.avi has been created !] ");
   q.does(resumeJob, 3);
   EXPECT_EQ(q.told(), "1 done, 3 running, 2 done");
-  EXPECT_TRUE(q.swept.empty());
+  EXPECT_EQ(q.runner->failed(), 1);
+  q.runner->start();
+  EXPECT_EQ(q.runner->failed(), 0) << "of this start";
 }
 
 TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
   Queued q(2);
+  q.files.all[Queued::segment(1)] = q.files.all[Queued::segment(2)] = "kept";
+  q.processes.say("progress 1.000 4.000");
   q.does(pauseJob, 1);
   EXPECT_TRUE(q.processes.last().stopped);
   q.end(143);
   EXPECT_EQ(q.told(), "1 paused, 2 running") << "another one's turn";
   EXPECT_EQ(q.work.notes, "awake asleep awake ") << "the user knows";
+  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0.25);
   q.does(resumeJob, 1);
-  EXPECT_TRUE(removeQueued(q.store, q.locks, 2, q.sweep));
-  EXPECT_TRUE(q.swept.empty()) << "while the engine writes there";
+  auto engine = q.locks.tryMaking("/2.avi");
+  EXPECT_TRUE(q.removes(2));
+  EXPECT_TRUE(q.keeps(2)) << "while the engine writes there";
   q.loop.advance(500);
   EXPECT_TRUE(q.processes.last().stopped);
+  engine->reset();
   q.end(143);
-  EXPECT_EQ(q.swept, std::vector<std::string>{"/.rendering-2.avi"});
+  EXPECT_FALSE(q.keeps(2));
   EXPECT_EQ(q.told(), "1 running");
+  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0) << "until the engine says how much it goes on from";
+  q.files.all.erase(Queued::segment(1));
+  q.processes.say("progress 2.000 4.000");
+  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0.5);
   q.runner->stop();
   q.end(143);
   EXPECT_EQ(q.told(), "1 waiting");
+  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0) << "nothing is kept of it";
   q.loop.advance(5000);
   EXPECT_EQ(q.told(), "1 waiting") << "nothing is begun behind a stop";
-  EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 3);
-  EXPECT_TRUE(removeQueued(q.store, q.locks, 3, q.sweep));
-  EXPECT_EQ(q.swept.size(), 1U) << "another goes on from what is there";
-  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
-  EXPECT_EQ(q.swept.back(), "/.rendering-1.avi");
+  q.files.all[Queued::segment(1)] = "kept";
+  EXPECT_TRUE(q.removes(1));
+  EXPECT_FALSE(q.keeps(1));
   EXPECT_FALSE(q.files.exists("/q/1.xtl"));
+}
+
+TEST(QueueRunnerTest, BeginsNothingThatIsPausedMeanwhile) {
+  Queued q(2);
+  q.files.ahead = [&] {
+    q.files.ahead = [&] {
+      EXPECT_TRUE(q.store.change([](RenderQueue& queue) { return pauseJob(queue, 2); }));
+    };
+  };
+  q.processes.end(0);
+  q.loop.advance(400);
+  EXPECT_EQ(q.told(), "1 done, 2 waiting");
+  q.loop.advance(600);
+  EXPECT_EQ(q.told(), "1 done, 2 paused");
+  EXPECT_EQ(q.processes.all.size(), 1U);
+}
+
+TEST(QueueRunnerTest, MakesNoOutputTwice) {
+  Queued q(1);
+  const auto add = [&] { return q.store.add("", {.document = "d", .output = "/1.avi"}, ""); };
+  EXPECT_EQ(add().error().text, "cannot write /1.avi: job 1 of the queue is going to make it");
+  q.does(pauseJob, 1);
+  EXPECT_FALSE(add());
+  q.end(143);
+  q.does(resumeJob, 1);
+  q.end(1);
+  EXPECT_EQ(*add(), 2) << "a new one in place of what has failed";
+  EXPECT_EQ(q.store.change([](RenderQueue& queue) { return resumeJob(queue, 1); }).error().text,
+            "cannot write /1.avi: job 2 of the queue is going to make it");
+  q.files.unwritable.insert("/gone/");
+  q.files.unwritable.insert("/gone");
+  EXPECT_EQ(q.store.add("", {.document = "d", .output = "/gone/1.avi"}, "").error().text,
+            "cannot write /gone/1.avi: No such file or directory");
 }
 
 TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
   Queued q(1);
+  q.end(1);
+  q.files.all[Queued::segment(1)] = "kept";
   EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 2);
-  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
+  EXPECT_TRUE(q.removes(1));
   q.loop.advance(500);
-  q.end(143);
-  EXPECT_EQ(q.told(), "2 running");
-  EXPECT_TRUE(q.swept.empty()) << "it makes the same output";
+  EXPECT_TRUE(q.keeps(1)) << "the other makes the same output";
   q.files.unreadable.insert("/q/Queue.txt");
   q.end(143);
   EXPECT_TRUE(q.files.exists("/q/2.xtl"));
-  EXPECT_TRUE(q.swept.empty()) << "a queue that cannot be read";
+  EXPECT_TRUE(q.keeps(1)) << "a queue that cannot be read";
+  q.files.unreadable.clear();
+  q.loop.advance(500);
+  q.end(0);
+  ASSERT_EQ(q.told(), "2 done");
+  EXPECT_TRUE(q.removes(2));
+  EXPECT_TRUE(q.keeps(1)) << "what is there behind a movie's completion is somebody else's";
 }
 
 TEST(QueueRunnerTest, KeepsAFileThatIsNoneOfAQueue) {
@@ -234,8 +298,9 @@ TEST(QueueRunnerTest, WaitsForAnotherRenderOfTheSameOutput) {
   EXPECT_EQ(q.told(), "1 waiting, 2 running");
   q.end(0);
   EXPECT_FALSE(q.runner->isIdle());
-  EXPECT_TRUE(removeQueued(q.store, q.locks, 1, q.sweep));
-  EXPECT_TRUE(q.swept.empty()) << "somebody is at work there";
+  q.files.all[Queued::segment(1)] = "kept";
+  EXPECT_TRUE(q.removes(1));
+  EXPECT_TRUE(q.keeps(1)) << "somebody is at work there";
   ASSERT_TRUE(q.store.add("", {.document = "d", .output = "/1.avi"}, ""));
   q.loop.advance(500);
   EXPECT_EQ(q.told(), "2 done, 3 waiting");
@@ -264,8 +329,7 @@ TEST(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
   q.begin();
   EXPECT_EQ(q.told(), "1 running, 2 waiting");
   EXPECT_EQ(q.processes.all.size(), first + 1) << "it is begun again, on the segments that stand";
-  QueueRunner other({q.store, q.locks, {q.files, q.folders, q.processes, q.loop, "/bin/KVORender"}, q.sweep},
-                    [] {});
+  QueueRunner other({q.store, q.locks, {q.files, q.folders, q.processes, q.loop, "/bin/KVORender"}}, [] {});
   other.start();
   EXPECT_TRUE(other.isElsewhere());
   EXPECT_EQ(q.processes.all.size(), first + 1) << "one of all copies makes them";

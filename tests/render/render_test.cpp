@@ -100,29 +100,29 @@ TEST(WorkView, SaysHowFarTheRenderIs) {
 // The engine is slower in the second half, and stands still there for a while.
 TEST(RenderProgress, TimeLeftNeverJumpsUpInTheSecondHalf) {
   SteadyTimeLeft steady;
-  EXPECT_FALSE(steady.after({{0, 100}, 25, 1}));
-  EXPECT_DOUBLE_EQ(*steady.after({{10, 100}, 25, 1}), 9);
-  EXPECT_DOUBLE_EQ(*steady.after({{11, 100}, 25, 11}), 89) << "in the first half it tells what it sees";
-  double last = *steady.after({{60, 100}, 25, 12});
+  EXPECT_FALSE(steady.after({{0, 100}, 1}));
+  EXPECT_DOUBLE_EQ(*steady.after({{10, 100}, 1}), 9);
+  EXPECT_DOUBLE_EQ(*steady.after({{11, 100}, 11}), 89) << "in the first half it tells what it sees";
+  double last = *steady.after({{60, 100}, 12});
   for (double elapsed = 13; elapsed < 300; ++elapsed) {
-    const double now = *steady.after({{60 + elapsed / 10, 100}, 25, elapsed});
+    const double now = *steady.after({{60 + elapsed / 10, 100}, elapsed});
     EXPECT_LE(now, last * 1.2 + 1e-9);
     last = now;
   }
   EXPECT_NEAR(last, 300 * 0.1 / 0.9, 1) << "and comes to what is true";
-  EXPECT_EQ(leftText({{5, 20, 1'000'000, 4}, 25, 2}, 6.0), "0:06 left, 1.0 MB of about 5.0 MB");
-  EXPECT_EQ(leftText({{0, 20}, 25, 2}, std::nullopt), "");
+  EXPECT_EQ(leftText({{5, 20, 1'000'000, 4}, 2}, 6.0), "0:06 left, 1.0 MB of about 5.0 MB");
+  EXPECT_EQ(leftText({{0, 20}, 2}, std::nullopt), "");
   EXPECT_EQ(leftText({.movie = {5, 20}, .most = 12e6}, 6.0), "0:06 left, about 12.0 MB") << "a first pass";
   EXPECT_EQ(leftText({.movie = {15, 20, 8e6, 10}, .most = 12e6}, 6.0), "0:06 left, 8.0 MB of about 12.0 MB");
 }
 
 TEST(RenderProgress, TellsShareSpeedAndTimeLeft) {
-  EXPECT_EQ(progressText({{0, 10}, 25, 0}), "  0%");
-  EXPECT_EQ(progressText({{5, 20}, 25, 2}), " 25%  2.50 x real time  0:06 left");
-  EXPECT_EQ(progressText({{5, 20}, 25, 2, 1.5, 1}), " 25%  2.50 x real time  0:02 left")
+  EXPECT_EQ(progressText({{0, 10}, 0}), "  0%");
+  EXPECT_EQ(progressText({{5, 20}, 2}), " 25%  2.50 x real time  0:06 left");
+  EXPECT_EQ(progressText({{5, 20}, 2, 1.5, 1}), " 25%  2.50 x real time  0:02 left")
       << "of which 1.5 to begin";
-  EXPECT_EQ(progressText({{15, 20, 0, 0, 10}, 25, 2}), " 75%  2.50 x real time  0:02 left") << "it goes on";
-  EXPECT_EQ(progressText({{20, 20}, 25, 8}), "100%  2.50 x real time  0:00 left");
+  EXPECT_EQ(progressText({{15, 20, 0, 0, 10}, 2}), " 75%  2.50 x real time  0:02 left") << "it goes on";
+  EXPECT_EQ(progressText({{20, 20}, 8}), "100%  2.50 x real time  0:00 left");
   EXPECT_EQ(clockText(3661), "1:01:01");
   EXPECT_EQ(clockText(59.2), "1:00");
   EXPECT_EQ(bytesText(812), "812 bytes");
@@ -135,8 +135,8 @@ struct Driven {
   test::FakeProcesses processes;
   test::VirtualLoop loop;
   int changes = 0;
-  RenderDriver driver{{files, folders, processes, loop, "/bin/KVORender"}, [this] { ++changes; }};
-  RenderOrder order{.document = "<timeline>", .output = "/o.avi", .frameRate = 25};
+  RenderDriver driver{{files, folders, processes, loop, "/bin/KVORender", true}, [this] { ++changes; }};
+  RenderOrder order{.document = "<timeline>", .output = "/o.avi"};
 
   void run() { EXPECT_TRUE(driver.start(order)); }
 };
@@ -146,7 +146,6 @@ TEST(RenderDriver, FollowsTheEngineToTheMovie) {
   d.order.range = {1.5, 4};
   d.order.codec = "mpeg4";
   d.order.workFolder = workFolderOf("/o.avi");
-  d.order.sharesTerminal = true;
   d.run();
   const auto& order = d.processes.last().order;
   EXPECT_EQ(order.arguments, (Words{"--pdeathsig", "KILL", "/bin/sh", "/tmp/kvo/KVORender.bat"}));

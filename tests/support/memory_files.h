@@ -41,7 +41,7 @@ class MemoryFiles : public Files {
   }
   [[nodiscard]] bool isFolder(const std::string& path) const override {
     return !all.contains(path) && std::any_of(all.begin(), all.end(), [&](const auto& file) {
-      return file.first.starts_with(path + "/");
+      return file.first.starts_with(path.ends_with("/") ? path : path + "/");
     });
   }
 
@@ -90,6 +90,10 @@ class MemoryFiles : public Files {
   }
 
   Outcome makeFolder(const std::string& /*path*/) override { return {}; }
+  Outcome removeFolder(const std::string& path) override {
+    std::erase_if(all, [&](const auto& file) { return file.first.starts_with(path + "/"); });
+    return {};
+  }
   Result<std::unique_ptr<FileLock>> lock(const std::string& /*path*/) override {
     return std::make_unique<FileLock>();
   }

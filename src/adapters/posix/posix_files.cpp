@@ -255,6 +255,13 @@ Outcome PosixFiles::makeFolder(const std::string& path) {
   return {};
 }
 
+Outcome PosixFiles::removeFolder(const std::string& path) {
+  std::error_code failed;
+  std::filesystem::remove_all(path, failed);
+  if (failed) return Error{"cannot remove " + path + ": " + failed.message()};
+  return {};
+}
+
 Result<std::unique_ptr<FileLock>> PosixFiles::lock(const std::string& path) {
   Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode));
   if (!file.open()) return failure("cannot hold", path);

@@ -21,6 +21,7 @@ class PosixFiles : public Files {
   bool remove(const std::string& path) override;
   [[nodiscard]] bool mayWriteInto(const std::string& folder) const override;
   Outcome makeFolder(const std::string& path) override;
+  Outcome removeFolder(const std::string& path) override;
   Result<std::unique_ptr<FileLock>> lock(const std::string& path) override;
   [[nodiscard]] bool sameFile(const std::string& a, const std::string& b) const override;
 };

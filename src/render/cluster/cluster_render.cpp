@@ -112,6 +112,22 @@ void FarmRender::submit() {
   job_.clear();
   hasEnded_ = false;
   state_.phase = FarmPhase::Submitting;
+  const auto begun =
+      run("squeue", searchArguments(folder), [this](const Answer& answer) { hearFound(answer); });
+  if (!begun) end(FarmPhase::Failed, begun.error().text);
+}
+
+// Two arrays at the same segments would only be in each other's way.
+void FarmRender::hearFound(const Answer& answer) {
+  if (state_.phase == FarmPhase::Stopping) return takeBack();
+  for (const auto& line : answer.lines) {
+    if (auto number = jobNumberIn(line)) return follow(std::move(*number));
+  }
+  handIn();
+}
+
+void FarmRender::handIn() {
+  const auto& folder = order_.render.workFolder;
   const auto begun = run("sbatch", submitArguments(folder, folder + kFarmScript, unfinished()),
                          [this](const Answer& answer) { hearSubmitted(answer); });
   if (!begun) end(FarmPhase::Failed, begun.error().text);
@@ -126,6 +142,11 @@ void FarmRender::hearSubmitted(const Answer& answer) {
     return end(FarmPhase::Failed,
                answer.errors.empty() ? "the cluster has not taken the jobs" : answer.errors.back());
   }
+  follow(job_);
+}
+
+void FarmRender::follow(std::string job) {
+  job_ = std::move(job);
   state_.phase = FarmPhase::Making;
   heard_ = ports_.engine.loop.now();
   timer_->start(kAskEvery);
@@ -144,7 +165,10 @@ void FarmRender::tick() {
 
 void FarmRender::ask() {
   const auto begun = run("squeue", askArguments(job_), [this](const Answer& answer) { hearAsked(answer); });
-  if (!begun) return end(FarmPhase::Failed, begun.error().text);
+  if (!begun) {
+    silence_ = begun.error().text;
+    return endTaken(false);
+  }
   changed_();
 }
 
@@ -162,7 +186,11 @@ void FarmRender::hearAsked(const Answer& answer) {
 }
 
 void FarmRender::hearSilence(const std::string& why) {
-  if (isLate(heard_, kMostSilence)) end(FarmPhase::Failed, why + "; the jobs may go on");
+  if (!isLate(heard_, kMostSilence)) return;
+  silence_ = why;
+  state_.phase = FarmPhase::Stopping;
+  stopped_ = ports_.engine.loop.now();
+  takeBack();
 }
 
 // Behind the end of the jobs. What they have made may be seen late; what has failed will not come.
@@ -240,19 +268,25 @@ void FarmRender::stop() {
 }
 
 void FarmRender::takeBack() {
-  if (job_.empty() || hasEnded_) return end(FarmPhase::Stopped);
+  if (job_.empty() || hasEnded_) return endTaken(true);
   const auto begun = run("scancel", {job_}, [this](const Answer& answer) {
     const bool isDone = answer.exitCode == 0 || answer.errors.empty();
-    end(FarmPhase::Stopped, isDone ? "" : answer.errors.back() + "; job " + job_ + " may go on");
+    endTaken(isDone, isDone ? "" : answer.errors.back());
   });
-  if (!begun) end(FarmPhase::Stopped, begun.error().text);
+  if (!begun) endTaken(false, begun.error().text);
 }
 
 void FarmRender::giveUp() {
   if (!isLate(stopped_, kMostStopping)) return;
   process_.reset();
-  end(FarmPhase::Stopped, job_.empty() ? "the cluster does not answer; it may have taken the jobs"
-                                       : "the cluster does not answer; job " + job_ + " may go on");
+  endTaken(false, "the cluster does not answer");
+}
+
+void FarmRender::endTaken(bool isBack, const std::string& says) {
+  state_.mayGoOn = !isBack;
+  auto text = silence_.empty() ? says : silence_;
+  if (!isBack) text += job_.empty() ? "; it may have taken the jobs" : "; job " + job_ + " may go on";
+  end(silence_.empty() ? FarmPhase::Stopped : FarmPhase::Failed, std::move(text));
 }
 
 void FarmRender::end(FarmPhase phase, std::string failure) {

@@ -36,6 +36,7 @@ struct FarmRun {
   int attempt = 1;                  ///< how often what failed has been handed in
   std::vector<std::string> says{};  ///< the last lines of the job that failed last
   std::string failure{};            ///< a line
+  bool mayGoOn = false;             ///< jobs may be at work behind the end
 
   [[nodiscard]] bool ended() const { return phase >= FarmPhase::Done; }
 };
@@ -58,6 +59,7 @@ class FarmRender {
   ~FarmRender() = default;
 
   /// Fails, with nothing begun, where the shared folder cannot be written and where there are no segments.
+  /// Jobs of an earlier start that are still out are followed, ahead of any new ones.
   Outcome start(const FarmOrder& order);
 
   /// Takes the jobs back; what is finished stays for the next start. That is over in ten seconds, whether the
@@ -81,6 +83,9 @@ class FarmRender {
   void tick();
   void look();
   void submit();
+  void hearFound(const Answer& answer);
+  void handIn();
+  void follow(std::string job);
   void hearSubmitted(const Answer& answer);
   void ask();
   void hearAsked(const Answer& answer);
@@ -91,6 +96,7 @@ class FarmRender {
   void hearJoining();
   void takeBack();
   void giveUp();
+  void endTaken(bool isBack, const std::string& says = {});
   void end(FarmPhase phase, std::string failure = {});
   [[nodiscard]] std::vector<int> unfinished() const;
   [[nodiscard]] std::vector<std::string> saidBy(int share) const;
@@ -110,6 +116,7 @@ class FarmRender {
   std::chrono::milliseconds heard_{};    // when it has answered last
   std::chrono::milliseconds ended_{};    // when the array had ended
   std::chrono::milliseconds stopped_{};  // when it was to be taken back
+  std::string silence_;                  // why they are taken back, where the user has not stopped it
   FarmRun state_;
 };
 

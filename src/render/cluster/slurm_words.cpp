@@ -1,15 +1,26 @@
 #include "render/cluster/slurm_words.h"
 
+#include "base/fnv.h"
 #include "base/text.h"
 #include "render/batch_file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvo {
 namespace {
 
 // A job's last line, with its exit code and the number of its array.
 constexpr const char* kEnded = "the share has ended with";
+
+// By which the arrays of a work folder are found again.
+std::string jobName(const std::string& workFolder) {
+  constexpr int kHexDigits = 16;
+  std::string name = "kvo5-";
+  for (auto [hash, i] = std::pair{fnv1a(workFolder), 0}; i < kHexDigits; ++i, hash >>= 4U)
+    name += "0123456789abcdef"[hash & 15U];
+  return name;
+}
 
 }  // namespace
 
@@ -40,7 +51,7 @@ std::vector<std::string> submitArguments(const std::string& workFolder, const st
   // Of a "%" in the folder's name Slurm would make something else.
   const auto job = replaced(workFolder, "%", "%%") + "/job-%a";
   return {"--parsable",
-          "--job-name=kvo5",
+          "--job-name=" + jobName(workFolder),
           "--array=" + array,
           "--output=" + job + ".log",
           "--error=" + job + ".err",
@@ -51,6 +62,10 @@ std::vector<std::string> submitArguments(const std::string& workFolder, const st
 
 std::vector<std::string> askArguments(const std::string& job) {
   return {"--noheader", "--array", "--jobs=" + job, "--format=%T"};
+}
+
+std::vector<std::string> searchArguments(const std::string& workFolder) {
+  return {"--noheader", "--me", "--name=" + jobName(workFolder), "--format=%F"};
 }
 
 std::optional<std::string> jobNumberIn(std::string_view line) {

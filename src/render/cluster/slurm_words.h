@@ -21,6 +21,8 @@ std::string jobErrors(const std::string& workFolder, int share);
 std::vector<std::string> submitArguments(const std::string& workFolder, const std::string& script,
                                          const std::vector<int>& shares);
 std::vector<std::string> askArguments(const std::string& job);
+/// Asks for the numbers of the arrays of a work folder that are waiting or at work.
+std::vector<std::string> searchArguments(const std::string& workFolder);
 
 /// The number of an array that has been handed in: "4711" or "4711;cluster". Nothing for another line.
 std::optional<std::string> jobNumberIn(std::string_view line);

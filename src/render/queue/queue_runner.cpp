@@ -12,6 +12,15 @@ namespace {
 constexpr int kQueueLookEvery = 500;    // milliseconds
 constexpr double kWorthTelling = 0.01;  // of a job, that the file hears of
 
+bool keepsSegments(const Files& files, const std::string& workFolder) {
+  bool keeps = false;
+  files.eachBelow(workFolder, [&](const std::string& path) {
+    keeps = keeps || path.ends_with(".segment");
+    return !keeps;
+  });
+  return keeps;
+}
+
 }  // namespace
 
 QueueRunner::QueueRunner(const Ports& ports, std::function<void()> changed)
@@ -22,6 +31,7 @@ QueueRunner::QueueRunner(const Ports& ports, std::function<void()> changed)
 
 void QueueRunner::start() {
   stops_ = false;
+  failed_ = 0;
   timer_->start(kQueueLookEvery);
   look();
 }
@@ -31,9 +41,16 @@ void QueueRunner::stop() {
   driver_.stop();
 }
 
+bool QueueRunner::isIdle() const {
+  return running_ == 0 && std::ranges::none_of(queue_.jobs, [](const QueueJob& job) {
+           return job.state == JobState::Waiting || job.state == JobState::Running;
+         });
+}
+
 bool QueueRunner::takeLock() {
   if (lock_) return true;
   auto held = ports_.locks.tryLock(ports_.store.runnerLock());
+  isElsewhere_ = held && *held == nullptr;
   if (held) lock_ = std::move(*held);
   return lock_ != nullptr;
 }
@@ -55,8 +72,12 @@ void QueueRunner::look() {
   if (!read) return changed_();
   queue_ = std::move(*read);
   // A folder is made for the queue with its first job, not for looking.
+  const bool isNew = !lock_;
   if (!queue_.jobs.empty() && takeLock()) {
-    if (auto mended = ports_.store.read()) queue_ = std::move(*mended);
+    // Another may have changed it until now.
+    if (isNew) {
+      if (auto now = ports_.store.read()) queue_ = std::move(*now);
+    }
     follow();
   }
   changed_();
@@ -80,13 +101,21 @@ const QueueJob* QueueRunner::nextFree() const {
   return found == queue_.jobs.end() ? nullptr : &*found;
 }
 
-// Nothing is begun that the queue cannot say of.
+// Nothing is begun that the queue cannot say of, nor what has been paused or taken out since it was looked
+// at.
 void QueueRunner::begin(const QueueJob& job) {
-  write(job.number, [](QueueJob& kept) { kept.state = JobState::Running; });
-  if (!trouble_.empty()) return;
+  bool waits = false;
+  const auto noted = ports_.store.change([&](RenderQueue& queue) -> Outcome {
+    waits = beginJob(queue, job.number).ok();
+    queue_ = queue;
+    return {};
+  });
+  trouble_ = noted ? std::string() : noted.error().text;
+  if (!noted || !waits) return;
   const auto order = ports_.store.orderOf(job);
   const auto begun = order ? driver_.start(*order) : Outcome(order.error());
   if (!begun) {
+    ++failed_;
     return write(job.number, [&](QueueJob& kept) {
       kept.state = JobState::Failed;
       kept.failure = begun.error().text;
@@ -95,7 +124,8 @@ void QueueRunner::begin(const QueueJob& job) {
   }
   running_ = job.number;
   order_ = *order;
-  written_ = job.share;
+  written_ = 0;
+  ports_.store.tellShare(running_, 0);
   if (ports_.work != nullptr) awake_.emplace(*ports_.work);
 }
 
@@ -105,7 +135,7 @@ void QueueRunner::hear() {
   if (auto* job = jobOf(queue_, running_); job != nullptr) job->share = share;
   if (share >= written_ + kWorthTelling) {
     written_ = share;
-    write(running_, [&](QueueJob& kept) { kept.share = share; });
+    ports_.store.tellShare(running_, share);
   }
   changed_();
 }
@@ -113,7 +143,9 @@ void QueueRunner::hear() {
 void QueueRunner::hearEnd() {
   const auto& run = driver_.state();
   const int number = std::exchange(running_, 0);
+  const bool isLost = !keepsSegments(ports_.engine.files, order_.workFolder);
   awake_.reset();
+  if (run.phase == EnginePhase::Failed) ++failed_;
   write(number, [&](QueueJob& job) {
     if (run.phase == EnginePhase::Done) {
       job.state = JobState::Done;
@@ -124,13 +156,16 @@ void QueueRunner::hearEnd() {
     } else if (job.state == JobState::Running) {
       job.state = JobState::Waiting;
     }
+    if (job.state != JobState::Done && isLost) job.share = 0;
   });
   // All that is kept for a job stays where the queue cannot tell of it.
   if (!trouble_.empty()) return changed_();
   const auto* ended = jobOf(queue_, number);
   if (ended != nullptr) tellEnd(*ended);
   if (ended == nullptr || run.phase == EnginePhase::Done) ports_.store.forget(number);
-  if (ended == nullptr && !hasOutput(queue_, order_.output)) ports_.removeFolder(order_.workFolder);
+  // A movie that stands has no such folder any more; what is there now is somebody else's.
+  if (ended == nullptr && run.phase != EnginePhase::Done && !hasOutput(queue_, order_.output))
+    (void)dropWork(ports_.engine.files, ports_.locks, order_.output).ok();
   changed_();
 }
 
@@ -152,8 +187,7 @@ void QueueRunner::write(int number, const std::function<void(QueueJob&)>& change
   trouble_ = done ? std::string() : done.error().text;
 }
 
-Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
-                     const std::function<void(const std::string& folder)>& removeFolder) {
+Outcome removeQueued(QueueStore& store, Files& files, NameLocks& locks, int number) {
   QueueJob gone;
   bool isShared = false;  // by another job of the same output
   auto done = store.change([&](RenderQueue& queue) {
@@ -164,11 +198,9 @@ Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
   });
   if (!done) return done;
   store.forget(number);
-  // Where a runner is at work on it, the runner sweeps; where another render is, that one.
-  const auto nobodyRuns = locks.tryLock(store.runnerLock());
-  if (isShared || isBeingMade(locks, gone.order.output)) return done;
-  if (gone.state != JobState::Running || (nobodyRuns && *nobodyRuns)) removeFolder(gone.order.workFolder);
-  return done;
+  // Nothing is kept for a movie that stands. Where an engine is at work, its runner sweeps.
+  if (isShared || gone.state == JobState::Done || isBeingMade(locks, gone.order.output)) return done;
+  return dropWork(files, locks, gone.order.output);
 }
 
 }  // namespace kvo

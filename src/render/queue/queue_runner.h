@@ -19,7 +19,6 @@ class QueueRunner {
     QueueStore& store;
     NameLocks& locks;
     RenderDriver::Ports engine;
-    std::function<void(const std::string& folder)> removeFolder;  ///< with what is in it
     /// Nobody else's. Null where no desktop is to know of it.
     LongWork* work = nullptr;
   };
@@ -45,9 +44,11 @@ class QueueRunner {
   /// How far that is.
   [[nodiscard]] const EngineRun& run() const { return driver_.state(); }
   /// Another copy of the program makes the jobs.
-  [[nodiscard]] bool isElsewhere() const { return !lock_; }
-  /// Nothing is made here, and nothing waits.
-  [[nodiscard]] bool isIdle() const { return running_ == 0 && nextJob(queue_) == nullptr; }
+  [[nodiscard]] bool isElsewhere() const { return isElsewhere_; }
+  /// How many have failed here since start().
+  [[nodiscard]] int failed() const { return failed_; }
+  /// Nothing is made, here or elsewhere, and nothing waits.
+  [[nodiscard]] bool isIdle() const;
   /// Why the queue can be read or written no more; empty else.
   [[nodiscard]] const std::string& trouble() const { return trouble_; }
 
@@ -68,18 +69,19 @@ class QueueRunner {
   RenderDriver driver_;
   std::unique_ptr<Timer> timer_;
   std::unique_ptr<FileLock> lock_;
+  bool isElsewhere_ = false;
   RenderQueue queue_;
   int running_ = 0;
+  int failed_ = 0;
   std::optional<Awake> awake_;
   RenderOrder order_;   // of the one that runs
-  double written_ = 0;  // its share as the file has it
+  double written_ = 0;  // its share as the others hear of it
   bool stops_ = false;
   std::string trouble_;
 };
 
 /// Takes a job out of the queue with all that is kept for it. One that is being made, here or elsewhere, is
-/// ended by its runner within half a second.
-Outcome removeQueued(QueueStore& store, NameLocks& locks, int number,
-                     const std::function<void(const std::string& folder)>& removeFolder);
+/// ended by its runner within half a second. Fails, too, where what is kept cannot be removed.
+Outcome removeQueued(QueueStore& store, Files& files, NameLocks& locks, int number);
 
 }  // namespace kvo

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
+#include "base/text.h"
 
 #include <algorithm>
 
@@ -9,6 +10,7 @@ namespace kvo {
 namespace {
 
 constexpr const char* kQueueFile = "/Queue.txt";
+constexpr const char* kShareFile = "/Share.txt";
 constexpr std::uint64_t kMaxQueue = 16U << 20U;        // bytes
 constexpr std::uint64_t kMaxQueuedText = 256U << 20U;  // of a document
 
@@ -25,7 +27,31 @@ Result<RenderQueue> QueueStore::read() const {
   if (!text) return text.error();
   auto queue = readQueue(*text);
   if (!queue) return Error{path + " is not a queue of this program"};
+  const auto running = std::ranges::find(queue->jobs, JobState::Running, &QueueJob::state);
+  if (running != queue->jobs.end()) running->share = shareOf(*running);
   return std::move(*queue);
+}
+
+double QueueStore::shareOf(const QueueJob& job) const {
+  const auto path = folder_ + kShareFile;
+  if (!files_.exists(path)) return job.share;
+  const auto text = files_.read(path, kMaxQueue);
+  std::string_view rest = text ? *text : std::string_view();
+  double share = job.share;
+  while (!rest.empty()) {
+    const auto line = nextLine(rest);
+    const auto blank = std::min(line.find(' '), line.size());
+    if (line.substr(0, blank) == std::to_string(job.number))
+      share = std::clamp(numberIn(line.substr(blank)).value_or(0), 0.0, 1.0);
+  }
+  return share;
+}
+
+void QueueStore::tellShare(int number, double share) {
+  const auto path = folder_ + kShareFile;
+  if (share <= 0) files_.remove(path);
+  // Who only looks is told nothing then.
+  (void)files_.append(path, std::to_string(number) + " " + FormatMask(share, "0.0000") + "\n").ok();
 }
 
 // Behind the documents that stand there, which may belong to the queue that is not understood.
@@ -67,11 +93,20 @@ Outcome QueueStore::change(const std::function<Outcome(RenderQueue&)>& change) {
   return writeDurably(files_, folder_ + kQueueFile, queueText(*queue));
 }
 
-Result<int> QueueStore::add(const std::string& title, const RenderOrder& order, const std::string& profile) {
+Result<int> QueueStore::add(const std::string& title, const RenderOrder& order, const std::string& profile,
+                            bool isInOnePiece) {
+  const std::string folder(folderPart(order.output));
+  if (!files_.mayWriteInto(folder)) {
+    return Error{"cannot write " + order.output +
+                 (files_.isFolder(folder) ? ": Permission denied" : ": No such file or directory")};
+  }
   int number = 0;
   const auto added = change([&](RenderQueue& queue) -> Outcome {
-    auto& job = addJob(queue, title, order);
+    const auto put = addJob(queue, title, order);
+    if (!put) return put.error();
+    auto& job = **put;
     number = job.number;
+    job.isInOnePiece = isInOnePiece;
     if (auto done = writeDurably(files_, beside(number, ".xtl"), order.document); !done) return done;
     if (profile.empty()) return {};
     job.order.profileFile = beside(number, ".prx");

@@ -1,5 +1,6 @@
 // The queue of renders in a folder of its own, from where every copy of the program reads it:
 //   Queue.txt    the jobs
+//   Share.txt    how far the one is that is being made: lines of its number and share, the last one counts
 //   N.xtl        the document of job N, as it was when the job was added
 //   N.prx        the profile file of one that has one of its own
 #pragma once
@@ -26,11 +27,17 @@ class QueueStore {
   Outcome change(const std::function<Outcome(RenderQueue&)>& change);
 
   /// Adds a job with copies of its document and of `profile`, the bytes of a profile file, if any. Gives its
-  /// number.
-  Result<int> add(const std::string& title, const RenderOrder& order, const std::string& profile);
+  /// number. One in one piece keeps nothing before it stands. Fails, too, where its output's folder cannot be
+  /// written, and as addJob does.
+  Result<int> add(const std::string& title, const RenderOrder& order, const std::string& profile,
+                  bool isInOnePiece = false);
 
   /// The order of a job with its document.
   [[nodiscard]] Result<RenderOrder> orderOf(const QueueJob& job) const;
+
+  /// Notes how far the job is that is being made, 0 to 1, for whoever looks; 0 begins with it. That is quick,
+  /// waits for nobody, and may be lost in a power cut.
+  void tellShare(int number, double share);
 
   /// Removes the copies of a job that is no more.
   void forget(int number);
@@ -43,6 +50,7 @@ class QueueStore {
 
   Outcome keepForeign();
   [[nodiscard]] int lastNumber() const;
+  [[nodiscard]] double shareOf(const QueueJob& job) const;
 
   Files& files_;
   std::string folder_;

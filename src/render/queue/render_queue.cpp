@@ -53,6 +53,8 @@ constexpr std::array kQueueRows = {
              [](QueueJob& job, std::string_view text) {
                job.share = std::clamp(numberIn(text).value_or(0), 0.0, 1.0);
              }},
+    QueueRow{"one piece", [](const QueueJob& job) { return std::string(job.isInOnePiece ? "1" : ""); },
+             [](QueueJob& job, std::string_view text) { job.isInOnePiece = !text.empty(); }},
     QueueRow{"output", [](const QueueJob& job) { return job.order.output; },
              [](QueueJob& job, std::string_view text) { job.order.output = text; }},
     QueueRow{"range", [](const QueueJob& job) { return rangeText(job.order); },
@@ -80,13 +82,19 @@ constexpr std::array kQueueRows = {
              }},
     QueueRow{"profile file", [](const QueueJob& job) { return job.order.profileFile; },
              [](QueueJob& job, std::string_view text) { job.order.profileFile = text; }},
-    QueueRow{"rate", [](const QueueJob& job) { return exact(job.order.frameRate); },
-             [](QueueJob& job, std::string_view text) {
-               job.order.frameRate = std::max(numberIn(text).value_or(0), 0.0);
-             }},
 };
 
 Error noJob(int number) { return {"there is no job " + std::to_string(number) + " in the queue"}; }
+
+// Among those that are to be made, but for the job `number` itself.
+Outcome aloneWith(const RenderQueue& queue, const std::string& output, int number) {
+  const auto same = std::ranges::find_if(queue.jobs, [&](const QueueJob& job) {
+    return job.number != number && job.order.output == output && job.state <= JobState::Paused;
+  });
+  if (same == queue.jobs.end()) return {};
+  return Error{"cannot write " + output + ": job " + std::to_string(same->number) +
+               " of the queue is going to make it"};
+}
 
 Error notNow(const QueueJob& job) {
   return {"job " + std::to_string(job.number) + " is " + std::string(stateWord(job.state))};
@@ -96,10 +104,12 @@ Error notNow(const QueueJob& job) {
 
 std::string_view stateWord(JobState state) { return kStateWords.at(static_cast<std::size_t>(state)); }
 
-QueueJob& addJob(RenderQueue& queue, std::string title, RenderOrder order) {
+Result<QueueJob*> addJob(RenderQueue& queue, std::string title, RenderOrder order) {
+  if (auto alone = aloneWith(queue, order.output, 0); !alone) return alone.error();
   order.workFolder = workFolderOf(order.output);
-  queue.jobs.push_back({++queue.lastNumber, JobState::Waiting, std::move(title), {}, 0, std::move(order)});
-  return queue.jobs.back();
+  queue.jobs.push_back(
+      {++queue.lastNumber, JobState::Waiting, std::move(title), {}, 0, false, std::move(order)});
+  return &queue.jobs.back();
 }
 
 const QueueJob* jobOf(const RenderQueue& queue, int number) {
@@ -113,7 +123,9 @@ QueueJob* jobOf(RenderQueue& queue, int number) {
 }
 
 bool hasOutput(const RenderQueue& queue, const std::string& output) {
-  return std::ranges::any_of(queue.jobs, [&](const QueueJob& job) { return job.order.output == output; });
+  return std::ranges::any_of(queue.jobs, [&](const QueueJob& job) {
+    return job.state != JobState::Done && job.order.output == output;
+  });
 }
 
 const QueueJob* nextJob(const RenderQueue& queue) {
@@ -133,14 +145,29 @@ Outcome resumeJob(RenderQueue& queue, int number) {
   auto* job = jobOf(queue, number);
   if (job == nullptr) return noJob(number);
   if (job->state != JobState::Paused && job->state != JobState::Failed) return notNow(*job);
+  if (auto alone = aloneWith(queue, job->order.output, number); !alone) return alone;
   job->state = JobState::Waiting;
   job->failure.clear();
+  return {};
+}
+
+// How far it gets on what is kept of it is told by its first word.
+Outcome beginJob(RenderQueue& queue, int number) {
+  auto* job = jobOf(queue, number);
+  if (job == nullptr) return noJob(number);
+  if (job->state != JobState::Waiting) return notNow(*job);
+  job->state = JobState::Running;
+  job->share = 0;
   return {};
 }
 
 Outcome removeJob(RenderQueue& queue, int number) {
   const auto gone = std::erase_if(queue.jobs, [&](const QueueJob& job) { return job.number == number; });
   return gone == 0 ? Outcome(noJob(number)) : Outcome();
+}
+
+void clearDone(RenderQueue& queue) {
+  std::erase_if(queue.jobs, [](const QueueJob& job) { return job.state == JobState::Done; });
 }
 
 Outcome moveJob(RenderQueue& queue, int number, int place) {

@@ -25,7 +25,9 @@ struct QueueJob {
   std::string title;    ///< whose movie it is
   std::string failure;  ///< a line, of one that failed
   double share = 0;     ///< how far it is, 0 to 1
-  RenderOrder order;    ///< document and profile lie in files beside the queue's
+  /// Nothing of it is kept before all of it stands: cut off, it begins anew.
+  bool isInOnePiece = false;
+  RenderOrder order;  ///< document and profile lie in files beside the queue's
 };
 
 /// In the order in which they are made.
@@ -34,8 +36,9 @@ struct RenderQueue {
   int lastNumber = 0;
 };
 
-/// At the end; its number is the next one. Gives it back.
-QueueJob& addJob(RenderQueue& queue, std::string title, RenderOrder order);
+/// At the end; its number is the next one. Gives it back. Fails where a job that is to be made has the same
+/// output: one would replace the other's movie unasked.
+Result<QueueJob*> addJob(RenderQueue& queue, std::string title, RenderOrder order);
 
 /// Nothing where there is no job of that number.
 QueueJob* jobOf(RenderQueue& queue, int number);
@@ -48,10 +51,15 @@ bool hasOutput(const RenderQueue& queue, const std::string& output);
 const QueueJob* nextJob(const RenderQueue& queue);
 
 /// These fail with a line where there is no such job, and where it is not in a state for it: one that waits
-/// or runs can be paused; one that is paused or has failed goes on, from what is finished of it.
+/// or runs can be paused; one that is paused or has failed goes on, from what is finished of it, unless
+/// another is to be made under its name.
 Outcome pauseJob(RenderQueue& queue, int number);
 Outcome resumeJob(RenderQueue& queue, int number);
 Outcome removeJob(RenderQueue& queue, int number);
+/// One that waits is being made.
+Outcome beginJob(RenderQueue& queue, int number);
+/// Takes those out whose movies stand.
+void clearDone(RenderQueue& queue);
 /// Brings it to a place, counted from 1; behind the last means there.
 Outcome moveJob(RenderQueue& queue, int number, int place);
 

@@ -5,6 +5,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -23,7 +24,8 @@ FrmQueue::FrmQueue(const QueueState& state, QueueActs acts, const WindowPlace& p
       acts_(std::move(acts)),
       place_(place),
       hide_(std::move(hide)),
-      panel_(made<QueuePanel>(state_, acts_, this)) {
+      panel_(made<QueuePanel>(state_, acts_, this)),
+      KVOBut_ClearJobs_(made<QPushButton>(tr("Clear Finished"), this)) {
   setAttribute(Qt::WA_StyledBackground);
   setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(tr("KVO - Render Queue"));
@@ -32,6 +34,9 @@ FrmQueue::FrmQueue(const QueueState& state, QueueActs acts, const WindowPlace& p
   const int edge = themed(kQueueEdge);
   all->setContentsMargins(edge, edge, edge, edge);
   all->addWidget(panel_, 1);
+  KVOBut_ClearJobs_->setToolTip(tr("Take those out of the list that are done; their movies stay"));
+  all->addWidget(KVOBut_ClearJobs_, 0, Qt::AlignRight);
+  connect(KVOBut_ClearJobs_, &QPushButton::clicked, [this] { acts_.clear(); });
 }
 
 void FrmQueue::draw(bool mayBeSeen) {
@@ -40,6 +45,7 @@ void FrmQueue::draw(bool mayBeSeen) {
     return QWidget::hide();
   }
   panel_->draw();
+  KVOBut_ClearJobs_->setEnabled(state_.canClear);
   if (!isVisible()) {
     resize(themed(kQueueWindow.width()), themed(kQueueWindow.height()));
     place_.restoreWithSize(*this);

@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <functional>
 
+class QPushButton;
+
 namespace kvo {
 
 class FrmQueue final : public QWidget {
@@ -30,6 +32,7 @@ class FrmQueue final : public QWidget {
   WindowPlace place_;
   std::function<void()> hide_;
   QueuePanel* panel_;
+  QPushButton* KVOBut_ClearJobs_;
   int raises_ = 0;
 };
 

@@ -124,8 +124,14 @@ void QueuePanel::drawKeys() {
   const bool goesOn = row != nullptr && row->canGoOn;
   const bool triesAgain = goesOn && row->hasFailed;
   setTextOf(*KVOBut_PauseJob_, triesAgain ? tr("Try Again") : goesOn ? tr("Go On") : tr("Pause"));
-  setTipOf(*KVOBut_PauseJob_, goesOn ? tr("Go on from what is finished")
-                                     : tr("Keep what is finished, and let the next one begin"));
+  const bool isWhole = row != nullptr && row->isInOnePiece;
+  if (isWhole) {
+    setTipOf(*KVOBut_PauseJob_, goesOn ? tr("It is made in one piece: begin anew")
+                                       : tr("It is made in one piece: later it begins anew"));
+  } else {
+    setTipOf(*KVOBut_PauseJob_, goesOn ? tr("Go on from what is finished")
+                                       : tr("Keep what is finished, and let the next one begin"));
+  }
   KVOBut_PauseJob_->setEnabled(row != nullptr && (row->canPause || row->canGoOn));
   KVOBut_RemoveJob_->setEnabled(row != nullptr);
   KVOBut_UpJob_->setEnabled(row != nullptr && state_.row > 0);

@@ -13,6 +13,7 @@ struct QueueActs {
   std::function<void()> pauseOrGoOn;    ///< the chosen one
   std::function<void()> remove;
   std::function<void(int place)> move;  ///< counted from 1
+  std::function<void()> clear = [] {};  ///< those that are done
 };
 
 /// None may be empty.
