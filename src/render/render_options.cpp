@@ -1,4 +1,5 @@
 // The options of a render: which kind, which profile.
+#include "base/numbers.h"
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
@@ -145,8 +146,12 @@ std::string MovieRender::largerClips() const {
   for (int number = 1; number <= e.clips().count(); ++number) {
     const auto& clip = e.clips()[number];
     if (clip.IsStill() || isSoundByName(clip.MovieName())) continue;
-    if (clip.MovieWidth() * clip.MovieHeight() > most.width * most.height)
-      most = {clip.MovieWidth(), clip.MovieHeight()};
+    const auto text = clip.Resolution().text();  // "1920 x 1080", known as soon as the clip is
+    const auto by = text.find('x');
+    if (by == std::string::npos) continue;
+    const PictureSides sides{static_cast<int>(ToNumber(text)),
+                             static_cast<int>(ToNumber(text.substr(by + 1)))};
+    if (sides.width * sides.height > most.width * most.height) most = sides;
   }
   const auto output = outputSize();
   if (most.width <= output.width || most.height <= output.height) return {};

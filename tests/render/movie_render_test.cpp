@@ -643,11 +643,11 @@ TEST(MovieRender, AsksAboutEachMovieButAWav) {
 
 TEST(MovieRender, SaysWhatOfTheClipsIsNotInTheMovie) {
   RenderBench b;
+  for (const int number : {1, 2}) b.collection.MovieList[number].Resolution(Value("320 x 240"));
   b.choose(OutputKind::Mp4);
-  EXPECT_FALSE(test::holds(b.state.madeForText, "Your clips"));
+  EXPECT_FALSE(test::holds(b.state.madeForText, "Your clips")) << b.state.madeForText;
   EXPECT_EQ(b.state.caution, "");
-  b.collection.MovieList[1].MovieWidth(1920);
-  b.collection.MovieList[1].MovieHeight(1080);
+  b.collection.MovieList[1].Resolution(Value("1920 x 1080"));
   b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
   b.choose(OutputKind::Mp4);
   EXPECT_TRUE(test::holds(b.state.madeForText, "Your clips are up to 1920 x 1080:")) << b.state.madeForText;

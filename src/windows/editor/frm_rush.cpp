@@ -175,7 +175,8 @@ QSize FrmRush::roomOnScreen() const {
 
 void FrmRush::layOut() {
   // At a large interface its parts are squeezed: what lies beyond the screen cannot be reached at all.
-  setMinimumSize(QSize(themed(kLeastRush.width()), themed(kLeastRush.height())).boundedTo(roomOnScreen()));
+  const QSize least(themed(kLeastRush.width()), themed(kLeastRush.height()));
+  setMinimumSize(least.boundedTo(roomOnScreen().expandedTo(kLeastRush)));
   splitter_->setHandleWidth(themed(kSplitterHandle));
   upper_->setMinimumHeight(themed(kLeastUpper));
   lower_->setMinimumHeight(themed(kLeastLower));

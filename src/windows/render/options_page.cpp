@@ -90,6 +90,8 @@ void OptionsPage::makeKinds() {
   rows_->addStretch(1);
   kinds_->setWidget(column);
   kinds_->setWidgetResizable(true);
+  kinds_->viewport()->setAutoFillBackground(false);  // the card is seen between the rows
+  column->setAutoFillBackground(false);
 }
 
 void OptionsPage::makeProfiles() {
