@@ -5,7 +5,6 @@
 #include "render/batch_file.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kvo {
 namespace {
@@ -14,13 +13,7 @@ namespace {
 constexpr const char* kEnded = "the share has ended with";
 
 // By which the arrays of a work folder are found again.
-std::string jobName(const std::string& workFolder) {
-  constexpr int kHexDigits = 16;
-  std::string name = "kvo5-";
-  for (auto [hash, i] = std::pair{fnv1a(workFolder), 0}; i < kHexDigits; ++i, hash >>= 4U)
-    name += "0123456789abcdef"[hash & 15U];
-  return name;
-}
+std::string jobName(const std::string& workFolder) { return "kvo5-" + std::to_string(fnv1a(workFolder)); }
 
 }  // namespace
 
