@@ -11,6 +11,7 @@
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <tuple>
 
