@@ -26,7 +26,7 @@ class Source {
   /// (`noneOf`, "no sound in "), no decoder.
   static Result<Source> open(const std::string& path, AVMediaType kind, const char* noneOf, int threads);
 
-  /// The next frame out of the decoder, damaged ones among them; null at the end. Fails when memory is short.
+  /// The next frame out of the decoder, damaged ones among them; null at the end.
   Result<SharedFrame> next(const Watch& watch);
 
   /// What begins at `seconds` of the container's time, or some time ahead of it, comes next: false when it
