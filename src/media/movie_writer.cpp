@@ -32,8 +32,8 @@ Outcome beginFile(Muxer& muxer, OutputKind kind) {
     case OutputKind::M4a:
       return muxer.begin({{"movflags", "+faststart"}});
     case OutputKind::WebM:
-      // What an encoder of sound puts ahead is told by the track, and moves nothing. The numbers of tracks are
-      // drawn by lot else.
+      // What an encoder of sound puts ahead is told by the track, and moves nothing. The numbers of tracks
+      // are drawn by lot else.
       return muxer.begin({{"avoid_negative_ts", "disabled"}, {"fflags", "+bitexact"}});
     default:
       return muxer.begin({});

@@ -58,8 +58,9 @@ TEST(FrmMessageBoxes, AreAnsweredByKeyboardAndPointer) {
   }
   for (const auto& [key, answer] : {std::pair{Qt::Key_Return, Answer::No}, {Qt::Key_Y, Answer::Yes}}) {
     whenShown([key = key](MessageWindow& window) { QTest::keyClick(window.focusWidget(), key); });
-    EXPECT_EQ(boxes.show({.caption = "Caption", .text = "Text", .buttons = BoxButtons::YesNo, .isRisky = true}),
-              answer);
+    EXPECT_EQ(
+        boxes.show({.caption = "Caption", .text = "Text", .buttons = BoxButtons::YesNo, .isRisky = true}),
+        answer);
   }
 }
 
