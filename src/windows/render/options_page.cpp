@@ -34,7 +34,7 @@ constexpr QRect kHardware = kOwnSize;  // never both
 constexpr QRect kSizeName{362, 338, 180, 26};
 constexpr QRect kMegabytes{612, 338, 106, 26};
 constexpr QRect kQueuePlace{350, 244, 380, 128};  // the profiles give way to it
-constexpr QRect kPicture{750, 204, 208, 58};
+constexpr QRect kPicture{750, 204, 203, 58};
 // Who gets the room of a larger card: the kinds, the lists in the middle, the summary.
 constexpr Share kKindsGrow{0, 0, 25, 100};
 constexpr Share kOptionListGrows{25, 0, 40, 100};
@@ -45,7 +45,7 @@ constexpr Share kSummaryHead{65, 0, 35, 0};
 constexpr Share kSummaryGrows{65, 0, 35, 100};
 constexpr Share kSummaryKeys{65, 100, 35, 0};
 constexpr int kQueueGrows = 30;  // hundredths of what is taller, while there is one
-constexpr FactRows::Form kOptionFacts{208, 20, 0};
+constexpr FactRows::Form kOptionFacts{203, 20, 0};
 
 // A row of the list without its blanks and its number.
 std::string profileName(const std::string& row) { return profileText(GetWMVRenderProfileInt(row)); }
@@ -146,23 +146,23 @@ void OptionsPage::makeHardware() {
 }
 
 void OptionsPage::makeSummary() {
-  write(tr("Your movie"), "caption", {750, 16, 208, 18}, kSummaryHead);
-  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 208, 160}, kSummaryHead);
+  write(tr("Your movie"), "caption", {750, 16, 203, 18}, kSummaryHead);
+  facts_ = put(made<FactRows>(kOptionFacts, this), {750, 38, 203, 160}, kSummaryHead);
   pane_ = put(made<PicturePane>(tr("The clip in hand"), this), kPicture, kSummaryGrows);
   caution_ = write({}, "caution", kPicture, kSummaryGrows);
   caution_->setWordWrap(true);
   caution_->setAlignment(Qt::AlignBottom | Qt::AlignLeft);
-  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 268, 208, 40}, kSummaryKeys);
+  KVOBut_WriteMovie_ = put(made<QPushButton>(tr("Write Movie"), this), {750, 268, 203, 40}, kSummaryKeys);
   KVOBut_WriteMovie_->setProperty("kind", "primary");
   KVOBut_WriteMovie_->setProperty("large", true);
   KVOBut_WriteMovie_->setToolTip(tr("Choose a name, and make the movie"));
   connect(KVOBut_WriteMovie_, &QPushButton::clicked, [this] { acts_.write(); });
-  KVOBut_AddToQueue_ = put(made<QPushButton>(tr("Add to Queue"), this), {750, 316, 208, 28}, kSummaryKeys);
+  KVOBut_AddToQueue_ = put(made<QPushButton>(tr("Add to Queue"), this), {750, 316, 203, 28}, kSummaryKeys);
   KVOBut_AddToQueue_->setToolTip(tr("Choose a name, and have the movie made in the background"));
   connect(KVOBut_AddToQueue_, &QPushButton::clicked, [this] { acts_.addToQueue(); });
   queue_ = put(made<QueuePanel>(queueState_, acts_.queue, this), kQueuePlace);
   queue_->hide();
-  auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 208, 26}, kSummaryKeys);
+  auto* back = put(made<QPushButton>(tr("Back to editing"), this), {750, 352, 203, 26}, kSummaryKeys);
   back->setProperty("kind", "quiet");
   back->setToolTip(tr("Back to editing") + " (Esc)");
   connect(back, &QPushButton::clicked, [this] { acts_.leave(); });
