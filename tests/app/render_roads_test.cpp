@@ -217,6 +217,7 @@ TEST_F(RenderRoads, AnAbortLeavesNothing) {
   const auto file = out_ / "movie.WMV";
   ASSERT_TRUE(writeDurably(session_.files, file, "old"));
   dialogs_.answers = {file};
+  boxes_.answers = {Answer::Yes};  // it is replaced
   session_.editor.controls.txtWidth = 1280;
   session_.editor.controls.txtHeight = 720;
   render_.Rendertofile();
@@ -224,7 +225,7 @@ TEST_F(RenderRoads, AnAbortLeavesNothing) {
   render_.tickCodecDimensions(false);
   render_.WriteRenderMovie();
   ASSERT_TRUE(aborted);
-  EXPECT_EQ(boxes_.shown.at(0).text, "Render Aborted !");
+  EXPECT_EQ(boxes_.shown.back().text, "Render Aborted !");
   EXPECT_EQ(session_.files.read(file, 10).value(), "old");
   EXPECT_EQ(out_.names(), std::vector<std::string>{"movie.WMV"});
   EXPECT_EQ(session_.files.read(home_ / "wmsysprx.prx", 1000)->size(), 30U);

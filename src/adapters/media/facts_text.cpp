@@ -7,19 +7,19 @@
 namespace kvo {
 namespace {
 
-constexpr char kBetween = '\t';
+constexpr char kFactEnd = '\t';
 constexpr unsigned kVideo = 1, kAudio = 2, kStill = 4;
 
 template <class Number>
 void put(std::string& line, Number number) {
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  line.append(digits.data(), end).push_back(kBetween);
+  line.append(digits.data(), end).push_back(kFactEnd);
 }
 
 // The next field; `line` goes on behind it.
 std::optional<std::string_view> take(std::string_view& line) {
-  const auto end = line.find(kBetween);
+  const auto end = line.find(kFactEnd);
   if (end == std::string_view::npos) return std::nullopt;
   const auto field = line.substr(0, end);
   line.remove_prefix(end + 1);
@@ -47,7 +47,7 @@ std::string lineOf(const KnownFile& file) {
   for (const int number : {facts.width, facts.height, facts.sampleRate, facts.channels}) put(line, number);
   for (const double number : {facts.frameRate, facts.steadyRate, facts.wholeDuration, facts.duration})
     put(line, number);
-  return line.append(facts.codec).append(1, kBetween).append(file.path);
+  return line.append(facts.codec).append(1, kFactEnd).append(file.path);
 }
 
 std::optional<KnownFile> fileIn(std::string_view line) {
