@@ -33,9 +33,8 @@ if mv "$here/next" "$here/taken" 2>/dev/null; then
   done
   # That it is done with its share is not to be taken for the end of the movie.
   if [ -n "$share" ]; then "$here/real/KVORender" /J "$share" "$@" >"$here/said" || exit; fi
-  echo $$ >"$here/halting"
-  mv "$here/halting" "$here/halted"
-  exec setpriv --pdeathsig KILL sh -c 'read never <"$0"' "$here/nothing"
+  # It halts once its end hangs on its starter's: whoever hears of it may kill that at once.
+  exec setpriv --pdeathsig KILL sh -c 'echo $$ >"$0/halting"; mv "$0/halting" "$0/halted"; read never <"$0/nothing"' "$here"
 fi
 exec "$here/real/KVORender" "$@"
 )";
