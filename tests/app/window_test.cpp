@@ -91,6 +91,13 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   ASSERT_TRUE(comes("Remove the Display Name"));
   press("alt+n");
   ASSERT_TRUE(comes("First - Video")) << "a name that is not taken away";
+  // The desktop may tell of the window ahead of the window: these keys do nothing twice.
+  for (const auto& [key, caption] : {std::pair{"End", "second.avi - Video"}, {"Home", "First - Video"}}) {
+    ASSERT_TRUE(eventually([&] {
+      press(key);
+      return comesNow(caption);
+    }));
+  }
   press("F2 End 1 Return");
   ASSERT_TRUE(comes("First1 - Video")) << "stands in its row again";
   press("ctrl+z");
