@@ -92,10 +92,10 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   press("alt+n");
   ASSERT_TRUE(comes("First - Video")) << "a name that is not taken away";
   // The desktop may tell of the window ahead of the window: these keys do nothing twice.
-  for (const auto& [key, caption] : {std::pair{"End", "second.avi - Video"}, {"Home", "First - Video"}}) {
+  for (const auto& heard : {std::pair{"End", "second.avi - Video"}, {"Home", "First - Video"}}) {
     ASSERT_TRUE(eventually([&] {
-      press(key);
-      return comesNow(caption);
+      press(heard.first);
+      return comesNow(heard.second);
     }));
   }
   press("F2 End 1 Return");
