@@ -112,6 +112,17 @@ class Window : public testing::Test {
     for (std::string key; each >> key;) command.push_back(key);
     runProgram(command);
   }
+  // Keys that do nothing in the window `name` which they bring: again until it has come, for the desktop tells
+  // of a window ahead of the program, which hears no key while its last command still goes on.
+  static bool brings(const std::string& keys, const std::string& name) {
+    return eventually([&] {
+      press(keys);
+      constexpr int kLooks = 20;
+      for (int i = 0; i < kLooks && !comesNow(name); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      return comesNow(name);
+    });
+  }
   // So many windows of the program are seen: faces, boxes and menus.
   static std::ptrdiff_t windows() {
     const auto all = runProgram({"xdotool", "search", "--onlyvisible", "--class", "kvo5"}).out;

@@ -29,16 +29,13 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
   EXPECT_EQ(test::runProgram({KVO_PROGRAMS "/kvo5"}).exitCode, 0);
   ASSERT_TRUE(comes("count.avi - Video"));
 
-  press("ctrl+s");
-  ASSERT_TRUE(comes("Save Collection"));
+  ASSERT_TRUE(brings("ctrl+s", "Save Collection"));
   ASSERT_TRUE(names("Save Collection", work_ / "mine"));
   ASSERT_TRUE(eventually([&] { return std::filesystem::exists(work_ / "mine.INI"); }));
   ASSERT_TRUE(comes("count.avi - Video"));
 
-  press("ctrl+n");
-  ASSERT_TRUE(comes("New Collection"));
-  press("ctrl+o");
-  ASSERT_TRUE(comes("Open existing Collection"));
+  ASSERT_TRUE(brings("ctrl+n", "New Collection"));
+  ASSERT_TRUE(brings("ctrl+o", "Open existing Collection"));
   ASSERT_TRUE(names("Open existing Collection", work_ / "mine.INI"));
   ASSERT_TRUE(comes("count.avi - Video"));
   press("ctrl+q");
@@ -50,8 +47,7 @@ TEST_F(Window, ANewUserStartsAddsSavesOpensAndLeaves) {
 TEST_F(Window, ExitWithUnsavedChangesAsks) {
   start({video_});
   ASSERT_TRUE(comes("count.avi - Video"));
-  press("ctrl+q");
-  ASSERT_TRUE(comes("Save changes"));
+  ASSERT_TRUE(brings("ctrl+q", "Save changes"));
   press("Escape");
   ASSERT_TRUE(comes("count.avi - Video"));
   press("alt+F4");
@@ -60,8 +56,7 @@ TEST_F(Window, ExitWithUnsavedChangesAsks) {
   ASSERT_TRUE(comes("Save Collection"));
   press("Escape");
   ASSERT_TRUE(comes("count.avi - Video")) << "no name, no end";
-  press("ctrl+q");
-  ASSERT_TRUE(comes("Save changes"));
+  ASSERT_TRUE(brings("ctrl+q", "Save changes"));
   press("alt+n");
   ASSERT_TRUE(ends());
 }
@@ -70,10 +65,7 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   const auto second = test::makeCountingVideo(work_, "second.avi", "25", 10);
   start();
   ASSERT_TRUE(comes("KVO5"));
-  ASSERT_TRUE(eventually([] {
-    press("Insert");
-    return comesNow("Add Media to Collection");
-  }));
+  ASSERT_TRUE(brings("Insert", "Add Media to Collection"));
   type("\"" + video_ + "\" \"" + second + "\"");
   press("Return");
   ASSERT_TRUE(comes("second.avi - Video")) << "adds";
@@ -149,8 +141,7 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   press("F10 f");
   ASSERT_TRUE(comes("First - Video")) << "by the menu, too";
 
-  press("ctrl+s");
-  ASSERT_TRUE(comes("Save Collection"));
+  ASSERT_TRUE(brings("ctrl+s", "Save Collection"));
   ASSERT_TRUE(names("Save Collection", work_ / "driven"));
   std::string saved;
   ASSERT_TRUE(eventually([&] {
@@ -162,10 +153,8 @@ TEST_F(Window, IsDrivenByTheKeyboardAlone) {
   EXPECT_NE(saved.find("First"), std::string::npos);
   EXPECT_NE(saved.find("snakesk.jpg"), std::string::npos) << "changes the skin";
   ASSERT_TRUE(comes("First - Video"));
-  press("ctrl+n");
-  ASSERT_TRUE(comes("New Collection"));
-  press("ctrl+o");
-  ASSERT_TRUE(comes("Open existing Collection"));
+  ASSERT_TRUE(brings("ctrl+n", "New Collection"));
+  ASSERT_TRUE(brings("ctrl+o", "Open existing Collection"));
   ASSERT_TRUE(names("Open existing Collection", work_ / "driven.INI"));
   ASSERT_TRUE(comes("second.avi - Video")) << "opens";
 }
