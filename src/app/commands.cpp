@@ -1,8 +1,8 @@
 #include "app/commands.h"
 
 #include "app/clip_summary.h"
+#include "app/cluster_command.h"
 #include "app/console_render.h"
-#include "app/farm_command.h"
 #include "app/queue_command.h"
 #include "base/numbers.h"
 #include "base/paths.h"
@@ -125,7 +125,7 @@ int runRender(Session& session, const CommandLine& line, const std::string& engi
   auto made = renderOrder(session, line);
   if (!made) return fail(made.error().text);
   auto& order = *made;
-  if (line.slurmJobs > 0) return renderOnFarm(session, order, ownProfile(line), line.slurmJobs, engine);
+  if (line.slurmJobs > 0) return renderOnCluster(session, order, ownProfile(line), line.slurmJobs, engine);
   if (line.resume) order.workFolder = workFolderOf(line.output);
   SystemProfile profile({session.files, session.nameLocks, session.folder, session.boxes});
   if (line.profile && !order.profile) {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kBytesOfMegabyte = 1e6;
 constexpr std::size_t kMaxErrorLines = 100;
+constexpr std::string_view kSaidBy = "KVORender: ";
 constexpr const char* kDocument = "/KVORender.xtl";
 constexpr const char* kBatchFile = "/KVORender.bat";
 constexpr const char* kSentinel = "/Rendone.txt";
@@ -25,8 +26,14 @@ double mostBytes(const RenderOrder& order) {
 
 }  // namespace
 
+std::string reasonOf(std::string_view line) {
+  if (line.starts_with(kSaidBy)) line.remove_prefix(kSaidBy.size());
+  return std::string(line);
+}
+
 std::string whyFailed(const EngineRun& run) {
-  return run.failure.empty() && !run.engineSays.empty() ? run.engineSays.back() : run.failure;
+  if (!run.failure.empty() || run.engineSays.empty()) return run.failure;
+  return reasonOf(run.engineSays.back());
 }
 
 std::string workFolderOf(const std::string& output) {
@@ -98,6 +105,10 @@ Outcome RenderDriver::start(const RenderOrder& order) {
   state_.phase = EnginePhase::Running;
   state_.progress.most = mostBytes(order);
   return {};
+}
+
+void RenderDriver::forget() {
+  if (!process_) state_ = {};
 }
 
 void RenderDriver::stop() {

@@ -57,7 +57,10 @@ struct EngineRun {
   [[nodiscard]] bool ended() const { return phase > EnginePhase::Stopping; }
 };
 
-/// The line that tells the user why a run has failed. What a killed engine's shell says of it tells nothing.
+/// What a line of the engine says, without the name that it begins with on a terminal.
+std::string reasonOf(std::string_view line);
+
+/// The reason that tells the user why a run has failed. What a killed engine's shell says of it tells nothing.
 std::string whyFailed(const EngineRun& run);
 
 /// The work folder for an output, beside it.
@@ -88,6 +91,9 @@ class RenderDriver {
   /// Begins a render. Fails, with the state as it was, when the document cannot be written or the engine not
   /// be started, and while another render runs.
   Outcome start(const RenderOrder& order);
+
+  /// How the last render went is told no more. Nothing happens while one runs.
+  void forget();
 
   /// Ends a render within about a second; nothing is written then. Its end is heard as any other.
   void stop();

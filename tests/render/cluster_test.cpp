@@ -12,23 +12,23 @@
 namespace kvo {
 namespace {
 
-struct Farmed {
+struct Clustered {
   test::MemoryFiles files;
   test::MemoryFolders folders;
   test::FakeProcesses processes;
   test::VirtualLoop loop;
-  FarmRender farm{{{files, folders, processes, loop, "/bin/KVORender"},
-                   [](const RenderOrder&, const std::string&) {
-                     return Result(std::vector<std::string>{"/w/0", "/w/1", "/w/2"});
-                   },
-                   [this] { letGo = true; }},
-                  [] {}};
+  ClusterRender cluster{{{files, folders, processes, loop, "/bin/KVORender"},
+                         [](const RenderOrder&, const std::string&) {
+                           return Result(std::vector<std::string>{"/w/0", "/w/1", "/w/2"});
+                         },
+                         [this] { letGo = true; }},
+                        [] {}};
   bool letGo = false;
 
   // Arrays of an earlier start are out.
-  explicit Farmed(bool out = false) {
+  explicit Clustered(bool out = false) {
     const RenderOrder order{.document = "<timeline>", .output = "/o's.avi", .workFolder = "/w"};
-    EXPECT_TRUE(farm.start({order, "profile", 2}));
+    EXPECT_TRUE(cluster.start({order, "profile", 2}));
     if (out) return;
     finds({});
   }
@@ -56,8 +56,8 @@ struct Farmed {
   }
 };
 
-TEST(FarmRenderTest, HandsSharesInAndJoinsThem) {
-  Farmed f;
+TEST(ClusterRenderTest, HandsSharesInAndJoinsThem) {
+  Clustered f;
   EXPECT_EQ(f.asked(), "sbatch --array=1,2");
   EXPECT_EQ(f.files.all["/w/render.sh"],
             "#!/bin/sh\nexport KVO5_PROFILE='/w/render.prx'\n'/bin/KVORender' '/K' '/w' '/J' "
@@ -69,24 +69,24 @@ TEST(FarmRenderTest, HandsSharesInAndJoinsThem) {
   EXPECT_EQ(f.asked(), "squeue --noheader");
   f.files.all["/w/1"] = "made";
   f.answer({"RUNNING", "PENDING"});
-  EXPECT_EQ(f.farm.state().made, 1U);
+  EXPECT_EQ(f.cluster.state().made, 1U);
   f.answer({}, 1, "slurm_load_jobs error: Unable to contact slurm controller (connect failure)");
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Making) << "it may come back";
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Making) << "it may come back";
   EXPECT_FALSE(f.letGo) << "nobody else is to make that output";
   f.files.all["/w/0"] = f.files.all["/w/2"] = "made";
   f.answer({}, 1, "slurm_load_jobs error: Invalid job id specified");
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Joining);
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Joining);
   EXPECT_TRUE(f.letGo) << "the engine holds it itself";
   EXPECT_EQ(f.files.all["/tmp/kvo/KVORender.xtl"], "<timeline>");
   f.processes.end(0);
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Done);
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Done);
 }
 
-TEST(FarmRenderTest, HandsInWhatFailedAFewTimes) {
-  Farmed f;
+TEST(ClusterRenderTest, HandsInWhatFailedAFewTimes) {
+  Clustered f;
   f.files.all["/w/1"] = "made";
   for (int attempt = 1; attempt <= 3; ++attempt) {
-    EXPECT_EQ(f.farm.state().attempt, attempt);
+    EXPECT_EQ(f.cluster.state().attempt, attempt);
     EXPECT_EQ(f.asked(), attempt == 1 ? "sbatch --array=1,2" : "sbatch --array=1") << "the share of 0 and 2";
     const auto job = std::to_string(attempt);
     f.answer({job + ";cluster"});
@@ -95,16 +95,16 @@ TEST(FarmRenderTest, HandsInWhatFailedAFewTimes) {
                                   "\nthe share has ended with 1 " + job + "\n";
     f.answer({});
     if (attempt < 3) f.finds({});
-    EXPECT_EQ(f.farm.state().says,
+    EXPECT_EQ(f.cluster.state().says,
               (std::vector<std::string>{"KVORender: a.avi: no such file", "slurmstepd: end of " + job}));
   }
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Failed);
-  EXPECT_EQ(f.farm.state().failure, "KVORender: a.avi: no such file");
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Failed);
+  EXPECT_EQ(f.cluster.state().failure, "a.avi: no such file");
   EXPECT_EQ(f.processes.all.size(), 9U);
 }
 
 // A shared folder shows some of it late, and of a job that was killed there is no last line.
-TEST(FarmRenderTest, WaitsForWhatIsSeenLate) {
+TEST(ClusterRenderTest, WaitsForWhatIsSeenLate) {
   const std::string end = "the share has ended with ";
   struct Row {
     const char* what;
@@ -116,65 +116,66 @@ TEST(FarmRenderTest, WaitsForWhatIsSeenLate) {
         Row{"has failed", end + "1 4711", 0}, Row{"failed another time", end + "1 47110", 60}}) {
     for (const bool comes : {true, false}) {
       if (comes && row.seconds == 0) continue;
-      Farmed f;
+      Clustered f;
       f.answer({"4711"});
       f.files.all["/w/0"] = f.files.all["/w/2"] = "made";
       f.files.all["/w/job-2.err"] = row.line + "\n";
       f.processes.end(0);
       if (row.seconds > 0) f.loop.advance(row.seconds * 1000 - 1000);
-      EXPECT_EQ(f.farm.state().phase, row.seconds > 0 ? FarmPhase::Making : FarmPhase::Submitting)
+      EXPECT_EQ(f.cluster.state().phase, row.seconds > 0 ? ClusterPhase::Making : ClusterPhase::Submitting)
           << row.what;
       if (comes) f.files.all["/w/1"] = "made";
       f.loop.advance(1000);
-      EXPECT_EQ(f.farm.state().phase, comes ? FarmPhase::Joining : FarmPhase::Submitting) << row.what;
+      EXPECT_EQ(f.cluster.state().phase, comes ? ClusterPhase::Joining : ClusterPhase::Submitting)
+          << row.what;
     }
   }
 }
 
-TEST(FarmRenderTest, IsNotHeldUpByAClusterThatSaysNothing) {
-  const auto stopped = [](Farmed& f, const std::string& says) {
-    f.farm.stop();
+TEST(ClusterRenderTest, IsNotHeldUpByAClusterThatSaysNothing) {
+  const auto stopped = [](Clustered& f, const std::string& says) {
+    f.cluster.stop();
     f.loop.advance(9000);
-    EXPECT_EQ(f.farm.state().phase, FarmPhase::Stopping);
+    EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Stopping);
     f.loop.advance(1000);
-    EXPECT_EQ(f.farm.state().phase, FarmPhase::Stopped);
-    EXPECT_EQ(f.farm.state().failure, says);
+    EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Stopped);
+    EXPECT_EQ(f.cluster.state().failure, says);
     EXPECT_TRUE(f.processes.last().destroyed);
   };
-  Farmed submits;
+  Clustered submits;
   stopped(submits, "the cluster does not answer; it may have taken the jobs");
-  Farmed makes;
+  Clustered makes;
   makes.answer({"4711"});
   const auto squeue = makes.processes.all.back();
   makes.loop.advance(5000);
   EXPECT_EQ(makes.processes.all.back(), squeue) << "an answer that is late is waited for";
   stopped(makes, "the cluster does not answer; job 4711 may go on");
   EXPECT_TRUE(squeue->destroyed);
-  Farmed waits;
+  Clustered waits;
   waits.answer({"4711"});
   waits.loop.advance(290000);
-  EXPECT_EQ(waits.farm.state().phase, FarmPhase::Making);
+  EXPECT_EQ(waits.cluster.state().phase, ClusterPhase::Making);
   EXPECT_GT(waits.processes.all.size(), 5U) << "it is asked again";
   waits.loop.advance(60000);
   EXPECT_EQ(waits.asked(), "scancel 4711");
-  EXPECT_EQ(waits.farm.state().failure, "the cluster does not answer; job 4711 may go on");
-  EXPECT_EQ(waits.farm.state().phase, FarmPhase::Failed);
-  EXPECT_TRUE(waits.farm.state().mayGoOn) << "nobody is to sweep under it";
+  EXPECT_EQ(waits.cluster.state().failure, "the cluster does not answer; job 4711 may go on");
+  EXPECT_EQ(waits.cluster.state().phase, ClusterPhase::Failed);
+  EXPECT_TRUE(waits.cluster.state().mayGoOn) << "nobody is to sweep under it";
 }
 
-TEST(FarmRenderTest, FollowsTheJobsOfAnEarlierStart) {
-  Farmed f(true);
+TEST(ClusterRenderTest, FollowsTheJobsOfAnEarlierStart) {
+  Clustered f(true);
   f.finds({"4711", "4711"});
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Making);
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Making);
   f.loop.advance(1000);
   EXPECT_EQ(f.processes.last().order.arguments[2], "--jobs=4711");
   f.files.all["/w/0"] = f.files.all["/w/1"] = f.files.all["/w/2"] = "made";
   f.answer({});
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Joining);
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Joining);
   EXPECT_EQ(f.processes.all.size(), 3U) << "none is handed in";
 }
 
-TEST(FarmRenderTest, TakesItsJobsBack) {
+TEST(ClusterRenderTest, TakesItsJobsBack) {
   struct Row {
     const char* when;
     std::vector<std::vector<std::string>> answers;  // ahead of the stop
@@ -184,18 +185,18 @@ TEST(FarmRenderTest, TakesItsJobsBack) {
   for (const auto& row : {Row{"while they are handed in", {}, {"4711"}, "scancel 4711"},
                           Row{"while they are at work", {{"4711"}}, {}, "scancel 4711"},
                           Row{"when none was taken", {}, {}, "sbatch --array=1,2"}}) {
-    Farmed f;
+    Clustered f;
     for (const auto& lines : row.answers) f.answer(lines);
-    f.farm.stop();
+    f.cluster.stop();
     f.answer(row.last);
     EXPECT_EQ(f.asked(), row.asked) << row.when;
-    if (f.farm.state().phase == FarmPhase::Stopping) f.answer({});
-    EXPECT_EQ(f.farm.state().phase, FarmPhase::Stopped) << row.when;
+    if (f.cluster.state().phase == ClusterPhase::Stopping) f.answer({});
+    EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Stopped) << row.when;
   }
-  Farmed f;
+  Clustered f;
   f.answer({}, 1, "sbatch: error: no partition");
-  EXPECT_EQ(f.farm.state().phase, FarmPhase::Failed);
-  EXPECT_EQ(f.farm.state().failure, "sbatch: error: no partition");
+  EXPECT_EQ(f.cluster.state().phase, ClusterPhase::Failed);
+  EXPECT_EQ(f.cluster.state().failure, "sbatch: error: no partition");
 }
 
 }  // namespace

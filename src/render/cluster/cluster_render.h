@@ -12,13 +12,13 @@
 
 namespace kvo {
 
-struct FarmOrder {
+struct ClusterOrder {
   RenderOrder render;     ///< its work folder is the one that is shared; full paths
   std::string profile{};  ///< bytes of a profile file, which is copied there; empty for none
   int shares = 1;         ///< the most jobs at a time
 };
 
-enum class FarmPhase {
+enum class ClusterPhase {
   Idle,
   Submitting,
   Making,   ///< the cluster makes segments
@@ -29,8 +29,8 @@ enum class FarmPhase {
   Stopped,
 };
 
-struct FarmRun {
-  FarmPhase phase = FarmPhase::Idle;
+struct ClusterRun {
+  ClusterPhase phase = ClusterPhase::Idle;
   std::size_t segments = 0;
   std::size_t made = 0;
   int attempt = 1;                  ///< how often what failed has been handed in
@@ -38,10 +38,10 @@ struct FarmRun {
   std::string failure{};            ///< a line
   bool mayGoOn = false;             ///< jobs may be at work behind the end
 
-  [[nodiscard]] bool ended() const { return phase >= FarmPhase::Done; }
+  [[nodiscard]] bool ended() const { return phase >= ClusterPhase::Done; }
 };
 
-class FarmRender {
+class ClusterRender {
  public:
   struct Ports {
     RenderDriver::Ports engine;  ///< its program lies where the cluster's machines see it, too
@@ -53,20 +53,20 @@ class FarmRender {
   };
 
   /// `changed` is called behind each change; it may destroy this when the render has ended.
-  FarmRender(Ports ports, std::function<void()> changed);
-  FarmRender(const FarmRender&) = delete;
-  FarmRender& operator=(const FarmRender&) = delete;
-  ~FarmRender() = default;
+  ClusterRender(Ports ports, std::function<void()> changed);
+  ClusterRender(const ClusterRender&) = delete;
+  ClusterRender& operator=(const ClusterRender&) = delete;
+  ~ClusterRender() = default;
 
   /// Fails, with nothing begun, where the shared folder cannot be written and where there are no segments.
   /// Jobs of an earlier start that are still out are followed, ahead of any new ones.
-  Outcome start(const FarmOrder& order);
+  Outcome start(const ClusterOrder& order);
 
   /// Takes the jobs back; what is finished stays for the next start. That is over in ten seconds, whether the
   /// cluster answers or not, but in the midst of the joining, which ends as any render.
   void stop();
 
-  [[nodiscard]] const FarmRun& state() const { return state_; }
+  [[nodiscard]] const ClusterRun& state() const { return state_; }
   /// The engine's part at the end.
   [[nodiscard]] const EngineRun& joining() const { return driver_.state(); }
 
@@ -97,7 +97,7 @@ class FarmRender {
   void takeBack();
   void giveUp();
   void endTaken(bool isBack, const std::string& says = {});
-  void end(FarmPhase phase, std::string failure = {});
+  void end(ClusterPhase phase, std::string failure = {});
   [[nodiscard]] std::vector<int> unfinished() const;
   [[nodiscard]] std::vector<std::string> saidBy(int share) const;
   [[nodiscard]] bool hasFailed(int share) const;
@@ -107,7 +107,7 @@ class FarmRender {
   RenderDriver driver_;
   std::unique_ptr<Timer> timer_;
   std::unique_ptr<Process> process_;
-  FarmOrder order_;
+  ClusterOrder order_;
   std::vector<std::string> segments_;
   std::vector<bool> made_;               // of these
   std::string job_;                      // the array that was handed in last; empty for none
@@ -117,7 +117,7 @@ class FarmRender {
   std::chrono::milliseconds ended_{};    // when the array had ended
   std::chrono::milliseconds stopped_{};  // when it was to be taken back
   std::string silence_;                  // why they are taken back, where the user has not stopped it
-  FarmRun state_;
+  ClusterRun state_;
 };
 
 }  // namespace kvo

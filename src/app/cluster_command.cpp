@@ -1,4 +1,4 @@
-#include "app/farm_command.h"
+#include "app/cluster_command.h"
 
 #include "adapters/posix/poll_loop.h"
 #include "adapters/posix/stop_signals.h"
@@ -12,10 +12,10 @@
 namespace kvo {
 namespace {
 
-constexpr int kFarmLookEvery = 50;  // milliseconds between two looks for a stop signal
+constexpr int kClusterLookEvery = 50;  // milliseconds between two looks for a stop signal
 
-Result<std::vector<std::string>> farmSegments(const Files& files, const RenderOrder& order,
-                                              const std::string& document) {
+Result<std::vector<std::string>> clusterSegments(const Files& files, const RenderOrder& order,
+                                                 const std::string& document) {
   const auto arguments = readEngineArguments(engineArguments(order, document));
   if (!arguments) return arguments.error();
   const auto job = readEngineJob(files, *arguments, order.profileFile);
@@ -28,12 +28,12 @@ Result<std::vector<std::string>> farmSegments(const Files& files, const RenderOr
 
 // A line for each segment that has come, and for each time that some are handed in again, with what the job
 // said.
-class FarmShow {
+class ClusterShow {
  public:
-  void show(const FarmRun& run) {
+  void show(const ClusterRun& run) {
     auto text = "segments " + std::to_string(run.made) + " of " + std::to_string(run.segments);
     if (run.attempt > 1) text += ", attempt " + std::to_string(run.attempt);
-    if (run.phase == FarmPhase::Joining) text = "joining the segments";
+    if (run.phase == ClusterPhase::Joining) text = "joining the segments";
     if (run.says != said_) {
       for (const auto& line : run.says) warn(line);
     }
@@ -47,21 +47,21 @@ class FarmShow {
   std::vector<std::string> said_;
 };
 
-int tellFarmEnd(const FarmRun& run, const EngineRun& joined, const RenderOrder& order) {
-  if (run.phase == FarmPhase::Done) {
+int tellClusterEnd(const ClusterRun& run, const EngineRun& joined, const RenderOrder& order) {
+  if (run.phase == ClusterPhase::Done) {
     for (const auto& hole : joined.damage) warn(damageText(hole));
     print("made " + order.output + ": " + bytesText(static_cast<double>(joined.report.bytes)) + "\n");
     return kExitDone;
   }
-  if (run.phase == FarmPhase::Failed) return fail(run.failure);
+  if (run.phase == ClusterPhase::Failed) return fail(run.failure);
   if (!run.failure.empty()) warn(run.failure);
   return fail("stopped; the same command goes on from here", kExitStopped);
 }
 
 }  // namespace
 
-int renderOnFarm(Session& session, RenderOrder order, const std::string& profile, int jobs,
-                 const std::string& engine) {
+int renderOnCluster(Session& session, RenderOrder order, const std::string& profile, int jobs,
+                    const std::string& engine) {
   order.output = absoluteName(order.output, std::filesystem::current_path().string());
   order.workFolder = workFolderOf(order.output);
   order.encoder.clear();  // its machines differ
@@ -70,34 +70,34 @@ int renderOnFarm(Session& session, RenderOrder order, const std::string& profile
   if (!held) return fail(held.error().text);
   StopSignals signals;
   PollLoop loop;
-  FarmShow show;
-  FarmRender farm({{session.files, session.temporaryFolders, session.processes, loop, engine, true},
-                   [&](const RenderOrder& asked, const std::string& document) {
-                     return farmSegments(session.files, asked, document);
-                   },
-                   [&] { held->reset(); }},
-                  [&] {
-                    show.show(farm.state());
-                    if (farm.state().ended()) loop.quit();
-                  });
+  ClusterShow show;
+  ClusterRender cluster({{session.files, session.temporaryFolders, session.processes, loop, engine, true},
+                         [&](const RenderOrder& asked, const std::string& document) {
+                           return clusterSegments(session.files, asked, document);
+                         },
+                         [&] { held->reset(); }},
+                        [&] {
+                          show.show(cluster.state());
+                          if (cluster.state().ended()) loop.quit();
+                        });
   const auto leaveNothing = [&] {
-    if (isFresh && farm.state().made == 0 && !farm.state().mayGoOn)
+    if (isFresh && cluster.state().made == 0 && !cluster.state().mayGoOn)
       (void)session.files.removeFolder(order.workFolder).ok();
   };
-  if (auto begun = farm.start({order, profile, jobs}); !begun) {
+  if (auto begun = cluster.start({order, profile, jobs}); !begun) {
     leaveNothing();
     return fail(begun.error().text);
   }
   const auto look = loop.timer([&] {
-    if (signals.came()) farm.stop();
+    if (signals.came()) cluster.stop();
   });
-  look->start(kFarmLookEvery);
+  look->start(kClusterLookEvery);
   loop.run();
-  if (farm.state().phase == FarmPhase::Failed) leaveNothing();
+  if (cluster.state().phase == ClusterPhase::Failed) leaveNothing();
   // With what the jobs were told and have said.
-  if (farm.state().phase == FarmPhase::Done)
+  if (cluster.state().phase == ClusterPhase::Done)
     (void)dropWork(session.files, session.nameLocks, order.output).ok();
-  return tellFarmEnd(farm.state(), farm.joining(), order);
+  return tellClusterEnd(cluster.state(), cluster.joining(), order);
 }
 
 }  // namespace kvo

@@ -124,9 +124,9 @@ class Cluster {
   std::vector<int> processes_;
 };
 
-class FarmCluster : public testing::Test {
+class SlurmCluster : public testing::Test {
  protected:
-  FarmCluster() {
+  SlurmCluster() {
     ::setenv("KVO5_HOME", home_.path().c_str(), 1);
     const auto video = test::makeCountingVideo(work_, "0.avi", "25", 100);
     std::vector<std::string> words = {KVO_PROGRAMS "/kvo5", "--add", collection_, video};
@@ -136,12 +136,12 @@ class FarmCluster : public testing::Test {
     }
     EXPECT_EQ(test::runProgram(words).exitCode, 0);
   }
-  ~FarmCluster() override { ::unsetenv("KVO5_HOME"); }
+  ~SlurmCluster() override { ::unsetenv("KVO5_HOME"); }
 
-  [[nodiscard]] std::vector<std::string> order(const std::string& name, bool onFarm) const {
+  [[nodiscard]] std::vector<std::string> order(const std::string& name, bool onCluster) const {
     std::vector<std::string> words = {engine_.kvo5(), "--render", collection_, "--output", work_ / name,
                                       "--size",       "640x360",  "--codec",   "mpeg4"};
-    if (onFarm) words.insert(words.end(), {"--slurm", "2"});
+    if (onCluster) words.insert(words.end(), {"--slurm", "2"});
     return words;
   }
 
@@ -151,7 +151,7 @@ class FarmCluster : public testing::Test {
   test::HeldEngine engine_{KVO_PROGRAMS};
 };
 
-TEST_F(FarmCluster, MakesTheMovieOfOneMachineToTheByte) {
+TEST_F(SlurmCluster, MakesTheMovieOfOneMachineToTheByte) {
   const Cluster cluster;
   ASSERT_EQ(test::runProgram(order("a.avi", false)).exitCode, 0);
   // One of the engines is killed: its share is handed in again.

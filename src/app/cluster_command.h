@@ -11,7 +11,7 @@ namespace kvo {
 /// Has the cluster make the segments, `jobs` at a time, and the engine, the program `engine`, join them;
 /// tells how far it is and how it ended. `profile` are the bytes of a profile file, empty for none. A stop
 /// signal takes the jobs back. Gives back the exit code of this program.
-int renderOnFarm(Session& session, RenderOrder order, const std::string& profile, int jobs,
-                 const std::string& engine);
+int renderOnCluster(Session& session, RenderOrder order, const std::string& profile, int jobs,
+                    const std::string& engine);
 
 }  // namespace kvo
