@@ -9,25 +9,41 @@
 
 namespace kvo {
 
-const QueuedRow* QueueLinks::chosen() const {
-  const auto row = static_cast<std::size_t>(state_.row);
-  return row < state_.Lst_Queue.size() ? &state_.Lst_Queue[row] : nullptr;
+// Of the chosen one; empty where the queue has lost it meanwhile.
+std::string QueueLinks::movie() const {
+  const auto* row = chosen();
+  const auto* job = row == nullptr ? nullptr : jobOf(parts_.runner.queue(), row->number);
+  return job == nullptr ? std::string() : job->order.output;
 }
 
 void QueueLinks::choose(int row) { state_.row = row; }
 
 void QueueLinks::tell(const Outcome& done) {
-  if (!done)
-    parts_.session.boxes.show({"KVO - Render Queue", done.error().text, BoxButtons::Ok, BoxIcon::Warning});
+  if (!done) say(done.error().text);
   parts_.runner.start();
 }
 
-void QueueLinks::pauseOrGoOn() {
+void QueueLinks::say(const std::string& text) {
+  parts_.session.boxes.show({"KVO - Render Queue", text, BoxButtons::Ok, BoxIcon::Warning});
+}
+
+void QueueLinks::act() {
   const auto* job = chosen();
-  if (job == nullptr || !(job->canPause || job->canGoOn)) return;
+  if (job == nullptr || !queueKeys(state_).canAct) return;
+  if (job->canView) {
+    const auto file = movie();
+    if (parts_.session.files.exists(file)) return parts_.view(file);
+    return say(translated("%1 is not there any more", {file}));
+  }
   tell(parts_.store.change([&](RenderQueue& queue) {
     return job->canGoOn ? resumeJob(queue, job->number) : pauseJob(queue, job->number);
   }));
+}
+
+void QueueLinks::openFolder() {
+  const auto folder = std::string(folderPart(movie()));
+  if (folder.empty() || parts_.desktop.openFile(folder)) return;
+  say(translated("There is no program for %1", {folder}));
 }
 
 void QueueLinks::remove() {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "app/session.h"
+#include "ports/desktop.h"
 #include "program/main_window_state.h"
 #include "render/queue/queue_runner.h"
+#include "render/queue_keys.h"
 #include "render/queue_state.h"
 
 #include <functional>
@@ -18,7 +20,9 @@ class QueueLinks {
     Session& session;
     QueueStore& store;
     QueueRunner& runner;
-    std::function<void()> draw;  ///< all windows
+    Desktop& desktop;
+    std::function<void(const std::string& movie)> view;  ///< plays it
+    std::function<void()> draw;                          ///< all windows
   };
   /// All of it outlives the object.
   explicit QueueLinks(const Parts& parts) : parts_(parts) {}
@@ -27,7 +31,9 @@ class QueueLinks {
 
   /// A row of Lst_Queue, and what is done to it.
   void choose(int row);
-  void pauseOrGoOn();
+  /// Pauses it, has it go on, or shows its movie.
+  void act();
+  void openFolder();
   void remove();
   /// Those that are done.
   void clear();
@@ -45,7 +51,9 @@ class QueueLinks {
   void changed();
 
  private:
-  [[nodiscard]] const QueuedRow* chosen() const;
+  [[nodiscard]] const QueuedRow* chosen() const { return chosenRow(state_); }
+  [[nodiscard]] std::string movie() const;
+  void say(const std::string& text);
   [[nodiscard]] int rowAmong(const std::vector<QueuedRow>& rows) const;
   void tell(const Outcome& done);
 

@@ -60,6 +60,23 @@ RenderLinks::RenderLinks(const Parts& parts)
               state_),
       pictures_(state_, parts.loop, [this] { parts_.draw(); }) {}
 
+void RenderLinks::play(const std::string& movie) {
+  if (state_.isRunning) {
+    parts_.session.boxes.show({"KVO - Render Queue", "A movie is being made. View this one when it is done.",
+                               BoxButtons::Ok, BoxIcon::Warning});
+    return;
+  }
+  begin([this, movie] {
+    const auto& clips = parts_.session.collection.MovieList;
+    int number = 1;
+    while (number <= clips.count() && !parts_.session.files.sameFile(clipFile(clips[number]), movie))
+      ++number;
+    if (number > clips.count()) return AddMoviesm(movie);
+    parts_.play.transport().PreviewMovie(number);
+    letPlay();
+  });
+}
+
 // Behind the click that asks for it: a movie takes long, and the loop runs meanwhile.
 void RenderLinks::begin(std::function<void()> work) {
   if (state_.isRunning || parts_.window.busy()) return;
@@ -155,6 +172,10 @@ void RenderLinks::AddMoviesm(const std::string& path) { joins_ = path; }
 void RenderLinks::addMovie() {
   if (joins_.empty()) return;
   parts_.mailbox.takeForMovie({std::exchange(joins_, {})}, firstSound(parts_.session.collection));
+  letPlay();
+}
+
+void RenderLinks::letPlay() {
   parts_.editor.desk().letPlay();
   parts_.window.face.raise = true;
   if (!parts_.window.mode.player.IsPlaying) parts_.play.transport().Img_Play_Click();

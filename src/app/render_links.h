@@ -44,6 +44,9 @@ class RenderLinks : public RenderHost {
   void writePair();
   /// The movie of the report joins the collection and plays.
   void view();
+  /// A movie that stands joins the collection, where it is no clip yet, and plays. While another is being
+  /// made a box says so.
+  void play(const std::string& movie);
   /// Cmd_RendertoFile, and KVOBut_RenderPinP.
   void Rendertofile();
   void RenderPinP();
@@ -71,6 +74,7 @@ class RenderLinks : public RenderHost {
  private:
   void begin(std::function<void()> work);
   void addMovie();
+  void letPlay();
 
   Parts parts_;
   RenderState state_;

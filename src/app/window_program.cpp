@@ -101,9 +101,10 @@ QueueActs WindowProgram::queueActs() {
     };
   };
   return {.choose = act([this](int row) { queueLinks_.choose(row); }),
-          .pauseOrGoOn = act([this] { queueLinks_.pauseOrGoOn(); }),
+          .act = act([this] { queueLinks_.act(); }),
           .remove = act([this] { queueLinks_.remove(); }),
           .move = act([this](int place) { queueLinks_.move(place); }),
+          .openFolder = act([this] { queueLinks_.openFolder(); }),
           .clear = act([this] { queueLinks_.clear(); })};
 }
 

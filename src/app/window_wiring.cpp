@@ -67,6 +67,8 @@ WindowProgram::WindowProgram(const ProgramFolder& programFolder, const std::stri
                    .session = session_,
                    .store = queueStore_,
                    .runner = queue_,
+                   .desktop = desktop_,
+                   .view = [this](const std::string& movie) { renders_.play(movie); },
                    .draw = [this] { draw(); }}),
       renders_(renderParts(executableFolder)),
       frmQueue_(queueLinks_.state(), queueActs(), {store_, desktop_, "QueueWindowPlace"},

@@ -279,6 +279,9 @@ bool MovieRender::renderAll(const Job& job) {
   takeFilm(job);
   const auto& range = job.range;
   state_.movieSeconds = range ? range->first : 0;
+  state_.pie = {};
+  driver_.forget();
+  begun_ = ports_.engine.loop.now();
   show(RenderFrame::Rendering);
   ports_.host.ImagesOff();
   const auto begun = ports_.engine.loop.now();
@@ -349,6 +352,7 @@ void MovieRender::report(const Job& job, double seconds) {
   const auto& notes = driver_.state().notes;
   state_.notes.insert(state_.notes.end(), notes.begin(), notes.end());
   madeFile_ = job.file;
+  if (job.isPicInPic) rememberPair(job.file);
   state_.canView = true;
   show(RenderFrame::Report);
 }

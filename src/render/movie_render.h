@@ -157,6 +157,10 @@ class MovieRender {
   // What is remembered.
   void recall();
   void remember(const Job& job);
+  void rememberPair(const std::string& file);
+  [[nodiscard]] bool isRendered(const Movie& backdrop) const;
+  [[nodiscard]] std::string pairMark(const Movie& backdrop) const;
+  [[nodiscard]] int overlayCount() const;
   void note(const std::string& working);
   void forget(const std::string& working);
 
@@ -190,8 +194,13 @@ class MovieRender {
   Pair pair_;
   const Job* job_ = nullptr;  // that is being made
   bool hasRecalled_ = false;
+  struct Choice {
+    OutputKind kind = OutputKind::Mp4;
+    int profileRow = -1;
+    int madeForRow = -1;
+  };
   /// What stands chosen for collections with a picture while one without has a WAV.
-  std::optional<OutputKind> setAside_;
+  std::optional<Choice> setAside_;
   std::string folder_;                 // of the movie that was made last
   std::string madeFile_;               // of the report
   double partStart_ = 0;               // seconds of the movie: where the engine began

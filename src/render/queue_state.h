@@ -18,6 +18,7 @@ struct QueuedRow {
   bool canGoOn = false;
   bool hasFailed = false;     ///< so that going on is another try
   bool isInOnePiece = false;  ///< so that a pause keeps nothing of it
+  bool canView = false;       ///< its movie is made
   bool operator==(const QueuedRow&) const = default;
 };
 

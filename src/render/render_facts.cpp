@@ -37,16 +37,6 @@ std::string nameOf(const Movie& clip) {
   return other.empty() ? std::string(clip.MovieName()) : other;
 }
 
-// Backdrops of a picture-in-picture, which becomes a part of a movie only as a clip of its own.
-int overlayCount(const Editing& e) {
-  int count = 0;
-  for (int number = 1; number <= e.clips().count(); ++number) {
-    const auto look = readPicInPic(e.clips()[number].HasPicInPic());
-    count += look && look->overlayClip > 0 ? 1 : 0;
-  }
-  return count;
-}
-
 std::string soundText(const MovieFile& file, const std::optional<EncodeProfile>& profile) {
   if (!file.sound) return translated("none");
   const int rate = profile ? profile->sampleRate : file.sampleRate;
@@ -148,6 +138,17 @@ PictureSides MovieRender::pictureSides() const {
   return written ? PictureSides{written->width, written->height} : own;
 }
 
+// Backdrops of a picture-in-picture that is no clip yet: only as one of its own it becomes a part of a movie.
+int MovieRender::overlayCount() const {
+  const auto& clips = ports_.editing.clips();
+  int count = 0;
+  for (int number = 1; number <= clips.count(); ++number) {
+    const auto look = readPicInPic(clips[number].HasPicInPic());
+    if (look && look->overlayClip > 0 && !isRendered(clips[number])) ++count;
+  }
+  return count;
+}
+
 // What the engine would refuse, or what is made in its place, while another choice can still be made.
 void MovieRender::findCaution() {
   state_.caution.clear();
@@ -171,7 +172,7 @@ void MovieRender::findCaution() {
   } else if (even.height && sides.height % 2 != 0) {
     refuse("The height of %1 is odd, and %2 takes even ones only. Change it on the Create page.",
            sides.height);
-  } else if (const int overlays = overlayCount(ports_.editing); overlays > 0) {
+  } else if (const int overlays = overlayCount(); overlays > 0) {
     state_.caution = overlays == 1
                          ? translated(
                                "1 clip has an overlay. Render it on the Overlay page: the movie shows "

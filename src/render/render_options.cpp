@@ -40,10 +40,16 @@ void MovieRender::Rendertofile() {
   ports_.host.ApplyStillSettings();
   recall();
   if (ports_.findHardware) ports_.findHardware();
-  const auto kind = setAside_.value_or(state_.kind);
-  const bool fits = HaveAtleastOneVidTrack(ports_.editing) || !movieFileOf(kind).hasPicture;
-  chooseKind(fits ? kind : OutputKind::Wav);
-  if (!fits) setAside_ = kind;
+  const auto choice = setAside_.value_or(Choice{state_.kind, state_.profileRow, state_.madeForRow});
+  const bool fits = HaveAtleastOneVidTrack(ports_.editing) || !movieFileOf(choice.kind).hasPicture;
+  const bool comesBack = fits && setAside_.has_value();
+  chooseKind(fits ? choice.kind : OutputKind::Wav);
+  if (!fits) setAside_ = choice;
+  if (comesBack) {
+    state_.profileRow = choice.profileRow;
+    state_.madeForRow = choice.madeForRow;
+    describe();
+  }
   show(RenderFrame::Options);
 }
 

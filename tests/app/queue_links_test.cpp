@@ -2,6 +2,7 @@
 #include "app/queue_links.h"
 
 #include "support/fake_processes.h"
+#include "support/plain_desktop.h"
 #include "support/real_world.h"
 #include "support/scripted_boxes.h"
 #include "support/virtual_loop.h"
@@ -26,7 +27,10 @@ struct QueueInWindows {
                       session.nameLocks,
                       {session.files, session.temporaryFolders, processes, loop, "/bin/KVORender"}},
                      [this] { links.changed(); }};
-  QueueLinks links{{window, session, store, runner, [this] { ++drawn; }}};
+  test::PlainDesktop desktop;
+  std::string viewed;
+  QueueLinks links{{window, session, store, runner, desktop,
+                    [this](const std::string& movie) { viewed = movie; }, [this] { ++drawn; }}};
 
   explicit QueueInWindows(int jobs) {
     for (int i = 1; i <= jobs; ++i)
@@ -59,7 +63,7 @@ TEST(QueueLinks, TheChosenRenderIsFollowed) {
   EXPECT_EQ(q.drawn, before) << "nothing has changed";
   q.links.remove();
   EXPECT_EQ(q.rows(), "1.avi 0%*, 2.avi waiting");
-  q.links.pauseOrGoOn();
+  q.links.act();
   q.processes.end(143);
   EXPECT_EQ(q.rows(), "1.avi paused*, 2.avi waiting");
   q.loop.advance(500);
@@ -68,7 +72,7 @@ TEST(QueueLinks, TheChosenRenderIsFollowed) {
   q.processes.end(1);
   EXPECT_EQ(q.window.queue, (WorkGlance{"1 render failed", "Renders in the background", 0, true}));
   q.links.choose(1);
-  q.links.pauseOrGoOn();
+  q.links.act();
   EXPECT_EQ(q.rows(), "1.avi paused, 2.avi 0%*") << "another try";
   EXPECT_TRUE(q.boxes.shown.empty());
 }
@@ -82,6 +86,19 @@ TEST(QueueLinks, WhatIsDoneIsCleared) {
   q.links.clear();
   EXPECT_EQ(q.rows(), "2.avi 0%*, 3.avi waiting");
   EXPECT_FALSE(q.links.state().canClear);
+}
+
+TEST(QueueLinks, WhatIsDoneIsViewed) {
+  QueueInWindows q(1);
+  q.processes.end(0);
+  q.loop.advance(500);
+  q.links.act();
+  EXPECT_TRUE(test::holds(q.boxes.shown.at(0).text, "1.avi is not there any more"));
+  std::ofstream(q.home / "1.avi") << "a movie";
+  q.links.act();
+  EXPECT_EQ(q.viewed, q.home / "1.avi");
+  q.links.openFolder();
+  EXPECT_EQ(q.desktop.files, std::vector<std::string>{q.home / ""});
 }
 
 TEST(QueueLinks, LeavingAsksWhereItLosesWhatIsMade) {

@@ -334,6 +334,10 @@ TEST(MovieRender, BeginsEachPartWithoutAPicture) {
     }
     if (b.state.frame != RenderFrame::Rendering) return;
     EXPECT_EQ(b.state.picture, nullptr);
+    if (b.engine.calls.size() == 1) {
+      EXPECT_EQ(b.state.pie, RenderPie{});
+      EXPECT_TRUE(test::holds(factsOf(b.state), "|Elapsed=0 s|Left=|Speed=|")) << factsOf(b.state);
+    }
     EXPECT_NE(b.state.document, sampled) << "nor does one come that is still being made";
   };
   b.render.WriteRenderMovie();
@@ -654,6 +658,58 @@ TEST(MovieRender, SaysWhatOfTheClipsIsNotInTheMovie) {
   EXPECT_TRUE(b.state.canMake && b.state.caution.starts_with("1 clip has an overlay.")) << b.state.caution;
   b.choose(OutputKind::Mp3);
   EXPECT_EQ(b.state.caution, "") << "it has no picture";
+  // Once it has been rendered, and as long as that stands in the collection and is what the user wants.
+  b.render.leave();
+  b.render.RenderPinP(2, {});
+  b.dialogs.answers = {"/out/pair.avi"};
+  b.render.RenderNewPicInPic();
+  for (const bool joins : {false, true}) {
+    if (joins) b.addVideo("pair.avi", 0, 8).Path("/out/");
+    RenderBench next;
+    next.store.all = b.store.all;
+    next.collection = b.collection;
+    next.choose(OutputKind::Mp4);
+    EXPECT_EQ(next.state.caution.empty(), joins) << next.state.caution;
+    next.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 3}));
+    next.choose(OutputKind::Mp4);
+    EXPECT_FALSE(next.state.caution.empty()) << "another place";
+  }
+}
+
+TEST(MovieRender, KeepsTheChoiceOfMoviesForThoseWithAPicture) {
+  RenderBench b;
+  b.choose(OutputKind::Mp4);
+  b.render.chooseMadeFor(2);
+  const auto clips = b.collection.MovieList;
+  b.collection.MovieList.clear();
+  b.addMusic("song.mp3", 0, 60);
+  for (const bool asksForIt : {false, true}) {
+    b.render.leave();
+    b.render.Rendertofile();
+    EXPECT_EQ(b.state.kind, OutputKind::Wav);
+    if (asksForIt) {
+      b.render.chooseKind(OutputKind::Mp4);  // which becomes a WAV
+      b.render.chooseMadeFor(3);
+    }
+    b.dialogs.answers = {"/out/song.wav"};
+    b.render.WriteRenderMovie();
+    b.collection.MovieList = clips;
+    for (auto* store : {&b.store.all}) {
+      RenderBench next;
+      next.store.all = *store;
+      next.render.Rendertofile();
+      if (asksForIt) {
+        EXPECT_EQ(next.state.madeForRow, 3) << "remembered";
+      }
+      EXPECT_EQ(next.state.kind, OutputKind::Mp4);
+    }
+    b.render.leave();
+    b.render.Rendertofile();
+    EXPECT_EQ(b.state.kind, OutputKind::Mp4);
+    EXPECT_EQ(b.state.madeForRow, asksForIt ? 3 : 2);
+    b.collection.MovieList.clear();
+    b.addMusic("song.mp3", 0, 60);
+  }
 }
 
 TEST(MovieRender, CautionsWhileAnotherChoiceCanBeMade) {

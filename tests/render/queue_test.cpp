@@ -164,7 +164,7 @@ TEST(QueueRunnerTest, MakesOneBehindTheOther) {
   EXPECT_EQ(q.told(), "1 done, 3 failed, 2 running");
   EXPECT_EQ(q.work.notes, "awake asleep awake asleep [3.avi could not be made.] awake ");
   q.work.notes.clear();
-  EXPECT_EQ(q.store.read()->jobs[1].failure, "KVORender: disk full");
+  EXPECT_EQ(q.store.read()->jobs[1].failure, "disk full");
   q.end(0);
   EXPECT_TRUE(q.runner->isIdle());
   EXPECT_EQ(q.work.notes, "asleep [2.avi has been created !] ");

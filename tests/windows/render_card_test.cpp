@@ -49,8 +49,8 @@ struct CardBench {
         state, queue,
         RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
                    number("device"), note("write"), note("queue"),
-                   QueueActs{number("job"), note("pause"), note("remove"), number("move")}, note("pair"),
-                   note("abort"), note("view"), note("leave")},
+                   QueueActs{number("job"), note("pause"), note("remove"), number("move"), note("folder")},
+                   note("pair"), note("abort"), note("view"), note("leave")},
         [](int clip) {
           QImage image(160, 90, QImage::Format_RGB32);
           image.fill(QColor::fromHsv(clip * 80, 160, 200));
@@ -249,8 +249,9 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   const auto note = [&](const char* what) { return [&asked, what] { asked += std::string(what) + " "; }; };
   test::MemoryStore store;
   test::PlainDesktop desktop;
-  FrmQueue window(queue, {number("job"), note("pause"), note("remove"), number("move")},
-                  {store, desktop, "QueuePlace"}, note("hide"));
+  FrmQueue window(
+      queue, {number("job"), note("pause"), note("remove"), number("move"), note("folder"), note("clear")},
+      {store, desktop, "QueuePlace"}, note("hide"));
   queue.isOpen = true;
   window.draw(true);
   QApplication::processEvents();
@@ -262,7 +263,8 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   EXPECT_EQ(list->rowName(2), "c.mp4, failed, disk full");
   const auto press = [&](const QString& name) {
     for (auto* key : window.findChildren<QPushButton*>()) {
-      if ((key->text() == name || key->accessibleName() == name) && key->isEnabled()) key->click();
+      if ((key->text() == name || key->accessibleName() == name) && key->isEnabled() && key->isVisible())
+        key->click();
     }
   };
   for (const auto* name : {"Pause", "Earlier", "Later", "Remove"}) press(name);
@@ -288,6 +290,15 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
     return false;
   };
   EXPECT_TRUE(says("disk full"));
+  press("Clear Finished");
+  EXPECT_EQ(asked, "pause ") << "there is none";
+  asked.clear();
+  queue.Lst_Queue[2] = {9, "c.mp4", "done", "", false, false, false, false, true};
+  queue.canClear = true;
+  window.draw(true);
+  for (const auto* name : {"View Movie", "Open Folder", "Earlier", "Clear Finished"}) press(name);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(asked, "pause folder clear pause ");
   queue.trouble = "cannot read /home/me/.local/share/KVO5/Queue/Queue.txt: Permission denied";
   queue.Lst_Queue.clear();
   queue.row = -1;

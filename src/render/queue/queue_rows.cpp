@@ -28,7 +28,7 @@ std::vector<QueuedRow> queuedRows(const RenderQueue& queue) {
                     isRunning ? percentOf(job) : std::string(stateWord(job.state)), job.failure,
                     isRunning || job.state == JobState::Waiting,
                     job.state == JobState::Paused || job.state == JobState::Failed,
-                    job.state == JobState::Failed, job.isInOnePiece});
+                    job.state == JobState::Failed, job.isInOnePiece, job.state == JobState::Done});
   }
   return rows;
 }

@@ -82,6 +82,7 @@ constexpr int kTotalsGap = 46;  // from the lengths to the zoom
 constexpr int kRowSide = 16;
 constexpr int kZoomSliderSteps = 100;
 constexpr int kZoomStep = 5;
+constexpr int kZoomIcon = 16;
 
 QLabel* keyRowLabel(const QString& text, const char* role, QWidget* parent) {
   auto* label = made<QLabel>(text, parent);
@@ -214,7 +215,10 @@ void ClipKeysPart::layOut() {
     const auto file = [&](const char* ending) { return shown(pictures_) + entry.stem + ending + ".bmp"; };
     keys_[i]->setPictures(file(entry.endings[0]), file(entry.endings[1]), file(entry.endings[2]), size);
   }
-  for (auto* key : {zoomOut_, zoomIn_}) key->setFixedSize(themed(28), themed(28));
+  for (auto* key : {zoomOut_, zoomIn_}) {
+    key->setFixedSize(themed(28), themed(28));
+    key->setIconSize({themed(kZoomIcon), themed(kZoomIcon)});
+  }
   whole_->setFixedSize(themed(32), themed(28));
   warning_->setPixmap(iconPicture("warn", token("red"), themed(14), devicePixelRatio()));
 }

@@ -46,11 +46,14 @@ QueuePanel::QueuePanel(const QueueState& state, const QueueActs& acts, QWidget* 
   KVOBut_DownJob_->setAccessibleName(tr("Later"));
   KVOBut_DownJob_->setToolTip(tr("Make it later"));
   for (auto* step : {KVOBut_UpJob_, KVOBut_DownJob_}) step->setAutoRepeat(true);
+  KVOBut_FolderJob_ = put(made<QPushButton>(tr("Open Folder"), this), {278, 86, 102, 28}, kAtRight);
+  KVOBut_FolderJob_->setToolTip(tr("Show the folder that the movie is in"));
+  connect(KVOBut_FolderJob_, &QPushButton::clicked, [this] { acts_.openFolder(); });
   KVOBut_UpJob_->setIcon(themeIcon("up"));
   KVOBut_DownJob_->setIcon(themeIcon("down"));
   setFocusProxy(Lst_Queue_);
   sizeIcons();
-  connect(KVOBut_PauseJob_, &QPushButton::clicked, [this] { acts_.pauseOrGoOn(); });
+  connect(KVOBut_PauseJob_, &QPushButton::clicked, [this] { acts_.act(); });
   connect(KVOBut_RemoveJob_, &QPushButton::clicked, [this] { acts_.remove(); });
   connect(KVOBut_UpJob_, &QPushButton::clicked, [this] { acts_.move(state_.row); });
   connect(KVOBut_DownJob_, &QPushButton::clicked, [this] { acts_.move(state_.row + 2); });
@@ -66,9 +69,10 @@ void QueuePanel::makeList() {
   };
   Lst_Queue_->chosen = [this](int row) { acts_.choose(row); };
   Lst_Queue_->events.KeyDown = [this](const QKeyEvent& event) { pressKey(event); };
+  Lst_Queue_->events.DblClick = [this] { view(); };
   Lst_Queue_->commandKey = [this](const QKeyEvent& event) {
     if (event.key() != Qt::Key_Space) return false;
-    if (KVOBut_PauseJob_->isEnabled()) acts_.pauseOrGoOn();
+    if (KVOBut_PauseJob_->isEnabled()) acts_.act();
     return true;
   };
   Lst_Queue_->dragOut = [this](int index) {
@@ -82,17 +86,17 @@ void QueuePanel::makeList() {
   Lst_Queue_->dropped = [this](const QMimeData& carried, int before) { drop(carried, before); };
 }
 
-const QueuedRow* QueuePanel::chosen() const {
-  const auto row = static_cast<std::size_t>(state_.row);
-  return row < state_.Lst_Queue.size() ? &state_.Lst_Queue[row] : nullptr;
-}
-
 void QueuePanel::pressKey(const QKeyEvent& event) {
-  if (chosen() == nullptr) return;
+  if (chosenRow(state_) == nullptr) return;
   const bool moves = event.modifiers().testFlag(Qt::ControlModifier);
   if (moves && event.key() == Qt::Key_Up) return acts_.move(state_.row);
   if (moves && event.key() == Qt::Key_Down) return acts_.move(state_.row + 2);
   if (event.key() == Qt::Key_Delete) acts_.remove();
+  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) view();
+}
+
+void QueuePanel::view() {
+  if (queueKeys(state_).hasMovie) acts_.act();
 }
 
 // While it was carried the queue may have changed.
@@ -120,28 +124,21 @@ void QueuePanel::draw() {
 }
 
 void QueuePanel::drawKeys() {
-  const auto* row = chosen();
-  const bool goesOn = row != nullptr && row->canGoOn;
-  const bool triesAgain = goesOn && row->hasFailed;
-  setTextOf(*KVOBut_PauseJob_, triesAgain ? tr("Try Again") : goesOn ? tr("Go On") : tr("Pause"));
-  const bool isWhole = row != nullptr && row->isInOnePiece;
-  if (isWhole) {
-    setTipOf(*KVOBut_PauseJob_, goesOn ? tr("It is made in one piece: begin anew")
-                                       : tr("It is made in one piece: later it begins anew"));
-  } else {
-    setTipOf(*KVOBut_PauseJob_, goesOn ? tr("Go on from what is finished")
-                                       : tr("Keep what is finished, and let the next one begin"));
-  }
-  KVOBut_PauseJob_->setEnabled(row != nullptr && (row->canPause || row->canGoOn));
-  KVOBut_RemoveJob_->setEnabled(row != nullptr);
-  KVOBut_UpJob_->setEnabled(row != nullptr && state_.row > 0);
-  KVOBut_DownJob_->setEnabled(row != nullptr && state_.row + 1 < static_cast<int>(state_.Lst_Queue.size()));
+  const auto keys = queueKeys(state_);
+  setTextOf(*KVOBut_PauseJob_, told(keys.act));
+  setTipOf(*KVOBut_PauseJob_, told(keys.actTip));
+  KVOBut_PauseJob_->setEnabled(keys.canAct);
+  KVOBut_RemoveJob_->setEnabled(keys.canRemove);
+  KVOBut_UpJob_->setEnabled(keys.canGoUp);
+  KVOBut_DownJob_->setEnabled(keys.canGoDown);
+  KVOBut_UpJob_->setVisible(!keys.hasMovie);
+  KVOBut_DownJob_->setVisible(!keys.hasMovie);
+  KVOBut_FolderJob_->setVisible(keys.hasMovie);
 }
 
 // Why the queue has stopped, or the chosen one has failed.
 void QueuePanel::drawTrouble() {
-  const auto* row = chosen();
-  const auto why = shown(!state_.trouble.empty() || row == nullptr ? state_.trouble : row->failure);
+  const auto why = shown(queueKeys(state_).why);
   markBad(*trouble_, !why.isEmpty());
   setTextOf(*trouble_, QFontMetrics(trouble_->font()).elidedText(why, Qt::ElideMiddle, trouble_->width()));
   setTipOf(*trouble_, why);

@@ -1,9 +1,9 @@
 // The renders that wait their turn: a list, keys for the one that is chosen, and why the queue has stopped
-// where it has. Ctrl with up and down, or the mouse, moves a render; Delete removes it, Space pauses it or
-// has it go on.
+// where it has. Ctrl with up and down, or the mouse, moves a render; Delete removes it, Space does
+// what its key says, and Enter or a double click shows the movie of one that is done.
 #pragma once
 
-#include "render/queue_state.h"
+#include "render/queue_keys.h"
 #include "windows/editor/editor_page.h"
 #include "windows/render/render_acts.h"
 
@@ -38,8 +38,8 @@ class QueuePanel final : public EditorPage {
  private:
   void makeList();
   void sizeIcons();
-  [[nodiscard]] const QueuedRow* chosen() const;
   void pressKey(const QKeyEvent& event);
+  void view();
   void drop(const QMimeData& carried, int before);
   void drawKeys();
   void drawTrouble();
@@ -53,6 +53,7 @@ class QueuePanel final : public EditorPage {
   QPushButton* KVOBut_RemoveJob_ = nullptr;
   QPushButton* KVOBut_UpJob_ = nullptr;
   QPushButton* KVOBut_DownJob_ = nullptr;
+  QPushButton* KVOBut_FolderJob_ = nullptr;  // in the place of those two, where a movie is made
 };
 
 }  // namespace kvo

@@ -10,9 +10,10 @@ namespace kvo {
 /// What is done to the queue. None may be empty.
 struct QueueActs {
   std::function<void(int row)> choose;  ///< of Lst_Queue
-  std::function<void()> pauseOrGoOn;    ///< the chosen one
+  std::function<void()> act;            ///< what the key of the chosen one says
   std::function<void()> remove;
   std::function<void(int place)> move;  ///< counted from 1
+  std::function<void()> openFolder;     ///< of the chosen one's movie
   std::function<void()> clear = [] {};  ///< those that are done
 };
 
