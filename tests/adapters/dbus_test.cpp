@@ -266,19 +266,19 @@ TEST_F(Bus, OnlyWhatDiffersGoesOut) {
 }
 
 // What stands on the bus for the desktop, under these names.
-class Desktop : public QDBusVirtualObject {
+class OnTheBus : public QDBusVirtualObject {
  public:
   using Answer = std::function<QDBusMessage(const QDBusMessage&)>;
-  Desktop(const std::string& address, const char* path, std::initializer_list<const char*> names,
-          Answer answer)
+  OnTheBus(const std::string& address, const char* path, std::initializer_list<const char*> names,
+           Answer answer)
       : bus_(QDBusConnection::connectToBus(QString::fromStdString(address), "desktop")),
         answer_(std::move(answer)) {
     EXPECT_TRUE(bus_.registerVirtualObject(path, this, QDBusConnection::SubPath));
     for (const auto* name : names) EXPECT_TRUE(bus_.registerService(name));
   }
-  Desktop(const Desktop&) = delete;
-  Desktop& operator=(const Desktop&) = delete;
-  ~Desktop() override { QDBusConnection::disconnectFromBus("desktop"); }
+  OnTheBus(const OnTheBus&) = delete;
+  OnTheBus& operator=(const OnTheBus&) = delete;
+  ~OnTheBus() override { QDBusConnection::disconnectFromBus("desktop"); }
 
   std::string calls;  ///< "Inhibit [sleep] ": what was asked of it, with its texts
   QString introspect(const QString& /*path*/) const override { return {}; }
@@ -306,17 +306,16 @@ void turnAWhile() {
 TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
   for (const bool portal : {false, true}) {
     std::string calls;
-    const Desktop desktop(bus->address(),
-                          portal ? "/org/freedesktop/portal/desktop" : "/org/freedesktop/ScreenSaver",
-                          {portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"},
-                          [&](const QDBusMessage& message) {
-                            calls += message.member().toStdString() + " ";
-                            if (message.member() == "UnInhibit")
-                              calls += message.arguments()[0].toString().toStdString() + " ";
-                            if (message.member() != "Inhibit") return message.createReply();
-                            const QDBusObjectPath request("/org/freedesktop/portal/desktop/request/1");
-                            return message.createReply(portal ? QVariant::fromValue(request) : QVariant(42U));
-                          });
+    const OnTheBus desktop(
+        bus->address(), portal ? "/org/freedesktop/portal/desktop" : "/org/freedesktop/ScreenSaver",
+        {portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"},
+        [&](const QDBusMessage& message) {
+          calls += message.member().toStdString() + " ";
+          if (message.member() == "UnInhibit") calls += message.arguments()[0].toString().toStdString() + " ";
+          if (message.member() != "Inhibit") return message.createReply();
+          const QDBusObjectPath request("/org/freedesktop/portal/desktop/request/1");
+          return message.createReply(portal ? QVariant::fromValue(request) : QVariant(42U));
+        });
     BusScreenSaver awake;
     awake.inhibit(true);
     awake.inhibit(true);
@@ -347,15 +346,15 @@ TEST_F(Bus, ThePortalTellsWhetherLittleShouldMove) {
                           {"AnimationDurationFactor", "0.5", false},
                           {"AnimationDurationFactor", "slow", false}}) {
     int asked = 0;
-    const Desktop desktop(bus->address(), "/org/freedesktop/portal/desktop",
-                          {"org.freedesktop.portal.Desktop"}, [&](const QDBusMessage& message) {
-                            ++asked;
-                            const auto inside = QVariant::fromValue(QDBusVariant(row.value));
-                            return message.arguments().value(1) == row.key
-                                       ? message.createReply(QVariant::fromValue(QDBusVariant(inside)))
-                                       : message.createErrorReply("org.freedesktop.portal.Error.NotFound",
-                                                                  "no such setting");
-                          });
+    const OnTheBus desktop(bus->address(), "/org/freedesktop/portal/desktop",
+                           {"org.freedesktop.portal.Desktop"}, [&](const QDBusMessage& message) {
+                             ++asked;
+                             const auto inside = QVariant::fromValue(QDBusVariant(row.value));
+                             return message.arguments().value(1).toString() == row.key
+                                        ? message.createReply(QVariant::fromValue(QDBusVariant(inside)))
+                                        : message.createErrorReply("org.freedesktop.portal.Error.NotFound",
+                                                                   "no such setting");
+                           });
     BusMotion motion;
     EXPECT_FALSE(motion.isReduced()) << "it is not waited for";
     ASSERT_TRUE(until([&] { return asked == 3; }));
@@ -371,13 +370,13 @@ TEST_F(Bus, LongWorkHoldsSleepOffAndTellsOfItsEnd) {
   ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC | O_NONBLOCK), 0);
   QDBusUnixFileDescriptor given(pipe[1]);
   ::close(pipe[1]);
-  Desktop desktop(bus->address(), "/org/freedesktop",
-                  {"org.freedesktop.login1", "org.freedesktop.Notifications"},
-                  [&](const QDBusMessage& message) {
-                    return message.member() == "Inhibit"
-                               ? message.createReply(QVariant::fromValue(std::exchange(given, {})))
-                               : message.createReply();
-                  });
+  OnTheBus desktop(bus->address(), "/org/freedesktop",
+                   {"org.freedesktop.login1", "org.freedesktop.Notifications"},
+                   [&](const QDBusMessage& message) {
+                     return message.member() == "Inhibit"
+                                ? message.createReply(QVariant::fromValue(std::exchange(given, {})))
+                                : message.createReply();
+                   });
   const auto isReleased = [&] {  // whoever has the other end has closed it
     char byte = 0;
     return ::read(pipe[0], &byte, 1) == 0;
