@@ -161,6 +161,7 @@ TEST(Levels, ReachThePlayerAsTheRecordHasThem) {
   PositionsBench b;
   auto& clip = b.ready();
   b.positions.levels.UpdateRateDisp(5);
+  EXPECT_EQ(clip.AudioOutputLevel(), 0.5F);
   EXPECT_EQ(b.noted.edits, std::vector<std::string>{"level of 1"});
   EXPECT_EQ(b.state.level.title + " " + b.state.level.value, "Output Level 0.5");
   b.positions.levels.toggleMute();
