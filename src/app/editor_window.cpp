@@ -1,6 +1,7 @@
 #include "app/editor_window.h"
 
 #include "ui/made.h"
+#include "ui/pictures.h"
 #include "windows/analysing/frm_analysing.h"
 #include "windows/editor/audio_page.h"
 #include "windows/editor/color_page.h"
@@ -117,7 +118,8 @@ void EditorWindow::make() {
       states.keyframes, pageLogic(),
       FrmKeyframe::Doors{.showFrame = [&links](Long frame) { links.showClipFrame(frame); },
                          .goInHistory = [&links](int steps) { return links.goInHistory(steps); },
-                         .picture = [this](int clipNo) { return pictureOf(clipNo); }});
+                         .picture = [this](int clipNo) { return pictureOf(clipNo); },
+                         .picturePlace = [this] { return preview_->picturePlace(); }});
   analysing_ =
       std::make_unique<FrmAnalysing>(states.window.analysing, act([&desk] { desk.stopAnalysing(); }));
   for (QWidget* window : std::initializer_list<QWidget*>{frm_.get(), keyframes_.get()})
@@ -197,7 +199,7 @@ void EditorWindow::makePreview() {
     };
   };
   using Key = PreviewEngine::Key;
-  auto* picture = made<PreviewPart>(state, frm_.get());
+  auto* picture = preview_ = made<PreviewPart>(state, frm_.get());
   auto* row =
       made<PositionRowPart>(state,
                             PositionActs{.toStart = key(Key::ToStart),
@@ -276,9 +278,7 @@ const QImage& EditorWindow::kept(ShownPicture& shown, const std::shared_ptr<cons
   if (shown.picture == picture) return shown.image;
   shown = {picture, {}};
   if (picture != nullptr) {
-    shown.image = QImage(picture->bgr.data(), picture->width, picture->height, qsizetype{3} * picture->width,
-                         QImage::Format_BGR888)
-                      .copy();
+    shown.image = imageOver(*picture).copy();
   }
   return shown.image;
 }

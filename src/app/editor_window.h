@@ -25,6 +25,7 @@ class FrmAnalysing;
 class FrmKeyframe;
 class FrmRush;
 class HandWatch;
+class PreviewPart;
 struct PageLogic;
 class TimelineView;
 
@@ -81,6 +82,7 @@ class EditorWindow {
   std::unique_ptr<FrmAnalysing> analysing_;
   std::vector<std::unique_ptr<HandWatch>> hands_;  // of the windows in which edits are made
   TimelineView* timeline_ = nullptr;               // the window's
+  PreviewPart* preview_ = nullptr;                 // the window's
   std::array<bool, kEditorTabs> hasPage_{};
 };
 

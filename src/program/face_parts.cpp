@@ -22,4 +22,10 @@ FaceParts faceParts(const MainWindowState& state, bool tellsOfWork) {
   return parts;
 }
 
+bool saysStreamOnPicture(const MainWindowState& state) {
+  const auto& labels = state.transport.stream;
+  const bool hasNoLabels = state.mode.IsMiniMode || state.mode.pictureAlone;
+  return labels.Lbl_StreamInfo && labels.buffer && hasNoLabels && !labels.comesIn().empty();
+}
+
 }  // namespace kvo

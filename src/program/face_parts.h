@@ -17,4 +17,7 @@ struct FaceParts {
 /// `tellsOfWork`: the pane of long work stands in the place of all of them.
 [[nodiscard]] FaceParts faceParts(const MainWindowState& state, bool tellsOfWork);
 
+/// How a stream comes in stands on the picture: it runs low on a face that has no labels for it.
+[[nodiscard]] bool saysStreamOnPicture(const MainWindowState& state);
+
 }  // namespace kvo

@@ -23,7 +23,7 @@ void MovieRender::show(RenderFrame frame) {
   state_.heading = frame == RenderFrame::Estimate    ? "Pre-Render - Phase 1"
                    : frame == RenderFrame::Rendering ? "Rendering - Phase 2"
                    : frame == RenderFrame::PicInPic  ? "Render New Picture in Picture Clip"
-                                                     : "";
+                                                     : "Create Movie";
   if (frame == RenderFrame::Options) tellOptions();
   if (frame == RenderFrame::PicInPic) tellPair();
   if (frame != RenderFrame::None) tellWork();
@@ -161,7 +161,7 @@ std::string MovieRender::largerClips() const {
   }
   const auto output = outputSize();
   if (most.width <= output.width || most.height <= output.height) return {};
-  return translated("Your clips are up to %1: a larger size is set on the Create page.",
+  return translated("Your clips are up to %1: set the size on the Create page.",
                     {sidesText(most.width, most.height)});
 }
 

@@ -84,13 +84,13 @@ struct RenderState {
   bool Chk_Hardware = false;    ///< it does, where it can
 
   // While it runs
-  std::string caption;  ///< of the window
-  std::string heading;
-  std::string summary;    ///< what is being made
-  std::string countdown;  ///< "About 00.01.30(s) Remaining"
-  std::string sizeLabel;  ///< estimated, at the end the file's own
-  std::string completed;  ///< how long it took
-  std::string progress;   ///< time left and size so far, by what the engine tells
+  std::string caption;                   ///< of the window
+  std::string heading = "Create Movie";  ///< whole
+  std::string summary;                   ///< what is being made
+  std::string countdown;                 ///< "About 00.01.30(s) Remaining"
+  std::string sizeLabel;                 ///< estimated, at the end the file's own
+  std::string completed;                 ///< how long it took
+  std::string progress;                  ///< time left and size so far, by what the engine tells
   std::vector<RenderFact> facts;
   std::vector<FilmCut> film;
   double filmLength = 0;                            ///< seconds

@@ -4,6 +4,19 @@
 
 namespace kvo {
 
+int renderStep(RenderFrame frame) {
+  switch (frame) {
+    case RenderFrame::Estimate:
+      return 2;
+    case RenderFrame::Rendering:
+      return 3;
+    case RenderFrame::Report:
+      return 5;
+    default:
+      return 1;
+  }
+}
+
 WorkView workView(const RenderState& state) {
   WorkView view;
   view.isDone = state.frame == RenderFrame::Report;

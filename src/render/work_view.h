@@ -19,6 +19,9 @@ struct WorkView {
   bool operator==(const WorkView&) const = default;
 };
 
+/// Which of the four steps from the options to the report a frame is, from 1; 5 when all are done.
+[[nodiscard]] int renderStep(RenderFrame frame);
+
 [[nodiscard]] WorkView workView(const RenderState& state);
 
 }  // namespace kvo

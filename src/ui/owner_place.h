@@ -14,4 +14,9 @@ namespace kvo {
 /// The same beside the owner with their heads in line: at the right, and where there is no room at the left.
 [[nodiscard]] QPoint besideOwner(const QRect& owner, const QRect& room, const QSize& size, int gap);
 
+/// The same where it covers no picture of the owner's: beside the owner, and where there is no room in the
+/// corner of the screen in which least of `picture` lies below it, low and left ones first.
+[[nodiscard]] QPoint offPicture(const QRect& owner, const QRect& picture, const QRect& room,
+                                const QSize& size);
+
 }  // namespace kvo

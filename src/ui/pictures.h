@@ -9,6 +9,13 @@
 
 namespace kvo {
 
+/// A picture of rows of blue, green and red bytes as an image over them, which is to be gone before they are.
+template <class Picture>
+QImage imageOver(const Picture& picture) {
+  return {picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,
+          QImage::Format_BGR888};
+}
+
 /// A picture's file, and the interface size that it is drawn for.
 struct SizedPicture {
   std::string path;

@@ -90,6 +90,13 @@ QFont numberFont(double pixels) {
   return font;
 }
 
+QFont themedFont(const QWidget& widget, double pixels, QFont::Weight weight) {
+  auto font = widget.font();
+  font.setPixelSize(themed(pixels));
+  font.setWeight(weight);
+  return font;
+}
+
 // Drawn once: to read and render a source takes longer than all else that is drawn of a key.
 QPixmap iconPicture(const QString& name, Rgb colour, int side, double pixelRatio) {
   QPixmap picture;

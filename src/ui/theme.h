@@ -42,6 +42,9 @@ QString themeSheet(double size = 1);
 /// The face of numbers that move: all digits equally wide. Pixels.
 QFont numberFont(double pixels);
 
+/// The font of `widget` in another height, in pixels at size 1, and weight.
+QFont themedFont(const QWidget& widget, double pixels, QFont::Weight weight);
+
 /// An icon of assets/art/icons by its file's name without ending, drawn in `colour`, `side` logical pixels
 /// wide and high. Null for a name that there is not.
 QPixmap iconPicture(const QString& name, Rgb colour, int side = 16, double pixelRatio = 1);

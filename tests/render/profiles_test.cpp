@@ -1,3 +1,4 @@
+#include "render/options_view.h"
 #include "render/output_profiles.h"
 #include "render/system_profile.h"
 #include "render/wm8_profile.h"
@@ -11,6 +12,39 @@
 
 namespace kvo {
 namespace {
+
+TEST(OptionsView, HasAListOrWords) {
+  struct Row {
+    OutputKind kind;
+    bool isListed;  // with a profile, or with what it is made for
+    const char* caption;
+    const char* first;  // row of its list, with the size
+    bool showsSizes, ownSize;
+  };
+  for (const auto& row :
+       {Row{OutputKind::Wmv, true, "Profile",
+            "WM7 Video for LAN, cable modem, or xDSL (100 to 768 Kbps) 320 x 240", true, true},
+        Row{OutputKind::Wma, true, "Profile", "Audio", false, false},
+        Row{OutputKind::Mp4, true, "Made for", "As on the Create page 640 x 480", true, false},
+        Row{OutputKind::Mp3, true, "Made for", "As on the Create page 640 x 480", false, false},
+        Row{OutputKind::Gif, false, "Moving GIF", "", false, false}}) {
+    RenderState state;
+    state.kind = row.kind;
+    if (row.kind == OutputKind::Wmv || row.kind == OutputKind::Wma)
+      state.Lst_WMVFormats = PopulateWMVProfileOpts(row.kind == OutputKind::Wma);
+    else if (row.isListed)
+      state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}};
+    const auto view = optionsView(state);
+    EXPECT_EQ(view.isListed(), row.isListed);
+    EXPECT_TRUE(view.caption.starts_with(row.caption)) << view.caption;
+    const auto& rows = view.profiles.empty() ? view.purposes : view.profiles;
+    const auto first = rows.empty() ? "" : rows[0].name + " " + rows[0].size;
+    EXPECT_TRUE(first.starts_with(row.first)) << first;
+    EXPECT_EQ(view.showsSizes, row.showsSizes) << row.caption;
+    EXPECT_EQ(view.offersOwnSize, row.ownSize) << row.caption;
+    EXPECT_EQ(view.hint.empty(), row.isListed) << row.caption;
+  }
+}
 
 TEST(OutputProfiles, RowsEndInTheirNumber) {
   const auto sound = PopulateWMVProfileOpts(true);

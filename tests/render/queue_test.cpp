@@ -58,7 +58,7 @@ TEST(RenderQueueText, IsShownAsRows) {
             (std::vector<QueuedRow>{{1, "waiting", "waiting", "", true, false},
                                     {2, "running", "43%", "", true, false},
                                     {3, "paused", "paused", "", false, true},
-                                    {4, "done", "done", "", false, false},
+                                    {4, "done", "done", "", false, false, false, false, true},
                                     {5, "failed", "failed", "disk full", false, true, true}}));
 }
 

@@ -60,6 +60,18 @@ TEST(OwnerPlace, AWindowStandsByItsOwnerAsFarAsTheScreenHasRoom) {
     EXPECT_EQ(besideOwner(row.owner, room, row.size, 8), row.beside) << row.what;
   }
   EXPECT_EQ(overOwner(rows[0].owner, room, size, {0.78, 0.2}), QPoint(568, 130));
+  const struct {
+    const char* what;
+    QRect owner, picture;
+    QPoint off;
+  } pictures[] = {{"beside it", {0, 100, 900, 500}, {500, 200, 300, 200}, {900, 100}},
+                  {"at its left", {450, 100, 916, 500}, {900, 200, 300, 200}, {50, 100}},
+                  {"low at the left", {100, 40, 1200, 700}, {500, 100, 500, 300}, {0, 468}},
+                  {"low at the right", {100, 40, 1200, 700}, {300, 100, 500, 600}, {966, 468}},
+                  {"at the top", {100, 40, 1200, 700}, {300, 350, 900, 400}, {0, 30}},
+                  {"no picture", {100, 40, 1200, 700}, {}, {0, 468}}};
+  for (const auto& row : pictures)
+    EXPECT_EQ(offPicture(row.owner, row.picture, room, size), row.off) << row.what;
 }
 
 TEST(KvoBut, ShowsThePictureOfItsState) {

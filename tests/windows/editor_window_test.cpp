@@ -149,6 +149,35 @@ TEST(FrmRush, ColumnsAndTimelineTakeTheRoomThatThereIs) {
   }
 }
 
+TEST(FrmRush, TheCardOfARenderHasTheRoomThatItNeeds) {
+  RushBench b;
+  b.desktop.facts = {2600, 1600, 24, 1};
+  b.open();
+  auto* card = made<QWidget>(b.window.get());
+  bool isShown = false;
+  b.window->setRender(card, [&isShown] { return isShown; });
+  const auto* right = b.part<QScrollArea>("The clip in hand");
+  const auto* timeline = b.part<QFrame>("timeline");
+  struct Row {
+    QSize window;
+    bool right, timeline;  // seen beside it
+  };
+  for (const auto& row :
+       {Row{{952, 640}, false, false}, {{1024, 640}, false, false}, {{1280, 764}, true, true}}) {
+    isShown = true;
+    b.window->resize(row.window);
+    b.window->draw();
+    QApplication::processEvents();
+    EXPECT_EQ(right->isVisible(), row.right) << row.window.width();
+    EXPECT_EQ(timeline->isVisible(), row.timeline) << row.window.height();
+    EXPECT_GE(card->width(), 914) << row.window.width();
+    EXPECT_GE(card->height(), 442) << row.window.height();
+    isShown = false;
+    b.window->draw();
+    EXPECT_TRUE(right->isVisible() && timeline->isVisible()) << row.window.width();
+  }
+}
+
 // What a key does where nothing else has a use for it, and what a disabled one does not.
 TEST(FrmRush, KeysReachTheClipAndTheTabs) {
   struct Row {

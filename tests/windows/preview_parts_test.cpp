@@ -1,4 +1,5 @@
 // The preview's picture and the row under it, driven as a user drives them.
+#include "ui/digit_display.h"
 #include "windows/editor/position_row_part.h"
 #include "windows/editor/preview_part.h"
 
@@ -100,7 +101,7 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
   state.PreviewPlaying = true;
   row.draw();
   EXPECT_EQ(row.findChildren<QAbstractButton*>()[2]->accessibleName(), "Pause");
-  for (const int narrow : {460, 274}) {
+  for (const int narrow : {460, 274, 206}) {
     row.resize(narrow, row.height());
     for (const auto* key : row.findChildren<QAbstractButton*>()) {
       for (const auto* label : row.findChildren<QLabel*>()) {
@@ -110,6 +111,9 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
       }
       EXPECT_TRUE(row.rect().contains(key->geometry())) << narrow;
     }
+    const auto* digits = row.findChild<DigitDisplay*>();
+    for (const auto* label : row.findChildren<QLabel*>())
+      EXPECT_FALSE(label->isVisible() && digits->geometry().intersects(label->geometry())) << narrow;
   }
 }
 

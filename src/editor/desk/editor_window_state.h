@@ -5,6 +5,7 @@
 #include "editor/tabs/editor_parts_state.h"
 #include "ports/timeline_player.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -20,6 +21,8 @@ struct AnalysingState {
   std::string film;                       ///< that is played meanwhile; empty for the fixed picture
   int plays = 0;                          ///< commands to play it
   std::shared_ptr<const Bitmap> picture;  ///< of the film
+  /// The number of the clip that is looked into.
+  [[nodiscard]] int clip() const { return std::min(done + 1, total); }
   bool operator==(const AnalysingState&) const = default;
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "core/records/media_kinds.h"
+#include "core/telling/translated.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,6 +49,11 @@ int clipToTake(const Collection& collection, double seconds) {
   const int number = collection.icurMov;
   const bool isClip = number >= 1 && number <= collection.MovieList.count();
   return isClip && liesAt(collection.MovieList[number], seconds) ? number : clipAt(collection, seconds);
+}
+
+std::string previewTitle(const PreviewState& state) {
+  if (!state.failure.empty()) return state.failure;
+  return state.isEmpty() ? translated("Nothing to Preview") : replaced(state.title, " -->  ", " \u2192 ");
 }
 
 std::string titleOf(const Movie& clip) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/records/collection.h"
+#include "editor/preview/preview_state.h"
 
 #include <string>
 
@@ -20,6 +21,9 @@ bool liesAt(const Movie& clip, double seconds);
 
 /// The clip in hand where it lies at `seconds`, else what clipAt tells.
 int clipToTake(const Collection& collection, double seconds);
+
+/// What stands over the picture: why there is none, or what is seen.
+std::string previewTitle(const PreviewState& state);
 
 /// The name that a clip is shown by.
 std::string titleOf(const Movie& clip);

@@ -42,6 +42,13 @@ struct PreviewState {
   std::vector<double> cuts;  ///< seconds: where the clips of the movie end
 
   std::uint64_t compiles = 0;  ///< of the movie, to be played
+
+  /// There is nothing to be seen.
+  [[nodiscard]] bool isEmpty() const { return picture == nullptr && title.empty(); }
+  /// The key pauses it.
+  [[nodiscard]] bool runs() const { return PreviewPlaying && !paused; }
+  /// Seconds along the bar.
+  [[nodiscard]] double length() const { return total > 0 ? total : FSB_RenderRange.Max; }
 };
 
 }  // namespace kvo

@@ -2,6 +2,7 @@
 // the window draws it. Texts are whole, as the user reads them, unless it is said that they are composed.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -44,6 +45,8 @@ struct ClipSliders {
   ClipSlider Sld_Rate{10, 200, 100, false, {}};   ///< hundredths of normal speed; heading of Fra_MovieRate
   ClipSlider Sld_AudioOut{0, 20, 10, false, {}};  ///< tenths of full level
   std::string jogHeading;                         ///< of the wheel that moves in the clip
+  /// The wheel turns: there is a clip that can be changed.
+  [[nodiscard]] bool jogOn() const { return Sld_AudioOut.Enabled || Sld_Rate.Enabled; }
   bool operator==(const ClipSliders&) const = default;
 };
 
@@ -105,6 +108,10 @@ struct EditorFrame {
   std::string saveOffBecause{};   ///< composed: there is nothing to save; empty where there is
 
   /// Why the project cannot be saved now; empty where it can.
+  /// The open page takes what is done to it.
+  [[nodiscard]] bool pageOn() const { return toolsOn || CurrentTab == 1; }
+  /// The zoom by so many steps of a key nearer, or below 0 farther.
+  [[nodiscard]] double zoomBy(int steps) const { return std::clamp(zoom + steps * 0.05, 0.0, 1.0); }
   [[nodiscard]] const std::string& whyNoSave() const { return toolsOn ? saveOffBecause : toolsOffBecause; }
   bool operator==(const EditorFrame&) const = default;
 };

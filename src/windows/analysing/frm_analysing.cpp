@@ -3,6 +3,7 @@
 #include "ui/made.h"
 #include "ui/over_owner.h"
 #include "ui/painting.h"
+#include "ui/pictures.h"
 #include "ui/progress_bar.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -58,8 +59,7 @@ void FrmAnalysing::draw(QWidget* owner) {
   dynamic_cast<QGridLayout&>(*layout()).setRowMinimumHeight(0, themed(kFilmSize.height() + kFilmGap));
   bar_->setRange(0, state_.total);
   bar_->setValue(state_.done);
-  const int clip = std::min(state_.done + 1, state_.total);
-  count_->setText(tr("Analysing Clip %1 of %2").arg(clip).arg(state_.total));
+  count_->setText(tr("Analysing Clip %1 of %2").arg(state_.clip()).arg(state_.total));
   const auto name = shown(state_.file);
   constexpr int kNameWidth = kFilmSize.width() * 2 / 3;
   file_->setText(file_->fontMetrics().elidedText(name, Qt::ElideMiddle, themed(kNameWidth)));
@@ -81,10 +81,8 @@ void FrmAnalysing::paintEvent(QPaintEvent* event) {
   const Painting kept(painter);
   painter.fillRect(place, toColour(token("void")));
   if (const auto& film = state_.picture; film != nullptr) {
-    const QImage image(film->bgr.data(), film->width, film->height, qsizetype{3} * film->width,
-                       QImage::Format_BGR888);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(place, image);
+    painter.drawImage(place, imageOver(*film));
     return;
   }
   const auto sign = iconPicture("film", token("teal"), themed(kSignSide), devicePixelRatio());

@@ -21,9 +21,8 @@ constexpr int kSoundWide = 194;
 }  // namespace
 
 AudioPage::AudioPage(AudioTab& state, PageLogic logic, QWidget* parent)
-    : EditorPage(parent),
+    : TabPage(parent, std::move(logic)),
       state_(state),
-      logic_(std::move(logic)),
       clips_(put(made<PageClipList>(tr("Clips and audio"), tr("No clips"), this), {16, 34, 198, 190},
                  {.wider = 50, .taller = 90})) {
   write(tr("Clips and audio"), "caption", {16, 15, 198, 16});
@@ -35,11 +34,6 @@ AudioPage::AudioPage(AudioTab& state, PageLogic logic, QWidget* parent)
   put(made<QFrame>(this), {16, 242, 408, 1}, {.down = 90, .wider = 100})->setProperty("role", "line");
   makeMusic();
   notice_ = put(made<NoticeLine>(this), {16, 378, 408, 62}, {.down = 100, .wider = 100});
-}
-
-void AudioPage::act(const std::function<void()>& work) {
-  work();
-  logic_.acted();
 }
 
 void AudioPage::makeClip() {

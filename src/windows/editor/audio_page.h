@@ -17,7 +17,7 @@ class PageClipList;
 class HeadedSlider;
 class NoticeLine;
 
-class AudioPage final : public EditorPage {
+class AudioPage final : public TabPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::AudioPage)
 
  public:
@@ -28,10 +28,8 @@ class AudioPage final : public EditorPage {
  private:
   void makeClip();
   void makeMusic();
-  void act(const std::function<void()>& work);
 
   AudioTab& state_;
-  PageLogic logic_;
   PageClipList* clips_;
   QCheckBox* sound_ = nullptr;
   HeadedSlider* fadeIn_ = nullptr;

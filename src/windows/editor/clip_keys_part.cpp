@@ -81,7 +81,6 @@ constexpr int kDividerHeight = 20;
 constexpr int kTotalsGap = 46;  // from the lengths to the zoom
 constexpr int kRowSide = 16;
 constexpr int kZoomSliderSteps = 100;
-constexpr int kZoomStep = 5;
 constexpr int kZoomIcon = 16;
 
 QLabel* keyRowLabel(const QString& text, const char* role, QWidget* parent) {
@@ -174,20 +173,18 @@ QWidget* ClipKeysPart::makeZoom() {
     connect(made, &QToolButton::clicked, act);
     return made;
   };
-  const auto step = [this](int by) {
-    acts_.zoom(std::clamp(zoomValue() + by, 0, kZoomSliderSteps) / static_cast<double>(kZoomSliderSteps));
-  };
-  zoomOut_ = key("zout", tr("Show more of the movie"), "-", [step] { step(-kZoomStep); });
+  const auto step = [this](int by) { acts_.zoom(state_.frame.zoomBy(by)); };
+  zoomOut_ = key("zout", tr("Show more of the movie"), "-", [step] { step(-1); });
   zoom_ = made<QSlider>(Qt::Horizontal, group);
   zoom_->setAccessibleName(tr("Zoom"));
   zoom_->setToolTip(tr("Zoom of the timeline"));
   zoom_->setRange(0, kZoomSliderSteps);
   zoom_->setProperty("fill", toColour(token("line3")));
-  zoom_->setPageStep(kZoomStep * 2);
+  zoom_->setPageStep(kZoomSliderSteps / 10);
   connect(zoom_, &QSlider::valueChanged, [this](int value) {
     if (!isDrawing_) acts_.zoom(value / static_cast<double>(kZoomSliderSteps));
   });
-  zoomIn_ = key("zin", tr("Show more of each clip"), "+", [step] { step(kZoomStep); });
+  zoomIn_ = key("zin", tr("Show more of each clip"), "+", [step] { step(1); });
   whole_ = made<KVOBut>(group);
   whole_->setIconName("size");
   whole_->setToolTip(tr("Show the whole movie"));

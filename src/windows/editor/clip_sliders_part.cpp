@@ -48,7 +48,7 @@ JogWheelPart::JogWheelPart(const ClipSliders& state, const RushActs& acts, QWidg
 
 void JogWheelPart::draw() {
   setTextOf(*heading_, told(state_.jogHeading));
-  wheel_->setEnabled(state_.Sld_AudioOut.Enabled || state_.Sld_Rate.Enabled);
+  wheel_->setEnabled(state_.jogOn());
 }
 
 }  // namespace kvo

@@ -29,9 +29,8 @@ constexpr Share kBelowList{.down = kListShare, .wider = 30};
 }  // namespace
 
 ColorPage::ColorPage(ColorTab& state, PageLogic logic, Pictures pictures, QWidget* parent)
-    : EditorPage(parent),
+    : TabPage(parent, std::move(logic)),
       state_(state),
-      logic_(std::move(logic)),
       pictures_(std::move(pictures)),
       clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 190},
                  {.wider = 30, .taller = kListShare})),
@@ -78,11 +77,6 @@ void ColorPage::makeLevels() {
   levels_[static_cast<std::size_t>(ColourLevel::Threshold)]->slider()->setSingleStep(kThresholdStep);
   constexpr std::array kDots = {token("red"), token("green"), kBlueDot};
   for (std::size_t i = 0; i < kDots.size(); ++i) levels_[i]->setDot(kDots[i]);
-}
-
-void ColorPage::act(const std::function<void()>& work) {
-  work();
-  logic_.acted();
 }
 
 void ColorPage::drawPictures() {

@@ -17,7 +17,7 @@ namespace kvo {
 class PageClipList;
 class HeadedSlider;
 
-class ColorPage final : public EditorPage {
+class ColorPage final : public TabPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::ColorPage)
 
  public:
@@ -33,11 +33,9 @@ class ColorPage final : public EditorPage {
 
  private:
   void makeLevels();
-  void act(const std::function<void()>& work);
   void drawPictures();
 
   ColorTab& state_;
-  PageLogic logic_;
   Pictures pictures_;
   PageClipList* clips_;
   std::array<HeadedSlider*, kColourLevels> levels_{};

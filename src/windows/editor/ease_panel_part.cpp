@@ -23,7 +23,7 @@ constexpr Share kSecondShare{.right = 50, .wider = 50};
 }  // namespace
 
 EasePanelPart::EasePanelPart(EffectTab& state, const PageLogic& logic, QSize size, QWidget* parent)
-    : EditorPage(parent, size, "list"), state_(state), logic_(logic) {
+    : TabPage(parent, logic, size, "list"), state_(state) {
   write(tr("Ease options"), "caption", {kEaseLeft, 10, kEaseWide, 16});
   const std::array names = {tr("Ease progress speed"), tr("Motion speed"), tr("Starting magnification"),
                             tr("Ending magnification")};
@@ -82,11 +82,6 @@ QComboBox* EasePanelPart::makeDirections(const QString& name, std::span<const st
     box->addItem(shownAs.at(static_cast<std::size_t>(found - std::begin(kOrder))));
   }
   return box;
-}
-
-void EasePanelPart::act(const std::function<void()>& work) {
-  work();
-  logic_.acted();
 }
 
 void EasePanelPart::draw() {

@@ -15,7 +15,7 @@ namespace kvo {
 
 class HeadedSlider;
 
-class EasePanelPart final : public EditorPage {
+class EasePanelPart final : public TabPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::EasePanelPart)
 
  public:
@@ -24,12 +24,10 @@ class EasePanelPart final : public EditorPage {
   void draw();
 
  private:
-  void act(const std::function<void()>& work);
   QComboBox* makeDirections(const QString& name, std::span<const std::string_view> directions,
                             const QRect& place, const Share& share);
 
   EffectTab& state_;
-  const PageLogic& logic_;
   std::array<HeadedSlider*, kEaseLevels> sliders_{};
   QComboBox* direction_;
   QComboBox* rotation_;

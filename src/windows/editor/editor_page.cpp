@@ -27,13 +27,15 @@ EditorPage::EditorPage(QWidget* parent, QSize size, const char* role) : QFrame(p
   layOut();
 }
 
-QScrollArea* EditorPage::scrolled(EditorPage* page, const QString& name, QWidget* parent) {
+QScrollArea* EditorPage::scrolled(EditorPage* page, const QString& name, QWidget* parent, QSize least) {
   auto* area = made<QScrollArea>(parent);
   area->setAccessibleName(name);
   area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setFocusPolicy(Qt::NoFocus);  // what has the keyboard comes into view by itself
-  page->mayBe(std::min(1.0, static_cast<double>(kLeastHeight) / page->size_.height()), kMostHeight);
+  const auto part = [](int small, int whole) { return std::min(1.0, static_cast<double>(small) / whole); };
+  page->mayBe(part(least.height(), page->size_.height()), kMostHeight,
+              part(least.width(), page->size_.width()));
   area->setWidget(page);
   area->setWidgetResizable(true);
   return area;
@@ -46,8 +48,9 @@ QLabel* EditorPage::write(const QString& text, const char* role, const QRect& pl
   return label;
 }
 
-void EditorPage::mayBe(double least, double most) {
+void EditorPage::mayBe(double least, double most, double leastWide) {
   least_ = least;
+  leastWide_ = leastWide;
   most_ = most;
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   layOut();
@@ -62,7 +65,7 @@ void EditorPage::remember(QWidget* part, const QRect& place, const Share& share)
 }
 
 void EditorPage::layOut() {
-  setMinimumSize(themed(size_.width()), qRound(least_ * themed(size_.height())));
+  setMinimumSize(qRound(leastWide_ * themed(size_.width())), qRound(least_ * themed(size_.height())));
   if (isWindow()) setMaximumSize(minimumSize());
   if (most_ > 1) setMaximumHeight(qRound(most_ * themed(size_.height())));
   for (const auto& placed : places_) lay(placed);

@@ -7,6 +7,7 @@
 #include <QRect>
 #include <QTimer>
 #include <functional>
+#include <utility>
 #include <vector>
 
 class QAbstractButton;
@@ -43,8 +44,9 @@ class EditorPage : public QFrame {
   explicit EditorPage(QWidget* parent, QSize size = kSize, const char* role = "card");
 
   /// A page that takes the room that there is, and scrolls up and down where it is less than it needs. Owned
-  /// by `parent`.
-  static QScrollArea* scrolled(EditorPage* page, const QString& name, QWidget* parent);
+  /// by `parent`. Down to `least`, in pixels at size 1, its parts are squeezed instead.
+  static QScrollArea* scrolled(EditorPage* page, const QString& name, QWidget* parent,
+                               QSize least = {kSize.width(), kLeastHeight});
 
  protected:
   /// Places a part of the page, or puts it elsewhere; it moves with the sizes of interface and page.
@@ -56,8 +58,8 @@ class EditorPage : public QFrame {
   /// A heading or another text that stands still; `role` as the sheet has it.
   QLabel* write(const QString& text, const char* role, const QRect& place, const Share& share = {});
 
-  /// Its height may be so many times its own, by the room of its column.
-  void mayBe(double least, double most);
+  /// Its height may be so many times its own, by the room of its column, its width so many or more.
+  void mayBe(double least, double most, double leastWide = 1);
 
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -75,9 +77,25 @@ class EditorPage : public QFrame {
 
   QSize size_;
   double least_ = 1;  // times its own height
+  double leastWide_ = 1;
   double most_ = 1;
   std::vector<Placed> places_;
   QTimer again_;  // lays it out once more
+};
+
+/// A page whose controls write what they mean into the collection.
+class TabPage : public EditorPage {
+ protected:
+  TabPage(QWidget* parent, PageLogic logic, QSize size = kSize, const char* role = "card")
+      : EditorPage(parent, size, role), logic_(std::move(logic)) {}
+
+  /// Does what the user has asked for, and tells of it.
+  void act(const std::function<void()>& work) const {
+    work();
+    logic_.acted();
+  }
+
+  PageLogic logic_;
 };
 
 /// Sets a text or a tip only where it differs: what has not changed is not painted.

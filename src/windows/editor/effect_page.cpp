@@ -32,9 +32,8 @@ constexpr int kEaseSwitch = static_cast<int>(EffectSwitch::Ease);
 
 EffectPage::EffectPage(EffectTab& state, PageLogic logic, Choice choice, std::function<void()> showKeyframes,
                        QWidget* parent)
-    : EditorPage(parent),
+    : TabPage(parent, std::move(logic)),
       state_(state),
-      logic_(std::move(logic)),
       choice_(choice),
       showKeyframes_(std::move(showKeyframes)),
       clips_(put(made<PageClipList>(tr("Clips"), tr("No clips with a picture"), this), {16, 34, 150, 146},
@@ -47,11 +46,6 @@ EffectPage::EffectPage(EffectTab& state, PageLogic logic, Choice choice, std::fu
   makeLevels();
   makeEffects();
   easePanel_ = put(made<EasePanelPart>(state_, logic_, kEasePlace.size(), this), kEasePlace, kEffectsShare);
-}
-
-void EffectPage::act(const std::function<void()>& work) {
-  work();
-  logic_.acted();
 }
 
 void EffectPage::openOptions(QWidget& where, int position) {

@@ -22,7 +22,7 @@ class EffectRows;
 class HeadedSlider;
 class MovingSamples;
 
-class EffectPage final : public EditorPage {
+class EffectPage final : public TabPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::EffectPage)
 
  public:
@@ -44,11 +44,9 @@ class EffectPage final : public EditorPage {
   void makeLevels();
   QCheckBox* makeSwitch(QCheckBox* box, int position);
   QToolButton* makeSmallKey(const char* icon, const QString& tip, const QRect& place, const Share& share);
-  void act(const std::function<void()>& work);
   void openOptions(QWidget& where, int position);
 
   EffectTab& state_;
-  PageLogic logic_;
   Choice choice_;
   std::function<void()> showKeyframes_;
   PageClipList* clips_;

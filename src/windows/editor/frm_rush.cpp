@@ -28,6 +28,7 @@ constexpr QSize kRushSize(1280, 764);
 constexpr int kFrameOfDesktop = 4;   // pixels that a desktop may put around a window
 constexpr int kTitleOfDesktop = 32;  // and above it
 constexpr QSize kLeastRush(1024, 640);
+constexpr QSize kSmallestRush(940, 480);  // on the smallest screen: the keys have their size
 constexpr int kRushSide = 16;
 constexpr int kRushGap = 12;
 constexpr int kCardGap = 10;
@@ -44,8 +45,8 @@ constexpr double kLowerShare = 0.35;
 constexpr int kLeastLower = 180;
 constexpr int kMostLower = 420;
 constexpr int kLeastUpper = 200;
+constexpr QSize kCardRoom(914, 442);  // that the card of a render needs
 constexpr int kSplitterHandle = 6;
-constexpr int kZoomSteps = 20;
 constexpr std::string_view kLowerValue = "EditorTimelineHeight";
 
 // The keys of the clip in hand; those with Ctrl, Alt or Meta are not among them.
@@ -176,7 +177,7 @@ QSize FrmRush::roomOnScreen() const {
 void FrmRush::layOut() {
   // At a large interface its parts are squeezed: what lies beyond the screen cannot be reached at all.
   const QSize least(themed(kLeastRush.width()), themed(kLeastRush.height()));
-  setMinimumSize(least.boundedTo(roomOnScreen().expandedTo(kLeastRush)));
+  setMinimumSize(least.boundedTo(roomOnScreen().expandedTo(kSmallestRush)));
   splitter_->setHandleWidth(themed(kSplitterHandle));
   upper_->setMinimumHeight(themed(kLeastUpper));
   lower_->setMinimumHeight(themed(kLeastLower));
@@ -210,6 +211,15 @@ void FrmRush::shareRoom() {
   const int low = std::clamp(themed(wantedLower_ > 0 ? wantedLower_ : usual), themed(kLeastLower),
                              std::min(most, themed(kMostLower)));
   splitter_->setSizes({room - low, low});
+  giveRoom(room - 2 * edge);
+}
+
+// Where there is too little for the card of a render it has the place of what it leaves without use, too.
+void FrmRush::giveRoom(int high) {
+  const bool isShown = card_ != nullptr && !card_->isHidden();
+  const int wide = width() - 2 * themed(kRushSide) - right_->maximumWidth();
+  right_->setVisible(!isShown || wide >= themed(kCardRoom.width()));
+  lower_->setVisible(!isShown || high - themed(kLeastLower) >= themed(kCardRoom.height()));
 }
 
 void FrmRush::resizeEvent(QResizeEvent* event) {
@@ -288,7 +298,7 @@ void FrmRush::draw() {
     pages_->setCurrentWidget(pageOf_[front]);
     drawPage_[front]();
   }
-  pages_->setEnabled(state_.frame.toolsOn || state_.frame.CurrentTab == 1);
+  pages_->setEnabled(state_.frame.pageOn());
   for (auto* part : std::array<QWidget*, 2>{pages_, sliders_})
     noteWhyNot(*part, shown(state_.frame.toolsOffBecause));
   details_->draw();
@@ -312,6 +322,7 @@ void FrmRush::drawRender() {
   middle_->setVisible(!isShown);
   card_->setVisible(isShown);
   for (auto* veil : veils_) veil->setVisible(isShown);
+  shareRoom();
   if (isShown) drawCard_();
 }
 
@@ -344,17 +355,16 @@ bool FrmRush::takes(int key, Qt::KeyboardModifiers with) {
     if (key == Qt::Key_Escape) acts_.stop();
     return key == Qt::Key_Escape;
   }
-  const auto zoomBy = [&](double part) { acts_.zoom(std::clamp(state_.frame.zoom + part, 0.0, 1.0)); };
   switch (key) {
     case Qt::Key_D:
       if (!with.testFlag(Qt::ShiftModifier)) acts_.transition();
       return true;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-      zoomBy(1.0 / kZoomSteps);
+      acts_.zoom(state_.frame.zoomBy(1));
       return true;
     case Qt::Key_Minus:
-      zoomBy(-1.0 / kZoomSteps);
+      acts_.zoom(state_.frame.zoomBy(-1));
       return true;
     case Qt::Key_0:
       acts_.wholeMovie();

@@ -71,6 +71,7 @@ class FrmRush final : public QWidget {
   [[nodiscard]] QSize roomOnScreen() const;
   void layOut();
   void shareRoom();
+  void giveRoom(int high);
   void appear();
   void keep() const;
   void orderFocus();

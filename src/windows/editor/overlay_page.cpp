@@ -40,9 +40,8 @@ constexpr std::array<StyleRow, 3> kStyles{
 }  // namespace
 
 OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
-    : EditorPage(parent),
+    : TabPage(parent, std::move(logic)),
       state_(state),
-      logic_(std::move(logic)),
       backdrops_(put(made<PageClipList>(tr("Backdrop"), tr("No clips with a picture"), this),
                      {16, 34, 197, 122}, {.wider = 50, .taller = kListsShare})),
       overlays_(put(made<PageClipList>(tr("Overlay"), tr("No clips with a picture"), this),
@@ -64,11 +63,6 @@ OverlayPage::OverlayPage(OverlayTab& state, PageLogic logic, QWidget* parent)
   makeLook();
   makeSliders();
   makeSound();
-}
-
-void OverlayPage::act(const std::function<void()>& work) {
-  work();
-  logic_.acted();
 }
 
 void OverlayPage::makeLook() {

@@ -18,7 +18,7 @@ class PageClipList;
 class HeadedSlider;
 class OverlayPositions;
 
-class OverlayPage final : public EditorPage {
+class OverlayPage final : public TabPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::OverlayPage)
 
  public:
@@ -33,10 +33,8 @@ class OverlayPage final : public EditorPage {
   void makeLook();
   void makeSliders();
   void makeSound();
-  void act(const std::function<void()>& work);
 
   OverlayTab& state_;
-  PageLogic logic_;
   PageClipList* backdrops_;
   PageClipList* overlays_;
   QLabel* positionName_;

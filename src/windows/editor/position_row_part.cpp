@@ -146,7 +146,7 @@ void PositionRowPart::draw() {
   setTextOf(*Lbl_TotDur_, shown(state_.Lbl_TotDur));
   drawPlayKey();
   const auto& range = state_.FSB_RenderRange;
-  const double total = state_.total > 0 ? state_.total : range.Max;
+  const double total = state_.length();
   FSB_RenderRange_->setMaximum(static_cast<int>(std::lround(total * kBarSteps)));
   if (!FSB_RenderRange_->isSliderDown())
     FSB_RenderRange_->setValue(static_cast<int>(std::lround(range.Value * kBarSteps)));
@@ -159,7 +159,7 @@ void PositionRowPart::draw() {
 }
 
 void PositionRowPart::drawPlayKey() {
-  const bool pauses = state_.PreviewPlaying && !state_.paused;
+  const bool pauses = state_.runs();
   if (pauses == showsPause_) return;
   showsPause_ = pauses;
   auto* key = keys_[kPlayKey];
@@ -180,7 +180,8 @@ void PositionRowPart::resizeEvent(QResizeEvent* event) {
   layOut();
 }
 
-// In a narrow row the captions go first, then the keys go below digits and numbers.
+// In a narrow row the captions go first, then the keys go below digits and numbers, at last the numbers below
+// the digits.
 void PositionRowPart::layOut() {
   if (FSB_RenderRange_ == nullptr) return;
   const int left = themed(kRowInset);
@@ -189,16 +190,18 @@ void PositionRowPart::layOut() {
   for (const auto& key : kRowKeys) wide += themed(key.width) + themed(kRowKeyGap);
   const int numbers = right - themed(kNumbersWidth);
   const int from = left + themed(kDigitsWidth) + themed(kRowKeyGap);
-  const bool isNamed = from + wide + themed(kCaptionsWidth) <= numbers;
+  const bool isThin = from > numbers;
+  const bool isNamed = (isThin ? left : from + wide) + themed(kCaptionsWidth) <= numbers;
   const int captions = isNamed ? numbers - themed(kCaptionsWidth) : numbers;
-  const bool isStacked = from + wide > captions;
-  below_ = isStacked ? themed(kSecondRow) : 0;
+  const bool isStacked = isThin || from + wide > captions;
+  const int down = isThin ? themed(kSecondRow) : 0;
+  below_ = down + (isStacked ? themed(kSecondRow) : 0);
   setFixedHeight(themed(kHeight) + below_);
   const int middle = themed(kRowMiddle);
   pic_DigDisplay_->setGeometry(left, middle - themed(kDigitsHeight) / 2, themed(kDigitsWidth),
                                themed(kDigitsHeight));
   for (int line = 0; line < 2; ++line) {
-    const int top = themed(kFirstLine) + line * themed(kLineHeight);
+    const int top = down + themed(kFirstLine) + line * themed(kLineHeight);
     auto* caption = captions_[static_cast<std::size_t>(line)];
     (line == 0 ? Lbl_Remain_ : Lbl_TotDur_)->setGeometry(numbers, top, right - numbers, themed(kLineHeight));
     caption->setGeometry(captions, top, numbers - captions, themed(kLineHeight));

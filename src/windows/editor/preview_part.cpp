@@ -1,7 +1,9 @@
 #include "windows/editor/preview_part.h"
 
 #include "editor/compiler/picture_in_picture.h"
+#include "editor/preview/position_texts.h"
 #include "ui/painting.h"
+#include "ui/pictures.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
 
@@ -23,13 +25,6 @@ constexpr int kChipOpacity = 216;
 constexpr int kSignText = 13;
 constexpr int kEmptyText = 15;
 
-QFont previewFont(const QWidget& widget, int pixels, QFont::Weight weight) {
-  auto font = widget.font();
-  font.setPixelSize(themed(pixels));
-  font.setWeight(weight);
-  return font;
-}
-
 }  // namespace
 
 PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(parent), state_(state) {
@@ -37,16 +32,8 @@ PreviewPart::PreviewPart(const PreviewState& state, QWidget* parent) : QWidget(p
   setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
-bool PreviewPart::isEmpty() const { return state_.picture == nullptr && state_.title.empty(); }
-
-QString PreviewPart::title() const {
-  if (!state_.failure.empty()) return shown(state_.failure);
-  if (isEmpty()) return tr("Nothing to Preview");
-  return shown(state_.title).replace(" -->  ", QString::fromUtf8(" \u2192 "));
-}
-
 void PreviewPart::draw() {
-  const auto text = title();
+  const auto text = shown(previewTitle(state_));
   if (state_.picture == drawn_ && text == drawnText_) return;
   drawn_ = state_.picture;
   if (text != drawnText_) setAccessibleDescription(text);
@@ -63,6 +50,11 @@ QRectF PreviewPart::pictureRect() const {
   return place;
 }
 
+QRect PreviewPart::picturePlace() const {
+  const auto place = pictureRect().toAlignedRect();
+  return place.isEmpty() ? QRect() : QRect(mapToGlobal(place.topLeft()), place.size());
+}
+
 void PreviewPart::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Painting kept(painter);
@@ -71,13 +63,10 @@ void PreviewPart::paintEvent(QPaintEvent* /*event*/) {
   pane.addRoundedRect(onPixels(rect()), radius, radius);
   painter.fillPath(pane, Qt::black);
   if (const auto* picture = state_.picture.get()) {
-    // The bytes are the player's own; they are read once, while they are drawn.
-    const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{3} * picture->width,
-                       QImage::Format_BGR888);
     painter.save();
     painter.setClipPath(pane);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(pictureRect(), image);
+    painter.drawImage(pictureRect(), imageOver(*picture));  // the bytes are the player's own
     drawOverlayFrame(painter);
     painter.restore();
     drawTitle(painter);
@@ -109,7 +98,7 @@ QString PreviewPart::shortTitle(const QFontMetricsF& metrics) const {
 
 bool PreviewPart::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-  const QFontMetricsF metrics(previewFont(*this, kChipText, QFont::DemiBold));
+  const QFontMetricsF metrics(themedFont(*this, kChipText, QFont::DemiBold));
   const bool isCut = state_.picture != nullptr && shortTitle(metrics) != drawnText_;
   QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), isCut ? plainTip(drawnText_) : QString(),
                      this);
@@ -118,7 +107,7 @@ bool PreviewPart::event(QEvent* event) {
 
 void PreviewPart::drawTitle(QPainter& painter) const {
   if (drawnText_.isEmpty()) return;
-  painter.setFont(previewFont(*this, kChipText, QFont::DemiBold));
+  painter.setFont(themedFont(*this, kChipText, QFont::DemiBold));
   const QFontMetricsF metrics(painter.font());
   const auto place = pictureRect();
   const double inset = themed(kChipInset);
@@ -137,16 +126,17 @@ void PreviewPart::drawTitle(QPainter& painter) const {
 
 void PreviewPart::drawEmpty(QPainter& painter) const {
   const bool bad = !state_.failure.empty();
-  painter.setFont(previewFont(*this, kSignText, QFont::Normal));
+  painter.setFont(themedFont(*this, kSignText, QFont::Normal));
   painter.setPen(toColour(bad ? token("red") : token("text3")));
   const double inset = themed(2 * kChipPadding);
   const auto place = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-  if (bad || !isEmpty()) return painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, drawnText_);
-  painter.setFont(previewFont(*this, kEmptyText, QFont::DemiBold));
+  if (bad || !state_.isEmpty())
+    return painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, drawnText_);
+  painter.setFont(themedFont(*this, kEmptyText, QFont::DemiBold));
   painter.setPen(toColour(token("text1")));
   const QRectF head(place.left(), place.center().y() - themed(24), place.width(), themed(20));
   painter.drawText(head, Qt::AlignCenter, drawnText_);
-  painter.setFont(previewFont(*this, kSignText, QFont::Normal));
+  painter.setFont(themedFont(*this, kSignText, QFont::Normal));
   painter.setPen(toColour(token("text3")));
   painter.drawText(QRectF(place.left(), head.bottom() + themed(6), place.width(), themed(40)),
                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,

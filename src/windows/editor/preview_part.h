@@ -18,6 +18,8 @@ class PreviewPart final : public QWidget {
   PreviewPart(const PreviewState& state, QWidget* parent);
 
   void draw();
+  /// Of the picture, on the desktop; empty where there is none.
+  [[nodiscard]] QRect picturePlace() const;
   /// Where the picture stands in the part, by its shape; empty while there is none.
   [[nodiscard]] QRectF pictureRect() const;
 
@@ -26,8 +28,6 @@ class PreviewPart final : public QWidget {
   bool event(QEvent* event) override;
 
  private:
-  [[nodiscard]] bool isEmpty() const;
-  [[nodiscard]] QString title() const;
   /// The title as there is room for it.
   [[nodiscard]] QString shortTitle(const QFontMetricsF& metrics) const;
   void drawOverlayFrame(QPainter& painter) const;

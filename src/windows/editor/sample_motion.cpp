@@ -1,6 +1,7 @@
 #include "windows/editor/sample_motion.h"
 
 #include "ui/painting.h"
+#include "ui/pictures.h"
 #include "ui/theme.h"
 
 #include <QImage>
@@ -73,9 +74,8 @@ const QPixmap& SamplePixmaps::of(const std::string& name, int step, const QSize&
   if (scaled.picture == picture) return scaled.pixmap;
   scaled = {picture, {}};
   if (picture != nullptr) {
-    const QImage image(picture->bgr.data(), picture->width, picture->height, qsizetype{picture->width} * 3,
-                       QImage::Format_BGR888);
-    scaled.pixmap = QPixmap::fromImage(image.scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+    scaled.pixmap = QPixmap::fromImage(imageOver(*picture)
+                                           .scaled(size_, Qt::KeepAspectRatio, Qt::SmoothTransformation)
                                            .convertToFormat(QImage::Format_RGB32));
     scaled.pixmap.setDevicePixelRatio(pixelRatio);
   }

@@ -23,9 +23,8 @@ constexpr int kDurationStep = 100;  // milliseconds
 }  // namespace
 
 StillsPage::StillsPage(StillsTab& state, PageLogic logic, PictureOfClip picture, QWidget* parent)
-    : EditorPage(parent),
+    : TabPage(parent, std::move(logic)),
       state_(state),
-      logic_(std::move(logic)),
       picture_(std::move(picture)),
       caption_(write({}, "heading", {16, 10, 408, 20}, {.wider = 100})),
       stills_(put(made<PageClipList>(tr("Stills"), tr("No stills"), this), {16, 116, 190, 96},
@@ -70,11 +69,6 @@ void StillsPage::makeAspects() {
             [this, aspect] { act([&] { chooseAspect(logic_.editing, state_, logic_.host, aspect); }); });
   }
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
-
-void StillsPage::act(const std::function<void()>& work) {
-  work();
-  logic_.acted();
-}
 
 void StillsPage::draw() {
   setTextOf(*caption_, shown(state_.caption));

@@ -17,7 +17,7 @@ class AspectRow;
 class PageClipList;
 class HeadedSlider;
 
-class StillsPage final : public EditorPage {
+class StillsPage final : public TabPage {
   Q_DECLARE_TR_FUNCTIONS(kvo::StillsPage)
 
  public:
@@ -27,10 +27,8 @@ class StillsPage final : public EditorPage {
 
  private:
   void makeAspects();
-  void act(const std::function<void()>& work);
 
   StillsTab& state_;
-  PageLogic logic_;
   PictureOfClip picture_;
   QLabel* caption_;
   std::array<QRadioButton*, 2> groupOrIndividual_{};

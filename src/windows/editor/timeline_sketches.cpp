@@ -1,5 +1,7 @@
 #include "windows/editor/timeline_sketches.h"
 
+#include "ui/pictures.h"
+
 #include <QImage>
 #include <algorithm>
 #include <array>
@@ -12,10 +14,9 @@ constexpr std::size_t kMostPictures = 600;  // 33 KB each at the usual height
 constexpr std::array kRates = {1, 2, 5, 10, 20, 50, 100, 200, 500, 1000};
 
 QPixmap scaled(const FramePicture& picture, double height, double pixelRatio) {
-  const QImage image(picture.bgr.data(), picture.width, picture.height, qsizetype{3} * picture.width,
-                     QImage::Format_BGR888);
   auto pixmap = QPixmap::fromImage(
-      image.scaledToHeight(std::max(1, qRound(height * pixelRatio)), Qt::SmoothTransformation)
+      imageOver(picture)
+          .scaledToHeight(std::max(1, qRound(height * pixelRatio)), Qt::SmoothTransformation)
           .convertToFormat(QImage::Format_RGB32));
   pixmap.setDevicePixelRatio(pixelRatio);
   return pixmap;

@@ -9,6 +9,7 @@
 #include "ui/message_card.h"
 #include "ui/progress_bar.h"
 #include "ui/theme.h"
+#include "ui/work_key.h"
 
 #include <QActionGroup>
 #include <QCheckBox>
@@ -159,6 +160,12 @@ DigitDisplay* digits(double height, const QString& text) {
   return display;
 }
 
+WorkKey* work(const QString& words, double share, bool isBad) {
+  auto* key = made<WorkKey>(nullptr);
+  key->draw(words, "Renders in the background", share, isBad, themeSize());
+  return key;
+}
+
 QWidget* colours() {
   auto* button = made<ColourButton>(token("detail"));
   button->setAccessibleName("Colour");
@@ -215,6 +222,7 @@ QWidget* statesPage() {
   page->add("Progress", {progress(12, 5), progress(0, 0), progress(12, 12)});
   page->add("Level", {lights(5), lights(9), lights(0)});
   page->add("Digits", {digits(16.5, "00:04:0104"), digits(36, "04.1600")});
+  page->add("Work", {work("43%, 2 renders wait", 0.43, false), work("1 render failed", 0, true)});
   page->add("Colour, menu", {colours(), menuKey()});
   return page;
 }

@@ -2,6 +2,7 @@
 
 #include "ui/made.h"
 #include "ui/over_owner.h"
+#include "ui/owner_place.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
 #include "windows/editor/headed_slider.h"
@@ -220,21 +221,14 @@ void FrmKeyframe::draw(QWidget* owner) {
   if (!isVisible()) appear(*owner);
 }
 
-// Beside the editor where the screen has room for it, else low at the left, where the effects are that are
-// not needed now: the picture is to be in sight.
 void FrmKeyframe::appear(QWidget& owner) {
   if (isPlaced_) {
     show();  // where it was
   } else {
     showOverOwner(*this, owner);
-    const auto editor = owner.frameGeometry();
-    const auto screen = owner.screen()->availableGeometry();
-    const int title = themed(kTitleOfWindow);
-    const int low = screen.bottom() - height() - title;
-    const bool hasRight = screen.right() - editor.right() >= width();
-    const bool hasLeft = editor.left() - screen.left() >= width();
-    const int left = hasRight ? editor.right() + 1 : hasLeft ? editor.left() - width() : screen.left();
-    move(left, hasRight || hasLeft ? std::min(editor.top(), low) : low);
+    const QSize framed = size() + QSize(0, themed(kTitleOfWindow));
+    const auto picture = doors_.picturePlace ? doors_.picturePlace() : QRect();
+    move(offPicture(owner.frameGeometry(), picture, owner.screen()->availableGeometry(), framed));
   }
   isPlaced_ = true;
   activateWindow();

@@ -28,6 +28,7 @@ class FrmKeyframe final : public EditorPage {
     std::function<void(Long frame)> showFrame;          ///< brings the picture to a frame of the clip
     std::function<std::string(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes; or why not
     PictureOfClip picture;
+    std::function<QRect()> picturePlace{};  ///< on the desktop, of what is to be in sight; may be empty
   };
   FrmKeyframe(KeyframeWindow& state, PageLogic logic, Doors doors);
 

@@ -1,5 +1,6 @@
 #include "windows/main/stream_chip.h"
 
+#include "program/face_parts.h"
 #include "ui/painting.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -27,10 +28,9 @@ StreamChip::StreamChip(const MainWindowState& state, QWidget* picture) : QWidget
 void StreamChip::draw() {
   const auto& mode = state_.mode;
   const auto& labels = state_.transport.stream;
-  const bool wanted = labels.Lbl_StreamInfo && labels.buffer && (mode.IsMiniMode || mode.pictureAlone);
-  const auto text = shown(labels.comesIn());
-  setVisible(wanted && !text.isEmpty());
+  setVisible(saysStreamOnPicture(state_));
   if (isHidden()) return;
+  const auto text = shown(labels.comesIn());
   const FaceScale scale(mode.interfaceSize, logicalDpiY());
   setFont(scale.number(kStreamText, QFont::Medium));
   const int room = scale.at(kStreamRoom);

@@ -10,13 +10,15 @@ namespace kvo {
 namespace {
 
 constexpr int kFactHeight = 18;
-constexpr int kFactNameWidth = 120;
+constexpr int kFactNameWidth = 100;
 constexpr Share kFactGrows{0, 0, 100, 0};
+constexpr double kLeastFacts = 0.85;  // times its own width
 
 }  // namespace
 
 FactRows::FactRows(const Form& form, QWidget* parent)
     : EditorPage(parent, {form.width, form.pitch * static_cast<int>(kMost)}, "plain") {
+  mayBe(1, 1, kLeastFacts);
   const int valueLeft = form.valueLeft > 0 ? form.valueLeft : kFactNameWidth;
   for (std::size_t i = 0; i < kMost; ++i) {
     const int top = form.pitch * static_cast<int>(i);

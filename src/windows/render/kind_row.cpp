@@ -51,16 +51,11 @@ void KindRow::paintEvent(QPaintEvent* /*event*/) {
   const int mark = themed(kKindMark);
   option.rect = {width() - themed(kKindMarkRight) - mark, themed(12), mark, mark};
   style()->drawPrimitive(QStyle::PE_IndicatorRadioButton, &option, &painter, this);
-  auto font = this->font();
-  font.setPixelSize(themed(12));
-  font.setWeight(QFont::DemiBold);
-  painter.setFont(font);
+  painter.setFont(themedFont(*this, 12, QFont::DemiBold));
   painter.setPen(toColour(isEnabled() ? token("text1") : token("textOff")));
   const int wider = width() - sizeHint().width();
   painter.drawText(scaled(kKindTitle).adjusted(0, 0, wider, 0), Qt::AlignVCenter, text());
-  font.setPixelSize(themed(11));
-  font.setWeight(QFont::Normal);
-  painter.setFont(font);
+  painter.setFont(themedFont(*this, 11, QFont::Normal));
   painter.setPen(toColour(isEnabled() ? token("text2") : token("textOff")));
   painter.drawText(scaled(kKindBrief).adjusted(0, 0, wider, 0), Qt::TextWordWrap, told(row_.brief));
 }
@@ -75,10 +70,7 @@ void KindRow::paintSign(QPainter& painter, bool lit) const {
       plate.center() - QPoint(side, side) / 2,
       iconPicture(row_.icon, toColour(lit ? token("tealHi") : token("text2")).rgb() & 0xFFFFFFU, side,
                   devicePixelRatio()));
-  auto font = this->font();
-  font.setPixelSize(themed(10));
-  font.setWeight(QFont::DemiBold);
-  painter.setFont(font);
+  painter.setFont(themedFont(*this, 10, QFont::DemiBold));
   painter.setPen(toColour(lit ? token("tealHi") : token("text3")));
   painter.drawText(scaled(kKindSign), Qt::AlignCenter, shown(std::string(movieFileOf(row_.kind).extension)));
 }

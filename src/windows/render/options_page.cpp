@@ -1,6 +1,5 @@
 #include "windows/render/options_page.h"
 
-#include "render/output_profiles.h"
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -25,6 +24,7 @@ namespace {
 
 constexpr int kKindGap = 8;
 constexpr int kKindColumn = 330;  // with its bar
+constexpr int kLessOfKind = 24;   // that a row can do without
 constexpr QRect kProfileList{350, 38, 380, 235};
 constexpr QRect kProfileTold{350, 283, 380, 88};
 constexpr QRect kText{362, 288, 356, 52};
@@ -47,12 +47,12 @@ constexpr Share kSummaryKeys{65, 100, 35, 0};
 constexpr int kQueueGrows = 30;  // hundredths of what is taller, while there is one
 constexpr FactRows::Form kOptionFacts{203, 20, 0};
 
-// A row of the list without its blanks and its number.
-std::string profileName(const std::string& row) { return profileText(GetWMVRenderProfileInt(row)); }
-
-QString sizeOf(const std::string& row) {
-  const auto facts = GetProfileXYDimensions(GetWMVRenderProfileInt(row));
-  return facts ? QString("%1 x %2").arg(facts->size.width).arg(facts->size.height) : QString();
+void drawRows(PageList& list, const std::vector<OptionsView::Row>& rows, int chosen) {
+  list.setVisible(!rows.empty());
+  std::vector<PageList::Row> drawn;
+  drawn.reserve(rows.size());
+  for (const auto& row : rows) drawn.push_back({row.name});
+  list.drawRows(std::move(drawn), chosen);
 }
 
 }  // namespace
@@ -102,7 +102,7 @@ void OptionsPage::makeProfiles() {
       put(made<PageList>(tr("Profile"), QString(), std::span<const char* const>(), this), kProfileList);
   Lst_WMVFormats_->trailing = [this](int index) {
     const auto row = static_cast<std::size_t>(index);
-    return row < state_.Lst_WMVFormats.size() ? sizeOf(state_.Lst_WMVFormats[row]) : QString();
+    return row < view_.profiles.size() ? shown(view_.profiles[row].size) : QString();
   };
   Lst_WMVFormats_->chosen = [this](int row) { acts_.chooseProfile(row); };
   tellPlate_ = put(made<QFrame>(this), kProfileTold);
@@ -123,7 +123,7 @@ void OptionsPage::makeMadeFor() {
       put(made<PageList>(tr("Made for"), QString(), std::span<const char* const>(), this), kProfileList);
   Lst_MadeFor_->trailing = [this](int index) {
     const auto row = static_cast<std::size_t>(index);
-    return row < state_.Lst_MadeFor.size() ? shown(state_.Lst_MadeFor[row].size) : QString();
+    return row < view_.purposes.size() ? shown(view_.purposes[row].size) : QString();
   };
   Lst_MadeFor_->chosen = [this](int row) { acts_.chooseMadeFor(row); };
   sizeName_ = write(tr("At most"), "hint", kSizeName);
@@ -178,7 +178,7 @@ void OptionsPage::layOutKinds() {
   rows_->setSpacing(themed(kKindGap));
   for (auto* row : Opt_CompressorType_) {
     row->setFixedHeight(row->sizeHint().height());
-    row->setMinimumWidth(row->sizeHint().width());
+    row->setMinimumWidth(row->sizeHint().width() - themed(kLessOfKind));
   }
   const int side = themed(16);
   KVOBut_WriteMovie_->setIconSize({side, side});
@@ -199,9 +199,9 @@ void OptionsPage::draw() {
       kinds_->ensureWidgetVisible(row);
     }
   }
+  view_ = optionsView(state_);
   drawLists();
-  drawProfiles();
-  drawMadeFor();
+  drawBoxes();
   drawQueue();
   facts_->draw(state_.facts);
   pane_->draw(picture_(0));
@@ -223,11 +223,10 @@ void OptionsPage::layOutLists() {
     return share;
   };
   const auto below = less(kBelowList);
-  const bool isAlone = !state_.Lst_MadeFor.empty() && !state_.hasWishedSize && !state_.offersHardware;
   for (auto* list : {Lst_WMVFormats_, Lst_MadeFor_})
     put(list, kProfileList.adjusted(0, 0, 0, -up), less(kOptionListGrows));
   put(tellPlate_, kProfileTold.translated(0, -up), below);
-  put(description_, (isAlone ? kLongText : kText).translated(0, -up), below);
+  put(description_, (view_.isTellingAlone ? kLongText : kText).translated(0, -up), below);
   put(Chk_UseCodecOutputDimensions_, kOwnSize.translated(0, -up), below);
   put(Chk_Hardware_, kHardware.translated(0, -up), below);
   put(sizeName_, kSizeName.translated(0, -up), below);
@@ -243,45 +242,27 @@ void OptionsPage::drawQueue() {
 
 // Which of the two lists there is, or the words that stand in their place.
 void OptionsPage::drawLists() {
-  const bool hasProfiles = !state_.Lst_WMVFormats.empty();
-  const bool hasPurposes = !state_.Lst_MadeFor.empty();
-  const bool isListed = hasProfiles || hasPurposes;
-  const auto& row = kindRow(state_.kind);
-  Lst_WMVFormats_->setVisible(hasProfiles);
-  Lst_MadeFor_->setVisible(hasPurposes);
-  tellPlate_->setVisible(isListed);
-  description_->setVisible(isListed);
-  sizeCaption_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
-  hint_->setVisible(!isListed);
-  setTextOf(*listCaption_, hasProfiles ? tr("Profile") : hasPurposes ? tr("Made for") : told(row.title));
-  setTextOf(*hint_, told(row.hint).replace("\r\n", "\n\n"));
-  const auto text = shown(hasPurposes ? state_.madeForText : state_.profileDescription);
-  setTextOf(*description_, QString(text).replace("\r\n", "\n"));
+  drawRows(*Lst_WMVFormats_, view_.profiles, state_.profileRow);
+  drawRows(*Lst_MadeFor_, view_.purposes, state_.madeForRow);
+  tellPlate_->setVisible(view_.isListed());
+  description_->setVisible(view_.isListed());
+  sizeCaption_->setVisible(view_.showsSizes);
+  hint_->setVisible(!view_.isListed());
+  setTextOf(*listCaption_, shown(view_.caption));
+  setTextOf(*hint_, shown(view_.hint).replace("\r\n", "\n\n"));
+  setTextOf(*description_, shown(view_.told).replace("\r\n", "\n"));
 }
 
-void OptionsPage::drawMadeFor() {
-  std::vector<PageList::Row> rows;
-  rows.reserve(state_.Lst_MadeFor.size());
-  for (const auto& row : state_.Lst_MadeFor) rows.push_back({told(row.title).toStdString()});
-  Lst_MadeFor_->drawRows(std::move(rows), state_.madeForRow);
+// What can be set beside the choice of a row.
+void OptionsPage::drawBoxes() {
   sizeName_->setVisible(state_.hasWishedSize);
   Num_Megabytes_->setVisible(state_.hasWishedSize);
   Num_Megabytes_->setValue(state_.wishedMegabytes);
   Chk_Hardware_->setVisible(state_.offersHardware);
   Chk_Hardware_->setChecked(state_.Chk_Hardware);
-}
-
-void OptionsPage::drawProfiles() {
-  const bool isListed = !state_.Lst_WMVFormats.empty();
-  std::vector<PageList::Row> rows;
-  rows.reserve(state_.Lst_WMVFormats.size());
-  for (const auto& profile : state_.Lst_WMVFormats) rows.push_back({profileName(profile)});
-  Lst_WMVFormats_->drawRows(std::move(rows), state_.profileRow);
-  Chk_UseCodecOutputDimensions_->setVisible(isListed && movieFileOf(state_.kind).hasPicture);
+  Chk_UseCodecOutputDimensions_->setVisible(view_.offersOwnSize);
   Chk_UseCodecOutputDimensions_->setChecked(state_.Chk_UseCodecOutputDimensions);
-  const auto size = shown(state_.codecSize);
-  setTextOf(*Chk_UseCodecOutputDimensions_, size.isEmpty() ? tr("Use the size of the profile")
-                                                           : tr("Use the size of the profile, %1").arg(size));
+  setTextOf(*Chk_UseCodecOutputDimensions_, shown(view_.ownSize));
 }
 
 }  // namespace kvo

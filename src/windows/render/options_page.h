@@ -2,6 +2,7 @@
 // the key that makes it.
 #pragma once
 
+#include "render/options_view.h"
 #include "render/queue_state.h"
 #include "windows/editor/editor_page.h"
 #include "windows/editor/picture_of_clip.h"
@@ -48,8 +49,7 @@ class OptionsPage final : public EditorPage {
   void makeHardware();
   void makeSummary();
   void drawLists();
-  void drawProfiles();
-  void drawMadeFor();
+  void drawBoxes();
   void layOutLists();
   void drawQueue();
   void layOutKinds();
@@ -58,6 +58,7 @@ class OptionsPage final : public EditorPage {
   const QueueState& queueState_;
   const RenderActs& acts_;
   PictureOfClip picture_;
+  OptionsView view_;
   QScrollArea* kinds_ = nullptr;
   QVBoxLayout* rows_ = nullptr;
   std::vector<KindRow*> Opt_CompressorType_;

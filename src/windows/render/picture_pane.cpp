@@ -1,6 +1,7 @@
 #include "windows/render/picture_pane.h"
 
 #include "ui/painting.h"
+#include "ui/pictures.h"
 #include "ui/theme.h"
 
 #include <QPainterPath>
@@ -24,9 +25,7 @@ void PicturePane::draw(const QImage& image) {
 void PicturePane::draw(const std::shared_ptr<const FramePicture>& picture) {
   if (picture == picture_) return;
   picture_ = picture;
-  image_ = picture == nullptr ? QImage()
-                              : QImage(picture->bgr.data(), picture->width, picture->height,
-                                       qsizetype{3} * picture->width, QImage::Format_BGR888);
+  image_ = picture == nullptr ? QImage() : imageOver(*picture);
   update();
 }
 

@@ -1,5 +1,6 @@
 #include "windows/render/render_card.h"
 
+#include "render/work_view.h"
 #include "ui/made.h"
 #include "ui/texts.h"
 #include "ui/theme.h"
@@ -16,6 +17,11 @@
 #include <QVBoxLayout>
 
 namespace kvo {
+namespace {
+
+constexpr QSize kLeastPage(912, 374);  // pixels at size 1, as they are in the smallest window
+
+}  // namespace
 
 RenderCard::RenderCard(const RenderState& state, const QueueState& queue, RenderActs acts,
                        const PictureOfClip& picture, QWidget* parent)
@@ -35,7 +41,7 @@ RenderCard::RenderCard(const RenderState& state, const QueueState& queue, Render
   column->addWidget(head_);
   column->addWidget(frames_, 1);
   for (EditorPage* page : std::initializer_list<EditorPage*>{options_, pair_, work_}) {
-    auto* area = EditorPage::scrolled(page, accessibleName(), frames_);
+    auto* area = EditorPage::scrolled(page, accessibleName(), frames_, kLeastPage);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // So that the round corners of the card are seen below it.
     area->viewport()->setAutoFillBackground(false);
@@ -47,23 +53,6 @@ RenderCard::RenderCard(const RenderState& state, const QueueState& queue, Render
 }
 
 void RenderCard::layOut() { head_->setFixedHeight(themed(RenderHead::kHeight)); }
-
-QString RenderCard::title() const {
-  return state_.heading.empty() ? tr("Create Movie") : told(state_.heading);
-}
-
-int RenderCard::step() const {
-  switch (state_.frame) {
-    case RenderFrame::Estimate:
-      return 2;
-    case RenderFrame::Rendering:
-      return 3;
-    case RenderFrame::Report:
-      return RenderHead::kSteps + 1;
-    default:
-      return 1;
-  }
-}
 
 QWidget* RenderCard::firstFocus() const {
   switch (state_.frame) {
@@ -81,7 +70,7 @@ void RenderCard::draw() {
     drawn_ = RenderFrame::None;
     return;
   }
-  head_->draw(title(), step());
+  head_->draw(told(state_.heading), renderStep(state_.frame));
   const bool isOptions = state_.frame == RenderFrame::Options;
   const bool isPair = state_.frame == RenderFrame::PicInPic;
   frames_->setCurrentIndex(isOptions ? 0 : isPair ? 1 : 2);

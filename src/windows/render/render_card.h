@@ -32,8 +32,6 @@ class RenderCard final : public QFrame {
   void changeEvent(QEvent* event) override;
 
  private:
-  [[nodiscard]] QString title() const;
-  [[nodiscard]] int step() const;
   [[nodiscard]] QWidget* firstFocus() const;
   void layOut();
 

@@ -20,13 +20,6 @@ constexpr std::array kStepNames{
     QT_TRANSLATE_NOOP("kvo::RenderHead", "Options"), QT_TRANSLATE_NOOP("kvo::RenderHead", "Pre-Render"),
     QT_TRANSLATE_NOOP("kvo::RenderHead", "Rendering"), QT_TRANSLATE_NOOP("kvo::RenderHead", "Done")};
 
-QFont headFont(const QWidget& widget, int pixels, QFont::Weight weight) {
-  auto font = widget.font();
-  font.setPixelSize(themed(pixels));
-  font.setWeight(weight);
-  return font;
-}
-
 }  // namespace
 
 RenderHead::RenderHead(QWidget* parent) : QWidget(parent) {}
@@ -47,7 +40,7 @@ void RenderHead::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Painting kept(painter);
   const int middle = height() / 2;
-  painter.setFont(headFont(*this, kHeadTitleText, QFont::DemiBold));
+  painter.setFont(themedFont(*this, kHeadTitleText, QFont::DemiBold));
   painter.setPen(toColour(token("text1")));
   painter.drawText(QRect(themed(kHeadTitleLeft), 0, width() / 2, height()), Qt::AlignVCenter, title_);
   const int first = std::max(width() - themed(kHeadStepRight), width() / 2 - themed(kHeadStepPitch / 2.0));
@@ -71,12 +64,12 @@ void RenderHead::paintEvent(QPaintEvent* /*event*/) {
       painter.drawPolyline(QPolygonF{{QPointF(x - 4 * u, middle + 0.5 * u), QPointF(x - u, middle + 3.5 * u),
                                       QPointF(x + 4.5 * u, middle - 3.5 * u)}});
     } else {
-      painter.setFont(headFont(*this, kHeadStepText - 1, QFont::DemiBold));
+      painter.setFont(themedFont(*this, kHeadStepText - 1, QFont::DemiBold));
       painter.setPen(toColour(isNow ? token("text1") : token("text3")));
       painter.drawText(QRectF(x - radius, middle - radius, 2 * radius, 2 * radius), Qt::AlignCenter,
                        QString::number(step));
     }
-    painter.setFont(headFont(*this, kHeadStepText, isNow ? QFont::DemiBold : QFont::Normal));
+    painter.setFont(themedFont(*this, kHeadStepText, isNow ? QFont::DemiBold : QFont::Normal));
     painter.setPen(toColour(isNow ? token("text1") : isDone ? token("text2") : token("text3")));
     painter.drawText(QRect(x + themed(kHeadNameGap), 0, themed(kHeadStepPitch), height()), Qt::AlignVCenter,
                      nameOf(step));

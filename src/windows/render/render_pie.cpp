@@ -81,17 +81,12 @@ void RenderPieBar::paintShare(QPainter& painter, const QRectF& hole) const {
         {at + QPointF(-kPieTick, 2) * u, at + QPointF(-8, 26) * u, at + QPointF(kPieTick, -22) * u}});
     return;
   }
-  auto font = this->font();
-  font.setPixelSize(themed(kPieShareText));
-  font.setWeight(QFont::DemiBold);
-  painter.setFont(font);
+  painter.setFont(themedFont(*this, kPieShareText, QFont::DemiBold));
   painter.setPen(toColour(token("text1")));
   const double line = themed(kPieShareText);
   painter.drawText(hole.translated(0, -line / 4), Qt::AlignCenter,
                    QString("%1%").arg(std::lround(pie_.percent)));
-  font.setPixelSize(themed(kPieBelowText));
-  font.setWeight(QFont::Normal);
-  painter.setFont(font);
+  painter.setFont(themedFont(*this, kPieBelowText, QFont::Normal));
   painter.setPen(toColour(token("text2")));
   painter.drawText(hole.translated(0, line * 3 / 4), Qt::AlignCenter, below_);
 }

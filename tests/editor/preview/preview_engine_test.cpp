@@ -20,6 +20,12 @@ TEST(Preview, PlacesInFiguresAndAmongTheClips) {
                                       {-1.0, "00:00.0000"}}) {
     EXPECT_EQ(positionText(seconds), text);
   }
+  PreviewState state;
+  EXPECT_EQ(previewTitle(state), "Nothing to Preview");
+  state.title = "beach -->  hills";
+  EXPECT_EQ(previewTitle(state), "beach \u2192 hills");
+  state.failure = "no such file";
+  EXPECT_EQ(previewTitle(state), "no such file");
   PreviewBench b;
   EXPECT_EQ(clipAt(b.collection, 1), 0) << "nothing has a place yet";
   b.addMusic("song.mp3", 0, 60).TimeLineStop(Value(60));
