@@ -1,6 +1,7 @@
 // The preview's picture and the row under it, driven as a user drives them.
 #include "windows/editor/position_row_part.h"
 #include "windows/editor/preview_part.h"
+#include "windows/named_parts.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -76,12 +77,8 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
   auto* bar = row.findChild<QSlider*>();
   EXPECT_EQ(bar->value(), 920);
   EXPECT_EQ(told, "") << "what it draws nobody has done";
-  for (auto* key : row.findChildren<QAbstractButton*>()) {
-    EXPECT_GE(key->width(), 24);
-    EXPECT_GE(key->height(), 24);
-    EXPECT_FALSE(key->accessibleName().isEmpty());
-    QTest::mouseClick(key, Qt::LeftButton);
-  }
+  EXPECT_EQ(test::expectNamed(row, 24), 6);
+  for (auto* key : row.findChildren<QAbstractButton*>()) QTest::mouseClick(key, Qt::LeftButton);
   EXPECT_EQ(told, "start back play on end ");
   told.clear();
   QTest::keyClick(bar, Qt::Key_Right);
