@@ -249,12 +249,14 @@ TEST(FrmKeyframe, KeysSlidersAndDiamonds) {
   owner.show();
   std::vector<Long> shownFrames;
   int steps = 0;
+  FrmKeyframe* drawn = nullptr;
+  b.logic.acted = [&] { drawn->draw(&owner); };
   FrmKeyframe window(
       state, b.logic,
       {[&](Long frame) { shownFrames.push_back(frame); },
        [&](int by) { return steps = by, std::string(by > 0 ? "There is nothing to redo" : ""); },
        {}});
-  b.logic.acted = [&] { window.draw(&owner); };
+  drawn = &window;
   window.draw(&owner);
   window.move(37, 91);
   window.draw(nullptr);

@@ -68,8 +68,7 @@ TEST(SkinnedFace, MarksAreDraggedSteppedAndCleared) {
   EXPECT_EQ(b.window.list.ListIndex, 0) << "no key of a handle moves the list";
   b.click("Mark-Out", Qt::RightButton);
   EXPECT_EQ(clip.LoopEnd().number(), 10);
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   EXPECT_EQ(b.find("Mark-In"), nullptr) << "a still has no marks";
 }
 
@@ -158,8 +157,7 @@ TEST(SkinnedFace, TheKnobTurnsTheVolume) {
   QTest::mouseRelease(&knob, Qt::LeftButton, {}, {19, 79});
   b.click("Undo");
   EXPECT_EQ(volume(), 100) << "however much it was turned, it is one step";
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   EXPECT_FALSE(b.at("Volume").isEnabled()) << "a still has no sound";
 }
 

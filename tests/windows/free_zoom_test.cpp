@@ -87,8 +87,7 @@ TEST(FullPicture, CoversTheScreenUntilEscape) {
   EXPECT_FALSE(b.window.mode.player.fullScreen);
   b.key(Qt::Key_Return, Qt::AltModifier);
   ASSERT_NE(full(), nullptr);
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   ASSERT_NE(full(), nullptr) << "another clip is shown there too";
   b.waitForPicture();
   EXPECT_EQ(b.window.picture.wish.path, "/v/c.jpg");
@@ -117,8 +116,7 @@ TEST(FreeZoom, APictureGoesWithThePointerOverItsSliderWhichCanBePressed) {
   QTest::mouseRelease(&toolbar, Qt::LeftButton, {}, middle);
   EXPECT_NEAR(b.links.player().PlayerGetCurrentPosition(), 5, 0.1);
   EXPECT_GE(b.at("Position").width(), 24);
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   EXPECT_EQ(b.find("Position"), nullptr) << "a still has no place";
   EXPECT_EQ(b.at("Picture").geometry(), QRect(0, 46, 700, 454)) << "and fills what the toolbar leaves";
 }

@@ -11,7 +11,8 @@
 namespace kvo::test {
 
 inline QString nameOf(QWidget& part) {
-  return QAccessible::queryAccessibleInterface(&part)->text(QAccessible::Name);
+  const auto given = part.accessibleName();
+  return given.isEmpty() ? QAccessible::queryAccessibleInterface(&part)->text(QAccessible::Name) : given;
 }
 
 /// The part of this name; null, and the test fails, where there is none.

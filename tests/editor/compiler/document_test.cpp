@@ -66,6 +66,8 @@ TEST(Document, TwoClipsWithAFade) {
   EXPECT_EQ(second.TimeLineStop().text(), "8.0000");
   EXPECT_EQ(second.ExtraParamName1(), "");
   EXPECT_EQ(b.editor.VideoTotalTime, "8.0000");
+  b.editor.texts.VideoTrackText.clear();
+  b.settings.state.ObjectChange = 96;
   CreateClipLine(b.editing, true, {.TransitionZero = true});
   EXPECT_EQ(countOf(b.editor.texts.VideoTrackText, "<transition"), 0U) << "a pass for the times";
 }

@@ -63,7 +63,7 @@ TEST(EditorDesk, TheWatchLooksAtTheMembership) {
   b.history.undo(2);
   b.tick();
   EXPECT_FALSE(b.state.nothingToPreview);
-  EXPECT_EQ(b.totals(), "029.000 030.000(s) red");
+  EXPECT_EQ(b.totals(), "029.000 029.000(s)");
 }
 
 TEST(EditorDesk, EveryKeyDoesItsWorkWhereItCan) {

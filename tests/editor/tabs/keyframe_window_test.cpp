@@ -87,11 +87,12 @@ TEST(KeyframeWindow, KeyframesAreAddedChosenAndDeleted) {
         Row{"one there", [&] { b.add(100); }, "0:0 100:0.3 ", 1, ""},
         Row{"between", [&] { b.add(50); }, "0:0 50:0.3 100:0.3 ", 2,
             "edit New keyframe 1 0, sample Keyframe 1"},
-        Row{"chosen", [&] { chooseKeyframe(b.editing, b.window, b.host, 1); }, "0:0 50:0.3 100:0.3 ", 1, ""},
+        Row{"chosen", [&] { chooseKeyframe(b.editing, b.window, b.host, 1); }, "0:0 50:0.3 100:0.3 ", 1,
+            "sample Keyframe 1"},
         Row{"deleted", [&] { deleteChosenKeyframe(b.editing, b.window, b.host); }, "0:0 50:0.3 ", 0,
             "edit Delete keyframe 1 0, sample Keyframe 1"},
         Row{"all", [&] { deleteAllKeyframes(b.editing, b.window, b.host); }, "0:0 ", 0,
-            "edit Delete keyframes 1 0, sample Keyframe 1"},
+            "edit Delete all keyframes 1 0, sample Keyframe 1"},
         Row{"the only one stays", [&] { deleteChosenKeyframe(b.editing, b.window, b.host); }, "0:0 ", 0,
             ""}}) {
     row.act();

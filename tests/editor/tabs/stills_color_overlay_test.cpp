@@ -138,7 +138,8 @@ TEST(ColorTab, EachLevelWritesItsField) {
     followTab(b.editing, tab, b.host, true);
     EXPECT_EQ(tab.enabled && tab.levels[0].Enabled, chosenElsewhere < 4);
   }
-  EXPECT_EQ(b.host.look(), "edit Red 2 0, sample Colour 1, kill") << "the third clip is as it was";
+  EXPECT_EQ(b.host.look(), "edit Red 2 0, kill, sample Colour 1, kill")
+      << "music and the third clip have nothing to show";
 }
 
 struct OverlayBench : TabBench {

@@ -212,8 +212,9 @@ TEST(TransitionTab, ParticlesAreOptionsOfTheCollection) {
   };
   b.rules.changeParticles({false, 300, 20, 55, 4, 5});
   EXPECT_EQ(kept(), std::tuple(false, 300, 20, 5, 0.4F, 0.5F));
-  b.tab.particles.Chk_UseParticleDefaults = true;
-  b.rules.changeParticles(b.tab.particles);
+  auto defaults = b.tab.particles;
+  defaults.Chk_UseParticleDefaults = true;
+  b.rules.changeParticles(defaults);
   EXPECT_EQ(kept(), std::tuple(true, 300, 20, 5, 0.0F, 0.3F));
 }
 

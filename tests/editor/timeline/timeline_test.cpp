@@ -201,8 +201,8 @@ TEST(TimelineWrites, AMarkIsInSecondsAndInPictures) {
            clip.LoopEnd().text() + " " + std::to_string(clip.LoopEndFrames());
   };
   EXPECT_EQ(marks(), "2.4 60, 7.2 180");
-  writeMark(clip, {1, ClipEdge::Out, 10.02, 250});
-  EXPECT_EQ(marks(), "2.4 60, 10.02 251") << "the file's own length";
+  writeMark(clip, {1, ClipEdge::Out, 10.02, 249});
+  EXPECT_EQ(marks(), "2.4 60, 10.02 250") << "the file's own length";
 }
 
 }  // namespace
