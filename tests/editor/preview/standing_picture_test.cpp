@@ -60,7 +60,9 @@ TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
     step.act();
     b.settle();
     EXPECT_EQ(b.seen(), step.atOnce) << step.what;
-    EXPECT_EQ(b.shown(), step.then) << step.what;
+    if (step.then >= 0) {  // it comes
+      EXPECT_EQ(b.shown(), step.then) << step.what;
+    }
     if (b.state.failure.empty()) {
       EXPECT_EQ(b.state.title, b.collection.MovieList[b.collection.icurMov].MovieName()) << step.what;
     }
@@ -97,7 +99,9 @@ TEST(StandingPicture, AFrameStandsUntilSomethingElseIsToBeSeen) {
     b.keyframesOpen = !row.isMark;
     if (row.isMark) b.standing.showMark("/v/beach.avi", 5);
     if (!row.isMark) b.standing.showKeyframe(b.collection.MovieList[1], 125, 25);
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(b.shown(), 5) << row.what;
+    EXPECT_EQ(b.shown(), 5) << row.what;
+    b.settle();
+    EXPECT_EQ(b.seen(), 5) << row.what;
     row.act(b);
     EXPECT_EQ(b.shown(), row.shown) << row.what;
   }
