@@ -255,70 +255,72 @@ TEST_F(Bus, OnlyWhatDiffersGoesOut) {
   EXPECT_EQ(countOf(text, "member=Seeked"), 1U) << text;
 }
 
-// A desktop's screen saver, or its portal.
-class Saver : public QDBusVirtualObject {
+// What stands on the bus for the desktop, under these names.
+class OnTheBus : public QDBusVirtualObject {
  public:
-  std::string calls;
-  bool isPortal = false;
+  using Answer = std::function<QDBusMessage(const QDBusMessage&)>;
+  OnTheBus(const std::string& address, const char* path, std::initializer_list<const char*> names,
+           Answer answer)
+      : bus_(QDBusConnection::connectToBus(QString::fromStdString(address), "desktop")),
+        answer_(std::move(answer)) {
+    EXPECT_TRUE(bus_.registerVirtualObject(path, this, QDBusConnection::SubPath));
+    for (const auto* name : names) EXPECT_TRUE(bus_.registerService(name));
+  }
+  OnTheBus(const OnTheBus&) = delete;
+  OnTheBus& operator=(const OnTheBus&) = delete;
+  ~OnTheBus() override { QDBusConnection::disconnectFromBus("desktop"); }
+
+  std::string calls;  ///< "Inhibit [sleep] ": what was asked of it, with its texts
   QString introspect(const QString& /*path*/) const override { return {}; }
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
     calls += message.member().toStdString() + " ";
-    if (message.member() == "UnInhibit") calls += message.arguments()[0].toString().toStdString() + " ";
-    auto reply = message.createReply();
-    if (message.member() == "Inhibit")
-      reply << (isPortal ? QVariant::fromValue(QDBusObjectPath("/org/freedesktop/portal/desktop/request/1"))
-                         : QVariant(42U));
-    connection.send(reply);
+    for (const auto& argument : message.arguments())
+      if (argument.typeId() == QMetaType::QString) calls += "[" + argument.toString().toStdString() + "] ";
+    connection.send(answer_(message));
     return true;
   }
+
+ private:
+  QDBusConnection bus_;
+  Answer answer_;
 };
 
-TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
-  for (const bool portal : {false, true}) {
-    auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "desktop");
-    Saver saver;
-    saver.isPortal = portal;
-    const char* path = portal ? "/org/freedesktop/portal/desktop" : "/org/freedesktop/ScreenSaver";
-    ASSERT_TRUE(desktop.registerVirtualObject(path, &saver, QDBusConnection::SubPath));
-    ASSERT_TRUE(
-        desktop.registerService(portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"));
-    BusScreenSaver awake;
-    awake.inhibit(true);
-    awake.inhibit(true);
-    ASSERT_TRUE(until([&] { return saver.calls == "Inhibit "; })) << saver.calls;
-    for (int i = 0; i < 20; ++i) {  // its answer comes
-      QCoreApplication::processEvents();
-      std::this_thread::sleep_for(5ms);
-    }
-    awake.inhibit(false);
-    const std::string end = portal ? "Inhibit Close " : "Inhibit UnInhibit 42 ";
-    EXPECT_TRUE(until([&] { return saver.calls == end; })) << saver.calls;
-    // An end that comes ahead of the answer is not forgotten; no portal is asked for what is over.
-    saver.calls.clear();
-    awake.inhibit(true);
-    awake.inhibit(false);
-    EXPECT_TRUE(portal || until([&] { return saver.calls == end; })) << saver.calls;
-    QDBusConnection::disconnectFromBus("desktop");
+// Time for an answer to come.
+void turnAWhile() {
+  for (int i = 0; i < 20; ++i) {
+    QCoreApplication::processEvents();
+    std::this_thread::sleep_for(5ms);
   }
 }
 
-// A portal that knows the setting of one kind of desktop.
-class Settings : public QDBusVirtualObject {
- public:
-  QString key;
-  QVariant value;
-  int asked = 0;
-  QString introspect(const QString& /*path*/) const override { return {}; }
-  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-    ++asked;
-    const QVariant inside = QVariant::fromValue(QDBusVariant(value));
-    connection.send(
-        message.arguments().value(1) == key
-            ? message.createReply(QVariant::fromValue(QDBusVariant(inside)))
-            : message.createErrorReply("org.freedesktop.portal.Error.NotFound", "no such setting"));
-    return true;
+TEST_F(Bus, TheScreenSaverIsAskedAndThePortalWhereThereIsNone) {
+  for (const bool portal : {false, true}) {
+    std::string calls;
+    const OnTheBus desktop(
+        bus->address(), portal ? "/org/freedesktop/portal/desktop" : "/org/freedesktop/ScreenSaver",
+        {portal ? "org.freedesktop.portal.Desktop" : "org.freedesktop.ScreenSaver"},
+        [&](const QDBusMessage& message) {
+          calls += message.member().toStdString() + " ";
+          if (message.member() == "UnInhibit") calls += message.arguments()[0].toString().toStdString() + " ";
+          if (message.member() != "Inhibit") return message.createReply();
+          const QDBusObjectPath request("/org/freedesktop/portal/desktop/request/1");
+          return message.createReply(portal ? QVariant::fromValue(request) : QVariant(42U));
+        });
+    BusScreenSaver awake;
+    awake.inhibit(true);
+    awake.inhibit(true);
+    ASSERT_TRUE(until([&] { return calls == "Inhibit "; })) << calls;
+    turnAWhile();
+    awake.inhibit(false);
+    const std::string end = portal ? "Inhibit Close " : "Inhibit UnInhibit 42 ";
+    EXPECT_TRUE(until([&] { return calls == end; })) << calls;
+    // An end that comes ahead of the answer is not forgotten; no portal is asked for what is over.
+    calls.clear();
+    awake.inhibit(true);
+    awake.inhibit(false);
+    EXPECT_TRUE(portal || until([&] { return calls == end; })) << calls;
   }
-};
+}
 
 TEST_F(Bus, ThePortalTellsWhetherLittleShouldMove) {
   struct Row {
@@ -333,88 +335,54 @@ TEST_F(Bus, ThePortalTellsWhetherLittleShouldMove) {
                           {"AnimationDurationFactor", "0", true},
                           {"AnimationDurationFactor", "0.5", false},
                           {"AnimationDurationFactor", "slow", false}}) {
-    auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "desktop");
-    Settings settings;
-    settings.key = row.key;
-    settings.value = row.value;
-    ASSERT_TRUE(desktop.registerVirtualObject("/org/freedesktop/portal/desktop", &settings));
-    ASSERT_TRUE(desktop.registerService("org.freedesktop.portal.Desktop"));
+    int asked = 0;
+    const OnTheBus desktop(bus->address(), "/org/freedesktop/portal/desktop",
+                           {"org.freedesktop.portal.Desktop"}, [&](const QDBusMessage& message) {
+                             ++asked;
+                             const auto inside = QVariant::fromValue(QDBusVariant(row.value));
+                             return message.arguments().value(1).toString() == row.key
+                                        ? message.createReply(QVariant::fromValue(QDBusVariant(inside)))
+                                        : message.createErrorReply("org.freedesktop.portal.Error.NotFound",
+                                                                   "no such setting");
+                           });
     BusMotion motion;
     EXPECT_FALSE(motion.isReduced()) << "it is not waited for";
-    ASSERT_TRUE(until([&] { return settings.asked == 3; }));
-    const auto isThere = [&] { return motion.isReduced(); };
-    if (row.isReduced) {
-      EXPECT_TRUE(until(isThere)) << row.key;
-    } else {
-      for (int i = 0; i < 20; ++i) {
-        QCoreApplication::processEvents();
-        std::this_thread::sleep_for(5ms);
-      }
-      EXPECT_FALSE(isThere()) << row.key << " " << row.value.toString().toStdString();
-    }
-    QDBusConnection::disconnectFromBus("desktop");
+    ASSERT_TRUE(until([&] { return asked == 3; }));
+    if (!row.isReduced) turnAWhile();
+    EXPECT_TRUE(until([&] { return motion.isReduced() == row.isReduced; }))
+        << row.key << " " << row.value.toString().toStdString();
   }
 }
 
-// The login manager, which gives out the end of a pipe, and who shows notifications.
-class Sleeper : public QDBusVirtualObject {
- public:
-  Sleeper() {
-    std::array<int, 2> pipe{};
-    EXPECT_EQ(::pipe2(pipe.data(), O_CLOEXEC | O_NONBLOCK), 0);
-    held_ = pipe[0];
-    given_ = QDBusUnixFileDescriptor(pipe[1]);
-    ::close(pipe[1]);
-  }
-  Sleeper(const Sleeper&) = delete;
-  Sleeper& operator=(const Sleeper&) = delete;
-  ~Sleeper() override { ::close(held_); }
-
-  std::string calls;
-  // Whoever has the other end has closed it.
-  [[nodiscard]] bool isReleased() const {
-    char byte = 0;
-    return ::read(held_, &byte, 1) == 0;
-  }
-  QString introspect(const QString& /*path*/) const override { return {}; }
-  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-    calls += message.member().toStdString() + " ";
-    for (const auto& argument : message.arguments())
-      if (argument.typeId() == QMetaType::QString) calls += "[" + argument.toString().toStdString() + "] ";
-    auto reply = message.createReply();
-    if (message.member() == "Inhibit") reply << QVariant::fromValue(given_);
-    connection.send(reply);
-    given_ = {};
-    return true;
-  }
-
- private:
-  int held_ = -1;
-  QDBusUnixFileDescriptor given_;
-};
-
+// The login manager gives out the end of a pipe, and somebody shows notifications.
 TEST_F(Bus, LongWorkHoldsSleepOffAndTellsOfItsEnd) {
-  auto desktop = QDBusConnection::connectToBus(QString::fromStdString(bus->address()), "sleeper");
-  Sleeper sleeper;
-  ASSERT_TRUE(desktop.registerVirtualObject("/org/freedesktop", &sleeper, QDBusConnection::SubPath));
-  for (const auto* name : {"org.freedesktop.login1", "org.freedesktop.Notifications"})
-    ASSERT_TRUE(desktop.registerService(name));
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC | O_NONBLOCK), 0);
+  QDBusUnixFileDescriptor given(pipe[1]);
+  ::close(pipe[1]);
+  OnTheBus desktop(bus->address(), "/org/freedesktop",
+                   {"org.freedesktop.login1", "org.freedesktop.Notifications"},
+                   [&](const QDBusMessage& message) {
+                     return message.member() == "Inhibit"
+                                ? message.createReply(QVariant::fromValue(std::exchange(given, {})))
+                                : message.createReply();
+                   });
+  const auto isReleased = [&] {  // whoever has the other end has closed it
+    char byte = 0;
+    return ::read(pipe[0], &byte, 1) == 0;
+  };
   LongWorkBus work;
   work.keepAwake("A movie is made");
-  ASSERT_TRUE(until([&] { return !sleeper.calls.empty(); }));
-  EXPECT_EQ(sleeper.calls, "Inhibit [sleep:idle] [KVO5] [A movie is made] [block] ");
-  for (int i = 0; i < 20; ++i) {  // its answer comes
-    QCoreApplication::processEvents();
-    std::this_thread::sleep_for(5ms);
-  }
-  EXPECT_FALSE(sleeper.isReleased());
+  ASSERT_TRUE(until([&] { return !desktop.calls.empty(); }));
+  EXPECT_EQ(std::exchange(desktop.calls, ""), "Inhibit [sleep:idle] [KVO5] [A movie is made] [block] ");
+  turnAWhile();
+  EXPECT_FALSE(isReleased());
   work.letSleep();
-  EXPECT_TRUE(until([&] { return sleeper.isReleased(); }));
-  sleeper.calls.clear();
+  EXPECT_TRUE(until(isReleased));
   work.tell("KVO5", "a<b.wmv has been created !");
-  EXPECT_TRUE(until([&] { return !sleeper.calls.empty(); }));
-  EXPECT_EQ(sleeper.calls, "Notify [KVO5] [kvo5] [KVO5] [a&lt;b.wmv has been created !] ");
-  QDBusConnection::disconnectFromBus("sleeper");
+  EXPECT_TRUE(until([&] { return !desktop.calls.empty(); }));
+  EXPECT_EQ(desktop.calls, "Notify [KVO5] [kvo5] [KVO5] [a&lt;b.wmv has been created !] ");
+  ::close(pipe[0]);
 }
 
 }  // namespace

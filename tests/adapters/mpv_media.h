@@ -12,6 +12,10 @@
 
 namespace kvo::test {
 
+// Codecs with key pictures a second apart, and with pictures that look ahead.
+inline const std::vector<std::string> kH264 = {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"};
+inline const std::vector<std::string> kWmv = {"-c:v", "wmv2", "-q:v", "2", "-g", "20"};
+
 inline constexpr int kGreyStep = 4;  // levels of luma from one picture to the next
 
 // Pictures 0 to 49, each a little brighter than the one before, with the times that `stamps` gives them.

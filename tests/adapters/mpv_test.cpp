@@ -28,6 +28,8 @@
 namespace kvo {
 namespace {
 
+using test::kH264;
+using test::kWmv;
 using test::makeNumbered;
 using test::numberOfGrey;
 using test::Server;
@@ -86,13 +88,8 @@ struct Bench {
 
 TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
   Bench bench;
-  const std::vector<std::string> h264 = {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"};
-  const std::vector<std::string> wmv = {"-c:v", "wmv2", "-q:v", "2", "-g", "20"};
-  const std::string uneven = test::kUneven;
-  const auto with = [](std::vector<std::string> words, std::initializer_list<std::string> more) {
-    words.insert(words.end(), more);
-    return words;
-  };
+  auto inMilliseconds = kH264;
+  inMilliseconds.insert(inMilliseconds.end(), {"-video_track_timescale", "1000"});
   struct Row {
     std::string name;
     std::string rate;
@@ -100,11 +97,11 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     std::vector<std::string> codec;
     int beside = 0;  // how many pictures it may be off
   };
-  for (const auto& row : {Row{"even.mp4", "25", "", h264}, Row{"ntsc.mp4", "30000/1001", "", h264},
-                          Row{"uneven.mp4", "25", uneven, with(h264, {"-video_track_timescale", "1000"})},
-                          Row{"uneven.mkv", "25", uneven, h264}, Row{"even.wmv", "30", "", wmv},
+  for (const auto& row : {Row{"even.mp4", "25", "", kH264}, Row{"ntsc.mp4", "30000/1001", "", kH264},
+                          Row{"uneven.mp4", "25", test::kUneven, inMilliseconds},
+                          Row{"uneven.mkv", "25", test::kUneven, kH264}, Row{"even.wmv", "30", "", kWmv},
                           Row{"b.avi", "25", "", {"-c:v", "mpeg4", "-q:v", "1", "-g", "20", "-bf", "2"}, 1},
-                          Row{"b.ts", "25", "", h264, 1}}) {
+                          Row{"b.ts", "25", "", kH264, 1}}) {
     SCOPED_TRACE(row.name);
     const auto path = makeNumbered(bench.folder, row.name, row.rate, row.stamps, row.codec);
     auto& engine = bench.engine;
@@ -172,17 +169,15 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
   NoKeys keys;
   PlayerFacade player(
       {mode, collection, settings, bench.engine, bench.graphs, bench.facts, counts, probe, boxes, keys});
-  const std::vector<std::string> h264 = {"-c:v", "libx264", "-crf", "4", "-g", "20", "-bf", "2"};
-  const std::vector<std::string> wmv = {"-c:v", "wmv2", "-q:v", "2", "-g", "20"};
   const struct {
     const char* name;
     bool uneven;
     const std::vector<std::string>& codec;
     bool graph;
-  } rows[] = {{"frames.mp4", false, h264, false},
-              {"frames.wmv", false, wmv, true},
-              {"uneven.mkv", true, h264, false},
-              {"uneven.wmv", true, wmv, true}};
+  } rows[] = {{"frames.mp4", false, kH264, false},
+              {"frames.wmv", false, kWmv, true},
+              {"uneven.mkv", true, kH264, false},
+              {"uneven.wmv", true, kWmv, true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const auto path = row.uneven ? makeNumbered(bench.folder, row.name, "25", test::kUneven, row.codec)

@@ -1,34 +1,23 @@
 #include "adapters/posix/posix_files.h"
 
 #include "adapters/posix/posix_name_locks.h"
+#include "support/real_world.h"
 
 #include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-class PosixFilesTest : public testing::Test {
- protected:
-  void SetUp() override {
-    char name[] = "/tmp/kvo-files-XXXXXX";
-    folder_ = mkdtemp(name);
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-  [[nodiscard]] int entries() const {
-    return static_cast<int>(std::distance(std::filesystem::directory_iterator(folder_), {}));
-  }
-
-  std::string folder_;
+struct PosixFilesTest : testing::Test {
+  test::ScratchFolder folder_;
   PosixFiles files_;
 };
 
 TEST_F(PosixFilesTest, AReplacementIsSeenOnlyAfterCommit) {
-  const auto path = folder_ + "/a.txt";
+  const auto path = folder_ / "a.txt";
   ASSERT_TRUE(writeDurably(files_, path, "old"));
   ::chmod(path.c_str(), 0640);
   {
@@ -38,28 +27,28 @@ TEST_F(PosixFilesTest, AReplacementIsSeenOnlyAfterCommit) {
     EXPECT_EQ(*files_.read(path, 100), "old");
   }
   EXPECT_EQ(*files_.read(path, 100), "old");
-  EXPECT_EQ(entries(), 1);
+  EXPECT_EQ(folder_.names().size(), 1U);
 
   auto kept = files_.replace(path);
   ASSERT_TRUE((*kept)->write(4, "new"));
   ASSERT_TRUE((*kept)->commit());
   EXPECT_EQ(*files_.read(path, 100), std::string("\0\0\0\0new", 7));
-  EXPECT_EQ(entries(), 1);
+  EXPECT_EQ(folder_.names().size(), 1U);
   struct stat found {};
   ::stat(path.c_str(), &found);
   EXPECT_EQ(found.st_mode & 0777U, 0640U);
 }
 
 TEST_F(PosixFilesTest, ALinkIsFollowed) {
-  ASSERT_TRUE(writeDurably(files_, folder_ + "/target", "old"));
-  std::filesystem::create_symlink("target", folder_ + "/link");
-  ASSERT_TRUE(writeDurably(files_, folder_ + "/link", "new"));
-  EXPECT_TRUE(std::filesystem::is_symlink(folder_ + "/link"));
-  EXPECT_EQ(*files_.read(folder_ + "/target", 100), "new");
+  ASSERT_TRUE(writeDurably(files_, folder_ / "target", "old"));
+  std::filesystem::create_symlink("target", folder_ / "link");
+  ASSERT_TRUE(writeDurably(files_, folder_ / "link", "new"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "link"));
+  EXPECT_EQ(*files_.read(folder_ / "target", 100), "new");
 }
 
 TEST_F(PosixFilesTest, WhatIsNoFileIsNotWaitedFor) {
-  const auto pipe = folder_ + "/pipe";
+  const auto pipe = folder_ / "pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   EXPECT_FALSE(files_.read(pipe, 100));
 }
@@ -67,29 +56,29 @@ TEST_F(PosixFilesTest, WhatIsNoFileIsNotWaitedFor) {
 TEST_F(PosixFilesTest, ANameIsHeldByOneAtATime) {
   PosixNameLocks locks;
   PosixNameLocks others;
-  auto held = locks.tryLock(folder_ + "/name");
+  auto held = locks.tryLock(folder_ / "name");
   ASSERT_TRUE(held && *held);
-  EXPECT_EQ(others.tryLock(folder_ + "/name").value(), nullptr);
+  EXPECT_EQ(others.tryLock(folder_ / "name").value(), nullptr);
   held->reset();
-  EXPECT_NE(others.tryLock(folder_ + "/name").value(), nullptr);
-  EXPECT_FALSE(locks.tryLock(folder_ + "/nowhere/name"));
+  EXPECT_NE(others.tryLock(folder_ / "name").value(), nullptr);
+  EXPECT_FALSE(locks.tryLock(folder_ / "nowhere/name"));
 }
 
 TEST_F(PosixFilesTest, OnlyAFolderIsWrittenInto) {
-  ASSERT_TRUE(writeDurably(files_, folder_ + "/file", ""));
-  ::chmod((folder_ + "/file").c_str(), 0777);
-  EXPECT_TRUE(files_.mayWriteInto(folder_ + "/"));
-  EXPECT_FALSE(files_.mayWriteInto(folder_ + "/file") || files_.mayWriteInto(folder_ + "/none"));
+  ASSERT_TRUE(writeDurably(files_, folder_ / "file", ""));
+  ::chmod((folder_ / "file").c_str(), 0777);
+  EXPECT_TRUE(files_.mayWriteInto(folder_ / ""));
+  EXPECT_FALSE(files_.mayWriteInto(folder_ / "file") || files_.mayWriteInto(folder_ / "none"));
 }
 
 TEST_F(PosixFilesTest, FailuresNameTheFile) {
-  const auto missing = files_.read(folder_ + "/none", 10);
+  const auto missing = files_.read(folder_ / "none", 10);
   ASSERT_FALSE(missing);
   EXPECT_NE(missing.error().text.find("/none"), std::string::npos);
-  EXPECT_FALSE(files_.replace(folder_ + "/nowhere/a"));
-  EXPECT_FALSE(files_.replace(folder_));
-  ASSERT_TRUE(writeDurably(files_, folder_ + "/big", std::string(11, 'x')));
-  EXPECT_FALSE(files_.read(folder_ + "/big", 10));
+  EXPECT_FALSE(files_.replace(folder_ / "nowhere/a"));
+  EXPECT_FALSE(files_.replace(folder_.path()));
+  ASSERT_TRUE(writeDurably(files_, folder_ / "big", std::string(11, 'x')));
+  EXPECT_FALSE(files_.read(folder_ / "big", 10));
   EXPECT_FALSE(files_.read("/dev", 10));
 }
 

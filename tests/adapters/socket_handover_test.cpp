@@ -32,10 +32,14 @@ bool sendRaw(const std::string& path, const std::string& bytes) {
   return sent == static_cast<ssize_t>(bytes.size());
 }
 
-TEST(SocketHandover, LeavesTheLastTextWithTheFirstCopy) {
-  const test::ScratchFolder folder;
-  SocketHandover first(folder.path(), "a");
-  SocketHandover second(folder.path(), "a");
+// Two copies of one program.
+struct SocketHandoverTest : testing::Test {
+  test::ScratchFolder folder;
+  SocketHandover first{folder.path(), "a"};
+  SocketHandover second{folder.path(), "a"};
+};
+
+TEST_F(SocketHandoverTest, LeavesTheLastTextWithTheFirstCopy) {
   SocketHandover otherFolder(folder.path(), "b");
   ASSERT_TRUE(first.becomeFirst());
   EXPECT_FALSE(second.becomeFirst());
@@ -48,10 +52,7 @@ TEST(SocketHandover, LeavesTheLastTextWithTheFirstCopy) {
   EXPECT_FALSE(otherFolder.take());
 }
 
-TEST(SocketHandover, IsHarmedByNothingThatIsSent) {
-  const test::ScratchFolder folder;
-  SocketHandover first(folder.path(), "a");
-  SocketHandover second(folder.path(), "a");
+TEST_F(SocketHandoverTest, IsHarmedByNothingThatIsSent) {
   ASSERT_TRUE(first.becomeFirst());
   EXPECT_FALSE(second.send(std::string(1U << 20U, 'x'))) << "a megabyte is not sent";
   sendRaw(folder / "a.socket", std::string(300U << 10U, 'x'));
@@ -74,8 +75,7 @@ TEST(SocketHandover, IsHarmedByNothingThatIsSent) {
   EXPECT_EQ(first.take(), "still there");
 }
 
-TEST(SocketHandover, TakesTheSocketOfACrashedCopyOver) {
-  const test::ScratchFolder folder;
+TEST_F(SocketHandoverTest, TakesTheSocketOfACrashedCopyOver) {
   const auto child = ::fork();
   if (child == 0) {
     auto* crashing = new SocketHandover(folder.path(), "a");  // NOLINT: it is never to be cleared away
@@ -85,27 +85,21 @@ TEST(SocketHandover, TakesTheSocketOfACrashedCopyOver) {
   ::waitpid(child, &status, 0);
   ASSERT_EQ(WEXITSTATUS(status), 0);
   ASSERT_TRUE(std::filesystem::exists(folder / "a.socket"));
-  SocketHandover next(folder.path(), "a");
-  SocketHandover later(folder.path(), "a");
-  EXPECT_TRUE(next.becomeFirst());
-  EXPECT_TRUE(later.send("hello"));
-  EXPECT_EQ(next.take(), "hello");
+  EXPECT_TRUE(first.becomeFirst());
+  EXPECT_TRUE(second.send("hello"));
+  EXPECT_EQ(first.take(), "hello");
 }
 
-TEST(SocketHandover, WithoutTheLockTheMailboxIsSomebodyElses) {
-  const test::ScratchFolder folder;
-  SocketHandover first(folder.path(), "a");
-  SocketHandover other(folder.path(), "a");
+TEST_F(SocketHandoverTest, WithoutTheLockTheMailboxIsSomebodyElses) {
   ASSERT_TRUE(first.becomeFirst());
   std::filesystem::remove(folder / "a.lock");
   std::filesystem::create_directory(folder / "a.lock");
-  EXPECT_TRUE(other.becomeFirst()) << "the program runs all the same";
-  EXPECT_TRUE(other.send("x"));
+  EXPECT_TRUE(second.becomeFirst()) << "the program runs all the same";
+  EXPECT_TRUE(second.send("x"));
   EXPECT_EQ(first.take(), "x");
 }
 
-TEST(SocketHandover, UsesOnlyAFolderOfTheUsersOwn) {
-  const test::ScratchFolder folder;
+TEST_F(SocketHandoverTest, UsesOnlyAFolderOfTheUsersOwn) {
   ::setenv("XDG_RUNTIME_DIR", folder.path().c_str(), 1);
   EXPECT_EQ(handoverFolder(), folder.path());
   ::chmod(folder.path().c_str(), 0777);

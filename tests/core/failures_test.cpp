@@ -3,19 +3,16 @@
 #include "core/telling/message_table.h"
 #include "core/telling/messages.h"
 #include "support/fakes.h"
-#include "support/memory_store.h"
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-struct FailuresBench : test::Bench {
-  test::MemoryStore store;
-};
+using test::Bench;
 
 TEST(ErrorLog, EntriesHaveTheirExactBytes) {
-  FailuresBench b;
+  Bench b;
   b.log.LogError("text");
   EXPECT_EQ(b.files.all["/prog/KVOError.Log"],
             "text Error Logged at >>  - 07-03-2026  -  \r 07-03-2026  -   2:05:09 PM\r\n");
@@ -32,7 +29,7 @@ TEST(ErrorLog, EntriesHaveTheirExactBytes) {
 }
 
 TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
-  FailuresBench b;
+  Bench b;
   b.settings.adjust().ErrorLog = "/no/such/drive.log";
   b.files.unwritable.insert("/no/such/drive.log");
   b.log.LogError("lost");
@@ -46,7 +43,7 @@ TEST(ErrorLog, ALogThatCannotBeWrittenIsToldOfInTheEmergencyFile) {
 }
 
 TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
-  FailuresBench b;
+  Bench b;
   b.settings.adjust().Support = "Mail us.";
   int ended = 0;
   Failures failures(b.log, b.boxes, b.settings, [&] { ++ended; });
@@ -59,34 +56,6 @@ TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
   EXPECT_EQ(ended, 1);
   failures.LogError("traced", false, true);
   EXPECT_EQ(b.log.texts().size(), 2U);
-  failures.ShowErrorBox("what", "before: ", " - Error");
-  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text, "KVO5 - Error|before: what");
-}
-
-TEST(TimedMessageBox, TellsTheBoxHowLongToWait) {
-  FailuresBench b;
-  b.boxes.answers = {Answer::No};
-  EXPECT_EQ(TimedMessageBox(b.boxes, {"c", "t", BoxButtons::YesNo}, 9.9), Answer::No);
-  ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_EQ(b.boxes.shown[0].seconds, 9.9);
-}
-
-TEST(FrmMessage, IsNotShownAgainWhereTheUserSaidSo) {
-  FailuresBench b;
-  Frm_Message message(b.boxes, b.store);
-  b.boxes.styledAnswer = {Answer::Ok, true};
-  message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");
-  message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");
-  message.ShowWarningOKOnly("Tip", "Another", "SECONDTIP");
-  ASSERT_EQ(b.boxes.styled.size(), 2U);
-  EXPECT_EQ(b.boxes.styled[0].prompt, "Click OK to continue");
-  EXPECT_TRUE(b.boxes.styled[0].offersNeverAgain);
-  message.ShowWarningOKOnly("Tip", "Every time", kNoShowCheck);
-  message.ShowWarningOKOnly("Tip", "Every time", kNoShowCheck);
-  EXPECT_EQ(b.boxes.styled.size(), 4U);
-  b.boxes.styledAnswer = {Answer::No, false};
-  EXPECT_EQ(message.ShowWarningBox("Sure", "Really ?"), Answer::No);
-  EXPECT_TRUE(b.boxes.styled.back().yesAndNo && !b.boxes.styled.back().offersNeverAgain);
 }
 
 TEST(Messages, AreFoundByTheirNumbers) {

@@ -3,7 +3,6 @@
 
 #include "support/real_world.h"
 
-#include <cstdint>
 #include <iosfwd>
 #include <set>
 #include <span>

@@ -1,5 +1,4 @@
 // Any records, read from any bytes, through the whole compiler: it must neither crash nor hang.
-#include "editor/compiler/picture_in_picture.h"
 #include "editor/tabs/operations.h"
 #include "support/store_bench.h"
 

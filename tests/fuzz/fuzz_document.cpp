@@ -1,7 +1,6 @@
 // Any bytes as a timeline document. What the reader lets through has to be fit to render.
 #include "engine/document/document_reader.h"
 
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 

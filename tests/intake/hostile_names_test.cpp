@@ -10,7 +10,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <stdlib.h>  // NOLINT: setenv
 
 #include <gtest/gtest.h>
 
@@ -19,28 +18,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// TMPDIR leads to a folder of the test's own.
-class OwnTemporaryFolder {
- public:
-  explicit OwnTemporaryFolder(const std::string& folder) {
-    if (const char* was = std::getenv("TMPDIR")) before_ = was;
-    ::setenv("TMPDIR", folder.c_str(), 1);
-  }
-  OwnTemporaryFolder(const OwnTemporaryFolder&) = delete;
-  OwnTemporaryFolder& operator=(const OwnTemporaryFolder&) = delete;
-  ~OwnTemporaryFolder() { before_.empty() ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", before_.c_str(), 1); }
-
- private:
-  std::string before_;
-};
-
 TEST(HostileNames, NothingRunsAndNothingIsLost) {
   const test::ScratchFolder scratch;
   fs::create_directory(scratch / "media");
   // A temporary folder that would break the line as well.
   const auto temporary = scratch / "it's $(touch ran) \"t\"";
   fs::create_directory(temporary);
-  const OwnTemporaryFolder own(temporary);
   const auto clip = test::makeMedia(scratch, "clip.wmv",
                                     {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.4", "-f", "lavfi", "-i",
                                      "sine=d=0.4", "-c:v", "wmv2", "-c:a", "wmav2", "-b:a", "64k"});
@@ -52,6 +35,7 @@ TEST(HostileNames, NothingRunsAndNothingIsLost) {
       "\ntouch ran\n.wmv", "back\\slash\\.wmv", "--json", "-.wmv", "\xFF\xFE \xE9 \x81\x82\x88.wmv",
       "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xAC.wmv", std::string(251, 'x') + ".wmv"};
   // clang-format on
+  ::setenv("TMPDIR", temporary.c_str(), 1);
   PosixFiles files;
   PosixProcesses processes;
   PollLoop loop;
@@ -78,6 +62,7 @@ TEST(HostileNames, NothingRunsAndNothingIsLost) {
   EXPECT_FALSE(fs::exists(here / "ran"));
   const auto failed = probe.report(scratch / "missing 'x'.wmv", 40);
   EXPECT_EQ(failed, "KVO_FAIL\r\n");
+  ::unsetenv("TMPDIR");
 }
 
 TEST(KVOprop, TellsOfAStillWithoutALengthAndHelpsWhenAsked) {

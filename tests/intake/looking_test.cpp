@@ -1,10 +1,7 @@
 // Files looked into by a process of its own: its words, its ends, and real media that it looks into.
-#include "adapters/posix/poll_loop.h"
-#include "adapters/posix/posix_processes.h"
 #include "intake/look_words.h"
 #include "intake/looking_process.h"
 #include "support/fake_processes.h"
-#include "support/real_world.h"
 #include "support/virtual_loop.h"
 
 #include <utility>
@@ -94,21 +91,6 @@ TEST(LookingProcess, IsKeptForTheNextFileAndReplacedWhenItDoesNotSurviveOne) {
   b.processes.refusal = "no";
   b.processes.end(0);
   EXPECT_EQ(b.look(answers).look.errorText, "cannot start /bin/looker");
-}
-
-TEST(LookingProcess, GoesOnBehindAProcessThatDies) {
-  PosixProcesses processes;
-  PollLoop loop;
-  LookingProcess looker({processes,
-                         loop,
-                         {.program = "/bin/bash",
-                          .arguments = {"-c",
-                                        "while read -r -d '' f; do [ \"$f\" = bad ] && kill -SEGV $$; "
-                                        "printf 'title %s\\nend\\n' \"$f\"; done"}}});
-  const auto look = [&](const std::string& path) { return looker.look(path, [] { return false; }); };
-  EXPECT_EQ(look("good").look.tags.title, "good");
-  EXPECT_EQ(look("bad").end, LookEnd::Crashed);
-  EXPECT_EQ(look("a name\nof two lines").look.tags.title, "a name");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "media/pixel_rows.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include <gtest/gtest.h>

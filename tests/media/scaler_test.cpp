@@ -7,7 +7,6 @@
 #include "support/pictures.h"
 #include "support/real_world.h"
 
-#include <cmath>
 #include <fstream>
 
 #include <gtest/gtest.h>

@@ -55,18 +55,71 @@ TEST(Transport, CollectionsGoOnAsTheirTicksSay) {
   }
 }
 
-TEST(Transport, AnEndIsLeftAloneWhileTheUserIsAtIt) {
-  for (const bool atMark : {true, false}) {
-    TransportBench b;
-    for (const auto* name : {"a.avi", "b.avi"}) b.add(name);
+// The first of these clips plays for so many seconds, something happens, and this is shown later.
+TEST(Transport, WhatHappensNearAnEndLeadsOn) {
+  using Bench = TransportBench;
+  using Clips = std::vector<const char*>;
+  const Clips films{"a.avi", "b.avi"}, graphs{"a.wmv", "b.wmv"}, discs{"a.vob", "b.vob"};
+  const struct {
+    const char* what;
+    Clips clips;
+    double before;
+    std::function<void(Bench&)> act;
+    double after;
+    const char* shown;
+    bool around = false;
+    Integer delay = 0;
+  } rows[] = {
+      {"a mark is held", films, 9, [](Bench& b) { b.host.markHeld = true; }, 5, "1 paused"},
+      {"a box is open", films, 9, [](Bench& b) { b.host.commandRuns = true; }, 2, "1 playing"},
+      {"a box over the end is answered", films, 9,
+       [](Bench& b) {
+         b.host.commandRuns = true;
+         b.loop.advance(2000);
+         b.host.commandRuns = false;
+       },
+       3, "2 playing"},
+      {"a disc, stopped and on by its key", discs, 2,
+       [](Bench& b) { b.transport.Image8_Click(), b.transport.Img_Play_Click(); }, 9.5, "2 playing"},
+      {"a disc, stopped and on by the picture", discs, 2,
+       [](Bench& b) { b.transport.Image8_Click(), b.transport.pictureClicked(PictureButton::Right); }, 9.5,
+       "2 playing"},
+      {"a page behind a film", {"a.avi", "b.html"}, 12, {}, 0, "2, empty"},
+      {"a page behind a graph", {"a.wmv", "b.html"}, 12, {}, 0, "2, empty"},
+      {"a page behind a disc", {"a.vob", "b.html"}, 12, {}, 0, "2, empty"},
+      {"a graph that stands", graphs, 5,
+       [](Bench& b) { b.transport.pictureClicked(PictureButton::Right), b.graphs.graph->seek(10); }, 2,
+       "1 paused"},
+      {"a graph that stands, around", graphs, 5,
+       [](Bench& b) { b.transport.pictureClicked(PictureButton::Right), b.graphs.graph->seek(10); }, 2,
+       "2 playing", true},
+      // The list has gone on to the clip that waits.
+      {"picture", films, 11, [](Bench& b) { b.transport.pictureClicked(PictureButton::Right); }, 3,
+       "2 playing", false, 20},
+      {"stop", films, 11, [](Bench& b) { b.transport.Image8_Click(); }, 3, "2 paused, waits", false, 20},
+      {"stop, play", films, 11, [](Bench& b) { b.transport.Image8_Click(), b.transport.Img_Play_Click(); }, 3,
+       "2 playing", false, 20},
+      {"stop, picture", films, 11,
+       [](Bench& b) { b.transport.Image8_Click(), b.transport.pictureClicked(PictureButton::Right); }, 3,
+       "2 playing", false, 20},
+      {"own rate", films, 11, [](Bench& b) { b.transport.playPressed({.right = true}); }, 3, "2 playing",
+       false, 20},
+  };
+  for (const auto& row : rows) {
+    Bench b;
+    for (const auto* name : row.clips) b.add(name).IsHTML(std::string_view(name).ends_with(".html"));
+    b.settings.user.LoopCol = row.around;
+    b.settings.state.InterClipDelay = row.delay;
     b.transport.PreviewMovie(1);
-    b.loop.advance(9000);
-    (atMark ? b.host.markHeld : b.host.commandRuns) = true;
-    b.loop.advance(2000);
-    EXPECT_EQ(b.shown(), atMark ? "1 paused" : "1 playing");
-    b.host.commandRuns = false;  // the box over the end has been answered
-    b.loop.advance(3000);
-    EXPECT_EQ(b.shown(), atMark ? "1 paused" : "2 playing");
+    b.loop.advance(static_cast<int>(row.before * 1000));
+    if (row.act) row.act(b);
+    b.loop.advance(static_cast<int>(row.after * 1000));
+    auto shown = b.shown();
+    if (b.mode.player.clipWaits) shown += ", waits";
+    if (b.player.PlayerIsEmpty()) shown += ", empty";
+    EXPECT_EQ(shown, row.shown) << row.what;
+    const bool isInHand = b.mode.player.clip == b.collection.icurMov;
+    EXPECT_TRUE(b.player.PlayerIsEmpty() || isInHand != b.mode.player.clipWaits) << row.what;
   }
 }
 
@@ -97,63 +150,6 @@ TEST(Transport, AnEndIsOnlyThatOfWhatPlaysUntilThen) {
   }
 }
 
-TEST(Transport, ADiscThatHasBeenStoppedGoesOnBehindItsEndAgain) {
-  for (const bool byKey : {true, false}) {
-    TransportBench b;
-    b.add("a.vob");
-    b.add("b.vob");
-    b.transport.PreviewMovie(1);
-    b.loop.advance(2000);
-    b.transport.Image8_Click();
-    byKey ? b.transport.Img_Play_Click() : b.transport.pictureClicked(PictureButton::Right);
-    b.loop.advance(9500);
-    EXPECT_EQ(b.shown(), "2 playing") << byKey;
-  }
-}
-
-TEST(Transport, NothingOfTheClipBeforePlaysBehindAPage) {
-  for (const auto* before : {"a.avi", "a.wmv", "a.vob"}) {
-    TransportBench b;
-    b.add(before);
-    b.add("b.html").IsHTML(true);
-    b.transport.PreviewMovie(1);
-    b.loop.advance(12000);
-    EXPECT_EQ(b.shown(), "2") << before;
-    EXPECT_TRUE(b.player.PlayerIsEmpty()) << before;
-    EXPECT_EQ(b.pages.shown.size(), 1U) << before;
-  }
-}
-
-TEST(Transport, TheClipThatTheListHasGoneOnToIsTheOneThatPlays) {
-  const struct {
-    const char* what;
-    std::function<void(Transport&)> act;
-    const char* shown;
-    int inPlayer;
-  } rows[] = {
-      {"picture", [](auto& t) { t.pictureClicked(PictureButton::Right); }, "2 playing", 2},
-      {"stop", [](auto& t) { t.Image8_Click(); }, "2 paused", 1},
-      {"stop, play", [](auto& t) { t.Image8_Click(), t.Img_Play_Click(); }, "2 playing", 2},
-      {"stop, picture", [](auto& t) { t.Image8_Click(), t.pictureClicked(PictureButton::Right); },
-       "2 playing", 2},
-      {"own rate", [](auto& t) { t.playPressed({.right = true}); }, "2 playing", 2},
-  };
-  for (const auto& row : rows) {
-    TransportBench b;
-    b.add("a.avi");
-    b.add("b.avi");
-    b.settings.state.InterClipDelay = 20;
-    b.transport.PreviewMovie(1);
-    b.loop.advance(11000);
-    EXPECT_TRUE(b.mode.player.clipWaits);
-    row.act(b.transport);
-    b.loop.advance(3000);
-    EXPECT_EQ(b.shown(), row.shown) << row.what;
-    EXPECT_EQ(b.mode.player.clip, row.inPlayer) << row.what;
-    EXPECT_EQ(b.mode.player.clipWaits, row.inPlayer == 1) << row.what;
-  }
-}
-
 TEST(Transport, AShortClipIsMeasuredInSecondsWhateverIsShown) {
   TransportBench b;
   b.add("a.avi");
@@ -165,21 +161,6 @@ TEST(Transport, AShortClipIsMeasuredInSecondsWhateverIsShown) {
   b.loop.advance(1000);
   EXPECT_EQ(b.control.position(), 0.5);  // too short to be rewound
   EXPECT_EQ(b.player.PlayerGetDisplayMode(), DisplayMode::Frames);
-}
-
-TEST(Transport, ACollectionGoesRoundFromAPlayerThatStandsToo) {
-  for (const bool around : {true, false}) {
-    TransportBench b;
-    b.add("a.wmv");
-    b.add("b.wmv");
-    b.settings.user.LoopCol = around;
-    b.transport.PreviewMovie(1);
-    b.loop.advance(5000);
-    b.transport.pictureClicked(PictureButton::Right);
-    b.graphs.graph->seek(10);
-    b.loop.advance(2000);
-    EXPECT_EQ(b.shown(), around ? "2 playing" : "1 paused");
-  }
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
-#include <functional>
 #include <random>
 #include <sys/prctl.h>
 #include <sys/wait.h>

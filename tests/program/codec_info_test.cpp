@@ -78,16 +78,13 @@ TEST(CodecInfo, WindowsMediaUnderAnAviNameIsToldOrGoesByAGraph) {
     const char* name;
     const char* report;
     bool IsCorona, editing, moves;
-    std::size_t boxes;
-    double seconds;
-    bool empties;
-    std::size_t reloads;
+    const char* becomes;
   } rows[] = {
-      {"told", "Video Stream proper", false, false, false, 1, 0, true, 0},
-      {"told for a second", "Video Stream proper", false, true, false, 1, 1, false, 0},
-      {"by a graph", "Video Stream proper", true, false, false, 0, 0, true, 1},
-      {"none", "KVO_FAIL", false, false, false, 0, 0, false, 0},
-      {"gone on meanwhile", "Video Stream proper", false, false, true, 0, 0, false, 0},
+      {"told", "Video Stream proper", false, false, false, "0 s, halted, empty"},
+      {"told for a second", "Video Stream proper", false, true, false, "1 s, on top"},
+      {"by a graph", "Video Stream proper", true, false, false, "reloaded, empty, on top"},
+      {"none", "KVO_FAIL", false, false, false, "on top"},
+      {"gone on meanwhile", "Video Stream proper", false, false, true, "on top"},
   };
   for (const auto& row : rows) {
     CodecBench b;
@@ -103,13 +100,13 @@ TEST(CodecInfo, WindowsMediaUnderAnAviNameIsToldOrGoesByAGraph) {
     b.window.commandRuns = false;
     b.loop.advance(1000);
     EXPECT_EQ(b.probe.asked, 1) << row.name;
-    EXPECT_EQ(b.reloaded.size(), row.reloads) << row.name;
-    EXPECT_EQ(b.halted, row.editing ? 0 : row.boxes) << row.name;
-    EXPECT_EQ(b.player.PlayerIsEmpty(), row.empties) << row.name;
-    EXPECT_EQ(b.window.face.stayOnTop, row.boxes != 1 || row.editing) << row.name;
-    ASSERT_EQ(b.boxes.shown.size(), row.boxes) << row.name;
-    if (row.boxes == 0) continue;
-    EXPECT_EQ(b.boxes.shown[0].seconds, row.seconds) << row.name;
+    std::string becomes;
+    for (const auto& box : b.boxes.shown) becomes += ShortText(box.seconds) + " s, ";
+    for (std::size_t i = 0; i < b.reloaded.size(); ++i) becomes += "reloaded, ";
+    for (std::size_t i = 0; i < b.halted; ++i) becomes += "halted, ";
+    if (b.player.PlayerIsEmpty()) becomes += "empty, ";
+    if (b.window.face.stayOnTop) becomes += "on top, ";
+    EXPECT_EQ(becomes.substr(0, becomes.size() - 2), row.becomes) << row.name;
   }
 }
 

@@ -371,5 +371,27 @@ TEST(CollectionStore, APortableCollectionMovesWithItsFiles) {
   EXPECT_FALSE(plain.collection.isPortable);
 }
 
+TEST(CollectionStore, ASaveThatFailsAtAnyCallLeavesTheOldFile) {
+  Bench b;
+  for (int i = 0; i < 300; ++i) b.addVideo("clip.avi", 0, 1);
+  b.files.all["/col/t.INI"] = "old";
+  bool saved = false;
+  int failures = 0;
+  for (int n = 1; !saved; ++n) {
+    b.files.calls = 0;
+    b.files.failAt = n;
+    b.settings.state.IsDirty = true;
+    saved = b.file.WriteINI("/col", "t.INI", true);
+    if (saved) break;
+    ++failures;
+    EXPECT_EQ(b.files.all["/col/t.INI"], "old") << n;
+    EXPECT_TRUE(b.settings.state.IsDirty);
+    EXPECT_EQ(b.boxes.shown.back().caption, "KVO V5 - Error");
+    EXPECT_NE(b.log.texts().back().find("<<ERR040>> - General WriteINI Failure - Sect="), std::string::npos);
+  }
+  EXPECT_GE(failures, 3);
+  EXPECT_FALSE(b.settings.state.IsDirty);
+}
+
 }  // namespace
 }  // namespace kvo

@@ -8,8 +8,7 @@
 #include "support/program_bench.h"
 
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
+#include <semaphore>
 
 #include <gtest/gtest.h>
 
@@ -106,36 +105,19 @@ TEST(ListPictures, AreOfFilmsAndStillsSoonBehindTheirMarkIn) {
 using namespace std::chrono_literals;
 
 /// Gives each picture only when it is let.
-class HeldStreams : public MediaContents {
- public:
+struct HeldStreams : MediaContents {
+  std::vector<std::string> asked;  ///< to be read once they have come
+  std::counting_semaphore<> come{0}, let{0};
+
   Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
   Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
-    std::unique_lock lock(mutex_);
-    asked_.push_back(path + "@" + std::to_string(static_cast<int>(seconds)));
-    told_.notify_all();
-    told_.wait(lock, [this] { return let_ > 0; });
-    --let_;
+    asked.push_back(path + "@" + std::to_string(static_cast<int>(seconds)));
+    come.release();
+    let.acquire();
     if (path == "/bad") return Error{"cannot open /bad"};
     return FramePicture{width, height, {static_cast<std::uint8_t>(seconds)}};
   }
-
-  /// Waits until so many pictures have been asked for.
-  std::vector<std::string> asked(std::size_t count) {
-    std::unique_lock lock(mutex_);
-    EXPECT_TRUE(told_.wait_for(lock, 10s, [&] { return asked_.size() >= count; })) << count;
-    return asked_;
-  }
-  void let(int count) {
-    const std::lock_guard lock(mutex_);
-    let_ += count;
-    told_.notify_all();
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable told_;
-  std::vector<std::string> asked_;
-  int let_ = 0;
+  void waitForOne() { EXPECT_TRUE(come.try_acquire_for(10s)); }
 };
 
 struct PictureBench {
@@ -156,71 +138,69 @@ struct PictureBench {
 TEST(ClipPicture, OfManyWishesTheFirstAndTheLastAreRead) {
   PictureBench b;
   b.picture->want({"/a", 0, 4, 4});
-  b.streams.asked(1);
+  b.streams.waitForOne();
   for (int i = 1; i <= 20; ++i) b.picture->want({"/b" + std::to_string(i), 0, 4, 4});
   b.picture->want({"/c", 7, 4, 4});
-  b.streams.let(2);
+  b.streams.let.release(2);
   EXPECT_TRUE(b.comes("/c", 7));
-  EXPECT_EQ(b.streams.asked(2), (std::vector<std::string>{"/a@0", "/c@7"}));
+  EXPECT_EQ(b.streams.asked, (std::vector<std::string>{"/a@0", "/c@7"}));
   EXPECT_EQ(b.state.picture->bgr[0], 7);
   const auto revision = b.state.revision;
   b.picture->want({"/c", 7, 4, 4});
   b.loop.advance(1);
-  EXPECT_EQ(b.streams.asked(2).size(), 2U) << "nothing is read twice in a row";
+  EXPECT_EQ(b.streams.asked.size(), 2U) << "nothing is read twice in a row";
   EXPECT_EQ(b.state.revision, revision);
   b.picture->want({"/d", 0, 4, 4});
   EXPECT_NE(b.state.picture, nullptr) << "nothing black between two of them";
   b.picture->want({});
   EXPECT_EQ(b.state.picture, nullptr);
-  b.streams.let(1);
+  b.streams.let.release();
 }
 
 TEST(ClipPicture, TellsWhyThereIsNoneAndForgetsWhatIsNoLongerWanted) {
   PictureBench b;
   b.picture->want({"/bad", 0, 4, 4});
-  b.streams.let(1);
+  b.streams.let.release();
   EXPECT_TRUE(b.comes("/bad", 0));
+  b.streams.waitForOne();
   EXPECT_EQ(b.state.fault, "cannot open /bad");
   b.picture->want({"/a", 0, 4, 4});
   EXPECT_EQ(b.state.fault, "");
-  b.streams.asked(2);
+  b.streams.waitForOne();
   b.picture->want({});
-  b.streams.let(1);
+  b.streams.let.release();
   EXPECT_TRUE(b.loop.workComesHome());
   EXPECT_EQ(b.state.picture, nullptr);
   EXPECT_EQ(b.state.wish, PictureWish{});
   // What is still on its way when the window goes does not come home.
   b.picture->want({"/a", 5, 4, 4});
-  b.streams.asked(3);
-  b.streams.let(1);
+  b.streams.waitForOne();
+  b.streams.let.release();
   b.picture.reset();
   b.loop.advance(1);
   EXPECT_EQ(b.state.picture, nullptr);
 }
 
 TEST(ClipPicture, IsTheEnginesUnlessAnotherStandsForIt) {
-  using Change = std::function<void(MainWindowState&)>;
   const struct {
     const char* what;
-    Change now;
+    bool visible, parked, still;
+    const char* pictureOf;  // the clip that another picture has come of
     bool whilePlayed, whileLookedAt;
-  } rows[] = {{"in sight", [](auto&) {}, true, true},
-              {"hidden", [](auto& s) { s.mode.player.visible = false; }, false, false},
-              {"parked", [](auto& s) { s.mode.player.place.left = kParked; }, false, false},
-              {"a still", [](auto& s) { s.mode.still.Img_Still.visible = true; }, false, false},
-              {"that of another time has come",
-               [](auto& s) { s.picture.picture = std::make_shared<FramePicture>(); }, true, false},
-              {"that of another clip has come",
-               [](auto& s) {
-                 s.picture.picture = std::make_shared<FramePicture>();
-                 s.picture.wish.path = "/other";
-               },
-               true, true}};
+  } rows[] = {{"in sight", true, false, false, "", true, true},
+              {"hidden", false, false, false, "", false, false},
+              {"parked", true, true, false, "", false, false},
+              {"a still", true, false, true, "", false, false},
+              {"that of another time has come", true, false, false, "/v", true, false},
+              {"that of another clip has come", true, false, false, "/other", true, true}};
   for (const auto& row : rows) {
     MainWindowState state;
-    state.mode.player.path = state.picture.wish.path = "/v";
-    state.mode.player.visible = true;
-    row.now(state);
+    state.mode.player.path = "/v";
+    state.mode.player.visible = row.visible;
+    if (row.parked) state.mode.player.place.left = kParked;
+    state.mode.still.Img_Still.visible = row.still;
+    state.picture.wish.path = *row.pictureOf == 0 ? "/v" : row.pictureOf;
+    if (*row.pictureOf != 0) state.picture.picture = std::make_shared<FramePicture>();
     EXPECT_EQ(showsEngine(state, false), row.whilePlayed) << row.what;
     EXPECT_EQ(showsEngine(state, true), row.whileLookedAt) << row.what;
   }
@@ -229,39 +209,26 @@ TEST(ClipPicture, IsTheEnginesUnlessAnotherStandsForIt) {
 TEST(FaceParts, WhatTheNormalFaceShowsGoesByListDetailsAndPlayer) {
   const struct {
     const char* what;
-    std::function<void(MainWindowState&)> now;
+    bool noClip, list, rows, details;
+    const char* plays;  // in the player, or on its way there
+    const char* comes;
     const char* shown;
-  } rows[] = {{"no clip", [](auto& s) { s.emptyPane.visible = true; }, "empty "},
-              {"the intro",
-               [](auto& s) {
-                 s.mode.player.path = "/v/intro.avi";
-                 s.mode.player.visible = true;
-               },
-               "large "},
-              {"a stream comes",
-               [](auto& s) {
-                 s.mode.panels.Pic_NoVid = true;
-                 s.transport.lbl_Novid.text = "Connecting";
-               },
-               "large "},
-              {"clips", [](auto& s) { s.list.visible = true; }, "list picture collection "},
-              {"without details",
-               [](auto& s) {
-                 s.list.visible = true;
-                 s.mode.panels.FraDets = s.mode.panels.CollDets = false;
-               },
-               "list large "},
-              {"the picture alone",
-               [](auto& s) {
-                 s.list.visible = true;
-                 s.mode.panels.FraDets = s.mode.panels.CollDets = s.mode.panels.Fillist.visible = false;
-               },
-               "large "}};
+  } rows[] = {{"no clip", true, false, true, true, "", "", "empty "},
+              {"the intro", false, false, true, true, "/v/intro.avi", "", "large "},
+              {"a stream comes", false, false, true, true, "", "Connecting", "large "},
+              {"clips", false, true, true, true, "", "", "list picture collection "},
+              {"without details", false, true, true, false, "", "", "list large "},
+              {"the picture alone", false, true, false, false, "", "", "large "}};
   for (const auto& row : rows) {
     MainWindowState state;
-    state.emptyPane.visible = false;
-    state.mode.panels.FraDets = state.mode.panels.CollDets = state.mode.panels.Fillist.visible = true;
-    row.now(state);
+    state.emptyPane.visible = row.noClip;
+    state.list.visible = row.list;
+    state.mode.panels.Fillist.visible = row.rows;
+    state.mode.panels.FraDets = state.mode.panels.CollDets = row.details;
+    state.mode.player.path = row.plays;
+    state.mode.player.visible = *row.plays != 0;
+    state.transport.lbl_Novid.text = row.comes;
+    state.mode.panels.Pic_NoVid = *row.comes != 0;
     const auto parts = faceParts(state, false);
     std::string shown;
     for (const auto& [seen, name] : {std::pair{parts.empty, "empty "},

@@ -11,8 +11,6 @@
 namespace kvo {
 namespace {
 
-using namespace std::chrono_literals;
-
 struct NotedControls : MediaControls {
   MediaRequests* asks = nullptr;
   std::vector<MediaTold> told;
@@ -192,30 +190,21 @@ TEST(OutsideControls, SetsWhatTheMenusAndKeysSet) {
 TEST(JumpWatch, KnowsAJumpFromPlayingOn) {
   JumpWatch watch;
   const struct {
-    std::chrono::milliseconds now;
+    int now;  // milliseconds
     double position;
     bool plays;
     double rate;
-    bool jumped;
-  } rows[] = {{1000ms, 0, false, 1, false},
-              {5000ms, 0, false, 1, false},
-              {5100ms, 0.04, false, 1, true},
-              {5200ms, 0.04, true, 1, false},
-              {6200ms, 1.0, true, 1, false},
-              {7200ms, 2.4, true, 2, false},
-              {9200ms, 6.5, true, 2, false},
-              {9400ms, 2.0, true, 1, true},
-              {10400ms, 3.0, false, 1, false},
-              {99000ms, 3.0, false, 1, false},
-              // Pictures of two seconds
-              {99100ms, 3.0, true, 1, false},
-              {100500ms, 3.0, true, 1, false},
-              {101200ms, 5.0, true, 1, false},
-              {102900ms, 5.0, true, 1, false},
-              {103100ms, 7.0, true, 1, false},
-              {103300ms, 9.0, true, 1, true}};
+    bool jumped = false;
+  } rows[] = {
+      {1000, 0, false, 1},         {5000, 0, false, 1},        {5100, 0.04, false, 1, true},
+      {5200, 0.04, true, 1},       {6200, 1.0, true, 1},       {7200, 2.4, true, 2},
+      {9200, 6.5, true, 2},        {9400, 2.0, true, 1, true}, {10400, 3.0, false, 1},
+      {99000, 3.0, false, 1},      {99100, 3.0, true, 1},      {100500, 3.0, true, 1},  // of two seconds each
+      {101200, 5.0, true, 1},      {102900, 5.0, true, 1},     {103100, 7.0, true, 1},
+      {103300, 9.0, true, 1, true}};
   for (const auto& row : rows) {
-    EXPECT_EQ(watch.sees(row.now, row.position, row.plays, row.rate), row.jumped) << row.now.count();
+    const std::chrono::milliseconds now(row.now);
+    EXPECT_EQ(watch.sees(now, row.position, row.plays, row.rate), row.jumped) << row.now;
   }
 }
 
