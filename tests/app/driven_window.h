@@ -69,8 +69,8 @@ class Window : public testing::Test {
     for (std::string key; each >> key;) command.push_back(key);
     runProgram(command);
   }
-  // Keys that do nothing in the window `name` which they bring: again until it has come, for the desktop
-  // tells of a window ahead of the program, which hears no key while its last command still goes on.
+  // Keys that bring the window `name`, pressed again until it has come: the desktop tells of the window
+  // behind it ahead of the program, which hears no key while a clip is loaded.
   static bool brings(const std::string& keys, const std::string& name) {
     return eventually([&] {
       press(keys);
