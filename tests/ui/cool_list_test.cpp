@@ -100,7 +100,6 @@ TEST_F(List, FollowsWhatIsDoneToIt) {
     const char* after;  // the index, the first row in view, and what is selected
     const char* why = "";
   } rows[] = {
-      {8, 0, "choose 1 choose 3", "3 0: 3"},
       {8, 0, "choose 7", "7 3: 7", "brought into view"},
       {8, 0, "choose 7 choose 2", "2 2: 2", "upwards, too"},
       {8, 0, "choose 3 choose -1", "-1 0: "},
@@ -112,16 +111,12 @@ TEST_F(List, FollowsWhatIsDoneToIt) {
       {6, 0, "choose 3 remove 3", "-1 0: "},
       {6, 0, "top 100", "-1 1: "},
       {6, 0, "top 100 remove 0", "-1 0: ", "the bar's range went"},
-      {12, 0, "choose 4 up", "3 0: 3"},
       {12, 0, "choose 0 up", "0 0: 0"},
       {12, 0, "choose 4 down", "5 1: 5"},
       {12, 0, "choose 11 down", "11 7: 11"},
       {12, 0, "choose 7 pageup", "2 2: 2"},
       {12, 0, "choose 3 pageup", "0 0: 0"},
-      {12, 0, "choose 3 pagedown", "8 4: 8"},
       {12, 0, "choose 9 pagedown", "11 7: 11"},
-      {12, 0, "choose 5 home", "0 0: 0"},
-      {12, 0, "choose 5 end", "11 7: 11"},
       {12, 0, "choose 5 left right space", "5 1: 5"},
       {12, 0, "down", "-1 0: ", "without an index"},
       {9, 2, "press 1 release press 3 release", "3 0: 3", "one alone"},
@@ -131,12 +126,10 @@ TEST_F(List, FollowsWhatIsDoneToIt) {
       {9, 2, "press 3 shift+press 1 shift+press 4 release", "4 0: 3 4"},
       {9, 2, "press 0 ctrl+press 2 shift+press 4 release", "4 0: 2 3 4"},
       {9, 2, "press 1 move 3 release move 4", "3 0: 1 2 3", "a drag goes on from there"},
-      {9, 2, "press 1 release down", "2 0: 2"},
       {9, 2, "press 1 release shift+down shift+down shift+up", "2 0: 1 2"},
       {9, 2, "press 2 release shift+end shift+home", "0 0: 0 1 2"},
       {9, 2, "choose 4 select 1", "4 0: 1", "by the window, which chooses for itself"},
       {4, 1, "space choose 1 space down down space", "3 0: 1 3", "space inverts where several may be"},
-      {4, 1, "choose 1 space choose 3 space space", "3 0: 1"},
       {4, 1, "choose 1 space choose 3 space mode 0", "3 0: 3", "single mode keeps the one at the index"},
       {5, 0, "press 1 move 2 move 3 release move 4", "3 0: 3", "a drag"},
       {5, 1, "select 0 select 1 select 2 press 3 move 4 release move 0", "4 0: 0 1 2 3 4", "sets"},
@@ -170,26 +163,16 @@ TEST_F(List, HasTheBarOnlyWhenItsRowsDoNotFit) {
 }
 
 TEST_F(List, TakesOnlyIndexesThatItHas) {
-  make(0);
-  EXPECT_TRUE(list.setListIndex(-1).ok());
-  EXPECT_FALSE(list.setListIndex(0).ok());
-  EXPECT_FALSE(list.InsertItem(0, "a").ok());
-  EXPECT_FALSE(list.FindFirst("a", 0, true).ok());
-  make(2);
-  const std::pair<const char*, std::function<bool(int)>> kRows[] = {
-      {"setListIndex", [&](int i) { return list.setListIndex(i).ok(); }},
-      {"InsertItem", [&](int i) { return list.InsertItem(i, "x").ok(); }},
-      {"ModifyItem", [&](int i) { return list.ModifyItem(i, "x").ok(); }},
-      {"RemoveItem", [&](int i) { return list.RemoveItem(i).ok(); }},
-      {"FindFirst", [&](int i) { return list.FindFirst("x", i, true).ok(); }},
-      {"setItemSelected", [&](int i) { return list.setItemSelected(i, true).ok(); }},
-  };
-  for (const auto& [what, ok] : kRows) {
-    EXPECT_FALSE(ok(list.ListCount())) << what;
-    EXPECT_FALSE(ok(-2)) << what;
-    EXPECT_TRUE(ok(1)) << what;
+  for (const int count : {0, 2}) {
+    make(count);
+    EXPECT_TRUE(list.setListIndex(-1).ok());
+    for (const int none : {count, -2}) {
+      EXPECT_FALSE(list.setListIndex(none).ok() || list.InsertItem(none, "x").ok()) << none;
+      EXPECT_FALSE(list.ModifyItem(none, "x").ok() || list.RemoveItem(none).ok()) << none;
+      EXPECT_FALSE(list.FindFirst("x", none, true).ok() || list.setItemSelected(none, true).ok()) << none;
+    }
   }
-  EXPECT_FALSE(list.RemoveItem(-1).ok());
+  EXPECT_TRUE(list.setItemSelected(1, true).ok() && list.ModifyItem(1, "x").ok() && list.RemoveItem(1).ok());
 }
 
 TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {

@@ -143,41 +143,38 @@ TEST_F(ListView, TellsWhatTheUserDoesInOrder) {
   view.events = {say("Click "), say("DblClick "),  say("Index "),     say("KeyDown "), say("KeyPress "),
                  say("KeyUp "), say("MouseDown "), say("MouseMove "), say("MouseUp ")};
   fill(9);
+  const auto look = [&] { return std::exchange(told, ""); };
   press(1);
   release(1);
-  EXPECT_EQ(std::exchange(told, ""), "MouseDown Index MouseUp Click ");
+  EXPECT_EQ(look(), "MouseDown Index MouseUp Click ");
   QTest::mouseDClick(&view, Qt::LeftButton, {}, QPoint(60, kRowHeight + 5));
-  EXPECT_EQ(std::exchange(told, "").find("DblClick") == std::string::npos, false);
+  EXPECT_NE(look().find("DblClick"), std::string::npos);
   QTest::mouseClick(&view, Qt::RightButton, {}, QPoint(60, 3 * kRowHeight));
-  EXPECT_EQ(std::exchange(told, ""), "MouseDown MouseUp ");
-  EXPECT_EQ(view.list().ListIndex(), 1) << "a right press only tells";
-  QTest::keyClick(&view, Qt::Key_Down);
-  EXPECT_EQ(std::exchange(told, ""), "KeyDown Index KeyUp ");
-  QTest::keyClick(&view, Qt::Key_Left);
-  EXPECT_EQ(std::exchange(told, ""), "KeyDown KeyUp ");
+  EXPECT_EQ(look(), "MouseDown MouseUp ") << "a right press only tells";
+  for (const auto key : {Qt::Key_Down, Qt::Key_Left}) QTest::keyClick(&view, key);
+  EXPECT_EQ(look(), "KeyDown Index KeyUp KeyDown KeyUp ");
 }
 
 TEST_F(ListView, IsReachedByKeysAlone) {
   fill(9);
+  auto& list = view.list();
   QTest::keyClick(&view, Qt::Key_End);
-  EXPECT_EQ(view.list().ListIndex(), 8);
+  EXPECT_EQ(list.ListIndex(), 8);
   change([](auto& p) { p.SelectMode = 2; });
   QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
-  EXPECT_EQ(view.list().SelectedCount(), 9);
-  EXPECT_EQ(view.list().ListIndex(), 8) << "which stays";
-  ASSERT_TRUE(view.list().setListIndex(-1).ok());
+  EXPECT_EQ(std::pair(list.SelectedCount(), list.ListIndex()), std::pair(9, 8)) << "which stays";
+  ASSERT_TRUE(list.setListIndex(-1).ok());
   QTest::keyClick(&view, Qt::Key_Home);
-  EXPECT_EQ(view.list().SelectedCount(), 1) << "what the first key leads to";
-  EXPECT_TRUE(view.list().item(0).ItemSelected);
+  EXPECT_TRUE(list.SelectedCount() == 1 && list.item(0).ItemSelected) << "what the first key leads to";
   EXPECT_EQ(view.inputMethodQuery(Qt::ImCursorRectangle).toRect(), view.itemRect(0))
       << "its menu opens there";
   change([](auto& p) { p.SelectMode = 0; });
-  for (const auto* text : {"Lake", "lamp", "Oak", "Lake two"}) view.list().AddItem(text);
-  ASSERT_TRUE(view.list().setListIndex(0).ok());
-  QTest::keyClicks(&view, "lam");
-  EXPECT_EQ(view.list().item(view.list().ListIndex()).ItemText, "lamp");
-  QTest::keyClicks(&view, "p");
-  EXPECT_EQ(view.list().item(view.list().ListIndex()).ItemText, "lamp") << "still the same beginning";
+  for (const auto* text : {"Lake", "lamp", "Oak", "Lake two"}) list.AddItem(text);
+  ASSERT_TRUE(list.setListIndex(0).ok());
+  for (const auto* typed : {"lam", "p"}) {
+    QTest::keyClicks(&view, typed);
+    EXPECT_EQ(list.item(list.ListIndex()).ItemText, "lamp") << "still the same beginning";
+  }
 }
 
 TEST_F(ListView, GivesLettersDigitsAndSpaceToItsWindow) {
@@ -237,41 +234,42 @@ TEST_F(ListView, EditsInPlace) {
 
 TEST_F(ListView, TakesDropsBetweenItsRows) {
   fill(3);
-  QMimeData carried;
+  QMimeData carried, other;
   carried.setText("clip");
   std::string got;
   view.accepts = [](const QMimeData& data) { return data.hasText(); };
   view.dropped = [&](const QMimeData& data, int before) {
     got += data.text().toStdString() + std::to_string(before) + " ";
   };
+  const auto enter = [&](int y, const QMimeData& data) {
+    QDragEnterEvent event(QPoint(50, y), Qt::CopyAction, &data, Qt::LeftButton, {});
+    event.ignore();
+    QCoreApplication::sendEvent(&view, &event);
+    return event.isAccepted();
+  };
+  const auto move = [&](int y) {
+    QDragMoveEvent event(QPoint(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&view, &event);
+  };
   for (int y : {2, kRowHeight - 2, 2 * kRowHeight + 12, 4 * kRowHeight}) {
-    QDragEnterEvent enter(QPoint(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&view, &enter);
-    EXPECT_TRUE(enter.isAccepted());
+    EXPECT_TRUE(enter(y, carried));
     const auto before = view.grab().toImage();
-    QDragMoveEvent move(QPoint(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&view, &move);
+    move(y);
     EXPECT_NE(view.grab().toImage(), before) << "the place is shown";
     QDropEvent drop(QPointF(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&view, &drop);
   }
   EXPECT_EQ(got, "clip0 clip1 clip3 clip3 ");
+  EXPECT_FALSE(enter(2, other));
   fill(50);
-  QDragEnterEvent enterLow(QPoint(50, 5 * kRowHeight - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(&view, &enterLow);
-  QDragMoveEvent low(QPoint(50, 5 * kRowHeight - 2), Qt::CopyAction, &carried, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(&view, &low);
+  enter(5 * kRowHeight - 2, carried);
+  move(5 * kRowHeight - 2);
   EXPECT_TRUE(QTest::qWaitFor([&] { return view.list().TopIndex() > 2; })) << "while the pointer rests";
   QDragLeaveEvent leave;
   QCoreApplication::sendEvent(&view, &leave);
   const int top = view.list().TopIndex();
   QTest::qWait(150);
   EXPECT_EQ(view.list().TopIndex(), top);
-  QMimeData other;
-  QDragEnterEvent enter(QPoint(50, 2), Qt::CopyAction, &other, Qt::LeftButton, {});
-  enter.ignore();
-  QCoreApplication::sendEvent(&view, &enter);
-  EXPECT_FALSE(enter.isAccepted());
 }
 
 TEST_F(ListView, ADragOutCarriesInsteadOfSelecting) {

@@ -112,6 +112,10 @@ struct FaceBench : ProgramBench {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&face()));
   }
   void draw() { frm->draw(); }
+  void show(int clip) {
+    list.PreviewMovie(clip);
+    draw();
+  }
 
   /// The face that is shown.
   [[nodiscard]] static QWidget& face() {

@@ -49,10 +49,8 @@ TEST(SkinnedFace, ListsAreChosenMovedDroppedOnAndRenamed) {
   b.key(Qt::Key_F2);
   QTest::keyClicks(b.face().focusWidget(), "Sea");
   QTest::keyClick(b.face().focusWidget(), Qt::Key_Return);
-  EXPECT_EQ(b.names()[2], "Sea");
-  EXPECT_EQ(b.at("Undo").toolTip().contains("Sea") || b.at("Undo").toolTip().contains("c.avi"), true);
+  EXPECT_EQ(b.names()[2] + " " + view.list().item(2).ItemText, "Sea Sea");
   EXPECT_TRUE(view.hasFocus());
-  EXPECT_EQ(view.list().item(2).ItemText, "Sea");
   EXPECT_FALSE(plays) << "Return ended the name";
   b.key(Qt::Key_Return);
   EXPECT_TRUE(plays);
@@ -70,8 +68,7 @@ TEST(SkinnedFace, AStreamTellsHowItComesAndWhatItIs) {
   clip.MovieName(address);
   clip.IsStream(true);
   b.engineFiles[address] = {.rate = 0};
-  b.list.PreviewMovie(2);
-  b.draw();
+  b.show(2);
   EXPECT_EQ(b.find("Clips"), nullptr);
   ASSERT_NE(b.find("Connecting..."), nullptr);
   EXPECT_EQ(b.at("Connecting...").accessibleDescription(), "Click to stop");
@@ -100,12 +97,10 @@ TEST(SkinnedFace, AStreamTellsHowItComesAndWhatItIs) {
 
 TEST(SkinnedFace, TheOfferToResumeStandsOnThePicture) {
   FaceBench b;
-  EXPECT_EQ(b.find("Resume at 12:34"), nullptr);
   b.window.resume.chip = "Resume at 12:34";
   b.draw();
   auto& chip = b.at("Resume at 12:34");
-  EXPECT_EQ(chip.parentWidget(), &b.at("Picture"));
-  EXPECT_TRUE(chip.parentWidget()->rect().contains(chip.geometry()));
+  EXPECT_TRUE(b.at("Picture").rect().contains(QRect(chip.mapTo(&b.at("Picture"), QPoint()), chip.size())));
   EXPECT_GE(chip.height(), 24) << "a mouse hits it";
   b.window.resume.chip.clear();
   b.draw();
@@ -128,12 +123,10 @@ TEST(SkinnedFace, ThePictureComesByItselfAndSoundHasASign) {
   b.draw();
   b.waitForPicture();
   EXPECT_EQ(qGray(box.grab().toImage().pixel(100, 70)), 5);
-  b.list.PreviewMovie(2);
-  b.draw();
+  b.show(2);
   EXPECT_NE(b.find("Sound"), nullptr);
   b.streams.all.clear();
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   b.waitForPicture();
   EXPECT_EQ(b.at("No picture").toolTip(), "cannot open /v/c.jpg");
 }
@@ -142,8 +135,7 @@ TEST(SkinnedFace, BetweenTwoClipsThePictureIsStillThatOfTheFirst) {
   FaceBench b({"a.mp3", "b.jpg"});
   b.engineFiles["/v/a.mp3"] = {.rate = 0};
   b.streams.all.erase("/v/a.mp3");  // what is asked for its picture finds none
-  b.list.PreviewMovie(1);
-  b.draw();
+  b.show(1);
   ASSERT_NE(b.find("Sound"), nullptr);
   b.window.mode.player.clipWaits = true;  // it has ended
   b.list.select(2);

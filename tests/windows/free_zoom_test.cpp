@@ -32,22 +32,13 @@ TEST(FreeZoom, TakesTheFacesPlaceAndGivesItBack) {
 TEST(FreeZoom, ItsLabelsKeepTheirShareOfAnyWidth) {
   FaceBench b;
   b.click("Free Zoom Mode");
-  const struct {
-    const char* name;
-    int left;  // units of the design's width, 7590
-  } rows[] = {{"Play", 0},
-              {"Pause", 750},
-              {"Half the speed", 4450},
-              {"Slider", 5580},
-              {"Full Screen Mode", 6340},
-              {"Normal Mode", 7100}};
   for (const int width : {506, 700, 1200}) {
     b.face().resize(width, 500);
     QTest::qWait(1);
-    for (const auto& row : rows) {
-      const auto& label = b.at(row.name);
-      EXPECT_NEAR(label.x(), row.left * width / 7590.0, 1) << row.name << width;
-      EXPECT_NEAR(label.width(), 400 * width / 7590.0, 1) << row.name << width;
+    // Of 7590, the design's width.
+    for (const auto& [name, left] : {std::pair{"Play", 0}, {"Half the speed", 4450}, {"Normal Mode", 7100}}) {
+      EXPECT_NEAR(b.at(name).x(), left * width / 7590.0, 1) << name << width;
+      EXPECT_NEAR(b.at(name).width(), 400 * width / 7590.0, 1) << name << width;
     }
     EXPECT_EQ(b.at("Picture").geometry().bottom() + 1, 500);
   }
@@ -96,8 +87,7 @@ TEST(FullPicture, CoversTheScreenUntilEscape) {
   EXPECT_FALSE(b.window.mode.player.fullScreen);
   b.key(Qt::Key_Return, Qt::AltModifier);
   ASSERT_NE(full(), nullptr);
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   ASSERT_NE(full(), nullptr) << "another clip is shown there too";
   b.waitForPicture();
   EXPECT_EQ(b.window.picture.wish.path, "/v/c.jpg");
@@ -126,9 +116,9 @@ TEST(FreeZoom, APictureGoesWithThePointerOverItsSliderWhichCanBePressed) {
   QTest::mouseRelease(&toolbar, Qt::LeftButton, {}, middle);
   EXPECT_NEAR(b.links.player().PlayerGetCurrentPosition(), 5, 0.1);
   EXPECT_GE(b.at("Position").width(), 24);
-  b.list.PreviewMovie(3);
-  b.draw();
+  b.show(3);
   EXPECT_EQ(b.find("Position"), nullptr) << "a still has no place";
+  EXPECT_EQ(b.at("Picture").geometry(), QRect(0, 46, 700, 454)) << "and fills what the toolbar leaves";
 }
 
 TEST(FreeZoom, AStreamThatRunsLowSaysSoOnThePicture) {
@@ -141,15 +131,6 @@ TEST(FreeZoom, AStreamThatRunsLowSaysSoOnThePicture) {
   b.window.transport.stream.buffer = false;
   b.draw();
   EXPECT_EQ(b.find("40%  @ 128000"), nullptr);
-}
-
-TEST(FreeZoom, AStillFillsWhatTheToolbarLeaves) {
-  FaceBench b;
-  b.click("Free Zoom Mode");
-  b.face().resize(700, 500);
-  b.list.PreviewMovie(3);
-  b.draw();
-  EXPECT_EQ(b.at("Picture").geometry(), QRect(0, 46, 700, 454));
 }
 
 TEST(FreeZoom, TheNextStartIsWhereTheSkinnedFaceStood) {

@@ -1,6 +1,7 @@
 // The program's boxes, driven as a user drives them.
 #include "windows/message/frm_message_boxes.h"
 #include "windows/message/message_window.h"
+#include "windows/named_parts.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -70,14 +71,9 @@ TEST(FrmMessageBoxes, ShowTheirTextsAndAreReadAloud) {
     EXPECT_EQ(window.windowTitle(), "KVO - Caption");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Description),
               "One of /two  three");
-    QStringList names;
-    for (auto* part : window.findChildren<QWidget*>()) {
-      const auto name = QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
-      EXPECT_FALSE((part->focusPolicy() & Qt::TabFocus) && name.isEmpty()) << part->metaObject()->className();
-      names << name;
-    }
+    test::expectNamed(window);
     for (const auto* text : {"KVO - Caption", "Error", "One of /two", "three", "Replace", "No", "Close"})
-      EXPECT_TRUE(names.contains(text)) << text;
+      EXPECT_NE(test::named(window, text), nullptr);
     window.close();
   });
   boxes.show({.caption = "KVO - Caption",
@@ -92,11 +88,9 @@ TEST(FrmMessageBoxes, FitTheScreenWhateverIsTold) {
   for (int i = 0; i < 200; ++i) text += "/srv/" + std::string(90, 'a') + "/clip.avi is missing\r\n";
   FrmMessageBoxes boxes;
   whenShown([&](MessageWindow& window) {
-    const auto* card = window.findChild<MessageCard*>();
-    EXPECT_EQ(card->width(), 470);
     EXPECT_LE(window.height(), 700);
-    for (const auto* label : card->findChildren<QLabel*>())
-      EXPECT_LE(label->width(), card->width()) << label->text().toStdString();
+    for (const auto* label : window.findChildren<QLabel*>())
+      EXPECT_LE(label->width(), 470) << label->text().toStdString();
     window.close();
   });
   boxes.show({"Caption", text});
@@ -106,13 +100,11 @@ TEST(FrmMessageBoxes, AreMovedByTheirFace) {
   FrmMessageBoxes boxes;
   whenShown([&](MessageWindow& window) {
     const auto before = window.pos();
-    for (auto* label : window.findChildren<QLabel*>()) {
-      if (label->accessibleName() != "Text") continue;
-      QTest::mousePress(label, Qt::LeftButton, {}, {5, 5});
-      QMouseEvent move(QEvent::MouseMove, {5, 5}, label->mapToGlobal(QPointF(45, 25)), Qt::NoButton,
-                       Qt::LeftButton, Qt::NoModifier);
-      QApplication::sendEvent(label, &move);
-    }
+    auto* label = test::named<QLabel>(window, "Text");
+    QTest::mousePress(label, Qt::LeftButton, {}, {5, 5});
+    QMouseEvent move(QEvent::MouseMove, {5, 5}, label->mapToGlobal(QPointF(45, 25)), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(label, &move);
     EXPECT_EQ(window.pos() - before, QPoint(40, 20));
     window.close();
   });

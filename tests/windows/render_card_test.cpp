@@ -8,6 +8,7 @@
 #include "ui/theme.h"
 #include "windows/editor/editor_page.h"
 #include "windows/editor/page_list.h"
+#include "windows/named_parts.h"
 #include "windows/render/frm_queue.h"
 #include "windows/render/kind_row.h"
 
@@ -25,6 +26,8 @@
 
 namespace kvo {
 namespace {
+
+using test::named;
 
 struct CardBench {
   RenderState state;
@@ -69,15 +72,9 @@ struct CardBench {
     const auto* key = qobject_cast<QAbstractButton*>(card->focusWidget());
     return key == nullptr ? "" : key->text().toStdString();
   }
-  // A text that is seen.
-  [[nodiscard]] bool says(const QString& text) const {
-    for (const auto* label : card->findChildren<QLabel*>())
-      if (label->isVisible() && label->text() == text) return true;
-    return false;
-  }
-  void picture(const std::string& name) const {
-    const auto folder = qEnvironmentVariable("KVO_PICTURES");
-    if (!folder.isEmpty()) card->grab().save(folder + "/render-" + QString::fromStdString(name) + ".png");
+  [[nodiscard]] bool says(const std::string& text) const { return test::says(*card, text); }
+  void tick(const QString& name) const {
+    QTest::mouseClick(named<QCheckBox>(*card, name), Qt::LeftButton, {}, {10, 10});
   }
 };
 
@@ -126,17 +123,11 @@ TEST(RenderCard, OffersKindsAndProfiles) {
       "MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
       << rows;
-  EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ")) << b.asked;
-  PageList* list = nullptr;
-  for (auto* part : b.card->findChildren<QWidget*>())
-    if (part->accessibleName() == "Profile") list = dynamic_cast<PageList*>(part);
-  ASSERT_NE(list, nullptr);
+  auto* list = named<PageList>(*b.card, "Profile");
   EXPECT_EQ(list->list().ListIndex(), 25);
   EXPECT_EQ(list->rowName(25).toStdString().substr(0, 36), "WMV8 for Broadband (NTSC, 1400 Kbps)");
-  b.asked.clear();
   QTest::keyClick(list, Qt::Key_Down);
-  QTest::mouseClick(b.card->findChild<QCheckBox*>(), Qt::LeftButton, {}, {10, 10});
-  EXPECT_EQ(b.asked, "profile26 own0 ");
+  b.tick("Use the size of the profile, 320 x 240");
   for (const auto* area : b.card->findChildren<QScrollArea*>()) {
     EXPECT_TRUE(area->accessibleName() != "Create Movie" || !area->isVisible() ||
                 area->verticalScrollBar()->maximum() + area->horizontalScrollBar()->maximum() == 0);
@@ -148,42 +139,29 @@ TEST(RenderCard, OffersKindsAndProfiles) {
   b.go(RenderFrame::Options);
   auto* size = b.card->findChild<QSpinBox*>();
   EXPECT_TRUE(!list->isVisible() && b.says("Made for") && !size->isVisible());
-  const auto device = [&] {
-    for (auto* tick : b.card->findChildren<QCheckBox*>())
-      if (tick->text() == "Encode by the graphics card") return tick;
-    return static_cast<QCheckBox*>(nullptr);
-  }();
-  ASSERT_NE(device, nullptr);
+  const auto* device = named<QCheckBox>(*b.card, "Encode by the graphics card");
   EXPECT_FALSE(device->isVisible()) << "no device works";
   b.state.offersHardware = true;
-  b.asked.clear();
   b.go(RenderFrame::Options);
-  b.picture("device");
   EXPECT_TRUE(device->isVisible() && !device->isChecked());
-  QTest::mouseClick(device, Qt::LeftButton, {}, {10, 10});
-  EXPECT_EQ(b.asked, "device1 ");
-  b.state.offersHardware = false;
+  b.tick("Encode by the graphics card");
   b.state.madeForRow = 1;
   b.state.hasWishedSize = true;
-  b.asked.clear();
   b.go(RenderFrame::Options);
   EXPECT_EQ(size->value(), 20);
   size->stepUp();
-  EXPECT_EQ(b.asked, "mb21 ");
+  EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ") &&
+              b.asked.ends_with("profile26 own0 device1 mb21 "))
+      << b.asked;
   b.state.kind = OutputKind::Wav;
   b.state.Lst_MadeFor.clear();
   b.go(RenderFrame::Options);
   EXPECT_FALSE(list->isVisible());
   EXPECT_TRUE(b.says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";
-  CardBench sound;
-  sound.state.kind = OutputKind::Flac;
-  sound.go(RenderFrame::Options);
-  for (const auto* row : sound.card->findChildren<KindRow*>())
-    EXPECT_TRUE(!row->isChecked() || !row->visibleRegion().isEmpty()) << "the kind in hand is in sight";
-  for (auto* row : sound.card->findChildren<KindRow*>()) {
+  for (auto* row : kinds) {
     row->setChecked(true);  // as an arrow key does
-    sound.state.kind = row->kind();
-    sound.go(RenderFrame::Options);
+    b.state.kind = row->kind();
+    b.go(RenderFrame::Options);
     EXPECT_EQ(row->visibleRegion().boundingRect(), row->rect()) << row->text().toStdString();
   }
 }
@@ -192,11 +170,6 @@ TEST(RenderCard, OffersKindsAndProfiles) {
 TEST(RenderCard, TakesTheRoomOfALargeWindow) {
   CardBench b;
   b.state.picture = std::make_shared<FramePicture>();
-  const auto areaOf = [&b](const QString& name) {
-    for (const auto* part : b.card->findChildren<QWidget*>())
-      if (part->accessibleName() == name && part->isVisible()) return part->width() * part->height();
-    return 0;
-  };
   for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "Kind of movie"},
                                     {RenderFrame::Options, "Profile"},
                                     {RenderFrame::Options, "The clip in hand"},
@@ -204,30 +177,30 @@ TEST(RenderCard, TakesTheRoomOfALargeWindow) {
                                     {RenderFrame::PicInPic, "The backdrop"}}) {
     b.card->resize(themed(976), themed(448));
     b.go(frame);
-    const int small = areaOf(name);
+    const auto* part = named(*b.card, name);
+    const auto small = part->size();
     b.card->resize(themed(1540), themed(760));
     QApplication::processEvents();
-    EXPECT_GT(areaOf(name), 2 * small) << name;
-    EXPECT_GT(small, 0) << name;
-    b.picture("large-" + std::to_string(static_cast<int>(frame)));
+    EXPECT_GT(part->width() * part->height(), 2 * small.width() * small.height()) << name;
+    EXPECT_TRUE(part->isVisible()) << name;
   }
 }
 
 TEST(RenderCard, SaysWhyAMovieCannotBeMade) {
+  const std::string caution =
+      "The width of 321 is odd, and a WMV has an even one. Change it on the Create page.";
   CardBench b;
-  b.state.caution = "The width of 321 is odd, and a WMV has an even one. Change it on the Create page.";
+  b.state.caution = caution;
   b.state.canMake = false;
   b.go(RenderFrame::Options);
-  EXPECT_TRUE(b.says(QString::fromStdString(b.state.caution)));
+  EXPECT_TRUE(b.says(caution));
   EXPECT_EQ(b.focus(), "Windows Media Format (WMV)");
-  for (const auto* key : b.card->findChildren<QPushButton*>()) {
-    const bool leadsOn = key->text() == "Write Movie" || key->text() == "Add to Queue";
-    EXPECT_TRUE(!key->isVisible() || key->isEnabled() != leadsOn) << key->text().toStdString();
-  }
+  for (const auto* name : {"Write Movie", "Add to Queue"})
+    EXPECT_FALSE(named(*b.card, name)->isEnabled()) << name;
   b.state.caution.clear();
   b.state.canMake = true;
   b.go(RenderFrame::Options);
-  EXPECT_FALSE(b.says("The width of 321 is odd, and a WMV has an even one. Change it on the Create page."));
+  EXPECT_FALSE(b.says(caution));
 }
 
 // Three renders, the second one in hand.
@@ -254,50 +227,35 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   queue.isOpen = true;
   window.draw(true);
   QApplication::processEvents();
-  PageList* list = nullptr;
-  for (auto* part : window.findChildren<QWidget*>())
-    if (part->accessibleName() == "Queue") list = dynamic_cast<PageList*>(part);
-  ASSERT_NE(list, nullptr);
+  auto* list = named<PageList>(window, "Queue");
   EXPECT_EQ(list->rowName(0), "a.mp4, 43%");
   EXPECT_EQ(list->rowName(2), "c.mp4, failed, disk full");
-  const auto press = [&](const QString& name) {
-    for (auto* key : window.findChildren<QPushButton*>()) {
-      if ((key->text() == name || key->accessibleName() == name) && key->isEnabled()) key->click();
-    }
+  const auto look = [&] { return std::exchange(asked, {}); };
+  const auto press = [&](std::initializer_list<const char*> names) {
+    for (const auto* name : names) named<QPushButton>(window, name)->click();
   };
-  for (const auto* name : {"Pause", "Earlier", "Later", "Remove"}) press(name);
-  EXPECT_EQ(asked, "pause move1 move3 remove ");
-  asked.clear();
-  QTest::keyClick(list, Qt::Key_Up, Qt::ControlModifier);
-  QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
-  QTest::keyClick(list, Qt::Key_Space);
-  QTest::keyClick(list, Qt::Key_Delete);
-  EXPECT_EQ(asked, "move1 move3 pause remove ");
-  asked.clear();
+  press({"Pause", "Earlier", "Later", "Remove"});
+  EXPECT_EQ(look(), "pause move1 move3 remove ");
+  for (const auto key : {Qt::Key_Up, Qt::Key_Down}) QTest::keyClick(list, key, Qt::ControlModifier);
+  for (const auto key : {Qt::Key_Space, Qt::Key_Delete}) QTest::keyClick(list, key);
+  EXPECT_EQ(look(), "move1 move3 pause remove ");
   const auto carried = list->dragOut(0);
   for (const int before : {0, 1, 2, 3}) list->dropped(*carried, before);
-  EXPECT_EQ(asked, "job0 move1 job0 move1 job0 move2 job0 move3 ") << "a place is counted without itself";
-  asked.clear();
+  EXPECT_EQ(look(), "job0 move1 job0 move1 job0 move2 job0 move3 ") << "a place is counted without itself";
   queue.row = 2;
   window.draw(true);
-  for (const auto* name : {"Later", "Pause", "Try Again"}) press(name);
-  EXPECT_EQ(asked, "pause ") << "the last one, which has failed";
-  const auto says = [&](const QString& text) {
-    for (const auto* label : window.findChildren<QLabel*>())
-      if (label->isVisible() && label->accessibleName() == text) return true;
-    return false;
-  };
-  EXPECT_TRUE(says("disk full"));
+  press({"Later", "Try Again"});
+  EXPECT_EQ(look(), "pause ") << "the last one, which has failed";
+  EXPECT_TRUE(named<QLabel>(window, "disk full")->isVisible());
   queue.trouble = "cannot read /home/me/.local/share/KVO5/Queue/Queue.txt: Permission denied";
   queue.Lst_Queue.clear();
   queue.row = -1;
   window.draw(true);
-  EXPECT_TRUE(says(QString::fromStdString(queue.trouble)));
-  asked.clear();
-  for (const auto* name : {"Pause", "Earlier", "Later", "Remove"}) press(name);
+  EXPECT_TRUE(named<QLabel>(window, QString::fromStdString(queue.trouble))->isVisible());
+  press({"Pause", "Earlier", "Later", "Remove"});
   QTest::keyClick(list, Qt::Key_Delete);
   QTest::keyClick(&window, Qt::Key_Escape);
-  EXPECT_EQ(asked, "hide ");
+  EXPECT_EQ(look(), "hide ");
   window.draw(false);
   EXPECT_FALSE(window.isVisible()) << "the program has no other window";
 }
@@ -320,33 +278,24 @@ TEST(RenderCard, ShowsHowFarTheMovieIs) {
   b.state.completed = "Completed in 58.42 (s)";
   b.state.notes = {"holiday.avi: the sound from 1.00 to 2.00 s cannot be decoded"};
   b.go(RenderFrame::Report);
-  EXPECT_TRUE(b.says("Completed in 58.42 (s)") && b.says(QString::fromStdString(b.state.notes[0])));
+  EXPECT_TRUE(b.says("Completed in 58.42 (s)") && b.says(b.state.notes[0]));
 }
 
-TEST(RenderCard, LooksAsDesigned) {
+TEST(RenderCard, FitsAtEachSize) {
   for (const double size : {1.0, 2.0}) {
     setThemeSize(*qApp, size);
     CardBench b;
-    const std::string end = size > 1 ? "@2x" : "";
     b.state.sample = {18, 22};
     b.queue = threeRenders();
-    for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "options"},
-                                      {RenderFrame::Estimate, "pre"},
-                                      {RenderFrame::Report, "done"},
-                                      {RenderFrame::PicInPic, "pair"}}) {
+    for (const auto frame :
+         {RenderFrame::Options, RenderFrame::Estimate, RenderFrame::Report, RenderFrame::PicInPic}) {
       b.go(frame);
-      for (auto* part : b.card->findChildren<QWidget*>()) {
-        if (!part->isVisible() || part->focusPolicy() == Qt::NoFocus || part->parentWidget() == nullptr)
-          continue;
-        EXPECT_FALSE(part->accessibleName().isEmpty() && qobject_cast<QAbstractButton*>(part) == nullptr)
-            << name << " " << part->metaObject()->className();
-        EXPECT_GE(part->height(), themed(24)) << name << " " << part->metaObject()->className();
-      }
+      SCOPED_TRACE(static_cast<int>(frame));
+      test::expectNamed(*b.card, themed(24));
       for (const auto* area : b.card->findChildren<QScrollArea*>())
         EXPECT_TRUE(!area->isVisible() || dynamic_cast<EditorPage*>(area->widget()) == nullptr ||
                     area->maximumViewportSize() == area->viewport()->size())
-            << name << " scrolls";
-      b.picture(name + end);
+            << "it scrolls";
     }
   }
   setThemeSize(*qApp, 1);

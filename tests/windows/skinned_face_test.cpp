@@ -236,23 +236,21 @@ TEST(SkinnedFace, ASkinIsPaintedAnewOnlyWhenItHasChanged) {
 }
 
 TEST(SkinnedFace, StaysWhereItWasAndOnTheScreen) {
-  {
-    FaceBench b;
-    b.face().move(700, 300);
-    b.shutDown.exit();
-    b.draw();
-    FaceBench again;
-    again.frm.reset();
-    again.store.write("FrmFileOpenPlace", b.store.read("FrmFileOpenPlace"));
-    again.open();
-    EXPECT_EQ(again.face().pos(), QPoint(700, 300));
-    again.window.face.interfaceSize = 2;
-    again.links.takeInterfaceSize();
-    again.face().move(1400, 700);
-    again.draw();
-    EXPECT_EQ(again.face().size(), QSize(1124, 820));
-    EXPECT_EQ(again.face().pos(), QPoint(1920 - 1124, 1080 - 820));
-  }
+  FaceBench b;
+  b.face().move(700, 300);
+  b.shutDown.exit();
+  b.draw();
+  FaceBench again;
+  again.frm.reset();
+  again.store.write("FrmFileOpenPlace", b.store.read("FrmFileOpenPlace"));
+  again.open();
+  EXPECT_EQ(again.face().pos(), QPoint(700, 300));
+  again.window.face.interfaceSize = 2;
+  again.links.takeInterfaceSize();
+  again.face().move(1400, 700);
+  again.draw();
+  EXPECT_EQ(again.face().size(), QSize(1124, 820));
+  EXPECT_EQ(again.face().pos(), QPoint(1920 - 1124, 1080 - 820));
 }
 
 }  // namespace

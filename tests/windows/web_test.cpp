@@ -4,6 +4,7 @@
 #include "support/memory_store.h"
 #include "support/plain_desktop.h"
 #include "support/real_world.h"
+#include "windows/named_parts.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
 
@@ -63,12 +64,7 @@ struct PagesBench {
     pages.whenClosed([this] { ++closed; });
   }
   [[nodiscard]] QWidget& window() const { return *view->page.window(); }
-  [[nodiscard]] QToolButton& key(const char* name) const {
-    for (auto* key : window().findChildren<QToolButton*>()) {
-      if (key->accessibleName() == name) return *key;
-    }
-    throw std::runtime_error(name);
-  }
+  [[nodiscard]] QToolButton& key(const char* name) const { return *test::named<QToolButton>(window(), name); }
 };
 
 TEST(WebPages, AreShownSteeredAndClosed) {

@@ -133,6 +133,10 @@ struct DeskBench : ProgramBench {
     loop.advance(200 * ticks);
     return told;
   }
+  [[nodiscard]] std::string totals() const {
+    return state.totals.lbl_VideoTotTime + " " + state.totals.Lbl_AudTotal +
+           (state.totals.audioIsRed ? " red" : "");
+  }
   std::string changed(Integer code) {
     settings.state.ObjectChange = code;
     return tick();

@@ -1,8 +1,6 @@
 // Where the user is in the movie, and what follows; what the timeline's hand does, carried out.
 #include "editor/desk/desk_bench.h"
 #include "editor/desk/timeline_desk.h"
-#include "editor/tabs/preview.h"
-#include "editor/tabs/stills_tab.h"
 
 #include <gtest/gtest.h>
 
@@ -20,10 +18,8 @@ TEST(Playhead, ClipPictureAndPlayerAreAtOnePlace) {
     double inMovie, inClip;
     const char* does;  // what is loaded, where the player is sent, what the preview is told
   } rows[] = {
-      {"the ruler", [](auto& b) { b.desk.movieStands(10); }, 2, 10, 4, "load2 to4 "},
       {"a drag over it", [](auto& b) { b.desk.movieStands(7), b.desk.movieStands(13); }, 3, 13, 1,
        "load3 to1 "},
-      {"a still", [](auto& b) { b.desk.movieStands(22); }, 4, 22, 2, "load4 "},
       {"behind the pictures", [](auto& b) { b.desk.movieStands(28); }, 4, 28, 5, "load4 "},
       {"a clip is chosen", [](auto& b) { b.list.PreviewMovie(3); }, 3, 12, 0, "load3 to0 "},
       {"a new movie is viewed", [](auto& b) { b.list.PreviewMovie(3), b.desk.letPlay(); }, 3, 12, 0,
@@ -147,25 +143,6 @@ TEST(TimelineDesk, CarriesOutWhatTheHandDoes) {
     b.history.undo();
     EXPECT_EQ(b.collection.MovieList.count(), 5) << row.step;
   }
-}
-
-TEST(TimelineDesk, AStillKeepsTheLengthThatItWasDraggedTo) {
-  DeskBench b;
-  b.addVideo("second.jpg", 0, 5).IsStill(true);
-  TimelineDesk desk({b.desk, b.onHeld, b.listCommands, b.mailbox}, {});
-  StillsTab tab;
-  restoreStills(b.editing, tab);
-  const auto previewed = [&] {
-    EXPECT_TRUE(CreatePreview(b.editing, stillControls(b.editing, tab)));
-    return b.clip(4).LoopEnd().text() + " " + b.clip(6).LoopEnd().text() +
-           (b.settings.preferences().StillsIndividual ? " one by one" : "");
-  };
-  EXPECT_EQ(previewed(), "5 5");
-  desk.setMark({4, ClipEdge::Out, 3.2, 0});
-  EXPECT_EQ(previewed(), "3.2 5 one by one");
-  EXPECT_EQ(b.window.history.done.size(), 1U);
-  b.history.undo(1);
-  EXPECT_EQ(previewed(), "5 5");
 }
 
 }  // namespace

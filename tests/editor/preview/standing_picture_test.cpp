@@ -39,31 +39,35 @@ struct StandingBench : test::Bench {
 
 TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
   StandingBench b;
-  EXPECT_EQ(b.seen(), -1) << "on its way";
-  EXPECT_EQ(b.shown(), 3);
-  EXPECT_EQ(b.state.title, "beach.avi");
-  b.collection.icurMov = 2;
-  b.settle();
-  EXPECT_EQ(b.seen(), 3) << "it stands until the next is there";
-  EXPECT_EQ(b.shown(), 7);
-  b.past = 1;
-  EXPECT_EQ(b.shown(), 8) << "the playhead has gone on";
-  b.form = {96, 54};
-  b.shown();
-  EXPECT_EQ(b.state.picture->width, 96) << "the movie has another shape";
-  b.collection.MovieList[2].IsStill(true);
-  EXPECT_EQ(b.shown(), 0) << "a still has one picture";
-  b.past = 0;
-  b.collection.icurMov = 3;
-  b.settle();
-  EXPECT_EQ(b.seen(), -1) << "sound is not seen";
-  EXPECT_EQ(b.state.title, "song.mp3") << "but told";
-  b.state.failure = "no such file";
-  b.collection.icurMov = 1;
-  b.settle();
-  EXPECT_EQ(b.seen(), -1) << "what failed is told there";
-  b.state.failure.clear();
-  EXPECT_EQ(b.shown(), 3);
+  const struct {
+    const char* what;
+    std::function<void()> act;
+    int atOnce, then;  // what stands until the next is there, and the next
+  } steps[] = {
+      {"the clip in hand", [] {}, -1, 3},
+      {"another", [&] { b.collection.icurMov = 2; }, 3, 7},
+      {"the playhead has gone on", [&] { b.past = 1; }, 7, 8},
+      {"the movie has another shape",
+       [&] {
+         b.form = {96, 54};
+       },
+       8, 8},
+      {"a still has one picture", [&] { b.collection.MovieList[2].IsStill(true); }, 8, 0},
+      {"sound is not seen", [&] { b.collection.icurMov = 3; }, -1, -1},
+      {"what failed is told there", [&] { b.collection.icurMov = 1, b.state.failure = "gone"; }, -1, -1},
+      {"no more", [&] { b.state.failure.clear(); }, -1, 4}};
+  for (const auto& step : steps) {
+    step.act();
+    b.settle();
+    EXPECT_EQ(b.seen(), step.atOnce) << step.what;
+    if (step.then >= 0) {  // it comes
+      EXPECT_EQ(b.shown(), step.then) << step.what;
+    }
+    if (b.state.failure.empty()) {
+      EXPECT_EQ(b.state.title, b.collection.MovieList[b.collection.icurMov].MovieName()) << step.what;
+    }
+  }
+  EXPECT_EQ(b.state.picture->width, 96);
 }
 
 // Whatever takes its frame away, the picture follows the clip again.
@@ -87,22 +91,14 @@ TEST(StandingPicture, AFrameStandsUntilSomethingElseIsToBeSeen) {
          b.state = {};
        },
        3},
-      {"a preview is killed", true,
-       [](auto& b) {
-         b.state.picture.reset();
-         b.standing.forget();
-       },
-       3},
+      {"a preview is killed", true, [](auto& b) { b.state.picture.reset(), b.standing.forget(); }, 3},
   };
   for (const auto& row : rows) {
     StandingBench b;
     b.shown();
     b.keyframesOpen = !row.isMark;
-    if (row.isMark) {
-      b.standing.showMark("/v/beach.avi", 5);
-    } else {
-      b.standing.showKeyframe(b.collection.MovieList[1], 125, 25);
-    }
+    if (row.isMark) b.standing.showMark("/v/beach.avi", 5);
+    if (!row.isMark) b.standing.showKeyframe(b.collection.MovieList[1], 125, 25);
     EXPECT_EQ(b.shown(), 5) << row.what;
     b.settle();
     EXPECT_EQ(b.seen(), 5) << row.what;

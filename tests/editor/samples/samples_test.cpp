@@ -4,6 +4,7 @@
 #include "editor/samples/sample_art.h"
 #include "editor/samples/sample_pictures.h"
 #include "editor/samples/transition_painter.h"
+#include "support/fakes.h"
 #include "vocabulary/transitions.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ namespace {
 
 constexpr int kDark = 60;
 constexpr int kBright = 200;
-using QuietSize = std::pair<Integer, Integer>;
+using test::Bench;
 
 FramePicture grey(int value) {
   const auto byte = static_cast<std::uint8_t>(value);
@@ -68,116 +69,80 @@ TEST(EffectPainter, PaintsEveryEffectOnOffer) {
   for (const auto* none : {"0", "47", "Mirror"}) EXPECT_FALSE(prepareEffect(none, effects, 32, 18)) << none;
 }
 
-// Every file is grey, by the length of its name.
-class GreyFiles final : public MediaContents {
- public:
-  Result<StreamFacts> facts(const std::string& path) override { return Error{path}; }
-  Result<FramePicture> frame(const std::string& path, double /*seconds*/, int width, int height) override {
-    const auto byte = static_cast<std::uint8_t>(path.size() * 10);
-    return path == "/v/gone.avi" ? Result<FramePicture>(Error{path})
-                                 : plainPicture(width, height, byte, byte, byte);
-  }
-};
-
-class SamplesBench {
- public:
-  GreyFiles files;
-  Collection collection;
-  KVO2 settings;
-  EngineSamples samples{transitionArt(collection, settings), files, [this] {
-                          const std::lock_guard lock(mutex_);
-                          ++come_;
-                          heard_.notify_all();
+// A picture is as bright as the second of its file.
+struct SamplesBench : Bench {
+  EngineSamples samples{transitionArt(collection, settings), streams, [this] {
+                          const std::lock_guard lock(mutex);
+                          ++come;
+                          heard.notify_all();
                         }};
 
-  void add(const std::string& name) {
-    auto& clip = collection.MovieList.add({});
-    clip.Path("/v/");
-    clip.MovieName(name);
-    clip.LoopEnd(Value(5));
-  }
-
   MovingSamples::Picture wait(std::string_view name, int step = kSampleStill) {
-    std::unique_lock lock(mutex_);
-    const int before = come_;
+    std::unique_lock lock(mutex);
+    const int before = come;
     if (auto there = samples.picture(name, step)) return there;
-    heard_.wait_for(lock, std::chrono::seconds(20), [&] { return come_ > before; });
+    heard.wait_for(lock, std::chrono::seconds(20), [&] { return come > before; });
     lock.unlock();
     return samples.picture(name, step);
   }
 
- private:
-  std::mutex mutex_;
-  std::condition_variable heard_;
-  int come_ = 0;
+  std::mutex mutex;
+  std::condition_variable heard;
+  int come = 0;
 };
 
-TEST(MovingSamples, LeadFromTheClipBeforeIntoTheOneInHand) {
+TEST(MovingSamples, LeadFromTheClipBeforeIntoTheOneInHandInTheShapeOfTheMovie) {
   SamplesBench b;
   ASSERT_NE(b.wait("Wipe Hard"), nullptr) << "plain";
   const int before = b.samples.revision();
-  b.add("a.avi");
-  b.add("song.mp3");
-  b.add("longer.avi");
+  b.addVideo("a.avi", 0, 81);
+  b.addMusic("song.mp3", 0, 50);
+  b.addVideo("b.avi", 129, 150);
   b.collection.icurMov = 3;
   const auto first = b.wait("Wipe Hard", 0), last = b.wait("Wipe Hard", kSampleSteps - 1);
   EXPECT_GT(b.samples.revision(), before);
   ASSERT_TRUE(first != nullptr && last != nullptr);
-  EXPECT_NEAR(meanOf(*first), 80, 5) << "/v/a.avi";
-  EXPECT_NEAR(meanOf(*last), 130, 5) << "/v/longer.avi";
+  EXPECT_NEAR(meanOf(*first), 80, 5) << "a second ahead of its end";
+  EXPECT_NEAR(meanOf(*last), 130, 5) << "a second behind its start";
   EXPECT_EQ(b.samples.picture("Wipe Hard", 0), first) << "the same clips: it is kept";
-}
-
-TEST(MovingSamples, AnEffectIsSeenOnAStretchOfTheClipInHand) {
-  Collection collection;
-  const auto add = [&](const char* name, double from, double to) -> Movie& {
-    auto& clip = collection.MovieList.add({});
-    clip.MovieName(name);
-    clip.LoopStart(Value(from));
-    clip.LoopEnd(Value(to));
-    return clip;
-  };
-  add("a.avi", 0, 20);
-  add("b.avi", 5, 6);
-  add("c.jpg", 0, 7).IsStill(true);
-  add("d.mp3", 0, 7);
-  const EffectsTable effects;
-  KVO2 settings;
-  const auto art = effectArt(collection, settings, effects);
-  for (const auto& [clip, places, first, last] : {std::tuple{1, 12U, 1.0, 1.0 + 2.0 * 11 / 12},
-                                                  {2, 12U, 5.5, 5.5 + 0.5 * 11 / 12},
-                                                  {3, 1U, 0.0, 0.0}}) {
-    collection.icurMov = clip;
-    const auto seen = art.places();
-    ASSERT_EQ(seen.size(), places) << clip;
-    EXPECT_NEAR(seen.front().seconds, first, 1e-9) << clip;
-    EXPECT_NEAR(seen.back().seconds, last, 1e-9) << clip;
-  }
-  collection.icurMov = 4;
-  ASSERT_EQ(art.places().size(), 1U);
-  EXPECT_EQ(art.places().front().path, "") << "sound has no picture";
-}
-
-TEST(MovingSamples, HaveTheShapeOfTheMovie) {
-  SamplesBench b;
-  for (const auto& [movie, sample] : {std::pair(QuietSize{640, 480}, QuietSize{120, 90}),
-                                      {{1920, 1080}, {150, 84}},
-                                      {{480, 640}, {68, 90}}}) {
-    b.settings.adjust().RenderWidth = movie.first;
-    b.settings.adjust().RenderHeight = movie.second;
+  for (const auto& [width, height, sample] :
+       {std::tuple{640, 480, std::pair{120, 90}}, {1920, 1080, {150, 84}}, {480, 640, {68, 90}}}) {
+    b.settings.adjust().RenderWidth = static_cast<Integer>(width);
+    b.settings.adjust().RenderHeight = static_cast<Integer>(height);
     const auto picture = b.wait("Barn");
-    ASSERT_NE(picture, nullptr) << movie.first;
-    EXPECT_EQ(QuietSize(picture->width, picture->height), sample);
+    ASSERT_NE(picture, nullptr) << width;
+    EXPECT_EQ(std::pair(picture->width, picture->height), sample);
   }
 }
 
 TEST(MovingSamples, AFileThatIsGoneIsAPlainColour) {
   SamplesBench b;
-  b.add("gone.avi");
+  b.addVideo("gone.avi", 0, 5);
+  b.streams.all.clear();
   b.collection.icurMov = 1;
   EXPECT_NE(b.wait("Barn"), nullptr);
   EXPECT_EQ(b.samples.picture("no such transition", 0), nullptr);
   EXPECT_NE(b.wait("Iris"), nullptr) << "and those behind it come";
+}
+
+TEST(MovingSamples, AnEffectIsSeenOnAStretchOfTheClipInHand) {
+  Bench b;
+  b.addVideo("a.avi", 0, 20);
+  b.addVideo("b.avi", 5, 6);
+  b.addVideo("c.jpg", 0, 7).IsStill(true);
+  b.addMusic("d.mp3", 0, 7);
+  const auto art = effectArt(b.collection, b.settings, b.editor.effects);
+  for (const auto& [clip, places, first, last] : {std::tuple{1, 12U, 1.0, 1.0 + 2.0 * 11 / 12},
+                                                  {2, 12U, 5.5, 5.5 + 0.5 * 11 / 12},
+                                                  {3, 1U, 0.0, 0.0},
+                                                  {4, 1U, 0.0, 0.0}}) {
+    b.collection.icurMov = clip;
+    const auto seen = art.places();
+    ASSERT_EQ(seen.size(), places) << clip;
+    EXPECT_NEAR(seen.front().seconds, first, 1e-9) << clip;
+    EXPECT_NEAR(seen.back().seconds, last, 1e-9) << clip;
+    EXPECT_EQ(seen.front().path.empty(), clip == 4) << "sound has no picture";
+  }
 }
 
 }  // namespace

@@ -44,18 +44,14 @@ struct KeyframeBench : TabBench {
 TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
   KeyframeBench b;
   const auto& w = b.window;
-  EXPECT_TRUE(w.visible);
-  EXPECT_EQ(w.effectName, "ColoredPencil");
-  EXPECT_EQ(w.Sld_FramePosMaster.Max, 200);
-  EXPECT_EQ(w.Lbl_Frame, "Current Frame = 000000 of 000200");
+  EXPECT_EQ(w.effectName + "|" + w.Lbl_Frame + "|" + w.readings[0] + "|" + w.readings[2],
+            "ColoredPencil|Current Frame = 000000 of 000200|30%|10");
   EXPECT_EQ(w.Lst_Keyframes.rows, std::vector<std::string>{"Keyframe No = 0000000"});
-  EXPECT_EQ(w.sliders[0].Value, 30) << "of the table";
-  EXPECT_EQ(w.sliders[2].Value, 10);
+  EXPECT_EQ(std::pair(w.sliders[0].Value, w.sliders[2].Value), std::pair(30, 10)) << "of the table";
   EXPECT_EQ(w.colours.at(static_cast<std::size_t>(w.Cmb_ParamColor[0].chosen)), "BLUEVIOLET");
   EXPECT_EQ(w.Cmb_ParamColor[1].chosen, 0) << "a colour that the list does not have";
   EXPECT_EQ(w.Cmb_ParamColor[3].whyNot + "|" + w.whyNoDelete,
             "This effect has no texture|The first keyframe stays");
-  EXPECT_EQ(w.readings[0] + "|" + w.readings[2], "30%|10");
   EXPECT_EQ(b.settings.state.KeyframeMode, kFlagOn);
   SuspendKeyframeForm(b.editing, b.window);
   EXPECT_EQ(b.settings.state.KeyframeMode, 0);
@@ -76,28 +72,38 @@ TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
 
 TEST(KeyframeWindow, KeyframesAreAddedChosenAndDeleted) {
   KeyframeBench b;
-  b.add(100);
-  EXPECT_EQ(b.host.look(), "edit New keyframe 1 0, sample Keyframe 1");
-  EXPECT_EQ(b.frames(), "0:0 100:0 ") << "with two the level begins at nothing or all, also in the controls";
-  moveKeyframeSlider(b.editing, b.window, b.host, 0, 30);
-  b.host.look();
-  EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 1);
-  EXPECT_EQ(b.window.whyNoDelete, "");
-  b.add(100);
-  EXPECT_EQ(b.boxes.shown.back().caption, "KVO5 - Duplicate Keyframe warning");
-  EXPECT_EQ(b.host.look(), "");
-  b.add(50);
-  EXPECT_EQ(b.frames(), "0:0 50:0.3 100:0.3 ") << "in the order of their frames";
-  EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 2) << "in the order that they came";
-  chooseKeyframe(b.editing, b.window, b.host, 1);
-  EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100);
-  deleteChosenKeyframe(b.editing, b.window, b.host);
-  EXPECT_EQ(b.frames(), "0:0 50:0.3 ");
-  EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, 0) << "the one before it";
-  deleteAllKeyframes(b.editing, b.window, b.host);
-  EXPECT_EQ(b.frames(), "0:0 ");
-  deleteChosenKeyframe(b.editing, b.window, b.host);
-  EXPECT_EQ(KeyframeCount(b.editing, 8, 1), 1) << "the only one stays";
+  struct Row {
+    const char* what;
+    std::function<void()> act;
+    const char* frames;
+    int index;  // in the order that they came
+    const char* asked;
+  };
+  for (const auto& row :
+       {Row{"with two the level begins at nothing or all", [&] { b.add(100); }, "0:0 100:0 ", 1,
+            "edit New keyframe 1 0, sample Keyframe 1"},
+        Row{"in the controls, too", [&] { moveKeyframeSlider(b.editing, b.window, b.host, 0, 30); },
+            "0:0 100:0.3 ", 1, "edit Keyframe 1 0, sample Keyframe 1"},
+        Row{"one there", [&] { b.add(100); }, "0:0 100:0.3 ", 1, ""},
+        Row{"between", [&] { b.add(50); }, "0:0 50:0.3 100:0.3 ", 2,
+            "edit New keyframe 1 0, sample Keyframe 1"},
+        Row{"chosen", [&] { chooseKeyframe(b.editing, b.window, b.host, 1); }, "0:0 50:0.3 100:0.3 ", 1,
+            "sample Keyframe 1"},
+        Row{"deleted", [&] { deleteChosenKeyframe(b.editing, b.window, b.host); }, "0:0 50:0.3 ", 0,
+            "edit Delete keyframe 1 0, sample Keyframe 1"},
+        Row{"all", [&] { deleteAllKeyframes(b.editing, b.window, b.host); }, "0:0 ", 0,
+            "edit Delete all keyframes 1 0, sample Keyframe 1"},
+        Row{"the only one stays", [&] { deleteChosenKeyframe(b.editing, b.window, b.host); }, "0:0 ", 0,
+            ""}}) {
+    row.act();
+    EXPECT_EQ(b.frames(), row.frames) << row.what;
+    EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, row.index) << row.what;
+    EXPECT_EQ(b.host.look(), row.asked) << row.what;
+    if (row.what == std::string("chosen")) {
+      EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100);
+    }
+  }
+  EXPECT_EQ(b.boxes.shown.front().caption, "KVO5 - Duplicate Keyframe warning");
 }
 
 TEST(KeyframeWindow, ControlsWriteTheChosenKeyframe) {
@@ -198,14 +204,11 @@ TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
   EXPECT_TRUE(b.window.ignored.at(1));
   EXPECT_EQ(b.frames(), "0:0 ");
   EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100) << "it stays within the marks";
-  EXPECT_TRUE(b.window.visible);
   b.collection.MovieList.arrange({2, 3, 1, 4});
   b.collection.icurMov = 3;
   followKeyframes(b.editing, b.window);
-  EXPECT_EQ(b.window.clipNo, 3) << "it goes with its clip";
-  b.collection.MovieList.arrange({3, 1, 2, 4});
-  b.collection.icurMov = 1;
-  b.clip(1).EffectWord(std::string(EffectWord::kSwitches, '0'));
+  EXPECT_TRUE(b.window.visible && b.window.clipNo == 3) << "it goes with its clip";
+  b.clip(3).EffectWord(std::string(EffectWord::kSwitches, '0'));
   followKeyframes(b.editing, b.window);
   EXPECT_FALSE(b.window.visible) << "the clip has the effect no more";
 }

@@ -36,19 +36,16 @@ TEST(StillsTab, ShowsTheChosenStill) {
   b.open();
   EXPECT_EQ(b.tab.caption, "Still Options - 2 stills in this collection");
   EXPECT_EQ(b.clip(3).DurationTime().text(), "7") << "a still without a length has the default one";
-  EXPECT_EQ(b.tab.whyNot + b.tab.listWhyNot, "");
-  EXPECT_EQ(b.tab.reading, "7.0 s");
+  EXPECT_EQ(b.tab.whyNot + b.tab.listWhyNot + b.tab.reading, "7.0 s");
   chooseStill(b.editing, b.tab, b.host, 1);
   EXPECT_EQ(b.host.look(), "clip 5");
   EXPECT_EQ(b.tab.reading + std::to_string(b.tab.controls.aspect), "3.0 s2");
   b.collection.icurMov = 2;
   followTab(b.editing, b.tab, b.host, true);
   EXPECT_EQ(chosenClip(b.tab.Lst_Movies), 5) << "another clip in hand is no still";
-  b.collection.MovieList.remove(5);
-  b.collection.MovieList.remove(3);
+  for (const int still : {5, 3}) b.collection.MovieList.remove(still);
   b.settings.state.DefaultStillDuration = 4.5F;
   followTab(b.editing, b.tab, b.host, true);
-  EXPECT_FALSE(b.tab.Slider1.Enabled);
   for (const auto& whyNot : {b.tab.whyNot, b.tab.listWhyNot, b.tab.Slider1.whyNot})
     EXPECT_EQ(whyNot, "There is no still in this collection");
   EXPECT_EQ(b.tab.Slider1.Value, 4500);
@@ -113,37 +110,36 @@ TEST(ColorTab, EachLevelWritesItsField) {
   b.clip(2).Red(110);
   b.collection.icurMov = 2;
   enterTab(b.editing, tab, b.host);
-  EXPECT_EQ(tab.Lst_ColorAdjust.rows.size(), 3U);
+  EXPECT_EQ(tab.Lst_ColorAdjust.rows.size(), 3U) << "music has no colours";
   EXPECT_EQ(tab.levels[0].Value, 110);
   for (std::size_t i = 0; i < kColourLevels; ++i)
     moveColourLevel(b.editing, tab, b.host, static_cast<ColourLevel>(i), static_cast<int>(i) + 1);
-  const auto& m = b.clip(2);
-  std::string stored;
-  for (const Single v :
-       {m.Red(), m.Green(), m.Blue(), m.Threshold(), m.Contrast(), m.Brightness(), m.Gamma()})
-    stored += ShortText(v);
-  EXPECT_EQ(stored, "1234567");
-  EXPECT_EQ(b.host.look().substr(0, 29), "edit Red 2 0, sample Colour 2");
   tickSepia(b.editing, tab, b.host, true);
-  EXPECT_TRUE(m.Sepia() && tab.Chk_Sepia);
+  const auto stored = [&m = b.clip(2)] {
+    std::string all = m.Sepia() ? "sepia " : "";
+    for (const Single v :
+         {m.Red(), m.Green(), m.Blue(), m.Threshold(), m.Contrast(), m.Brightness(), m.Gamma()})
+      all += ShortText(v);
+    return all;
+  };
+  EXPECT_EQ(stored(), "sepia 1234567");
+  EXPECT_TRUE(tab.Chk_Sepia);
+  EXPECT_EQ(b.host.look().substr(0, 29), "edit Red 2 0, sample Colour 2");
   resetColours(b.editing, tab, b.host);
-  EXPECT_FALSE(m.Sepia() || m.Gamma() != 0);
+  EXPECT_EQ(stored(), "0000000");
   EXPECT_EQ(tab.whyNot + tab.resetWhyNot, "All values are 0 already");
   b.host.look();
   b.host.refuses = true;
   moveColourLevel(b.editing, tab, b.host, ColourLevel::Red, 40);
   EXPECT_EQ(tab.levels[0].Value, 0) << "it shows what the record has";
-  EXPECT_EQ(b.host.look(), "edit Red 2 0");
-  b.collection.icurMov = 4;
-  followTab(b.editing, tab, b.host, true);
-  EXPECT_FALSE(tab.enabled || tab.levels[0].Enabled) << "music has no colours";
-  b.host.look();
   b.clip(1).Gamma(3);
-  b.collection.icurMov = 1;  // chosen elsewhere
-  followTab(b.editing, tab, b.host, true);
-  b.collection.icurMov = 3;
-  followTab(b.editing, tab, b.host, true);
-  EXPECT_EQ(b.host.look(), "sample Colour 1, kill") << "the third clip is as it was";
+  for (const int chosenElsewhere : {4, 1, 3}) {
+    b.collection.icurMov = chosenElsewhere;
+    followTab(b.editing, tab, b.host, true);
+    EXPECT_EQ(tab.enabled && tab.levels[0].Enabled, chosenElsewhere < 4);
+  }
+  EXPECT_EQ(b.host.look(), "edit Red 2 0, kill, sample Colour 1, kill")
+      << "music and the third clip have nothing to show";
 }
 
 struct OverlayBench : TabBench {

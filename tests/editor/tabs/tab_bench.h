@@ -5,48 +5,46 @@
 #include "support/fakes.h"
 
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace kvo::test {
 
-/// Notes what is asked of it, each as a line: "edit Blur 2 0", "sample Effect 2".
+/// Notes what is asked of it: "edit Blur 2 0, sample Effect 2".
 class NotingHost final : public TabHost {
  public:
   explicit NotingHost(Collection& collection) : collection_(collection) {}
 
-  std::vector<std::string> asked;
   bool refuses = false;
 
   bool edit(std::string_view act, int clipNo, Integer changeCode,
             const std::function<void()>& work) override {
-    asked.push_back("edit " + std::string(act) + " " + std::to_string(clipNo) + " " +
-                    std::to_string(changeCode));
+    note("edit " + std::string(act), clipNo, " " + std::to_string(changeCode));
     if (!refuses) work();
     return !refuses;
   }
   void UpDateFrmFileOpen(int clipNo, bool /*pause*/) override {
-    asked.push_back("clip " + std::to_string(clipNo));
+    note("clip", clipNo);
     collection_.icurMov = clipNo;
   }
   void sample(Sample what, int clipNo) override {
     constexpr const char* kNames[] = {"Transition", "Effect", "Colour", "Keyframe", "PictureInPicture"};
-    asked.push_back("sample " + std::string(kNames[static_cast<int>(what)]) + " " + std::to_string(clipNo));
+    note(std::string("sample ") + kNames[static_cast<int>(what)], clipNo);
   }
-  void KillPreview() override { asked.emplace_back("kill"); }
+  void KillPreview() override { asked_ += asked_.empty() ? "kill" : ", kill"; }
   void ShowClipStats() override {}
   void buildClipSliders() override {}
-  void Buildtabs(int tab) override { asked.push_back("tab " + std::to_string(tab)); }
+  void Buildtabs(int tab) override { note("tab", tab); }
 
-  /// What has been asked since the last look, joined by ", ".
-  std::string look() {
-    std::string all;
-    for (const auto& line : asked) all += (all.empty() ? "" : ", ") + line;
-    asked.clear();
-    return all;
-  }
+  /// What has been asked since the last look.
+  std::string look() { return std::exchange(asked_, {}); }
 
  private:
+  void note(const std::string& what, int number, const std::string& more = {}) {
+    asked_ += (asked_.empty() ? "" : ", ") + what + " " + std::to_string(number) + more;
+  }
+
   Collection& collection_;
+  std::string asked_;
 };
 
 /// Two videos, a still and music; the first is the clip in hand.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvo::test {
@@ -16,18 +17,14 @@ namespace kvo::test {
 struct TimelineBench : Bench, TimelineActs {
   TimelineState state;
   TimelineHand hand{state, *this};
-  std::vector<std::string> told;  ///< what the desk was asked for
+  std::string told;  ///< what the desk was asked for, joined by ", "
+  int changes = 0;   ///< that it has made
 
   /// At 25 pictures a second.
   Movie& video(const std::string& name, double start, double end, double length) {
     auto& clip = addVideo(name, start, end);
     clip.DurationTime(Value(length));
     clip.DurationFrames(Value(length * 25));
-    return clip;
-  }
-  Movie& dissolve(Movie& clip, Single tenths) {
-    clip.TransType("Dissolve");
-    clip.TransIn(tenths);
     return clip;
   }
   Movie& music(const std::string& name, double length) {
@@ -39,7 +36,10 @@ struct TimelineBench : Bench, TimelineActs {
   /// Clips of 6, 8.4 and 7 seconds, the second dissolving in over 2, and music of 153 that ends with them.
   void holiday() {
     video("opening.mp4", 0, 6, 6);
-    dissolve(video("lake.mpg", 2, 10.4, 20), 20).EffectWord("11" + std::string(44, '0'));
+    auto& lake = video("lake.mpg", 2, 10.4, 20);
+    lake.TransType("Dissolve");
+    lake.TransIn(20);
+    lake.EffectWord("11" + std::string(44, '0'));
     video("sailing.avi", 0, 7, 7);
     auto& song = music("music.mp3", 153);
     song.AudioFadeInTime(2);
@@ -55,59 +55,59 @@ struct TimelineBench : Bench, TimelineActs {
     hand.move(to, held);
   }
 
-  void note(const std::string& what) { told.push_back(what); }
-  void select(int clip) override { note("select " + std::to_string(clip)); }
+  void note(const std::string& what) { told += (told.empty() ? "" : ", ") + what; }
+  void note(const char* what, int clip) { note(std::string(what) + " " + std::to_string(clip)); }
+  void note(const char* what, int clip, double value) {
+    note(std::string(what) + " " + std::to_string(clip) + " " + ShortText(value));
+  }
+  void changed() {
+    ++changes;
+    show();
+  }
+  /// What it was asked for since the last look.
+  std::string look() { return std::exchange(told, {}); }
+
+  void select(int clip) override { note("select", clip); }
   void moveTo(int clip, int before) override {
-    note("move " + std::to_string(clip) + " before " + std::to_string(before));
+    note("move", clip, before);
     std::vector<int> order(static_cast<std::size_t>(collection.MovieList.count()));
     std::iota(order.begin(), order.end(), 1);
     const auto from = order.begin() + (clip - 1);
     const auto to = order.begin() + (before - 1);
     from < to ? std::rotate(from, from + 1, to) : std::rotate(to, from, from + 1);
     collection.MovieList.arrange(order);
-    show();
+    changed();
   }
   void setMark(const MarkGesture& mark) override {
     writeMark(collection.MovieList[mark.clip], mark);
-    note("mark " + std::to_string(mark.clip));
-    show();
+    note("mark", mark.clip);
+    changed();
   }
   void setTransIn(const TransInGesture& transition) override {
     writeTransIn(collection.MovieList[transition.clip], transition);
-    note("transition " + std::to_string(transition.clip) + " " + std::to_string(transition.tenths));
-    show();
+    note("transition", transition.clip, transition.tenths);
+    changed();
   }
   void setFade(const FadeGesture& fade) override {
     writeFade(collection.MovieList[fade.clip], fade);
-    note("fade " + std::to_string(fade.clip) + " " + std::to_string(fade.tenths));
-    show();
+    note("fade", fade.clip, fade.tenths);
+    changed();
   }
   void seek(double seconds) override { note("seek " + ShortText(seconds)); }
   void setRange(const TimelineRange& range) override {
     note("range " + ShortText(range.from) + " " + ShortText(range.to));
   }
-  void showFrame(int clip, double seconds) override {
-    note("frame " + std::to_string(clip) + " " + ShortText(seconds));
-  }
+  void showFrame(int clip, double seconds) override { note("frame", clip, seconds); }
   void endFrame() override { note("frame ends"); }
   void insertFiles(const std::vector<std::string>& files, int before) override {
     note("insert " + files.front() + " before " + std::to_string(before));
   }
-  void remove(int clip) override { note("remove " + std::to_string(clip)); }
-  std::string whyNot;  ///< nothing is copied or split
-  std::string copy(int clip) override {
-    note("copy " + std::to_string(clip));
-    return whyNot;
-  }
-  std::string split(int clip) override {
-    note("split " + std::to_string(clip));
-    return whyNot;
-  }
-  void openTab(int tab, int clip) override {
-    note("tab " + std::to_string(tab) + " " + std::to_string(clip));
-  }
-  void openTrimmer(int clip) override { note("trimmer " + std::to_string(clip)); }
-  void openMenu(int clip, int /*x*/, int /*y*/) override { note("menu " + std::to_string(clip)); }
+  void remove(int clip) override { note("remove", clip); }
+  std::string copy(int clip) override { return note("copy", clip), std::string(); }
+  std::string split(int clip) override { return note("split", clip), std::string(); }
+  void openTab(int tab, int clip) override { note("tab", tab, clip); }
+  void openTrimmer(int clip) override { note("trimmer", clip); }
+  void openMenu(int clip, int /*x*/, int /*y*/) override { note("menu", clip); }
 };
 
 }  // namespace kvo::test

@@ -48,24 +48,23 @@ TEST(TimelineBlocks, AreSpokenOf) {
   TimelineBench b;
   b.holiday();
   b.collection.MovieList[3].KeyID(7);
-  b.collection.KeyframeList.add({}).ClipName = 7;
   b.collection.MovieList[3].Sepia(true);
   b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2}));
-  b.show();
-  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false), "Clip 3, sailing.avi, 7.0 seconds, colors set")
-      << "nothing moves";
-  auto& second = b.collection.KeyframeList.add({});
-  second.ClipName = 7;
-  second.Time = Value(2);
-  b.show();
-  EXPECT_EQ(spokenName(*b.state.blocks.of(3), false),
-            "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes, colors set");
-  EXPECT_EQ(spokenName(*b.state.blocks.of(1), false),
-            "Clip 1, opening.mp4, 6.0 seconds, a clip laid over it");
-  EXPECT_EQ(spokenName(*b.state.blocks.of(2), false),
-            "Clip 2, lake.mpg, 8.4 seconds, Dissolve over 2.0 seconds, 2 effects");
-  EXPECT_EQ(spokenName(*b.state.blocks.of(4), true),
-            "Music 4, music.mp3, 19.4 seconds, fades in over 2.0 seconds");
+  std::string spoken;
+  for (const double second : {0.0, 2.0}) {
+    auto& keyframe = b.collection.KeyframeList.add({});
+    keyframe.ClipName = 7;
+    keyframe.Time = Value(second);
+    b.show();
+    spoken += spokenName(*b.state.blocks.of(3), false) + "\n";
+  }
+  for (const int clip : {1, 2, 4}) spoken += spokenName(*b.state.blocks.of(clip), clip == 4) + "\n";
+  EXPECT_EQ(spoken,
+            "Clip 3, sailing.avi, 7.0 seconds, colors set\n"
+            "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes, colors set\n"
+            "Clip 1, opening.mp4, 6.0 seconds, a clip laid over it\n"
+            "Clip 2, lake.mpg, 8.4 seconds, Dissolve over 2.0 seconds, 2 effects\n"
+            "Music 4, music.mp3, 19.4 seconds, fades in over 2.0 seconds\n");
 }
 
 TEST(TimelineSight, ZoomKeepsWhatIsUnderThePointerWithinItsLimits) {
@@ -87,25 +86,23 @@ TEST(TimelineSight, ZoomKeepsWhatIsUnderThePointerWithinItsLimits) {
 }
 
 TEST(TimelineSight, TicksAreReadableAtEveryScale) {
-  struct Row {
+  const struct {
     double scale, from;
-    const char* first;
-    const char* second;
-  };
-  for (const auto& row :
-       {Row{20, 0, "00:00", "00:05"}, Row{200, 0.2, "00:00.0", "00:00.5"}, Row{4, 60, "01:00", "01:30"},
-        Row{4, 3590, "59:30", "1:00:00"}, Row{0.1, 0, "00:00", "30:00"}}) {
+    const char* texts;  // of the first two large ones
+  } rows[] = {{20, 0, "00:00 00:05"},
+              {200, 0.2, "00:00.0 00:00.5"},
+              {4, 60, "01:00 01:30"},
+              {4, 3590, "59:30 1:00:00"},
+              {0.1, 0, "00:00 30:00"}};
+  for (const auto& row : rows) {
     TimelineSight sight;
     sight.scale = row.scale;
     sight.from = row.from;
-    std::vector<TimelineTick> large;
-    for (const auto& tick : rulerTicks(sight)) {
-      if (!tick.text.empty()) large.push_back(tick);
-    }
-    ASSERT_GE(large.size(), 2U) << row.first;
-    EXPECT_EQ(large[0].text, row.first);
-    EXPECT_EQ(large[1].text, row.second);
-    EXPECT_GE(large[1].x - large[0].x, 80) << row.first;
+    auto ticks = rulerTicks(sight);
+    std::erase_if(ticks, [](const auto& tick) { return tick.text.empty(); });
+    ASSERT_GE(ticks.size(), 2U) << row.texts;
+    EXPECT_EQ(ticks[0].text + " " + ticks[1].text, row.texts);
+    EXPECT_GE(ticks[1].x - ticks[0].x, 80) << row.texts;
   }
 }
 
@@ -149,9 +146,7 @@ void choose(TimelineBench& b, int clip, const char* transition, double tenths) {
 }
 
 void fade(TimelineBench& b, int clip, double in, double out) {
-  b.collection.icurMov = clip;
-  AudioFadeControls controls{true, in, out};
-  AdjustAudioTrackFadeObjects(b.editing, controls, true);
+  storeAudioFades(b.collection.MovieList[clip], {true, in, out});
 }
 
 TEST(TimelineWrites, TheDocumentIsThatOfTheLists) {
@@ -199,15 +194,15 @@ TEST(TimelineWrites, TheDocumentIsThatOfTheLists) {
 TEST(TimelineWrites, AMarkIsInSecondsAndInPictures) {
   TimelineBench b;
   auto& clip = b.video("a.avi", 0, 10, 10.02);
-  writeMark(clip, {1, ClipEdge::In, 2.4, 60});
-  EXPECT_EQ(clip.LoopStart().text(), "2.4");
-  EXPECT_EQ(clip.LoopStartFrames(), 60);
-  writeMark(clip, {1, ClipEdge::Out, 7.2, 180});
-  EXPECT_EQ(clip.LoopEnd().text(), "7.2");
-  EXPECT_EQ(clip.LoopEndFrames(), 180);
-  writeMark(clip, {1, ClipEdge::Out, 10.02, 250});
-  EXPECT_EQ(clip.LoopEnd(), clip.DurationTime());
-  EXPECT_EQ(clip.LoopEndFrames(), toLongClamped(clip.DurationFrames().number()));
+  for (const auto& mark : {MarkGesture{1, ClipEdge::In, 2.4, 60}, {1, ClipEdge::Out, 7.2, 180}})
+    writeMark(clip, mark);
+  const auto marks = [&] {
+    return clip.LoopStart().text() + " " + std::to_string(clip.LoopStartFrames()) + ", " +
+           clip.LoopEnd().text() + " " + std::to_string(clip.LoopEndFrames());
+  };
+  EXPECT_EQ(marks(), "2.4 60, 7.2 180");
+  writeMark(clip, {1, ClipEdge::Out, 10.02, 249});
+  EXPECT_EQ(marks(), "2.4 60, 10.02 250") << "the file's own length";
 }
 
 }  // namespace
