@@ -14,10 +14,9 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <chrono>
-#include <fstream>
+#include <fcntl.h>
 #include <functional>
 #include <future>
-#include <iterator>
 #include <memory>
 #include <thread>
 
@@ -233,16 +232,9 @@ TEST_F(Bus, OnlyWhatDiffersGoesOut) {
   NotedRequests requests;
   Mpris controls;
   ASSERT_TRUE(controls.listen(requests));
-  const test::ScratchFolder folder;
-  const auto file = folder / "heard";
-  const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-  const int process = test::startProgram(
-      {"stdbuf", "-oL", "dbus-monitor", "--session", "path=/org/mpris/MediaPlayer2"}, out, out);
-  ::close(out);
-  const auto heard = [&] {
-    std::ifstream stream(file);
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-  };
+  const test::Companion monitor(
+      {"stdbuf", "-oL", "dbus-monitor", "--session", "path=/org/mpris/MediaPlayer2"});
+  const auto heard = [&] { return monitor.said(); };
   const auto hears = [&](const char* part) {
     return until([&] { return heard().find(part) != std::string::npos; });
   };
@@ -261,8 +253,6 @@ TEST_F(Bus, OnlyWhatDiffersGoesOut) {
   EXPECT_EQ(countOf(text, "\"Metadata\""), 1U) << "what is as it was stays unsaid: " << text;
   EXPECT_EQ(countOf(text, "\"Position\""), 0U) << text;
   EXPECT_EQ(countOf(text, "member=Seeked"), 1U) << text;
-  ::kill(process, SIGTERM);
-  test::endOf(process);
 }
 
 // What stands on the bus for the desktop, under these names.

@@ -4,70 +4,29 @@
 #include "support/real_world.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
-#include <functional>
+#include <optional>
 #include <sstream>
 #include <string>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace kvo::test {
 
-// Its words, and those of what belongs to a screen, are of no interest.
-inline int startQuietly(const std::vector<std::string>& command) {
-  const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-  const int process = startProgram(command, nowhere, nowhere);
-  ::close(nowhere);
-  return process;
-}
-
-// Waits for what is to be seen. The limit is only for a fault: a machine that is busy with other work takes
-// long.
-inline bool eventually(const std::function<bool()>& holds) {
-  constexpr auto kLimit = std::chrono::minutes(2);
-  const auto end = std::chrono::steady_clock::now() + kLimit;
-  while (std::chrono::steady_clock::now() < end) {
-    if (holds()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  return holds();
-}
-
 // A screen of the test's own, with a window manager.
 class Screen {
  public:
   Screen() {
-    std::array<int, 2> pipe{};
-    EXPECT_EQ(::pipe(pipe.data()), 0);
-    server_ = startQuietly(
-        {"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
-    ::close(pipe[1]);
-    std::string number;
-    for (char c = 0; ::read(pipe[0], &c, 1) == 1 && c != '\n';) number += c;
-    ::close(pipe[0]);
-    ::setenv("DISPLAY", (":" + number).c_str(), 1);
-    manager_ = startQuietly({"openbox"});
-  }
-  Screen(const Screen&) = delete;
-  Screen& operator=(const Screen&) = delete;
-  ~Screen() {
-    for (const auto child : {manager_, server_}) {
-      ::kill(child, SIGTERM);
-      ::waitpid(child, nullptr, 0);
-    }
+    ::setenv("DISPLAY", (":" + server_.firstLine()).c_str(), 1);
+    manager_.emplace(std::vector<std::string>{"openbox"});
   }
 
  private:
-  pid_t server_ = 0;
-  pid_t manager_ = 0;
+  Companion server_{{"Xvfb", "-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"}};
+  std::optional<Companion> manager_;
 };
 
 class Window : public testing::Test {
@@ -82,15 +41,13 @@ class Window : public testing::Test {
     video_ = makeCountingVideo(work_, "count.avi", "25", 25);
   }
   ~Window() override {
-    if (program_ == 0) return;
-    ::kill(program_, SIGKILL);
-    ::waitpid(program_, nullptr, 0);
+    if (program_ && !program_->hasEnded()) program_->signal(SIGKILL);
   }
 
   void start(const std::vector<std::string>& arguments = {}) {
     std::vector<std::string> command{KVO_PROGRAMS "/kvo5"};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    program_ = startQuietly(command);
+    program_.emplace(command);
   }
 
   // True when a window whose name holds `name` has the keys: in front, by the window manager, and with the
@@ -117,10 +74,7 @@ class Window : public testing::Test {
   static bool brings(const std::string& keys, const std::string& name) {
     return eventually([&] {
       press(keys);
-      constexpr int kLooks = 20;
-      for (int i = 0; i < kLooks && !comesNow(name); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-      return comesNow(name);
+      return eventually([&] { return comesNow(name); }, std::chrono::seconds(3));
     });
   }
   // So many windows of the program are seen: faces, boxes and menus.
@@ -148,25 +102,20 @@ class Window : public testing::Test {
       press("ctrl+a");
       type(file);
       press("Return");
-      constexpr int kMostLooks = 50;  // while it closes
-      for (int i = 0; i < kMostLooks && comesNow(title); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-      return !comesNow(title);
+      return eventually([&] { return !comesNow(title); }, std::chrono::seconds(3));  // while it closes
     });
   }
 
-  bool ends() {
-    const bool ended = eventually([&] { return ::waitpid(program_, &status_, WNOHANG) == program_; });
-    if (ended) program_ = 0;
-    return ended;
+  // With this exit code.
+  [[nodiscard]] bool ends(int exitCode = 0) {
+    return eventually([&] { return program_->hasEnded(); }) && program_->end() == exitCode;
   }
 
   ScratchFolder home_;
   ScratchFolder work_;
   Screen screen_;
   std::string video_;
-  pid_t program_ = 0;
-  int status_ = 0;
+  std::optional<Companion> program_;
 };
 
 }  // namespace kvo::test

@@ -2,13 +2,11 @@
 #include "support/held_engine.h"
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <functional>
+#include <list>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <thread>
@@ -20,19 +18,8 @@ namespace kvo {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string textOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-bool comesTrue(const std::function<bool()>& what) {
-  for (int i = 0; i < 600; ++i) {
-    if (what()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  return false;
-}
+using test::bytesOf;
+using test::eventually;
 
 // Ports that nobody has.
 std::pair<int, int> freePorts() {
@@ -65,38 +52,28 @@ class Cluster {
       std::ofstream(munge + "/key", std::ios::binary) << key;
       fs::permissions(munge + "/key", fs::perms::owner_read);
     }
-    begin({"/usr/sbin/munged", "--foreground", "--force", "--key-file=" + munge + "/key",
-           "--socket=" + munge + "/socket", "--pid-file=" + munge + "/pid", "--log-file=" + munge + "/log",
-           "--seed-file=" + munge + "/seed"});
-    EXPECT_TRUE(comesTrue([&] { return fs::exists(munge + "/socket"); }));
+    daemons_.emplace_back(std::vector<std::string>{
+        "/usr/sbin/munged", "--foreground", "--force", "--key-file=" + munge + "/key",
+        "--socket=" + munge + "/socket", "--pid-file=" + munge + "/pid", "--log-file=" + munge + "/log",
+        "--seed-file=" + munge + "/seed"});
+    EXPECT_TRUE(eventually([&] { return fs::exists(munge + "/socket"); }));
     writeConfiguration(munge + "/socket");
     ::setenv("SLURM_CONF", (folder_ / "slurm.conf").c_str(), 1);
-    begin({"/usr/sbin/slurmctld", "-D", "-c"});
-    begin({"/usr/sbin/slurmd", "-D", "-c"});
-    EXPECT_TRUE(comesTrue([] {
+    for (const auto* daemon : {"/usr/sbin/slurmctld", "/usr/sbin/slurmd"})
+      daemons_.emplace_back(std::vector<std::string>{daemon, "-D", "-c"});
+    EXPECT_TRUE(eventually([] {
       return test::runProgram({"sinfo", "--noheader", "--format=%T"}).out.starts_with("idle");
-    })) << textOf(folder_ / "controller.log")
-        << textOf(folder_ / "machine.log");
+    })) << bytesOf(folder_ / "controller.log")
+        << bytesOf(folder_ / "machine.log");
   }
   Cluster(const Cluster&) = delete;
   Cluster& operator=(const Cluster&) = delete;
   ~Cluster() {
-    for (auto process = processes_.rbegin(); process != processes_.rend(); ++process) {
-      ::kill(*process, SIGTERM);
-      test::endOf(*process);
-    }
+    while (!daemons_.empty()) daemons_.pop_back();  // the last one first
     ::unsetenv("SLURM_CONF");
   }
 
  private:
-  void begin(const std::vector<std::string>& command) {
-    std::vector<std::string> tethered = {"/usr/bin/setpriv", "--pdeathsig", "TERM"};
-    tethered.insert(tethered.end(), command.begin(), command.end());
-    const int quiet = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-    processes_.push_back(test::startProgram(tethered, quiet, quiet));
-    ::close(quiet);
-  }
-
   void writeConfiguration(const std::string& socket) const {
     std::array<char, 256> name{};
     ::gethostname(name.data(), name.size() - 1);
@@ -121,7 +98,7 @@ class Cluster {
   }
 
   test::ScratchFolder folder_;
-  std::vector<int> processes_;
+  std::list<test::Companion> daemons_;
 };
 
 class FarmCluster : public testing::Test {
@@ -156,29 +133,26 @@ TEST_F(FarmCluster, MakesTheMovieOfOneMachineToTheByte) {
   ASSERT_EQ(test::runProgram(order("a.avi", false)).exitCode, 0);
   // One of the engines is killed: its share is handed in again.
   engine_.haltNext("1/1");
-  const auto told = work_ / "told.txt";
-  const int out = ::open(told.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-  const int made = test::startProgram(order("b.avi", true), out, out);
-  ::close(out);
+  test::Companion made(order("b.avi", true));
   ::kill(engine_.halted(), SIGKILL);
-  EXPECT_EQ(test::endOf(made), 0) << textOf(told);
-  EXPECT_NE(textOf(told).find("attempt 2"), std::string::npos) << textOf(told);
-  EXPECT_TRUE(textOf(work_ / "a.avi") == textOf(work_ / "b.avi"));
+  EXPECT_EQ(made.end(), 0) << made.said();
+  EXPECT_NE(made.said().find("attempt 2"), std::string::npos) << made.said();
+  EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "b.avi"));
   EXPECT_FALSE(fs::exists(work_ / ".rendering-b.avi"));
 
   // A stop takes the jobs back, and the next start goes on.
   engine_.haltNext("1/1");
   const auto nobodyRuns = [] { return test::runProgram({"squeue", "--noheader"}).out.empty(); };
-  const int stopped = test::startProgram(order("c.avi", true));
+  test::Companion stopped(order("c.avi", true));
   const int halted = engine_.halted();
-  ::kill(stopped, SIGINT);
-  EXPECT_EQ(test::endOf(stopped), 130);
-  EXPECT_TRUE(comesTrue(nobodyRuns));
-  EXPECT_TRUE(engine_.hasEnded(halted));
+  stopped.signal(SIGINT);
+  EXPECT_EQ(stopped.end(), 130);
+  EXPECT_TRUE(eventually(nobodyRuns));
+  EXPECT_TRUE(test::comesToItsEnd(halted));
   EXPECT_FALSE(fs::exists(work_ / "c.avi"));
   const auto again = test::runProgram(order("c.avi", true));
   EXPECT_EQ(again.exitCode, 0) << again.out << again.err;
-  EXPECT_TRUE(textOf(work_ / "a.avi") == textOf(work_ / "c.avi"));
+  EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "c.avi"));
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 // The first movie of somebody who has never seen the program: three clips, a still and a song become a movie
 // with a dissolve and music, by the mouse and by the keyboard.
-#include "adapters/posix/posix_files.h"
 #include "app/driven_window.h"
 
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
@@ -60,12 +60,7 @@ class FirstMovie : public test::Window {
     media("theme.wav", "sine=frequency=440", "20");
     media("view.png", "color=yellow:size=320x240:rate=1", "1");
   }
-  ~FirstMovie() override {
-    ::unsetenv("SDL_AUDIODRIVER");
-    if (watcher_ == 0) return;
-    ::kill(watcher_, SIGKILL);
-    ::waitpid(watcher_, nullptr, 0);
-  }
+  ~FirstMovie() override { ::unsetenv("SDL_AUDIODRIVER"); }
 
   // What the user does, and how much of it.
 
@@ -142,23 +137,16 @@ class FirstMovie : public test::Window {
     command.insert(command.end(), {"-frames:v", "1", "-"});
     return isLike(colourIn(test::runProgram(command).out, 0), colour);
   }
-  static bool shows(const Spot& at, const Colour& colour, const char* size) {
-    return eventually([&] { return showsNow(at, colour, size); });
+  static bool shows(const Spot& at, const Colour& colour, const char* size,
+                    std::chrono::seconds limit = std::chrono::minutes(2)) {
+    return eventually([&] { return showsNow(at, colour, size); }, limit);
   }
+  // Soon, for what may have to be done again.
   static bool comesSoon(const std::string& title) {
-    constexpr int kLooks = 25;
-    for (int i = 0; i < kLooks; ++i) {
-      if (comesNow(title)) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    }
-    return false;
+    return eventually([&] { return comesNow(title); }, std::chrono::seconds(4));
   }
-  // Within some looks, for what may have to be done again.
   static bool showsSoon(const Spot& at, const Colour& colour, const char* size) {
-    constexpr int kLooks = 15;
-    for (int i = 0; i < kLooks; ++i)
-      if (showsNow(at, colour, size)) return true;
-    return false;
+    return shows(at, colour, size, std::chrono::seconds(5));
   }
 
   // From here on each picture that is seen in the preview is noted.
@@ -166,13 +154,10 @@ class FirstMovie : public test::Window {
     heardBefore_ = read("heard").size();
     auto command = grab(kPicture, "32x32");
     command.insert(command.end(), {"-flush_packets", "1", work_ / "seen"});
-    watcher_ = test::startQuietly(command);
+    watcher_.emplace(command);
     ASSERT_TRUE(eventually([&] { return !read("seen").empty(); }));
   }
-  std::string read(const char* name) const {
-    const auto bytes = PosixFiles().read(work_ / name, 1U << 28U);
-    return bytes ? *bytes : std::string();
-  }
+  std::string read(const char* name) const { return test::bytesOf(work_ / name); }
   // The pictures that were seen hold these in this order; the one without a colour is any between its two
   // neighbours.
   bool sees(const std::vector<std::optional<Colour>>& wanted) const {
@@ -198,12 +183,9 @@ class FirstMovie : public test::Window {
   }
   // A busy machine leaves pictures out: what has not been seen is played again.
   bool previewHas(const std::vector<std::optional<Colour>>& wanted) const {
-    constexpr int kLooks = 60;  // some more than it plays for
+    constexpr auto kLasts = std::chrono::seconds(15);  // some more than it plays for
     return eventually([&] {
-      for (int i = 0; i < kLooks; ++i) {
-        if (sees(wanted) && hears()) return true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(250));
-      }
+      if (eventually([&] { return sees(wanted) && hears(); }, kLasts)) return true;
       press("space");
       return false;
     });
@@ -233,7 +215,7 @@ class FirstMovie : public test::Window {
 
   static constexpr int kMostActs = 14;
   int acts_ = 0;
-  pid_t watcher_ = 0;
+  std::optional<test::Companion> watcher_;
   std::size_t heardBefore_ = 0;  // bytes
 };
 

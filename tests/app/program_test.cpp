@@ -23,6 +23,7 @@
 namespace kvo {
 namespace {
 
+using test::bytesOf;
 using test::ProgramEnd;
 using test::ScratchFolder;
 
@@ -112,7 +113,7 @@ TEST_F(Program, RendersACollectionAndLeavesNothingElse) {
     b.collection.MovieList[3].Resolution("44.1 KHz");
   });
   const auto temporary = temporaryFolder();
-  const auto bytes = PosixFiles().read(path, 1U << 20U).value();
+  const auto bytes = bytesOf(path);
   const auto before = work_.names();
   expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 0, "75 frames, 3.00 s");
   EXPECT_EQ(test::picturesOf(work_ / "o.avi", 64, 48).size(), 75U);
@@ -125,7 +126,7 @@ TEST_F(Program, RendersACollectionAndLeavesNothingElse) {
   std::erase_if(after, [](const auto& name) { return name == "o.avi" || name == "p.avi"; });
   EXPECT_EQ(after, before);
   EXPECT_TRUE(std::filesystem::is_empty(temporary));
-  EXPECT_EQ(PosixFiles().read(path, 1U << 20U).value(), bytes) << "a render does not touch the collection";
+  EXPECT_EQ(bytesOf(path), bytes) << "a render does not touch the collection";
 }
 
 TEST_F(Program, ChecksACollection) {
@@ -257,70 +258,18 @@ TEST_F(Program, FullDisksAreToldAndLeaveNothingBehind) {
   }
 }
 
-// A program that runs beside the test, in a group of its own.
-class Running {
- public:
-  explicit Running(const std::vector<std::string>& command) {
-    std::array<int, 2> pipe{};
-    EXPECT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
-    process_ = test::startProgram(command, pipe[1], pipe[1]);
-    ::close(pipe[1]);
-    output_ = pipe[0];
-    char first = 0;
-    EXPECT_EQ(::read(output_, &first, 1), 1) << "it has begun to work";
-    for (auto parent = process_; parent > 0;) {
-      const auto number = std::to_string(parent);
-      std::ifstream children("/proc/" + number + "/task/" + number + "/children");
-      if (parent != process_) children_.push_back(parent);
-      parent = 0;
-      children >> parent;
-    }
-    EXPECT_EQ(children_.size(), 2U) << "a shell, and the engine below it";
+// The child of a process, and that one's, and so on: a shell, and the engine below it.
+std::vector<int> childrenOf(int process) {
+  std::vector<int> all;
+  while (process > 0) {
+    const auto number = std::to_string(process);
+    std::ifstream file("/proc/" + number + "/task/" + number + "/children");
+    process = 0;
+    file >> process;
+    if (process > 0) all.push_back(process);
   }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
-  ~Running() {
-    for (const auto child : children_) ::kill(child, SIGKILL);
-    if (process_ > 0) ::kill(process_, SIGKILL);
-    end();
-    ::close(output_);
-  }
-
-  void signal(int number) const { ::kill(process_, number); }
-  void signalEngine(int number) const { ::kill(children_.back(), number); }
-
-  // Its exit code, when it has ended.
-  int end() { return process_ == 0 ? -1 : test::endOf(std::exchange(process_, 0)); }
-
-  // What it has printed, to its end.
-  [[nodiscard]] std::string said() const {
-    std::string all;
-    std::array<char, 4096> buffer{};
-    for (ssize_t got = 0; (got = ::read(output_, buffer.data(), buffer.size())) > 0;)
-      all.append(buffer.data(), static_cast<std::size_t>(got));
-    return all;
-  }
-
-  // Waits for the end of what it has started.
-  [[nodiscard]] bool childrenEnd() {
-    for (int i = 0; i < 200 && !children_.empty(); ++i) {
-      std::erase_if(children_, [](pid_t child) {
-        std::ifstream file("/proc/" + std::to_string(child) + "/stat");
-        std::string text;
-        std::getline(file, text);
-        const auto name = text.rfind(')');
-        return name == std::string::npos || text.compare(name, 3, ") Z") == 0;
-      });
-      std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
-    return children_.empty();
-  }
-
- private:
-  pid_t process_ = 0;
-  std::vector<pid_t> children_;  // the shell, and the engine below it
-  int output_ = -1;
-};
+  return all;
+}
 
 TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
   const auto lasting = test::makeMedia(work_, "long.mp4",
@@ -342,12 +291,15 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
         Row{"interrupted", false, SIGINT, 130, false}, Row{"told to end", false, SIGTERM, 130, false},
         Row{"stopped", false, SIGSTOP, -1, true},
         Row{"interrupted while the engine hangs", true, SIGINT, 130, false}}) {
-    Running starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.avi", "--size",
-                     "1280x720", "--codec", "mpeg4"});
-    if (row.hangs) starter.signalEngine(SIGSTOP);
+    test::Companion starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.avi", "--size",
+                             "1280x720", "--codec", "mpeg4"});
+    EXPECT_TRUE(test::eventually([&] { return !starter.said().empty(); })) << "it has begun to work";
+    const auto children = childrenOf(starter.number());
+    ASSERT_EQ(children.size(), 2U);
+    if (row.hangs) ::kill(children.back(), SIGSTOP);
     expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 1, "another render is making it");
     starter.signal(row.signal);
-    EXPECT_TRUE(starter.childrenEnd()) << row.what;
+    for (const auto child : children) EXPECT_TRUE(test::comesToItsEnd(child)) << row.what;
     if (row.exitCode >= 0) {
       EXPECT_EQ(starter.end(), row.exitCode) << row.what;
       if (row.exitCode == 130) {
@@ -390,23 +342,19 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
     held.haltNext(share);
     auto words = order("b.avi", true);
     words.insert(words.begin(), held.kvo5());
-    const auto said = work_ / "said.txt";
-    const int out = ::open(said.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    const auto render = test::startProgram(words, out, out);
-    ::close(out);
+    test::Companion render(words);
     const auto engine = held.halted();
     EXPECT_GT(finishedSegments(folder), before) << number;
     before = finishedSegments(folder);
-    ::kill(render, number);
-    EXPECT_EQ(test::endOf(render), number == SIGINT ? 130 : 128 + SIGKILL);
-    EXPECT_TRUE(held.hasEnded(engine));
-    const auto text = PosixFiles().read(said, 1U << 20U).value();
-    EXPECT_EQ(text.find("the same command goes on from here") != std::string::npos, number == SIGINT) << text;
+    render.signal(number);
+    EXPECT_EQ(render.end(), number == SIGINT ? 130 : 128 + SIGKILL);
+    EXPECT_TRUE(test::comesToItsEnd(engine));
+    EXPECT_EQ(test::holds(render.said(), "the same command goes on from here"), number == SIGINT)
+        << render.said();
     EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
   }
   expectEnd(kvo5(order("b.avi", true)), 0);
-  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
-  EXPECT_TRUE(bytes("a.avi") == bytes("b.avi"));
+  EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "b.avi"));
   EXPECT_FALSE(std::filesystem::exists(folder));
   std::filesystem::create_directory(folder);
   expectEnd(kvo5(order("b.avi", false)), 0);
@@ -431,8 +379,7 @@ TEST_F(Program, WithoutADeviceThatEncodesTheSoftwareDoes) {
   EXPECT_NE(told.err.find("; h264_vaapi: "), std::string::npos) << told.err;
   expectEnd(render("h.mp4", "hardware"), 1, "h.mp4: no encoder of a device works here");
   EXPECT_FALSE(std::filesystem::exists(work_ / "h.mp4"));
-  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
-  EXPECT_TRUE(bytes("a.mp4") == bytes("s.mp4"));
+  EXPECT_TRUE(bytesOf(work_ / "a.mp4") == bytesOf(work_ / "s.mp4"));
   ::unsetenv("LIBVA_DRIVER_NAME");
   ::unsetenv("CUDA_VISIBLE_DEVICES");
 }
@@ -487,19 +434,17 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   std::filesystem::remove(path);
   const test::HeldEngine held(KVO_PROGRAMS);
   held.haltNext("1/3");
-  const auto runner = test::startProgram({held.kvo5(), "--queue", "run"});
+  test::Companion runner({held.kvo5(), "--queue", "run"});
   const auto engine = held.halted();
   EXPECT_GT(finishedSegments(work_ / ".rendering-c.avi"), 0);
-  ::kill(runner, SIGKILL);
-  test::endOf(runner);
-  EXPECT_TRUE(held.hasEnded(engine));
+  runner.signal(SIGKILL);
+  EXPECT_TRUE(test::comesToItsEnd(engine));
   expectEnd(kvo5({"--queue", "list"}), 0, "3  waiting");
   EXPECT_FALSE(std::filesystem::exists(work_ / "c.avi"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 0);
   expectEnd(kvo5({"--queue", "remove", "2"}), 0);
   expectEnd(kvo5({"--queue", "run"}), 0, "1  done  100%");
-  const auto bytes = [&](const char* name) { return PosixFiles().read(work_ / name, 1U << 28U).value(); };
-  EXPECT_TRUE(bytes("a.avi") == bytes("c.avi"));
+  EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "c.avi"));
   EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
   EXPECT_FALSE(std::filesystem::exists(work_ / ".rendering-c.avi"));
   EXPECT_FALSE(std::filesystem::exists(home_ / "program/Queue/3.xtl"));
@@ -519,21 +464,19 @@ TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {
   const auto profile = home_ / "program/wmsysprx.prx";
   expectEnd(kvo5({"--render", path, "--output", work_ / "o.wmv", "--profile", "27"}), 0);
   EXPECT_EQ(test::probed(work_ / "o.wmv", "stream=width,height,r_frame_rate"), "176 144 15/1");
-  const auto atRest = PosixFiles().read(profile, 1U << 20U).value();
+  const auto atRest = bytesOf(profile);
   EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
 
   const test::HeldEngine held(KVO_PROGRAMS);
   held.haltNext("");
-  const auto starter =
-      test::startProgram({held.kvo5(), "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
+  test::Companion starter({held.kvo5(), "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
   const auto engine = held.halted();
   expectEnd(kvo5({"--render", path, "--output", work_ / "p.wmv", "--profile", "30"}), 1, "Another render");
-  ::kill(starter, SIGKILL);
-  test::endOf(starter);
-  EXPECT_TRUE(held.hasEnded(engine));
-  EXPECT_NE(PosixFiles().read(profile, 1U << 20U).value(), atRest);
+  starter.signal(SIGKILL);
+  EXPECT_TRUE(test::comesToItsEnd(engine));
+  EXPECT_NE(bytesOf(profile), atRest);
   expectEnd(kvo5({"--check", path}), 0);
-  EXPECT_EQ(PosixFiles().read(profile, 1U << 20U).value(), atRest);
+  EXPECT_EQ(bytesOf(profile), atRest);
   EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
 }
 

@@ -6,10 +6,8 @@
 #include "media/strip_wav.h"
 #include "render/movie_render.h"
 #include "render/wm8_profile.h"
-#include "support/memory_store.h"
 #include "support/real_world.h"
-#include "support/scripted_boxes.h"
-#include "support/scripted_dialogs.h"
+#include "support/render_bench.h"
 #include "vocabulary/encode_profiles.h"
 
 #include <algorithm>
@@ -53,38 +51,6 @@ TEST(ProfileFile, SaysTheSameToBoth) {
     EXPECT_FALSE(engine::readProfileFile(replaced(whole, wide(from), wide(to)))) << from;
   }
 }
-
-// A desktop that nobody sits at.
-struct NoDesktop : LongWork {
-  void keepAwake(const std::string& /*why*/) override {}
-  void letSleep() override {}
-  void tell(const std::string& /*title*/, const std::string& /*text*/) override {}
-};
-
-// A host that has nothing to draw on.
-class PlainHost : public RenderHost {
- public:
-  explicit PlainHost(Files& files) : files_(files) {}
-  std::function<void()> onChange = [] {};
-  std::vector<std::string> added;
-
-  void PlayerStop() override {}
-  void ImagesOff() override {}
-  void UpdLastRead() override {}
-  void AddMoviesm(const std::string& path) override { added.push_back(path); }
-  void DisabEditControls(bool /*disabled*/) override {}
-  void ApplyStillSettings() override {}
-  void KillPreview() override {}
-  void Buildtabs() override {}
-  void deleteWorkFiles() override {}
-  Outcome StripWavFromCurrentVideo(const std::string& source, const std::string& wav) override {
-    return media::stripWav(files_, source, wav, [] { return true; });
-  }
-  void renderChanged() override { onChange(); }
-
- private:
-  Files& files_;
-};
 
 // Three seconds of counted pictures; a beep after the first.
 class RenderRoads : public testing::Test {
@@ -150,9 +116,11 @@ class RenderRoads : public testing::Test {
   Session session_{ProgramFolder(home_.path()), boxes_};
   CreateTab create_;
   RenderState state_;
-  PlainHost host_{session_.files};
+  test::NotingRenderHost host_{[this](const auto& source, const auto& wav) {
+    return media::stripWav(session_.files, source, wav, [] { return true; });
+  }};
   test::MemoryStore store_;
-  NoDesktop desktop_;
+  test::NotedWork desktop_;
   MovieRender render_{
       {session_.editing,
        create_,
@@ -202,33 +170,6 @@ TEST_F(RenderRoads, EachKindIsWhatWasChosen) {
     EXPECT_EQ(state_.frame, RenderFrame::Report) << what;
   }
   EXPECT_EQ(out_.names().size(), 6U) << "and nothing beside them";
-}
-
-TEST_F(RenderRoads, AnAbortLeavesNothing) {
-  add(video_, true);
-  session_.settings.adjust().RenderEstimateSecs = 2;
-  bool aborted = false;
-  host_.onChange = [&] {
-    if (state_.frame != RenderFrame::Rendering || state_.movieSeconds <= 0 || aborted) return;
-    aborted = true;
-    render_.AbortRender();
-  };
-  add(video_, true);
-  const auto file = out_ / "movie.WMV";
-  ASSERT_TRUE(writeDurably(session_.files, file, "old"));
-  dialogs_.answers = {file};
-  boxes_.answers = {Answer::Yes};  // it is replaced
-  session_.editor.controls.txtWidth = 1280;
-  session_.editor.controls.txtHeight = 720;
-  render_.Rendertofile();
-  render_.chooseKind(OutputKind::Wmv);
-  render_.tickCodecDimensions(false);
-  render_.WriteRenderMovie();
-  ASSERT_TRUE(aborted);
-  EXPECT_EQ(boxes_.shown.back().text, "Render Aborted !");
-  EXPECT_EQ(session_.files.read(file, 10).value(), "old");
-  EXPECT_EQ(out_.names(), std::vector<std::string>{"movie.WMV"});
-  EXPECT_EQ(session_.files.read(home_ / "wmsysprx.prx", 1000)->size(), 30U);
 }
 
 }  // namespace

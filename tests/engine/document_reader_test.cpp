@@ -105,17 +105,6 @@ TEST(DocumentReader, NumbersOfParametersCanBeReckonedWith) {
   }
 }
 
-// As they come from a compile, see Names in tests/app.
-TEST(DocumentReader, NamesStandAsTheyAre) {
-  for (const auto* name :
-       {"it's.avi", "a&b;.avi", "&amp;.avi", "$(x)`y`.avi", "\xC3\xBC.avi", "odd\"name.jpg"}) {
-    const auto timeline = readDocument(document(track(name, " stretchmode=\"crop\"  " + kTimes)));
-    ASSERT_TRUE(timeline) << name << ": " << timeline.error().text;
-    EXPECT_EQ(timeline->video[0].src, name);
-    EXPECT_EQ(timeline->video[0].fit, media::Fit::Crop);
-  }
-}
-
 TEST(DocumentReader, RefusesWhatCannotBeRenderedAndSaysWhy) {
   const auto times = [](const char* mstop, const char* start) {
     return track("a.avi",

@@ -1,12 +1,8 @@
 // Movies of every kind and every preset, taken apart again: what they are, and where picture and sound stand.
-#include "adapters/posix/posix_files.h"
-#include "engine/document/document_reader.h"
+#include "engine/movies.h"
 #include "engine/picture/compositor.h"
-#include "engine/run/renderer.h"
 #include "engine/sound/mixer.h"
 #include "media/media_facts.h"
-#include "support/documents.h"
-#include "support/real_world.h"
 #include "vocabulary/movie_presets.h"
 
 #include <algorithm>
@@ -19,29 +15,16 @@ namespace {
 
 using test::documentOf;
 
-class Formats : public testing::Test {
+class Formats : public Movies {
  protected:
   Formats() { media::silenceRemarks(); }
 
-  Result<RenderReport> make(const std::string& text, RenderJob job, const std::string& name) {
-    auto timeline = readDocument(text);
-    EXPECT_TRUE(timeline) << timeline.error().text;
-    job.output = out_ / name;
+  Result<RenderReport> made(const std::string& text, RenderJob job, const std::string& name) {
     job.scratch = scratch_.path();
-    shares_.clear();
-    return render(*timeline, job, files_,
-                  [this](const RenderStep& step) { shares_.push_back(step.done / step.total); });
+    return make(readDocument(text), name, job);
   }
 
-  [[nodiscard]] std::uint64_t sizeOf(const std::string& name) const {
-    return files_.facts(out_ / name).value_or(FileFacts{}).size;
-  }
-
-  test::ScratchFolder media_;
-  test::ScratchFolder out_;
   test::ScratchFolder scratch_;
-  std::vector<double> shares_;  // that have been told
-  PosixFiles files_;
 };
 
 struct Case {
@@ -110,7 +93,7 @@ TEST_F(Formats, EveryKindAndPresetHoldsWhatItSaysAtItsTime) {
   const auto text = documentOf({{source, 0, 2, 0, 2}}, {{source, 0, 2, 0, 2}}, {96, 64});
   for (const auto& c : cases()) {
     SCOPED_TRACE(c.name);
-    const auto report = make(text, c.job, c.name);
+    const auto report = made(text, c.job, c.name);
     ASSERT_TRUE(report) << report.error().text;
     const auto path = out_ / c.name;
     const auto told =
@@ -125,8 +108,7 @@ TEST_F(Formats, EveryKindAndPresetHoldsWhatItSaysAtItsTime) {
     EXPECT_NEAR(std::atof(told.substr(format + 7).c_str()), 2, 0.04);
     EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"}).err, "");
     if (c.name.ends_with(".mp4")) {
-      const auto bytes = *files_.read(path, 1U << 24U);
-      EXPECT_LT(bytes.find("moov"), bytes.find("mdat")) << "the index stands in front";
+      EXPECT_LT(bytes(c.name).find("moov"), bytes(c.name).find("mdat")) << "the index stands in front";
     }
     const std::vector<test::DocumentClip> again = {{path, 0, 1.9, 0, 1.9}};
     const auto movie =
@@ -162,19 +144,21 @@ TEST_F(Formats, AMovieKeepsWithinItsSizeAndMeetsIt) {
     job.megabytes = row.megabytes;
     const std::vector<test::DocumentClip> clips = {{row.file, 0, row.seconds, 0, row.seconds}};
     const auto report =
-        make(documentOf(clips, row.least > 0 ? clips : std::vector<test::DocumentClip>{}, {160, 120}), job,
+        made(documentOf(clips, row.least > 0 ? clips : std::vector<test::DocumentClip>{}, {160, 120}), job,
              "m.mp4");
     ASSERT_TRUE(report) << report.error().text;
-    EXPECT_LE(static_cast<double>(sizeOf("m.mp4")), row.megabytes * 1e6);
-    EXPECT_GE(static_cast<double>(sizeOf("m.mp4")), row.megabytes * 1e6 * row.least);
+    const auto size = static_cast<double>(bytes("m.mp4").size());
+    EXPECT_LE(size, row.megabytes * 1e6);
+    EXPECT_GE(size, row.megabytes * 1e6 * row.least);
     EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", out_ / "m.mp4", "-f", "null", "-"}).err, "");
-    EXPECT_TRUE(std::ranges::is_sorted(shares_)) << "also where it is tried again";
-    EXPECT_EQ(shares_.back(), 1);
-    EXPECT_TRUE(row.least > 0 || shares_.at(shares_.size() - 2) < 0.91) << "no pass but the two";
+    const auto share = [](const RenderStep& step) { return step.done / step.total; };
+    EXPECT_TRUE(std::ranges::is_sorted(steps_, {}, share)) << "also where it is tried again";
+    EXPECT_EQ(share(steps_.back()), 1);
+    EXPECT_TRUE(row.least > 0 || share(steps_.at(steps_.size() - 2)) < 0.91) << "no pass but the two";
   }
   RenderJob job;
   job.megabytes = 0.05;
-  const auto report = make(documentOf({{noise, 0, 31, 0, 31}}, {{noise, 0, 31, 0, 31}}), job, "tiny.mp4");
+  const auto report = made(documentOf({{noise, 0, 31, 0, 31}}, {{noise, 0, 31, 0, 31}}), job, "tiny.mp4");
   ASSERT_FALSE(report);
   EXPECT_NE(report.error().text.find("does not go into 0.05 MB"), std::string::npos) << report.error().text;
 }

@@ -1,10 +1,6 @@
 // Movies whose pictures a device encodes, for as long as it does.
-#include "adapters/posix/posix_files.h"
-#include "engine/document/document_reader.h"
-#include "engine/run/renderer.h"
-#include "support/documents.h"
+#include "engine/movies.h"
 #include "support/fake_hardware.h"
-#include "support/real_world.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,17 +10,10 @@
 namespace kvo::engine {
 namespace {
 
-class HardwareRender : public testing::Test {
+class HardwareRender : public Movies {
  protected:
-  HardwareRender()
-      : video_(test::makeCountingVideo(media_, "count.mkv", "25", 150)),
-        timeline_(*readDocument(
-            test::documentOf({{video_, 0, 6, 0, 6}, {video_, 0, 6, 6, 12}, {video_, 0, 6, 12, 18}}))) {}
-
-  Result<RenderReport> make(RenderJob job, const std::string& name = "m.mp4") {
-    job.output = out_ / name;
-    done_.clear();
-    return render(timeline_, job, files_, [this](const RenderStep& step) { done_.push_back(step.done); });
+  Result<RenderReport> made(const RenderJob& job, const std::string& name = "m.mp4") {
+    return make(timeline_, name, job);
   }
   RenderJob inDevice(bool needed = false) {
     RenderJob job;
@@ -32,29 +21,20 @@ class HardwareRender : public testing::Test {
     job.needsHardware = needed;
     return job;
   }
-  std::string bytes(const std::string& name = "m.mp4") {
-    const auto read = files_.read(out_ / name, 1U << 28U);
-    return read ? *read : std::string();
-  }
   std::string inSoftware() {
-    EXPECT_TRUE(make({}, "s.mp4"));
+    EXPECT_TRUE(made({}, "s.mp4"));
     return bytes("s.mp4");
   }
 
-  test::ScratchFolder media_;
-  test::ScratchFolder out_;
-  PosixFiles files_;
-  std::string video_;
-  Timeline timeline_;
+  Result<Timeline> timeline_ = inThree(test::makeCountingVideo(media_, "count.mkv", "25", 150));
   test::FakeHardware device_;
-  std::vector<double> done_;  // seconds that have been told
 };
 
 TEST_F(HardwareRender, AsksTheDeviceForTheMovieThatTheSoftwareWouldMake) {
   auto job = inDevice();
   job.quality = 24;
   job.effort = "slow";
-  const auto report = make(job);
+  const auto report = made(job);
   ASSERT_TRUE(report) << report.error().text;
   EXPECT_TRUE(report->notes.empty());
   EXPECT_EQ(device_.pictures, 450);
@@ -65,19 +45,19 @@ TEST_F(HardwareRender, AsksTheDeviceForTheMovieThatTheSoftwareWouldMake) {
     EXPECT_EQ(effortWords()[static_cast<std::size_t>(format.effort)], "slow");
   }
   job.hardware = nullptr;
-  ASSERT_TRUE(make(job, "s.mp4"));
-  EXPECT_TRUE(bytes() == bytes("s.mp4")) << "the same pictures in the same order";
+  ASSERT_TRUE(made(job, "s.mp4"));
+  EXPECT_TRUE(bytes("m.mp4") == bytes("s.mp4")) << "the same pictures in the same order";
 }
 
 TEST_F(HardwareRender, IsLeftOutWhereItWouldNotDo) {
   auto sized = inDevice();
   sized.megabytes = 1;
   sized.scratch = out_.path();
-  EXPECT_TRUE(make(sized));
+  EXPECT_TRUE(made(sized));
   auto share = inDevice();
   share.work = Work{out_ / "work", "id", Share{0, 2}};
-  EXPECT_TRUE(make(share));
-  EXPECT_TRUE(make(inDevice(), "m.avi"));
+  EXPECT_TRUE(made(share));
+  EXPECT_TRUE(made(inDevice(), "m.avi"));
   EXPECT_TRUE(device_.asked.empty());
 }
 
@@ -90,32 +70,32 @@ TEST_F(HardwareRender, BeginsAnewInSoftwareWhereTheDeviceFails) {
       device_.failsBehind = behind;
       auto job = inDevice();
       if (kept) job.work = Work{out_ / "work", "id"};
-      const auto report = make(job);
+      const auto report = made(job);
       ASSERT_TRUE(report) << report.error().text;
       EXPECT_EQ(report->notes,
                 std::vector<std::string>{"the picture is encoded in software: the device is gone"});
-      EXPECT_TRUE(bytes() == whole) << behind;
-      EXPECT_TRUE(std::ranges::is_sorted(done_)) << "it does not go back";
-      EXPECT_EQ(done_.back(), 18);
+      EXPECT_TRUE(bytes("m.mp4") == whole) << behind;
+      EXPECT_TRUE(std::ranges::is_sorted(steps_, {}, &RenderStep::done)) << "it does not go back";
+      EXPECT_EQ(steps_.back().done, 18);
     }
   }
   device_.refusal = "it takes no such pictures";
-  const auto refused = make(inDevice());
+  const auto refused = made(inDevice());
   EXPECT_TRUE(refused && refused->notes.at(0).ends_with(": it takes no such pictures"));
-  EXPECT_TRUE(bytes() == whole);
+  EXPECT_TRUE(bytes("m.mp4") == whole);
 }
 
 TEST_F(HardwareRender, FailsWithTheDeviceWhereItIsNeeded) {
   device_.failsBehind = 200;
-  const auto report = make(inDevice(true));
+  const auto report = made(inDevice(true));
   ASSERT_FALSE(report);
   EXPECT_EQ(report.error().text, "the device is gone");
-  EXPECT_TRUE(bytes().empty());
+  EXPECT_TRUE(bytes("m.mp4").empty());
   // What fails beside the device is no reason to try again.
   device_.failsBehind = -1;
   device_.pictures = 0;
   std::filesystem::create_directory(out_ / "m.mp4");
-  EXPECT_FALSE(make(inDevice()));
+  EXPECT_FALSE(made(inDevice()));
   EXPECT_EQ(device_.pictures, 0);
 }
 
@@ -124,21 +104,21 @@ TEST_F(HardwareRender, GoesOnWithTheEncoderThatItWasBegunWith) {
   auto job = inDevice(true);
   job.work = Work{out_ / "work", "id"};
   device_.failsBehind = 400;
-  ASSERT_FALSE(make(job));
+  ASSERT_FALSE(made(job));
   device_.failsBehind = -1;
   device_.pictures = 0;
-  auto report = make(job);
+  auto report = made(job);
   ASSERT_TRUE(report) << report.error().text;
   EXPECT_TRUE(device_.pictures > 0 && device_.pictures < 450) << "a segment stood already";
   EXPECT_TRUE(report->notes.empty());
-  EXPECT_TRUE(bytes() == whole);
+  EXPECT_TRUE(bytes("m.mp4") == whole);
 
   job.work->share = Share{1, 2};  // is made in software
-  ASSERT_TRUE(make(job));
+  ASSERT_TRUE(made(job));
   job.work->share.reset();
   job.needsHardware = false;
   device_.pictures = 0;
-  report = make(job);
+  report = made(job);
   ASSERT_TRUE(report) << report.error().text;
   EXPECT_EQ(device_.pictures, 0);
   EXPECT_EQ(report->notes, std::vector<std::string>{"the picture is encoded in software: as it was begun"});

@@ -1,9 +1,5 @@
 // Whole renders of real media, measured on what comes out.
-#include "adapters/posix/posix_files.h"
-#include "engine/document/document_reader.h"
-#include "engine/run/renderer.h"
-#include "support/documents.h"
-#include "support/real_world.h"
+#include "engine/movies.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +13,6 @@ namespace {
 using test::attribute;
 using test::DocumentClip;
 using test::documentOf;
-using test::ScratchFolder;
 
 std::string moving(const std::string& element, const std::string& param,
                    const std::vector<std::pair<double, double>>& keys) {
@@ -33,17 +28,10 @@ std::string fade(double start, double stop, double length) {
                 "name=\"Progress\" value=\"0.0\"", {{length, 1}});
 }
 
-class Render : public testing::Test {
+class Render : public Movies {
  protected:
-  Result<RenderReport> tryRender(const std::string& text, const std::string& name, RenderJob job = {}) {
-    const auto timeline = readDocument(text);
-    if (!timeline) return timeline.error();
-    job.output = out_ / name;
-    return render(*timeline, job, files_, {});
-  }
-
   std::string rendered(const std::string& text, const std::string& name, const RenderJob& job = {}) {
-    const auto report = tryRender(text, name, job);
+    const auto report = make(readDocument(text), name, job);
     EXPECT_TRUE(report) << report.error().text;
     return out_ / name;
   }
@@ -51,10 +39,6 @@ class Render : public testing::Test {
   [[nodiscard]] std::string soundFile(const char* name, const char* filter) const {
     return test::makeMedia(media_, name, {"-f", "lavfi", "-i", filter});
   }
-
-  ScratchFolder media_;
-  ScratchFolder out_;
-  PosixFiles files_;
 };
 
 TEST_F(Render, ShowsTheSourceFrameOfEachTimeAtAnySpeed) {
@@ -245,30 +229,12 @@ TEST_F(Render, MonoKeepsItsLevel) {
   }
 }
 
-TEST_F(Render, WritesEachKindWithItsStreams) {
-  const auto source = test::makeMedia(media_, "av.mkv",
-                                      {"-f", "lavfi", "-i", "testsrc=size=128x96:rate=25:duration=2", "-f",
-                                       "lavfi", "-i", "sine=duration=2", "-c:v", "ffv1", "-c:a", "flac"});
-  const auto text = documentOf({{source, 0, 2, 0, 2}}, {{source, 0, 2, 0, 2}}, {100, 75});
-  RenderJob mpeg4;
-  mpeg4.codec = VideoCodec::Mpeg4;
-  EXPECT_EQ(test::probed(rendered(text, "a.AVI"), "stream=codec_name,nb_frames"),
-            "rawvideo 50 pcm_s16le 88200");
-  EXPECT_EQ(test::probed(rendered(text, "m.avi", mpeg4), "stream=codec_name,width,height,nb_frames"),
-            "mpeg4 100 75 50 pcm_s16le 88200");
-  EXPECT_EQ(test::probed(rendered(text, "b.wav"), "stream=codec_name,sample_rate,channels"),
-            "pcm_s16le 44100 2");
-  EXPECT_EQ(test::probed(rendered(text, "c.wmv"), "stream=codec_name,width,height"), "wmv2 100 75 wmav2");
-  EXPECT_EQ(test::picturesOf(out_ / "c.wmv", 100, 75).size(), 50U);
-  EXPECT_EQ(test::probed(rendered(text, "d.wma"), "stream=codec_name"), "wmav2");
-}
-
 TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
   const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 25);
   const auto sound = soundFile("tone.wav", "sine=duration=1");
   std::filesystem::copy(source, out_ / "source.avi");
   std::filesystem::create_directory(out_ / "folder.avi");
-  auto cut = *files_.read(source, 1U << 24U);
+  const auto cut = test::bytesOf(source);
   ASSERT_TRUE(writeDurably(files_, media_ / "cut.mkv", cut.substr(0, cut.size() / 2)));
   const std::tuple<std::string, const char*, const char*> rows[] = {
       {documentOf({{media_ / "none.avi", 0, 1, 0, 1}}), "o.avi", "none.avi"},
@@ -285,15 +251,15 @@ TEST_F(Render, FailsWithALineAndLeavesWhatWasThere) {
   };
   ASSERT_TRUE(writeDurably(files_, out_ / "o.avi", "the old movie"));
   const auto before = out_.names();
-  const auto sourceBytes = files_.read(out_ / "source.avi", 1U << 24U).value();
+  const auto sourceBytes = bytes("source.avi");
   for (const auto& [text, output, says] : rows) {
-    const auto report = tryRender(text, output);
+    const auto report = make(readDocument(text), output);
     ASSERT_FALSE(report) << says;
     EXPECT_NE(report.error().text.find(says), std::string::npos) << report.error().text;
     EXPECT_EQ(out_.names(), before);
   }
-  EXPECT_EQ(*files_.read(out_ / "o.avi", 100), "the old movie");
-  EXPECT_EQ(files_.read(out_ / "source.avi", 1U << 24U).value(), sourceBytes);
+  EXPECT_EQ(bytes("o.avi"), "the old movie");
+  EXPECT_TRUE(bytes("source.avi") == sourceBytes);
 }
 
 }  // namespace

@@ -511,8 +511,10 @@ TEST(MovieRender, AnAbortWhileTheWavIsTakenIsNoFailure) {
   RenderBench b;
   b.choose(OutputKind::Wav);
   b.dialogs.answers = {"/out/song.wav"};
-  b.host.whileStripping = [&] { b.render.AbortRender(); };
-  b.host.stripFails = "it was stopped";
+  b.host.strips = [&](const auto& /*source*/, const auto& /*wav*/) {
+    b.render.AbortRender();
+    return Error{"it was stopped"};
+  };
   b.render.WriteRenderMovie();
   EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
 }
@@ -559,20 +561,6 @@ TEST(MovieRender, HandsAMovieToTheQueue) {
   EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
 }
 
-TEST(MovieRender, LeavesAnOutputToTheRenderThatMakesIt) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.dialogs.answers = {"/out/film.avi", "/out/film.avi"};
-  auto queue = b.locks.tryMaking("/out/film.avi");
-  b.render.WriteRenderMovie();
-  EXPECT_TRUE(b.engine.calls.empty());
-  EXPECT_TRUE(
-      test::holds(b.boxes.shown.at(0).text, "cannot write /out/film.avi: another render is making it"));
-  EXPECT_EQ(b.state.frame, RenderFrame::Options);
-  b.render.AddToQueue();
-  EXPECT_EQ(b.queued.size(), 1U) << "its turn comes later";
-}
-
 TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
   struct Row {
     OutputKind kind;
@@ -599,12 +587,7 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
     b.settings.adjust().RenderAutoView = true;
     b.choose(row.kind);
     EXPECT_EQ(b.state.Lst_MadeFor.empty(), row.preset == nullptr);
-    const auto chosen = [&](const RenderState& state) {
-      return state.madeForRow < 0 ? "-"
-                                  : state.Lst_MadeFor.at(static_cast<std::size_t>(state.madeForRow)).preset;
-    };
-    for (int i = 0; i < static_cast<int>(b.state.Lst_MadeFor.size()) && chosen(b.state) != row.preset;)
-      b.render.chooseMadeFor(++i);
+    if (row.preset != nullptr) b.chooseFor(row.preset);
     b.render.wishMegabytes(row.megabytes);
     EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
     EXPECT_EQ(test::holds(b.state.madeForText, "within " + std::to_string(b.state.wishedMegabytes) + " MB"),
@@ -621,23 +604,8 @@ TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
     RenderBench next;
     next.store.all = b.store.all;
     next.render.Rendertofile();
-    EXPECT_EQ(chosen(next.state), chosen(b.state)) << "remembered";
+    EXPECT_EQ(next.state.madeForRow, b.state.madeForRow) << "remembered";
     EXPECT_EQ(next.state.wishedMegabytes, b.state.hasWishedSize ? std::max(row.megabytes, 1) : 20);
-  }
-}
-
-TEST(MovieRender, AsksAboutEachMovieButAWav) {
-  for (const auto& row : outputKinds()) {
-    RenderBench b;
-    b.addMusic("song.mp3", 0, 60);
-    b.choose(row.kind);
-    b.dialogs.answers = {"/out/made"};
-    b.boxes.styledAnswer = {Answer::No, false};
-    b.render.WriteRenderMovie();
-    EXPECT_EQ(b.state.frame, RenderFrame::Report) << row.title;
-    EXPECT_EQ(captionsOf(b.boxes), row.kind == OutputKind::Wav ? "" : "KVO - Movie Successfully Created|")
-        << row.title;
-    EXPECT_TRUE(b.state.canView) << row.title;
   }
 }
 
@@ -683,8 +651,7 @@ TEST(MovieRender, CautionsWhileAnotherChoiceCanBeMade) {
     b.editor.controls.txtHeight = row.height;
     b.choose(row.kind, row.profile);
     b.render.tickCodecDimensions(row.ownSize);
-    for (int i = 0; i < static_cast<int>(b.state.Lst_MadeFor.size()); ++i)
-      if (b.state.Lst_MadeFor[static_cast<std::size_t>(i)].preset == row.preset) b.render.chooseMadeFor(i);
+    b.chooseFor(row.preset);
     EXPECT_TRUE(b.state.caution.starts_with(row.caution)) << b.state.caution;
     EXPECT_EQ(b.state.caution.empty(), std::string(row.caution).empty()) << b.state.caution;
     EXPECT_EQ(b.state.canMake, b.state.caution.empty() || b.state.hasWishedSize)
@@ -722,8 +689,7 @@ TEST(MovieRender, OffersADeviceWhereOneWorks) {
   ASSERT_EQ(b.engine.calls.size(), 2U);
   for (const auto& call : b.engine.calls) EXPECT_TRUE(test::holds(call, "'/H' 'auto' '/S'")) << call;
   b.render.Rendertofile();
-  const auto email = std::ranges::find(b.state.Lst_MadeFor, "email", &MadeForRow::preset);
-  b.render.chooseMadeFor(static_cast<int>(email - b.state.Lst_MadeFor.begin()));
+  b.chooseFor("email");
   EXPECT_FALSE(b.state.offersHardware) << "only the software keeps within a size";
   b.render.AddToQueue();
   EXPECT_EQ(b.queued.back().encoder, "");
@@ -745,11 +711,15 @@ TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
     b.files.all["/out/song.WMA"] = "mine";
     b.files.all["/out/song.wav"] = "old";
     b.boxes.answers = {Answer::Yes};  // it may be replaced
-    if (fails) b.host.stripFails = "cannot write /out/song.wav: No space";
+    if (fails) {
+      b.host.strips = [](const auto& /*source*/, const auto& wav) {
+        return Error{"cannot write " + wav + ": No space"};
+      };
+    }
     b.render.WriteRenderMovie();
     ASSERT_EQ(b.engine.calls.size(), 2U);
     EXPECT_TRUE(test::holds(b.engine.calls[1], "'/P' '23' '/S' '77' '/W' '/out/.rendering-77.WMA'"));
-    EXPECT_EQ(test::holds(b.host.notes, "strip:/out/.rendering-77.WMA"), !fails);
+    EXPECT_TRUE(test::holds(b.host.notes, "strip:/out/.rendering-77.WMA"));
     EXPECT_EQ(b.files.all["/out/song.wav"], fails ? "old" : "x");
     EXPECT_EQ(b.files.all["/out/song.WMA"], "mine");
     EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMA"));

@@ -12,24 +12,6 @@
 namespace kvo {
 namespace {
 
-TEST(OutputProfiles, RowsEndInTheirNumber) {
-  const auto sound = PopulateWMVProfileOpts(true);
-  const auto picture = PopulateWMVProfileOpts(false);
-  ASSERT_EQ(sound.size(), 8U);
-  ASSERT_EQ(picture.size(), 34U);
-  EXPECT_EQ(sound[4], "Audio for single-channel ISDN (64 Kbps stereo" + std::string(100, ' ') + "20");
-  std::string numbers;
-  for (const auto* rows : {&sound, &picture}) {
-    for (const auto& row : *rows) numbers += std::to_string(GetWMVRenderProfileInt(row)) + " ";
-  }
-  EXPECT_EQ(
-      numbers,
-      "16 17 18 19 20 21 22 23 1 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 24 25 26 27 28 29 30 31 32 33 34 35 36 "
-      "37 38 39 40 41 ")
-      << "0 reads as 1";
-  EXPECT_EQ(GetWMVRenderProfileInt(""), 1);
-}
-
 TEST(OutputProfiles, TellOfTheirSize) {
   struct Row {
     int number;
@@ -133,14 +115,6 @@ TEST(SystemProfileFile, TellsWhatIsGone) {
                                             : "Failed to restore the original WM8 System Encoding profiles");
     EXPECT_EQ(q.boxes.shown.at(0).caption, "KVO - WM8 Restore");
   }
-}
-
-TEST(SystemProfileFile, IsMendedWhenTheProgramStarts) {
-  Placed p;
-  p.files.all["/prog/wmsysprx.prx.old"] = "system";
-  p.files.all["/prog/wmsysprx.prx"] = "ours";
-  p.profile.mend();
-  EXPECT_EQ(p.files.all, (std::map<std::string, std::string>{{"/prog/wmsysprx.prx", "system"}}));
 }
 
 }  // namespace

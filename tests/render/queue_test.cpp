@@ -226,24 +226,6 @@ TEST(QueueRunnerTest, BeginsNothingThatIsPausedMeanwhile) {
   EXPECT_EQ(q.processes.all.size(), 1U);
 }
 
-TEST(QueueRunnerTest, MakesNoOutputTwice) {
-  Queued q(1);
-  const auto add = [&] { return q.store.add("", {.document = "d", .output = "/1.avi"}, ""); };
-  EXPECT_EQ(add().error().text, "cannot write /1.avi: job 1 of the queue is going to make it");
-  q.does(pauseJob, 1);
-  EXPECT_FALSE(add());
-  q.end(143);
-  q.does(resumeJob, 1);
-  q.end(1);
-  EXPECT_EQ(*add(), 2) << "a new one in place of what has failed";
-  EXPECT_EQ(q.store.change([](RenderQueue& queue) { return resumeJob(queue, 1); }).error().text,
-            "cannot write /1.avi: job 2 of the queue is going to make it");
-  q.files.unwritable.insert("/gone/");
-  q.files.unwritable.insert("/gone");
-  EXPECT_EQ(q.store.add("", {.document = "d", .output = "/gone/1.avi"}, "").error().text,
-            "cannot write /gone/1.avi: No such file or directory");
-}
-
 TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
   Queued q(1);
   q.end(1);

@@ -46,7 +46,6 @@ class FakeEngine : public Port {
   int balance = 0;
   bool mute = false;
   double outputLevel = 1;
-  bool showCaptions = false;
 
   explicit FakeEngine(EventLoop& loop) : loop_(loop), arrival_(loop.timer([this] { arrive(); })) {}
 
@@ -107,7 +106,7 @@ class FakeEngine : public Port {
       if (track.kind == kind) track.chosen = track.id == id;
     }
   }
-  void setShowCaptions(bool on) override { showCaptions = on; }
+  void setShowCaptions(bool /*on*/) override {}
   void setCaptionFile(const std::string& file) override { captionFile_ = file; }
   [[nodiscard]] std::string captionFile() const override { return captionFile_; }
 

@@ -15,7 +15,6 @@ class FakeProcesses : public Processes {
     ProcessOrder order;
     ProcessHearing hearing;
     std::vector<std::string> written{};
-    bool takesInput = true;
     bool stopped = false;
     bool killed = false;
     bool destroyed = false;
@@ -46,7 +45,7 @@ class FakeProcesses : public Processes {
     ~Handle() override { started_->destroyed = true; }
     bool write(std::string_view bytes) override {
       started_->written.emplace_back(bytes);
-      return started_->takesInput;
+      return true;
     }
     void stop() override { started_->stopped = true; }
     void kill() override { started_->killed = true; }

@@ -1,12 +1,9 @@
 #include "support/held_engine.h"
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <sys/stat.h>
 #include <system_error>
-#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -39,14 +36,6 @@ fi
 exec "$here/real/KVORender" "$@"
 )";
 
-bool becomesTrue(const std::function<bool()>& what) {
-  for (int i = 0; i < 6000; ++i) {
-    if (what()) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return false;
-}
-
 }  // namespace
 
 HeldEngine::HeldEngine(const std::string& programs) {
@@ -70,20 +59,8 @@ void HeldEngine::haltNext(const std::string& share) const {
 }
 
 int HeldEngine::halted() const {
-  EXPECT_TRUE(becomesTrue([&] { return fs::exists(folder_ / "bin/halted"); }));
-  int process = 0;
-  std::ifstream(folder_ / "bin/halted") >> process;
-  return process;
-}
-
-bool HeldEngine::hasEnded(int process) const {
-  return becomesTrue([&] {
-    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
-    std::string text;
-    std::getline(file, text);
-    const auto name = text.rfind(')');
-    return name == std::string::npos || text.compare(name, 3, ") Z") == 0;
-  });
+  EXPECT_TRUE(eventually([&] { return fs::exists(folder_ / "bin/halted"); }));
+  return std::stoi("0" + bytesOf(folder_ / "bin/halted"));
 }
 
 }  // namespace kvo::test

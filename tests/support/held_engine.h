@@ -23,9 +23,6 @@ class HeldEngine {
   /// Waits until it halts: its process.
   [[nodiscard]] int halted() const;
 
-  /// Waits until that process is gone.
-  [[nodiscard]] bool hasEnded(int process) const;
-
  private:
   ScratchFolder folder_;
 };

@@ -3,43 +3,19 @@
 
 #include "support/real_world.h"
 
-#include <array>
-#include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <string>
-#include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 
 class OwnBus {
  public:
-  OwnBus() {
-    std::array<int, 2> pipe{};
-    EXPECT_EQ(::pipe(pipe.data()), 0);
-    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-    daemon_ = startProgram({"dbus-daemon", "--session", "--nofork", "--print-address=1"}, pipe[1], nowhere);
-    ::close(nowhere);
-    ::close(pipe[1]);
-    for (char c = 0; ::read(pipe[0], &c, 1) == 1 && c != '\n';) address_ += c;
-    ::close(pipe[0]);
-    EXPECT_FALSE(address_.empty()) << "no bus";
-    ::setenv("DBUS_SESSION_BUS_ADDRESS", address_.c_str(), 1);
-  }
-  OwnBus(const OwnBus&) = delete;
-  OwnBus& operator=(const OwnBus&) = delete;
-  ~OwnBus() {
-    ::kill(daemon_, SIGTERM);
-    endOf(daemon_);
-  }
-
+  OwnBus() { ::setenv("DBUS_SESSION_BUS_ADDRESS", address_.c_str(), 1); }
   [[nodiscard]] const std::string& address() const { return address_; }
 
  private:
-  std::string address_;
-  int daemon_ = 0;
+  Companion daemon_{{"dbus-daemon", "--session", "--nofork", "--print-address=1"}};
+  std::string address_ = daemon_.firstLine();
 };
 
 }  // namespace kvo::test

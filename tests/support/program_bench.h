@@ -2,30 +2,113 @@
 // touch.
 #pragma once
 
+#include "base/text.h"
 #include "intake/clip_intake.h"
 #include "playback/play_timers.h"
+#include "ports/handover.h"
+#include "ports/text_questions.h"
 #include "program/intake_window.h"
 #include "program/list_commands.h"
 #include "program/shut_down.h"
+#include "program/skins.h"
 #include "program/start_up.h"
 #include "support/fakes.h"
-#include "support/memory_handover.h"
 #include "support/memory_store.h"
 #include "support/plain_desktop.h"
-#include "support/plain_skins.h"
 #include "support/scripted_dialogs.h"
-#include "support/scripted_questions.h"
 #include "support/store_bench.h"
 #include "support/virtual_loop.h"
 
+#include <deque>
 #include <functional>
-#include <map>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace kvo::test {
+
+/// A mailbox in memory.
+class MemoryHandover : public Handover {
+ public:
+  bool isFirst = true;
+  bool isTaken = true;  // what is sent
+  std::vector<std::string> sent;
+  std::optional<std::string> mailbox;
+
+  bool becomeFirst() override { return isFirst; }
+  bool send(std::string_view text) override {
+    sent.emplace_back(text);
+    return isTaken;
+  }
+  std::optional<std::string> take() override { return std::exchange(mailbox, std::nullopt); }
+};
+
+/// Lines that are typed from a list; Cancel when it runs out.
+class ScriptedQuestions : public TextQuestions {
+ public:
+  std::deque<std::string> answers;
+  std::vector<std::pair<std::string, std::string>> asked;  // titles and prompts
+
+  std::optional<std::string> ask(const std::string& title, const std::string& prompt,
+                                 const std::string& /*text*/) override {
+    asked.emplace_back(title, prompt);
+    if (answers.empty()) return std::nullopt;
+    auto answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+/// Pictures by the names of the files of the test; what they hold begins with "picture" where it is one.
+class PlainSkinPictures : public SkinPictures {
+ public:
+  explicit PlainSkinPictures(MemoryFiles& files) : files_(files) {}
+  std::string held;
+
+  [[nodiscard]] std::optional<std::string> find(const std::string& path) const override {
+    for (const auto& [name, bytes] : files_.all) {
+      if (sameText(name, replaced(path, "\\", "/"))) return name;
+    }
+    return std::nullopt;
+  }
+  Outcome load(const std::string& path) override {
+    const auto read = check(path);
+    if (read) held = path;
+    return read;
+  }
+  Outcome loadMask(const std::string& path) override { return check(path); }
+
+ private:
+  [[nodiscard]] Outcome check(const std::string& path) const {
+    const auto name = find(path);
+    return name && files_.all[*name].starts_with("picture") ? Outcome() : Error{"no picture " + path};
+  }
+
+  MemoryFiles& files_;
+};
+
+/// Notes what the skin asks of the player and of the buttons.
+class NotedSkinCalls : public SkinCalls {
+ public:
+  std::string calls;
+  bool holdsClip = false;
+  std::function<void()> whileBuilding = [] {};
+
+  void BuildAllButs(bool stepButtons) override {
+    calls += stepButtons ? "all+ " : "all ";
+    whileBuilding();
+  }
+  void BuildButton(KeyWord word) override { calls += word == KeyWord::PlayOn ? "PLAYON " : "? "; }
+  void PlayerPause() override { calls += "pause "; }
+  void PlayerStop() override { calls += "stop "; }
+  void GlobalMediaPlay() override { calls += "play "; }
+  [[nodiscard]] bool playerHoldsClip() const override { return holdsClip; }
+  [[nodiscard]] bool clipHasPath() const override { return true; }
+};
 
 /// Adds what the file system of the test holds, and refuses everything else.
 class PlainIntake : public ClipIntake {
@@ -33,26 +116,24 @@ class PlainIntake : public ClipIntake {
   PlainIntake(MemoryFiles& files, Collection& collection, IntakeHost& host)
       : files_(files), collection_(collection), host_(host) {}
   std::vector<std::string> asked;
-  std::vector<AddManner> manners;
   std::function<void()> whenAsked = [] {};
   KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
 
   bool AddMoviesm(const std::string& text, const AddManner& manner) override { return add({text}, manner); }
-  bool add(std::vector<std::string> names, const AddManner& manner) override {
+  bool add(std::vector<std::string> names, const AddManner& /*manner*/) override {
     bool any = false;
     for (std::size_t i = 0; i < names.size() && !host_.stopped(); ++i) {
       host_.analysing(static_cast<int>(i) + 1, static_cast<int>(names.size()), names[i]);
-      if (!host_.stopped()) any |= addOne(names[i], manner);
+      if (!host_.stopped()) any |= addOne(names[i]);
     }
     host_.analysed();
     return any;
   }
 
  private:
-  bool addOne(const std::string& text, const AddManner& manner) {
+  bool addOne(const std::string& text) {
     whenAsked();
     asked.push_back(text);
-    manners.push_back(manner);
     if (!files_.exists(text)) return false;
     Movie clip;
     clip.MovieName(std::string(fileNamePart(text)));

@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <future>
-#include <sstream>
+#include <iterator>
+#include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -18,11 +22,28 @@ namespace {
 
 constexpr double kGreyStep = 2 * 255.0 / 219;  // a counting video adds 2 of 219 steps of luma each frame
 
-std::string bytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::stringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
+// Starts it in a group of its own, with these descriptors for its output and errors. It ends with the test at
+// the latest.
+int startProgram(const std::vector<std::string>& command, int out, int err) {
+  const auto child = ::fork();
+  if (child != 0) return child;
+  ::setpgid(0, 0);
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  ::dup2(out, STDOUT_FILENO);
+  ::dup2(err, STDERR_FILENO);
+  std::vector<char*> arguments;
+  for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
+  arguments.push_back(nullptr);
+  ::execvp(arguments[0], arguments.data());
+  ::_exit(127);
+}
+
+int codeOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status); }
+
+int endOf(int process) {
+  int status = 0;
+  ::waitpid(process, &status, 0);
+  return codeOf(status);
 }
 
 std::vector<std::string> joined(std::vector<std::string> a, const std::vector<std::string>& b) {
@@ -40,6 +61,8 @@ std::string decoded(const std::string& path, const std::vector<std::string>& for
   EXPECT_EQ(end.exitCode, 0) << path << ": " << end.err;
   return bytesOf(raw);
 }
+
+std::string heard(int file) { return bytesOf("/proc/self/fd/" + std::to_string(file)); }
 
 }  // namespace
 
@@ -61,23 +84,63 @@ std::vector<std::string> ScratchFolder::names() const {
   return names;
 }
 
-int startProgram(const std::vector<std::string>& command, int out, int err) {
-  const auto child = ::fork();
-  if (child != 0) return child;
-  ::setpgid(0, 0);
-  if (out >= 0) ::dup2(out, STDOUT_FILENO);
-  if (err >= 0) ::dup2(err, STDERR_FILENO);
-  std::vector<char*> arguments;
-  for (const auto& a : command) arguments.push_back(const_cast<char*>(a.c_str()));
-  arguments.push_back(nullptr);
-  ::execvp(arguments[0], arguments.data());
-  ::_exit(127);
+Companion::Companion(const std::vector<std::string>& command)
+    : out_(::memfd_create("out", MFD_CLOEXEC)),
+      err_(::memfd_create("err", MFD_CLOEXEC)),
+      process_(startProgram(command, out_, err_)) {}
+
+Companion::~Companion() {
+  if (!hasEnded()) signal(SIGTERM);
+  end();
+  ::close(out_);
+  ::close(err_);
 }
 
-int endOf(int process) {
+void Companion::signal(int number) const { ::kill(process_, number); }
+
+std::string Companion::said() const { return heard(out_) + heard(err_); }
+
+std::string Companion::firstLine() const {
+  const auto line = [&] {
+    const auto out = heard(out_);
+    return out.substr(0, out.find('\n') + 1);
+  };
+  EXPECT_TRUE(eventually([&] { return !line().empty(); })) << said();
+  const auto whole = line();
+  return whole.substr(0, whole.find('\n'));
+}
+
+bool Companion::hasEnded() {
   int status = 0;
-  ::waitpid(process, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  if (!end_ && ::waitpid(process_, &status, WNOHANG) == process_) end_ = codeOf(status);
+  return end_.has_value();
+}
+
+int Companion::end() {
+  if (!end_) end_ = endOf(process_);
+  return *end_;
+}
+
+bool eventually(const std::function<bool()>& holds, std::chrono::milliseconds limit) {
+  const auto end = std::chrono::steady_clock::now() + limit;
+  while (std::chrono::steady_clock::now() < end) {
+    if (holds()) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  return holds();
+}
+
+bool comesToItsEnd(int process) {
+  return eventually([&] {
+    const auto text = bytesOf("/proc/" + std::to_string(process) + "/stat");
+    const auto name = text.rfind(')');
+    return name == std::string::npos || text.compare(name, 3, ") Z") == 0;
+  });
+}
+
+std::string bytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Through pipes: limits on the size of files are no limits of what a program says.

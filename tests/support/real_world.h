@@ -2,7 +2,10 @@
 // again, so that what our own room of FFmpeg does is checked from outside.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,12 +34,41 @@ struct ProgramEnd {
   std::string err;
 };
 
-/// Starts a program without a shell, in a group of its own. Where `out` and `err` are descriptors, its
-/// standard output and error go there. Gives its number.
-int startProgram(const std::vector<std::string>& command, int out = -1, int err = -1);
+/// A program that runs beside the test without a shell, in a group of its own; what it says is kept. It is
+/// told to end with the object.
+class Companion {
+ public:
+  explicit Companion(const std::vector<std::string>& command);
+  Companion(const Companion&) = delete;
+  Companion& operator=(const Companion&) = delete;
+  ~Companion();
 
-/// Waits for its end: the exit code, or 128 and the signal that ended it.
-int endOf(int process);
+  [[nodiscard]] int number() const { return process_; }
+  void signal(int number) const;
+  /// Its standard output and error until now.
+  [[nodiscard]] std::string said() const;
+  /// Waits for the first line of its standard output.
+  [[nodiscard]] std::string firstLine() const;
+  [[nodiscard]] bool hasEnded();
+  /// Waits for its end: the exit code, or 128 and the signal that ended it.
+  int end();
+
+ private:
+  int out_;  // files in memory
+  int err_;
+  int process_;
+  std::optional<int> end_;
+};
+
+/// Waits for what comes about elsewhere. The limit is only for a fault: a busy machine takes long.
+bool eventually(const std::function<bool()>& holds,
+                std::chrono::milliseconds limit = std::chrono::minutes(2));
+
+/// Waits for the end of a process that somebody else has started.
+bool comesToItsEnd(int process);
+
+/// A whole file; empty where there is none.
+std::string bytesOf(const std::string& path);
 
 /// Runs a program without a shell, to its end.
 ProgramEnd runProgram(const std::vector<std::string>& command);

@@ -11,8 +11,10 @@
 #include "support/scripted_dialogs.h"
 #include "support/virtual_loop.h"
 
+#include <algorithm>
 #include <deque>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -93,11 +95,11 @@ class TimedEngine : public Processes {
 
 class NotingRenderHost : public RenderHost {
  public:
-  explicit NotingRenderHost(MemoryFiles& files) : files_(files) {}
+  using Strip = std::function<Outcome(const std::string& source, const std::string& wav)>;
+  explicit NotingRenderHost(Strip strip) : strips(std::move(strip)) {}
   std::string notes;
   std::function<void()> onChange = [] {};
-  std::string stripFails;
-  std::function<void()> whileStripping = [] {};
+  Strip strips;
 
   void PlayerStop() override { note("stop"); }
   void ImagesOff() override { note("images-"); }
@@ -109,17 +111,13 @@ class NotingRenderHost : public RenderHost {
   void Buildtabs() override { note("tabs"); }
   void deleteWorkFiles() override { note("sweep"); }
   Outcome StripWavFromCurrentVideo(const std::string& source, const std::string& wav) override {
-    whileStripping();
-    if (!stripFails.empty()) return Error{stripFails};
     note("strip:" + source);
-    files_.all[wav] = files_.all.at(source);
-    return {};
+    return strips(source, wav);
   }
   void renderChanged() override { onChange(); }
 
  private:
   void note(const std::string& what) { notes += (notes.empty() ? "" : " ") + what; }
-  MemoryFiles& files_;
 };
 
 /// Two clips of 4 and 8 seconds, and a system profile file.
@@ -145,6 +143,12 @@ struct RenderBench : Bench {
     }
     host.notes.clear();
   }
+  /// What the movie is made for, by the name of its preset.
+  void chooseFor(std::string_view preset) {
+    const auto row = std::ranges::find(state.Lst_MadeFor, preset, &MadeForRow::preset);
+    if (row != state.Lst_MadeFor.end())
+      render.chooseMadeFor(static_cast<int>(row - state.Lst_MadeFor.begin()));
+  }
 
   VirtualLoop loop;
   MemoryFolders folders;
@@ -156,7 +160,10 @@ struct RenderBench : Bench {
   MemoryStore store;
   NotedWork work;
   RenderState state;
-  NotingRenderHost host{files};
+  NotingRenderHost host{[this](const std::string& source, const std::string& wav) {
+    files.all[wav] = files.all.at(source);
+    return Outcome();
+  }};
   std::vector<RenderOrder> queued;
   std::string queuedProfile;
   int asksForHardware = 0;

@@ -16,14 +16,12 @@ namespace kvo::test {
 class VirtualLoop : public EventLoop {
  public:
   std::function<void()> onYield = [] {};
-  int yields = 0;
   int home = 0;  ///< pieces of posted work that have been done
 
   std::unique_ptr<Timer> timer(std::function<void()> tick) override {
     return std::make_unique<VirtualTimer>(*this, std::move(tick));
   }
   void yield() override {
-    ++yields;
     runPosted();
     onYield();
   }

@@ -20,7 +20,7 @@ constexpr double kFastest = 2;
 constexpr std::array kRepeatings = {std::pair{Repeating::Nothing, "None"},
                                     std::pair{Repeating::Clip, "Track"},
                                     std::pair{Repeating::Collection, "Playlist"}};
-const QString kTracks = QStringLiteral("/kvo5/track/");
+const QString kTrackPaths = QStringLiteral("/kvo5/track/");
 const QString kNoTrack = QStringLiteral("/org/mpris/MediaPlayer2/TrackList/NoTrack");
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
@@ -136,9 +136,11 @@ const MprisProperty* mprisProperty(const QString& interface, const QString& name
   return nullptr;
 }
 
-QString trackPath(int track) { return track == 0 ? kNoTrack : kTracks + QString::number(track); }
+QString trackPath(int track) { return track == 0 ? kNoTrack : kTrackPaths + QString::number(track); }
 
-int trackOf(const QString& path) { return path.startsWith(kTracks) ? path.mid(kTracks.size()).toInt() : 0; }
+int trackOf(const QString& path) {
+  return path.startsWith(kTrackPaths) ? path.mid(kTrackPaths.size()).toInt() : 0;
+}
 
 qlonglong toMicroseconds(double seconds) { return std::llround(seconds / kMicrosecond); }
 

@@ -27,10 +27,10 @@ constexpr Integer kMovedOn = 97;
 constexpr Integer kSpeedChange = 98;
 constexpr Integer kMembershipChange = 99;
 
-constexpr int kCreateTab = 1;
-constexpr int kAudioTab = 2;
-constexpr int kEffectTab = 4;
-constexpr int kOverlayTab = 7;
+constexpr int kTabCreate = 1;
+constexpr int kTabAudio = 2;
+constexpr int kTabEffect = 4;
+constexpr int kTabOverlay = 7;
 
 constexpr float kHundredthsPerTenth = 10;
 constexpr float kLevelTenths = 10;
@@ -156,12 +156,12 @@ bool EditorDesk::followsCollection() {
       editor.AudioTotalTime.clear();
       state.totals = editorTotals(editor);
     }
-    if (tabs_[kCreateTab - 1].follow) tabs_[kCreateTab - 1].follow(true);
+    if (tabs_[kTabCreate - 1].follow) tabs_[kTabCreate - 1].follow(true);
     ++state.timed;
     ShowClipStats();
     buildClipSliders();
   }
-  if (empty && state.frame.CurrentTab != kCreateTab) Buildtabs(kCreateTab);
+  if (empty && state.frame.CurrentTab != kTabCreate) Buildtabs(kTabCreate);
   return !empty;
 }
 
@@ -169,7 +169,7 @@ void EditorDesk::membershipChanged() {
   auto& state = parts_.state;
   if (!HaveAtleastOneVidTrack(parts_.editing)) {
     if (parts_.preview.isPlaying()) KillPreview();
-    if (state.frame.CurrentTab != kCreateTab) Buildtabs(kCreateTab);
+    if (state.frame.CurrentTab != kTabCreate) Buildtabs(kTabCreate);
   }
   hasMusic_ = CheckForAudiotrack(parts_.editing);
   takeSounds();
@@ -203,12 +203,12 @@ void EditorDesk::retime(bool isOther) {
 void EditorDesk::followTab(Integer code) {
   const bool rebuild = code > kSectionChange;
   const int tab = parts_.state.frame.CurrentTab;
-  if (tab == kEffectTab && clip() != nullptr && isSoundByName(clip()->MovieName()))
-    return Buildtabs(kAudioTab);  // the change stands for the tick to come
+  if (tab == kTabEffect && clip() != nullptr && isSoundByName(clip()->MovieName()))
+    return Buildtabs(kTabAudio);  // the change stands for the tick to come
   const auto& follow = tabs_[static_cast<std::size_t>(tab - 1)].follow;
-  const bool concerned = tab != kOverlayTab || (rebuild && code != kMarkChange);
+  const bool concerned = tab != kTabOverlay || (rebuild && code != kMarkChange);
   if (concerned) {
-    if (tab == kOverlayTab) KillPreview();
+    if (tab == kTabOverlay) KillPreview();
     if (follow) follow(rebuild);
   }
   run().ObjectChange = 0;
@@ -216,7 +216,7 @@ void EditorDesk::followTab(Integer code) {
 
 void EditorDesk::Buildtabs(int tab) {
   KillPreview();
-  tab = std::clamp(tab, kCreateTab, kEditorTabs);
+  tab = std::clamp(tab, kTabCreate, kEditorTabs);
   parts_.state.frame.CurrentTab = tab;
   const auto& enter = tabs_[static_cast<std::size_t>(tab - 1)].enter;
   if (enter) enter();
@@ -289,7 +289,7 @@ void EditorDesk::ShowClipStats() {
                                 .Equi = commands.whyNoCopy(CopyMode::EqualChunk, place)});
   shownClip_ = number;
   if (clip() != nullptr && clip()->IsStream()) return;
-  const bool previewing = parts_.state.frame.CurrentTab == kCreateTab && parts_.preview.isPlaying();
+  const bool previewing = parts_.state.frame.CurrentTab == kTabCreate && parts_.preview.isPlaying();
   parts_.state.stats = clipStats(parts_.editing, number, previewing);
 }
 

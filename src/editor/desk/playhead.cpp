@@ -9,9 +9,9 @@
 namespace kvo {
 namespace {
 
-constexpr double kPicture = 0.2;      // seconds: no picture stands longer
-constexpr int kAtOnce = 1;            // milliseconds: behind the act that has loaded the clip
-constexpr Integer kLeavesOrder = 97;  // up to here changes leave the clips in their order
+constexpr double kLongestPicture = 0.2;  // seconds: no picture stands longer
+constexpr int kAtOnce = 1;               // milliseconds: behind the act that has loaded the clip
+constexpr Integer kLeavesOrder = 97;     // up to here changes leave the clips in their order
 
 }  // namespace
 
@@ -149,7 +149,7 @@ void Playhead::bring() {
   parts_.doors.standPlayer(inClip_);
   // What is seen there begins a little earlier.
   const auto seen = parts_.doors.place();
-  if (seen && std::abs(seen->seconds - inClip_) < kPicture) inClip_ = seen->seconds;
+  if (seen && std::abs(seen->seconds - inClip_) < kLongestPicture) inClip_ = seen->seconds;
   timed_ = placeInMovie(*clip, inClip_);
 }
 
