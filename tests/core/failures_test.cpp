@@ -3,6 +3,7 @@
 #include "core/telling/message_table.h"
 #include "core/telling/messages.h"
 #include "support/fakes.h"
+#include "support/memory_store.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +57,27 @@ TEST(Failures, AFatalOneIsShownAndEndsTheProgram) {
   EXPECT_EQ(ended, 1);
   failures.LogError("traced", false, true);
   EXPECT_EQ(b.log.texts().size(), 2U);
+  failures.ShowErrorBox("what", "before: ", " - Error");
+  EXPECT_EQ(b.boxes.shown.back().caption + "|" + b.boxes.shown.back().text, "KVO5 - Error|before: what");
+}
+
+TEST(FrmMessage, IsNotShownAgainWhereTheUserSaidSo) {
+  Bench b;
+  test::MemoryStore store;
+  Frm_Message message(b.boxes, store);
+  b.boxes.styledAnswer = {Answer::Ok, true};
+  message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");
+  message.ShowWarningOKOnly("Tip", "A tip", "FIRSTTIP");
+  message.ShowWarningOKOnly("Tip", "Another", "SECONDTIP");
+  ASSERT_EQ(b.boxes.styled.size(), 2U);
+  EXPECT_EQ(b.boxes.styled[0].prompt, "Click OK to continue");
+  EXPECT_TRUE(b.boxes.styled[0].offersNeverAgain);
+  message.ShowWarningOKOnly("Tip", "Every time", kNoShowCheck);
+  message.ShowWarningOKOnly("Tip", "Every time", kNoShowCheck);
+  EXPECT_EQ(b.boxes.styled.size(), 4U);
+  b.boxes.styledAnswer = {Answer::No, false};
+  EXPECT_EQ(message.ShowWarningBox("Sure", "Really ?"), Answer::No);
+  EXPECT_TRUE(b.boxes.styled.back().yesAndNo && !b.boxes.styled.back().offersNeverAgain);
 }
 
 TEST(Messages, AreFoundByTheirNumbers) {

@@ -1,4 +1,5 @@
 #include "playback/captions.h"
+#include "playback/kvo_player_eng_ocx.h"
 #include "playback/player_bench.h"
 #include "playback/routing.h"
 #include "playback/stream_info.h"
@@ -255,6 +256,49 @@ TEST(Player, TheNextClipIsGotReadyByItsEngineAtMarkIn) {
   EXPECT_EQ(b.control.openedAhead, (Ahead{none, {"/v/a.mp4", 2.5}, none, none, none}));
   EXPECT_EQ(b.graphs.openedAhead, (Ahead{none, {"/v/b.wmv", 0}, none, none, none}));
   EXPECT_EQ(b.probe.asked, 0);
+}
+
+struct PreviewBench {
+  test::VirtualLoop loop;
+  test::FakeFiles files{{"/m.avi", {.duration = 10.004, .width = 320, .height = 180}}};
+  test::FakeFilterGraphs graphs{loop, files};
+  PreviewBoxState box;
+  KVOPlayerEngOcX player{box, graphs, loop};
+  double position = -1;
+  double duration = 0;
+  int finished = 0;
+
+  PreviewBench() {
+    player.VideoTime = [this](double at, double length) {
+      position = at;
+      duration = length;
+    };
+    player.VideoFinished = [this] { ++finished; };
+    player.SetFileToPlay("/m.avi");
+  }
+};
+
+TEST(KVOPlayerEngOcX, PlaysAFileToItsEndAndTellsTheTime) {
+  PreviewBench b;
+  b.player.SetRate(200);
+  b.player.SetVolume(-300);
+  b.player.PlayVideo();
+  EXPECT_EQ(b.box.picture, (PreviewPlace{0, 30, 320, 180}));
+  EXPECT_EQ(b.graphs.graph->volume, -300);
+  b.loop.advance(1000);
+  EXPECT_DOUBLE_EQ(b.position, 2);
+  EXPECT_DOUBLE_EQ(b.duration, 10);
+  b.player.StopVideo();
+  b.loop.advance(5000);
+  b.player.PlayVideo();
+  b.loop.advance(100);
+  EXPECT_DOUBLE_EQ(b.position, 2.2);
+  b.loop.advance(10000);
+  EXPECT_EQ(b.finished, 1);
+  EXPECT_EQ(b.graphs.made, 1);
+  b.player.PlayVideo();
+  b.loop.advance(100);
+  EXPECT_DOUBLE_EQ(b.position, 0.2) << "from the start again";
 }
 
 TEST(Routing, NameRecordAndSettingsChooseTheEngine) {

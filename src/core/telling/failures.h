@@ -27,6 +27,9 @@ class Failures {
   void ReportInitError(std::string_view text, int number, std::string_view title,
                        std::string_view description, bool show);
 
+  /// One critical box: `prefix` ahead of `text`, captioned by the product's name and `title`.
+  void ShowErrorBox(std::string_view text, std::string_view prefix, std::string_view title);
+
  private:
   ErrorLog& log_;
   MessageBoxes& boxes_;
@@ -37,5 +40,24 @@ class Failures {
 /// A box that answers itself with its default button after `seconds`, for work that may run with nobody
 /// there; 0 waits for the user.
 Answer TimedMessageBox(MessageBoxes& boxes, Box box, double seconds);
+
+/// The key of a message that is shown every time.
+inline constexpr std::string_view kNoShowCheck = "NOSHOWCHK";
+
+/// The styled box of tips and warnings.
+class Frm_Message {
+ public:
+  Frm_Message(MessageBoxes& boxes, UserStore& store) : boxes_(boxes), store_(store) {}
+
+  /// Shows `message` with an OK button. Under any key but kNoShowCheck the user may turn it off for good.
+  void ShowWarningOKOnly(std::string_view caption, std::string_view message, std::string_view key);
+
+  /// Shows `message` with Yes and No buttons, every time.
+  Answer ShowWarningBox(std::string_view caption, std::string_view message, BoxIcon icon = BoxIcon::Warning);
+
+ private:
+  MessageBoxes& boxes_;
+  UserStore& store_;
+};
 
 }  // namespace kvo

@@ -70,6 +70,7 @@ TEST(Document, TwoClipsWithAFade) {
   b.settings.state.ObjectChange = 96;
   CreateClipLine(b.editing, true, {.TransitionZero = true});
   EXPECT_EQ(countOf(b.editor.texts.VideoTrackText, "<transition"), 0U) << "a pass for the times";
+  EXPECT_EQ(b.editor.controls.Fra_Preview, "0 to 8.00 (s)");
 }
 
 TEST(Document, AudioOnlyHasNoVideoGroup) {

@@ -116,13 +116,15 @@ TEST(TransitionTab, WhatCannotBeChosenSaysWhy) {
 
 TEST(TransitionTab, TheCaptionsTellTheLength) {
   TransitionBench b;
-  b.fade(15);
-  EXPECT_EQ(b.tab.inOver + "|" + b.tab.length + "|" + b.tab.panel.selected + "|" + b.tab.panel.Fra_FadDur,
-            "In over 1.5 Secs|1.5|Fade|Transition Duration");
   b.clip().IsStill(true);
   b.clip().LoopEnd(Value("N/A"));
   b.rules.show(true);
   EXPECT_EQ(b.clip().LoopEnd().text(), "7") << "a still gets the length of stills";
+  b.clip().IsStill(false);
+  b.clip().LoopEnd(Value(4));
+  b.fade(15);
+  EXPECT_EQ(b.tab.inOver + "|" + b.tab.length + "|" + b.tab.panel.selected + "|" + b.tab.panel.Fra_FadDur,
+            "In over 1.5 Secs|1.5|Fade|Transition Duration");
   b.host.look();
   b.rules.moveDuration(2);
   b.rules.moveDuration(0);
