@@ -60,7 +60,8 @@ struct EngineRun {
 /// What a line of the engine says, without the name that it begins with on a terminal.
 std::string reasonOf(std::string_view line);
 
-/// The reason that tells the user why a run has failed. What a killed engine's shell says of it tells nothing.
+/// The reason that tells the user why a run has failed. What a killed engine's shell says of it tells
+/// nothing.
 std::string whyFailed(const EngineRun& run);
 
 /// The work folder for an output, beside it.
