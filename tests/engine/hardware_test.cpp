@@ -21,9 +21,9 @@ class HardwareRender : public Movies {
     job.needsHardware = needed;
     return job;
   }
-  std::string inSoftware() {
+  std::vector<test::DecodedPicture> inSoftware() {
     EXPECT_TRUE(made({}, "s.mp4"));
-    return bytes("s.mp4");
+    return shown("s.mp4");
   }
 
   Result<Timeline> timeline_ = inThree(test::makeCountingVideo(media_, "count.mkv", "25", 150));
@@ -46,7 +46,7 @@ TEST_F(HardwareRender, AsksTheDeviceForTheMovieThatTheSoftwareWouldMake) {
   }
   job.hardware = nullptr;
   ASSERT_TRUE(made(job, "s.mp4"));
-  EXPECT_TRUE(bytes("m.mp4") == bytes("s.mp4")) << "the same pictures in the same order";
+  EXPECT_TRUE(shown("m.mp4") == shown("s.mp4")) << "the same pictures in the same order";
 }
 
 TEST_F(HardwareRender, IsLeftOutWhereItWouldNotDo) {
@@ -74,7 +74,7 @@ TEST_F(HardwareRender, BeginsAnewInSoftwareWhereTheDeviceFails) {
       ASSERT_TRUE(report) << report.error().text;
       EXPECT_EQ(report->notes,
                 std::vector<std::string>{"the picture is encoded in software: the device is gone"});
-      EXPECT_TRUE(bytes("m.mp4") == whole) << behind;
+      EXPECT_TRUE(shown("m.mp4") == whole) << behind;
       EXPECT_TRUE(std::ranges::is_sorted(steps_, {}, &RenderStep::done)) << "it does not go back";
       EXPECT_EQ(steps_.back().done, 18);
     }
@@ -82,7 +82,7 @@ TEST_F(HardwareRender, BeginsAnewInSoftwareWhereTheDeviceFails) {
   device_.refusal = "it takes no such pictures";
   const auto refused = made(inDevice());
   EXPECT_TRUE(refused && refused->notes.at(0).ends_with(": it takes no such pictures"));
-  EXPECT_TRUE(bytes("m.mp4") == whole);
+  EXPECT_TRUE(shown("m.mp4") == whole);
 }
 
 TEST_F(HardwareRender, FailsWithTheDeviceWhereItIsNeeded) {
@@ -111,7 +111,7 @@ TEST_F(HardwareRender, GoesOnWithTheEncoderThatItWasBegunWith) {
   ASSERT_TRUE(report) << report.error().text;
   EXPECT_TRUE(device_.pictures > 0 && device_.pictures < 450) << "a segment stood already";
   EXPECT_TRUE(report->notes.empty());
-  EXPECT_TRUE(bytes("m.mp4") == whole);
+  EXPECT_TRUE(shown("m.mp4") == whole);
 
   job.work->share = Share{1, 2};  // is made in software
   ASSERT_TRUE(made(job));

@@ -89,6 +89,7 @@ struct DecodedPicture {
   }
   /// Mean of one colour over the whole picture.
   [[nodiscard]] double mean(int colour = 0) const;
+  bool operator==(const DecodedPicture&) const = default;
 };
 
 /// Every frame of a movie, in order.
