@@ -146,6 +146,9 @@ void MovieRender::hearEngine() {
   heard_ = ports_.engine.loop.now();
   state_.movieSeconds = partStart_ + progress.movie.done;
   state_.progress = leftText(progress, timeLeft_.after(progress));
+  // The countdown is first told after seconds, by which a short movie is done.
+  if (state_.frame == RenderFrame::Rendering && state_.countdown.empty())
+    state_.pie.percent = shareDone(progress) * 100;
   tellWork();
   ports_.host.renderChanged();
 }

@@ -23,7 +23,9 @@ WorkView workView(const RenderState& state) {
   view.showsFilm = !view.isDone && !state.film.empty();
   view.canAbort = !view.isDone && state.isRunning && !state.RenderAborted;
   view.canView = view.isDone && state.canView;
-  view.pieOf = translated(state.frame == RenderFrame::Estimate ? "of the sample" : "of the countdown");
+  view.pieOf = translated(state.frame == RenderFrame::Estimate ? "of the sample"
+                          : state.countdown.empty()            ? "of the movie"
+                                                               : "of the countdown");
   switch (state.frame) {
     case RenderFrame::Report:
       view.headline = state.completed;
@@ -35,7 +37,9 @@ WorkView workView(const RenderState& state) {
           "It is rendered first, and tells how long the whole will take and how much disk it needs.");
       return view;
     default:
-      view.headline = state.countdown.empty() ? translated("The engine begins") : state.countdown;
+      view.headline = !state.countdown.empty() ? state.countdown
+                      : state.pie.percent > 0  ? translated("The movie is being made")
+                                               : translated("The engine begins");
       view.below = state.summary;
       return view;
   }
