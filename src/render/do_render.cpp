@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kEventInterval = 5000;  // milliseconds
 constexpr int kLastInterval = 2000;   // milliseconds, near the end
+constexpr double kShort = 10;         // seconds that a render is to take at the most, with its margin
 constexpr double kNearEnd = 30;       // seconds
 constexpr int kMostForEnding = 2500;  // milliseconds that an engine has for it; it is killed after 1000
 constexpr int kEndingNap = 50;        // milliseconds
@@ -146,8 +147,8 @@ void MovieRender::hearEngine() {
   heard_ = ports_.engine.loop.now();
   state_.movieSeconds = partStart_ + progress.movie.done;
   state_.progress = leftText(progress, timeLeft_.after(progress));
-  // The countdown is first told after seconds, by which a short movie is done.
-  if (state_.frame == RenderFrame::Rendering && state_.countdown.empty())
+  // The countdown is first told after five seconds, and then begins; by that time a short movie is done.
+  if (state_.frame == RenderFrame::Rendering && state_.countdown.empty() && state_.RenderSeconds < kShort)
     state_.pie.percent = shareDone(progress) * 100;
   tellWork();
   ports_.host.renderChanged();

@@ -23,8 +23,9 @@ WorkView workView(const RenderState& state) {
   view.showsFilm = !view.isDone && !state.film.empty();
   view.canAbort = !view.isDone && state.isRunning && !state.RenderAborted;
   view.canView = view.isDone && state.canView;
+  const bool ofTheMovie = state.countdown.empty() && state.pie.percent > 0;
   view.pieOf = translated(state.frame == RenderFrame::Estimate ? "of the sample"
-                          : state.countdown.empty()            ? "of the movie"
+                          : ofTheMovie                         ? "of the movie"
                                                                : "of the countdown");
   switch (state.frame) {
     case RenderFrame::Report:
@@ -38,7 +39,7 @@ WorkView workView(const RenderState& state) {
       return view;
     default:
       view.headline = !state.countdown.empty() ? state.countdown
-                      : state.pie.percent > 0  ? translated("The movie is being made")
+                      : ofTheMovie             ? translated("The movie is being made")
                                                : translated("The engine begins");
       view.below = state.summary;
       return view;

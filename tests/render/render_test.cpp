@@ -51,7 +51,7 @@ TEST(WorkView, SaysHowFarTheRenderIs) {
             "Trying a short piece of your movie|It is rendered first, and tells how long the whole will take "
             "and how much disk it needs.|of the sample film abort");
   state.frame = RenderFrame::Rendering;
-  EXPECT_EQ(textOf(workView(state)), "The engine begins|Encoding|of the movie film abort");
+  EXPECT_EQ(textOf(workView(state)), "The engine begins|Encoding|of the countdown film abort");
   state.pie.percent = 7;
   EXPECT_EQ(textOf(workView(state)), "The movie is being made|Encoding|of the movie film abort");
   state.countdown = "About 00.01.30(s) Remaining";
