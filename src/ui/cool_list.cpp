@@ -23,6 +23,25 @@ Error noItem(int index, int count) {
 
 std::int16_t iconIndex(int icon) { return static_cast<std::int16_t>(icon); }
 
+// Shell's, by the gaps 1, 4, 13, ...: where texts are equal, its order is the one to have.
+void shellSort(std::vector<CoolListItem>& items, bool descending) {
+  const auto goesBehind = [&](const CoolListItem& a, const CoolListItem& b) {
+    return descending ? a.ItemText < b.ItemText : b.ItemText < a.ItemText;
+  };
+  std::size_t gap = 1;
+  while (3 * gap + 1 <= items.size()) gap = 3 * gap + 1;
+  for (; gap > 0; gap /= 3) {
+    for (std::size_t i = gap; i < items.size(); ++i) {
+      auto item = std::move(items[i]);
+      std::size_t hole = i;
+      for (; hole >= gap && goesBehind(items[hole - gap], item); hole -= gap) {
+        items[hole] = std::move(items[hole - gap]);
+      }
+      items[hole] = std::move(item);
+    }
+  }
+}
+
 }  // namespace
 
 void CoolList::tellRow(int index) const {
@@ -107,6 +126,16 @@ void CoolList::setItems(std::vector<CoolListItem> items) {
   listIndex_ = -1;
   anchor_ = -1;
   countChanged();
+}
+
+void CoolList::Order() {
+  if (ListCount() < 2) return;
+  EndEdit(false);
+  for (auto& item : items_) item.ItemSelected = false;
+  shellSort(items_, properties_.OrderType == 1);
+  listIndex_ = -1;
+  topIndex_ = 0;
+  tellAll();
 }
 
 Result<int> CoolList::FindFirst(std::string_view text, int start, bool fromStart) const {
@@ -293,7 +322,7 @@ void CoolList::mouseMove(int y, milliseconds now) {
     return;
   }
   beyond_ = 0;
-  if (!dragging_) return;
+  if (!dragging_ && !properties_.HoverSelection) return;
   if (underPointer_ && underPointer_ != before) dragTo(*underPointer_);
 }
 

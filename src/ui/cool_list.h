@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,7 +20,7 @@ namespace kvo {
 /// ground, 14 chosen text.
 using ControlColour = std::uint32_t;
 
-/// How the list looks and chooses.
+/// How the list looks and chooses, under the names that a stored form has for it.
 struct CoolListProperties {
   int Alignment = 0;    ///< of wrapped text: 0 left, 1 centred, 2 right
   int Appearance = 1;   ///< 0 flat, 1 sunken
@@ -36,19 +37,27 @@ struct CoolListProperties {
   std::string Font;   ///< "Inter,12,..." as the toolkit writes fonts; empty for that of what it lies in
   ControlColour FontNormal = 0x80000008;
   ControlColour FontSelected = 0x8000000E;
-  int ItemHeight = 16;         ///< pixels, at least 1
-  bool ItemHeightAuto = true;  ///< ItemHeight is the font's
-  int ItemOffset = 0;          ///< pixels, the text's inset at top, bottom and right
-  int ItemTextLeft = 2;        ///< pixels
-  std::string MouseIcon;       ///< file of the picture that pointer 99 has
+  bool HoverSelection = false;  ///< the item under the pointer is chosen without a press
+  int ItemHeight = 16;          ///< pixels, at least 1
+  bool ItemHeightAuto = true;   ///< ItemHeight is the font's
+  int ItemOffset = 0;           ///< pixels, the text's inset at top, bottom and right
+  int ItemTextLeft = 2;         ///< pixels
+  std::string MouseIcon;        ///< file of the picture that pointer 99 has
   int MousePointer =
       0;  ///< 0 that of what it lies in, 1 arrow, 2 cross, 3 text, 11 clock, 12 forbidden, 99 MouseIcon
+  int OrderType = 0;             ///< 0 ascending, 1 descending
   int ScrollBarWidth = 13;       ///< pixels
   std::string SelectionPicture;  ///< file of the picture of style 6; empty for none
   int SelectMode = 0;       ///< 0 single, 1 multiple: a press turns an item over, 2 several by Ctrl and Shift
   int SelectModeStyle = 0;  ///< 0 to 6, see drawSelection
   bool WordWrap = true;
 };
+
+/// A stored form's properties: name and value, numbers in decimals, truths as 0 and 1, texts as they are.
+using PropertyBag = std::map<std::string, std::string>;
+/// What the bag does not have, or has with no number, keeps its default.
+CoolListProperties readProperties(const PropertyBag& bag);
+PropertyBag writeProperties(const CoolListProperties& properties);
 
 struct CoolListItem {
   std::string ItemText;
@@ -102,6 +111,8 @@ class CoolList {
   void Clear();
   /// In the place of all that there are, those that are told to be selected among them. ListIndex becomes -1.
   void setItems(std::vector<CoolListItem> items);
+  /// Sorts by the bytes of the texts; afterwards nothing is selected and the first rows are in view.
+  void Order();
   /// The first item from `start` on whose text begins with `text` or, without `fromStart`, has it behind its
   /// first character; -1 for none. Letters of either case are the same. Fails in an empty list too.
   [[nodiscard]] Result<int> FindFirst(std::string_view text, int start, bool fromStart) const;

@@ -11,6 +11,13 @@ class QImage;
 
 namespace kvo {
 
+/// How the pixels of a source meet those of a target.
+enum class RasterOperation : std::uint32_t {
+  SRCCOPY = 0x00CC0020,
+  SRCAND = 0x008800C6,
+  SRCPAINT = 0x00EE0086,  ///< or
+};
+
 /// Rows from the top down; a pixel is blue, green, red; each row is filled up to a multiple of four bytes.
 class cDIBSection {
  public:
@@ -23,6 +30,11 @@ class cDIBSection {
 
   /// `Create` in the picture's size, and the picture in it; what is transparent there is black.
   bool CreateFromPicture(const QImage& picture);
+
+  /// Puts width x height pixels from sourceX, sourceY on to x, y of `target`; what lies beyond either is left
+  /// out.
+  void PaintPicture(cDIBSection& target, int x, int y, int width, int height, int sourceX = 0,
+                    int sourceY = 0, RasterOperation operation = RasterOperation::SRCCOPY) const;
 
   /// Back to an empty surface.
   void ClearUp();

@@ -1,9 +1,12 @@
 // A region and the windows that have taken its shape.
 #pragma once
 
+#include "ports/files.h"
 #include "ui/region.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 class QWidget;
@@ -32,6 +35,12 @@ class ShapedWidget : public ShapedWindow {
   QWidget& widget_;
 };
 
+/// A failure and where it comes from.
+struct RegionFault {
+  std::string source;
+  std::string text;
+};
+
 class cDIBSectionRegion {
  public:
   cDIBSectionRegion() = default;
@@ -50,11 +59,27 @@ class cDIBSectionRegion {
   /// to give it up first. With nothing held every window gets its rectangle.
   void Applied(ShapedWindow& window, bool on);
 
+  [[nodiscard]] int AppliedToCount() const { return static_cast<int>(windows_.size()); }
+
+  /// The windows in the order in which they took the shape, from 1 to `AppliedToCount`; null beyond.
+  [[nodiscard]] ShapedWindow* hWndForIndex(int index) const;
+
   /// Gives all windows their rectangles back and holds nothing.
   void Destroy();
 
   /// What is held; null for nothing.
   [[nodiscard]] const Region* region() const { return region_ ? &*region_ : nullptr; }
+
+  /// Writes the region's data as they are, in place of an old file. Nothing is the good end.
+  [[nodiscard]] std::optional<RegionFault> Save(Files& files, const std::string& path) const;
+
+  /// Holds the region of a file that `Save` wrote, in place of what was held. False, and nothing held, when
+  /// there is none.
+  bool LoadFromFile(const Files& files, const std::string& path);
+
+  /// The same from a library of the program's resources, compiled by rcc: the resource `type`/`id`.
+  [[nodiscard]] std::optional<RegionFault> LoadFromResource(const std::string& libraryPath,
+                                                            std::string_view type, std::string_view id);
 
  private:
   std::optional<Region> region_;

@@ -1,7 +1,10 @@
-// The shape of a window as data. No screen is needed for it.
+// The shape of a window as data, and its form in files. No screen is needed for it.
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace kvo {
@@ -33,5 +36,13 @@ Region regionWithout(const cDIBSection& surface, std::uint32_t key);
 /// width x height pixels from 0, 0, with corners that are quarters of an ellipse of cornerWidth x
 /// cornerHeight; 0 of either leaves them square.
 Region roundRectRegion(int width, int height, int cornerWidth, int cornerHeight);
+
+/// The published form RGNDATA, as it stands in region files: a head of 32 bytes with kind, count and bounds,
+/// then left, top, right, bottom of each rectangle; all 32-bit, low byte first.
+std::string regionData(const Region& region);
+
+/// Reads that form. Nothing when it is cut short, of another kind, or its rectangles are empty, overlap or do
+/// not stand in bands.
+std::optional<Region> regionOfData(std::string_view data);
 
 }  // namespace kvo

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QWidget>
 #include <cmath>
+#include <cstring>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -37,7 +38,7 @@ cDIBSection surfaceOf(const Pixels& pixels) {
   return surface;
 }
 
-// The rectangles of a region as pixels; one that is covered twice becomes '2'.
+// The rectangles of a region file as pixels; one that is covered twice becomes '2'.
 Pixels covered(const Region& region, int width, int height) {
   auto pixels = drawn(width, height, [](double, double) { return false; });
   for (const auto& r : region.rectangles) {
@@ -77,7 +78,15 @@ TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
       EXPECT_EQ(region.rectangles.size(), static_cast<std::size_t>(row.rectangles)) << row.mask[0];
     }
     EXPECT_EQ(boundsOf(region), row.bounds) << row.mask[0];
+    EXPECT_EQ(regionOfData(regionData(region)), region) << row.mask[0];
   }
+}
+
+TEST(Region, DataAreThePublishedFormToTheByte) {
+  const auto data = regionData(regionWithout(surfaceOf({"##", "#.", "#."}), 0));
+  const std::uint32_t expected[] = {32, 1, 2, 32, 0, 0, 2, 3, 0, 0, 2, 1, 0, 1, 1, 3};
+  ASSERT_EQ(data.size(), sizeof expected);
+  EXPECT_EQ(std::memcmp(data.data(), expected, sizeof expected), 0);
 }
 
 TEST(Region, KeyIsOneColourWithRedInTheLowByte) {
@@ -86,6 +95,37 @@ TEST(Region, KeyIsOneColourWithRedInTheLowByte) {
   const std::uint8_t bgr[] = {3, 2, 1, 3, 2, 2, 3, 3, 1, 4, 2, 1};
   std::copy(std::begin(bgr), std::end(bgr), surface.DIBSectionBitsPtr().begin());
   EXPECT_EQ(regionWithout(surface, 0x030201).rectangles, (std::vector<RegionRectangle>{{1, 0, 4, 1}}));
+}
+
+std::string dataOf(const std::vector<std::int32_t>& rectangles, std::uint32_t kind = 1,
+                   std::uint32_t size = 32) {
+  const auto bytes = static_cast<std::uint32_t>(rectangles.size() * 4);
+  const std::uint32_t head[] = {size, kind, bytes / 16, bytes, 0, 0, 0, 0};
+  std::string data(reinterpret_cast<const char*>(head), sizeof head);
+  return data.append(reinterpret_cast<const char*>(rectangles.data()), bytes);
+}
+
+TEST(Region, DataThatAreNoRegionAreRefused) {
+  const auto good = dataOf({0, 0, 2, 1, 3, 0, 4, 1, -5, 1, 2, 2});
+  ASSERT_TRUE(regionOfData(good));
+  for (std::size_t length = 0; length < good.size(); ++length)
+    EXPECT_FALSE(regionOfData(std::string_view(good).substr(0, length))) << length;
+  auto endless = good;
+  std::fill_n(endless.begin() + 8, 4, '\xFF');
+  const std::pair<const char*, std::string> rows[] = {
+      {"another kind", dataOf({0, 0, 1, 1}, 2)},
+      {"another head", dataOf({0, 0, 1, 1}, 1, 33)},
+      {"more rectangles than bytes", endless},
+      {"no width", dataOf({1, 0, 1, 1})},
+      {"upside down", dataOf({0, 1, 1, 0})},
+      {"overlap in a band", dataOf({0, 0, 3, 1, 2, 0, 4, 1})},
+      {"bands that overlap", dataOf({0, 0, 3, 2, 0, 1, 3, 3})},
+      {"from the bottom up", dataOf({0, 4, 3, 5, 0, 1, 3, 3})},
+  };
+  for (const auto& [what, data] : rows) EXPECT_FALSE(regionOfData(data)) << what;
+  const auto split = regionOfData(dataOf({0, 0, 1, 1, 1, 0, 4, 1, 0, 1, 4, 3}));
+  ASSERT_TRUE(split);
+  EXPECT_EQ(split->rectangles, (std::vector<RegionRectangle>{{0, 0, 4, 3}})) << "brought to the fewest";
 }
 
 TEST(Region, RoundCornersAreQuartersOfAnEllipse) {

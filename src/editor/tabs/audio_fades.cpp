@@ -32,6 +32,17 @@ void warnOfLongFades(const Editing& e, const Movie& clip, const AudioFadeControl
   if (controls.fadeOut / 10 > length) warnOfLongFade(e, "OUT", "OUT");
 }
 
+void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders) {
+  auto& clip = e.clips()[e.collection.icurMov];
+  if (!fromSliders) {
+    controls = {clip.RenderAudio(), decimal(clip.AudioFadeInTime()) * 10,
+                decimal(clip.AudioFadeOutTime()) * 10};
+    return;
+  }
+  storeAudioFades(clip, controls);
+  warnOfLongFades(e, clip, controls);
+}
+
 AudioFadeTitles UpdateAudioFadeSliderTxt(const AudioFadeControls& controls) {
   const auto title = [](const std::string& words, double tenths) {
     return words + (tenths == 0 ? std::string("- Cut") : FormatMask(tenths / 10, "##0.0##s"));

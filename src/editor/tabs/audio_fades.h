@@ -13,9 +13,12 @@ struct AudioFadeControls {
   double fadeOut = 0;
 };
 
-/// Copies the sliders to the clip.
+/// Copies the sliders to the clip in hand, or, with `fromSliders` false, back. While Chk_AutoTrim is ticked a
+/// fade that is longer than the clip is warned of.
+void AdjustAudioTrackFadeObjects(const Editing& e, AudioFadeControls& controls, bool fromSliders);
+
+/// The two halves of the former, for a slider that is still being dragged.
 void storeAudioFades(Movie& clip, const AudioFadeControls& controls);
-/// While Chk_AutoTrim is ticked a fade that is longer than the clip is warned of.
 void warnOfLongFades(const Editing& e, const Movie& clip, const AudioFadeControls& controls);
 
 struct AudioFadeTitles {

@@ -13,6 +13,7 @@ constexpr int kFirstSlot = static_cast<int>(EffectSwitch::FirstPaletteSlot);
 constexpr int kLastSlot = static_cast<int>(EffectSwitch::LastPaletteSlot);
 constexpr Integer kMotionStrength = 14;
 constexpr Integer kMotionDirection = 20;  // degrees
+constexpr std::string_view kOlderSystems[] = {"ME", "98", "NT3", "2K", "NT4", "95"};
 
 void switchOnBlur(Movie& clip, EffectControls& controls) {
   if (controls.Sld_Blur != 0) return;
@@ -140,6 +141,16 @@ std::vector<std::string> SetEaseSliderHeadings(const Movie& clip) {
           "Motion Speed - " + number(clip.MoveSpeedA(), "#0.0##"),
           "Starting magnification - " + number(clip.InitialScaleA(), "#0.0##") + "x",
           "Ending magnification - " + number(clip.ScaleA(), "#0.0##") + "x"};
+}
+
+void ResetObjForNonEffectOs(Movie& clip, std::string_view systemTag) {
+  if (std::find(std::begin(kOlderSystems), std::end(kOlderSystems), systemTag) == std::end(kOlderSystems))
+    return;
+  clip.Sepia(false);
+  clip.Red(0);
+  clip.Green(0);
+  clip.Blue(0);
+  clip.Threshold(0);
 }
 
 }  // namespace kvo

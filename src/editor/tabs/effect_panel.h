@@ -47,4 +47,7 @@ void applyEaseDefaultOut(Movie& clip);
 /// The four labels of the ease sliders.
 std::vector<std::string> SetEaseSliderHeadings(const Movie& clip);
 
+/// Sepia, colours and threshold are not for systems with one of the older tags; switches them off there.
+void ResetObjForNonEffectOs(Movie& clip, std::string_view systemTag);
+
 }  // namespace kvo

@@ -198,6 +198,11 @@ TEST(EffectPanel, TellsItsEaseAndKnowsItsClasses) {
   EXPECT_EQ(SetEaseSliderHeadings(clip),
             (std::vector<std::string>{"Ease Progress speed - Log(n) - 0.0", "Motion Speed - 1.0",
                                       "Starting magnification - 0.75x", "Ending magnification - 1.0x"}));
+  for (const auto& [system, keeps] : {std::pair{"XP", true}, {"2K", false}}) {
+    clip.Sepia(true);
+    ResetObjForNonEffectOs(clip, system);
+    EXPECT_EQ(clip.Sepia(), keeps);
+  }
   for (const auto& [name, language] : {std::pair{"blur", "DE-DE"}, {"", "EN-US"}})
     EXPECT_EQ(GetEffectClsid(name, language), "") << "a class without a name has none";
   EXPECT_EQ(GetEffectClsid("BLUR"), "{7312498D-E87A-11d1-81E0-0000F87557DB}");

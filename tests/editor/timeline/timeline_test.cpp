@@ -146,7 +146,9 @@ void choose(TimelineBench& b, int clip, const char* transition, double tenths) {
 }
 
 void fade(TimelineBench& b, int clip, double in, double out) {
-  storeAudioFades(b.collection.MovieList[clip], {true, in, out});
+  b.collection.icurMov = clip;
+  AudioFadeControls controls{true, in, out};
+  AdjustAudioTrackFadeObjects(b.editing, controls, true);
 }
 
 TEST(TimelineWrites, TheDocumentIsThatOfTheLists) {
