@@ -67,6 +67,7 @@ void RenderLinks::play(const std::string& movie) {
     return;
   }
   begin([this, movie] {
+    render_.leave();  // under the card the player stands still
     const auto& clips = parts_.session.collection.MovieList;
     int number = 1;
     while (number <= clips.count() && !parts_.session.files.sameFile(clipFile(clips[number]), movie))
