@@ -58,8 +58,11 @@ class Window : public testing::Test {
     };
     return has("getactivewindow") && has("getwindowfocus");
   }
-  static bool comes(const std::string& name) {
-    return eventually([&] { return comesNow(name); });
+  static testing::AssertionResult comes(const std::string& name) {
+    if (eventually([&] { return comesNow(name); })) return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << "in front: " << runProgram({"xdotool", "getactivewindow", "getwindowname"}).out
+           << "with the keys: " << runProgram({"xdotool", "getwindowfocus", "getwindowname"}).out;
   }
 
   // Keys, blanks between.
@@ -69,13 +72,14 @@ class Window : public testing::Test {
     for (std::string key; each >> key;) command.push_back(key);
     runProgram(command);
   }
-  // Keys that bring the window `name`, pressed again until it has come: the desktop tells of the window
-  // behind it ahead of the program, which hears no key while a clip is loaded.
-  static bool brings(const std::string& keys, const std::string& name) {
-    return eventually([&] {
+  // Keys that bring the window or the caption `name`, pressed again until it has come: the desktop tells of
+  // the window behind it ahead of the program, which hears no key while a clip is loaded.
+  static testing::AssertionResult brings(const std::string& keys, const std::string& name) {
+    for (int tries = 0; tries < 10; ++tries) {
       press(keys);
-      return eventually([&] { return comesNow(name); }, std::chrono::seconds(3));
-    });
+      if (eventually([&] { return comesNow(name); }, std::chrono::seconds(10))) break;
+    }
+    return comes(name);
   }
   // So many windows of the program are seen: faces, boxes and menus.
   static std::ptrdiff_t windows() {
