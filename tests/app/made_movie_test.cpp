@@ -16,7 +16,7 @@ class MadeMovie : public test::Window {
     ::setenv("SDL_AUDIODRIVER", "dummy", 1);
     std::filesystem::create_directories(std::filesystem::path(work_ / "out"));
     const auto clip = test::makeMedia(work_, "beach.avi",
-                                      {"-f", "lavfi", "-t", "60", "-i", "testsrc2=size=320x240:rate=25"});
+                                      {"-f", "lavfi", "-t", "30", "-i", "testsrc2=size=320x240:rate=25"});
     const auto song = test::makeMedia(work_, "song.wav", {"-f", "lavfi", "-t", "3", "-i", "sine"});
     const auto added = test::runProgram({KVO_PROGRAMS "/kvo5", "--add", work_ / "Holiday.INI", clip, song});
     EXPECT_EQ(added.exitCode, 0);
@@ -35,7 +35,7 @@ class MadeMovie : public test::Window {
     return names;
   }
   // From the options to the render.
-  void begins() {
+  void begins() const {
     ASSERT_TRUE(eventually([] {
       if (asksForName()) return true;
       press("Return");
@@ -48,8 +48,36 @@ class MadeMovie : public test::Window {
       press("Return");
       return soon([] { return !asksForName(); });
     }));
-    ASSERT_TRUE(comes("Creating movie.mp4 from Holiday Collection"));
   }
+  static testing::AssertionResult isBeingMade() {
+    return comes("Creating movie.mp4 from Holiday Collection");
+  }
+
+  // The engine at work stands still, as if the movie were a long one: the child of the shell that is the
+  // program's child.
+  class HeldEngine {
+   public:
+    explicit HeldEngine(int program) {
+      EXPECT_TRUE(eventually([&] {
+        process_ = childOf(childOf(program));
+        return process_ > 0;
+      }));
+      signal(SIGSTOP);
+    }
+    HeldEngine(const HeldEngine&) = delete;
+    HeldEngine& operator=(const HeldEngine&) = delete;
+    ~HeldEngine() { signal(SIGCONT); }
+    void signal(int number) const {
+      if (process_ > 0) ::kill(process_, number);
+    }
+
+   private:
+    static int childOf(int process) {
+      const auto all = test::runProgram({"pgrep", "-P", std::to_string(process), "-f", "KVORender"}).out;
+      return std::atoi(all.c_str());  // of the first line; none is 0
+    }
+    int process_ = 0;
+  };
   void opensEditor() {
     start({work_ / "Holiday.INI"});
     ASSERT_TRUE(comes(".avi"));
@@ -66,11 +94,14 @@ TEST_F(MadeMovie, IsAbortedAndMadeFromTheEditor) {
   opensEditor();
   press("ctrl+Return");
   begins();
+  ASSERT_TRUE(isBeingMade());
+  const HeldEngine engine(program_->number());
   press("space");
   press("Return");  // neither is for Abort, which is the first key of the card
   press("Tab");
   press("Return");
   ASSERT_TRUE(comes("KVO - Create Movie"));
+  engine.signal(SIGCONT);
   press("y");
   ASSERT_TRUE(comes("KVO - Movie Render aborted"));
   EXPECT_EQ(made(), "") << "nothing half-made is left";
@@ -84,7 +115,7 @@ TEST_F(MadeMovie, IsAbortedAndMadeFromTheEditor) {
   const auto pictures =
       test::runProgram({"ffprobe", "-v", "error", "-select_streams", "v", "-count_packets", "-show_entries",
                         "stream=nb_read_packets", "-of", "csv=p=0", work_ / "out/movie.mp4"});
-  EXPECT_EQ(pictures.out, "1500\n");
+  EXPECT_EQ(pictures.out, "750\n");
   press("ctrl+s");
   const auto placeOf = [&](const char* name) { return test::bytesOf(work_ / "Holiday.INI").find(name); };
   ASSERT_TRUE(eventually([&] { return placeOf("movie.mp4") != std::string::npos; })) << "it is saved";
@@ -95,22 +126,14 @@ TEST_F(MadeMovie, ToldFailedWhenTheEngineIsKilled) {
   opensEditor();
   press("ctrl+Return");
   begins();
-  // The child of the shell that is this program's child.
-  const auto childOf = [](const std::string& process) {
-    const auto all = test::runProgram({"pgrep", "-P", process, "-f", "KVORender"}).out;
-    return all.substr(0, all.find('\n'));
-  };
-  std::string engine;
-  ASSERT_TRUE(eventually([&] {
-    engine = childOf(childOf(std::to_string(program_->number())));
-    return !engine.empty();
-  }));
-  ::kill(std::stoi(engine), SIGKILL);
+  ASSERT_TRUE(isBeingMade());
+  HeldEngine(program_->number()).signal(SIGKILL);
   ASSERT_TRUE(comes("KVO - Failed to Render Movie"));
   EXPECT_EQ(made(), "");
   press("Return");
   ASSERT_TRUE(comes("Create New Movie from Holiday Collection"));
-  begins();  // the window lives
+  begins();
+  EXPECT_TRUE(isBeingMade()) << "the window lives";
 }
 
 }  // namespace
