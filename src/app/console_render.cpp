@@ -10,7 +10,7 @@
 namespace kvo {
 namespace {
 
-constexpr int kLookEvery = 50;  // milliseconds between two looks for a stop signal
+constexpr int kSignalsEvery = 50;  // milliseconds between two looks for a stop signal
 
 // One line in place on a terminal, a line each tenth of the way elsewhere.
 class ProgressShow {
@@ -93,7 +93,7 @@ int renderOnConsole(Session& session, const RenderOrder& order, const std::strin
   const auto look = loop.timer([&] {
     if (signals.came()) driver.stop();
   });
-  look->start(kLookEvery);
+  look->start(kSignalsEvery);
   loop.run();
   show.end();
   return tellEnd(driver.state(), order, signals.came());

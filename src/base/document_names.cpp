@@ -1,5 +1,7 @@
 #include "base/document_names.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -9,7 +11,6 @@ namespace kvo {
 namespace {
 
 constexpr std::size_t kLongestName = 4096;  // bytes
-constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view kNumber = "0123456789.+-eE ";
 

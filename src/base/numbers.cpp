@@ -11,8 +11,6 @@
 namespace kvo {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 // A value as its significant digits and the power of ten of the first: 0.0125 is "125", -2.
 struct Decimal {
   bool negative = false;

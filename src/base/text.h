@@ -10,6 +10,12 @@ namespace kvo {
 
 inline constexpr std::string_view kCrLf = "\r\n";
 
+/// What stands between the words of a document.
+inline constexpr std::string_view kBlanks = " \t\r\n";
+
+/// A decimal digit of ASCII, whatever the locale.
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 /// The text without the blanks and tabs at its two ends.
 std::string_view trimmed(std::string_view text);
 

@@ -15,8 +15,6 @@ constexpr std::array<std::string_view, 19> kServed = {
 constexpr std::array<std::string_view, 3> kSentToAll = {"udp", "rtp", "srtp"};  // a port is enough
 constexpr double kMostPort = 65535;
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool isOfName(char c) {
   return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
          static_cast<unsigned char>(c) >= 0x80;

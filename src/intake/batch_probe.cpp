@@ -6,7 +6,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::string_view kSentinel = "Done.txt";
+constexpr std::string_view kDoneFile = "Done.txt";
 constexpr std::string_view kBatch = "KVOProps.bat";
 constexpr std::string_view kReport = "wmprops.txt";
 
@@ -36,13 +36,13 @@ std::optional<std::string> BatchProbe::report(const std::string& path, int tries
   const auto in = withSeparator((*folder)->path());
   const auto answer = in + std::string(kReport);
   const auto command = shellWord(parts_.program) + " -- " + shellWord(path) + " > " + shellWord(answer);
-  if (!BuildBat(parts_.files, command, kSentinel, kBatch, (*folder)->path())) return std::nullopt;
+  if (!BuildBat(parts_.files, command, kDoneFile, kBatch, (*folder)->path())) return std::nullopt;
   ProcessHearing hearing;
   hearing.errorLine = [](std::string_view) {};  // why it fails is nobody's affair here
   const auto process = parts_.processes.start(
       parts_.loop, {.program = "/bin/sh", .arguments = {in + std::string(kBatch)}}, std::move(hearing));
   if (!process) return std::nullopt;
-  const auto done = in + std::string(kSentinel);
+  const auto done = in + std::string(kDoneFile);
   pass(kFirstWait);
   for (int i = 0; i < tries; ++i) {
     pass(kNextWait);

@@ -11,7 +11,6 @@ namespace kvo {
 namespace {
 
 constexpr std::array<std::string_view, 3> kOnlyTell = {"ASX", "WAX", "WVX"};
-constexpr std::string_view kBlanks = " \t\r\n";
 
 std::string resolved(std::string_view text) {
   constexpr std::array<std::pair<std::string_view, char>, 5> kEntities{

@@ -12,7 +12,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::size_t kBlanks = 100;      // between the text of a row and its number
+constexpr std::size_t kGap = 100;         // between the text of a row and its number
 constexpr std::size_t kNumberDigits = 4;  // at the end of a row
 
 struct ProfileRow {
@@ -97,7 +97,7 @@ constexpr std::array<const char*, 20> kDescriptions = {
 // clang-format on
 
 std::string rowText(const ProfileRow& row) {
-  return translated(row.text) + blanks(kBlanks) + std::to_string(row.number);
+  return translated(row.text) + blanks(kGap) + std::to_string(row.number);
 }
 
 const ProfileRow* rowOf(int number) {

@@ -25,8 +25,8 @@ constexpr std::array<MovieFile, 11> kFiles = {{
 }};
 // clang-format on
 
-constexpr std::array<std::string_view, 8> kWords = {"raw", "mpeg4", "wmv2",   "h264",
-                                                    "vp9", "av1",   "prores", "gif"};
+constexpr std::array<std::string_view, 8> kCodecWords = {"raw", "mpeg4", "wmv2",   "h264",
+                                                         "vp9", "av1",   "prores", "gif"};
 constexpr std::array<std::string_view, 3> kEncoderWords = {"software", "auto", "hardware"};
 constexpr std::array kOfAvi = {VideoCodec::Raw, VideoCodec::Mpeg4};
 constexpr std::array kOfWebM = {VideoCodec::Vp9, VideoCodec::Av1};
@@ -83,13 +83,13 @@ EvenSides evenSidesOf(VideoCodec codec) {
   return {};
 }
 
-std::string_view codecWord(VideoCodec codec) { return kWords.at(static_cast<std::size_t>(codec)); }
+std::string_view codecWord(VideoCodec codec) { return kCodecWords.at(static_cast<std::size_t>(codec)); }
 
 std::optional<VideoCodec> codecNamed(std::string_view word) {
   const auto found =
-      std::find_if(kWords.begin(), kWords.end(), [&](auto known) { return sameText(known, word); });
-  if (found == kWords.end()) return std::nullopt;
-  return static_cast<VideoCodec>(found - kWords.begin());
+      std::find_if(kCodecWords.begin(), kCodecWords.end(), [&](auto known) { return sameText(known, word); });
+  if (found == kCodecWords.end()) return std::nullopt;
+  return static_cast<VideoCodec>(found - kCodecWords.begin());
 }
 
 std::string_view encoderWord(EncoderWish wish) { return kEncoderWords.at(static_cast<std::size_t>(wish)); }

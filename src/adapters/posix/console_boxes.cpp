@@ -7,19 +7,19 @@
 namespace kvo {
 namespace {
 
-void print(const std::string& caption, const std::string& text) {
+void tell(const std::string& caption, const std::string& text) {
   std::fprintf(stderr, "%s: %s\n", caption.c_str(), replaced(text, kCrLf, " ").c_str());
 }
 
 }  // namespace
 
 Answer ConsoleBoxes::show(const Box& box) {
-  print(box.caption, box.text);
+  tell(box.caption, box.text);
   return defaultAnswer(box.buttons);
 }
 
 StyledAnswer ConsoleBoxes::showStyled(const StyledBox& box) {
-  print(box.caption, box.message);
+  tell(box.caption, box.message);
   return {box.yesAndNo ? Answer::Yes : Answer::Ok, false};
 }
 

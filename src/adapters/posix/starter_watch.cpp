@@ -15,7 +15,7 @@
 namespace kvo {
 namespace {
 
-constexpr auto kLookEvery = std::chrono::milliseconds(200);
+constexpr auto kStarterEvery = std::chrono::milliseconds(200);
 
 // What /proc/PID/stat tells behind the name, which stands in parentheses and may hold some itself: a letter
 // for the state, and the parent's number. Empty for a process that is gone.
@@ -53,7 +53,7 @@ void watch(const std::stop_token& stop, pid_t starter) {
   // still standing, so one look is not enough.
   bool stoodStill = false;
   while (!stop.stop_requested()) {
-    changed.wait_for(lock, stop, kLookEvery, [] { return false; });
+    changed.wait_for(lock, stop, kStarterEvery, [] { return false; });
     if (stop.stop_requested()) return;
     if (!stands(starter)) endWithout("its starter has ended");
     const bool standsStill = isStopped(starter);

@@ -1,6 +1,7 @@
 #include "editor/compiler/document_check.h"
 
 #include "base/document_names.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <string_view>
@@ -10,7 +11,6 @@
 namespace kvo {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kBehindName = " \t\r\n=<>/\"";
 
 enum class TagEnd { Open, Empty, Broken };

@@ -8,7 +8,7 @@ namespace kvo {
 namespace {
 
 constexpr Integer kMarkChanged = 96;  // change code
-constexpr int kPercent = 100;
+constexpr int kAllOfIt = 100;
 constexpr int kFadeStep = 50;  // milliseconds
 
 // Ranges, labels and audio boxes, as the two clips and the look have them.
@@ -29,7 +29,7 @@ void buildControls(const Editing& e, OverlayTab& tab) {
   const auto slider = [&](int max, int value, const std::string& heading) {
     return ClipSlider{0, std::max(max, value), value, tab.enabled, heading, tab.whyNot};
   };
-  tab.Sld_MaxTransparency = slider(kPercent, tab.look.maxOpacity, texts[0]);
+  tab.Sld_MaxTransparency = slider(kAllOfIt, tab.look.maxOpacity, texts[0]);
   tab.Sld_OverlayIn = slider(longest, tab.look.fadeIn, texts[1]);
   tab.Sld_OverlayOut = slider(longest, tab.look.fadeOut, texts[2]);
   tab.overlaySound.box =

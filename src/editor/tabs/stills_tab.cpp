@@ -10,8 +10,8 @@ namespace kvo {
 namespace {
 
 constexpr Integer kStillsChanged = 98;  // change code
-constexpr int kLeastStill = 500;        // milliseconds
-constexpr int kMostStill = 20000;       // milliseconds
+constexpr int kLeastStillTime = 500;    // milliseconds
+constexpr int kMostStillTime = 20000;   // milliseconds
 constexpr int kStillStep = 100;         // milliseconds
 constexpr double kMilliseconds = 1000;
 
@@ -52,7 +52,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   }
   tab.controls.milliseconds = RoundToWhole(seconds * kMilliseconds);
   const int shown = toLongClamped(tab.controls.milliseconds);
-  tab.Slider1 = {std::min(kLeastStill, shown), std::max(kMostStill, shown), shown, tab.enabled, {}};
+  tab.Slider1 = {std::min(kLeastStillTime, shown), std::max(kMostStillTime, shown), shown, tab.enabled, {}};
   tab.Slider1.whyNot = tab.whyNot;
   tab.reading = translated("%1 s", {FormatMask(seconds, "0.0##")});
 }
