@@ -30,6 +30,9 @@ struct Bench {
   Editing editing{collection, settings, editor, streams, files, boxes, folder, log, clock};
   ChangePoster poster{settings};
 
+  Movie& clip(int number) { return collection.MovieList[number]; }
+  [[nodiscard]] bool dirty() const { return isDirty(collection, settings); }
+
   /// A clip with picture and sound at normal speed.
   Movie& addVideo(const std::string& name, double start, double end, const std::string& path = "/v/") {
     Movie& clip = collection.MovieList.add({});

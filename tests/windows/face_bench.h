@@ -5,7 +5,6 @@
 #include "adapters/posix/posix_files.h"
 #include "app/play_links.h"
 #include "ports/video_output.h"
-#include "program/media_commands.h"
 #include "program/menus.h"
 #include "support/fake_engines.h"
 #include "support/named_sketches.h"
@@ -169,7 +168,6 @@ struct FaceBench : ProgramBench {
   FaceLinks links{
       {window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
-  MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   NoWebPages pages;
   NoNetwork network;
   NoHttp http;

@@ -72,7 +72,6 @@ struct DeskBench : ProgramBench {
     told.clear();
   }
 
-  Movie& clip(int number) { return collection.MovieList[number]; }
   DeskTabs notedTabs() {
     DeskTabs tabs;
     for (std::size_t i = 0; i < tabs.size(); ++i) {

@@ -64,7 +64,6 @@ struct TabBench : Bench {
     collection.icurMov = 1;
   }
 
-  Movie& clip(int number) { return collection.MovieList[number]; }
 };
 
 }  // namespace kvo::test
