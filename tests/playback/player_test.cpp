@@ -188,7 +188,7 @@ TEST(Player, PlayGoesOnOrBeginsAgainFromMarkIn) {
     b.mode.player.IsPaused = true;
     b.player.GlobalMediaPlay();
     EXPECT_TRUE(b.mode.player.IsPlaying) << row.name;
-    EXPECT_EQ(b.playerHost.words, graph ? "PLAYON " : "") << row.name;
+    EXPECT_EQ(b.keys.group == PlayGroup::Playing, graph) << row.name;
     EXPECT_FALSE(b.mode.player.IsPaused) << row.name;
     b.loop.advance(400);
     EXPECT_DOUBLE_EQ(b.player.PlayerGetCurrentPosition(), row.after) << row.name << " from " << row.from;

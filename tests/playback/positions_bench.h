@@ -45,9 +45,6 @@ class NotedHost : public PositionsHost {
 };
 
 struct PositionsBench : PlayerBench {
-  PlayTimers timers{loop};
-  ButtonsState keys;
-  Buttons buttons{keys, mode, player, timers};
   PositionsState state;
   SliderState slider;
   DisplayState glass;
@@ -66,7 +63,6 @@ struct PositionsBench : PlayerBench {
   Movie& ready(const std::string& name = "a.avi", const FakeFile& file = {}, double start = 0,
                double end = 0) {
     auto& clip = add(name, file);
-    clip.DurationFrames(Value(file.duration * file.rate));
     clip.LoopStart(Value(start));
     clip.LoopEnd(Value(end > 0 ? end : file.duration));
     clip.IsVFWCompat(true);

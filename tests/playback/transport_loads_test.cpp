@@ -95,7 +95,7 @@ TEST(Transport, AClipTakesItsOwnWithIt) {
   EXPECT_EQ(b.control.openedAhead.back().first, "") << "an empty player holds no file";
   b.transport.PreviewMovie(2);
   EXPECT_EQ(b.control.captionFile(), "");
-  EXPECT_EQ(b.host.asked, "loaded1 loaded2 ");
+  EXPECT_EQ(b.host.asked, "loaded1 details1 loaded2 details2 ");
 }
 
 TEST(Transport, AFileThatCannotBePlayedIsToldInThePicturesPlace) {
