@@ -7,6 +7,7 @@
 #include "support/fake_engines.h"
 #include "support/memory_files.h"
 #include "support/named_streams.h"
+#include "support/rows.h"
 #include "support/scripted_boxes.h"
 #include "support/virtual_loop.h"
 
