@@ -152,15 +152,10 @@ TEST(Player, PicturesOfUnevenLengthsHaveTheirNumbersByTheirTimes) {
 
 TEST(Player, PlayGoesOnOrBeginsAgainFromMarkIn) {
   // From a place in or behind a section that begins at 2, and 400 ms later.
-  for (const auto& [name, end, from, after] :
-       Rows<std::string, double, double, double>{{"a.wmv", 8, 5, 5.4},
-                                                 {"a.wmv", 8, 8, 2.4},
-                                                 {"a.wmv", 10, 10, 2.4},
-                                                 {"a.mp4", 8, 5, 5.4},
-                                                 {"a.mp4", 8, 8, 2.4},
-                                                 {"a.mp4", 8, 1, 1.4},
-                                                 {"a.wav", 8, 1, 2.4},
-                                                 {"a.wav", 8, 9, 2.4}}) {
+  const Rows<std::string, double, double, double> rows{
+      {"a.wmv", 8, 5, 5.4}, {"a.wmv", 8, 8, 2.4}, {"a.wmv", 10, 10, 2.4}, {"a.mp4", 8, 5, 5.4},
+      {"a.mp4", 8, 8, 2.4}, {"a.mp4", 8, 1, 1.4}, {"a.wav", 8, 1, 2.4},   {"a.wav", 8, 9, 2.4}};
+  for (const auto& [name, end, from, after] : rows) {
     PlayerBench b;
     b.load(name, {.rate = name == "a.wav" ? 0.0 : 25.0}).LoopStart(Value(2));
     b.player.PlayerSetSelectionStart(2);
