@@ -140,28 +140,23 @@ TEST(Transport, AStreamThatDoesNotComeIsTold) {
       "The Clip could not be played.\r\nPossible causes are either not being connected to the Internet\r\n"
       "or a slow internet connection \\ host site. \r\nAdditionally, the Clip may no longer exist on the "
       "server.";
-  for (const auto& [what, happens, label, boxes] :
-       Rows<const char*, std::function<void(TransportBench&)>, const char*, std::size_t>{
-           {"never answers", [](auto& b) { b.loop.advance(21000); }, "", 1},
-           {"fails", [](auto& b) { b.control.opens(EngineOpening::Failed), b.loop.advance(100); }, "", 1},
-           {"stuck", [](auto& b) { b.control.opens(EngineOpening::Buffering, 7), b.loop.advance(21000); }, "",
-            1},
-           {"the user stops", [](auto& b) { b.transport.Image8_Click(), b.loop.advance(100); },
-            "Connection aborted", 0},
-           {"a click on the picture",
-            [](auto& b) { b.transport.pictureClicked(PictureButton::Left), b.loop.advance(100); },
-            "Connection aborted", 0},
-           {"the user's other key",
-            [](auto& b) { b.transport.Lbl_PauseGraphic_Click(), b.loop.advance(100); }, "Connection aborted",
-            0},
-       }) {
+  using Act = void (*)(TransportBench&);
+  for (const auto& [what, happens, milliseconds, label] : Rows<const char*, Act, int, std::string>{
+           {"never answers", [](auto&) {}, 21000, ""},
+           {"fails", [](auto& b) { b.control.opens(EngineOpening::Failed); }, 100, ""},
+           {"stuck", [](auto& b) { b.control.opens(EngineOpening::Buffering, 7); }, 21000, ""},
+           {"stopped", [](auto& b) { b.transport.Image8_Click(); }, 100, "Connection aborted"},
+           {"a click on the picture", [](auto& b) { b.transport.pictureClicked(PictureButton::Left); }, 100,
+            "Connection aborted"},
+           {"paused", [](auto& b) { b.transport.Lbl_PauseGraphic_Click(); }, 100, "Connection aborted"}}) {
     TransportBench b;
     b.add("http://radio.example/live", 30);
     b.add("b.avi");
     b.transport.PreviewMovie(1);
     happens(b);
+    b.loop.advance(milliseconds);
     EXPECT_EQ(b.state.lbl_Novid.text, label) << what;
-    ASSERT_EQ(b.boxes.shown.size(), boxes) << what;
+    EXPECT_EQ(b.boxes.shown.size(), label.empty() ? 1U : 0U) << what;
     for (const auto& box : b.boxes.shown) EXPECT_EQ(box.text, told);
     EXPECT_TRUE(b.host.listShown && b.player.PlayerIsEmpty()) << what;
     EXPECT_EQ(b.host.windowCaption, "http://radio.example/live") << what << ": the clip's name again";
