@@ -99,49 +99,41 @@ TEST(FaceCorner, AFaceThatHasCoveredTheScreenComesBackToWhereItStood) {
   auto covering = bareAt({0, 0});
   covering.covers = true;
   const ScreenPoint place{100, 200}, inside{104, 230}, elsewhere{0, 30};
-  const struct {
-    const char* what;
-    int time;
-    FaceOnScreen before, after;
-    std::optional<ScreenPoint> goal;
-  } steps[] = {{"as it stands", 0, framedAt(place), framedAt(place), {}},
-               {"it has grown", 10, framedAt(place), framedAt(place, 702), place},
-               {"covers", 20, framedAt(place), covering, {}},
-               {"and goes on to", 5000, covering, covering, {}},
-               {"comes back, without its frame yet", 6000, covering, bareAt(elsewhere), inside},
-               {"put elsewhere by the desktop", 6400, bareAt(elsewhere), bareAt(elsewhere), inside},
-               {"stands", 6500, bareAt(inside), bareAt(inside), {}},
-               {"has its frame, elsewhere", 7000, framedAt(elsewhere), framedAt(elsewhere), place},
-               {"moved by the user, later", 7600, framedAt(elsewhere), framedAt(elsewhere), {}},
-               {"and it has grown there", 7700, framedAt(elsewhere), framedAt(elsewhere, 702), elsewhere}};
   FaceCorner corner;
-  for (const auto& step : steps) {
-    corner.beforeDrawing(step.before, step.time);
-    EXPECT_EQ(corner.afterDrawing(step.after, step.time), step.goal) << step.what;
+  for (const auto& [what, time, before, after, goal] :
+       Rows<const char*, int, FaceOnScreen, FaceOnScreen, std::optional<ScreenPoint>>{
+           {"as it stands", 0, framedAt(place), framedAt(place), {}},
+           {"it has grown", 10, framedAt(place), framedAt(place, 702), place},
+           {"covers", 20, framedAt(place), covering, {}},
+           {"and goes on to", 5000, covering, covering, {}},
+           {"comes back, without its frame yet", 6000, covering, bareAt(elsewhere), inside},
+           {"put elsewhere by the desktop", 6400, bareAt(elsewhere), bareAt(elsewhere), inside},
+           {"stands", 6500, bareAt(inside), bareAt(inside), {}},
+           {"has its frame, elsewhere", 7000, framedAt(elsewhere), framedAt(elsewhere), place},
+           {"moved by the user, later", 7600, framedAt(elsewhere), framedAt(elsewhere), {}},
+           {"and it has grown there", 7700, framedAt(elsewhere), framedAt(elsewhere, 702), elsewhere}}) {
+    corner.beforeDrawing(before, time);
+    EXPECT_EQ(corner.afterDrawing(after, time), goal) << what;
   }
 }
 
 TEST(FaceCorner, TheFacesShareItUnlessTheUserMovesOne) {
   const ScreenPoint home{100, 200};
-  const auto leave = [&](FaceCorner& corner, FaceOnScreen zoom) {
-    corner.beforeDrawing(framedAt(home), 0);
-    EXPECT_EQ(corner.cameFrom(framedAt(home), 0), home);
-    corner.stands(home);
-    zoom.isNormal = false;
-    return zoom;
-  };
   auto covering = framedAt({0, 0});
   covering.covers = true;
   auto hidden = framedAt({700, 500});
   hidden.visible = false;
-  for (const auto& [what, goesOff, back, atEnd] : Rows<const char*, FaceOnScreen, ScreenPoint, ScreenPoint>{
+  for (auto [what, zoom, back, atEnd] : Rows<const char*, FaceOnScreen, ScreenPoint, ScreenPoint>{
            {"at rest", framedAt(home), home, home},
            {"its frame alone was put elsewhere", framedAt({104, 248}), home, home},
            {"moved", framedAt({100, 249}), {100, 249}, {100, 249}},
            {"covers the screen", covering, home, home},
            {"not in sight", hidden, home, {700, 500}}}) {
     FaceCorner corner;
-    const auto zoom = leave(corner, goesOff);
+    corner.beforeDrawing(framedAt(home), 0);
+    EXPECT_EQ(corner.cameFrom(framedAt(home), 0), home);
+    corner.stands(home);
+    zoom.isNormal = false;
     EXPECT_EQ(corner.atEnd(zoom), atEnd) << what;
     EXPECT_EQ(corner.cameFrom(zoom, 10), back) << what;
   }
