@@ -66,6 +66,7 @@ TEST(Marks, ReleasedHandlesBecomeTheMarksOfWhatIsSeen) {
       EXPECT_EQ(b.noted.edits.size(), 1U) << marks;
       EXPECT_NEAR(b.seconds(), position, 0.011) << name << marks;
       EXPECT_EQ(b.player.PlayerGetPlayState() == EngineState::Running, plays) << name << marks;
+      EXPECT_EQ(b.mode.player.IsPaused, !plays) << marks;
       EXPECT_FALSE(b.state.held.MarkInDragging || b.state.held.MarkOutDragging);
       EXPECT_DOUBLE_EQ(b.slider.markIn, clip.LoopStart().number() / 10) << marks;
       EXPECT_DOUBLE_EQ(b.slider.markOut, clip.LoopEnd().number() / 10) << marks;
