@@ -21,6 +21,7 @@ struct DisplayBench : test::TransportBench {
     desktop.facts = {1280, 1024, 24, 1};
     display.Form_Load(1);
   }
+  DisplayBench(const std::string& name, int width, int height) : DisplayBench() { load(name, width, height); }
 
   /// Adds a clip and loads it, as a choice in the list does; without a size it has no picture.
   Movie& load(const std::string& name, int width = 0, int height = 0) {
@@ -70,8 +71,7 @@ TEST(Display, FreeZoomTakesTheSizeOfTheClipWhereTheDetailsWereOn) {
 }
 
 TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
-  DisplayBench b;
-  b.load("a.avi", 640, 480);
+  DisplayBench b("a.avi", 640, 480);
   bool coversAtHint = false;
   b.boxes.whileShown = [&] { coversAtHint = b.mode.IsFullScreenWindow; };
   std::string walk;
@@ -90,8 +90,7 @@ TEST(Display, KeysLeadToTheWholeScreenAndStepByStepBack) {
 }
 
 TEST(Display, EachFaceLeadsToTheOthersAndSaysSo) {
-  DisplayBench b;
-  b.load("a.avi", 640, 480);
+  DisplayBench b("a.avi", 640, 480);
   b.mode.ticks.mnu_ShowSlider = true;
   b.display.ShowSliderStuff();
   using Way = void (*)(DisplayBench&);
@@ -186,8 +185,7 @@ TEST(Display, AnEmptyCollectionAndARadioStayInTheNormalFace) {
 }
 
 TEST(Display, AScreenOfAnotherSizeIsToldForEachAxis) {
-  DisplayBench b;
-  b.load("a.avi", 640, 480);
+  DisplayBench b("a.avi", 640, 480);
   b.display.Lbl_MiniMode_Click();
   b.desktop.facts.width = 1920;
   b.display.Lbl_MinMax_Click();
@@ -202,8 +200,7 @@ TEST(Display, AScreenOfAnotherSizeIsToldForEachAxis) {
 
 TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
   const double lefts[] = {0, 750, 1400, 2000, 2570, 3200, 3800, 4450, 5100, 5580, 6340, 7100};
-  DisplayBench b;
-  b.load("a.avi", 640, 480);
+  DisplayBench b("a.avi", 640, 480);
   b.display.Lbl_MiniMode_Click();
   for (const double width : {7590.0, 3795.0, 15180.0, 4800.0}) {
     b.display.Form_Resize(width, 6000);
@@ -263,8 +260,7 @@ std::string playGroup(const DisplayBench& b) {
 TEST(Display, TheKeysOfTheNormalFaceSayWhatTheOthersHaveLedTo) {
   for (const auto before : {KeyWord::AllOff, KeyWord::PauseOn, KeyWord::PlayOn}) {
     for (const auto& [plays, alone] : {std::pair{true, true}, {true, false}, {false, true}, {false, false}}) {
-      DisplayBench b;
-      b.load("a.avi", 640, 480);
+      DisplayBench b("a.avi", 640, 480);
       b.host.paints = [&] {  // as a picture of the user's is
         b.player.PlayerPause();
         b.buttons.BuildAllButs(true);

@@ -12,8 +12,7 @@ using enum SliderHandleId;
 
 TEST(Marks, AHeldHandleSeeksTenTimesASecond) {
   for (const auto* name : {"a.avi", "a.wmv"}) {
-    PositionsBench b;
-    b.ready(name);
+    PositionsBench b(name);
     b.play();
     b.timers.Timer5.start();
     b.positions.marks.press(ImageBlob);
@@ -29,8 +28,7 @@ TEST(Marks, AHeldHandleSeeksTenTimesASecond) {
     EXPECT_EQ(b.player.PlayerGetPlayState(), EngineState::Running) << name << " plays on";
     EXPECT_TRUE(b.timers.Timer5.enabled());
   }
-  PositionsBench b;
-  b.ready("a.asf");
+  PositionsBench b("a.asf");
   b.positions.marks.press(ImageBlob);
   b.positions.marks.drag(ImageBlob, 0.5);
   b.loop.advance(300);
@@ -92,8 +90,7 @@ TEST(Marks, OfUnevenPicturesAreThePictureThatStands) {
 }
 
 TEST(Marks, StayWhileKeyframesAreSetAndOnDiscs) {
-  PositionsBench b;
-  b.ready("a.avi", {}, 2, 8);
+  PositionsBench b("a.avi", {}, 2, 8);
   b.settings.state.KeyframeMode = 1;
   EXPECT_FALSE(b.positions.marks.press(Img_MarkIn));
   b.positions.marks.put(Img_MarkOut, 0.5);
@@ -121,8 +118,7 @@ TEST(Marks, AreSetWhereThePlayerStands) {
       {false, 0, "2 to 8, 50 to 200", ""}};
   for (const auto* name : {"a.avi", "a.wmv"}) {
     for (const auto& [in, seconds, marks, box] : rows) {
-      PositionsBench b;
-      b.ready(name, {}, 2, 8);
+      PositionsBench b(name, {}, 2, 8);
       b.play();
       b.seek(seconds);
       const double at = b.seconds();
@@ -133,8 +129,7 @@ TEST(Marks, AreSetWhereThePlayerStands) {
       EXPECT_TRUE(b.mode.player.IsPaused) << name;
     }
   }
-  PositionsBench b;
-  b.ready("a.avi", {}, 2, 8);
+  PositionsBench b("a.avi", {}, 2, 8);
   b.positions.marks.ResetMarks();
   EXPECT_EQ(b.marks(), "0 to 10, 0 to 250");
   EXPECT_EQ(b.noted.edits, std::vector<std::string>{"marks of 96"});
@@ -162,8 +157,7 @@ TEST(Marks, TakenBackTheyReachThePlayer) {
 }
 
 TEST(Positioner, GoesToWhatIsTypedAndSetsMarksThere) {
-  PositionsBench b;
-  b.ready("a.avi", {}, 2, 8);
+  PositionsBench b("a.avi", {}, 2, 8);
   auto& positioner = b.positions.positioner;
   const auto& state = b.state.positioner;
   positioner.Pic_DigNumbers_Click();
@@ -194,8 +188,7 @@ TEST(Positioner, GoesToWhatIsTypedAndSetsMarksThere) {
 }
 
 TEST(Marks, BetweenTwoClipsNothingIsKeptWithTheNext) {
-  PositionsBench b;
-  b.ready();
+  PositionsBench b("a.avi");
   b.seek(4);
   b.mode.player.clipWaits = true;
   b.positions.marks.SetMarkIn();

@@ -58,6 +58,11 @@ struct PositionsBench : PlayerBench {
     mode.slider.X1 = 600;
     mode.slider.X2 = 8100;
   }
+  explicit PositionsBench(const std::string& name, const FakeFile& file = {}, double start = 0,
+                          double end = 0)
+      : PositionsBench() {
+    ready(name, file, start, end);
+  }
 
   /// A clip that stands loaded at its Mark-In; by default 10 seconds, 25 pictures each.
   Movie& ready(const std::string& name = "a.avi", const FakeFile& file = {}, double start = 0,

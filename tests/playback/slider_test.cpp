@@ -29,8 +29,7 @@ TEST(Slider, APerCentIsAWholeNumberOfTwips) {
 }
 
 TEST(Slider, GlidesOnceBehindALoadAndOnlyToTheRight) {
-  PositionsBench b;
-  b.ready();
+  PositionsBench b("a.avi");
   auto& slider = b.positions.core.slider;
   const auto at = [&] { return placeOnLine(b.mode.slider, b.slider.position * 100) - 600; };
   slider.hold(0);

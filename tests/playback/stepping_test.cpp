@@ -19,8 +19,7 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
       {Step::Rew5, false, 100, 95},  {Step::Rew5, true, 100, 95},   {Step::Rew5, false, 53, 53}};
   for (const auto* name : {"a.avi", "a.wmv"}) {
     for (const auto& [step, quiet, from, to] : rows) {
-      PositionsBench b;
-      b.ready(name, {}, 2, 8);
+      PositionsBench b(name, {}, 2, 8);
       b.play();
       b.seek(static_cast<double>(from) / 25);
       b.positions.stepping.step(step, quiet);
@@ -31,14 +30,12 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
   }
   for (const auto& [from, by, to] :
        {std::tuple{100, 7, 107}, {100, -60, 40}, {10, -60, 0}, {190, 60, 199}, {220, 5, 220}}) {
-    PositionsBench wheel;
-    wheel.ready("a.avi", {}, 2, 8);
+    PositionsBench wheel("a.avi", {}, 2, 8);
     wheel.seek(from / 25.0);
     wheel.positions.stepping.goBy(by);
     EXPECT_EQ(wheel.frame(), to) << from << " by " << by;
   }
-  PositionsBench b;
-  b.ready("a.mp3", {.rate = 0});
+  PositionsBench b("a.mp3", {.rate = 0});
   b.seek(3);
   b.positions.stepping.goBy(-5);
   b.seek(3);
@@ -52,8 +49,7 @@ TEST(Stepping, GoesByFramesWithinTheSection) {
 }
 
 TEST(Stepping, AHeldKeyRepeatsAndAShortPressIsOneStep) {
-  PositionsBench b;
-  b.ready("a.avi", {}, 2, 8);
+  PositionsBench b("a.avi", {}, 2, 8);
   auto& stepping = b.positions.stepping;
   stepping.press(Step::Adv1);
   stepping.release(Step::Adv1);
@@ -145,8 +141,7 @@ TEST(Levels, ReachThePlayerAsTheRecordHasThem) {
     EXPECT_NEAR(b.control.outputLevel, level, 1e-6) << name;
     EXPECT_EQ(std::pair(b.control.volume, b.control.balance), std::pair(-1200, -300));
   }
-  PositionsBench b;
-  b.ready();
+  PositionsBench b("a.avi");
   b.positions.levels.UpdateRateDisp(5);
   EXPECT_EQ(b.noted.edits, std::vector<std::string>{"level of 1"});
   EXPECT_EQ(b.state.level.title + " " + b.state.level.value, "Output Level 0.5");
@@ -179,8 +174,7 @@ TEST(KeyCommands, DoWhatTheTableSays) {
                                               {'s', "", 0, 1},
                                               {'T', "NextMovie ", 4, 1},
                                               {'v', "PreviewMovie1 ", 4, 1}}) {
-    PositionsBench b;
-    b.ready("b.avi");
+    PositionsBench b("b.avi");
     b.ready("a.avi");
     b.seek(4);
     b.player.PlayerSetDisplayMode(DisplayMode::Frames);  // as behind a step
@@ -221,8 +215,7 @@ TEST(KeyCommands, DoWhatTheTableSays) {
 }
 
 TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
-  PositionsBench b;
-  b.ready("plain.avi", {.markers = {{0, "All"}}});
+  PositionsBench b("plain.avi", {.markers = {{0, "All"}}});
   EXPECT_FALSE(b.state.markers.available || b.state.markers.visible);
   const auto& state = b.state.markers;
   for (const auto* name : {"a.wmv", "a.mkv"}) {  // a graph, and the engine of properties
@@ -246,8 +239,7 @@ TEST(Markers, MakeAnIndexThatIsFollowedAndChosenFrom) {
 }
 
 TEST(Shuttle, RingAndKeysDriveThePlayer) {
-  PositionsBench b;
-  b.ready("a.avi", {.duration = 100}, 2, 80);
+  PositionsBench b("a.avi", {.duration = 100}, 2, 80);
   b.settings.state.ShuttleProInstalled = true;
   const auto press = [&](int code) { return b.positions.keys.KeyCommand(code); };
   press(80);
