@@ -1,14 +1,15 @@
 // Films that say which picture is shown, and who reads that.
 #pragma once
 
-#include "ports/video_output.h"
+#include "adapters/media/media_file_contents.h"
+#include "adapters/media/media_picture_counts.h"
+#include "adapters/mpv/mpv_control_engine.h"
+#include "adapters/mpv/mpv_filter_graphs.h"
+#include "adapters/posix/poll_loop.h"
+#include "support/loop_rules.h"
 #include "support/real_world.h"
 
 #include <cmath>
-#include <string>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 
@@ -42,14 +43,33 @@ inline double unevenBegin(int number) {
   return (180 * (number / 3) + 20 * (number % 3 == 1) + 80 * (number % 3 == 2)) / 1000.0;
 }
 
-// The number of the picture that is drawn; -1 for none.
-inline int drawnNumber(VideoOutput& output) {
-  if (!output.hasPicture()) return -1;
-  std::vector<std::uint8_t> pixels(std::size_t{64} * 48 * 4);
-  output.draw({pixels.data(), 64, 48, std::size_t{64} * 4});
-  double sum = 0;
-  for (std::size_t i = 0; i < pixels.size(); i += 4) sum += pixels[i];
-  return numberOfGrey(sum * 4 / static_cast<double>(pixels.size()));
-}
+// Both engines on a loop of their own, and somebody who draws.
+struct Stage {
+  ScratchFolder folder;
+  PollLoop loop;
+  MediaFileContents facts;
+  MpvStage stage{
+      loop, facts, {.address = std::chrono::milliseconds(2500)}};  // a busy machine is slow to begin
+  MpvControlEngine engine{stage};
+  MpvFilterGraphs graphs{stage};
+  MediaPictureCounts counts{loop, facts};
+
+  template <class Condition>
+  bool until(const Condition& holds) {
+    return turnUntil(loop, holds);
+  }
+  // The number of the picture that is drawn; -1 for none.
+  int drawn() {
+    if (!stage.output().hasPicture()) return -1;
+    std::vector<std::uint8_t> pixels(std::size_t{64} * 48 * 4);
+    stage.output().draw({pixels.data(), 64, 48, std::size_t{64} * 4});
+    double sum = 0;
+    for (std::size_t i = 0; i < pixels.size(); i += 4) sum += pixels[i];
+    return numberOfGrey(sum * 4 / static_cast<double>(pixels.size()));
+  }
+  bool shows(int number) {
+    return until([&] { return drawn() == number; });
+  }
+};
 
 }  // namespace kvo::test

@@ -1,42 +1,23 @@
 // A collection on the real engines: the transport, the player and libmpv with real files.
-#include "adapters/media/media_file_contents.h"
-#include "adapters/media/media_picture_counts.h"
-#include "adapters/mpv/mpv_control_engine.h"
-#include "adapters/mpv/mpv_filter_graphs.h"
 #include "adapters/mpv_media.h"
-#include "adapters/posix/poll_loop.h"
 #include "adapters/posix/posix_files.h"
 #include "playback/transport_bench.h"
-#include "support/loop_rules.h"
-
-#include <map>
-#include <set>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
 using test::makeNumbered;
-using test::turnUntil;
 
-struct RealStage {
-  test::ScratchFolder folder;
-  PollLoop loop;
-  MediaFileContents streams;
-  MpvStage stage{loop, streams, {.address = std::chrono::milliseconds(2500)}};
-  MpvControlEngine control{stage};
-  MpvFilterGraphs graphs{stage};
-  MediaPictureCounts counts{loop, streams};
+struct RealStage : test::Stage {
   PosixFiles files;
 };
 
 struct RealBench : RealStage, test::TransportRoom {
   std::map<int, std::set<int>> seen;  // by clip, the numbers of the pictures that were shown since it ran
 
-  RealBench() : TransportRoom({loop, control, graphs, streams, counts, files}) {
+  RealBench() : TransportRoom({loop, engine, graphs, facts, counts, files}) {
     stage.output().whenPictureDue([this] {
-      const int number = test::drawnNumber(stage.output());
+      const int number = drawn();
       auto& pictures = seen[mode.player.clip];
       const bool begun = player.PlayerGetPlayState() == EngineState::Running || !pictures.empty();
       if (begun && number >= 0) pictures.insert(number);
@@ -72,7 +53,7 @@ TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
   b.mode.IsFullScreenWindow = true;  // where stills go on by themselves
   std::string walk;
   b.transport.PreviewMovie(1);
-  EXPECT_TRUE(turnUntil(b.loop, [&] {
+  EXPECT_TRUE(b.until([&] {
     const auto now = std::to_string(b.collection.icurMov);
     if (!walk.ends_with(now)) walk += now;
     return b.collection.icurMov == 5 && b.mode.player.clip == 5 && b.mode.player.IsPaused;
@@ -85,7 +66,7 @@ TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
     EXPECT_GE(*pictures.begin(), row.first) << row.clip << " from Mark-In";
     EXPECT_EQ(*pictures.rbegin(), row.end - 1) << row.clip << " to Mark-Out";
   }
-  EXPECT_EQ(test::drawnNumber(b.stage.output()), 17) << "the last picture stands";
+  EXPECT_EQ(b.drawn(), 17) << "the last picture stands";
   EXPECT_TRUE(b.boxes.shown.empty());
 }
 

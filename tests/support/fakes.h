@@ -6,15 +6,11 @@
 #include "support/named_streams.h"
 #include "support/scripted_boxes.h"
 #include "support/still_clock.h"
+#include "support/texts.h"
 
 #include <string>
-#include <string_view>
 
 namespace kvo::test {
-
-inline bool holds(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string::npos;
-}
 
 /// A collection with everything round it that reading, writing and compiling need.
 struct Bench {

@@ -6,14 +6,12 @@
 #include "support/fakes.h"
 #include "support/golden.h"
 
-#include <cmath>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
 using test::Bench;
+using test::countOf;
+using test::lineOf;
 
 std::string compiled(Bench& b) {
   EXPECT_TRUE(writeDocument(b.files, "/prog/KVORender.xtl", compileText(b.editing)));
@@ -44,12 +42,6 @@ Movie& addStill(Bench& b, const std::string& name, Integer mode) {
   return clip;
 }
 
-std::size_t countOf(const std::string& text, std::string_view part) {
-  std::size_t count = 0;
-  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
-  return count;
-}
-
 Movie& addFade(Movie& clip, Single tenths) {
   clip.TransType("Fade");
   clip.TransIn(tenths);
@@ -62,10 +54,9 @@ TEST(Document, TwoClipsWithAFade) {
   auto& second = addFade(b.addVideo("b.avi", 2, 6, "C:\\"), 10);
   second.ExtraParamName1("bands");
   expectGolden(b, "two-clips-fade.xtl");
-  EXPECT_EQ(second.TimeLineStart().text(), "4");
-  EXPECT_EQ(second.TimeLineStop().text(), "8.0000");
-  EXPECT_EQ(second.ExtraParamName1(), "");
-  EXPECT_EQ(b.editor.VideoTotalTime, "8.0000");
+  EXPECT_EQ(lineOf(second.TimeLineStart().text(), second.TimeLineStop().text(), b.editor.VideoTotalTime,
+                   second.ExtraParamName1()),
+            "4 8.0000 8.0000 ");
   b.editor.texts.VideoTrackText.clear();
   b.settings.state.ObjectChange = 96;
   CreateClipLine(b.editing, true, {.TransitionZero = true});
@@ -102,10 +93,11 @@ TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
       if (isAhead) b.addVideo("a.avi", 0, 5);
       for (const int clip : {1, 2}) addFade(b.collection.MovieList[clip], 20);
       ClearDirtyFlags(b.collection, b.settings);
-      EXPECT_EQ(countOf(compiled(b), "<transition "), 2U) << order << noLength.text();
-      EXPECT_EQ(b.collection.MovieList[2].TransIn(), 20) << order << noLength.text();
-      EXPECT_EQ(still.LoopEnd().text(), "7") << order << noLength.text();
-      EXPECT_FALSE(isDirty(b.collection, b.settings)) << order << noLength.text();
+      const auto transitions = countOf(compiled(b), "<transition ");
+      EXPECT_EQ(lineOf(transitions, b.collection.MovieList[2].TransIn(), still.LoopEnd().text(),
+                       isDirty(b.collection, b.settings)),
+                "2 20 7 0")
+          << order << noLength.text();
     }
   }
 }
@@ -120,7 +112,7 @@ TEST(Document, AStillKeepsTheMarksThatItHas) {
     still.LoopEnd(Value(3));
     still.TransType(transition);
     compileText(b.editing);
-    EXPECT_EQ(still.LoopStart().text() + " " + still.LoopEnd().text(), marks) << transition;
+    EXPECT_EQ(lineOf(still.LoopStart().text(), still.LoopEnd().text()), marks) << transition;
   }
 }
 
@@ -162,23 +154,19 @@ TEST(Document, SpeedsChangeTheTimelineOnly) {
 }
 
 TEST(Document, OverlaysInSequenceAndStackedTrimmedAndNot) {
-  for (const bool stacked : {false, true}) {
-    for (const bool trim : {false, true}) {
-      Bench b;
-      b.settings.adjust().AutoTrimAudio = trim;
-      b.settings.change().ExternalAudioStack = !stacked;
-      b.addVideo("a.avi", 0, 20);
-      b.addMusic("m.mp3", 0, 12.5);
-      auto& faded = b.addMusic("n.wav", 1, 31);
-      faded.HasAudioFade(true);
-      faded.AudioFadeInTime(1.5F);
-      faded.AudioFadeOutTime(2);
-      b.addMusic("o.wma", 0, 5).AudioOutputLevel(0.25F);
-      b.addMusic("left-out.mp3", 0, 90).RenderAudio(false);
-      const auto name =
-          std::string("overlay-") + (stacked ? "stacked" : "sequence") + (trim ? "-trim" : "") + ".xtl";
-      expectGolden(b, name);
-    }
+  for (const std::string name : {"stacked", "stacked-trim", "sequence", "sequence-trim"}) {
+    Bench b;
+    b.settings.adjust().AutoTrimAudio = name.ends_with("-trim");
+    b.settings.change().ExternalAudioStack = name.starts_with("sequence");
+    b.addVideo("a.avi", 0, 20);
+    b.addMusic("m.mp3", 0, 12.5);
+    auto& faded = b.addMusic("n.wav", 1, 31);
+    faded.HasAudioFade(true);
+    faded.AudioFadeInTime(1.5F);
+    faded.AudioFadeOutTime(2);
+    b.addMusic("o.wma", 0, 5).AudioOutputLevel(0.25F);
+    b.addMusic("left-out.mp3", 0, 90).RenderAudio(false);
+    expectGolden(b, "overlay-" + name + ".xtl");
   }
 }
 
@@ -207,17 +195,14 @@ TEST(Document, ATransitionPreviewWritesNothingButWhatTheTransitionCorrects) {
   still.HasAudioFade(true);
   auto& clip = addFade(b.addVideo("b.avi", 0, 2), 80);
   CreateClipLine(b.editing, true, {.TransitionPreview = true, .FirstClip = 1, .LastClip = 2});
-  EXPECT_TRUE(still.RenderAudio());
-  EXPECT_TRUE(still.HasAudioFade());
-  EXPECT_EQ(still.LoopEnd().number(), 0);
-  EXPECT_EQ(clip.TransIn(), 20) << "no longer than its clip";
+  EXPECT_EQ(lineOf(still.RenderAudio(), still.HasAudioFade(), still.LoopEnd().number(), clip.TransIn()),
+            "1 1 0 20")
+      << "no longer than its clip";
 }
 
 TEST(Document, TheVideoGroupFollowsThePower) {
   Bench b;
-  int depth = 24;
-  int width = 641;
-  int height = 481;
+  int depth = 24, width = 641, height = 481;
   float rate = 0;
   CreateVideoGroup(b.editing, depth, width, height, rate, 7);
   EXPECT_EQ(
@@ -236,34 +221,34 @@ TEST(Document, TheVideoGroupFollowsThePower) {
 }
 
 TEST(Document, EachClipGoesWhereItsKindBelongs) {
-  struct Row {
-    const char* name;
-    StreamFacts holds;
-    const char* tracks;
-  };
   const StreamFacts film{.hasVideo = true, .hasAudio = true}, sound{.hasAudio = true},
       silent{.hasVideo = true};
-  for (const auto& row : {// By name alone, whatever they hold.
-                          Row{"a.mp3", film, "sound"}, Row{"a.WAV", sound, "sound"},
-                          Row{"a.aif", sound, "sound"}, Row{"a.mpeg", film, "picture sound"},
-                          // What they hold decides between sound and picture.
-                          Row{"a.ogg", sound, "sound"}, Row{"a.ogg", film, "picture sound"},
-                          Row{"a.mp4", sound, "sound"}, Row{"a.unheard", sound, "sound"},
-                          // The last three letters of these are those of others.
-                          Row{"a.tiff", silent, "picture"}, Row{"a.riff", film, "picture sound"},
-                          Row{"wav", film, "picture sound"}}) {
+  const std::tuple<const char*, StreamFacts, const char*> rows[] = {
+      // By name alone, whatever they hold.
+      {"a.mp3", film, "0 1"},
+      {"a.WAV", sound, "0 1"},
+      {"a.aif", sound, "0 1"},
+      {"a.mpeg", film, "1 1"},
+      // What they hold decides between sound and picture.
+      {"a.ogg", sound, "0 1"},
+      {"a.ogg", film, "1 1"},
+      {"a.mp4", sound, "0 1"},
+      {"a.unheard", sound, "0 1"},
+      // The last three letters of these are those of others.
+      {"a.tiff", silent, "1 0"},
+      {"a.riff", film, "1 1"},
+      {"wav", film, "1 1"}};
+  for (const auto& [name, holds, tracks] : rows) {  // of picture, of sound
     Bench b;
     b.settings.change().DubInPlaylistAudioTrks = true;
     b.addVideo("first.avi", 0, 5);
-    b.addVideo(row.name, 0, 4);
-    b.streams.all[std::string("/v/") + row.name] = row.holds;
-    std::string tracks;
+    b.addVideo(name, 0, 4);
+    b.streams.all[std::string("/v/") + name] = holds;
     const auto text = compiled(b);
-    const auto audio = std::min(text.find("type=\"audio\""), text.size());
-    const auto src = std::string("<clip src=\"/v/") + row.name + "\"";
-    for (auto at = text.find(src); at != std::string::npos; at = text.find(src, at + 1))
-      tracks += std::string(tracks.empty() ? "" : " ") + (at < audio ? "picture" : "sound");
-    EXPECT_EQ(tracks, row.tracks) << row.name << row.holds.hasVideo;
+    const auto sounds = std::min(text.find("type=\"audio\""), text.size());
+    const auto clip = std::string("<clip src=\"/v/") + name + "\"";
+    EXPECT_EQ(lineOf(countOf(text.substr(0, sounds), clip), countOf(text.substr(sounds), clip)), tracks)
+        << name << holds.hasVideo;
   }
 }
 
@@ -290,8 +275,7 @@ TEST(Document, SoundAheadOfAPictureIsRefused) {
 // takes only where the transition is written.
 TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
   for (const int power : {1, kRenderMode}) {  // a preview without transitions, and a render
-    Bench whole;
-    Bench parts;
+    Bench whole, parts;
     for (auto* b : {&whole, &parts}) {
       b->addVideo("a.avi", 0, 20).EffectWord("1");
       addStill(*b, "s.jpg", 0).TransIn(80);
@@ -302,9 +286,7 @@ TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
     }
     const bool isRender = power == kRenderMode;
     const auto text = isRender ? compileText(whole.editing) : compilePreviewText(whole.editing, power);
-    int depth = 24;
-    int width = 320;
-    int height = 240;
+    int depth = 24, width = 320, height = 240;
     Single rate = 0;
     CreateVideoGroup(parts.editing, depth, width, height, rate, power);
     CreateClipLine(parts.editing, !isRender, {.UseSourceFile = isRender});
@@ -315,58 +297,51 @@ TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
     EXPECT_EQ(parts.files.all["/prog/parts.xtl"], text);
     EXPECT_EQ(parts.editor.AudioTotalTime, whole.editor.AudioTotalTime);
     for (auto* b : {&whole, &parts}) {
-      EXPECT_EQ(b->collection.MovieList[2].TransIn(), isRender ? 30 : 80) << power;
-      EXPECT_EQ(b->collection.MovieList[2].TimeLineStart().text(), "17") << power;
+      const auto& still = b->collection.MovieList[2];
+      EXPECT_EQ(lineOf(still.TransIn(), still.TimeLineStart().text()), isRender ? "30 17" : "80 17");
     }
   }
 }
 
 TEST(Document, HasAPictureWhereAStreamAStillOrANameSaysSo) {
-  struct Row {
-    const char* name;
-    std::optional<StreamFacts> facts;  // none of a file that is missing
-    bool still, hasPicture;
-  };
-  for (const auto& row :
-       {Row{"a.avi", StreamFacts{.hasVideo = true}, false, true}, Row{"a.avi", {}, false, false},
-        Row{"a.avi", StreamFacts{.hasAudio = true}, false, false}, Row{"a.Mpg", {}, false, true},
-        Row{"a.mpeg", {}, false, true}, Row{"a.m2v", {}, false, false}, Row{"s.png", {}, true, true},
-        Row{"a.wma", StreamFacts{.hasVideo = true}, false, false}}) {
+  const StreamFacts film{.hasVideo = true}, sound{.hasAudio = true};
+  const std::tuple<const char*, const StreamFacts*, bool> rows[] = {
+      {"a.avi", &film, true},    {"a.avi", &sound, false},  {"a.wma", &film, false},
+      {"a.avi", nullptr, false}, {"a.Mpg", nullptr, true},  // the file is missing
+      {"a.mpeg", nullptr, true}, {"a.m2v", nullptr, false}, {"still.png", nullptr, true}};
+  for (const auto& [name, facts, hasPicture] : rows) {
     Bench b;
-    b.addVideo(row.name, 0, 5).IsStill(row.still);
+    b.addVideo(name, 0, 5).IsStill(std::string_view(name).starts_with("still"));
     b.streams.all.clear();
-    if (row.facts) b.streams.all[std::string("/v/") + row.name] = *row.facts;
-    EXPECT_EQ(HaveAtleastOneVidTrack(b.editing), row.hasPicture) << row.name;
-    EXPECT_EQ(trimsMusic(b.editing), row.hasPicture) << row.name;
-    EXPECT_TRUE(checkDocument(compileText(b.editing))) << row.name << ": tracks stand in a group";
+    if (facts != nullptr) b.streams.all[std::string("/v/") + name] = *facts;
+    EXPECT_EQ(HaveAtleastOneVidTrack(b.editing), hasPicture) << name;
+    EXPECT_EQ(trimsMusic(b.editing), hasPicture) << name;
+    EXPECT_TRUE(checkDocument(compileText(b.editing))) << name << ": tracks stand in a group";
   }
 }
 
 TEST(Document, MusicTakesPartWhereItsFormatSaysSo) {
-  for (const auto& [format, isMusic] : {std::pair{"44.1 Khz", true},
-                                        {" unknown", true},
-                                        {"0 x 0", true},
-                                        {"", false},
-                                        {"N/A", false},
-                                        {"N/A, 44.1 KHz", false},
-                                        {"640 x 480", false}}) {
+  std::string music;
+  for (const std::string format :
+       {"44.1 Khz", " unknown", "0 x 0", "", "N/A", "N/A, 44.1 KHz", "640 x 480"}) {
     Bench b;
     b.addMusic("m.mp3", 0, 5).Resolution(format);
-    EXPECT_EQ(compile(b.collection, optionsOf(b.editing), {b.streams, b.editor.effects}).hasMusic, isMusic)
-        << format;
+    if (compile(b.collection, optionsOf(b.editing), {b.streams, b.editor.effects}).hasMusic)
+      music += "[" + format + "]";
   }
+  EXPECT_EQ(music, "[44.1 Khz][ unknown][0 x 0]");
 }
 
 TEST(Durations, ACutIsPreviewedByTheLadder) {
-  const std::pair<double, float> rows[] = {{0.2, 0.2F},  {0.25, 0.25F}, {0.6, 0.5F},
-                                           {1.2, 0.75F}, {1.5, 1.0F},   {10, 2.0F}};
-  for (const auto& [length, section] : rows) {
+  std::string sections;
+  for (const double length : {0.2, 0.25, 0.6, 1.2, 1.5, 10.0}) {
     Bench b;
     b.addVideo("a.avi", 0, length);
     b.addVideo("b.avi", 0, 12);
-    EXPECT_FLOAT_EQ(CalcMinimumDur(TimelineClips(b.collection)[1], TimelineClips(b.collection)[2]), section)
-        << length;
+    const TimelineClips clips(b.collection);
+    sections += lineOf(CalcMinimumDur(clips[1], clips[2])) + " ";
   }
+  EXPECT_EQ(sections, "0.2 0.25 0.5 0.75 1 2 ");
 }
 
 TEST(Durations, TheShortestCutHoldsTheTrackFade) {
@@ -379,9 +354,9 @@ TEST(Durations, TheShortestCutHoldsTheTrackFade) {
 }
 
 TEST(Durations, RowsEndInTheirClipNumber) {
-  EXPECT_EQ(GetIndividualClipNo("beach.avi   12"), 12);
-  EXPECT_EQ(GetIndividualClipNo("clip   79999"), 79999);
-  EXPECT_EQ(GetIndividualClipNo(""), 1);
+  EXPECT_EQ(lineOf(GetIndividualClipNo("beach.avi   12"), GetIndividualClipNo("clip   79999"),
+                   GetIndividualClipNo("")),
+            "12 79999 1");
 }
 
 TEST(Durations, AClipThatIsHeardAndHasTimesFades) {
@@ -401,19 +376,15 @@ TEST(Durations, AClipThatIsHeardAndHasTimesFades) {
 }
 
 TEST(Durations, AnAutomaticFadeNeedsRoom) {
-  struct Row {
-    double start, stop;
-    float amount;
-    std::optional<double> fade, out;
-  };
-  for (const auto& row : {Row{4, 8, 0, 2, 2}, Row{4, 6, 0, {}, {}}, Row{0, 5, 1, 1, 4}, Row{0, 1, 1, {}, {}},
-                          Row{0.5, 2.4, 2, {}, {}}, Row{0.5, 2.51, 2.4F, 0.1, {}}}) {
-    const auto fade = CalcAutofade(row.start, row.stop, row.amount);
-    EXPECT_EQ(fade.fits, row.out.has_value()) << row.stop;
-    EXPECT_EQ(fade.FadeTime, row.fade) << row.stop;
-    if (row.out) {
-      EXPECT_EQ(fade.FadeOutStart, row.out) << row.stop;
-    }
+  for (const auto& [start, stop, amount, expected] : {std::tuple{4.0, 8.0, 0.0F, "2 2"},
+                                                      {4, 6, 0, "none"},
+                                                      {0, 5, 1, "1 4"},
+                                                      {0, 1, 1, "none"},
+                                                      {0.5, 2.4, 2, "none"},
+                                                      {0.5, 2.51, 2.4F, "0.1"}}) {
+    const auto fade = CalcAutofade(start, stop, amount);
+    const auto out = fade.fits ? lineOf("", *fade.FadeOutStart) : "";
+    EXPECT_EQ(fade.FadeTime ? lineOf(*fade.FadeTime) + out : "none", expected) << stop;
   }
 }
 

@@ -4,8 +4,11 @@
 #include "editor/tabs/tab_host.h"
 #include "support/fakes.h"
 
+#include <functional>
 #include <string>
 #include <utility>
+
+#include <gtest/gtest.h>
 
 namespace kvo::test {
 
@@ -66,5 +69,11 @@ struct TabBench : Bench {
 
   Movie& clip(int number) { return collection.MovieList[number]; }
 };
+
+/// A control of a tab set to `choice`, as something to do with its bench.
+template <class Act, class... Choice>
+auto does(Act act, Choice... choice) {
+  return [=](auto& b) { act(b.editing, b.tab, b.host, choice...); };
+}
 
 }  // namespace kvo::test
