@@ -5,8 +5,6 @@
 
 #include <fstream>
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 

@@ -4,7 +4,6 @@
 #include "adapters/dbus/long_work_bus.h"
 #include "adapters/dbus/mpris.h"
 #include "support/own_bus.h"
-#include "support/texts.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -14,14 +13,10 @@
 #include <QDBusUnixFileDescriptor>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-#include <chrono>
 #include <fcntl.h>
-#include <functional>
 #include <future>
 #include <memory>
 #include <thread>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {

@@ -1,12 +1,9 @@
 #include "adapters/media/media_file_contents.h"
 
 #include "support/real_world.h"
-#include "support/texts.h"
 
 #include <filesystem>
 #include <fstream>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {

@@ -10,6 +10,7 @@
 #include "support/real_world.h"
 
 #include <cmath>
+#include <numeric>
 
 namespace kvo::test {
 
@@ -66,6 +67,13 @@ struct Stage {
     double sum = 0;
     for (std::size_t i = 0; i < pixels.size(); i += 4) sum += pixels[i];
     return numberOfGrey(sum * 4 / static_cast<double>(pixels.size()));
+  }
+  // The number of the picture that a render shows at this time.
+  int rendered(const std::string& path, double seconds) {
+    const auto picture = facts.frame(path, seconds, 64, 48);
+    if (!picture) return -1;
+    const double sum = std::accumulate(picture->bgr.begin(), picture->bgr.end(), 0.0);
+    return numberOfGrey(sum / static_cast<double>(picture->bgr.size()));
   }
   bool shows(int number) {
     return until([&] { return drawn() == number; });

@@ -1,8 +1,5 @@
 #include "adapters/mpv_media.h"
-#include "playback/player_facade.h"
-#include "playback/positions/section.h"
 #include "support/loopback_server.h"
-#include "support/scripted_boxes.h"
 
 #include <clocale>
 #include <numeric>
@@ -13,7 +10,6 @@ namespace {
 using test::kH264;
 using test::kWmv;
 using test::makeNumbered;
-using test::numberOfGrey;
 using test::Server;
 
 // A desktop whose numbers have a comma, as a toolkit puts it in force ahead of the first player.
@@ -43,13 +39,6 @@ struct Bench : test::Stage {
 
   Bench() {
     engine.whenEndOfStream([this] { ++ended; });
-  }
-  // The number of the picture that a render shows at this time.
-  int rendered(const std::string& path, double seconds) {
-    const auto picture = facts.frame(path, seconds, 64, 48);
-    if (!picture) return -1;
-    const double sum = std::accumulate(picture->bgr.begin(), picture->bgr.end(), 0.0);
-    return numberOfGrey(sum / static_cast<double>(picture->bgr.size()));
   }
 };
 
@@ -116,70 +105,6 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     standsAt(49, "at the end");
     engine.step(1);
     standsAt(49, "nothing behind the last");
-  }
-}
-
-class NoKeys : public PlayerHost {
- public:
-  void BuildButton(KeyWord /*word*/) override {}
-  [[nodiscard]] bool rateWindowShows() const override { return false; }
-};
-
-TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
-  Bench bench;
-  DisplayModeState mode;
-  Collection collection;
-  KVO2 settings;
-  NoStreamProbe probe;
-  test::ScriptedBoxes boxes;
-  NoKeys keys;
-  PlayerFacade player({mode, collection, settings, bench.engine, bench.graphs, bench.facts, bench.counts,
-                       probe, boxes, keys});
-  const struct {
-    const char* name;
-    bool uneven;
-    const std::vector<std::string>& codec;
-    bool graph;
-  } rows[] = {{"frames.mp4", false, kH264, false},
-              {"frames.wmv", false, kWmv, true},
-              {"uneven.mkv", true, kH264, false},
-              {"uneven.wmv", true, kWmv, true}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    const auto path = row.uneven ? makeNumbered(bench.folder, row.name, "25", test::kUneven, row.codec)
-                                 : makeNumbered(bench.folder, row.name, "30000/1001", "", row.codec);
-    auto& clip = collection.MovieList.add({});
-    clip.MovieName(path);
-    const int number = collection.icurMov = collection.MovieList.count();
-    player.PlayerSetFilename(path, number);
-    ASSERT_EQ(player.UsingCorona(), row.graph);
-    player.PlayerSetDisplayMode(DisplayMode::Frames);
-    EXPECT_TRUE(bench.until([&] { return std::abs(player.PlayerGetDuration() - 50) <= !row.uneven; }))
-        << player.PlayerGetDuration();
-    for (const int frame : {33, 1, 20, 48, 2}) {
-      player.PlayerSetCurrentPosition(frame);
-      EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
-      EXPECT_TRUE(bench.until([&] { return player.PlayerGetCurrentPosition() == frame; }))
-          << player.PlayerGetCurrentPosition() << " for " << frame;
-    }
-    player.PlayerStep(1);
-    EXPECT_TRUE(bench.shows(3));
-    EXPECT_TRUE(bench.until([&] { return player.PlayerGetCurrentPosition() == 3; }));
-    // A mark within a picture is that picture, from the moment on at which it is set.
-    const auto begin = [&](int frame) {
-      return row.uneven ? test::unevenBegin(frame) : frame * 1001 / 30000.0;
-    };
-    for (const int frame : {40, 7}) {
-      const InMode seconds(player, DisplayMode::Seconds);
-      player.PlayerSetCurrentPosition(begin(frame) + 0.7 * (begin(frame + 1) - begin(frame)));
-      const auto marked = seenFrame(player);
-      EXPECT_EQ(marked.frame, frame);
-      EXPECT_NEAR(marked.seconds, begin(frame), 0.0011);
-      EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
-      EXPECT_EQ(bench.rendered(path, marked.seconds + 0.0011), frame);
-    }
-    player.PlayerClear();
-    EXPECT_TRUE(player.PlayerIsEmpty());
   }
 }
 

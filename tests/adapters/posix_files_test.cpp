@@ -2,12 +2,9 @@
 
 #include "adapters/posix/posix_name_locks.h"
 #include "support/real_world.h"
-#include "support/texts.h"
 
 #include <filesystem>
 #include <sys/stat.h>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {

@@ -2,18 +2,14 @@
 
 #include "support/real_world.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {

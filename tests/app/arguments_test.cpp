@@ -2,8 +2,6 @@
 #include "app/engine_arguments.h"
 
 #include <iterator>
-#include <sstream>
-#include <tuple>
 
 #include <gtest/gtest.h>
 

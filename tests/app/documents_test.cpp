@@ -5,8 +5,6 @@
 #include "engine/document/document_reader.h"
 #include "support/fakes.h"
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
@@ -35,19 +33,14 @@ std::vector<std::pair<std::string, std::string>> documentsOf(const test::Bench& 
           {"picture-in-picture", CreatePinPPreview(c, 1, {.backdropAudio = true, .overlayAudio = true})}};
 }
 
-// What every layer and every sound of the timeline plays, and its mask.
+// What the layers play, and their masks.
 void expectNames(const std::vector<engine::Layer>& layers, const std::string& name, const std::string& what) {
   for (const auto& layer : layers) {
-    if (layer.src.empty()) {
-      expectNames(layer.inside, name, what);
-    } else {
-      EXPECT_EQ(layer.src, "/v/" + name) << what;
-    }
+    EXPECT_EQ(layer.src, layer.inside.empty() ? "/v/" + name : "") << what;
+    expectNames(layer.inside, name, what);
     for (const auto& transition : layer.transitions) {
       const auto* mask = transition.params.find("maskname");
-      if (mask != nullptr) {
-        EXPECT_EQ(mask->text, "/m/" + name) << what;
-      }
+      EXPECT_TRUE(mask == nullptr || mask->text == "/m/" + name) << what;
     }
   }
 }

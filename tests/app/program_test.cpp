@@ -10,8 +10,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 

@@ -7,7 +7,6 @@
 #include "sketches/sketch_file.h"
 #include "support/fake_processes.h"
 #include "support/real_world.h"
-#include "support/texts.h"
 #include "support/virtual_loop.h"
 
 #include <filesystem>

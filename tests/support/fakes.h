@@ -10,6 +10,8 @@
 
 #include <string>
 
+#include <gtest/gtest.h>
+
 namespace kvo::test {
 
 /// A collection with everything round it that reading, writing and compiling need.

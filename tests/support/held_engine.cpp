@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 #include <system_error>
 
-#include <gtest/gtest.h>
-
 namespace kvo::test {
 namespace {
 

@@ -15,8 +15,6 @@
 #include <thread>
 #include <unistd.h>
 
-#include <gtest/gtest.h>
-
 namespace kvo::test {
 namespace {
 
@@ -101,13 +99,9 @@ void Companion::signal(int number) const { ::kill(process_, number); }
 std::string Companion::said() const { return heard(out_) + heard(err_); }
 
 std::string Companion::firstLine() const {
-  const auto line = [&] {
-    const auto out = heard(out_);
-    return out.substr(0, out.find('\n') + 1);
-  };
-  EXPECT_TRUE(eventually([&] { return !line().empty(); })) << said();
-  const auto whole = line();
-  return whole.substr(0, whole.find('\n'));
+  std::string out;
+  EXPECT_TRUE(eventually([&] { return holds(out = heard(out_), "\n"); })) << said();
+  return out.substr(0, out.find('\n'));
 }
 
 bool Companion::hasEnded() {

@@ -2,12 +2,16 @@
 // again, so that what our own room of FFmpeg does is checked from outside.
 #pragma once
 
+#include "support/texts.h"
+
 #include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace kvo::test {
 
