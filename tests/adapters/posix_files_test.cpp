@@ -49,11 +49,9 @@ TEST_F(PosixFilesTest, ANameIsHeldByOneAtATime) {
   PosixNameLocks locks;
   PosixNameLocks others;
   auto held = locks.tryLock(folder_ / "name");
-  ASSERT_TRUE(held && *held);
-  EXPECT_EQ(others.tryLock(folder_ / "name").value(), nullptr);
+  ASSERT_TRUE(held && *held && !*others.tryLock(folder_ / "name"));
   held->reset();
-  EXPECT_NE(others.tryLock(folder_ / "name").value(), nullptr);
-  EXPECT_FALSE(locks.tryLock(folder_ / "nowhere/name"));
+  EXPECT_TRUE(*others.tryLock(folder_ / "name") && !locks.tryLock(folder_ / "nowhere/name"));
 }
 
 TEST_F(PosixFilesTest, OnlyAFolderIsWrittenInto) {

@@ -13,9 +13,7 @@ void addClips(test::Bench& b, const std::string& name, bool still) {
     auto& clip = b.addVideo(name, 0, 5);
     clip.IsStill(still);
     clip.EffectWord("1");
-    clip.TransType("Heart");
-    clip.TransIn(10);
-    clip.MaskName("/m/" + name);
+    test::withTransition(clip, "Heart", 10).MaskName("/m/" + name);
   }
   b.addMusic(name + ".mp3", 0, 4);
   b.collection.MovieList[1].HasPicInPic(picInPicText({2, OverlayStyle::Uniform, 1, 100, 0, 0, false}));
@@ -73,18 +71,16 @@ TEST(Times, ThatTheEngineRefusesAreFaults) {
   for (const auto& start : starts) {
     for (const auto& end : ends) {
       for (const Single speed : {10.0F, -5.0F, 0.0F, 0.0001F, 1e20F}) {
-        for (const Single transition : {0.0F, 20.0F, -20.0F, 1e12F}) {
+        for (const double transition : {0.0, 20.0, -20.0, 1e12}) {
           for (const int odd : {1, 2, 3, 4}) {
             test::Bench b;
-            for (const auto* name : {"a.avi", "s.png"}) b.addVideo(name, 0, 5);
-            b.collection.MovieList[2].IsStill(true);
+            b.addVideo("a.avi", 0, 5);
+            test::withTransition(b.addStill("s.png", 5), "Fade", transition);
             for (const auto* name : {"m.mp3", "n.flac"}) b.addMusic(name, 0, 2);
             auto& clip = b.collection.MovieList[odd];
             clip.LoopStart(start);
             clip.LoopEnd(end);
             clip.Playspeed(speed);
-            b.collection.MovieList[2].TransType("Fade");
-            b.collection.MovieList[2].TransIn(transition);
             const auto made = compile(b.collection, optionsOf(b.editing), {b.streams, b.editor.effects});
             const auto timeline = engine::readDocument(made.text);
             if (timeline) continue;

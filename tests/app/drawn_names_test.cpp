@@ -28,9 +28,7 @@ class DrawnNames : public testing::Test {
   }
 
   Movie& addStill(test::Bench& b, const std::string& name, double seconds) const {
-    auto& clip = b.addVideo(name, 0, seconds, folder_.path() + "/");
-    clip.IsStill(true);
-    return clip;
+    return b.addStill(name, seconds, folder_.path() + "/");
   }
 
   static engine::Timeline compiled(test::Bench& b, const std::string& what) {
@@ -59,9 +57,7 @@ TEST_F(DrawnNames, EveryTransitionLeadsFromOneClipToTheNext) {
   for (const auto& name : names) {
     test::Bench b;
     addStill(b, "black.png", 2);
-    auto& second = addStill(b, "white.png", 2);
-    second.TransType(name);
-    second.TransIn(20);
+    test::withTransition(addStill(b, "white.png", 2), name, 20);
     const auto timeline = compiled(b, name);
     engine::Compositor compositor(timeline);
     const auto shareAt = [&](std::int64_t number) {

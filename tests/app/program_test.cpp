@@ -106,8 +106,7 @@ TEST_F(Program, ShipsWhatIsMissingInAnyCaseOfLetters) {
 TEST_F(Program, RendersACollectionAndLeavesNothingElse) {
   const auto music = test::makeMedia(work_, "m.flac", {"-f", "lavfi", "-i", "sine=duration=2"});
   const auto path = collection("c.INI", {video_, video_, music}, [](test::Bench& b) {
-    b.collection.MovieList[2].TransType("Fade");
-    b.collection.MovieList[2].TransIn(10);
+    test::withTransition(b.collection.MovieList[2], "Fade", 10);
     b.collection.MovieList[3].RenderAudio(true);
     b.collection.MovieList[3].Resolution("44.1 KHz");
   });
@@ -219,8 +218,7 @@ TEST_F(Program, TellsWhichPartOfAClipIsDamaged) {
 
 TEST_F(Program, DrawsAContactSheet) {
   const auto path = collection("c.INI", {video_, video_}, [](test::Bench& b) {
-    b.collection.MovieList[2].TransType("Heart");
-    b.collection.MovieList[2].TransIn(10);
+    test::withTransition(b.collection.MovieList[2], "Heart", 10);
   });
   for (const auto* name : {"one.xtl", "two.xtl"}) expectEnd(kvo5({"--document", path, work_ / name}), 0);
   expectEnd(engine({"--sheet", work_ / "s.png", work_ / "one.xtl", work_ / "two.xtl"}), 0);

@@ -52,6 +52,20 @@ struct Bench {
     streams.all["/v/" + name] = {.hasAudio = true};
     return clip;
   }
+
+  /// Without an `end` it has no length yet.
+  Movie& addStill(const std::string& name, double end = 0, const std::string& path = "/v/") {
+    Movie& clip = addVideo(name, 0, end, path);
+    clip.IsStill(true);
+    return clip;
+  }
 };
+
+/// The clip with a transition into it, over tenths of a second.
+inline Movie& withTransition(Movie& clip, const std::string& name, double tenths) {
+  clip.TransType(name);
+  clip.TransIn(static_cast<Single>(tenths));
+  return clip;
+}
 
 }  // namespace kvo::test

@@ -12,6 +12,7 @@ namespace {
 using test::Bench;
 using test::countOf;
 using test::lineOf;
+using test::withTransition;
 
 std::string compiled(Bench& b) {
   EXPECT_TRUE(writeDocument(b.files, "/prog/KVORender.xtl", compileText(b.editing)));
@@ -35,23 +36,10 @@ void expectGolden(Bench& b, const std::string& name, const std::string& second =
   EXPECT_EQ(b.settings.state.ObjectChange, 0) << name;
 }
 
-Movie& addStill(Bench& b, const std::string& name, Integer mode) {
-  auto& clip = b.addVideo(name, 0, 0);
-  clip.IsStill(true);
-  clip.stretchmode(mode);
-  return clip;
-}
-
-Movie& addFade(Movie& clip, Single tenths) {
-  clip.TransType("Fade");
-  clip.TransIn(tenths);
-  return clip;
-}
-
 TEST(Document, TwoClipsWithAFade) {
   Bench b;
   b.addVideo("a.avi", 0, 5, "C:\\");
-  auto& second = addFade(b.addVideo("b.avi", 2, 6, "C:\\"), 10);
+  auto& second = withTransition(b.addVideo("b.avi", 2, 6, "C:\\"), "Fade", 10);
   second.ExtraParamName1("bands");
   expectGolden(b, "two-clips-fade.xtl");
   EXPECT_EQ(lineOf(second.TimeLineStart().text(), second.TimeLineStop().text(), b.editor.VideoTotalTime,
@@ -76,7 +64,7 @@ TEST(Document, AudioOnlyHasNoVideoGroup) {
 TEST(Document, StillsInAllStretchModes) {
   Bench b;
   b.settings.state.DefaultStillDuration = 7;
-  for (Integer mode = 0; mode <= 4; ++mode) addStill(b, "s" + std::to_string(mode) + ".jpg", mode);
+  for (Integer mode = 0; mode <= 4; ++mode) b.addStill("s" + std::to_string(mode) + ".jpg").stretchmode(mode);
   expectGolden(b, "stills.xtl");
   EXPECT_EQ(b.collection.MovieList[1].LoopEnd().text(), "7") << "it stays in the record";
 }
@@ -88,10 +76,10 @@ TEST(Document, AStillHasItsLengthBeforeAnyLimitIsTaken) {
       b.settings.state.DefaultStillDuration = 7;
       const bool isAhead = order[0] == 's';
       if (!isAhead) b.addVideo("a.avi", 0, 5);
-      auto& still = addStill(b, "s.jpg", 0);
+      auto& still = b.addStill("s.jpg");
       still.LoopEnd(noLength);
       if (isAhead) b.addVideo("a.avi", 0, 5);
-      for (const int clip : {1, 2}) addFade(b.collection.MovieList[clip], 20);
+      for (const int clip : {1, 2}) withTransition(b.collection.MovieList[clip], "Fade", 20);
       ClearDirtyFlags(b.collection, b.settings);
       const auto transitions = countOf(compiled(b), "<transition ");
       EXPECT_EQ(lineOf(transitions, b.collection.MovieList[2].TransIn(), still.LoopEnd().text(),
@@ -107,7 +95,7 @@ TEST(Document, AStillKeepsTheMarksThatItHas) {
   for (const auto& [transition, marks] : {std::pair{"CUT", "3 3"}, {"Fade", "0 7"}}) {
     Bench b;
     b.addVideo("a.avi", 0, 5);
-    auto& still = addStill(b, "s.jpg", 0);
+    auto& still = b.addStill("s.jpg");
     still.LoopStart(Value(3));
     still.LoopEnd(Value(3));
     still.TransType(transition);
@@ -129,7 +117,7 @@ TEST(Document, SecondsThatAreNoNumberAreWrittenAsTheNumberTheyReadAs) {
 TEST(Document, ARenderIsTheSameWhateverThePreviewIsSetTo) {
   Bench b;
   b.addVideo("a.avi", 0, 5).EffectWord("1");
-  addFade(b.addVideo("b.avi", 0, 5), 10);
+  withTransition(b.addVideo("b.avi", 0, 5), "Fade", 10);
   const auto text = compiled(b);
   for (const auto* part :
        {"<transition ", "<effect clsid", "bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"25\""})
@@ -146,10 +134,7 @@ TEST(Document, SpeedsChangeTheTimelineOnly) {
   int i = 0;
   for (const float speed : {5.0F, 10.0F, 20.0F})
     b.addVideo("v" + std::to_string(i++) + ".avi", 2, 6).Playspeed(speed);
-  auto& last = b.addVideo("w.avi", 0, 1.0 / 3);
-  last.Playspeed(15);
-  last.TransType("Dissolve");
-  last.TransIn(1);
+  withTransition(b.addVideo("w.avi", 0, 1.0 / 3), "Dissolve", 1).Playspeed(15);
   expectGolden(b, "speeds.xtl");
 }
 
@@ -191,9 +176,9 @@ TEST(Document, ClipSoundFadesAndSilence) {
 
 TEST(Document, ATransitionPreviewWritesNothingButWhatTheTransitionCorrects) {
   Bench b;
-  auto& still = addStill(b, "a.jpg", 0);
+  auto& still = b.addStill("a.jpg");
   still.HasAudioFade(true);
-  auto& clip = addFade(b.addVideo("b.avi", 0, 2), 80);
+  auto& clip = withTransition(b.addVideo("b.avi", 0, 2), "Fade", 80);
   CreateClipLine(b.editing, true, {.TransitionPreview = true, .FirstClip = 1, .LastClip = 2});
   EXPECT_EQ(lineOf(still.RenderAudio(), still.HasAudioFade(), still.LoopEnd().number(), clip.TransIn()),
             "1 1 0 20")
@@ -209,46 +194,31 @@ TEST(Document, TheVideoGroupFollowsThePower) {
       b.editor.texts.VideoGroupText,
       "<group type=\"video\" bitdepth=\"24\" width=\"320\" height=\"240\" framerate=\"10\" name=\"VIDEO\" "
       "buffering=\"30\" PreviewMode=\"True\"  >\r\n");
-  EditorControls controls;
-  controls.Cmb_Res = "720 x 576";
-  controls.txtHeight = 3001;
-  controls.txtWidth = -1;
-  for (const auto& [preset, size] : {std::pair{true, 720576}, {false, 240320}}) {
-    controls.Opt_Preset = preset;
-    GetHeightWidth(controls, height, width);
-    EXPECT_EQ(width * 1000 + height, size);
-  }
 }
 
 TEST(Document, EachClipGoesWhereItsKindBelongs) {
   const StreamFacts film{.hasVideo = true, .hasAudio = true}, sound{.hasAudio = true},
       silent{.hasVideo = true};
-  const std::tuple<const char*, StreamFacts, const char*> rows[] = {
-      // By name alone, whatever they hold.
-      {"a.mp3", film, "0 1"},
-      {"a.WAV", sound, "0 1"},
-      {"a.aif", sound, "0 1"},
-      {"a.mpeg", film, "1 1"},
-      // What they hold decides between sound and picture.
-      {"a.ogg", sound, "0 1"},
-      {"a.ogg", film, "1 1"},
-      {"a.mp4", sound, "0 1"},
-      {"a.unheard", sound, "0 1"},
-      // The last three letters of these are those of others.
-      {"a.tiff", silent, "1 0"},
-      {"a.riff", film, "1 1"},
-      {"wav", film, "1 1"}};
-  for (const auto& [name, holds, tracks] : rows) {  // of picture, of sound
-    Bench b;
-    b.settings.change().DubInPlaylistAudioTrks = true;
-    b.addVideo("first.avi", 0, 5);
-    b.addVideo(name, 0, 4);
-    b.streams.all[std::string("/v/") + name] = holds;
-    const auto text = compiled(b);
-    const auto sounds = std::min(text.find("type=\"audio\""), text.size());
-    const auto clip = std::string("<clip src=\"/v/") + name + "\"";
-    EXPECT_EQ(lineOf(countOf(text.substr(0, sounds), clip), countOf(text.substr(sounds), clip)), tracks)
-        << name << holds.hasVideo;
+  const std::tuple<StreamFacts, std::vector<std::string>, const char*> rows[] = {
+      // Some by name alone, whatever they hold; of others that decides between sound and picture. The last
+      // three letters of "tiff", "riff" and "wav" without a point are those of others.
+      {film, {"a.mp3"}, "0 1"},
+      {film, {"a.mpeg", "a.ogg", "a.riff", "wav"}, "1 1"},
+      {sound, {"a.WAV", "a.aif", "a.ogg", "a.mp4", "a.unheard"}, "0 1"},
+      {silent, {"a.tiff"}, "1 0"}};
+  for (const auto& [holds, names, tracks] : rows) {  // of picture, of sound
+    for (const auto& name : names) {
+      Bench b;
+      b.settings.change().DubInPlaylistAudioTrks = true;
+      b.addVideo("first.avi", 0, 5);
+      b.addVideo(name, 0, 4);
+      b.streams.all["/v/" + name] = holds;
+      const auto text = compiled(b);
+      const auto sounds = std::min(text.find("type=\"audio\""), text.size());
+      const auto clip = "<clip src=\"/v/" + name + "\"";
+      EXPECT_EQ(lineOf(countOf(text.substr(0, sounds), clip), countOf(text.substr(sounds), clip)), tracks)
+          << name << holds.hasVideo;
+    }
   }
 }
 
@@ -265,7 +235,7 @@ TEST(Document, SoundAheadOfAPictureIsRefused) {
                   std::string(name) + ">\r\nto the end of the collection.");
   }
   Bench b;
-  addStill(b, "s.tiff", 0).Resolution("0 x 0");
+  b.addStill("s.tiff").Resolution("0 x 0");
   b.addVideo("a.avi", 0, 5).MovieHeight(480);
   b.addMusic("m.mp3", 0, 5).Resolution("0 x 0");
   EXPECT_FALSE(IsAudioBeforeVideo(b.editing));
@@ -278,8 +248,7 @@ TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
     Bench whole, parts;
     for (auto* b : {&whole, &parts}) {
       b->addVideo("a.avi", 0, 20).EffectWord("1");
-      addStill(*b, "s.jpg", 0).TransIn(80);
-      b->collection.MovieList[2].TransType("Fade");
+      withTransition(b->addStill("s.jpg"), "Fade", 80);
       b->addMusic("m.mp3", 0, 12.5);
       b->settings.state.DefaultStillDuration = 3;
       b->settings.change().PreviewCPU = static_cast<Integer>(power);

@@ -24,9 +24,7 @@ std::string transition(
     const std::function<void(Movie&)>& change = [](Movie&) {}) {
   Bench b;
   b.addVideo("a.avi", 0, 5);
-  auto& clip = b.addVideo("b.avi", 2, 6);
-  clip.TransType("Barn");
-  clip.TransIn(10);
+  auto& clip = test::withTransition(b.addVideo("b.avi", 2, 6), "Barn", 10);
   change(clip);
   o.Start = 4;
   o.Stop = {8, Digits::Four};

@@ -14,9 +14,7 @@ using test::TabBench;
 struct StillsBench : TabBench {
   StillsTab tab;
   StillsBench() {
-    auto& second = addVideo("second.bmp", 0, 3);
-    second.IsStill(true);
-    second.stretchmode(2);
+    addStill("second.bmp", 3).stretchmode(2);
     settings.adjust().StillsIndividual = true;
   }
   void open() {

@@ -57,9 +57,8 @@ struct TabBench : Bench {
   TabBench() {
     addVideo("a.avi", 0, 8).KeyID(1);
     addVideo("b.mpg", 2, 6).KeyID(2);
-    auto& still = addVideo("photo.jpg", 0, 7);
+    auto& still = addStill("photo.jpg", 7);
     still.KeyID(3);
-    still.IsStill(true);
     still.Resolution("N/A");
     still.DurationTime(Value("N/A"));
     streams.all["/v/photo.jpg"] = {.hasVideo = true, .isStill = true};

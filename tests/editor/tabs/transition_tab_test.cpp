@@ -26,8 +26,7 @@ struct TransitionBench : test::Bench {
   Movie& clip(int number = 2) { return collection.MovieList[number]; }
   // What the clip has, and what the page shows of it then.
   void show(const char* name, double tenths) {
-    clip().TransType(name);
-    clip().TransIn(static_cast<Single>(tenths));
+    test::withTransition(clip(), name, tenths);
     rules.show(true);
   }
   void fade(double tenths) { show("Fade", tenths); }
@@ -53,9 +52,7 @@ TEST(TransitionTab, AChosenClipIsHeldWithinItsLimit) {
     TransitionBench b;
     auto& clip = b.clip(number);
     clip.LoopEnd(Value(length));
-    clip.TransType("Fade");
-    clip.TransIn(static_cast<Single>(wanted));
-    clip.IsDirty(false);
+    test::withTransition(clip, "Fade", wanted).IsDirty(false);
     b.collection.icurMov = number;
     b.rules.show(true);
     EXPECT_EQ(lineOf(clip.TransType(), clip.TransIn(), "of", b.tab.Sld_InMax), held);
