@@ -129,24 +129,8 @@ std::string heldSo(std::string file, const std::string& kind, std::uint32_t orie
     file = extended + file.substr(12) + "EXIF" + number(static_cast<std::uint32_t>(exif.size()), 4) + exif;
     return "RIFF" + number(static_cast<std::uint32_t>(file.size()) + 4, 4) + "WEBP" + file;
   }
-  // A second directory of a TIFF, which is the first with one entry more, at the end.
-  const auto at = [&](std::size_t from, int bytes) {
-    std::size_t value = 0;
-    for (int i = bytes; i-- > 0;)
-      value = value << 8U | static_cast<unsigned char>(file[from + static_cast<std::size_t>(i)]);
-    return value;
-  };
-  const auto directory = at(4, 4);
-  const auto count = at(directory, 2);
-  std::string entries = file.substr(directory + 2, count * 12);
-  std::size_t place = 0;
-  while (place < entries.size() && (static_cast<unsigned char>(entries[place]) |
-                                    static_cast<unsigned char>(entries[place + 1]) << 8U) < 274)
-    place += 12;
-  entries.insert(place, entry);
-  const auto end = static_cast<std::uint32_t>(file.size());
-  file += number(static_cast<std::uint32_t>(count) + 1, 2) + entries + number(0, 4);
-  return file.replace(4, 4, number(end, 4));
+  // In the place of what a TIFF tells of the software that has made it.
+  return file.replace(file.find(number(305, 2) + number(2, 2)), entry.size(), entry);
 }
 
 TEST(MediaFileContents, OfAMenuOfADvdItIsTheFilm) {

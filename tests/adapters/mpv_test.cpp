@@ -1,5 +1,8 @@
 #include "adapters/mpv_media.h"
+#include "playback/player_facade.h"
+#include "playback/positions/section.h"
 #include "support/loopback_server.h"
+#include "support/scripted_boxes.h"
 
 #include <clocale>
 #include <numeric>
@@ -105,6 +108,69 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     standsAt(49, "at the end");
     engine.step(1);
     standsAt(49, "nothing behind the last");
+  }
+}
+
+class NoKeys : public PlayerHost {
+ public:
+  void BuildButton(KeyWord /*word*/) override {}
+  [[nodiscard]] bool rateWindowShows() const override { return false; }
+};
+
+TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
+  Bench b;
+  DisplayModeState mode;
+  Collection collection;
+  KVO2 settings;
+  NoStreamProbe probe;
+  test::ScriptedBoxes boxes;
+  NoKeys keys;
+  PlayerFacade player(
+      {mode, collection, settings, b.engine, b.graphs, b.facts, b.counts, probe, boxes, keys});
+  const struct {
+    const char* name;
+    bool uneven;
+    const std::vector<std::string>& codec;
+    bool graph;
+  } rows[] = {{"frames.mp4", false, kH264, false},
+              {"frames.wmv", false, kWmv, true},
+              {"uneven.mkv", true, kH264, false},
+              {"uneven.wmv", true, kWmv, true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const auto path = row.uneven ? makeNumbered(b.folder, row.name, "25", test::kUneven, row.codec)
+                                 : makeNumbered(b.folder, row.name, "30000/1001", "", row.codec);
+    collection.MovieList.add({}).MovieName(path);
+    collection.icurMov = collection.MovieList.count();
+    player.PlayerSetFilename(path, collection.icurMov);
+    ASSERT_EQ(player.UsingCorona(), row.graph);
+    player.PlayerSetDisplayMode(DisplayMode::Frames);
+    EXPECT_TRUE(b.until([&] { return std::abs(player.PlayerGetDuration() - 50) <= !row.uneven; }))
+        << player.PlayerGetDuration();
+    for (const int frame : {33, 1, 20, 48, 2}) {
+      player.PlayerSetCurrentPosition(frame);
+      EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
+      EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == frame; }))
+          << player.PlayerGetCurrentPosition() << " for " << frame;
+    }
+    player.PlayerStep(1);
+    EXPECT_TRUE(b.shows(3));
+    EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == 3; }));
+    // A mark within a picture is that picture, from the moment on at which it is set.
+    const auto begin = [&](int frame) {
+      return row.uneven ? test::unevenBegin(frame) : frame * 1001 / 30000.0;
+    };
+    for (const int frame : {40, 7}) {
+      const InMode seconds(player, DisplayMode::Seconds);
+      player.PlayerSetCurrentPosition(begin(frame) + 0.7 * (begin(frame + 1) - begin(frame)));
+      const auto marked = seenFrame(player);
+      EXPECT_EQ(marked.frame, frame);
+      EXPECT_NEAR(marked.seconds, begin(frame), 0.0011);
+      EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
+      EXPECT_EQ(b.rendered(path, marked.seconds + 0.0011), frame);
+    }
+    player.PlayerClear();
+    EXPECT_TRUE(player.PlayerIsEmpty());
   }
 }
 

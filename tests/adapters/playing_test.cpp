@@ -1,7 +1,6 @@
 // A collection on the real engines: the transport, the player and libmpv with real files.
 #include "adapters/mpv_media.h"
 #include "adapters/posix/posix_files.h"
-#include "playback/positions/section.h"
 #include "playback/transport_bench.h"
 
 namespace kvo {
@@ -40,56 +39,6 @@ struct RealBench : RealStage, test::TransportRoom {
     return clip;
   }
 };
-
-TEST(Playing, AFrameOfThePlayerIsThePictureWithThatNumber) {
-  RealBench b;
-  auto& player = b.player;
-  const struct {
-    const char* name;
-    bool uneven;
-    const std::vector<std::string>& codec;
-    bool graph;
-  } rows[] = {{"frames.mp4", false, test::kH264, false},
-              {"frames.wmv", false, test::kWmv, true},
-              {"uneven.mkv", true, test::kH264, false},
-              {"uneven.wmv", true, test::kWmv, true}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    const auto path = row.uneven ? makeNumbered(b.folder, row.name, "25", test::kUneven, row.codec)
-                                 : makeNumbered(b.folder, row.name, "30000/1001", "", row.codec);
-    b.add(path);
-    b.collection.icurMov = b.collection.MovieList.count();
-    player.PlayerSetFilename(path, b.collection.icurMov);
-    ASSERT_EQ(player.UsingCorona(), row.graph);
-    player.PlayerSetDisplayMode(DisplayMode::Frames);
-    EXPECT_TRUE(b.until([&] { return std::abs(player.PlayerGetDuration() - 50) <= !row.uneven; }))
-        << player.PlayerGetDuration();
-    for (const int frame : {33, 1, 20, 48, 2}) {
-      player.PlayerSetCurrentPosition(frame);
-      EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
-      EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == frame; }))
-          << player.PlayerGetCurrentPosition() << " for " << frame;
-    }
-    player.PlayerStep(1);
-    EXPECT_TRUE(b.shows(3));
-    EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == 3; }));
-    // A mark within a picture is that picture, from the moment on at which it is set.
-    const auto begin = [&](int frame) {
-      return row.uneven ? test::unevenBegin(frame) : frame * 1001 / 30000.0;
-    };
-    for (const int frame : {40, 7}) {
-      const InMode seconds(player, DisplayMode::Seconds);
-      player.PlayerSetCurrentPosition(begin(frame) + 0.7 * (begin(frame + 1) - begin(frame)));
-      const auto marked = seenFrame(player);
-      EXPECT_EQ(marked.frame, frame);
-      EXPECT_NEAR(marked.seconds, begin(frame), 0.0011);
-      EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
-      EXPECT_EQ(b.rendered(path, marked.seconds + 0.0011), frame);
-    }
-    player.PlayerClear();
-    EXPECT_TRUE(player.PlayerIsEmpty());
-  }
-}
 
 TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
   RealBench b;

@@ -166,6 +166,7 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   std::ofstream(work_ / "huge.ppm") << "P6\n20000 20000\n255\n";
   const auto good = collection("c.INI", {video_});
   const auto asMovie = collection("named as a movie.mp4", {video_});
+  const auto noSound = collection("3.INI", {video_, work_ / "text.mp3"});
   const auto o = work_ / "o.avi";
   const std::tuple<Words, int, std::string> rows[] = {
       {{"--render", work_ / "none.INI", "--output", o}, 1, "none.INI"},
@@ -173,7 +174,7 @@ TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
       {{"--render", work_.path(), "--output", o}, 1, work_.path()},
       {{"--render", collection("1.INI", {}), "--output", o}, 1, "no clips"},
       {{"--render", collection("2.INI", {work_ / "gone.avi"}), "--output", o}, 1, "gone.avi"},
-      {{"--render", collection("3.INI", {video_, work_ / "text.mp3"}), "--output", o}, 1, "mp3: it is no"},
+      {{"--render", noSound, "--output", o}, 1, "text.mp3: it is no"},
       {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
       {order("none/o.avi"), 1, "none/o.avi: No such file"},
       {order("none/o.avi", {"--resume"}), 1, "none/o.avi: No such file"},
@@ -250,12 +251,10 @@ TEST_F(Program, FullDisksAreToldAndLeaveNothingBehind) {
 // The child of a process, and that one's, and so on: a shell, and the engine below it.
 std::vector<int> childrenOf(int process) {
   std::vector<int> all;
-  while (process > 0) {
-    const auto number = std::to_string(process);
-    std::ifstream file("/proc/" + number + "/task/" + number + "/children");
-    process = 0;
-    file >> process;
-    if (process > 0) all.push_back(process);
+  for (auto number = std::to_string(process); !number.empty();) {
+    number = bytesOf("/proc/" + number + "/task/" + number + "/children");
+    number = number.substr(0, number.find(' '));
+    if (!number.empty()) all.push_back(std::stoi(number));
   }
   return all;
 }

@@ -58,8 +58,8 @@ TEST(PicInPic, TheEdgesOfItsRules) {
   Bench b;
   b.settings.state.DefaultStillDuration = 7;
   auto& backdrop = b.addVideo("back.avi", 0, 8);
-  auto& still = b.addStill("s.jpg");
-  still.LoopStart(Value(3.0));
+  auto& still = b.addVideo("s.jpg", 3, 0);
+  still.IsStill(true);
   still.DurationTime(Value("N/A"));
   const auto shown = [&](int backdropNo) {
     return CreatePinPPreview(b.editing, backdropNo, {.preview = true});
