@@ -10,7 +10,9 @@
 namespace kvo {
 namespace {
 
+using test::beginAt;
 using test::kH264;
+using test::kUneven;
 using test::kWmv;
 using test::makeNumbered;
 using test::Server;
@@ -49,44 +51,39 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
   Bench bench;
   auto inMilliseconds = kH264;
   inMilliseconds.insert(inMilliseconds.end(), {"-video_track_timescale", "1000"});
-  struct Row {
-    std::string name;
-    std::string rate;
-    std::string stamps;
-    std::vector<std::string> codec;
-    int beside = 0;  // how many pictures it may be off
-  };
-  for (const auto& row : {Row{"even.mp4", "25", "", kH264}, Row{"ntsc.mp4", "30000/1001", "", kH264},
-                          Row{"uneven.mp4", "25", test::kUneven, inMilliseconds},
-                          Row{"uneven.mkv", "25", test::kUneven, kH264}, Row{"even.wmv", "30", "", kWmv},
-                          Row{"b.avi", "25", "", {"-c:v", "mpeg4", "-q:v", "1", "-g", "20", "-bf", "2"}, 1},
-                          Row{"b.ts", "25", "", kH264, 1}}) {
-    SCOPED_TRACE(row.name);
-    const auto path = makeNumbered(bench.folder, row.name, row.rate, row.stamps, row.codec);
+  const std::tuple<std::string, std::string, std::vector<std::string>, int> rows[] = {
+      {"even.mp4", "25", kH264, 0},
+      {"ntsc.mp4", "30000/1001", kH264, 0},
+      {"uneven.mp4", kUneven, inMilliseconds, 0},
+      {"uneven.mkv", kUneven, kH264, 0},
+      {"even.wmv", "30", kWmv, 0},
+      // May be a picture off.
+      {"b.avi", "25", {"-c:v", "mpeg4", "-q:v", "1", "-g", "20", "-bf", "2"}, 1},
+      {"b.ts", "25", kH264, 1}};
+  for (const auto& [name, rate, codec, beside] : rows) {
+    SCOPED_TRACE(name);
+    const auto path = makeNumbered(bench.folder, name, rate, codec);
     auto& engine = bench.engine;
     engine.setFileName(path);
     ASSERT_EQ(engine.opening(), EngineOpening::Open) << engine.errorDescription();
     EXPECT_EQ(engine.sourceWidth(), 64);
     EXPECT_EQ(engine.position(), 0);
-    EXPECT_NEAR(bench.drawn(), 0, row.beside);
-    const auto standsAt = [&](int wanted, const char* how) {
-      EXPECT_TRUE(bench.until([&] { return std::abs(bench.drawn() - wanted) <= row.beside; }))
+    EXPECT_NEAR(bench.drawn(), 0, beside);
+    const auto standsAt = [&, beside = beside](int wanted, const char* how) {
+      EXPECT_TRUE(bench.until([&] { return std::abs(bench.drawn() - wanted) <= beside; }))
           << how << ": " << bench.drawn() << " for " << wanted;
       EXPECT_TRUE(bench.until([&] {
-        return std::abs(bench.rendered(path, engine.position()) - bench.drawn()) <= row.beside;
+        return std::abs(bench.rendered(path, engine.position()) - bench.drawn()) <= beside;
       })) << how
           << " at " << engine.position();
     };
-    const auto begin = [&](int number) {  // of a picture, seconds
-      if (!row.stamps.empty()) return test::unevenBegin(number);
-      return row.rate == "25" ? number / 25.0 : row.rate == "30" ? number / 30.0 : number * 1001 / 30000.0;
-    };
+    const auto begin = [&, rate = rate](int number) { return beginAt(rate, number); };
     for (const int number : {33, 8, 20, 0}) {
       for (const double share : {0.0, 0.6}) {
         engine.seek(begin(number) + share * (begin(number + 1) - begin(number)));
         standsAt(number, share == 0 ? "sought at its begin" : "sought within it");
       }
-      const double near = row.beside == 0 ? 0.00075 : 0.05;
+      const double near = beside == 0 ? 0.00075 : 0.05;
       EXPECT_TRUE(bench.until([&] { return std::fabs(engine.position() - begin(number)) <= near; }))
           << engine.position() << " for " << number;
     }
@@ -127,25 +124,19 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
   NoKeys keys;
   PlayerFacade player(
       {mode, collection, settings, b.engine, b.graphs, b.facts, b.counts, probe, boxes, keys});
-  const struct {
-    const char* name;
-    bool uneven;
-    const std::vector<std::string>& codec;
-    bool graph;
-  } rows[] = {{"frames.mp4", false, kH264, false},
-              {"frames.wmv", false, kWmv, true},
-              {"uneven.mkv", true, kH264, false},
-              {"uneven.wmv", true, kWmv, true}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    const auto path = row.uneven ? makeNumbered(b.folder, row.name, "25", test::kUneven, row.codec)
-                                 : makeNumbered(b.folder, row.name, "30000/1001", "", row.codec);
+  for (const auto& [name, rate, usesGraph] : {std::tuple{"frames.mp4", std::string("30000/1001"), false},
+                                              {"frames.wmv", "30000/1001", true},
+                                              {"uneven.mkv", kUneven, false},
+                                              {"uneven.wmv", kUneven, true}}) {
+    SCOPED_TRACE(name);
+    const auto path = makeNumbered(b.folder, name, rate, usesGraph ? kWmv : kH264);
     collection.MovieList.add({}).MovieName(path);
     collection.icurMov = collection.MovieList.count();
     player.PlayerSetFilename(path, collection.icurMov);
-    ASSERT_EQ(player.UsingCorona(), row.graph);
+    ASSERT_EQ(player.UsingCorona(), usesGraph);
     player.PlayerSetDisplayMode(DisplayMode::Frames);
-    EXPECT_TRUE(b.until([&] { return std::abs(player.PlayerGetDuration() - 50) <= !row.uneven; }))
+    const int most = rate == kUneven ? 0 : 1;
+    EXPECT_TRUE(b.until([&] { return std::abs(player.PlayerGetDuration() - 50) <= most; }))
         << player.PlayerGetDuration();
     for (const int frame : {33, 1, 20, 48, 2}) {
       player.PlayerSetCurrentPosition(frame);
@@ -157,15 +148,12 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
     EXPECT_TRUE(b.shows(3));
     EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == 3; }));
     // A mark within a picture is that picture, from the moment on at which it is set.
-    const auto begin = [&](int frame) {
-      return row.uneven ? test::unevenBegin(frame) : frame * 1001 / 30000.0;
-    };
     for (const int frame : {40, 7}) {
       const InMode seconds(player, DisplayMode::Seconds);
-      player.PlayerSetCurrentPosition(begin(frame) + 0.7 * (begin(frame + 1) - begin(frame)));
+      player.PlayerSetCurrentPosition(0.3 * beginAt(rate, frame) + 0.7 * beginAt(rate, frame + 1));
       const auto marked = seenFrame(player);
       EXPECT_EQ(marked.frame, frame);
-      EXPECT_NEAR(marked.seconds, begin(frame), 0.0011);
+      EXPECT_NEAR(marked.seconds, beginAt(rate, frame), 0.0011);
       EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
       EXPECT_EQ(b.rendered(path, marked.seconds + 0.0011), frame);
     }
@@ -176,7 +164,7 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
 
 // Fifty pictures in two seconds with a tone.
 std::string makeClip(const test::ScratchFolder& folder, const std::string& name) {
-  return makeNumbered(folder, name, "25", "", {"-c:v", "libx264", "-crf", "4", "-c:a", "aac"},
+  return makeNumbered(folder, name, "25", {"-c:v", "libx264", "-crf", "4", "-c:a", "aac"},
                       {"-f", "lavfi", "-i", "sine=duration=2", "-map", "0", "-map", "1"});
 }
 
@@ -253,7 +241,7 @@ TEST(MpvPlayer, TellsTheChaptersOfAFileOnBothEngines) {
   const auto words = bench.folder / "chapters";
   std::ofstream(words) << ";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=800\ntitle=One\n"
                           "[CHAPTER]\nTIMEBASE=1/1000\nSTART=800\nEND=2000\ntitle=Two\n";
-  const auto path = makeNumbered(bench.folder, "chapters.wmv", "25", "", {"-c:v", "wmv2"},
+  const auto path = makeNumbered(bench.folder, "chapters.wmv", "25", {"-c:v", "wmv2"},
                                  {"-f", "ffmetadata", "-i", words, "-map", "0", "-map_chapters", "1"});
   const auto graph = bench.graphs.RenderFile(path);
   ASSERT_TRUE(graph) << graph.error().text;
@@ -270,13 +258,11 @@ TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
   const auto first = makeClip(bench.folder, "first.mp4");
   const auto second = makeClip(bench.folder, "second.mp4");
   const auto openFiles = [&] {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    return std::count_if(begin(all), end(all), [&](const auto& entry) {
       std::error_code gone;
-      const auto target = std::filesystem::read_symlink(entry.path(), gone).string();
-      count += target.starts_with(bench.folder.path()) ? 1 : 0;
-    }
-    return count;
+      return std::filesystem::read_symlink(entry.path(), gone).string().starts_with(bench.folder.path());
+    });
   };
   bench.engine.setFileName(first);
   for (int change = 0; change < 4; ++change) {
@@ -367,7 +353,7 @@ TEST(MpvPlayer, TellsWhyAFileCannotBePlayedAndPlaysTheNext) {
 
 TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
   Bench bench;
-  const auto path = makeNumbered(bench.folder, "clip.ts", "5", "",
+  const auto path = makeNumbered(bench.folder, "clip.ts", "5",
                                  {"-c:v", "mpeg2video", "-q:v", "2", "-g", "5", "-muxrate", "1500k"});
   const auto bytes = test::bytesOf(path);
   auto& engine = bench.engine;
@@ -382,7 +368,7 @@ TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
   engine.setRate(20);  // soon at what is missing
   {
     // Behind the last picture of a whole file there are bytes that nobody reads.
-    const auto whole = makeNumbered(bench.folder, "whole.mp4", "3", "", {"-movflags", "+faststart"});
+    const auto whole = makeNumbered(bench.folder, "whole.mp4", "3", {"-movflags", "+faststart"});
     const auto film = test::bytesOf(whole);
     const Server server(Server::Manner::Whole, film + std::string(film.size() / 16, '\0'));
     engine.setFileName(server.address());

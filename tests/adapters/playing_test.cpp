@@ -42,13 +42,13 @@ struct RealBench : RealStage, test::TransportRoom {
 
 TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
   RealBench b;
-  b.add(makeNumbered(b.folder, "a.mp4", "25", "", test::kH264), 0.4, 0.8);
+  b.add(makeNumbered(b.folder, "a.mp4", "25", test::kH264), 0.4, 0.8);
   b.add(test::makeMedia(b.folder, "b.mp3", {"-f", "lavfi", "-i", "sine=duration=0.6"}), 0.1, 0.5);
   b.add(test::makeMedia(b.folder, "c.png", {"-f", "lavfi", "-i", "color=size=64x48", "-frames:v", "1"}))
       .IsStill(true);
-  b.add(makeNumbered(b.folder, "d.wmv", "25", "", test::kWmv), 1, 1.4);
-  b.add(makeNumbered(b.folder, "e.mkv", "25", test::kUneven, test::kH264), test::unevenBegin(12),
-        test::unevenBegin(18));
+  b.add(makeNumbered(b.folder, "d.wmv", "25", test::kWmv), 1, 1.4);
+  b.add(makeNumbered(b.folder, "e.mkv", test::kUneven, test::kH264), test::beginAt(test::kUneven, 12),
+        test::beginAt(test::kUneven, 18));
   b.settings.user.StillDelayTimer = 1;
   b.mode.IsFullScreenWindow = true;  // where stills go on by themselves
   std::string walk;

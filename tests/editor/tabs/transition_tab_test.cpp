@@ -62,10 +62,11 @@ TEST(TransitionTab, AChosenClipIsHeldWithinItsLimit) {
   b.fade(15);
   b.clip().LoopEnd(Value(0.1));
   for (const bool rebuild : {true, true, false}) b.rules.show(rebuild);
-  EXPECT_EQ(b.clip().TransType() + ShortText(b.clip().TransIn()), "CUT0");
-  ASSERT_EQ(b.boxes.shown.size(), 1U) << "not for each change that is heard of";
-  EXPECT_EQ(b.boxes.shown.at(0).caption + "|" + b.boxes.shown.at(0).text,
-            "KVO - Transition warning|This clip or the previous clip is too short to apply a transition to");
+  const auto& warning = b.boxes.shown.at(0);
+  EXPECT_EQ(lineOf(b.clip().TransType(), b.clip().TransIn(), warning.caption, "|", warning.text),
+            "CUT 0 KVO - Transition warning | This clip or the previous clip is too short to apply a "
+            "transition to");
+  EXPECT_EQ(b.boxes.shown.size(), 1U) << "not for each change that is heard of";
 }
 
 TEST(TransitionTab, WhatCannotBeChosenSaysWhy) {
