@@ -129,8 +129,9 @@ std::string heldSo(std::string file, const std::string& kind, std::uint32_t orie
     file = extended + file.substr(12) + "EXIF" + number(static_cast<std::uint32_t>(exif.size()), 4) + exif;
     return "RIFF" + number(static_cast<std::uint32_t>(file.size()) + 4, 4) + "WEBP" + file;
   }
-  // In the place of what a TIFF tells of the software that has made it.
-  return file.replace(file.find(number(305, 2) + number(2, 2)), entry.size(), entry);
+  // In the directory of a TIFF, whose tags rise, for what it tells of the software that has made it.
+  file.erase(file.find(number(305, 2) + number(2, 2)), entry.size());
+  return file.insert(file.find(number(277, 2) + number(3, 2)), entry);
 }
 
 TEST(MediaFileContents, OfAMenuOfADvdItIsTheFilm) {
