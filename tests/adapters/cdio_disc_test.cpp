@@ -3,8 +3,6 @@
 
 #include "support/real_world.h"
 
-#include <fstream>
-
 namespace kvo {
 namespace {
 

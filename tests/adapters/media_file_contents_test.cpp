@@ -2,9 +2,6 @@
 
 #include "support/real_world.h"
 
-#include <filesystem>
-#include <fstream>
-
 namespace kvo {
 namespace {
 

@@ -3,7 +3,6 @@
 #include "adapters/posix/posix_name_locks.h"
 #include "support/real_world.h"
 
-#include <filesystem>
 #include <sys/stat.h>
 
 namespace kvo {
@@ -18,20 +17,16 @@ TEST_F(PosixFilesTest, AReplacementIsSeenOnlyAfterCommit) {
   const auto path = folder_ / "a.txt";
   ASSERT_TRUE(writeDurably(files_, path, "old"));
   ::chmod(path.c_str(), 0640);
-  {
-    auto abandoned = files_.replace(path);
-    ASSERT_TRUE(abandoned);
-    ASSERT_TRUE((*abandoned)->write(0, "new"));
-    EXPECT_EQ(*files_.read(path, 100), "old");
+  for (const bool commits : {false, true}) {
+    {
+      auto begun = files_.replace(path);
+      ASSERT_TRUE(begun && (*begun)->write(4, "new"));
+      EXPECT_EQ(*files_.read(path, 100), "old");
+      EXPECT_TRUE(!commits || (*begun)->commit());
+    }
+    EXPECT_EQ(*files_.read(path, 100), commits ? std::string("\0\0\0\0new", 7) : "old");
+    EXPECT_EQ(folder_.names().size(), 1U);
   }
-  EXPECT_EQ(*files_.read(path, 100), "old");
-  EXPECT_EQ(folder_.names().size(), 1U);
-
-  auto kept = files_.replace(path);
-  ASSERT_TRUE((*kept)->write(4, "new"));
-  ASSERT_TRUE((*kept)->commit());
-  EXPECT_EQ(*files_.read(path, 100), std::string("\0\0\0\0new", 7));
-  EXPECT_EQ(folder_.names().size(), 1U);
   struct stat found {};
   ::stat(path.c_str(), &found);
   EXPECT_EQ(found.st_mode & 0777U, 0640U);

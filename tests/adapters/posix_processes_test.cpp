@@ -4,9 +4,6 @@
 #include "adapters/posix/posix_temporary_folders.h"
 #include "support/real_world.h"
 
-#include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <sys/wait.h>
 #include <unistd.h>
 

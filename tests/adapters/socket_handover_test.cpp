@@ -3,7 +3,6 @@
 #include "support/real_world.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>

@@ -6,10 +6,6 @@
 #include "support/fakes.h"
 #include "support/held_engine.h"
 
-#include <csignal>
-#include <filesystem>
-#include <fstream>
-
 namespace kvo {
 namespace {
 

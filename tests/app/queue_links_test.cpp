@@ -7,8 +7,6 @@
 #include "support/scripted_boxes.h"
 #include "support/virtual_loop.h"
 
-#include <fstream>
-
 namespace kvo {
 namespace {
 

@@ -11,7 +11,6 @@
 #include "vocabulary/encode_profiles.h"
 
 #include <cmath>
-#include <filesystem>
 
 namespace kvo {
 namespace {

@@ -2,9 +2,6 @@
 #include "support/held_engine.h"
 #include "support/loopback_server.h"
 
-#include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <list>
 
 namespace kvo {

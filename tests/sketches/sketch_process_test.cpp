@@ -9,7 +9,6 @@
 #include "support/real_world.h"
 #include "support/virtual_loop.h"
 
-#include <filesystem>
 #include <thread>
 
 namespace kvo {

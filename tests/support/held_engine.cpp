@@ -1,7 +1,5 @@
 #include "support/held_engine.h"
 
-#include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
 #include <system_error>
 

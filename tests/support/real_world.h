@@ -5,7 +5,10 @@
 #include "support/texts.h"
 
 #include <chrono>
+#include <csignal>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>
