@@ -55,19 +55,14 @@ bool until(const std::function<bool()>& holds) {
   return holds();
 }
 
-// The words of a program that talks to this one meanwhile.
-std::string said(const std::vector<std::string>& command) {
-  auto end = std::async(std::launch::async, [&] { return test::runProgram(command); });
+// What it says while it talks to this program.
+std::string playerctl(std::vector<std::string> words) {
+  // It lists the players of both buses, and they are one here.
+  words.insert(words.begin(), {"env", "DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nowhere", "playerctl"});
+  auto end = std::async(std::launch::async, [&] { return test::runProgram(words); });
   EXPECT_TRUE(until([&] { return end.wait_for(0s) == std::future_status::ready; }));
   const auto told = end.get();
   return told.out + told.err;
-}
-
-std::string playerctl(std::vector<std::string> words) {
-  // It lists the players of both buses, and they are one here.
-  const std::vector<std::string> alone = {"env", "DBUS_SYSTEM_BUS_ADDRESS=unix:path=/nowhere", "playerctl"};
-  words.insert(words.begin(), alone.begin(), alone.end());
-  return said(words);
 }
 
 // A process has one session bus, and so have all of these tests.

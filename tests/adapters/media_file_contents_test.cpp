@@ -43,10 +43,7 @@ TEST(MediaFileContents, KnowsWhatAnEarlierRunHasFoundOut) {
   EXPECT_TRUE(first.hasNews());
   const auto text = first.known("us");
   const auto time = std::filesystem::last_write_time(path);
-  {
-    std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
-    file << std::string(64, 'x');
-  }
+  std::fstream(path, std::ios::in | std::ios::out | std::ios::binary) << std::string(64, 'x');
   std::filesystem::last_write_time(path, time);
   const auto told = [](const StreamFacts& f) {
     return lineOf(f.width, f.codec, f.frameRate, f.duration, f.hasAudio);

@@ -72,10 +72,8 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
     const auto standsAt = [&, beside = beside](int wanted, const char* how) {
       EXPECT_TRUE(bench.until([&] { return std::abs(bench.drawn() - wanted) <= beside; }))
           << how << ": " << bench.drawn() << " for " << wanted;
-      EXPECT_TRUE(bench.until([&] {
-        return std::abs(bench.rendered(path, engine.position()) - bench.drawn()) <= beside;
-      })) << how
-          << " at " << engine.position();
+      const auto off = [&] { return std::abs(bench.rendered(path, engine.position()) - bench.drawn()); };
+      EXPECT_TRUE(bench.until([&] { return off() <= beside; })) << how << " at " << engine.position();
     };
     const auto begin = [&, rate = rate](int number) { return beginAt(rate, number); };
     for (const int number : {33, 8, 20, 0}) {

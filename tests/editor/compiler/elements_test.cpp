@@ -303,7 +303,7 @@ TEST(Keyframes, ASplitIsNotSeen) {
 TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
   for (const auto& [effect, level] : {std::pair{4, 100}, {9, 100}, {17, 0}, {27, 30}}) {
     Bench b;
-    addLevels(b.addVideo("a.avi", 0, 4));
+    b.addVideo("a.avi", 0, 4);
     LoadEffects(b.editing);
     b.collection.icurMov = 1;
     b.settings.state.KeyframeEffectNo = static_cast<Integer>(effect);
