@@ -403,9 +403,8 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   expectEnd(kvo5({"--queue", "remove", "2"}), 0);
   expectEnd(kvo5({"--queue", "run"}), 0, "1  done  100%");
   EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "c.avi"));
-  EXPECT_FALSE(fs::exists(work_ / "b.avi"));
-  EXPECT_FALSE(fs::exists(work_ / ".rendering-c.avi"));
-  EXPECT_FALSE(fs::exists(home_ / "program/Queue/3.xtl"));
+  for (const auto& path : {work_ / "b.avi", work_ / ".rendering-c.avi", home_ / "program/Queue/3.xtl"})
+    EXPECT_FALSE(fs::exists(path)) << path;
   expectEnd(kvo5({"--queue", "resume", "1"}), 1, "job 1 is done");
   expectEnd(kvo5({"--queue", "clear"}), 0);
   expectEnd(kvo5({"--queue", "list"}), 0, "the queue is empty");

@@ -30,8 +30,8 @@ struct AudioBench : test::TabBench {
 
 TEST(AudioTab, ShowsAllClipsAndTheSoundOfTheOneInHand) {
   AudioBench b;
-  EXPECT_EQ(b.tab.Lst_AudioMovies.rows.size(), 4U);
-  EXPECT_EQ(b.sound(), "Fade In Over - Cut | Fade Out Over - Cut of 50 | Clip Audio Level in Movie - 100%");
+  EXPECT_EQ(lineOf(b.tab.Lst_AudioMovies.rows.size(), b.sound()),
+            "4 Fade In Over - Cut | Fade Out Over - Cut of 50 | Clip Audio Level in Movie - 100%");
   b.clip(4).AudioFadeOutTime(7.5F);
   b.clip(4).AudioOutputLevel(0);
   chooseAudioClip(b.editing, b.tab, b.host, 3);

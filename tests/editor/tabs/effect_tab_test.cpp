@@ -25,8 +25,7 @@ TEST(EffectTab, FollowsTheClipInHand) {
             "Mirror|Fade to Black|Right click to configure Angled Strokes options");
   b.clip(2).EffectWord("01");
   chooseEffectClip(b.editing, b.tab, b.host, 1);
-  EXPECT_TRUE(b.face(2).isOn);
-  EXPECT_EQ(b.host.look(), "clip 2, sample Effect 2");
+  EXPECT_EQ(lineOf(b.face(2).isOn, b.host.look()), "1 clip 2, sample Effect 2");
   for (const auto& [clip, asked] : {std::pair{3, "kill"}, {4, "tab 2"}, {2, "sample Effect 2"}}) {
     b.collection.icurMov = clip;
     followTab(b.editing, b.tab, b.host, true);
@@ -36,8 +35,7 @@ TEST(EffectTab, FollowsTheClipInHand) {
   EXPECT_EQ(b.host.look(), "") << "it is seen already";
   b.collection.clearLists();
   followTab(b.editing, b.tab, b.host, true);
-  EXPECT_EQ(b.host.look(), "tab 1");
-  EXPECT_EQ(lineOf(b.settings.state.ObjectChange, b.tab.enabled), "99 0");
+  EXPECT_EQ(lineOf(b.host.look(), b.settings.state.ObjectChange, b.tab.enabled), "tab 1 99 0");
 }
 
 TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {

@@ -107,8 +107,7 @@ TEST(ColorTab, EachLevelWritesItsField) {
     return lineOf(m.Sepia(), m.Red(), m.Green(), m.Blue(), m.Threshold(), m.Contrast(), m.Brightness(),
                   m.Gamma());
   };
-  EXPECT_EQ(stored(), "1 1 2 3 4 5 6 7");
-  EXPECT_TRUE(tab.Chk_Sepia);
+  EXPECT_EQ(lineOf(stored(), tab.Chk_Sepia), "1 1 2 3 4 5 6 7 1");
   EXPECT_EQ(b.host.look().substr(0, 29), "edit Red 2 0, sample Colour 2");
   resetColours(b.editing, tab, b.host);
   EXPECT_EQ(lineOf(stored(), tab.whyNot + tab.resetWhyNot), "0 0 0 0 0 0 0 0 All values are 0 already");

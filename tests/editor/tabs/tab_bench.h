@@ -5,10 +5,6 @@
 #include "support/fakes.h"
 
 #include <functional>
-#include <string>
-#include <utility>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 
