@@ -5,7 +5,6 @@
 #include "support/scripted_boxes.h"
 
 #include <clocale>
-#include <numeric>
 
 namespace kvo {
 namespace {

@@ -5,6 +5,8 @@
 #include "engine/document/document_reader.h"
 #include "support/fakes.h"
 
+#include <gtest/gtest.h>
+
 namespace kvo {
 namespace {
 

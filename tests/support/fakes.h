@@ -10,8 +10,6 @@
 
 #include <string>
 
-#include <gtest/gtest.h>
-
 namespace kvo::test {
 
 /// A collection with everything round it that reading, writing and compiling need.

@@ -4,6 +4,8 @@
 #include "editor/tabs/operations.h"
 #include "support/fakes.h"
 
+#include <gtest/gtest.h>
+
 namespace kvo {
 namespace {
 

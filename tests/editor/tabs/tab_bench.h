@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include <gtest/gtest.h>
+
 namespace kvo::test {
 
 /// Notes what is asked of it: "edit Blur 2 0, sample Effect 2".
