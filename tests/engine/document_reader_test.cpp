@@ -99,8 +99,8 @@ TEST(DocumentReader, NumbersOfParametersCanBeReckonedWith) {
 
 TEST(DocumentReader, RefusesWhatCannotBeRenderedAndSaysWhy) {
   const auto times = [](const char* mstop, const char* start) {
-    return track("a.avi",
-                 std::string("mstart=\"0\" mstop=\"") + mstop + "\" start=\"" + start + "\" stop=\"1\"");
+    return document(track(
+        "a.avi", std::string("mstart=\"0\" mstop=\"") + mstop + "\" start=\"" + start + "\" stop=\"1\""));
   };
   const auto repeated = [](const std::string& text, int count) {
     std::string all;
@@ -113,40 +113,34 @@ TEST(DocumentReader, RefusesWhatCannotBeRenderedAndSaysWhy) {
     bomb += std::string("<!ENTITY ") + c + " \"" + twice + "\">";
   }
   const std::string cut = "<transition start=\"0\" stop=\"1\" ";
-  const std::pair<std::string, const char*> rows[] = {
-      {"", "damaged"},
-      {"hello", "damaged"},
-      {"<html></html>", "<timeline>"},
-      {"<timeline></timeline>", "no clips"},
-      {document(track("a.avi")).substr(0, 180), "damaged"},
-      {"<timeline>" + repeated("<a>", 100000), "damaged"},
-      {bomb + "]><timeline>&y;</timeline>", "no clips"},
-      {document(repeated(track("a.avi"), 70000)), "65536"},
-      {document(track("")), "names no file"},
-      {document(times("0.0000", "0")), "a.avi"},
-      {document(times("1", "2")), "no length"},
-      {document(times("N/A", "0")), "no numbers"},
-      {document(times("1e300", "0")), "no numbers"},
-      {document(clip("a.avi") + cut + "clsid=\"{x}\"></transition></track>"), "{x}"},
-      {document("<track>" + cut + kFade + "></transition></track>"), "without a clip"},
-      {document(track("a.avi", kTimes, "<effect clsid=\"{x}\" start=\"0\" stop=\"2\"></effect>")),
-       "there is no effect {x}"},
-      {document(
-           track("a.avi", kTimes, R"(<effect clsid="{7312498D-E87A-11d1-81E0-0000F87557DB}" start="0"/>)")),
-       "a.avi: the times of its effect"},
-      {document(repeated("<composite>", 40) + track("a.avi") + repeated("</composite>", 40)),
-       "nested too deep"},
-      {document(track("a.avi"), R"(width="0" height="0")"), "0 x 0"},
-      {document(track("a.avi"), R"(width="20000" height="20000")"), "20000 x 20000"},
-      {document(track("a.avi"), kSize + " framerate=\"0.99\""), "rate 0.99 is not within 1 to 1000"},
-      {document(track("a.avi"), kSize + " framerate=\"1e9\""), "rate 1e9 is not"},
-      {document(track("a.avi"), kSize + " framerate=\"x\""), "rate x is not"},
-  };
-  for (const auto& [text, says] : rows) {
-    const auto timeline = readDocument(text);
-    ASSERT_FALSE(timeline) << says;
-    EXPECT_NE(timeline.error().text.find(says), std::string::npos) << timeline.error().text;
-  }
+  const std::string rows[] = {
+      "",
+      "hello",
+      "<html></html>",
+      "<timeline></timeline>",
+      document(track("a.avi")).substr(0, 180),
+      "<timeline>" + repeated("<a>", 100000),
+      bomb + "]><timeline>&y;</timeline>",
+      document(repeated(track("a.avi"), 70000)),
+      document(track("")),
+      times("0.0000", "0"),
+      times("1", "2"),
+      times("N/A", "0"),
+      times("1e300", "0"),
+      document(clip("a.avi") + cut + "clsid=\"{x}\"></transition></track>"),
+      document("<track>" + cut + kFade + "></transition></track>"),
+      document(track("a.avi", kTimes, "<effect clsid=\"{x}\" start=\"0\" stop=\"2\"></effect>")),
+      document(
+          track("a.avi", kTimes, R"(<effect clsid="{7312498D-E87A-11d1-81E0-0000F87557DB}" start="0"/>)")),
+      document(repeated("<composite>", 40) + track("a.avi") + repeated("</composite>", 40)),
+      document(track("a.avi"), R"(width="0" height="0")"),
+      document(track("a.avi"), R"(width="20000" height="20000")"),
+      document(track("a.avi"), kSize + " framerate=\"0.99\""),
+      document(track("a.avi"), kSize + " framerate=\"1e9\""),
+      document(track("a.avi"), kSize + " framerate=\"x\"")};
+  std::string log;
+  for (const auto& text : rows) log += text.substr(0, 40) + ": " + told(readDocument(text)) + "\n";
+  test::expectGoldenLog(log);
 }
 
 }  // namespace

@@ -136,6 +136,12 @@ TEST(MovieRender, EndsAsItShould) {
       b.create.Txt_Too = too;
     };
   };
+  const auto named = [](const std::optional<std::string>& name, Answer replaces = Answer::Yes) {
+    return [=](auto& b) {
+      b.dialogs.answers = {name};
+      b.boxes.answers = {replaces};
+    };
+  };
   const auto views = [](Answer answer, bool neverAgain) {
     return [=](auto& b) {
       b.engine.turns = {{.seconds = 20, .bytes = 1 << 20}, {.seconds = 45, .bytes = 3 << 20}};
@@ -183,21 +189,15 @@ TEST(MovieRender, EndsAsItShould) {
   const Row rows[] = {
       {"it is viewed", views(Answer::Yes, false)},
       {"it is not, and who says so is asked again", views(Answer::No, true)},
-      {"an extension is missing", [](auto& b) { b.dialogs.answers = {"/out/film"}; }, nothing,
-       OutputKind::Avi},
-      {"Cancel", [](auto& b) { b.dialogs.answers = {std::nullopt}; }},
-      {"an older file",
-       [](auto& b) {
-         b.dialogs.answers = {"/out/older"};
-         b.files.all["/out/older.WMV"] = "old";
-         b.boxes.answers = {Answer::No};
-       }},
+      {"it takes longer than the 19 s that are counted down", turns({.seconds = 10}, {.seconds = 100})},
+      {"an extension is missing", named("/out/film"), nothing, OutputKind::Avi},
+      {"Cancel", named(std::nullopt)},
+      {"an older file stays", named("/out/older", Answer::No)},
       {"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }},
-      {"no such folder", [](auto& b) { b.dialogs.answers = {"/gone/film.wmv"}; }},
+      {"no such folder", named("/gone/film.wmv")},
       {"asks again for a name that cannot be",
        [](auto& b) {
          b.addVideo("own.avi", 0, 2, "/out/");
-         b.files.all["/out/older.avi"] = "old";
          b.dialogs.answers = {"/out/own.avi", "/gone/new.avi", "/out/older.avi", "/out/new.avi"};
          b.boxes.answers = {Answer::Ok, Answer::Ok, Answer::No};
        },
@@ -243,16 +243,23 @@ TEST(MovieRender, EndsAsItShould) {
   for (const auto& row : rows) {
     RenderBench b;
     b.choose(row.kind, row.profile);
-    b.files.all["/out/my film.wmv"] = "old";
+    for (const auto* older : {"my film.wmv", "older.WMV", "older.avi"})
+      b.files.all[std::string("/out/") + older] = "old";
     b.boxes.answers = {Answer::Yes};  // it may be replaced
     b.settings.state.IsDirty = false;
     row.prepare(b);
-    b.host.onChange = [&] { row.during(b); };
+    std::string pies = "  pies";
+    b.host.onChange = [&] {
+      row.during(b);
+      const auto pie = " " + std::to_string(b.state.pie.colour);
+      if (b.state.frame == RenderFrame::Rendering && b.engine.running > 0 && !pies.ends_with(pie))
+        pies += pie;
+    };
     std::string behind = "  behind the boxes";
     b.boxes.whileShown = [&] { behind += " " + b.state.heading + "|" + b.state.caption; };
     b.render.WriteRenderMovie();
     all += std::string("== ") + row.what + ", after " + std::to_string(b.loop.now().count()) + " ms\n" +
-           endOf(b) + behind + "\n";
+           endOf(b) + behind + "\n" + pies + "\n";
     for (const auto& asked : b.dialogs.asked) all += "  name " + asked.folder + " " + asked.name + "\n";
     const auto& kept = b.settings.preferences();
     all += std::string("  never again:") + (kept.RenderDiskWarning ? " disk" : "") +
@@ -427,21 +434,6 @@ TEST(MovieRender, PutsItsProfileInForceForTheEngineAlone) {
   EXPECT_FALSE(test::holds(b.engine.calls[1], "/P'"));
   EXPECT_TRUE(during.starts_with(std::string("<\0P", 3)));
   EXPECT_EQ(b.files.all["/prog/wmsysprx.prx"], "system");
-}
-
-TEST(MovieRender, GoesOnBeyondItsCountdownWithAnotherPie) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.settings.adjust().RenderAutoView = true;
-  b.engine.turns = {{.seconds = 10}, {.seconds = 100}};  // 19 s are counted down
-  std::vector<int> colours;
-  b.host.onChange = [&] {
-    if (b.state.frame != RenderFrame::Rendering || b.engine.running == 0) return;
-    if (colours.empty() || colours.back() != b.state.pie.colour) colours.push_back(b.state.pie.colour);
-  };
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(colours, (std::vector{kPieBlue, 65280, 65535}));
-  EXPECT_EQ(b.state.completed, "Completed in 1 mins 40 (s)");
 }
 
 TEST(MovieRender, HandsAMovieToTheQueue) {
