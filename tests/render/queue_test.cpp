@@ -1,4 +1,5 @@
 // Renders that wait their turn, in virtual time.
+#include "base/numbers.h"
 #include "render/queue/queue_rows.h"
 #include "render/queue/queue_runner.h"
 #include "support/fake_processes.h"
@@ -8,8 +9,6 @@
 #include "support/memory_locks.h"
 #include "support/noted_work.h"
 #include "support/virtual_loop.h"
-
-#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -46,23 +45,6 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
                            "KVO5 render queue\nnumber=1\n[job]\nnumber=3\n"})
     EXPECT_TRUE(readQueue(junk)->jobs.empty()) << junk;
   EXPECT_FALSE(readQueue("KVO5 render queue 2\n[job]\nnumber=1\noutput=/a.avi\n"));
-}
-
-TEST(RenderQueueText, IsShownAsRows) {
-  RenderQueue queue;
-  for (const auto state :
-       {JobState::Waiting, JobState::Running, JobState::Paused, JobState::Done, JobState::Failed}) {
-    auto& job = **addJob(queue, "", {.document = "d", .output = "/out/" + std::string(stateWord(state))});
-    job.state = state;
-    job.share = 0.425;
-    if (state == JobState::Failed) job.failure = "disk full";
-  }
-  EXPECT_EQ(queuedRows(queue),
-            (std::vector<QueuedRow>{{1, "waiting", "waiting", "", true, false},
-                                    {2, "running", "43%", "", true, false},
-                                    {3, "paused", "paused", "", false, true},
-                                    {4, "done", "done", "", false, false, false, false, true},
-                                    {5, "failed", "failed", "disk full", false, true, true}}));
 }
 
 TEST(RenderQueueText, IsToldInAFewWords) {
@@ -148,9 +130,13 @@ class QueueRunnerTest : public testing::Test {
     log += what + ":";
     const auto queue = store.read();
     if (!queue) log += " " + queue.error().text;
-    for (const auto& job : queue ? queue->jobs : std::vector<QueueJob>())
-      log += " " + std::to_string(job.number) + " " + std::string(stateWord(job.state)) + " " +
-             std::to_string(std::lround(job.share * 100)) + "% " + job.failure;
+    for (const auto& row : queue ? queuedRows(*queue) : std::vector<QueuedRow>()) {
+      const auto share = std::ranges::find(queue->jobs, row.number, &QueueJob::number)->share;
+      log += " [" + std::to_string(row.number) + " " + row.name + " " + row.state + " of " +
+             FormatMask(share, "0.00") + (row.canPause ? " pause" : "") + (row.canGoOn ? " go on" : "") +
+             (row.hasFailed ? " again" : "") + (row.isInOnePiece ? " whole" : "") +
+             (row.canView ? " view" : "") + row.failure + "]";
+    }
     log += "; engine " + std::to_string(processes.all.size()) +
            (!processes.all.empty() && processes.last().stopped ? " stopped" : "") +
            (runner->isIdle() ? ", idle" : "") + ", failed " + std::to_string(runner->failed()) + " " +
