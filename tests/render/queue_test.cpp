@@ -93,7 +93,8 @@ class QueueRunnerTest : public testing::Test {
       EXPECT_EQ(store.add("Holiday", {.document = "<" + name + ">", .output = name}, "").value(), i);
     }
     begin();
-    step("begin");
+    step(
+        "begin", [] {}, 0);
   }
   void TearDown() override { test::expectGoldenLog(log); }
 
