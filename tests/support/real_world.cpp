@@ -129,6 +129,13 @@ bool comesToItsEnd(int process) {
   });
 }
 
+std::string noise(std::size_t count) {
+  std::string bytes(count, '\0');
+  unsigned random = 1;
+  for (auto& byte : bytes) byte = static_cast<char>((random = random * 1664525U + 1013904223U) >> 24U);
+  return bytes;
+}
+
 std::string bytesOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};

@@ -74,6 +74,9 @@ bool eventually(const std::function<bool()>& holds,
 /// Waits for the end of a process that somebody else has started.
 bool comesToItsEnd(int process);
 
+/// Bytes that follow no rule, always the same ones.
+std::string noise(std::size_t count);
+
 /// A whole file; empty where there is none.
 std::string bytesOf(const std::string& path);
 
