@@ -3,10 +3,6 @@
 
 #include "support/real_world.h"
 
-#include <fstream>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
@@ -19,20 +15,19 @@ TEST(CdioDisc, TellsTheTracksOfWhatIsMounted) {
                                          "  TRACK 02 AUDIO\n    INDEX 01 00:02:00\n"
                                          "  TRACK 03 MODE1/2352\n    INDEX 01 00:04:00\n";
   std::ofstream(scratch / "text.cue") << "no disc";
-  std::ofstream(scratch / "mounts") << "proc /proc proc rw 0 0\n"
-                                    << scratch / "text.cue"
-                                    << " /media/none iso9660 ro 0 0\n"
-                                    << scratch / "gone"
-                                    << " /media/gone iso9660 ro 0 0\n"
-                                    << scratch / "disc.cue"
-                                    << " /media/a\\040disc iso9660 ro 0 0\n";
+  std::ofstream mounts(scratch / "mounts");
+  mounts << "proc /proc proc rw 0 0\n";
+  for (const auto& [image, place] :
+       {std::pair{"text.cue", "none"}, {"gone", "gone"}, {"disc.cue", "a\\040disc"}})
+    mounts << scratch / image << " /media/" << place << " iso9660 ro 0 0\n";
+  mounts.close();
   CdioDisc disc(scratch / "mounts");
   const auto table = disc.read("/media/a disc/");
   ASSERT_TRUE(table);
-  std::vector<std::pair<int, bool>> tracks;
-  for (const auto& track : table->tracks) tracks.emplace_back(track.TrackOffSet, track.isSound);
-  EXPECT_EQ(tracks, (std::vector<std::pair<int, bool>>{{150, true}, {300, true}, {450, false}}));
-  EXPECT_EQ(table->end, 600);
+  std::string tracks;
+  for (const auto& track : table->tracks)
+    tracks += test::lineOf(track.TrackOffSet, track.isSound ? "sound, " : "data, ");
+  EXPECT_EQ(tracks + std::to_string(table->end), "150 sound, 300 sound, 450 data, 600");
   for (const auto* folder : {"/proc", "/media/none", "/media/gone", "/nowhere/"})
     EXPECT_FALSE(disc.read(folder)) << folder;
 }

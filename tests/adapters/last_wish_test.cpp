@@ -3,7 +3,6 @@
 #include "support/virtual_loop.h"
 
 #include <stdexcept>
-#include <string>
 
 #include <gtest/gtest.h>
 

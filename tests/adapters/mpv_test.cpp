@@ -1,39 +1,20 @@
-#include "adapters/media/media_file_contents.h"
-#include "adapters/media/media_picture_counts.h"
-#include "adapters/mpv/mpv_control_engine.h"
-#include "adapters/mpv/mpv_filter_graphs.h"
 #include "adapters/mpv_media.h"
-#include "adapters/posix/poll_loop.h"
 #include "playback/player_facade.h"
 #include "playback/positions/section.h"
-#include "support/loop_rules.h"
 #include "support/loopback_server.h"
-#include "support/real_world.h"
 #include "support/scripted_boxes.h"
 
 #include <clocale>
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <memory>
-#include <numeric>
-#include <string>
-#include <thread>
-#include <utility>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
+using test::beginAt;
 using test::kH264;
+using test::kUneven;
 using test::kWmv;
 using test::makeNumbered;
-using test::numberOfGrey;
 using test::Server;
-using test::turnUntil;
 
 // A desktop whose numbers have a comma, as a toolkit puts it in force ahead of the first player.
 class CommaLocale : public testing::Environment {
@@ -57,32 +38,11 @@ class CommaLocale : public testing::Environment {
 };
 const auto* const kCommaLocale = testing::AddGlobalTestEnvironment(std::make_unique<CommaLocale>().release());
 
-// Both engines on a loop of their own, and somebody who draws.
-struct Bench {
-  test::ScratchFolder folder;
-  PollLoop loop;
-  MediaFileContents facts;
-  MpvLimits limits{.address = std::chrono::milliseconds(2500)};  // a busy machine is slow to begin
-  MpvStage stage{loop, facts, limits};
-  MpvControlEngine engine{stage};
-  MpvFilterGraphs graphs{stage};
+struct Bench : test::Stage {
   int ended = 0;
 
   Bench() {
     engine.whenEndOfStream([this] { ++ended; });
-  }
-
-  int drawn() { return test::drawnNumber(stage.output()); }
-  // The number of the picture that a render shows at this time.
-  int rendered(const std::string& path, double seconds) {
-    const auto picture = facts.frame(path, seconds, 64, 48);
-    if (!picture) return -1;
-    double sum = 0;
-    for (const auto byte : picture->bgr) sum += byte;
-    return numberOfGrey(sum / static_cast<double>(picture->bgr.size()));
-  }
-  bool shows(int number) {
-    return turnUntil(loop, [&] { return drawn() == number; });
   }
 };
 
@@ -90,45 +50,38 @@ TEST(MpvPlayer, ShowsThePictureThatThePositionSaysAndARenderWouldShow) {
   Bench bench;
   auto inMilliseconds = kH264;
   inMilliseconds.insert(inMilliseconds.end(), {"-video_track_timescale", "1000"});
-  struct Row {
-    std::string name;
-    std::string rate;
-    std::string stamps;
-    std::vector<std::string> codec;
-    int beside = 0;  // how many pictures it may be off
-  };
-  for (const auto& row : {Row{"even.mp4", "25", "", kH264}, Row{"ntsc.mp4", "30000/1001", "", kH264},
-                          Row{"uneven.mp4", "25", test::kUneven, inMilliseconds},
-                          Row{"uneven.mkv", "25", test::kUneven, kH264}, Row{"even.wmv", "30", "", kWmv},
-                          Row{"b.avi", "25", "", {"-c:v", "mpeg4", "-q:v", "1", "-g", "20", "-bf", "2"}, 1},
-                          Row{"b.ts", "25", "", kH264, 1}}) {
-    SCOPED_TRACE(row.name);
-    const auto path = makeNumbered(bench.folder, row.name, row.rate, row.stamps, row.codec);
+  const std::tuple<std::string, std::string, std::vector<std::string>, int> rows[] = {
+      {"even.mp4", "25", kH264, 0},
+      {"ntsc.mp4", "30000/1001", kH264, 0},
+      {"uneven.mp4", kUneven, inMilliseconds, 0},
+      {"uneven.mkv", kUneven, kH264, 0},
+      {"even.wmv", "30", kWmv, 0},
+      // May be a picture off.
+      {"b.avi", "25", {"-c:v", "mpeg4", "-q:v", "1", "-g", "20", "-bf", "2"}, 1},
+      {"b.ts", "25", kH264, 1}};
+  for (const auto& [name, rate, codec, beside] : rows) {
+    SCOPED_TRACE(name);
+    const auto path = makeNumbered(bench.folder, name, rate, codec);
     auto& engine = bench.engine;
     engine.setFileName(path);
     ASSERT_EQ(engine.opening(), EngineOpening::Open) << engine.errorDescription();
     EXPECT_EQ(engine.sourceWidth(), 64);
     EXPECT_EQ(engine.position(), 0);
-    EXPECT_NEAR(bench.drawn(), 0, row.beside);
-    const auto standsAt = [&](int wanted, const char* how) {
-      EXPECT_TRUE(turnUntil(bench.loop, [&] { return std::abs(bench.drawn() - wanted) <= row.beside; }))
+    EXPECT_NEAR(bench.drawn(), 0, beside);
+    const auto standsAt = [&, beside = beside](int wanted, const char* how) {
+      EXPECT_TRUE(bench.until([&] { return std::abs(bench.drawn() - wanted) <= beside; }))
           << how << ": " << bench.drawn() << " for " << wanted;
-      EXPECT_TRUE(turnUntil(
-          bench.loop,
-          [&] { return std::abs(bench.rendered(path, engine.position()) - bench.drawn()) <= row.beside; }))
-          << how << " at " << engine.position();
+      const auto off = [&] { return std::abs(bench.rendered(path, engine.position()) - bench.drawn()); };
+      EXPECT_TRUE(bench.until([&] { return off() <= beside; })) << how << " at " << engine.position();
     };
-    const auto begin = [&](int number) {  // of a picture, seconds
-      if (!row.stamps.empty()) return test::unevenBegin(number);
-      return row.rate == "25" ? number / 25.0 : row.rate == "30" ? number / 30.0 : number * 1001 / 30000.0;
-    };
+    const auto begin = [&, rate = rate](int number) { return beginAt(rate, number); };
     for (const int number : {33, 8, 20, 0}) {
       for (const double share : {0.0, 0.6}) {
         engine.seek(begin(number) + share * (begin(number + 1) - begin(number)));
         standsAt(number, share == 0 ? "sought at its begin" : "sought within it");
       }
-      const double near = row.beside == 0 ? 0.00075 : 0.05;
-      EXPECT_TRUE(turnUntil(bench.loop, [&] { return std::fabs(engine.position() - begin(number)) <= near; }))
+      const double near = beside == 0 ? 0.00075 : 0.05;
+      EXPECT_TRUE(bench.until([&] { return std::fabs(engine.position() - begin(number)) <= near; }))
           << engine.position() << " for " << number;
     }
     engine.seek(begin(17));
@@ -159,59 +112,47 @@ class NoKeys : public PlayerHost {
 };
 
 TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
-  Bench bench;
+  Bench b;
   DisplayModeState mode;
   Collection collection;
   KVO2 settings;
-  MediaPictureCounts counts(bench.loop, bench.facts);
   NoStreamProbe probe;
   test::ScriptedBoxes boxes;
   NoKeys keys;
   PlayerFacade player(
-      {mode, collection, settings, bench.engine, bench.graphs, bench.facts, counts, probe, boxes, keys});
-  const struct {
-    const char* name;
-    bool uneven;
-    const std::vector<std::string>& codec;
-    bool graph;
-  } rows[] = {{"frames.mp4", false, kH264, false},
-              {"frames.wmv", false, kWmv, true},
-              {"uneven.mkv", true, kH264, false},
-              {"uneven.wmv", true, kWmv, true}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    const auto path = row.uneven ? makeNumbered(bench.folder, row.name, "25", test::kUneven, row.codec)
-                                 : makeNumbered(bench.folder, row.name, "30000/1001", "", row.codec);
-    auto& clip = collection.MovieList.add({});
-    clip.MovieName(path);
-    const int number = collection.icurMov = collection.MovieList.count();
-    player.PlayerSetFilename(path, number);
-    ASSERT_EQ(player.UsingCorona(), row.graph);
+      {mode, collection, settings, b.engine, b.graphs, b.facts, b.counts, probe, boxes, keys});
+  for (const auto& [name, rate, usesGraph] : {std::tuple{"frames.mp4", std::string("30000/1001"), false},
+                                              {"frames.wmv", "30000/1001", true},
+                                              {"uneven.mkv", kUneven, false},
+                                              {"uneven.wmv", kUneven, true}}) {
+    SCOPED_TRACE(name);
+    const auto path = makeNumbered(b.folder, name, rate, usesGraph ? kWmv : kH264);
+    collection.MovieList.add({}).MovieName(path);
+    collection.icurMov = collection.MovieList.count();
+    player.PlayerSetFilename(path, collection.icurMov);
+    ASSERT_EQ(player.UsingCorona(), usesGraph);
     player.PlayerSetDisplayMode(DisplayMode::Frames);
-    EXPECT_TRUE(turnUntil(bench.loop, [&] {
-      return std::abs(player.PlayerGetDuration() - 50) <= !row.uneven;
-    })) << player.PlayerGetDuration();
+    const int most = rate == kUneven ? 0 : 1;
+    EXPECT_TRUE(b.until([&] { return std::abs(player.PlayerGetDuration() - 50) <= most; }))
+        << player.PlayerGetDuration();
     for (const int frame : {33, 1, 20, 48, 2}) {
       player.PlayerSetCurrentPosition(frame);
-      EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
-      EXPECT_TRUE(turnUntil(bench.loop, [&] { return player.PlayerGetCurrentPosition() == frame; }))
+      EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
+      EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == frame; }))
           << player.PlayerGetCurrentPosition() << " for " << frame;
     }
     player.PlayerStep(1);
-    EXPECT_TRUE(bench.shows(3));
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return player.PlayerGetCurrentPosition() == 3; }));
+    EXPECT_TRUE(b.shows(3));
+    EXPECT_TRUE(b.until([&] { return player.PlayerGetCurrentPosition() == 3; }));
     // A mark within a picture is that picture, from the moment on at which it is set.
-    const auto begin = [&](int frame) {
-      return row.uneven ? test::unevenBegin(frame) : frame * 1001 / 30000.0;
-    };
     for (const int frame : {40, 7}) {
       const InMode seconds(player, DisplayMode::Seconds);
-      player.PlayerSetCurrentPosition(begin(frame) + 0.7 * (begin(frame + 1) - begin(frame)));
+      player.PlayerSetCurrentPosition(0.3 * beginAt(rate, frame) + 0.7 * beginAt(rate, frame + 1));
       const auto marked = seenFrame(player);
       EXPECT_EQ(marked.frame, frame);
-      EXPECT_NEAR(marked.seconds, begin(frame), 0.0011);
-      EXPECT_TRUE(bench.shows(frame)) << bench.drawn() << " for " << frame;
-      EXPECT_EQ(bench.rendered(path, marked.seconds + 0.0011), frame);
+      EXPECT_NEAR(marked.seconds, beginAt(rate, frame), 0.0011);
+      EXPECT_TRUE(b.shows(frame)) << b.drawn() << " for " << frame;
+      EXPECT_EQ(b.rendered(path, marked.seconds + 0.0011), frame);
     }
     player.PlayerClear();
     EXPECT_TRUE(player.PlayerIsEmpty());
@@ -220,7 +161,7 @@ TEST(MpvPlayer, AFrameOfThePlayerIsThePictureWithThatNumber) {
 
 // Fifty pictures in two seconds with a tone.
 std::string makeClip(const test::ScratchFolder& folder, const std::string& name) {
-  return makeNumbered(folder, name, "25", "", {"-c:v", "libx264", "-crf", "4", "-c:a", "aac"},
+  return makeNumbered(folder, name, "25", {"-c:v", "libx264", "-crf", "4", "-c:a", "aac"},
                       {"-f", "lavfi", "-i", "sine=duration=2", "-map", "0", "-map", "1"});
 }
 
@@ -233,10 +174,10 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   const auto playsToItsEnd = [&](int times, double end, int picture) {
     last = 0;
     const auto look = [&] { return last = std::max(last, bench.drawn()); };
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return look() >= 0 && bench.ended == times; }));
+    EXPECT_TRUE(bench.until([&] { return look() >= 0 && bench.ended == times; }));
     EXPECT_NEAR(engine.position(), end, 0.05) << "the end, no other place";
     EXPECT_NE(engine.state(), EngineState::Running);
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return look() >= picture; })) << "the last one is " << last;
+    EXPECT_TRUE(bench.until([&] { return look() >= picture; })) << "the last one is " << last;
     EXPECT_EQ(last, picture) << "none behind it";
     EXPECT_EQ(bench.drawn(), picture) << "and it stands";
   };
@@ -255,7 +196,7 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   engine.setPlayCount(1);
   engine.seek(0.9);
   engine.Run();
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return engine.state() != EngineState::Running; }));
+  EXPECT_TRUE(bench.until([&] { return engine.state() != EngineState::Running; }));
   ASSERT_EQ(bench.ended, 1) << "the end is on its way home";
   engine.seek(0.8);
   engine.Run();
@@ -268,7 +209,7 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   engine.setAutoRewind(true);
   engine.seek(1.8);
   engine.Run();
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.ended == 4; }));
+  EXPECT_TRUE(bench.until([&] { return bench.ended == 4; }));
   EXPECT_TRUE(bench.shows(15)) << "back at the section's start";
   EXPECT_NEAR(engine.position(), 0.6, 1e-3);
 
@@ -280,14 +221,13 @@ TEST(MpvPlayer, PlaysASectionToOnePictureAndStandsExactlyAtItsEnd) {
   EXPECT_NEAR(graph.stopTime(), 2, 0.1) << "at first the file's end";
   graph.setStopTime(0.2);
   graph.Run();
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 1; }));
+  EXPECT_TRUE(bench.until([&] { return stops == 1; }));
   EXPECT_EQ(graph.position(), 0.2);
   EXPECT_TRUE(bench.shows(4));
   graph.setStopTime(0.4);
   graph.Run();
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return graph.position() > 0.2 && stops == 1; }))
-      << "and tells its way";
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return stops == 2; })) << "a later end lets it go on";
+  EXPECT_TRUE(bench.until([&] { return graph.position() > 0.2 && stops == 1; })) << "and tells its way";
+  EXPECT_TRUE(bench.until([&] { return stops == 2; })) << "a later end lets it go on";
   EXPECT_TRUE(bench.shows(9));
   graph.step(-1);
   EXPECT_TRUE(bench.shows(8));
@@ -298,7 +238,7 @@ TEST(MpvPlayer, TellsTheChaptersOfAFileOnBothEngines) {
   const auto words = bench.folder / "chapters";
   std::ofstream(words) << ";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=800\ntitle=One\n"
                           "[CHAPTER]\nTIMEBASE=1/1000\nSTART=800\nEND=2000\ntitle=Two\n";
-  const auto path = makeNumbered(bench.folder, "chapters.wmv", "25", "", {"-c:v", "wmv2"},
+  const auto path = makeNumbered(bench.folder, "chapters.wmv", "25", {"-c:v", "wmv2"},
                                  {"-f", "ffmetadata", "-i", words, "-map", "0", "-map_chapters", "1"});
   const auto graph = bench.graphs.RenderFile(path);
   ASSERT_TRUE(graph) << graph.error().text;
@@ -315,19 +255,17 @@ TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
   const auto first = makeClip(bench.folder, "first.mp4");
   const auto second = makeClip(bench.folder, "second.mp4");
   const auto openFiles = [&] {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    return std::count_if(begin(all), end(all), [&](const auto& entry) {
       std::error_code gone;
-      const auto target = std::filesystem::read_symlink(entry.path(), gone).string();
-      count += target.starts_with(bench.folder.path()) ? 1 : 0;
-    }
-    return count;
+      return std::filesystem::read_symlink(entry.path(), gone).string().starts_with(bench.folder.path());
+    });
   };
   bench.engine.setFileName(first);
   for (int change = 0; change < 4; ++change) {
     const auto& next = change % 2 == 0 ? second : first;
     bench.engine.openAhead(next, 0.4);
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return openFiles() == 2; }));
+    EXPECT_TRUE(bench.until([&] { return openFiles() == 2; }));
     for (int turn = 0; turn < 40; ++turn) {  // it gets ready without anybody asking
       bench.loop.yield();
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
@@ -335,19 +273,19 @@ TEST(MpvPlayer, TakesOverWhatWasOpenedAheadAndKeepsNothingOpen) {
     bench.engine.setFileName(next);
     EXPECT_EQ(bench.engine.fileName(), next);
     EXPECT_EQ(bench.engine.opening(), EngineOpening::Open);
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.drawn() == 10; })) << "where it was to stand";
+    EXPECT_TRUE(bench.until([&] { return bench.drawn() == 10; })) << "where it was to stand";
     EXPECT_NEAR(bench.engine.position(), 0.4, 1e-3);
     bench.engine.Run();
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.drawn() > 11; }));
+    EXPECT_TRUE(bench.until([&] { return bench.drawn() > 11; }));
   }
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return openFiles() == 1; })) << "only what plays";
+  EXPECT_TRUE(bench.until([&] { return openFiles() == 1; })) << "only what plays";
   bench.engine.openAhead(first, 0);
   bench.engine.setFileName(second);  // something else than what was thought of
   EXPECT_EQ(bench.drawn(), 0);
   bench.engine.setFileName("");
   EXPECT_EQ(bench.drawn(), -1);
   bench.engine.openAhead("", 0);
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return openFiles() == 0; }));
+  EXPECT_TRUE(bench.until([&] { return openFiles() == 0; }));
 }
 
 // On a machine that has no sound to give either.
@@ -362,7 +300,7 @@ TEST(MpvPlayer, EndsWhileACoreGoesFromOneFileToTheNext) {
     Bench bench;
     bench.engine.setFileName(first);
     bench.engine.openAhead(second, 0.4);
-    turnUntil(bench.loop, [&] { return bench.stage.output().hasPicture(); });
+    bench.until([&] { return bench.stage.output().hasPicture(); });
     std::this_thread::sleep_for(std::chrono::milliseconds(5) * end);
     bench.engine.setFileName(first);
     bench.engine.setFileName("");
@@ -407,35 +345,33 @@ TEST(MpvPlayer, TellsWhyAFileCannotBePlayedAndPlaysTheNext) {
   EXPECT_EQ(bench.engine.errorDescription(), "");
   bench.engine.Run();
   std::filesystem::remove(good);
-  EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.ended == 1; })) << "what is open stays so";
+  EXPECT_TRUE(bench.until([&] { return bench.ended == 1; })) << "what is open stays so";
 }
 
 TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
   Bench bench;
-  const auto path = makeNumbered(bench.folder, "clip.ts", "5", "",
+  const auto path = makeNumbered(bench.folder, "clip.ts", "5",
                                  {"-c:v", "mpeg2video", "-q:v", "2", "-g", "5", "-muxrate", "1500k"});
-  std::ifstream file(path, std::ios::binary);
-  const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+  const auto bytes = test::bytesOf(path);
   auto& engine = bench.engine;
   engine.setAutoStart(true);
   {
     const Server server(Server::Manner::Whole, bytes);
     engine.setFileName(server.address());
     EXPECT_EQ(engine.opening(), EngineOpening::Connecting) << "nothing is waited for";
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return engine.opening() == EngineOpening::Open; }));
-    EXPECT_TRUE(turnUntil(bench.loop, [&] { return bench.drawn() >= 2; })) << "it runs by itself";
+    EXPECT_TRUE(bench.until([&] { return engine.opening() == EngineOpening::Open; }));
+    EXPECT_TRUE(bench.until([&] { return bench.drawn() >= 2; })) << "it runs by itself";
   }
   engine.setRate(20);  // soon at what is missing
   {
     // Behind the last picture of a whole file there are bytes that nobody reads.
-    const auto whole = makeNumbered(bench.folder, "whole.mp4", "3", "", {"-movflags", "+faststart"});
-    std::ifstream again(whole, std::ios::binary);
-    const std::string film((std::istreambuf_iterator<char>(again)), {});
+    const auto whole = makeNumbered(bench.folder, "whole.mp4", "3", {"-movflags", "+faststart"});
+    const auto film = test::bytesOf(whole);
     const Server server(Server::Manner::Whole, film + std::string(film.size() / 16, '\0'));
     engine.setFileName(server.address());
     const int before = bench.ended;
-    EXPECT_TRUE(turnUntil(bench.loop,
-                          [&] { return bench.ended > before || engine.opening() == EngineOpening::Failed; }));
+    EXPECT_TRUE(
+        bench.until([&] { return bench.ended > before || engine.opening() == EngineOpening::Failed; }));
     EXPECT_EQ(engine.opening(), EngineOpening::Open) << engine.errorDescription();
     engine.setFileName("");
   }
@@ -448,7 +384,7 @@ TEST(MpvPlayer, PlaysAnAddressAndGivesUpOneThatDoesNotAnswerWithinTheLimit) {
     engine.setFileName(server.address());
     auto before = bench.loop.now();
     std::chrono::milliseconds longest{0};
-    EXPECT_TRUE(turnUntil(bench.loop, [&] {
+    EXPECT_TRUE(bench.until([&] {
       longest = std::max(longest, bench.loop.now() - std::exchange(before, bench.loop.now()));
       return engine.opening() == EngineOpening::Failed;
     }));

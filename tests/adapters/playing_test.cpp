@@ -1,42 +1,23 @@
 // A collection on the real engines: the transport, the player and libmpv with real files.
-#include "adapters/media/media_file_contents.h"
-#include "adapters/media/media_picture_counts.h"
-#include "adapters/mpv/mpv_control_engine.h"
-#include "adapters/mpv/mpv_filter_graphs.h"
 #include "adapters/mpv_media.h"
-#include "adapters/posix/poll_loop.h"
 #include "adapters/posix/posix_files.h"
 #include "playback/transport_bench.h"
-#include "support/loop_rules.h"
-
-#include <map>
-#include <set>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
 using test::makeNumbered;
-using test::turnUntil;
 
-struct RealStage {
-  test::ScratchFolder folder;
-  PollLoop loop;
-  MediaFileContents streams;
-  MpvStage stage{loop, streams, {.address = std::chrono::milliseconds(2500)}};
-  MpvControlEngine control{stage};
-  MpvFilterGraphs graphs{stage};
-  MediaPictureCounts counts{loop, streams};
+struct RealStage : test::Stage {
   PosixFiles files;
 };
 
 struct RealBench : RealStage, test::TransportRoom {
   std::map<int, std::set<int>> seen;  // by clip, the numbers of the pictures that were shown since it ran
 
-  RealBench() : TransportRoom({loop, control, graphs, streams, counts, files}) {
+  RealBench() : TransportRoom({loop, engine, graphs, facts, counts, files}) {
     stage.output().whenPictureDue([this] {
-      const int number = test::drawnNumber(stage.output());
+      const int number = drawn();
       auto& pictures = seen[mode.player.clip];
       const bool begun = player.PlayerGetPlayState() == EngineState::Running || !pictures.empty();
       if (begun && number >= 0) pictures.insert(number);
@@ -61,18 +42,18 @@ struct RealBench : RealStage, test::TransportRoom {
 
 TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
   RealBench b;
-  b.add(makeNumbered(b.folder, "a.mp4", "25", "", test::kH264), 0.4, 0.8);
+  b.add(makeNumbered(b.folder, "a.mp4", "25", test::kH264), 0.4, 0.8);
   b.add(test::makeMedia(b.folder, "b.mp3", {"-f", "lavfi", "-i", "sine=duration=0.6"}), 0.1, 0.5);
   b.add(test::makeMedia(b.folder, "c.png", {"-f", "lavfi", "-i", "color=size=64x48", "-frames:v", "1"}))
       .IsStill(true);
-  b.add(makeNumbered(b.folder, "d.wmv", "25", "", test::kWmv), 1, 1.4);
-  b.add(makeNumbered(b.folder, "e.mkv", "25", test::kUneven, test::kH264), test::unevenBegin(12),
-        test::unevenBegin(18));
+  b.add(makeNumbered(b.folder, "d.wmv", "25", test::kWmv), 1, 1.4);
+  b.add(makeNumbered(b.folder, "e.mkv", test::kUneven, test::kH264), test::beginAt(test::kUneven, 12),
+        test::beginAt(test::kUneven, 18));
   b.settings.user.StillDelayTimer = 1;
   b.mode.IsFullScreenWindow = true;  // where stills go on by themselves
   std::string walk;
   b.transport.PreviewMovie(1);
-  EXPECT_TRUE(turnUntil(b.loop, [&] {
+  EXPECT_TRUE(b.until([&] {
     const auto now = std::to_string(b.collection.icurMov);
     if (!walk.ends_with(now)) walk += now;
     return b.collection.icurMov == 5 && b.mode.player.clip == 5 && b.mode.player.IsPaused;
@@ -85,7 +66,7 @@ TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
     EXPECT_GE(*pictures.begin(), row.first) << row.clip << " from Mark-In";
     EXPECT_EQ(*pictures.rbegin(), row.end - 1) << row.clip << " to Mark-Out";
   }
-  EXPECT_EQ(test::drawnNumber(b.stage.output()), 17) << "the last picture stands";
+  EXPECT_EQ(b.drawn(), 17) << "the last picture stands";
   EXPECT_TRUE(b.boxes.shown.empty());
 }
 

@@ -4,18 +4,8 @@
 #include "adapters/posix/posix_temporary_folders.h"
 #include "support/real_world.h"
 
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <optional>
-#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <vector>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -32,64 +22,41 @@ struct Heard {
   void start(const std::string& script, const std::vector<std::string>& arguments = {}) {
     std::vector<std::string> words{"-c", script, "bash"};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    auto started = PosixProcesses().start(loop, {"/bin/bash", words},
-                                          {.line =
-                                               [this](std::string_view line) {
-                                                 lines.emplace_back(line);
-                                                 afterLine();
-                                               },
-                                           .errorLine = [this](auto line) { errors.emplace_back(line); },
-                                           .ended =
-                                               [this](const ProcessEnd& e) {
-                                                 end = e;
-                                                 loop.quit();
-                                               }});
+    ProcessHearing hearing;
+    hearing.line = [this](auto line) { lines.emplace_back(line), afterLine(); };
+    hearing.errorLine = [this](auto line) { errors.emplace_back(line); };
+    hearing.ended = [this](const auto& e) { end = e, loop.quit(); };
+    auto started = PosixProcesses().start(loop, {"/bin/bash", words}, std::move(hearing));
     ASSERT_TRUE(started) << started.error().text;
     process = std::move(*started);
   }
 };
 
-bool lives(const std::string& process) {
-  std::ifstream file("/proc/" + process + "/stat");
-  std::string text;
-  std::getline(file, text);
-  const auto name = text.rfind(") ");
-  return name != std::string::npos && text[name + 2] != 'Z';
-}
-
-// Waits for an end that comes from elsewhere. The limit is only for a fault.
-bool dies(const std::string& process) {
-  for (int i = 0; i < 600 && lives(process); ++i) ::usleep(50'000);
-  return !lives(process);
-}
-
 TEST(PosixProcesses, AreHeardToTheirEnd) {
   const std::string odd = "a b'\"$(touch x)`;*\xFF\n-";
-  struct Row {
+  const struct {
     const char* script;
-    std::vector<std::string> arguments, lines, errors;
+    std::vector<std::string> lines, errors;
     int exitCode, signal;
-  };
-  for (const auto& row :
-       {Row{"echo one; echo; printf two", {}, {"one", "", "two"}, {}, 0, 0},
-        Row{"echo out; echo err >&2; exit 3", {}, {"out"}, {"err"}, 3, 0},
-        Row{"printf %s \"$1\" | wc -c; cat", {odd}, {std::to_string(odd.size())}, {}, 0, 0},
-        Row{"kill -SEGV $$", {}, {}, {}, 128 + SIGSEGV, SIGSEGV},
-        Row{"exec >&- 2>&-; sleep 0.1; exit 4", {}, {}, {}, 4, 0},  // it works on with its output closed
-        Row{"sleep 60 & echo done", {}, {"done"}, {}, 0, 0},        // a child holds the output open
-        Row{"head -c 100000 /dev/zero | tr '\\0' x",
-            {},
-            {std::string(kMaxProcessLine, 'x'), std::string(100000 - kMaxProcessLine, 'x')},
-            {},
-            0,
-            0}}) {
+  } rows[] = {{"echo one; echo; printf two", {"one", "", "two"}, {}, 0, 0},
+              {"echo out; echo err >&2; exit 3", {"out"}, {"err"}, 3, 0},
+              {"printf %s \"$1\" | wc -c; cat", {std::to_string(odd.size())}, {}, 0, 0},
+              {"kill -SEGV $$", {}, {}, 128 + SIGSEGV, SIGSEGV},
+              {"exec >&- 2>&-; sleep 0.1; exit 4", {}, {}, 4, 0},  // it works on with its output closed
+              {"sleep 60 & echo done", {"done"}, {}, 0, 0},        // a child holds the output open
+              {"printf %0100000d",
+               {std::string(kMaxProcessLine, '0'), std::string(100000 - kMaxProcessLine, '0')},
+               {},
+               0,
+               0}};
+  for (const auto& row : rows) {
     Heard heard;
-    heard.start(row.script, row.arguments);
+    heard.start(row.script, {odd});
     heard.loop.run();
     EXPECT_EQ(heard.lines, row.lines) << row.script;
     EXPECT_EQ(heard.errors, row.errors) << row.script;
-    EXPECT_EQ(heard.end->exitCode, row.exitCode) << row.script;
-    EXPECT_EQ(heard.end->signal, row.signal) << row.script;
+    EXPECT_EQ(std::pair(heard.end->exitCode, heard.end->signal), std::pair(row.exitCode, row.signal))
+        << row.script;
   }
   Heard heard;
   const auto missing = PosixProcesses().start(heard.loop, {"/no/such/program"}, {});
@@ -112,18 +79,19 @@ TEST(PosixProcesses, EndWithTheirChildrenWhenTheyAreToEnd) {
   // A child that belongs to nobody any more, but to the same group.
   const std::string orphan = "(trap '' TERM; sleep 60 >&- 2>&- & echo $!); ";
   enum class By { Stop, Kill, Destruction };
-  struct Row {
-    const char* before;
-    const char* after;
+  const struct {
+    std::string before, after;
     By by;
     int signal;             // that ends it
     std::size_t lines = 1;  // after which
-  };
-  for (const auto& row :
-       {Row{"", "exec sleep 60", By::Stop, SIGTERM}, Row{"", "exec sleep 60", By::Kill, SIGKILL},
-        Row{"trap '' TERM;", "exec sleep 60", By::Stop, SIGKILL},
-        Row{"", "exec sleep 60 >&-", By::Stop, SIGTERM}, Row{"", "exec sleep 60", By::Destruction, 0},
-        Row{"", "exec yes", By::Destruction, 0, 1000}, Row{"", "exit 0", By::Destruction, 0, 9}}) {
+  } rows[] = {{"", "exec sleep 60", By::Stop, SIGTERM},
+              {"", "exec sleep 60", By::Kill, SIGKILL},
+              {"trap '' TERM;", "exec sleep 60", By::Stop, SIGKILL},
+              {"", "exec sleep 60 >&-", By::Stop, SIGTERM},
+              {"", "exec sleep 60", By::Destruction, 0},
+              {"", "exec yes", By::Destruction, 0, 1000},
+              {"", "exit 0", By::Destruction, 0, 9}};
+  for (const auto& row : rows) {
     Heard heard;
     heard.afterLine = [&] {
       if (heard.lines.size() != row.lines) return;
@@ -139,18 +107,17 @@ TEST(PosixProcesses, EndWithTheirChildrenWhenTheyAreToEnd) {
     heard.loop.yield();
     EXPECT_EQ(heard.lines.size(), heardLines) << row.after << ": nothing is heard after the end";
     EXPECT_EQ(heard.end ? heard.end->signal : 0, row.signal) << row.before << row.after;
-    EXPECT_TRUE(dies(heard.lines.front())) << row.before << row.after;
+    EXPECT_TRUE(test::comesToItsEnd(std::stoi(heard.lines.front()))) << row.before << row.after;
   }
 }
 
 // Whether the temporary folder of a process stands, with what it has put there.
 bool folderStands(const test::ScratchFolder& base, pid_t owner) {
-  for (const auto& name : base.names()) {
-    if (name.starts_with("kvo5-" + std::to_string(owner) + "-") &&
-        std::filesystem::exists(base / name + "/movie.xtl"))
-      return true;
-  }
-  return false;
+  const auto names = base.names();
+  return std::any_of(names.begin(), names.end(), [&](const auto& name) {
+    return name.starts_with("kvo5-" + std::to_string(owner) + "-") &&
+           std::filesystem::exists(base / name + "/movie.xtl");
+  });
 }
 
 // A process that has made a temporary folder, and stays until it is killed.
@@ -162,7 +129,7 @@ pid_t folderOwner(const test::ScratchFolder& base) {
     ::pause();
     ::_exit(0);
   }
-  for (int i = 0; i < 600 && !folderStands(base, owner); ++i) ::usleep(10'000);
+  EXPECT_TRUE(test::eventually([&] { return folderStands(base, owner); }));
   return owner;
 }
 
@@ -180,19 +147,16 @@ TEST(TemporaryFolders, IsSweptWhenItsOwnerIsGone) {
   EXPECT_TRUE(own && folderStands(base, dead) && folderStands(base, alive));
   killed(dead);
   // What only looks like one.
-  const auto other = base / "other";
-  std::filesystem::create_directory(other);
-  std::ofstream(other + "/kept") << "text";
-  std::filesystem::create_directory_symlink(other, base / ("kvo5-" + std::to_string(dead) + "-LinkXX"));
-  std::ofstream(base / ("kvo5-" + std::to_string(dead) + "-FileXX")) << "text";
-  for (const auto* name : {"kvo5-abc", "kvo5--XXXXXX", "kvo5-12x-XXXXXX", "kvo6-1-XXXXXX"})
-    std::filesystem::create_directory(base / name);
+  const auto other = base / "other", like = base / ("kvo5-" + std::to_string(dead));
+  for (const auto& name :
+       {other, base / "kvo5-abc", base / "kvo5--XXXXXX", base / "kvo5-12x-XXXXXX", base / "kvo6-1-XXXXXX"})
+    std::filesystem::create_directory(name);
+  for (const auto& name : {other + "/kept", like + "-FileXX"}) std::ofstream(name) << "text";
+  std::filesystem::create_directory_symlink(other, like + "-LinkXX");
   const auto before = base.names().size();
   PosixTemporaryFolders().sweep();
-  EXPECT_FALSE(folderStands(base, dead));
-  EXPECT_TRUE(folderStands(base, alive));
-  EXPECT_TRUE(std::filesystem::exists((*own)->path()));
-  EXPECT_TRUE(std::filesystem::exists(other + "/kept"));
+  EXPECT_TRUE(!folderStands(base, dead) && folderStands(base, alive));
+  EXPECT_TRUE(std::filesystem::exists((*own)->path()) && std::filesystem::exists(other + "/kept"));
   EXPECT_EQ(base.names().size(), before - 1);
   killed(alive);
   ::unsetenv("TMPDIR");

@@ -2,8 +2,6 @@
 #include "app/engine_arguments.h"
 
 #include <iterator>
-#include <sstream>
-#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -22,10 +20,10 @@ TEST(EngineArguments, TakeTheirForms) {
   const auto& job = all->job;
   EXPECT_EQ(std::tuple(job.slice->from, job.slice->to, all->profile, all->starter, job.codec),
             std::tuple(1.5, 4.0, 12, 4194303, VideoCodec::Mpeg4));
-  EXPECT_EQ(std::tuple(job.work->folder, job.work->share->number, job.work->share->of, job.output),
-            std::tuple("/work", 1U, 3U, "/out/my movie.avi"));
-  EXPECT_EQ(job.work->identity, "/[1.50-4.00] \n/P\n12\n/C\nmpeg4\n");
-  EXPECT_EQ(all->document, "/x/doc.xtl");
+  EXPECT_EQ(
+      std::tuple(job.work->folder, job.work->share->number, job.work->share->of, job.output, all->document,
+                 job.work->identity),
+      std::tuple("/work", 1U, 3U, "/out/my movie.avi", "/x/doc.xtl", "/[1.50-4.00] \n/P\n12\n/C\nmpeg4\n"));
   const auto preset =
       readEngineArguments(wordsOf("/P Email /Q 23 /E slow /M 2.5 /H Auto /K w /W o.mp4 d.xtl"));
   ASSERT_TRUE(preset) << preset.error().text;

@@ -5,8 +5,6 @@
 #include "support/real_world.h"
 #include "support/virtual_loop.h"
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 

@@ -5,31 +5,24 @@
 #include "program/collection_store.h"
 #include "support/fakes.h"
 #include "support/held_engine.h"
-#include "support/real_world.h"
-
-#include <algorithm>
-#include <array>
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <thread>
-#include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
+namespace fs = std::filesystem;
 using test::bytesOf;
 using test::ProgramEnd;
 using test::ScratchFolder;
+using Words = std::vector<std::string>;
 
 void expectEnd(const ProgramEnd& end, int exitCode, const std::string& says = "") {
   EXPECT_EQ(end.exitCode, exitCode) << end.out << end.err;
-  EXPECT_NE((end.out + end.err).find(says), std::string::npos) << says << ": " << end.out << end.err;
+  EXPECT_TRUE(test::holds(end.out + end.err, says)) << says << ": " << end.out << end.err;
+}
+
+Words joined(Words words, const Words& more) {
+  words.insert(words.end(), more.begin(), more.end());
+  return words;
 }
 
 class Program : public testing::Test {
@@ -38,31 +31,34 @@ class Program : public testing::Test {
     ::setenv("KVO5_HOME", (home_.path() + "/program").c_str(), 1);
     static const ScratchFolder made;
     static const auto once = test::makeCountingVideo(made, "count.avi", "25", 50);
-    std::filesystem::copy(once, video_);
+    fs::copy(once, video_);
   }
   ~Program() override { ::unsetenv("TMPDIR"); }
 
-  static ProgramEnd kvo5(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), KVO_PROGRAMS "/kvo5");
-    return test::runProgram(arguments);
+  static ProgramEnd kvo5(const Words& words) {
+    return test::runProgram(joined({KVO_PROGRAMS "/kvo5"}, words));
   }
-  static ProgramEnd engine(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), KVO_PROGRAMS "/KVORender");
-    return test::runProgram(arguments);
+  static ProgramEnd engine(const Words& words) {
+    return test::runProgram(joined({KVO_PROGRAMS "/KVORender"}, words));
   }
   // Runs `script` with the program as $0.
-  static ProgramEnd shell(const std::string& script, const std::vector<std::string>& arguments) {
-    std::vector<std::string> command{"bash", "-c", script, KVO_PROGRAMS "/kvo5"};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    return test::runProgram(command);
+  static ProgramEnd shell(const std::string& script, const Words& words) {
+    return test::runProgram(joined({"bash", "-c", script, KVO_PROGRAMS "/kvo5"}, words));
+  }
+  // The order of a movie in the work folder; one that is large, so that its segments are several.
+  [[nodiscard]] Words order(const std::string& name, const Words& more = {}) const {
+    return joined({"--render", work_ / "c.INI", "--output", work_ / name}, more);
+  }
+  [[nodiscard]] Words large(const std::string& name, const Words& more = {}) const {
+    return order(name, joined({"--size", "640x360", "--codec", "mpeg4"}, more));
   }
 
   // A collection of one clip each of `files`, two seconds long.
-  std::string collection(const std::string& name, const std::vector<std::string>& files,
+  std::string collection(const std::string& name, const Words& files,
                          const std::function<void(test::Bench&)>& change = {}) {
     test::Bench b;
     for (const auto& file : files) {
-      const std::filesystem::path path(file);
+      const fs::path path(file);
       auto& clip = b.addVideo(path.filename().string(), 0, 2, path.parent_path().string() + "/");
       clip.RenderAudio(false);
     }
@@ -78,7 +74,7 @@ class Program : public testing::Test {
   // The folder for temporary files from now on.
   std::string temporaryFolder() {
     const auto temporary = work_ / "temporary";
-    std::filesystem::create_directory(temporary);
+    fs::create_directory(temporary);
     ::setenv("TMPDIR", temporary.c_str(), 1);
     return temporary;
   }
@@ -89,7 +85,6 @@ class Program : public testing::Test {
 };
 
 TEST_F(Program, ShipsWhatIsMissingInAnyCaseOfLetters) {
-  namespace fs = std::filesystem;
   for (const auto& [file, text] : {std::pair{"shipped/Skins/blue.bmp", "ours"},
                                    {"shipped/Skins/2/blue.bmp", "ours"},
                                    {"own/skins/BLUE.BMP", "mine"}}) {
@@ -107,25 +102,21 @@ TEST_F(Program, ShipsWhatIsMissingInAnyCaseOfLetters) {
 TEST_F(Program, RendersACollectionAndLeavesNothingElse) {
   const auto music = test::makeMedia(work_, "m.flac", {"-f", "lavfi", "-i", "sine=duration=2"});
   const auto path = collection("c.INI", {video_, video_, music}, [](test::Bench& b) {
-    b.collection.MovieList[2].TransType("Fade");
-    b.collection.MovieList[2].TransIn(10);
+    test::withTransition(b.collection.MovieList[2], "Fade", 10);
     b.collection.MovieList[3].RenderAudio(true);
     b.collection.MovieList[3].Resolution("44.1 KHz");
   });
   const auto temporary = temporaryFolder();
   const auto bytes = bytesOf(path);
   const auto before = work_.names();
-  expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 0, "75 frames, 3.00 s");
+  expectEnd(kvo5(order("o.avi")), 0, "75 frames, 3.00 s");
   EXPECT_EQ(test::picturesOf(work_ / "o.avi", 64, 48).size(), 75U);
   EXPECT_GT(test::levelOf(test::samplesOf(work_ / "o.avi"), 0.5, 1.5), -30);
-  expectEnd(kvo5({"--render", path, "--output", work_ / "p.avi", "--range", "1-2", "--size", "32x24",
-                  "--rate", "10"}),
-            0);
+  expectEnd(kvo5(order("p.avi", {"--range", "1-2", "--size", "32x24", "--rate", "10"})), 0);
   EXPECT_EQ(test::picturesOf(work_ / "p.avi", 32, 24).size(), 10U);
-  auto after = work_.names();
-  std::erase_if(after, [](const auto& name) { return name == "o.avi" || name == "p.avi"; });
-  EXPECT_EQ(after, before);
-  EXPECT_TRUE(std::filesystem::is_empty(temporary));
+  for (const auto* movie : {"o.avi", "p.avi"}) fs::remove(work_ / movie);
+  EXPECT_EQ(work_.names(), before);
+  EXPECT_TRUE(fs::is_empty(temporary));
   EXPECT_EQ(bytesOf(path), bytes) << "a render does not touch the collection";
 }
 
@@ -157,42 +148,41 @@ TEST_F(Program, PlaysThroughFilesOfAnyName) {
        {"with blanks .avi", "it's \"quoted\".avi", "a&b<c>.avi", "$(touch pwned).avi", "`touch pwned`.avi",
         "-dash.avi", "%s%n.avi", "\xC3\xBC\xE6\x97\xA5.avi", "semi;colon, comma.avi", "br[ack]et.avi",
         "hash#?.avi", "inv\xFF.avi", " blank ahead.avi", "no full [stop], here"}) {
-    std::filesystem::copy(video_, work_ / name);
-    const auto output = work_ / ("to " + name + ".avi");
-    expectEnd(kvo5({"--render", collection("odd.INI", {work_ / name}), "--output", output}), 0);
-    EXPECT_TRUE(std::filesystem::exists(output));
+    fs::copy(video_, work_ / name);
+    collection("c.INI", {work_ / name});
+    expectEnd(kvo5(order("to " + name + ".avi")), 0);
+    EXPECT_TRUE(fs::exists(work_ / ("to " + name + ".avi")));
   }
-  EXPECT_FALSE(std::filesystem::exists(work_ / "pwned") || std::filesystem::exists("pwned"));
+  EXPECT_FALSE(fs::exists(work_ / "pwned") || fs::exists("pwned"));
 }
 
 TEST_F(Program, RefusesBadInputInOneLineAndWritesNothing) {
   std::ofstream(work_ / "text.INI") << "this is no collection\r\n";
   std::ofstream(work_ / "text.mp3") << "no sound";
   std::ofstream(work_ / "huge.ppm") << "P6\n20000 20000\n255\n";
-  const auto good = collection("good.INI", {video_});
+  const auto good = collection("c.INI", {video_});
   const auto asMovie = collection("named as a movie.mp4", {video_});
+  const auto noSound = collection("3.INI", {video_, work_ / "text.mp3"});
   const auto o = work_ / "o.avi";
-  const std::tuple<std::vector<std::string>, int, std::string> rows[] = {
+  const std::tuple<Words, int, std::string> rows[] = {
       {{"--render", work_ / "none.INI", "--output", o}, 1, "none.INI"},
       {{"--render", work_ / "text.INI", "--output", o}, 1, "text.INI is not a collection"},
       {{"--render", work_.path(), "--output", o}, 1, work_.path()},
       {{"--render", collection("1.INI", {}), "--output", o}, 1, "no clips"},
       {{"--render", collection("2.INI", {work_ / "gone.avi"}), "--output", o}, 1, "gone.avi"},
-      {{"--render", collection("3.INI", {video_, work_ / "text.mp3"}), "--output", o},
-       1,
-       "text.mp3: it is no"},
+      {{"--render", noSound, "--output", o}, 1, "text.mp3: it is no"},
       {{"--render", collection("4.INI", {work_ / "huge.ppm"}), "--output", o}, 1, "huge.ppm"},
-      {{"--render", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi: No such file"},
-      {{"--render", good, "--output", work_ / "none/o.avi", "--resume"}, 1, "none/o.avi: No such file"},
-      {{"--render", good, "--output", work_ / "none/o.avi", "--slurm", "2"}, 1, "none/o.avi: No such file"},
+      {order("none/o.avi"), 1, "none/o.avi: No such file"},
+      {order("none/o.avi", {"--resume"}), 1, "none/o.avi: No such file"},
+      {order("none/o.avi", {"--slurm", "2"}), 1, "none/o.avi: No such file"},
       {{"--queue", "add", good, "--output", work_ / "none/o.avi"}, 1, "none/o.avi: No such file"},
       {{"--queue", "add", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
-      {{"--render", good, "--output", work_ / "o.mkv"}, 2, "o.mkv: its name must end in .WMV"},
-      {{"--render", good, "--output", video_}, 1, "it is one of the clips"},
-      {{"--render", good, "--output", good}, 2, "good.INI: its name must end in"},
+      {order("o.mkv"), 2, "o.mkv: its name must end in .WMV"},
+      {order("count.avi"), 1, "it is one of the clips"},
+      {order("c.INI"), 2, "c.INI: its name must end in"},
       {{"--render", asMovie, "--output", asMovie}, 1, "it is the collection"},
-      {{"--render", good, "--output", o, "--range", "50-60"}, 1, "50.00-60.00"},
-      {{"--render", good, "--output", work_ / "o.gif", "--slurm", "2"}, 1, "in one piece"},
+      {order("o.avi", {"--range", "50-60"}), 1, "50.00-60.00"},
+      {order("o.gif", {"--slurm", "2"}), 1, "in one piece"},
       {{"--render", good}, 2, "--output"},
       {{"--nonsense"}, 2, "--nonsense"},
   };
@@ -210,26 +200,22 @@ TEST_F(Program, TellsWhichPartOfAClipIsDamaged) {
   const auto whole = test::makeMedia(work_, "whole.ts",
                                      {"-f", "lavfi", "-i", "testsrc=size=64x48:rate=25:duration=3", "-c:v",
                                       "libx264", "-g", "10", "-bf", "2", "-pix_fmt", "yuv420p"});
-  PosixFiles files;
-  auto bytes = *files.read(whole, 1U << 24U);
+  auto bytes = bytesOf(whole);
   for (auto i = bytes.size() * 45 / 100; i < bytes.size() * 55 / 100; ++i)
     bytes[i] = static_cast<char>(i * 31);
-  ASSERT_TRUE(writeDurably(files, work_ / "holed.ts", bytes));
-  const auto rendered = [&](const std::string& file) {
-    return kvo5({"--render", collection("c.INI", {file}), "--output", work_ / "o.avi"});
-  };
-  const auto end = rendered(work_ / "holed.ts");
+  std::ofstream(work_ / "holed.ts", std::ios::binary) << bytes;
+  collection("c.INI", {work_ / "holed.ts"});
+  const auto end = kvo5(order("o.avi"));
   for (const auto* said : {"holed.ts: the picture from 1.", " s cannot be decoded", "damaged part"})
     expectEnd(end, 0, said);
-  const auto good = rendered(whole);
-  EXPECT_EQ(good.err, "");
-  EXPECT_EQ(good.out.find("damaged"), std::string::npos) << good.out;
+  collection("c.INI", {whole});
+  const auto good = kvo5(order("o.avi"));
+  EXPECT_TRUE(good.err.empty() && !test::holds(good.out, "damaged")) << good.err << good.out;
 }
 
 TEST_F(Program, DrawsAContactSheet) {
   const auto path = collection("c.INI", {video_, video_}, [](test::Bench& b) {
-    b.collection.MovieList[2].TransType("Heart");
-    b.collection.MovieList[2].TransIn(10);
+    test::withTransition(b.collection.MovieList[2], "Heart", 10);
   });
   for (const auto* name : {"one.xtl", "two.xtl"}) expectEnd(kvo5({"--document", path, work_ / name}), 0);
   expectEnd(engine({"--sheet", work_ / "s.png", work_ / "one.xtl", work_ / "two.xtl"}), 0);
@@ -241,7 +227,7 @@ TEST_F(Program, DrawsAContactSheet) {
   expectEnd(engine({"--sheet", work_ / "s.jpg", work_ / "one.xtl"}), 2);
   expectEnd(engine({"--sheet", work_ / "s.png"}), 2);
   expectEnd(engine({"--sheet", work_ / "none.png", work_ / "none.xtl"}), 1, "none.xtl");
-  EXPECT_FALSE(std::filesystem::exists(work_ / "none.png"));
+  EXPECT_FALSE(fs::exists(work_ / "none.png"));
 }
 
 // A file size limit stands in for a disk that is full: of the movie, and of the document too.
@@ -253,20 +239,18 @@ TEST_F(Program, FullDisksAreToldAndLeaveNothingBehind) {
     const auto end = shell("trap '' XFSZ; ulimit -f \"$3\"; exec \"$0\" --render \"$1\" --output \"$2\"",
                            {path, work_ / "o.avi", limit});
     expectEnd(end, 1, says);
-    EXPECT_EQ(end.err.find("kvo5-"), std::string::npos) << "the user knows no temporary file: " << end.err;
-    EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi"));
+    EXPECT_FALSE(test::holds(end.err, "kvo5-")) << "the user knows no temporary file: " << end.err;
+    EXPECT_FALSE(fs::exists(work_ / "o.avi"));
   }
 }
 
 // The child of a process, and that one's, and so on: a shell, and the engine below it.
 std::vector<int> childrenOf(int process) {
   std::vector<int> all;
-  while (process > 0) {
-    const auto number = std::to_string(process);
-    std::ifstream file("/proc/" + number + "/task/" + number + "/children");
-    process = 0;
-    file >> process;
-    if (process > 0) all.push_back(process);
+  for (auto number = std::to_string(process); !number.empty();) {
+    number = bytesOf("/proc/" + number + "/task/" + number + "/children");
+    number = number.substr(0, number.find(' '));
+    if (!number.empty()) all.push_back(std::stoi(number));
   }
   return all;
 }
@@ -278,71 +262,55 @@ TEST_F(Program, TheEngineEndsWithItsStarterWhateverHappens) {
   const auto path =
       collection("c.INI", {lasting}, [](test::Bench& b) { b.collection.MovieList[1].LoopEnd(Value(120)); });
   const auto temporary = temporaryFolder();
-  struct Row {
-    const char* what;
-    bool hangs;    // the engine
-    int signal;    // what kvo5 gets
-    int exitCode;  // of kvo5; -1 while it stands still
-    bool leavesFolder;
-  };
-  for (const auto& row :
-       {Row{"killed", false, SIGKILL, 128 + SIGKILL, true},
-        Row{"killed while the engine hangs", true, SIGKILL, 128 + SIGKILL, true},
-        Row{"interrupted", false, SIGINT, 130, false}, Row{"told to end", false, SIGTERM, 130, false},
-        Row{"stopped", false, SIGSTOP, -1, true},
-        Row{"interrupted while the engine hangs", true, SIGINT, 130, false}}) {
-    test::Companion starter({KVO_PROGRAMS "/kvo5", "--render", path, "--output", work_ / "o.avi", "--size",
-                             "1280x720", "--codec", "mpeg4"});
+  for (const auto& [signal, hangs] :  // what kvo5 gets, and whether its engine hangs
+       {std::pair{SIGKILL, false},
+        {SIGKILL, true},
+        {SIGINT, false},
+        {SIGTERM, false},
+        {SIGSTOP, false},
+        {SIGINT, true}}) {
+    SCOPED_TRACE(signal);
+    test::Companion starter(
+        joined({KVO_PROGRAMS "/kvo5"}, order("o.avi", {"--size", "1280x720", "--codec", "mpeg4"})));
     EXPECT_TRUE(test::eventually([&] { return !starter.said().empty(); })) << "it has begun to work";
     const auto children = childrenOf(starter.number());
     ASSERT_EQ(children.size(), 2U);
-    if (row.hangs) ::kill(children.back(), SIGSTOP);
-    expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 1, "another render is making it");
-    starter.signal(row.signal);
-    for (const auto child : children) EXPECT_TRUE(test::comesToItsEnd(child)) << row.what;
-    if (row.exitCode >= 0) {
-      EXPECT_EQ(starter.end(), row.exitCode) << row.what;
-      if (row.exitCode == 130) {
-        EXPECT_NE(starter.said().find("kvo5: stopped; nothing was written"), std::string::npos) << row.what;
-      }
-    } else {
+    if (hangs) ::kill(children.back(), SIGSTOP);
+    expectEnd(kvo5(order("o.avi")), 1, "another render is making it");
+    starter.signal(signal);
+    for (const auto child : children) EXPECT_TRUE(test::comesToItsEnd(child));
+    if (signal == SIGSTOP) {
       expectEnd(kvo5({"--check", path}), 0);
-      EXPECT_FALSE(std::filesystem::is_empty(temporary)) << "it may go on";
+      EXPECT_FALSE(fs::is_empty(temporary)) << "it may go on";
       starter.signal(SIGKILL);
-      starter.end();
     }
-    EXPECT_EQ(std::filesystem::is_empty(temporary), !row.leavesFolder) << row.what;
+    const bool isTold = signal == SIGINT || signal == SIGTERM;
+    EXPECT_EQ(starter.end(), isTold ? 130 : 128 + SIGKILL);
+    EXPECT_EQ(test::holds(starter.said(), "kvo5: stopped; nothing was written"), isTold);
+    EXPECT_EQ(fs::is_empty(temporary), isTold);
     expectEnd(kvo5({"--check", path}), 0);
-    EXPECT_TRUE(std::filesystem::is_empty(temporary)) << row.what << ": swept at the next start";
-    EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << row.what;
+    EXPECT_TRUE(fs::is_empty(temporary)) << "swept at the next start";
+    EXPECT_FALSE(fs::exists(work_ / "o.avi"));
   }
 }
 
 std::ptrdiff_t finishedSegments(const std::string& folder) {
   std::error_code none;
-  std::filesystem::directory_iterator in(folder, none);
+  fs::directory_iterator in(folder, none);
   return std::count_if(begin(in), end(in), [](const auto& e) { return e.path().extension() == ".segment"; });
 }
 
 // Cut off behind the first finished segments, and stopped behind more of them.
 TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
-  const auto path = collection("c.INI", std::vector<std::string>(16, video_));
+  collection("c.INI", Words(16, video_));
   temporaryFolder();
-  const auto order = [&](const char* name, bool resumes) {
-    std::vector<std::string> words = {"--render", path,      "--output", work_ / name,
-                                      "--size",   "640x360", "--codec",  "mpeg4"};
-    if (resumes) words.emplace_back("--resume");
-    return words;
-  };
   const auto folder = work_ / ".rendering-b.avi";
   const test::HeldEngine held(KVO_PROGRAMS);
-  expectEnd(kvo5(order("a.avi", false)), 0);
+  expectEnd(kvo5(large("a.avi")), 0);
   std::ptrdiff_t before = 0;
   for (const auto& [number, share] : {std::pair{SIGKILL, "1/3"}, {SIGINT, "2/3"}}) {
     held.haltNext(share);
-    auto words = order("b.avi", true);
-    words.insert(words.begin(), held.kvo5());
-    test::Companion render(words);
+    test::Companion render(joined({held.kvo5()}, large("b.avi", {"--resume"})));
     const auto engine = held.halted();
     EXPECT_GT(finishedSegments(folder), before) << number;
     before = finishedSegments(folder);
@@ -351,34 +319,34 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
     EXPECT_TRUE(test::comesToItsEnd(engine));
     EXPECT_EQ(test::holds(render.said(), "the same command goes on from here"), number == SIGINT)
         << render.said();
-    EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
+    EXPECT_FALSE(fs::exists(work_ / "b.avi"));
   }
-  expectEnd(kvo5(order("b.avi", true)), 0);
+  expectEnd(kvo5(large("b.avi", {"--resume"})), 0);
   EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "b.avi"));
-  EXPECT_FALSE(std::filesystem::exists(folder));
-  std::filesystem::create_directory(folder);
-  expectEnd(kvo5(order("b.avi", false)), 0);
-  EXPECT_FALSE(std::filesystem::exists(folder)) << "nobody wants to go on with it";
+  EXPECT_FALSE(fs::exists(folder));
+  fs::create_directory(folder);
+  expectEnd(kvo5(large("b.avi")), 0);
+  EXPECT_FALSE(fs::exists(folder)) << "nobody wants to go on with it";
 }
 
 // No driver is found by these, on whatever machine this is.
 TEST_F(Program, WithoutADeviceThatEncodesTheSoftwareDoes) {
-  const auto path = collection("c.INI", {video_});
+  collection("c.INI", {video_});
   temporaryFolder();
   ::setenv("LIBVA_DRIVER_NAME", "none", 1);
   ::setenv("CUDA_VISIBLE_DEVICES", "-1", 1);
   expectEnd(engine({"--try-encoder", "h264_vaapi"}), 1, "cannot encode by h264_vaapi: ");
   expectEnd(engine({"--try-encoder", "libx264"}), 2, "there is no encoder libx264");
   const auto render = [&](const char* name, const char* encoder) {
-    return kvo5({"--render", path, "--output", work_ / name, "--encoder", encoder});
+    return kvo5(order(name, {"--encoder", encoder}));
   };
   expectEnd(render("s.mp4", "software"), 0);
   const auto told = render("a.mp4", "auto");
   expectEnd(told, 0,
             "kvo5: the picture is encoded in software: no encoder of a device works here (h264_nvenc: ");
-  EXPECT_NE(told.err.find("; h264_vaapi: "), std::string::npos) << told.err;
+  EXPECT_TRUE(test::holds(told.err, "; h264_vaapi: ")) << told.err;
   expectEnd(render("h.mp4", "hardware"), 1, "h.mp4: no encoder of a device works here");
-  EXPECT_FALSE(std::filesystem::exists(work_ / "h.mp4"));
+  EXPECT_FALSE(fs::exists(work_ / "h.mp4"));
   EXPECT_TRUE(test::picturesOf(work_ / "a.mp4", 320, 240) == test::picturesOf(work_ / "s.mp4", 320, 240));
   ::unsetenv("LIBVA_DRIVER_NAME");
   ::unsetenv("CUDA_VISIBLE_DEVICES");
@@ -389,49 +357,39 @@ TEST_F(Program, OfTwoRendersOfOneOutputTheSecondIsRefused) {
   const auto folder = work_ / ".rendering-o.avi";
   const auto kept = folder + "/0123456789abcdef-1.segment";
   PosixNameLocks locks;
-  std::filesystem::create_directory(folder);
+  fs::create_directory(folder);
   std::ofstream(kept) << "of the first one";
-  struct Row {
-    std::string held;
-    Result<std::unique_ptr<FileLock>> (NameLocks::*hold)(const std::string& path);
-  };
-  for (const auto& [held, hold] :
-       {Row{work_ / "o.avi", &NameLocks::tryMaking}, Row{folder + "/Render.lock", &NameLocks::tryLock}}) {
-    const auto first = (locks.*hold)(held);
+  for (const bool isBeingMade : {true, false}) {
+    const auto first =
+        isBeingMade ? locks.tryMaking(work_ / "o.avi") : locks.tryLock(folder + "/Render.lock");
     ASSERT_TRUE(first && *first);
-    for (const auto& more :
-         std::initializer_list<std::vector<std::string>>{{}, {"--resume"}, {"--slurm", "2"}}) {
-      std::vector<std::string> words = {"--render", path, "--output", work_ / "o.avi"};
-      words.insert(words.end(), more.begin(), more.end());
-      expectEnd(kvo5(words), 1, "o.avi: another render is making it");
-      EXPECT_TRUE(std::filesystem::exists(kept)) << held;
-      EXPECT_FALSE(std::filesystem::exists(work_ / "o.avi")) << held;
+    for (const auto& more : {Words{}, {"--resume"}, {"--slurm", "2"}}) {
+      expectEnd(kvo5(order("o.avi", more)), 1, "o.avi: another render is making it");
+      EXPECT_TRUE(fs::exists(kept) && !fs::exists(work_ / "o.avi")) << isBeingMade;
     }
   }
-  expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi", "--range", "50-60"}), 1, "50.00-60.00");
-  EXPECT_TRUE(std::filesystem::exists(kept)) << "behind a command that comes to nothing";
+  expectEnd(kvo5(order("o.avi", {"--range", "50-60"})), 1, "50.00-60.00");
+  EXPECT_TRUE(fs::exists(kept)) << "behind a command that comes to nothing";
   expectEnd(kvo5({"--queue", "add", path, "--output", work_ / "o.avi"}), 0, "job 1");
   expectEnd(kvo5({"--queue", "add", path, "--output", work_ / "o.avi"}), 1, "job 1 of the queue is going to");
-  expectEnd(kvo5({"--render", path, "--output", work_ / "o.avi"}), 0);
-  EXPECT_TRUE(std::filesystem::exists(kept)) << "the queue may go on from it";
+  expectEnd(kvo5(order("o.avi")), 0);
+  EXPECT_TRUE(fs::exists(kept)) << "the queue may go on from it";
   expectEnd(kvo5({"--queue", "remove", "1"}), 0);
-  EXPECT_FALSE(std::filesystem::exists(folder));
+  EXPECT_FALSE(fs::exists(folder));
 }
 
 TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
-  const auto path = collection("c.INI", std::vector<std::string>(16, video_));
+  const auto path = collection("c.INI", Words(16, video_));
   temporaryFolder();
-  const std::vector<std::string> options = {"--size", "640x360", "--codec", "mpeg4"};
-  const auto add = [&](const char* name) {
-    std::vector<std::string> words = {"--queue", "add", path, "--output", work_ / name};
-    words.insert(words.end(), options.begin(), options.end());
-    expectEnd(kvo5(words), 0, "job ");
-  };
-  for (const auto* name : {"a.avi", "b.avi", "c.avi"}) add(name);
+  for (const auto* name : {"a.avi", "b.avi", "c.avi"}) {
+    auto words = large(name);
+    words.front() = "add";
+    expectEnd(kvo5(joined({"--queue"}, words)), 0, "job ");
+  }
   expectEnd(kvo5({"--queue", "pause", "1"}), 0);
   expectEnd(kvo5({"--queue", "move", "3", "1"}), 0);
   // What is done to the collection afterwards is no matter.
-  std::filesystem::remove(path);
+  fs::remove(path);
   const test::HeldEngine held(KVO_PROGRAMS);
   held.haltNext("1/3");
   test::Companion runner({held.kvo5(), "--queue", "run"});
@@ -440,14 +398,13 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   runner.signal(SIGKILL);
   EXPECT_TRUE(test::comesToItsEnd(engine));
   expectEnd(kvo5({"--queue", "list"}), 0, "3  waiting");
-  EXPECT_FALSE(std::filesystem::exists(work_ / "c.avi"));
+  EXPECT_FALSE(fs::exists(work_ / "c.avi"));
   expectEnd(kvo5({"--queue", "resume", "1"}), 0);
   expectEnd(kvo5({"--queue", "remove", "2"}), 0);
   expectEnd(kvo5({"--queue", "run"}), 0, "1  done  100%");
   EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "c.avi"));
-  EXPECT_FALSE(std::filesystem::exists(work_ / "b.avi"));
-  EXPECT_FALSE(std::filesystem::exists(work_ / ".rendering-c.avi"));
-  EXPECT_FALSE(std::filesystem::exists(home_ / "program/Queue/3.xtl"));
+  for (const auto& path : {work_ / "b.avi", work_ / ".rendering-c.avi", home_ / "program/Queue/3.xtl"})
+    EXPECT_FALSE(fs::exists(path)) << path;
   expectEnd(kvo5({"--queue", "resume", "1"}), 1, "job 1 is done");
   expectEnd(kvo5({"--queue", "clear"}), 0);
   expectEnd(kvo5({"--queue", "list"}), 0, "the queue is empty");
@@ -462,28 +419,28 @@ TEST_F(Program, AProfileIsInForceForItsRenderAndMendedBehindAKill) {
   const auto path = collection("c.INI", {video_});
   temporaryFolder();
   const auto profile = home_ / "program/wmsysprx.prx";
-  expectEnd(kvo5({"--render", path, "--output", work_ / "o.wmv", "--profile", "27"}), 0);
+  expectEnd(kvo5(order("o.wmv", {"--profile", "27"})), 0);
   EXPECT_EQ(test::probed(work_ / "o.wmv", "stream=width,height,r_frame_rate"), "176 144 15/1");
   const auto atRest = bytesOf(profile);
-  EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
+  EXPECT_FALSE(fs::exists(profile + ".old"));
 
   const test::HeldEngine held(KVO_PROGRAMS);
   held.haltNext("");
-  test::Companion starter({held.kvo5(), "--render", path, "--output", work_ / "o.wmv", "--profile", "41"});
+  test::Companion starter(joined({held.kvo5()}, order("o.wmv", {"--profile", "41"})));
   const auto engine = held.halted();
-  expectEnd(kvo5({"--render", path, "--output", work_ / "p.wmv", "--profile", "30"}), 1, "Another render");
+  expectEnd(kvo5(order("p.wmv", {"--profile", "30"})), 1, "Another render");
   starter.signal(SIGKILL);
   EXPECT_TRUE(test::comesToItsEnd(engine));
   EXPECT_NE(bytesOf(profile), atRest);
   expectEnd(kvo5({"--check", path}), 0);
   EXPECT_EQ(bytesOf(profile), atRest);
-  EXPECT_FALSE(std::filesystem::exists(profile + ".old"));
+  EXPECT_FALSE(fs::exists(profile + ".old"));
 }
 
 TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {
   const auto path = collection("c.INI", {video_});
   const auto here = work_ / "here";
-  std::filesystem::create_directory(here);
+  fs::create_directory(here);
   for (const std::string homes : {"export KVO5_HOME=/proc",  // where nobody can make a file
                                   "unset KVO5_HOME HOME; export XDG_DATA_HOME=rel"}) {
     for (const std::string words : {"--check \"$1\"", "--render \"$1\" --output \"$3\""}) {
@@ -493,7 +450,7 @@ TEST_F(Program, WhereNoHomeCanBeWrittenNothingIsMissed) {
       EXPECT_EQ(end.err, "") << homes << ", " << words;
     }
   }
-  EXPECT_TRUE(std::filesystem::is_empty(here)) << "nothing is made in the working folder";
+  EXPECT_TRUE(fs::is_empty(here)) << "nothing is made in the working folder";
 }
 
 TEST_F(Program, OutputThatCannotBeWrittenIsAFailure) {

@@ -7,10 +7,6 @@
 #include "support/scripted_boxes.h"
 #include "support/virtual_loop.h"
 
-#include <fstream>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
@@ -40,12 +36,14 @@ struct QueueInWindows {
   // "2.avi 0%, 1.avi waiting*", a star behind the chosen one
   [[nodiscard]] std::string rows() const {
     std::string text;
-    const auto& state = links.state();
-    for (std::size_t i = 0; i < state.Lst_Queue.size(); ++i) {
-      text += (i == 0 ? "" : ", ") + state.Lst_Queue[i].name + " " + state.Lst_Queue[i].state +
-              (static_cast<int>(i) == state.row ? "*" : "");
-    }
+    for (int i = 0; const auto& job : links.state().Lst_Queue)
+      text += (text.empty() ? "" : ", ") + job.name + " " + job.state + (i++ == links.state().row ? "*" : "");
     return text;
+  }
+  // The first job comes to its end, and the next one begins.
+  void endFirst() {
+    processes.end(0);
+    loop.advance(500);
   }
 };
 
@@ -80,8 +78,7 @@ TEST(QueueLinks, TheChosenRenderIsFollowed) {
 TEST(QueueLinks, WhatIsDoneIsCleared) {
   QueueInWindows q(3);
   EXPECT_FALSE(q.links.state().canClear);
-  q.processes.end(0);
-  q.loop.advance(500);
+  q.endFirst();
   EXPECT_TRUE(q.links.state().canClear);
   q.links.clear();
   EXPECT_EQ(q.rows(), "2.avi 0%*, 3.avi waiting");
@@ -90,8 +87,7 @@ TEST(QueueLinks, WhatIsDoneIsCleared) {
 
 TEST(QueueLinks, WhatIsDoneIsViewed) {
   QueueInWindows q(1);
-  q.processes.end(0);
-  q.loop.advance(500);
+  q.endFirst();
   q.links.act();
   EXPECT_TRUE(test::holds(q.boxes.shown.at(0).text, "1.avi is not there any more"));
   std::ofstream(q.home / "1.avi") << "a movie";
@@ -106,15 +102,13 @@ TEST(QueueLinks, LeavingAsksWhereItLosesWhatIsMade) {
   EXPECT_TRUE(q.links.mayLeave()) << "it goes on from its segments";
   EXPECT_TRUE(q.boxes.shown.empty());
   ASSERT_TRUE(q.store.add("", {.document = "d", .output = q.home / "whole.gif"}, "", true));
-  q.processes.end(0);
-  q.loop.advance(500);
+  q.endFirst();
   q.processes.say("progress 1.000 4.000");
   for (const auto answer : {Answer::No, Answer::Yes}) {
     q.boxes.answers.push_back(answer);
     EXPECT_EQ(q.links.mayLeave(), answer == Answer::Yes);
-    EXPECT_NE(q.boxes.shown.back().text.find("whole.gif is made in one piece. What is done of it, 25%"),
-              std::string::npos)
-        << q.boxes.shown.back().text;
+    const auto& asked = q.boxes.shown.back().text;
+    EXPECT_TRUE(test::holds(asked, "whole.gif is made in one piece. What is done of it, 25%")) << asked;
   }
 }
 

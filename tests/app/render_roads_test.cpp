@@ -10,16 +10,12 @@
 #include "support/render_bench.h"
 #include "vocabulary/encode_profiles.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
+using test::lineOf;
 using test::ScratchFolder;
 
 // What the program writes is what the engine reads.
@@ -30,10 +26,12 @@ TEST(ProfileFile, SaysTheSameToBoth) {
     const auto& profile = **read;
     EXPECT_EQ((OutputSize{profile.width, profile.height}), *wm8ProfileSize(number)) << number;
     EXPECT_EQ(profile.frameRate, FrameRate(number < 29 ? 15 : 30)) << number;
-    EXPECT_EQ(profile.videoBits > 0, number < 36) << number;
-    EXPECT_EQ(profile.quality > 0, number >= 36) << number;
-    EXPECT_EQ(profile.channels, number < 29 ? 1 : 2) << number;
-    EXPECT_TRUE(profile.audioBits >= 5000 && profile.sampleRate >= 8000) << number;
+    EXPECT_EQ(lineOf(profile.videoBits > 0, profile.quality > 0, profile.channels, profile.audioBits >= 5000,
+                     profile.sampleRate >= 8000),
+              number < 29   ? "1 0 1 1 1"
+              : number < 36 ? "1 0 2 1 1"
+                            : "0 1 2 1 1")
+        << number;
   }
   const auto empty = PosixFiles().read(KVO_SHIPPED "/wmsysprx.prx", 1000);
   const auto none = engine::readProfileFile(*empty);
@@ -41,15 +39,14 @@ TEST(ProfileFile, SaysTheSameToBoth) {
   auto whole = wm8ProfileBytes(30, std::nullopt, "");
   EXPECT_FALSE(engine::readProfileFile(""));
   EXPECT_FALSE(engine::readProfileFile(whole.substr(0, whole.size() / 2)));
+  const auto wide = [](std::string_view text) {
+    std::string bytes;
+    for (const char c : text) bytes.append({c, '\0'});
+    return bytes;
+  };
   for (const auto& [from, to] :
-       {std::pair{"320", "0"}, {"320", "99999"}, {"32000", "99999"}, {"333333", "0"}}) {
-    const auto wide = [](std::string_view text) {
-      std::string bytes;
-      for (const char c : text) bytes.append({c, '\0'});
-      return bytes;
-    };
+       {std::pair{"320", "0"}, {"320", "99999"}, {"32000", "99999"}, {"333333", "0"}})
     EXPECT_FALSE(engine::readProfileFile(replaced(whole, wide(from), wide(to)))) << from;
-  }
 }
 
 // Three seconds of counted pictures; a beep after the first.
@@ -82,10 +79,8 @@ class RenderRoads : public testing::Test {
   std::string made(OutputKind kind, int profile, bool usesCodecSize = true) {
     const auto file = out_ / ("movie" + std::to_string(profile));
     dialogs_.answers = {file};
-    session_.editor.controls.txtWidth = 128;
-    session_.editor.controls.txtHeight = 96;
-    session_.settings.adjust().RenderWidth = 128;
-    session_.settings.adjust().RenderHeight = 96;
+    session_.editor.controls.txtWidth = session_.settings.adjust().RenderWidth = 128;
+    session_.editor.controls.txtHeight = session_.settings.adjust().RenderHeight = 96;
     render_.Rendertofile();
     render_.chooseKind(kind);
     render_.tickCodecDimensions(usesCodecSize);
@@ -140,34 +135,23 @@ class RenderRoads : public testing::Test {
 TEST_F(RenderRoads, EachKindIsWhatWasChosen) {
   add(video_, true);
   add(sound_, false);
-  struct Row {
-    OutputKind kind;
-    int profile;
-    bool usesCodecSize;
-    std::string picture;  // codec, size, rate
-    std::string sound;    // codec, rate, channels
-  };
-  for (const auto& row : {Row{OutputKind::Avi, kNoProfile, true, "rawvideo,128,96,25/1", "pcm_s16le,44100,2"},
-                          Row{OutputKind::Wmv, 9, true, "wmv2,320,240,30/1", "wmav2,32000,2"},
-                          Row{OutputKind::Wmv, 27, true, "wmv2,176,144,15/1", "wmav2,11025,1"},
-                          Row{OutputKind::Wmv, 36, false, "wmv2,128,96,30/1", "wmav2,44100,2"},
-                          Row{OutputKind::Wma, 17, true, "", "wmav2,22050,1"},
-                          Row{OutputKind::Wav, 0, true, "", "pcm_s16le,44100,2"}}) {
-    const auto path = made(row.kind, row.profile, row.usesCodecSize);
-    const auto what = std::to_string(row.profile);
-    const auto told = [&](const char* stream, const char* entries) {
-      return test::runProgram({"ffprobe", "-v", "error", "-select_streams", stream, "-show_entries", entries,
-                               "-of", "csv=p=0", path})
-          .out;
-    };
-    EXPECT_EQ(told("v", "stream=codec_name,width,height,r_frame_rate"),
-              row.picture.empty() ? "" : row.picture + "\n");
-    EXPECT_EQ(told("a", "stream=codec_name,sample_rate,channels"), row.sound + "\n") << what;
-    const auto decoded = test::runProgram({"ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"});
-    EXPECT_EQ(decoded.err, "") << what;
-    EXPECT_NEAR(std::atof(test::probed(path, "format=duration").c_str()), 3, 0.07) << what;
-    EXPECT_NEAR(beginOf(path), beginOf(sound_), 0.010) << what;
-    EXPECT_EQ(state_.frame, RenderFrame::Report) << what;
+  const std::tuple<OutputKind, int, const char*> rows[] = {
+      // codec, size and rates, channels of the streams
+      {OutputKind::Avi, kNoProfile, "rawvideo 128 96 25/1 pcm_s16le 44100 2 0/0"},
+      {OutputKind::Wmv, 9, "wmv2 320 240 30/1 wmav2 32000 2 0/0"},
+      {OutputKind::Wmv, 27, "wmv2 176 144 15/1 wmav2 11025 1 0/0"},
+      {OutputKind::Wmv, 36, "wmv2 128 96 30/1 wmav2 44100 2 0/0"},  // of its own size
+      {OutputKind::Wma, 17, "wmav2 22050 1 0/0"},
+      {OutputKind::Wav, 0, "pcm_s16le 44100 2 0/0"}};
+  for (const auto& [kind, profile, streams] : rows) {
+    SCOPED_TRACE(profile);
+    const auto path = made(kind, profile, profile != 36);
+    EXPECT_EQ(test::probed(path, "stream=codec_name,width,height,r_frame_rate,sample_rate,channels"),
+              streams);
+    EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"}).err, "");
+    EXPECT_NEAR(std::stod(test::probed(path, "format=duration")), 3, 0.07);
+    EXPECT_NEAR(beginOf(path), beginOf(sound_), 0.010);
+    EXPECT_EQ(state_.frame, RenderFrame::Report);
   }
   EXPECT_EQ(out_.names().size(), 6U) << "and nothing beside them";
 }

@@ -1,18 +1,8 @@
 // A real cluster of one machine, on loopback and with everything of its own, makes a movie.
 #include "support/held_engine.h"
+#include "support/loopback_server.h"
 
-#include <array>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <list>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <thread>
-#include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -21,37 +11,14 @@ namespace fs = std::filesystem;
 using test::bytesOf;
 using test::eventually;
 
-// Ports that nobody has.
-std::pair<int, int> freePorts() {
-  std::array<int, 2> sockets{};
-  std::array<int, 2> ports{};
-  for (std::size_t i = 0; i < 2; ++i) {
-    sockets.at(i) = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    EXPECT_EQ(::bind(sockets.at(i), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    ::getsockname(sockets.at(i), reinterpret_cast<sockaddr*>(&address), &length);
-    ports.at(i) = ntohs(address.sin_port);
-  }
-  for (const int socket : sockets) ::close(socket);
-  return {ports[0], ports[1]};
-}
-
 // munged, slurmctld and slurmd of the user who runs the test. They end with it.
 class Cluster {
  public:
   Cluster() {
     const auto munge = folder_ / "munge";
     for (const auto& path : {munge, folder_ / "state", folder_ / "spool"}) fs::create_directory(path);
-    {
-      std::ifstream random("/dev/urandom", std::ios::binary);
-      std::string key(1024, '\0');
-      random.read(key.data(), static_cast<std::streamsize>(key.size()));
-      std::ofstream(munge + "/key", std::ios::binary) << key;
-      fs::permissions(munge + "/key", fs::perms::owner_read);
-    }
+    std::ofstream(munge + "/key") << test::runProgram({"head", "-c", "1024", "/dev/urandom"}).out;
+    fs::permissions(munge + "/key", fs::perms::owner_read);
     daemons_.emplace_back(std::vector<std::string>{
         "/usr/sbin/munged", "--foreground", "--force", "--key-file=" + munge + "/key",
         "--socket=" + munge + "/socket", "--pid-file=" + munge + "/pid", "--log-file=" + munge + "/log",
@@ -75,25 +42,23 @@ class Cluster {
 
  private:
   void writeConfiguration(const std::string& socket) const {
-    std::array<char, 256> name{};
-    ::gethostname(name.data(), name.size() - 1);
-    const auto host = std::string(name.data()).substr(0, std::string(name.data()).find('.'));
+    auto host = test::runProgram({"uname", "-n"}).out;
+    host = host.substr(0, host.find_first_of(".\n"));
     const auto user = test::runProgram({"id", "-un"}).out;
-    const auto [controller, machine] = freePorts();
-    std::ofstream(folder_ / "slurm.conf")
+    const auto path = folder_.path();
+    const test::LoopbackPort controller, machine;
+    std::ofstream(path + "/slurm.conf")
         << "ClusterName=test\nSlurmctldHost=" << host << "(127.0.0.1)\nSlurmUser=" << user
         << "SlurmdUser=" << user << "AuthType=auth/munge\nAuthInfo=socket=" << socket
-        << "\nSlurmctldPort=" << controller << "\nSlurmdPort=" << machine
-        << "\nStateSaveLocation=" << folder_ / "state"
-        << "\nSlurmdSpoolDir=" << folder_ / "spool"
-        << "\nSlurmctldPidFile=" << folder_ / "controller.pid"
-        << "\nSlurmdPidFile=" << folder_ / "machine.pid"
-        << "\nSlurmctldLogFile=" << folder_ / "controller.log"
-        << "\nSlurmdLogFile=" << folder_ / "machine.log"
-        << "\nProctrackType=proctrack/pgid\nTaskPlugin=task/none\nSelectType=select/cons_tres\n"
+        << "\nSlurmctldPort=" << controller.number() << "\nSlurmdPort=" << machine.number()
+        << "\nStateSaveLocation=" << path << "/state\nSlurmdSpoolDir=" << path
+        << "/spool\nSlurmctldPidFile=" << path << "/controller.pid\nSlurmdPidFile=" << path
+        << "/machine.pid\nSlurmctldLogFile=" << path << "/controller.log\nSlurmdLogFile=" << path
+        << "/machine.log\nProctrackType=proctrack/pgid\nTaskPlugin=task/none\nSelectType=select/cons_tres\n"
            "SelectTypeParameters=CR_Core\nJobAcctGatherType=jobacct_gather/none\nMpiDefault=none\n"
-           "SchedulerParameters=batch_sched_delay=0,sched_interval=1\nKillWait=1\nReturnToService=2\n"
-        << "NodeName=" << host << " NodeAddr=127.0.0.1 CPUs=" << std::thread::hardware_concurrency()
+           "SchedulerParameters=batch_sched_delay=0,sched_interval=1\nKillWait=1\nReturnToService="
+           "2\nNodeName="
+        << host << " NodeAddr=127.0.0.1 CPUs=" << std::thread::hardware_concurrency()
         << " State=UNKNOWN\nPartitionName=main Nodes=" << host << " Default=YES State=UP\n";
   }
 
@@ -105,12 +70,9 @@ class SlurmCluster : public testing::Test {
  protected:
   SlurmCluster() {
     ::setenv("KVO5_HOME", home_.path().c_str(), 1);
-    const auto video = test::makeCountingVideo(work_, "0.avi", "25", 100);
-    std::vector<std::string> words = {KVO_PROGRAMS "/kvo5", "--add", collection_, video};
-    for (const auto* copy : {"1.avi", "2.avi", "3.avi", "4.avi", "5.avi"}) {
-      fs::copy(video, work_ / copy);
-      words.push_back(work_ / copy);
-    }
+    std::vector<std::string> words = {KVO_PROGRAMS "/kvo5", "--add", collection_};
+    for (const auto* clip : {"0.avi", "1.avi", "2.avi", "3.avi", "4.avi", "5.avi"})
+      words.push_back(test::makeCountingVideo(work_, clip, "25", 100));
     EXPECT_EQ(test::runProgram(words).exitCode, 0);
   }
   ~SlurmCluster() override { ::unsetenv("KVO5_HOME"); }

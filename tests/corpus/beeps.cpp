@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <complex>
 #include <numbers>
 
 namespace kvo::test {
@@ -18,14 +19,11 @@ double pitchOf(int second) { return 600 + 300.0 * second; }
 
 // How much of a pitch is in the samples.
 double shareOf(double pitch, const std::vector<float>& samples) {
-  double real = 0;
-  double imaginary = 0;
-  for (std::size_t i = 0; i < samples.size(); ++i) {
-    const double turn = 2 * std::numbers::pi * pitch * static_cast<double>(i) / kHeardRate;
-    real += std::cos(turn) * static_cast<double>(samples[i]);
-    imaginary += std::sin(turn) * static_cast<double>(samples[i]);
-  }
-  return std::hypot(real, imaginary);
+  std::complex<double> sum;
+  const double turn = 2 * std::numbers::pi * pitch / kHeardRate;
+  for (std::size_t i = 0; i < samples.size(); ++i)
+    sum += static_cast<double>(samples[i]) * std::polar(1.0, turn * static_cast<double>(i));
+  return std::abs(sum);
 }
 
 // A beep that is heard from `first` on begins where it comes to half of its peak: codecs and stretching

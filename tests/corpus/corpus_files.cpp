@@ -230,16 +230,14 @@ void run(const std::string& words, const std::string& output) {
 }
 
 void damage(const std::string& path, const MediaFile& file) {
-  const auto size = static_cast<double>(std::filesystem::file_size(path));
-  std::fstream bytes(path, std::ios::in | std::ios::out | std::ios::binary);
-  unsigned random = 1;
-  bytes.seekp(static_cast<std::streamoff>(size * file.overwritten.from));
-  for (auto at = size * file.overwritten.from; at < size * file.overwritten.to; ++at) {
-    random = random * 1664525U + 1013904223U;
-    bytes.put(static_cast<char>(random >> 24U));
-  }
-  bytes.close();
-  std::filesystem::resize_file(path, static_cast<std::uintmax_t>(size * file.keptBytes));
+  auto bytes = bytesOf(path);
+  const auto placeOf = [size = bytes.size()](double share) {
+    return static_cast<std::size_t>(share * static_cast<double>(size));
+  };
+  const auto first = placeOf(file.overwritten.from);
+  const auto count = placeOf(file.overwritten.to) - first;
+  bytes.replace(first, count, noise(count));
+  std::ofstream(path, std::ios::binary) << bytes.substr(0, placeOf(file.keptBytes));
 }
 
 void tellToTurn(const std::string& path, int degrees) {

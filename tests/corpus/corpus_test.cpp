@@ -17,7 +17,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -253,27 +252,20 @@ TEST(CorpusRefusal, SaysWhatIsWrongWithWhichFile) {
     std::ofstream(folder / name, std::ios::binary) << bytes;
     return folder / name;
   };
-  std::string noise;
-  unsigned random = 1;
-  for (int i = 0; i < 100000; ++i) {
-    random = random * 1664525U + 1013904223U;
-    noise += static_cast<char>(random >> 24U);
-  }
   const auto movie = corpus().pathOf(fileNamed("h264.mp4"));
-  std::stringstream whole;
-  whole << std::ifstream(movie, std::ios::binary).rdbuf();
+  const auto whole = bytesOf(movie);
   std::filesystem::copy_file(movie, folder / "whole.mp4");
   const struct {
     std::string path;
     bool picture = true;
     double from = 0;
   } rows[] = {
-      {write("noise.mp4", noise)},
-      {write("noise.mp3", noise), false},
+      {write("noise.mp4", noise(100000))},
+      {write("noise.mp3", noise(100000)), false},
       {write("empty.mkv", "")},
       {write("text.avi", "This is a letter.\r\n")},
       // What tells of the pictures stands at the end of an MP4.
-      {write("cut.mp4", whole.str().substr(0, whole.str().size() * 6 / 10))},
+      {write("cut.mp4", whole.substr(0, whole.size() * 6 / 10))},
       {write("list.m3u8", "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\nwhole.mp4\n#EXT-X-ENDLIST\n")},
       {write("list.ffconcat", "ffconcat version 1.0\nfile whole.mp4\n")},
       {write("zero.ppm", "P6\n0 0\n255\n")},

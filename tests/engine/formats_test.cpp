@@ -105,7 +105,8 @@ TEST_F(Formats, EveryKindAndPresetHoldsWhatItSaysAtItsTime) {
     const auto format = told.find("format,");
     EXPECT_EQ(told.substr(0, format), (c.picture.empty() ? "" : "stream," + c.picture + "\n") +
                                           (c.sound.empty() ? "" : "stream," + c.sound + ",0/0\n"));
-    EXPECT_NEAR(std::atof(told.substr(format + 7).c_str()), 2, 0.04);
+    const bool isExact = c.name.ends_with(".wmv") || c.name.ends_with(".wma");  // the header tells it
+    EXPECT_NEAR(std::atof(told.substr(format + 7).c_str()), 2, isExact ? 0.0025 : 0.04);
     EXPECT_EQ(test::runProgram({"ffmpeg", "-v", "error", "-i", path, "-f", "null", "-"}).err, "");
     if (c.name.ends_with(".mp4")) {
       EXPECT_LT(bytes(c.name).find("moov"), bytes(c.name).find("mdat")) << "the index stands in front";
@@ -161,16 +162,6 @@ TEST_F(Formats, AMovieKeepsWithinItsSizeAndMeetsIt) {
   const auto report = made(documentOf({{noise, 0, 31, 0, 31}}, {{noise, 0, 31, 0, 31}}), job, "tiny.mp4");
   ASSERT_FALSE(report);
   EXPECT_NE(report.error().text.find("does not go into 0.05 MB"), std::string::npos) << report.error().text;
-}
-
-TEST(MoviePresets, BringDownAndNeverUp) {
-  const auto& phone = *presetNamed("PHONE");
-  for (const auto& [given, fitted] : {std::pair{PictureSides{1920, 1080}, PictureSides{1280, 720}},
-                                      {{1080, 1920}, {720, 1280}},
-                                      {{1440, 1080}, {960, 720}},
-                                      {{4000, 500}, {1280, 160}},
-                                      {{641, 361}, {641, 361}}})
-    EXPECT_EQ(fittedTo(phone, given), fitted) << given.width;
 }
 
 }  // namespace

@@ -12,8 +12,14 @@ namespace {
 
 class HardwareRender : public Movies {
  protected:
-  Result<RenderReport> made(const RenderJob& job, const std::string& name = "m.mp4") {
-    return make(timeline_, name, job);
+  // "made" and its notes, or why it was not. The device counts from 0.
+  std::string made(const RenderJob& job, const std::string& name = "m.mp4") {
+    device_.pictures = 0;
+    const auto report = make(timeline_, name, job);
+    if (!report) return report.error().text;
+    std::string text = "made";
+    for (const auto& note : report->notes) text += "; " + note;
+    return text;
   }
   RenderJob inDevice(bool needed = false) {
     RenderJob job;
@@ -22,7 +28,7 @@ class HardwareRender : public Movies {
     return job;
   }
   std::vector<test::DecodedPicture> inSoftware() {
-    EXPECT_TRUE(made({}, "s.mp4"));
+    EXPECT_EQ(made({}, "s.mp4"), "made");
     return shown("s.mp4");
   }
 
@@ -34,9 +40,7 @@ TEST_F(HardwareRender, AsksTheDeviceForTheMovieThatTheSoftwareWouldMake) {
   auto job = inDevice();
   job.quality = 24;
   job.effort = "slow";
-  const auto report = made(job);
-  ASSERT_TRUE(report) << report.error().text;
-  EXPECT_TRUE(report->notes.empty());
+  EXPECT_EQ(made(job), "made");
   EXPECT_EQ(device_.pictures, 450);
   EXPECT_EQ(device_.asked.size(), 3U) << "an encoder for each segment";
   for (const auto& format : device_.asked) {
@@ -45,7 +49,7 @@ TEST_F(HardwareRender, AsksTheDeviceForTheMovieThatTheSoftwareWouldMake) {
     EXPECT_EQ(effortWords()[static_cast<std::size_t>(format.effort)], "slow");
   }
   job.hardware = nullptr;
-  ASSERT_TRUE(made(job, "s.mp4"));
+  EXPECT_EQ(made(job, "s.mp4"), "made");
   EXPECT_TRUE(shown("m.mp4") == shown("s.mp4")) << "the same pictures in the same order";
 }
 
@@ -53,11 +57,11 @@ TEST_F(HardwareRender, IsLeftOutWhereItWouldNotDo) {
   auto sized = inDevice();
   sized.megabytes = 1;
   sized.scratch = out_.path();
-  EXPECT_TRUE(made(sized));
+  EXPECT_EQ(made(sized), "made");
   auto share = inDevice();
   share.work = Work{out_ / "work", "id", Share{0, 2}};
-  EXPECT_TRUE(made(share));
-  EXPECT_TRUE(made(inDevice(), "m.avi"));
+  EXPECT_EQ(made(share), "made");
+  EXPECT_EQ(made(inDevice(), "m.avi"), "made");
   EXPECT_TRUE(device_.asked.empty());
 }
 
@@ -66,36 +70,28 @@ TEST_F(HardwareRender, BeginsAnewInSoftwareWhereTheDeviceFails) {
   const auto whole = inSoftware();
   for (const bool kept : {false, true}) {
     for (const std::int64_t behind : {0, 1, 200, 449}) {
-      device_.pictures = 0;
       device_.failsBehind = behind;
       auto job = inDevice();
       if (kept) job.work = Work{out_ / "work", "id"};
-      const auto report = made(job);
-      ASSERT_TRUE(report) << report.error().text;
-      EXPECT_EQ(report->notes,
-                std::vector<std::string>{"the picture is encoded in software: the device is gone"});
+      EXPECT_EQ(made(job), "made; the picture is encoded in software: the device is gone");
       EXPECT_TRUE(shown("m.mp4") == whole) << behind;
       EXPECT_TRUE(std::ranges::is_sorted(steps_, {}, &RenderStep::done)) << "it does not go back";
       EXPECT_EQ(steps_.back().done, 18);
     }
   }
   device_.refusal = "it takes no such pictures";
-  const auto refused = made(inDevice());
-  EXPECT_TRUE(refused && refused->notes.at(0).ends_with(": it takes no such pictures"));
+  EXPECT_TRUE(made(inDevice()).ends_with(": it takes no such pictures"));
   EXPECT_TRUE(shown("m.mp4") == whole);
 }
 
 TEST_F(HardwareRender, FailsWithTheDeviceWhereItIsNeeded) {
   device_.failsBehind = 200;
-  const auto report = made(inDevice(true));
-  ASSERT_FALSE(report);
-  EXPECT_EQ(report.error().text, "the device is gone");
+  EXPECT_EQ(made(inDevice(true)), "the device is gone");
   EXPECT_TRUE(bytes("m.mp4").empty());
   // What fails beside the device is no reason to try again.
   device_.failsBehind = -1;
-  device_.pictures = 0;
   std::filesystem::create_directory(out_ / "m.mp4");
-  EXPECT_FALSE(made(inDevice()));
+  EXPECT_NE(made(inDevice()), "made");
   EXPECT_EQ(device_.pictures, 0);
 }
 
@@ -104,24 +100,18 @@ TEST_F(HardwareRender, GoesOnWithTheEncoderThatItWasBegunWith) {
   auto job = inDevice(true);
   job.work = Work{out_ / "work", "id"};
   device_.failsBehind = 400;
-  ASSERT_FALSE(made(job));
+  EXPECT_EQ(made(job), "the device is gone");
   device_.failsBehind = -1;
-  device_.pictures = 0;
-  auto report = made(job);
-  ASSERT_TRUE(report) << report.error().text;
+  EXPECT_EQ(made(job), "made");
   EXPECT_TRUE(device_.pictures > 0 && device_.pictures < 450) << "a segment stood already";
-  EXPECT_TRUE(report->notes.empty());
   EXPECT_TRUE(shown("m.mp4") == whole);
 
   job.work->share = Share{1, 2};  // is made in software
-  ASSERT_TRUE(made(job));
+  EXPECT_EQ(made(job), "made");
   job.work->share.reset();
   job.needsHardware = false;
-  device_.pictures = 0;
-  report = made(job);
-  ASSERT_TRUE(report) << report.error().text;
+  EXPECT_EQ(made(job), "made; the picture is encoded in software: as it was begun");
   EXPECT_EQ(device_.pictures, 0);
-  EXPECT_EQ(report->notes, std::vector<std::string>{"the picture is encoded in software: as it was begun"});
   EXPECT_FALSE(std::filesystem::exists(out_ / "work"));
 }
 

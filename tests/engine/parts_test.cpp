@@ -1,9 +1,11 @@
 // The small parts of the engine, without media.
+#include "engine/document/document_reader.h"
 #include "engine/document/params.h"
 #include "engine/document/timeline.h"
 #include "engine/run/segments.h"
 #include "engine/run/size_aim.h"
 #include "engine/sound/limiter.h"
+#include "support/documents.h"
 
 #include <cmath>
 #include <functional>
@@ -55,21 +57,15 @@ TEST(Limiter, PassesWhatFitsAndHoldsWhatDoesNot) {
 
 // Layers one behind the other, each over the one before by `overlap` seconds.
 Timeline movieOf(int clips, double seconds, double overlap) {
-  Timeline timeline;
-  timeline.hasVideo = true;
-  timeline.frameRate = 25;
+  std::vector<test::DocumentClip> all;
   for (int i = 0; i < clips; ++i) {
-    Layer layer;
-    layer.src = "c.avi";
-    layer.start = i * (seconds - overlap);
-    layer.stop = layer.start + seconds;
-    layer.mstop = seconds;
-    if (i > 0 && overlap > 0) {
-      layer.transitions.push_back({.start = layer.start, .stop = layer.start + overlap});
-    }
-    timeline.video.push_back(layer);
+    const double start = i * (seconds - overlap);
+    all.push_back({"c.avi", 0, seconds, start, start + seconds});
+    if (i > 0 && overlap > 0)
+      all.back().behind = "<transition clsid=\"{16B280C5-EE70-11D1-9066-00C04FD9189D}\"" +
+                          test::attribute("start", start) + test::attribute("stop", start + overlap) + "/>";
   }
-  return timeline;
+  return *readDocument(test::documentOf(all));
 }
 
 TEST(Segments, BeginAtCutsAndBehindTransitions) {

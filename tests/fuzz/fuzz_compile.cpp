@@ -1,5 +1,6 @@
 // Any records, read from any bytes, through the whole compiler: it must neither crash nor hang.
 #include "editor/tabs/operations.h"
+#include "fuzz/fuzz.h"
 #include "support/store_bench.h"
 
 namespace {
@@ -9,10 +10,7 @@ constexpr int kMaxClips = 40;  // more cost time and show nothing new
 class AllStreams : public kvo::MediaContents {
  public:
   kvo::Result<kvo::StreamFacts> facts(const std::string& path) override {
-    kvo::StreamFacts facts;
-    facts.hasVideo = path.size() % 3 != 0;
-    facts.hasAudio = path.size() % 2 == 0;
-    return facts;
+    return kvo::StreamFacts{.hasVideo = path.size() % 3 != 0, .hasAudio = path.size() % 2 == 0};
   }
   kvo::Result<kvo::FramePicture> frame(const std::string& path, double /*seconds*/, int /*width*/,
                                        int /*height*/) override {
@@ -22,21 +20,19 @@ class AllStreams : public kvo::MediaContents {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  kvo::test::StoreBench b;
+void kvo::fuzz(std::string_view bytes) {
+  test::StoreBench b;
   AllStreams streams;
-  b.files.all["/col/a.INI"] = std::string(reinterpret_cast<const char*>(data), size);
+  b.files.all["/col/a.INI"] = bytes;
   b.file.ReadINI("/col/a.INI", {.mayRewrite = false, .keepMissingClips = true});
-  while (b.collection.MovieList.count() > kMaxClips)
-    b.collection.MovieList.remove(b.collection.MovieList.count());
-  const kvo::Editing c{b.collection, b.settings, b.editor, streams, b.files,
-                       b.boxes,      b.folder,   b.log,    b.clock};
-  kvo::compileText(c);
-  kvo::compilePreviewText(c, 1 + static_cast<int>(size % 10));
-  for (int i = 1; i <= std::min(c.clips().count(), 3); ++i) {
-    kvo::CreatePinPPreview(c, i, {.preview = size % 2 == 0, .backdropAudio = true, .overlayAudio = true});
-    kvo::Previewtransition(c, i);
-    kvo::PreviewEffect(c, i);
+  auto& clips = b.collection.MovieList;
+  while (clips.count() > kMaxClips) clips.remove(clips.count());
+  const Editing c{b.collection, b.settings, b.editor, streams, b.files, b.boxes, b.folder, b.log, b.clock};
+  compileText(c);
+  compilePreviewText(c, 1 + static_cast<int>(bytes.size() % 10));
+  for (int i = 1; i <= std::min(clips.count(), 3); ++i) {
+    CreatePinPPreview(c, i, {.preview = bytes.size() % 2 == 0, .backdropAudio = true, .overlayAudio = true});
+    Previewtransition(c, i);
+    PreviewEffect(c, i);
   }
-  return 0;
 }

@@ -4,6 +4,7 @@
 #include "engine/effects/registry.h"
 #include "engine/picture/compositor.h"
 #include "engine/transitions/registry.h"
+#include "fuzz/fuzz.h"
 #include "media/media_facts.h"
 #include "media/png.h"
 
@@ -82,8 +83,8 @@ std::string element(FuzzedDataProvider& data, const std::string& tag, const Kind
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  FuzzedDataProvider data(bytes, size);
+void kvo::fuzz(std::string_view bytes) {
+  FuzzedDataProvider data(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
   const auto side = [&] { return std::to_string(data.ConsumeIntegralInRange(2, 64)); };
   auto text =
       "<timeline><group type=\"video\" framerate=\"10\" width=\"" + side() + "\" height=\"" + side() + "\">";
@@ -92,17 +93,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   for (int track = 0; track < 2; ++track) {
     text += "<track><clip src=\"" + picture() + "\" mstart=\"0\" mstop=\"2\" start=\"0\" stop=\"2\">";
     const int effects = data.ConsumeIntegralInRange(0, 2);
-    for (int i = 0; i < effects; ++i) text += element(data, "effect", kvo::engine::effectKinds());
+    for (int i = 0; i < effects; ++i) text += element(data, "effect", engine::effectKinds());
     text += "</clip>";
-    if (track > 0 || composed) text += element(data, "transition", kvo::engine::transitionKinds());
+    if (track > 0 || composed) text += element(data, "transition", engine::transitionKinds());
     text += "</track>";
   }
   text += std::string(composed ? "</composite>" : "") + "</group></timeline>";
-  const auto timeline = kvo::engine::readDocument(text);
-  if (!timeline) std::abort();
-  kvo::engine::Compositor compositor(*timeline);
-  for (const int frame : {0, 7, 13}) {
-    if (!compositor.frame(frame)) std::abort();
-  }
-  return 0;
+  const auto timeline = engine::readDocument(text);
+  require(timeline.ok());
+  engine::Compositor compositor(*timeline);
+  for (const int frame : {0, 7, 13}) require(compositor.frame(frame).ok());
 }

@@ -1,22 +1,19 @@
 // Any bytes as a sketch, under their right sum: what is taken is written as it was read. And as words between
 // the processes.
+#include "fuzz/fuzz.h"
 #include "sketches/sketch_file.h"
 #include "sketches/sketch_words.h"
 
-#include <cstdlib>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view text(reinterpret_cast<const char*>(data), size);
+void kvo::fuzz(std::string_view text) {
   std::string file(text);
-  const auto sum = kvo::sketchSum(file);
+  const auto sum = sketchSum(file);
   for (unsigned i = 0; i < 8; ++i) file += static_cast<char>(sum >> (8 * i));
-  const auto sketch = kvo::readSketch(file);
-  if (sketch && kvo::sketchBytes(*sketch) != file) std::abort();
-  static_cast<void>(kvo::readSketch(text));
+  const auto sketch = readSketch(file);
+  require(!sketch || sketchBytes(*sketch) == file);
+  static_cast<void>(readSketch(text));
 
-  if (const auto order = kvo::readOrder(text); order && kvo::readOrder(kvo::orderText(*order)) != order)
-    std::abort();
+  const auto order = readOrder(text);
+  require(!order || readOrder(orderText(*order)) == order);
   std::string read;
-  kvo::readSketchLine(text, read);
-  return 0;
+  readSketchLine(text, read);
 }

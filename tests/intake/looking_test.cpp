@@ -1,4 +1,5 @@
 // Files looked into by a process of its own: its words, its ends, and real media that it looks into.
+#include "base/text.h"
 #include "intake/look_words.h"
 #include "intake/looking_process.h"
 #include "support/fake_processes.h"
@@ -25,17 +26,11 @@ const MediaLook kLook{{.hasVideo = true,
                       {"two\nlines\\n", "a\r\nend", "end", ""},
                       "cannot open\nend"};
 
-void takeLines(MediaLook& look, std::string_view lines) {
-  while (!lines.empty()) {
-    const auto end = lines.find('\n');
-    readLookLine(lines.substr(0, end), look);
-    lines.remove_prefix(end + 1);
-  }
-}
-
 TEST(LookWords, ComeBackAsTheyWereWhateverIsInTheTexts) {
   MediaLook look;
-  takeLines(look, lookLines(kLook));
+  const auto lines = lookLines(kLook);
+  EXPECT_TRUE(lines.ends_with("\n")) << "each is a whole line";
+  for (std::string_view rest = lines; !rest.empty();) readLookLine(nextLine(rest), look);
   EXPECT_EQ(look.tags, kLook.tags);
   EXPECT_EQ(look.errorText + look.facts.codec, kLook.errorText + kLook.facts.codec);
   EXPECT_NEAR(look.facts.frameRate, kLook.facts.frameRate, 1e-12);
@@ -68,11 +63,8 @@ TEST(LookingProcess, IsKeptForTheNextFileAndReplacedWhenItDoesNotSurviveOne) {
   const auto answers = [&] {
     for (const auto* line : {"video 1", "width 64", "end", "width 32"}) b.processes.say(line);
   };
-  for (int i = 0; i < 2; ++i) {
-    const auto answer = b.look(answers);
-    EXPECT_EQ(answer.end, LookEnd::Looked);
-    EXPECT_EQ(answer.look.facts.width, 64) << "what comes behind the end is of no file";
-  }
+  for (int i = 0; i < 2; ++i)
+    EXPECT_EQ(b.look(answers).look.facts.width, 64) << "what comes behind the end is of no file";
   ASSERT_EQ(b.processes.all.size(), 1U);
   EXPECT_TRUE(b.processes.last().order.hasInput);
   EXPECT_EQ(b.processes.last().written.back(), std::string("/v/a.avi\0", 9));

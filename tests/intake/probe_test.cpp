@@ -1,12 +1,22 @@
-// The probe: its batch file, its report, and what is read from it.
+// The probe: its batch file, its report and what is read from it; real files of names that would break a
+// shell line, probed for real.
+#include "adapters/posix/poll_loop.h"
+#include "adapters/posix/posix_clock.h"
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_processes.h"
+#include "adapters/posix/posix_temporary_folders.h"
 #include "intake/batch_probe.h"
 #include "intake/codec_words.h"
 #include "intake/property_report.h"
 #include "support/fake_processes.h"
 #include "support/memory_files.h"
 #include "support/memory_folders.h"
+#include "support/real_world.h"
 #include "support/still_clock.h"
 #include "support/virtual_loop.h"
+
+#include <cstdlib>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -16,11 +26,7 @@ namespace {
 TEST(CodecWords, TheLastWordOfTheTableHolds) {
   const std::string audio = "Audio Stream proper\r\n WMA V9\r\n rate: 64 kbps\r\n";
   const std::string video = "Video Stream proper\r\n ";
-  const struct {
-    std::string report;
-    const char* extension;
-    CodecWords words;
-  } rows[] = {
+  const std::tuple<std::string, const char*, CodecWords> rows[] = {
       {"KVO_FAIL" + audio, "WMV", {"Unknown", "0", "Unknown", "Unknown"}},
       {"", "WMV", {"", "", "Unknown", ""}},
       {audio, "WMA", {"", "", "WMA V9", "64 k"}},
@@ -36,7 +42,8 @@ TEST(CodecWords, TheLastWordOfTheTableHolds) {
       {"NoofStreams 3 ", "ASF", {"WMV7(Buffrd)", "", "Unknown", ""}},
       {"NoofStreams 3 ", "WMV", {"", "", "Unknown", ""}},
   };
-  for (const auto& row : rows) EXPECT_EQ(readCodecWords(row.report, row.extension), row.words) << row.report;
+  for (const auto& [report, extension, words] : rows)
+    EXPECT_EQ(readCodecWords(report, extension), words) << report;
 }
 
 StreamProperties properties(std::vector<StreamProperty> streams, bool isWindowsMedia = true) {
@@ -54,11 +61,7 @@ TEST(PropertyReport, WhatIsPrintedIsFoundAgain) {
   auto locked = properties({{.kind = Video, .codec = "wmv1", .bitRate = 1}});
   locked.isProtected = true;
   locked.isSeekable = false;
-  const struct {
-    const char* name;
-    Result<StreamProperties> properties;
-    const char* words;  // of an ASF file: picture, its rate, sound, its rate
-  } rows[] = {
+  const std::tuple<const char*, Result<StreamProperties>, const char*> rows[] = {
       {"sound and picture", properties({wmv, wma}), "WMV9,300000,WMA V7/8,64000, Windows Media"},
       {"sound alone", properties({sound("wmalossless")}), ",,WMA V9 (LossLess),0, Windows Media"},
       {"speech", properties({sound("wmavoice")}), ",,WMA Speech V9,0, Windows Media"},
@@ -70,15 +73,14 @@ TEST(PropertyReport, WhatIsPrintedIsFoundAgain) {
       {"an AVI of WMV 9", properties({wmv}, false), "WMV9,300000,Unknown,"},
       {"none", Error{"no file with WMV V9"}, "Unknown,0,Unknown,Unknown"},
   };
-  for (const auto& row : rows) {
-    const auto report = propertyReport(row.properties);
-    const auto words = readCodecWords(report, "ASF");
-    auto text =
-        words.videoCodec + "," + words.videoBitRate + "," + words.audioCodec + "," + words.audioBitRate;
-    if (words.isDrm) text += ", DRM";
-    if (!words.seekable) text += ", no seek";
+  for (const auto& [name, found, words] : rows) {
+    const auto report = propertyReport(found);
+    const auto read = readCodecWords(report, "ASF");  // picture, its rate, sound, its rate
+    auto text = read.videoCodec + "," + read.videoBitRate + "," + read.audioCodec + "," + read.audioBitRate;
+    if (read.isDrm) text += ", DRM";
+    if (!read.seekable) text += ", no seek";
     if (tellsOfWindowsMedia(report)) text += ", Windows Media";
-    EXPECT_EQ(text, row.words) << row.name << ": " << report;
+    EXPECT_EQ(text, words) << name << ": " << report;
   }
 }
 
@@ -98,46 +100,36 @@ struct ProbeBench {
   test::MemoryFolders folders;
   BatchProbe probe{{files, processes, loop, clock, folders, "/opt/it's/KVOprop"}};
 
-  // After that many milliseconds the probe answers.
-  void answerAt(int at, const std::string& report) {
-    answers = loop.timer([this, report] {
+  // What the probe is told when it answers after that many milliseconds.
+  std::optional<std::string> report(const std::string& path, int at, const std::string& report, int tries) {
+    const auto answers = loop.timer([&] {
       if (!report.empty()) files.all["/tmp/kvo/wmprops.txt"] = report;
       files.all["/tmp/kvo/Done.txt"] = "\n";
     });
     answers->start(at);
+    return probe.report(path, tries);
   }
-  std::unique_ptr<Timer> answers;
 };
 
 TEST(BatchProbe, WaitsAsLongAsToldWhileTheLoopRuns) {
-  const struct {
-    const char* name;
-    int answered;  // milliseconds
-    const char* report;
-    int tries;
-    std::optional<std::string> told;
-    int taken;
-  } rows[] = {
+  const std::tuple<const char*, int, const char*, int, std::optional<std::string>, int> rows[] = {
       {"at once", 1, "WMV V9\nrate\r\n", 40, "WMV V9\r\nrate\r\n", 400},
       {"late", 5000, "WMV V9", 40, "WMV V9\r\n", 5050},
       {"never", 60000, "WMV V9", 40, std::nullopt, 6250},
       {"never, when only tested", 60000, "WMV V9", 20, std::nullopt, 3250},
       {"without a report", 100, "", 20, std::nullopt, 400},
   };
-  for (const auto& row : rows) {
+  for (const auto& [name, answered, report, tries, told, taken] : rows) {
     ProbeBench b;
-    b.answerAt(row.answered, row.report);
-    EXPECT_EQ(b.probe.report("/v/a.wmv", row.tries), row.told) << row.name;
-    EXPECT_EQ(b.loop.now().count(), row.taken) << row.name;
-    EXPECT_TRUE(b.processes.last().destroyed) << row.name;
-    EXPECT_EQ(b.folders.standing, 0) << row.name;
+    EXPECT_EQ(b.report("/v/a.wmv", answered, report, tries), told) << name;
+    EXPECT_EQ(b.loop.now().count(), taken) << name;
+    EXPECT_TRUE(b.processes.last().destroyed && b.folders.standing == 0) << name;
   }
 }
 
 TEST(BatchProbe, TheBatchQuotesEveryName) {
   ProbeBench b;
-  b.answerAt(1, "x");
-  static_cast<void>(b.probe.report("/v/$(rm a)'; b\n.wmv", 1));
+  EXPECT_TRUE(b.report("/v/$(rm a)'; b\n.wmv", 1, "x", 1));
   EXPECT_EQ(b.processes.last().order.program, "/bin/sh");
   EXPECT_EQ(b.files.all.at("/tmp/kvo/KVOProps.bat"),
             "'/opt/it'\\''s/KVOprop' -- '/v/$(rm a)'\\''; b\n.wmv' > '/tmp/kvo/wmprops.txt'\n"
@@ -147,8 +139,7 @@ TEST(BatchProbe, TheBatchQuotesEveryName) {
 }
 
 TEST(CodecWords, TheProbeRunsOnceAClipAndAnswersTheClipThatAsked) {
-  class Probe : public StreamProbe {
-   public:
+  struct : StreamProbe {
     std::function<void()> meanwhile = [] {};
     int asked = 0;
     std::optional<std::string> report(const std::string& /*path*/, int tries) override {
@@ -171,6 +162,68 @@ TEST(CodecWords, TheProbeRunsOnceAClipAndAnswersTheClipThatAsked) {
   collection.MovieList[1].VideoCodec("");
   EXPECT_EQ(GetWMVVer(collection, 1, "/v/b.wmv", probe), CodecWords());  // it has gone
   EXPECT_EQ(GetWMVVer(collection, 9, "/v/b.wmv", probe), CodecWords());
+}
+
+namespace fs = std::filesystem;
+
+TEST(HostileNames, NothingRunsAndNothingIsLost) {
+  const test::ScratchFolder scratch;
+  fs::create_directory(scratch / "media");
+  // A temporary folder that would break the line as well.
+  const auto temporary = scratch / "it's $(touch ran) \"t\"";
+  fs::create_directory(temporary);
+  const auto clip = test::makeMedia(scratch, "clip.wmv",
+                                    {"-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=0.4", "-f", "lavfi", "-i",
+                                     "sine=d=0.4", "-c:v", "wmv2", "-c:a", "wmav2", "-b:a", "64k"});
+  // clang-format off
+  const std::string names[] = {
+      "plain.wmv", "two  blanks and a tail .wmv", "it's 'quoted'.wmv", "\"double\".wmv",
+      "$(touch ran).wmv", "`touch ran`.wmv", "a;touch ran;b.wmv", "a'$(touch ran)'b.wmv",
+      "a&touch ran&.wmv", "> ran.wmv", "$HOME %PATH% !x *?[a] ~.wmv", "line\nend\r\n.wmv",
+      "\ntouch ran\n.wmv", "back\\slash\\.wmv", "--json", "-.wmv", "\xFF\xFE \xE9 \x81\x82\x88.wmv",
+      "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xAC.wmv", std::string(251, 'x') + ".wmv"};
+  // clang-format on
+  ::setenv("TMPDIR", temporary.c_str(), 1);
+  PosixFiles files;
+  PosixProcesses processes;
+  PollLoop loop;
+  PosixClock clock;
+  PosixTemporaryFolders folders;
+  BatchProbe probe({files, processes, loop, clock, folders, std::string(KVO_PROGRAMS) + "/KVOprop"});
+  const auto here = fs::current_path();
+  fs::current_path(scratch / "media");
+  for (const auto& name : names) {
+    fs::copy_file(clip, name);
+    const auto report = probe.report(scratch / "media/" + name, 40);
+    ASSERT_TRUE(report) << name;
+    const auto words = readCodecWords(*report, "WMV");
+    EXPECT_EQ(words.videoCodec + ", " + words.audioCodec, "WMV8, WMA V7/8") << name << ": " << *report;
+    EXPECT_TRUE(tellsOfWindowsMedia(*report)) << name;
+    EXPECT_EQ(fs::file_size(name), fs::file_size(clip)) << name;
+  }
+  fs::current_path(here);
+  const fs::directory_iterator left(scratch / "media");
+  EXPECT_EQ(std::distance(begin(left), end(left)), std::ssize(names)) << "and nothing called \"ran\"";
+  EXPECT_TRUE(fs::is_empty(temporary));
+  EXPECT_FALSE(fs::exists(here / "ran"));
+  EXPECT_EQ(probe.report(scratch / "missing 'x'.wmv", 40), "KVO_FAIL\r\n");
+  ::unsetenv("TMPDIR");
+}
+
+TEST(KVOprop, TellsOfAStillWithoutALengthAndHelpsWhenAsked) {
+  const test::ScratchFolder scratch;
+  const auto still =
+      test::makeMedia(scratch, "s.png", {"-f", "lavfi", "-i", "color=size=64x48", "-frames:v", "1"});
+  const std::string program = std::string(KVO_PROGRAMS) + "/KVOprop";
+  const auto json = test::runProgram({program, "--json", still});
+  EXPECT_EQ(json.exitCode, 0);
+  EXPECT_NE(json.out.find("\"still\": true"), std::string::npos) << json.out;
+  for (const auto* untold : {"seconds", "frameRate"})
+    EXPECT_EQ(json.out.find(untold), std::string::npos) << json.out;
+  const auto help = test::runProgram({program, "--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_TRUE(help.out.starts_with("usage: KVOprop") && help.err.empty()) << help.err;
+  EXPECT_EQ(test::runProgram({program}).exitCode, 2);
 }
 
 }  // namespace

@@ -103,11 +103,11 @@ TEST(MovieWriter, TakesStretchesOfSeveralEncoders) {
   }
 }
 
-// Keeps where each chunk of a file begins and what its first bytes are, not the pictures themselves.
+// Keeps the heads and indexes of a file, and of its large chunks the first bytes.
 class Outline : public Replacement {
  public:
   Outcome write(std::uint64_t at, std::string_view bytes) override {
-    pieces_[at] = bytes.size() < kSmall ? std::string(bytes) : std::string(bytes.substr(0, 16));
+    pieces_[at] = bytes.substr(0, bytes.size() < 1U << 20U ? bytes.size() : 16);
     size_ = std::max(size_, at + bytes.size());
     return {};
   }
@@ -123,7 +123,6 @@ class Outline : public Replacement {
   }
 
  private:
-  static constexpr std::size_t kSmall = 1U << 20U;
   std::map<std::uint64_t, std::string> pieces_;
   std::uint64_t size_ = 0;
 };

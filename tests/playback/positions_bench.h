@@ -45,9 +45,6 @@ class NotedHost : public PositionsHost {
 };
 
 struct PositionsBench : PlayerBench {
-  PlayTimers timers{loop};
-  ButtonsState keys;
-  Buttons buttons{keys, mode, player, timers};
   PositionsState state;
   SliderState slider;
   DisplayState glass;
@@ -61,12 +58,16 @@ struct PositionsBench : PlayerBench {
     mode.slider.X1 = 600;
     mode.slider.X2 = 8100;
   }
+  explicit PositionsBench(const std::string& name, const FakeFile& file = {}, double start = 0,
+                          double end = 0)
+      : PositionsBench() {
+    ready(name, file, start, end);
+  }
 
   /// A clip that stands loaded at its Mark-In; by default 10 seconds, 25 pictures each.
   Movie& ready(const std::string& name = "a.avi", const FakeFile& file = {}, double start = 0,
                double end = 0) {
     auto& clip = add(name, file);
-    clip.DurationFrames(Value(file.duration * file.rate));
     clip.LoopStart(Value(start));
     clip.LoopEnd(Value(end > 0 ? end : file.duration));
     clip.IsVFWCompat(true);

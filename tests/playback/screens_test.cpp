@@ -2,12 +2,15 @@
 
 #include "playback/display/face_corner.h"
 #include "playback/display/interface_size.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 
 namespace {
+
+using test::Rows;
 
 Screen screenAt(const char* name, ScreenArea whole, int bar = 0) {
   return {name, whole, {whole.left, whole.top + bar, whole.width, whole.height - bar}, 1};
@@ -18,41 +21,32 @@ const Screen kRight = screenAt("right", {1920, 0, 1280, 1024});
 const Screen kLeftLow = screenAt("left", {0, 0, 1024, 768}, 30);
 
 TEST(Screens, AWindowIsPutWhereItCanBeReached) {
-  const std::vector<Screen> both{kLeft, kRight}, only{kLeft}, low{kLeftLow}, swapped{kRight, kLeft};
+  const std::vector<Screen> both{kLeft, kRight}, only{kLeft}, low{kLeftLow}, swapped{kRight, kLeft},
+      moved{screenAt("right", {0, 0, 1280, 1024})};
   const auto onLeft = [](int left, int top, int width = 562, int height = 410) {
     return RememberedPlace{{left, top, width, height}, "left", kLeft.whole};
   };
   const RememberedPlace onRight{{2200, 300, 800, 600}, "right", kRight.whole};
-  struct Window {
-    int width, height;
-    bool sizable;
-  };
-  constexpr Window kFixed{562, 410, false}, kSizable{10, 10, true};
-  const struct {
-    const char* what;
-    std::vector<Screen> screens;
-    std::optional<RememberedPlace> remembered;
-    Window window;
-    ScreenArea expected;
-  } rows[] = {
-      {"first time", both, {}, kFixed, {679, 350, 562, 410}},
-      {"as it was", both, onLeft(100, 200), kFixed, {100, 200, 562, 410}},
-      {"on the second screen", both, onRight, kSizable, {2200, 300, 800, 600}},
-      {"a new size", both, onLeft(100, 200), {702, 512, false}, {100, 200, 702, 512}},
-      {"they have moved", {screenAt("right", {0, 0, 1280, 1024})}, onRight, kSizable, {280, 300, 800, 600}},
-      {"another main screen", swapped, onLeft(100, 200), kFixed, {100, 200, 562, 410}},
-      {"its screen is gone", only, onRight, kSizable, {653, 340, 800, 600}},
-      {"over the left edge", both, onLeft(-400, 200), kFixed, {0, 200, 562, 410}},
-      {"below the lower edge", both, onLeft(100, 1000), kFixed, {100, 670, 562, 410}},
-      {"under the bar of the desktop", both, onLeft(100, 0), kFixed, {100, 30, 562, 410}},
-      {"less resolution", low, onLeft(1358, 670), kFixed, {462, 358, 562, 410}},
-      {"too large for the screen", low, onLeft(50, 60, 1800, 1000), kSizable, {0, 30, 1024, 738}},
-      {"fixed and too large", low, onLeft(100, 200), {1124, 820, false}, {0, 30, 1124, 820}},
-      {"no screen at all", {}, onLeft(100, 200), kFixed, {0, 0, 562, 410}},
-  };
-  for (const auto& row : rows) {
-    const auto& [width, height, sizable] = row.window;
-    EXPECT_EQ(placeWindow(row.screens, row.remembered, width, height, sizable), row.expected) << row.what;
+  using Window = std::tuple<int, int, bool>;  // its size, and whether it can be sized
+  const Window kFixed{562, 410, false}, kSizable{10, 10, true};
+  for (const auto& [what, screens, remembered, window, expected] :
+       Rows<const char*, std::vector<Screen>, std::optional<RememberedPlace>, Window, ScreenArea>{
+           {"first time", both, {}, kFixed, {679, 350, 562, 410}},
+           {"as it was", both, onLeft(100, 200), kFixed, {100, 200, 562, 410}},
+           {"on the second screen", both, onRight, kSizable, {2200, 300, 800, 600}},
+           {"a new size", both, onLeft(100, 200), {702, 512, false}, {100, 200, 702, 512}},
+           {"they have moved", moved, onRight, kSizable, {280, 300, 800, 600}},
+           {"another main screen", swapped, onLeft(100, 200), kFixed, {100, 200, 562, 410}},
+           {"its screen is gone", only, onRight, kSizable, {653, 340, 800, 600}},
+           {"over the left edge", both, onLeft(-400, 200), kFixed, {0, 200, 562, 410}},
+           {"below the lower edge", both, onLeft(100, 1000), kFixed, {100, 670, 562, 410}},
+           {"under the bar of the desktop", both, onLeft(100, 0), kFixed, {100, 30, 562, 410}},
+           {"less resolution", low, onLeft(1358, 670), kFixed, {462, 358, 562, 410}},
+           {"too large for the screen", low, onLeft(50, 60, 1800, 1000), kSizable, {0, 30, 1024, 738}},
+           {"fixed and too large", low, onLeft(100, 200), {1124, 820, false}, {0, 30, 1124, 820}},
+           {"no screen at all", {}, onLeft(100, 200), kFixed, {0, 0, 562, 410}}}) {
+    const auto& [width, height, sizable] = window;
+    EXPECT_EQ(placeWindow(screens, remembered, width, height, sizable), expected) << what;
   }
 }
 
@@ -105,55 +99,43 @@ TEST(FaceCorner, AFaceThatHasCoveredTheScreenComesBackToWhereItStood) {
   auto covering = bareAt({0, 0});
   covering.covers = true;
   const ScreenPoint place{100, 200}, inside{104, 230}, elsewhere{0, 30};
-  const struct {
-    const char* what;
-    int time;
-    FaceOnScreen before, after;
-    std::optional<ScreenPoint> goal;
-  } steps[] = {{"as it stands", 0, framedAt(place), framedAt(place), {}},
-               {"it has grown", 10, framedAt(place), framedAt(place, 702), place},
-               {"covers", 20, framedAt(place), covering, {}},
-               {"and goes on to", 5000, covering, covering, {}},
-               {"comes back, without its frame yet", 6000, covering, bareAt(elsewhere), inside},
-               {"put elsewhere by the desktop", 6400, bareAt(elsewhere), bareAt(elsewhere), inside},
-               {"stands", 6500, bareAt(inside), bareAt(inside), {}},
-               {"has its frame, elsewhere", 7000, framedAt(elsewhere), framedAt(elsewhere), place},
-               {"moved by the user, later", 7600, framedAt(elsewhere), framedAt(elsewhere), {}},
-               {"and it has grown there", 7700, framedAt(elsewhere), framedAt(elsewhere, 702), elsewhere}};
   FaceCorner corner;
-  for (const auto& step : steps) {
-    corner.beforeDrawing(step.before, step.time);
-    EXPECT_EQ(corner.afterDrawing(step.after, step.time), step.goal) << step.what;
+  for (const auto& [what, time, before, after, goal] :
+       Rows<const char*, int, FaceOnScreen, FaceOnScreen, std::optional<ScreenPoint>>{
+           {"as it stands", 0, framedAt(place), framedAt(place), {}},
+           {"it has grown", 10, framedAt(place), framedAt(place, 702), place},
+           {"covers", 20, framedAt(place), covering, {}},
+           {"and goes on to", 5000, covering, covering, {}},
+           {"comes back, without its frame yet", 6000, covering, bareAt(elsewhere), inside},
+           {"put elsewhere by the desktop", 6400, bareAt(elsewhere), bareAt(elsewhere), inside},
+           {"stands", 6500, bareAt(inside), bareAt(inside), {}},
+           {"has its frame, elsewhere", 7000, framedAt(elsewhere), framedAt(elsewhere), place},
+           {"moved by the user, later", 7600, framedAt(elsewhere), framedAt(elsewhere), {}},
+           {"and it has grown there", 7700, framedAt(elsewhere), framedAt(elsewhere, 702), elsewhere}}) {
+    corner.beforeDrawing(before, time);
+    EXPECT_EQ(corner.afterDrawing(after, time), goal) << what;
   }
 }
 
 TEST(FaceCorner, TheFacesShareItUnlessTheUserMovesOne) {
   const ScreenPoint home{100, 200};
-  const auto leave = [&](FaceCorner& corner, FaceOnScreen zoom) {
-    corner.beforeDrawing(framedAt(home), 0);
-    EXPECT_EQ(corner.cameFrom(framedAt(home), 0), home);
-    corner.stands(home);
-    zoom.isNormal = false;
-    return zoom;
-  };
   auto covering = framedAt({0, 0});
   covering.covers = true;
   auto hidden = framedAt({700, 500});
   hidden.visible = false;
-  const struct {
-    const char* what;
-    FaceOnScreen zoom;
-    ScreenPoint back, atEnd;
-  } rows[] = {{"at rest", framedAt(home), home, home},
-              {"its frame alone was put elsewhere", framedAt({104, 248}), home, home},
-              {"moved", framedAt({100, 249}), {100, 249}, {100, 249}},
-              {"covers the screen", covering, home, home},
-              {"not in sight", hidden, home, {700, 500}}};
-  for (const auto& row : rows) {
+  for (auto [what, zoom, back, atEnd] : Rows<const char*, FaceOnScreen, ScreenPoint, ScreenPoint>{
+           {"at rest", framedAt(home), home, home},
+           {"its frame alone was put elsewhere", framedAt({104, 248}), home, home},
+           {"moved", framedAt({100, 249}), {100, 249}, {100, 249}},
+           {"covers the screen", covering, home, home},
+           {"not in sight", hidden, home, {700, 500}}}) {
     FaceCorner corner;
-    const auto zoom = leave(corner, row.zoom);
-    EXPECT_EQ(corner.atEnd(zoom), row.atEnd) << row.what;
-    EXPECT_EQ(corner.cameFrom(zoom, 10), row.back) << row.what;
+    corner.beforeDrawing(framedAt(home), 0);
+    EXPECT_EQ(corner.cameFrom(framedAt(home), 0), home);
+    corner.stands(home);
+    zoom.isNormal = false;
+    EXPECT_EQ(corner.atEnd(zoom), atEnd) << what;
+    EXPECT_EQ(corner.cameFrom(zoom, 10), back) << what;
   }
 }
 

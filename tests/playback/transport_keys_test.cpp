@@ -6,6 +6,7 @@
 namespace kvo {
 namespace {
 
+using test::Rows;
 using test::TransportBench;
 
 TEST(Transport, KeysPlayPauseAndStop) {
@@ -15,34 +16,28 @@ TEST(Transport, KeysPlayPauseAndStop) {
     auto& t = b.transport;
     b.mode.player.IsPaused = true;  // as at the start
     t.PreviewMovie(1);
-    const struct {
-      std::function<void()> act;
-      const char* shown;
-      EngineState state;
-    } rows[] = {
-        {[] {}, "1 paused", EngineState::Stopped},
-        {[&] { t.Img_Play_Click(); }, "1 playing", EngineState::Running},
-        {[&] { t.Lbl_PauseGraphic_Click(); }, "1 paused", EngineState::Stopped},
-        {[&] { t.Lbl_PauseGraphic_Click(); }, "1 playing", EngineState::Running},
-        {[&] { t.pictureClicked(PictureButton::Right); }, "1 paused", EngineState::Paused},
-        {[&] { t.pictureClicked(PictureButton::Left); }, "1 playing", EngineState::Running},
-        {[&] { t.Image8_Click(); }, "1 paused", EngineState::Stopped},
-        {[&] { b.display.Lbl_MiniMode_Click(); }, "1 paused", EngineState::Stopped},  // a face without keys
-        {[&] { t.Img_Play_Click(); }, "1 playing", EngineState::Running},
-        {[&] { b.mode.toolbar.Img_Toolbar.visible = false, t.pictureClicked(PictureButton::Left); },
-         "1 playing", EngineState::Running},  // only the toolbar comes back
-        {[&] { t.pictureClicked(PictureButton::Left); }, "1 paused", EngineState::Paused},
-    };
     int number = 0;
-    for (const auto& row : rows) {
-      row.act();
+    for (const auto& [act, shown, state] : Rows<std::function<void()>, const char*, EngineState>{
+             {[] {}, "1 paused", EngineState::Stopped},
+             {[&] { t.Img_Play_Click(); }, "1 playing", EngineState::Running},
+             {[&] { t.Lbl_PauseGraphic_Click(); }, "1 paused", EngineState::Stopped},
+             {[&] { t.Lbl_PauseGraphic_Click(); }, "1 playing", EngineState::Running},
+             {[&] { t.pictureClicked(PictureButton::Right); }, "1 paused", EngineState::Paused},
+             {[&] { t.pictureClicked(PictureButton::Left); }, "1 playing", EngineState::Running},
+             {[&] { t.Image8_Click(); }, "1 paused", EngineState::Stopped},
+             {[&] { b.display.Lbl_MiniMode_Click(); }, "1 paused",
+              EngineState::Stopped},  // a face without keys
+             {[&] { t.Img_Play_Click(); }, "1 playing", EngineState::Running},
+             {[&] { b.mode.toolbar.Img_Toolbar.visible = false, t.pictureClicked(PictureButton::Left); },
+              "1 playing", EngineState::Running},  // only the toolbar comes back
+             {[&] { t.pictureClicked(PictureButton::Left); }, "1 paused", EngineState::Paused}}) {
+      act();
       b.loop.advance(300);
-      EXPECT_EQ(b.shown(), row.shown) << name << " act " << number;
-      EXPECT_EQ(b.player.PlayerGetPlayState(), row.state) << name << " act " << number++;
+      EXPECT_EQ(b.shown(), shown) << name << " act " << number;
+      EXPECT_EQ(b.player.PlayerGetPlayState(), state) << name << " act " << number++;
     }
     clip.Playspeed(20);
     t.playPressed({.right = true});
-    EXPECT_EQ(clip.Playspeed(), 20);  // the record is the host's to change
     EXPECT_EQ(b.host.asked.find("speed1 ") != std::string::npos, std::string(name) == "a.avi");
     t.playPressed({.shift = true});
     EXPECT_EQ(b.timers.Timer7.enabled() ? b.timers.Timer7.interval() : 0, 100);
@@ -81,24 +76,19 @@ TEST(Transport, BackwardsEndsWithWhateverPlaysStopsOrSeeks) {
 }
 
 TEST(Transport, StillsGoOnOverTheWholeScreenAlone) {
-  const struct {
-    bool covers;
-    Integer seconds;
-    const char* walk;  // a letter every second
-  } rows[] = {
-      {true, 1, "122122122"}, {true, 0, "111111111"}, {false, 1, "111111111"}, {true, 4, "111122222"}};
-  for (const auto& row : rows) {
+  for (const auto& [covers, seconds, expected] : Rows<bool, Integer, const char*>{
+           {true, 1, "122122122"}, {true, 0, "111111111"}, {false, 1, "111111111"}, {true, 4, "111122222"}}) {
     TransportBench b;
     for (const auto* name : {"a.jpg", "b.jpg"}) b.add(name).IsStill(true);
-    b.settings.user.StillDelayTimer = row.seconds;
+    b.settings.user.StillDelayTimer = seconds;
     b.transport.PreviewMovie(1);
-    b.mode.IsFullScreenWindow = row.covers;
+    b.mode.IsFullScreenWindow = covers;
     std::string walk;
-    for (const char* c = row.walk; *c != 0; ++c) {
+    for (const char* c = expected; *c != 0; ++c) {
       walk += std::to_string(b.collection.icurMov);
       b.loop.advance(1000);
     }
-    EXPECT_EQ(walk, row.walk) << row.covers << " " << row.seconds;
+    EXPECT_EQ(walk, expected) << covers << " " << seconds;
     b.transport.Image8_Click();
     EXPECT_FALSE(b.timers.StillTimer.enabled());
   }
@@ -114,6 +104,16 @@ struct MixedBench : TransportBench {
     add("d.jpg").IsStill(true);
     transport.PreviewMovie(1);
   }
+  /// The clips in hand within so many seconds, in each tenth of which something holds.
+  std::string walk(double seconds, const std::function<void()>& holds) {
+    std::string clips;
+    for (int tenths = 0; tenths < seconds * 10; ++tenths) {
+      loop.advance(100);
+      holds();
+      if (!clips.ends_with(shown().front())) clips += shown().front();
+    }
+    return clips;
+  }
 };
 
 TEST(Transport, AWindowKeepsItsSizeForClipsThatFollowByThemselves) {
@@ -121,13 +121,7 @@ TEST(Transport, AWindowKeepsItsSizeForClipsThatFollowByThemselves) {
   b.display.Lbl_MiniMode_Click();
   b.display.Form_Resize(9000, 6000);
   const auto size = b.mode.window.place;
-  std::string walk;
-  for (int tenths = 0; tenths < 90; ++tenths) {
-    b.loop.advance(100);
-    EXPECT_EQ(b.mode.window.place, size) << b.shown();
-    if (walk.empty() || walk.back() != b.shown().front()) walk += b.shown().front();
-  }
-  EXPECT_EQ(walk, "1234");
+  EXPECT_EQ(b.walk(9, [&] { EXPECT_EQ(b.mode.window.place, size) << b.shown(); }), "1234");
   b.transport.PreviewMovie(1);
   EXPECT_EQ(b.mode.window.place.width, 9600) << "the size of one that is chosen";
 }
@@ -136,13 +130,8 @@ TEST(Transport, ThePictureAloneGoesOnWithTheCollection) {
   MixedBench b;
   b.settings.user.StillDelayTimer = 1;
   b.display.mnu_DirXFullSC_Click();
-  std::string walk;
-  for (int tenths = 0; tenths < 105; ++tenths) {
-    b.loop.advance(100);
-    EXPECT_TRUE(b.mode.pictureAlone && b.mode.ticks.mnu_DirXFullSC) << b.shown();
-    if (walk.empty() || walk.back() != b.shown().front()) walk += b.shown().front();
-  }
-  EXPECT_EQ(walk, "12341") << "a still has its time there";
+  const auto isAlone = [&] { EXPECT_TRUE(b.mode.pictureAlone && b.mode.ticks.mnu_DirXFullSC) << b.shown(); };
+  EXPECT_EQ(b.walk(10.5, isAlone), "12341") << "a still has its time there";
   EXPECT_TRUE(b.mode.player.fullScreen && !b.mode.ticks.lockAndZoomEnabled);
   b.add("e.html").IsHTML(true);
   b.transport.PreviewMovie(5);

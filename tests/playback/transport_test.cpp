@@ -6,6 +6,7 @@
 namespace kvo {
 namespace {
 
+using test::Rows;
 using test::TransportBench;
 
 // Both engines: one tells of its end, the other is looked at every 0.6 seconds.
@@ -57,63 +58,54 @@ TEST(Transport, CollectionsGoOnAsTheirTicksSay) {
 
 // The first of these clips plays for so many seconds, something happens, and this is shown later.
 TEST(Transport, WhatHappensNearAnEndLeadsOn) {
-  using Bench = TransportBench;
+  using Act = void (*)(TransportBench&);
   using Clips = std::vector<const char*>;
   const Clips films{"a.avi", "b.avi"}, graphs{"a.wmv", "b.wmv"}, discs{"a.vob", "b.vob"};
+  const Act picture = [](auto& b) { b.transport.pictureClicked(PictureButton::Right); };
+  const Act stop = [](auto& b) { b.transport.Image8_Click(); };
+  const Act play = [](auto& b) { b.transport.Img_Play_Click(); };
+  const Act ownRate = [](auto& b) { b.transport.playPressed({.right = true}); };
+  const Act toItsEnd = [](auto& b) { b.graphs.graph->seek(10); };
+  const Act mark = [](auto& b) { b.host.markHeld = true; };
+  const Act box = [](auto& b) { b.host.commandRuns = true; };
+  const Act answerIn2s = [](auto& b) {
+    b.loop.advance(2000);
+    b.host.commandRuns = false;
+  };
   const struct {
     const char* what;
     Clips clips;
-    double before;
-    std::function<void(Bench&)> act;
-    double after;
+    int before;
+    std::vector<Act> acts;
+    int after;
     const char* shown;
     bool around = false;
     Integer delay = 0;
-  } rows[] = {
-      {"a mark is held", films, 9, [](Bench& b) { b.host.markHeld = true; }, 5, "1 paused"},
-      {"a box is open", films, 9, [](Bench& b) { b.host.commandRuns = true; }, 2, "1 playing"},
-      {"a box over the end is answered", films, 9,
-       [](Bench& b) {
-         b.host.commandRuns = true;
-         b.loop.advance(2000);
-         b.host.commandRuns = false;
-       },
-       3, "2 playing"},
-      {"a disc, stopped and on by its key", discs, 2,
-       [](Bench& b) { b.transport.Image8_Click(), b.transport.Img_Play_Click(); }, 9.5, "2 playing"},
-      {"a disc, stopped and on by the picture", discs, 2,
-       [](Bench& b) { b.transport.Image8_Click(), b.transport.pictureClicked(PictureButton::Right); }, 9.5,
-       "2 playing"},
-      {"a page behind a film", {"a.avi", "b.html"}, 12, {}, 0, "2, empty"},
-      {"a page behind a graph", {"a.wmv", "b.html"}, 12, {}, 0, "2, empty"},
-      {"a page behind a disc", {"a.vob", "b.html"}, 12, {}, 0, "2, empty"},
-      {"a graph that stands", graphs, 5,
-       [](Bench& b) { b.transport.pictureClicked(PictureButton::Right), b.graphs.graph->seek(10); }, 2,
-       "1 paused"},
-      {"a graph that stands, around", graphs, 5,
-       [](Bench& b) { b.transport.pictureClicked(PictureButton::Right), b.graphs.graph->seek(10); }, 2,
-       "2 playing", true},
-      // The list has gone on to the clip that waits.
-      {"picture", films, 11, [](Bench& b) { b.transport.pictureClicked(PictureButton::Right); }, 3,
-       "2 playing", false, 20},
-      {"stop", films, 11, [](Bench& b) { b.transport.Image8_Click(); }, 3, "2 paused, waits", false, 20},
-      {"stop, play", films, 11, [](Bench& b) { b.transport.Image8_Click(), b.transport.Img_Play_Click(); }, 3,
-       "2 playing", false, 20},
-      {"stop, picture", films, 11,
-       [](Bench& b) { b.transport.Image8_Click(), b.transport.pictureClicked(PictureButton::Right); }, 3,
-       "2 playing", false, 20},
-      {"own rate", films, 11, [](Bench& b) { b.transport.playPressed({.right = true}); }, 3, "2 playing",
-       false, 20},
-  };
+  } rows[] = {{"a mark is held", films, 9000, {mark}, 5000, "1 paused"},
+              {"a box is open", films, 9000, {box}, 2000, "1 playing"},
+              {"a box over the end is answered", films, 9000, {box, answerIn2s}, 3000, "2 playing"},
+              {"a disc, stopped and on by its key", discs, 2000, {stop, play}, 9500, "2 playing"},
+              {"a disc, stopped and on by the picture", discs, 2000, {stop, picture}, 9500, "2 playing"},
+              {"a page behind a film", {"a.avi", "b.html"}, 12000, {}, 0, "2, empty"},
+              {"a page behind a graph", {"a.wmv", "b.html"}, 12000, {}, 0, "2, empty"},
+              {"a page behind a disc", {"a.vob", "b.html"}, 12000, {}, 0, "2, empty"},
+              {"a graph that stands", graphs, 5000, {picture, toItsEnd}, 2000, "1 paused"},
+              {"a graph that stands, around", graphs, 5000, {picture, toItsEnd}, 2000, "2 playing", true},
+              // The list has gone on to the clip that waits.
+              {"picture", films, 11000, {picture}, 3000, "2 playing", false, 20},
+              {"stop", films, 11000, {stop}, 3000, "2 paused, waits", false, 20},
+              {"stop, play", films, 11000, {stop, play}, 3000, "2 playing", false, 20},
+              {"stop, picture", films, 11000, {stop, picture}, 3000, "2 playing", false, 20},
+              {"own rate", films, 11000, {ownRate}, 3000, "2 playing", false, 20}};
   for (const auto& row : rows) {
-    Bench b;
+    TransportBench b;
     for (const auto* name : row.clips) b.add(name).IsHTML(std::string_view(name).ends_with(".html"));
     b.settings.user.LoopCol = row.around;
     b.settings.state.InterClipDelay = row.delay;
     b.transport.PreviewMovie(1);
-    b.loop.advance(static_cast<int>(row.before * 1000));
-    if (row.act) row.act(b);
-    b.loop.advance(static_cast<int>(row.after * 1000));
+    b.loop.advance(row.before);
+    for (const auto act : row.acts) act(b);
+    b.loop.advance(row.after);
     auto shown = b.shown();
     if (b.mode.player.clipWaits) shown += ", waits";
     if (b.player.PlayerIsEmpty()) shown += ", empty";
@@ -126,26 +118,22 @@ TEST(Transport, WhatHappensNearAnEndLeadsOn) {
 // An end on its way home, and what happens ahead of it.
 TEST(Transport, AnEndIsOnlyThatOfWhatPlaysUntilThen) {
   for (const auto* kind : {".avi", ".wmv"}) {
-    const struct {
-      const char* what;
-      std::function<void(TransportBench&)> act;
-      const char* shown;
-    } rows[] = {
-        {"nothing", [](auto&) {}, "2 playing"},
-        {"another clip", [](auto& b) { b.transport.PreviewMovie(3); }, "3 playing"},
-        {"the same once more", [](auto& b) { b.transport.PreviewMovie(1); }, "1 playing"},
-        {"sent back", [](auto& b) { b.player.PlayerSetCurrentPosition(1), b.player.GlobalMediaPlay(); },
-         "1 playing"}};
-    for (const auto& row : rows) {
+    for (const auto& [what, act, shown] :
+         Rows<const char*, std::function<void(TransportBench&)>, const char*>{
+             {"nothing", [](auto&) {}, "2 playing"},
+             {"another clip", [](auto& b) { b.transport.PreviewMovie(3); }, "3 playing"},
+             {"the same once more", [](auto& b) { b.transport.PreviewMovie(1); }, "1 playing"},
+             {"sent back", [](auto& b) { b.player.PlayerSetCurrentPosition(1), b.player.GlobalMediaPlay(); },
+              "1 playing"}}) {
       TransportBench b;
       for (const auto* name : {"a", "b", "c", "d"}) b.add(std::string(name) + kind);
       b.settings.user.PlayWithoutGaps = true;
       b.transport.PreviewMovie(1);
       b.loop.advance(5000);
       b.player.UsingCorona() ? b.graphs.graph->comeToEnd() : b.control.comeToEnd();
-      row.act(b);
+      act(b);
       b.loop.advance(5000);
-      EXPECT_EQ(b.shown(), row.shown) << row.what << kind;
+      EXPECT_EQ(b.shown(), shown) << what << kind;
     }
   }
 }

@@ -1,20 +1,19 @@
 #include "playback/transport/what_follows.h"
 
 #include "support/golden.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
 
-constexpr PlayOrder kPlain{};
+using test::Rows;
+
 constexpr PlayOrder kAround{.mnu_LoopCollectionsOnPlayback = true};
 constexpr PlayOrder kRewind{.mnu_RewAtEnd = true};
 constexpr PlayOrder kRewindAround{.mnu_RewAtEnd = true, .mnu_LoopCollectionsOnPlayback = true};
-constexpr PlayOrder kLoop{.mnu_Looping = true};
 constexpr PlayOrder kLoopAround{.mnu_Looping = true, .mnu_LoopCollectionsOnPlayback = true};
-constexpr PlayOrder kLoopRewind{.mnu_Looping = true, .mnu_RewAtEnd = true};
-constexpr PlayOrder kAll{true, true, true};
 
 EndedClip ended(int number, int count, const PlayOrder& order = {}, const EndMemory& memory = {}) {
   return {.number = number,
@@ -51,20 +50,17 @@ std::string walk(int from, int count, const PlayOrder& order, int delay) {
 
 // The last clip, come to by hand, is not left out of a loop.
 TEST(WhatFollows, CollectionsWalkByTheirTicks) {
-  const std::pair<const char*, PlayOrder> orders[] = {{"plain", kPlain},
-                                                      {"around", kAround},
-                                                      {"rewind", kRewind},
-                                                      {"rewind around", kRewindAround},
-                                                      {"loop", kLoop},
-                                                      {"loop around", kLoopAround},
-                                                      {"loop rewind", kLoopRewind},
-                                                      {"all", kAll}};
   std::string walks;
   for (const auto& [from, count] : {std::pair{1, 1}, {1, 2}, {1, 5}, {4, 5}, {5, 5}}) {
-    for (const auto& [name, order] : orders) {
+    for (int ticks = 0; ticks < 8; ++ticks) {
+      const PlayOrder order{(ticks & 4) != 0, (ticks & 2) != 0, (ticks & 1) != 0};
+      auto name = std::to_string(from) + " of " + std::to_string(count);
+      if (order.mnu_Looping) name += " loop";
+      if (order.mnu_RewAtEnd) name += " rewind";
+      if (order.mnu_LoopCollectionsOnPlayback) name += " around";
       const auto path = walk(from, count, order, 0);
       for (const int delay : {3, 20}) EXPECT_EQ(walk(from, count, order, delay), path) << name << delay;
-      walks += std::to_string(from) + " of " + std::to_string(count) + ", " + name + ": " + path + "\n";
+      walks += name + ": " + path + "\n";
     }
   }
   test::expectGolden("what-follows.txt", walks);
@@ -78,55 +74,54 @@ TEST(WhatFollows, EdgesOfItsTable) {
   };
   const EndedClip two = ended(1, 2);
   const EndedClip rewinds = ended(1, 2, kRewind);
-  const struct {
-    const char* what;
-    EndedClip clip;
-    WhatFollows expected;
-  } rows[] = {
-      {"plain", two, {Curr, {0, true}, true, 2, EndSeek::None, {KeyWord::PlayOn}}},
-      {"a pause is shown as one",
-       with(two, [](auto& c) { c.InterClipDelay = 20; }),
-       {Curr, {0, true}, true, 2}},
-      {"mark held", with(two, [](auto& c) { c.markDragged = true; }), {}},
-      {"editor, wave",
-       with(two, [](auto& c) { c.KVOIsInEditMode = c.wavInControl = true; }),
-       {.autoRewindOff = true}},
-      {"editor", with(two, [](auto& c) { c.KVOIsInEditMode = true; }), {Redo, {1, false}}},
-      {"editor, 1.25 s",
-       with(two, [](auto& c) { c.KVOIsInEditMode = true, c.sectionSeconds = 1.25; }),
-       {.memory = {1, false}, .stop = true}},
-      {"rewind, 3 frames", with(rewinds, [](auto& c) { c.sectionFrames = 3; }), {Redo, {1, false}}},
-      {"rewind, 2 frames",
-       with(rewinds, [](auto& c) { c.sectionFrames = 2; }),
-       {.memory = {1, false}, .delayed = true}},
-      {"one clip, once", ended(1, 1), {.memory = {1, false}}},
-      {"waves",
-       with(ended(2, 2, kPlain, {0, true}), [](auto& c) { c.waveSpikesShown = true; }),
-       {.memory = {1, true}}},
-      {"last, by itself",
-       ended(2, 2, kPlain, {0, true}),
-       {.memory = {1, true}, .delayed = true, .buttons = {KeyWord::PauseOn, KeyWord::PlayOff}, .over = true}},
-      {"last, again",
-       ended(2, 2, kPlain, {1, true}),
-       {.memory = {2, true}, .delayed = true, .buttons = {KeyWord::AllOff}, .over = true}},
-      {"rewound",
-       ended(2, 2, kRewind, {0, true}),
-       {.memory = {0, true}, .delayed = true, .seek = EndSeek::ToStart, .buttons = {KeyWord::PauseOn}}},
-      {"too short to be rewound",
-       with(ended(2, 2, kRewind, {0, true}), [](auto& c) { c.duration = 0.74; }),
-       {.memory = {0, true}, .delayed = true}},
-      {"around, started by hand", ended(2, 2, kAround, {1, false}), {Curr, {2, true}, true}},
-      {"around, behind that", ended(2, 2, kAround, {2, true}), {Next, {2, true}, true}},
-      // The menus were changed while the clip played.
-      {"around since now",
-       ended(2, 2, kAround, {3, true}),
-       {Kill, {3, true}, false, 0, EndSeek::ToDuration, {KeyWord::PlayOff}}},
-      {"around since now, loops", ended(2, 2, kLoopAround, {3, true}), {Curr, {0, true}}},
-      {"around since now, rewinds",
-       ended(2, 2, kRewindAround, {3, true}),
-       {SequencerCommand::None, {0, true}, false, 0, EndSeek::ToStart, {KeyWord::PauseOn}}},
-  };
-  for (const auto& row : rows) EXPECT_EQ(whatFollows(row.clip), row.expected) << row.what;
+  for (const auto& [what, clip, expected] : Rows<const char*, EndedClip, WhatFollows>{
+           {"plain", two, {Curr, {0, true}, true, 2, EndSeek::None, {KeyWord::PlayOn}}},
+           {"a pause is shown as one",
+            with(two, [](auto& c) { c.InterClipDelay = 20; }),
+            {Curr, {0, true}, true, 2}},
+           {"mark held", with(two, [](auto& c) { c.markDragged = true; }), {}},
+           {"editor, wave",
+            with(two, [](auto& c) { c.KVOIsInEditMode = c.wavInControl = true; }),
+            {.autoRewindOff = true}},
+           {"editor", with(two, [](auto& c) { c.KVOIsInEditMode = true; }), {Redo, {1, false}}},
+           {"editor, 1.25 s",
+            with(two, [](auto& c) { c.KVOIsInEditMode = true, c.sectionSeconds = 1.25; }),
+            {.memory = {1, false}, .stop = true}},
+           {"rewind, 3 frames", with(rewinds, [](auto& c) { c.sectionFrames = 3; }), {Redo, {1, false}}},
+           {"rewind, 2 frames",
+            with(rewinds, [](auto& c) { c.sectionFrames = 2; }),
+            {.memory = {1, false}, .delayed = true}},
+           {"one clip, once", ended(1, 1), {.memory = {1, false}}},
+           {"waves",
+            with(ended(2, 2, {}, {0, true}), [](auto& c) { c.waveSpikesShown = true; }),
+            {.memory = {1, true}}},
+           {"last, by itself",
+            ended(2, 2, {}, {0, true}),
+            {.memory = {1, true},
+            .delayed = true,
+            .buttons = {KeyWord::PauseOn, KeyWord::PlayOff},
+            .over = true}},
+           {"last, again",
+            ended(2, 2, {}, {1, true}),
+            {.memory = {2, true}, .delayed = true, .buttons = {KeyWord::AllOff}, .over = true}},
+           {"rewound",
+            ended(2, 2, kRewind, {0, true}),
+            {.memory = {0, true}, .delayed = true, .seek = EndSeek::ToStart, .buttons = {KeyWord::PauseOn}}},
+           {"too short to be rewound",
+            with(ended(2, 2, kRewind, {0, true}), [](auto& c) { c.duration = 0.74; }),
+            {.memory = {0, true}, .delayed = true}},
+           {"around, started by hand", ended(2, 2, kAround, {1, false}), {Curr, {2, true}, true}},
+           {"around, behind that", ended(2, 2, kAround, {2, true}), {Next, {2, true}, true}},
+           // The menus were changed while the clip played.
+           {"around since now",
+            ended(2, 2, kAround, {3, true}),
+            {Kill, {3, true}, false, 0, EndSeek::ToDuration, {KeyWord::PlayOff}}},
+           {"around since now, loops", ended(2, 2, kLoopAround, {3, true}), {Curr, {0, true}}},
+           {"around since now, rewinds",
+            ended(2, 2, kRewindAround, {3, true}),
+            {SequencerCommand::None, {0, true}, false, 0, EndSeek::ToStart, {KeyWord::PauseOn}}}}) {
+    EXPECT_EQ(whatFollows(clip), expected) << what;
+  }
 }
 
 }  // namespace

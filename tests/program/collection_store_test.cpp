@@ -1,7 +1,11 @@
 #include "program/collection_store.h"
 
+#include "base/text.h"
 #include "support/golden.h"
 #include "support/store_bench.h"
+
+#include <map>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -13,14 +17,10 @@ using Bench = test::StoreBench;
 constexpr ReadOptions kLook{.mayRewrite = false, .keepMissingClips = true};
 
 std::string withRow(std::string text, const std::string& key, const std::string& value) {
-  const auto at = text.find(key);
-  EXPECT_NE(at, std::string::npos) << key;
-  const auto end = text.find("\r\n", at);
-  return text.replace(at + key.size(), end - at - key.size(), value);
-}
-
-std::string with(std::string text, const std::string& what, const std::string& instead) {
-  return text.replace(text.find(what), what.size(), instead);
+  const auto row = text.find("\r\n" + key + " ");
+  EXPECT_NE(row, std::string::npos) << key;
+  const auto at = text.find("= ", row) + 2;
+  return text.replace(at, text.find("\r\n", at) - at, value);
 }
 
 // The text of a saved collection of one clip, and of what `change` adds.
@@ -75,10 +75,8 @@ TEST(CollectionStore, WritesItsExactBytesAndReadsThemBack) {
   // The load counts a use and fills what is the deployment's; those rows aside the text is the same.
   auto again = b.files.all["/col/t.INI"];
   auto before = text;
-  for (const auto* key : {"ProgramVersion       = ", "ErrorLog             = ", "Support              = ",
-                          "ReplyTo              = ", "TimesUsed            = ", "JoinSaveAs            = ",
-                          "LoadFrom             = ", "ColLoadFrom          = ", "StillDelayTimer      = ",
-                          "PreviewType          = ", "GrfFileName          = "}) {
+  for (const auto* key : {"ProgramVersion", "ErrorLog", "Support", "ReplyTo", "TimesUsed", "JoinSaveAs",
+                          "LoadFrom", "ColLoadFrom", "StillDelayTimer", "PreviewType", "GrfFileName"}) {
     again = withRow(again, key, "");
     before = withRow(before, key, "");
   }
@@ -88,7 +86,7 @@ TEST(CollectionStore, WritesItsExactBytesAndReadsThemBack) {
 TEST(CollectionStore, AMissingSectionIsToldAndGivesItsDefaults) {
   Bench b;
   b.settings.adjust().RenderHeight = 1;
-  load(b, with(with(savedText(), "[EditDecisionListPrefs]", "[Other]"), "[Fonts]", "[Others]"));
+  load(b, replaced(replaced(savedText(), "[EditDecisionListPrefs]", "[Other]"), "[Fonts]", "[Others]"));
   EXPECT_EQ(b.settings.preferences().RenderHeight, 320);
   EXPECT_EQ(b.settings.preferences().TextFont.text(), "Ariel");
   EXPECT_EQ(b.log.texts(), (std::vector<std::string>{"<<ERR031>> - Font Read Failure "}));
@@ -96,24 +94,19 @@ TEST(CollectionStore, AMissingSectionIsToldAndGivesItsDefaults) {
 
 TEST(CollectionStore, ClipRowsHaveTheirOwnRules) {
   const auto text = savedText();
-  const std::tuple<const char*, std::string, std::string> rows[] = {
-      {"AltName         = ", "False", " |False|1|0|/v/"},
-      {"AltName         = ", std::string(128, 'n'), " |False|1|0|/v/"},
-      {"PlaySpeed       = ", "999", "|True|1|0|/v/"},
-      {"OutputLevel = ", "5.5", "|False|1|0|/v/"},
-      {"OutputLevel = ", "5", "|False|5|0|/v/"},
-      {"BlurInt         = ", "40000", "|False|1|0|/v/"},
-      {"Path            = ", "CURRDIR", "|False|1|0|/prog/"},
-  };
-  for (const auto& [key, value, becomes] : rows) {
+  using Row = std::tuple<const char*, std::string, std::string>;
+  for (const auto& [key, value, becomes] :
+       {Row{"AltName", "False", " |False|1|0|/v/"}, Row{"AltName", std::string(128, 'n'), " |False|1|0|/v/"},
+        Row{"PlaySpeed", "999", "|True|1|0|/v/"}, Row{"OutputLevel", "5.5", "|False|1|0|/v/"},
+        Row{"OutputLevel", "5", "|False|5|0|/v/"}, Row{"BlurInt", "40000", "|False|1|0|/v/"},
+        Row{"Path", "CURRDIR", "|False|1|0|/prog/"}}) {
     Bench b;
     load(b, withRow(text, key, value), kLook);
     ASSERT_EQ(b.collection.MovieList.count(), 1) << key;
-    const auto& clip = b.collection.MovieList[1];
-    EXPECT_EQ(clip.AltName() + "|" + fieldText(clip.IsExtendedCD()) + "|" +
-                  fieldText(clip.AudioOutputLevel()) + "|" + fieldText(clip.BlurInt()) + "|" + clip.Path(),
-              becomes)
-        << key << value;
+    const auto& clip = b.clip(1);
+    const auto is = clip.AltName() + "|" + fieldText(clip.IsExtendedCD()) + "|" +
+                    fieldText(clip.AudioOutputLevel()) + "|" + fieldText(clip.BlurInt()) + "|" + clip.Path();
+    EXPECT_EQ(is, becomes) << key << value;
   }
 }
 
@@ -125,9 +118,9 @@ TEST(CollectionStore, AStreamIsKnownAgain) {
                                               {"live.asx", "words", false}}) {
     Bench b;
     b.files.all[std::string("/v/") + name] = bytes;
-    load(b, withRow(text, "MovieName       = ", name), kLook);
+    load(b, withRow(text, "MovieName", name), kLook);
     ASSERT_EQ(b.collection.MovieList.count(), 1) << name;
-    EXPECT_EQ(b.collection.MovieList[1].IsStream(), isStream) << name << bytes;
+    EXPECT_EQ(b.clip(1).IsStream(), isStream) << name << bytes;
   }
 }
 
@@ -141,36 +134,30 @@ TEST(CollectionStore, AClipWithoutAKeyGetsOneThatNoOtherHas) {
   Bench b;
   load(b, text, kLook);
   std::vector<Long> keys;
-  for (int i = 1; i <= b.collection.MovieList.count(); ++i) keys.push_back(b.collection.MovieList[i].KeyID());
+  for (int i = 1; i <= b.collection.MovieList.count(); ++i) keys.push_back(b.clip(i).KeyID());
   EXPECT_EQ(keys, (std::vector<Long>{42, clock + 3, clock, clock + 4, clock + 1, 5}));
 }
 
 // In a collection that is open, and as the file that the program cannot do without.
 TEST(CollectionStore, WhatCannotBeReadIsRefusedAndTakesNothingAway) {
-  auto tooMany = withRow(savedText(), "MoviesInGroup        = ", "32768");
+  auto tooMany = withRow(savedText(), "MoviesInGroup", "32768");
   for (int i = 2; i <= 32768; ++i) tooMany += "[Movie" + std::to_string(i) + "Main]\r\nMovieName = a\r\n\r\n";
-  const struct {
-    std::string text;
-    ReadEnd end;
-    const char* why;
-    const char* box;
-  } rows[] = {
+  const std::tuple<std::string, ReadEnd, const char*, const char*> rows[] = {
       {"hello\r\n", ReadEnd::NotReadable, "is not a collection", "Error 6"},
       {"[KVO]\r\na=1\r\nb=1\r\nc=1\r\nd=1\r\ne=1\r\n", ReadEnd::NotValid, "is not a collection", "Error 8"},
       {tooMany, ReadEnd::TooManyClips, "32767", "32767"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [text, end, why, box] : rows) {
     Bench b;
     b.addVideo("open.avi", 0, 5);
-    const auto report = load(b, row.text, {.isNeeded = false});
-    EXPECT_EQ(report.end, row.end);
-    EXPECT_NE(report.why.find(row.why), std::string::npos) << report.why;
-    EXPECT_TRUE(b.boxes.shown.empty());
-    EXPECT_EQ(b.collection.MovieList.count(), 1) << row.why;
-    EXPECT_EQ(load(b, row.text).end, row.end);
-    ASSERT_EQ(b.boxes.shown.size(), 1U);
-    EXPECT_NE(b.boxes.shown[0].text.find(row.box), std::string::npos) << b.boxes.shown[0].text;
-    EXPECT_EQ(b.files.all["/col/t.INI"], row.text);
+    const auto report = load(b, text, {.isNeeded = false});
+    EXPECT_EQ(report.end, end);
+    EXPECT_TRUE(test::holds(report.why, why)) << report.why;
+    EXPECT_EQ(b.collection.MovieList.count(), 1) << why;
+    EXPECT_EQ(b.boxes.told(), "");
+    EXPECT_EQ(load(b, text).end, end);
+    EXPECT_TRUE(b.boxes.shown.size() == 1 && test::holds(b.boxes.shown[0].text, box)) << b.boxes.told();
+    EXPECT_EQ(b.files.all["/col/t.INI"], text);
   }
   Bench full;
   for (int i = 0; i <= kMaxClips; ++i) full.collection.MovieList.add({});
@@ -197,16 +184,15 @@ TEST(CollectionStore, WhatTheDiskDoesNotGiveBackIsSetAsideWhereAFreshOneCanTakeI
 
 TEST(CollectionStore, ALineInAnotherEncodingSpoilsNoOther) {
   const auto text = savedText([](Bench& b) {
-    b.collection.MovieList[1].Notes(Value("\xC3\xBC"));
+    b.clip(1).Notes(Value("\xC3\xBC"));
     b.addVideo("inv\xFF.avi", 0, 5, "/d\xE9/");
     auto& overlaid = b.addVideo("\xE6\x97\xA5.avi", 0, 5);
     overlaid.SrcPath("/s\xFE/");
     overlaid.SrcName("over\xFE.avi");
   });
   Bench b;
-  for (const auto* there : {"/d\xE9/inv\xFF.avi", "/v/\xE6\x97\xA5.avi", "/s\xFE/over\xFE.avi"})
-    b.files.all[there] = "x";
-  load(b, withRow(text, "AltName         = ", "caf\xE9"));
+  b.files.put({"/d\xE9/inv\xFF.avi", "/v/\xE6\x97\xA5.avi", "/s\xFE/over\xFE.avi"});
+  load(b, withRow(text, "AltName", "caf\xE9"));
   EXPECT_TRUE(b.boxes.shown.empty()) << b.boxes.shown[0].text;
   const auto& clips = b.collection.MovieList;
   ASSERT_EQ(clips.count(), 3);
@@ -220,24 +206,19 @@ TEST(CollectionStore, ALineInAnotherEncodingSpoilsNoOther) {
 
 // Or else a box says so, and the file before is kept.
 TEST(CollectionStore, TextsComeBackAsTheyWereSaved) {
-  const struct {
-    std::string folder, name, note;
-    bool comesBack = true;
-  } rows[] = {
-      {"/v/", "a.avi", "before, behind"},
-      {"/v/", "a.avi", "[Movie1Audio] is the v1.0 heading, [so] it is"},
-      {"/v/", "a.avi", "say \"a\" twice"},
-      {"/v/", "a.avi", "Balance, Size, IsStill"},
+  using Texts = std::tuple<std::string, std::string, std::string>;  // folder, name and note
+  std::vector<Texts> rows{
       {"/v/[clips], y/", "[a] clip, [b]", ""},
       {"/v/", " blank at both ends ", ""},
       {"/v/", "\"quoted\", and not.avi", ""},
-      {"/" + std::string(120, 'd') + "\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC/", "a.avi", ""},
-      {"/v/", "a.avi", "two\r\nlines", false},
-      {"/v/", "a.avi", "see [here]", false},
-      {"/v/", "a.avi", "say \"a\", \"b\"", false},
-      {"/v/", "a.avi", "My Audio]", false},
-  };
-  for (const auto& [folder, name, note, comesBack] : rows) {
+      {"/" + std::string(120, 'd') + "\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBC/", "a.avi", ""}};
+  const std::set<std::string> lossy{"two\r\nlines", "see [here]", "say \"a\", \"b\"", "My Audio]"};
+  for (const auto& note : lossy) rows.emplace_back("/v/", "a.avi", note);
+  for (const auto* note : {"before, behind", "[Movie1Audio] is the v1.0 heading, [so] it is",
+                           "say \"a\" twice", "Balance, Size, IsStill"})
+    rows.emplace_back("/v/", "a.avi", note);
+  for (const auto& [folder, name, note] : rows) {
+    const bool comesBack = !lossy.contains(note);
     Bench b;
     auto& clip = b.addVideo(name, 0, 5, folder);
     clip.Notes(Value(note));
@@ -253,7 +234,7 @@ TEST(CollectionStore, TextsComeBackAsTheyWereSaved) {
     again.files.all[folder + name] = "x";
     load(again, b.files.all["/col/t.INI"], kLook);
     ASSERT_EQ(again.collection.MovieList.count(), 1) << name;
-    const auto& read = again.collection.MovieList[1];
+    const auto& read = again.clip(1);
     EXPECT_EQ(read.Path() + read.MovieName() + read.SrcPath() + read.SrcName(),
               folder + name + folder + name);
     EXPECT_EQ(read.Notes().text() == note, comesBack) << note;
@@ -279,9 +260,9 @@ TEST(CollectionStore, AFileIsFoundByWhatIsCarriedOfItsName) {
   EXPECT_TRUE(b.file.WriteINI("/col", "t.INI", true));
   load(again, b.files.all["/col/t.INI"], kLook);
   ASSERT_EQ(again.collection.MovieList.count(), 7);
-  for (int i = 1; i <= 3; ++i) EXPECT_EQ(clipFile(again.collection.MovieList[i]), "/v/" + names[i - 1]);
-  for (int i = 5; i <= 6; ++i) EXPECT_EQ(again.collection.MovieList[i].Path(), folders[i - 5]);
-  EXPECT_EQ(again.collection.MovieList[7].Path(), "/v/is gone/");
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(clipFile(again.clip(i)), "/v/" + names[i - 1]);
+  for (int i = 5; i <= 6; ++i) EXPECT_EQ(again.clip(i).Path(), folders[i - 5]);
+  EXPECT_EQ(again.clip(7).Path(), "/v/is gone/");
 }
 
 TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
@@ -289,31 +270,26 @@ TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
     b.addVideo("b.avi", 0, 1);
     addOthers(b);
   });
-  const std::pair<const char*, std::string> rows[] = {
-      {"count not numeric", withRow(text, "MoviesInGroup        = ", "two")},
-      {"count too small", withRow(text, "MoviesInGroup        = ", "1")},
-      {"count out of range", withRow(text, "MoviesInGroup        = ", "70000")},
-      {"count too large", withRow(text, "MoviesInGroup        = ", "3")},
-      {"10,001 keyframes", withRow(text, "Keyframes            = ", "10001")},
-      {"a frame below 0", withRow(text, "FrameNo         = ", "-1")},
-      {"a missing animation", with(text, "= anim.avi", "= gone.avi")},
-      {"animations out of order", with(text, "[AudMovie1]", "[AudMovie3]")},
-      {"clips out of order", with(text, "[Movie2Main]", "[Movie3Main]")},
-      {"no edit section", with(text, "[EditDecisionListPrefs]", "[Other]")},
-      {"a heading inside a note", withRow(text, "Notes           = ", "see [here]")},
-      {"a comma in a note", withRow(text, "Notes           = ", "before, behind")},
-      {"no name", withRow(text, "MovieName       = ", "")},
-      {"a clip that is gone", with(text, "= b.avi", "= gone.avi")},
-      {"", text},
-  };
-  for (const auto& [what, damaged] : rows) {
+  std::map<std::string, std::string> texts{{"", text}};  // by what is damaged
+  using Change = std::pair<const char*, const char*>;
+  for (const auto& [key, value] :
+       {Change{"MoviesInGroup", "two"}, Change{"MoviesInGroup", "1"}, Change{"MoviesInGroup", "70000"},
+        Change{"MoviesInGroup", "3"}, Change{"Keyframes", "10001"}, Change{"FrameNo", "-1"},
+        Change{"Notes", "see [here]"}, Change{"Notes", "before, behind"}, Change{"MovieName", ""}})
+    texts[std::string(key) + value] = withRow(text, key, value);
+  for (const auto& [part, instead] :
+       {Change{"= anim.avi", "= gone.avi"}, Change{"[AudMovie1]", "[AudMovie3]"},
+        Change{"[Movie2Main]", "[Movie3Main]"}, Change{"[EditDecisionListPrefs]", "[Other]"},
+        Change{"= b.avi", "= gone.avi"}})
+    texts[part] = replaced(text, part, instead);
+  for (const auto& [what, damaged] : texts) {
     const bool lossy = damaged != text;
     Bench b;
     load(b, damaged);
     EXPECT_EQ(b.files.all["/col/t.INI.old"], lossy ? damaged : "") << what;
     EXPECT_NE(b.files.all["/col/t.INI"], damaged) << what;
     // A second file of that name that loses something does not take the place of the first copy.
-    const auto other = withRow(damaged, "DefZoom              = ", "31");
+    const auto other = withRow(damaged, "DefZoom", "31");
     load(b, other);
     EXPECT_EQ(b.files.all["/col/t.INI.old2"], lossy ? other : "") << what;
   }
@@ -354,15 +330,15 @@ TEST(CollectionStore, APortableCollectionMovesWithItsFiles) {
   ASSERT_TRUE(b.file.WriteINI("/col", "t.INI", true));
   const auto text = b.files.all["/col/t.INI"];
   EXPECT_NE(text.find("Path            = ./sub/\r\n"), std::string::npos);
-  EXPECT_EQ(b.collection.MovieList[1].Path(), "/col/sub/");
+  EXPECT_EQ(b.clip(1).Path(), "/col/sub/");
 
   Bench moved;
-  for (const auto* file : {"/new place/sub/in.avi", "/v/out.avi"}) moved.files.all[file] = "x";
+  moved.files.put({"/new place/sub/in.avi", "/v/out.avi"});
   moved.files.all["/new place/t.INI"] = text;
   EXPECT_EQ(moved.file.ReadINI("/new place/t.INI").end, ReadEnd::Done);
   ASSERT_EQ(moved.collection.MovieList.count(), 2);
-  EXPECT_EQ(clipFile(moved.collection.MovieList[1]), "/new place/sub/in.avi");
-  EXPECT_EQ(moved.collection.MovieList[2].Path() + moved.collection.MovieList[2].SrcPath(), "/v//new place/");
+  EXPECT_EQ(clipFile(moved.clip(1)), "/new place/sub/in.avi");
+  EXPECT_EQ(moved.clip(2).Path() + moved.clip(2).SrcPath(), "/v//new place/");
   EXPECT_TRUE(moved.collection.isPortable) << "and stays so";
 
   Bench plain;

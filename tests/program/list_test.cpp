@@ -12,26 +12,15 @@ namespace {
 using test::ProgramBench;
 using Numbers = std::vector<int>;
 
-/// Five clips of ten seconds and 250 frames; the fourth has two of the three keyframes.
+/// Five clips that are played whole; the fourth has two of the three keyframes.
 struct ListBench : ProgramBench {
   ListBench() {
-    saveCollection("/prog/KVO5.INI", {"a.avi", "B.avi", "c.mpg", "d.avi", "e.avi"});
-    startUp.run({}, "/");
-    for (int i = 1; i <= 5; ++i) {
-      clip(i).DurationTime(Value(10));
-      clip(i).DurationFrames(Value(250));
-      clip(i).LoopEnd(Value(10));
-      clip(i).KeyID(i);
-    }
+    start({"a.avi", "B.avi", "c.mpg", "d.avi", "e.avi"});
+    for (int i = 1; i <= 5; ++i) clip(i).LoopEnd(Value(10));
     for (const Long owner : {4, 2, 4}) collection.KeyframeList.add({}).ClipName = owner;
-    ClearDirtyFlags(collection, settings);
-    settings.state.ObjectChange = 0;
-    list.fill();
-    list.PreviewMovie(1);
-    files.all["/v/new.avi"] = "x";
+    makeEven();
+    files.put({"/v/new.avi", "/v/o.avi"});
   }
-
-  Movie& clip(int number) { return collection.MovieList[number]; }
 
   // Everything that a change of the list can change, on one line.
   std::string all() {
@@ -46,23 +35,12 @@ struct ListBench : ProgramBench {
       text += " k" + std::to_string(collection.KeyframeList[i].ClipName);
     return text;
   }
-  [[nodiscard]] std::string initials() const {
-    std::string text;
-    for (const auto& name : names()) text += name[0];
-    return text;
-  }
-  [[nodiscard]] bool dirty() const { return isDirty(collection, settings); }
 };
 
 TEST(History, TakesBackWhateverIsDoneToTheList) {
-  struct Row {
-    Numbers chosen;
-    void (*act)(ListCommands&);
-    const char* undo;   // empty: nothing has changed
-    std::string names;  // what they begin with
-  };
   using List = ListCommands;
-  const Row rows[] = {
+  // Which are chosen, what is done to them, what can be undone ("": nothing has changed), and how they begin.
+  const std::tuple<Numbers, void (*)(List&), const char*, std::string> rows[] = {
       {{2, 4}, [](List& list) { list.Removeit(); }, "Undo remove 2 clips", "ace"},
       {{5}, [](List& list) { list.Removeit(); }, "Undo remove e.avi", "aBcd"},
       {{1, 2, 3, 4, 5}, [](List& list) { list.Removeit(); }, "Undo remove 5 clips", ""},
@@ -77,39 +55,34 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
       {{2}, [](List& list) { list.copy(CopyMode::Exact); }, "Undo copy B.avi", "aBBcde"},
       {{2}, [](List& list) { list.copy(CopyMode::Tail); }, "", "aBcde"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [chosen, act, undo, names] : rows) {
+    SCOPED_TRACE(undo);
     ListBench b;
-    b.listCommands.choose(row.chosen, row.chosen.front());
+    b.listCommands.choose(chosen, chosen.front());
     const auto before = b.all();
     const auto revision = b.window.list.Fillist.revision();
-    row.act(b.listCommands);
+    act(b.listCommands);
     const auto after = b.all();
-    const bool changed = *row.undo != 0;
-    EXPECT_EQ(b.window.history.undo, row.undo);
-    EXPECT_EQ(b.initials(), row.names) << row.undo;
-    EXPECT_EQ(b.dirty(), changed) << row.undo;
-    EXPECT_EQ(before != after, changed) << row.undo;
-    EXPECT_EQ(b.window.list.Fillist.revision() != revision, row.names != "aBcde") << row.undo;
-    EXPECT_EQ(b.window.emptyPane.visible, row.names.empty());
-    EXPECT_EQ(b.settings.state.ObjectChange > 0, changed && !holdsText(row.undo, "volume")) << row.undo;
+    const bool changed = *undo != 0;
+    EXPECT_EQ(b.initials() + b.window.history.undo, names + undo);
+    EXPECT_EQ(before != after, changed);
+    EXPECT_EQ(b.dirty(), changed);
+    EXPECT_EQ(b.window.list.Fillist.revision() != revision, names != "aBcde");
+    EXPECT_EQ(b.window.emptyPane.visible, names.empty());
+    EXPECT_EQ(b.settings.state.ObjectChange > 0, changed && !holdsText(undo, "volume"));
     b.history.undo();
-    EXPECT_EQ(b.all(), before) << row.undo;
-    EXPECT_EQ(b.initials(), "aBcde") << row.undo;
-    EXPECT_EQ(b.window.list.chosen, row.chosen) << row.undo;
-    EXPECT_FALSE(b.dirty()) << row.undo << " leads back to what is saved";
-    EXPECT_EQ(b.window.history.undo, "");
+    EXPECT_EQ(b.initials() + b.window.history.undo, "aBcde");
+    EXPECT_EQ(b.all(), before);
+    EXPECT_EQ(b.window.list.chosen, chosen);
+    EXPECT_FALSE(b.dirty()) << "it leads back to what is saved";
     b.history.redo();
-    EXPECT_EQ(b.all(), after) << row.undo;
-    EXPECT_EQ(b.dirty(), changed) << row.undo;
-    EXPECT_EQ(b.window.history.undo, row.undo);
+    EXPECT_EQ(b.all() + b.window.history.undo, after + undo);
+    EXPECT_EQ(b.dirty(), changed);
   }
   ListBench b;
   b.mailbox.takeFiles({"/v/new.avi"});
   EXPECT_EQ(b.initials() + b.window.history.undo, "aBcdenUndo add new.avi");
   b.history.undo();
-  EXPECT_EQ(b.initials(), "aBcde");
-  EXPECT_FALSE(b.dirty());
-  b.files.all["/v/o.avi"] = "x";
   for (const auto& [before, names] :
        {std::pair{1, "noaBcde"}, {3, "aBnocde"}, {6, "aBcdeno"}, {0, "aBcdeno"}}) {
     b.mailbox.takeDropped({"/v/o.avi", "/v/new.avi"}, before);
@@ -131,25 +104,21 @@ TEST(History, OnlyWhatIsInTheFileIsClean) {
     EXPECT_EQ(b.commands.Save(), works);
     EXPECT_EQ(b.dirty(), !works);
   };
+  const auto dirtyBack = [&] { return b.history.undo(), b.dirty(); };
+  const auto dirtyOn = [&] { return b.history.redo(), b.dirty(); };
   b.listCommands.setVolume(50);
   save(true);
   b.listCommands.setVolume(40);
-  b.history.undo();
-  EXPECT_FALSE(b.dirty()) << "a save ends a turn of the knob";
+  EXPECT_FALSE(dirtyBack()) << "a save ends a turn of the knob";
   EXPECT_EQ(percentOf(b.clip(1).Volume()), 50);
-  b.history.undo();
-  EXPECT_TRUE(b.dirty()) << "the file has the change now";
-  b.history.redo();
-  EXPECT_FALSE(b.dirty());
+  EXPECT_TRUE(dirtyBack()) << "the file has the change now";
+  EXPECT_FALSE(dirtyOn());
   b.settings.change().PreviewType = 3;
   b.listCommands.moveDown();
-  b.history.undo();
-  EXPECT_TRUE(b.dirty()) << "a preference has changed too";
+  EXPECT_TRUE(dirtyBack()) << "a preference has changed too";
   save(false);
-  b.history.undo();
-  EXPECT_TRUE(b.dirty());
-  b.history.redo();
-  EXPECT_TRUE(b.dirty()) << "nothing is in a file that could not be written";
+  EXPECT_TRUE(dirtyBack());
+  EXPECT_TRUE(dirtyOn()) << "nothing is in a file that could not be written";
 }
 
 TEST(ListCommands, ANameIsTakenAwayOnlyWhenTheUserSaysSo) {
@@ -176,40 +145,34 @@ TEST(ListCommands, ANameIsTakenAwayOnlyWhenTheUserSaysSo) {
 }
 
 TEST(ClipOrder, FollowsItsRules) {
-  using Order = Numbers;
-  EXPECT_EQ(orderMoved(5, {1, 2, 4}, -1), (Order{1, 2, 4, 3, 5})) << "the first two cannot go further";
-  EXPECT_EQ(orderMoved(5, {2, 3, 5}, 1), (Order{1, 4, 2, 3, 5}));
-  for (const auto& [before, order] :
-       {std::pair{1, Order{2, 4, 1, 3, 5}}, std::pair{3, Order{1, 2, 4, 3, 5}},
-        std::pair{6, Order{1, 3, 5, 2, 4}}, std::pair{99, Order{1, 3, 5, 2, 4}}})
+  EXPECT_EQ(orderMoved(5, {1, 2, 4}, -1), (Numbers{1, 2, 4, 3, 5})) << "the first two cannot go further";
+  EXPECT_EQ(orderMoved(5, {2, 3, 5}, 1), (Numbers{1, 4, 2, 3, 5}));
+  using Gathered = std::pair<int, Numbers>;
+  for (const auto& [before, order] : {Gathered{1, {2, 4, 1, 3, 5}}, Gathered{3, {1, 2, 4, 3, 5}},
+                                      Gathered{6, {1, 3, 5, 2, 4}}, Gathered{99, {1, 3, 5, 2, 4}}})
     EXPECT_EQ(orderGathered(5, {2, 4}, before), order) << before;
 
   test::MemoryFiles files;
   RecordList<Movie> clips;
-  const auto add = [&](const char* name, const char* other, const char* length, const char* size,
-                       std::size_t bytes) {
+  using Row = std::tuple<const char*, const char*, const char*, const char*, std::size_t>;
+  for (const auto& [name, other, length, size, bytes] :
+       {Row{"b.mpg", " ", "100", "640 x 480", 30}, Row{"A.wmv", "zoo", "N/A", "1920 x 1080", 20},
+        Row{"b.mpg", " ", "3m 20s", "44.1 KHz", 30}, Row{"c.avi", "Beach", "9", "640 x 480", 10}}) {
     auto& clip = clips.add({});
     clip.MovieName(name);
     clip.AltName(other);
     clip.DurationTime(Value(length));
     clip.Resolution(Value(size));
     files.all[name] = std::string(bytes, 'x');
-  };
-  add("b.mpg", " ", "100", "640 x 480", 30);
-  add("A.wmv", "zoo", "N/A", "1920 x 1080", 20);
-  add("b.mpg", " ", "3m 20s", "44.1 KHz", 30);
-  add("c.avi", "Beach", "9", "640 x 480", 10);
+  }
   clips[4].Size("25");
-  struct Row {
-    SortKey key;
-    Order order;
-  };
-  for (const auto& row : {Row{SortKey::Alpha, {1, 3, 4, 2}}, Row{SortKey::FileDate, {4, 2, 1, 3}},
-                          Row{SortKey::FileType, {4, 1, 3, 2}}, Row{SortKey::FileSize, {2, 4, 1, 3}},
-                          Row{SortKey::ClipDur, {2, 4, 1, 3}}, Row{SortKey::Resolution, {3, 1, 4, 2}}})
-    EXPECT_EQ(orderSorted(clips, row.key, files, [] { return 0.0; }), row.order) << static_cast<int>(row.key);
+  using By = std::pair<SortKey, Numbers>;
+  for (const auto& [key, order] : {By{SortKey::Alpha, {1, 3, 4, 2}}, By{SortKey::FileDate, {4, 2, 1, 3}},
+                                   By{SortKey::FileType, {4, 1, 3, 2}}, By{SortKey::FileSize, {2, 4, 1, 3}},
+                                   By{SortKey::ClipDur, {2, 4, 1, 3}}, By{SortKey::Resolution, {3, 1, 4, 2}}})
+    EXPECT_EQ(orderSorted(clips, key, files, [] { return 0.0; }), order) << static_cast<int>(key);
   double next = 1;
-  EXPECT_EQ(orderSorted(clips, SortKey::Shuff, files, [&] { return next -= 0.2; }), (Order{4, 3, 2, 1}));
+  EXPECT_EQ(orderSorted(clips, SortKey::Shuff, files, [&] { return next -= 0.2; }), (Numbers{4, 3, 2, 1}));
 }
 
 // The loop runs while a file is opened, and the user's keys with it.
@@ -221,7 +184,6 @@ TEST(ListCommands, WhatIsChosenWhileAnotherClipIsOpenedIsInHand) {
   });
   b.listCommands.select(2);
   EXPECT_EQ(b.collection.icurMov, 4);
-  EXPECT_EQ(b.window.list.ListIndex, 3);
   EXPECT_EQ(b.window.list.chosen, (Numbers{3, 4}));
   bool due = true;
   b.list.whenInHand([&](int /*number*/) {

@@ -15,13 +15,17 @@ struct MissingBench : ProgramBench {
   test::NamedLooks looks;
   MissingFiles missing{{files, dialogs, boxes, loop, looks, window, collection, list, history}};
 
-  void addClip(const std::string& path, double seconds, const char* size = "5") {
-    Movie clip;
+  // Of 4 seconds and 5 bytes, whose file is not there.
+  void addClip(const std::string& path) {
+    Movie& clip = collection.MovieList.add({});
     clip.Path(std::string(folderPart(path)));
     clip.MovieName(std::string(fileNamePart(path)));
-    clip.Size(size);
-    clip.DurationTime(Value(seconds));
-    collection.MovieList.add(std::move(clip));
+    clip.Size("5");
+    clip.DurationTime(Value(4));
+  }
+  void find(const std::string& folder) {
+    dialogs.answers = {folder};
+    missing.FindMissingFiles();
   }
 };
 
@@ -29,12 +33,11 @@ TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
   MissingBench b;
   for (int i = 1; i <= 20; ++i) {
     const auto name = "clip " + std::to_string(i) + ".avi";
-    b.addClip("/old/" + name, 4);
+    b.addClip("/old/" + name);
     b.files.all["/new/deep/" + name] = "bytes";
   }
-  b.addClip("/old/gone.avi", 4);
-  b.files.all["/v/there.avi"] = "bytes";
-  b.addClip("/v/there.avi", 4);
+  b.addClip("/old/gone.avi");
+  b.addVideo("there.avi", 0, 4);
   b.list.fill();
   b.missing.look();
   const auto missing = [&] {
@@ -43,31 +46,25 @@ TEST(MissingFiles, AMovedFolderIsMendedWithOneChoiceAndUndone) {
   EXPECT_EQ(missing(), 21);
   EXPECT_EQ(b.window.list.Fillist.rows().front().length, "missing");
 
-  b.dialogs.answers = {std::nullopt, "/new"};
   b.missing.FindMissingFiles();
   EXPECT_EQ(missing(), 21) << "taken back";
   b.files.all["/new/other/clip 20.avi"] = "bytes";  // two fit: their lengths are compared
   b.looks.whileLooking = [&] { b.window.progress.abortClicked = true; };
-  b.dialogs.answers.push_back("/new");
-  b.missing.FindMissingFiles();
+  b.find("/new");
   EXPECT_EQ(b.looks.asked.size(), 2U);
   EXPECT_EQ(missing(), 21) << "stopped while files are compared";
   b.files.all.erase("/new/other/clip 20.avi");
-  b.missing.FindMissingFiles();
+  b.find("/new");
   EXPECT_EQ(missing(), 1);
   EXPECT_EQ(b.boxes.shown.back().text, "20 of 21 missing files have been found.");
-  EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/new/deep/clip 20.avi");
-  EXPECT_TRUE(isDirty(b.collection, b.settings));
+  EXPECT_EQ(clipFile(b.clip(20)), "/new/deep/clip 20.avi");
   b.history.undo();
-  EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/old/clip 20.avi");
-  b.history.redo();
-  EXPECT_EQ(clipFile(b.collection.MovieList[20]), "/new/deep/clip 20.avi");
+  EXPECT_EQ(clipFile(b.clip(20)), "/old/clip 20.avi");
 }
 
 TEST(MissingFiles, OfCopiesThatFitTheOneOfTheMovedFolderIsTaken) {
   MissingBench b;
-  for (const auto* path : {"/old/a.avi", "/old/b.avi", "/old/c.avi", "/new/0 taken/a.avi"})
-    b.addClip(path, 4);
+  for (const auto* path : {"/old/a.avi", "/old/b.avi", "/old/c.avi", "/new/0 taken/a.avi"}) b.addClip(path);
   for (const auto* path : {"/new/0 taken/a.avi", "/new/1 copies/a.avi", "/new/2 moved/a.avi",
                            "/new/2 moved/b.avi", "/new/2 moved/c.avi"}) {
     b.files.all[path] = "bytes";
@@ -75,14 +72,11 @@ TEST(MissingFiles, OfCopiesThatFitTheOneOfTheMovedFolderIsTaken) {
   }
   b.files.all["/new/3 other/b.avi"] = "larger";
   b.list.fill();
-  b.dialogs.answers = {"/new"};
-  b.missing.FindMissingFiles();
-  EXPECT_EQ(clipFile(b.collection.MovieList[1]), "/new/2 moved/a.avi");
-  b.files.all.erase("/new/2 moved/a.avi");
-  b.files.all.erase("/new/1 copies/a.avi");
-  b.dialogs.answers = {"/new"};
-  b.missing.FindMissingFiles();
-  EXPECT_EQ(clipFile(b.collection.MovieList[1]), "/new/0 taken/a.avi") << "a clip may stand twice in a movie";
+  b.find("/new");
+  EXPECT_EQ(clipFile(b.clip(1)), "/new/2 moved/a.avi");
+  for (const auto* path : {"/new/1 copies/a.avi", "/new/2 moved/a.avi"}) b.files.all.erase(path);
+  b.find("/new");
+  EXPECT_EQ(clipFile(b.clip(1)), "/new/0 taken/a.avi") << "a clip may stand twice in a movie";
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ TEST(ResumePlaces, KeepsTheNewestOfEachFileAndNoJunk) {
   EXPECT_EQ(again.text(), text);
   EXPECT_EQ(again.find("/v/250.avi", kFile), 42);
   EXPECT_EQ(again.find("/v/299.avi", kFile), 399.5);
-  EXPECT_EQ(again.find("/v/299.avi", {1001, 77}), std::nullopt) << "another size";
-  EXPECT_EQ(again.find("/v/299.avi", {1000, 78}), std::nullopt) << "changed since";
+  EXPECT_FALSE(again.find("/v/299.avi", {1001, 77}) || again.find("/v/299.avi", {1000, 78}))
+      << "another file";
   EXPECT_EQ(again.find("/v/3.avi", kFile), std::nullopt) << "the oldest had to go";
   EXPECT_TRUE(ResumePlaces::read(std::string(100, '\t')).text().empty());
 }
@@ -38,19 +38,14 @@ struct ResumeBench : test::ProgramBench {
 
   explicit ResumeBench(const std::string& placesFile = "/state/KVO5/Places")
       : resume({window, collection, settings, player, loop, files, placesFile}) {
-    addVideo("long.avi", 0, 0);
-    addVideo("short.avi", 0, 0);
-    for (int i = 1; i <= 2; ++i) {
-      auto& clip = collection.MovieList[i];
-      clip.DurationTime(Value(i == 1 ? 1200.0 : 599.0));
-      files.all[clipFile(clip)] = "x";
-    }
+    addVideo("long.avi", 0, 0).DurationTime(Value(1200.0));
+    addVideo("short.avi", 0, 0).DurationTime(Value(599.0));
     bring(1);
   }
   // Another clip in the player, at its start.
   void bring(int number) {
     collection.icurMov = number;
-    player.PlayerSetFilename(clipFile(collection.MovieList[number]), number);
+    player.PlayerSetFilename(clipFile(clip(number)), number);
     at(0);
   }
   // Play has come there, as the ticks of the monitor see it.
@@ -62,23 +57,17 @@ struct ResumeBench : test::ProgramBench {
 };
 
 TEST(Resume, OffersTheEndOfWhatWasSeen) {
-  const struct {
-    const char* what;
-    int clip;
-    double left;
-    const char* chip;
-  } rows[] = {{"in the middle", 1, 500.4, "Resume at 8:20"},
-              {"at its start", 1, 29, ""},
-              {"seen to its end", 1, 1141, ""},
-              {"not long", 2, 300, ""}};
-  for (const auto& row : rows) {
+  using Row = std::tuple<const char*, int, double, const char*>;
+  for (const auto& [what, clip, left, chip] :
+       {Row{"in the middle", 1, 500.4, "Resume at 8:20"}, Row{"at its start", 1, 29, ""},
+        Row{"seen to its end", 1, 1141, ""}, Row{"not long", 2, 300, ""}}) {
     ResumeBench b;
-    b.bring(row.clip);
-    for (double s = 0; s < row.left; s += 1) b.at(s);
-    b.at(row.left);
-    b.bring(3 - row.clip);
-    b.bring(row.clip);
-    EXPECT_EQ(b.chip(), row.chip) << row.what;
+    b.bring(clip);
+    for (double s = 0; s < left; s += 1) b.at(s);
+    b.at(left);
+    b.bring(3 - clip);
+    b.bring(clip);
+    EXPECT_EQ(b.chip(), chip) << what;
   }
 }
 
@@ -94,11 +83,8 @@ TEST(Resume, AnOfferIsTakenOrGoesByItself) {
   offered();
   b.at(0.6);
   EXPECT_EQ(b.chip(), "Resume at 11:40") << "the clip plays meanwhile";
-  b.resume.take();
-  EXPECT_EQ(b.player.calls, "seek 700 play ");
-  EXPECT_EQ(b.chip(), "");
-  b.resume.take();
-  EXPECT_EQ(b.player.calls, "seek 700 play ") << "once";
+  for (int i = 0; i < 2; ++i) b.resume.take();
+  EXPECT_EQ(b.player.calls + b.chip(), "seek 700 play ") << "once";
 
   offered();
   b.loop.advance(9'900);
@@ -136,7 +122,7 @@ TEST(Resume, IsKeptWhileItPlaysAndAtTheEnd) {
 
 TEST(Resume, GoesByTheClipAndNotByItsFile) {
   ResumeBench b;
-  auto again = b.collection.MovieList[1];
+  auto again = b.clip(1);
   again.KeyID(again.KeyID() + 1);
   again.LoopStart(Value(690.0));
   b.collection.MovieList.add(std::move(again));
@@ -150,7 +136,7 @@ TEST(Resume, GoesByTheClipAndNotByItsFile) {
 
 TEST(Resume, WithoutAHomeNothingIsKept) {
   ResumeBench b{""};
-  const auto files = b.files.all.size();
+  const auto files = b.files.all;
   b.at(700);
   b.bring(2);
   b.bring(1);
@@ -158,7 +144,7 @@ TEST(Resume, WithoutAHomeNothingIsKept) {
   b.settings.user.OfferResume = false;
   b.bring(2);
   b.resume.leave();
-  EXPECT_EQ(b.files.all.size(), files);
+  EXPECT_EQ(b.files.all, files);
 }
 
 TEST(KeepAwake, WhileAPicturePlays) {
@@ -169,17 +155,14 @@ TEST(KeepAwake, WhileAPicturePlays) {
   } saver;
   KeepAwake awake(b.window, saver);
   auto& player = b.window.mode.player;
-  const struct {
-    bool plays;
-    int width;
-    const char* told;
-  } rows[] = {{false, 640, ""}, {true, 640, "+"},   {true, 320, "+"},
-              {true, 0, "+-"},  {true, 640, "+-+"}, {false, 640, "+-+-"}};
-  for (const auto& row : rows) {
-    player.IsPlaying = row.plays;
-    player.sourceWidth = row.width;
+  using Row = std::tuple<bool, int, const char*>;
+  for (const auto& [plays, width, told] :
+       {Row{false, 640, ""}, Row{true, 640, "+"}, Row{true, 320, "+"}, Row{true, 0, "+-"},
+        Row{true, 640, "+-+"}, Row{false, 640, "+-+-"}}) {
+    player.IsPlaying = plays;
+    player.sourceWidth = width;
     awake.settled();
-    EXPECT_EQ(saver.told, row.told) << row.plays << row.width;
+    EXPECT_EQ(saver.told, told) << plays << width;
   }
 }
 

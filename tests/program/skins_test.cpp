@@ -9,8 +9,7 @@ namespace {
 
 struct SkinsBench : test::ProgramBench {
   SkinsBench() {
-    for (const auto* name : {"/prog/Skins", "/prog/Skins/snakesk.jpg", "/u/mine.png"})
-      files.all[name] = "picture";
+    files.put({"/prog/Skins", "/prog/Skins/snakesk.jpg", "/u/mine.png"}, "picture");
     files.all["/u/broken.wmf"] = "?";
   }
   [[nodiscard]] const SkinState& skin() const { return window.skin; }
@@ -18,70 +17,55 @@ struct SkinsBench : test::ProgramBench {
 };
 
 TEST(Skins, ArePickedBySettingThenFileThenDialogThenName) {
-  const struct {
-    const char* what;
-    std::string SkinPath, file;
-    bool noDialog;
-    std::string chosen;   // in the dialog, which is cancelled else
-    const char* becomes;  // the picture, what was called, the setting
-    std::size_t logged = 0;
-  } rows[] = {
-      {"built in", "Def", "", true, "", "/prog/Skins/blue.bmp pause all+ Def"},
-      {"built in, whatever the file", "Quirl", "/u/mine.png", false, "",
-       "/prog/Skins/Plastique.bmp pause all+ Quirl"},
-      {"file", "/u/mine.png", "/u/mine.png", true, "", "/u/mine.png all PLAYON play /u/mine.png"},
-      {"file that is gone", "/u/gone.png", "/u/gone.png", true, "",
-       "/prog/Skins/blue.bmp all PLAYON play Def", 1},
-      {"file that is no picture", "", "/u/broken.wmf", false, "", "/prog/Skins/blue.bmp all PLAYON play Def",
-       1},
-      {"dialog", "", "", false, "/u/mine.png", "/u/mine.png pause all+ /u/mine.png"},
-      {"dialog, no picture", "", "", false, "/u/broken.wmf", "/prog/Skins/blue.bmp pause all+ Def", 1},
-      {"by name", "/u/mine.png", "", true, "", "/prog/Skins/blue.bmp pause all+ /u/mine.png"},
+  const std::string mine = "/u/mine.png", gone = "/u/gone.png", broken = "/u/broken.wmf",
+                    blue = "/prog/Skins/blue.bmp";
+  // The setting, the file, whether there is a dialog and what is chosen in it, which is cancelled else; the
+  // picture, what was called, the setting then and how much was logged.
+  const std::tuple<std::string, std::string, bool, std::string, std::string> rows[] = {
+      {"Def", "", false, "", blue + " pause all+ Def 0"},
+      {"Quirl", mine, true, "", "/prog/Skins/Plastique.bmp pause all+ Quirl 0"},
+      {mine, mine, false, "", mine + " all PLAYON play " + mine + " 0"},
+      {gone, gone, false, "", blue + " all PLAYON play Def 1"},
+      {"", broken, true, "", blue + " all PLAYON play Def 1"},
+      {"", "", true, mine, mine + " pause all+ " + mine + " 0"},
+      {"", "", true, broken, blue + " pause all+ Def 1"},
+      {mine, "", false, "", blue + " pause all+ " + mine + " 0"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [SkinPath, file, asks, chosen, becomes] : rows) {
+    SCOPED_TRACE(SkinPath + " " + file + " " + chosen);
     SkinsBench b;
     b.calls.holdsClip = true;
-    b.settings.adjust().SkinPath = row.SkinPath;
-    if (!row.chosen.empty()) b.dialogs.answers = {row.chosen};
+    b.settings.adjust().SkinPath = SkinPath;
+    if (!chosen.empty()) b.dialogs.answers = {chosen};
     bool wasBusy = false;
-    b.calls.whileBuilding = [&] {
-      wasBusy = b.skin().SkinBusy && !b.skins.skins(true, true, "/u/mine.png", true);
-    };
-    EXPECT_TRUE(b.skins.skins(row.noDialog, false, row.file, false)) << row.what;
-    EXPECT_EQ(b.pictures.held + " " + b.calls.calls + b.path(), row.becomes) << row.what;
-    EXPECT_EQ(b.skin().picture, b.pictures.held) << row.what;
-    EXPECT_EQ(b.log.texts().size(), row.logged) << row.what;
-    EXPECT_TRUE(wasBusy) << row.what;
-    EXPECT_FALSE(b.skin().SkinBusy || b.window.face.visible) << row.what;
+    b.calls.whileBuilding = [&] { wasBusy = b.skin().SkinBusy && !b.skins.skins(true, true, mine, true); };
+    EXPECT_TRUE(b.skins.skins(!asks, false, file, false));
+    EXPECT_EQ(b.pictures.held + " " + b.calls.calls + b.path() + " " + std::to_string(b.log.texts().size()),
+              becomes);
+    EXPECT_EQ(b.skin().picture, b.pictures.held);
+    EXPECT_TRUE(wasBusy && !b.skin().SkinBusy && !b.window.face.visible);
   }
 }
 
 TEST(Skins, BringTheirColoursAndAreFoundAgain) {
-  const struct {
-    int place;
-    const char* path;
-    ColorRef logo, display;
-    const char* calls;
-  } rows[] = {
-      {0, "Def", 0xC0C000, 0xC0C000, "pause all+ "},
-      {1, "Quirl", 0xC0C000, 0xC0C000, "pause all+ "},
-      {2, "/prog/Skins/snakesk.jpg", 0xFFFF00, 0x00FF00, "stop all+ "},
-  };
-  for (const auto& row : rows) {
+  const std::tuple<std::size_t, const char*, ColorRef, ColorRef> rows[] = {
+      {0, "pause all+ Def 12632064", 0xC0C000, 0xC0C000},
+      {1, "pause all+ Quirl 12632064", 0xC0C000, 0xC0C000},
+      {2, "stop all+ /prog/Skins/snakesk.jpg 65280", 0xFFFF00, 0x00FF00}};
+  for (const auto& [place, becomes, logo, display] : rows) {
+    SCOPED_TRACE(becomes);
     SkinsBench b;
-    b.skins.choose(row.place);
-    EXPECT_EQ(b.path(), row.path);
-    EXPECT_EQ(b.settings.preferences().DisplayColor, std::to_string(row.display));
-    EXPECT_EQ(b.calls.calls, row.calls);
+    b.skins.choose(static_cast<int>(place));
+    EXPECT_EQ(b.calls.calls + b.path() + " " + b.settings.preferences().DisplayColor, becomes);
     EXPECT_TRUE(b.settings.state.IsDirty);
     const auto revision = b.skin().revision;
     b.window.skin.LogoColor = b.window.skin.DisplayColor = 0;
     b.skins.applyStored();
     EXPECT_GT(b.skin().revision, revision);
-    EXPECT_EQ(b.skin().LogoColor, row.logo) << row.path;
-    EXPECT_EQ(b.skin().DisplayColor, row.display) << row.path;
+    EXPECT_EQ(b.skin().LogoColor, logo);
+    EXPECT_EQ(b.skin().DisplayColor, display);
     EXPECT_EQ(b.skin().logoCaption, "KVO5     ");
-    EXPECT_TRUE(b.skins.menu()[static_cast<std::size_t>(row.place)].isChosen);
+    EXPECT_TRUE(b.skins.menu()[place].isChosen);
   }
   SkinsBench b;
   b.settings.adjust().SkinPath = "/u/mine.png";
@@ -89,10 +73,10 @@ TEST(Skins, BringTheirColoursAndAreFoundAgain) {
   EXPECT_EQ(b.path() + b.calls.calls, "/u/mine.png");
   b.files.all["/prog/Skins/snakesk.jpg"] = "no";
   b.skins.choose(2);
-  EXPECT_EQ(b.path(), "Def");
-  EXPECT_EQ(b.settings.preferences().DisplayColor, "12632064") << "the colours of what is shown";
-  ASSERT_EQ(b.boxes.shown.size(), 1U);
-  EXPECT_EQ(b.boxes.shown[0].text, "no picture /prog/Skins/snakesk.jpg\r\nThe default skin takes its place.");
+  EXPECT_EQ(b.path() + b.settings.preferences().DisplayColor, "Def12632064")
+      << "the colours of what is shown";
+  EXPECT_EQ(b.boxes.told(),
+            "KVO5 - Change Skin|no picture /prog/Skins/snakesk.jpg\r\nThe default skin takes its place.");
 }
 
 TEST(ColorOfText, ReadsBothForms) {

@@ -1,6 +1,9 @@
+#include "base/numbers.h"
+#include "base/text.h"
 #include "render/output_kinds.h"
 #include "render/render_texts.h"
 #include "render/work_view.h"
+#include "support/golden.h"
 #include "support/render_bench.h"
 
 #include <limits>
@@ -12,13 +15,6 @@ namespace {
 
 using test::EngineTurn;
 using test::RenderBench;
-
-std::string captionsOf(const test::ScriptedBoxes& boxes) {
-  std::string all;
-  for (const auto& box : boxes.shown) all += box.caption + "|";
-  for (const auto& box : boxes.styled) all += box.caption + "|";
-  return all;
-}
 
 TEST(Slumber, PacesItsEventsAndWakesAtOnce) {
   test::VirtualLoop loop;
@@ -80,197 +76,17 @@ TEST(RenderEstimate, KeepsItsBounds) {
 }
 
 TEST(RenderTexts, AreAsTold) {
-  for (const auto& [text, wanted] : {
-           std::pair{completedText(12.4), "Completed in 12.40 (s)"},
-           {completedText(59.996), "Completed in 60.00 (s)"},
-           {completedText(125.9), "Completed in 2 mins 5 (s)"},
-           {countdownText(1, 2, 3), "About 01.02.03(s) Remaining"},
-           {estimatedSizeText(3.2), "Estimated output file size = 3.20 Mb"},
-           {outputSizeText(1536 * 1024), "Output file size = 1.50 Mb"},
-           {diskSpaceWarning(1000).message, "This render will create a movie about 1000. Mb in size.\r\n"},
-           {diskSpaceWarning(1536).message, "This render will create a movie about 1.50 Gb in size.\r\n"},
-           {renderTimeWarning(5432).message, "This render may take longer than 90.53 mins.\r\n"},
-           {renderSummary(OutputKind::Wmv, 125, "P"), "Encoding 2 mins 5 secs of video to 'P'"},
-           {renderSummary(OutputKind::Wma, 12, "P"), "Encoding 12 secs of audio to 'P'"},
-           {renderSummary(OutputKind::Mp4, 125, ""),
-            "Encoding 2 mins 5 secs of video to MP4 (H.264 and AAC)"},
-           {renderSummary(OutputKind::Mp3, 12, ""), "Encoding 12 secs of audio to MP3 (MP3)"},
-           {renderSummary(OutputKind::Avi, 59, ""), "Writing 59 secs of uncompressed video."},
-           {renderSummary(OutputKind::Wav, 59, ""), "Writing 59 secs of '44.1Khz Stereo PCM' Audio only."},
-           {renderSummary(OutputKind::Wav, 65, ""), "Writing 1 mins - 5 of '44.1Khz Stereo PCM' Audio only."},
-       }) {
-    EXPECT_EQ(text, wanted);
-  }
-  EXPECT_EQ(diskShortBox(12.5).text,
-            "There is not enough disk space to create your movie.\r\nKVO requires at least 12.5 MB of disk "
-            "space to "
-            "create this movie.\r\nReduce the output resolution or Free up some space and try again.");
-}
-
-TEST(MovieRender, GoesFromTheOptionsToTheReport) {
-  RenderBench b;
-  b.choose(OutputKind::Wmv, 9);
-  EXPECT_EQ(b.state.frame, RenderFrame::Options);
-  b.engine.turns = {{.seconds = 20, .bytes = 1 << 20}, {.seconds = 45, .bytes = 3 << 20}};
-  b.boxes.styledAnswer = {Answer::Yes, false};
-  b.settings.state.IsDirty = false;
-  std::string headings;
-  std::string countdowns;
-  double aheadOfIt = 0;
-  b.host.onChange = [&] {
-    if (b.state.frame == RenderFrame::Rendering && b.state.countdown.empty() && b.state.isRunning)
-      aheadOfIt = std::max(aheadOfIt, b.state.pie.percent);
-    if (headings.rfind(b.state.heading) == std::string::npos) headings += b.state.heading + "|";
-    if (b.state.frame == RenderFrame::Rendering && !b.state.countdown.empty() &&
-        countdowns.rfind(b.state.countdown) == std::string::npos)
-      countdowns += b.state.countdown.substr(6, 8) + " ";
-  };
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(b.engine.calls.size(), 2U);
-  EXPECT_EQ(b.engine.calls[0],
-            "'/bin/KVORender' '/[3.00-8.00]' '/P' '9' '/S' '77' '/W' '/out/.rendering-77.WMV' "
-            "'/prog/KVORender.xtl'");
-  EXPECT_EQ(b.engine.calls[1],
-            "'/bin/KVORender' '/P' '9' '/S' '77' '/W' '/out/my film.wmv' '/prog/KVORender.xtl'");
-  // 20 s for 5 s of 12, with its margin 76.8 s; half of that is counted down.
-  EXPECT_DOUBLE_EQ(b.state.RenderSeconds, 76.8);
-  EXPECT_EQ(aheadOfIt, 0);
-  EXPECT_TRUE(countdowns.starts_with("00.00.38 00.00.33 00.00.28 00.00.23 00.00.21 ")) << countdowns;
-  EXPECT_EQ(headings, "Pre-Render - Phase 1|Rendering - Phase 2|Create Movie|");
-  EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep tabs add:/out/my film.wmv controls+");
-  EXPECT_EQ(b.state.completed, "Completed in 45.00 (s)");
-  EXPECT_EQ(b.state.sizeLabel, "Output file size = 3.00 Mb");
-  EXPECT_EQ(b.state.caption, "   Create New Movie from Holiday Collection");
-  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Successfully Created|");
-  EXPECT_EQ(b.dialogs.asked.at(0).name, "Holiday.WMV");
-  EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV"));
-  EXPECT_FALSE(b.settings.state.IsDirty) << "a movie is no change of the collection";
-  EXPECT_FALSE(b.state.isRunning);
-  EXPECT_EQ(b.work.notes, "awake [my film.wmv has been created !] asleep ");
-}
-
-TEST(MovieRender, ShowsTheReportWhenNobodyWantsToView) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.dialogs.answers = {"/out/film"};
-  b.boxes.styledAnswer = {Answer::No, true};
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(b.state.frame, RenderFrame::Report);
-  EXPECT_TRUE(b.files.all.contains("/out/film.AVI"));
-  EXPECT_FALSE(b.settings.preferences().RenderAutoView) << "who says no is asked again";
-  EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep controls+ kill");
-  EXPECT_TRUE(test::holds(b.engine.calls[1], "'/bin/KVORender' '/S'")) << "no profile";
-  EXPECT_EQ(b.work.notes, "awake asleep ") << "it was short";
-  b.render.view();
-  b.render.view();
-  EXPECT_EQ(b.host.notes, "stop controls- read images- read sweep controls+ kill tabs add:/out/film.AVI");
-  b.choose(OutputKind::Avi);
-  b.dialogs.answers = {std::nullopt};
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(b.host.notes, "stop") << "Cancel";
-}
-
-TEST(MovieRender, WarnsOfLargeAndLongMovies) {
-  struct Row {
-    double seconds;     // that five of the movie take
-    std::size_t bytes;  // of them
-    bool on, diskOff, timeOff;
-    bool goesOn;  // the answer
-    std::string captions;
-    std::size_t renders;
-  };
-  const std::string disk = "KVO - Disk space warning|";
-  const std::string time = "KVO - Render Time warning|";
-  // 600 s of movie: 5 Mb for five of them are 600, and 28.125 s of work are 90 minutes.
-  for (const auto& row :
-       {Row{1, 5U << 20U, true, false, false, true, "", 2},
-        Row{1, 6U << 20U, true, false, false, true, disk, 2},
-        Row{1, 6U << 20U, true, false, false, false, disk, 1},
-        Row{1, 6U << 20U, true, true, false, false, "", 2},
-        Row{1, 6U << 20U, false, false, false, false, "", 2}, Row{28.1, 1, true, false, false, false, "", 2},
-        Row{28.2, 1, true, false, false, false, time, 1}, Row{28.2, 1, true, false, true, false, "", 2}}) {
-    RenderBench b;
-    b.addVideo("long.avi", 0, 588);
-    b.choose(OutputKind::Avi);
-    auto& adjust = b.settings.adjust();
-    adjust.OutputWarningsOn = row.on;
-    adjust.RenderDiskWarning = row.diskOff;
-    adjust.RenderTimeWarning = row.timeOff;
-    adjust.RenderAutoView = true;
-    b.engine.turns = {{.seconds = row.seconds, .bytes = row.bytes}};
-    b.boxes.styledAnswer = {row.goesOn ? Answer::Yes : Answer::No, true};
-    b.render.WriteRenderMovie();
-    EXPECT_EQ(captionsOf(b.boxes), row.captions) << row.seconds << " " << row.bytes;
-    EXPECT_EQ(b.engine.calls.size(), row.renders) << row.seconds << " " << row.bytes;
-    EXPECT_EQ(b.settings.preferences().RenderDiskWarning,
-              row.diskOff || (row.captions == disk && row.goesOn));
-  }
-}
-
-TEST(MovieRender, TellsWhatStandsInItsWay) {
-  struct Row {
-    const char* what;
-    std::function<void(RenderBench&)> prepare;
-    std::string captions;
-    std::size_t renders;
-    std::string why{};  // in the last box
-  };
-  const auto range = [](double from, double too) {
-    return [=](RenderBench& b) {
-      b.create.Opt_RenderRangeWhole = false;
-      b.create.Txt_From = from;
-      b.create.Txt_Too = too;
-    };
-  };
-  const std::string failed = "KVO - Failed to Render Movie|";
-  const std::string asked = "KVO - Create Movie|";
-  for (const auto& row :
-       {Row{"an older file",
-            [](auto& b) {
-              b.dialogs.answers = {"/out/older"};
-              b.files.all["/out/older.WMV"] = "old";
-              b.boxes.answers = {Answer::No};
-            },
-            asked, 0},
-        Row{"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }, failed, 0,
-            "it is one of the clips"},
-        Row{"no such folder", [](auto& b) { b.dialogs.answers = {"/gone/film.wmv"}; }, failed, 0,
-            "There is no folder /gone/"},
-        Row{"no room", [](auto& b) { b.freeMegabytes = 10; }, asked + "KVO - Not enough Disk Space Warning|",
-            1},
-        Row{"no range", range(2, 2),
-            asked + "KVO - ERR0233:REERR - Please tell Tarnwick Systems about this error|" + failed, 1},
-        Row{"no profile file", [](auto& b) { b.files.all.erase("/prog/wmsysprx.prx"); },
-            asked + "KVO - Write WM8 Movie|" + failed, 0},
-        Row{"the engine fails",
-            [](auto& b) {
-              b.engine.turns = {{}, {.exitCode = 1, .says = "/out/my film.wmv: No space"}};
-            },
-            asked + failed, 2},
-        Row{"the first part is killed",
-            [](auto& b) { b.engine.turns = {{.exitCode = 137, .says = "Killed"}}; }, asked + failed, 1,
-            "the render engine ended with code 137"}}) {
-    RenderBench b;
-    b.choose(OutputKind::Wmv, 38);
-    b.boxes.answers = {Answer::Yes};  // it may be replaced
-    row.prepare(b);
-    b.files.all["/out/my film.wmv"] = "old";
-    b.render.WriteRenderMovie();
-    EXPECT_EQ(captionsOf(b.boxes), row.captions) << row.what;
-    EXPECT_TRUE(test::holds(b.boxes.shown.back().text, row.why)) << row.what;
-    EXPECT_EQ(b.engine.calls.size(), row.renders) << row.what;
-    EXPECT_EQ(b.files.all["/out/my film.wmv"], "old") << row.what;
-    EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMV")) << row.what;
-    EXPECT_FALSE(b.files.all.contains("/prog/wmsysprx.prx.old")) << row.what;
-    EXPECT_EQ(b.state.frame, RenderFrame::Options) << row.what;
-    EXPECT_EQ(test::holds(b.host.notes, "controls-"), test::holds(b.host.notes, "controls+")) << row.what;
-    EXPECT_FALSE(b.state.isRunning) << row.what;
-    EXPECT_EQ(b.engine.running, 0) << row.what;
-  }
-  RenderBench empty;
-  empty.collection.MovieList.clear();
-  empty.render.Rendertofile();
-  EXPECT_EQ(captionsOf(empty.boxes), "KVO - No Movies in Collection|");
+  std::string log;
+  for (const auto& text :
+       {completedText(12.4), completedText(59.996), completedText(125.9), countdownText(1, 2, 3),
+        estimatedSizeText(3.2), outputSizeText(1536 * 1024), diskSpaceWarning(1000).message,
+        diskSpaceWarning(1536).message, renderTimeWarning(5432).message, diskShortBox(12.5).text,
+        renderSummary(OutputKind::Wmv, 125, "P"), renderSummary(OutputKind::Wma, 12, "P"),
+        renderSummary(OutputKind::Mp4, 125, ""), renderSummary(OutputKind::Mp3, 12, ""),
+        renderSummary(OutputKind::Avi, 59, ""), renderSummary(OutputKind::Wav, 59, ""),
+        renderSummary(OutputKind::Wav, 65, "")})
+    log += text + "\n";
+  test::expectGoldenLog(log);
 }
 
 std::string factsOf(const RenderState& state) {
@@ -279,52 +95,237 @@ std::string factsOf(const RenderState& state) {
   return all;
 }
 
+// What comes of a render: the boxes, what the engine, the host and the desktop are asked for, the files that
+// stand, and what the window shows.
+std::string endOf(RenderBench& b) {
+  std::string text;
+  const auto line = [&](const char* what, const std::string& said) {
+    text += std::string("  ") + what + " " + replaced(said, "\r\n", " / ") + "\n";
+  };
+  for (const auto& box : b.boxes.shown) line("box", box.caption + ": " + box.text);
+  for (const auto& box : b.boxes.styled) line("warning", box.caption + ": " + box.message);
+  for (const auto& call : b.engine.calls) line("engine", call);
+  line("host", b.host.notes);
+  line("desktop", b.work.notes);
+  for (const auto& [name, bytes] : b.files.all) {
+    if (name.starts_with("/out/") || name.starts_with("/prog/"))
+      line("file", name + (bytes.size() < 10           ? ", " + bytes
+                           : name.starts_with("/out/") ? ", " + std::to_string(bytes.size()) + " bytes"
+                                                       : ""));
+  }
+  line("window", std::to_string(static_cast<int>(b.state.frame)) + " " + b.state.heading + "|" +
+                     b.state.caption + "|" + b.state.completed + "|" + b.state.sizeLabel + "|" +
+                     factsOf(b.state) + (b.state.canView ? "can be viewed" : ""));
+  EXPECT_FALSE(b.state.isRunning || b.engine.running > 0);
+  EXPECT_FALSE(b.settings.state.IsDirty) << "a movie is no change of the collection";
+  return text;
+}
+
+TEST(MovieRender, EndsAsItShould) {
+  struct Row {
+    const char* what;
+    std::function<void(RenderBench&)> prepare;
+    std::function<void(RenderBench&)> during = [](auto&) {};
+    OutputKind kind = OutputKind::Wmv;
+  };
+  const auto range = [](double from, double too) {
+    return [=](auto& b) {
+      b.create.Opt_RenderRangeWhole = false;
+      b.create.Txt_From = from;
+      b.create.Txt_Too = too;
+    };
+  };
+  const auto named = [](const std::optional<std::string>& name, Answer replaces = Answer::Yes) {
+    return [=](auto& b) {
+      b.dialogs.answers = {name};
+      b.boxes.answers = {replaces};
+    };
+  };
+  const auto views = [](Answer answer, bool neverAgain) {
+    return [=](auto& b) {
+      b.engine.turns = {{.seconds = 20, .bytes = 1 << 20}, {.seconds = 45, .bytes = 3 << 20}};
+      b.boxes.styledAnswer = {answer, neverAgain};
+    };
+  };
+  const auto turns = [](const EngineTurn& first, const EngineTurn& second = {}) {
+    return [=](auto& b) { b.engine.turns = {first, second}; };
+  };
+  // 600 s of movie: 5 Mb for five of them are 600, and 28.125 s of work for five are 90 minutes.
+  const auto warns = [](double seconds, std::size_t bytes, bool goesOn, bool diskOff = false,
+                        bool timeOff = false, bool on = true) {
+    return [=](auto& b) {
+      b.addVideo("long.avi", 0, 588);
+      auto& adjust = b.settings.adjust();
+      adjust.OutputWarningsOn = on;
+      adjust.RenderDiskWarning = diskOff;
+      adjust.RenderTimeWarning = timeOff;
+      adjust.RenderAutoView = true;
+      b.engine.turns = {{.seconds = seconds, .bytes = bytes}};
+      b.boxes.styledAnswer = {goesOn ? Answer::Yes : Answer::No, true};
+    };
+  };
+  const auto abortsIn = [](RenderFrame frame) {
+    return [=](auto& b) {
+      if (b.state.frame != frame || b.engine.running == 0 || b.loop.now().count() % 30000 <= 7000) return;
+      b.render.AbortRender();
+    };
+  };
+  const EngineTurn heeds{.seconds = 30};
+  const EngineTurn deaf{.seconds = 30, .heedsStop = false};
+  // A WAV is taken from a movie of Windows Media.
+  const auto song = [](const auto& strips) {
+    return [=](RenderBench& b) {
+      b.collection.MovieList.clear();
+      b.addMusic("song.mp3", 0, 60);
+      b.dialogs.answers = {"/out/song.wav"};
+      b.files.all["/out/song.WMA"] = "mine";
+      b.files.all["/out/song.wav"] = "old";
+      if (strips) b.host.strips = [&b, strips](const auto&, const auto& wav) { return strips(b, wav); };
+    };
+  };
+  using Strips = std::function<Outcome(RenderBench&, const std::string&)>;
+  const auto nothing = [](auto&) {};
+  const Row rows[] = {
+      {"it is viewed", views(Answer::Yes, false)},
+      {"it is not, and who says so is asked again", views(Answer::No, true)},
+      {"it takes longer than the 19 s that are counted down", turns({.seconds = 10}, {.seconds = 100})},
+      {"an extension is missing", named("/out/film"), nothing, OutputKind::Avi},
+      {"Cancel", named(std::nullopt)},
+      {"an older file stays", named("/out/older", Answer::No)},
+      {"a clip of its own", [](auto& b) { b.addVideo("my film.wmv", 0, 2, "/out/"); }},
+      {"no such folder", named("/gone/film.wmv")},
+      {"asks again for a name that cannot be",
+       [](auto& b) {
+         b.addVideo("own.avi", 0, 2, "/out/");
+         b.dialogs.answers = {"/out/own.avi", "/gone/new.avi", "/out/older.avi", "/out/new.avi"};
+         b.boxes.answers = {Answer::Ok, Answer::Ok, Answer::No};
+       },
+       nothing, OutputKind::Avi},
+      {"no room", [](auto& b) { b.freeMegabytes = 10; }},
+      {"no range", range(2, 2)},
+      {"no profile file", [](auto& b) { b.files.all.erase("/prog/wmsysprx.prx"); }},
+      {"the engine fails", turns({}, {.exitCode = 1, .says = "/out/my film.wmv: No space"})},
+      {"the first part is killed", turns({.exitCode = 137, .says = "Killed"})},
+      {"the engine says nothing, for a minute and then for two",
+       [](auto& b) {
+         b.engine.turns = {{.seconds = 1}, {.seconds = 100000}};
+         b.boxes.answers = {Answer::Yes, Answer::No, Answer::Yes};
+       }},
+      {"600 Mb are not much", warns(1, 5U << 20U, true)},
+      {"more are, and it goes on", warns(1, 6U << 20U, true)},
+      {"more are, and it ends", warns(1, 6U << 20U, false)},
+      {"more are, which nobody wants to hear", warns(1, 6U << 20U, false, true)},
+      {"more are, without warnings", warns(1, 6U << 20U, false, false, false, false)},
+      {"90 minutes are not long", warns(28.1, 1, false)},
+      {"more are", warns(28.2, 1, false)},
+      {"more are, which nobody wants to hear", warns(28.2, 1, false, false, true)},
+      {"an abort of the first part, of which there is nothing to tell", turns(heeds, heeds),
+       abortsIn(RenderFrame::Estimate)},
+      {"one that the engine does not hear", turns(deaf, deaf), abortsIn(RenderFrame::Estimate)},
+      {"an abort of the movie", turns(heeds, heeds), abortsIn(RenderFrame::Rendering)},
+      {"one that the engine does not hear", turns(deaf, deaf), abortsIn(RenderFrame::Rendering)},
+      {"an abort ahead of the engine", nothing,
+       [](auto& b) {
+         if (b.state.frame == RenderFrame::Rendering) b.render.AbortRender();
+       }},
+      {"a WAV", song(Strips()), nothing, OutputKind::Wav},
+      {"a WAV that cannot be written",
+       song(Strips([](auto&, const auto& wav) { return Error{"cannot write " + wav + ": No space"}; })),
+       nothing, OutputKind::Wav},
+      {"an abort while the WAV is taken", song(Strips([](auto& b, const auto&) {
+         b.render.AbortRender();
+         return Error{"it was stopped"};
+       })),
+       nothing, OutputKind::Wav}};
+  std::string all;
+  for (const auto& row : rows) {
+    RenderBench b;
+    b.choose(row.kind, 38);
+    for (const auto* older : {"my film.wmv", "older.WMV", "older.avi"})
+      b.files.all[std::string("/out/") + older] = "old";
+    b.boxes.answers = {Answer::Yes};  // it may be replaced
+    b.settings.state.IsDirty = false;
+    row.prepare(b);
+    std::string pies = "  pies";
+    b.host.onChange = [&] {
+      row.during(b);
+      const auto pie = " " + std::to_string(b.state.pie.colour);
+      if (b.state.frame == RenderFrame::Rendering && b.engine.running > 0 && !pies.ends_with(pie))
+        pies += pie;
+    };
+    std::string behind = "  behind the boxes";
+    b.boxes.whileShown = [&] { behind += " " + b.state.heading + "|" + b.state.caption; };
+    b.render.WriteRenderMovie();
+    all += std::string("== ") + row.what + ", after " + std::to_string(b.loop.now().count()) + " ms\n" +
+           endOf(b) + behind + "\n" + pies + "\n";
+    for (const auto& asked : b.dialogs.asked) all += "  name " + asked.folder + " " + asked.name + "\n";
+    const auto& kept = b.settings.preferences();
+    all += std::string("  never again:") + (kept.RenderDiskWarning ? " disk" : "") +
+           (kept.RenderTimeWarning ? " time" : "") + (kept.RenderAutoView ? " view" : "") + "\n";
+  }
+  test::expectGoldenLog(all);
+  RenderBench empty;
+  empty.collection.MovieList.clear();
+  empty.render.Rendertofile();
+  EXPECT_EQ(empty.boxes.shown.at(0).caption, "KVO - No Movies in Collection");
+}
+
+TEST(MovieRender, GoesFromTheOptionsToTheReport) {
+  RenderBench b;
+  b.choose(OutputKind::Wmv, 9);
+  b.engine.turns = {{.seconds = 20}, {.seconds = 45}};
+  std::string headings;
+  std::string countdowns;
+  double aheadOfIt = 0;
+  b.host.onChange = [&] {
+    if (headings.rfind(b.state.heading) == std::string::npos) headings += b.state.heading + "|";
+    if (b.state.frame != RenderFrame::Rendering || !b.state.isRunning) return;
+    if (b.state.countdown.empty()) {
+      aheadOfIt = std::max(aheadOfIt, b.state.pie.percent);
+    } else if (countdowns.rfind(b.state.countdown) == std::string::npos) {
+      countdowns += b.state.countdown.substr(6, 8) + " ";
+    }
+  };
+  b.render.WriteRenderMovie();
+  // 20 s for 5 s of 12, with its margin 76.8 s; half of that is counted down.
+  EXPECT_DOUBLE_EQ(b.state.RenderSeconds, 76.8);
+  EXPECT_EQ(aheadOfIt, 0);
+  EXPECT_TRUE(countdowns.starts_with("00.00.38 00.00.33 00.00.28 00.00.23 00.00.21 ")) << countdowns;
+  EXPECT_EQ(headings, "Pre-Render - Phase 1|Rendering - Phase 2|Create Movie|");
+}
+
+TEST(MovieRender, IsViewedOnce) {
+  RenderBench b;
+  b.choose(OutputKind::Avi);
+  b.boxes.styledAnswer = {Answer::No, true};
+  b.render.WriteRenderMovie();
+  b.host.notes.clear();
+  b.render.view();
+  b.render.view();
+  EXPECT_EQ(b.host.notes, "tabs add:/out/my film.wmv.AVI");
+}
+
 TEST(MovieRender, BeginsWithWhatWasUsedLast) {
   RenderBench first;
   first.render.Rendertofile();
   EXPECT_EQ(first.state.kind, OutputKind::Mp4);
   first.choose(OutputKind::Wmv, 9);
-  EXPECT_EQ(first.state.facts.at(3), (RenderFact{"Picture", "320 x 240"})) << "the profile's own";
   first.render.tickCodecDimensions(false);
   first.create.Opt_RenderRangeWhole = false;
   first.create.Txt_From = 2;
   first.create.Txt_Too = 5.5;
   first.render.WriteRenderMovie();
   EXPECT_EQ(first.dialogs.asked.at(0).folder, "/videos");
-  RenderBench next;
-  next.store.all = first.store.all;
+  RenderBench next(first.store.all);
   next.files.all["/out/another.avi"] = "";
   next.settings.adjust().RenderWidth = 640;
   next.render.Rendertofile();
-  EXPECT_EQ(next.state.kind, OutputKind::Wmv);
+  EXPECT_EQ(std::tuple(next.state.kind, next.state.profileRow, next.state.Chk_UseCodecOutputDimensions,
+                       next.state.codecSize),
+            std::tuple(OutputKind::Wmv, 9, false, "320 x 240"));
   EXPECT_EQ(GetWMVRenderProfileInt(next.state.Lst_WMVFormats.at(9)), 9);
-  EXPECT_EQ(next.state.profileRow, 9);
-  EXPECT_FALSE(next.state.Chk_UseCodecOutputDimensions);
-  EXPECT_EQ(next.state.codecSize, "320 x 240");
   next.render.WriteRenderMovie();
   EXPECT_EQ(next.dialogs.asked.at(0).folder, "/out");
-}
-
-TEST(MovieRender, TellsWhatTheMovieIsLike) {
-  struct Row {
-    OutputKind kind;
-    int profile;
-    const char* facts;
-  };
-  for (const auto& row : {Row{OutputKind::Wmv, 38, "Frames a second=30|Colors=24 bit|Sound=44.1 kHz stereo|"},
-                          Row{OutputKind::Wmv, 26, "Frames a second=15|Colors=24 bit|Sound=8 kHz mono|"},
-                          Row{OutputKind::Wmv, 15, "Frames a second=24|Colors=24 bit|Sound=44.1 kHz stereo|"},
-                          Row{OutputKind::Wma, 17, "Range=2.5 to 7.0 s|Sound=22.05 kHz mono|"},
-                          Row{OutputKind::Mov, -1, "Frames a second=25|Colors=24 bit|Sound=48 kHz stereo|"},
-                          Row{OutputKind::Gif, -1, "Frames a second=25|Colors=8 bit|Sound=none|"}}) {
-    RenderBench b;
-    b.create.Opt_RenderRangeWhole = false;
-    b.create.Txt_From = 2.5;
-    b.create.Txt_Too = 7;
-    b.choose(row.kind, row.profile);
-    EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
-    EXPECT_TRUE(test::holds(factsOf(b.state), "|Length=4.500 s|")) << factsOf(b.state);
-  }
 }
 
 // What the sample has shown is not what the movie begins with.
@@ -354,97 +355,53 @@ TEST(MovieRender, BeginsEachPartWithoutAPicture) {
   EXPECT_TRUE(moved);
 }
 
-TEST(MovieRender, AsksAgainForANameThatCannotBe) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.addVideo("own.avi", 0, 2, "/out/");
-  b.files.all["/out/older.avi"] = "old";
-  b.dialogs.answers = {"/out/own.avi", "/gone/new.avi", "/out/older.avi", "/out/new.avi"};
-  b.boxes.answers = {Answer::Ok, Answer::Ok, Answer::No};
-  b.render.WriteRenderMovie();
-  ASSERT_EQ(b.dialogs.asked.size(), 4U);
-  EXPECT_EQ(b.dialogs.asked[2].folder + b.dialogs.asked[2].name, "/out/new.avi") << "where a folder is";
-  EXPECT_EQ(b.boxes.shown.back().caption, "KVO - Create Movie") << "asked of what is there";
-  EXPECT_EQ(b.files.all["/out/older.avi"], "old");
-  EXPECT_TRUE(b.files.all.contains("/out/new.avi"));
-}
-
 TEST(MovieRender, TellsHowFarItIs) {
   RenderBench b;
   b.freeMegabytes = std::numeric_limits<double>::max();  // of a folder that is gone
   b.choose(OutputKind::Avi);
-  EXPECT_TRUE(factsOf(b.state).ends_with("|Free disk=not known|")) << factsOf(b.state);
+  auto log = factsOf(b.state) + "\n";
   b.freeMegabytes = 1e6;
   b.choose(OutputKind::Avi);
-  EXPECT_EQ(factsOf(b.state),
-            "Clips=2|Length=0.000 s|Range=Whole movie|Picture=320 x 240|Frames a second=25|Colors=24 bit|"
-            "Sound=44.1 kHz stereo|Free disk=976.6 Gb|");
+  log += factsOf(b.state) + "\n";
   b.engine.turns = {{.seconds = 20}, {.seconds = 20}};
-  std::string estimate, rendering;
   b.host.onChange = [&] {
-    if (b.state.frame == RenderFrame::Estimate && b.engine.running > 0) {
-      EXPECT_EQ(b.state.movieSeconds, 4) << "a second into the part that begins at 3";
-      estimate = factsOf(b.state);
-    }
-    if (b.state.frame == RenderFrame::Rendering && b.engine.running > 0) rendering = factsOf(b.state);
+    if (b.engine.running == 0) return;
+    const auto told = std::to_string(b.state.movieSeconds) + " s: " + factsOf(b.state) + "\n";
+    if (!test::holds(log, told)) log += told;
   };
   b.render.WriteRenderMovie();
-  EXPECT_EQ(estimate,
-            "Result=not known yet|Free on this disk=976.6 Gb|Output='/out/my film.wmv.AVI'|"
-            "Profile=Full Frames Uncompressed AVI|");
-  EXPECT_TRUE(rendering.starts_with("Now=Cut 1   beach.avi|Elapsed=")) << rendering;
   EXPECT_EQ(b.state.film, (std::vector<FilmCut>{{1, 0, 4}, {2, 4, 12}}));
-  EXPECT_EQ(factsOf(b.state),
-            "Movie='/out/my film.wmv.AVI'|Length=12.000 s|Profile=Full Frames Uncompressed AVI|");
+  test::expectGoldenLog(log + factsOf(b.state) + "\n");
 }
 
 TEST(MovieRender, MakesOneClipOfTwo) {
-  for (const bool fails : {false, true}) {
+  struct Row {
+    int backdrop;  // of the two clips
+    PicInPic pair;
+    bool fails = false;
+  };
+  std::string log;
+  for (const auto& row : {Row{2, {.overlayClip = 1, .position = 11}}, Row{2, {.overlayClip = 1}, true},
+                          Row{1, {.overlayClip = 2}}, Row{1, {.overlayClip = 2, .trimToBackdrop = true}}}) {
     RenderBench b;
-    b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 11}));
+    b.collection.MovieList[row.backdrop].HasPicInPic(picInPicText(row.pair));
     b.create.Opt_RenderRangeWhole = false;  // which is the movie's
-    b.render.RenderPinP(1, {});
+    b.render.RenderPinP(3 - row.backdrop, {});
     EXPECT_EQ(b.state.frame, RenderFrame::None) << "no overlay";
-    b.render.RenderPinP(2, {.backdropAudio = true});
-    ASSERT_EQ(b.state.frame, RenderFrame::PicInPic);
-    EXPECT_EQ(b.state.heading, "Render New Picture in Picture Clip");
-    EXPECT_TRUE(factsOf(b.state).starts_with("Backdrop=hills.avi|Overlay=beach.avi|Length=8.000 s|"));
+    b.render.RenderPinP(row.backdrop, {.backdropAudio = true});
+    log += "== " + b.state.heading + "|" + factsOf(b.state) + "\n";
     b.dialogs.answers = {"/out/pair.avi"};
-    if (fails) b.engine.turns = {{.exitCode = 1}};
+    if (row.fails) b.engine.turns = {{.exitCode = 1}};
     std::string document;
     b.host.onChange = [&] {
       if (b.engine.running > 0) document = b.files.all["/prog/KVORender.xtl"];
     };
     b.render.RenderNewPicInPic();
     EXPECT_TRUE(test::holds(document, "KVO PicInPic") && test::holds(document, "\"audio\"")) << document;
-    EXPECT_TRUE(b.engine.calls.at(0).starts_with("'/bin/KVORender' '/[2.00-7.00]' '/S'"))
-        << b.engine.calls[0];
-    EXPECT_EQ(b.files.all.contains("/out/pair.avi"), !fails);
-    EXPECT_EQ(b.state.frame, fails ? RenderFrame::PicInPic : RenderFrame::None);
-    EXPECT_EQ(test::holds(b.host.notes, "add:/out/pair.avi"), !fails);
     EXPECT_FALSE(b.store.all.contains("RenderKind")) << "it is no choice of the user's";
+    log += endOf(b);
   }
-  for (const bool trims : {false, true}) {
-    RenderBench b;
-    b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2, .trimToBackdrop = trims}));
-    b.render.RenderPinP(1, {});
-    EXPECT_TRUE(test::holds(factsOf(b.state), trims ? "|Length=4.000 s|" : "|Length=8.000 s|"));
-    b.dialogs.answers = {"/out/pair.avi"};
-    b.render.RenderNewPicInPic();
-    EXPECT_EQ(test::holds(b.engine.calls.at(0), "'/[2.00-7.00]'"), !trims)
-        << "the whole pair is reckoned with";
-  }
-}
-
-TEST(MovieRender, AsksAboutAnEngineThatSaysNothing) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.engine.turns = {{.seconds = 1}, {.seconds = 100000}};
-  b.boxes.answers = {Answer::No, Answer::Yes};
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(captionsOf(b.boxes), "KVO - Render Engine|KVO - Render Engine|KVO - Movie Render aborted|");
-  EXPECT_TRUE(test::holds(b.boxes.shown.at(1).text, "for 2 min."));
-  EXPECT_LT(b.loop.now(), std::chrono::seconds(200)) << "a minute, and then two";
+  test::expectGoldenLog(log);
 }
 
 TEST(MovieRender, SweepsWhatAKilledRenderHasLeft) {
@@ -477,181 +434,132 @@ TEST(MovieRender, PutsItsProfileInForceForTheEngineAlone) {
   EXPECT_EQ(b.files.all["/prog/wmsysprx.prx"], "system");
 }
 
-TEST(MovieRender, CanBeAbortedAtAnyTime) {
-  for (const auto frame : {RenderFrame::Estimate, RenderFrame::Rendering}) {
-    for (const bool heedsStop : {true, false}) {
-      RenderBench b;
-      b.choose(OutputKind::Wmv, 9);
-      b.files.all["/out/my film.wmv"] = "old";
-      b.boxes.answers = {Answer::Yes};  // it may be replaced
-      const EngineTurn turn{.seconds = 30, .heedsStop = heedsStop};
-      b.engine.turns = {turn, turn};
-      b.boxes.whileShown = [&] {
-        const bool isTold = b.boxes.shown.back().text == "Render Aborted !";
-        EXPECT_EQ(isTold, b.state.heading == "Render aborted");
-        EXPECT_TRUE(!isTold || b.state.caption == "   Create New Movie from Holiday Collection");
-      };
-      b.host.onChange = [&] {
-        if (b.state.frame == frame && b.engine.running > 0 && b.loop.now().count() % 30000 > 7000)
-          b.render.AbortRender();
-      };
-      b.render.WriteRenderMovie();
-      EXPECT_EQ(captionsOf(b.boxes),
-                std::string("KVO - Create Movie|") +
-                    (heedsStop ? "" : "KVO Failed to stop the Render Engine.|") +
-                    (frame == RenderFrame::Rendering ? "KVO - Movie Render aborted|" : ""))
-          << "of the first part there is nothing to tell";
-      EXPECT_EQ(b.engine.running, 0);
-      EXPECT_EQ(b.files.all["/out/my film.wmv"], "old");
-      EXPECT_EQ(b.state.frame, RenderFrame::Options);
-      EXPECT_EQ(b.state.heading, "Create Movie");
-      EXPECT_LT(b.loop.now().count() % 30000, 13500) << "the end is heard at once";
-    }
-  }
-}
-
-TEST(MovieRender, AnAbortAheadOfTheEngineCounts) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.host.onChange = [&] {
-    if (b.state.frame == RenderFrame::Rendering) b.render.AbortRender();
-  };
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(b.engine.calls.size(), 1U);
-  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
-}
-
-TEST(MovieRender, AnAbortWhileTheWavIsTakenIsNoFailure) {
-  RenderBench b;
-  b.choose(OutputKind::Wav);
-  b.dialogs.answers = {"/out/song.wav"};
-  b.host.strips = [&](const auto& /*source*/, const auto& /*wav*/) {
-    b.render.AbortRender();
-    return Error{"it was stopped"};
-  };
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(captionsOf(b.boxes), "KVO - Movie Render aborted|");
-}
-
-TEST(MovieRender, GoesOnBeyondItsCountdownWithAnotherPie) {
-  RenderBench b;
-  b.choose(OutputKind::Avi);
-  b.settings.adjust().RenderAutoView = true;
-  b.engine.turns = {{.seconds = 10}, {.seconds = 100}};  // 19 s are counted down
-  std::vector<int> colours;
-  b.host.onChange = [&] {
-    if (b.state.frame != RenderFrame::Rendering || b.engine.running == 0) return;
-    if (colours.empty() || colours.back() != b.state.pie.colour) colours.push_back(b.state.pie.colour);
-  };
-  b.render.WriteRenderMovie();
-  EXPECT_EQ(colours, (std::vector{kPieBlue, 65280, 65535}));
-  EXPECT_EQ(b.state.completed, "Completed in 1 mins 40 (s)");
-}
-
 TEST(MovieRender, HandsAMovieToTheQueue) {
   RenderBench b;
   b.create.Opt_RenderRangeWhole = false;
-  b.create.Txt_From = 1;
+  b.create.Txt_From = b.create.Txt_Too = 1;
+  b.choose(OutputKind::Wmv, 30);
+  b.render.AddToQueue();
+  EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
+  EXPECT_TRUE(b.queued.empty());
   b.create.Txt_Too = 3;
-  for (const int number : {9, 30}) {
-    b.choose(OutputKind::Wmv, number);
-    b.dialogs.answers = {"/out/film.wmv"};
-    b.render.AddToQueue();
-    ASSERT_FALSE(b.queued.empty());
-    const auto& order = b.queued.back();
-    EXPECT_EQ(order.output, "/out/film.wmv");
-    EXPECT_NE(order.document.find("hills.avi"), std::string::npos) << "as the collection is now";
-    EXPECT_EQ(order.range, (std::pair{1.0, 3.0}));
-    EXPECT_EQ(order.profile, number == 9 ? std::optional(9) : std::nullopt);
-    EXPECT_EQ(b.queuedProfile.empty(), number == 9) << "a copy of its own";
-  }
+  b.dialogs.answers = {"/out/film.wmv"};
+  b.render.AddToQueue();
+  ASSERT_EQ(b.queued.size(), 1U);
+  EXPECT_EQ(b.queued[0].output, "/out/film.wmv");
+  EXPECT_NE(b.queued[0].document.find("hills.avi"), std::string::npos) << "as the collection is now";
   EXPECT_TRUE(b.engine.calls.empty());
   EXPECT_EQ(b.store.all["RenderWorking"], "") << "no file of this program's own is begun";
   EXPECT_EQ(b.files.all["/prog/wmsysprx.prx"], "system");
-  b.create.Txt_Too = 1;
-  b.dialogs.answers = {"/out/film.wmv"};
-  b.render.AddToQueue();
-  EXPECT_EQ(b.queued.size(), 2U);
-  EXPECT_EQ(b.boxes.shown.size(), 2U) << "both about the range";
 }
 
-TEST(MovieRender, MakesMoviesByWhatTheyAreFor) {
+// What is told of them, what the engine is told, and what the next start remembers.
+TEST(MovieRender, FollowsTheOptions) {
   struct Row {
     OutputKind kind;
-    const char* preset;       // null for a kind without
-    int megabytes;            // wished
-    std::string facts;        // picture and rate
-    std::string part, whole;  // what the engine is told
+    int width, height;
+    Single rate;
+    const char* preset = "";
+    int megabytes = 20;  // wished
+    int profile = -1;
+    bool ownSize = true;
   };
-  const std::string own = "Picture=2560 x 1440|Frames a second=50|";
-  for (const auto& row : {Row{OutputKind::Mp4, "", 20, own, "", ""},
-                          Row{OutputKind::Mp4, "phone", 20, "Picture=1280 x 720|Frames a second=30|",
-                              "'/P' 'phone' ", "'/P' 'phone' "},
-                          Row{OutputKind::Mp4, "email", 12, "Picture=1280 x 720|Frames a second=30|",
-                              "'/P' 'email' '/M' '5.000' ", "'/P' 'email' '/M' '12.000' "},
-                          Row{OutputKind::Mp4, "email", 0, "Picture=1280 x 720|Frames a second=30|",
-                              "'/P' 'email' '/M' '0.417' ", "'/P' 'email' '/M' '1.000' "},
-                          Row{OutputKind::WebM, "webm", 20, "Picture=1920 x 1080|Frames a second=50|",
-                              "'/P' 'webm' ", "'/P' 'webm' "},
-                          Row{OutputKind::Avi, nullptr, 20, own, "", ""}}) {
+  using enum OutputKind;
+  std::string all;
+  for (const auto& row : {Row{Mp4, 2560, 1440, 50},
+                          Row{Mp4, 2560, 1440, 50, "phone"},
+                          Row{Mp4, 2560, 1440, 50, "email", 12},
+                          Row{Mp4, 2560, 1440, 50, "email", 0},
+                          Row{WebM, 2560, 1440, 50, "webm"},
+                          Row{Avi, 2560, 1440, 50},
+                          Row{Mp4, 1080, 1920, 25, "phone"},
+                          Row{Mp4, 1440, 1080, 25, "phone"},
+                          Row{Mp4, 4000, 500, 25, "phone"},
+                          Row{Mp4, 321, 240, 25},
+                          Row{Mp4, 320, 241, 25},
+                          Row{Mp4, 1921, 1081, 25, "phone"},
+                          Row{Mp4, 321, 241, 25, "phone"},
+                          Row{Mp4, 321, 241, 25, "email"},
+                          Row{Mov, 321, 240, 25},
+                          Row{Mov, 320, 241, 25},
+                          Row{WebM, 321, 241, 25},
+                          Row{Avi, 321, 241, 25},
+                          Row{Gif, 321, 241, 25},
+                          Row{Mp3, 321, 241, 25},
+                          Row{Wma, 321, 241, 25, "", 20, 17},
+                          Row{Wmv, 320, 241, 25, "", 20, 38, false},
+                          Row{Wmv, 321, 241, 25, "", 20, 38, false},
+                          Row{Wmv, 321, 241, 25, "", 20, 38},
+                          Row{Wmv, 321, 241, 25, "", 20, 40},
+                          Row{Wmv, 321, 241, 25, "", 20, 9, false},
+                          Row{Wmv, 320, 240, 25, "", 20, 26},
+                          Row{Wmv, 320, 240, 25, "", 20, 15}}) {
     RenderBench b;
-    b.editor.controls.txtWidth = 2560;
-    b.editor.controls.txtHeight = 1440;
-    b.settings.change().OutPutFrameRate = 50;
+    b.editor.controls.txtWidth = row.width;
+    b.editor.controls.txtHeight = row.height;
+    b.settings.change().OutPutFrameRate = row.rate;
     b.settings.adjust().RenderAutoView = true;
-    b.choose(row.kind);
-    EXPECT_EQ(b.state.Lst_MadeFor.empty(), row.preset == nullptr);
-    if (row.preset != nullptr) b.chooseFor(row.preset);
+    b.create.Opt_RenderRangeWhole = row.profile < 0;
+    b.create.Txt_From = 2.5;
+    b.create.Txt_Too = 7;
+    b.choose(row.kind, row.profile);
+    b.render.tickCodecDimensions(row.ownSize);
+    b.chooseFor(row.preset);
     b.render.wishMegabytes(row.megabytes);
-    EXPECT_TRUE(test::holds(factsOf(b.state), row.facts)) << factsOf(b.state);
-    EXPECT_EQ(test::holds(b.state.madeForText, "within " + std::to_string(b.state.wishedMegabytes) + " MB"),
-              b.state.hasWishedSize)
-        << b.state.madeForText;
+    all += "== " + std::string(kindRow(row.kind).title) + " " + std::to_string(row.width) + " x " +
+           std::to_string(row.height) + " " + row.preset + " " + std::to_string(row.profile) + "\n  " +
+           factsOf(b.state) + "\n  " + replaced(b.state.madeForText, "\r\n", " / ") + "\n  " +
+           b.state.caution + (b.state.canMake ? "" : " NOT MADE") + "\n";
     b.engine.turns = {{.bytes = 50U << 20U}};
     b.dialogs.answers = {"/out/film", "/out/film"};
     b.render.AddToQueue();
-    EXPECT_EQ(b.queued.at(0).preset, row.preset == nullptr ? "" : row.preset);
+    for (const auto& order : b.queued) {
+      all +=
+          "  queue '" + order.preset + "', profile " + std::to_string(order.profile.value_or(-1)) + ", " +
+          (b.queuedProfile.empty() ? "none" : "one") + " of its own, from " +
+          (order.range ? ShortText(order.range->first) + " to " + ShortText(order.range->second) : "start") +
+          "\n";
+    }
     b.render.WriteRenderMovie();
-    ASSERT_EQ(b.engine.calls.size(), 2U);
-    EXPECT_TRUE(test::holds(b.engine.calls[0], "'/[3.00-8.00]' " + row.part + "'/S'")) << b.engine.calls[0];
-    EXPECT_TRUE(b.engine.calls[1].starts_with("'/bin/KVORender' " + row.whole + "'/S'")) << b.engine.calls[1];
-    RenderBench next;
-    next.store.all = b.store.all;
+    for (const auto& call : b.engine.calls) all += "  engine " + call + "\n";
+    RenderBench next(b.store.all);
     next.render.Rendertofile();
-    EXPECT_EQ(next.state.madeForRow, b.state.madeForRow) << "remembered";
-    EXPECT_EQ(next.state.wishedMegabytes, b.state.hasWishedSize ? std::max(row.megabytes, 1) : 20);
+    all += "  then " + std::string(kindRow(next.state.kind).title) + " " +
+           std::to_string(next.state.madeForRow) + ", " + std::to_string(next.state.wishedMegabytes) +
+           " MB\n";
   }
+  test::expectGoldenLog(all);
 }
 
 TEST(MovieRender, SaysWhatOfTheClipsIsNotInTheMovie) {
   RenderBench b;
+  const auto overlay = picInPicText({.overlayClip = 1});
+  std::string log;
+  const auto tell = [&](RenderBench& bench, OutputKind kind) {
+    bench.choose(kind);
+    log += replaced(bench.state.madeForText, "\r\n", " / ") + "|" + bench.state.caution +
+           (bench.state.canMake ? "" : " NOT MADE") + "\n";
+  };
   for (const int number : {1, 2}) b.collection.MovieList[number].Resolution(Value("320 x 240"));
-  b.choose(OutputKind::Mp4);
-  EXPECT_FALSE(test::holds(b.state.madeForText, "Your clips")) << b.state.madeForText;
-  EXPECT_EQ(b.state.caution, "");
+  tell(b, OutputKind::Mp4);
   b.collection.MovieList[1].Resolution(Value("1920 x 1080"));
-  b.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
-  b.choose(OutputKind::Mp4);
-  EXPECT_TRUE(test::holds(b.state.madeForText, "Your clips are up to 1920 x 1080:")) << b.state.madeForText;
-  EXPECT_TRUE(b.state.canMake && b.state.caution.starts_with("1 clip has an overlay.")) << b.state.caution;
-  b.choose(OutputKind::Mp3);
-  EXPECT_EQ(b.state.caution, "") << "it has no picture";
+  b.collection.MovieList[2].HasPicInPic(overlay);
+  tell(b, OutputKind::Mp4);
+  tell(b, OutputKind::Mp3);  // which has no picture
   // Once it has been rendered, and as long as that stands in the collection and is what the user wants.
   b.render.leave();
   b.render.RenderPinP(2, {});
   b.dialogs.answers = {"/out/pair.avi"};
   b.render.RenderNewPicInPic();
   for (const bool joins : {false, true}) {
-    RenderBench next;
-    next.store.all = b.store.all;
-    next.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1}));
+    RenderBench next(b.store.all);
+    next.collection.MovieList[2].HasPicInPic(overlay);
     if (joins) next.addVideo("pair.avi", 0, 8, "/out/");
-    next.choose(OutputKind::Mp4);
-    EXPECT_EQ(next.state.caution.empty(), joins) << next.state.caution;
+    tell(next, OutputKind::Mp4);
     next.collection.MovieList[2].HasPicInPic(picInPicText({.overlayClip = 1, .position = 3}));
-    next.choose(OutputKind::Mp4);
-    EXPECT_FALSE(next.state.caution.empty()) << "another place";
+    tell(next, OutputKind::Mp4);  // another place
   }
+  test::expectGoldenLog(log);
 }
 
 TEST(MovieRender, KeepsTheChoiceOfMoviesForThoseWithAPicture) {
@@ -662,63 +570,30 @@ TEST(MovieRender, KeepsTheChoiceOfMoviesForThoseWithAPicture) {
   auto movies = std::move(b.collection.MovieList);
   b.collection.MovieList.clear();
   b.addMusic("song.mp3", 0, 60);
+  const auto choice = [](RenderBench& bench) {
+    bench.render.Rendertofile();
+    return std::string(kindRow(bench.state.kind).title) + " " + std::to_string(bench.state.madeForRow);
+  };
   for (const bool asksForIt : {false, true}) {
-    b.render.Rendertofile();
-    EXPECT_EQ(b.state.kind, OutputKind::Wav);
+    EXPECT_TRUE(choice(b).starts_with(kindRow(OutputKind::Wav).title));
     if (asksForIt) {
       b.render.chooseKind(OutputKind::Mp4);  // which becomes a WAV
       b.render.chooseMadeFor(3);
     }
     b.dialogs.answers = {asksForIt ? "/out/another.wav" : "/out/song.wav"};
     b.render.WriteRenderMovie();
-    RenderBench next;
-    next.store.all = b.store.all;
-    next.render.Rendertofile();
-    EXPECT_EQ(next.state.kind, OutputKind::Mp4);
-    EXPECT_EQ(next.state.madeForRow, asksForIt ? 3 : 0);
+    const auto mp4 = std::string(kindRow(OutputKind::Mp4).title);
+    RenderBench next(b.store.all);
+    EXPECT_EQ(choice(next), mp4 + (asksForIt ? " 3" : " 0"));
     b.render.leave();
     std::swap(movies, b.collection.MovieList);
-    b.render.Rendertofile();
-    EXPECT_EQ(b.state.kind, OutputKind::Mp4);
-    EXPECT_EQ(b.state.madeForRow, asksForIt ? 3 : 2);
+    EXPECT_EQ(choice(b), mp4 + (asksForIt ? " 3" : " 2"));
     b.render.leave();
     std::swap(movies, b.collection.MovieList);
   }
 }
 
-TEST(MovieRender, CautionsWhileAnotherChoiceCanBeMade) {
-  struct Row {
-    OutputKind kind;
-    int width, height;
-    const char* caution;  // how it begins; empty for none
-    int profile = -1;
-    bool ownSize = true;
-    const char* preset = "";
-  };
-  const char* width = "The width of 321 is odd, and ";
-  const char* height = "The height of 241 is odd, and ";
-  for (const auto& row :
-       {Row{OutputKind::Mp4, 320, 240, ""}, Row{OutputKind::Mp4, 321, 240, width},
-        Row{OutputKind::Mp4, 320, 241, height}, Row{OutputKind::Mov, 321, 240, width},
-        Row{OutputKind::Mov, 320, 241, ""}, Row{OutputKind::WebM, 321, 241, ""},
-        Row{OutputKind::Avi, 321, 241, ""}, Row{OutputKind::Gif, 321, 241, ""},
-        Row{OutputKind::Mp3, 321, 241, ""}, Row{OutputKind::Wmv, 321, 241, "", 9, false},
-        Row{OutputKind::Wmv, 321, 241, "", 38}, Row{OutputKind::Wmv, 321, 241, "", 40},
-        Row{OutputKind::Wmv, 321, 241, width, 38, false}, Row{OutputKind::Wmv, 320, 241, "", 38, false},
-        Row{OutputKind::Mp4, 1921, 1081, "", -1, true, "phone"},
-        Row{OutputKind::Mp4, 321, 241, width, -1, true, "phone"},
-        Row{OutputKind::Mp4, 321, 241, width, -1, true, "email"}}) {
-    RenderBench b;
-    b.editor.controls.txtWidth = row.width;
-    b.editor.controls.txtHeight = row.height;
-    b.choose(row.kind, row.profile);
-    b.render.tickCodecDimensions(row.ownSize);
-    b.chooseFor(row.preset);
-    EXPECT_TRUE(b.state.caution.starts_with(row.caution)) << b.state.caution;
-    EXPECT_EQ(b.state.caution.empty(), std::string(row.caution).empty()) << b.state.caution;
-    EXPECT_EQ(b.state.canMake, b.state.caution.empty() || b.state.hasWishedSize)
-        << kindRow(row.kind).title << " " << row.width << "x" << row.height << " " << row.profile;
-  }
+TEST(MovieRender, SoundAloneIsCautionedOf) {
   RenderBench sound;
   sound.collection.MovieList.clear();
   sound.addMusic("song.mp3", 0, 60);
@@ -739,58 +614,26 @@ TEST(MovieRender, OffersADeviceWhereOneWorks) {
   b.choose(OutputKind::Mp4);
   EXPECT_EQ(b.asksForHardware, 1);
   b.render.tickHardware(true);
-  EXPECT_FALSE(b.state.offersHardware);
-  b.dialogs.answers = {"/out/a", "/out/b", "/out/c", "/out/d"};
-  b.render.AddToQueue();
-  EXPECT_EQ(b.queued.back().encoder, "") << "nobody has seen the row";
+  const auto encoder = [&] {
+    b.dialogs.answers = {"/out/" + std::to_string(b.queued.size())};
+    b.render.AddToQueue();
+    return (b.state.offersHardware ? "offered " : "not offered ") + b.queued.back().encoder;
+  };
+  EXPECT_EQ(encoder(), "not offered ") << "nobody has seen the row";
   b.render.hearHardware(true);
-  EXPECT_TRUE(b.state.offersHardware);
-  b.render.AddToQueue();
-  EXPECT_EQ(b.queued.back().encoder, "auto");
+  EXPECT_EQ(encoder(), "offered auto");
+  b.dialogs.answers = {"/out/a"};
   b.render.WriteRenderMovie();
   ASSERT_EQ(b.engine.calls.size(), 2U);
   for (const auto& call : b.engine.calls) EXPECT_TRUE(test::holds(call, "'/H' 'auto' '/S'")) << call;
   b.render.Rendertofile();
   b.chooseFor("email");
-  EXPECT_FALSE(b.state.offersHardware) << "only the software keeps within a size";
-  b.render.AddToQueue();
-  EXPECT_EQ(b.queued.back().encoder, "");
+  EXPECT_EQ(encoder(), "not offered ") << "only the software keeps within a size";
   b.render.chooseKind(OutputKind::WebM);
   EXPECT_FALSE(b.state.offersHardware);
-  RenderBench next;
-  next.store.all = b.store.all;
+  RenderBench next(b.store.all);
   next.render.Rendertofile();
   EXPECT_TRUE(next.state.Chk_Hardware) << "remembered";
-}
-
-TEST(MovieRender, MakesAWavByWayOfWindowsMedia) {
-  for (const bool fails : {false, true}) {
-    RenderBench b;
-    b.collection.MovieList.clear();
-    b.addMusic("song.mp3", 0, 60);
-    b.choose(OutputKind::Wav);
-    b.dialogs.answers = {"/out/song.wav"};
-    b.files.all["/out/song.WMA"] = "mine";
-    b.files.all["/out/song.wav"] = "old";
-    b.boxes.answers = {Answer::Yes};  // it may be replaced
-    if (fails) {
-      b.host.strips = [](const auto& /*source*/, const auto& wav) {
-        return Error{"cannot write " + wav + ": No space"};
-      };
-    }
-    b.render.WriteRenderMovie();
-    ASSERT_EQ(b.engine.calls.size(), 2U);
-    EXPECT_TRUE(test::holds(b.engine.calls[1], "'/P' '23' '/S' '77' '/W' '/out/.rendering-77.WMA'"));
-    EXPECT_TRUE(test::holds(b.host.notes, "strip:/out/.rendering-77.WMA"));
-    EXPECT_EQ(b.files.all["/out/song.wav"], fails ? "old" : "x");
-    EXPECT_EQ(b.files.all["/out/song.WMA"], "mine");
-    EXPECT_FALSE(b.files.all.contains("/out/.rendering-77.WMA"));
-    EXPECT_EQ(captionsOf(b.boxes),
-              std::string("KVO - Create Movie|") + (fails ? "KVO - Failed to Render Movie|" : ""))
-        << "nobody is asked to view it";
-    EXPECT_EQ(b.state.frame, fails ? RenderFrame::Options : RenderFrame::Report);
-    EXPECT_EQ(b.collection.MovieList.count(), 1);
-  }
 }
 
 }  // namespace

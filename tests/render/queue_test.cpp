@@ -1,7 +1,9 @@
 // Renders that wait their turn, in virtual time.
+#include "base/numbers.h"
 #include "render/queue/queue_rows.h"
 #include "render/queue/queue_runner.h"
 #include "support/fake_processes.h"
+#include "support/golden.h"
 #include "support/memory_files.h"
 #include "support/memory_folders.h"
 #include "support/memory_locks.h"
@@ -45,23 +47,6 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   EXPECT_FALSE(readQueue("KVO5 render queue 2\n[job]\nnumber=1\noutput=/a.avi\n"));
 }
 
-TEST(RenderQueueText, IsShownAsRows) {
-  RenderQueue queue;
-  for (const auto state :
-       {JobState::Waiting, JobState::Running, JobState::Paused, JobState::Done, JobState::Failed}) {
-    auto& job = **addJob(queue, "", {.document = "d", .output = "/out/" + std::string(stateWord(state))});
-    job.state = state;
-    job.share = 0.425;
-    if (state == JobState::Failed) job.failure = "disk full";
-  }
-  EXPECT_EQ(queuedRows(queue),
-            (std::vector<QueuedRow>{{1, "waiting", "waiting", "", true, false},
-                                    {2, "running", "43%", "", true, false},
-                                    {3, "paused", "paused", "", false, true},
-                                    {4, "done", "done", "", false, false, false, false, true},
-                                    {5, "failed", "failed", "disk full", false, true, true}}));
-}
-
 TEST(RenderQueueText, IsToldInAFewWords) {
   struct Row {
     std::vector<JobState> jobs;
@@ -97,24 +82,22 @@ struct SharedFiles : test::MemoryFiles {
   }
 };
 
-struct Queued {
-  SharedFiles files;
-  test::MemoryFolders folders;
-  test::MemoryLocks locks;
-  test::FakeProcesses processes;
-  test::VirtualLoop loop;
-  test::NotedWork work;
-  std::vector<std::string> said;
-  QueueStore store{files, "/q", [this](const std::string& line) { said.push_back(line); }};
-  std::unique_ptr<QueueRunner> runner;
+using Act = Outcome (*)(RenderQueue&, int);
 
-  explicit Queued(int jobs) {
+// Half a second behind each step, what stands is a line of the log.
+class QueueRunnerTest : public testing::Test {
+ protected:
+  void handIn(int jobs) {
     for (int i = 1; i <= jobs; ++i) {
       const auto name = "/" + std::to_string(i) + ".avi";
       EXPECT_EQ(store.add("Holiday", {.document = "<" + name + ">", .output = name}, "").value(), i);
     }
     begin();
+    step(
+        "begin", [] {}, 0);
   }
+  void TearDown() override { test::expectGoldenLog(log); }
+
   // The program is started anew.
   void begin() {
     runner.reset();
@@ -123,218 +106,179 @@ struct Queued {
     runner->start();
   }
   // What is kept of the movie /NUMBER.avi.
-  [[nodiscard]] static std::string segment(int number) {
+  static std::string segment(int number) {
     return "/.rendering-" + std::to_string(number) + ".avi/0123456789abcdef-1.segment";
   }
-  [[nodiscard]] bool keeps(int number) const { return files.exists(segment(number)); }
-  Outcome removes(int number) { return removeQueued(store, files, locks, number); }
-  void does(Outcome (*act)(RenderQueue&, int), int number) {
-    EXPECT_TRUE(store.change([&](RenderQueue& queue) { return act(queue, number); }));
-    loop.advance(500);
+  Result<int> adds(const std::string& output) {
+    return store.add("", {.document = "d", .output = output}, "");
   }
-  // "1 running, 2 waiting"
-  std::string told() {
-    std::string text;
+  std::function<void()> removes(int number) {
+    return [this, number] { EXPECT_TRUE(removeQueued(store, files, locks, number)); };
+  }
+  std::function<void()> does(Act act, int number) {
+    return [=, this] { EXPECT_TRUE(store.change([&](RenderQueue& queue) { return act(queue, number); })); };
+  }
+  [[nodiscard]] std::function<void()> says(const char* line) const {
+    return [this, line] { processes.say(line); };
+  }
+  [[nodiscard]] std::function<void()> ends(int exitCode) const {
+    return [this, exitCode] { processes.end(exitCode); };
+  }
+  void step(
+      const std::string& what, const std::function<void()>& act = [] {}, int milliseconds = 500) {
+    act();
+    if (milliseconds > 0) loop.advance(milliseconds);  // else not even what is posted
+    log += what + ":";
     const auto queue = store.read();
-    for (const auto& job : queue->jobs)
-      text +=
-          (text.empty() ? "" : ", ") + std::to_string(job.number) + " " + std::string(stateWord(job.state));
-    return text;
+    if (!queue) log += " " + queue.error().text;
+    for (const auto& row : queue ? queuedRows(*queue) : std::vector<QueuedRow>()) {
+      const auto share = std::ranges::find(queue->jobs, row.number, &QueueJob::number)->share;
+      log += " [" + std::to_string(row.number) + " " + row.name + " " + row.state + " of " +
+             FormatMask(share, "0.00") + (row.canPause ? " pause" : "") + (row.canGoOn ? " go on" : "") +
+             (row.hasFailed ? " again" : "") + (row.isInOnePiece ? " whole" : "") +
+             (row.canView ? " view" : "") + row.failure + "]";
+    }
+    log += "; engine " + std::to_string(processes.all.size()) +
+           (!processes.all.empty() && processes.last().stopped ? " stopped" : "") +
+           (runner->isIdle() ? ", idle" : "") + ", failed " + std::to_string(runner->failed()) + " " +
+           runner->trouble() + "; " + std::exchange(work.notes, "") + "; ";
+    for (const auto& [name, bytes] : files.all) {
+      if (!name.starts_with("/tmp/") && !name.ends_with("Queue.txt")) log += name + " ";
+    }
+    log += "\n";
   }
-  void end(int exitCode) {
-    processes.end(exitCode);
-    loop.advance(500);
-  }
+
+  SharedFiles files;
+  test::MemoryFolders folders;
+  test::MemoryLocks locks;
+  test::FakeProcesses processes;
+  test::VirtualLoop loop;
+  test::NotedWork work;
+  std::string log;
+  QueueStore store{files, "/q", [this](const std::string& line) { log += "SAID " + line + "\n"; }};
+  std::unique_ptr<QueueRunner> runner;
 };
 
-TEST(QueueRunnerTest, MakesOneBehindTheOther) {
-  Queued q(3);
-  EXPECT_EQ(q.told(), "1 running, 2 waiting, 3 waiting");
-  EXPECT_TRUE(q.processes.last().order.ownGroup) << "no terminal stops it";
-  EXPECT_EQ(q.files.all["/tmp/kvo/KVORender.xtl"], "</1.avi>") << "its own copy of the document";
-  EXPECT_NE(q.files.all["/tmp/kvo/KVORender.bat"].find("'/K' '/.rendering-1.avi'"), std::string::npos);
-  EXPECT_TRUE(q.store.change([](RenderQueue& queue) { return moveJob(queue, 3, 2); }));
-  q.processes.say("progress 1.000 4.000");
-  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0.25);
-  q.end(0);
-  EXPECT_EQ(q.told(), "1 done, 3 running, 2 waiting");
-  EXPECT_FALSE(q.files.exists("/q/1.xtl"));
-  q.processes.sayError("KVORender: disk full");
-  q.end(1);
-  EXPECT_EQ(q.told(), "1 done, 3 failed, 2 running");
-  EXPECT_EQ(q.work.notes, "awake asleep awake asleep [3.avi could not be made.] awake ");
-  q.work.notes.clear();
-  EXPECT_EQ(q.store.read()->jobs[1].failure, "disk full");
-  q.end(0);
-  EXPECT_TRUE(q.runner->isIdle());
-  EXPECT_EQ(q.work.notes, "asleep [2.avi has been created !] ");
-  q.does(resumeJob, 3);
-  EXPECT_EQ(q.told(), "1 done, 3 running, 2 done");
-  EXPECT_EQ(q.runner->failed(), 1);
-  q.runner->start();
-  EXPECT_EQ(q.runner->failed(), 0) << "of this start";
+TEST_F(QueueRunnerTest, MakesOneBehindTheOther) {
+  handIn(3);
+  EXPECT_TRUE(processes.last().order.ownGroup) << "no terminal stops it";
+  EXPECT_EQ(files.all["/tmp/kvo/KVORender.xtl"], "</1.avi>") << "its own copy of the document";
+  EXPECT_NE(files.all["/tmp/kvo/KVORender.bat"].find("'/K' '/.rendering-1.avi'"), std::string::npos);
+  step("the third comes second",
+       [&] { EXPECT_TRUE(store.change([](RenderQueue& queue) { return moveJob(queue, 3, 2); })); });
+  step("a quarter is made", says("progress 1.000 4.000"));
+  step("1 is made", ends(0));
+  processes.sayError("KVORender: disk full");
+  step("3 fails", ends(1));
+  step("2 is made", ends(0));
+  step("resume 3", does(resumeJob, 3));
+  step("of another start none has failed", [&] { runner->start(); });
 }
 
-TEST(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
-  Queued q(2);
-  q.files.all[Queued::segment(1)] = q.files.all[Queued::segment(2)] = "kept";
-  q.processes.say("progress 1.000 4.000");
-  q.does(pauseJob, 1);
-  EXPECT_TRUE(q.processes.last().stopped);
-  q.end(143);
-  EXPECT_EQ(q.told(), "1 paused, 2 running") << "another one's turn";
-  EXPECT_EQ(q.work.notes, "awake asleep awake ") << "the user knows";
-  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0.25);
-  q.does(resumeJob, 1);
-  auto engine = q.locks.tryMaking("/2.avi");
-  EXPECT_TRUE(q.removes(2));
-  EXPECT_TRUE(q.keeps(2)) << "while the engine writes there";
-  q.loop.advance(500);
-  EXPECT_TRUE(q.processes.last().stopped);
+TEST_F(QueueRunnerTest, HeedsWhatIsDoneToAJob) {
+  handIn(2);
+  files.all[segment(1)] = files.all[segment(2)] = "kept";
+  step("a quarter is made", says("progress 1.000 4.000"));
+  step("pause 1", does(pauseJob, 1));
+  step("another one's turn, and the user knows", ends(143));
+  step("resume 1", does(resumeJob, 1));
+  auto engine = locks.tryMaking("/2.avi");
+  step("remove 2 while the engine writes there", removes(2));
   engine->reset();
-  q.end(143);
-  EXPECT_FALSE(q.keeps(2));
-  EXPECT_EQ(q.told(), "1 running");
-  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0) << "until the engine says how much it goes on from";
-  q.files.all.erase(Queued::segment(1));
-  q.processes.say("progress 2.000 4.000");
-  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0.5);
-  q.runner->stop();
-  q.end(143);
-  EXPECT_EQ(q.told(), "1 waiting");
-  EXPECT_DOUBLE_EQ(q.store.read()->jobs[0].share, 0) << "nothing is kept of it";
-  q.loop.advance(5000);
-  EXPECT_EQ(q.told(), "1 waiting") << "nothing is begun behind a stop";
-  q.files.all[Queued::segment(1)] = "kept";
-  EXPECT_TRUE(q.removes(1));
-  EXPECT_FALSE(q.keeps(1));
-  EXPECT_FALSE(q.files.exists("/q/1.xtl"));
+  step("it has ended; the engine is to say how much of 1 it goes on from", ends(143));
+  files.all.erase(segment(1));
+  step("half of it is made", says("progress 2.000 4.000"));
+  runner->stop();
+  step("stop, and nothing is kept of it", ends(143));
+  step(
+      "nothing is begun behind a stop", [] {}, 5000);
+  files.all[segment(1)] = "kept";
+  step("remove 1", removes(1));
 }
 
-TEST(QueueRunnerTest, BeginsNothingThatIsPausedMeanwhile) {
-  Queued q(2);
-  q.files.ahead = [&] {
-    q.files.ahead = [&] {
-      EXPECT_TRUE(q.store.change([](RenderQueue& queue) { return pauseJob(queue, 2); }));
-    };
-  };
-  q.processes.end(0);
-  q.loop.advance(400);
-  EXPECT_EQ(q.told(), "1 done, 2 waiting");
-  q.loop.advance(600);
-  EXPECT_EQ(q.told(), "1 done, 2 paused");
-  EXPECT_EQ(q.processes.all.size(), 1U);
+TEST_F(QueueRunnerTest, BeginsNothingThatIsPausedMeanwhile) {
+  handIn(2);
+  files.ahead = [&] { files.ahead = does(pauseJob, 2); };
+  step("1 is made", ends(0), 400);
+  step(
+      "2 is paused as it would begin", [] {}, 600);
 }
 
-TEST(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
-  Queued q(1);
-  q.end(1);
-  q.files.all[Queued::segment(1)] = "kept";
-  EXPECT_EQ(*q.store.add("", {.document = "d", .output = "/1.avi"}, ""), 2);
-  EXPECT_TRUE(q.removes(1));
-  q.loop.advance(500);
-  EXPECT_TRUE(q.keeps(1)) << "the other makes the same output";
-  q.files.unreadable.insert("/q/Queue.txt");
-  q.end(143);
-  EXPECT_TRUE(q.files.exists("/q/2.xtl"));
-  EXPECT_TRUE(q.keeps(1)) << "a queue that cannot be read";
-  q.files.unreadable.clear();
-  q.loop.advance(500);
-  q.end(0);
-  ASSERT_EQ(q.told(), "2 done");
-  EXPECT_TRUE(q.removes(2));
-  EXPECT_TRUE(q.keeps(1)) << "what is there behind a movie's completion is somebody else's";
+TEST_F(QueueRunnerTest, SweepsNothingThatSomebodyMayGoOnFrom) {
+  handIn(1);
+  step("1 fails", ends(1));
+  files.all[segment(1)] = "kept";
+  EXPECT_EQ(*adds("/1.avi"), 2);
+  step("remove 1, of which another makes the output", removes(1));
+  files.unreadable.insert("/q/Queue.txt");
+  step("a queue that cannot be read", ends(143));
+  files.unreadable.clear();
+  step("it can again");
+  step("2 is made", ends(0));
+  step("remove 2; what is there behind a movie's completion is somebody else's", removes(2));
 }
 
-TEST(QueueRunnerTest, KeepsAFileThatIsNoneOfAQueue) {
-  Queued q(0);
+TEST_F(QueueRunnerTest, KeepsAFileThatIsNoneOfAQueue) {
+  handIn(0);
   const std::string foreign = "KVO5 render queue 2\n[render]\n";
-  q.files.all["/q/Queue.txt"] = foreign;
-  q.files.all["/q/7.xtl"] = "a document of that queue";
-  q.loop.advance(500);
-  EXPECT_EQ(q.runner->trouble(), "/q/Queue.txt is not a queue of this program");
-  EXPECT_EQ(q.files.all["/q/Queue.txt"], foreign) << "looking leaves it";
-  const auto add = [&] { return q.store.add("", {.document = "d", .output = "/1.avi"}, ""); };
-  q.files.failAt = q.files.calls + 1;
-  EXPECT_FALSE(add());
-  EXPECT_EQ(q.files.all["/q/Queue.txt"], foreign);
-  EXPECT_TRUE(q.said.empty());
-  EXPECT_EQ(*add(), 8) << "the documents that stand there may be of use";
-  EXPECT_EQ(q.files.all["/q/Queue not understood 1.txt"], foreign);
-  EXPECT_EQ(q.said, std::vector<std::string>{"/q/Queue.txt is not a queue of this program; it is kept as "
-                                             "/q/Queue not understood 1.txt"});
-  q.loop.advance(500);
-  EXPECT_EQ(q.told(), "8 running");
-  EXPECT_EQ(q.runner->trouble(), "");
-  q.files.all["/q/Queue.txt"] = "other";
-  EXPECT_TRUE(add());
-  EXPECT_EQ(q.files.all["/q/Queue not understood 2.txt"], "other");
+  files.all["/q/Queue.txt"] = foreign;
+  files.all["/q/7.xtl"] = "a document of that queue";
+  step("looking leaves it");
+  files.failAt = files.calls + 1;
+  EXPECT_FALSE(adds("/1.avi"));
+  EXPECT_EQ(files.all["/q/Queue.txt"], foreign);
+  step("the documents that stand there may be of use", [&] { EXPECT_EQ(*adds("/1.avi"), 8); });
+  EXPECT_EQ(files.all["/q/Queue not understood 1.txt"], foreign);
+  files.all["/q/Queue.txt"] = "other";
+  step("another", [&] { EXPECT_TRUE(adds("/1.avi")); });
+  EXPECT_EQ(files.all["/q/Queue not understood 2.txt"], "other");
 }
 
-TEST(QueueRunnerTest, WaitsForAnotherRenderOfTheSameOutput) {
-  Queued q(0);
-  auto window = q.locks.tryMaking("/1.avi");
-  for (const auto* name : {"/1.avi", "/2.avi"})
-    ASSERT_TRUE(q.store.add("", {.document = "d", .output = name}, ""));
-  q.loop.advance(500);
-  EXPECT_EQ(q.told(), "1 waiting, 2 running");
-  q.end(0);
-  EXPECT_FALSE(q.runner->isIdle());
-  q.files.all[Queued::segment(1)] = "kept";
-  EXPECT_TRUE(q.removes(1));
-  EXPECT_TRUE(q.keeps(1)) << "somebody is at work there";
-  ASSERT_TRUE(q.store.add("", {.document = "d", .output = "/1.avi"}, ""));
-  q.loop.advance(500);
-  EXPECT_EQ(q.told(), "2 done, 3 waiting");
-  window->reset();
-  q.loop.advance(500);
-  EXPECT_EQ(q.told(), "2 done, 3 running");
+TEST_F(QueueRunnerTest, WaitsForAnotherRenderOfTheSameOutput) {
+  handIn(0);
+  auto window = locks.tryMaking("/1.avi");
+  for (const auto* name : {"/1.avi", "/2.avi"}) EXPECT_TRUE(adds(name));
+  step("somebody makes 1");
+  step("2 is made", ends(0));
+  files.all[segment(1)] = "kept";
+  step("remove 1, where somebody is at work", removes(1));
+  step("once more", [&] { EXPECT_TRUE(adds("/1.avi")); });
+  step("its turn", [&] { window->reset(); });
 }
 
-TEST(QueueRunnerTest, MakesAgainWhatCouldNotBeWrittenDown) {
-  Queued q(1);
-  q.files.failedReplaces = 1;
-  q.processes.end(0);
-  EXPECT_EQ(q.told(), "1 running") << "though it has ended";
-  q.files.failedReplaces = 2;
-  q.loop.advance(500);
-  EXPECT_EQ(q.processes.all.size(), 1U) << "nothing is begun while the disk is full";
-  q.loop.advance(500);
-  EXPECT_EQ(q.processes.all.size(), 2U);
-  q.end(0);
-  EXPECT_EQ(q.told(), "1 done");
+TEST_F(QueueRunnerTest, MakesAgainWhatCouldNotBeWrittenDown) {
+  handIn(1);
+  files.failedReplaces = 1;
+  step("it has ended, and cannot be told", ends(0), 0);
+  files.failedReplaces = 2;
+  step("nothing is begun while the disk is full");
+  step("there is room");
+  step("made again", ends(0));
 }
 
-TEST(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
-  Queued q(2);
-  const auto first = q.processes.all.size();
-  q.begin();
-  EXPECT_EQ(q.told(), "1 running, 2 waiting");
-  EXPECT_EQ(q.processes.all.size(), first + 1) << "it is begun again, on the segments that stand";
-  QueueRunner other({q.store, q.locks, {q.files, q.folders, q.processes, q.loop, "/bin/KVORender"}}, [] {});
-  other.start();
+TEST_F(QueueRunnerTest, SurvivesTheEndOfItsProgram) {
+  handIn(2);
+  step("begun again, on the segments that stand", [&] { begin(); });
+  QueueRunner other({store, locks, {files, folders, processes, loop, "/bin/KVORender"}}, [] {});
+  step("one of all copies makes them", [&] { other.start(); });
   EXPECT_TRUE(other.isElsewhere());
-  EXPECT_EQ(q.processes.all.size(), first + 1) << "one of all copies makes them";
   EXPECT_EQ(other.queue().jobs.size(), 2U) << "and all see them";
 }
 
-TEST(QueueRunnerTest, TellsWhatCannotBeDone) {
-  Queued q(1);
-  for (const auto act : {pauseJob, resumeJob, removeJob}) {
-    EXPECT_EQ(q.store.change([&](RenderQueue& queue) { return act(queue, 7); }).error().text,
-              "there is no job 7 in the queue");
-  }
-  EXPECT_EQ(q.store.change([](RenderQueue& queue) { return resumeJob(queue, 1); }).error().text,
-            "job 1 is running");
-  q.processes.refusal = "cannot start it";
-  ASSERT_TRUE(q.store.add("", {.document = "d", .output = "/x.avi"}, "profile"));
-  EXPECT_EQ(q.files.all["/q/2.prx"], "profile");
-  q.end(0);
-  EXPECT_EQ(q.told(), "1 done, 2 failed");
-  EXPECT_EQ(q.work.notes, "awake asleep [x.avi could not be made.] ");
-  q.files.unreadable.insert("/q/Queue.txt");
-  q.loop.advance(500);
-  EXPECT_NE(q.runner->trouble(), "");
+TEST_F(QueueRunnerTest, TellsWhatCannotBeDone) {
+  handIn(1);
+  for (const auto& [act, number] :
+       {std::pair<Act, int>{pauseJob, 7}, {resumeJob, 7}, {removeJob, 7}, {resumeJob, 1}})
+    log += store.change([act = act, number = number](RenderQueue& queue) { return act(queue, number); })
+               .error()
+               .text +
+           "\n";
+  processes.refusal = "cannot start it";
+  EXPECT_TRUE(store.add("", {.document = "d", .output = "/x.avi"}, "profile"));
+  EXPECT_EQ(files.all["/q/2.prx"], "profile");
+  step("the next cannot begin", ends(0));
+  files.unreadable.insert("/q/Queue.txt");
+  step("it cannot be read");
 }
 
 }  // namespace

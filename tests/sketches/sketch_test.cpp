@@ -5,12 +5,12 @@
 #include "support/golden.h"
 #include "support/memory_files.h"
 #include "support/named_streams.h"
-
-#include <gtest/gtest.h>
+#include "support/texts.h"
 
 namespace kvo {
 namespace {
 
+using test::lineOf;
 using test::MemoryFiles;
 
 const SketchFile kSketch{{"/v/a b.avi", 0x0102030405ULL, 1700000000},
@@ -60,6 +60,14 @@ struct FolderBench {
     sketch->add({milliseconds, jpeg});
     EXPECT_TRUE(folder.keep(*sketch));
   }
+  // "500:half 1000:one|loud"
+  std::string kept(const std::string& media) {
+    const auto sketch = folder.find(media);
+    std::string all;
+    for (const auto& picture : sketch->pictures)
+      all += lineOf(picture.milliseconds) + ":" + picture.jpeg + " ";
+    return all + sketch->peaks.value_or("");
+  }
 };
 
 TEST(SketchFolder, KeepsWhatIsAddedWhileTheFileStaysAsItIs) {
@@ -70,17 +78,14 @@ TEST(SketchFolder, KeepsWhatIsAddedWhileTheFileStaysAsItIs) {
   early->peaks = "loud";
   EXPECT_TRUE(b.folder.keep(*early)) << "what another process has added meanwhile stays";
   b.keep("/v/a.avi", 500, "half");
-  EXPECT_EQ(b.folder.find("/v/a.avi")->pictures.size(), 2U);
-  EXPECT_EQ(b.folder.find("/v/a.avi")->find(1000)->jpeg, "one");
-  EXPECT_EQ(b.folder.find("/v/a.avi")->peaks, "loud");
+  EXPECT_EQ(b.kept("/v/a.avi"), "500:half 1000:one loud");
   const auto path = b.folder.fileOf("/v/a.avi");
-  const auto whole = b.files.all[path];
-  b.files.all[path].resize(whole.size() / 2);
-  EXPECT_TRUE(b.folder.find("/v/a.avi")->pictures.empty()) << "cut off";
+  b.files.all[path].resize(b.files.all[path].size() / 2);
+  EXPECT_EQ(b.kept("/v/a.avi"), "") << "cut off";
   b.keep("/v/a.avi", 500, "again");
-  EXPECT_EQ(b.folder.find("/v/a.avi")->find(500)->jpeg, "again");
+  EXPECT_EQ(b.kept("/v/a.avi"), "500:again ");
   b.files.all["/v/a.avi"] = "another film";
-  EXPECT_TRUE(b.folder.find("/v/a.avi")->pictures.empty()) << "of an earlier state";
+  EXPECT_EQ(b.kept("/v/a.avi"), "") << "of an earlier state";
   // A disk that is full leaves what there was.
   const auto before = b.files.all[path];
   for (b.files.failAt = 1; b.files.failAt < 4; ++b.files.failAt) {
@@ -117,14 +122,10 @@ TEST(SketchFolder, LetsTheOldestGoWhereAllGrowTooLarge) {
   EXPECT_EQ(named("/c", "/h") + named("c", "/h") + named("", ""), "/c/kvo5/sketches/h/.cache/kvo5/sketches");
 }
 
-struct CountedStreams : test::NamedStreams {
-  int drawn = 0;
-  int width = 0;
-  int height = 0;
+struct NotedStreams : test::NamedStreams {
+  std::string drawn;
   Result<FramePicture> frame(const std::string& path, double seconds, int w, int h) override {
-    ++drawn;
-    width = w;
-    height = h;
+    drawn += lineOf(w, "x", h) + " ";
     return test::NamedStreams::frame(path, seconds, w, h);
   }
 };
@@ -142,27 +143,19 @@ struct CountedSounds : SoundPeaks {
 
 TEST(SketchMaker, MakesEachOnceInTheShapeOfTheFile) {
   FolderBench b;
-  CountedStreams streams;
+  NotedStreams streams;
   CountedSounds sounds;
   const TurboJpeg jpeg;
   SketchMaker maker({b.folder, streams, sounds, jpeg});
-  const struct {
-    int width, height, drawnWidth, drawnHeight;
-  } shapes[] = {{1920, 1080, 256, 144},
-                {640, 480, 192, 144},
-                {720, 1280, 81, 144},
-                {4000, 100, 256, 6},
-                {64, 48, 64, 48}};
-  for (const auto& shape : shapes) {
-    const auto path = "/v/" + std::to_string(shape.width);
+  for (const auto& [width, height] :
+       {std::pair{1920, 1080}, {640, 480}, {720, 1280}, {4000, 100}, {64, 48}}) {
+    const auto path = "/v/" + std::to_string(width);
     b.files.all[path] = "film";
-    streams.all[path] = {.hasVideo = true, .width = shape.width, .height = shape.height};
+    streams.all[path] = {.hasVideo = true, .width = width, .height = height};
     EXPECT_FALSE(maker.picture(path, 77000).empty());
-    EXPECT_EQ(std::pair(streams.width, streams.height), std::pair(shape.drawnWidth, shape.drawnHeight));
   }
-  const int drawn = streams.drawn;
-  const auto bytes = maker.picture("/v/640", 77000);
-  EXPECT_EQ(streams.drawn, drawn) << "out of the folder";
+  const auto bytes = maker.picture("/v/640", 77000);  // this one out of the folder
+  EXPECT_EQ(streams.drawn, "256 x 144 192 x 144 81 x 144 256 x 6 64 x 48 ");
   std::vector<std::uint8_t> rows(std::size_t{192} * 144 * 3);
   ASSERT_TRUE(jpeg.decode(bytes, 1, rows, std::size_t{192} * 3));
   EXPECT_NEAR(rows[1000], 77, 2) << "as grey as its time";
@@ -179,14 +172,10 @@ TEST(SketchMaker, MakesEachOnceInTheShapeOfTheFile) {
 TEST(Peaks, AtAnyRateMissNothingThatIsLoud) {
   std::vector<std::uint8_t> peaks(100, 1);
   peaks[33] = 200;
-  const struct {
-    int rate;
-    std::size_t count, loud;
-  } rows[] = {{100, 100, 33}, {50, 50, 16}, {3, 3, 0}, {1, 1, 0}, {200, 200, 66}};
-  for (const auto& row : rows) {
-    const auto at = peaksAtRate(peaks, 100, row.rate);
-    ASSERT_EQ(at.size(), row.count) << row.rate;
-    EXPECT_EQ(at[row.loud], 200) << row.rate;
+  for (const auto& [rate, loud] : {std::pair{100, 33}, {50, 16}, {3, 0}, {1, 0}, {200, 66}}) {
+    const auto at = peaksAtRate(peaks, 100, rate);
+    EXPECT_EQ(at.size(), static_cast<std::size_t>(rate));
+    EXPECT_EQ(at.at(static_cast<std::size_t>(loud)), 200) << rate;
   }
   EXPECT_EQ(peaksAtRate(peaks, 100, 3)[2], 1);
   EXPECT_TRUE(peaksAtRate({}, 100, 7).empty());

@@ -194,8 +194,6 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   bool autoStart = false;
   int buffered = 100;  ///< per cent
   int bits = 0;        ///< a second
-  std::string title;   ///< of a stream
-  std::string author;
   StreamDetails details;
   std::vector<std::pair<std::string, double>> openedAhead;  ///< file and place
 
@@ -249,8 +247,8 @@ class FakeControlEngine : public FakeEngine<ControlEngine> {
   void setPlayCount(int times) override { playCount = times; }
   void setAutoRewind(bool on) override { autoRewind = on; }
   void setAutoStart(bool on) override { autoStart = on; }
-  [[nodiscard]] std::string mediaTitle() const override { return title; }
-  [[nodiscard]] std::string mediaAuthor() const override { return author; }
+  [[nodiscard]] std::string mediaTitle() const override { return {}; }
+  [[nodiscard]] std::string mediaAuthor() const override { return {}; }
   [[nodiscard]] int bandwidth() const override { return bits; }
   void whenEndOfStream(std::function<void()> heard) override { endHeard_ = std::move(heard); }
 

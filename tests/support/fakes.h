@@ -6,15 +6,11 @@
 #include "support/named_streams.h"
 #include "support/scripted_boxes.h"
 #include "support/still_clock.h"
+#include "support/texts.h"
 
 #include <string>
-#include <string_view>
 
 namespace kvo::test {
-
-inline bool holds(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string::npos;
-}
 
 /// A collection with everything round it that reading, writing and compiling need.
 struct Bench {
@@ -29,6 +25,9 @@ struct Bench {
   ErrorLog log{files, clock, settings, folder};
   Editing editing{collection, settings, editor, streams, files, boxes, folder, log, clock};
   ChangePoster poster{settings};
+
+  Movie& clip(int number) { return collection.MovieList[number]; }
+  [[nodiscard]] bool dirty() const { return isDirty(collection, settings); }
 
   /// A clip with picture and sound at normal speed.
   Movie& addVideo(const std::string& name, double start, double end, const std::string& path = "/v/") {
@@ -54,6 +53,20 @@ struct Bench {
     streams.all["/v/" + name] = {.hasAudio = true};
     return clip;
   }
+
+  /// Without an `end` it has no length yet.
+  Movie& addStill(const std::string& name, double end = 0, const std::string& path = "/v/") {
+    Movie& clip = addVideo(name, 0, end, path);
+    clip.IsStill(true);
+    return clip;
+  }
 };
+
+/// The clip with a transition into it, over tenths of a second.
+inline Movie& withTransition(Movie& clip, const std::string& name, double tenths) {
+  clip.TransType(name);
+  clip.TransIn(static_cast<Single>(tenths));
+  return clip;
+}
 
 }  // namespace kvo::test

@@ -29,4 +29,10 @@ inline void expectGolden(const std::string& name, const std::string& bytes) {
                                  << "\"";
 }
 
+/// What the test that runs has written down, under golden/SUITE.
+inline void expectGoldenLog(const std::string& log) {
+  const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+  expectGolden(std::string(test->test_suite_name()) + "/" + test->name() + ".txt", log);
+}
+
 }  // namespace kvo::test

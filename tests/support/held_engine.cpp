@@ -1,11 +1,7 @@
 #include "support/held_engine.h"
 
-#include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
 #include <system_error>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 namespace {

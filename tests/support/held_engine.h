@@ -4,8 +4,6 @@
 
 #include "support/real_world.h"
 
-#include <string>
-
 namespace kvo::test {
 
 class HeldEngine {

@@ -18,11 +18,15 @@ class MemoryFiles : public Files {
   std::map<std::string, std::string> all;
   std::set<std::string> unreadable;
   std::set<std::string> unwritable;
-  std::vector<std::string> removed;
+
   int failedReplaces = 0;  // the number of times that writing a file anew fails from now on
   int failAt = 0;          // the number of the changing call that fails, 0 for none
   int calls = 0;
   mutable int reads = 0;
+
+  void put(std::initializer_list<const char*> paths, const std::string& bytes = "x") {
+    for (const auto* path : paths) all[path] = bytes;
+  }
 
   [[nodiscard]] bool exists(const std::string& path) const override { return all.contains(path); }
 
@@ -79,11 +83,7 @@ class MemoryFiles : public Files {
     return {};
   }
 
-  bool remove(const std::string& path) override {
-    removed.push_back(path);
-    all.erase(path);
-    return true;
-  }
+  bool remove(const std::string& path) override { return all.erase(path), true; }
 
   [[nodiscard]] bool mayWriteInto(const std::string& folder) const override {
     return !unwritable.contains(folder);

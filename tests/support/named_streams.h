@@ -5,6 +5,7 @@
 #include "ports/picture_counts.h"
 
 #include <map>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,10 @@ namespace kvo::test {
 class NamedStreams : public MediaContents {
  public:
   std::map<std::string, StreamFacts> all;
+  std::mutex held;  ///< while a test has it, facts are waited for
 
   Result<StreamFacts> facts(const std::string& path) override {
+    const std::lock_guard lock(held);
     const auto found = all.find(path);
     if (found == all.end()) return Error{"cannot open " + path};
     return found->second;

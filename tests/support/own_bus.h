@@ -4,7 +4,6 @@
 #include "support/real_world.h"
 
 #include <cstdlib>
-#include <string>
 
 namespace kvo::test {
 

@@ -9,6 +9,7 @@
 #include "ports/text_questions.h"
 #include "program/intake_window.h"
 #include "program/list_commands.h"
+#include "program/media_commands.h"
 #include "program/shut_down.h"
 #include "program/skins.h"
 #include "program/start_up.h"
@@ -50,16 +51,10 @@ class MemoryHandover : public Handover {
 /// Lines that are typed from a list; Cancel when it runs out.
 class ScriptedQuestions : public TextQuestions {
  public:
-  std::deque<std::string> answers;
-  std::vector<std::pair<std::string, std::string>> asked;  // titles and prompts
-
-  std::optional<std::string> ask(const std::string& title, const std::string& prompt,
+  std::deque<std::optional<std::string>> answers;
+  std::optional<std::string> ask(const std::string& /*title*/, const std::string& /*prompt*/,
                                  const std::string& /*text*/) override {
-    asked.emplace_back(title, prompt);
-    if (answers.empty()) return std::nullopt;
-    auto answer = answers.front();
-    answers.pop_front();
-    return answer;
+    return nextOf(answers, std::nullopt);
   }
 };
 
@@ -76,18 +71,16 @@ class PlainSkinPictures : public SkinPictures {
     return std::nullopt;
   }
   Outcome load(const std::string& path) override {
-    const auto read = check(path);
+    const auto read = loadMask(path);
     if (read) held = path;
     return read;
   }
-  Outcome loadMask(const std::string& path) override { return check(path); }
-
- private:
-  [[nodiscard]] Outcome check(const std::string& path) const {
+  Outcome loadMask(const std::string& path) override {
     const auto name = find(path);
     return name && files_.all[*name].starts_with("picture") ? Outcome() : Error{"no picture " + path};
   }
 
+ private:
   MemoryFiles& files_;
 };
 
@@ -117,37 +110,31 @@ class PlainIntake : public ClipIntake {
       : files_(files), collection_(collection), host_(host) {}
   std::vector<std::string> asked;
   std::function<void()> whenAsked = [] {};
-  KVO2* settings = nullptr;  // changed by an addition as the real intake changes them
+  std::function<void()> whenAdded = [] {};
 
   bool AddMoviesm(const std::string& text, const AddManner& manner) override { return add({text}, manner); }
   bool add(std::vector<std::string> names, const AddManner& /*manner*/) override {
+    int number = 0;
     bool any = false;
-    for (std::size_t i = 0; i < names.size() && !host_.stopped(); ++i) {
-      host_.analysing(static_cast<int>(i) + 1, static_cast<int>(names.size()), names[i]);
-      if (!host_.stopped()) any |= addOne(names[i]);
+    for (const auto& name : names) {
+      if (!host_.stopped()) host_.analysing(++number, static_cast<int>(names.size()), name);
+      if (host_.stopped()) break;
+      whenAsked();
+      asked.push_back(name);
+      if (!files_.exists(name)) continue;
+      Movie& clip = collection_.MovieList.add({});
+      clip.MovieName(std::string(fileNamePart(name)));
+      clip.Path(std::string(folderPart(name)));
+      clip.IsStill(name.ends_with(".jpg"));
+      host_.added(collection_.MovieList.count());
+      whenAdded();
+      any = true;
     }
     host_.analysed();
     return any;
   }
 
  private:
-  bool addOne(const std::string& text) {
-    whenAsked();
-    asked.push_back(text);
-    if (!files_.exists(text)) return false;
-    Movie clip;
-    clip.MovieName(std::string(fileNamePart(text)));
-    clip.Path(std::string(folderPart(text)));
-    clip.IsStill(text.ends_with(".jpg"));
-    collection_.MovieList.add(std::move(clip));
-    host_.added(collection_.MovieList.count());
-    if (settings != nullptr) {
-      settings->change().LoadFrom = std::string(folderPart(text));
-      settings->state.ListIsDirty = true;
-    }
-    return true;
-  }
-
   MemoryFiles& files_;
   Collection& collection_;
   IntakeHost& host_;
@@ -156,8 +143,7 @@ class PlainIntake : public ClipIntake {
 /// The program without its window: everything that start-up and the File menu touch.
 struct ProgramBench : StoreBench {
   ProgramBench() {
-    for (const auto* name : {"/prog/Skins/blue.bmp", "/prog/Skins/Plastique.bmp", "/prog/Skins/SkinMask.bmp"})
-      files.all[name] = "picture";
+    files.put({"/prog/Skins/blue.bmp", "/prog/Skins/Plastique.bmp", "/prog/Skins/SkinMask.bmp"}, "picture");
   }
 
   VirtualLoop loop;
@@ -189,6 +175,21 @@ struct ProgramBench : StoreBench {
   StartUp startUp{parts, skins, intro, mailbox};
   ShutDown shutDown{parts, mailbox};
   ListCommands listCommands{{files, clock, boxes}, history, list, intro, collection, window, settings};
+  MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
+
+  /// Ten seconds and 250 frames for each clip, their keys from 1; the first is in hand and nothing is to be
+  /// saved.
+  void makeEven() {
+    for (int i = 1; i <= collection.MovieList.count(); ++i) {
+      clip(i).DurationTime(Value(10));
+      clip(i).DurationFrames(Value(250));
+      clip(i).KeyID(i);
+    }
+    list.fill();
+    list.PreviewMovie(1);
+    ClearDirtyFlags(collection, settings);
+    settings.state.ObjectChange = 0;
+  }
 
   /// What the list shows, which is what the collection has.
   [[nodiscard]] std::vector<std::string> names() const {
@@ -196,6 +197,12 @@ struct ProgramBench : StoreBench {
     for (const auto& row : window.list.Fillist.rows()) names.push_back(row.name);
     EXPECT_EQ(static_cast<int>(names.size()), collection.MovieList.count());
     return names;
+  }
+
+  [[nodiscard]] std::string initials() const {
+    std::string all;
+    for (const auto& name : names()) all += name[0];
+    return all;
   }
 
   /// Puts a collection of these clips at `path`; their files are there.
@@ -211,6 +218,11 @@ struct ProgramBench : StoreBench {
     if (change) change(b.settings);
     EXPECT_TRUE(b.file.WriteINI(std::string(folderPart(path)), std::string(fileNamePart(path)), true));
     files.all[path] = b.files.all[path];
+  }
+  /// The program begins with these clips.
+  void start(const std::vector<std::string>& clips) {
+    saveCollection("/prog/KVO5.INI", clips);
+    EXPECT_EQ(startUp.run({}, "/"), StartEnd::Run);
   }
 };
 

@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <csignal>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
 #include <future>
 #include <iterator>
 #include <sys/mman.h>
@@ -14,8 +11,6 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 namespace {
@@ -101,13 +96,9 @@ void Companion::signal(int number) const { ::kill(process_, number); }
 std::string Companion::said() const { return heard(out_) + heard(err_); }
 
 std::string Companion::firstLine() const {
-  const auto line = [&] {
-    const auto out = heard(out_);
-    return out.substr(0, out.find('\n') + 1);
-  };
-  EXPECT_TRUE(eventually([&] { return !line().empty(); })) << said();
-  const auto whole = line();
-  return whole.substr(0, whole.find('\n'));
+  std::string out;
+  EXPECT_TRUE(eventually([&] { return holds(out = heard(out_), "\n"); })) << said();
+  return out.substr(0, out.find('\n'));
 }
 
 bool Companion::hasEnded() {
@@ -136,6 +127,13 @@ bool comesToItsEnd(int process) {
     const auto name = text.rfind(')');
     return name == std::string::npos || text.compare(name, 3, ") Z") == 0;
   });
+}
+
+std::string noise(std::size_t count) {
+  std::string bytes(count, '\0');
+  unsigned random = 1;
+  for (auto& byte : bytes) byte = static_cast<char>((random = random * 1664525U + 1013904223U) >> 24U);
+  return bytes;
 }
 
 std::string bytesOf(const std::string& path) {

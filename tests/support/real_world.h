@@ -2,12 +2,19 @@
 // again, so that what our own room of FFmpeg does is checked from outside.
 #pragma once
 
+#include "support/texts.h"
+
 #include <chrono>
+#include <csignal>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace kvo::test {
 
@@ -66,6 +73,9 @@ bool eventually(const std::function<bool()>& holds,
 
 /// Waits for the end of a process that somebody else has started.
 bool comesToItsEnd(int process);
+
+/// Bytes that follow no rule, always the same ones.
+std::string noise(std::size_t count);
 
 /// A whole file; empty where there is none.
 std::string bytesOf(const std::string& path);

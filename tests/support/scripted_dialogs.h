@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ports/file_dialogs.h"
+#include "support/scripted_boxes.h"
 
 #include <deque>
 #include <optional>
@@ -26,10 +27,7 @@ class ScriptedDialogs : public FileDialogs {
  private:
   std::optional<std::string> next(const FileQuestion& question) {
     asked.push_back(question);
-    if (answers.empty()) return std::nullopt;
-    auto answer = answers.front();
-    answers.pop_front();
-    return answer;
+    return nextOf(answers, std::nullopt);
   }
 };
 

@@ -14,12 +14,8 @@ class StillClock : public Clock {
   [[nodiscard]] LocalTime now() const override { return time; }
   /// Seconds of one day.
   [[nodiscard]] LocalTime at(std::int64_t seconds) const override {
-    return {2026,
-            3,
-            6,
-            static_cast<int>(seconds / 3600),
-            static_cast<int>(seconds / 60 % 60),
-            static_cast<double>(seconds % 60)};
+    const auto second = static_cast<int>(seconds);
+    return {2026, 3, 6, second / 3600, second / 60 % 60, static_cast<double>(second % 60)};
   }
   void pause(int milliseconds) const override { pauses.push_back(milliseconds); }
 };

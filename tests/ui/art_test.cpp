@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QDir>
 #include <QImage>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -37,15 +38,12 @@ TEST(Art, KeysAreCutOutByTheirAlpha) {
   for (int number = 1; number <= 19; ++number) {
     for (const auto* size : kSizes) {
       const auto picture = pictureOf("ImageList1", size, QString("%1.bmp").arg(number, 2, 10, QChar('0')));
-      ASSERT_TRUE(picture.hasAlphaChannel()) << size << number;
-      EXPECT_EQ(picture.pixelColor(1, 1).alpha(), 0) << size << number;
-      EXPECT_GT(picture.pixelColor(picture.rect().center()).alpha(), 250) << size << number;
-      int soft = 0;  // its edges are
-      for (int x = 0; x < picture.width(); ++x) {
-        const int alpha = picture.pixelColor(x, picture.height() / 4).alpha();
-        soft += alpha > 0 && alpha < 255 ? 1 : 0;
-      }
-      EXPECT_TRUE(number != 3 || soft > 0) << size;
+      const auto alphaAt = [&](int x, int y) { return picture.pixelColor(x, y).alpha(); };
+      EXPECT_EQ(alphaAt(1, 1), 0) << size << number;
+      EXPECT_GT(alphaAt(picture.width() / 2, picture.height() / 2), 250) << size << number;
+      std::set<int> seen;  // its edges are soft
+      for (int x = 0; x < picture.width(); ++x) seen.insert(alphaAt(x, picture.height() / 4));
+      EXPECT_TRUE(number != 3 || seen.size() > 2) << size;
     }
   }
 }

@@ -1,9 +1,7 @@
 #include "ui/cool_list.h"
 
-#include <initializer_list>
 #include <map>
 #include <sstream>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -12,6 +10,7 @@ namespace {
 
 using std::chrono::milliseconds;
 using Key = CoolList::Key;
+using Reach = CoolList::Reach;
 
 constexpr int kRow = 10;
 
@@ -25,17 +24,12 @@ class List : public testing::Test {
     });
     list.setSize(100, 5 * kRow + 3);
     for (int i = 0; i < count; ++i) list.AddItem("item " + std::to_string(i));
-    list.events.rowChanged = [this](int row) { drawn += std::to_string(row) + " "; };
-    list.events.allChanged = [this] { drawn += "all "; };
-    list.events.ListIndexChange = [this] { ++changes; };
-    list.events.Click = [this] { ++clicks; };
   }
   void change(const std::function<void(CoolListProperties&)>& how) {
     auto p = list.properties();
     how(p);
     list.setProperties(p);
   }
-  void choose(int index) { ASSERT_TRUE(list.setListIndex(index).ok()); }
   std::string selected() const {
     std::string numbers;
     for (int i = 0; i < list.ListCount(); ++i) {
@@ -45,16 +39,11 @@ class List : public testing::Test {
   }
   std::string texts() const {
     std::string all;
-    for (int i = 0; i < list.ListCount(); ++i) all += (i == 0 ? "" : " ") + list.item(i).ItemText;
+    for (int i = 0; i < list.ListCount(); ++i) all += list.item(i).ItemText + "|";
     return all;
   }
-  void fill(const std::vector<const char*>& texts) {
-    list.Clear();
-    int icon = 0;
-    for (const auto* text : texts) list.AddItem(text, ++icon);
-  }
 
-  // What is done to the list, one after the other: "choose 3 down press 1 move 2 release".
+  // What is done to the list, one after the other: "choose 3 down press 1 move 2 release edit lake keep".
   void act(const std::string& steps) {
     static const std::map<std::string, Key> kKeys = {
         {"up", Key::Up},      {"down", Key::Down}, {"pageup", Key::PageUp}, {"pagedown", Key::PageDown},
@@ -63,19 +52,24 @@ class List : public testing::Test {
     std::istringstream in(steps);
     int n = 0;
     for (std::string word; in >> word;) {
-      const bool another = word.starts_with("ctrl+");
-      const bool range = word.starts_with("shift+");
-      if (another || range) word.erase(0, word.find('+') + 1);
-      const auto reach = another ? CoolList::Reach::Another
-                         : range ? CoolList::Reach::Range
-                                 : CoolList::Reach::One;
+      const auto reach = word.starts_with("ctrl+")    ? Reach::Another
+                         : word.starts_with("shift+") ? Reach::Range
+                                                      : Reach::One;
+      if (reach != Reach::One) word.erase(0, word.find('+') + 1);
       if (const auto key = kKeys.find(word); key != kKeys.end()) {
         list.keyDown(key->second, reach);
       } else if (word == "release") {
         list.mouseUp();
+      } else if (word == "clear") {
+        list.Clear();
+      } else if (word == "edit") {
+        list.StartEdit();
+        in >> list.editText;
+      } else if (word == "keep" || word == "drop") {
+        list.EndEdit(word == "keep");
       } else {
         ASSERT_TRUE(in >> n) << word;
-        if (word == "choose") choose(n);
+        if (word == "choose") static_cast<void>(list.setListIndex(n));
         if (word == "press") list.mouseDown(n * kRow + 1, reach);
         if (word == "move") list.mouseMove(n * kRow + 1, milliseconds(0));
         if (word == "select") static_cast<void>(list.setItemSelected(n, true));
@@ -89,8 +83,6 @@ class List : public testing::Test {
   }
 
   CoolList list;
-  std::string drawn;
-  int changes = 0, clicks = 0;
 };
 
 TEST_F(List, FollowsWhatIsDoneToIt) {
@@ -100,8 +92,7 @@ TEST_F(List, FollowsWhatIsDoneToIt) {
     const char* after;  // the index, the first row in view, and what is selected
     const char* why = "";
   } rows[] = {
-      {8, 0, "choose 7", "7 3: 7", "brought into view"},
-      {8, 0, "choose 7 choose 2", "2 2: 2", "upwards, too"},
+      {8, 0, "choose 7 choose 2", "2 2: 2", "brought into view, upwards"},
       {8, 0, "choose 3 choose -1", "-1 0: "},
       {20, 0, "height 0 choose 1 height 50", "1 0: 1", "chosen ahead of the first size"},
       {20, 0, "choose 4 height 30", "4 2: 4", "stays in view"},
@@ -179,7 +170,7 @@ TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
   for (const auto& [pixels, step] : {std::pair{1, 480}, {10, 300}, {22, 60}, {23, 40}, {30, 40}, {900, 40}}) {
     list.Clear();
     make(40, 1);
-    choose(20);
+    act("choose 20");
     list.mouseDown((20 - list.TopIndex()) * kRow);
     list.mouseMove(-pixels, milliseconds(1000));
     const auto times = [&](int from, int to) {
@@ -201,8 +192,7 @@ TEST_F(List, ADragBeyondTheEdgeStepsFasterTheFartherItIs) {
 }
 
 TEST_F(List, FindFirst) {
-  make(0);
-  fill({"Lake", "sailing lake", "LAKEside", "sail", "\xC3\x84RGER"});
+  for (const auto* text : {"Lake", "sailing lake", "LAKEside", "sail", "\xC3\x84RGER"}) list.AddItem(text);
   using Row = std::tuple<const char*, int, bool, int>;
   for (const auto& [text, start, fromStart, found] :
        {Row{"lake", 0, true, 0}, Row{"lake", 1, true, 2}, Row{"LAKE", 0, false, 1}, Row{"ake", 0, false, 0},
@@ -224,19 +214,10 @@ TEST_F(List, TellsWhatTheUserHasChosenAndWritten) {
   EXPECT_EQ(chosen, 4) << "what the window does is not told";
   act("end end");
   EXPECT_EQ(chosen, 5) << "nor a key that leads nowhere";
-  act("choose 5 select 2");
-  list.StartEdit();
-  list.EndEdit(true);
-  EXPECT_EQ(edited, "") << "the same text";
-  list.StartEdit();
-  list.editText = "sea";
-  list.EndEdit(false);
-  list.StartEdit();
-  list.editText = "lake";
-  list.EndEdit(true);
-  EXPECT_EQ(edited, "5lake");
+  act("choose 5 edit lake keep edit lake keep edit sea drop");
+  EXPECT_EQ(edited, "5lake") << "once: the same text is no change";
   list.setItems({{"x", 1, 2, true}, {"y", 1, 2, false}});
-  EXPECT_EQ(texts() + selected(), "x y0");
+  EXPECT_EQ(texts() + selected(), "x|y|0");
   EXPECT_EQ(list.ListIndex(), -1);
   act("shift+press 1");
   EXPECT_EQ(selected(), "1") << "no range begins at an item that is gone";
@@ -246,23 +227,16 @@ TEST_F(List, AnEditIsKeptOrNot) {
   make(8);
   list.StartEdit();
   EXPECT_FALSE(list.editing()) << "without an index";
-  choose(7);
-  list.setTopIndex(0);
+  act("choose 7 top 0");
   list.StartEdit();
   EXPECT_TRUE(list.isInView(7));
   EXPECT_EQ(list.editText, "item 7");
-  list.editText = "seven";
-  list.EndEdit(true);
+  act("edit seven keep");
   EXPECT_EQ(list.item(7).ItemText, "seven");
-  for (const auto& leave : std::initializer_list<std::function<void()>>{
-           [&] { list.EndEdit(false); }, [&] { static_cast<void>(list.setListIndex(7)); },
-           [&] { static_cast<void>(list.RemoveItem(0)); }, [&] { list.setTopIndex(0); },
-           [&] { list.Clear(); }}) {
-    list.StartEdit();
-    list.editText = "other";
-    leave();
-    EXPECT_FALSE(list.editing());
-    for (int i = 0; i < list.ListCount(); ++i) EXPECT_NE(list.item(i).ItemText, "other");
+  for (const auto* leave : {"drop", "choose 7", "remove 0", "top 0", "clear"}) {
+    act(std::string("edit other ") + leave);
+    EXPECT_FALSE(list.editing()) << leave;
+    EXPECT_EQ(texts().find("other"), std::string::npos) << leave;
   }
 }
 

@@ -1,18 +1,10 @@
 #include "ui/cool_list_view.h"
 
-#include "ui/theme.h"
+#include "ui/widget_bench.h"
 
-#include <QAccessible>
 #include <QDropEvent>
-#include <QHelpEvent>
-#include <QMimeData>
 #include <QPlainTextEdit>
-#include <QScrollBar>
-#include <QTest>
-#include <QToolTip>
 #include <QVBoxLayout>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -41,8 +33,7 @@ class ListView : public testing::Test {
     p.Focus = false;
     view.setProperties(p);
     view.setFixedSize(120, 5 * kRowHeight);
-    window.setLayout(new QVBoxLayout);
-    window.layout()->addWidget(&view);
+    (new QVBoxLayout(&window))->addWidget(&view);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     view.setFocus();
@@ -55,38 +46,33 @@ class ListView : public testing::Test {
     how(p);
     view.setProperties(p);
   }
-  void press(int row) { QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(60, row * kRowHeight + 5)); }
-  void release(int row) { QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(60, row * kRowHeight + 5)); }
+  static QPoint spot(int row) { return {60, row * kRowHeight + 5}; }
 
   QWidget window;
   CoolListView view{&window};
 };
 
 TEST_F(ListView, DrawsASelectedRowInItsStyle) {
-  struct Row {
-    int style;
-    QPoint at;
+  const struct {
+    int style, x, y;  // from the upper left of the row
     Rgb rgb;
     const char* what;
-  };
-  const QPoint kMiddle(100, kRowHeight + 10), kTop(100, kRowHeight), kFoot(100, 2 * kRowHeight - 1),
-      kRight(119, kRowHeight + 10), kOffset(100, kRowHeight + 3), kOtherRow(100, 5);
-  const Row kRows[] = {
-      {0, kMiddle, 0xF000FF, "filled"},
-      {0, QPoint(1, kRowHeight + 10), token("teal"), "with a bar, since colour alone says no state"},
-      {0, kOtherRow, 0xF0F000, "as others"},
-      {1, kMiddle, 0xF00000, "combined by AND"},
-      {1, QPoint(36, kRowHeight + 10), 0x400000, "with its icon, too"},
-      {2, kTop, 0xFF0000, "downward from the first colour"},
-      {2, kFoot, 0x0000FF, "to the second"},
-      {3, QPoint(0, kRowHeight + 1), 0xFF0000, "to the right from the first"},
-      {3, kRight, 0x0000FF, "to the second"},
-      {4, kTop, 0xF0F000, "outside the box"},
-      {4, kOffset, 0x00FF00, "on its border"},
-      {4, kMiddle, 0xF000FF, "in the box"},
-      {5, kMiddle, 0xF0F000, "underlined"},
-      {6, kMiddle, 0xF000FF, "as 0, without a picture"},
-      {7, kMiddle, 0x102030, "as 6, with a picture"},
+  } kRows[] = {
+      {0, 100, 10, 0xF000FF, "filled"},
+      {0, 1, 10, token("teal"), "with a bar, since colour alone says no state"},
+      {0, 100, -15, 0xF0F000, "as others"},
+      {1, 100, 10, 0xF00000, "combined by AND"},
+      {1, 36, 10, 0x400000, "with its icon, too"},
+      {2, 100, 0, 0xFF0000, "downward from the first colour"},
+      {2, 100, kRowHeight - 1, 0x0000FF, "to the second"},
+      {3, 0, 1, 0xFF0000, "to the right from the first"},
+      {3, 119, 10, 0x0000FF, "to the second"},
+      {4, 100, 0, 0xF0F000, "outside the box"},
+      {4, 100, 3, 0x00FF00, "on its border"},
+      {4, 100, 10, 0xF000FF, "in the box"},
+      {5, 100, 10, 0xF0F000, "underlined"},
+      {6, 100, 10, 0xF000FF, "as 0, without a picture"},
+      {7, 100, 10, 0x102030, "as 6, with a picture"},
   };
   QPixmap icon(8, 8);
   icon.fill(toColour(0x402010));
@@ -100,8 +86,7 @@ TEST_F(ListView, DrawsASelectedRowInItsStyle) {
   for (const auto& row : kRows) {
     change([&](auto& p) { p.SelectModeStyle = std::min(row.style, 6); });
     if (row.style == 7) view.setSelectionPicture(picture);
-    const auto image = view.grab().toImage();
-    const auto seen = image.pixelColor(row.at);
+    const auto seen = view.grab().toImage().pixelColor(row.x, kRowHeight + row.y);
     const auto wanted = toColour(row.rgb);
     const int apart = std::abs(seen.red() - wanted.red()) + std::abs(seen.green() - wanted.green()) +
                       std::abs(seen.blue() - wanted.blue());
@@ -114,11 +99,8 @@ TEST_F(ListView, OfTenThousandItemsDrawsThoseThatAreSeen) {
   view.setLook({{}, 0, Qt::ElideRight, [&](int) { return ++drawn, QString(); }, true});
   fill(10000);
   auto* bar = view.findChild<QScrollBar*>("Bar");
-  ASSERT_NE(bar, nullptr);
   EXPECT_TRUE(bar->isVisible());
-  EXPECT_EQ(bar->maximum(), 9995);
-  EXPECT_EQ(bar->pageStep(), 5);
-  EXPECT_EQ(bar->width(), 13);
+  EXPECT_EQ(std::tuple(bar->maximum(), bar->pageStep(), bar->width()), std::tuple(9995, 5, 13));
   const auto afterDrawing = [&] {
     QCoreApplication::processEvents();
     return std::exchange(drawn, 0);
@@ -138,21 +120,19 @@ TEST_F(ListView, OfTenThousandItemsDrawsThoseThatAreSeen) {
 }
 
 TEST_F(ListView, TellsWhatTheUserDoesInOrder) {
-  std::string told;
-  const auto say = [&](const char* word) { return [&told, word](const auto&...) { told += word; }; };
-  view.events = {say("Click "), say("DblClick "),  say("Index "),     say("KeyDown "), say("KeyPress "),
-                 say("KeyUp "), say("MouseDown "), say("MouseMove "), say("MouseUp ")};
+  test::Told told;
+  view.events = {told.act("Click"),     told.act("DblClick"),  told.act("Index"),
+                 told.act("KeyDown"),   told.act("KeyPress"),  told.act("KeyUp"),
+                 told.act("MouseDown"), told.act("MouseMove"), told.act("MouseUp")};
   fill(9);
-  const auto look = [&] { return std::exchange(told, ""); };
-  press(1);
-  release(1);
-  EXPECT_EQ(look(), "MouseDown Index MouseUp Click ");
-  QTest::mouseDClick(&view, Qt::LeftButton, {}, QPoint(60, kRowHeight + 5));
-  EXPECT_NE(look().find("DblClick"), std::string::npos);
+  QTest::mouseClick(&view, Qt::LeftButton, {}, spot(1));
+  EXPECT_EQ(told.look(), "MouseDown Index MouseUp Click ");
+  QTest::mouseDClick(&view, Qt::LeftButton, {}, spot(1));
+  EXPECT_NE(told.look().find("DblClick"), std::string::npos);
   QTest::mouseClick(&view, Qt::RightButton, {}, QPoint(60, 3 * kRowHeight));
-  EXPECT_EQ(look(), "MouseDown MouseUp ") << "a right press only tells";
+  EXPECT_EQ(told.look(), "MouseDown MouseUp ") << "a right press only tells";
   for (const auto key : {Qt::Key_Down, Qt::Key_Left}) QTest::keyClick(&view, key);
-  EXPECT_EQ(look(), "KeyDown Index KeyUp KeyDown KeyUp ");
+  EXPECT_EQ(told.look(), "KeyDown Index KeyUp KeyDown KeyUp ");
 }
 
 TEST_F(ListView, IsReachedByKeysAlone) {
@@ -162,7 +142,7 @@ TEST_F(ListView, IsReachedByKeysAlone) {
   EXPECT_EQ(list.ListIndex(), 8);
   change([](auto& p) { p.SelectMode = 2; });
   QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
-  EXPECT_EQ(std::pair(list.SelectedCount(), list.ListIndex()), std::pair(9, 8)) << "which stays";
+  EXPECT_TRUE(list.SelectedCount() == 9 && list.ListIndex() == 8) << "which stays";
   ASSERT_TRUE(list.setListIndex(-1).ok());
   QTest::keyClick(&view, Qt::Key_Home);
   EXPECT_TRUE(list.SelectedCount() == 1 && list.item(0).ItemSelected) << "what the first key leads to";
@@ -197,25 +177,17 @@ TEST_F(ListView, EditsInPlace) {
   const struct {
     const char* what;
     bool wraps;
-    std::function<void(QWidget*)> end;
+    QKeySequence keys;  // none: the box is left
     const char* after;
   } kRows[] = {
-      {"Enter keeps", false, [](QWidget* box) { QTest::keyClick(box, Qt::Key_Return); }, "new"},
-      {"so does a line feed", false,
-       [](QWidget* box) { QTest::keyClick(box, Qt::Key_Return, Qt::ControlModifier); }, "new"},
-      {"which wrapped text may have", true,
-       [](QWidget* box) {
-         QTest::keyClick(box, Qt::Key_Return, Qt::ControlModifier);
-         QTest::keyClicks(box, "line");
-         QTest::keyClick(box, Qt::Key_Return);
-       },
-       "new\nline"},
-      {"Esc does not", false, [](QWidget* box) { QTest::keyClick(box, Qt::Key_Escape); }, "old"},
-      {"leaving does not", false, [](QWidget* box) { box->clearFocus(); }, "old"},
+      {"Enter keeps", false, QKeySequence("Return"), "new"},
+      {"so does a line feed", false, QKeySequence("Ctrl+Return"), "new"},
+      {"which wrapped text may have", true, QKeySequence("Ctrl+Return, L, Return"), "new\nl"},
+      {"Esc does not", false, QKeySequence("Esc"), "old"},
+      {"leaving does not", false, {}, "old"},
   };
   fill(1);
   auto* box = view.findChild<QPlainTextEdit*>("txtEdit");
-  ASSERT_NE(box, nullptr);
   for (const auto& row : kRows) {
     change([&](auto& p) { p.WordWrap = row.wraps; });
     ASSERT_TRUE(view.list().ModifyItem(0, "old").ok());
@@ -226,7 +198,7 @@ TEST_F(ListView, EditsInPlace) {
       EXPECT_NEAR(box->geometry().center().y(), kRowHeight / 2, 1) << "in line with the row";
     }
     QTest::keyClicks(box, "new");  // in the place of the whole text, which is selected
-    row.end(box);
+    row.keys.isEmpty() ? box->clearFocus() : QTest::keySequence(box, row.keys);
     EXPECT_FALSE(box->isVisible()) << row.what;
     EXPECT_EQ(view.list().item(0).ItemText, row.after) << row.what;
   }
@@ -245,25 +217,23 @@ TEST_F(ListView, TakesDropsBetweenItsRows) {
     QDragEnterEvent event(QPoint(50, y), Qt::CopyAction, &data, Qt::LeftButton, {});
     event.ignore();
     QCoreApplication::sendEvent(&view, &event);
-    return event.isAccepted();
+    const bool accepted = event.isAccepted();
+    QDragMoveEvent move(QPoint(50, y), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&view, &move);
+    return accepted;
   };
-  const auto move = [&](int y) {
-    QDragMoveEvent event(QPoint(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&view, &event);
-  };
+  const auto before = view.grab().toImage();
   for (int y : {2, kRowHeight - 2, 2 * kRowHeight + 12, 4 * kRowHeight}) {
     EXPECT_TRUE(enter(y, carried));
-    const auto before = view.grab().toImage();
-    move(y);
     EXPECT_NE(view.grab().toImage(), before) << "the place is shown";
     QDropEvent drop(QPointF(50, y), Qt::CopyAction, &carried, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&view, &drop);
+    EXPECT_EQ(view.grab().toImage(), before) << "until it is used";
   }
   EXPECT_EQ(got, "clip0 clip1 clip3 clip3 ");
   EXPECT_FALSE(enter(2, other));
   fill(50);
   enter(5 * kRowHeight - 2, carried);
-  move(5 * kRowHeight - 2);
   EXPECT_TRUE(QTest::qWaitFor([&] { return view.list().TopIndex() > 2; })) << "while the pointer rests";
   QDragLeaveEvent leave;
   QCoreApplication::sendEvent(&view, &leave);
@@ -276,9 +246,9 @@ TEST_F(ListView, ADragOutCarriesInsteadOfSelecting) {
   fill(4);
   int carried = -1;
   view.dragOut = [&](int index) { return carried = index, nullptr; };
-  press(1);
-  QTest::mouseMove(&view, QPoint(60, 3 * kRowHeight + 5));
-  release(3);
+  QTest::mousePress(&view, Qt::LeftButton, {}, spot(1));
+  QTest::mouseMove(&view, spot(3));
+  QTest::mouseRelease(&view, Qt::LeftButton, {}, spot(3));
   EXPECT_EQ(carried, 1);
   EXPECT_EQ(view.list().ListIndex(), 1);
 }
@@ -286,31 +256,21 @@ TEST_F(ListView, ADragOutCarriesInsteadOfSelecting) {
 TEST_F(ListView, ShowsTheWholeOfATextThatIsCut) {
   view.list().AddItem("short");
   view.list().AddItem("a name that is a good deal longer than the row that it stands in");
-  const auto tip = [&](int row) {
-    QToolTip::hideText();
-    const QPoint at(50, row * kRowHeight + 5);
-    QHelpEvent help(QEvent::ToolTip, at, view.mapToGlobal(at));
-    QCoreApplication::sendEvent(&view, &help);
-    return QToolTip::text().toStdString();
-  };
-  EXPECT_EQ(tip(0), "");
-  EXPECT_EQ(tip(1), view.list().item(1).ItemText);
+  EXPECT_EQ(test::tipAt(view, spot(0)), "");
+  EXPECT_EQ(test::tipAt(view, spot(1)), view.list().item(1).ItemText);
   view.setToolTip("of the list");
-  EXPECT_EQ(tip(0), "of the list");
+  EXPECT_EQ(test::tipAt(view, spot(0)), "of the list");
 }
 
 TEST_F(ListView, IsAListOfNamedItemsToAScreenReader) {
   fill(9);
   ASSERT_TRUE(view.list().setListIndex(2).ok());
   auto* access = QAccessible::queryAccessibleInterface(&view);
-  ASSERT_NE(access, nullptr);
   EXPECT_EQ(access->role(), QAccessible::List);
   EXPECT_EQ(access->childCount(), 9);
   auto* item = access->child(2);
-  ASSERT_NE(item, nullptr);
   EXPECT_EQ(item->text(QAccessible::Name), "item 2");
-  EXPECT_TRUE(item->state().selected);
-  EXPECT_TRUE(item->state().focused);
+  EXPECT_TRUE(item->state().selected && item->state().focused);
   EXPECT_EQ(item->rect().topLeft(), view.mapToGlobal(QPoint(0, 2 * kRowHeight)));
   EXPECT_EQ(access->indexOfChild(item), 2);
   EXPECT_TRUE(access->child(8)->state().offscreen);

@@ -5,8 +5,6 @@
 #include <QImage>
 #include <QWidget>
 #include <cmath>
-#include <cstring>
-#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -14,16 +12,6 @@ namespace kvo {
 namespace {
 
 using Pixels = std::vector<std::string>;  // rows; '#' belongs to the shape
-
-Pixels drawn(int width, int height, const std::function<bool(double, double)>& isShape) {
-  Pixels rows(static_cast<std::size_t>(height), std::string(static_cast<std::size_t>(width), '.'));
-  for (std::size_t y = 0; y < rows.size(); ++y) {
-    for (std::size_t x = 0; x < rows[y].size(); ++x) {
-      if (isShape(static_cast<double>(x) + 0.5, static_cast<double>(y) + 0.5)) rows[y][x] = '#';
-    }
-  }
-  return rows;
-}
 
 cDIBSection surfaceOf(const Pixels& pixels) {
   QImage mask(static_cast<int>(pixels[0].size()), static_cast<int>(pixels.size()), QImage::Format_RGB32);
@@ -38,9 +26,9 @@ cDIBSection surfaceOf(const Pixels& pixels) {
   return surface;
 }
 
-// The rectangles of a region file as pixels; one that is covered twice becomes '2'.
-Pixels covered(const Region& region, int width, int height) {
-  auto pixels = drawn(width, height, [](double, double) { return false; });
+// The rectangles of a region as pixels of a mask's size; one that is covered twice becomes '2'.
+Pixels covered(const Region& region, Pixels pixels) {
+  for (auto& row : pixels) row.assign(row.size(), '.');
   for (const auto& r : region.rectangles) {
     for (auto y = r.top; y < r.bottom; ++y) {
       for (auto x = r.left; x < r.right; ++x) {
@@ -53,10 +41,12 @@ Pixels covered(const Region& region, int width, int height) {
 }
 
 TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
-  const auto ring = [](double x, double y) {
-    const double radius = std::hypot(x - 40, y - 40);
-    return radius < 38 && radius > 20;
-  };
+  Pixels ring(80, std::string(80, '.'));
+  for (int i = 0; i < 80 * 80; ++i) {
+    const double radius = std::hypot(i % 80 - 39.5, i / 80 - 39.5);
+    if (radius < 38 && radius > 20)
+      ring[static_cast<std::size_t>(i / 80)][static_cast<std::size_t>(i % 80)] = '#';
+  }
   const struct {
     Pixels mask;
     int rectangles;  // -1: not counted
@@ -69,14 +59,12 @@ TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
               {{"####", "#..#", "#..#", "####"}, 4, {0, 0, 4, 4}},
               {{"##", "..", "##"}, 2, {0, 0, 2, 3}},
               {{"#..", "##.", ".##"}, 3, {0, 0, 3, 3}},
-              {drawn(80, 80, ring), -1, {2, 2, 78, 78}}};
+              {ring, -1, {2, 2, 78, 78}}};
   for (const auto& row : rows) {
     const auto region = regionWithout(surfaceOf(row.mask), 0);
-    EXPECT_EQ(covered(region, static_cast<int>(row.mask[0].size()), static_cast<int>(row.mask.size())),
-              row.mask);
-    if (row.rectangles >= 0) {
-      EXPECT_EQ(region.rectangles.size(), static_cast<std::size_t>(row.rectangles)) << row.mask[0];
-    }
+    EXPECT_EQ(covered(region, row.mask), row.mask);
+    const auto count = static_cast<int>(region.rectangles.size());
+    EXPECT_EQ(count, row.rectangles < 0 ? count : row.rectangles) << row.mask[0];
     EXPECT_EQ(boundsOf(region), row.bounds) << row.mask[0];
     EXPECT_EQ(regionOfData(regionData(region)), region) << row.mask[0];
   }
@@ -85,8 +73,7 @@ TEST(Region, CoversWhatTheMaskDoesNotKeyOutInTheFewestRectangles) {
 TEST(Region, DataAreThePublishedFormToTheByte) {
   const auto data = regionData(regionWithout(surfaceOf({"##", "#.", "#."}), 0));
   const std::uint32_t expected[] = {32, 1, 2, 32, 0, 0, 2, 3, 0, 0, 2, 1, 0, 1, 1, 3};
-  ASSERT_EQ(data.size(), sizeof expected);
-  EXPECT_EQ(std::memcmp(data.data(), expected, sizeof expected), 0);
+  EXPECT_EQ(data, std::string(reinterpret_cast<const char*>(expected), sizeof expected));
 }
 
 TEST(Region, KeyIsOneColourWithRedInTheLowByte) {

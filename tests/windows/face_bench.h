@@ -5,20 +5,17 @@
 #include "adapters/posix/posix_files.h"
 #include "app/play_links.h"
 #include "ports/video_output.h"
-#include "program/media_commands.h"
 #include "program/menus.h"
 #include "support/fake_engines.h"
 #include "support/named_sketches.h"
 #include "support/program_bench.h"
+#include "ui/cool_list_view.h"
+#include "ui/widget_bench.h"
 #include "windows/main/frm_file_open.h"
 
-#include <QApplication>
-#include <QTest>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace kvo::test {
 
@@ -46,9 +43,7 @@ struct NoNetwork : Network {
 };
 
 struct NoHttp : Http {
-  void get(const std::string& address, std::size_t /*most*/, Heard heard) override {
-    heard(Error{"cannot reach " + address});
-  }
+  void get(const std::string& address, std::size_t /*most*/, Heard heard) override { heard(Error{address}); }
 };
 
 struct FaceBench : ProgramBench {
@@ -66,15 +61,12 @@ struct FaceBench : ProgramBench {
     startUp.run({}, "/");
     for (int i = 1; i <= collection.MovieList.count(); ++i) {
       auto& clip = collection.MovieList[i];
-      const auto path = clip.Path() + clip.MovieName();
-      streams.all[path] = {.hasVideo = true, .width = 640, .height = 480};
-      if (clip.MovieName().ends_with(".jpg")) {
-        clip.IsStill(true);
-      } else {
-        clip.DurationTime(Value(10));
-        clip.DurationFrames(Value(250));
-        clip.LoopEnd(Value(10));
-      }
+      streams.all[clip.Path() + clip.MovieName()] = {.hasVideo = true, .width = 640, .height = 480};
+      clip.IsStill(clip.MovieName().ends_with(".jpg"));
+      if (clip.IsStill()) continue;
+      clip.DurationTime(Value(10));
+      clip.DurationFrames(Value(250));
+      clip.LoopEnd(Value(10));
     }
     list.fill();
     list.show();
@@ -87,26 +79,12 @@ struct FaceBench : ProgramBench {
   }
 
   void open() {
-    frm = std::make_unique<FrmFileOpen>(
-        window,
-        FrmFileOpen::Logic{menu,
-                           play.positions(),
-                           listCommands,
-                           history,
-                           media,
-                           mailbox,
-                           shutDown,
-                           links.display(),
-                           picture,
-                           rows,
-                           hover,
-                           resume,
-                           {},
-                           play.transport(),
-                           [] {},
-                           [] {},
-                           [this] { ++queuesWanted; }},
-        FrmFileOpen::Material{skin, images, store, desktop, KVO_SHARE "/kvo5/", &video});
+    FrmFileOpen::Logic logic{menu,    play.positions(), listCommands,    history,         media,
+                             mailbox, shutDown,         links.display(), picture,         rows,
+                             hover,   resume,           nullptr,         play.transport()};
+    logic.showQueue = [this] { ++queuesWanted; };
+    const FrmFileOpen::Material material{skin, images, store, desktop, KVO_SHARE "/kvo5/", &video};
+    frm = std::make_unique<FrmFileOpen>(window, logic, material);
     draw();
     QApplication::setActiveWindow(&face());
     EXPECT_TRUE(QTest::qWaitForWindowActive(&face()));
@@ -130,19 +108,26 @@ struct FaceBench : ProgramBench {
     return *shown;
   }
 
-  /// What a screen reader calls so, of what is seen.
-  [[nodiscard]] static QWidget* find(const QString& name) {
+  /// What a screen reader calls so, of what is seen once all is drawn.
+  [[nodiscard]] QWidget* find(const QString& name) {
+    draw();
     for (auto* widget : face().findChildren<QWidget*>()) {
       if (widget->isVisible() && widget->accessibleName() == name) return widget;
     }
     return nullptr;
   }
-  [[nodiscard]] static QWidget& at(const QString& name) {
+  [[nodiscard]] QWidget& at(const QString& name) {
     auto* widget = find(name);
     if (widget == nullptr) throw std::runtime_error("there is no " + name.toStdString());
     return *widget;
   }
-  static void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
+  /// Of these names, those that are seen.
+  std::string seen(QStringList names) {
+    names.removeIf([this](const QString& name) { return find(name) == nullptr; });
+    return names.join(", ").toStdString();
+  }
+  CoolListView& clips() { return dynamic_cast<CoolListView&>(at("Clips")); }
+  void click(const QString& name, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(&at(name), button);
   }
   void key(Qt::Key which, Qt::KeyboardModifiers held = {}) {
@@ -169,7 +154,6 @@ struct FaceBench : ProgramBench {
   FaceLinks links{
       {window, settings, collection, streams, counts, control, graphs, probe, desktop, boxes, timers}};
   Skins faceSkins{{dialogs, boxes, loop, pictures, log, folder}, links, settings, window};
-  MediaCommands media{{dialogs, desktop, questions, boxes}, settings, window, mailbox};
   NoWebPages pages;
   NoNetwork network;
   NoHttp http;
@@ -196,5 +180,7 @@ struct FaceBench : ProgramBench {
   ImageList1 images{{disk, jpeg}, KVO_SHARE "/kvo5/ImageList1/"};
   std::unique_ptr<FrmFileOpen> frm;
 };
+
+struct Face : testing::Test, FaceBench {};
 
 }  // namespace kvo::test

@@ -1,40 +1,35 @@
 // The program's boxes, driven as a user drives them.
+#include "ui/widget_bench.h"
 #include "windows/message/frm_message_boxes.h"
 #include "windows/message/message_window.h"
-#include "windows/named_parts.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <functional>
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
-// Does `act` with the box that is open next.
-void whenShown(const std::function<void(MessageWindow&)>& act) {
-  QTimer::singleShot(0, [act] {
-    auto* window = dynamic_cast<MessageWindow*>(QApplication::activeModalWidget());
-    ASSERT_NE(window, nullptr);
-    act(*window);
-  });
-}
+struct MessageBoxes : testing::Test {
+  FrmMessageBoxes boxes;
 
-TEST(FrmMessageBoxes, AreAnsweredByKeyboardAndPointer) {
+  /// Does `act` with the box that is open next.
+  static void whenShown(const std::function<void(MessageWindow&)>& act) {
+    QTimer::singleShot(0, [act] {
+      auto* window = dynamic_cast<MessageWindow*>(QApplication::activeModalWidget());
+      ASSERT_NE(window, nullptr);
+      act(*window);
+    });
+  }
+};
+
+TEST_F(MessageBoxes, AreAnsweredByKeyboardAndPointer) {
   using Keys = std::vector<Qt::Key>;
   const struct {
     BoxButtons buttons;
     Keys keys;
     Answer answer;
+    bool isRisky = false;
   } rows[] = {
       {BoxButtons::Ok, {Qt::Key_Return}, Answer::Ok},
       {BoxButtons::Ok, {Qt::Key_Escape}, Answer::Ok},
@@ -47,26 +42,22 @@ TEST(FrmMessageBoxes, AreAnsweredByKeyboardAndPointer) {
       {BoxButtons::YesNoCancel, {Qt::Key_Right, Qt::Key_Right, Qt::Key_Space}, Answer::Cancel},
       {BoxButtons::YesNoCancel, {Qt::Key_Escape}, Answer::Cancel},
       {BoxButtons::YesNoCancel, {}, Answer::Cancel},  // by the cross
+      {BoxButtons::YesNo, {Qt::Key_Return}, Answer::No, true},
+      {BoxButtons::YesNo, {Qt::Key_Y}, Answer::Yes, true},
   };
-  FrmMessageBoxes boxes;
   for (const auto& row : rows) {
     whenShown([&](MessageWindow& window) {
       for (const auto key : row.keys) QTest::keyClick(window.focusWidget(), key);
       if (row.keys.empty()) window.findChild<QToolButton*>()->click();
     });
-    EXPECT_EQ(boxes.show({"Caption", "Text", row.buttons}), row.answer)
+    Box box{"Caption", "Text", row.buttons};
+    box.isRisky = row.isRisky;
+    EXPECT_EQ(boxes.show(box), row.answer)
         << static_cast<int>(row.buttons) << testing::PrintToString(row.keys);
-  }
-  for (const auto& [key, answer] : {std::pair{Qt::Key_Return, Answer::No}, {Qt::Key_Y, Answer::Yes}}) {
-    whenShown([key = key](MessageWindow& window) { QTest::keyClick(window.focusWidget(), key); });
-    EXPECT_EQ(
-        boxes.show({.caption = "Caption", .text = "Text", .buttons = BoxButtons::YesNo, .isRisky = true}),
-        answer);
   }
 }
 
-TEST(FrmMessageBoxes, ShowTheirTextsAndAreReadAloud) {
-  FrmMessageBoxes boxes;
+TEST_F(MessageBoxes, ShowTheirTextsAndAreReadAloud) {
   whenShown([&](MessageWindow& window) {
     EXPECT_EQ(window.windowTitle(), "KVO - Caption");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Description),
@@ -83,10 +74,9 @@ TEST(FrmMessageBoxes, ShowTheirTextsAndAreReadAloud) {
               .renamed = {{"Yes", "Replace"}}});
 }
 
-TEST(FrmMessageBoxes, FitTheScreenWhateverIsTold) {
+TEST_F(MessageBoxes, FitTheScreenWhateverIsTold) {
   std::string text = std::string(300, 'x') + "\r\n";
   for (int i = 0; i < 200; ++i) text += "/srv/" + std::string(90, 'a') + "/clip.avi is missing\r\n";
-  FrmMessageBoxes boxes;
   whenShown([&](MessageWindow& window) {
     EXPECT_LE(window.height(), 700);
     for (const auto* label : window.findChildren<QLabel*>())
@@ -96,23 +86,19 @@ TEST(FrmMessageBoxes, FitTheScreenWhateverIsTold) {
   boxes.show({"Caption", text});
 }
 
-TEST(FrmMessageBoxes, AreMovedByTheirFace) {
-  FrmMessageBoxes boxes;
+TEST_F(MessageBoxes, AreMovedByTheirFace) {
   whenShown([&](MessageWindow& window) {
     const auto before = window.pos();
     auto* label = test::named<QLabel>(window, "Text");
     QTest::mousePress(label, Qt::LeftButton, {}, {5, 5});
-    QMouseEvent move(QEvent::MouseMove, {5, 5}, label->mapToGlobal(QPointF(45, 25)), Qt::NoButton,
-                     Qt::LeftButton, {});
-    QApplication::sendEvent(label, &move);
+    test::movePointer(*label, {45, 25}, Qt::LeftButton);
     EXPECT_EQ(window.pos() - before, QPoint(40, 20));
     window.close();
   });
   boxes.show({"Caption", "Text"});
 }
 
-TEST(FrmMessageBoxes, OfferNotToBeShownAgain) {
-  FrmMessageBoxes boxes;
+TEST_F(MessageBoxes, OfferNotToBeShownAgain) {
   for (const bool offers : {true, false}) {
     whenShown([&](MessageWindow& window) {
       auto* box = window.findChild<QCheckBox*>();
@@ -126,7 +112,7 @@ TEST(FrmMessageBoxes, OfferNotToBeShownAgain) {
   }
 }
 
-TEST(FrmMessageBoxes, TakeALineThatIsTyped) {
+TEST_F(MessageBoxes, TakeALineThatIsTyped) {
   const struct {
     const char* typed;
     Qt::Key key;
@@ -137,7 +123,6 @@ TEST(FrmMessageBoxes, TakeALineThatIsTyped) {
               {"  ", Qt::Key_Return, std::nullopt},
               {"", Qt::Key_Return, "lake at dusk", "lake at dusk"},
               {"b", Qt::Key_Return, "b", "chosen as a whole"}};
-  FrmMessageBoxes boxes;
   for (const auto& row : rows) {
     whenShown([&](MessageWindow& window) {
       auto* field = window.findChild<QLineEdit*>();
@@ -154,8 +139,7 @@ TEST(FrmMessageBoxes, TakeALineThatIsTyped) {
   }
 }
 
-TEST(FrmMessageBoxes, AnswerThemselvesInTime) {
-  FrmMessageBoxes boxes;
+TEST_F(MessageBoxes, AnswerThemselvesInTime) {
   QString told;
   whenShown([&](MessageWindow& window) {
     for (const auto* label : window.findChildren<QLabel*>()) told += label->text() + "|";

@@ -8,10 +8,7 @@
 namespace kvo {
 namespace {
 
-using test::FaceBench;
-
-struct PlaceBench : FaceBench {
-  using FaceBench::FaceBench;
+struct PositionKeys : test::Face {
   PositionWindows windows{
       window.positions, window.mode, play.positions(), {store, desktop}, [this] { drawAll(); }};
   void drawAll() {
@@ -19,7 +16,8 @@ struct PlaceBench : FaceBench {
     windows.draw(frm->shownFace());
   }
   /// Of the small windows, the one with this title that is seen; null for none.
-  static QWidget* small(const QString& title) {
+  QWidget* small(const QString& title) {
+    drawAll();
     for (auto* widget : QApplication::topLevelWidgets()) {
       const bool named = widget->windowTitle() == title || widget->accessibleName().startsWith(title);
       if (widget->isVisible() && named) return widget;
@@ -29,93 +27,75 @@ struct PlaceBench : FaceBench {
   [[nodiscard]] Long frame() { return seenFrame(links.player()).frame; }
 };
 
-TEST(PositionWindows, ArrowsMoveTheHandleThatHasTheKeyboardAndElseStep) {
-  PlaceBench b;
-  auto& clip = b.collection.MovieList[1];
-  b.play.positions().core.seekFrame(100);
-  b.face().setFocus();
-  b.key(Qt::Key_Right);
-  EXPECT_EQ(b.frame(), 101);
-  b.at("Clips").setFocus();
-  b.key(Qt::Key_Left);
-  EXPECT_EQ(b.frame(), 100) << "and from the list";
-  b.at("Position").setFocus();
-  b.key(Qt::Key_Right);
-  EXPECT_NEAR(b.frame(), 103, 1) << "a hundredth of the line";
-  b.at("Mark-In").setFocus();
-  b.key(Qt::Key_Right);
-  EXPECT_NEAR(clip.LoopStart().number(), 0.1, 0.04);
-  EXPECT_EQ(b.window.list.ListIndex, 0);
+TEST_F(PositionKeys, ArrowsMoveTheHandleThatHasTheKeyboardAndElseStep) {
+  play.positions().core.seekFrame(100);
+  face().setFocus();
+  key(Qt::Key_Right);
+  EXPECT_EQ(frame(), 101);
+  at("Clips").setFocus();
+  key(Qt::Key_Left);
+  EXPECT_EQ(frame(), 100) << "and from the list";
+  at("Position").setFocus();
+  key(Qt::Key_Right);
+  EXPECT_NEAR(frame(), 103, 1) << "a hundredth of the line";
 }
 
-TEST(PositionWindows, StepAndSpeedKeysReachThePlayer) {
-  PlaceBench b;
-  b.play.positions().core.seekFrame(100);
-  b.draw();
+TEST_F(PositionKeys, StepAndSpeedKeysReachThePlayer) {
+  play.positions().core.seekFrame(100);
   const QString forward = "One frame forward";
-  b.click(forward);
-  EXPECT_EQ(b.frame(), 101);
-  QTest::mousePress(&b.at(forward), Qt::LeftButton);
-  b.loop.advance(450);
-  QTest::mouseRelease(&b.at(forward), Qt::LeftButton);
-  EXPECT_EQ(b.frame(), 103) << "held";
+  click(forward);
+  EXPECT_EQ(frame(), 101);
+  QTest::mousePress(&at(forward), Qt::LeftButton);
+  loop.advance(450);
+  QTest::mouseRelease(&at(forward), Qt::LeftButton);
+  EXPECT_EQ(frame(), 103) << "held";
   const QString advance = "Right-Click to position to end or Click or Hold Down to advance 5 frames";
-  b.click(advance);
-  EXPECT_EQ(b.frame(), 108);
-  QContextMenuEvent right(QContextMenuEvent::Mouse, QPoint(5, 5), b.at(advance).mapToGlobal(QPoint(5, 5)));
-  QApplication::sendEvent(&b.at(advance), &right);
-  EXPECT_EQ(b.frame(), 250) << "the end of the section";
-  b.click("Twice the speed");
-  b.drawAll();
-  EXPECT_EQ(b.control.rate(), 2);
-  EXPECT_NE(b.small("Rate"), nullptr);
-  b.loop.advance(2300);
-  b.drawAll();
-  EXPECT_EQ(b.small("Rate"), nullptr);
+  click(advance);
+  EXPECT_EQ(frame(), 108);
+  test::openMenu(at(advance), {5, 5});
+  EXPECT_EQ(frame(), 250) << "the end of the section";
+  click("Twice the speed");
+  EXPECT_EQ(control.rate(), 2);
+  EXPECT_NE(small("Rate"), nullptr);
+  loop.advance(2300);
+  EXPECT_EQ(small("Rate"), nullptr);
 }
 
-TEST(PositionWindows, ThePositionerIsTypedInto) {
-  PlaceBench b;
-  b.click("Direct Positioner");
-  b.drawAll();
-  auto* window = b.small("Direct Positioner");
+TEST_F(PositionKeys, ThePositionerIsTypedInto) {
+  click("Direct Positioner");
+  auto* window = small("Direct Positioner");
   ASSERT_NE(window, nullptr);
   for (const auto key : {Qt::Key_4, Qt::Key_Period, Qt::Key_2, Qt::Key_Return})
     QTest::keyClick(window->focusWidget(), key);
-  EXPECT_EQ(b.frame(), 105);
+  EXPECT_EQ(frame(), 105);
   QTest::keyClick(window->focusWidget(), Qt::Key_Up);
   window->move(900, 40);
   QTest::keyClick(window, Qt::Key_Escape);
-  EXPECT_EQ(b.small("Direct Positioner"), nullptr);
-  b.face().move(20, 300);
-  b.click("Direct Positioner");
-  b.drawAll();
+  EXPECT_EQ(small("Direct Positioner"), nullptr);
+  face().move(20, 300);
+  click("Direct Positioner");
+  drawAll();
   EXPECT_EQ(window->pos(), QPoint(900, 40)) << "where it was put";
 }
 
-TEST(PositionWindows, AFileWithChaptersHasAKeyForItsIndex) {
-  PlaceBench b;
-  EXPECT_EQ(b.find("Index"), nullptr);
-  b.engineFiles["/v/b.avi"].markers = {{0, "One"}, {4, "Two"}};
-  b.list.PreviewMovie(2);
-  b.drawAll();
-  auto* index = b.small("Index");
+TEST_F(PositionKeys, AFileWithChaptersHasAKeyForItsIndex) {
+  EXPECT_EQ(find("Index"), nullptr);
+  engineFiles["/v/b.avi"].markers = {{0, "One"}, {4, "Two"}};
+  list.PreviewMovie(2);
+  auto* index = small("Index");
   ASSERT_NE(index, nullptr);
-  auto& list = *index->findChild<QListWidget*>();
-  ASSERT_EQ(list.count(), 2);
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(1)).center());
-  EXPECT_EQ(b.frame(), 100);
+  auto& rows = *index->findChild<QListWidget*>();
+  ASSERT_EQ(rows.count(), 2);
+  QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.item(1)).center());
+  EXPECT_EQ(frame(), 100);
   index->setGeometry(900, 60, 300, 400);
   index->close();
-  b.drawAll();
-  EXPECT_EQ(b.small("Index"), nullptr);
-  b.click("Index");
-  b.drawAll();
-  EXPECT_NE(b.small("Index"), nullptr);
+  EXPECT_EQ(small("Index"), nullptr);
+  click("Index");
+  EXPECT_NE(small("Index"), nullptr);
   EXPECT_EQ(index->geometry(), QRect(900, 60, 300, 400)) << "as it was put";
-  b.list.PreviewMovie(1);
-  b.drawAll();
-  EXPECT_EQ(b.small("Index"), nullptr);
+  list.PreviewMovie(1);
+  EXPECT_EQ(small("Index"), nullptr);
 }
 
 }  // namespace

@@ -2,27 +2,13 @@
 #include "windows/render/render_card.h"
 
 #include "render/output_profiles.h"
-#include "support/memory_store.h"
-#include "support/plain_desktop.h"
-#include "ui/made.h"
-#include "ui/theme.h"
+#include "ui/widget_bench.h"
 #include "windows/editor/editor_page.h"
 #include "windows/editor/page_list.h"
-#include "windows/named_parts.h"
 #include "windows/render/frm_queue.h"
 #include "windows/render/kind_row.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QMimeData>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSpinBox>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
@@ -32,14 +18,12 @@ using test::named;
 struct CardBench {
   RenderState state;
   QueueState queue;
-  std::string asked;
+  test::Told told;
   std::unique_ptr<RenderCard> card;
 
   CardBench() {
-    const auto note = [this](const char* what) { return [this, what] { asked += std::string(what) + " "; }; };
-    const auto number = [this](const char* what) {
-      return [this, what](auto value) { asked += what + std::to_string(static_cast<int>(value)) + " "; };
-    };
+    const auto act = [this](const char* name) { return told.act(name); };
+    const auto number = [this](const char* name) { return told.number(name); };
     state.kind = OutputKind::Wmv;
     state.Lst_WMVFormats = PopulateWMVProfileOpts(false);
     state.profileRow = 25;
@@ -48,18 +32,15 @@ struct CardBench {
     state.facts = {{"Length", "51.900 s"}, {"Free disk", "38.2 Gb"}};
     state.film = {{1, 0, 8}, {2, 8, 20}, {3, 20, 40}};
     state.filmLength = 40;
+    QImage still(160, 90, QImage::Format_RGB32);
+    still.fill(toColour(token("violet")));
     card = std::make_unique<RenderCard>(
         state, queue,
         RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
-                   number("device"), note("write"), note("queue"),
-                   QueueActs{number("job"), note("pause"), note("remove"), number("move"), note("folder")},
-                   note("pair"), note("abort"), note("view"), note("leave")},
-        [](int clip) {
-          QImage image(160, 90, QImage::Format_RGB32);
-          image.fill(QColor::fromHsv(clip * 80, 160, 200));
-          return image;
-        },
-        nullptr);
+                   number("device"), act("write"), act("queue"),
+                   QueueActs{number("job"), act("pause"), act("remove"), number("move"), act("folder")},
+                   act("pair"), act("abort"), act("view"), act("leave")},
+        [still](int /*clip*/) { return still; }, nullptr);
     card->resize(themed(968), themed(441));  // in a window of 1280 x 720
     card->show();
   }
@@ -78,129 +59,113 @@ struct CardBench {
   }
 };
 
-TEST(RenderCard, LeadsByItsKeys) {
-  struct Row {
-    RenderFrame frame;
-    bool isRunning;
-    const char* focus;  // the key that has the keyboard
-    Qt::Key key;
-    const char* asked;
-  };
-  CardBench b;
-  b.state.canView = true;
-  for (const auto& row : {Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Return, "write "},
-                          Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Escape, "leave "},
-                          Row{RenderFrame::PicInPic, false, "Render New Clip", Qt::Key_Space, "pair "},
-                          Row{RenderFrame::Estimate, true, "", Qt::Key_Escape, ""},
-                          Row{RenderFrame::Estimate, true, "", Qt::Key_Space, ""},
-                          Row{RenderFrame::Rendering, true, "", Qt::Key_Return, ""},
-                          Row{RenderFrame::Report, false, "View Movie", Qt::Key_Space, "view "},
-                          Row{RenderFrame::Report, false, "View Movie", Qt::Key_Escape, "leave "}}) {
-    b.go(RenderFrame::None);
-    b.state.isRunning = row.isRunning;
-    b.go(row.frame);
-    EXPECT_EQ(b.focus(), row.focus);
-    b.asked.clear();
-    QTest::keyClick(b.card->focusWidget(), row.key);
-    EXPECT_EQ(b.asked, row.asked) << row.focus;
+struct RenderCards : testing::Test, CardBench {};
+
+TEST_F(RenderCards, LeadsByItsKeys) {
+  using Row = std::tuple<RenderFrame, bool, const char*, Qt::Key, const char*>;  // with the key in focus
+  state.canView = true;
+  for (const auto& [frame, isRunning, inFocus, key, asked] :
+       {Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Return, "write "},
+        Row{RenderFrame::Options, false, "Write Movie", Qt::Key_Escape, "leave "},
+        Row{RenderFrame::PicInPic, false, "Render New Clip", Qt::Key_Space, "pair "},
+        Row{RenderFrame::Estimate, true, "", Qt::Key_Escape, ""},
+        Row{RenderFrame::Estimate, true, "", Qt::Key_Space, ""},
+        Row{RenderFrame::Rendering, true, "", Qt::Key_Return, ""},
+        Row{RenderFrame::Report, false, "View Movie", Qt::Key_Space, "view "},
+        Row{RenderFrame::Report, false, "View Movie", Qt::Key_Escape, "leave "}}) {
+    go(RenderFrame::None);
+    state.isRunning = isRunning;
+    go(frame);
+    EXPECT_EQ(focus(), inFocus);
+    QTest::keyClick(card->focusWidget(), key);
+    EXPECT_EQ(told.look(), asked) << inFocus;
   }
-  b.state.isRunning = true;
-  b.go(RenderFrame::Rendering);
-  QTest::keyClick(b.card->focusWidget(), Qt::Key_Tab);
-  EXPECT_EQ(b.focus(), "Abort");
-  QTest::keyClick(b.card->focusWidget(), Qt::Key_Return);
-  EXPECT_TRUE(b.asked.ends_with("abort ")) << b.asked;
+  state.isRunning = true;
+  go(RenderFrame::Rendering);
+  QTest::keyClick(card->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(focus(), "Abort");
+  QTest::keyClick(card->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(told.look(), "abort ");
 }
 
-TEST(RenderCard, OffersKindsAndProfiles) {
-  CardBench b;
-  b.go(RenderFrame::Options);
+TEST_F(RenderCards, OffersKindsAndProfiles) {
+  go(RenderFrame::Options);
   std::string rows;
-  const auto kinds = b.card->findChildren<KindRow*>();
+  const auto kinds = card->findChildren<KindRow*>();
   for (auto* row : kinds) rows += row->text().toStdString() + (row->isChecked() ? "*|" : "|");
   for (auto* row : kinds) QTest::mouseClick(row, Qt::LeftButton);
   EXPECT_TRUE(rows.starts_with(
       "MP4 movie|Full Frames Uncompressed AVI|Windows Media Format (WMV)*|Windows Media Audio "
       "(WMA)|44.1Khz Stereo WAV|WebM movie|"))
       << rows;
-  auto* list = named<PageList>(*b.card, "Profile");
-  EXPECT_EQ(list->list().ListIndex(), 25);
+  auto* list = named<PageList>(*card, "Profile");
   EXPECT_EQ(list->rowName(25).toStdString().substr(0, 36), "WMV8 for Broadband (NTSC, 1400 Kbps)");
   QTest::keyClick(list, Qt::Key_Down);
-  b.tick("Use the size of the profile, 320 x 240");
-  for (const auto* area : b.card->findChildren<QScrollArea*>()) {
-    EXPECT_TRUE(area->accessibleName() != "Create Movie" || !area->isVisible() ||
-                area->verticalScrollBar()->maximum() + area->horizontalScrollBar()->maximum() == 0);
-  }
-  b.state.kind = OutputKind::Mp4;
-  b.state.Lst_WMVFormats.clear();
-  b.state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}, {"email", "E-mail", "640 x 480"}};
-  b.state.madeForRow = 0;
-  b.go(RenderFrame::Options);
-  auto* size = b.card->findChild<QSpinBox*>();
-  EXPECT_TRUE(!list->isVisible() && b.says("Made for") && !size->isVisible());
-  const auto* device = named<QCheckBox>(*b.card, "Encode by the graphics card");
+  tick("Use the size of the profile, 320 x 240");
+  state.kind = OutputKind::Mp4;
+  state.Lst_WMVFormats.clear();
+  state.Lst_MadeFor = {{"", "As on the Create page", "640 x 480"}, {"email", "E-mail", "640 x 480"}};
+  state.madeForRow = 0;
+  go(RenderFrame::Options);
+  auto* size = card->findChild<QSpinBox*>();
+  EXPECT_TRUE(!list->isVisible() && says("Made for") && !size->isVisible());
+  const auto* device = named<QCheckBox>(*card, "Encode by the graphics card");
   EXPECT_FALSE(device->isVisible()) << "no device works";
-  b.state.offersHardware = true;
-  b.go(RenderFrame::Options);
+  state.offersHardware = true;
+  go(RenderFrame::Options);
   EXPECT_TRUE(device->isVisible() && !device->isChecked());
-  b.tick("Encode by the graphics card");
-  b.state.madeForRow = 1;
-  b.state.hasWishedSize = true;
-  b.go(RenderFrame::Options);
+  tick("Encode by the graphics card");
+  state.madeForRow = 1;
+  state.hasWishedSize = true;
+  go(RenderFrame::Options);
   EXPECT_EQ(size->value(), 20);
   size->stepUp();
-  EXPECT_TRUE(b.asked.starts_with("kind4 kind2 kind0 kind1 kind3 ") &&
-              b.asked.ends_with("profile26 own0 device1 mb21 "))
-      << b.asked;
-  b.state.kind = OutputKind::Wav;
-  b.state.Lst_MadeFor.clear();
-  b.go(RenderFrame::Options);
+  EXPECT_EQ(
+      told.look(),
+      "kind4 kind2 kind0 kind1 kind3 kind6 kind5 kind7 kind9 kind10 kind8 profile26 own0 device1 mb21 ");
+  state.kind = OutputKind::Wav;
+  state.Lst_MadeFor.clear();
+  go(RenderFrame::Options);
   EXPECT_FALSE(list->isVisible());
-  EXPECT_TRUE(b.says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";
+  EXPECT_TRUE(says(kindRow(OutputKind::Wav).hint)) << "in full, in the list's place";
   for (auto* row : kinds) {
     row->setChecked(true);  // as an arrow key does
-    b.state.kind = row->kind();
-    b.go(RenderFrame::Options);
+    state.kind = row->kind();
+    go(RenderFrame::Options);
     EXPECT_EQ(row->visibleRegion().boundingRect(), row->rect()) << row->text().toStdString();
   }
 }
 
 // Nothing stays as small as it is in a small window.
-TEST(RenderCard, TakesTheRoomOfALargeWindow) {
-  CardBench b;
-  b.state.picture = std::make_shared<FramePicture>();
+TEST_F(RenderCards, TakesTheRoomOfALargeWindow) {
+  state.picture = std::make_shared<FramePicture>();
   for (const auto& [frame, name] : {std::pair{RenderFrame::Options, "Kind of movie"},
                                     {RenderFrame::Options, "Profile"},
                                     {RenderFrame::Options, "The clip in hand"},
                                     {RenderFrame::Rendering, "The picture being made"},
                                     {RenderFrame::PicInPic, "The backdrop"}}) {
-    b.card->resize(themed(976), themed(448));
-    b.go(frame);
-    const auto* part = named(*b.card, name);
+    card->resize(themed(976), themed(448));
+    go(frame);
+    const auto* part = named(*card, name);
     const auto small = part->size();
-    b.card->resize(themed(1540), themed(760));
+    card->resize(themed(1540), themed(760));
     QApplication::processEvents();
     EXPECT_GT(part->width() * part->height(), 2 * small.width() * small.height()) << name;
     EXPECT_TRUE(part->isVisible()) << name;
   }
 }
 
-TEST(RenderCard, SaysWhyAMovieCannotBeMade) {
-  const std::string caution =
-      "The width of 321 is odd, and a WMV has an even one. Change it on the Create page.";
-  CardBench b;
-  b.state.caution = caution;
-  b.state.canMake = false;
-  b.go(RenderFrame::Options);
-  EXPECT_TRUE(b.says(caution));
-  EXPECT_EQ(b.focus(), "Windows Media Format (WMV)");
-  for (const auto* name : {"Write Movie", "Add to Queue"})
-    EXPECT_FALSE(named(*b.card, name)->isEnabled()) << name;
-  b.state.caution.clear();
-  b.state.canMake = true;
-  b.go(RenderFrame::Options);
-  EXPECT_FALSE(b.says(caution));
+TEST_F(RenderCards, SaysWhyAMovieCannotBeMade) {
+  const std::string caution = "The width of 321 is odd. Change it on the Create page.";
+  for (const bool canMake : {false, true}) {
+    state.caution = canMake ? "" : caution;
+    state.canMake = canMake;
+    go(RenderFrame::Options);
+    EXPECT_EQ(says(caution), !canMake);
+    for (const auto* name : {"Write Movie", "Add to Queue"})
+      EXPECT_EQ(named(*card, name)->isEnabled(), canMake) << name;
+    EXPECT_TRUE(canMake || focus() == "Windows Media Format (WMV)") << focus();
+  }
 }
 
 // Three renders, the second one in hand.
@@ -215,38 +180,34 @@ QueueState threeRenders() {
 
 TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   auto queue = threeRenders();
-  std::string asked;
-  const auto number = [&](const char* what) {
-    return [&asked, what](int value) { asked += what + std::to_string(value) + " "; };
-  };
-  const auto note = [&](const char* what) { return [&asked, what] { asked += std::string(what) + " "; }; };
+  test::Told told;
   test::MemoryStore store;
   test::PlainDesktop desktop;
-  FrmQueue window(
-      queue, {number("job"), note("pause"), note("remove"), number("move"), note("folder"), note("clear")},
-      {store, desktop, "QueuePlace"}, note("hide"));
+  FrmQueue window(queue,
+                  {told.number("job"), told.act("pause"), told.act("remove"), told.number("move"),
+                   told.act("folder"), told.act("clear")},
+                  {store, desktop, "QueuePlace"}, told.act("hide"));
   queue.isOpen = true;
   window.draw(true);
   QApplication::processEvents();
   auto* list = named<PageList>(window, "Queue");
   EXPECT_EQ(list->rowName(0), "a.mp4, 43%");
   EXPECT_EQ(list->rowName(2), "c.mp4, failed, disk full");
-  const auto look = [&] { return std::exchange(asked, {}); };
   const auto press = [&](std::initializer_list<const char*> names) {
     for (const auto* name : names) named<QPushButton>(window, name)->click();
   };
   press({"Pause", "Earlier", "Later", "Remove"});
-  EXPECT_EQ(look(), "pause move1 move3 remove ");
   for (const auto key : {Qt::Key_Up, Qt::Key_Down}) QTest::keyClick(list, key, Qt::ControlModifier);
   for (const auto key : {Qt::Key_Space, Qt::Key_Delete}) QTest::keyClick(list, key);
-  EXPECT_EQ(look(), "move1 move3 pause remove ");
+  EXPECT_EQ(told.look(), "pause move1 move3 remove move1 move3 pause remove ");
   const auto carried = list->dragOut(0);
   for (const int before : {0, 1, 2, 3}) list->dropped(*carried, before);
-  EXPECT_EQ(look(), "job0 move1 job0 move1 job0 move2 job0 move3 ") << "a place is counted without itself";
+  EXPECT_EQ(told.look(), "job0 move1 job0 move1 job0 move2 job0 move3 ")
+      << "a place is counted without itself";
   queue.row = 2;
   window.draw(true);
   press({"Later", "Try Again"});
-  EXPECT_EQ(look(), "pause ") << "the last one, which has failed";
+  EXPECT_EQ(told.look(), "pause ") << "the last one, which has failed";
   EXPECT_TRUE(named<QLabel>(window, "disk full")->isVisible());
   EXPECT_FALSE(named<QPushButton>(window, "Clear Finished")->isEnabled()) << "there is none";
   queue.Lst_Queue[2] = {9, "c.mp4", "done", "", false, false, false, false, true};
@@ -255,7 +216,7 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   EXPECT_FALSE(named<QPushButton>(window, "Earlier")->isVisible());
   press({"View Movie", "Open Folder", "Clear Finished"});
   QTest::keyClick(list, Qt::Key_Return);
-  EXPECT_EQ(look(), "pause folder clear pause ");
+  EXPECT_EQ(told.look(), "pause folder clear pause ");
   queue.trouble = "cannot read /home/me/.local/share/KVO5/Queue/Queue.txt: Permission denied";
   queue.Lst_Queue.clear();
   queue.row = -1;
@@ -264,30 +225,29 @@ TEST(RenderQueueWindow, IsLedByKeysAndKeyboard) {
   press({"Pause", "Earlier", "Later", "Remove"});
   QTest::keyClick(list, Qt::Key_Delete);
   QTest::keyClick(&window, Qt::Key_Escape);
-  EXPECT_EQ(look(), "hide ");
+  EXPECT_EQ(told.look(), "hide ");
   window.draw(false);
   EXPECT_FALSE(window.isVisible()) << "the program has no other window";
 }
 
-TEST(RenderCard, ShowsHowFarTheMovieIs) {
-  CardBench b;
-  b.state.isRunning = true;
-  b.state.countdown = "About 00.00.46(s) Remaining";
-  b.state.movieSeconds = 20;
-  b.state.pie = {43, kPieYellow};
-  b.go(RenderFrame::Rendering);
-  EXPECT_TRUE(b.says("About 00.00.46(s) Remaining") && b.says("51.900 s"));
-  const auto image = b.card->grab().toImage();
-  const auto at = [&](int x, int y) { return image.pixelColor(x, y).rgb() & 0xFFFFFFU; };
+TEST_F(RenderCards, ShowsHowFarTheMovieIs) {
+  state.isRunning = true;
+  state.countdown = "About 00.00.46(s) Remaining";
+  state.movieSeconds = 20;
+  state.pie = {43, kPieYellow};
+  go(RenderFrame::Rendering);
+  EXPECT_TRUE(says("About 00.00.46(s) Remaining") && says("51.900 s"));
+  const auto image = card->grab().toImage();
+  const auto at = [&](int x, int y) { return image.pixel(x, y) & 0xFFFFFFU; };
   // The ring at a quarter and at three quarters of its way, the strip before and behind the place.
   EXPECT_EQ(at(70 + 116 + 85, 57 + 80 + 116), token("amber"));
   EXPECT_EQ(at(70 + 116 - 85, 57 + 80 + 116), token("ink1"));
   EXPECT_GT(qGray(at(386 + 250, 57 + 302)), 2 * qGray(at(386 + 350, 57 + 302)));
-  b.state.isRunning = false;
-  b.state.completed = "Completed in 58.42 (s)";
-  b.state.notes = {"holiday.avi: the sound from 1.00 to 2.00 s cannot be decoded"};
-  b.go(RenderFrame::Report);
-  EXPECT_TRUE(b.says("Completed in 58.42 (s)") && b.says(b.state.notes[0]));
+  state.isRunning = false;
+  state.completed = "Completed in 58.42 (s)";
+  state.notes = {"holiday.avi: the sound from 1.00 to 2.00 s cannot be decoded"};
+  go(RenderFrame::Report);
+  EXPECT_TRUE(says("Completed in 58.42 (s)") && says(state.notes[0]));
 }
 
 TEST(RenderCard, FitsAtEachSize) {

@@ -1,22 +1,15 @@
 // The window for web pages: about a view that a test moves, and about the real one where there is a user to
 // run it.
 #include "adapters/posix/posix_machine.h"
-#include "support/memory_store.h"
-#include "support/plain_desktop.h"
 #include "support/real_world.h"
-#include "windows/named_parts.h"
+#include "ui/widget_bench.h"
 #include "windows/web/web_module.h"
 #include "windows/web/window_pages.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QTest>
 #include <QToolButton>
 #include <filesystem>
 #include <fstream>
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 #ifdef KVO_WEB_MODULE
 // The web engine of Debian 12 frees some of its own objects as their base class, and keeps some until the
@@ -49,7 +42,7 @@ struct HeldView : WebView {
   void whenChanged(std::function<void()> tell) override { heard = std::move(tell); }
 };
 
-struct PagesBench {
+struct ShownWebPages : testing::Test {
   HeldView* view = nullptr;
   int closed = 0;
   test::MemoryStore store;
@@ -60,53 +53,51 @@ struct PagesBench {
                       return made;
                     },
                     {store, desktop, "WebWindowPlace"}};
-  PagesBench() {
+  ShownWebPages() {
     pages.whenClosed([this] { ++closed; });
   }
   [[nodiscard]] QWidget& window() const { return *view->page.window(); }
   [[nodiscard]] QToolButton& key(const char* name) const { return *test::named<QToolButton>(window(), name); }
 };
 
-TEST(WebPages, AreShownSteeredAndClosed) {
-  PagesBench b;
-  ASSERT_TRUE(b.pages.show("http://127.0.0.1:9/a", true));
-  EXPECT_EQ(b.window().windowModality(), Qt::ApplicationModal);
-  EXPECT_FALSE(b.key("Back").isEnabled());
-  b.view->now = {QUrl("http://127.0.0.1:9/a"), "A page", 40, false, true, true};
-  b.view->heard();
-  EXPECT_EQ(b.window().windowTitle(), "A page");
-  b.key("Stop").click();
-  b.view->now.loaded = 100;
-  b.view->heard();
-  for (const auto* name : {"Back", "Forward", "Reload"}) b.key(name).click();
-  auto& address = *b.window().findChild<QLineEdit*>();
+TEST_F(ShownWebPages, AreShownSteeredAndClosed) {
+  ASSERT_TRUE(pages.show("http://127.0.0.1:9/a", true));
+  EXPECT_EQ(window().windowModality(), Qt::ApplicationModal);
+  EXPECT_FALSE(key("Back").isEnabled());
+  view->now = {QUrl("http://127.0.0.1:9/a"), "A page", 40, false, true, true};
+  view->heard();
+  EXPECT_EQ(window().windowTitle(), "A page");
+  key("Stop").click();
+  view->now.loaded = 100;
+  view->heard();
+  for (const auto* name : {"Back", "Forward", "Reload"}) key(name).click();
+  auto& address = *window().findChild<QLineEdit*>();
   EXPECT_EQ(address.text(), "http://127.0.0.1:9/a");
   for (const auto* typed : {"javascript:alert(1)", "example.org"}) {
     address.setText(typed);
     QTest::keyClick(&address, Qt::Key_Return);
   }
-  EXPECT_EQ(b.view->calls, "load http://127.0.0.1:9/a stop back forward reload load http://example.org ");
-  ASSERT_TRUE(b.pages.show("/v/page one.htm", false));
-  EXPECT_EQ(b.window().windowModality(), Qt::NonModal);
-  EXPECT_TRUE(b.view->calls.ends_with("load file:///v/page one.htm ")) << "in the same window";
-  b.key("Close").click();
-  EXPECT_EQ(b.closed, 1);
-  b.pages.close();
-  EXPECT_EQ(b.closed, 1) << "who closes it himself is not told";
-  ASSERT_TRUE(b.pages.show("http://127.0.0.1:9/a", false));
-  b.window().setGeometry(300, 200, 640, 400);
-  b.pages.close();
-  ASSERT_TRUE(b.pages.show("http://127.0.0.1:9/a", false));
-  EXPECT_EQ(b.window().geometry(), QRect(300, 200, 640, 400)) << "a new one stands where the last one did";
+  EXPECT_EQ(view->calls, "load http://127.0.0.1:9/a stop back forward reload load http://example.org ");
+  ASSERT_TRUE(pages.show("/v/page one.htm", false));
+  EXPECT_EQ(window().windowModality(), Qt::NonModal);
+  EXPECT_TRUE(view->calls.ends_with("load file:///v/page one.htm ")) << "in the same window";
+  key("Close").click();
+  EXPECT_EQ(closed, 1);
+  pages.close();
+  EXPECT_EQ(closed, 1) << "who closes it himself is not told";
+  ASSERT_TRUE(pages.show("http://127.0.0.1:9/a", false));
+  window().setGeometry(300, 200, 640, 400);
+  pages.close();
+  ASSERT_TRUE(pages.show("http://127.0.0.1:9/a", false));
+  EXPECT_EQ(window().geometry(), QRect(300, 200, 640, 400)) << "a new one stands where the last one did";
 }
 
-TEST(WebPages, AreRefusedWhereNothingCanShowThem) {
-  PagesBench b;
-  WindowPages none([](QWidget*) { return std::unique_ptr<WebView>(); }, {b.store, b.desktop, ""});
+TEST_F(ShownWebPages, AreRefusedWhereNothingCanShowThem) {
+  WindowPages none([](QWidget*) { return std::unique_ptr<WebView>(); }, {store, desktop, ""});
   EXPECT_FALSE(none.show("http://127.0.0.1:9/a", false));
   WebModule missing("/nowhere/KVOWeb.so", [] { return true; });
   EXPECT_EQ(missing.makeView(nullptr), nullptr);
-  EXPECT_FALSE(b.pages.show("javascript:alert(1)", false));
+  EXPECT_FALSE(pages.show("javascript:alert(1)", false));
 }
 
 #ifdef KVO_WEB_MODULE

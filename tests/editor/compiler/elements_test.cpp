@@ -11,16 +11,12 @@
 #include "support/fakes.h"
 #include "support/golden.h"
 
-#include <cmath>
-#include <functional>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
 using test::Bench;
 using test::holds;
+using test::lineOf;
 
 // The element of a transition into the second of two clips.
 std::string transition(
@@ -28,9 +24,7 @@ std::string transition(
     const std::function<void(Movie&)>& change = [](Movie&) {}) {
   Bench b;
   b.addVideo("a.avi", 0, 5);
-  auto& clip = b.addVideo("b.avi", 2, 6);
-  clip.TransType("Barn");
-  clip.TransIn(10);
+  auto& clip = test::withTransition(b.addVideo("b.avi", 2, 6), "Barn", 10);
   change(clip);
   o.Start = 4;
   o.Stop = {8, Digits::Four};
@@ -63,29 +57,27 @@ TEST(Transitions, EachNameHasItsElement) {
 }
 
 TEST(Transitions, FreeOptionsHaveTheirOwnCase) {
-  struct Row {
-    const char *transition, *name, *value, *line;
-  };
-  for (const auto& row :
-       {Row{"Iris", "irisStyle", "Circle", "<param name=\"irisStyle\" value=\"CIRCLE\" />"},
-        Row{"Slide", "slideStyle", "push", "<param name=\"slideStyle\" value=\"PUSH\" />"},
-        Row{"Stretch", "stretchStyle", "HIDE", "<param name=\"stretchStyle\" value=\"hide\" />"},
-        Row{"Blinds", "Direction", "Left", "<param name=\"direction\" value=\"Left\" />"}}) {
-    const auto text = transition(row.transition, {}, [&](Movie& clip) {
+  const std::array<const char*, 4> rows[] = {
+      {"Iris", "irisStyle", "Circle", "irisStyle\" value=\"CIRCLE"},
+      {"Slide", "slideStyle", "push", "slideStyle\" value=\"PUSH"},
+      {"Stretch", "stretchStyle", "HIDE", "stretchStyle\" value=\"hide"},
+      {"Blinds", "Direction", "Left", "direction\" value=\"Left"}};
+  for (const auto& [name, option, value, line] : rows) {
+    const auto text = transition(name, {}, [&, option = option, value = value](Movie& clip) {
       clip.ExtraParamName1("bands");
       clip.ExtraParamValue1("5");
-      clip.ExtraParamName2(row.name);
-      clip.ExtraParamValue2(row.value);
+      clip.ExtraParamName2(option);
+      clip.ExtraParamValue2(value);
     });
-    for (const auto* line : {row.line, "<param name=\"bands\" value=\"5\" />"})
-      EXPECT_TRUE(holds(text, line)) << text;
+    for (const std::string param : {line, "bands\" value=\"5"})
+      EXPECT_TRUE(holds(text, "<param name=\"" + param + "\" />")) << text;
   }
   EXPECT_TRUE(
       holds(transition("Heart", {.MaskName = "/m/a.jpg"}), "<param name=\"MaskName\" value=\"/m/a.jpg\"/>"));
   EXPECT_TRUE(holds(transition("Barn", {}, [](Movie& clip) { clip.TransIn(0); }),
                     "<linear time=\"-0.115\" value=\"1\"/>"));
-  EXPECT_EQ(ShowTransOptions("Iris").secondCaption, "irisStyle");
-  EXPECT_EQ(ShowTransOptions("Iris").secondValues.size(), 5U);
+  const auto iris = ShowTransOptions("Iris");
+  EXPECT_EQ(lineOf(iris.secondCaption, iris.secondValues.size()), "irisStyle 5");
   EXPECT_EQ(TransitionFriendlyNameToCLSID(""), "") << "the classes without a name are found by none";
 }
 
@@ -134,7 +126,6 @@ TEST(Effects, EachSwitchHasItsElement) {
 }
 
 TEST(Effects, ColourLevelsHaveTheirSlopes) {
-  // clang-format off
   const std::pair<const char*, void (*)(Movie&)> rows[] = {
       {"nothing", [](Movie&) {}},
       {"red 128", [](Movie& m) { m.Red(128); }},
@@ -142,11 +133,10 @@ TEST(Effects, ColourLevelsHaveTheirSlopes) {
       {"blue -10", [](Movie& m) { m.Blue(-10); }},
       {"brightness", [](Movie& m) { m.Brightness(1); }},
       {"contrast", [](Movie& m) { m.Contrast(5); }},
-      {"gamma and threshold", [](Movie& m) { m.Gamma(0.15F); m.Threshold(300); }},
+      {"gamma and threshold", [](Movie& m) { m.Gamma(0.15F), m.Threshold(300); }},
       {"sepia", [](Movie& m) { m.Sepia(true); }},
-      {"sepia, green and gamma", [](Movie& m) { m.Sepia(true); m.Green(10); m.Gamma(1); }},
+      {"sepia, green and gamma", [](Movie& m) { m.Sepia(true), m.Green(10), m.Gamma(1); }},
   };
-  // clang-format on
   std::string all;
   for (const auto& [name, set] : rows) {
     Bench b;
@@ -213,9 +203,9 @@ TEST(Keyframes, NumbersAndOrderAtTheirEdges) {
   Bench b;
   addLevels(b.addVideo("a.avi", 1, 5));
   addKeyframe(b, 8, 25, 0, "10", 40);
-  EXPECT_EQ(written(b, 1, "Transparency", 8), std::string(20, ' ') +
-                                                  "<param name=\"Transparency\" value=\"40\">\r\n" +
-                                                  std::string(20, ' ') + "</param>\r\n")
+  const std::string in(20, ' ');
+  EXPECT_EQ(written(b, 1, "Transparency", 8),
+            in + "<param name=\"Transparency\" value=\"40\">\r\n" + in + "</param>\r\n")
       << "one keyframe stands as it is";
   addKeyframe(b, 8, 30, 1.2, "9", 0);
   addKeyframe(b, 8, 30, 1.2, "10", 0);
@@ -225,52 +215,47 @@ TEST(Keyframes, NumbersAndOrderAtTheirEdges) {
   EXPECT_EQ(written(b, 1, "Control1Value", 99), "");
 }
 
-/// What a parameter of a document comes to at a time.
-double valueIn(const std::string& text, double time) {
-  const auto after = [&](std::string_view mark, std::size_t from) {
-    const auto at = text.find(mark, from);
-    return at == std::string::npos ? at : at + mark.size();
-  };
-  auto at = after("value=\"", 0);
-  double from = 0;
-  double value = std::stod(text.substr(at));
-  while ((at = after("time=\"", at)) != std::string::npos) {
-    const double to = std::stod(text.substr(at));
-    const double next = std::stod(text.substr(after("value=\"", at)));
-    if (time < to) return value + (next - value) * (time - from) / (to - from);
-    from = to;
-    value = next;
+/// The values of a parameter of a document with their times, from 0 on.
+std::vector<std::pair<double, double>> valuesIn(const std::string& text) {
+  std::vector<std::pair<double, double>> all;
+  for (std::size_t at = 0, end = 0; (at = text.find("value=\"", end)) != std::string::npos; end = at + 7) {
+    const auto time = end == 0 ? 0 : std::stod(text.substr(text.rfind("time=\"", at) + 6));
+    all.emplace_back(time, std::stod(text.substr(at + 7)));
   }
-  return value;
+  return all;
+}
+
+/// What it comes to at a time.
+double valueIn(const std::string& text, double time) {
+  const auto all = valuesIn(text);
+  const auto next = std::find_if(all.begin(), all.end(), [&](const auto& v) { return time < v.first; });
+  if (next == all.end()) return all.back().second;
+  const auto& [from, value] = *std::prev(next);
+  return value + (next->second - value) * (time - from) / (next->first - from);
 }
 
 // Keyframes lie at 4, 6 and 10 seconds of the file, a base one ahead of them.
 TEST(Keyframes, CountFromTheMarkInAtTheSpeedOfTheClip) {
-  struct Row {
-    double markIn, markOut;
-    Single speed;
-    std::string lines;  // of control 1: what it begins with, then times and values
-  };
-  for (const auto& row : {Row{0, 20, 10, "0 4:40 6:60 10:20 "}, Row{3, 20, 10, "0 1:40 3:60 7:20 "},
-                          Row{3, 20, 20, "0 0.5:40 1.5:60 3.5:20 "}, Row{3, 20, 5, "0 2:40 6:60 14:20 "},
-                          Row{4, 20, 10, "40 2:60 6:20 "}, Row{8, 20, 10, "40 2:20 "},
-                          Row{5, 6, 10, "50 1:60 "}, Row{12, 20, 10, "20 "}}) {
+  for (const auto& [markIn, markOut, speed, expected] :  // times and values of control 1
+       {std::tuple{0, 20, 10, "0:0 4:40 6:60 10:20 "},
+        {3, 20, 10, "0:0 1:40 3:60 7:20 "},
+        {3, 20, 20, "0:0 0.5:40 1.5:60 3.5:20 "},
+        {3, 20, 5, "0:0 2:40 6:60 14:20 "},
+        {4, 20, 10, "0:40 2:60 6:20 "},
+        {8, 20, 10, "0:40 2:20 "},
+        {5, 6, 10, "0:50 1:60 "},
+        {12, 20, 10, "0:20 "}}) {
     Bench b;
-    auto& clip = b.addVideo("a.avi", row.markIn, row.markOut);
+    auto& clip = b.addVideo("a.avi", markIn, markOut);
     clip.KeyID(7);
-    clip.Playspeed(row.speed);
+    clip.Playspeed(static_cast<Single>(speed));
     addKeyframe(b, 8, 75, 0, "0", 0);  // wherever the Mark-In was
     for (const auto& [time, value] : {std::pair{4, "40"}, {6, "60"}, {10, "20"}})
       addKeyframe(b, 8, time * 25, time, value, 0);
-    std::string lines;
-    const auto text = written(b, 1, "Control1Value", 8);
-    for (std::size_t at = 0, end = 0; (at = text.find("value=\"", end)) != std::string::npos;) {
-      const auto time = text.rfind("time=\"", at);
-      if (end > 0) lines += ShortText(std::stod(text.substr(time + 6))) + ":";
-      end = text.find('"', at + 7);
-      lines += text.substr(at + 7, end - at - 7) + " ";
-    }
-    EXPECT_EQ(lines, row.lines) << row.markIn << " at " << row.speed;
+    std::string values;
+    for (const auto& [time, value] : valuesIn(written(b, 1, "Control1Value", 8)))
+      values += ShortText(time) + ":" + ShortText(value) + " ";
+    EXPECT_EQ(values, expected) << markIn << " at " << speed;
   }
 }
 
@@ -282,34 +267,32 @@ TEST(Keyframes, ASplitIsNotSeen) {
         Points{{0, 60}, {4, 40}, {10, 0}}, Points{{0, 10}, {9, 50}, {14, 0}}, Points{{5, 40}, {9, 10}}}) {
     for (const int effect : {8, kBlurEffect, kMotionBlurEffect}) {
       for (const double cut : {3.0, 4.0, 6.5, 11.0}) {
-        Bench b;
+        Bench b, parts;
         auto& clip = b.addVideo("a.avi", 2, 12);
         clip.KeyID(7);
         clip.Playspeed(20);
-        for (const auto& [time, value] : points)
-          addKeyframe(b, effect, static_cast<Long>(time * 25), time, std::to_string(value),
-                      static_cast<Single>(value));
+        auto& first = parts.collection.MovieList.add(clip);
+        auto& second = parts.collection.MovieList.add(clip);
+        for (auto* bench : {&b, &parts}) {
+          for (const auto& [time, value] : points)
+            addKeyframe(*bench, effect, static_cast<Long>(time * 25), time, std::to_string(value),
+                        static_cast<Single>(value));
+        }
+        second.KeyID(8);
+        second.LoopStart(Value(cut));
+        first.LoopEnd(Value(cut - 0.01));
+        auto behind = keyframesOfCopy(parts.collection, clip, second, 25);
+        endKeyframes(parts.collection, clip, first, 25);
+        for (auto& k : behind) parts.collection.KeyframeList.add(std::move(k));
         const char* const params[] = {"Control1Value", "Transparency"};
         const char* const motion[] = {"Strength", "Direction"};
         for (const auto* name : effect == kMotionBlurEffect ? motion : params) {
-          Bench parts;
           const auto whole = written(b, 1, name, effect);
-          auto& first = parts.collection.MovieList.add(clip);
-          for (int i = 1; i <= b.collection.KeyframeList.count(); ++i)
-            parts.collection.KeyframeList.add(b.collection.KeyframeList[i]);
-          auto& second = parts.collection.MovieList.add(clip);
-          second.KeyID(8);
-          second.LoopStart(Value(cut));
-          first.LoopEnd(Value(cut - 0.01));
-          auto behind = keyframesOfCopy(parts.collection, clip, second, 25);
-          endKeyframes(parts.collection, clip, first, 25);
-          for (auto& k : behind) parts.collection.KeyframeList.add(std::move(k));
           for (const double at : {2.0, 2.5, 3.9, 4.1, 6.4, 6.6, 9.5, 11.9}) {
-            const int part = at < cut ? 1 : 2;
-            EXPECT_NEAR(valueIn(written(parts, part, name, effect), (at - (part == 1 ? 2 : cut)) / 2),
-                        valueIn(whole, (at - 2) / 2), 0.01)
+            const auto part = written(parts, at < cut ? 1 : 2, name, effect);
+            EXPECT_NEAR(valueIn(part, (at - (at < cut ? 2 : cut)) / 2), valueIn(whole, (at - 2) / 2), 0.01)
                 << name << " of " << effect << " at " << at << " cut at " << cut << "\n"
-                << whole << written(parts, part, name, effect);
+                << whole << part;
           }
         }
       }
@@ -320,7 +303,7 @@ TEST(Keyframes, ASplitIsNotSeen) {
 TEST(Keyframes, BeginWithTheWholeEffectWhereTheTableNamesNoLevel) {
   for (const auto& [effect, level] : {std::pair{4, 100}, {9, 100}, {17, 0}, {27, 30}}) {
     Bench b;
-    addLevels(b.addVideo("a.avi", 0, 4));
+    b.addVideo("a.avi", 0, 4);
     LoadEffects(b.editing);
     b.collection.icurMov = 1;
     b.settings.state.KeyframeEffectNo = static_cast<Integer>(effect);
@@ -345,11 +328,9 @@ TEST(EffectsTable, IsWrittenAndReadToTheByte) {
   ASSERT_TRUE(again.read(table.text(true)));
   EXPECT_EQ(again.text(true), table.text(true));
   EXPECT_EQ(again.named(" CHROME ")->Control[0] + again.named("CHROME")->foreColor, "7");
-  int id = -1;
-  EXPECT_TRUE(again.GetEffectIDFromName("dry brush", id) && id == 14);
-  EXPECT_FALSE(again.GetEffectIDFromName("Emboss", id) || id != 0);
-  EXPECT_EQ(again.slot(1)->name, "Angled Strokes");
-  EXPECT_EQ(again.slot(35), nullptr);
+  int brush = -1, none = -1;
+  EXPECT_TRUE(again.GetEffectIDFromName("dry brush", brush) && !again.GetEffectIDFromName("Emboss", none));
+  EXPECT_EQ(lineOf(brush, none, again.slot(1)->name, again.slot(35) == nullptr), "14 0 Angled Strokes 1");
 }
 
 TEST(EffectsTable, IsRebuiltWhereTheFileCannotBeUsed) {

@@ -4,8 +4,6 @@
 #include "editor/tabs/operations.h"
 #include "support/fakes.h"
 
-#include <functional>
-
 #include <gtest/gtest.h>
 
 namespace kvo {
@@ -24,56 +22,45 @@ std::string told(Bench& b, const ReadReport& report = {}) {
 }
 
 TEST(CollectionFaults, AreFoundInEveryClip) {
-  const struct {
-    std::function<void(Bench&, Movie&)> change;  // the second of two clips
-    const char* faults;
-  } rows[] = {
-      {[](Bench&, Movie&) {}, ""},
-      {[](Bench&, Movie& m) { m.LoopStart(Value()); }, ""},
-      {[](Bench& b, Movie&) { b.files.all.erase("/v/b.avi"); }, "2 the file is missing!"},
-      {[](Bench& b, Movie&) { b.streams.all.erase("/v/b.avi"); }, "2 cannot open /v/b.avi!"},
-      {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"] = {.hasAudio = true}; },
+  const std::pair<std::function<void(Bench&, Movie&)>, const char*> rows[] = {
+      // What is done to the collection and to the second of its two clips, `m`.
+      {[](auto&, auto&) {}, ""},
+      {[](auto&, auto& m) { m.LoopStart(Value()); }, ""},
+      {[](auto& b, auto&) { b.files.all.erase("/v/b.avi"); }, "2 the file is missing!"},
+      {[](auto& b, auto&) { b.streams.all.erase("/v/b.avi"); }, "2 cannot open /v/b.avi!"},
+      {[](auto& b, auto&) { b.streams.all["/v/b.avi"] = {.hasAudio = true}; },
        "2 there is no picture in it!"},
-      {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"].duration = 4.6; }, ""},
-      {[](Bench& b, Movie&) { b.streams.all["/v/b.avi"].duration = 3; },
+      {[](auto& b, auto&) { b.streams.all["/v/b.avi"].duration = 4.6; }, ""},
+      {[](auto& b, auto&) { b.streams.all["/v/b.avi"].duration = 3; },
        "2 its section ends at 5 s, the file at 3.00 s"},
-      {[](Bench&, Movie& m) { m.LoopEnd(Value()); }, "2 its section ends at 0 s, ahead of its start!"},
-      {[](Bench&, Movie& m) { m.LoopStart(Value(-1)); }, "2 its section starts at -1 s, ahead of the file"},
-      {[](Bench&, Movie& m) { m.Playspeed(-5); }, "2 its speed of -0.5 cannot be played!"},
-      {[](Bench&, Movie& m) { m.Playspeed(1e9F); },
+      {[](auto&, auto& m) { m.LoopEnd(Value()); }, "2 its section ends at 0 s, ahead of its start!"},
+      {[](auto&, auto& m) { m.LoopStart(Value(-1)); }, "2 its section starts at -1 s, ahead of the file"},
+      {[](auto&, auto& m) { m.Playspeed(-5); }, "2 its speed of -0.5 cannot be played!"},
+      {[](auto&, auto& m) { m.Playspeed(1e9F); },
        "2 it has no length in the movie at its speed of 100000000!"},
-      {[](Bench&, Movie& m) { m.TransType("Hart"); }, "2 there is no transition Hart!"},
-      {[](Bench&, Movie& m) { m.BorderWidth(300); }, "2 its border width of 300 is held to 255"},
-      {[](Bench&, Movie& m) { m.HasPicInPic("1"); },
+      {[](auto&, auto& m) { m.TransType("Hart"); }, "2 there is no transition Hart!"},
+      {[](auto&, auto& m) { m.BorderWidth(300); }, "2 its border width of 300 is held to 255"},
+      {[](auto&, auto& m) { m.HasPicInPic("1"); },
        "2 its picture-in-picture field makes no sense and is left out"},
-      {[](Bench& b, Movie&) { b.addMusic("m.mp3", 3, 2); }, "3 its section ends at 2 s, ahead of its start!"},
-      {[](Bench& b, Movie&) { b.addMusic("m.mp3", 3, 2).RenderAudio(false); },
+      {[](auto& b, auto&) { b.addMusic("m.mp3", 3, 2); }, "3 its section ends at 2 s, ahead of its start!"},
+      {[](auto& b, auto&) { b.addMusic("m.mp3", 3, 2).RenderAudio(false); },
        "3 its section ends at 2 s, ahead of its start"},
-      {[](Bench& b, Movie&) {
-         b.addMusic("m.flac", 0, 2);
-         b.addVideo("c.avi", 0, 2);
-       },
+      {[](auto& b, auto&) { b.addMusic("m.flac", 0, 2), b.addVideo("c.avi", 0, 2); },
        "3 it is sound ahead of a picture: sound belongs at the end of the collection!"},
-      {[](Bench& b, Movie&) { b.addMusic("m.mid", 0, 2); },
-       "3 sound of its kind cannot be put into a movie!"},
-      {[](Bench&, Movie& m) {
-         m.Path("");
-         m.MovieName("http://h/a.asx");
-         m.LoopEnd(Value());
-       },
+      {[](auto& b, auto&) { b.addMusic("m.mid", 0, 2); }, "3 sound of its kind cannot be put into a movie!"},
+      {[](auto&, auto& m) { m.Path(""), m.MovieName("http://h/a.asx"), m.LoopEnd(Value()); },
        "2 a stream cannot be put into a movie!"},
-      {[](Bench&, Movie& m) { m.IsHTML(true); }, "2 a web page cannot be put into a movie!"},
-      {[](Bench& b, Movie&) { b.settings.change().OutPutFrameRate = 0; },
+      {[](auto&, auto& m) { m.IsHTML(true); }, "2 a web page cannot be put into a movie!"},
+      {[](auto& b, auto&) { b.settings.change().OutPutFrameRate = 0; },
        "its frame rate of 0 is not within 1 to 1000!"},
-      {[](Bench& b, Movie&) { b.editor.controls.txtHeight = 0; },
+      {[](auto& b, auto&) { b.editor.controls.txtHeight = 0; },
        "its size of 320 x 0 is too small for a movie!"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [change, faults] : rows) {
     Bench b;
     b.addVideo("a.avi", 0, 5);
-    auto& second = b.addVideo("b.avi", 0, 5);
-    row.change(b, second);
-    EXPECT_EQ(told(b), row.faults);
+    change(b, b.addVideo("b.avi", 0, 5));
+    EXPECT_EQ(told(b), faults);
     EXPECT_TRUE(b.boxes.shown.empty()) << "plain data, for whoever shows it";
   }
   Bench empty;

@@ -5,7 +5,6 @@
 #include "support/program_bench.h"
 
 #include <cmath>
-#include <mutex>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -28,20 +27,6 @@ struct NotedPreview : DeskPreview {
   }
   double at = -1;
   std::string* does = nullptr;
-};
-
-/// Streams that can be kept waiting for.
-struct HeldStreams : MediaContents {
-  explicit HeldStreams(MediaContents& all) : all(all) {}
-  MediaContents& all;
-  std::mutex held;
-  Result<StreamFacts> facts(const std::string& path) override {
-    const std::lock_guard lock(held);
-    return all.facts(path);
-  }
-  Result<FramePicture> frame(const std::string& path, double seconds, int width, int height) override {
-    return all.frame(path, seconds, width, height);
-  }
 };
 
 /// Three films, a still and a song on the desk; what it asks of others is noted.
@@ -72,7 +57,6 @@ struct DeskBench : ProgramBench {
     told.clear();
   }
 
-  Movie& clip(int number) { return collection.MovieList[number]; }
   DeskTabs notedTabs() {
     DeskTabs tabs;
     for (std::size_t i = 0; i < tabs.size(); ++i) {
@@ -83,6 +67,7 @@ struct DeskBench : ProgramBench {
     }
     return tabs;
   }
+  static PlayerPlace at(double seconds) { return {seconds, static_cast<Long>(std::lround(seconds * 25))}; }
   MainWindowDoors doors() {
     const auto note = [this](const char* what) { return [this, what] { told += std::string(what) + " "; }; };
     return {.Displaymovieinfo = [this](int number) { told += "details" + std::to_string(number) + " "; },
@@ -91,20 +76,13 @@ struct DeskBench : ProgramBench {
             .PlayerGetFileName = [this] { return inPlayer; },
             .pausePlaying = note("halt"),
             .place = [this] { return place; },
-            .pictureAt = [this](double seconds) -> std::optional<PlayerPlace> {
-              if (!place) return std::nullopt;
-              return PlayerPlace{seconds, static_cast<Long>(std::lround(seconds * 25))};
-            },
+            .pictureAt = [this](double seconds) { return place ? std::optional(at(seconds)) : place; },
             .standPlayer =
                 [this](double seconds) {
                   told += "to" + ShortText(seconds) + " ";
-                  if (place) place = PlayerPlace{seconds, static_cast<Long>(std::lround(seconds * 25))};
+                  if (place) place = at(seconds);
                 },
-            .stepPlayer =
-                [this](int pictures) {
-                  const double to = place->seconds + pictures / 25.0;
-                  place = PlayerPlace{to, static_cast<Long>(std::lround(to * 25))};
-                },
+            .stepPlayer = [this](int pictures) { place = at(place->seconds + pictures / 25.0); },
             .SetMarkIn = note("markIn"),
             .SetMarkOut = note("markOut"),
             .resetMark = [this](bool in) { told += in ? "resetIn " : "resetOut "; },
@@ -121,17 +99,20 @@ struct DeskBench : ProgramBench {
   }
   void open() {
     desk.Form_Load();
-    if (!desk.isOpen()) return;
-    while (state.analysing.visible || !state.frame.toolsOn) {
-      if (!loop.workComesHome()) break;
+    while (desk.isOpen() && (state.analysing.visible || !state.frame.toolsOn) && loop.workComesHome()) {
     }
     loop.advance(1);
   }
+  /// What is told meanwhile.
+  template <class Act>
+  std::string toldOf(const Act& act) {
+    told.clear();
+    act();
+    return told;
+  }
   /// What is told in `ticks` ticks of the change watch.
   std::string tick(int ticks = 1) {
-    told.clear();
-    loop.advance(200 * ticks);
-    return told;
+    return toldOf([&] { loop.advance(200 * ticks); });
   }
   [[nodiscard]] std::string totals() const {
     return state.totals.lbl_VideoTotTime + " " + state.totals.Lbl_AudTotal +
@@ -145,9 +126,8 @@ struct DeskBench : ProgramBench {
   /// What is told of clips and places: "load2 to4 leave".
   [[nodiscard]] std::string moves() const {
     std::string all;
-    for (std::istringstream words(told); words;) {
-      std::string word;
-      words >> word;
+    std::istringstream words(told);
+    for (std::string word; words >> word;) {
       for (const auto* of : {"load", "to", "leave", "mark"})
         if (word.starts_with(of)) all += word + " ";
     }
@@ -158,12 +138,15 @@ struct DeskBench : ProgramBench {
   bool saves = true;  // Ctrl+S
   std::string inPlayer;
   std::optional<PlayerPlace> place = PlayerPlace{4, 100};
-  HeldStreams held{streams};
-  PresumedFiles presumed{held};
+  PresumedFiles presumed{streams};
   Editing onHeld{collection, settings, editor, presumed, files, boxes, folder, log, clock};
   EditorWindowState state;
   NotedPreview preview;
   EditorDesk desk{{state, window, onHeld, loop, history, list, listCommands, preview, presumed}, doors()};
+};
+
+struct OpenDesk : DeskBench {
+  OpenDesk() { open(); }
 };
 
 }  // namespace kvo::test

@@ -2,12 +2,15 @@
 #include "editor/preview/standing_picture.h"
 
 #include "support/fakes.h"
+#include "support/rows.h"
 #include "support/virtual_loop.h"
 
 #include <gtest/gtest.h>
 
 namespace kvo {
 namespace {
+
+using test::Rows;
 
 struct StandingBench : test::Bench {
   StandingBench() {
@@ -39,71 +42,58 @@ struct StandingBench : test::Bench {
 
 TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
   StandingBench b;
-  const struct {
-    const char* what;
-    std::function<void()> act;
-    int atOnce, then;  // what stands until the next is there, and the next
-  } steps[] = {
-      {"the clip in hand", [] {}, -1, 3},
-      {"another", [&] { b.collection.icurMov = 2; }, 3, 7},
-      {"the playhead has gone on", [&] { b.past = 1; }, 7, 8},
-      {"the movie has another shape",
-       [&] {
-         b.form = {96, 54};
-       },
-       8, 8},
-      {"a still has one picture", [&] { b.collection.MovieList[2].IsStill(true); }, 8, 0},
-      {"sound is not seen", [&] { b.collection.icurMov = 3; }, -1, -1},
-      {"what failed is told there", [&] { b.collection.icurMov = 1, b.state.failure = "gone"; }, -1, -1},
-      {"no more", [&] { b.state.failure.clear(); }, -1, 4}};
-  for (const auto& step : steps) {
-    step.act();
+  // What stands until the next is there, and the next.
+  for (const auto& [what, act, atOnce, then] : Rows<const char*, std::function<void()>, int, int>{
+           {"the clip in hand", [] {}, -1, 3},
+           {"another", [&] { b.collection.icurMov = 2; }, 3, 7},
+           {"the playhead has gone on", [&] { b.past = 1; }, 7, 8},
+           {"the movie has another shape",
+            [&] {
+              b.form = SampleForm{96, 54};
+            },
+            8, 8},
+           {"a still has one picture", [&] { b.collection.MovieList[2].IsStill(true); }, 8, 0},
+           {"sound is not seen", [&] { b.collection.icurMov = 3; }, -1, -1},
+           {"what failed is told there", [&] { b.collection.icurMov = 1, b.state.failure = "gone"; }, -1, -1},
+           {"no more", [&] { b.state.failure.clear(); }, -1, 4}}) {
+    act();
     b.settle();
-    EXPECT_EQ(b.seen(), step.atOnce) << step.what;
-    if (step.then >= 0) {  // it comes
-      EXPECT_EQ(b.shown(), step.then) << step.what;
-    }
-    if (b.state.failure.empty()) {
-      EXPECT_EQ(b.state.title, b.collection.MovieList[b.collection.icurMov].MovieName()) << step.what;
-    }
+    EXPECT_EQ(b.seen(), atOnce) << what;
+    EXPECT_EQ(then < 0 ? b.seen() : b.shown(), then) << what;
+    const auto& clip = b.collection.MovieList[b.collection.icurMov];
+    EXPECT_EQ(b.state.failure.empty() ? b.state.title : clip.MovieName(), clip.MovieName()) << what;
   }
   EXPECT_EQ(b.state.picture->width, 96);
 }
 
+using FrameAct = void (*)(StandingBench&);
+
 // Whatever takes its frame away, the picture follows the clip again.
 TEST(StandingPicture, AFrameStandsUntilSomethingElseIsToBeSeen) {
-  struct Row {
-    const char* what;
-    bool isMark;
-    void (*act)(StandingBench&);
-    int shown;
-  };
-  const Row rows[] = {
-      {"the mark is let go", true, [](auto& b) { b.standing.endMark(); }, 3},
-      {"another clip", true, [](auto& b) { b.collection.icurMov = 2; }, 7},
-      {"the window of keyframes closes", false, [](auto& b) { b.keyframesOpen = false; }, 3},
-      {"another clip", false, [](auto& b) { b.collection.icurMov = 2; }, 7},
-      {"a preview has ended", false,
-       [](auto& b) {
-         b.state.kind = PreviewKind::Keyframe;
-         b.state.PreviewPlaying = true;
-         b.settle();
-         b.state = {};
-       },
-       3},
-      {"a preview is killed", true, [](auto& b) { b.state.picture.reset(), b.standing.forget(); }, 3},
-  };
-  for (const auto& row : rows) {
+  for (const auto& [what, isMark, act, shown] : Rows<const char*, bool, FrameAct, int>{
+           {"the mark is let go", true, [](auto& b) { b.standing.endMark(); }, 3},
+           {"another clip", true, [](auto& b) { b.collection.icurMov = 2; }, 7},
+           {"the window of keyframes closes", false, [](auto& b) { b.keyframesOpen = false; }, 3},
+           {"another clip", false, [](auto& b) { b.collection.icurMov = 2; }, 7},
+           {"a preview has ended", false,
+            [](auto& b) {
+              b.state.kind = PreviewKind::Keyframe;
+              b.state.PreviewPlaying = true;
+              b.settle();
+              b.state = {};
+            },
+            3},
+           {"a preview is killed", true, [](auto& b) { b.state.picture.reset(), b.standing.forget(); }, 3}}) {
     StandingBench b;
     b.shown();
-    b.keyframesOpen = !row.isMark;
-    if (row.isMark) b.standing.showMark("/v/beach.avi", 5);
-    if (!row.isMark) b.standing.showKeyframe(b.collection.MovieList[1], 125, 25);
-    EXPECT_EQ(b.shown(), 5) << row.what;
+    b.keyframesOpen = !isMark;
+    if (isMark) b.standing.showMark("/v/beach.avi", 5);
+    if (!isMark) b.standing.showKeyframe(b.collection.MovieList[1], 125, 25);
+    EXPECT_EQ(b.shown(), 5) << what;
     b.settle();
-    EXPECT_EQ(b.seen(), 5) << row.what;
-    row.act(b);
-    EXPECT_EQ(b.shown(), row.shown) << row.what;
+    EXPECT_EQ(b.seen(), 5) << what;
+    act(b);
+    EXPECT_EQ(b.shown(), shown) << what;
   }
 }
 

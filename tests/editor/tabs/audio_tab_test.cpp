@@ -4,17 +4,13 @@
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 
-#include <array>
-#include <utility>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
-using test::TabBench;
+using test::does;
+using test::lineOf;
 
-struct AudioBench : TabBench {
+struct AudioBench : test::TabBench {
   AudioTab tab;
   AudioBench() { open(); }
   void open() {
@@ -24,54 +20,45 @@ struct AudioBench : TabBench {
   }
   [[nodiscard]] std::string sound() const {
     if (!tab.hasSound || !tab.fadeIn.Enabled || !tab.level.Enabled) return "";
-    return "sound|" + tab.fadeIn.heading + "|" + tab.fadeOut.heading + " of " +
-           std::to_string(tab.fadeOut.Max) + "|" + tab.level.heading;
+    return lineOf(tab.fadeIn.heading, "|", tab.fadeOut.heading, "of", tab.fadeOut.Max, "|",
+                  tab.level.heading);
   }
   [[nodiscard]] std::string notice() const {
-    return std::to_string(static_cast<int>(tab.notice.kind)) + tab.notice.title;
+    return lineOf(static_cast<int>(tab.notice.kind), tab.notice.title);
   }
 };
 
 TEST(AudioTab, ShowsAllClipsAndTheSoundOfTheOneInHand) {
   AudioBench b;
-  EXPECT_EQ(b.tab.Lst_AudioMovies.rows.size(), 4U);
-  EXPECT_EQ(b.sound(), "sound|Fade In Over - Cut|Fade Out Over - Cut of 50|Clip Audio Level in Movie - 100%");
+  EXPECT_EQ(lineOf(b.tab.Lst_AudioMovies.rows.size(), b.sound()),
+            "4 Fade In Over - Cut | Fade Out Over - Cut of 50 | Clip Audio Level in Movie - 100%");
   b.clip(4).AudioFadeOutTime(7.5F);
   b.clip(4).AudioOutputLevel(0);
   chooseAudioClip(b.editing, b.tab, b.host, 3);
   EXPECT_EQ(b.host.look(), "clip 4");
-  EXPECT_EQ(b.sound(), "sound|Fade In Over - Cut|Fade Out Over 7.5s of 75|Clip Audio Level in Movie - Muted")
+  EXPECT_EQ(b.sound(), "Fade In Over - Cut | Fade Out Over 7.5s of 75 | Clip Audio Level in Movie - Muted")
       << "a value of the record's is never out of reach";
   chooseAudioClip(b.editing, b.tab, b.host, 2);
   EXPECT_EQ(b.sound(), "") << "a still";
 }
 
 TEST(AudioTab, ControlsWriteTheRecordOfTheChosenClip) {
-  struct Row {
-    const char* what;
+  const struct {
     std::function<void(AudioBench&)> act;
-    const char* record;  // in the movie, fades on, fade in, fade out, level
-    const char* asked;
-  };
-  const auto does = [](auto act, auto choice) {
-    return [=](AudioBench& b) { act(b.editing, b.tab, b.host, choice); };
-  };
-  const Row rows[] = {
-      {"out of the movie", does(tickClipSound, false), "0 0 0 0 1", "edit Sound off 1 98"},
-      {"fade in", does(moveFadeIn, 15), "1 1 1.5 0 1", "edit Fade in 1 0"},
-      {"fade out", does(moveFadeOut, 25), "1 1 0 2.5 1", "edit Fade out 1 0"},
-      {"level", does(moveAudioLevel, 7), "1 0 0 0 0.7", "edit Level 1 98"},
+    const char* expected;  // in the movie, fades on, fade in, fade out, level; what is asked of the editor
+  } rows[] = {
+      {does(tickClipSound, false), "0 0 0 0 1 edit Sound off 1 98"},
+      {does(moveFadeIn, 15), "1 1 1.5 0 1 edit Fade in 1 0"},
+      {does(moveFadeOut, 25), "1 1 0 2.5 1 edit Fade out 1 0"},
+      {does(moveAudioLevel, 7), "1 0 0 0 0.7 edit Level 1 98"},
   };
   for (const auto& row : rows) {
     AudioBench b;
     row.act(b);
     const auto& m = b.clip(1);
-    EXPECT_EQ(std::to_string(static_cast<int>(m.RenderAudio())) + " " +
-                  std::to_string(static_cast<int>(m.HasAudioFade())) + " " + ShortText(m.AudioFadeInTime()) +
-                  " " + ShortText(m.AudioFadeOutTime()) + " " + ShortText(m.AudioOutputLevel()),
-              row.record)
-        << row.what;
-    EXPECT_EQ(b.host.look(), row.asked) << row.what;
+    EXPECT_EQ(lineOf(m.RenderAudio(), m.HasAudioFade(), m.AudioFadeInTime(), m.AudioFadeOutTime(),
+                     m.AudioOutputLevel(), b.host.look()),
+              row.expected);
   }
 }
 
@@ -88,11 +75,11 @@ TEST(AudioTab, AFadeThatIsTooLongIsWarnedOfWhenItIsLetGo) {
 
 TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   AudioBench b;
-  EXPECT_EQ(b.notice(), "1Audio length matches video length") << "trimmed";
+  EXPECT_EQ(b.notice(), "1 Audio length matches video length") << "trimmed";
   tickAutoTrim(b.editing, b.tab, b.host, false);
   EXPECT_EQ(b.host.look(), "edit Auto Trim 0 98");
   b.open();
-  EXPECT_EQ(b.notice(), "2Audio Length does not match video Length");
+  EXPECT_EQ(b.notice(), "2 Audio Length does not match video Length");
   b.settings.adjust().AutoTrimAudio = true;  // as by an undo
   b.open();
   EXPECT_TRUE(b.tab.Chk_AutoTrim);
@@ -118,27 +105,26 @@ TEST(AudioTab, TheMusicIsOrderedTrimmedAndCompared) {
   EXPECT_EQ(b.tab.notice.text, "Please move the audio track :- <song.mp3> to the end of the collection.");
   b.collection.MovieList.remove(4);
   b.open();
-  for (const auto& whyNot : {b.tab.orderWhyNot, b.tab.trimWhyNot})
-    EXPECT_EQ(whyNot, "There is no music in this collection");
-  EXPECT_EQ(b.notice(), "0");
+  EXPECT_EQ(lineOf(b.notice(), b.tab.orderWhyNot, "/", b.tab.trimWhyNot),
+            "0  There is no music in this collection / There is no music in this collection");
 }
 
 TEST(AudioTab, BoxesAreOffWhileThereIsNoPictureAndComeBackWithIt) {
   AudioBench b;
   const auto boxes = [&] {
     enterTab(b.editing, b.tab, b.host);
-    return std::array{b.tab.Chk_AutoTrim, b.tab.trimWhyNot.empty(), b.tab.Chk_RenderClipAudio,
-                      b.tab.clipAudioWhyNot.empty(), b.tab.trackFade.Enabled};
+    return lineOf(b.tab.Chk_AutoTrim, b.tab.trimWhyNot.empty(), b.tab.Chk_RenderClipAudio,
+                  b.tab.clipAudioWhyNot.empty(), b.tab.trackFade.Enabled);
   };
   b.collection.MovieList.remove(3);
   b.collection.MovieList.remove(2);
   const auto there = std::exchange(b.streams.all, {});
   compileText(b.editing);
-  EXPECT_EQ(boxes(), (std::array{false, false, false, false, false}));
+  EXPECT_EQ(boxes(), "0 0 0 0 0");
   tickAutoTrim(b.editing, b.tab, b.host, false);
   b.streams.all = there;
   compileText(b.editing);
-  EXPECT_EQ(boxes(), (std::array{true, true, true, true, true}));
+  EXPECT_EQ(boxes(), "1 1 1 1 1");
 }
 
 }  // namespace

@@ -5,12 +5,10 @@
 #include "editor/tabs/operations.h"
 #include "editor/tabs/tab_bench.h"
 
-#include <algorithm>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
+
+using test::lineOf;
 
 struct CreateBench : test::Bench {
   CreateTab tab;
@@ -31,32 +29,26 @@ int rowOfSize(std::string_view text) {
 
 // The size that is shown, the one that is kept and the one that a compile asks for are one.
 TEST(CreateTab, ASizeIsOneForWindowFileAndCompile) {
-  struct Row {
-    const char* name;
+  const struct {
     std::function<void(CreateRules&)> act;
     const char* size;
-    const char* preset = "";
-  };
-  for (const auto& row :
-       {Row{"as it comes", [](auto&) {}, "240 x 320"},
-        Row{"preset", [](auto& r) { r.chooseSize(rowOfSize("1280 x 720")); }, "1280 x 720", "1280 x 720"},
-        Row{"no such row", [](auto& r) { r.chooseSize(999); }, "240 x 320"},
-        Row{"typed", [](auto& r) { r.typeSize(500, 400); }, "500 x 400"},
-        Row{"typed as a preset is", [](auto& r) { r.typeSize(640, 480); }, "640 x 480", "640 x 480"},
-        Row{"empty boxes", [](auto& r) { r.typeSize(0, 0); }, "320 x 240", "320 x 240"},
-        Row{"out of range", [](auto& r) { r.typeSize(3001, -1); }, "240 x 320"}}) {
+    bool isPreset;
+  } rows[] = {{[](auto&) {}, "240 x 320", false},
+              {[](auto& r) { r.chooseSize(rowOfSize("1280 x 720")); }, "1280 x 720", true},
+              {[](auto& r) { r.chooseSize(999); }, "240 x 320", false},
+              {[](auto& r) { r.typeSize(500, 400); }, "500 x 400", false},
+              {[](auto& r) { r.typeSize(640, 480); }, "640 x 480", true},
+              {[](auto& r) { r.typeSize(0, 0); }, "320 x 240", true},
+              {[](auto& r) { r.typeSize(3001, -1); }, "240 x 320", false}};
+  for (const auto& row : rows) {
     CreateBench b;
     row.act(b.rules);
-    const auto text = [](int width, int height) {
-      return std::to_string(width) + " x " + std::to_string(height);
-    };
     int width = 0, height = 0;
     GetHeightWidth(b.editor.controls, height, width);
-    EXPECT_EQ(text(width, height), row.size) << row.name;
-    EXPECT_EQ(text(b.tab.txtWidth, b.tab.txtHeight), row.size) << row.name;
-    EXPECT_EQ(text(b.kept().RenderWidth, b.kept().RenderHeight), row.size) << row.name;
-    EXPECT_EQ(b.tab.sizeRow < 0 ? "" : outputSizes()[static_cast<std::size_t>(b.tab.sizeRow)], row.preset)
-        << row.name;
+    EXPECT_EQ(lineOf(width, "x", height), row.size);
+    EXPECT_EQ(lineOf(b.tab.txtWidth, "x", b.tab.txtHeight), row.size);
+    EXPECT_EQ(lineOf(b.kept().RenderWidth, "x", b.kept().RenderHeight), row.size);
+    EXPECT_EQ(b.tab.sizeRow, row.isPreset ? rowOfSize(row.size) : -1) << row.size;
   }
 }
 
@@ -67,12 +59,10 @@ TEST(CreateTab, RateDepthAndPowerGoThroughTheHistory) {
     b.rules.typeRate(typed);
     EXPECT_EQ(b.kept().OutPutFrameRate, rate) << typed;
   }
-  EXPECT_EQ(b.tab.frameRate, "120");
   b.rules.chooseDepth(16);
-  EXPECT_EQ(b.kept().OutputColorDepth, 16);
   b.rules.movePower(3);
   b.rules.movePower(11);
-  EXPECT_EQ(b.kept().PreviewCPU, 10);
+  EXPECT_EQ(lineOf(b.tab.frameRate, b.kept().OutputColorDepth, b.kept().PreviewCPU), "120 16 10");
   EXPECT_EQ(b.host.look(),
             "edit Frame rate 0 0, edit Frame rate 0 0, edit Frame rate 0 0, edit Colors 0 0, "
             "edit Preview power 0 0, edit Preview power 0 0");
@@ -82,11 +72,10 @@ TEST(CreateTab, RateDepthAndPowerGoThroughTheHistory) {
 TEST(CreateTab, ThePowerSaysWhatItCosts) {
   CreateBench b;
   EXPECT_EQ(b.tab.Fra_PreviewOpts, "Preview Performance \\ CPU Power Required - 50% CPU");
-  EXPECT_NE(b.tab.Label42.find("FPS drop from 25 to 10 fps"), std::string::npos) << b.tab.Label42;
+  EXPECT_TRUE(test::holds(b.tab.Label42, "FPS drop from 25 to 10 fps")) << b.tab.Label42;
   b.rules.movePower(10);
-  EXPECT_EQ(b.tab.powerToolTip, "100% CPU");
-  EXPECT_NE(b.tab.Label42.find("H x W is output dimensions"), std::string::npos) << b.tab.Label42;
-  EXPECT_EQ(b.tab.Label42Changes, 1);
+  EXPECT_EQ(lineOf(b.tab.powerToolTip, b.tab.Label42Changes), "100% CPU 1");
+  EXPECT_TRUE(test::holds(b.tab.Label42, "H x W is output dimensions")) << b.tab.Label42;
   EXPECT_EQ(b.tab.lines.back(), (PreviewLine{"Clip Effects ARE shown", PreviewLine::Sign::Shown}));
   b.collection.clearLists();
   b.rules.refresh();
@@ -94,45 +83,39 @@ TEST(CreateTab, ThePowerSaysWhatItCosts) {
 }
 
 TEST(CreateTab, WhatIsOffSaysWhy) {
-  const struct {
-    bool hasClips, runs, whole;
-    const char* expected;
-  } rows[] = {{true, false, true, "Preview - Watch the movie||Choose From first|"},
-              {true, false, false, "Preview - Watch the movie|||"},
-              {true, true, false,
-               "Stop the preview - End the preview of the movie||Stop the preview first|"
-               "Stop the preview first"},
-              {true, true, true,
-               "Stop the preview - End the preview of the movie||Choose From first|"
-               "Stop the preview first"},
-              {false, false, true, "Preview - Watch the movie|Nothing to Preview|Choose From first|"}};
-  for (const auto& row : rows) {
+  const std::string watch = "Preview - Watch the movie|", from = "Choose From first",
+                    end = "Stop the preview - End the preview of the movie|", stop = "Stop the preview first";
+  for (const auto& [hasClips, runs, whole, expected] :
+       {std::tuple{true, false, true, watch + "|" + from + "|"},
+        {true, false, false, watch + "||"},
+        {true, true, false, end + "|" + stop + "|" + stop},
+        {true, true, true, end + "|" + from + "|" + stop},
+        {false, false, true, watch + "Nothing to Preview|" + from + "|"}}) {
     CreateBench b;
-    if (!row.hasClips) b.collection.clearLists();
+    if (!hasClips) b.collection.clearLists();
     b.rules.refresh();
-    b.rules.showPreview(row.runs);
-    b.rules.chooseRange(row.whole);
+    b.rules.showPreview(runs);
+    b.rules.chooseRange(whole);
     const auto& key = b.tab.Cmd_PrevGrph;
     EXPECT_EQ(key.caption + " - " + key.tip + "|" + key.whyNot + "|" + b.tab.rangeWhyNot + "|" + b.tab.whyNot,
-              row.expected);
+              expected);
   }
 }
 
 TEST(EditorParts, StepsOfTheHistorySayWhyTheyCannotBeTaken) {
   const std::string noUndo = "There is nothing to undo", noRedo = "There is nothing to redo";
   const std::vector<std::string> one{"Fade on beach.avi"};
-  const struct {
-    EditorHistory history;
-    std::array<std::string, 3> why;  // to go back, either way, on
-  } rows[] = {{{one, {}}, {"", "", noRedo}}, {{{}, one}, {noUndo, "", ""}}, {{}, {noUndo, noUndo, noRedo}}};
-  for (const auto& row : rows) {
-    for (const int steps : {-1, 0, 1})
-      EXPECT_EQ(whyNoStep({}, row.history, steps), row.why.at(static_cast<std::size_t>(steps + 1))) << steps;
-  }
-  EditorFrame previews;
-  previews.toolsOn = false;
-  previews.toolsOffBecause = "Stop the preview first";
-  EXPECT_EQ(whyNoStep(previews, rows[0].history, -1), "Stop the preview first");
+  EditorFrame frame;
+  const auto whyNot = [&](const EditorHistory& history) {  // go back, either way, on
+    return whyNoStep(frame, history, -1) + "|" + whyNoStep(frame, history, 0) + "|" +
+           whyNoStep(frame, history, 1);
+  };
+  EXPECT_EQ(whyNot({one, {}}), "||" + noRedo);
+  EXPECT_EQ(whyNot({{}, one}), noUndo + "||");
+  EXPECT_EQ(whyNot({}), noUndo + "|" + noUndo + "|" + noRedo);
+  frame.toolsOn = false;
+  frame.toolsOffBecause = "Stop";
+  EXPECT_EQ(whyNot({one, one}), "Stop|Stop|Stop") << "the preview first";
 }
 
 TEST(CreateTab, WhatIsRefusedShowsWhatHolds) {
@@ -141,10 +124,8 @@ TEST(CreateTab, WhatIsRefusedShowsWhatHolds) {
   b.rules.chooseSize(0);
   b.rules.movePower(9);
   b.rules.chooseDepth(32);
-  EXPECT_EQ(b.tab.sizeRow, -1);
-  EXPECT_EQ(b.tab.Sld_CPURequired, 5);
-  EXPECT_EQ(b.tab.Fra_PreviewOpts, "50% CPU - Preview Performance \\ CPU Power Required");
-  EXPECT_EQ(b.tab.Cmb_ColorDepth, 24);
+  EXPECT_EQ(lineOf(b.tab.sizeRow, b.tab.Sld_CPURequired, b.tab.Cmb_ColorDepth, b.tab.Fra_PreviewOpts),
+            "-1 5 24 50% CPU - Preview Performance \\ CPU Power Required");
 }
 
 TEST(CreateTab, ARangeStaysWithinTheMovie) {

@@ -4,14 +4,13 @@
 #include "editor/tabs/keyframe_edits.h"
 #include "editor/tabs/tab_bench.h"
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
-using test::TabBench;
+using test::does;
+using test::lineOf;
 
-struct EffectBench : TabBench {
+struct EffectBench : test::TabBench {
   EffectTab tab;
   EffectBench() { enterTab(editing, tab, host); }
   [[nodiscard]] EffectSwitchFace& face(int position) { return tab.faces[static_cast<std::size_t>(position)]; }
@@ -26,8 +25,7 @@ TEST(EffectTab, FollowsTheClipInHand) {
             "Mirror|Fade to Black|Right click to configure Angled Strokes options");
   b.clip(2).EffectWord("01");
   chooseEffectClip(b.editing, b.tab, b.host, 1);
-  EXPECT_TRUE(b.face(2).isOn);
-  EXPECT_EQ(b.host.look(), "clip 2, sample Effect 2");
+  EXPECT_EQ(lineOf(b.face(2).isOn, b.host.look()), "1 clip 2, sample Effect 2");
   for (const auto& [clip, asked] : {std::pair{3, "kill"}, {4, "tab 2"}, {2, "sample Effect 2"}}) {
     b.collection.icurMov = clip;
     followTab(b.editing, b.tab, b.host, true);
@@ -37,72 +35,52 @@ TEST(EffectTab, FollowsTheClipInHand) {
   EXPECT_EQ(b.host.look(), "") << "it is seen already";
   b.collection.clearLists();
   followTab(b.editing, b.tab, b.host, true);
-  EXPECT_EQ(b.host.look(), "tab 1");
-  EXPECT_EQ(b.settings.state.ObjectChange, 99);
-  EXPECT_FALSE(b.tab.enabled);
+  EXPECT_EQ(lineOf(b.host.look(), b.settings.state.ObjectChange, b.tab.enabled), "tab 1 99 0");
 }
 
 TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
-  struct Row {
-    const char* what;
-    std::function<void(EffectBench&)> act;
-    std::function<std::string(Movie&)> field;
+  const struct {
+    const char* act;
+    std::function<void(EffectBench&)> control;
     const char* stored;
-    const char* asked;  // ahead of " 1 0, sample Effect 1"
-  };
-  const auto tick = [](int position) {
-    return [position](EffectBench& b) { tickEffect(b.editing, b.tab, b.host, position, true); };
-  };
-  const auto level = [](EffectLevel which, int value) {
-    return [=](EffectBench& b) { moveEffectLevel(b.editing, b.tab, b.host, which, value); };
-  };
-  const auto ease = [](EaseLevel which, int value) {
-    return [=](EffectBench& b) { moveEase(b.editing, b.tab, b.host, which, value); };
-  };
-  const auto does = [](auto act, auto choice) {
-    return [=](EffectBench& b) { act(b.editing, b.tab, b.host, choice); };
-  };
-  const auto word = [](Movie& m) { return m.EffectWord(); };
-  const auto blur = [](Movie& m) { return std::to_string(m.BlurInt()); };
-  const auto motion = [](Movie& m) {
-    return std::to_string(m.MBlurStrength()) + " " + std::to_string(m.MBlurDirection());
-  };
-  const auto age = [](Movie& m) { return std::to_string(m.AgeIntensity()); };
-  const auto moves = [](Movie& m) {
-    return m.MoveADirection() + " " + m.MoveARotationDirection() + " " + ShortText(m.ScaleA()) + " " +
-           ShortText(m.InitialScaleA()) + " " + ShortText(m.EaseDuration()) + (m.EaseIN() ? " in" : "") +
-           (m.RevolveCamera() ? " camera" : "");
-  };
-  const Row rows[] = {
-      {"mirror", tick(1), word, "1000000000000000000000000000000000000000000000", "Mirror"},
-      {"blur", tick(kBlur), blur, "4", "Blur"},
-      {"motion blur", tick(kMotion), motion, "14 20", "Motion blur"},
-      {"film age", tick(kAge), age, "35", "Film age"},
-      {"ease begins moving out", tick(kEase), moves, "out  1 1 0", "Ease"},
-      {"blur slider", level(EffectLevel::Blur, 9), blur, "9", "Blur"},
-      {"strength", level(EffectLevel::MotionStrength, 30), motion, "30 0", "Motion blur strength"},
-      {"direction", level(EffectLevel::MotionDirection, 270), motion, "0 270", "Motion blur direction"},
-      {"age", level(EffectLevel::FilmAge, 80), age, "80", "Film age"},
-      {"ease slider", ease(EaseLevel::Progress, 25), moves, "  0 0 0.25", "Ease progress"},
-      {"ease at its end", ease(EaseLevel::StartScale, 0), moves, "  0 0 0", "Starting magnification"},
-      {"ease in", does(chooseEase, true), moves, "  0 0 0 in", "Ease"},
-      {"direction of moving", does(chooseMoveDirection, 3), moves, "left  0 0 0", "Ease direction"},
-      {"rotation", does(chooseRotation, 4), moves, " down 0 0 0", "Ease rotation"},
-      {"camera", does(tickRotateCam, true), moves, "  0 0 0 camera", "Ease camera"},
-      {"preset", does(pressEaseDefault, true), moves, "  1 0.75 0", "Ease in"},
+  } rows[] = {
+      // The switch; blur, strength and direction of motion blur, age; ease's two directions, scales and
+      // progress, in, and camera.
+      {"Mirror", does(tickEffect, 1, true), "1 | 0 0 0 0 |   0 0 0 0 0"},
+      {"Blur", does(tickEffect, kBlur, true), "43 | 4 0 0 0 |   0 0 0 0 0"},
+      {"Motion blur", does(tickEffect, kMotion, true), "44 | 0 14 20 0 |   0 0 0 0 0"},
+      {"Film age", does(tickEffect, kAge, true), "45 | 0 0 0 35 |   0 0 0 0 0"},
+      {"Ease", does(tickEffect, kEase, true), "46 | 0 0 0 0 | out  1 1 0 0 0"},
+      {"Blur", does(moveEffectLevel, EffectLevel::Blur, 9), "0 | 9 0 0 0 |   0 0 0 0 0"},
+      {"Motion blur strength", does(moveEffectLevel, EffectLevel::MotionStrength, 30),
+       "0 | 0 30 0 0 |   0 0 0 0 0"},
+      {"Motion blur direction", does(moveEffectLevel, EffectLevel::MotionDirection, 270),
+       "0 | 0 0 270 0 |   0 0 0 0 0"},
+      {"Film age", does(moveEffectLevel, EffectLevel::FilmAge, 80), "0 | 0 0 0 80 |   0 0 0 0 0"},
+      {"Ease progress", does(moveEase, EaseLevel::Progress, 25), "0 | 0 0 0 0 |   0 0 0.25 0 0"},
+      {"Starting magnification", does(moveEase, EaseLevel::StartScale, 0), "0 | 0 0 0 0 |   0 0 0 0 0"},
+      {"Ease", does(chooseEase, true), "0 | 0 0 0 0 |   0 0 0 1 0"},
+      {"Ease direction", does(chooseMoveDirection, 3), "0 | 0 0 0 0 | left  0 0 0 0 0"},
+      {"Ease rotation", does(chooseRotation, 4), "0 | 0 0 0 0 |  down 0 0 0 0 0"},
+      {"Ease camera", does(tickRotateCam, true), "0 | 0 0 0 0 |   0 0 0 0 1"},
+      {"Ease in", does(pressEaseDefault, true), "0 | 0 0 0 0 |   1 0.75 0 0 0"},
   };
   for (const auto& row : rows) {
     EffectBench b;
-    row.act(b);
-    EXPECT_EQ(row.field(b.clip(1)), row.stored) << row.what;
-    EXPECT_EQ(b.host.look(), std::string("edit ") + row.asked + " 1 0, sample Effect 1") << row.what;
+    row.control(b);
+    const auto& m = b.clip(1);
+    EXPECT_EQ(lineOf(m.EffectWord().find('1') + 1, "|", m.BlurInt(), m.MBlurStrength(), m.MBlurDirection(),
+                     m.AgeIntensity(), "|", m.MoveADirection(), m.MoveARotationDirection(), m.ScaleA(),
+                     m.InitialScaleA(), m.EaseDuration(), m.EaseIN(), m.RevolveCamera()),
+              row.stored)
+        << row.act;
+    EXPECT_EQ(b.host.look(), lineOf("edit", row.act, "1 0, sample Effect 1"));
     EffectBench refused;
     refused.host.refuses = true;
     refused.clip(1).IsDirty(false);
-    row.act(refused);
-    EXPECT_FALSE(refused.clip(1).IsDirty()) << row.what;
-    EXPECT_FALSE(refused.tab.controls.switches.any()) << row.what;
-    EXPECT_EQ(refused.host.look().find("sample"), std::string::npos) << row.what;
+    row.control(refused);
+    EXPECT_FALSE(refused.clip(1).IsDirty() || refused.tab.controls.switches.any()) << row.act;
+    EXPECT_EQ(refused.host.look().find("sample"), std::string::npos) << row.act;
   }
 }
 
@@ -118,8 +96,7 @@ TEST(EffectTab, KeyframesComeAndGoWithTheirEffect) {
   moveEffectLevel(b.editing, b.tab, b.host, EffectLevel::MotionStrength, 60);
   EXPECT_EQ(b.collection.KeyframeList[b.collection.KeyframeList.count()].Param[0].text(), "60");
   for (const int position : {kColoredPencil, kMotion}) tickEffect(b.editing, b.tab, b.host, position, false);
-  EXPECT_EQ(b.collection.KeyframeList.count(), 0);
-  EXPECT_EQ(b.clip(1).EffectWord(), "");
+  EXPECT_EQ(lineOf(b.collection.KeyframeList.count(), b.clip(1).EffectWord()), "0 ");
 }
 
 TEST(EffectTab, ARightClickConfiguresWhatIsOn) {
@@ -145,20 +122,18 @@ TEST(EffectTab, ARightClickConfiguresWhatIsOn) {
 
 TEST(EffectTab, EasesPanelOpensWithItAndTellsItsValues) {
   EffectBench b;
-  const auto panel = [&] {
-    const auto& end = b.tab.ease.sliders[3];
-    return (b.tab.ease.open ? std::to_string(b.tab.ease.direction) : "closed") + " " + end.heading + " of " +
-           std::to_string(end.Max);
+  const auto panel = [&, &end = b.tab.ease.sliders[3]] {
+    return lineOf(b.tab.ease.open, b.tab.ease.direction, end.heading, "of", end.Max);
   };
   showEaseOpts(b.editing, b.tab, b.host, true);
   EXPECT_FALSE(b.tab.ease.open) << "it is off";
   tickEffect(b.editing, b.tab, b.host, kEase, true);
   moveEase(b.editing, b.tab, b.host, EaseLevel::EndScale, 150);
-  EXPECT_EQ(panel(), "2 Ending magnification - 1.5x of 500");
+  EXPECT_EQ(panel(), "1 2 Ending magnification - 1.5x of 500");
   b.clip(1).ScaleA(9);
   b.clip(1).MoveADirection("UP");
   followTab(b.editing, b.tab, b.host, true);
-  EXPECT_EQ(panel(), "5 Ending magnification - 9.0x of 900")
+  EXPECT_EQ(panel(), "1 5 Ending magnification - 9.0x of 900")
       << "a value of the record's is never out of reach";
   tickEffect(b.editing, b.tab, b.host, kEase, false);
   EXPECT_FALSE(b.tab.ease.open);

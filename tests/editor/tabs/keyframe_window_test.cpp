@@ -5,15 +5,13 @@
 #include "editor/tabs/keyframe_edits.h"
 #include "editor/tabs/tab_bench.h"
 
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
 
-using test::TabBench;
+using test::lineOf;
 
 // A clip of 8 seconds at 25 frames; ColoredPencil is row 8 of the table and switch 14.
-struct KeyframeBench : TabBench {
+struct KeyframeBench : test::TabBench {
   KeyframeWindow window;
   EffectTab tab;
 
@@ -39,19 +37,19 @@ struct KeyframeBench : TabBench {
       all += std::to_string(point.frame) + ":" + ShortText(point.level) + " ";
     return all;
   }
+  void slide(std::size_t slider, int value) { moveKeyframeSlider(editing, window, host, slider, value); }
 };
 
 TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
   KeyframeBench b;
   const auto& w = b.window;
-  EXPECT_EQ(w.effectName + "|" + w.Lbl_Frame + "|" + w.readings[0] + "|" + w.readings[2],
-            "ColoredPencil|Current Frame = 000000 of 000200|30%|10");
+  EXPECT_EQ(lineOf(w.effectName, "|", w.Lbl_Frame, "|", w.readings[0], w.readings[2], w.sliders[0].Value,
+                   w.sliders[2].Value, "|", w.Cmb_ParamColor[3].whyNot, "|", w.whyNoDelete),
+            "ColoredPencil | Current Frame = 000000 of 000200 | 30% 10 30 10 | This effect has no texture | "
+            "The first keyframe stays");
   EXPECT_EQ(w.Lst_Keyframes.rows, std::vector<std::string>{"Keyframe No = 0000000"});
-  EXPECT_EQ(std::pair(w.sliders[0].Value, w.sliders[2].Value), std::pair(30, 10)) << "of the table";
   EXPECT_EQ(w.colours.at(static_cast<std::size_t>(w.Cmb_ParamColor[0].chosen)), "BLUEVIOLET");
   EXPECT_EQ(w.Cmb_ParamColor[1].chosen, 0) << "a colour that the list does not have";
-  EXPECT_EQ(w.Cmb_ParamColor[3].whyNot + "|" + w.whyNoDelete,
-            "This effect has no texture|The first keyframe stays");
   EXPECT_EQ(b.settings.state.KeyframeMode, kFlagOn);
   SuspendKeyframeForm(b.editing, b.window);
   EXPECT_EQ(b.settings.state.KeyframeMode, 0);
@@ -72,59 +70,52 @@ TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
 
 TEST(KeyframeWindow, KeyframesAreAddedChosenAndDeleted) {
   KeyframeBench b;
-  struct Row {
-    const char* what;
-    std::function<void()> act;
-    const char* frames;
-    int index;  // in the order that they came
-    const char* asked;
+  // The keyframes, which of them is chosen in the order that they came, what is asked.
+  const auto state = [&] {
+    return lineOf(b.frames() + "|", b.window.Lst_Keyframes.ListIndex, b.host.look());
   };
-  for (const auto& row :
-       {Row{"with two the level begins at nothing or all", [&] { b.add(100); }, "0:0 100:0 ", 1,
-            "edit New keyframe 1 0, sample Keyframe 1"},
-        Row{"in the controls, too", [&] { moveKeyframeSlider(b.editing, b.window, b.host, 0, 30); },
-            "0:0 100:0.3 ", 1, "edit Keyframe 1 0, sample Keyframe 1"},
-        Row{"one there", [&] { b.add(100); }, "0:0 100:0.3 ", 1, ""},
-        Row{"between", [&] { b.add(50); }, "0:0 50:0.3 100:0.3 ", 2,
-            "edit New keyframe 1 0, sample Keyframe 1"},
-        Row{"chosen", [&] { chooseKeyframe(b.editing, b.window, b.host, 1); }, "0:0 50:0.3 100:0.3 ", 1,
-            "sample Keyframe 1"},
-        Row{"deleted", [&] { deleteChosenKeyframe(b.editing, b.window, b.host); }, "0:0 50:0.3 ", 0,
-            "edit Delete keyframe 1 0, sample Keyframe 1"},
-        Row{"all", [&] { deleteAllKeyframes(b.editing, b.window, b.host); }, "0:0 ", 0,
-            "edit Delete all keyframes 1 0, sample Keyframe 1"},
-        Row{"the only one stays", [&] { deleteChosenKeyframe(b.editing, b.window, b.host); }, "0:0 ", 0,
-            ""}}) {
-    row.act();
-    EXPECT_EQ(b.frames(), row.frames) << row.what;
-    EXPECT_EQ(b.window.Lst_Keyframes.ListIndex, row.index) << row.what;
-    EXPECT_EQ(b.host.look(), row.asked) << row.what;
-    if (row.what == std::string("chosen")) {
-      EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100);
-    }
-  }
+  b.add(100);
+  EXPECT_EQ(state(), "0:0 100:0 | 1 edit New keyframe 1 0, sample Keyframe 1")
+      << "with two the level begins at nothing or all";
+  b.slide(0, 30);
+  EXPECT_EQ(state(), "0:0 100:0.3 | 1 edit Keyframe 1 0, sample Keyframe 1") << "in the controls, too";
+  b.add(100);
+  EXPECT_EQ(state(), "0:0 100:0.3 | 1 ") << "there is one";
+  b.add(50);
+  EXPECT_EQ(state(), "0:0 50:0.3 100:0.3 | 2 edit New keyframe 1 0, sample Keyframe 1");
+  chooseKeyframe(b.editing, b.window, b.host, 1);
+  EXPECT_EQ(state(), "0:0 50:0.3 100:0.3 | 1 sample Keyframe 1");
+  EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100);
+  deleteChosenKeyframe(b.editing, b.window, b.host);
+  EXPECT_EQ(state(), "0:0 50:0.3 | 0 edit Delete keyframe 1 0, sample Keyframe 1");
+  deleteAllKeyframes(b.editing, b.window, b.host);
+  EXPECT_EQ(state(), "0:0 | 0 edit Delete all keyframes 1 0, sample Keyframe 1");
+  deleteChosenKeyframe(b.editing, b.window, b.host);
+  EXPECT_EQ(state(), "0:0 | 0 ") << "the only one stays";
   EXPECT_EQ(b.boxes.shown.front().caption, "KVO5 - Duplicate Keyframe warning");
 }
 
 TEST(KeyframeWindow, ControlsWriteTheChosenKeyframe) {
   KeyframeBench b;
   b.add(100);
-  moveKeyframeSlider(b.editing, b.window, b.host, 0, 80);
-  moveKeyframeSlider(b.editing, b.window, b.host, 8, 7);
+  b.slide(0, 80);
+  b.slide(8, 7);
   chooseParamColor(b.editing, b.window, b.host, 2, 1);
   const auto& k = b.collection.KeyframeList[2];
-  EXPECT_EQ(ShortText(k.Transparency) + k.Param[7].text() + k.EC, "807ALICEBLUE");
+  const auto stored = [&] {  // and what the other one keeps
+    return lineOf(k.Transparency, k.Param[7].text(), k.EC, b.collection.KeyframeList[1].Param[7].text());
+  };
+  EXPECT_EQ(stored(), "80 7 ALICEBLUE 0");
   chooseParamColor(b.editing, b.window, b.host, 2, 0);
-  EXPECT_EQ(k.EC, "");
-  EXPECT_EQ(b.collection.KeyframeList[1].Param[7].text(), "0") << "the other one is left alone";
+  EXPECT_EQ(stored(), "80 7  0");
   tickInstantPreview(b.editing, b.window, b.host, false);
   b.host.look();
-  moveKeyframeSlider(b.editing, b.window, b.host, 0, 20);
+  b.slide(0, 20);
   EXPECT_EQ(b.host.look(), "edit Keyframe 1 0") << "no preview but by the box";
 
   removeKeyframes(b.editing, 1, 8);
   followKeyframes(b.editing, b.window);
-  moveKeyframeSlider(b.editing, b.window, b.host, 1, 55);
+  b.slide(1, 55);
   EXPECT_EQ(b.editor.effects.named("ColoredPencil")->Control[0], "55") << "without keyframes the table";
   EXPECT_EQ(b.window.sliders[1].Value, 55);
 }
@@ -153,25 +144,21 @@ TEST(KeyframeWindow, TheSliderGoesFromMarkInToMarkOutAtAnyRate) {
 }
 
 TEST(KeyframeWindow, DiamondsAreDraggedWithinTheClip) {
-  struct Row {
-    int line;
-    Long frame;
-    double level;
-    const char* frames;
-  };
-  for (const auto& row : {Row{1, 120, 0.5, "0:0 50:0.3 120:0.5 "}, Row{1, 900, 2, "0:0 50:0.3 200:1 "},
-                          Row{1, 50, 0.9, "0:0 50:0.3 100:0.9 "},  // is taken
-                          Row{0, 30, 1, "0:1 50:0.3 100:0.3 "},    // the first stays at its frame
-                          Row{2, 150, 0, "0:0 100:0.3 150:0 "}}) {
+  for (const auto& [line, frame, level, frames] :
+       {std::tuple{1, 120, 0.5, "0:0 50:0.3 120:0.5 "},
+        {1, 900, 2, "0:0 50:0.3 200:1 "},
+        {1, 50, 0.9, "0:0 50:0.3 100:0.9 "},  // is taken
+        {0, 30, 1, "0:1 50:0.3 100:0.3 "},    // the first stays at its frame
+        {2, 150, 0, "0:0 100:0.3 150:0 "}}) {
     KeyframeBench b;
     b.add(100);
-    moveKeyframeSlider(b.editing, b.window, b.host, 0, 30);
+    b.slide(0, 30);
     b.add(50);
     b.host.look();
-    dragKeyframe(b.editing, b.window, b.host, row.line, row.frame, row.level);
-    EXPECT_EQ(b.frames(), row.frames);
+    dragKeyframe(b.editing, b.window, b.host, line, frame, level);
+    EXPECT_EQ(b.frames(), frames);
     EXPECT_EQ(b.host.look(), "edit Move keyframe 1 0, sample Keyframe 1");
-    const auto& k = b.collection.KeyframeList[row.line + 1];
+    const auto& k = b.collection.KeyframeList[line + 1];
     EXPECT_EQ(k.Time.number(), k.FrameNo / 25.0);
   }
 }
@@ -180,7 +167,7 @@ TEST(KeyframeWindow, BlursHaveTheirOwnControls) {
   KeyframeBench blur(43);
   EXPECT_EQ(blur.window.controls, KeyframeControls::Blur);
   EXPECT_EQ(blur.window.sliders[0].Value, 4) << "of the clip";
-  moveKeyframeSlider(blur.editing, blur.window, blur.host, 0, 12);
+  blur.slide(0, 12);
   EXPECT_EQ(blur.clip(1).BlurInt(), 12) << "without keyframes the clip's own";
   blur.add(75);
   EXPECT_EQ(blur.frames(), "75:0.12 ");
@@ -188,11 +175,10 @@ TEST(KeyframeWindow, BlursHaveTheirOwnControls) {
   KeyframeBench motion(44);
   EXPECT_EQ(motion.window.controls, KeyframeControls::MotionBlur);
   EXPECT_EQ(motion.window.sliders[0].Value * 1000 + motion.window.sliders[1].Value, 14020);
-  moveKeyframeSlider(motion.editing, motion.window, motion.host, 1, 90);
+  motion.slide(1, 90);
   tickMblurAddative(motion.editing, motion.window, motion.host, true);
   const auto& k = motion.collection.KeyframeList[1];
-  EXPECT_EQ(k.Param[1].text() + "|" + k.Param[2].text(), "90|1");
-  EXPECT_TRUE(motion.window.Chk_MblurAddative);
+  EXPECT_EQ(lineOf(k.Param[1].text(), k.Param[2].text(), motion.window.Chk_MblurAddative), "90 1 1");
 }
 
 TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
@@ -200,10 +186,9 @@ TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
   b.add(150);
   b.clip(1).LoopEnd(Value(4));
   followKeyframes(b.editing, b.window);
-  EXPECT_EQ(b.window.Lst_Keyframes.rows.at(1), "IGNORED - Point after Mark Out - Keyframe No = 0000150");
-  EXPECT_TRUE(b.window.ignored.at(1));
-  EXPECT_EQ(b.frames(), "0:0 ");
-  EXPECT_EQ(b.window.Sld_FramePosMaster.Value, 100) << "it stays within the marks";
+  EXPECT_EQ(lineOf(b.window.Lst_Keyframes.rows.at(1), b.window.ignored.at(1), b.frames() + "|",
+                   b.window.Sld_FramePosMaster.Value),
+            "IGNORED - Point after Mark Out - Keyframe No = 0000150 1 0:0 | 100");
   b.collection.MovieList.arrange({2, 3, 1, 4});
   b.collection.icurMov = 3;
   followKeyframes(b.editing, b.window);

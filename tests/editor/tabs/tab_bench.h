@@ -4,8 +4,9 @@
 #include "editor/tabs/tab_host.h"
 #include "support/fakes.h"
 
-#include <string>
-#include <utility>
+#include <functional>
+
+#include <gtest/gtest.h>
 
 namespace kvo::test {
 
@@ -54,9 +55,8 @@ struct TabBench : Bench {
   TabBench() {
     addVideo("a.avi", 0, 8).KeyID(1);
     addVideo("b.mpg", 2, 6).KeyID(2);
-    auto& still = addVideo("photo.jpg", 0, 7);
+    auto& still = addStill("photo.jpg", 7);
     still.KeyID(3);
-    still.IsStill(true);
     still.Resolution("N/A");
     still.DurationTime(Value("N/A"));
     streams.all["/v/photo.jpg"] = {.hasVideo = true, .isStill = true};
@@ -64,7 +64,12 @@ struct TabBench : Bench {
     collection.icurMov = 1;
   }
 
-  Movie& clip(int number) { return collection.MovieList[number]; }
 };
+
+/// A control of a tab set to `choice`, as something to do with its bench.
+template <class Act, class... Choice>
+auto does(Act act, Choice... choice) {
+  return [=](auto& b) { act(b.editing, b.tab, b.host, choice...); };
+}
 
 }  // namespace kvo::test

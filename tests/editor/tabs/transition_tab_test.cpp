@@ -4,12 +4,10 @@
 #include "editor/tabs/tab_bench.h"
 #include "support/memory_store.h"
 
-#include <functional>
-
-#include <gtest/gtest.h>
-
 namespace kvo {
 namespace {
+
+using test::lineOf;
 
 struct TransitionBench : test::Bench {
   TransitionTab tab;
@@ -26,11 +24,12 @@ struct TransitionBench : test::Bench {
     rules.enter();
   }
   Movie& clip(int number = 2) { return collection.MovieList[number]; }
-  void fade(Single tenths) {
-    clip().TransType("Fade");
-    clip().TransIn(tenths);
+  // What the clip has, and what the page shows of it then.
+  void show(const char* name, double tenths) {
+    test::withTransition(clip(), name, tenths);
     rules.show(true);
   }
+  void fade(double tenths) { show("Fade", tenths); }
 };
 
 TEST(TransitionTab, TheListHasTheClipsWithAPicture) {
@@ -48,69 +47,54 @@ TEST(TransitionTab, TheListHasTheClipsWithAPicture) {
 }
 
 TEST(TransitionTab, AChosenClipIsHeldWithinItsLimit) {
-  struct Row {
-    const char* name;
-    int number;
-    double length;
-    Single wanted;
-    const char* held;  // and the slider's end
-  };
-  for (const auto& row : {Row{"fits", 2, 4, 15, "Fade 15 of 40"}, Row{"too long", 2, 4, 90, "Fade 40 of 40"},
-                          Row{"the first clip: half of it", 1, 5, 90, "Fade 25 of 25"}}) {
+  for (const auto& [number, length, wanted, held] :  // and the slider's end
+       {std::tuple{2, 4, 15, "Fade 15 of 40"}, {2, 4, 90, "Fade 40 of 40"}, {1, 5, 90, "Fade 25 of 25"}}) {
     TransitionBench b;
-    auto& clip = b.clip(row.number);
-    clip.LoopEnd(Value(row.length));
-    clip.TransType("Fade");
-    clip.TransIn(row.wanted);
-    clip.IsDirty(false);
-    b.collection.icurMov = row.number;
+    auto& clip = b.clip(number);
+    clip.LoopEnd(Value(length));
+    test::withTransition(clip, "Fade", wanted).IsDirty(false);
+    b.collection.icurMov = number;
     b.rules.show(true);
-    EXPECT_EQ(clip.TransType() + " " + ShortText(clip.TransIn()) + " of " + std::to_string(b.tab.Sld_InMax),
-              row.held)
-        << row.name;
-    EXPECT_FALSE(clip.IsDirty() || !b.boxes.shown.empty()) << row.name;
+    EXPECT_EQ(lineOf(clip.TransType(), clip.TransIn(), "of", b.tab.Sld_InMax), held);
+    EXPECT_FALSE(clip.IsDirty() || !b.boxes.shown.empty()) << held;
   }
   TransitionBench b;
   b.fade(15);
   b.clip().LoopEnd(Value(0.1));
   for (const bool rebuild : {true, true, false}) b.rules.show(rebuild);
-  EXPECT_EQ(b.clip().TransType() + ShortText(b.clip().TransIn()), "CUT0");
-  ASSERT_EQ(b.boxes.shown.size(), 1U) << "not for each change that is heard of";
-  EXPECT_EQ(b.boxes.shown.at(0).caption + "|" + b.boxes.shown.at(0).text,
-            "KVO - Transition warning|This clip or the previous clip is too short to apply a transition to");
+  const auto& warning = b.boxes.shown.at(0);
+  EXPECT_EQ(lineOf(b.clip().TransType(), b.clip().TransIn(), warning.caption, "|", warning.text),
+            "CUT 0 KVO - Transition warning | This clip or the previous clip is too short to apply a "
+            "transition to");
+  EXPECT_EQ(b.boxes.shown.size(), 1U) << "not for each change that is heard of";
 }
 
 TEST(TransitionTab, WhatCannotBeChosenSaysWhy) {
   const std::string kShort = "This clip or the previous clip is too short to apply a transition to";
-  const struct {
-    const char* name;
-    std::function<void(TransitionBench&)> before;
-    TransitionPane pane;
-    std::string why;  // no transition, no tiles; what stands in their place
-  } rows[] = {
-      {"a transition", [](auto& b) { b.fade(15); }, TransitionPane::Tiles, "||"},
-      {"its particles",
-       [](auto& b) {
-         b.rules.pick("Shatter In");
-         b.rules.openParticles(true);
-       },
-       TransitionPane::Particles, "|Click Transition first|"},
-      {"a cut", [](auto& b) { b.rules.chooseCut(true); }, TransitionPane::Hint,
-       "|Click Transition first|The clip follows without a transition.\nClick Transition to choose one."},
-      {"too short", [](auto& b) { b.clip().LoopEnd(Value(0.1)); }, TransitionPane::Hint,
-       kShort + "|" + kShort + "|" + kShort},
-      {"none chosen", [](auto& b) { b.collection.icurMov = 0; }, TransitionPane::Hint,
-       "Choose a clip first|Choose a clip first|Choose a clip at the left"},
-      {"no clips", [](auto& b) { b.collection.clearLists(); }, TransitionPane::Hint,
-       "Choose a clip first|Choose a clip first|Drop clips or stills on the timeline first"}};
-  for (const auto& row : rows) {
+  const std::pair<std::function<void(TransitionBench&)>, std::string> rows[] = {
+      // The pane that is seen; why no transition, why no tiles, and what stands in their place.
+      {[](auto& b) { b.fade(15); }, "tiles||"},
+      {[](auto& b) { b.rules.pick("Shatter In"), b.rules.openParticles(true); },
+       "particles||Click Transition first"},
+      {[](auto& b) { b.rules.chooseCut(true); },
+       "hint||Click Transition first|The clip follows without a transition.\nClick Transition to choose "
+       "one."},
+      {[](auto& b) { b.clip().LoopEnd(Value(0.1)); }, "hint|" + kShort + "|" + kShort + "|" + kShort},
+      {[](auto& b) { b.collection.icurMov = 0; },
+       "hint|Choose a clip first|Choose a clip first|Choose a clip at the left"},
+      {[](auto& b) { b.collection.clearLists(); },
+       "hint|Choose a clip first|Choose a clip first|Drop clips or stills on the timeline first"}};
+  for (const auto& [before, expected] : rows) {
     TransitionBench b;
     b.fade(15);
-    row.before(b);
+    before(b);
     b.rules.show(true);
-    EXPECT_EQ(paneOf(b.tab), row.pane) << row.name;
-    const auto hint = row.pane == TransitionPane::Hint ? hintOf(b.tab) : "";
-    EXPECT_EQ(b.tab.whyNone + "|" + whyNoTiles(b.tab) + "|" + hint, row.why) << row.name;
+    const auto pane = paneOf(b.tab);
+    const auto why = "|" + b.tab.whyNone + "|" + whyNoTiles(b.tab);
+    EXPECT_EQ(pane == TransitionPane::Hint        ? "hint" + why + "|" + hintOf(b.tab)
+              : pane == TransitionPane::Particles ? "particles" + why
+                                                  : "tiles" + why,
+              expected);
   }
 }
 
@@ -131,93 +115,77 @@ TEST(TransitionTab, TheCaptionsTellTheLength) {
   EXPECT_TRUE(b.boxes.shown.empty()) << "while it is dragged";
   b.rules.letGo();
   b.rules.letGo();
-  ASSERT_EQ(b.boxes.shown.size(), 1U) << "once for a clip and a length";
-  EXPECT_EQ(b.boxes.shown.at(0).caption, "KVO - Short Transition duration");
-  EXPECT_EQ(b.tab.panel.Fra_FadDur, "Transition Duration - ( Duration is very Short! )");
+  EXPECT_EQ(lineOf(b.boxes.shown.size(), b.boxes.shown.at(0).caption, "|", b.tab.panel.Fra_FadDur),
+            "1 KVO - Short Transition duration | Transition Duration - ( Duration is very Short! )")
+      << "once for a clip and a length";
   EXPECT_EQ(b.host.look(), "edit Transition length 2 98, sample Transition 2, edit Transition length 2 98");
 }
 
 // Each control of the page, and what it leaves in the record.
 TEST(TransitionTab, EachControlWritesItsField) {
-  const auto kind = [](const Movie& m) { return m.TransType() + " " + ShortText(m.TransIn()); };
-  const auto extras = [](const Movie& m) {
-    return m.ExtraParamName1() + "=" + m.ExtraParamValue1() + " " + m.ExtraParamName2() + "=" +
-           m.ExtraParamValue2();
-  };
-  const auto border = [](const Movie& m) {
-    return std::to_string(m.BorderWidth()) + " " + ShortText(m.BorderSoftness()) + " " +
-           m.BorderColor().text() + " " + std::to_string(m.ReplicateX()) + " " +
-           std::to_string(m.ReplicateY());
-  };
-  const auto mask = [](const Movie& m) { return m.MaskName(); };
-  struct Row {
-    const char* name;
+  const struct {
     const char* before;  // over 1.5 seconds; a cut over none
     std::function<void(TransitionRules&)> act;
-    std::function<std::string(const Movie&)> field;
     const char* after;
+  } rows[] = {
+      {"CUT", [](auto& r) { r.pick("Barn"); }, "Barn 20 | = ="},
+      {"Fade", [](auto& r) { r.pick("Barn"); }, "Barn 15 | = ="},
+      {"Fade", [](auto& r) { r.chooseCut(true); }, "CUT 15 | = ="},
+      {"CUT", [](auto& r) { r.chooseCut(false); }, "Dissolve 20 | = ="},
+      {"Fade", [](auto& r) { r.pickNext(-1); }, "Dissolve 15 | = ="},
+      {"Fade", [](auto& r) { r.pickNext(99); }, "Filled V Up 15 | = ="},  // past the end
+      {"CUT", [](auto& r) { r.moveDuration(33); }, "CUT 0 | = ="},
+      {"Fade", [](auto& r) { r.moveDuration(99); }, "Fade 40 | = ="},
+      {"Curtains", [](auto& r) { r.moveDuration(9); }, "Curtains 9 | = ="},  // not on offer, but served
+      {"Blinds", [](auto& r) { r.typeFirstOption("12"); }, "Blinds 15 | bands=12 ="},
+      {"Blinds", [](auto& r) { r.typeFirstOption("1x"); }, "Blinds 15 | = ="},
+      {"Blinds", [](auto& r) { r.typeFirstOption("123456"); }, "Blinds 15 | = ="},
+      {"Blinds", [](auto& r) { r.chooseSecondOption("Up"); }, "Blinds 15 | = Direction=Up"},
+      {"Blinds", [](auto& r) { r.chooseSecondOption("hide"); }, "Blinds 15 | = ="},
+      {"Blinds", [](auto& r) { r.chooseSecondOption("Up"), r.pick("Slide"); }, "Slide 15 | = ="},
   };
-  for (const auto& row : {
-           Row{"a tile", "CUT", [](auto& r) { r.pick("Barn"); }, kind, "Barn 20"},
-           Row{"another tile", "Fade", [](auto& r) { r.pick("Barn"); }, kind, "Barn 15"},
-           Row{"the switch to Cut", "Fade", [](auto& r) { r.chooseCut(true); }, kind, "CUT 15"},
-           Row{"the switch back", "CUT", [](auto& r) { r.chooseCut(false); }, kind, "Dissolve 20"},
-           Row{"an arrow", "Fade", [](auto& r) { r.pickNext(-1); }, kind, "Dissolve 15"},
-           Row{"an arrow past the end", "Fade", [](auto& r) { r.pickNext(99); }, kind, "Filled V Up 15"},
-           Row{"the length of a cut", "CUT", [](auto& r) { r.moveDuration(33); }, kind, "CUT 0"},
-           Row{"the length past its limit", "Fade", [](auto& r) { r.moveDuration(99); }, kind, "Fade 40"},
-           Row{"not on offer, but served", "Curtains", [](auto& r) { r.moveDuration(9); }, kind,
-               "Curtains 9"},
-           Row{"digits", "Blinds", [](auto& r) { r.typeFirstOption("12"); }, extras, "bands=12 ="},
-           Row{"no digits", "Blinds", [](auto& r) { r.typeFirstOption("1x"); }, extras, "= ="},
-           Row{"six digits", "Blinds", [](auto& r) { r.typeFirstOption("123456"); }, extras, "= ="},
-           Row{"a direction", "Blinds", [](auto& r) { r.chooseSecondOption("Up"); }, extras,
-               "= Direction=Up"},
-           Row{"no direction", "Blinds", [](auto& r) { r.chooseSecondOption("hide"); }, extras, "= ="},
-           Row{"options of the one before", "Blinds",
-               [](auto& r) { r.chooseSecondOption("Up"), r.pick("Slide"); }, extras, "= ="},
-           Row{"border", "Heart",
-               [](auto& r) {
-                 r.changeBorder({300, -1, 0xFF8000, 0, 4, false});
-               },
-               border, "255 0 #FF8000 1 4"},
-           Row{"a mask", "Heart", [](auto& r) { r.chooseMask("/m/x.jpg"); }, mask, "/m/x.jpg"},
-       }) {
+  for (const auto& row : rows) {
     TransitionBench b;
-    b.clip().TransType(row.before);
-    b.clip().TransIn(b.clip().TransType() == "CUT" ? 0 : 15);
-    b.rules.show(true);
+    b.show(row.before, std::string("CUT") == row.before ? 0 : 15);
     row.act(b.rules);
-    EXPECT_EQ(row.field(b.clip()), row.after) << row.name;
+    const auto& m = b.clip();
+    EXPECT_EQ(lineOf(m.TransType(), m.TransIn(), "|", m.ExtraParamName1() + "=" + m.ExtraParamValue1(),
+                     m.ExtraParamName2() + "=" + m.ExtraParamValue2()),
+              row.after)
+        << row.before;
   }
+  TransitionBench b;
+  b.show("Heart", 15);
+  b.rules.changeBorder({300, -1, 0xFF8000, 0, 4, false});
+  b.rules.chooseMask("/m/x.jpg");
+  const auto& m = b.clip();
+  EXPECT_EQ(lineOf(m.BorderWidth(), m.BorderSoftness(), m.BorderColor().text(), m.ReplicateX(),
+                   m.ReplicateY(), m.MaskName()),
+            "255 0 #FF8000 1 4 /m/x.jpg");
 }
 
 TEST(TransitionTab, ParticlesAreOptionsOfTheCollection) {
   TransitionBench b;
   for (const auto& [name, shows] : {std::pair{"Whirlwind", true}, {"Shatter Left", false}, {"Fade", false}}) {
-    b.clip().TransType(name);
-    b.clip().TransIn(10);
-    b.rules.show(true);
+    b.show(name, 10);
     EXPECT_EQ(b.tab.panel.Cmd_ParticleOpts, shows) << name;
   }
   b.rules.openParticles(true);
   EXPECT_FALSE(b.tab.particlesOpen) << "a fade has none";
   b.rules.pick("Shatter Left");
-  EXPECT_TRUE(b.tab.panel.Cmd_ParticleOpts);
+  const bool offered = b.tab.panel.Cmd_ParticleOpts;
   b.rules.openParticles(true);
-  EXPECT_TRUE(b.tab.particlesOpen);
-  EXPECT_EQ(b.clip().TransType(), "Shatter Left");
-  const auto kept = [&] {
-    const auto& p = b.settings.preferences();
-    return std::tuple(p.UseParticleDefaults, p.MaxParticles, p.ParticleMotionSpeed, p.ParticleSpinSpeed,
-                      p.PartExponentialProgressDuration, p.PartExponentialProgressScale);
+  EXPECT_EQ(lineOf(offered, b.tab.particlesOpen, b.clip().TransType()), "1 1 Shatter Left");
+  const auto kept = [&, &p = b.settings.preferences()] {
+    return lineOf(p.UseParticleDefaults, p.MaxParticles, p.ParticleMotionSpeed, p.ParticleSpinSpeed,
+                  p.PartExponentialProgressDuration, p.PartExponentialProgressScale);
   };
   b.rules.changeParticles({false, 300, 20, 55, 4, 5});
-  EXPECT_EQ(kept(), std::tuple(false, 300, 20, 5, 0.4F, 0.5F));
+  EXPECT_EQ(kept(), "0 300 20 5 0.4 0.5");
   auto defaults = b.tab.particles;
   defaults.Chk_UseParticleDefaults = true;
   b.rules.changeParticles(defaults);
-  EXPECT_EQ(kept(), std::tuple(true, 300, 20, 5, 0.0F, 0.3F));
+  EXPECT_EQ(kept(), "1 300 20 5 0 0.3");
 }
 
 TEST(TransitionTab, ASampleIsShownForWhatLooksOtherwise) {
@@ -238,9 +206,7 @@ TEST(TransitionTab, ASampleIsShownForWhatLooksOtherwise) {
   b.rules.pick("Fade");
   b.rules.moveDuration(30);
   b.rules.chooseCut(true);
-  EXPECT_EQ(b.tab.panel.selected + (b.tab.panel.listVisible ? " in the list, " : ", ") +
-                std::to_string(b.tab.Sld_In),
-            "Barn in the list, 5")
+  EXPECT_EQ(lineOf(b.tab.panel.selected, b.tab.panel.listVisible, b.tab.Sld_In), "Barn 1 5")
       << "what is refused shows the record";
 }
 

@@ -55,12 +55,15 @@ struct TimelineBench : Bench, TimelineActs {
     hand.move(to, held);
   }
 
-  void note(const std::string& what) { told += (told.empty() ? "" : ", ") + what; }
-  void note(const char* what, int clip) { note(std::string(what) + " " + std::to_string(clip)); }
-  void note(const char* what, int clip, double value) {
-    note(std::string(what) + " " + std::to_string(clip) + " " + ShortText(value));
+  template <class... Numbers>
+  void note(std::string what, Numbers... numbers) {
+    ((what += " " + ShortText(static_cast<double>(numbers))), ...);
+    told += (told.empty() ? "" : ", ") + what;
   }
-  void changed() {
+  /// The desk makes a change, and shows what has become of it.
+  template <class... Numbers>
+  void change(const char* what, int clip, Numbers... numbers) {
+    note(what, clip, numbers...);
     ++changes;
     show();
   }
@@ -69,34 +72,28 @@ struct TimelineBench : Bench, TimelineActs {
 
   void select(int clip) override { note("select", clip); }
   void moveTo(int clip, int before) override {
-    note("move", clip, before);
     std::vector<int> order(static_cast<std::size_t>(collection.MovieList.count()));
     std::iota(order.begin(), order.end(), 1);
     const auto from = order.begin() + (clip - 1);
     const auto to = order.begin() + (before - 1);
     from < to ? std::rotate(from, from + 1, to) : std::rotate(to, from, from + 1);
     collection.MovieList.arrange(order);
-    changed();
+    change("move", clip, before);
   }
   void setMark(const MarkGesture& mark) override {
     writeMark(collection.MovieList[mark.clip], mark);
-    note("mark", mark.clip);
-    changed();
+    change("mark", mark.clip);
   }
   void setTransIn(const TransInGesture& transition) override {
     writeTransIn(collection.MovieList[transition.clip], transition);
-    note("transition", transition.clip, transition.tenths);
-    changed();
+    change("transition", transition.clip, transition.tenths);
   }
   void setFade(const FadeGesture& fade) override {
     writeFade(collection.MovieList[fade.clip], fade);
-    note("fade", fade.clip, fade.tenths);
-    changed();
+    change("fade", fade.clip, fade.tenths);
   }
-  void seek(double seconds) override { note("seek " + ShortText(seconds)); }
-  void setRange(const TimelineRange& range) override {
-    note("range " + ShortText(range.from) + " " + ShortText(range.to));
-  }
+  void seek(double seconds) override { note("seek", seconds); }
+  void setRange(const TimelineRange& range) override { note("range", range.from, range.to); }
   void showFrame(int clip, double seconds) override { note("frame", clip, seconds); }
   void endFrame() override { note("frame ends"); }
   void insertFiles(const std::vector<std::string>& files, int before) override {

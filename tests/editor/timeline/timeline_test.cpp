@@ -12,53 +12,50 @@ namespace {
 
 using test::TimelineBench;
 
-TEST(TimelineBlocks, LieWhereACompilePutsThem) {
-  TimelineBench b;
-  b.holiday();
-  compileText(b.editing);
-  const auto& blocks = b.state.blocks;
-  ASSERT_EQ(blocks.clips.size() + blocks.music.size(), 4U);
+struct Timeline : testing::Test, TimelineBench {};
+
+TEST_F(Timeline, LieWhereACompilePutsThem) {
+  holiday();
+  compileText(editing);
+  const auto& blocks = state.blocks;
   for (int i = 1; i <= 4; ++i) {
-    const auto& record = b.collection.MovieList[i];
     ASSERT_NE(blocks.of(i), nullptr) << i;
-    EXPECT_DOUBLE_EQ(blocks.of(i)->start, record.TimeLineStart().number()) << i;
-    EXPECT_DOUBLE_EQ(blocks.of(i)->stop, record.TimeLineStop().number()) << i;
+    EXPECT_DOUBLE_EQ(blocks.of(i)->start, collection.MovieList[i].TimeLineStart().number()) << i;
+    EXPECT_DOUBLE_EQ(blocks.of(i)->stop, collection.MovieList[i].TimeLineStop().number()) << i;
   }
   EXPECT_TRUE(blocks.music[0].isTrimmed);
   EXPECT_DOUBLE_EQ(blocks.videoEnd, 19.4);
 }
 
-TEST(TimelineBlocks, MusicRunsPastTheVideoWhereItIsNotTrimmed) {
-  TimelineBench b;
-  b.holiday();
-  b.music("more.wav", 5);
-  EXPECT_EQ(b.state.blocks.leftOut, 0);
-  b.show();
-  EXPECT_EQ(b.state.blocks.leftOut, 1);  // the video is covered
-  b.settings.adjust().AutoTrimAudio = false;
-  b.show();
-  EXPECT_DOUBLE_EQ(b.state.blocks.musicEnd, 158);
-  b.settings.change().ExternalAudioStack = false;
-  b.show();
-  EXPECT_EQ(b.state.blocks.lanes, 2);
-  EXPECT_DOUBLE_EQ(b.state.blocks.of(5)->start, 0);
+TEST_F(Timeline, MusicRunsPastTheVideoWhereItIsNotTrimmed) {
+  holiday();
+  music("more.wav", 5);
+  EXPECT_EQ(state.blocks.leftOut, 0);
+  show();
+  EXPECT_EQ(state.blocks.leftOut, 1);  // the video is covered
+  settings.adjust().AutoTrimAudio = false;
+  show();
+  EXPECT_DOUBLE_EQ(state.blocks.musicEnd, 158);
+  settings.change().ExternalAudioStack = false;
+  show();
+  EXPECT_EQ(state.blocks.lanes, 2);
+  EXPECT_DOUBLE_EQ(state.blocks.of(5)->start, 0);
 }
 
-TEST(TimelineBlocks, AreSpokenOf) {
-  TimelineBench b;
-  b.holiday();
-  b.collection.MovieList[3].KeyID(7);
-  b.collection.MovieList[3].Sepia(true);
-  b.collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2}));
+TEST_F(Timeline, AreSpokenOf) {
+  holiday();
+  collection.MovieList[3].KeyID(7);
+  collection.MovieList[3].Sepia(true);
+  collection.MovieList[1].HasPicInPic(picInPicText({.overlayClip = 2}));
   std::string spoken;
   for (const double second : {0.0, 2.0}) {
-    auto& keyframe = b.collection.KeyframeList.add({});
+    auto& keyframe = collection.KeyframeList.add({});
     keyframe.ClipName = 7;
     keyframe.Time = Value(second);
-    b.show();
-    spoken += spokenName(*b.state.blocks.of(3), false) + "\n";
+    show();
+    spoken += spokenName(*state.blocks.of(3), false) + "\n";
   }
-  for (const int clip : {1, 2, 4}) spoken += spokenName(*b.state.blocks.of(clip), clip == 4) + "\n";
+  for (const int clip : {1, 2, 4}) spoken += spokenName(*state.blocks.of(clip), clip == 4) + "\n";
   EXPECT_EQ(spoken,
             "Clip 3, sailing.avi, 7.0 seconds, colors set\n"
             "Clip 3, sailing.avi, 7.0 seconds, 2 keyframes, colors set\n"
@@ -86,42 +83,30 @@ TEST(TimelineSight, ZoomKeepsWhatIsUnderThePointerWithinItsLimits) {
 }
 
 TEST(TimelineSight, TicksAreReadableAtEveryScale) {
-  const struct {
-    double scale, from;
-    const char* texts;  // of the first two large ones
-  } rows[] = {{20, 0, "00:00 00:05"},
-              {200, 0.2, "00:00.0 00:00.5"},
-              {4, 60, "01:00 01:30"},
-              {4, 3590, "59:30 1:00:00"},
-              {0.1, 0, "00:00 30:00"}};
-  for (const auto& row : rows) {
+  using Row = std::tuple<double, double, const char*>;  // with the texts of the first two large ones
+  for (const auto& [scale, from, texts] :
+       {Row{20, 0, "00:00 00:05"}, Row{200, 0.2, "00:00.0 00:00.5"}, Row{4, 60, "01:00 01:30"},
+        Row{4, 3590, "59:30 1:00:00"}, Row{0.1, 0, "00:00 30:00"}}) {
     TimelineSight sight;
-    sight.scale = row.scale;
-    sight.from = row.from;
+    sight.scale = scale;
+    sight.from = from;
     auto ticks = rulerTicks(sight);
     std::erase_if(ticks, [](const auto& tick) { return tick.text.empty(); });
-    ASSERT_GE(ticks.size(), 2U) << row.texts;
-    EXPECT_EQ(ticks[0].text + " " + ticks[1].text, row.texts);
-    EXPECT_GE(ticks[1].x - ticks[0].x, 80) << row.texts;
+    ASSERT_GE(ticks.size(), 2U) << texts;
+    EXPECT_EQ(ticks[0].text + " " + ticks[1].text, texts);
+    EXPECT_GE(ticks[1].x - ticks[0].x, 80) << texts;
   }
 }
 
-TEST(TimelineHit, EachPartIsFoundAtItsPlace) {
-  TimelineBench b;
-  b.holiday();
-  const auto bands = bandsOf(b.state.sight, 1);
-  const double title = bands.clips.y + 8;
-  const double middle = bands.pictures.y + 30;
-  const double sound = bands.sound.y + 8;
-  const double music = bands.music.y + 13;
+TEST_F(Timeline, EachPartIsFoundAtItsPlace) {
+  holiday();
+  const auto bands = bandsOf(state.sight, 1);
+  const double title = bands.clips.y + 8, middle = bands.pictures.y + 30;
+  const double sound = bands.sound.y + 8, music = bands.music.y + 13;
   TimelineMarks marks{.clip = 3, .playhead = 9, .range = TimelineRange{2, 12}};
-  struct Row {
-    double x, y;
-    TimelinePart part;
-    int clip;
-  };
-  const auto x = [&](double seconds) { return b.state.sight.xOf(seconds); };
-  for (const auto& row :
+  using Row = std::tuple<double, double, TimelinePart, int>;
+  const auto x = [&](double seconds) { return state.sight.xOf(seconds); };
+  for (const auto& [atX, atY, part, clip] :
        {Row{x(2.5), middle, TimelinePart::Clip, 1}, Row{x(0) + 3, middle, TimelinePart::MarkIn, 1},
         Row{x(5), middle, TimelinePart::Wedge, 2}, Row{x(6) + 4, middle, TimelinePart::WedgeEnd, 2},
         Row{x(12.4) - 14, title, TimelinePart::Effects, 2},
@@ -132,70 +117,78 @@ TEST(TimelineHit, EachPartIsFoundAtItsPlace) {
         Row{x(5), 10, TimelinePart::Ruler, 0}, Row{x(9) + 5, 15, TimelinePart::Playhead, 0},
         Row{x(12) - 8, 5, TimelinePart::RangeTo, 0}, Row{x(25), middle, TimelinePart::Nothing, 0},
         Row{40, middle, TimelinePart::Nothing, 0}}) {
-    const auto hit = hitAt(b.state.blocks, b.state.sight, marks, {row.x, row.y});
-    EXPECT_EQ(static_cast<int>(hit.part), static_cast<int>(row.part)) << row.x << " " << row.y;
-    EXPECT_EQ(hit.clip, row.clip) << row.x << " " << row.y;
+    const auto hit = hitAt(state.blocks, state.sight, marks, {atX, atY});
+    EXPECT_EQ(static_cast<int>(hit.part), static_cast<int>(part)) << atX << " " << atY;
+    EXPECT_EQ(hit.clip, clip) << atX << " " << atY;
   }
 }
 
-void choose(TimelineBench& b, int clip, const char* transition, double tenths) {
-  b.collection.icurMov = clip;
-  b.editor.controls.Sld_In.Value = tenths;
-  TransitionPanel panel{.selected = transition};
-  DoTransition(b.editing, panel, 0);
-}
-
-void fade(TimelineBench& b, int clip, double in, double out) {
-  b.collection.icurMov = clip;
-  AudioFadeControls controls{true, in, out};
-  AdjustAudioTrackFadeObjects(b.editing, controls, true);
-}
+struct StillBehind : TimelineBench {
+  StillBehind() {
+    holiday();
+    auto& still = addVideo("photo.jpg", 0, 0);
+    still.IsStill(true);
+    still.DurationTime("N/A");
+    static_cast<void>(compileText(editing));
+  }
+  void choose(int clip, const char* transition, double tenths) {
+    collection.icurMov = clip;
+    editor.controls.Sld_In.Value = tenths;
+    TransitionPanel panel{.selected = transition};
+    DoTransition(editing, panel, 0);
+  }
+  void fade(int clip, double in, double out) {
+    collection.icurMov = clip;
+    AudioFadeControls controls{true, in, out};
+    AdjustAudioTrackFadeObjects(editing, controls, true);
+  }
+};
 
 TEST(TimelineWrites, TheDocumentIsThatOfTheLists) {
-  struct Row {
-    const char* what;
-    std::function<void(TimelineBench&)> byLists;
-    std::function<void(Collection&)> byHand;
-  };
-  const auto transition = [](const TransInGesture& made) {
-    return [made](Collection& c) { writeTransIn(c.MovieList[made.clip], made); };
-  };
-  const auto fades = [](const FadeGesture& made) {
-    return [made](Collection& c) { writeFade(c.MovieList[made.clip], made); };
-  };
   const StillControls lasts{.milliseconds = 3200, .individually = true, .selectedClip = 5};
-  const MarkGesture ends{5, ClipEdge::Out, 3.2, 0};
-  const Row rows[] = {
-      {"over a cut", [](auto& b) { choose(b, 3, "Dissolve", 15); }, transition({3, 15})},
-      {"the same, longer", [](auto& b) { choose(b, 2, "Dissolve", 30); }, transition({2, 30})},
-      {"no transition", [](auto& b) { choose(b, 2, "", 0); }, transition({2, 0})},
-      {"a fade of music", [](auto& b) { fade(b, 4, 20, 15); }, fades({4, ClipEdge::Out, 15})},
-      {"a fade of a clip", [](auto& b) { fade(b, 1, 5, 0); }, fades({1, ClipEdge::In, 5})},
-      {"how long a still lasts", [&](auto& b) { ApplyStillSettings(b.editing, lasts); },
-       [&](auto& c) { writeMark(c.MovieList[5], ends); }},
+  using Act = std::function<void(StillBehind&)>;
+  const struct {
+    const char* what;
+    Act byLists, byHand;
+  } rows[] = {
+      {"over a cut", [](auto& b) { b.choose(3, "Dissolve", 15); },
+       [](auto& b) {
+         b.setTransIn({3, 15});
+       }},
+      {"longer", [](auto& b) { b.choose(2, "Dissolve", 30); },
+       [](auto& b) {
+         b.setTransIn({2, 30});
+       }},
+      {"no transition", [](auto& b) { b.choose(2, "", 0); },
+       [](auto& b) {
+         b.setTransIn({2, 0});
+       }},
+      {"a fade of music", [](auto& b) { b.fade(4, 20, 15); },
+       [](auto& b) {
+         b.setFade({4, ClipEdge::Out, 15});
+       }},
+      {"a fade of a clip", [](auto& b) { b.fade(1, 5, 0); },
+       [](auto& b) {
+         b.setFade({1, ClipEdge::In, 5});
+       }},
+      {"a still lasts", [&](auto& b) { ApplyStillSettings(b.editing, lasts); },
+       [](auto& b) {
+         b.setMark({5, ClipEdge::Out, 3.2, 0});
+       }},
   };
   for (const auto& row : rows) {
-    TimelineBench lists;
-    TimelineBench hand;
-    for (auto* b : {&lists, &hand}) {
-      b->holiday();
-      auto& still = b->addVideo("photo.jpg", 0, 0);
-      still.IsStill(true);
-      still.DurationTime("N/A");
-    }
+    StillBehind lists, hand;
     const auto before = compileText(hand.editing);
-    static_cast<void>(compileText(lists.editing));
     row.byLists(lists);
-    row.byHand(hand.collection);
+    row.byHand(hand);
     const auto after = compileText(hand.editing);
     EXPECT_NE(after, before) << row.what;
     EXPECT_EQ(after, compileText(lists.editing)) << row.what;
   }
 }
 
-TEST(TimelineWrites, AMarkIsInSecondsAndInPictures) {
-  TimelineBench b;
-  auto& clip = b.video("a.avi", 0, 10, 10.02);
+TEST_F(Timeline, AMarkIsInSecondsAndInPictures) {
+  auto& clip = video("a.avi", 0, 10, 10.02);
   for (const auto& mark : {MarkGesture{1, ClipEdge::In, 2.4, 60}, {1, ClipEdge::Out, 7.2, 180}})
     writeMark(clip, mark);
   const auto marks = [&] {
