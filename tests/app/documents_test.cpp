@@ -67,8 +67,8 @@ TEST(Names, StandAsTheyAreInEveryDocument) {
 
 // Whatever times a record holds: a document that the engine refuses is announced as a fault.
 TEST(Times, ThatTheEngineRefusesAreFaults) {
-  const Value starts[] = {Value(), "", "N/A", "abc", "-5", "3", "4.99999", "1e300", "2e9"};
-  const Value ends[] = {Value(), "", "N/A", "-1", "0.00001", "3", "5", "3e9", "1e300"};
+  const Value starts[] = {Value(), "abc", "-5", "3", "4.99999", "1e300", "2e9"};
+  const Value ends[] = {"", "N/A", "-1", "0.00001", "3", "5", "3e9"};
   int refused = 0;
   for (const auto& start : starts) {
     for (const auto& end : ends) {
