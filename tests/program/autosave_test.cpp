@@ -107,23 +107,26 @@ TEST(Autosave, OffersWhatAnEarlierRunHasLeft) {
 }
 
 TEST(Autosave, NothingPutAsideIsLostAndAFailedWriteIsTriedAgain) {
-  KeptBench b;
-  b.files.all["/prog/Autosave.INI.old"] = "an earlier one";
-  b.files.all[kKept] = "no collection [Autosave]\r\nFile= /x";
-  b.boxes.answers = {Answer::Yes, Answer::Ok};
-  b.autosave.begin();
-  EXPECT_EQ(b.collection.IniFullPath, "/c/Holiday.INI") << "what is damaged is no other collection";
-  EXPECT_EQ(b.files.all["/prog/Autosave.INI.old"], "an earlier one");
-  EXPECT_EQ(b.files.all["/prog/Autosave.INI.old2"], "no collection [Autosave]\r\nFile= /x");
-  EXPECT_FALSE(b.files.exists(kKept));
-  b.look();
-  b.listCommands.rename("Beach");
-  b.files.failedReplaces = 2;
-  b.look();
-  b.look();
-  EXPECT_FALSE(b.files.exists(kKept));
-  b.look();
-  EXPECT_TRUE(holds(b.files.all[kKept], "Beach"));
+  for (const auto& [kept, answer] :
+       {std::pair{"one more", Answer::No}, std::pair{"no collection [Autosave]\r\nFile= /x", Answer::Yes}}) {
+    KeptBench b;
+    b.files.all["/prog/Autosave.INI.old"] = "an earlier one";
+    b.files.all[kKept] = kept;
+    b.boxes.answers = {answer};
+    b.autosave.begin();
+    EXPECT_EQ(b.collection.IniFullPath, "/c/Holiday.INI") << "what is damaged is no other collection";
+    EXPECT_EQ(b.files.all["/prog/Autosave.INI.old"], "an earlier one");
+    EXPECT_EQ(b.files.all["/prog/Autosave.INI.old2"], kept);
+    EXPECT_FALSE(b.files.exists(kKept));
+    b.look();
+    b.listCommands.rename("Beach");
+    b.files.failedReplaces = 2;
+    b.look();
+    b.look();
+    EXPECT_FALSE(b.files.exists(kKept));
+    b.look();
+    EXPECT_TRUE(holds(b.files.all[kKept], "Beach"));
+  }
 }
 
 // Edits fifty times a second, and saves now and then, until the process is killed. What has been done stands

@@ -63,7 +63,6 @@ struct TabBench : Bench {
     addMusic("song.mp3", 0, 20).KeyID(4);
     collection.icurMov = 1;
   }
-
 };
 
 /// A control of a tab set to `choice`, as something to do with its bench.
