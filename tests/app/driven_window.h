@@ -75,9 +75,9 @@ class Window : public testing::Test {
   // Keys that bring the window or the caption `name`, pressed again until it has come: the desktop tells of
   // the window behind it ahead of the program, which hears no key while a clip is loaded.
   static testing::AssertionResult brings(const std::string& keys, const std::string& name) {
-    for (int tries = 0; tries < 10; ++tries) {
+    for (int tries = 0; tries < 20; ++tries) {
       press(keys);
-      if (eventually([&] { return comesNow(name); }, std::chrono::seconds(10))) break;
+      if (eventually([&] { return comesNow(name); }, std::chrono::seconds(5))) break;
     }
     return comes(name);
   }
