@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int kMaxClips = 40;  // more cost time and show nothing new
+constexpr int kEnoughClips = 40;  // more cost time and show nothing new
 
 class AllStreams : public kvo::MediaContents {
  public:
@@ -26,7 +26,7 @@ void kvo::fuzz(std::string_view bytes) {
   b.files.all["/col/a.INI"] = bytes;
   b.file.ReadINI("/col/a.INI", {.mayRewrite = false, .keepMissingClips = true});
   auto& clips = b.collection.MovieList;
-  while (clips.count() > kMaxClips) clips.remove(clips.count());
+  while (clips.count() > kEnoughClips) clips.remove(clips.count());
   const Editing c{b.collection, b.settings, b.editor, streams, b.files, b.boxes, b.folder, b.log, b.clock};
   compileText(c);
   compilePreviewText(c, 1 + static_cast<int>(bytes.size() % 10));
