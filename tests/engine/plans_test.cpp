@@ -129,5 +129,26 @@ TEST(RenderPlan, SaysHowAMovieIsMade) {
   test::expectGolden("render-plans.txt", all);
 }
 
+// Each step has its samples, and all of them together are those of the whole.
+TEST(RenderPlan, StepsHaveAllTheSamples) {
+  auto timeline = timelineOf(track("start=\"0\" stop=\"9\""), track("start=\"0\" stop=\"9\""));
+  for (const auto& rate : {FrameRate(30000, 1001), FrameRate(25), FrameRate(3333, 100)}) {
+    timeline.frameRate = rate;
+    for (const char* name : {"m.avi", "m.wav"}) {
+      for (const auto& slice : {Slice{0, 9}, Slice{1.63, 2.41}}) {
+        const auto plan = *planRender(timeline, {name, slice}, 1);
+        EXPECT_EQ(plan.sampleOf(plan.first), plan.firstSample);
+        EXPECT_EQ(plan.sampleOf(plan.stop), plan.stopSample);
+        for (auto step = plan.first; step < plan.stop; ++step) {
+          const auto count = static_cast<double>(plan.sampleOf(step + 1) - plan.sampleOf(step));
+          const double usual = 44100 / plan.steps.perSecond();
+          EXPECT_LE(count, usual + 1) << name << ", step " << step;
+          EXPECT_GE(count, step + 1 < plan.stop ? usual - 1 : 1) << name << ", step " << step;
+        }
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace kvo::engine::planned

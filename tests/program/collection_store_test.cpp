@@ -284,6 +284,7 @@ TEST(CollectionStore, ALossyLoadKeepsACopyEachTime) {
     texts[part] = replaced(text, part, instead);
   for (const auto& [what, damaged] : texts) {
     const bool lossy = damaged != text;
+    EXPECT_EQ(lossy, !what.empty()) << what << " stands in the text";
     Bench b;
     load(b, damaged);
     EXPECT_EQ(b.files.all["/col/t.INI.old"], lossy ? damaged : "") << what;

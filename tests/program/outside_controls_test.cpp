@@ -144,7 +144,8 @@ TEST(OutsideControls, SetsWhatTheMenusAndKeysSet) {
   b.window.face.raise = false;
   b.outside.raise();
   b.settle();
-  EXPECT_EQ(b.now().volume + b.now().rate, 2.5);
+  EXPECT_EQ(b.now().volume, 0.5);
+  EXPECT_EQ(b.now().rate, 2);
   EXPECT_TRUE(b.window.face.raise);
   b.files.all["/v/new.avi"] = "x";
   b.outside.open("/v/new.avi");

@@ -474,7 +474,7 @@ TEST(MovieRender, FollowsTheOptions) {
                           Row{Avi, 2560, 1440, 50},
                           Row{Mp4, 1080, 1920, 25, "phone"},
                           Row{Mp4, 1440, 1080, 25, "phone"},
-                          Row{Mp4, 4000, 500, 25, "phone"},
+                          Row{Mp4, 3000, 500, 25, "phone"},
                           Row{Mp4, 321, 240, 25},
                           Row{Mp4, 320, 241, 25},
                           Row{Mp4, 1921, 1081, 25, "phone"},

@@ -141,6 +141,7 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
       EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
     }
   }
+  EXPECT_TRUE(b.state.paused);
   const int drawn = b.host.drawn;
   b.loop.advance(1000);
   EXPECT_EQ(b.host.drawn, drawn) << "nothing is drawn while it stands";

@@ -74,6 +74,7 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
                      m.InitialScaleA(), m.EaseDuration(), m.EaseIN(), m.RevolveCamera()),
               row.stored)
         << row.act;
+    EXPECT_LE(std::ranges::count(m.EffectWord(), '1'), 1) << row.act;
     EXPECT_EQ(b.host.look(), lineOf("edit", row.act, "1 0, sample Effect 1"));
     EffectBench refused;
     refused.host.refuses = true;
