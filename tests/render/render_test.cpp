@@ -7,6 +7,8 @@
 #include "support/memory_folders.h"
 #include "support/virtual_loop.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 namespace kvo {
@@ -158,16 +160,28 @@ TEST(BatchFile, QuotesEveryPath) {
       "echo >'/c d/Rendone.txt'\nexit $code\n");
 }
 
-TEST(RenderDriver, AMovieThatStoodIsDoneThoughItWasStopped) {
-  for (const auto& [tells, exitCode] : {std::pair{"nothing", 0}, {"done 63 2.500 1000", 143}}) {
+TEST(RenderDriver, TellsHowARenderEnded) {
+  using Row = std::tuple<bool, int, std::string, EnginePhase, std::string, const char*>;
+  for (const auto& [stop, exitCode, says, phase, failure, tells] :
+       {Row{false, 1, "KVORender: o.avi: File too large", EnginePhase::Failed, "", ""},
+        Row{false, 139, "oops", EnginePhase::Failed, "the render engine ended with code 139", ""},
+        Row{true, 143, "", EnginePhase::Stopped, "", ""},
+        Row{true, 0, "", EnginePhase::Done, "", ""},                         // it had ended already
+        Row{true, 143, "", EnginePhase::Done, "", "done 63 2.500 1000"}}) {  // the movie stood
     Driven d;
     d.run();
-    d.driver.stop();
-    EXPECT_EQ(d.driver.state().phase, EnginePhase::Stopping);
+    if (stop) d.driver.stop();
+    EXPECT_EQ(d.processes.last().stopped, stop);
+    EXPECT_EQ(d.driver.state().phase, stop ? EnginePhase::Stopping : EnginePhase::Running);
+    if (!says.empty()) d.processes.sayError(says);
     d.processes.say(tells);
     d.processes.end(exitCode);
-    EXPECT_EQ(d.driver.state().phase, EnginePhase::Done);
-    EXPECT_TRUE(d.processes.last().stopped && d.driver.state().ended() && d.folders.standing == 0);
+    const auto& state = d.driver.state();
+    EXPECT_EQ(state.phase, phase) << exitCode;
+    EXPECT_EQ(state.failure, failure);
+    EXPECT_EQ(state.engineSays, says.empty() ? std::vector<std::string>{} : std::vector{says});
+    EXPECT_TRUE(state.ended());
+    EXPECT_EQ(d.folders.standing, 0);
   }
 }
 
