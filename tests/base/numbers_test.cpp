@@ -37,6 +37,7 @@ TEST(ShortText, HasNoTrailingZerosAndNoNoise) {
       {-2.5e300, "-2.5E+300"}, {0.00001, "0.00001"}, {1.0 / 3, "0.333333333333333"}, {1e-20, "1E-20"}};
   // clang-format on
   for (const auto& [value, text] : rows) EXPECT_EQ(ShortText(value), text);
+  EXPECT_EQ(ShortText(0.1F), "0.1");
   EXPECT_EQ(ShortText(29.97F) + " " + ShortText(16777216.0F), "29.97 1.677722E+07");
 }
 
@@ -104,7 +105,8 @@ TEST(FrameRate, FramesBeginAtOrBehindTheirTime) {
   EXPECT_EQ(FrameRate(25).frameAt(0.05), 1);
   const FrameRate ntsc(30000, 1001);
   EXPECT_EQ(ntsc.frameFrom(1.0010), 30) << "four decimals are near enough";
-
+  EXPECT_EQ(ntsc.frameFrom(0.0334), 1);
+  EXPECT_EQ(ntsc.unitsAt(30000, 44100), 1001 * 44100);
   EXPECT_EQ(ntsc.unitsAt(1, 44100), 1471) << "1471.47 samples";
   for (const auto& rate : {FrameRate(25), ntsc, FrameRate(24000, 1001), FrameRate(7, 3), FrameRate(1000)}) {
     for (std::int64_t frame = 0; frame < 3000; ++frame) {

@@ -203,6 +203,20 @@ TEST_F(Render, RatesOfTelevisionAreExact) {
   }
 }
 
+TEST_F(Render, HeadersOfWindowsMediaTellTheTrueLength) {
+  const auto source = test::makeCountingVideo(media_, "count.mkv", "25", 100);
+  const auto tone = soundFile("tone.wav", "sine=duration=5");
+  for (const double length : {0.4, 1.0, 3.48}) {
+    const DocumentClip picture{source, 0, length, 0, length};
+    const DocumentClip sound{tone, 0, length, 0, length};
+    for (const auto& [name, text] :
+         {std::pair{"both.wmv", documentOf({picture}, {sound})},
+          std::pair{"picture.wmv", documentOf({picture})}, std::pair{"sound.wma", documentOf({}, {sound})}}) {
+      EXPECT_NEAR(std::stod(test::probed(rendered(text, name), "format=duration")), length, 0.0025) << name;
+    }
+  }
+}
+
 TEST_F(Render, MonoKeepsItsLevel) {
   const auto tone = soundFile("mono.wav", "aevalsrc='0.5*sin(2*PI*300*t)':s=44100:d=2");
   const auto both =

@@ -98,6 +98,7 @@ TEST(Marks, StayWhileKeyframesAreSetAndOnDiscs) {
   ASSERT_EQ(b.boxes.shown.size(), 3U);
   EXPECT_EQ(b.boxes.shown[0].text, "Cannot re-set Mark-In point while setting Keyframes");
   EXPECT_EQ(b.boxes.shown[1].text, "Cannot re-set Mark-Out point while setting Keyframes");
+  EXPECT_EQ(b.boxes.shown[1].caption, "KVO5 - Keyframe Warning");
   b.settings.state.KeyframeMode = 0;
   b.ready("VTS_01_1.VOB");
   b.seek(3);
@@ -152,7 +153,9 @@ TEST(Marks, TakenBackTheyReachThePlayer) {
     EXPECT_EQ(b.control.volume, -600);
     EXPECT_NEAR(b.seconds(), 5, 0.01);
     b.positions.endOfPlayMoved(clip);
-    EXPECT_EQ(b.player.UsingCorona() ? b.graphs.graph->stopTime() : 6, 6);
+    if (b.player.UsingCorona()) {
+      EXPECT_EQ(b.graphs.graph->stopTime(), 6) << name;
+    }
   }
 }
 

@@ -143,6 +143,7 @@ TEST(Levels, ReachThePlayerAsTheRecordHasThem) {
   }
   PositionsBench b("a.avi");
   b.positions.levels.UpdateRateDisp(5);
+  EXPECT_EQ(b.collection.MovieList[1].AudioOutputLevel(), 0.5F);
   EXPECT_EQ(b.noted.edits, std::vector<std::string>{"level of 1"});
   EXPECT_EQ(b.state.level.title + " " + b.state.level.value, "Output Level 0.5");
   b.positions.levels.toggleMute();
@@ -192,10 +193,10 @@ TEST(KeyCommands, DoWhatTheTableSays) {
   for (const int key : {'3', '0', 'x', 'l', 'L', '\t'}) EXPECT_FALSE(b.positions.keys.KeyCommand(key)) << key;
   int panels = 0;
   b.positions.core.doors.remotePanel = [&] { ++panels; };
-  b.positions.keys.KeyCommand('L');
+  EXPECT_TRUE(b.positions.keys.KeyCommand('L'));
   EXPECT_FALSE(b.positions.keys.KeyCommand('l'));
   EXPECT_EQ(panels, 1);
-  b.positions.keys.KeyCommand('m');
+  EXPECT_TRUE(b.positions.keys.KeyCommand('m'));
   EXPECT_TRUE(b.control.mute);
   b.ready();
   b.noted.visible = false;
@@ -242,10 +243,11 @@ TEST(Shuttle, RingAndKeysDriveThePlayer) {
   PositionsBench b("a.avi", {.duration = 100}, 2, 80);
   b.settings.state.ShuttleProInstalled = true;
   const auto press = [&](int code) { return b.positions.keys.KeyCommand(code); };
-  press(80);
+  EXPECT_TRUE(press(80));
   EXPECT_EQ(b.control.rate(), 1.5);
-  press(77);
-  EXPECT_TRUE(b.control.rate() == 1 && b.mode.player.IsPaused);
+  EXPECT_TRUE(press(77));
+  EXPECT_EQ(b.control.rate(), 1);
+  EXPECT_TRUE(b.mode.player.IsPaused);
   b.seek(79);
   press(83);
   b.loop.advance(2000);

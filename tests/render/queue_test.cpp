@@ -47,6 +47,23 @@ TEST(RenderQueueText, IsReadAsItIsWritten) {
   EXPECT_FALSE(readQueue("KVO5 render queue 2\n[job]\nnumber=1\noutput=/a.avi\n"));
 }
 
+TEST(RenderQueueText, IsShownAsRows) {
+  RenderQueue queue;
+  for (const auto state :
+       {JobState::Waiting, JobState::Running, JobState::Paused, JobState::Done, JobState::Failed}) {
+    auto& job = **addJob(queue, "", {.document = "d", .output = "/out/" + std::string(stateWord(state))});
+    job.state = state;
+    job.share = 0.425;
+    if (state == JobState::Failed) job.failure = "disk full";
+  }
+  EXPECT_EQ(queuedRows(queue),
+            (std::vector<QueuedRow>{{1, "waiting", "waiting", "", true, false},
+                                    {2, "running", "43%", "", true, false},
+                                    {3, "paused", "paused", "", false, true},
+                                    {4, "done", "done", "", false, false, false, false, true},
+                                    {5, "failed", "failed", "disk full", false, true, true}}));
+}
+
 TEST(RenderQueueText, IsToldInAFewWords) {
   struct Row {
     std::vector<JobState> jobs;
