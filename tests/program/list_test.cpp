@@ -184,6 +184,7 @@ TEST(ListCommands, WhatIsChosenWhileAnotherClipIsOpenedIsInHand) {
   });
   b.listCommands.select(2);
   EXPECT_EQ(b.collection.icurMov, 4);
+  EXPECT_EQ(b.window.list.ListIndex, 3);
   EXPECT_EQ(b.window.list.chosen, (Numbers{3, 4}));
   bool due = true;
   b.list.whenInHand([&](int /*number*/) {

@@ -22,6 +22,7 @@ TEST(SkinnedFace, ListsAreChosenMovedDroppedOnAndRenamed) {
     view.dropped(what, before);
   };
   press(1, {});
+  EXPECT_EQ(b.window.list.chosen, std::vector{2});
   EXPECT_EQ(view.toolTip(), "Current clip source = /v/b.avi");
   press(3, Qt::ControlModifier);
   EXPECT_EQ(b.window.list.chosen, (std::vector{2, 4}));
