@@ -37,8 +37,8 @@ Outcome copyShippedPictures(Files& files, const ProgramFolder& folder, const std
       const fs::path target = nameInAnyCase(nameInAnyCase(named.parent_path()) / named.filename());
       if (fs::exists(target)) continue;
       if (entry.is_directory()) {
-        fs::create_directory(target);
-        continue;
+        if (auto done = files.copyFolder(entry.path(), target); !done) return done;
+        continue;  // it finds all of them there
       }
       // A copy that was cut short must not be taken for the picture.
       const auto bytes = files.read(entry.path(), kMaxShipped);

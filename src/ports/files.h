@@ -97,6 +97,10 @@ class Files {
   /// Removes a folder with what is in it; one that is missing is no failure.
   virtual Outcome removeFolder(const std::string& path) = 0;
 
+  /// Copies a folder with what is in it, links followed, to a name where nothing is yet; done where there is
+  /// something meanwhile. It comes under that name in one step, when all of it is on the disk.
+  virtual Outcome copyFolder(const std::string& from, const std::string& to) = 0;
+
   /// Holds the name `path` among all that ask for it in this way, in this process and in others; waits for
   /// the one that has it. An empty file of that name is made where there is none, and stays.
   virtual Result<std::unique_ptr<FileLock>> lock(const std::string& path) = 0;

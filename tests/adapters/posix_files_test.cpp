@@ -1,8 +1,10 @@
 #include "adapters/posix/posix_files.h"
 
 #include "adapters/posix/posix_name_locks.h"
+#include "base/paths.h"
 #include "support/real_world.h"
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace kvo {
@@ -55,6 +57,30 @@ TEST_F(PosixFilesTest, OnlyAFolderIsWrittenInto) {
   ::chmod((folder_ / "file").c_str(), 0777);
   EXPECT_TRUE(files_.mayWriteInto(folder_ / ""));
   EXPECT_FALSE(files_.mayWriteInto(folder_ / "file") || files_.mayWriteInto(folder_ / "none"));
+}
+
+TEST_F(PosixFilesTest, AFolderIsCopiedWholeOrNotAtAll) {
+  for (const auto* file : {"from/a", "from/below/b"}) {
+    ASSERT_TRUE(files_.makeFolder(std::string(folderPart(folder_ / file))) &&
+                writeDurably(files_, folder_ / file, file));
+    ::chmod((folder_ / file).c_str(), 0444);
+  }
+  ASSERT_TRUE(files_.makeFolder(folder_ / "to.new") &&
+              writeDurably(files_, folder_ / "to.new/cut short", ""));
+  EXPECT_FALSE(files_.copyFolder(folder_ / "none", folder_ / "to"));
+  EXPECT_EQ(folder_.names(), std::vector<std::string>{"from"});
+  EXPECT_TRUE(files_.copyFolder(folder_ / "from", folder_ / "to"));
+  EXPECT_EQ(folder_.names(), (std::vector<std::string>{"from", "to"}));
+  std::vector<std::string> copied;
+  files_.eachBelow(folder_ / "to", [&](const std::string& path) {
+    copied.push_back(*files_.read(path, 99) + (files_.facts(path)->readOnly ? " read-only" : ""));
+    return true;
+  });
+  std::sort(copied.begin(), copied.end());
+  EXPECT_EQ(copied, (std::vector<std::string>{"from/a", "from/below/b"}));
+  ASSERT_TRUE(writeDurably(files_, folder_ / "to/a", "the user's"));
+  EXPECT_TRUE(files_.copyFolder(folder_ / "from", folder_ / "to"));
+  EXPECT_EQ(*files_.read(folder_ / "to/a", 99), "the user's");
 }
 
 TEST_F(PosixFilesTest, FailuresNameTheFile) {

@@ -94,6 +94,9 @@ class MemoryFiles : public Files {
     std::erase_if(all, [&](const auto& file) { return file.first.starts_with(path + "/"); });
     return {};
   }
+  Outcome copyFolder(const std::string& from, const std::string& /*to*/) override {
+    return Error{"cannot copy " + from + ": no folders in memory"};
+  }
   Result<std::unique_ptr<FileLock>> lock(const std::string& /*path*/) override {
     return std::make_unique<FileLock>();
   }

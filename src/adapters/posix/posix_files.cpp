@@ -1,6 +1,7 @@
 #include "adapters/posix/posix_files.h"
 
 #include "adapters/posix/descriptor.h"
+#include "base/guarded.h"
 #include "base/paths.h"
 #include "ports/read_back.h"
 
@@ -260,6 +261,36 @@ Outcome PosixFiles::removeFolder(const std::string& path) {
   std::filesystem::remove_all(path, failed);
   if (failed) return Error{"cannot remove " + path + ": " + failed.message()};
   return {};
+}
+
+// One wait for the disk for all files: a first start would else spend seconds on hundreds of small ones. The
+// folder that is being filled is held, and cleared of what one has left that was cut short.
+Outcome PosixFiles::copyFolder(const std::string& from, const std::string& to) {
+  namespace fs = std::filesystem;
+  const fs::path scratch = to + ".new";
+  std::error_code failed;
+  fs::create_directory(scratch, failed);
+  const Descriptor held(::open(scratch.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!held.open()) return failure("cannot write", scratch.native());
+  if (::flock(held.get(), LOCK_EX) != 0) return failure("cannot hold", scratch.native());
+  const auto copy = [&]() -> Outcome {
+    if (fs::exists(to)) return {};
+    for (const auto& old : fs::directory_iterator(scratch)) fs::remove_all(old);
+    for (const auto& entry : fs::recursive_directory_iterator(from)) {
+      const auto target = scratch / entry.path().lexically_relative(from);
+      if (entry.is_directory()) {
+        fs::create_directory(target);
+      } else {
+        fs::copy_file(entry.path(), target);
+        fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
+      }
+    }
+    if (::syncfs(held.get()) != 0) return failure("cannot write", to);
+    return rename(scratch.native(), to);
+  };
+  auto done = guarded(copy);
+  fs::remove_all(scratch, failed);
+  return done;
 }
 
 Result<std::unique_ptr<FileLock>> PosixFiles::lock(const std::string& path) {

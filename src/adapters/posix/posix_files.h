@@ -22,6 +22,7 @@ class PosixFiles : public Files {
   [[nodiscard]] bool mayWriteInto(const std::string& folder) const override;
   Outcome makeFolder(const std::string& path) override;
   Outcome removeFolder(const std::string& path) override;
+  Outcome copyFolder(const std::string& from, const std::string& to) override;
   Result<std::unique_ptr<FileLock>> lock(const std::string& path) override;
   [[nodiscard]] bool sameFile(const std::string& a, const std::string& b) const override;
 };
