@@ -54,12 +54,7 @@ TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
             8, 8},
            {"a still has one picture", [&] { b.collection.MovieList[2].IsStill(true); }, 8, 0},
            {"sound is not seen", [&] { b.collection.icurMov = 3; }, -1, -1},
-           {"what failed is told there",
-            [&] {
-              b.collection.icurMov = 1;
-              b.state.failure = "gone";
-            },
-            -1, -1},
+           {"what failed is told there", [&] { b.collection.icurMov = 1, b.state.failure = "gone"; }, -1, -1},
            {"no more", [&] { b.state.failure.clear(); }, -1, 4}}) {
     act();
     b.settle();
