@@ -1,6 +1,6 @@
 #include "editor/compiler/compile.h"
 
-#include "base/file_print.h"
+#include "base/text.h"
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/document_text.h"
 
@@ -74,18 +74,12 @@ std::string videoGroupTag(const OutputForm& o) {
 }
 
 std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks) {
-  const std::string indent(5, ' ');
-  const auto line = [](std::string_view text) { return std::string(text) + "\r\n"; };
-  FilePrint file;
-  file.print(line(tag::kTimeline));
-  if (hasGroup) file.print(indent + texts.VideoGroupText + "\r\n\r\n");
-  file.print(texts.VideoTrackText + "\r\n\r\n");
-  if (hasVideoTime) file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(indent + texts.AudioGroupText + "\r\n\r\n");
-  if (hasAudioTracks) file.print(indent + indent + texts.AudioTrackText + "\r\n\r\n");
-  file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(line(tag::kEndTimeline));
-  return file.bytes();
+  const std::string apart = "\r\n\r\n";
+  tag::GroupText video{.tracks = texts.VideoTrackText + apart, .isClosed = hasVideoTime};
+  if (hasGroup) video.open = texts.VideoGroupText;
+  tag::GroupText audio{.open = texts.AudioGroupText};
+  if (hasAudioTracks) audio.tracks = blanks(10) + texts.AudioTrackText + apart;
+  return tag::document({std::move(video), std::move(audio)}, tag::Spacing::Wide);
 }
 
 void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings, Corrections which) {
