@@ -51,7 +51,7 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   EXPECT_EQ(named.startUp.run({"/c/Trip.INI", "/FULLSC"}, "/"), StartEnd::Run);
   EXPECT_TRUE(named.window.display.muted);
   EXPECT_EQ(named.initials() + " " + named.window.list.caption, "bc Trip Collection");
-
+  EXPECT_EQ(named.window.list.ListIndex, 0);
   EXPECT_TRUE(named.window.list.visible && named.window.face.fullScreen && !named.intro.StartingUp());
 
   ProgramBench none;
