@@ -5,6 +5,7 @@
 #include "editor/compiler/durations.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/tabs/operations.h"
+#include "vocabulary/transitions.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +14,6 @@ namespace kvo {
 namespace {
 
 constexpr double kDefaultLength = 20;  // tenths of a second, of a clip that has had no transition yet
-constexpr std::string_view kFirstChoice = "Dissolve";
 constexpr Integer kRetime = 98;
 constexpr std::size_t kMaxName = 80;  // characters
 
@@ -242,7 +242,7 @@ void TransitionRules::pickNext(int steps) {
 void TransitionRules::chooseCut(bool cut) {
   if (clip() == nullptr || cut == !tab_.panel.listVisible) return;
   if (!cut)
-    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstChoice) : tab_.names.lastUsed.front());
+    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstTransition) : tab_.names.lastUsed.front());
   tab_.panel.listVisible = false;
   host_.edit("Cut", e_.collection.icurMov, kRetime, [&] { ApplyTransitionDataToObjects(e_, tab_.panel); });
   tab_.panel.Cmd_ParticleOpts = tab_.particlesOpen = false;
