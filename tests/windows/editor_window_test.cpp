@@ -330,6 +330,20 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(68, 12));
   EXPECT_EQ(transition.names.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
   EXPECT_EQ(clip(2).TransType(), "Circle8");
+  EXPECT_FALSE(tiles->verticalScrollBar()->isVisible()) << "six fit";
+  QTest::keyClicks(find, "zzz");
+  EXPECT_TRUE(transition.names.shown.empty());
+  const auto seen = tiles->widget()->grab().toImage();
+  bool isBlank = true;
+  for (int y = 0; y < seen.height(); ++y) {
+    for (int x = 0; x < seen.width(); ++x) isBlank = isBlank && seen.pixel(x, y) == seen.pixel(0, 0);
+  }
+  EXPECT_FALSE(isBlank) << "it says that there is none";
+  EXPECT_FALSE(tiles->verticalScrollBar()->isVisible());
+  QTest::keyClick(find, Qt::Key_Escape);
+  EXPECT_GT(transition.names.shown.size(), 50U);
+  EXPECT_EQ(find->text(), "");
+  EXPECT_TRUE(tiles->verticalScrollBar()->isVisible());
 }
 
 TEST_F(RushBench, RemembersItselfAndFitsASmallScreen) {

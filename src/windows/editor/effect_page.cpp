@@ -6,6 +6,7 @@
 #include "windows/editor/clip_list.h"
 #include "windows/editor/ease_panel_part.h"
 #include "windows/editor/effect_rows.h"
+#include "windows/editor/find_field.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/refusal.h"
 
@@ -100,7 +101,7 @@ void EffectPage::makeEffects() {
 }
 
 void EffectPage::makeChoice() {
-  find_ = put(made<QLineEdit>(this), {250, 10, 146, 28}, {.right = 30, .wider = 70});
+  find_ = put(made<FindField>(this), {250, 10, 146, 28}, {.right = 30, .wider = 70});
   find_->setPlaceholderText(tr("Find"));
   find_->setAccessibleName(tr("Find an effect by its name"));
   find_->setToolTip(find_->accessibleName());

@@ -54,12 +54,12 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samp
 }
 
 int TransitionTiles::columns() const {
-  return std::max(1, (viewport()->width() - themed(kTilesSide)) / themed(kTilePitch));
+  return std::max(1, (room_ - themed(kTilesSide)) / themed(kTilePitch));
 }
 
 // Of a tile beyond its least width; its picture keeps its shape.
 int TransitionTiles::wider() const {
-  return std::max(0, (viewport()->width() - themed(kTilesSide)) / columns() - themed(kTilePitch));
+  return std::max(0, (room_ - themed(kTilesSide)) / columns() - themed(kTilePitch));
 }
 
 int TransitionTiles::tileHeight() const {
@@ -103,9 +103,18 @@ RowState TransitionTiles::rowState(int row) const {
   return {.selected = row == chosen(), .inSight = !rowPlace(row).isEmpty()};
 }
 
-void TransitionTiles::layOut() {
+int TransitionTiles::heightOfAll() const {
   const int rows = (static_cast<int>(state_.names.shown.size()) + columns() - 1) / columns();
-  sheet_->resize(viewport()->width(), 2 * themed(kTilesTop) + tileHeight() * rows);
+  return 2 * themed(kTilesTop) + tileHeight() * rows;
+}
+
+// There is a bar where the tiles would not fit without one.
+void TransitionTiles::layOut() {
+  const auto whole = maximumViewportSize();
+  room_ = whole.width();
+  setVerticalScrollBarPolicy(heightOfAll() > whole.height() ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  room_ = viewport()->width();
+  sheet_->resize(room_, std::max(heightOfAll(), state_.names.shown.empty() ? whole.height() : 0));
   verticalScrollBar()->setSingleStep(tileHeight() / 2);
 }
 

@@ -52,6 +52,7 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   void showTip(const QPoint& at, const QPoint& global);
   void offerFavourite(int index, const QPoint& global);
   void bringChoiceInSight();
+  [[nodiscard]] int heightOfAll() const;
   [[nodiscard]] int columns() const;
   [[nodiscard]] int wider() const;
   [[nodiscard]] int tileHeight() const;
@@ -68,6 +69,7 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   std::string drawnChoice_;
   std::vector<std::string> drawnFavourites_;
   int drawnRevision_ = -1;
+  int room_ = 0;  // in which the tiles are laid out, from side to side
   int hovered_ = -1;
   SampleMotion motion_;
   SamplePixmaps pixmaps_;

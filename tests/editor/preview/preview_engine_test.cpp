@@ -231,6 +231,29 @@ TEST(Preview, TheMovieIsSeenBehindAnEdit) {
   }
 }
 
+// Ten frames a second: that of the clip's first 0.04 s begins ahead of it.
+TEST(Preview, BehindAnEditTheClipInHandIsSeenWhereItBegins) {
+  PreviewBench b;
+  b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
+  b.collection.MovieList[1].LoopEnd(Value(b.collection.MovieList[1].LoopStart().number() + 4.06));
+  compilePreviewText(b.editing, 5);
+  for (const auto& [number, seconds, seek, told] :
+       Rows<int, double, const char*, const char*>{{2, 4.06, "load seek:41", "The hills 00:04.0600"},
+                                                   {2, 4.16, "load seek:41", "The hills 00:04.1600"},
+                                                   {1, 4.05, "load seek:40", "beach.avi 00:04.0500"}}) {
+    b.collection.icurMov = number;
+    b.host.playhead = seconds;
+    b.host.previewChanged();
+    b.preview.movieEdited();
+    b.loop.advance(300);
+    const auto acts = b.takeActs();
+    EXPECT_TRUE(acts.ends_with(seek)) << told << ": " << acts;
+    b.shows(static_cast<int>(b.player.frame));
+    EXPECT_EQ(b.state.title + " " + b.state.Lbl_TimePos, told);
+    EXPECT_EQ(b.state.Lbl_TotDur, "00:10.0600") << "as long as the movie, not as its frames";
+  }
+}
+
 TEST(Preview, SamplesBeginByThemselvesAndTheNewestCounts) {
   PreviewBench b;
   b.preview.sample(Sample::Effect, 1);
