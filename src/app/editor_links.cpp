@@ -186,9 +186,8 @@ void EditorLinks::settle() {
 void EditorLinks::showBlocks() {
   const auto& collection = parts_.session.collection;
   auto blocks = blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing()));
-  const auto& missing = editing().editor.missingFiles;
   for (auto* row : {&blocks.clips, &blocks.music}) {
-    for (auto& block : *row) block.isMissing = missing.contains(block.file);
+    for (auto& block : *row) block.isMissing = editing().editor.isMissing(block.file);
   }
   hand_.show(std::move(blocks));
 }
@@ -204,7 +203,7 @@ FileWatch::Paths EditorLinks::filesOfClips() const {
 
 // What has come back is looked at anew, and so is the movie that failed for want of it.
 void EditorLinks::missed(const FileWatch::Paths& files) {
-  editing().editor.missingFiles = files;
+  editing().editor.missingFiles.assign({files.begin(), files.end()});
   ++states_.window.timed;
   standing_.forget();
   preview_.filesCame();

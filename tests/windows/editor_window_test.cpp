@@ -318,7 +318,7 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   auto* tiles = part<TransitionTiles>("Transitions");
   auto* find = part<QLineEdit>("Find a transition by its name");
   QTest::keyClicks(find, "circle");
-  EXPECT_EQ(transition.names.shown.size(), 6U);
+  EXPECT_EQ(transition.names.shown.rows().size(), 6U);
   EXPECT_GT(test::expectNamed(*window), 20);
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(110, 50));
   EXPECT_EQ(clip(2).TransType(), "Circle2");
@@ -328,7 +328,7 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   EXPECT_EQ(clip(2).TransType(), "Circle8");
   QTest::mouseMove(tiles->widget(), QPoint(30, 30));
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(68, 12));
-  EXPECT_EQ(transition.names.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
+  EXPECT_EQ(transition.names.favourites.rows(), std::vector<std::string>{"Circle1"}) << "by its star";
   EXPECT_EQ(clip(2).TransType(), "Circle8");
 }
 

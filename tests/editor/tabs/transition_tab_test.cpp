@@ -35,7 +35,7 @@ struct TransitionBench : test::Bench {
 TEST(TransitionTab, TheListHasTheClipsWithAPicture) {
   TransitionBench b;
   std::string names;
-  for (const auto& row : b.tab.Lst_TransitionMovies.rows) names += nameOfRow(row) + " ";
+  for (const auto& row : b.tab.Lst_TransitionMovies.rows()) names += nameOfRow(row) + " ";
   EXPECT_EQ(names, "a.avi b.avi c.mp4 ");
   b.rules.chooseMovie(2);
   EXPECT_EQ(b.tab.Lbl_Tranclips, "song.mp3 -->  c.mp4");
@@ -215,14 +215,14 @@ TEST(TransitionTab, NamesAreFoundAndRemembered) {
   auto& names = b.rules.names();
   using Names = std::vector<std::string>;
   names.find(" CIRCLE1");
-  EXPECT_EQ(b.tab.names.shown, (Names{"Circle1", "Circle16"}));
+  EXPECT_EQ(b.tab.names.shown.rows(), (Names{"Circle1", "Circle16"}));
   b.rules.pickNext(1);
   EXPECT_EQ(b.clip().TransType(), "Circle1");
   names.find("");
-  EXPECT_EQ(b.tab.names.shown.size(), transitionNames().size());
+  EXPECT_EQ(b.tab.names.shown.rows().size(), transitionNames().size());
   for (const auto* name : {"Star5", "Barn"}) names.toggleFavourite(name);
   names.showFavouritesAlone(true);
-  EXPECT_EQ(b.tab.names.shown, (Names{"Barn", "Circle1", "Star5"}));
+  EXPECT_EQ(b.tab.names.shown.rows(), (Names{"Barn", "Circle1", "Star5"}));
   names.toggleFavourite("Star5");
   TransitionTab later;
   TransitionRules again(b.editing, later, b.host, b.store);
