@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# run.sh [kernels|records|compile|timeline|seeks|movies|encode|honest|profiles|lengths|preview|play|intake|answers|before]...: all of them but the last without a name. KVO_BENCH_RUNS says how
-# often each movie is made (5); the figures are the medians. "before" compares with the engine in the folder
-# KVO_BENCH_BEFORE: each job is made by both in turn, and by the old one twice, which tells how far chance goes.
+# run.sh [kernels|records|compile|timeline|seeks|movies|encode|honest|profiles|lengths|preview|play|intake|answers|before]...:
+# all of them but the last without a name. KVO_BENCH_RUNS says how often each movie is made (7); the figures are the medians.
+# "before" compares with the engine in the folder KVO_BENCH_BEFORE, as "movies" does where that is named: each job is made by
+# both in turn, and by the old one twice, which tells how far chance goes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=$PWD/build/bin
 work=$PWD/out/bench
-runs=${KVO_BENCH_RUNS:-5}
+runs=${KVO_BENCH_RUNS:-7}
 
 have() { command -v "$1" >/dev/null; }
 
@@ -111,6 +112,7 @@ movies() {
       for codec in mpeg4 raw; do movie "$kind" "$lines" 6 "$codec" ours ffmpeg melt; done
     done
   done
+  [ -z "${KVO_BENCH_BEFORE:-}" ] || before
 }
 
 # Mean PSNR of a movie against another of the same pictures.

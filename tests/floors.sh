@@ -12,7 +12,7 @@ only() {  # HEADERS ROOM...
   bad=1
 }
 only 'libav|libsw' ':!src/media'
-only 'Q[A-Z]' ':!src/adapters/qt' ':!src/adapters/dbus' ':!src/adapters/webengine' ':!src/ui' ':!src/windows' ':!src/app'
+only 'Q[A-Za-z]' ':!src/adapters/qt' ':!src/adapters/dbus' ':!src/adapters/webengine' ':!src/ui' ':!src/windows' ':!src/app'
 only 'SDL' ':!src/adapters/sdl'
 only 'opencv2|rubberband|pugixml' ':!src/engine'
 only 'cairo|librsvg' ':!src/art'

@@ -30,13 +30,13 @@ std::optional<int> wholeIn(std::string_view text) {
 }
 
 // "2/8": the second of eight.
-std::optional<engine::Share> shareIn(std::string_view text) {
+std::optional<engine::SegmentShare> shareIn(std::string_view text) {
   const auto slash = text.find('/');
   if (slash == std::string_view::npos) return std::nullopt;
   const auto number = wholeIn(text.substr(0, slash));
   const auto of = wholeIn(text.substr(slash + 1));
   if (!number || !of || *number < 1 || *number > *of) return std::nullopt;
-  return engine::Share{static_cast<std::size_t>(*number) - 1, static_cast<std::size_t>(*of)};
+  return engine::SegmentShare{static_cast<std::size_t>(*number) - 1, static_cast<std::size_t>(*of)};
 }
 
 // What of the arguments changes the bytes of a movie: not where it goes, who starts it and with whom it is

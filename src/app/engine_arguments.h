@@ -19,8 +19,8 @@ struct EngineArguments {
   std::optional<int> profile;  ///< number of a Windows Media system profile
   std::optional<int> starter;  ///< number of the process that it ends with
   EncoderWish encoder = EncoderWish::Software;
-  std::string workFolder;              ///< of its segments; empty for none
-  std::optional<engine::Share> share;  ///< of them that it makes, and no movie
+  std::string workFolder;                     ///< of its segments; empty for none
+  std::optional<engine::SegmentShare> share;  ///< of them that it makes, and no movie
   std::string document;
 };
 

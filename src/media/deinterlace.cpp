@@ -18,7 +18,7 @@ Outcome Deinterlacer::push(TimedFrame frame) {
     if (graph_) {
       if (auto done = end(); !done) return done;
     }
-    auto made = FilterGraph::make(kFilter, *frame.frame, threads_);
+    auto made = FilterChain::make(kFilter, *frame.frame, threads_);
     if (!made) return made.error();
     graph_ = std::move(*made);
   }

@@ -2,7 +2,7 @@
 // and behind it. For this room only.
 #pragma once
 
-#include "media/filter_graph.h"
+#include "media/filter_chain.h"
 
 #include <deque>
 #include <optional>
@@ -28,7 +28,7 @@ class Deinterlacer {
 
  private:
   int threads_;
-  std::optional<FilterGraph> graph_;
+  std::optional<FilterChain> graph_;
   std::deque<double> times_;  // of the frames that are in the graph
   std::deque<TimedFrame> ready_;
 

@@ -1,6 +1,6 @@
 #include "media/gif_pictures.h"
 
-#include "media/filter_graph.h"
+#include "media/filter_chain.h"
 
 namespace kvo::media {
 namespace {
@@ -22,7 +22,7 @@ Result<std::vector<SharedFrame>> GifPictures::put(SharedFrame frame) {
 Result<std::vector<SharedFrame>> GifPictures::finish() {
   std::vector<SharedFrame> made;
   if (held_.empty()) return made;
-  auto graph = FilterGraph::make(kFilters, *held_.front(), 1);
+  auto graph = FilterChain::make(kFilters, *held_.front(), 1);
   if (!graph) return graph.error();
   for (const auto& frame : held_) {
     if (auto done = graph->push(frame); !done) return done.error();

@@ -25,7 +25,7 @@ bool isHighRange(const AVFrame& frame) {
 
 Result<SharedFrame> ToneMap::map(const SharedFrame& frame, int width, int height) {
   if (!graph_ || !graph_->fits(*frame) || width != width_ || height != height_) {
-    auto made = FilterGraph::make(chainFor(*frame, width, height), *frame, 1);
+    auto made = FilterChain::make(chainFor(*frame, width, height), *frame, 1);
     if (!made) return made.error();
     graph_ = std::move(*made);
     width_ = width;

@@ -2,7 +2,7 @@
 // BT.709 shows. For this room only.
 #pragma once
 
-#include "media/filter_graph.h"
+#include "media/filter_chain.h"
 
 #include <optional>
 
@@ -19,7 +19,7 @@ class ToneMap {
   Result<SharedFrame> map(const SharedFrame& frame, int width, int height);
 
  private:
-  std::optional<FilterGraph> graph_;
+  std::optional<FilterChain> graph_;
   int width_ = 0;
   int height_ = 0;
 };

@@ -112,7 +112,6 @@ void StartUp::loadWindow() {
   parts_.window.display.muted = parts_.settings.preferences().MuteAtStart;
   testFont();
   skins_.applyStored();
-  if (parts_.settings.user.SliderSpeed < 50) parts_.settings.user.SliderSpeed = 450;
 }
 
 // From size 1.25 on there is room for any text.
@@ -143,6 +142,7 @@ void GetKVORegistryValues(KVO2& settings, UserStore& store, MainWindowState& win
         store.write(row.name, text);
       }
       if (!row.take(settings, text)) row.take(settings, row.atStart);
+      holdToRange(row, settings);
     }
   }
   auto& ticks = window.menu;

@@ -5,6 +5,7 @@
 #include "base/frame_rate.h"
 
 #include <optional>
+#include <string_view>
 
 namespace kvo {
 
@@ -20,6 +21,10 @@ struct EncodeProfile {
   int audioBits = 0;  ///< a second
   bool operator==(const EncodeProfile&) const = default;
 };
+
+/// What a stream of a profile file is, as its major type says.
+inline constexpr std::string_view kSoundStream = "{73647561-0000-0010-8000-00AA00389B71}";
+inline constexpr std::string_view kPictureStream = "{73646976-0000-0010-8000-00AA00389B71}";
 
 /// Numbers below this are the engine's own, from here on a profile file is written.
 inline constexpr int kSystemProfiles = 26;

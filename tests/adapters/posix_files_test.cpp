@@ -48,7 +48,8 @@ TEST_F(PosixFilesTest, ANameIsHeldByOneAtATime) {
   auto held = locks.tryLock(folder_ / "name");
   ASSERT_TRUE(held && *held && !*others.tryLock(folder_ / "name"));
   held->reset();
-  EXPECT_TRUE(*others.tryLock(folder_ / "name") && !locks.tryLock(folder_ / "nowhere/name"));
+  EXPECT_TRUE(*others.tryLock(folder_ / "name"));
+  EXPECT_FALSE(locks.tryLock(folder_ / "nowhere/name"));
 }
 
 TEST_F(PosixFilesTest, OnlyAFolderIsWrittenInto) {
@@ -88,7 +89,8 @@ TEST_F(PosixFilesTest, FailuresNameTheFile) {
   ASSERT_TRUE(writeDurably(files_, folder_ / "big", std::string(11, 'x')));
   for (const auto& path : {folder_ / "none", folder_ / "big", std::string("/dev"), pipe}) {  // not waited for
     const auto failed = files_.read(path, 10);
-    EXPECT_TRUE(!failed && test::holds(failed.error().text, path)) << path;
+    ASSERT_FALSE(failed) << path;
+    EXPECT_TRUE(test::holds(failed.error().text, path)) << failed.error().text;
   }
   for (const auto& path : {folder_ / "nowhere/a", folder_.path()}) EXPECT_FALSE(files_.replace(path)) << path;
 }

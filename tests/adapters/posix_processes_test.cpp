@@ -23,9 +23,15 @@ struct Heard {
     std::vector<std::string> words{"-c", script, "bash"};
     words.insert(words.end(), arguments.begin(), arguments.end());
     ProcessHearing hearing;
-    hearing.line = [this](auto line) { lines.emplace_back(line), afterLine(); };
+    hearing.line = [this](auto line) {
+      lines.emplace_back(line);
+      afterLine();
+    };
     hearing.errorLine = [this](auto line) { errors.emplace_back(line); };
-    hearing.ended = [this](const auto& e) { end = e, loop.quit(); };
+    hearing.ended = [this](const auto& e) {
+      end = e;
+      loop.quit();
+    };
     auto started = PosixProcesses().start(loop, {"/bin/bash", words}, std::move(hearing));
     ASSERT_TRUE(started) << started.error().text;
     process = std::move(*started);

@@ -21,7 +21,7 @@ struct Spot {
 
 using Colour = std::array<int, 3>;
 constexpr Colour kRed{255, 0, 0}, kGreen{0, 128, 0}, kBlue{0, 0, 255}, kYellow{255, 255, 0};
-constexpr Colour kPaper{255, 255, 255}, kDropBar{243, 182, 74}, kChosen{44, 201, 196};
+constexpr Colour kPaper{255, 255, 255}, kDropBar{243, 182, 74}, kChosen{44, 201, 196}, kNothing{10, 14, 20};
 
 bool isLike(const Colour& seen, const Colour& wanted) {
   constexpr int kMostOff = 40;
@@ -44,6 +44,7 @@ constexpr Spot kAboveSongChosen{80, 138};  // the mark of a chosen row
 constexpr Spot kFirstFile{187, 89}, kFirstFileIcon{143, 84}, kLastFile{187, 161}, kOpen{813, 461};
 constexpr Spot kPreview{130, 416}, kSaveProject{130, 473}, kPicture{730, 200};
 constexpr Spot kStill{900, 620}, kStillOverClip{750, 620};  // pushed over its neighbour
+constexpr Spot kBehindMovie{1200, 620};                     // once it is
 
 class FirstMovie : public test::Window {
  protected:
@@ -241,7 +242,11 @@ TEST_F(FirstMovie, ByTheMouse) {
   click(kCreateMovie);
   ASSERT_TRUE(comes("Create New Movie"));
   ASSERT_TRUE(shows(kStill, kYellow, "8x8")) << "its picture lies on the timeline";
-  drag(kStill, kStillOverClip);
+  ASSERT_TRUE(eventually([&, before = acts_] {
+    acts_ = before;
+    drag(kStill, kStillOverClip);
+    return showsSoon(kBehindMovie, kNothing, "8x8");
+  })) << "and the movie is shorter";
   ASSERT_TRUE(eventually([&, before = acts_] {
     acts_ = before;
     click(kSaveProject);  // a busy machine may still be at the drag

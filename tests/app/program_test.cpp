@@ -45,12 +45,12 @@ class Program : public testing::Test {
   static ProgramEnd shell(const std::string& script, const Words& words) {
     return test::runProgram(joined({"bash", "-c", script, KVO_PROGRAMS "/kvo5"}, words));
   }
-  // The order of a movie in the work folder; one that is large, so that its segments are several.
+  // The order of a movie in the work folder; one whose segments are made apart.
   [[nodiscard]] Words order(const std::string& name, const Words& more = {}) const {
     return joined({"--render", work_ / "c.INI", "--output", work_ / name}, more);
   }
-  [[nodiscard]] Words large(const std::string& name, const Words& more = {}) const {
-    return order(name, joined({"--size", "640x360", "--codec", "mpeg4"}, more));
+  [[nodiscard]] Words inSegments(const std::string& name, const Words& more = {}) const {
+    return order(name, joined({"--size", "160x90", "--codec", "mpeg4"}, more));
   }
 
   // A collection of one clip each of `files`, two seconds long.
@@ -306,11 +306,11 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
   temporaryFolder();
   const auto folder = work_ / ".rendering-b.avi";
   const test::HeldEngine held(KVO_PROGRAMS);
-  expectEnd(kvo5(large("a.avi")), 0);
+  expectEnd(kvo5(inSegments("a.avi")), 0);
   std::ptrdiff_t before = 0;
   for (const auto& [number, share] : {std::pair{SIGKILL, "1/3"}, {SIGINT, "2/3"}}) {
     held.haltNext(share);
-    test::Companion render(joined({held.kvo5()}, large("b.avi", {"--resume"})));
+    test::Companion render(joined({held.kvo5()}, inSegments("b.avi", {"--resume"})));
     const auto engine = held.halted();
     EXPECT_GT(finishedSegments(folder), before) << number;
     before = finishedSegments(folder);
@@ -321,11 +321,11 @@ TEST_F(Program, ARenderGoesOnWithTheSameBytes) {
         << render.said();
     EXPECT_FALSE(fs::exists(work_ / "b.avi"));
   }
-  expectEnd(kvo5(large("b.avi", {"--resume"})), 0);
+  expectEnd(kvo5(inSegments("b.avi", {"--resume"})), 0);
   EXPECT_TRUE(bytesOf(work_ / "a.avi") == bytesOf(work_ / "b.avi"));
   EXPECT_FALSE(fs::exists(folder));
   fs::create_directory(folder);
-  expectEnd(kvo5(large("b.avi")), 0);
+  expectEnd(kvo5(inSegments("b.avi")), 0);
   EXPECT_FALSE(fs::exists(folder)) << "nobody wants to go on with it";
 }
 
@@ -382,7 +382,7 @@ TEST_F(Program, TheQueueGoesOnBehindAPowerCut) {
   const auto path = collection("c.INI", Words(16, video_));
   temporaryFolder();
   for (const auto* name : {"a.avi", "b.avi", "c.avi"}) {
-    auto words = large(name);
+    auto words = inSegments(name);
     words.front() = "add";
     expectEnd(kvo5(joined({"--queue"}, words)), 0, "job ");
   }

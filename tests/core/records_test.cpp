@@ -44,18 +44,40 @@ TEST(SettingRows, EachFieldConvertsBothWaysAndMarksAsItShould) {
   EXPECT_TRUE(settingRow("OutPutFrameRate")->marks && !settingRow("RenderHeight")->marks);
 }
 
-// A row for each: together they are as large as what they stand for.
-TEST(SettingRows, NoValueOfTheUsersIsWithout) {
+struct AnyField {
+  template <class Type>
+  operator Type() const;  // NOLINT(google-explicit-constructor): a field of any type
+};
+
+// How many values make a Struct, which has no base.
+template <class Struct, class... Fields>
+consteval std::size_t fieldsOf() {
+  if constexpr (requires { Struct{Fields()..., AnyField()}; }) {
+    return fieldsOf<Struct, Fields..., AnyField>();
+  } else {
+    return sizeof...(Fields);
+  }
+}
+
+// The user's values, which are no plain struct, are together as large as their rows tell.
+TEST(SettingRows, NoFieldIsWithout) {
   std::size_t bytes = sizeof(UserStore*);
+  std::set<std::string_view> marking, quiet, state;
   for (const auto& section : settingSections()) {
     for (const auto& row : section.rows) {
-      if (row.kept != Kept::User) continue;
+      if (row.kept != Kept::User) {
+        (row.marks ? marking : row.kept == Kept::Collection ? quiet : state).insert(row.name);
+        continue;
+      }
       bytes += row.kind == SettingKind::Boolean   ? sizeof(UserValue<Boolean>)
                : row.kind == SettingKind::Integer ? sizeof(UserValue<Integer>)
                                                   : sizeof(UserValue<double>);
     }
   }
   EXPECT_EQ(bytes, sizeof(UserValues));
+  EXPECT_EQ(marking.size(), fieldsOf<MarkingPreferences>());
+  EXPECT_EQ(quiet.size(), fieldsOf<QuietPreferences>());
+  EXPECT_EQ(state.size(), fieldsOf<RunState>());
 }
 
 TEST(SettingRows, TextsBecomeValuesByTheRuleOfTheirRow) {

@@ -36,7 +36,7 @@ std::string told(const Result<Timeline>& timeline) {
               std::to_string(timeline->bitDepth) + " bits, " +
               ShortText(timeline->frameRate.perSecond() * 1001) + " frames in 1001 s\n";
   FramePlanner planner(*timeline);
-  for (const int frame : {0, 13, 31, 45, 100, 249})
+  for (const int frame : {0, 13, 31, 45, 100, 249, 250})
     text += "frame " + std::to_string(frame) + "\n" + toText(planner.at(frame));
   for (const auto& clip : timeline->audio) {
     text += "sound " + clip.src;

@@ -59,7 +59,7 @@ TEST_F(HardwareRender, IsLeftOutWhereItWouldNotDo) {
   sized.scratch = out_.path();
   EXPECT_EQ(made(sized), "made");
   auto share = inDevice();
-  share.work = Work{out_ / "work", "id", Share{0, 2}};
+  share.work = Work{out_ / "work", "id", SegmentShare{0, 2}};
   EXPECT_EQ(made(share), "made");
   EXPECT_EQ(made(inDevice(), "m.avi"), "made");
   EXPECT_TRUE(device_.asked.empty());
@@ -106,7 +106,7 @@ TEST_F(HardwareRender, GoesOnWithTheEncoderThatItWasBegunWith) {
   EXPECT_TRUE(device_.pictures > 0 && device_.pictures < 450) << "a segment stood already";
   EXPECT_TRUE(shown("m.mp4") == whole);
 
-  job.work->share = Share{1, 2};  // is made in software
+  job.work->share = SegmentShare{1, 2};  // is made in software
   EXPECT_EQ(made(job), "made");
   job.work->share.reset();
   job.needsHardware = false;

@@ -53,7 +53,7 @@ TEST_F(WorkFolderTest, TheMovieIsThatOfOneGo) {
     EXPECT_FALSE(fs::exists(folder_)) << "it goes with the movie";
     fs::remove(out_ / name);
     for (std::size_t number = 0; number < 2; ++number) {
-      ASSERT_TRUE(made(name, Work{folder_, "id", Share{number, 2}}));
+      ASSERT_TRUE(made(name, Work{folder_, "id", SegmentShare{number, 2}}));
       EXPECT_EQ(kept().size(), number == 0 ? 2U : 3U) << name;
       EXPECT_FALSE(fs::exists(out_ / name)) << "a share makes no movie";
     }
@@ -66,7 +66,7 @@ TEST_F(WorkFolderTest, TakesWhatIsFinishedAndWhatBelongsToItAlone) {
   ASSERT_TRUE(made("m.avi", std::nullopt));
   const auto whole = bytes("m.avi");
   const auto withOneKept = [&](const std::function<void(std::string & bytes)>& change, const char* identity) {
-    EXPECT_TRUE(made("m.avi", Work{folder_, "id", Share{1, 3}}));
+    EXPECT_TRUE(made("m.avi", Work{folder_, "id", SegmentShare{1, 3}}));
     const auto path = kept().at(0);
     auto file = test::bytesOf(path);
     change(file);

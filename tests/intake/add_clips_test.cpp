@@ -278,6 +278,7 @@ TEST(AddClips, SeveralComeInTheirOrderUntilTheUserStops) {
   b.looks.whileLooking = [&] { b.host.stopsAt = 2; };
   EXPECT_TRUE(b.intake.add({"/v/b.avi", "/v/a.avi", "/v/c.avi"}, {}));
   EXPECT_EQ(b.collection.MovieList.count(), 4);
+  EXPECT_EQ(b.boxes.told(), "");
   EXPECT_TRUE(b.settings.state.AllDetOff) << "there were clips";
   b.collection.MovieList.clear();
   b.settings.state.KVOIsInEditMode = true;

@@ -218,6 +218,7 @@ TEST(Display, HitLabelsKeepTheirProportionAtAnyWidth) {
   b.display.Lbl_SliderMiniMode_Click();
   EXPECT_EQ(b.mode.player.place, (Place{0, 690, 4800, 3650})) << "below the slider's handle";
   b.display.Form_Resize(9600, 6000);
+  EXPECT_EQ(b.mode.slider.X2, 9400);
   EXPECT_EQ(b.mode.slider.ImageBlob.place, (Place{4800, 460, 195, 180})) << "still the middle";
 }
 
@@ -230,12 +231,14 @@ TEST(Display, AStillIsShownInEveryFace) {
   b.show();
   const auto& still = b.mode.still;
   EXPECT_EQ(still.path, "/v/photo.jpg");
+  EXPECT_FALSE(b.mode.player.visible);
   b.display.AllDetOff();
   EXPECT_EQ(still.Img_Still.place, (Place{1629, 810, 5172, 3879}));
   b.display.AllDetOn();
   b.display.Lbl_MiniMode_Click();
   EXPECT_EQ(still.Img_Still.place, (Place{0, 690, 12000, 9000}));
   b.display.Form_Resize(8000, 5380);
+  EXPECT_DOUBLE_EQ(still.Img_Still.place.height, 4000);
   EXPECT_DOUBLE_EQ(still.Img_Still.place.width, 4000.0 * 4 / 3);
   b.host.asked.clear();
   b.display.Lbl_MinMax_Click();

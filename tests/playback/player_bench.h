@@ -9,6 +9,7 @@
 #include "support/named_streams.h"
 #include "support/rows.h"
 #include "support/scripted_boxes.h"
+#include "support/scripted_probe.h"
 #include "support/virtual_loop.h"
 
 #include <functional>
@@ -22,19 +23,6 @@ class PlainPlayerHost : public PlayerHost {
   std::function<void(KeyWord)> draws = [](KeyWord /*word*/) {};
   void BuildButton(KeyWord word) override { draws(word); }
   [[nodiscard]] bool rateWindowShows() const override { return false; }
-};
-
-/// Tells what it was given, and nothing by itself.
-class ScriptedProbe : public StreamProbe {
- public:
-  std::optional<std::string> told;
-  int asked = 0;
-  std::function<void()> meanwhile = [] {};
-  std::optional<std::string> report(const std::string& /*path*/, int /*tries*/) override {
-    ++asked;
-    meanwhile();
-    return told;
-  }
 };
 
 struct FakeStage {

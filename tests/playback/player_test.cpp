@@ -54,7 +54,8 @@ TEST(Player, AClipIsOpenedByItsEngineAndItsRecordTellsOfIt) {
     EXPECT_EQ(b.player.PlayerGetFileName(), empty ? "" : "/v/" + std::string(name)) << what;
     EXPECT_EQ(b.mode.player.path, b.player.PlayerGetFileName()) << what;
     b.player.PlayerClear();
-    EXPECT_TRUE(b.player.PlayerIsEmpty() && b.graphs.graph == nullptr && b.mode.player.path.empty()) << what;
+    EXPECT_TRUE(b.player.PlayerIsEmpty() && b.graphs.graph == nullptr) << what;
+    EXPECT_EQ(b.player.PlayerGetFileName() + b.mode.player.path, "") << what;
   }
   PlayerBench b;
   b.add("a.wmv");
@@ -203,6 +204,7 @@ TEST(Player, WhatIsSetForTheSoundHoldsForLaterGraphs) {
   b.load("a.wmv");
   const auto& graph = *b.graphs.graph;
   EXPECT_EQ(std::tuple(graph.mute, graph.volume, graph.balance), std::tuple(true, -600, 300));
+  EXPECT_EQ(b.control.volume, -600);
 }
 
 TEST(Player, TheLastLoadCountsWhenOpeningLetsAnotherIn) {
@@ -234,6 +236,7 @@ TEST(Player, TheNextClipIsGotReadyByItsEngineAtMarkIn) {
   const std::pair<std::string, double> none;  // what is no file that plays lets go of the one before
   EXPECT_EQ(b.control.openedAhead, (Ahead{none, {"/v/a.mp4", 2.5}, none, none, none}));
   EXPECT_EQ(b.graphs.openedAhead, (Ahead{none, {"/v/b.wmv", 0}, none, none, none}));
+  EXPECT_EQ(b.probe.asked, 0) << "nobody waits for it";
 }
 
 struct PreviewBench {

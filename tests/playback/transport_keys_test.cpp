@@ -38,6 +38,7 @@ TEST(Transport, KeysPlayPauseAndStop) {
     }
     clip.Playspeed(20);
     t.playPressed({.right = true});
+    EXPECT_EQ(clip.Playspeed(), 20) << "the record is the host's to change";
     EXPECT_EQ(b.host.asked.find("speed1 ") != std::string::npos, std::string(name) == "a.avi");
     t.playPressed({.shift = true});
     EXPECT_EQ(b.timers.Timer7.enabled() ? b.timers.Timer7.interval() : 0, 100);

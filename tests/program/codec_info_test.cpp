@@ -3,6 +3,7 @@
 
 #include "support/held_player.h"
 #include "support/program_bench.h"
+#include "support/scripted_probe.h"
 
 #include <gtest/gtest.h>
 

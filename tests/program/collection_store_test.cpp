@@ -92,6 +92,18 @@ TEST(CollectionStore, AMissingSectionIsToldAndGivesItsDefaults) {
   EXPECT_EQ(b.log.texts(), (std::vector<std::string>{"<<ERR031>> - Font Read Failure "}));
 }
 
+// As a program wrote it that did not know the later rows yet: the last collection's values stay.
+TEST(CollectionStore, RowsThatASectionDoesNotHaveLeaveTheirFieldsAsTheyWere) {
+  Bench b;
+  load(b, withRow(withRow(savedText(), "RenderHeight", "480"), "PreviewCPU", "9"));
+  auto older = savedText();
+  const auto from = older.find("DubInAudioTrks");
+  older.erase(from, older.find("\r\n\r\n", from) - from);
+  load(b, older);
+  EXPECT_EQ(b.settings.preferences().RenderHeight, 480);
+  EXPECT_EQ(b.settings.preferences().PreviewCPU, 5) << "the section's rows that are there are taken";
+}
+
 TEST(CollectionStore, ClipRowsHaveTheirOwnRules) {
   const auto text = savedText();
   using Row = std::tuple<const char*, std::string, std::string>;

@@ -275,7 +275,6 @@ TEST(ListCommands, CopiesHaveTheKeyframesToo) {
       k.Param[0] = Value(second * 10);
       k.ClipName = 1;
     }
-
     const auto first = b.text();
     b.listCommands.placedBy([] { return PlayerPlace{5, 125}; });
     b.listCommands.copy(mode);

@@ -36,8 +36,14 @@ struct HoverBench {
     return (now.visible ? now.time : "hidden") + " " +
            (now.picture ? std::to_string(now.picture->bgr[0]) : "-");
   }
-  std::string over(double place) { return hover.over(place), shows(); }
-  std::string come(double seconds) { return sketches.come("/v/a.avi", seconds), shows(); }
+  std::string over(double place) {
+    hover.over(place);
+    return shows();
+  }
+  std::string come(double seconds) {
+    sketches.come("/v/a.avi", seconds);
+    return shows();
+  }
 };
 
 TEST(HoverPreview, ShowsWhatComesOfTheLastPlaceOnItsGrid) {

@@ -39,6 +39,9 @@ struct ListBench : ProgramBench {
 
 TEST(History, TakesBackWhateverIsDoneToTheList) {
   using List = ListCommands;
+  constexpr auto kTurnsDown = [](List& list) {
+    for (const int volume : {90, 70}) list.setVolume(volume);
+  };
   // Which are chosen, what is done to them, what can be undone ("": nothing has changed), and how they begin.
   const std::tuple<Numbers, void (*)(List&), const char*, std::string> rows[] = {
       {{2, 4}, [](List& list) { list.Removeit(); }, "Undo remove 2 clips", "ace"},
@@ -51,7 +54,7 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
       {{1}, [](List& list) { list.sort(SortKey::Alpha); }, "", "aBcde"},
       {{2}, [](List& list) { list.rename(" Lake\nat dusk "); }, "Undo rename B.avi", "aLcde"},
       {{2}, [](List& list) { list.rename("B.avi"); }, "", "aBcde"},
-      {{3}, [](List& list) { list.setVolume(90), list.setVolume(70); }, "Undo volume of c.mpg", "aBcde"},
+      {{3}, kTurnsDown, "Undo volume of c.mpg", "aBcde"},
       {{2}, [](List& list) { list.copy(CopyMode::Exact); }, "Undo copy B.avi", "aBBcde"},
       {{2}, [](List& list) { list.copy(CopyMode::Tail); }, "", "aBcde"},
   };
@@ -184,6 +187,7 @@ TEST(ListCommands, WhatIsChosenWhileAnotherClipIsOpenedIsInHand) {
   });
   b.listCommands.select(2);
   EXPECT_EQ(b.collection.icurMov, 4);
+  EXPECT_EQ(b.window.list.ListIndex, 3);
   EXPECT_EQ(b.window.list.chosen, (Numbers{3, 4}));
   bool due = true;
   b.list.whenInHand([&](int /*number*/) {

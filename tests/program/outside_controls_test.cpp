@@ -175,7 +175,8 @@ TEST(JumpWatch, KnowsAJumpFromPlayingOn) {
 TEST(Covers, AreTheStillItselfOrLieBesideTheSound) {
   test::ProgramBench b;
   const auto& music = b.addMusic("song.mp3", 0, 0);
-  for (const auto* cover : {"", "/v/folder.jpg", "/v/cover.png"}) {
+  EXPECT_EQ(coverOf(b.files, music), "");
+  for (const auto* cover : {"/v/folder.jpg", "/v/cover.png"}) {
     b.files.all[cover] = "x";
     EXPECT_EQ(coverOf(b.files, music), cover);
   }

@@ -51,7 +51,7 @@ TEST(StartUp, ShowsTheEmptyPaneOrTheFirstClip) {
   EXPECT_EQ(named.startUp.run({"/c/Trip.INI", "/FULLSC"}, "/"), StartEnd::Run);
   EXPECT_TRUE(named.window.display.muted);
   EXPECT_EQ(named.initials() + " " + named.window.list.caption, "bc Trip Collection");
-
+  EXPECT_EQ(named.window.list.ListIndex, 0);
   EXPECT_TRUE(named.window.list.visible && named.window.face.fullScreen && !named.intro.StartingUp());
 
   ProgramBench none;
@@ -354,6 +354,11 @@ TEST(UserValues, AreWrittenWithTheirDefaultsAndReadFresh) {
   settings.user.RewAtEnd = true;
   EXPECT_EQ(settings.user.SliderSpeed + settings.user.StillDelayTimer, 457);
   EXPECT_EQ(all["RewAtEnd"] + all["SliderSpeed"] + all["Stilldelay"], "True4507");
+  for (const auto& [kept, held] : {std::pair("49", "450"), {"50", "50"}, {"nothing", "500"}}) {
+    all["SliderSpeed"] = kept;
+    GetKVORegistryValues(settings, store, window);
+    EXPECT_EQ(all["SliderSpeed"], held) << kept;
+  }
 }
 
 }  // namespace

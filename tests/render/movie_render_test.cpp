@@ -14,6 +14,7 @@ namespace kvo {
 namespace {
 
 using test::EngineTurn;
+using test::lineOf;
 using test::RenderBench;
 
 TEST(Slumber, PacesItsEventsAndWakesAtOnce) {
@@ -113,9 +114,10 @@ std::string endOf(RenderBench& b) {
                            : name.starts_with("/out/") ? ", " + std::to_string(bytes.size()) + " bytes"
                                                        : ""));
   }
-  line("window", std::to_string(static_cast<int>(b.state.frame)) + " " + b.state.heading + "|" +
-                     b.state.caption + "|" + b.state.completed + "|" + b.state.sizeLabel + "|" +
-                     factsOf(b.state) + (b.state.canView ? "can be viewed" : ""));
+  constexpr const char* kFrames[] = {"none", "options", "pair", "estimate", "rendering", "report"};
+  line("window", kFrames[static_cast<int>(b.state.frame)] + (", " + b.state.heading) + "|" + b.state.caption +
+                     "|" + b.state.completed + "|" + b.state.sizeLabel + "|" + factsOf(b.state) +
+                     (b.state.canView ? "can be viewed" : ""));
   EXPECT_FALSE(b.state.isRunning || b.engine.running > 0);
   EXPECT_FALSE(b.settings.state.IsDirty) << "a movie is no change of the collection";
   return text;
@@ -212,18 +214,20 @@ TEST(MovieRender, EndsAsItShould) {
          b.boxes.answers = {Answer::Yes, Answer::No, Answer::Yes};
        }},
       {"600 Mb are not much", warns(1, 5U << 20U, true)},
-      {"more are, and it goes on", warns(1, 6U << 20U, true)},
-      {"more are, and it ends", warns(1, 6U << 20U, false)},
-      {"more are, which nobody wants to hear", warns(1, 6U << 20U, false, true)},
-      {"more are, without warnings", warns(1, 6U << 20U, false, false, false, false)},
+      {"more than 600 are, and it goes on", warns(1, 6U << 20U, true)},
+      {"more than 600 are, and it ends", warns(1, 6U << 20U, false)},
+      {"more than 600, of which nobody wants to hear", warns(1, 6U << 20U, false, true)},
+      {"more than 600, without warnings", warns(1, 6U << 20U, false, false, false, false)},
       {"90 minutes are not long", warns(28.1, 1, false)},
-      {"more are", warns(28.2, 1, false)},
-      {"more are, which nobody wants to hear", warns(28.2, 1, false, false, true)},
+      {"more than 90 are, and it ends", warns(28.2, 1, false)},
+      {"more than 90, of which nobody wants to hear", warns(28.2, 1, false, false, true)},
       {"an abort of the first part, of which there is nothing to tell", turns(heeds, heeds),
        abortsIn(RenderFrame::Estimate)},
-      {"one that the engine does not hear", turns(deaf, deaf), abortsIn(RenderFrame::Estimate)},
+      {"an abort of the first part, which the engine does not hear", turns(deaf, deaf),
+       abortsIn(RenderFrame::Estimate)},
       {"an abort of the movie", turns(heeds, heeds), abortsIn(RenderFrame::Rendering)},
-      {"one that the engine does not hear", turns(deaf, deaf), abortsIn(RenderFrame::Rendering)},
+      {"an abort of the movie, which the engine does not hear", turns(deaf, deaf),
+       abortsIn(RenderFrame::Rendering)},
       {"an abort ahead of the engine", nothing,
        [](auto& b) {
          if (b.state.frame == RenderFrame::Rendering) b.render.AbortRender();
@@ -249,7 +253,8 @@ TEST(MovieRender, EndsAsItShould) {
     std::string pies = "  pies";
     b.host.onChange = [&] {
       row.during(b);
-      const auto pie = " " + std::to_string(b.state.pie.colour);
+      const auto colour = b.state.pie.colour;
+      const auto* pie = colour == kPieBlue ? " blue" : colour == kPieGreen ? " green" : " yellow";
       if (b.state.frame == RenderFrame::Rendering && b.engine.running > 0 && !pies.ends_with(pie))
         pies += pie;
     };
@@ -506,10 +511,13 @@ TEST(MovieRender, FollowsTheOptions) {
     b.render.tickCodecDimensions(row.ownSize);
     b.chooseFor(row.preset);
     b.render.wishMegabytes(row.megabytes);
-    all += "== " + std::string(kindRow(row.kind).title) + " " + std::to_string(row.width) + " x " +
-           std::to_string(row.height) + " " + row.preset + " " + std::to_string(row.profile) + "\n  " +
-           factsOf(b.state) + "\n  " + replaced(b.state.madeForText, "\r\n", " / ") + "\n  " +
+    all += "== " + lineOf(kindRow(row.kind).title, row.width, "x", row.height, "at", row.rate);
+    if (*row.preset != '\0') all += lineOf(", for", row.preset, "where", row.megabytes, "MB are wished");
+    if (row.profile >= 0)
+      all += lineOf(", profile", row.profile, row.ownSize ? "at its size" : "at the movie's");
+    all += "\n  " + factsOf(b.state) + "\n  " + replaced(b.state.madeForText, "\r\n", " / ") + "\n  " +
            b.state.caution + (b.state.canMake ? "" : " NOT MADE") + "\n";
+    if (!b.state.canMake) continue;
     b.engine.turns = {{.bytes = 50U << 20U}};
     b.dialogs.answers = {"/out/film", "/out/film"};
     b.render.AddToQueue();

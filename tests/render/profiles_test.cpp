@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "render/options_view.h"
 #include "render/output_profiles.h"
 #include "render/system_profile.h"
@@ -44,8 +45,9 @@ TEST(OutputProfiles, TellOfTheirSize) {
                           Row{38, {640, 480}, true}, Row{26, {640, 480}, false}, Row{40, {641, 480}, true},
                           Row{20, {641, 481}, true}, Row{1, {641, 481}, false}}) {
     const auto told = ShowProfileDescription(row.number, row.output, row.usesCodecSize);
-    log += std::to_string(row.number) + ": " + told.text + "\n";
-    for (const auto& box : told.warnings) log += "  " + box.caption + ": " + box.text + "\n";
+    log += std::to_string(row.number) + ": " + replaced(told.text, "\r\n", " / ") + "\n";
+    for (const auto& box : told.warnings)
+      log += "  " + box.caption + ": " + replaced(box.text, "\r\n", " / ") + "\n";
   }
   test::expectGoldenLog(log);
   EXPECT_FALSE(GetProfileXYDimensions(39) || GetProfileXYDimensions(16) || GetProfileXYDimensions(42));

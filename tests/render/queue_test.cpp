@@ -153,7 +153,7 @@ class QueueRunnerTest : public testing::Test {
       log += " [" + std::to_string(row.number) + " " + row.name + " " + row.state + " of " +
              FormatMask(share, "0.00") + (row.canPause ? " pause" : "") + (row.canGoOn ? " go on" : "") +
              (row.hasFailed ? " again" : "") + (row.isInOnePiece ? " whole" : "") +
-             (row.canView ? " view" : "") + row.failure + "]";
+             (row.canView ? " view" : "") + (row.failure.empty() ? "" : ": " + row.failure) + "]";
     }
     log += "; engine " + std::to_string(processes.all.size()) +
            (!processes.all.empty() && processes.last().stopped ? " stopped" : "") +

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/player_bench.h"
+#include "support/scripted_probe.h"
 
 #include <string>
 #include <vector>

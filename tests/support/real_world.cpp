@@ -165,10 +165,23 @@ ProgramEnd runProgram(const std::vector<std::string>& command) {
 
 std::string makeMedia(const ScratchFolder& folder, const std::string& name,
                       const std::vector<std::string>& arguments) {
+  namespace fs = std::filesystem;
   auto command = joined({"ffmpeg", "-v", "error", "-nostdin", "-y"}, arguments);
+  std::string words = fs::path(name).extension();
+  for (const auto& word : arguments) words += " " + word;
+  const auto kept = KVO_MEDIA "/" + std::to_string(std::hash<std::string>()(words)) + ".media";
+  std::error_code failed;
+  // What is made of other files may be another the next time.
+  const bool mayKeep = !holds(words, fs::temp_directory_path().string());
+  if (mayKeep && fs::copy_file(kept, folder / name, fs::copy_options::overwrite_existing, failed))
+    return folder / name;
   command.push_back(folder / name);
   const auto end = runProgram(command);
   EXPECT_EQ(end.exitCode, 0) << name << ": " << end.err;
+  if (mayKeep && end.exitCode == 0) {
+    const auto mine = kept + std::to_string(::getpid());
+    if (fs::copy_file(folder / name, mine, failed)) fs::rename(mine, kept, failed);
+  }
   return folder / name;
 }
 

@@ -83,7 +83,8 @@ std::string bytesOf(const std::string& path);
 /// Runs a program without a shell, to its end.
 ProgramEnd runProgram(const std::vector<std::string>& command);
 
-/// ffmpeg with `arguments` and the file to make. The test fails when ffmpeg does.
+/// ffmpeg with `arguments` and the file to make. The test fails when ffmpeg does. What no other file is
+/// needed for is made once for all programs, and kept in the build folder.
 std::string makeMedia(const ScratchFolder& folder, const std::string& name,
                       const std::vector<std::string>& arguments);
 

@@ -137,7 +137,6 @@ TEST_F(FaceMenu, ShortcutsAndEntriesDoTheSame) {
   EXPECT_EQ(names().size(), 3U);
   window.menu.mnu_Looping = true;
   QStringList marked;
-
   QTimer::singleShot(0, [&] {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
@@ -151,7 +150,6 @@ TEST_F(FaceMenu, ShortcutsAndEntriesDoTheSame) {
   });
   key(Qt::Key_F10);
   EXPECT_EQ(marked, (QStringList{"Loop clips", "Resume long clips"}));
-
   EXPECT_EQ(names().size(), 2U) << "done again";
 }
 

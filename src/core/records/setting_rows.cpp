@@ -299,7 +299,7 @@ static_assert(kEditRows.size() == 35 && kPrefsRows.size() == 18);
 
 constexpr std::array kUserOnlyRows = {
     first("False", USER(ShowWavWithVideo, {}, kNotRead)),
-    first("500", USER(SliderSpeed, {}, kNotRead)),
+    first("500", USER(SliderSpeed, {}, numberOr("450", {.from = 50}))),
     first("False", USER(DefaultZoom100, {}, kNotRead)),
     first("False", USER(PlayWithoutGaps, {}, kNotRead)),
     USER(InterfaceSize, {}, kNotRead),
@@ -309,6 +309,7 @@ constexpr std::array kUserOnlyRows = {
 constexpr std::array kStateRows = {
     PREF(ExternalOverlayTrackName, {}, kNotRead),
     STATE(IsDirty),
+    STATE(ListIsDirty),
     STATE(ObjectChange),
     flag<&RunState::ScrMarq>("ScrMarq", {}, kNotRead),
     STATE(CDROMDrive),
@@ -451,6 +452,11 @@ void readSetting(const SettingRow& row, SettingRead& read, std::string_view text
     case ReadRule::None:
       break;
   }
+}
+
+void holdToRange(const SettingRow& row, KVO2& settings) {
+  const auto number = numberIn(row.text(settings));
+  if (number && !row.read.range.holds(*number)) row.take(settings, row.read.otherwise);
 }
 
 void readWithoutSection(const SettingSection& section, SettingRead& read) {

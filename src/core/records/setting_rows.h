@@ -1,5 +1,7 @@
 // The one table of all fields of KVO2: what a field is called, what it may hold, where it is kept, and how it
-// is read from and written to the head of a collection file.
+// is read from and written to the head of a collection file. Beside it stand the name in the store and the
+// default of each user's value (settings.h), and what the limits of a compile are (compile_options.h): a file
+// may hold a size of the picture that no compile takes.
 #pragma once
 
 #include "base/paths.h"
@@ -77,7 +79,7 @@ struct SettingRow {
   std::string_view key{};  ///< as written, up to and with the blank behind the equals sign; empty for none
   RowRead read{};
   /// Of the user's values that the start reads by the name of their field: what it writes where there is
-  /// none. Empty for all others.
+  /// none, which for two is not the default that others read. Empty for all others.
   std::string_view atStart{};
 
   [[nodiscard]] bool namesFile() const { return kind == SettingKind::File || kind == SettingKind::Folder; }
@@ -98,6 +100,7 @@ struct SettingRead {
 
 /// [KVO], [User], [Fonts], [Directories], [AudioAnimation], [Prefs], [EditDecisionListPrefs], in file order.
 /// The order is the format: a reader goes by row number, and new rows are only ever added at a section's end.
+/// A file from before that has fewer rows leaves the fields of the others as they were.
 std::span<const SettingSection> headSections();
 
 /// Those and, behind them, the fields that are in no file.
@@ -105,6 +108,9 @@ std::span<const SettingSection> settingSections();
 
 /// Takes the text of a row into its field by the row's rule.
 void readSetting(const SettingRow& row, SettingRead& read, std::string_view text);
+
+/// A number that is out of its row's range becomes what the row has for it.
+void holdToRange(const SettingRow& row, KVO2& settings);
 
 /// Gives the fields of a section that the file does not have what holds then.
 void readWithoutSection(const SettingSection& section, SettingRead& read);

@@ -1,7 +1,7 @@
 // KVO2: every preference and the run-time state that rooms share, as named fields in three structs. The
-// preferences travel with the collection file; opening another collection replaces them. The per-user values
-// stay with the user. The run-time state is never kept. A fresh object holds the values that apply when a
-// file has no section for them.
+// preferences travel with the collection file; opening another collection replaces those that it has. The
+// per-user values stay with the user. The run-time state is never kept. A fresh object holds the values that
+// apply when a file has no section for them.
 #pragma once
 
 #include "core/records/field_types.h"

@@ -117,7 +117,9 @@ std::string clipAudioTracks(const CompileOptions& options, TimelineClips& clips)
   return text;
 }
 
-OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips, double videoEnd) {
+OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips,
+                            const std::optional<VideoEnd>& video) {
+  const double videoEnd = video ? video->largestStop : 0;
   OverlayTracks all{std::string(kCrLf)};
   OverlayPass pass{.videoEnd = videoEnd};
   int counter = 0;
@@ -128,6 +130,8 @@ OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips,
     all.tracks += overlay(clip, options.overlayOrder, pass, counter);
     all.stop = clip.place.stop;
   }
+  all.stopsWithVideo = video && video->stop >= all.stop;
+  if (all.stopsWithVideo) all.stop = video->stop;
   return all;
 }
 

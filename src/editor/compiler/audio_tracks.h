@@ -5,6 +5,7 @@
 #include "editor/compiler/document_text.h"
 #include "editor/compiler/timeline_clips.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,14 +20,21 @@ std::string audioGroupTag(std::string_view rate);
 /// the sound lies where the picture lies.
 std::string clipAudioTracks(const CompileOptions& options, TimelineClips& clips);
 
-struct OverlayTracks {
-  std::string tracks;  ///< behind a line end
-  double stop = 0;     ///< seconds where the last one stops, 0 without any
+/// Where the video ends, in seconds, for music that is trimmed to it.
+struct VideoEnd {
+  double stop = 0;         ///< of the last clip
+  double largestStop = 0;  ///< of them all
 };
 
-/// A track for each clip of music that is to be heard; places them. `videoEnd`, in seconds, is where they are
-/// trimmed, 0 for nowhere.
-OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips, double videoEnd);
+struct OverlayTracks {
+  std::string tracks;           ///< behind a line end
+  double stop = 0;              ///< seconds: where the last one stops, or with the video
+  bool stopsWithVideo = false;  ///< trimmed music, however short, counts to the video's stop
+};
+
+/// A track for each clip of music that is to be heard; places them. They are trimmed to `video`.
+OverlayTracks overlayTracks(const CompileOptions& options, TimelineClips& clips,
+                            const std::optional<VideoEnd>& video);
 
 /// The number of clips that count as audio by their Resolution text.
 int GetNumAudioTracks(const TimelineClips& clips);

@@ -80,11 +80,11 @@ void bringInOrder(const EffectSources& sources, TimelineClips& clips, const Clip
 }
 
 // What a clip is heard with, before it is written.
-void prepare(TimelineClip& clip, bool timingOnly) {
+void prepare(TimelineClip& clip, bool isWhole) {
   if (clip.record->IsStill()) {
     clip.HasAudio = false;
     clip.RenderAudio = false;
-  } else if (!timingOnly) {
+  } else if (isWhole) {
     clip.HasAudio = clip.hasSound;
   }
 }
@@ -94,6 +94,7 @@ void prepare(TimelineClip& clip, bool timingOnly) {
 VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const ClipLineOptions& o) {
   const auto& options = sources.options;
   const auto endTrack = std::string(tag::kEndTrack) + "\r\n\r\n";
+  const bool isWhole = o.Text == LineText::Whole;
   const int first = o.TransitionPreview ? o.FirstClip : 1;
   const int last = o.TransitionPreview ? o.LastClip : clips.count();
   bringInOrder(sources, clips, o);
@@ -104,13 +105,14 @@ VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const Cl
   for (int i = first; i <= last; ++i) {
     auto& clip = clips[i];
     if (clip.isSound) continue;
-    prepare(clip, o.TimingOnly);
+    prepare(clip, isWhole);
     const auto times = o.TransitionPreview ? placeInPreview(clips, i, o) : placeOnTimeline(clips, i, running);
     const double stop = asWritten(times.stop, Digits::Four);
     line.stop = stop;
-    line.tracks +=
-        clipElement(*clip.record, times, o.UseSourceFile ? sourceFile(*clip.record) : clipFile(*clip.record),
-                    o.TimingOnly ? std::string() : effectLines(sources, clip, stop));
+    if (o.Text != LineText::None)
+      line.tracks += clipElement(*clip.record, times,
+                                 o.UseSourceFile ? sourceFile(*clip.record) : clipFile(*clip.record),
+                                 isWhole ? effectLines(sources, clip, stop) : std::string());
     if (clip.TransType.empty()) clip.TransType = "CUT";
 
     const bool cut = isCut(clip.TransType);
@@ -118,11 +120,11 @@ VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const Cl
       line.tracks += endTrack;
       continue;
     }
-    if (cut || o.TimingOnly) {
-      line.tracks += endTrack;
+    if (cut || !isWhole) {
+      if (o.Text != LineText::None) line.tracks += endTrack;
     } else {
       const double start = o.TransitionZero || i == 1 ? 0 : running;
-      const auto end = o.TransitionZero ? Stamp{o.SliderSeconds} : Stamp{stop, Digits::Four};
+      const auto end = o.TransitionZero ? Stamp{o.TransitionSeconds} : Stamp{stop, Digits::Four};
       line.tracks += AddTransition(options, clips, i, recordedTransition(clip, options, start, end));
     }
     running = o.FixedDuration ? static_cast<double>(o.FixedSeconds) : running + timelineLength(clip);

@@ -9,16 +9,23 @@
 
 namespace kvo {
 
+/// What of its text a video line has; its clips are placed in any case.
+enum class LineText {
+  Whole,
+  Clips,  ///< neither effects nor transitions, of which a timing pass corrects nothing
+  None,   ///< the same, where the places alone are wanted
+};
+
 struct ClipLineOptions {
   bool TransitionPreview = false;  ///< only FirstClip to LastClip, and no clip is placed
   int FirstClip = 1;
   int LastClip = 1;
-  bool TransitionZero = false;  ///< transitions start at 0 and last as the slider says
+  bool TransitionZero = false;  ///< transitions start at 0 and last TransitionSeconds
   bool FixedDuration = false;   ///< a cut is shown with FixedSeconds of each side
   Single FixedSeconds = 0;
   bool UseSourceFile = false;  ///< SrcPath + SrcName where set, in place of Path + MovieName
-  double SliderSeconds = 0;    ///< of the transition slider
-  bool TimingOnly = false;     ///< places alone are wanted: effects and transitions are left out
+  double TransitionSeconds = 0;
+  LineText Text = LineText::Whole;
 };
 
 struct VideoLine {

@@ -1,44 +1,65 @@
 #include "editor/compiler/compile.h"
 
-#include "base/file_print.h"
+#include "base/text.h"
 #include "editor/compiler/audio_tracks.h"
-#include "editor/compiler/clip_line.h"
 #include "editor/compiler/document_text.h"
 
 #include <set>
 
 namespace kvo {
 
+Compiled beginCompile(TimelineClips clips, const CompileOptions& options) {
+  Compiled made;
+  made.clips = std::move(clips);
+  made.output = options.output;
+  made.hasPicture = hasPicture(made.clips);
+  made.hasMusic = options.overlays || GetNumAudioTracks(made.clips) >= 1;
+  return made;
+}
+
+void addVideo(Compiled& made, const EffectSources& sources, const ClipLineOptions& line) {
+  auto video = videoLine(sources, made.clips, line);
+  made.parts.VideoTrackText = std::move(video.tracks);
+  made.videoStop = video.stop;
+  made.largestStop = video.largestStop;
+}
+
+void addClipAudio(Compiled& made, const CompileOptions& options) {
+  made.parts.AudioTrackText = clipAudioTracks(options, made.clips);
+}
+
+void addMusic(Compiled& made, const CompileOptions& options) {
+  std::optional<VideoEnd> video;
+  if (options.trimOverlays && made.hasPicture) video = {made.videoStop.value_or(0), made.largestStop};
+  const auto music = overlayTracks(options, made.clips, video);
+  made.parts.AudioTrackText += music.tracks;
+  made.audioStop = music.stop;
+  made.audioStopsWithVideo = music.stopsWithVideo;
+}
+
+Compiled compileTimes(TimelineClips clips, const KeyframeIndex& keyframes, const CompileOptions& options) {
+  const EffectsTable noEffects;
+  auto made = beginCompile(std::move(clips), options);
+  addVideo(made, {noEffects, keyframes, options}, {.Text = LineText::None});
+  if (made.hasMusic) addMusic(made, options);
+  made.parts = {};
+  return made;
+}
+
 Compiled compile(const Collection& collection, const CompileOptions& options, const CompileFacts& facts) {
   const KeyframeIndex keyframes(collection);
-  const EffectSources sources{facts.effects, keyframes, options};
-  Compiled out;
-  out.clips = TimelineClips(collection, facts.streams);
-  out.output = options.output;
-  out.hasPicture = hasPicture(out.clips);
-  out.hasMusic = options.overlays || GetNumAudioTracks(out.clips) >= 1;
-
-  auto line = videoLine(sources, out.clips, {.UseSourceFile = options.sourceFiles});
-  out.videoStop = line.stop;
-  out.largestStop = line.largestStop;
+  auto made = beginCompile(TimelineClips(collection, facts.streams), options);
+  addVideo(made, {facts.effects, keyframes, options}, {.UseSourceFile = options.sourceFiles});
   // A clip whose file is missing has its track all the same, and tracks stand in a group.
-  const bool hasVideoTime = line.stop.value_or(0) > 0;
-  const bool hasGroup = out.hasPicture || hasVideoTime;
-  if (hasGroup) out.parts.VideoGroupText = videoGroupTag(options.output);
-  out.parts.VideoTrackText = std::move(line.tracks);
-  out.parts.AudioGroupText = audioGroupTag(kAudioRate);
-
-  const bool clipAudio = options.alwaysHasAudio || (options.clipAudio && out.hasPicture);
-  if (clipAudio) out.parts.AudioTrackText = clipAudioTracks(options, out.clips);
-  if (out.hasMusic) {
-    const bool trims = options.trimOverlays && out.hasPicture;
-    const auto music = overlayTracks(options, out.clips, trims ? out.largestStop : 0);
-    out.parts.AudioTrackText += music.tracks;
-    const double video = out.videoStop.value_or(0);
-    out.audioStop = trims && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop};
-  }
-  out.text = documentText(out.parts, hasGroup, hasVideoTime, clipAudio || out.hasMusic);
-  return out;
+  const bool hasVideoTime = made.videoStop.value_or(0) > 0;
+  const bool hasGroup = made.hasPicture || hasVideoTime;
+  if (hasGroup) made.parts.VideoGroupText = videoGroupTag(options.output);
+  made.parts.AudioGroupText = audioGroupTag(kAudioRate);
+  const bool hasClipAudio = options.alwaysHasAudio || (options.clipAudio && made.hasPicture);
+  if (hasClipAudio) addClipAudio(made, options);
+  if (made.hasMusic) addMusic(made, options);
+  made.text = documentText(made.parts, hasGroup, hasVideoTime, hasClipAudio || made.hasMusic);
+  return made;
 }
 
 std::string videoGroupTag(const OutputForm& o) {
@@ -53,23 +74,16 @@ std::string videoGroupTag(const OutputForm& o) {
 }
 
 std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks) {
-  const std::string indent(5, ' ');
-  const auto line = [](std::string_view text) { return std::string(text) + "\r\n"; };
-  FilePrint file;
-  file.print(line(tag::kTimeline));
-  if (hasGroup) file.print(indent + texts.VideoGroupText + "\r\n\r\n");
-  file.print(texts.VideoTrackText + "\r\n\r\n");
-  if (hasVideoTime) file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(indent + texts.AudioGroupText + "\r\n\r\n");
-  if (hasAudioTracks) file.print(indent + indent + texts.AudioTrackText + "\r\n\r\n");
-  file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(line(tag::kEndTimeline));
-  return file.bytes();
+  const std::string apart = "\r\n\r\n";
+  tag::GroupText video{.tracks = texts.VideoTrackText + apart, .isClosed = hasVideoTime};
+  if (hasGroup) video.open = texts.VideoGroupText;
+  tag::GroupText audio{.open = texts.AudioGroupText};
+  if (hasAudioTracks) audio.tracks = blanks(10) + texts.AudioTrackText + apart;
+  return tag::document({std::move(video), std::move(audio)}, tag::Spacing::Wide);
 }
 
 void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings, Corrections which) {
   applyCorrections(compiled.clips, collection, settings, which);
-  ValidateKeyFrames(collection);
   const bool wasDirty = settings.state.IsDirty;
   if (compiled.hasMusic) settings.change().DubInPlaylistAudioTrks = true;
   settings.state.IsDirty = wasDirty;

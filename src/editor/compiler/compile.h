@@ -2,6 +2,7 @@
 // compile would have otherwise in the records is part of what it gives back.
 #pragma once
 
+#include "editor/compiler/clip_line.h"
 #include "editor/compiler/compile_options.h"
 #include "editor/compiler/document_text.h"
 #include "editor/compiler/effect_elements.h"
@@ -34,8 +35,9 @@ struct Compiled {
   bool hasMusic = false;    ///< the music of the collection takes part
   OutputForm output;        ///< as asked for
   std::optional<double> videoStop;  ///< seconds: VideoTotalTime; none without a clip with a picture
-  std::optional<Stamp> audioStop;   ///< AudioTotalTime; none where no music takes part
-  double largestStop = 0;           ///< seconds: LastClipStop
+  std::optional<double> audioStop;  ///< seconds: AudioTotalTime; none where no music takes part
+  bool audioStopsWithVideo = false;
+  double largestStop = 0;  ///< seconds: LastClipStop
 };
 
 /// Compiles the collection, which outlives what comes back: places every clip, shortens transitions that are
@@ -44,6 +46,23 @@ struct Compiled {
 /// has no sound track. A still has none at all.
 Compiled compile(const Collection& collection, const CompileOptions& options, const CompileFacts& facts);
 
+/// The places alone, without a text: what compile() would leave of `clips`, all of a collection's with what
+/// their files hold, and where movie and music stop.
+Compiled compileTimes(TimelineClips clips, const KeyframeIndex& keyframes, const CompileOptions& options);
+
+// The passes of a compile, in their order, for an operation that makes one part of a document. Each goes on
+// with what those ahead of it left in `made`, or with the places that a compile before has left in the
+// records.
+
+/// Ahead of all passes: clips, hasPicture, hasMusic, output.
+Compiled beginCompile(TimelineClips clips, const CompileOptions& options);
+/// The video tracks; places their clips, and leaves videoStop and largestStop.
+void addVideo(Compiled& made, const EffectSources& sources, const ClipLineOptions& line);
+/// Starts the audio tracks with the sound of the clips that have a picture.
+void addClipAudio(Compiled& made, const CompileOptions& options);
+/// Adds the music; places its clips, within the video's stops where it is trimmed, and leaves audioStop.
+void addMusic(Compiled& made, const CompileOptions& options);
+
 /// The opening tag of the video group, with its line end.
 std::string videoGroupTag(const OutputForm& output);
 
@@ -51,8 +70,8 @@ std::string videoGroupTag(const OutputForm& output);
 /// it, and with audio tracks, where that is wanted. Without tracks it has an audio group all the same.
 std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks);
 
-/// Writes what a compile corrected into records and settings, and takes keyframes away whose clip is gone. It
-/// is no change of the user's: dirty flags and the change code stay.
+/// Writes what a compile corrected into records and settings. It is no change of the user's: dirty flags and
+/// the change code stay.
 void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings,
                       Corrections which = Corrections::All);
 

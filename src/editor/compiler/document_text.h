@@ -5,6 +5,7 @@
 #include "base/value.h"
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -84,8 +85,18 @@ std::string keyframe(std::string_view time, std::string_view value);
 /// The line ahead of a clip's effects, which stands even when there are none.
 std::string effectLine(std::string_view effects);
 
-/// The text of a whole document of one video group.
-std::string document(std::string_view group, std::string_view tracks, std::string_view more = {});
+/// A group of a document. What it does not have has no line either.
+struct GroupText {
+  std::optional<std::string> open{};    ///< its opening tag
+  std::optional<std::string> tracks{};  ///< all its tracks, with the blanks ahead of them
+  bool isClosed = true;
+};
+
+/// How far its lines stand apart.
+enum class Spacing { Close, Wide };
+
+/// The text of a whole document: the frame about its groups.
+std::string document(std::initializer_list<GroupText> groups, Spacing spacing);
 
 }  // namespace tag
 }  // namespace kvo

@@ -171,7 +171,6 @@ void EditorDesk::membershipChanged() {
     if (parts_.preview.isPlaying()) KillPreview();
     if (state.frame.CurrentTab != kTabCreate) Buildtabs(kTabCreate);
   }
-  hasMusic_ = CheckForAudiotrack(parts_.editing);
   takeSounds();
 }
 
@@ -190,10 +189,7 @@ void EditorDesk::takeSounds() {
 // before. Documents are compiled elsewhere.
 void EditorDesk::retime(bool isOther) {
   const auto& e = parts_.editing;
-  e.editor.texts = {};
-  CreateClipLine(e, true, {.TransitionZero = true});
-  if (hasMusic_) AddOverlayAudioTracks(e);
-  e.editor.texts = {};
+  timeMovie(e);
   parts_.state.totals = editorTotals(e.editor);
   ++parts_.state.timed;
   if (isOther) parts_.preview.movieIsStale();

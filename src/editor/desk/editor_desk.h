@@ -174,7 +174,6 @@ class EditorDesk : public PreviewHost {
   int sought_ = 0;           // the clip that the playhead has come to, which the open tab has to follow
   bool following_ = false;   // it does so now, and leaves what is seen alone
   bool held_ = false;        // by the user, a key or the mouse
-  bool hasMusic_ = false;
   int analysingTicks_ = 0;
   bool filmWasShown_ = false;
   int ticks_ = 0;

@@ -150,7 +150,6 @@ bool PreviewEngine::standOnMovie() {
   const auto code = change;  // the change watch has still to hear of it
   auto document = compilePreviewText(editing_, powerOf(editing_.settings));
   change = code;
-  takeStops(editing_.editor, document);
   fillBar();
   state_.kind = PreviewKind::Movie;
   stale_ = false;

@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "core/records/media_kinds.h"
 #include "core/telling/translated.h"
-#include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/durations.h"
 #include "editor/tabs/operations.h"
 
@@ -31,16 +30,6 @@ bool isHeard(const Editing& e, const Movie& clip) {
   if (clip.IsStill()) return false;
   const auto facts = e.streams.facts(clipFile(clip));
   return facts && facts->hasAudio;
-}
-
-// Seconds of the music, as the movie will have it.
-double musicTotal(const Editing& e) {
-  if (!e.editor.AudioTotalTime.empty()) return ToNumber(e.editor.AudioTotalTime);
-  const bool trims = trimsMusic(e);
-  TimelineClips clips(e.collection, e.streams);
-  const double stop = overlayTracks(optionsOf(e), clips, trims ? ToNumber(e.editor.LastClipStop) : 0).stop;
-  const double video = ToNumber(e.editor.VideoTotalTime);
-  return trims && video >= stop ? video : stop;
 }
 
 AudioNotice noticeOf(const Editing& e, bool hasMusic) {

@@ -9,6 +9,7 @@
 #include "editor/tabs/preview_params.h"
 
 #include <algorithm>
+#include <set>
 
 namespace kvo {
 namespace {
@@ -34,30 +35,69 @@ int previewPower(KVO2& settings) {
   return settings.preferences().PreviewCPU;
 }
 
-void setVideoTotal(EditorState& editor, std::optional<double> stop, double largest) {
-  editor.VideoTotalTime = stop ? fixedText(*stop) : "0";
-  editor.LastClipStop = fixedText(largest);
-  editor.controls.Fra_Preview = translated("0 to %1 (s)", {FormatMask(largest, "0.00")});
+void takeVideoTotal(EditorState& editor, const Compiled& made) {
+  editor.VideoTotalTime = made.videoStop ? fixedText(*made.videoStop) : "0";
+  editor.LastClipStop = fixedText(made.largestStop);
+  editor.controls.Fra_Preview = translated("0 to %1 (s)", {FormatMask(made.largestStop, "0.00")});
+}
+
+// The video's own text where the music stops with it: the two are compared as texts.
+void takeAudioTotal(EditorState& editor, const Compiled& made) {
+  editor.AudioTotalTime.clear();
+  if (made.audioStop)
+    editor.AudioTotalTime =
+        made.audioStopsWithVideo ? fixedText(*made.audioStop) : shortNumber(*made.audioStop);
+}
+
+// What a compile of the whole collection leaves, but for its text.
+void take(const Editing& e, Compiled& made, Corrections which) {
+  applyCorrections(made, e.collection, e.settings, which);
+  auto& editor = e.editor;
+  editor.hasNoVideo = !made.hasPicture;
+  takeVideoTotal(editor, made);
+  takeAudioTotal(editor, made);
+  editor.texts = std::move(made.parts);
+}
+
+// The distinct stops of the pictures, in their order.
+std::vector<float> clipStops(const TimelineClips& clips) {
+  std::vector<float> stops;
+  std::set<float> known;
+  for (const auto& clip : clips) {
+    const auto stop = static_cast<float>(clip.place.stop);
+    if (!clip.isSound && known.insert(stop).second) stops.push_back(stop);
+  }
+  return stops;
 }
 
 std::string compiled(const Editing& e, const CompileOptions& options) {
   e.settings.state.ObjectChange = 0;
   auto made = compile(e.collection, options, factsOf(e));
-  applyCorrections(made, e.collection, e.settings,
-                   options.transitions ? Corrections::All : Corrections::ButTransitions);
+  take(e, made, options.transitions ? Corrections::All : Corrections::ButTransitions);
+  ValidateKeyFrames(e.collection);
   e.settings.state.RenderEffects = options.effects;
   e.settings.state.RenderTransitions = options.transitions;
-  auto& editor = e.editor;
-  editor.hasNoVideo = !made.hasPicture;
-  setVideoTotal(editor, made.videoStop, made.largestStop);
-  editor.AudioTotalTime.clear();
-  if (made.audioStop) editor.AudioTotalTime = stampText(*made.audioStop);
+  e.editor.ClipStopList = clipStops(made.clips);
   if (made.hasPicture) {
-    editor.OutputWidth = made.output.width;
-    editor.OutputHeight = made.output.height;
+    e.editor.OutputWidth = made.output.width;
+    e.editor.OutputHeight = made.output.height;
   }
-  editor.texts = std::move(made.parts);
   return std::move(made.text);
+}
+
+// Ahead of a pass of its own.
+Compiled begun(const Editing& e, const CompileOptions& options) {
+  return beginCompile(TimelineClips(e.collection, e.streams), options);
+}
+
+// The pass of the music, behind the video's.
+Compiled withMusic(const Editing& e) {
+  const auto options = optionsOf(e);
+  auto made = begun(e, options);
+  made.videoStop = ToNumber(e.editor.VideoTotalTime);
+  made.largestStop = ToNumber(e.editor.LastClipStop);
+  addMusic(made, options);
+  return made;
 }
 
 // What a sample is made with: the preview's depth and rate, and every effect.
@@ -149,23 +189,20 @@ void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions o) {
   state.RenderTransitions = options.transitions;
   options.output.width = e.editor.OutputWidth;
   options.output.height = e.editor.OutputHeight;
-  o.TimingOnly = state.ObjectChange != 0;
-  o.SliderSeconds = e.editor.controls.Sld_In.Value / 10;
+  if (state.ObjectChange != 0) o.Text = LineText::Clips;
+  o.TransitionSeconds = e.editor.controls.Sld_In.Value / 10;
 
-  TimelineClips clips(e.collection, e.streams);
-  if (GetNumAudioTracks(clips) >= 1) {
-    writeQuietly(e.settings, [](auto& s) { s.DubInPlaylistAudioTrks = true; });
-  }
   const KeyframeIndex keyframes(e.collection);
-  auto line = videoLine({e.editor.effects, keyframes, options}, clips, o);
-  const bool hasTransitions = options.transitions && !o.TimingOnly;
-  applyCorrections(clips, e.collection, e.settings,
+  auto made = begun(e, options);
+  addVideo(made, {e.editor.effects, keyframes, options}, o);
+  const bool hasTransitions = options.transitions && o.Text == LineText::Whole;
+  applyCorrections(made, e.collection, e.settings,
                    o.TransitionPreview ? Corrections::OfTransitions
                    : hasTransitions    ? Corrections::All
                                        : Corrections::ButTransitions);
-  e.editor.texts.VideoTrackText += line.tracks;
+  e.editor.texts.VideoTrackText += made.parts.VideoTrackText;
   if (!o.TransitionPreview) e.editor.AudioTotalTime.clear();
-  setVideoTotal(e.editor, line.stop, line.largestStop);
+  takeVideoTotal(e.editor, made);
 }
 
 void CreateAudioGroup(EditorState& editor, std::string_view rate) {
@@ -173,21 +210,18 @@ void CreateAudioGroup(EditorState& editor, std::string_view rate) {
 }
 
 void CreateAudioClipLine(const Editing& e) {
-  TimelineClips clips(e.collection, e.streams);
-  e.editor.texts.AudioTrackText = clipAudioTracks(optionsOf(e), clips);
-  applyCorrections(clips, e.collection, e.settings);
+  const auto options = optionsOf(e);
+  auto made = begun(e, options);
+  addClipAudio(made, options);
+  applyCorrections(made.clips, e.collection, e.settings);
+  e.editor.texts.AudioTrackText = std::move(made.parts.AudioTrackText);
 }
 
 void AddOverlayAudioTracks(const Editing& e) {
-  auto& editor = e.editor;
-  const bool trims = trimsMusic(e);
-  TimelineClips clips(e.collection, e.streams);
-  const auto music = overlayTracks(optionsOf(e), clips, trims ? ToNumber(editor.LastClipStop) : 0);
-  applyCorrections(clips, e.collection, e.settings);
-  editor.texts.AudioTrackText += music.tracks;
-  const double video = ToNumber(editor.VideoTotalTime);
-  editor.AudioTotalTime =
-      stampText(trims && video >= music.stop ? Stamp{video, Digits::Four} : Stamp{music.stop});
+  const auto made = withMusic(e);
+  applyCorrections(made.clips, e.collection, e.settings);
+  e.editor.texts.AudioTrackText += made.parts.AudioTrackText;
+  takeAudioTotal(e.editor, made);
 }
 
 Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string& fileName) {
@@ -200,13 +234,10 @@ Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string
 }
 
 void AnalyseRenderFile(const Editing& e, const std::string& fileName) {
-  const auto bytes = e.files.read(fileName, kMaxDocument);
-  takeStops(e.editor, bytes ? *bytes : std::string_view());
-}
-
-void takeStops(EditorState& editor, std::string_view document) {
-  auto& stops = editor.ClipStopList;
+  auto& stops = e.editor.ClipStopList;
   stops.clear();
+  const auto bytes = e.files.read(fileName, kMaxDocument);
+  auto document = bytes ? std::string_view(*bytes) : std::string_view();
   while (!document.empty()) {
     const auto line = nextLine(document);
     if (line.find("SamplingRate=") != std::string_view::npos) return;
@@ -216,6 +247,16 @@ void takeStops(EditorState& editor, std::string_view document) {
     const auto stop = static_cast<float>(ToNumber(replaced(text, "\"", "")));
     if (std::find(stops.begin(), stops.end(), stop) == stops.end()) stops.push_back(stop);
   }
+}
+
+void timeMovie(const Editing& e) {
+  auto made = compileTimes(TimelineClips(e.collection, e.streams), KeyframeIndex(e.collection), optionsOf(e));
+  take(e, made, Corrections::ButTransitions);
+}
+
+double musicTotal(const Editing& e) {
+  const auto& known = e.editor.AudioTotalTime;
+  return known.empty() ? withMusic(e).audioStop.value_or(0) : ToNumber(known);
 }
 
 std::string compileText(const Editing& e) {

@@ -1,8 +1,9 @@
 // The operations of the editor that compile: each runs the compiler on the open collection, as the settings
 // and the controls have it, and writes what that corrects into records, settings and controls. A compile is
 // no change of the user's: dirty flags stay. A full one answers the change code, which is 0 behind it.
-// The steps have given names, CreateVideoGroup to AnalyseRenderFile, and leave working texts to each other;
-// the program compiles by compileText and compilePreviewText, which come to the same.
+// The program compiles by compileText and compilePreviewText, and times the movie by timeMovie. The steps
+// with given names, CreateVideoGroup to AnalyseRenderFile, each run one pass of the same compile and leave
+// working texts to each other; together they come to the same document.
 #pragma once
 
 #include "base/result.h"
@@ -60,13 +61,19 @@ Outcome WriteRenderFile(const Editing& e, bool hasAudioTracks, const std::string
 
 /// Fills ClipStopList with the distinct stops of the video group of a document, in its order.
 void AnalyseRenderFile(const Editing& e, const std::string& fileName);
-/// The same of the text of one.
-void takeStops(EditorState& editor, std::string_view document);
 
-/// Compiles the collection for a render at full power, with every effect and transition. Gives the text.
+/// The timing pass behind an edit: the places of clips and music and the totals, as a compile has them,
+/// without its text and what only writing it corrects. The change code stays.
+void timeMovie(const Editing& e);
+
+/// Seconds of the music as the movie has it: AudioTotalTime, or what that comes to where none has been left.
+double musicTotal(const Editing& e);
+
+/// Compiles the collection for a render at full power, with every effect and transition, and leaves totals
+/// and ClipStopList. Gives the text.
 std::string compileText(const Editing& e);
 
-/// Compiles the collection for a preview of the given power (1 to 10). Gives the text.
+/// The same for a preview of the given power (1 to 10).
 std::string compilePreviewText(const Editing& e, int power);
 
 /// The longest allowed transition into the clip in seconds, one decimal.

@@ -5,6 +5,7 @@
 #include "editor/compiler/durations.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/tabs/operations.h"
+#include "vocabulary/transitions.h"
 
 #include <algorithm>
 #include <array>
@@ -13,12 +14,14 @@ namespace kvo {
 namespace {
 
 constexpr double kDefaultLength = 20;  // tenths of a second, of a clip that has had no transition yet
-constexpr std::string_view kFirstChoice = "Dissolve";
 constexpr Integer kRetime = 98;
+constexpr std::size_t kMaxName = 80;  // characters
 
 // The names whose options are on offer when a clip is chosen that has one of them.
 constexpr std::array<std::string_view, 6> kWithParticleKey = {"Whirlwind Up", "Shatter Down", "Shatter Right",
                                                               "Shatter In",   "Shatter Out",  "Whirlwind"};
+
+std::string shownName(const Movie& clip) { return std::string(cutTo(listedName(clip), kMaxName)); }
 
 // A correction is no change of the user's.
 template <class Work>
@@ -43,6 +46,12 @@ std::string lookOf(const Movie& clip, int number) {
 }
 
 }  // namespace
+
+std::string transitionClipsText(const Collection& collection, int clipNo) {
+  const auto& clips = collection.MovieList;
+  const auto name = shownName(clips[clipNo]);
+  return (clipNo == 1 ? std::string("Movie Start") : shownName(clips[clipNo - 1])) + " -->  " + name;
+}
 
 TransitionPane paneOf(const TransitionTab& tab) {
   if (!tab.panel.listVisible) return TransitionPane::Hint;
@@ -235,7 +244,7 @@ void TransitionRules::pickNext(int steps) {
 void TransitionRules::chooseCut(bool cut) {
   if (clip() == nullptr || cut == !tab_.panel.listVisible) return;
   if (!cut)
-    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstChoice) : tab_.names.lastUsed.front());
+    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstTransition) : tab_.names.lastUsed.front());
   tab_.panel.listVisible = false;
   host_.edit("Cut", e_.collection.icurMov, kRetime, [&] { ApplyTransitionDataToObjects(e_, tab_.panel); });
   tab_.panel.Cmd_ParticleOpts = tab_.particlesOpen = false;

@@ -133,4 +133,7 @@ class TransitionRules {
   std::set<std::pair<Long, int>> warned_;  // clips, by their KeyID, and lengths that a box has warned of
 };
 
+/// The two clips of a transition as they are named to the user: "beach.avi -->  hills.avi".
+std::string transitionClipsText(const Collection& collection, int clipNo);
+
 }  // namespace kvo

@@ -1,8 +1,7 @@
 #include "editor/timeline/timeline_blocks.h"
 
 #include "core/telling/translated.h"
-#include "editor/compiler/audio_tracks.h"
-#include "editor/compiler/clip_line.h"
+#include "editor/compiler/compile.h"
 #include "editor/compiler/durations.h"
 #include "editor/compiler/effect_word.h"
 #include "editor/compiler/effects_table.h"
@@ -108,13 +107,6 @@ void addMusic(TimelineBlocks& blocks, const TimelineClip& clip, TimelineBlock bl
   blocks.music.push_back(std::move(block));
 }
 
-void placeMovie(TimelineClips& clips, const KeyframeIndex& keyframes, const CompileOptions& options) {
-  const EffectsTable effects;
-  const auto line = videoLine({effects, keyframes, options}, clips, {.TimingOnly = true});
-  if (GetNumAudioTracks(clips) < 1 && !options.overlays) return;
-  overlayTracks(options, clips, options.trimOverlays && hasPicture(clips) ? line.largestStop : 0);
-}
-
 std::string counted(int count, const char* one, const char* many) {
   return translated(count == 1 ? one : many, {std::to_string(count)});
 }
@@ -138,7 +130,7 @@ const TimelineBlock* TimelineBlocks::seenAt(double seconds) const {
 
 TimelineBlocks blocksOf(TimelineClips clips, const Collection& collection, const CompileOptions& options) {
   const KeyframeIndex keyframes(collection);
-  placeMovie(clips, keyframes, options);
+  clips = compileTimes(std::move(clips), keyframes, options).clips;
   TimelineBlocks blocks;
   blocks.isStacked = options.overlayOrder == OverlayOrder::Stacked;
   for (const auto& clip : clips) {

@@ -75,12 +75,12 @@ bool isInPlace(const Corners& corners, const Picture& picture) {
 
 Picture moveInSpace(const Params& params, const Picture& picture, const EffectMoment& moment) {
   const double way = moment.length > 0 ? std::clamp(moment.time / moment.length, 0.0, 1.0) : 0;
-  auto motion = motionOf(params, picture.width(), picture.height(), easedWay(params, way));
-  if (isInPlace(motion.corners, picture)) return picture;
+  auto pose = poseOf(params, picture.width(), picture.height(), easedWay(params, way));
+  if (isInPlace(pose.corners, picture)) return picture;
   auto out = media::Canvas::clear(picture.width(), picture.height());
   const auto shown = withAlpha(picture);
-  if (motion.back && !params.flag("showaback")) return share(std::move(out));
-  drawTurned(shown, wholeOf(shown), motion.corners, {1, motion.back ? 0.8 : 1.0}, out);
+  if (pose.back && !params.flag("showaback")) return share(std::move(out));
+  drawTurned(shown, wholeOf(shown), pose.corners, {1, pose.back ? 0.8 : 1.0}, out);
   return share(std::move(out));
 }
 

@@ -103,7 +103,7 @@ Result<Slice> sliceOf(const Timeline& timeline, const RenderJob& job) {
                " is not within the " + FormatMask(length, "0.00") + " s of the movie"};
 }
 
-void planFrames(const Slice& slice, RenderPlan& plan) {
+void planPictures(const Slice& slice, RenderPlan& plan) {
   plan.steps = plan.format.video->frameRate;
   plan.stop = std::max<std::int64_t>(1, plan.steps.frameFrom(slice.to));
   plan.first = std::min(plan.steps.frameFrom(slice.from), plan.stop - 1);
@@ -223,7 +223,7 @@ Result<RenderPlan> planRender(const Timeline& timeline, const RenderJob& job, in
     planSound(*slice, plan);
     return plan;
   }
-  planFrames(*slice, plan);
+  planPictures(*slice, plan);
   if (mostMegabytes(job) > 0) {
     if (auto done = planSize(job, plan); !done) return done.error();
   }

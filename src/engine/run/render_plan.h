@@ -24,7 +24,7 @@ struct Slice {
 };
 
 /// Each process of several that make a movie together sees to the segments `number`, `number + of`, ...
-struct Share {
+struct SegmentShare {
   std::size_t number = 0;
   std::size_t of = 1;
 };
@@ -32,8 +32,8 @@ struct Share {
 /// Where finished segments are kept until the movie stands.
 struct Work {
   std::string folder;
-  std::string identity;          ///< what a segment depends on beside the plan and the sources
-  std::optional<Share> share{};  ///< only these segments are made, and no movie
+  std::string identity;                 ///< what a segment depends on beside the plan and the sources
+  std::optional<SegmentShare> share{};  ///< only these segments are made, and no movie
 };
 
 struct RenderJob {

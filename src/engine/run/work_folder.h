@@ -51,7 +51,7 @@ class WorkFolder {
 
   Files* files_;
   std::string folder_;
-  std::optional<Share> share_;
+  std::optional<SegmentShare> share_;
   std::vector<std::string> names_;
   std::uint64_t key_;
 };

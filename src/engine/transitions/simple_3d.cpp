@@ -29,7 +29,7 @@ bool seenFromBehind(const Corners& c) {
 
 }  // namespace
 
-Motion motionOf(const Params& params, int width, int height, double way) {
+Pose poseOf(const Params& params, int width, int height, double way) {
   const double first = params.number("initialscalea", 0, 1, 0, 100);
   const double scale = first + (lastScale(params) - first) * way;
   const double speed = params.number("movespeeda", 0, 1, 0, 100);
@@ -64,13 +64,13 @@ Motion motionOf(const Params& params, int width, int height, double way) {
   const double w = width;
   const double h = height;
   const std::array<Point, 4> flat = {Point{0, 0, 0}, {w, 0, 0}, {w, h, 0}, {0, h, 0}};
-  Motion motion;
+  Pose pose;
   for (std::size_t i = 0; i < flat.size(); ++i) {
     const Point scaled = middle + (flat[i] - middle) * scale;
-    motion.corners[i] = camera.seen(pivot + turned(scaled - pivot, turn) + shift);
+    pose.corners[i] = camera.seen(pivot + turned(scaled - pivot, turn) + shift);
   }
-  motion.back = seenFromBehind(motion.corners);
-  return motion;
+  pose.back = seenFromBehind(pose.corners);
+  return pose;
 }
 
 namespace {
@@ -79,23 +79,23 @@ namespace {
 void paintFlip(const Params& params, const media::Picture& below, const media::Picture& above,
                double progress, media::Canvas& out) {
   drawColour({}, out);
-  auto motion = motionOf(params, out.width(), out.height(), unevenProgress(params, progress));
+  auto pose = poseOf(params, out.width(), out.height(), unevenProgress(params, progress));
   const auto shows = [&](const char* side, bool otherwise) {
     return params.find(side) == nullptr ? otherwise : params.flag(side);
   };
   const Look look{1, 1 - 0.4 * (1 - std::fabs(2 * progress - 1))};
-  if (!motion.back) {
-    if (shows("showafront", true)) return drawTurned(below, wholeOf(below), motion.corners, look, out);
-    if (shows("showbfront", false)) drawTurned(above, wholeOf(above), motion.corners, look, out);
+  if (!pose.back) {
+    if (shows("showafront", true)) return drawTurned(below, wholeOf(below), pose.corners, look, out);
+    if (shows("showbfront", false)) drawTurned(above, wholeOf(above), pose.corners, look, out);
     return;
   }
   if (shows("showbback", true)) {
     // It stands on its head there, so that it is upright when it has come round.
-    std::swap(motion.corners[0], motion.corners[3]);
-    std::swap(motion.corners[1], motion.corners[2]);
-    return drawTurned(above, wholeOf(above), motion.corners, look, out);
+    std::swap(pose.corners[0], pose.corners[3]);
+    std::swap(pose.corners[1], pose.corners[2]);
+    return drawTurned(above, wholeOf(above), pose.corners, look, out);
   }
-  if (shows("showaback", false)) drawTurned(below, wholeOf(below), motion.corners, look, out);
+  if (shows("showaback", false)) drawTurned(below, wholeOf(below), pose.corners, look, out);
 }
 
 void paint(const Params& params, const media::Picture& below, const media::Picture& above, double progress,
@@ -104,18 +104,18 @@ void paint(const Params& params, const media::Picture& below, const media::Pictu
   if (params.flag("revolvecamera")) return paintFlip(params, below, above, progress, out);
   drawAll(above, out);
   const double way = unevenProgress(params, progress);
-  const auto motion = motionOf(params, out.width(), out.height(), way);
-  if (motion.back && !params.flag("showaback")) return;
+  const auto pose = poseOf(params, out.width(), out.height(), way);
+  if (pose.back && !params.flag("showaback")) return;
   const double fadeStart = params.number("fadestarta", 0, 1, 0, 1);
   // What has not left by itself is gone at the end all the same.
   const double fadeFrom = fadeStart < 1 ? fadeStart : 0.85;
   const double opacity = std::clamp((1 - progress) / (1 - fadeFrom), 0.0, 1.0);
-  drawTurned(below, wholeOf(below), motion.corners, {opacity, motion.back ? 1.6 : 1.0}, out);
+  drawTurned(below, wholeOf(below), pose.corners, {opacity, pose.back ? 1.6 : 1.0}, out);
 }
 
 }  // namespace
 
-// The parameters of motionOf(), "FadeStartA" (a progress) and "ShowABack". Of what goes round "ShowAFront",
+// The parameters of poseOf(), "FadeStartA" (a progress) and "ShowABack". Of what goes round "ShowAFront",
 // "ShowABack", "ShowBFront" and "ShowBBack" say what is on either side.
 Result<PaintTransition> makeSimple3D(const Params& params, int /*width*/, int /*height*/) {
   return PaintTransition([params](const media::Picture& below, const media::Picture& above,

@@ -7,7 +7,7 @@
 namespace kvo::engine {
 
 /// Where a picture is.
-struct Motion {
+struct Pose {
   Corners corners;
   bool back = false;  ///< its back is seen
 };
@@ -15,6 +15,6 @@ struct Motion {
 /// By the parameters "ScaleA" (smaller, larger, or a factor), "InitialScaleA", "RotateA" (left and right in
 /// its plane; up and down about the x axis), "RotateCenterA" (a corner), "MoveA" (in, out, left, right, up,
 /// down) and "MoveSpeedA", or round the camera by "RevolveCamera", at a way of 0 to 1.
-Motion motionOf(const Params& params, int width, int height, double way);
+Pose poseOf(const Params& params, int width, int height, double way);
 
 }  // namespace kvo::engine

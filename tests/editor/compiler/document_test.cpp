@@ -243,10 +243,10 @@ TEST(Document, SoundAheadOfAPictureIsRefused) {
 
 // With a transition that is longer than its clip: the clips are placed within its limit, which the record
 // takes only where the transition is written.
-TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
+TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOneAndTimedTheSameWithoutIt) {
   for (const int power : {1, kRenderMode}) {  // a preview without transitions, and a render
-    Bench whole, parts;
-    for (auto* b : {&whole, &parts}) {
+    Bench whole, parts, times;
+    for (auto* b : {&whole, &parts, &times}) {
       b->addVideo("a.avi", 0, 20).EffectWord("1");
       withTransition(b->addStill("s.jpg"), "Fade", 80);
       b->addMusic("m.mp3", 0, 12.5);
@@ -264,7 +264,22 @@ TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOne) {
     AddOverlayAudioTracks(parts.editing);
     ASSERT_TRUE(WriteRenderFile(parts.editing, true, "/prog/parts.xtl"));
     EXPECT_EQ(parts.files.all["/prog/parts.xtl"], text);
-    EXPECT_EQ(parts.editor.AudioTotalTime, whole.editor.AudioTotalTime);
+    AnalyseRenderFile(parts.editing, "/prog/parts.xtl");
+    EXPECT_EQ(parts.editor.ClipStopList, whole.editor.ClipStopList);
+    times.settings.state.ObjectChange = 98;
+    timeMovie(times.editing);
+    EXPECT_EQ(times.settings.state.ObjectChange, 98) << "whose change it is hears of it yet";
+    EXPECT_EQ(times.collection.MovieList[2].TransIn(), 80);
+    const auto told = [](const Bench& b) {
+      auto all = lineOf(b.editor.VideoTotalTime, b.editor.LastClipStop, b.editor.AudioTotalTime);
+      for (int i = 1; i <= b.collection.MovieList.count(); ++i) {
+        const auto& clip = b.collection.MovieList[i];
+        all += "\n" + lineOf(clip.TimeLineStart().text(), clip.TimeLineStop().text(), clip.LoopEnd().text());
+      }
+      return all;
+    };
+    EXPECT_EQ(told(parts), told(whole));
+    EXPECT_EQ(told(times), told(whole));
     for (auto* b : {&whole, &parts}) {
       const auto& still = b->collection.MovieList[2];
       EXPECT_EQ(lineOf(still.TransIn(), still.TimeLineStart().text()), isRender ? "30 17" : "80 17");

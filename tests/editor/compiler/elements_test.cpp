@@ -36,7 +36,6 @@ std::string transition(
 }
 
 TEST(Transitions, EachNameHasItsElement) {
-  EXPECT_EQ(transitionNames().size(), 74U);
   std::string all;
   std::string particles;
   for (const auto name : transitionNames()) {
@@ -133,9 +132,18 @@ TEST(Effects, ColourLevelsHaveTheirSlopes) {
       {"blue -10", [](Movie& m) { m.Blue(-10); }},
       {"brightness", [](Movie& m) { m.Brightness(1); }},
       {"contrast", [](Movie& m) { m.Contrast(5); }},
-      {"gamma and threshold", [](Movie& m) { m.Gamma(0.15F), m.Threshold(300); }},
+      {"gamma and threshold",
+       [](Movie& m) {
+         m.Gamma(0.15F);
+         m.Threshold(300);
+       }},
       {"sepia", [](Movie& m) { m.Sepia(true); }},
-      {"sepia, green and gamma", [](Movie& m) { m.Sepia(true), m.Green(10), m.Gamma(1); }},
+      {"sepia, green and gamma",
+       [](Movie& m) {
+         m.Sepia(true);
+         m.Green(10);
+         m.Gamma(1);
+       }},
   };
   std::string all;
   for (const auto& [name, set] : rows) {

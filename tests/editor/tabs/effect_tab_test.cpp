@@ -88,6 +88,7 @@ TEST(EffectTab, SwitchesAndSlidersWriteTheRecord) {
 TEST(EffectTab, KeyframesComeAndGoWithTheirEffect) {
   EffectBench b;
   tickEffect(b.editing, b.tab, b.host, kColoredPencil, true);
+  EXPECT_EQ(b.clip(1).EffectWord().size(), 46U);
   EXPECT_FALSE(b.face(kColoredPencil).isKeyframed) << "the one that each effect begins with moves nothing";
   EXPECT_TRUE(AddKeyFrame(b.editing, 50, {}));
   followTab(b.editing, b.tab, b.host, true);

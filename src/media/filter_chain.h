@@ -19,11 +19,11 @@ struct FreeFilterGraph {
   void operator()(AVFilterGraph* graph) const;
 };
 
-class FilterGraph {
+class FilterChain {
  public:
   /// The chain `filters`, in FFmpeg's notation, for pictures like `like`. `threads` of 0 lets it choose.
   /// Fails when there is no such filter or it does not take such pictures.
-  static Result<FilterGraph> make(const std::string& filters, const AVFrame& like, int threads);
+  static Result<FilterChain> make(const std::string& filters, const AVFrame& like, int threads);
 
   /// Whether pictures of another size or format come than those the chain was made for.
   [[nodiscard]] bool fits(const AVFrame& frame) const;
@@ -33,7 +33,7 @@ class FilterGraph {
   Result<SharedFrame> pull();
 
  private:
-  FilterGraph() = default;
+  FilterChain() = default;
 
   std::unique_ptr<AVFilterGraph, FreeFilterGraph> graph_;
   AVFilterContext* entry_ = nullptr;  // owned by the graph

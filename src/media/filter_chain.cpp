@@ -1,4 +1,4 @@
-#include "media/filter_graph.h"
+#include "media/filter_chain.h"
 
 #include "media/filter_library.h"
 
@@ -14,11 +14,11 @@ struct FreePads {
 
 void FreeFilterGraph::operator()(AVFilterGraph* graph) const { functions->avfilter_graph_free(&graph); }
 
-Result<FilterGraph> FilterGraph::make(const std::string& filters, const AVFrame& like, int threads) {
+Result<FilterChain> FilterChain::make(const std::string& filters, const AVFrame& like, int threads) {
   const auto library = filterLibrary();
   if (!library) return library.error();
   const auto& f = **library;
-  FilterGraph made;
+  FilterChain made;
   made.graph_ = {f.avfilter_graph_alloc(), FreeFilterGraph{&f}};
   auto* graph = made.graph_.get();
   if (graph == nullptr) return Error{"out of memory for a filter"};
@@ -52,17 +52,17 @@ Result<FilterGraph> FilterGraph::make(const std::string& filters, const AVFrame&
   return made;
 }
 
-bool FilterGraph::fits(const AVFrame& frame) const {
+bool FilterChain::fits(const AVFrame& frame) const {
   return frame.width == width_ && frame.height == height_ && frame.format == format_;
 }
 
-Outcome FilterGraph::push(const SharedFrame& frame) {
+Outcome FilterChain::push(const SharedFrame& frame) {
   const int done = graph_.get_deleter().functions->av_buffersrc_add_frame_flags(entry_, frame.get(),
                                                                                 AV_BUFFERSRC_FLAG_KEEP_REF);
   return done < 0 ? Outcome(ffmpegError("a picture cannot be filtered", done)) : Outcome();
 }
 
-Result<SharedFrame> FilterGraph::pull() {
+Result<SharedFrame> FilterChain::pull() {
   auto frame = newFrame();
   const int got = graph_.get_deleter().functions->av_buffersink_get_frame(exit_, frame.get());
   if (got == AVERROR(EAGAIN) || got == AVERROR_EOF) return SharedFrame();
