@@ -3,6 +3,7 @@
 
 #include "editor/tabs/tab_bench.h"
 #include "support/memory_store.h"
+#include "vocabulary/transitions.h"
 
 namespace kvo {
 namespace {
@@ -126,14 +127,15 @@ TEST(TransitionTab, EachControlWritesItsField) {
   const struct {
     const char* before;  // over 1.5 seconds; a cut over none
     std::function<void(TransitionRules&)> act;
-    const char* after;
+    std::string after;
   } rows[] = {
       {"CUT", [](auto& r) { r.pick("Barn"); }, "Barn 20 | = ="},
       {"Fade", [](auto& r) { r.pick("Barn"); }, "Barn 15 | = ="},
       {"Fade", [](auto& r) { r.chooseCut(true); }, "CUT 15 | = ="},
       {"CUT", [](auto& r) { r.chooseCut(false); }, "Dissolve 20 | = ="},
       {"Fade", [](auto& r) { r.pickNext(-1); }, "Dissolve 15 | = ="},
-      {"Fade", [](auto& r) { r.pickNext(99); }, "Filled V Up 15 | = ="},  // past the end
+      {"Fade", [](auto& r) { r.pickNext(99); },
+       std::string(transitionNames().back()) + " 15 | = ="},  // past the end
       {"CUT", [](auto& r) { r.moveDuration(33); }, "CUT 0 | = ="},
       {"Fade", [](auto& r) { r.moveDuration(99); }, "Fade 40 | = ="},
       {"Curtains", [](auto& r) { r.moveDuration(9); }, "Curtains 9 | = ="},  // not on offer, but served
