@@ -109,7 +109,7 @@ bool PreviewEngine::CreatePreview(bool Play) {
 void PreviewEngine::fillBar() {
   const auto& editor = editing_.editor;
   state_.FSB_RenderRange.Max = labelsOf(editor).FSB_RenderRangeMax;
-  state_.cuts.assign(editor.ClipStopList.begin(), editor.ClipStopList.end());
+  state_.cuts.assign({editor.ClipStopList.begin(), editor.ClipStopList.end()});
 }
 
 double PreviewEngine::movieLength() const {
@@ -210,7 +210,7 @@ std::string PreviewEngine::reasonOf(const std::string& text) {
 }
 
 void PreviewEngine::filesCame() {
-  if (waitsFor_.empty() || editing_.editor.missingFiles.contains(waitsFor_)) return;
+  if (waitsFor_.empty() || editing_.editor.isMissing(waitsFor_)) return;
   waitsFor_.clear();
   state_.failure.clear();
   host_.previewChanged();

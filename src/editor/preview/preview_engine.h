@@ -137,7 +137,7 @@ class PreviewEngine {
   double standsAt_ = 0;                   // seconds of the movie: where the host was told that it stands
   double playhead_ = 0;                   // seconds of the movie: where the host is
   RenderRange movieBar_;                  // the movie's, while a sample has the bar
-  std::vector<double> movieCuts_;
+  RevisedList<double> movieCuts_;
   std::string waitsFor_;  // the file for want of which it failed
   bool stale_ = true;
   bool owesMovie_ = false;  // it is to be shown anew

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace kvo {
 namespace {
@@ -49,13 +50,13 @@ double PreviewEngine::placeOf(std::int64_t frame) const {
 void PreviewEngine::takeTimes() {
   if (movieRuns()) return;
   (isSample() ? movieBar_ : state_.FSB_RenderRange).Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
-  auto& cuts = isSample() ? movieCuts_ : state_.cuts;
-  cuts.clear();
+  std::vector<double> cuts;
   for (int i = 1; i <= editing_.clips().count(); ++i) {
     const auto& clip = editing_.clips()[i];
     const double stop = clip.TimeLineStop().number();
     if (stop > 0 && !isSoundByName(clip.MovieName())) cuts.push_back(stop);
   }
+  (isSample() ? movieCuts_ : state_.cuts).assign(std::move(cuts));
 }
 
 void PreviewEngine::standAt(double seconds) {

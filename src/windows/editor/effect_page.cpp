@@ -166,7 +166,7 @@ void EffectPage::makeLevels() {
 }
 
 void EffectPage::draw() {
-  clips_->draw(state_.Lst_Clips, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  clips_->draw(state_.Lst_Clips, logic_.editing.collection, logic_.editing.editor);
   for (int i = 1; i <= EffectWord::kSwitches; ++i) {
     const auto& face = state_.faces[static_cast<std::size_t>(i)];
     auto* box = switches_[static_cast<std::size_t>(i)];
@@ -199,7 +199,7 @@ void EffectPage::drawEffects() {
   effects_->draw();
   for (auto* part : std::initializer_list<QWidget*>{effectsCaption_, find_, favourites_, effects_, hint_})
     part->setVisible(!state_.ease.open);
-  noneFound_->setVisible(!state_.ease.open && names.shown.empty());
+  noneFound_->setVisible(!state_.ease.open && names.shown.rows().empty());
 }
 
 }  // namespace kvo

@@ -210,7 +210,7 @@ void TransitionPage::makeChoice() {
 
 void TransitionPage::draw() {
   isDrawing_ = true;
-  Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection, logic_.rules.missingFiles());
+  Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection, logic_.rules.editor());
   const auto& panel = state_.panel;
   setTextOf(*Fra_FadDur_, told(panel.Fra_FadDur));
   markBad(*Fra_FadDur_, panel.durationIsShort);

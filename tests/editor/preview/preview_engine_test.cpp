@@ -56,7 +56,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   EXPECT_EQ(b.player.documents.back(), b.files.all.at("/prog/KVORender.xtl"));
   EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning);
   EXPECT_EQ(b.state.FSB_RenderRange.Max, 10);
-  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
+  EXPECT_EQ(b.state.cuts.rows(), (std::vector<double>{4, 10}));
 
   b.shows(52);
   b.loop.advance(300);
@@ -138,7 +138,7 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
     EXPECT_EQ(b.state.Lbl_TimePos, place) << what;
     if (acts == std::string("load seek:0 seek:1")) {
       EXPECT_EQ(b.settings.state.ObjectChange, 98) << "the change watch has yet to hear of it";
-      EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
+      EXPECT_EQ(b.state.cuts.rows(), (std::vector<double>{4, 10}));
     }
   }
   EXPECT_TRUE(b.state.paused);
@@ -175,7 +175,7 @@ TEST(Preview, WhatStandsOfTheMovieIsAtThePlayhead) {
   }
   b.collection.MovieList[2].TimeLineStop(Value(9));
   b.preview.takeTimes();
-  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 9})) << "a clip has been trimmed";
+  EXPECT_EQ(b.state.cuts.rows(), (std::vector<double>{4, 9})) << "a clip has been trimmed";
 }
 
 TEST(Preview, TheMovieIsSeenBehindAnEdit) {
@@ -337,8 +337,8 @@ TEST(Preview, AFileThatIsGoneIsToldUntilItIsBack) {
   EXPECT_EQ(b.state.failure, gone);
   EXPECT_EQ(b.log.texts().back(), b.player.why);
   for (const auto& [files, told] :
-       {std::pair(std::set<std::string>{"/v/hills.avi", "/v/beach.avi"}, gone), {{"/v/beach.avi"}, ""}}) {
-    missing = files;
+       {std::pair(std::vector<std::string>{"/v/beach.avi", "/v/hills.avi"}, gone), {{"/v/beach.avi"}, ""}}) {
+    missing.assign(files);
     b.preview.filesCame();
     EXPECT_EQ(b.state.failure, told);
   }
