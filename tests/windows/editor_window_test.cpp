@@ -356,7 +356,7 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   EXPECT_EQ(clip(2).TransType(), "Circle8");
   EXPECT_FALSE(tiles->verticalScrollBar()->isVisible()) << "six fit";
   QTest::keyClicks(find, "zzz");
-  EXPECT_TRUE(transition.names.shown.empty());
+  EXPECT_TRUE(transition.names.shown.rows().empty());
   const auto seen = tiles->widget()->grab().toImage();
   bool isBlank = true;
   for (int y = 0; y < seen.height(); ++y) {
@@ -365,7 +365,7 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   EXPECT_FALSE(isBlank) << "it says that there is none";
   EXPECT_FALSE(tiles->verticalScrollBar()->isVisible());
   QTest::keyClick(find, Qt::Key_Escape);
-  EXPECT_GT(transition.names.shown.size(), 50U);
+  EXPECT_GT(transition.names.shown.rows().size(), 50U);
   EXPECT_EQ(find->text(), "");
   EXPECT_TRUE(tiles->verticalScrollBar()->isVisible());
 }

@@ -106,9 +106,8 @@ RowState TransitionTiles::rowState(int row) const {
   return {.selected = row == chosen(), .inSight = !rowPlace(row).isEmpty()};
 }
 
-<<<<<<< HEAD
 int TransitionTiles::heightOfAll() const {
-  const int rows = (static_cast<int>(state_.names.shown.size()) + columns() - 1) / columns();
+  const int rows = (static_cast<int>(state_.names.shown.rows().size()) + columns() - 1) / columns();
   return 2 * themed(kTilesTop) + tileHeight() * rows;
 }
 
@@ -118,12 +117,7 @@ void TransitionTiles::layOut() {
   room_ = whole.width();
   setVerticalScrollBarPolicy(heightOfAll() > whole.height() ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
   room_ = viewport()->width();
-  sheet_->resize(room_, std::max(heightOfAll(), state_.names.shown.empty() ? whole.height() : 0));
-=======
-void TransitionTiles::layOut() {
-  const int rows = (static_cast<int>(state_.names.shown.rows().size()) + columns() - 1) / columns();
-  sheet_->resize(viewport()->width(), 2 * themed(kTilesTop) + tileHeight() * rows);
->>>>>>> main
+  sheet_->resize(room_, std::max(heightOfAll(), state_.names.shown.rows().empty() ? whole.height() : 0));
   verticalScrollBar()->setSingleStep(tileHeight() / 2);
 }
 

@@ -231,16 +231,16 @@ TEST(Preview, TheMovieIsSeenBehindAnEdit) {
   }
 }
 
-// Ten frames a second: that of the clip's first 0.04 s begins ahead of it.
+// Ten frames a second: that of the second clip's first 0.04 s begins ahead of it.
 TEST(Preview, BehindAnEditTheClipInHandIsSeenWhereItBegins) {
   PreviewBench b;
   b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
   b.collection.MovieList[1].LoopEnd(Value(b.collection.MovieList[1].LoopStart().number() + 4.06));
   compilePreviewText(b.editing, 5);
   for (const auto& [number, seconds, seek, told] :
-       Rows<int, double, const char*, const char*>{{2, 4.06, "load seek:41", "The hills 00:04.0600"},
-                                                   {2, 4.16, "load seek:41", "The hills 00:04.1600"},
-                                                   {1, 4.05, "load seek:40", "beach.avi 00:04.0500"}}) {
+       Rows<int, double, const char*, const char*>{{2, 2.06, "load seek:21", "The hills 00:02.0600"},
+                                                   {2, 2.16, "load seek:21", "The hills 00:02.1600"},
+                                                   {1, 2.05, "load seek:20", "beach.avi 00:02.0500"}}) {
     b.collection.icurMov = number;
     b.host.playhead = seconds;
     b.host.previewChanged();
