@@ -72,7 +72,7 @@ class Rows {
 };
 
 void writeSound(Rows& out, const Wm8Profile& p) {
-  out.value(3, "<streamconfig majortype", "{73647561-0000-0010-8000-00AA00389B71}");
+  out.value(3, "<streamconfig majortype", kSoundStream);
   out.value(11, "streamnumber", 1);
   out.value(11, "streamname", "Audio Stream");
   out.value(10, "inputname", "Audio");
@@ -124,7 +124,7 @@ void writeRate(Rows& out, const Wm8Profile& p) {
 
 void writePicture(Rows& out, const Wm8Profile& p, OutputSize size, std::string_view bitCount) {
   const bool isConstant = p.videoBits > 0;
-  out.value(3, "<streamconfig majortype", "{73646976-0000-0010-8000-00AA00389B71}");
+  out.value(3, "<streamconfig majortype", kPictureStream);
   out.value(11, "streamnumber", 2);
   out.value(11, "streamname", "Video Stream");
   out.value(11, "inputname", "Video");

@@ -19,6 +19,19 @@ constexpr std::string_view kNames[] = {
 };
 // clang-format on
 
+// clang-format off
+constexpr NamedMask kMasks[] = {
+    {"Inset Left Top", 3}, {"Inset Right Top", 4}, {"Inset Right Bottom", 5}, {"Inset Left Bottom", 6},
+    {"Four Corners", 7}, {"Barn Vertical", 22}, {"TopCenter", 23}, {"Bow Tie Vertical", 43},
+    {"Bow Tie Horizontal", 44}, {"Diamond", 48}, {"SawLeft", 71}, {"SawTop", 72}, {"SawVert", 73},
+    {"SawHoriz", 74}, {"Filled V Up", 103}, {"Filled V Right", 104}, {"Filled V Down", 105},
+    {"Filled V Left", 106}, {"Circle1", 119}, {"Star4", 127}, {"Star5", 128}, {"Star6", 129},
+    {"Heart", 130}, {"Keyhole", 131}, {"Diagonal Rotate", 225}, {"Fold", 228}, {"Radial Box", 263},
+    {"Matrix Diag", 303}, {"Matrix2x", 341}, {"Matrix4x", 344}, {"Waterfall Left", 350},
+    {"Waterfall Right", 351}, {"Random", 409},
+};
+// clang-format on
+
 constexpr NamedClass kTransitionClasses[] = {
 #define KVO_TRANSITION(word, name, clsid) {name, transition_ids::k##word},
 #include "vocabulary/transition_list.inc"
@@ -29,6 +42,8 @@ constexpr NamedClass kTransitionClasses[] = {
 };
 
 }  // namespace
+
+std::span<const NamedMask> transitionMasks() { return kMasks; }
 
 std::span<const std::string_view> transitionNames() { return kNames; }
 

@@ -173,17 +173,9 @@ TEST(Transitions, HaveTheirOwnShapes) {
 // The tenth of the way at which each point changes over.
 TEST(SmptePatterns, ChangeWhereTheirNamesSay) {
   std::string all;
-  // clang-format off
-  const std::pair<const char*, int> patterns[] = {
-      {"Inset Left Top", 3}, {"Inset Right Top", 4}, {"Inset Right Bottom", 5}, {"Inset Left Bottom", 6},
-      {"Four Corners", 7}, {"Barn Vertical", 22}, {"TopCenter", 23}, {"Bow Tie Vertical", 43},
-      {"Bow Tie Horizontal", 44}, {"Diamond", 48}, {"SawLeft", 71}, {"SawTop", 72}, {"SawVert", 73},
-      {"SawHoriz", 74}, {"Filled V Up", 103}, {"Filled V Right", 104}, {"Filled V Down", 105},
-      {"Filled V Left", 106}, {"Circle1", 119}, {"Star4", 127}, {"Star5", 128}, {"Star6", 129},
-      {"Heart", 130}, {"Keyhole", 131}, {"Diagonal Rotate", 225}, {"Fold", 228}, {"Radial Box", 263},
-      {"Matrix Diag", 303}, {"Matrix2x", 341}, {"Matrix4x", 344}, {"Waterfall Left", 350},
-      {"Waterfall Right", 351}, {"Random", 409}, {"of no such code", 999}};
-  // clang-format on
+  const auto masks = transitionMasks();
+  std::vector<NamedMask> patterns(masks.begin(), masks.end());
+  patterns.push_back({"of no such code", 999});
   for (const auto& [name, code] : patterns) {
     const auto pattern = smptePattern(code, 16.0 / 9);
     double least = 1e9;

@@ -124,7 +124,7 @@ VideoLine videoLine(const EffectSources& sources, TimelineClips& clips, const Cl
       if (o.Text != LineText::None) line.tracks += endTrack;
     } else {
       const double start = o.TransitionZero || i == 1 ? 0 : running;
-      const auto end = o.TransitionZero ? Stamp{o.SliderSeconds} : Stamp{stop, Digits::Four};
+      const auto end = o.TransitionZero ? Stamp{o.TransitionSeconds} : Stamp{stop, Digits::Four};
       line.tracks += AddTransition(options, clips, i, recordedTransition(clip, options, start, end));
     }
     running = o.FixedDuration ? static_cast<double>(o.FixedSeconds) : running + timelineLength(clip);

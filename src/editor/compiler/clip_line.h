@@ -20,11 +20,11 @@ struct ClipLineOptions {
   bool TransitionPreview = false;  ///< only FirstClip to LastClip, and no clip is placed
   int FirstClip = 1;
   int LastClip = 1;
-  bool TransitionZero = false;  ///< transitions start at 0 and last as the slider says
+  bool TransitionZero = false;  ///< transitions start at 0 and last TransitionSeconds
   bool FixedDuration = false;   ///< a cut is shown with FixedSeconds of each side
   Single FixedSeconds = 0;
   bool UseSourceFile = false;  ///< SrcPath + SrcName where set, in place of Path + MovieName
-  double SliderSeconds = 0;    ///< of the transition slider
+  double TransitionSeconds = 0;
   LineText Text = LineText::Whole;
 };
 

@@ -1,6 +1,5 @@
 #include "editor/compiler/compile.h"
 
-#include "base/file_print.h"
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/document_text.h"
 
@@ -74,18 +73,12 @@ std::string videoGroupTag(const OutputForm& o) {
 }
 
 std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks) {
-  const std::string indent(5, ' ');
-  const auto line = [](std::string_view text) { return std::string(text) + "\r\n"; };
-  FilePrint file;
-  file.print(line(tag::kTimeline));
-  if (hasGroup) file.print(indent + texts.VideoGroupText + "\r\n\r\n");
-  file.print(texts.VideoTrackText + "\r\n\r\n");
-  if (hasVideoTime) file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(indent + texts.AudioGroupText + "\r\n\r\n");
-  if (hasAudioTracks) file.print(indent + indent + texts.AudioTrackText + "\r\n\r\n");
-  file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(line(tag::kEndTimeline));
-  return file.bytes();
+  constexpr std::string_view kApart = "\r\n\r\n";
+  tag::GroupText video{.tracks = texts.VideoTrackText, .behind = kApart, .isClosed = hasVideoTime};
+  if (hasGroup) video.open = texts.VideoGroupText;
+  tag::GroupText audio{.open = texts.AudioGroupText, .blanksAhead = 10, .behind = kApart};
+  if (hasAudioTracks) audio.tracks = texts.AudioTrackText;
+  return tag::document({video, audio}, tag::Spacing::Wide);
 }
 
 void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings, Corrections which) {

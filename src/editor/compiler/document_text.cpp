@@ -1,12 +1,14 @@
 #include "editor/compiler/document_text.h"
 
-#include "base/file_print.h"
+#include "base/text.h"
 
 #include <array>
 
 namespace kvo {
 namespace {
 
+constexpr std::size_t kRoom = 400;  // characters: about what a frame and a group's tags take
+constexpr std::size_t kGroupColumn = 5;
 constexpr std::size_t kClipColumn = 10;
 constexpr std::size_t kEffectColumn = 15;
 constexpr std::size_t kParamColumn = 20;
@@ -89,13 +91,23 @@ std::string effectLine(std::string_view effects) {
   return std::string(kCrLf).append(blanks(kEffectColumn)).append(effects);
 }
 
-std::string document(std::string_view group, std::string_view tracks, std::string_view more) {
-  FilePrint file;
-  file.print(kTimeline);
-  file.print(blanks(5).append(group));
-  file.print(tracks);
-  file.print(kEndGroup);
-  return file.bytes() + std::string(more).append(kEndTimeline).append(kCrLf);
+std::string document(std::initializer_list<GroupText> groups, Spacing spacing) {
+  const std::string_view wide = "\r\n\r\n\r\n";
+  const bool isWide = spacing == Spacing::Wide;
+  const auto behindFrame = wide.substr(0, (isWide ? 2 : 1) * kCrLf.size());
+  const auto behindGroup = wide.substr(0, (isWide ? 3 : 1) * kCrLf.size());
+  std::size_t length = kRoom;
+  for (const auto& group : groups) length += (group.tracks ? group.tracks->size() : 0) + kRoom;
+  std::string text(kTimeline);
+  text.reserve(length);
+  text.append(behindFrame);
+  for (const auto& group : groups) {
+    if (group.open) text.append(blanks(kGroupColumn)).append(*group.open).append(behindGroup);
+    if (group.tracks)
+      text.append(group.blanksAhead, ' ').append(*group.tracks).append(group.behind).append(kCrLf);
+    if (group.isClosed) text.append(kEndGroup).append(behindGroup);
+  }
+  return text.append(kEndTimeline).append(behindFrame);
 }
 
 }  // namespace tag

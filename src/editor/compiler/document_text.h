@@ -5,6 +5,7 @@
 #include "base/value.h"
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -84,8 +85,20 @@ std::string keyframe(std::string_view time, std::string_view value);
 /// The line ahead of a clip's effects, which stands even when there are none.
 std::string effectLine(std::string_view effects);
 
-/// The text of a whole document of one video group.
-std::string document(std::string_view group, std::string_view tracks, std::string_view more = {});
+/// A group of a document, of texts that outlive it. What it does not have has no line either.
+struct GroupText {
+  std::optional<std::string_view> open{};    ///< its opening tag
+  std::optional<std::string_view> tracks{};  ///< all of them
+  std::size_t blanksAhead = 0;               ///< of the tracks
+  std::string_view behind{};                 ///< line ends behind them, beside their own
+  bool isClosed = true;
+};
+
+/// How far its lines stand apart.
+enum class Spacing { Close, Wide };
+
+/// The text of a whole document: the frame about its groups.
+std::string document(std::initializer_list<GroupText> groups, Spacing spacing);
 
 }  // namespace tag
 }  // namespace kvo

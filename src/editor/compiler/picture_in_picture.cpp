@@ -1,6 +1,5 @@
 #include "editor/compiler/picture_in_picture.h"
 
-#include "base/file_print.h"
 #include "base/text.h"
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/document_text.h"
@@ -165,13 +164,6 @@ void AddPictureInPicture(const EffectSources& from, TimelineClips& clips, int ba
       placing(overlayBox(look->position, width, height), height / part, width / part, output, stop + 1);
 }
 
-// By a copy, as reading it takes RenderAudio away from a record whose file is still to be looked into.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-AudioBox audioBox(std::string_view name, Movie clip) {
-  if (!clip.HasAudio()) return {"Clip has no Audio", false};
-  return {std::string(name) + shortNumber(decimal(clip.AudioOutputLevel()) * 100) + "% )", true};
-}
-
 }  // namespace
 
 std::string picInPicText(const PicInPic& look) {
@@ -237,12 +229,6 @@ OverlayBox overlayBox(int position, double w, double h) {
   return boxes[std::clamp(position, 1, 15) - 1];
 }
 
-std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look) {
-  const auto seconds = [](int milliseconds) { return FormatMask(milliseconds / 1000.0, "0.0##") + "s"; };
-  return {"Max Opacity " + std::to_string(look.maxOpacity) + "%", "In over " + seconds(look.fadeIn),
-          "Out over " + seconds(look.fadeOut)};
-}
-
 int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay) {
   const double longer = std::max(timelineLength(backdrop), timelineLength(overlay));
   return toLongClamped(longer / 2 * 1000);
@@ -281,29 +267,21 @@ SampleDocument picInPicSample(const Collection& collection, int backdropNo, Comp
   AddPictureInPicture(from, clips, backdropNo, wanted, texts);
   texts.video.append(tag::kEndTrack).append("\r\n").append(tag::kEndComposite);
 
-  FilePrint sound;
-  if (!wanted.preview && (wanted.backdropAudio || wanted.overlayAudio)) {
-    sound.print(
-        blanks(5) +
-        tag::group({{"type", "audio"}, {"SamplingRate", std::string(kAudioRate)}, {"name", "AUDIO"}}, ">"));
-    sound.print(texts.audio);
-    sound.print(tag::kEndGroup);
-  }
   const auto group = tag::group({{"type", "video"},
                                  {"bitdepth", "32"},
                                  {"framerate", shortNumber(output.rate)},
                                  {"width", std::to_string(output.width)},
                                  {"height", std::to_string(output.height)}},
                                 " >");
-  return {tag::document(group, texts.video, sound.bytes()), std::move(clips)};
-}
-
-AudioBox overlayAudioBox(const Movie& clip) {
-  return audioBox("Add Audio from Overlay Clip - ( Level = ", clip);
-}
-
-AudioBox backdropAudioBox(const Movie& clip) {
-  return audioBox("Add Audio from Backdrop Clip - ( Level = ", clip);
+  const auto written = [&] {
+    const tag::GroupText video{group, texts.video};
+    if (wanted.preview || (!wanted.backdropAudio && !wanted.overlayAudio))
+      return tag::document({video}, tag::Spacing::Close);
+    const auto sound =
+        tag::group({{"type", "audio"}, {"SamplingRate", std::string(kAudioRate)}, {"name", "AUDIO"}}, ">");
+    return tag::document({video, {sound, texts.audio}}, tag::Spacing::Close);
+  };
+  return {written(), std::move(clips)};
 }
 
 }  // namespace kvo

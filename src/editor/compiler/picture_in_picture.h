@@ -5,7 +5,6 @@
 
 #include "editor/compiler/sample_documents.h"
 
-#include <array>
 #include <functional>
 #include <optional>
 #include <span>
@@ -54,12 +53,9 @@ OverlayBox overlayBox(int position, double width, double height);
 struct PicInPicOptions {
   bool preview = false;        ///< 170 x 70 and silent
   bool inShape = false;        ///< of a preview: it has the size of the options instead
-  bool backdropAudio = false;  ///< the box is enabled and ticked
+  bool backdropAudio = false;  ///< the clip is heard
   bool overlayAudio = false;
 };
-
-/// The labels of the three sliders: opacity, fade-in, fade-out.
-std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look);
 
 /// Maximum of the two fade sliders in milliseconds: half of the longer clip.
 int fadeSliderMaximum(const Movie& backdrop, const Movie& overlay);
@@ -72,13 +68,5 @@ double picInPicLength(const Collection& collection, int backdropNo, Single still
 /// size and rate.
 SampleDocument picInPicSample(const Collection& collection, int backdropNo, CompileOptions options,
                               const EffectsTable& effects, const PicInPicOptions& wanted);
-
-/// Captions of the two audio boxes, and whether they are enabled: overlay first.
-struct AudioBox {
-  std::string caption;
-  bool enabled = false;
-};
-AudioBox overlayAudioBox(const Movie& clip);
-AudioBox backdropAudioBox(const Movie& clip);
 
 }  // namespace kvo

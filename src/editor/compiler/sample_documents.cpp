@@ -1,6 +1,5 @@
 #include "editor/compiler/sample_documents.h"
 
-#include "base/file_print.h"
 #include "base/text.h"
 #include "editor/compiler/clip_line.h"
 #include "editor/compiler/document_text.h"
@@ -13,10 +12,7 @@
 namespace kvo {
 namespace {
 
-constexpr std::size_t kMaxName = 80;     // characters
 constexpr double kBehindTransition = 2;  // seconds of the first clip that are shown beside its transition
-
-std::string shownName(const Movie& clip) { return std::string(cutTo(listedName(clip), kMaxName)); }
 
 // The beginning of the first clip, with the transition that leads into the movie.
 std::string firstClipTrack(const EffectSources& from, TimelineClips& clips) {
@@ -43,12 +39,6 @@ int evenSide(double pixels) { return std::max(2, static_cast<int>(std::lround(pi
 
 }  // namespace
 
-std::string transitionClipsText(const Collection& collection, int clipNo) {
-  const auto& clips = collection.MovieList;
-  const auto name = shownName(clips[clipNo]);
-  return (clipNo == 1 ? std::string("Movie Start") : shownName(clips[clipNo - 1])) + " -->  " + name;
-}
-
 SampleForm shapedLike(const OutputForm& movie, int width, int height) {
   if (movie.width < 1 || movie.height < 1) return {width, height, true};
   const double part =
@@ -57,7 +47,7 @@ SampleForm shapedLike(const OutputForm& movie, int width, int height) {
 }
 
 SampleDocument transitionSample(const Collection& collection, int clipNo, CompileOptions options,
-                                const CompileFacts& facts, double sliderSeconds, const SampleForm& form) {
+                                const CompileFacts& facts, double transitionSeconds, const SampleForm& form) {
   options.transitions = true;
   options.output.width = form.width;
   options.output.height = form.height;
@@ -78,21 +68,15 @@ SampleDocument transitionSample(const Collection& collection, int clipNo, Compil
                        .TransitionZero = true,
                        .FixedDuration = twoSides,
                        .FixedSeconds = twoSides ? CalcMinimumDur(clips[ahead], clips[clipNo]) : 0,
-                       .SliderSeconds = sliderSeconds})
+                       .TransitionSeconds = transitionSeconds})
                 .tracks;
-  const auto line = [](std::string_view text) { return std::string(text) + "\r\n"; };
-  FilePrint file;
-  file.print(line(tag::kTimeline));
-  file.print(blanks(5) + tag::group({{"type", "video"},
-                                     {"bitdepth", std::to_string(options.output.depth)},
-                                     {"framerate", shortNumber(options.output.rate)},
-                                     {"width", std::to_string(form.width)},
-                                     {"height", std::to_string(form.height)}},
-                                    " >\r\n\r\n"));
-  file.print(blanks(5) + tracks);
-  file.print(line(tag::kEndGroup) + "\r\n");
-  file.print(line(tag::kEndTimeline));
-  return {file.bytes(), std::move(clips)};
+  const auto group = tag::group({{"type", "video"},
+                                 {"bitdepth", std::to_string(options.output.depth)},
+                                 {"framerate", shortNumber(options.output.rate)},
+                                 {"width", std::to_string(form.width)},
+                                 {"height", std::to_string(form.height)}},
+                                " >");
+  return {tag::document({{group, tracks, 5}}, tag::Spacing::Wide), std::move(clips)};
 }
 
 SampleDocument clipSample(const Collection& collection, int clipNo, CompileOptions options,
@@ -125,7 +109,7 @@ SampleDocument clipSample(const Collection& collection, int clipNo, CompileOptio
                                  {"width", std::to_string(form.width)},
                                  {"height", std::to_string(form.height)}},
                                 " >");
-  return {tag::document(group, track), std::move(clips)};
+  return {tag::document({{group, track}}, tag::Spacing::Close), std::move(clips)};
 }
 
 }  // namespace kvo

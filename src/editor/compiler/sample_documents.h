@@ -12,9 +12,6 @@ struct SampleDocument {
   TimelineClips clips;  ///< what it corrects of the records
 };
 
-/// The two clips of a transition as they are named to the user: "beach.avi -->  hills.avi".
-std::string transitionClipsText(const Collection& collection, int clipNo);
-
 struct SampleForm {
   int width = 0;  ///< pixels
   int height = 0;
@@ -31,10 +28,10 @@ inline constexpr SampleForm kColourSample{175, 105, false};
 SampleForm shapedLike(const OutputForm& movie, int width, int height);
 
 /// The transition into a clip, at the options' depth and rate: for the first clip its beginning, for a later
-/// one the end of the clip before and its own beginning; for a cut the two sides of it. `sliderSeconds` is
-/// how long the transition lasts.
+/// one the end of the clip before and its own beginning; for a cut the two sides of it. `transitionSeconds`
+/// is how long the transition lasts.
 SampleDocument transitionSample(const Collection& collection, int clipNo, CompileOptions options,
-                                const CompileFacts& facts, double sliderSeconds, const SampleForm& form);
+                                const CompileFacts& facts, double transitionSeconds, const SampleForm& form);
 
 /// A clip with its effects and colours, at the options' rate. Empty for a clip that is not there.
 SampleDocument clipSample(const Collection& collection, int clipNo, CompileOptions options,

@@ -5,24 +5,6 @@
 namespace kvo {
 namespace {
 
-struct MaskOfName {
-  std::string_view name;
-  int number;
-};
-
-// clang-format off
-constexpr MaskOfName kMasks[] = {
-    {"Inset Left Top", 3}, {"Inset Right Top", 4}, {"Inset Right Bottom", 5}, {"Inset Left Bottom", 6},
-    {"Four Corners", 7}, {"Barn Vertical", 22}, {"TopCenter", 23}, {"Bow Tie Vertical", 43},
-    {"Bow Tie Horizontal", 44}, {"Diamond", 48}, {"SawLeft", 71}, {"SawTop", 72}, {"SawVert", 73},
-    {"SawHoriz", 74}, {"Filled V Up", 103}, {"Filled V Right", 104}, {"Filled V Down", 105},
-    {"Filled V Left", 106}, {"Circle1", 119}, {"Star4", 127}, {"Star5", 128}, {"Star6", 129},
-    {"Heart", 130}, {"Keyhole", 131}, {"Diagonal Rotate", 225}, {"Fold", 228}, {"Radial Box", 263},
-    {"Matrix Diag", 303}, {"Matrix2x", 341}, {"Matrix4x", 344}, {"Waterfall Left", 350},
-    {"Waterfall Right", 351}, {"Random", 409},
-};
-// clang-format on
-
 constexpr std::string_view kDirections[] = {"Left", "Right", "Up", "Down"};
 constexpr std::string_view kWipeStyles[] = {"clock", "wedge", "radial"};
 constexpr std::string_view kSlideStyles[] = {"hide", "push", "swap"};
@@ -59,9 +41,9 @@ bool isTransition(std::string_view name) {
 }
 
 std::optional<int> maskNumber(std::string_view name) {
-  const auto* found =
-      std::find_if(std::begin(kMasks), std::end(kMasks), [&](const auto& m) { return m.name == name; });
-  return found == std::end(kMasks) ? std::nullopt : std::optional(found->number);
+  const auto masks = transitionMasks();
+  const auto found = std::find_if(masks.begin(), masks.end(), [&](const auto& m) { return m.name == name; });
+  return found == masks.end() ? std::nullopt : std::optional(found->number);
 }
 
 TransitionOptionSet ShowTransOptions(std::string_view name) {

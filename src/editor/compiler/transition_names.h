@@ -1,4 +1,4 @@
-// What the names of transitions stand for. The mask numbers are SMPTE 258M wipe codes.
+// What the names of transitions stand for.
 #pragma once
 
 #include "vocabulary/transitions.h"

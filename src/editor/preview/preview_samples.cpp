@@ -2,6 +2,7 @@
 #include "editor/compiler/document_check.h"
 #include "editor/preview/position_texts.h"
 #include "editor/preview/preview_engine.h"
+#include "editor/tabs/transition_tab.h"
 
 #include <utility>
 

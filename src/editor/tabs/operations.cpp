@@ -190,7 +190,7 @@ void CreateClipLine(const Editing& e, bool analysing, ClipLineOptions o) {
   options.output.width = e.editor.OutputWidth;
   options.output.height = e.editor.OutputHeight;
   if (state.ObjectChange != 0) o.Text = LineText::Clips;
-  o.SliderSeconds = e.editor.controls.Sld_In.Value / 10;
+  o.TransitionSeconds = e.editor.controls.Sld_In.Value / 10;
 
   const KeyframeIndex keyframes(e.collection);
   auto made = begun(e, options);

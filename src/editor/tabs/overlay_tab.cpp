@@ -1,5 +1,9 @@
 #include "editor/tabs/overlay_tab.h"
 
+#include "base/text.h"
+#include "editor/compiler/document_text.h"
+#include "editor/compiler/durations.h"
+
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -10,6 +14,15 @@ namespace {
 constexpr Integer kMarkChanged = 96;  // change code
 constexpr int kAllOfIt = 100;
 constexpr int kFadeStep = 50;  // milliseconds
+
+// By a copy, as reading it takes RenderAudio away from a record whose file is still to be looked into.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+AudioBox audioBox(std::string_view kind, Movie clip) {
+  if (!clip.HasAudio()) return {"Clip has no Audio", false};
+  return {"Add Audio from " + std::string(kind) +
+              " Clip - ( Level = " + shortNumber(decimal(clip.AudioOutputLevel()) * 100) + "% )",
+          true};
+}
 
 // Ranges, labels and audio boxes, as the two clips and the look have them.
 void buildControls(const Editing& e, OverlayTab& tab) {
@@ -58,8 +71,8 @@ void readBackdrop(const Editing& e, OverlayTab& tab) {
 }
 
 void fillOverlayLists(const Editing& e, OverlayTab& tab) {
-  tab.Lst_PicinPicBackdrop.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
-  tab.Lst_PicinPicOverlays.rows = tab.Lst_PicinPicBackdrop.rows;
+  tab.Lst_PicinPicBackdrop.texts.assign(PopulateMovieListBoxes(e, ListedClips::WithPicture));
+  tab.Lst_PicinPicOverlays.texts = tab.Lst_PicinPicBackdrop.texts;
 }
 
 // To whole steps, but not off the end of the slider.
@@ -93,11 +106,21 @@ void CreatePicInPicEffectWordFromInterface(const Editing& e, OverlayTab& tab, Ta
 
 }  // namespace
 
+AudioBox overlayAudioBox(const Movie& clip) { return audioBox("Overlay", clip); }
+
+AudioBox backdropAudioBox(const Movie& clip) { return audioBox("Backdrop", clip); }
+
+std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look) {
+  const auto seconds = [](int milliseconds) { return FormatMask(milliseconds / 1000.0, "0.0##") + "s"; };
+  return {"Max Opacity " + std::to_string(look.maxOpacity) + "%", "In over " + seconds(look.fadeIn),
+          "Out over " + seconds(look.fadeOut)};
+}
+
 void enterTab(const Editing& e, OverlayTab& tab, TabHost& host) {
   host.KillPreview();
   fillOverlayLists(e, tab);
   SetMovieLstToMainIndex(e, tab.Lst_PicinPicBackdrop);
-  if (!tab.Lst_PicinPicBackdrop.hasChoice() && !tab.Lst_PicinPicBackdrop.rows.empty())
+  if (!tab.Lst_PicinPicBackdrop.hasChoice() && !tab.Lst_PicinPicBackdrop.rows().empty())
     return chooseBackdrop(e, tab, host, 0);
   PopulateOverlayInterface(e, tab);
   showSample(tab, host);
@@ -109,7 +132,7 @@ void followTab(const Editing& e, OverlayTab& tab, TabHost& host, bool rebuild) {
   host.KillPreview();
   const int row = tab.Lst_PicinPicBackdrop.ListIndex;
   fillOverlayLists(e, tab);
-  const int last = static_cast<int>(tab.Lst_PicinPicBackdrop.rows.size()) - 1;
+  const int last = static_cast<int>(tab.Lst_PicinPicBackdrop.rows().size()) - 1;
   tab.Lst_PicinPicBackdrop.ListIndex = std::min(row, last);
   PopulateOverlayInterface(e, tab);
   showSample(tab, host);

@@ -6,9 +6,19 @@
 #include "editor/tabs/editor_parts_state.h"
 #include "editor/tabs/tab_host.h"
 
+#include <array>
 #include <string>
 
 namespace kvo {
+
+/// Its caption, and whether the clip has a sound that it can be ticked for.
+struct AudioBox {
+  std::string caption;
+  bool enabled = false;
+};
+
+AudioBox overlayAudioBox(const Movie& clip);
+AudioBox backdropAudioBox(const Movie& clip);
 
 /// A box by which the sound of one of the two clips comes into the new clip.
 struct OverlaySound {
@@ -34,6 +44,9 @@ struct OverlayTab {
   std::string pairWhyNot;  ///< there is no pair to render or to clear; likewise
   std::string notice;      ///< at the foot. Whole
 };
+
+/// The labels of the three sliders: opacity, fade-in, fade-out.
+std::array<std::string, 3> SetPicInPicSliderTexts(const PicInPic& look);
 
 /// The tab is opened.
 void enterTab(const Editing& e, OverlayTab& tab, TabHost& host);

@@ -5,6 +5,7 @@
 #include "editor/compiler/durations.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/tabs/operations.h"
+#include "vocabulary/transitions.h"
 
 #include <algorithm>
 #include <array>
@@ -13,12 +14,14 @@ namespace kvo {
 namespace {
 
 constexpr double kDefaultLength = 20;  // tenths of a second, of a clip that has had no transition yet
-constexpr std::string_view kFirstChoice = "Dissolve";
 constexpr Integer kRetime = 98;
+constexpr std::size_t kMaxName = 80;  // characters
 
 // The names whose options are on offer when a clip is chosen that has one of them.
 constexpr std::array<std::string_view, 6> kWithParticleKey = {"Whirlwind Up", "Shatter Down", "Shatter Right",
                                                               "Shatter In",   "Shatter Out",  "Whirlwind"};
+
+std::string shownName(const Movie& clip) { return std::string(cutTo(listedName(clip), kMaxName)); }
 
 // A correction is no change of the user's.
 template <class Work>
@@ -44,6 +47,12 @@ std::string lookOf(const Movie& clip, int number) {
 
 }  // namespace
 
+std::string transitionClipsText(const Collection& collection, int clipNo) {
+  const auto& clips = collection.MovieList;
+  const auto name = shownName(clips[clipNo]);
+  return (clipNo == 1 ? std::string("Movie Start") : shownName(clips[clipNo - 1])) + " -->  " + name;
+}
+
 TransitionPane paneOf(const TransitionTab& tab) {
   if (!tab.panel.listVisible) return TransitionPane::Hint;
   return tab.particlesOpen ? TransitionPane::Particles : TransitionPane::Tiles;
@@ -55,7 +64,7 @@ std::string whyNoTiles(const TransitionTab& tab) {
 }
 
 std::string hintOf(const TransitionTab& tab) {
-  if (tab.Lst_TransitionMovies.rows.empty()) return "Drop clips or stills on the timeline first";
+  if (tab.Lst_TransitionMovies.rows().empty()) return "Drop clips or stills on the timeline first";
   if (!tab.Lst_TransitionMovies.hasChoice()) return "Choose a clip at the left";
   return tab.whyNone.empty() ? "The clip follows without a transition.\nClick Transition to choose one."
                              : tab.whyNone;
@@ -81,7 +90,7 @@ void TransitionRules::enter() {
 }
 
 void TransitionRules::show(bool rebuild) {
-  if (rebuild) tab_.Lst_TransitionMovies.rows = PopulateMovieListBoxes(e_, ListedClips::WithPicture);
+  if (rebuild) tab_.Lst_TransitionMovies.texts.assign(PopulateMovieListBoxes(e_, ListedClips::WithPicture));
   SetMovieLstToMainIndex(e_, tab_.Lst_TransitionMovies);
   Lst_TransitionMovies_MouseUp();
 }
@@ -220,20 +229,22 @@ void TransitionRules::openParticles(bool open) {
 }
 
 void TransitionRules::pickNext(int steps) {
-  if (tab_.names.shown.empty()) return;
-  const auto found = std::find(tab_.names.shown.begin(), tab_.names.shown.end(), tab_.panel.selected);
-  const int last = static_cast<int>(tab_.names.shown.size()) - 1;
-  const int at = found == tab_.names.shown.end() ? (steps > 0 ? -1 : last + 1)
-                                                 : static_cast<int>(found - tab_.names.shown.begin());
+  if (tab_.names.shown.rows().empty()) return;
+  const auto found =
+      std::find(tab_.names.shown.rows().begin(), tab_.names.shown.rows().end(), tab_.panel.selected);
+  const int last = static_cast<int>(tab_.names.shown.rows().size()) - 1;
+  const int at = found == tab_.names.shown.rows().end()
+                     ? (steps > 0 ? -1 : last + 1)
+                     : static_cast<int>(found - tab_.names.shown.rows().begin());
   const int next =
-      std::clamp(found == tab_.names.shown.end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
-  if (next != at) pick(std::string(tab_.names.shown[static_cast<std::size_t>(next)]));
+      std::clamp(found == tab_.names.shown.rows().end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
+  if (next != at) pick(std::string(tab_.names.shown.rows()[static_cast<std::size_t>(next)]));
 }
 
 void TransitionRules::chooseCut(bool cut) {
   if (clip() == nullptr || cut == !tab_.panel.listVisible) return;
   if (!cut)
-    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstChoice) : tab_.names.lastUsed.front());
+    return pick(tab_.names.lastUsed.empty() ? std::string(kFirstTransition) : tab_.names.lastUsed.front());
   tab_.panel.listVisible = false;
   host_.edit("Cut", e_.collection.icurMov, kRetime, [&] { ApplyTransitionDataToObjects(e_, tab_.panel); });
   tab_.panel.Cmd_ParticleOpts = tab_.particlesOpen = false;

@@ -110,7 +110,7 @@ class TransitionRules {
   /// Which names are shown.
   [[nodiscard]] NameChooser& names() { return names_; }
 
-  [[nodiscard]] const std::set<std::string>& missingFiles() const { return e_.editor.missingFiles; }
+  [[nodiscard]] const EditorState& editor() const { return e_.editor; }
 
  private:
   [[nodiscard]] Movie* clip() const;
@@ -132,5 +132,8 @@ class TransitionRules {
   std::optional<Long> toldTooShort_;       // the KeyID of the clip that a box has told of
   std::set<std::pair<Long, int>> warned_;  // clips, by their KeyID, and lengths that a box has warned of
 };
+
+/// The two clips of a transition as they are named to the user: "beach.avi -->  hills.avi".
+std::string transitionClipsText(const Collection& collection, int clipNo);
 
 }  // namespace kvo

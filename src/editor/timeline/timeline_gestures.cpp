@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "core/telling/translated.h"
+#include "vocabulary/transitions.h"
 
 #include <algorithm>
 #include <cmath>

@@ -80,7 +80,4 @@ TimelineReading markStep(const TimelineBlock& block, ClipEdge edge, int pictures
 /// What a mark says that stays, as keyframes are being set.
 TimelineReading heldMarks(ClipEdge edge);
 
-/// The transition that an overlap has until another is chosen.
-inline constexpr const char* kFirstTransition = "Dissolve";
-
 }  // namespace kvo

@@ -1,6 +1,7 @@
 #include "editor/timeline/timeline_writes.h"
 
 #include "editor/compiler/timeline_clips.h"
+#include "vocabulary/transitions.h"
 
 namespace kvo {
 
@@ -26,7 +27,7 @@ void writeTransIn(Movie& clip, const TransInGesture& transition) {
   if (transition.tenths == 0) {
     clip.TransType("CUT");
   } else if (isCut(clip.TransType())) {
-    clip.TransType(kFirstTransition);
+    clip.TransType(std::string(kFirstTransition));
   }
   clip.TransIn(static_cast<Single>(transition.tenths));
 }

@@ -11,8 +11,6 @@ namespace kvo::engine {
 namespace {
 
 constexpr double kTicks = 1e7;  // of avgtimeperframe, in a second
-constexpr std::string_view kSound = "{73647561-0000-0010-8000-00AA00389B71}";
-constexpr std::string_view kPicture = "{73646976-0000-0010-8000-00AA00389B71}";
 // "</PRX>" in UTF-16: what stands behind it need not be any.
 constexpr std::string_view kEnd("<\0/\0P\0R\0X\0>\0", 12);
 
@@ -56,9 +54,9 @@ Result<std::optional<EncodeProfile>> readProfileFile(std::string bytes) {
   EncodeProfile profile;
   for (const auto stream : profileNode.children("streamconfig")) {
     const std::string_view kind = stream.attribute("majortype").value();
-    if (kind == kSound && !readSound(stream, profile))
+    if (kind == kSoundStream && !readSound(stream, profile))
       return Error{"its sound is of a kind that cannot be made"};
-    if (kind == kPicture && !readPicture(stream, profile))
+    if (kind == kPictureStream && !readPicture(stream, profile))
       return Error{"its picture is of a kind that cannot be made"};
   }
   return std::optional(profile);

@@ -1,10 +1,11 @@
 // What the editor's panels do to a clip, and the documents that go beside the collection's own.
-#include "editor/compiler/picture_in_picture.h"
 #include "editor/tabs/effect_panel.h"
 #include "editor/tabs/operations.h"
+#include "editor/tabs/overlay_tab.h"
 #include "editor/tabs/preview.h"
 #include "editor/tabs/preview_params.h"
 #include "editor/tabs/still_options.h"
+#include "editor/tabs/transition_tab.h"
 #include "support/fakes.h"
 #include "support/golden.h"
 
