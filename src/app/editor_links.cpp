@@ -1,5 +1,6 @@
 #include "app/editor_links.h"
 
+#include "base/numbers.h"
 #include "core/telling/translated.h"
 #include "editor/compiler/durations.h"
 #include "editor/desk/clip_stats.h"
@@ -9,10 +10,12 @@
 #include "playback/positions/section.h"
 
 #include <cstdlib>
+#include <string_view>
 
 namespace kvo {
 namespace {
 
+constexpr std::string_view kTimelineHeight = "EditorTimelineHeight";
 constexpr int kEffectTab = 4;
 constexpr int kStandingWidth = 640;  // pixels
 constexpr int kStandingHeight = 480;
@@ -146,6 +149,8 @@ void EditorLinks::settle() {
   film_.settle();
   const bool wasOpen = std::exchange(wasOpen_, desk_.isOpen());
   if (!desk_.isOpen()) return;
+  if (!wasOpen)
+    states_.window.frame.timelineHeight = static_cast<int>(ToNumber(parts_.store.read(kTimelineHeight)));
   const auto& create = states_.create;
   states_.timeline.marks.range.reset();
   if (!create.Opt_RenderRangeWhole)
@@ -183,12 +188,16 @@ void EditorLinks::settle() {
   hand_.stand(isPlaying() ? states_.preview.position : playhead.inMovie(), isPlaying());
 }
 
+void EditorLinks::keepTimelineHeight(int pixels) {
+  states_.window.frame.timelineHeight = pixels;
+  parts_.store.write(kTimelineHeight, std::to_string(pixels));
+}
+
 void EditorLinks::showBlocks() {
   const auto& collection = parts_.session.collection;
   auto blocks = blocksOf(TimelineClips(collection, editing().streams), collection, optionsOf(editing()));
-  const auto& missing = editing().editor.missingFiles;
   for (auto* row : {&blocks.clips, &blocks.music}) {
-    for (auto& block : *row) block.isMissing = missing.contains(block.file);
+    for (auto& block : *row) block.isMissing = editing().editor.isMissing(block.file);
   }
   hand_.show(std::move(blocks));
 }
@@ -204,7 +213,7 @@ FileWatch::Paths EditorLinks::filesOfClips() const {
 
 // What has come back is looked at anew, and so is the movie that failed for want of it.
 void EditorLinks::missed(const FileWatch::Paths& files) {
-  editing().editor.missingFiles = files;
+  editing().editor.missingFiles.assign({files.begin(), files.end()});
   ++states_.window.timed;
   standing_.forget();
   preview_.filesCame();

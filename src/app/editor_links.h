@@ -83,6 +83,8 @@ class EditorLinks : public DeskPreview {
 
   /// Below 0 undoes so many steps, above 0 redoes. Why not, composed, where there is nothing.
   std::string goInHistory(int steps);
+  /// For the user: the window opens with it from now on.
+  void keepTimelineHeight(int pixels);
   /// Escape while the tools are off: what has them off ends.
   void stop();
   /// Frm_Keyframe opens for the effect that is worked on.

@@ -104,6 +104,7 @@ void EditorWindow::make() {
                .goInHistory = act([&links](int steps) { links.goInHistory(steps); }),
                .zoom = act([&links](double part) { links.hand().setZoomPart(part); }),
                .wholeMovie = act([&links] { links.hand().whole(); }),
+               .keepTimelineHeight = [&links](int pixels) { links.keepTimelineHeight(pixels); },
                .preview = act([&links] { links.preview().playOrPauseMovie(); }),
                .renderToFile = act([&render] { render.Rendertofile(); }),
                .save = telling([&desk] { return desk.saveAgain(); }),
@@ -113,7 +114,7 @@ void EditorWindow::make() {
                  if (render.mayEnd()) desk.Form_QueryUnload();
                }),
                .showQueue = act([&queue = parts_.queue] { queue.show(); })},
-      FrmRush::Keeping{{parts_.store, parts_.desktop, "EditorWindowPlace"}, parts_.store}, parts_.pictures);
+      WindowPlace(parts_.store, parts_.desktop, "EditorWindowPlace"), parts_.pictures);
   keyframes_ = std::make_unique<FrmKeyframe>(
       states.keyframes, pageLogic(),
       FrmKeyframe::Doors{.showFrame = [&links](Long frame) { links.showClipFrame(frame); },

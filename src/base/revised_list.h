@@ -12,6 +12,16 @@ namespace kvo {
 template <class Row>
 class RevisedList {
  public:
+  RevisedList() = default;
+  ~RevisedList() = default;
+  /// There is no moving: it would empty the other list without a new revision.
+  RevisedList(const RevisedList& other) = default;
+  /// The rows alone: a drawer of this list knows nothing of the other one's revisions.
+  RevisedList& operator=(const RevisedList& other) {
+    if (this != &other) assign(other.rows_);
+    return *this;
+  }
+
   [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
 
   /// Above 0 and higher after each change.

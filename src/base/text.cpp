@@ -231,9 +231,9 @@ std::string textFromBytes(std::string bytes) {
   if (isUtf8(bytes)) return bytes;
   std::string out;
   for (std::string_view rest(bytes); !rest.empty();) {
-    const auto line = rest.substr(0, std::min(rest.find('\n'), rest.size() - 1) + 1);
-    out += lineFromBytes(line);
-    rest.remove_prefix(line.size());
+    const auto before = rest;
+    nextLine(rest);
+    out += lineFromBytes(before.substr(0, before.size() - rest.size()));  // with its end
   }
   return out;
 }

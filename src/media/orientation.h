@@ -35,7 +35,7 @@ int exifOfFile(const std::string& path);
 /// Writes the turn beside the frame, where that has none of its own.
 void addOrientation(AVFrame& frame, const Orientation& turn);
 
-/// A new picture; empty when memory is short.
+/// A new picture. Throws std::bad_alloc when memory is short.
 Picture oriented(const Picture& picture, const Orientation& turn);
 
 }  // namespace kvo::media

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "core/telling/translated.h"
+#include "editor/compiler/durations.h"
 #include "editor/compiler/picture_in_picture.h"
 #include "program/clip_texts.h"
 
@@ -86,7 +87,9 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
   auto& clip = collection_.MovieList[number];
   const auto thisSeries = series.empty() ? std::string() : std::string(series) + std::to_string(number);
   if (!thisSeries.empty() && thisSeries == series_) {
+    releaseTransitions();
     change(clip);
+    holdTransitions();
     list_.renew(number);
     if (number == collection_.icurMov) whenEdited_(number);
     this->changed();
@@ -104,6 +107,8 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
 bool History::change(const CommandPass& pass, std::string name, Integer changeCode,
                      const std::function<void()>& work, std::string_view series) {
   if (!pass) return false;
+  const auto thisSeries = series.empty() ? std::string() : std::string(series) + "*";
+  if (!thisSeries.empty() && thisSeries == series_) releaseTransitions();
   const bool wasDirty = settings_.state.IsDirty;
   const CollectionShot before(collection_, settings_);
   std::vector<std::string> beside;
@@ -122,18 +127,21 @@ bool History::change(const CommandPass& pass, std::string name, Integer changeCo
   for (std::size_t i = 0; i < beside.size(); ++i) {
     if (beside_[i].text() != beside[i]) back.beside.emplace_back(i, std::move(beside[i]));
   }
-  if (back.changesNoFile() && back.beside.empty()) return false;
+  if (back.changesNoFile() && back.beside.empty()) {
+    if (!thisSeries.empty() && thisSeries == series_) holdTransitions();
+    return false;
+  }
   if (!back.changesNoFile()) settings_.state.ListIsDirty = true;
   settings_.state.postChange(changeCode, changeCode);
   renew(back);
   const Shown shown{.moved = !back.movesNothing(),
                     .edited = gives(back.clips, collection_.icurMov),
                     .inHand = collection_.icurMov};
-  const auto thisSeries = series.empty() ? std::string() : std::string(series) + "*";
   if (!joinsSeries(back, thisSeries)) {
     keep(std::move(back));
     series_ = thisSeries;
   }
+  holdTransitions();
   if (shown.moved) pass.open();
   show(shown);
   return true;
@@ -194,7 +202,59 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
   inverse.name = stepName("add", collection_, inverse.clips.leave);
   settings_.state.ListIsDirty = true;
   keep(std::move(inverse));
+  holdTransitions();
   return true;
+}
+
+// The clips that are longer or shorter behind a step that `back` takes back, or stand behind one that is.
+std::vector<int> History::withOtherNeighbours(const ListStep& back) const {
+  const auto& clips = collection_.MovieList;
+  if (!back.movesNothing()) return range(1, clips.count());
+  std::set<int> numbers;
+  for (const auto& [number, before] : back.clips.values) {
+    if (timelineLength(before) == timelineLength(clips[number])) continue;
+    numbers.insert(number);
+    if (has(number + 1)) numbers.insert(number + 1);
+  }
+  return {numbers.begin(), numbers.end()};
+}
+
+// The step is taken back with the newest, whose act it followed from.
+void History::holdTransitions() {
+  if (undo_.empty()) return;
+  const auto numbers = withOtherNeighbours(undo_.back());
+  if (std::ranges::all_of(numbers, [&](int i) { return isCut(collection_.MovieList[i].TransType()); }))
+    return;
+  const auto still = settings_.state.DefaultStillDuration;
+  TimelineClips clips(collection_);
+  ListStep step{.changeCode = undo_.back().changeCode, .inHand = collection_.icurMov};
+  for (const int number : numbers) {
+    const auto& clip = collection_.MovieList[number];
+    if (isCut(clip.TransType()) || longestTransition(clips, number, still) <= 0) continue;
+    holdTransition(clips, number, still);
+    if (clips[number].TransIn == clip.TransIn()) continue;
+    Movie held = clip;
+    held.TransIn(clips[number].TransIn);
+    step.clips.values.emplace_back(number, std::move(held));
+  }
+  if (step.clips.empty()) return;
+  auto& newest = undo_.back();
+  if (newest.group == 0) newest.group = ++groups_;
+  step.group = newest.group;
+  step.name = newest.name;
+  step.chosen = newest.chosen;
+  Shown unseen;
+  undo_.push_back(apply(std::move(step), unseen));
+  undo_.back().holds = true;
+}
+
+// Ahead of more of a gesture: the hand may make the room again.
+void History::releaseTransitions() {
+  if (undo_.empty() || !undo_.back().holds) return;
+  auto step = std::move(undo_.back());
+  undo_.pop_back();
+  Shown unseen;
+  apply(std::move(step), unseen);
 }
 
 // Numbers of values are those behind what leaves and comes, and ahead of the order.
@@ -224,6 +284,7 @@ void History::carryOut(ListStep step, const CommandPass* pass) {
   Shown shown;
   takeOverlaysAlong(step);
   keep(apply(std::move(step), shown));
+  holdTransitions();
   if (pass != nullptr) pass->open();
   show(std::move(shown));
 }

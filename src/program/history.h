@@ -1,5 +1,6 @@
 // The one gate through which every change of the collection goes, so that it can be undone and done again.
-// What is changed by other roads is nothing that the user did: an intro, what a compile corrects. Steps are
+// What is changed by other roads is nothing that the user did: an intro, what a compile corrects. Where a
+// step leaves a transition no room, its length is held within what there is as part of the step. Steps are
 // kept as what differs, without a limit, until another collection is open. A clip that lies over another is
 // known by its number there, which follows it.
 #pragma once
@@ -22,6 +23,7 @@ namespace kvo {
 struct ListStep {
   std::string name{};  ///< "remove lake at dusk.mpg"
   int group = 0;       ///< steps of one, which follow each other, are taken together; 0 for none
+  bool holds = false;  ///< it followed from the one before it: see History::holdTransitions
 
   RecordStep<Movie> clips{};
   RecordStep<Keyframe> keyframes{};
@@ -118,6 +120,9 @@ class History {
   void show(Shown shown);
   void keep(ListStep back);
   bool joinsSeries(ListStep& back, const std::string& series);
+  void holdTransitions();
+  void releaseTransitions();
+  [[nodiscard]] std::vector<int> withOtherNeighbours(const ListStep& back) const;
   void take(std::deque<ListStep>& from, std::deque<ListStep>& onto, std::size_t steps);
   void changed();
   [[nodiscard]] bool has(int number) const { return number >= 1 && number <= collection_.MovieList.count(); }

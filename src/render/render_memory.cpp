@@ -34,9 +34,7 @@ bool isLeftOver(const Files& files, std::string_view file) {
 template <class Each>
 void eachLine(std::string_view text, Each each) {
   while (!text.empty()) {
-    const auto end = std::min(text.find('\n'), text.size());
-    if (end > 0) each(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
+    if (const auto line = nextLine(text); !line.empty()) each(line);
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QStringList>
 #include <QTextDocument>  // Qt::mightBeRichText
 #include <string>
 
@@ -17,6 +18,9 @@ inline QString shown(const std::string& text) { return QString::fromStdString(te
 inline QString told(const std::string& text) {
   return text.empty() ? QString() : QCoreApplication::translate(kTextContext, text.c_str());
 }
+
+/// The lines of a text, whichever of LF and CR LF ends them.
+inline QStringList shownLines(QString text) { return text.remove('\r').split('\n'); }
 
 /// For a tool tip: never taken for markup.
 inline QString plainTip(const QString& tip) { return Qt::mightBeRichText(tip) ? tip.toHtmlEscaped() : tip; }

@@ -28,8 +28,6 @@ inline constexpr std::string_view kPictureStream = "{73646976-0000-0010-8000-00A
 
 /// Numbers below this are the engine's own, from here on a profile file is written.
 inline constexpr int kSystemProfiles = 26;
-/// The profiles from 16 to 23 are sound alone.
-constexpr bool isSoundProfile(int number) { return number >= 16 && number <= 23; }
 
 /// One of the engine's own, 0 to 25; nothing for another number.
 std::optional<EncodeProfile> systemProfile(int number);

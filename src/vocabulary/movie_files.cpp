@@ -33,8 +33,6 @@ constexpr std::array kOfWebM = {VideoCodec::Vp9, VideoCodec::Av1};
 
 }  // namespace
 
-std::span<const MovieFile> movieFiles() { return kFiles; }
-
 const MovieFile& movieFileOf(OutputKind kind) { return kFiles.at(static_cast<std::size_t>(kind)); }
 
 std::optional<OutputKind> outputKindOf(std::string_view path) {

@@ -48,7 +48,6 @@ struct MovieFile {
   const char* about = "";  ///< what is in it, whole: "H.264 and AAC"
 };
 
-std::span<const MovieFile> movieFiles();
 const MovieFile& movieFileOf(OutputKind kind);
 
 /// By the extension of a file name in any case; nothing for another one.

@@ -46,7 +46,7 @@ TEST(FramePlan, SaysWhatAFrameIsMadeOf) {
   std::string all;
   std::vector<std::pair<int, std::string>> seen;
   for (const int frame : {0, 15, 25, 35, 45, 50, 80, 100, 110, 145, 150}) {
-    seen.emplace_back(frame, toText(planFrame(timeline, frame)));
+    seen.emplace_back(frame, toText(FramePlanner(timeline).at(frame)));
     EXPECT_EQ(toText(planner.at(frame)), seen.back().second) << "frame " << frame << ", forward";
     all += "== frame " + std::to_string(frame) + "\n" + seen.back().second;
   }

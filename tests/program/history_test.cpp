@@ -209,6 +209,56 @@ TEST(History, OneGestureIsOneStep) {
   EXPECT_EQ(b.window.history.undone.size(), 4U);
 }
 
+TEST(History, ATransitionThatIsLeftNoRoomIsHeldByTheSameStep) {
+  EditBench b;
+  const auto transitions = [&] {
+    std::string all;
+    for (int i = 1; i <= b.collection.MovieList.count(); ++i) all += ShortText(b.clip(i).TransIn()) + " ";
+    return all;
+  };
+  for (const int number : {2, 3}) {
+    b.clip(number).TransType("Iris");
+    b.clip(number).TransIn(60);
+  }
+  b.clip(1).DurationTime(Value(0));
+  const auto first = b.text();
+  const auto trim = [&](double seconds) {
+    b.history.edit(
+        CommandPass(b.window), "mark", 1, 96, [&](Movie& clip) { clip.LoopEnd(Value(seconds)); }, "mark");
+  };
+  const auto drag = [&](double seconds) { b.drag([&] { b.clip(1).LoopEnd(Value(seconds)); }); };
+  const std::tuple<const char*, std::function<void()>, const char*> rows[] = {
+      {"a mark", [&] { trim(0.28); }, "0 3 60 0 0 0 "},
+      {"one that is set too early, then later", [&] { trim(2), trim(1), trim(5); }, "0 50 60 0 0 0 "},
+      {"and with room again", [&] { trim(1), trim(7); }, "0 60 60 0 0 0 "},
+      {"an edge that is dragged", [&] { drag(1), drag(3), drag(3); }, "0 30 60 0 0 0 "},
+      {"a speed", [&] { b.change([&] { b.clip(2).Playspeed(20); }); }, "0 40 40 0 0 0 "},
+      {"two at once", [&] { b.change([&] { b.clip(1).LoopEnd(Value(2)), b.clip(2).LoopEnd(Value(3)); }); },
+       "0 20 30 0 0 0 "},
+      {"a clip of nothing known", [&] { b.change([&] { b.clip(1).LoopEnd(Value(0)); }); }, "0 60 60 0 0 0 "}};
+  for (const auto& [what, act, expected] : rows) {
+    act();
+    EXPECT_EQ(transitions(), expected) << what;
+    EXPECT_EQ(b.window.history.done.size(), 1U) << what;
+    const auto last = b.text();
+    b.history.undo();
+    EXPECT_EQ(b.text(), first) << what;
+    b.history.redo();
+    EXPECT_EQ(b.text(), last) << what;
+    b.history.undo();
+  }
+  b.change([&] { b.clip(1).LoopEnd(Value(2)); });
+  b.clip(3).TransIn(75);
+  const auto shorter = b.text();
+  b.listCommands.rename("x");
+  EXPECT_EQ(b.clip(3).TransIn(), 75) << "no clip has another length";
+  b.list.select(1);
+  b.listCommands.moveTo(4);
+  EXPECT_LE(b.clip(3).TransIn(), 20) << "another clip stands ahead of it";
+  b.history.undo(2);
+  EXPECT_EQ(b.text(), shorter);
+}
+
 TEST(History, AStepBackKeepsWhatHasBeenLearntOfFiles) {
   EditBench b;
   b.clip(2).RenderAudio(true);

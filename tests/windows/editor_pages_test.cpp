@@ -111,7 +111,7 @@ TEST_F(PageBench, EffectTicksSlidersAndRightClicksReachTheRecord) {
   EXPECT_TRUE(names.isFavourite("Watercolor"));
   EXPECT_TRUE(box->isChecked()) << "the star is no switch";
   use(*page, {"Favourites and those used last alone"});
-  EXPECT_EQ(tab.names.shown, (std::vector<std::string>{"Invert", "Watercolor"}));
+  EXPECT_EQ(tab.names.shown.rows(), (std::vector<std::string>{"Invert", "Watercolor"}));
   QTest::keyClicks(named<QLineEdit>(*page, "Find an effect by its name"), "water");
   EXPECT_TRUE(box->isVisible());
   EXPECT_FALSE(named<QAbstractButton>(*page, "Invert")->isVisible());

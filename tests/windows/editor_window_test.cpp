@@ -12,7 +12,9 @@
 
 #include <QComboBox>
 #include <QFrame>
+#include <QSplitter>
 #include <QTabBar>
+#include <QTest>
 
 namespace kvo {
 namespace {
@@ -64,9 +66,9 @@ struct RushBench : testing::Test, test::TabBench {
         RushActs{[this](int tab) { showTab(tab); }, number("key"), act("transition"), number("rate"),
                  act("rateUp"), number("level"), number("jog"), number("history"),
                  [this](double part) { told.number("zoom")(std::lround(part * 100)); }, act("whole"),
-                 act("preview"), act("render"), says("save ", "Saved"), says("saveAs ", ""), act("stop"),
-                 act("close"), act("queue")},
-        FrmRush::Keeping{WindowPlace(store, desktop, "EditorPlace"), store}, KVO_SHARE "/kvo5/Buttons/");
+                 number("height"), act("preview"), act("render"), says("save ", "Saved"), says("saveAs ", ""),
+                 act("stop"), act("close"), act("queue")},
+        WindowPlace(store, desktop, "EditorPlace"), KVO_SHARE "/kvo5/Buttons/");
     const CreatePage::Acts acts{act("preview"), act("render"), act("save"), act("help"), act("quit"), draw};
     auto* page = made<CreatePage>(create, frame, createRules, acts, window.get());
     window->setPage(1, page, [page] { page->draw(); });
@@ -129,6 +131,28 @@ TEST_F(RushBench, ASizeFromALargerScreenLeavesRoomForAFrame) {
   open();
   EXPECT_EQ(window->width(), 1280);
   EXPECT_LE(window->y() + 36 + window->height(), 768) << window->height();
+}
+
+TEST_F(RushBench, TheTimelineKeepsTheHeightThatTheUserGivesIt) {
+  desktop.facts = {2600, 1600, 24, 1};
+  frame.timelineHeight = 280;
+  open();
+  window->resize(1280, 1000);
+  QApplication::processEvents();
+  const auto* splitter = window->findChild<QSplitter*>();
+  EXPECT_EQ(splitter->sizes().back(), 280);
+  auto* handle = splitter->handle(1);
+  const auto middle = handle->rect().center();
+  QTest::mousePress(handle, Qt::LeftButton, {}, middle);
+  QTest::mouseMove(handle, middle + QPoint(0, 30));
+  QTest::mouseRelease(handle, Qt::LeftButton, {}, middle + QPoint(0, 30));
+  const int low = splitter->sizes().back();
+  EXPECT_EQ(low, 250);
+  window->resize(1280, 980);
+  QApplication::processEvents();
+  EXPECT_EQ(splitter->sizes().back(), low);
+  window->hide();
+  EXPECT_EQ(told.look(), "height250 ");
 }
 
 TEST_F(RushBench, TheCardOfARenderHasTheRoomThatItNeeds) {
@@ -326,7 +350,7 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   auto* tiles = part<TransitionTiles>("Transitions");
   auto* find = part<QLineEdit>("Find a transition by its name");
   QTest::keyClicks(find, "circle");
-  EXPECT_EQ(transition.names.shown.size(), 6U);
+  EXPECT_EQ(transition.names.shown.rows().size(), 6U);
   EXPECT_GT(test::expectNamed(*window), 20);
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(110, 50));
   EXPECT_EQ(clip(2).TransType(), "Circle2");
@@ -336,8 +360,22 @@ TEST_F(RushBench, TransitionTilesArePickedByMouseAndArrows) {
   EXPECT_EQ(clip(2).TransType(), "Circle8");
   QTest::mouseMove(tiles->widget(), QPoint(30, 30));
   QTest::mouseClick(tiles->widget(), Qt::LeftButton, {}, QPoint(68, 12));
-  EXPECT_EQ(transition.names.favourites, std::vector<std::string>{"Circle1"}) << "by its star";
+  EXPECT_EQ(transition.names.favourites.rows(), std::vector<std::string>{"Circle1"}) << "by its star";
   EXPECT_EQ(clip(2).TransType(), "Circle8");
+  EXPECT_FALSE(tiles->verticalScrollBar()->isVisible()) << "six fit";
+  QTest::keyClicks(find, "zzz");
+  EXPECT_TRUE(transition.names.shown.rows().empty());
+  const auto seen = tiles->widget()->grab().toImage();
+  bool isBlank = true;
+  for (int y = 0; y < seen.height(); ++y) {
+    for (int x = 0; x < seen.width(); ++x) isBlank = isBlank && seen.pixel(x, y) == seen.pixel(0, 0);
+  }
+  EXPECT_FALSE(isBlank) << "it says that there is none";
+  EXPECT_FALSE(tiles->verticalScrollBar()->isVisible());
+  QTest::keyClick(find, Qt::Key_Escape);
+  EXPECT_GT(transition.names.shown.rows().size(), 50U);
+  EXPECT_EQ(find->text(), "");
+  EXPECT_TRUE(tiles->verticalScrollBar()->isVisible());
 }
 
 TEST_F(RushBench, RemembersItselfAndFitsASmallScreen) {

@@ -16,7 +16,7 @@ PreviewState movieState() {
   state.title = "Opening -->  lake at dusk.mpg";
   state.total = 51.9;
   state.FSB_RenderRange = {51, 9.2};
-  state.cuts = {6, 14.4, 20, 33, 38, 51.9};
+  state.cuts.assign({6, 14.4, 20, 33, 38, 51.9});
   state.Lbl_TimePos = "00:09.2000";
   state.Lbl_Remain = "00:42.7000";
   state.Lbl_TotDur = "00:51.9000";

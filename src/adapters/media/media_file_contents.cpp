@@ -2,6 +2,7 @@
 
 #include "adapters/media/facts_text.h"
 #include "base/guarded.h"
+#include "base/text.h"
 #include "media/bgr.h"
 #include "media/media_facts.h"
 #include "media/scaler.h"
@@ -83,9 +84,7 @@ std::string MediaFileContents::known(std::string_view maker) {
 void MediaFileContents::remember(std::string_view text, std::string_view maker) {
   const std::lock_guard lock(mutex_);
   for (bool isFirst = true; !text.empty(); isFirst = false) {
-    const auto end = std::min(text.find('\n'), text.size());
-    const auto line = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
+    const auto line = nextLine(text);
     if (isFirst && line != maker) return;
     if (const auto file = isFirst ? std::nullopt : fileIn(line)) {
       const std::filesystem::file_time_type time{std::filesystem::file_time_type::duration(file->changed)};

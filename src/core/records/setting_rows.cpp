@@ -425,15 +425,6 @@ std::span<const SettingSection> settingSections() { return kSections; }
 
 std::span<const SettingSection> headSections() { return settingSections().first(kHeadSections); }
 
-const SettingRow* settingRow(std::string_view name) {
-  for (const auto& section : kSections) {
-    for (const auto& row : section.rows) {
-      if (row.name == name) return &row;
-    }
-  }
-  return nullptr;
-}
-
 void readSetting(const SettingRow& row, SettingRead& read, std::string_view text) {
   switch (row.read.rule) {
     case ReadRule::Plain:

@@ -106,9 +106,6 @@ std::span<const SettingSection> headSections();
 /// Those and, behind them, the fields that are in no file.
 std::span<const SettingSection> settingSections();
 
-/// The row of a field by its name, null for none.
-const SettingRow* settingRow(std::string_view name);
-
 /// Takes the text of a row into its field by the row's rule.
 void readSetting(const SettingRow& row, SettingRead& read, std::string_view text);
 

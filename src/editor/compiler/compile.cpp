@@ -1,6 +1,5 @@
 #include "editor/compiler/compile.h"
 
-#include "base/text.h"
 #include "editor/compiler/audio_tracks.h"
 #include "editor/compiler/document_text.h"
 
@@ -74,12 +73,12 @@ std::string videoGroupTag(const OutputForm& o) {
 }
 
 std::string documentText(const WorkingTexts& texts, bool hasGroup, bool hasVideoTime, bool hasAudioTracks) {
-  const std::string apart = "\r\n\r\n";
-  tag::GroupText video{.tracks = texts.VideoTrackText + apart, .isClosed = hasVideoTime};
+  constexpr std::string_view kApart = "\r\n\r\n";
+  tag::GroupText video{.tracks = texts.VideoTrackText, .behind = kApart, .isClosed = hasVideoTime};
   if (hasGroup) video.open = texts.VideoGroupText;
-  tag::GroupText audio{.open = texts.AudioGroupText};
-  if (hasAudioTracks) audio.tracks = blanks(10) + texts.AudioTrackText + apart;
-  return tag::document({std::move(video), std::move(audio)}, tag::Spacing::Wide);
+  tag::GroupText audio{.open = texts.AudioGroupText, .blanksAhead = 10, .behind = kApart};
+  if (hasAudioTracks) audio.tracks = texts.AudioTrackText;
+  return tag::document({video, audio}, tag::Spacing::Wide);
 }
 
 void applyCorrections(const Compiled& compiled, Collection& collection, KVO2& settings, Corrections which) {

@@ -7,6 +7,7 @@
 namespace kvo {
 namespace {
 
+constexpr std::size_t kRoom = 400;  // characters: about what a frame and a group's tags take
 constexpr std::size_t kGroupColumn = 5;
 constexpr std::size_t kClipColumn = 10;
 constexpr std::size_t kEffectColumn = 15;
@@ -95,11 +96,15 @@ std::string document(std::initializer_list<GroupText> groups, Spacing spacing) {
   const bool isWide = spacing == Spacing::Wide;
   const auto behindFrame = wide.substr(0, (isWide ? 2 : 1) * kCrLf.size());
   const auto behindGroup = wide.substr(0, (isWide ? 3 : 1) * kCrLf.size());
+  std::size_t length = kRoom;
+  for (const auto& group : groups) length += (group.tracks ? group.tracks->size() : 0) + kRoom;
   std::string text(kTimeline);
+  text.reserve(length);
   text.append(behindFrame);
   for (const auto& group : groups) {
     if (group.open) text.append(blanks(kGroupColumn)).append(*group.open).append(behindGroup);
-    if (group.tracks) text.append(*group.tracks).append(kCrLf);
+    if (group.tracks)
+      text.append(group.blanksAhead, ' ').append(*group.tracks).append(group.behind).append(kCrLf);
     if (group.isClosed) text.append(kEndGroup).append(behindGroup);
   }
   return text.append(kEndTimeline).append(behindFrame);

@@ -85,10 +85,12 @@ std::string keyframe(std::string_view time, std::string_view value);
 /// The line ahead of a clip's effects, which stands even when there are none.
 std::string effectLine(std::string_view effects);
 
-/// A group of a document. What it does not have has no line either.
+/// A group of a document, of texts that outlive it. What it does not have has no line either.
 struct GroupText {
-  std::optional<std::string> open{};    ///< its opening tag
-  std::optional<std::string> tracks{};  ///< all its tracks, with the blanks ahead of them
+  std::optional<std::string_view> open{};    ///< its opening tag
+  std::optional<std::string_view> tracks{};  ///< all of them
+  std::size_t blanksAhead = 0;               ///< of the tracks
+  std::string_view behind{};                 ///< line ends behind them, beside their own
   bool isClosed = true;
 };
 

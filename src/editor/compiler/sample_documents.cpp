@@ -76,7 +76,7 @@ SampleDocument transitionSample(const Collection& collection, int clipNo, Compil
                                  {"width", std::to_string(form.width)},
                                  {"height", std::to_string(form.height)}},
                                 " >");
-  return {tag::document({{group, blanks(5) + tracks}}, tag::Spacing::Wide), std::move(clips)};
+  return {tag::document({{group, tracks, 5}}, tag::Spacing::Wide), std::move(clips)};
 }
 
 SampleDocument clipSample(const Collection& collection, int clipNo, CompileOptions options,

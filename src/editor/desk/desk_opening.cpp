@@ -107,7 +107,7 @@ void EditorDesk::finishOpening() {
   GetStillOpts(e);
   run().ObjectChange = kOpened;
   ticks_ = 0;
-  shownClip_ = e.collection.icurMov;
+  followed_ = e.collection.icurMov;
   restoreTabs();
   Buildtabs(1);
   begin_->start(kBeginsAfter);

@@ -123,7 +123,8 @@ void EditorDesk::Tmr_CheckChanges_Timer() {
   if (++ticks_ == kFirstCheck && !parts_.preview.isPlaying()) IsAudioBeforeVideo(parts_.editing);
   if (ticks_ > kLastTick) ticks_ = 1;
   if (!followsCollection() || parts_.window.busy()) return;
-  if (parts_.editing.collection.icurMov != shownClip_) run().postChange(kMovedOn, kMovedOn);
+  if (std::exchange(followed_, parts_.editing.collection.icurMov) != parts_.editing.collection.icurMov)
+    run().postChange(kMovedOn, kMovedOn);
   if (clip() != nullptr) files_.takeUp(clipFile(*clip()));
   const Integer code = run().ObjectChange;
   if (code == 0 || !files_.known(parts_.editing.collection)) return;
@@ -216,6 +217,7 @@ void EditorDesk::Buildtabs(int tab) {
   parts_.state.frame.CurrentTab = tab;
   const auto& enter = tabs_[static_cast<std::size_t>(tab - 1)].enter;
   if (enter) enter();
+  followed_ = parts_.editing.collection.icurMov;
   ShowClipStats();
 }
 
@@ -233,6 +235,7 @@ void EditorDesk::UpDateFrmFileOpen(int clipNo, bool pause) {
     doors_.Displaymovieinfo(clipNo);
   }
   if (!pause) doors_.PlayerPause();
+  followed_ = clipNo;
 }
 
 void EditorDesk::sample(Sample what, int clipNo) {
@@ -283,7 +286,6 @@ void EditorDesk::ShowClipStats() {
                                 .Copy = commands.whyNoCopy(CopyMode::Exact, place),
                                 .CopyEnd = commands.whyNoCopy(CopyMode::Tail, place),
                                 .Equi = commands.whyNoCopy(CopyMode::EqualChunk, place)});
-  shownClip_ = number;
   if (clip() != nullptr && clip()->IsStream()) return;
   const bool previewing = parts_.state.frame.CurrentTab == kTabCreate && parts_.preview.isPlaying();
   parts_.state.stats = clipStats(parts_.editing, number, previewing);

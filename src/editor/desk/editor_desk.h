@@ -177,7 +177,7 @@ class EditorDesk : public PreviewHost {
   int analysingTicks_ = 0;
   bool filmWasShown_ = false;
   int ticks_ = 0;
-  int shownClip_ = 0;               // whose details were shown last
+  int followed_ = 0;                // the clip that the open tab has heard of last
   bool LoopPreviews_ = false;       // as they were ahead of the opening
   bool SliderPauseOnRepo_ = false;  // likewise
 };

@@ -28,9 +28,4 @@ void PresumedFiles::passOver(const std::string& path) {
   passedOver_.insert(path);
 }
 
-bool PresumedFiles::isPassedOver(const std::string& path) {
-  const std::lock_guard lock(mutex_);
-  return passedOver_.contains(path);
-}
-
 }  // namespace kvo

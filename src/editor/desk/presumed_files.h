@@ -25,7 +25,6 @@ class PresumedFiles : public MediaContents {
   /// Looks into a file whatever was said of it; from then on it is not passed over.
   void look(const std::string& path);
   void passOver(const std::string& path);
-  [[nodiscard]] bool isPassedOver(const std::string& path);
 
  private:
   MediaContents& files_;

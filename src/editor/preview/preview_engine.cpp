@@ -109,7 +109,7 @@ bool PreviewEngine::CreatePreview(bool Play) {
 void PreviewEngine::fillBar() {
   const auto& editor = editing_.editor;
   state_.FSB_RenderRange.Max = labelsOf(editor).FSB_RenderRangeMax;
-  state_.cuts.assign(editor.ClipStopList.begin(), editor.ClipStopList.end());
+  state_.cuts.assign({editor.ClipStopList.begin(), editor.ClipStopList.end()});
 }
 
 double PreviewEngine::movieLength() const {
@@ -128,12 +128,13 @@ void PreviewEngine::saveGraph(const std::string& document) {
 void PreviewEngine::PreviewIt(std::string Document, double StartSeconds, bool NoPlay) {
   tmrTimer_->stop();
   sought_.reset();
+  standsOn_.reset();
   if (const auto loaded = player_.load(std::move(Document)); !loaded) return failed(loaded.error().text);
   state_.failure.clear();
-  state_.total = secondsOf(player_.frames());
+  state_.total = state_.kind == PreviewKind::Movie ? movieLength() : secondsOf(player_.frames());
   const double from = std::max(StartSeconds, 0.0);
   if (!NoPlay) return DirXPlay(from);
-  seekTo(frameOf(from));
+  seekTo(frameInClip(from));
   host_.previewChanged();
 }
 
@@ -209,7 +210,7 @@ std::string PreviewEngine::reasonOf(const std::string& text) {
 }
 
 void PreviewEngine::filesCame() {
-  if (waitsFor_.empty() || editing_.editor.missingFiles.contains(waitsFor_)) return;
+  if (waitsFor_.empty() || editing_.editor.isMissing(waitsFor_)) return;
   waitsFor_.clear();
   state_.failure.clear();
   host_.previewChanged();
@@ -221,13 +222,13 @@ void PreviewEngine::arrived(std::int64_t frame, std::shared_ptr<const Bitmap> pi
   if (state_.kind == PreviewKind::None || GetPreviewPlayState() == PlayState::Empty) return;
   if (state_.PreviewPlaying && !state_.paused) sought_.reset();
   state_.picture = picture->bgr.empty() ? nullptr : std::move(picture);
-  state_.position = secondsOf(frame);
+  state_.position = placeOf(frame);
   if (!Timer1_->running()) GetCurrPos();
   host_.previewChanged();
 }
 
 void PreviewEngine::GetCurrPos() {
-  const double position = secondsOf(GetPreviewPositionFrame());
+  const double position = placeOf(GetPreviewPositionFrame());
   state_.position = position;
   if (Timer1_->running()) {
     host_.ShowClipStats();

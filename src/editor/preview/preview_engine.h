@@ -99,6 +99,8 @@ class PreviewEngine {
   [[nodiscard]] bool movieRuns() const;
   [[nodiscard]] double secondsOf(std::int64_t frame) const;
   [[nodiscard]] std::int64_t frameOf(double seconds) const;
+  [[nodiscard]] std::int64_t frameInClip(double seconds) const;
+  [[nodiscard]] double placeOf(std::int64_t frame) const;
   void release();
   void fillBar();
   [[nodiscard]] double movieLength() const;
@@ -129,12 +131,13 @@ class PreviewEngine {
   std::unique_ptr<Timer> pace_;          // of samples that follow each other
   std::unique_ptr<Timer> rest_;          // of the hand that edits
   std::optional<Wish> wish_;
-  std::optional<Wish> unwritten_;       // the sample whose document is to be kept
-  std::optional<std::int64_t> sought_;  // the frame that is on its way
-  double standsAt_ = 0;                 // seconds of the movie: where the host was told that it stands
-  double playhead_ = 0;                 // seconds of the movie: where the host is
-  RenderRange movieBar_;                // the movie's, while a sample has the bar
-  std::vector<double> movieCuts_;
+  std::optional<Wish> unwritten_;         // the sample whose document is to be kept
+  std::optional<std::int64_t> sought_;    // the frame that is on its way
+  std::optional<std::int64_t> standsOn_;  // the frame that is seen for the playhead's place
+  double standsAt_ = 0;                   // seconds of the movie: where the host was told that it stands
+  double playhead_ = 0;                   // seconds of the movie: where the host is
+  RenderRange movieBar_;                  // the movie's, while a sample has the bar
+  RevisedList<double> movieCuts_;
   std::string waitsFor_;  // the file for want of which it failed
   bool stale_ = true;
   bool owesMovie_ = false;  // it is to be shown anew

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace kvo {
 namespace {
@@ -29,16 +30,33 @@ std::int64_t PreviewEngine::frameOf(double seconds) const {
   return std::clamp<std::int64_t>(frame, 0, std::max<std::int64_t>(player_.frames() - 1, 0));
 }
 
+// A preview has few frames a second: the one at the start of a clip may show the clip before.
+std::int64_t PreviewEngine::frameInClip(double seconds) const {
+  const auto frame = frameOf(seconds);
+  const auto& collection = editing_.collection;
+  const int number = clipToTake(collection, seconds);
+  if (number == 0) return frame;
+  const auto& clip = collection.MovieList[number];
+  const bool beginsBehind = secondsOf(frame) + kWithinFrame < clip.TimeLineStart().number();
+  return beginsBehind && liesAt(clip, secondsOf(frame + 1)) ? std::min(frame + 1, player_.frames() - 1)
+                                                            : frame;
+}
+
+double PreviewEngine::placeOf(std::int64_t frame) const {
+  const bool isPlayheads = state_.kind == PreviewKind::Movie && !state_.PreviewPlaying && standsOn_ == frame;
+  return isPlayheads ? standsAt_ : secondsOf(frame);
+}
+
 void PreviewEngine::takeTimes() {
   if (movieRuns()) return;
   (isSample() ? movieBar_ : state_.FSB_RenderRange).Max = labelsOf(editing_.editor).FSB_RenderRangeMax;
-  auto& cuts = isSample() ? movieCuts_ : state_.cuts;
-  cuts.clear();
+  std::vector<double> cuts;
   for (int i = 1; i <= editing_.clips().count(); ++i) {
     const auto& clip = editing_.clips()[i];
     const double stop = clip.TimeLineStop().number();
     if (stop > 0 && !isSoundByName(clip.MovieName())) cuts.push_back(stop);
   }
+  (isSample() ? movieCuts_ : state_.cuts).assign(std::move(cuts));
 }
 
 void PreviewEngine::standAt(double seconds) {
@@ -77,6 +95,8 @@ void PreviewEngine::showAnew() {
   if (!state_.FSB_RenderRange.held) state_.FSB_RenderRange.Value = playhead_;
   if (!standOnMovie()) return;
   standsAt_ = playhead_;
+  standsOn_ = GetPreviewPositionFrame();
+  GetCurrPos();
   host_.previewChanged();
 }
 
@@ -126,6 +146,7 @@ void PreviewEngine::PreviewtransPort(Key key) {
 
 // By the user's choice.
 void PreviewEngine::standOn(std::int64_t frame) {
+  standsOn_.reset();
   seekTo(frame);
   if (state_.kind != PreviewKind::Movie || state_.PreviewPlaying) return;
   standsAt_ = state_.position;
@@ -160,7 +181,7 @@ void PreviewEngine::showAt(double seconds) {
   const Holding inside(seeking_);
   if (isSample()) release();
   if (!standOnMovie()) return;
-  standOn(frameOf(seconds));
+  standOn(frameInClip(seconds));
   host_.previewChanged();
 }
 

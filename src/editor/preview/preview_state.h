@@ -1,12 +1,12 @@
 // What the preview shows, as data: the preview engine writes it, the editor's window draws it.
 #pragma once
 
+#include "base/revised_list.h"
 #include "ports/timeline_player.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace kvo {
 
@@ -39,7 +39,7 @@ struct PreviewState {
   std::string Lbl_Remain = kNoPosition;
   std::string Lbl_TotDur = kNoPosition;
   RenderRange FSB_RenderRange;
-  std::vector<double> cuts;  ///< seconds: where the clips of the movie end
+  RevisedList<double> cuts;  ///< seconds: where the clips of the movie end
 
   std::uint64_t compiles = 0;  ///< of the movie, to be played
 

@@ -119,7 +119,7 @@ std::string audioLevelHeading(int tenths) {
 void enterTab(const Editing& e, AudioTab& tab, TabHost& host) { followTab(e, tab, host, true); }
 
 void followTab(const Editing& e, AudioTab& tab, TabHost& host, bool rebuild) {
-  if (rebuild) tab.Lst_AudioMovies.rows = PopulateMovieListBoxes(e, ListedClips::AndMusic);
+  if (rebuild) tab.Lst_AudioMovies.texts.assign(PopulateMovieListBoxes(e, ListedClips::AndMusic));
   SetMovieLstToMainIndex(e, tab.Lst_AudioMovies);
   readClip(e, tab);
   readMovie(e, tab);

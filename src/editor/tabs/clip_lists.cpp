@@ -39,15 +39,15 @@ std::string nameOfRow(const std::string& row) {
 }
 
 void chooseClip(ListBox& list, int clipNo) {
-  const auto found = std::find_if(list.rows.begin(), list.rows.end(),
+  const auto found = std::find_if(list.rows().begin(), list.rows().end(),
                                   [&](const auto& row) { return GetIndividualClipNo(row) == clipNo; });
-  list.ListIndex = found == list.rows.end() ? -1 : static_cast<int>(found - list.rows.begin());
+  list.ListIndex = found == list.rows().end() ? -1 : static_cast<int>(found - list.rows().begin());
 }
 
 void SetMovieLstToMainIndex(const Editing& e, ListBox& list) { chooseClip(list, e.collection.icurMov); }
 
 int chosenClip(const ListBox& list) {
-  return list.hasChoice() ? GetIndividualClipNo(list.rows[static_cast<std::size_t>(list.ListIndex)]) : 0;
+  return list.hasChoice() ? GetIndividualClipNo(list.rows()[static_cast<std::size_t>(list.ListIndex)]) : 0;
 }
 
 }  // namespace kvo

@@ -2,6 +2,7 @@
 // sight, its number.
 #pragma once
 
+#include "base/revised_list.h"
 #include "editor/tabs/editing.h"
 
 #include <string>
@@ -11,11 +12,13 @@ namespace kvo {
 
 /// A list box: its rows, and which of them is chosen.
 struct ListBox {
-  std::vector<std::string> rows;
-  int ListIndex = -1;  ///< from 0; -1 for none
-  bool operator==(const ListBox&) const = default;
+  RevisedList<std::string> texts;  ///< a row each
+  int ListIndex = -1;              ///< from 0; -1 for none
 
-  [[nodiscard]] bool hasChoice() const { return ListIndex >= 0 && ListIndex < static_cast<int>(rows.size()); }
+  [[nodiscard]] const std::vector<std::string>& rows() const { return texts.rows(); }
+  [[nodiscard]] bool hasChoice() const {
+    return ListIndex >= 0 && ListIndex < static_cast<int>(rows().size());
+  }
 };
 
 /// Which clips a list has.

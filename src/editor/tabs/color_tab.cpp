@@ -65,15 +65,15 @@ void sampleColours(const ColorTab& tab, TabHost& host, bool isOther) {
 std::string_view colourLevelName(ColourLevel level) { return rowOf(level).name; }
 
 void enterTab(const Editing& e, ColorTab& tab, TabHost& host) {
-  tab.Lst_ColorAdjust.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
+  tab.Lst_ColorAdjust.texts.assign(PopulateMovieListBoxes(e, ListedClips::WithPicture));
   followTab(e, tab, host, false);
-  if (!tab.Lst_ColorAdjust.hasChoice() && !tab.Lst_ColorAdjust.rows.empty())
+  if (!tab.Lst_ColorAdjust.hasChoice() && !tab.Lst_ColorAdjust.rows().empty())
     chooseColourClip(e, tab, host, 0);
 }
 
 void followTab(const Editing& e, ColorTab& tab, TabHost& host, bool rebuild) {
   const int before = chosenClip(tab.Lst_ColorAdjust);
-  if (rebuild) tab.Lst_ColorAdjust.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
+  if (rebuild) tab.Lst_ColorAdjust.texts.assign(PopulateMovieListBoxes(e, ListedClips::WithPicture));
   SetMovieLstToMainIndex(e, tab.Lst_ColorAdjust);
   SetColorFrametoObj(e, tab);
   if (rebuild) sampleColours(tab, host, chosenClip(tab.Lst_ColorAdjust) != before);

@@ -104,6 +104,7 @@ struct EditorFrame {
   int CurrentTab = 1;             ///< 1 to 7
   bool toolsOn = true;            ///< false while the movie is previewed: tabs, pages and tools only show
   double zoom = 0.5;              ///< of the timeline, 0 to 1 along its slider
+  int timelineHeight = 0;         ///< pixels at size 1; 0 while the user has not chosen one
   std::string toolsOffBecause{};  ///< composed; empty while they are on
   std::string saveOffBecause{};   ///< composed: there is nothing to save; empty where there is
 

@@ -2,9 +2,10 @@
 // the controls that steer it. Plain data; a window draws the controls, nothing here knows one.
 #pragma once
 
+#include "base/revised_list.h"
 #include "editor/compiler/compile.h"
 
-#include <set>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,11 @@ struct EditorState {
   int OutputHeight = 0;
   bool hasNoVideo = false;  ///< the last look found no clip with a picture
   std::vector<float> ClipStopList;
-  std::set<std::string> missingFiles;  ///< of the clips, that were not there at the last look
+  RevisedList<std::string> missingFiles;  ///< of the clips, sorted, that were not there at the last look
+
+  [[nodiscard]] bool isMissing(const std::string& file) const {
+    return std::ranges::binary_search(missingFiles.rows(), file);
+  }
 };
 
 }  // namespace kvo

@@ -144,7 +144,7 @@ void change(const Editing& e, EffectTab& tab, TabHost& host, std::string_view ac
 }
 
 void fillList(const Editing& e, EffectTab& tab) {
-  tab.Lst_Clips.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
+  tab.Lst_Clips.texts.assign(PopulateMovieListBoxes(e, ListedClips::WithPicture));
   SetMovieLstToMainIndex(e, tab.Lst_Clips);
 }
 
@@ -189,15 +189,15 @@ std::span<const std::string_view> rotationDirections() { return kRotations; }
 void enterTab(const Editing& e, EffectTab& tab, TabHost& host) {
   tab.ease.open = false;
   fillList(e, tab);
-  if (tab.Lst_Clips.rows.empty()) return leaveEmpty(e, tab, host);
+  if (tab.Lst_Clips.rows().empty()) return leaveEmpty(e, tab, host);
   if (!tab.Lst_Clips.hasChoice()) return chooseEffectClip(e, tab, host, 0);
   readRecord(e, tab);
 }
 
 void followTab(const Editing& e, EffectTab& tab, TabHost& host, bool rebuild) {
   const int before = chosenClip(tab.Lst_Clips);
-  if (rebuild || tab.Lst_Clips.rows.empty()) fillList(e, tab);
-  if (tab.Lst_Clips.rows.empty()) return leaveEmpty(e, tab, host);
+  if (rebuild || tab.Lst_Clips.rows().empty()) fillList(e, tab);
+  if (tab.Lst_Clips.rows().empty()) return leaveEmpty(e, tab, host);
   SetMovieLstToMainIndex(e, tab.Lst_Clips);
   if (!tab.Lst_Clips.hasChoice()) {
     host.Buildtabs(kAudioTab);

@@ -148,8 +148,8 @@ void ScaleSlider(const Editing& e, KeyframeWindow& window) {
 void fillKeyframes(const Editing& e, KeyframeWindow& window) {
   const auto range = framesThatCount(e, e.clips()[window.clipNo]);
   auto& list = window.Lst_Keyframes;
-  list.rows = AddKeyFramesToList(e);
-  const int last = static_cast<int>(list.rows.size()) - 1;
+  list.texts.assign(AddKeyFramesToList(e));
+  const int last = static_cast<int>(list.rows().size()) - 1;
   list.ListIndex = std::min(std::max(list.ListIndex, 0), last);
   window.whyNoDelete = last > 0 ? "" : "The first keyframe stays";
   window.ignored.clear();

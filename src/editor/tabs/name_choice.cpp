@@ -3,6 +3,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kvo {
@@ -35,7 +36,7 @@ bool contains(const std::vector<std::string>& names, std::string_view name) {
 void NameChooser::offer(std::vector<std::string> names) {
   if (names == names_) return;
   names_ = std::move(names);
-  choice_.favourites = kept(favouritesValue());
+  choice_.favourites.assign(kept(favouritesValue()));
   choice_.lastUsed = kept(lastUsedValue());
   show();
 }
@@ -56,16 +57,16 @@ void NameChooser::showFavouritesAlone(bool alone) {
   show();
 }
 
-bool NameChoice::isFavourite(std::string_view name) const { return contains(favourites, name); }
+bool NameChoice::isFavourite(std::string_view name) const { return contains(favourites.rows(), name); }
 
 void NameChooser::toggleFavourite(std::string_view name) {
-  auto wanted = choice_.favourites;
+  auto wanted = choice_.favourites.rows();
   if (std::erase(wanted, name) == 0) wanted.emplace_back(name);
-  choice_.favourites.clear();
-  for (const auto& known : names_) {
-    if (contains(wanted, known)) choice_.favourites.push_back(known);
-  }
-  store_.write(favouritesValue(), joined(choice_.favourites));
+  std::vector<std::string> favourites;
+  std::ranges::copy_if(names_, std::back_inserter(favourites),
+                       [&](const auto& known) { return contains(wanted, known); });
+  store_.write(favouritesValue(), joined(favourites));
+  choice_.favourites.assign(std::move(favourites));
   show();
 }
 
@@ -79,11 +80,12 @@ void NameChooser::noteUse(const std::string& name) {
 
 void NameChooser::show() {
   const auto wanted = lower(trimmed(choice_.find));
-  choice_.shown.clear();
+  std::vector<std::string> names;
   for (const auto& name : names_) {
     const bool isNear = !choice_.onlyFavourites || isFavourite(name) || contains(choice_.lastUsed, name);
-    if (isNear && lower(name).find(wanted) != std::string::npos) choice_.shown.push_back(name);
+    if (isNear && lower(name).find(wanted) != std::string::npos) names.push_back(name);
   }
+  choice_.shown.assign(std::move(names));
 }
 
 }  // namespace kvo

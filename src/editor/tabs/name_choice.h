@@ -1,6 +1,7 @@
 // Which of many names are shown to choose from: by a search, and by what the user likes and has used last.
 #pragma once
 
+#include "base/revised_list.h"
 #include "ports/user_store.h"
 
 #include <string>
@@ -12,9 +13,9 @@ namespace kvo {
 struct NameChoice {
   std::string find;                     ///< what the names are searched by
   bool onlyFavourites = false;          ///< favourites and those used last alone
-  std::vector<std::string> favourites;  ///< in list order
+  RevisedList<std::string> favourites;  ///< in list order
   std::vector<std::string> lastUsed;    ///< the latest first
-  std::vector<std::string> shown;       ///< names that pass the search, in list order
+  RevisedList<std::string> shown;       ///< names that pass the search, in list order
 
   [[nodiscard]] bool isFavourite(std::string_view name) const;
 };

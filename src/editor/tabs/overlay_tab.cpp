@@ -71,8 +71,8 @@ void readBackdrop(const Editing& e, OverlayTab& tab) {
 }
 
 void fillOverlayLists(const Editing& e, OverlayTab& tab) {
-  tab.Lst_PicinPicBackdrop.rows = PopulateMovieListBoxes(e, ListedClips::WithPicture);
-  tab.Lst_PicinPicOverlays.rows = tab.Lst_PicinPicBackdrop.rows;
+  tab.Lst_PicinPicBackdrop.texts.assign(PopulateMovieListBoxes(e, ListedClips::WithPicture));
+  tab.Lst_PicinPicOverlays.texts = tab.Lst_PicinPicBackdrop.texts;
 }
 
 // To whole steps, but not off the end of the slider.
@@ -120,7 +120,7 @@ void enterTab(const Editing& e, OverlayTab& tab, TabHost& host) {
   host.KillPreview();
   fillOverlayLists(e, tab);
   SetMovieLstToMainIndex(e, tab.Lst_PicinPicBackdrop);
-  if (!tab.Lst_PicinPicBackdrop.hasChoice() && !tab.Lst_PicinPicBackdrop.rows.empty())
+  if (!tab.Lst_PicinPicBackdrop.hasChoice() && !tab.Lst_PicinPicBackdrop.rows().empty())
     return chooseBackdrop(e, tab, host, 0);
   PopulateOverlayInterface(e, tab);
   showSample(tab, host);
@@ -132,7 +132,7 @@ void followTab(const Editing& e, OverlayTab& tab, TabHost& host, bool rebuild) {
   host.KillPreview();
   const int row = tab.Lst_PicinPicBackdrop.ListIndex;
   fillOverlayLists(e, tab);
-  const int last = static_cast<int>(tab.Lst_PicinPicBackdrop.rows.size()) - 1;
+  const int last = static_cast<int>(tab.Lst_PicinPicBackdrop.rows().size()) - 1;
   tab.Lst_PicinPicBackdrop.ListIndex = std::min(row, last);
   PopulateOverlayInterface(e, tab);
   showSample(tab, host);

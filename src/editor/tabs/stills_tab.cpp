@@ -41,7 +41,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
   tab.controls.individually = stillsAreIndividual(e);
   const bool isAlike = tab.enabled && !tab.controls.individually;
   tab.listWhyNot = isAlike ? "All stills are treated the same" : tab.whyNot;
-  if (!tab.Lst_Movies.hasChoice() && !tab.Lst_Movies.rows.empty()) tab.Lst_Movies.ListIndex = 0;
+  if (!tab.Lst_Movies.hasChoice() && !tab.Lst_Movies.rows().empty()) tab.Lst_Movies.ListIndex = 0;
   const int clipNo = chosenClip(tab.Lst_Movies);
   tab.shownClip = tab.controls.selectedClip = clipNo;
   double seconds = decimal(e.settings.state.DefaultStillDuration);
@@ -58,7 +58,7 @@ void BuildStillFrame(const Editing& e, StillsTab& tab) {
 }
 
 void fillStills(const Editing& e, StillsTab& tab) {
-  tab.Lst_Movies.rows = PopulateStillListBox(e);
+  tab.Lst_Movies.texts.assign(PopulateStillListBox(e));
   SetMovieLstToMainIndex(e, tab.Lst_Movies);
 }
 

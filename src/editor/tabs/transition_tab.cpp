@@ -64,7 +64,7 @@ std::string whyNoTiles(const TransitionTab& tab) {
 }
 
 std::string hintOf(const TransitionTab& tab) {
-  if (tab.Lst_TransitionMovies.rows.empty()) return "Drop clips or stills on the timeline first";
+  if (tab.Lst_TransitionMovies.rows().empty()) return "Drop clips or stills on the timeline first";
   if (!tab.Lst_TransitionMovies.hasChoice()) return "Choose a clip at the left";
   return tab.whyNone.empty() ? "The clip follows without a transition.\nClick Transition to choose one."
                              : tab.whyNone;
@@ -90,7 +90,7 @@ void TransitionRules::enter() {
 }
 
 void TransitionRules::show(bool rebuild) {
-  if (rebuild) tab_.Lst_TransitionMovies.rows = PopulateMovieListBoxes(e_, ListedClips::WithPicture);
+  if (rebuild) tab_.Lst_TransitionMovies.texts.assign(PopulateMovieListBoxes(e_, ListedClips::WithPicture));
   SetMovieLstToMainIndex(e_, tab_.Lst_TransitionMovies);
   Lst_TransitionMovies_MouseUp();
 }
@@ -229,14 +229,16 @@ void TransitionRules::openParticles(bool open) {
 }
 
 void TransitionRules::pickNext(int steps) {
-  if (tab_.names.shown.empty()) return;
-  const auto found = std::find(tab_.names.shown.begin(), tab_.names.shown.end(), tab_.panel.selected);
-  const int last = static_cast<int>(tab_.names.shown.size()) - 1;
-  const int at = found == tab_.names.shown.end() ? (steps > 0 ? -1 : last + 1)
-                                                 : static_cast<int>(found - tab_.names.shown.begin());
+  if (tab_.names.shown.rows().empty()) return;
+  const auto found =
+      std::find(tab_.names.shown.rows().begin(), tab_.names.shown.rows().end(), tab_.panel.selected);
+  const int last = static_cast<int>(tab_.names.shown.rows().size()) - 1;
+  const int at = found == tab_.names.shown.rows().end()
+                     ? (steps > 0 ? -1 : last + 1)
+                     : static_cast<int>(found - tab_.names.shown.rows().begin());
   const int next =
-      std::clamp(found == tab_.names.shown.end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
-  if (next != at) pick(std::string(tab_.names.shown[static_cast<std::size_t>(next)]));
+      std::clamp(found == tab_.names.shown.rows().end() ? at + (steps > 0 ? 1 : -1) : at + steps, 0, last);
+  if (next != at) pick(std::string(tab_.names.shown.rows()[static_cast<std::size_t>(next)]));
 }
 
 void TransitionRules::chooseCut(bool cut) {

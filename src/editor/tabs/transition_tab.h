@@ -110,7 +110,7 @@ class TransitionRules {
   /// Which names are shown.
   [[nodiscard]] NameChooser& names() { return names_; }
 
-  [[nodiscard]] const std::set<std::string>& missingFiles() const { return e_.editor.missingFiles; }
+  [[nodiscard]] const EditorState& editor() const { return e_.editor; }
 
  private:
   [[nodiscard]] Movie* clip() const;

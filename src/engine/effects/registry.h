@@ -17,7 +17,8 @@ struct EffectMoment {
   double length = 0;  ///< seconds that its clip is shown
 };
 
-/// A clip's picture as the effect makes it, or the same picture; empty when memory is short.
+/// A clip's picture as the effect makes it, or the same picture. Throws std::bad_alloc when memory is
+/// short, as making a picture does.
 using DrawEffect = std::function<media::Picture(const media::Picture& picture, const EffectMoment& moment)>;
 
 /// Prepares an effect for pictures of one size.

@@ -115,10 +115,6 @@ FramePlan FramePlanner::at(std::int64_t number) {
   return plan;
 }
 
-FramePlan planFrame(const Timeline& timeline, std::int64_t number) {
-  return FramePlanner(timeline).at(number);
-}
-
 std::string toText(const FramePlan& plan) {
   std::string text;
   append(plan, "", text);

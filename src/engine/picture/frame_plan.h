@@ -59,9 +59,6 @@ class FramePlanner {
   std::map<std::size_t, FramePlanner> inside_;  // of the compositions on screen, by their numbers
 };
 
-/// The plan of a single frame.
-FramePlan planFrame(const Timeline& timeline, std::int64_t number);
-
 /// A line for each layer, effect and transition, what lies inside of a composition set in:
 ///
 ///     clip a.avi at 1.48

@@ -64,8 +64,8 @@ class Stack {
   std::set<std::size_t> expected_;  // layers whose files are being made ready
 };
 
-/// Premultiplied `above` over `below`, of one size; without alpha if `below` has none. Empty when memory is
-/// short.
+/// Premultiplied `above` over `below`, of one size; without alpha if `below` has none. Throws
+/// std::bad_alloc when memory is short.
 media::Picture layOver(const media::Picture& below, const media::Picture& above);
 
 }  // namespace kvo::engine

@@ -189,15 +189,18 @@ Result<MadeFile> makeFile(const Making& making) {
 }
 
 // Two passes, and more where the second misses the size.
-Result<MadeFile> makeSizedFile(const Making& making, RenderPlan& plan) {
-  SizeAim aim(plan);
-  plan.format.video->bitRate = aim.bitRate();
-  const auto noted = takeNotes(making.timeline, plan, making.job.output,
+Result<MadeFile> makeSizedFile(const Making& making) {
+  SizeAim aim(making.plan);
+  auto attempt = making.plan;  // with the bit rate of the try
+  const Making trying{making.timeline, attempt,       making.job, making.files,
+                      making.damage,   making.teller, making.work};
+  attempt.format.video->bitRate = aim.bitRate();
+  const auto noted = takeNotes(making.timeline, attempt, making.job.output,
                                [&](std::int64_t made) { making.teller.tell(made, 0, 0, 0); });
   if (!noted) return noted.error();
   for (;;) {
     making.teller.nextPass();
-    auto made = makeFile(making);
+    auto made = makeFile(trying);
     if (!made) return made;
     const auto& [bytes, areFinest] = made->pictures;
     const auto fits = aim.judge(made->target->size(), bytes, areFinest);
@@ -207,13 +210,13 @@ Result<MadeFile> makeSizedFile(const Making& making, RenderPlan& plan) {
     }
     if (fits == Fits::Never) {
       return Error{"cannot write " + making.job.output + ": the movie does not go into " +
-                   ShortText(static_cast<double>(plan.mostBytes) / 1e6) + " MB"};
+                   ShortText(static_cast<double>(attempt.mostBytes) / 1e6) + " MB"};
     }
-    plan.format.video->bitRate = aim.bitRate();
+    attempt.format.video->bitRate = aim.bitRate();
   }
 }
 
-Result<RenderReport> renderPlan(const Timeline& timeline, RenderPlan& plan, const RenderJob& job,
+Result<RenderReport> renderPlan(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
                                 Files& files, const RenderWatch& watch) {
   std::optional<WorkFolder> work;
   if (job.work && plan.encodesInSegments) {
@@ -230,7 +233,7 @@ Result<RenderReport> renderPlan(const Timeline& timeline, RenderPlan& plan, cons
     const auto made = makeFile(making);
     return made ? Result(RenderReport{0, plan.seconds()}) : made.error();
   }
-  auto made = plan.mostBytes > 0 ? makeSizedFile(making, plan) : makeFile(making);
+  auto made = plan.mostBytes > 0 ? makeSizedFile(making) : makeFile(making);
   if (!made) return made.error();
   if (auto done = made->target->commit(); !done) return done.error();
   if (work) work->sweep();
@@ -257,16 +260,16 @@ RenderWatch goingOn(const RenderWatch& watch, const RenderStep& from) {
 
 // By the device, as long as that works. A movie has one encoder from start to end: what was begun in software
 // goes on so, and where the device fails it is made anew.
-Result<RenderReport> renderInDevice(const Timeline& timeline, RenderPlan& plan, const RenderJob& job,
+Result<RenderReport> renderInDevice(const Timeline& timeline, const RenderPlan& plan, const RenderJob& job,
                                     Files& files, const RenderWatch& watch) {
   WatchedHardware hardware(*plan.format.video->hardware);
-  auto inSoftware = plan;
+  auto inDevice = plan, inSoftware = plan;
+  inDevice.format.video->hardware = &hardware;
   inSoftware.format.video->hardware = nullptr;
   std::string why = "as it was begun";
   RenderStep reached;
   if (job.needsHardware || !hasBegun(timeline, inSoftware, job, files)) {
-    plan.format.video->hardware = &hardware;
-    auto made = renderPlan(timeline, plan, job, files, [&](const RenderStep& step) {
+    auto made = renderPlan(timeline, inDevice, job, files, [&](const RenderStep& step) {
       reached = step;
       if (watch) watch(step);
     });
@@ -282,7 +285,7 @@ Result<RenderReport> renderInDevice(const Timeline& timeline, RenderPlan& plan, 
 Result<RenderReport> renderUnguarded(const Timeline& given, const RenderJob& job, Files& files,
                                      const RenderWatch& watch) {
   const auto timeline = inRateOf(given, job);
-  auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
+  const auto plan = planRender(timeline, job, static_cast<int>(std::thread::hardware_concurrency()));
   if (!plan) return plan.error();
   if (auto done = checkSources(timeline, job, files); !done) return done.error();
   if (plan->format.video && plan->format.video->hardware != nullptr)

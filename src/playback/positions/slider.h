@@ -15,9 +15,6 @@
 
 namespace kvo {
 
-/// Widths of the two mark handles. Mark-In stands with its right edge on its place, Mark-Out with its left.
-inline constexpr Twips kMarkHandleWidth = 120;
-
 /// Twips of one per cent: the nearest whole number, halves to even. So the end of a line of 250 twips is not
 /// quite at its 100 per cent.
 Twips percentUnit(const SliderPlace& line);

@@ -93,7 +93,7 @@ void AudioPage::makeMusic() {
 }
 
 void AudioPage::draw() {
-  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  clips_->draw(state_.Lst_AudioMovies, logic_.editing.collection, logic_.editing.editor);
   setWhyNot(*sound_, told(state_.soundWhyNot));
   sound_->setChecked(state_.fades.renderAudio);
   fadeIn_->draw(state_.fadeIn, shown(state_.fadeIn.heading));

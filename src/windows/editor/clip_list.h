@@ -5,9 +5,7 @@
 #include "editor/tabs/clip_lists.h"
 #include "windows/editor/page_list.h"
 
-#include <set>
-#include <string>
-#include <vector>
+#include <cstdint>
 
 namespace kvo {
 
@@ -16,14 +14,12 @@ class PageClipList final : public PageList {
   /// `name` is what a screen reader calls it; `emptyText` stands in it while it has no rows.
   PageClipList(const QString& name, const QString& emptyText, QWidget* parent);
 
-  /// The rows of `state`, each with the sign of what kind of clip it is, or that its file is among the
-  /// `missing`.
-  void draw(const ListBox& state, const Collection& collection, const std::set<std::string>& missing);
+  /// The rows of `state`, each with the sign of what kind of clip it is, or that its file is missing.
+  void draw(const ListBox& state, const Collection& collection, const EditorState& editor);
 
  private:
-  std::vector<std::string> drawn_;
-  std::set<std::string> missing_;
-  std::vector<Row> rows_;
+  std::uint64_t drawnTexts_ = 0;
+  std::uint64_t drawnMissing_ = 0;
 };
 
 }  // namespace kvo

@@ -101,7 +101,7 @@ void ColorPage::drawPictures() {
 }
 
 void ColorPage::draw() {
-  clips_->draw(state_.Lst_ColorAdjust, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  clips_->draw(state_.Lst_ColorAdjust, logic_.editing.collection, logic_.editing.editor);
   for (std::size_t i = 0; i < kColourLevels; ++i) {
     const auto& level = state_.levels[i];
     levels_[i]->draw(level, told(level.heading), QString::number(level.Value));

@@ -6,6 +6,7 @@
 #include "windows/editor/clip_list.h"
 #include "windows/editor/ease_panel_part.h"
 #include "windows/editor/effect_rows.h"
+#include "windows/editor/find_field.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/refusal.h"
 
@@ -100,7 +101,7 @@ void EffectPage::makeEffects() {
 }
 
 void EffectPage::makeChoice() {
-  find_ = put(made<QLineEdit>(this), {250, 10, 146, 28}, {.right = 30, .wider = 70});
+  find_ = put(made<FindField>(this), {250, 10, 146, 28}, {.right = 30, .wider = 70});
   find_->setPlaceholderText(tr("Find"));
   find_->setAccessibleName(tr("Find an effect by its name"));
   find_->setToolTip(find_->accessibleName());
@@ -165,7 +166,7 @@ void EffectPage::makeLevels() {
 }
 
 void EffectPage::draw() {
-  clips_->draw(state_.Lst_Clips, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  clips_->draw(state_.Lst_Clips, logic_.editing.collection, logic_.editing.editor);
   for (int i = 1; i <= EffectWord::kSwitches; ++i) {
     const auto& face = state_.faces[static_cast<std::size_t>(i)];
     auto* box = switches_[static_cast<std::size_t>(i)];
@@ -198,7 +199,7 @@ void EffectPage::drawEffects() {
   effects_->draw();
   for (auto* part : std::initializer_list<QWidget*>{effectsCaption_, find_, favourites_, effects_, hint_})
     part->setVisible(!state_.ease.open);
-  noneFound_->setVisible(!state_.ease.open && names.shown.empty());
+  noneFound_->setVisible(!state_.ease.open && names.shown.rows().empty());
 }
 
 }  // namespace kvo

@@ -142,22 +142,19 @@ EffectRowBox* EffectRows::current() const {
 }
 
 void EffectRows::draw() {
-  if (drawnNames_ != state_.names.shown) {
-    drawnNames_ = state_.names.shown;
-    layOut();
-  }
-  if (std::exchange(drawnRevision_, samples_.revision()) != samples_.revision() ||
-      drawnFavourites_ != state_.names.favourites) {
-    drawnFavourites_ = state_.names.favourites;
-    sheet_->update();
-  }
+  const auto& names = state_.names;
+  if (std::exchange(drawnNames_, names.shown.revision()) != names.shown.revision()) layOut();
+  const bool otherSamples = std::exchange(drawnRevision_, samples_.revision()) != samples_.revision();
+  const bool otherStars =
+      std::exchange(drawnFavourites_, names.favourites.revision()) != names.favourites.revision();
+  if (otherSamples || otherStars) sheet_->update();
 }
 
 // Rows whose names do not pass the search are out of sight, those behind them move up.
 void EffectRows::layOut() {
   const auto* was = current();
   shown_.clear();
-  for (const auto& name : drawnNames_) {
+  for (const auto& name : state_.names.shown.rows()) {
     const auto named = [&](const EffectRowBox* row) { return row->face().caption == name; };
     const auto found = std::ranges::find_if(rows_, named);
     if (found != rows_.end()) shown_.push_back(*found);

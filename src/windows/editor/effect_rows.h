@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QScrollArea>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -60,8 +61,8 @@ class EffectRows final : public QScrollArea {
   QWidget* sheet_;
   std::vector<EffectRowBox*> rows_;   // by position, less 1
   std::vector<EffectRowBox*> shown_;  // in the order of the screen
-  std::vector<std::string> drawnNames_;
-  std::vector<std::string> drawnFavourites_;
+  std::uint64_t drawnNames_ = 0;
+  std::uint64_t drawnFavourites_ = 0;
   int drawnRevision_ = -1;
   int current_ = 0;  // of shown_
   MovingSamples& samples_;

@@ -45,7 +45,6 @@ constexpr int kMostLower = 420;
 constexpr int kLeastUpper = 200;
 constexpr QSize kCardRoom(914, 442);  // that the card of a render needs
 constexpr int kSplitterHandle = 6;
-constexpr std::string_view kLowerValue = "EditorTimelineHeight";
 
 // The keys of the clip in hand; those with Ctrl, Alt or Meta are not among them.
 struct KeyOfClip {
@@ -66,11 +65,11 @@ constexpr std::array<KeyOfClip, 10> kKeysOfClip{{{Qt::Key_I, false, ClipKey::Set
 
 }  // namespace
 
-FrmRush::FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::string pictures)
+FrmRush::FrmRush(const RushState& state, RushActs acts, WindowPlace place, std::string pictures)
     : QWidget(nullptr, Qt::Window),
       state_(state),
       acts_(std::move(acts)),
-      keeping_(std::move(keeping)),
+      place_(std::move(place)),
       pictures_(std::move(pictures)) {
   setAttribute(Qt::WA_StyledBackground);
   tabs_ = made<RushTabs>(state_, acts_, this);
@@ -257,8 +256,8 @@ void FrmRush::setRender(QWidget* card, std::function<bool()> draw) {
 void FrmRush::appear() {
   const QSize whole(themed(kRushSize.width()), themed(kRushSize.height()));
   resize(whole.boundedTo(roomOnScreen()));
-  keeping_.place.restoreWithSize(*this);
-  wantedLower_ = static_cast<int>(ToNumber(keeping_.store.read(kLowerValue)));
+  place_.restoreWithSize(*this);
+  wantedLower_ = state_.frame.timelineHeight;
   shareRoom();
   orderFocus();
   show();
@@ -277,8 +276,8 @@ void FrmRush::orderFocus() {
 }
 
 void FrmRush::keep() const {
-  keeping_.place.keep(*this, pos());
-  if (wantedLower_ > 0) keeping_.store.write(kLowerValue, std::to_string(wantedLower_));
+  place_.keep(*this, pos());
+  if (wantedLower_ > 0) acts_.keepTimelineHeight(wantedLower_);
 }
 
 void FrmRush::draw() {

@@ -1,7 +1,6 @@
 // The editor's window: its frame and the places of its parts. Pages, preview and timeline are given to it.
 #pragma once
 
-#include "ports/user_store.h"
 #include "windows/editor/rush_acts.h"
 #include "windows/place/window_place.h"
 
@@ -30,14 +29,8 @@ class FrmRush final : public QWidget {
   Q_DECLARE_TR_FUNCTIONS(kvo::FrmRush)
 
  public:
-  /// Where it stands, and how high its timeline is, are kept.
-  struct Keeping {
-    WindowPlace place;
-    UserStore& store;
-  };
-
-  /// `pictures` is the folder of the keys' pictures, with its separator.
-  FrmRush(const RushState& state, RushActs acts, Keeping keeping, std::string pictures);
+  /// `place` keeps where it stands; `pictures` is the folder of the keys' pictures, with its separator.
+  FrmRush(const RushState& state, RushActs acts, WindowPlace place, std::string pictures);
   ~FrmRush() override;
 
   // What is given becomes the window's; each is told to draw itself by the window's own draw().
@@ -84,13 +77,13 @@ class FrmRush final : public QWidget {
 
   RushState state_;
   RushActs acts_;
-  Keeping keeping_;
+  WindowPlace place_;
   std::string pictures_;
   RushTabs* tabs_ = nullptr;
   QSplitter* splitter_ = nullptr;
   QWidget* upper_ = nullptr;
   QWidget* lower_ = nullptr;
-  int wantedLower_ = 0;  // height of the timeline, pixels at size 1; 0 while the user has not chosen one
+  int wantedLower_ = 0;  // height of the timeline, as in the state, while it is in the hand
   QStackedWidget* pages_ = nullptr;
   QWidget* middle_ = nullptr;
   QWidget* card_ = nullptr;

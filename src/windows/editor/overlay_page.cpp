@@ -130,8 +130,8 @@ void OverlayPage::makeSound() {
 
 void OverlayPage::draw() {
   const auto& collection = logic_.editing.collection;
-  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection, logic_.editing.editor.missingFiles);
-  overlays_->draw(state_.Lst_PicinPicOverlays, collection, logic_.editing.editor.missingFiles);
+  backdrops_->draw(state_.Lst_PicinPicBackdrop, collection, logic_.editing.editor);
+  overlays_->draw(state_.Lst_PicinPicOverlays, collection, logic_.editing.editor);
   const auto noClip = told(state_.whyNot);
   setWhyNot(*overlays_, noClip);
   const auto position = static_cast<std::size_t>(state_.look.position - 1);

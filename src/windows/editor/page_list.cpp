@@ -67,22 +67,31 @@ void PageList::setFace() {
 }
 
 void PageList::drawRows(std::vector<Row> rows, int ListIndex) {
-  isDrawing_ = true;
-  if (rows_ != rows) {
-    rows_ = std::move(rows);
-    std::vector<CoolListItem> items;
-    items.reserve(rows_.size());
-    for (const auto& row : rows_) {
-      const auto kinds = static_cast<int>(icons_.size());
-      const bool isFaulty = !row.fault.empty();
-      const int icon = isFaulty ? 2 * kinds : kinds == 0 ? -1 : row.icon;
-      const int chosen = isFaulty || kinds == 0 ? icon : row.icon + kinds;
-      items.push_back(
-          {row.text, static_cast<std::int16_t>(icon + 1), static_cast<std::int16_t>(chosen + 1), false});
-    }
-    list().setItems(std::move(items));
+  if (rows_ != rows) setRows(std::move(rows));
+  choose(ListIndex);
+}
+
+void PageList::setRows(std::vector<Row> rows) {
+  rows_ = std::move(rows);
+  std::vector<CoolListItem> items;
+  items.reserve(rows_.size());
+  for (const auto& row : rows_) {
+    const auto kinds = static_cast<int>(icons_.size());
+    const bool isFaulty = !row.fault.empty();
+    const int icon = isFaulty ? 2 * kinds : kinds == 0 ? -1 : row.icon;
+    const int chosen = isFaulty || kinds == 0 ? icon : row.icon + kinds;
+    items.push_back(
+        {row.text, static_cast<std::int16_t>(icon + 1), static_cast<std::int16_t>(chosen + 1), false});
   }
-  if (list().ListIndex() != ListIndex) (void)list().setListIndex(ListIndex);
+  isDrawing_ = true;
+  list().setItems(std::move(items));
+  isDrawing_ = false;
+}
+
+void PageList::choose(int ListIndex) {
+  if (list().ListIndex() == ListIndex) return;
+  isDrawing_ = true;
+  (void)list().setListIndex(ListIndex);
   isDrawing_ = false;
 }
 

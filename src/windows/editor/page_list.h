@@ -30,13 +30,16 @@ class PageList : public CoolListView {
   /// What stands at the right of a row. May be empty.
   std::function<QString(int row)> trailing;
 
-  /// Rows, and which of them is chosen; -1 for none.
+  /// Rows, and which of them is chosen; -1 for none. For a short list, as it compares the rows with those
+  /// that it has: a long one knows by its revision when to set others.
   void drawRows(std::vector<Row> rows, int ListIndex);
 
   /// With what stands at its right, and what is wrong with it.
   [[nodiscard]] QString rowName(int row) const override;
 
  protected:
+  void setRows(std::vector<Row> rows);
+  void choose(int ListIndex);
   void changeEvent(QEvent* event) override;
 
  private:

@@ -150,8 +150,8 @@ void PositionRowPart::draw() {
   FSB_RenderRange_->setMaximum(static_cast<int>(std::lround(total * kBarSteps)));
   if (!FSB_RenderRange_->isSliderDown())
     FSB_RenderRange_->setValue(static_cast<int>(std::lround(range.Value * kBarSteps)));
-  if (cuts_ != state_.cuts || drawnTotal_ != total) {
-    cuts_ = state_.cuts;
+  if (drawnCuts_ != state_.cuts.revision() || drawnTotal_ != total) {
+    drawnCuts_ = state_.cuts.revision();
     drawnTotal_ = total;
     update();
   }
@@ -228,7 +228,7 @@ void PositionRowPart::paintEvent(QPaintEvent* event) {
                      toColour(token("line3")));
   };
   tick(0);
-  for (const double cut : cuts_) {
+  for (const double cut : state_.cuts.rows()) {
     if (cut < drawnTotal_) tick(cut);
   }
 }

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <array>
+#include <cstdint>
 #include <functional>
 
 class QAbstractButton;
@@ -58,7 +59,7 @@ class PositionRowPart final : public QFrame {
   QLabel* Lbl_TotDur_ = nullptr;
   QSlider* FSB_RenderRange_ = nullptr;
   bool isDrawing_ = false;
-  std::vector<double> cuts_;
+  std::uint64_t drawnCuts_ = 0;
   double drawnTotal_ = 0;
   bool showsPause_ = false;
   int below_ = 0;  // pixels that the keys of a narrow row stand lower

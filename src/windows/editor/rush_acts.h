@@ -31,8 +31,9 @@ struct RushActs {
   std::function<void(int steps)> goInHistory;  ///< below 0 undoes, above 0 redoes
   std::function<void(double part)> zoom;       ///< of the timeline, 0 to 1
   std::function<void()> wholeMovie;
-  std::function<void()> preview;        ///< Space: the movie plays, halts, goes on
-  std::function<void()> renderToFile;   ///< Ctrl+Enter: Create Movie
+  std::function<void(int pixels)> keepTimelineHeight;  ///< at size 1, as the user leaves it
+  std::function<void()> preview;                       ///< Space: the movie plays, halts, goes on
+  std::function<void()> renderToFile;                  ///< Ctrl+Enter: Create Movie
   std::function<std::string()> save;    ///< Ctrl+S: into the collection's own file; gives what is said of it
   std::function<std::string()> saveAs;  ///< Ctrl+Shift+S: asks for a name; likewise
   std::function<void()> stop;           ///< Escape while the tools are off: ends what has them off

@@ -75,7 +75,7 @@ void StillsPage::draw() {
   groupOrIndividual_[state_.controls.individually ? 1 : 0]->setChecked(true);
   const auto noStill = told(state_.whyNot);
   for (auto* option : groupOrIndividual_) setWhyNot(*option, noStill);
-  stills_->draw(state_.Lst_Movies, logic_.editing.collection, logic_.editing.editor.missingFiles);
+  stills_->draw(state_.Lst_Movies, logic_.editing.collection, logic_.editing.editor);
   setWhyNot(*stills_, told(state_.listWhyNot));
   duration_->draw(state_.Slider1, tr("Each still shows for"), shown(state_.reading));
   const auto picture = picture_ && state_.shownClip > 0 ? picture_(state_.shownClip) : QImage();

@@ -25,7 +25,6 @@ class TimelineBlocksPainter {
  private:
   [[nodiscard]] bool isInHand(const SeenBlock& seen) const { return seen.block->clip == state_.marks.clip; }
   [[nodiscard]] TimelineBlock asDragged(const TimelineBlock& block) const;
-  [[nodiscard]] double tornEdge(double x) const;
   void drawClip(const SeenBlock& seen);
   void drawTitle(const SeenBlock& seen);
   void drawPictures(const SeenBlock& seen, const QRectF& band);

@@ -6,6 +6,7 @@
 #include "ui/theme.h"
 #include "ui/tool_tips.h"
 #include "windows/editor/clip_list.h"
+#include "windows/editor/find_field.h"
 #include "windows/editor/headed_slider.h"
 #include "windows/editor/particle_part.h"
 #include "windows/editor/refusal.h"
@@ -171,7 +172,7 @@ void TransitionPage::makeChoice() {
             [this, &rules, isCut = key == cut_] { act([&] { rules.chooseCut(isCut); }); });
   }
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its group
-  find_ = put(made<QLineEdit>(this), {320, 10, 78, 28}, {.right = 30, .wider = 70});
+  find_ = put(made<FindField>(this), {320, 10, 78, 28}, {.right = 30, .wider = 70});
   find_->setPlaceholderText(tr("Find"));
   find_->setAccessibleName(tr("Find a transition by its name"));
   find_->setToolTip(find_->accessibleName());
@@ -209,7 +210,7 @@ void TransitionPage::makeChoice() {
 
 void TransitionPage::draw() {
   isDrawing_ = true;
-  Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection, logic_.rules.missingFiles());
+  Lst_TransitionMovies_->draw(state_.Lst_TransitionMovies, logic_.collection, logic_.rules.editor());
   const auto& panel = state_.panel;
   setTextOf(*Fra_FadDur_, told(panel.Fra_FadDur));
   markBad(*Fra_FadDur_, panel.durationIsShort);

@@ -54,12 +54,12 @@ TransitionTiles::TransitionTiles(const TransitionTab& state, MovingSamples& samp
 }
 
 int TransitionTiles::columns() const {
-  return std::max(1, (viewport()->width() - themed(kTilesSide)) / themed(kTilePitch));
+  return std::max(1, (room_ - themed(kTilesSide)) / themed(kTilePitch));
 }
 
 // Of a tile beyond its least width; its picture keeps its shape.
 int TransitionTiles::wider() const {
-  return std::max(0, (viewport()->width() - themed(kTilesSide)) / columns() - themed(kTilePitch));
+  return std::max(0, (room_ - themed(kTilesSide)) / columns() - themed(kTilePitch));
 }
 
 int TransitionTiles::tileHeight() const {
@@ -79,18 +79,21 @@ QRect TransitionTiles::starRect(int index) const {
 }
 
 int TransitionTiles::tileAt(const QPoint& at) const {
-  for (int i = 0; i < static_cast<int>(state_.names.shown.size()); ++i)
+  for (int i = 0; i < static_cast<int>(state_.names.shown.rows().size()); ++i)
     if (tileRect(i).contains(at)) return i;
   return -1;
 }
 
 int TransitionTiles::chosen() const {
-  const auto found = std::find(state_.names.shown.begin(), state_.names.shown.end(), state_.panel.selected);
-  return found == state_.names.shown.end() ? -1 : static_cast<int>(found - state_.names.shown.begin());
+  const auto found =
+      std::find(state_.names.shown.rows().begin(), state_.names.shown.rows().end(), state_.panel.selected);
+  return found == state_.names.shown.rows().end()
+             ? -1
+             : static_cast<int>(found - state_.names.shown.rows().begin());
 }
 
 QString TransitionTiles::rowName(int row) const {
-  const auto& name = state_.names.shown[static_cast<std::size_t>(row)];
+  const auto& name = state_.names.shown.rows()[static_cast<std::size_t>(row)];
   return state_.names.isFavourite(name) ? tr("%1, a favourite").arg(shown(name)) : shown(name);
 }
 
@@ -103,9 +106,18 @@ RowState TransitionTiles::rowState(int row) const {
   return {.selected = row == chosen(), .inSight = !rowPlace(row).isEmpty()};
 }
 
+int TransitionTiles::heightOfAll() const {
+  const int rows = (static_cast<int>(state_.names.shown.rows().size()) + columns() - 1) / columns();
+  return 2 * themed(kTilesTop) + tileHeight() * rows;
+}
+
+// There is a bar where the tiles would not fit without one.
 void TransitionTiles::layOut() {
-  const int rows = (static_cast<int>(state_.names.shown.size()) + columns() - 1) / columns();
-  sheet_->resize(viewport()->width(), 2 * themed(kTilesTop) + tileHeight() * rows);
+  const auto whole = maximumViewportSize();
+  room_ = whole.width();
+  setVerticalScrollBarPolicy(heightOfAll() > whole.height() ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  room_ = viewport()->width();
+  sheet_->resize(room_, std::max(heightOfAll(), state_.names.shown.rows().empty() ? whole.height() : 0));
   verticalScrollBar()->setSingleStep(tileHeight() / 2);
 }
 
@@ -117,19 +129,19 @@ void TransitionTiles::bringChoiceInSight() {
 }
 
 void TransitionTiles::draw() {
-  const bool otherNames = drawnNames_ != state_.names.shown;
+  const bool otherNames = drawnNames_ != state_.names.shown.revision();
   const bool otherChoice = drawnChoice_ != state_.panel.selected;
   const int revision = samples_.revision();
   if (!otherNames && !otherChoice && drawnRevision_ == revision &&
-      drawnFavourites_ == state_.names.favourites)
+      drawnFavourites_ == state_.names.favourites.revision())
     return;
   if (otherNames) {
-    drawnNames_ = state_.names.shown;
+    drawnNames_ = state_.names.shown.revision();
     hover(-1);
     layOut();
   }
   drawnChoice_ = state_.panel.selected;
-  drawnFavourites_ = state_.names.favourites;
+  drawnFavourites_ = state_.names.favourites.revision();
   drawnRevision_ = revision;
   if (otherNames || otherChoice) bringChoiceInSight();
   setAccessibleDescription(shown(state_.panel.selected));
@@ -138,18 +150,18 @@ void TransitionTiles::draw() {
 }
 
 void TransitionTiles::paint(QPainter& painter, const QRect& region) {
-  if (state_.names.shown.empty()) {
+  if (state_.names.shown.rows().empty()) {
     painter.setPen(toColour(token("text3")));
     painter.drawText(sheet_->rect().adjusted(0, themed(40), 0, 0), Qt::AlignHCenter | Qt::AlignTop,
                      tr("No transition of that name"));
   }
-  for (int i = 0; i < static_cast<int>(state_.names.shown.size()); ++i)
+  for (int i = 0; i < static_cast<int>(state_.names.shown.rows().size()); ++i)
     if (tileRect(i).intersects(region)) paintTile(painter, i);
 }
 
 void TransitionTiles::paintTile(QPainter& painter, int index) {
   const Painting kept(painter);
-  const auto& name = state_.names.shown[static_cast<std::size_t>(index)];
+  const auto& name = state_.names.shown.rows()[static_cast<std::size_t>(index)];
   const QRectF tile = tileRect(index);
   const bool isChosen = index == chosen(), isHovered = index == hovered_;
   const double rim = themed(2);
@@ -190,14 +202,14 @@ void TransitionTiles::hover(int index) {
 bool TransitionTiles::pressed(const QPoint& at, Qt::MouseButton button) {
   const int index = tileAt(at);
   if (index < 0 || button != Qt::LeftButton) return false;
-  const auto name = state_.names.shown[static_cast<std::size_t>(index)];
+  const auto name = state_.names.shown.rows()[static_cast<std::size_t>(index)];
   starRect(index).contains(at) ? acts_.toggleFavourite(name) : acts_.pick(name);
   return true;
 }
 
 void TransitionTiles::offerFavourite(int index, const QPoint& global) {
   if (index < 0) return;
-  const auto name = state_.names.shown[static_cast<std::size_t>(index)];
+  const auto name = state_.names.shown.rows()[static_cast<std::size_t>(index)];
   QMenu menu(this);
   menu.addAction(state_.names.isFavourite(name) ? tr("No longer a favourite") : tr("Add to the favourites"),
                  [this, name] { acts_.toggleFavourite(name); });
@@ -208,9 +220,9 @@ void TransitionTiles::showTip(const QPoint& at, const QPoint& global) {
   const int index = tileAt(at);
   if (index < 0) return QToolTip::hideText();
   const bool onStar = starRect(index).contains(at);
-  QToolTip::showText(global,
-                     onStar ? tr("Favourite") : shown(state_.names.shown[static_cast<std::size_t>(index)]),
-                     sheet_, onStar ? starRect(index) : tileRect(index));
+  QToolTip::showText(
+      global, onStar ? tr("Favourite") : shown(state_.names.shown.rows()[static_cast<std::size_t>(index)]),
+      sheet_, onStar ? starRect(index) : tileRect(index));
 }
 
 bool TransitionTiles::eventFilter(QObject* watched, QEvent* event) {
@@ -248,7 +260,7 @@ bool TransitionTiles::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TransitionTiles::keyPressEvent(QKeyEvent* event) {
-  const int all = static_cast<int>(state_.names.shown.size());
+  const int all = static_cast<int>(state_.names.shown.rows().size());
   const int page = std::max(1, viewport()->height() / tileHeight()) * columns();
   motion_.stir();
   switch (event->key()) {

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QScrollArea>
+#include <cstdint>
 #include <functional>
 
 namespace kvo {
@@ -28,7 +29,7 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
 
   void draw();
 
-  [[nodiscard]] int rowCount() const override { return static_cast<int>(state_.names.shown.size()); }
+  [[nodiscard]] int rowCount() const override { return static_cast<int>(state_.names.shown.rows().size()); }
   [[nodiscard]] QString rowName(int row) const override;
   [[nodiscard]] QRect rowPlace(int row) const override;
   [[nodiscard]] RowState rowState(int row) const override;
@@ -52,6 +53,7 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   void showTip(const QPoint& at, const QPoint& global);
   void offerFavourite(int index, const QPoint& global);
   void bringChoiceInSight();
+  [[nodiscard]] int heightOfAll() const;
   [[nodiscard]] int columns() const;
   [[nodiscard]] int wider() const;
   [[nodiscard]] int tileHeight() const;
@@ -64,10 +66,11 @@ class TransitionTiles final : public QScrollArea, public AccessibleRows {
   MovingSamples& samples_;
   Acts acts_;
   QWidget* sheet_;
-  std::vector<std::string> drawnNames_;
+  std::uint64_t drawnNames_ = 0;
   std::string drawnChoice_;
-  std::vector<std::string> drawnFavourites_;
+  std::uint64_t drawnFavourites_ = 0;
   int drawnRevision_ = -1;
+  int room_ = 0;  // in which the tiles are laid out, from side to side
   int hovered_ = -1;
   SampleMotion motion_;
   SamplePixmaps pixmaps_;

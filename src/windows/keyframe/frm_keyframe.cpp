@@ -163,8 +163,8 @@ void FrmKeyframe::makeControls() {
 
 void FrmKeyframe::drawList() {
   std::vector<PageList::Row> rows;
-  for (std::size_t i = 0; i < state_.Lst_Keyframes.rows.size(); ++i)
-    rows.push_back({state_.Lst_Keyframes.rows[i], state_.ignored[i] ? 1 : 0});
+  for (std::size_t i = 0; i < state_.Lst_Keyframes.rows().size(); ++i)
+    rows.push_back({state_.Lst_Keyframes.rows()[i], state_.ignored[i] ? 1 : 0});
   list_->drawRows(std::move(rows), state_.Lst_Keyframes.ListIndex);
 }
 

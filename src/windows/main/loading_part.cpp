@@ -59,7 +59,7 @@ void LoadingPart::draw() {
     hide();
     return shownOrNot_();
   }
-  const auto lines = told(state_.status).split("\r\n");
+  const auto lines = shownLines(told(state_.status));
   what_->write(lines.value(0));
   which_->write(lines.value(1));
   abort_->write(told(state_.abortText));

@@ -160,7 +160,7 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(font);
   painter.setPen(toColour(inkOf(drawn_.tone)));
   QRect line(0, corner.y() + side + kSignTextGap, width(), painter.fontMetrics().height());
-  for (const auto& text : told(drawn_.text).split('\n')) {
+  for (const auto& text : shownLines(told(drawn_.text))) {
     painter.drawText(line, Qt::AlignCenter,
                      painter.fontMetrics().elidedText(text.trimmed(), Qt::ElideRight, width()));
     line.translate(0, line.height());

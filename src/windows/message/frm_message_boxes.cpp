@@ -13,7 +13,7 @@ namespace {
 
 QStringList linesOf(const std::string& text) {
   QStringList lines;
-  for (const auto& line : shown(text).remove('\r').split('\n')) lines << told(line.toStdString());
+  for (const auto& line : shownLines(shown(text))) lines << told(line.toStdString());
   while (lines.size() > 1 && lines.back().isEmpty()) lines.pop_back();
   return lines;
 }

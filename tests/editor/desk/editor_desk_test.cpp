@@ -42,6 +42,10 @@ TEST(EditorDesk, TheWatchTellsTheOpenTab) {
   EXPECT_EQ(b.tick(), "anew2 ") << "and the change is still to be followed";
   b.list.select(2);
   EXPECT_EQ(b.tick(), "anew2 ") << "the main window has moved on";
+  b.list.select(1);
+  b.desk.ShowClipStats();
+  EXPECT_EQ(b.tick(), "anew2 ") << "though a sample that plays has had its details shown";
+  EXPECT_EQ(b.tick(), "") << "once";
   b.desk.watchChanges(false);
   EXPECT_EQ(b.changed(99), "") << "during a preview";
 }

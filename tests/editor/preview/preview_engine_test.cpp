@@ -56,7 +56,7 @@ TEST(Preview, TheMoviePlaysFromTheBarToItsEndAndIsThereAgain) {
   EXPECT_EQ(b.player.documents.back(), b.files.all.at("/prog/KVORender.xtl"));
   EXPECT_TRUE(b.state.PreviewPlaying && b.settings.state.IsPreviewRunning);
   EXPECT_EQ(b.state.FSB_RenderRange.Max, 10);
-  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
+  EXPECT_EQ(b.state.cuts.rows(), (std::vector<double>{4, 10}));
 
   b.shows(52);
   b.loop.advance(300);
@@ -138,7 +138,7 @@ TEST(Preview, KeysAndBarMoveInTheMovie) {
     EXPECT_EQ(b.state.Lbl_TimePos, place) << what;
     if (acts == std::string("load seek:0 seek:1")) {
       EXPECT_EQ(b.settings.state.ObjectChange, 98) << "the change watch has yet to hear of it";
-      EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 10}));
+      EXPECT_EQ(b.state.cuts.rows(), (std::vector<double>{4, 10}));
     }
   }
   EXPECT_TRUE(b.state.paused);
@@ -175,7 +175,7 @@ TEST(Preview, WhatStandsOfTheMovieIsAtThePlayhead) {
   }
   b.collection.MovieList[2].TimeLineStop(Value(9));
   b.preview.takeTimes();
-  EXPECT_EQ(b.state.cuts, (std::vector<double>{4, 9})) << "a clip has been trimmed";
+  EXPECT_EQ(b.state.cuts.rows(), (std::vector<double>{4, 9})) << "a clip has been trimmed";
 }
 
 TEST(Preview, TheMovieIsSeenBehindAnEdit) {
@@ -228,6 +228,29 @@ TEST(Preview, TheMovieIsSeenBehindAnEdit) {
     const auto acts = b.takeActs();
     EXPECT_TRUE(acts.ends_with(expected) && acts.empty() == (*expected == 0)) << what << ": " << acts;
     EXPECT_EQ(b.state.kind, kind) << what;
+  }
+}
+
+// Ten frames a second: that of the second clip's first 0.04 s begins ahead of it.
+TEST(Preview, BehindAnEditTheClipInHandIsSeenWhereItBegins) {
+  PreviewBench b;
+  b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
+  b.collection.MovieList[1].LoopEnd(Value(b.collection.MovieList[1].LoopStart().number() + 4.06));
+  compilePreviewText(b.editing, 5);
+  for (const auto& [number, seconds, seek, told] :
+       Rows<int, double, const char*, const char*>{{2, 2.06, "load seek:21", "The hills 00:02.0600"},
+                                                   {2, 2.16, "load seek:21", "The hills 00:02.1600"},
+                                                   {1, 2.05, "load seek:20", "beach.avi 00:02.0500"}}) {
+    b.collection.icurMov = number;
+    b.host.playhead = seconds;
+    b.host.previewChanged();
+    b.preview.movieEdited();
+    b.loop.advance(300);
+    const auto acts = b.takeActs();
+    EXPECT_TRUE(acts.ends_with(seek)) << told << ": " << acts;
+    b.shows(static_cast<int>(b.player.frame));
+    EXPECT_EQ(b.state.title + " " + b.state.Lbl_TimePos, told);
+    EXPECT_EQ(b.state.Lbl_TotDur, "00:10.0600") << "as long as the movie, not as its frames";
   }
 }
 
@@ -314,8 +337,8 @@ TEST(Preview, AFileThatIsGoneIsToldUntilItIsBack) {
   EXPECT_EQ(b.state.failure, gone);
   EXPECT_EQ(b.log.texts().back(), b.player.why);
   for (const auto& [files, told] :
-       {std::pair(std::set<std::string>{"/v/hills.avi", "/v/beach.avi"}, gone), {{"/v/beach.avi"}, ""}}) {
-    missing = files;
+       {std::pair(std::vector<std::string>{"/v/beach.avi", "/v/hills.avi"}, gone), {{"/v/beach.avi"}, ""}}) {
+    missing.assign(files);
     b.preview.filesCame();
     EXPECT_EQ(b.state.failure, told);
   }

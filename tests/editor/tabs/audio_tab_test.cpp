@@ -30,7 +30,7 @@ struct AudioBench : test::TabBench {
 
 TEST(AudioTab, ShowsAllClipsAndTheSoundOfTheOneInHand) {
   AudioBench b;
-  EXPECT_EQ(lineOf(b.tab.Lst_AudioMovies.rows.size(), b.sound()),
+  EXPECT_EQ(lineOf(b.tab.Lst_AudioMovies.rows().size(), b.sound()),
             "4 Fade In Over - Cut | Fade Out Over - Cut of 50 | Clip Audio Level in Movie - 100%");
   b.clip(4).AudioFadeOutTime(7.5F);
   b.clip(4).AudioOutputLevel(0);

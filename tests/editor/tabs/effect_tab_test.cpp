@@ -20,7 +20,7 @@ constexpr int kBlur = 43, kMotion = 44, kAge = 45, kEase = 46, kColoredPencil = 
 
 TEST(EffectTab, FollowsTheClipInHand) {
   EffectBench b;
-  EXPECT_EQ(b.tab.Lst_Clips.rows.size(), 3U) << "music has no effects";
+  EXPECT_EQ(b.tab.Lst_Clips.rows().size(), 3U) << "music has no effects";
   EXPECT_EQ(b.face(1).caption + "|" + b.face(8).caption + "|" + b.face(9).tip,
             "Mirror|Fade to Black|Right click to configure Angled Strokes options");
   b.clip(2).EffectWord("01");

@@ -47,7 +47,7 @@ TEST(KeyframeWindow, OpensForTheEffectWithItsValues) {
                    w.sliders[2].Value, "|", w.Cmb_ParamColor[3].whyNot, "|", w.whyNoDelete),
             "ColoredPencil | Current Frame = 000000 of 000200 | 30% 10 30 10 | This effect has no texture | "
             "The first keyframe stays");
-  EXPECT_EQ(w.Lst_Keyframes.rows, std::vector<std::string>{"Keyframe No = 0000000"});
+  EXPECT_EQ(w.Lst_Keyframes.rows(), std::vector<std::string>{"Keyframe No = 0000000"});
   EXPECT_EQ(w.colours.at(static_cast<std::size_t>(w.Cmb_ParamColor[0].chosen)), "BLUEVIOLET");
   EXPECT_EQ(w.Cmb_ParamColor[1].chosen, 0) << "a colour that the list does not have";
   EXPECT_EQ(b.settings.state.KeyframeMode, kFlagOn);
@@ -186,7 +186,7 @@ TEST(KeyframeWindow, MarksWhatLiesBeyondTheMarksAndClosesWithItsEffect) {
   b.add(150);
   b.clip(1).LoopEnd(Value(4));
   followKeyframes(b.editing, b.window);
-  EXPECT_EQ(lineOf(b.window.Lst_Keyframes.rows.at(1), b.window.ignored.at(1), b.frames() + "|",
+  EXPECT_EQ(lineOf(b.window.Lst_Keyframes.rows().at(1), b.window.ignored.at(1), b.frames() + "|",
                    b.window.Sld_FramePosMaster.Value),
             "IGNORED - Point after Mark Out - Keyframe No = 0000150 1 0:0 | 100");
   b.collection.MovieList.arrange({2, 3, 1, 4});

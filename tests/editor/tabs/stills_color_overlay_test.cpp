@@ -99,7 +99,8 @@ TEST(ColorTab, EachLevelWritesItsField) {
   b.clip(2).Red(110);
   b.collection.icurMov = 2;
   enterTab(b.editing, tab, b.host);
-  EXPECT_EQ(lineOf(tab.Lst_ColorAdjust.rows.size(), tab.levels[0].Value), "3 110") << "music has no colours";
+  EXPECT_EQ(lineOf(tab.Lst_ColorAdjust.rows().size(), tab.levels[0].Value), "3 110")
+      << "music has no colours";
   for (std::size_t i = 0; i < kColourLevels; ++i)
     moveColourLevel(b.editing, tab, b.host, static_cast<ColourLevel>(i), static_cast<int>(i) + 1);
   tickSepia(b.editing, tab, b.host, true);
@@ -194,7 +195,7 @@ TEST(OverlayTab, LoadsTheBackdropThatIsChosen) {
   b.settings.state.ObjectChange = 99;
   b.collection.MovieList.remove(3);
   followTab(b.editing, b.tab, b.host, true);
-  EXPECT_EQ(lineOf(b.host.look(), b.tab.Lst_PicinPicOverlays.rows.size()),
+  EXPECT_EQ(lineOf(b.host.look(), b.tab.Lst_PicinPicOverlays.rows().size()),
             "kill, sample PictureInPicture 2 2");
 }
 

@@ -3,6 +3,7 @@
 
 #include "editor/tabs/tab_bench.h"
 #include "support/memory_store.h"
+#include "vocabulary/transitions.h"
 
 namespace kvo {
 namespace {
@@ -35,7 +36,7 @@ struct TransitionBench : test::Bench {
 TEST(TransitionTab, TheListHasTheClipsWithAPicture) {
   TransitionBench b;
   std::string names;
-  for (const auto& row : b.tab.Lst_TransitionMovies.rows) names += nameOfRow(row) + " ";
+  for (const auto& row : b.tab.Lst_TransitionMovies.rows()) names += nameOfRow(row) + " ";
   EXPECT_EQ(names, "a.avi b.avi c.mp4 ");
   b.rules.chooseMovie(2);
   EXPECT_EQ(b.tab.Lbl_Tranclips, "song.mp3 -->  c.mp4");
@@ -126,14 +127,15 @@ TEST(TransitionTab, EachControlWritesItsField) {
   const struct {
     const char* before;  // over 1.5 seconds; a cut over none
     std::function<void(TransitionRules&)> act;
-    const char* after;
+    std::string after;
   } rows[] = {
       {"CUT", [](auto& r) { r.pick("Barn"); }, "Barn 20 | = ="},
       {"Fade", [](auto& r) { r.pick("Barn"); }, "Barn 15 | = ="},
       {"Fade", [](auto& r) { r.chooseCut(true); }, "CUT 15 | = ="},
       {"CUT", [](auto& r) { r.chooseCut(false); }, "Dissolve 20 | = ="},
       {"Fade", [](auto& r) { r.pickNext(-1); }, "Dissolve 15 | = ="},
-      {"Fade", [](auto& r) { r.pickNext(99); }, "Filled V Up 15 | = ="},  // past the end
+      {"Fade", [](auto& r) { r.pickNext(99); },
+       std::string(transitionNames().back()) + " 15 | = ="},  // past the end
       {"CUT", [](auto& r) { r.moveDuration(33); }, "CUT 0 | = ="},
       {"Fade", [](auto& r) { r.moveDuration(99); }, "Fade 40 | = ="},
       {"Curtains", [](auto& r) { r.moveDuration(9); }, "Curtains 9 | = ="},  // not on offer, but served
@@ -215,14 +217,14 @@ TEST(TransitionTab, NamesAreFoundAndRemembered) {
   auto& names = b.rules.names();
   using Names = std::vector<std::string>;
   names.find(" CIRCLE1");
-  EXPECT_EQ(b.tab.names.shown, (Names{"Circle1", "Circle16"}));
+  EXPECT_EQ(b.tab.names.shown.rows(), (Names{"Circle1", "Circle16"}));
   b.rules.pickNext(1);
   EXPECT_EQ(b.clip().TransType(), "Circle1");
   names.find("");
-  EXPECT_EQ(b.tab.names.shown.size(), transitionNames().size());
+  EXPECT_EQ(b.tab.names.shown.rows().size(), transitionNames().size());
   for (const auto* name : {"Star5", "Barn"}) names.toggleFavourite(name);
   names.showFavouritesAlone(true);
-  EXPECT_EQ(b.tab.names.shown, (Names{"Barn", "Circle1", "Star5"}));
+  EXPECT_EQ(b.tab.names.shown.rows(), (Names{"Barn", "Circle1", "Star5"}));
   names.toggleFavourite("Star5");
   TransitionTab later;
   TransitionRules again(b.editing, later, b.host, b.store);
