@@ -125,6 +125,14 @@ TEST_F(RushBench, ColumnsAndTimelineTakeTheRoomThatThereIs) {
   }
 }
 
+TEST_F(RushBench, ASizeFromALargerScreenLeavesRoomForAFrame) {
+  desktop.facts = {1366, 768, 24, 1};
+  store.write("EditorPlace", "100,60,1280,764,0,0,1600,1000,\"first\"");
+  open();
+  EXPECT_EQ(window->width(), 1280);
+  EXPECT_LE(window->y() + 36 + window->height(), 768) << window->height();
+}
+
 TEST_F(RushBench, TheTimelineKeepsTheHeightThatTheUserGivesIt) {
   desktop.facts = {2600, 1600, 24, 1};
   frame.timelineHeight = 280;

@@ -130,6 +130,18 @@ TEST_F(FreeZoom, TheNextStartIsWhereTheSkinnedFaceStood) {
   EXPECT_TRUE(store.read("FrmFileOpenPlace").starts_with("300,200,")) << store.read("FrmFileOpenPlace");
 }
 
+TEST_F(FreeZoom, StandsOnTheScreenWithItsFrame) {
+  const ScreenArea whole{0, 0, 900, 700};
+  desktop.all = {{"first", whole, whole, 1}};
+  face().move(800, 600);
+  key(Qt::Key_F11);
+  key(Qt::Key_Escape);
+  ASSERT_TRUE(window.mode.IsMiniMode);
+  const auto frame = face().frameGeometry();
+  ASSERT_NE(frame.size(), face().size()) << "there is none here";
+  EXPECT_TRUE(QRect(0, 0, 900, 700).contains(frame)) << frame.right() << " " << frame.bottom();
+}
+
 TEST_F(FaceMenu, ShortcutsAndEntriesDoTheSame) {
   key(Qt::Key_Delete);
   EXPECT_EQ(names().size(), 2U);

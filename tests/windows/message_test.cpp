@@ -47,6 +47,9 @@ TEST_F(MessageBoxes, AreAnsweredByKeyboardAndPointer) {
   };
   for (const auto& row : rows) {
     whenShown([&](MessageWindow& window) {
+      for (const auto* key : window.findChildren<QPushButton*>())
+        EXPECT_EQ(key->property("kind") == "primary", key == window.focusWidget())
+            << key->text().toStdString();
       for (const auto key : row.keys) QTest::keyClick(window.focusWidget(), key);
       if (row.keys.empty()) window.findChild<QToolButton*>()->click();
     });

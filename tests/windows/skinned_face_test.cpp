@@ -68,6 +68,19 @@ TEST_F(NormalFace, CreateMovieWantsAClip) {
   EXPECT_EQ(moviesWanted, 2);
 }
 
+TEST_F(NormalFace, ThePresentSpeedIsLit) {
+  const auto picture = [&](const QString& key) { return at(key).grab().toImage(); };
+  const auto unlit = picture("Twice the speed");
+  click("Twice the speed");
+  test::movePointer(face(), {1, 1});
+  EXPECT_EQ(at("Twice the speed").accessibleDescription(), "Twice the speed, lit");
+  EXPECT_NE(picture("Twice the speed"), unlit);
+  click("A quarter of the speed");
+  test::movePointer(face(), {1, 1});
+  EXPECT_EQ(at("A quarter of the speed").accessibleDescription(), "A quarter of the speed, lit");
+  EXPECT_EQ(picture("Twice the speed"), unlit);
+}
+
 TEST_F(NormalFace, IsReachedByTabInOrder) {
   history.edit(CommandPass(window), "turn", 1, 0, [](Movie& clip) { clip.Volume(5); });
   EXPECT_EQ(test::tabOrder(at("Menu")),

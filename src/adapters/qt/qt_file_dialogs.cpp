@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QTreeView>
 #include <utility>
 
@@ -41,9 +43,26 @@ std::size_t placeOf(const QString& named, const QStringList& filters) {
   return 0;
 }
 
+// Qt's own dialog takes quotation marks for a list of names, of which a save would use the first.
+class AskingDialog : public QFileDialog {
+  Q_DECLARE_TR_FUNCTIONS(kvo::QtFileDialogs)
+
+ public:
+  using QFileDialog::QFileDialog;
+
+ protected:
+  void accept() override {
+    const auto* typed = findChild<QLineEdit*>("fileNameEdit");
+    if (acceptMode() != AcceptSave || typed == nullptr || !typed->text().contains('"'))
+      return QFileDialog::accept();
+    QMessageBox::warning(this, windowTitle(),
+                         tr("A name cannot have quotation marks (\") in it.\nPlease leave them out."));
+  }
+};
+
 // Files are only chosen here, never renamed or deleted.
 FileChoice ask(const FileQuestion& question, QFileDialog::AcceptMode accept, QFileDialog::FileMode mode) {
-  QFileDialog dialog(QApplication::activeWindow(), told(question.title));
+  AskingDialog dialog(QApplication::activeWindow(), told(question.title));
   dialog.setAcceptMode(accept);
   dialog.setFileMode(mode);
   dialog.setOption(QFileDialog::ReadOnly, accept == QFileDialog::AcceptOpen);

@@ -25,8 +25,6 @@ namespace kvo {
 namespace {
 
 constexpr QSize kRushSize(1280, 764);
-constexpr int kFrameOfDesktop = 4;   // pixels that a desktop may put around a window
-constexpr int kTitleOfDesktop = 32;  // and above it
 constexpr QSize kLeastRush(1024, 640);
 constexpr QSize kSmallestRush(940, 480);  // on the smallest screen: the keys have their size
 constexpr int kRushSide = 16;
@@ -169,9 +167,7 @@ QWidget& FrmRush::focused() const {
   return focusWidget() != nullptr && focusWidget() != this ? *focusWidget() : *static_cast<QWidget*>(tabs_);
 }
 
-QSize FrmRush::roomOnScreen() const {
-  return screen()->availableSize() - QSize(2 * kFrameOfDesktop, kTitleOfDesktop + kFrameOfDesktop);
-}
+QSize FrmRush::roomOnScreen() const { return screen()->availableSize().shrunkBy(kFrameOfDesktop); }
 
 void FrmRush::layOut() {
   // At a large interface its parts are squeezed: what lies beyond the screen cannot be reached at all.

@@ -53,6 +53,12 @@ void KeyLabel::setLit(bool lit) {
   if (lit == lit_) return;
   lit_ = lit;
   describe();
+  if (!bar_.isEmpty()) update();
+}
+
+void KeyLabel::setBar(const QRectF& bar) {
+  bar_ = bar;
+  update();
 }
 
 void KeyLabel::describe() {
@@ -77,6 +83,11 @@ void KeyLabel::paintEvent(QPaintEvent* /*event*/) {
   if (!isEnabled()) return draw(laidOver(picture_, toColour(token("ink1")), kDisabledShade));
   if (isDown()) return draw(laidOver(picture_, Qt::black, kPressedShade));
   if (underMouse()) draw(hover_.isNull() ? laidOver(picture_, Qt::white, kHoverLight) : hover_);
+  if (!lit_ || bar_.isEmpty()) return;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(toColour(token("teal")));
+  painter.drawRoundedRect(bar_, bar_.height() / 2, bar_.height() / 2);
 }
 
 }  // namespace kvo

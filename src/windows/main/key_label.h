@@ -27,6 +27,8 @@ class KeyLabel : public HoverKey {
   /// What of the label is the key itself, which the ring of focus goes about.
   void setShape(const QRect& key, bool isRound);
   void setLit(bool lit);
+  /// A bar that is drawn while the key is lit, for one whose picture does not show it; empty for none.
+  void setBar(const QRectF& bar);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -39,6 +41,7 @@ class KeyLabel : public HoverKey {
   QPixmap picture_;
   QPixmap hover_;
   QRect part_;
+  QRectF bar_;
   bool lit_ = false;
 };
 

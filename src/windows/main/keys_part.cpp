@@ -30,6 +30,8 @@ struct KeyRow {
   const char* keys;                            // of the keyboard that do the same; empty for none
   std::function<void()> KeysPart::Acts::*act;  // null for a key that steps
   std::optional<Step> step{};
+  double rate = 0;  ///< that it sets; its bar is lit while that is the present one
+  QRectF bar{};     ///< at size 1, of the whole picture
 };
 
 constexpr int kWhole = -1;
@@ -90,21 +92,30 @@ const std::array<KeyRow, KeysPart::kLabels> kKeyRows = {{
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "A quarter of the speed"),
      "Q",
-     &KeysPart::Acts::speed025},
+     &KeysPart::Acts::speed025,
+     std::nullopt,
+     0.25,
+     {12.5, 21, 10, 1.8}},
     {KeyPlace::Speeds,
      1,
      {0, 2, 32, 24},
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Half the speed"),
      "H",
-     &KeysPart::Acts::speed05},
+     &KeysPart::Acts::speed05,
+     std::nullopt,
+     0.5,
+     {43, 21, 10, 1.8}},
     {KeyPlace::Speeds,
      2,
      {0, 2, 30, 24},
      false,
      QT_TRANSLATE_NOOP("kvo::KeysPart", "Twice the speed"),
      "D",
-     &KeysPart::Acts::speed02},
+     &KeysPart::Acts::speed02,
+     std::nullopt,
+     2,
+     {73.5, 21, 10, 1.8}},
     {KeyPlace::Size,
      kWhole,
      {2, 2, 34, 24},
@@ -199,14 +210,23 @@ void KeysPart::draw() {
     label.setHoverPicture(
         drawn.hover > 0 ? images_.picture(drawn.hover, scale_.size(), label.devicePixelRatio()) : QPixmap());
     label.setShape(scale_.place(row.key).translated(part.topLeft() - hit.topLeft()), row.isRound);
+    if (row.rate > 0) {
+      const double size = scale_.size();
+      label.setBar({row.bar.x() * size - hit.x(), row.bar.y() * size - hit.y(), row.bar.width() * size,
+                    row.bar.height() * size});
+    }
     const bool acts = row.step ? static_cast<bool>(acts_.steps.release) : static_cast<bool>(acts_.*row.act);
     label.setEnabled(acts && state_.takesMouse(row.place, anyClip_));
-    label.setLit(drawn.lit);
+    label.setLit(drawn.lit || (row.rate > 0 && row.rate == rate_));
   }
   const auto& minimise = state_.at(KeyPlace::Minimise);
   const QRect picture(minimise.left + scale_.at(kCloseBehindMinimise), minimise.top,
                       close_->sizeHint().width(), close_->sizeHint().height());
   close_->setGeometry(hitAbout(picture, scale_.at(kLeastHit)));
+}
+
+void KeysPart::setRate(double rate) {
+  if (std::exchange(rate_, rate) != rate) draw();
 }
 
 void KeysPart::setAnyClip(bool any) {

@@ -39,6 +39,8 @@ class KeysPart {
 
   /// Without a clip only the keys of the window can be pressed.
   void setAnyClip(bool any);
+  /// The rate at which is played, 1 is normal: the key that sets it is lit.
+  void setRate(double rate);
   /// Tips of the keys at the ends of the steps.
   void setStepTips(const TransportTips& tips);
   /// The tip of the key that goes to Free Zoom.
@@ -59,6 +61,7 @@ class KeysPart {
   std::string folder_;
   FaceScale scale_;
   bool anyClip_ = true;
+  double rate_ = 1;
   std::array<KeyLabel*, kLabels> labels_{};
   KVOBut* close_;
 };

@@ -1,5 +1,6 @@
 #include "windows/main/skinned_face.h"
 
+#include "base/numbers.h"
 #include "playback/display/layout.h"
 #include "program/face_parts.h"
 #include "ui/compositing.h"
@@ -258,6 +259,7 @@ void SkinnedFace::drawParts() {
   empty_->setEnabled(state_.face.controlsEnabled);
   loading_->draw();
   keys_->setAnyClip(state_.menu.clipsEnabled);
+  keys_->setRate(ToNumber(state_.display.rate));
   keys_->setStepTips(state_.transport.tips);
   keys_->setMiniTip(plainTip(told(state_.mode.toolbar[HitLabel::Lbl_MiniMode].toolTip)));
 }

@@ -63,6 +63,8 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
   connect(&tick_, &QTimer::timeout, [this] { countDown(); });
   auto* usual = question.isRisky ? card_->keys().back() : card_->keys().front();
   usual->setDefault(true);
+  card_->keys().front()->setProperty("kind", QVariant());
+  usual->setProperty("kind", "primary");
   if (auto* field = card_->field(); field != nullptr) {
     const auto allow = [this] { card_->keys().front()->setEnabled(!typed().trimmed().isEmpty()); };
     connect(field, &QLineEdit::textChanged, allow);

@@ -13,9 +13,19 @@ ScreenArea areaOf(const QPoint& corner, const QWidget& window) {
 
 enum class Size { Stays, IsKept };
 
-void place(QWidget& window, const std::vector<Screen>& screens,
-           const std::optional<RememberedPlace>& remembered, Size size = Size::Stays) {
+// A place is that of the frame's corner, a size that of what is inside: the frame takes its part of the room.
+void place(QWidget& window, std::vector<Screen> screens, const std::optional<RememberedPlace>& remembered,
+           Size size = Size::Stays) {
   if (screens.empty()) return;
+  auto frame = window.frameGeometry().size() - window.size();
+  if (size == Size::IsKept) {
+    frame = frame.expandedTo(
+        {kFrameOfDesktop.left() + kFrameOfDesktop.right(), kFrameOfDesktop.top() + kFrameOfDesktop.bottom()});
+  }
+  for (auto& screen : screens) {
+    screen.available.width -= frame.width();
+    screen.available.height -= frame.height();
+  }
   const auto area = placeWindow(screens, remembered, window.width(), window.height(), size == Size::IsKept);
   if (size == Size::IsKept) window.resize(area.width, area.height);
   window.move(area.left, area.top);

@@ -4,12 +4,16 @@
 #include "ports/desktop.h"
 #include "ports/user_store.h"
 
+#include <QMargins>
 #include <QPoint>
 #include <string>
 
 class QWidget;
 
 namespace kvo {
+
+/// What a desktop may put around a window, pixels.
+inline constexpr QMargins kFrameOfDesktop(4, 32, 4, 4);
 
 class WindowPlace {
  public:
@@ -22,9 +26,9 @@ class WindowPlace {
   /// Moves a window that is about to be shown for the first time to where it was, as far as that is on a
   /// screen now; else to the middle of the first screen.
   void restore(QWidget& window) const;
-  /// The same with the size that it had, as far as the screen has room for it.
+  /// The same with the size that it had, as far as the screen has room for it and a desktop's frame about it.
   void restoreWithSize(QWidget& window) const;
-  /// Moves a window to `corner`, and back onto the screen as far as it lies outside.
+  /// Moves a window to `corner`, and back onto the screen as far as it or its frame lies outside.
   void moveTo(QWidget& window, const QPoint& corner) const;
   /// Keeps that the window stands at `corner`.
   void keep(const QWidget& window, const QPoint& corner) const;
