@@ -110,6 +110,7 @@ bool History::change(const CommandPass& pass, std::string name, Integer changeCo
   const auto thisSeries = series.empty() ? std::string() : std::string(series) + "*";
   if (!thisSeries.empty() && thisSeries == series_) releaseTransitions();
   const bool wasDirty = settings_.state.IsDirty;
+  const auto told = settings_.state.ObjectChange;
   const CollectionShot before(collection_, settings_);
   std::vector<std::string> beside;
   for (const auto& value : beside_) beside.push_back(value.text());
@@ -129,6 +130,7 @@ bool History::change(const CommandPass& pass, std::string name, Integer changeCo
   }
   if (back.changesNoFile() && back.beside.empty()) {
     if (!thisSeries.empty() && thisSeries == series_) holdTransitions();
+    settings_.state.ObjectChange = told;
     return false;
   }
   if (!back.changesNoFile()) settings_.state.ListIsDirty = true;
@@ -202,14 +204,14 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
   inverse.name = stepName("add", collection_, inverse.clips.leave);
   settings_.state.ListIsDirty = true;
   keep(std::move(inverse));
-  holdTransitions();
   return true;
 }
 
 // The clips that are longer or shorter behind a step that `back` takes back, or stand behind one that is.
+// None where clips move: what only passes by on the way to its place would shorten what it passes.
 std::vector<int> History::withOtherNeighbours(const ListStep& back) const {
   const auto& clips = collection_.MovieList;
-  if (!back.movesNothing()) return range(1, clips.count());
+  if (!back.movesNothing()) return {};
   std::set<int> numbers;
   for (const auto& [number, before] : back.clips.values) {
     if (timelineLength(before) == timelineLength(clips[number])) continue;
@@ -251,10 +253,11 @@ void History::holdTransitions() {
 // Ahead of more of a gesture: the hand may make the room again.
 void History::releaseTransitions() {
   if (undo_.empty() || !undo_.back().holds) return;
-  auto step = std::move(undo_.back());
+  for (const auto& [number, before] : undo_.back().clips.values) {
+    collection_.MovieList[number].TransIn(before.TransIn());
+    list_.renew(number);
+  }
   undo_.pop_back();
-  Shown unseen;
-  apply(std::move(step), unseen);
 }
 
 // Numbers of values are those behind what leaves and comes, and ahead of the order.

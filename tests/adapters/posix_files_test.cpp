@@ -65,10 +65,10 @@ TEST_F(PosixFilesTest, AFolderIsCopiedWholeOrNotAtAll) {
                 writeDurably(files_, folder_ / file, file));
     ::chmod((folder_ / file).c_str(), 0444);
   }
-  ASSERT_TRUE(files_.makeFolder(folder_ / "to.new") &&
-              writeDurably(files_, folder_ / "to.new/cut short", ""));
   EXPECT_FALSE(files_.copyFolder(folder_ / "none", folder_ / "to"));
   EXPECT_EQ(folder_.names(), std::vector<std::string>{"from"});
+  const auto half = folder_ / ".to.kvo5-new";
+  ASSERT_TRUE(files_.makeFolder(half) && writeDurably(files_, half + "/cut short", ""));
   EXPECT_TRUE(files_.copyFolder(folder_ / "from", folder_ / "to"));
   EXPECT_EQ(folder_.names(), (std::vector<std::string>{"from", "to"}));
   std::vector<std::string> copied;

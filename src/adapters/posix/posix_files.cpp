@@ -39,6 +39,31 @@ class HeldFile : public FileLock {
   Descriptor file_;  // closing it lets go
 };
 
+// Waits for whoever has it.
+bool holdAlone(const Descriptor& file) {
+  int done = 0;
+  do done = ::flock(file.get(), LOCK_EX);
+  while (done != 0 && errno == EINTR);
+  return done == 0;
+}
+
+// A folder's contents in place of what is in another.
+Outcome fillFolder(const std::string& from, const std::filesystem::path& to) {
+  namespace fs = std::filesystem;
+  for (const auto& old : fs::directory_iterator(to)) fs::remove_all(old);
+  for (const auto& entry :
+       fs::recursive_directory_iterator(from, fs::directory_options::follow_directory_symlink)) {
+    const auto target = to / entry.path().lexically_relative(from);
+    if (entry.is_directory()) {
+      fs::create_directory(target);
+    } else {
+      fs::copy_file(entry.path(), target);
+      fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
+    }
+  }
+  return {};
+}
+
 // The file that a replacement of `path` has to stand in for: the target when `path` is a link.
 std::string targetOf(const std::string& path) {
   std::error_code failed;
@@ -267,39 +292,29 @@ Outcome PosixFiles::removeFolder(const std::string& path) {
 // folder that is being filled is held, and cleared of what one has left that was cut short.
 Outcome PosixFiles::copyFolder(const std::string& from, const std::string& to) {
   namespace fs = std::filesystem;
-  const fs::path scratch = to + ".new";
-  std::error_code failed;
-  fs::create_directory(scratch, failed);
-  const Descriptor held(::open(scratch.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!held.open()) return failure("cannot write", scratch.native());
-  if (::flock(held.get(), LOCK_EX) != 0) return failure("cannot hold", scratch.native());
-  const auto copy = [&]() -> Outcome {
-    if (fs::exists(to)) return {};
-    for (const auto& old : fs::directory_iterator(scratch)) fs::remove_all(old);
-    for (const auto& entry : fs::recursive_directory_iterator(from)) {
-      const auto target = scratch / entry.path().lexically_relative(from);
-      if (entry.is_directory()) {
-        fs::create_directory(target);
-      } else {
-        fs::copy_file(entry.path(), target);
-        fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
-      }
-    }
-    if (::syncfs(held.get()) != 0) return failure("cannot write", to);
-    return rename(scratch.native(), to);
-  };
-  auto done = guarded(copy);
-  fs::remove_all(scratch, failed);
-  return done;
+  const auto scratch = fs::path(to).parent_path() / ("." + fs::path(to).filename().native() + ".kvo5-new");
+  return guarded([&]() -> Outcome {
+    Descriptor held;
+    do {  // until it is the folder of that name: who held it before may have given it its own, or removed it
+      if (fs::exists(to)) return {};
+      fs::create_directory(scratch);
+      held = Descriptor(::open(scratch.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+      if (!held.open() && errno == ENOENT) continue;
+      if (!held.open() || !holdAlone(held)) return failure("cannot write", scratch.native());
+    } while (!sameFile("/proc/self/fd/" + std::to_string(held.get()), scratch.native()));
+    auto done = guarded([&] { return fillFolder(from, scratch); });
+    if (done && ::syncfs(held.get()) != 0) done = failure("cannot write", to);
+    if (done) done = rename(scratch.native(), to);
+    std::error_code ignored;
+    if (!done) fs::remove_all(scratch, ignored);
+    return done;
+  });
 }
 
 Result<std::unique_ptr<FileLock>> PosixFiles::lock(const std::string& path) {
   Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode));
   if (!file.open()) return failure("cannot hold", path);
-  int done = 0;
-  do done = ::flock(file.get(), LOCK_EX);
-  while (done != 0 && errno == EINTR);
-  if (done != 0) return failure("cannot hold", path);
+  if (!holdAlone(file)) return failure("cannot hold", path);
   return std::unique_ptr<FileLock>(std::make_unique<HeldFile>(std::move(file)));
 }
 

@@ -44,7 +44,6 @@ Result<PreviewLabels> CreatePreview(const Editing& e, const StillControls& still
   const int power = e.settings.preferences().PreviewCPU == 0 ? 10 : e.settings.preferences().PreviewCPU;
   const auto path = e.folder.beside("\\KVORender.xtl");
   if (auto done = writeDocument(e.files, path, compilePreviewText(e, power)); !done) return done.error();
-  AnalyseRenderFile(e, path);
   return labelsOf(e.editor);
 }
 

@@ -25,8 +25,8 @@ PreviewLabels labelsOf(const EditorState& editor);
 std::string powerCaption(int power);
 std::string powerToolTip(int power);
 
-/// Compiles the collection at the power of the settings into "\KVORender.xtl" beside the program and fills
-/// ClipStopList from it. Fails, with a box, when there is nothing to show.
+/// Compiles the collection at the power of the settings into "\KVORender.xtl" beside the program;
+/// ClipStopList is filled by it. Fails, with a box, when there is nothing to show.
 Result<PreviewLabels> CreatePreview(const Editing& e, const StillControls& stills);
 
 }  // namespace kvo
