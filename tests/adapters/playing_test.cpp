@@ -59,6 +59,7 @@ TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
     return b.collection.icurMov == 5 && b.mode.player.clip == 5 && b.mode.player.IsPaused;
   })) << b.shown();
   EXPECT_EQ(walk, "12345");
+  EXPECT_TRUE(b.shows(17)) << "the last picture stands, which a busy machine draws a moment behind the end";
   const struct { int clip, first, end; } rows[] = {{1, 10, 20}, {4, 25, 35}, {5, 12, 18}};
   for (const auto& row : rows) {
     const auto& pictures = b.seen[row.clip];
@@ -66,7 +67,6 @@ TEST(Playing, ACollectionGoesFromItsFirstClipToItsLastEachFromMarkToMark) {
     EXPECT_GE(*pictures.begin(), row.first) << row.clip << " from Mark-In";
     EXPECT_EQ(*pictures.rbegin(), row.end - 1) << row.clip << " to Mark-Out";
   }
-  EXPECT_EQ(b.drawn(), 17) << "the last picture stands";
   EXPECT_TRUE(b.boxes.shown.empty());
 }
 
