@@ -137,23 +137,5 @@ TEST_F(MadeMovie, ToldFailedWhenTheEngineIsKilled) {
 }
 
 // The queue stands below the options; the card gives way to the movie.
-TEST_F(MadeMovie, OfTheQueueIsViewedFromTheCard) {
-  const auto queue = [](std::vector<std::string> words) {
-    words.insert(words.begin(), {KVO_PROGRAMS "/kvo5", "--queue"});
-    ASSERT_EQ(test::runProgram(words).exitCode, 0);
-  };
-  queue({"add", work_ / "Holiday.INI", "--output", work_ / "out/movie.mp4"});
-  queue({"run"});
-  opensEditor();
-  ASSERT_TRUE(eventually([] {
-    press("Escape ctrl+Return Tab Tab space");
-    return soon([] { return comesNow("movie.mp4"); });
-  })) << "it plays in the main window";
-  test::runProgram({"xdotool", "search", "--name", "Create New Movie", "windowactivate"});
-  ASSERT_TRUE(comes("Create New Movie from Holiday Collection"));
-  press("ctrl+Return");
-  begins();
-}
-
 }  // namespace
 }  // namespace kvo
