@@ -136,6 +136,5 @@ TEST_F(MadeMovie, ToldFailedWhenTheEngineIsKilled) {
   EXPECT_TRUE(isBeingMade()) << "the window lives";
 }
 
-// The queue stands below the options; the card gives way to the movie.
 }  // namespace
 }  // namespace kvo
