@@ -39,9 +39,10 @@ void addMusic(Compiled& made, const CompileOptions& options) {
 Compiled compileTimes(TimelineClips clips, const KeyframeIndex& keyframes, const CompileOptions& options) {
   const EffectsTable noEffects;
   auto made = beginCompile(std::move(clips), options);
-  made.hasMusic = GetNumAudioTracks(made.clips) >= 1;  // now: a compile remembers music that has gone
   addVideo(made, {noEffects, keyframes, options}, {.Text = LineText::None});
-  if (made.hasMusic) addMusic(made, options);
+  // What is there now: only a compile remembers that there was music once.
+  made.hasMusic = false;
+  if (GetNumAudioTracks(made.clips) >= 1) addMusic(made, options);
   made.parts = {};
   return made;
 }

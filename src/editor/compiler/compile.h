@@ -47,7 +47,8 @@ struct Compiled {
 Compiled compile(const Collection& collection, const CompileOptions& options, const CompileFacts& facts);
 
 /// The places alone, without a text: what compile() would leave of `clips`, all of a collection's with what
-/// their files hold, and where movie and music stop.
+/// their files hold, and where movie and music stop. hasMusic is false: an edit makes no preference of the
+/// music.
 Compiled compileTimes(TimelineClips clips, const KeyframeIndex& keyframes, const CompileOptions& options);
 
 // The passes of a compile, in their order, for an operation that makes one part of a document. Each goes on
