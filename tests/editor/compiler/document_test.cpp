@@ -280,6 +280,11 @@ TEST(Document, IsTheSameWhenItsPartsAreMadeOneByOneAndTimedTheSameWithoutIt) {
     };
     EXPECT_EQ(told(parts), told(whole));
     EXPECT_EQ(told(times), told(whole));
+    EXPECT_FALSE(times.settings.preferences().DubInPlaylistAudioTrks) << "what only a compile remembers";
+    EXPECT_TRUE(whole.settings.preferences().DubInPlaylistAudioTrks);
+    whole.collection.MovieList.removeIf([](const Movie& clip) { return clip.MovieName() == "m.mp3"; });
+    timeMovie(whole.editing);
+    EXPECT_EQ(whole.editor.AudioTotalTime, "") << "the music has gone, whatever was compiled";
     for (auto* b : {&whole, &parts}) {
       const auto& still = b->collection.MovieList[2];
       EXPECT_EQ(lineOf(still.TransIn(), still.TimeLineStart().text()), isRender ? "30 17" : "80 17");
