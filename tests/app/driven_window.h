@@ -16,12 +16,14 @@
 
 namespace kvo::test {
 
-// A screen of the test's own, with a window manager.
+// A screen of the test's own, with a window manager. A window that came ahead of the manager would never be
+// in front, so that the manager is waited for.
 class Screen {
  public:
   Screen() {
     ::setenv("DISPLAY", (":" + server_.firstLine()).c_str(), 1);
     manager_.emplace(std::vector<std::string>{"openbox"});
+    EXPECT_TRUE(eventually([] { return runProgram({"xdotool", "get_num_desktops"}).exitCode == 0; }));
   }
 
  private:
