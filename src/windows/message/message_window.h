@@ -10,6 +10,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QTimer>
+#include <functional>
 #include <vector>
 
 namespace kvo {
@@ -21,6 +22,7 @@ struct MessageQuestion {
       Answer::Ok};       ///< of each key; the first is the default, the last the harmless one
   double seconds = 0;    ///< until the first answers by itself; 0 waits for ever
   bool isRisky = false;  ///< the default is the last
+  std::function<bool()> stands{};  ///< once it says no, the last answers; empty for always
 };
 
 class MessageWindow : public QDialog {
@@ -40,6 +42,7 @@ class MessageWindow : public QDialog {
 
  private:
   void answer(std::size_t key);
+  void look();
   void countDown();
 
   std::vector<Answer> answers_;
@@ -47,6 +50,7 @@ class MessageWindow : public QDialog {
   QString copied_;
   MessageCard* card_;
   double seconds_;
+  std::function<bool()> stands_;
   QElapsedTimer since_;
   QTimer tick_;
 };
