@@ -306,6 +306,10 @@ void FrmRush::draw() {
   drawRender();
   takeTools();
   if (!isVisible()) appear();
+  if (std::exchange(raises_, state_.frame.raises) == state_.frame.raises) return;
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
 }
 
 void FrmRush::drawRender() {
