@@ -24,7 +24,8 @@ struct Box {
   /// seconds; 0 waits for the user.
   double seconds = 0;
   bool isRisky = false;  ///< Enter presses the last button, the harmless one, and not the first
-  /// Whether what is asked still is: once it says no, the box goes with its harmless answer. Empty for always.
+  /// Whether what is asked still is: once it says no, the box goes with its harmless answer. Empty for
+  /// always.
   std::function<bool()> stands{};
 };
 

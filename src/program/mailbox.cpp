@@ -17,7 +17,8 @@ namespace {
 
 constexpr int kMailboxInterval = 200;  // milliseconds
 
-// The first of the music that a list of pictures ends with; 0 where it has none, or sounds among the pictures.
+// The first of the music that a list of pictures ends with; 0 where it has none, or sounds among the
+// pictures.
 int closingMusic(const Collection& collection) {
   const auto& clips = collection.MovieList;
   int first = clips.count() + 1;

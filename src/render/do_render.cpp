@@ -146,8 +146,8 @@ void MovieRender::hearEngine() {
   const auto& progress = driver_.state().progress;
   heard_ = ports_.engine.loop.now();
   state_.movieSeconds = partStart_ + progress.movie.done;
-  // The countdown is first told after five seconds, and then begins; by that time a short movie is done. Where
-  // there is one it alone tells the time left: the two are reckoned from different things.
+  // The countdown is first told after five seconds, and then begins; by that time a short movie is done.
+  // Where there is one it alone tells the time left: the two are reckoned from different things.
   const auto left = timeLeft_.after(progress);
   const bool isCounted = !state_.countdown.empty() || state_.RenderSeconds >= kShort;
   state_.progress = madeText(progress, isCounted ? std::nullopt : left);

@@ -100,7 +100,7 @@ std::string whyNoStep(const EditorFrame& frame, const EditorHistory& history, in
 /// The window itself.
 struct EditorFrame {
   bool visible = false;
-  int raises = 0;  ///< how often it was asked for while it was there: it comes to the front
+  int raises = 0;                 ///< how often it was asked for while it was there: it comes to the front
   std::string caption;            ///< composed
   int CurrentTab = 1;             ///< 1 to 7
   bool toolsOn = true;            ///< false while the movie is previewed: tabs, pages and tools only show

@@ -180,8 +180,8 @@ void PositionRowPart::resizeEvent(QResizeEvent* event) {
   layOut();
 }
 
-// In a narrow row the keys go below digits and numbers first, then the captions go, at last the numbers go below
-// the digits.
+// In a narrow row the keys go below digits and numbers first, then the captions go, at last the numbers go
+// below the digits.
 void PositionRowPart::layOut() {
   if (FSB_RenderRange_ == nullptr) return;
   const int left = themed(kRowInset);

@@ -19,9 +19,9 @@ namespace kvo {
 struct MessageQuestion {
   MessageFace face;
   std::vector<Answer> answers{
-      Answer::Ok};       ///< of each key; the first is the default, the last the harmless one
-  double seconds = 0;    ///< until the first answers by itself; 0 waits for ever
-  bool isRisky = false;  ///< the default is the last
+      Answer::Ok};                 ///< of each key; the first is the default, the last the harmless one
+  double seconds = 0;              ///< until the first answers by itself; 0 waits for ever
+  bool isRisky = false;            ///< the default is the last
   std::function<bool()> stands{};  ///< once it says no, the last answers; empty for always
 };
 
