@@ -97,7 +97,7 @@ void StartUp::checkScreen() {
   if (screen.monitors >= 2 && parts_.store.read(kMonitorsTold).empty()) {
     parts_.store.write(kMonitorsTold, "True");
     tell("This release of KVO does not yet support Multi-Monitor output (KVO6 will).",
-         std::string(kProductName) + " - Multiple Monitors not supported.");
+         std::string(kProductName).append(" - Multiple Monitors not supported."));
   }
 }
 
