@@ -100,7 +100,6 @@ std::string whyNoStep(const EditorFrame& frame, const EditorHistory& history, in
 /// The window itself.
 struct EditorFrame {
   bool visible = false;
-  int raises = 0;                 ///< how often it was asked for while it was there: it comes to the front
   std::string caption;            ///< composed
   int CurrentTab = 1;             ///< 1 to 7
   bool toolsOn = true;            ///< false while the movie is previewed: tabs, pages and tools only show
@@ -108,6 +107,7 @@ struct EditorFrame {
   int timelineHeight = 0;         ///< pixels at size 1; 0 while the user has not chosen one
   std::string toolsOffBecause{};  ///< composed; empty while they are on
   std::string saveOffBecause{};   ///< composed: there is nothing to save; empty where there is
+  int raises = 0;                 ///< how often it was asked for while it was there: it comes to the front
 
   /// Why the project cannot be saved now; empty where it can.
   /// The open page takes what is done to it.
