@@ -204,20 +204,34 @@ bool History::add(const CommandPass& pass, const std::function<void()>& addition
   inverse.name = stepName("add", collection_, inverse.clips.leave);
   settings_.state.ListIsDirty = true;
   keep(std::move(inverse));
+  holdTransitions();
   return true;
 }
 
-// The clips that are longer or shorter behind a step that `back` takes back, or stand behind one that is.
-// None where clips move: what only passes by on the way to its place would shorten what it passes.
+// The clips that are longer or shorter behind a step that `back` takes back, or stand behind one that is, or
+// behind another clip than before.
 std::vector<int> History::withOtherNeighbours(const ListStep& back) const {
   const auto& clips = collection_.MovieList;
-  if (!back.movesNothing()) return {};
   std::set<int> numbers;
+  const auto take = [&](int number) {
+    if (has(number)) numbers.insert(number);
+  };
   for (const auto& [number, before] : back.clips.values) {
-    if (timelineLength(before) == timelineLength(clips[number])) continue;
-    numbers.insert(number);
-    if (has(number + 1)) numbers.insert(number + 1);
+    if (!back.movesNothing() || timelineLength(before) == timelineLength(clips[number])) continue;
+    take(number);
+    take(number + 1);
   }
+  int ahead = 0;
+  for (const int number : back.order) {
+    if (number != ahead + 1) take(number);
+    ahead = number;
+  }
+  for (const int number : back.clips.leave) {
+    take(number);
+    take(number + 1);
+  }
+  int left = 0;
+  for (const int number : back.clips.coming()) take(number - left++);
   return {numbers.begin(), numbers.end()};
 }
 

@@ -252,11 +252,24 @@ TEST(History, ATransitionThatIsLeftNoRoomIsHeldByTheSameStep) {
   const auto shorter = b.text();
   b.listCommands.rename("x");
   EXPECT_EQ(b.clip(3).TransIn(), 75) << "no clip has another length";
-  b.list.select(1);
-  b.listCommands.moveTo(4);
-  EXPECT_EQ(transitions(), "20 75 0 0 0 0 ") << "a clip that is moved may only pass by";
-  b.history.undo(2);
+  b.history.undo();
   EXPECT_EQ(b.text(), shorter);
+  b.clip(3).TransIn(60);
+  b.clip(5).LoopEnd(Value(1));
+  const auto ahead = b.text();
+  const std::tuple<const char*, std::function<void()>, const char*> moves[] = {
+      {"a short clip comes ahead of it", [&] { b.listCommands.choose({5}, 5), b.listCommands.moveTo(3); },
+       "0 20 0 10 0 0 "},
+      {"it goes behind a short one", [&] { b.listCommands.choose({3}, 3), b.listCommands.moveTo(2); },
+       "0 20 20 0 0 0 "},
+      {"the clip between leaves", [&] { b.listCommands.choose({2}, 2), b.listCommands.Removeit(2); },
+       "0 20 0 0 0 "}};
+  for (const auto& [what, act, expected] : moves) {
+    act();
+    EXPECT_EQ(transitions(), expected) << what;
+    b.history.undo();
+    EXPECT_EQ(b.text(), ahead) << what;
+  }
 }
 
 TEST(History, AStepBackKeepsWhatHasBeenLearntOfFiles) {
