@@ -40,7 +40,8 @@ EditorLinks::EditorLinks(const Parts& parts, std::unique_ptr<SoundOutput> sound)
       files_(
           parts.loop, parts.session.editing.files, [this] { return filesOfClips(); },
           [this](const auto& files) { missed(files); }),
-      standing_(states_.preview, parts.session.streams, parts.loop, [this] { parts_.draw(); }) {
+      standing_(states_.preview, parts.session.streams, parts.session.files, parts.loop,
+                [this] { parts_.draw(); }) {
   parts.commands.whenCopied([this] { showSlider(); });
   parts.play.positions().core.doors.UpdateKeyFramesIfWeHaveTo = [this] { UpdateKeyFramesIfWeHaveTo(); };
   for (auto& value : valuesBeside(parts.session.editing, states_.overlay))

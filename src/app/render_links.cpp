@@ -127,7 +127,9 @@ void RenderLinks::RenderPinP() {
 void RenderLinks::abort() {
   if (!state_.isRunning || state_.RenderAborted || isAsking_) return;
   isAsking_ = true;
-  const auto answer = parts_.session.boxes.show(abortQuestion());
+  auto question = abortQuestion();
+  question.stands = [this] { return render_.canAbort(); };
+  const auto answer = parts_.session.boxes.show(question);
   isAsking_ = false;
   if (answer == Answer::Yes) render_.AbortRender();
 }

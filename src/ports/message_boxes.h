@@ -2,6 +2,7 @@
 // gives the default answer.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,6 +24,9 @@ struct Box {
   /// seconds; 0 waits for the user.
   double seconds = 0;
   bool isRisky = false;  ///< Enter presses the last button, the harmless one, and not the first
+  /// Whether what is asked still is: once it says no, the box goes with its harmless answer. Empty for
+  /// always.
+  std::function<bool()> stands{};
 };
 
 /// The button that Enter presses: Ok or Yes.

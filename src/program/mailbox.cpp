@@ -17,6 +17,17 @@ namespace {
 
 constexpr int kMailboxInterval = 200;  // milliseconds
 
+// The first of the music that a list of pictures ends with; 0 where it has none, or sounds among the
+// pictures.
+int closingMusic(const Collection& collection) {
+  const auto& clips = collection.MovieList;
+  int first = clips.count() + 1;
+  while (first > 1 && isSoundByName(clips[first - 1].MovieName())) --first;
+  for (int number = 1; number < first; ++number)
+    if (isSoundByName(clips[number].MovieName())) return 0;
+  return first > 1 && first <= clips.count() ? first : 0;
+}
+
 }  // namespace
 
 Mailbox::Mailbox(const ProgramParts& parts, Intro& intro)
@@ -118,11 +129,15 @@ void Mailbox::tellEmpty(const std::vector<std::string>& names, const std::vector
   }
 }
 
-bool Mailbox::take(const StartCommand& command, const Place& place, const AddManner& manner) {
+bool Mailbox::take(const StartCommand& command, Place place, const AddManner& manner) {
   if (!command.collection.empty() && !parts_.commands.openNamed(command.collection)) return false;
   const CommandPass pass(parts_.window);
   if (!pass || command.clips.empty()) return false;
   intro_.leave();
+  if (place.before == 0) {
+    place.before = closingMusic(parts_.collection);
+    place.isMovie |= place.before > 0;
+  }
   if (guard_) guard_->player.beforeAdding();
   bool added = false;
   const auto add = [&](const std::vector<std::string>& some, int before) {

@@ -11,12 +11,25 @@ namespace {
 constexpr std::array<std::string_view, 6> kWorkFiles = {"\\KVOSamp.xtl", "\\KVORender.xtl", "\\KVORender.bat",
                                                         "\\Rendone.txt", "\\KVOProps.bat",  "\\KVOovl.bmp"};
 
+constexpr int kTryAgain = 100;  // milliseconds
+
 }  // namespace
+
+ShutDown::ShutDown(const ProgramParts& parts, Mailbox& mailbox)
+    : parts_(parts), mailbox_(mailbox), again_(parts.loop.timer([this] { tryAgain(); })) {}
+
+// The work that was stopped for it has a while to come to its end, and may have something to tell.
+void ShutDown::tryAgain() {
+  if (parts_.window.busy()) return;
+  again_->stop();
+  exit();
+}
 
 bool ShutDown::exit() {
   if (ended_) return true;
   const CommandPass pass(parts_.window);
   if (!pass) {
+    if (!parts_.window.progress.abortText.empty()) again_->start(kTryAgain);
     parts_.window.progress.abort();
     if (busy_) busy_();
     return false;

@@ -7,10 +7,11 @@ namespace kvo {
 
 class ShutDown {
  public:
-  ShutDown(const ProgramParts& parts, Mailbox& mailbox) : parts_(parts), mailbox_(mailbox) {}
+  ShutDown(const ProgramParts& parts, Mailbox& mailbox);
 
   /// Ends the program's work and asks about unsaved changes. False on Cancel, and while another command is
-  /// under way, which is asked to stop where it can, and where it may not leave: the program goes on.
+  /// under way, and where it may not leave: the program goes on. A command that can be stopped is, and the
+  /// program ends behind it.
   bool exit();
 
   /// Hears that the end was asked for while other work runs. May be empty.
@@ -20,11 +21,14 @@ class ShutDown {
   void whenLeaving(std::function<bool()> mayLeave) { mayLeave_ = std::move(mayLeave); }
 
  private:
+  void tryAgain();
+
   ProgramParts parts_;
   Mailbox& mailbox_;
   std::function<void()> busy_;
   std::function<bool()> mayLeave_;
   bool ended_ = false;
+  std::unique_ptr<Timer> again_;
 };
 
 /// Takes away what compiles and renders leave beside the program.

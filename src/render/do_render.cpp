@@ -146,10 +146,12 @@ void MovieRender::hearEngine() {
   const auto& progress = driver_.state().progress;
   heard_ = ports_.engine.loop.now();
   state_.movieSeconds = partStart_ + progress.movie.done;
-  state_.progress = leftText(progress, timeLeft_.after(progress));
   // The countdown is first told after five seconds, and then begins; by that time a short movie is done.
-  if (state_.frame == RenderFrame::Rendering && state_.countdown.empty() && state_.RenderSeconds < kShort)
-    state_.pie.percent = shareDone(progress) * 100;
+  // Where there is one it alone tells the time left: the two are reckoned from different things.
+  const auto left = timeLeft_.after(progress);
+  const bool isCounted = !state_.countdown.empty() || state_.RenderSeconds >= kShort;
+  state_.progress = madeText(progress, isCounted ? std::nullopt : left);
+  if (state_.frame == RenderFrame::Rendering && !isCounted) state_.pie.percent = shareDone(progress) * 100;
   tellWork();
   ports_.host.renderChanged();
 }
@@ -158,10 +160,18 @@ void MovieRender::hearEngine() {
 void MovieRender::askAboutSilence() {
   if (state_.RenderAborted || ports_.engine.loop.now() - heard_ < patience_) return;
   const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(patience_).count();
-  const auto answer = ports_.editing.boxes.show(silenceQuestion(static_cast<int>(minutes)));
+  auto question = silenceQuestion(static_cast<int>(minutes));
+  question.stands = [this, since = heard_] { return canAbort() && heard_ == since; };
+  const auto answer = ports_.editing.boxes.show(question);
   if (answer == Answer::Yes && !driver_.state().ended()) AbortRender();
   heard_ = ports_.engine.loop.now();
   patience_ *= 2;
+}
+
+bool MovieRender::canAbort() const {
+  if (!state_.isRunning || state_.RenderAborted) return false;
+  const auto& engine = driver_.state();
+  return !engine.ended() || (state_.frame == RenderFrame::Estimate && engine.phase == EnginePhase::Done);
 }
 
 void MovieRender::AbortRender() {

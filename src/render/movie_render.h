@@ -87,6 +87,9 @@ class MovieRender {
 
   /// KVOBut_AbortRender: ends what runs; the movie is not made, and what had its name stays.
   void AbortRender();
+  /// Whether there is anything left to abort. It is not behind the engine's end, though the flow comes to
+  /// hear of that only when a box above it has been answered.
+  [[nodiscard]] bool canAbort() const;
 
   /// To be called when the program starts: what a killed render has left beside its movie goes.
   void sweep();

@@ -46,14 +46,13 @@ std::optional<double> SteadyTimeLeft::after(const RenderProgress& progress) {
   return left;
 }
 
-std::string leftText(const RenderProgress& progress, std::optional<double> secondsLeft) {
-  std::string text;
-  if (secondsLeft) text = translated("%1 left", {clockText(*secondsLeft)});
+std::string madeText(const RenderProgress& progress, std::optional<double> secondsLeft) {
+  auto text = translated("%1 %", {std::to_string(static_cast<int>(shareDone(progress) * 100))});
+  if (secondsLeft) text += ", " + translated("%1 left", {clockText(*secondsLeft)});
   if (const auto inAll = bytesInAll(progress)) {
     const auto& bytes = progress.movie.bytes;
-    text += (text.empty() ? "" : ", ") +
-            (bytes > 0 ? translated("%1 of about %2", {bytesText(bytes), bytesText(*inAll)})
-                       : translated("about %1", {bytesText(*inAll)}));
+    text += ", " + (bytes > 0 ? translated("%1 of about %2", {bytesText(bytes), bytesText(*inAll)})
+                              : translated("about %1", {bytesText(*inAll)}));
   }
   return text;
 }

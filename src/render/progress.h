@@ -40,8 +40,8 @@ class SteadyTimeLeft {
   std::optional<double> shown_;
 };
 
-/// "0:12 left, 17.4 MB of about 40.1 MB"; what is not known yet is left out.
-std::string leftText(const RenderProgress& progress, std::optional<double> secondsLeft);
+/// "43 %, 0:12 left, 17.4 MB of about 40.1 MB"; what is not known is left out.
+std::string madeText(const RenderProgress& progress, std::optional<double> secondsLeft);
 
 /// " 43%  2.10 x real time  0:12 left"
 std::string progressText(const RenderProgress& progress);

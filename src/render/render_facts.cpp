@@ -221,11 +221,12 @@ void MovieRender::tellWork() {
     const double took = std::chrono::duration<double>(ports_.engine.loop.now() - begun_).count();
     facts = {{"Now", clipAt(state_.movieSeconds)},
              {"Elapsed", translated("%1 s", {FormatMask(std::floor(took), "0")})},
-             {"Left", state_.progress},
+             {"Made", state_.progress},
              {"Speed", speed ? translated("%1 x real time", {FormatMask(*speed, "0.00")}) : ""},
-             {"Result", state_.sizeLabel},
              {"Output", made},
              {"Profile", formOf(job)}};
+    // What the first part let expect holds until the movie itself tells a size.
+    if (!bytesInAll(progress)) facts.insert(facts.end() - 2, {"Result", state_.sizeLabel});
   } else if (state_.frame == RenderFrame::Report) {
     facts = {{"Movie", made}, {"Length", secondsOf(job.length)}, {"Profile", formOf(job)}};
   }

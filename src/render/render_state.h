@@ -90,7 +90,7 @@ struct RenderState {
   std::string countdown;                 ///< "About 00.01.30(s) Remaining"
   std::string sizeLabel;                 ///< estimated, at the end the file's own
   std::string completed;                 ///< how long it took
-  std::string progress;                  ///< time left and size so far, by what the engine tells
+  std::string progress;                  ///< share, time left and size so far, by what the engine tells
   std::vector<RenderFact> facts;
   std::vector<FilmCut> film;
   double filmLength = 0;                            ///< seconds

@@ -139,6 +139,20 @@ TEST(Transport, ThePictureAloneGoesOnWithTheCollection) {
   EXPECT_FALSE(b.mode.pictureAlone) << "a page has a window of its own";
 }
 
+TEST(Transport, PlaysAllFromTheFirst) {
+  MixedBench b;
+  b.transport.playAll();
+  b.loop.advance(300);
+  EXPECT_EQ(b.shown(), "1 playing");
+  b.transport.PreviewMovie(3);
+  b.transport.Lbl_PauseGraphic_Click();
+  b.transport.playAll();
+  EXPECT_EQ(b.shown(), "1 playing") << "whatever is in hand";
+  TransportBench empty;
+  empty.transport.playAll();
+  EXPECT_EQ(empty.shown(), "0");
+}
+
 TEST(Transport, TheKeyGoesOnFromAStillThatDoesNotGoOnByItself) {
   MixedBench b;
   const auto press = [&](int clip) {

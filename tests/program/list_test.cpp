@@ -99,6 +99,26 @@ TEST(History, TakesBackWhateverIsDoneToTheList) {
   EXPECT_EQ(b.initials(), "aBcdeon") << "a dialog has an order";
 }
 
+TEST(History, PutsNewPicturesAheadOfClosingMusic) {
+  const struct {
+    std::vector<std::string> list;
+    std::string all;
+  } rows[] = {{{"a.avi", "b.jpg", "x.mp3", "y.wav"}, "abnoxym"},
+              {{"x.mp3", "y.wav"}, "xynmo"},
+              {{"x.mp3", "a.avi", "y.wav"}, "xaynmo"},
+              {{"a.avi"}, "anmo"}};
+  for (const auto& row : rows) {
+    ProgramBench b;
+    b.start(row.list);
+    b.makeEven();
+    for (const auto* name : {"/v/n.avi", "/v/m.mp3", "/v/o.avi"}) b.files.all[name] = "x";
+    b.mailbox.takeFiles({"/v/n.avi", "/v/m.mp3", "/v/o.avi"});
+    EXPECT_EQ(b.initials(), row.all);
+    b.history.undo();
+    EXPECT_EQ(b.initials().size(), row.list.size());
+  }
+}
+
 TEST(History, OnlyWhatIsInTheFileIsClean) {
   ListBench b;
   const auto save = [&](bool works) {

@@ -237,6 +237,28 @@ TEST(StartUp, ExitAsksAboutChangesAndCancelGoesBack) {
   }
 }
 
+TEST(StartUp, EndsBehindTheWorkThatWasStoppedForIt) {
+  for (const auto answer : {Answer::No, Answer::Cancel}) {
+    ProgramBench b;
+    b.start({"a.avi"});
+    b.files.put({"/v/n.avi", "/v/o.avi", "/v/p.avi"});
+    b.boxes.answers = {answer};
+    b.loop.onYield = [&] {
+      if (b.window.progress.done == 2) {
+        EXPECT_FALSE(b.shutDown.exit());
+      }
+      b.loop.advance(300);
+    };
+    b.mailbox.takeFiles({"/v/n.avi", "/v/o.avi", "/v/p.avi"});
+    b.loop.onYield = [] {};
+    EXPECT_EQ(b.collection.MovieList.count(), 2);
+    EXPECT_TRUE(b.boxes.shown.empty());
+    b.loop.advance(1000);
+    EXPECT_EQ(b.boxes.shown.size(), 1U) << "what is not saved is asked about, once";
+    EXPECT_EQ(b.window.face.visible, answer == Answer::Cancel);
+  }
+}
+
 TEST(GatheredBoxes, ManyRefusalsAreToldTogetherAndQuestionsAtOnce) {
   test::ScriptedBoxes boxes;
   GatheredBoxes gathered(boxes);

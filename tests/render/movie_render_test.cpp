@@ -348,7 +348,7 @@ TEST(MovieRender, BeginsEachPartWithoutAPicture) {
     EXPECT_EQ(b.state.picture, nullptr);
     if (b.engine.calls.size() == 1) {
       EXPECT_EQ(b.state.pie, RenderPie{});
-      EXPECT_TRUE(test::holds(factsOf(b.state), "|Elapsed=0 s|Left=|Speed=|")) << factsOf(b.state);
+      EXPECT_TRUE(test::holds(factsOf(b.state), "|Elapsed=0 s|Made=|Speed=|")) << factsOf(b.state);
     } else if (b.state.pie.percent > 0 && b.state.pie.percent < 100) {
       EXPECT_EQ(workView(b.state).pieOf, "of the movie") << "it is done ahead of the countdown";
       moved = true;

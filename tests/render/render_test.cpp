@@ -86,10 +86,12 @@ TEST(RenderProgress, TimeLeftNeverJumpsUpInTheSecondHalf) {
     last = now;
   }
   EXPECT_NEAR(last, 300 * 0.1 / 0.9, 1) << "and comes to what is true";
-  EXPECT_EQ(leftText({{5, 20, 1'000'000, 4}, 2}, 6.0), "0:06 left, 1.0 MB of about 5.0 MB");
-  EXPECT_EQ(leftText({{0, 20}, 2}, std::nullopt), "");
-  EXPECT_EQ(leftText({.movie = {5, 20}, .most = 12e6}, 6.0), "0:06 left, about 12.0 MB") << "a first pass";
-  EXPECT_EQ(leftText({.movie = {15, 20, 8e6, 10}, .most = 12e6}, 6.0), "0:06 left, 8.0 MB of about 12.0 MB");
+  EXPECT_EQ(madeText({{5, 20, 1'000'000, 4}, 2}, 6.0), "25 %, 0:06 left, 1.0 MB of about 5.0 MB");
+  EXPECT_EQ(madeText({{0, 20}, 2}, std::nullopt), "0 %");
+  EXPECT_EQ(madeText({.movie = {5, 20}, .most = 12e6}, 6.0), "25 %, 0:06 left, about 12.0 MB")
+      << "a first pass";
+  EXPECT_EQ(madeText({.movie = {15, 20, 8e6, 10}, .most = 12e6}, std::nullopt),
+            "75 %, 8.0 MB of about 12.0 MB");
 }
 
 TEST(RenderProgress, TellsShareSpeedAndTimeLeft) {

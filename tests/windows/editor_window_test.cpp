@@ -153,6 +153,13 @@ TEST_F(RushBench, TheTimelineKeepsTheHeightThatTheUserGivesIt) {
   EXPECT_EQ(splitter->sizes().back(), low);
   window->hide();
   EXPECT_EQ(told.look(), "height250 ");
+  frame.timelineHeight = 300;
+  window->draw();  // appears anew
+  for (const int height : {732, 700}) {
+    window->resize(1280, height);
+    QApplication::processEvents();
+    EXPECT_EQ(splitter->sizes().back(), 300) << "though the columns scroll";
+  }
 }
 
 TEST_F(RushBench, TheCardOfARenderHasTheRoomThatItNeeds) {

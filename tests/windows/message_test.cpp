@@ -156,5 +156,15 @@ TEST_F(MessageBoxes, AnswerThemselvesInTime) {
   EXPECT_TRUE(told.contains("Yes in 1 s")) << told.toStdString();
 }
 
+TEST_F(MessageBoxes, GoByThemselvesWhenNothingIsLeftToAsk) {
+  for (const auto buttons : {BoxButtons::YesNo, BoxButtons::OkCancel}) {
+    int looks = 0;
+    Box box{"Caption", "Text", buttons};
+    box.stands = [&] { return ++looks < 3; };
+    EXPECT_EQ(boxes.show(box), buttons == BoxButtons::YesNo ? Answer::No : Answer::Cancel);
+    EXPECT_EQ(looks, 3) << "it stays while the question stands";
+  }
+}
+
 }  // namespace
 }  // namespace kvo

@@ -79,8 +79,12 @@ TEST(PositionRow, KeysAndBarSayWhatTheUserDoes) {
   state.PreviewPlaying = true;
   row.draw();
   EXPECT_EQ(keys[2]->accessibleName(), "Pause");
-  for (const int narrow : {460, 274, 206}) {
+  const std::pair<int, int> rows[] = {{460, 4}, {344, 4}, {274, 2}, {206, 4}};
+  for (const auto& [narrow, labels] : rows) {
     row.resize(narrow, row.height());
+    const auto all = row.findChildren<QLabel*>();
+    EXPECT_EQ(std::ranges::count_if(all, [](const auto* label) { return label->isVisible(); }), labels)
+        << narrow;
     QRegion taken(row.findChild<DigitDisplay*>()->geometry());
     for (const auto* key : keys) {
       EXPECT_TRUE(row.rect().contains(key->geometry())) << narrow;

@@ -91,7 +91,7 @@ TEST_F(NormalFace, IsReachedByTabInOrder) {
             "One frame back, One frame forward, "
             "Right-Click to position to end or Click or Hold Down to advance 5 frames, "
             "A quarter of the speed, Half the speed, Twice the speed, Size of the picture, "
-            "Free Zoom Mode, Minimise, Close, ")
+            "Play all, Free Zoom Mode, Minimise, Close, ")
       << "what cannot be done is left out";
 }
 

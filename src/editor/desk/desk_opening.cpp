@@ -24,9 +24,10 @@ constexpr Integer kOpened = 99;
 
 void EditorDesk::Form_Load() {
   const CommandPass pass(parts_.window);
+  auto& state = parts_.state;
+  if (isOpen()) ++state.frame.raises;
   if (!pass || isOpen()) return;
   const auto& e = parts_.editing;
-  auto& state = parts_.state;
   state.frame.visible = true;
   state.frame.CurrentTab = 1;
   opening_ = true;

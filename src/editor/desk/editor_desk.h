@@ -47,7 +47,7 @@ class EditorDesk : public PreviewHost {
   // The window
 
   /// Opens it on the collection. What the files of the clips hold is looked up first, in the background.
-  /// Nothing while another command runs, or when it is open.
+  /// Nothing while another command runs. When it is open it comes to the front.
   void Form_Load();
   /// Closes it. What the user has set stays in the records.
   void Form_QueryUnload();

@@ -2,14 +2,16 @@
 
 #include "core/records/media_kinds.h"
 #include "editor/preview/position_texts.h"
+#include "editor/tabs/clip_checks.h"
 
 #include <utility>
 
 namespace kvo {
 
-StandingPicture::StandingPicture(PreviewState& state, MediaContents& streams, EventLoop& loop,
-                                 std::function<void()> draw)
+StandingPicture::StandingPicture(PreviewState& state, MediaContents& streams, const Files& files,
+                                 EventLoop& loop, std::function<void()> draw)
     : state_(state),
+      files_(files),
       draw_(std::move(draw)),
       frames_(
           loop,
@@ -65,8 +67,10 @@ void StandingPicture::settle(const Collection& collection, bool keyframesOpen, d
 // The picture before it stands until it is there.
 void StandingPicture::standIn(const Movie& clip, double seconds) {
   Wish wish{clipFile(clip), clip.IsStill() ? 0 : seconds, form_};
-  state_.title = titleOf(clip);
-  if (standIn_ == wish) return;
+  const bool isSame = standIn_ == wish;
+  if (!isSame) failure_.clear();
+  state_.title = failure_.empty() ? titleOf(clip) : isGone_ ? missingText(titleOf(clip)) : failure_;
+  if (isSame) return;
   standIn_ = wish;
   const bool isSeen = !isSoundByName(clip.MovieName());
   if (!isSeen) state_.picture.reset();
@@ -79,6 +83,8 @@ void StandingPicture::arrived(const Wish& wish, const Result<FramePicture>& pict
     state_.picture = std::make_shared<const Bitmap>(Bitmap{picture->width, picture->height, picture->bgr});
   } else if (!frame_) {
     state_.picture.reset();
+    failure_ = picture.error().text;
+    isGone_ = !files_.exists(wish.file);
   }
   draw_();
 }

@@ -5,6 +5,7 @@
 #include "core/records/collection.h"
 #include "editor/compiler/sample_documents.h"
 #include "editor/preview/preview_state.h"
+#include "ports/files.h"
 #include "ports/last_wish.h"
 #include "ports/media_contents.h"
 
@@ -18,7 +19,8 @@ namespace kvo {
 class StandingPicture {
  public:
   /// All of it outlives the object. `draw` hears of another picture.
-  StandingPicture(PreviewState& state, MediaContents& streams, EventLoop& loop, std::function<void()> draw);
+  StandingPicture(PreviewState& state, MediaContents& streams, const Files& files, EventLoop& loop,
+                  std::function<void()> draw);
 
   /// What a file has at `seconds`, while a mark is dragged there; then what was shown before.
   void showMark(const std::string& file, double seconds);
@@ -51,10 +53,13 @@ class StandingPicture {
   void arrived(const Wish& wish, const Result<FramePicture>& picture);
 
   PreviewState& state_;
+  const Files& files_;
   std::function<void()> draw_;
   std::optional<Owner> frame_;            // whose frame is shown
   std::shared_ptr<const Bitmap> before_;  // what it stands in the place of
   std::optional<Wish> standIn_;           // what stands in the place of a preview, or will
+  std::string failure_;                   // why there is no picture of standIn_; empty for none
+  bool isGone_ = false;                   // its file
   int inHand_ = 0;                        // the clip
   SampleForm form_;
   LastWish<Wish, Result<FramePicture>> frames_;

@@ -107,6 +107,7 @@ struct EditorFrame {
   int timelineHeight = 0;         ///< pixels at size 1; 0 while the user has not chosen one
   std::string toolsOffBecause{};  ///< composed; empty while they are on
   std::string saveOffBecause{};   ///< composed: there is nothing to save; empty where there is
+  int raises = 0;                 ///< how often it was asked for while it was there: it comes to the front
 
   /// Why the project cannot be saved now; empty where it can.
   /// The open page takes what is done to it.

@@ -145,11 +145,21 @@ bool Transport::leaveStill(const Movie& clip) {
   const int count = core_.collection.MovieList.count();
   if (!clip.IsStill() || timed || count < 2) return false;
   const int number = core_.icurMov();
+  playFrom(number < count ? number + 1 : 1);
+  return true;
+}
+
+void Transport::playFrom(int number) {
   core_.mode.player.IsPaused = false;
-  core_.host.select(number < count ? number + 1 : 1);
+  core_.host.select(number);
   core_.state.command = SequencerCommand::Curr;
   sequencer_.carryOutNow();
-  return true;
+}
+
+void Transport::playAll() {
+  if (core_.clip() == nullptr) return;
+  core_.state.stopRequested = false;
+  playFrom(1);
 }
 
 bool Transport::playBackwards(const Movie& clip) {

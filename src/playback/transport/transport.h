@@ -47,6 +47,8 @@ class Transport : public TransportCommands {
   /// backwards, frame by frame and from the first on at the last, until anything else plays, stops or seeks.
   /// A still that nothing follows by itself gives way to the next clip.
   void playPressed(const PlayPress& press);
+  /// The first clip plays, and what follows it, whatever was in hand or paused.
+  void playAll();
   /// A click on the picture.
   void pictureClicked(PictureButton button);
 
@@ -59,6 +61,7 @@ class Transport : public TransportCommands {
   bool loadClip(int number);
   bool follow(int number);
   bool leaveStill(const Movie& clip);
+  void playFrom(int number);
   void letGo();
   void load(int number, const Movie& clip);
   void showStill();

@@ -180,8 +180,8 @@ void FrmRush::layOut() {
   shareRoom();
 }
 
-// The columns grow with a large window, and the timeline, which keeps the height that the user has given it
-// as long as they have theirs.
+// The columns grow with a large window, and the timeline as long as they have their height. What the user has
+// given it it keeps, as far as their least: they scroll then.
 void FrmRush::shareRoom() {
   const double wide = width() / themeSize() - kRushSize.width();
   const auto share = [&](double part, int most) {
@@ -202,7 +202,8 @@ void FrmRush::shareRoom() {
   upper_->layout()->setContentsMargins(themed(kRushSide), edge, themed(kRushSide - kRushGap), edge);
   const int tall = std::max(0, static_cast<int>(height() / themeSize()) - kRushSize.height());
   const int usual = kLowerHeight + static_cast<int>(tall * kLowerShare);
-  const int most = std::max(room - themed(kColumnHeight) - 2 * edge, themed(kLeastLower));
+  const int columns = wantedLower_ > 0 ? themed(kLeastUpper) : themed(kColumnHeight) + 2 * edge;
+  const int most = std::max(room - columns, themed(kLeastLower));
   const int low = std::clamp(themed(wantedLower_ > 0 ? wantedLower_ : usual), themed(kLeastLower),
                              std::min(most, themed(kMostLower)));
   splitter_->setSizes({room - low, low});
@@ -306,6 +307,10 @@ void FrmRush::draw() {
   drawRender();
   takeTools();
   if (!isVisible()) appear();
+  if (std::exchange(raises_, state_.frame.raises) == state_.frame.raises) return;
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
 }
 
 void FrmRush::drawRender() {

@@ -89,6 +89,7 @@ class FrmRush final : public QWidget {
   QWidget* card_ = nullptr;
   std::array<QWidget*, 3> veils_{};  // over what stands back
   bool hadTools_ = true;
+  int raises_ = 0;
   QPointer<QWidget> lastFocus_;  // that the keyboard was with when the tools went off
   QVBoxLayout* below_ = nullptr;
   QScrollArea* right_ = nullptr;

@@ -180,8 +180,8 @@ void PositionRowPart::resizeEvent(QResizeEvent* event) {
   layOut();
 }
 
-// In a narrow row the captions go first, then the keys go below digits and numbers, at last the numbers below
-// the digits.
+// In a narrow row the keys go below digits and numbers first, then the captions go, at last the numbers go
+// below the digits.
 void PositionRowPart::layOut() {
   if (FSB_RenderRange_ == nullptr) return;
   const int left = themed(kRowInset);
@@ -191,7 +191,7 @@ void PositionRowPart::layOut() {
   const int numbers = right - themed(kNumbersWidth);
   const int from = left + themed(kDigitsWidth) + themed(kRowKeyGap);
   const bool isThin = from > numbers;
-  const bool isNamed = (isThin ? left : from + wide) + themed(kCaptionsWidth) <= numbers;
+  const bool isNamed = (isThin ? left : from) + themed(kCaptionsWidth) <= numbers;
   const int captions = isNamed ? numbers - themed(kCaptionsWidth) : numbers;
   const bool isStacked = isThin || from + wide > captions;
   const int down = isThin ? themed(kSecondRow) : 0;

@@ -184,7 +184,7 @@ void TransitionTiles::paintTile(QPainter& painter, int index) {
   painter.setPen(toColour(!isEnabled() ? token("textOff") : isChosen ? token("text1") : token("text2")));
   const auto line = placed(kTileName, taller, 0);
   painter.drawText(line, Qt::AlignCenter,
-                   QFontMetricsF(font).elidedText(shown(name), Qt::ElideRight, line.width()));
+                   QFontMetricsF(font).elidedText(shown(name), Qt::ElideMiddle, line.width()));
   if (isHovered || state_.names.isFavourite(name)) {
     const auto star = starRect(index);
     painter.drawPixmap(star.center() - QPoint(themed(kStarSide), themed(kStarSide)) / 2,

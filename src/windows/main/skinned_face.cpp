@@ -80,6 +80,11 @@ KeysPart::Acts SkinnedFace::keyActs(WindowActs& acts) {
           .speed05 = speed("0.50"),
           .speed02 = speed("2.0"),
           .size = [this, &acts] { acts.openZoomMenu(mapToGlobal(keys_->sizeFoot()), *this); },
+          .playAll =
+              [this] {
+                logic_.transport.playAll();
+                acted_();
+              },
           .mini =
               [this] {
                 logic_.display.Lbl_MiniMode_Click();

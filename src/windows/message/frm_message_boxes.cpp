@@ -86,6 +86,7 @@ MessageQuestion madeOf(MessageQuestion question, const Box& box) {
   for (const auto answer : question.answers) question.face.keys << keyText(answer, box);
   question.seconds = box.seconds;
   question.isRisky = box.isRisky;
+  question.stands = box.stands;
   return question;
 }
 

@@ -45,7 +45,8 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
       given_(question.answers.back()),
       copied_(question.face.caption + "\n\n" + question.face.lines.join('\n')),
       card_(made<MessageCard>(question.face, this)),
-      seconds_(question.seconds) {
+      seconds_(question.seconds),
+      stands_(question.stands) {
   setAttribute(Qt::WA_TranslucentBackground);
   setWindowTitle(question.face.caption);
   setAccessibleName(question.face.caption);
@@ -60,7 +61,7 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
     connect(card_->keys()[i], &QAbstractButton::clicked, [this, i] { answer(i); });
   }
   connect(card_->closeKey(), &QAbstractButton::clicked, [this] { reject(); });
-  connect(&tick_, &QTimer::timeout, [this] { countDown(); });
+  connect(&tick_, &QTimer::timeout, [this] { look(); });
   auto* usual = question.isRisky ? card_->keys().back() : card_->keys().front();
   usual->setDefault(true);
   card_->keys().front()->setProperty("kind", QVariant());
@@ -76,10 +77,10 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
 }
 
 StyledAnswer MessageWindow::ask() {
-  if (seconds_ > 0) {
+  if (seconds_ > 0 || stands_) {
     since_.start();
     tick_.start(kTick);
-    countDown();
+    look();
   }
   exec();
   tick_.stop();
@@ -96,6 +97,11 @@ void MessageWindow::answer(std::size_t key) {
 }
 
 void MessageWindow::reject() { answer(answers_.size() - 1); }
+
+void MessageWindow::look() {
+  if (stands_ && !stands_()) return reject();
+  if (seconds_ > 0) countDown();
+}
 
 void MessageWindow::countDown() {
   const double left = seconds_ - static_cast<double>(since_.elapsed()) / 1000;

@@ -10,6 +10,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QTimer>
+#include <functional>
 #include <vector>
 
 namespace kvo {
@@ -18,9 +19,10 @@ namespace kvo {
 struct MessageQuestion {
   MessageFace face;
   std::vector<Answer> answers{
-      Answer::Ok};       ///< of each key; the first is the default, the last the harmless one
-  double seconds = 0;    ///< until the first answers by itself; 0 waits for ever
-  bool isRisky = false;  ///< the default is the last
+      Answer::Ok};                 ///< of each key; the first is the default, the last the harmless one
+  double seconds = 0;              ///< until the first answers by itself; 0 waits for ever
+  bool isRisky = false;            ///< the default is the last
+  std::function<bool()> stands{};  ///< once it says no, the last answers; empty for always
 };
 
 class MessageWindow : public QDialog {
@@ -40,6 +42,7 @@ class MessageWindow : public QDialog {
 
  private:
   void answer(std::size_t key);
+  void look();
   void countDown();
 
   std::vector<Answer> answers_;
@@ -47,6 +50,7 @@ class MessageWindow : public QDialog {
   QString copied_;
   MessageCard* card_;
   double seconds_;
+  std::function<bool()> stands_;
   QElapsedTimer since_;
   QTimer tick_;
 };

@@ -37,7 +37,7 @@ struct StandingBench : test::Bench {
   bool keyframesOpen = false;
   SampleForm form{64, 48};
   double past = 0;  // seconds behind Mark-In
-  StandingPicture standing{state, streams, loop, [] {}};
+  StandingPicture standing{state, streams, files, loop, [] {}};
 };
 
 TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
@@ -67,6 +67,22 @@ TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
     }
   }
   EXPECT_EQ(b.state.picture->width, 96);
+}
+
+TEST(StandingPicture, SaysWhyThereIsNone) {
+  for (const bool isGone : {true, false}) {
+    StandingBench b;
+    b.collection.icurMov = 2;
+    b.streams.all.erase("/v/hills.avi");
+    isGone ? b.files.all.erase("/v/hills.avi") : (b.files.all["/v/hills.avi"] = "", 0);
+    b.shown();
+    EXPECT_EQ(b.shown(), -1);
+    EXPECT_EQ(b.state.title,
+              isGone ? "hills.avi has been moved or no longer exists" : "cannot open /v/hills.avi");
+    b.collection.icurMov = 1;
+    EXPECT_EQ(b.shown(), 3);
+    EXPECT_EQ(b.state.title, "beach.avi");
+  }
 }
 
 using FrameAct = void (*)(StandingBench&);
