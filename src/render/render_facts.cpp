@@ -202,6 +202,8 @@ void MovieRender::tellPair() {
                   {"Output file size", translated("about %1", {roomText(bytes / kBytesOfMb)})},
                   {"Free disk", roomText(ports_.freeMegabytes(withSeparator(folder) + "movie"))}};
   state_.film = {{pair_.backdropNo, 0, length}};
+  state_.pair.reset();
+  if (look) state_.pair = RenderPair{pair_.backdropNo, overlay, look->position, look->maxOpacity};
 }
 
 // While it is made, and behind that.

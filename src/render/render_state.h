@@ -60,6 +60,15 @@ struct MadeForRow {
 inline constexpr int kLeastMegabytes = 1;
 inline constexpr int kMostMegabytes = 4000;
 
+/// The two clips that become one.
+struct RenderPair {
+  int backdrop = 0;  ///< clip numbers
+  int overlay = 0;
+  int position = 0;   ///< of the overlay, 1 to 15
+  int opacity = 100;  ///< of the overlay at the most, per cent
+  bool operator==(const RenderPair&) const = default;
+};
+
 struct RenderState {
   RenderFrame frame = RenderFrame::None;
   bool isRunning = false;  ///< behind the question for a name; KVOBut_AbortRender is enabled meanwhile
@@ -94,6 +103,7 @@ struct RenderState {
   std::vector<RenderFact> facts;
   std::vector<FilmCut> film;
   double filmLength = 0;                            ///< seconds
+  std::optional<RenderPair> pair;                   ///< of a picture-in-picture
   std::optional<std::pair<double, double>> sample;  ///< the part that is rendered first, seconds
   double movieSeconds = 0;  ///< where in the movie the engine is; the picture being made stands there
   std::shared_ptr<const std::string> document;  ///< the timeline of what is made; null for none

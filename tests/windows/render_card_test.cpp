@@ -1,6 +1,7 @@
 // The card of a render, in each of its frames and at two sizes of the interface.
 #include "windows/render/render_card.h"
 
+#include "editor/compiler/picture_in_picture.h"
 #include "render/output_profiles.h"
 #include "ui/widget_bench.h"
 #include "windows/editor/editor_page.h"
@@ -16,6 +17,8 @@ namespace {
 using test::named;
 
 struct CardBench {
+  static constexpr int kOverlay = 9;  // a clip that looks otherwise
+
   RenderState state;
   QueueState queue;
   test::Told told;
@@ -34,13 +37,15 @@ struct CardBench {
     state.filmLength = 40;
     QImage still(160, 90, QImage::Format_RGB32);
     still.fill(toColour(token("violet")));
+    QImage overlay(still.size(), QImage::Format_RGB32);
+    overlay.fill(toColour(token("amber")));
     card = std::make_unique<RenderCard>(
         state, queue,
         RenderActs{number("kind"), number("profile"), number("own"), number("for"), number("mb"),
                    number("device"), act("write"), act("queue"),
                    QueueActs{number("job"), act("pause"), act("remove"), number("move"), act("folder")},
                    act("pair"), act("abort"), act("view"), act("leave")},
-        [still](int /*clip*/) { return still; }, nullptr);
+        [still, overlay](int clip) { return clip == kOverlay ? overlay : still; }, nullptr);
     card->resize(themed(968), themed(441));  // in a window of 1280 x 720
     card->show();
   }
@@ -143,7 +148,7 @@ TEST_F(RenderCards, TakesTheRoomOfALargeWindow) {
                                     {RenderFrame::Options, "Profile"},
                                     {RenderFrame::Options, "The clip in hand"},
                                     {RenderFrame::Rendering, "The picture being made"},
-                                    {RenderFrame::PicInPic, "The backdrop"}}) {
+                                    {RenderFrame::PicInPic, "The new clip"}}) {
     card->resize(themed(976), themed(448));
     go(frame);
     const auto* part = named(*card, name);
@@ -152,6 +157,25 @@ TEST_F(RenderCards, TakesTheRoomOfALargeWindow) {
     QApplication::processEvents();
     EXPECT_GT(part->width() * part->height(), 2 * small.width() * small.height()) << name;
     EXPECT_TRUE(part->isVisible()) << name;
+  }
+}
+
+TEST_F(RenderCards, ShowsBothClipsThatBecomeOne) {
+  for (const auto& [position, left, right] :
+       {std::tuple(1, token("amber"), token("violet")), {2, token("violet"), token("amber")}}) {
+    const auto box = overlayBox(position, 160, 90);
+    ASSERT_EQ(box.offsetX > 0, position == 2);
+    state.pair = RenderPair{1, kOverlay, position};
+    go(RenderFrame::PicInPic);
+    auto* pane = named(*card, "The new clip");
+    const auto seen = pane->grab().toImage();
+    const double high = seen.width() * 90.0 / 160;
+    const auto at = [&](double x, double y) {
+      return seen.pixelColor(qRound(seen.width() * x), qRound((seen.height() - high) / 2 + high * y)).name();
+    };
+    const double middle = (box.offsetY + box.height / 2) / 90;
+    EXPECT_EQ(at(0.05, middle), toColour(left).name()) << position;
+    EXPECT_EQ(at(0.95, middle), toColour(right).name()) << position;
   }
 }
 

@@ -1,11 +1,13 @@
 #include "windows/render/pair_page.h"
 
+#include "editor/compiler/picture_in_picture.h"
 #include "ui/made.h"
 #include "ui/theme.h"
 #include "windows/render/fact_rows.h"
 #include "windows/render/picture_pane.h"
 
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
 namespace kvo {
@@ -22,7 +24,7 @@ PairPage::PairPage(const RenderState& state, const RenderActs& acts, PictureOfCl
     : EditorPage(parent, kPlace, "plain"),
       state_(state),
       picture_(std::move(picture)),
-      pane_(put(made<PicturePane>(tr("The backdrop"), this), {48, 56, 288, 216}, {0, 0, 55, 100})),
+      pane_(put(made<PicturePane>(tr("The new clip"), this), {48, 56, 288, 216}, {0, 0, 55, 100})),
       facts_(put(made<FactRows>(kPairFacts, this), {kPairLeft, 108, 430, 216}, kPairGrows)),
       KVOBut_RenderNewPicInPic_(
           put(made<QPushButton>(tr("Render New Clip"), this), {kPairLeft, 334, 170, 34}, kPairKeys)),
@@ -44,7 +46,27 @@ PairPage::PairPage(const RenderState& state, const RenderActs& acts, PictureOfCl
 
 void PairPage::draw() {
   facts_->draw(state_.facts);
-  pane_->draw(picture_(state_.film.empty() ? 0 : state_.film.front().clip));
+  pane_->draw(both());
+}
+
+// The backdrop with the overlay where it will stand, as strong as it gets.
+QImage PairPage::both() {
+  if (!state_.pair) return {};
+  const auto& pair = *state_.pair;
+  const auto below = picture_(pair.backdrop);
+  const auto above = picture_(pair.overlay);
+  if (below.isNull() || above.isNull()) return below;
+  const std::pair made(below.cacheKey(), above.cacheKey());
+  if (made == madeOf_ && madeAs_ == state_.pair) return both_;
+  madeOf_ = made;
+  madeAs_ = pair;
+  both_ = below.convertToFormat(QImage::Format_RGB32);
+  const auto box = overlayBox(pair.position, both_.width(), both_.height());
+  QPainter painter(&both_);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setOpacity(pair.opacity / 100.0);
+  painter.drawImage(QRectF(box.offsetX, box.offsetY, box.width, box.height), above);
+  return both_;
 }
 
 }  // namespace kvo
