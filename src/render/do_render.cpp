@@ -113,6 +113,11 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
       .ok();
   endEngine();
   state_.pie = {100, kPieGreen};
+  if (const auto& engine = driver_.state(); engine.phase != EnginePhase::Done) {
+    state_.reached = shareDone(engine.progress) * 100;
+    state_.progress = madeText(engine.progress, std::nullopt);
+    tellWork();
+  }
   ports_.host.renderChanged();
   return true;
 }

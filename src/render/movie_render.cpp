@@ -192,6 +192,7 @@ bool MovieRender::makeMovie(Job& job) {
   state_.sizeLabel.clear();
   state_.completed.clear();
   state_.countdown.clear();
+  state_.reached.reset();
   show(RenderFrame::Estimate);
   const double known = ports_.editing.settings.state.TimeLineVideoTotTime;
   if (job.query.hasVideo && known > 0 && !job.isPicInPic) job.query.videoTotal = known;

@@ -26,6 +26,7 @@ enum class RenderFrame {
 inline constexpr int kPieBlue = 0xFF0000;
 inline constexpr int kPieGreen = 65280;
 inline constexpr int kPieYellow = 65535;
+inline constexpr int kPieRed = 255;
 
 struct RenderPie {
   double percent = 0;  ///< 0 to 100
@@ -110,8 +111,9 @@ struct RenderState {
   std::shared_ptr<const FramePicture> picture;  ///< of about that place; null until there is one
   bool canView = false;                         ///< of the report: the movie is not in the collection yet
   RenderPie pie;
-  double RenderSeconds = 0;     ///< that the render is going to take
-  double RemainingSeconds = 0;  ///< of the countdown
+  std::optional<double> reached;  ///< percent that were made, where the engine has ended ahead of the end
+  double RenderSeconds = 0;       ///< that the render is going to take
+  double RemainingSeconds = 0;    ///< of the countdown
   int RenderHours = 0;
   int RenderMinutes = 0;
   int RenderSecs = 0;

@@ -23,7 +23,8 @@ WorkView workView(const RenderState& state) {
   view.showsFilm = !view.isDone && !state.film.empty();
   view.canAbort = !view.isDone && state.isRunning && !state.RenderAborted;
   view.canView = view.isDone && state.canView;
-  const bool ofTheMovie = state.countdown.empty() && state.pie.percent > 0;
+  view.pie = state.reached ? RenderPie{*state.reached, kPieRed} : state.pie;
+  const bool ofTheMovie = state.reached || (state.countdown.empty() && state.pie.percent > 0);
   view.pieOf = translated(state.frame == RenderFrame::Estimate ? "of the sample"
                           : ofTheMovie                         ? "of the movie"
                                                                : "of the countdown");
@@ -38,9 +39,10 @@ WorkView workView(const RenderState& state) {
           "It is rendered first, and tells how long the whole will take and how much disk it needs.");
       return view;
     default:
-      view.headline = !state.countdown.empty() ? state.countdown
-                      : ofTheMovie             ? translated("The movie is being made")
-                                               : translated("The engine begins");
+      view.headline = state.reached              ? translated("The engine has ended")
+                      : !state.countdown.empty() ? state.countdown
+                      : ofTheMovie               ? translated("The movie is being made")
+                                                 : translated("The engine begins");
       view.below = state.summary;
       return view;
   }

@@ -11,6 +11,7 @@ namespace kvo {
 struct WorkView {
   std::string headline;
   std::string below;
+  RenderPie pie;
   std::string pieOf;       ///< what the pie is a part of
   bool isDone = false;     ///< the report: how it ended, in place of what goes on
   bool showsFilm = false;  ///< the movie's clips, and the picture being made

@@ -6,6 +6,7 @@
 #include "support/golden.h"
 #include "support/render_bench.h"
 
+#include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -259,7 +260,10 @@ TEST(MovieRender, EndsAsItShould) {
         pies += pie;
     };
     std::string behind = "  behind the boxes";
-    b.boxes.whileShown = [&] { behind += " " + b.state.heading + "|" + b.state.caption; };
+    b.boxes.whileShown = [&] {
+      behind += " " + b.state.heading + "|" + b.state.caption;
+      if (b.state.reached) behind += "|" + ShortText(std::round(*b.state.reached)) + " % made";
+    };
     b.render.WriteRenderMovie();
     all += std::string("== ") + row.what + ", after " + std::to_string(b.loop.now().count()) + " ms\n" +
            endOf(b) + behind + "\n" + pies + "\n";

@@ -1,3 +1,4 @@
+#include "base/numbers.h"
 #include "render/batch_file.h"
 #include "render/render_driver.h"
 #include "render/work_view.h"
@@ -40,7 +41,8 @@ TEST(EngineProtocol, IsReadAsItIsWritten) {
 }
 
 std::string textOf(const WorkView& view) {
-  return view.headline + "|" + view.below + "|" + view.pieOf + (view.isDone ? " done" : "") +
+  return view.headline + "|" + view.below + "|" + ShortText(view.pie.percent) + " % " + view.pieOf +
+         (view.pie.colour == kPieRed ? " red" : "") + (view.isDone ? " done" : "") +
          (view.showsFilm ? " film" : "") + (view.canAbort ? " abort" : "") + (view.canView ? " view" : "");
 }
 
@@ -62,6 +64,11 @@ TEST(WorkView, SaysHowFarTheRenderIs) {
   tell();
   state.film.clear();  // sound
   tell();
+  state.pie = {100, kPieGreen};
+  state.reached = 62.5;
+  tell();
+  state.pie = {};
+  state.reached.reset();
   state.frame = RenderFrame::Report;
   state.isRunning = state.RenderAborted = false;
   state.film.emplace_back();

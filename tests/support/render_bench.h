@@ -81,6 +81,7 @@ class TimedEngine : public Processes {
     const auto at = call.find("'/W' '") + 6;
     if (turn_.exitCode == 0)
       files_.all[call.substr(at, call.find('\'', at) - at)] = std::string(turn_.bytes, 'x');
+    if (turn_.exitCode != 0) hearing_.line("progress 1.000 4.000 1000000 1.000");
     if (!turn_.says.empty()) hearing_.errorLine(turn_.says);
     const auto hearing = hearing_;
     hearing.ended({turn_.exitCode, 0});

@@ -22,6 +22,7 @@ constexpr double kPieTick = 34;
 QColor colourOf(const RenderPie& pie) {
   return toColour(pie.colour == kPieGreen    ? token("green")
                   : pie.colour == kPieYellow ? token("amber")
+                  : pie.colour == kPieRed    ? token("red")
                                              : token("teal"));
 }
 

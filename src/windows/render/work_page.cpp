@@ -81,7 +81,7 @@ void WorkPage::setIcons() {
 void WorkPage::draw() {
   setIcons();
   const auto view = workView(state_);
-  Picture2_->draw(state_.pie, shown(view.pieOf), view.isDone);
+  Picture2_->draw(view.pie, shown(view.pieOf), view.isDone);
   setTextOf(*headline_, shown(view.headline));
   setTextOf(*below_, shown(view.below));
   facts_->draw(state_.facts);
