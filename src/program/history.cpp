@@ -90,6 +90,7 @@ bool History::edit(const CommandPass& pass, std::string name, int number, Intege
     releaseTransitions();
     change(clip);
     holdTransitions();
+    settings_.state.postChange(changeCode, changeCode);
     list_.renew(number);
     if (number == collection_.icurMov) whenEdited_(number);
     this->changed();

@@ -209,6 +209,18 @@ TEST(History, OneGestureIsOneStep) {
   EXPECT_EQ(b.window.history.undone.size(), 4U);
 }
 
+// Whoever has followed the one before has to follow this one.
+TEST(History, EachEditOfAGestureTellsOfItsChange) {
+  EditBench b;
+  for (const Single tenths : {2.5F, 20.0F, 5.0F}) {
+    b.settings.state.ObjectChange = 0;
+    b.history.edit(
+        CommandPass(b.window), "speed", 2, 98, [&](Movie& clip) { clip.Playspeed(tenths); }, "speed");
+    EXPECT_EQ(b.settings.state.ObjectChange, 98) << tenths;
+  }
+  EXPECT_EQ(b.window.history.done.size(), 1U);
+}
+
 TEST(History, ATransitionThatIsLeftNoRoomIsHeldByTheSameStep) {
   EditBench b;
   const auto transitions = [&] {

@@ -46,6 +46,24 @@ TEST_F(FreeZoom, ItsLabelsKeepTheirShareOfAnyWidth) {
   EXPECT_NE(find("Position"), nullptr);
 }
 
+TEST_F(FreeZoom, ThePresentSpeedIsLit) {
+  const auto lit = [&] {
+    QStringList names;
+    for (const char* name : {"A quarter of the speed", "Half the speed", "Twice the speed"})
+      if (at(name).accessibleDescription().endsWith("lit")) names << name;
+    return names.join(", ").toStdString();
+  };
+  click("Half the speed");
+  click("Free Zoom Mode");
+  EXPECT_EQ(lit(), "Half the speed");
+  click("Twice the speed");
+  EXPECT_EQ(lit(), "Twice the speed");
+  key(Qt::Key_F11);
+  EXPECT_EQ(lit(), "Twice the speed") << "on the whole screen, too";
+  show(3);
+  EXPECT_EQ(lit(), "") << "a still has none";
+}
+
 TEST_F(FreeZoom, KeysCoverTheScreenAndLeaveIt) {
   key(Qt::Key_F11);
   EXPECT_TRUE(face().isFullScreen());

@@ -55,7 +55,8 @@ class PreviewEngine {
 
   /// The collection is another than the one that was compiled. What stands of the movie is shown anew.
   void movieIsStale();
-  /// The same by an edit: when the hand rests the movie is shown at the playhead.
+  /// The same by an edit: when the hand rests the movie is shown at the playhead. Where a transition leads
+  /// into the clip in hand that stays to be seen, unless the movie stood there.
   void movieEdited();
   /// The clips have other places in the movie: bar and cuts follow, unless it plays.
   void takeTimes();
@@ -107,6 +108,7 @@ class PreviewEngine {
   void tellPlace(double seconds);
   void standOn(std::int64_t frame);
   void showAnew();
+  [[nodiscard]] bool leadsIntoClip(double seconds) const;
   void saveGraph(const std::string& document);
   void seekTo(std::int64_t frame);
   bool standOnMovie();

@@ -1,6 +1,7 @@
 // The keys beside the picture, and places of the movie that are shown standing.
 #include "base/holding.h"
 #include "core/records/media_kinds.h"
+#include "editor/compiler/durations.h"
 #include "editor/preview/position_texts.h"
 #include "editor/preview/preview_engine.h"
 #include "editor/tabs/preview.h"
@@ -84,6 +85,16 @@ void PreviewEngine::movieEdited() {
   rest_->start(kRest);
 }
 
+// Where a transition leads into the clip in hand the movie has the clip before it, too.
+bool PreviewEngine::leadsIntoClip(double seconds) const {
+  const auto& collection = editing_.collection;
+  const int number = collection.icurMov;
+  if (number <= 1 || number > collection.MovieList.count()) return false;
+  const auto& clip = collection.MovieList[number];
+  const double behind = clip.TimeLineStart().number() + secondsFromTenths(clip.TransIn());
+  return !isCut(clip.TransType()) && liesAt(clip, seconds) && seconds < behind;
+}
+
 // A sample shows the edit already. While the user holds something, the next drawing sees to it.
 void PreviewEngine::showAnew() {
   rest_->stop();
@@ -91,6 +102,11 @@ void PreviewEngine::showAnew() {
   const bool wanted = std::exchange(owesMovie_, false) && stale_ && state_.failure.empty();
   const bool setsKeyframes = editing_.settings.state.KeyframeMode != 0;
   if (!wanted || movieRuns() || isSample() || setsKeyframes) return;
+  const bool isThere = state_.kind == PreviewKind::Movie && standsAt_ == playhead_;
+  if (!isThere && leadsIntoClip(playhead_)) {
+    showClip();
+    return host_.previewChanged();
+  }
   const Holding inside(seeking_);
   if (!state_.FSB_RenderRange.held) state_.FSB_RenderRange.Value = playhead_;
   if (!standOnMovie()) return;

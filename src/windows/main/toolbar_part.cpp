@@ -1,5 +1,6 @@
 #include "windows/main/toolbar_part.h"
 
+#include "base/numbers.h"
 #include "playback/display/layout.h"
 #include "ui/made.h"
 #include "ui/painting.h"
@@ -55,6 +56,20 @@ std::optional<Step> stepOf(HitLabel label) {
   }
 }
 
+// What a label sets it to; 0 for one that sets none.
+double rateOf(HitLabel label) {
+  switch (label) {
+    case HitLabel::lbl_Speed025:
+      return 0.25;
+    case HitLabel::Lbl_Speed05:
+      return 0.5;
+    case HitLabel::Lbl_Speed02:
+      return 2;
+    default:
+      return 0;
+  }
+}
+
 }  // namespace
 
 ToolbarPart::ToolbarPart(const MainWindowState& state, const Acts& acts, const std::string& folder,
@@ -98,6 +113,7 @@ QString ToolbarPart::tipOf(HitLabel label) const {
 
 void ToolbarPart::draw() {
   const Twips whole = std::max(state_.mode.toolbar.Img_Toolbar.place.width, 1.0);
+  const double rate = ToNumber(state_.display.rate);
   for (std::size_t i = 0; i < kHitLabels; ++i) {
     const auto label = static_cast<HitLabel>(i);
     const auto& place = state_.mode.toolbar[label];
@@ -105,7 +121,8 @@ void ToolbarPart::draw() {
     key.setVisible(place.visible);
     key.setGlyph(place.left / whole, place.width / whole);
     key.setGeometry(pixels(place.left), scale_.at(kLabelTop), pixels(place.width), scale_.at(kLabelHigh));
-    key.setLit(state_.mode.isLit(label));
+    const bool isItsRate = rateOf(label) > 0 && rateOf(label) == rate;
+    key.setLit(isItsRate || state_.mode.isLit(label));
     const auto tip = tipOf(label);
     if (!tip.isEmpty() && key.toolTip() != tip) {
       key.setToolTip(tip);

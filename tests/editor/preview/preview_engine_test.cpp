@@ -231,16 +231,51 @@ TEST(Preview, TheMovieIsSeenBehindAnEdit) {
   }
 }
 
+// The second clip lies from 2 to 10 with a dissolve of 2 seconds: at its start the movie has the clip before.
+TEST(Preview, BehindAnEditTheClipInHandStaysWhereATransitionLeadsIntoIt) {
+  PreviewBench b;
+  b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
+  compilePreviewText(b.editing, 5);
+  b.collection.icurMov = 2;
+  const auto from = [&](double seconds) {
+    return [&b, seconds] {
+      b.host.playhead = seconds;
+      b.host.previewChanged();
+    };
+  };
+  for (const auto& [what, act, expected] : Rows<const char*, Act, const char*>{
+           {"it has been chosen", from(2), "clip 00:02.0000 2"},
+           {"within the dissolve", from(3.9), "clip 00:03.9000 3.9"},
+           {"behind it", from(4), "movie 00:04.0000 4"},
+           {"a step to its start", from(2), "clip 00:02.0000 2"},
+           {"the ruler", [&] { b.preview.showAt(2); }, "movie 00:02.0000 2"},
+           {"a copy, in hand", [&] { b.preview.movieEdited(), b.host.playhead = 2.5; },
+            "clip 00:02.5000 2.5"}}) {
+    act();
+    b.preview.movieEdited();
+    b.host.previewChanged();
+    b.loop.advance(300);
+    b.host.previewChanged();
+    EXPECT_EQ(seen(b), expected) << what;
+  }
+  b.host.playhead = 2;
+  b.collection.MovieList[2].TransType("CUT");
+  b.preview.movieEdited();
+  b.loop.advance(300);
+  EXPECT_EQ(b.state.kind, PreviewKind::Movie) << "nothing leads into it";
+}
+
 // Ten frames a second: that of the second clip's first 0.04 s begins ahead of it.
 TEST(Preview, BehindAnEditTheClipInHandIsSeenWhereItBegins) {
   PreviewBench b;
   b.host.draws = [&] { b.preview.standAt(b.host.playhead); };
   b.collection.MovieList[1].LoopEnd(Value(b.collection.MovieList[1].LoopStart().number() + 4.06));
+  b.collection.MovieList[2].TransType("CUT");
   compilePreviewText(b.editing, 5);
   for (const auto& [number, seconds, seek, told] :
-       Rows<int, double, const char*, const char*>{{2, 2.06, "load seek:21", "The hills 00:02.0600"},
-                                                   {2, 2.16, "load seek:21", "The hills 00:02.1600"},
-                                                   {1, 2.05, "load seek:20", "beach.avi 00:02.0500"}}) {
+       Rows<int, double, const char*, const char*>{{2, 4.06, "load seek:41", "The hills 00:04.0600"},
+                                                   {2, 4.16, "load seek:41", "The hills 00:04.1600"},
+                                                   {1, 4.05, "load seek:40", "beach.avi 00:04.0500"}}) {
     b.collection.icurMov = number;
     b.host.playhead = seconds;
     b.host.previewChanged();
@@ -250,7 +285,7 @@ TEST(Preview, BehindAnEditTheClipInHandIsSeenWhereItBegins) {
     EXPECT_TRUE(acts.ends_with(seek)) << told << ": " << acts;
     b.shows(static_cast<int>(b.player.frame));
     EXPECT_EQ(b.state.title + " " + b.state.Lbl_TimePos, told);
-    EXPECT_EQ(b.state.Lbl_TotDur, "00:10.0600") << "as long as the movie, not as its frames";
+    EXPECT_EQ(b.state.Lbl_TotDur, "00:12.0600") << "as long as the movie, not as its frames";
   }
 }
 
