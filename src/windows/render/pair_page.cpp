@@ -53,7 +53,7 @@ void PairPage::draw() {
 QImage PairPage::both() {
   if (!state_.pair) return {};
   const auto& pair = *state_.pair;
-  const auto below = picture_(pair.backdrop);
+  auto below = picture_(pair.backdrop);
   const auto above = picture_(pair.overlay);
   if (below.isNull() || above.isNull()) return below;
   const std::pair made(below.cacheKey(), above.cacheKey());
