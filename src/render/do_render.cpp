@@ -114,7 +114,7 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
   endEngine();
   state_.pie = {100, kPieGreen};
   if (const auto& engine = driver_.state(); engine.phase != EnginePhase::Done) {
-    state_.reached = shareDone(engine.progress) * 100;
+    state_.reached = std::floor(shareDone(engine.progress) * 100);  // as the facts have it
     state_.progress = madeText(engine.progress, std::nullopt);
     tellWork();
   }

@@ -6,7 +6,6 @@
 #include "support/golden.h"
 #include "support/render_bench.h"
 
-#include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -262,7 +261,7 @@ TEST(MovieRender, EndsAsItShould) {
     std::string behind = "  behind the boxes";
     b.boxes.whileShown = [&] {
       behind += " " + b.state.heading + "|" + b.state.caption;
-      if (b.state.reached) behind += "|" + ShortText(std::round(*b.state.reached)) + " % made";
+      if (b.state.reached) behind += "|" + ShortText(*b.state.reached) + " % made";
     };
     b.render.WriteRenderMovie();
     all += std::string("== ") + row.what + ", after " + std::to_string(b.loop.now().count()) + " ms\n" +
