@@ -109,11 +109,11 @@ struct EditorFrame {
   std::string saveOffBecause{};   ///< composed: there is nothing to save; empty where there is
   int raises = 0;                 ///< how often it was asked for while it was there: it comes to the front
 
-  /// Why the project cannot be saved now; empty where it can.
   /// The open page takes what is done to it.
   [[nodiscard]] bool pageOn() const { return toolsOn || CurrentTab == 1; }
   /// The zoom by so many steps of a key nearer, or below 0 farther.
   [[nodiscard]] double zoomBy(int steps) const { return std::clamp(zoom + steps * 0.05, 0.0, 1.0); }
+  /// Why the project cannot be saved now; empty where it can.
   [[nodiscard]] const std::string& whyNoSave() const { return toolsOn ? saveOffBecause : toolsOffBecause; }
   bool operator==(const EditorFrame&) const = default;
 };

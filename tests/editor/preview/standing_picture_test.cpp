@@ -75,8 +75,8 @@ TEST(StandingPicture, SaysWhyThereIsNone) {
     b.collection.icurMov = 2;
     b.streams.all.erase("/v/hills.avi");
     isGone ? b.files.all.erase("/v/hills.avi") : (b.files.all["/v/hills.avi"] = "", 0);
-    b.shown();
     EXPECT_EQ(b.shown(), -1);
+    b.settle();  // it has been asked for, and is told
     EXPECT_EQ(b.state.title,
               isGone ? "hills.avi has been moved or no longer exists" : "cannot open /v/hills.avi");
     b.collection.icurMov = 1;
