@@ -125,7 +125,7 @@ void RenderLinks::RenderPinP() {
 
 // The key, and each road out of the program, ask the same; a second of them waits for the first.
 void RenderLinks::abort() {
-  if (!state_.isRunning || state_.RenderAborted || isAsking_) return;
+  if (!render_.canAbort() || isAsking_) return;
   isAsking_ = true;
   auto question = abortQuestion();
   question.stands = [this] { return render_.canAbort(); };

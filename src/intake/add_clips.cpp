@@ -47,6 +47,7 @@ bool AddClips::add(std::vector<std::string> names, const AddManner& manner) {
     }
     any |= addOne(name, manner);
   }
+  wasStopped_ = parts_.host.stopped();
   parts_.host.analysed();
   if (any) state.postChange(99, 99);
   return any;

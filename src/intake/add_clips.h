@@ -38,6 +38,7 @@ class AddClips : public ClipIntake {
 
   bool add(std::vector<std::string> names, const AddManner& manner) override;
   bool AddMoviesm(const std::string& text, const AddManner& manner) override;
+  [[nodiscard]] bool wasStopped() const override { return wasStopped_; }
 
   /// Who hears of changes in the records that this brings.
   [[nodiscard]] ChangePoster& poster() { return poster_; }
@@ -61,6 +62,7 @@ class AddClips : public ClipIntake {
   Parts parts_;
   ChangePoster poster_;
   std::set<std::string> told_;  // captions of boxes that come once
+  bool wasStopped_ = false;
 };
 
 }  // namespace kvo

@@ -25,6 +25,9 @@ class ClipIntake {
 
   /// The same of what a text names: see namesIn().
   virtual bool AddMoviesm(const std::string& text, const AddManner& manner) = 0;
+
+  /// The user wanted no more while clips were added last.
+  [[nodiscard]] virtual bool wasStopped() const = 0;
 };
 
 }  // namespace kvo

@@ -140,9 +140,12 @@ bool Mailbox::take(const StartCommand& command, Place place, const AddManner& ma
   }
   if (guard_) guard_->player.beforeAdding();
   bool added = false;
+  bool stopped = false;
   const auto add = [&](const std::vector<std::string>& some, int before) {
-    const auto work = [&] { parts_.intake.add(some, manner); };
-    if (!some.empty()) added |= parts_.history.add(pass, work, before);
+    if (some.empty() || stopped) return;
+    added |= parts_.history.add(
+        pass, [&] { parts_.intake.add(some, manner); }, before);
+    stopped = parts_.intake.wasStopped();
   };
   parts_.refusals.together([&] {
     auto clips = clipsOf(command.clips);

@@ -23,7 +23,7 @@ void MovieRender::AddToQueue() {
   remember(job);
   const auto added = ports_.enqueue(collectionName(), *order, profile);
   if (!added) ports_.editing.boxes.show(renderFailedBox(added.error().text));
-  ports_.host.renderChanged();
+  changed();
 }
 
 }  // namespace kvo

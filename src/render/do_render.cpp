@@ -108,7 +108,7 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
                                    .overran =
                                        [&](int time) {
                                          state_.pie.colour = time == 1 ? kPieGreen : kPieYellow;
-                                         ports_.host.renderChanged();
+                                         changed();
                                        }})
       .ok();
   endEngine();
@@ -118,7 +118,7 @@ bool MovieRender::Shell32Bit(const RenderOrder& order, int MaxSeconds) {
     state_.progress = madeText(engine.progress, std::nullopt);
     tellWork();
   }
-  ports_.host.renderChanged();
+  changed();
   return true;
 }
 
@@ -143,7 +143,7 @@ void MovieRender::mobjSlumber_Slumber(int MaxSeconds) {
   if (state_.RemainingSeconds < kNearEnd) (void)mobjSlumber_.SlumberInterval(kLastInterval).ok();
   state_.countdown = countdownText(state_.RenderHours, state_.RenderMinutes, state_.RenderSecs);
   tellWork();
-  ports_.host.renderChanged();
+  changed();
   askAboutSilence();
 }
 
@@ -158,7 +158,7 @@ void MovieRender::hearEngine() {
   state_.progress = madeText(progress, isCounted ? std::nullopt : left);
   if (state_.frame == RenderFrame::Rendering && !isCounted) state_.pie.percent = shareDone(progress) * 100;
   tellWork();
-  ports_.host.renderChanged();
+  changed();
 }
 
 // An engine that hangs is not ended unasked: one frame may take long.
@@ -176,7 +176,14 @@ void MovieRender::askAboutSilence() {
 bool MovieRender::canAbort() const {
   if (!state_.isRunning || state_.RenderAborted) return false;
   const auto& engine = driver_.state();
-  return !engine.ended() || (state_.frame == RenderFrame::Estimate && engine.phase == EnginePhase::Done);
+  if (!engine.ended()) return true;
+  if (engine.phase != EnginePhase::Done) return false;
+  return state_.frame == RenderFrame::Estimate || (state_.frame == RenderFrame::Rendering && wavIsToCome_);
+}
+
+void MovieRender::changed() {
+  state_.canAbort = canAbort();
+  ports_.host.renderChanged();
 }
 
 void MovieRender::AbortRender() {
@@ -185,7 +192,7 @@ void MovieRender::AbortRender() {
   driver_.stop();
   state_.pie.colour = kPieGreen;
   mobjSlumber_.WakeUp();
-  ports_.host.renderChanged();
+  changed();
 }
 
 // True, with a box, when the engine has not made what it was started for.

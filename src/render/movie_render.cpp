@@ -193,6 +193,8 @@ bool MovieRender::makeMovie(Job& job) {
   state_.completed.clear();
   state_.countdown.clear();
   state_.reached.reset();
+  wavIsToCome_ = job.audioOnly();
+  driver_.forget();
   show(RenderFrame::Estimate);
   const double known = ports_.editing.settings.state.TimeLineVideoTotTime;
   if (job.query.hasVideo && known > 0 && !job.isPicInPic) job.query.videoTotal = known;
@@ -227,7 +229,7 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   state_.countdown.clear();
   state_.progress.clear();
   state_.pie = {100, kPieGreen};
-  ports_.host.renderChanged();
+  changed();
   // The options that come back tell of an abort: nothing of the movie has been made.
   if (!started || state_.RenderAborted) return Estimate::Failed;
   if (tellFailure()) return Estimate::Failed;
@@ -242,7 +244,7 @@ MovieRender::Estimate MovieRender::CalcEstimateTimeTotRender(const Job& job) {
   state_.RenderSeconds = renderSecondsOf(result, total);
   state_.sizeLabel = estimatedSizeText(result.megabytes);
   tellWork();
-  ports_.host.renderChanged();
+  changed();
   if (isDiskShort(result.megabytes, ports_.freeMegabytes(job.file))) {
     e.boxes.show(diskShortBox(result.megabytes));
     return Estimate::DiskShort;
@@ -293,7 +295,7 @@ bool MovieRender::renderAll(const Job& job) {
   state_.caption = editorCaption(collectionName());
   const bool isWhole = isMade && driver_.state().phase == EnginePhase::Done;
   if (!isWhole) state_.heading = state_.RenderAborted ? "Render aborted" : "The movie has not been made";
-  ports_.host.renderChanged();
+  changed();
   // What was done when the abort came is a movie all the same.
   if (state_.RenderAborted && !isWhole) {
     e.boxes.show(abortedBox());
@@ -302,6 +304,8 @@ bool MovieRender::renderAll(const Job& job) {
   if (isMade) isMade = !tellFailure();
   if (isMade && job.audioOnly()) {
     const auto written = ports_.host.StripWavFromCurrentVideo(job.working, job.file);
+    wavIsToCome_ = false;
+    changed();
     if (!written) e.boxes.show(state_.RenderAborted ? abortedBox() : renderFailedBox(written.error().text));
     if (!written && state_.RenderAborted) return false;
     isMade = written.ok();
@@ -367,7 +371,7 @@ void MovieRender::restore(const Job& job) {
   state_.countdown.clear();
   state_.progress.clear();
   if (state_.frame != RenderFrame::Report) return showOptions(job.isPicInPic);
-  ports_.host.renderChanged();
+  changed();
 }
 
 }  // namespace kvo

@@ -87,8 +87,9 @@ class MovieRender {
 
   /// KVOBut_AbortRender: ends what runs; the movie is not made, and what had its name stays.
   void AbortRender();
-  /// Whether there is anything left to abort. It is not behind the engine's end, though the flow comes to
-  /// hear of that only when a box above it has been answered.
+  /// Whether there is anything left to abort. Behind the engine's end there is a movie whose first part it
+  /// has made, and a WAV that is taken from its sound; else not, though the flow comes to hear of that only
+  /// when a box above it has been answered.
   [[nodiscard]] bool canAbort() const;
 
   /// To be called when the program starts: what a killed render has left beside its movie goes.
@@ -156,6 +157,7 @@ class MovieRender {
   void askAboutSilence();
   bool tellFailure();
   void keepFolder();
+  void changed();
 
   // What is remembered.
   void recall();
@@ -196,6 +198,7 @@ class MovieRender {
   SteadyTimeLeft timeLeft_;
   Pair pair_;
   const Job* job_ = nullptr;  // that is being made
+  bool wavIsToCome_ = false;  // of the sound that the engine makes
   bool hasRecalled_ = false;
   struct Choice {
     OutputKind kind = OutputKind::Mp4;

@@ -27,7 +27,7 @@ void MovieRender::show(RenderFrame frame) {
   if (frame == RenderFrame::Options) tellOptions();
   if (frame == RenderFrame::PicInPic) tellPair();
   if (frame != RenderFrame::None) tellWork();
-  ports_.host.renderChanged();
+  changed();
 }
 
 void MovieRender::Rendertofile() {
@@ -126,13 +126,13 @@ void MovieRender::wishMegabytes(int megabytes) {
   if (state_.isRunning) return;
   state_.wishedMegabytes = std::clamp(megabytes, kLeastMegabytes, kMostMegabytes);
   describeMadeFor();
-  ports_.host.renderChanged();
+  changed();
 }
 
 void MovieRender::tickHardware(bool on) {
   if (state_.isRunning) return;
   state_.Chk_Hardware = on;
-  ports_.host.renderChanged();
+  changed();
 }
 
 void MovieRender::hearHardware(bool works) {
@@ -203,7 +203,7 @@ void MovieRender::describe() {
   }
   describeMadeFor();
   if (state_.frame == RenderFrame::Options) tellOptions();
-  ports_.host.renderChanged();
+  changed();
 }
 
 }  // namespace kvo

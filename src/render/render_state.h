@@ -72,7 +72,8 @@ struct RenderPair {
 
 struct RenderState {
   RenderFrame frame = RenderFrame::None;
-  bool isRunning = false;  ///< behind the question for a name; KVOBut_AbortRender is enabled meanwhile
+  bool isRunning = false;  ///< behind the question for a name
+  bool canAbort = false;   ///< KVOBut_AbortRender is enabled: see MovieRender::canAbort
   bool RenderAborted = false;
 
   // The options

@@ -21,7 +21,7 @@ WorkView workView(const RenderState& state) {
   WorkView view;
   view.isDone = state.frame == RenderFrame::Report;
   view.showsFilm = !view.isDone && !state.film.empty();
-  view.canAbort = !view.isDone && state.isRunning && !state.RenderAborted;
+  view.canAbort = state.canAbort;
   view.canView = view.isDone && state.canView;
   view.pie = state.reached ? RenderPie{*state.reached, kPieRed} : state.pie;
   const bool ofTheMovie = state.reached || (state.countdown.empty() && state.pie.percent > 0);

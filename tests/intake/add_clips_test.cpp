@@ -278,6 +278,7 @@ TEST(AddClips, SeveralComeInTheirOrderUntilTheUserStops) {
   b.looks.whileLooking = [&] { b.host.stopsAt = 2; };
   EXPECT_TRUE(b.intake.add({"/v/b.avi", "/v/a.avi", "/v/c.avi"}, {}));
   EXPECT_EQ(b.collection.MovieList.count(), 4);
+  EXPECT_TRUE(b.intake.wasStopped());
   EXPECT_EQ(b.boxes.told(), "");
   EXPECT_TRUE(b.settings.state.AllDetOff) << "there were clips";
   b.collection.MovieList.clear();
@@ -285,6 +286,7 @@ TEST(AddClips, SeveralComeInTheirOrderUntilTheUserStops) {
   b.looks.whileLooking = [] {};
   b.host.stopsAt = 0;
   EXPECT_TRUE(b.intake.add({"/v/b.avi"}, {}));
+  EXPECT_FALSE(b.intake.wasStopped());
   EXPECT_TRUE(b.settings.state.AllDetOff) << "not while the movie is edited";
 }
 

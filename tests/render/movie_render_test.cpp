@@ -237,6 +237,7 @@ TEST(MovieRender, EndsAsItShould) {
        song(Strips([](auto&, const auto& wav) { return Error{"cannot write " + wav + ": No space"}; })),
        nothing, OutputKind::Wav},
       {"an abort while the WAV is taken", song(Strips([](auto& b, const auto&) {
+         EXPECT_TRUE(b.render.canAbort());
          b.render.AbortRender();
          return Error{"it was stopped"};
        })),
@@ -251,7 +252,11 @@ TEST(MovieRender, EndsAsItShould) {
     b.settings.state.IsDirty = false;
     row.prepare(b);
     std::string pies = "  pies";
+    const auto lightsTheKey = [&] {
+      EXPECT_EQ(workView(b.state).canAbort, b.render.canAbort()) << row.what << ": " << b.state.heading;
+    };
     b.host.onChange = [&] {
+      lightsTheKey();
       row.during(b);
       const auto colour = b.state.pie.colour;
       const auto* pie = colour == kPieBlue ? " blue" : colour == kPieGreen ? " green" : " yellow";
@@ -260,6 +265,7 @@ TEST(MovieRender, EndsAsItShould) {
     };
     std::string behind = "  behind the boxes";
     b.boxes.whileShown = [&] {
+      lightsTheKey();
       behind += " " + b.state.heading + "|" + b.state.caption;
       if (b.state.reached) behind += "|" + ShortText(*b.state.reached) + " % made";
     };

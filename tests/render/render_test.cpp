@@ -51,7 +51,7 @@ TEST(WorkView, SaysHowFarTheRenderIs) {
   std::string log;
   const auto tell = [&] { log += textOf(workView(state)) + "\n"; };
   state.frame = RenderFrame::Estimate;
-  state.isRunning = true;
+  state.isRunning = state.canAbort = true;
   state.film.emplace_back();
   state.summary = "Encoding";
   tell();
@@ -60,7 +60,7 @@ TEST(WorkView, SaysHowFarTheRenderIs) {
   state.pie.percent = 7;
   tell();
   state.countdown = "About 00.01.30(s) Remaining";
-  state.RenderAborted = true;
+  state.canAbort = false;
   tell();
   state.film.clear();  // sound
   tell();
@@ -70,7 +70,7 @@ TEST(WorkView, SaysHowFarTheRenderIs) {
   state.pie = {};
   state.reached.reset();
   state.frame = RenderFrame::Report;
-  state.isRunning = state.RenderAborted = false;
+  state.isRunning = false;
   state.film.emplace_back();
   state.completed = "Completed";
   state.sizeLabel = "3 Mb";

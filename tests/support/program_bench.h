@@ -130,14 +130,17 @@ class PlainIntake : public ClipIntake {
       whenAdded();
       any = true;
     }
+    wasStopped_ = host_.stopped();
     host_.analysed();
     return any;
   }
+  [[nodiscard]] bool wasStopped() const override { return wasStopped_; }
 
  private:
   MemoryFiles& files_;
   Collection& collection_;
   IntakeHost& host_;
+  bool wasStopped_ = false;
 };
 
 /// The program without its window: everything that start-up and the File menu touch.

@@ -79,13 +79,13 @@ TEST_F(RenderCards, LeadsByItsKeys) {
         Row{RenderFrame::Report, false, "View Movie", Qt::Key_Space, "view "},
         Row{RenderFrame::Report, false, "View Movie", Qt::Key_Escape, "leave "}}) {
     go(RenderFrame::None);
-    state.isRunning = isRunning;
+    state.isRunning = state.canAbort = isRunning;
     go(frame);
     EXPECT_EQ(focus(), inFocus);
     QTest::keyClick(card->focusWidget(), key);
     EXPECT_EQ(told.look(), asked) << inFocus;
   }
-  state.isRunning = true;
+  state.isRunning = state.canAbort = true;
   go(RenderFrame::Rendering);
   QTest::keyClick(card->focusWidget(), Qt::Key_Tab);
   EXPECT_EQ(focus(), "Abort");
