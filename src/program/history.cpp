@@ -217,10 +217,13 @@ std::vector<int> History::withOtherNeighbours(const ListStep& back) const {
   const auto take = [&](int number) {
     if (has(number)) numbers.insert(number);
   };
+  const auto coming = back.clips.coming();
+  const auto carried = [&](int number) { return carriedNumber(number, coming, back.clips.leave); };
   for (const auto& [number, before] : back.clips.values) {
-    if (!back.movesNothing() || timelineLength(before) == timelineLength(clips[number])) continue;
-    take(number);
-    take(number + 1);
+    const int now = carried(number);
+    if (!has(now) || timelineLength(before) == timelineLength(clips[now])) continue;
+    take(now);
+    take(now + 1);
   }
   int ahead = 0;
   for (const int number : back.order) {
@@ -231,8 +234,7 @@ std::vector<int> History::withOtherNeighbours(const ListStep& back) const {
     take(number);
     take(number + 1);
   }
-  int left = 0;
-  for (const int number : back.clips.coming()) take(number - left++);
+  for (const int number : coming) take(carried(number + 1));
   return {numbers.begin(), numbers.end()};
 }
 
@@ -265,7 +267,7 @@ void History::holdTransitions() {
   undo_.back().holds = true;
 }
 
-// Ahead of more of a gesture: the hand may make the room again.
+// Ahead of more of a gesture, or of a clip's way: the hand may make the room again.
 void History::releaseTransitions() {
   if (undo_.empty() || !undo_.back().holds) return;
   for (const auto& [number, before] : undo_.back().clips.values) {
@@ -299,6 +301,9 @@ void History::takeOverlaysAlong(ListStep& step) const {
 // Takes the step and keeps the one that takes it back. With a pass that is at its end with that others are
 // let in while it is shown.
 void History::carryOut(ListStep step, const CommandPass* pass) {
+  // What a clip passes by on its way keeps its length.
+  const bool goesOn = !step.order.empty() && undo_.size() > 1 && !undo_[undo_.size() - 2].order.empty();
+  if (goesOn) releaseTransitions();
   Shown shown;
   takeOverlaysAlong(step);
   keep(apply(std::move(step), shown));

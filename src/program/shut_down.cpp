@@ -20,9 +20,7 @@ ShutDown::ShutDown(const ProgramParts& parts, Mailbox& mailbox)
 
 // The work that was stopped for it has a while to come to its end, and may have something to tell.
 void ShutDown::tryAgain() {
-  if (parts_.window.busy()) return;
-  again_->stop();
-  exit();
+  if (!parts_.window.busy()) exit();
 }
 
 bool ShutDown::exit() {
@@ -34,6 +32,7 @@ bool ShutDown::exit() {
     if (busy_) busy_();
     return false;
   }
+  again_->stop();  // who asked again was quicker
   if (mayLeave_ && !mayLeave_()) return false;
   parts_.commands.prepare();
   deleteWorkFiles(parts_.files, parts_.folder);

@@ -269,7 +269,19 @@ TEST(History, ATransitionThatIsLeftNoRoomIsHeldByTheSameStep) {
   b.clip(3).TransIn(60);
   b.clip(5).LoopEnd(Value(1));
   const auto ahead = b.text();
+  const auto rise = [&](int from, int to) {
+    for (int number = from; number > to; --number)
+      b.listCommands.choose({number}, number), b.listCommands.moveTo(number - 1);
+  };
   const std::tuple<const char*, std::function<void()>, const char*> moves[] = {
+      {"a short clip passes by", [&] { rise(5, 1); }, "0 0 20 60 0 0 "},
+      {"it goes by and back", [&] { rise(5, 2), b.listCommands.choose({2}, 2), b.listCommands.moveTo(6); },
+       "0 20 60 0 0 0 "},
+      {"two leave",
+       [&] {
+         b.history.remove(CommandPass(b.window), {1, 2});
+       },
+       "40 0 0 0 "},
       {"a short clip comes ahead of it", [&] { b.listCommands.choose({5}, 5), b.listCommands.moveTo(3); },
        "0 20 0 10 0 0 "},
       {"it goes behind a short one", [&] { b.listCommands.choose({3}, 3), b.listCommands.moveTo(2); },
@@ -277,10 +289,15 @@ TEST(History, ATransitionThatIsLeftNoRoomIsHeldByTheSameStep) {
       {"the clip between leaves", [&] { b.listCommands.choose({2}, 2), b.listCommands.Removeit(2); },
        "0 20 0 0 0 "}};
   for (const auto& [what, act, expected] : moves) {
+    const auto before = b.window.history.done.size();
     act();
     EXPECT_EQ(transitions(), expected) << what;
-    b.history.undo();
-    EXPECT_EQ(b.text(), ahead) << what;
+    const auto steps = b.window.history.done.size() - before;
+    const auto last = b.text();
+    for (const bool back : {true, false, true}) {
+      back ? b.history.undo(steps) : b.history.redo(steps);
+      EXPECT_EQ(b.text() == (back ? ahead : last), true) << what << back;
+    }
   }
 }
 

@@ -170,8 +170,13 @@ TEST_F(RushBench, TheCardOfARenderHasTheRoomThatItNeeds) {
   window->setRender(card, [&isShown] { return isShown; });
   const auto* right = part<QScrollArea>("The clip in hand");
   const auto* timeline = part<QFrame>("timeline");
-  for (const auto& [width, height, beside] :
-       {std::tuple{952, 640, false}, {1024, 640, false}, {1280, 764, true}}) {
+  for (const auto& [width, height, beside, wanted] : {std::tuple{952, 640, false, 0},
+                                                      {1024, 640, false, 0},
+                                                      {1280, 764, true, 0},
+                                                      {1280, 764, true, 400}}) {
+    window->hide();
+    frame.timelineHeight = wanted;
+    window->draw();
     isShown = true;
     window->resize(width, height);
     window->draw();

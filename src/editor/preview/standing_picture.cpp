@@ -1,5 +1,6 @@
 #include "editor/preview/standing_picture.h"
 
+#include "base/paths.h"
 #include "core/records/media_kinds.h"
 #include "editor/preview/position_texts.h"
 #include "editor/tabs/clip_checks.h"
@@ -84,7 +85,7 @@ void StandingPicture::arrived(const Wish& wish, const Result<FramePicture>& pict
   } else if (!frame_) {
     state_.picture.reset();
     failure_ = picture.error().text;
-    isGone_ = !files_.exists(wish.file);
+    isGone_ = !isAddress(wish.file) && !files_.exists(wish.file);
   }
   draw_();
 }

@@ -181,7 +181,7 @@ void FrmRush::layOut() {
 }
 
 // The columns grow with a large window, and the timeline as long as they have their height. What the user has
-// given it it keeps, as far as their least: they scroll then.
+// given it it keeps, as far as their least: they scroll then, but for the card of a render.
 void FrmRush::shareRoom() {
   const double wide = width() / themeSize() - kRushSize.width();
   const auto share = [&](double part, int most) {
@@ -202,7 +202,8 @@ void FrmRush::shareRoom() {
   upper_->layout()->setContentsMargins(themed(kRushSide), edge, themed(kRushSide - kRushGap), edge);
   const int tall = std::max(0, static_cast<int>(height() / themeSize()) - kRushSize.height());
   const int usual = kLowerHeight + static_cast<int>(tall * kLowerShare);
-  const int columns = wantedLower_ > 0 ? themed(kLeastUpper) : themed(kColumnHeight) + 2 * edge;
+  const bool scrolls = wantedLower_ > 0 && (card_ == nullptr || card_->isHidden());
+  const int columns = scrolls ? themed(kLeastUpper) : themed(kColumnHeight) + 2 * edge;
   const int most = std::max(room - columns, themed(kLeastLower));
   const int low = std::clamp(themed(wantedLower_ > 0 ? wantedLower_ : usual), themed(kLeastLower),
                              std::min(most, themed(kMostLower)));

@@ -77,6 +77,7 @@ MessageWindow::MessageWindow(const MessageQuestion& question, QWidget* parent)
 }
 
 StyledAnswer MessageWindow::ask() {
+  if (stands_ && !stands_()) return {answers_.back(), false};
   if (seconds_ > 0 || stands_) {
     since_.start();
     tick_.start(kTick);

@@ -1,6 +1,7 @@
 // What stands in the preview's place; a picture is as bright as the second of its file.
 #include "editor/preview/standing_picture.h"
 
+#include "base/paths.h"
 #include "support/fakes.h"
 #include "support/rows.h"
 #include "support/virtual_loop.h"
@@ -70,15 +71,22 @@ TEST(StandingPicture, IsTheClipInHandWhereThereIsNoPreview) {
 }
 
 TEST(StandingPicture, SaysWhyThereIsNone) {
-  for (const bool isGone : {true, false}) {
+  for (const auto& [what, file, title] : Rows<const char*, const char*, const char*>{
+           {"it is gone", "", "hills.avi has been moved or no longer exists"},
+           {"it is there", "/v/hills.avi", "cannot open /v/hills.avi"},
+           {"it is elsewhere", "http://v/hills.avi", "cannot open http://v/hills.avi"}}) {
     StandingBench b;
     b.collection.icurMov = 2;
     b.streams.all.erase("/v/hills.avi");
-    isGone ? b.files.all.erase("/v/hills.avi") : (b.files.all["/v/hills.avi"] = "", 0);
+    b.files.all.erase("/v/hills.avi");
+    if (isAddress(file)) {
+      b.collection.MovieList[2].Path("http://v/");
+    } else if (*file != '\0') {
+      b.files.all[file] = "";
+    }
     EXPECT_EQ(b.shown(), -1);
     b.settle();  // it has been asked for, and is told
-    EXPECT_EQ(b.state.title,
-              isGone ? "hills.avi has been moved or no longer exists" : "cannot open /v/hills.avi");
+    EXPECT_EQ(b.state.title, title) << what;
     b.collection.icurMov = 1;
     EXPECT_EQ(b.shown(), 3);
     EXPECT_EQ(b.state.title, "beach.avi");
