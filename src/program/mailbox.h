@@ -37,9 +37,9 @@ class Mailbox {
   void close() { timer6_->stop(); }
 
   /// Files that the user chooses: a collection alone takes the place of the one that is open, unsaved changes
-  /// being asked about; else all are added in this order, ahead of clip `before` or, for 0, at the end: music
-  /// that closes a list of pictures stays behind new ones. Of a folder the clips in it are. What lies in a
-  /// network and has no path is refused.
+  /// being asked about; else all are added in this order, ahead of clip `before` or, for 0, at the end: where
+  /// music closes a list of pictures, new pictures go ahead of it and new music behind. Of a folder the clips
+  /// in it are. What lies in a network and has no path is refused.
   void takeFiles(const std::vector<std::string>& paths, int before = 0);
 
   /// Files that the user drops: the same in the order of names, as a file manager has none.

@@ -247,7 +247,6 @@ TEST(Preview, BehindAnEditTheClipInHandStaysWhereATransitionLeadsIntoIt) {
            {"it has been chosen", from(2), "clip 00:02.0000 2"},
            {"within the dissolve", from(3.9), "clip 00:03.9000 3.9"},
            {"behind it", from(4), "movie 00:04.0000 4"},
-           {"a step to its start", from(2), "clip 00:02.0000 2"},
            {"the ruler", [&] { b.preview.showAt(2); }, "movie 00:02.0000 2"},
            {"a copy, in hand", [&] { b.preview.movieEdited(), b.host.playhead = 2.5; },
             "clip 00:02.5000 2.5"}}) {
